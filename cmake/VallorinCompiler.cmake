@@ -1,0 +1,52 @@
+# How every target of the project is compiled: C++20, warnings as errors, hidden symbols, and arithmetic that gives the same
+# bits on every machine.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+# Programs, libraries and the plug-in lie in the build tree as they do when installed, so that both find each other the same way.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/${CMAKE_INSTALL_BINDIR}")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR}")
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR}")
+
+find_program(VALLORIN_CCACHE ccache)
+if(VALLORIN_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${VALLORIN_CCACHE}")
+endif()
+
+add_library(vallorin_compiler INTERFACE)
+target_compile_definitions(vallorin_compiler INTERFACE QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
+if(MSVC)
+  target_compile_options(vallorin_compiler INTERFACE /W4 /WX /permissive- /utf-8 /fp:precise)
+else()
+  target_compile_options(
+    vallorin_compiler
+    INTERFACE -Wall
+              -Wextra
+              -Wpedantic
+              -Wshadow
+              -Wconversion
+              -Wnon-virtual-dtor
+              -Woverloaded-virtual
+              -Wold-style-cast
+              -Werror
+              -ffp-contract=off)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # GCC 12 drops the rounding to float between two neighbouring double(float(expression)) when it pairs them into one vector
+    # operation (seen at -O2 and above); the results of the pixel code must not depend on that.
+    target_compile_options(vallorin_compiler INTERFACE -fno-tree-slp-vectorize)
+  endif()
+endif()
+if(VALLORIN_SANITIZE)
+  target_compile_options(vallorin_compiler INTERFACE -fsanitize=${VALLORIN_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  target_link_options(vallorin_compiler INTERFACE -fsanitize=${VALLORIN_SANITIZE})
+  # Type information crosses the plug-in's border, where the vptr check sees two copies of it.
+  if(VALLORIN_SANITIZE MATCHES "undefined")
+    target_compile_options(vallorin_compiler INTERFACE -fno-sanitize=vptr)
+  endif()
+endif()

@@ -1,0 +1,52 @@
+# The kinds of targets that the project is made of. A folder is a target: its sources are what lies in it.
+
+include(GenerateExportHeader)
+
+# quarvel_add_library(NAME [PUBLIC dep...] [PRIVATE dep...])
+#
+# One host library: the shared library NAME from the folder's sources, known to others as Quarvel::NAME. Its public headers stand
+# at the root of the folder and are included as "NAME/Header.h"; private ones lie in a subfolder. The export macro NAME_EXPORT (in
+# upper case) comes from the generated header "NAME/NAMEExport.h".
+function(quarvel_add_library name)
+  cmake_parse_arguments(arg "" "" "PUBLIC;PRIVATE" ${ARGN})
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
+  add_library(${name} SHARED ${sources})
+  add_library(Quarvel::${name} ALIAS ${name})
+  string(TOUPPER ${name} upper)
+  generate_export_header(${name} EXPORT_MACRO_NAME ${upper}_EXPORT EXPORT_FILE_NAME
+                         "${CMAKE_BINARY_DIR}/generated/${name}/${name}Export.h")
+  target_include_directories(
+    ${name} PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src/Host>" "$<BUILD_INTERFACE:${CMAKE_BINARY_DIR}/generated>"
+                   "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/quarvel>")
+  target_link_libraries(
+    ${name}
+    PUBLIC ${arg_PUBLIC}
+    PRIVATE ${arg_PRIVATE} $<BUILD_INTERFACE:vallorin_compiler>)
+  set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} INSTALL_RPATH "$ORIGIN"
+                                           EXPORT_NAME ${name})
+  install(
+    TARGETS ${name}
+    EXPORT QuarvelTargets
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+  file(GLOB headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
+  install(FILES ${headers} "${CMAKE_BINARY_DIR}/generated/${name}/${name}Export.h"
+          DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quarvel/${name})
+endfunction()
+
+# vallorin_add_tests(AREA [LIBRARIES dep...])
+#
+# One test program, test_AREA, from every *Test.cpp of the folder; CTest knows each of its tests by name.
+function(vallorin_add_tests area)
+  cmake_parse_arguments(arg "" "" "LIBRARIES" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
+  add_executable(test_${area} ${sources})
+  target_include_directories(test_${area} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+  target_link_libraries(test_${area} PRIVATE ${arg_LIBRARIES} vallorin_compiler GTest::gmock GTest::gtest rapidcheck)
+  gtest_discover_tests(
+    test_${area}
+    TEST_PREFIX "${area}."
+    DISCOVERY_TIMEOUT 60
+    PROPERTIES TIMEOUT 600 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+endfunction()
