@@ -1,0 +1,43 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The drawing that is rasterised in stages.
+#include "MultiStageKvd/MultiStageKvd.h"
+
+MultiStageKvd::RenderingStage::~RenderingStage() = default;
+
+UT_SharedPtr<MultiStageKvd> MultiStageKvd::embed(UT_SharedPtr<CELVEC_Kvd> primary)
+{
+    return UT_SharedPtr<MultiStageKvd>(new MultiStageKvd(std::move(primary)));
+}
+
+MultiStageKvd::MultiStageKvd(UT_SharedPtr<CELVEC_Kvd> primary)
+    : CELVEC_Kvd(primary->palette()), _primary(std::move(primary))
+{}
+
+MultiStageKvd::MultiStageKvd(const MultiStageKvd& other)
+    : CELVEC_Kvd(other), _primary(other._primary->shareForRendering()), _stages(other._stages)
+{}
+
+MultiStageKvd::~MultiStageKvd() = default;
+
+void MultiStageKvd::addStage(UT_SharedPtr<RenderingStage> stage)
+{
+    _stages.push_back(std::move(stage));
+}
+
+std::span<const CELVEC_Shape> MultiStageKvd::shapes(GR_Art art) const
+{
+    return _primary->shapes(art);
+}
+
+UT_SharedPtr<CELVEC_Kvd> MultiStageKvd::shareForRendering() const
+{
+    return UT_SharedPtr<CELVEC_Kvd>(new MultiStageKvd(*this));
+}
+
+void MultiStageKvd::render(const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const
+{
+    _primary->render(args, target);
+    for (const UT_SharedPtr<RenderingStage>& stage : _stages)
+        stage->render(*this, args, target);
+}

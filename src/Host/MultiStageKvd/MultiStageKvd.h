@@ -1,0 +1,51 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// MultiStageKvd: a vector drawing that is rasterised in stages. First the drawing it embeds (the primary one) is
+// painted as usual; then every stage, in the order in which it was added, works on the pixels. To others it is a vector
+// drawing like any other, so it can travel wherever drawings do and is rasterised when pixels are asked for.
+#pragma once
+
+#include "MultiStageKvd/MultiStageKvdExport.h"
+#include "QuarvelCelCore/CELVEC_Kvd.h"
+
+/// A vector drawing with rendering stages.
+class MULTISTAGEKVD_EXPORT MultiStageKvd : public CELVEC_Kvd
+{
+public:
+    /// A step on the pixels of a multi-stage drawing. Stages are shared and immutable once added: several threads may
+    /// run the same one at once.
+    class MULTISTAGEKVD_EXPORT RenderingStage : public UT_ShareBaseSafe
+    {
+    public:
+        ~RenderingStage() override;
+
+        /// Works on the pixels.
+        ///
+        /// @param drawing the drawing that is rendered; primary() is what was painted into the target
+        /// @param args    how it is rendered
+        /// @param target  what the primary drawing and the stages before this one left
+        virtual void render(const MultiStageKvd& drawing, const CELVEC_RenderArgs& args,
+                            CEL_PixmapArea& target) const = 0;
+    };
+
+    /// A multi-stage drawing around a drawing, without stages yet.
+    static UT_SharedPtr<MultiStageKvd> embed(UT_SharedPtr<CELVEC_Kvd> primary);
+    ~MultiStageKvd() override;
+
+    /// Adds a step after those that are there.
+    void addStage(UT_SharedPtr<RenderingStage> stage);
+
+    /// The drawing that is embedded.
+    const UT_SharedPtr<CELVEC_Kvd>& primary() const { return _primary; }
+
+    std::span<const CELVEC_Shape> shapes(GR_Art art) const override;
+    UT_SharedPtr<CELVEC_Kvd> shareForRendering() const override;
+    void render(const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const override;
+
+private:
+    explicit MultiStageKvd(UT_SharedPtr<CELVEC_Kvd> primary);
+    MultiStageKvd(const MultiStageKvd&);
+
+    UT_SharedPtr<CELVEC_Kvd> _primary;
+    std::vector<UT_SharedPtr<RenderingStage>> _stages;
+};

@@ -1,0 +1,64 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The vector drawing's shapes and settings. How shapes become pixels stands in CELVEC_Rasteriser.
+#include "QuarvelCelCore/CELVEC_Kvd.h"
+
+#include "QuarvelCelCore/private/CELVEC_Rasteriser.h"
+
+#include <array>
+
+struct CELVEC_Kvd::Geometry
+{
+    std::array<std::vector<CELVEC_Shape>, kGR_allArts.size()> arts;
+};
+
+CEL_ColorTransform::~CEL_ColorTransform() = default;
+
+void CEL_ColorTransform::attachedTo(const CELVEC_Kvd&) {}
+
+CELVEC_Kvd::CELVEC_Kvd(CM_SharedPtr<CM_Palette> palette)
+    : _palette(std::move(palette)), _geometry(std::make_shared<Geometry>())
+{}
+
+CELVEC_Kvd::CELVEC_Kvd(const CELVEC_Kvd&) = default;
+
+CELVEC_Kvd::~CELVEC_Kvd() = default;
+
+void CELVEC_Kvd::addShape(GR_Art art, CELVEC_Shape shape)
+{
+    if (_geometry.use_count() > 1)
+        _geometry = std::make_shared<Geometry>(*_geometry);
+    _geometry->arts[static_cast<std::size_t>(art)].push_back(std::move(shape));
+}
+
+std::span<const CELVEC_Shape> CELVEC_Kvd::shapes(GR_Art art) const
+{
+    return _geometry->arts[static_cast<std::size_t>(art)];
+}
+
+UT_SharedPtr<CELVEC_Kvd> CELVEC_Kvd::shareForRendering() const
+{
+    return UT_SharedPtr<CELVEC_Kvd>(new CELVEC_Kvd(*this));
+}
+
+void CELVEC_Kvd::setArtSelector(const GR_ArtSelector& selector)
+{
+    _selector = selector;
+}
+
+void CELVEC_Kvd::setColorTransform(UT_SharedPtr<CEL_ColorTransform> transform)
+{
+    _transform = std::move(transform);
+    if (_transform)
+        _transform->attachedTo(*this);
+}
+
+void CELVEC_Kvd::render(const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const
+{
+    if (_transform) {
+        CELVEC_rasterise(*this, *_transform->createGraphicOpsTransform(), args, target);
+        return;
+    }
+    GR_GraphicOpsColorTransform fromPalette(_palette);
+    CELVEC_rasterise(*this, fromPalette, args, target);
+}

@@ -1,0 +1,84 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// CELVEC_Kvd: a vector drawing, shapes on art layers, each painted in a palette colour, and how it becomes pixels.
+//
+// Rasterising covers areas exactly, with 256 levels of coverage a pixel, and paints shapes one over the other in their
+// order, art layer by art layer. What it yields is associated colour: red, green and blue multiplied by alpha.
+#pragma once
+
+#include "QuarvelCelCore/CELVEC_RenderArgs.h"
+#include "QuarvelCelCore/CEL_ColorTransform.h"
+#include "QuarvelCelCore/CEL_PixmapArea.h"
+#include "QuarvelGraphicCore/CM_Palette.h"
+#include "QuarvelGraphicCore/GR_ArtSelector.h"
+
+#include <QPainterPath>
+
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+/// A closed area of one colour. The path carries its own fill rule.
+struct CELVEC_Shape
+{
+    QPainterPath path;                ///< in the drawing's units, y down
+    CM_ColorId_t color;               ///< the palette colour that it is painted with
+    double opacity = 1.0;             ///< 0 to 1, times the colour's own alpha
+    std::optional<QPainterPath> clip; ///< nothing outside of it is painted; in the drawing's units
+
+    friend bool operator==(const CELVEC_Shape&, const CELVEC_Shape&) = default;
+};
+
+/// A vector drawing.
+///
+/// The shapes are shared between a drawing and what shareForRendering() gives out, and copied when one of them is
+/// changed, so a drawing may be edited while another thread renders what was shared from it. A drawing itself belongs
+/// to one thread at a time.
+class QUARVELCELCORE_EXPORT CELVEC_Kvd : public CEL_Representation
+{
+public:
+    /// @param palette where the shapes' colours are found; may be null, then nothing shows unless a colour transform
+    /// paints it
+    explicit CELVEC_Kvd(CM_SharedPtr<CM_Palette> palette = nullptr);
+    ~CELVEC_Kvd() override;
+
+    const CM_SharedPtr<CM_Palette>& palette() const { return _palette; }
+
+    /// Puts a shape on top of an art layer.
+    void addShape(GR_Art art, CELVEC_Shape shape);
+
+    /// The shapes of an art layer, in the order of painting.
+    virtual std::span<const CELVEC_Shape> shapes(GR_Art art) const;
+
+    /// A drawing of the same shapes that has its own art selector and colour transform (those of this drawing, to begin
+    /// with).
+    virtual UT_SharedPtr<CELVEC_Kvd> shareForRendering() const;
+
+    /// Chooses the art layers that are rendered.
+    void setArtSelector(const GR_ArtSelector& selector);
+    const GR_ArtSelector& artSelector() const { return _selector; }
+
+    /// Has the drawing painted in other colours than its palette's; null takes the palette's again.
+    void setColorTransform(UT_SharedPtr<CEL_ColorTransform> transform);
+    const UT_SharedPtr<CEL_ColorTransform>& colorTransform() const { return _transform; }
+
+    /// Rasterises the drawing.
+    ///
+    /// @param target a pixmap in one of the two colour formats, made for args.size and args.canvas. Its allocated
+    /// rectangle becomes
+    ///               the wanted pixels that shapes may touch; what it held before is gone. A target of another format
+    ///               stays empty.
+    virtual void render(const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const;
+
+protected:
+    CELVEC_Kvd(const CELVEC_Kvd&);
+
+private:
+    struct Geometry;
+
+    CM_SharedPtr<CM_Palette> _palette;
+    std::shared_ptr<Geometry> _geometry;
+    GR_ArtSelector _selector;
+    UT_SharedPtr<CEL_ColorTransform> _transform;
+};

@@ -1,0 +1,144 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The rasteriser. The painter of Qt does the work, on a picture of 16 bits a channel: its scan conversion gives the
+// exact area that a shape covers of each pixel, in 256 steps. First the paint of every shape is asked for; then a
+// picture just large enough for what is painted at all is made, painted, and converted to the target's format.
+#include "QuarvelCelCore/private/CELVEC_Rasteriser.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+struct PaintedShape
+{
+    const CELVEC_Shape* shape;
+    QTransform toPixel;
+    QColor paint;
+};
+
+QColor toQColor(const VS_RGBA& paint, double opacity)
+{
+    QColor color(paint.red, paint.green, paint.blue);
+    color.setAlphaF(static_cast<float>(paint.alpha / 255.0 * std::clamp(opacity, 0.0, 1.0)));
+    return color;
+}
+
+std::vector<PaintedShape> paintShapes(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& colors,
+                                      const QTransform& drawingToPixel)
+{
+    std::vector<PaintedShape> painted;
+    for (const GR_Art art : kGR_allArts) {
+        if (!drawing.artSelector().isSelected(art))
+            continue;
+        colors.setCurrentArt(art);
+        for (const CELVEC_Shape& shape : drawing.shapes(art)) {
+            const CM_SharedPtr<CM_BaseColorObj> color = colors.GetColorObjectEntry(shape.color);
+            if (!color && colors.renderSelectedColorsOnly())
+                continue;
+            VS_RGBA paint = colors.GetColorValue(color);
+            colors.ApplyColorTransform(paint);
+            if (paint.alpha == 0 || !(shape.opacity > 0.0))
+                continue;
+            QTransform toPixel = drawingToPixel;
+            if (colors.isAffectsMatrix())
+                colors.applyMatrixTransform(toPixel);
+            painted.push_back({&shape, toPixel, toQColor(paint, shape.opacity)});
+        }
+    }
+    colors.closingColorTransform();
+    return painted;
+}
+
+int toPixelCoordinate(double value)
+{
+    constexpr double kLimit = std::numeric_limits<int>::max() / 2;
+    return std::isnan(value) ? 0 : static_cast<int>(std::clamp(value, -kLimit, kLimit));
+}
+
+// One pixel more on every side than the outline needs, so that rounding in the painter never meets the border.
+Math::Box2di pixelsTouchedBy(const PaintedShape& painted)
+{
+    const QRectF bounds = painted.toPixel.mapRect(painted.shape->path.controlPointRect());
+    return Math::Box2di(toPixelCoordinate(std::floor(bounds.left())), toPixelCoordinate(std::floor(bounds.top())),
+                        toPixelCoordinate(std::floor(bounds.right())) + 1,
+                        toPixelCoordinate(std::floor(bounds.bottom())) + 1)
+        .getEnlarged(1);
+}
+
+void paint(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect, QImage& picture)
+{
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    for (const PaintedShape& painted : shapes) {
+        const QTransform toPicture = painted.toPixel * QTransform::fromTranslate(-rect.x1, -rect.y1);
+        painter.setTransform(toPicture);
+        if (painted.shape->clip)
+            painter.setClipPath(*painted.shape->clip);
+        else
+            painter.setClipping(false);
+        painter.fillPath(painted.shape->path, painted.paint);
+    }
+}
+
+// Half of 0..65535 is 0..32767: exact at both ends and monotonic in between.
+CEL_PixelRGBA16 convertPixel(const QRgba64& from, CEL_PixelRGBA16)
+{
+    const auto half = [](quint16 channel) { return static_cast<std::int16_t>(channel >> 1); };
+    return {half(from.red()), half(from.green()), half(from.blue()), half(from.alpha())};
+}
+
+CEL_PixelRGBAFloat convertPixel(const QRgba64& from, CEL_PixelRGBAFloat)
+{
+    const auto unit = [](quint16 channel) { return static_cast<float>(channel) / 65535.0F; };
+    return {unit(from.red()), unit(from.green()), unit(from.blue()), unit(from.alpha())};
+}
+
+template<typename Pixel>
+void copyPixels(const QImage& picture, CEL_PixmapOf<Pixel>& target)
+{
+    const Math::Box2di rect = target.allocatedRect();
+    for (int y = rect.y1; y < rect.y2; ++y) {
+        const std::span source(reinterpret_cast<const QRgba64*>(picture.constScanLine(y - rect.y1)),
+                               static_cast<std::size_t>(rect.width()));
+        const std::span<Pixel> row = target.row(y);
+        for (std::size_t i = 0; i < row.size(); ++i)
+            row[i] = convertPixel(source[i], Pixel{});
+    }
+}
+
+} // namespace
+
+void CELVEC_rasterise(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& colors, const CELVEC_RenderArgs& args,
+                      CEL_PixmapArea& target)
+{
+    const std::vector<PaintedShape> shapes = paintShapes(drawing, colors, args.drawingToPixel);
+    Math::Box2di touched;
+    for (const PaintedShape& painted : shapes)
+        touched.add(pixelsTouchedBy(painted));
+    const Math::Box2di rect = touched.getIntersection(args.wanted);
+
+    auto* const target16 = dynamic_cast<CEL_PixmapAreaRGBA16*>(&target);
+    auto* const targetFloat = dynamic_cast<CEL_PixmapAreaRGBAFloat*>(&target);
+    if (rect.isEmpty() || (!target16 && !targetFloat)) {
+        target.realloc(Math::Box2di(), true);
+        return;
+    }
+
+    QImage picture(rect.width(), rect.height(), QImage::Format_RGBA64_Premultiplied);
+    if (picture.isNull())
+        throw std::bad_alloc();
+    picture.fill(Qt::transparent);
+    paint(shapes, rect, picture);
+
+    target.realloc(Math::Box2di(), true);
+    target.realloc(rect, false);
+    if (target16)
+        copyPixels<CEL_PixelRGBA16>(picture, *target16);
+    else
+        copyPixels<CEL_PixelRGBAFloat>(picture, *targetFloat);
+}
