@@ -1,0 +1,65 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Loading of plug-ins from a folder.
+#include "QuarvelPlugInManager/PLUG_Manager.h"
+
+#include "QuarvelPlugInManager/PLUG_Services.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QLibrary>
+
+namespace {
+
+QString libraryIn(const QDir& folder)
+{
+    for (const QString& name : folder.entryList(QDir::Files, QDir::Name))
+        if (QLibrary::isLibrary(name) && QFileInfo(name).baseName().endsWith(folder.dirName()))
+            return folder.filePath(name);
+    return {};
+}
+
+UT_Result<void> load(const QDir& folder)
+{
+    const QString path = libraryIn(folder);
+    if (path.isEmpty())
+        return UT_Error{
+            QStringLiteral("the plug-in folder %1 holds no library named after it; install the plug-in again")
+                .arg(folder.absolutePath())};
+    // Registration runs while the library is loaded and may already ask for the plug-in's folder.
+    PLUG_Services::setPluginPath(folder.dirName(), folder.absolutePath());
+    QLibrary library(path);
+    // A symbol that is missing must show here, with a message, and not in the middle of a render.
+    library.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
+    if (!library.load())
+        return UT_Error{QStringLiteral("the plug-in %1 does not load: %2").arg(path, library.errorString())};
+    return {};
+}
+
+} // namespace
+
+QString PLUG_Manager::defaultFolder()
+{
+    const QString named = qEnvironmentVariable("QUARVEL_PLUGIN_PATH");
+    if (!named.isEmpty())
+        return named;
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/" QUARVEL_PLUGINS_FROM_PROGRAMS));
+}
+
+UT_Result<QStringList> PLUG_Manager::loadAll(const QString& folder)
+{
+    const QDir plugins(folder);
+    if (!plugins.exists())
+        return UT_Error{
+            QStringLiteral("the plug-in folder %1 does not exist; set QUARVEL_PLUGIN_PATH to the folder that "
+                           "holds the plug-ins")
+                .arg(folder)};
+    QStringList keywords;
+    for (const QString& name : plugins.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name)) {
+        if (PLUG_Services::getPluginPath(name).isEmpty())
+            if (const UT_Result<void> loaded = load(QDir(plugins.filePath(name))); !loaded)
+                return loaded.error();
+        keywords.append(name);
+    }
+    return keywords;
+}

@@ -1,0 +1,28 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// PLUG_Manager: finds plug-ins in a folder and loads them.
+//
+// A plug-in is a folder named after the keyword of the node that it adds; it holds one loadable library of the same
+// name and, where it has any, a folder "resources". A plug-in registers its nodes with the module factory while it is
+// being loaded.
+#pragma once
+
+#include "QuarvelBaseCore/UT_Result.h"
+#include "QuarvelPlugInManager/QuarvelPlugInManagerExport.h"
+
+#include <QStringList>
+
+namespace PLUG_Manager {
+
+/// The folder where a program's plug-ins lie: lib/quarvel/plugins beside the program's own folder bin, wherever both
+/// were installed or built, unless the environment variable QUARVEL_PLUGIN_PATH names another.
+QUARVELPLUGINMANAGER_EXPORT QString defaultFolder();
+
+/// Loads every plug-in of a folder, in the order of their names. Plug-ins stay loaded until the process ends; one that
+/// is loaded already is left alone. To be called from the main thread, before scenes are made.
+///
+/// @return the keywords of the plug-ins that are loaded, or what is wrong with the folder or the first plug-in that
+/// does not load
+QUARVELPLUGINMANAGER_EXPORT UT_Result<QStringList> loadAll(const QString& folder);
+
+} // namespace PLUG_Manager

@@ -1,0 +1,39 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// PLUG_Services: what the host offers to a plug-in that is loaded: its folder, the widget factories, the current frame.
+#pragma once
+
+#include "QuarvelPlugInManager/PLUG_WidgetFactory.h"
+
+class MO_SceneCommon;
+
+/// Tells the frame that a person is looking at. GUI thread only.
+class QUARVELPLUGINMANAGER_EXPORT PLUG_CurrentFrameInterface
+{
+public:
+    virtual ~PLUG_CurrentFrameInterface();
+    virtual int currentFrame(const MO_SceneCommon& scene) const = 0;
+};
+
+/// The services. A program sets what it provides at its start, before it loads plug-ins; the getters may then be called
+/// from any thread.
+class QUARVELPLUGINMANAGER_EXPORT PLUG_Services
+{
+public:
+    /// The folder of a loaded plug-in, without a separator at its end.
+    ///
+    /// @param keyword the plug-in's folder name, which is the keyword of the node that it adds
+    /// @return empty when no such plug-in is loaded
+    static QString getPluginPath(const QString& keyword);
+
+    /// Null in a program without an editor panel.
+    static PLUG_WidgetFactoryRegistry* getWidgetFactoryRegistry();
+    /// Null in a program without a timeline.
+    static PLUG_CurrentFrameInterface* getCurrentFrameInterface();
+
+    /// For the program: what it provides. Not owned; null takes it back.
+    static void setWidgetFactoryRegistry(PLUG_WidgetFactoryRegistry* registry);
+    static void setCurrentFrameInterface(PLUG_CurrentFrameInterface* frames);
+    /// For the loader: notes where a plug-in lies.
+    static void setPluginPath(const QString& keyword, const QString& folder);
+};
