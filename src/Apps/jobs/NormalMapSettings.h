@@ -1,0 +1,74 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// What a person can choose for one run of "drawing to normal map". Plain values with the defaults that the command line
+// and the desktop application share; how they are spelled on a command line is the command's affair.
+#pragma once
+
+#include <QColor>
+#include <QSize>
+#include <QString>
+
+#include <map>
+#include <optional>
+#include <vector>
+
+/// How the layers of a drawing become numbered objects.
+enum class ObjectGrouping
+{
+    AUTO,   ///< the layers that the file declares; the whole drawing where it declares none
+    GROUPS, ///< the top-level groups
+    ONE     ///< the whole drawing is one object
+};
+
+/// What is said of one object; what is left out keeps the default for all objects.
+struct ObjectSettings
+{
+    std::optional<double> bevel;
+    std::optional<double> elevation;
+    std::optional<double> smoothness;
+    std::optional<double> level;         ///< the object's own level, 0 to 1
+    std::optional<bool> scaleByCoverage; ///< multiply the colours' levels by the object's coverage
+    std::optional<bool> cutOut;          ///< it makes no volume, it cuts a hole into what lies below
+    std::optional<bool> hidden;          ///< it contributes nothing at all
+};
+
+/// The level of one palette colour.
+struct ColourLevel
+{
+    QColor colour;
+    int level = 255; ///< 0 carves fully, 255 adds fully
+};
+
+/// Everything that is chosen for a run, apart from the files.
+struct NormalMapSettings
+{
+    // The picture.
+    std::optional<QSize> size;  ///< in pixels; a height of 0 follows from the drawing's shape
+    bool renderInFloat = false; ///< 32-bit float instead of 16-bit
+    double truck = 1.0;         ///< how much the camera magnifies, about the picture's centre
+
+    // The objects.
+    ObjectGrouping grouping = ObjectGrouping::AUTO;
+    ObjectSettings allObjects{.bevel = 24.0,
+                              .elevation = 1.0,
+                              .smoothness = 1.0,
+                              .level = 1.0,
+                              .scaleByCoverage = false,
+                              .cutOut = false,
+                              .hidden = false};
+    std::map<int, ObjectSettings> objects; ///< by number, 1 is the lowest layer
+
+    // The levels of the drawing's colours.
+    int levelOfAllColours = 255;
+    std::vector<ColourLevel> levels;
+
+    // The node's other attributes, by the names that the node gives them.
+    double blurScale = 1.0;
+    double elevationScale = 1.0;
+    double elevationSmoothness = 1.0;
+    QString normalQuality = QStringLiteral("LOW_NORMAL_QUALITY");
+    bool generateNormals = true;
+    bool depthInBlue = false;
+    bool clipBlurredWithGeometry = true;
+    bool useTruckFactor = false;
+};

@@ -1,0 +1,77 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// What "quarvel help normalmap" prints.
+#include "NormalMapOptions.h"
+
+QString normalMapHelp()
+{
+    return QStringLiteral(R"(quarvel normalmap - turns flat drawings into normal maps
+
+  quarvel normalmap DRAWING... [options]
+
+Each drawing is an SVG file. Its layers become objects, each with a rounded volume of its own; the normal map is written beside it
+as NAME_n.png, pixel for pixel registered with the drawing.
+
+Files
+  -o, --output FILE     where the normal map goes; the ending says the format: .png (16 bits a channel), .exr (OpenEXR).
+                        With several drawings: a folder, which is made where it is missing
+      --elevation FILE  also writes the elevation of the same run: 0 the lowest, 1 the highest place of each object
+      --lit FILE        also writes the drawing lit by a light
+      --drawing FILE    also writes the drawing as a picture
+                        (with several drawings, these three take folders as well)
+      --exr float|half  the numbers in OpenEXR files: 32 bits (default) or 16 bits
+
+The picture
+      --size WxH        its size in pixels; W alone takes the height from the drawing's shape. Default: the drawing's own size.
+                        A drawing of another shape is centred
+      --float           renders in 32-bit float instead of 16-bit integers
+      --layout tangent  x, y, z and coverage, what game engines and lighting tools take (default)
+      --layout node     the node's own four channels as they are
+      --y up|down       where the y of the vectors points; up (default) is what most engines call OpenGL, down DirectX
+      --pad N           grows the colours N pixels past the silhouette, for texture filtering; coverage stays as it is
+      --light AROUND,ABOVE   the light of --lit, in degrees; AROUND runs counter-clockwise from the right.
+                        Default 135,45: from the upper left
+      --truck F         magnifies the drawing F times about the picture's centre, as a camera that trucks in would
+
+Objects, numbered from the lowest layer, 1 up
+      --objects auto    each layer that the file declares is an object; without layers the whole drawing is one (default)
+      --objects groups  each top-level group is an object
+      --objects one     the whole drawing is one object
+      --bevel B         how far the rounding reaches in from the edge, for all objects; the picture is 720 wide in this
+                        measure, whatever its size in pixels. Default 24
+      --object N:...    sets one object's values, joined by colons; all:... sets those of every object:
+                          bevel=B        as above
+                          elevation=E    how high it rises (1)
+                          smoothness=S   the shape of the rise: 1 straight, above 1 rounder, below 1 hollower (1)
+                          level=L        its own level, 0 to 1 (1)
+                          coverage       multiplies the levels of its colours by its coverage
+                          cutout         makes no volume: it cuts a hole into what lies below
+                          hidden         leaves it out
+      --level C=L       the level of a colour, from 0 (carves) to 255 (adds, the default for every colour);
+                        C is a colour such as '#1b1b1b', or all
+
+The node's other attributes
+      --quality low|medium|high      how normals are derived: from four neighbours, from eight, or from eight and smoothed (low)
+      --bevel-multiplier M           multiplies every bevel, 0 to 10 (1)
+      --elevation-multiplier M       multiplies every elevation, 0 to 10 (1)
+      --smoothness-multiplier M      multiplies every smoothness, 0.1 to 128 (1)
+      --no-clip                      lets the blur reach beyond the drawing's outline
+      --no-normals                   outputs the elevation instead of normals
+      --depth-in-blue                layout node: the elevation in the blue channel
+      --use-truck-factor             bevels and elevations grow with --truck
+
+How it runs
+      --progress        a line for every percent on standard error; without it, a line that is rewritten, on a terminal
+  -q, --quiet           nothing on standard output
+  -h, --help            this text
+
+Examples
+  quarvel normalmap hero.svg
+  quarvel normalmap hero.svg -o out/hero_n.exr --size 3840x2160 --float --quality high --bevel 24 \
+          --object 2:bevel=60:elevation=0.5 --level '#1b1b1b=0'
+  quarvel normalmap walk_*.svg -o maps --pad 4 --y down
+  quarvel normalmap hero.svg --object 7:cutout --lit hero_lit.png --elevation hero_e.png
+
+Exit code: 0 when every drawing was done, 1 when one was not (the others are), 2 when the command line made no sense.
+)");
+}

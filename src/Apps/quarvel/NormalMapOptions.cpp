@@ -1,0 +1,261 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// From words to settings: every option is one row of a table, with the function that takes its value.
+#include "NormalMapOptions.h"
+
+#include "OptionValues.h"
+
+#include <QCommandLineParser>
+
+#include <functional>
+
+namespace {
+
+using Taken = UT_Result<void>;
+using Take = std::function<Taken(NormalMapOptions&, const QString& option, const QString& value)>;
+
+struct Row
+{
+    QStringList names;
+    bool takesValue;
+    Take take;
+};
+
+// Stores a parsed value, or passes its error on.
+template<typename T, typename Store>
+Taken keep(const UT_Result<T>& parsed, Store store)
+{
+    if (!parsed)
+        return parsed.error();
+    store(*parsed);
+    return {};
+}
+
+template<typename Member>
+Take text(Member member)
+{
+    return [member](NormalMapOptions& options, const QString&, const QString& value) -> Taken {
+        options.*member = value;
+        return {};
+    };
+}
+
+template<typename Member>
+Take number(Member member, double low, double high)
+{
+    return [=](NormalMapOptions& options, const QString& option, const QString& value) {
+        return keep(parseNumber(option, value, low, high), [&](double parsed) { options.settings.*member = parsed; });
+    };
+}
+
+template<typename Member>
+Take flag(Member member, bool value)
+{
+    return [=](NormalMapOptions& options, const QString&, const QString&) -> Taken {
+        options.settings.*member = value;
+        return {};
+    };
+}
+
+Taken takeBevel(NormalMapOptions& options, const QString& option, const QString& value)
+{
+    return keep(parseNumber(option, value), [&](double bevel) { options.settings.allObjects.bevel = bevel; });
+}
+
+Taken takeObjectPart(ObjectSettings& object, const QString& option, const QString& part)
+{
+    const QString key = part.section(QLatin1Char('='), 0, 0).trimmed().toLower();
+    const QString value = part.section(QLatin1Char('='), 1);
+    const QString name = option + QLatin1Char(' ') + key;
+    const bool yes = !part.contains(QLatin1Char('='));
+    if (key == QLatin1String("bevel"))
+        return keep(parseNumber(name, value), [&](double v) { object.bevel = v; });
+    if (key == QLatin1String("elevation"))
+        return keep(parseNumber(name, value), [&](double v) { object.elevation = v; });
+    if (key == QLatin1String("smoothness"))
+        return keep(parseNumber(name, value), [&](double v) { object.smoothness = v; });
+    if (key == QLatin1String("level"))
+        return keep(parseNumber(name, value, 0.0, 1.0), [&](double v) { object.level = v; });
+    if (key == QLatin1String("cutout"))
+        return keep(yes ? UT_Result<bool>(true) : parseYesNo(name, value), [&](bool v) { object.cutOut = v; });
+    if (key == QLatin1String("hidden"))
+        return keep(yes ? UT_Result<bool>(true) : parseYesNo(name, value), [&](bool v) { object.hidden = v; });
+    if (key == QLatin1String("coverage"))
+        return keep(yes ? UT_Result<bool>(true) : parseYesNo(name, value), [&](bool v) { object.scaleByCoverage = v; });
+    return UT_Error{
+        QStringLiteral("%1: an object has bevel=, elevation=, smoothness=, level=, coverage, cutout and hidden, "
+                       "but no \"%2\"")
+            .arg(option, part)};
+}
+
+Taken takeObject(NormalMapOptions& options, const QString& option, const QString& value)
+{
+    const QStringList parts = value.split(QLatin1Char(':'));
+    ObjectSettings* object = nullptr;
+    if (parts.first() == QLatin1String("all"))
+        object = &options.settings.allObjects;
+    else if (const auto number = parseWholeNumber(option, parts.first(), 1, 32767))
+        object = &options.settings.objects[*number];
+    if (!object || parts.size() < 2)
+        return UT_Error{
+            QStringLiteral("%1 takes an object's number (or all) and what to set, such as 2:bevel=60:elevation=0.5 "
+                           "or 3:cutout, not \"%2\"")
+                .arg(option, value)};
+    for (const QString& part : parts.sliced(1))
+        if (Taken taken = takeObjectPart(*object, option, part); !taken)
+            return taken;
+    return {};
+}
+
+Taken takeLevel(NormalMapOptions& options, const QString& option, const QString& value)
+{
+    const auto equals = value.lastIndexOf(QLatin1Char('='));
+    if (equals < 1)
+        return UT_Error{
+            QStringLiteral("%1 takes a colour and its level, such as '#1b1b1b=0', not \"%2\"").arg(option, value)};
+    const auto level = parseWholeNumber(option + QStringLiteral(" (the level)"), value.mid(equals + 1), 0, 255);
+    if (!level)
+        return level.error();
+    const QString colourText = value.left(equals);
+    if (colourText == QLatin1String("all")) {
+        options.settings.levelOfAllColours = *level;
+        return {};
+    }
+    return keep(parseColour(option, colourText), [&](const QColor& colour) {
+        options.settings.levels.push_back({colour, *level});
+    });
+}
+
+Taken takeLight(NormalMapOptions& options, const QString& option, const QString& value)
+{
+    const QStringList angles = value.split(QLatin1Char(','));
+    if (angles.size() != 2)
+        return UT_Error{QStringLiteral("%1 takes two angles in degrees, around and above, such as 135,45, not \"%2\"")
+                            .arg(option, value)};
+    const auto azimuth = parseNumber(option, angles[0], -360.0, 360.0);
+    if (!azimuth)
+        return azimuth.error();
+    const auto height = parseNumber(option, angles[1], 0.0, 90.0);
+    if (!height)
+        return height.error();
+    options.lightAzimuth = *azimuth;
+    options.lightHeight = *height;
+    return {};
+}
+
+Take choice(const QStringList& choices, std::function<void(NormalMapOptions&, int)> store)
+{
+    return [=](NormalMapOptions& options, const QString& option, const QString& value) {
+        return keep(parseChoice(option, value, choices), [&](int index) { store(options, index); });
+    };
+}
+
+const QStringList kQualities = {QStringLiteral("low"), QStringLiteral("medium"), QStringLiteral("high")};
+
+std::vector<Row> rows()
+{
+    using Settings = NormalMapSettings;
+    using Options = NormalMapOptions;
+    const auto s = [](const char* name) { return QString::fromLatin1(name); };
+    return {
+        {{s("o"), s("output")}, true, text(&Options::output)},
+        {{s("elevation")}, true, text(&Options::elevation)},
+        {{s("lit")}, true, text(&Options::lit)},
+        {{s("drawing")}, true, text(&Options::drawingPicture)},
+        {{s("layout")}, true, choice({s("tangent"), s("node")}, [](Options& o, int i) { o.nodeLayout = i == 1; })},
+        {{s("y")}, true, choice({s("up"), s("down")}, [](Options& o, int i) { o.yDown = i == 1; })},
+        {{s("pad")},
+         true,
+         [](Options& o, const QString& option, const QString& value) {
+             return keep(parseWholeNumber(option, value, 0, 65535), [&](int pad) { o.pad = pad; });
+         }},
+        {{s("exr")}, true, choice({s("float"), s("half")}, [](Options& o, int i) { o.halfFloat = i == 1; })},
+        {{s("light")}, true, takeLight},
+        {{s("size")},
+         true,
+         [](Options& o, const QString& option, const QString& value) {
+             return keep(parseSize(option, value), [&](QSize size) { o.settings.size = size; });
+         }},
+        {{s("float")}, false, flag(&Settings::renderInFloat, true)},
+        {{s("truck")}, true, number(&Settings::truck, 0.001, 1000.0)},
+        {{s("objects")},
+         true,
+         choice({s("auto"), s("groups"), s("one")},
+                [](Options& o, int i) { o.settings.grouping = static_cast<ObjectGrouping>(i); })},
+        {{s("object")}, true, takeObject},
+        {{s("bevel")}, true, takeBevel},
+        {{s("level")}, true, takeLevel},
+        {{s("bevel-multiplier")}, true, number(&Settings::blurScale, 0.0, 10.0)},
+        {{s("elevation-multiplier")}, true, number(&Settings::elevationScale, 0.0, 10.0)},
+        {{s("smoothness-multiplier")}, true, number(&Settings::elevationSmoothness, 0.1, 128.0)},
+        {{s("quality")},
+         true,
+         choice(kQualities,
+                [](Options& o, int i) {
+                    o.settings.normalQuality = kQualities[i].toUpper() + QStringLiteral("_NORMAL_QUALITY");
+                })},
+        {{s("no-normals")}, false, flag(&Settings::generateNormals, false)},
+        {{s("depth-in-blue")}, false, flag(&Settings::depthInBlue, true)},
+        {{s("no-clip")}, false, flag(&Settings::clipBlurredWithGeometry, false)},
+        {{s("use-truck-factor")}, false, flag(&Settings::useTruckFactor, true)},
+        {{s("progress")},
+         false,
+         [](Options& o, const QString&, const QString&) -> Taken {
+             o.progress = ProgressStyle::LINES;
+             return {};
+         }},
+        {{s("q"), s("quiet")},
+         false,
+         [](Options& o, const QString&, const QString&) -> Taken {
+             o.quiet = true;
+             return {};
+         }},
+        {{s("h"), s("help")},
+         false,
+         [](Options& o, const QString&, const QString&) -> Taken {
+             o.help = true;
+             return {};
+         }},
+    };
+}
+
+QString spelled(const QString& name)
+{
+    return (name.size() == 1 && name != QLatin1String("y") ? QStringLiteral("-") : QStringLiteral("--")) + name;
+}
+
+Taken takeOptions(const QCommandLineParser& parser, const std::vector<Row>& table, NormalMapOptions& options)
+{
+    for (const Row& row : table) {
+        if (!parser.isSet(row.names.last()))
+            continue;
+        const QStringList values = row.takesValue ? parser.values(row.names.last()) : QStringList{QString()};
+        for (const QString& value : values)
+            if (Taken taken = row.take(options, spelled(row.names.last()), value); !taken)
+                return taken;
+    }
+    return {};
+}
+
+} // namespace
+
+UT_Result<NormalMapOptions> parseNormalMapOptions(const QStringList& words)
+{
+    const std::vector<Row> table = rows();
+    QCommandLineParser parser;
+    for (const Row& row : table)
+        parser.addOption(
+            QCommandLineOption(row.names, QString(), row.takesValue ? QStringLiteral("value") : QString()));
+    // The parser takes the first word for the program's name.
+    if (!parser.parse(QStringList{QStringLiteral("normalmap")} + words))
+        return UT_Error{parser.errorText().chopped(1) + QStringLiteral("; quarvel help normalmap lists what there is")};
+
+    NormalMapOptions options;
+    if (Taken taken = takeOptions(parser, table, options); !taken)
+        return taken.error();
+    options.drawings = parser.positionalArguments();
+    if (options.drawings.isEmpty() && !options.help)
+        return UT_Error{
+            QStringLiteral("which drawing? quarvel normalmap takes one or more SVG files, such as hero.svg")};
+    return options;
+}

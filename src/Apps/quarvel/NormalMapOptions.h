@@ -1,0 +1,46 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The words of "quarvel normalmap", turned into settings. Pure: it looks at no file. A word that makes no sense gives
+// an error that says what was meant to stand there.
+#pragma once
+
+#include "QuarvelBaseCore/UT_Result.h"
+#include "jobs/NormalMapSettings.h"
+
+#include <QStringList>
+
+/// How a run tells what it does.
+enum class ProgressStyle
+{
+    AUTOMATIC, ///< a line that is rewritten, where standard error is a terminal; nothing elsewhere
+    LINES      ///< one line a percent
+};
+
+/// The whole command line of one run.
+struct NormalMapOptions
+{
+    QStringList drawings;
+    NormalMapSettings settings;
+
+    QString output;    ///< empty: beside each drawing
+    QString elevation; ///< empty: none is written
+    QString lit;
+    QString drawingPicture;
+
+    bool nodeLayout = false; ///< the node's own channels instead of tangent vectors
+    bool yDown = false;
+    int pad = 0; ///< pixels
+    bool halfFloat = false;
+    double lightAzimuth = 135.0; ///< degrees, counter-clockwise from the right: 135 is the upper left
+    double lightHeight = 45.0;   ///< degrees above the picture
+
+    ProgressStyle progress = ProgressStyle::AUTOMATIC;
+    bool quiet = false;
+    bool help = false;
+};
+
+/// Reads the words after "normalmap".
+UT_Result<NormalMapOptions> parseNormalMapOptions(const QStringList& words);
+
+/// What "quarvel help normalmap" prints.
+QString normalMapHelp();

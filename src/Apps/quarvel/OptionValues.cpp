@@ -1,0 +1,84 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Readers of single command line values.
+#include "OptionValues.h"
+
+#include <cmath>
+
+namespace {
+
+UT_Error expected(const QString& option, const QString& what, const QString& text)
+{
+    return {QStringLiteral("%1 takes %2, not \"%3\"").arg(option, what, text)};
+}
+
+} // namespace
+
+UT_Result<double> parseNumber(const QString& option, const QString& text)
+{
+    bool ok = false;
+    const double value = text.toDouble(&ok);
+    if (!ok || !std::isfinite(value))
+        return expected(option, QStringLiteral("a number such as 24 or 0.5"), text);
+    return value;
+}
+
+UT_Result<double> parseNumber(const QString& option, const QString& text, double low, double high)
+{
+    const UT_Result<double> value = parseNumber(option, text);
+    if (!value || *value < low || *value > high)
+        return expected(option, QStringLiteral("a number from %1 to %2").arg(low).arg(high), text);
+    return value;
+}
+
+UT_Result<int> parseWholeNumber(const QString& option, const QString& text, int low, int high)
+{
+    bool ok = false;
+    const int value = text.toInt(&ok);
+    if (!ok || value < low || value > high)
+        return expected(option, QStringLiteral("a whole number from %1 to %2").arg(low).arg(high), text);
+    return value;
+}
+
+UT_Result<QSize> parseSize(const QString& option, const QString& text)
+{
+    const QStringList numbers = text.toLower().split(QLatin1Char('x'));
+    bool widthOk = false;
+    bool heightOk = true;
+    const int width = numbers.first().toInt(&widthOk);
+    const int height = numbers.size() == 2 ? numbers.last().toInt(&heightOk) : 0;
+    if (numbers.size() > 2 || !widthOk || !heightOk)
+        return expected(option, QStringLiteral("a width and a height in pixels such as 1920x1080, or a width alone"),
+                        text);
+    if (width < 1 || (numbers.size() == 2 && height < 1))
+        return UT_Error{QStringLiteral("%1 %2: a picture is at least 1 pixel wide and 1 pixel high").arg(option, text)};
+    return QSize(width, height);
+}
+
+UT_Result<QColor> parseColour(const QString& option, const QString& text)
+{
+    const QColor colour(text.trimmed());
+    if (!colour.isValid() || colour.alpha() != 255)
+        return expected(option, QStringLiteral("a colour such as #1b1b1b"), text);
+    return colour;
+}
+
+UT_Result<bool> parseYesNo(const QString& option, const QString& text)
+{
+    const QString word = text.toLower();
+    if (QStringList{QStringLiteral("yes"), QStringLiteral("true"), QStringLiteral("on"), QStringLiteral("1")}.contains(
+            word))
+        return true;
+    if (QStringList{QStringLiteral("no"), QStringLiteral("false"), QStringLiteral("off"), QStringLiteral("0")}.contains(
+            word))
+        return false;
+    return expected(option, QStringLiteral("yes or no"), text);
+}
+
+UT_Result<int> parseChoice(const QString& option, const QString& text, const QStringList& choices)
+{
+    const auto index = choices.indexOf(text.toLower());
+    if (index < 0)
+        return expected(option, QStringLiteral("one of ") + choices.join(QStringLiteral(", ")), text);
+    return static_cast<int>(index);
+}

@@ -1,0 +1,26 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Single values of the command line: numbers, sizes, choices, colours. Each reader takes the option's name for its
+// message, and the message says what was meant to stand there.
+#pragma once
+
+#include "QuarvelBaseCore/UT_Result.h"
+
+#include <QColor>
+#include <QSize>
+#include <QStringList>
+
+/// A finite number, with a point as the decimal separator.
+UT_Result<double> parseNumber(const QString& option, const QString& text);
+/// A finite number from low to high.
+UT_Result<double> parseNumber(const QString& option, const QString& text, double low, double high);
+/// A whole number from low to high.
+UT_Result<int> parseWholeNumber(const QString& option, const QString& text, int low, int high);
+/// "1920x1080", or "1920" alone, whose height comes out as 0.
+UT_Result<QSize> parseSize(const QString& option, const QString& text);
+/// "#rrggbb", "#rgb" or a colour's name; opaque.
+UT_Result<QColor> parseColour(const QString& option, const QString& text);
+/// "yes", "no", and what else people write for them.
+UT_Result<bool> parseYesNo(const QString& option, const QString& text);
+/// The index of the word among the choices, in any case.
+UT_Result<int> parseChoice(const QString& option, const QString& text, const QStringList& choices);

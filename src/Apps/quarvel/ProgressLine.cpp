@@ -1,0 +1,61 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Progress on standard error.
+#include "ProgressLine.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace {
+
+bool standardErrorIsTerminal()
+{
+#ifdef _WIN32
+    return _isatty(_fileno(stderr)) != 0;
+#else
+    return isatty(STDERR_FILENO) != 0;
+#endif
+}
+
+} // namespace
+
+ProgressLine::ProgressLine(ProgressStyle style)
+    : _lines(style == ProgressStyle::LINES), _rewrites(!_lines && standardErrorIsTerminal())
+{}
+
+ProgressLine::~ProgressLine()
+{
+    clear();
+}
+
+void ProgressLine::show(double fraction, const QString& what)
+{
+    const int percent = std::max(_percent, static_cast<int>(std::clamp(fraction, 0.0, 1.0) * 100.0));
+    if (percent == _percent && (_lines || what == _what))
+        return;
+    if (_lines)
+        for (int step = _percent + 1; step <= percent; ++step)
+            std::fprintf(stderr, "%d%%\n", step);
+    if (_rewrites) {
+        std::fprintf(stderr, "\r\033[K%3d%%  %s", percent, qUtf8Printable(what));
+        std::fflush(stderr);
+        _visible = true;
+    }
+    _percent = percent;
+    _what = what;
+}
+
+void ProgressLine::clear()
+{
+    if (!_visible)
+        return;
+    std::fputs("\r\033[K", stderr);
+    std::fflush(stderr);
+    _visible = false;
+}
