@@ -1,0 +1,244 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// How vector drawings become pixels: coverage, order, art layers, palettes, colour transforms, stages.
+#include "MultiStageKvd/MultiStageKvd.h"
+#include "QuarvelCelCore/CEL_Cel.h"
+
+#include <gtest/gtest.h>
+
+using Math::Box2di;
+
+namespace {
+
+const CM_ColorId_t kRed(1);
+const CM_ColorId_t kBlue(2);
+
+CM_SharedPtr<CM_Palette> palette()
+{
+    auto made = UT_makeShared<CM_Palette>(UT_String("test"));
+    const auto add = [&](CM_ColorId_t id, CM_Rgba nominal) {
+        auto color = UT_makeShared<CM_Color>(UT_String(), 0, id);
+        color->SetNominalColor(nominal);
+        made->addColor(color);
+    };
+    add(kRed, {255, 0, 0, 255});
+    add(kBlue, {0, 0, 255, 255});
+    return made;
+}
+
+CELVEC_Shape rectangle(double x1, double y1, double x2, double y2, CM_ColorId_t color = kRed, double opacity = 1.0)
+{
+    QPainterPath path;
+    path.addRect(QRectF(QPointF(x1, y1), QPointF(x2, y2)));
+    return {path, color, opacity, {}};
+}
+
+CELVEC_RenderArgs pixels(int width, int height)
+{
+    const Box2di canvas(0, 0, width, height);
+    return {QTransform(), {width, height}, canvas, canvas};
+}
+
+UT_SharedPtr<CEL_PixmapAreaRGBA16> render16(const CELVEC_Kvd& drawing, const CELVEC_RenderArgs& args)
+{
+    auto target = UT_makeShared<CEL_PixmapAreaRGBA16>(args.size, args.canvas);
+    drawing.render(args, *target);
+    return target;
+}
+
+UT_SharedPtr<CELVEC_Kvd> drawingOf(std::initializer_list<CELVEC_Shape> shapes)
+{
+    auto drawing = UT_makeShared<CELVEC_Kvd>(palette());
+    for (const CELVEC_Shape& shape : shapes)
+        drawing->addShape(GR_Art::COLOUR, shape);
+    return drawing;
+}
+
+// Paints every colour in one green, and one colour not at all.
+class AllGreenBut final : public CEL_ColorTransform
+{
+public:
+    explicit AllGreenBut(CM_ColorId_t hidden) : _hidden(hidden) {}
+
+    std::unique_ptr<GR_GraphicOpsColorTransform> createGraphicOpsTransform() override
+    {
+        return std::make_unique<Ops>(_hidden);
+    }
+
+private:
+    class Ops final : public GR_GraphicOpsColorTransform
+    {
+    public:
+        explicit Ops(CM_ColorId_t hidden) : GR_GraphicOpsColorTransform(palette()), _hidden(hidden) {}
+        VS_RGBA GetColorValue(const CM_SharedPtr<CM_BaseColorObj>& color) override
+        {
+            return color && color->GetColorId() == _hidden ? VS_RGBA{} : VS_RGBA{0, 255, 0, 255};
+        }
+
+    private:
+        CM_ColorId_t _hidden;
+    };
+    CM_ColorId_t _hidden;
+};
+
+class AddOneToRed final : public MultiStageKvd::RenderingStage
+{
+public:
+    void render(const MultiStageKvd&, const CELVEC_RenderArgs&, CEL_PixmapArea& target) const override
+    {
+        auto& pixmap = dynamic_cast<CEL_PixmapAreaRGBA16&>(target);
+        for (int y = pixmap.allocatedRect().y1; y < pixmap.allocatedRect().y2; ++y)
+            for (CEL_PixelRGBA16& pixel : pixmap.row(y))
+                ++pixel.r;
+    }
+};
+
+} // namespace
+
+TEST(VectorDrawing, CoversWholePixelsFully)
+{
+    const auto picture = render16(*drawingOf({rectangle(1, 1, 3, 2)}), pixels(4, 4));
+    EXPECT_EQ(picture->at(1, 1), (CEL_PixelRGBA16{32767, 0, 0, 32767}));
+    EXPECT_EQ(picture->at(2, 1), (CEL_PixelRGBA16{32767, 0, 0, 32767}));
+    EXPECT_EQ(picture->at(1, 2), CEL_PixelRGBA16{});
+    EXPECT_EQ(picture->at(0, 1), CEL_PixelRGBA16{});
+}
+
+TEST(VectorDrawing, CoversPixelsByTheAreaThatAShapeTakesOfThem)
+{
+    // A quarter in x and a half in y: an eighth of the pixel, in steps of 1/256.
+    const auto picture = render16(*drawingOf({rectangle(0.75, 0.5, 1.0, 1.0)}), pixels(2, 2));
+    EXPECT_NEAR(picture->at(0, 0).a, 32767.0 / 8.0, 32767.0 / 256.0);
+    EXPECT_EQ(picture->at(0, 0).r, picture->at(0, 0).a) << "colours are multiplied by coverage";
+}
+
+TEST(VectorDrawing, PaintsLaterShapesOverEarlierOnes)
+{
+    const auto picture =
+        render16(*drawingOf({rectangle(0, 0, 2, 2, kRed), rectangle(0, 0, 1, 1, kBlue)}), pixels(2, 2));
+    EXPECT_EQ(picture->at(0, 0), (CEL_PixelRGBA16{0, 0, 32767, 32767}));
+    EXPECT_EQ(picture->at(1, 1), (CEL_PixelRGBA16{32767, 0, 0, 32767}));
+}
+
+TEST(VectorDrawing, PaintsLineArtOverColourArtWhateverTheOrderOfAdding)
+{
+    auto drawing = UT_makeShared<CELVEC_Kvd>(palette());
+    drawing->addShape(GR_Art::LINE, rectangle(0, 0, 1, 1, kBlue));
+    drawing->addShape(GR_Art::COLOUR, rectangle(0, 0, 1, 1, kRed));
+    EXPECT_EQ(render16(*drawing, pixels(1, 1))->at(0, 0), (CEL_PixelRGBA16{0, 0, 32767, 32767}));
+}
+
+TEST(VectorDrawing, LeavesOutArtLayersThatAreNotSelected)
+{
+    auto drawing = drawingOf({rectangle(0, 0, 1, 1)});
+    GR_ArtSelector lineOnly;
+    lineOnly.setSelected(GR_Art::COLOUR, false);
+    drawing->setArtSelector(lineOnly);
+    EXPECT_TRUE(render16(*drawing, pixels(1, 1))->allocatedRect().isEmpty());
+}
+
+TEST(VectorDrawing, KeepsOpacityAsCoverage)
+{
+    const auto picture = render16(*drawingOf({rectangle(0, 0, 1, 1, kRed, 0.5)}), pixels(1, 1));
+    EXPECT_NEAR(picture->at(0, 0).a, 16384, 64);
+}
+
+TEST(VectorDrawing, AllocatesOnlyWhereShapesAre)
+{
+    const auto picture = render16(*drawingOf({rectangle(40, 50, 42, 51)}), pixels(100, 100));
+    EXPECT_TRUE(Box2di(38, 48, 44, 53).contains(picture->allocatedRect()));
+    EXPECT_TRUE(picture->allocatedRect().contains(Box2di(40, 50, 42, 51)));
+}
+
+TEST(VectorDrawing, RendersWantedPixelsBeyondTheCanvas)
+{
+    CELVEC_RenderArgs args = pixels(4, 4);
+    args.wanted = Box2di(-4, -4, 8, 8);
+    const auto picture = render16(*drawingOf({rectangle(-2, -2, -1, -1)}), args);
+    EXPECT_EQ(picture->at(-2, -2).a, 32767);
+}
+
+TEST(VectorDrawing, PaintsNothingOutsideOfAClip)
+{
+    CELVEC_Shape clipped = rectangle(0, 0, 4, 4);
+    clipped.clip.emplace();
+    clipped.clip->addRect(0, 0, 2, 4);
+    const auto picture = render16(*drawingOf({clipped}), pixels(4, 4));
+    EXPECT_EQ(picture->at(1, 1).a, 32767);
+    EXPECT_EQ(picture->at(2, 1).a, 0);
+}
+
+TEST(VectorDrawing, ShowsNothingOfAColourThatThePaletteDoesNotHold)
+{
+    const auto drawing = drawingOf({rectangle(0, 0, 1, 1, CM_ColorId_t(99))});
+    EXPECT_TRUE(render16(*drawing, pixels(1, 1))->allocatedRect().isEmpty());
+}
+
+TEST(VectorDrawing, IsRepaintedByItsColourTransform)
+{
+    auto drawing = drawingOf({rectangle(0, 0, 1, 1, kRed), rectangle(1, 0, 2, 1, kBlue)});
+    drawing->setColorTransform(UT_makeShared<AllGreenBut>(kBlue));
+    const auto picture = render16(*drawing, pixels(2, 1));
+    EXPECT_EQ(picture->at(0, 0), (CEL_PixelRGBA16{0, 32767, 0, 32767}));
+    const CEL_PixelRGBA16* hidden = picture->find(1, 0);
+    EXPECT_TRUE(!hidden || *hidden == CEL_PixelRGBA16{}) << "a transparent paint lays down no coverage";
+}
+
+TEST(VectorDrawing, SharesItsShapesButNotItsSettings)
+{
+    auto drawing = drawingOf({rectangle(0, 0, 1, 1)});
+    const auto shared = drawing->shareForRendering();
+    shared->setColorTransform(UT_makeShared<AllGreenBut>(kBlue));
+    EXPECT_EQ(render16(*drawing, pixels(1, 1))->at(0, 0).r, 32767);
+    EXPECT_EQ(render16(*shared, pixels(1, 1))->at(0, 0).g, 32767);
+    drawing->addShape(GR_Art::COLOUR, rectangle(0, 0, 1, 1, kBlue));
+    EXPECT_EQ(shared->shapes(GR_Art::COLOUR).size(), 1U) << "what was shared does not change with the original";
+}
+
+TEST(VectorDrawing, RendersTheSameInFloat)
+{
+    const CELVEC_RenderArgs args = pixels(2, 2);
+    CEL_PixmapAreaRGBAFloat target(args.size, args.canvas);
+    drawingOf({rectangle(0, 0, 1, 1)})->render(args, target);
+    EXPECT_EQ(target.at(0, 0), (CEL_PixelRGBAFloat{1.0F, 0.0F, 0.0F, 1.0F}));
+}
+
+TEST(MultiStageDrawing, RunsItsStagesInOrderOnThePrimaryPicture)
+{
+    const auto staged = MultiStageKvd::embed(drawingOf({rectangle(0, 0, 1, 1, kBlue)}));
+    staged->addStage(UT_makeShared<AddOneToRed>());
+    staged->addStage(UT_makeShared<AddOneToRed>());
+    EXPECT_EQ(render16(*staged, pixels(1, 1))->at(0, 0), (CEL_PixelRGBA16{2, 0, 32767, 32767}));
+}
+
+TEST(Cel, RasterisesAVectorDrawingWhenConverted)
+{
+    auto cel = UT_makeShared<CEL_Cel>();
+    cel->setRepresentation(drawingOf({rectangle(0, 0, 1, 1)}));
+    cel->setRenderArgs(pixels(2, 2));
+    const auto converted = cel->convertTo(4);
+    ASSERT_TRUE(converted->pixmap());
+    EXPECT_EQ(converted->pixmap()->format(), 4);
+    EXPECT_FALSE(cel->pixmap()) << "the cel itself keeps its vectors";
+}
+
+TEST(Cel, IsItselfWhenThereIsNothingToConvert)
+{
+    auto cel = UT_makeShared<CEL_Cel>();
+    cel->setRepresentation(UT_makeShared<CEL_PixmapAreaRGBA16>(Math::Size2di{1, 1}, Box2di(0, 0, 1, 1)));
+    EXPECT_EQ(cel->convertTo(4), cel);
+    EXPECT_FALSE(cel->getWorkingCopy(4) == cel);
+}
+
+TEST(Cel, KeepsItsMessagesThroughAConversion)
+{
+    static constexpr UT_DynKey kKey("test message");
+    struct Message final : CEL_Message
+    {};
+    auto cel = UT_makeShared<CEL_Cel>();
+    cel->setRepresentation(drawingOf({rectangle(0, 0, 1, 1)}));
+    cel->setRenderArgs(pixels(1, 1));
+    const auto message = UT_makeShared<Message>();
+    cel->addMessage(kKey, message);
+    EXPECT_EQ(cel->convertTo(5)->findMessage(kKey).get(), message.get());
+}
