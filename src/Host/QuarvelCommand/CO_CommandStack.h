@@ -1,0 +1,74 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// CO_CommandStack: the commands that were executed on a document, to be undone and redone; and whether the document is
+// as it was when it was last saved.
+#pragma once
+
+#include "QuarvelBaseCore/XUTeller.h"
+#include "QuarvelCommand/CO_Command.h"
+
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+/// The history of one document. Tells its listeners after every change of what its functions return.
+///
+/// Functions that run a command let its exceptions through; the history is then as it was before the call. Used on the
+/// thread that owns the document.
+class QUARVELCOMMAND_EXPORT CO_CommandStack : public XUTeller
+{
+public:
+    CO_CommandStack();
+    ~CO_CommandStack() override;
+
+    /// Executes a command and keeps it as the newest one; what was undone before is forgotten. A null command, or one
+    /// without effect, is dropped without being executed.
+    ///
+    /// A command that continues the newest one (CO_Command::canMergeWith) becomes part of it, unless something came
+    /// between them: undo(), redo(), setClean(), endMerging().
+    ///
+    /// @return whether anything was executed
+    bool execute(std::unique_ptr<CO_Command> command);
+
+    /// Undoes the newest command. @return false when there is none
+    bool undo();
+    /// Redoes the command undone last. @return false when there is none
+    bool redo();
+
+    bool canUndo() const { return _done > 0; }
+    bool canRedo() const { return _done < _commands.size(); }
+    /// The name of the command that undo() takes back; empty when there is none.
+    QString undoName() const;
+    /// The name of the command that redo() does; empty when there is none.
+    QString redoName() const;
+    /// The names of the commands that can be undone, the oldest first.
+    QStringList undoNames() const;
+
+    /// Ends a run of small changes: the next command starts a step of its own. (The mouse was released, a field left.)
+    void endMerging() { _mayMerge = false; }
+
+    /// True when the document is as it was at the last setClean(); a new history is clean.
+    bool isClean() const { return _clean == _done; }
+    /// The document was saved: this is the clean state.
+    void setClean();
+
+    /// How many commands can be undone at most; 0, the default, means any number. The oldest are forgotten.
+    void setLimit(std::size_t limit);
+    std::size_t limit() const { return _limit; }
+
+    /// Forgets everything; the state is clean.
+    void clear();
+
+private:
+    void forgetUndone();
+    void enforceLimit();
+    bool mergeIntoNewest(const CO_Command& command);
+
+    std::vector<std::unique_ptr<CO_Command>> _commands;
+    std::size_t _done = 0;
+    std::size_t _limit = 0;
+    std::optional<std::size_t> _clean = 0;
+    bool _mayMerge = false;
+};

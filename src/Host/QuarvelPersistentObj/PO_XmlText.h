@@ -1,0 +1,40 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Text and numbers as they stand in files. Everything here works in the C locale and gives the same characters on every
+// machine: a number is written with the fewest digits that read back as the same bits, and a text is escaped where XML
+// 1.0 has no way to hold it.
+//
+// The escape is _xHHHH_, one UTF-16 code unit in four upper-case hexadecimal digits. It stands for control characters,
+// carriage returns (which a reader would turn into line feeds), U+FFFE, U+FFFF and surrogates without a partner. An
+// underscore that begins something that looks like an escape is itself written as _x005F_, so that every text comes
+// back as it was.
+#pragma once
+
+#include "QuarvelPersistentObj/QuarvelPersistentObjExport.h"
+
+#include <QString>
+
+#include <optional>
+
+/// The text with every character that XML 1.0 cannot hold escaped.
+QUARVELPERSISTENTOBJ_EXPORT QString PO_escape(const QString& text);
+
+/// The inverse of PO_escape(). What is no escape stays as it is.
+QUARVELPERSISTENTOBJ_EXPORT QString PO_unescape(const QString& text);
+
+/// A number with the fewest digits that PO_parseDouble() turns back into the same bits. Plain decimals between 1e-5 and
+/// 1e15, exponents outside; "inf", "-inf" and "nan" for what is no number.
+QUARVELPERSISTENTOBJ_EXPORT QString PO_formatDouble(double value);
+
+/// Reads a decimal number, with a point and perhaps an exponent; also "inf", "-inf" and "nan". Nothing for any other
+/// text: white space, a comma, a plus sign, hexadecimal, a number too large for a double.
+QUARVELPERSISTENTOBJ_EXPORT std::optional<double> PO_parseDouble(const QString& text);
+
+/// Reads a decimal integer that fits an int; nothing for any other text.
+QUARVELPERSISTENTOBJ_EXPORT std::optional<int> PO_parseInt(const QString& text);
+
+/// "true" or "false".
+QUARVELPERSISTENTOBJ_EXPORT QString PO_formatBool(bool value);
+
+/// Reads "true", "false", "1" or "0"; nothing for any other text.
+QUARVELPERSISTENTOBJ_EXPORT std::optional<bool> PO_parseBool(const QString& text);
