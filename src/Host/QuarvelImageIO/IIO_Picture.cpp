@@ -1,0 +1,95 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Making and copying pictures. Samples are left uninitialised on purpose: clearing a large picture that is written in
+// full right afterwards would cost one more pass over its memory.
+#include "QuarvelImageIO/IIO_Picture.h"
+
+#include <algorithm>
+#include <limits>
+#include <new>
+
+namespace {
+
+UT_Error tooLarge(const Math::Box2di& window)
+{
+    return {QStringLiteral("a picture of %1 x %2 pixels does not fit in memory; make it smaller")
+                .arg(window.width())
+                .arg(window.height())};
+}
+
+template<typename Sample>
+std::unique_ptr<Sample[]> allocate(std::size_t count)
+{
+    return std::unique_ptr<Sample[]>(new (std::nothrow) Sample[count]);
+}
+
+} // namespace
+
+QStringList IIO_channelsRgba()
+{
+    return {QStringLiteral("R"), QStringLiteral("G"), QStringLiteral("B"), QStringLiteral("A")};
+}
+
+QStringList IIO_channelsRgb()
+{
+    return {QStringLiteral("R"), QStringLiteral("G"), QStringLiteral("B")};
+}
+
+QStringList IIO_channelsGreyAlpha()
+{
+    return {QStringLiteral("Y"), QStringLiteral("A")};
+}
+
+QStringList IIO_channelsGrey()
+{
+    return {QStringLiteral("Y")};
+}
+
+UT_Result<IIO_Picture> IIO_Picture::create(IIO_SampleType type, const Math::Box2di& displayWindow,
+                                           const Math::Box2di& dataWindow, const QStringList& channels)
+{
+    assert(!channels.isEmpty());
+    if (displayWindow.isEmpty() || dataWindow.isEmpty())
+        return UT_Error{
+            QStringLiteral("a picture needs at least one pixel; give it a width and a height of 1 or more")};
+
+    // The largest array that the language allows bounds the product before it can overflow.
+    constexpr std::int64_t kMostSamples = std::numeric_limits<std::ptrdiff_t>::max() / std::int64_t{sizeof(float)};
+    if (dataWindow.area() > kMostSamples / channels.size())
+        return tooLarge(dataWindow);
+    const auto count = static_cast<std::size_t>(dataWindow.area() * channels.size());
+
+    IIO_Picture picture;
+    picture._displayWindow = displayWindow;
+    picture._dataWindow = dataWindow;
+    picture._channels = channels;
+    if (type == IIO_SampleType::UINT16)
+        picture._samples = allocate<std::uint16_t>(count);
+    else
+        picture._samples = allocate<float>(count);
+    if (!std::visit([](const auto& samples) { return static_cast<bool>(samples); }, picture._samples))
+        return tooLarge(dataWindow);
+    return picture;
+}
+
+UT_Result<IIO_Picture> IIO_Picture::create(IIO_SampleType type, const Math::Size2di& size, const QStringList& channels)
+{
+    const Math::Box2di window(0, 0, size.width, size.height);
+    return create(type, window, window, channels);
+}
+
+UT_Result<IIO_Picture> IIO_Picture::clone() const
+{
+    auto copy = create(sampleType(), _displayWindow, _dataWindow, _channels);
+    if (!copy)
+        return copy;
+    copy->_metadata = _metadata;
+    std::visit(
+        [&](const auto& samples) {
+            using Array = std::decay_t<decltype(samples)>;
+            std::copy_n(samples.get(), rowLength() * static_cast<std::size_t>(height()),
+                        std::get<Array>(copy->_samples).get());
+        },
+        _samples);
+    return copy;
+}
