@@ -1,0 +1,22 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Which characters XML 1.0 can hold, and the escape for those that it cannot (see PO_XmlText.h).
+#pragma once
+
+#include <QString>
+
+namespace XmlCharacters {
+
+/// What happens to an underscore that begins something like an escape.
+enum class Underscores
+{
+    ESCAPED, ///< it is escaped itself: for any text
+    KEPT     ///< it is left alone: for a text that is escaped already
+};
+
+/// The escape of one code unit, whether it needs one or not.
+QString escapeOf(QChar c);
+QString escape(const QString& text, Underscores underscores);
+QString unescape(const QString& text);
+
+} // namespace XmlCharacters
