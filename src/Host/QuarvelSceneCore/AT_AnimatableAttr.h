@@ -69,7 +69,7 @@ private:
     };
 
     void setState(const State& state);
-    CO_Command* changeCmd(const State& after, std::optional<double> frame);
+    CO_Command* changeCmd(const State& after, const QString& subject);
 
     Linkable _linkable;
     double _lower;

@@ -41,7 +41,7 @@ public:
     /// The path, as it is written to files.
     const QString& path() const { return _path; }
     /// The attribute that is read; null when not resolved, or gone.
-    AT_SimpleAttr* target() const { return _target.get(); }
+    AT_SimpleAttr* target() const;
 
     /// Looks the path up. Leaves the link unresolved when there is no attribute at the path, or one that is no scalar.
     ///

@@ -78,7 +78,7 @@ public:
     /// long as it is, which keeps time going forward; the frame is met to within 1e-12 of the segment's length.
     double value(double frame) const;
 
-    /// Writes the curve as the element "curve"; nothing when there is no key.
+    /// Writes the curve as the element "curve"; nothing when there is nothing to write.
     void writeXml(PO_XmlWriter& writer) const;
     /// Reads such an element; this curve is replaced. Keys without a readable frame and value are left out, with a
     /// warning; of two keys at one frame the later counts; a type that is not known becomes linear, and is written back
@@ -91,6 +91,8 @@ public:
     static constexpr QLatin1String kElementName{"curve"};
 
 private:
+    bool parseKey(const QDomElement& element, QStringList* warnings);
+
     std::vector<Key> _keys;
     PO_UnknownXml _unknown;
 };

@@ -7,7 +7,7 @@
 //     <exposure drawing="2" frame="3"/>
 #pragma once
 
-#include "QuarvelPersistentObj/PO_XmlWriter.h"
+#include "QuarvelPersistentObj/PO_UnknownXml.h"
 #include "QuarvelSceneCore/QuarvelSceneCoreExport.h"
 
 #include <QString>
@@ -36,9 +36,21 @@ public:
     /// Writes an element "exposure" for each, in the order of their frames.
     void writeXml(PO_XmlWriter& writer) const;
 
+    /// How an element was taken.
+    enum class Parsed
+    {
+        YES,    ///< understood
+        PARTLY, ///< read; what is not known of it is kept and written back
+        REFUSED ///< no exposure: nothing changed
+    };
+    /// Adds the exposure that an element "exposure" describes; of two at one frame the later counts.
+    Parsed parseExposure(const QDomElement& element);
+
     /// The name of the elements.
     static constexpr QLatin1String kElementName{"exposure"};
 
 private:
     std::map<int, QString> _exposures;
+    /// What a newer version wrote about exposures, by their frames.
+    std::map<int, PO_UnknownXml> _unknown;
 };

@@ -35,7 +35,7 @@ public:
     /// enumerations their integers); nothing when it is no number.
     virtual std::optional<double> scalarValue(double frame) const = 0;
 
-    /// Drops the link and then reads the element as AT_Attr does.
+    /// Drops the surrogate and then reads the element as AT_Attr does.
     bool parseXml(const QDomElement& element, QStringList* warnings) override;
     /// Writes the value (localValueXml()) and the link.
     void writeXmlAttributes(PO_XmlWriter& writer) const override;
