@@ -1,0 +1,57 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// ObjectDefinition: the node that says which object the drawings upstream of it belong to, and how that object enters a
+// volume: at which level, and whether its greys count in proportion to its coverage.
+//
+// In a render its request leaves an ObjectDefinitionEntry in the context of every drawing upstream, unless there is one
+// already: of several definitions on the way of a drawing the one nearest to the drawing counts. Where the object is
+// switched off it leaves an entry that says so. A node that is not enabled leaves nothing. It attaches nothing to the
+// cel itself, and its picture is its input's.
+#pragma once
+
+#include "ObjectDefinition/ObjectDefinitionExport.h"
+#include "QuarvelBaseCore/UT_DynKey.h"
+#include "QuarvelSceneCore/MO_Module.h"
+
+class AT_BoolAttr;
+class AT_DoubleAttr;
+class AT_IntAttr;
+
+/// Defines an object. Its attributes: "ObjectNumber" (integer, 1 by default; 0 makes a cut-out; animatable),
+/// "ObjectLevel" (0 to 1, 1 by default; animatable), "ScaleByCoverage" (off by default), "ObjectEnabled" (on by
+/// default).
+class OBJECTDEFINITION_EXPORT ObjectDefinition : public MO_Module
+{
+public:
+    ObjectDefinition();
+    ~ObjectDefinition() override;
+
+    /// "OBJECT_DEFINITION". The library registers the kind when it is loaded.
+    static QString Keyword();
+
+    /// The object's number at a frame.
+    int objectId(double frame) const;
+    /// The same; -1 for a null pointer.
+    static int objectId(const ObjectDefinition* definition, double frame);
+
+    AT_IntAttr* objectNumber() const { return _objectNumber; }
+    AT_DoubleAttr* objectLevel() const { return _objectLevel; }
+    AT_BoolAttr* scaleByCoverage() const { return _scaleByCoverage; }
+    AT_BoolAttr* objectEnabled() const { return _objectEnabled; }
+
+    /// In the context of a request: an ObjectDefinitionEntry. On a cel: an ObjectDefinitionMessage.
+    static const UT_DynKey& objectDefinitionMessageId();
+    /// In the context of a request: an entry, whatever it is, that says that the drawing's object is switched off.
+    static const UT_DynKey& objectDisableMessageId();
+
+    QString keyword() const override;
+    QString baseDisplayName() const override;
+    void insertRenderingRequestForSrcPort(RD_ScriptContext& context, int port) override;
+    std::unique_ptr<MO_RenderingRequestHandler> createRequestHandler() override;
+
+private:
+    AT_IntAttr* _objectNumber;
+    AT_DoubleAttr* _objectLevel;
+    AT_BoolAttr* _scaleByCoverage;
+    AT_BoolAttr* _objectEnabled;
+};

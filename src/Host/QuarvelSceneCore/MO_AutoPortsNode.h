@@ -1,0 +1,33 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// MO_AutoPortsNode: the side of a node whose input ports come and go by themselves, as links do.
+#pragma once
+
+#include "QuarvelSceneCore/QuarvelSceneCoreExport.h"
+
+class MO_Port;
+
+/// Adds and removes input ports. A port that is dropped is gone; pointers to it must not be used any more.
+class QUARVELSCENECORE_EXPORT MO_AutoPortsNode
+{
+public:
+    MO_AutoPortsNode() = default;
+    MO_AutoPortsNode(const MO_AutoPortsNode&) = delete;
+    MO_AutoPortsNode& operator=(const MO_AutoPortsNode&) = delete;
+    virtual ~MO_AutoPortsNode();
+
+    /// True for a port that is one of the node's inputs; false for the free port at the end, which is only an offer for
+    /// the next link, and beyond it.
+    virtual bool isValidAutoPort(unsigned index) const = 0;
+
+    /// Inserts a free input port before the one at an index (at the end for a larger index).
+    ///
+    /// @return null when the node takes no more ports
+    virtual MO_Port* insertInPort(unsigned index) = 0;
+
+    /// Cuts the link of an input port and drops the port; the ports behind it move up. A new free port takes its place
+    /// at the end when there is none.
+    ///
+    /// @return false when there is no port at the index
+    virtual bool removeInPort(unsigned index) = 0;
+};

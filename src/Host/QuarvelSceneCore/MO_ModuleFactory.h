@@ -1,0 +1,52 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// MO_ModuleFactory: makes modules by keyword. Host libraries and plug-ins register their kinds in the one factory of
+// the process when they are loaded, and take them out when they are unloaded.
+#pragma once
+
+#include "QuarvelSceneCore/QuarvelSceneCoreExport.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+
+class MO_Module;
+
+/// A class factory of modules. Every function may be called from any thread.
+class QUARVELSCENECORE_EXPORT MO_ModuleFactory
+{
+public:
+    using Creator = std::function<std::unique_ptr<MO_Module>()>;
+
+    MO_ModuleFactory();
+    ~MO_ModuleFactory();
+    MO_ModuleFactory(const MO_ModuleFactory&) = delete;
+    MO_ModuleFactory& operator=(const MO_ModuleFactory&) = delete;
+
+    /// Registers how modules of a kind are made. A kind that is registered already stays as it is.
+    ///
+    /// @return whether the kind was new
+    bool registerCreator(const QString& key, Creator creator);
+    /// Takes a kind out. @return whether it was there
+    bool unregisterCreator(const QString& key);
+
+    /// A new module; null when the kind is not known.
+    std::unique_ptr<MO_Module> create(const QString& key) const;
+    bool contains(const QString& key) const;
+    /// The kinds, sorted.
+    QStringList keys() const;
+
+private:
+    mutable std::mutex _mutex;
+    std::map<QString, Creator> _creators;
+};
+
+/// The factory of the process. It knows the host's own modules from the start.
+QUARVELSCENECORE_EXPORT MO_ModuleFactory& MO_ModuleFactorySingleton();
+
+/// Registers the host's own modules: COMPOSITE, DISPLAY, GLUE, GROUP, READ.
+QUARVELSCENECORE_EXPORT void MO_registerHostModules(MO_ModuleFactory& factory);
