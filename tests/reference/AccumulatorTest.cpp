@@ -61,7 +61,7 @@ TEST(ReferenceMerge16, TheSecondLayerHasAThresholdAndNoComparison)
     EXPECT_EQ(merged(high, RefPixel16{0, 9000, 1024, 0}), high);
     // R: (20000 x 31742 + 32767) >> 15 = 634872767 >> 15 = 19374; + 0. A: (32767 x 31743) >> 15 = 31742; + 1025.
     EXPECT_EQ(merged(high, RefPixel16{0, 0, 1025, 0}), (RefPixel16{19374, 0, 0, 32767}));
-    EXPECT_EQ(merged(high, RefPixel16{0, 5, 32767, 0}), (RefPixel16{5, 0, 0, 32767}));
+    EXPECT_EQ(merged(RefPixel16{20000, 0, 0, 9}, RefPixel16{0, 5, 32767, 0}), (RefPixel16{5, 0, 0, 32767}));
 }
 
 TEST(ReferenceMerge16, TheSecondLayerWorksOnWhatTheFirstLeft)
@@ -89,6 +89,7 @@ TEST(ReferenceMergeFloat, FadesAndAddsWithoutAnUpperLimitForTheValue)
 TEST(ReferenceMergeFloat, FullCoverageStoresExactlyOne)
 {
     EXPECT_EQ(merged(RefPixelFloat{5, 0, 0, 0.5F}, RefPixelFloat{0.25F, 0, 0, 1.5F}), (RefPixelFloat{0.25F, 0, 0, 1}));
+    EXPECT_EQ(merged(RefPixelFloat{5, 0, 0, 0.5F}, RefPixelFloat{0.25F, 0, 0, 1.0F}), (RefPixelFloat{0.25F, 0, 0, 1}));
     EXPECT_EQ(merged(RefPixelFloat{5, 0, 0, 0.5F}, RefPixelFloat{0, 0.5F, 2.0F, 0}), (RefPixelFloat{0.5F, 0, 0, 1}));
 }
 

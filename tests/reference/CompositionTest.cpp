@@ -144,6 +144,7 @@ TEST(ReferenceComposition, PassesOverInputsWithoutObjectPictureOrCoverage)
     EXPECT_EQ(pixel.composed(), RefPixel16{});
 
     OnePixelFloat floats;
+    floats.result(-1, RefPixelFloat{0.5F, 0.5F, 0, 1});
     floats.result(1, RefPixelFloat{0.5F, 0.5F, 0, 1}).input(-1, 1.0F).input(1, 0.0F).input(1, -1.0F).input(2, 1.0F);
     EXPECT_EQ(floats.composed(), RefPixelFloat{});
 }
@@ -229,6 +230,22 @@ TEST(ReferenceElevationOutput, WritesNothingForZeroAndBelow)
     OnePixelFloat floats;
     floats.input(1, 1.0F).result(1, RefPixelFloat{0, 0, 0, 0}, RefRange{0.5F, 2.0F});
     EXPECT_EQ(floats.composed(false), RefPixelFloat{});
+}
+
+TEST(ReferenceElevationOutput, KeepsTheAlphaThatACutLeftUnderAnElevationOfZero)
+{
+    // Object 1 fills all channels with 500, the cut leaves 500 x (1 - 0.5000153) = 249.99 in alpha alone, object 2 has
+    // 0.
+    OnePixel16 pixel;
+    pixel.result(1, RefPixel16{500, 0, 0, 0}, RefRange{0.0F, 1.0F / 32767.0F});
+    pixel.result(2, RefPixel16{0, 0, 0, 0}, RefRange{0.0F, 1.0F / 32767.0F});
+    pixel.input(1, 32767).input(0, 16384).input(2, 32767);
+    EXPECT_EQ(pixel.composed(false), (RefPixel16{0, 0, 0, 249}));
+
+    OnePixelFloat floats;
+    floats.result(1, RefPixelFloat{0.5F, 0, 0, 0}).result(2, RefPixelFloat{});
+    floats.input(1, 1.0F).input(0, 0.5F).input(2, 1.0F);
+    EXPECT_EQ(floats.composed(false), (RefPixelFloat{0, 0, 0, 0.25F}));
 }
 
 TEST(ReferenceElevationOutput, OfAnObjectWithoutAnyPositiveValueIsTheMiddle)

@@ -91,15 +91,31 @@ TEST(ReferenceMask, IsCroppedToTwoPixelsAroundWhatIsPositive)
     EXPECT_EQ(accumulator.at(4, 7).a, 32767);
 }
 
+TEST(ReferenceMaskFloat, IsCroppedInTheSameWay)
+{
+    RefImageFloat accumulator(RefBox{3, 0, 20, 8}, RefBox{0, 0, 20, 8}, 20, 8);
+    accumulator.at(4, 7) = RefPixelFloat{0.5F, 0, 0, 1};
+    const auto mask = makeMaskFloat(accumulator);
+    ASSERT_TRUE(mask.has_value());
+    EXPECT_EQ(mask->box, (RefBox{2, 5, 7, 10}));
+    EXPECT_EQ(mask->at(4, 7), (RefPixelFloat{0.5F, 0, 0, 1}));
+    EXPECT_EQ(mask->at(5, 6), (RefPixelFloat{0, 0, 0, 1}));
+    EXPECT_EQ(mask->at(2, 6), RefPixelFloat{});
+}
+
 TEST(ReferenceGeometryClip, ReachesTwoPixelsInEachDirection)
 {
     RefImage16 mask(RefBox{0, 0, 1, 1});
     mask.at(0, 0) = RefPixel16{1, 0, 0, 32767};
-    EXPECT_TRUE(geometryNear16(mask, 0, 0));
-    EXPECT_TRUE(geometryNear16(mask, 2, 2));
-    EXPECT_TRUE(geometryNear16(mask, -2, 0));
-    EXPECT_FALSE(geometryNear16(mask, 3, 0));
-    EXPECT_FALSE(geometryNear16(mask, 0, -3));
+    RefImageFloat maskFloat(RefBox{0, 0, 1, 1});
+    maskFloat.at(0, 0) = RefPixelFloat{0.01F, 0, 0, 1};
+    for (int y = -3; y <= 3; ++y) {
+        for (int x = -3; x <= 3; ++x) {
+            const bool near = x != -3 && x != 3 && y != -3 && y != 3;
+            EXPECT_EQ(geometryNear16(mask, x, y), near) << x << ", " << y;
+            EXPECT_EQ(geometryNearFloat(maskFloat, x, y), near) << x << ", " << y;
+        }
+    }
 }
 
 TEST(ReferenceGeometryClip, CountsRedAndGreenAboveZeroOnly)

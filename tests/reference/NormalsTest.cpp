@@ -216,6 +216,17 @@ TEST(ReferenceSmoothing, LeavesAPixelWithoutAnyNormalAround)
     EXPECT_EQ(smoothed.at(2, 0), (RefPixel16{0, 0, 32767, 0})) << "empty and alone";
 }
 
+TEST(ReferenceSmoothing, LeavesAFloatPixelWithoutAnyNormalAround)
+{
+    RefImageFloat normals(RefBox{0, 0, 3, 1});
+    normals.at(0, 0) = RefPixelFloat{0.25F, 0.5F, 0.3F, 1};
+    normals.at(1, 0) = RefPixelFloat{0, 0, 1, 0};
+    normals.at(2, 0) = RefPixelFloat{0, 0, 1, 0};
+    const RefImageFloat smoothed = smoothedNormalsFloat(normals);
+    EXPECT_EQ(smoothed.at(1, 0), (RefPixelFloat{0.25F, 0.5F, 1, 0}));
+    EXPECT_EQ(smoothed.at(2, 0), (RefPixelFloat{0, 0, 1, 0}));
+}
+
 TEST(ReferenceNormals, AreSmoothedAtTheHighestQualityOnly)
 {
     RefDepth depth = flat(10.0F);

@@ -121,6 +121,58 @@ TEST(ReferenceRender, TakesRecordsThatAreNotFiniteForNothing)
     EXPECT_EQ(strange.output->pixels, plain.output->pixels);
 }
 
+TEST(ReferenceRender, CountsASmoothnessThatIsNotFiniteAsOne)
+{
+    RefRenderParameters parameters = parametersFor(wideCanvas);
+    parameters.depthInBlue = true;
+    const auto strange = render16({{1, ramp16()}}, {RefObjectRecord{1, 0.0, 1.0, std::nan("")}}, parameters, ramp16());
+    const auto plain = render16({{1, ramp16()}}, {RefObjectRecord{1, 0.0, 1.0, 1.0}}, parameters, ramp16());
+    EXPECT_EQ(strange.output->pixels, plain.output->pixels);
+}
+
+TEST(ReferenceRender, MultipliesElevationByScaleAndTruckFactor)
+{
+    RefRenderParameters parameters = parametersFor(wideCanvas);
+    parameters.truckFactor = 2.0;
+    parameters.elevationScale = 2.0;
+    RefObjectRecord record = flatRecord(1);
+    record.elevation = 0.08;
+    // Depths rise by 6.25 x 0.16 = 1 a column: (-4, 0, 4), x = -0.7071068, 0.2928932 x 16383.5 = 4798.6.
+    EXPECT_EQ(render16({{1, ramp16()}}, {record}, parameters, ramp16()).output->at(3, 2).r, 4799);
+    // With the truck factor by 2: (-8, 0, 4), x = -0.8944272, 0.1055728 x 16383.5 = 1729.7.
+    parameters.useTruckFactor = true;
+    EXPECT_EQ(render16({{1, ramp16()}}, {record}, parameters, ramp16()).output->at(3, 2).r, 1730);
+}
+
+TEST(ReferenceRender, MultipliesSmoothnessByItsScaleAlone)
+{
+    RefRenderParameters parameters = parametersFor(wideCanvas);
+    parameters.depthInBlue = true;
+    parameters.useTruckFactor = true;
+    parameters.truckFactor = 3.0;
+    parameters.elevationSmoothness = 4.0;
+    RefObjectRecord record = flatRecord(1);
+    record.smoothness = 0.5;
+    // The square root of a half: 0.7071068 x 32765 + 1 = 23169.4.
+    EXPECT_EQ(render16({{1, ramp16()}}, {record}, parameters, ramp16()).output->at(3, 2).b, 23169);
+}
+
+TEST(ReferenceRender, CountsInputsAndRecordsInFloatAlike)
+{
+    const RefImageFloat input(RefBox{0, 0, 7, 5}, wideCanvas, 720, 5);
+    RefImageFloat sizeless = input;
+    sizeless.height = 0;
+    const RefRenderParameters parameters = parametersFor(wideCanvas);
+    const auto render =
+        renderFloat({{-1, input}, {0, input}, {2, sizeless}, {3, std::nullopt}, {4, input}}, {}, parameters, input);
+    EXPECT_FALSE(render.output.has_value());
+    EXPECT_EQ(render.accumulators.size(), 1U);
+    EXPECT_TRUE(render.accumulators.contains(4));
+    RefImageFloat narrow = input;
+    narrow.width = 0;
+    EXPECT_TRUE(renderFloat({{2, narrow}}, {}, parameters, input).accumulators.empty());
+}
+
 TEST(ReferenceRender, TurnsARampIntoItsNormals)
 {
     RefRenderParameters parameters = parametersFor(wideCanvas);

@@ -84,7 +84,7 @@ TEST(ReferenceStageMerge16, WritesTheGreyEvenWhereTheTargetHasNoCoverage)
 {
     EXPECT_EQ(merged(RefPixel16{9, 8, 7, 0}, RefPixel16{123, 0, 0, 456}, 1.0, false), (RefPixel16{0, 123, 456, 0}));
     // Scaled by a coverage that counts as 0, nothing of it is left.
-    EXPECT_EQ(merged(RefPixel16{9, 8, 7, -9}, RefPixel16{123, 0, 0, 456}, 1.0, true), RefPixel16{});
+    EXPECT_EQ(merged(RefPixel16{9, 8, 7, -32767}, RefPixel16{123, 0, 0, 456}, 1.0, true), RefPixel16{});
 }
 
 TEST(ReferenceStageMerge16, PassesOverASourceWithoutCoverage)
@@ -163,6 +163,12 @@ TEST(ReferenceStageMergeFloat, CutsGreenAndBlueToWholeNumbers)
     // Scaled below 1: 1 x 0.5 is cut to 0.
     EXPECT_EQ(merged(RefPixelFloat{0, 0, 0, 0.5F}, RefPixelFloat{1, 0, 0, 1}, 1.0, true),
               (RefPixelFloat{1, 0, 0, 0.5F}));
+}
+
+TEST(ReferenceStageMergeFloat, WritesTheGreyEvenWhereTheTargetHasNoCoverage)
+{
+    EXPECT_EQ(merged(RefPixelFloat{9, 8, 7, -1}, RefPixelFloat{3, 0, 0, 1}, 1.0, false), (RefPixelFloat{0, 3, 1, 0}));
+    EXPECT_EQ(merged(RefPixelFloat{9, 8, 7, -1}, RefPixelFloat{3, 0, 0, 1}, 1.0, true), RefPixelFloat{});
 }
 
 TEST(ReferenceStageMerge, LeavesAnUnlistedColourAtItsLevelIn16BitAndAtHalfOfItInFloat)

@@ -145,6 +145,53 @@ TEST(ReferenceVolume, WithoutAnyPositiveValueHasOnlyTheReferencesRectangle)
     EXPECT_EQ(range, (RefRange{32767.0F, -1.0F / 65534.0F}));
 }
 
+TEST(ReferenceVolume, BlursClipsAndGrowsInFloatAlike)
+{
+    RefVolumeParameters parameters;
+    parameters.bevel = 4.0;
+    parameters.generateNormals = false;
+    RefRange range;
+    const RefBox canvas{0, 0, 20, 20};
+    RefImageFloat accumulator(canvas, canvas, 20, 20);
+    accumulator.at(1, 1) = RefPixelFloat{1, 0, 0, 1};
+
+    const auto open = buildVolumeFloat(accumulator, RefBox{15, 0, 16, 1}, parameters, range);
+
+    // Mask [-1, 4), grown by 4 to [-5, 8), clipped to [0, 8), grown to the reference's [15, 16) x [0, 1).
+    ASSERT_TRUE(open.has_value());
+    EXPECT_EQ(open->box, (RefBox{0, 0, 16, 8}));
+    EXPECT_NEAR(open->at(1, 1).r, 0.1591549, 1e-7);
+    EXPECT_GT(open->at(4, 1).r, 0.0F);
+    EXPECT_EQ(open->at(15, 7), RefPixelFloat{});
+
+    parameters.clipWithGeometry = true;
+    const auto clipped = buildVolumeFloat(accumulator, RefBox{}, parameters, range);
+    ASSERT_TRUE(clipped.has_value());
+    EXPECT_EQ(clipped->at(4, 1), RefPixelFloat{});
+    EXPECT_EQ(clipped->at(3, 3), open->at(3, 3));
+
+    parameters.generateNormals = true;
+    ASSERT_TRUE(buildVolumeFloat(accumulator, RefBox{}, parameters, range).has_value());
+    EXPECT_EQ(range, (RefRange{0.0F, 1.0F}));
+}
+
+TEST(ReferenceVolume, WithoutABevelDoesNotBlurInFloatEither)
+{
+    RefVolumeParameters parameters;
+    parameters.bevel = 0.0;
+    parameters.generateNormals = false;
+    RefRange range;
+    RefImageFloat accumulator(RefBox{0, 0, 1, 1});
+    accumulator.at(0, 0) = RefPixelFloat{0.5F, 0, 0, 1};
+    const RefBlurFloat blur = [](const RefImageFloat&, double) -> RefImageFloat {
+        throw std::logic_error("blurred without a bevel");
+    };
+    const auto result = buildVolumeFloat(accumulator, RefBox{}, parameters, range, blur);
+    ASSERT_TRUE(result.has_value());
+    EXPECT_EQ(result->box, (RefBox{-2, -2, 3, 3}));
+    EXPECT_EQ(result->at(0, 0), (RefPixelFloat{0.5F, 0, 0, 1}));
+}
+
 TEST(ReferenceVolume, IsTheSameInStepsFromAGivenBlur)
 {
     RefVolumeParameters parameters;
