@@ -9,8 +9,9 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
-#ifdef Q_OS_UNIX
 #include <cerrno>
+
+#ifdef Q_OS_UNIX
 #include <cstring>
 #include <unistd.h>
 #endif
@@ -25,12 +26,10 @@ public:
     /// True when the disk has everything that was written.
     bool sync()
     {
-        if (!flush())
-            return remember(errorString());
 #ifdef Q_OS_UNIX
         // Some file systems cannot be forced to write; that is no failure.
         if (::fsync(handle()) != 0 && errno != EINVAL && errno != ENOTSUP && errno != EROFS)
-            return remember(QString::fromLocal8Bit(std::strerror(errno)));
+            remember(QString::fromLocal8Bit(std::strerror(errno)));
 #endif
         return !_failed;
     }
@@ -41,7 +40,7 @@ public:
     }
     bool diskIsFull() const
     {
-        return error() == QFileDevice::ResourceError;
+        return _diskIsFull;
     }
 
 protected:
@@ -59,15 +58,21 @@ protected:
     }
 
 private:
-    bool remember(const QString& reason)
+    // Right after the failure, while errno tells which kind it is. The first one explains those that follow.
+    void remember(const QString& reason)
     {
-        if (!_failed)
-            _reason = reason;
+        if (_failed)
+            return;
+        _diskIsFull = errno == ENOSPC;
+#ifdef Q_OS_UNIX
+        _diskIsFull = _diskIsFull || errno == EDQUOT;
+#endif
+        _reason = reason;
         _failed = true;
-        return false;
     }
 
     bool _failed = false;
+    bool _diskIsFull = false;
     QString _reason;
 };
 

@@ -5,7 +5,7 @@
 
 #include "QuarvelImageIO/IIO_AtomicFile.h"
 #include "QuarvelImageIO/private/IIO_ExrStream.h"
-#include "QuarvelImageIO/private/IIO_Samples.h"
+#include "QuarvelImageIO/IIO_Samples.h"
 
 #include <OpenEXR/ImfChannelList.h>
 #include <OpenEXR/ImfFrameBuffer.h>
@@ -42,23 +42,18 @@ std::optional<Math::Box2di> houseBox(const Imath::Box2i& box)
     return Math::Box2di(box.min.x, box.min.y, box.max.x + 1, box.max.y + 1);
 }
 
-Imf::Compression compressionOf(IIO_Compression compression)
+void setCompression(Imf::Header& header, IIO_Compression compression)
 {
-    switch (compression) {
-    case IIO_Compression::NONE:
-        return Imf::NO_COMPRESSION;
-    case IIO_Compression::FAST:
-        return Imf::ZIPS_COMPRESSION;
-    case IIO_Compression::SMALL:
-        return Imf::ZIP_COMPRESSION;
-    }
-    return Imf::ZIPS_COMPRESSION;
+    constexpr int kFastLevel = 4;
+    constexpr int kSmallLevel = 9;
+    header.compression() = compression == IIO_Compression::NONE ? Imf::NO_COMPRESSION : Imf::ZIP_COMPRESSION;
+    header.zipCompressionLevel() = compression == IIO_Compression::SMALL ? kSmallLevel : kFastLevel;
 }
 
 Imf::Header headerOf(const IIO_Picture& picture, const IIO_WriteOptions& options)
 {
     Imf::Header header(exrBox(picture.displayWindow()), exrBox(picture.dataWindow()));
-    header.compression() = compressionOf(options.compression);
+    setCompression(header, options.compression);
     const Imf::PixelType type = options.exrDepth == IIO_ExrDepth::HALF ? Imf::HALF : Imf::FLOAT;
     for (const QString& channel : picture.channels())
         header.channels().insert(channel.toStdString(), Imf::Channel(type));

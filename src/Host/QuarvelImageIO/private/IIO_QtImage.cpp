@@ -4,7 +4,7 @@
 #include "QuarvelImageIO/private/IIO_QtImage.h"
 
 #include "QuarvelImageIO/IIO_AtomicFile.h"
-#include "QuarvelImageIO/private/IIO_Samples.h"
+#include "QuarvelImageIO/IIO_Samples.h"
 
 #include <QImageReader>
 #include <QImageWriter>
