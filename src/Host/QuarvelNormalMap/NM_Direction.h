@@ -1,0 +1,36 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The direction that a pixel of the node's output stores, as a vector of unit length. Everything that is made of the
+// normals (pictures, light) starts here, so that all agree on what a pixel without direction means.
+#pragma once
+
+#include "MultiStageKvd/NormalParser.h"
+
+/// The direction of a surface that faces the viewer.
+inline constexpr Math::Vector3d NM_kFacingViewer{0.0, 0.0, 1.0};
+
+/// The pixel's direction in picture coordinates: x right, y down, z towards the viewer; of length 1.
+///
+/// It faces the viewer where the pixel has no direction: where red and green are both zero, which is how the node marks
+/// a pixel that it could give none (covered or not), and where they hold no direction at all.
+///
+/// A component that was exactly zero lies halfway between two codes of a 16-bit channel and is stored as the upper one,
+/// 16384. That code is read as zero here, so that what is flat comes out exactly flat.
+template<typename Pixel>
+Math::Vector3d NM_directionOf(const Pixel& pixel)
+{
+    if (pixel.r == 0 && pixel.g == 0)
+        return NM_kFacingViewer;
+    Math::Vector3d normal = NormalParser_decode(pixel);
+    // Rounding to channels lengthens a vector in the picture's plane by less than this; NaN fails the comparison too.
+    constexpr double kLongest = 1.001;
+    if (!(normal.x * normal.x + normal.y * normal.y <= kLongest))
+        return NM_kFacingViewer;
+    if constexpr (std::is_integral_v<typename CEL_PixelTraits<Pixel>::Channel>) {
+        constexpr int kZeroCode = 16384;
+        normal.x = pixel.r == kZeroCode ? 0.0 : normal.x;
+        normal.y = pixel.g == kZeroCode ? 0.0 : normal.y;
+    }
+    normal.normalize();
+    return normal;
+}

@@ -1,0 +1,49 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Colours leave their coverage here.
+#include "QuarvelNormalMap/NM_DrawingPicture.h"
+
+#include "QuarvelNormalMap/NM_Layout.h"
+#include "QuarvelNormalMap/private/NM_Rows.h"
+#include "QuarvelNormalMap/private/NM_Samples.h"
+
+namespace {
+
+template<typename Sample>
+struct StraightEncoder
+{
+    template<typename Pixel>
+    void operator()(const Pixel& pixel, Sample* samples) const
+    {
+        // Written so that NaN counts as nothing covered.
+        if (!(pixel.a > 0)) {
+            std::fill_n(samples, 4, Sample{});
+            return;
+        }
+        const double coverage = static_cast<double>(pixel.a);
+        samples[0] = NM_fractionToSample<Sample>(static_cast<double>(pixel.r) / coverage);
+        samples[1] = NM_fractionToSample<Sample>(static_cast<double>(pixel.g) / coverage);
+        samples[2] = NM_fractionToSample<Sample>(static_cast<double>(pixel.b) / coverage);
+        samples[3] = NM_clampSample(NM_toSample<Sample>(pixel.a));
+    }
+};
+
+} // namespace
+
+UT_Result<IIO_Picture> NM_drawingPicture(const CEL_PixmapArea& drawing, const Math::Box2di& frame,
+                                         IIO_SampleType samples)
+{
+    auto picture = IIO_Picture::create(samples, frame, frame, IIO_channelsRgba());
+    if (!picture)
+        return picture;
+    picture->metadata() = NM_metadataOf(QStringLiteral("drawing"));
+    const bool encoded = NM_withColours(drawing, [&](const auto& source) {
+        if (samples == IIO_SampleType::UINT16)
+            NM_encodeRows<std::uint16_t>(source, *picture, StraightEncoder<std::uint16_t>{});
+        else
+            NM_encodeRows<float>(source, *picture, StraightEncoder<float>{});
+    });
+    if (!encoded)
+        return UT_Error{QStringLiteral("the drawing has no colours; paint it in 16 bits or in float")};
+    return picture;
+}

@@ -1,0 +1,69 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// From pixmaps to pictures: the dispatch on the pixel's format and the loop over rows that all conversions share.
+#pragma once
+
+#include "QuarvelCelCore/CEL_PixmapArea.h"
+#include "QuarvelImageIO/IIO_Picture.h"
+
+#include <tbb/parallel_for.h>
+
+#include <algorithm>
+
+/// Calls work with the pixmap as what it is.
+///
+/// @return false when the pixmap is of no colour format
+template<typename Work>
+bool NM_withColours(const CEL_PixmapArea& pixmap, const Work& work)
+{
+    if (pixmap.format() == CEL_FORMAT_RGBA16)
+        work(static_cast<const CEL_PixmapAreaRGBA16&>(pixmap));
+    else if (pixmap.format() == CEL_FORMAT_RGBAFLOAT)
+        work(static_cast<const CEL_PixmapAreaRGBAFloat&>(pixmap));
+    else
+        return false;
+    return true;
+}
+
+/// Calls work(row) for every row in [first, end), several at once.
+template<typename Work>
+void NM_forRows(int first, int end, const Work& work)
+{
+    tbb::parallel_for(tbb::blocked_range<int>(first, end), [&](const tbb::blocked_range<int>& rows) {
+        for (int y = rows.begin(); y < rows.end(); ++y)
+            work(y);
+    });
+}
+
+/// Calls visit(i, pixel) for i = 0 .. x2 - x1 - 1 with the pixels of row y from x1 on; a missing one is all zero.
+template<typename Pixel, typename Visit>
+void NM_visitRow(const CEL_PixelStore<Pixel>& source, int y, int x1, int x2, const Visit& visit)
+{
+    const Math::Box2di& held = source.allocatedRect();
+    const bool rowHeld = !held.isEmpty() && y >= held.y1 && y < held.y2;
+    const int first = rowHeld ? std::clamp(held.x1, x1, x2) : x2;
+    const int end = rowHeld ? std::clamp(held.x2, first, x2) : x2;
+    for (int x = x1; x < first; ++x)
+        visit(x - x1, Pixel{});
+    if (first < end) {
+        const std::span<const Pixel> pixels = source.row(y);
+        for (int x = first; x < end; ++x)
+            visit(x - x1, pixels[static_cast<std::size_t>(x - held.x1)]);
+    }
+    for (int x = end; x < x2; ++x)
+        visit(x - x1, Pixel{});
+}
+
+/// Calls encode(pixel, samples) for every pixel of the picture's data window, with the pixmap's pixel and the picture's
+/// samples.
+template<typename Sample, typename Pixel, typename Encode>
+void NM_encodeRows(const CEL_PixelStore<Pixel>& source, IIO_Picture& picture, const Encode& encode)
+{
+    const Math::Box2di window = picture.dataWindow();
+    const int channels = picture.channelCount();
+    NM_forRows(window.y1, window.y2, [&](int y) {
+        Sample* samples = picture.row<Sample>(y).data();
+        NM_visitRow(source, y, window.x1, window.x2,
+                    [&](int i, const Pixel& pixel) { encode(pixel, samples + std::ptrdiff_t{i} * channels); });
+    });
+}
