@@ -1,0 +1,181 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// An exact Euclidean nearest-pixel transform in two passes, after A. Meijster, J. Roerdink and W. Hesselink, "A general
+// algorithm for computing distance transforms in linear time" (2000): first, in every column, the nearest covered row;
+// then, in every row, the lower envelope of the parabolas that these distances stand for. All in integers, so that
+// nothing depends on rounding.
+#include "QuarvelNormalMap/NM_Padding.h"
+
+#include "QuarvelNormalMap/private/NM_Rows.h"
+
+#include <cstdlib>
+#include <vector>
+
+namespace {
+
+constexpr int kNone = -1;
+
+// For every pixel, the nearest covered row in its column, counted from the picture's first; the upper one of two.
+class NearestRows
+{
+public:
+    template<typename Sample>
+    static NearestRows of(const IIO_Picture& picture)
+    {
+        NearestRows result(picture.width(), picture.height());
+        for (int y = 0; y < picture.height(); ++y)
+            result.sweepDown(y, picture.row<Sample>(picture.dataWindow().y1 + y));
+        for (int y = picture.height() - 2; y >= 0; --y)
+            result.sweepUp(y);
+        return result;
+    }
+
+    std::span<const int> row(int y) const { return {_rows.data() + offset(y), static_cast<std::size_t>(_width)}; }
+
+private:
+    NearestRows(int width, int height)
+        : _width(width), _rows(static_cast<std::size_t>(width) * static_cast<std::size_t>(height))
+    {}
+
+    std::size_t offset(int y) const { return static_cast<std::size_t>(y) * static_cast<std::size_t>(_width); }
+
+    template<typename Sample>
+    void sweepDown(int y, std::span<const Sample> pixels)
+    {
+        int* here = _rows.data() + offset(y);
+        const int* above = y == 0 ? nullptr : here - _width;
+        for (std::size_t x = 0; x < static_cast<std::size_t>(_width); ++x) {
+            const bool covered = pixels[4 * x + 3] > 0;
+            const int inherited = above ? above[x] : kNone;
+            here[x] = covered ? y : inherited;
+        }
+    }
+
+    void sweepUp(int y)
+    {
+        int* here = _rows.data() + offset(y);
+        const int* below = here + _width;
+        for (int x = 0; x < _width; ++x)
+            if (below[x] != kNone && (here[x] == kNone || below[x] - y < y - here[x]))
+                here[x] = below[x];
+    }
+
+    int _width;
+    std::vector<int> _rows;
+};
+
+// The columns of one row that are nearest to some pixel of it, from left to right.
+class Envelope
+{
+public:
+    explicit Envelope(int width)
+    {
+        _columns.reserve(static_cast<std::size_t>(width));
+        _starts.reserve(static_cast<std::size_t>(width));
+    }
+
+    // rows: the nearest covered row of every column; columns farther from y than the distance are left out.
+    void build(std::span<const int> rows, int y, int distance)
+    {
+        _columns.clear();
+        _starts.clear();
+        _rows = rows;
+        _y = y;
+        for (int column = 0; column < static_cast<int>(rows.size()); ++column)
+            if (rows[static_cast<std::size_t>(column)] != kNone && std::abs(verticalDistance(column)) <= distance)
+                add(column);
+    }
+
+    bool isEmpty() const { return _columns.empty(); }
+    std::size_t size() const { return _columns.size(); }
+    int column(std::size_t i) const { return _columns[i]; }
+    // The first pixel to which column(i) is the nearest.
+    std::int64_t start(std::size_t i) const { return _starts[i]; }
+
+    std::int64_t squaredDistance(std::int64_t x, int column) const
+    {
+        const std::int64_t dx = x - column;
+        const std::int64_t dy = verticalDistance(column);
+        return dx * dx + dy * dy;
+    }
+
+private:
+    int verticalDistance(int column) const { return _rows[static_cast<std::size_t>(column)] - _y; }
+
+    void add(int column)
+    {
+        // A column is out of the race when the new one beats it at the very first pixel that it would win.
+        while (!_columns.empty() &&
+               squaredDistance(_starts.back(), _columns.back()) > squaredDistance(_starts.back(), column)) {
+            _columns.pop_back();
+            _starts.pop_back();
+        }
+        const std::int64_t start = _columns.empty() ? 0 : firstWon(_columns.back(), column);
+        if (start < static_cast<std::int64_t>(_rows.size())) {
+            _columns.push_back(column);
+            _starts.push_back(start);
+        }
+    }
+
+    // The first pixel that is nearer to the right column than to the left one.
+    std::int64_t firstWon(int left, int right) const
+    {
+        const std::int64_t numerator = squaredDistance(0, right) - squaredDistance(0, left);
+        const std::int64_t denominator = 2 * (std::int64_t{right} - left);
+        const std::int64_t quotient = numerator / denominator;
+        const bool roundedUp = numerator % denominator < 0;
+        return quotient - (roundedUp ? 1 : 0) + 1;
+    }
+
+    std::vector<int> _columns;
+    std::vector<std::int64_t> _starts;
+    std::span<const int> _rows;
+    int _y = 0;
+};
+
+template<typename Sample>
+void padRow(IIO_Picture& picture, const Envelope& envelope, std::span<const int> rows, int y, int distance)
+{
+    const int firstRow = picture.dataWindow().y1;
+    const std::span<Sample> pixels = picture.row<Sample>(firstRow + y);
+    const std::int64_t furthest = std::int64_t{distance} * distance;
+    std::size_t i = envelope.size() - 1;
+    for (int x = picture.width() - 1; x >= 0; --x) {
+        while (x < envelope.start(i))
+            --i;
+        Sample* target = pixels.data() + 4 * static_cast<std::size_t>(x);
+        const int column = envelope.column(i);
+        if (target[3] > 0 || envelope.squaredDistance(x, column) > furthest)
+            continue;
+        const auto sourceRow = firstRow + rows[static_cast<std::size_t>(column)];
+        std::copy_n(picture.row<Sample>(sourceRow).data() + 4 * static_cast<std::size_t>(column), 3, target);
+    }
+}
+
+// Rows are padded in parallel: only pixels without coverage are written, and only pixels with coverage are copied.
+template<typename Sample>
+void pad(IIO_Picture& picture, int distance)
+{
+    const NearestRows nearest = NearestRows::of<Sample>(picture);
+    tbb::parallel_for(tbb::blocked_range<int>(0, picture.height()), [&](const tbb::blocked_range<int>& range) {
+        Envelope envelope(picture.width());
+        for (int y = range.begin(); y < range.end(); ++y) {
+            envelope.build(nearest.row(y), y, distance);
+            if (!envelope.isEmpty())
+                padRow<Sample>(picture, envelope, nearest.row(y), y, distance);
+        }
+    });
+}
+
+} // namespace
+
+void NM_padColours(IIO_Picture& picture, int distance)
+{
+    assert(picture.channels() == IIO_channelsRgba());
+    if (distance <= 0)
+        return;
+    if (picture.sampleType() == IIO_SampleType::UINT16)
+        pad<std::uint16_t>(picture, distance);
+    else
+        pad<float>(picture, distance);
+}
