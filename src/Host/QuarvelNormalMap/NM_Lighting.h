@@ -1,0 +1,55 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Lights a drawing by its normals: what a compositor or a game engine makes of them, as a picture to look at.
+//
+// The model: a pixel's colour is multiplied by the ambient light plus, for every light, its colour times the cosine of
+// the angle between the normal and the direction to the light (Lambert), nothing where the surface looks away. A
+// highlight may be added: strength times the cosine between the normal and the direction halfway between light and
+// viewer, raised to the power of the sharpness (Blinn). All of this in linear light; the result is encoded as sRGB and
+// clamped. Coverage stays the drawing's.
+//
+// With the default settings a surface that faces the viewer keeps its own colour, so that only what has volume changes.
+#pragma once
+
+#include "QuarvelNormalMap/NM_Surface.h"
+
+#include <array>
+
+/// Amounts of red, green and blue light, linear; 1 is full, more is allowed.
+using NM_LightColour = std::array<float, 3>;
+
+/// A light from far away.
+struct NM_Light
+{
+    /// Where the light comes from in the picture's plane, in degrees counterclockwise: 0 right, 90 above, 135 upper
+    /// left.
+    double azimuth = 135.0;
+    /// How far it stands above the picture's plane, in degrees: 0 grazing, 90 from the viewer, negative from behind.
+    double height = 45.0;
+    NM_LightColour colour = {1.0F, 1.0F, 1.0F};
+};
+
+/// All lights of a picture.
+struct NM_LightingSettings
+{
+    std::vector<NM_Light> lights = {NM_Light{}};
+    /// What the default light leaves of full light on a surface that faces the viewer: 1 - sin 45 degrees.
+    NM_LightColour ambient = {0.29289323F, 0.29289323F, 0.29289323F};
+    /// The strength of highlights, 0 (none) and up.
+    float highlight = 0.0F;
+    /// How small and hard highlights are: 1 (broad) to some hundreds.
+    float sharpness = 32.0F;
+};
+
+/// The lit drawing as a picture of 16-bit samples, straight sRGB colours and the drawing's coverage; metadata:
+/// "Software", and "Layout" with the value "lit".
+///
+/// @return an error when the picture does not fit in memory
+QUARVELNORMALMAP_EXPORT UT_Result<IIO_Picture> NM_litPicture(const NM_Surface& surface,
+                                                             const NM_LightingSettings& settings);
+
+/// The lit drawing for a screen: bytes R G B A, straight, rows without gaps.
+///
+/// @param bytes 4 x width x height of them
+QUARVELNORMALMAP_EXPORT void NM_light(const NM_Surface& surface, const NM_LightingSettings& settings,
+                                      std::span<std::uint8_t> bytes);
