@@ -32,6 +32,13 @@ struct Plane
     void set(int x, int y, double value) { values.at(index(x, y)) = value; }
 };
 
+/// The weight of offset d, which lies d places from the middle.
+double weightAt(const std::vector<double>& weights, int d)
+{
+    const int place = static_cast<int>(weights.size() / 2) + d;
+    return weights.at(static_cast<std::size_t>(place));
+}
+
 Plane blurredPlane(const Plane& input, double sigma)
 {
     if (input.box.empty()) {
@@ -46,7 +53,7 @@ Plane blurredPlane(const Plane& input, double sigma)
         for (int x = grown.x1; x < grown.x2; ++x) {
             double sum = 0.0;
             for (int d = -reach; d <= reach; ++d) {
-                sum += weights.at(static_cast<std::size_t>(d + reach)) * input.get(x + d, y);
+                sum += weightAt(weights, d) * input.get(x + d, y);
             }
             alongRows.set(x, y, sum);
         }
@@ -57,7 +64,7 @@ Plane blurredPlane(const Plane& input, double sigma)
         for (int x = grown.x1; x < grown.x2; ++x) {
             double sum = 0.0;
             for (int d = -reach; d <= reach; ++d) {
-                sum += weights.at(static_cast<std::size_t>(d + reach)) * alongRows.get(x, y + d);
+                sum += weightAt(weights, d) * alongRows.get(x, y + d);
             }
             result.set(x, y, sum);
         }

@@ -17,7 +17,7 @@ double saturatedCoverage16(std::int16_t alpha)
 
 double saturatedCoverageFloat(float alpha)
 {
-    const double a = static_cast<double>(alpha);
+    const auto a = static_cast<double>(alpha);
     return a >= 0.9999 ? 1.0 : a;
 }
 

@@ -77,7 +77,7 @@ std::int16_t stageLevel16(double objectLevel)
     if (product >= least && product <= greatest) {
         whole = static_cast<std::int32_t>(product);
     }
-    const std::int32_t q = static_cast<std::int32_t>(static_cast<std::uint32_t>(whole) & 0xFFU);
+    const auto q = static_cast<std::int32_t>(static_cast<std::uint32_t>(whole) & 0xFFU);
     if (q == 0) {
         return 0;
     }
