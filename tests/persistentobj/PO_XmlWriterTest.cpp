@@ -128,15 +128,15 @@ RC_GTEST_PROP(PO_XmlWriter, KeepsAnyTextInsideOfAnElement, ())
 
 TEST(PO_XmlWriter, KeepsATextOfWhiteSpaceAlone)
 {
-    for (const char* blank : {" ", "\n", "\t \n", "   "}) {
+    for (const char* blank : {" ", "\n", "\t \n", "   ", "\r", "\r\n", "\u00a0", "\u2028"}) {
         QString xml;
         PO_XmlWriter writer(xml);
         writer.startElement(QStringLiteral("a"));
-        writer.text(QString::fromLatin1(blank));
+        writer.text(QString::fromUtf8(blank));
         writer.endElement();
         UT_Result<QDomDocument> document = PO_parseDocument(xml.toUtf8(), QStringLiteral("test"));
         ASSERT_TRUE(document.ok());
-        EXPECT_EQ(PO_text(document->documentElement()), QString::fromLatin1(blank));
+        EXPECT_EQ(PO_text(document->documentElement()), QString::fromUtf8(blank));
     }
 }
 

@@ -13,11 +13,6 @@ namespace {
 
 constexpr int kIndent = 2;
 
-bool isXmlSpace(QChar c)
-{
-    return c == u' ' || c == u'\t' || c == u'\n';
-}
-
 } // namespace
 
 PO_XmlWriter::PO_XmlWriter(QIODevice& device) : _stream(&device)
@@ -95,12 +90,10 @@ void PO_XmlWriter::text(const QString& value)
 {
     if (value.isEmpty())
         return;
-    // Readers drop a text that is nothing but white space, so its first character is escaped.
-    const bool blank = std::all_of(value.begin(), value.end(), isXmlSpace);
-    QString escaped = PO_escape(value);
-    if (blank)
-        escaped.replace(0, 1, XmlCharacters::escapeOf(value[0]));
-    escapedText(escaped);
+    // Readers drop a text that is nothing but white space (of any kind that Unicode knows), so its first character is
+    // escaped.
+    const bool blank = std::all_of(value.begin(), value.end(), [](QChar c) { return c.isSpace(); });
+    escapedText(blank ? XmlCharacters::escapeOf(value[0]) + PO_escape(value.mid(1)) : PO_escape(value));
 }
 
 void PO_XmlWriter::escapedAttribute(const QString& name, const QString& value)
