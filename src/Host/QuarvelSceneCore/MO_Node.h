@@ -25,7 +25,7 @@ class QUARVELSCENECORE_EXPORT MO_Node : public XUListener, public PIO_XmlWritabl
 {
 public:
     /// More ports of one kind than this a node never has.
-    static constexpr unsigned kMaxPorts = 1000;
+    static constexpr unsigned kMaxPorts = 10000;
 
     MO_Node();
     ~MO_Node() override;
@@ -44,8 +44,8 @@ public:
 
     /// The node's own name, any text; unique in its scene. Empty only for a node that was never part of a scene.
     const QString& instanceName() const { return _instanceName; }
-    /// Renames the node. When another node of the scene has that name, or it is empty, a number is added that makes it
-    /// unique ("Peg", "Peg_1", "Peg_2").
+    /// Renames the node. Within a graph an empty name becomes the keyword, and a name that another node has gets a
+    /// number that makes it unique ("Peg", "Peg_1", "Peg_2").
     void setInstanceName(const QString& name);
 
     /// The group whose graph the node is part of; null when it is part of none.

@@ -57,7 +57,6 @@ public:
 
     AT_Attr* findAttr(const QString& path) const override;
     QString pathOf(const AT_Attr& attr) const override;
-    QString uniqueName(const QString& wanted, const MO_Node* except) const override;
     void nodeRenamed() override;
 
     /// "scene".
@@ -66,6 +65,9 @@ public:
     void writeXmlSubnodes(PO_XmlWriter& writer) const override;
 
 private:
+    void readCamera(const QDomElement& camera, QStringList* warnings);
+
     std::unique_ptr<XUGroup> _root;
     PO_UnknownXml _unknown;
+    PO_UnknownXml _unknownCamera;
 };

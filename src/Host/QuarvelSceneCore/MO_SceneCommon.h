@@ -19,7 +19,6 @@
 #include <vector>
 
 class AT_DoubleAttr;
-class MO_Node;
 
 /// The common part of a scene. Tells its listeners after every change of the scene. See MO_Node.h for threads.
 class QUARVELSCENECORE_EXPORT MO_SceneCommon : public XUTeller, public AT_LinkScope, private XUListener
@@ -60,8 +59,6 @@ public:
     /// Takes a palette out; nothing happens when it is not there.
     void removePalette(const CM_SharedPtr<CM_Palette>& palette);
 
-    /// A name that no node of the scene has, other than the one given: the wanted name itself or with a number added.
-    virtual QString uniqueName(const QString& wanted, const MO_Node* except) const = 0;
     /// A node was renamed; links to its attributes follow.
     virtual void nodeRenamed() = 0;
     /// Something about a node changed.

@@ -40,7 +40,7 @@ public:
     /// The context of questions about one of the module's input ports.
     MO_PortContext portContext(int port) const;
 
-    /// The cel that was delivered to an input port; null when none was.
+    /// The cel that is delivered to an input port, during that port's turn; null when none is.
     CA_CelRef inputCel(int port) const;
     /// For the renderer: delivers a cel to an input port; null takes it back.
     void setInputCel(int port, const CA_CelRef& cel);

@@ -21,7 +21,9 @@
 #include "QuarvelSceneCore/MO_GroupBorderModule.h"
 #include "QuarvelSceneCore/MO_Module.h"
 
-#include <span>
+#include <QHash>
+
+#include <optional>
 
 /// A module that holds modules, which belong to it.
 class QUARVELSCENECORE_EXPORT XUGroup : public MO_Module
@@ -103,9 +105,28 @@ protected:
     bool parseXmlSubnode(const QDomElement& element, QStringList* warnings) override;
 
 private:
+    friend class MO_Node;
+
+    const XUGroup& outermost() const;
+    XUGroup& outermost();
+    QString claimName(MO_Node& node, const QString& wanted);
+    void claimNames(MO_Module& module);
+    void releaseNames(MO_Module& module);
+    void releaseName(const QString& name);
+    bool mayAddFreePorts(unsigned count);
+    UT_Result<void> readModule(const QDomElement& element, QHash<QString, MO_Module*>& byFileName,
+                               QStringList* warnings);
+    void readLink(const QDomElement& element, const QHash<QString, MO_Module*>& byFileName, QStringList* warnings);
+
     MO_SceneCommon* _scene = nullptr;
     std::unique_ptr<MO_GroupBorderModule> _entry;
     std::unique_ptr<MO_GroupBorderModule> _exit;
     std::vector<std::unique_ptr<MO_Module>> _modules;
     PO_UnknownXml _unknownGraph;
+    std::optional<UT_Error> _graphError;
+    // Of the outermost group alone: all names, and the number to try first when a name is taken.
+    QHash<QString, MO_Module*> _names;
+    QHash<QString, int> _nextNumbers;
+    // Of the outermost group alone: how many ports more a file may ask for that nothing is linked to.
+    int _freePortsLeft = 100000;
 };

@@ -1,0 +1,131 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The Object Definition node and the request that carries its settings to whoever renders the drawings.
+#include "ObjectDefinition/ObjectDefinition.h"
+
+#include "ObjectDefinition/ObjectDefinitionEntry.h"
+#include "ObjectDefinition/ObjectDefinitionMessage.h"
+#include "QuarvelSceneCore/AT_BoolAttr.h"
+#include "QuarvelSceneCore/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/AT_IntAttr.h"
+#include "QuarvelSceneCore/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/MO_RenderingRequestService.h"
+#include "QuarvelSceneCore/RD_ScriptContext.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+const AT_AttrMeta kNumberMeta(QStringLiteral("ObjectNumber"), QStringLiteral("Object Number"));
+const AT_DoubleAttrMeta kLevelMeta(QStringLiteral("ObjectLevel"), QStringLiteral("Object Level"),
+                                   QStringLiteral("DBL_STEP_LEVEL"), 0.0, 1.0, 0.0, 1.0, 0.05);
+const AT_AttrMeta kScaleMeta(QStringLiteral("ScaleByCoverage"), QStringLiteral("Scale by Coverage"));
+const AT_AttrMeta kEnabledMeta(QStringLiteral("ObjectEnabled"), QStringLiteral("Object Enabled"));
+
+// Says by its presence that an object is switched off.
+class DisableEntry final : public CEL_Message
+{};
+
+// Reads the node at the frame of each drawing, since number and level may be animated.
+class Handler final : public MO_RenderingRequestHandler
+{
+public:
+    explicit Handler(const ObjectDefinition& definition) : _definition(definition) {}
+
+    void processDrawing(BaseContext& context) override
+    {
+        const double frame = context.frameKey().frame;
+        if (!context.findObject(ObjectDefinition::objectDefinitionMessageId()))
+            context.addObject(ObjectDefinition::objectDefinitionMessageId(),
+                              UT_makeShared<ObjectDefinitionEntry>(_definition.objectId(frame),
+                                                                   _definition.objectLevel()->value(frame),
+                                                                   _definition.scaleByCoverage()->value(frame)));
+        if (!_definition.objectEnabled()->value(frame))
+            context.addObject(ObjectDefinition::objectDisableMessageId(), UT_makeShared<DisableEntry>());
+    }
+
+private:
+    const ObjectDefinition& _definition;
+};
+
+// Is in the factory as long as the library is loaded.
+class Registration
+{
+public:
+    Registration()
+    {
+        MO_ModuleFactorySingleton().registerCreator(ObjectDefinition::Keyword(),
+                                                    [] { return std::make_unique<ObjectDefinition>(); });
+    }
+    Registration(const Registration&) = delete;
+    Registration& operator=(const Registration&) = delete;
+    ~Registration() { MO_ModuleFactorySingleton().unregisterCreator(ObjectDefinition::Keyword()); }
+};
+
+const Registration kRegistration;
+
+} // namespace
+
+ObjectDefinition::ObjectDefinition()
+    : _objectNumber(new AT_IntAttr(kNumberMeta, nullptr, AT_IntAttr::LINKABLE, 1))
+    , _objectLevel(new AT_DoubleAttr(kLevelMeta, nullptr, AT_DoubleAttr::LINKABLE, 1.0, QString()))
+    , _scaleByCoverage(new AT_BoolAttr(kScaleMeta, false))
+    , _objectEnabled(new AT_BoolAttr(kEnabledMeta, true))
+{
+    registerAttr(_objectNumber);
+    registerAttr(_objectLevel);
+    registerAttr(_scaleByCoverage);
+    registerAttr(_objectEnabled);
+    addInImagePort();
+}
+
+ObjectDefinition::~ObjectDefinition() = default;
+
+QString ObjectDefinition::Keyword()
+{
+    return QStringLiteral("OBJECT_DEFINITION");
+}
+
+int ObjectDefinition::objectId(double frame) const
+{
+    return _objectNumber->value(frame);
+}
+
+int ObjectDefinition::objectId(const ObjectDefinition* definition, double frame)
+{
+    return definition ? definition->objectId(frame) : -1;
+}
+
+const UT_DynKey& ObjectDefinition::objectDefinitionMessageId()
+{
+    static const UT_DynKey key("object definition");
+    return key;
+}
+
+const UT_DynKey& ObjectDefinition::objectDisableMessageId()
+{
+    static const UT_DynKey key("object disabled");
+    return key;
+}
+
+QString ObjectDefinition::keyword() const
+{
+    return Keyword();
+}
+
+QString ObjectDefinition::baseDisplayName() const
+{
+    return QCoreApplication::translate("ObjectDefinition", "Object-Definition");
+}
+
+void ObjectDefinition::insertRenderingRequestForSrcPort(RD_ScriptContext& context, int port)
+{
+    MO_Module::insertRenderingRequestForSrcPort(context, port);
+    if (enabled())
+        context.insertRequest(MO_RenderingRequestService::createRenderingRequest(this, createRequestHandler()));
+}
+
+std::unique_ptr<MO_RenderingRequestHandler> ObjectDefinition::createRequestHandler()
+{
+    return std::make_unique<Handler>(*this);
+}
