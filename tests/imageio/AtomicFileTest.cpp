@@ -88,7 +88,7 @@ TEST_F(AtomicFile, AWriteAfterTheFailedOneDoesNotHideIt)
     const FileSizeLimit limit(50000);
     IIO_AtomicFile file(path(QStringLiteral("f")));
     ASSERT_TRUE(file.open().ok());
-    file.device().write(QByteArray(60000, 'x'));
+    EXPECT_EQ(file.device().write(QByteArray(60000, 'x')), 60000);
     file.device().seek(0);
     file.device().write("y");
     EXPECT_FALSE(file.commit().ok());

@@ -46,14 +46,13 @@ public:
 protected:
     qint64 writeData(const char* data, qint64 length) override
     {
-        for (qint64 written = 0; written < length;) {
+        for (qint64 written = 0; written < length && !_failed;) {
             const qint64 step = QSaveFile::writeData(data + written, length - written);
-            if (step <= 0) {
+            if (step <= 0)
                 remember(errorString());
-                return -1;
-            }
             written += step;
         }
+        // Encoders are not told: some of them leak memory or print when a write fails. commit() tells.
         return length;
     }
 

@@ -28,7 +28,8 @@ public:
     /// when a file is there that may not be written
     UT_Result<void> open();
 
-    /// Where to write; seekable. A write that fails or is cut short is remembered, and commit() then fails.
+    /// Where to write; seekable. A write that fails or is cut short is remembered; it and those that follow look as if
+    /// they had succeeded, and commit() fails.
     QIODevice& device();
 
     /// Forces what was written to the disk and gives the file its name.

@@ -4,8 +4,8 @@
 #include "QuarvelImageIO/IIO_ExrFile.h"
 
 #include "QuarvelImageIO/IIO_AtomicFile.h"
-#include "QuarvelImageIO/private/IIO_ExrStream.h"
 #include "QuarvelImageIO/IIO_Samples.h"
+#include "QuarvelImageIO/private/IIO_ExrStream.h"
 
 #include <OpenEXR/ImfChannelList.h>
 #include <OpenEXR/ImfFrameBuffer.h>
