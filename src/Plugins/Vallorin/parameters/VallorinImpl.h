@@ -1,0 +1,30 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The record of the node's attributes: where the rest of the module finds each of them by name.
+#pragma once
+
+#include "node/Vallorin.h"
+
+class AT_BoolAttr;
+class AT_DoubleAttr;
+
+/// The ten attributes of a node. They belong to the node that they are registered with; the record only knows them.
+struct Vallorin::Impl
+{
+    /// Makes the attributes and registers them with the node, in the order in which editors show them.
+    ///
+    /// @param owner outlives the record
+    explicit Impl(MO_Node& owner);
+
+    MO_Node* node;
+    AT_StringAttr* colorInformation;      ///< the colour table as text
+    AT_StringAttr* objectList;            ///< the object table as text
+    AT_DoubleAttr* blurScale;             ///< multiplies every bevel; 0 to 10
+    AT_DoubleAttr* elevationScale;        ///< multiplies every elevation; 0 to 10
+    AT_DoubleAttr* elevationSmoothness;   ///< multiplies every smoothness; 0.1 to 128
+    AT_BoolAttr* generateNormals;         ///< off: the output is the elevation itself
+    AT_BoolAttr* useTruckFactor;          ///< whether bevels and elevations grow as the camera moves in
+    AT_BoolAttr* depthInBlue;             ///< whether the blue channel holds the elevation
+    AT_BoolAttr* clipBlurredWithGeometry; ///< whether bevels end where the drawing does
+    NormalQuality* normalQuality;
+};
