@@ -1,0 +1,53 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// How a drawing on its way down is wrapped for the node.
+#include "node/VallorinRequestHandler.h"
+
+#include "ObjectDefinition/ObjectDefinition.h"
+#include "ObjectDefinition/ObjectDefinitionEntry.h"
+#include "ObjectDefinition/ObjectDefinitionMessage.h"
+#include "node/ObjectAlgoRenderStage.h"
+
+namespace {
+
+/// The entry of the definition that counts for the drawing; a cut-out at full level when there is none.
+UT_SharedPtr<ObjectDefinitionEntry> definitionOf(const MO_RenderingRequestHandler::BaseContext& context)
+{
+    const auto entry = context.findObject(ObjectDefinition::objectDefinitionMessageId());
+    const auto definition = entry.dynamicCast<ObjectDefinitionEntry>();
+    return definition ? definition : UT_makeShared<ObjectDefinitionEntry>(0, 1.0, false);
+}
+
+} // namespace
+
+VallorinRequestHandler::VallorinRequestHandler(const QString& colorInformation) : _colorInformation(colorInformation) {}
+
+VallorinRequestHandler::~VallorinRequestHandler() = default;
+
+void VallorinRequestHandler::processDrawing(BaseContext& context)
+{
+    if (!context.drawing())
+        return;
+    const UT_SharedPtr<CELVEC_Kvd> vectors = context.drawing()->findBestVectorRepresentation();
+    if (context.findObject(ObjectDefinition::objectDisableMessageId())) {
+        context.drawing() = UT_makeShared<CEL_Cel>();
+        return;
+    }
+    if (!vectors)
+        return;
+
+    const auto definition = definitionOf(context);
+    const int identifier = std::max(0, definition->identifier());
+    std::vector<VallorinAttributes::ColorInformation> colours;
+    VallorinAttributes::getColorInformation(_colorInformation, colours);
+
+    const auto staged = MultiStageKvd::embed(vectors);
+    staged->addStage(UT_makeShared<ObjectAlgoRenderStage>(context.frameKey().frame, identifier,
+                                                          definition->scaleByCoverage(), definition->objectLevel(),
+                                                          std::move(colours)));
+    const auto cel = UT_makeShared<CEL_Cel>();
+    cel->setRepresentation(staged);
+    cel->addMessage(ObjectDefinition::objectDefinitionMessageId(),
+                    UT_makeShared<ObjectDefinitionMessage>(identifier, 0.0, 0.0));
+    context.drawing() = cel;
+}
