@@ -44,6 +44,18 @@ std::vector<node_render::PortRenderInfo> inputsOf(MO_Module& module)
     return inputs;
 }
 
+// The output port that makes the picture which a module delivers: behind its first input when the module is disabled or
+// has no output, behind its exit when it is a group.
+const MO_Port* deliveringPort(MO_Module& module)
+{
+    const auto behind = [](const MO_Port* input) { return input ? input->realSrcPort() : nullptr; };
+    if (!module.enabled() || module.nOutPorts() == 0)
+        return behind(module.inPort(0));
+    if (const auto* group = dynamic_cast<const XUGroup*>(&module))
+        return behind(group->exit().inPort(0));
+    return module.outPort(0);
+}
+
 } // namespace
 
 RD_FrameRender::RD_FrameRender(double frame, const RD_RenderParameters& parameters,
@@ -55,24 +67,13 @@ RD_FrameRender::RD_FrameRender(double frame, const RD_RenderParameters& paramete
 
 CA_CelRef RD_FrameRender::render(MO_Module& module)
 {
-    // What the module delivers is found behind an input port where it does not make a picture itself: a disabled module
-    // and one without output show their first input, a group what comes to its exit.
-    const MO_Port* source = module.outPort(0);
-    const MO_Port* const start = !module.enabled() || !source ? module.inPort(0)
-                                 : dynamic_cast<const XUGroup*>(&module)
-                                     ? static_cast<XUGroup&>(module).exit().inPort(0)
-                                     : nullptr;
-    if (start)
-        source = start->realSrcPort();
-    else if (!module.enabled())
-        source = nullptr;
+    const MO_Port* const source = deliveringPort(module);
     if (!source || !source->module())
         return nullptr;
     _script.scriptPorts(*source->module());
     if (_script.isTooDeep())
         throw Aborted{tooDeepText()};
-    const CA_CelRef cel = renderSource(*source, _script.renderJob().canvas(), nullptr, Span{0.0, 1.0});
-    return cel;
+    return renderSource(*source, _script.renderJob().canvas(), nullptr, Span{0.0, 1.0});
 }
 
 RD_FrameRender::Span RD_FrameRender::Span::part(std::size_t index, std::size_t count) const
