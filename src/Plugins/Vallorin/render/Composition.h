@@ -1,0 +1,52 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The composition: every input port's coverage, in ascending order of ports, brings its object's result into the
+// output.
+//
+// A pixel of the output depends on the inputs and results at that pixel alone, and they are combined in one fixed
+// order, so it does not matter how the rows are dealt out to threads.
+#pragma once
+
+#include "render/VallorinRenderHandler.h"
+
+#include <tbb/blocked_range.h>
+
+/// What one range of output rows needs. Ranges write disjoint rows and read what nobody changes meanwhile.
+template<typename Pixel>
+class VallorinRenderHandler::BasicAccumFunctor
+{
+public:
+    using Pixmap = CEL_PixmapOf<Pixel>;
+    using TypedMap = std::map<int, UT_SharedPtr<Pixmap>>;
+
+    /// Inputs and results of another format than the output's count as absent.
+    BasicAccumFunctor(const VallorinRenderHandler& handler, Pixmap& output, const PixmapMap& inputs,
+                      const PixmapMap& results);
+
+    /// Composes the rows of the range.
+    void operator()(const tbb::blocked_range<int>& rows) const;
+
+private:
+    struct PortRow;
+
+    void composeRow(int y) const;
+    void composePort(int y, int port, const Pixmap& input) const;
+    void cutOut(const PortRow& row) const;
+    void blendNormals(const PortRow& row, int objectId) const;
+    void raise(const PortRow& row, int objectId) const;
+    Math::Box2di commonColumns(int y, const Pixmap& input, const Pixmap* result) const;
+
+    const VallorinRenderHandler& _handler;
+    int _x1;
+    int _x2;
+    Pixmap& _output;
+    TypedMap _inputs;
+    TypedMap _results;
+    const std::vector<int>* _portIds;
+    bool _generateNormals;
+    bool _depthInBlue;
+};
+
+/// Composes the whole output, rows in parallel.
+void composeOutput(const VallorinRenderHandler& handler, CEL_PixmapArea& output,
+                   const VallorinRenderHandler::PixmapMap& inputs, const VallorinRenderHandler::PixmapMap& results);

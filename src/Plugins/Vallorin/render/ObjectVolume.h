@@ -1,0 +1,31 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The pipeline of one object, from its accumulator to what the composition shows of it: mask, blur, clip, elevation,
+// normals.
+#pragma once
+
+#include "QuarvelCelCore/CEL_PixmapArea.h"
+
+#include <utility>
+
+/// Builds an object's result.
+///
+/// @param reference       the picture that the result must cover; gives nothing else
+/// @param bevel           in units of which the picture is 720 wide; no blur and no clipping at 0 and below
+/// @param resolutionX     the picture's width in pixels
+/// @param generateNormals false: the result is the blurred mask itself, its elevation in R
+/// @param elevation       1.0 rises 37.5 of 720 units of the canvas's width
+/// @param objectPixmap    the accumulator; it is not changed
+/// @param range           receives offset and scale that bring R to 0 .. 1 when normals are off, and (0, 1) when they
+/// are on; untouched
+///                        when there is no result
+/// @param quality         a value of NormalPasses
+/// @param smoothness      the exponent of the profile is its inverse
+/// @param clip            whether the blur is taken back where there is no drawing near
+/// @return null when a pixmap is missing, when their formats are not the same colour format, or when the accumulator
+/// holds no pixels
+UT_SharedPtr<CEL_PixmapArea> buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel,
+                                               int resolutionX, bool generateNormals, double elevation,
+                                               const UT_SharedPtr<CEL_PixmapArea>& objectPixmap,
+                                               std::pair<float, float>& range, int quality, double smoothness,
+                                               bool clip);

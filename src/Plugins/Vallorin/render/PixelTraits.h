@@ -1,0 +1,120 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Where the 16-bit and the float variant of an algorithm differ, side by side. Everything else is one template over the
+// pixel.
+#pragma once
+
+#include "QuarvelCelCore/CEL_PixmapArea.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+template<typename Pixel>
+struct VolumeTraits;
+
+/// Signed 16-bit channels, 32767 is full.
+template<>
+struct VolumeTraits<CEL_PixelRGBA16>
+{
+    using Pixel = CEL_PixelRGBA16;
+    using Channel = std::int16_t;
+    static constexpr Channel kFull = 32767;
+
+    // Merging of inputs (CoverageMerge.h).
+
+    static bool isFull(Channel coverage) { return coverage == kFull; }
+    static bool isSecondLayer(Channel coverage) { return coverage > 1024; }
+
+    static Channel mergeValue(Channel below, Channel coverage, Channel value)
+    {
+        return clampSum(fade(below, coverage) + value);
+    }
+    static Channel mergeCoverage(Channel below, Channel coverage) { return clampSum(fade(below, coverage) + coverage); }
+
+    // The mask (CoverageMask.h).
+
+    static Channel weighted(Channel value, Channel coverage)
+    {
+        return static_cast<Channel>(value * (coverage / 32767.0));
+    }
+
+    // The elevation (ElevationDepth.h).
+
+    static bool isElevated(Channel value) { return value >= 1; }
+    static Channel storedElevation(float x) { return static_cast<Channel>(x * 32765.0 + 1.0); }
+
+    // The composition (Composition.h).
+
+    static double coverageOf(Channel alpha) { return alpha / 32767.0; }
+    static constexpr double kSaturated = 0.99;
+    static Channel channelOfId(int objectId) { return static_cast<Channel>(objectId); }
+    static Channel cutAlpha(Channel alpha, double coverage) { return static_cast<Channel>(alpha * (1.0 - coverage)); }
+    static Channel fullAlpha(double coverage) { return static_cast<Channel>(coverage * 32767.0); }
+    static Channel blendAlpha(Channel alpha, double coverage)
+    {
+        const double sum = alpha * (1.0 - coverage) + coverage * 32767.0;
+        return static_cast<Channel>(std::min(32767, std::max(0, static_cast<int>(sum))));
+    }
+    /// A component of a blended normal is truncated, unlike one that was computed from depths.
+    static Channel blendedComponent(double n) { return static_cast<Channel>((n + 1.0) * 0.5 * 32767.0); }
+    /// Only the low 16 bits are kept: what lies below the offset wraps.
+    static Channel normalised(Channel value, float offset, float scale)
+    {
+        return static_cast<Channel>(static_cast<std::int32_t>((static_cast<float>(value) - offset) * scale * 32767.0F));
+    }
+
+    /// A component of a normal as it is stored: the nearest integer, halves away from zero.
+    static Channel component(double n)
+    {
+        const double scaled = (n + 1.0) * 0.5 * 32767.0;
+        const auto whole = static_cast<std::int32_t>(scaled);
+        return static_cast<Channel>(std::min(32767, whole + (scaled - whole >= 0.5 ? 1 : 0)));
+    }
+
+private:
+    static int fade(int below, int coverage) { return (below * (32767 - coverage) + 32767) >> 15; }
+    static Channel clampSum(int sum) { return static_cast<Channel>(std::clamp(sum, -32767, 32767)); }
+};
+
+/// Float channels, 1.0 is full.
+template<>
+struct VolumeTraits<CEL_PixelRGBAFloat>
+{
+    using Pixel = CEL_PixelRGBAFloat;
+    using Channel = float;
+    static constexpr Channel kFull = 1.0F;
+
+    static bool isFull(Channel coverage) { return coverage >= 1.0F; }
+    static bool isSecondLayer(Channel coverage) { return coverage > 0.0F; }
+
+    static Channel mergeValue(Channel below, Channel coverage, Channel value)
+    {
+        return static_cast<Channel>(below * (1.0 - coverage) + value);
+    }
+    static Channel mergeCoverage(Channel below, Channel coverage)
+    {
+        return static_cast<Channel>(std::clamp(below * (1.0 - coverage) + coverage, 0.0, 1.0));
+    }
+
+    static Channel weighted(Channel value, Channel coverage) { return value * coverage; }
+
+    static bool isElevated(Channel value) { return value > 0.0F; }
+    static Channel storedElevation(float x) { return x; }
+
+    static double coverageOf(Channel alpha) { return alpha; }
+    static constexpr double kSaturated = 0.9999;
+    /// Float output has no object numbers.
+    static Channel channelOfId(int) { return 0.0F; }
+    static Channel cutAlpha(Channel alpha, double coverage) { return static_cast<Channel>(alpha * (1.0 - coverage)); }
+    static Channel fullAlpha(double coverage) { return static_cast<Channel>(coverage); }
+    /// Truncated to a whole number: a blended alpha is 0.0 or 1.0.
+    static Channel blendAlpha(Channel alpha, double coverage)
+    {
+        return static_cast<Channel>(std::clamp(std::trunc((1.0 - coverage) * alpha + coverage), 0.0, 1.0));
+    }
+    static Channel blendedComponent(double n) { return static_cast<Channel>((n + 1.0) * 0.5); }
+    static Channel normalised(Channel value, float offset, float scale) { return (value - offset) * scale; }
+
+    static Channel component(double n) { return static_cast<Channel>((n + 1.0) * 0.5); }
+};

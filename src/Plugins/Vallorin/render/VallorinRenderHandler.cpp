@@ -1,0 +1,162 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The render: inputs are merged as they come; at the end every listed object is built and all of them are composed.
+#include "render/VallorinRenderHandler.h"
+
+#include "ObjectDefinition/ObjectDefinition.h"
+#include "ObjectDefinition/ObjectDefinitionMessage.h"
+#include "QuarvelCelCore/CEL_PixmapFactory.h"
+#include "QuarvelSceneCore/MO_SoftRenderServices.h"
+#include "objects/ObjectDefinitionDiscovery.h"
+#include "parameters/VallorinAttributes.h"
+#include "render/Composition.h"
+#include "render/CoverageMerge.h"
+#include "render/ObjectVolume.h"
+
+#include <cmath>
+#include <cstdio>
+
+namespace {
+
+constexpr int kNoObject = -1;
+constexpr int kCutOut = 0;
+
+// The table's text may say "inf" or "nan"; a render takes neither.
+double finiteOr(double value, double otherwise)
+{
+    return std::isfinite(value) ? value : otherwise;
+}
+
+void mergeInto(CEL_PixmapArea& accumulator, const CEL_PixmapArea& input)
+{
+    if (auto* const accumulator16 = dynamic_cast<CEL_PixmapAreaRGBA16*>(&accumulator))
+        mergeCoverage<CEL_PixelRGBA16>(*accumulator16, dynamic_cast<const CEL_PixmapAreaRGBA16&>(input));
+    else if (auto* const accumulatorFloat = dynamic_cast<CEL_PixmapAreaRGBAFloat*>(&accumulator))
+        mergeCoverage<CEL_PixelRGBAFloat>(*accumulatorFloat, dynamic_cast<const CEL_PixmapAreaRGBAFloat&>(input));
+}
+
+bool isRenderFormat(int format)
+{
+    return format == CEL_FORMAT_RGBA16 || format == CEL_FORMAT_RGBAFLOAT;
+}
+
+} // namespace
+
+VallorinRenderHandler::VallorinRenderHandler(double frame, const CompositeModuleInterface& module,
+                                             const std::vector<node_render::PortRenderInfo>& ports)
+    : MO_CompositeModuleBitmapHandler(module, ports)
+{
+    for (const node_render::PortRenderInfo& port : ports) {
+        const ObjectDefinition* definition = ObjectDefinitionDiscovery::findObjectDefinition(port.sourceModule);
+        const int id = definition ? ObjectDefinition::objectId(definition, frame) : kNoObject;
+        portObjectIds.push_back(id);
+        objectAccumulators.try_emplace(id);
+    }
+}
+
+VallorinRenderHandler::~VallorinRenderHandler() = default;
+
+void VallorinRenderHandler::softRender(MO_SoftContext& context, int port)
+{
+    MO_CompositeModuleBitmapHandler::softRender(context, port);
+    ++currentInput;
+}
+
+void VallorinRenderHandler::acceptInputCel(const MO_SoftContext& context, CA_CelRef cel)
+{
+    if (!cel)
+        return;
+    takeMessage(*cel);
+    const UT_SharedPtr<CEL_PixmapArea> input = cel->convertTo(context.mainCelFormat2d())->pixmap();
+    const int objectId = currentObjectId();
+    if (!input || objectId < 0)
+        return;
+    if (objectId != kCutOut)
+        accumulate(context, objectId, input);
+    inputPixmaps[currentInput] = input->clone();
+}
+
+// What travels with the cel knows better than the graph which object it shows.
+void VallorinRenderHandler::takeMessage(const CEL_Cel& cel)
+{
+    const auto message =
+        cel.findMessage(ObjectDefinition::objectDefinitionMessageId()).dynamicCast<ObjectDefinitionMessage>();
+    if (message && currentInput < static_cast<int>(portObjectIds.size()))
+        portObjectIds[static_cast<std::size_t>(currentInput)] = message->objectId();
+}
+
+int VallorinRenderHandler::currentObjectId() const
+{
+    const auto index = static_cast<std::size_t>(currentInput);
+    return index < portObjectIds.size() ? portObjectIds[index] : kNoObject;
+}
+
+void VallorinRenderHandler::accumulate(const MO_SoftContext& context, int objectId,
+                                       const UT_SharedPtr<CEL_PixmapArea>& input)
+{
+    if (!isRenderFormat(input->format()))
+        return;
+    UT_SharedPtr<CEL_PixmapArea>& accumulator = objectAccumulators[objectId];
+    const bool hasArea = input->size().width >= 1 && input->size().height >= 1;
+    if (!accumulator && hasArea)
+        accumulator = CEL_PixmapFactory::create2d(context.mainCelFormat2d(), input->size(), context.outputRect());
+    if (accumulator && hasArea)
+        mergeInto(*accumulator, *input);
+}
+
+void VallorinRenderHandler::finishRender(const MO_SoftContext& context, CA_CelRef delivered)
+{
+    std::vector<VallorinAttributes::ObjectInformation> objects;
+    VallorinAttributes::getObjectInformation(objectInformation, objects);
+    std::printf("###### FINISHING VALLORIN %d models %d objects to render\n",
+                static_cast<int>(objectAccumulators.size()), static_cast<int>(objects.size()));
+    if (objects.empty() || !delivered) {
+        MO_SoftRenderServices::setBlankCel(context, 0);
+        return;
+    }
+    const UT_SharedPtr<CEL_PixmapArea> reference = delivered->getWorkingCopy(context.mainCelFormat2d())->pixmap();
+    if (!reference) {
+        MO_SoftRenderServices::setBlankCel(context, 0);
+        return;
+    }
+    const PixmapMap results = buildVolumes(context, reference);
+    auto output = UT_makeShared<CEL_Cel>();
+    output->setRepresentation(compose(context, *reference, results));
+    setCel(context, output);
+}
+
+VallorinRenderHandler::PixmapMap VallorinRenderHandler::buildVolumes(const MO_SoftContext& context,
+                                                                     const UT_SharedPtr<CEL_PixmapArea>& reference)
+{
+    std::vector<VallorinAttributes::ObjectInformation> objects;
+    VallorinAttributes::getObjectInformation(objectInformation, objects);
+    const double truckFactor = useTruckFactor ? context.portContext(0).truckFactor() : 1.0;
+    PixmapMap results;
+    for (const VallorinAttributes::ObjectInformation& object : objects) {
+        const auto accumulator = objectAccumulators.find(object.objectId);
+        if (object.objectId < 1 || accumulator == objectAccumulators.end() || !accumulator->second)
+            continue;
+        const double bevel = finiteOr(object.bevelSize, 0.0) * blurScale * truckFactor;
+        const double elevation = finiteOr(object.elevation, 0.0) * truckFactor * elevationScale;
+        const double smoothness = finiteOr(object.elevationSmoothness, 1.0) * elevationSmoothness;
+        std::pair<float, float>& range = elevationRanges[object.objectId];
+        results[object.objectId] = buildObjectVolume(
+            reference, finiteOr(bevel, 0.0), context.resolutionX(), generateNormals, finiteOr(elevation, 0.0),
+            accumulator->second, range, normalQuality, finiteOr(smoothness, 1.0), clipBlurredWithGeometry);
+    }
+    return results;
+}
+
+UT_SharedPtr<CEL_PixmapArea> VallorinRenderHandler::compose(const MO_SoftContext& context,
+                                                            const CEL_PixmapArea& reference,
+                                                            const PixmapMap& results) const
+{
+    auto output = CEL_PixmapFactory::create2d(context.mainCelFormat2d(), reference.size(), reference.canvasRect());
+    Math::Box2di rect;
+    for (const auto& [id, result] : results)
+        if (result)
+            rect.add(result->allocatedRect());
+    output->realloc(rect, true);
+    composeOutput(*this, *output, inputPixmaps, results);
+    return output;
+}

@@ -1,0 +1,65 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// VallorinRenderHandler: turns the node's input cels into its one output cel (VolumeModel.h). One is made for each
+// render, filled with a snapshot of the node's attributes, given one cel per input port in port order, and asked for
+// the output at the end.
+#pragma once
+
+#include "QuarvelSceneCore/MO_CompositeModuleBitmapHandler.h"
+
+#include <QString>
+
+#include <map>
+#include <utility>
+#include <vector>
+
+/// The render of one frame of the node. Used by one thread; the composition alone runs on several.
+class VallorinRenderHandler final : public MO_CompositeModuleBitmapHandler
+{
+public:
+    /// Composes output rows of one format; see Composition.h.
+    template<typename Pixel>
+    class BasicAccumFunctor;
+    using AccumFunctor = BasicAccumFunctor<CEL_PixelRGBA16>;
+    using AccumFunctorFloat = BasicAccumFunctor<CEL_PixelRGBAFloat>;
+
+    using PixmapMap = std::map<int, UT_SharedPtr<CEL_PixmapArea>>;
+
+    /// Finds the object definition behind every input port and takes its number at the frame.
+    VallorinRenderHandler(double frame, const CompositeModuleInterface& module,
+                          const std::vector<node_render::PortRenderInfo>& ports);
+    ~VallorinRenderHandler() override;
+
+    /// Books each delivered cel against the next port, delivered or not.
+    void softRender(MO_SoftContext& context, int port) override;
+
+    int currentInput = 0;           ///< the port whose cel is being delivered
+    PixmapMap objectAccumulators;   ///< object number to all of its inputs merged
+    std::vector<int> portObjectIds; ///< object number of each port: -1 ignored, 0 a cut-out, 1 up a volume
+    PixmapMap inputPixmaps;         ///< port to its input in the render's format
+    std::map<int, std::pair<float, float>> elevationRanges; ///< object number to the offset and scale of its elevation
+
+    // The node's attributes at the frame.
+    QString colorInformation;
+    QString objectInformation;
+    double blurScale = 1.0;
+    double elevationScale = 1.0;
+    double elevationSmoothness = 1.0;
+    bool generateNormals = true;
+    bool useTruckFactor = false;
+    bool depthInBlue = false;
+    bool clipBlurredWithGeometry = true;
+    int normalQuality = 0;
+
+protected:
+    void acceptInputCel(const MO_SoftContext& context, CA_CelRef cel) override;
+    void finishRender(const MO_SoftContext& context, CA_CelRef delivered) override;
+
+private:
+    void takeMessage(const CEL_Cel& cel);
+    int currentObjectId() const;
+    void accumulate(const MO_SoftContext& context, int objectId, const UT_SharedPtr<CEL_PixmapArea>& input);
+    PixmapMap buildVolumes(const MO_SoftContext& context, const UT_SharedPtr<CEL_PixmapArea>& reference);
+    UT_SharedPtr<CEL_PixmapArea> compose(const MO_SoftContext& context, const CEL_PixmapArea& reference,
+                                         const PixmapMap& results) const;
+};
