@@ -1,0 +1,133 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// One drawing after the other: read, render, write. What goes wrong with one is said and does not stop the others.
+#include "NormalMapCommand.h"
+
+#include "OutputFiles.h"
+#include "ProgressLine.h"
+#include "QuarvelPlugInManager/PLUG_Manager.h"
+#include "SilencedOutput.h"
+#include "WritePictures.h"
+#include "jobs/ReadDrawing.h"
+
+#include <cstdio>
+#include <new>
+
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kWrongUsage = 2;
+
+// How much of a drawing's time its steps take, roughly.
+constexpr double kReadEnds = 0.05;
+constexpr double kRenderEnds = 0.75;
+
+void say(const QString& what)
+{
+    std::fprintf(stderr, "quarvel: %s\n", qPrintable(what));
+}
+
+class DrawingRun
+{
+public:
+    DrawingRun(const NormalMapOptions& options, ProgressLine& line, qsizetype index)
+        : _options(options), _line(line), _drawing(options.drawings[index]), _index(index)
+    {}
+
+    UT_Result<void> run(const OutputFiles& files)
+    {
+        show(0.0);
+        UT_Result<ReadDrawing> read = readDrawing(_drawing, _options.settings.grouping);
+        if (!read)
+            return read.error();
+        for (const QString& warning : read->warnings)
+            warn(warning);
+        show(kReadEnds);
+        if (UT_Result<void> made = makeFolders(files); !made)
+            return made;
+        const auto rendered = renderNormalMap(read->drawing, _options.settings, wantedPictures(_options, files),
+                                              part(kReadEnds, kRenderEnds));
+        if (!rendered)
+            return rendered.error();
+        return writePictures(*rendered, _options, files, _drawing, part(kRenderEnds, 1.0));
+    }
+
+private:
+    void show(double done)
+    {
+        const auto count = static_cast<double>(_options.drawings.size());
+        _line.show((static_cast<double>(_index) + done) / count, _drawing);
+    }
+
+    JobProgress part(double from, double to)
+    {
+        return [this, from, to](double done) {
+            show(from + (to - from) * done);
+            return true;
+        };
+    }
+
+    void warn(const QString& warning)
+    {
+        _line.clear();
+        say(QStringLiteral("%1: warning: %2").arg(_drawing, warning));
+    }
+
+    const NormalMapOptions& _options;
+    ProgressLine& _line;
+    const QString& _drawing;
+    qsizetype _index;
+};
+
+UT_Result<void> runOne(DrawingRun run, const OutputFiles& files)
+{
+    try {
+        return run.run(files);
+    } catch (const std::bad_alloc&) {
+        return UT_Error{QStringLiteral("the memory is not enough; choose a smaller size")};
+    }
+}
+
+int runAll(const NormalMapOptions& options, const std::vector<OutputFiles>& files)
+{
+    ProgressLine line(options.progress);
+    int exitCode = 0;
+    for (qsizetype i = 0; i < options.drawings.size(); ++i) {
+        const OutputFiles& own = files[static_cast<std::size_t>(i)];
+        const UT_Result<void> done = runOne(DrawingRun(options, line, i), own);
+        line.clear();
+        if (done) {
+            std::printf("%s -> %s\n", qPrintable(options.drawings[i]), qPrintable(own.normalMap));
+            continue;
+        }
+        say(QStringLiteral("%1: %2").arg(options.drawings[i], done.error().text));
+        exitCode = kFailed;
+    }
+    return exitCode;
+}
+
+} // namespace
+
+int runNormalMapCommand(const QStringList& words)
+{
+    const UT_Result<NormalMapOptions> options = parseNormalMapOptions(words);
+    if (!options) {
+        say(options.error().text);
+        return kWrongUsage;
+    }
+    if (options->help) {
+        std::fputs(qPrintable(normalMapHelp()), stdout);
+        return 0;
+    }
+    const UT_Result<std::vector<OutputFiles>> files = outputFiles(*options);
+    if (!files) {
+        say(files.error().text);
+        return kWrongUsage;
+    }
+    if (const UT_Result<QStringList> loaded = PLUG_Manager::loadAll(PLUG_Manager::defaultFolder()); !loaded) {
+        say(loaded.error().text);
+        return kFailed;
+    }
+    const SilencedOutput silenced(options->quiet);
+    return runAll(*options, *files);
+}

@@ -1,0 +1,12 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// "quarvel normalmap": turns drawings into normal maps, one after the other.
+#pragma once
+
+#include <QStringList>
+
+/// Runs the command.
+///
+/// @param words what stands behind "normalmap"
+/// @return the exit code: 0 when every drawing was done, 1 when one was not, 2 when the words made no sense
+int runNormalMapCommand(const QStringList& words);

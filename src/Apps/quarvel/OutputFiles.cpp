@@ -1,0 +1,90 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Names of output files.
+#include "OutputFiles.h"
+
+#include "QuarvelImageIO/IIO_PictureFile.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QHash>
+
+namespace {
+
+struct Place
+{
+    QString named;  // what the command line says; empty: nothing
+    QString ending; // what is added to the drawing's name
+    bool wanted;
+};
+
+QString besideOrIn(const QString& drawing, const QString& folder, const QString& ending)
+{
+    const QFileInfo info(drawing);
+    const QDir where = folder.isEmpty() ? info.dir() : QDir(folder);
+    return QDir::cleanPath(where.filePath(info.completeBaseName() + ending + QStringLiteral(".png")));
+}
+
+QString fileFor(const QString& drawing, const Place& place, bool isFolder)
+{
+    if (!place.wanted)
+        return {};
+    if (place.named.isEmpty() || isFolder || QFileInfo(place.named).isDir())
+        return besideOrIn(drawing, place.named, place.ending);
+    return place.named;
+}
+
+UT_Result<void> checkFormat(const QString& file)
+{
+    if (file.isEmpty())
+        return {};
+    const auto format = IIO_pictureFormatOf(file);
+    return format ? UT_Result<void>() : format.error();
+}
+
+} // namespace
+
+UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options)
+{
+    const bool several = options.drawings.size() > 1;
+    const Place normalMap{options.output, QStringLiteral("_n"), true};
+    const Place elevation{options.elevation, QStringLiteral("_e"), !options.elevation.isEmpty()};
+    const Place lit{options.lit, QStringLiteral("_lit"), !options.lit.isEmpty()};
+    const Place picture{options.drawingPicture, QStringLiteral("_drawing"), !options.drawingPicture.isEmpty()};
+
+    QHash<QString, QString> takenBy;
+    for (const QString& drawing : options.drawings)
+        takenBy.insert(QFileInfo(drawing).absoluteFilePath(), drawing);
+
+    std::vector<OutputFiles> all;
+    for (const QString& drawing : options.drawings) {
+        const OutputFiles files{fileFor(drawing, normalMap, several), fileFor(drawing, elevation, several),
+                                fileFor(drawing, lit, several), fileFor(drawing, picture, several)};
+        for (const QString& file : {files.normalMap, files.elevation, files.lit, files.drawing}) {
+            if (UT_Result<void> known = checkFormat(file); !known)
+                return known.error();
+            const QString path = QFileInfo(file).absoluteFilePath();
+            if (!file.isEmpty() && takenBy.contains(path))
+                return UT_Error{
+                    QStringLiteral("%1 would be written over for %2 and is taken by %3; give them different names "
+                                   "or folders")
+                        .arg(file, drawing, takenBy.value(path))};
+            if (!file.isEmpty())
+                takenBy.insert(path, drawing);
+        }
+        all.push_back(files);
+    }
+    return all;
+}
+
+UT_Result<void> makeFolders(const OutputFiles& files)
+{
+    for (const QString& file : {files.normalMap, files.elevation, files.lit, files.drawing}) {
+        if (file.isEmpty())
+            continue;
+        const QString folder = QFileInfo(file).absolutePath();
+        if (!QDir().mkpath(folder))
+            return UT_Error{QStringLiteral("the folder %1 cannot be made; choose one where you may write").arg(folder)};
+    }
+    return {};
+}

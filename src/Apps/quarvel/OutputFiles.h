@@ -1,0 +1,31 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Which files a run writes: the names follow from the drawing's own and from what the command line says.
+#pragma once
+
+#include "NormalMapOptions.h"
+
+#include <vector>
+
+/// The files of one drawing; an empty name: not written.
+struct OutputFiles
+{
+    QString normalMap;
+    QString elevation;
+    QString lit;
+    QString drawing;
+};
+
+/// The files of every drawing, in the order of the drawings.
+///
+/// One drawing: what the options name, or NAME_n.png beside it. Several: the options name folders, in which the files
+/// are called NAME_n.png, NAME_e.png, NAME_lit.png and NAME_drawing.png; an existing folder is taken as one for a
+/// single drawing as well.
+///
+/// @return an error when two files would have the same name, an output would replace a drawing, or a name's ending is
+/// not that of a
+///         picture format
+UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options);
+
+/// Makes the folders that the files go into.
+UT_Result<void> makeFolders(const OutputFiles& files);

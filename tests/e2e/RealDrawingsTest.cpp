@@ -1,0 +1,71 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// More than a thousand drawings that nobody here drew, each through the whole program with the plug-in loaded as a
+// plug-in: every one renders, and the normal map covers what the drawing covers.
+#include "jobs/NormalMapJob.h"
+#include "jobs/ReadDrawing.h"
+
+#include <QDirIterator>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int kSize = 256;
+constexpr int kAtLeast = 1000;
+
+// Files of a moderate size, in a fixed order.
+QStringList realDrawings()
+{
+    QStringList drawings;
+    QDirIterator files(QStringLiteral(REAL_DRAWINGS), {QStringLiteral("*.svg")}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext())
+        drawings.append(files.next());
+    drawings.sort();
+    return drawings;
+}
+
+// A coverage of 0.99 and more counts as full, and every object on top rounds down once.
+int largestDifference(const RenderedPictures& pictures)
+{
+    const auto node = pictures.node.dynamicCast<CEL_PixmapAreaRGBA16>();
+    const auto drawing = pictures.drawing.dynamicCast<CEL_PixmapAreaRGBA16>();
+    int largest = 0;
+    for (int y = 0; y < kSize; ++y)
+        for (int x = 0; x < pictures.frame.width(); ++x) {
+            const CEL_PixelRGBA16* of = node->find(x, y);
+            const CEL_PixelRGBA16* wanted = drawing->find(x, y);
+            largest = std::max(largest, std::abs((of ? of->a : 0) - (wanted ? wanted->a : 0)));
+        }
+    return largest;
+}
+
+class RealDrawing : public testing::TestWithParam<int>
+{};
+
+} // namespace
+
+// The set is dealt into shares, so that the machine's cores may take one each.
+constexpr int kShares = 8;
+
+TEST_P(RealDrawing, RendersAndCoversWhatTheDrawingCovers)
+{
+    const QStringList drawings = realDrawings();
+    ASSERT_GE(drawings.size(), kAtLeast) << "the package with the drawings is missing: ./dev test installs it";
+    NormalMapSettings settings;
+    settings.size = QSize(kSize, kSize);
+    for (qsizetype i = GetParam(); i < drawings.size(); i += kShares) {
+        SCOPED_TRACE(drawings[i].toStdString());
+        const UT_Result<ReadDrawing> read = readDrawing(drawings[i], ObjectGrouping::AUTO);
+        ASSERT_TRUE(read) << read.error().text.toStdString();
+        const auto rendered =
+            renderNormalMap(read->drawing, settings, {.elevation = false, .drawing = true, .blueAsSet = false});
+        ASSERT_TRUE(rendered) << rendered.error().text.toStdString();
+        const auto layers = static_cast<int>(read->drawing.layers.size());
+        EXPECT_LE(largestDifference(*rendered), 328 + 2 * layers);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Shares, RealDrawing, testing::Range(0, kShares));

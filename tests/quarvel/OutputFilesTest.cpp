@@ -1,0 +1,93 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Where the pictures of a run go.
+#include "OutputFiles.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using testing::HasSubstr;
+
+namespace {
+
+NormalMapOptions optionsFor(const QStringList& drawings)
+{
+    NormalMapOptions options;
+    options.drawings = drawings;
+    return options;
+}
+
+std::string errorOf(const NormalMapOptions& options)
+{
+    const auto files = outputFiles(options);
+    return files ? std::string("no error") : files.error().text.toStdString();
+}
+
+} // namespace
+
+TEST(OutputFiles, LieBesideTheDrawingUnlessNamed)
+{
+    const auto files = outputFiles(optionsFor({"art/hero.v2.svg"}));
+    ASSERT_TRUE(files);
+    EXPECT_EQ(files->front().normalMap, "art/hero.v2_n.png");
+    EXPECT_TRUE(files->front().elevation.isEmpty());
+    EXPECT_TRUE(files->front().lit.isEmpty());
+    EXPECT_TRUE(files->front().drawing.isEmpty());
+}
+
+TEST(OutputFiles, OfOneDrawingAreCalledWhatTheOptionsSay)
+{
+    NormalMapOptions options = optionsFor({"hero.svg"});
+    options.output = "out/map.exr";
+    options.elevation = "out/height.png";
+    const auto files = outputFiles(options);
+    ASSERT_TRUE(files);
+    EXPECT_EQ(files->front().normalMap, "out/map.exr");
+    EXPECT_EQ(files->front().elevation, "out/height.png");
+}
+
+TEST(OutputFiles, OfSeveralDrawingsGoIntoTheNamedFolders)
+{
+    NormalMapOptions options = optionsFor({"a.svg", "b.svg"});
+    options.output = "maps";
+    options.lit = "lit";
+    const auto files = outputFiles(options);
+    ASSERT_TRUE(files);
+    EXPECT_EQ((*files)[0].normalMap, "maps/a_n.png");
+    EXPECT_EQ((*files)[1].normalMap, "maps/b_n.png");
+    EXPECT_EQ((*files)[1].lit, "lit/b_lit.png");
+}
+
+TEST(OutputFiles, OfOneDrawingGoIntoAFolderThatExists)
+{
+    const QTemporaryDir folder;
+    NormalMapOptions options = optionsFor({"hero.svg"});
+    options.output = folder.path();
+    const auto files = outputFiles(options);
+    ASSERT_TRUE(files);
+    EXPECT_EQ(files->front().normalMap, QDir(folder.path()).filePath("hero_n.png"));
+}
+
+TEST(OutputFiles, RefuseToMeetInOneName)
+{
+    NormalMapOptions options = optionsFor({"left/hero.svg", "right/hero.svg"});
+    options.output = "maps";
+    EXPECT_THAT(errorOf(options), HasSubstr("maps/hero_n.png"));
+}
+
+TEST(OutputFiles, RefuseToReplaceADrawing)
+{
+    NormalMapOptions options = optionsFor({"hero.png"});
+    options.output = "hero.png";
+    EXPECT_THAT(errorOf(options), HasSubstr("hero.png"));
+}
+
+TEST(OutputFiles, SayWhichFormatsThereAre)
+{
+    NormalMapOptions options = optionsFor({"hero.svg"});
+    options.output = "hero.psq";
+    EXPECT_THAT(errorOf(options), testing::AllOf(HasSubstr("psq"), HasSubstr("exr"), HasSubstr("png")));
+}
