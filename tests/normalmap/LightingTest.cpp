@@ -130,6 +130,19 @@ TEST(Lighting, TheHighlightLiesHalfwayBetweenLightAndViewer)
     EXPECT_EQ(b[2], 0);
 }
 
+TEST(Lighting, WhatLooksAwayFromTheLightHasNoHighlight)
+{
+    // The light stands behind the picture, while the direction halfway to the viewer still lies in front of it.
+    NM_LightingSettings settings;
+    settings.ambient = {0.0F, 0.0F, 0.0F};
+    settings.lights = {NM_Light{.azimuth = 0.0, .height = -30.0}};
+    settings.highlight = 1.0F;
+    settings.sharpness = 1.0F;
+    EXPECT_EQ(brightness(surfaceOf({kFlat}, {0, 0, 0, 65535}), settings)[0], 0);
+    settings.lights[0].height = 30.0;
+    EXPECT_GT(brightness(surfaceOf({kFlat}, {0, 0, 0, 65535}), settings)[0], 40000);
+}
+
 TEST(Lighting, BytesAreTheNearestToThePicturesSamples)
 {
     NM_Surface surface = std::move(NM_Surface::create({40, 30}).value());

@@ -19,6 +19,7 @@ inline constexpr Math::Vector3d NM_kFacingViewer{0.0, 0.0, 1.0};
 template<typename Pixel>
 Math::Vector3d NM_directionOf(const Pixel& pixel)
 {
+    // Most pixels of most pictures; the test of the length below would find them as well.
     if (pixel.r == 0 && pixel.g == 0)
         return NM_kFacingViewer;
     Math::Vector3d normal = NormalParser_decode(pixel);
