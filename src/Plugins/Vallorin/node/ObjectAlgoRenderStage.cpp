@@ -4,11 +4,12 @@
 #include "node/ObjectAlgoRenderStage.h"
 
 #include "QuarvelCelCore/CEL_PixmapFactory.h"
-#include "render/DepthComputationCelColorTransform.h"
+#include "render/DepthComputationColorTransform.h"
 #include "render/LevelMerge.h"
 
 #include <cmath>
 #include <limits>
+#include <type_traits>
 
 namespace {
 
@@ -40,7 +41,7 @@ bool mergeAs(CEL_PixmapArea& target, const CEL_PixmapArea& source, double object
     const auto* const typedSource = dynamic_cast<const CEL_PixmapOf<Pixel>*>(&source);
     if (!typedTarget || !typedSource)
         return false;
-    mergeLevel(*typedTarget, *typedSource, levelOf(objectLevel, std::type_identity<Pixel>()), scaleByCoverage);
+    mergeLevel<Pixel>(*typedTarget, *typedSource, levelOf(objectLevel, std::type_identity<Pixel>()), scaleByCoverage);
     return true;
 }
 
