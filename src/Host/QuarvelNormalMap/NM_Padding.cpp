@@ -117,14 +117,13 @@ private:
         }
     }
 
-    // The first pixel that is nearer to the right column than to the left one.
+    // The first pixel that is nearer to the right column than to the left one. The left one is at least as near at
+    // pixel 0, or it would be out of the race, so nothing here is negative.
     std::int64_t firstWon(int left, int right) const
     {
-        const std::int64_t numerator = squaredDistance(0, right) - squaredDistance(0, left);
-        const std::int64_t denominator = 2 * (std::int64_t{right} - left);
-        const std::int64_t quotient = numerator / denominator;
-        const bool roundedUp = numerator % denominator < 0;
-        return quotient - (roundedUp ? 1 : 0) + 1;
+        const std::int64_t lead = squaredDistance(0, right) - squaredDistance(0, left);
+        assert(lead >= 0);
+        return lead / (2 * (std::int64_t{right} - left)) + 1;
     }
 
     std::vector<int> _columns;
