@@ -1,0 +1,84 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The greys that a drawing is repainted with.
+#include "render/DepthComputationColorTransform.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using VallorinAttributes::ColorInformation;
+using VallorinLib::DepthComputationCelColorTransform;
+
+const CM_ColorId_t kRed(1);
+const CM_ColorId_t kBlue(2);
+
+VS_RGBA paintOf(DepthComputationCelColorTransform& transform, const CM_ColorId_t& id)
+{
+    const auto ops = transform.createGraphicOpsTransform();
+    return ops->GetColorValue(ops->GetColorObjectEntry(id));
+}
+
+VS_RGBA paintOfValue(int value)
+{
+    DepthComputationCelColorTransform transform({ColorInformation{kRed, value, QString()}});
+    return paintOf(transform, kRed);
+}
+
+} // namespace
+
+TEST(DepthColorTransform, AnEmptyTablePaintsEveryColourTransparentWithOneDefaultColour)
+{
+    DepthComputationCelColorTransform transform({});
+    const auto ops = transform.createGraphicOpsTransform();
+    EXPECT_EQ(paintOf(transform, kRed), VS_RGBA{});
+    EXPECT_EQ(ops->GetColorObject(kRed), ops->GetColorObject(kBlue));
+    EXPECT_TRUE(ops->GetColorObject(kRed)->GetColorId().isNull());
+}
+
+TEST(DepthColorTransform, AValueIsTheGreyOfAnOpaquePaint)
+{
+    EXPECT_EQ(paintOfValue(128), (VS_RGBA{128, 128, 128, 255}));
+    EXPECT_EQ(paintOfValue(255), (VS_RGBA{255, 255, 255, 255}));
+    EXPECT_EQ(paintOfValue(0), (VS_RGBA{0, 0, 0, 255})) << "full carving still covers";
+}
+
+TEST(DepthColorTransform, OnlyTheLowByteOfAValueCounts)
+{
+    EXPECT_EQ(paintOfValue(256), (VS_RGBA{0, 0, 0, 255}));
+    EXPECT_EQ(paintOfValue(-1), (VS_RGBA{255, 255, 255, 255}));
+    EXPECT_EQ(paintOfValue(300), (VS_RGBA{44, 44, 44, 255}));
+}
+
+TEST(DepthColorTransform, OfAColourListedTwiceTheLaterGreyAndTheFirstObjectCount)
+{
+    DepthComputationCelColorTransform twice({{kRed, 10, "a"}, {kRed, 20, "b"}});
+    EXPECT_EQ(paintOf(twice, kRed), (VS_RGBA{20, 20, 20, 255}));
+    const auto ops = twice.createGraphicOpsTransform();
+    const auto object = ops->GetColorObject(kRed);
+    EXPECT_EQ(object, ops->GetColorObjectEntry(kRed));
+    EXPECT_EQ(object->GetColorId(), kRed);
+    EXPECT_EQ(object->refCount(), 3) << "the table's first entry and the two pointers here";
+}
+
+TEST(DepthColorTransform, AnswersWithAPlainColourWhateverThePalettesOwnKindIs)
+{
+    DepthComputationCelColorTransform transform({{kRed, 10, "a"}});
+    const auto object = transform.createGraphicOpsTransform()->GetColorObject(kRed);
+    ASSERT_TRUE(object.dynamicCast<CM_Color>());
+    EXPECT_EQ(object.dynamicCast<CM_Color>()->GetColorType(), CM_Color::NORMAL_COLOR);
+    EXPECT_TRUE(object->GetColorName().isEmpty());
+}
+
+TEST(DepthColorTransform, AnUnlistedColourIsTransparentBesideListedOnes)
+{
+    DepthComputationCelColorTransform transform({{kRed, 10, "a"}});
+    EXPECT_EQ(paintOf(transform, kBlue), VS_RGBA{});
+    EXPECT_EQ(paintOf(transform, CM_ColorId_t()), VS_RGBA{});
+}
+
+TEST(DepthColorTransform, DoesNotDependOnThePlaceInThePicture)
+{
+    DepthComputationCelColorTransform transform({});
+    EXPECT_FALSE(transform.createGraphicOpsTransform()->isPositionDependent());
+}

@@ -1,0 +1,167 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Normals on small depth pictures worked out by hand, and what blending makes of them.
+#include "SmallPixmaps.h"
+
+#include "render/NormalBlend.h"
+#include "render/NormalMap.h"
+#include "render/NormalSmoothing.h"
+
+#include <cmath>
+
+namespace {
+
+constexpr std::int16_t kMiddle = 16384; // (0 + 1) x 0.5 x 32767 = 16383.5, away from zero
+
+// A plane that rises by (a, b) a pixel, 7 x 7, far from black.
+UT_SharedPtr<CEL_PixmapAreaZ> plane(float a, float b)
+{
+    const auto depth = filledDepth(7, 7, 0.0F);
+    for (int y = 0; y < 7; ++y)
+        for (int x = 0; x < 7; ++x)
+            depth->at(x, y).value = 100.0F + a * static_cast<float>(x) + b * static_cast<float>(y);
+    return depth;
+}
+
+Pixel16 normalAt(const CEL_PixmapAreaZ& depth, int x, int y, int quality = FOUR_NEIGHBOURS)
+{
+    const Math::Box2di rect = depth.allocatedRect();
+    const auto blurred = filled<Pixel16>(rect.width(), rect.height(), {0, 0, 77, 32767});
+    return buildNormals<Pixel16>(depth, *blurred, quality)->at(x, y);
+}
+
+std::int16_t encoded(double n)
+{
+    return static_cast<std::int16_t>(std::lround((n + 1.0) * 0.5 * 32767.0));
+}
+
+} // namespace
+
+TEST(NormalMap, AFlatElevationFacesTheViewer)
+{
+    EXPECT_EQ(normalAt(*filledDepth(5, 5, 3.0F), 2, 2), (Pixel16{kMiddle, kMiddle, 77, 32767}));
+}
+
+TEST(NormalMap, ASlopeLeansAwayFromWhereItRises)
+{
+    // A rise of 1 a pixel to the right: the plane's normal is (-1, 0, 1) / sqrt(2).
+    EXPECT_EQ(normalAt(*plane(1.0F, 0.0F), 3, 3).r, encoded(-std::sqrt(0.5)));
+    EXPECT_EQ(normalAt(*plane(1.0F, 0.0F), 3, 3).g, kMiddle);
+    EXPECT_EQ(normalAt(*plane(0.0F, 1.0F), 3, 3).g, encoded(-std::sqrt(0.5)));
+}
+
+TEST(NormalMap, EveryQualityFindsTheNormalOfAPlane)
+{
+    // (-1, -2, 1) / sqrt(6).
+    for (const int quality : {FOUR_NEIGHBOURS, EIGHT_NEIGHBOURS, EIGHT_NEIGHBOURS_SMOOTHED}) {
+        const Pixel16 normal = normalAt(*plane(1.0F, 2.0F), 3, 3, quality);
+        EXPECT_NEAR(normal.r, encoded(-1.0 / std::sqrt(6.0)), 1) << quality;
+        EXPECT_NEAR(normal.g, encoded(-2.0 / std::sqrt(6.0)), 1) << quality;
+    }
+}
+
+TEST(NormalMap, APixelThatMissesAnAxisNeighbourHasAZeroNormalStoredAsTheMiddle)
+{
+    const auto depth = plane(1.0F, 2.0F);
+    EXPECT_EQ(normalAt(*depth, 0, 3), (Pixel16{kMiddle, kMiddle, 77, 32767})) << "no pixel on the left";
+    depth->at(3, 2).value = 0.0F;
+    EXPECT_EQ(normalAt(*depth, 3, 3), (Pixel16{kMiddle, kMiddle, 77, 32767})) << "the pixel above is black";
+    EXPECT_EQ(normalAt(*depth, 3, 2), (Pixel16{0, 0, 32767, 0})) << "the black pixel itself is empty";
+}
+
+TEST(NormalMap, AtLowQualityOnlyTheAxisNeighboursMatter)
+{
+    const auto depth = plane(1.0F, 0.0F);
+    const Pixel16 before = normalAt(*depth, 3, 3);
+    depth->at(2, 2).value = 900.0F;
+    EXPECT_EQ(normalAt(*depth, 3, 3), before);
+    EXPECT_NE(normalAt(*depth, 3, 3, EIGHT_NEIGHBOURS), before);
+}
+
+TEST(NormalMap, TheDiagonalsCountOnlyWhereAllFourArePresent)
+{
+    const auto depth = plane(1.0F, 0.0F);
+    depth->at(2, 2).value = 900.0F;
+    depth->at(4, 4).value = 0.0F;
+    EXPECT_EQ(normalAt(*depth, 3, 3, EIGHT_NEIGHBOURS), normalAt(*depth, 3, 3, FOUR_NEIGHBOURS));
+}
+
+TEST(NormalMap, SmoothingLeavesAPixelWithoutAnyNormalAround)
+{
+    const auto empty = filled<Pixel16>(3, 3, {0, 0, 32767, 0});
+    EXPECT_EQ(smoothNormals<Pixel16>(*empty)->at(1, 1), (Pixel16{0, 0, 32767, 0}));
+}
+
+TEST(NormalMap, SmoothingGivesAnEmptyPixelItsNeighboursNormalButNeitherBlueNorAlpha)
+{
+    const auto normals = filled<Pixel16>(3, 1, {0, 0, 32767, 0});
+    normals->at(0, 0) = {32767, kMiddle, 5, 32767};
+    // The only sample is x = 1, y = 1 / 32767: of unit length but for the rounding.
+    EXPECT_EQ(smoothNormals<Pixel16>(*normals)->at(1, 0), (Pixel16{32767, kMiddle, 32767, 0}));
+}
+
+TEST(NormalMap, MirroredDepthsGiveMirroredNormals)
+{
+    const auto depth = filledDepth(7, 5, 1.0F);
+    for (int y = 0; y < 5; ++y)
+        for (int x = 0; x < 7; ++x)
+            depth->at(x, y).value = 1.0F + static_cast<float>((x * 7 + y * 3) % 5);
+    const auto mirrored = filledDepth(7, 5, 1.0F);
+    for (int y = 0; y < 5; ++y)
+        for (int x = 0; x < 7; ++x)
+            mirrored->at(6 - x, y).value = depth->at(x, y).value;
+    for (int y = 1; y < 4; ++y)
+        for (int x = 1; x < 6; ++x) {
+            const Pixel16 a = normalAt(*depth, x, y);
+            const Pixel16 b = normalAt(*mirrored, 6 - x, y);
+            EXPECT_NEAR(a.r + b.r, 32767, 1);
+            EXPECT_EQ(a.g, b.g);
+        }
+}
+
+TEST(NormalBlend, OverAnEmptyPixelTheObjectTakesItsPlace)
+{
+    Pixel16 out{1, 2, 3, 0};
+    blendNormal<Pixel16>(out, {100, 200, 300, 32767}, 0.5, 9);
+    EXPECT_EQ(out, (Pixel16{100, 200, 9, 16383})) << "0.5 x 32767 = 16383.5, truncated";
+}
+
+TEST(NormalBlend, FullCoverageReplaces)
+{
+    Pixel16 out{1, 2, 3, 32767};
+    blendNormal<Pixel16>(out, {100, 200, 300, 32767}, 1.0, 9);
+    EXPECT_EQ(out, (Pixel16{100, 200, 9, 32767}));
+}
+
+TEST(NormalBlend, NothingChangesWithoutCoverage)
+{
+    Pixel16 out{1, 2, 3, 4};
+    blendNormal<Pixel16>(out, {100, 200, 300, 32767}, 0.0, 9);
+    EXPECT_EQ(out, (Pixel16{1, 2, 3, 4}));
+}
+
+TEST(NormalBlend, ANegativeBlueTurnsTheDecodedNormalAway)
+{
+    EXPECT_GT(decodeNormal(Pixel16{kMiddle, kMiddle, 5, 32767}).z, 0.99);
+    EXPECT_LT(decodeNormal(Pixel16{kMiddle, kMiddle, -5, 32767}).z, -0.99);
+}
+
+TEST(NormalBlend, ABlendedFloatAlphaIsZeroUnlessTheSumReachesOne)
+{
+    PixelFloat partly{0.5F, 0.5F, 0.0F, 0.5F};
+    blendNormal<PixelFloat>(partly, {0.5F, 0.5F, 0.0F, 1.0F}, 0.5, 0.0F);
+    EXPECT_EQ(partly.a, 0.0F) << "0.5 x 0.5 + 0.5 = 0.75, truncated";
+    PixelFloat fully{0.5F, 0.5F, 0.0F, 1.0F};
+    blendNormal<PixelFloat>(fully, {0.5F, 0.5F, 0.0F, 1.0F}, 0.5, 0.0F);
+    EXPECT_EQ(fully.a, 1.0F) << "0.5 x 1 + 0.5 = 1";
+}
+
+TEST(NormalBlend, MixesNormalsByCoverage)
+{
+    // (1, 0, 0) and (0, 0, 1) in equal parts: (0.7071, 0, 0.7071).
+    PixelFloat out{1.0F, 0.5F, 0.0F, 1.0F};
+    blendNormal<PixelFloat>(out, {0.5F, 0.5F, 0.0F, 1.0F}, 0.5, 0.25F);
+    EXPECT_NEAR(out.r, (std::sqrt(0.5) + 1.0) * 0.5, 1e-7);
+    EXPECT_EQ(out.g, 0.5F);
+    EXPECT_EQ(out.b, 0.25F);
+}

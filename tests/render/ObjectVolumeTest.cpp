@@ -1,0 +1,185 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The pipeline of one object, with values worked out by hand.
+#include "SmallPixmaps.h"
+
+#include "render/CoverageMask.h"
+#include "render/ElevationDepth.h"
+#include "render/ElevationRange.h"
+#include "render/ObjectVolume.h"
+
+#include <cmath>
+
+namespace {
+
+// A reference picture of the object's size with nothing allocated.
+template<typename Pixel>
+UT_SharedPtr<CEL_PixmapArea> blankLike(const CEL_PixmapOf<Pixel>& pixmap)
+{
+    return UT_makeShared<CEL_PixmapOf<Pixel>>(pixmap.size(), pixmap.canvasRect());
+}
+
+struct Settings
+{
+    double bevel = 0.0;
+    bool generateNormals = false;
+    bool clip = true;
+    double elevation = 1.0;
+    double smoothness = 1.0;
+    int quality = 0;
+};
+
+template<typename Pixel>
+UT_SharedPtr<CEL_PixmapOf<Pixel>> build(const UT_SharedPtr<CEL_PixmapOf<Pixel>>& object, const Settings& settings,
+                                        std::pair<float, float>& range)
+{
+    return buildObjectVolume(blankLike<Pixel>(*object), settings.bevel, object->size().width, settings.generateNormals,
+                             settings.elevation, object, range, settings.quality, settings.smoothness, settings.clip)
+        .template dynamicCast<CEL_PixmapOf<Pixel>>();
+}
+
+float depthOf(std::int16_t value, std::int16_t lowest, std::int16_t highest, double high, double smoothness)
+{
+    const auto blurred = filled<Pixel16>(3, 1, {lowest, 0, 0, 32767});
+    blurred->at(1, 0).r = value;
+    blurred->at(2, 0).r = highest;
+    return buildDepth<Pixel16>(*blurred, 0.0, high, smoothness)->at(1, 0).value;
+}
+
+} // namespace
+
+TEST(ObjectVolume, WithoutABevelTheCroppedMaskGoesOnAsItIs)
+{
+    const auto object = filled<Pixel16>(9, 9, {});
+    object->at(4, 4) = {20000, 0, 0, 32767};
+    for (const double bevel : {0.0, -3.0}) {
+        std::pair<float, float> range;
+        const auto result = build<Pixel16>(object, {.bevel = bevel}, range);
+        ASSERT_TRUE(result);
+        EXPECT_EQ(result->allocatedRect(), Math::Box2di(2, 2, 7, 7)) << "the pixel and 2 around it";
+        EXPECT_EQ(result->at(4, 4), (Pixel16{20000, 0, 0, 32767}));
+        EXPECT_EQ(result->at(3, 4), (Pixel16{0, 0, 0, 32767})) << "neither blurred nor clipped";
+    }
+}
+
+TEST(ObjectVolume, AMaskWithoutPositiveValuesKeepsTheStartValuesOfTheRange)
+{
+    std::pair<float, float> range;
+    const auto result = build<Pixel16>(filled<Pixel16>(4, 4, {0, 0, 0, 32767}), {}, range);
+    ASSERT_TRUE(result);
+    EXPECT_EQ(range, std::make_pair(32767.0F, -1.0F / 65534.0F));
+}
+
+TEST(ObjectVolume, ABlurredPictureWithoutPositiveValuesLeavesTheDepthUntouched)
+{
+    const auto blurred = filled<Pixel16>(3, 3, {0, 5, 6, 7});
+    const auto depth = buildDepth<Pixel16>(*blurred, 0.0, 10.0, 1.0);
+    EXPECT_EQ(depth->allocatedRect(), Math::Box2di(0, 0, 3, 3));
+    EXPECT_TRUE(depth->at(1, 1).isBlack());
+    EXPECT_EQ(blurred->at(1, 1), (Pixel16{0, 5, 6, 7}));
+}
+
+TEST(ObjectVolume, AMaskOfOneValueMapsToZero)
+{
+    std::pair<float, float> range;
+    build<Pixel16>(filled<Pixel16>(4, 4, {12345, 0, 0, 32767}), {}, range);
+    EXPECT_EQ(range, std::make_pair(12345.0F, 1.0F)) << "(12345 - 12345) x 1 is 0";
+}
+
+TEST(ObjectVolume, ARangeRunsFromTheLowestToTheHighestPositiveValue)
+{
+    const auto object = filled<Pixel16>(2, 2, {100, 0, 0, 32767});
+    object->at(0, 0).r = 1100;
+    object->at(1, 0).r = -500;
+    std::pair<float, float> range;
+    build<Pixel16>(object, {}, range);
+    EXPECT_EQ(range, std::make_pair(100.0F, 1.0F / 1000.0F));
+}
+
+TEST(ObjectVolume, SmoothnessZeroAndOneLeaveTheProfileLinear)
+{
+    // x = (2600 - 100) / 10000 = 0.25 in single precision, times a height of 8.
+    for (const double smoothness : {0.0, 1.0})
+        EXPECT_NEAR(depthOf(2600, 100, 10100, 8.0, smoothness), 2.0, 1e-6);
+}
+
+TEST(ObjectVolume, SmoothnessTwoMakesTheProfileASquareRoot)
+{
+    EXPECT_NEAR(depthOf(2600, 100, 10100, 8.0, 2.0), 4.0, 1e-6);
+}
+
+TEST(ObjectVolume, ANegativeSmoothnessCountsAsZero)
+{
+    EXPECT_EQ(depthOf(2600, 100, 10100, 8.0, -3.0), depthOf(2600, 100, 10100, 8.0, 0.0));
+    EXPECT_EQ(depthOf(2600, 100, 10100, 8.0, std::nan("")), depthOf(2600, 100, 10100, 8.0, 0.0));
+}
+
+TEST(ObjectVolume, ElevationIsStoredInBlueFromOneTo32766)
+{
+    const auto blurred = filled<Pixel16>(3, 1, {100, 0, 0, 32767});
+    blurred->at(1, 0).r = 200;
+    blurred->at(2, 0).r = 0;
+    buildDepth<Pixel16>(*blurred, 0.0, 1.0, 1.0);
+    EXPECT_EQ(blurred->at(0, 0).b, 1);
+    // x = 100 x (1 / 100) in single precision is 1.
+    EXPECT_EQ(blurred->at(1, 0).b, 32766);
+    EXPECT_EQ(blurred->at(2, 0).b, 0) << "no elevation, nothing stored";
+}
+
+TEST(ObjectVolume, ACanvasTwiceAsWideIsTwiceAsDeep)
+{
+    // A ramp from 1 to full over the picture: its slope is height / steps, the height 37.5 x width / 720. On a canvas
+    // twice as wide with the same steps, the slope doubles, so x / z of the normal does.
+    const auto slopeOn = [](int canvasWidth) {
+        auto object =
+            UT_makeShared<CEL_PixmapAreaRGBA16>(Math::Size2di{canvasWidth, 5}, Math::Box2di(0, 0, canvasWidth, 5));
+        object->realloc({0, 0, 11, 5}, true);
+        for (int y = 0; y < 5; ++y)
+            for (int x = 0; x < 11; ++x)
+                object->at(x, y) = {static_cast<std::int16_t>(1000 * (x + 1)), 0, 0, 32767};
+        std::pair<float, float> range;
+        const auto normals = build<Pixel16>(object, {.generateNormals = true, .elevation = 0.5}, range);
+        const double x = 2.0 * normals->at(5, 2).r / 32767.0 - 1.0;
+        return x / std::sqrt(1.0 - x * x);
+    };
+    EXPECT_NEAR(slopeOn(1440) / slopeOn(720), 2.0, 1e-3);
+    // 0.5 x 37.5 over 10 steps, on a canvas of 720: 1.875 a pixel, leaning left.
+    EXPECT_NEAR(slopeOn(720), -1.875, 1e-3);
+}
+
+TEST(ObjectVolume, ClippingKeepsTheBlurWithinTwoPixelsOfTheGeometry)
+{
+    const auto object = filled<Pixel16>(41, 41, {});
+    for (int y = 18; y <= 22; ++y)
+        for (int x = 18; x <= 22; ++x)
+            object->at(x, y) = {32767, 0, 0, 32767};
+    std::pair<float, float> range;
+    const auto clipped = build<Pixel16>(object, {.bevel = 120.0, .clip = true}, range);
+    const auto unclipped = build<Pixel16>(object, {.bevel = 120.0, .clip = false}, range);
+    EXPECT_GT(clipped->at(16, 20).r, 0);
+    EXPECT_EQ(clipped->at(15, 20), Pixel16{});
+    EXPECT_GT(unclipped->at(15, 20).r, 0);
+}
+
+TEST(ObjectVolume, IsNoneWithoutPixelsOrInMixedFormats)
+{
+    std::pair<float, float> range{5.0F, 6.0F};
+    const auto empty = UT_makeShared<CEL_PixmapAreaRGBA16>(Math::Size2di{4, 4}, Math::Box2di(0, 0, 4, 4));
+    EXPECT_FALSE(build<Pixel16>(empty, {}, range));
+    EXPECT_EQ(range, std::make_pair(5.0F, 6.0F)) << "the range stays";
+    const auto object16 = filled<Pixel16>(2, 2, {1, 0, 0, 1});
+    const auto objectFloat = filled<PixelFloat>(2, 2, {1, 0, 0, 1});
+    EXPECT_FALSE(buildObjectVolume(object16, 0, 2, false, 1, objectFloat, range, 0, 1, true));
+    EXPECT_FALSE(buildObjectVolume(nullptr, 0, 2, false, 1, object16, range, 0, 1, true));
+    EXPECT_FALSE(buildObjectVolume(object16, 0, 2, false, 1, nullptr, range, 0, 1, true));
+}
+
+TEST(ObjectVolume, GrowsToTheReferencePicture)
+{
+    const auto object = filled<Pixel16>(9, 9, {});
+    object->at(4, 4) = {1, 0, 0, 32767};
+    const auto reference = filled<Pixel16>(9, 9, {});
+    std::pair<float, float> range;
+    EXPECT_EQ(buildObjectVolume(reference, 0, 9, false, 1, object, range, 0, 1, true)->allocatedRect(),
+              Math::Box2di(0, 0, 9, 9));
+}

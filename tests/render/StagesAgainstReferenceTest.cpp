@@ -1,0 +1,138 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Every stage of the render against its slow reference, on thousands of random pictures in both formats.
+#include "RandomPictures.h"
+#include "ReferenceFormat.h"
+
+#include "render/CoverageMask.h"
+#include "render/CoverageMerge.h"
+#include "render/ElevationDepth.h"
+#include "render/GeometryClip.h"
+#include "render/LevelMerge.h"
+#include "render/NormalBlend.h"
+#include "render/NormalMap.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr std::uint32_t kPictures = 2000;
+const Math::Box2di kCanvas(-4, -3, 30, 25);
+
+template<typename Pixel>
+class Stage : public testing::Test
+{
+public:
+    using Reference = ReferenceFormat<Pixel>;
+};
+
+using Formats = testing::Types<CEL_PixelRGBA16, CEL_PixelRGBAFloat>;
+TYPED_TEST_SUITE(Stage, Formats);
+
+} // namespace
+
+TYPED_TEST(Stage, MergingIntoAnAccumulatorAgreesWithTheReference)
+{
+    for (std::uint32_t seed = 0; seed < kPictures; ++seed) {
+        SCOPED_TRACE(seed);
+        RandomPictures random(seed);
+        CEL_PixmapOf<TypeParam> accumulator({34, 28}, kCanvas);
+        auto expected = toRef<TypeParam>(accumulator);
+        for (int inputs = random.whole(1, 3); inputs > 0; --inputs) {
+            const auto input = random.picture<TypeParam>(random.box(12, 24), kCanvas);
+            mergeCoverage<TypeParam>(accumulator, *input);
+            TestFixture::Reference::accumulate(expected, toRef<TypeParam>(*input));
+        }
+        ASSERT_TRUE(agrees<TypeParam>(expected, accumulator));
+    }
+}
+
+TYPED_TEST(Stage, PreparingTheMaskAgreesWithTheReference)
+{
+    for (std::uint32_t seed = 0; seed < kPictures; ++seed) {
+        SCOPED_TRACE(seed);
+        RandomPictures random(seed);
+        const auto pixmap = random.picture<TypeParam>(random.box(12, 24), kCanvas);
+        const auto expected = TestFixture::Reference::makeMask(toRef<TypeParam>(*pixmap));
+        ASSERT_EQ(prepareMask<TypeParam>(*pixmap), expected.has_value());
+        if (expected)
+            ASSERT_TRUE(agrees<TypeParam>(*expected, *pixmap));
+    }
+}
+
+TYPED_TEST(Stage, ClippingWithGeometryAgreesWithTheReferenceAtEveryWidth)
+{
+    for (std::uint32_t seed = 0; seed < kPictures; ++seed) {
+        SCOPED_TRACE(seed);
+        RandomPictures random(seed);
+        const int width = static_cast<int>(seed % 64) + 1;
+        const Math::Box2di rect(random.whole(-9, 9), random.whole(-9, 9), 0, 0);
+        const auto blurred = random.picture<TypeParam>(
+            Math::Box2di(rect.x1, rect.y1, rect.x1 + width, rect.y1 + random.whole(1, 12)), kCanvas);
+        auto mask = random.picture<TypeParam>(random.box(12, 8), kCanvas);
+        auto expected = toRef<TypeParam>(*blurred);
+        TestFixture::Reference::clipToGeometry(expected, toRef<TypeParam>(*mask));
+        clipWithGeometry<TypeParam>(*blurred, *mask);
+        ASSERT_TRUE(agrees<TypeParam>(expected, *blurred));
+    }
+}
+
+TYPED_TEST(Stage, BuildingTheDepthAgreesWithTheReference)
+{
+    for (std::uint32_t seed = 0; seed < kPictures; ++seed) {
+        SCOPED_TRACE(seed);
+        RandomPictures random(seed);
+        const auto blurred = random.picture<TypeParam>(random.box(12, 24), kCanvas);
+        const double high = random.real(-100.0, 100.0);
+        const double smoothness = random.chance(3) ? random.whole(-1, 2) : random.real(0.1, 8.0);
+        auto expectedBlurred = toRef<TypeParam>(*blurred);
+        const auto expected = TestFixture::Reference::makeDepth(expectedBlurred, 0.0, high, smoothness);
+        const auto depth = buildDepth<TypeParam>(*blurred, 0.0, high, smoothness);
+        ASSERT_EQ(reference::differences(expected, toRef(*depth), 0.0), "");
+        ASSERT_TRUE(agrees<TypeParam>(expectedBlurred, *blurred));
+    }
+}
+
+TYPED_TEST(Stage, DerivingNormalsAgreesWithTheReferenceAtEveryQuality)
+{
+    for (std::uint32_t seed = 0; seed < kPictures; ++seed) {
+        SCOPED_TRACE(seed);
+        RandomPictures random(seed);
+        const auto blurred = random.picture<TypeParam>(random.box(12, 24), kCanvas);
+        const auto depth = buildDepth<TypeParam>(*blurred, 0.0, random.real(-40.0, 40.0), 1.0);
+        const int quality = random.whole(-1, 3);
+        const auto expected = TestFixture::Reference::makeNormals(toRef(*depth), toRef<TypeParam>(*blurred), quality);
+        ASSERT_TRUE(agrees<TypeParam>(expected, *buildNormals<TypeParam>(*depth, *blurred, quality)));
+    }
+}
+
+TYPED_TEST(Stage, BlendingNormalsAgreesWithTheReference)
+{
+    RandomPictures random(1);
+    for (int i = 0; i < 200'000; ++i) {
+        auto out = random.pixel<TypeParam>();
+        const auto object = random.pixel<TypeParam>();
+        const double coverage = random.chance(4) ? 1.0 : random.real(0.0, 1.0);
+        const auto blue = random.channel(out.b);
+        typename TestFixture::Reference::RefPixel expected{out.r, out.g, out.b, out.a};
+        TestFixture::Reference::blendNormal(expected, {object.r, object.g, object.b, object.a}, coverage, blue);
+        blendNormal(out, object, coverage, blue);
+        ASSERT_EQ(expected, (typename TestFixture::Reference::RefPixel{out.r, out.g, out.b, out.a})) << i;
+    }
+}
+
+TYPED_TEST(Stage, MergingLevelsAgreesWithTheReference)
+{
+    for (std::uint32_t seed = 0; seed < kPictures; ++seed) {
+        SCOPED_TRACE(seed);
+        RandomPictures random(seed);
+        const auto target = random.picture<TypeParam>(random.box(12, 24), kCanvas);
+        const auto source = random.picture<TypeParam>(random.box(12, 24), kCanvas);
+        const double level = random.real(0.0, 1.0);
+        const bool scale = random.chance(2);
+        auto expected = toRef<TypeParam>(*target);
+        TestFixture::Reference::stageMerge(expected, toRef<TypeParam>(*source), level, scale);
+        mergeLevel<TypeParam>(*target, *source, TestFixture::Reference::stageLevel(level), scale);
+        ASSERT_TRUE(agrees<TypeParam>(expected, *target));
+    }
+}
