@@ -200,14 +200,14 @@ ObjectDefinition& addDefinition(MO_Scene& scene, const QString& layerName, int n
 
 } // namespace
 
-std::pair<int, int> pictureSize(const QRectF& frame, const NormalMapSettings& settings)
+std::pair<int, int> pictureSize(const QSizeF& drawing, const NormalMapSettings& settings)
 {
     const auto whole = [](double length) { return std::max(1, static_cast<int>(std::lround(std::min(length, 1e9)))); };
     if (!settings.size)
-        return {whole(frame.width()), whole(frame.height())};
+        return {whole(drawing.width()), whole(drawing.height())};
     const int width = settings.size->width();
     const int height = settings.size->height();
-    return {width, height > 0 ? height : whole(width * frame.height() / frame.width())};
+    return {width, height > 0 ? height : whole(width * drawing.height() / drawing.width())};
 }
 
 UT_Result<DrawingScene> DrawingScene::build(const LayeredDrawing& drawing, const NormalMapSettings& settings)
@@ -218,7 +218,7 @@ UT_Result<DrawingScene> DrawingScene::build(const LayeredDrawing& drawing, const
         return checked.error();
 
     DrawingScene built;
-    built._resolution = pictureSize(drawing.frame, settings);
+    built._resolution = pictureSize(drawing.size, settings);
     built._scene = std::make_unique<MO_Scene>();
     MO_Scene& scene = *built._scene;
     const auto [width, height] = built._resolution;

@@ -31,6 +31,7 @@ struct LayeredDrawing
     };
 
     QRectF frame;              ///< what the picture shows, in the drawing's units
+    QSizeF size;               ///< its natural size in pixels
     std::vector<Layer> layers; ///< bottom up
     CM_SharedPtr<CM_Palette> palette;
 };
@@ -63,5 +64,5 @@ private:
     std::pair<int, int> _resolution;
 };
 
-/// The size of the picture that the settings ask for: theirs, or the drawing's own; at least 1 x 1.
-std::pair<int, int> pictureSize(const QRectF& frame, const NormalMapSettings& settings);
+/// The size of the picture that the settings ask for: theirs, or the drawing's natural one; at least 1 x 1.
+std::pair<int, int> pictureSize(const QSizeF& drawing, const NormalMapSettings& settings);

@@ -112,7 +112,7 @@ bool hasCutOuts(const NormalMapSettings& settings)
 UT_Result<RenderedPictures> renderNormalMap(const LayeredDrawing& drawing, const NormalMapSettings& settings,
                                             const WantedPictures& wanted, const JobProgress& progress)
 {
-    const std::pair<int, int> resolution = pictureSize(drawing.frame, settings);
+    const std::pair<int, int> resolution = pictureSize(drawing.size, settings);
     const RD_RenderParameters parameters{settings.renderInFloat ? RD_RenderParameters::IMAGE_PROCESSING_FLOAT
                                                                 : RD_RenderParameters::IMAGE_PROCESSING_16BIT,
                                          resolution};
