@@ -1,0 +1,126 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The way of an SVG file: bytes, tree, flattened document, painting on the recording device, drawing.
+#include "QuarvelDrawingIO/DIO_SvgReader.h"
+
+#include "QuarvelDrawingIO/private/DIO_RecordingDevice.h"
+#include "QuarvelDrawingIO/private/DIO_ShapeCollector.h"
+#include "QuarvelDrawingIO/private/DIO_SvgFlattener.h"
+#include "QuarvelDrawingIO/private/DIO_SvgSize.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QPainter>
+#include <QSvgRenderer>
+
+namespace {
+
+constexpr qint64 kMaxFileSize = 64 * 1024 * 1024;
+
+// Shapes with impossible coordinates were dropped before, so no bound is infinite.
+QRectF boundsOf(const DIO_Drawing& drawing)
+{
+    QRectF bounds;
+    for (const DIO_Layer& layer : drawing.layers) {
+        for (const DIO_Shape& shape : layer.shapes) {
+            const QRectF whole = shape.path.boundingRect();
+            bounds |= shape.clip ? whole & shape.clip->boundingRect() : whole;
+        }
+    }
+    return bounds;
+}
+
+void nameLayers(DIO_Drawing& drawing)
+{
+    const bool whole = drawing.layers.size() == 1;
+    for (DIO_Layer& layer : drawing.layers)
+        if (!layer.declared)
+            layer.name = whole ? drawing.name : QStringLiteral("Loose shapes");
+}
+
+void addLayerWarnings(DIO_Drawing& drawing, const DIO_SvgLayers& layers, const QStringList& hidden)
+{
+    if (!hidden.isEmpty())
+        drawing.warnings.append(QStringLiteral("hidden layers are left out: ") + hidden.join(QStringLiteral(", ")));
+    QStringList empty = layers.names;
+    for (const QString& name : hidden)
+        empty.removeOne(name);
+    for (const DIO_Layer& layer : drawing.layers)
+        if (layer.declared)
+            empty.removeOne(layer.name);
+    if (!empty.isEmpty())
+        drawing.warnings.append(QStringLiteral("layers that paint nothing are left out: ") +
+                                empty.join(QStringLiteral(", ")));
+}
+
+// Paints a flattened document on the recording device.
+bool record(const DIO_FlatSvg& flat, double stretchY, DIO_ShapeCollector& collector, int& undashed)
+{
+    QSvgRenderer renderer;
+    if (!renderer.load(flat.document))
+        return false;
+    const QSize side(100, 100);
+    DIO_RecordingDevice device(collector, side);
+    QPainter painter(&device);
+    painter.scale(1.0, stretchY);
+    renderer.render(&painter, QRectF(QPointF(), QSizeF(side)));
+    painter.end();
+    undashed = device.undashedPaths();
+    return true;
+}
+
+} // namespace
+
+UT_Result<DIO_Drawing> DIO_readSvg(const QString& path, DIO_Grouping grouping)
+{
+    QFile file(path);
+    if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly)) {
+        const QString reason = QFileInfo(path).isDir() ? QStringLiteral("it is a folder") : file.errorString();
+        return UT_Error{QStringLiteral("%1: the drawing cannot be opened: %2").arg(path, reason)};
+    }
+    const QByteArray data = file.read(kMaxFileSize + 1);
+    if (file.error() != QFileDevice::NoError)
+        return UT_Error{QStringLiteral("%1: the drawing cannot be read: %2").arg(path, file.errorString())};
+    return DIO_readSvgData(data, path, grouping);
+}
+
+UT_Result<DIO_Drawing> DIO_readSvgData(const QByteArray& data, const QString& path, DIO_Grouping grouping)
+{
+    if (data.size() > kMaxFileSize)
+        return UT_Error{QStringLiteral("%1: the file is larger than %2 MiB, the most that is read of a drawing")
+                            .arg(path)
+                            .arg(kMaxFileSize / (1024 * 1024))};
+    if (data.trimmed().isEmpty())
+        return UT_Error{QStringLiteral("%1: the file is empty").arg(path)};
+    if (data.startsWith("\x1f\x8b"))
+        return UT_Error{
+            QStringLiteral("%1: the file is compressed; save it as a plain SVG, or unpack it with gunzip").arg(path)};
+
+    UT_Result<DIO_XmlTree> tree = DIO_readXmlTree(data, path);
+    if (!tree)
+        return tree.error();
+    tree->index();
+    const DIO_SvgLayers layers = DIO_findLayers(tree->root, grouping);
+    const DIO_SvgSize size = DIO_readSvgSize(tree->root);
+    const UT_Result<DIO_FlatSvg> flat = DIO_flattenSvg(*tree, layers, size.viewport());
+    if (!flat)
+        return UT_Error{QStringLiteral("%1: the drawing %2").arg(path, flat.error().text)};
+
+    DIO_ShapeCollector collector(layers, flat->servers);
+    int undashed = 0;
+    if (!record(*flat, size.stretchY, collector, undashed))
+        return UT_Error{QStringLiteral("%1: the SVG library cannot read the drawing").arg(path)};
+    DIO_Drawing drawing = collector.takeDrawing();
+    if (drawing.layers.empty())
+        return UT_Error{QStringLiteral("%1: the drawing is empty: nothing in it is filled or stroked").arg(path)};
+
+    drawing.name = QFileInfo(path).completeBaseName();
+    nameLayers(drawing);
+    drawing.viewBox = size.isKnown() ? size.viewBox : boundsOf(drawing);
+    drawing.size = size.isKnown() ? size.size : drawing.viewBox.size();
+    addLayerWarnings(drawing, layers, flat->hiddenLayers);
+    drawing.warnings = size.warnings + drawing.warnings + flat->warnings;
+    if (undashed > 0)
+        drawing.warnings.append(QStringLiteral("too finely dashed lines are drawn solid: %1").arg(undashed));
+    return drawing;
+}

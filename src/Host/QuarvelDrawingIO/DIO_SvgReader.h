@@ -1,0 +1,36 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Reads SVG drawings.
+//
+// The file is untrusted. It is parsed once into a plain tree (private/DIO_XmlTree), within limits on size, depth and
+// entity expansion; style sheets, links and references are resolved here, and a plain document without any of them is
+// written (private/DIO_SvgFlattener), which the SVG library then paints on a device that records the shapes. So nothing
+// outside of the file is ever opened, no script or animation runs, and the work is bounded.
+//
+// Layers. Declared layers are the groups that vector editors mark as such:
+//   inkscape:groupmode="layer", i:layer="yes", sketch:type="MSLayerGroup", class="layer" with a <title> inside,
+//   a <metadata> child whose id contains "Corel-Layer", and top-level groups with generated ids "Layer_1", "Layer_2",
+//   ...
+// The topmost ones count: a layer within a layer is part of it. What stands outside of all layers (or, when grouping by
+// groups, of all top-level groups) forms layers of its own between them, so that the order of painting is kept. Layers
+// that are hidden or paint nothing are left out with a warning.
+//
+// What is not understood is left out, and said in the drawing's warnings: filters, masks, line-end markers, blend
+// modes. Gradients, patterns and embedded pictures keep their outline and opacity and are painted in their average
+// colour. The SVG library reports remarks of its own in the logging category "qt.svg"; programs may switch that off.
+#pragma once
+
+#include "QuarvelBaseCore/UT_Result.h"
+#include "QuarvelDrawingIO/DIO_Drawing.h"
+
+#include <QByteArray>
+
+/// Reads an SVG file of up to 64 MiB. See DIO_readDrawing for what must exist, and for threads.
+QUARVELDRAWINGIO_EXPORT UT_Result<DIO_Drawing> DIO_readSvg(const QString& path,
+                                                           DIO_Grouping grouping = DIO_Grouping::AUTO);
+
+/// Reads an SVG document from memory.
+///
+/// @param path what messages call it, and what the drawing is named after; nothing is opened
+QUARVELDRAWINGIO_EXPORT UT_Result<DIO_Drawing> DIO_readSvgData(const QByteArray& data, const QString& path,
+                                                               DIO_Grouping grouping = DIO_Grouping::AUTO);

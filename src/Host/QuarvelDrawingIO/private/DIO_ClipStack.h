@@ -1,0 +1,40 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// DIO_ClipStack: the clips that are in force at a moment, one within the other.
+#pragma once
+
+#include <QPainterPath>
+
+#include <optional>
+#include <vector>
+
+class DIO_ClipStack
+{
+public:
+    /// From now on add() collects the paths of a new clip.
+    void begin() { _gathered = QPainterPath(); }
+    bool isGathering() const { return _gathered.has_value(); }
+    void add(const QPainterPath& path);
+
+    /// What was collected is in force, within what already was.
+    void end();
+
+    /// Lifts the newest clip.
+    void pop();
+
+    /// The clip in force, or null where nothing is cut off.
+    const QPainterPath* current() const { return _clips.empty() ? nullptr : &_clips.back(); }
+
+    /// How many clips were too detailed to be cut with each other; there the inner one alone is in force.
+    int skippedIntersections() const { return _skipped; }
+
+private:
+    QPainterPath intersection(const QPainterPath& outer, const QPainterPath& inner);
+
+    std::optional<QPainterPath> _gathered;
+    std::vector<QPainterPath> _clips;
+    int _skipped = 0;
+};
+
+/// Whether a path is one rectangle with sides along the axes.
+bool DIO_isRectangle(const QPainterPath& path);

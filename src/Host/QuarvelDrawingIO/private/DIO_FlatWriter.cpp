@@ -1,0 +1,180 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Writing of flattened documents. Colours are written as #rrggbb and an opacity, lengths as plain numbers, so that the
+// library that paints the document has nothing to interpret.
+#include "QuarvelDrawingIO/private/DIO_FlatWriter.h"
+
+#include "QuarvelDrawingIO/private/DIO_SvgGeometry.h"
+
+#include <QStringList>
+
+namespace {
+
+QString serverReference(int index)
+{
+    return QStringLiteral("url(#s%1)").arg(index);
+}
+
+} // namespace
+
+DIO_FlatWriter::DIO_FlatWriter(DIO_SvgPaintServers& servers) : _servers(servers), _buffer(&_body), _xml(&_buffer)
+{
+    _buffer.open(QIODevice::WriteOnly);
+}
+
+void DIO_FlatWriter::attribute(const char* name, double value)
+{
+    attribute(name, DIO_number(value));
+}
+
+void DIO_FlatWriter::beginElement(const QString& name, const Extras& extras)
+{
+    _xml.writeStartElement(name);
+    if (!extras.transform.isEmpty())
+        attribute("transform", extras.transform);
+    if (extras.opacity < 1.0)
+        attribute("opacity", extras.opacity);
+    if (extras.fixedStrokeWidth)
+        attribute("vector-effect", QStringLiteral("non-scaling-stroke"));
+}
+
+void DIO_FlatWriter::beginGroup(const QString& transform, double opacity)
+{
+    ++_depth;
+    beginElement(QStringLiteral("g"), {transform, opacity, false});
+}
+
+void DIO_FlatWriter::endGroup()
+{
+    --_depth;
+    _xml.writeEndElement();
+}
+
+void DIO_FlatWriter::path(const QString& data, const DIO_SvgStyle& style, const Extras& extras)
+{
+    beginElement(QStringLiteral("path"), extras);
+    writeStyle(style);
+    attribute("d", data);
+    _xml.writeEndElement();
+}
+
+void DIO_FlatWriter::serverPath(const QString& data, int server, const Extras& extras)
+{
+    beginElement(QStringLiteral("path"), extras);
+    attribute("fill", serverReference(server));
+    attribute("d", data);
+    _xml.writeEndElement();
+}
+
+void DIO_FlatWriter::clipPath(const QString& data, bool evenOdd, const QString& transform)
+{
+    beginElement(QStringLiteral("path"), {transform, 1.0, false});
+    if (evenOdd)
+        attribute("fill-rule", QStringLiteral("evenodd"));
+    attribute("d", data);
+    _xml.writeEndElement();
+}
+
+void DIO_FlatWriter::beginText(double x, double y, const DIO_SvgStyle& style, const Extras& extras)
+{
+    beginElement(QStringLiteral("text"), extras);
+    attribute("x", x);
+    attribute("y", y);
+    attribute("xml:space", QStringLiteral("preserve"));
+    writeStyle(style);
+    writeFont(style);
+}
+
+void DIO_FlatWriter::textRun(const QString& text, const DIO_SvgStyle& style)
+{
+    _xml.writeStartElement(QStringLiteral("tspan"));
+    writeStyle(style);
+    writeFont(style);
+    _xml.writeCharacters(text);
+    _xml.writeEndElement();
+}
+
+void DIO_FlatWriter::endText()
+{
+    _xml.writeEndElement();
+}
+
+void DIO_FlatWriter::mark(DIO_SvgMark::Command command, int argument)
+{
+    _xml.writeStartElement(QStringLiteral("polyline"));
+    attribute("fill", QStringLiteral("none"));
+    attribute("stroke", QStringLiteral("#000000"));
+    attribute("points", QString::fromLatin1(DIO_SvgMark{command, argument}.points()));
+    _xml.writeEndElement();
+}
+
+void DIO_FlatWriter::writeStyle(const DIO_SvgStyle& style)
+{
+    writePaint("fill", style.fill, style.fillOpacity);
+    if (style.evenOdd)
+        attribute("fill-rule", QStringLiteral("evenodd"));
+    if (style.strokeWidth > 0.0 && writePaint("stroke", style.stroke, style.strokeOpacity))
+        writeStroke(style);
+}
+
+bool DIO_FlatWriter::writePaint(const char* name, const DIO_SvgPaint& paint, double opacity)
+{
+    const int server = paint.kind == DIO_SvgPaint::Kind::REFERENCE ? _servers.find(paint.reference) : -1;
+    if (server >= 0) {
+        attribute(name, serverReference(server));
+    } else if (paint.kind != DIO_SvgPaint::Kind::NONE && paint.colour.isValid()) {
+        attribute(name, paint.colour.name());
+        opacity *= static_cast<double>(paint.colour.alphaF());
+    } else {
+        attribute(name, QStringLiteral("none"));
+        return false;
+    }
+    if (opacity < 1.0)
+        _xml.writeAttribute(QLatin1String(name) + QStringLiteral("-opacity"), DIO_number(opacity));
+    return true;
+}
+
+void DIO_FlatWriter::writeStroke(const DIO_SvgStyle& style)
+{
+    attribute("stroke-width", style.strokeWidth);
+    attribute("stroke-linecap", style.lineCap);
+    attribute("stroke-linejoin", style.lineJoin);
+    attribute("stroke-miterlimit", style.miterLimit);
+    if (style.dashes.empty())
+        return;
+    QStringList dashes;
+    for (const double dash : style.dashes)
+        dashes.append(DIO_number(dash));
+    attribute("stroke-dasharray", dashes.join(u','));
+    attribute("stroke-dashoffset", style.dashOffset);
+}
+
+void DIO_FlatWriter::writeFont(const DIO_SvgStyle& style)
+{
+    attribute("font-size", style.fontSize);
+    for (auto property = style.font.constKeyValueBegin(); property != style.font.constKeyValueEnd(); ++property)
+        _xml.writeAttribute(property->first, property->second);
+}
+
+QByteArray DIO_FlatWriter::definitions() const
+{
+    QByteArray definitions = "<defs>";
+    const std::vector<DIO_PaintServer>& servers = _servers.servers();
+    for (std::size_t i = 0; i < servers.size(); ++i) {
+        const QByteArray colour = servers[i].paint.colour.name().toLatin1();
+        const QByteArray stop =
+            " stop-color=\"" + colour + "\" stop-opacity=\"" + QByteArray::number(servers[i].opacity) + "\"/>";
+        const QByteArray number = QByteArray::number(static_cast<qulonglong>(i));
+        const QByteArray x = QByteArray::number(kDIO_serverX, 'f', 0);
+        definitions += "<linearGradient id=\"s" + number + "\" gradientUnits=\"userSpaceOnUse\" x1=\"" + x +
+                       "\" y1=\"" + number + "\" x2=\"0\" y2=\"" + number + "\"><stop offset=\"0\"" + stop +
+                       "<stop offset=\"1\"" + stop + "</linearGradient>";
+    }
+    return definitions + "</defs>";
+}
+
+QByteArray DIO_FlatWriter::document()
+{
+    return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"100\" height=\"100\" viewBox=\"0 0 100 100\">" +
+           definitions() + _body + "</svg>";
+}

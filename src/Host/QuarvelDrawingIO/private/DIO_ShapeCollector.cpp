@@ -1,0 +1,188 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// From recorded shapes to layers and palette.
+#include "QuarvelDrawingIO/private/DIO_ShapeCollector.h"
+
+#include "QuarvelDrawingIO/private/DIO_AverageColour.h"
+#include "QuarvelDrawingIO/private/DIO_SvgMarks.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// No picture reaches this far; what does, comes from a mistake in the file.
+constexpr double kFarthest = 1e9;
+
+enum class Extent
+{
+    NOTHING, ///< without area
+    USABLE,
+    UNREACHABLE ///< not a number, or beyond all bounds
+};
+
+Extent extentOf(const QPainterPath& path)
+{
+    const QRectF bounds = path.controlPointRect();
+    for (const double edge : {bounds.left(), bounds.top(), bounds.right(), bounds.bottom()})
+        if (!(std::abs(edge) <= kFarthest))
+            return Extent::UNREACHABLE;
+    return bounds.width() > 0.0 && bounds.height() > 0.0 ? Extent::USABLE : Extent::NOTHING;
+}
+
+// QPainterPath's bounds forget what is not a number.
+bool isFinite(const QPainterPath& path)
+{
+    for (int i = 0; i < path.elementCount(); ++i)
+        if (!std::isfinite(path.elementAt(i).x) || !std::isfinite(path.elementAt(i).y))
+            return false;
+    return true;
+}
+
+DIO_Paint solidPaint(const QColor& colour)
+{
+    return {DIO_Paint::Kind::SOLID, QColor::fromRgb(colour.rgb()), colour.name()};
+}
+
+QString namesOf(const std::vector<DIO_Paint>& palette, DIO_Paint::Kind kind)
+{
+    constexpr int kShown = 5;
+    QStringList names;
+    int more = 0;
+    for (const DIO_Paint& paint : palette)
+        if (paint.kind == kind && names.size() < kShown)
+            names.append(paint.name);
+        else if (paint.kind == kind)
+            ++more;
+    const QString list = names.join(QStringLiteral(", "));
+    return more == 0 ? list : QStringLiteral("%1 and %2 more").arg(list).arg(more);
+}
+
+} // namespace
+
+DIO_ShapeCollector::DIO_ShapeCollector(const DIO_SvgLayers& layers, const std::vector<DIO_PaintServer>& servers)
+    : _layers(layers), _servers(servers)
+{}
+
+bool DIO_ShapeCollector::polyline(std::span<const QPointF> points)
+{
+    const std::optional<DIO_SvgMark> mark = DIO_SvgMark::read(points);
+    if (!mark)
+        return false;
+    switch (mark->command) {
+    case DIO_SvgMark::Command::LAYER:
+        _currentLayer = mark->argument;
+        _layerOpen = false;
+        break;
+    case DIO_SvgMark::Command::NO_LAYER:
+        _currentLayer = kNoLayer;
+        _layerOpen = false;
+        break;
+    case DIO_SvgMark::Command::CLIP_BEGIN:
+        _clips.begin();
+        break;
+    case DIO_SvgMark::Command::CLIP_END:
+        _clips.end();
+        break;
+    case DIO_SvgMark::Command::CLIP_POP:
+        _clips.pop();
+        break;
+    }
+    return true;
+}
+
+void DIO_ShapeCollector::shape(DIO_RecordedShape recorded)
+{
+    const Extent extent = isFinite(recorded.path) ? extentOf(recorded.path) : Extent::UNREACHABLE;
+    if (extent == Extent::UNREACHABLE)
+        ++_unreachable;
+    if (extent != Extent::USABLE)
+        return;
+    if (_clips.isGathering()) {
+        _clips.add(recorded.path);
+        return;
+    }
+    DIO_Shape shape;
+    shape.opacity = recorded.opacity;
+    shape.paint = paintOf(recorded.brush, shape.opacity);
+    shape.path = std::move(recorded.path);
+    if (shape.paint >= 0 && applyClip(shape))
+        layerForShape().shapes.push_back(std::move(shape));
+}
+
+bool DIO_ShapeCollector::applyClip(DIO_Shape& shape) const
+{
+    const QPainterPath* const clip = _clips.current();
+    if (!clip)
+        return true;
+    const QRectF bounds = shape.path.controlPointRect();
+    if (!clip->controlPointRect().intersects(bounds))
+        return false;
+    if (!(DIO_isRectangle(*clip) && clip->controlPointRect().contains(bounds)))
+        shape.clip = *clip;
+    return true;
+}
+
+DIO_Layer& DIO_ShapeCollector::layerForShape()
+{
+    if (!_layerOpen) {
+        const bool declared = _currentLayer >= 0 && _currentLayer < _layers.names.size();
+        _drawing.layers.push_back({declared ? _layers.names[_currentLayer] : QString(), declared, {}});
+        _layerOpen = true;
+    }
+    return _drawing.layers.back();
+}
+
+// The palette's entry for a brush, or -1 when it paints nothing; its own opacity goes into the shape's.
+int DIO_ShapeCollector::paintOf(const QBrush& brush, double& opacity)
+{
+    const DIO_PaintServer* server = nullptr;
+    if (const QGradient* const gradient = brush.gradient(); gradient && gradient->type() == QGradient::LinearGradient) {
+        const QPointF start = static_cast<const QLinearGradient*>(gradient)->start();
+        const auto index = static_cast<std::size_t>(std::max(0L, std::lround(start.y())));
+        if (start.x() == kDIO_serverX && index < _servers.size())
+            server = &_servers[index];
+    }
+    const QColor average = server ? QColor() : DIO_averageColour(brush);
+    opacity = std::clamp(opacity * (server ? server->opacity : static_cast<double>(average.alphaF())), 0.0, 1.0);
+    if (!(opacity > 0.0))
+        return -1;
+    return indexOfPaint(server ? server->paint : solidPaint(average));
+}
+
+int DIO_ShapeCollector::indexOfPaint(const DIO_Paint& paint)
+{
+    const QString key = QString::number(static_cast<int>(paint.kind)) + paint.colour.name() + paint.name;
+    const auto known = _paintIndex.constFind(key);
+    if (known != _paintIndex.constEnd())
+        return *known;
+    const int index = static_cast<int>(_drawing.palette.size());
+    _drawing.palette.push_back(paint);
+    _paintIndex.insert(key, index);
+    return index;
+}
+
+void DIO_ShapeCollector::addSimplificationWarnings()
+{
+    const std::pair<DIO_Paint::Kind, QString> kinds[] = {
+        {DIO_Paint::Kind::GRADIENT, QStringLiteral("gradients are painted in their average colour: ")},
+        {DIO_Paint::Kind::PATTERN, QStringLiteral("patterns are painted in the average of their colours: ")},
+        {DIO_Paint::Kind::PICTURE,
+         QStringLiteral("embedded pictures are painted as rectangles of their average colour: ")},
+    };
+    for (const auto& [kind, text] : kinds)
+        if (const QString names = namesOf(_drawing.palette, kind); !names.isEmpty())
+            _drawing.warnings.append(text + names);
+    if (_unreachable > 0)
+        _drawing.warnings.append(QStringLiteral("left out: shapes with impossible coordinates (%1)").arg(_unreachable));
+    if (_clips.skippedIntersections() > 0)
+        _drawing.warnings.append(
+            QStringLiteral("clips within clips that are too detailed, the inner one alone cuts: %1")
+                .arg(_clips.skippedIntersections()));
+}
+
+DIO_Drawing DIO_ShapeCollector::takeDrawing()
+{
+    addSimplificationWarnings();
+    return std::move(_drawing);
+}

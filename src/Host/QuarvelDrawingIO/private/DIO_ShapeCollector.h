@@ -1,0 +1,41 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// DIO_ShapeCollector: makes a drawing of what the painting of a flattened SVG document records: shapes onto layers,
+// brushes into the palette, marks into layers and clips.
+#pragma once
+
+#include "QuarvelDrawingIO/private/DIO_ClipStack.h"
+#include "QuarvelDrawingIO/private/DIO_ShapeSink.h"
+#include "QuarvelDrawingIO/private/DIO_SvgLayers.h"
+#include "QuarvelDrawingIO/private/DIO_SvgPaintServers.h"
+
+class DIO_ShapeCollector : public DIO_ShapeSink
+{
+public:
+    /// @param layers, servers must outlive the collector
+    DIO_ShapeCollector(const DIO_SvgLayers& layers, const std::vector<DIO_PaintServer>& servers);
+
+    void shape(DIO_RecordedShape recorded) override;
+    bool polyline(std::span<const QPointF> points) override;
+
+    /// Takes out layers, palette and warnings; the rest of the drawing is for others to fill in.
+    DIO_Drawing takeDrawing();
+
+private:
+    static constexpr int kNoLayer = -1;
+
+    DIO_Layer& layerForShape();
+    int paintOf(const QBrush& brush, double& opacity);
+    int indexOfPaint(const DIO_Paint& paint);
+    bool applyClip(DIO_Shape& shape) const;
+    void addSimplificationWarnings();
+
+    const DIO_SvgLayers& _layers;
+    const std::vector<DIO_PaintServer>& _servers;
+    DIO_Drawing _drawing;
+    DIO_ClipStack _clips;
+    QHash<QString, int> _paintIndex;
+    int _currentLayer = kNoLayer;
+    bool _layerOpen = false;
+    int _unreachable = 0;
+};

@@ -1,0 +1,45 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// DIO_SvgPaintServers: the gradients, patterns and pictures that areas of an SVG file are painted with, each brought
+// down to its average colour.
+#pragma once
+
+#include "QuarvelDrawingIO/DIO_Drawing.h"
+#include "QuarvelDrawingIO/private/DIO_SvgStyle.h"
+
+#include <QBrush>
+
+/// A paint server in use.
+struct DIO_PaintServer
+{
+    DIO_Paint paint;
+    double opacity = 1.0; ///< the average of its colours' opacities
+};
+
+class DIO_SvgPaintServers
+{
+public:
+    DIO_SvgPaintServers(const DIO_XmlTree& tree, const DIO_StyleSheet& sheet) : _tree(tree), _sheet(sheet) {}
+
+    /// The server that "#id" names, or -1 when it paints nothing.
+    int find(const QString& reference);
+
+    /// The server that stands for an embedded picture.
+    int addPicture(const DIO_XmlNode& image, const QColor& average);
+
+    /// All servers in use.
+    const std::vector<DIO_PaintServer>& servers() const { return _servers; }
+
+private:
+    std::vector<QColor> patternColours(const DIO_XmlNode& pattern) const;
+    void collectColours(std::vector<const DIO_XmlNode*>& ancestry, const DIO_SvgStyle& style,
+                        std::vector<QColor>& colours) const;
+    QGradientStops stopsOf(const DIO_XmlNode& gradient) const;
+    const DIO_XmlNode* contentOf(const DIO_XmlNode& server, QStringView childName) const;
+    int create(const DIO_XmlNode& node, DIO_Paint::Kind kind, const QGradientStops& stops);
+
+    const DIO_XmlTree& _tree;
+    const DIO_StyleSheet& _sheet;
+    QHash<const DIO_XmlNode*, int> _indexOf;
+    std::vector<DIO_PaintServer> _servers;
+};
