@@ -1,0 +1,96 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// BA_GaussianBlur: a Gaussian blur of one plane of floats, for rows that come from anywhere and go anywhere.
+//
+// What lies outside the source counts as zero. Every value is within 1/16384 of full scale of the exact Gaussian,
+// whatever the standard deviation, and so are slopes: the difference of neighbours is within 1/1000 of the steepest
+// true one in the picture. From values that are not negative come none that are. A constant of full scale stays exactly
+// what it is where the filter sees nothing else. The cost per sample hardly depends on the standard deviation.
+//
+// The result is a function of the picture alone: how much emptiness the source's rectangle holds, which rectangle is
+// asked for, the number of threads and the machine do not change a bit of it, and a picture mirrored about a line of
+// pixels gives the mirrored result. (It is not so for a picture moved by a few pixels, which meets the coarse grids of
+// a long blur at other places: both results are within the bounds, and differ by less than they say.)
+//
+// Sources for the method: P. J. Burt, "Fast filter transforms for image processing", 1981, for Gaussians by halving and
+// doubling; the correction of the coarsest filter is worked out in private/AxisPlan.cpp.
+#pragma once
+
+#include "BlurAlgo/BlurAlgoExport.h"
+#include "QuarvelBaseCore/Math_Box2di.h"
+
+#include <cstddef>
+#include <memory>
+
+/// Where the rows of a plane come from. Any number of threads read different rows at a time.
+class BLURALGO_EXPORT BA_RowSource
+{
+public:
+    virtual ~BA_RowSource();
+
+    /// The samples of row y, from the source rectangle's left to its right.
+    ///
+    /// @param buffer room for one row, to be used or not
+    /// @return the buffer, or the source's own row, which must stay as it is until the blur is done
+    virtual const float* row(int y, float* buffer) const = 0;
+};
+
+/// Where the rows of a result go. Any number of threads write different rows at a time, each row once.
+class BLURALGO_EXPORT BA_RowSink
+{
+public:
+    virtual ~BA_RowSink();
+
+    /// Where row y is to be written: the sink's own row or the buffer, which has room for one.
+    virtual float* begin(int y, float* buffer) = 0;
+
+    /// Row y has been written to where begin() said.
+    virtual void end(int y, const float* row) = 0;
+};
+
+/// A plane of floats in memory, rows of one rectangle.
+struct BA_Plane
+{
+    float* data = nullptr;     ///< the sample at the rectangle's upper left
+    std::ptrdiff_t stride = 0; ///< samples from a row to the next
+    Math::Box2di rect;
+};
+
+/// Blurs planes with one pair of standard deviations, and keeps the memory it needs from one call to the next: at most
+/// about three bytes per pixel of the largest result so far.
+///
+/// One object serves one call at a time; the call itself uses the threads of the TBB arena it is made in.
+class BLURALGO_EXPORT BA_GaussianBlur
+{
+public:
+    /// Coordinates of rectangles must stay within plus and minus this.
+    static constexpr int kLargestCoordinate = 1 << 28;
+    /// Larger standard deviations count as this.
+    static constexpr double kLargestSigma = 1e6;
+
+    BA_GaussianBlur();
+    /// @param sigmaX, sigmaY standard deviations in pixels; what is not a positive finite number counts as 0, which
+    /// leaves the axis as it is; what is beyond a million counts as a million
+    BA_GaussianBlur(double sigmaX, double sigmaY);
+    BA_GaussianBlur(BA_GaussianBlur&&) noexcept;
+    BA_GaussianBlur& operator=(BA_GaussianBlur&&) noexcept;
+    ~BA_GaussianBlur();
+
+    /// Changes the standard deviations and keeps the memory.
+    void setSigmas(double sigmaX, double sigmaY);
+
+    /// The pixels next to the source, on every side of an axis, that a blur is asked for: ceil(4 sigma), 0 for what
+    /// counts as 0.
+    static int reach(double sigma);
+
+    /// Blurs the rows of source, which has the rectangle sourceRect, and writes every row of resultRect to sink.
+    void run(const BA_RowSource& source, const Math::Box2di& sourceRect, BA_RowSink& sink,
+             const Math::Box2di& resultRect);
+
+    /// The same between planes in memory, which must not overlap.
+    void run(const BA_Plane& source, const BA_Plane& result);
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> _i;
+};

@@ -1,0 +1,93 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The three passes that a blur is made of: halve a plane, filter it, double it. Each reads rows from somewhere, works
+// on a band of result rows that depends on nothing but its input, and writes them somewhere.
+//
+// Coordinates: sample k of a halved axis lies on sample 2 k of the axis it was made from, for every integer k, so all
+// levels share the picture's origin. A plane holds the samples of its rectangle; outside there are zeros (halve,
+// filter) or samples that nobody needs (double).
+#pragma once
+
+#include "BlurAlgo/BA_GaussianBlur.h"
+#include "BlurAlgo/private/AxisPlan.h"
+
+#include <span>
+#include <vector>
+
+namespace BlurAlgo {
+
+/// Columns or rows lo .. hi - 1.
+struct Interval
+{
+    int lo = 0;
+    int hi = 0;
+
+    int size() const { return hi - lo; }
+    bool contains(int v) const { return v >= lo && v < hi; }
+};
+
+inline Interval columnsOf(const Math::Box2di& box)
+{
+    return {box.x1, box.x2};
+}
+inline Interval rowsOf(const Math::Box2di& box)
+{
+    return {box.y1, box.y2};
+}
+
+/// The samples of a halved axis that are not zero when those outside of the interval are.
+Interval halvedSupport(Interval samples, int reach);
+/// The samples of a halved axis from which doubling makes those of the interval.
+Interval neededByDoubling(Interval samples, int reach);
+
+/// The weights of one step along one axis; a step that leaves the axis alone has none.
+struct StepWeights
+{
+    std::vector<float> weights; ///< from the middle outwards
+
+    bool active() const { return !weights.empty(); }
+    int reach() const { return static_cast<int>(weights.size()) - 1; }
+};
+
+/// Rows and where they lie.
+struct Input
+{
+    const BA_RowSource& rows;
+    Math::Box2di rect;
+};
+struct Output
+{
+    BA_RowSink& rows;
+    Math::Box2di rect;
+};
+
+/// Memory of one thread, kept between bands: handed out from the front, all taken back at once.
+class RowMemory
+{
+public:
+    /// Takes everything back and makes room for this many rows of this many samples.
+    void reset(std::size_t rows, std::size_t samples);
+    /// One row of at least the size that was announced. It holds anything.
+    float* take();
+    /// One row of zeros.
+    float* takeZeros();
+
+private:
+    std::vector<float> _samples;
+    std::size_t _stride = 0;
+    std::size_t _used = 0;
+};
+
+/// Rows y.lo .. y.hi - 1 of the halved plane.
+void halveBand(const Input& in, const StepWeights& xStep, const StepWeights& yStep, const Output& out, Interval y,
+               RowMemory& memory);
+
+/// Rows y.lo .. y.hi - 1 of the plane filtered in place of its samples.
+void filterBand(const Input& in, std::span<const float> xWeights, std::span<const float> yWeights, const Output& out,
+                Interval y, RowMemory& memory);
+
+/// Rows y.lo .. y.hi - 1 of the doubled plane.
+void doubleBand(const Input& in, const StepWeights& xStep, const StepWeights& yStep, const Output& out, Interval y,
+                RowMemory& memory);
+
+} // namespace BlurAlgo

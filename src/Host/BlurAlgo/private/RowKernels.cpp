@@ -1,0 +1,294 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The inner loops, compiled once for every instruction set and chosen at run time. The last few samples of a row, fewer
+// than a vector holds, go through the same operations one by one.
+#include "BlurAlgo/private/RowKernels.h"
+
+#include <algorithm>
+#include <cmath>
+
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "BlurAlgo/private/RowKernels.cpp"
+#include <hwy/foreach_target.h>
+#include <hwy/highway.h>
+
+HWY_BEFORE_NAMESPACE();
+namespace BlurAlgo::RowKernels::HWY_NAMESPACE {
+
+namespace hn = hwy::HWY_NAMESPACE;
+using Floats = hn::ScalableTag<float>;
+
+int lanes()
+{
+    return static_cast<int>(hn::Lanes(Floats()));
+}
+
+/// One vector of the sum, or with a tag of one lane one sample of it. kPairs < 0: as many as are passed.
+template<int kPairs, bool kMiddle, class D>
+HWY_INLINE hn::Vec<D> sumAt(D d, const float* middle, float middleWeight, const Pair* pairs, int count, int i)
+{
+    const int used = kPairs < 0 ? count : kPairs;
+    const auto term = [&](int p) HWY_ATTR {
+        const auto both = hn::Add(hn::LoadU(d, pairs[p].left + i), hn::LoadU(d, pairs[p].right + i));
+        return hn::Mul(both, hn::Set(d, pairs[p].weight));
+    };
+    auto sum = kMiddle ? hn::Mul(hn::LoadU(d, middle + i), hn::Set(d, middleWeight)) : term(0);
+    for (int p = kMiddle ? 0 : 1; p < used; ++p)
+        sum = hn::Add(sum, term(p));
+    return sum;
+}
+
+template<int kPairs, bool kMiddle>
+void sumRow(const float* middle, float middleWeight, std::span<const Pair> span, float* HWY_RESTRICT out, int n)
+{
+    const Floats d;
+    const int step = lanes();
+    const int count = static_cast<int>(span.size());
+    // A copy on the stack tells the compiler that writing the row does not change the pairs.
+    Pair pairs[kPairs < 0 ? 1 : kPairs + 1];
+    if constexpr (kPairs >= 0)
+        std::copy_n(span.data(), kPairs, pairs);
+    const Pair* const used = kPairs < 0 ? span.data() : pairs;
+    int i = 0;
+    for (; i + step <= n; i += step)
+        hn::StoreU(sumAt<kPairs, kMiddle>(d, middle, middleWeight, used, count, i), d, out + i);
+    for (; i < n; ++i)
+        hn::StoreU(sumAt<kPairs, kMiddle>(hn::CappedTag<float, 1>(), middle, middleWeight, used, count, i),
+                   hn::CappedTag<float, 1>(), out + i);
+}
+
+/// Many pairs: four vectors at a time, so that a pair's addresses and weight are read once for all four.
+void sumRowOfMany(const float* middle, float middleWeight, std::span<const Pair> pairs, float* HWY_RESTRICT out, int n)
+{
+    const Floats d;
+    const int step = lanes();
+    int i = 0;
+    for (; i + 4 * step <= n; i += 4 * step) {
+        const auto w = hn::Set(d, middleWeight);
+        auto s0 = hn::Mul(hn::LoadU(d, middle + i), w);
+        auto s1 = hn::Mul(hn::LoadU(d, middle + i + step), w);
+        auto s2 = hn::Mul(hn::LoadU(d, middle + i + 2 * step), w);
+        auto s3 = hn::Mul(hn::LoadU(d, middle + i + 3 * step), w);
+        for (const Pair& pair : pairs) {
+            const float* a = pair.left + i;
+            const float* b = pair.right + i;
+            const auto v = hn::Set(d, pair.weight);
+            s0 = hn::Add(s0, hn::Mul(hn::Add(hn::LoadU(d, a), hn::LoadU(d, b)), v));
+            s1 = hn::Add(s1, hn::Mul(hn::Add(hn::LoadU(d, a + step), hn::LoadU(d, b + step)), v));
+            s2 = hn::Add(s2, hn::Mul(hn::Add(hn::LoadU(d, a + 2 * step), hn::LoadU(d, b + 2 * step)), v));
+            s3 = hn::Add(s3, hn::Mul(hn::Add(hn::LoadU(d, a + 3 * step), hn::LoadU(d, b + 3 * step)), v));
+        }
+        hn::StoreU(s0, d, out + i);
+        hn::StoreU(s1, d, out + i + step);
+        hn::StoreU(s2, d, out + i + 2 * step);
+        hn::StoreU(s3, d, out + i + 3 * step);
+    }
+    const int count = static_cast<int>(pairs.size());
+    for (; i + step <= n; i += step)
+        hn::StoreU(sumAt<-1, true>(d, middle, middleWeight, pairs.data(), count, i), d, out + i);
+    for (; i < n; ++i)
+        hn::StoreU(sumAt<-1, true>(hn::CappedTag<float, 1>(), middle, middleWeight, pairs.data(), count, i),
+                   hn::CappedTag<float, 1>(), out + i);
+}
+
+void sumWithMiddle(const float* middle, float weight, std::span<const Pair> pairs, float* out, int n)
+{
+    switch (pairs.size()) {
+    case 0:
+        return sumRow<0, true>(middle, weight, pairs, out, n);
+    case 1:
+        return sumRow<1, true>(middle, weight, pairs, out, n);
+    case 2:
+        return sumRow<2, true>(middle, weight, pairs, out, n);
+    case 3:
+        return sumRow<3, true>(middle, weight, pairs, out, n);
+    case 4:
+        return sumRow<4, true>(middle, weight, pairs, out, n);
+    default:
+        return sumRowOfMany(middle, weight, pairs, out, n);
+    }
+}
+
+void sumWithoutMiddle(std::span<const Pair> pairs, float* out, int n)
+{
+    switch (pairs.size()) {
+    case 1:
+        return sumRow<1, false>(nullptr, 0.0F, pairs, out, n);
+    case 2:
+        return sumRow<2, false>(nullptr, 0.0F, pairs, out, n);
+    default:
+        return sumRow<-1, false>(nullptr, 0.0F, pairs, out, n);
+    }
+}
+
+void splitRow(const float* HWY_RESTRICT in, float* HWY_RESTRICT even, float* HWY_RESTRICT odd, int n)
+{
+    const Floats d;
+    const int step = lanes();
+    int i = 0;
+    for (; i + step <= n; i += step) {
+        hn::Vec<Floats> a;
+        hn::Vec<Floats> b;
+        hn::LoadInterleaved2(d, in + 2 * i, a, b);
+        hn::StoreU(a, d, even + i);
+        hn::StoreU(b, d, odd + i);
+    }
+    for (; i < n; ++i) {
+        even[i] = in[2 * i];
+        odd[i] = in[2 * i + 1];
+    }
+}
+
+void mergeRow(const float* HWY_RESTRICT even, const float* HWY_RESTRICT odd, float* HWY_RESTRICT out, int n)
+{
+    const Floats d;
+    const int step = lanes();
+    int i = 0;
+    for (; i + step <= n; i += step)
+        hn::StoreInterleaved2(hn::LoadU(d, even + i), hn::LoadU(d, odd + i), d, out + 2 * i);
+    for (; i < n; ++i) {
+        out[2 * i] = even[i];
+        out[2 * i + 1] = odd[i];
+    }
+}
+
+void loadRed16(const std::int16_t* HWY_RESTRICT pixels, float* HWY_RESTRICT out, int n)
+{
+    const Floats d;
+    const hn::Rebind<std::int16_t, Floats> d16;
+    const hn::Rebind<std::int32_t, Floats> d32;
+    const int step = lanes();
+    int i = 0;
+    for (; i + step <= n; i += step) {
+        hn::Vec<decltype(d16)> r;
+        hn::Vec<decltype(d16)> g;
+        hn::Vec<decltype(d16)> b;
+        hn::Vec<decltype(d16)> a;
+        hn::LoadInterleaved4(d16, pixels + 4 * i, r, g, b, a);
+        hn::StoreU(hn::ConvertTo(d, hn::PromoteTo(d32, r)), d, out + i);
+    }
+    for (; i < n; ++i)
+        out[i] = pixels[4 * i];
+}
+
+void loadRedFloat(const float* HWY_RESTRICT pixels, float* HWY_RESTRICT out, int n)
+{
+    const Floats d;
+    const int step = lanes();
+    int i = 0;
+    for (; i + step <= n; i += step) {
+        hn::Vec<Floats> r;
+        hn::Vec<Floats> g;
+        hn::Vec<Floats> b;
+        hn::Vec<Floats> a;
+        hn::LoadInterleaved4(d, pixels + 4 * i, r, g, b, a);
+        hn::StoreU(r, d, out + i);
+    }
+    for (; i < n; ++i)
+        out[i] = pixels[4 * i];
+}
+
+void storeRed16(const float* HWY_RESTRICT in, float gain, std::int16_t* HWY_RESTRICT pixels, int n)
+{
+    const Floats d;
+    const hn::Rebind<std::int16_t, Floats> d16;
+    const hn::Rebind<std::int32_t, Floats> d32;
+    const int step = lanes();
+    const auto zero16 = hn::Zero(d16);
+    const auto full = hn::Set(d, 32767.0F);
+    const auto half = hn::Set(d, 0.5F);
+    int i = 0;
+    for (; i + step <= n; i += step) {
+        const auto value = hn::Mul(hn::LoadU(d, in + i), hn::Set(d, gain));
+        const auto size = hn::Min(hn::Floor(hn::Add(hn::Abs(value), half)), full);
+        const auto r = hn::DemoteTo(d16, hn::ConvertTo(d32, hn::CopySign(size, value)));
+        const auto a = hn::IfThenElse(hn::Eq(r, zero16), zero16, hn::Set(d16, std::int16_t{32767}));
+        hn::StoreInterleaved4(r, zero16, zero16, a, d16, pixels + 4 * i);
+    }
+    for (; i < n; ++i) {
+        const float value = in[i] * gain;
+        const float sum = std::abs(value) + 0.5F;
+        const float size = sum < 32767.0F ? std::floor(sum) : 32767.0F;
+        const auto r = static_cast<std::int16_t>(value < 0.0F ? -size : size);
+        pixels[4 * i] = r;
+        pixels[4 * i + 1] = 0;
+        pixels[4 * i + 2] = 0;
+        pixels[4 * i + 3] = r == 0 ? std::int16_t{0} : std::int16_t{32767};
+    }
+}
+
+void storeRedFloat(const float* HWY_RESTRICT in, float gain, float* HWY_RESTRICT pixels, int n)
+{
+    const Floats d;
+    const int step = lanes();
+    const auto zero = hn::Zero(d);
+    int i = 0;
+    for (; i + step <= n; i += step) {
+        const auto r = hn::Mul(hn::LoadU(d, in + i), hn::Set(d, gain));
+        const auto a = hn::IfThenElse(hn::Eq(r, zero), zero, hn::Set(d, 1.0F));
+        hn::StoreInterleaved4(r, zero, zero, a, d, pixels + 4 * i);
+    }
+    for (; i < n; ++i) {
+        const float r = in[i] * gain;
+        pixels[4 * i] = r;
+        pixels[4 * i + 1] = 0.0F;
+        pixels[4 * i + 2] = 0.0F;
+        pixels[4 * i + 3] = r == 0.0F ? 0.0F : 1.0F;
+    }
+}
+
+} // namespace BlurAlgo::RowKernels::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+namespace BlurAlgo::RowKernels {
+
+HWY_EXPORT(sumWithMiddle);
+HWY_EXPORT(sumWithoutMiddle);
+HWY_EXPORT(splitRow);
+HWY_EXPORT(mergeRow);
+HWY_EXPORT(loadRed16);
+HWY_EXPORT(loadRedFloat);
+HWY_EXPORT(storeRed16);
+HWY_EXPORT(storeRedFloat);
+
+void weightedSum(const float* middle, float middleWeight, std::span<const Pair> pairs, float* out, int n)
+{
+    if (middle)
+        HWY_DYNAMIC_DISPATCH(sumWithMiddle)(middle, middleWeight, pairs, out, n);
+    else
+        HWY_DYNAMIC_DISPATCH(sumWithoutMiddle)(pairs, out, n);
+}
+
+void split(const float* in, float* even, float* odd, int n)
+{
+    HWY_DYNAMIC_DISPATCH(splitRow)(in, even, odd, n);
+}
+
+void merge(const float* even, const float* odd, float* out, int n)
+{
+    HWY_DYNAMIC_DISPATCH(mergeRow)(even, odd, out, n);
+}
+
+void loadRed(const std::int16_t* pixels, float* out, int n)
+{
+    HWY_DYNAMIC_DISPATCH(loadRed16)(pixels, out, n);
+}
+
+void loadRed(const float* pixels, float* out, int n)
+{
+    HWY_DYNAMIC_DISPATCH(loadRedFloat)(pixels, out, n);
+}
+
+void storeRed(const float* in, float gain, std::int16_t* pixels, int n)
+{
+    HWY_DYNAMIC_DISPATCH(storeRed16)(in, gain, pixels, n);
+}
+
+void storeRed(const float* in, float gain, float* pixels, int n)
+{
+    HWY_DYNAMIC_DISPATCH(storeRedFloat)(in, gain, pixels, n);
+}
+
+} // namespace BlurAlgo::RowKernels
+#endif // HWY_ONCE

@@ -1,0 +1,42 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The inner loops of the blur, on rows of floats: one weighted sum that does all filtering, in both directions, and the
+// moves of samples around it. They run with the widest vectors that the processor has. Every sample is computed by
+// itself, in a fixed order, without fused operations, so that all processors give the same bits.
+//
+// Rows passed to one call do not overlap in what is written; reads and writes stay within the n samples that are named.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+namespace BlurAlgo::RowKernels {
+
+/// Two rows that take part in a weighted sum with the same weight.
+struct Pair
+{
+    const float* left;
+    const float* right;
+    float weight;
+};
+
+/// out[i] = middle[i] * middleWeight + (left[i] + right[i]) * weight + ..., added up in the order of the pairs. Without
+/// a middle (null) the sum starts with the first pair; there must be one.
+void weightedSum(const float* middle, float middleWeight, std::span<const Pair> pairs, float* out, int n);
+
+/// even[i] = in[2 i], odd[i] = in[2 i + 1] for i < n.
+void split(const float* in, float* even, float* odd, int n);
+
+/// out[2 i] = even[i], out[2 i + 1] = odd[i] for i < n.
+void merge(const float* even, const float* odd, float* out, int n);
+
+/// out[i] = the first channel of pixel i, for pixels of four channels.
+void loadRed(const std::int16_t* pixels, float* out, int n);
+void loadRed(const float* pixels, float* out, int n);
+
+/// Pixel i = (in[i] x gain, 0, 0, full where that is not zero and 0 elsewhere). In 16 bits the value is rounded to the
+/// nearest integer, halves away from zero, and clamped to [-32767, 32767]; full is 32767. In float it is 1.
+void storeRed(const float* in, float gain, std::int16_t* pixels, int n);
+void storeRed(const float* in, float gain, float* pixels, int n);
+
+} // namespace BlurAlgo::RowKernels
