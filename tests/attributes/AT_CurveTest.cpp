@@ -111,6 +111,15 @@ TEST(Curve, TakesTheWayOfTheEarlierKey)
     EXPECT_EQ(curve.value(3.0), 4.0);
 }
 
+TEST(Curve, LeavesHandlesAsideUnlessTheEarlierKeyIsABezierKey)
+{
+    Key first = key(0.0, 0.0, LINEAR);
+    first.out = {4.0, 100.0};
+    Key last = key(8.0, 8.0, BEZIER);
+    last.in = {-4.0, 100.0};
+    EXPECT_EQ(curveOf({first, last}).value(4.0), 4.0);
+}
+
 TEST(Curve, FollowsItsBezierHandles)
 {
     // At t = 1/4 the polygon 0, 4, 4, 8 gives frame 2.375 and the polygon 0, 0, 1, 1 gives 10/64.

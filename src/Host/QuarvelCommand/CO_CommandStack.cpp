@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The history: _commands holds what was executed, the first _done of it are in effect.
+// The history: _commands holds what was executed, the first _done of it are in effect. Where something can be redone,
+// nothing may merge: the undo() that made it so has seen to that.
 #include "QuarvelCommand/CO_CommandStack.h"
 
 #include <algorithm>
@@ -45,7 +46,6 @@ bool CO_CommandStack::redo()
         return false;
     _commands[_done]->redo();
     ++_done;
-    _mayMerge = false;
     tell();
     return true;
 }
