@@ -53,6 +53,16 @@ void addLayerWarnings(DIO_Drawing& drawing, const DIO_SvgLayers& layers, const Q
                                 empty.join(QStringLiteral(", ")));
 }
 
+QString emptyText(const QString& path, const DIO_FlatSvg& flat)
+{
+    QString text = path + QStringLiteral(": the drawing is empty: nothing in it is filled or stroked");
+    if (!flat.hiddenLayers.isEmpty())
+        text += QStringLiteral("; hidden layers are left out: ") + flat.hiddenLayers.join(QStringLiteral(", "));
+    for (const QString& warning : flat.warnings)
+        text += QStringLiteral("; ") + warning;
+    return text;
+}
+
 // Paints a flattened document on the recording device.
 bool record(const DIO_FlatSvg& flat, double stretchY, DIO_ShapeCollector& collector, int& undashed)
 {
@@ -112,7 +122,7 @@ UT_Result<DIO_Drawing> DIO_readSvgData(const QByteArray& data, const QString& pa
         return UT_Error{QStringLiteral("%1: the SVG library cannot read the drawing").arg(path)};
     DIO_Drawing drawing = collector.takeDrawing();
     if (drawing.layers.empty())
-        return UT_Error{QStringLiteral("%1: the drawing is empty: nothing in it is filled or stroked").arg(path)};
+        return UT_Error{emptyText(path, *flat)};
 
     drawing.name = QFileInfo(path).completeBaseName();
     nameLayers(drawing);

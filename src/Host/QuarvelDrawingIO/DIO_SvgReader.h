@@ -9,8 +9,7 @@
 //
 // Layers. Declared layers are the groups that vector editors mark as such:
 //   inkscape:groupmode="layer", i:layer="yes", sketch:type="MSLayerGroup", class="layer" with a <title> inside,
-//   a <metadata> child whose id contains "Corel-Layer", and top-level groups with generated ids "Layer_1", "Layer_2",
-//   ...
+//   a <metadata> child whose id contains "Corel-Layer", and top-level groups with a generated id ("Layer_1", "layer1", ...).
 // The topmost ones count: a layer within a layer is part of it. What stands outside of all layers (or, when grouping by
 // groups, of all top-level groups) forms layers of its own between them, so that the order of painting is kept. Layers
 // that are hidden or paint nothing are left out with a warning.

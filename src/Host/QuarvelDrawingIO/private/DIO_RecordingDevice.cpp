@@ -36,6 +36,10 @@ int DIO_RecordingDevice::metric(PaintDeviceMetric metric) const
         return 1 << 24;
     case PdmDepth:
         return 32;
+    case PdmDevicePixelRatio:
+        return 1;
+    case PdmDevicePixelRatioScaled:
+        return static_cast<int>(devicePixelRatioFScale());
     default:
         return QPaintDevice::metric(metric);
     }

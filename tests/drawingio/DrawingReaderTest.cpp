@@ -1,0 +1,51 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The choice of a reader, and files that cannot be opened.
+#include "QuarvelDrawingIO/DIO_DrawingReader.h"
+
+#include "Drawings.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+using testing::AllOf;
+using testing::HasSubstr;
+
+namespace {
+
+std::string messageFor(const QString& path)
+{
+    const UT_Result<DIO_Drawing> drawing = DIO_readDrawing(path);
+    return drawing ? std::string() : drawing.error().text.toStdString();
+}
+
+} // namespace
+
+TEST(DrawingReader, theSuffixDecidesInAnyCase)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("Hero.Final.SVG");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(drawings::document("<rect width='10' height='10'/>"));
+    file.close();
+    const UT_Result<DIO_Drawing> drawing = DIO_readDrawing(path);
+    ASSERT_TRUE(drawing);
+    EXPECT_EQ(drawing->name, "Hero.Final");
+    EXPECT_EQ(drawing->layers.front().name, "Hero.Final");
+}
+
+TEST(DrawingReader, unknownKindsAreToldWhatCanBeRead)
+{
+    EXPECT_THAT(messageFor("hero.psd"), AllOf(HasSubstr("hero.psd"), HasSubstr(".psd files"), HasSubstr(".svg")));
+    EXPECT_THAT(messageFor("hero"), AllOf(HasSubstr("without suffix"), HasSubstr(".svg")));
+}
+
+TEST(DrawingReader, aFileThatCannotBeOpenedIsNamedWithTheReason)
+{
+    const QTemporaryDir folder;
+    EXPECT_THAT(messageFor(folder.filePath("missing.svg")), AllOf(HasSubstr("missing.svg"), HasSubstr("No such file")));
+    ASSERT_TRUE(QDir(folder.path()).mkdir("folder.svg"));
+    EXPECT_THAT(messageFor(folder.filePath("folder.svg")), HasSubstr("it is a folder"));
+}

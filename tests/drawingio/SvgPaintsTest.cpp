@@ -1,0 +1,149 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// What areas are painted with: the palette, and what gradients, patterns and pictures come down to.
+#include "Drawings.h"
+
+using namespace drawings;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace {
+
+// Two pixels, red and blue.
+constexpr const char* kTwoPixels =
+    "data:image/png;base64,iVBORw0KGgoAAAANSUhEUgAAAAIAAAABCAIAAAB7QOjdAAAADUlEQVR4nGP4zwAE/wEHAAH/"
+    "4iOeWQAAAABJRU5ErkJggg==";
+
+DIO_Paint onlyPaint(const DIO_Drawing& drawing)
+{
+    EXPECT_EQ(drawing.palette.size(), 1U);
+    return drawing.palette.empty() ? DIO_Paint() : drawing.palette.front();
+}
+
+QString allWarnings(const DIO_Drawing& drawing)
+{
+    return drawing.warnings.join(u'\n');
+}
+
+} // namespace
+
+TEST(SvgPaints, everyColourIsInThePaletteOnce)
+{
+    const DIO_Drawing drawing = read("<rect width='10' height='10' fill='red'/><rect width='5' height='5' fill='#00f'/>"
+                                     "<rect width='2' height='2' fill='#ff0000' opacity='0.5'/>");
+    ASSERT_EQ(drawing.palette.size(), 2U);
+    EXPECT_EQ(drawing.palette[0], (DIO_Paint{DIO_Paint::Kind::SOLID, QColor(255, 0, 0), "#ff0000"}));
+    EXPECT_EQ(drawing.palette[1], (DIO_Paint{DIO_Paint::Kind::SOLID, QColor(0, 0, 255), "#0000ff"}));
+    EXPECT_EQ(shapesOf(drawing)[2].paint, 0);
+    EXPECT_TRUE(drawing.warnings.empty());
+}
+
+TEST(SvgPaints, aGradientIsItsAverageWithAWarning)
+{
+    // Black for the first half, then up to white: 0 and 1/2 on average over the halves.
+    const DIO_Drawing drawing =
+        read("<linearGradient id='g'><stop offset='0.5' stop-color='#000'/><stop offset='1' stop-color='#fff'/>"
+             "</linearGradient><rect width='10' height='10' fill='url(#g)'/>");
+    const DIO_Paint paint = onlyPaint(drawing);
+    EXPECT_EQ(paint.kind, DIO_Paint::Kind::GRADIENT);
+    EXPECT_EQ(paint.name, "Gradient g");
+    EXPECT_NEAR(paint.colour.red(), 64, 1);
+    EXPECT_EQ(shapesOf(drawing).at(0).opacity, 1.0);
+    EXPECT_THAT(drawing.warnings, ElementsAre("gradients are painted in their average colour: Gradient g"));
+}
+
+TEST(SvgPaints, aFadingGradientKeepsItsAverageOpacity)
+{
+    const DIO_Drawing drawing = read("<radialGradient id='g'><stop offset='0' stop-color='#f00'/>"
+                                     "<stop offset='1' stop-color='#f00' stop-opacity='0'/></radialGradient>"
+                                     "<rect width='10' height='10' fill='url(#g)' opacity='0.5'/>");
+    EXPECT_EQ(onlyPaint(drawing).colour, QColor(255, 0, 0));
+    EXPECT_NEAR(shapesOf(drawing).at(0).opacity, 0.25, 1e-3);
+}
+
+TEST(SvgPaints, aGradientOfOneColourIsThatColour)
+{
+    const DIO_Drawing drawing = read("<linearGradient id='swatch'><stop stop-color='#123456'/></linearGradient>"
+                                     "<rect width='10' height='10' fill='url(#swatch)'/>");
+    EXPECT_EQ(onlyPaint(drawing), (DIO_Paint{DIO_Paint::Kind::SOLID, QColor(0x12, 0x34, 0x56), "#123456"}));
+    EXPECT_TRUE(drawing.warnings.empty());
+}
+
+TEST(SvgPaints, stopsComeFromTheLinkedGradientWhereverItStands)
+{
+    const DIO_Drawing drawing =
+        read("<rect width='10' height='10' fill='url(#b)'/><linearGradient id='b' xlink:href='#a'/>"
+             "<linearGradient id='a'><stop style='stop-color:#ff0000'/><stop offset='1' stop-color='#0000ff'/>"
+             "</linearGradient>");
+    EXPECT_EQ(onlyPaint(drawing).kind, DIO_Paint::Kind::GRADIENT);
+    EXPECT_NEAR(onlyPaint(drawing).colour.blue(), 128, 1);
+}
+
+TEST(SvgPaints, gradientsThatLinkInACirclePaintNothing)
+{
+    const DIO_Drawing drawing =
+        read("<linearGradient id='a' href='#b'/><linearGradient id='b' href='#a'/>"
+             "<rect width='10' height='10' fill='url(#a)'/><rect y='20' width='9' height='9'/>");
+    EXPECT_EQ(shapesOf(drawing).size(), 1U);
+}
+
+TEST(SvgPaints, aMissingGradientLeavesTheFallbackColour)
+{
+    const DIO_Drawing drawing = read("<rect width='10' height='10' fill='url(#none) #ff0000'/>"
+                                     "<rect y='20' width='10' height='10' fill='url(#none)'/>");
+    EXPECT_EQ(paintAt(drawing, 5, 5), "#ff0000");
+    EXPECT_EQ(paintAt(drawing, 5, 25), "");
+}
+
+TEST(SvgPaints, strokesMayHaveGradientsToo)
+{
+    const DIO_Drawing drawing =
+        read("<linearGradient id='g'><stop stop-color='#000'/><stop offset='1' stop-color='#fff'/></linearGradient>"
+             "<path d='M0 50h100' stroke='url(#g)' stroke-width='4'/>");
+    EXPECT_EQ(paintAt(drawing, 50, 50), "Gradient g");
+}
+
+TEST(SvgPaints, aPatternIsTheAverageOfItsColours)
+{
+    const DIO_Drawing drawing = read(
+        "<pattern id='p' width='4' height='4'><rect width='2' height='2' fill='#ff0000'/>"
+        "<rect x='2' width='2' height='2' fill='#0000ff'/></pattern><rect width='10' height='10' fill='url(#p)'/>");
+    const DIO_Paint paint = onlyPaint(drawing);
+    EXPECT_EQ(paint.kind, DIO_Paint::Kind::PATTERN);
+    EXPECT_NEAR(paint.colour.red(), 128, 1);
+    EXPECT_NEAR(paint.colour.blue(), 128, 1);
+    EXPECT_THAT(drawing.warnings, ElementsAre("patterns are painted in the average of their colours: Pattern p"));
+}
+
+TEST(SvgPaints, anEmbeddedPictureIsARectangleOfItsAverageColour)
+{
+    const DIO_Drawing drawing =
+        read("<image id='photo' x='20' y='20' width='40' height='40' href='" + QByteArray(kTwoPixels) + "'/>");
+    const DIO_Paint paint = onlyPaint(drawing);
+    EXPECT_EQ(paint.kind, DIO_Paint::Kind::PICTURE);
+    EXPECT_EQ(paint.name, "Picture photo");
+    EXPECT_NEAR(paint.colour.red(), 128, 1);
+    EXPECT_NEAR(paint.colour.blue(), 128, 1);
+    EXPECT_EQ(shapesOf(drawing).at(0).path.boundingRect(), QRectF(20, 30, 40, 20))
+        << "the picture's proportions are kept";
+    EXPECT_THAT(allWarnings(drawing).toStdString(), HasSubstr("Picture photo"));
+}
+
+TEST(SvgPaints, aDrawingEmbeddedAsAPictureIsNotRead)
+{
+    const QByteArray inner = document("<rect width='100' height='100' fill='#ff0000'/>").toBase64();
+    const DIO_Drawing drawing = read("<rect width='5' height='5'/><image width='50' height='50' "
+                                     "href='data:image/png;base64," +
+                                     inner + "'/>");
+    EXPECT_EQ(shapesOf(drawing).size(), 1U);
+    EXPECT_THAT(allWarnings(drawing).toStdString(), HasSubstr("picture that cannot be decoded (1)"));
+}
+
+TEST(SvgPaints, whatIsNotUnderstoodIsSaid)
+{
+    const DIO_Drawing drawing =
+        read("<filter id='f'/><mask id='m'/><rect width='10' height='10' filter='url(#f)' mask='url(#m)' "
+             "style='mix-blend-mode:multiply'/>");
+    EXPECT_THAT(drawing.warnings, ElementsAre("left out: blend mode (1), filter (1), mask (1)"));
+}
