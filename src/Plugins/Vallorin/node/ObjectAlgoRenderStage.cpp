@@ -4,7 +4,7 @@
 #include "node/ObjectAlgoRenderStage.h"
 
 #include "QuarvelCelCore/CEL_PixmapFactory.h"
-#include "render/DepthComputationColorTransform.h"
+#include "render/DepthComputationCelColorTransform.h"
 #include "render/LevelMerge.h"
 
 #include <cmath>
