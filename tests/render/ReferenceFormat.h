@@ -7,9 +7,16 @@
 
 #include "BlurAlgo/BlurAlgo.h"
 #include "QuarvelCelCore/CEL_PixmapArea.h"
+#include "reference/Accumulator.h"
+#include "reference/Blend.h"
 #include "reference/Compare.h"
+#include "reference/Elevation.h"
+#include "reference/GeometryClip.h"
+#include "reference/Mask.h"
+#include "reference/Normals.h"
 #include "reference/Render.h"
 #include "reference/StageMerge.h"
+#include "reference/Volume.h"
 
 #include <gtest/gtest.h>
 

@@ -55,8 +55,9 @@ TYPED_TEST(Stage, PreparingTheMaskAgreesWithTheReference)
         const auto pixmap = random.picture<TypeParam>(random.box(12, 24), kCanvas);
         const auto expected = TestFixture::Reference::makeMask(toRef<TypeParam>(*pixmap));
         ASSERT_EQ(prepareMask<TypeParam>(*pixmap), expected.has_value());
-        if (expected)
+        if (expected) {
             ASSERT_TRUE(agrees<TypeParam>(*expected, *pixmap));
+        }
     }
 }
 
