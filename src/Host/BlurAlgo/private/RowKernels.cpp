@@ -18,43 +18,70 @@ namespace BlurAlgo::RowKernels::HWY_NAMESPACE {
 namespace hn = hwy::HWY_NAMESPACE;
 using Floats = hn::ScalableTag<float>;
 
-int lanes()
+HWY_INLINE int lanes()
 {
     return static_cast<int>(hn::Lanes(Floats()));
 }
 
-/// One vector of the sum, or with a tag of one lane one sample of it. kPairs < 0: as many as are passed.
-template<int kPairs, bool kMiddle, class D>
-HWY_INLINE hn::Vec<D> sumAt(D d, const float* middle, float middleWeight, const Pair* pairs, int count, int i)
+/// One pair's part of the sum: one vector of it, or with a tag of one lane one sample.
+template<class D>
+HWY_INLINE hn::Vec<D> term(D d, const Pair& pair, int i)
 {
-    const int used = kPairs < 0 ? count : kPairs;
-    const auto term = [&](int p) HWY_ATTR {
-        const auto both = hn::Add(hn::LoadU(d, pairs[p].left + i), hn::LoadU(d, pairs[p].right + i));
-        return hn::Mul(both, hn::Set(d, pairs[p].weight));
-    };
-    auto sum = kMiddle ? hn::Mul(hn::LoadU(d, middle + i), hn::Set(d, middleWeight)) : term(0);
-    for (int p = kMiddle ? 0 : 1; p < used; ++p)
-        sum = hn::Add(sum, term(p));
-    return sum;
+    const auto both = hn::Add(hn::LoadU(d, pair.left + i), hn::LoadU(d, pair.right + i));
+    return hn::Mul(both, hn::Set(d, pair.weight));
+}
+
+/// sum + pairs[kFirst] + ... + pairs[kCount - 1], spelled out so that all addresses and weights stay in registers.
+template<int kFirst, int kCount, class D>
+HWY_INLINE hn::Vec<D> addTerms(D d, hn::Vec<D> sum, const Pair* pairs, int i)
+{
+    if constexpr (kFirst < kCount)
+        return addTerms<kFirst + 1, kCount>(d, hn::Add(sum, term(d, pairs[kFirst], i)), pairs, i);
+    else
+        return sum;
+}
+
+template<int kPairs, bool kMiddle, class D>
+HWY_INLINE hn::Vec<D> sumAt(D d, const float* middle, float middleWeight, const Pair* pairs, int i)
+{
+    if constexpr (kMiddle) {
+        const auto sum = hn::Mul(hn::LoadU(d, middle + i), hn::Set(d, middleWeight));
+        return addTerms<0, kPairs>(d, sum, pairs, i);
+    } else {
+        return addTerms<1, kPairs>(d, term(d, pairs[0], i), pairs, i);
+    }
 }
 
 template<int kPairs, bool kMiddle>
-void sumRow(const float* middle, float middleWeight, std::span<const Pair> span, float* HWY_RESTRICT out, int n)
+HWY_INLINE void sumRow(const float* middle, float middleWeight, std::span<const Pair> span, float* HWY_RESTRICT out,
+                       int n)
 {
     const Floats d;
+    const hn::CappedTag<float, 1> one;
     const int step = lanes();
-    const int count = static_cast<int>(span.size());
     // A copy on the stack tells the compiler that writing the row does not change the pairs.
-    Pair pairs[kPairs < 0 ? 1 : kPairs + 1];
-    if constexpr (kPairs >= 0)
-        std::copy_n(span.data(), kPairs, pairs);
-    const Pair* const used = kPairs < 0 ? span.data() : pairs;
+    Pair pairs[kPairs + 1];
+    std::copy_n(span.data(), kPairs, pairs);
     int i = 0;
+    for (; i + 2 * step <= n; i += 2 * step) {
+        const auto first = sumAt<kPairs, kMiddle>(d, middle, middleWeight, pairs, i);
+        const auto second = sumAt<kPairs, kMiddle>(d, middle, middleWeight, pairs, i + step);
+        hn::StoreU(first, d, out + i);
+        hn::StoreU(second, d, out + i + step);
+    }
     for (; i + step <= n; i += step)
-        hn::StoreU(sumAt<kPairs, kMiddle>(d, middle, middleWeight, used, count, i), d, out + i);
+        hn::StoreU(sumAt<kPairs, kMiddle>(d, middle, middleWeight, pairs, i), d, out + i);
     for (; i < n; ++i)
-        hn::StoreU(sumAt<kPairs, kMiddle>(hn::CappedTag<float, 1>(), middle, middleWeight, used, count, i),
-                   hn::CappedTag<float, 1>(), out + i);
+        hn::StoreU(sumAt<kPairs, kMiddle>(one, middle, middleWeight, pairs, i), one, out + i);
+}
+
+template<class D>
+HWY_INLINE hn::Vec<D> sumOfManyAt(D d, const float* middle, float middleWeight, std::span<const Pair> pairs, int i)
+{
+    auto sum = hn::Mul(hn::LoadU(d, middle + i), hn::Set(d, middleWeight));
+    for (const Pair& pair : pairs)
+        sum = hn::Add(sum, term(d, pair, i));
+    return sum;
 }
 
 /// Many pairs: four vectors at a time, so that a pair's addresses and weight are read once for all four.
@@ -83,12 +110,11 @@ void sumRowOfMany(const float* middle, float middleWeight, std::span<const Pair>
         hn::StoreU(s2, d, out + i + 2 * step);
         hn::StoreU(s3, d, out + i + 3 * step);
     }
-    const int count = static_cast<int>(pairs.size());
     for (; i + step <= n; i += step)
-        hn::StoreU(sumAt<-1, true>(d, middle, middleWeight, pairs.data(), count, i), d, out + i);
+        hn::StoreU(sumOfManyAt(d, middle, middleWeight, pairs, i), d, out + i);
+    const hn::CappedTag<float, 1> one;
     for (; i < n; ++i)
-        hn::StoreU(sumAt<-1, true>(hn::CappedTag<float, 1>(), middle, middleWeight, pairs.data(), count, i),
-                   hn::CappedTag<float, 1>(), out + i);
+        hn::StoreU(sumOfManyAt(one, middle, middleWeight, pairs, i), one, out + i);
 }
 
 void sumWithMiddle(const float* middle, float weight, std::span<const Pair> pairs, float* out, int n)
@@ -109,16 +135,13 @@ void sumWithMiddle(const float* middle, float weight, std::span<const Pair> pair
     }
 }
 
+/// Doublings are the only sums without a middle, and their filters reach four samples at most: two pairs.
 void sumWithoutMiddle(std::span<const Pair> pairs, float* out, int n)
 {
-    switch (pairs.size()) {
-    case 1:
-        return sumRow<1, false>(nullptr, 0.0F, pairs, out, n);
-    case 2:
-        return sumRow<2, false>(nullptr, 0.0F, pairs, out, n);
-    default:
-        return sumRow<-1, false>(nullptr, 0.0F, pairs, out, n);
-    }
+    if (pairs.size() == 1)
+        sumRow<1, false>(nullptr, 0.0F, pairs, out, n);
+    else
+        sumRow<2, false>(nullptr, 0.0F, pairs, out, n);
 }
 
 void splitRow(const float* HWY_RESTRICT in, float* HWY_RESTRICT even, float* HWY_RESTRICT odd, int n)

@@ -21,7 +21,7 @@ struct Pair
 };
 
 /// out[i] = middle[i] * middleWeight + (left[i] + right[i]) * weight + ..., added up in the order of the pairs. Without
-/// a middle (null) the sum starts with the first pair; there must be one.
+/// a middle (null) the sum starts with the first pair, and there are one or two.
 void weightedSum(const float* middle, float middleWeight, std::span<const Pair> pairs, float* out, int n);
 
 /// even[i] = in[2 i], odd[i] = in[2 i + 1] for i < n.
