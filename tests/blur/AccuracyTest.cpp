@@ -122,16 +122,20 @@ TEST(AccuracyOfSmallPictures, HoldsForSingleColumns)
 
 RC_GTEST_PROP(AccuracyOfAnything, HoldsForAnyPictureAndDeviation, ())
 {
-    const int width = *rc::gen::inRange(1, 50);
-    const int height = *rc::gen::inRange(1, 50);
-    const int x = *rc::gen::inRange(-200, 200);
-    const int y = *rc::gen::inRange(-200, 200);
+    // Whole ranges from the first picture on.
+    const auto within = [](int low, int high) {
+        return *rc::gen::resize(rc::kNominalSize, rc::gen::inRange(low, high));
+    };
+    const int width = within(1, 50);
+    const int height = within(1, 50);
+    const int x = within(-200, 200);
+    const int y = within(-200, 200);
     // From 0.3 to 60, as many short ones as long ones.
-    const auto deviation = [] { return 0.3 * std::exp2(*rc::gen::inRange(0, 765) / 100.0); };
+    const auto deviation = [&] { return 0.3 * std::exp2(within(0, 765) / 100.0); };
     const double sigmaX = deviation();
     const double sigmaY = deviation();
     // Mostly empty, mostly full or anything between, with every value that a picture may have.
-    const int density = *rc::gen::inRange(1, 100);
+    const int density = within(1, 100);
     std::mt19937 random(*rc::gen::arbitrary<unsigned>());
     Plane source(Box2di(x, y, x + width, y + height));
     for (float& value : source.values)

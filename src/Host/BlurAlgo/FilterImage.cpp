@@ -45,15 +45,15 @@ double sumOfSamples(double sigma)
 
 std::vector<double> weights(double sigma, int size, bool normalised)
 {
-    const int reach = size / 2;
+    const std::size_t middle = static_cast<std::size_t>(size) / 2;
     std::vector<double> result(static_cast<std::size_t>(size), 0.0);
-    result[static_cast<std::size_t>(reach)] = 1.0;
+    result[middle] = 1.0;
     if (sigma == 0.0)
         return result;
-    const std::vector<double> samples = BlurAlgo::gaussianSamples(sigma, reach);
+    const std::vector<double> samples = BlurAlgo::gaussianSamples(sigma, size / 2);
     const double scale = normalised ? 1.0 / sumOfSamples(sigma) : 1.0;
-    for (int d = -reach; d <= reach; ++d)
-        result[static_cast<std::size_t>(reach + d)] = samples[static_cast<std::size_t>(std::abs(d))] * scale;
+    for (std::size_t d = 0; d < samples.size(); ++d)
+        result[middle - d] = result[middle + d] = samples[d] * scale;
     return result;
 }
 

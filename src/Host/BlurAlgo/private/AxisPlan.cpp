@@ -33,8 +33,10 @@ double decay(double x)
     if (x > 700.0)
         return 0.0;
     int squarings = 0;
-    for (; x > 0.25; x *= 0.5)
+    while (x > 0.25) {
+        x *= 0.5;
         ++squarings;
+    }
     double sum = 1.0;
     for (int n = 16; n > 0; --n)
         sum = 1.0 - x * sum / n;
@@ -79,7 +81,7 @@ int levelsFor(double sigma)
     if (sigma < kFirstHalving)
         return 0;
     int levels = 1;
-    for (double coarser = sigma / 4; coarser >= kCoarsestSigma; coarser /= 2)
+    while (sigma / (2 << levels) >= kCoarsestSigma)
         ++levels;
     return levels;
 }
@@ -101,9 +103,9 @@ double pyramidResponse(const std::vector<AxisStage>& stages, double angle)
 {
     double product = 1.0;
     double halfAngle = angle / 2;
-    for (auto stage = stages.rbegin(); stage != stages.rend(); ++stage) {
+    for (std::size_t level = stages.size(); level-- > 0;) {
         halfAngle /= 2;
-        product *= power(cosine(halfAngle), 2 * (stage->halvingReach + stage->doublingReach));
+        product *= power(cosine(halfAngle), 2 * (stages[level].halvingReach + stages[level].doublingReach));
     }
     return product;
 }
@@ -112,9 +114,11 @@ double pyramidResponse(const std::vector<AxisStage>& stages, double angle)
 double pyramidVariance(const std::vector<AxisStage>& stages)
 {
     double variance = 0.0;
-    double scale = 0.25;
-    for (auto stage = stages.rbegin(); stage != stages.rend(); ++stage, scale /= 4)
-        variance += 0.5 * (stage->halvingReach + stage->doublingReach) * scale;
+    double scale = 1.0;
+    for (std::size_t level = stages.size(); level-- > 0;) {
+        scale /= 4;
+        variance += 0.5 * (stages[level].halvingReach + stages[level].doublingReach) * scale;
+    }
     return variance;
 }
 
