@@ -25,6 +25,14 @@ void printUsage(FILE* stream)
                stream);
 }
 
+// The libraries' remarks about the machine (a missing folder of the desktop, a font) mean nothing to people who turn
+// drawings into normal maps; what matters is said by the program itself. What would end the program is still told.
+void passGraveMessages(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        std::fprintf(stderr, "quarvel: %s\n", qPrintable(message));
+}
+
 int help(const QStringList& words)
 {
     if (words.isEmpty()) {
@@ -67,6 +75,7 @@ int main(int argc, char** argv)
     // No window is ever opened; without this a machine without a display could not even measure a text.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(passGraveMessages);
     const QGuiApplication application(argc, argv);
     return run(QCoreApplication::arguments().sliced(1));
 }
