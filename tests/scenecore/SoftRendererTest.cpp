@@ -444,6 +444,21 @@ TEST_F(SoftRendererTest, FramesRenderOnSeveralThreadsAtOnce)
     }
 }
 
+TEST_F(SoftRendererTest, AGraphOfTooManyPathsIsAnErrorAndNoHang)
+{
+    // Every glue shows the one before it twice: forty of them make 2 to the 40 paths.
+    MO_Module* last = &root.emplace<MO_ElementModule>();
+    for (int i = 0; i < 40; ++i) {
+        auto& next = root.emplace<MO_GlueModule>();
+        link(*last, next, 0);
+        link(*last, next, 1);
+        last = &next;
+    }
+    const auto cel = RD_SoftRenderer::render(*last, 1.0, {.resolution = {8, 4}});
+    ASSERT_FALSE(cel.ok());
+    EXPECT_TRUE(cel.error().text.contains(QStringLiteral("paths")));
+}
+
 TEST_F(SoftRendererTest, AModuleOutsideOfAnySceneRenders)
 {
     MO_ElementModule element;

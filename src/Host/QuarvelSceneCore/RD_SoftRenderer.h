@@ -28,6 +28,10 @@ public:
     /// the thread that renders.
     using Progress = std::function<bool(double done)>;
 
+    /// More links than this are not followed for one frame. A module that several others show is rendered once for each
+    /// of them, so that a small graph can have a great many paths.
+    static constexpr int kMaxLinks = 1000000;
+
     /// Renders one frame of a module.
     ///
     /// @param module     any module of the scene; what it would deliver on its first output port (a module without
@@ -36,7 +40,7 @@ public:
     /// @param progress   may be empty
     /// @return a cel whose picture is a pixmap in parameters.celFormat(), with nothing allocated where nothing is
     ///     shown; messages that came with the picture are still attached. An error when the resolution is out of range,
-    ///     the graph too deep, the memory not enough, or progress said to stop.
+    ///     the graph too deep or too entangled, the memory not enough, or progress said to stop.
     static UT_Result<CA_CelRef> render(MO_Module& module, double frame, const RD_RenderParameters& parameters,
                                        const Progress& progress = {});
 

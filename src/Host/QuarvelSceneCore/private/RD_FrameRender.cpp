@@ -116,6 +116,9 @@ CA_CelRef RD_FrameRender::renderInput(MO_Module& module, int port, bool rendersP
     const MO_Port* const source = module.inPort(static_cast<unsigned>(port))->realSrcPort();
     if (!source || !source->module())
         return nullptr;
+    if (++_links > RD_SoftRenderer::kMaxLinks)
+        throw Aborted{QCoreApplication::translate("RD_SoftRenderer",
+                                                  "The drawings are reached on too many paths through the graph")};
     const Step step{path, &module, port, rendersPixels, path ? path->depth + 1 : 1};
     if (step.depth > RD_ScriptContext::kMaxDepth)
         throw Aborted{tooDeepText()};

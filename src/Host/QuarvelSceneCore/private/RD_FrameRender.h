@@ -55,4 +55,5 @@ private:
     RD_SoftRenderer::Progress _progress;
     Math::Box2di _limit;
     double _done = 0.0;
+    int _links = 0;
 };
