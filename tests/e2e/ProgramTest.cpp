@@ -130,8 +130,8 @@ TEST_F(Program, LeansNormalsOutwardsAndTurnsYWithTheOrientation)
     EXPECT_GT(at(up, 46, 32, 0), 0.0F) << "the right edge faces right";
     EXPECT_GT(at(up, 32, 17, 1), 0.0F) << "the upper edge faces up, which is positive";
     EXPECT_LT(at(down, 32, 17, 1), 0.0F) << "the upper edge faces up, which is negative with y down";
-    EXPECT_EQ(up.metadata().value("NormalY"), "up");
-    EXPECT_EQ(down.metadata().value("NormalY"), "down");
+    EXPECT_EQ(up.metadata().value("Y"), "up");
+    EXPECT_EQ(down.metadata().value("Y"), "down");
 }
 
 TEST_F(Program, PadsColoursButNotCoverage)
