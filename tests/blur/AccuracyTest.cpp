@@ -45,8 +45,9 @@ public:
 
 /// Standard deviations on both sides of every change of method, and those in between.
 INSTANTIATE_TEST_SUITE_P(Sigmas, Accuracy,
-                         testing::Values(0.3, 0.5, 0.8, 1.0, 1.7, 2.5, 3.27, 3.28, 3.3, 4.0, 5.0, 5.01, 6.0, 7.1, 7.19,
-                                         7.2, 7.3, 10.0, 13.0, 14.39, 14.4, 28.9, 33.0, 66.0, 133.0, 200.0));
+                         testing::Values(0.3, 0.5, 0.8, 1.0, 1.7, 2.5, 3.29, 3.3, 3.99, 4.0, 5.0, 5.01, 6.0, 7.3, 7.59,
+                                         7.6, 8.99, 9.0, 10.0, 13.0, 13.99, 14.0, 15.19, 15.2, 28.9, 33.0, 66.0, 133.0,
+                                         200.0, 300.0));
 
 } // namespace
 
@@ -102,6 +103,42 @@ TEST_P(Accuracy, HoldsForDifferentDeviationsInXAndY)
     const Plane source = painted(Box2di(0, 0, 40, 30), cross);
     expectWithinBounds(source, sigma, sigma / 5);
     expectWithinBounds(source, sigma / 9, sigma);
+}
+
+TEST(AccuracyOfEveryPicture, FollowsFromTheErrorsOfAllWeights)
+{
+    // A picture from 0 to 1 that shows nothing but the weights that are too large makes the largest error that there is
+    // along an axis: half of the sum of all errors, since the others are too small by as much. Two axes make twice
+    // that.
+    for (double sigma = 0.3; sigma < 32.0; sigma *= 1.011) {
+        const int places = sigma < 3.0 ? 1 : 1 << std::ilogb(sigma);
+        const int reach = static_cast<int>(8 * sigma) + 2 * places;
+        const std::vector<double> exact = direct::weights(sigma);
+        const int exactReach = static_cast<int>(exact.size() / 2);
+        std::vector<double> sums(static_cast<std::size_t>(places));
+        BA_GaussianBlur blur(sigma, 0.0);
+        for (int from = -reach; from < reach + places; ++from) {
+            const Plane pixel = painted(Box2di(from, 0, from + 1, 1), [](int, int) { return 1; });
+            const Plane result(Box2di(0, 0, places, 1));
+            blur.run(direct::view(pixel), direct::view(result));
+            for (int x = 0; x < places; ++x) {
+                const int distance = std::abs(x - from);
+                const double wanted =
+                    distance <= exactReach ? exact[static_cast<std::size_t>(exactReach + distance)] : 0.0;
+                sums[static_cast<std::size_t>(x)] += std::abs(static_cast<double>(result.at(x, 0)) - wanted);
+            }
+        }
+        EXPECT_LE(*std::max_element(sums.begin(), sums.end()), kValueBound) << "sigma " << sigma;
+    }
+}
+
+TEST_P(Accuracy, HoldsForHatchingThatFoldsOver)
+{
+    // Spacings near those that halving can mistake for wide ones.
+    for (const double spacing : {2.0, 2.1, 2.2, 2.4, 2.7, 3.3, 4.0, 4.3, 4.6, 8.2}) {
+        const auto hatching = [&](int x, int) { return std::fmod(x, spacing) < spacing / 2; };
+        expectWithinBounds(painted(Box2di(0, 0, 300, 1), hatching), sigma, 0.0);
+    }
 }
 
 TEST(AccuracyOfSmallPictures, HoldsForEveryWidthFrom1To64)

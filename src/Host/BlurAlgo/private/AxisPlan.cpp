@@ -16,12 +16,11 @@ namespace {
 
 // Below this standard deviation the plain sum is used. The first halving leaves half of it, just enough for the
 // Gaussian to hide what folds over.
-constexpr double kFirstHalving = 3.28;
+constexpr double kFirstHalving = 3.3;
 // Deeper levels stop a little earlier, as the errors of several halvings add up.
-constexpr double kCoarsestSigma = 1.8;
-// Where filters are cut, in standard deviations. A plain sum is cut later, as its cut is not smoothed by a doubling.
-constexpr double kPlainCut = 4.5;
-constexpr double kCoarseCut = 4.25;
+constexpr double kCoarsestSigma = 1.9;
+// Where filters are cut, in standard deviations: what is left out is 7e-6 of the whole.
+constexpr double kCut = 4.5;
 constexpr double kWeightUnit = 1.0 / 16777216.0;
 
 constexpr int kAngles = 64;
@@ -87,11 +86,15 @@ int levelsFor(double sigma)
 }
 
 /// The narrower the Gaussian is on the halved samples, the more of what folds over has to be filtered out before.
+/// Filters that reach further than these do harm to the narrowest: what they take from the highest frequencies is more
+/// than the short filter can give back.
 AxisStage stageFor(double halvedSigma)
 {
+    if (halvedSigma < 2.0)
+        return {5, 4};
     if (halvedSigma < 2.5)
         return {4, 4};
-    if (halvedSigma < 3.6)
+    if (halvedSigma < 4.5)
         return {3, 3};
     if (halvedSigma < 7.0)
         return {2, 3};
@@ -128,7 +131,7 @@ std::vector<double> coarseWeights(const std::vector<AxisStage>& stages, double c
 {
     static const Cosines cosines = cosineTable();
     const double remaining = std::sqrt(coarseSigma * coarseSigma - pyramidVariance(stages));
-    const int reach = static_cast<int>(std::ceil(kCoarseCut * remaining - 0.5));
+    const int reach = static_cast<int>(std::ceil(kCut * remaining - 0.5));
     std::vector<double> weights(static_cast<std::size_t>(reach) + 1, 0.0);
     for (int i = 0; i < kAngles; ++i) {
         const double angle = std::numbers::pi * (i + 0.5) / kAngles;
@@ -210,7 +213,7 @@ AxisPlan planAxis(double sigma)
         plan.stages.push_back(stageFor(halved));
     }
     if (plan.stages.empty())
-        plan.weights = normalised(gaussianSamples(sigma, static_cast<int>(std::ceil(kPlainCut * sigma))));
+        plan.weights = normalised(gaussianSamples(sigma, static_cast<int>(std::ceil(kCut * sigma))));
     else
         plan.weights = normalised(coarseWeights(plan.stages, halved));
     return plan;
