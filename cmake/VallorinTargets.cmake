@@ -48,6 +48,5 @@ function(vallorin_add_tests area)
     test_${area}
     TEST_PREFIX "${area}."
     DISCOVERY_TIMEOUT 60
-    PROPERTIES TIMEOUT 900 ENVIRONMENT
-               "QT_QPA_PLATFORM=offscreen;TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/tsan.supp:ignore_noninstrumented_modules=1")
+    PROPERTIES TIMEOUT 900 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 endfunction()
