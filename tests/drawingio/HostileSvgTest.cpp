@@ -176,6 +176,13 @@ TEST(HostileSvg, dashesNobodyCanSeeAreDrawnSolid)
     EXPECT_THAT(drawing.warnings.join(u' ').toStdString(), HasSubstr("too finely dashed"));
 }
 
+TEST(HostileSvg, aPathThatIsCutShortIsSaid)
+{
+    const DIO_Drawing drawing = read("<path d='M0 0" + QByteArray("L9 0 9 9").repeated(20000) + "'/>");
+    EXPECT_THAT(drawing.warnings.join(u' ').toStdString(), HasSubstr("cut short"));
+    EXPECT_TRUE(read("<path d='M0 0" + QByteArray("L9 0 9 9").repeated(10000) + "'/>").warnings.empty());
+}
+
 TEST(HostileSvg, impossibleNumbersAreLeftOut)
 {
     const DIO_Drawing drawing =
@@ -201,7 +208,7 @@ TEST(HostileSvg, greedyStyleSheetsAreRefused)
     QElapsedTimer timer;
     timer.start();
     EXPECT_THAT(refusalOf(document("<style>" + sheet + "</style>" + shapes)), HasSubstr("style sheets"));
-    EXPECT_LT(timer.elapsed(), 60000);
+    EXPECT_LT(timer.elapsed(), 20000);
 }
 
 TEST(HostileSvg, aTruncatedFileIsAlwaysRefused)

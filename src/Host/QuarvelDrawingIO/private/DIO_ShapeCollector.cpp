@@ -14,6 +14,14 @@ namespace {
 // No picture reaches this far; what does, comes from a mistake in the file.
 constexpr double kFarthest = 1e9;
 
+// The SVG library stops reading a path once it has more than this many elements; a curve adds three at a time.
+constexpr int kLongestPath = 32768;
+
+bool looksCutShort(const QPainterPath& path)
+{
+    return path.elementCount() >= kLongestPath && path.elementCount() < kLongestPath + 3;
+}
+
 enum class Extent
 {
     NOTHING, ///< without area
@@ -102,6 +110,8 @@ void DIO_ShapeCollector::shape(DIO_RecordedShape recorded)
         _clips.add(recorded.path);
         return;
     }
+    if (looksCutShort(recorded.path))
+        ++_cutShort;
     DIO_Shape shape;
     shape.opacity = recorded.opacity;
     shape.paint = paintOf(recorded.brush, shape.opacity);
@@ -175,6 +185,10 @@ void DIO_ShapeCollector::addSimplificationWarnings()
             _drawing.warnings.append(text + names);
     if (_unreachable > 0)
         _drawing.warnings.append(QStringLiteral("left out: shapes with impossible coordinates (%1)").arg(_unreachable));
+    if (_cutShort > 0)
+        _drawing.warnings.append(QStringLiteral("paths of more than %1 points are cut short, split them: %2")
+                                     .arg(kLongestPath)
+                                     .arg(_cutShort));
     if (_clips.skippedIntersections() > 0)
         _drawing.warnings.append(
             QStringLiteral("clips within clips that are too detailed, the inner one alone cuts: %1")

@@ -38,4 +38,5 @@ private:
     int _currentLayer = kNoLayer;
     bool _layerOpen = false;
     int _unreachable = 0;
+    int _cutShort = 0;
 };

@@ -59,6 +59,16 @@ std::vector<QStringView> splitDeclarations(QStringView text)
     return parts;
 }
 
+bool hasClass(QStringView classes, QStringView wanted)
+{
+    for (qsizetype at = classes.indexOf(wanted); at >= 0; at = classes.indexOf(wanted, at + 1)) {
+        const qsizetype end = at + wanted.size();
+        if ((at == 0 || classes[at - 1].isSpace()) && (end == classes.size() || classes[end].isSpace()))
+            return true;
+    }
+    return false;
+}
+
 QStringList classesOf(const DIO_XmlNode& node)
 {
     return node.attribute(QLatin1String("class")).simplified().split(u' ', Qt::SkipEmptyParts);
@@ -179,9 +189,9 @@ bool DIO_StyleSheet::matches(const Rule& rule, std::span<const DIO_XmlNode* cons
             return false;
         if (compound.classes.isEmpty())
             return true;
-        const QStringList classes = classesOf(node);
+        const QString classes = node.attribute(QLatin1String("class"));
         return std::all_of(compound.classes.begin(), compound.classes.end(),
-                           [&](const QString& wanted) { return classes.contains(wanted); });
+                           [&](const QString& wanted) { return hasClass(classes, wanted); });
     };
     // Ancestors are taken as near as possible. That can miss a match only where "a > b c" meets nested b's.
     std::size_t node = ancestry.size();

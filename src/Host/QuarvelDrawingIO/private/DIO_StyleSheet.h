@@ -63,5 +63,5 @@ private:
     std::vector<std::vector<DIO_Declaration>> _blocks;
     std::vector<Rule> _rules;
     QMultiHash<QString, std::size_t> _byKey; ///< rules by "#id", ".class", type or "*" of the selector's last compound
-    mutable qint64 _workLeft = 50'000'000;
+    mutable qint64 _workLeft = 20'000'000;
 };

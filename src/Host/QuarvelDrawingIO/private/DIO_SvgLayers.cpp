@@ -25,7 +25,8 @@ bool hasLayerMetadata(const DIO_XmlNode& node)
 
 bool isDeclaredLayer(const DIO_XmlNode& node, bool topLevel)
 {
-    static const QRegularExpression generatedId(QStringLiteral("^(Layer_[0-9]+(_[0-9]+_)?|Layer_x0020_[0-9]+|layer[0-9]+)$"));
+    static const QRegularExpression generatedId(
+        QStringLiteral("^(Layer_[0-9]+(_[0-9]+_)?|Layer_x0020_[0-9]+|layer[0-9]+)$"));
     if (node.name != u"g")
         return false;
     return node.attribute(QLatin1String("inkscape:groupmode")) == u"layer" ||
