@@ -45,8 +45,8 @@ public:
 
 /// Standard deviations on both sides of every change of method, and those in between.
 INSTANTIATE_TEST_SUITE_P(Sigmas, Accuracy,
-                         testing::Values(0.3, 0.5, 0.8, 1.0, 1.7, 2.5, 3.29, 3.3, 3.99, 4.0, 5.0, 5.01, 6.0, 7.3, 7.59,
-                                         7.6, 8.99, 9.0, 10.0, 13.0, 13.99, 14.0, 15.19, 15.2, 28.9, 33.0, 66.0, 133.0,
+                         testing::Values(0.3, 0.5, 0.8, 1.0, 1.7, 2.5, 3.29, 3.3, 3.99, 4.0, 5.0, 5.01, 6.0, 7.19, 7.2,
+                                         7.3, 8.99, 9.0, 10.0, 13.0, 13.99, 14.0, 14.39, 14.4, 28.9, 33.0, 66.0, 133.0,
                                          200.0, 300.0));
 
 } // namespace

@@ -18,7 +18,7 @@ namespace {
 // Gaussian to hide what folds over.
 constexpr double kFirstHalving = 3.3;
 // Deeper levels stop a little earlier, as the errors of several halvings add up.
-constexpr double kCoarsestSigma = 1.9;
+constexpr double kCoarsestSigma = 1.8;
 // Where filters are cut, in standard deviations: what is left out is 7e-6 of the whole.
 constexpr double kCut = 4.5;
 constexpr double kWeightUnit = 1.0 / 16777216.0;
