@@ -17,7 +17,7 @@ namespace {
 
 const Size2di kSize{200, 100};
 const Box2di kCanvas(-10, -20, 190, 80);
-constexpr auto kTransparent = PaddingType::TRANSPARENT_PADDING;
+constexpr PaddingType kTransparent = BlurAlgo::TRANSPARENT_PADDING;
 
 FilterImage gaussian(double sx, double sy, bool normalise = true)
 {

@@ -10,7 +10,7 @@
 namespace BlurAlgo {
 
 /// What a blur takes for the pixels outside of its input.
-enum class PaddingType
+enum PaddingType : int
 {
     TRANSPARENT_PADDING = 0 ///< zero in all channels
 };
