@@ -142,8 +142,8 @@ TEST(NormalBlend, NothingChangesWithoutCoverage)
 
 TEST(NormalBlend, ANegativeBlueTurnsTheDecodedNormalAway)
 {
-    EXPECT_GT(decodeNormal(Pixel16{kMiddle, kMiddle, 5, 32767}).z, 0.99);
-    EXPECT_LT(decodeNormal(Pixel16{kMiddle, kMiddle, -5, 32767}).z, -0.99);
+    EXPECT_GT(NormalParser_decode(Pixel16{kMiddle, kMiddle, 5, 32767}).z, 0.99);
+    EXPECT_LT(NormalParser_decode(Pixel16{kMiddle, kMiddle, -5, 32767}).z, -0.99);
 }
 
 TEST(NormalBlend, ABlendedFloatAlphaIsZeroUnlessTheSumReachesOne)

@@ -1,13 +1,14 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Turns a copy of an accumulator into the mask that is blurred (VolumeModel.h), cropped to what it holds.
+// Turns an accumulator into the mask that is blurred (VolumeModel.h), cropped to what it holds.
 #pragma once
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
 
-/// R becomes the value times the coverage, G and B 0, A full, on every pixel; then the pixmap is cropped to the pixels
-/// whose value was positive and 2 pixels around them, new ones zero.
+/// Makes the mask of an accumulator, of the same size and canvas: R is the value times the coverage, G and B are 0, A
+/// is full. Its allocated rectangle is the box of the pixels whose value is positive, whatever their coverage, and 2
+/// pixels around it; those of them that the accumulator does not have are zero in all channels.
 ///
-/// @return false, and nothing changes, when the pixmap holds no pixels at all
+/// @return null when the accumulator holds no pixels; a mask without pixels when none has a positive value
 template<typename Pixel>
-bool prepareMask(CEL_PixmapOf<Pixel>& pixmap);
+UT_SharedPtr<CEL_PixmapOf<Pixel>> makeMask(const CEL_PixmapOf<Pixel>& accumulator);

@@ -43,8 +43,10 @@ void mergeCoverage(CEL_PixmapOf<Pixel>& accumulator, const CEL_PixmapOf<Pixel>& 
     for (int y = common.y1; y < common.y2; ++y) {
         const std::span<Pixel> out = accumulator.row(y).subspan(outX, width);
         const std::span<const Pixel> in = input.row(y).subspan(inX, width);
-        for (std::size_t i = 0; i < width; ++i)
-            out[i] = mergePixel(out[i], in[i]);
+        for (std::size_t i = 0; i < width; ++i) {
+            const bool isNothing = in[i].a == 0 && in[i].b == 0;
+            out[i] = isNothing ? Pixel{out[i].r, 0, 0, out[i].a} : mergePixel(out[i], in[i]);
+        }
     }
 }
 

@@ -29,6 +29,8 @@ CM_SharedPtr<CM_BaseColorObj> DepthComputationColorTransform::GetColorObject(con
 
 VS_RGBA DepthComputationColorTransform::GetColorValue(const CM_SharedPtr<CM_BaseColorObj>& color)
 {
+    if (!color)
+        return {};
     const auto found = celTransform->paints.find(color->GetColorId());
     return found == celTransform->paints.end() ? VS_RGBA{} : found->second;
 }

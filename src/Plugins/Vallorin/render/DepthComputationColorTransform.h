@@ -18,7 +18,7 @@ public:
     /// A plain colour that carries the id, for a listed one, whatever kind the palette's own colour is; otherwise one
     /// without id.
     CM_SharedPtr<CM_BaseColorObj> GetColorObject(const CM_ColorId_t& id) override;
-    /// The grey, or the transparent paint.
+    /// The grey, or the transparent paint for what is not listed and for a null pointer.
     VS_RGBA GetColorValue(const CM_SharedPtr<CM_BaseColorObj>& color) override;
     bool isPositionDependent() const override;
 

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// One pass over R.
+// One pass over R, in the channel's own type: that of 16-bit channels converts to float without rounding.
 #include "render/ElevationRange.h"
 
 #include <algorithm>
@@ -9,12 +9,15 @@ template<typename Pixel>
 PositiveSpan findPositiveSpan(const CEL_PixmapOf<Pixel>& pixmap)
 {
     PositiveSpan span;
+    auto lowest = static_cast<decltype(Pixel::r)>(span.lowest);
+    auto highest = static_cast<decltype(Pixel::r)>(span.highest);
     for (int y = pixmap.allocatedRect().y1; y < pixmap.allocatedRect().y2; ++y)
         for (const Pixel& pixel : pixmap.row(y)) {
-            const auto value = static_cast<float>(pixel.r);
-            span.lowest = value > 0.0F ? std::min(span.lowest, value) : span.lowest;
-            span.highest = value > 0.0F ? std::max(span.highest, value) : span.highest;
+            lowest = pixel.r > 0 && pixel.r < lowest ? pixel.r : lowest;
+            highest = pixel.r > 0 && pixel.r > highest ? pixel.r : highest;
         }
+    span.lowest = static_cast<float>(lowest);
+    span.highest = static_cast<float>(highest);
     return span;
 }
 

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The merge, and the differences between the two formats.
+// The merge: first the object's level, then the colours' where the source has pixels.
 #include "render/LevelMerge.h"
 
 #include <cmath>
@@ -34,21 +34,28 @@ struct LevelTraits<CEL_PixelRGBAFloat>
 };
 
 template<typename Pixel>
-void mergePixel(Pixel& target, const Pixel* source, decltype(Pixel::r) level, bool scaleByCoverage)
+void setLevel(std::span<Pixel> target, decltype(Pixel::r) level)
+{
+    for (Pixel& pixel : target)
+        pixel = pixel.a > 0 ? Pixel{level, 0, LevelTraits<Pixel>::kDefaultBlue, pixel.a} : Pixel{};
+}
+
+template<typename Pixel>
+void setColours(std::span<Pixel> target, std::span<const Pixel> source, bool scaleByCoverage)
 {
     using Traits = LevelTraits<Pixel>;
-    const auto coverage = target.a > 0 ? target.a : decltype(target.a){};
-    target = target.a > 0 ? Pixel{level, 0, Traits::kDefaultBlue, coverage} : Pixel{};
-    if (!source || !(source->a > 0))
-        return;
-    if (scaleByCoverage) {
-        const float factor = Traits::factor(coverage);
-        target.g = Traits::scaled(source->r, factor);
-        target.b = Traits::scaled(source->a, factor);
-        return;
+    for (std::size_t i = 0; i < target.size(); ++i) {
+        if (!(source[i].a > 0))
+            continue;
+        if (scaleByCoverage) {
+            const float factor = Traits::factor(target[i].a);
+            target[i].g = Traits::scaled(source[i].r, factor);
+            target[i].b = Traits::scaled(source[i].a, factor);
+        } else {
+            target[i].g = Traits::unscaled(source[i].r);
+            target[i].b = Traits::unscaled(source[i].a);
+        }
     }
-    target.g = Traits::unscaled(source->r);
-    target.b = Traits::unscaled(source->a);
 }
 
 } // namespace
@@ -57,16 +64,16 @@ template<typename Pixel>
 void mergeLevel(CEL_PixmapOf<Pixel>& target, const CEL_PixmapOf<Pixel>& source,
                 typename CEL_PixelTraits<Pixel>::Channel level, bool scaleByCoverage)
 {
-    const Math::Box2di rect = target.allocatedRect();
-    const Math::Box2di from = source.allocatedRect();
+    const Math::Box2di& rect = target.allocatedRect();
+    const Math::Box2di common = rect.getIntersection(source.allocatedRect());
+    const auto width = static_cast<std::size_t>(common.width());
     for (int y = rect.y1; y < rect.y2; ++y) {
-        const std::span<Pixel> row = target.row(y);
-        const Pixel* sourceRow = y >= from.y1 && y < from.y2 ? source.row(y).data() : nullptr;
-        for (std::size_t i = 0; i < row.size(); ++i) {
-            const int x = rect.x1 + static_cast<int>(i);
-            const bool exists = sourceRow && x >= from.x1 && x < from.x2;
-            mergePixel(row[i], exists ? sourceRow + (x - from.x1) : nullptr, level, scaleByCoverage);
-        }
+        setLevel<Pixel>(target.row(y), level);
+        if (width == 0 || y < common.y1 || y >= common.y2)
+            continue;
+        const auto to = static_cast<std::size_t>(common.x1 - rect.x1);
+        const auto from = static_cast<std::size_t>(common.x1 - source.allocatedRect().x1);
+        setColours<Pixel>(target.row(y).subspan(to, width), source.row(y).subspan(from, width), scaleByCoverage);
     }
 }
 

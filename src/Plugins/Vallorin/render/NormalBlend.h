@@ -3,19 +3,8 @@
 // Blends one object's normal pixel into an output pixel (VolumeModel.h).
 #pragma once
 
-#include "QuarvelBaseCore/Math_Vector3d.h"
+#include "MultiStageKvd/NormalParser.h"
 #include "render/PixelTraits.h"
-
-/// The normal that a pixel stores, z from the unit length and with the sign of B.
-template<typename Pixel>
-Math::Vector3d decodeNormal(const Pixel& pixel)
-{
-    constexpr double kFull = static_cast<double>(VolumeTraits<Pixel>::kFull);
-    const double x = 2.0 * pixel.r / kFull - 1.0;
-    const double y = 2.0 * pixel.g / kFull - 1.0;
-    const double z = std::sqrt(std::max(0.0, 1.0 - x * x - y * y));
-    return {x, y, pixel.b < 0 ? -z : z};
-}
 
 /// Blends an object's pixel into the output: normals are mixed by coverage and normalised, B becomes blue, coverages
 /// add up as painting does. Over an empty output pixel, or with full coverage, the object's pixel takes its place.
@@ -31,7 +20,7 @@ void blendNormal(Pixel& out, const Pixel& object, double coverage, typename Volu
         out = {object.r, object.g, blue, Traits::fullAlpha(coverage)};
         return;
     }
-    Math::Vector3d normal = (1.0 - coverage) * decodeNormal(out) + coverage * decodeNormal(object);
+    Math::Vector3d normal = (1.0 - coverage) * NormalParser_decode(out) + coverage * NormalParser_decode(object);
     normal.normalize();
     out = {Traits::blendedComponent(normal.x), Traits::blendedComponent(normal.y), blue,
            Traits::blendAlpha(out.a, coverage)};

@@ -1,110 +1,195 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The normals, three depth rows at a time. A row beyond the pixmap's edge reads as black, which is as good as missing.
+// The normals, a run of pixels at a time. Of the cross products only what is not known beforehand is computed:
+//
+//     (2, 0, across) x (0, 2, down)      = 2 (-across, -down, 2)
+//     (2, 2, falling) x (-2, 2, rising)  = 2 (rising - falling, -(rising + falling), 4)
+//
+// The factor 2 goes when the vector is normalised, and so do the halves of the mean of two normals. Factors of 2 are
+// exact in every operation, so the results are those of the full vectors, to the last bit.
 #include "render/NormalMap.h"
 
-#include "QuarvelBaseCore/Math_Vector3d.h"
 #include "render/NormalSmoothing.h"
 #include "render/PixelTraits.h"
 
-#include <vector>
+#include <array>
 
 namespace {
 
-using Math::Vector3d;
+constexpr std::size_t kRun = 128;
 
-// Three rows of depth with one black pixel on either side.
-class DepthWindow
+template<typename Value>
+using Run = std::array<Value, kRun>;
+
+// Differences of opposite neighbours, in float, as depths are stored. The first two are zero where one of the four axis
+// neighbours is missing: a level place stores the same x and y as the zero normal.
+struct Slopes
 {
-public:
-    explicit DepthWindow(const CEL_PixmapAreaZ& depth)
-        : _depth(depth), _black(static_cast<std::size_t>(depth.allocatedRect().width()) + 2)
-    {
-        for (auto& row : _rows)
-            row = _black;
-    }
-
-    void moveTo(int y)
-    {
-        if (y == _depth.allocatedRect().y1)
-            load(_rows[1], y);
-        else {
-            std::swap(_rows[0], _rows[1]);
-            std::swap(_rows[1], _rows[2]);
-        }
-        load(_rows[2], y + 1);
-    }
-
-    // The depth of column i of the row and its neighbours, from -1 to 1 in both directions.
-    float at(std::size_t i, int dx, int dy) const
-    {
-        return _rows[static_cast<std::size_t>(dy + 1)][i + static_cast<std::size_t>(dx + 1)];
-    }
-
-private:
-    void load(std::vector<float>& row, int y) const
-    {
-        if (y >= _depth.allocatedRect().y2) {
-            row = _black;
-            return;
-        }
-        const auto source = _depth.row(y);
-        for (std::size_t i = 0; i < source.size(); ++i)
-            row[i + 1] = source[i].value;
-    }
-
-    const CEL_PixmapAreaZ& _depth;
-    std::vector<float> _black;
-    std::vector<float> _rows[3];
+    Run<float> across;       // right - left
+    Run<float> down;         // below - above
+    Run<float> falling;      // below right - above left
+    Run<float> rising;       // below left - above right
+    Run<float> hasDiagonals; // 1 where all eight neighbours are there, else 0
 };
 
-bool isBlack(float depth)
+struct Directions
 {
-    return CEL_PixelFloat{depth}.isBlack();
+    Run<double> x;
+    Run<double> y;
+};
+
+// A run of depths and the rows above and below it. All three have a pixel more on either side.
+struct DepthRun
+{
+    const CEL_PixelFloat* above;
+    const CEL_PixelFloat* here;
+    const CEL_PixelFloat* below;
+    std::size_t length;
+};
+
+// 1 where all four are there, else 0; a factor instead of a branch keeps the loops free of jumps.
+float areThere(float a, float b, float c, float d)
+{
+    return static_cast<float>(int{a != 0.0F} & int{b != 0.0F} & int{c != 0.0F} & int{d != 0.0F});
 }
 
-Vector3d normalOf(const Vector3d& a, const Vector3d& b)
+void measureAxes(const DepthRun& z, Slopes& slopes)
 {
-    Vector3d normal = a.getCrossProduct(b);
-    normal.normalize();
-    return normal;
+    const CEL_PixelFloat* const leftOf = z.here - 1;
+    const CEL_PixelFloat* const rightOf = z.here + 1;
+    for (std::size_t i = 0; i < z.length; ++i) {
+        const float left = leftOf[i].value;
+        const float right = rightOf[i].value;
+        const float above = z.above[i].value;
+        const float below = z.below[i].value;
+        const float axes = areThere(left, right, above, below);
+        slopes.across[i] = axes * (right - left);
+        slopes.down[i] = axes * (below - above);
+        slopes.hasDiagonals[i] = axes;
+    }
 }
 
-// Differences are taken in float, as depths are stored, and only then widened.
-Vector3d normalAt(const DepthWindow& z, std::size_t i, int quality)
+void measureDiagonals(const DepthRun& z, Slopes& slopes)
 {
-    const float left = z.at(i, -1, 0);
-    const float right = z.at(i, 1, 0);
-    const float above = z.at(i, 0, -1);
-    const float below = z.at(i, 0, 1);
-    if (isBlack(left) || isBlack(right) || isBlack(above) || isBlack(below))
-        return {};
-    const Vector3d axes = normalOf({2.0, 0.0, right - left}, {0.0, 2.0, below - above});
-    if (quality == FOUR_NEIGHBOURS)
-        return axes;
-    const float aboveLeft = z.at(i, -1, -1);
-    const float belowRight = z.at(i, 1, 1);
-    const float aboveRight = z.at(i, 1, -1);
-    const float belowLeft = z.at(i, -1, 1);
-    if (isBlack(aboveLeft) || isBlack(belowRight) || isBlack(aboveRight) || isBlack(belowLeft))
-        return axes;
-    const Vector3d diagonals = normalOf({2.0, 2.0, belowRight - aboveLeft}, {-2.0, 2.0, belowLeft - aboveRight});
-    Vector3d normal = 0.5 * axes + 0.5 * diagonals;
-    normal.normalize();
-    return normal;
+    const CEL_PixelFloat* const aboveLeftOf = z.above - 1;
+    const CEL_PixelFloat* const aboveRightOf = z.above + 1;
+    const CEL_PixelFloat* const belowLeftOf = z.below - 1;
+    const CEL_PixelFloat* const belowRightOf = z.below + 1;
+    for (std::size_t i = 0; i < z.length; ++i) {
+        const float aboveLeft = aboveLeftOf[i].value;
+        const float aboveRight = aboveRightOf[i].value;
+        const float belowLeft = belowLeftOf[i].value;
+        const float belowRight = belowRightOf[i].value;
+        slopes.falling[i] = belowRight - aboveLeft;
+        slopes.rising[i] = belowLeft - aboveRight;
+        slopes.hasDiagonals[i] *= areThere(aboveLeft, aboveRight, belowLeft, belowRight);
+    }
+}
+
+double length(double x, double y, double z)
+{
+    return std::sqrt(x * x + y * y + z * z);
+}
+
+void findFromAxes(const Slopes& slopes, std::size_t count, Directions& normals)
+{
+    for (std::size_t i = 0; i < count; ++i) {
+        const double x = -slopes.across[i];
+        const double y = -slopes.down[i];
+        const double size = length(x, y, 2.0);
+        normals.x[i] = x / size;
+        normals.y[i] = y / size;
+    }
+}
+
+void findFromAxesAndDiagonals(const Slopes& slopes, std::size_t count, Directions& normals)
+{
+    for (std::size_t i = 0; i < count; ++i) {
+        const double axisX = -slopes.across[i];
+        const double axisY = -slopes.down[i];
+        const double axisSize = length(axisX, axisY, 2.0);
+        const double x = axisX / axisSize;
+        const double y = axisY / axisSize;
+
+        const double falling = slopes.falling[i];
+        const double rising = slopes.rising[i];
+        const double diagonalX = rising - falling;
+        const double diagonalY = -(rising + falling);
+        const double diagonalSize = length(diagonalX, diagonalY, 4.0);
+
+        const double sumX = x + diagonalX / diagonalSize;
+        const double sumY = y + diagonalY / diagonalSize;
+        const double sumSize = length(sumX, sumY, 2.0 / axisSize + 4.0 / diagonalSize);
+        const double has = slopes.hasDiagonals[i];
+        normals.x[i] = has * (sumX / sumSize) + (1.0 - has) * x;
+        normals.y[i] = has * (sumY / sumSize) + (1.0 - has) * y;
+    }
 }
 
 template<typename Pixel>
-void normalRow(const DepthWindow& z, std::span<const Pixel> blurred, int quality, std::span<Pixel> normals)
+Pixel emptyPixel()
+{
+    return {0, 0, VolumeTraits<Pixel>::kFull, 0};
+}
+
+// The widest part of a row whose neighbours are all inside the pixmap.
+template<typename Pixel>
+void normalRun(const DepthRun& z, const Pixel* blurred, int quality, Pixel* normals)
 {
     using Traits = VolumeTraits<Pixel>;
-    for (std::size_t i = 0; i < normals.size(); ++i) {
-        if (isBlack(z.at(i, 0, 0))) {
-            normals[i] = {0, 0, Traits::kFull, 0};
-            continue;
-        }
-        const Vector3d normal = normalAt(z, i, quality);
-        normals[i] = {Traits::component(normal.x), Traits::component(normal.y), blurred[i].b, Traits::kFull};
+    const auto isBlack = [](const CEL_PixelFloat& depth) { return depth.isBlack(); };
+    if (std::all_of(z.here, z.here + z.length, isBlack)) {
+        std::fill_n(normals, z.length, emptyPixel<Pixel>());
+        return;
+    }
+    Slopes slopes;
+    Directions directions;
+    measureAxes(z, slopes);
+    if (quality == FOUR_NEIGHBOURS)
+        findFromAxes(slopes, z.length, directions);
+    else {
+        measureDiagonals(z, slopes);
+        findFromAxesAndDiagonals(slopes, z.length, directions);
+    }
+    Run<typename Traits::Channel> red;
+    Run<typename Traits::Channel> green;
+    for (std::size_t i = 0; i < z.length; ++i) {
+        red[i] = Traits::component(directions.x[i]);
+        green[i] = Traits::component(directions.y[i]);
+    }
+    for (std::size_t i = 0; i < z.length; ++i)
+        normals[i] = z.here[i].isBlack() ? emptyPixel<Pixel>() : Pixel{red[i], green[i], blurred[i].b, Traits::kFull};
+}
+
+// Pixels at the pixmap's edge: a neighbour is missing, so there is no slope.
+template<typename Pixel>
+void edgeRun(std::span<const CEL_PixelFloat> depth, std::span<const Pixel> blurred, std::span<Pixel> normals)
+{
+    using Traits = VolumeTraits<Pixel>;
+    const auto middle = Traits::component(0.0);
+    for (std::size_t i = 0; i < normals.size(); ++i)
+        normals[i] = depth[i].isBlack() ? emptyPixel<Pixel>() : Pixel{middle, middle, blurred[i].b, Traits::kFull};
+}
+
+template<typename Pixel>
+void normalRow(const CEL_PixmapAreaZ& depth, int y, std::span<const Pixel> blurred, int quality,
+               std::span<Pixel> normals)
+{
+    const std::span<const CEL_PixelFloat> here = depth.row(y);
+    const Math::Box2di& rect = depth.allocatedRect();
+    const std::size_t width = here.size();
+    if (y == rect.y1 || y == rect.y2 - 1 || width < 3) {
+        edgeRun<Pixel>(here, blurred, normals);
+        return;
+    }
+    edgeRun<Pixel>(here.first(1), blurred.first(1), normals.first(1));
+    edgeRun<Pixel>(here.last(1), blurred.last(1), normals.last(1));
+    const CEL_PixelFloat* const above = depth.row(y - 1).data();
+    const CEL_PixelFloat* const below = depth.row(y + 1).data();
+    for (std::size_t i = 1; i < width - 1; i += kRun) {
+        const std::size_t count = std::min(kRun, width - 1 - i);
+        normalRun<Pixel>({above + i, here.data() + i, below + i, count}, blurred.data() + i, quality,
+                         normals.data() + i);
     }
 }
 
@@ -116,11 +201,8 @@ UT_SharedPtr<CEL_PixmapOf<Pixel>> buildNormals(const CEL_PixmapAreaZ& depth, con
 {
     auto normals = UT_makeShared<CEL_PixmapOf<Pixel>>(depth.size(), depth.canvasRect());
     normals->realloc(depth.allocatedRect(), false);
-    DepthWindow window(depth);
-    for (int y = depth.allocatedRect().y1; y < depth.allocatedRect().y2; ++y) {
-        window.moveTo(y);
-        normalRow<Pixel>(window, blurred.row(y), quality, normals->row(y));
-    }
+    for (int y = depth.allocatedRect().y1; y < depth.allocatedRect().y2; ++y)
+        normalRow<Pixel>(depth, y, blurred.row(y), quality, normals->row(y));
     if (quality == EIGHT_NEIGHBOURS_SMOOTHED)
         return smoothNormals<Pixel>(*normals);
     return normals;

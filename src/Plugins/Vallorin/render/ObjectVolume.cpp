@@ -28,13 +28,15 @@ struct VolumeSettings
     bool clip;
 };
 
-// A wider filter than the canvas's diagonal changes nothing that can be seen.
+// What is wider than four of the canvas's diagonals makes no difference that could be seen.
 double filterSize(const VolumeSettings& settings, const Math::Box2di& canvas)
 {
     const double size = settings.bevel / kUnitsAcross * settings.resolutionX * 0.25;
-    return std::min(size, std::hypot(canvas.width(), canvas.height()));
+    return std::min(size, 4.0 * std::hypot(canvas.width(), canvas.height()));
 }
 
+// The blurred mask; null when there is no memory for it. What lies outside of the canvas goes before the clip looks at
+// it, which comes to the same.
 template<typename Pixel>
 UT_SharedPtr<CEL_PixmapOf<Pixel>> bevelled(const UT_SharedPtr<CEL_PixmapOf<Pixel>>& mask,
                                            const VolumeSettings& settings)
@@ -47,9 +49,11 @@ UT_SharedPtr<CEL_PixmapOf<Pixel>> bevelled(const UT_SharedPtr<CEL_PixmapOf<Pixel
     BlurAlgo::getGaussianFilter(filter, size, size, true);
     auto blurred = BlurAlgo::blur(*mask, filter, mask->canvasRect(), kRedAlone, static_cast<BlurAlgo::PaddingType>(0))
                        .template dynamicCast<CEL_PixmapOf<Pixel>>();
+    if (!blurred)
+        return nullptr;
+    blurred->clipToCanvas();
     if (settings.clip)
         clipWithGeometry<Pixel>(*blurred, *mask);
-    blurred->clipToCanvas();
     return blurred;
 }
 
@@ -57,10 +61,12 @@ template<typename Pixel>
 UT_SharedPtr<CEL_PixmapArea> build(const CEL_PixmapArea& reference, const CEL_PixmapOf<Pixel>& objectPixmap,
                                    const VolumeSettings& settings, std::pair<float, float>& range)
 {
-    const auto mask = objectPixmap.clone().template dynamicCast<CEL_PixmapOf<Pixel>>();
-    if (!prepareMask<Pixel>(*mask))
+    const auto mask = makeMask<Pixel>(objectPixmap);
+    if (!mask)
         return nullptr;
     const auto blurred = bevelled<Pixel>(mask, settings);
+    if (!blurred)
+        return nullptr;
     range = {0.0F, 1.0F};
     blurred->reallocToFit(reference);
     if (!settings.generateNormals) {

@@ -17,13 +17,12 @@
 /// @param elevation       1.0 rises 37.5 of 720 units of the canvas's width
 /// @param objectPixmap    the accumulator; it is not changed
 /// @param range           receives offset and scale that bring R to 0 .. 1 when normals are off, and (0, 1) when they
-/// are on; untouched
-///                        when there is no result
+///                        are on; untouched when there is no result
 /// @param quality         a value of NormalPasses
 /// @param smoothness      the exponent of the profile is its inverse
 /// @param clip            whether the blur is taken back where there is no drawing near
-/// @return null when a pixmap is missing, when their formats are not the same colour format, or when the accumulator
-/// holds no pixels
+/// @return null when a pixmap is missing, when their formats are not the same colour format, when the accumulator holds
+/// no pixels, or when there is no memory for the blur
 UT_SharedPtr<CEL_PixmapArea> buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel,
                                                int resolutionX, bool generateNormals, double elevation,
                                                const UT_SharedPtr<CEL_PixmapArea>& objectPixmap,

@@ -36,7 +36,7 @@ struct VolumeTraits<CEL_PixelRGBA16>
 
     static Channel weighted(Channel value, Channel coverage)
     {
-        return static_cast<Channel>(value * (coverage / 32767.0));
+        return static_cast<Channel>(static_cast<std::int32_t>(value * (coverage / 32767.0)));
     }
 
     // The elevation (ElevationDepth.h).
@@ -64,12 +64,13 @@ struct VolumeTraits<CEL_PixelRGBA16>
         return static_cast<Channel>(static_cast<std::int32_t>((static_cast<float>(value) - offset) * scale * 32767.0F));
     }
 
-    /// A component of a normal as it is stored: the nearest integer, halves away from zero.
+    /// A component of a normal as it is stored: the nearest integer, halves away from zero. Adding a half and
+    /// truncating does that for every number of this product's range but the one just below 1/2, and that one is no
+    /// multiple of 32767 / 2^54, which all products near it are.
     static Channel component(double n)
     {
-        const double scaled = (n + 1.0) * 0.5 * 32767.0;
-        const auto whole = static_cast<std::int32_t>(scaled);
-        return static_cast<Channel>(std::min(32767, whole + (scaled - whole >= 0.5 ? 1 : 0)));
+        const double rounded = std::min((n + 1.0) * 0.5 * 32767.0 + 0.5, 32767.0);
+        return static_cast<Channel>(static_cast<std::int32_t>(rounded));
     }
 
 private:

@@ -8,13 +8,14 @@
 #include "QuarvelCelCore/CEL_PixmapFactory.h"
 #include "QuarvelSceneCore/MO_SoftRenderServices.h"
 #include "objects/ObjectDefinitionDiscovery.h"
-#include "parameters/VallorinAttributes.h"
 #include "render/Composition.h"
 #include "render/CoverageMerge.h"
 #include "render/ObjectVolume.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <limits>
 
 namespace {
 
@@ -25,6 +26,13 @@ constexpr int kCutOut = 0;
 double finiteOr(double value, double otherwise)
 {
     return std::isfinite(value) ? value : otherwise;
+}
+
+// A product beyond all numbers counts as the largest one; what is then no number at all, as 0.
+double held(double product)
+{
+    constexpr double kLargest = std::numeric_limits<double>::max();
+    return std::isnan(product) ? 0.0 : std::clamp(product, -kLargest, kLargest);
 }
 
 void mergeInto(CEL_PixmapArea& accumulator, const CEL_PixmapArea& input)
@@ -94,14 +102,12 @@ int VallorinRenderHandler::currentObjectId() const
 void VallorinRenderHandler::accumulate(const MO_SoftContext& context, int objectId,
                                        const UT_SharedPtr<CEL_PixmapArea>& input)
 {
-    if (!isRenderFormat(input->format()))
-        return;
     UT_SharedPtr<CEL_PixmapArea>& accumulator = objectAccumulators[objectId];
-    const bool hasArea = input->size().width >= 1 && input->size().height >= 1;
-    if (!accumulator && hasArea)
+    if (!isRenderFormat(input->format()) || input->size().width < 1 || input->size().height < 1)
+        return;
+    if (!accumulator)
         accumulator = CEL_PixmapFactory::create2d(context.mainCelFormat2d(), input->size(), context.outputRect());
-    if (accumulator && hasArea)
-        mergeInto(*accumulator, *input);
+    mergeInto(*accumulator, *input);
 }
 
 void VallorinRenderHandler::finishRender(const MO_SoftContext& context, CA_CelRef delivered)
@@ -110,39 +116,35 @@ void VallorinRenderHandler::finishRender(const MO_SoftContext& context, CA_CelRe
     VallorinAttributes::getObjectInformation(objectInformation, objects);
     std::printf("###### FINISHING VALLORIN %d models %d objects to render\n",
                 static_cast<int>(objectAccumulators.size()), static_cast<int>(objects.size()));
-    if (objects.empty() || !delivered) {
+    const UT_SharedPtr<CEL_PixmapArea> reference =
+        delivered ? delivered->getWorkingCopy(context.mainCelFormat2d())->pixmap() : nullptr;
+    if (objects.empty() || !reference) {
         MO_SoftRenderServices::setBlankCel(context, 0);
         return;
     }
-    const UT_SharedPtr<CEL_PixmapArea> reference = delivered->getWorkingCopy(context.mainCelFormat2d())->pixmap();
-    if (!reference) {
-        MO_SoftRenderServices::setBlankCel(context, 0);
-        return;
-    }
-    const PixmapMap results = buildVolumes(context, reference);
+    const PixmapMap results = buildVolumes(context, reference, objects);
     auto output = UT_makeShared<CEL_Cel>();
     output->setRepresentation(compose(context, *reference, results));
     setCel(context, output);
 }
 
-VallorinRenderHandler::PixmapMap VallorinRenderHandler::buildVolumes(const MO_SoftContext& context,
-                                                                     const UT_SharedPtr<CEL_PixmapArea>& reference)
+VallorinRenderHandler::PixmapMap
+VallorinRenderHandler::buildVolumes(const MO_SoftContext& context, const UT_SharedPtr<CEL_PixmapArea>& reference,
+                                    const std::vector<VallorinAttributes::ObjectInformation>& objects)
 {
-    std::vector<VallorinAttributes::ObjectInformation> objects;
-    VallorinAttributes::getObjectInformation(objectInformation, objects);
     const double truckFactor = useTruckFactor ? context.portContext(0).truckFactor() : 1.0;
     PixmapMap results;
     for (const VallorinAttributes::ObjectInformation& object : objects) {
         const auto accumulator = objectAccumulators.find(object.objectId);
         if (object.objectId < 1 || accumulator == objectAccumulators.end() || !accumulator->second)
             continue;
-        const double bevel = finiteOr(object.bevelSize, 0.0) * blurScale * truckFactor;
-        const double elevation = finiteOr(object.elevation, 0.0) * truckFactor * elevationScale;
-        const double smoothness = finiteOr(object.elevationSmoothness, 1.0) * elevationSmoothness;
+        const double bevel = held(finiteOr(object.bevelSize, 0.0) * blurScale * truckFactor);
+        const double elevation = held(finiteOr(object.elevation, 0.0) * truckFactor * elevationScale);
+        const double smoothness = held(finiteOr(object.elevationSmoothness, 1.0) * elevationSmoothness);
         std::pair<float, float>& range = elevationRanges[object.objectId];
-        results[object.objectId] = buildObjectVolume(
-            reference, finiteOr(bevel, 0.0), context.resolutionX(), generateNormals, finiteOr(elevation, 0.0),
-            accumulator->second, range, normalQuality, finiteOr(smoothness, 1.0), clipBlurredWithGeometry);
+        results[object.objectId] =
+            buildObjectVolume(reference, bevel, context.resolutionX(), generateNormals, elevation, accumulator->second,
+                              range, normalQuality, smoothness, clipBlurredWithGeometry);
     }
     return results;
 }

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "QuarvelSceneCore/MO_CompositeModuleBitmapHandler.h"
+#include "parameters/VallorinAttributes.h"
 
 #include <QString>
 
@@ -59,7 +60,8 @@ private:
     void takeMessage(const CEL_Cel& cel);
     int currentObjectId() const;
     void accumulate(const MO_SoftContext& context, int objectId, const UT_SharedPtr<CEL_PixmapArea>& input);
-    PixmapMap buildVolumes(const MO_SoftContext& context, const UT_SharedPtr<CEL_PixmapArea>& reference);
+    PixmapMap buildVolumes(const MO_SoftContext& context, const UT_SharedPtr<CEL_PixmapArea>& reference,
+                           const std::vector<VallorinAttributes::ObjectInformation>& objects);
     UT_SharedPtr<CEL_PixmapArea> compose(const MO_SoftContext& context, const CEL_PixmapArea& reference,
                                          const PixmapMap& results) const;
 };
