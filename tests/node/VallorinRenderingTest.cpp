@@ -142,7 +142,7 @@ TEST_F(VallorinRendering, TheSnapshotDoesNotFollowTheNode)
 
 TEST_F(VallorinRendering, AFloatJobTakesFloatCelsAlone)
 {
-    const auto& module = renderHandler(1.0, 1)->moduleInterface();
+    const auto module = renderHandler(1.0, 1)->moduleInterface();
     EXPECT_EQ(module.node, &node);
     EXPECT_TRUE(module.acceptsFloatCels);
     EXPECT_FALSE(module.accepts16BitCels);
@@ -153,7 +153,7 @@ TEST_F(VallorinRendering, AFloatJobTakesFloatCelsAlone)
 TEST_F(VallorinRendering, AnyOtherJobTakes16BitCelsAlone)
 {
     for (const int format : {0, 2, -1}) {
-        const auto& module = renderHandler(1.0, format)->moduleInterface();
+        const auto module = renderHandler(1.0, format)->moduleInterface();
         EXPECT_EQ(module.node, &node);
         EXPECT_FALSE(module.acceptsFloatCels) << format;
         EXPECT_TRUE(module.accepts16BitCels) << format;
