@@ -1,0 +1,111 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The blur of one plane of floats as large as the frame.
+#include "BenchScene.h"
+#include "BlurAlgo/BA_GaussianBlur.h"
+#include "Groups.h"
+#include "OpenCvPeer.h"
+
+#include <opencv2/imgproc.hpp>
+
+#include <cstring>
+
+namespace {
+
+struct Sigma
+{
+    const char* name;
+    double value;
+};
+
+constexpr Sigma kSigmas[] = {{"sigma3.3", 3.3}, {"sigma6.6", 6.6},   {"sigma13.3", 13.3}, {"sigma33", 33.0},
+                             {"sigma66", 66.0}, {"sigma133", 133.0}, {"sigma266", 266.0}};
+// OpenCV's own Gaussian takes too long for more.
+constexpr double kLargestForGaussian = 14.0;
+
+struct Planes
+{
+    explicit Planes(const FrameSize& frame) : source(frame.height, frame.width, CV_32F), result(source.clone())
+    {
+        BenchScene<CEL_PixelRGBAFloat> scene(frame, BenchScene<CEL_PixelRGBAFloat>::Objects::ONE);
+        const auto& object = *scene.accumulators()[0];
+        for (int y = 0; y < source.rows; ++y)
+            for (int x = 0; x < source.cols; ++x) {
+                const CEL_PixelRGBAFloat* pixel = object.find(x, y);
+                source.at<float>(y, x) = pixel ? pixel->r * pixel->a : 0.0F;
+            }
+    }
+
+    static BA_Plane planeOf(cv::Mat& mat)
+    {
+        return {mat.ptr<float>(), static_cast<std::ptrdiff_t>(mat.step1()), Math::Box2di(0, 0, mat.cols, mat.rows)};
+    }
+
+    cv::Mat source;
+    cv::Mat result;
+    BA_GaussianBlur ours;
+    OpenCvPyramid pyramid;
+};
+
+void addSigma(Group& group, const Lazy<Planes>& planes, const std::string& prefix, const Sigma& row)
+{
+    const double sigma = row.value;
+    const std::string name = prefix + row.name;
+    group.cases.push_back({name + "/ours", [=](benchmark::State& state) {
+                               planes->ours.setSigmas(sigma, sigma);
+                               const BA_Plane source = Planes::planeOf(planes->source);
+                               const BA_Plane result = Planes::planeOf(planes->result);
+                               timeEach(state, [&] { planes->ours.run(source, result); });
+                           }});
+    group.cases.push_back({name + "/pyramid", [=](benchmark::State& state) {
+                               timeEach(state, [&] { planes->pyramid.blur(planes->source, planes->result, sigma); });
+                           }});
+    group.figures.push_back({name + " : OpenCV pyramid", name + "/ours", name + "/pyramid", sigma >= 6.0 ? 0.5 : 0.7,
+                             false,
+                             sigma >= 6.0 ? "blur, sigma >= 6 : OpenCV pyramid" : "blur, sigma 3.3 : OpenCV pyramid"});
+    if (sigma >= 6.0)
+        group.figures.push_back({name + " : copy of the plane", name + "/ours", prefix + "copy", 4.0, false,
+                                 "blur, sigma >= 6 : copy of the plane"});
+    if (sigma > kLargestForGaussian)
+        return;
+    group.cases.push_back({name + "/GaussianBlur", [=](benchmark::State& state) {
+                               timeEach(state, [&] {
+                                   cv::GaussianBlur(planes->source, planes->result, cv::Size(), sigma, sigma,
+                                                    cv::BORDER_CONSTANT);
+                               });
+                           }});
+    group.figures.push_back(
+        {name + " : OpenCV GaussianBlur", name + "/ours", name + "/GaussianBlur", Figure::kNoGoal, false, ""});
+}
+
+Group blurGroup(const FrameSize& frame)
+{
+    const Lazy<Planes> planes([=] { return std::make_shared<Planes>(frame); });
+    const std::string prefix = std::string("blur/") + frame.name + '/';
+    Group group;
+    group.cases.push_back({prefix + "copy", [=](benchmark::State& state) {
+                               const std::size_t bytes = planes->source.total() * planes->source.elemSize();
+                               timeEach(state, [&] {
+                                   std::memcpy(planes->result.data, planes->source.data, bytes);
+                                   benchmark::DoNotOptimize(planes->result.data);
+                               });
+                           }});
+    for (const Sigma& sigma : kSigmas)
+        addSigma(group, planes, prefix, sigma);
+    const std::string reference = prefix + kSigmas[1].name + "/ours";
+    for (const Sigma& sigma : kSigmas)
+        if (sigma.value > kSigmas[1].value)
+            group.figures.push_back({prefix + sigma.name + " : " + kSigmas[1].name, prefix + sigma.name + "/ours",
+                                     reference, 1.25, false, "blur, any sigma : sigma6.6"});
+    return group;
+}
+
+} // namespace
+
+GroupMakers blurGroups()
+{
+    GroupMakers makers;
+    for (const FrameSize& frame : kFrameSizes)
+        makers.push_back([&] { return blurGroup(frame); });
+    return makers;
+}

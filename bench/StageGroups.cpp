@@ -1,0 +1,209 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The stages one by one. Where they are cut is not quite the same on both sides: the peer finds the range while it
+// clips, the node while it makes the depth.
+#include "BenchScene.h"
+#include "BlurAlgo/BlurAlgo.h"
+#include "Groups.h"
+#include "OpenCvPeer.h"
+#include "render/CoverageMask.h"
+#include "render/CoverageMerge.h"
+#include "render/ElevationDepth.h"
+#include "render/GeometryClip.h"
+#include "render/NormalMap.h"
+
+namespace {
+
+enum PeerStage
+{
+    MASKED,
+    BLURRED,
+    CLIPPED,
+    DEEP,
+    WITH_NORMALS
+};
+
+// What every stage starts from, on both sides.
+template<typename Pixel>
+class Stages
+{
+public:
+    using Pixmap = CEL_PixmapOf<Pixel>;
+    using Pointer = UT_SharedPtr<Pixmap>;
+
+    Stages(const FrameSize& frame, int bevel)
+        : scene(frame, BenchScene<Pixel>::Objects::ONE), _job{.bevel = static_cast<double>(bevel)}, _filter(0, 0)
+    {
+        const double sigma = bevel / 720.0 * frame.width * 0.25;
+        BlurAlgo::getGaussianFilter(_filter, sigma, sigma, true);
+        mask = makeMask();
+        blurred = makeBlurred();
+        clipped = copyOf(*blurred);
+        clip(*clipped);
+        depth = makeDepth();
+        results[1] = buildNormals<Pixel>(*depth, *clipped, FOUR_NEIGHBOURS);
+    }
+
+    static Pointer copyOf(const Pixmap& pixmap) { return pixmap.clone().template dynamicCast<Pixmap>(); }
+
+    Pointer makeMask() const { return ::makeMask<Pixel>(*scene.accumulators()[0]); }
+
+    Pointer makeBlurred() const
+    {
+        constexpr int kRedAlone = 2;
+        return BlurAlgo::blur(*mask, _filter, mask->canvasRect(), kRedAlone, BlurAlgo::PaddingType::TRANSPARENT_PADDING)
+            .template dynamicCast<Pixmap>();
+    }
+
+    void clip(Pixmap& pixmap) const
+    {
+        pixmap.clipToCanvas();
+        clipWithGeometry<Pixel>(pixmap, *mask);
+    }
+
+    UT_SharedPtr<CEL_PixmapAreaZ> makeDepth()
+    {
+        const double high = 37.5 * scene.canvas().width() / 720.0;
+        return buildDepth<Pixel>(*clipped, 0.0, high, 1.0);
+    }
+
+    // Runs the peer up to and with a stage, from the start: some of its stages work in place.
+    void bringPeerTo(PeerStage stage)
+    {
+        maskPeer();
+        if (stage >= BLURRED)
+            peer.blur();
+        if (stage >= CLIPPED)
+            peer.clipAndFindRange(true);
+        if (stage >= DEEP)
+            peer.makeDepth(_job);
+        if (stage >= WITH_NORMALS)
+            peer.makeNormals(FOUR_NEIGHBOURS);
+    }
+
+    void maskPeer()
+    {
+        peer.makeMask(*scene.accumulators()[0]);
+        peer.placeMask(*scene.accumulators()[0], _job);
+    }
+
+    void deepenPeer() { peer.makeDepth(_job); }
+
+    BenchScene<Pixel> scene;
+    OpenCvPeer<Pixel> peer;
+    Pointer mask;
+    Pointer blurred;
+    Pointer clipped;
+    UT_SharedPtr<CEL_PixmapAreaZ> depth;
+    VallorinRenderHandler::PixmapMap results;
+    Pointer scratch;
+
+private:
+    PeerJob _job;
+    FilterImage _filter;
+};
+
+template<typename Pixel>
+class StageGroup
+{
+public:
+    StageGroup(const FrameSize& frame, int bevel)
+        : _stages([=] { return std::make_shared<Stages<Pixel>>(frame, bevel); })
+        , _prefix(std::string("stage/") + frame.name + '/' + formatName<Pixel>() + "/bevel" + std::to_string(bevel) +
+                  '/')
+    {}
+
+    Group make()
+    {
+        addFirstStages();
+        addElevation();
+        for (int quality = 0; quality < 3; ++quality)
+            addNormals(quality);
+        addComposition();
+        return std::move(_group);
+    }
+
+private:
+    using S = Stages<Pixel>;
+
+    template<typename Prepare, typename Work>
+    void add(const std::string& stage, const char* side, const Prepare& prepare, const Work& work)
+    {
+        _group.cases.push_back({_prefix + stage + '/' + side, [=, stages = _stages](benchmark::State& state) {
+                                    S& s = *stages;
+                                    timeEach(
+                                        state, 1, [&] { prepare(s); }, [&] { work(s); });
+                                }});
+        const std::string name = _prefix + stage;
+        const bool hasPeer = std::string(side) == "opencv";
+        if (hasPeer)
+            _group.figures.back() = {name + " : OpenCV", name + "/ours", name + "/opencv", Figure::kNoGoal, false, ""};
+        else
+            _group.figures.push_back({name, name + "/ours", "", Figure::kNoGoal, false, ""});
+    }
+
+    void addFirstStages()
+    {
+        const auto nothing = [](S&) {};
+        add(
+            "merge", "ours", [](S& s) { s.scratch = s.scene.emptyPixmap(); },
+            [](S& s) { mergeCoverage<Pixel>(*s.scratch, *s.scene.inputs()[0]); });
+        add("mask", "ours", nothing, [](S& s) { s.scratch = s.makeMask(); });
+        add("mask", "opencv", nothing, [](S& s) { s.maskPeer(); });
+        add("blur", "ours", nothing, [](S& s) { s.scratch = s.makeBlurred(); });
+        add(
+            "blur", "opencv", [](S& s) { s.bringPeerTo(MASKED); }, [](S& s) { s.peer.blur(); });
+    }
+
+    void addElevation()
+    {
+        add(
+            "clip", "ours", [](S& s) { s.scratch = S::copyOf(*s.blurred); }, [](S& s) { s.clip(*s.scratch); });
+        add(
+            "clip", "opencv", [](S& s) { s.bringPeerTo(BLURRED); }, [](S& s) { s.peer.clipAndFindRange(true); });
+        add(
+            "depth", "ours", [](S&) {}, [](S& s) { s.depth = s.makeDepth(); });
+        add(
+            "depth", "opencv", [](S& s) { s.bringPeerTo(CLIPPED); }, [](S& s) { s.deepenPeer(); });
+    }
+
+    void addNormals(int quality)
+    {
+        const std::string stage = std::string("normals-") + kQualities[quality];
+        add(
+            stage, "ours", [](S&) {}, [=](S& s) { s.results[1] = buildNormals<Pixel>(*s.depth, *s.clipped, quality); });
+        add(
+            stage, "opencv", [](S& s) { s.bringPeerTo(DEEP); },
+            [=](S& s) {
+                s.peer.makeNormals(quality);
+                if (quality == EIGHT_NEIGHBOURS_SMOOTHED)
+                    s.peer.smoothNormals();
+            });
+    }
+
+    void addComposition()
+    {
+        add(
+            "compose", "ours", [](S&) {}, [](S& s) { s.scene.compose(s.results); });
+        add(
+            "compose", "opencv", [](S& s) { s.bringPeerTo(WITH_NORMALS); },
+            [](S& s) { s.peer.compose(*s.scene.inputs()[0], FOUR_NEIGHBOURS, s.scene.output()); });
+    }
+
+    Lazy<S> _stages;
+    std::string _prefix;
+    Group _group;
+};
+
+} // namespace
+
+GroupMakers stageGroups()
+{
+    GroupMakers makers;
+    for (const FrameSize& frame : kFrameSizes)
+        for (const int bevel : kBevels) {
+            makers.push_back([&frame, bevel] { return StageGroup<CEL_PixelRGBA16>(frame, bevel).make(); });
+            makers.push_back([&frame, bevel] { return StageGroup<CEL_PixelRGBAFloat>(frame, bevel).make(); });
+        }
+    return makers;
+}
