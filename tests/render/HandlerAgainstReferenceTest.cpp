@@ -30,6 +30,7 @@ struct Scene
     std::vector<UT_SharedPtr<CEL_PixmapOf<Pixel>>> inputs; // null: no cel
     Parameters parameters;
     std::pair<int, int> resolution;
+    Math::Box2di outputRect; // what is asked for: the canvas, more or less
 };
 
 QString objectListOf(const std::vector<reference::RefObjectRecord>& records)
@@ -51,6 +52,12 @@ Scene<Pixel> randomScene(std::uint32_t seed)
     Scene<Pixel> scene;
     scene.resolution = {random.whole(1, 40), random.whole(1, 30)};
     const Math::Box2di canvas(0, 0, scene.resolution.first, scene.resolution.second);
+    scene.outputRect = canvas;
+    if (random.chance(3)) {
+        const int x = random.whole(-20, 20);
+        const int y = random.whole(-20, 20);
+        scene.outputRect = {x, y, x + random.whole(1, 60), y + random.whole(1, 50)};
+    }
     for (int port = random.whole(0, 5); port > 0; --port) {
         scene.ids.push_back(random.chance(8) ? random.whole(-2, 40000) : random.whole(-1, 3));
         scene.inputs.push_back(random.chance(8) ? nullptr : random.picture<Pixel>(random.box(8, 36), canvas));
@@ -67,7 +74,7 @@ Scene<Pixel> randomScene(std::uint32_t seed)
     p.clipBlurredWithGeometry = random.chance(2);
     p.normalQuality = random.whole(0, 2);
     p.resolutionX = scene.resolution.first;
-    p.outputRect = toRef(canvas);
+    p.outputRect = toRef(scene.outputRect);
     return scene;
 }
 
@@ -113,7 +120,7 @@ template<typename Pixel>
 UT_SharedPtr<CEL_PixmapOf<Pixel>> render(const Scene<Pixel>& scene)
 {
     const RD_RenderJob job = jobOf(scene);
-    MO_SoftContext context(job, MO_FrameKey{1.0}, nullptr, job.canvas());
+    MO_SoftContext context(job, MO_FrameKey{1.0}, nullptr, scene.outputRect);
     const auto handler = handlerFor(scene.parameters, scene.inputs.size());
     for (std::size_t port = 0; port < scene.inputs.size(); ++port) {
         const auto index = static_cast<int>(port);
@@ -173,7 +180,9 @@ TYPED_TEST(Render, GivesTheSameBytesWithOneTwoAndSevenThreads)
     Scene<TypeParam> scene = randomScene<TypeParam>(3);
     RandomPictures random(4);
     scene.resolution = {64, 1200};
+    scene.outputRect = {0, 0, 64, 1200};
     scene.parameters.of.resolutionX = 64;
+    scene.parameters.of.outputRect = toRef(scene.outputRect);
     scene.parameters.records = {{1, 40.0, 1.0, 1.0}, {2, 0.0, 0.5, 2.0}};
     scene.ids = {1, 2, 0, 1};
     scene.inputs.clear();

@@ -183,3 +183,16 @@ TEST(ObjectVolume, GrowsToTheReferencePicture)
     EXPECT_EQ(buildObjectVolume(reference, 0, 9, false, 1, object, range, 0, 1, true)->allocatedRect(),
               Math::Box2di(0, 0, 9, 9));
 }
+
+TEST(ObjectVolume, IsNoneWhereTheBlurCannotReach)
+{
+    // Blurs end at coordinates of 2^28; this object lies just before it.
+    constexpr int kEnd = 1 << 28;
+    CEL_PixmapAreaRGBA16 object({kEnd, 4}, {0, 0, kEnd, 4});
+    object.realloc({kEnd - 4, 0, kEnd, 4}, true);
+    object.at(kEnd - 2, 2) = {32767, 0, 0, 32767};
+    std::pair<float, float> range{5.0F, 6.0F};
+    const auto accumulator = object.clone();
+    EXPECT_FALSE(buildObjectVolume(accumulator, 100.0, 7200, true, 1.0, accumulator, range, 0, 1.0, true));
+    EXPECT_EQ(range, std::make_pair(5.0F, 6.0F)) << "the range stays";
+}

@@ -5,7 +5,9 @@
 
 #include "ObjectDefinition/ObjectDefinition.h"
 #include "ObjectDefinition/ObjectDefinitionMessage.h"
+#include "QuarvelSceneCore/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/AT_IntAttr.h"
+#include "QuarvelSceneCore/MO_Scene.h"
 #include "render/VallorinRenderHandler.h"
 
 #include <gmock/gmock.h>
@@ -13,6 +15,15 @@
 namespace {
 
 using testing::HasSubstr;
+
+// A module for the context to belong to, so that there is a camera.
+class VallorinTestModule : public MO_Module
+{
+public:
+    VallorinTestModule() { addInImagePort(); }
+    QString keyword() const override { return QStringLiteral("TEST"); }
+    QString baseDisplayName() const override { return QStringLiteral("Test"); }
+};
 
 CA_CelRef celOf(const UT_SharedPtr<CEL_PixmapArea>& pixmap)
 {
@@ -29,8 +40,9 @@ CA_CelRef tagged(const UT_SharedPtr<CEL_PixmapArea>& pixmap, int objectId)
     return cel;
 }
 
-// Inputs of 8 x 8, without a bevel unless the object list says so.
-class RenderHandler : public testing::Test
+// Renders inputs of 8 x 8, without a bevel unless the object list says so.
+template<typename Pixel>
+class RenderHandlerOf : public testing::Test
 {
 protected:
     static constexpr int kSide = 8;
@@ -57,24 +69,43 @@ protected:
         ++_port;
     }
 
-    UT_SharedPtr<CEL_PixmapAreaRGBA16> finish(VallorinRenderHandler& handler)
+    UT_SharedPtr<CEL_PixmapOf<Pixel>> finish(VallorinRenderHandler& handler)
     {
         handler.finish(_context);
         const CA_CelRef output = _context.outputCel();
-        return output ? output->pixmap().dynamicCast<CEL_PixmapAreaRGBA16>() : nullptr;
+        return output ? output->pixmap().template dynamicCast<CEL_PixmapOf<Pixel>>() : nullptr;
     }
 
     // A drawing that covers everything alike, as the object stage leaves it.
-    static UT_SharedPtr<CEL_PixmapAreaRGBA16> covering(std::int16_t coverage, std::int16_t value = 32767)
+    static UT_SharedPtr<CEL_PixmapOf<Pixel>> covering(decltype(Pixel::a) coverage,
+                                                      decltype(Pixel::r) value = CEL_PixelTraits<Pixel>::kFull)
     {
-        return filled<Pixel16>(kSide, kSide, {value, 0, 0, coverage});
+        return filled<Pixel>(kSide, kSide, {value, 0, 0, coverage});
     }
 
+    // What the output shows of one object of number 1 that covers everything alike.
+    Pixel shown(decltype(Pixel::a) coverage)
+    {
+        const auto handler = make(1, "1:0");
+        deliver(*handler, tagged(covering(coverage), 1));
+        return finish(*handler)->at(3, 3);
+    }
+
+    MO_Scene _scene;
+    MO_Module& _module = _scene.root().emplace<VallorinTestModule>();
+
 private:
-    RD_RenderJob _job{RD_RenderParameters{RD_RenderParameters::IMAGE_PROCESSING_16BIT, {kSide, kSide}}};
-    MO_SoftContext _context{_job, MO_FrameKey{1.0}, nullptr, _job.canvas()};
+    static constexpr int kFormat = CEL_PixelTraits<Pixel>::kFormat == CEL_FORMAT_RGBA16
+                                       ? RD_RenderParameters::IMAGE_PROCESSING_16BIT
+                                       : RD_RenderParameters::IMAGE_PROCESSING_FLOAT;
+
+    RD_RenderJob _job{RD_RenderParameters{kFormat, {kSide, kSide}}};
+    MO_SoftContext _context{_job, MO_FrameKey{1.0}, &_module, _job.canvas()};
     int _port = 0;
 };
+
+using RenderHandler = RenderHandlerOf<Pixel16>;
+using RenderHandlerFloat = RenderHandlerOf<PixelFloat>;
 
 } // namespace
 
@@ -171,16 +202,115 @@ TEST_F(RenderHandler, PrintsHowManyModelsAndObjectsThereAre)
 TEST_F(RenderHandler, CoverageFrom099UpCountsAsFull)
 {
     // 32440 / 32767 = 0.99002, 32439 / 32767 = 0.98999.
-    for (const auto& [coverage, alpha] : {std::pair{32440, 32767}, std::pair{32439, 32439}}) {
-        const auto handler = make(1, "1:0");
-        RD_RenderJob job(RD_RenderParameters{RD_RenderParameters::IMAGE_PROCESSING_16BIT, {kSide, kSide}});
-        MO_SoftContext context(job, MO_FrameKey{1.0}, nullptr, job.canvas());
-        context.setInputCel(0, tagged(covering(static_cast<std::int16_t>(coverage)), 1));
-        handler->softRender(context, 0);
-        handler->finish(context);
+    EXPECT_EQ(shown(32440).a, 32767);
+}
+
+TEST_F(RenderHandler, CoverageBelow099IsTakenAsItIs)
+{
+    EXPECT_EQ(shown(32439).a, 32439);
+}
+
+TEST_F(RenderHandlerFloat, CoverageFrom09999UpCountsAsFull)
+{
+    EXPECT_EQ(shown(0.99995F).a, 1.0F);
+}
+
+TEST_F(RenderHandlerFloat, CoverageBelow09999IsTakenAsItIs)
+{
+    // The float next to 0.9999 is a little below it.
+    EXPECT_EQ(shown(0.9999F).a, 0.9999F);
+}
+
+TEST_F(RenderHandler, BlueHoldsTheObjectsNumber)
+{
+    EXPECT_EQ(shown(32767).b, 1);
+}
+
+TEST_F(RenderHandlerFloat, BlueHoldsNoNumber)
+{
+    EXPECT_EQ(shown(1.0F).b, 0.0F);
+}
+
+TEST_F(RenderHandler, OfANumberThatDoesNotFitTheLow16BitsAreKept)
+{
+    const auto handler = make(1, "40000:0");
+    deliver(*handler, tagged(covering(32767), 40000));
+    EXPECT_EQ(finish(*handler)->at(3, 3).b, 40000 - 65536);
+}
+
+TEST_F(RenderHandlerFloat, BlueHoldsTheElevationWhenItIsWanted)
+{
+    const auto handler = make(1, "1:0");
+    handler->depthInBlue = true;
+    const auto input = covering(1.0F);
+    input->at(0, 0).r = 0.25F;
+    input->at(3, 3).r = 0.625F;
+    deliver(*handler, tagged(input, 1));
+    // (0.625 - 0.25) / (1 - 0.25), in single precision with the inverse of the span.
+    EXPECT_NEAR(finish(*handler)->at(3, 3).b, 0.5F, 1e-7F);
+}
+
+TEST_F(RenderHandlerFloat, CutOutsAreNotSaturated)
+{
+    const auto handler = make(2, "1:0");
+    deliver(*handler, tagged(covering(1.0F), 1));
+    deliver(*handler, tagged(covering(1.5F), 0));
+    EXPECT_EQ(finish(*handler)->at(3, 3), (PixelFloat{0.0F, 0.0F, 0.0F, -0.5F})) << "1 x (1 - 1.5)";
+}
+
+TEST_F(RenderHandler, ACutOutBelowAnObjectDoesNotCutIt)
+{
+    const auto handler = make(2, "1:0");
+    deliver(*handler, tagged(covering(32767), 0));
+    deliver(*handler, tagged(covering(32767), 1));
+    EXPECT_EQ(finish(*handler)->at(3, 3).a, 32767);
+}
+
+TEST_F(RenderHandler, TheCamerasMagnificationCountsOnlyWhenItIsAskedFor)
+{
+    // A ramp of 8 steps rising to a height of 37.5 x 8 / 720 = 0.41667 over 7 pixels, 0.059524 a pixel: R is
+    // (1 - 0.059524 / sqrt(1 + 0.059524^2)) / 2 of 32767 = 15410; three times as steep, 0.178571: 13503.
+    _scene.truckFactorAttr().setLocalValue(3.0);
+    for (const auto& [isUsed, red] : {std::pair{false, 15410}, std::pair{true, 13503}}) {
+        VallorinRenderHandler handler(1.0, {}, std::vector<node_render::PortRenderInfo>(1));
+        handler.objectInformation = QStringLiteral("1:0");
+        handler.useTruckFactor = isUsed;
+        const auto ramp = covering(32767);
+        for (int y = 0; y < kSide; ++y)
+            for (int x = 0; x < kSide; ++x)
+                ramp->at(x, y).r = static_cast<std::int16_t>(4000 * (x + 1));
+        const RD_RenderJob job(RD_RenderParameters{RD_RenderParameters::IMAGE_PROCESSING_16BIT, {kSide, kSide}});
+        MO_SoftContext context(job, MO_FrameKey{1.0}, &_module, job.canvas());
+        context.setInputCel(0, tagged(ramp, 1));
+        handler.softRender(context, 0);
+        handler.finish(context);
         const auto output = context.outputCel()->pixmap().dynamicCast<CEL_PixmapAreaRGBA16>();
-        EXPECT_EQ(output->at(3, 3).a, alpha);
+        EXPECT_NEAR(output->at(4, 4).r, red, 1) << isUsed;
     }
+}
+
+TEST_F(RenderHandler, ElevationBelowTheLowestWrapsIn16Bit)
+{
+    // Positive values run from 20000 to 32767, so a value of 0 is -20000 / 12767 x 32767 = -51330.8, whose low 16 bits
+    // read -51330 + 65536 = 14206.
+    const auto handler = make(1, "1:0");
+    handler->generateNormals = false;
+    const auto input = covering(32767);
+    input->at(0, 0).r = 20000;
+    input->at(3, 3).r = 0;
+    deliver(*handler, tagged(input, 1));
+    EXPECT_EQ(finish(*handler)->at(3, 3), (Pixel16{14206, 14206, 14206, 14206}));
+}
+
+TEST_F(RenderHandlerFloat, ElevationBelowTheLowestDoesNotShowInFloat)
+{
+    const auto handler = make(1, "1:0");
+    handler->generateNormals = false;
+    const auto input = covering(1.0F);
+    input->at(0, 0).r = 0.5F;
+    input->at(3, 3).r = 0.0F;
+    deliver(*handler, tagged(input, 1));
+    EXPECT_EQ(finish(*handler)->at(3, 3), PixelFloat{});
 }
 
 TEST_F(RenderHandler, WithoutNormalsTheHighestObjectShows)
@@ -214,6 +344,17 @@ TEST_F(RenderHandler, NumbersThatAreNotFiniteRenderAsNoBevelNoElevationAndALinea
     const auto output = finish(*handler);
     EXPECT_EQ(output->allocatedRect(), Math::Box2di(-2, -2, 10, 10)) << "no bevel: the mask with its margin";
     EXPECT_EQ(output->at(3, 3).a, 32767);
+}
+
+TEST_F(RenderHandler, ProductsBeyondAllNumbersRenderAsTheLargestOnes)
+{
+    const auto handler = make(1, "1:1e300:-1e300:1e300");
+    handler->blurScale = 1e300;
+    handler->elevationScale = 1e300;
+    handler->elevationSmoothness = 1e300;
+    deliver(*handler, tagged(covering(32767), 1));
+    EXPECT_EQ(finish(*handler)->allocatedRect(), Math::Box2di(0, 0, kSide, kSide))
+        << "blurred, hence within the canvas";
 }
 
 TEST_F(RenderHandler, AnOutputWithoutResultsRunsNoTaskAndStaysEmpty)

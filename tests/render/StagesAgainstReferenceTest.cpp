@@ -95,6 +95,25 @@ TYPED_TEST(Stage, BuildingTheDepthAgreesWithTheReference)
     }
 }
 
+TYPED_TEST(Stage, TakingEachValuesPowerOnceAgreesWithTheReference)
+{
+    // Few values over many pixels: 1 to 200 on the channel's scale, and some beyond either end of the span.
+    for (std::uint32_t seed = 0; seed < 200; ++seed) {
+        SCOPED_TRACE(seed);
+        RandomPictures random(seed);
+        const auto blurred = random.picture<TypeParam>({-3, 2, 37, 30}, kCanvas);
+        for (int y = 2; y < 30; ++y)
+            for (TypeParam& pixel : blurred->row(y))
+                pixel.r = static_cast<decltype(pixel.r)>(random.whole(-5, 200));
+        const double smoothness = random.real(0.1, 8.0);
+        auto expectedBlurred = toRef<TypeParam>(*blurred);
+        const auto expected = TestFixture::Reference::makeDepth(expectedBlurred, 0.0, 37.5, smoothness);
+        const auto depth = buildDepth<TypeParam>(*blurred, 0.0, 37.5, smoothness);
+        ASSERT_EQ(reference::differences(expected, toRef(*depth), 0.0), "");
+        ASSERT_TRUE(agrees<TypeParam>(expectedBlurred, *blurred));
+    }
+}
+
 TYPED_TEST(Stage, DerivingNormalsAgreesWithTheReferenceAtEveryQuality)
 {
     for (std::uint32_t seed = 0; seed < kPictures; ++seed) {
@@ -105,6 +124,35 @@ TYPED_TEST(Stage, DerivingNormalsAgreesWithTheReferenceAtEveryQuality)
         const int quality = random.whole(-1, 3);
         const auto expected = TestFixture::Reference::makeNormals(toRef(*depth), toRef<TypeParam>(*blurred), quality);
         ASSERT_TRUE(agrees<TypeParam>(expected, *buildNormals<TypeParam>(*depth, *blurred, quality)));
+    }
+}
+
+TYPED_TEST(Stage, DerivingNormalsAgreesWithTheReferenceAtEveryWidth)
+{
+    for (int width = 1; width <= 300; width += width < 140 ? 1 : 7)
+        for (int quality = 0; quality <= 2; ++quality) {
+            SCOPED_TRACE(testing::Message() << width << " wide, quality " << quality);
+            RandomPictures random(static_cast<std::uint32_t>(width * 3 + quality));
+            const auto blurred = random.picture<TypeParam>({-5, -2, width - 5, 3}, kCanvas);
+            const auto depth = buildDepth<TypeParam>(*blurred, 0.0, 20.0, 1.0);
+            const auto expected =
+                TestFixture::Reference::makeNormals(toRef(*depth), toRef<TypeParam>(*blurred), quality);
+            ASSERT_TRUE(agrees<TypeParam>(expected, *buildNormals<TypeParam>(*depth, *blurred, quality)));
+        }
+}
+
+TYPED_TEST(Stage, SteepAndFaintSlopesAgreeWithTheReference)
+{
+    for (const double height : {1e-38, 1e-12, 1e-4, 1e4, 1e12, 1e38, 1e300}) {
+        SCOPED_TRACE(height);
+        RandomPictures random(5);
+        const auto blurred = random.picture<TypeParam>({0, 0, 28, 20}, kCanvas);
+        const auto depth = buildDepth<TypeParam>(*blurred, 0.0, height, 1.0);
+        for (int quality = 0; quality <= 2; ++quality) {
+            const auto expected =
+                TestFixture::Reference::makeNormals(toRef(*depth), toRef<TypeParam>(*blurred), quality);
+            ASSERT_TRUE(agrees<TypeParam>(expected, *buildNormals<TypeParam>(*depth, *blurred, quality)));
+        }
     }
 }
 

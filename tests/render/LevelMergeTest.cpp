@@ -1,0 +1,81 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The two layers that a drawing's coverage and its greys become, on single pixels worked out by hand.
+#include "SmallPixmaps.h"
+
+#include "render/LevelMerge.h"
+
+namespace {
+
+constexpr std::int16_t kLevel = 16319;
+
+template<typename Pixel>
+Pixel merged(const Pixel& target, const Pixel& source, decltype(Pixel::r) level, bool scaleByCoverage = false)
+{
+    const auto result = filled<Pixel>(1, 1, target);
+    mergeLevel<Pixel>(*result, *filled<Pixel>(1, 1, source), level, scaleByCoverage);
+    return result->at(0, 0);
+}
+
+} // namespace
+
+TEST(LevelMerge, WhereTheDrawingCoversTheLevelCountsAndBlueHasItsDefault)
+{
+    EXPECT_EQ(merged<Pixel16>({7, 8, 9, 20000}, {}, kLevel), (Pixel16{kLevel, 0, 1024, 20000}));
+    EXPECT_EQ(merged<PixelFloat>({7, 8, 9, 0.25F}, {}, 1.5F), (PixelFloat{1.5F, 0, 0.5F, 0.25F}));
+}
+
+TEST(LevelMerge, WhereNothingCoversAllIsZeroEvenForANegativeAlpha)
+{
+    for (const std::int16_t alpha : {std::int16_t{0}, std::int16_t{-5}})
+        EXPECT_EQ(merged<Pixel16>({7, 8, 9, alpha}, {}, kLevel), Pixel16{});
+    for (const float alpha : {0.0F, -0.5F})
+        EXPECT_EQ(merged<PixelFloat>({7, 8, 9, alpha}, {}, 0.5F), PixelFloat{});
+}
+
+TEST(LevelMerge, TheColoursGreyAndCoverageBecomeTheSecondLayer)
+{
+    EXPECT_EQ(merged<Pixel16>({7, 8, 9, 20000}, {1000, 1, 2, 3000}, kLevel), (Pixel16{kLevel, 1000, 3000, 20000}));
+    EXPECT_EQ(merged<Pixel16>({7, 8, 9, 0}, {1000, 1, 2, 3000}, kLevel), (Pixel16{0, 1000, 3000, 0}))
+        << "even where the drawing itself does not cover";
+    EXPECT_EQ(merged<Pixel16>({7, 8, 9, 20000}, {1000, 1, 2, 0}, kLevel), (Pixel16{kLevel, 0, 1024, 20000}))
+        << "a grey without coverage is none";
+}
+
+TEST(LevelMerge, InFloatGreyAndItsCoverageAreCutToWholeNumbers)
+{
+    EXPECT_EQ(merged<PixelFloat>({0, 0, 0, 1.0F}, {0.9F, 0, 0, 0.9F}, 0.5F), (PixelFloat{0.5F, 0, 0, 1.0F}));
+    EXPECT_EQ(merged<PixelFloat>({0, 0, 0, 1.0F}, {1.0F, 0, 0, 1.0F}, 0.5F), (PixelFloat{0.5F, 1.0F, 1.0F, 1.0F}));
+    EXPECT_EQ(merged<PixelFloat>({0, 0, 0, 1.0F}, {-1.75F, 0, 0, 2.5F}, 0.5F), (PixelFloat{0.5F, -1.0F, 2.0F, 1.0F}));
+}
+
+TEST(LevelMerge, ScalingMultipliesGreyAndItsCoverageByTheDrawingsCoverage)
+{
+    // 16384 / 32767 = 0.500015: 500.015 and 10000.3, both truncated.
+    EXPECT_EQ(merged<Pixel16>({0, 0, 0, 16384}, {1000, 0, 0, 20000}, kLevel, true),
+              (Pixel16{kLevel, 500, 10000, 16384}));
+    EXPECT_EQ(merged<Pixel16>({0, 0, 0, 32767}, {1000, 0, 0, 20000}, kLevel, true),
+              (Pixel16{kLevel, 1000, 20000, 32767}));
+    // 3 x 0.5 and 5 x 0.5, both truncated.
+    EXPECT_EQ(merged<PixelFloat>({0, 0, 0, 0.5F}, {3.0F, 0, 0, 5.0F}, 1.0F, true),
+              (PixelFloat{1.0F, 1.0F, 2.0F, 0.5F}));
+}
+
+TEST(LevelMerge, ScalingByNoCoverageLeavesNothing)
+{
+    EXPECT_EQ(merged<Pixel16>({7, 8, 9, -20}, {1000, 0, 0, 20000}, kLevel, true), Pixel16{});
+    EXPECT_EQ(merged<PixelFloat>({7, 8, 9, -1.0F}, {1.0F, 0, 0, 1.0F}, 0.5F, true), PixelFloat{});
+}
+
+TEST(LevelMerge, PixelsThatTheSourceLacksKeepTheDefault)
+{
+    const auto target = filled<Pixel16>(3, 3, {0, 0, 0, 32767});
+    CEL_PixmapAreaRGBA16 source({3, 3}, {0, 0, 3, 3});
+    source.realloc({1, 1, 2, 9}, true);
+    source.at(1, 1) = {5, 0, 0, 6};
+    mergeLevel<Pixel16>(*target, source, kLevel, false);
+    for (int y = 0; y < 3; ++y)
+        for (int x = 0; x < 3; ++x)
+            EXPECT_EQ(target->at(x, y),
+                      x == 1 && y == 1 ? (Pixel16{kLevel, 5, 6, 32767}) : (Pixel16{kLevel, 0, 1024, 32767}));
+}
