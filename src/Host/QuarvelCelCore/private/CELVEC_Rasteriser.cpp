@@ -10,15 +10,27 @@
 
 #include <cmath>
 #include <limits>
+#include <optional>
 
 namespace {
 
 struct PaintedShape
 {
-    const CELVEC_Shape* shape;
+    QPainterPath path;
+    std::optional<QPainterPath> clip;
     QTransform toPixel;
     QColor paint;
 };
+
+// A path that shares nothing with the drawing's. Paths keep what was worked out from them (bounds, the painter's form)
+// behind their const functions, unguarded, and one drawing is painted for several frames at once.
+QPainterPath ownCopy(const QPainterPath& path)
+{
+    QPainterPath copy;
+    copy.addPath(path);
+    copy.setFillRule(path.fillRule());
+    return copy;
+}
 
 QColor toQColor(const VS_RGBA& paint, double opacity)
 {
@@ -46,7 +58,9 @@ std::vector<PaintedShape> paintShapes(const CELVEC_Kvd& drawing, GR_GraphicOpsCo
             QTransform toPixel = drawingToPixel;
             if (colors.isAffectsMatrix())
                 colors.applyMatrixTransform(toPixel);
-            painted.push_back({&shape, toPixel, toQColor(paint, shape.opacity)});
+            painted.push_back({ownCopy(shape.path), {}, toPixel, toQColor(paint, shape.opacity)});
+            if (shape.clip)
+                painted.back().clip = ownCopy(*shape.clip);
         }
     }
     colors.closingColorTransform();
@@ -62,7 +76,7 @@ int toPixelCoordinate(double value)
 // One pixel more on every side than the outline needs, so that rounding in the painter never meets the border.
 Math::Box2di pixelsTouchedBy(const PaintedShape& painted)
 {
-    const QRectF bounds = painted.toPixel.mapRect(painted.shape->path.controlPointRect());
+    const QRectF bounds = painted.toPixel.mapRect(painted.path.controlPointRect());
     return Math::Box2di(toPixelCoordinate(std::floor(bounds.left())), toPixelCoordinate(std::floor(bounds.top())),
                         toPixelCoordinate(std::floor(bounds.right())) + 1,
                         toPixelCoordinate(std::floor(bounds.bottom())) + 1)
@@ -77,11 +91,11 @@ void paint(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect, QI
     for (const PaintedShape& painted : shapes) {
         const QTransform toPicture = painted.toPixel * QTransform::fromTranslate(-rect.x1, -rect.y1);
         painter.setTransform(toPicture);
-        if (painted.shape->clip)
-            painter.setClipPath(*painted.shape->clip);
+        if (painted.clip)
+            painter.setClipPath(*painted.clip);
         else
             painter.setClipping(false);
-        painter.fillPath(painted.shape->path, painted.paint);
+        painter.fillPath(painted.path, painted.paint);
     }
 }
 
