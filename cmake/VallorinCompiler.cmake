@@ -44,6 +44,8 @@ else()
 endif()
 if(VALLORIN_SANITIZE)
   target_compile_options(vallorin_compiler INTERFACE -fsanitize=${VALLORIN_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  # GCC loses track of what is initialised among the checks that the sanitizers put in.
+  target_compile_options(vallorin_compiler INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   target_link_options(vallorin_compiler INTERFACE -fsanitize=${VALLORIN_SANITIZE})
   # Type information crosses the plug-in's border, where the vptr check sees two copies of it.
   if(VALLORIN_SANITIZE MATCHES "undefined")

@@ -12,6 +12,7 @@
 #include "QuarvelGraphicCore/CM_Palette.h"
 #include "QuarvelGraphicCore/GR_ArtSelector.h"
 
+#include <QImage>
 #include <QPainterPath>
 
 #include <memory>
@@ -22,10 +23,14 @@
 /// A closed area of one colour. The path carries its own fill rule.
 struct CELVEC_Shape
 {
-    QPainterPath path;                ///< in the drawing's units, y down
-    CM_ColorId_t color;               ///< the palette colour that it is painted with
-    double opacity = 1.0;             ///< 0 to 1, times the colour's own alpha
-    std::optional<QPainterPath> clip; ///< nothing outside of it is painted; in the drawing's units
+    QPainterPath path;                     ///< in the drawing's units, y down
+    CM_ColorId_t color;                    ///< the palette colour that it is painted with
+    double opacity = 1.0;                  ///< 0 to 1, times the colour's own alpha
+    std::optional<QPainterPath> clip = {}; ///< nothing outside of it is painted; in the drawing's units
+    /// What a sprite shows instead of the plain colour: pixels with coverage, stretched over the path's bounding
+    /// rectangle. Null for most shapes. With a colour transform the picture's coverage is painted in the colour that
+    /// the transform gives.
+    QImage picture = {};
 
     friend bool operator==(const CELVEC_Shape&, const CELVEC_Shape&) = default;
 };

@@ -20,6 +20,8 @@ struct PaintedShape
     std::optional<QPainterPath> clip;
     QTransform toPixel;
     QColor paint;
+    double opacity;
+    QImage picture; // null: the paint alone
 };
 
 // A path that shares nothing with the drawing's. Paths keep what was worked out from them (bounds, the painter's form)
@@ -37,6 +39,18 @@ QColor toQColor(const VS_RGBA& paint, double opacity)
     QColor color(paint.red, paint.green, paint.blue);
     color.setAlphaF(static_cast<float>(paint.alpha / 255.0 * std::clamp(opacity, 0.0, 1.0)));
     return color;
+}
+
+// A sprite's own pixels or, where a colour transform says what colours there are, its coverage in the colour given.
+QImage pictureFor(const CELVEC_Kvd& drawing, const CELVEC_Shape& shape, const VS_RGBA& paint)
+{
+    if (shape.picture.isNull() || !drawing.colorTransform())
+        return shape.picture;
+    QImage tinted = shape.picture.convertToFormat(QImage::Format_RGBA64_Premultiplied);
+    QPainter painter(&tinted);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(tinted.rect(), toQColor(paint, 1.0));
+    return tinted;
 }
 
 std::vector<PaintedShape> paintShapes(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& colors,
@@ -58,7 +72,12 @@ std::vector<PaintedShape> paintShapes(const CELVEC_Kvd& drawing, GR_GraphicOpsCo
             QTransform toPixel = drawingToPixel;
             if (colors.isAffectsMatrix())
                 colors.applyMatrixTransform(toPixel);
-            painted.push_back({ownCopy(shape.path), {}, toPixel, toQColor(paint, shape.opacity)});
+            painted.push_back({ownCopy(shape.path),
+                               {},
+                               toPixel,
+                               toQColor(paint, shape.opacity),
+                               shape.opacity,
+                               pictureFor(drawing, shape, paint)});
             if (shape.clip)
                 painted.back().clip = ownCopy(*shape.clip);
         }
@@ -83,6 +102,14 @@ Math::Box2di pixelsTouchedBy(const PaintedShape& painted)
         .getEnlarged(1);
 }
 
+void paintPicture(QPainter& painter, const PaintedShape& painted)
+{
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setOpacity(painted.opacity);
+    painter.drawImage(painted.path.boundingRect(), painted.picture);
+    painter.setOpacity(1.0);
+}
+
 void paint(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect, QImage& picture)
 {
     QPainter painter(&picture);
@@ -95,7 +122,10 @@ void paint(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect, QI
             painter.setClipPath(*painted.clip);
         else
             painter.setClipping(false);
-        painter.fillPath(painted.path, painted.paint);
+        if (painted.picture.isNull())
+            painter.fillPath(painted.path, painted.paint);
+        else
+            paintPicture(painter, painted);
     }
 }
 
