@@ -95,11 +95,12 @@ bool XUGroup::removeLastOutPort()
     return true;
 }
 
-MO_Module& XUGroup::add(std::unique_ptr<MO_Module> module)
+MO_Module& XUGroup::add(std::unique_ptr<MO_Module> module, std::size_t place)
 {
     assert(module && !module->group());
     MO_Module& added = *module;
-    _modules.push_back(std::move(module));
+    _modules.insert(_modules.begin() + static_cast<std::ptrdiff_t>(std::min(place, _modules.size())),
+                    std::move(module));
     if (added.instanceName().isEmpty())
         added.setInstanceName(added.baseDisplayName());
     added._group = this;

@@ -53,9 +53,12 @@ public:
     /// The inner side of the output ports.
     MO_GroupBorderModule& exit() const { return *_exit; }
 
-    /// Adds a module behind the others. It gets a name that is unique in the scene: its own one or, when that is empty,
-    /// its display name, with a number added where needed.
-    MO_Module& add(std::unique_ptr<MO_Module> module);
+    /// A place behind all modules.
+    static constexpr std::size_t kAtEnd = static_cast<std::size_t>(-1);
+
+    /// Adds a module, behind the others unless a place among them is given. It gets a name that is unique in the scene:
+    /// its own one or, when that is empty, its display name, with a number added where needed.
+    MO_Module& add(std::unique_ptr<MO_Module> module, std::size_t place = kAtEnd);
     /// The same for a module made here: group.emplace<MO_CompositeModule>().
     template<typename Module, typename... Args>
     Module& emplace(Args&&... args)
