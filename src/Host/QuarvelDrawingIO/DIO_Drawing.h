@@ -10,6 +10,7 @@
 #include "QuarvelDrawingIO/QuarvelDrawingIOExport.h"
 
 #include <QColor>
+#include <QImage>
 #include <QPainterPath>
 #include <QRectF>
 #include <QString>
@@ -43,6 +44,9 @@ struct DIO_Shape
     std::optional<QPainterPath> clip; ///< nothing outside of it is painted
     double opacity = 1.0;             ///< above 0, up to 1: the paint's, the area's and its groups' together
     int paint = 0;                    ///< index into the palette
+    /// What a sprite shows instead of the plain paint: pixels with coverage, stretched over the path's bounding
+    /// rectangle. Null for most shapes.
+    QImage picture = {};
 };
 
 /// Areas that belong together. Never without a shape.

@@ -41,7 +41,15 @@ CM_Rgba toRgba(const QColor& colour)
     return {byte(colour.red()), byte(colour.green()), byte(colour.blue()), 255};
 }
 
-CM_SharedPtr<CM_BaseColorObj> toColor(const DIO_Paint& paint)
+} // namespace
+
+CM_ColorId_t DIO_colorId(const DIO_Paint& paint)
+{
+    const QString text = kindName(paint.kind) + u' ' + paint.colour.name();
+    return UT_Id::fromName(paint.kind == DIO_Paint::Kind::SOLID ? text : text + u' ' + paint.name);
+}
+
+CM_SharedPtr<CM_BaseColorObj> DIO_toColor(const DIO_Paint& paint)
 {
     CM_SharedPtr<CM_BaseColorObj> color;
     if (paint.kind == DIO_Paint::Kind::SOLID)
@@ -52,30 +60,28 @@ CM_SharedPtr<CM_BaseColorObj> toColor(const DIO_Paint& paint)
     return color;
 }
 
-} // namespace
-
-CM_ColorId_t DIO_colorId(const DIO_Paint& paint)
-{
-    const QString text = kindName(paint.kind) + u' ' + paint.colour.name();
-    return UT_Id::fromName(paint.kind == DIO_Paint::Kind::SOLID ? text : text + u' ' + paint.name);
-}
-
 CM_SharedPtr<CM_Palette> DIO_toPalette(const DIO_Drawing& drawing)
 {
     auto palette = UT_makeShared<CM_Palette>(UT_String(drawing.name), UT_Id::fromName("palette " + drawing.name));
     for (const DIO_Paint& paint : drawing.palette)
-        palette->addColor(toColor(paint));
+        palette->addColor(DIO_toColor(paint));
     return palette;
+}
+
+UT_SharedPtr<CELVEC_Kvd> DIO_toKvd(std::span<const DIO_Shape> shapes, std::span<const DIO_Paint> paints,
+                                   const CM_SharedPtr<CM_Palette>& palette)
+{
+    auto kvd = UT_makeShared<CELVEC_Kvd>(palette);
+    for (const DIO_Shape& shape : shapes) {
+        const DIO_Paint& paint = paints[static_cast<std::size_t>(shape.paint)];
+        kvd->addShape(GR_Art::COLOUR, {shape.path, DIO_colorId(paint), shape.opacity, shape.clip, shape.picture});
+    }
+    return kvd;
 }
 
 UT_SharedPtr<CELVEC_Kvd> DIO_toKvd(const DIO_Drawing& drawing, std::size_t layer,
                                    const CM_SharedPtr<CM_Palette>& palette)
 {
     assert(layer < drawing.layers.size());
-    auto kvd = UT_makeShared<CELVEC_Kvd>(palette);
-    for (const DIO_Shape& shape : drawing.layers[layer].shapes) {
-        const DIO_Paint& paint = drawing.palette[static_cast<std::size_t>(shape.paint)];
-        kvd->addShape(GR_Art::COLOUR, {shape.path, DIO_colorId(paint), shape.opacity, shape.clip});
-    }
-    return kvd;
+    return DIO_toKvd(drawing.layers[layer].shapes, drawing.palette, palette);
 }

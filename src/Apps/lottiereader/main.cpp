@@ -1,0 +1,92 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// quarvel-lottie-reader FILE: reads an animation in the Lottie format and writes what it paints, frame by frame, to
+// standard output (DIO_LottieStream.h says how). Other programs run it; a file that brings it down, or keeps it busy
+// for ever, brings down or keeps busy nothing else.
+#include "Confinement.h"
+#include "StreamWriter.h"
+
+#include <rlottie_capi.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+using namespace DIO_LottieStream;
+
+namespace {
+
+constexpr std::size_t kMaxFileSize = std::size_t{64} << 20;
+
+int fail(ExitCode code, const char* why)
+{
+    std::fprintf(stderr, "%s\n", why);
+    return code;
+}
+
+bool readAll(const char* path, std::string& bytes)
+{
+    std::FILE* file = std::fopen(path, "rb");
+    if (!file)
+        return false;
+    char block[65536];
+    std::size_t count = 0;
+    while (bytes.size() <= kMaxFileSize && (count = std::fread(block, 1, sizeof block, file)) > 0)
+        bytes.append(block, count);
+    const bool ok = std::ferror(file) == 0;
+    std::fclose(file);
+    return ok;
+}
+
+int writeFrames(Lottie_Animation* animation)
+{
+    std::size_t width = 0;
+    std::size_t height = 0;
+    lottie_animation_get_size(animation, &width, &height);
+    const std::size_t frames = lottie_animation_get_totalframe(animation);
+    const auto side = static_cast<double>(std::max(width, height));
+    if (width == 0 || height == 0 || frames == 0)
+        return fail(NOT_READABLE, "the animation has no size or no frames");
+    if (side > kMaxSide || frames > kMaxFrames)
+        return fail(TOO_LARGE, "the animation is too large or too long");
+
+    StreamWriter writer(stdout);
+    writer.writeHeader(static_cast<double>(width), static_cast<double>(height),
+                       lottie_animation_get_framerate(animation), static_cast<std::uint32_t>(frames));
+    for (std::size_t frame = 0; frame < frames && writer.ok(); ++frame) {
+        const LOTLayerNode* root = lottie_animation_render_tree(animation, frame, width, height);
+        if (!root)
+            return fail(NOT_READABLE, "the animation has no layers");
+        writer.writeFrame(*root);
+    }
+    writer.writeEnd();
+    return writer.ok() ? OK : NOT_READABLE;
+}
+
+int run(int argc, char** argv)
+{
+    if (argc != 2)
+        return fail(WRONG_USAGE, "usage: quarvel-lottie-reader FILE");
+    std::string bytes;
+    if (!readAll(argv[1], bytes))
+        return fail(NOT_READABLE, "the file cannot be read");
+    if (bytes.size() > kMaxFileSize)
+        return fail(TOO_LARGE, "the file is larger than 64 MiB");
+    if (!confine())
+        return fail(NOT_READABLE, "the system refuses to limit this process");
+    Lottie_Animation* animation = lottie_animation_from_data(bytes.c_str(), "", "");
+    if (!animation)
+        return fail(NOT_READABLE, "this is no animation in the Lottie format");
+    return writeFrames(animation);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const int code = run(argc, argv);
+    // Taking a broken animation apart again might go wrong, and there is no need to.
+    std::fflush(stdout);
+    std::_Exit(code);
+}

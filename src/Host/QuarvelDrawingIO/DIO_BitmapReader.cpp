@@ -1,0 +1,106 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Bitmaps by way of Qt's image readers. Those that read drawings are left out: they would open other files.
+#include "QuarvelDrawingIO/DIO_BitmapReader.h"
+
+#include "QuarvelDrawingIO/private/DIO_AverageColour.h"
+
+#include <QFileInfo>
+#include <QImageReader>
+#include <QRegularExpression>
+
+namespace {
+
+constexpr qint64 kMaxPixels = 30'000'000;
+
+bool isBitmapFormat(const QByteArray& format)
+{
+    return !format.isEmpty() && format != "svg" && format != "svgz" && format != "pdf";
+}
+
+UT_Error problem(const QString& path, const QString& what)
+{
+    return {path + QStringLiteral(": ") + what};
+}
+
+// One form for all pictures, so that equal ones are equal however their files store them.
+QImage inOneForm(const QImage& image)
+{
+    const bool deep = image.pixelFormat().redSize() > 8;
+    QImage pixels = image.convertToFormat(deep ? QImage::Format_RGBA64 : QImage::Format_ARGB32);
+    pixels.setDevicePixelRatio(1.0);
+    return pixels;
+}
+
+UT_Result<QImage> readImage(const QString& path, QStringList& warnings)
+{
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    const QFileInfo info(path);
+    if (!info.isFile() || !info.isReadable())
+        return problem(path, info.exists() ? QStringLiteral("the file cannot be read; may you read it?")
+                                           : QStringLiteral("there is no such file"));
+    if (!isBitmapFormat(reader.format()))
+        return problem(path, QStringLiteral("the contents are no picture of a known kind; is the file whole?"));
+    const QSize size = reader.size();
+    if (size.isValid() && qint64(size.width()) * size.height() > kMaxPixels)
+        return problem(path, QStringLiteral("the picture has %1 x %2 pixels, more than the %3 million that can be read")
+                                 .arg(size.width())
+                                 .arg(size.height())
+                                 .arg(kMaxPixels / 1'000'000));
+    const int count = reader.imageCount();
+    const QImage image = reader.read();
+    if (image.isNull())
+        return problem(path, QStringLiteral("the picture is damaged: %1").arg(reader.errorString()));
+    if (qint64(image.width()) * image.height() > kMaxPixels)
+        return problem(path, QStringLiteral("the picture has more than the %1 million pixels that can be read")
+                                 .arg(kMaxPixels / 1'000'000));
+    if (count > 1)
+        warnings.append(QStringLiteral("only the first of %1 pictures is read").arg(count));
+    return inOneForm(image);
+}
+
+DIO_Paint averagePaint(const QImage& image)
+{
+    const QColor colour = QColor::fromRgb(DIO_averageColour(image).rgb());
+    return {DIO_Paint::Kind::SOLID, colour, colour.name()};
+}
+
+} // namespace
+
+QStringList DIO_bitmapSuffixes()
+{
+    QStringList suffixes;
+    for (const QByteArray& format : QImageReader::supportedImageFormats())
+        if (isBitmapFormat(format))
+            suffixes.append(QString::fromLatin1(format).toLower());
+    suffixes.removeDuplicates();
+    suffixes.sort();
+    return suffixes;
+}
+
+QString DIO_nameWithoutNumber(const QString& path)
+{
+    static const QRegularExpression number(QStringLiteral("[\\s._-]*[0-9]+$"));
+    const QString stem = QFileInfo(path).completeBaseName();
+    const QString name = QString(stem).remove(number);
+    return name.isEmpty() ? stem : name;
+}
+
+UT_Result<DIO_Drawing> DIO_readBitmap(const QString& path)
+{
+    DIO_Drawing drawing;
+    const UT_Result<QImage> image = readImage(path, drawing.warnings);
+    if (!image)
+        return image.error();
+    drawing.name = QFileInfo(path).completeBaseName();
+    drawing.size = image->size();
+    drawing.viewBox = QRectF(QPointF(), drawing.size);
+    drawing.palette.push_back(averagePaint(*image));
+    DIO_Shape shape;
+    shape.path.addRect(drawing.viewBox);
+    shape.picture = *image;
+    drawing.layers.push_back({DIO_nameWithoutNumber(path), true, {shape}});
+    return drawing;
+}

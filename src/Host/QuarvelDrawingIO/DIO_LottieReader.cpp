@@ -1,0 +1,134 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The way of an animation: its document is checked, the other program says what it paints, frame by frame; what is
+// painted the same way twice becomes one drawing.
+#include "QuarvelDrawingIO/DIO_LottieReader.h"
+
+#include "QuarvelDrawingIO/private/DIO_LottieDocument.h"
+#include "QuarvelDrawingIO/private/DIO_LottiePainter.h"
+#include "QuarvelDrawingIO/private/DIO_LottieProcess.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+constexpr qint64 kMaxFileSize = 64 * 1024 * 1024;
+
+UT_Error problem(const QString& path, const QString& what)
+{
+    return {path + QStringLiteral(": ") + what};
+}
+
+UT_Result<QByteArray> readFile(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return problem(path, QStringLiteral("the file cannot be read: %1").arg(file.errorString()));
+    const QByteArray bytes = file.read(kMaxFileSize + 1);
+    if (bytes.size() > kMaxFileSize)
+        return problem(path, QStringLiteral("the file is larger than the 64 MiB that can be read"));
+    return bytes;
+}
+
+// Gathers the frames of an animation.
+class FrameCollector
+{
+public:
+    explicit FrameCollector(DIO_Animation& animation) : _animation(animation), _painter(animation.palette) {}
+
+    void add(const DIO_LottieLayer& root)
+    {
+        const std::size_t count = std::max(root.layers.size(), _animation.layers.size());
+        _animation.layers.resize(count);
+        _known.resize(count);
+        for (DIO_AnimatedLayer& layer : _animation.layers)
+            layer.shown.resize(static_cast<std::size_t>(_frames) + 1, kNothing);
+        for (std::size_t i = 0; i < root.layers.size(); ++i)
+            _animation.layers[i].name = root.layers[i].name.simplified();
+        DIO_forEachPainted(root.layers,
+                           [this](std::size_t index, const DIO_LottieLayer& layer, const DIO_LottieLayer* matte) {
+                               _animation.layers[index].shown.back() = drawingOf(index, layer, matte);
+                           });
+        ++_frames;
+    }
+
+private:
+    static constexpr int kNothing = -1;
+
+    int drawingOf(std::size_t index, const DIO_LottieLayer& layer, const DIO_LottieLayer* matte)
+    {
+        QCryptographicHash hash(QCryptographicHash::Sha1);
+        hash.addData(layer.bytes);
+        hash.addData(matte ? matte->bytes : QByteArray());
+        const QByteArray key = hash.result();
+        const auto found = _known[index].constFind(key);
+        if (found != _known[index].constEnd())
+            return *found;
+        std::vector<DIO_Shape> shapes = _painter.paint(layer, matte);
+        auto& drawings = _animation.layers[index].drawings;
+        const int drawing = shapes.empty() ? kNothing : static_cast<int>(drawings.size());
+        if (!shapes.empty())
+            drawings.push_back(std::move(shapes));
+        return *_known[index].insert(key, drawing);
+    }
+
+    DIO_Animation& _animation;
+    DIO_LottiePainter _painter;
+    std::vector<QHash<QByteArray, int>> _known; // by layer: the drawings by what they were made from
+    int _frames = 0;
+};
+
+bool collectFrames(const QByteArray& stream, DIO_Animation& animation)
+{
+    DIO_LottieStreamReader reader(stream);
+    const std::optional<DIO_LottieHeader> header = reader.readHeader();
+    if (!header)
+        return false;
+    animation.size = QSizeF(header->width, header->height);
+    animation.viewBox = QRectF(QPointF(), animation.size);
+    animation.frameRate = header->frameRate;
+    animation.frames = header->frames;
+    FrameCollector collector(animation);
+    for (int frame = 0; frame < header->frames; ++frame) {
+        const std::optional<DIO_LottieLayer> root = reader.readFrame();
+        if (!root)
+            return false;
+        collector.add(*root);
+    }
+    return reader.readEnd();
+}
+
+void tidyLayers(std::vector<DIO_AnimatedLayer>& layers)
+{
+    for (std::size_t i = 0; i < layers.size(); ++i)
+        if (layers[i].name.isEmpty())
+            layers[i].name = QStringLiteral("Layer %1").arg(i + 1);
+    std::erase_if(layers, [](const DIO_AnimatedLayer& layer) { return layer.drawings.empty(); });
+}
+
+} // namespace
+
+UT_Result<DIO_Animation> DIO_readLottie(const QString& path, const DIO_LottieLimits& limits)
+{
+    const UT_Result<QByteArray> document = readFile(path);
+    if (!document)
+        return document.error();
+    const UT_Result<QStringList> checked = DIO_checkLottieDocument(*document);
+    if (!checked)
+        return problem(path, checked.error().text);
+    const UT_Result<QByteArray> stream = DIO_runLottieProgram(path, limits);
+    if (!stream)
+        return stream.error();
+
+    DIO_Animation animation;
+    animation.name = QFileInfo(path).completeBaseName();
+    animation.warnings = *checked;
+    if (!collectFrames(*stream, animation))
+        return problem(path, QStringLiteral("reading it went wrong; the file is probably damaged"));
+    tidyLayers(animation.layers);
+    if (animation.layers.empty())
+        return problem(path, QStringLiteral("the animation is empty: nothing in it is filled or stroked"));
+    return animation;
+}

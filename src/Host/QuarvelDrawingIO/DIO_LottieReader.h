@@ -1,0 +1,27 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Reads animations in the Lottie format (JSON).
+//
+// The library that knows what an animation shows at a frame cannot promise to survive a broken file. So it works in a
+// program of its own, quarvel-lottie-reader, within limits on memory and time and without the right to open anything;
+// what that program writes is taken for untrusted in its turn. A bad file costs a message.
+//
+// Top-level layers become layers. Fills become areas, strokes their outlines, both cut by clips, adding and
+// intersecting masks and by mattes of alpha. Solid paints become palette colours, gradients their average. What is left
+// out or simplified (pictures, texts, effects, expressions, other masks and mattes) is named once, in one warning.
+#pragma once
+
+#include "QuarvelBaseCore/UT_Result.h"
+#include "QuarvelDrawingIO/DIO_Animation.h"
+
+/// What the reading may cost.
+struct DIO_LottieLimits
+{
+    QString program;                          ///< that reads; empty: quarvel-lottie-reader beside the running program
+    int seconds = 120;                        ///< of waiting for it
+    qint64 bytes = qint64{512} * 1024 * 1024; ///< that it may write
+};
+
+/// Reads an animation of up to 64 MiB. Any thread may call it; it waits for the other program.
+QUARVELDRAWINGIO_EXPORT UT_Result<DIO_Animation> DIO_readLottie(const QString& path,
+                                                                const DIO_LottieLimits& limits = {});

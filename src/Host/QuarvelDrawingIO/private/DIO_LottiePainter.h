@@ -1,0 +1,60 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// DIO_LottiePainter: turns the layers that an animation shows at a frame into areas. Lines become outlines, layers
+// within layers are flattened, clips and masks become clips of the areas.
+#pragma once
+
+#include "QuarvelDrawingIO/DIO_Animation.h"
+#include "QuarvelDrawingIO/private/DIO_ClipStack.h"
+#include "QuarvelDrawingIO/private/DIO_LottieRecords.h"
+#include "QuarvelDrawingIO/private/DIO_StrokeOutliner.h"
+
+#include <QHash>
+
+/// One painter serves all frames of one animation.
+class DIO_LottiePainter
+{
+public:
+    /// @param palette gets the paints
+    explicit DIO_LottiePainter(std::vector<DIO_Paint>& palette) : _palette(palette) {}
+
+    /// What a layer paints.
+    ///
+    /// @param matte the layer that cuts it and is not painted itself; null: none
+    std::vector<DIO_Shape> paint(const DIO_LottieLayer& layer, const DIO_LottieLayer* matte);
+
+private:
+    void paintLayer(const DIO_LottieLayer& layer, double alpha, std::vector<DIO_Shape>& shapes);
+    void paintLayers(const std::vector<DIO_LottieLayer>& layers, double alpha, std::vector<DIO_Shape>& shapes);
+    void paintMatted(const DIO_LottieLayer& layer, const DIO_LottieLayer* matte, double alpha,
+                     std::vector<DIO_Shape>& shapes);
+    void paintNode(const DIO_LottieNode& node, double alpha, std::vector<DIO_Shape>& shapes);
+    int pushClips(const DIO_LottieLayer& layer);
+    void popClips(int count);
+    int paintIndex(const DIO_Paint& paint);
+
+    std::vector<DIO_Paint>& _palette;
+    QHash<QString, int> _indexOf;
+    DIO_ClipStack _clips;
+    DIO_StrokeOutliner _outliner;
+};
+
+/// Calls function(index, layer, matte) for every layer that is painted itself, bottom up: a layer with a matte is cut
+/// by the one above it, which is then not painted.
+template<typename Function>
+void DIO_forEachPainted(const std::vector<DIO_LottieLayer>& layers, const Function& function)
+{
+    constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+    std::size_t matted = kNone;
+    for (std::size_t i = 0; i < layers.size(); ++i) {
+        if (layers[i].matte != DIO_LottieStream::NO_MATTE) {
+            matted = i;
+            continue;
+        }
+        if (matted != kNone)
+            function(matted, layers[matted], &layers[i]);
+        else
+            function(i, layers[i], static_cast<const DIO_LottieLayer*>(nullptr));
+        matted = kNone;
+    }
+}

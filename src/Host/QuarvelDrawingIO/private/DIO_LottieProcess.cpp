@@ -1,0 +1,81 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The other program is watched while it writes: it is ended as soon as it takes too long or writes too much.
+#include "QuarvelDrawingIO/private/DIO_LottieProcess.h"
+
+#include "QuarvelDrawingIO/DIO_LottieStream.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFileInfo>
+#include <QProcess>
+
+namespace {
+
+constexpr qsizetype kMaxRemark = 200;
+
+UT_Error problem(const QString& path, const QString& what)
+{
+    return {path + QStringLiteral(": ") + what};
+}
+
+QString programOf(const DIO_LottieLimits& limits)
+{
+    if (!limits.program.isEmpty())
+        return limits.program;
+    return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("quarvel-lottie-reader"));
+}
+
+// The program's own reason, a single line; anything else that stands there is not meant for people.
+QString reasonFrom(const QByteArray& remark)
+{
+    const QString text = QString::fromUtf8(remark).trimmed();
+    const bool plain = !text.isEmpty() && text.size() < kMaxRemark && !text.contains(u'\n');
+    return plain ? text : QStringLiteral("the file is damaged, or no animation in the Lottie format");
+}
+
+} // namespace
+
+UT_Result<QByteArray> DIO_runLottieProgram(const QString& path, const DIO_LottieLimits& limits)
+{
+    QProcess process;
+    process.setProgram(programOf(limits));
+    process.setArguments({QFileInfo(path).absoluteFilePath()});
+    process.setStandardInputFile(QProcess::nullDevice());
+    const QDeadlineTimer deadline(qint64{limits.seconds} * 1000);
+    process.start(QIODevice::ReadOnly);
+    if (!process.waitForStarted())
+        return problem(path, QStringLiteral("animations are read by the program %1, which does not run; is the "
+                                            "installation whole?")
+                                 .arg(process.program()));
+    QByteArray written;
+    QByteArray remark;
+    const auto collect = [&] {
+        written += process.readAllStandardOutput();
+        remark = (remark + process.readAllStandardError()).left(kMaxRemark);
+    };
+    const auto end = [&process] {
+        process.kill();
+        process.waitForFinished();
+    };
+    while (process.state() != QProcess::NotRunning) {
+        if (deadline.hasExpired()) {
+            end();
+            return problem(path,
+                           QStringLiteral("reading it took more than %1 seconds; is it damaged?").arg(limits.seconds));
+        }
+        process.waitForReadyRead(static_cast<int>(std::clamp<qint64>(deadline.remainingTime(), 1, 200)));
+        collect();
+        if (written.size() > limits.bytes) {
+            end();
+            return problem(path, QStringLiteral("the animation shows more than can be kept; is it damaged?"));
+        }
+    }
+    collect();
+    if (process.exitStatus() != QProcess::NormalExit)
+        return problem(path, QStringLiteral("reading it went wrong; the file is probably damaged"));
+    if (process.exitCode() != DIO_LottieStream::OK)
+        return problem(path, reasonFrom(remark));
+    return written;
+}

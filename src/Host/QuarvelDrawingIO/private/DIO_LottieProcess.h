@@ -1,0 +1,12 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Runs the program that reads animations, and collects what it writes.
+#pragma once
+
+#include "QuarvelBaseCore/UT_Result.h"
+#include "QuarvelDrawingIO/DIO_LottieReader.h"
+
+#include <QByteArray>
+
+/// What the program writes about a file; an error when it fails, crashes, or goes beyond a limit.
+UT_Result<QByteArray> DIO_runLottieProgram(const QString& path, const DIO_LottieLimits& limits);

@@ -1,0 +1,93 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// DIO_LottieStreamReader: what the program that reads animations wrote, taken apart with care: every count is held
+// against what is left, every number against what can be painted.
+#pragma once
+
+#include "QuarvelDrawingIO/DIO_LottieStream.h"
+
+#include <QByteArray>
+#include <QColor>
+#include <QGradient>
+#include <QPainterPath>
+#include <QPen>
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+/// An area or a line.
+struct DIO_LottieNode
+{
+    DIO_LottieStream::Brush brush = DIO_LottieStream::SOLID_BRUSH;
+    QColor colour;
+    std::optional<QPen> stroke; ///< of a line
+    QGradientStops stops;       ///< of a gradient
+    QPainterPath path;
+};
+
+/// What cuts a layer.
+struct DIO_LottieMask
+{
+    DIO_LottieStream::MaskMode mode = DIO_LottieStream::ADD_MASK;
+    QPainterPath path;
+};
+
+/// A layer at one frame.
+struct DIO_LottieLayer
+{
+    QString name;
+    DIO_LottieStream::Matte matte = DIO_LottieStream::NO_MATTE;
+    bool visible = false;
+    double alpha = 1.0;
+    QPainterPath clip; ///< empty: none
+    std::vector<DIO_LottieMask> masks;
+    std::vector<DIO_LottieNode> nodes;
+    std::vector<DIO_LottieLayer> layers; ///< bottom up
+    QByteArray bytes;                    ///< that it was read from: what paints the same has the same bytes
+};
+
+/// What stands before the frames.
+struct DIO_LottieHeader
+{
+    double width = 0.0;
+    double height = 0.0;
+    double frameRate = 0.0;
+    int frames = 0;
+};
+
+/// Reads a stream from its beginning to its end. After a failure nothing more is to be asked for.
+class DIO_LottieStreamReader
+{
+public:
+    /// @param bytes outlive the reader and the layers
+    explicit DIO_LottieStreamReader(const QByteArray& bytes) : _bytes(bytes) {}
+
+    /// The header; nothing when the stream is none or its numbers are of no use.
+    std::optional<DIO_LottieHeader> readHeader();
+    /// The outermost layer of the next frame.
+    std::optional<DIO_LottieLayer> readFrame();
+    /// Whether the stream ends here, as it should.
+    bool readEnd();
+
+private:
+    bool has(qsizetype count) const { return _ok && count <= _bytes.size() - _at; }
+    unsigned byte();
+    quint32 u32();
+    float f32();
+    double f64();
+    // A value of an enumeration that begins with 0.
+    template<typename Enum>
+    Enum choice(Enum last);
+    QString text();
+    QPainterPath path(Qt::FillRule rule = Qt::WindingFill);
+    void layer(DIO_LottieLayer& layer, int depth);
+    DIO_LottieMask mask();
+    DIO_LottieNode node();
+    QPen pen();
+    QGradientStops stops();
+
+    const QByteArray& _bytes;
+    qsizetype _at = 0;
+    bool _ok = true;
+};
