@@ -3,26 +3,58 @@
 // quarvel: the command line. Its first word names a command.
 #include "NormalMapCommand.h"
 #include "NormalMapOptions.h"
+#include "Say.h"
 
 #include <QGuiApplication>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 
 namespace {
 
 constexpr int kWrongUsage = 2;
 
+struct Command
+{
+    const char* name;
+    const char* words; ///< what stands behind the name
+    const char* purpose;
+    int (*run)(const QStringList& words);
+    QString (*help)();
+};
+
+constexpr std::array kCommands{
+    Command{"normalmap", "DRAWING... [options]", "turns drawings into normal maps", runNormalMapCommand, normalMapHelp},
+};
+
+const Command* findCommand(const QString& name)
+{
+    const auto found =
+        std::ranges::find_if(kCommands, [&](const Command& command) { return name == QLatin1String(command.name); });
+    return found == kCommands.end() ? nullptr : &*found;
+}
+
 void printUsage(FILE* stream)
 {
-    std::fputs("quarvel - volume for flat drawings\n"
-               "\n"
-               "  quarvel normalmap DRAWING... [options]   turns SVG drawings into normal maps\n"
-               "  quarvel help normalmap                   explains all of its options, with examples\n"
-               "  quarvel --version                        says which version this is\n"
+    std::fputs("quarvel - volume for flat drawings\n\n", stream);
+    for (const Command& command : kCommands)
+        std::fprintf(stream, "  quarvel %-10s%-31s%s\n", command.name, command.words, command.purpose);
+    std::fputs("  quarvel help COMMAND                   explains all of a command's options, with examples\n"
+               "  quarvel --version                      says which version this is\n"
                "\n"
                "Begin with: quarvel normalmap hero.svg\n"
                "The normal map is written beside the drawing, as hero_n.png.\n",
                stream);
+}
+
+int noSuchCommand(const QString& name)
+{
+    QStringList names;
+    for (const Command& command : kCommands)
+        names << QLatin1String(command.name);
+    say(QStringLiteral("there is no command \"%1\"; there is %2").arg(name, names.join(QStringLiteral(", "))));
+    return kWrongUsage;
 }
 
 // The libraries' remarks about the machine (a missing folder of the desktop, a font) mean nothing to people who turn
@@ -39,12 +71,11 @@ int help(const QStringList& words)
         printUsage(stdout);
         return 0;
     }
-    if (words.first() == QLatin1String("normalmap")) {
-        std::fputs(qPrintable(normalMapHelp()), stdout);
-        return 0;
-    }
-    std::fprintf(stderr, "quarvel: there is no command \"%s\"; there is normalmap\n", qPrintable(words.first()));
-    return kWrongUsage;
+    const Command* const command = findCommand(words.first());
+    if (!command)
+        return noSuchCommand(words.first());
+    std::fputs(qPrintable(command->help()), stdout);
+    return 0;
 }
 
 int run(const QStringList& words)
@@ -53,19 +84,16 @@ int run(const QStringList& words)
         printUsage(stderr);
         return kWrongUsage;
     }
-    const QString& command = words.first();
+    const QString& name = words.first();
     const QStringList rest = words.sliced(1);
-    if (command == QLatin1String("--help") || command == QLatin1String("-h") || command == QLatin1String("help"))
+    if (name == QLatin1String("--help") || name == QLatin1String("-h") || name == QLatin1String("help"))
         return help(rest);
-    if (command == QLatin1String("--version")) {
+    if (name == QLatin1String("--version")) {
         std::printf("quarvel %s\n", QUARVEL_VERSION);
         return 0;
     }
-    if (command == QLatin1String("normalmap"))
-        return runNormalMapCommand(rest);
-    std::fprintf(stderr, "quarvel: there is no command \"%s\"; quarvel --help lists what there is\n",
-                 qPrintable(command));
-    return kWrongUsage;
+    const Command* const command = findCommand(name);
+    return command ? command->run(rest) : noSuchCommand(name);
 }
 
 } // namespace
