@@ -6,6 +6,7 @@
 #include "OutputFiles.h"
 #include "ProgressLine.h"
 #include "QuarvelPlugInManager/PLUG_Manager.h"
+#include "Say.h"
 #include "SilencedOutput.h"
 #include "WritePictures.h"
 #include "jobs/ReadDrawing.h"
@@ -21,11 +22,6 @@ constexpr int kWrongUsage = 2;
 // How much of a drawing's time its steps take, roughly.
 constexpr double kReadEnds = 0.05;
 constexpr double kRenderEnds = 0.75;
-
-void say(const QString& what)
-{
-    std::fprintf(stderr, "quarvel: %s\n", qPrintable(what));
-}
 
 class DrawingRun
 {

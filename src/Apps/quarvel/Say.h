@@ -1,0 +1,14 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// How the program speaks to people.
+#pragma once
+
+#include <QString>
+
+#include <cstdio>
+
+/// A line on standard error, with the program's name before it.
+inline void say(const QString& what)
+{
+    std::fprintf(stderr, "quarvel: %s\n", qPrintable(what));
+}
