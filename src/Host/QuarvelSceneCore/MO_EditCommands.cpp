@@ -5,10 +5,7 @@
 // before and after.
 #include "QuarvelSceneCore/MO_EditCommands.h"
 
-#include "QuarvelPersistentObj/PO_XmlReading.h"
-#include "QuarvelPersistentObj/PO_XmlWriter.h"
-#include "QuarvelSceneCore/MO_ModuleFactory.h"
-#include "QuarvelSceneCore/MO_OpaqueModule.h"
+#include "QuarvelSceneCore/MO_SceneCopy.h"
 #include "QuarvelSceneCore/private/MO_LinkTable.h"
 
 #include <QCoreApplication>
@@ -181,39 +178,6 @@ QString quoted(const std::vector<MO_Module*>& modules)
                                : translated("%1 Modules").arg(modules.size());
 }
 
-// Drawings are no part of a module's XML; a copy shows those of its original.
-void shareDrawings(const MO_Module& from, MO_Module& to)
-{
-    if (const auto* source = dynamic_cast<const MO_ElementModule*>(&from))
-        for (const auto& [name, drawing] : source->drawings())
-            static_cast<MO_ElementModule&>(to).setDrawing(name, drawing);
-    const auto* sourceGroup = dynamic_cast<const XUGroup*>(&from);
-    if (!sourceGroup)
-        return;
-    const auto& copies = static_cast<XUGroup&>(to).modules();
-    for (std::size_t i = 0; i < copies.size(); ++i)
-        shareDrawings(*sourceGroup->modules()[i], *copies[i]);
-}
-
-std::unique_ptr<MO_Module> copyOf(const MO_Module& module)
-{
-    QString text;
-    {
-        PO_XmlWriter writer(text);
-        writer.startDocument();
-        module.writeXml(writer);
-        writer.endDocument();
-    }
-    const auto document = PO_parseDocument(text.toUtf8(), module.instanceName());
-    auto copy = MO_ModuleFactorySingleton().create(module.keyword());
-    if (!copy)
-        copy = std::make_unique<MO_OpaqueModule>(module.keyword());
-    if (document)
-        copy->componentReader()->readElement(document->documentElement(), nullptr);
-    shareDrawings(module, *copy);
-    return copy;
-}
-
 } // namespace
 
 MO_EditCommand MO_addModuleCmd(XUGroup& group, std::unique_ptr<MO_Module> module)
@@ -242,7 +206,7 @@ MO_EditCommand MO_duplicateModulesCmd(const std::vector<MO_Module*>& modules, st
     std::map<const MO_Node*, MO_Module*> copyFor;
     std::vector<ModulesCmd::Entry> entries;
     for (MO_Module* module : modules) {
-        std::unique_ptr<MO_Module> copy = copyOf(*module);
+        std::unique_ptr<MO_Module> copy = MO_copyModule(*module);
         copyFor[module] = copy.get();
         if (copies)
             copies->push_back(copy.get());
