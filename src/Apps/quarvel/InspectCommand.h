@@ -1,0 +1,15 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// "quarvel inspect": says what is in a scene.
+#pragma once
+
+#include <QStringList>
+
+/// Runs the command.
+///
+/// @param words what stands behind "inspect"
+/// @return the exit code: 0, 1 when a scene could not be read, 2 when the words made no sense
+int runInspectCommand(const QStringList& words);
+
+/// What "quarvel help inspect" prints.
+QString inspectHelp();

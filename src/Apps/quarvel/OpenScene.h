@@ -1,0 +1,12 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Scenes for commands: the plug-ins are loaded first, so that the scene's modules are known, and what was not
+// understood is said.
+#pragma once
+
+#include "QuarvelSceneIO/SIO_SceneFolder.h"
+
+/// Loads a scene, and says its warnings on standard error.
+///
+/// @return an error that names the scene
+UT_Result<SIO_LoadedScene> openScene(const QString& folder);

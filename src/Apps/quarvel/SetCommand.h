@@ -1,0 +1,16 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// "quarvel set": changes one thing of a scene on disk.
+#pragma once
+
+#include <QStringList>
+
+/// Runs the command.
+///
+/// @param words what stands behind "set"
+/// @return the exit code: 0 when it was done, 1 when the scene could not be read or written, 2 when the words made no
+/// sense; the scene is then as it was
+int runSetCommand(const QStringList& words);
+
+/// What "quarvel help set" prints.
+QString setHelp();

@@ -1,0 +1,96 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// A copy says the same and is independent.
+#include "TestModules.h"
+
+#include "QuarvelCommand/CO_CommandStack.h"
+#include "QuarvelPersistentObj/PO_XmlWriter.h"
+#include "QuarvelSceneCore/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/MO_CompositeModule.h"
+#include "QuarvelSceneCore/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/MO_SceneCopy.h"
+
+#include <gtest/gtest.h>
+
+using namespace test_modules;
+
+namespace {
+
+QString savedText(const MO_Scene& scene)
+{
+    QString text;
+    PO_XmlWriter writer(text);
+    writer.startDocument();
+    scene.writeXml(writer);
+    writer.endDocument();
+    return text;
+}
+
+struct SceneCopy : testing::Test
+{
+    SceneCopy()
+    {
+        MO_registerHostModules(MO_ModuleFactorySingleton());
+        scene.setFrameRange(-2, 9);
+        scene.addPalette(palette());
+        auto& composite = scene.root().emplace<MO_CompositeModule>();
+        EXPECT_TRUE(MO_Scene::connect(hero, composite).ok());
+        hero.positionX()->setSurrogate(
+            UT_makeShared<AT_AttrLink>(AT_AttrLink::makePath(hero.instanceName(), hero.scaleX()->keyword())));
+        scene.resolveLinks();
+    }
+
+    MO_Scene scene;
+    XUGroup& group = scene.root().emplace<XUGroup>();
+    MO_ElementModule& inner = addElement(group, rectangle(0, 0, 2, 2));
+    MO_ElementModule& hero = addElement(scene.root(), rectangle(0, 0, 1, 1));
+};
+
+TEST_F(SceneCopy, SaysTheSame)
+{
+    const auto copy = MO_copyScene(scene);
+    EXPECT_EQ(savedText(*copy), savedText(scene));
+    EXPECT_EQ(copy->palettes(), scene.palettes());
+}
+
+TEST_F(SceneCopy, ShowsTheSameDrawingsInGroupsToo)
+{
+    const auto copy = MO_copyScene(scene);
+    for (const MO_ElementModule* element : {&hero, &inner}) {
+        const auto& copied = dynamic_cast<MO_ElementModule&>(*copy->findModule(element->instanceName()));
+        const auto drawing = element->drawingAt(1.0);
+        ASSERT_TRUE(drawing);
+        ASSERT_TRUE(copied.drawingAt(1.0));
+        EXPECT_TRUE(std::ranges::equal(copied.drawingAt(1.0)->shapes(GR_Art::COLOUR), drawing->shapes(GR_Art::COLOUR)));
+    }
+}
+
+TEST_F(SceneCopy, LinksOfTheCopyReadTheCopy)
+{
+    const auto copy = MO_copyScene(scene);
+    hero.scaleX()->setLocalValue(5.0);
+    auto& copied = dynamic_cast<MO_ElementModule&>(*copy->findModule(hero.instanceName()));
+    EXPECT_EQ(copied.positionX()->value(1.0), 1.0);
+    copied.scaleX()->setLocalValue(7.0);
+    EXPECT_EQ(copied.positionX()->value(1.0), 7.0);
+}
+
+TEST_F(SceneCopy, IsNotTouchedByWhatHappensToTheOriginal)
+{
+    const auto copy = MO_copyScene(scene);
+    const QString before = savedText(*copy);
+    hero.setDrawing(QStringLiteral("1"), nullptr);
+    hero.positionY()->setLocalValue(3.0);
+    scene.root().take(group);
+    EXPECT_EQ(savedText(*copy), before);
+    EXPECT_TRUE(dynamic_cast<MO_ElementModule&>(*copy->findModule(hero.instanceName())).drawingAt(1.0));
+}
+
+TEST_F(SceneCopy, OfAModuleBelongsToNoGraph)
+{
+    const auto copy = MO_copyModule(hero);
+    EXPECT_EQ(copy->group(), nullptr);
+    EXPECT_EQ(dynamic_cast<MO_ElementModule&>(*copy).drawingAt(1.0), hero.drawingAt(1.0));
+}
+
+} // namespace
