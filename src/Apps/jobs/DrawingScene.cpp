@@ -236,12 +236,18 @@ UT_Result<DrawingScene> DrawingScene::build(const LayeredDrawing& drawing, const
     composite.setCompositeOrder(MO_CompositeType::PORT_ORDER);
     built._flatDrawing = &composite;
     built._normalMap = &scene.root().add(std::move(node));
+    auto& display = scene.root().emplace<MO_DisplayModule>();
+    // Before the layers come, so that no layer has taken one of these names.
+    composite.setInstanceName(QStringLiteral("Drawing"));
+    built._normalMap->setInstanceName(QStringLiteral("Normal-Map"));
+    display.setInstanceName(QStringLiteral("Display"));
 
     unsigned compositePort = 0;
     for (std::size_t i = 0; i < drawing.layers.size(); ++i) {
         const auto number = static_cast<int>(i) + 1;
         const ObjectValues values = valuesOf(number, settings);
         MO_ElementModule& element = addElement(scene, drawing.layers[i]);
+        built._elements.push_back(&element);
         place(element, drawing.frame, scene.frameHeight());
         ObjectDefinition& definition = addDefinition(scene, drawing.layers[i].name, number, values);
         if (UT_Result<void> linked = MO_Scene::connect(element, definition); !linked)
@@ -254,7 +260,6 @@ UT_Result<DrawingScene> DrawingScene::build(const LayeredDrawing& drawing, const
         if (UT_Result<void> linked = MO_Scene::connect(element, composite, compositePort++); !linked)
             return linked.error();
     }
-    auto& display = scene.root().emplace<MO_DisplayModule>();
     if (UT_Result<void> linked = MO_Scene::connect(*built._normalMap, display); !linked)
         return linked.error();
     return built;

@@ -21,6 +21,8 @@
 
 #include <memory>
 
+class MO_ElementModule;
+
 /// A drawing in layers, ready for a scene.
 struct LayeredDrawing
 {
@@ -52,6 +54,10 @@ public:
     MO_Module& normalMap() const { return *_normalMap; }
     /// What shows the drawing as it is, without the objects that cut or are hidden.
     MO_Module& flatDrawing() const { return *_flatDrawing; }
+    /// The elements of the drawing's layers, bottom up.
+    const std::vector<MO_ElementModule*>& elements() const { return _elements; }
+    /// Hands out the scene; nothing else is to be asked for afterwards.
+    std::unique_ptr<MO_Scene> takeScene() { return std::move(_scene); }
     /// The picture's size in pixels.
     const std::pair<int, int>& resolution() const { return _resolution; }
 
@@ -61,6 +67,7 @@ private:
     std::unique_ptr<MO_Scene> _scene;
     MO_Module* _normalMap = nullptr;
     MO_Module* _flatDrawing = nullptr;
+    std::vector<MO_ElementModule*> _elements;
     std::pair<int, int> _resolution;
 };
 

@@ -5,23 +5,7 @@
 
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
 #include "QuarvelDrawingIO/DIO_KvdConversion.h"
-
-namespace {
-
-DIO_Grouping groupingOf(ObjectGrouping grouping)
-{
-    switch (grouping) {
-    case ObjectGrouping::GROUPS:
-        return DIO_Grouping::GROUPS;
-    case ObjectGrouping::ONE:
-        return DIO_Grouping::ONE;
-    case ObjectGrouping::AUTO:
-        break;
-    }
-    return DIO_Grouping::AUTO;
-}
-
-} // namespace
+#include "jobs/Grouping.h"
 
 UT_Result<ReadDrawing> readDrawing(const QString& path, ObjectGrouping grouping)
 {

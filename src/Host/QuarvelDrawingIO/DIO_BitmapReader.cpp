@@ -82,7 +82,7 @@ QStringList DIO_bitmapSuffixes()
 
 QString DIO_nameWithoutNumber(const QString& path)
 {
-    static const QRegularExpression number(QStringLiteral("[\\s._-]*[0-9]+$"));
+    static const QRegularExpression number(QStringLiteral("[\\s._-]*[0-9]+(?=[^0-9]*$)"));
     const QString stem = QFileInfo(path).completeBaseName();
     const QString name = QString(stem).remove(number);
     return name.isEmpty() ? stem : name;

@@ -3,7 +3,7 @@
 // Reads bitmaps as drawings: sprites that have no vector source. A bitmap is one layer with one shape, the rectangle of
 // its pixels, which shows them; what they cover is what the drawing covers. A drawing's unit is a pixel.
 //
-// The layer is named after the file, without the digits of a frame number at its end. The palette has one colour, the
+// The layer is named after the file, without the digits of a frame number. The palette has one colour, the
 // average of what is covered.
 #pragma once
 
@@ -16,6 +16,6 @@ QUARVELDRAWINGIO_EXPORT QStringList DIO_bitmapSuffixes();
 /// Reads a bitmap of up to 30 million pixels. What kind it is follows from its contents. Any thread may call it.
 QUARVELDRAWINGIO_EXPORT UT_Result<DIO_Drawing> DIO_readBitmap(const QString& path);
 
-/// A file's name without folder, suffix and the frame number at its end: "walk" of "art/walk_0012.png". A name that is
-/// a number altogether stays as it is.
+/// A file's name without folder, suffix and frame number, which is the last run of digits, with what sets it off:
+/// "walk" of "art/walk_0012.png", "walk_arm" of "walk_12_arm.png". A name that is a number altogether stays as it is.
 QUARVELDRAWINGIO_EXPORT QString DIO_nameWithoutNumber(const QString& path);

@@ -1,0 +1,35 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Frame numbers in file names: "walk_0012.svg" is frame 12.
+#pragma once
+
+#include "QuarvelBaseCore/UT_Result.h"
+
+#include <QStringList>
+
+#include <vector>
+
+/// A file and its place in time.
+struct NumberedFile
+{
+    QString path;
+    int frame = 1;
+};
+
+/// Sorts names as people do: digits by their value, "a2" before "a10". Names that differ in nothing but leading zeros
+/// stand in the order of their characters, so that the order never depends on how the names came in.
+void sortNaturally(QStringList& paths);
+
+/// The number that a file's name has: the last run of digits before the suffix; -1 when there is none.
+///
+/// @return an error when the number is beyond all reason
+UT_Result<int> frameNumberOf(const QString& path);
+
+/// Gives each file of a sequence its frame. A single file, and files of which none has a number, are numbered from 1 in
+/// natural order.
+///
+/// @return in the order of frames; an error when two files have the same number, or only some have one
+UT_Result<std::vector<NumberedFile>> numberFrames(QStringList paths);
+
+/// What a sequence is called: the name of its first file without folder, number and suffix.
+QString sequenceName(QStringList paths);

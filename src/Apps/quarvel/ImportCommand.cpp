@@ -1,0 +1,104 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Reads, builds, saves; a scene that is there already stays unless it may be written over.
+#include "ImportCommand.h"
+
+#include "QuarvelPlugInManager/PLUG_Manager.h"
+#include "QuarvelSceneCore/MO_ElementModule.h"
+#include "QuarvelSceneIO/SIO_SceneFolder.h"
+#include "Say.h"
+#include "jobs/ImportDrawings.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <new>
+
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kWrongUsage = 2;
+
+// Checked before anything is read, so that nobody waits for a refusal.
+UT_Result<void> checkOutput(const ImportOptions& options)
+{
+    const QFileInfo output(options.output);
+    if (!output.absoluteDir().exists())
+        return UT_Error{QStringLiteral("%1: there is no folder %2; make it first")
+                            .arg(options.output, output.absoluteDir().path())};
+    if (!output.exists() && !output.isSymLink())
+        return {};
+    const bool isScene = QFileInfo::exists(QDir(options.output).filePath(QStringLiteral("scene.xml")));
+    if (!isScene)
+        return UT_Error{
+            QStringLiteral("%1 is there already and is no scene; choose another name with -o").arg(options.output)};
+    if (!options.force)
+        return UT_Error{
+            QStringLiteral("%1 is there already; choose another name with -o, or write over it with --force")
+                .arg(options.output)};
+    return {};
+}
+
+UT_Result<ImportedScene> importFiles(const ImportOptions& options)
+{
+    try {
+        ImportSettings settings;
+        settings.grouping = options.grouping;
+        return importDrawings(options.files, settings);
+    } catch (const std::bad_alloc&) {
+        return UT_Error{QStringLiteral("the memory is not enough for all these drawings; import fewer frames at once")};
+    }
+}
+
+void sayWhatWasMade(const ImportOptions& options, const MO_Scene& scene)
+{
+    int elements = 0;
+    std::size_t drawings = 0;
+    scene.root().forEachModule([&](const MO_Module& module) {
+        if (const auto* element = dynamic_cast<const MO_ElementModule*>(&module)) {
+            ++elements;
+            drawings += element->drawings().size();
+        }
+    });
+    std::size_t colours = 0;
+    for (const auto& palette : scene.palettes())
+        colours += palette->colors().size();
+    std::printf("%s -> %s (frames %d-%d, elements: %d, drawings: %zu, colours: %zu)\n",
+                qPrintable(options.files.first()), qPrintable(options.output), scene.firstFrame(), scene.lastFrame(),
+                elements, drawings, colours);
+}
+
+int failed(const UT_Error& error)
+{
+    say(error.text);
+    return kFailed;
+}
+
+} // namespace
+
+int runImportCommand(const QStringList& words)
+{
+    const UT_Result<ImportOptions> options = parseImportOptions(words);
+    if (!options) {
+        say(options.error().text);
+        return kWrongUsage;
+    }
+    if (options->help) {
+        std::fputs(qPrintable(importHelp()), stdout);
+        return 0;
+    }
+    if (const UT_Result<void> checked = checkOutput(*options); !checked)
+        return failed(checked.error());
+    if (const UT_Result<QStringList> loaded = PLUG_Manager::loadAll(PLUG_Manager::defaultFolder()); !loaded)
+        return failed(loaded.error());
+    const UT_Result<ImportedScene> imported = importFiles(*options);
+    if (!imported)
+        return failed(imported.error());
+    for (const QString& warning : imported->warnings)
+        say(QStringLiteral("warning: ") + warning);
+    if (const UT_Result<void> saved = SIO_saveScene(*imported->scene, options->output); !saved)
+        return failed(saved.error());
+    if (!options->quiet)
+        sayWhatWasMade(*options, *imported->scene);
+    return 0;
+}

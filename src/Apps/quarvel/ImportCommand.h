@@ -1,0 +1,32 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// "quarvel import": makes a scene of drawings.
+#pragma once
+
+#include "QuarvelBaseCore/UT_Result.h"
+#include "jobs/NormalMapSettings.h"
+
+#include <QStringList>
+
+/// The whole command line of one run.
+struct ImportOptions
+{
+    QStringList files;
+    QString output; ///< the scene's folder
+    ObjectGrouping grouping = ObjectGrouping::AUTO;
+    bool force = false;
+    bool quiet = false;
+    bool help = false;
+};
+
+/// Reads the words after "import"; looks at no file.
+UT_Result<ImportOptions> parseImportOptions(const QStringList& words);
+
+/// Runs the command.
+///
+/// @param words what stands behind "import"
+/// @return the exit code: 0 when the scene was made, 1 when it was not, 2 when the words made no sense
+int runImportCommand(const QStringList& words);
+
+/// What "quarvel help import" prints.
+QString importHelp();
