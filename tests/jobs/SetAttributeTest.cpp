@@ -1,0 +1,144 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// What a person writes behind "quarvel set", and what becomes of the scene.
+#include "jobs/SetAttribute.h"
+
+#include "QuarvelSceneCore/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/MO_ElementModule.h"
+#include "jobs/DescribeScene.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using testing::HasSubstr;
+
+struct SetInScene : testing::Test
+{
+    SetInScene() { hero.setInstanceName(QStringLiteral("Hero")); }
+
+    MO_Scene scene;
+    CO_CommandStack stack;
+    MO_ElementModule& hero = scene.root().emplace<MO_ElementModule>();
+
+    UT_Result<bool> set(const char* subject, const QStringList& words)
+    {
+        return setInScene(scene, stack, QString::fromUtf8(subject), words);
+    }
+
+    std::string errorOf(const char* subject, const QStringList& words)
+    {
+        const QString before = describeScene(scene, DescribedAttributes::ALL);
+        const auto changed = set(subject, words);
+        EXPECT_FALSE(changed.ok());
+        EXPECT_EQ(describeScene(scene, DescribedAttributes::ALL), before) << "nothing changes";
+        return changed ? std::string() : changed.error().text.toStdString();
+    }
+};
+
+TEST_F(SetInScene, AValueAloneCountsForAllFrames)
+{
+    EXPECT_TRUE(*set("Hero.PositionX", {"12.5"}));
+    EXPECT_EQ(hero.positionX()->value(1.0), 12.5);
+    EXPECT_EQ(hero.positionX()->value(100.0), 12.5);
+}
+
+TEST_F(SetInScene, WhatIsThereAlreadyIsNoChange)
+{
+    EXPECT_FALSE(*set("Hero.PositionX", {"0"}));
+    EXPECT_FALSE(stack.canUndo());
+}
+
+TEST_F(SetInScene, KeysAnimateAndThoseAtOtherFramesStay)
+{
+    ASSERT_TRUE(set("Hero.PositionX", {"1:0", "11:10"}));
+    ASSERT_TRUE(set("Hero.PositionX", {"21:0"}));
+    EXPECT_EQ(hero.positionX()->value(6.0), 5.0);
+    EXPECT_EQ(hero.positionX()->value(16.0), 5.0);
+}
+
+TEST_F(SetInScene, AHeldKeyStaysUntilTheNext)
+{
+    ASSERT_TRUE(set("Hero.PositionX", {"1:4:hold", "11:10"}));
+    EXPECT_EQ(hero.positionX()->value(10.9), 4.0);
+    EXPECT_EQ(hero.positionX()->value(11.0), 10.0);
+}
+
+TEST_F(SetInScene, ABezierKeyLeavesAndArrivesSoftly)
+{
+    ASSERT_TRUE(set("Hero.PositionX", {"0:0:bezier", "12:12"}));
+    EXPECT_NEAR(hero.positionX()->value(6.0), 6.0, 1e-9) << "half way at half time, by symmetry";
+    EXPECT_LT(hero.positionX()->value(1.0), 0.5) << "slower than straight";
+    EXPECT_GT(hero.positionX()->value(11.0), 11.5);
+}
+
+TEST_F(SetInScene, AValueAloneEndsTheAnimationAndUndoBringsItBack)
+{
+    ASSERT_TRUE(set("Hero.PositionX", {"1:0", "11:10"}));
+    ASSERT_TRUE(set("Hero.PositionX", {"3"}));
+    EXPECT_FALSE(hero.positionX()->isAnimated());
+    EXPECT_EQ(hero.positionX()->value(6.0), 3.0);
+    stack.undo();
+    EXPECT_EQ(hero.positionX()->value(6.0), 5.0);
+    stack.redo();
+    EXPECT_EQ(hero.positionX()->value(6.0), 3.0);
+}
+
+TEST_F(SetInScene, AnAttributeReadsAnotherAndStopsToDoSo)
+{
+    ASSERT_TRUE(set("Hero.ScaleX", {"2"}));
+    ASSERT_TRUE(set("Hero.PositionX", {"=Hero.ScaleX"}));
+    EXPECT_EQ(hero.positionX()->value(1.0), 2.0);
+    ASSERT_TRUE(set("Hero.PositionX", {"="}));
+    EXPECT_EQ(hero.positionX()->value(1.0), 0.0);
+}
+
+TEST_F(SetInScene, ExposuresSayWhichDrawingIsShown)
+{
+    ASSERT_TRUE(set("Hero.Drawing", {"1:walk_1", "3:walk_2", "9:"}));
+    EXPECT_EQ(hero.drawingAttr()->drawing(2.0), QStringLiteral("walk_1"));
+    EXPECT_EQ(hero.drawingAttr()->drawing(8.0), QStringLiteral("walk_2"));
+    EXPECT_EQ(hero.drawingAttr()->drawing(9.0), QString());
+}
+
+TEST_F(SetInScene, NamesSwitchesFramesAndTheCameraAreSetAlike)
+{
+    ASSERT_TRUE(set("Hero.enabled", {"no"}));
+    EXPECT_FALSE(hero.enabled());
+    ASSERT_TRUE(set("frames", {"-2-48"}));
+    EXPECT_EQ(scene.firstFrame(), -2);
+    EXPECT_EQ(scene.lastFrame(), 48);
+    ASSERT_TRUE(set(".TruckFactor", {"1:1", "11:2"}));
+    EXPECT_EQ(scene.truckFactor(6.0), 1.5);
+    ASSERT_TRUE(set("Hero.name", {"Miss. Dot"}));
+    ASSERT_TRUE(set("Miss. Dot.PositionX", {"1"})) << "a name may hold dots";
+}
+
+TEST_F(SetInScene, MistakesSayWhatWasMeantToStandThere)
+{
+    EXPECT_THAT(errorOf("Herp.PositionX", {"1"}), HasSubstr("Hero"));
+    EXPECT_THAT(errorOf("Hero.Position", {"1"}), HasSubstr("PositionX"));
+    EXPECT_THAT(errorOf("Hero.PositionX", {"wide"}), HasSubstr("a number from"));
+    EXPECT_THAT(errorOf("Hero.PositionX", {"1:0", "two:3"}), HasSubstr("FRAME:VALUE"));
+    EXPECT_THAT(errorOf("Hero.PositionX", {"1:0:soft"}), HasSubstr("hold, linear or bezier"));
+    EXPECT_THAT(errorOf("Hero.PositionX", {"=Hero.Nothing"}), HasSubstr("Hero.Nothing"));
+    EXPECT_THAT(errorOf("Hero.Drawing", {"walk"}), HasSubstr("FRAME:DRAWING"));
+    EXPECT_THAT(errorOf("Hero.enabled", {"perhaps"}), HasSubstr("yes or no"));
+    EXPECT_THAT(errorOf("frames", {"48"}), HasSubstr("1-48"));
+    EXPECT_THAT(errorOf("Hero.PositionX", {}), HasSubstr("new value"));
+}
+
+TEST_F(SetInScene, WhatIsDescribedCanBeSet)
+{
+    ASSERT_TRUE(set("Hero.PositionX", {"1:0:hold", "24:2.5", "30:1e-3:bezier"}));
+    ASSERT_TRUE(set("Hero.Drawing", {"1:a", "5:"}));
+    const QString described = describeScene(scene, DescribedAttributes::CHANGED);
+    EXPECT_TRUE(described.contains(QStringLiteral("PositionX  1:0:hold 24:2.5 30:0.001:bezier")))
+        << qPrintable(described);
+    EXPECT_TRUE(described.contains(QStringLiteral("Drawing  1:a 5:"))) << qPrintable(described);
+    EXPECT_FALSE(described.contains(QStringLiteral("ScaleX"))) << "only what was changed is told";
+}
+
+} // namespace
