@@ -31,9 +31,9 @@ struct StraightEncoder
 } // namespace
 
 UT_Result<IIO_Picture> NM_drawingPicture(const CEL_PixmapArea& drawing, const Math::Box2di& frame,
-                                         IIO_SampleType samples)
+                                         IIO_SampleType samples, const std::optional<Math::Box2di>& dataWindow)
 {
-    auto picture = IIO_Picture::create(samples, frame, frame, IIO_channelsRgba());
+    auto picture = IIO_Picture::create(samples, frame, dataWindow.value_or(frame), IIO_channelsRgba());
     if (!picture)
         return picture;
     picture->metadata() = NM_metadataOf(QStringLiteral("drawing"));

@@ -1,0 +1,107 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// One encoder a kind of picture, called for every pixel.
+#include "QuarvelNormalMap/NM_Layers.h"
+
+#include "QuarvelNormalMap/NM_Direction.h"
+#include "QuarvelNormalMap/private/NM_Rows.h"
+#include "QuarvelNormalMap/private/NM_Samples.h"
+
+namespace {
+
+struct LayersEncoder
+{
+    double ySign;
+    bool elevation;
+
+    template<typename Pixel>
+    void operator()(const Pixel& pixel, float* samples) const
+    {
+        const Math::Vector3d normal = NM_directionOf(pixel);
+        *samples++ = static_cast<float>(normal.x);
+        *samples++ = static_cast<float>(ySign * normal.y);
+        *samples++ = static_cast<float>(normal.z);
+        if (elevation)
+            *samples++ = pixel.a > 0 ? NM_toSample<float>(pixel.b) : 0.0F;
+        *samples = NM_clampSample(NM_toSample<float>(pixel.a));
+    }
+};
+
+template<typename Sample>
+struct BlueEncoder
+{
+    template<typename Pixel>
+    void operator()(const Pixel& pixel, Sample* samples) const
+    {
+        // What is not covered has no elevation, whatever an empty pixel of the node holds in blue.
+        samples[0] = pixel.a > 0 ? NM_toSample<Sample>(pixel.b) : Sample{};
+        samples[1] = NM_clampSample(NM_toSample<Sample>(pixel.a));
+    }
+};
+
+template<typename Sample>
+struct RedEncoder
+{
+    template<typename Pixel>
+    void operator()(const Pixel& pixel, Sample* samples) const
+    {
+        samples[0] = NM_toSample<Sample>(pixel.r);
+    }
+};
+
+template<typename Sample>
+bool encodeElevation(const CEL_PixmapArea& pixmap, NM_ElevationChannel channel, IIO_Picture& picture)
+{
+    return NM_withColours(pixmap, [&](const auto& source) {
+        if (channel == NM_ElevationChannel::BLUE)
+            NM_encodeRows<Sample>(source, picture, BlueEncoder<Sample>{});
+        else
+            NM_encodeRows<Sample>(source, picture, RedEncoder<Sample>{});
+    });
+}
+
+UT_Error noColours()
+{
+    return {QStringLiteral("the rendered picture holds no normals; render in 16 bits or in float")};
+}
+
+} // namespace
+
+QStringList NM_layerNames(bool elevation)
+{
+    QStringList names{QStringLiteral("N.X"), QStringLiteral("N.Y"), QStringLiteral("N.Z")};
+    if (elevation)
+        names << QStringLiteral("elevation.Y");
+    return names << QStringLiteral("coverage.A");
+}
+
+UT_Result<IIO_Picture> NM_layersPicture(const CEL_PixmapArea& pixmap, const Math::Box2di& frame,
+                                        const Math::Box2di& dataWindow, NM_YAxis yAxis, bool elevation)
+{
+    auto picture = IIO_Picture::create(IIO_SampleType::FLOAT, frame, dataWindow, NM_layerNames(elevation));
+    if (!picture)
+        return picture;
+    picture->metadata() = NM_metadataOf(NM_Layout::TANGENT, yAxis);
+    picture->metadata().set(QStringLiteral("Encoding"),
+                            QStringLiteral("x = N.X, y = N.Y, z = N.Z, coverage = coverage.A"));
+    const LayersEncoder encoder{yAxis == NM_YAxis::UP ? -1.0 : 1.0, elevation};
+    if (!NM_withColours(pixmap, [&](const auto& source) { NM_encodeRows<float>(source, *picture, encoder); }))
+        return noColours();
+    return picture;
+}
+
+UT_Result<IIO_Picture> NM_elevationOf(const CEL_PixmapArea& pixmap, NM_ElevationChannel channel,
+                                      const Math::Box2di& frame, const Math::Box2di& dataWindow, IIO_SampleType samples)
+{
+    const bool coverage = channel == NM_ElevationChannel::BLUE;
+    auto picture =
+        IIO_Picture::create(samples, frame, dataWindow, coverage ? IIO_channelsGreyAlpha() : IIO_channelsGrey());
+    if (!picture)
+        return picture;
+    picture->metadata() = NM_metadataOf(QStringLiteral("elevation"));
+    const bool encoded = samples == IIO_SampleType::FLOAT ? encodeElevation<float>(pixmap, channel, *picture)
+                                                          : encodeElevation<std::uint16_t>(pixmap, channel, *picture);
+    if (!encoded)
+        return noColours();
+    return picture;
+}
