@@ -1,0 +1,196 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// From the words to a run: what is to be rendered is found out first, with an error for everything that does not fit,
+// and only then is anything rendered or written.
+#include "RenderCommand.h"
+
+#include "OpenScene.h"
+#include "QuarvelImageIO/IIO_PictureFile.h"
+#include "RenderOptions.h"
+#include "Say.h"
+#include "SilencedOutput.h"
+#include "StopSignal.h"
+#include "jobs/FrameOnDisk.h"
+#include "jobs/FrameRange.h"
+#include "jobs/MachineMemory.h"
+#include "jobs/RenderFrames.h"
+#include "jobs/RenderMemory.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <thread>
+
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kWrongUsage = 2;
+constexpr int kStopped = 130;
+
+// Everything that a run needs, found in the scene.
+struct Plan
+{
+    MO_Module* module = nullptr;
+    PictureSource source;
+    RenderFramesSettings settings;
+};
+
+QString namesOf(const MO_Scene& scene)
+{
+    constexpr qsizetype kMost = 30;
+    QStringList names;
+    scene.root().forEachModule([&](const MO_Module& module) { names << module.instanceName(); });
+    const bool more = names.size() > kMost;
+    return names.mid(0, kMost).join(QStringLiteral(", ")) + (more ? QStringLiteral(", ...") : QString());
+}
+
+UT_Result<MO_Module*> moduleOf(const MO_Scene& scene, const RenderOptions& options)
+{
+    if (!options.node.isEmpty()) {
+        if (MO_Module* const module = scene.findModule(options.node))
+            return module;
+        return UT_Error{QStringLiteral("there is no node \"%1\"; there is %2").arg(options.node, namesOf(scene))};
+    }
+    if (MO_Module* const module = scene.outputModule())
+        return module;
+    return UT_Error{QStringLiteral("the scene has no display; name a node with --node, one of %1").arg(namesOf(scene))};
+}
+
+UT_Result<std::vector<int>> framesOf(const MO_Scene& scene, const RenderOptions& options)
+{
+    const int first = scene.firstFrame();
+    const int last = scene.lastFrame();
+    const auto range = options.frames.isEmpty() ? FrameRange::all(first, last) : FrameRange::parse(options.frames);
+    if (!range)
+        return range.error();
+    const auto list = range->within(first, last);
+    if (!list)
+        return list.error();
+    const QString scenes = QStringLiteral("the scene's frames are %1 to %2").arg(first).arg(last);
+    if (list->frames.empty())
+        return UT_Error{QStringLiteral("there is nothing to render: %1").arg(scenes)};
+    if (list->outside > 0)
+        say(QStringLiteral("warning: %1 of the frames are left out; %2").arg(list->outside).arg(scenes));
+    return shardOf(list->frames, options.shard.first, options.shard.second);
+}
+
+UT_Result<FrameFileName> fileOf(const RenderOptions& options, std::size_t frames)
+{
+    auto name = FrameFileName::parse(options.output);
+    if (name && !name->hasNumber() && (frames > 1 || options.shard.second > 1))
+        return UT_Error{QStringLiteral("%1 would be written over by every frame; write %2")
+                            .arg(options.output, FrameFileName::proposal(options.output))};
+    return name;
+}
+
+FramePictureSettings pictureSettings(const RenderOptions& options, const Plan& plan)
+{
+    FramePictureSettings picture;
+    picture.source = plan.source.kind;
+    picture.shown = options.shown.value_or(plan.source.kind);
+    picture.layout = options.layout;
+    picture.yAxis = options.yAxis;
+    picture.pad = options.pad;
+    picture.floatFile = QFileInfo(options.output).suffix().toLower() == QLatin1String("exr");
+    picture.floatRender = options.renderInFloat;
+    picture.half = options.half;
+    picture.scene = QDir(QDir(options.scene).absolutePath()).dirName();
+    picture.node = plan.module->instanceName();
+    picture.elevation = needsElevationInBlue(picture);
+    return picture;
+}
+
+UT_Result<int> atOnceOf(const RenderOptions& options, const RD_RenderParameters& parameters)
+{
+    const int threads = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
+    return framesAtOnce(options.jobs > 0 ? options.jobs : threads, parameters,
+                        options.memory > 0.0 ? options.memory : machineMemory() / 2.0);
+}
+
+UT_Result<Plan> planOf(const MO_Scene& scene, const RenderOptions& options)
+{
+    Plan plan;
+    const auto module = moduleOf(scene, options);
+    if (!module)
+        return module.error();
+    plan.module = *module;
+    plan.source = pictureSourceOf(*plan.module);
+    const auto frames = framesOf(scene, options);
+    if (!frames)
+        return frames.error();
+    plan.settings.frames = *frames;
+    plan.settings.parameters = {options.renderInFloat ? RD_RenderParameters::IMAGE_PROCESSING_FLOAT
+                                                      : RD_RenderParameters::IMAGE_PROCESSING_16BIT,
+                                renderResolution(options, scene.frameHeight())};
+    const auto atOnce = atOnceOf(options, plan.settings.parameters);
+    if (!atOnce)
+        return atOnce.error();
+    plan.settings.atOnce = *atOnce;
+    const auto file = fileOf(options, frames->size());
+    if (!file)
+        return file.error();
+    plan.settings.file = *file;
+    plan.settings.picture = pictureSettings(options, plan);
+    if (options.resume)
+        plan.settings.resumeAfter = newestChange(options.scene);
+    return plan;
+}
+
+RenderFramesResult run(const Plan& plan, const RenderOptions& options)
+{
+    RenderProgress progress(options.progress, static_cast<int>(plan.settings.frames.size()));
+    RenderFramesWatcher watcher;
+    watcher.stop = &StopSignal::came;
+    watcher.progress = [&](double done) { progress.show(done); };
+    watcher.ended = [&](int frame, FrameEnd end, const QString& reason) {
+        progress.frameEnded(frame, reason);
+        if (end != FrameEnd::FAILED)
+            return;
+        progress.clear();
+        say(QStringLiteral("frame %1: %2").arg(frame).arg(reason));
+    };
+    return renderFrames(*plan.module, plan.source.nodes, plan.settings, watcher);
+}
+
+int summary(const RenderFramesResult& result, const RenderOptions& options)
+{
+    QString text = QStringLiteral("%1 -> %2: %3 written").arg(options.scene, options.output).arg(result.written);
+    if (result.kept > 0)
+        text += QStringLiteral(", %1 complete already").arg(result.kept);
+    if (result.failed > 0)
+        text += QStringLiteral(", %1 failed").arg(result.failed);
+    std::printf("%s\n", qPrintable(text));
+    if (result.stopped) {
+        say(QStringLiteral("stopped; --resume goes on from here"));
+        return kStopped;
+    }
+    return result.failed > 0 ? kFailed : 0;
+}
+
+} // namespace
+
+int runRenderCommand(const QStringList& words)
+{
+    const UT_Result<RenderOptions> options = parseRenderOptions(words);
+    if (!options) {
+        say(options.error().text);
+        return kWrongUsage;
+    }
+    if (options->help) {
+        std::fputs(qPrintable(renderHelp()), stdout);
+        return 0;
+    }
+    const StopSignal stopSignal;
+    const UT_Result<SIO_LoadedScene> scene = openScene(options->scene);
+    if (!scene) {
+        say(scene.error().text);
+        return kFailed;
+    }
+    const UT_Result<Plan> plan = planOf(*scene->scene, *options);
+    if (!plan) {
+        say(plan.error().text);
+        return kWrongUsage;
+    }
+    const SilencedOutput silenced(options->quiet);
+    return summary(run(*plan, *options), *options);
+}

@@ -1,0 +1,13 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// "quarvel render": renders frames of a scene into files.
+#pragma once
+
+#include <QStringList>
+
+/// Runs the command.
+///
+/// @param words what stands behind "render"
+/// @return the exit code: 0 when every frame was done, 1 when one was not or the scene cannot be rendered, 2 when the
+/// words made no sense, 130 when a signal stopped it
+int runRenderCommand(const QStringList& words);

@@ -1,0 +1,63 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// What "quarvel help render" prints.
+#include "RenderOptions.h"
+
+QString renderHelp()
+{
+    return QStringLiteral(R"(quarvel render - renders frames of a scene
+
+  quarvel render SCENE -o FILE [options]
+
+SCENE is a scene's folder. Each frame goes into a file of its own, which appears whole or not at all.
+
+Files
+  -o, --output FILE     where the frames go: out/n.####.exr or out/n.%04d.exr, where the number is filled up with zeros,
+                        or out/n.%d.exr. The ending says the format: .exr (OpenEXR) or .png (16 bits a channel)
+      --half            16-bit floats in OpenEXR files instead of 32-bit ones
+      --preview FILE    also makes a film of the lit frames, at most 960 pixels wide: .mp4 or .gif where ffmpeg is
+                        installed, and .png (an animated PNG) everywhere
+      --fps N           how many frames a second the preview shows (24)
+
+What is rendered
+      --frames RANGE    1-10, 1-10x2 (every second), 1,3,7-9, -5--1; default: all of the scene
+      --node NAME       the module whose picture is rendered; default: what the scene's display shows
+      --as KIND         what its picture is taken for: normals, elevation or colours. Default: what the graph says,
+                        normals for a Vallorin node and colours for anything else
+      --resolution WxH  the size in pixels; W alone takes the height from the scene's shape. Default: 1920 wide
+      --proxy 1/N       divides both sides by N. Bevels are measured in the scene, so that a proxy looks like the final
+      --float           renders in 32-bit float instead of 16-bit integers
+
+How normals are written
+      --layout tangent  vectors of unit length (default). OpenEXR files get the layers N.X N.Y N.Z, from -1 to 1, and
+                        elevation.Y and coverage.A; others x, y, z and coverage in the range of colours
+      --layout node     the node's own four channels as they are
+      --y up|down       where the y of the vectors points (up)
+      --pad N           grows the colours N pixels past the silhouette, in files that have no layers
+
+OpenEXR files keep what spreads beyond the frame: their data window may be larger than their display window.
+
+How it runs
+      --jobs N          how many frames are rendered at once; default: as many as the machine has threads
+      --memory SIZE     how much memory the frames may take together, such as 4G; fewer are rendered at once where it
+                        takes more. Default: half of the machine's
+      --resume          leaves alone frames that are complete and newer than the scene
+      --shard I/N       only every N-th frame from the I-th on, for N machines that share the work
+      --progress STYLE  bar (with the time left), lines (one for every percent), json (one object for every frame) or
+                        none, on standard error. Default: bar on a terminal, lines elsewhere
+  -q, --quiet           nothing on standard output
+  -h, --help            this text
+
+Ctrl-C stops in order: no file is left half-written. Again: at once.
+
+Examples
+  quarvel render bounce.scene -o out/n.####.exr --frames 1-48x2,60 --jobs 2
+  quarvel render bounce.scene -o look/n.%04d.png --proxy 1/4 --preview look.png
+  quarvel render bounce.scene -o out/n.####.exr --resume
+  quarvel render bounce.scene -o out/n.####.exr --shard 3/8 --progress json
+  quarvel render bounce.scene -o out/line.####.png --node Composite --resolution 3840x2160
+
+Exit code: 0 when every frame was done, 1 when one was not (the others are), 2 when the command line made no sense, 130 when
+the run was stopped.
+)");
+}

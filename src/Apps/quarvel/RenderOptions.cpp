@@ -1,0 +1,232 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Every option is one row of a table, with the function that takes its value.
+#include "RenderOptions.h"
+
+#include "OptionValues.h"
+#include "QuarvelSceneCore/MO_SceneCommon.h"
+
+#include <QCommandLineParser>
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+
+namespace {
+
+using Taken = UT_Result<void>;
+using Take = std::function<Taken(RenderOptions&, const QString& option, const QString& value)>;
+
+struct Row
+{
+    QStringList names;
+    bool takesValue;
+    Take take;
+};
+
+template<typename T, typename Store>
+Taken keep(const UT_Result<T>& parsed, Store store)
+{
+    if (!parsed)
+        return parsed.error();
+    store(*parsed);
+    return {};
+}
+
+Take text(QString RenderOptions::*member)
+{
+    return [member](RenderOptions& options, const QString& option, const QString& value) -> Taken {
+        if (value.isEmpty())
+            return UT_Error{QStringLiteral("%1 takes a word, and it is empty").arg(option)};
+        options.*member = value;
+        return {};
+    };
+}
+
+Take flag(bool RenderOptions::*member)
+{
+    return [member](RenderOptions& options, const QString&, const QString&) -> Taken {
+        options.*member = true;
+        return {};
+    };
+}
+
+Take wholeNumber(int RenderOptions::*member, int low, int high)
+{
+    return [=](RenderOptions& options, const QString& option, const QString& value) {
+        return keep(parseWholeNumber(option, value, low, high), [&](int number) { options.*member = number; });
+    };
+}
+
+Take choice(const QStringList& choices, std::function<void(RenderOptions&, int)> store)
+{
+    return [=](RenderOptions& options, const QString& option, const QString& value) {
+        return keep(parseChoice(option, value, choices), [&](int index) { store(options, index); });
+    };
+}
+
+// "2/8": two whole numbers with a stroke between them.
+UT_Result<std::pair<int, int>> parsePair(const QString& option, const QString& value, const QString& example)
+{
+    const QStringList numbers = value.split(QLatin1Char('/'));
+    bool firstOk = false;
+    bool secondOk = false;
+    const std::pair<int, int> pair{numbers.first().toInt(&firstOk), numbers.last().toInt(&secondOk)};
+    if (numbers.size() != 2 || !firstOk || !secondOk)
+        return UT_Error{QStringLiteral("%1 takes %2, not \"%3\"").arg(option, example, value)};
+    return pair;
+}
+
+Taken takeProxy(RenderOptions& options, const QString& option, const QString& value)
+{
+    const auto pair = parsePair(option, value, QStringLiteral("a fraction such as 1/2"));
+    if (!pair)
+        return pair.error();
+    if (pair->first != 1 || pair->second < 1)
+        return UT_Error{QStringLiteral("%1 takes 1/1, 1/2, 1/3 and so on, not \"%2\"").arg(option, value)};
+    options.proxy = pair->second;
+    return {};
+}
+
+Taken takeShard(RenderOptions& options, const QString& option, const QString& value)
+{
+    const auto pair = parsePair(option, value, QStringLiteral("which piece of how many, such as 1/4"));
+    if (!pair)
+        return pair.error();
+    if (pair->first < 1 || pair->first > pair->second)
+        return UT_Error{
+            QStringLiteral("%1 %2: the pieces are numbered from 1 to the number behind the stroke").arg(option, value)};
+    options.shard = *pair;
+    return {};
+}
+
+Taken takeMemory(RenderOptions& options, const QString& option, const QString& value)
+{
+    static const QRegularExpression form(QStringLiteral("^([0-9]+(?:\\.[0-9]+)?)([KMGT]?)B?$"),
+                                         QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpressionMatch match = form.match(value);
+    const QString unit = match.captured(2).toUpper();
+    const int power = unit.isEmpty() ? 0 : static_cast<int>(QStringLiteral("KMGT").indexOf(unit)) + 1;
+    const double bytes = match.captured(1).toDouble() * std::pow(1024.0, power);
+    if (!match.hasMatch() || !(bytes >= 1.0))
+        return UT_Error{QStringLiteral("%1 takes an amount such as 512M or 4G, not \"%2\"").arg(option, value)};
+    options.memory = bytes;
+    return {};
+}
+
+Taken takeResolution(RenderOptions& options, const QString& option, const QString& value)
+{
+    return keep(parseSize(option, value), [&](QSize size) { options.resolution = size; });
+}
+
+Taken takeFramesPerSecond(RenderOptions& options, const QString& option, const QString& value)
+{
+    return keep(parseNumber(option, value, 1.0, 240.0), [&](double number) { options.framesPerSecond = number; });
+}
+
+std::vector<Row> rows()
+{
+    using Options = RenderOptions;
+    const auto s = [](const char* name) { return QString::fromLatin1(name); };
+    return {
+        {{s("o"), s("output")}, true, text(&Options::output)},
+        {{s("preview")}, true, text(&Options::preview)},
+        {{s("fps")}, true, takeFramesPerSecond},
+        {{s("frames")}, true, text(&Options::frames)},
+        {{s("node")}, true, text(&Options::node)},
+        {{s("resolution")}, true, takeResolution},
+        {{s("proxy")}, true, takeProxy},
+        {{s("float")}, false, flag(&Options::renderInFloat)},
+        {{s("half")}, false, flag(&Options::half)},
+        {{s("as")},
+         true,
+         choice({s("normals"), s("elevation"), s("colours")},
+                [](Options& o, int i) { o.shown = static_cast<RenderedKind>(i); })},
+        {{s("layout")},
+         true,
+         choice({s("tangent"), s("node")}, [](Options& o, int i) { o.layout = static_cast<NM_Layout>(i); })},
+        {{s("y")}, true, choice({s("up"), s("down")}, [](Options& o, int i) { o.yAxis = static_cast<NM_YAxis>(i); })},
+        {{s("pad")}, true, wholeNumber(&Options::pad, 0, 65535)},
+        {{s("jobs")}, true, wholeNumber(&Options::jobs, 1, 1024)},
+        {{s("memory")}, true, takeMemory},
+        {{s("resume")}, false, flag(&Options::resume)},
+        {{s("shard")}, true, takeShard},
+        {{s("progress")},
+         true,
+         choice({s("auto"), s("bar"), s("lines"), s("json"), s("none")},
+                [](Options& o, int i) { o.progress = static_cast<RenderProgressStyle>(i); })},
+        {{s("q"), s("quiet")}, false, flag(&Options::quiet)},
+        {{s("h"), s("help")}, false, flag(&Options::help)},
+    };
+}
+
+QString spelled(const QString& name)
+{
+    return (name.size() == 1 && name != QLatin1String("y") ? QStringLiteral("-") : QStringLiteral("--")) + name;
+}
+
+Taken takeOptions(const QCommandLineParser& parser, const std::vector<Row>& table, RenderOptions& options)
+{
+    for (const Row& row : table) {
+        if (!parser.isSet(row.names.last()))
+            continue;
+        const QString value = row.takesValue ? parser.value(row.names.last()) : QString();
+        if (Taken taken = row.take(options, spelled(row.names.last()), value); !taken)
+            return taken;
+    }
+    return {};
+}
+
+// A value that begins with a minus, as negative frames do, would be taken for an option.
+QStringList withJoinedFrames(const QStringList& words)
+{
+    QStringList joined;
+    for (qsizetype i = 0; i < words.size(); ++i) {
+        const bool takesNext = words[i] == QLatin1String("--frames") && i + 1 < words.size();
+        joined << (takesNext ? words[i] + QLatin1Char('=') + words[i + 1] : words[i]);
+        i += takesNext ? 1 : 0;
+    }
+    return joined;
+}
+
+UT_Error missing(const char* what)
+{
+    return {QString::fromLatin1(what) + QStringLiteral("; for instance: quarvel render walk.scene -o out/n.####.exr")};
+}
+
+} // namespace
+
+UT_Result<RenderOptions> parseRenderOptions(const QStringList& words)
+{
+    const std::vector<Row> table = rows();
+    QCommandLineParser parser;
+    for (const Row& row : table)
+        parser.addOption(
+            QCommandLineOption(row.names, QString(), row.takesValue ? QStringLiteral("value") : QString()));
+    // The parser takes the first word for the program's name.
+    if (!parser.parse(QStringList{QStringLiteral("render")} + withJoinedFrames(words)))
+        return UT_Error{parser.errorText().chopped(1) + QStringLiteral("; quarvel help render lists what there is")};
+    RenderOptions options;
+    if (Taken taken = takeOptions(parser, table, options); !taken)
+        return taken.error();
+    if (options.help)
+        return options;
+    const QStringList scenes = parser.positionalArguments();
+    if (scenes.size() != 1)
+        return missing(scenes.isEmpty() ? "which scene?" : "one scene at a time is rendered");
+    options.scene = scenes.first();
+    if (options.output.isEmpty() && options.preview.isEmpty())
+        return missing("where do the frames go?");
+    return options;
+}
+
+std::pair<int, int> renderResolution(const RenderOptions& options, double frameHeight)
+{
+    constexpr int kUsualWidth = 1920;
+    const auto whole = [](double length) { return std::max(1, static_cast<int>(std::lround(std::min(length, 1e9)))); };
+    const QSize size = options.resolution.value_or(QSize(kUsualWidth, 0));
+    const double width = size.width();
+    const double height = size.height() > 0 ? size.height() : width * frameHeight / MO_SceneCommon::kFrameWidth;
+    return {whole(width / options.proxy), whole(height / options.proxy)};
+}

@@ -1,0 +1,58 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The words of "quarvel render", turned into settings. Pure: it looks at no file. A word that makes no sense gives an
+// error that says what was meant to stand there.
+#pragma once
+
+#include "QuarvelBaseCore/UT_Result.h"
+#include "QuarvelNormalMap/NM_Layout.h"
+#include "RenderProgress.h"
+#include "jobs/RenderedKind.h"
+
+#include <QSize>
+#include <QStringList>
+
+#include <optional>
+#include <utility>
+
+/// The whole command line of one run.
+struct RenderOptions
+{
+    QString scene;
+    QString output;
+    QString preview; ///< empty: none is made
+    QString frames;  ///< empty: all of the scene
+    QString node;    ///< empty: the scene's output
+
+    std::optional<QSize> resolution; ///< in pixels; a height of 0 follows from the scene's shape
+    int proxy = 1;                   ///< both sides are divided by this
+    bool renderInFloat = false;
+    bool half = false; ///< 16-bit floats in OpenEXR files
+
+    std::optional<RenderedKind> shown; ///< what the node's picture is taken for
+    NM_Layout layout = NM_Layout::TANGENT;
+    NM_YAxis yAxis = NM_YAxis::UP;
+    int pad = 0; ///< pixels
+
+    int jobs = 0;        ///< frames at once; 0: as many as the machine has threads
+    double memory = 0.0; ///< bytes; 0: half of what the machine has
+    bool resume = false;
+    std::pair<int, int> shard{1, 1}; ///< the first of, say, four: 1, 4
+    double framesPerSecond = 24.0;   ///< of the preview
+
+    RenderProgressStyle progress = RenderProgressStyle::AUTOMATIC;
+    bool quiet = false;
+    bool help = false;
+};
+
+/// Reads the words after "render".
+UT_Result<RenderOptions> parseRenderOptions(const QStringList& words);
+
+/// The size of the pictures: what the options ask for, or 1920 pixels wide in the scene's shape, divided by the proxy.
+///
+/// @param frameHeight the height of the scene's frame, whose width is 720
+/// @return each side at least 1
+std::pair<int, int> renderResolution(const RenderOptions& options, double frameHeight);
+
+/// What "quarvel help render" prints.
+QString renderHelp();

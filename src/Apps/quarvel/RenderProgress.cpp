@@ -1,0 +1,114 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The time left is what the rest takes at the pace so far.
+#include "RenderProgress.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace {
+
+constexpr int kBarWidth = 30;
+
+bool standardErrorIsTerminal()
+{
+#ifdef _WIN32
+    return _isatty(_fileno(stderr)) != 0;
+#else
+    return isatty(STDERR_FILENO) != 0;
+#endif
+}
+
+RenderProgressStyle chosen(RenderProgressStyle style)
+{
+    if (style != RenderProgressStyle::AUTOMATIC)
+        return style;
+    return standardErrorIsTerminal() ? RenderProgressStyle::BAR : RenderProgressStyle::LINES;
+}
+
+} // namespace
+
+RenderProgress::RenderProgress(RenderProgressStyle style, int total) : _style(chosen(style)), _total(total) {}
+
+RenderProgress::~RenderProgress()
+{
+    clear();
+}
+
+void RenderProgress::show(double fraction)
+{
+    const int percent = std::max(_percent, static_cast<int>(std::clamp(fraction, 0.0, 1.0) * 100.0 + 1e-9));
+    if (_style == RenderProgressStyle::LINES)
+        for (int step = _percent + 1; step <= percent; ++step)
+            std::fprintf(stderr, "%d%%\n", step);
+    const bool news = percent != _percent;
+    _percent = percent;
+    constexpr auto kBetweenDrawings = std::chrono::milliseconds(500);
+    if (_style == RenderProgressStyle::BAR && (news || Clock::now() - _drawn > kBetweenDrawings))
+        drawBar(fraction);
+}
+
+void RenderProgress::frameEnded(int frame, const QString& error)
+{
+    ++_done;
+    if (_style == RenderProgressStyle::BAR)
+        drawBar(_percent / 100.0);
+    if (_style != RenderProgressStyle::JSON)
+        return;
+    QJsonObject object{
+        {QStringLiteral("frame"), frame}, {QStringLiteral("done"), _done}, {QStringLiteral("total"), _total}};
+    if (!error.isEmpty())
+        object.insert(QStringLiteral("error"), error);
+    std::fprintf(stderr, "%s\n", QJsonDocument(object).toJson(QJsonDocument::Compact).constData());
+}
+
+void RenderProgress::clear()
+{
+    if (!_visible)
+        return;
+    std::fputs("\r\033[K", stderr);
+    std::fflush(stderr);
+    _visible = false;
+}
+
+QString RenderProgress::timeLeft(double fraction) const
+{
+    // A pace needs something to be measured by.
+    constexpr double kEnough = 0.005;
+    if (fraction < kEnough)
+        return {};
+    const double passed = std::chrono::duration<double>(Clock::now() - _begin).count();
+    return QStringLiteral(", %1 left").arg(spokenTime(passed * (1.0 - fraction) / fraction));
+}
+
+void RenderProgress::drawBar(double fraction)
+{
+    const int filled = std::clamp(_percent, 0, 100) * kBarWidth / 100;
+    const QString bar = QString(filled, QLatin1Char('#')) + QString(kBarWidth - filled, QLatin1Char('.'));
+    std::fprintf(stderr, "\r\033[K[%s] %3d%%  %d of %d frames%s", qPrintable(bar), std::max(0, _percent), _done, _total,
+                 qPrintable(timeLeft(fraction)));
+    std::fflush(stderr);
+    _visible = true;
+    _drawn = Clock::now();
+}
+
+QString spokenTime(double seconds)
+{
+    const auto whole = static_cast<long long>(std::ceil(std::clamp(seconds, 0.0, 1e12)));
+    const auto two = [](long long number) { return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')); };
+    if (whole < 60)
+        return QStringLiteral("%1 s").arg(whole);
+    if (whole < 3600)
+        return QStringLiteral("%1 min %2 s").arg(whole / 60).arg(two(whole % 60));
+    return QStringLiteral("%1 h %2 min").arg(whole / 3600).arg(two(whole / 60 % 60));
+}

@@ -1,0 +1,47 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The handler does nothing but what a handler may do: it sets a flag that needs no lock.
+#include "StopSignal.h"
+
+#include <atomic>
+#include <csignal>
+
+namespace {
+
+std::atomic<bool> stopCame = false;
+static_assert(std::atomic<bool>::is_always_lock_free);
+
+extern "C" void noteStop(int signal)
+{
+    stopCame = true;
+    std::signal(signal, SIG_DFL);
+}
+
+// What is to be ignored, as for programs in the background of some shells, stays ignored.
+void (*catchSignal(int signal))(int)
+{
+    void (*const before)(int) = std::signal(signal, noteStop);
+    if (before == SIG_IGN)
+        std::signal(signal, SIG_IGN);
+    return before;
+}
+
+} // namespace
+
+StopSignal::StopSignal() : _interrupt(nullptr), _terminate(nullptr)
+{
+    stopCame = false;
+    _interrupt = catchSignal(SIGINT);
+    _terminate = catchSignal(SIGTERM);
+}
+
+StopSignal::~StopSignal()
+{
+    std::signal(SIGINT, _interrupt);
+    std::signal(SIGTERM, _terminate);
+}
+
+bool StopSignal::came()
+{
+    return stopCame;
+}
