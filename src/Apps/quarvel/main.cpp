@@ -3,8 +3,6 @@
 // quarvel: the command line. Its first word names a command.
 #include "NormalMapCommand.h"
 #include "NormalMapOptions.h"
-#include "RenderCommand.h"
-#include "RenderOptions.h"
 #include "Say.h"
 
 #include <QGuiApplication>
@@ -28,7 +26,6 @@ struct Command
 
 constexpr std::array kCommands{
     Command{"normalmap", "DRAWING... [options]", "turns drawings into normal maps", runNormalMapCommand, normalMapHelp},
-    Command{"render", "SCENE -o FILE [options]", "renders frames of a scene", runRenderCommand, renderHelp},
 };
 
 const Command* findCommand(const QString& name)
