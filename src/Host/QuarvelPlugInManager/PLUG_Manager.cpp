@@ -8,6 +8,11 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QLibrary>
+#include <QPointer>
+#include <QTranslator>
+
+#include <memory>
+#include <utility>
 
 namespace {
 
@@ -36,6 +41,13 @@ UT_Result<void> load(const QDir& folder)
     return {};
 }
 
+/// The plug-ins' translators that are installed. They belong to the application.
+QList<QPointer<QTranslator>>& installedTranslators()
+{
+    static QList<QPointer<QTranslator>> translators;
+    return translators;
+}
+
 } // namespace
 
 QString PLUG_Manager::defaultFolder()
@@ -62,4 +74,21 @@ UT_Result<QStringList> PLUG_Manager::loadAll(const QString& folder)
         keywords.append(name);
     }
     return keywords;
+}
+
+QStringList PLUG_Manager::installTranslations(const QLocale& locale)
+{
+    for (const QPointer<QTranslator>& translator : std::exchange(installedTranslators(), {}))
+        delete translator;
+    QStringList translated;
+    for (const QString& keyword : PLUG_Services::loadedPlugins()) {
+        auto translator = std::make_unique<QTranslator>(QCoreApplication::instance());
+        const QString folder = PLUG_Services::getPluginPath(keyword) + QStringLiteral("/resources");
+        if (!translator->load(locale, keyword, QStringLiteral("_"), folder) ||
+            !QCoreApplication::installTranslator(translator.get()))
+            continue;
+        installedTranslators().append(translator.release());
+        translated.append(keyword);
+    }
+    return translated;
 }

@@ -10,6 +10,7 @@
 #include "QuarvelBaseCore/UT_Result.h"
 #include "QuarvelPlugInManager/QuarvelPlugInManagerExport.h"
 
+#include <QLocale>
 #include <QStringList>
 
 namespace PLUG_Manager {
@@ -24,5 +25,12 @@ QUARVELPLUGINMANAGER_EXPORT QString defaultFolder();
 /// @return the keywords of the plug-ins that are loaded, or what is wrong with the folder or the first plug-in that
 /// does not load
 QUARVELPLUGINMANAGER_EXPORT UT_Result<QStringList> loadAll(const QString& folder);
+
+/// Installs the translations that the loaded plug-ins bring for a locale: "resources/NAME_LOCALE.qm" in a plug-in's
+/// folder, where LOCALE is the language or the language and the country. Those installed before by this function are
+/// taken out. Texts that were shown before stay as they are. To be called from the main thread.
+///
+/// @return the keywords of the plug-ins that have a translation for the locale
+QUARVELPLUGINMANAGER_EXPORT QStringList installTranslations(const QLocale& locale);
 
 } // namespace PLUG_Manager

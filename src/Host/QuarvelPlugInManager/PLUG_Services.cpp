@@ -36,6 +36,17 @@ QString PLUG_Services::getPluginPath(const QString& keyword)
     return services().paths.value(keyword);
 }
 
+QStringList PLUG_Services::loadedPlugins()
+{
+    const std::lock_guard lock(services().pathsMutex);
+    QStringList keywords;
+    for (auto entry = services().paths.cbegin(); entry != services().paths.cend(); ++entry)
+        if (!entry.value().isEmpty())
+            keywords.append(entry.key());
+    keywords.sort();
+    return keywords;
+}
+
 PLUG_WidgetFactoryRegistry* PLUG_Services::getWidgetFactoryRegistry()
 {
     return services().registry;

@@ -3,15 +3,18 @@
 // PLUG_Services: what the host offers to a plug-in that is loaded: its folder, the widget factories, the current frame.
 #pragma once
 
+#include "QuarvelBaseCore/XUTeller.h"
 #include "QuarvelPlugInManager/PLUG_WidgetFactory.h"
+
+#include <QStringList>
 
 class MO_SceneCommon;
 
-/// Tells the frame that a person is looking at. GUI thread only.
-class QUARVELPLUGINMANAGER_EXPORT PLUG_CurrentFrameInterface
+/// Tells the frame that a person is looking at, and its listeners when that becomes another one. GUI thread only.
+class QUARVELPLUGINMANAGER_EXPORT PLUG_CurrentFrameInterface : public XUTeller
 {
 public:
-    virtual ~PLUG_CurrentFrameInterface();
+    ~PLUG_CurrentFrameInterface() override;
     virtual int currentFrame(const MO_SceneCommon& scene) const = 0;
 };
 
@@ -25,6 +28,9 @@ public:
     /// @param keyword the plug-in's folder name, which is the keyword of the node that it adds
     /// @return empty when no such plug-in is loaded
     static QString getPluginPath(const QString& keyword);
+
+    /// The keywords of the plug-ins that are loaded, sorted.
+    static QStringList loadedPlugins();
 
     /// Null in a program without an editor panel.
     static PLUG_WidgetFactoryRegistry* getWidgetFactoryRegistry();

@@ -1,0 +1,42 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The editors of attributes that are one of few: a check box for truth values, a list for enumerations.
+#pragma once
+
+#include "QuarvelPlugInManager/private/AttrEditor.h"
+
+class AT_BoolAttr;
+class AT_EnumAttrBase;
+class QCheckBox;
+class QComboBox;
+
+/// A check box that bears the attribute's label.
+class BoolAttrEditor : public AttrEditor
+{
+public:
+    BoolAttrEditor(AT_BoolAttr& attr, const AttrEditing& editing, QWidget* parent);
+    ~BoolAttrEditor() override;
+
+    void synchronize(double frame) override;
+    bool showsLabel() const override { return true; }
+    QWidget* field() const override;
+
+private:
+    QCheckBox* _box;
+};
+
+/// A list of the values' labels, without those that are kept for old files only, unless it is the value.
+class EnumAttrEditor : public AttrEditor
+{
+public:
+    EnumAttrEditor(AT_EnumAttrBase& attr, const AttrEditing& editing, QWidget* parent);
+    ~EnumAttrEditor() override;
+
+    void synchronize(double frame) override;
+    QWidget* field() const override;
+
+private:
+    void fill(const AT_EnumAttrBase& attr, int value);
+
+    QComboBox* _list;
+};

@@ -1,0 +1,90 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// LayoutBuilder: builds the widgets of a node's editor from its layout.
+//
+//     <layout version="1" context="Lens">
+//       <group title="Glass">
+//         <attr name="Radius"/>
+//         <row>
+//           <attr name="Thickness"/>
+//           <attr name="Coated"/>
+//         </row>
+//         <custom type="LensCurve" name="CurveEditor" attr="Curve"/>
+//         <text>Measured at the centre.</text>
+//       </group>
+//     </layout>
+//
+//  - layout: the whole. "context" is the context in which titles and texts are translated.
+//  - group: a frame with a title around what is in it.
+//  - row: what is in it, side by side.
+//  - attr: the standard widgets for the attribute of that key, with its label.
+//  - custom: a widget of a type that a plug-in's factory makes; with "attr" it bears that attribute's label, and is
+//    taken to edit that attribute and no other.
+//  - text: a remark.
+//
+// What is not understood, an attribute that the node does not have, and a type that nobody makes, are left out with a
+// warning.
+#pragma once
+
+#include "QuarvelPlugInManager/private/AttrEditor.h"
+
+#include <QDomElement>
+#include <QStringList>
+
+#include <vector>
+
+class MO_NodeEditorComponentInterface;
+class MO_Node;
+class PLUG_EditorWidgets;
+class QGridLayout;
+class QLabel;
+
+/// What was built.
+struct BuiltEditor
+{
+    /// A component that was found on a custom widget.
+    struct Component
+    {
+        MO_NodeEditorComponentInterface* component;
+        QString attr; ///< the key of the attribute that it edits; empty when the layout does not say
+    };
+
+    QWidget* content = nullptr;
+    std::vector<AttrEditor*> fields;
+    std::vector<Component> components;
+    QStringList warnings;
+};
+
+/// Builds one editor.
+class LayoutBuilder
+{
+public:
+    /// @param widgets the custom types; may be null
+    LayoutBuilder(MO_Node& node, const AttrEditing& editing, const PLUG_EditorWidgets* widgets);
+
+    /// Builds the widgets; a null element, or one that is no layout, lists the node's attributes as they come.
+    ///
+    /// @param parent becomes the parent of the content
+    BuiltEditor build(const QDomElement& layout, QWidget* parent);
+
+private:
+    /// Rows of a label and a field each.
+    void addChildren(const QDomElement& element, QGridLayout* grid);
+    void addGroup(const QDomElement& element, QGridLayout* grid);
+    void addRow(const QDomElement& element, QGridLayout* grid);
+    void addAttr(AT_Attr& attr, QGridLayout* grid);
+    void addCustom(const QDomElement& element, QGridLayout* grid);
+    void addText(const QDomElement& element, QGridLayout* grid);
+    AttrEditor* makeField(AT_Attr& attr, QWidget* parent);
+    QLabel* makeLabel(const QString& label, QWidget* parent) const;
+    AT_Attr* attrOf(const QDomElement& element);
+    QString translated(const QString& text) const;
+    void alignLabels() const;
+
+    MO_Node& _node;
+    const AttrEditing& _editing;
+    const PLUG_EditorWidgets* _widgets;
+    QByteArray _context;
+    std::vector<QLabel*> _labels; ///< those in the first column
+    BuiltEditor _built;
+};
