@@ -1,0 +1,8 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The colour table's class.
+#include "editors/ColorTableView.h"
+
+ColorTableView::ColorTableView(QWidget* parent) : QTableWidget(parent) {}
+
+ColorTableView::~ColorTableView() = default;

@@ -1,0 +1,49 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// SliderSpinBoxCombo: a level as a slider and a spin box side by side. People see percent, programs a level from 0 to
+// 255; a level that is shown and reported back may come back smaller, since percent are coarser.
+//
+// The level is reported when the slider is let go and when the spin box changes, never while the slider is dragged. A
+// drag of the slider silences the spin box of the same control for good.
+#pragma once
+
+#include <QFrame>
+
+class QSlider;
+class QSpinBox;
+
+/// The control. GUI thread only.
+class SliderSpinBoxCombo : public QFrame
+{
+    Q_OBJECT
+
+public:
+    /// Hears of new levels.
+    class Callback
+    {
+    public:
+        virtual ~Callback() = default;
+        /// @param id    the number of the control
+        /// @param value the new level, from 0 to 255
+        virtual void valueChanged(int id, int value) = 0;
+    };
+
+    /// @param callback may be null; else outlives the control
+    /// @param id       passed back to the callback
+    /// @param value    the level to begin with; what lies outside 0 to 255 is shown as the nearest percentage
+    SliderSpinBoxCombo(Callback* callback, int id, int value);
+    ~SliderSpinBoxCombo() override;
+
+private Q_SLOTS:
+    void onSliderMoved(int value);
+    void onSliderReleased();
+    void onSpinBoxChanged(int value);
+
+private:
+    void report();
+
+    Callback* callback;
+    QSlider* slider;
+    QSpinBox* spinBox;
+    int id;
+};
