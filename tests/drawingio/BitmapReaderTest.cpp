@@ -1,0 +1,115 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Bitmaps as drawings.
+#include "Drawings.h"
+
+#include "QuarvelDrawingIO/DIO_BitmapReader.h"
+#include "QuarvelDrawingIO/DIO_DrawingReader.h"
+#include "QuarvelDrawingIO/DIO_KvdConversion.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+using testing::HasSubstr;
+
+namespace {
+
+class BitmapReader : public testing::Test
+{
+protected:
+    QString save(const QString& name, const QImage& image, const char* format = nullptr) const
+    {
+        EXPECT_TRUE(image.save(_folder.filePath(name), format));
+        return _folder.filePath(name);
+    }
+
+    QString write(const QString& name, const QByteArray& bytes) const
+    {
+        QFile file(_folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        return file.fileName();
+    }
+
+    static std::string refusalOf(const QString& path)
+    {
+        const UT_Result<DIO_Drawing> drawing = DIO_readDrawing(path);
+        return drawing ? std::string() : drawing.error().text.toStdString();
+    }
+
+private:
+    QTemporaryDir _folder;
+};
+
+// Left half opaque, right half a quarter as opaque.
+QImage halves()
+{
+    QImage image(4, 2, QImage::Format_ARGB32);
+    image.fill(QColor(200, 0, 0));
+    for (int y = 0; y < 2; ++y)
+        for (int x = 2; x < 4; ++x)
+            image.setPixelColor(x, y, QColor(0, 200, 0, 0));
+    return image;
+}
+
+} // namespace
+
+TEST_F(BitmapReader, yieldsOneShapeThatShowsThePixels)
+{
+    const UT_Result<DIO_Drawing> drawing = DIO_readDrawing(save("hero_01.png", halves()));
+    ASSERT_TRUE(drawing) << drawing.error().text.toStdString();
+    EXPECT_EQ(drawing->size, QSizeF(4, 2));
+    EXPECT_EQ(drawing->viewBox, QRectF(0, 0, 4, 2));
+    ASSERT_EQ(drawings::layerNames(*drawing), QStringList{"hero"});
+    const DIO_Shape& shape = drawing->layers[0].shapes.at(0);
+    EXPECT_EQ(shape.path.boundingRect(), QRectF(0, 0, 4, 2));
+    EXPECT_EQ(shape.picture, halves());
+}
+
+TEST_F(BitmapReader, paintsInTheAverageOfWhatIsCovered)
+{
+    const UT_Result<DIO_Drawing> drawing = DIO_readDrawing(save("hero.png", halves()));
+    ASSERT_TRUE(drawing);
+    ASSERT_EQ(drawing->palette.size(), 1U);
+    EXPECT_EQ(drawing->palette[0].kind, DIO_Paint::Kind::SOLID);
+    EXPECT_EQ(drawing->palette[0].name, "#c80000");
+}
+
+TEST_F(BitmapReader, givesThePictureOnToTheVectorDrawing)
+{
+    const UT_Result<DIO_Drawing> drawing = DIO_readDrawing(save("hero.png", halves()));
+    ASSERT_TRUE(drawing);
+    const auto kvd = DIO_toKvd(*drawing, 0, DIO_toPalette(*drawing));
+    EXPECT_EQ(kvd->shapes(GR_Art::COLOUR)[0].picture, halves());
+}
+
+TEST_F(BitmapReader, goesByTheContentsNotTheName)
+{
+    EXPECT_EQ(refusalOf(save("hero.bmp", halves(), "PNG")), "");
+}
+
+TEST_F(BitmapReader, refusesWhatIsNoPicture)
+{
+    EXPECT_THAT(refusalOf(write("a.png", "text")), testing::AllOf(HasSubstr("a.png"), HasSubstr("no picture")));
+    EXPECT_THAT(refusalOf(write("a.png", "")), HasSubstr("no picture"));
+    EXPECT_THAT(refusalOf(write("a.png", drawings::document("<rect width='9' height='9'/>"))), HasSubstr("no picture"))
+        << "a drawing would open other files";
+    EXPECT_THAT(refusalOf("none.png"), HasSubstr("there is no such file"));
+}
+
+TEST_F(BitmapReader, refusesPicturesBeyondThirtyMillionPixels)
+{
+    QImage wide(6000, 5001, QImage::Format_Mono);
+    wide.fill(0);
+    EXPECT_THAT(refusalOf(save("a.png", wide)), testing::AllOf(HasSubstr("6000 x 5001"), HasSubstr("30 million")));
+}
+
+TEST_F(BitmapReader, readsPicturesOfManyBits)
+{
+    QImage deep(2, 1, QImage::Format_RGBA64);
+    deep.fill(Qt::transparent);
+    deep.setPixelColor(0, 0, QColor::fromRgba64(1000, 2000, 3000, 65535));
+    const UT_Result<DIO_Drawing> drawing = DIO_readDrawing(save("a.png", deep));
+    ASSERT_TRUE(drawing);
+    EXPECT_EQ(drawing->layers[0].shapes[0].picture.pixelColor(0, 0).rgba64().red(), 1000);
+}
