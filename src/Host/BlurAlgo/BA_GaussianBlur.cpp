@@ -115,7 +115,7 @@ void forBands(Interval y, int width, const Work& work)
     });
 }
 
-bool withinLimits(const Math::Box2di& box)
+[[maybe_unused]] bool withinLimits(const Math::Box2di& box)
 {
     constexpr int kLimit = BA_GaussianBlur::kLargestCoordinate;
     return box.x1 >= -kLimit && box.y1 >= -kLimit && box.x2 <= kLimit && box.y2 <= kLimit;
