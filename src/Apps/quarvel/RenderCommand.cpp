@@ -10,15 +10,18 @@
 #include "Say.h"
 #include "SilencedOutput.h"
 #include "StopSignal.h"
+#include "jobs/FilmFile.h"
 #include "jobs/FrameOnDisk.h"
 #include "jobs/FrameRange.h"
 #include "jobs/MachineMemory.h"
 #include "jobs/RenderFrames.h"
 #include "jobs/RenderMemory.h"
+#include "jobs/RenderPreview.h"
 
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <thread>
 
 namespace {
@@ -83,6 +86,17 @@ UT_Result<FrameFileName> fileOf(const RenderOptions& options, std::size_t frames
     return name;
 }
 
+UT_Result<void> nameFiles(const RenderOptions& options, RenderFramesSettings& settings)
+{
+    if (!options.output.isEmpty()) {
+        const auto file = fileOf(options, settings.frames.size());
+        if (!file)
+            return file.error();
+        settings.file = *file;
+    }
+    return options.preview.isEmpty() ? UT_Result<void>() : FilmFile::check(options.preview);
+}
+
 FramePictureSettings pictureSettings(const RenderOptions& options, const Plan& plan)
 {
     FramePictureSettings picture;
@@ -126,10 +140,8 @@ UT_Result<Plan> planOf(const MO_Scene& scene, const RenderOptions& options)
     if (!atOnce)
         return atOnce.error();
     plan.settings.atOnce = *atOnce;
-    const auto file = fileOf(options, frames->size());
-    if (!file)
-        return file.error();
-    plan.settings.file = *file;
+    if (const auto named = nameFiles(options, plan.settings); !named)
+        return named.error();
     plan.settings.picture = pictureSettings(options, plan);
     if (options.resume)
         plan.settings.resumeAfter = newestChange(options.scene);
@@ -152,7 +164,7 @@ RenderFramesResult run(const Plan& plan, const RenderOptions& options)
     return renderFrames(*plan.module, plan.source.nodes, plan.settings, watcher);
 }
 
-int summary(const RenderFramesResult& result, const RenderOptions& options)
+void printSummary(const RenderFramesResult& result, const RenderOptions& options)
 {
     QString text = QStringLiteral("%1 -> %2: %3 written").arg(options.scene, options.output).arg(result.written);
     if (result.kept > 0)
@@ -160,11 +172,55 @@ int summary(const RenderFramesResult& result, const RenderOptions& options)
     if (result.failed > 0)
         text += QStringLiteral(", %1 failed").arg(result.failed);
     std::printf("%s\n", qPrintable(text));
-    if (result.stopped) {
-        say(QStringLiteral("stopped; --resume goes on from here"));
+}
+
+int renderFiles(const Plan& plan, const RenderOptions& options)
+{
+    if (options.output.isEmpty())
+        return 0;
+    const RenderFramesResult result = run(plan, options);
+    printSummary(result, options);
+    if (result.stopped)
         return kStopped;
-    }
     return result.failed > 0 ? kFailed : 0;
+}
+
+int renderFilm(const Plan& plan, const RenderOptions& options)
+{
+    if (options.preview.isEmpty())
+        return 0;
+    const RenderPreviewSettings settings{.frames = plan.settings.frames,
+                                         .parameters = plan.settings.parameters,
+                                         .shown = plan.settings.picture.shown,
+                                         .file = options.preview,
+                                         .framesPerSecond = options.framesPerSecond,
+                                         .atOnce = plan.settings.atOnce};
+    RenderFramesWatcher watcher;
+    watcher.stop = &StopSignal::came;
+    const auto made = renderPreview(*plan.module, plan.source, settings, watcher);
+    if (!made) {
+        if (!StopSignal::came())
+            say(made.error().text);
+        return StopSignal::came() ? kStopped : kFailed;
+    }
+    if (*made != options.preview)
+        say(QStringLiteral("ffmpeg is not installed, so the preview is an animated PNG: %1").arg(*made));
+    std::printf("%s -> %s\n", qPrintable(options.scene), qPrintable(*made));
+    return 0;
+}
+
+int renderAll(const Plan& plan, const RenderOptions& options)
+{
+    if (plan.settings.frames.empty()) {
+        std::printf("%s: this shard has no frames\n", qPrintable(options.scene));
+        return 0;
+    }
+    int exitCode = renderFiles(plan, options);
+    if (exitCode != kStopped)
+        exitCode = std::max(exitCode, renderFilm(plan, options));
+    if (exitCode == kStopped)
+        say(QStringLiteral("stopped; --resume goes on from here"));
+    return exitCode;
 }
 
 } // namespace
@@ -192,5 +248,5 @@ int runRenderCommand(const QStringList& words)
         return kWrongUsage;
     }
     const SilencedOutput silenced(options->quiet);
-    return summary(run(*plan, *options), *options);
+    return renderAll(*plan, *options);
 }
