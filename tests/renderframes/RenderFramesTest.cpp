@@ -1,0 +1,348 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Runs over many frames: the files, their pixels, and what happens when something goes wrong.
+#include "QuarvelImageIO/IIO_PictureFile.h"
+#include "QuarvelSceneCore/MO_SceneCommon.h"
+#include "SmallScene.h"
+#include "jobs/FrameOnDisk.h"
+#include "jobs/FrameRange.h"
+
+#include <QFileInfo>
+
+#include <gmock/gmock.h>
+
+#include <atomic>
+#include <cmath>
+#include <numeric>
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace {
+
+std::vector<int> framesTo(int last)
+{
+    std::vector<int> frames(static_cast<std::size_t>(last));
+    std::iota(frames.begin(), frames.end(), 1);
+    return frames;
+}
+
+class RenderFramesTest : public SmallScene
+{
+protected:
+    IIO_Picture read(const char* name) const
+    {
+        UT_Result<IIO_Picture> picture = IIO_read(path(name));
+        EXPECT_TRUE(picture) << picture.error().text.toStdString();
+        return std::move(*picture);
+    }
+    void setAge(const QString& file, int seconds) const
+    {
+        QFile touched(file);
+        ASSERT_TRUE(touched.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(
+            touched.setFileTime(QDateTime::currentDateTime().addSecs(-seconds), QFileDevice::FileModificationTime));
+    }
+};
+
+TEST_F(RenderFramesTest, GiveTheSameBytesHoweverManyRunAtOnce)
+{
+    RenderFramesSettings one = settings("one/n.####.exr", framesTo(48));
+    RenderFramesSettings two = settings("two/n.####.exr", framesTo(48));
+    two.atOnce = 2;
+    EXPECT_EQ(render(one).written, 48);
+    EXPECT_EQ(render(two).written, 48);
+    for (const int frame : one.frames)
+        EXPECT_EQ(bytes(one.file.of(frame)), bytes(two.file.of(frame))) << frame;
+}
+
+TEST_F(RenderFramesTest, InShardsGiveTheSameSet)
+{
+    EXPECT_EQ(render(settings("all/n.##.png", framesTo(10))).written, 10);
+    for (int shard = 1; shard <= 3; ++shard)
+        render(settings("shards/n.##.png", shardOf(framesTo(10), shard, 3)));
+    ASSERT_EQ(filesIn("shards"), filesIn("all"));
+    for (const QString& name : filesIn("all"))
+        EXPECT_EQ(bytes(path("all/") + name), bytes(path("shards/") + name)) << name.toStdString();
+}
+
+TEST_F(RenderFramesTest, DifferWhereAnAttributeIsAnimated)
+{
+    render(settings("n.##.png", {1, 24, 48}));
+    const auto pixelsOf = [&](const char* name) {
+        const IIO_Picture picture = read(name);
+        std::vector<std::uint16_t> all;
+        for (int y = 0; y < picture.height(); ++y)
+            std::ranges::copy(picture.row<std::uint16_t>(y), std::back_inserter(all));
+        return all;
+    };
+    EXPECT_NE(pixelsOf("n.01.png"), pixelsOf("n.24.png"));
+    EXPECT_NE(pixelsOf("n.24.png"), pixelsOf("n.48.png"));
+}
+
+TEST_F(RenderFramesTest, HoldUnitVectorsInNamedLayers)
+{
+    render(settings("n.#.exr", {24}));
+    const IIO_Picture picture = read("n.24.exr");
+    QStringList channels = picture.channels();
+    channels.sort();
+    ASSERT_EQ(channels, (QStringList{QStringLiteral("N.X"), QStringLiteral("N.Y"), QStringLiteral("N.Z"),
+                                     QStringLiteral("coverage.A"), QStringLiteral("elevation.Y")}));
+    const auto at = [&](const char* name) { return picture.channels().indexOf(QLatin1String(name)); };
+    int leaning = 0;
+    float highest = 0.0F;
+    for (int y = picture.dataWindow().y1; y < picture.dataWindow().y2; ++y) {
+        const auto row = picture.row<float>(y);
+        for (std::size_t i = 0; i < row.size(); i += 5) {
+            const float* const pixel = row.data() + i;
+            const float x = pixel[at("N.X")];
+            const float yy = pixel[at("N.Y")];
+            const float z = pixel[at("N.Z")];
+            ASSERT_NEAR(x * x + yy * yy + z * z, 1.0F, 1e-5F);
+            leaning += std::abs(x) > 0.1F ? 1 : 0;
+            highest = std::max(highest, pixel[at("elevation.Y")]);
+            ASSERT_GE(pixel[at("coverage.A")], 0.0F);
+            ASSERT_LE(pixel[at("coverage.A")], 1.0F);
+        }
+    }
+    EXPECT_GT(leaning, 10);
+    EXPECT_GT(highest, 0.5F);
+}
+
+TEST_F(RenderFramesTest, LeanToTheSideThatYNames)
+{
+    RenderFramesSettings up = settings("up.exr", {24});
+    RenderFramesSettings down = settings("down.exr", {24});
+    down.picture.yAxis = NM_YAxis::DOWN;
+    render(up);
+    render(down);
+    const IIO_Picture upwards = read("up.exr");
+    const IIO_Picture downwards = read("down.exr");
+    const auto y = upwards.channels().indexOf(QLatin1String("N.Y"));
+    // The square's upper edge is row 8: just below it the surface faces up.
+    const auto atEdge = [&](const IIO_Picture& picture) {
+        return picture.row<float>(9)[static_cast<std::size_t>((16 - picture.dataWindow().x1) * 5 + y)];
+    };
+    EXPECT_GT(atEdge(upwards), 0.1F);
+    EXPECT_FLOAT_EQ(atEdge(downwards), -atEdge(upwards));
+}
+
+TEST(FramePicture, KeepsWhatLiesBeyondTheFrameInFilesOfFloats)
+{
+    const Math::Box2di frame(0, 0, 64, 32);
+    CEL_PixmapAreaRGBA16 pixmap({64, 32}, frame);
+    pixmap.realloc({-3, 4, 60, 40}, true);
+    pixmap.at(-3, 4) = {16384, 16384, 32767, 32767};
+    FramePictureSettings settings;
+    settings.floatFile = true;
+    const auto layers = framePicture(pixmap, frame, settings, 1);
+    ASSERT_TRUE(layers);
+    EXPECT_EQ(layers->displayWindow(), frame);
+    EXPECT_EQ(layers->dataWindow(), Math::Box2di(-3, 0, 64, 40));
+    EXPECT_EQ(layers->row<float>(4)[3], 1.0F);
+    settings.shown = RenderedKind::COLOURS;
+    EXPECT_EQ(framePicture(pixmap, frame, settings, 1)->dataWindow(), Math::Box2di(-3, 0, 64, 40));
+    settings.floatFile = false;
+    EXPECT_EQ(framePicture(pixmap, frame, settings, 1)->dataWindow(), frame);
+}
+
+TEST_F(RenderFramesTest, HaveTheFrameAsTheirDisplayWindow)
+{
+    render(settings("n.exr", {48}));
+    const IIO_Picture picture = read("n.exr");
+    EXPECT_EQ(picture.displayWindow(), Math::Box2di(0, 0, 64, 32));
+    EXPECT_TRUE(picture.dataWindow().contains(picture.displayWindow()));
+}
+
+TEST_F(RenderFramesTest, SayWhatTheyAre)
+{
+    render(settings("n.exr", {24}));
+    const IIO_Metadata texts = read("n.exr").metadata();
+    const auto text = [&](const char* key) { return texts.value(QString::fromLatin1(key)).toStdString(); };
+    EXPECT_EQ(text("Scene"), "small.scene");
+    EXPECT_EQ(text("Node"), "Normal-Map");
+    EXPECT_EQ(text("Frame"), "24");
+    EXPECT_EQ(text("Y"), "up");
+    EXPECT_EQ(text("Layout"), "tangent");
+    EXPECT_THAT(text("Software"), HasSubstr("Vallorin "));
+}
+
+TEST_F(RenderFramesTest, InTheLayoutNodeHoldTheNodesOwnChannels)
+{
+    RenderFramesSettings made = settings("n.exr", {24});
+    made.picture.layout = NM_Layout::NODE;
+    made.picture.elevation = needsElevationInBlue(made.picture);
+    render(made);
+    const IIO_Picture picture = read("n.exr");
+    EXPECT_EQ(picture.channels(), IIO_channelsRgba());
+    EXPECT_EQ(picture.metadata().value(QStringLiteral("Layout")), QStringLiteral("node"));
+}
+
+TEST_F(RenderFramesTest, OfADrawingAreItsColours)
+{
+    RenderFramesSettings made = settings("n.png", {1});
+    made.picture.source = RenderedKind::COLOURS;
+    made.picture.shown = RenderedKind::COLOURS;
+    EXPECT_EQ(renderFrames(drawing(), {}, made, {}).written, 1);
+    const IIO_Picture picture = read("n.png");
+    // The middle of the square: #c06030, a byte b being 257 b in 16 bits; the renderer has 15 of them.
+    const auto middle = picture.row<std::uint16_t>(16).subspan(std::size_t{16} * 4, 4);
+    EXPECT_NEAR(middle[0], 0xc0 * 257, 2);
+    EXPECT_NEAR(middle[1], 0x60 * 257, 2);
+    EXPECT_NEAR(middle[2], 0x30 * 257, 2);
+    EXPECT_EQ(middle[3], 65535);
+    EXPECT_EQ(picture.row<std::uint16_t>(1)[3], 0);
+}
+
+TEST_F(RenderFramesTest, ShowTheElevationInstead)
+{
+    RenderFramesSettings made = settings("n.png", {48});
+    made.picture.shown = RenderedKind::ELEVATION;
+    made.picture.elevation = needsElevationInBlue(made.picture);
+    EXPECT_TRUE(made.picture.elevation);
+    render(made);
+    const IIO_Picture picture = read("n.png");
+    const auto row = picture.row<std::uint16_t>(16);
+    const auto pixel = [&](int x) { return row[static_cast<std::size_t>(x * picture.channelCount())]; };
+    EXPECT_GT(pixel(16), pixel(29));
+    EXPECT_GT(pixel(29), pixel(60));
+    EXPECT_EQ(pixel(60), 0);
+}
+
+TEST_F(RenderFramesTest, LookAlikeInAProxy)
+{
+    render(settings("full.exr", {24}));
+    RenderFramesSettings made = settings("proxy.exr", {24});
+    made.parameters.resolution = {32, 16};
+    render(made);
+    const IIO_Picture full = read("full.exr");
+    const IIO_Picture proxy = read("proxy.exr");
+    const auto height = full.channels().indexOf(QLatin1String("elevation.Y"));
+    const auto elevation = [&](const IIO_Picture& picture, int x, int y) {
+        return picture.row<float>(y)[static_cast<std::size_t>((x - picture.dataWindow().x1) * 5 + height)];
+    };
+    double difference = 0.0;
+    for (int y = 4; y < 12; ++y)
+        for (int x = 0; x < 16; ++x) {
+            const float mean = (elevation(full, 2 * x, 2 * y) + elevation(full, 2 * x + 1, 2 * y) +
+                                elevation(full, 2 * x, 2 * y + 1) + elevation(full, 2 * x + 1, 2 * y + 1)) /
+                               4.0F;
+            difference += std::abs(mean - elevation(proxy, x, y)) / (8 * 16);
+        }
+    EXPECT_LT(difference, 0.05);
+}
+
+TEST_F(RenderFramesTest, GoOnWhenOneFails)
+{
+    // A folder stands where frame 2 is to go.
+    ASSERT_TRUE(QDir().mkpath(path("out/n.2.png")));
+    QStringList reasons;
+    RenderFramesWatcher watcher;
+    watcher.ended = [&](int frame, FrameEnd end, const QString& reason) {
+        if (end == FrameEnd::FAILED)
+            reasons << QStringLiteral("%1: %2").arg(frame).arg(reason);
+    };
+    const RenderFramesResult result = render(settings("out/n.#.png", {1, 2, 3}), watcher);
+    EXPECT_EQ(result.written, 2);
+    EXPECT_EQ(result.failed, 1);
+    EXPECT_FALSE(result.stopped);
+    ASSERT_EQ(reasons.size(), 1);
+    EXPECT_THAT(reasons.first().toStdString(), testing::StartsWith("2: "));
+    EXPECT_EQ(filesIn("out"), (QStringList{QStringLiteral("n.1.png"), QStringLiteral("n.3.png")}));
+}
+
+TEST_F(RenderFramesTest, StopInOrder)
+{
+    std::atomic<int> ended = 0;
+    RenderFramesWatcher watcher;
+    watcher.ended = [&](int, FrameEnd, const QString&) { ++ended; };
+    watcher.stop = [&] { return ended >= 3; };
+    const RenderFramesResult result = render(settings("out/n.##.exr", framesTo(48)), watcher);
+    EXPECT_TRUE(result.stopped);
+    EXPECT_EQ(result.failed, 0);
+    EXPECT_EQ(result.written, 3);
+    EXPECT_EQ(filesIn("out").size(), 3);
+}
+
+TEST_F(RenderFramesTest, TellProgressThatNeverGoesBack)
+{
+    double last = 0.0;
+    RenderFramesWatcher watcher;
+    watcher.progress = [&](double done) {
+        EXPECT_GE(done, last);
+        last = done;
+    };
+    RenderFramesSettings made = settings("n.##.png", framesTo(6));
+    made.atOnce = 2;
+    render(made, watcher);
+    EXPECT_NEAR(last, 1.0, 1e-9);
+}
+
+TEST_F(RenderFramesTest, ResumeLeavesCompleteFramesAlone)
+{
+    RenderFramesSettings made = settings("out/n.#.png", {1, 2, 3});
+    render(made);
+    made.resumeAfter = QDateTime::currentDateTime().addSecs(-60);
+    const QByteArray second = bytes(made.file.of(2));
+    QFile cut(made.file.of(2));
+    ASSERT_TRUE(cut.resize(second.size() - 5));
+    const RenderFramesResult result = render(made);
+    EXPECT_EQ(result.kept, 2);
+    EXPECT_EQ(result.written, 1);
+    EXPECT_EQ(bytes(made.file.of(2)), second);
+}
+
+TEST_F(RenderFramesTest, ResumeRendersWhatIsOlderThanTheScene)
+{
+    RenderFramesSettings made = settings("out/n.#.png", {1, 2});
+    render(made);
+    setAge(made.file.of(1), 120);
+    made.resumeAfter = QDateTime::currentDateTime().addSecs(-60);
+    const RenderFramesResult result = render(made);
+    EXPECT_EQ(result.kept, 1);
+    EXPECT_EQ(result.written, 1);
+}
+
+TEST_F(RenderFramesTest, ResumeRendersWhatWasMadeOtherwise)
+{
+    RenderFramesSettings made = settings("n.png", {1});
+    render(made);
+    made.resumeAfter = QDateTime();
+    EXPECT_EQ(render(made).kept, 1);
+    RenderFramesSettings otherSize = made;
+    otherSize.parameters.resolution = {32, 16};
+    EXPECT_EQ(render(otherSize).kept, 0);
+    EXPECT_EQ(render(otherSize).kept, 1);
+    RenderFramesSettings otherFrame = otherSize;
+    otherFrame.frames = {2};
+    EXPECT_EQ(render(otherFrame).kept, 0);
+    RenderFramesSettings otherY = otherFrame;
+    otherY.picture.yAxis = NM_YAxis::DOWN;
+    EXPECT_EQ(render(otherY).kept, 0);
+}
+
+TEST_F(RenderFramesTest, ResumeRendersATruncatedExrAgain)
+{
+    RenderFramesSettings made = settings("n.exr", {1});
+    render(made);
+    made.resumeAfter = QDateTime();
+    EXPECT_EQ(render(made).kept, 1);
+    const QByteArray whole = bytes(path("n.exr"));
+    ASSERT_TRUE(QFile(path("n.exr")).resize(whole.size() / 2));
+    EXPECT_EQ(render(made).kept, 0);
+    EXPECT_EQ(bytes(path("n.exr")), whole);
+}
+
+TEST_F(RenderFramesTest, NewestChangeIsThatOfAnyFileBelow)
+{
+    ASSERT_TRUE(QDir().mkpath(path("a/b")));
+    write("a/old", "1");
+    write("a/b/new", "1");
+    setAge(path("a/old"), 100);
+    setAge(path("a/b/new"), 50);
+    EXPECT_EQ(newestChange(path("a")), QFileInfo(path("a/b/new")).lastModified());
+    EXPECT_FALSE(newestChange(path("nowhere")).isValid());
+}
+
+} // namespace

@@ -1,0 +1,114 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The words of the command.
+#include "RenderOptions.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using testing::HasSubstr;
+using testing::Pair;
+
+namespace {
+
+QStringList split(const char* words)
+{
+    return QString::fromUtf8(words).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+RenderOptions options(const char* words)
+{
+    const auto parsed = parseRenderOptions(split("walk.scene -o n.####.exr") + split(words));
+    EXPECT_TRUE(parsed) << parsed.error().text.toStdString();
+    return parsed ? *parsed : RenderOptions();
+}
+
+std::string refused(const char* words)
+{
+    const auto parsed = parseRenderOptions(split(words));
+    EXPECT_FALSE(parsed) << words;
+    return parsed ? std::string() : parsed.error().text.toStdString();
+}
+
+TEST(RenderOptions, TakeASceneAndAFile)
+{
+    const RenderOptions parsed = options("");
+    EXPECT_EQ(parsed.scene.toStdString(), "walk.scene");
+    EXPECT_EQ(parsed.output.toStdString(), "n.####.exr");
+    EXPECT_EQ(parsed.layout, NM_Layout::TANGENT);
+    EXPECT_EQ(parsed.yAxis, NM_YAxis::UP);
+    EXPECT_FALSE(parsed.shown);
+}
+
+TEST(RenderOptions, AskForWhatIsMissing)
+{
+    EXPECT_THAT(refused("-o n.exr"), HasSubstr("which scene"));
+    EXPECT_THAT(refused("walk.scene"), HasSubstr("where do the frames go"));
+    EXPECT_THAT(refused("a.scene b.scene -o n.exr"), HasSubstr("one scene at a time"));
+}
+
+TEST(RenderOptions, TakeFramesThatBeginWithAMinus)
+{
+    EXPECT_EQ(options("--frames -5--1").frames.toStdString(), "-5--1");
+}
+
+TEST(RenderOptions, TakeMemoryInUnits)
+{
+    EXPECT_EQ(options("--memory 4G").memory, 4.0 * 1024 * 1024 * 1024);
+    EXPECT_EQ(options("--memory 1.5k").memory, 1536.0);
+    EXPECT_EQ(options("--memory 512MB").memory, 512.0 * 1024 * 1024);
+    EXPECT_THAT(refused("s -o n.exr --memory lots"), HasSubstr("512M or 4G"));
+    EXPECT_THAT(refused("s -o n.exr --memory 0"), HasSubstr("512M or 4G"));
+}
+
+TEST(RenderOptions, TakeShardsWithinTheirNumber)
+{
+    EXPECT_THAT(options("--shard 2/8").shard, Pair(2, 8));
+    for (const char* wrong : {"0/8", "9/8", "2", "a/b", "1/2/3", "-1/2"})
+        EXPECT_THAT(refused(qPrintable(QStringLiteral("s -o n.exr --shard=%1").arg(QLatin1String(wrong)))),
+                    HasSubstr("--shard"));
+}
+
+TEST(RenderOptions, TakeEveryStyleOfProgress)
+{
+    EXPECT_EQ(options("").progress, RenderProgressStyle::AUTOMATIC);
+    EXPECT_EQ(options("--progress bar").progress, RenderProgressStyle::BAR);
+    EXPECT_EQ(options("--progress lines").progress, RenderProgressStyle::LINES);
+    EXPECT_EQ(options("--progress json").progress, RenderProgressStyle::JSON);
+    EXPECT_EQ(options("--progress none").progress, RenderProgressStyle::NONE);
+}
+
+TEST(RenderOptions, TakeWhatThePictureIsTakenFor)
+{
+    EXPECT_EQ(options("--as normals").shown, RenderedKind::NORMALS);
+    EXPECT_EQ(options("--as elevation").shown, RenderedKind::ELEVATION);
+    EXPECT_EQ(options("--as colours").shown, RenderedKind::COLOURS);
+    EXPECT_EQ(options("--layout node").layout, NM_Layout::NODE);
+    EXPECT_EQ(options("--y down").yAxis, NM_YAxis::DOWN);
+}
+
+TEST(RenderResolution, IsAFullHdWidthInTheScenesShape)
+{
+    EXPECT_THAT(renderResolution(options(""), 405.0), Pair(1920, 1080));
+    EXPECT_THAT(renderResolution(options(""), 720.0), Pair(1920, 1920));
+    EXPECT_THAT(renderResolution(options("--resolution 640"), 405.0), Pair(640, 360));
+    EXPECT_THAT(renderResolution(options("--resolution 640x480"), 405.0), Pair(640, 480));
+}
+
+TEST(RenderResolution, IsDividedByTheProxy)
+{
+    EXPECT_THAT(renderResolution(options("--proxy 1/2"), 405.0), Pair(960, 540));
+    EXPECT_THAT(renderResolution(options("--resolution 2x2 --proxy 1/8"), 405.0), Pair(1, 1));
+    EXPECT_THAT(refused("s -o n.exr --proxy 2/3"), HasSubstr("1/2"));
+    EXPECT_THAT(refused("s -o n.exr --proxy 1/0"), HasSubstr("1/2"));
+}
+
+TEST(SpokenTime, FitsItsLength)
+{
+    EXPECT_EQ(spokenTime(0.0).toStdString(), "0 s");
+    EXPECT_EQ(spokenTime(11.2).toStdString(), "12 s");
+    EXPECT_EQ(spokenTime(185.0).toStdString(), "3 min 05 s");
+    EXPECT_EQ(spokenTime(7620.0).toStdString(), "2 h 07 min");
+}
+
+} // namespace

@@ -1,0 +1,90 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// SmallScene: a square in a frame of 2 : 1, with a normal map whose bevel grows from frame 1 to frame 48.
+#pragma once
+
+#include "QuarvelSceneCore/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/MO_Port.h"
+#include "jobs/ReadDrawing.h"
+#include "jobs/RenderFrames.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+/// A test with a folder of its own and the scene.
+class SmallScene : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        write("square.svg", R"(<svg xmlns="http://www.w3.org/2000/svg" width="64" height="32">
+  <rect x="0" y="8" width="32" height="16" fill="#c06030"/></svg>)");
+        UT_Result<ReadDrawing> read = readDrawing(path("square.svg"), ObjectGrouping::ONE);
+        ASSERT_TRUE(read) << read.error().text.toStdString();
+        NormalMapSettings settings;
+        settings.allObjects.bevel = 60.0;
+        // What is blurred may leave the drawing.
+        settings.clipBlurredWithGeometry = false;
+        UT_Result<DrawingScene> built = DrawingScene::build(read->drawing, settings);
+        ASSERT_TRUE(built) << built.error().text.toStdString();
+        _scene.emplace(std::move(*built));
+        _scene->scene().setFrameRange(1, 48);
+        AT_Curve grows;
+        grows.setKey({.frame = 1, .value = 0.2, .in = {}, .out = {}, .unknown = {}});
+        grows.setKey({.frame = 48, .value = 2.0, .in = {}, .out = {}, .unknown = {}});
+        auto* const blur = dynamic_cast<AT_DoubleAttr*>(node().findAttr(QStringLiteral("BlurScale")));
+        ASSERT_NE(blur, nullptr);
+        ASSERT_TRUE(blur->setCurve(grows));
+    }
+
+    MO_Scene& scene() const { return _scene->scene(); }
+    MO_Module& node() const { return _scene->normalMap(); }
+    MO_Module& drawing() const { return _scene->flatDrawing(); }
+
+    void write(const char* name, const QByteArray& content) const
+    {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(content), content.size());
+    }
+    QString path(const char* name) const { return QDir(_folder.path()).filePath(QString::fromUtf8(name)); }
+    QByteArray bytes(const QString& name) const
+    {
+        QFile file(name);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
+        return file.readAll();
+    }
+    /// The names of the files in a folder, hidden ones too.
+    QStringList filesIn(const char* folder) const
+    {
+        return QDir(path(folder)).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
+    }
+
+    /// Settings for frames of 64 x 32 pixels in the folder; the pattern is relative to it.
+    RenderFramesSettings settings(const char* pattern, const std::vector<int>& frames) const
+    {
+        RenderFramesSettings made;
+        made.frames = frames;
+        made.parameters.resolution = {64, 32};
+        const auto file = FrameFileName::parse(path(pattern));
+        EXPECT_TRUE(file) << file.error().text.toStdString();
+        made.file = *file;
+        made.picture.floatFile = QString::fromUtf8(pattern).endsWith(QLatin1String(".exr"));
+        made.picture.elevation = needsElevationInBlue(made.picture);
+        made.picture.scene = QStringLiteral("small.scene");
+        made.picture.node = QStringLiteral("Normal-Map");
+        return made;
+    }
+
+    RenderFramesResult render(const RenderFramesSettings& settings, const RenderFramesWatcher& watcher = {}) const
+    {
+        return renderFrames(node(), {&node()}, settings, watcher);
+    }
+
+private:
+    QTemporaryDir _folder;
+    std::optional<DrawingScene> _scene;
+};
