@@ -186,6 +186,20 @@ TEST_F(ColorEditor, StoresWhatIsTypedIntoASpinBoxAsOneChange)
     EXPECT_EQ(spinBox(1)->value(), 7) << "20 of 255 are 7 percent";
 }
 
+TEST_F(ColorEditor, PickingAColourThatIsThereAlreadyChangesAndReportsNothing)
+{
+    addColour(*addPalette("Body"), "Skin", 0xa1);
+    open();
+    QMenu* const menu = openMenu("addColorButton");
+    QAction* const skin = menu->actions().first()->menu()->actions().first();
+    menu->close();
+    attr("ColorInformation")->setLocalValue(QStringLiteral("00000000000000a1"));
+    Q_EMIT menu->triggered(skin);
+    settle();
+    EXPECT_EQ(text("ColorInformation"), QStringLiteral("00000000000000a1")) << "not even written anew";
+    EXPECT_FALSE(stack.canUndo());
+}
+
 TEST_F(ColorEditor, TakesASwatchFromAPaletteThatComesLater)
 {
     attr("ColorInformation")->setLocalValue(QStringLiteral("00000000000000a1:10:A"));

@@ -139,6 +139,34 @@ TEST_F(EditorLayout, PutsTheEditorsOnWidgetsOfTheNamesThatItGives)
     EXPECT_NE(component("ColorInformationEditor"), nullptr);
 }
 
+TEST(EditorWidgets, KeepAFactoryOnceAndLoadNothingFromAFileThatIsNotThere)
+{
+    class Maker : public PLUG_WidgetFactory
+    {
+    public:
+        QWidget* create(const QString& className, QWidget* parent, const char* objectName) override
+        {
+            if (className != QStringLiteral("Knob"))
+                return nullptr;
+            auto* made = new QWidget(parent);
+            made->setObjectName(QString::fromUtf8(objectName));
+            return made;
+        }
+    };
+    Maker maker;
+    PLUG_EditorWidgets widgets;
+    widgets.registerFactory(&maker);
+    widgets.registerFactory(&maker);
+    widgets.registerFactory(nullptr);
+    EXPECT_EQ(widgets.factories().size(), 1U);
+    QWidget parent;
+    EXPECT_EQ(widgets.loadLayout(QStringLiteral("/nowhere/at.all.ui"), &parent), nullptr);
+    EXPECT_EQ(widgets.create(QStringLiteral("Handle"), &parent, QStringLiteral("left")), nullptr);
+    const QWidget* const knob = widgets.create(QStringLiteral("Knob"), &parent, QStringLiteral("left"));
+    ASSERT_NE(knob, nullptr);
+    EXPECT_EQ(knob->objectName(), QStringLiteral("left"));
+}
+
 class GermanEditor : public EditorLayout
 {
 protected:

@@ -88,6 +88,7 @@ struct PLUG_EditorPanel::Parts
     QLabel* header = nullptr;
     QScrollArea* area = nullptr;
     QPointer<QWidget> content;
+    std::vector<QPointer<QWidget>> leaving; ///< what was shown before and is about to be deleted
     std::vector<AttrEditor*> fields;
     std::vector<ComponentOwner*> owners;
     QTimer soon;
@@ -126,6 +127,9 @@ PLUG_EditorPanel::~PLUG_EditorPanel()
 {
     for (ComponentOwner* const owner : _parts->owners)
         owner->leavePanel();
+    // The event loop may not run again.
+    for (const QPointer<QWidget>& content : _parts->leaving)
+        delete content;
 }
 
 void PLUG_EditorPanel::setCommandStack(CO_CommandStack* stack)
@@ -166,6 +170,7 @@ void PLUG_EditorPanel::clear()
     if (QWidget* const content = _parts->area->takeWidget()) {
         content->hide();
         content->deleteLater();
+        _parts->leaving.push_back(content);
     }
     _parts->content = nullptr;
     showHeader();
@@ -173,6 +178,7 @@ void PLUG_EditorPanel::clear()
 
 void PLUG_EditorPanel::build(MO_Module& module)
 {
+    std::erase_if(_parts->leaving, [](const QPointer<QWidget>& content) { return content.isNull(); });
     _module = UT_WeakPtr<MO_Module>(&module);
     _parts->hasModule = true;
     _parts->wasInScene = module.sceneCommon() != nullptr;
