@@ -1,0 +1,193 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The command as people run it, over a scene on disk: its files, its messages, its exit codes.
+#include "QuarvelImageIO/IIO_PictureFile.h"
+#include "QuarvelSceneIO/SIO_SceneFolder.h"
+#include "SmallScene.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QThread>
+
+#include <gmock/gmock.h>
+
+#include <csignal>
+
+using testing::AllOf;
+using testing::HasSubstr;
+
+namespace {
+
+struct Outcome
+{
+    int exitCode;
+    std::string output;
+    std::string messages;
+};
+
+class RenderProgram : public SmallScene
+{
+protected:
+    void SetUp() override
+    {
+        SmallScene::SetUp();
+        const auto saved = SIO_saveScene(scene(), path("small.scene"));
+        ASSERT_TRUE(saved) << saved.error().text.toStdString();
+    }
+
+    // The words may not contain blanks.
+    void start(QProcess& process, const char* words) const
+    {
+        process.setWorkingDirectory(path("."));
+        process.start(QStringLiteral(QUARVEL_PROGRAM),
+                      (QStringLiteral("render ") + QString::fromUtf8(words)).split(QLatin1Char(' ')));
+    }
+    Outcome quarvel(const char* words) const
+    {
+        QProcess process;
+        start(process, words);
+        EXPECT_TRUE(process.waitForFinished(120'000)) << process.errorString().toStdString();
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        return {process.exitCode(), process.readAllStandardOutput().toStdString(),
+                process.readAllStandardError().toStdString()};
+    }
+};
+
+TEST_F(RenderProgram, RendersWhatTheDisplayShows)
+{
+    const Outcome outcome = quarvel("small.scene -o out/n.####.exr --frames 1-5x2,9 --resolution 64");
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.messages;
+    EXPECT_THAT(outcome.output, HasSubstr("4 written"));
+    EXPECT_EQ(filesIn("out"), (QStringList{QStringLiteral("n.0001.exr"), QStringLiteral("n.0003.exr"),
+                                           QStringLiteral("n.0005.exr"), QStringLiteral("n.0009.exr")}));
+    const auto picture = IIO_read(path("out/n.0003.exr"));
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(picture->displayWindow(), Math::Box2di(0, 0, 64, 32));
+    EXPECT_EQ(picture->metadata().value(QStringLiteral("Scene")), QStringLiteral("small.scene"));
+    EXPECT_EQ(picture->metadata().value(QStringLiteral("Frame")), QStringLiteral("3"));
+    EXPECT_TRUE(picture->channels().contains(QStringLiteral("N.X")));
+}
+
+TEST_F(RenderProgram, RendersAllFramesAlikeWithOneJobAndTwo)
+{
+    EXPECT_EQ(quarvel("small.scene -o one/n.##.exr --resolution 64 --jobs 1 -q").exitCode, 0);
+    EXPECT_EQ(quarvel("small.scene -o two/n.##.exr --resolution 64 --jobs 2 -q").exitCode, 0);
+    ASSERT_EQ(filesIn("one").size(), 48);
+    ASSERT_EQ(filesIn("two"), filesIn("one"));
+    for (const QString& name : filesIn("one"))
+        EXPECT_EQ(bytes(path("one/") + name), bytes(path("two/") + name)) << name.toStdString();
+}
+
+TEST_F(RenderProgram, WarnsOfFramesThatTheSceneDoesNotHave)
+{
+    const Outcome outcome = quarvel("small.scene -o n.#.png --frames 47-50 --resolution 32");
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_THAT(outcome.messages, HasSubstr("warning: 2 of the frames are left out; the scene's frames are 1 to 48"));
+    EXPECT_EQ(quarvel("small.scene -o n.#.png --frames 60").exitCode, 2);
+}
+
+TEST_F(RenderProgram, RendersANodeByItsName)
+{
+    const QByteArray words =
+        "small.scene -o n.png --frames 1 --resolution 64 --node " + drawing().instanceName().toUtf8();
+    EXPECT_EQ(quarvel(words.constData()).exitCode, 0);
+    EXPECT_EQ(IIO_read(path("n.png"))->metadata().value(QStringLiteral("Layout")), QStringLiteral("drawing"));
+    const Outcome outcome = quarvel("small.scene -o n.png --frames 1 --node Nobody");
+    EXPECT_EQ(outcome.exitCode, 2);
+    EXPECT_THAT(outcome.messages, AllOf(HasSubstr("\"Nobody\""), HasSubstr(drawing().instanceName().toStdString())));
+}
+
+TEST_F(RenderProgram, AsksForAPatternForSeveralFrames)
+{
+    const Outcome outcome = quarvel("small.scene -o n.png");
+    EXPECT_EQ(outcome.exitCode, 2);
+    EXPECT_THAT(outcome.messages, HasSubstr("n.####.png"));
+}
+
+TEST_F(RenderProgram, RefusesWhatTheMemoryDoesNotHold)
+{
+    const Outcome outcome = quarvel("small.scene -o n.##.png --memory 1M");
+    EXPECT_EQ(outcome.exitCode, 2);
+    EXPECT_THAT(outcome.messages, HasSubstr("--memory"));
+}
+
+TEST_F(RenderProgram, ReportsAFrameThatFailsAndGoesOn)
+{
+    ASSERT_TRUE(QDir().mkpath(path("out/n.2.png")));
+    const Outcome outcome = quarvel("small.scene -o out/n.#.png --frames 1-3 --resolution 32");
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_THAT(outcome.messages, HasSubstr("frame 2: "));
+    EXPECT_EQ(filesIn("out").size(), 2);
+}
+
+TEST_F(RenderProgram, ResumesWhereItStopped)
+{
+    quarvel("small.scene -o out/n.#.png --frames 1-3 --resolution 32");
+    ASSERT_TRUE(QFile::remove(path("out/n.2.png")));
+    const Outcome outcome = quarvel("small.scene -o out/n.#.png --frames 1-4 --resolution 32 --resume");
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_THAT(outcome.output, HasSubstr("2 written, 2 complete already"));
+}
+
+TEST_F(RenderProgram, SharesItsFramesOut)
+{
+    quarvel("small.scene -o out/n.#.png --frames 1-5 --resolution 32 --shard 1/2");
+    EXPECT_EQ(filesIn("out").join(QLatin1Char(' ')).toStdString(), "n.1.png n.3.png n.5.png");
+    quarvel("small.scene -o out/n.#.png --frames 1-5 --resolution 32 --shard 2/2");
+    EXPECT_EQ(filesIn("out").size(), 5);
+}
+
+TEST_F(RenderProgram, TellsProgressInLinesWhereThereIsNoTerminal)
+{
+    const Outcome outcome = quarvel("small.scene -o n.##.png --frames 1-4 --resolution 32");
+    EXPECT_THAT(outcome.messages, AllOf(HasSubstr("\n50%\n"), HasSubstr("\n100%\n")));
+    EXPECT_THAT(quarvel("small.scene -o n.##.png --frames 1-4 --resolution 32 --progress none").messages,
+                testing::IsEmpty());
+}
+
+TEST_F(RenderProgram, TellsProgressInJson)
+{
+    const Outcome outcome = quarvel("small.scene -o n.##.png --frames 7,5 --resolution 32 --jobs 1 --progress json");
+    const QList<QByteArray> lines = QByteArray::fromStdString(outcome.messages).trimmed().split('\n');
+    ASSERT_EQ(lines.size(), 2);
+    const QJsonObject last = QJsonDocument::fromJson(lines[1]).object();
+    EXPECT_EQ(last.value(QStringLiteral("frame")).toInt(), 5);
+    EXPECT_EQ(last.value(QStringLiteral("done")).toInt(), 2);
+    EXPECT_EQ(last.value(QStringLiteral("total")).toInt(), 2);
+}
+
+TEST_F(RenderProgram, LeavesWholeFilesOnlyWhenInterrupted)
+{
+    QProcess process;
+    start(process, "small.scene -o out/n.##.exr --resolution 640 --jobs 2");
+    ASSERT_TRUE(process.waitForStarted());
+    for (int i = 0; i < 600 && filesIn("out").size() < 2; ++i)
+        QThread::msleep(50);
+    ASSERT_EQ(::kill(static_cast<pid_t>(process.processId()), SIGINT), 0);
+    ASSERT_TRUE(process.waitForFinished(60'000));
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process.exitCode(), 130);
+    const QStringList files = filesIn("out");
+    EXPECT_LT(files.size(), 48);
+    for (const QString& name : files) {
+        EXPECT_THAT(name.toStdString(), testing::MatchesRegex("n\\...\\.exr"));
+        EXPECT_TRUE(IIO_read(path("out/") + name)) << name.toStdString();
+    }
+}
+
+TEST_F(RenderProgram, MakesAPreview)
+{
+    const Outcome outcome = quarvel("small.scene --preview look/lit.png --frames 1-3 --resolution 64");
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.messages;
+    EXPECT_EQ(filesIn("look"), QStringList{QStringLiteral("lit.png")});
+}
+
+TEST_F(RenderProgram, DoesNotChangeTheScene)
+{
+    const QByteArray before = bytes(path("small.scene/scene.xml"));
+    quarvel("small.scene -o n.exr --frames 1 --resolution 32 --preview lit.png");
+    EXPECT_EQ(bytes(path("small.scene/scene.xml")), before);
+}
+
+} // namespace
