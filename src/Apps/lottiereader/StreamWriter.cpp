@@ -16,6 +16,14 @@ constexpr int kMaxDepth = 64;
 
 constexpr std::size_t kMaxNameLength = 1000;
 
+std::size_t coordinatesOf(const char* elements, std::size_t count)
+{
+    std::size_t coordinates = 0;
+    for (std::size_t i = 0; i < count; ++i)
+        coordinates += elements[i] == CUBIC_TO ? 6 : elements[i] == CLOSE ? 0 : 2;
+    return coordinates;
+}
+
 } // namespace
 
 void StreamWriter::u32(std::size_t value)
@@ -47,6 +55,10 @@ void StreamWriter::path(const float* coordinates, std::size_t count, const char*
 {
     if (!coordinates || !elements)
         count = elementCount = 0;
+    // Paths count their coordinates, except those of masks, which count their points.
+    const std::size_t needed = elements ? coordinatesOf(elements, elementCount) : 0;
+    if (needed == 2 * count)
+        count = needed;
     u32(elementCount);
     std::fwrite(elements ? elements : "", 1, elementCount, _out);
     u32(count);

@@ -1,0 +1,120 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Small drawings, sprites and animations for the tests of import, and questions about the scenes made of them.
+#pragma once
+
+#include "QuarvelSceneCore/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/MO_ElementModule.h"
+#include "jobs/ImportDrawings.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <ostream>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
+namespace files {
+
+/// A folder of its own for a test's files.
+class Folder
+{
+public:
+    QString path(const QString& name) const { return _folder.filePath(name); }
+
+    QString write(const QString& name, const QByteArray& bytes) const
+    {
+        QFile file(path(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        EXPECT_EQ(file.write(bytes), bytes.size());
+        return path(name);
+    }
+
+    QString write(const QString& name, const QImage& image) const
+    {
+        EXPECT_TRUE(image.save(path(name)));
+        return path(name);
+    }
+
+private:
+    QTemporaryDir _folder;
+};
+
+/// A drawing of 100 x 100.
+inline QByteArray svg(const QByteArray& content)
+{
+    return "<svg xmlns=\"http://www.w3.org/2000/svg\" xmlns:inkscape=\"http://www.inkscape.org/namespaces/inkscape\" "
+           "viewBox=\"0 0 100 100\">" +
+           content + "</svg>";
+}
+
+/// A layer with a square of 10 at x.
+inline QByteArray svgLayer(const QByteArray& name, int x, const QByteArray& colour = "#ff0000")
+{
+    return "<g inkscape:groupmode=\"layer\" inkscape:label=\"" + name + "\"><rect x=\"" + QByteArray::number(x) +
+           "\" width=\"10\" height=\"10\" fill=\"" + colour + "\"/></g>";
+}
+
+/// Reads files that are in order; a failure is a failure of the test.
+inline DrawingSequence sequenceOf(const QStringList& paths, const ImportSettings& settings = {})
+{
+    UT_Result<DrawingSequence> sequence = readSequence(paths, settings);
+    if (sequence)
+        return std::move(*sequence);
+    ADD_FAILURE() << sequence.error().text.toStdString();
+    return {};
+}
+
+/// What files are refused with; empty when they are read.
+inline std::string refusal(const QStringList& paths, const ImportSettings& settings = {})
+{
+    const UT_Result<DrawingSequence> sequence = readSequence(paths, settings);
+    return sequence ? std::string() : sequence.error().text.toStdString();
+}
+
+inline QStringList layerNames(const DrawingSequence& sequence)
+{
+    QStringList names;
+    for (const SequenceLayer& layer : sequence.layers)
+        names.append(layer.name);
+    return names;
+}
+
+using Exposures = std::map<int, int>;
+constexpr int kNothing = SequenceLayer::kNothing;
+
+/// The only shape of a drawing.
+inline CELVEC_Shape shapeOf(const SequenceLayer& layer, int drawing)
+{
+    const auto found = layer.drawings.find(drawing);
+    if (found == layer.drawings.end() || found->second->shapes(GR_Art::COLOUR).size() != 1) {
+        ADD_FAILURE() << "there is no drawing " << drawing << " of one shape";
+        return {};
+    }
+    return found->second->shapes(GR_Art::COLOUR)[0];
+}
+
+inline QString colourName(const CM_BaseColorObj& color)
+{
+    const CM_Rgba& c = color.GetNominalColor();
+    return QColor(c.red, c.green, c.blue).name();
+}
+
+inline QStringList colourNames(const CM_Palette& palette)
+{
+    QStringList names;
+    for (const auto& color : palette.colors())
+        names.append(colourName(*color));
+    return names;
+}
+
+/// A scene as text: its own XML, and the drawings of its elements.
+QString textOf(const MO_Scene& scene);
+
+} // namespace files

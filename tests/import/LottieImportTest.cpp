@@ -1,0 +1,166 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Animations: what becomes of layers, fills, strokes, and of what cannot be kept.
+#include "Animations.h"
+#include "Files.h"
+
+using namespace files;
+using namespace animations;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Pair;
+
+namespace {
+
+DrawingSequence imported(const QByteArray& json, ObjectGrouping grouping = ObjectGrouping::AUTO)
+{
+    const Folder folder;
+    return sequenceOf({folder.write("bounce.json", json)}, {.grouping = grouping, .lottie = {}});
+}
+
+std::string warningsOf(const DrawingSequence& sequence)
+{
+    return sequence.warnings.join(u'\n').toStdString();
+}
+
+const QByteArray kRedSquare = group(square(20), fill("1,0,0"));
+
+} // namespace
+
+TEST(LottieImport, TakesSizeAndFrames)
+{
+    const DrawingSequence sequence = imported(document(layer("Box", kRedSquare)));
+    EXPECT_EQ(sequence.name, "bounce");
+    EXPECT_EQ(sequence.frame, QRectF(0, 0, 100, 100));
+    EXPECT_EQ(sequence.firstFrame, 1);
+    EXPECT_EQ(sequence.lastFrame, 4);
+    EXPECT_TRUE(sequence.warnings.isEmpty()) << warningsOf(sequence);
+}
+
+TEST(LottieImport, LayersBecomeElementsFromTheBottomUp)
+{
+    EXPECT_EQ(layerNames(imported(document(layer("Top", kRedSquare) + "," + layer("Bottom", kRedSquare)))),
+              QStringList({"Bottom", "Top"}));
+}
+
+TEST(LottieImport, WhatMovesHasADrawingForEachFrame)
+{
+    const SequenceLayer box = imported(document(layer("Box", kRedSquare, moving()))).layers.at(0);
+    EXPECT_THAT(box.exposures, ElementsAre(Pair(1, 1), Pair(2, 2), Pair(3, 3), Pair(4, 4)));
+    for (int frame = 1; frame <= 4; ++frame) {
+        const QRectF bounds = shapeOf(box, frame).path.boundingRect();
+        EXPECT_NEAR(bounds.left(), 10.0 * frame, 0.1);
+        EXPECT_NEAR(bounds.right(), 10.0 * frame + 20.0, 0.1);
+        EXPECT_NEAR(bounds.top(), 40.0, 1e-4);
+    }
+}
+
+TEST(LottieImport, EqualFramesShareADrawing)
+{
+    const SequenceLayer box = imported(document(layer("Box", kRedSquare, jumping()))).layers.at(0);
+    EXPECT_THAT(box.exposures, ElementsAre(Pair(1, 1), Pair(3, 3)));
+    EXPECT_EQ(box.drawings.size(), 2U);
+}
+
+TEST(LottieImport, SolidColoursBecomePaletteColours)
+{
+    const DrawingSequence sequence = imported(document(layer("A", group(square(20), fill("0,0,1"))) + "," +
+                                                       layer("B", kRedSquare) + "," + layer("C", kRedSquare)));
+    EXPECT_EQ(colourNames(*sequence.palette), QStringList({"#ff0000", "#0000ff"}));
+    EXPECT_EQ(shapeOf(sequence.layers[0], 1).color, shapeOf(sequence.layers[1], 1).color);
+}
+
+TEST(LottieImport, AFillKeepsItsOpacity)
+{
+    const DrawingSequence sequence = imported(document(layer("A", group(square(20), fill("0,0,1", 50)))));
+    EXPECT_NEAR(shapeOf(sequence.layers.at(0), 1).opacity, 0.5, 0.005);
+}
+
+TEST(LottieImport, StrokesBecomeTheirOutlines)
+{
+    const DrawingSequence sequence = imported(document(layer("Line", group(line(), stroke("0,1,0")))));
+    const QRectF bounds = shapeOf(sequence.layers.at(0), 1).path.boundingRect();
+    EXPECT_NEAR(bounds.left(), 10.0, 1e-3);
+    EXPECT_NEAR(bounds.width(), 80.0, 1e-3);
+    EXPECT_NEAR(bounds.top(), 48.0, 1e-3);
+    EXPECT_NEAR(bounds.height(), 4.0, 1e-3);
+}
+
+TEST(LottieImport, DashesAreKept)
+{
+    const QByteArray dashes =
+        R"(,"d":[{"n":"d","v":{"a":0,"k":10}},{"n":"g","v":{"a":0,"k":10}},{"n":"o","v":{"a":0,"k":0}}])";
+    const DrawingSequence sequence = imported(document(layer("Line", group(line(), stroke("0,1,0", dashes)))));
+    const QPainterPath path = shapeOf(sequence.layers.at(0), 1).path;
+    EXPECT_TRUE(path.contains(QPointF(15, 50)));
+    EXPECT_FALSE(path.contains(QPointF(25, 50)));
+    EXPECT_TRUE(path.contains(QPointF(35, 50)));
+}
+
+TEST(LottieImport, GradientsBecomeTheirAverageAndAreSaid)
+{
+    const QByteArray gradient = R"({"ty":"gf","o":{"a":0,"k":100},"r":1,"g":{"p":2,"k":{"a":0,"k":[0,1,0,0,1,0,0,1]}},)"
+                                R"("s":{"a":0,"k":[-10,0]},"e":{"a":0,"k":[10,0]},"t":1})";
+    const DrawingSequence sequence = imported(document(layer("A", group(square(20), gradient))));
+    EXPECT_EQ(colourNames(*sequence.palette), QStringList{"#800080"});
+    EXPECT_THAT(warningsOf(sequence), HasSubstr("gradients, painted in their average colour (1)"));
+}
+
+TEST(LottieImport, AMatteOfAlphaCutsAndIsNotPainted)
+{
+    const DrawingSequence sequence =
+        imported(document(layer("Matte", group(square(10), fill("0,1,0")), kStill, R"(,"td":1)") + "," +
+                          layer("Cut", kRedSquare, kStill, R"(,"tt":1)")));
+    ASSERT_EQ(layerNames(sequence), QStringList{"Cut"});
+    const CELVEC_Shape shape = shapeOf(sequence.layers[0], 1);
+    ASSERT_TRUE(shape.clip);
+    EXPECT_EQ(shape.clip->boundingRect(), QRectF(45, 45, 10, 10));
+    EXPECT_EQ(colourNames(*sequence.palette), QStringList{"#ff0000"});
+}
+
+TEST(LottieImport, AnAddingMaskCuts)
+{
+    const QByteArray mask =
+        R"(,"hasMask":true,"masksProperties":[{"inv":false,"mode":"a","pt":{"a":0,"k":{"i":[[0,0],[0,0],[0,0],[0,0]],)"
+        R"("o":[[0,0],[0,0],[0,0],[0,0]],"v":[[0,0],[30,0],[30,30],[0,30]],"c":true}},"o":{"a":0,"k":100},)"
+        R"("x":{"a":0,"k":0}}])";
+    const DrawingSequence sequence = imported(document(layer("Cut", kRedSquare, kStill, mask)));
+    const CELVEC_Shape shape = shapeOf(sequence.layers.at(0), 1);
+    ASSERT_TRUE(shape.clip);
+    EXPECT_EQ(shape.clip->boundingRect(), QRectF(50, 50, 30, 30));
+    EXPECT_TRUE(sequence.warnings.isEmpty()) << warningsOf(sequence);
+}
+
+TEST(LottieImport, WhatCannotBeKeptIsListedInOneLine)
+{
+    const QByteArray text = R"({"ty":5,"nm":"Title","ks":{},"ip":0,"op":4,"st":0,"t":{}})";
+    const QByteArray effect = R"(,"ef":[{"ty":5,"nm":"Glow","ef":[]}])";
+    const DrawingSequence sequence = imported(
+        document(layer("A", kRedSquare, kStill, effect) + "," + layer("B", kRedSquare, kStill, effect) + "," + text));
+    ASSERT_EQ(sequence.warnings.size(), 1);
+    EXPECT_THAT(warningsOf(sequence), HasSubstr("left out or simplified: effects (2), texts (1)"));
+}
+
+TEST(LottieImport, ALayerOutsideOfItsTimeShowsNothing)
+{
+    QByteArray late = layer("Late", kRedSquare);
+    late.replace(R"("ip":0,"op":4)", R"("ip":2,"op":3)");
+    const DrawingSequence sequence = imported(document(late));
+    EXPECT_THAT(sequence.layers.at(0).exposures, ElementsAre(Pair(3, 3), Pair(4, kNothing)));
+}
+
+TEST(LottieImport, OneObjectHoldsAllLayers)
+{
+    const DrawingSequence sequence =
+        imported(document(layer("A", kRedSquare, jumping()) + "," + layer("B", kRedSquare)), ObjectGrouping::ONE);
+    ASSERT_EQ(layerNames(sequence), QStringList{"bounce"});
+    EXPECT_THAT(sequence.layers[0].exposures, ElementsAre(Pair(1, 1), Pair(3, 3)));
+    EXPECT_EQ(sequence.layers[0].drawings.at(1)->shapes(GR_Art::COLOUR).size(), 2U);
+}
+
+TEST(LottieImport, OneAnimationAtATime)
+{
+    const Folder folder;
+    const QByteArray json = document(layer("A", kRedSquare));
+    EXPECT_THAT(refusal({folder.write("a.json", json), folder.write("b.json", json)}), HasSubstr("one animation"));
+}
