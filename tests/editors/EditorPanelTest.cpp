@@ -336,7 +336,7 @@ TEST_F(EditorPanel, SurvivesAnybody)
     std::mt19937 random(20260321);
     const auto upTo = [&random](unsigned end) { return static_cast<int>(random() % end); };
     const QString before = saved();
-    for (int step = 0; step < 400; ++step) {
+    for (int step = 0; step < 10000; ++step) {
         switch (upTo(9)) {
         case 0:
             stack.undo();

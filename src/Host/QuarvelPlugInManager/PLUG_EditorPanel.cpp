@@ -147,6 +147,11 @@ QWidget* PLUG_EditorPanel::content() const
     return _parts->content;
 }
 
+void PLUG_EditorPanel::setHeaderVisible(bool visible)
+{
+    _parts->header->setVisible(visible);
+}
+
 void PLUG_EditorPanel::setModule(MO_Module* module)
 {
     clear();

@@ -56,6 +56,9 @@ public:
     /// The widgets of the editor, without what is around them; null when the panel is empty.
     QWidget* content() const;
 
+    /// Whether the panel names the module above its editor, as it does to begin with.
+    void setHeaderVisible(bool visible);
+
     /// What of the module's layout was not understood.
     const QStringList& warnings() const { return _warnings; }
 
