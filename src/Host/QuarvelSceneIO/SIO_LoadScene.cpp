@@ -1,0 +1,174 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Loading. Everything is read and understood before the scene is handed out. The folder is not locked: when somebody
+// saved the scene meanwhile, all is read anew.
+#include "QuarvelPersistentObj/PO_XmlReading.h"
+#include "QuarvelSceneCore/MO_ElementModule.h"
+#include "QuarvelSceneCore/MO_OpaqueModule.h"
+#include "QuarvelSceneIO/SIO_SceneFolder.h"
+#include "QuarvelSceneIO/private/SIO_FolderLock.h"
+#include "QuarvelSceneIO/private/SIO_FolderReader.h"
+#include "QuarvelSceneIO/private/SIO_Scene.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+constexpr int kAttempts = 10;
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("SIO_LoadScene", text);
+}
+
+// Loads one scene once.
+class Loader
+{
+public:
+    explicit Loader(SIO_FolderReader& files) : _files(files) {}
+
+    UT_Result<SIO_LoadedScene> load()
+    {
+        if (const auto opened = _files.open(); !opened)
+            return opened.error();
+        const auto bytes = _files.read(kSIO_mainFile);
+        if (!bytes)
+            return bytes.error();
+        const SIO_XmlContext context(_files.shown(kSIO_mainFile), &_warnings);
+        const auto document = PO_parseDocument(*bytes, context.file());
+        if (!document)
+            return document.error();
+        if (const auto read = readMainFile(document->documentElement(), context); !read)
+            return read.error();
+        _scene->index.scene = QDomElement();
+        return SIO_LoadedScene{std::move(_scene), _warnings};
+    }
+
+private:
+    UT_Result<void> readMainFile(const QDomElement& root, const SIO_XmlContext& context)
+    {
+        auto index = SIO_readIndex(root, context);
+        if (!index)
+            return index.error();
+        _scene->index = std::move(*index);
+        QStringList warnings;
+        const auto read = _scene->readXml(_scene->index.scene, &warnings);
+        for (const QString& warning : std::as_const(warnings))
+            _warnings << context.file() + QStringLiteral(": ") + warning;
+        if (!read)
+            return UT_Error{context.file() + QStringLiteral(": ") + read.error().text};
+        for (const SIO_Index::Palette& palette : _scene->index.palettes)
+            if (auto loaded = readPalette(palette); !loaded)
+                return UT_Error{context.file() + translated(", line %1: ").arg(palette.line) + loaded.error().text};
+        for (const SIO_Index::Element& element : _scene->index.elements)
+            if (auto loaded = readElement(element, context); !loaded)
+                return loaded;
+        return {};
+    }
+
+    UT_Result<void> readPalette(const SIO_Index::Palette& entry)
+    {
+        const auto bytes = _files.read(entry.path());
+        if (!bytes)
+            return bytes.error();
+        auto palette = SIO_readPalette(*bytes, entry.id, SIO_XmlContext(_files.shown(entry.path()), &_warnings));
+        if (!palette)
+            return palette.error();
+        (*palette)->unknownOfEntry = entry.unknown;
+        _palettes.insert({entry.id, *palette});
+        if (entry.inScene)
+            _scene->addPalette(*palette);
+        else
+            _scene->otherPalettes.push_back(*palette);
+        return {};
+    }
+
+    UT_Result<void> readElement(const SIO_Index::Element& entry, const SIO_XmlContext& context)
+    {
+        const auto at = [&](int line, const QString& reason) {
+            return UT_Error{translated("%1, line %2: %3").arg(context.file(), QString::number(line), reason)};
+        };
+        MO_Module* const module = _scene->findModule(entry.module);
+        auto* const element = dynamic_cast<MO_ElementModule*>(module);
+        const bool isOpaque = dynamic_cast<MO_OpaqueModule*>(module) != nullptr;
+        if (!element && !isOpaque)
+            return at(entry.line, translated("the scene has no module \"%1\" with drawings").arg(entry.module));
+        SIO_Scene::Kept kept{entry, {}};
+        for (const SIO_Index::Drawing& drawing : entry.drawings) {
+            auto bytes = _files.read(entry.pathOf(drawing));
+            if (!bytes)
+                return at(drawing.line, bytes.error().text);
+            if (isOpaque)
+                kept.files.push_back(*bytes);
+            else if (auto read = readDrawing(*element, entry, drawing, *bytes); !read)
+                return read;
+        }
+        if (isOpaque)
+            _scene->kept.insert({entry.module, std::move(kept)});
+        return {};
+    }
+
+    UT_Result<void> readDrawing(MO_ElementModule& element, const SIO_Index::Element& owner,
+                                const SIO_Index::Drawing& entry, const QByteArray& bytes)
+    {
+        const auto find = [this](const UT_Id& id) {
+            const auto found = _palettes.find(id);
+            return found == _palettes.end() ? nullptr : found->second;
+        };
+        const auto drawing =
+            SIO_readDrawing(bytes, find, SIO_XmlContext(_files.shown(owner.pathOf(entry)), &_warnings));
+        if (!drawing)
+            return drawing.error();
+        (*drawing)->unknownOfEntry = entry.unknown;
+        element.setDrawing(entry.name, *drawing);
+        return {};
+    }
+
+    SIO_FolderReader& _files;
+    QStringList _warnings;
+    std::unique_ptr<SIO_Scene> _scene = std::make_unique<SIO_Scene>();
+    std::map<UT_Id, CM_SharedPtr<CM_Palette>> _palettes;
+};
+
+// Finishes a save that was cut short. Where nothing may be written the scene is read as the journal says.
+UT_Result<void> finishSave(const QString& folder)
+{
+    if (!QFileInfo::exists(folder + u'/' + kSIO_journalFile))
+        return {};
+    SIO_FolderLock lock(folder);
+    if (const auto locked = lock.lock(); !locked)
+        return lock.isReadOnly() ? UT_Result<void>() : locked;
+    SIO_FileSystem disk;
+    const auto waiting = SIO_waitingJournal(folder);
+    if (!waiting)
+        return waiting.error();
+    // When the disk is full or fails, the scene can still be read.
+    (void)SIO_recover(folder, disk);
+    return {};
+}
+
+} // namespace
+
+SIO_Scene::~SIO_Scene() = default;
+
+UT_Result<SIO_LoadedScene> SIO_loadScene(const QString& folder)
+{
+    // Without a slash at its end, and never empty.
+    const QString home = QDir::cleanPath(QFileInfo(folder).absoluteFilePath());
+    if (!QFileInfo(home).isDir())
+        return UT_Error{translated("there is no scene \"%1\"").arg(QDir::toNativeSeparators(folder))};
+    for (int attempt = 1;; ++attempt) {
+        if (const auto finished = finishSave(home); !finished)
+            return finished.error();
+        SIO_FolderReader files(home);
+        auto loaded = Loader(files).load();
+        // While another program puts files in place, one may vanish between the looks at it and into it.
+        const bool mayHaveMoved = !loaded && files.sawJournal() && attempt < kAttempts;
+        if (files.isUnchanged() && !mayHaveMoved)
+            return loaded;
+        if (attempt >= kAttempts)
+            return UT_Error{translated("the scene \"%1\" is being saved again and again; try later").arg(home)};
+    }
+}

@@ -1,0 +1,133 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The real disk.
+#include "QuarvelSceneIO/private/SIO_FileSystem.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <filesystem>
+
+#ifdef Q_OS_UNIX
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+namespace {
+
+UT_Error failure(const char* text, const QString& path, const QString& reason)
+{
+    return {QCoreApplication::translate("SIO_FileSystem", text).arg(QDir::toNativeSeparators(path), reason)};
+}
+
+std::filesystem::path native(const QString& path)
+{
+#ifdef Q_OS_WIN
+    return path.toStdWString();
+#else
+    return QFile::encodeName(path).toStdString();
+#endif
+}
+
+bool writeAll(QFile& file, const QByteArray& bytes)
+{
+    for (qint64 written = 0; written < bytes.size();) {
+        const qint64 step = file.write(bytes.constData() + written, bytes.size() - written);
+        if (step <= 0)
+            return false;
+        written += step;
+    }
+    return true;
+}
+
+#ifdef Q_OS_UNIX
+// Some file systems cannot be forced to write; that is no failure.
+bool syncDescriptor(int descriptor)
+{
+    return ::fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
+}
+#endif
+
+} // namespace
+
+SIO_FileSystem::~SIO_FileSystem() = default;
+
+UT_Result<void> SIO_FileSystem::makeFolder(const QString& path)
+{
+    std::error_code error;
+    std::filesystem::create_directory(native(path), error);
+    if (error || !QFileInfo(path).isDir())
+        return failure("cannot make the folder \"%1\": %2", path, QString::fromStdString(error.message()));
+    return {};
+}
+
+UT_Result<void> SIO_FileSystem::writeFile(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    // Without a buffer in between, so that every failed write shows at once and with its true reason.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered) || !writeAll(file, bytes))
+        return failure("cannot write \"%1\": %2", path, file.errorString());
+#ifdef Q_OS_UNIX
+    if (!syncDescriptor(file.handle()))
+        return failure("cannot write \"%1\": %2", path, QString::fromLocal8Bit(std::strerror(errno)));
+#endif
+    return {};
+}
+
+UT_Result<void> SIO_FileSystem::rename(const QString& from, const QString& to)
+{
+    std::error_code error;
+    std::filesystem::rename(native(from), native(to), error);
+    if (error)
+        return failure("cannot put \"%1\" in place: %2", to, QString::fromStdString(error.message()));
+    return {};
+}
+
+UT_Result<void> SIO_FileSystem::removeFile(const QString& path)
+{
+    std::error_code error;
+    const auto file = native(path);
+    const auto status = std::filesystem::symlink_status(file, error);
+    if (!std::filesystem::exists(status))
+        return {};
+    if (std::filesystem::is_directory(status))
+        return failure("cannot remove \"%1\": %2", path,
+                       QCoreApplication::translate("SIO_FileSystem", "it is a folder"));
+    std::filesystem::remove(file, error);
+    if (error)
+        return failure("cannot remove \"%1\": %2", path, QString::fromStdString(error.message()));
+    return {};
+}
+
+UT_Result<void> SIO_FileSystem::removeFolder(const QString& path)
+{
+    const QFileInfo folder(path);
+    if (folder.isSymLink() || !folder.isDir() ||
+        !QDir(path).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot))
+        return {};
+    std::error_code error;
+    std::filesystem::remove(native(path), error);
+    if (error)
+        return failure("cannot remove the folder \"%1\": %2", path, QString::fromStdString(error.message()));
+    return {};
+}
+
+UT_Result<void> SIO_FileSystem::sync(const QString& folder)
+{
+#ifdef Q_OS_UNIX
+    const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const bool synced = descriptor >= 0 && syncDescriptor(descriptor);
+    const int reason = errno;
+    if (descriptor >= 0)
+        ::close(descriptor);
+    if (!synced)
+        return failure("cannot write the folder \"%1\": %2", folder, QString::fromLocal8Bit(std::strerror(reason)));
+#else
+    Q_UNUSED(folder)
+#endif
+    return {};
+}

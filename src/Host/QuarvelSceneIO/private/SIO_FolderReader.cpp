@@ -1,0 +1,111 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Reading of a scene's files.
+#include "QuarvelSceneIO/private/SIO_FolderReader.h"
+
+#include "QuarvelSceneIO/private/SIO_Limits.h"
+#include "QuarvelSceneIO/private/SIO_PathInside.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
+namespace {
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("SIO_FolderReader", text);
+}
+
+} // namespace
+
+QString SIO_inAnyCase(const QString& path)
+{
+    const QFileInfo info(path);
+    if (info.exists())
+        return path;
+    const QString stem = path.left(path.size() - info.suffix().size());
+    for (const QString& suffix : {info.suffix().toLower(), info.suffix().toUpper()})
+        if (QFileInfo::exists(stem + suffix))
+            return stem + suffix;
+    return path;
+}
+
+SIO_FolderReader::Stamp SIO_FolderReader::stampOf(const QString& path)
+{
+    const QFileInfo info(path);
+    if (!info.exists())
+        return {};
+    Stamp stamp{info.size(), info.lastModified(), 0};
+#ifdef Q_OS_UNIX
+    struct stat status = {};
+    if (::stat(QFile::encodeName(path).constData(), &status) == 0)
+        stamp.node = status.st_ino;
+#endif
+    return stamp;
+}
+
+UT_Result<void> SIO_FolderReader::open()
+{
+    _staged.clear();
+    _seen.clear();
+    _journal = stampOf(_folder + u'/' + kSIO_journalFile);
+    const auto journal = SIO_waitingJournal(_folder);
+    if (!journal)
+        return journal.error();
+    if (*journal)
+        for (const SIO_Journal::Write& write : (*journal)->writes)
+            _staged.insert(write.target, write.staged);
+    return {};
+}
+
+QString SIO_FolderReader::shown(const QString& relative) const
+{
+    return QDir::toNativeSeparators(_folder + u'/' + relative);
+}
+
+// Where a file's bytes are, within the folder.
+QString SIO_FolderReader::placeOf(const QString& relative) const
+{
+    const auto staged = _staged.constFind(relative);
+    if (staged != _staged.constEnd() && QFileInfo::exists(_folder + u'/' + *staged))
+        return *staged;
+    return SIO_inAnyCase(_folder + u'/' + relative).mid(_folder.size() + 1);
+}
+
+UT_Result<QByteArray> SIO_FolderReader::read(const QString& relative)
+{
+    const QString place = placeOf(relative);
+    const QString path = _folder + u'/' + place;
+    _seen.insert(path, stampOf(path));
+    QFile file(path);
+    if (!QFileInfo::exists(path))
+        return UT_Error{translated("\"%1\" is missing").arg(shown(relative))};
+    if (!SIO_pathInside(_folder, relative) || !SIO_staysInside(_folder, place))
+        return UT_Error{translated("\"%1\" leads out of the scene's folder").arg(shown(relative))};
+    if (!QFileInfo(path).isFile())
+        return UT_Error{translated("\"%1\" is no file").arg(shown(relative))};
+    if (file.size() > kSIO_maxFileBytes)
+        return UT_Error{translated("\"%1\" is larger than %2 MiB").arg(shown(relative)).arg(kSIO_maxFileBytes >> 20)};
+    if (!file.open(QIODevice::ReadOnly))
+        return UT_Error{translated("cannot read \"%1\": %2").arg(shown(relative), file.errorString())};
+    const QByteArray bytes = file.read(kSIO_maxFileBytes + 1);
+    if (file.error() != QFileDevice::NoError || bytes.size() > kSIO_maxFileBytes)
+        return UT_Error{translated("cannot read \"%1\": %2").arg(shown(relative), file.errorString())};
+    return bytes;
+}
+
+bool SIO_FolderReader::isUnchanged() const
+{
+    if (stampOf(_folder + u'/' + kSIO_journalFile) != _journal)
+        return false;
+    for (auto seen = _seen.cbegin(); seen != _seen.cend(); ++seen)
+        if (stampOf(seen.key()) != seen.value())
+            return false;
+    return true;
+}

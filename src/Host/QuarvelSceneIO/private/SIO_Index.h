@@ -1,0 +1,79 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The index in a scene's main file: which palettes there are, and which file holds which drawing of which element.
+// Nothing on the disk is ever looked for by guessing a name.
+//
+//     <quarvelScene version="1">
+//       <palettes>
+//         <palette id="00000000000000a1"/>
+//         <palette id="00000000000000a2" inScene="false"/>
+//       </palettes>
+//       <elements>
+//         <element folder="Hero" module="Hero">
+//           <drawing file="1.kvr" name="1"/>
+//         </element>
+//       </elements>
+//       <scene .../>
+//     </quarvelScene>
+#pragma once
+
+#include "QuarvelBaseCore/UT_Id.h"
+#include "QuarvelPersistentObj/PIO_XmlWritable.h"
+#include "QuarvelSceneIO/private/SIO_XmlContext.h"
+
+#include <vector>
+
+/// The index, with what a newer version wrote in it.
+struct SIO_Index
+{
+    struct Palette
+    {
+        UT_Id id;
+        bool inScene = true; ///< false for a palette that drawings use and the scene does not list
+        PO_UnknownXml unknown = {};
+        int line = 0;
+
+        /// The path of its file within the scene's folder.
+        QString path() const;
+    };
+    struct Drawing
+    {
+        QString name;
+        QString file;
+        PO_UnknownXml unknown = {};
+        int line = 0;
+    };
+    struct Element
+    {
+        QString module; ///< the name of the module that the drawings belong to
+        QString folder;
+        std::vector<Drawing> drawings = {};
+        PO_UnknownXml unknown = {};
+        int line = 0;
+
+        /// The path of a drawing's file within the scene's folder.
+        QString pathOf(const Drawing& drawing) const;
+    };
+
+    std::vector<Palette> palettes;
+    std::vector<Element> elements;
+    PO_UnknownXml unknown;
+    PO_UnknownXml unknownOfPalettes;
+    PO_UnknownXml unknownOfElements;
+    QDomElement scene; ///< of the document that was read
+
+    /// The paths of all files but the main one.
+    QStringList paths() const;
+};
+
+/// The main file's name.
+extern const QString kSIO_mainFile;
+
+/// Reads the index. No path in it leads out of the scene's folder, and no two are the same.
+UT_Result<SIO_Index> SIO_readIndex(const QDomElement& root, const SIO_XmlContext& context);
+
+/// The bytes of the main file.
+QByteArray SIO_writeMainFile(const SIO_Index& index, const PIO_XmlWritable& scene);
+
+/// True when a document is a scene's main file.
+bool SIO_isMainFile(const QDomElement& root);

@@ -1,0 +1,33 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// SIO_Scene: a scene that was loaded, with what its main file holds that this program does not understand, and the
+// drawings of modules of unknown kinds, so that saving loses nothing.
+#pragma once
+
+#include "QuarvelSceneCore/MO_Scene.h"
+#include "QuarvelSceneIO/private/SIO_Drawing.h"
+#include "QuarvelSceneIO/private/SIO_Index.h"
+#include "QuarvelSceneIO/private/SIO_Palette.h"
+
+#include <map>
+
+/// A loaded scene.
+class SIO_Scene : public MO_Scene
+{
+public:
+    /// The drawings of a module of an unknown kind, as they are on the disk.
+    struct Kept
+    {
+        SIO_Index::Element entry;
+        std::vector<QByteArray> files; ///< for each drawing of the entry
+    };
+
+    ~SIO_Scene() override;
+
+    /// The index as it was read; its unknown parts are written back.
+    SIO_Index index;
+    /// By the names of the modules.
+    std::map<QString, Kept> kept;
+    /// Palettes that drawings use and the scene does not list.
+    std::vector<UT_SharedPtr<SIO_Palette>> otherPalettes;
+};

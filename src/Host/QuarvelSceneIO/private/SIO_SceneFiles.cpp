@@ -1,0 +1,157 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// A scene as files. Names on the disk are given out in the order of the modules, so that a scene always gets the same.
+#include "QuarvelSceneIO/private/SIO_SceneFiles.h"
+
+#include "QuarvelSceneCore/MO_ElementModule.h"
+#include "QuarvelSceneCore/MO_OpaqueModule.h"
+#include "QuarvelSceneIO/private/SIO_FileNames.h"
+#include "QuarvelSceneIO/private/SIO_Limits.h"
+#include "QuarvelSceneIO/private/SIO_Scene.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace {
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("SIO_SceneFiles", text);
+}
+
+// Collects the files of one scene. The first problem is remembered.
+class Collector
+{
+public:
+    explicit Collector(const MO_Scene& scene) : _scene(scene), _loaded(dynamic_cast<const SIO_Scene*>(&scene)) {}
+
+    UT_Result<QMap<QString, QByteArray>> collect()
+    {
+        if (_loaded) {
+            _index.unknown = _loaded->index.unknown;
+            _index.unknownOfPalettes = _loaded->index.unknownOfPalettes;
+            _index.unknownOfElements = _loaded->index.unknownOfElements;
+        }
+        for (const auto& palette : _scene.palettes())
+            addPalette(palette, true);
+        _scene.root().forEachModule([this](const MO_Module& module) { addModule(module); });
+        // Nobody knows which palettes the drawings of unknown modules need.
+        if (_loaded && _hasKept)
+            for (const auto& palette : _loaded->otherPalettes)
+                addPalette(palette, false);
+        addFile(kSIO_mainFile, SIO_writeMainFile(_index, _scene));
+        if (!_problem.isEmpty())
+            return UT_Error{_problem};
+        return _files;
+    }
+
+private:
+    void fail(const QString& problem)
+    {
+        if (_problem.isEmpty())
+            _problem = problem;
+    }
+
+    void addFile(const QString& path, const QByteArray& bytes)
+    {
+        if (bytes.size() > kSIO_maxFileBytes)
+            fail(translated("\"%1\" would be larger than %2 MiB").arg(path).arg(kSIO_maxFileBytes >> 20));
+        _files.insert(path, bytes);
+    }
+
+    void addPalette(const CM_SharedPtr<CM_Palette>& palette, bool inScene)
+    {
+        const auto found = _palettes.find(palette->GetId());
+        if (found != _palettes.end()) {
+            if (found->second != palette.get() && SIO_writePalette(*found->second) != SIO_writePalette(*palette))
+                fail(translated("two different palettes have the identifier %1")
+                         .arg(QLatin1String(palette->GetId().AsString().c_str())));
+            return;
+        }
+        if (palette->GetId().isNull())
+            fail(translated("the palette \"%1\" has no identifier").arg(palette->GetName().ToQString()));
+        _palettes.insert({palette->GetId(), palette.get()});
+        SIO_Index::Palette entry{palette->GetId(), inScene};
+        if (const auto* loaded = dynamic_cast<const SIO_Palette*>(palette.get()))
+            entry.unknown = loaded->unknownOfEntry;
+        addFile(entry.path(), SIO_writePalette(*palette));
+        _index.palettes.push_back(std::move(entry));
+    }
+
+    void addModule(const MO_Module& module)
+    {
+        if (const auto* element = dynamic_cast<const MO_ElementModule*>(&module))
+            addElement(*element);
+        else if (_loaded && dynamic_cast<const MO_OpaqueModule*>(&module))
+            addKept(module);
+    }
+
+    SIO_Index::Element newEntry(const MO_Module& module)
+    {
+        SIO_Index::Element entry{module.instanceName(), _folders.add(module.instanceName())};
+        if (!_loaded)
+            return entry;
+        const auto& read = _loaded->index.elements;
+        const auto found = std::find_if(read.begin(), read.end(),
+                                        [&](const SIO_Index::Element& other) { return other.module == entry.module; });
+        if (found != read.end())
+            entry.unknown = found->unknown;
+        return entry;
+    }
+
+    void addElement(const MO_ElementModule& element)
+    {
+        if (element.drawings().empty())
+            return;
+        SIO_Index::Element entry = newEntry(element);
+        SIO_FileNames names;
+        for (const auto& [name, drawing] : element.drawings()) {
+            SIO_Index::Drawing file{name, names.add(name) + QStringLiteral(".kvr")};
+            if (const auto* loaded = dynamic_cast<const SIO_Drawing*>(drawing.get()))
+                file.unknown = loaded->unknownOfEntry;
+            if (drawing->palette())
+                addPalette(drawing->palette(), false);
+            const auto bytes = SIO_writeDrawing(*drawing, entry.module + QStringLiteral(": ") + name);
+            if (!bytes)
+                fail(bytes.error().text);
+            else
+                addFile(entry.pathOf(file), *bytes);
+            entry.drawings.push_back(std::move(file));
+        }
+        _index.elements.push_back(std::move(entry));
+    }
+
+    void addKept(const MO_Module& module)
+    {
+        const auto found = _loaded->kept.find(module.instanceName());
+        if (found == _loaded->kept.end())
+            return;
+        _hasKept = true;
+        SIO_Index::Element entry = newEntry(module);
+        SIO_FileNames names;
+        for (std::size_t i = 0; i < found->second.files.size(); ++i) {
+            SIO_Index::Drawing file = found->second.entry.drawings[i];
+            file.file = names.add(file.name) + QStringLiteral(".kvr");
+            addFile(entry.pathOf(file), found->second.files[i]);
+            entry.drawings.push_back(std::move(file));
+        }
+        _index.elements.push_back(std::move(entry));
+    }
+
+    const MO_Scene& _scene;
+    const SIO_Scene* _loaded;
+    SIO_Index _index;
+    SIO_FileNames _folders;
+    std::map<UT_Id, const CM_Palette*> _palettes;
+    QMap<QString, QByteArray> _files;
+    bool _hasKept = false;
+    QString _problem;
+};
+
+} // namespace
+
+UT_Result<QMap<QString, QByteArray>> SIO_sceneFiles(const MO_Scene& scene)
+{
+    return Collector(scene).collect();
+}

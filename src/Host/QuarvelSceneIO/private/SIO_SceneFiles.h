@@ -1,0 +1,15 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The files that a scene consists of, as bytes in memory.
+#pragma once
+
+#include "QuarvelBaseCore/UT_Result.h"
+#include "QuarvelSceneCore/MO_Scene.h"
+#include "QuarvelSceneIO/QuarvelSceneIOExport.h"
+
+#include <QMap>
+
+/// All files of a scene by their paths within its folder.
+///
+/// @return an error when the scene holds what no file can hold
+QUARVELSCENEIO_EXPORT UT_Result<QMap<QString, QByteArray>> SIO_sceneFiles(const MO_Scene& scene);
