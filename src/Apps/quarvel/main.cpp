@@ -1,9 +1,14 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // quarvel: the command line. Its first word names a command.
+#include "ImportCommand.h"
+#include "InspectCommand.h"
 #include "NormalMapCommand.h"
 #include "NormalMapOptions.h"
+#include "RenderCommand.h"
+#include "RenderOptions.h"
 #include "Say.h"
+#include "SetCommand.h"
 
 #include <QGuiApplication>
 
@@ -26,6 +31,11 @@ struct Command
 
 constexpr std::array kCommands{
     Command{"normalmap", "DRAWING... [options]", "turns drawings into normal maps", runNormalMapCommand, normalMapHelp},
+    Command{"import", "FILE... -o SCENE [options]", "makes a scene of drawings or an animation", runImportCommand,
+            importHelp},
+    Command{"inspect", "SCENE...", "says what is in a scene", runInspectCommand, inspectHelp},
+    Command{"set", "SCENE WHAT VALUE...", "changes one thing of a scene", runSetCommand, setHelp},
+    Command{"render", "SCENE -o FILE [options]", "renders frames of a scene", runRenderCommand, renderHelp},
 };
 
 const Command* findCommand(const QString& name)
