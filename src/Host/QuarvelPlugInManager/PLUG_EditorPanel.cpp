@@ -175,7 +175,7 @@ void PLUG_EditorPanel::clear()
     if (QWidget* const content = _parts->area->takeWidget()) {
         content->hide();
         content->deleteLater();
-        _parts->leaving.push_back(content);
+        _parts->leaving.emplace_back(content);
     }
     _parts->content = nullptr;
     showHeader();

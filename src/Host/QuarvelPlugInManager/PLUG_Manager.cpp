@@ -52,7 +52,7 @@ QList<QPointer<QTranslator>>& installedTranslators()
 
 QString PLUG_Manager::defaultFolder()
 {
-    const QString named = qEnvironmentVariable("QUARVEL_PLUGIN_PATH");
+    QString named = qEnvironmentVariable("QUARVEL_PLUGIN_PATH");
     if (!named.isEmpty())
         return named;
     return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/" QUARVEL_PLUGINS_FROM_PROGRAMS));

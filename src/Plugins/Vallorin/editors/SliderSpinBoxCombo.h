@@ -39,7 +39,7 @@ private Q_SLOTS:
     void onSliderReleased();
     void onSpinBoxChanged(int value);
 
-private:
+private: // NOLINT(readability-redundant-access-specifiers): these are no slots
     void report();
 
     Callback* callback;

@@ -45,7 +45,7 @@ private Q_SLOTS:
     void refreshMenu();
     void addColorTriggered(QAction* action);
 
-private:
+private: // NOLINT(readability-redundant-access-specifiers): these are no slots
     class Impl;
     std::unique_ptr<Impl> impl;
 };

@@ -56,7 +56,7 @@ private Q_SLOTS:
     void refreshMenu();
     void addObjectTriggered(QAction* action);
 
-private:
+private: // NOLINT(readability-redundant-access-specifiers): these are no slots
     friend class ObjectTableModel;
     struct Impl;
     std::unique_ptr<Impl> impl;
