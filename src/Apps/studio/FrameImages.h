@@ -1,0 +1,13 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// From pictures for files to images for the screen.
+#pragma once
+
+#include "QuarvelImageIO/IIO_Picture.h"
+
+#include <QImage>
+
+/// The image of a picture of 16-bit samples with the channels R G B A, Y A or Y: premultiplied, 8 bits a channel.
+///
+/// @return null when the memory is not enough
+QImage imageOf(const IIO_Picture& picture);

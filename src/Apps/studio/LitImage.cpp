@@ -1,0 +1,20 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Computed into the same memory again and again.
+#include "studio/LitImage.h"
+
+#include <span>
+
+const QImage& LitImage::image(const RenderedFramePtr& frame, const NM_LightingSettings& lighting)
+{
+    if (frame == _frame)
+        return _image;
+    _frame = frame;
+    const NM_Surface& surface = frame->surface;
+    if (_image.width() != surface.width() || _image.height() != surface.height())
+        _image = QImage(surface.width(), surface.height(), QImage::Format_RGBA8888);
+    if (_image.isNull())
+        return _image;
+    NM_light(surface, lighting, std::span(_image.bits(), static_cast<std::size_t>(_image.sizeInBytes())));
+    return _image;
+}

@@ -1,0 +1,37 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// StartPage: what the window shows while nothing is open.
+#pragma once
+
+#include <QWidget>
+
+class QCommandLinkButton;
+class QLabel;
+class QListWidget;
+class RecentFiles;
+
+class StartPage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit StartPage(RecentFiles& recent, QWidget* parent = nullptr);
+
+Q_SIGNALS:
+    void importRequested();
+    void openRequested();
+    void exampleRequested();
+    void recentRequested(const QString& path);
+
+private:
+    QWidget* heading();
+    QCommandLinkButton* addChoice(const QString& name, const QString& title, const QString& text);
+    void refill();
+    void refreshIcons();
+    void changeEvent(QEvent* event) override;
+
+    RecentFiles& _recent;
+    QList<std::pair<QCommandLinkButton*, QString>> _choices;
+    QLabel* _recentTitle;
+    QListWidget* _list;
+};

@@ -1,0 +1,65 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// quarvel-studio: the desktop application. Paths on the command line are opened as if they were dropped on the window.
+#include "QuarvelPlugInManager/PLUG_EditorWidgets.h"
+#include "QuarvelPlugInManager/PLUG_Manager.h"
+#include "QuarvelPlugInManager/PLUG_Services.h"
+#include "studio/Appearance.h"
+#include "studio/Icons.h"
+#include "studio/MainWindow.h"
+#include "studio/Screenshots.h"
+#include "studio/Translations.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QMessageBox>
+
+namespace {
+
+int complain(const QString& text)
+{
+    QMessageBox::critical(nullptr, QApplication::applicationDisplayName(), text);
+    return 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("quarvel-studio"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Quarvel Studio"));
+    QApplication::setOrganizationName(QStringLiteral("Vallorin"));
+    QApplication::setApplicationVersion(QStringLiteral(QUARVEL_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("org.vallorin.QuarvelStudio"));
+    QApplication::setWindowIcon(applicationIcon());
+    loadTranslations(application);
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QApplication::translate("main", "Volume for flat drawings"));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption screenshots(QStringLiteral("screenshots"),
+                                         QApplication::translate("main", "Write pictures of the windows and end."),
+                                         QStringLiteral("folder"));
+    parser.addOption(screenshots);
+    parser.addPositionalArgument(QStringLiteral("files"),
+                                 QApplication::translate("main", "A scene, or drawings to import."));
+    parser.process(application);
+
+    PLUG_EditorWidgets widgets;
+    PLUG_Services::setWidgetFactoryRegistry(&widgets);
+    if (const auto loaded = PLUG_Manager::loadAll(PLUG_Manager::defaultFolder()); !loaded)
+        return complain(loaded.error().text);
+    if (parser.isSet(screenshots))
+        return makeScreenshots(parser.value(screenshots));
+    applyAppearance(storedAppearance());
+
+    MainWindow window;
+    window.show();
+    if (!parser.positionalArguments().isEmpty())
+        window.openPaths(parser.positionalArguments());
+    else
+        window.offerRecovery();
+    return QApplication::exec();
+}
