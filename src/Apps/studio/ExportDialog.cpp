@@ -36,6 +36,18 @@ QString suffixOf(int format)
     return format == PNG ? QStringLiteral("png") : QStringLiteral("exr");
 }
 
+// A field with something beside it, which the label's key leads to.
+QWidget* rowOf(QWidget* field, QWidget* beside)
+{
+    auto* const row = new QWidget;
+    auto* const layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(field, 1);
+    layout->addWidget(beside);
+    row->setFocusProxy(field);
+    return row;
+}
+
 void explain(QFormLayout& form, QWidget* field, const QString& toolTip)
 {
     field->setToolTip(toolTip);
@@ -65,7 +77,7 @@ ExportDialog::ExportDialog(const MO_Scene& scene, const QString& name, const QSt
     _progress->setRange(0, 1000);
     _progress->setValue(0);
     _buttons = new QDialogButtonBox(QDialogButtonBox::Close);
-    QPushButton* const start = _buttons->addButton(tr("&Export"), QDialogButtonBox::AcceptRole);
+    QPushButton* const start = _buttons->addButton(tr("E&xport"), QDialogButtonBox::AcceptRole);
     start->setObjectName(QStringLiteral("startExport"));
     start->setDefault(true);
     connect(start, &QPushButton::clicked, this, &ExportDialog::begin);
@@ -107,11 +119,9 @@ void ExportDialog::addWhat(QFormLayout& form)
     _width->setValue(1920);
     _width->setSuffix(tr(" pixels"));
     _size = new QLabel;
-    auto* const row = new QHBoxLayout;
-    row->addWidget(_width, 1);
-    row->addWidget(_size);
+    auto* const row = rowOf(_width, _size);
     form.addRow(tr("&Width"), row);
-    _width->setToolTip(tr("The height follows from the scene's shape"));
+    explain(form, row, tr("The height follows from the scene's shape"));
     connect(_width, &QSpinBox::valueChanged, this, &ExportDialog::update);
 }
 
@@ -161,11 +171,9 @@ void ExportDialog::addWhere(QFormLayout& form, const QString& folder)
     browse->setToolTip(tr("Chooses the folder"));
     browse->setFocusPolicy(Qt::StrongFocus);
     connect(browse, &QToolButton::clicked, this, &ExportDialog::chooseFolder);
-    auto* const row = new QHBoxLayout;
-    row->addWidget(_folder, 1);
-    row->addWidget(browse);
-    form.addRow(tr("Fo&lder"), row);
-    _folder->setToolTip(tr("Where the files go; the folder is made when it does not exist"));
+    auto* const row = rowOf(_folder, browse);
+    form.addRow(tr("Fold&er"), row);
+    explain(form, row, tr("Where the files go; the folder is made when it does not exist"));
     _file = new QLineEdit(
         _name + (_scene.firstFrame() == _scene.lastFrame() ? QStringLiteral("_n.png") : QStringLiteral("_n.####.png")));
     _file->setObjectName(QStringLiteral("exportFile"));

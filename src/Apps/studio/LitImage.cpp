@@ -3,7 +3,7 @@
 // Computed into the same memory again and again.
 #include "studio/LitImage.h"
 
-#include <span>
+#include "studio/FastLight.h"
 
 const QImage& LitImage::image(const RenderedFramePtr& frame, const NM_LightingSettings& lighting)
 {
@@ -12,9 +12,8 @@ const QImage& LitImage::image(const RenderedFramePtr& frame, const NM_LightingSe
     _frame = frame;
     const NM_Surface& surface = frame->surface;
     if (_image.width() != surface.width() || _image.height() != surface.height())
-        _image = QImage(surface.width(), surface.height(), QImage::Format_RGBA8888);
-    if (_image.isNull())
-        return _image;
-    NM_light(surface, lighting, std::span(_image.bits(), static_cast<std::size_t>(_image.sizeInBytes())));
+        _image = QImage(surface.width(), surface.height(), QImage::Format_ARGB32_Premultiplied);
+    if (!_image.isNull())
+        lightForScreen(surface, lighting, _image);
     return _image;
 }

@@ -106,6 +106,9 @@ void MainWindow::makeDocks()
     scroll->setWidget(new LightPanel(_lights));
     dock->setWidget(scroll);
     addDockWidget(Qt::RightDockWidgetArea, dock);
+    // Wide enough for the properties' tables.
+    constexpr int kWidth = 430;
+    resizeDocks({dock}, {kWidth}, Qt::Horizontal);
 }
 
 void MainWindow::makeStatusBar()
@@ -127,6 +130,7 @@ void MainWindow::makeStatusBar()
 void MainWindow::frameChanged()
 {
     _viewer->setFrame(_renders.current());
+    showZoom();
     showPixel(_hovered);
 }
 
@@ -174,7 +178,7 @@ void MainWindow::showPixel(const std::optional<QPoint>& place)
 
 void MainWindow::showZoom()
 {
-    _zoomLabel->setText(tr("%1 %").arg(qRound(_viewer->zoom() * 100.0)));
+    _zoomLabel->setText(_viewer->frame() ? tr("%1 %").arg(qRound(_viewer->zoom() * 100.0)) : QString());
 }
 
 void MainWindow::updateTitle()
@@ -212,8 +216,16 @@ void MainWindow::updateActions()
 void MainWindow::showStart(bool start)
 {
     _pages->setCurrentWidget(start ? static_cast<QWidget*>(_start) : _viewer);
-    for (QDockWidget* const dock : findChildren<QDockWidget*>())
-        dock->setEnabled(!start);
+    // Nothing to work with is shown while there is nothing to work on.
+    if (start)
+        for (QDockWidget* const dock : findChildren<QDockWidget*>())
+            if (!dock->isHidden()) {
+                dock->hide();
+                _hiddenDocks << dock;
+            }
+    if (!start)
+        for (QDockWidget* const dock : std::exchange(_hiddenDocks, {}))
+            dock->show();
     if (!start)
         _viewer->setFocus();
     updateActions();
@@ -230,7 +242,8 @@ void MainWindow::storeLayout()
 {
     QSettings settings;
     settings.setValue(QStringLiteral("window/geometry"), saveGeometry());
-    settings.setValue(QStringLiteral("window/state"), saveState());
+    if (_hiddenDocks.isEmpty())
+        settings.setValue(QStringLiteral("window/state"), saveState());
 }
 
 void MainWindow::changeEvent(QEvent* event)

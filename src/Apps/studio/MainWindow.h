@@ -16,6 +16,7 @@
 
 class MessageBar;
 class QActionGroup;
+class QDockWidget;
 class QLabel;
 class QStackedWidget;
 class StartPage;
@@ -116,6 +117,7 @@ private:
     QList<std::pair<QAction*, QString>> _icons;
     QString _nameOfImport;
     std::optional<QPoint> _hovered;
+    QList<QDockWidget*> _hiddenDocks; // by the start page
 
     QAction* _new = nullptr;
     QAction* _open = nullptr;

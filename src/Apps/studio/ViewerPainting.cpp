@@ -68,6 +68,7 @@ void Viewer::paintEvent(QPaintEvent*)
         paintMessage(painter, said);
     paintProgress(painter);
     if (hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(palette().color(QPalette::Highlight), 1.0));
         painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
     }
