@@ -120,12 +120,17 @@ private:
     UT_Result<void> readModule(const QDomElement& element, QHash<QString, MO_Module*>& byFileName,
                                QStringList* warnings);
     void readLink(const QDomElement& element, const QHash<QString, MO_Module*>& byFileName, QStringList* warnings);
+    void keepUnknownOfLink(const QDomElement& element, const MO_Port& target, QStringList* warnings);
+    void writeLinksTo(const MO_Module& target, PO_XmlWriter& writer) const;
 
     MO_SceneCommon* _scene = nullptr;
     std::unique_ptr<MO_GroupBorderModule> _entry;
     std::unique_ptr<MO_GroupBorderModule> _exit;
     std::vector<std::unique_ptr<MO_Module>> _modules;
     PO_UnknownXml _unknownGraph;
+    /// What a newer version wrote about links. By the names of their ends, so that a link that is cut and made again
+    /// has it again.
+    QHash<QString, PO_UnknownXml> _unknownLinks;
     std::optional<UT_Error> _graphError;
     // Of the outermost group alone: all names, and the number to try first when a name is taken.
     QHash<QString, MO_Module*> _names;

@@ -33,21 +33,16 @@ void addWarning(QStringList* warnings, const QDomElement& element, const QString
         *warnings << translated("Line %1: %2").arg(element.lineNumber()).arg(text);
 }
 
-void writeLinksTo(const MO_Module& target, PO_XmlWriter& writer)
+// Which link of a graph is meant. Its first end is led by its length, since names may hold any characters.
+QString linkKey(const MO_Port& source, const MO_Port& target)
 {
-    for (unsigned i = 0; i < target.nInPorts(); ++i) {
-        const MO_Port* const source = target.inPort(i)->srcPort();
-        if (!source)
-            continue;
-        writer.startElement(kElementLink);
-        if (!dynamic_cast<const MO_GroupBorderModule*>(source->node()))
-            writer.attribute(kAttributeFrom, source->node()->instanceName());
-        writer.attribute(kAttributeFromPort, static_cast<int>(source->index()));
-        if (!dynamic_cast<const MO_GroupBorderModule*>(&target))
-            writer.attribute(kAttributeTo, target.instanceName());
-        writer.attribute(kAttributeToPort, static_cast<int>(i));
-        writer.endElement();
-    }
+    const auto end = [](const MO_Port& port) {
+        const bool isBorder = dynamic_cast<const MO_GroupBorderModule*>(port.node()) != nullptr;
+        return QString::number(port.index()) + (isBorder ? u'|' : u'/') +
+               (isBorder ? QString() : port.node()->instanceName());
+    };
+    const QString from = end(source);
+    return QString::number(from.size()) + u'/' + from + end(target);
 }
 
 // An index of a port that a file may name; nothing for every other text.
@@ -72,6 +67,26 @@ void XUGroup::writeXmlSubnodes(PO_XmlWriter& writer) const
 {
     MO_Module::writeXmlSubnodes(writer);
     writeGraph(writer);
+}
+
+void XUGroup::writeLinksTo(const MO_Module& target, PO_XmlWriter& writer) const
+{
+    for (unsigned i = 0; i < target.nInPorts(); ++i) {
+        const MO_Port* const source = target.inPort(i)->srcPort();
+        if (!source)
+            continue;
+        const PO_UnknownXml unknown = _unknownLinks.value(linkKey(*source, *target.inPort(i)));
+        writer.startElement(kElementLink);
+        if (!dynamic_cast<const MO_GroupBorderModule*>(source->node()))
+            writer.attribute(kAttributeFrom, source->node()->instanceName());
+        writer.attribute(kAttributeFromPort, static_cast<int>(source->index()));
+        if (!dynamic_cast<const MO_GroupBorderModule*>(&target))
+            writer.attribute(kAttributeTo, target.instanceName());
+        writer.attribute(kAttributeToPort, static_cast<int>(i));
+        unknown.writeAttributes(writer);
+        unknown.writeElements(writer);
+        writer.endElement();
+    }
 }
 
 void XUGroup::writeGraph(PO_XmlWriter& writer) const
@@ -195,4 +210,25 @@ void XUGroup::readLink(const QDomElement& element, const QHash<QString, MO_Modul
         opaque->needInPort(*inPort);
     if (const auto linked = MO_Scene::connect(*source, *target, *inPort, *outPort); !linked)
         addWarning(warnings, element, linked.error().text);
+    else
+        keepUnknownOfLink(element, *target->inPort(*inPort), warnings);
+}
+
+void XUGroup::keepUnknownOfLink(const QDomElement& element, const MO_Port& target, QStringList* warnings)
+{
+    PO_UnknownXml unknown;
+    const QDomNamedNodeMap attributes = element.attributes();
+    for (int i = 0; i < attributes.count(); ++i) {
+        const QString name = attributes.item(i).nodeName();
+        if (name == kAttributeFrom || name == kAttributeFromPort || name == kAttributeTo || name == kAttributeToPort)
+            continue;
+        unknown.addAttribute(name, attributes.item(i).nodeValue());
+        addWarning(warnings, element, translated("\"%1\" is not understood by this version").arg(name));
+    }
+    for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
+        unknown.addElement(child);
+        addWarning(warnings, child, translated("<%1> is not understood by this version").arg(child.tagName()));
+    }
+    if (!unknown.isEmpty())
+        _unknownLinks.insert(linkKey(*target.srcPort(), target), unknown);
 }
