@@ -97,7 +97,7 @@ private:
     {
         const auto text = SIO_pathText(path);
         if (!text)
-            _problem = translated("a path has a point that is no number");
+            _problem = translated("a path has a point that is no number or too far away");
         _xml.startElement(name);
         _xml.attribute(kAttributePoints, text.value_or(QString()));
         _xml.attribute(kAttributeFill, path.fillRule() == Qt::WindingFill ? kNonZero : kEvenOdd);

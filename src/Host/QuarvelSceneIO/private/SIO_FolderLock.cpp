@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 
 #include <chrono>
 
@@ -28,17 +29,20 @@ SIO_FolderLock::SIO_FolderLock(const QString& folder) : _folder(folder), _lock(f
     _lock.setStaleLockTime(static_cast<int>(kStale.count()));
 }
 
+bool SIO_FolderLock::isReadOnly() const
+{
+    return _lock.error() == QLockFile::PermissionError || !QFileInfo(_folder).isWritable();
+}
+
 UT_Result<void> SIO_FolderLock::lock()
 {
-    if (_lock.tryLock(static_cast<int>(kPatience.count())))
+    // Where nothing may be written, a lock that somebody left behind would be waited for in vain.
+    if (!isReadOnly() && _lock.tryLock(static_cast<int>(kPatience.count())))
         return {};
     const QString shown = QDir::toNativeSeparators(_folder);
-    switch (_lock.error()) {
-    case QLockFile::LockFailedError:
-        return UT_Error{translated("the scene \"%1\" is being saved by another program; try again later").arg(shown)};
-    case QLockFile::PermissionError:
+    if (isReadOnly())
         return UT_Error{translated("files may not be made in \"%1\"; permit it or name another place").arg(shown)};
-    default:
-        return UT_Error{translated("cannot write in \"%1\"; see whether the disk is full").arg(shown)};
-    }
+    if (_lock.error() == QLockFile::LockFailedError)
+        return UT_Error{translated("the scene \"%1\" is being saved by another program; try again later").arg(shown)};
+    return UT_Error{translated("cannot write in \"%1\"; see whether the disk is full").arg(shown)};
 }

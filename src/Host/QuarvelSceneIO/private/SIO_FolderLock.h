@@ -19,7 +19,7 @@ public:
     /// @return an error when another process holds on to the lock, or there can be none
     UT_Result<void> lock();
     /// After lock() failed: true when the reason is that nothing may be changed in the folder.
-    bool isReadOnly() const { return _lock.error() == QLockFile::PermissionError; }
+    bool isReadOnly() const;
 
 private:
     QString _folder;

@@ -58,6 +58,12 @@ bool parseLine(const QByteArray& line, SIO_Journal& journal)
     return isInside(journal.writes.back().staged) && isInside(journal.writes.back().target);
 }
 
+// A link in a file's own place will be replaced; one above it would have the file written elsewhere.
+bool isSafePlace(const QString& folder, const QString& relative)
+{
+    return SIO_staysInside(folder, QFileInfo(relative).path());
+}
+
 // Makes the folders between the scene's and a file.
 UT_Result<void> makeFoldersFor(const QString& folder, const QString& relative, SIO_FileSystem& disk)
 {
@@ -98,7 +104,7 @@ private:
     {
         const QString staged = _folder + u'/' + write.staged;
         const QString target = _folder + u'/' + write.target;
-        if (!SIO_staysInside(_folder, write.staged) || !SIO_staysInside(_folder, write.target))
+        if (!SIO_staysInside(_folder, write.staged) || !isSafePlace(_folder, write.target))
             return UT_Error{translated("\"%1\" leads out of the scene's folder").arg(write.target)};
         if (!QFileInfo::exists(staged)) {
             if (QFileInfo::exists(target))
@@ -115,7 +121,7 @@ private:
     {
         const QString path = _folder + u'/' + relative;
         const QString parent = QFileInfo(path).path();
-        if (!SIO_staysInside(_folder, QFileInfo(relative).path()))
+        if (!isSafePlace(_folder, relative))
             return UT_Error{translated("\"%1\" leads out of the scene's folder").arg(relative)};
         if (auto removed = _disk.removeFile(path); !removed)
             return removed;
@@ -260,10 +266,10 @@ UT_Result<void> SIO_changeFiles(const QString& folder, const QMap<QString, QByte
     QMap<QString, QByteArray> changed;
     for (auto file = files.cbegin(); file != files.cend(); ++file) {
         const QString path = folder + u'/' + file.key();
-        if (!SIO_staysInside(folder, file.key()) || QFileInfo(path).isDir())
+        if (!isSafePlace(folder, file.key()) || QFileInfo(path).isDir())
             return UT_Error{translated("\"%1\" is no place for a file of the scene: a link or a folder is in the way")
                                 .arg(QDir::toNativeSeparators(path))};
-        if (!hasBytes(path, file.value()))
+        if (!SIO_staysInside(folder, file.key()) || !hasBytes(path, file.value()))
             changed.insert(file.key(), file.value());
     }
     if (changed.isEmpty() && deletes.isEmpty())

@@ -32,6 +32,14 @@ char16_t letterOf(QPainterPath::ElementType type)
     return u'\0';
 }
 
+// Paths hold no coordinates from here on.
+constexpr double kFarthest = 1e128;
+
+bool isCoordinate(double value)
+{
+    return std::fabs(value) < kFarthest;
+}
+
 // Takes the next point of a text; false when there is none.
 class Points
 {
@@ -55,7 +63,7 @@ private:
         if (atEnd())
             return false;
         const auto parsed = PO_parseDouble(word().toString());
-        if (!parsed || !std::isfinite(*parsed))
+        if (!parsed || !isCoordinate(*parsed))
             return false;
         value = *parsed;
         return true;
@@ -108,7 +116,7 @@ std::optional<QString> SIO_pathText(const QPainterPath& path)
     QString text;
     for (int i = 0; i < path.elementCount(); ++i) {
         const Element& element = path.elementAt(i);
-        if (!std::isfinite(element.x) || !std::isfinite(element.y))
+        if (!isCoordinate(element.x) || !isCoordinate(element.y))
             return std::nullopt;
         if (i > 0)
             text += u' ';

@@ -12,7 +12,7 @@
 
 #include <optional>
 
-/// The path as a text; nothing when one of its numbers is not finite.
+/// The path as a text; nothing when one of its numbers is none, or not below 1e128.
 QUARVELSCENEIO_EXPORT std::optional<QString> SIO_pathText(const QPainterPath& path);
 
 /// The inverse; nothing for texts that are no path. White space of any length may stand between letters and numbers.

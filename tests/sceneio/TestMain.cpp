@@ -1,0 +1,24 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The tests' own program: with the plug-ins of the build, so that scenes can hold modules of every kind.
+#include "ObjectDefinition/ObjectDefinition.h"
+#include "QuarvelPlugInManager/PLUG_Manager.h"
+#include "QuarvelSceneCore/MO_ModuleFactory.h"
+
+#include <QCoreApplication>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    const QCoreApplication application(argc, argv);
+    const auto loaded = PLUG_Manager::loadAll(PLUG_Manager::defaultFolder());
+    if (!loaded || !MO_ModuleFactorySingleton().contains(ObjectDefinition::Keyword())) {
+        std::fprintf(stderr, "%s\n", loaded ? "no object definition" : qPrintable(loaded.error().text));
+        return 1;
+    }
+    return RUN_ALL_TESTS();
+}
