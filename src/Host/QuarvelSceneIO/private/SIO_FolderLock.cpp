@@ -1,21 +1,34 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The lock of a scene's folder.
+// The lock of a scene's folder. The file goes with the lock, so that scenes hold nothing but scenes; whoever gets hold
+// of a file that has just gone tries again with the new one.
 #include "QuarvelSceneIO/private/SIO_FolderLock.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <QThread>
 
 #include <chrono>
+
+#ifdef Q_OS_WIN
+#include <qt_windows.h>
+#else
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 namespace {
 
 using namespace std::chrono_literals;
 
 constexpr std::chrono::milliseconds kPatience = 30s;
-// A lock of another machine, of which nobody here knows whether its process lives, counts for so long.
-constexpr std::chrono::milliseconds kStale = 10min;
+constexpr unsigned long kPauseInMilliseconds = 5;
 
 QString translated(const char* text)
 {
@@ -24,25 +37,90 @@ QString translated(const char* text)
 
 } // namespace
 
-SIO_FolderLock::SIO_FolderLock(const QString& folder) : _folder(folder), _lock(folder + QStringLiteral("/.lock"))
-{
-    _lock.setStaleLockTime(static_cast<int>(kStale.count()));
-}
-
-bool SIO_FolderLock::isReadOnly() const
-{
-    return _lock.error() == QLockFile::PermissionError || !QFileInfo(_folder).isWritable();
-}
+SIO_FolderLock::SIO_FolderLock(const QString& folder) : _folder(folder), _path(folder + QStringLiteral("/.lock")) {}
 
 UT_Result<void> SIO_FolderLock::lock()
 {
-    // Where nothing may be written, a lock that somebody left behind would be waited for in vain.
-    if (!isReadOnly() && _lock.tryLock(static_cast<int>(kPatience.count())))
-        return {};
+    const QDeadlineTimer deadline(kPatience);
+    Attempt attempt = tryLock();
+    while (attempt == Attempt::HELD_BY_OTHERS && !deadline.hasExpired()) {
+        QThread::msleep(kPauseInMilliseconds);
+        attempt = tryLock();
+    }
+    _readOnly = attempt == Attempt::NOT_PERMITTED;
     const QString shown = QDir::toNativeSeparators(_folder);
-    if (isReadOnly())
-        return UT_Error{translated("files may not be made in \"%1\"; permit it or name another place").arg(shown)};
-    if (_lock.error() == QLockFile::LockFailedError)
+    switch (attempt) {
+    case Attempt::LOCKED:
+        return {};
+    case Attempt::HELD_BY_OTHERS:
         return UT_Error{translated("the scene \"%1\" is being saved by another program; try again later").arg(shown)};
+    case Attempt::NOT_PERMITTED:
+        return UT_Error{translated("files may not be made in \"%1\"; permit it or name another place").arg(shown)};
+    case Attempt::FAILED:
+        break;
+    }
     return UT_Error{translated("cannot write in \"%1\"; see whether the disk is full").arg(shown)};
 }
+
+#ifdef Q_OS_WIN
+
+// Nobody else can open the file while it is open here, and the system removes it when it is closed.
+SIO_FolderLock::Attempt SIO_FolderLock::tryLock()
+{
+    const QString native = QDir::toNativeSeparators(_path);
+    const HANDLE file = CreateFileW(reinterpret_cast<const wchar_t*>(native.utf16()), GENERIC_WRITE, 0, nullptr,
+                                    OPEN_ALWAYS, FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    if (file != INVALID_HANDLE_VALUE) {
+        _file = reinterpret_cast<std::intptr_t>(file);
+        return Attempt::LOCKED;
+    }
+    switch (GetLastError()) {
+    case ERROR_SHARING_VIOLATION:
+        return Attempt::HELD_BY_OTHERS;
+    case ERROR_ACCESS_DENIED:
+    case ERROR_WRITE_PROTECT:
+        return Attempt::NOT_PERMITTED;
+    default:
+        return Attempt::FAILED;
+    }
+}
+
+SIO_FolderLock::~SIO_FolderLock()
+{
+    if (_file != -1)
+        CloseHandle(reinterpret_cast<HANDLE>(_file));
+}
+
+#else
+
+SIO_FolderLock::Attempt SIO_FolderLock::tryLock()
+{
+    // Those who may do everything are told by the folder's own switches.
+    if (!QFileInfo(_folder).isWritable())
+        return Attempt::NOT_PERMITTED;
+    const QByteArray path = QFile::encodeName(_path);
+    const int file = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0666);
+    if (file < 0)
+        return errno == EACCES || errno == EPERM || errno == EROFS ? Attempt::NOT_PERMITTED : Attempt::FAILED;
+    struct stat locked = {};
+    struct stat named = {};
+    const bool isMine = ::flock(file, LOCK_EX | LOCK_NB) == 0;
+    const bool isStillThere = isMine && ::fstat(file, &locked) == 0 && ::lstat(path.constData(), &named) == 0 &&
+                              locked.st_ino == named.st_ino && locked.st_dev == named.st_dev;
+    if (!isStillThere) {
+        ::close(file);
+        return Attempt::HELD_BY_OTHERS;
+    }
+    _file = file;
+    return Attempt::LOCKED;
+}
+
+SIO_FolderLock::~SIO_FolderLock()
+{
+    if (_file == -1)
+        return;
+    ::unlink(QFile::encodeName(_path).constData());
+    ::close(static_cast<int>(_file));
+}
+
+#endif

@@ -1,27 +1,43 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// SIO_FolderLock: lets one process at a time save a scene, or finish a save that was cut short. The lock is the file
-// ".lock" in the scene's folder. One that a process left behind which is no more does not count.
+// SIO_FolderLock: lets one process at a time save a scene, or finish a save that was cut short. The lock is held on the
+// file ".lock" in the scene's folder by the system itself, which lets go of it when the process ends, however it ends:
+// a file that was left behind means nothing.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
 
-#include <QLockFile>
+#include <cstdint>
 
 /// The lock of a scene's folder, held until the object goes.
 class SIO_FolderLock
 {
 public:
     explicit SIO_FolderLock(const QString& folder);
+    ~SIO_FolderLock();
+    SIO_FolderLock(const SIO_FolderLock&) = delete;
+    SIO_FolderLock& operator=(const SIO_FolderLock&) = delete;
 
     /// Waits for other processes, half a minute at most.
     ///
     /// @return an error when another process holds on to the lock, or there can be none
     UT_Result<void> lock();
     /// After lock() failed: true when the reason is that nothing may be changed in the folder.
-    bool isReadOnly() const;
+    bool isReadOnly() const { return _readOnly; }
 
 private:
+    enum class Attempt
+    {
+        LOCKED,
+        HELD_BY_OTHERS,
+        NOT_PERMITTED,
+        FAILED
+    };
+
+    Attempt tryLock();
+
     QString _folder;
-    QLockFile _lock;
+    QString _path;
+    bool _readOnly = false;
+    std::intptr_t _file = -1; ///< the system's handle of the locked file; -1: not locked
 };
