@@ -22,6 +22,7 @@ function(quarvel_add_library name)
     ${name}
     PUBLIC ${arg_PUBLIC}
     PRIVATE ${arg_PRIVATE} $<BUILD_INTERFACE:vallorin_compiler>)
+  vallorin_use_precompiled(${name} host)
   set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} INSTALL_RPATH "$ORIGIN"
                                            EXPORT_NAME ${name})
   install(
@@ -35,15 +36,21 @@ function(quarvel_add_library name)
           DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quarvel/${name})
 endfunction()
 
-# vallorin_add_tests(AREA [LIBRARIES dep...])
+# vallorin_add_tests(AREA [WITHOUT_QT] [LIBRARIES dep...])
 #
-# One test program, test_AREA, from every *Test.cpp of the folder; CTest knows each of its tests by name.
+# One test program, test_AREA, from the sources in the folder; CTest knows each of its tests by name. WITHOUT_QT: nothing that it
+# links brings Qt.
 function(vallorin_add_tests area)
-  cmake_parse_arguments(arg "" "" "LIBRARIES" ${ARGN})
+  cmake_parse_arguments(arg "WITHOUT_QT" "" "LIBRARIES" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
   add_executable(test_${area} ${sources})
   target_include_directories(test_${area} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   target_link_libraries(test_${area} PRIVATE ${arg_LIBRARIES} vallorin_compiler GTest::gmock GTest::gtest rapidcheck)
+  if("Qt6::Test" IN_LIST arg_LIBRARIES)
+    vallorin_use_precompiled(test_${area} widget_tests)
+  elseif(NOT arg_WITHOUT_QT)
+    vallorin_use_precompiled(test_${area} tests)
+  endif()
   gtest_discover_tests(
     test_${area}
     TEST_PREFIX "${area}."

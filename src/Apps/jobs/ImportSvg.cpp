@@ -25,20 +25,24 @@ UT_Result<DrawingSequence> readSvgSequence(const QStringList& files, const Impor
     RepeatedWarnings warnings;
     DrawingSequence place;
     for (const NumberedFile& file : *numbered) {
-        UT_Result<DIO_Drawing> drawing = DIO_readSvg(file.path, groupingOf(settings.grouping));
+        UT_Result<DIO_Drawing> drawing = DIO_readSvg(file.path, groupingOf(settings.grouping), DIO_Blank::ACCEPTED);
         if (!drawing)
             return drawing.error();
         if (place.frame.isEmpty()) {
             place.frame = drawing->viewBox;
             place.size = drawing->size;
         }
-        if (!showsTheSamePlace(place, *drawing))
+        const bool hasPlace = !drawing->viewBox.isEmpty();
+        if (hasPlace && !showsTheSamePlace(place, *drawing))
             drawing->warnings.append(
                 QStringLiteral("its size or place differs from that of %1, which counts").arg(numbered->front().path));
         warnings.add(file.path, drawing->warnings);
         builder.addFrame(file.frame, *drawing);
     }
     DrawingSequence sequence = builder.take();
+    if (sequence.layers.empty())
+        return UT_Error{
+            QStringLiteral("%1: nothing is filled or stroked in any of the drawings").arg(numbered->front().path)};
     sequence.frame = place.frame;
     sequence.size = place.size;
     sequence.firstFrame = numbered->front().frame;

@@ -9,8 +9,9 @@ QString normalMapHelp()
 
   quarvel normalmap DRAWING... [options]
 
-Each drawing is an SVG file. Its layers become objects, each with a rounded volume of its own; the normal map is written beside it
-as NAME_n.png, pixel for pixel registered with the drawing.
+Each drawing is an SVG file, or a bitmap with transparency (PNG, WebP and others). The layers of an SVG file become objects, each
+with a rounded volume of its own; a bitmap is one object. The normal map is written beside the drawing as NAME_n.png, pixel for
+pixel registered with it.
 
 Files
   -o, --output FILE     where the normal map goes; the ending says the format: .png (16 bits a channel), .exr (OpenEXR).

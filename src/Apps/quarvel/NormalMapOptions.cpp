@@ -256,6 +256,6 @@ UT_Result<NormalMapOptions> parseNormalMapOptions(const QStringList& words)
     options.drawings = parser.positionalArguments();
     if (options.drawings.isEmpty() && !options.help)
         return UT_Error{
-            QStringLiteral("which drawing? quarvel normalmap takes one or more SVG files, such as hero.svg")};
+            QStringLiteral("which drawing? quarvel normalmap takes one or more SVG files or bitmaps, such as hero.svg")};
     return options;
 }

@@ -29,6 +29,7 @@ QSize quickSize(const QSize& full)
 RenderService::RenderService(StudioDocument& document, QObject* parent)
     : QObject(parent), _document(document), _worker([this](const std::stop_token& stop) { work(stop); })
 {
+    listen();
     connect(&document, &StudioDocument::sceneChanged, this, &RenderService::sceneChanged);
     connect(&document, &StudioDocument::sceneReplaced, this, &RenderService::sceneReplaced);
     connect(&document, &StudioDocument::currentFrameChanged, this, &RenderService::request);
@@ -36,9 +37,22 @@ RenderService::RenderService(StudioDocument& document, QObject* parent)
 
 RenderService::~RenderService()
 {
+    _scene->removeListener(*this);
     ++_generation;
     _worker.request_stop();
     _worker.join();
+}
+
+void RenderService::listen()
+{
+    _scene = &_document.scene();
+    _scene->addListener(*this);
+}
+
+void RenderService::told(XUTeller&)
+{
+    // What is under way is out of date at once; the document gathers changes before it tells that there were some.
+    ++_generation;
 }
 
 void RenderService::setLongestSide(int pixels)
@@ -91,6 +105,8 @@ void RenderService::sceneChanged()
 
 void RenderService::sceneReplaced()
 {
+    _scene->removeListener(*this);
+    listen();
     _node.clear();
     _current.reset();
     Q_EMIT frameChanged();

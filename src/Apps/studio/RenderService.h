@@ -8,6 +8,7 @@
 // last change of the scene are kept for a while, so that playing them again costs nothing.
 #pragma once
 
+#include "QuarvelBaseCore/XUTeller.h"
 #include "studio/RenderedFrame.h"
 
 #include <QObject>
@@ -20,11 +21,12 @@
 #include <mutex>
 #include <thread>
 
+class MO_Scene;
 class SceneSnapshot;
 class StudioDocument;
 
 /// Renders the document's current frame in the background. Lives on the window's thread and never blocks it.
-class RenderService : public QObject
+class RenderService : public QObject, private XUListener
 {
     Q_OBJECT
 
@@ -84,6 +86,8 @@ private:
         bool isLast = false;
     };
 
+    void told(XUTeller& teller) override;
+    void listen();
     void sceneChanged();
     void sceneReplaced();
     void request();
@@ -98,6 +102,7 @@ private:
     QSize fullSize() const;
 
     StudioDocument& _document;
+    MO_Scene* _scene = nullptr; // that is listened to
     int _longestSide = 1920;
     QString _node;
     RenderedFramePtr _current;

@@ -81,7 +81,7 @@ bool record(const DIO_FlatSvg& flat, double stretchY, DIO_ShapeCollector& collec
 
 } // namespace
 
-UT_Result<DIO_Drawing> DIO_readSvg(const QString& path, DIO_Grouping grouping)
+UT_Result<DIO_Drawing> DIO_readSvg(const QString& path, DIO_Grouping grouping, DIO_Blank blank)
 {
     QFile file(path);
     if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly)) {
@@ -91,10 +91,11 @@ UT_Result<DIO_Drawing> DIO_readSvg(const QString& path, DIO_Grouping grouping)
     const QByteArray data = file.read(kMaxFileSize + 1);
     if (file.error() != QFileDevice::NoError)
         return UT_Error{QStringLiteral("%1: the drawing cannot be read: %2").arg(path, file.errorString())};
-    return DIO_readSvgData(data, path, grouping);
+    return DIO_readSvgData(data, path, grouping, blank);
 }
 
-UT_Result<DIO_Drawing> DIO_readSvgData(const QByteArray& data, const QString& path, DIO_Grouping grouping)
+UT_Result<DIO_Drawing> DIO_readSvgData(const QByteArray& data, const QString& path, DIO_Grouping grouping,
+                                       DIO_Blank blank)
 {
     if (data.size() > kMaxFileSize)
         return UT_Error{QStringLiteral("%1: the file is larger than %2 MiB, the most that is read of a drawing")
@@ -121,7 +122,7 @@ UT_Result<DIO_Drawing> DIO_readSvgData(const QByteArray& data, const QString& pa
     if (!record(*flat, size.stretchY, collector, undashed))
         return UT_Error{QStringLiteral("%1: the SVG library cannot read the drawing").arg(path)};
     DIO_Drawing drawing = collector.takeDrawing();
-    if (drawing.layers.empty())
+    if (drawing.layers.empty() && blank == DIO_Blank::REFUSED)
         return UT_Error{emptyText(path, *flat)};
 
     drawing.name = QFileInfo(path).completeBaseName();

@@ -9,7 +9,8 @@
 //
 // Layers. Declared layers are the groups that vector editors mark as such:
 //   inkscape:groupmode="layer", i:layer="yes", sketch:type="MSLayerGroup", class="layer" with a <title> inside,
-//   a <metadata> child whose id contains "Corel-Layer", and top-level groups with a generated id ("Layer_1", "layer1", ...).
+//   a <metadata> child whose id contains "Corel-Layer", and top-level groups with a generated id ("Layer_1", "layer1",
+//   ...).
 // The topmost ones count: a layer within a layer is part of it. What stands outside of all layers (or, when grouping by
 // groups, of all top-level groups) forms layers of its own between them, so that the order of painting is kept. Layers
 // that are hidden or paint nothing are left out with a warning.
@@ -24,12 +25,20 @@
 
 #include <QByteArray>
 
+/// What becomes of a drawing that paints nothing.
+enum class DIO_Blank
+{
+    REFUSED, ///< it is an error
+    ACCEPTED ///< it is a drawing without layers: a frame of an animation in which nothing shows
+};
+
 /// Reads an SVG file of up to 64 MiB. See DIO_readDrawing for what must exist, and for threads.
-QUARVELDRAWINGIO_EXPORT UT_Result<DIO_Drawing> DIO_readSvg(const QString& path,
-                                                           DIO_Grouping grouping = DIO_Grouping::AUTO);
+QUARVELDRAWINGIO_EXPORT UT_Result<DIO_Drawing>
+DIO_readSvg(const QString& path, DIO_Grouping grouping = DIO_Grouping::AUTO, DIO_Blank blank = DIO_Blank::REFUSED);
 
 /// Reads an SVG document from memory.
 ///
 /// @param path what messages call it, and what the drawing is named after; nothing is opened
 QUARVELDRAWINGIO_EXPORT UT_Result<DIO_Drawing> DIO_readSvgData(const QByteArray& data, const QString& path,
-                                                               DIO_Grouping grouping = DIO_Grouping::AUTO);
+                                                               DIO_Grouping grouping = DIO_Grouping::AUTO,
+                                                               DIO_Blank blank = DIO_Blank::REFUSED);

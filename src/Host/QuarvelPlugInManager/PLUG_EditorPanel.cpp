@@ -125,8 +125,8 @@ PLUG_EditorPanel::PLUG_EditorPanel(CO_CommandStack* stack, QWidget* parent)
 
 PLUG_EditorPanel::~PLUG_EditorPanel()
 {
-    for (ComponentOwner* const owner : _parts->owners)
-        owner->leavePanel();
+    // Fields say when they lose the focus, so they go while there is a panel to tell.
+    clear();
     // The event loop may not run again.
     for (const QPointer<QWidget>& content : _parts->leaving)
         delete content;

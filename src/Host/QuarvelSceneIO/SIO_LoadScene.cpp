@@ -14,9 +14,12 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <optional>
+
 namespace {
 
-constexpr int kAttempts = 10;
+/// How often a scene that is being saved is read before its readers ask for the lock.
+constexpr int kAttempts = 5;
 
 QString translated(const char* text)
 {
@@ -132,6 +135,18 @@ private:
     std::map<UT_Id, CM_SharedPtr<CM_Palette>> _palettes;
 };
 
+// Finishes a save that was cut short, for one who holds the lock.
+UT_Result<void> finishSaveLocked(const QString& folder)
+{
+    SIO_FileSystem disk;
+    const auto waiting = SIO_waitingJournal(folder);
+    if (!waiting)
+        return waiting.error();
+    // When the disk is full or fails, the scene can still be read as the journal says.
+    (void)SIO_recover(folder, disk);
+    return {};
+}
+
 // Finishes a save that was cut short. Where nothing may be written the scene is read as the journal says.
 UT_Result<void> finishSave(const QString& folder)
 {
@@ -140,13 +155,39 @@ UT_Result<void> finishSave(const QString& folder)
     SIO_FolderLock lock(folder);
     if (const auto locked = lock.lock(); !locked)
         return lock.isReadOnly() ? UT_Result<void>() : locked;
-    SIO_FileSystem disk;
-    const auto waiting = SIO_waitingJournal(folder);
-    if (!waiting)
-        return waiting.error();
-    // When the disk is full or fails, the scene can still be read.
-    (void)SIO_recover(folder, disk);
-    return {};
+    return finishSaveLocked(folder);
+}
+
+// Reads the scene without keeping others from saving it.
+// @return nothing when another program changed it meanwhile
+std::optional<UT_Result<SIO_LoadedScene>> readBetweenSaves(const QString& folder)
+{
+    if (const auto finished = finishSave(folder); !finished)
+        return finished.error();
+    SIO_FolderReader files(folder);
+    auto loaded = Loader(files).load();
+    // While another program puts files in place, one may vanish between the looks at it and into it.
+    const bool mayHaveMoved = !loaded && files.sawJournal();
+    if (!files.isUnchanged() || mayHaveMoved)
+        return std::nullopt;
+    return loaded;
+}
+
+// Reads the scene while nobody may save it; where there can be no lock, as it stands.
+UT_Result<SIO_LoadedScene> readAlone(const QString& folder)
+{
+    SIO_FolderLock lock(folder);
+    const auto locked = lock.lock();
+    if (!locked && !lock.isReadOnly())
+        return locked.error();
+    const auto finished = locked ? finishSaveLocked(folder) : UT_Result<void>();
+    if (!finished)
+        return finished.error();
+    SIO_FolderReader files(folder);
+    auto loaded = Loader(files).load();
+    if (!files.isUnchanged())
+        return UT_Error{translated("the scene \"%1\" is being saved again and again; try later").arg(folder)};
+    return loaded;
 }
 
 } // namespace
@@ -159,16 +200,8 @@ UT_Result<SIO_LoadedScene> SIO_loadScene(const QString& folder)
     const QString home = QDir::cleanPath(QFileInfo(folder).absoluteFilePath());
     if (!QFileInfo(home).isDir())
         return UT_Error{translated("there is no scene \"%1\"").arg(QDir::toNativeSeparators(folder))};
-    for (int attempt = 1;; ++attempt) {
-        if (const auto finished = finishSave(home); !finished)
-            return finished.error();
-        SIO_FolderReader files(home);
-        auto loaded = Loader(files).load();
-        // While another program puts files in place, one may vanish between the looks at it and into it.
-        const bool mayHaveMoved = !loaded && files.sawJournal() && attempt < kAttempts;
-        if (files.isUnchanged() && !mayHaveMoved)
-            return loaded;
-        if (attempt >= kAttempts)
-            return UT_Error{translated("the scene \"%1\" is being saved again and again; try later").arg(home)};
-    }
+    for (int attempt = 1; attempt < kAttempts; ++attempt)
+        if (auto loaded = readBetweenSaves(home))
+            return std::move(*loaded);
+    return readAlone(home);
 }

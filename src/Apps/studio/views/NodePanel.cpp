@@ -5,6 +5,7 @@
 
 #include <QBoxLayout>
 #include <QMenu>
+#include <QPushButton>
 #include <QToolButton>
 
 NodePanel::NodePanel(StudioDocument& document, QWidget* parent)
@@ -13,13 +14,9 @@ NodePanel::NodePanel(StudioDocument& document, QWidget* parent)
     auto* bar = new QHBoxLayout;
     bar->setContentsMargins(6, 4, 6, 4);
     bar->setSpacing(4);
-    auto* add = new QToolButton;
+    auto* add = new QPushButton(tr("Add"));
     add->setObjectName(QStringLiteral("AddNode"));
-    add->setText(tr("Add"));
     add->setToolTip(tr("Add a node; it is linked to the selected one"));
-    add->setPopupMode(QToolButton::InstantPopup);
-    add->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    add->setFocusPolicy(Qt::StrongFocus);
     auto* kinds = new QMenu(add);
     _actions->fillAddMenu(*kinds);
     add->setMenu(kinds);

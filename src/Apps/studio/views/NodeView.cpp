@@ -19,6 +19,7 @@
 namespace {
 
 constexpr double kMargin = 24.0;
+constexpr double kLegible = 0.6; // the smallest scale that is chosen without being asked for
 constexpr double kRoomAround = 600.0;
 constexpr double kDotSpacing = 24.0;
 
@@ -51,8 +52,8 @@ NodeView::NodeView(StudioDocument& document, QWidget* parent)
 
 NodeView::~NodeView()
 {
-    // The graphics scene tells of the end of its selection while it goes.
-    _synchronizing = true;
+    // The graphics scene tells of the end of its selection while it goes, which is after this.
+    disconnect(scene(), nullptr, this, nullptr);
     _drawnLink.reset();
 }
 
@@ -131,7 +132,7 @@ void NodeView::rebuild()
     _synchronizing = wasSynchronizing;
     showSelection();
     if (_fitsAll)
-        fitAll();
+        fit(kLegible);
     viewport()->update();
 }
 
@@ -251,7 +252,7 @@ void NodeView::refuse(const QString& why)
     Q_EMIT refused(why);
 }
 
-void NodeView::fitAll()
+void NodeView::fit(double leastScale)
 {
     QRectF all;
     for (const QRectF& box : std::as_const(_layout))
@@ -261,15 +262,19 @@ void NodeView::fitAll()
         return;
     all.adjust(-kMargin, -kMargin, kMargin, kMargin);
     const double scale = std::min({1.0, viewport()->width() / all.width(), viewport()->height() / all.height()});
-    setTransform(QTransform::fromScale(scale, scale));
-    centerOn(all.center());
+    const double zoom = std::max(scale, leastScale);
+    setTransform(QTransform::fromScale(zoom, zoom));
+    const bool fitsIn = scale >= leastScale;
+    const MO_Module* const current = _document.currentModule();
+    const NodeItem* const shown = current ? item(*current) : nullptr;
+    centerOn(fitsIn || !shown ? all.center() : shown->box().center());
 }
 
 void NodeView::resizeEvent(QResizeEvent* event)
 {
     QGraphicsView::resizeEvent(event);
     if (_fitsAll)
-        fitAll();
+        fit(kLegible);
 }
 
 void NodeView::changeEvent(QEvent* event)

@@ -48,7 +48,7 @@ public:
     /// Lets the person type a new name in the place of the old one.
     void editName(MO_Module& module);
     /// Shows everything, not larger than life.
-    void fitAll();
+    void fitAll() { fit(0.0); }
     void zoomBy(double factor);
     /// Tells the person why something was not done: at the mouse and in the status bar.
     void refuse(const QString& why);
@@ -82,6 +82,7 @@ private:
     void forgetScene();
     void refresh();
     void rebuild();
+    void fit(double leastScale);
     void addNode(MO_Module& module);
     void addLinks(MO_Module& module);
     bool isInScene(const XUGroup& group) const;

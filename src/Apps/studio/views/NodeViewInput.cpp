@@ -270,10 +270,11 @@ void NodeView::goTo(int key)
 
 void NodeView::editName(MO_Module& module)
 {
+    // First, since a name that is kept makes the items anew.
+    finishName(true);
     const NodeItem* const node = item(module);
     if (!node)
         return;
-    finishName(true);
     ensureVisible(node->sceneBoundingRect(), 4, 4);
     _renamed = UT_WeakPtr<MO_Module>(&module);
     _nameField = new QLineEdit(module.instanceName(), viewport());

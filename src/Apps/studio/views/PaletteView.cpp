@@ -12,6 +12,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScopedValueRollback>
 #include <QTreeWidget>
 
 namespace {
@@ -56,7 +57,6 @@ PaletteView::PaletteView(StudioDocument& document, QWidget* parent)
     _tree->setHeaderLabels({tr("Name"), tr("Colour")});
     _tree->setIconSize(QSize(kSwatch, kSwatch));
     _tree->setFrameShape(QFrame::NoFrame);
-    _tree->setUniformRowHeights(true);
     _tree->setEditTriggers(QTreeWidget::DoubleClicked | QTreeWidget::EditKeyPressed | QTreeWidget::SelectedClicked);
     _tree->header()->setStretchLastSection(false);
     _tree->header()->setSectionResizeMode(kNameColumn, QHeaderView::Stretch);
@@ -104,7 +104,7 @@ QColor PaletteView::parseColor(const QString& text)
 
 void PaletteView::refresh()
 {
-    if (_document.scene().palettes() != _shown)
+    if (!_taking && _document.scene().palettes() != _shown)
         rebuild();
 }
 
@@ -159,6 +159,9 @@ void PaletteView::takeEdit(QTreeWidgetItem* item, int column)
     const Row row = rowOf(item);
     if (!_editable || !row.palette)
         return;
+    // The tree is made anew either way, but not while it is still at work on this item.
+    const QScopedValueRollback taking(_taking, true);
+    QMetaObject::invokeMethod(this, &PaletteView::rebuild, Qt::QueuedConnection);
     const QString text = item->text(column);
     MO_EditCommand command;
     if (column == kValueColumn && !row.color.isNull()) {
@@ -171,17 +174,14 @@ void PaletteView::takeEdit(QTreeWidgetItem* item, int column)
         command = row.color.isNull() ? renamePaletteCmd(_document.scene(), row.palette, text)
                                      : renameColorCmd(_document.scene(), row.palette, row.color, text);
     }
-    // The tree is made anew either way, but not while it is still at work on this item.
-    if (!_document.execute(std::move(command)))
-        QMetaObject::invokeMethod(this, &PaletteView::rebuild, Qt::QueuedConnection);
+    _document.execute(std::move(command));
 }
 
 void PaletteView::recolor(const PalettePtr& palette, const CM_ColorId_t& id, const QColor& color)
 {
     const auto channel = [](int value) { return static_cast<std::uint8_t>(value); };
     const CM_Rgba rgba{channel(color.red()), channel(color.green()), channel(color.blue()), channel(color.alpha())};
-    if (!_document.execute(recolorCmd(_document.scene(), palette, id, rgba)))
-        QMetaObject::invokeMethod(this, &PaletteView::rebuild, Qt::QueuedConnection);
+    _document.execute(recolorCmd(_document.scene(), palette, id, rgba));
 }
 
 void PaletteView::pickColor()

@@ -53,5 +53,6 @@ private:
     QTreeWidget* _tree;
     QPushButton* _pick;
     std::vector<PalettePtr> _shown;
+    bool _taking = false;   // while a row that was edited is read
     bool _editable = false; // false while the view itself fills the tree
 };

@@ -64,6 +64,8 @@ void PropertiesView::follow()
     MO_Module* const current = _document.currentModule();
     if (current != _shown || _panel->module() != current) {
         _shown = current;
+        // A name that was being typed was meant for the other node.
+        _name->setModified(false);
         _panel->setModule(current);
     }
     _head->setVisible(current != nullptr);

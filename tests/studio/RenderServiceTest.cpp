@@ -1,0 +1,174 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Rendering in the background while the scene is edited.
+#include "studio/WindowTesting.h"
+
+#include "QuarvelSceneCore/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/MO_EditCommands.h"
+#include "QuarvelSceneCore/MO_ElementModule.h"
+#include "studio/SceneSnapshot.h"
+
+#include <QDir>
+
+#include <cmath>
+#include <random>
+
+namespace {
+
+class RenderServiceTest : public studio_testing::WindowTest
+{
+protected:
+    MO_ElementModule& element()
+    {
+        MO_ElementModule* found = nullptr;
+        document().scene().root().forEachModule([&](MO_Module& module) {
+            if (auto* const one = dynamic_cast<MO_ElementModule*>(&module))
+                found = one;
+        });
+        EXPECT_NE(found, nullptr);
+        return *found;
+    }
+    void moveDisc(double units) { element().positionX()->setLocalValue(_home + units); }
+    void openDiscAtHome()
+    {
+        openDisc();
+        _home = element().positionX()->localValue();
+    }
+    // Where the middle of the disc is, in pixels of the full picture.
+    static double middleOf(const RenderedFrame& frame)
+    {
+        const QImage& drawing = frame.drawing;
+        double sum = 0.0;
+        double weights = 0.0;
+        for (int y = 0; y < drawing.height(); ++y)
+            for (int x = 0; x < drawing.width(); ++x) {
+                const double alpha = qAlpha(drawing.pixel(x, y));
+                sum += alpha * (x + 0.5);
+                weights += alpha;
+            }
+        return sum / weights * frame.fullSize.width() / drawing.width();
+    }
+
+    double _home = 0.0;
+};
+
+TEST_F(RenderServiceTest, AQuickPictureComesFirstAndTheFullOneWhenTheSceneRests)
+{
+    openDiscAtHome();
+    QList<QSize> sizes;
+    QObject::connect(&window->renderService(), &RenderService::frameChanged, window.get(), [&] {
+        const QSize size = window->renderService().current()->size;
+        if (sizes.isEmpty() || sizes.last() != size)
+            sizes << size;
+    });
+    window->renderService().setLongestSide(480);
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(sizes, (QList<QSize>{{120, 60}, {480, 240}}));
+}
+
+// 720 units are the picture's width, 400 pixels.
+TEST_F(RenderServiceTest, WhatIsShownBelongsToWhatTheSceneSays)
+{
+    openDiscAtHome();
+    const int turns = std::max(1, qEnvironmentVariableIntValue("VALLORIN_STUDIO_RENDERS"));
+    const int count = turns > 1 ? turns : 60;
+    std::mt19937 random(7);
+    double units = 0.0;
+    int seen = 0;
+    QObject::connect(&window->renderService(), &RenderService::frameChanged, window.get(), [&] {
+        const RenderedFramePtr& frame = window->renderService().current();
+        ASSERT_NE(frame, nullptr);
+        // A quick picture's pixels are four wide.
+        EXPECT_NEAR(middleOf(*frame), 200.0 + units * 400.0 / 720.0, frame->isFull() ? 0.5 : 2.0);
+        ++seen;
+    });
+    for (int i = 0; i < count; ++i) {
+        units = static_cast<double>(random() % 200) - 100.0;
+        moveDisc(units);
+        // Changes of one turn of the event loop are told at once when it comes round.
+        QCoreApplication::processEvents();
+        QTest::qWait(static_cast<int>(random() % 60));
+        if (random() % 5 == 0)
+            window->renderService().cancel();
+        if (random() % 7 == 0)
+            window->renderService().cancelAndWait();
+    }
+    window->renderService().refresh();
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_GT(seen, 0);
+
+    SceneSnapshot snapshot(document().scene(), {});
+    const auto alone = snapshot.render(1, {400, 200}, {400, 200}, {});
+    ASSERT_TRUE(alone.ok());
+    const RenderedFrame& shown = *window->renderService().current();
+    EXPECT_EQ(shown.drawing, (*alone)->drawing);
+    EXPECT_EQ(shown.normals, (*alone)->normals);
+    EXPECT_EQ(shown.elevation, (*alone)->elevation);
+}
+
+TEST_F(RenderServiceTest, FramesThatWereRenderedAreKeptUntilTheSceneChanges)
+{
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("walk")));
+    write(QStringLiteral("walk/walk_1.svg"), studio_testing::kDisc);
+    write(QStringLiteral("walk/walk_2.svg"), QByteArray(studio_testing::kDisc).replace("100", "101"));
+    drop({folder.filePath(QStringLiteral("walk"))});
+    ASSERT_TRUE(waitForPicture());
+    const RenderedFramePtr first = window->renderService().current();
+    document().setCurrentFrame(2);
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(window->renderService().current()->frame, 2);
+    const int renders = window->renderService().renderCount();
+    document().setCurrentFrame(1);
+    EXPECT_EQ(window->renderService().current(), first);
+    QTest::qWait(300);
+    EXPECT_EQ(window->renderService().renderCount(), renders);
+    moveDisc(10.0);
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_GT(window->renderService().renderCount(), renders);
+}
+
+TEST_F(RenderServiceTest, AnEmptySceneHasNoPictureAndNoError)
+{
+    openDisc();
+    document().replaceScene(std::make_unique<MO_Scene>(), {}, false);
+    QTest::qWait(50);
+    EXPECT_EQ(window->renderService().current(), nullptr);
+    EXPECT_FALSE(window->renderService().isRendering());
+    EXPECT_TRUE(window->renderService().error().isEmpty());
+}
+
+TEST_F(RenderServiceTest, TheWindowMayGoInTheMiddleOfARender)
+{
+    openDiscAtHome();
+    for (int i = 0; i < 5; ++i) {
+        moveDisc(5.0 * i);
+        QCoreApplication::processEvents();
+        QTest::qWait(7 * i);
+        renew();
+        openDiscAtHome();
+    }
+}
+
+TEST_F(RenderServiceTest, DeletingTheNodeShowsTheDrawingsColoursAndUndoTheVolumeAgain)
+{
+    openDisc();
+    MO_Module* node = nullptr;
+    document().scene().root().forEachModule([&](MO_Module& module) {
+        if (module.keyword() == QLatin1String("Vallorin"))
+            node = &module;
+    });
+    ASSERT_NE(node, nullptr);
+    const QImage normals = window->renderService().current()->normals;
+    ASSERT_TRUE(document().execute(MO_removeModulesCmd({node})));
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(window->renderService().current()->kind, RenderedKind::COLOURS);
+    document().undo();
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(window->renderService().current()->kind, RenderedKind::NORMALS);
+    EXPECT_EQ(window->renderService().current()->normals, normals);
+}
+
+} // namespace

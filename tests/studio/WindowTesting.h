@@ -1,0 +1,161 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The application's window with drawings made for tests, and ways to wait for what happens in the background.
+#pragma once
+
+#include "studio/MainWindow.h"
+#include "studio/MessageBar.h"
+#include "studio/Viewer.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDropEvent>
+#include <QFile>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+namespace studio_testing {
+
+inline constexpr int kPatience = 60000;
+
+/// Lets the window work until something is so.
+template<typename Condition>
+bool waitUntil(const Condition& condition, int patience = kPatience)
+{
+    return QTest::qWaitFor(condition, patience);
+}
+
+/// A drawing of 200 x 100 with a red disc of radius 40 in its middle.
+inline const char* const kDisc = R"(<svg xmlns="http://www.w3.org/2000/svg" width="200" height="100">
+  <circle cx="100" cy="50" r="40" fill="#d02020"/></svg>)";
+
+class WindowTest : public testing::Test
+{
+protected:
+    WindowTest()
+    {
+        // The tests have settings of their own.
+        QCoreApplication::setOrganizationName(QStringLiteral("VallorinTests"));
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.filePath(QStringLiteral("settings")));
+        renew();
+    }
+
+    /// Another window, as after a new start.
+    void renew()
+    {
+        window.reset();
+        window = std::make_unique<MainWindow>(recovery.path());
+        window->renderService().setLongestSide(kSide);
+        window->resize(1200, 800);
+        window->show();
+        QCoreApplication::processEvents();
+    }
+
+    ~WindowTest() override
+    {
+        // Nothing is asked when a window is destroyed without being closed.
+        window.reset();
+    }
+
+    QString write(const QString& name, const QByteArray& text) const
+    {
+        const QString path = folder.filePath(name);
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+        return path;
+    }
+
+    void drop(const QStringList& paths)
+    {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const QString& path : paths)
+            urls << QUrl::fromLocalFile(path);
+        data.setUrls(urls);
+        QDragEnterEvent enter(QPoint(400, 300), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(window.get(), &enter);
+        ASSERT_TRUE(enter.isAccepted());
+        QDropEvent event(QPointF(400, 300), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(window.get(), &event);
+    }
+
+    bool waitForFiles()
+    {
+        return waitUntil([this] { return !window->files().isBusy(); });
+    }
+    bool waitUntilSaid()
+    {
+        return waitUntil([this] { return !window->messages().text().isEmpty(); });
+    }
+    /// The full picture of what the document is now.
+    bool waitForPicture()
+    {
+        return waitForFiles() && waitUntil([this] {
+                   const RenderService& renders = window->renderService();
+                   return !renders.isRendering() && renders.current() && renders.current()->isFull();
+               });
+    }
+    void openDisc()
+    {
+        drop({write(QStringLiteral("disc.svg"), kDisc)});
+        ASSERT_TRUE(waitForPicture()) << qPrintable(window->messages().text())
+                                      << qPrintable(window->renderService().error());
+    }
+
+    /// Answers the next question that is asked by a button, and keeps its text.
+    void answerNext(QMessageBox::StandardButton button)
+    {
+        answer([button](QMessageBox& box) { return box.button(button); });
+    }
+    void answerNext(const QString& buttonText)
+    {
+        answer([buttonText](QMessageBox& box) -> QAbstractButton* {
+            for (QAbstractButton* const button : box.buttons())
+                if (button->text().remove(QLatin1Char('&')) == buttonText)
+                    return button;
+            return nullptr;
+        });
+    }
+
+    Viewer& viewer() { return window->viewer(); }
+    StudioDocument& document() { return window->document(); }
+
+    static constexpr int kSide = 400;
+    QTemporaryDir folder;
+    QTemporaryDir recovery;
+    std::unique_ptr<MainWindow> window;
+    QString asked; ///< what the last question said; empty when there was none
+
+private:
+    template<typename Choose>
+    void answer(const Choose& choose)
+    {
+        asked.clear();
+        auto* const timer = new QTimer(window.get());
+        QObject::connect(timer, &QTimer::timeout, timer, [this, timer, choose] {
+            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (!box)
+                return;
+            timer->deleteLater();
+            timer->stop();
+            asked = box->text() + QLatin1Char('\n') + box->informativeText();
+            QAbstractButton* const button = choose(*box);
+            if (button)
+                QTest::mouseClick(button, Qt::LeftButton);
+            else {
+                ADD_FAILURE() << "no such button";
+                box->reject();
+            }
+        });
+        timer->start(10);
+    }
+};
+
+} // namespace studio_testing
