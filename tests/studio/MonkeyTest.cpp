@@ -9,7 +9,6 @@
 
 #include <QAbstractItemView>
 #include <QAction>
-#include <QFile>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDockWidget>
@@ -262,14 +261,15 @@ TEST_F(MonkeyTest, TenThousandRandomStepsAreUndoneToTheFirstByte)
     EXPECT_GT(document.commands().undoNames().size(), 500);
     docks::settle();
     const QString after = state();
-    while (document.commands().canUndo())
+    // The last of the steps may have been undo: there can be more to redo than was undone here.
+    int undone = 0;
+    for (; document.commands().canUndo(); ++undone)
         document.undo();
     docks::settle();
     EXPECT_EQ(state(), before);
-    while (document.commands().canRedo())
+    for (; undone > 0; --undone)
         document.redo();
     docks::settle();
-    { QFile a("/tmp/after.xml"); a.open(QIODevice::WriteOnly); a.write(after.toUtf8()); QFile b("/tmp/redone.xml"); b.open(QIODevice::WriteOnly); b.write(state().toUtf8()); }
     EXPECT_EQ(state(), after);
 }
 
