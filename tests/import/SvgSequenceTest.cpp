@@ -85,6 +85,28 @@ TEST(SvgSequence, ALayerThatIsMissingShowsNothing)
     EXPECT_THAT(sequence.layers[1].exposures, ElementsAre(Pair(2, 2), Pair(3, kNothing)));
 }
 
+TEST(SvgSequence, ABlankDrawingIsAFrameInWhichNothingShows)
+{
+    const Folder folder;
+    const QStringList paths = {folder.write("a1.svg", svg("")), folder.write("a2.svg", svg(svgLayer("Body", 0))),
+                               folder.write("a3.svg", svg(""))};
+    const DrawingSequence sequence = sequenceOf(paths);
+    EXPECT_EQ(sequence.frame, QRectF(0, 0, 100, 100));
+    EXPECT_EQ(sequence.lastFrame, 3);
+    ASSERT_EQ(layerNames(sequence), QStringList("Body"));
+    const auto& exposures = sequence.layers[0].exposures;
+    EXPECT_EQ(exposures.at(2), 2);
+    EXPECT_EQ(exposures.at(3), kNothing);
+    EXPECT_TRUE(!exposures.contains(1) || exposures.at(1) == kNothing);
+}
+
+TEST(SvgSequence, BlankDrawingsAloneAreNoSequence)
+{
+    const Folder folder;
+    EXPECT_THAT(refusal({folder.write("a1.svg", svg("")), folder.write("a2.svg", svg(""))}),
+                AllOf(HasSubstr("a1.svg"), HasSubstr("nothing is filled or stroked")));
+}
+
 TEST(SvgSequence, GapsBetweenNumbersHoldTheDrawingBefore)
 {
     const Folder folder;

@@ -19,6 +19,7 @@
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
@@ -106,9 +107,13 @@ void MainWindow::makeDocks()
     scroll->setWidget(new LightPanel(_lights));
     dock->setWidget(scroll);
     addDockWidget(Qt::RightDockWidgetArea, dock);
+    // The properties have the right side to themselves, but for what else is looked at now and then.
+    auto* const properties = findChild<QDockWidget*>(QStringLiteral("PropertiesDock"));
+    tabifyDockWidget(findChild<QDockWidget*>(QStringLiteral("ElementsDock")), dock);
     // Wide enough for the properties' tables.
-    constexpr int kWidth = 430;
-    resizeDocks({dock}, {kWidth}, Qt::Horizontal);
+    constexpr int kWidth = 568;
+    resizeDocks({properties, dock}, {kWidth, kWidth}, Qt::Horizontal);
+    resizeDocks({properties, dock}, {540, 330}, Qt::Vertical);
 }
 
 void MainWindow::makeStatusBar()
@@ -223,9 +228,13 @@ void MainWindow::showStart(bool start)
                 dock->hide();
                 _hiddenDocks << dock;
             }
-    if (!start)
+    if (!start && !_hiddenDocks.isEmpty()) {
         for (QDockWidget* const dock : std::exchange(_hiddenDocks, {}))
             dock->show();
+        // The light is what people move first. Docks take their order when they are laid out.
+        auto* const lights = findChild<QDockWidget*>(QStringLiteral("lightsDock"));
+        QTimer::singleShot(0, lights, [lights] { lights->raise(); });
+    }
     if (!start)
         _viewer->setFocus();
     updateActions();

@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QDockWidget>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 
@@ -80,6 +81,11 @@ void takePictures(Shooting& shooting, MainWindow& window)
     }
 }
 
+void raiseDock(const QMainWindow& window, const QString& name)
+{
+    window.findChild<QDockWidget*>(name)->raise();
+}
+
 void takeAll(Shooting& shooting)
 {
     const QTemporaryDir recovery;
@@ -105,7 +111,13 @@ void takeAll(Shooting& shooting)
     });
     if (node)
         window.document().setSelection({node});
+    QCoreApplication::processEvents();
     takePictures(shooting, window);
+    for (const char* const name : {"Palette", "Elements"}) {
+        raiseDock(window, QLatin1String(name) + QStringLiteral("Dock"));
+        shooting.take(window, QString::fromLatin1(name).toLower());
+    }
+    raiseDock(window, QStringLiteral("lightsDock"));
     window.viewer().zoomTo(6.0);
     shooting.take(window, QStringLiteral("zoomed"));
     window.viewer().fit();
