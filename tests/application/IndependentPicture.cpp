@@ -1,0 +1,77 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The exact lighting, not the one that is made for the eye.
+#include "application/IndependentPicture.h"
+
+#include "QuarvelNormalMap/NM_DrawingPicture.h"
+#include "jobs/NormalMapJob.h"
+#include "jobs/ReadDrawing.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <span>
+
+std::optional<IndependentPicture> IndependentPicture::render(const QString& file, const std::map<int, double>& bevels)
+{
+    const UT_Result<ReadDrawing> read = readDrawing(file, ObjectGrouping::AUTO);
+    if (!read) {
+        ADD_FAILURE() << qPrintable(file) << ": " << qPrintable(read.error().text);
+        return std::nullopt;
+    }
+    NormalMapSettings settings;
+    for (const auto& [number, bevel] : bevels)
+        settings.objects[number].bevel = bevel;
+    const UT_Result<RenderedPictures> rendered =
+        renderNormalMap(read->drawing, settings, {.elevation = true, .drawing = true, .blueAsSet = false});
+    if (!rendered) {
+        ADD_FAILURE() << qPrintable(rendered.error().text);
+        return std::nullopt;
+    }
+    const Math::Box2di& frame = rendered->frame;
+    auto surface = NM_Surface::create({frame.width(), frame.height()});
+    const auto drawing = NM_drawingPicture(*rendered->drawing, frame, IIO_SampleType::UINT16);
+    if (!surface || !drawing || !surface->setNormals(*rendered->node, frame) || !surface->setDrawing(*drawing)) {
+        ADD_FAILURE() << "the picture cannot be lit";
+        return std::nullopt;
+    }
+    IndependentPicture picture(std::move(*surface));
+    picture._node = rendered->node;
+    picture._objectCount = static_cast<int>(read->drawing.layers.size());
+    return picture;
+}
+
+int IndependentPicture::pixelsThatDiffer(const CEL_PixmapArea& node) const
+{
+    const auto* const theirs = dynamic_cast<const CEL_PixmapAreaRGBA16*>(&node);
+    const auto ours = _node.dynamicCast<CEL_PixmapAreaRGBA16>();
+    if (!theirs || !ours)
+        return size().width() * size().height();
+    int differing = 0;
+    for (int y = 0; y < size().height(); ++y)
+        for (int x = 0; x < size().width(); ++x) {
+            const CEL_PixelRGBA16* const found = ours->find(x, y);
+            const CEL_PixelRGBA16* const other = theirs->find(x, y);
+            const CEL_PixelRGBA16 a = found ? *found : CEL_PixelRGBA16{};
+            const CEL_PixelRGBA16 b = other ? *other : CEL_PixelRGBA16{};
+            differing += a.r != b.r || a.g != b.g || a.b != b.b || a.a != b.a ? 1 : 0;
+        }
+    return differing;
+}
+
+int IndependentPicture::greatestDifference(const QImage& shown, const NM_LightingSettings& lighting) const
+{
+    QImage straight(size(), QImage::Format_RGBA8888);
+    if (shown.size() != size() || shown.format() != QImage::Format_ARGB32_Premultiplied || straight.isNull())
+        return 255;
+    NM_light(_surface, lighting, std::span(straight.bits(), static_cast<std::size_t>(straight.sizeInBytes())));
+    const QImage exact = straight.convertToFormat(shown.format());
+    int greatest = 0;
+    for (int y = 0; y < exact.height(); ++y) {
+        const std::span a(exact.constScanLine(y), static_cast<std::size_t>(exact.width()) * 4);
+        const std::span b(shown.constScanLine(y), static_cast<std::size_t>(exact.width()) * 4);
+        for (std::size_t i = 0; i < a.size(); ++i)
+            greatest = std::max(greatest, std::abs(a[i] - b[i]));
+    }
+    return greatest;
+}
