@@ -141,15 +141,21 @@ protected:
         })) << "the display does not show what the viewer paints";
         return display;
     }
+    // The document tells of changes when the event loop comes round; until then the old picture counts as done.
+    bool waitForNewPicture()
+    {
+        QCoreApplication::processEvents();
+        return waitForPicture();
+    }
     Shown shown()
     {
-        EXPECT_TRUE(waitForPicture());
+        EXPECT_TRUE(waitForNewPicture());
         const RenderedFramePtr& frame = window->renderService().current();
         return {frame->drawing, frame->elevation, frame->normals, viewer().shownImage().copy(), displayOfViewer()};
     }
     void expectPicture(const std::map<int, double>& bevels, const QPointF& light)
     {
-        ASSERT_TRUE(waitForPicture());
+        ASSERT_TRUE(waitForNewPicture());
         const auto expected = IndependentPicture::render(kDrawing, bevels);
         ASSERT_TRUE(expected);
         EXPECT_EQ(expected->size(), kNaturalSize);
