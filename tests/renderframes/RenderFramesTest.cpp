@@ -6,6 +6,7 @@
 #include "SmallScene.h"
 #include "jobs/FrameOnDisk.h"
 #include "jobs/FrameRange.h"
+#include "jobs/FrameState.h"
 
 #include <QFileInfo>
 
@@ -13,6 +14,7 @@
 
 #include <atomic>
 #include <cmath>
+#include <cstdio>
 #include <numeric>
 
 using testing::Contains;
@@ -79,6 +81,40 @@ TEST_F(RenderFramesTest, DifferWhereAnAttributeIsAnimated)
     };
     EXPECT_NE(pixelsOf("n.01.png"), pixelsOf("n.24.png"));
     EXPECT_NE(pixelsOf("n.24.png"), pixelsOf("n.48.png"));
+}
+
+TEST_F(RenderFramesTest, ThatLookTheSameAreRenderedOnce)
+{
+    auto* const blur = dynamic_cast<AT_DoubleAttr*>(node().findAttr(QStringLiteral("BlurScale")));
+    AT_Curve twos;
+    for (const int frame : {1, 3, 5})
+        twos.setKey({.frame = static_cast<double>(frame),
+                     .value = frame == 3 ? 2.0 : 0.5,
+                     .interpolation = AT_Curve::Interpolation::HOLD,
+                     .in = {},
+                     .out = {},
+                     .unknown = {}});
+    ASSERT_TRUE(blur->setCurve(twos));
+    // The node tells of every picture that it makes.
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(render(settings("n.#.png", {1, 2, 3, 4, 5, 6})).written, 6);
+    std::fflush(stdout);
+    const QString said = QString::fromStdString(testing::internal::GetCapturedStdout());
+    EXPECT_EQ(said.count(QStringLiteral("FINISHING VALLORIN")), 2);
+    EXPECT_EQ(read("n.2.png").metadata().value(QStringLiteral("Frame")), QStringLiteral("2"));
+    render(settings("alone.#.png", {2, 4, 6}));
+    for (const int frame : {2, 4, 6})
+        EXPECT_EQ(bytes(path("n.%1.png").arg(frame)), bytes(path("alone.%1.png").arg(frame))) << frame;
+}
+
+TEST_F(RenderFramesTest, ThatLookTheSameHaveEqualStates)
+{
+    EXPECT_NE(frameStateOf(scene(), 1), frameStateOf(scene(), 2));
+    EXPECT_EQ(frameStateOf(scene(), 48), frameStateOf(scene(), 60)) << "a curve holds behind its last key";
+    scene().truckFactorAttr().setLocalValue(2.0);
+    const QByteArray before = frameStateOf(scene(), 48);
+    scene().truckFactorAttr().setLocalValue(std::nextafter(2.0, 3.0));
+    EXPECT_NE(frameStateOf(scene(), 48), before) << "to the last bit";
 }
 
 TEST_F(RenderFramesTest, HoldUnitVectorsInNamedLayers)

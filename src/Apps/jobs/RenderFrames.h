@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // RenderFrames: renders frames of a scene into files, several at once. Each file appears whole or not at all, and its
-// bytes do not depend on how many frames are rendered at once. A frame that fails does not keep the others from being
+// bytes do not depend on how many frames are rendered at once. Frames that look the same (FrameState.h) are rendered
+// once. A frame that fails does not keep the others from being
 // rendered.
 #pragma once
 
