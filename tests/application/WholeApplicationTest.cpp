@@ -242,7 +242,7 @@ protected:
     void putTheLightBack();
     void openInAnotherWindow(const QString& scene);
 
-    static constexpr int kSoon = 10000;
+    static constexpr int kSoon = 30000;
     static constexpr QPointF kFirstLight{-0.5, 0.5};
     std::string _imported; // the object table as the import made it
     QPointF _light = kFirstLight;
