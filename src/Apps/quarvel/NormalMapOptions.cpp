@@ -3,36 +3,17 @@
 // From words to settings: every option is one row of a table, with the function that takes its value.
 #include "NormalMapOptions.h"
 
+#include "OptionTable.h"
 #include "OptionValues.h"
-
-#include <QCommandLineParser>
 
 #include <functional>
 
 namespace {
 
-using Taken = UT_Result<void>;
-using Take = std::function<Taken(NormalMapOptions&, const QString& option, const QString& value)>;
-
-struct Row
-{
-    QStringList names;
-    bool takesValue;
-    Take take;
-};
-
-// Stores a parsed value, or passes its error on.
-template<typename T, typename Store>
-Taken keep(const UT_Result<T>& parsed, Store store)
-{
-    if (!parsed)
-        return parsed.error();
-    store(*parsed);
-    return {};
-}
+using Row = OptionRow<NormalMapOptions>;
 
 template<typename Member>
-Take text(Member member)
+Take<NormalMapOptions> text(Member member)
 {
     return [member](NormalMapOptions& options, const QString&, const QString& value) -> Taken {
         options.*member = value;
@@ -41,7 +22,7 @@ Take text(Member member)
 }
 
 template<typename Member>
-Take number(Member member, double low, double high)
+Take<NormalMapOptions> number(Member member, double low, double high)
 {
     return [=](NormalMapOptions& options, const QString& option, const QString& value) {
         return keep(parseNumber(option, value, low, high), [&](double parsed) { options.settings.*member = parsed; });
@@ -49,7 +30,7 @@ Take number(Member member, double low, double high)
 }
 
 template<typename Member>
-Take flag(Member member, bool value)
+Take<NormalMapOptions> flag(Member member, bool value)
 {
     return [=](NormalMapOptions& options, const QString&, const QString&) -> Taken {
         options.settings.*member = value;
@@ -143,7 +124,7 @@ Taken takeLight(NormalMapOptions& options, const QString& option, const QString&
     return {};
 }
 
-Take choice(const QStringList& choices, std::function<void(NormalMapOptions&, int)> store)
+Take<NormalMapOptions> choice(const QStringList& choices, std::function<void(NormalMapOptions&, int)> store)
 {
     return [=](NormalMapOptions& options, const QString& option, const QString& value) {
         return keep(parseChoice(option, value, choices), [&](int index) { store(options, index); });
@@ -219,43 +200,17 @@ std::vector<Row> rows()
     };
 }
 
-QString spelled(const QString& name)
-{
-    return (name.size() == 1 && name != QLatin1String("y") ? QStringLiteral("-") : QStringLiteral("--")) + name;
-}
-
-Taken takeOptions(const QCommandLineParser& parser, const std::vector<Row>& table, NormalMapOptions& options)
-{
-    for (const Row& row : table) {
-        if (!parser.isSet(row.names.last()))
-            continue;
-        const QStringList values = row.takesValue ? parser.values(row.names.last()) : QStringList{QString()};
-        for (const QString& value : values)
-            if (Taken taken = row.take(options, spelled(row.names.last()), value); !taken)
-                return taken;
-    }
-    return {};
-}
-
 } // namespace
 
 UT_Result<NormalMapOptions> parseNormalMapOptions(const QStringList& words)
 {
-    const std::vector<Row> table = rows();
-    QCommandLineParser parser;
-    for (const Row& row : table)
-        parser.addOption(
-            QCommandLineOption(row.names, QString(), row.takesValue ? QStringLiteral("value") : QString()));
-    // The parser takes the first word for the program's name.
-    if (!parser.parse(QStringList{QStringLiteral("normalmap")} + words))
-        return UT_Error{parser.errorText().chopped(1) + QStringLiteral("; quarvel help normalmap lists what there is")};
-
     NormalMapOptions options;
-    if (Taken taken = takeOptions(parser, table, options); !taken)
-        return taken.error();
-    options.drawings = parser.positionalArguments();
+    const auto drawings = takeOptions(QStringLiteral("normalmap"), words, rows(), options);
+    if (!drawings)
+        return drawings.error();
+    options.drawings = *drawings;
     if (options.drawings.isEmpty() && !options.help)
-        return UT_Error{
-            QStringLiteral("which drawing? quarvel normalmap takes one or more SVG files or bitmaps, such as hero.svg")};
+        return UT_Error{QStringLiteral(
+            "which drawing? quarvel normalmap takes one or more SVG files or bitmaps, such as hero.svg")};
     return options;
 }

@@ -3,27 +3,10 @@
 // Progress on standard error.
 #include "ProgressLine.h"
 
+#include "StandardError.h"
+
 #include <algorithm>
 #include <cstdio>
-
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
-
-namespace {
-
-bool standardErrorIsTerminal()
-{
-#ifdef _WIN32
-    return _isatty(_fileno(stderr)) != 0;
-#else
-    return isatty(STDERR_FILENO) != 0;
-#endif
-}
-
-} // namespace
 
 ProgressLine::ProgressLine(ProgressStyle style)
     : _lines(style == ProgressStyle::LINES), _rewrites(!_lines && standardErrorIsTerminal())

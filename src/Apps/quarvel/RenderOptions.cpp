@@ -1,12 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Every option is one row of a table, with the function that takes its value.
+// What the options of "quarvel render" take.
 #include "RenderOptions.h"
 
+#include "OptionTable.h"
 #include "OptionValues.h"
 #include "QuarvelSceneCore/MO_SceneCommon.h"
 
-#include <QCommandLineParser>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -15,26 +15,9 @@
 
 namespace {
 
-using Taken = UT_Result<void>;
-using Take = std::function<Taken(RenderOptions&, const QString& option, const QString& value)>;
+using Row = OptionRow<RenderOptions>;
 
-struct Row
-{
-    QStringList names;
-    bool takesValue;
-    Take take;
-};
-
-template<typename T, typename Store>
-Taken keep(const UT_Result<T>& parsed, Store store)
-{
-    if (!parsed)
-        return parsed.error();
-    store(*parsed);
-    return {};
-}
-
-Take text(QString RenderOptions::*member)
+Take<RenderOptions> text(QString RenderOptions::*member)
 {
     return [member](RenderOptions& options, const QString& option, const QString& value) -> Taken {
         if (value.isEmpty())
@@ -44,7 +27,7 @@ Take text(QString RenderOptions::*member)
     };
 }
 
-Take flag(bool RenderOptions::*member)
+Take<RenderOptions> flag(bool RenderOptions::*member)
 {
     return [member](RenderOptions& options, const QString&, const QString&) -> Taken {
         options.*member = true;
@@ -52,14 +35,14 @@ Take flag(bool RenderOptions::*member)
     };
 }
 
-Take wholeNumber(int RenderOptions::*member, int low, int high)
+Take<RenderOptions> wholeNumber(int RenderOptions::*member, int low, int high)
 {
     return [=](RenderOptions& options, const QString& option, const QString& value) {
         return keep(parseWholeNumber(option, value, low, high), [&](int number) { options.*member = number; });
     };
 }
 
-Take choice(const QStringList& choices, std::function<void(RenderOptions&, int)> store)
+Take<RenderOptions> choice(const QStringList& choices, std::function<void(RenderOptions&, int)> store)
 {
     return [=](RenderOptions& options, const QString& option, const QString& value) {
         return keep(parseChoice(option, value, choices), [&](int index) { store(options, index); });
@@ -161,23 +144,6 @@ std::vector<Row> rows()
     };
 }
 
-QString spelled(const QString& name)
-{
-    return (name.size() == 1 && name != QLatin1String("y") ? QStringLiteral("-") : QStringLiteral("--")) + name;
-}
-
-Taken takeOptions(const QCommandLineParser& parser, const std::vector<Row>& table, RenderOptions& options)
-{
-    for (const Row& row : table) {
-        if (!parser.isSet(row.names.last()))
-            continue;
-        const QString value = row.takesValue ? parser.value(row.names.last()) : QString();
-        if (Taken taken = row.take(options, spelled(row.names.last()), value); !taken)
-            return taken;
-    }
-    return {};
-}
-
 // A value that begins with a minus, as negative frames do, would be taken for an option.
 QStringList withJoinedFrames(const QStringList& words)
 {
@@ -199,20 +165,13 @@ UT_Error missing(const char* what)
 
 UT_Result<RenderOptions> parseRenderOptions(const QStringList& words)
 {
-    const std::vector<Row> table = rows();
-    QCommandLineParser parser;
-    for (const Row& row : table)
-        parser.addOption(
-            QCommandLineOption(row.names, QString(), row.takesValue ? QStringLiteral("value") : QString()));
-    // The parser takes the first word for the program's name.
-    if (!parser.parse(QStringList{QStringLiteral("render")} + withJoinedFrames(words)))
-        return UT_Error{parser.errorText().chopped(1) + QStringLiteral("; quarvel help render lists what there is")};
     RenderOptions options;
-    if (Taken taken = takeOptions(parser, table, options); !taken)
-        return taken.error();
+    const auto others = takeOptions(QStringLiteral("render"), withJoinedFrames(words), rows(), options);
+    if (!others)
+        return others.error();
     if (options.help)
         return options;
-    const QStringList scenes = parser.positionalArguments();
+    const QStringList& scenes = *others;
     if (scenes.size() != 1)
         return missing(scenes.isEmpty() ? "which scene?" : "one scene at a time is rendered");
     options.scene = scenes.first();

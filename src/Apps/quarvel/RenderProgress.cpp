@@ -3,6 +3,8 @@
 // The time left is what the rest takes at the pace so far.
 #include "RenderProgress.h"
 
+#include "StandardError.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -10,24 +12,9 @@
 #include <cmath>
 #include <cstdio>
 
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
-
 namespace {
 
 constexpr int kBarWidth = 30;
-
-bool standardErrorIsTerminal()
-{
-#ifdef _WIN32
-    return _isatty(_fileno(stderr)) != 0;
-#else
-    return isatty(STDERR_FILENO) != 0;
-#endif
-}
 
 RenderProgressStyle chosen(RenderProgressStyle style)
 {
