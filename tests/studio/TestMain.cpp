@@ -9,6 +9,7 @@
 #include <QStandardPaths>
 
 #include <gtest/gtest.h>
+#include <tbb/global_control.h>
 
 #include <cstdio>
 
@@ -16,6 +17,11 @@ int main(int argc, char** argv)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+#ifdef __SANITIZE_THREAD__
+    // The sanitizer does not see how the threads of TBB wait for each other, and takes its time over every pixel that
+    // they share. What is looked at here is the window's thread and the one that renders beside it.
+    const tbb::global_control oneThread(tbb::global_control::max_allowed_parallelism, 1);
+#endif
     QStandardPaths::setTestModeEnabled(true);
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
