@@ -24,7 +24,7 @@ public:
     QString text() const;
     bool isError() const { return _error; }
 
-public Q_SLOTS:
+public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): what precedes are no slots
     void clear();
 
 private:

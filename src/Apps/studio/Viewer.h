@@ -51,7 +51,7 @@ public:
     QSize sizeHint() const override { return {640, 480}; }
     QSize minimumSizeHint() const override { return {160, 120}; }
 
-public Q_SLOTS:
+public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): what precedes are no slots
     /// Shows the whole picture, and goes on doing so when the window changes its size.
     void fit();
     void zoomTo(double zoom);

@@ -23,6 +23,7 @@ public:
     /// UTF-8).
     static UT_Id fromName(const QString& name);
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): what the comparison gives is held against 0, which is no pointer
     friend constexpr auto operator<=>(const UT_Id&, const UT_Id&) = default;
 
     constexpr bool isNull() const { return _value == 0; }

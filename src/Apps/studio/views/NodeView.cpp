@@ -290,10 +290,11 @@ void NodeView::drawBackground(QPainter* painter, const QRectF& rect)
     if (transform().m11() < 0.35)
         return;
     painter->setPen(QPen(blended(palette().color(QPalette::Text), palette().color(QPalette::Base), 0.82), 1.5));
+    const QRect cells = QRectF(rect.topLeft() / kDotSpacing, rect.size() / kDotSpacing).toAlignedRect();
     QList<QPointF> dots;
-    for (double y = std::floor(rect.top() / kDotSpacing) * kDotSpacing; y < rect.bottom(); y += kDotSpacing)
-        for (double x = std::floor(rect.left() / kDotSpacing) * kDotSpacing; x < rect.right(); x += kDotSpacing)
-            dots << QPointF(x, y);
+    for (int row = cells.top(); row <= cells.bottom(); ++row)
+        for (int column = cells.left(); column <= cells.right(); ++column)
+            dots << kDotSpacing * QPointF(column, row);
     painter->drawPoints(dots.constData(), static_cast<int>(dots.size()));
 }
 
