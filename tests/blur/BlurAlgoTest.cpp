@@ -229,11 +229,56 @@ TYPED_TEST(BlurOf, RefusesRectanglesBeyondItsCoordinates)
     EXPECT_TRUE(this->blurred(input, gaussian(0.0, 1.0), 2));
 }
 
-TEST(Blur, RefusesDepths)
+namespace {
+
+// Noise from 0 to 1 as a float pixmap's red and as depths.
+CEL_PixmapAreaZ depthsOfRed(const CEL_PixmapAreaRGBAFloat& input)
 {
-    CEL_PixmapAreaZ depths(kSize, kCanvas);
-    depths.realloc(Box2di(0, 0, 3, 3), true);
-    EXPECT_FALSE(BlurAlgo::blur(depths, gaussian(1.0, 1.0), kCanvas, 2, kTransparent));
+    CEL_PixmapAreaZ depths(input.size(), input.canvasRect());
+    depths.realloc(input.allocatedRect(), true);
+    for (int y = input.allocatedRect().y1; y < input.allocatedRect().y2; ++y)
+        for (int x = input.allocatedRect().x1; x < input.allocatedRect().x2; ++x)
+            depths.at(x, y).value = input.at(x, y).r;
+    return depths;
+}
+
+} // namespace
+
+TEST(BlurOfDepths, GivesTheValuesOfAFloatPixmapsRed)
+{
+    const auto input = BlurOf<CEL_PixmapAreaRGBAFloat>::noise(Box2di(20, 5, 61, 31));
+    for (const bool normalise : {true, false}) {
+        const FilterImage filter = gaussian(4.0, 3.0, normalise);
+        const auto red = BlurOf<CEL_PixmapAreaRGBAFloat>::blurred(input, filter, 2);
+        const auto depths =
+            BlurAlgo::blur(depthsOfRed(input), filter, kCanvas, 2, kTransparent).dynamicCast<CEL_PixmapAreaZ>();
+        ASSERT_TRUE(depths);
+        ASSERT_EQ(depths->allocatedRect(), red->allocatedRect());
+        for (int y = red->allocatedRect().y1; y < red->allocatedRect().y2; ++y)
+            for (int x = red->allocatedRect().x1; x < red->allocatedRect().x2; ++x)
+                ASSERT_EQ(depths->at(x, y).value, red->at(x, y).r);
+    }
+}
+
+TEST(BlurOfDepths, StaysInsideOfTheCanvas)
+{
+    const auto input = BlurOf<CEL_PixmapAreaRGBAFloat>::noise(Box2di(-15, -10, 30, 31));
+    const auto filter = gaussian(4.0, 4.0);
+    const auto red = BlurOf<CEL_PixmapAreaRGBAFloat>::blurred(input, filter, 2);
+    const auto depths =
+        BlurAlgo::blur(depthsOfRed(input), filter, kCanvas, 2, kTransparent).dynamicCast<CEL_PixmapAreaZ>();
+    ASSERT_EQ(depths->allocatedRect(), Box2di(-10, -20, 46, 47)) << "16 more on each side, cut on the left and above";
+    for (int y = -20; y < 47; ++y)
+        for (int x = -10; x < 46; ++x)
+            ASSERT_EQ(depths->at(x, y).value, red->at(x, y).r);
+}
+
+TEST(BlurOfDepths, HasNoPixelsWhereTheCanvasIsOutOfReach)
+{
+    const auto input = BlurOf<CEL_PixmapAreaRGBAFloat>::noise(Box2di(300, 300, 310, 310));
+    const auto depths = BlurAlgo::blur(depthsOfRed(input), gaussian(4.0, 4.0), kCanvas, 2, kTransparent);
+    ASSERT_TRUE(depths);
+    EXPECT_TRUE(depths->allocatedRect().isEmpty());
 }
 
 TEST(BlurOfIntegers, RoundsToTheNearestWithHalvesAwayFromZero)

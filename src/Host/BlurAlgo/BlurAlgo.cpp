@@ -91,6 +91,21 @@ UT_SharedPtr<CEL_PixmapArea> blurAs(const CEL_PixmapArea& area, const FilterImag
     return result;
 }
 
+/// A depth pixmap is a plane already: its rows are read and written where they are.
+UT_SharedPtr<CEL_PixmapArea> blurDepth(const CEL_PixmapAreaZ& input, const FilterImage& filter, Math::Box2di rect,
+                                       const Math::Box2di& canvas)
+{
+    const auto result = UT_makeShared<CEL_PixmapAreaZ>(input.size(), input.canvasRect());
+    rect = rect.getIntersection(canvas);
+    if (rect.isEmpty())
+        return result;
+    result->realloc(rect, false);
+    BorrowedBlur gaussian(filter.sigmaX(), filter.sigmaY());
+    DepthSink sink(*result, static_cast<float>(filter.gain()));
+    gaussian->run(DepthSource(input), input.allocatedRect(), sink, rect);
+    return result;
+}
+
 } // namespace
 
 void getGaussianFilter(FilterImage& filter, double sx, double sy, bool normalise)
@@ -114,6 +129,8 @@ UT_SharedPtr<CEL_PixmapArea> blur(const CEL_PixmapArea& input, const FilterImage
             return blurAs<CEL_PixelRGBA16>(input, filter, *resultRect, channels);
         case CEL_FORMAT_RGBAFLOAT:
             return blurAs<CEL_PixelRGBAFloat>(input, filter, *resultRect, channels);
+        case CEL_FORMAT_Z:
+            return blurDepth(static_cast<const CEL_PixmapAreaZ&>(input), filter, *resultRect, canvas);
         default:
             return {};
         }

@@ -29,13 +29,17 @@ BLURALGO_EXPORT void getGaussianFilter(FilterImage& filter, double sx, double sy
 /// diagonals of canvasRect (of the input's own canvas when that is empty). An input without pixels gives a result
 /// without pixels.
 ///
+/// A depth pixmap stands for something of the picture that nobody sees themselves, so it gets no pixels outside of
+/// canvasRect (of its own canvas when that is empty), and costs as little as one plane does. Its values are blurred as
+/// they are, black ones as zero, whatever channels says.
+///
 /// Values of 16-bit channels are blurred as the integers they are, rounded to the nearest one, halves away from zero,
 /// and clamped to [-32767, 32767]. Whatever lies outside of the input counts as zero in its blurred channels.
 ///
 /// Calls may be made from any number of threads at once; each uses the threads of the TBB arena that it is made in. The
 /// result does not depend on how many these are.
 ///
-/// @param input      an RGBA pixmap of 16 bits or of floats
+/// @param input      an RGBA pixmap of 16 bits or of floats, or a depth pixmap
 /// @param filter     the filter; the gain of one that is not normalised multiplies the blurred values
 /// @param canvasRect the rectangle of the picture that the blur belongs to
 /// @param channels   what is blurred.

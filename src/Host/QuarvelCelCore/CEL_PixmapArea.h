@@ -13,12 +13,12 @@
 
 #include "QuarvelBaseCore/Math_Box2di.h"
 #include "QuarvelBaseCore/Math_Size2di.h"
+#include "QuarvelCelCore/CEL_PixelMemory.h"
 #include "QuarvelCelCore/CEL_Pixels.h"
 #include "QuarvelCelCore/CEL_Representation.h"
 
 #include <cassert>
 #include <memory>
-#include <new>
 #include <span>
 
 /// A pixmap of any format.
@@ -121,11 +121,11 @@ protected:
     }
 
 private:
-    static constexpr std::align_val_t kAlignment{64};
-
     struct Deleter
     {
-        void operator()(Pixel* pixels) const { ::operator delete[](pixels, kAlignment); }
+        std::size_t bytes = 0;
+
+        void operator()(Pixel* pixels) const { CEL_PixelMemory::give(pixels, bytes); }
     };
     using Pixels = std::unique_ptr<Pixel[], Deleter>;
 
@@ -133,7 +133,7 @@ private:
     {
         static_assert(std::is_trivially_copyable_v<Pixel> && std::is_trivially_destructible_v<Pixel>);
         const auto bytes = static_cast<std::size_t>(rect.area()) * sizeof(Pixel);
-        return Pixels(bytes == 0 ? nullptr : static_cast<Pixel*>(::operator new[](bytes, kAlignment)));
+        return Pixels(bytes == 0 ? nullptr : static_cast<Pixel*>(CEL_PixelMemory::take(bytes)), Deleter{bytes});
     }
 
     static std::ptrdiff_t offsetIn(const Math::Box2di& rect, int x, int y)

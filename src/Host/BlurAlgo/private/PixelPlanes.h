@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Channels of pixmaps as planes of floats: sources that read one, sinks that write one. Written once for both formats.
+// Channels of pixmaps as planes of floats: sources that read one, sinks that write one. Written once for both colour
+// formats; a depth pixmap is a plane itself.
 #pragma once
 
 #include "BlurAlgo/BA_GaussianBlur.h"
@@ -81,6 +82,40 @@ public:
 
 private:
     CEL_PixmapOf<Pixel>& _pixmap;
+    float _gain;
+};
+
+/// The rows of a depth pixmap. A pixel is nothing but its float.
+class DepthSource final : public BA_RowSource
+{
+public:
+    explicit DepthSource(const CEL_PixmapAreaZ& pixmap) : _pixmap(pixmap) {}
+
+    const float* row(int y, float*) const override { return &_pixmap.row(y).data()->value; }
+
+private:
+    static_assert(sizeof(CEL_PixelFloat) == sizeof(float));
+    const CEL_PixmapAreaZ& _pixmap;
+};
+
+/// Writes the rows of a depth pixmap.
+class DepthSink final : public BA_RowSink
+{
+public:
+    DepthSink(CEL_PixmapAreaZ& pixmap, float gain) : _pixmap(pixmap), _gain(gain) {}
+
+    float* begin(int y, float*) override { return &_pixmap.row(y).data()->value; }
+
+    void end(int y, const float*) override
+    {
+        if (_gain == 1.0F)
+            return;
+        for (CEL_PixelFloat& pixel : _pixmap.row(y))
+            pixel.value *= _gain;
+    }
+
+private:
+    CEL_PixmapAreaZ& _pixmap;
     float _gain;
 };
 
