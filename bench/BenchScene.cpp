@@ -93,8 +93,6 @@ void BenchScene<Pixel>::addObject(double centreX, double centreY, double radiusX
 template<typename Pixel>
 void BenchScene<Pixel>::compose(const VallorinRenderHandler::PixmapMap& results)
 {
-    for (int y = _canvas.y1; y < _canvas.y2; ++y)
-        std::ranges::fill(_output->row(y), Pixel{});
     composeOutput(*_handler, *_output, _inputMap, results);
 }
 

@@ -56,7 +56,7 @@ public:
     /// The node's whole work of the frame, from the accumulators to the output.
     void render(double bevel, int quality);
 
-    /// Composes the results, one per object, into the cleared output.
+    /// Composes the results, one per object, into the output.
     void compose(const VallorinRenderHandler::PixmapMap& results);
 
 private:

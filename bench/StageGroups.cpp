@@ -1,15 +1,14 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The stages one by one. Where they are cut is not quite the same on both sides: the peer finds the range while it
-// clips, the node while it makes the depth.
+// The stages one by one. Where they are cut is not quite the same on both sides: the node makes the depths while it
+// makes the normals, the peer before.
 #include "BenchScene.h"
 #include "BlurAlgo/BlurAlgo.h"
 #include "Groups.h"
 #include "OpenCvPeer.h"
 #include "render/CoverageMask.h"
 #include "render/CoverageMerge.h"
-#include "render/ElevationDepth.h"
-#include "render/GeometryClip.h"
+#include "render/ElevationPlane.h"
 #include "render/NormalMap.h"
 
 namespace {
@@ -28,8 +27,7 @@ template<typename Pixel>
 class Stages
 {
 public:
-    using Pixmap = CEL_PixmapOf<Pixel>;
-    using Pointer = UT_SharedPtr<Pixmap>;
+    using Plane = UT_SharedPtr<CEL_PixmapAreaZ>;
 
     Stages(const FrameSize& frame, int bevel)
         : scene(frame, BenchScene<Pixel>::Objects::ONE), _job{.bevel = static_cast<double>(bevel)}, _filter(0, 0)
@@ -38,33 +36,31 @@ public:
         BlurAlgo::getGaussianFilter(_filter, sigma, sigma, true);
         mask = makeMask();
         blurred = makeBlurred();
-        clipped = copyOf(*blurred);
-        clip(*clipped);
-        depth = makeDepth();
-        results[1] = buildNormals<Pixel>(*depth, *clipped, FOUR_NEIGHBOURS);
+        plane = settled(copyOf(*blurred));
+        makeNormals(FOUR_NEIGHBOURS);
     }
 
-    static Pointer copyOf(const Pixmap& pixmap) { return pixmap.clone().template dynamicCast<Pixmap>(); }
+    static Plane copyOf(const CEL_PixmapAreaZ& plane) { return plane.clone().template dynamicCast<CEL_PixmapAreaZ>(); }
 
-    Pointer makeMask() const { return ::makeMask<Pixel>(*scene.accumulators()[0]); }
+    Plane makeMask() const { return ::makeMask<Pixel>(*scene.accumulators()[0]); }
 
-    Pointer makeBlurred() const
+    Plane makeBlurred() const
     {
         constexpr int kRedAlone = 2;
         return BlurAlgo::blur(*mask, _filter, mask->canvasRect(), kRedAlone, BlurAlgo::PaddingType::TRANSPARENT_PADDING)
-            .template dynamicCast<Pixmap>();
+            .template dynamicCast<CEL_PixmapAreaZ>();
     }
 
-    void clip(Pixmap& pixmap) const
-    {
-        pixmap.clipToCanvas();
-        clipWithGeometry<Pixel>(pixmap, *mask);
-    }
+    ElevationPlane settled(const Plane& values) const { return settle<Pixel>(values, mask.get()); }
 
-    UT_SharedPtr<CEL_PixmapAreaZ> makeDepth()
+    void makeNormals(int quality)
     {
-        const double high = 37.5 * scene.canvas().width() / 720.0;
-        return buildDepth<Pixel>(*clipped, 0.0, high, 1.0);
+        const double rise = 37.5 * scene.canvas().width() / 720.0;
+        const ElevationProfile profile(plane.span, 1.0, ElevationProfile::Values::ANY,
+                                       plane.values->allocatedRect().area());
+        auto normals = scene.emptyPixmap();
+        buildNormals<Pixel>(BevelSurface(plane, profile, rise), quality, *normals);
+        results[1] = normals;
     }
 
     // Runs the peer up to and with a stage, from the start: some of its stages work in place.
@@ -91,12 +87,12 @@ public:
 
     BenchScene<Pixel> scene;
     OpenCvPeer<Pixel> peer;
-    Pointer mask;
-    Pointer blurred;
-    Pointer clipped;
-    UT_SharedPtr<CEL_PixmapAreaZ> depth;
+    Plane mask;
+    Plane blurred;
+    ElevationPlane plane;
     VallorinRenderHandler::PixmapMap results;
-    Pointer scratch;
+    UT_SharedPtr<CEL_PixmapOf<Pixel>> accumulator; // merging fills it
+    Plane scratch;
 
 private:
     PeerJob _job;
@@ -146,8 +142,8 @@ private:
     {
         const auto nothing = [](S&) {};
         add(
-            "merge", "ours", [](S& s) { s.scratch = s.scene.emptyPixmap(); },
-            [](S& s) { mergeCoverage<Pixel>(*s.scratch, *s.scene.inputs()[0]); });
+            "merge", "ours", [](S& s) { s.accumulator = s.scene.emptyPixmap(); },
+            [](S& s) { mergeCoverage<Pixel>(*s.accumulator, *s.scene.inputs()[0]); });
         add("mask", "ours", nothing, [](S& s) { s.scratch = s.makeMask(); });
         add("mask", "opencv", nothing, [](S& s) { s.maskPeer(); });
         add("blur", "ours", nothing, [](S& s) { s.scratch = s.makeBlurred(); });
@@ -158,23 +154,20 @@ private:
     void addElevation()
     {
         add(
-            "clip", "ours", [](S& s) { s.scratch = S::copyOf(*s.blurred); }, [](S& s) { s.clip(*s.scratch); });
+            "clip", "ours", [](S& s) { s.scratch = S::copyOf(*s.blurred); }, [](S& s) { s.settled(s.scratch); });
         add(
             "clip", "opencv", [](S& s) { s.bringPeerTo(BLURRED); }, [](S& s) { s.peer.clipAndFindRange(true); });
-        add(
-            "depth", "ours", [](S&) {}, [](S& s) { s.depth = s.makeDepth(); });
-        add(
-            "depth", "opencv", [](S& s) { s.bringPeerTo(CLIPPED); }, [](S& s) { s.deepenPeer(); });
     }
 
     void addNormals(int quality)
     {
         const std::string stage = std::string("normals-") + kQualities[quality];
         add(
-            stage, "ours", [](S&) {}, [=](S& s) { s.results[1] = buildNormals<Pixel>(*s.depth, *s.clipped, quality); });
+            stage, "ours", [](S&) {}, [=](S& s) { s.makeNormals(quality); });
         add(
-            stage, "opencv", [](S& s) { s.bringPeerTo(DEEP); },
+            stage, "opencv", [](S& s) { s.bringPeerTo(CLIPPED); },
             [=](S& s) {
+                s.deepenPeer();
                 s.peer.makeNormals(quality);
                 if (quality == EIGHT_NEIGHBOURS_SMOOTHED)
                     s.peer.smoothNormals();

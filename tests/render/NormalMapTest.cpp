@@ -1,11 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Normals on small depth pictures worked out by hand, and what blending makes of them.
+#include "DepthSurface.h"
 #include "SmallPixmaps.h"
 
+#include "MultiStageKvd/NormalParser.h"
 #include "render/NormalBlend.h"
-#include "render/NormalMap.h"
-#include "render/NormalSmoothing.h"
 
 #include <cmath>
 
@@ -25,9 +25,8 @@ UT_SharedPtr<CEL_PixmapAreaZ> plane(float a, float b)
 
 Pixel16 normalAt(const CEL_PixmapAreaZ& depth, int x, int y, int quality = FOUR_NEIGHBOURS)
 {
-    const Math::Box2di rect = depth.allocatedRect();
-    const auto blurred = filled<Pixel16>(rect.width(), rect.height(), {0, 0, 77, 32767});
-    return buildNormals<Pixel16>(depth, *blurred, quality)->at(x, y);
+    // An elevation of 76.5 / 32765 is stored as 77.
+    return normalsOf<Pixel16>(DepthSurface(depth, 76.5F / 32765.0F), quality, depth.allocatedRect())->at(x, y);
 }
 
 std::int16_t encoded(double n)
@@ -88,16 +87,30 @@ TEST(NormalMap, TheDiagonalsCountOnlyWhereAllFourArePresent)
 
 TEST(NormalMap, SmoothingLeavesAPixelWithoutAnyNormalAround)
 {
-    const auto empty = filled<Pixel16>(3, 3, {0, 0, 32767, 0});
-    EXPECT_EQ(smoothNormals<Pixel16>(*empty)->at(1, 1), (Pixel16{0, 0, 32767, 0}));
+    EXPECT_EQ(normalAt(*filledDepth(3, 3, 0.0F), 1, 1, EIGHT_NEIGHBOURS_SMOOTHED), (Pixel16{0, 0, 32767, 0}));
 }
 
 TEST(NormalMap, SmoothingGivesAnEmptyPixelItsNeighboursNormalButNeitherBlueNorAlpha)
 {
-    const auto normals = filled<Pixel16>(3, 1, {0, 0, 32767, 0});
-    normals->at(0, 0) = {32767, kMiddle, 5, 32767};
-    // The only sample is x = 1, y = 1 / 32767: of unit length but for the rounding.
-    EXPECT_EQ(smoothNormals<Pixel16>(*normals)->at(1, 0), (Pixel16{32767, kMiddle, 32767, 0}));
+    const auto depth = filledDepth(3, 1, 0.0F);
+    depth->at(0, 0).value = 5.0F;
+    // The only sample is a pixel without a slope, stored as the middle: it decodes to x = y = 1 / 32767.
+    EXPECT_EQ(normalAt(*depth, 1, 0, EIGHT_NEIGHBOURS_SMOOTHED), (Pixel16{kMiddle, kMiddle, 32767, 0}));
+    EXPECT_EQ(normalAt(*depth, 2, 0, EIGHT_NEIGHBOURS_SMOOTHED), (Pixel16{0, 0, 32767, 0})) << "out of its reach";
+}
+
+TEST(NormalMap, SmoothingWeighsTheNineNormalsAsABinomialDoes)
+{
+    // Level places beside a wall that rises to the right by 2 a pixel, from column 4 on: a normal there is
+    // (-2, 0, 1) / sqrt(5), and between both, at column 3, that of a rise of 1: (-1, 0, 1) / sqrt(2).
+    const auto depth = filledDepth(9, 5, 1.0F);
+    for (int y = 0; y < 5; ++y)
+        for (int x = 4; x < 9; ++x)
+            depth->at(x, y).value = 1.0F + 2.0F * static_cast<float>(x - 3);
+    // Columns weigh 1/4, 1/2, 1/4.
+    const double x = -0.5 / std::sqrt(2.0) - 0.25 * 2.0 / std::sqrt(5.0);
+    const double z = 0.25 + 0.5 / std::sqrt(2.0) + 0.25 / std::sqrt(5.0);
+    EXPECT_NEAR(normalAt(*depth, 3, 2, EIGHT_NEIGHBOURS_SMOOTHED).r, encoded(x / std::hypot(x, z)), 2);
 }
 
 TEST(NormalMap, MirroredDepthsGiveMirroredNormals)

@@ -1,14 +1,13 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The pipeline of one object, with values worked out by hand.
+#include "DepthSurface.h"
 #include "SmallPixmaps.h"
 
-#include "render/CoverageMask.h"
-#include "render/ElevationDepth.h"
-#include "render/ElevationRange.h"
 #include "render/ObjectVolume.h"
 
 #include <cmath>
+#include <vector>
 
 namespace {
 
@@ -38,12 +37,23 @@ UT_SharedPtr<CEL_PixmapOf<Pixel>> build(const UT_SharedPtr<CEL_PixmapOf<Pixel>>&
         .template dynamicCast<CEL_PixmapOf<Pixel>>();
 }
 
-float depthOf(std::int16_t value, std::int16_t lowest, std::int16_t highest, double high, double smoothness)
+// The depths of a row of blurred values.
+std::vector<float> depthsOf(const std::vector<float>& values, double high, double smoothness)
 {
-    const auto blurred = filled<Pixel16>(3, 1, {lowest, 0, 0, 32767});
-    blurred->at(1, 0).r = value;
-    blurred->at(2, 0).r = highest;
-    return buildDepth<Pixel16>(*blurred, 0.0, high, smoothness)->at(1, 0).value;
+    const int width = static_cast<int>(values.size());
+    const auto blurred = filledDepth(width, 1, 0.0F);
+    for (int x = 0; x < width; ++x)
+        blurred->at(x, 0).value = values[static_cast<std::size_t>(x)];
+    const ElevationPlane plane = measure(blurred);
+    std::vector<float> shares(values.size());
+    std::vector<float> depths(values.size());
+    BevelSurface(plane, profileOf<Pixel16>(plane, smoothness), high).row(0, shares.data(), depths.data());
+    return depths;
+}
+
+float depthOf(float value, float lowest, float highest, double high, double smoothness)
+{
+    return depthsOf({lowest, value, highest}, high, smoothness)[1];
 }
 
 } // namespace
@@ -70,13 +80,13 @@ TEST(ObjectVolume, AMaskWithoutPositiveValuesKeepsTheStartValuesOfTheRange)
     EXPECT_EQ(range, std::make_pair(32767.0F, -1.0F / 65534.0F));
 }
 
-TEST(ObjectVolume, ABlurredPictureWithoutPositiveValuesLeavesTheDepthUntouched)
+TEST(ObjectVolume, ABlurredPictureWithoutPositiveValuesIsBlackAllOver)
 {
-    const auto blurred = filled<Pixel16>(3, 3, {0, 5, 6, 7});
-    const auto depth = buildDepth<Pixel16>(*blurred, 0.0, 10.0, 1.0);
-    EXPECT_EQ(depth->allocatedRect(), Math::Box2di(0, 0, 3, 3));
-    EXPECT_TRUE(depth->at(1, 1).isBlack());
-    EXPECT_EQ(blurred->at(1, 1), (Pixel16{0, 5, 6, 7}));
+    EXPECT_EQ(depthsOf({0.0F, -5.0F, 0.0F}, 10.0, 1.0), (std::vector<float>{0.0F, 0.0F, 0.0F}));
+    std::pair<float, float> range;
+    const auto result = build<Pixel16>(filled<Pixel16>(3, 3, {-7, 0, 0, 32767}), {.generateNormals = true}, range);
+    ASSERT_TRUE(result);
+    EXPECT_EQ(range, std::make_pair(0.0F, 1.0F));
 }
 
 TEST(ObjectVolume, AMaskOfOneValueMapsToZero)
@@ -116,14 +126,52 @@ TEST(ObjectVolume, ANegativeSmoothnessCountsAsZero)
 
 TEST(ObjectVolume, ElevationIsStoredInBlueFromOneTo32766)
 {
-    const auto blurred = filled<Pixel16>(3, 1, {100, 0, 0, 32767});
-    blurred->at(1, 0).r = 200;
-    blurred->at(2, 0).r = 0;
-    buildDepth<Pixel16>(*blurred, 0.0, 1.0, 1.0);
-    EXPECT_EQ(blurred->at(0, 0).b, 1);
-    // x = 100 x (1 / 100) in single precision is 1.
-    EXPECT_EQ(blurred->at(1, 0).b, 32766);
-    EXPECT_EQ(blurred->at(2, 0).b, 0) << "no elevation, nothing stored";
+    // Three values in a row, and a place without any.
+    const auto object = filled<Pixel16>(4, 1, {100, 0, 0, 32767});
+    object->at(1, 0).r = 200;
+    object->at(2, 0).r = 0;
+    object->at(3, 0).r = 150;
+    std::pair<float, float> range;
+    const auto result = build<Pixel16>(object, {.generateNormals = true}, range);
+    // x = 100 x (1 / 100) in single precision is 1, and half of it stores trunc(0.5 x 32765 + 1).
+    EXPECT_EQ(result->at(1, 0).b, 32766);
+    EXPECT_EQ(result->at(3, 0).b, 16383);
+    // The lowest value has a depth of 0, which is black.
+    EXPECT_EQ(result->at(0, 0), (Pixel16{0, 0, 32767, 0}));
+    EXPECT_EQ(result->at(2, 0), (Pixel16{0, 0, 32767, 0})) << "no elevation, nothing stored";
+}
+
+TEST(ObjectVolume, BlurredValuesAreRoundedToWholeOnesIn16BitsAlone)
+{
+    const auto plane = [] {
+        const auto values = filledDepth(5, 1, 0.0F);
+        const float row[] = {2.5F, -2.5F, 0.49F, 40000.0F, 7.2F};
+        for (int x = 0; x < 5; ++x)
+            values->at(x, 0).value = row[x];
+        return values;
+    };
+    const auto rounded = plane();
+    const ElevationPlane settled = settle<Pixel16>(rounded, nullptr);
+    const float expected[] = {3.0F, -3.0F, 0.0F, 32767.0F, 7.0F};
+    for (int x = 0; x < 5; ++x)
+        EXPECT_EQ(rounded->at(x, 0).value, expected[x]) << x;
+    EXPECT_EQ(settled.span.lowest, 3.0F);
+    EXPECT_EQ(settled.span.highest, 32767.0F);
+    EXPECT_EQ(settle<PixelFloat>(plane(), nullptr).span.lowest, 0.49F);
+}
+
+TEST(ObjectVolume, KnowsTheColumnsThatAreElevated)
+{
+    const auto values = filledDepth(70, 3, 0.0F);
+    values->at(21, 0).value = 5.0F;
+    values->at(64, 0).value = 1.0F;
+    values->at(69, 2).value = 9.0F;
+    const ElevationPlane plane = measure(values);
+    EXPECT_EQ(plane.elevated[0].first, 21);
+    EXPECT_EQ(plane.elevated[0].end, 65);
+    EXPECT_TRUE(plane.elevated[1].isEmpty());
+    EXPECT_EQ(plane.elevated[2].first, 69);
+    EXPECT_EQ(plane.elevated[2].end, 70);
 }
 
 TEST(ObjectVolume, ACanvasTwiceAsWideIsTwiceAsDeep)

@@ -2,11 +2,11 @@
 //
 // Laws that hold for every picture: how normals answer to mirroring, turning and lifting of the surface, that they have
 // unit length, and how coverages add up.
+#include "DepthSurface.h"
 #include "SmallPixmaps.h"
 
 #include "MultiStageKvd/NormalParser.h"
 #include "render/NormalBlend.h"
-#include "render/NormalMap.h"
 
 #include <rapidcheck/gtest.h>
 
@@ -44,8 +44,7 @@ Depths moved(const Depths& depths, int width, int height, const Place& placeOf)
 template<typename Pixel>
 UT_SharedPtr<CEL_PixmapOf<Pixel>> normalsOf(const Depths& depths, int quality = FOUR_NEIGHBOURS)
 {
-    const Math::Box2di rect = depths->allocatedRect();
-    return buildNormals<Pixel>(*depths, *filled<Pixel>(rect.width(), rect.height(), Pixel{}), quality);
+    return normalsOf<Pixel>(DepthSurface(*depths), quality, depths->allocatedRect());
 }
 
 template<typename Pixel>

@@ -30,15 +30,6 @@ std::map<int, UT_SharedPtr<CEL_PixmapOf<Pixel>>> typed(const VallorinRenderHandl
     return result;
 }
 
-// The coverage that counts: nearly full is full, so that no seam shows where antialiasing rounds.
-template<typename Pixel>
-double saturatedCoverage(const Pixel& input)
-{
-    using Traits = VolumeTraits<Pixel>;
-    const double coverage = Traits::coverageOf(input.a);
-    return coverage >= Traits::kSaturated ? 1.0 : coverage;
-}
-
 template<typename Pixmap>
 auto columns(Pixmap& pixmap, int y, const Math::Box2di& common)
 {
@@ -65,8 +56,10 @@ VallorinRenderHandler::BasicAccumFunctor<Pixel>::BasicAccumFunctor(const Vallori
 template<typename Pixel>
 void VallorinRenderHandler::BasicAccumFunctor<Pixel>::operator()(const tbb::blocked_range<int>& rows) const
 {
-    for (int y = rows.begin(); y < rows.end(); ++y)
+    for (int y = rows.begin(); y < rows.end(); ++y) {
+        std::ranges::fill(_output.row(y), Pixel{});
         composeRow(y);
+    }
 }
 
 template<typename Pixel>
@@ -117,14 +110,26 @@ void VallorinRenderHandler::BasicAccumFunctor<Pixel>::cutOut(const PortRow& row)
             row.output[i] = {0, 0, 0, Traits::cutAlpha(row.output[i].a, Traits::coverageOf(row.input[i].a))};
 }
 
+// Where an object covers fully or lies alone, which is nearly everywhere, its pixel takes the place with its own alpha:
+// that is what its share would be truncated to.
 template<typename Pixel>
 void VallorinRenderHandler::BasicAccumFunctor<Pixel>::blendNormals(const PortRow& row, int objectId) const
 {
-    const auto idBlue = VolumeTraits<Pixel>::channelOfId(objectId);
-    for (std::size_t i = 0; i < row.output.size(); ++i)
-        if (row.input[i].a > 0)
-            blendNormal(row.output[i], row.result[i], saturatedCoverage(row.input[i]),
-                        _depthInBlue ? row.result[i].b : idBlue);
+    using Traits = VolumeTraits<Pixel>;
+    const auto idBlue = Traits::channelOfId(objectId);
+    for (std::size_t i = 0; i < row.output.size(); ++i) {
+        const auto alpha = row.input[i].a;
+        if (!(alpha > 0))
+            continue;
+        const Pixel& object = row.result[i];
+        const auto blue = _depthInBlue ? object.b : idBlue;
+        if (Traits::isSaturated(alpha))
+            row.output[i] = {object.r, object.g, blue, Traits::kFull};
+        else if (!(row.output[i].a > 0))
+            row.output[i] = {object.r, object.g, blue, alpha};
+        else
+            blendNormal(row.output[i], object, Traits::coverageOf(alpha), blue);
+    }
 }
 
 template<typename Pixel>

@@ -23,7 +23,7 @@ public:
     BasicAccumFunctor(const VallorinRenderHandler& handler, Pixmap& output, const PixmapMap& inputs,
                       const PixmapMap& results);
 
-    /// Composes the rows of the range.
+    /// Composes the rows of the range, whatever they held.
     void operator()(const tbb::blocked_range<int>& rows) const;
 
 private:
@@ -47,6 +47,6 @@ private:
     bool _depthInBlue;
 };
 
-/// Composes the whole output, rows in parallel.
+/// Composes the whole output, whatever it held, rows in parallel.
 void composeOutput(const VallorinRenderHandler& handler, CEL_PixmapArea& output,
                    const VallorinRenderHandler::PixmapMap& inputs, const VallorinRenderHandler::PixmapMap& results);

@@ -1,62 +1,72 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// First the box, which grows with the first and last positive value of each row; then the mask inside of it, so that
-// nothing is computed for what the crop drops.
+// First the box of the positive values; then the mask inside of it, so that nothing is computed for what the crop
+// drops.
 #include "render/CoverageMask.h"
 
-#include "render/PixelTraits.h"
+#include "render/VolumeRowKernels.h"
+
+#include <algorithm>
 
 namespace {
 
 constexpr int kMargin = 2;
 
 template<typename Pixel>
-Math::Box2di positiveBox(const CEL_PixmapOf<Pixel>& pixmap)
+bool isPositive(const Pixel& pixel)
 {
-    const auto isPositive = [](const Pixel& pixel) { return pixel.r > 0; };
-    const Math::Box2di& rect = pixmap.allocatedRect();
-    Math::Box2di box;
-    for (int y = rect.y1; y < rect.y2; ++y) {
-        const std::span<const Pixel> row = pixmap.row(y);
-        const auto first = std::find_if(row.begin(), row.end(), isPositive);
-        if (first == row.end())
-            continue;
-        const auto last = std::find_if(row.rbegin(), row.rend(), isPositive);
-        box.add(
-            {rect.x1 + static_cast<int>(first - row.begin()), y, rect.x1 + static_cast<int>(row.rend() - last), y + 1});
-    }
-    return box;
+    return pixel.r > 0;
 }
 
 template<typename Pixel>
-void maskRow(std::span<const Pixel> accumulated, std::span<Pixel> mask)
+bool hasPositive(std::span<const Pixel> row)
 {
-    using Traits = VolumeTraits<Pixel>;
-    for (std::size_t i = 0; i < mask.size(); ++i)
-        mask[i] = {Traits::weighted(accumulated[i].r, accumulated[i].a), 0, 0, Traits::kFull};
+    return std::ranges::any_of(row, isPositive<Pixel>);
+}
+
+// Looks at no pixel inside of the box that is known already.
+template<typename Pixel>
+Math::Box2di positiveBox(const CEL_PixmapOf<Pixel>& pixmap)
+{
+    const Math::Box2di& rect = pixmap.allocatedRect();
+    int top = rect.y1;
+    while (top < rect.y2 && !hasPositive(pixmap.row(top)))
+        ++top;
+    if (top == rect.y2)
+        return {};
+    int bottom = rect.y2;
+    while (!hasPositive(pixmap.row(bottom - 1)))
+        --bottom;
+    std::ptrdiff_t first = rect.width();
+    std::ptrdiff_t end = 0;
+    for (int y = top; y < bottom; ++y) {
+        const std::span<const Pixel> row = pixmap.row(y);
+        first = std::find_if(row.begin(), row.begin() + first, isPositive<Pixel>) - row.begin();
+        end = row.rend() - std::find_if(row.rbegin(), row.rend() - end, isPositive<Pixel>);
+    }
+    return {rect.x1 + static_cast<int>(first), top, rect.x1 + static_cast<int>(end), bottom};
 }
 
 } // namespace
 
 template<typename Pixel>
-UT_SharedPtr<CEL_PixmapOf<Pixel>> makeMask(const CEL_PixmapOf<Pixel>& accumulator)
+UT_SharedPtr<CEL_PixmapAreaZ> makeMask(const CEL_PixmapOf<Pixel>& accumulator)
 {
     const Math::Box2di& rect = accumulator.allocatedRect();
     if (rect.isEmpty())
         return nullptr;
-    auto mask = UT_makeShared<CEL_PixmapOf<Pixel>>(accumulator.size(), accumulator.canvasRect());
+    auto mask = UT_makeShared<CEL_PixmapAreaZ>(accumulator.size(), accumulator.canvasRect());
     const Math::Box2di box = positiveBox<Pixel>(accumulator).getEnlarged(kMargin);
     const Math::Box2di common = box.getIntersection(rect);
     mask->realloc(box, !(common == box));
     if (common.isEmpty())
         return mask;
-    const auto width = static_cast<std::size_t>(common.width());
-    const auto from = static_cast<std::size_t>(common.x1 - rect.x1);
-    const auto to = static_cast<std::size_t>(common.x1 - box.x1);
     for (int y = common.y1; y < common.y2; ++y)
-        maskRow<Pixel>(accumulator.row(y).subspan(from, width), mask->row(y).subspan(to, width));
+        VolumeRowKernels::weigh(accumulator.row(y).subspan(static_cast<std::size_t>(common.x1 - rect.x1),
+                                                           static_cast<std::size_t>(common.width())),
+                                &mask->row(y)[static_cast<std::size_t>(common.x1 - box.x1)].value);
     return mask;
 }
 
-template UT_SharedPtr<CEL_PixmapAreaRGBA16> makeMask<CEL_PixelRGBA16>(const CEL_PixmapAreaRGBA16&);
-template UT_SharedPtr<CEL_PixmapAreaRGBAFloat> makeMask<CEL_PixelRGBAFloat>(const CEL_PixmapAreaRGBAFloat&);
+template UT_SharedPtr<CEL_PixmapAreaZ> makeMask<CEL_PixelRGBA16>(const CEL_PixmapAreaRGBA16&);
+template UT_SharedPtr<CEL_PixmapAreaZ> makeMask<CEL_PixelRGBAFloat>(const CEL_PixmapAreaRGBAFloat&);

@@ -5,10 +5,10 @@
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
 
-/// Makes the mask of an accumulator, of the same size and canvas: R is the value times the coverage, G and B are 0, A
-/// is full. Its allocated rectangle is the box of the pixels whose value is positive, whatever their coverage, and 2
-/// pixels around it; those of them that the accumulator does not have are zero in all channels.
+/// Makes the mask of an accumulator, of the same size and canvas: the value times the coverage, on the channel's own
+/// scale, as one plane. Its allocated rectangle is the box of the pixels whose value is positive, whatever their
+/// coverage, and 2 pixels around it; those of them that the accumulator does not have are zero.
 ///
 /// @return null when the accumulator holds no pixels; a mask without pixels when none has a positive value
 template<typename Pixel>
-UT_SharedPtr<CEL_PixmapOf<Pixel>> makeMask(const CEL_PixmapOf<Pixel>& accumulator);
+UT_SharedPtr<CEL_PixmapAreaZ> makeMask(const CEL_PixmapOf<Pixel>& accumulator);

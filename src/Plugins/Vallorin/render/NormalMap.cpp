@@ -1,214 +1,207 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The normals, a run of pixels at a time. Of the cross products only what is not known beforehand is computed:
-//
-//     (2, 0, across) x (0, 2, down)      = 2 (-across, -down, 2)
-//     (2, 2, falling) x (-2, 2, rising)  = 2 (rising - falling, -(rising + falling), 4)
-//
-// The factor 2 goes when the vector is normalised, and so do the halves of the mean of two normals. Factors of 2 are
-// exact in every operation, so the results are those of the full vectors, to the last bit.
+// Downwards, row by row, with a window of the last three rows of the surface, and of the normals where they are
+// smoothed. What lies beyond the rectangle counts as black, which comes to the same: a pixel at the edge misses a
+// neighbour either way.
 #include "render/NormalMap.h"
 
-#include "render/NormalSmoothing.h"
 #include "render/PixelTraits.h"
+#include "render/VolumeRowKernels.h"
 
+#include <algorithm>
 #include <array>
+#include <vector>
 
 namespace {
 
-constexpr std::size_t kRun = 128;
+using VolumeRowKernels::DepthRows;
+using VolumeRowKernels::NormalRow;
+using VolumeRowKernels::NormalRows;
 
+// Columns of both, and what lies between them.
+ColumnSpan united(const ColumnSpan& a, const ColumnSpan& b)
+{
+    if (a.isEmpty() || b.isEmpty())
+        return a.isEmpty() ? b : a;
+    return {std::min(a.first, b.first), std::max(a.end, b.end)};
+}
+
+// A row of floats or doubles with a zero on either side.
 template<typename Value>
-using Run = std::array<Value, kRun>;
-
-// Differences of opposite neighbours, in float, as depths are stored. The first two are zero where one of the four axis
-// neighbours is missing: a level place stores the same x and y as the zero normal.
-struct Slopes
+class PaddedRow
 {
-    Run<float> across;       // right - left
-    Run<float> down;         // below - above
-    Run<float> falling;      // below right - above left
-    Run<float> rising;       // below left - above right
-    Run<float> hasDiagonals; // 1 where all eight neighbours are there, else 0
+public:
+    explicit PaddedRow(int width) : _values(static_cast<std::size_t>(width) + 2) {}
+
+    // The value of the first column.
+    Value* data() { return _values.data() + 1; }
+    const Value* data() const { return _values.data() + 1; }
+
+    void clear(const ColumnSpan& columns) { std::fill_n(data() + columns.first, columns.width(), Value{}); }
+
+private:
+    std::vector<Value> _values;
 };
 
-struct Directions
+// One row of the surface.
+struct SurfaceRow
 {
-    Run<double> x;
-    Run<double> y;
+    explicit SurfaceRow(int width) : share(width), depth(width) {}
+
+    PaddedRow<float> share;
+    PaddedRow<float> depth;
+    ColumnSpan columns; // where it is not black
 };
 
-// A run of depths and the rows above and below it. All three have a pixel more on either side.
-struct DepthRun
+// One row of normals.
+struct SampleRow
 {
-    const CEL_PixelFloat* above;
-    const CEL_PixelFloat* here;
-    const CEL_PixelFloat* below;
-    std::size_t length;
+    explicit SampleRow(int width) : x(width), y(width), z(width) {}
+
+    NormalRow from(int column) { return {x.data() + column, y.data() + column, z.data() + column}; }
+
+    PaddedRow<double> x;
+    PaddedRow<double> y;
+    PaddedRow<double> z;
+    ColumnSpan columns; // where it is not zero
 };
 
-// 1 where all four are there, else 0; a factor instead of a branch keeps the loops free of jumps.
-float areThere(float a, float b, float c, float d)
+// The last rows of something, one for each remainder of y.
+template<typename Row, int kCount>
+class RowRing
 {
-    return static_cast<float>(int{a != 0.0F} & int{b != 0.0F} & int{c != 0.0F} & int{d != 0.0F});
-}
+public:
+    explicit RowRing(int width) : _rows(kCount, Row(width)) {}
 
-void measureAxes(const DepthRun& z, Slopes& slopes)
-{
-    const CEL_PixelFloat* const leftOf = z.here - 1;
-    const CEL_PixelFloat* const rightOf = z.here + 1;
-    for (std::size_t i = 0; i < z.length; ++i) {
-        const float left = leftOf[i].value;
-        const float right = rightOf[i].value;
-        const float above = z.above[i].value;
-        const float below = z.below[i].value;
-        const float axes = areThere(left, right, above, below);
-        slopes.across[i] = axes * (right - left);
-        slopes.down[i] = axes * (below - above);
-        slopes.hasDiagonals[i] = axes;
-    }
-}
+    Row& at(int y) { return _rows[static_cast<std::size_t>(((y % kCount) + kCount) % kCount)]; }
 
-void measureDiagonals(const DepthRun& z, Slopes& slopes)
-{
-    const CEL_PixelFloat* const aboveLeftOf = z.above - 1;
-    const CEL_PixelFloat* const aboveRightOf = z.above + 1;
-    const CEL_PixelFloat* const belowLeftOf = z.below - 1;
-    const CEL_PixelFloat* const belowRightOf = z.below + 1;
-    for (std::size_t i = 0; i < z.length; ++i) {
-        const float aboveLeft = aboveLeftOf[i].value;
-        const float aboveRight = aboveRightOf[i].value;
-        const float belowLeft = belowLeftOf[i].value;
-        const float belowRight = belowRightOf[i].value;
-        slopes.falling[i] = belowRight - aboveLeft;
-        slopes.rising[i] = belowLeft - aboveRight;
-        slopes.hasDiagonals[i] *= areThere(aboveLeft, aboveRight, belowLeft, belowRight);
-    }
-}
-
-double length(double x, double y, double z)
-{
-    return std::sqrt(x * x + y * y + z * z);
-}
-
-void findFromAxes(const Slopes& slopes, std::size_t count, Directions& normals)
-{
-    for (std::size_t i = 0; i < count; ++i) {
-        const double x = -slopes.across[i];
-        const double y = -slopes.down[i];
-        const double size = length(x, y, 2.0);
-        normals.x[i] = x / size;
-        normals.y[i] = y / size;
-    }
-}
-
-void findFromAxesAndDiagonals(const Slopes& slopes, std::size_t count, Directions& normals)
-{
-    for (std::size_t i = 0; i < count; ++i) {
-        const double axisX = -slopes.across[i];
-        const double axisY = -slopes.down[i];
-        const double axisSize = length(axisX, axisY, 2.0);
-        const double x = axisX / axisSize;
-        const double y = axisY / axisSize;
-
-        const double falling = slopes.falling[i];
-        const double rising = slopes.rising[i];
-        const double diagonalX = rising - falling;
-        const double diagonalY = -(rising + falling);
-        const double diagonalSize = length(diagonalX, diagonalY, 4.0);
-
-        const double sumX = x + diagonalX / diagonalSize;
-        const double sumY = y + diagonalY / diagonalSize;
-        const double sumSize = length(sumX, sumY, 2.0 / axisSize + 4.0 / diagonalSize);
-        const double has = slopes.hasDiagonals[i];
-        normals.x[i] = has * (sumX / sumSize) + (1.0 - has) * x;
-        normals.y[i] = has * (sumY / sumSize) + (1.0 - has) * y;
-    }
-}
+private:
+    std::vector<Row> _rows;
+};
 
 template<typename Pixel>
-Pixel emptyPixel()
+class NormalBuilder
 {
-    return {0, 0, VolumeTraits<Pixel>::kFull, 0};
-}
+public:
+    NormalBuilder(const ElevationSurface& surface, int quality, CEL_PixmapOf<Pixel>& normals)
+        : _surface(surface)
+        , _rect(surface.rect())
+        , _quality(quality)
+        , _normals(normals)
+        , _surfaceRows(_rect.width())
+        , _samples(quality == EIGHT_NEIGHBOURS_SMOOTHED ? _rect.width() : 0)
+    {}
 
-// The widest part of a row whose neighbours are all inside the pixmap.
-template<typename Pixel>
-void normalRun(const DepthRun& z, const Pixel* blurred, int quality, Pixel* normals)
-{
-    using Traits = VolumeTraits<Pixel>;
-    const auto isBlack = [](const CEL_PixelFloat& depth) { return depth.isBlack(); };
-    if (std::all_of(z.here, z.here + z.length, isBlack)) {
-        std::fill_n(normals, z.length, emptyPixel<Pixel>());
-        return;
+    void build()
+    {
+        load(_rect.y1);
+        for (int y = _rect.y1; y < _rect.y2; ++y) {
+            load(y + 1);
+            store(y);
+        }
     }
-    Slopes slopes;
-    Directions directions;
-    measureAxes(z, slopes);
-    if (quality == FOUR_NEIGHBOURS)
-        findFromAxes(slopes, z.length, directions);
-    else {
-        measureDiagonals(z, slopes);
-        findFromAxesAndDiagonals(slopes, z.length, directions);
-    }
-    Run<typename Traits::Channel> red;
-    Run<typename Traits::Channel> green;
-    for (std::size_t i = 0; i < z.length; ++i) {
-        red[i] = Traits::component(directions.x[i]);
-        green[i] = Traits::component(directions.y[i]);
-    }
-    for (std::size_t i = 0; i < z.length; ++i)
-        normals[i] = z.here[i].isBlack() ? emptyPixel<Pixel>() : Pixel{red[i], green[i], blurred[i].b, Traits::kFull};
-}
 
-// Pixels at the pixmap's edge: a neighbour is missing, so there is no slope.
-template<typename Pixel>
-void edgeRun(std::span<const CEL_PixelFloat> depth, std::span<const Pixel> blurred, std::span<Pixel> normals)
-{
-    using Traits = VolumeTraits<Pixel>;
-    const auto middle = Traits::component(0.0);
-    for (std::size_t i = 0; i < normals.size(); ++i)
-        normals[i] = depth[i].isBlack() ? emptyPixel<Pixel>() : Pixel{middle, middle, blurred[i].b, Traits::kFull};
-}
+    void buildSmoothed()
+    {
+        load(_rect.y1);
+        load(_rect.y1 + 1);
+        sample(_rect.y1);
+        for (int y = _rect.y1; y < _rect.y2; ++y) {
+            load(y + 2);
+            sample(y + 1);
+            storeSmoothed(y);
+        }
+    }
 
-template<typename Pixel>
-void normalRow(const CEL_PixmapAreaZ& depth, int y, std::span<const Pixel> blurred, int quality,
-               std::span<Pixel> normals)
-{
-    const std::span<const CEL_PixelFloat> here = depth.row(y);
-    const Math::Box2di& rect = depth.allocatedRect();
-    const std::size_t width = here.size();
-    if (y == rect.y1 || y == rect.y2 - 1 || width < 3) {
-        edgeRun<Pixel>(here, blurred, normals);
-        return;
+private:
+    using Row = SurfaceRow;
+
+    void load(int y)
+    {
+        Row& row = _surfaceRows.at(y);
+        row.depth.clear(row.columns);
+        const bool isInside = y >= _rect.y1 && y < _rect.y2;
+        row.columns = isInside ? _surface.row(y, row.share.data(), row.depth.data()) : ColumnSpan{};
     }
-    edgeRun<Pixel>(here.first(1), blurred.first(1), normals.first(1));
-    edgeRun<Pixel>(here.last(1), blurred.last(1), normals.last(1));
-    const CEL_PixelFloat* const above = depth.row(y - 1).data();
-    const CEL_PixelFloat* const below = depth.row(y + 1).data();
-    for (std::size_t i = 1; i < width - 1; i += kRun) {
-        const std::size_t count = std::min(kRun, width - 1 - i);
-        normalRun<Pixel>({above + i, here.data() + i, below + i, count}, blurred.data() + i, quality,
-                         normals.data() + i);
+
+    DepthRows depthAround(int y, int column)
+    {
+        return {_surfaceRows.at(y - 1).depth.data() + column, _surfaceRows.at(y).depth.data() + column,
+                _surfaceRows.at(y + 1).depth.data() + column};
     }
-}
+
+    // The columns of a row that are not empty pixels; the others become ones.
+    std::span<Pixel> pixelsOf(int y, const ColumnSpan& columns)
+    {
+        constexpr Pixel kEmpty{0, 0, VolumeTraits<Pixel>::kFull, 0};
+        const std::span<Pixel> row = _normals.row(y);
+        std::ranges::fill(row.first(static_cast<std::size_t>(columns.first)), kEmpty);
+        std::ranges::fill(row.subspan(static_cast<std::size_t>(columns.end)), kEmpty);
+        return row.subspan(static_cast<std::size_t>(columns.first), static_cast<std::size_t>(columns.width()));
+    }
+
+    void store(int y)
+    {
+        Row& row = _surfaceRows.at(y);
+        VolumeRowKernels::storeNormals(depthAround(y, row.columns.first), _quality != FOUR_NEIGHBOURS,
+                                       row.share.data() + row.columns.first, pixelsOf(y, row.columns));
+    }
+
+    void sample(int y)
+    {
+        SampleRow& samples = _samples.at(y);
+        for (PaddedRow<double>* const component : {&samples.x, &samples.y, &samples.z})
+            component->clear(samples.columns);
+        samples.columns = _surfaceRows.at(y).columns;
+        const auto count = static_cast<std::size_t>(samples.columns.width());
+        const DepthRows depth = depthAround(y, samples.columns.first);
+        if constexpr (std::is_same_v<Pixel, CEL_PixelRGBA16>)
+            VolumeRowKernels::readBackNormals16(depth, count, samples.from(samples.columns.first));
+        else
+            VolumeRowKernels::readBackNormalsFloat(depth, count, samples.from(samples.columns.first));
+    }
+
+    // An empty pixel beside others is smoothed too.
+    ColumnSpan smoothedColumns(int y)
+    {
+        const ColumnSpan columns =
+            united(united(_samples.at(y - 1).columns, _samples.at(y).columns), _samples.at(y + 1).columns);
+        if (columns.isEmpty())
+            return columns;
+        return {std::max(columns.first - 1, 0), std::min(columns.end + 1, _rect.width())};
+    }
+
+    void storeSmoothed(int y)
+    {
+        const ColumnSpan columns = smoothedColumns(y);
+        const int first = columns.first;
+        const NormalRows normals{_samples.at(y - 1).from(first), _samples.at(y).from(first),
+                                 _samples.at(y + 1).from(first)};
+        VolumeRowKernels::storeSmoothedNormals(normals, depthAround(y, first), _surfaceRows.at(y).share.data() + first,
+                                               pixelsOf(y, columns));
+    }
+
+    const ElevationSurface& _surface;
+    Math::Box2di _rect;
+    int _quality;
+    CEL_PixmapOf<Pixel>& _normals;
+    // Smoothing a row looks at normals a row further down, and these at depths a row further.
+    RowRing<SurfaceRow, 4> _surfaceRows;
+    RowRing<SampleRow, 3> _samples;
+};
 
 } // namespace
 
 template<typename Pixel>
-UT_SharedPtr<CEL_PixmapOf<Pixel>> buildNormals(const CEL_PixmapAreaZ& depth, const CEL_PixmapOf<Pixel>& blurred,
-                                               int quality)
+void buildNormals(const ElevationSurface& surface, int quality, CEL_PixmapOf<Pixel>& normals)
 {
-    auto normals = UT_makeShared<CEL_PixmapOf<Pixel>>(depth.size(), depth.canvasRect());
-    normals->realloc(depth.allocatedRect(), false);
-    for (int y = depth.allocatedRect().y1; y < depth.allocatedRect().y2; ++y)
-        normalRow<Pixel>(depth, y, blurred.row(y), quality, normals->row(y));
+    normals.realloc(surface.rect(), false);
+    NormalBuilder<Pixel> builder(surface, quality, normals);
     if (quality == EIGHT_NEIGHBOURS_SMOOTHED)
-        return smoothNormals<Pixel>(*normals);
-    return normals;
+        builder.buildSmoothed();
+    else
+        builder.build();
 }
 
-template UT_SharedPtr<CEL_PixmapAreaRGBA16> buildNormals<CEL_PixelRGBA16>(const CEL_PixmapAreaZ&,
-                                                                          const CEL_PixmapAreaRGBA16&, int);
-template UT_SharedPtr<CEL_PixmapAreaRGBAFloat> buildNormals<CEL_PixelRGBAFloat>(const CEL_PixmapAreaZ&,
-                                                                                const CEL_PixmapAreaRGBAFloat&, int);
+template void buildNormals<CEL_PixelRGBA16>(const ElevationSurface&, int, CEL_PixmapAreaRGBA16&);
+template void buildNormals<CEL_PixelRGBAFloat>(const ElevationSurface&, int, CEL_PixmapAreaRGBAFloat&);

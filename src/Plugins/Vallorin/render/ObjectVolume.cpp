@@ -5,10 +5,9 @@
 
 #include "BlurAlgo/BlurAlgo.h"
 #include "render/CoverageMask.h"
-#include "render/ElevationDepth.h"
-#include "render/ElevationRange.h"
-#include "render/GeometryClip.h"
+#include "render/ElevationPlane.h"
 #include "render/NormalMap.h"
+#include "render/PixelTraits.h"
 
 #include <algorithm>
 #include <cmath>
@@ -35,48 +34,97 @@ double filterSize(const VolumeSettings& settings, const Math::Box2di& canvas)
     return std::min(size, 4.0 * std::hypot(canvas.width(), canvas.height()));
 }
 
-// The blurred mask; null when there is no memory for it. What lies outside of the canvas goes before the clip looks at
-// it, which comes to the same.
-template<typename Pixel>
-UT_SharedPtr<CEL_PixmapOf<Pixel>> bevelled(const UT_SharedPtr<CEL_PixmapOf<Pixel>>& mask,
-                                           const VolumeSettings& settings)
+// The blurred mask; null when there is no memory for it.
+UT_SharedPtr<CEL_PixmapAreaZ> blurredMask(const CEL_PixmapAreaZ& mask, const VolumeSettings& settings)
 {
-    if (!(settings.bevel > 0.0))
-        return mask;
     constexpr int kRedAlone = 2;
-    const double size = filterSize(settings, mask->canvasRect());
+    const double size = filterSize(settings, mask.canvasRect());
     FilterImage filter(0, 0);
     BlurAlgo::getGaussianFilter(filter, size, size, true);
-    auto blurred = BlurAlgo::blur(*mask, filter, mask->canvasRect(), kRedAlone, static_cast<BlurAlgo::PaddingType>(0))
-                       .template dynamicCast<CEL_PixmapOf<Pixel>>();
-    if (!blurred)
-        return nullptr;
-    blurred->clipToCanvas();
-    if (settings.clip)
-        clipWithGeometry<Pixel>(*blurred, *mask);
+    auto blurred = BlurAlgo::blur(mask, filter, mask.canvasRect(), kRedAlone, static_cast<BlurAlgo::PaddingType>(0))
+                       .dynamicCast<CEL_PixmapAreaZ>();
+    if (blurred)
+        blurred->clipToCanvas();
     return blurred;
+}
+
+// The mask goes when it is not needed any more: it would be a sixth of all the memory that an object takes.
+template<typename Pixel>
+ElevationPlane bevelled(UT_SharedPtr<CEL_PixmapAreaZ> mask, const CEL_PixmapArea& reference,
+                        const VolumeSettings& settings)
+{
+    const auto blurred = blurredMask(*mask, settings);
+    if (!blurred)
+        return {};
+    blurred->reallocToFit(reference);
+    return settle<Pixel>(blurred, settings.clip ? mask.get() : nullptr);
+}
+
+ElevationPlane unbevelled(const UT_SharedPtr<CEL_PixmapAreaZ>& mask, const CEL_PixmapArea& reference)
+{
+    mask->reallocToFit(reference);
+    return measure(mask);
+}
+
+// The plane's values in R, and A full where isFull(x, y, value) says so.
+template<typename Pixel, typename IsFull>
+void storeValues(const CEL_PixmapAreaZ& values, const IsFull& isFull, CEL_PixmapOf<Pixel>& result)
+{
+    using Channel = typename VolumeTraits<Pixel>::Channel;
+    const Math::Box2di& rect = values.allocatedRect();
+    result.realloc(rect, false);
+    for (int y = rect.y1; y < rect.y2; ++y) {
+        const std::span<const CEL_PixelFloat> source = values.row(y);
+        const std::span<Pixel> target = result.row(y);
+        for (std::size_t i = 0; i < target.size(); ++i) {
+            const float value = source[i].value;
+            const bool full = isFull(rect.x1 + static_cast<int>(i), y, value);
+            target[i] = {static_cast<Channel>(value), 0, 0, full ? VolumeTraits<Pixel>::kFull : Channel{0}};
+        }
+    }
+}
+
+// Where nothing was blurred, the pixels are those of the mask: covered wherever the accumulator has any.
+template<typename Pixel>
+void storeElevations(const CEL_PixmapAreaZ& values, bool isBlurred, const Math::Box2di& maskRect,
+                     CEL_PixmapOf<Pixel>& result)
+{
+    if (isBlurred)
+        storeValues<Pixel>(
+            values, [](int, int, float value) { return value != 0.0F; }, result);
+    else
+        storeValues<Pixel>(
+            values, [&](int x, int y, float) { return maskRect.contains(x, y); }, result);
 }
 
 template<typename Pixel>
 UT_SharedPtr<CEL_PixmapArea> build(const CEL_PixmapArea& reference, const CEL_PixmapOf<Pixel>& objectPixmap,
                                    const VolumeSettings& settings, std::pair<float, float>& range)
 {
-    const auto mask = makeMask<Pixel>(objectPixmap);
+    auto mask = makeMask<Pixel>(objectPixmap);
     if (!mask)
         return nullptr;
-    const auto blurred = bevelled<Pixel>(mask, settings);
-    if (!blurred)
+    const bool isBlurred = settings.bevel > 0.0;
+    const Math::Box2di maskRect = mask->allocatedRect().getIntersection(objectPixmap.allocatedRect());
+    const ElevationPlane plane =
+        isBlurred ? bevelled<Pixel>(std::move(mask), reference, settings) : unbevelled(mask, reference);
+    if (!plane.values)
         return nullptr;
-    range = {0.0F, 1.0F};
-    blurred->reallocToFit(reference);
+    auto result = UT_makeShared<CEL_PixmapOf<Pixel>>(plane.values->size(), plane.values->canvasRect());
     if (!settings.generateNormals) {
-        range = elevationRange(findPositiveSpan<Pixel>(*blurred));
-        return blurred;
+        range = elevationRange(plane.span);
+        storeElevations<Pixel>(*plane.values, isBlurred, maskRect, *result);
+        return result;
     }
-    const auto canvasFactor = static_cast<float>(blurred->canvasRect().width() / kUnitsAcross);
-    const double high = settings.elevation * 37.5 * canvasFactor;
-    const auto depth = buildDepth<Pixel>(*blurred, 0.0, high, settings.smoothness);
-    return buildNormals<Pixel>(*depth, *blurred, settings.quality);
+    range = {0.0F, 1.0F};
+    using Values = ElevationProfile::Values;
+    constexpr bool kWhole = std::is_integral_v<typename VolumeTraits<Pixel>::Channel>;
+    const ElevationProfile profile(plane.span, settings.smoothness, kWhole ? Values::WHOLE : Values::ANY,
+                                   plane.values->allocatedRect().area());
+    const auto canvasFactor = static_cast<float>(plane.values->canvasRect().width() / kUnitsAcross);
+    const BevelSurface surface(plane, profile, settings.elevation * 37.5 * canvasFactor);
+    buildNormals<Pixel>(surface, settings.quality, *result);
+    return result;
 }
 
 } // namespace

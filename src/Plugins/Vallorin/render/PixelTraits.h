@@ -44,10 +44,16 @@ struct VolumeTraits<CEL_PixelRGBA16>
     static bool isElevated(Channel value) { return value >= 1; }
     static Channel storedElevation(float x) { return static_cast<Channel>(x * 32765.0 + 1.0); }
 
-    // The composition (Composition.h).
+    // The composition (Composition.h). Coverage that is nearly full counts as full, so that no seam shows where
+    // antialiasing rounds: isSaturated says of an alpha what kSaturated says of its share.
 
     static double coverageOf(Channel alpha) { return alpha / 32767.0; }
     static constexpr double kSaturated = 0.99;
+    static bool isSaturated(Channel alpha)
+    {
+        static_assert(32439 / 32767.0 < kSaturated && 32440 / 32767.0 >= kSaturated);
+        return alpha >= 32440;
+    }
     static Channel channelOfId(int objectId) { return static_cast<Channel>(objectId); }
     static Channel cutAlpha(Channel alpha, double coverage) { return static_cast<Channel>(alpha * (1.0 - coverage)); }
     static Channel fullAlpha(double coverage) { return static_cast<Channel>(coverage * 32767.0); }
@@ -105,6 +111,7 @@ struct VolumeTraits<CEL_PixelRGBAFloat>
 
     static double coverageOf(Channel alpha) { return alpha; }
     static constexpr double kSaturated = 0.9999;
+    static bool isSaturated(Channel alpha) { return alpha >= kSaturated; }
     /// Float output has no object numbers.
     static Channel channelOfId(int) { return 0.0F; }
     static Channel cutAlpha(Channel alpha, double coverage) { return static_cast<Channel>(alpha * (1.0 - coverage)); }

@@ -158,7 +158,7 @@ UT_SharedPtr<CEL_PixmapArea> VallorinRenderHandler::compose(const MO_SoftContext
     for (const auto& [id, result] : results)
         if (result)
             rect.add(result->allocatedRect());
-    output->realloc(rect, true);
+    output->realloc(rect, false);
     composeOutput(*this, *output, inputPixmaps, results);
     return output;
 }

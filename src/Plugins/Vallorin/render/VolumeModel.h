@@ -16,13 +16,13 @@
 //
 // Accumulator. All inputs of one object merged (CoverageMerge.h): R the value so far, A the coverage.
 //
-// Mask. The accumulator as one number a pixel, value times coverage, in R (CoverageMask.h). Blurred by a Gaussian it
-// falls off towards the object's edge: that fall is the bevel. GeometryClip.h takes back what the blur spread beyond
-// the drawing.
+// Mask. The accumulator as one number a pixel, value times coverage, in a plane of floats on the channel's own scale
+// (CoverageMask.h). Blurred by a Gaussian it falls off towards the object's edge: that fall is the bevel. Rounded to
+// the channel, and taken back where it spread beyond the drawing, it is the elevation plane (ElevationPlane.h).
 //
-// Elevation. The blurred mask between its lowest and highest positive value, as a share x from 0 to 1, shaped by the
-// smoothness p into x^(1/p) (ElevationDepth.h). A depth pixmap holds it as a height in pixels, 37.5 times the object's
-// elevation on a canvas 720 wide and in proportion on others. Depth 0 is black: nothing is there.
+// Elevation. The plane between its lowest and highest positive value, as a share x from 0 to 1, shaped by the
+// smoothness p into x^(1/p) (ElevationProfile.h). A surface has it as a depth in pixels, 37.5 times the object's
+// elevation on a canvas 720 wide and in proportion on others (ElevationSurface.h). Depth 0 is black: nothing is there.
 //
 // Normals (NormalMap.h) are perpendicular to the surface (x, y, depth), of unit length, and point out of the picture. x
 // and y are stored as (n + 1) / 2 of full: a slope that rises to the right leans left and is stored with R below the
@@ -32,7 +32,7 @@
 // Output, with normals: R and G the normal, B the elevation when it is wanted there, otherwise the object's number
 // (16-bit) or 0.0 (float), A the coverage. Without normals: all four channels hold the elevation of the highest object.
 //
-// Precision. Channels are int16 or float, depths are float. An expression with a decimal constant is computed in
-// double; one of floats and integers alone in float, every operation rounded. A result is rounded once, when it is
-// stored.
+// Precision. Channels are int16 or float, planes and depths are float; a float holds every number of a 16-bit channel.
+// An expression with a decimal constant is computed in double; one of floats and integers alone in float, every
+// operation rounded. A result is rounded once, when it is stored.
 #pragma once

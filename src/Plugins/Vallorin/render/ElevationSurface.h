@@ -1,0 +1,41 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// An object's surface: how high each pixel lies, row by row. Rows are made when they are asked for, since whoever needs
+// them looks at three at a time, and a plane of all of them would only be written and read again.
+#pragma once
+
+#include "render/ElevationPlane.h"
+#include "render/ElevationProfile.h"
+
+/// Rows of elevations and depths. Read-only.
+class ElevationSurface
+{
+public:
+    virtual ~ElevationSurface() = default;
+
+    /// The rectangle of the pixels.
+    virtual const Math::Box2di& rect() const = 0;
+
+    /// Writes row y: the elevation of each pixel, as a share from 0 to 1, and its depth in pixels, 0 where it is black.
+    ///
+    /// @param share, depth the row, from the rectangle's left; only the columns that are returned are written
+    /// @return the columns outside of which all pixels are black
+    virtual ColumnSpan row(int y, float* share, float* depth) const = 0;
+};
+
+/// The surface of a bevelled object: shares of the elevation by a profile, depths in proportion to them.
+class BevelSurface final : public ElevationSurface
+{
+public:
+    /// @param plane must outlive the surface
+    /// @param rise  the depth of the highest value; held to +-1e38, so that depths stay numbers
+    BevelSurface(const ElevationPlane& plane, const ElevationProfile& profile, double rise);
+
+    const Math::Box2di& rect() const override { return _plane.values->allocatedRect(); }
+    ColumnSpan row(int y, float* share, float* depth) const override;
+
+private:
+    const ElevationPlane& _plane;
+    ElevationProfile _profile;
+    double _rise;
+};

@@ -1,0 +1,85 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The inner loops of the volume, on rows: from pixels to the mask, from blurred values to depths, from depths to
+// normals, from normals to smoothed ones (VolumeModel.h). They run with the widest vectors that the processor has.
+// Every pixel is computed by itself with the operations of the plain formula, in their order, none of them fused, so
+// all processors give the same bits.
+//
+// Rows that are written overlap nothing else; reads and writes stay within what is named.
+#pragma once
+
+#include "QuarvelCelCore/CEL_Pixels.h"
+#include "render/PositiveSpan.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+namespace VolumeRowKernels {
+
+/// mask[i] = value times coverage of accumulated[i] (VolumeTraits::weighted).
+void weigh(std::span<const CEL_PixelRGBA16> accumulated, float* mask);
+void weigh(std::span<const CEL_PixelRGBAFloat> accumulated, float* mask);
+
+/// What settle() does to blurred values before they count.
+enum class Rounding
+{
+    NONE,
+    TO_16_BITS ///< to the nearest integer, halves away from zero, held to +-32767
+};
+
+/// Rounds the values, sets those to 0 for which isNear is 0 (null: none), and adds what is left to the span.
+void settle(std::span<float> values, Rounding rounding, const std::uint8_t* isNear, PositiveSpan& span);
+
+/// share[i] = (values[i] - lowest) * scale in single precision where the value is positive, else 0.
+void share(std::span<const float> values, float lowest, float scale, float* share);
+
+/// depth[i] = share[i] * rise, multiplied in double precision.
+void raise(std::span<const float> share, double rise, float* depth);
+
+/// Three neighbouring rows of depths; black ones are 0. The first pixel of a run is at index 0 of each, and all have a
+/// pixel more on either side.
+struct DepthRows
+{
+    const float* above;
+    const float* here;
+    const float* below;
+};
+
+/// Normals of a run of pixels, stored: the normal's x and y in R and G, the elevation in B, A full; the empty pixel
+/// where the depth is black.
+///
+/// @param diagonals whether the diagonal neighbours count
+/// @param share     the elevation of each pixel, 0 to 1
+void storeNormals(const DepthRows& depth, bool diagonals, const float* share, std::span<CEL_PixelRGBA16> pixels);
+void storeNormals(const DepthRows& depth, bool diagonals, const float* share, std::span<CEL_PixelRGBAFloat> pixels);
+
+/// The three components of normals in rows of their own, zero where there is no normal.
+struct NormalRow
+{
+    double* x;
+    double* y;
+    double* z;
+};
+struct NormalRows
+{
+    NormalRow above;
+    NormalRow here;
+    NormalRow below;
+};
+
+/// The same normals, diagonals included, as they are read back from a pixel of the format: rounded to its channels, of
+/// a length that is 1 but for that.
+void readBackNormals16(const DepthRows& depth, std::size_t count, const NormalRow& normals);
+void readBackNormalsFloat(const DepthRows& depth, std::size_t count, const NormalRow& normals);
+
+/// Normals of a run of pixels, each the normalised weighted sum of the nine around it, stored as storeNormals() does;
+/// an empty pixel beside others gets their R and G.
+///
+/// @param normals as depth: a pixel more on either side
+void storeSmoothedNormals(const NormalRows& normals, const DepthRows& depth, const float* share,
+                          std::span<CEL_PixelRGBA16> pixels);
+void storeSmoothedNormals(const NormalRows& normals, const DepthRows& depth, const float* share,
+                          std::span<CEL_PixelRGBAFloat> pixels);
+
+} // namespace VolumeRowKernels
