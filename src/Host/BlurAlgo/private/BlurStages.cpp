@@ -1,9 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Halving, filtering and doubling, row by row. Halving and filtering sum rows first and columns then, so that the
-// columns are summed in fewer rows; doubling goes the other way round for the same reason.
+// Halving, filtering and doubling, a few rows at a time. Halving and filtering sum rows first and columns then, so that
+// the columns are summed in fewer rows; doubling goes the other way round for the same reason.
 #include "BlurAlgo/private/BlurStages.h"
 
+#include "BlurAlgo/private/PyramidKernels.h"
 #include "BlurAlgo/private/RowKernels.h"
 #include "BlurAlgo/private/RowWindow.h"
 
@@ -14,9 +15,14 @@ namespace BlurAlgo {
 
 namespace {
 
+using PyramidKernels::kDoubledRows;
+using PyramidKernels::kHalvedRows;
 using RowKernels::Pair;
 
 constexpr std::size_t kLane = 16;
+/// Rows that are filtered together, in strips of columns: what a strip is made from stays in the first-level cache.
+constexpr int kFilteredRows = 8;
+constexpr int kFilteredColumns = 256;
 
 /// Half of v, rounded down or up, for any sign.
 int floorHalf(int v)
@@ -43,113 +49,102 @@ public:
         : _in(in), _window(takeRows(memory, kept)), _zeros(memory.takeZeros())
     {}
 
+    /// The given rows; zeros for the rest of what there is room for.
+    void collect(Interval y, std::span<const float*> rows)
+    {
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            const int v = y.lo + static_cast<int>(i);
+            rows[i] = v < y.hi ? row(v) : _zeros;
+        }
+    }
+
+private:
     const float* row(int y)
     {
         if (!rowsOf(_in.rect).contains(y))
             return _zeros;
         return _window.row(y, [this](int v, float* buffer) { return _in.rows.row(v, buffer); });
     }
-    const float* zeros() const { return _zeros; }
 
-private:
     const Input& _in;
     RowWindow _window;
     const float* _zeros;
 };
 
-/// The sum of the rows around row y, weighted from the middle outwards.
-void sumRows(PaddedRows& rows, int y, std::span<const float> weights, std::vector<Pair>& pairs, float* out, int n)
+/// Rows of an output that are made together. Those that are not asked for go to memory that nobody looks at.
+template<int kRows>
+class OutputRows
 {
-    pairs.clear();
-    for (int d = 1; d < static_cast<int>(weights.size()); ++d)
-        pairs.push_back({rows.row(y - d), rows.row(y + d), weights[static_cast<std::size_t>(d)]});
-    RowKernels::weightedSum(rows.row(y), weights[0], pairs, out, n);
-}
+public:
+    OutputRows(const Output& out, Interval asked, RowMemory& memory) : _out(out), _asked(asked)
+    {
+        std::generate(_buffers.begin(), _buffers.end(), [&memory] { return memory.take(); });
+    }
 
-/// Halves a row that lies in a longer row of zeros.
+    /// Rows y and after.
+    const std::array<float*, kRows>& begin(int y)
+    {
+        _first = y;
+        for (std::size_t j = 0; j < kRows; ++j)
+            _rows[j] = _asked.contains(rowAt(j)) ? _out.rows.begin(rowAt(j), _buffers[j]) : _buffers[j];
+        return _rows;
+    }
+
+    /// The rows that begin() named have been written.
+    void end()
+    {
+        for (std::size_t j = 0; j < kRows; ++j)
+            if (_asked.contains(rowAt(j)))
+                _out.rows.end(rowAt(j), _rows[j]);
+    }
+
+private:
+    int rowAt(std::size_t j) const { return _first + static_cast<int>(j); }
+
+    const Output& _out;
+    Interval _asked;
+    int _first = 0;
+    std::array<float*, kRows> _buffers;
+    std::array<float*, kRows> _rows;
+};
+
+/// Halves rows whose even and odd columns lie apart, in longer rows of zeros.
 class ColumnHalver
 {
 public:
     ColumnHalver(Interval in, Interval out, const StepWeights& step, RowMemory& memory)
-        : _margin(ceilHalf(step.reach()))
-        , _n(out.size())
-        , _step(step)
-        , _padded(memory.takeZeros())
-        , _input(step.active() ? _padded + (in.lo - 2 * (out.lo - _margin)) : _padded)
-        , _even(memory.take())
-        , _odd(memory.take())
-    {}
+        : _n(out.size()), _margin(ceilHalf(step.reach())), _step(step), _skipped(in.lo - 2 * (out.lo - _margin))
+    {
+        for (SplitRow& row : _rows)
+            row = {memory.takeZeros(), memory.takeZeros()};
+    }
 
     /// Samples that the rows of memory must hold for halving to this many.
-    static int paddedSize(int n, int reach) { return 2 * (n + 2 * ceilHalf(reach)); }
+    static int rowSize(int n, int reach) { return n + 2 * ceilHalf(reach); }
 
-    /// Where the row to be halved is to be put.
-    float* input() { return _input; }
-
-    void run(float* out)
+    /// Where the columns of the rows to be halved are to be put.
+    PyramidKernels::SplitRows inputs() const
     {
-        RowKernels::split(_padded, _even, _odd, _n + 2 * _margin);
-        _pairs.clear();
-        const float* even = _even + _margin;
-        const float* odd = _odd + _margin;
-        for (int d = 1; d <= _step.reach(); ++d) {
-            const float weight = _step.weights[static_cast<std::size_t>(d)];
-            const int h = d / 2;
-            if (d % 2 == 0)
-                _pairs.push_back({even - h, even + h, weight});
-            else
-                _pairs.push_back({odd - h - 1, odd + h, weight});
-        }
-        RowKernels::weightedSum(even, _step.weights[0], _pairs, out, _n);
+        PyramidKernels::SplitRows inputs = _rows;
+        for (SplitRow& row : inputs)
+            row = {row.even + ceilHalf(_skipped), row.odd + floorHalf(_skipped)};
+        return inputs;
+    }
+    bool firstIsOdd() const { return (_skipped & 1) != 0; }
+
+    void run(std::size_t j, float* out) const
+    {
+        PyramidKernels::halveColumns(_rows[j].even + _margin, _rows[j].odd + _margin, _step.weights, out, _n);
     }
 
 private:
+    using SplitRow = PyramidKernels::SplitRow;
+
+    int _n;
     int _margin;
-    int _n;
     const StepWeights& _step;
-    float* _padded;
-    float* _input;
-    float* _even;
-    float* _odd;
-    std::vector<Pair> _pairs;
-};
-
-/// Sums between samples: the new samples that lie on old ones take the filter's even weights, those between take the
-/// odd ones. at(k) is the old sample or row k.
-template<typename At>
-void doublingPairs(const StepWeights& step, bool between, const At& at, std::vector<Pair>& pairs)
-{
-    pairs.clear();
-    for (int d = between ? 1 : 2; d <= step.reach(); d += 2)
-        pairs.push_back({at(-(d / 2)), at((d + 1) / 2), step.weights[static_cast<std::size_t>(d)]});
-}
-
-/// Doubles rows to the columns out, which start and end at even columns.
-class ColumnDoubler
-{
-public:
-    ColumnDoubler(Interval in, Interval out, const StepWeights& step, RowMemory& memory)
-        : _offset(floorHalf(out.lo) - in.lo), _n(out.size() / 2), _step(step), _even(memory.take()), _odd(memory.take())
-    {}
-
-    void run(const float* row, float* out)
-    {
-        const float* first = row + _offset;
-        const auto at = [first](int k) { return first + k; };
-        doublingPairs(_step, false, at, _pairs);
-        RowKernels::weightedSum(first, _step.weights[0], _pairs, _even, _n);
-        doublingPairs(_step, true, at, _pairs);
-        RowKernels::weightedSum(nullptr, 0.0F, _pairs, _odd, _n);
-        RowKernels::merge(_even, _odd, out, _n);
-    }
-
-private:
-    int _offset;
-    int _n;
-    const StepWeights& _step;
-    float* _even;
-    float* _odd;
-    std::vector<Pair> _pairs;
+    int _skipped; ///< columns of zeros before the first one of the input
+    PyramidKernels::SplitRows _rows;
 };
 
 Interval alignedToEven(Interval samples)
@@ -191,100 +186,228 @@ float* RowMemory::takeZeros()
     return row;
 }
 
-void halveBand(const Input& in, const StepWeights& xStep, const StepWeights& yStep, const Output& out, Interval y,
-               RowMemory& memory)
+namespace {
+
+/// Halves columns only, row by row.
+void halveColumnsBand(const Input& in, const StepWeights& step, const Output& out, Interval y, RowMemory& memory)
 {
     const Interval inX = columnsOf(in.rect);
     const Interval outX = columnsOf(out.rect);
-    const int kept = yStep.active() ? 2 * yStep.reach() + 1 : 1;
-    const int samples = std::max(inX.size(), ColumnHalver::paddedSize(outX.size(), std::max(xStep.reach(), 0)));
-    memory.reset(static_cast<std::size_t>(kept) + 5, static_cast<std::size_t>(samples));
-
-    PaddedRows rows(in, kept, memory);
-    ColumnHalver columns(inX, outX, xStep, memory);
+    memory.reset(2 * kHalvedRows + 2,
+                 static_cast<std::size_t>(std::max(inX.size(), ColumnHalver::rowSize(outX.size(), step.reach()))));
+    ColumnHalver columns(inX, outX, step, memory);
+    const auto [even, odd] = columns.inputs().front();
+    float* input = memory.take();
     float* buffer = memory.take();
-    std::vector<Pair> pairs;
-    const std::array<float, 1> same{1.0F};
-    const std::span<const float> weights = yStep.active() ? std::span<const float>(yStep.weights) : same;
     for (int v = y.lo; v < y.hi; ++v) {
         float* row = out.rows.begin(v, buffer);
-        const int middle = yStep.active() ? 2 * v : v;
-        sumRows(rows, middle, weights, pairs, xStep.active() ? columns.input() : row, inX.size());
-        if (xStep.active())
-            columns.run(row);
+        PyramidKernels::splitColumns(in.rows.row(v, input), {even, odd}, inX.size(), columns.firstIsOdd());
+        columns.run(0, row);
         out.rows.end(v, row);
     }
 }
+
+} // namespace
+
+void halveBand(const Input& in, const StepWeights& xStep, const StepWeights& yStep, const Output& out, Interval y,
+               RowMemory& memory)
+{
+    if (!yStep.active())
+        return halveColumnsBand(in, xStep, out, y, memory);
+
+    const Interval inX = columnsOf(in.rect);
+    const Interval outX = columnsOf(out.rect);
+    const int reach = yStep.reach();
+    const int kept = PyramidKernels::rowsToHalve(reach);
+    const int samples = std::max(inX.size(), ColumnHalver::rowSize(outX.size(), std::max(xStep.reach(), 0)));
+    memory.reset(static_cast<std::size_t>(kept) + 3 * kHalvedRows + 1, static_cast<std::size_t>(samples));
+
+    PaddedRows rows(in, kept, memory);
+    OutputRows<kHalvedRows> outputs(out, y, memory);
+    ColumnHalver columns(inX, outX, xStep, memory);
+    std::vector<const float*> around(static_cast<std::size_t>(kept));
+    for (int v = y.lo; v < y.hi; v += kHalvedRows) {
+        // The last few rows may need fewer.
+        rows.collect({2 * v - reach, 2 * std::min(v + kHalvedRows, y.hi) - 1 + reach}, around);
+        const PyramidKernels::HalvedRows& results = outputs.begin(v);
+        if (xStep.active()) {
+            PyramidKernels::halveRows(around, yStep.weights, columns.inputs(), inX.size(), columns.firstIsOdd());
+            for (std::size_t j = 0; j < kHalvedRows; ++j)
+                columns.run(j, results[j]);
+        } else {
+            PyramidKernels::halveRows(around, yStep.weights, results, inX.size());
+        }
+        outputs.end();
+    }
+}
+
+namespace {
+
+/// The short filter of both axes, on a few rows at a time.
+class BlockFilter
+{
+public:
+    BlockFilter(Interval in, Interval out, std::span<const float> xWeights, std::span<const float> yWeights,
+                RowMemory& memory)
+        : _in(in), _out(out), _padded(paddedColumns(in, out, xWeights)), _xWeights(xWeights), _yWeights(yWeights)
+    {
+        std::generate(_sums.begin(), _sums.end(), [&memory] { return memory.takeZeros(); });
+    }
+
+    /// The columns that the rows of memory must hold.
+    static Interval paddedColumns(Interval in, Interval out, std::span<const float> xWeights)
+    {
+        const int reach = static_cast<int>(xWeights.size()) - 1;
+        return {std::min(in.lo, out.lo - reach), std::max(in.hi, out.hi + reach)};
+    }
+
+    /// Row j of the block is made of the rows around middle[j].
+    void run(const float* const* middle, std::span<float* const> results)
+    {
+        for (int x = 0; x < _in.size(); x += kFilteredColumns)
+            for (std::size_t j = 0; j < results.size(); ++j)
+                sumRows(middle + j, x, _sums[j] + (_in.lo - _padded.lo) + x);
+        for (std::size_t j = 0; j < results.size(); ++j)
+            sumColumns(_sums[j] + (_out.lo - _padded.lo), results[j]);
+    }
+
+private:
+    /// One strip of columns, from x on, of the sum of the rows around the middle.
+    void sumRows(const float* const* middle, int x, float* out)
+    {
+        _pairs.clear();
+        for (std::size_t d = 1; d < _yWeights.size(); ++d)
+            _pairs.push_back({*(middle - d) + x, *(middle + d) + x, _yWeights[d]});
+        RowKernels::weightedSum(*middle + x, _yWeights[0], _pairs, out, std::min(kFilteredColumns, _in.size() - x));
+    }
+
+    void sumColumns(const float* middle, float* out)
+    {
+        _pairs.clear();
+        for (std::size_t d = 1; d < _xWeights.size(); ++d)
+            _pairs.push_back({middle - d, middle + d, _xWeights[d]});
+        RowKernels::weightedSum(middle, _xWeights[0], _pairs, out, _out.size());
+    }
+
+    Interval _in;
+    Interval _out;
+    Interval _padded;
+    std::span<const float> _xWeights;
+    std::span<const float> _yWeights;
+    std::array<float*, kFilteredRows> _sums;
+    std::vector<Pair> _pairs;
+};
+
+} // namespace
 
 void filterBand(const Input& in, std::span<const float> xWeights, std::span<const float> yWeights, const Output& out,
                 Interval y, RowMemory& memory)
 {
     const Interval inX = columnsOf(in.rect);
     const Interval outX = columnsOf(out.rect);
-    const int xReach = static_cast<int>(xWeights.size()) - 1;
-    const int yReach = static_cast<int>(yWeights.size()) - 1;
-    const Interval padded{std::min(inX.lo, outX.lo - xReach), std::max(inX.hi, outX.hi + xReach)};
-    const int kept = 2 * yReach + 1;
-    memory.reset(static_cast<std::size_t>(kept) + 3, static_cast<std::size_t>(padded.size()));
+    const int reach = static_cast<int>(yWeights.size()) - 1;
+    const int kept = 2 * reach + kFilteredRows;
+    memory.reset(static_cast<std::size_t>(kept) + 2 * kFilteredRows + 1,
+                 static_cast<std::size_t>(BlockFilter::paddedColumns(inX, outX, xWeights).size()));
 
     PaddedRows rows(in, kept, memory);
-    float* sums = memory.takeZeros();
-    float* buffer = memory.take();
-    const float* middle = sums + (outX.lo - padded.lo);
-    std::vector<Pair> rowPairs;
-    std::vector<Pair> columnPairs;
-    for (int d = 1; d <= xReach; ++d)
-        columnPairs.push_back({middle - d, middle + d, xWeights[static_cast<std::size_t>(d)]});
+    OutputRows<kFilteredRows> outputs(out, y, memory);
+    BlockFilter filter(inX, outX, xWeights, yWeights, memory);
+    std::vector<const float*> around(static_cast<std::size_t>(kept));
+    for (int v = y.lo; v < y.hi; v += kFilteredRows) {
+        const int end = std::min(v + kFilteredRows, y.hi);
+        const std::span<float* const> results = std::span(outputs.begin(v)).first(static_cast<std::size_t>(end - v));
+        if (end - 1 + reach < in.rect.y1 || v - reach >= in.rect.y2) {
+            for (float* row : results)
+                std::fill_n(row, outX.size(), 0.0F);
+        } else {
+            rows.collect({v - reach, end + reach}, around);
+            filter.run(around.data() + reach, results);
+        }
+        outputs.end();
+    }
+}
 
+namespace {
+
+/// Doubles rows to the columns out.
+class ColumnDoubler
+{
+public:
+    ColumnDoubler(Interval in, Interval out, const StepWeights& step)
+        : _in(step.active() ? floorHalf(out.lo) - in.lo : out.lo - in.lo)
+        , _n(alignedToEven(out).size() / 2)
+        , _skipped(out.lo - alignedToEven(out).lo)
+        , _step(step)
+    {}
+
+    /// Samples that a buffer must hold for doubling to these columns.
+    static int bufferSize(Interval out) { return alignedToEven(out).size(); }
+
+    /// The row in the columns out: in the buffer, or where it is when this axis is left alone.
+    const float* run(const float* row, float* buffer) const
+    {
+        if (!_step.active())
+            return row + _in;
+        PyramidKernels::doubleColumns(row + _in, _step.weights, buffer, _n);
+        return buffer + _skipped;
+    }
+
+private:
+    int _in;      ///< columns of the input that nobody needs
+    int _n;       ///< pairs of columns that are made
+    int _skipped; ///< columns made that nobody asked for
+    const StepWeights& _step;
+};
+
+/// Doubles columns only, row by row.
+void doubleColumnsBand(const Input& in, const StepWeights& step, const Output& out, Interval y, RowMemory& memory)
+{
+    const Interval inX = columnsOf(in.rect);
+    const Interval outX = columnsOf(out.rect);
+    memory.reset(3, static_cast<std::size_t>(std::max(inX.size(), ColumnDoubler::bufferSize(outX))));
+    const ColumnDoubler columns(inX, outX, step);
+    float* narrow = memory.take();
+    float* wide = memory.take();
+    float* buffer = memory.take();
     for (int v = y.lo; v < y.hi; ++v) {
         float* row = out.rows.begin(v, buffer);
-        if (v + yReach < in.rect.y1 || v - yReach >= in.rect.y2) {
-            std::fill_n(row, outX.size(), 0.0F);
-        } else {
-            sumRows(rows, v, yWeights, rowPairs, sums + (inX.lo - padded.lo), inX.size());
-            RowKernels::weightedSum(middle, xWeights[0], columnPairs, row, outX.size());
-        }
+        std::copy_n(columns.run(in.rows.row(v, narrow), wide), outX.size(), row);
         out.rows.end(v, row);
     }
 }
 
+} // namespace
+
 void doubleBand(const Input& in, const StepWeights& xStep, const StepWeights& yStep, const Output& out, Interval y,
                 RowMemory& memory)
 {
+    if (!yStep.active())
+        return doubleColumnsBand(in, xStep, out, y, memory);
+
     const Interval inX = columnsOf(in.rect);
     const Interval outX = columnsOf(out.rect);
-    const Interval wideX = xStep.active() ? alignedToEven(outX) : outX;
-    const int kept = yStep.active() ? yStep.reach() + 2 : 1;
-    memory.reset(static_cast<std::size_t>(2 * kept) + 3, static_cast<std::size_t>(std::max(wideX.size(), inX.size())));
+    const int kept = PyramidKernels::rowsToDouble(yStep.reach());
+    memory.reset(static_cast<std::size_t>(kept) + kDoubledRows + 2,
+                 static_cast<std::size_t>(std::max(inX.size(), ColumnDoubler::bufferSize(outX))));
 
+    const ColumnDoubler columns(inX, outX, xStep);
     RowWindow wideRows(takeRows(memory, kept));
+    OutputRows<kDoubledRows> outputs(out, y, memory);
     float* narrow = memory.take();
-    ColumnDoubler columns(inX, wideX, xStep, memory);
-    float* buffer = memory.take();
+    const float* zeros = memory.takeZeros();
     const auto wideRow = [&](int k) {
-        return wideRows.row(k, [&](int v, float* wide) {
-            const float* row = in.rows.row(v, narrow);
-            if (!xStep.active())
-                return row + (outX.lo - inX.lo);
-            columns.run(row, wide);
-            return static_cast<const float*>(wide) + (outX.lo - wideX.lo);
-        });
+        return wideRows.row(k, [&](int v, float* wide) { return columns.run(in.rows.row(v, narrow), wide); });
     };
-
-    std::vector<Pair> pairs;
-    for (int v = y.lo; v < y.hi; ++v) {
-        float* row = out.rows.begin(v, buffer);
-        if (!yStep.active()) {
-            RowKernels::weightedSum(wideRow(v), 1.0F, {}, row, outX.size());
-        } else {
-            const int k = floorHalf(v);
-            const bool between = (v & 1) != 0;
-            doublingPairs(
-                yStep, between, [&](int d) { return wideRow(k + d); }, pairs);
-            const float* middle = between ? nullptr : wideRow(k);
-            RowKernels::weightedSum(middle, yStep.weights[0], pairs, row, outX.size());
+    std::vector<const float*> around(static_cast<std::size_t>(kept));
+    for (int v = 2 * floorHalf(y.lo); v < y.hi; v += kDoubledRows) {
+        // Rows beyond the input's are for results that nobody asked for.
+        for (int i = 0; i < kept; ++i) {
+            const int k = v / 2 - yStep.reach() / 2 + i;
+            around[static_cast<std::size_t>(i)] = rowsOf(in.rect).contains(k) ? wideRow(k) : zeros;
         }
-        out.rows.end(v, row);
+        PyramidKernels::doubleRows(around, yStep.weights, outputs.begin(v), outX.size());
+        outputs.end();
     }
 }
 

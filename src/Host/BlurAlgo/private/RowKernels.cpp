@@ -41,18 +41,13 @@ HWY_INLINE hn::Vec<D> addTerms(D d, hn::Vec<D> sum, const Pair* pairs, int i)
         return sum;
 }
 
-template<int kPairs, bool kMiddle, class D>
+template<int kPairs, class D>
 HWY_INLINE hn::Vec<D> sumAt(D d, const float* middle, float middleWeight, const Pair* pairs, int i)
 {
-    if constexpr (kMiddle) {
-        const auto sum = hn::Mul(hn::LoadU(d, middle + i), hn::Set(d, middleWeight));
-        return addTerms<0, kPairs>(d, sum, pairs, i);
-    } else {
-        return addTerms<1, kPairs>(d, term(d, pairs[0], i), pairs, i);
-    }
+    return addTerms<0, kPairs>(d, hn::Mul(hn::LoadU(d, middle + i), hn::Set(d, middleWeight)), pairs, i);
 }
 
-template<int kPairs, bool kMiddle>
+template<int kPairs>
 HWY_INLINE void sumRow(const float* middle, float middleWeight, std::span<const Pair> span, float* HWY_RESTRICT out,
                        int n)
 {
@@ -64,15 +59,15 @@ HWY_INLINE void sumRow(const float* middle, float middleWeight, std::span<const 
     std::copy_n(span.data(), kPairs, pairs);
     int i = 0;
     for (; i + 2 * step <= n; i += 2 * step) {
-        const auto first = sumAt<kPairs, kMiddle>(d, middle, middleWeight, pairs, i);
-        const auto second = sumAt<kPairs, kMiddle>(d, middle, middleWeight, pairs, i + step);
+        const auto first = sumAt<kPairs>(d, middle, middleWeight, pairs, i);
+        const auto second = sumAt<kPairs>(d, middle, middleWeight, pairs, i + step);
         hn::StoreU(first, d, out + i);
         hn::StoreU(second, d, out + i + step);
     }
     for (; i + step <= n; i += step)
-        hn::StoreU(sumAt<kPairs, kMiddle>(d, middle, middleWeight, pairs, i), d, out + i);
+        hn::StoreU(sumAt<kPairs>(d, middle, middleWeight, pairs, i), d, out + i);
     for (; i < n; ++i)
-        hn::StoreU(sumAt<kPairs, kMiddle>(one, middle, middleWeight, pairs, i), one, out + i);
+        hn::StoreU(sumAt<kPairs>(one, middle, middleWeight, pairs, i), one, out + i);
 }
 
 template<class D>
@@ -117,61 +112,21 @@ void sumRowOfMany(const float* middle, float middleWeight, std::span<const Pair>
         hn::StoreU(sumOfManyAt(one, middle, middleWeight, pairs, i), one, out + i);
 }
 
-void sumWithMiddle(const float* middle, float weight, std::span<const Pair> pairs, float* out, int n)
+void sum(const float* middle, float weight, std::span<const Pair> pairs, float* out, int n)
 {
     switch (pairs.size()) {
     case 0:
-        return sumRow<0, true>(middle, weight, pairs, out, n);
+        return sumRow<0>(middle, weight, pairs, out, n);
     case 1:
-        return sumRow<1, true>(middle, weight, pairs, out, n);
+        return sumRow<1>(middle, weight, pairs, out, n);
     case 2:
-        return sumRow<2, true>(middle, weight, pairs, out, n);
+        return sumRow<2>(middle, weight, pairs, out, n);
     case 3:
-        return sumRow<3, true>(middle, weight, pairs, out, n);
+        return sumRow<3>(middle, weight, pairs, out, n);
     case 4:
-        return sumRow<4, true>(middle, weight, pairs, out, n);
+        return sumRow<4>(middle, weight, pairs, out, n);
     default:
         return sumRowOfMany(middle, weight, pairs, out, n);
-    }
-}
-
-/// Doublings are the only sums without a middle, and their filters reach four samples at most: two pairs.
-void sumWithoutMiddle(std::span<const Pair> pairs, float* out, int n)
-{
-    if (pairs.size() == 1)
-        sumRow<1, false>(nullptr, 0.0F, pairs, out, n);
-    else
-        sumRow<2, false>(nullptr, 0.0F, pairs, out, n);
-}
-
-void splitRow(const float* HWY_RESTRICT in, float* HWY_RESTRICT even, float* HWY_RESTRICT odd, int n)
-{
-    const Floats d;
-    const int step = lanes();
-    int i = 0;
-    for (; i + step <= n; i += step) {
-        hn::Vec<Floats> a;
-        hn::Vec<Floats> b;
-        hn::LoadInterleaved2(d, in + 2 * i, a, b);
-        hn::StoreU(a, d, even + i);
-        hn::StoreU(b, d, odd + i);
-    }
-    for (; i < n; ++i) {
-        even[i] = in[2 * i];
-        odd[i] = in[2 * i + 1];
-    }
-}
-
-void mergeRow(const float* HWY_RESTRICT even, const float* HWY_RESTRICT odd, float* HWY_RESTRICT out, int n)
-{
-    const Floats d;
-    const int step = lanes();
-    int i = 0;
-    for (; i + step <= n; i += step)
-        hn::StoreInterleaved2(hn::LoadU(d, even + i), hn::LoadU(d, odd + i), d, out + 2 * i);
-    for (; i < n; ++i) {
-        out[2 * i] = even[i];
-        out[2 * i + 1] = odd[i];
     }
 }
 
@@ -266,10 +221,7 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace BlurAlgo::RowKernels {
 
-HWY_EXPORT(sumWithMiddle);
-HWY_EXPORT(sumWithoutMiddle);
-HWY_EXPORT(splitRow);
-HWY_EXPORT(mergeRow);
+HWY_EXPORT(sum);
 HWY_EXPORT(loadRed16);
 HWY_EXPORT(loadRedFloat);
 HWY_EXPORT(storeRed16);
@@ -277,20 +229,7 @@ HWY_EXPORT(storeRedFloat);
 
 void weightedSum(const float* middle, float middleWeight, std::span<const Pair> pairs, float* out, int n)
 {
-    if (middle)
-        HWY_DYNAMIC_DISPATCH(sumWithMiddle)(middle, middleWeight, pairs, out, n);
-    else
-        HWY_DYNAMIC_DISPATCH(sumWithoutMiddle)(pairs, out, n);
-}
-
-void split(const float* in, float* even, float* odd, int n)
-{
-    HWY_DYNAMIC_DISPATCH(splitRow)(in, even, odd, n);
-}
-
-void merge(const float* even, const float* odd, float* out, int n)
-{
-    HWY_DYNAMIC_DISPATCH(mergeRow)(even, odd, out, n);
+    HWY_DYNAMIC_DISPATCH(sum)(middle, middleWeight, pairs, out, n);
 }
 
 void loadRed(const std::int16_t* pixels, float* out, int n)

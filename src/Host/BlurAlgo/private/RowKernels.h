@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The inner loops of the blur, on rows of floats: one weighted sum that does all filtering, in both directions, and the
-// moves of samples around it. They run with the widest vectors that the processor has. Every sample is computed by
+// The inner loops of the blur, on rows of floats: the weighted sum of the short filter, in both directions, and the
+// moves between pixels and planes. They run with the widest vectors that the processor has. Every sample is computed by
 // itself, in a fixed order, without fused operations, so that all processors give the same bits.
 //
 // Rows passed to one call do not overlap in what is written; reads and writes stay within the n samples that are named.
@@ -20,15 +20,8 @@ struct Pair
     float weight;
 };
 
-/// out[i] = middle[i] * middleWeight + (left[i] + right[i]) * weight + ..., added up in the order of the pairs. Without
-/// a middle (null) the sum starts with the first pair, and there are one or two.
+/// out[i] = middle[i] * middleWeight + (left[i] + right[i]) * weight + ..., added up in the order of the pairs.
 void weightedSum(const float* middle, float middleWeight, std::span<const Pair> pairs, float* out, int n);
-
-/// even[i] = in[2 i], odd[i] = in[2 i + 1] for i < n.
-void split(const float* in, float* even, float* odd, int n);
-
-/// out[2 i] = even[i], out[2 i + 1] = odd[i] for i < n.
-void merge(const float* even, const float* odd, float* out, int n);
 
 /// out[i] = the first channel of pixel i, for pixels of four channels.
 void loadRed(const std::int16_t* pixels, float* out, int n);

@@ -1,0 +1,347 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The loops are written once for every reach, so that addresses and weights stay in registers, and compiled once for
+// every instruction set, which is chosen at run time. The last few samples of a row, fewer than a vector holds, go
+// through the same operations one by one.
+#include "BlurAlgo/private/PyramidKernels.h"
+
+#include <algorithm>
+#include <cassert>
+#include <cstddef>
+
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "BlurAlgo/private/PyramidKernels.cpp"
+#include <hwy/foreach_target.h>
+#include <hwy/highway.h>
+
+HWY_BEFORE_NAMESPACE();
+namespace BlurAlgo::PyramidKernels::HWY_NAMESPACE {
+
+namespace hn = hwy::HWY_NAMESPACE;
+using Floats = hn::ScalableTag<float>;
+using OneFloat = hn::CappedTag<float, 1>;
+
+HWY_INLINE int lanes()
+{
+    return static_cast<int>(hn::Lanes(Floats()));
+}
+
+/// Copies on the stack tell the compiler that writing samples changes neither addresses nor weights.
+template<typename T, std::size_t kCount>
+HWY_INLINE std::array<T, kCount> firstOf(std::span<const T> values)
+{
+    assert(values.size() >= kCount);
+    std::array<T, kCount> copy;
+    std::copy_n(values.data(), kCount, copy.begin());
+    return copy;
+}
+
+template<class D>
+HWY_INLINE hn::Vec<D> pairTerm(D d, const float* a, const float* b, float weight)
+{
+    return hn::Mul(hn::Add(hn::LoadU(d, a), hn::LoadU(d, b)), hn::Set(d, weight));
+}
+
+/// sum + the pairs of rows at the distances kDistance, kDistance + kStep, ... kReach from the middle.
+template<int kDistance, int kReach, class D>
+HWY_INLINE hn::Vec<D> addAround(D d, hn::Vec<D> sum, const float* const* middle, const float* weights, int i)
+{
+    if constexpr (kDistance <= kReach) {
+        const auto pair = pairTerm(d, middle[-kDistance] + i, middle[kDistance] + i, weights[kDistance]);
+        return addAround<kDistance + 1, kReach>(d, hn::Add(sum, pair), middle, weights, i);
+    } else {
+        return sum;
+    }
+}
+
+/// Sample i of the weighted sum of the rows around middle[0].
+template<int kReach, class D>
+HWY_INLINE hn::Vec<D> sumAround(D d, const float* const* middle, const float* weights, int i)
+{
+    const auto sum = hn::Mul(hn::LoadU(d, middle[0] + i), hn::Set(d, weights[0]));
+    return addAround<1, kReach>(d, sum, middle, weights, i);
+}
+
+template<int kReach>
+HWY_INLINE void halveRowsBy(std::span<const float* const> rows, std::span<const float> weights, const HalvedRows& out,
+                            int n)
+{
+    const auto in = firstOf<const float*, rowsToHalve(kReach)>(rows);
+    const auto w = firstOf<float, kReach + 1>(weights);
+    const Floats d;
+    const OneFloat one;
+    for (std::size_t j = 0; j < kHalvedRows; ++j) {
+        const float* const* middle = in.data() + 2 * j + kReach;
+        int i = 0;
+        for (; i + lanes() <= n; i += lanes())
+            hn::StoreU(sumAround<kReach>(d, middle, w.data(), i), d, out[j] + i);
+        for (; i < n; ++i)
+            hn::StoreU(sumAround<kReach>(one, middle, w.data(), i), one, out[j] + i);
+    }
+}
+
+/// The columns i and after, 2 x lanes of them, of row kRow and all after it; column i goes to even[e].
+template<int kRow, int kReach>
+HWY_INLINE void splitColumns(const float* const* in, const float* weights, const SplitRow* out, int i, int e)
+{
+    if constexpr (kRow < kHalvedRows) {
+        const Floats d;
+        const float* const* middle = in + 2 * kRow + kReach;
+        const auto a = sumAround<kReach>(d, middle, weights, i);
+#if HWY_TARGET == HWY_SCALAR
+        const auto b = sumAround<kReach>(d, middle, weights, i + 1);
+        hn::StoreU(a, d, out[kRow].even + e);
+        hn::StoreU(b, d, out[kRow].odd + e);
+#else
+        const auto b = sumAround<kReach>(d, middle, weights, i + lanes());
+        hn::StoreU(hn::ConcatEven(d, b, a), d, out[kRow].even + e);
+        hn::StoreU(hn::ConcatOdd(d, b, a), d, out[kRow].odd + e);
+#endif
+        splitColumns<kRow + 1, kReach>(in, weights, out, i, e);
+    }
+}
+
+/// Column i of all rows.
+template<int kReach>
+HWY_INLINE void splitColumn(const float* const* in, const float* weights, const SplitRow* out, int i, bool odd, int e)
+{
+    const OneFloat one;
+    for (int j = 0; j < kHalvedRows; ++j)
+        hn::StoreU(sumAround<kReach>(one, in + 2 * j + kReach, weights, i), one, (odd ? out[j].odd : out[j].even) + e);
+}
+
+template<int kReach>
+HWY_INLINE void splitRowsBy(std::span<const float* const> rows, std::span<const float> weights, SplitRows out, int n,
+                            bool firstIsOdd)
+{
+    const auto in = firstOf<const float*, rowsToHalve(kReach)>(rows);
+    const auto w = firstOf<float, kReach + 1>(weights);
+    int i = 0;
+    if (firstIsOdd && n > 0) {
+        splitColumn<kReach>(in.data(), w.data(), out.data(), i++, true, 0);
+        for (SplitRow& row : out)
+            ++row.odd;
+    }
+    int e = 0;
+    for (; i + 2 * lanes() <= n; i += 2 * lanes(), e += lanes())
+        splitColumns<0, kReach>(in.data(), w.data(), out.data(), i, e);
+    for (bool odd = false; i < n; ++i, odd = !odd) {
+        splitColumn<kReach>(in.data(), w.data(), out.data(), i, odd, e);
+        e += odd ? 1 : 0;
+    }
+}
+
+void split(const float* in, SplitRow out, int n, bool firstIsOdd)
+{
+    if (firstIsOdd && n > 0) {
+        *out.odd++ = *in++;
+        --n;
+    }
+    const Floats d;
+    int e = 0;
+    for (; 2 * (e + lanes()) <= n; e += lanes()) {
+        hn::Vec<Floats> even;
+        hn::Vec<Floats> odd;
+        hn::LoadInterleaved2(d, in + 2 * e, even, odd);
+        hn::StoreU(even, d, out.even + e);
+        hn::StoreU(odd, d, out.odd + e);
+    }
+    for (; 2 * e < n; ++e) {
+        out.even[e] = in[2 * e];
+        if (2 * e + 1 < n)
+            out.odd[e] = in[2 * e + 1];
+    }
+}
+
+/// sum + the pairs of columns at the distances kDistance ... kReach from even[0].
+template<int kDistance, int kReach, class D>
+HWY_INLINE hn::Vec<D> addColumns(D d, hn::Vec<D> sum, const float* even, const float* odd, const float* weights)
+{
+    if constexpr (kDistance <= kReach) {
+        constexpr int kHalf = kDistance / 2;
+        const auto pair = kDistance % 2 == 0 ? pairTerm(d, even - kHalf, even + kHalf, weights[kDistance])
+                                             : pairTerm(d, odd - kHalf - 1, odd + kHalf, weights[kDistance]);
+        return addColumns<kDistance + 1, kReach>(d, hn::Add(sum, pair), even, odd, weights);
+    } else {
+        return sum;
+    }
+}
+
+template<int kReach>
+HWY_INLINE void halveColumnsBy(const float* even, const float* odd, std::span<const float> weights,
+                               float* HWY_RESTRICT out, int n)
+{
+    const auto w = firstOf<float, kReach + 1>(weights);
+    const auto sumAt = [&](auto d, int i) HWY_ATTR {
+        const auto sum = hn::Mul(hn::LoadU(d, even + i), hn::Set(d, w[0]));
+        hn::StoreU(addColumns<1, kReach>(d, sum, even + i, odd + i, w.data()), d, out + i);
+    };
+    int i = 0;
+    for (; i + lanes() <= n; i += lanes())
+        sumAt(Floats(), i);
+    for (; i < n; ++i)
+        sumAt(OneFloat(), i);
+}
+
+/// sum + the pairs at the distances kDistance, kDistance + 2, ... kReach, counted on the doubled axis; at(k) is the
+/// k-th sample after the one on or before which the result lies.
+template<int kDistance, int kReach, class D, class At>
+HWY_INLINE hn::Vec<D> addDoubled(D d, hn::Vec<D> sum, const At& at, const float* weights)
+{
+    if constexpr (kDistance <= kReach) {
+        const auto pair = pairTerm(d, at(-(kDistance / 2)), at((kDistance + 1) / 2), weights[kDistance]);
+        return addDoubled<kDistance + 2, kReach>(d, hn::Add(sum, pair), at, weights);
+    } else {
+        return sum;
+    }
+}
+
+/// The result on sample at(0): the filter's even weights.
+template<int kReach, class D, class At>
+HWY_INLINE hn::Vec<D> doubledOn(D d, const At& at, const float* weights)
+{
+    return addDoubled<2, kReach>(d, hn::Mul(hn::LoadU(d, at(0)), hn::Set(d, weights[0])), at, weights);
+}
+
+/// The result between the samples at(0) and at(1): the filter's odd weights.
+template<int kReach, class D, class At>
+HWY_INLINE hn::Vec<D> doubledAfter(D d, const At& at, const float* weights)
+{
+    return addDoubled<3, kReach>(d, pairTerm(d, at(0), at(1), weights[1]), at, weights);
+}
+
+template<int kReach>
+HWY_INLINE void doubleColumnsBy(const float* in, std::span<const float> weights, float* HWY_RESTRICT out, int n)
+{
+    const auto w = firstOf<float, kReach + 1>(weights);
+    const Floats d;
+    const OneFloat one;
+    int i = 0;
+    for (; i + lanes() <= n; i += lanes()) {
+        const auto at = [&](int k) HWY_ATTR { return in + i + k; };
+        hn::StoreInterleaved2(doubledOn<kReach>(d, at, w.data()), doubledAfter<kReach>(d, at, w.data()), d,
+                              out + 2 * i);
+    }
+    for (; i < n; ++i) {
+        const auto at = [&](int k) HWY_ATTR { return in + i + k; };
+        hn::StoreU(doubledOn<kReach>(one, at, w.data()), one, out + 2 * i);
+        hn::StoreU(doubledAfter<kReach>(one, at, w.data()), one, out + 2 * i + 1);
+    }
+}
+
+/// Columns i and after, as many as the tag has, of the doubled rows 2 kPair and all after it.
+template<int kPair, int kReach, class D>
+HWY_INLINE void doubleRowsAt(D d, const float* const* in, const float* weights, float* const* out, int i)
+{
+    if constexpr (2 * kPair < kDoubledRows) {
+        const auto at = [&](int k) HWY_ATTR { return in[kPair + kReach / 2 + k] + i; };
+        const auto on = doubledOn<kReach>(d, at, weights);
+        const auto after = doubledAfter<kReach>(d, at, weights);
+        hn::StoreU(on, d, out[2 * kPair] + i);
+        hn::StoreU(after, d, out[2 * kPair + 1] + i);
+        doubleRowsAt<kPair + 1, kReach>(d, in, weights, out, i);
+    }
+}
+
+template<int kReach>
+HWY_INLINE void doubleRowsBy(std::span<const float* const> rows, std::span<const float> weights,
+                             const DoubledRows& rowsOut, int n)
+{
+    const auto in = firstOf<const float*, rowsToDouble(kReach)>(rows);
+    const auto w = firstOf<float, kReach + 1>(weights);
+    const DoubledRows out = rowsOut;
+    int i = 0;
+    for (; i + lanes() <= n; i += lanes())
+        doubleRowsAt<0, kReach>(Floats(), in.data(), w.data(), out.data(), i);
+    for (; i < n; ++i)
+        doubleRowsAt<0, kReach>(OneFloat(), in.data(), w.data(), out.data(), i);
+}
+
+/// Calls run with the reach as a constant.
+template<typename Run>
+HWY_INLINE void withReach(std::span<const float> weights, const Run& run)
+{
+    switch (weights.size()) {
+    case 3:
+        return run(std::integral_constant<int, 2>());
+    case 4:
+        return run(std::integral_constant<int, 3>());
+    case 5:
+        return run(std::integral_constant<int, 4>());
+    default:
+        return run(std::integral_constant<int, kLargestReach>());
+    }
+}
+
+void halve(std::span<const float* const> rows, std::span<const float> weights, const HalvedRows& out, int n)
+{
+    withReach(weights, [&](auto reach) HWY_ATTR { halveRowsBy<reach>(rows, weights, out, n); });
+}
+
+void halveAndSplit(std::span<const float* const> rows, std::span<const float> weights, const SplitRows& out, int n,
+                   bool firstIsOdd)
+{
+    withReach(weights, [&](auto reach) HWY_ATTR { splitRowsBy<reach>(rows, weights, out, n, firstIsOdd); });
+}
+
+void halveRow(const float* even, const float* odd, std::span<const float> weights, float* out, int n)
+{
+    withReach(weights, [&](auto reach) HWY_ATTR { halveColumnsBy<reach>(even, odd, weights, out, n); });
+}
+
+void doubleRow(const float* in, std::span<const float> weights, float* out, int n)
+{
+    withReach(weights, [&](auto reach) HWY_ATTR { doubleColumnsBy<reach>(in, weights, out, n); });
+}
+
+void doubleAll(std::span<const float* const> rows, std::span<const float> weights, const DoubledRows& out, int n)
+{
+    withReach(weights, [&](auto reach) HWY_ATTR { doubleRowsBy<reach>(rows, weights, out, n); });
+}
+
+} // namespace BlurAlgo::PyramidKernels::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+namespace BlurAlgo::PyramidKernels {
+
+HWY_EXPORT(halve);
+HWY_EXPORT(halveAndSplit);
+HWY_EXPORT(split);
+HWY_EXPORT(halveRow);
+HWY_EXPORT(doubleRow);
+HWY_EXPORT(doubleAll);
+
+void halveRows(std::span<const float* const> rows, std::span<const float> weights, const HalvedRows& out, int n)
+{
+    HWY_DYNAMIC_DISPATCH(halve)(rows, weights, out, n);
+}
+
+void halveRows(std::span<const float* const> rows, std::span<const float> weights, const SplitRows& out, int n,
+               bool firstIsOdd)
+{
+    HWY_DYNAMIC_DISPATCH(halveAndSplit)(rows, weights, out, n, firstIsOdd);
+}
+
+void splitColumns(const float* in, SplitRow out, int n, bool firstIsOdd)
+{
+    HWY_DYNAMIC_DISPATCH(split)(in, out, n, firstIsOdd);
+}
+
+void halveColumns(const float* even, const float* odd, std::span<const float> weights, float* out, int n)
+{
+    HWY_DYNAMIC_DISPATCH(halveRow)(even, odd, weights, out, n);
+}
+
+void doubleColumns(const float* in, std::span<const float> weights, float* out, int n)
+{
+    HWY_DYNAMIC_DISPATCH(doubleRow)(in, weights, out, n);
+}
+
+void doubleRows(std::span<const float* const> rows, std::span<const float> weights, const DoubledRows& out, int n)
+{
+    HWY_DYNAMIC_DISPATCH(doubleAll)(rows, weights, out, n);
+}
+
+} // namespace BlurAlgo::PyramidKernels
+#endif // HWY_ONCE

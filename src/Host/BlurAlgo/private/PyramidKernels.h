@@ -1,0 +1,65 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The inner loops of halving and doubling, on rows of floats. Where rows are summed, a few result rows are made at
+// once, so that a row of the input is brought into the first-level cache once for all of them. They run with the widest
+// vectors that the processor has. Every sample is computed by itself, in an order that is the same for a mirrored
+// picture, without fused operations, so that all processors give the same bits.
+//
+// Weights are those of one step, from the middle outwards: from 2 up to kLargestReach of them after the middle one.
+// Rows passed to one call do not overlap in what is written; reads and writes stay within the samples that are named.
+#pragma once
+
+#include <array>
+#include <span>
+
+namespace BlurAlgo::PyramidKernels {
+
+inline constexpr int kLargestReach = 5;
+
+/// As many halved rows are made at once, and of so many rows.
+inline constexpr int kHalvedRows = 4;
+constexpr int rowsToHalve(int reach)
+{
+    return 2 * (kHalvedRows - 1) + 2 * reach + 1;
+}
+
+/// As many doubled rows are made at once, the first of them an even one, and of so many rows.
+inline constexpr int kDoubledRows = 4;
+constexpr int rowsToDouble(int reach)
+{
+    return kDoubledRows / 2 + reach;
+}
+
+/// A row whose even and odd columns lie apart.
+struct SplitRow
+{
+    float* even;
+    float* odd;
+};
+
+using HalvedRows = std::array<float*, kHalvedRows>;
+using SplitRows = std::array<SplitRow, kHalvedRows>;
+using DoubledRows = std::array<float*, kDoubledRows>;
+
+/// out[j] = the weighted sum of the rows around rows[2 j + reach], n samples each.
+void halveRows(std::span<const float* const> rows, std::span<const float> weights, const HalvedRows& out, int n);
+
+/// The same sums, apart in even and odd columns. Column 0 counts as an odd one when firstIsOdd is set.
+void halveRows(std::span<const float* const> rows, std::span<const float> weights, const SplitRows& out, int n,
+               bool firstIsOdd);
+
+/// Takes n columns apart into even and odd ones; column 0 counts as an odd one when firstIsOdd is set.
+void splitColumns(const float* in, SplitRow out, int n, bool firstIsOdd);
+
+/// out[i] = the weighted sum of the columns around even[i], which lies between odd[i - 1] and odd[i]. The row goes on
+/// for reach / 2 (rounded up) samples to both sides.
+void halveColumns(const float* even, const float* odd, std::span<const float> weights, float* out, int n);
+
+/// out[2 i], out[2 i + 1] = the sums for the columns on and after in[i], i < n. The row goes on for reach / 2 (rounded
+/// down) samples to the left and (rounded up) to the right.
+void doubleColumns(const float* in, std::span<const float> weights, float* out, int n);
+
+/// out[2 j], out[2 j + 1] = the sums for the rows on and after rows[j + reach / 2], n samples each.
+void doubleRows(std::span<const float* const> rows, std::span<const float> weights, const DoubledRows& out, int n);
+
+} // namespace BlurAlgo::PyramidKernels
