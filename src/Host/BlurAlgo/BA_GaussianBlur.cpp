@@ -16,6 +16,7 @@
 #include <cmath>
 #include <deque>
 #include <memory>
+#include <mutex>
 #include <vector>
 
 using namespace BlurAlgo;
@@ -93,9 +94,19 @@ Interval neededIf(const StepWeights& step, Interval samples)
     return step.active() ? neededByDoubling(samples, step.reach()) : samples;
 }
 
-Math::Box2di boxOf(Interval x, Interval y)
+Interval doubledIf(const StepWeights& step, Interval samples)
 {
-    return {x.lo, y.lo, x.hi, y.hi};
+    return step.active() ? doubledSupport(samples, step.reach()) : samples;
+}
+
+Math::Box2di halvedBox(const Level& level, const Math::Box2di& box)
+{
+    return boxOf(halvedIf(level.xHalving, columnsOf(box)), halvedIf(level.yHalving, rowsOf(box)));
+}
+
+Interval grownBy(int reach, Interval samples)
+{
+    return {samples.lo - reach, samples.hi + reach};
 }
 
 /// Calls work(rows) for bands that together are the rows y; on several threads when there are several and it pays.
@@ -131,9 +142,16 @@ struct BA_GaussianBlur::Impl
     tbb::enumerable_thread_specific<RowMemory> memory;
 
     void plan(double sigmaX, double sigmaY);
+
+    Math::Box2di occupied(const Input& in);
+    /// Where the result of a picture that occupies the box can be other than zero.
+    Math::Box2di reached(const Math::Box2di& picture) const;
+
+    void clear(const Output& out, Interval rows);
     void halve(const Input& in, std::size_t level, const Output& out);
     void filter(const Input& in, const Output& out);
     void twice(const Input& in, std::size_t level, const Output& out);
+    void blur(const Input& source, const Output& result);
 };
 
 void BA_GaussianBlur::Impl::plan(double sigmaX, double sigmaY)
@@ -150,6 +168,37 @@ void BA_GaussianBlur::Impl::plan(double sigmaX, double sigmaY)
         level.yHalving.weights = halveY ? y.stages[i].halvingWeights() : std::vector<float>();
         level.yDoubling.weights = halveY ? y.stages[i].doublingWeights() : std::vector<float>();
     }
+}
+
+Math::Box2di BA_GaussianBlur::Impl::occupied(const Input& in)
+{
+    std::mutex lock;
+    Math::Box2di box;
+    forBands(rowsOf(in.rect), in.rect.width(), [&](Interval rows) {
+        const Math::Box2di part = occupiedPart(in, rows, memory.local());
+        const std::lock_guard guard(lock);
+        box.add(part);
+    });
+    return box;
+}
+
+Math::Box2di BA_GaussianBlur::Impl::reached(const Math::Box2di& picture) const
+{
+    Math::Box2di coarsest = picture;
+    for (const Level& level : levels)
+        coarsest = halvedBox(level, coarsest);
+    Interval columns = grownBy(x.reach(), columnsOf(coarsest));
+    Interval rows = grownBy(y.reach(), rowsOf(coarsest));
+    for (std::size_t i = levels.size(); i-- > 0;) {
+        columns = doubledIf(levels[i].xDoubling, columns);
+        rows = doubledIf(levels[i].yDoubling, rows);
+    }
+    return boxOf(columns, rows);
+}
+
+void BA_GaussianBlur::Impl::clear(const Output& out, Interval rows)
+{
+    forBands(rows, out.asked.size(), [&](Interval band) { clearBand(out, band, memory.local()); });
 }
 
 void BA_GaussianBlur::Impl::halve(const Input& in, std::size_t level, const Output& out)
@@ -170,6 +219,45 @@ void BA_GaussianBlur::Impl::twice(const Input& in, std::size_t level, const Outp
     forBands(rowsOf(out.rect), out.rect.width(), [&](Interval rows) {
         doubleBand(in, levels[level].xDoubling, levels[level].yDoubling, out, rows, memory.local());
     });
+}
+
+void BA_GaussianBlur::Impl::blur(const Input& source, const Output& result)
+{
+    const std::size_t depth = levels.size();
+    if (depth == 0)
+        return filter(source, result);
+
+    // On the way down every level holds what halving gives of the source, on the way up what doubling needs.
+    std::vector<BA_Plane> halved;
+    std::vector<BA_Plane> blurred;
+    Math::Box2di support = source.rect;
+    Math::Box2di needed = result.rect;
+    for (Level& level : levels) {
+        support = halvedBox(level, support);
+        needed = boxOf(neededIf(level.xDoubling, columnsOf(needed)), neededIf(level.yDoubling, rowsOf(needed)));
+        halved.push_back(level.halved.plane(support));
+        blurred.push_back(level.blurred.plane(needed));
+    }
+
+    // The source and the sink stand in for the planes of the picture's own resolution.
+    for (std::size_t i = 0; i < depth; ++i) {
+        PlaneSink out(halved[i]);
+        if (i == 0)
+            halve(source, i, {out, halved[i].rect});
+        else
+            halve({PlaneSource(halved[i - 1]), halved[i - 1].rect}, i, {out, halved[i].rect});
+    }
+    PlaneSink coarsest(blurred.back());
+    filter({PlaneSource(halved.back()), halved.back().rect}, {coarsest, blurred.back().rect});
+    for (std::size_t i = depth; i-- > 0;) {
+        const PlaneSource in(blurred[i]);
+        if (i == 0) {
+            twice({in, blurred[i].rect}, i, result);
+        } else {
+            PlaneSink out(blurred[i - 1]);
+            twice({in, blurred[i].rect}, i, {out, blurred[i - 1].rect});
+        }
+    }
 }
 
 BA_GaussianBlur::BA_GaussianBlur() : BA_GaussianBlur(0.0, 0.0) {}
@@ -202,49 +290,17 @@ void BA_GaussianBlur::run(const BA_RowSource& source, const Math::Box2di& source
     if (resultRect.isEmpty())
         return;
 
-    if (sourceRect.isEmpty()) {
-        _i->filter({source, Math::Box2di(resultRect.x1, resultRect.y1, resultRect.x1, resultRect.y1)},
-                   {sink, resultRect});
+    // What is empty around the picture costs no more than to see that it is.
+    const Math::Box2di picture = sourceRect.isEmpty() ? Math::Box2di() : _i->occupied({source, sourceRect});
+    const Math::Box2di part = picture.isEmpty() ? picture : resultRect.getIntersection(_i->reached(picture));
+    const Output everything(sink, resultRect);
+    if (part.isEmpty()) {
+        _i->clear(everything, rowsOf(resultRect));
         return;
     }
-
-    // On the way down every level holds what halving gives of the source, on the way up what doubling needs.
-    std::deque<Level>& levels = _i->levels;
-    std::vector<BA_Plane> halved;
-    std::vector<BA_Plane> blurred;
-    Math::Box2di support = sourceRect;
-    Math::Box2di needed = resultRect;
-    for (Level& level : levels) {
-        support = boxOf(halvedIf(level.xHalving, columnsOf(support)), halvedIf(level.yHalving, rowsOf(support)));
-        needed = boxOf(neededIf(level.xDoubling, columnsOf(needed)), neededIf(level.yDoubling, rowsOf(needed)));
-        halved.push_back(level.halved.plane(support));
-        blurred.push_back(level.blurred.plane(needed));
-    }
-
-    // The source and the sink stand in for the planes of the picture's own resolution.
-    const std::size_t depth = levels.size();
-    for (std::size_t i = 0; i < depth; ++i) {
-        PlaneSink out(halved[i]);
-        if (i == 0)
-            _i->halve({source, sourceRect}, i, {out, halved[i].rect});
-        else
-            _i->halve({PlaneSource(halved[i - 1]), halved[i - 1].rect}, i, {out, halved[i].rect});
-    }
-    if (depth == 0) {
-        _i->filter({source, sourceRect}, {sink, resultRect});
-        return;
-    }
-    PlaneSink coarsest(blurred.back());
-    _i->filter({PlaneSource(halved.back()), halved.back().rect}, {coarsest, blurred.back().rect});
-    for (std::size_t i = depth; i-- > 0;) {
-        const PlaneSource in(blurred[i]);
-        if (i == 0) {
-            _i->twice({in, blurred[i].rect}, i, {sink, resultRect});
-        } else {
-            PlaneSink out(blurred[i - 1]);
-            _i->twice({in, blurred[i].rect}, i, {out, blurred[i - 1].rect});
-        }
-    }
+    _i->clear(everything, {resultRect.y1, part.y1});
+    _i->clear(everything, {part.y2, resultRect.y2});
+    _i->blur({source, columnsOf(sourceRect), picture}, {sink, columnsOf(resultRect), part});
 }
 
 void BA_GaussianBlur::run(const BA_Plane& source, const BA_Plane& result)

@@ -63,7 +63,7 @@ private:
     {
         if (!rowsOf(_in.rect).contains(y))
             return _zeros;
-        return _window.row(y, [this](int v, float* buffer) { return _in.rows.row(v, buffer); });
+        return _window.row(y, [this](int v, float* buffer) { return _in.row(v, buffer); });
     }
 
     const Input& _in;
@@ -76,37 +76,62 @@ template<int kRows>
 class OutputRows
 {
 public:
-    OutputRows(const Output& out, Interval asked, RowMemory& memory) : _out(out), _asked(asked)
+    OutputRows(const Output& out, Interval y, RowMemory& memory)
+        : _out(out), _y(y), _left(out.rect.x1 - out.asked.lo), _right(out.asked.hi - out.rect.x2)
     {
         std::generate(_buffers.begin(), _buffers.end(), [&memory] { return memory.take(); });
     }
 
-    /// Rows y and after.
+    /// Rows y and after, from the first column that is worked out.
     const std::array<float*, kRows>& begin(int y)
     {
         _first = y;
         for (std::size_t j = 0; j < kRows; ++j)
-            _rows[j] = _asked.contains(rowAt(j)) ? _out.rows.begin(rowAt(j), _buffers[j]) : _buffers[j];
+            _rows[j] = _left + (_y.contains(rowAt(j)) ? _out.rows.begin(rowAt(j), _buffers[j]) : _buffers[j]);
         return _rows;
     }
 
     /// The rows that begin() named have been written.
     void end()
     {
-        for (std::size_t j = 0; j < kRows; ++j)
-            if (_asked.contains(rowAt(j)))
-                _out.rows.end(rowAt(j), _rows[j]);
+        for (std::size_t j = 0; j < kRows; ++j) {
+            if (!_y.contains(rowAt(j)))
+                continue;
+            float* row = _rows[j] - _left;
+            std::fill_n(row, _left, 0.0F);
+            std::fill_n(_rows[j] + _out.rect.width(), _right, 0.0F);
+            _out.rows.end(rowAt(j), row);
+        }
     }
 
 private:
     int rowAt(std::size_t j) const { return _first + static_cast<int>(j); }
 
     const Output& _out;
-    Interval _asked;
+    Interval _y;
+    int _left;
+    int _right;
     int _first = 0;
     std::array<float*, kRows> _buffers;
     std::array<float*, kRows> _rows;
 };
+
+/// The rows of a band one by one: what make(y, row) writes.
+template<typename Make>
+void writeRows(const Output& out, Interval y, RowMemory& memory, const Make& make)
+{
+    OutputRows<1> outputs(out, y, memory);
+    for (int v = y.lo; v < y.hi; ++v) {
+        make(v, outputs.begin(v).front());
+        outputs.end();
+    }
+}
+
+/// The room that rows of an input and an output need.
+std::size_t roomFor(const Input& in, const Output& out)
+{
+    return static_cast<std::size_t>(std::max(in.given.size(), out.asked.size()));
+}
 
 /// Halves rows whose even and odd columns lie apart, in longer rows of zeros.
 class ColumnHalver
@@ -164,6 +189,11 @@ Interval neededByDoubling(Interval samples, int reach)
     return halvedSupport(alignedToEven(samples), reach);
 }
 
+Interval doubledSupport(Interval samples, int reach)
+{
+    return {2 * samples.lo - reach, 2 * (samples.hi - 1) + reach + 1};
+}
+
 void RowMemory::reset(std::size_t rows, std::size_t samples)
 {
     _stride = (samples + kLane - 1) / kLane * kLane + kLane;
@@ -186,6 +216,36 @@ float* RowMemory::takeZeros()
     return row;
 }
 
+Math::Box2di occupiedPart(const Input& in, Interval y, RowMemory& memory)
+{
+    memory.reset(1, static_cast<std::size_t>(in.given.size()));
+    float* buffer = memory.take();
+    const int n = in.rect.width();
+    const auto isEmpty = [&](int v) { return RowKernels::zerosAtStart(in.row(v, buffer), n) == n; };
+    if (y.size() > 0 && in.rows.row(y.lo, buffer) == buffer)
+        return boxOf(columnsOf(in.rect), y);
+    while (y.size() > 0 && isEmpty(y.lo))
+        ++y.lo;
+    while (y.size() > 0 && isEmpty(y.hi - 1))
+        --y.hi;
+
+    // Only what lies outside of the rows so far can make the part wider.
+    int left = n;
+    int right = 0;
+    for (int v = y.lo; v < y.hi; ++v) {
+        const float* row = in.row(v, buffer);
+        left = RowKernels::zerosAtStart(row, left);
+        right = std::max(right, n - RowKernels::zerosAtEnd(row + right, n - right));
+    }
+    return boxOf({in.rect.x1 + left, in.rect.x1 + right}, y);
+}
+
+void clearBand(const Output& out, Interval y, RowMemory& memory)
+{
+    memory.reset(1, static_cast<std::size_t>(out.asked.size()));
+    writeRows(out, y, memory, [&out](int, float* row) { std::fill_n(row, out.rect.width(), 0.0F); });
+}
+
 namespace {
 
 /// Halves columns only, row by row.
@@ -193,18 +253,14 @@ void halveColumnsBand(const Input& in, const StepWeights& step, const Output& ou
 {
     const Interval inX = columnsOf(in.rect);
     const Interval outX = columnsOf(out.rect);
-    memory.reset(2 * kHalvedRows + 2,
-                 static_cast<std::size_t>(std::max(inX.size(), ColumnHalver::rowSize(outX.size(), step.reach()))));
+    const auto columnsRoom = static_cast<std::size_t>(ColumnHalver::rowSize(outX.size(), step.reach()));
+    memory.reset(2 * kHalvedRows + 2, std::max(roomFor(in, out), columnsRoom));
     ColumnHalver columns(inX, outX, step, memory);
-    const auto [even, odd] = columns.inputs().front();
-    float* input = memory.take();
     float* buffer = memory.take();
-    for (int v = y.lo; v < y.hi; ++v) {
-        float* row = out.rows.begin(v, buffer);
-        PyramidKernels::splitColumns(in.rows.row(v, input), {even, odd}, inX.size(), columns.firstIsOdd());
+    writeRows(out, y, memory, [&](int v, float* row) {
+        PyramidKernels::splitColumns(in.row(v, buffer), columns.inputs().front(), inX.size(), columns.firstIsOdd());
         columns.run(0, row);
-        out.rows.end(v, row);
-    }
+    });
 }
 
 } // namespace
@@ -219,8 +275,9 @@ void halveBand(const Input& in, const StepWeights& xStep, const StepWeights& ySt
     const Interval outX = columnsOf(out.rect);
     const int reach = yStep.reach();
     const int kept = PyramidKernels::rowsToHalve(reach);
-    const int samples = std::max(inX.size(), ColumnHalver::rowSize(outX.size(), std::max(xStep.reach(), 0)));
-    memory.reset(static_cast<std::size_t>(kept) + 3 * kHalvedRows + 1, static_cast<std::size_t>(samples));
+    const int columnsRoom = ColumnHalver::rowSize(outX.size(), std::max(xStep.reach(), 0));
+    memory.reset(static_cast<std::size_t>(kept) + 3 * kHalvedRows + 1,
+                 std::max(roomFor(in, out), static_cast<std::size_t>(columnsRoom)));
 
     PaddedRows rows(in, kept, memory);
     OutputRows<kHalvedRows> outputs(out, y, memory);
@@ -307,8 +364,8 @@ void filterBand(const Input& in, std::span<const float> xWeights, std::span<cons
     const Interval outX = columnsOf(out.rect);
     const int reach = static_cast<int>(yWeights.size()) - 1;
     const int kept = 2 * reach + kFilteredRows;
-    memory.reset(static_cast<std::size_t>(kept) + 2 * kFilteredRows + 1,
-                 static_cast<std::size_t>(BlockFilter::paddedColumns(inX, outX, xWeights).size()));
+    const auto paddedRoom = static_cast<std::size_t>(BlockFilter::paddedColumns(inX, outX, xWeights).size());
+    memory.reset(static_cast<std::size_t>(kept) + 2 * kFilteredRows + 1, std::max(roomFor(in, out), paddedRoom));
 
     PaddedRows rows(in, kept, memory);
     OutputRows<kFilteredRows> outputs(out, y, memory);
@@ -317,13 +374,8 @@ void filterBand(const Input& in, std::span<const float> xWeights, std::span<cons
     for (int v = y.lo; v < y.hi; v += kFilteredRows) {
         const int end = std::min(v + kFilteredRows, y.hi);
         const std::span<float* const> results = std::span(outputs.begin(v)).first(static_cast<std::size_t>(end - v));
-        if (end - 1 + reach < in.rect.y1 || v - reach >= in.rect.y2) {
-            for (float* row : results)
-                std::fill_n(row, outX.size(), 0.0F);
-        } else {
-            rows.collect({v - reach, end + reach}, around);
-            filter.run(around.data() + reach, results);
-        }
+        rows.collect({v - reach, end + reach}, around);
+        filter.run(around.data() + reach, results);
         outputs.end();
     }
 }
@@ -365,16 +417,13 @@ void doubleColumnsBand(const Input& in, const StepWeights& step, const Output& o
 {
     const Interval inX = columnsOf(in.rect);
     const Interval outX = columnsOf(out.rect);
-    memory.reset(3, static_cast<std::size_t>(std::max(inX.size(), ColumnDoubler::bufferSize(outX))));
+    const auto wideRoom = static_cast<std::size_t>(ColumnDoubler::bufferSize(outX));
+    memory.reset(3, std::max(roomFor(in, out), wideRoom));
     const ColumnDoubler columns(inX, outX, step);
     float* narrow = memory.take();
     float* wide = memory.take();
-    float* buffer = memory.take();
-    for (int v = y.lo; v < y.hi; ++v) {
-        float* row = out.rows.begin(v, buffer);
-        std::copy_n(columns.run(in.rows.row(v, narrow), wide), outX.size(), row);
-        out.rows.end(v, row);
-    }
+    writeRows(out, y, memory,
+              [&](int v, float* row) { std::copy_n(columns.run(in.row(v, narrow), wide), outX.size(), row); });
 }
 
 } // namespace
@@ -388,8 +437,8 @@ void doubleBand(const Input& in, const StepWeights& xStep, const StepWeights& yS
     const Interval inX = columnsOf(in.rect);
     const Interval outX = columnsOf(out.rect);
     const int kept = PyramidKernels::rowsToDouble(yStep.reach());
-    memory.reset(static_cast<std::size_t>(kept) + kDoubledRows + 2,
-                 static_cast<std::size_t>(std::max(inX.size(), ColumnDoubler::bufferSize(outX))));
+    const auto wideRoom = static_cast<std::size_t>(ColumnDoubler::bufferSize(outX));
+    memory.reset(static_cast<std::size_t>(kept) + kDoubledRows + 2, std::max(roomFor(in, out), wideRoom));
 
     const ColumnDoubler columns(inX, outX, xStep);
     RowWindow wideRows(takeRows(memory, kept));
@@ -397,7 +446,7 @@ void doubleBand(const Input& in, const StepWeights& xStep, const StepWeights& yS
     float* narrow = memory.take();
     const float* zeros = memory.takeZeros();
     const auto wideRow = [&](int k) {
-        return wideRows.row(k, [&](int v, float* wide) { return columns.run(in.rows.row(v, narrow), wide); });
+        return wideRows.row(k, [&](int v, float* wide) { return columns.run(in.row(v, narrow), wide); });
     };
     std::vector<const float*> around(static_cast<std::size_t>(kept));
     for (int v = 2 * floorHalf(y.lo); v < y.hi; v += kDoubledRows) {

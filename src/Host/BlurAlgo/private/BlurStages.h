@@ -35,10 +35,17 @@ inline Interval rowsOf(const Math::Box2di& box)
     return {box.y1, box.y2};
 }
 
+inline Math::Box2di boxOf(Interval x, Interval y)
+{
+    return {x.lo, y.lo, x.hi, y.hi};
+}
+
 /// The samples of a halved axis that are not zero when those outside of the interval are.
 Interval halvedSupport(Interval samples, int reach);
 /// The samples of a halved axis from which doubling makes those of the interval.
 Interval neededByDoubling(Interval samples, int reach);
+/// The samples of an axis that doubling makes not zero when those outside of the interval are.
+Interval doubledSupport(Interval samples, int reach);
 
 /// The weights of one step along one axis; a step that leaves the axis alone has none.
 struct StepWeights
@@ -49,16 +56,31 @@ struct StepWeights
     int reach() const { return static_cast<int>(weights.size()) - 1; }
 };
 
-/// Rows and where they lie.
+/// Rows to read.
 struct Input
 {
+    Input(const BA_RowSource& source, const Math::Box2di& box) : Input(source, columnsOf(box), box) {}
+    Input(const BA_RowSource& source, Interval columns, const Math::Box2di& part)
+        : rows(source), given(columns), rect(part)
+    {}
+
+    /// The samples of row y, from the left of rect to its right.
+    const float* row(int y, float* buffer) const { return rows.row(y, buffer) + (rect.x1 - given.lo); }
+
     const BA_RowSource& rows;
-    Math::Box2di rect;
+    Interval given;    ///< the columns that the source's rows have
+    Math::Box2di rect; ///< what is worth reading: outside there are zeros
 };
+
+/// Rows to write.
 struct Output
 {
+    Output(BA_RowSink& sink, const Math::Box2di& box) : Output(sink, columnsOf(box), box) {}
+    Output(BA_RowSink& sink, Interval columns, const Math::Box2di& part) : rows(sink), asked(columns), rect(part) {}
+
     BA_RowSink& rows;
-    Math::Box2di rect;
+    Interval asked;    ///< the columns that the sink's rows have
+    Math::Box2di rect; ///< what is worked out: the columns outside become zeros
 };
 
 /// Memory of one thread, kept between bands: handed out from the front, all taken back at once.
@@ -77,6 +99,13 @@ private:
     std::size_t _stride = 0;
     std::size_t _used = 0;
 };
+
+/// The smallest part of the rows y of an input outside of which there are zeros; empty if there is nothing else. An
+/// input that does not keep its rows in memory is not looked at, for it would have to make them once more for that.
+Math::Box2di occupiedPart(const Input& in, Interval y, RowMemory& memory);
+
+/// Zeros in the rows y of an output.
+void clearBand(const Output& out, Interval y, RowMemory& memory);
 
 /// Rows y.lo .. y.hi - 1 of the halved plane.
 void halveBand(const Input& in, const StepWeights& xStep, const StepWeights& yStep, const Output& out, Interval y,
