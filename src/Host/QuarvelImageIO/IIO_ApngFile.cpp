@@ -1,80 +1,21 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Qt presses each frame as a PNG of its own; its chunks are taken over. How many frames there are is known only at the
-// end, so that this number is written last.
+// Frames are pressed as the pixels of a PNG are. How many there are is known only at the end, so that this number is
+// written last.
 #include "QuarvelImageIO/IIO_ApngFile.h"
 
 #include "QuarvelImageIO/IIO_AtomicFile.h"
-
-#include <QBuffer>
-#include <QImage>
-#include <QImageWriter>
-#include <QtEndian>
+#include "QuarvelImageIO/private/IIO_PngChunks.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <new>
 
 namespace {
 
-constexpr qsizetype kSignatureLength = 8;
-constexpr qsizetype kChunkFrame = 12; // length, type, checksum
-
-std::array<std::uint32_t, 256> crcTable()
+QImage imageOf(std::span<const std::uint8_t> rgba, const QSize& size)
 {
-    std::array<std::uint32_t, 256> table{};
-    for (std::uint32_t i = 0; i < table.size(); ++i) {
-        std::uint32_t remainder = i;
-        for (int bit = 0; bit < 8; ++bit)
-            remainder = (remainder & 1U) != 0U ? 0xedb88320U ^ (remainder >> 1U) : remainder >> 1U;
-        table[i] = remainder;
-    }
-    return table;
-}
-
-// The checksum of PNG chunks: CRC-32 as in ISO 3309.
-std::uint32_t crcOf(const QByteArray& bytes)
-{
-    static const std::array<std::uint32_t, 256> table = crcTable();
-    std::uint32_t crc = 0xffffffffU;
-    for (const char byte : bytes)
-        crc = table[(crc ^ static_cast<std::uint8_t>(byte)) & 0xffU] ^ (crc >> 8U);
-    return crc ^ 0xffffffffU;
-}
-
-template<typename Number>
-QByteArray bigEndian(Number number)
-{
-    QByteArray bytes(sizeof(Number), Qt::Uninitialized);
-    qToBigEndian(number, bytes.data());
-    return bytes;
-}
-
-struct Chunk
-{
-    QByteArray type;
-    QByteArray data;
-};
-
-// The chunks of a PNG that Qt made a moment ago.
-std::vector<Chunk> chunksOf(const QByteArray& png)
-{
-    std::vector<Chunk> chunks;
-    for (qsizetype at = kSignatureLength; at + kChunkFrame <= png.size();) {
-        const auto length = static_cast<qsizetype>(qFromBigEndian<std::uint32_t>(png.constData() + at));
-        if (length > png.size() - at - kChunkFrame)
-            break;
-        chunks.push_back({png.mid(at + 4, 4), png.mid(at + 8, length)});
-        at += length + kChunkFrame;
-    }
-    return chunks;
-}
-
-// Header of eight bits a channel, colours and coverage, not interlaced.
-QByteArray headerOf(const QSize& size)
-{
-    return bigEndian(static_cast<std::uint32_t>(size.width())) + bigEndian(static_cast<std::uint32_t>(size.height())) +
-           QByteArray("\x08\x06\x00\x00\x00", 5);
+    return QImage(rgba.data(), size.width(), size.height(), qsizetype{4} * size.width(), QImage::Format_RGBA8888);
 }
 
 } // namespace
@@ -92,8 +33,10 @@ UT_Result<void> IIO_ApngWriter::open()
     _file = std::make_unique<IIO_AtomicFile>(_path);
     if (auto opened = _file->open(); !opened)
         return opened;
-    _file->device().write("\x89PNG\r\n\x1a\n", kSignatureLength);
-    writeChunk("IHDR", headerOf(_size));
+    constexpr IIO_PngForm kColoursAndCoverage{.bitDepth = 8, .colourType = 6, .channels = 4, .imageChannels = 4};
+    IIO_PngChunks chunks(_file->device());
+    chunks.writeSignature();
+    chunks.writeHeader(_size, kColoursAndCoverage);
     _animationControlAt = _file->device().pos();
     writeAnimationControl();
     return {};
@@ -103,13 +46,13 @@ UT_Result<void> IIO_ApngWriter::add(std::span<const std::uint8_t> rgba)
 {
     assert(_file && rgba.size() == std::size_t{4} * static_cast<std::size_t>(_size.width()) *
                                        static_cast<std::size_t>(_size.height()));
-    const QImage image(rgba.data(), _size.width(), _size.height(), qsizetype{4} * _size.width(),
-                       QImage::Format_RGBA8888);
-    QBuffer buffer;
-    QImageWriter writer(&buffer, QByteArrayLiteral("png"));
-    if (!writer.write(image))
-        return UT_Error{QStringLiteral("cannot write \"%1\": %2").arg(_path, writer.errorString())};
-    return writeImage(buffer.data());
+    try {
+        writeFrame(IIO_pressPngPixels(imageOf(rgba, _size), IIO_Compression::SMALL));
+    } catch (const std::bad_alloc&) {
+        return UT_Error{
+            QStringLiteral("cannot write \"%1\": the memory is not enough; make the film smaller").arg(_path)};
+    }
+    return {};
 }
 
 UT_Result<void> IIO_ApngWriter::finish()
@@ -124,16 +67,15 @@ UT_Result<void> IIO_ApngWriter::finish()
     return _file->commit();
 }
 
-void IIO_ApngWriter::writeChunk(const char* type, const QByteArray& data)
+void IIO_ApngWriter::writeChunk(const char* type, const QByteArray& data, std::span<const std::uint8_t> more)
 {
-    const QByteArray checked = QByteArray(type) + data;
-    _file->device().write(bigEndian(static_cast<std::uint32_t>(data.size())) + checked + bigEndian(crcOf(checked)));
+    IIO_PngChunks(_file->device()).write(type, data, more);
 }
 
 void IIO_ApngWriter::writeAnimationControl()
 {
     constexpr std::uint32_t kForEver = 0;
-    writeChunk("acTL", bigEndian(_frames) + bigEndian(kForEver));
+    writeChunk("acTL", IIO_bigEndian(_frames) + IIO_bigEndian(kForEver));
 }
 
 void IIO_ApngWriter::writeFrameControl()
@@ -143,26 +85,20 @@ void IIO_ApngWriter::writeFrameControl()
     const double seconds = 1.0 / _framesPerSecond;
     // Two 16-bit numbers: short delays in ten thousandths of a second, long ones in hundredths.
     const double unit = seconds < 6.0 ? kDenominator : 100.0;
-    writeChunk("fcTL", bigEndian(_sequence++) + bigEndian(static_cast<std::uint32_t>(_size.width())) +
-                           bigEndian(static_cast<std::uint32_t>(_size.height())) + bigEndian(kOrigin) +
-                           bigEndian(kOrigin) + bigEndian(static_cast<std::uint16_t>(std::lround(seconds * unit))) +
-                           bigEndian(static_cast<std::uint16_t>(unit)) + QByteArray(2, '\0'));
+    writeChunk("fcTL", IIO_bigEndian(_sequence++) + IIO_bigEndian(static_cast<std::uint32_t>(_size.width())) +
+                           IIO_bigEndian(static_cast<std::uint32_t>(_size.height())) + IIO_bigEndian(kOrigin) +
+                           IIO_bigEndian(kOrigin) +
+                           IIO_bigEndian(static_cast<std::uint16_t>(std::lround(seconds * unit))) +
+                           IIO_bigEndian(static_cast<std::uint16_t>(unit)) + QByteArray(2, '\0'));
 }
 
-UT_Result<void> IIO_ApngWriter::writeImage(const QByteArray& png)
+void IIO_ApngWriter::writeFrame(const std::vector<std::vector<std::uint8_t>>& parts)
 {
-    const std::vector<Chunk> chunks = chunksOf(png);
-    if (chunks.empty() || chunks.front().data != headerOf(_size))
-        return UT_Error{
-            QStringLiteral("cannot write \"%1\": a frame was not pressed with colours and coverage").arg(_path)};
     writeFrameControl();
-    for (const Chunk& chunk : chunks)
-        if (chunk.type == "IDAT") {
-            if (_frames == 0)
-                writeChunk("IDAT", chunk.data);
-            else
-                writeChunk("fdAT", bigEndian(_sequence++) + chunk.data);
-        }
+    for (const auto& part : parts)
+        if (_frames == 0)
+            writeChunk("IDAT", {}, part);
+        else
+            writeChunk("fdAT", IIO_bigEndian(_sequence++), part);
     ++_frames;
-    return {};
 }

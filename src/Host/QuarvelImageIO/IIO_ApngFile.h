@@ -15,6 +15,7 @@
 
 #include <memory>
 #include <span>
+#include <vector>
 
 class IIO_AtomicFile;
 
@@ -44,10 +45,10 @@ public:
     UT_Result<void> finish();
 
 private:
-    void writeChunk(const char* type, const QByteArray& data);
+    void writeChunk(const char* type, const QByteArray& data, std::span<const std::uint8_t> more = {});
     void writeAnimationControl();
     void writeFrameControl();
-    UT_Result<void> writeImage(const QByteArray& png);
+    void writeFrame(const std::vector<std::vector<std::uint8_t>>& parts);
 
     QString _path;
     QSize _size;

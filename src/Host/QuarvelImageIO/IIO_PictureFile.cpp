@@ -44,7 +44,7 @@ UT_Result<void> writeEightBit(const QString& path, const IIO_Picture& picture, c
     const auto image = wide ? IIO_image8(*wide, format.alpha) : wide;
     if (!image)
         return UT_Error{QStringLiteral("cannot write \"%1\": %2").arg(path, image.error().text)};
-    return IIO_writeImage(path, *image, format.suffix.toLatin1(), -1, options.quality);
+    return IIO_writeImage(path, *image, format.suffix.toLatin1(), options.quality);
 }
 
 } // namespace

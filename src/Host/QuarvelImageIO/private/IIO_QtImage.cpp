@@ -184,17 +184,13 @@ UT_Result<IIO_Picture> IIO_pictureOf(const QImage& image)
     return picture;
 }
 
-UT_Result<void> IIO_writeImage(const QString& path, const QImage& image, const QByteArray& format, int compression,
-                               int quality)
+UT_Result<void> IIO_writeImage(const QString& path, const QImage& image, const QByteArray& format, int quality)
 {
     IIO_AtomicFile file(path);
     if (const auto opened = file.open(); !opened)
         return opened;
     QImageWriter writer(&file.device(), format);
-    if (compression >= 0)
-        writer.setCompression(compression);
-    if (quality >= 0)
-        writer.setQuality(quality);
+    writer.setQuality(quality);
     if (writer.write(image))
         return file.commit();
     // A failed write to the disk has the better explanation, which only the file knows.

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Between pictures and the images of Qt, which knows the files of PNG and the 8-bit formats.
+// Between pictures and the images of Qt, which reads PNG files, and knows those of the 8-bit formats.
 #pragma once
 
 #include "QuarvelImageIO/IIO_Picture.h"
@@ -26,11 +26,9 @@ UT_Result<IIO_Picture> IIO_pictureOf(const QImage& image);
 
 /// Writes an image through Qt, whole or not at all.
 ///
-/// @param format      Qt's name of the file format
-/// @param compression as Qt's writer takes it for this format; -1 leaves it out
-/// @param quality     the same
-UT_Result<void> IIO_writeImage(const QString& path, const QImage& image, const QByteArray& format, int compression,
-                               int quality);
+/// @param format  Qt's name of the file format
+/// @param quality as Qt's writer takes it for this format
+UT_Result<void> IIO_writeImage(const QString& path, const QImage& image, const QByteArray& format, int quality);
 
 /// Reads a file through Qt.
 UT_Result<IIO_Picture> IIO_readImage(const QString& path, const QByteArray& format);

@@ -1,0 +1,197 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// A zlib stream (RFC 1950) is two bytes, a deflate stream, and a checksum. Each band becomes a piece of the deflate
+// stream that looks back at no other and ends at the border of a byte; the checksums of the bands are combined. Looking
+// back over the border would make files smaller by one part in a thousand.
+#include "QuarvelImageIO/private/IIO_PngPixels.h"
+
+#include "QuarvelImageIO/private/IIO_FastDeflate.h"
+#include "QuarvelImageIO/private/IIO_PngFilter.h"
+
+#include <QtEndian>
+#include <tbb/blocked_range.h>
+#include <tbb/enumerable_thread_specific.h>
+#include <tbb/parallel_for.h>
+#include <zlib.h>
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+#include <new>
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+// Filtered bytes of a band, about: few enough for a processor's own memory, many enough for codes that fit them.
+constexpr std::size_t kBandBytes = std::size_t{1} << 19U;
+
+struct Band
+{
+    Bytes pressed;
+    std::size_t length = 0; ///< before it was pressed
+    std::uint32_t checksum = 0;
+};
+
+// A row of the image as PNG has it: big-endian, without channels that only fill up.
+template<typename Sample>
+void takeRow(const uchar* source, const IIO_PngForm& form, std::span<std::uint8_t> target)
+{
+    const auto* samples = reinterpret_cast<const Sample*>(source);
+    auto* bytes = target.data();
+    const std::size_t count = target.size() / sizeof(Sample);
+    if (form.channels == form.imageChannels) {
+        for (std::size_t i = 0; i < count; ++i)
+            qToBigEndian(samples[i], bytes + i * sizeof(Sample));
+        return;
+    }
+    const auto channels = static_cast<std::size_t>(form.channels);
+    for (std::size_t i = 0; i < count; i += channels, samples += form.imageChannels)
+        for (std::size_t c = 0; c < channels; ++c)
+            qToBigEndian(samples[c], bytes + (i + c) * sizeof(Sample));
+}
+
+// Presses through zlib, which takes its time.
+void pressHard(std::span<const std::uint8_t> bytes, int level, bool isLast, Bytes& output)
+{
+    constexpr int kRawStream = -15;
+    constexpr int kMostMemory = 9;
+    z_stream stream{};
+    if (deflateInit2(&stream, level, Z_DEFLATED, kRawStream, kMostMemory, Z_FILTERED) != Z_OK)
+        throw std::bad_alloc();
+    constexpr std::size_t kFlushMark = 16;
+    const std::size_t before = output.size();
+    output.resize(before + deflateBound(&stream, bytes.size()) + kFlushMark);
+    stream.next_in = const_cast<Bytef*>(bytes.data());
+    stream.avail_in = static_cast<uInt>(bytes.size());
+    stream.next_out = output.data() + before;
+    stream.avail_out = static_cast<uInt>(output.size() - before);
+    deflate(&stream, isLast ? Z_FINISH : Z_SYNC_FLUSH);
+    assert(stream.avail_in == 0 && stream.avail_out > 0);
+    output.resize(before + stream.total_out);
+    deflateEnd(&stream);
+}
+
+class BandPress
+{
+public:
+    BandPress(const QImage& image, IIO_Compression compression)
+        : _image(image)
+        , _compression(compression)
+        , _form(IIO_pngFormOf(image))
+        , _bytesPerPixel(static_cast<std::size_t>(_form.channels * _form.bitDepth / 8))
+        , _bytesPerRow(_bytesPerPixel * static_cast<std::size_t>(image.width()))
+        , _rowsPerBand(static_cast<int>(std::max<std::size_t>(1, kBandBytes / (_bytesPerRow + 1))))
+    {}
+
+    std::vector<Band> pressAll()
+    {
+        std::vector<Band> bands(static_cast<std::size_t>((_image.height() + _rowsPerBand - 1) / _rowsPerBand));
+        // The header of the stream: a window of 32 KiB, and a check of its own.
+        bands.front().pressed = {0x78, 0x01};
+        tbb::parallel_for(tbb::blocked_range<std::size_t>(0, bands.size(), 1), [&](const auto& range) {
+            for (std::size_t i = range.begin(); i < range.end(); ++i)
+                press(bands[i], static_cast<int>(i) * _rowsPerBand, i + 1 == bands.size());
+        });
+        return bands;
+    }
+
+private:
+    // What a thread works with, from band to band.
+    struct Workplace
+    {
+        Bytes row;
+        Bytes above;
+        Bytes filtered;
+        IIO_FastDeflate fast;
+    };
+
+    void press(Band& band, int firstRow, bool isLast)
+    {
+        Workplace& place = _places.local();
+        filterRows(place, firstRow, std::min(firstRow + _rowsPerBand, _image.height()));
+        band.length = place.filtered.size();
+        band.checksum = static_cast<std::uint32_t>(adler32_z(1, place.filtered.data(), place.filtered.size()));
+        switch (_compression) {
+        case IIO_Compression::NONE:
+            pressHard(place.filtered, Z_NO_COMPRESSION, isLast, band.pressed);
+            break;
+        case IIO_Compression::FAST:
+            place.fast.press(place.filtered, isLast, band.pressed);
+            break;
+        case IIO_Compression::SMALL:
+            // Beyond this level files hardly shrink and smooth pictures take ten times as long.
+            pressHard(place.filtered, 6, isLast, band.pressed);
+            break;
+        }
+        band.pressed.shrink_to_fit();
+    }
+
+    void filterRows(Workplace& place, int from, int to) const
+    {
+        place.row.resize(_bytesPerRow);
+        place.above.assign(_bytesPerRow, 0);
+        place.filtered.resize(static_cast<std::size_t>(to - from) * (_bytesPerRow + 1));
+        if (from > 0)
+            readRow(from - 1, place.above);
+        std::span<std::uint8_t> rest = place.filtered;
+        for (int y = from; y < to; ++y, rest = rest.subspan(_bytesPerRow + 1)) {
+            readRow(y, place.row);
+            if (_compression == IIO_Compression::NONE)
+                IIO_keepPngRow(place.row, rest.first(_bytesPerRow + 1));
+            else
+                IIO_filterPngRow(place.row, place.above, _bytesPerPixel, rest.first(_bytesPerRow + 1));
+            place.row.swap(place.above);
+        }
+    }
+
+    void readRow(int y, std::span<std::uint8_t> row) const
+    {
+        if (_form.bitDepth == 16)
+            takeRow<std::uint16_t>(_image.constScanLine(y), _form, row);
+        else
+            takeRow<std::uint8_t>(_image.constScanLine(y), _form, row);
+    }
+
+    const QImage& _image;
+    const IIO_Compression _compression;
+    const IIO_PngForm _form;
+    const std::size_t _bytesPerPixel;
+    const std::size_t _bytesPerRow;
+    const int _rowsPerBand;
+    tbb::enumerable_thread_specific<Workplace> _places;
+};
+
+} // namespace
+
+IIO_PngForm IIO_pngFormOf(const QImage& image)
+{
+    switch (image.format()) {
+    case QImage::Format_RGBA64:
+        return {16, 6, 4, 4};
+    case QImage::Format_RGBX64:
+        return {16, 2, 3, 4};
+    case QImage::Format_Grayscale16:
+        return {16, 0, 1, 1};
+    default:
+        assert(image.format() == QImage::Format_RGBA8888);
+        return {8, 6, 4, 4};
+    }
+}
+
+std::vector<Bytes> IIO_pressPngPixels(const QImage& image, IIO_Compression compression)
+{
+    assert(!image.isNull());
+    std::vector<Band> bands = BandPress(image, compression).pressAll();
+    uLong checksum = 1;
+    std::vector<Bytes> parts;
+    parts.reserve(bands.size());
+    for (Band& band : bands) {
+        checksum = adler32_combine(checksum, band.checksum, static_cast<z_off_t>(band.length));
+        parts.push_back(std::move(band.pressed));
+    }
+    std::array<std::uint8_t, 4> trailer{};
+    qToBigEndian(static_cast<std::uint32_t>(checksum), trailer.data());
+    parts.back().insert(parts.back().end(), trailer.begin(), trailer.end());
+    return parts;
+}
