@@ -52,6 +52,14 @@ private:
     BA_Plane _plane;
 };
 
+/// The part of a plane in a box within its rectangle.
+BA_Plane cropped(const BA_Plane& plane, const Math::Box2di& box)
+{
+    if (box.isEmpty())
+        return {};
+    return {plane.data + (box.y1 - plane.rect.y1) * plane.stride + (box.x1 - plane.rect.x1), plane.stride, box};
+}
+
 /// A plane's memory, which only grows.
 class PlaneMemory
 {
@@ -143,15 +151,15 @@ struct BA_GaussianBlur::Impl
 
     void plan(double sigmaX, double sigmaY);
 
-    Math::Box2di occupied(const Input& in);
-    /// Where the result of a picture that occupies the box can be other than zero.
-    Math::Box2di reached(const Math::Box2di& picture) const;
+    /// The part of a result that can be other than zero when the coarsest level is zero outside of the box.
+    Math::Box2di worthDoubling(const Math::Box2di& coarsest, const Math::Box2di& resultRect) const;
+    void clearAround(const Math::Box2di& part, BA_RowSink& sink, const Math::Box2di& resultRect);
 
-    void clear(const Output& out, Interval rows);
-    void halve(const Input& in, std::size_t level, const Output& out);
+    Math::Box2di halve(const Input& in, std::size_t level, const Output& out);
     void filter(const Input& in, const Output& out);
     void twice(const Input& in, std::size_t level, const Output& out);
-    void blur(const Input& source, const Output& result);
+    BA_Plane halved(const Input& in, std::size_t level);
+    void blur(const Input& source, BA_RowSink& sink, const Math::Box2di& resultRect);
 };
 
 void BA_GaussianBlur::Impl::plan(double sigmaX, double sigmaY)
@@ -170,42 +178,43 @@ void BA_GaussianBlur::Impl::plan(double sigmaX, double sigmaY)
     }
 }
 
-Math::Box2di BA_GaussianBlur::Impl::occupied(const Input& in)
+Math::Box2di BA_GaussianBlur::Impl::worthDoubling(const Math::Box2di& coarsest, const Math::Box2di& resultRect) const
 {
-    std::mutex lock;
-    Math::Box2di box;
-    forBands(rowsOf(in.rect), in.rect.width(), [&](Interval rows) {
-        const Math::Box2di part = occupiedPart(in, rows, memory.local());
-        const std::lock_guard guard(lock);
-        box.add(part);
-    });
-    return box;
-}
-
-Math::Box2di BA_GaussianBlur::Impl::reached(const Math::Box2di& picture) const
-{
-    Math::Box2di coarsest = picture;
-    for (const Level& level : levels)
-        coarsest = halvedBox(level, coarsest);
+    if (coarsest.isEmpty())
+        return {};
     Interval columns = grownBy(x.reach(), columnsOf(coarsest));
     Interval rows = grownBy(y.reach(), rowsOf(coarsest));
     for (std::size_t i = levels.size(); i-- > 0;) {
         columns = doubledIf(levels[i].xDoubling, columns);
         rows = doubledIf(levels[i].yDoubling, rows);
     }
-    return boxOf(columns, rows);
+    return resultRect.getIntersection(boxOf(columns, rows));
 }
 
-void BA_GaussianBlur::Impl::clear(const Output& out, Interval rows)
+/// Zeros in the rows above and below the part.
+void BA_GaussianBlur::Impl::clearAround(const Math::Box2di& part, BA_RowSink& sink, const Math::Box2di& resultRect)
 {
-    forBands(rows, out.asked.size(), [&](Interval band) { clearBand(out, band, memory.local()); });
+    const Output out(sink, resultRect);
+    const auto clear = [&](Interval rows) {
+        forBands(rows, resultRect.width(), [&](Interval band) { clearBand(out, band, memory.local()); });
+    };
+    const int middle = part.isEmpty() ? resultRect.y2 : part.y1;
+    clear({resultRect.y1, middle});
+    clear({part.isEmpty() ? middle : part.y2, resultRect.y2});
 }
 
-void BA_GaussianBlur::Impl::halve(const Input& in, std::size_t level, const Output& out)
+/// Returns a box outside of which the result is zero.
+Math::Box2di BA_GaussianBlur::Impl::halve(const Input& in, std::size_t level, const Output& out)
 {
+    std::mutex lock;
+    Math::Box2di box;
     forBands(rowsOf(out.rect), 2 * in.rect.width(), [&](Interval rows) {
-        halveBand(in, levels[level].xHalving, levels[level].yHalving, out, rows, memory.local());
+        const Level& step = levels[level];
+        const Math::Box2di part = halveBand(in, step.xHalving, step.yHalving, out, rows, memory.local());
+        const std::lock_guard guard(lock);
+        box.add(part);
     });
+    return box;
 }
 
 void BA_GaussianBlur::Impl::filter(const Input& in, const Output& out)
@@ -221,43 +230,45 @@ void BA_GaussianBlur::Impl::twice(const Input& in, std::size_t level, const Outp
     });
 }
 
-void BA_GaussianBlur::Impl::blur(const Input& source, const Output& result)
+/// The next level, without what is empty around it.
+BA_Plane BA_GaussianBlur::Impl::halved(const Input& in, std::size_t level)
+{
+    if (in.rect.isEmpty())
+        return {};
+    const BA_Plane plane = levels[level].halved.plane(halvedBox(levels[level], in.rect));
+    PlaneSink out(plane);
+    return cropped(plane, halve(in, level, {out, plane.rect}));
+}
+
+/// On the way down every level holds what halving gives of the source, on the way up what doubling needs. The source
+/// and the sink stand in for the planes of the picture's own resolution.
+void BA_GaussianBlur::Impl::blur(const Input& source, BA_RowSink& sink, const Math::Box2di& resultRect)
 {
     const std::size_t depth = levels.size();
     if (depth == 0)
-        return filter(source, result);
+        return filter(source, {sink, resultRect});
 
-    // On the way down every level holds what halving gives of the source, on the way up what doubling needs.
-    std::vector<BA_Plane> halved;
+    BA_Plane coarsest = halved(source, 0);
+    for (std::size_t i = 1; i < depth; ++i)
+        coarsest = halved({PlaneSource(coarsest), coarsest.rect}, i);
+
+    const Math::Box2di part = worthDoubling(coarsest.rect, resultRect);
+    clearAround(part, sink, resultRect);
+    if (part.isEmpty())
+        return;
     std::vector<BA_Plane> blurred;
-    Math::Box2di support = source.rect;
-    Math::Box2di needed = result.rect;
+    Math::Box2di needed = part;
     for (Level& level : levels) {
-        support = halvedBox(level, support);
         needed = boxOf(neededIf(level.xDoubling, columnsOf(needed)), neededIf(level.yDoubling, rowsOf(needed)));
-        halved.push_back(level.halved.plane(support));
         blurred.push_back(level.blurred.plane(needed));
     }
-
-    // The source and the sink stand in for the planes of the picture's own resolution.
-    for (std::size_t i = 0; i < depth; ++i) {
-        PlaneSink out(halved[i]);
-        if (i == 0)
-            halve(source, i, {out, halved[i].rect});
-        else
-            halve({PlaneSource(halved[i - 1]), halved[i - 1].rect}, i, {out, halved[i].rect});
+    PlaneSink filtered(blurred.back());
+    filter({PlaneSource(coarsest), coarsest.rect}, {filtered, blurred.back().rect});
+    for (std::size_t i = depth - 1; i > 0; --i) {
+        PlaneSink out(blurred[i - 1]);
+        twice({PlaneSource(blurred[i]), blurred[i].rect}, i, {out, blurred[i - 1].rect});
     }
-    PlaneSink coarsest(blurred.back());
-    filter({PlaneSource(halved.back()), halved.back().rect}, {coarsest, blurred.back().rect});
-    for (std::size_t i = depth; i-- > 0;) {
-        const PlaneSource in(blurred[i]);
-        if (i == 0) {
-            twice({in, blurred[i].rect}, i, result);
-        } else {
-            PlaneSink out(blurred[i - 1]);
-            twice({in, blurred[i].rect}, i, {out, blurred[i - 1].rect});
-        }
-    }
+    twice({PlaneSource(blurred[0]), blurred[0].rect}, 0, {sink, columnsOf(resultRect), part});
 }
 
 BA_GaussianBlur::BA_GaussianBlur() : BA_GaussianBlur(0.0, 0.0) {}
@@ -290,17 +301,10 @@ void BA_GaussianBlur::run(const BA_RowSource& source, const Math::Box2di& source
     if (resultRect.isEmpty())
         return;
 
-    // What is empty around the picture costs no more than to see that it is.
-    const Math::Box2di picture = sourceRect.isEmpty() ? Math::Box2di() : _i->occupied({source, sourceRect});
-    const Math::Box2di part = picture.isEmpty() ? picture : resultRect.getIntersection(_i->reached(picture));
-    const Output everything(sink, resultRect);
-    if (part.isEmpty()) {
-        _i->clear(everything, rowsOf(resultRect));
-        return;
-    }
-    _i->clear(everything, {resultRect.y1, part.y1});
-    _i->clear(everything, {part.y2, resultRect.y2});
-    _i->blur({source, columnsOf(sourceRect), picture}, {sink, columnsOf(resultRect), part});
+    if (sourceRect.isEmpty())
+        _i->clearAround({}, sink, resultRect);
+    else
+        _i->blur({source, sourceRect}, sink, resultRect);
 }
 
 void BA_GaussianBlur::run(const BA_Plane& source, const BA_Plane& result)

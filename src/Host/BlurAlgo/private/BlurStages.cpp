@@ -20,9 +20,10 @@ using PyramidKernels::kHalvedRows;
 using RowKernels::Pair;
 
 constexpr std::size_t kLane = 16;
-/// Rows that are filtered together, in strips of columns: what a strip is made from stays in the first-level cache.
+/// Rows are summed in strips of so many columns: what a strip is made from stays in the first-level cache.
+constexpr int kStrip = 256;
+/// Rows that are filtered together.
 constexpr int kFilteredRows = 8;
-constexpr int kFilteredColumns = 256;
 
 /// Half of v, rounded down or up, for any sign.
 int floorHalf(int v)
@@ -63,7 +64,7 @@ private:
     {
         if (!rowsOf(_in.rect).contains(y))
             return _zeros;
-        return _window.row(y, [this](int v, float* buffer) { return _in.row(v, buffer); });
+        return _window.row(y, [this](int v, float* buffer) { return _in.rows.row(v, buffer); });
     }
 
     const Input& _in;
@@ -130,46 +131,115 @@ void writeRows(const Output& out, Interval y, RowMemory& memory, const Make& mak
 /// The room that rows of an input and an output need.
 std::size_t roomFor(const Input& in, const Output& out)
 {
-    return static_cast<std::size_t>(std::max(in.given.size(), out.asked.size()));
+    return static_cast<std::size_t>(std::max(in.rect.width(), out.asked.size()));
 }
 
-/// Halves rows whose even and odd columns lie apart, in longer rows of zeros.
+/// Calls work(x, columns) for the strips of n columns in which not all of the rows are empty, and skip(x, columns) for
+/// the others. Returns the columns from the first strip that was worked on to the last.
+template<typename Work, typename Skip>
+Interval forStrips(std::span<const float* const> rows, int n, const Work& work, const Skip& skip)
+{
+    Interval done;
+    for (int x = 0; x < n; x += kStrip) {
+        const int columns = std::min(kStrip, n - x);
+        if (PyramidKernels::areZeros(rows, x, columns)) {
+            skip(x, columns);
+            continue;
+        }
+        work(x, columns);
+        done = {done.size() > 0 ? done.lo : x, x + columns};
+    }
+    return done;
+}
+
+/// Halves the columns of a few rows. The even and odd columns of what is halved lie apart, in longer rows of zeros.
 class ColumnHalver
 {
 public:
     ColumnHalver(Interval in, Interval out, const StepWeights& step, RowMemory& memory)
-        : _n(out.size()), _margin(ceilHalf(step.reach())), _step(step), _skipped(in.lo - 2 * (out.lo - _margin))
+        : _in(in)
+        , _out(out)
+        , _margin(ceilHalf(step.reach()))
+        , _step(step)
+        , _skipped(in.lo - 2 * (out.lo - _margin))
+        , _empty(static_cast<std::size_t>((in.size() + kStrip - 1) / kStrip), true)
     {
-        for (SplitRow& row : _rows)
+        for (PyramidKernels::SplitRow& row : _rows)
             row = {memory.takeZeros(), memory.takeZeros()};
     }
 
     /// Samples that the rows of memory must hold for halving to this many.
     static int rowSize(int n, int reach) { return n + 2 * ceilHalf(reach); }
 
-    /// Where the columns of the rows to be halved are to be put.
-    PyramidKernels::SplitRows inputs() const
+    /// Takes sums of rows to be halved. Returns the columns of the result that are not zero then, counted from its
+    /// left.
+    Interval sumRows(std::span<const float* const> rows, std::span<const float> weights)
     {
-        PyramidKernels::SplitRows inputs = _rows;
-        for (SplitRow& row : inputs)
-            row = {row.even + ceilHalf(_skipped), row.odd + floorHalf(_skipped)};
-        return inputs;
+        const auto sum = [&](int x, int columns) {
+            PyramidKernels::halveRows(rows, x, weights, from(x), columns, firstIsOdd());
+            _empty[static_cast<std::size_t>(x / kStrip)] = false;
+        };
+        return resultOf(forStrips(rows, _in.size(), sum, [this](int x, int columns) { clear(x, columns); }));
     }
-    bool firstIsOdd() const { return (_skipped & 1) != 0; }
 
-    void run(std::size_t j, float* out) const
+    /// Takes one row to be halved.
+    Interval takeRow(const float* row)
     {
-        PyramidKernels::halveColumns(_rows[j].even + _margin, _rows[j].odd + _margin, _step.weights, out, _n);
+        PyramidKernels::splitColumns(row, from(0).front(), _in.size(), firstIsOdd());
+        return {0, _out.size()};
+    }
+
+    /// Row j of what was taken, zeros outside of the columns that came with it.
+    void run(std::size_t j, Interval columns, float* out) const
+    {
+        const float* even = _rows[j].even + _margin + columns.lo;
+        const float* odd = _rows[j].odd + _margin + columns.lo;
+        std::fill_n(out, columns.lo, 0.0F);
+        PyramidKernels::halveColumns(even, odd, _step.weights, out + columns.lo, columns.size());
+        std::fill(out + columns.hi, out + _out.size(), 0.0F);
     }
 
 private:
-    using SplitRow = PyramidKernels::SplitRow;
+    bool firstIsOdd() const { return (_skipped & 1) != 0; }
 
-    int _n;
+    /// Where column x of the input goes.
+    PyramidKernels::SplitRows from(int x) const
+    {
+        PyramidKernels::SplitRows rows = _rows;
+        for (PyramidKernels::SplitRow& row : rows)
+            row = {row.even + ceilHalf(_skipped + x), row.odd + floorHalf(_skipped + x)};
+        return rows;
+    }
+
+    void clear(int x, int columns)
+    {
+        const auto strip = static_cast<std::size_t>(x / kStrip);
+        if (_empty[strip])
+            return;
+        const PyramidKernels::SplitRows end = from(x + columns);
+        const PyramidKernels::SplitRows begin = from(x);
+        for (std::size_t j = 0; j < begin.size(); ++j) {
+            std::fill(begin[j].even, end[j].even, 0.0F);
+            std::fill(begin[j].odd, end[j].odd, 0.0F);
+        }
+        _empty[strip] = true;
+    }
+
+    Interval resultOf(Interval columns) const
+    {
+        if (columns.size() == 0)
+            return {};
+        const Interval result = halvedSupport({_in.lo + columns.lo, _in.lo + columns.hi}, _step.reach());
+        return {std::max(result.lo - _out.lo, 0), std::min(result.hi, _out.hi) - _out.lo};
+    }
+
+    Interval _in;
+    Interval _out;
     int _margin;
     const StepWeights& _step;
     int _skipped; ///< columns of zeros before the first one of the input
     PyramidKernels::SplitRows _rows;
+    std::vector<bool> _empty; ///< strips of the input that left nothing but zeros
 };
 
 Interval alignedToEven(Interval samples)
@@ -216,30 +286,6 @@ float* RowMemory::takeZeros()
     return row;
 }
 
-Math::Box2di occupiedPart(const Input& in, Interval y, RowMemory& memory)
-{
-    memory.reset(1, static_cast<std::size_t>(in.given.size()));
-    float* buffer = memory.take();
-    const int n = in.rect.width();
-    const auto isEmpty = [&](int v) { return RowKernels::zerosAtStart(in.row(v, buffer), n) == n; };
-    if (y.size() > 0 && in.rows.row(y.lo, buffer) == buffer)
-        return boxOf(columnsOf(in.rect), y);
-    while (y.size() > 0 && isEmpty(y.lo))
-        ++y.lo;
-    while (y.size() > 0 && isEmpty(y.hi - 1))
-        --y.hi;
-
-    // Only what lies outside of the rows so far can make the part wider.
-    int left = n;
-    int right = 0;
-    for (int v = y.lo; v < y.hi; ++v) {
-        const float* row = in.row(v, buffer);
-        left = RowKernels::zerosAtStart(row, left);
-        right = std::max(right, n - RowKernels::zerosAtEnd(row + right, n - right));
-    }
-    return boxOf({in.rect.x1 + left, in.rect.x1 + right}, y);
-}
-
 void clearBand(const Output& out, Interval y, RowMemory& memory)
 {
     memory.reset(1, static_cast<std::size_t>(out.asked.size()));
@@ -251,28 +297,44 @@ namespace {
 /// Halves columns only, row by row.
 void halveColumnsBand(const Input& in, const StepWeights& step, const Output& out, Interval y, RowMemory& memory)
 {
-    const Interval inX = columnsOf(in.rect);
-    const Interval outX = columnsOf(out.rect);
-    const auto columnsRoom = static_cast<std::size_t>(ColumnHalver::rowSize(outX.size(), step.reach()));
+    const auto columnsRoom = static_cast<std::size_t>(ColumnHalver::rowSize(out.rect.width(), step.reach()));
     memory.reset(2 * kHalvedRows + 2, std::max(roomFor(in, out), columnsRoom));
-    ColumnHalver columns(inX, outX, step, memory);
+    ColumnHalver columns(columnsOf(in.rect), columnsOf(out.rect), step, memory);
     float* buffer = memory.take();
     writeRows(out, y, memory, [&](int v, float* row) {
-        PyramidKernels::splitColumns(in.row(v, buffer), columns.inputs().front(), inX.size(), columns.firstIsOdd());
-        columns.run(0, row);
+        const Interval taken = columns.takeRow(in.rows.row(v, buffer));
+        columns.run(0, taken, row);
     });
+}
+
+/// Halves rows only, n columns of them. Returns the columns that are not zero.
+Interval halveRowsOnly(std::span<const float* const> rows, std::span<const float> weights,
+                       const PyramidKernels::HalvedRows& results, int n)
+{
+    const auto from = [&](int x) {
+        PyramidKernels::HalvedRows moved = results;
+        for (float*& row : moved)
+            row += x;
+        return moved;
+    };
+    const auto sum = [&](int x, int columns) { PyramidKernels::halveRows(rows, x, weights, from(x), columns); };
+    const auto clear = [&](int x, int columns) {
+        for (float* row : from(x))
+            std::fill_n(row, columns, 0.0F);
+    };
+    return forStrips(rows, n, sum, clear);
 }
 
 } // namespace
 
-void halveBand(const Input& in, const StepWeights& xStep, const StepWeights& yStep, const Output& out, Interval y,
-               RowMemory& memory)
+Math::Box2di halveBand(const Input& in, const StepWeights& xStep, const StepWeights& yStep, const Output& out,
+                       Interval y, RowMemory& memory)
 {
-    if (!yStep.active())
-        return halveColumnsBand(in, xStep, out, y, memory);
-
-    const Interval inX = columnsOf(in.rect);
     const Interval outX = columnsOf(out.rect);
+    if (!yStep.active()) {
+        halveColumnsBand(in, xStep, out, y, memory);
+        return boxOf(outX, y);
+    }
     const int reach = yStep.reach();
     const int kept = PyramidKernels::rowsToHalve(reach);
     const int columnsRoom = ColumnHalver::rowSize(outX.size(), std::max(xStep.reach(), 0));
@@ -281,21 +343,26 @@ void halveBand(const Input& in, const StepWeights& xStep, const StepWeights& ySt
 
     PaddedRows rows(in, kept, memory);
     OutputRows<kHalvedRows> outputs(out, y, memory);
-    ColumnHalver columns(inX, outX, xStep, memory);
+    ColumnHalver columns(columnsOf(in.rect), outX, xStep, memory);
     std::vector<const float*> around(static_cast<std::size_t>(kept));
+    Math::Box2di box;
     for (int v = y.lo; v < y.hi; v += kHalvedRows) {
         // The last few rows may need fewer.
-        rows.collect({2 * v - reach, 2 * std::min(v + kHalvedRows, y.hi) - 1 + reach}, around);
+        const int end = std::min(v + kHalvedRows, y.hi);
+        rows.collect({2 * v - reach, 2 * end - 1 + reach}, around);
         const PyramidKernels::HalvedRows& results = outputs.begin(v);
+        Interval done;
         if (xStep.active()) {
-            PyramidKernels::halveRows(around, yStep.weights, columns.inputs(), inX.size(), columns.firstIsOdd());
+            done = columns.sumRows(around, yStep.weights);
             for (std::size_t j = 0; j < kHalvedRows; ++j)
-                columns.run(j, results[j]);
+                columns.run(j, done, results[j]);
         } else {
-            PyramidKernels::halveRows(around, yStep.weights, results, inX.size());
+            done = halveRowsOnly(around, yStep.weights, results, outX.size());
         }
         outputs.end();
+        box.add(boxOf({outX.lo + done.lo, outX.lo + done.hi}, {v, end}));
     }
+    return box;
 }
 
 namespace {
@@ -318,32 +385,54 @@ public:
         return {std::min(in.lo, out.lo - reach), std::max(in.hi, out.hi + reach)};
     }
 
-    /// Row j of the block is made of the rows around middle[j].
-    void run(const float* const* middle, std::span<float* const> results)
+    /// Results are made of the rows around those that come after as many as the filter reaches.
+    void run(std::span<const float* const> rows, std::span<float* const> results)
     {
-        for (int x = 0; x < _in.size(); x += kFilteredColumns)
+        const auto sum = [&](int x, int columns) {
             for (std::size_t j = 0; j < results.size(); ++j)
-                sumRows(middle + j, x, _sums[j] + (_in.lo - _padded.lo) + x);
+                sumRows(rows.data() + j + _yWeights.size() - 1, x, columns, sumsFrom(j, x));
+        };
+        const auto clear = [&](int x, int columns) {
+            for (std::size_t j = 0; j < results.size(); ++j)
+                std::fill_n(sumsFrom(j, x), columns, 0.0F);
+        };
+        const Interval done = forStrips(rows, _in.size(), sum, clear);
         for (std::size_t j = 0; j < results.size(); ++j)
-            sumColumns(_sums[j] + (_out.lo - _padded.lo), results[j]);
+            sumColumns(_sums[j] + (_out.lo - _padded.lo), resultOf(done), results[j]);
     }
 
 private:
+    float* sumsFrom(std::size_t j, int x) { return _sums[j] + (_in.lo - _padded.lo) + x; }
+
+    /// The columns of the result that are not zero when those of the input are, each counted from its left.
+    Interval resultOf(Interval columns) const
+    {
+        if (columns.size() == 0)
+            return {};
+        const int reach = static_cast<int>(_xWeights.size()) - 1;
+        const int lo = std::clamp(_in.lo + columns.lo - reach, _out.lo, _out.hi);
+        const int hi = std::clamp(_in.lo + columns.hi + reach, lo, _out.hi);
+        return {lo - _out.lo, hi - _out.lo};
+    }
+
     /// One strip of columns, from x on, of the sum of the rows around the middle.
-    void sumRows(const float* const* middle, int x, float* out)
+    void sumRows(const float* const* middle, int x, int columns, float* out)
     {
         _pairs.clear();
         for (std::size_t d = 1; d < _yWeights.size(); ++d)
             _pairs.push_back({*(middle - d) + x, *(middle + d) + x, _yWeights[d]});
-        RowKernels::weightedSum(*middle + x, _yWeights[0], _pairs, out, std::min(kFilteredColumns, _in.size() - x));
+        RowKernels::weightedSum(*middle + x, _yWeights[0], _pairs, out, columns);
     }
 
-    void sumColumns(const float* middle, float* out)
+    void sumColumns(const float* row, Interval columns, float* out)
     {
+        const float* middle = row + columns.lo;
         _pairs.clear();
         for (std::size_t d = 1; d < _xWeights.size(); ++d)
             _pairs.push_back({middle - d, middle + d, _xWeights[d]});
-        RowKernels::weightedSum(middle, _xWeights[0], _pairs, out, _out.size());
+        std::fill_n(out, columns.lo, 0.0F);
+        RowKernels::weightedSum(middle, _xWeights[0], _pairs, out + columns.lo, columns.size());
+        std::fill(out + columns.hi, out + _out.size(), 0.0F);
     }
 
     Interval _in;
@@ -375,7 +464,7 @@ void filterBand(const Input& in, std::span<const float> xWeights, std::span<cons
         const int end = std::min(v + kFilteredRows, y.hi);
         const std::span<float* const> results = std::span(outputs.begin(v)).first(static_cast<std::size_t>(end - v));
         rows.collect({v - reach, end + reach}, around);
-        filter.run(around.data() + reach, results);
+        filter.run(around, results);
         outputs.end();
     }
 }
@@ -423,7 +512,7 @@ void doubleColumnsBand(const Input& in, const StepWeights& step, const Output& o
     float* narrow = memory.take();
     float* wide = memory.take();
     writeRows(out, y, memory,
-              [&](int v, float* row) { std::copy_n(columns.run(in.row(v, narrow), wide), outX.size(), row); });
+              [&](int v, float* row) { std::copy_n(columns.run(in.rows.row(v, narrow), wide), outX.size(), row); });
 }
 
 } // namespace
@@ -446,7 +535,7 @@ void doubleBand(const Input& in, const StepWeights& xStep, const StepWeights& yS
     float* narrow = memory.take();
     const float* zeros = memory.takeZeros();
     const auto wideRow = [&](int k) {
-        return wideRows.row(k, [&](int v, float* wide) { return columns.run(in.row(v, narrow), wide); });
+        return wideRows.row(k, [&](int v, float* wide) { return columns.run(in.rows.row(v, narrow), wide); });
     };
     std::vector<const float*> around(static_cast<std::size_t>(kept));
     for (int v = 2 * floorHalf(y.lo); v < y.hi; v += kDoubledRows) {

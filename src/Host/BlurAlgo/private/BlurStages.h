@@ -56,20 +56,11 @@ struct StepWeights
     int reach() const { return static_cast<int>(weights.size()) - 1; }
 };
 
-/// Rows to read.
+/// Rows to read. Outside of the rectangle there are zeros.
 struct Input
 {
-    Input(const BA_RowSource& source, const Math::Box2di& box) : Input(source, columnsOf(box), box) {}
-    Input(const BA_RowSource& source, Interval columns, const Math::Box2di& part)
-        : rows(source), given(columns), rect(part)
-    {}
-
-    /// The samples of row y, from the left of rect to its right.
-    const float* row(int y, float* buffer) const { return rows.row(y, buffer) + (rect.x1 - given.lo); }
-
     const BA_RowSource& rows;
-    Interval given;    ///< the columns that the source's rows have
-    Math::Box2di rect; ///< what is worth reading: outside there are zeros
+    Math::Box2di rect;
 };
 
 /// Rows to write.
@@ -100,16 +91,15 @@ private:
     std::size_t _used = 0;
 };
 
-/// The smallest part of the rows y of an input outside of which there are zeros; empty if there is nothing else. An
-/// input that does not keep its rows in memory is not looked at, for it would have to make them once more for that.
-Math::Box2di occupiedPart(const Input& in, Interval y, RowMemory& memory);
-
 /// Zeros in the rows y of an output.
 void clearBand(const Output& out, Interval y, RowMemory& memory);
 
 /// Rows y.lo .. y.hi - 1 of the halved plane.
-void halveBand(const Input& in, const StepWeights& xStep, const StepWeights& yStep, const Output& out, Interval y,
-               RowMemory& memory);
+///
+/// @return a box outside of which these rows are zero, as small as is easily found: what is empty in the input is not
+/// worked on
+Math::Box2di halveBand(const Input& in, const StepWeights& xStep, const StepWeights& yStep, const Output& out,
+                       Interval y, RowMemory& memory);
 
 /// Rows y.lo .. y.hi - 1 of the plane filtered in place of its samples.
 void filterBand(const Input& in, std::span<const float> xWeights, std::span<const float> yWeights, const Output& out,

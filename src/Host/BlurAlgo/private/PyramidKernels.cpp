@@ -6,8 +6,11 @@
 #include "BlurAlgo/private/PyramidKernels.h"
 
 #include <algorithm>
+#include <bit>
 #include <cassert>
 #include <cstddef>
+#include <cstdint>
+#include <type_traits>
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "BlurAlgo/private/PyramidKernels.cpp"
@@ -34,6 +37,39 @@ HWY_INLINE std::array<T, kCount> firstOf(std::span<const T> values)
     std::array<T, kCount> copy;
     std::copy_n(values.data(), kCount, copy.begin());
     return copy;
+}
+
+/// The first rows from column x on.
+template<std::size_t kCount>
+HWY_INLINE std::array<const float*, kCount> rowsFrom(std::span<const float* const> rows, int x)
+{
+    auto copy = firstOf<const float*, kCount>(rows);
+    for (const float*& row : copy)
+        row += x;
+    return copy;
+}
+
+/// All rows from i on, as many vectors of them as are compared at once.
+HWY_INLINE bool areZerosAt(std::span<const float* const> rows, int i)
+{
+    const hn::Repartition<std::uint32_t, Floats> d;
+    const auto bits = [&](const float* at) HWY_ATTR { return hn::BitCast(d, hn::LoadU(Floats(), at)); };
+    auto any = hn::Zero(d);
+    for (const float* row : rows)
+        any = hn::Or(any, hn::Or(bits(row + i), bits(row + i + lanes())));
+    return hn::AllTrue(d, hn::Eq(any, hn::Zero(d)));
+}
+
+bool zeros(std::span<const float* const> rows, int x, int n)
+{
+    const int end = x + n;
+    for (; x + 2 * lanes() <= end; x += 2 * lanes())
+        if (!areZerosAt(rows, x))
+            return false;
+    const auto isZero = [end, x](const float* row) {
+        return std::all_of(row + x, row + end, [](float v) { return std::bit_cast<std::uint32_t>(v) == 0; });
+    };
+    return std::all_of(rows.begin(), rows.end(), isZero);
 }
 
 template<class D>
@@ -63,10 +99,10 @@ HWY_INLINE hn::Vec<D> sumAround(D d, const float* const* middle, const float* we
 }
 
 template<int kReach>
-HWY_INLINE void halveRowsBy(std::span<const float* const> rows, std::span<const float> weights, const HalvedRows& out,
-                            int n)
+HWY_INLINE void halveRowsBy(std::span<const float* const> rows, int x, std::span<const float> weights,
+                            const HalvedRows& out, int n)
 {
-    const auto in = firstOf<const float*, rowsToHalve(kReach)>(rows);
+    const auto in = rowsFrom<rowsToHalve(kReach)>(rows, x);
     const auto w = firstOf<float, kReach + 1>(weights);
     const Floats d;
     const OneFloat one;
@@ -111,10 +147,10 @@ HWY_INLINE void splitColumn(const float* const* in, const float* weights, const 
 }
 
 template<int kReach>
-HWY_INLINE void splitRowsBy(std::span<const float* const> rows, std::span<const float> weights, SplitRows out, int n,
-                            bool firstIsOdd)
+HWY_INLINE void splitRowsBy(std::span<const float* const> rows, int x, std::span<const float> weights, SplitRows out,
+                            int n, bool firstIsOdd)
 {
-    const auto in = firstOf<const float*, rowsToHalve(kReach)>(rows);
+    const auto in = rowsFrom<rowsToHalve(kReach)>(rows, x);
     const auto w = firstOf<float, kReach + 1>(weights);
     int i = 0;
     if (firstIsOdd && n > 0) {
@@ -273,15 +309,15 @@ HWY_INLINE void withReach(std::span<const float> weights, const Run& run)
     }
 }
 
-void halve(std::span<const float* const> rows, std::span<const float> weights, const HalvedRows& out, int n)
+void halve(std::span<const float* const> rows, int x, std::span<const float> weights, const HalvedRows& out, int n)
 {
-    withReach(weights, [&](auto reach) HWY_ATTR { halveRowsBy<reach>(rows, weights, out, n); });
+    withReach(weights, [&](auto reach) HWY_ATTR { halveRowsBy<reach>(rows, x, weights, out, n); });
 }
 
-void halveAndSplit(std::span<const float* const> rows, std::span<const float> weights, const SplitRows& out, int n,
-                   bool firstIsOdd)
+void halveAndSplit(std::span<const float* const> rows, int x, std::span<const float> weights, const SplitRows& out,
+                   int n, bool firstIsOdd)
 {
-    withReach(weights, [&](auto reach) HWY_ATTR { splitRowsBy<reach>(rows, weights, out, n, firstIsOdd); });
+    withReach(weights, [&](auto reach) HWY_ATTR { splitRowsBy<reach>(rows, x, weights, out, n, firstIsOdd); });
 }
 
 void halveRow(const float* even, const float* odd, std::span<const float> weights, float* out, int n)
@@ -305,6 +341,7 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace BlurAlgo::PyramidKernels {
 
+HWY_EXPORT(zeros);
 HWY_EXPORT(halve);
 HWY_EXPORT(halveAndSplit);
 HWY_EXPORT(split);
@@ -312,15 +349,20 @@ HWY_EXPORT(halveRow);
 HWY_EXPORT(doubleRow);
 HWY_EXPORT(doubleAll);
 
-void halveRows(std::span<const float* const> rows, std::span<const float> weights, const HalvedRows& out, int n)
+bool areZeros(std::span<const float* const> rows, int x, int n)
 {
-    HWY_DYNAMIC_DISPATCH(halve)(rows, weights, out, n);
+    return HWY_DYNAMIC_DISPATCH(zeros)(rows, x, n);
 }
 
-void halveRows(std::span<const float* const> rows, std::span<const float> weights, const SplitRows& out, int n,
+void halveRows(std::span<const float* const> rows, int x, std::span<const float> weights, const HalvedRows& out, int n)
+{
+    HWY_DYNAMIC_DISPATCH(halve)(rows, x, weights, out, n);
+}
+
+void halveRows(std::span<const float* const> rows, int x, std::span<const float> weights, const SplitRows& out, int n,
                bool firstIsOdd)
 {
-    HWY_DYNAMIC_DISPATCH(halveAndSplit)(rows, weights, out, n, firstIsOdd);
+    HWY_DYNAMIC_DISPATCH(halveAndSplit)(rows, x, weights, out, n, firstIsOdd);
 }
 
 void splitColumns(const float* in, SplitRow out, int n, bool firstIsOdd)

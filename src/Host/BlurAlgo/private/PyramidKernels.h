@@ -41,11 +41,14 @@ using HalvedRows = std::array<float*, kHalvedRows>;
 using SplitRows = std::array<SplitRow, kHalvedRows>;
 using DoubledRows = std::array<float*, kDoubledRows>;
 
-/// out[j] = the weighted sum of the rows around rows[2 j + reach], n samples each.
-void halveRows(std::span<const float* const> rows, std::span<const float> weights, const HalvedRows& out, int n);
+/// True when the columns x ... x + n - 1 of all rows are positive zeros.
+bool areZeros(std::span<const float* const> rows, int x, int n);
 
-/// The same sums, apart in even and odd columns. Column 0 counts as an odd one when firstIsOdd is set.
-void halveRows(std::span<const float* const> rows, std::span<const float> weights, const SplitRows& out, int n,
+/// out[j] = the weighted sum of the rows around rows[2 j + reach], whose columns x ... x + n - 1 are taken.
+void halveRows(std::span<const float* const> rows, int x, std::span<const float> weights, const HalvedRows& out, int n);
+
+/// The same sums, apart in even and odd columns. Column x counts as an odd one when firstIsOdd is set.
+void halveRows(std::span<const float* const> rows, int x, std::span<const float> weights, const SplitRows& out, int n,
                bool firstIsOdd);
 
 /// Takes n columns apart into even and odd ones; column 0 counts as an odd one when firstIsOdd is set.

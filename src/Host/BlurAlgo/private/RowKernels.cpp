@@ -130,38 +130,6 @@ void sum(const float* middle, float weight, std::span<const Pair> pairs, float* 
     }
 }
 
-/// True when the four vectors from in on have zeros only, of either sign.
-HWY_INLINE bool areZeros(const float* in)
-{
-    const Floats d;
-    const int step = lanes();
-    const auto lower = hn::Or(hn::LoadU(d, in), hn::LoadU(d, in + step));
-    const auto upper = hn::Or(hn::LoadU(d, in + 2 * step), hn::LoadU(d, in + 3 * step));
-    return hn::AllTrue(d, hn::Eq(hn::Or(lower, upper), hn::Zero(d)));
-}
-
-int countZerosAtStart(const float* in, int n)
-{
-    const int block = 4 * lanes();
-    int i = 0;
-    while (i + block <= n && areZeros(in + i))
-        i += block;
-    while (i < n && in[i] == 0.0F)
-        ++i;
-    return i;
-}
-
-int countZerosAtEnd(const float* in, int n)
-{
-    const int block = 4 * lanes();
-    int i = n;
-    while (i >= block && areZeros(in + i - block))
-        i -= block;
-    while (i > 0 && in[i - 1] == 0.0F)
-        --i;
-    return n - i;
-}
-
 void loadRed16(const std::int16_t* HWY_RESTRICT pixels, float* HWY_RESTRICT out, int n)
 {
     const Floats d;
@@ -254,8 +222,6 @@ HWY_AFTER_NAMESPACE();
 namespace BlurAlgo::RowKernels {
 
 HWY_EXPORT(sum);
-HWY_EXPORT(countZerosAtStart);
-HWY_EXPORT(countZerosAtEnd);
 HWY_EXPORT(loadRed16);
 HWY_EXPORT(loadRedFloat);
 HWY_EXPORT(storeRed16);
@@ -264,16 +230,6 @@ HWY_EXPORT(storeRedFloat);
 void weightedSum(const float* middle, float middleWeight, std::span<const Pair> pairs, float* out, int n)
 {
     HWY_DYNAMIC_DISPATCH(sum)(middle, middleWeight, pairs, out, n);
-}
-
-int zerosAtStart(const float* in, int n)
-{
-    return HWY_DYNAMIC_DISPATCH(countZerosAtStart)(in, n);
-}
-
-int zerosAtEnd(const float* in, int n)
-{
-    return HWY_DYNAMIC_DISPATCH(countZerosAtEnd)(in, n);
 }
 
 void loadRed(const std::int16_t* pixels, float* out, int n)

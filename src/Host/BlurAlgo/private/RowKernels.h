@@ -23,10 +23,6 @@ struct Pair
 /// out[i] = middle[i] * middleWeight + (left[i] + right[i]) * weight + ..., added up in the order of the pairs.
 void weightedSum(const float* middle, float middleWeight, std::span<const Pair> pairs, float* out, int n);
 
-/// How many zeros there are before the first, or after the last, of n samples that is not zero; n if there is none.
-int zerosAtStart(const float* in, int n);
-int zerosAtEnd(const float* in, int n);
-
 /// out[i] = the first channel of pixel i, for pixels of four channels.
 void loadRed(const std::int16_t* pixels, float* out, int n);
 void loadRed(const float* pixels, float* out, int n);
