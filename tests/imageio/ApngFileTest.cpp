@@ -1,6 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Animated PNG files, taken apart chunk by chunk.
+#include "Inflate.h"
+
 #include "QuarvelImageIO/IIO_ApngFile.h"
 
 #include <QDir>
@@ -27,18 +29,6 @@ struct Chunk
 std::uint32_t number(const QByteArray& bytes, qsizetype at)
 {
     return qFromBigEndian<std::uint32_t>(bytes.constData() + at);
-}
-
-// CRC-32 bit by bit, as its definition says.
-std::uint32_t crc(const QByteArray& bytes)
-{
-    std::uint32_t value = 0xffffffffU;
-    for (const char byte : bytes) {
-        value ^= static_cast<std::uint8_t>(byte);
-        for (int bit = 0; bit < 8; ++bit)
-            value = (value & 1U) != 0U ? (value >> 1U) ^ 0xedb88320U : value >> 1U;
-    }
-    return ~value;
 }
 
 class Apng : public testing::Test
@@ -74,7 +64,7 @@ protected:
         std::vector<Chunk> found;
         for (qsizetype at = 8; at + 12 <= bytes.size();) {
             const auto length = static_cast<qsizetype>(number(bytes, at));
-            EXPECT_EQ(number(bytes, at + 8 + length), crc(bytes.mid(at + 4, length + 4)));
+            EXPECT_EQ(number(bytes, at + 8 + length), crc32Of(bytes.mid(at + 4, length + 4)));
             found.push_back({bytes.mid(at + 4, 4), bytes.mid(at + 8, length)});
             at += length + 12;
         }
@@ -89,7 +79,7 @@ protected:
             QByteArray ends(4, '\0');
             qToBigEndian(static_cast<std::uint32_t>(data.size()), ends.data());
             png += ends + type + data;
-            qToBigEndian(crc(type + data), ends.data());
+            qToBigEndian(crc32Of(type + data), ends.data());
             png += ends;
         };
         int current = -1;

@@ -5,6 +5,8 @@
 // it writes depends on its input alone, on every machine.
 #pragma once
 
+#include "QuarvelImageIO/QuarvelImageIOExport.h"
+
 #include <array>
 #include <cstdint>
 #include <span>
@@ -12,7 +14,7 @@
 
 /// Presses pieces of a stream one by one. It keeps its memory from piece to piece, but no memory of what they held. For
 /// one thread at a time.
-class IIO_FastDeflate
+class QUARVELIMAGEIO_EXPORT IIO_FastDeflate
 {
 public:
     IIO_FastDeflate();

@@ -4,6 +4,8 @@
 // themselves, which follow from the lengths alone.
 #pragma once
 
+#include "QuarvelImageIO/QuarvelImageIOExport.h"
+
 #include <cstdint>
 #include <span>
 
@@ -13,7 +15,8 @@
 /// @param counts  how often each symbol occurs; at most 512 symbols, of which at least two occur
 /// @param limit   bits, 1 to 15, enough for the symbols that occur
 /// @param lengths bits per symbol, 0 for those that do not occur; as many as counts
-void IIO_findCodeLengths(std::span<const std::uint32_t> counts, int limit, std::span<std::uint8_t> lengths);
+QUARVELIMAGEIO_EXPORT void IIO_findCodeLengths(std::span<const std::uint32_t> counts, int limit,
+                                               std::span<std::uint8_t> lengths);
 
 /// The codes of these lengths, the first bit lowest, as a stream that is filled from its lowest bit takes them.
-void IIO_findCodes(std::span<const std::uint8_t> lengths, std::span<std::uint16_t> codes);
+QUARVELIMAGEIO_EXPORT void IIO_findCodes(std::span<const std::uint8_t> lengths, std::span<std::uint16_t> codes);

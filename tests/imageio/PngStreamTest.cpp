@@ -1,0 +1,179 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// PNG files byte by byte, and pictures of every shape: the smallest, wide ones, and ones of many bands.
+#include "Inflate.h"
+#include "Pictures.h"
+
+#include "QuarvelImageIO/IIO_PngFile.h"
+
+#include <QImage>
+#include <tbb/global_control.h>
+#include <tbb/task_arena.h>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using PngStream = FolderTest;
+using U16 = std::uint16_t;
+
+constexpr IIO_Compression kCompressions[] = {IIO_Compression::NONE, IIO_Compression::FAST, IIO_Compression::SMALL};
+
+struct Chunk
+{
+    QByteArray type;
+    QByteArray data;
+    bool isSound = false; ///< its checksum fits
+};
+
+std::vector<Chunk> chunksOf(const QByteArray& png)
+{
+    std::vector<Chunk> chunks;
+    for (qsizetype at = 8; at + 12 <= png.size();) {
+        const auto length = static_cast<qsizetype>(qFromBigEndian<std::uint32_t>(png.constData() + at));
+        const QByteArray checked = png.mid(at + 4, 4 + length);
+        chunks.push_back(
+            {checked.left(4), checked.mid(4), png.mid(at + 8 + length, 4) == bigEndian32(crc32Of(checked))});
+        at += 12 + length;
+    }
+    return chunks;
+}
+
+QByteArrayList typesOf(const std::vector<Chunk>& chunks)
+{
+    QByteArrayList types;
+    for (const Chunk& chunk : chunks)
+        types << chunk.type;
+    return types;
+}
+
+QByteArray dataOf(const std::vector<Chunk>& chunks, const QByteArray& type)
+{
+    QByteArray data;
+    for (const Chunk& chunk : chunks)
+        data += chunk.type == type ? chunk.data : QByteArray();
+    return data;
+}
+
+// Slopes, flat parts and some noise, as normal maps have them.
+IIO_Picture slopes(int width, int height, const QStringList& channels)
+{
+    std::mt19937 random(5);
+    const auto row = static_cast<int>(channels.size()) * width;
+    return pictureOf<U16>({0, 0, width, height}, {0, 0, width, height}, channels, [=, at = 0]() mutable {
+        const int x = at % row;
+        const int y = at++ / row;
+        return static_cast<U16>(x > 2 * y ? 32768U : static_cast<unsigned>(90 * x + 70 * y) + random() % 8U);
+    });
+}
+
+TEST_F(PngStream, IsWhatItsFormatSays)
+{
+    IIO_Picture picture = pictureOfSamples<U16>(2, 1, IIO_channelsRgba(), {1, 2, 3, 4, 5, 6, 7, 65535});
+    picture.metadata().set(QStringLiteral("Layout"), QStringLiteral("tangent"));
+    ASSERT_TRUE(IIO_writePng(path(QStringLiteral("p.png")), picture, {.compression = IIO_Compression::NONE}).ok());
+    const QByteArray png = content(QStringLiteral("p.png"));
+    EXPECT_EQ(png.left(8), QByteArray("\x89PNG\r\n\x1a\n"));
+    const auto chunks = chunksOf(png);
+    EXPECT_EQ(typesOf(chunks), (QByteArrayList{"IHDR", "pHYs", "tEXt", "IDAT", "IEND"}));
+    for (const Chunk& chunk : chunks)
+        EXPECT_TRUE(chunk.isSound) << chunk.type.toStdString();
+    // 2 x 1 pixels of 16 bits, colours with coverage, deflate, filters, not interlaced; 96 dots an inch.
+    EXPECT_EQ(chunks[0].data.toHex(), "00000002000000011006000000");
+    EXPECT_EQ(chunks[1].data.toHex(), "00000ec400000ec401");
+    EXPECT_EQ(chunks[2].data, QByteArray("Layout\0tangent", 14));
+    // No filter, then the samples, high byte first.
+    EXPECT_EQ(inflated(chunks[3].data, 17).toHex(), "00000100020003000400050006"
+                                                    "0007ffff");
+    EXPECT_TRUE(chunks[4].data.isEmpty());
+}
+
+TEST_F(PngStream, FiltersByTheLeftNeighbourOrTheOneAbove)
+{
+    // The first row differs least from its left neighbours, the second from the row above, where it is the same.
+    const auto picture = pictureOfSamples<U16>(3, 2, IIO_channelsGrey(), {256, 257, 258, 256, 257, 258});
+    ASSERT_TRUE(IIO_writePng(path(QStringLiteral("p.png")), picture, {}).ok());
+    const QByteArray data = dataOf(chunksOf(content(QStringLiteral("p.png"))), "IDAT");
+    EXPECT_EQ(inflated(data, 14).toHex(), "01010000010001"
+                                          "02000000000000");
+}
+
+TEST_F(PngStream, TextsThatAreNotLatinAreWrittenAsUtf8)
+{
+    IIO_Picture picture = pictureOfSamples<U16>(1, 1, IIO_channelsGrey(), {1});
+    picture.metadata().set(QStringLiteral("Author"), QString::fromUtf8("筆"));
+    picture.metadata().set(QStringLiteral("Source"), QString::fromUtf8("é"));
+    ASSERT_TRUE(IIO_writePng(path(QStringLiteral("p.png")), picture, {}).ok());
+    const auto chunks = chunksOf(content(QStringLiteral("p.png")));
+    EXPECT_EQ(dataOf(chunks, "iTXt"), QByteArray("Author\0\0\0\0\0\xe7\xad\x86", 14));
+    EXPECT_EQ(dataOf(chunks, "tEXt"), QByteArray("Source\0\xe9", 8));
+}
+
+struct Shape
+{
+    const char* name;
+    int width;
+    int height;
+};
+
+class PngShape : public FolderTest, public testing::WithParamInterface<Shape>
+{
+protected:
+    QString file() const { return path(QStringLiteral("p.png")); }
+    IIO_Picture picture(const QStringList& channels) const
+    {
+        return slopes(GetParam().width, GetParam().height, channels);
+    }
+};
+
+TEST_P(PngShape, ComesBackInEveryForm)
+{
+    for (const QStringList& channels : {IIO_channelsRgba(), IIO_channelsRgb(), IIO_channelsGrey()})
+        for (const IIO_Compression compression : kCompressions) {
+            const IIO_Picture written = picture(channels);
+            ASSERT_TRUE(IIO_writePng(file(), written, {.compression = compression}).ok());
+            const auto back = IIO_readPng(file());
+            ASSERT_TRUE(back.ok()) << back.error().text.toStdString();
+            EXPECT_EQ(back->channels(), channels);
+            EXPECT_EQ(back->width(), written.width());
+            EXPECT_EQ(back->height(), written.height());
+            EXPECT_TRUE(samplesOf<U16>(*back) == samplesOf<U16>(written));
+        }
+}
+
+// The reader of pictures takes no notice of what stands behind the last row, so this is looked at here.
+TEST_P(PngShape, HasSoundChunksAndEndsWithTheRightChecksum)
+{
+    for (const IIO_Compression compression : kCompressions) {
+        ASSERT_TRUE(IIO_writePng(file(), picture(IIO_channelsRgb()), {.compression = compression}).ok());
+        const auto chunks = chunksOf(content(QStringLiteral("p.png")));
+        for (const Chunk& chunk : chunks)
+            EXPECT_TRUE(chunk.isSound);
+        const qsizetype length = qsizetype{GetParam().height} * (1 + qsizetype{6} * GetParam().width);
+        EXPECT_EQ(inflated(dataOf(chunks, "IDAT"), length).size(), length);
+    }
+}
+
+TEST_P(PngShape, IsTheSameOnAnyNumberOfThreads)
+{
+    const tbb::global_control allowed(tbb::global_control::max_allowed_parallelism, 7);
+    for (const IIO_Compression compression : kCompressions) {
+        QByteArrayList files;
+        for (const int threads : {1, 2, 7})
+            tbb::task_arena(threads).execute([&] {
+                ASSERT_TRUE(IIO_writePng(file(), picture(IIO_channelsRgba()), {.compression = compression}).ok());
+                files << content(QStringLiteral("p.png"));
+            });
+        EXPECT_TRUE(files[0] == files[1]);
+        EXPECT_TRUE(files[0] == files[2]);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Shapes, PngShape,
+                         testing::Values(Shape{"OnePixel", 1, 1}, Shape{"OneColumn", 1, 999}, Shape{"OneRow", 999, 1},
+                                         Shape{"TwoColumnsOfManyBands", 2, 70000},
+                                         Shape{"RowsWiderThanABand", 100000, 3}, Shape{"ManyBands", 700, 500},
+                                         Shape{"Square", 64, 64}),
+                         [](const auto& shape) { return std::string(shape.param.name); });
+
+} // namespace
