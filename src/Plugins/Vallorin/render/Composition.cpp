@@ -5,6 +5,7 @@
 #include "render/Composition.h"
 
 #include "render/NormalBlend.h"
+#include "render/VolumeRowKernels.h"
 
 #include <tbb/parallel_for.h>
 #include <tbb/partitioner.h>
@@ -56,18 +57,19 @@ VallorinRenderHandler::BasicAccumFunctor<Pixel>::BasicAccumFunctor(const Vallori
 template<typename Pixel>
 void VallorinRenderHandler::BasicAccumFunctor<Pixel>::operator()(const tbb::blocked_range<int>& rows) const
 {
-    for (int y = rows.begin(); y < rows.end(); ++y) {
-        std::ranges::fill(_output.row(y), Pixel{});
+    for (int y = rows.begin(); y < rows.end(); ++y)
         composeRow(y);
-    }
 }
 
 template<typename Pixel>
 void VallorinRenderHandler::BasicAccumFunctor<Pixel>::composeRow(int y) const
 {
+    bool isEmpty = true;
     for (const auto& [port, input] : _inputs)
         if (input)
-            composePort(y, port, *input);
+            isEmpty = !composePort(y, port, *input, isEmpty) && isEmpty;
+    if (isEmpty)
+        std::ranges::fill(_output.row(y), Pixel{});
 }
 
 template<typename Pixel>
@@ -78,27 +80,45 @@ Math::Box2di VallorinRenderHandler::BasicAccumFunctor<Pixel>::commonColumns(int 
     return result ? common.getIntersection(result->allocatedRect()) : common;
 }
 
+// While nothing is there, the row is not read, and not cleared before it is written: it may hold anything.
 template<typename Pixel>
-void VallorinRenderHandler::BasicAccumFunctor<Pixel>::composePort(int y, int port, const Pixmap& input) const
+bool VallorinRenderHandler::BasicAccumFunctor<Pixel>::composePort(int y, int port, const Pixmap& input,
+                                                                  bool isEmpty) const
 {
     const int objectId = (*_portIds)[static_cast<std::size_t>(port)];
     const auto found = _results.find(objectId);
     const Pixmap* result = objectId > 0 && found != _results.end() ? found->second.get() : nullptr;
-    if (objectId < 0 || (objectId > 0 && !result))
-        return;
+    if (objectId < 0 || (objectId > 0 && !result) || (objectId == 0 && isEmpty))
+        return false;
     const Math::Box2di common = commonColumns(y, input, result);
     if (common.isEmpty())
-        return;
+        return false;
     PortRow row{columns(_output, y, common), columns(input, y, common), {}};
     if (objectId == 0) {
         cutOut(row);
-        return;
+        return true;
     }
     row.result = columns(*result, y, common);
-    if (_generateNormals)
-        blendNormals(row, objectId);
-    else
+    if (isEmpty)
+        clearAround(y, common, !_generateNormals);
+    if (!_generateNormals)
         raise(row, objectId);
+    else if (isEmpty)
+        VolumeRowKernels::placeNormals(row.input, row.result.data(),
+                                       {_depthInBlue, static_cast<std::int16_t>(objectId)}, row.output.data());
+    else
+        blendNormals(row, objectId);
+    return true;
+}
+
+template<typename Pixel>
+void VallorinRenderHandler::BasicAccumFunctor<Pixel>::clearAround(int y, const Math::Box2di& kept, bool keptToo) const
+{
+    const std::span<Pixel> row = _output.row(y);
+    const auto first = static_cast<std::size_t>(keptToo ? _x2 - _x1 : kept.x1 - _x1);
+    const auto end = static_cast<std::size_t>(kept.x2 - _x1);
+    std::ranges::fill(row.first(first), Pixel{});
+    std::ranges::fill(row.subspan(std::max(first, end)), Pixel{});
 }
 
 template<typename Pixel>

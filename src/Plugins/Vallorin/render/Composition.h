@@ -30,7 +30,10 @@ private:
     struct PortRow;
 
     void composeRow(int y) const;
-    void composePort(int y, int port, const Pixmap& input) const;
+    /// @param isEmpty whether no port has written to the row yet
+    /// @return whether this one has
+    bool composePort(int y, int port, const Pixmap& input, bool isEmpty) const;
+    void clearAround(int y, const Math::Box2di& kept, bool keptToo) const;
     void cutOut(const PortRow& row) const;
     void blendNormals(const PortRow& row, int objectId) const;
     void raise(const PortRow& row, int objectId) const;

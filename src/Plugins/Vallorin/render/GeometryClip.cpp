@@ -1,7 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Rows of bytes, which the compiler turns into vectors. The last five spread rows are kept.
+// Rows of bytes, 1 where there is something. The last five spread rows are kept.
 #include "render/GeometryClip.h"
+
+#include "render/VolumeRowKernels.h"
 
 #include <algorithm>
 
@@ -23,9 +25,8 @@ NearGeometry::NearGeometry(const CEL_PixmapAreaZ& mask, const Math::Box2di& rect
 std::span<const std::uint8_t> NearGeometry::nextRow(int y)
 {
     spread(y + kReach);
-    for (std::size_t i = 0; i < _near.size(); ++i)
-        _near[i] =
-            static_cast<std::uint8_t>(_spread[0][i] | _spread[1][i] | _spread[2][i] | _spread[3][i] | _spread[4][i]);
+    VolumeRowKernels::uniteMarks(
+        {_spread[0].data(), _spread[1].data(), _spread[2].data(), _spread[3].data(), _spread[4].data()}, _near);
     return _near;
 }
 
@@ -40,12 +41,9 @@ void NearGeometry::spread(int y)
     const int first = std::max(rect.x1, _reach.x1 - kReach);
     const int end = std::min(rect.x2, _reach.x2 + kReach);
     const CEL_PixelFloat* const source = _mask.row(y).data() + (first - rect.x1);
-    std::uint8_t* const geometry = _geometry.data() + (first - _reach.x1 + kReach);
-    for (int i = 0; i < end - first; ++i)
-        geometry[i] = static_cast<std::uint8_t>(source[i].value > 0.0F);
-    const std::uint8_t* const g = _geometry.data();
-    for (std::size_t i = 0; i < row.size(); ++i)
-        row[i] = static_cast<std::uint8_t>(g[i] | g[i + 1] | g[i + 2] | g[i + 3] | g[i + 4]);
+    VolumeRowKernels::markPositive({&source->value, static_cast<std::size_t>(end - first)},
+                                   _geometry.data() + (first - _reach.x1 + kReach));
+    VolumeRowKernels::spreadMarks(_geometry.data(), row);
 }
 
 std::vector<std::uint8_t>& NearGeometry::rowFor(int y)

@@ -43,35 +43,43 @@ HWY_INLINE void forLanes(std::size_t count, const Body& body)
 
 // ---- the mask
 
-// Nearly all pixels are covered fully or not at all, where the product is known. The others are left to the formula.
-void weigh16(std::span<const CEL_PixelRGBA16> accumulated, float* HWY_RESTRICT mask)
+void weigh16OneByOne(std::span<const CEL_PixelRGBA16> accumulated, float* mask)
 {
     using Traits = VolumeTraits<CEL_PixelRGBA16>;
-    const hn::ScalableTag<float> df;
-    const hn::Rebind<std::int16_t, decltype(df)> d16;
-    const hn::Rebind<std::int32_t, decltype(df)> d32;
-    const std::size_t step = hn::Lanes(df);
-    const auto weighted = [&](std::size_t i) {
-        return static_cast<float>(Traits::weighted(accumulated[i].r, accumulated[i].a));
-    };
+    for (std::size_t i = 0; i < accumulated.size(); ++i)
+        mask[i] = static_cast<float>(Traits::weighted(accumulated[i].r, accumulated[i].a));
+}
+
+#if HWY_TARGET == HWY_SCALAR
+void weigh16(std::span<const CEL_PixelRGBA16> accumulated, float* mask)
+{
+    weigh16OneByOne(accumulated, mask);
+}
+#else
+// Nearly all pixels are covered fully or not at all, where the product is known. The others are left to the formula.
+// Two channels are looked at as one 32-bit lane: those of even numbers hold red and green, the others blue and alpha.
+void weigh16(std::span<const CEL_PixelRGBA16> accumulated, float* HWY_RESTRICT mask)
+{
+    const hn::ScalableTag<std::int32_t> d;
+    const hn::Repartition<float, decltype(d)> df;
+    const hn::Repartition<std::int16_t, decltype(d)> d16;
+    const std::size_t step = hn::Lanes(d);
     std::size_t i = 0;
     for (; i + step <= accumulated.size(); i += step) {
-        hn::Vec<decltype(d16)> r;
-        hn::Vec<decltype(d16)> g;
-        hn::Vec<decltype(d16)> b;
-        hn::Vec<decltype(d16)> a;
-        hn::LoadInterleaved4(d16, &accumulated[i].r, r, g, b, a);
-        const auto none = hn::Eq(a, hn::Zero(d16));
-        const auto known = hn::Or(none, hn::Eq(a, hn::Set(d16, Traits::kFull)));
-        if (hn::AllTrue(d16, known))
-            hn::StoreU(hn::ConvertTo(df, hn::PromoteTo(d32, hn::IfThenZeroElse(none, r))), df, mask + i);
+        const auto low = hn::BitCast(d, hn::LoadU(d16, &accumulated[i].r));
+        const auto high = hn::BitCast(d, hn::LoadU(d16, &accumulated[i + step / 2].r));
+        const auto r = hn::ShiftRight<16>(hn::ShiftLeft<16>(hn::ConcatEven(d, high, low)));
+        const auto a = hn::ShiftRight<16>(hn::ConcatOdd(d, high, low));
+        const auto none = hn::Eq(a, hn::Zero(d));
+        const auto known = hn::Or(none, hn::Eq(a, hn::Set(d, 32767)));
+        if (hn::AllTrue(d, known))
+            hn::StoreU(hn::ConvertTo(df, hn::IfThenZeroElse(none, r)), df, mask + i);
         else
-            for (std::size_t k = i; k < i + step; ++k)
-                mask[k] = weighted(k);
+            weigh16OneByOne(accumulated.subspan(i, step), mask + i);
     }
-    for (; i < accumulated.size(); ++i)
-        mask[i] = weighted(i);
+    weigh16OneByOne(accumulated.subspan(i), mask + i);
 }
+#endif
 
 void weighFloat(std::span<const CEL_PixelRGBAFloat> accumulated, float* HWY_RESTRICT mask)
 {
@@ -82,6 +90,39 @@ void weighFloat(std::span<const CEL_PixelRGBAFloat> accumulated, float* HWY_REST
         hn::Vec<decltype(d)> a;
         hn::LoadInterleaved4(d, &accumulated[i].r, r, g, b, a);
         hn::StoreU(hn::Mul(r, a), d, mask + i);
+    });
+}
+
+// ---- what is near geometry
+
+void markRow(std::span<const float> values, std::uint8_t* HWY_RESTRICT marks)
+{
+    forLanes<float>(values.size(), [&](auto d, std::size_t i) HWY_ATTR {
+        const hn::Rebind<std::int32_t, decltype(d)> d32;
+        const hn::Rebind<std::uint8_t, decltype(d)> d8;
+        const auto positive = hn::Gt(hn::LoadU(d, values.data() + i), hn::Zero(d));
+        const auto ones = hn::IfThenElseZero(hn::RebindMask(d32, positive), hn::Set(d32, 1));
+        hn::StoreU(hn::DemoteTo(d8, ones), d8, marks + i);
+    });
+}
+
+void spreadRow(const std::uint8_t* HWY_RESTRICT marks, std::span<std::uint8_t> spread)
+{
+    forLanes<std::uint8_t>(spread.size(), [&](auto d, std::size_t i) HWY_ATTR {
+        auto any = hn::LoadU(d, marks + i);
+        for (std::size_t offset = 1; offset <= 4; ++offset)
+            any = hn::Or(any, hn::LoadU(d, marks + i + offset));
+        hn::StoreU(any, d, spread.data() + i);
+    });
+}
+
+void uniteRows(const std::array<const std::uint8_t*, 5>& rows, std::span<std::uint8_t> united)
+{
+    forLanes<std::uint8_t>(united.size(), [&](auto d, std::size_t i) HWY_ATTR {
+        auto any = hn::LoadU(d, rows[0] + i);
+        for (std::size_t row = 1; row < rows.size(); ++row)
+            any = hn::Or(any, hn::LoadU(d, rows[row] + i));
+        hn::StoreU(any, d, united.data() + i);
     });
 }
 
@@ -185,7 +226,8 @@ struct Format16
     template<class D>
     static HWY_INLINE auto encoded(D d, hn::Vec<D> n)
     {
-        const auto scaled = hn::Mul(hn::Mul(hn::Add(n, hn::Set(d, 1.0)), hn::Set(d, 0.5)), hn::Set(d, 32767.0));
+        // Half of 32767: halving alone would be exact.
+        const auto scaled = hn::Mul(hn::Add(n, hn::Set(d, 1.0)), hn::Set(d, 16383.5));
         const auto rounded = hn::Min(hn::Add(scaled, hn::Set(d, 0.5)), hn::Set(d, 32767.0));
         return hn::DemoteTo(CodeTag<D>(), rounded);
     }
@@ -457,12 +499,18 @@ HWY_INLINE void smoothRow(const NormalRows& n, const DepthRows& depth, const flo
         const auto x = sumAround(d, n.above.x + i, n.here.x + i, n.below.x + i);
         const auto y = sumAround(d, n.above.y + i, n.here.y + i, n.below.y + i);
         const auto z = sumAround(d, n.above.z + i, n.here.z + i, n.below.z + i);
+        const auto length = lengthOf(d, x, y, z);
         // A sum that cancels out stays zero; any other is far longer than the smallest double.
-        const auto divisor = hn::Max(lengthOf(d, x, y, z), hn::Set(d, std::numeric_limits<double>::min()));
-        const auto any = existsAround<Format>(d, depth, i);
-        storePixels<Format>(d, hn::IfThenElseZero(any, Format::encoded(d, hn::Div(x, divisor))),
-                            hn::IfThenElseZero(any, Format::encoded(d, hn::Div(y, divisor))), depth.here + i, share + i,
-                            pixels.data() + i);
+        const auto divisor = hn::Max(length, hn::Set(d, std::numeric_limits<double>::min()));
+        auto r = Format::encoded(d, hn::Div(x, divisor));
+        auto g = Format::encoded(d, hn::Div(y, divisor));
+        // A sum that is not zero has summands.
+        if (!hn::AllTrue(d, hn::Gt(length, hn::Zero(d)))) {
+            const auto any = existsAround<Format>(d, depth, i);
+            r = hn::IfThenElseZero(any, r);
+            g = hn::IfThenElseZero(any, g);
+        }
+        storePixels<Format>(d, r, g, depth.here + i, share + i, pixels.data() + i);
     });
 }
 
@@ -477,6 +525,48 @@ void smoothFloat(const NormalRows& normals, const DepthRows& depth, const float*
     smoothRow<FormatFloat>(normals, depth, share, pixels);
 }
 
+// ---- the output
+
+void place16OneByOne(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+                     CEL_PixelRGBA16* output)
+{
+    using Traits = VolumeTraits<CEL_PixelRGBA16>;
+    for (std::size_t i = 0; i < coverage.size(); ++i) {
+        const std::int16_t a = coverage[i].a;
+        const std::int16_t alpha = Traits::isSaturated(a) ? Traits::kFull : a;
+        const std::int16_t b = blue.isElevation ? object[i].b : blue.number;
+        output[i] = a > 0 ? CEL_PixelRGBA16{object[i].r, object[i].g, b, alpha} : CEL_PixelRGBA16{};
+    }
+}
+
+#if HWY_TARGET == HWY_SCALAR
+void place16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+             CEL_PixelRGBA16* output)
+{
+    place16OneByOne(coverage, object, blue, output);
+}
+#else
+// A pixel is one 64-bit lane, with red in its lowest bits.
+void place16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+             CEL_PixelRGBA16* HWY_RESTRICT output)
+{
+    const hn::ScalableTag<std::int64_t> d;
+    const hn::Repartition<std::int16_t, decltype(d)> d16;
+    const auto kept = hn::Set(d, blue.isElevation ? 0x0000FFFFFFFFFFFF : 0x00000000FFFFFFFF);
+    const auto given = hn::Set(d, blue.isElevation ? 0 : std::int64_t{static_cast<std::uint16_t>(blue.number)} << 32);
+    const auto full = hn::Set(d, 32767);
+    std::size_t i = 0;
+    for (; i + hn::Lanes(d) <= coverage.size(); i += hn::Lanes(d)) {
+        const auto a = hn::ShiftRight<48>(hn::BitCast(d, hn::LoadU(d16, &coverage[i].r)));
+        const auto alpha = hn::IfThenElse(hn::Gt(a, hn::Set(d, 32439)), full, a);
+        const auto pixel = hn::And(hn::BitCast(d, hn::LoadU(d16, &object[i].r)), kept);
+        const auto placed = hn::Or(hn::Or(pixel, given), hn::ShiftLeft<48>(alpha));
+        hn::StoreU(hn::BitCast(d16, hn::IfThenElseZero(hn::Gt(a, hn::Zero(d)), placed)), d16, &output[i].r);
+    }
+    place16OneByOne(coverage.subspan(i), object + i, blue, output + i);
+}
+#endif
+
 } // namespace VolumeRowKernels::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
 
@@ -485,6 +575,9 @@ namespace VolumeRowKernels {
 
 HWY_EXPORT(weigh16);
 HWY_EXPORT(weighFloat);
+HWY_EXPORT(markRow);
+HWY_EXPORT(spreadRow);
+HWY_EXPORT(uniteRows);
 HWY_EXPORT(settleAny);
 HWY_EXPORT(shareRow);
 HWY_EXPORT(raiseRow);
@@ -494,6 +587,7 @@ HWY_EXPORT(readBack16);
 HWY_EXPORT(readBackFloat);
 HWY_EXPORT(smooth16);
 HWY_EXPORT(smoothFloat);
+HWY_EXPORT(place16);
 
 void weigh(std::span<const CEL_PixelRGBA16> accumulated, float* mask)
 {
@@ -503,6 +597,21 @@ void weigh(std::span<const CEL_PixelRGBA16> accumulated, float* mask)
 void weigh(std::span<const CEL_PixelRGBAFloat> accumulated, float* mask)
 {
     HWY_DYNAMIC_DISPATCH(weighFloat)(accumulated, mask);
+}
+
+void markPositive(std::span<const float> values, std::uint8_t* marks)
+{
+    HWY_DYNAMIC_DISPATCH(markRow)(values, marks);
+}
+
+void spreadMarks(const std::uint8_t* marks, std::span<std::uint8_t> spread)
+{
+    HWY_DYNAMIC_DISPATCH(spreadRow)(marks, spread);
+}
+
+void uniteMarks(const std::array<const std::uint8_t*, 5>& rows, std::span<std::uint8_t> united)
+{
+    HWY_DYNAMIC_DISPATCH(uniteRows)(rows, united);
 }
 
 void settle(std::span<float> values, Rounding rounding, const std::uint8_t* isNear, PositiveSpan& span)
@@ -550,6 +659,24 @@ void storeSmoothedNormals(const NormalRows& normals, const DepthRows& depth, con
                           std::span<CEL_PixelRGBAFloat> pixels)
 {
     HWY_DYNAMIC_DISPATCH(smoothFloat)(normals, depth, share, pixels);
+}
+
+void placeNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+                  CEL_PixelRGBA16* output)
+{
+    HWY_DYNAMIC_DISPATCH(place16)(coverage, object, blue, output);
+}
+
+void placeNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
+                  CEL_PixelRGBAFloat* output)
+{
+    using Traits = VolumeTraits<CEL_PixelRGBAFloat>;
+    for (std::size_t i = 0; i < coverage.size(); ++i) {
+        const float a = coverage[i].a;
+        const float alpha = Traits::isSaturated(a) ? Traits::kFull : a;
+        const float b = blue.isElevation ? object[i].b : 0.0F;
+        output[i] = a > 0 ? CEL_PixelRGBAFloat{object[i].r, object[i].g, b, alpha} : CEL_PixelRGBAFloat{};
+    }
 }
 
 } // namespace VolumeRowKernels

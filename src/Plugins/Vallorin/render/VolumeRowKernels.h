@@ -11,6 +11,7 @@
 #include "QuarvelCelCore/CEL_Pixels.h"
 #include "render/PositiveSpan.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -20,6 +21,15 @@ namespace VolumeRowKernels {
 /// mask[i] = value times coverage of accumulated[i] (VolumeTraits::weighted).
 void weigh(std::span<const CEL_PixelRGBA16> accumulated, float* mask);
 void weigh(std::span<const CEL_PixelRGBAFloat> accumulated, float* mask);
+
+/// marks[i] = 1 where values[i] is positive, else 0.
+void markPositive(std::span<const float> values, std::uint8_t* marks);
+
+/// spread[i] = 1 where one of marks[i] ... marks[i + 4] is 1: marks has four more.
+void spreadMarks(const std::uint8_t* marks, std::span<std::uint8_t> spread);
+
+/// united[i] = 1 where one of the rows has 1.
+void uniteMarks(const std::array<const std::uint8_t*, 5>& rows, std::span<std::uint8_t> united);
 
 /// What settle() does to blurred values before they count.
 enum class Rounding
@@ -81,5 +91,19 @@ void storeSmoothedNormals(const NormalRows& normals, const DepthRows& depth, con
                           std::span<CEL_PixelRGBA16> pixels);
 void storeSmoothedNormals(const NormalRows& normals, const DepthRows& depth, const float* share,
                           std::span<CEL_PixelRGBAFloat> pixels);
+
+/// What becomes the blue of an output.
+struct Blue
+{
+    bool isElevation;    ///< the object's own blue, otherwise
+    std::int16_t number; ///< this; float output has 0 instead
+};
+
+/// Composes an object over nothing: output[i] is the object's pixel where the coverage's alpha is above 0, with that
+/// alpha (full where it is saturated), and zero elsewhere.
+void placeNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+                  CEL_PixelRGBA16* output);
+void placeNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
+                  CEL_PixelRGBAFloat* output);
 
 } // namespace VolumeRowKernels
