@@ -85,6 +85,21 @@ TEST(NormalMap, TheDiagonalsCountOnlyWhereAllFourArePresent)
     EXPECT_EQ(normalAt(*depth, 3, 3, EIGHT_NEIGHBOURS), normalAt(*depth, 3, 3, FOUR_NEIGHBOURS));
 }
 
+TEST(NormalMap, TwoSlopesThatNearlyCancelOutAreNotLevel)
+{
+    // The axes give a normal of x = -1 / sqrt(5), the diagonals one of x = 2 / sqrt(20 + 3.2e-8): their sum is
+    // -3.6e-10, which single precision takes for 0. It is stored just below the middle.
+    const auto depth = filledDepth(3, 3, 100.0F);
+    constexpr float kTilt = 9e-5F;
+    depth->at(0, 1).value = 99.5F;
+    depth->at(2, 1).value = 100.5F;
+    depth->at(0, 0).value = 101.0F;
+    depth->at(2, 2).value = 100.0F + kTilt;
+    depth->at(2, 0).value = 100.0F;
+    depth->at(0, 2).value = 101.0F + kTilt;
+    EXPECT_EQ(normalAt(*depth, 1, 1, EIGHT_NEIGHBOURS).r, kMiddle - 1);
+}
+
 TEST(NormalMap, SmoothingLeavesAPixelWithoutAnyNormalAround)
 {
     EXPECT_EQ(normalAt(*filledDepth(3, 3, 0.0F), 1, 1, EIGHT_NEIGHBOURS_SMOOTHED), (Pixel16{0, 0, 32767, 0}));

@@ -16,6 +16,7 @@
 #include "render/PixelTraits.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 
 #undef HWY_TARGET_INCLUDE
@@ -214,20 +215,34 @@ void raiseRow(std::span<const float> share, double rise, float* HWY_RESTRICT dep
 
 // ---- storing
 
-/// How 16-bit pixels hold normals.
+/// Rows are worked on in runs of so many pixels, so that what is in between stays in the first-level cache.
+constexpr std::size_t kRun = 256;
+
+template<typename Value>
+using Run = std::array<Value, kRun>;
+
+/// Calls work(i, count) for runs of a row.
+template<typename Work>
+HWY_INLINE void forRuns(std::size_t count, const Work& work)
+{
+    for (std::size_t i = 0; i < count; i += kRun)
+        work(i, std::min(kRun, count - i));
+}
+
+/// How 16-bit pixels hold normals. Codes are the channels' integers, in 32 bits.
 struct Format16
 {
     using Pixel = CEL_PixelRGBA16;
+    using Code = std::int32_t;
 
     template<class D>
-    using CodeTag = hn::Rebind<std::int32_t, D>;
+    using CodeTag = hn::Rebind<Code, D>;
 
     /// VolumeTraits::component.
     template<class D>
     static HWY_INLINE auto encoded(D d, hn::Vec<D> n)
     {
-        // Half of 32767: halving alone would be exact.
-        const auto scaled = hn::Mul(hn::Add(n, hn::Set(d, 1.0)), hn::Set(d, 16383.5));
+        const auto scaled = hn::Mul(hn::Mul(hn::Add(n, hn::Set(d, 1.0)), hn::Set(d, 0.5)), hn::Set(d, 32767.0));
         const auto rounded = hn::Min(hn::Add(scaled, hn::Set(d, 0.5)), hn::Set(d, 32767.0));
         return hn::DemoteTo(CodeTag<D>(), rounded);
     }
@@ -250,13 +265,11 @@ struct Format16
 
     /// Two channels make one 32-bit word: those in the low half are not negative.
     template<class D>
-    static HWY_INLINE void store(D, hn::Vec<CodeTag<D>> r, hn::Vec<CodeTag<D>> g, hn::Vec<CodeTag<D>> b,
-                                 hn::Vec<CodeTag<D>> a, Pixel* pixels)
+    static HWY_INLINE void store(D d, hn::Vec<D> r, hn::Vec<D> g, hn::Vec<D> b, hn::Vec<D> a, Pixel* pixels)
     {
-        const CodeTag<D> d32;
         const auto redGreen = hn::Or(r, hn::ShiftLeft<16>(g));
         const auto blueAlpha = hn::Or(b, hn::ShiftLeft<16>(a));
-        hn::StoreInterleaved2(redGreen, blueAlpha, d32, reinterpret_cast<std::int32_t*>(pixels));
+        hn::StoreInterleaved2(redGreen, blueAlpha, d, reinterpret_cast<std::int32_t*>(pixels));
     }
 };
 
@@ -264,6 +277,7 @@ struct Format16
 struct FormatFloat
 {
     using Pixel = CEL_PixelRGBAFloat;
+    using Code = float;
 
     template<class D>
     using CodeTag = hn::Rebind<float, D>;
@@ -287,135 +301,292 @@ struct FormatFloat
     }
 
     template<class D>
-    static HWY_INLINE void store(D, hn::Vec<CodeTag<D>> r, hn::Vec<CodeTag<D>> g, hn::Vec<CodeTag<D>> b,
-                                 hn::Vec<CodeTag<D>> a, Pixel* pixels)
+    static HWY_INLINE void store(D d, hn::Vec<D> r, hn::Vec<D> g, hn::Vec<D> b, hn::Vec<D> a, Pixel* pixels)
     {
-        hn::StoreInterleaved4(r, g, b, a, CodeTag<D>(), &pixels->r);
+        hn::StoreInterleaved4(r, g, b, a, d, &pixels->r);
     }
 };
 
-template<class D>
-using FloatTag = hn::Rebind<float, D>;
-
-/// Where there is a depth, as a mask of the codes' lanes.
-template<class Format, class D>
-HWY_INLINE auto existsAt(D, const float* depth)
+/// Red and green of a run of pixels, as they are stored.
+template<class Format>
+struct CodeRun
 {
-    const FloatTag<D> df;
-    const typename Format::template CodeTag<D> dc;
-    return hn::RebindMask(dc, hn::Ne(hn::LoadU(df, depth), hn::Zero(df)));
-}
+    Run<typename Format::Code> r;
+    Run<typename Format::Code> g;
+};
 
-/// Pixels from their encoded red and green, which are 0 where nothing is to be stored in them.
-template<class Format, class D>
-HWY_INLINE void storePixels(D d, hn::Vec<typename Format::template CodeTag<D>> r,
-                            hn::Vec<typename Format::template CodeTag<D>> g, const float* depth, const float* share,
-                            typename Format::Pixel* pixels)
+/// Stores a run. Red and green are kept where keeps(d, i) says so, and 0 elsewhere.
+template<class Format, typename Keeps>
+HWY_INLINE void storeRun(const CodeRun<Format>& codes, const float* depth, const float* share, std::size_t count,
+                         typename Format::Pixel* pixels, const Keeps& keeps)
 {
-    const typename Format::template CodeTag<D> dc;
-    const auto exists = existsAt<Format>(d, depth);
-    const auto full = hn::Set(dc, VolumeTraits<typename Format::Pixel>::kFull);
-    const auto elevation = Format::elevation(d, hn::LoadU(FloatTag<D>(), share));
-    Format::store(d, r, g, hn::IfThenElse(exists, elevation, full), hn::IfThenElseZero(exists, full), pixels);
+    using Code = typename Format::Code;
+    Run<Code> elevations;
+    forLanes<double>(count, [&](auto d, std::size_t i) HWY_ATTR {
+        const hn::Rebind<float, decltype(d)> df;
+        const hn::Rebind<Code, decltype(d)> dc;
+        hn::StoreU(Format::elevation(d, hn::LoadU(df, share + i)), dc, elevations.data() + i);
+    });
+    forLanes<Code>(count, [&](auto d, std::size_t i) HWY_ATTR {
+        const hn::Rebind<float, decltype(d)> df;
+        const auto exists = hn::RebindMask(d, hn::Ne(hn::LoadU(df, depth + i), hn::Zero(df)));
+        const auto kept = keeps(d, i, exists);
+        const auto full = hn::Set(d, Code{VolumeTraits<typename Format::Pixel>::kFull});
+        Format::store(d, hn::IfThenElseZero(kept, hn::LoadU(d, codes.r.data() + i)),
+                      hn::IfThenElseZero(kept, hn::LoadU(d, codes.g.data() + i)),
+                      hn::IfThenElse(exists, hn::LoadU(d, elevations.data() + i), full),
+                      hn::IfThenElseZero(exists, full), pixels + i);
+    });
 }
 
 // ---- normals
 
 template<class D>
-struct Direction
+struct Vector3
 {
     hn::Vec<D> x;
     hn::Vec<D> y;
+    hn::Vec<D> z;
 };
 
 template<class D>
-HWY_INLINE hn::Vec<D> lengthOf(D, hn::Vec<D> x, hn::Vec<D> y, hn::Vec<D> z)
+HWY_INLINE hn::Vec<D> lengthOf(D, const Vector3<D>& v)
 {
-    return hn::Sqrt(hn::Add(hn::Add(hn::Mul(x, x), hn::Mul(y, y)), hn::Mul(z, z)));
+    return hn::Sqrt(hn::Add(hn::Add(hn::Mul(v.x, v.x), hn::Mul(v.y, v.y)), hn::Mul(v.z, v.z)));
 }
 
 template<class D>
-HWY_INLINE hn::Vec<FloatTag<D>> depthAt(D, const float* depth, std::size_t i, std::ptrdiff_t offset)
+HWY_INLINE Vector3<D> unitOf(D d, const Vector3<D>& v)
 {
-    return hn::LoadU(FloatTag<D>(), depth + static_cast<std::ptrdiff_t>(i) + offset);
+    const auto length = lengthOf(d, v);
+    return {hn::Div(v.x, length), hn::Div(v.y, length), hn::Div(v.z, length)};
 }
 
-template<class V>
-HWY_INLINE auto areThere(V a, V b, V c, V d)
-{
-    const auto zero = hn::Zero(hn::DFromV<V>());
-    return hn::And(hn::And(hn::Ne(a, zero), hn::Ne(b, zero)), hn::And(hn::Ne(c, zero), hn::Ne(d, zero)));
-}
-
-/// A normal from the axis neighbours, the length of its vector before it was normalised, and where there are all four.
 template<class D>
-struct AxisNormal
+HWY_INLINE Vector3<D> sumOf(D, const Vector3<D>& a, const Vector3<D>& b)
 {
-    Direction<D> direction;
-    hn::Vec<D> length;
-    hn::Mask<FloatTag<D>> exists;
+    return {hn::Add(a.x, b.x), hn::Add(a.y, b.y), hn::Add(a.z, b.z)};
+}
+
+/// Differences of opposite neighbours, in float as depths are stored.
+template<class DF>
+struct Differences
+{
+    hn::Vec<DF> first;
+    hn::Vec<DF> second;
+    hn::Mask<DF> exist; ///< where all four neighbours are there
 };
 
-/// The differences of opposite neighbours, in float as depths are stored. They are zero where one of the neighbours is
-/// black: a level place stores the same x and y as the zero normal.
-template<class D>
-HWY_INLINE AxisNormal<D> axisNormalAt(D d, const DepthRows& z, std::size_t i)
+template<class DF>
+HWY_INLINE Differences<DF> differencesOf(DF d, const float* a, const float* b, const float* c, const float* e)
 {
-    const auto left = depthAt(d, z.here, i, -1);
-    const auto right = depthAt(d, z.here, i, 1);
-    const auto above = depthAt(d, z.above, i, 0);
-    const auto below = depthAt(d, z.below, i, 0);
-    const auto exists = areThere(left, right, above, below);
-    const auto x = hn::Neg(hn::PromoteTo(d, hn::IfThenElseZero(exists, hn::Sub(right, left))));
-    const auto y = hn::Neg(hn::PromoteTo(d, hn::IfThenElseZero(exists, hn::Sub(below, above))));
-    const auto length = lengthOf(d, x, y, hn::Set(d, 2.0));
-    return {{hn::Div(x, length), hn::Div(y, length)}, length, exists};
+    const auto zero = hn::Zero(d);
+    const auto va = hn::LoadU(d, a);
+    const auto vb = hn::LoadU(d, b);
+    const auto vc = hn::LoadU(d, c);
+    const auto ve = hn::LoadU(d, e);
+    const auto exist =
+        hn::And(hn::And(hn::Ne(va, zero), hn::Ne(vb, zero)), hn::And(hn::Ne(vc, zero), hn::Ne(ve, zero)));
+    return {hn::Sub(vb, va), hn::Sub(ve, vc), exist};
 }
 
-/// The mean of a normal with that of the diagonals, where all eight neighbours are there.
-template<class D>
-HWY_INLINE Direction<D> withDiagonals(D d, const AxisNormal<D>& axis, const DepthRows& z, std::size_t i)
+/// Right - left and below - above, which are zero where one of them is black: a level place stores the same x and y as
+/// the zero normal.
+template<class DF>
+HWY_INLINE Differences<DF> axisDifferences(DF d, const DepthRows& z, std::size_t i)
 {
-    const FloatTag<D> df;
-    const auto aboveLeft = depthAt(d, z.above, i, -1);
-    const auto aboveRight = depthAt(d, z.above, i, 1);
-    const auto belowLeft = depthAt(d, z.below, i, -1);
-    const auto belowRight = depthAt(d, z.below, i, 1);
-    const auto falling = hn::PromoteTo(d, hn::Sub(belowRight, aboveLeft));
-    const auto rising = hn::PromoteTo(d, hn::Sub(belowLeft, aboveRight));
-    const auto x = hn::Sub(rising, falling);
-    const auto y = hn::Neg(hn::Add(rising, falling));
-    const auto length = lengthOf(d, x, y, hn::Set(d, 4.0));
-    const auto sumX = hn::Add(axis.direction.x, hn::Div(x, length));
-    const auto sumY = hn::Add(axis.direction.y, hn::Div(y, length));
-    const auto sumZ = hn::Add(hn::Div(hn::Set(d, 2.0), axis.length), hn::Div(hn::Set(d, 4.0), length));
-    const auto sumLength = lengthOf(d, sumX, sumY, sumZ);
-    // A mask of floats gets as wide as doubles the way floats do.
-    const auto exists = hn::And(axis.exists, areThere(aboveLeft, aboveRight, belowLeft, belowRight));
-    const auto isMean = hn::Ne(hn::PromoteTo(d, hn::IfThenElseZero(exists, hn::Set(df, 1.0F))), hn::Zero(d));
-    return {hn::IfThenElse(isMean, hn::Div(sumX, sumLength), axis.direction.x),
-            hn::IfThenElse(isMean, hn::Div(sumY, sumLength), axis.direction.y)};
+    const Differences<DF> axes = differencesOf(d, z.here + i - 1, z.here + i + 1, z.above + i, z.below + i);
+    return {hn::IfThenElseZero(axes.exist, axes.first), hn::IfThenElseZero(axes.exist, axes.second), axes.exist};
 }
 
+/// Falling: below right - above left, and rising: below left - above right.
+template<class DF>
+HWY_INLINE Differences<DF> diagonalDifferences(DF d, const DepthRows& z, std::size_t i)
+{
+    return differencesOf(d, z.above + i - 1, z.below + i + 1, z.above + i + 1, z.below + i - 1);
+}
+
+/// The vector (-across, -down, 2).
+template<class D>
+HWY_INLINE Vector3<D> axisVector(D d, hn::Vec<D> across, hn::Vec<D> down)
+{
+    return {hn::Neg(across), hn::Neg(down), hn::Set(d, 2)};
+}
+
+/// The vector (rising - falling, -(rising + falling), 4).
+template<class D>
+HWY_INLINE Vector3<D> diagonalVector(D d, hn::Vec<D> falling, hn::Vec<D> rising)
+{
+    return {hn::Sub(rising, falling), hn::Neg(hn::Add(rising, falling)), hn::Set(d, 4)};
+}
+
+/// A mask of floats gets as wide as doubles the way floats do.
+template<class D, class MF>
+HWY_INLINE hn::Mask<D> widened(D d, MF mask)
+{
+    const hn::Rebind<float, D> df;
+    return hn::Ne(hn::PromoteTo(d, hn::IfThenElseZero(mask, hn::Set(df, 1.0F))), hn::Zero(d));
+}
+
+/// The plain formula, in double precision.
 template<bool kDiagonals, class D>
-HWY_INLINE Direction<D> normalAt(D d, const DepthRows& depth, std::size_t i)
+HWY_INLINE Vector3<D> normalAt(D d, const DepthRows& depth, std::size_t i)
 {
-    const AxisNormal<D> axis = axisNormalAt(d, depth, i);
-    if constexpr (kDiagonals)
-        return withDiagonals(d, axis, depth, i);
-    else
-        return axis.direction;
+    const hn::Rebind<float, D> df;
+    const auto axes = axisDifferences(df, depth, i);
+    const auto first = unitOf(d, axisVector(d, hn::PromoteTo(d, axes.first), hn::PromoteTo(d, axes.second)));
+    if constexpr (kDiagonals) {
+        const auto diagonals = diagonalDifferences(df, depth, i);
+        const auto second =
+            unitOf(d, diagonalVector(d, hn::PromoteTo(d, diagonals.first), hn::PromoteTo(d, diagonals.second)));
+        const auto mean = unitOf(d, sumOf(d, first, second));
+        const auto isMean = widened(d, hn::And(axes.exist, diagonals.exist));
+        return {hn::IfThenElse(isMean, mean.x, first.x), hn::IfThenElse(isMean, mean.y, first.y), mean.z};
+    } else {
+        return first;
+    }
+}
+
+/// Red and green of the pixels from first on, by the plain formula.
+template<class Format, bool kDiagonals>
+HWY_INLINE void encodePlainly(const DepthRows& depth, std::size_t first, std::size_t count, CodeRun<Format>& codes)
+{
+    forLanes<double>(count, [&](auto d, std::size_t i) HWY_ATTR {
+        const hn::Rebind<typename Format::Code, decltype(d)> dc;
+        const auto normal = normalAt<kDiagonals>(d, depth, first + i);
+        hn::StoreU(Format::encoded(d, normal.x), dc, codes.r.data() + first + i);
+        hn::StoreU(Format::encoded(d, normal.y), dc, codes.g.data() + first + i);
+    });
+}
+
+// Double precision takes half of the lanes, and its divisions and roots most of a normal's time. 16-bit channels are
+// coarse: single precision nearly always finds the same code, and it is known when. The few others take the plain
+// formula. (A. Ziv, "Fast evaluation of elementary mathematical functions with correctly rounded last bit", 1991,
+// decides roundings so.)
+//
+// The plain formula stores 16384 + floor(m), m = 16383.5 n, but for roundings of less than 1e-11 in double precision.
+// Let u = 2^-24 be the largest relative error of an operation in single precision, and v a vector as axisVector() and
+// diagonalVector() make it. Its components have an error of u at most, its squared length of 5 u, its length's inverse
+// of 4.5 u, and so the components of its unit vector, of 6.5 u. Let a be the sum of both unit vectors' absolute
+// components in x, b in y, and c in z, and L their sum's length. The sum's components are off by 7.5 u a, 7.5 u b and
+// 7.5 u c at most, L by 7.5 u (a + b + c) and a few u of its own, hence n by no more than
+//
+//     7.5 u a / L + |n| 7.5 u (a + b + c) / L + 5 u |n|,     and c <= L.
+//
+// One unit vector alone is within 6.5 u |n|, m adds 1 u. What is checked below is a little wider.
+
+/// A component estimated in single precision, and how far from the plain formula's it may be.
+template<class DF>
+struct Estimate
+{
+    hn::Vec<DF> component;
+    hn::Vec<DF> error;
+};
+
+constexpr float kUnit = 1.0F / 16777216.0F;
+
+/// Codes of estimates, and where they are not certain.
+template<class DF>
+HWY_INLINE hn::Vec<hn::RebindToSigned<DF>> codesOf(DF d, const Estimate<DF>& estimate, hn::Mask<DF>& isDoubtful)
+{
+    const hn::RebindToSigned<DF> d32;
+    const auto m = hn::Mul(estimate.component, hn::Set(d, 16383.5F));
+    const auto whole = hn::Floor(m);
+    const auto fraction = hn::Sub(m, whole);
+    const auto margin = hn::Add(hn::Mul(estimate.error, hn::Set(d, 16384.0F)), hn::Set(d, 1e-9F));
+    const auto isClose = hn::Or(hn::Lt(fraction, margin), hn::Ge(fraction, hn::Sub(hn::Set(d, 1.0F), margin)));
+    // What is level is exactly that in both precisions, if it is not two slopes that cancel each other out.
+    const auto isSloping = hn::Or(hn::Ne(estimate.component, hn::Zero(d)), hn::Ne(estimate.error, hn::Zero(d)));
+    isDoubtful = hn::Or(isDoubtful, hn::And(isClose, isSloping));
+    return hn::Add(hn::ConvertTo(d32, whole), hn::Set(d32, 16384));
+}
+
+/// Slopes whose squares single precision might not hold.
+template<class DF>
+HWY_INLINE hn::Mask<DF> isHuge(DF d, const Vector3<DF>& v)
+{
+    return hn::Gt(hn::Max(hn::Abs(v.x), hn::Abs(v.y)), hn::Set(d, 1e15F));
+}
+
+/// A vector times the inverse of its length.
+template<class DF>
+HWY_INLINE Vector3<DF> nearlyUnit(DF d, const Vector3<DF>& v, hn::Vec<DF>& inverse)
+{
+    inverse = hn::Div(hn::Set(d, 1.0F), lengthOf(d, v));
+    return {hn::Mul(v.x, inverse), hn::Mul(v.y, inverse), hn::Mul(v.z, inverse)};
+}
+
+/// Estimates of x and y, and where they are good for nothing.
+template<bool kDiagonals, class DF>
+HWY_INLINE hn::Mask<DF> estimate(DF d, const DepthRows& depth, std::size_t i, Estimate<DF>& x, Estimate<DF>& y)
+{
+    const auto axes = axisDifferences(d, depth, i);
+    const auto axis = axisVector(d, axes.first, axes.second);
+    hn::Vec<DF> inverse;
+    const auto first = nearlyUnit(d, axis, inverse);
+    const auto alone = hn::Set(d, 8 * kUnit);
+    x = {first.x, hn::Mul(alone, hn::Abs(first.x))};
+    y = {first.y, hn::Mul(alone, hn::Abs(first.y))};
+    if constexpr (kDiagonals) {
+        const auto diagonals = diagonalDifferences(d, depth, i);
+        const auto diagonal = diagonalVector(d, diagonals.first, diagonals.second);
+        const auto second = nearlyUnit(d, diagonal, inverse);
+        const auto mean = nearlyUnit(d, sumOf(d, first, second), inverse);
+        const auto a = hn::Mul(hn::Add(hn::Abs(first.x), hn::Abs(second.x)), inverse);
+        const auto b = hn::Mul(hn::Add(hn::Abs(first.y), hn::Abs(second.y)), inverse);
+        const auto unit = hn::Set(d, 8 * kUnit);
+        const auto aroundBoth = hn::Add(hn::Add(a, b), hn::Set(d, 2.0F));
+        const auto isMean = hn::And(axes.exist, diagonals.exist);
+        const auto errorOf = [&](auto own, auto component) HWY_ATTR {
+            return hn::Mul(unit, hn::Add(own, hn::Mul(hn::Abs(component), aroundBoth)));
+        };
+        x = {hn::IfThenElse(isMean, mean.x, x.component), hn::IfThenElse(isMean, errorOf(a, mean.x), x.error)};
+        y = {hn::IfThenElse(isMean, mean.y, y.component), hn::IfThenElse(isMean, errorOf(b, mean.y), y.error)};
+        return hn::Or(isHuge(d, axis), isHuge(d, diagonal));
+    } else {
+        return isHuge(d, axis);
+    }
+}
+
+/// Red and green of a run of pixels.
+template<bool kDiagonals>
+HWY_INLINE void encodeRun(const DepthRows& depth, std::size_t count, CodeRun<Format16>& codes)
+{
+    const hn::ScalableTag<float> d;
+    const hn::RebindToSigned<decltype(d)> d32;
+    const std::size_t step = hn::Lanes(d);
+    std::size_t i = 0;
+    for (; i + step <= count; i += step) {
+        Estimate<hn::ScalableTag<float>> x;
+        Estimate<hn::ScalableTag<float>> y;
+        auto isDoubtful = estimate<kDiagonals>(d, depth, i, x, y);
+        hn::StoreU(codesOf(d, x, isDoubtful), d32, codes.r.data() + i);
+        hn::StoreU(codesOf(d, y, isDoubtful), d32, codes.g.data() + i);
+        if (!hn::AllFalse(d, isDoubtful))
+            encodePlainly<Format16, kDiagonals>(depth, i, step, codes);
+    }
+    encodePlainly<Format16, kDiagonals>(depth, i, count - i, codes);
+}
+
+template<bool kDiagonals>
+HWY_INLINE void encodeRun(const DepthRows& depth, std::size_t count, CodeRun<FormatFloat>& codes)
+{
+    encodePlainly<FormatFloat, kDiagonals>(depth, 0, count, codes);
+}
+
+DepthRows from(const DepthRows& rows, std::size_t i)
+{
+    return {rows.above + i, rows.here + i, rows.below + i};
 }
 
 template<class Format, bool kDiagonals>
-void storeRow(const DepthRows& depth, const float* share, std::span<typename Format::Pixel> pixels)
+HWY_INLINE void storeRow(const DepthRows& depth, const float* share, std::span<typename Format::Pixel> pixels)
 {
-    forLanes<double>(pixels.size(), [&](auto d, std::size_t i) HWY_ATTR {
-        const auto exists = existsAt<Format>(d, depth.here + i);
-        const auto normal = normalAt<kDiagonals>(d, depth, i);
-        storePixels<Format>(d, hn::IfThenElseZero(exists, Format::encoded(d, normal.x)),
-                            hn::IfThenElseZero(exists, Format::encoded(d, normal.y)), depth.here + i, share + i,
-                            pixels.data() + i);
+    CodeRun<Format> codes;
+    const auto whereThereIsDepth = [](auto, std::size_t, auto exists) HWY_ATTR { return exists; };
+    forRuns(pixels.size(), [&](std::size_t first, std::size_t count) HWY_ATTR {
+        encodeRun<kDiagonals>(from(depth, first), count, codes);
+        storeRun<Format>(codes, depth.here + first, share + first, count, pixels.data() + first, whereThereIsDepth);
     });
 }
 
@@ -438,17 +609,28 @@ void storeNormalsFloat(const DepthRows& depth, bool diagonals, const float* shar
 // ---- smoothing
 
 template<class Format>
-HWY_INLINE void readBackRow(const DepthRows& depth, std::size_t count, const NormalRow& normals)
+HWY_INLINE void decodeRun(const CodeRun<Format>& codes, const float* depth, std::size_t count, const NormalRow& normals)
 {
     forLanes<double>(count, [&](auto d, std::size_t i) HWY_ATTR {
-        const auto exists = hn::Ne(hn::PromoteTo(d, hn::LoadU(FloatTag<decltype(d)>(), depth.here + i)), hn::Zero(d));
-        const auto normal = normalAt<true>(d, depth, i);
-        const auto x = Format::decoded(d, Format::encoded(d, normal.x));
-        const auto y = Format::decoded(d, Format::encoded(d, normal.y));
+        const hn::Rebind<float, decltype(d)> df;
+        const hn::Rebind<typename Format::Code, decltype(d)> dc;
+        const auto exists = hn::Ne(hn::PromoteTo(d, hn::LoadU(df, depth + i)), hn::Zero(d));
+        const auto x = Format::decoded(d, hn::LoadU(dc, codes.r.data() + i));
+        const auto y = Format::decoded(d, hn::LoadU(dc, codes.g.data() + i));
         const auto rest = hn::Sub(hn::Sub(hn::Set(d, 1.0), hn::Mul(x, x)), hn::Mul(y, y));
         hn::StoreU(hn::IfThenElseZero(exists, x), d, normals.x + i);
         hn::StoreU(hn::IfThenElseZero(exists, y), d, normals.y + i);
         hn::StoreU(hn::IfThenElseZero(exists, hn::Sqrt(hn::Max(rest, hn::Zero(d)))), d, normals.z + i);
+    });
+}
+
+template<class Format>
+HWY_INLINE void readBackRow(const DepthRows& depth, std::size_t count, const NormalRow& normals)
+{
+    CodeRun<Format> codes;
+    forRuns(count, [&](std::size_t first, std::size_t some) HWY_ATTR {
+        encodeRun<true>(from(depth, first), some, codes);
+        decodeRun<Format>(codes, depth.here + first, some, {normals.x + first, normals.y + first, normals.z + first});
     });
 }
 
@@ -479,38 +661,39 @@ HWY_INLINE hn::Vec<D> sumAround(D d, const double* above, const double* here, co
     return hn::Add(sum, hn::Mul(half, hn::LoadU(d, below + 1)));
 }
 
-/// Where one of the nine pixels has a normal.
-template<class Format, class D>
-HWY_INLINE auto existsAround(D d, const DepthRows& depth, std::size_t i)
+/// Smoothed codes of a run; a sum that cancels out stays zero, any other is far longer than the smallest double.
+template<class Format>
+HWY_INLINE void smoothRun(const NormalRows& n, std::size_t first, std::size_t count, CodeRun<Format>& codes)
 {
-    const typename Format::template CodeTag<D> dc;
-    auto any = hn::RebindMask(dc, hn::MaskFromVec(hn::Zero(FloatTag<D>())));
-    for (const float* row : {depth.above + i, depth.here + i, depth.below + i})
-        for (const int offset : {-1, 0, 1})
-            any = hn::Or(any, existsAt<Format>(d, row + offset));
-    return any;
+    forLanes<double>(count, [&](auto d, std::size_t i) HWY_ATTR {
+        const hn::Rebind<typename Format::Code, decltype(d)> dc;
+        const std::size_t at = first + i;
+        const Vector3<decltype(d)> sum{sumAround(d, n.above.x + at, n.here.x + at, n.below.x + at),
+                                       sumAround(d, n.above.y + at, n.here.y + at, n.below.y + at),
+                                       sumAround(d, n.above.z + at, n.here.z + at, n.below.z + at)};
+        const auto divisor = hn::Max(lengthOf(d, sum), hn::Set(d, std::numeric_limits<double>::min()));
+        hn::StoreU(Format::encoded(d, hn::Div(sum.x, divisor)), dc, codes.r.data() + i);
+        hn::StoreU(Format::encoded(d, hn::Div(sum.y, divisor)), dc, codes.g.data() + i);
+    });
 }
 
 template<class Format>
-HWY_INLINE void smoothRow(const NormalRows& n, const DepthRows& depth, const float* share,
+HWY_INLINE void smoothRow(const NormalRows& normals, const DepthRows& depth, const float* share,
                           std::span<typename Format::Pixel> pixels)
 {
-    forLanes<double>(pixels.size(), [&](auto d, std::size_t i) HWY_ATTR {
-        const auto x = sumAround(d, n.above.x + i, n.here.x + i, n.below.x + i);
-        const auto y = sumAround(d, n.above.y + i, n.here.y + i, n.below.y + i);
-        const auto z = sumAround(d, n.above.z + i, n.here.z + i, n.below.z + i);
-        const auto length = lengthOf(d, x, y, z);
-        // A sum that cancels out stays zero; any other is far longer than the smallest double.
-        const auto divisor = hn::Max(length, hn::Set(d, std::numeric_limits<double>::min()));
-        auto r = Format::encoded(d, hn::Div(x, divisor));
-        auto g = Format::encoded(d, hn::Div(y, divisor));
-        // A sum that is not zero has summands.
-        if (!hn::AllTrue(d, hn::Gt(length, hn::Zero(d)))) {
-            const auto any = existsAround<Format>(d, depth, i);
-            r = hn::IfThenElseZero(any, r);
-            g = hn::IfThenElseZero(any, g);
-        }
-        storePixels<Format>(d, r, g, depth.here + i, share + i, pixels.data() + i);
+    CodeRun<Format> codes;
+    forRuns(pixels.size(), [&](std::size_t first, std::size_t count) HWY_ATTR {
+        const DepthRows run = from(depth, first);
+        const auto whereThereIsDepthAround = [&](auto d, std::size_t i, auto exists) HWY_ATTR {
+            const hn::Rebind<float, decltype(d)> df;
+            auto any = exists;
+            for (const float* row : {run.above + i, run.here + i, run.below + i})
+                for (const int offset : {-1, 0, 1})
+                    any = hn::Or(any, hn::RebindMask(d, hn::Ne(hn::LoadU(df, row + offset), hn::Zero(df))));
+            return any;
+        };
+        smoothRun<Format>(normals, first, count, codes);
+        storeRun<Format>(codes, run.here, share + first, count, pixels.data() + first, whereThereIsDepthAround);
     });
 }
 
