@@ -84,12 +84,10 @@ private:
 /// One halving in both directions, and what it leads to.
 struct Level
 {
-    StepWeights xHalving;
-    StepWeights yHalving;
-    StepWeights xDoubling;
-    StepWeights yDoubling;
-    PlaneMemory halved;
-    PlaneMemory blurred;
+    StepPair halving;
+    StepPair doubling;
+    /// What the halving makes, and later, when that is not needed any more, what the doubling starts from.
+    PlaneMemory plane;
 };
 
 Interval halvedIf(const StepWeights& step, Interval samples)
@@ -109,7 +107,7 @@ Interval doubledIf(const StepWeights& step, Interval samples)
 
 Math::Box2di halvedBox(const Level& level, const Math::Box2di& box)
 {
-    return boxOf(halvedIf(level.xHalving, columnsOf(box)), halvedIf(level.yHalving, rowsOf(box)));
+    return boxOf(halvedIf(level.halving.x, columnsOf(box)), halvedIf(level.halving.y, rowsOf(box)));
 }
 
 Interval grownBy(int reach, Interval samples)
@@ -147,17 +145,23 @@ struct BA_GaussianBlur::Impl
     AxisPlan x;
     AxisPlan y;
     std::deque<Level> levels;
-    tbb::enumerable_thread_specific<RowMemory> memory;
+    PlaneMemory filtered;
+    tbb::enumerable_thread_specific<BandMemory> memory;
 
     void plan(double sigmaX, double sigmaY);
+    /// True when the plane between the first two levels, the largest of all, need not be kept at all.
+    bool firstTwoAtOnce() const
+    {
+        return levels.size() > 1 && levels[1].halving.x.active() && levels[1].halving.y.active();
+    }
 
     /// The part of a result that can be other than zero when the coarsest level is zero outside of the box.
     Math::Box2di worthDoubling(const Math::Box2di& coarsest, const Math::Box2di& resultRect) const;
     void clearAround(const Math::Box2di& part, BA_RowSink& sink, const Math::Box2di& resultRect);
 
-    Math::Box2di halve(const Input& in, std::size_t level, const Output& out);
     void filter(const Input& in, const Output& out);
-    void twice(const Input& in, std::size_t level, const Output& out);
+    void doubled(const Input& in, std::size_t level, const Output& out);
+    void doubledTwice(const Input& in, const Math::Box2di& between, const Output& out);
     BA_Plane halved(const Input& in, std::size_t level);
     void blur(const Input& source, BA_RowSink& sink, const Math::Box2di& resultRect);
 };
@@ -171,10 +175,10 @@ void BA_GaussianBlur::Impl::plan(double sigmaX, double sigmaY)
         const bool halveX = i < x.stages.size();
         const bool halveY = i < y.stages.size();
         Level& level = levels[i];
-        level.xHalving.weights = halveX ? x.stages[i].halvingWeights() : std::vector<float>();
-        level.xDoubling.weights = halveX ? x.stages[i].doublingWeights() : std::vector<float>();
-        level.yHalving.weights = halveY ? y.stages[i].halvingWeights() : std::vector<float>();
-        level.yDoubling.weights = halveY ? y.stages[i].doublingWeights() : std::vector<float>();
+        level.halving.x.weights = halveX ? x.stages[i].halvingWeights() : std::vector<float>();
+        level.doubling.x.weights = halveX ? x.stages[i].doublingWeights() : std::vector<float>();
+        level.halving.y.weights = halveY ? y.stages[i].halvingWeights() : std::vector<float>();
+        level.doubling.y.weights = halveY ? y.stages[i].doublingWeights() : std::vector<float>();
     }
 }
 
@@ -185,8 +189,8 @@ Math::Box2di BA_GaussianBlur::Impl::worthDoubling(const Math::Box2di& coarsest, 
     Interval columns = grownBy(x.reach(), columnsOf(coarsest));
     Interval rows = grownBy(y.reach(), rowsOf(coarsest));
     for (std::size_t i = levels.size(); i-- > 0;) {
-        columns = doubledIf(levels[i].xDoubling, columns);
-        rows = doubledIf(levels[i].yDoubling, rows);
+        columns = doubledIf(levels[i].doubling.x, columns);
+        rows = doubledIf(levels[i].doubling.y, rows);
     }
     return resultRect.getIntersection(boxOf(columns, rows));
 }
@@ -196,48 +200,55 @@ void BA_GaussianBlur::Impl::clearAround(const Math::Box2di& part, BA_RowSink& si
 {
     const Output out(sink, resultRect);
     const auto clear = [&](Interval rows) {
-        forBands(rows, resultRect.width(), [&](Interval band) { clearBand(out, band, memory.local()); });
+        forBands(rows, resultRect.width(), [&](Interval band) { clearBand(out, band, memory.local().outer); });
     };
     const int middle = part.isEmpty() ? resultRect.y2 : part.y1;
     clear({resultRect.y1, middle});
     clear({part.isEmpty() ? middle : part.y2, resultRect.y2});
 }
 
-/// Returns a box outside of which the result is zero.
-Math::Box2di BA_GaussianBlur::Impl::halve(const Input& in, std::size_t level, const Output& out)
+/// The next level, or the one after when two steps are taken at once, without what is empty around it.
+BA_Plane BA_GaussianBlur::Impl::halved(const Input& in, std::size_t level)
 {
+    if (in.rect.isEmpty())
+        return {};
+    const Math::Box2di next = halvedBox(levels[level], in.rect);
+    const bool twice = level == 0 && firstTwoAtOnce();
+    const BA_Plane plane = twice ? levels[1].plane.plane(halvedBox(levels[1], next)) : levels[level].plane.plane(next);
+    PlaneSink sink(plane);
+    const Output out(sink, plane.rect);
+    const auto halveRows = [&](Interval rows, BandMemory& local) {
+        return twice ? halveTwiceBand(in, levels[0].halving, next, levels[1].halving, out, rows, local)
+                     : halveBand(in, levels[level].halving, out, rows, local.outer);
+    };
     std::mutex lock;
     Math::Box2di box;
-    forBands(rowsOf(out.rect), 2 * in.rect.width(), [&](Interval rows) {
-        const Level& step = levels[level];
-        const Math::Box2di part = halveBand(in, step.xHalving, step.yHalving, out, rows, memory.local());
+    forBands(rowsOf(plane.rect), 2 * in.rect.width(), [&](Interval rows) {
+        const Math::Box2di part = halveRows(rows, memory.local());
         const std::lock_guard guard(lock);
         box.add(part);
     });
-    return box;
+    return cropped(plane, box);
 }
 
 void BA_GaussianBlur::Impl::filter(const Input& in, const Output& out)
 {
     forBands(rowsOf(out.rect), out.rect.width(),
-             [&](Interval rows) { filterBand(in, x.weights, y.weights, out, rows, memory.local()); });
+             [&](Interval rows) { filterBand(in, x.weights, y.weights, out, rows, memory.local().outer); });
 }
 
-void BA_GaussianBlur::Impl::twice(const Input& in, std::size_t level, const Output& out)
+void BA_GaussianBlur::Impl::doubled(const Input& in, std::size_t level, const Output& out)
+{
+    forBands(rowsOf(out.rect), out.rect.width(),
+             [&](Interval rows) { doubleBand(in, levels[level].doubling, out, rows, memory.local().outer); });
+}
+
+/// The last two doublings at once.
+void BA_GaussianBlur::Impl::doubledTwice(const Input& in, const Math::Box2di& between, const Output& out)
 {
     forBands(rowsOf(out.rect), out.rect.width(), [&](Interval rows) {
-        doubleBand(in, levels[level].xDoubling, levels[level].yDoubling, out, rows, memory.local());
+        doubleTwiceBand(in, levels[1].doubling, between, levels[0].doubling, out, rows, memory.local());
     });
-}
-
-/// The next level, without what is empty around it.
-BA_Plane BA_GaussianBlur::Impl::halved(const Input& in, std::size_t level)
-{
-    if (in.rect.isEmpty())
-        return {};
-    const BA_Plane plane = levels[level].halved.plane(halvedBox(levels[level], in.rect));
-    PlaneSink out(plane);
-    return cropped(plane, halve(in, level, {out, plane.rect}));
 }
 
 /// On the way down every level holds what halving gives of the source, on the way up what doubling needs. The source
@@ -248,27 +259,34 @@ void BA_GaussianBlur::Impl::blur(const Input& source, BA_RowSink& sink, const Ma
     if (depth == 0)
         return filter(source, {sink, resultRect});
 
+    const std::size_t last = firstTwoAtOnce() ? 1 : 0;
     BA_Plane coarsest = halved(source, 0);
-    for (std::size_t i = 1; i < depth; ++i)
+    for (std::size_t i = last + 1; i < depth; ++i)
         coarsest = halved({PlaneSource(coarsest), coarsest.rect}, i);
 
     const Math::Box2di part = worthDoubling(coarsest.rect, resultRect);
     clearAround(part, sink, resultRect);
     if (part.isEmpty())
         return;
-    std::vector<BA_Plane> blurred;
-    Math::Box2di needed = part;
-    for (Level& level : levels) {
-        needed = boxOf(neededIf(level.xDoubling, columnsOf(needed)), neededIf(level.yDoubling, rowsOf(needed)));
-        blurred.push_back(level.blurred.plane(needed));
+    std::vector<Math::Box2di> needed;
+    for (const Level& level : levels) {
+        const Math::Box2di& box = needed.empty() ? part : needed.back();
+        needed.push_back(boxOf(neededIf(level.doubling.x, columnsOf(box)), neededIf(level.doubling.y, rowsOf(box))));
     }
-    PlaneSink filtered(blurred.back());
-    filter({PlaneSource(coarsest), coarsest.rect}, {filtered, blurred.back().rect});
-    for (std::size_t i = depth - 1; i > 0; --i) {
-        PlaneSink out(blurred[i - 1]);
-        twice({PlaneSource(blurred[i]), blurred[i].rect}, i, {out, blurred[i - 1].rect});
+    BA_Plane blurred = filtered.plane(needed.back());
+    PlaneSink out(blurred);
+    filter({PlaneSource(coarsest), coarsest.rect}, {out, blurred.rect});
+    for (std::size_t i = depth - 1; i > last; --i) {
+        const BA_Plane next = levels[i - 1].plane.plane(needed[i - 1]);
+        PlaneSink nextOut(next);
+        doubled({PlaneSource(blurred), blurred.rect}, i, {nextOut, next.rect});
+        blurred = next;
     }
-    twice({PlaneSource(blurred[0]), blurred[0].rect}, 0, {sink, columnsOf(resultRect), part});
+    const Output result(sink, columnsOf(resultRect), part);
+    if (last == 1)
+        doubledTwice({PlaneSource(blurred), blurred.rect}, needed[0], result);
+    else
+        doubled({PlaneSource(blurred), blurred.rect}, 0, result);
 }
 
 BA_GaussianBlur::BA_GaussianBlur() : BA_GaussianBlur(0.0, 0.0) {}

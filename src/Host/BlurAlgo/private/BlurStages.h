@@ -40,6 +40,22 @@ inline Math::Box2di boxOf(Interval x, Interval y)
     return {x.lo, y.lo, x.hi, y.hi};
 }
 
+/// Half of v, rounded down or up, for any sign.
+inline int floorHalf(int v)
+{
+    return v >> 1;
+}
+inline int ceilHalf(int v)
+{
+    return (v + 1) >> 1;
+}
+
+/// The samples that begin and end with whole pairs.
+inline Interval alignedToEven(Interval samples)
+{
+    return {2 * floorHalf(samples.lo), 2 * ceilHalf(samples.hi)};
+}
+
 /// The samples of a halved axis that are not zero when those outside of the interval are.
 Interval halvedSupport(Interval samples, int reach);
 /// The samples of a halved axis from which doubling makes those of the interval.
@@ -54,6 +70,13 @@ struct StepWeights
 
     bool active() const { return !weights.empty(); }
     int reach() const { return static_cast<int>(weights.size()) - 1; }
+};
+
+/// One step along both axes.
+struct StepPair
+{
+    StepWeights x;
+    StepWeights y;
 };
 
 /// Rows to read. Outside of the rectangle there are zeros.
@@ -91,6 +114,13 @@ private:
     std::size_t _used = 0;
 };
 
+/// Memory for two steps at once.
+struct BandMemory
+{
+    RowMemory outer;
+    RowMemory inner;
+};
+
 /// Zeros in the rows y of an output.
 void clearBand(const Output& out, Interval y, RowMemory& memory);
 
@@ -98,15 +128,23 @@ void clearBand(const Output& out, Interval y, RowMemory& memory);
 ///
 /// @return a box outside of which these rows are zero, as small as is easily found: what is empty in the input is not
 /// worked on
-Math::Box2di halveBand(const Input& in, const StepWeights& xStep, const StepWeights& yStep, const Output& out,
-                       Interval y, RowMemory& memory);
+Math::Box2di halveBand(const Input& in, const StepPair& step, const Output& out, Interval y, RowMemory& memory);
+
+/// The same for two halvings, the second one along the rows at least: what lies between is not kept but made when it is
+/// needed, within the rectangle between.
+Math::Box2di halveTwiceBand(const Input& in, const StepPair& first, const Math::Box2di& between, const StepPair& second,
+                            const Output& out, Interval y, BandMemory& memory);
 
 /// Rows y.lo .. y.hi - 1 of the plane filtered in place of its samples.
 void filterBand(const Input& in, std::span<const float> xWeights, std::span<const float> yWeights, const Output& out,
                 Interval y, RowMemory& memory);
 
 /// Rows y.lo .. y.hi - 1 of the doubled plane.
-void doubleBand(const Input& in, const StepWeights& xStep, const StepWeights& yStep, const Output& out, Interval y,
-                RowMemory& memory);
+void doubleBand(const Input& in, const StepPair& step, const Output& out, Interval y, RowMemory& memory);
+
+/// The same for two doublings, the first one along the rows at least: what lies between is made when it is needed,
+/// within the rectangle between.
+void doubleTwiceBand(const Input& in, const StepPair& first, const Math::Box2di& between, const StepPair& second,
+                     const Output& out, Interval y, BandMemory& memory);
 
 } // namespace BlurAlgo

@@ -14,6 +14,7 @@
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "BlurAlgo/private/PyramidKernels.cpp"
+#include <hwy/cache_control.h>
 #include <hwy/foreach_target.h>
 #include <hwy/highway.h>
 
@@ -49,6 +50,15 @@ HWY_INLINE std::array<const float*, kCount> rowsFrom(std::span<const float* cons
     return copy;
 }
 
+/// Fetches what the rows hold some way after column i. The last ones are those that nobody has looked at before.
+HWY_INLINE void fetchAhead(std::span<const float* const> rows, int i)
+{
+    constexpr int kAhead = 128;
+    constexpr std::size_t kNewRows = 2 * kHalvedRows;
+    for (const float* row : rows.last(std::min(rows.size(), kNewRows)))
+        hwy::Prefetch(row + i + kAhead);
+}
+
 /// All rows from i on, as many vectors of them as are compared at once.
 HWY_INLINE bool areZerosAt(std::span<const float* const> rows, int i)
 {
@@ -63,9 +73,11 @@ HWY_INLINE bool areZerosAt(std::span<const float* const> rows, int i)
 bool zeros(std::span<const float* const> rows, int x, int n)
 {
     const int end = x + n;
-    for (; x + 2 * lanes() <= end; x += 2 * lanes())
+    for (; x + 2 * lanes() <= end; x += 2 * lanes()) {
+        fetchAhead(rows, x);
         if (!areZerosAt(rows, x))
             return false;
+    }
     const auto isZero = [end, x](const float* row) {
         return std::all_of(row + x, row + end, [](float v) { return std::bit_cast<std::uint32_t>(v) == 0; });
     };
@@ -159,8 +171,10 @@ HWY_INLINE void splitRowsBy(std::span<const float* const> rows, int x, std::span
             ++row.odd;
     }
     int e = 0;
-    for (; i + 2 * lanes() <= n; i += 2 * lanes(), e += lanes())
+    for (; i + 2 * lanes() <= n; i += 2 * lanes(), e += lanes()) {
+        fetchAhead(in, i);
         splitColumns<0, kReach>(in.data(), w.data(), out.data(), i, e);
+    }
     for (bool odd = false; i < n; ++i, odd = !odd) {
         splitColumn<kReach>(in.data(), w.data(), out.data(), i, odd, e);
         e += odd ? 1 : 0;
@@ -266,31 +280,55 @@ HWY_INLINE void doubleColumnsBy(const float* in, std::span<const float> weights,
 }
 
 /// Columns i and after, as many as the tag has, of the doubled rows 2 kPair and all after it.
-template<int kPair, int kReach, class D>
+template<int kPair, int kReach, bool kStream, class D>
 HWY_INLINE void doubleRowsAt(D d, const float* const* in, const float* weights, float* const* out, int i)
 {
     if constexpr (2 * kPair < kDoubledRows) {
         const auto at = [&](int k) HWY_ATTR { return in[kPair + kReach / 2 + k] + i; };
         const auto on = doubledOn<kReach>(d, at, weights);
         const auto after = doubledAfter<kReach>(d, at, weights);
-        hn::StoreU(on, d, out[2 * kPair] + i);
-        hn::StoreU(after, d, out[2 * kPair + 1] + i);
-        doubleRowsAt<kPair + 1, kReach>(d, in, weights, out, i);
+        if constexpr (kStream) {
+            hn::Stream(on, d, out[2 * kPair] + i);
+            hn::Stream(after, d, out[2 * kPair + 1] + i);
+        } else {
+            hn::StoreU(on, d, out[2 * kPair] + i);
+            hn::StoreU(after, d, out[2 * kPair + 1] + i);
+        }
+        doubleRowsAt<kPair + 1, kReach, kStream>(d, in, weights, out, i);
     }
+}
+
+/// The samples before the first one that all rows have at an address of whole vectors; n if there is none.
+HWY_INLINE int unalignedSamples(const DoubledRows& rows, int n)
+{
+    const auto bytes = static_cast<std::uintptr_t>(lanes()) * sizeof(float);
+    const auto offset = [bytes](const float* row) { return reinterpret_cast<std::uintptr_t>(row) % bytes; };
+    const std::uintptr_t first = offset(rows[0]);
+    if (!std::all_of(rows.begin(), rows.end(), [&](const float* row) { return offset(row) == first; }))
+        return n;
+    return std::min(n, static_cast<int>((bytes - first) % bytes / sizeof(float)));
 }
 
 template<int kReach>
 HWY_INLINE void doubleRowsBy(std::span<const float* const> rows, std::span<const float> weights,
-                             const DoubledRows& rowsOut, int n)
+                             const DoubledRows& rowsOut, int n, bool stream)
 {
     const auto in = firstOf<const float*, rowsToDouble(kReach)>(rows);
     const auto w = firstOf<float, kReach + 1>(weights);
     const DoubledRows out = rowsOut;
     int i = 0;
+    if (stream) {
+        const int unaligned = unalignedSamples(out, n);
+        for (; unaligned < n && i < unaligned; ++i)
+            doubleRowsAt<0, kReach, false>(OneFloat(), in.data(), w.data(), out.data(), i);
+        for (; unaligned < n && i + lanes() <= n; i += lanes())
+            doubleRowsAt<0, kReach, true>(Floats(), in.data(), w.data(), out.data(), i);
+        hwy::FlushStream();
+    }
     for (; i + lanes() <= n; i += lanes())
-        doubleRowsAt<0, kReach>(Floats(), in.data(), w.data(), out.data(), i);
+        doubleRowsAt<0, kReach, false>(Floats(), in.data(), w.data(), out.data(), i);
     for (; i < n; ++i)
-        doubleRowsAt<0, kReach>(OneFloat(), in.data(), w.data(), out.data(), i);
+        doubleRowsAt<0, kReach, false>(OneFloat(), in.data(), w.data(), out.data(), i);
 }
 
 /// Calls run with the reach as a constant.
@@ -330,9 +368,10 @@ void doubleRow(const float* in, std::span<const float> weights, float* out, int 
     withReach(weights, [&](auto reach) HWY_ATTR { doubleColumnsBy<reach>(in, weights, out, n); });
 }
 
-void doubleAll(std::span<const float* const> rows, std::span<const float> weights, const DoubledRows& out, int n)
+void doubleAll(std::span<const float* const> rows, std::span<const float> weights, const DoubledRows& out, int n,
+               bool stream)
 {
-    withReach(weights, [&](auto reach) HWY_ATTR { doubleRowsBy<reach>(rows, weights, out, n); });
+    withReach(weights, [&](auto reach) HWY_ATTR { doubleRowsBy<reach>(rows, weights, out, n, stream); });
 }
 
 } // namespace BlurAlgo::PyramidKernels::HWY_NAMESPACE
@@ -380,9 +419,10 @@ void doubleColumns(const float* in, std::span<const float> weights, float* out, 
     HWY_DYNAMIC_DISPATCH(doubleRow)(in, weights, out, n);
 }
 
-void doubleRows(std::span<const float* const> rows, std::span<const float> weights, const DoubledRows& out, int n)
+void doubleRows(std::span<const float* const> rows, std::span<const float> weights, const DoubledRows& out, int n,
+                bool stream)
 {
-    HWY_DYNAMIC_DISPATCH(doubleAll)(rows, weights, out, n);
+    HWY_DYNAMIC_DISPATCH(doubleAll)(rows, weights, out, n, stream);
 }
 
 } // namespace BlurAlgo::PyramidKernels

@@ -62,7 +62,9 @@ void halveColumns(const float* even, const float* odd, std::span<const float> we
 /// down) samples to the left and (rounded up) to the right.
 void doubleColumns(const float* in, std::span<const float> weights, float* out, int n);
 
-/// out[2 j], out[2 j + 1] = the sums for the rows on and after rows[j + reach / 2], n samples each.
-void doubleRows(std::span<const float* const> rows, std::span<const float> weights, const DoubledRows& out, int n);
+/// out[2 j], out[2 j + 1] = the sums for the rows on and after rows[j + reach / 2], n samples each. With stream set,
+/// rows that lie alike in memory are written past the caches.
+void doubleRows(std::span<const float* const> rows, std::span<const float> weights, const DoubledRows& out, int n,
+                bool stream);
 
 } // namespace BlurAlgo::PyramidKernels

@@ -1,0 +1,251 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Halving, a few rows at a time: rows are summed first and columns then, so that the columns are summed in fewer rows.
+// What is empty is found strip by strip and not worked on.
+#include "BlurAlgo/private/BandRows.h"
+#include "BlurAlgo/private/BlurStages.h"
+#include "BlurAlgo/private/PyramidKernels.h"
+
+#include <algorithm>
+#include <array>
+
+namespace BlurAlgo {
+
+namespace {
+
+using PyramidKernels::kHalvedRows;
+
+/// Halves the columns of a few rows. The even and odd columns of what is halved lie apart, in longer rows of zeros.
+class ColumnHalver
+{
+public:
+    ColumnHalver(Interval in, Interval out, const StepWeights& step, RowMemory& memory)
+        : _in(in)
+        , _out(out)
+        , _margin(ceilHalf(step.reach()))
+        , _step(step)
+        , _skipped(in.lo - 2 * (out.lo - _margin))
+        , _empty(static_cast<std::size_t>((in.size() + kStrip - 1) / kStrip), true)
+    {
+        for (PyramidKernels::SplitRow& row : _rows)
+            row = {memory.takeZeros(), memory.takeZeros()};
+    }
+
+    /// Samples that the rows of memory must hold for halving to this many.
+    static std::size_t rowSize(int n, const StepWeights& step)
+    {
+        return static_cast<std::size_t>(n + 2 * ceilHalf(std::max(step.reach(), 0)));
+    }
+
+    /// Takes sums of rows to be halved. Returns the columns of the result that are not zero then, counted from its
+    /// left.
+    Interval sumRows(std::span<const float* const> rows, std::span<const float> weights)
+    {
+        const auto sum = [&](int x, int columns) {
+            PyramidKernels::halveRows(rows, x, weights, from(x), columns, firstIsOdd());
+            _empty[static_cast<std::size_t>(x / kStrip)] = false;
+        };
+        return resultOf(forStrips(rows, _in.size(), sum, [this](int x, int columns) { clear(x, columns); }));
+    }
+
+    /// Takes one row to be halved.
+    Interval takeRow(const float* row)
+    {
+        PyramidKernels::splitColumns(row, from(0).front(), _in.size(), firstIsOdd());
+        return {0, _out.size()};
+    }
+
+    /// Row j of what was taken, zeros outside of the columns that came with it.
+    void run(std::size_t j, Interval columns, float* out) const
+    {
+        const float* even = _rows[j].even + _margin + columns.lo;
+        const float* odd = _rows[j].odd + _margin + columns.lo;
+        std::fill_n(out, columns.lo, 0.0F);
+        PyramidKernels::halveColumns(even, odd, _step.weights, out + columns.lo, columns.size());
+        std::fill(out + columns.hi, out + _out.size(), 0.0F);
+    }
+
+private:
+    bool firstIsOdd() const { return (_skipped & 1) != 0; }
+
+    /// Where column x of the input goes.
+    PyramidKernels::SplitRows from(int x) const
+    {
+        PyramidKernels::SplitRows rows = _rows;
+        for (PyramidKernels::SplitRow& row : rows)
+            row = {row.even + ceilHalf(_skipped + x), row.odd + floorHalf(_skipped + x)};
+        return rows;
+    }
+
+    void clear(int x, int columns)
+    {
+        const auto strip = static_cast<std::size_t>(x / kStrip);
+        if (_empty[strip])
+            return;
+        const PyramidKernels::SplitRows end = from(x + columns);
+        const PyramidKernels::SplitRows begin = from(x);
+        for (std::size_t j = 0; j < begin.size(); ++j) {
+            std::fill(begin[j].even, end[j].even, 0.0F);
+            std::fill(begin[j].odd, end[j].odd, 0.0F);
+        }
+        _empty[strip] = true;
+    }
+
+    Interval resultOf(Interval columns) const
+    {
+        if (columns.size() == 0)
+            return {};
+        const Interval result = halvedSupport({_in.lo + columns.lo, _in.lo + columns.hi}, _step.reach());
+        return {std::max(result.lo - _out.lo, 0), std::min(result.hi, _out.hi) - _out.lo};
+    }
+
+    Interval _in;
+    Interval _out;
+    int _margin;
+    const StepWeights& _step;
+    int _skipped; ///< columns of zeros before the first one of the input
+    PyramidKernels::SplitRows _rows;
+    std::vector<bool> _empty; ///< strips of the input that left nothing but zeros
+};
+
+/// Halves rows only, n columns of them. Returns the columns that are not zero.
+Interval halveRowsOnly(std::span<const float* const> rows, std::span<const float> weights,
+                       const PyramidKernels::HalvedRows& results, int n)
+{
+    const auto from = [&](int x) {
+        PyramidKernels::HalvedRows moved = results;
+        for (float*& row : moved)
+            row += x;
+        return moved;
+    };
+    const auto sum = [&](int x, int columns) { PyramidKernels::halveRows(rows, x, weights, from(x), columns); };
+    const auto clear = [&](int x, int columns) {
+        for (float* row : from(x))
+            std::fill_n(row, columns, 0.0F);
+    };
+    return forStrips(rows, n, sum, clear);
+}
+
+/// Makes halved rows, a few of them at once, in the order of their places.
+class BandHalver
+{
+public:
+    /// @param kept how many rows more the memory is to have room for, of the size room
+    BandHalver(const Input& in, const StepPair& step, Interval columns, std::size_t kept, std::size_t room,
+               RowMemory& memory)
+        : _step(step)
+        , _n(columns.size())
+        , _around(static_cast<std::size_t>(PyramidKernels::rowsToHalve(step.y.reach())))
+        , _memory(prepared(memory, _around.size() + 2 * kHalvedRows + 1 + kept,
+                           std::max({room, static_cast<std::size_t>(in.rect.width()),
+                                     ColumnHalver::rowSize(columns.size(), step.x)})))
+        , _rows(in, static_cast<int>(_around.size()), _memory)
+        , _columns(columnsOf(in.rect), columns, step.x, _memory)
+    {}
+
+    /// Rows v ... end - 1, at most kHalvedRows; the other results hold anything then. Returns the columns that are not
+    /// zero, counted from the left.
+    Interval run(int v, int end, const PyramidKernels::HalvedRows& results)
+    {
+        const int reach = _step.y.reach();
+        _rows.collect({2 * v - reach, 2 * end - 1 + reach}, _around);
+        if (!_step.x.active())
+            return halveRowsOnly(_around, _step.y.weights, results, _n);
+        const Interval done = _columns.sumRows(_around, _step.y.weights);
+        for (std::size_t j = 0; j < kHalvedRows; ++j)
+            _columns.run(j, done, results[j]);
+        return done;
+    }
+
+private:
+    static RowMemory& prepared(RowMemory& memory, std::size_t rows, std::size_t samples)
+    {
+        memory.reset(rows, samples);
+        return memory;
+    }
+
+    const StepPair& _step;
+    int _n;
+    std::vector<const float*> _around;
+    RowMemory& _memory;
+    PaddedRows _rows;
+    ColumnHalver _columns;
+};
+
+/// Halved rows for another halving, made when they are asked for, in the order of their places. A row stays as long as
+/// the second halving may look at it.
+class HalvedSource final : public BA_RowSource
+{
+public:
+    HalvedSource(const Input& in, const StepPair& step, const Math::Box2di& rect, RowMemory& memory)
+        : _rect(rect), _halver(in, step, columnsOf(rect), kKept, static_cast<std::size_t>(rect.width()), memory)
+    {
+        std::generate(_rows.begin(), _rows.end(), [&memory] { return memory.take(); });
+    }
+
+    const float* row(int y, float*) const override
+    {
+        const int offset = y - _rect.y1;
+        const int first = offset / kHalvedRows * kHalvedRows;
+        const std::size_t slot = static_cast<std::size_t>(first) % kKept;
+        if (first > _latest) {
+            PyramidKernels::HalvedRows results;
+            std::copy_n(_rows.begin() + static_cast<std::ptrdiff_t>(slot), kHalvedRows, results.begin());
+            _halver.run(_rect.y1 + first, std::min(_rect.y1 + first + kHalvedRows, _rect.y2), results);
+            _latest = first;
+        }
+        return _rows[slot + static_cast<std::size_t>(offset - first)];
+    }
+
+private:
+    /// As many groups as the window of the second halving can touch.
+    static constexpr std::size_t kKept =
+        (PyramidKernels::rowsToHalve(PyramidKernels::kLargestReach) / kHalvedRows + 2) * kHalvedRows;
+
+    Math::Box2di _rect;
+    std::array<float*, kKept> _rows;
+    mutable int _latest = -1;
+    mutable BandHalver _halver;
+};
+
+/// Halves columns only, row by row.
+void halveColumnsBand(const Input& in, const StepWeights& step, const Output& out, Interval y, RowMemory& memory)
+{
+    memory.reset(2 * kHalvedRows + 2, std::max(roomFor(in, out), ColumnHalver::rowSize(out.rect.width(), step)));
+    ColumnHalver columns(columnsOf(in.rect), columnsOf(out.rect), step, memory);
+    float* buffer = memory.take();
+    writeRows(out, y, memory, [&](int v, float* row) {
+        const Interval taken = columns.takeRow(in.rows.row(v, buffer));
+        columns.run(0, taken, row);
+    });
+}
+
+} // namespace
+
+Math::Box2di halveBand(const Input& in, const StepPair& step, const Output& out, Interval y, RowMemory& memory)
+{
+    const Interval outX = columnsOf(out.rect);
+    if (!step.y.active()) {
+        halveColumnsBand(in, step.x, out, y, memory);
+        return boxOf(outX, y);
+    }
+    BandHalver halver(in, step, outX, kHalvedRows, roomFor(in, out), memory);
+    OutputRows<kHalvedRows> outputs(out, y, memory);
+    Math::Box2di box;
+    for (int v = y.lo; v < y.hi; v += kHalvedRows) {
+        const int end = std::min(v + kHalvedRows, y.hi);
+        const Interval done = halver.run(v, end, outputs.begin(v));
+        outputs.end();
+        box.add(boxOf({outX.lo + done.lo, outX.lo + done.hi}, {v, end}));
+    }
+    return box;
+}
+
+Math::Box2di halveTwiceBand(const Input& in, const StepPair& first, const Math::Box2di& between, const StepPair& second,
+                            const Output& out, Interval y, BandMemory& memory)
+{
+    const HalvedSource halved(in, first, between, memory.inner);
+    return halveBand({halved, between}, second, out, y, memory.outer);
+}
+
+} // namespace BlurAlgo
