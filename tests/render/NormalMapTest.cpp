@@ -154,6 +154,19 @@ TEST(NormalBlend, OverAnEmptyPixelTheObjectTakesItsPlace)
     EXPECT_EQ(out, (Pixel16{100, 200, 9, 16383})) << "0.5 x 32767 = 16383.5, truncated";
 }
 
+TEST(NormalBlend, EveryAlphaThatIsNotSaturatedReplacesAsItself)
+{
+    // The composition relies on it: a / 32767 x 32767, truncated, is a.
+    for (int a = 1; a <= 32767; ++a) {
+        const auto alpha = static_cast<std::int16_t>(a);
+        const double coverage = VolumeTraits<Pixel16>::coverageOf(alpha);
+        ASSERT_EQ(VolumeTraits<Pixel16>::isSaturated(alpha), coverage >= 0.99) << a;
+        if (!VolumeTraits<Pixel16>::isSaturated(alpha)) {
+            ASSERT_EQ(VolumeTraits<Pixel16>::fullAlpha(coverage), alpha);
+        }
+    }
+}
+
 TEST(NormalBlend, FullCoverageReplaces)
 {
     Pixel16 out{1, 2, 3, 32767};

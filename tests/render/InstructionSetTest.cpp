@@ -1,0 +1,99 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The vector code of the volume gives the same bits with every instruction set that this machine has, for all widths
+// around the vectors' own.
+#include "RandomPictures.h"
+#include "SmallPixmaps.h"
+
+#include "render/Composition.h"
+#include "render/ObjectVolume.h"
+
+#include <gtest/gtest.h>
+
+#include <hwy/targets.h>
+
+namespace {
+
+/// Makes the vector code run with one instruction set until it is gone.
+class OneInstructionSet
+{
+public:
+    explicit OneInstructionSet(std::int64_t target)
+    {
+        hwy::SetSupportedTargetsForTest(target);
+        hwy::GetChosenTarget().Update(hwy::SupportedTargets());
+    }
+    ~OneInstructionSet()
+    {
+        hwy::SetSupportedTargetsForTest(0);
+        hwy::GetChosenTarget().DeInit();
+    }
+    OneInstructionSet(const OneInstructionSet&) = delete;
+    OneInstructionSet& operator=(const OneInstructionSet&) = delete;
+};
+
+template<typename Pixel>
+std::vector<Pixel> pixelsOf(const CEL_PixmapArea& area)
+{
+    const auto& pixmap = dynamic_cast<const CEL_PixmapOf<Pixel>&>(area);
+    std::vector<Pixel> pixels;
+    for (int y = pixmap.allocatedRect().y1; y < pixmap.allocatedRect().y2; ++y)
+        pixels.insert(pixels.end(), pixmap.row(y).begin(), pixmap.row(y).end());
+    return pixels;
+}
+
+struct Job
+{
+    int width;
+    int quality;
+    bool clip;
+    double smoothness;
+};
+
+// The volume of a random drawing, and that composed.
+template<typename Pixel>
+std::vector<Pixel> renderedWith(std::int64_t target, const Job& job)
+{
+    const OneInstructionSet only(target);
+    RandomPictures random(static_cast<std::uint32_t>(job.width * 3 + job.quality));
+    const Math::Box2di canvas(0, 0, job.width + 9, 14);
+    const auto object = random.picture<Pixel>({4, 2, 4 + job.width, 12}, canvas);
+    std::pair<float, float> range;
+    const auto result =
+        buildObjectVolume(object, 3.0, 720, true, 1.0, object, range, job.quality, job.smoothness, job.clip);
+    VallorinRenderHandler handler(1.0, MO_CompositeModuleBitmapHandler::CompositeModuleInterface{}, {});
+    handler.portObjectIds = {1, 1};
+    CEL_PixmapOf<Pixel> output({canvas.width(), canvas.height()}, canvas);
+    output.realloc(canvas, true);
+    composeOutput(handler, output, {{0, object}, {1, random.picture<Pixel>({4, 2, 4 + job.width, 12}, canvas)}},
+                  {{1, result}});
+    std::vector<Pixel> pixels = pixelsOf<Pixel>(*result);
+    const std::vector<Pixel> composed = pixelsOf<Pixel>(output);
+    pixels.insert(pixels.end(), composed.begin(), composed.end());
+    return pixels;
+}
+
+template<typename Pixel>
+class InstructionSets : public testing::Test
+{};
+
+using Formats = testing::Types<Pixel16, PixelFloat>;
+TYPED_TEST_SUITE(InstructionSets, Formats);
+
+} // namespace
+
+TYPED_TEST(InstructionSets, AllGiveTheSameBits)
+{
+    const std::int64_t supported = hwy::SupportedTargets();
+    for (int width = 1; width <= 70; ++width)
+        for (int quality = 0; quality <= 2; ++quality) {
+            const Job job{width, quality, width % 2 == 0, width % 3 == 0 ? 2.0 : 1.0};
+            // One pixel at a time is the plainest of all.
+            const auto plain = renderedWith<TypeParam>(HWY_SCALAR, job);
+            for (std::int64_t rest = supported; rest != 0; rest &= rest - 1) {
+                const std::int64_t target = rest & -rest;
+                ASSERT_EQ(renderedWith<TypeParam>(target, job), plain)
+                    << hwy::TargetName(target) << ", width " << width << ", quality " << quality;
+            }
+        }
+}
