@@ -20,6 +20,8 @@ GroupMakers stageGroups();
 GroupMakers blurGroups();
 /// Several objects, several threads, several frames.
 GroupMakers scalingGroups();
+/// The command from a drawing's file to its normal map's, step by step.
+GroupMakers commandGroups();
 
 /// A value that is made when it is asked for first, shared by the cases of a group.
 template<typename Value>

@@ -101,7 +101,7 @@ void runGroup(const Group& group, const Filter& accepts, TimeCollector& times)
 
 void runAll(const Filter& accepts, Findings& findings)
 {
-    for (const GroupMakers& makers : {wholeGroups(), blurGroups(), stageGroups(), scalingGroups()})
+    for (const GroupMakers& makers : {wholeGroups(), blurGroups(), stageGroups(), scalingGroups(), commandGroups()})
         for (const auto& makeGroup : makers) {
             const Group group = makeGroup();
             std::cerr << "measuring " << group.cases.front().name << " and its like\n";

@@ -1,0 +1,163 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The command that turns a drawing into a normal map, step by step and as a whole: the example drawing in 4K, 16-bit,
+// medium quality, with the functions that the command itself calls.
+//
+// The node has its inputs rasterised while it renders, so these two are told apart by drawings that note how long
+// their rasterising takes. The node rasterises one input after the other, so that the notes add up on any number of
+// threads.
+#include "Groups.h"
+
+#include "QuarvelImageIO/IIO_PictureFile.h"
+#include "QuarvelNormalMap/NM_NormalPicture.h"
+#include "SilencedOutput.h"
+#include "jobs/NormalMapJob.h"
+#include "jobs/ReadDrawing.h"
+
+#include <QTemporaryDir>
+
+#include <cstdlib>
+#include <iostream>
+#include <optional>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double secondsSince(Clock::time_point start)
+{
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+/// A drawing that adds the time which its rasterising takes to a sum.
+class TimedDrawing final : public CELVEC_Kvd
+{
+public:
+    TimedDrawing(const CELVEC_Kvd& drawing, std::shared_ptr<double> seconds)
+        : CELVEC_Kvd(drawing), _seconds(std::move(seconds))
+    {}
+
+    UT_SharedPtr<CELVEC_Kvd> shareForRendering() const override { return UT_makeShared<TimedDrawing>(*this, _seconds); }
+
+    void render(const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const override
+    {
+        const Clock::time_point start = Clock::now();
+        CELVEC_Kvd::render(args, target);
+        *_seconds += secondsSince(start);
+    }
+
+private:
+    std::shared_ptr<double> _seconds;
+};
+
+template<typename Result>
+Result&& expected(Result&& result)
+{
+    if (!result) {
+        std::cerr << "bench_vallorin: " << qPrintable(result.error().text) << '\n';
+        std::exit(1);
+    }
+    return std::forward<Result>(result);
+}
+
+/// One run of the command, of which each step can be had by itself once those before it were done.
+class CommandRun
+{
+public:
+    CommandRun()
+    {
+        _settings.size = QSize(3840, 2160);
+        _settings.normalQuality = QStringLiteral("MEDIUM_NORMAL_QUALITY");
+        runAll();
+    }
+
+    /// Seconds of the last render that went into rasterising.
+    double rasterising() const { return *_rasterising; }
+
+    void read()
+    {
+        _drawing = std::move(expected(readDrawing(QStringLiteral(BENCH_DRAWING), _settings.grouping))->drawing);
+        for (LayeredDrawing::Layer& layer : _drawing.layers)
+            layer.drawing = UT_makeShared<TimedDrawing>(*layer.drawing, _rasterising);
+    }
+
+    void render()
+    {
+        // The node says on the standard output that it is done, where the table goes.
+        const SilencedOutput silenced(true);
+        *_rasterising = 0.0;
+        _pictures = std::move(*expected(renderNormalMap(_drawing, _settings, {})));
+    }
+
+    void makePicture() { _picture.emplace(std::move(*expected(NM_toPicture(*_pictures.node, _pictures.frame, {})))); }
+
+    void encode() { expected(IIO_write(_folder.filePath(QStringLiteral("map.png")), *_picture)); }
+
+    void runAll()
+    {
+        read();
+        render();
+        makePicture();
+        encode();
+    }
+
+private:
+    NormalMapSettings _settings;
+    std::shared_ptr<double> _rasterising = std::make_shared<double>(0.0);
+    LayeredDrawing _drawing;
+    RenderedPictures _pictures;
+    std::optional<IIO_Picture> _picture;
+    QTemporaryDir _folder;
+};
+
+using LazyRun = Lazy<CommandRun>;
+
+// Renders, and takes for the time what the function makes of the whole of it and of the part that went into
+// rasterising.
+std::function<void(benchmark::State&)> partOfRender(const LazyRun& run, int threads, double (*part)(double, double))
+{
+    return [=](benchmark::State& state) {
+        tbb::task_arena arena(threads);
+        for ([[maybe_unused]] auto _ : state)
+            arena.execute([&] {
+                const Clock::time_point start = Clock::now();
+                run->render();
+                state.SetIterationTime(part(secondsSince(start), run->rasterising()));
+            });
+    };
+}
+
+std::function<void(benchmark::State&)> step(const LazyRun& run, int threads, void (CommandRun::*work)())
+{
+    return [=](benchmark::State& state) {
+        CommandRun& command = *run;
+        timeEach(
+            state, threads, [] {}, [&] { (command.*work)(); });
+    };
+}
+
+Group commandGroup(const std::string& prefix, int threads)
+{
+    const LazyRun run([] { return std::make_shared<CommandRun>(); });
+    Group group;
+    group.cases = {
+        {prefix + "rasterise", partOfRender(run, threads, [](double, double rasterising) { return rasterising; })},
+        {prefix + "node", partOfRender(run, threads, [](double all, double rasterising) { return all - rasterising; })},
+        {prefix + "picture", step(run, threads, &CommandRun::makePicture)},
+        {prefix + "encode", step(run, threads, &CommandRun::encode)},
+        {prefix + "whole", step(run, threads, &CommandRun::runAll)}};
+    for (const char* part : {"rasterise", "node", "picture"})
+        group.figures.push_back(
+            {prefix + part + " : whole", prefix + part, prefix + "whole", Figure::kNoGoal, false, {}});
+    group.figures.push_back(
+        {prefix + "encode : whole", prefix + "encode", prefix + "whole", 1.0 / 3.0, false, "encoding : whole command"});
+    return group;
+}
+
+} // namespace
+
+GroupMakers commandGroups()
+{
+    return {[] { return commandGroup("command/4K/one-thread/", 1); },
+            [] { return commandGroup("command/4K/two-threads/", 2); }};
+}
