@@ -26,7 +26,7 @@ BA_RowSink::~BA_RowSink() = default;
 
 namespace {
 
-constexpr std::ptrdiff_t kLane = 16;
+constexpr std::ptrdiff_t kLane = RowMemory::kLine;
 /// Passes over fewer samples than this are not worth a second thread.
 constexpr std::int64_t kSamplesForThreads = 1 << 15;
 constexpr int kSmallestBand = 16;
@@ -60,26 +60,12 @@ BA_Plane cropped(const BA_Plane& plane, const Math::Box2di& box)
     return {plane.data + (box.y1 - plane.rect.y1) * plane.stride + (box.x1 - plane.rect.x1), plane.stride, box};
 }
 
-/// A plane's memory, which only grows.
-class PlaneMemory
+/// A plane in memory that only grows.
+BA_Plane planeIn(SampleMemory& memory, const Math::Box2di& rect)
 {
-public:
-    BA_Plane plane(const Math::Box2di& rect)
-    {
-        const std::ptrdiff_t stride = (rect.width() + kLane - 1) / kLane * kLane;
-        const auto samples = static_cast<std::size_t>(stride) * static_cast<std::size_t>(rect.height());
-        if (samples > _capacity) {
-            _samples.reset();
-            _samples = std::make_unique_for_overwrite<float[]>(samples);
-            _capacity = samples;
-        }
-        return {_samples.get(), stride, rect};
-    }
-
-private:
-    std::unique_ptr<float[]> _samples;
-    std::size_t _capacity = 0;
-};
+    const std::ptrdiff_t stride = (rect.width() + kLane - 1) / kLane * kLane;
+    return {memory.room(static_cast<std::size_t>(stride) * static_cast<std::size_t>(rect.height())), stride, rect};
+}
 
 /// One halving in both directions, and what it leads to.
 struct Level
@@ -87,7 +73,7 @@ struct Level
     StepPair halving;
     StepPair doubling;
     /// What the halving makes, and later, when that is not needed any more, what the doubling starts from.
-    PlaneMemory plane;
+    SampleMemory memory;
 };
 
 Interval halvedIf(const StepWeights& step, Interval samples)
@@ -145,7 +131,7 @@ struct BA_GaussianBlur::Impl
     AxisPlan x;
     AxisPlan y;
     std::deque<Level> levels;
-    PlaneMemory filtered;
+    SampleMemory filtered;
     tbb::enumerable_thread_specific<BandMemory> memory;
 
     void plan(double sigmaX, double sigmaY);
@@ -214,7 +200,8 @@ BA_Plane BA_GaussianBlur::Impl::halved(const Input& in, std::size_t level)
         return {};
     const Math::Box2di next = halvedBox(levels[level], in.rect);
     const bool twice = level == 0 && firstTwoAtOnce();
-    const BA_Plane plane = twice ? levels[1].plane.plane(halvedBox(levels[1], next)) : levels[level].plane.plane(next);
+    const BA_Plane plane =
+        twice ? planeIn(levels[1].memory, halvedBox(levels[1], next)) : planeIn(levels[level].memory, next);
     PlaneSink sink(plane);
     const Output out(sink, plane.rect);
     const auto halveRows = [&](Interval rows, BandMemory& local) {
@@ -273,11 +260,11 @@ void BA_GaussianBlur::Impl::blur(const Input& source, BA_RowSink& sink, const Ma
         const Math::Box2di& box = needed.empty() ? part : needed.back();
         needed.push_back(boxOf(neededIf(level.doubling.x, columnsOf(box)), neededIf(level.doubling.y, rowsOf(box))));
     }
-    BA_Plane blurred = filtered.plane(needed.back());
+    BA_Plane blurred = planeIn(filtered, needed.back());
     PlaneSink out(blurred);
     filter({PlaneSource(coarsest), coarsest.rect}, {out, blurred.rect});
     for (std::size_t i = depth - 1; i > last; --i) {
-        const BA_Plane next = levels[i - 1].plane.plane(needed[i - 1]);
+        const BA_Plane next = planeIn(levels[i - 1].memory, needed[i - 1]);
         PlaneSink nextOut(next);
         doubled({PlaneSource(blurred), blurred.rect}, i, {nextOut, next.rect});
         blurred = next;

@@ -16,7 +16,6 @@ namespace {
 
 using RowKernels::Pair;
 
-constexpr std::size_t kLane = 16;
 /// Rows that are filtered together.
 constexpr int kFilteredRows = 8;
 
@@ -39,16 +38,15 @@ Interval doubledSupport(Interval samples, int reach)
 
 void RowMemory::reset(std::size_t rows, std::size_t samples)
 {
-    _stride = (samples + kLane - 1) / kLane * kLane + kLane;
-    _used = 0;
-    if (_samples.size() < rows * _stride)
-        _samples.resize(rows * _stride);
+    // One line more keeps columns of rows from falling on the same places of the cache all the time.
+    _stride = (samples + kLine - 1) / kLine * kLine + kLine;
+    _next = _memory.room(rows * _stride);
 }
 
 float* RowMemory::take()
 {
-    float* row = _samples.data() + _used;
-    _used += _stride;
+    float* row = _next;
+    _next += _stride;
     return row;
 }
 

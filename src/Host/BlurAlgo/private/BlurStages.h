@@ -11,6 +11,9 @@
 #include "BlurAlgo/BA_GaussianBlur.h"
 #include "BlurAlgo/private/AxisPlan.h"
 
+#include <hwy/aligned_allocator.h>
+
+#include <new>
 #include <span>
 #include <vector>
 
@@ -97,10 +100,35 @@ struct Output
     Math::Box2di rect; ///< what is worked out: the columns outside become zeros
 };
 
+/// Samples in memory that only grows. It begins where vectors and cache lines do.
+class SampleMemory
+{
+public:
+    /// Room for so many samples; what it held may be lost.
+    float* room(std::size_t samples)
+    {
+        if (samples > _capacity) {
+            _samples.reset();
+            _samples = hwy::AllocateAligned<float>(samples);
+            if (!_samples)
+                throw std::bad_alloc();
+            _capacity = samples;
+        }
+        return _samples.get();
+    }
+
+private:
+    hwy::AlignedFreeUniquePtr<float[]> _samples;
+    std::size_t _capacity = 0;
+};
+
 /// Memory of one thread, kept between bands: handed out from the front, all taken back at once.
 class RowMemory
 {
 public:
+    /// Samples of a cache line, at whose beginning every row begins.
+    static constexpr std::size_t kLine = 16;
+
     /// Takes everything back and makes room for this many rows of this many samples.
     void reset(std::size_t rows, std::size_t samples);
     /// One row of at least the size that was announced. It holds anything.
@@ -109,9 +137,9 @@ public:
     float* takeZeros();
 
 private:
-    std::vector<float> _samples;
+    SampleMemory _memory;
+    float* _next = nullptr;
     std::size_t _stride = 0;
-    std::size_t _used = 0;
 };
 
 /// Memory for two steps at once.

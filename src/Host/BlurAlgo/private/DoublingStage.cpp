@@ -142,6 +142,7 @@ void doubleBand(const Input& in, const StepPair& step, const Output& out, Interv
         doubler.run(v, results, outputs.worthStreaming());
         outputs.end();
     }
+    PyramidKernels::finishStreaming();
 }
 
 void doubleTwiceBand(const Input& in, const StepPair& first, const Math::Box2di& between, const StepPair& second,

@@ -27,14 +27,17 @@ public:
         , _skipped(in.lo - 2 * (out.lo - _margin))
         , _empty(static_cast<std::size_t>((in.size() + kStrip - 1) / kStrip), true)
     {
+        // The sums are written from the beginning of a cache line on.
+        const auto line = static_cast<int>(RowMemory::kLine);
+        const int shift = (line - ceilHalf(_skipped) % line) % line;
         for (PyramidKernels::SplitRow& row : _rows)
-            row = {memory.takeZeros(), memory.takeZeros()};
+            row = {memory.takeZeros() + shift, memory.takeZeros() + shift};
     }
 
     /// Samples that the rows of memory must hold for halving to this many.
     static std::size_t rowSize(int n, const StepWeights& step)
     {
-        return static_cast<std::size_t>(n + 2 * ceilHalf(std::max(step.reach(), 0)));
+        return static_cast<std::size_t>(n + 2 * ceilHalf(std::max(step.reach(), 0))) + RowMemory::kLine;
     }
 
     /// Takes sums of rows to be halved. Returns the columns of the result that are not zero then, counted from its

@@ -323,7 +323,6 @@ HWY_INLINE void doubleRowsBy(std::span<const float* const> rows, std::span<const
             doubleRowsAt<0, kReach, false>(OneFloat(), in.data(), w.data(), out.data(), i);
         for (; unaligned < n && i + lanes() <= n; i += lanes())
             doubleRowsAt<0, kReach, true>(Floats(), in.data(), w.data(), out.data(), i);
-        hwy::FlushStream();
     }
     for (; i + lanes() <= n; i += lanes())
         doubleRowsAt<0, kReach, false>(Floats(), in.data(), w.data(), out.data(), i);
@@ -423,6 +422,11 @@ void doubleRows(std::span<const float* const> rows, std::span<const float> weigh
                 bool stream)
 {
     HWY_DYNAMIC_DISPATCH(doubleAll)(rows, weights, out, n, stream);
+}
+
+void finishStreaming()
+{
+    hwy::FlushStream();
 }
 
 } // namespace BlurAlgo::PyramidKernels
