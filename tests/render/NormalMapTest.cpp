@@ -6,8 +6,11 @@
 
 #include "MultiStageKvd/NormalParser.h"
 #include "render/NormalBlend.h"
+#include "render/VolumeRowKernels.h"
 
 #include <cmath>
+#include <set>
+#include <vector>
 
 namespace {
 
@@ -98,6 +101,41 @@ TEST(NormalMap, TwoSlopesThatNearlyCancelOutAreNotLevel)
     depth->at(2, 0).value = 100.0F;
     depth->at(0, 2).value = 101.0F + kTilt;
     EXPECT_EQ(normalAt(*depth, 1, 1, EIGHT_NEIGHBOURS).r, kMiddle - 1);
+}
+
+TEST(NormalMap, StoredNormalsAreReadBackAsTheParserReadsThem)
+{
+    // Every third pixel has a left and a right neighbour whose difference leads to one of the 32768 codes, and level
+    // ones above and below; without diagonals these count alone.
+    constexpr std::size_t kCodes = 32768;
+    constexpr std::size_t kWidth = 3 * kCodes;
+    std::vector<float> here(kWidth);
+    std::vector<float> beside(kWidth, 0.0F);
+    for (std::size_t code = 0; code < kCodes; ++code) {
+        const double n = std::clamp(2.0 * static_cast<double>(code) / 32767.0 - 1.0, -0.9999999, 0.9999999);
+        here[3 * code] = 1e-6F;
+        here[3 * code + 1] = 1.0F;
+        here[3 * code + 2] = static_cast<float>(1e-6 - 2.0 * n / std::sqrt(1.0 - n * n));
+        beside[3 * code + 1] = 1.0F;
+    }
+    const std::size_t count = kWidth - 2;
+    const VolumeRowKernels::DepthRows depth{beside.data() + 1, here.data() + 1, beside.data() + 1};
+    const std::vector<float> share(count);
+    std::vector<Pixel16> pixels(count);
+    VolumeRowKernels::storeNormals(depth, true, share.data(), pixels);
+    std::vector<double> x(count);
+    std::vector<double> y(count);
+    std::vector<double> z(count);
+    VolumeRowKernels::readBackNormals16(depth, count, {x.data(), y.data(), z.data()});
+    std::set<std::int16_t> codes;
+    for (std::size_t i = 0; i < count; i += 3) {
+        const Math::Vector3d expected = NormalParser_decode(pixels[i]);
+        ASSERT_EQ(x[i], expected.x) << pixels[i].r;
+        ASSERT_EQ(y[i], expected.y);
+        ASSERT_EQ(z[i], expected.z);
+        codes.insert(pixels[i].r);
+    }
+    EXPECT_GE(codes.size(), kCodes - 300) << "all but some of the steepest";
 }
 
 TEST(NormalMap, SmoothingLeavesAPixelWithoutAnyNormalAround)

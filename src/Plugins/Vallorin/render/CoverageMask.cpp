@@ -47,6 +47,23 @@ Math::Box2di positiveBox(const CEL_PixmapOf<Pixel>& pixmap)
     return {rect.x1 + static_cast<int>(first), top, rect.x1 + static_cast<int>(end), bottom};
 }
 
+// Row y of the mask, which reaches beyond the columns that it has in common with the accumulator.
+template<typename Pixel>
+void weighRow(const CEL_PixmapOf<Pixel>& accumulator, const Math::Box2di& common, int y, std::span<CEL_PixelFloat> row,
+              int x1)
+{
+    if (y < common.y1 || y >= common.y2) {
+        std::ranges::fill(row, CEL_PixelFloat{});
+        return;
+    }
+    const auto first = static_cast<std::size_t>(common.x1 - x1);
+    const auto width = static_cast<std::size_t>(common.width());
+    std::ranges::fill(row.first(first), CEL_PixelFloat{});
+    std::ranges::fill(row.subspan(first + width), CEL_PixelFloat{});
+    const auto from = static_cast<std::size_t>(common.x1 - accumulator.allocatedRect().x1);
+    VolumeRowKernels::weigh(accumulator.row(y).subspan(from, width), &row[first].value);
+}
+
 } // namespace
 
 template<typename Pixel>
@@ -58,13 +75,9 @@ UT_SharedPtr<CEL_PixmapAreaZ> makeMask(const CEL_PixmapOf<Pixel>& accumulator)
     auto mask = UT_makeShared<CEL_PixmapAreaZ>(accumulator.size(), accumulator.canvasRect());
     const Math::Box2di box = positiveBox<Pixel>(accumulator).getEnlarged(kMargin);
     const Math::Box2di common = box.getIntersection(rect);
-    mask->realloc(box, !(common == box));
-    if (common.isEmpty())
-        return mask;
-    for (int y = common.y1; y < common.y2; ++y)
-        VolumeRowKernels::weigh(accumulator.row(y).subspan(static_cast<std::size_t>(common.x1 - rect.x1),
-                                                           static_cast<std::size_t>(common.width())),
-                                &mask->row(y)[static_cast<std::size_t>(common.x1 - box.x1)].value);
+    mask->realloc(box, false);
+    for (int y = box.y1; y < box.y2; ++y)
+        weighRow<Pixel>(accumulator, common, y, mask->row(y), box.x1);
     return mask;
 }
 
