@@ -157,6 +157,17 @@ TEST(AccuracyOfSmallPictures, HoldsForSingleColumns)
             expectWithinBounds(painted(Box2di(5, -height, 6, 0), [](int, int) { return 1; }), sigma, sigma);
 }
 
+TEST(AccuracyOfSparsePictures, HoldsForPixelsFarFromEachOther)
+{
+    // Emptiness between them wide and high enough to be left out.
+    const auto pixels = [](int x, int y) { return x % 397 == 5 && y % 61 == 3; };
+    for (const double sigma : {1.0, 3.3, 5.0, 6.6, 15.0}) {
+        expectWithinBounds(painted(Box2di(-3, -70, 1300, 130), pixels), sigma, sigma);
+        expectWithinBounds(painted(Box2di(-3, -70, 1300, 130), pixels), 0.0, sigma);
+        expectWithinBounds(painted(Box2di(-3, -70, 1300, 130), pixels), sigma, 0.0);
+    }
+}
+
 RC_GTEST_PROP(AccuracyOfAnything, HoldsForAnyPictureAndDeviation, ())
 {
     // Whole ranges from the first picture on.

@@ -182,6 +182,27 @@ TEST(GaussianBlur, GivesTheSamePixelsInWhicheverRectangle)
     }
 }
 
+TEST(GaussianBlur, GivesTheSamePixelsInALargePlaneHoweverItLiesInMemory)
+{
+    // Results of this size are written past the caches where the rows lie alike in memory.
+    const Plane source = noise(Box2di(0, 0, 1050, 1010));
+    const Box2di rect(-6, -5, 1055, 1021);
+    for (const double sigma : {4.0, 9.0})
+        for (const int stride : {1072, 1075}) {
+            std::vector<float> memory(1075 * 1030, 5.0F);
+            const BA_Plane result{memory.data() + stride % 16, stride, rect};
+            BA_GaussianBlur(sigma, sigma).run(direct::view(source), result);
+            for (const Box2di part :
+                 {Box2di(-6, -5, 40, 30), Box2di(501, 490, 560, 533), Box2di(1000, 999, 1055, 1021)}) {
+                const Plane expected = blurredTo(source, sigma, sigma, part);
+                for (int y = part.y1; y < part.y2; ++y)
+                    for (int x = part.x1; x < part.x2; ++x)
+                        ASSERT_EQ(result.data[(y - rect.y1) * stride + (x - rect.x1)], expected.at(x, y))
+                            << x << ", " << y << ", stride " << stride;
+            }
+        }
+}
+
 TEST(GaussianBlur, WritesOnlyItsRectangleOfAWiderMemory)
 {
     const Plane source = noise(Box2di(0, 0, 30, 30));

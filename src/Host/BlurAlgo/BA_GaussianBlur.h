@@ -13,7 +13,7 @@
 // a long blur at other places: both results are within the bounds, and differ by less than they say.)
 //
 // Sources for the method: P. J. Burt, "Fast filter transforms for image processing", 1981, for Gaussians by halving and
-// doubling; the correction of the coarsest filter is worked out in private/AxisPlan.cpp.
+// doubling; the correction of the coarsest filter and the choice of all others are worked out in private/AxisPlan.cpp.
 #pragma once
 
 #include "BlurAlgo/BlurAlgoExport.h"
@@ -35,7 +35,8 @@ public:
     virtual const float* row(int y, float* buffer) const = 0;
 };
 
-/// Where the rows of a result go. Any number of threads write different rows at a time, each row once.
+/// Where the rows of a result go. Any number of threads write different rows at a time, each row once. Several rows may
+/// have been begun before the first of them is ended.
 class BLURALGO_EXPORT BA_RowSink
 {
 public:
@@ -57,7 +58,7 @@ struct BA_Plane
 };
 
 /// Blurs planes with one pair of standard deviations, and keeps the memory it needs from one call to the next: at most
-/// about three bytes per pixel of the largest result so far.
+/// about two and a half bytes per pixel of the largest result so far, and a few dozen rows for every thread.
 ///
 /// One object serves one call at a time; the call itself uses the threads of the TBB arena it is made in.
 class BLURALGO_EXPORT BA_GaussianBlur
