@@ -73,6 +73,8 @@ Group wholeGroup(const FrameSize& frame)
 GroupMakers wholeGroups()
 {
     GroupMakers makers;
+    // A third size, for the plot.
+    makers.push_back([] { return wholeGroup<CEL_PixelRGBA16>({"720p", 1280, 720}); });
     for (const FrameSize& frame : kFrameSizes) {
         makers.push_back([&] { return wholeGroup<CEL_PixelRGBA16>(frame); });
         makers.push_back([&] { return wholeGroup<CEL_PixelRGBAFloat>(frame); });

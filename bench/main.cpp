@@ -1,11 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// bench_vallorin [--json FILE] [--benchmark_...]
+// bench_vallorin [--json FILE] [--plot FILE] [--benchmark_...]
 //
-// Measures, prints the table, and writes it as JSON when asked to. Google Benchmark's words choose what runs and how
-// often; --benchmark_filter also chooses among the memory cases. Everything runs on one thread but the cases whose
-// names say otherwise.
+// Measures, prints the table, and writes it as JSON and as an SVG picture when asked to. Google Benchmark's words
+// choose what runs and how often; --benchmark_filter also chooses among the memory cases. Everything runs on one thread
+// but the cases whose names say otherwise.
 #include "Groups.h"
+#include "Plot.h"
 #include "Report.h"
 
 #include <opencv2/core.hpp>
@@ -21,6 +22,7 @@ namespace {
 struct Words
 {
     std::optional<std::string> jsonFile;
+    std::optional<std::string> plotFile;
     bool listOnly = false;
     std::vector<std::string> forBenchmark;
 };
@@ -36,12 +38,12 @@ std::optional<Words> parse(int argc, char** argv)
     words.forBenchmark.insert(words.forBenchmark.end(), kDefaults.begin(), kDefaults.end());
     for (int i = 1; i < argc; ++i) {
         const std::string word = argv[i];
-        if (word == "--json") {
+        if (word == "--json" || word == "--plot") {
             if (i + 1 == argc) {
-                std::cerr << "bench_vallorin: --json needs the name of a file behind it\n";
+                std::cerr << "bench_vallorin: " << word << " needs the name of a file behind it\n";
                 return std::nullopt;
             }
-            words.jsonFile = argv[++i];
+            (word == "--json" ? words.jsonFile : words.plotFile) = argv[++i];
             continue;
         }
         words.listOnly = words.listOnly || word.starts_with("--benchmark_list_tests");
@@ -111,17 +113,24 @@ void runAll(const Filter& accepts, Findings& findings)
         }
 }
 
+// Opens a file that results are to go to, if there is one; before the measuring, which takes long.
+bool open(const std::optional<std::string>& name, std::ofstream& file)
+{
+    if (name)
+        file.open(*name);
+    if (!file)
+        std::cerr << "bench_vallorin: cannot write " << *name << '\n';
+    return file.good();
+}
+
 int run(Words& words)
 {
     if (!initialize(words))
         return 2;
     std::ofstream json;
-    if (words.jsonFile)
-        json.open(*words.jsonFile);
-    if (!json) {
-        std::cerr << "bench_vallorin: cannot write " << *words.jsonFile << '\n';
+    std::ofstream plot;
+    if (!open(words.jsonFile, json) || !open(words.plotFile, plot))
         return 1;
-    }
     const Filter accepts(benchmark::GetBenchmarkFilter());
     cv::setNumThreads(1);
     Findings findings;
@@ -142,7 +151,9 @@ int run(Words& words)
     writeTable(findings, std::cout);
     if (words.jsonFile)
         writeJson(findings, json);
-    return json.good() ? 0 : 1;
+    if (words.plotFile)
+        writePlots(findings, plot);
+    return json.good() && plot.good() ? 0 : 1;
 }
 
 } // namespace
