@@ -1,83 +1,22 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// One look back per byte, into a table of where four bytes like these were last seen; the first copy that is long
-// enough is taken. Each block of steps gets codes of its own, and its length in bits is known before it is written.
+// Each block of steps gets codes of its own. Its length in bits is known before it is written, so that the room for it
+// is made once.
 #include "QuarvelImageIO/private/IIO_FastDeflate.h"
 
+#include "QuarvelImageIO/private/IIO_DeflateSteps.h"
 #include "QuarvelImageIO/private/IIO_HuffmanCode.h"
 
 #include <QtEndian>
 
 #include <algorithm>
-#include <bit>
+#include <array>
 #include <cassert>
 
 namespace {
 
-constexpr std::size_t kHashedBytes = 4;
-constexpr std::size_t kLongestCopy = 258;
-// A far copy costs about as many bits as five or six bytes of filtered pixels do, most of which are zeros or nearly so.
-// A near one, within two pixels of four channels at most, has a distance that is written often and takes few.
-constexpr std::ptrdiff_t kNear = 8;
-constexpr std::size_t kShortestNearCopy = 4;
-constexpr std::size_t kShortestFarCopy = 6;
-constexpr std::ptrdiff_t kWindow = 32768;
-// So far back that nothing is in the window.
-constexpr std::int32_t kNowhere = -kWindow - 1;
-constexpr std::size_t kEndOfBlock = 256;
 constexpr int kLongestCode = 15;
 constexpr int kLongestHeaderCode = 7;
-
-template<typename Number>
-Number loadLittleEndian(const std::uint8_t* from)
-{
-    return qFromLittleEndian<Number>(from);
-}
-
-// A length or a distance as deflate codes it: a symbol, and bits that follow it as they are.
-struct Coded
-{
-    std::uint32_t symbol;
-    std::uint32_t extra;
-    int extraBits;
-};
-
-Coded codedLength(std::size_t length)
-{
-    const auto value = static_cast<std::uint32_t>(length - 3);
-    if (length == kLongestCopy)
-        return {285, 0, 0};
-    if (value < 8)
-        return {257 + value, 0, 0};
-    // From here on there are four symbols for each number of bits.
-    const int extraBits = std::bit_width(value) - 3;
-    const std::uint32_t step = value >> extraBits;
-    return {257 + 4 * static_cast<std::uint32_t>(extraBits) + step, value - (step << extraBits), extraBits};
-}
-
-Coded codedDistance(std::size_t distance)
-{
-    const auto value = static_cast<std::uint32_t>(distance - 1);
-    if (value < 4)
-        return {value, 0, 0};
-    // Two symbols for each number of bits.
-    const int extraBits = std::bit_width(value) - 2;
-    const std::uint32_t step = value >> extraBits;
-    return {2 * static_cast<std::uint32_t>(extraBits) + step, value - (step << extraBits), extraBits};
-}
-
-// How many bytes are the same, at most so many.
-std::size_t commonLength(const std::uint8_t* a, const std::uint8_t* b, std::size_t most)
-{
-    std::size_t length = 0;
-    for (; length + 8 <= most; length += 8)
-        if (const auto different =
-                loadLittleEndian<std::uint64_t>(a + length) ^ loadLittleEndian<std::uint64_t>(b + length))
-            return length + static_cast<std::size_t>(std::countr_zero(different)) / 8;
-    while (length < most && a[length] == b[length])
-        ++length;
-    return length;
-}
 
 // Readers of old refuse a code of a single symbol, so a second one is given a code that is never used.
 void makeTwoOccur(std::span<std::uint32_t> counts)
@@ -223,25 +162,23 @@ private:
             addItem({length, 0, 0});
     }
 
-    void addItem(const Coded& item)
+    void addItem(const IIO_DeflateNumber& item)
     {
         ++_counts[item.symbol];
         _items[_size++] = item;
     }
 
-    std::array<Coded, 286 + 30> _items;
+    std::array<IIO_DeflateNumber, 286 + 30> _items;
     std::size_t _size = 0;
     std::array<std::uint32_t, 19> _counts{};
     Code<19> _code;
 };
 
-} // namespace
-
 // The two codes of a block.
-class IIO_FastDeflate::Codes
+class BlockCodes
 {
 public:
-    Codes(std::span<std::uint32_t> symbolCounts, std::span<std::uint32_t> distanceCounts)
+    BlockCodes(std::span<std::uint32_t> symbolCounts, std::span<std::uint32_t> distanceCounts)
     {
         _symbols.build(symbolCounts, kLongestCode);
         _distances.build(distanceCounts, kLongestCode);
@@ -251,18 +188,19 @@ public:
             _bits += std::uint64_t{distanceCounts[symbol]} * _distances.lengths[symbol];
     }
 
-    void writeBlock(std::span<const Step> steps, const std::uint8_t* bytes, bool isLast, BitWriter& writer) const
+    void writeBlock(std::span<const IIO_DeflateStep> steps, const std::uint8_t* bytes, bool isLast,
+                    BitWriter& writer) const
     {
         // A length has at most 5 bits behind its symbol, a distance 13.
         writer.reserve(LengthsHeader::kMostBits + _bits + 18 * steps.size());
         writeHeader(isLast, writer);
-        for (const Step& step : steps) {
+        for (const IIO_DeflateStep& step : steps) {
             writeLiterals({bytes, step.literals}, writer);
             if (step.length > 0)
                 writeCopy(step, writer);
             bytes += step.literals + step.length;
         }
-        _symbols.put(writer, kEndOfBlock);
+        _symbols.put(writer, IIO_DeflateSteps::kEndOfBlock);
         writer.flush();
     }
 
@@ -296,10 +234,10 @@ private:
         writer.flush();
     }
 
-    void writeCopy(const Step& step, BitWriter& writer) const
+    void writeCopy(const IIO_DeflateStep& step, BitWriter& writer) const
     {
-        const Coded length = codedLength(step.length);
-        const Coded distance = codedDistance(step.distance);
+        const IIO_DeflateNumber length = IIO_DeflateNumber::ofLength(step.length);
+        const IIO_DeflateNumber distance = IIO_DeflateNumber::ofDistance(step.distance);
         _symbols.put(writer, length.symbol);
         writer.put(length.extra, length.extraBits);
         _distances.put(writer, distance.symbol);
@@ -312,87 +250,23 @@ private:
     std::uint64_t _bits = 0;
 };
 
-IIO_FastDeflate::IIO_FastDeflate() : _lastPlaces(std::size_t{1} << kHashBits)
-{
-    _steps.reserve(kStepsPerBlock + 1);
-}
+} // namespace
+
+IIO_FastDeflate::IIO_FastDeflate() : _steps(std::make_unique<IIO_DeflateSteps>()) {}
+IIO_FastDeflate::~IIO_FastDeflate() = default;
 
 void IIO_FastDeflate::press(std::span<const std::uint8_t> bytes, bool isLast, std::vector<std::uint8_t>& output)
 {
-    std::ranges::fill(_lastPlaces, kNowhere);
     BitWriter writer(output);
     std::size_t done = 0;
+    _steps->begin();
     do {
-        _steps.clear();
-        _symbolCounts.fill(0);
-        _distanceCounts.fill(0);
-        const std::size_t end = findSteps(bytes, done);
-        ++_symbolCounts[kEndOfBlock];
-        const Codes codes(_symbolCounts, _distanceCounts);
-        codes.writeBlock(_steps, bytes.data() + done, isLast && end == bytes.size(), writer);
+        const std::size_t end = _steps->findBlock(bytes, done);
+        const BlockCodes codes(_steps->symbolCounts(), _steps->distanceCounts());
+        codes.writeBlock(_steps->steps(), bytes.data() + done, isLast && end == bytes.size(), writer);
         done = end;
     } while (done < bytes.size());
     if (!isLast)
         writer.writeEmptyBlock();
     writer.finish();
-}
-
-std::int32_t& IIO_FastDeflate::lastPlaceOf(std::uint32_t fourBytes)
-{
-    return _lastPlaces[(fourBytes * 0x9e3779b1U) >> (32 - kHashBits)];
-}
-
-// The copy that could stand here, of length 0 when there is none that saves anything.
-IIO_FastDeflate::Copy IIO_FastDeflate::findCopy(std::span<const std::uint8_t> bytes, std::size_t at)
-{
-    const std::uint8_t* here = bytes.data() + at;
-    const auto fourBytes = loadLittleEndian<std::uint32_t>(here);
-    std::int32_t& place = lastPlaceOf(fourBytes);
-    const std::ptrdiff_t distance = static_cast<std::ptrdiff_t>(at) - place;
-    place = static_cast<std::int32_t>(at);
-    if (distance > kWindow || loadLittleEndian<std::uint32_t>(here - distance) != fourBytes)
-        return {};
-    const std::size_t length = commonLength(here, here - distance, std::min(kLongestCopy, bytes.size() - at));
-    const bool isNear = distance <= kNear;
-    if (length < (isNear ? kShortestNearCopy : kShortestFarCopy))
-        return {};
-    return {length, static_cast<std::size_t>(distance)};
-}
-
-// Finds the steps of one block.
-//
-// @return where it ends
-std::size_t IIO_FastDeflate::findSteps(std::span<const std::uint8_t> bytes, std::size_t from)
-{
-    const std::size_t lastLook = bytes.size() - std::min(bytes.size(), kHashedBytes);
-    std::size_t at = from;
-    std::size_t literals = 0;
-    while (at < lastLook) {
-        const Copy copy = findCopy(bytes, at);
-        if (copy.length == 0) {
-            ++_symbolCounts[bytes[at++]];
-            ++literals;
-            continue;
-        }
-        addStep(literals, copy);
-        literals = 0;
-        at += copy.length;
-        if (_steps.size() == kStepsPerBlock)
-            return at;
-        // Of what was copied only the last byte is noted, so that a run goes on with the shortest distance.
-        if (at < lastLook)
-            lastPlaceOf(loadLittleEndian<std::uint32_t>(bytes.data() + at - 1)) = static_cast<std::int32_t>(at - 1);
-    }
-    for (; at < bytes.size(); ++at, ++literals)
-        ++_symbolCounts[bytes[at]];
-    _steps.push_back({static_cast<std::uint32_t>(literals), 0, 0});
-    return at;
-}
-
-void IIO_FastDeflate::addStep(std::size_t literals, const Copy& copy)
-{
-    _steps.push_back({static_cast<std::uint32_t>(literals), static_cast<std::uint16_t>(copy.length),
-                      static_cast<std::uint16_t>(copy.distance)});
-    ++_symbolCounts[codedLength(copy.length).symbol];
-    ++_distanceCounts[codedDistance(copy.distance).symbol];
 }

@@ -7,8 +7,8 @@
 
 #include "QuarvelImageIO/QuarvelImageIOExport.h"
 
-#include <array>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -18,39 +18,17 @@ class QUARVELIMAGEIO_EXPORT IIO_FastDeflate
 {
 public:
     IIO_FastDeflate();
+    ~IIO_FastDeflate();
+    IIO_FastDeflate(const IIO_FastDeflate&) = delete;
+    IIO_FastDeflate& operator=(const IIO_FastDeflate&) = delete;
 
     /// Adds the bytes, pressed, behind what the output holds, from and to the border of a byte.
     ///
+    /// @param bytes  fewer than 2^31
     /// @param isLast ends the stream; otherwise another piece can follow
     void press(std::span<const std::uint8_t> bytes, bool isLast, std::vector<std::uint8_t>& output);
 
 private:
-    // So many bytes as they are, and then a copy of `length` bytes that stand `distance` bytes before; at the end of a
-    // block both may be 0.
-    struct Step
-    {
-        std::uint32_t literals;
-        std::uint16_t length;
-        std::uint16_t distance;
-    };
-    static constexpr std::size_t kStepsPerBlock = 16384;
-    static constexpr int kHashBits = 14;
-
-    class Codes;
-
-    struct Copy
-    {
-        std::size_t length = 0;
-        std::size_t distance = 0;
-    };
-
-    std::int32_t& lastPlaceOf(std::uint32_t fourBytes);
-    Copy findCopy(std::span<const std::uint8_t> bytes, std::size_t at);
-    std::size_t findSteps(std::span<const std::uint8_t> bytes, std::size_t from);
-    void addStep(std::size_t literals, const Copy& copy);
-
-    std::vector<Step> _steps;
-    std::vector<std::int32_t> _lastPlaces; // where the bytes of a hash were last seen
-    std::array<std::uint32_t, 286> _symbolCounts{};
-    std::array<std::uint32_t, 30> _distanceCounts{};
+    // Out of sight, so that the compiler can inline it.
+    std::unique_ptr<class IIO_DeflateSteps> _steps;
 };
