@@ -15,6 +15,7 @@
 #include <cassert>
 #include <cmath>
 #include <deque>
+#include <limits>
 #include <memory>
 #include <mutex>
 #include <vector>
@@ -128,6 +129,8 @@ void forBands(Interval y, int width, const Work& work)
 
 struct BA_GaussianBlur::Impl
 {
+    double plannedX = std::numeric_limits<double>::quiet_NaN();
+    double plannedY = std::numeric_limits<double>::quiet_NaN();
     AxisPlan x;
     AxisPlan y;
     std::deque<Level> levels;
@@ -154,6 +157,9 @@ struct BA_GaussianBlur::Impl
 
 void BA_GaussianBlur::Impl::plan(double sigmaX, double sigmaY)
 {
+    // Frames of a scene are mostly blurred alike.
+    if (sigmaX == plannedX && sigmaY == plannedY)
+        return;
     x = planAxis(sigmaX);
     y = planAxis(sigmaY);
     levels.resize(std::max(x.stages.size(), y.stages.size()));
@@ -166,6 +172,8 @@ void BA_GaussianBlur::Impl::plan(double sigmaX, double sigmaY)
         level.halving.y.weights = halveY ? y.stages[i].halvingWeights() : std::vector<float>();
         level.doubling.y.weights = halveY ? y.stages[i].doublingWeights() : std::vector<float>();
     }
+    plannedX = sigmaX;
+    plannedY = sigmaY;
 }
 
 Math::Box2di BA_GaussianBlur::Impl::worthDoubling(const Math::Box2di& coarsest, const Math::Box2di& resultRect) const

@@ -127,15 +127,15 @@ inline std::size_t roomFor(const Input& in, const Output& out)
     return static_cast<std::size_t>(std::max(in.rect.width(), out.asked.size()));
 }
 
-/// Calls work(x, columns) for the strips of n columns in which not all of the rows are empty, and skip(x, columns) for
+/// Calls skip(x, columns) for the strips of n columns for which isEmpty(x, columns) says so, and work(x, columns) for
 /// the others. Returns the columns from the first strip that was worked on to the last.
-template<typename Work, typename Skip>
-Interval forStrips(std::span<const float* const> rows, int n, const Work& work, const Skip& skip)
+template<typename IsEmpty, typename Work, typename Skip>
+Interval forStrips(int n, const IsEmpty& isEmpty, const Work& work, const Skip& skip)
 {
     Interval done;
     for (int x = 0; x < n; x += kStrip) {
         const int columns = std::min(kStrip, n - x);
-        if (PyramidKernels::areZeros(rows, x, columns)) {
+        if (isEmpty(x, columns)) {
             skip(x, columns);
             continue;
         }

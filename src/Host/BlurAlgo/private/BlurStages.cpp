@@ -94,7 +94,8 @@ public:
             for (std::size_t j = 0; j < results.size(); ++j)
                 std::fill_n(sumsFrom(j, x), columns, 0.0F);
         };
-        const Interval done = forStrips(rows, _in.size(), sum, clear);
+        const auto isEmpty = [&](int x, int columns) { return PyramidKernels::areZeros(rows, x, columns); };
+        const Interval done = forStrips(_in.size(), isEmpty, sum, clear);
         for (std::size_t j = 0; j < results.size(); ++j)
             sumColumns(_sums[j] + (_out.lo - _padded.lo), resultOf(done), results[j]);
     }

@@ -40,15 +40,23 @@ public:
         return static_cast<std::size_t>(n + 2 * ceilHalf(std::max(step.reach(), 0))) + RowMemory::kLine;
     }
 
-    /// Takes sums of rows to be halved. Returns the columns of the result that are not zero then, counted from its
-    /// left.
+    /// Takes sums of rows to be halved, which come in the order of their places, always as many further down. Returns
+    /// the columns of the result that are not zero then, counted from its left.
     Interval sumRows(std::span<const float* const> rows, std::span<const float> weights)
     {
+        // Where the last sums left nothing, the rows that were part of them are known to be empty.
+        const auto isEmpty = [&](int x, int columns) {
+            const bool known = _hasSums && _empty[static_cast<std::size_t>(x / kStrip)];
+            return PyramidKernels::areZeros(known ? rows.last(2 * kHalvedRows) : rows, x, columns);
+        };
         const auto sum = [&](int x, int columns) {
             PyramidKernels::halveRows(rows, x, weights, from(x), columns, firstIsOdd());
             _empty[static_cast<std::size_t>(x / kStrip)] = false;
         };
-        return resultOf(forStrips(rows, _in.size(), sum, [this](int x, int columns) { clear(x, columns); }));
+        const auto skip = [this](int x, int columns) { clear(x, columns); };
+        const Interval done = forStrips(_in.size(), isEmpty, sum, skip);
+        _hasSums = true;
+        return resultOf(done);
     }
 
     /// Takes one row to be halved.
@@ -108,6 +116,7 @@ private:
     const StepWeights& _step;
     int _skipped; ///< columns of zeros before the first one of the input
     PyramidKernels::SplitRows _rows;
+    bool _hasSums = false;
     std::vector<bool> _empty; ///< strips of the input that left nothing but zeros
 };
 
@@ -126,7 +135,8 @@ Interval halveRowsOnly(std::span<const float* const> rows, std::span<const float
         for (float* row : from(x))
             std::fill_n(row, columns, 0.0F);
     };
-    return forStrips(rows, n, sum, clear);
+    const auto isEmpty = [&](int x, int columns) { return PyramidKernels::areZeros(rows, x, columns); };
+    return forStrips(n, isEmpty, sum, clear);
 }
 
 /// Makes halved rows, a few of them at once, in the order of their places.
