@@ -203,6 +203,27 @@ TEST(VectorDrawing, RendersTheSameInFloat)
     EXPECT_EQ(target.at(0, 0), (CEL_PixelRGBAFloat{1.0F, 0.0F, 0.0F, 1.0F}));
 }
 
+TEST(VectorDrawing, IsTheSameHoweverMuchOfItIsWanted)
+{
+    // Slanted outlines over 700 rows, one of them clipped.
+    QPainterPath triangle;
+    triangle.addPolygon(QPolygonF({{3.3, 2.1}, {61.7, 350.2}, {9.4, 698.6}}));
+    QPainterPath ring;
+    ring.addEllipse(QPointF(32.0, 350.0), 30.5, 340.25);
+    CELVEC_Shape clipped{ring, kBlue, 0.7, {}};
+    clipped.clip = triangle;
+    const auto drawing = drawingOf({{triangle, kRed, 1.0, {}}, clipped});
+    CELVEC_RenderArgs args = pixels(64, 700);
+    const auto whole = render16(*drawing, args);
+    for (const int top : {0, 77, 128, 300, 511}) {
+        args.wanted = Box2di(0, top, 64, top + 140);
+        const auto part = render16(*drawing, args);
+        for (int y = part->allocatedRect().y1; y < part->allocatedRect().y2; ++y)
+            for (int x = part->allocatedRect().x1; x < part->allocatedRect().x2; ++x)
+                ASSERT_EQ(part->at(x, y), whole->at(x, y)) << x << ", " << y;
+    }
+}
+
 TEST(MultiStageDrawing, RunsItsStagesInOrderOnThePrimaryPicture)
 {
     const auto staged = MultiStageKvd::embed(drawingOf({rectangle(0, 0, 1, 1, kBlue)}));

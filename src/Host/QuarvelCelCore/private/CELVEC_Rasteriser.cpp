@@ -1,13 +1,17 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The rasteriser. The painter of Qt does the work, on a picture of 16 bits a channel: its scan conversion gives the
-// exact area that a shape covers of each pixel, in 256 steps. First the paint of every shape is asked for; then a
-// picture just large enough for what is painted at all is made, painted, and converted to the target's format.
+// exact area that a shape covers of each pixel, in 256 steps. First the paint of every shape is asked for; then what is
+// painted at all is painted in bands of rows, each on a small picture of its own that is converted to the target's
+// format while it is in the cache. Bands are painted in parallel; where one ends does not depend on the threads.
 #include "QuarvelCelCore/private/CELVEC_Rasteriser.h"
 
 #include <QImage>
 #include <QPainter>
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_for.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -143,9 +147,8 @@ CEL_PixelRGBAFloat convertPixel(const QRgba64& from, CEL_PixelRGBAFloat)
 }
 
 template<typename Pixel>
-void copyPixels(const QImage& picture, CEL_PixmapOf<Pixel>& target)
+void copyPixels(const QImage& picture, const Math::Box2di& rect, CEL_PixmapOf<Pixel>& target)
 {
-    const Math::Box2di rect = target.allocatedRect();
     for (int y = rect.y1; y < rect.y2; ++y) {
         const std::span source(reinterpret_cast<const QRgba64*>(picture.constScanLine(y - rect.y1)),
                                static_cast<std::size_t>(rect.width()));
@@ -153,6 +156,53 @@ void copyPixels(const QImage& picture, CEL_PixmapOf<Pixel>& target)
         for (std::size_t i = 0; i < row.size(); ++i)
             row[i] = convertPixel(source[i], Pixel{});
     }
+}
+
+// Paths of their own, for the same reason as above.
+std::vector<PaintedShape> ownCopies(const std::vector<PaintedShape>& shapes)
+{
+    std::vector<PaintedShape> copies = shapes;
+    for (PaintedShape& copy : copies) {
+        copy.path = ownCopy(copy.path);
+        if (copy.clip)
+            copy.clip = ownCopy(*copy.clip);
+    }
+    return copies;
+}
+
+// The rows of a band. Pictures are resampled by steps that are rounded from where the band begins, so what has some is
+// painted as one.
+int bandHeight(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect)
+{
+    constexpr int kRows = 128;
+    const auto isPicture = [](const PaintedShape& painted) { return !painted.picture.isNull(); };
+    return std::ranges::any_of(shapes, isPicture) ? rect.height() : kRows;
+}
+
+template<typename Pixel>
+void paintBand(const std::vector<PaintedShape>& shapes, const Math::Box2di& band, CEL_PixmapOf<Pixel>& target)
+{
+    QImage picture(band.width(), band.height(), QImage::Format_RGBA64_Premultiplied);
+    if (picture.isNull())
+        throw std::bad_alloc();
+    picture.fill(Qt::transparent);
+    paint(shapes, band, picture);
+    copyPixels<Pixel>(picture, band, target);
+}
+
+template<typename Pixel>
+void paintBands(const std::vector<PaintedShape>& shapes, CEL_PixmapOf<Pixel>& target)
+{
+    const Math::Box2di rect = target.allocatedRect();
+    const int height = bandHeight(shapes, rect);
+    const int bands = (rect.height() + height - 1) / height;
+    tbb::parallel_for(tbb::blocked_range<int>(0, bands), [&](const tbb::blocked_range<int>& range) {
+        const std::vector<PaintedShape> own = ownCopies(shapes);
+        for (int i = range.begin(); i < range.end(); ++i) {
+            const int top = rect.y1 + i * height;
+            paintBand<Pixel>(own, {rect.x1, top, rect.x2, std::min(top + height, rect.y2)}, target);
+        }
+    });
 }
 
 } // namespace
@@ -173,16 +223,10 @@ void CELVEC_rasterise(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& co
         return;
     }
 
-    QImage picture(rect.width(), rect.height(), QImage::Format_RGBA64_Premultiplied);
-    if (picture.isNull())
-        throw std::bad_alloc();
-    picture.fill(Qt::transparent);
-    paint(shapes, rect, picture);
-
     target.realloc(Math::Box2di(), true);
     target.realloc(rect, false);
     if (target16)
-        copyPixels<CEL_PixelRGBA16>(picture, *target16);
+        paintBands<CEL_PixelRGBA16>(shapes, *target16);
     else
-        copyPixels<CEL_PixelRGBAFloat>(picture, *targetFloat);
+        paintBands<CEL_PixelRGBAFloat>(shapes, *targetFloat);
 }
