@@ -6,6 +6,7 @@
 #include "SmallPixmaps.h"
 
 #include "render/Composition.h"
+#include "render/CoverageMerge.h"
 #include "render/ObjectVolume.h"
 
 #include <gtest/gtest.h>
@@ -50,14 +51,19 @@ struct Job
     double smoothness;
 };
 
-// The volume of a random drawing, and that composed.
+// The volume of two random inputs merged, and that composed.
 template<typename Pixel>
 std::vector<Pixel> renderedWith(std::int64_t target, const Job& job)
 {
     const OneInstructionSet only(target);
     RandomPictures random(static_cast<std::uint32_t>(job.width * 3 + job.quality));
     const Math::Box2di canvas(0, 0, job.width + 9, 14);
-    const auto object = random.picture<Pixel>({4, 2, 4 + job.width, 12}, canvas);
+    const Math::Box2di box(4, 2, 4 + job.width, 12);
+    const auto first = random.picture<Pixel>(box, canvas);
+    const auto second = random.picture<Pixel>(box, canvas);
+    const auto object = UT_makeShared<CEL_PixmapOf<Pixel>>(Math::Size2di{canvas.width(), canvas.height()}, canvas);
+    mergeCoverage<Pixel>(*object, *first);
+    mergeCoverage<Pixel>(*object, *second);
     std::pair<float, float> range;
     const auto result =
         buildObjectVolume(object, 3.0, 720, true, 1.0, object, range, job.quality, job.smoothness, job.clip);
@@ -65,8 +71,7 @@ std::vector<Pixel> renderedWith(std::int64_t target, const Job& job)
     handler.portObjectIds = {1, 1};
     CEL_PixmapOf<Pixel> output({canvas.width(), canvas.height()}, canvas);
     output.realloc(canvas, true);
-    composeOutput(handler, output, {{0, object}, {1, random.picture<Pixel>({4, 2, 4 + job.width, 12}, canvas)}},
-                  {{1, result}});
+    composeOutput(handler, output, {{0, first}, {1, second}}, {{1, result}});
     std::vector<Pixel> pixels = pixelsOf<Pixel>(*result);
     const std::vector<Pixel> composed = pixelsOf<Pixel>(output);
     pixels.insert(pixels.end(), composed.begin(), composed.end());

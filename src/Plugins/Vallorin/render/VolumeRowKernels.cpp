@@ -13,6 +13,7 @@
 // the last bit.
 #include "render/VolumeRowKernels.h"
 
+#include "render/LayerMerge.h"
 #include "render/PixelTraits.h"
 
 #include <algorithm>
@@ -41,6 +42,54 @@ HWY_INLINE void forLanes(std::size_t count, const Body& body)
     for (; i < count; ++i)
         body(one, i);
 }
+
+// ---- the accumulator
+
+HWY_INLINE void mergeOneByOne(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator)
+{
+    for (std::size_t i = 0; i < input.size(); ++i)
+        accumulator[i] = mergePixel(accumulator[i], input[i]);
+}
+
+#if HWY_TARGET == HWY_SCALAR
+void merge16(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator)
+{
+    mergeOneByOne(input, accumulator);
+}
+#else
+// Nearly everywhere both layers cover fully or not at all: one of three pixels is taken. A pixel is one 64-bit lane,
+// with red in its lowest bits.
+void merge16(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* HWY_RESTRICT accumulator)
+{
+    const hn::ScalableTag<std::int64_t> d;
+    const hn::Repartition<std::int16_t, decltype(d)> d16;
+    const std::size_t step = hn::Lanes(d);
+    const auto full = hn::Set(d, 32767);
+    const auto red = hn::Set(d, 0xFFFF);
+    const auto fullAlpha = hn::ShiftLeft<48>(full);
+    const auto redAndAlpha = hn::Or(hn::ShiftLeft<48>(red), red);
+    std::size_t i = 0;
+    for (; i + step <= input.size(); i += step) {
+        const auto in = hn::BitCast(d, hn::LoadU(d16, &input[i].r));
+        const auto a = hn::ShiftRight<48>(in);
+        const auto b = hn::ShiftRight<48>(hn::ShiftLeft<16>(in));
+        const auto isFirst = hn::Eq(a, full);
+        const auto isSecond = hn::Eq(b, full);
+        const auto isPartly =
+            hn::Or(hn::AndNot(isFirst, hn::Gt(a, hn::Zero(d))), hn::AndNot(isSecond, hn::Gt(b, hn::Set(d, 1024))));
+        if (!hn::AllFalse(d, isPartly)) {
+            mergeOneByOne(input.subspan(i, step), accumulator + i);
+            continue;
+        }
+        const auto kept = hn::And(hn::BitCast(d, hn::LoadU(d16, &accumulator[i].r)), redAndAlpha);
+        const auto first = hn::Or(hn::And(in, red), fullAlpha);
+        const auto second = hn::Or(hn::And(hn::ShiftRight<16>(in), red), fullAlpha);
+        const auto merged = hn::IfThenElse(isSecond, second, hn::IfThenElse(isFirst, first, kept));
+        hn::StoreU(hn::BitCast(d16, merged), d16, &accumulator[i].r);
+    }
+    mergeOneByOne(input.subspan(i), accumulator + i);
+}
+#endif
 
 // ---- the mask
 
@@ -822,6 +871,7 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace VolumeRowKernels {
 
+HWY_EXPORT(merge16);
 HWY_EXPORT(weigh16);
 HWY_EXPORT(weighFloat);
 HWY_EXPORT(markRow);
@@ -837,6 +887,17 @@ HWY_EXPORT(readBackFloat);
 HWY_EXPORT(smooth16);
 HWY_EXPORT(smoothFloat);
 HWY_EXPORT(place16);
+
+void mergeLayers(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator)
+{
+    HWY_DYNAMIC_DISPATCH(merge16)(input, accumulator);
+}
+
+void mergeLayers(std::span<const CEL_PixelRGBAFloat> input, CEL_PixelRGBAFloat* accumulator)
+{
+    for (std::size_t i = 0; i < input.size(); ++i)
+        accumulator[i] = mergePixel(accumulator[i], input[i]);
+}
 
 void weigh(std::span<const CEL_PixelRGBA16> accumulated, float* mask)
 {

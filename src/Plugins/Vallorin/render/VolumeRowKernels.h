@@ -1,9 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The inner loops of the volume, on rows: from pixels to the mask, from blurred values to depths, from depths to
-// normals, from normals to smoothed ones (VolumeModel.h). They run with the widest vectors that the processor has.
-// Every pixel is computed by itself with the operations of the plain formula, in their order, none of them fused, so
-// all processors give the same bits.
+// The inner loops of the volume, on rows: from inputs to the accumulator, from its pixels to the mask, from blurred
+// values to depths, from depths to normals, from normals to smoothed ones (VolumeModel.h). They run with the widest
+// vectors that the processor has. Every pixel is computed by itself with the operations of the plain formula, in their
+// order, none of them fused, so all processors give the same bits.
 //
 // Rows that are written overlap nothing else; reads and writes stay within what is named.
 #pragma once
@@ -17,6 +17,10 @@
 #include <span>
 
 namespace VolumeRowKernels {
+
+/// Merges the two layers of an input into the accumulator (LayerMerge.h).
+void mergeLayers(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator);
+void mergeLayers(std::span<const CEL_PixelRGBAFloat> input, CEL_PixelRGBAFloat* accumulator);
 
 /// mask[i] = value times coverage of accumulated[i] (VolumeTraits::weighted).
 void weigh(std::span<const CEL_PixelRGBA16> accumulated, float* mask);
