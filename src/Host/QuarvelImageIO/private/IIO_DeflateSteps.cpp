@@ -18,6 +18,10 @@ constexpr std::int32_t kNowhere = -kWindow - 1;
 constexpr std::size_t kStepsPerBlock = 16384;
 // A table that stays in the fastest memory.
 constexpr int kHashBits = 13;
+// After so many bytes in which nothing was found there is noise, and only each fourth place is looked at: normal maps
+// take two thirds of the time for files half a hundredth larger.
+constexpr std::size_t kPatience = 32;
+constexpr std::size_t kStride = 4;
 
 // Six bytes of the eight that can be read at once.
 std::uint64_t loadSixBytes(const std::uint8_t* from)
@@ -105,8 +109,10 @@ std::size_t IIO_DeflateSteps::findBlock(std::span<const std::uint8_t> bytes, std
     while (at < lastLook) {
         const Copy copy = findCopy(bytes, at);
         if (copy.length == 0) {
-            ++_symbolCounts[bytes[at++]];
-            ++literals;
+            const std::size_t passed = literals < kPatience ? 1 : kStride;
+            countBytes(bytes.subspan(at, passed));
+            at += passed;
+            literals += passed;
             continue;
         }
         addStep(literals, copy);
@@ -118,10 +124,15 @@ std::size_t IIO_DeflateSteps::findBlock(std::span<const std::uint8_t> bytes, std
         if (at < lastLook)
             lastPlaceOf(loadSixBytes(bytes.data() + at - 1)) = static_cast<std::int32_t>(at - 1);
     }
-    for (; at < bytes.size(); ++at, ++literals)
-        ++_symbolCounts[bytes[at]];
-    _steps.push_back({static_cast<std::uint32_t>(literals), 0, 0});
-    return at;
+    countBytes(bytes.subspan(at));
+    _steps.push_back({static_cast<std::uint32_t>(literals + bytes.size() - at), 0, 0});
+    return bytes.size();
+}
+
+void IIO_DeflateSteps::countBytes(std::span<const std::uint8_t> bytes)
+{
+    for (const std::uint8_t byte : bytes)
+        ++_symbolCounts[byte];
 }
 
 void IIO_DeflateSteps::addStep(std::size_t literals, const Copy& copy)

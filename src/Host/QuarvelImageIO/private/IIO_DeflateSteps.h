@@ -64,6 +64,7 @@ private:
 
     std::int32_t& lastPlaceOf(std::uint64_t sixBytes);
     Copy findCopy(std::span<const std::uint8_t> bytes, std::size_t at);
+    void countBytes(std::span<const std::uint8_t> bytes);
     void addStep(std::size_t literals, const Copy& copy);
 
     std::vector<IIO_DeflateStep> _steps;

@@ -16,9 +16,10 @@ enum Filter : std::uint8_t
     UP = 2
 };
 
-std::uint8_t difference(std::uint8_t a, std::uint8_t b)
+void subtract(const std::uint8_t* row, const std::uint8_t* neighbours, std::size_t count, std::uint8_t* differences)
 {
-    return static_cast<std::uint8_t>(a - b);
+    for (std::size_t i = 0; i < count; ++i)
+        differences[i] = static_cast<std::uint8_t>(row[i] - neighbours[i]);
 }
 
 // What the differences to the neighbours add up to. Pixels are compared as they are, although differences wrap around
@@ -49,16 +50,15 @@ void IIO_filterPngRow(std::span<const std::uint8_t> row, std::span<const std::ui
     const std::uint64_t bySub = sumOfDistances(row.data() + bytesPerPixel, row.data(), count);
     const std::uint64_t byUp = sumOfDistances(row.data() + bytesPerPixel, above.data() + bytesPerPixel, count);
 
-    const auto values = filtered.subspan(1);
+    std::uint8_t* differences = filtered.data() + 1;
     if (byUp <= bySub) {
         filtered[0] = UP;
-        std::ranges::transform(row, above, values.begin(), difference);
+        subtract(row.data(), above.data(), row.size(), differences);
         return;
     }
     filtered[0] = SUB;
-    std::ranges::copy(row.first(bytesPerPixel), values.begin());
-    std::ranges::transform(row.subspan(bytesPerPixel), row, values.begin() + static_cast<std::ptrdiff_t>(bytesPerPixel),
-                           difference);
+    std::ranges::copy(row.first(bytesPerPixel), differences);
+    subtract(row.data() + bytesPerPixel, row.data(), count, differences + bytesPerPixel);
 }
 
 void IIO_keepPngRow(std::span<const std::uint8_t> row, std::span<std::uint8_t> filtered)
