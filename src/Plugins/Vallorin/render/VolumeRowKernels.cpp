@@ -283,6 +283,7 @@ struct Format16
 {
     using Pixel = CEL_PixelRGBA16;
     using Code = std::int32_t;
+    static constexpr Code kLevel = 16384; ///< a component of 0, encoded
 
     template<class D>
     using CodeTag = hn::Rebind<Code, D>;
@@ -333,6 +334,7 @@ struct FormatFloat
 {
     using Pixel = CEL_PixelRGBAFloat;
     using Code = float;
+    static constexpr Code kLevel = 0.5F;
 
     template<class D>
     using CodeTag = hn::Rebind<float, D>;
@@ -603,30 +605,60 @@ HWY_INLINE hn::Mask<DF> estimate(DF d, const DepthRows& depth, std::size_t i, Es
     }
 }
 
+/// Whether there is no slope at all: then both components are 0.
+template<bool kDiagonals, class DF>
+HWY_INLINE bool isLevel(DF d, const DepthRows& depth, std::size_t i)
+{
+    const auto zero = hn::Zero(d);
+    const auto axes = axisDifferences(d, depth, i);
+    if (!hn::AllTrue(d, hn::And(hn::Eq(axes.first, zero), hn::Eq(axes.second, zero))))
+        return false;
+    if constexpr (kDiagonals) {
+        const auto diagonals = diagonalDifferences(d, depth, i);
+        return hn::AllTrue(d, hn::And(hn::Eq(diagonals.first, zero), hn::Eq(diagonals.second, zero)));
+    } else {
+        return true;
+    }
+}
+
+/// Red and green of one vector of pixels, from i on.
+template<bool kDiagonals, class DF>
+HWY_INLINE void encodeSlope(DF d, const DepthRows& depth, std::size_t i, CodeRun<Format16>& codes)
+{
+    const hn::RebindToSigned<DF> d32;
+    Estimate<DF> x;
+    Estimate<DF> y;
+    auto isDoubtful = estimate<kDiagonals>(d, depth, i, x, y);
+    hn::StoreU(codesOf(d, x, isDoubtful), d32, codes.r.data() + i);
+    hn::StoreU(codesOf(d, y, isDoubtful), d32, codes.g.data() + i);
+    if (!hn::AllFalse(d, isDoubtful))
+        encodePlainly<Format16, kDiagonals>(depth, i, hn::Lanes(d), codes);
+}
+
+template<bool kDiagonals, class DF>
+HWY_INLINE void encodeSlope(DF d, const DepthRows& depth, std::size_t i, CodeRun<FormatFloat>& codes)
+{
+    encodePlainly<FormatFloat, kDiagonals>(depth, i, hn::Lanes(d), codes);
+}
+
 /// Red and green of a run of pixels.
-template<bool kDiagonals>
-HWY_INLINE void encodeRun(const DepthRows& depth, std::size_t count, CodeRun<Format16>& codes)
+template<bool kDiagonals, class Format>
+HWY_INLINE void encodeRun(const DepthRows& depth, std::size_t count, CodeRun<Format>& codes)
 {
     const hn::ScalableTag<float> d;
-    const hn::RebindToSigned<decltype(d)> d32;
+    const hn::Rebind<typename Format::Code, hn::ScalableTag<float>> dc;
+    const auto level = hn::Set(dc, Format::kLevel);
     const std::size_t step = hn::Lanes(d);
     std::size_t i = 0;
     for (; i + step <= count; i += step) {
-        Estimate<hn::ScalableTag<float>> x;
-        Estimate<hn::ScalableTag<float>> y;
-        auto isDoubtful = estimate<kDiagonals>(d, depth, i, x, y);
-        hn::StoreU(codesOf(d, x, isDoubtful), d32, codes.r.data() + i);
-        hn::StoreU(codesOf(d, y, isDoubtful), d32, codes.g.data() + i);
-        if (!hn::AllFalse(d, isDoubtful))
-            encodePlainly<Format16, kDiagonals>(depth, i, step, codes);
+        if (isLevel<kDiagonals>(d, depth, i)) {
+            hn::StoreU(level, dc, codes.r.data() + i);
+            hn::StoreU(level, dc, codes.g.data() + i);
+        } else {
+            encodeSlope<kDiagonals>(hn::ScalableTag<float>(), depth, i, codes);
+        }
     }
-    encodePlainly<Format16, kDiagonals>(depth, i, count - i, codes);
-}
-
-template<bool kDiagonals>
-HWY_INLINE void encodeRun(const DepthRows& depth, std::size_t count, CodeRun<FormatFloat>& codes)
-{
-    encodePlainly<FormatFloat, kDiagonals>(depth, 0, count, codes);
+    encodePlainly<Format, kDiagonals>(depth, i, count - i, codes);
 }
 
 DepthRows from(const DepthRows& rows, std::size_t i)
