@@ -5,7 +5,6 @@
 // back over the borders makes files hardly smaller: a five-hundredth part at the default setting.
 #include "QuarvelImageIO/private/IIO_PngPixels.h"
 
-#include "QuarvelImageIO/private/IIO_FastDeflate.h"
 #include "QuarvelImageIO/private/IIO_PngFilter.h"
 
 #include <QtEndian>
@@ -51,13 +50,38 @@ void takeRow(const uchar* source, const IIO_PngForm& form, std::span<std::uint8_
             qToBigEndian(samples[c], bytes + (i + c) * sizeof(Sample));
 }
 
-// Presses through zlib, which takes its time.
-void pressHard(std::span<const std::uint8_t> bytes, int level, bool isLast, Bytes& output)
+// How zlib is to go about it.
+struct Effort
+{
+    int level;
+    int strategy;
+};
+
+// Of filtered rows, runs of equal bytes are nearly all that can be found, and these are found quickly.
+constexpr Effort kFast{1, Z_RLE};
+// Beyond this level files hardly shrink and smooth pictures take ten times as long.
+constexpr Effort kSmall{6, Z_FILTERED};
+constexpr Effort kNone{Z_NO_COMPRESSION, Z_DEFAULT_STRATEGY};
+
+Effort effortFor(IIO_Compression compression)
+{
+    switch (compression) {
+    case IIO_Compression::NONE:
+        return kNone;
+    case IIO_Compression::SMALL:
+        return kSmall;
+    case IIO_Compression::FAST:
+        break;
+    }
+    return kFast;
+}
+
+void pressBytes(std::span<const std::uint8_t> bytes, const Effort& effort, bool isLast, Bytes& output)
 {
     constexpr int kRawStream = -15;
     constexpr int kMostMemory = 9;
     z_stream stream{};
-    if (deflateInit2(&stream, level, Z_DEFLATED, kRawStream, kMostMemory, Z_FILTERED) != Z_OK)
+    if (deflateInit2(&stream, effort.level, Z_DEFLATED, kRawStream, kMostMemory, effort.strategy) != Z_OK)
         throw std::bad_alloc();
     constexpr std::size_t kFlushMark = 16;
     const std::size_t before = output.size();
@@ -103,7 +127,6 @@ private:
         Bytes row;
         Bytes above;
         Bytes filtered;
-        IIO_FastDeflate fast;
     };
 
     void press(Band& band, int firstRow, bool isLast)
@@ -112,18 +135,7 @@ private:
         filterRows(place, firstRow, std::min(firstRow + _rowsPerBand, _image.height()));
         band.length = place.filtered.size();
         band.checksum = static_cast<std::uint32_t>(adler32_z(1, place.filtered.data(), place.filtered.size()));
-        switch (_compression) {
-        case IIO_Compression::NONE:
-            pressHard(place.filtered, Z_NO_COMPRESSION, isLast, band.pressed);
-            break;
-        case IIO_Compression::FAST:
-            place.fast.press(place.filtered, isLast, band.pressed);
-            break;
-        case IIO_Compression::SMALL:
-            // Beyond this level files hardly shrink and smooth pictures take ten times as long.
-            pressHard(place.filtered, 6, isLast, band.pressed);
-            break;
-        }
+        pressBytes(place.filtered, effortFor(_compression), isLast, band.pressed);
         band.pressed.shrink_to_fit();
     }
 
