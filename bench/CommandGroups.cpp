@@ -136,21 +136,32 @@ std::function<void(benchmark::State&)> step(const LazyRun& run, int threads, voi
     };
 }
 
-Group commandGroup(const std::string& prefix, int threads)
+void addCases(const LazyRun& run, const std::string& prefix, int threads, Group& group)
 {
-    const LazyRun run([] { return std::make_shared<CommandRun>(); });
-    Group group;
-    group.cases = {
+    const std::vector<Case> cases = {
         {prefix + "rasterise", partOfRender(run, threads, [](double, double rasterising) { return rasterising; })},
         {prefix + "node", partOfRender(run, threads, [](double all, double rasterising) { return all - rasterising; })},
+        {prefix + "frame", step(run, threads, &CommandRun::render)},
         {prefix + "picture", step(run, threads, &CommandRun::makePicture)},
         {prefix + "encode", step(run, threads, &CommandRun::encode)},
         {prefix + "whole", step(run, threads, &CommandRun::runAll)}};
+    group.cases.insert(group.cases.end(), cases.begin(), cases.end());
     for (const char* part : {"rasterise", "node", "picture"})
         group.figures.push_back(
             {prefix + part + " : whole", prefix + part, prefix + "whole", Figure::kNoGoal, false, {}});
     group.figures.push_back(
         {prefix + "encode : whole", prefix + "encode", prefix + "whole", 1.0 / 3.0, false, "encoding : whole command"});
+}
+
+// Both numbers of threads in one group, so that they run interleaved.
+Group commandGroup()
+{
+    const LazyRun run([] { return std::make_shared<CommandRun>(); });
+    Group group;
+    addCases(run, "command/4K/one-thread/", 1, group);
+    addCases(run, "command/4K/two-threads/", 2, group);
+    group.figures.push_back({"command/4K/frame, one thread : two threads", "command/4K/one-thread/frame",
+                             "command/4K/two-threads/frame", 1.6, true, "whole frame of a drawing, one thread : two"});
     return group;
 }
 
@@ -158,6 +169,5 @@ Group commandGroup(const std::string& prefix, int threads)
 
 GroupMakers commandGroups()
 {
-    return {[] { return commandGroup("command/4K/one-thread/", 1); },
-            [] { return commandGroup("command/4K/two-threads/", 2); }};
+    return {commandGroup};
 }
