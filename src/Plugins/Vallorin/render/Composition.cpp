@@ -4,7 +4,7 @@
 // pictures are walked side by side.
 #include "render/Composition.h"
 
-#include "render/NormalBlend.h"
+#include "render/PixelTraits.h"
 #include "render/VolumeRowKernels.h"
 
 #include <tbb/parallel_for.h>
@@ -101,13 +101,13 @@ bool VallorinRenderHandler::BasicAccumFunctor<Pixel>::composePort(int y, int por
     row.result = columns(*result, y, common);
     if (isEmpty)
         clearAround(y, common, !_generateNormals);
+    const VolumeRowKernels::Blue blue{_depthInBlue, static_cast<std::int16_t>(objectId)};
     if (!_generateNormals)
         raise(row, objectId);
     else if (isEmpty)
-        VolumeRowKernels::placeNormals(row.input, row.result.data(),
-                                       {_depthInBlue, static_cast<std::int16_t>(objectId)}, row.output.data());
+        VolumeRowKernels::placeNormals(row.input, row.result.data(), blue, row.output.data());
     else
-        blendNormals(row, objectId);
+        VolumeRowKernels::blendNormals(row.input, row.result.data(), blue, row.output.data());
     return true;
 }
 
@@ -128,28 +128,6 @@ void VallorinRenderHandler::BasicAccumFunctor<Pixel>::cutOut(const PortRow& row)
     for (std::size_t i = 0; i < row.output.size(); ++i)
         if (row.input[i].a > 0)
             row.output[i] = {0, 0, 0, Traits::cutAlpha(row.output[i].a, Traits::coverageOf(row.input[i].a))};
-}
-
-// Where an object covers fully or lies alone, which is nearly everywhere, its pixel takes the place with its own alpha:
-// that is what its share would be truncated to.
-template<typename Pixel>
-void VallorinRenderHandler::BasicAccumFunctor<Pixel>::blendNormals(const PortRow& row, int objectId) const
-{
-    using Traits = VolumeTraits<Pixel>;
-    const auto idBlue = Traits::channelOfId(objectId);
-    for (std::size_t i = 0; i < row.output.size(); ++i) {
-        const auto alpha = row.input[i].a;
-        if (!(alpha > 0))
-            continue;
-        const Pixel& object = row.result[i];
-        const auto blue = _depthInBlue ? object.b : idBlue;
-        if (Traits::isSaturated(alpha))
-            row.output[i] = {object.r, object.g, blue, Traits::kFull};
-        else if (!(row.output[i].a > 0))
-            row.output[i] = {object.r, object.g, blue, alpha};
-        else
-            blendNormal(row.output[i], object, Traits::coverageOf(alpha), blue);
-    }
 }
 
 template<typename Pixel>

@@ -35,7 +35,6 @@ private:
     bool composePort(int y, int port, const Pixmap& input, bool isEmpty) const;
     void clearAround(int y, const Math::Box2di& kept, bool keptToo) const;
     void cutOut(const PortRow& row) const;
-    void blendNormals(const PortRow& row, int objectId) const;
     void raise(const PortRow& row, int objectId) const;
     Math::Box2di commonColumns(int y, const Pixmap& input, const Pixmap* result) const;
 

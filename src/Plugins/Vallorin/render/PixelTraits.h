@@ -54,7 +54,6 @@ struct VolumeTraits<CEL_PixelRGBA16>
         static_assert(32439 / 32767.0 < kSaturated && 32440 / 32767.0 >= kSaturated);
         return alpha >= 32440;
     }
-    static Channel channelOfId(int objectId) { return static_cast<Channel>(objectId); }
     static Channel cutAlpha(Channel alpha, double coverage) { return static_cast<Channel>(alpha * (1.0 - coverage)); }
     static Channel fullAlpha(double coverage) { return static_cast<Channel>(coverage * 32767.0); }
     static Channel blendAlpha(Channel alpha, double coverage)
@@ -112,8 +111,6 @@ struct VolumeTraits<CEL_PixelRGBAFloat>
     static double coverageOf(Channel alpha) { return alpha; }
     static constexpr double kSaturated = 0.9999;
     static bool isSaturated(Channel alpha) { return alpha >= kSaturated; }
-    /// Float output has no object numbers.
-    static Channel channelOfId(int) { return 0.0F; }
     static Channel cutAlpha(Channel alpha, double coverage) { return static_cast<Channel>(alpha * (1.0 - coverage)); }
     static Channel fullAlpha(double coverage) { return static_cast<Channel>(coverage); }
     /// Truncated to a whole number: a blended alpha is 0.0 or 1.0.

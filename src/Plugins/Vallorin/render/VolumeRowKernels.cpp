@@ -14,6 +14,7 @@
 #include "render/VolumeRowKernels.h"
 
 #include "render/LayerMerge.h"
+#include "render/NormalBlend.h"
 #include "render/PixelTraits.h"
 
 #include <algorithm>
@@ -857,16 +858,45 @@ void smoothFloat(const NormalRows& normals, const DepthRows& depth, const float*
 
 // ---- the output
 
+/// Where an object covers fully or lies alone, its pixel takes the place with the coverage's alpha: that is what the
+/// alpha's share would be truncated to.
+template<typename Pixel>
+HWY_INLINE Pixel placedPixel(const Pixel& coverage, const Pixel& object, typename VolumeTraits<Pixel>::Channel blue)
+{
+    using Traits = VolumeTraits<Pixel>;
+    return {object.r, object.g, blue, Traits::isSaturated(coverage.a) ? Traits::kFull : coverage.a};
+}
+
 void place16OneByOne(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
                      CEL_PixelRGBA16* output)
 {
-    using Traits = VolumeTraits<CEL_PixelRGBA16>;
+    for (std::size_t i = 0; i < coverage.size(); ++i)
+        output[i] = coverage[i].a > 0
+                        ? placedPixel(coverage[i], object[i], blue.isElevation ? object[i].b : blue.number)
+                        : CEL_PixelRGBA16{};
+}
+
+template<typename Pixel>
+HWY_INLINE void blendOneByOne(std::span<const Pixel> coverage, const Pixel* object, bool isElevation,
+                              typename VolumeTraits<Pixel>::Channel number, Pixel* output)
+{
+    using Traits = VolumeTraits<Pixel>;
     for (std::size_t i = 0; i < coverage.size(); ++i) {
-        const std::int16_t a = coverage[i].a;
-        const std::int16_t alpha = Traits::isSaturated(a) ? Traits::kFull : a;
-        const std::int16_t b = blue.isElevation ? object[i].b : blue.number;
-        output[i] = a > 0 ? CEL_PixelRGBA16{object[i].r, object[i].g, b, alpha} : CEL_PixelRGBA16{};
+        const auto alpha = coverage[i].a;
+        const auto blue = isElevation ? object[i].b : number;
+        if (!(alpha > 0))
+            continue;
+        if (Traits::isSaturated(alpha) || !(output[i].a > 0))
+            output[i] = placedPixel(coverage[i], object[i], blue);
+        else
+            blendNormal(output[i], object[i], Traits::coverageOf(alpha), blue);
     }
+}
+
+void blendFloat(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
+                CEL_PixelRGBAFloat* output)
+{
+    blendOneByOne<CEL_PixelRGBAFloat>(coverage, object, blue.isElevation, 0.0F, output);
 }
 
 #if HWY_TARGET == HWY_SCALAR
@@ -875,25 +905,90 @@ void place16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* o
 {
     place16OneByOne(coverage, object, blue, output);
 }
+
+void blend16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+             CEL_PixelRGBA16* output)
+{
+    blendOneByOne<CEL_PixelRGBA16>(coverage, object, blue.isElevation, blue.number, output);
+}
 #else
 // A pixel is one 64-bit lane, with red in its lowest bits.
+using PixelTag = hn::ScalableTag<std::int64_t>;
+using ChannelTag = hn::Repartition<std::int16_t, PixelTag>;
+
+HWY_INLINE hn::Vec<PixelTag> loadPixels(const CEL_PixelRGBA16* pixels)
+{
+    return hn::BitCast(PixelTag(), hn::LoadU(ChannelTag(), &pixels->r));
+}
+
+HWY_INLINE void storePixels(hn::Vec<PixelTag> pixels, CEL_PixelRGBA16* to)
+{
+    hn::StoreU(hn::BitCast(ChannelTag(), pixels), ChannelTag(), &to->r);
+}
+
+/// placedPixel() for whole vectors.
+class Placement
+{
+public:
+    explicit Placement(const Blue& blue)
+        : _kept(hn::Set(PixelTag(), blue.isElevation ? 0x0000FFFFFFFFFFFF : 0x00000000FFFFFFFF))
+        , _given(
+              hn::Set(PixelTag(), blue.isElevation ? 0 : std::int64_t{static_cast<std::uint16_t>(blue.number)} << 32))
+    {}
+
+    HWY_INLINE hn::Vec<PixelTag> operator()(hn::Vec<PixelTag> alpha, const CEL_PixelRGBA16* object) const
+    {
+        const PixelTag d;
+        const auto stored = hn::IfThenElse(isSaturated(alpha), hn::Set(d, 32767), alpha);
+        return hn::Or(hn::Or(hn::And(loadPixels(object), _kept), _given), hn::ShiftLeft<48>(stored));
+    }
+
+    static HWY_INLINE hn::Mask<PixelTag> isSaturated(hn::Vec<PixelTag> alpha)
+    {
+        return hn::Gt(alpha, hn::Set(PixelTag(), 32439));
+    }
+
+private:
+    hn::Vec<PixelTag> _kept;
+    hn::Vec<PixelTag> _given;
+};
+
 void place16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
              CEL_PixelRGBA16* HWY_RESTRICT output)
 {
-    const hn::ScalableTag<std::int64_t> d;
-    const hn::Repartition<std::int16_t, decltype(d)> d16;
-    const auto kept = hn::Set(d, blue.isElevation ? 0x0000FFFFFFFFFFFF : 0x00000000FFFFFFFF);
-    const auto given = hn::Set(d, blue.isElevation ? 0 : std::int64_t{static_cast<std::uint16_t>(blue.number)} << 32);
-    const auto full = hn::Set(d, 32767);
+    const PixelTag d;
+    const Placement placed(blue);
     std::size_t i = 0;
     for (; i + hn::Lanes(d) <= coverage.size(); i += hn::Lanes(d)) {
-        const auto a = hn::ShiftRight<48>(hn::BitCast(d, hn::LoadU(d16, &coverage[i].r)));
-        const auto alpha = hn::IfThenElse(hn::Gt(a, hn::Set(d, 32439)), full, a);
-        const auto pixel = hn::And(hn::BitCast(d, hn::LoadU(d16, &object[i].r)), kept);
-        const auto placed = hn::Or(hn::Or(pixel, given), hn::ShiftLeft<48>(alpha));
-        hn::StoreU(hn::BitCast(d16, hn::IfThenElseZero(hn::Gt(a, hn::Zero(d)), placed)), d16, &output[i].r);
+        const auto alpha = hn::ShiftRight<48>(loadPixels(&coverage[i]));
+        storePixels(hn::IfThenElseZero(hn::Gt(alpha, hn::Zero(d)), placed(alpha, object + i)), output + i);
     }
     place16OneByOne(coverage.subspan(i), object + i, blue, output + i);
+}
+
+void blend16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+             CEL_PixelRGBA16* HWY_RESTRICT output)
+{
+    const PixelTag d;
+    const auto zero = hn::Zero(d);
+    const std::size_t step = hn::Lanes(d);
+    const Placement placed(blue);
+    std::size_t i = 0;
+    for (; i + step <= coverage.size(); i += step) {
+        const auto alpha = hn::ShiftRight<48>(loadPixels(&coverage[i]));
+        const auto covers = hn::Gt(alpha, zero);
+        if (hn::AllFalse(d, covers))
+            continue;
+        const auto before = loadPixels(output + i);
+        const auto isThere = hn::Gt(hn::ShiftRight<48>(before), zero);
+        const auto isBlended = hn::And(hn::AndNot(Placement::isSaturated(alpha), covers), isThere);
+        if (hn::AllFalse(d, isBlended))
+            storePixels(hn::IfThenElse(covers, placed(alpha, object + i), before), output + i);
+        else
+            blendOneByOne<CEL_PixelRGBA16>(coverage.subspan(i, step), object + i, blue.isElevation, blue.number,
+                                           output + i);
+    }
+    blendOneByOne<CEL_PixelRGBA16>(coverage.subspan(i), object + i, blue.isElevation, blue.number, output + i);
 }
 #endif
 
@@ -919,6 +1014,8 @@ HWY_EXPORT(readBackFloat);
 HWY_EXPORT(smooth16);
 HWY_EXPORT(smoothFloat);
 HWY_EXPORT(place16);
+HWY_EXPORT(blend16);
+HWY_EXPORT(blendFloat);
 
 void mergeLayers(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator)
 {
@@ -1019,6 +1116,18 @@ void placeNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelR
         const float b = blue.isElevation ? object[i].b : 0.0F;
         output[i] = a > 0 ? CEL_PixelRGBAFloat{object[i].r, object[i].g, b, alpha} : CEL_PixelRGBAFloat{};
     }
+}
+
+void blendNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+                  CEL_PixelRGBA16* output)
+{
+    HWY_DYNAMIC_DISPATCH(blend16)(coverage, object, blue, output);
+}
+
+void blendNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
+                  CEL_PixelRGBAFloat* output)
+{
+    HWY_DYNAMIC_DISPATCH(blendFloat)(coverage, object, blue, output);
 }
 
 } // namespace VolumeRowKernels

@@ -110,4 +110,11 @@ void placeNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA
 void placeNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
                   CEL_PixelRGBAFloat* output);
 
+/// Composes an object over what is there: as before where the coverage is saturated or nothing is there, blended with
+/// it (NormalBlend.h) elsewhere; the output stays where the coverage's alpha is not above 0.
+void blendNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+                  CEL_PixelRGBA16* output);
+void blendNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
+                  CEL_PixelRGBAFloat* output);
+
 } // namespace VolumeRowKernels
