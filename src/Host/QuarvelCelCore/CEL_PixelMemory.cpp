@@ -42,7 +42,7 @@ Idle& idle()
 
 std::size_t roundedUp(std::size_t bytes)
 {
-    const std::size_t step = std::bit_floor(bytes) / 8;
+    const std::size_t step = std::max(std::bit_floor(bytes) / 8, std::size_t{1});
     return (bytes + step - 1) / step * step;
 }
 

@@ -92,7 +92,7 @@ std::vector<PaintedShape> paintShapes(const CELVEC_Kvd& drawing, GR_GraphicOpsCo
 
 int toPixelCoordinate(double value)
 {
-    constexpr double kLimit = std::numeric_limits<int>::max() / 2;
+    constexpr double kLimit = std::numeric_limits<int>::max() / 2.0;
     return std::isnan(value) ? 0 : static_cast<int>(std::clamp(value, -kLimit, kLimit));
 }
 
@@ -176,7 +176,7 @@ int bandHeight(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect
 {
     constexpr int kRows = 128;
     const auto isPicture = [](const PaintedShape& painted) { return !painted.picture.isNull(); };
-    return std::ranges::any_of(shapes, isPicture) ? rect.height() : kRows;
+    return std::ranges::any_of(shapes, isPicture) ? std::max(rect.height(), 1) : kRows;
 }
 
 template<typename Pixel>
