@@ -13,7 +13,7 @@
 template<typename Pixel>
 Math::Vector3d NormalParser_decode(const Pixel& pixel)
 {
-    constexpr double kFull = static_cast<double>(CEL_PixelTraits<Pixel>::kFull);
+    constexpr auto kFull = static_cast<double>(CEL_PixelTraits<Pixel>::kFull);
     const double x = 2.0 * static_cast<double>(pixel.r) / kFull - 1.0;
     const double y = 2.0 * static_cast<double>(pixel.g) / kFull - 1.0;
     const double z = std::sqrt(std::max(0.0, 1.0 - x * x - y * y));
