@@ -2,10 +2,10 @@
 //
 // What holds for every blur of a plane, however exact it is.
 #include "BlurAlgo/BA_GaussianBlur.h"
+#include "OneInstructionSet.h"
 #include "blur/DirectBlur.h"
 
 #include <gtest/gtest.h>
-#include <hwy/targets.h>
 #include <tbb/global_control.h>
 #include <tbb/task_arena.h>
 
@@ -261,24 +261,6 @@ TEST(GaussianBlur, GivesTheSameBitsForAnyNumberOfThreads)
 }
 
 namespace {
-
-/// Makes the vector code run with one instruction set until it is gone.
-class OneInstructionSet
-{
-public:
-    explicit OneInstructionSet(std::int64_t target)
-    {
-        hwy::SetSupportedTargetsForTest(target);
-        hwy::GetChosenTarget().Update(hwy::SupportedTargets());
-    }
-    ~OneInstructionSet()
-    {
-        hwy::SetSupportedTargetsForTest(0);
-        hwy::GetChosenTarget().DeInit();
-    }
-    OneInstructionSet(const OneInstructionSet&) = delete;
-    OneInstructionSet& operator=(const OneInstructionSet&) = delete;
-};
 
 Plane blurredWith(std::int64_t target, const Plane& source, double sigma)
 {

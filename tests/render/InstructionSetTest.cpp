@@ -2,6 +2,7 @@
 //
 // The vector code of the volume gives the same bits with every instruction set that this machine has, for all widths
 // around the vectors' own.
+#include "OneInstructionSet.h"
 #include "RandomPictures.h"
 #include "SmallPixmaps.h"
 
@@ -11,27 +12,7 @@
 
 #include <gtest/gtest.h>
 
-#include <hwy/targets.h>
-
 namespace {
-
-/// Makes the vector code run with one instruction set until it is gone.
-class OneInstructionSet
-{
-public:
-    explicit OneInstructionSet(std::int64_t target)
-    {
-        hwy::SetSupportedTargetsForTest(target);
-        hwy::GetChosenTarget().Update(hwy::SupportedTargets());
-    }
-    ~OneInstructionSet()
-    {
-        hwy::SetSupportedTargetsForTest(0);
-        hwy::GetChosenTarget().DeInit();
-    }
-    OneInstructionSet(const OneInstructionSet&) = delete;
-    OneInstructionSet& operator=(const OneInstructionSet&) = delete;
-};
 
 template<typename Pixel>
 std::vector<Pixel> pixelsOf(const CEL_PixmapArea& area)

@@ -6,7 +6,7 @@
 
 #include "MultiStageKvd/NormalParser.h"
 #include "render/NormalBlend.h"
-#include "render/VolumeRowKernels.h"
+#include "render/NormalKernels.h"
 
 #include <cmath>
 #include <set>

@@ -4,8 +4,8 @@
 // pictures are walked side by side.
 #include "render/Composition.h"
 
+#include "render/CompositionKernels.h"
 #include "render/PixelTraits.h"
-#include "render/VolumeRowKernels.h"
 
 #include <tbb/parallel_for.h>
 #include <tbb/partitioner.h>

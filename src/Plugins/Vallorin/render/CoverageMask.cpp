@@ -4,7 +4,7 @@
 // drops.
 #include "render/CoverageMask.h"
 
-#include "render/VolumeRowKernels.h"
+#include "render/AccumulatorKernels.h"
 
 #include <algorithm>
 

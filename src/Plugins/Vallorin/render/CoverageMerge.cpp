@@ -3,7 +3,7 @@
 // The rectangles; the pixels are merged row by row.
 #include "render/CoverageMerge.h"
 
-#include "render/VolumeRowKernels.h"
+#include "render/AccumulatorKernels.h"
 
 template<typename Pixel>
 void mergeCoverage(CEL_PixmapOf<Pixel>& accumulator, const CEL_PixmapOf<Pixel>& input)

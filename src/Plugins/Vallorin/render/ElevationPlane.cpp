@@ -3,8 +3,8 @@
 // One pass, row by row; where the clip leaves nothing, rows are cleared without a look at them.
 #include "render/ElevationPlane.h"
 
+#include "render/ElevationKernels.h"
 #include "render/GeometryClip.h"
-#include "render/VolumeRowKernels.h"
 
 #include <algorithm>
 #include <optional>

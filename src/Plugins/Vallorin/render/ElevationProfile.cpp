@@ -3,7 +3,7 @@
 // The linear share of a row first, vector by vector; then, where there is one, the power of each.
 #include "render/ElevationProfile.h"
 
-#include "render/VolumeRowKernels.h"
+#include "render/ElevationKernels.h"
 
 #include <algorithm>
 #include <cmath>

@@ -3,7 +3,7 @@
 // A row of the plane becomes a row of shares, and that a row of depths.
 #include "render/ElevationSurface.h"
 
-#include "render/VolumeRowKernels.h"
+#include "render/ElevationKernels.h"
 
 #include <algorithm>
 

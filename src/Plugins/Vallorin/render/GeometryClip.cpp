@@ -3,7 +3,7 @@
 // Rows of bytes, 1 where there is something. The last five spread rows are kept.
 #include "render/GeometryClip.h"
 
-#include "render/VolumeRowKernels.h"
+#include "render/ElevationKernels.h"
 
 #include <algorithm>
 

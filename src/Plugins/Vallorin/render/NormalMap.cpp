@@ -5,8 +5,9 @@
 // neighbour either way.
 #include "render/NormalMap.h"
 
+#include "render/NormalKernels.h"
 #include "render/PixelTraits.h"
-#include "render/VolumeRowKernels.h"
+#include "render/SmoothingKernels.h"
 
 #include <algorithm>
 #include <array>

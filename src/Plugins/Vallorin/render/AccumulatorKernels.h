@@ -1,0 +1,24 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The inner loops from inputs to the accumulator, and from that to the mask (VolumeModel.h). They run with the widest
+// vectors that the processor has. Every pixel is computed by itself with the operations of the plain formula, in their
+// order, none of them fused, so all processors give the same bits.
+//
+// Rows that are written overlap nothing else; reads and writes stay within what is named.
+#pragma once
+
+#include "QuarvelCelCore/CEL_Pixels.h"
+
+#include <span>
+
+namespace VolumeRowKernels {
+
+/// Merges the two layers of an input into the accumulator (LayerMerge.h).
+void mergeLayers(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator);
+void mergeLayers(std::span<const CEL_PixelRGBAFloat> input, CEL_PixelRGBAFloat* accumulator);
+
+/// mask[i] = value times coverage of accumulated[i] (VolumeTraits::weighted).
+void weigh(std::span<const CEL_PixelRGBA16> accumulated, float* mask);
+void weigh(std::span<const CEL_PixelRGBAFloat> accumulated, float* mask);
+
+} // namespace VolumeRowKernels

@@ -1,0 +1,194 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Only where an object covers partly what is there already, normals have to be blended; the rest is taking pixels.
+#include "render/CompositionKernels.h"
+
+#include "render/NormalBlend.h"
+#include "render/PixelTraits.h"
+
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "render/CompositionKernels.cpp"
+#include <hwy/foreach_target.h>
+#include <hwy/highway.h>
+
+HWY_BEFORE_NAMESPACE();
+namespace VolumeRowKernels::HWY_NAMESPACE {
+
+namespace hn = hwy::HWY_NAMESPACE;
+
+/// Where an object covers fully or lies alone, its pixel takes the place with the coverage's alpha: that is what the
+/// alpha's share would be truncated to.
+template<typename Pixel>
+HWY_INLINE Pixel placedPixel(const Pixel& coverage, const Pixel& object, typename VolumeTraits<Pixel>::Channel blue)
+{
+    using Traits = VolumeTraits<Pixel>;
+    return {object.r, object.g, blue, Traits::isSaturated(coverage.a) ? Traits::kFull : coverage.a};
+}
+
+void place16OneByOne(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+                     CEL_PixelRGBA16* output)
+{
+    for (std::size_t i = 0; i < coverage.size(); ++i)
+        output[i] = coverage[i].a > 0
+                        ? placedPixel(coverage[i], object[i], blue.isElevation ? object[i].b : blue.number)
+                        : CEL_PixelRGBA16{};
+}
+
+template<typename Pixel>
+HWY_INLINE void blendOneByOne(std::span<const Pixel> coverage, const Pixel* object, bool isElevation,
+                              typename VolumeTraits<Pixel>::Channel number, Pixel* output)
+{
+    using Traits = VolumeTraits<Pixel>;
+    for (std::size_t i = 0; i < coverage.size(); ++i) {
+        const auto alpha = coverage[i].a;
+        const auto blue = isElevation ? object[i].b : number;
+        if (!(alpha > 0))
+            continue;
+        if (Traits::isSaturated(alpha) || !(output[i].a > 0))
+            output[i] = placedPixel(coverage[i], object[i], blue);
+        else
+            blendNormal(output[i], object[i], Traits::coverageOf(alpha), blue);
+    }
+}
+
+void blendFloat(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
+                CEL_PixelRGBAFloat* output)
+{
+    blendOneByOne<CEL_PixelRGBAFloat>(coverage, object, blue.isElevation, 0.0F, output);
+}
+
+#if HWY_TARGET == HWY_SCALAR
+void place16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+             CEL_PixelRGBA16* output)
+{
+    place16OneByOne(coverage, object, blue, output);
+}
+
+void blend16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+             CEL_PixelRGBA16* output)
+{
+    blendOneByOne<CEL_PixelRGBA16>(coverage, object, blue.isElevation, blue.number, output);
+}
+#else
+// A pixel is one 64-bit lane, with red in its lowest bits.
+using PixelTag = hn::ScalableTag<std::int64_t>;
+using ChannelTag = hn::Repartition<std::int16_t, PixelTag>;
+
+HWY_INLINE hn::Vec<PixelTag> loadPixels(const CEL_PixelRGBA16* pixels)
+{
+    return hn::BitCast(PixelTag(), hn::LoadU(ChannelTag(), &pixels->r));
+}
+
+HWY_INLINE void storePixels(hn::Vec<PixelTag> pixels, CEL_PixelRGBA16* to)
+{
+    hn::StoreU(hn::BitCast(ChannelTag(), pixels), ChannelTag(), &to->r);
+}
+
+/// placedPixel() for whole vectors.
+class Placement
+{
+public:
+    explicit Placement(const Blue& blue)
+        : _kept(hn::Set(PixelTag(), blue.isElevation ? 0x0000FFFFFFFFFFFF : 0x00000000FFFFFFFF))
+        , _given(
+              hn::Set(PixelTag(), blue.isElevation ? 0 : std::int64_t{static_cast<std::uint16_t>(blue.number)} << 32))
+    {}
+
+    HWY_INLINE hn::Vec<PixelTag> operator()(hn::Vec<PixelTag> alpha, const CEL_PixelRGBA16* object) const
+    {
+        const PixelTag d;
+        const auto stored = hn::IfThenElse(isSaturated(alpha), hn::Set(d, 32767), alpha);
+        return hn::Or(hn::Or(hn::And(loadPixels(object), _kept), _given), hn::ShiftLeft<48>(stored));
+    }
+
+    static HWY_INLINE hn::Mask<PixelTag> isSaturated(hn::Vec<PixelTag> alpha)
+    {
+        return hn::Gt(alpha, hn::Set(PixelTag(), 32439));
+    }
+
+private:
+    hn::Vec<PixelTag> _kept;
+    hn::Vec<PixelTag> _given;
+};
+
+void place16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+             CEL_PixelRGBA16* HWY_RESTRICT output)
+{
+    const PixelTag d;
+    const Placement placed(blue);
+    std::size_t i = 0;
+    for (; i + hn::Lanes(d) <= coverage.size(); i += hn::Lanes(d)) {
+        const auto alpha = hn::ShiftRight<48>(loadPixels(&coverage[i]));
+        storePixels(hn::IfThenElseZero(hn::Gt(alpha, hn::Zero(d)), placed(alpha, object + i)), output + i);
+    }
+    place16OneByOne(coverage.subspan(i), object + i, blue, output + i);
+}
+
+void blend16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+             CEL_PixelRGBA16* HWY_RESTRICT output)
+{
+    const PixelTag d;
+    const auto zero = hn::Zero(d);
+    const std::size_t step = hn::Lanes(d);
+    const Placement placed(blue);
+    std::size_t i = 0;
+    for (; i + step <= coverage.size(); i += step) {
+        const auto alpha = hn::ShiftRight<48>(loadPixels(&coverage[i]));
+        const auto covers = hn::Gt(alpha, zero);
+        if (hn::AllFalse(d, covers))
+            continue;
+        const auto before = loadPixels(output + i);
+        const auto isThere = hn::Gt(hn::ShiftRight<48>(before), zero);
+        const auto isBlended = hn::And(hn::AndNot(Placement::isSaturated(alpha), covers), isThere);
+        if (hn::AllFalse(d, isBlended))
+            storePixels(hn::IfThenElse(covers, placed(alpha, object + i), before), output + i);
+        else
+            blendOneByOne<CEL_PixelRGBA16>(coverage.subspan(i, step), object + i, blue.isElevation, blue.number,
+                                           output + i);
+    }
+    blendOneByOne<CEL_PixelRGBA16>(coverage.subspan(i), object + i, blue.isElevation, blue.number, output + i);
+}
+#endif
+
+} // namespace VolumeRowKernels::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+namespace VolumeRowKernels {
+
+HWY_EXPORT(place16);
+HWY_EXPORT(blend16);
+HWY_EXPORT(blendFloat);
+
+void placeNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+                  CEL_PixelRGBA16* output)
+{
+    HWY_DYNAMIC_DISPATCH(place16)(coverage, object, blue, output);
+}
+
+void placeNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
+                  CEL_PixelRGBAFloat* output)
+{
+    using Traits = VolumeTraits<CEL_PixelRGBAFloat>;
+    for (std::size_t i = 0; i < coverage.size(); ++i) {
+        const float a = coverage[i].a;
+        const float alpha = Traits::isSaturated(a) ? Traits::kFull : a;
+        const float b = blue.isElevation ? object[i].b : 0.0F;
+        output[i] = a > 0 ? CEL_PixelRGBAFloat{object[i].r, object[i].g, b, alpha} : CEL_PixelRGBAFloat{};
+    }
+}
+
+void blendNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+                  CEL_PixelRGBA16* output)
+{
+    HWY_DYNAMIC_DISPATCH(blend16)(coverage, object, blue, output);
+}
+
+void blendNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
+                  CEL_PixelRGBAFloat* output)
+{
+    HWY_DYNAMIC_DISPATCH(blendFloat)(coverage, object, blue, output);
+}
+
+} // namespace VolumeRowKernels
+#endif // HWY_ONCE

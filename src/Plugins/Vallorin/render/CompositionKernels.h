@@ -1,0 +1,38 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The inner loops that bring an object into the output (Composition.h). They run with the widest vectors that the
+// processor has. Every pixel is computed by itself with the operations of the plain formula, in their order, none of
+// them fused, so all processors give the same bits.
+//
+// Rows that are written overlap nothing else; reads and writes stay within what is named.
+#pragma once
+
+#include "QuarvelCelCore/CEL_Pixels.h"
+
+#include <cstdint>
+#include <span>
+
+namespace VolumeRowKernels {
+
+/// What becomes the blue of an output.
+struct Blue
+{
+    bool isElevation;    ///< the object's own blue, otherwise
+    std::int16_t number; ///< this; float output has 0 instead
+};
+
+/// Composes an object over nothing: output[i] is the object's pixel where the coverage's alpha is above 0, with that
+/// alpha (full where it is saturated), and zero elsewhere.
+void placeNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+                  CEL_PixelRGBA16* output);
+void placeNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
+                  CEL_PixelRGBAFloat* output);
+
+/// Composes an object over what is there: as before where the coverage is saturated or nothing is there, blended with
+/// it (NormalBlend.h) elsewhere; the output stays where the coverage's alpha is not above 0.
+void blendNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+                  CEL_PixelRGBA16* output);
+void blendNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
+                  CEL_PixelRGBAFloat* output);
+
+} // namespace VolumeRowKernels

@@ -1,0 +1,38 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The loop over the lanes of vectors, which all kernels have in common.
+//
+// Part of vector code: included once for every instruction set.
+#include <cstddef>
+
+#include <hwy/highway.h>
+
+#if defined(VALLORIN_KERNEL_LANES_INL_H) == defined(HWY_TARGET_TOGGLE)
+#ifdef VALLORIN_KERNEL_LANES_INL_H
+#undef VALLORIN_KERNEL_LANES_INL_H
+#else
+#define VALLORIN_KERNEL_LANES_INL_H
+#endif
+
+HWY_BEFORE_NAMESPACE();
+namespace VolumeRowKernels::HWY_NAMESPACE {
+
+namespace hn = hwy::HWY_NAMESPACE;
+
+/// Calls body(tag, i) for whole vectors of the tag's lanes, then for what is left one by one.
+template<typename Lane, typename Body>
+HWY_INLINE void forLanes(std::size_t count, const Body& body)
+{
+    const hn::ScalableTag<Lane> d;
+    const hn::CappedTag<Lane, 1> one;
+    std::size_t i = 0;
+    for (; i + hn::Lanes(d) <= count; i += hn::Lanes(d))
+        body(d, i);
+    for (; i < count; ++i)
+        body(one, i);
+}
+
+} // namespace VolumeRowKernels::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#endif // per target

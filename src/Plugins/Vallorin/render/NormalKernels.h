@@ -1,0 +1,47 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The inner loops from depths to normals (VolumeModel.h). They run with the widest vectors that the processor has.
+// Every pixel is computed by itself with the operations of the plain formula, in their order, none of them fused, so
+// all processors give the same bits.
+//
+// Rows that are written overlap nothing else; reads and writes stay within what is named.
+#pragma once
+
+#include "QuarvelCelCore/CEL_Pixels.h"
+
+#include <cstddef>
+#include <span>
+
+namespace VolumeRowKernels {
+
+/// Three neighbouring rows of depths; black ones are 0. The first pixel of a run is at index 0 of each, and all have a
+/// pixel more on either side.
+struct DepthRows
+{
+    const float* above;
+    const float* here;
+    const float* below;
+};
+
+/// Normals of a run of pixels, stored: the normal's x and y in R and G, the elevation in B, A full; the empty pixel
+/// where the depth is black.
+///
+/// @param diagonals whether the diagonal neighbours count
+/// @param share     the elevation of each pixel, 0 to 1
+void storeNormals(const DepthRows& depth, bool diagonals, const float* share, std::span<CEL_PixelRGBA16> pixels);
+void storeNormals(const DepthRows& depth, bool diagonals, const float* share, std::span<CEL_PixelRGBAFloat> pixels);
+
+/// The three components of normals in rows of their own, zero where there is no normal.
+struct NormalRow
+{
+    double* x;
+    double* y;
+    double* z;
+};
+
+/// The same normals, diagonals included, as they are read back from a pixel of the format: rounded to its channels, of
+/// a length that is 1 but for that.
+void readBackNormals16(const DepthRows& depth, std::size_t count, const NormalRow& normals);
+void readBackNormalsFloat(const DepthRows& depth, std::size_t count, const NormalRow& normals);
+
+} // namespace VolumeRowKernels

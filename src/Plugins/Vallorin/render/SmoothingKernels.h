@@ -1,0 +1,31 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The inner loops that smooth normals (NormalMap.h). They run with the widest vectors that the processor has. Every
+// pixel is computed by itself with the operations of the plain formula, in their order, none of them fused, so all
+// processors give the same bits.
+//
+// Rows that are written overlap nothing else; reads and writes stay within what is named.
+#pragma once
+
+#include "render/NormalKernels.h"
+
+namespace VolumeRowKernels {
+
+/// Three neighbouring rows of normals.
+struct NormalRows
+{
+    NormalRow above;
+    NormalRow here;
+    NormalRow below;
+};
+
+/// Normals of a run of pixels, each the normalised weighted sum of the nine around it, stored as storeNormals() does;
+/// an empty pixel beside others gets their R and G.
+///
+/// @param normals as depth: a pixel more on either side
+void storeSmoothedNormals(const NormalRows& normals, const DepthRows& depth, const float* share,
+                          std::span<CEL_PixelRGBA16> pixels);
+void storeSmoothedNormals(const NormalRows& normals, const DepthRows& depth, const float* share,
+                          std::span<CEL_PixelRGBAFloat> pixels);
+
+} // namespace VolumeRowKernels
