@@ -3,8 +3,7 @@
 // Only where an object covers partly what is there already, normals have to be blended; the rest is taking pixels.
 #include "render/CompositionKernels.h"
 
-#include "render/NormalBlend.h"
-#include "render/PixelTraits.h"
+#include "render/NormalPlacement.h"
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "render/CompositionKernels.cpp"
@@ -16,58 +15,17 @@ namespace VolumeRowKernels::HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
 
-/// Where an object covers fully or lies alone, its pixel takes the place with the coverage's alpha: that is what the
-/// alpha's share would be truncated to.
-template<typename Pixel>
-HWY_INLINE Pixel placedPixel(const Pixel& coverage, const Pixel& object, typename VolumeTraits<Pixel>::Channel blue)
-{
-    using Traits = VolumeTraits<Pixel>;
-    return {object.r, object.g, blue, Traits::isSaturated(coverage.a) ? Traits::kFull : coverage.a};
-}
-
-void place16OneByOne(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
-                     CEL_PixelRGBA16* output)
-{
-    for (std::size_t i = 0; i < coverage.size(); ++i)
-        output[i] = coverage[i].a > 0
-                        ? placedPixel(coverage[i], object[i], blue.isElevation ? object[i].b : blue.number)
-                        : CEL_PixelRGBA16{};
-}
-
-template<typename Pixel>
-HWY_INLINE void blendOneByOne(std::span<const Pixel> coverage, const Pixel* object, bool isElevation,
-                              typename VolumeTraits<Pixel>::Channel number, Pixel* output)
-{
-    using Traits = VolumeTraits<Pixel>;
-    for (std::size_t i = 0; i < coverage.size(); ++i) {
-        const auto alpha = coverage[i].a;
-        const auto blue = isElevation ? object[i].b : number;
-        if (!(alpha > 0))
-            continue;
-        if (Traits::isSaturated(alpha) || !(output[i].a > 0))
-            output[i] = placedPixel(coverage[i], object[i], blue);
-        else
-            blendNormal(output[i], object[i], Traits::coverageOf(alpha), blue);
-    }
-}
-
-void blendFloat(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
-                CEL_PixelRGBAFloat* output)
-{
-    blendOneByOne<CEL_PixelRGBAFloat>(coverage, object, blue.isElevation, 0.0F, output);
-}
-
 #if HWY_TARGET == HWY_SCALAR
 void place16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
              CEL_PixelRGBA16* output)
 {
-    place16OneByOne(coverage, object, blue, output);
+    placeEach(coverage, object, blue, output);
 }
 
 void blend16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
              CEL_PixelRGBA16* output)
 {
-    blendOneByOne<CEL_PixelRGBA16>(coverage, object, blue.isElevation, blue.number, output);
+    blendEach(coverage, object, blue, output);
 }
 #else
 // A pixel is one 64-bit lane, with red in its lowest bits.
@@ -84,7 +42,7 @@ HWY_INLINE void storePixels(hn::Vec<PixelTag> pixels, CEL_PixelRGBA16* to)
     hn::StoreU(hn::BitCast(ChannelTag(), pixels), ChannelTag(), &to->r);
 }
 
-/// placedPixel() for whole vectors.
+/// placedPixel() (NormalPlacement.h) for whole vectors.
 class Placement
 {
 public:
@@ -121,7 +79,7 @@ void place16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* o
         const auto alpha = hn::ShiftRight<48>(loadPixels(&coverage[i]));
         storePixels(hn::IfThenElseZero(hn::Gt(alpha, hn::Zero(d)), placed(alpha, object + i)), output + i);
     }
-    place16OneByOne(coverage.subspan(i), object + i, blue, output + i);
+    placeEach(coverage.subspan(i), object + i, blue, output + i);
 }
 
 void blend16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
@@ -143,10 +101,9 @@ void blend16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* o
         if (hn::AllFalse(d, isBlended))
             storePixels(hn::IfThenElse(covers, placed(alpha, object + i), before), output + i);
         else
-            blendOneByOne<CEL_PixelRGBA16>(coverage.subspan(i, step), object + i, blue.isElevation, blue.number,
-                                           output + i);
+            blendEach(coverage.subspan(i, step), object + i, blue, output + i);
     }
-    blendOneByOne<CEL_PixelRGBA16>(coverage.subspan(i), object + i, blue.isElevation, blue.number, output + i);
+    blendEach(coverage.subspan(i), object + i, blue, output + i);
 }
 #endif
 
@@ -158,7 +115,6 @@ namespace VolumeRowKernels {
 
 HWY_EXPORT(place16);
 HWY_EXPORT(blend16);
-HWY_EXPORT(blendFloat);
 
 void placeNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
                   CEL_PixelRGBA16* output)
@@ -169,13 +125,7 @@ void placeNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA
 void placeNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
                   CEL_PixelRGBAFloat* output)
 {
-    using Traits = VolumeTraits<CEL_PixelRGBAFloat>;
-    for (std::size_t i = 0; i < coverage.size(); ++i) {
-        const float a = coverage[i].a;
-        const float alpha = Traits::isSaturated(a) ? Traits::kFull : a;
-        const float b = blue.isElevation ? object[i].b : 0.0F;
-        output[i] = a > 0 ? CEL_PixelRGBAFloat{object[i].r, object[i].g, b, alpha} : CEL_PixelRGBAFloat{};
-    }
+    placeEach(coverage, object, blue, output);
 }
 
 void blendNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
@@ -187,7 +137,7 @@ void blendNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA
 void blendNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
                   CEL_PixelRGBAFloat* output)
 {
-    HWY_DYNAMIC_DISPATCH(blendFloat)(coverage, object, blue, output);
+    blendEach(coverage, object, blue, output);
 }
 
 } // namespace VolumeRowKernels

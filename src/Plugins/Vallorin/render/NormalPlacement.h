@@ -1,0 +1,57 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The composition of an object's normals pixel by pixel, for both formats: what the vector code comes back to, and all
+// there is for float.
+#pragma once
+
+#include "render/CompositionKernels.h"
+#include "render/NormalBlend.h"
+
+#include <type_traits>
+
+namespace VolumeRowKernels {
+
+/// The blue of an object's pixel in the output.
+template<typename Pixel>
+typename VolumeTraits<Pixel>::Channel blueOf(const Pixel& object, const Blue& blue)
+{
+    using Channel = typename VolumeTraits<Pixel>::Channel;
+    if (blue.isElevation)
+        return object.b;
+    return std::is_integral_v<Channel> ? static_cast<Channel>(blue.number) : Channel{0};
+}
+
+/// Where an object covers fully or lies alone, its pixel takes the place with the coverage's alpha: that is what the
+/// alpha's share would be truncated to.
+template<typename Pixel>
+Pixel placedPixel(const Pixel& coverage, const Pixel& object, const Blue& blue)
+{
+    using Traits = VolumeTraits<Pixel>;
+    return {object.r, object.g, blueOf(object, blue), Traits::isSaturated(coverage.a) ? Traits::kFull : coverage.a};
+}
+
+/// placeNormals().
+template<typename Pixel>
+void placeEach(std::span<const Pixel> coverage, const Pixel* object, const Blue& blue, Pixel* output)
+{
+    for (std::size_t i = 0; i < coverage.size(); ++i)
+        output[i] = coverage[i].a > 0 ? placedPixel(coverage[i], object[i], blue) : Pixel{};
+}
+
+/// blendNormals().
+template<typename Pixel>
+void blendEach(std::span<const Pixel> coverage, const Pixel* object, const Blue& blue, Pixel* output)
+{
+    using Traits = VolumeTraits<Pixel>;
+    for (std::size_t i = 0; i < coverage.size(); ++i) {
+        const auto alpha = coverage[i].a;
+        if (!(alpha > 0))
+            continue;
+        if (Traits::isSaturated(alpha) || !(output[i].a > 0))
+            output[i] = placedPixel(coverage[i], object[i], blue);
+        else
+            blendNormal(output[i], object[i], Traits::coverageOf(alpha), blueOf(object[i], blue));
+    }
+}
+
+} // namespace VolumeRowKernels
