@@ -171,7 +171,7 @@ TYPED_TEST(Render, AgreesWithTheReferenceWhateverTheParameters)
         const Scene<TypeParam> scene = randomScene<TypeParam>(seed);
         const auto rendered = render(scene);
         ASSERT_TRUE(rendered);
-        ASSERT_TRUE(agrees<TypeParam>(expectedOf(scene), *rendered));
+        ASSERT_TRUE(agrees<TypeParam>(expectedOf(scene), *rendered, kNormalsInFloat));
     }
 }
 

@@ -1,8 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Bridges the code under test and its slow reference: pixmaps to reference pictures and back, and the reference's
-// functions by pixel type, so that one test serves both formats. Results must agree exactly, in float too: both
-// sides take the same steps in the same order, so a difference of one bit is a step that is not what it should be.
+// functions by pixel type, so that one test serves both formats. Results must agree exactly where nothing else is said,
+// in float too: both sides take the same steps in the same order, so a difference of one bit is a step that is not what
+// it should be. Normals in float, which the reference computes in double precision, may be off by a little.
 #pragma once
 
 #include "BlurAlgo/BlurAlgo.h"
@@ -19,6 +20,9 @@
 #include "reference/Volume.h"
 
 #include <gtest/gtest.h>
+
+/// How far normals in float, computed in single precision, may be from the reference's.
+constexpr double kNormalsInFloat = 1e-6;
 
 inline reference::RefBox toRef(const Math::Box2di& box)
 {
@@ -51,7 +55,7 @@ struct ReferenceFormat<CEL_PixelRGBA16>
     static constexpr auto stageMerge = reference::stageMerge16;
     static constexpr auto stageLevel = reference::stageLevel16;
 
-    static std::string differences(const RefPicture& expected, const RefPicture& actual)
+    static std::string differences(const RefPicture& expected, const RefPicture& actual, double /*tolerance*/)
     {
         return reference::differences(expected, actual);
     }
@@ -75,9 +79,9 @@ struct ReferenceFormat<CEL_PixelRGBAFloat>
     static constexpr auto stageMerge = reference::stageMergeFloat;
     static constexpr auto stageLevel = reference::stageLevelFloat;
 
-    static std::string differences(const RefPicture& expected, const RefPicture& actual)
+    static std::string differences(const RefPicture& expected, const RefPicture& actual, double tolerance)
     {
-        return reference::differences(expected, actual, 0.0);
+        return reference::differences(expected, actual, tolerance);
     }
 };
 
@@ -135,10 +139,11 @@ RefPictureOf<Pixel> productionBlur(const RefPictureOf<Pixel>& mask, double sigma
     return toRef<Pixel>(*blurred.template dynamicCast<CEL_PixmapOf<Pixel>>());
 }
 
-/// Fails with the first difference.
+/// Fails with the first difference, of float channels the first that is larger than the tolerance.
 template<typename Pixel>
-testing::AssertionResult agrees(const RefPictureOf<Pixel>& expected, const CEL_PixmapOf<Pixel>& actual)
+testing::AssertionResult agrees(const RefPictureOf<Pixel>& expected, const CEL_PixmapOf<Pixel>& actual,
+                                double tolerance = 0.0)
 {
-    const std::string differences = ReferenceFormat<Pixel>::differences(expected, toRef<Pixel>(actual));
+    const std::string differences = ReferenceFormat<Pixel>::differences(expected, toRef<Pixel>(actual), tolerance);
     return differences.empty() ? testing::AssertionSuccess() : testing::AssertionFailure() << differences;
 }

@@ -79,13 +79,14 @@ testing::AssertionResult agree(reference::RefDepth expected, const reference::Re
 
 // The reference goes on from its own depths, which nothing holds to 1e38.
 template<typename Pixel, typename Reference>
-testing::AssertionResult normalsAgree(const CEL_PixmapOf<Pixel>& blurred, double high, int quality)
+testing::AssertionResult normalsAgree(const CEL_PixmapOf<Pixel>& blurred, double high, int quality,
+                                      double tolerance = kNormalsInFloat)
 {
     auto expectedBlurred = toRef<Pixel>(blurred);
     const auto depth = Reference::makeDepth(expectedBlurred, 0.0, std::clamp(high, -1e38, 1e38), 1.0);
     const auto expected = Reference::makeNormals(depth, expectedBlurred, quality);
     const SurfaceOfRed<Pixel> ours(blurred, high, 1.0);
-    return agrees<Pixel>(expected, *normalsOf<Pixel>(ours.surface, quality, blurred.canvasRect()));
+    return agrees<Pixel>(expected, *normalsOf<Pixel>(ours.surface, quality, blurred.canvasRect()), tolerance);
 }
 
 } // namespace
@@ -204,12 +205,15 @@ TYPED_TEST(Stage, DerivingNormalsAgreesWithTheReferenceAtEveryWidth)
 
 TYPED_TEST(Stage, SteepAndFaintSlopesAgreeWithTheReference)
 {
+    // The z of a steep normal is read back from what rounding leaves of 1 - x^2 - y^2.
+    constexpr double kTolerance = 5e-4;
     for (const double height : {1e-38, 1e-12, 1e-4, 1e4, 1e12, 1e38, 1e300}) {
         SCOPED_TRACE(height);
         RandomPictures random(5);
         const auto blurred = random.picture<TypeParam>({0, 0, 28, 20}, kCanvas);
         for (int quality = 0; quality <= 2; ++quality)
-            ASSERT_TRUE((normalsAgree<TypeParam, typename TestFixture::Reference>(*blurred, height, quality)));
+            ASSERT_TRUE(
+                (normalsAgree<TypeParam, typename TestFixture::Reference>(*blurred, height, quality, kTolerance)));
     }
 }
 

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // How the two formats hold normals, how runs of them are stored, and how a component that is known in single precision
-// alone becomes a code: shared by the normals and their smoothing.
+// alone becomes a channel's value: shared by the normals and their smoothing.
 //
 // Part of vector code: included once for every instruction set.
 #include "render/NormalKernels.h"
@@ -46,7 +46,8 @@ struct Format16
 {
     using Pixel = CEL_PixelRGBA16;
     using Code = std::int32_t;
-    static constexpr Code kLevel = 16384; ///< a component of 0, encoded
+    static constexpr Code kLevel = 16384;  ///< a component of 0, encoded
+    static constexpr bool kIsExact = true; ///< every code is that of the plain formula
 
     template<class D>
     using CodeTag = hn::Rebind<Code, D>;
@@ -60,18 +61,27 @@ struct Format16
         return hn::DemoteTo(CodeTag<D>(), rounded);
     }
 
-    /// A component as NormalParser reads it: twice the code by 32767, less 1. Without a division: the product with the
-    /// inverse is corrected by what it leaves. That remainder, twice - 32768 q + q, comes out exactly, as each
-    /// difference is one of numbers less than a factor of 2 apart; and no such quotient lies so near to the middle of
-    /// two doubles that the correction's own rounding could matter.
-    template<class D>
-    static HWY_INLINE hn::Vec<D> decoded(D d, hn::Vec<CodeTag<D>> code)
+    /// Components read back are counted in such steps: then x and y are odd whole numbers.
+    static constexpr float kFullLength = 32767.0F;
+
+    template<class DF>
+    static HWY_INLINE hn::Vec<DF> readBack(DF d, hn::Vec<CodeTag<DF>> code)
     {
-        const auto inverse = hn::Set(d, 1.0 / 32767.0);
-        const auto twice = hn::Mul(hn::Set(d, 2.0), hn::PromoteTo(d, code));
-        const auto q = hn::Mul(twice, inverse);
-        const auto remainder = hn::Add(hn::Sub(twice, hn::Mul(q, hn::Set(d, 32768.0))), q);
-        return hn::Sub(hn::Add(q, hn::Mul(remainder, inverse)), hn::Set(d, 1.0));
+        const CodeTag<DF> dc;
+        return hn::ConvertTo(d, hn::Sub(hn::Add(code, code), hn::Set(dc, 32767)));
+    }
+
+    /// The squares of z, each rounded to single precision only once.
+    static HWY_INLINE void squaresOfZ(const Run<float>& x, const Run<float>& y, std::size_t count, Run<float>& squares)
+    {
+        forLanes<float>(count, [&](auto d, std::size_t i) HWY_ATTR {
+            const hn::RebindToSigned<decltype(d)> d32;
+            const auto wholeX = hn::ConvertTo(d32, hn::LoadU(d, x.data() + i));
+            const auto wholeY = hn::ConvertTo(d32, hn::LoadU(d, y.data() + i));
+            const auto across = hn::Add(hn::Mul(wholeX, wholeX), hn::Mul(wholeY, wholeY));
+            const auto rest = hn::Sub(hn::Set(d32, 32767 * 32767), across);
+            hn::StoreU(hn::ConvertTo(d, rest), d, squares.data() + i);
+        });
     }
 
     /// VolumeTraits::storedElevation.
@@ -98,6 +108,7 @@ struct FormatFloat
     using Pixel = CEL_PixelRGBAFloat;
     using Code = float;
     static constexpr Code kLevel = 0.5F;
+    static constexpr bool kIsExact = false; ///< single precision is as good as the channels
 
     template<class D>
     using CodeTag = hn::Rebind<float, D>;
@@ -108,10 +119,23 @@ struct FormatFloat
         return hn::DemoteTo(CodeTag<D>(), hn::Mul(hn::Add(n, hn::Set(d, 1.0)), hn::Set(d, 0.5)));
     }
 
-    template<class D>
-    static HWY_INLINE hn::Vec<D> decoded(D d, hn::Vec<CodeTag<D>> code)
+    static constexpr float kFullLength = 1.0F;
+
+    template<class DF>
+    static HWY_INLINE hn::Vec<DF> readBack(DF d, hn::Vec<DF> code)
     {
-        return hn::Sub(hn::Mul(hn::Set(d, 2.0), hn::PromoteTo(d, code)), hn::Set(d, 1.0));
+        return hn::Sub(hn::Add(code, code), hn::Set(d, 1.0F));
+    }
+
+    static HWY_INLINE void squaresOfZ(const Run<float>& x, const Run<float>& y, std::size_t count, Run<float>& squares)
+    {
+        forLanes<double>(count, [&](auto d, std::size_t i) HWY_ATTR {
+            const hn::Rebind<float, decltype(d)> df;
+            const auto wideX = hn::PromoteTo(d, hn::LoadU(df, x.data() + i));
+            const auto wideY = hn::PromoteTo(d, hn::LoadU(df, y.data() + i));
+            const auto rest = hn::Sub(hn::Sub(hn::Set(d, 1.0), hn::Mul(wideX, wideX)), hn::Mul(wideY, wideY));
+            hn::StoreU(hn::DemoteTo(df, rest), df, squares.data() + i);
+        });
     }
 
     template<class D>
@@ -168,9 +192,15 @@ struct Vector3
 };
 
 template<class D>
-HWY_INLINE hn::Vec<D> lengthOf(D, const Vector3<D>& v)
+HWY_INLINE hn::Vec<D> squareOf(D, const Vector3<D>& v)
 {
-    return hn::Sqrt(hn::Add(hn::Add(hn::Mul(v.x, v.x), hn::Mul(v.y, v.y)), hn::Mul(v.z, v.z)));
+    return hn::Add(hn::Add(hn::Mul(v.x, v.x), hn::Mul(v.y, v.y)), hn::Mul(v.z, v.z));
+}
+
+template<class D>
+HWY_INLINE hn::Vec<D> lengthOf(D d, const Vector3<D>& v)
+{
+    return hn::Sqrt(squareOf(d, v));
 }
 
 HWY_INLINE DepthRows from(const DepthRows& rows, std::size_t i)
@@ -178,23 +208,17 @@ HWY_INLINE DepthRows from(const DepthRows& rows, std::size_t i)
     return {rows.above + i, rows.here + i, rows.below + i};
 }
 
-// Double precision takes half of the lanes, and its divisions and roots most of a normal's time. 16-bit channels are
-// coarse: single precision nearly always finds the same code, and it is known when. The few others take the plain
-// formula. (A. Ziv, "Fast evaluation of elementary mathematical functions with correctly rounded last bit", 1991,
-// decides roundings so.)
+// Double precision takes half of the lanes, and its divisions and roots most of a normal's time. Single precision is as
+// good as float channels can hold. 16-bit channels are coarse: there it nearly always finds the plain formula's code,
+// and it is known when. The few others take the plain formula. (A. Ziv, "Fast evaluation of elementary mathematical
+// functions with correctly rounded last bit", 1991, decides roundings so.)
 //
 // The plain formula stores 16384 + floor(m), m = 16383.5 n, but for roundings of less than 1e-11 in double precision.
-// Let u = 2^-24 be the largest relative error of an operation in single precision, and v a vector as axisVector() and
-// diagonalVector() make it. Its components have an error of u at most, its squared length of 5 u, its length's inverse
-// of 4.5 u, and so the components of its unit vector, of 6.5 u. Let a be the sum of both unit vectors' absolute
-// components in x, b in y, and c in z, and L their sum's length. The sum's components are off by 7.5 u a, 7.5 u b and
-// 7.5 u c at most, L by 7.5 u (a + b + c) and a few u of its own, hence n by no more than
-//
-//     7.5 u a / L + |n| 7.5 u (a + b + c) / L + 5 u |n|,     and c <= L.
-//
-// One unit vector alone is within 6.5 u |n|, m adds 1 u. What is checked below is a little wider.
+// Who estimates n says how far off it may be, in units of u = 2^-24, the largest relative error of an operation in
+// single precision, and with the one that m adds.
 
-/// A component estimated in single precision, and how far from the plain formula's it may be.
+/// A component estimated in single precision, and how far from the plain formula's it may be; no error at all where the
+/// component is known to be 0.
 template<class DF>
 struct Estimate
 {
@@ -202,7 +226,17 @@ struct Estimate
     hn::Vec<DF> error;
 };
 
-constexpr float kUnit = 1.0F / 16777216.0F;
+/// Estimates of a normal's x and y, and where they are good for nothing.
+template<class DF>
+struct NormalEstimate
+{
+    Estimate<DF> x;
+    Estimate<DF> y;
+    hn::Mask<DF> isUseless;
+};
+
+/// A little more, so that products of errors are covered.
+constexpr float kUnit = 1.01F / 16777216.0F;
 
 /// Codes of estimates, and where they are not certain.
 template<class DF>
@@ -210,14 +244,51 @@ HWY_INLINE hn::Vec<hn::RebindToSigned<DF>> codesOf(DF d, const Estimate<DF>& est
 {
     const hn::RebindToSigned<DF> d32;
     const auto m = hn::Mul(estimate.component, hn::Set(d, 16383.5F));
-    const auto whole = hn::Floor(m);
-    const auto fraction = hn::Sub(m, whole);
+    const auto distance = hn::Abs(hn::Sub(m, hn::Round(m)));
     const auto margin = hn::Add(hn::Mul(estimate.error, hn::Set(d, 16384.0F)), hn::Set(d, 1e-9F));
-    const auto isClose = hn::Or(hn::Lt(fraction, margin), hn::Ge(fraction, hn::Sub(hn::Set(d, 1.0F), margin)));
-    // What is level is exactly that in both precisions, if it is not two slopes that cancel each other out.
     const auto isSloping = hn::Or(hn::Ne(estimate.component, hn::Zero(d)), hn::Ne(estimate.error, hn::Zero(d)));
-    isDoubtful = hn::Or(isDoubtful, hn::And(isClose, isSloping));
-    return hn::Add(hn::ConvertTo(d32, whole), hn::Set(d32, 16384));
+    isDoubtful = hn::Or(isDoubtful, hn::And(hn::Lt(distance, margin), isSloping));
+    return hn::Add(hn::ConvertTo(d32, hn::Floor(m)), hn::Set(d32, 16384));
+}
+
+/// What float channels hold of them.
+template<class DF>
+HWY_INLINE hn::Vec<DF> storedOf(DF d, const Estimate<DF>& estimate)
+{
+    return hn::Mul(hn::Add(estimate.component, hn::Set(d, 1.0F)), hn::Set(d, 0.5F));
+}
+
+/// Stores what a vector of pixels holds of estimates, and says where that is not certain.
+template<class DF>
+HWY_INLINE hn::Mask<DF> storeCodes(DF d, const NormalEstimate<DF>& normal, std::size_t i, CodeRun<Format16>& codes)
+{
+    const hn::RebindToSigned<DF> d32;
+    auto isDoubtful = normal.isUseless;
+    hn::StoreU(codesOf(d, normal.x, isDoubtful), d32, codes.r.data() + i);
+    hn::StoreU(codesOf(d, normal.y, isDoubtful), d32, codes.g.data() + i);
+    return isDoubtful;
+}
+
+template<class DF>
+HWY_INLINE hn::Mask<DF> storeCodes(DF d, const NormalEstimate<DF>& normal, std::size_t i, CodeRun<FormatFloat>& codes)
+{
+    hn::StoreU(storedOf(d, normal.x), d, codes.r.data() + i);
+    hn::StoreU(storedOf(d, normal.y), d, codes.g.data() + i);
+    return normal.isUseless;
+}
+
+/// Calls work(lane) for the lanes of a mask.
+template<class DF, typename Work>
+HWY_INLINE void forEachOf(DF d, hn::Mask<DF> mask, const Work& work)
+{
+    if (hn::AllFalse(d, mask))
+        return;
+    // A bit for each lane of the widest vectors there are.
+    std::array<std::uint8_t, 32> bits{};
+    hn::StoreMaskBits(d, mask, bits.data());
+    for (std::size_t lane = 0; lane < hn::Lanes(d); ++lane)
+        if ((bits[lane / 8] >> (lane % 8) & 1) != 0)
+            work(lane);
 }
 
 } // namespace VolumeRowKernels::HWY_NAMESPACE

@@ -113,16 +113,15 @@ HWY_INLINE Vector3<D> normalAt(D d, const DepthRows& depth, std::size_t i)
     }
 }
 
-/// Red and green of the pixels from first on, by the plain formula.
+/// Red and green of one pixel, by the plain formula.
 template<class Format, bool kDiagonals>
-HWY_INLINE void encodePlainly(const DepthRows& depth, std::size_t first, std::size_t count, CodeRun<Format>& codes)
+HWY_NOINLINE void encodePlainly(const DepthRows& depth, std::size_t i, CodeRun<Format>& codes)
 {
-    forLanes<double>(count, [&](auto d, std::size_t i) HWY_ATTR {
-        const hn::Rebind<typename Format::Code, decltype(d)> dc;
-        const auto normal = normalAt<kDiagonals>(d, depth, first + i);
-        hn::StoreU(Format::encoded(d, normal.x), dc, codes.r.data() + first + i);
-        hn::StoreU(Format::encoded(d, normal.y), dc, codes.g.data() + first + i);
-    });
+    const hn::CappedTag<double, 1> d;
+    const hn::Rebind<typename Format::Code, decltype(d)> dc;
+    const auto normal = normalAt<kDiagonals>(d, depth, i);
+    hn::StoreU(Format::encoded(d, normal.x), dc, codes.r.data() + i);
+    hn::StoreU(Format::encoded(d, normal.y), dc, codes.g.data() + i);
 }
 
 /// Slopes whose squares single precision might not hold.
@@ -132,100 +131,114 @@ HWY_INLINE hn::Mask<DF> isHuge(DF d, const Vector3<DF>& v)
     return hn::Gt(hn::Max(hn::Abs(v.x), hn::Abs(v.y)), hn::Set(d, 1e15F));
 }
 
-/// A vector times the inverse of its length.
+// The axes' vector is exact. Its squared length is off by 3 u, the inverse of its length by 3.5 u, a component of the
+// unit vector by 4.5 u.
 template<class DF>
-HWY_INLINE Vector3<DF> nearlyUnit(DF d, const Vector3<DF>& v, hn::Vec<DF>& inverse)
+HWY_INLINE NormalEstimate<DF> estimateOfAxes(DF d, const Vector3<DF>& axis)
 {
-    inverse = hn::Div(hn::Set(d, 1.0F), lengthOf(d, v));
-    return {hn::Mul(v.x, inverse), hn::Mul(v.y, inverse), hn::Mul(v.z, inverse)};
+    const auto inverse = hn::Div(hn::Set(d, 1.0F), lengthOf(d, axis));
+    const auto unit = hn::Set(d, 5.5F * kUnit);
+    const auto estimateOf = [&](auto component) HWY_ATTR {
+        const auto n = hn::Mul(component, inverse);
+        return Estimate<DF>{n, hn::Mul(unit, hn::Abs(n))};
+    };
+    return {estimateOf(axis.x), estimateOf(axis.y), isHuge(d, axis)};
 }
 
-/// Estimates of x and y, and where they are good for nothing.
-template<bool kDiagonals, class DF>
-HWY_INLINE hn::Mask<DF> estimate(DF d, const DepthRows& depth, std::size_t i, Estimate<DF>& x, Estimate<DF>& y)
+// The mean of two unit vectors has the direction of S = r a + b with r = |b| / |a|, which takes fewer roots and
+// divisions. Let a be the axes' vector and b the diagonals', whose components are off by u, and hence its squared
+// length by 5 u: r is off by 5.5 u, a component of S by 6.5 u |r a_x| + u |b_x| + u |S_x|, and S, as |r a| = |b|, by
+// 7.5 u |b| + u |S|. Its length's inverse adds 3.5 u to that, and the product with it u:
+//
+//     |error of n_x| <= u (6.5 |r a_x| + |b_x|) / |S| + u |n_x| (7.5 |b| / |S| + 6.5).
+//
+// |b| / |S| is no more than q + 1/4, q = |b|^2 / |S|^2. Of vectors that nearly cancel each other out, little but that
+// error would be left, which float channels would show.
+template<class DF>
+HWY_INLINE NormalEstimate<DF> estimateOfMean(DF d, const Vector3<DF>& axis, const Vector3<DF>& diagonal,
+                                             hn::Mask<DF> isMean)
 {
-    const auto axes = axisDifferences(d, depth, i);
-    const auto axis = axisVector(d, axes.first, axes.second);
-    hn::Vec<DF> inverse;
-    const auto first = nearlyUnit(d, axis, inverse);
-    const auto alone = hn::Set(d, 8 * kUnit);
-    x = {first.x, hn::Mul(alone, hn::Abs(first.x))};
-    y = {first.y, hn::Mul(alone, hn::Abs(first.y))};
-    if constexpr (kDiagonals) {
-        const auto diagonals = diagonalDifferences(d, depth, i);
-        const auto diagonal = diagonalVector(d, diagonals.first, diagonals.second);
-        const auto second = nearlyUnit(d, diagonal, inverse);
-        const auto mean = nearlyUnit(d, sumOf(d, first, second), inverse);
-        const auto a = hn::Mul(hn::Add(hn::Abs(first.x), hn::Abs(second.x)), inverse);
-        const auto b = hn::Mul(hn::Add(hn::Abs(first.y), hn::Abs(second.y)), inverse);
-        const auto unit = hn::Set(d, 8 * kUnit);
-        const auto aroundBoth = hn::Add(hn::Add(a, b), hn::Set(d, 2.0F));
-        const auto isMean = hn::And(axes.exist, diagonals.exist);
-        const auto errorOf = [&](auto own, auto component) HWY_ATTR {
-            return hn::Mul(unit, hn::Add(own, hn::Mul(hn::Abs(component), aroundBoth)));
-        };
-        x = {hn::IfThenElse(isMean, mean.x, x.component), hn::IfThenElse(isMean, errorOf(a, mean.x), x.error)};
-        y = {hn::IfThenElse(isMean, mean.y, y.component), hn::IfThenElse(isMean, errorOf(b, mean.y), y.error)};
-        return hn::Or(isHuge(d, axis), isHuge(d, diagonal));
-    } else {
-        return isHuge(d, axis);
-    }
+    const auto square = squareOf(d, diagonal);
+    const auto ratio = hn::Sqrt(hn::Div(square, squareOf(d, axis)));
+    const auto turned = hn::IfThenElse(isMean, ratio, hn::Set(d, 1.0F));
+    const auto added = [&](auto component) HWY_ATTR { return hn::IfThenElseZero(isMean, component); };
+    const Vector3<DF> a{hn::Mul(axis.x, turned), hn::Mul(axis.y, turned), hn::Mul(axis.z, turned)};
+    const Vector3<DF> b{added(diagonal.x), added(diagonal.y), added(diagonal.z)};
+    const Vector3<DF> sum{hn::Add(a.x, b.x), hn::Add(a.y, b.y), hn::Add(a.z, b.z)};
+    const auto inverse = hn::Div(hn::Set(d, 1.0F), lengthOf(d, sum));
+    const auto q = hn::Mul(hn::Mul(added(square), inverse), inverse);
+    const auto ofLength = hn::MulAdd(hn::Set(d, 7.5F * kUnit), q, hn::Set(d, (7.5F * 0.25F + 7.5F) * kUnit));
+    const auto estimateOf = [&](auto first, auto second, auto whole) HWY_ATTR {
+        const auto n = hn::Mul(whole, inverse);
+        const auto own = hn::MulAdd(hn::Set(d, 6.5F), hn::Abs(first), hn::Abs(second));
+        const auto ofOwn = hn::Mul(hn::Mul(own, inverse), hn::Set(d, kUnit));
+        return Estimate<DF>{n, hn::MulAdd(hn::Abs(n), ofLength, ofOwn)};
+    };
+    const auto nearlyCancels = hn::Gt(q, hn::Set(d, 4.0F));
+    return {estimateOf(a.x, b.x, sum.x), estimateOf(a.y, b.y, sum.y),
+            hn::Or(nearlyCancels, hn::Or(isHuge(d, axis), isHuge(d, diagonal)))};
 }
 
-/// Whether there is no slope at all: then both components are 0.
-template<bool kDiagonals, class DF>
-HWY_INLINE bool isLevel(DF d, const DepthRows& depth, std::size_t i)
+/// What a normal is made of.
+template<class DF>
+struct Slopes
 {
-    const auto zero = hn::Zero(d);
+    Differences<DF> axes;
+    Differences<DF> diagonals;
+};
+
+template<bool kDiagonals, class DF>
+HWY_INLINE Slopes<DF> slopesAt(DF d, const DepthRows& depth, std::size_t i)
+{
     const auto axes = axisDifferences(d, depth, i);
-    if (!hn::AllTrue(d, hn::And(hn::Eq(axes.first, zero), hn::Eq(axes.second, zero))))
-        return false;
-    if constexpr (kDiagonals) {
-        const auto diagonals = diagonalDifferences(d, depth, i);
-        return hn::AllTrue(d, hn::And(hn::Eq(diagonals.first, zero), hn::Eq(diagonals.second, zero)));
-    } else {
-        return true;
-    }
+    if constexpr (kDiagonals)
+        return {axes, diagonalDifferences(d, depth, i)};
+    else
+        return {axes, {hn::Zero(d), hn::Zero(d), hn::MaskFromVec(hn::Zero(d))}};
+}
+
+/// Whether there is no slope at all in a vector: then both components are 0.
+template<class DF>
+HWY_INLINE bool isLevel(DF d, const Slopes<DF>& slopes)
+{
+    const auto either = hn::Or(hn::Ne(slopes.axes.first, hn::Zero(d)), hn::Ne(slopes.axes.second, hn::Zero(d)));
+    const auto diagonal =
+        hn::Or(hn::Ne(slopes.diagonals.first, hn::Zero(d)), hn::Ne(slopes.diagonals.second, hn::Zero(d)));
+    return hn::AllFalse(d, hn::Or(either, diagonal));
+}
+
+template<bool kDiagonals, class DF>
+HWY_INLINE NormalEstimate<DF> estimateOf(DF d, const Slopes<DF>& slopes)
+{
+    const auto axis = axisVector(d, slopes.axes.first, slopes.axes.second);
+    if constexpr (kDiagonals)
+        return estimateOfMean(d, axis, diagonalVector(d, slopes.diagonals.first, slopes.diagonals.second),
+                              hn::And(slopes.axes.exist, slopes.diagonals.exist));
+    else
+        return estimateOfAxes(d, axis);
 }
 
 /// Red and green of one vector of pixels, from i on.
-template<bool kDiagonals, class DF>
-HWY_INLINE void encodeSlope(DF d, const DepthRows& depth, std::size_t i, CodeRun<Format16>& codes)
+template<bool kDiagonals, class Format, class DF>
+HWY_INLINE void encodeVector(DF d, const DepthRows& depth, std::size_t i, CodeRun<Format>& codes)
 {
-    const hn::RebindToSigned<DF> d32;
-    Estimate<DF> x;
-    Estimate<DF> y;
-    auto isDoubtful = estimate<kDiagonals>(d, depth, i, x, y);
-    hn::StoreU(codesOf(d, x, isDoubtful), d32, codes.r.data() + i);
-    hn::StoreU(codesOf(d, y, isDoubtful), d32, codes.g.data() + i);
-    if (!hn::AllFalse(d, isDoubtful))
-        encodePlainly<Format16, kDiagonals>(depth, i, hn::Lanes(d), codes);
-}
-
-template<bool kDiagonals, class DF>
-HWY_INLINE void encodeSlope(DF d, const DepthRows& depth, std::size_t i, CodeRun<FormatFloat>& codes)
-{
-    encodePlainly<FormatFloat, kDiagonals>(depth, i, hn::Lanes(d), codes);
+    const auto slopes = slopesAt<kDiagonals>(d, depth, i);
+    if (isLevel(d, slopes)) {
+        const typename Format::template CodeTag<DF> dc;
+        hn::StoreU(hn::Set(dc, Format::kLevel), dc, codes.r.data() + i);
+        hn::StoreU(hn::Set(dc, Format::kLevel), dc, codes.g.data() + i);
+        return;
+    }
+    const auto isDoubtful = storeCodes(d, estimateOf<kDiagonals>(d, slopes), i, codes);
+    forEachOf(d, isDoubtful,
+              [&](std::size_t lane) HWY_ATTR { encodePlainly<Format, kDiagonals>(depth, i + lane, codes); });
 }
 
 /// Red and green of a run of pixels.
 template<bool kDiagonals, class Format>
 HWY_INLINE void encodeRun(const DepthRows& depth, std::size_t count, CodeRun<Format>& codes)
 {
-    const hn::ScalableTag<float> d;
-    const hn::Rebind<typename Format::Code, hn::ScalableTag<float>> dc;
-    const auto level = hn::Set(dc, Format::kLevel);
-    const std::size_t step = hn::Lanes(d);
-    std::size_t i = 0;
-    for (; i + step <= count; i += step) {
-        if (isLevel<kDiagonals>(d, depth, i)) {
-            hn::StoreU(level, dc, codes.r.data() + i);
-            hn::StoreU(level, dc, codes.g.data() + i);
-        } else {
-            encodeSlope<kDiagonals>(hn::ScalableTag<float>(), depth, i, codes);
-        }
-    }
-    encodePlainly<Format, kDiagonals>(depth, i, count - i, codes);
+    forLanes<float>(count, [&](auto d, std::size_t i) HWY_ATTR { encodeVector<kDiagonals>(d, depth, i, codes); });
 }
 
 template<class Format, bool kDiagonals>
@@ -255,19 +268,25 @@ void storeNormalsFloat(const DepthRows& depth, bool diagonals, const float* shar
         storeRow<FormatFloat, false>(depth, share, pixels);
 }
 
+// Only what exists has a z, as small as it may be: then a sum of them tells whether there are any.
 template<class Format>
 HWY_INLINE void decodeRun(const CodeRun<Format>& codes, const float* depth, std::size_t count, const NormalRow& normals)
 {
-    forLanes<double>(count, [&](auto d, std::size_t i) HWY_ATTR {
-        const hn::Rebind<float, decltype(d)> df;
-        const hn::Rebind<typename Format::Code, decltype(d)> dc;
-        const auto exists = hn::Ne(hn::PromoteTo(d, hn::LoadU(df, depth + i)), hn::Zero(d));
-        const auto x = Format::decoded(d, hn::LoadU(dc, codes.r.data() + i));
-        const auto y = Format::decoded(d, hn::LoadU(dc, codes.g.data() + i));
-        const auto rest = hn::Sub(hn::Sub(hn::Set(d, 1.0), hn::Mul(x, x)), hn::Mul(y, y));
-        hn::StoreU(hn::IfThenElseZero(exists, x), d, normals.x + i);
-        hn::StoreU(hn::IfThenElseZero(exists, y), d, normals.y + i);
-        hn::StoreU(hn::IfThenElseZero(exists, hn::Sqrt(hn::Max(rest, hn::Zero(d)))), d, normals.z + i);
+    Run<float> x;
+    Run<float> y;
+    Run<float> squares;
+    forLanes<float>(count, [&](auto d, std::size_t i) HWY_ATTR {
+        const typename Format::template CodeTag<decltype(d)> dc;
+        hn::StoreU(Format::readBack(d, hn::LoadU(dc, codes.r.data() + i)), d, x.data() + i);
+        hn::StoreU(Format::readBack(d, hn::LoadU(dc, codes.g.data() + i)), d, y.data() + i);
+    });
+    Format::squaresOfZ(x, y, count, squares);
+    forLanes<float>(count, [&](auto d, std::size_t i) HWY_ATTR {
+        const auto exists = hn::Ne(hn::LoadU(d, depth + i), hn::Zero(d));
+        const auto z = hn::Sqrt(hn::Max(hn::LoadU(d, squares.data() + i), hn::Set(d, 1e-20F)));
+        hn::StoreU(hn::IfThenElseZero(exists, hn::LoadU(d, x.data() + i)), d, normals.x + i);
+        hn::StoreU(hn::IfThenElseZero(exists, hn::LoadU(d, y.data() + i)), d, normals.y + i);
+        hn::StoreU(hn::IfThenElseZero(exists, z), d, normals.z + i);
     });
 }
 

@@ -1,8 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The inner loops from depths to normals (VolumeModel.h). They run with the widest vectors that the processor has.
-// Every pixel is computed by itself with the operations of the plain formula, in their order, none of them fused, so
-// all processors give the same bits.
+// Every pixel is computed by itself. Codes of 16-bit channels are those of the plain formula in double precision, to
+// the bit; float channels get single precision, none of whose operations is fused, so all processors give the same
+// bits.
 //
 // Rows that are written overlap nothing else; reads and writes stay within what is named.
 #pragma once
@@ -31,16 +32,17 @@ struct DepthRows
 void storeNormals(const DepthRows& depth, bool diagonals, const float* share, std::span<CEL_PixelRGBA16> pixels);
 void storeNormals(const DepthRows& depth, bool diagonals, const float* share, std::span<CEL_PixelRGBAFloat> pixels);
 
-/// The three components of normals in rows of their own, zero where there is no normal.
+/// The three components of normals in rows of their own; z is positive where there is a normal, and all three are zero
+/// elsewhere.
 struct NormalRow
 {
-    double* x;
-    double* y;
-    double* z;
+    float* x;
+    float* y;
+    float* z;
 };
 
-/// The same normals, diagonals included, as they are read back from a pixel of the format: rounded to its channels, of
-/// a length that is 1 but for that.
+/// The same normals, diagonals included, as they are read back from a pixel of the format: rounded to its channels, but
+/// for that of length 1, in 16-bit 32767, where x and y are whole.
 void readBackNormals16(const DepthRows& depth, std::size_t count, const NormalRow& normals);
 void readBackNormalsFloat(const DepthRows& depth, std::size_t count, const NormalRow& normals);
 

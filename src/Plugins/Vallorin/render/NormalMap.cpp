@@ -27,21 +27,20 @@ ColumnSpan united(const ColumnSpan& a, const ColumnSpan& b)
     return {std::min(a.first, b.first), std::max(a.end, b.end)};
 }
 
-// A row of floats or doubles with a zero on either side.
-template<typename Value>
+// A row of floats with a zero on either side.
 class PaddedRow
 {
 public:
     explicit PaddedRow(int width) : _values(static_cast<std::size_t>(width) + 2) {}
 
     // The value of the first column.
-    Value* data() { return _values.data() + 1; }
-    const Value* data() const { return _values.data() + 1; }
+    float* data() { return _values.data() + 1; }
+    const float* data() const { return _values.data() + 1; }
 
-    void clear(const ColumnSpan& columns) { std::fill_n(data() + columns.first, columns.width(), Value{}); }
+    void clear(const ColumnSpan& columns) { std::fill_n(data() + columns.first, columns.width(), 0.0F); }
 
 private:
-    std::vector<Value> _values;
+    std::vector<float> _values;
 };
 
 // One row of the surface.
@@ -49,8 +48,8 @@ struct SurfaceRow
 {
     explicit SurfaceRow(int width) : share(width), depth(width) {}
 
-    PaddedRow<float> share;
-    PaddedRow<float> depth;
+    PaddedRow share;
+    PaddedRow depth;
     ColumnSpan columns; // where it is not black
 };
 
@@ -61,9 +60,9 @@ struct SampleRow
 
     NormalRow from(int column) { return {x.data() + column, y.data() + column, z.data() + column}; }
 
-    PaddedRow<double> x;
-    PaddedRow<double> y;
-    PaddedRow<double> z;
+    PaddedRow x;
+    PaddedRow y;
+    PaddedRow z;
     ColumnSpan columns; // where it is not zero
 };
 
@@ -151,7 +150,7 @@ private:
     void sample(int y)
     {
         SampleRow& samples = _samples.at(y);
-        for (PaddedRow<double>* const component : {&samples.x, &samples.y, &samples.z})
+        for (PaddedRow* const component : {&samples.x, &samples.y, &samples.z})
             component->clear(samples.columns);
         samples.columns = _surfaceRows.at(y).columns;
         const auto count = static_cast<std::size_t>(samples.columns.width());

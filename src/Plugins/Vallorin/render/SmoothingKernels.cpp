@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The weights are counted in eighths: the factor goes when a sum is normalised, and factors of 2 are exact in every
+// The weights are counted in sixteenths: the factor goes when a sum is normalised, and factors of 2 are exact in every
 // operation.
 #include "render/SmoothingKernels.h"
 
@@ -18,95 +18,127 @@ namespace VolumeRowKernels::HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
 
-/// One component, summed over the 3 x 3 neighbourhood, in eighths. Other orders of the summands would round
-/// differently.
+/// A normal as the plain formula reads it from a pixel of 16 bits.
 template<class D>
-HWY_INLINE hn::Vec<D> sumAround(D d, const double* above, const double* here, const double* below)
+HWY_INLINE Vector3<D> plainNormal(D d, const NormalRow& row, std::ptrdiff_t i)
 {
-    const auto half = hn::Set(d, 0.5);
-    auto sum = hn::LoadU(d, here - 1);
-    sum = hn::Add(sum, hn::LoadU(d, above));
-    sum = hn::Add(sum, hn::Mul(hn::Set(d, 2.0), hn::LoadU(d, here)));
-    sum = hn::Add(sum, hn::LoadU(d, below));
-    sum = hn::Add(sum, hn::LoadU(d, here + 1));
-    sum = hn::Add(sum, hn::Mul(half, hn::LoadU(d, above - 1)));
-    sum = hn::Add(sum, hn::Mul(half, hn::LoadU(d, below - 1)));
-    sum = hn::Add(sum, hn::Mul(half, hn::LoadU(d, above + 1)));
-    return hn::Add(sum, hn::Mul(half, hn::LoadU(d, below + 1)));
+    const hn::Rebind<float, D> df;
+    const auto one = hn::Set(d, 1.0);
+    const auto full = hn::Set(d, 32767.0);
+    const auto decoded = [&](const float* component) HWY_ATTR {
+        const auto twice = hn::Add(hn::PromoteTo(d, hn::LoadU(df, component + i)), full);
+        return hn::Sub(hn::Div(twice, full), one);
+    };
+    const auto x = decoded(row.x);
+    const auto y = decoded(row.y);
+    const auto rest = hn::Sub(hn::Sub(one, hn::Mul(x, x)), hn::Mul(y, y));
+    const auto exists = hn::Gt(hn::PromoteTo(d, hn::LoadU(df, row.z + i)), hn::Zero(d));
+    return {hn::IfThenElseZero(exists, x), hn::IfThenElseZero(exists, y),
+            hn::IfThenElseZero(exists, hn::Sqrt(hn::Max(rest, hn::Zero(d))))};
+}
+
+/// The sum over the 3 x 3 neighbourhood in the plain formula's order: another one would round differently.
+template<class D>
+HWY_INLINE Vector3<D> plainSum(D d, const NormalRows& n, std::ptrdiff_t i)
+{
+    struct Sample
+    {
+        const NormalRow& row;
+        std::ptrdiff_t offset;
+        double weight;
+    };
+    const Sample samples[] = {{n.here, -1, 2.0},  {n.above, 0, 2.0}, {n.here, 0, 4.0},
+                              {n.below, 0, 2.0},  {n.here, 1, 2.0},  {n.above, -1, 1.0},
+                              {n.below, -1, 1.0}, {n.above, 1, 1.0}, {n.below, 1, 1.0}};
+    Vector3<D> sum{hn::Zero(d), hn::Zero(d), hn::Zero(d)};
+    for (const Sample& sample : samples) {
+        const Vector3<D> normal = plainNormal(d, sample.row, i + sample.offset);
+        const auto weight = hn::Set(d, sample.weight);
+        sum = {hn::Add(sum.x, hn::Mul(weight, normal.x)), hn::Add(sum.y, hn::Mul(weight, normal.y)),
+               hn::Add(sum.z, hn::Mul(weight, normal.z))};
+    }
+    return sum;
+}
+
+/// Red and green of one pixel, by the plain formula. A sum that cancels out stays zero; any other is far longer than
+/// the smallest double.
+HWY_NOINLINE void encodeSumPlainly(const NormalRows& normals, std::size_t first, std::size_t i,
+                                   CodeRun<Format16>& codes)
+{
+    const hn::CappedTag<double, 1> d;
+    const hn::Rebind<Format16::Code, decltype(d)> dc;
+    const auto sum = plainSum(d, normals, static_cast<std::ptrdiff_t>(first + i));
+    const auto divisor = hn::Max(lengthOf(d, sum), hn::Set(d, std::numeric_limits<double>::min()));
+    hn::StoreU(Format16::encoded(d, hn::Div(sum.x, divisor)), dc, codes.r.data() + i);
+    hn::StoreU(Format16::encoded(d, hn::Div(sum.y, divisor)), dc, codes.g.data() + i);
 }
 
 /// The sums of a run's normals.
 struct SumRun
 {
-    Run<double> x;
-    Run<double> y;
-    Run<double> z;
-};
-
-HWY_INLINE void sumRun(const NormalRows& n, std::size_t first, std::size_t count, SumRun& sums)
-{
-    forLanes<double>(count, [&](auto d, std::size_t i) HWY_ATTR {
-        const std::size_t at = first + i;
-        hn::StoreU(sumAround(d, n.above.x + at, n.here.x + at, n.below.x + at), d, sums.x.data() + i);
-        hn::StoreU(sumAround(d, n.above.y + at, n.here.y + at, n.below.y + at), d, sums.y.data() + i);
-        hn::StoreU(sumAround(d, n.above.z + at, n.here.z + at, n.below.z + at), d, sums.z.data() + i);
-    });
-}
-
-/// Red and green of the sums from first on, brought to unit length by the plain formula. A sum that cancels out stays
-/// zero; any other is far longer than the smallest double.
-template<class Format>
-HWY_INLINE void encodeSumsPlainly(const SumRun& sums, std::size_t first, std::size_t count, CodeRun<Format>& codes)
-{
-    forLanes<double>(count, [&](auto d, std::size_t i) HWY_ATTR {
-        const hn::Rebind<typename Format::Code, decltype(d)> dc;
-        const std::size_t at = first + i;
-        const Vector3<decltype(d)> sum{hn::LoadU(d, sums.x.data() + at), hn::LoadU(d, sums.y.data() + at),
-                                       hn::LoadU(d, sums.z.data() + at)};
-        const auto divisor = hn::Max(lengthOf(d, sum), hn::Set(d, std::numeric_limits<double>::min()));
-        hn::StoreU(Format::encoded(d, hn::Div(sum.x, divisor)), dc, codes.r.data() + at);
-        hn::StoreU(Format::encoded(d, hn::Div(sum.y, divisor)), dc, codes.g.data() + at);
-    });
-}
-
-HWY_INLINE void encodeSums(const SumRun& sums, std::size_t count, CodeRun<FormatFloat>& codes)
-{
-    encodeSumsPlainly(sums, 0, count, codes);
-}
-
-/// A sum rounded to single precision is a vector whose components have an error of u, as above.
-HWY_INLINE void encodeSums(const SumRun& sums, std::size_t count, CodeRun<Format16>& codes)
-{
     Run<float> x;
     Run<float> y;
     Run<float> z;
-    forLanes<double>(count, [&](auto d, std::size_t i) HWY_ATTR {
-        const hn::Rebind<float, decltype(d)> df;
-        hn::StoreU(hn::DemoteTo(df, hn::LoadU(d, sums.x.data() + i)), df, x.data() + i);
-        hn::StoreU(hn::DemoteTo(df, hn::LoadU(d, sums.y.data() + i)), df, y.data() + i);
-        hn::StoreU(hn::DemoteTo(df, hn::LoadU(d, sums.z.data() + i)), df, z.data() + i);
+};
+
+/// One component: sums of three rows first, then of three columns of these.
+HWY_INLINE void sumAround(const float* above, const float* here, const float* below, std::size_t count,
+                          Run<float>& sums)
+{
+    std::array<float, kRun + 2> columns;
+    const auto weighted = [](auto before, auto middle, auto after)
+                              HWY_ATTR { return hn::Add(hn::Add(before, hn::Add(middle, middle)), after); };
+    forLanes<float>(count + 2, [&](auto d, std::size_t i) HWY_ATTR {
+        hn::StoreU(weighted(hn::LoadU(d, above - 1 + i), hn::LoadU(d, here - 1 + i), hn::LoadU(d, below - 1 + i)), d,
+                   columns.data() + i);
     });
-    const hn::ScalableTag<float> d;
-    const hn::RebindToSigned<decltype(d)> d32;
-    const auto zero = hn::Zero(d);
-    const auto unit = hn::Set(d, 8 * kUnit);
-    std::size_t i = 0;
-    for (; i + hn::Lanes(d) <= count; i += hn::Lanes(d)) {
-        const Vector3<hn::ScalableTag<float>> sum{hn::LoadU(d, x.data() + i), hn::LoadU(d, y.data() + i),
-                                                  hn::LoadU(d, z.data() + i)};
-        const auto length = lengthOf(d, sum);
-        const auto inverse = hn::Div(hn::Set(d, 1.0F), hn::IfThenElse(hn::Eq(length, zero), hn::Set(d, 1.0F), length));
-        const auto nx = hn::Mul(sum.x, inverse);
-        const auto ny = hn::Mul(sum.y, inverse);
-        auto isDoubtful = hn::MaskFromVec(zero);
-        hn::StoreU(codesOf(d, Estimate<hn::ScalableTag<float>>{nx, hn::Mul(unit, hn::Abs(nx))}, isDoubtful), d32,
-                   codes.r.data() + i);
-        hn::StoreU(codesOf(d, Estimate<hn::ScalableTag<float>>{ny, hn::Mul(unit, hn::Abs(ny))}, isDoubtful), d32,
-                   codes.g.data() + i);
-        if (!hn::AllFalse(d, isDoubtful))
-            encodeSumsPlainly(sums, i, hn::Lanes(d), codes);
-    }
-    encodeSumsPlainly(sums, i, count - i, codes);
+    forLanes<float>(count, [&](auto d, std::size_t i) HWY_ATTR {
+        const float* const column = columns.data() + i;
+        hn::StoreU(weighted(hn::LoadU(d, column), hn::LoadU(d, column + 1), hn::LoadU(d, column + 2)), d,
+                   sums.data() + i);
+    });
+}
+
+HWY_INLINE void sumRun(const NormalRows& n, std::size_t first, std::size_t count, SumRun& sums)
+{
+    sumAround(n.above.x + first, n.here.x + first, n.below.x + first, count, sums.x);
+    sumAround(n.above.y + first, n.here.y + first, n.below.y + first, count, sums.y);
+    sumAround(n.above.z + first, n.here.z + first, n.below.z + first, count, sums.z);
+}
+
+/// Estimates of a vector of sums brought to unit length. A sum of whole numbers is exact; that of the z is off by 6 u,
+/// of which 2 u are a z's own, and a square of z's share in the squared length by 11 u more than the 3 u of the others.
+/// The inverse of the length is off by 3.5 u and 5.5 u times that share, and the product with it adds u. Double
+/// precision gives a sum that cancels out in x or y, but not in length, 1e-13 at most.
+template<class DF>
+HWY_INLINE NormalEstimate<DF> estimateOfSum(DF d, const Vector3<DF>& sum, float fullLength)
+{
+    const auto length = lengthOf(d, sum);
+    const auto isMoreThanRounding = hn::Gt(length, hn::Set(d, 1e-5F * fullLength));
+    const auto inverse = hn::IfThenElseZero(isMoreThanRounding, hn::Div(hn::Set(d, 1.0F), length));
+    const auto z = hn::Mul(sum.z, inverse);
+    const auto unit = hn::MulAdd(hn::Set(d, 5.5F * kUnit), hn::Mul(z, z), hn::Set(d, 5.5F * kUnit));
+    const auto estimateOf = [&](auto component) HWY_ATTR {
+        const auto n = hn::Mul(component, inverse);
+        return Estimate<DF>{n, hn::MulAdd(hn::Abs(n), unit, hn::Set(d, 1e-12F))};
+    };
+    return {estimateOf(sum.x), estimateOf(sum.y), hn::Lt(length, hn::Set(d, 0.16F * fullLength))};
+}
+
+/// Red and green of a run of sums.
+template<class Format>
+HWY_INLINE void encodeSums(const NormalRows& normals, std::size_t first, const SumRun& sums, std::size_t count,
+                           CodeRun<Format>& codes)
+{
+    forLanes<float>(count, [&](auto d, std::size_t i) HWY_ATTR {
+        using DF = decltype(d);
+        const Vector3<DF> sum{hn::LoadU(d, sums.x.data() + i), hn::LoadU(d, sums.y.data() + i),
+                              hn::LoadU(d, sums.z.data() + i)};
+        const auto isDoubtful = storeCodes(d, estimateOfSum(d, sum, Format::kFullLength), i, codes);
+        if constexpr (Format::kIsExact)
+            forEachOf(d, hn::And(isDoubtful, hn::Gt(sum.z, hn::Zero(d))),
+                      [&](std::size_t lane) HWY_ATTR { encodeSumPlainly(normals, first, i + lane, codes); });
+    });
 }
 
 template<class Format>
@@ -115,19 +147,14 @@ HWY_INLINE void smoothRow(const NormalRows& normals, const DepthRows& depth, con
 {
     SumRun sums;
     CodeRun<Format> codes;
+    const auto whereThereAreNormals = [&](auto d, std::size_t i, auto) HWY_ATTR {
+        const hn::Rebind<float, decltype(d)> df;
+        return hn::RebindMask(d, hn::Ne(hn::LoadU(df, sums.z.data() + i), hn::Zero(df)));
+    };
     forRuns(pixels.size(), [&](std::size_t first, std::size_t count) HWY_ATTR {
-        const DepthRows run = from(depth, first);
-        const auto whereThereIsDepthAround = [&](auto d, std::size_t i, auto exists) HWY_ATTR {
-            const hn::Rebind<float, decltype(d)> df;
-            auto any = exists;
-            for (const float* row : {run.above + i, run.here + i, run.below + i})
-                for (const int offset : {-1, 0, 1})
-                    any = hn::Or(any, hn::RebindMask(d, hn::Ne(hn::LoadU(df, row + offset), hn::Zero(df))));
-            return any;
-        };
         sumRun(normals, first, count, sums);
-        encodeSums(sums, count, codes);
-        storeRun<Format>(codes, run.here, share + first, count, pixels.data() + first, whereThereIsDepthAround);
+        encodeSums(normals, first, sums, count, codes);
+        storeRun<Format>(codes, depth.here + first, share + first, count, pixels.data() + first, whereThereAreNormals);
     });
 }
 

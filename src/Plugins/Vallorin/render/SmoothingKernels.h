@@ -1,8 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The inner loops that smooth normals (NormalMap.h). They run with the widest vectors that the processor has. Every
-// pixel is computed by itself with the operations of the plain formula, in their order, none of them fused, so all
-// processors give the same bits.
+// The inner loops that smooth normals (NormalMap.h), with the precision of NormalKernels.h.
 //
 // Rows that are written overlap nothing else; reads and writes stay within what is named.
 #pragma once
