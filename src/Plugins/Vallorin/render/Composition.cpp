@@ -47,6 +47,7 @@ VallorinRenderHandler::BasicAccumFunctor<Pixel>::BasicAccumFunctor(const Vallori
     , _x1(output.allocatedRect().x1)
     , _x2(output.allocatedRect().x2)
     , _output(output)
+    , _stores(VolumeRowKernels::storesFor(output.allocatedRect().area() * static_cast<std::int64_t>(sizeof(Pixel))))
     , _inputs(typed<Pixel>(inputs))
     , _results(typed<Pixel>(results))
     , _portIds(&handler.portObjectIds)
@@ -59,6 +60,7 @@ void VallorinRenderHandler::BasicAccumFunctor<Pixel>::operator()(const tbb::bloc
 {
     for (int y = rows.begin(); y < rows.end(); ++y)
         composeRow(y);
+    VolumeRowKernels::finishStores();
 }
 
 template<typename Pixel>
@@ -69,7 +71,7 @@ void VallorinRenderHandler::BasicAccumFunctor<Pixel>::composeRow(int y) const
         if (input)
             isEmpty = !composePort(y, port, *input, isEmpty) && isEmpty;
     if (isEmpty)
-        std::ranges::fill(_output.row(y), Pixel{});
+        VolumeRowKernels::clearPixels(_output.row(y), _stores);
 }
 
 template<typename Pixel>
@@ -105,7 +107,7 @@ bool VallorinRenderHandler::BasicAccumFunctor<Pixel>::composePort(int y, int por
     if (!_generateNormals)
         raise(row, objectId);
     else if (isEmpty)
-        VolumeRowKernels::placeNormals(row.input, row.result.data(), blue, row.output.data());
+        VolumeRowKernels::placeNormals(row.input, row.result.data(), blue, row.output.data(), _stores);
     else
         VolumeRowKernels::blendNormals(row.input, row.result.data(), blue, row.output.data());
     return true;
@@ -117,8 +119,8 @@ void VallorinRenderHandler::BasicAccumFunctor<Pixel>::clearAround(int y, const M
     const std::span<Pixel> row = _output.row(y);
     const auto first = static_cast<std::size_t>(keptToo ? _x2 - _x1 : kept.x1 - _x1);
     const auto end = static_cast<std::size_t>(kept.x2 - _x1);
-    std::ranges::fill(row.first(first), Pixel{});
-    std::ranges::fill(row.subspan(std::max(first, end)), Pixel{});
+    VolumeRowKernels::clearPixels(row.first(first), _stores);
+    VolumeRowKernels::clearPixels(row.subspan(std::max(first, end)), _stores);
 }
 
 template<typename Pixel>

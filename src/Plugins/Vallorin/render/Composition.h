@@ -7,6 +7,7 @@
 // order, so it does not matter how the rows are dealt out to threads.
 #pragma once
 
+#include "render/StreamKernels.h"
 #include "render/VallorinRenderHandler.h"
 
 #include <tbb/blocked_range.h>
@@ -42,6 +43,7 @@ private:
     int _x1;
     int _x2;
     Pixmap& _output;
+    VolumeRowKernels::Stores _stores;
     TypedMap _inputs;
     TypedMap _results;
     const std::vector<int>* _portIds;

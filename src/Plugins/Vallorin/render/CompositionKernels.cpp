@@ -10,6 +10,8 @@
 #include <hwy/foreach_target.h>
 #include <hwy/highway.h>
 
+#include "render/StreamLanes-inl.h"
+
 HWY_BEFORE_NAMESPACE();
 namespace VolumeRowKernels::HWY_NAMESPACE {
 
@@ -17,7 +19,7 @@ namespace hn = hwy::HWY_NAMESPACE;
 
 #if HWY_TARGET == HWY_SCALAR
 void place16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
-             CEL_PixelRGBA16* output)
+             CEL_PixelRGBA16* output, Stores)
 {
     placeEach(coverage, object, blue, output);
 }
@@ -69,17 +71,33 @@ private:
     hn::Vec<PixelTag> _given;
 };
 
-void place16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
-             CEL_PixelRGBA16* HWY_RESTRICT output)
+template<bool kPastCache>
+void placeRow(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+              CEL_PixelRGBA16* HWY_RESTRICT output)
 {
     const PixelTag d;
+    const ChannelTag channels;
     const Placement placed(blue);
-    std::size_t i = 0;
+    std::size_t i = kPastCache ? std::min(coverage.size(), untilAligned(channels, output)) : 0;
+    placeEach(coverage.first(i), object, blue, output);
     for (; i + hn::Lanes(d) <= coverage.size(); i += hn::Lanes(d)) {
         const auto alpha = hn::ShiftRight<48>(loadPixels(&coverage[i]));
-        storePixels(hn::IfThenElseZero(hn::Gt(alpha, hn::Zero(d)), placed(alpha, object + i)), output + i);
+        const auto pixels = hn::IfThenElseZero(hn::Gt(alpha, hn::Zero(d)), placed(alpha, object + i));
+        if constexpr (kPastCache)
+            hn::Stream(hn::BitCast(channels, pixels), channels, &output[i].r);
+        else
+            storePixels(pixels, output + i);
     }
     placeEach(coverage.subspan(i), object + i, blue, output + i);
+}
+
+void place16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+             CEL_PixelRGBA16* output, Stores stores)
+{
+    if (stores == Stores::PAST_CACHE)
+        placeRow<true>(coverage, object, blue, output);
+    else
+        placeRow<false>(coverage, object, blue, output);
 }
 
 void blend16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
@@ -117,13 +135,13 @@ HWY_EXPORT(place16);
 HWY_EXPORT(blend16);
 
 void placeNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
-                  CEL_PixelRGBA16* output)
+                  CEL_PixelRGBA16* output, Stores stores)
 {
-    HWY_DYNAMIC_DISPATCH(place16)(coverage, object, blue, output);
+    HWY_DYNAMIC_DISPATCH(place16)(coverage, object, blue, output, stores);
 }
 
 void placeNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
-                  CEL_PixelRGBAFloat* output)
+                  CEL_PixelRGBAFloat* output, Stores)
 {
     placeEach(coverage, object, blue, output);
 }

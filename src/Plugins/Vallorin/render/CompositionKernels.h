@@ -8,6 +8,7 @@
 #pragma once
 
 #include "QuarvelCelCore/CEL_Pixels.h"
+#include "render/StreamKernels.h"
 
 #include <cstdint>
 #include <span>
@@ -24,9 +25,9 @@ struct Blue
 /// Composes an object over nothing: output[i] is the object's pixel where the coverage's alpha is above 0, with that
 /// alpha (full where it is saturated), and zero elsewhere.
 void placeNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
-                  CEL_PixelRGBA16* output);
+                  CEL_PixelRGBA16* output, Stores stores);
 void placeNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
-                  CEL_PixelRGBAFloat* output);
+                  CEL_PixelRGBAFloat* output, Stores stores);
 
 /// Composes an object over what is there: as before where the coverage is saturated or nothing is there, blended with
 /// it (NormalBlend.h) elsewhere; the output stays where the coverage's alpha is not above 0.

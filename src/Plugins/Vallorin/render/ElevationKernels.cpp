@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Planes of floats and rows of bytes, vector by vector.
+// Planes of floats and rows of bits, vector by vector.
 #include "render/ElevationKernels.h"
 
 #include <algorithm>
@@ -19,35 +19,30 @@ namespace hn = hwy::HWY_NAMESPACE;
 
 // ---- what is near geometry
 
-void markRow(std::span<const float> values, std::uint8_t* HWY_RESTRICT marks)
+constexpr std::size_t kWordBits = 64;
+
+template<class D>
+HWY_INLINE std::uint64_t positiveBits(D d, const float* values)
 {
-    forLanes<float>(values.size(), [&](auto d, std::size_t i) HWY_ATTR {
-        const hn::Rebind<std::int32_t, decltype(d)> d32;
-        const hn::Rebind<std::uint8_t, decltype(d)> d8;
-        const auto positive = hn::Gt(hn::LoadU(d, values.data() + i), hn::Zero(d));
-        const auto ones = hn::IfThenElseZero(hn::RebindMask(d32, positive), hn::Set(d32, 1));
-        hn::StoreU(hn::DemoteTo(d8, ones), d8, marks + i);
-    });
+    std::uint64_t bits = 0;
+    hn::StoreMaskBits(d, hn::Gt(hn::LoadU(d, values), hn::Zero(d)), reinterpret_cast<std::uint8_t*>(&bits));
+    return bits;
 }
 
-void spreadRow(const std::uint8_t* HWY_RESTRICT marks, std::span<std::uint8_t> spread)
+void packRow(std::span<const float> values, std::uint64_t* HWY_RESTRICT words)
 {
-    forLanes<std::uint8_t>(spread.size(), [&](auto d, std::size_t i) HWY_ATTR {
-        auto any = hn::LoadU(d, marks + i);
-        for (std::size_t offset = 1; offset <= 4; ++offset)
-            any = hn::Or(any, hn::LoadU(d, marks + i + offset));
-        hn::StoreU(any, d, spread.data() + i);
-    });
-}
-
-void uniteRows(const std::array<const std::uint8_t*, 5>& rows, std::span<std::uint8_t> united)
-{
-    forLanes<std::uint8_t>(united.size(), [&](auto d, std::size_t i) HWY_ATTR {
-        auto any = hn::LoadU(d, rows[0] + i);
-        for (std::size_t row = 1; row < rows.size(); ++row)
-            any = hn::Or(any, hn::LoadU(d, rows[row] + i));
-        hn::StoreU(any, d, united.data() + i);
-    });
+    const hn::CappedTag<float, kWordBits> d;
+    const hn::CappedTag<float, 1> one;
+    for (std::size_t from = 0; from < values.size(); from += kWordBits) {
+        const std::size_t count = std::min(kWordBits, values.size() - from);
+        std::uint64_t word = 0;
+        std::size_t i = 0;
+        for (; i + hn::Lanes(d) <= count; i += hn::Lanes(d))
+            word |= positiveBits(d, values.data() + from + i) << i;
+        for (; i < count; ++i)
+            word |= positiveBits(one, values.data() + from + i) << i;
+        words[from / kWordBits] = word;
+    }
 }
 
 // ---- blurred values
@@ -67,19 +62,21 @@ struct LaneSpans
     V highest;
 };
 
+/// The values for whose places the bits are 1.
+template<class D>
+HWY_INLINE hn::Vec<D> clipped(D d, hn::Vec<D> values, std::uint64_t bits)
+{
+    return hn::IfThenElseZero(hn::LoadMaskBits(d, reinterpret_cast<const std::uint8_t*>(&bits)), values);
+}
+
 template<bool kRounds, bool kClips, class D>
-HWY_INLINE void settleAt(D d, float* HWY_RESTRICT values, const std::uint8_t* HWY_RESTRICT isNear,
-                         LaneSpans<hn::Vec<D>>& span)
+HWY_INLINE void settleAt(D d, float* HWY_RESTRICT values, std::uint64_t isNear, LaneSpans<hn::Vec<D>>& span)
 {
     auto value = hn::LoadU(d, values);
     if constexpr (kRounds)
         value = roundedTo16Bits(d, value);
-    if constexpr (kClips) {
-        const hn::Rebind<std::uint8_t, D> d8;
-        const hn::Rebind<std::int32_t, D> d32;
-        const auto flags = hn::PromoteTo(d32, hn::LoadU(d8, isNear));
-        value = hn::IfThenElseZero(hn::RebindMask(d, hn::Ne(flags, hn::Zero(d32))), value);
-    }
+    if constexpr (kClips)
+        value = clipped(d, value, isNear);
     if constexpr (kRounds || kClips)
         hn::StoreU(value, d, values);
     const auto positive = hn::Gt(value, hn::Zero(d));
@@ -87,33 +84,57 @@ HWY_INLINE void settleAt(D d, float* HWY_RESTRICT values, const std::uint8_t* HW
     span.highest = hn::Max(span.highest, hn::IfThenElse(positive, value, span.highest));
 }
 
-template<bool kRounds, bool kClips>
-void settleRow(std::span<float> values, const std::uint8_t* isNear, PositiveSpan& span)
+/// The spans of whole vectors, and of what is left one by one.
+struct RowSpans
 {
-    const hn::ScalableTag<float> d;
-    const hn::CappedTag<float, 1> one;
-    LaneSpans<hn::Vec<decltype(d)>> many{hn::Set(d, span.lowest), hn::Set(d, span.highest)};
-    LaneSpans<hn::Vec<decltype(one)>> single{hn::Set(one, span.lowest), hn::Set(one, span.highest)};
+    using Many = hn::CappedTag<float, kWordBits>;
+    using One = hn::CappedTag<float, 1>;
+
+    LaneSpans<hn::Vec<Many>> many;
+    LaneSpans<hn::Vec<One>> single;
+};
+
+/// No more values than a word has bits.
+template<bool kRounds, bool kClips>
+HWY_INLINE void settleWord(std::span<float> values, std::uint64_t isNear, RowSpans& spans)
+{
+    const RowSpans::Many d;
+    const RowSpans::One one;
     std::size_t i = 0;
     for (; i + hn::Lanes(d) <= values.size(); i += hn::Lanes(d))
-        settleAt<kRounds, kClips>(d, values.data() + i, kClips ? isNear + i : nullptr, many);
+        settleAt<kRounds, kClips>(d, values.data() + i, isNear >> i, spans.many);
     for (; i < values.size(); ++i)
-        settleAt<kRounds, kClips>(one, values.data() + i, kClips ? isNear + i : nullptr, single);
-    span.lowest = std::min(hn::GetLane(hn::MinOfLanes(d, many.lowest)), hn::GetLane(single.lowest));
-    span.highest = std::max(hn::GetLane(hn::MaxOfLanes(d, many.highest)), hn::GetLane(single.highest));
+        settleAt<kRounds, kClips>(one, values.data() + i, isNear >> i, spans.single);
 }
 
-void settleAny(std::span<float> values, Rounding rounding, const std::uint8_t* isNear, PositiveSpan& span)
+template<bool kRounds>
+void settleRow(std::span<float> values, const std::uint64_t* isNear, PositiveSpan& span)
 {
-    const bool rounds = rounding == Rounding::TO_16_BITS;
-    if (rounds && isNear)
-        settleRow<true, true>(values, isNear, span);
-    else if (rounds)
-        settleRow<true, false>(values, isNear, span);
-    else if (isNear)
-        settleRow<false, true>(values, isNear, span);
+    constexpr std::uint64_t kAll = ~std::uint64_t{0};
+    const RowSpans::Many d;
+    const RowSpans::One one;
+    RowSpans spans{{hn::Set(d, span.lowest), hn::Set(d, span.highest)},
+                   {hn::Set(one, span.lowest), hn::Set(one, span.highest)}};
+    for (std::size_t from = 0; from < values.size(); from += kWordBits) {
+        const std::span<float> some = values.subspan(from, std::min(kWordBits, values.size() - from));
+        const std::uint64_t bits = isNear ? isNear[from / kWordBits] : kAll;
+        if (bits == kAll)
+            settleWord<kRounds, false>(some, bits, spans);
+        else if (bits == 0)
+            std::ranges::fill(some, 0.0F);
+        else
+            settleWord<kRounds, true>(some, bits, spans);
+    }
+    span.lowest = std::min(hn::GetLane(hn::MinOfLanes(d, spans.many.lowest)), hn::GetLane(spans.single.lowest));
+    span.highest = std::max(hn::GetLane(hn::MaxOfLanes(d, spans.many.highest)), hn::GetLane(spans.single.highest));
+}
+
+void settleAny(std::span<float> values, Rounding rounding, const std::uint64_t* isNear, PositiveSpan& span)
+{
+    if (rounding == Rounding::TO_16_BITS)
+        settleRow<true>(values, isNear, span);
     else
-        settleRow<false, false>(values, isNear, span);
+        settleRow<false>(values, isNear, span);
 }
 
 // ---- elevation
@@ -142,29 +163,17 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace VolumeRowKernels {
 
-HWY_EXPORT(markRow);
-HWY_EXPORT(spreadRow);
-HWY_EXPORT(uniteRows);
+HWY_EXPORT(packRow);
 HWY_EXPORT(settleAny);
 HWY_EXPORT(shareRow);
 HWY_EXPORT(raiseRow);
 
-void markPositive(std::span<const float> values, std::uint8_t* marks)
+void packPositive(std::span<const float> values, std::uint64_t* words)
 {
-    HWY_DYNAMIC_DISPATCH(markRow)(values, marks);
+    HWY_DYNAMIC_DISPATCH(packRow)(values, words);
 }
 
-void spreadMarks(const std::uint8_t* marks, std::span<std::uint8_t> spread)
-{
-    HWY_DYNAMIC_DISPATCH(spreadRow)(marks, spread);
-}
-
-void uniteMarks(const std::array<const std::uint8_t*, 5>& rows, std::span<std::uint8_t> united)
-{
-    HWY_DYNAMIC_DISPATCH(uniteRows)(rows, united);
-}
-
-void settle(std::span<float> values, Rounding rounding, const std::uint8_t* isNear, PositiveSpan& span)
+void settle(std::span<float> values, Rounding rounding, const std::uint64_t* isNear, PositiveSpan& span)
 {
     HWY_DYNAMIC_DISPATCH(settleAny)(values, rounding, isNear, span);
 }

@@ -9,20 +9,14 @@
 
 #include "render/PositiveSpan.h"
 
-#include <array>
 #include <cstdint>
 #include <span>
 
 namespace VolumeRowKernels {
 
-/// marks[i] = 1 where values[i] is positive, else 0.
-void markPositive(std::span<const float> values, std::uint8_t* marks);
-
-/// spread[i] = 1 where one of marks[i] ... marks[i + 4] is 1: marks has four more.
-void spreadMarks(const std::uint8_t* marks, std::span<std::uint8_t> spread);
-
-/// united[i] = 1 where one of the rows has 1.
-void uniteMarks(const std::array<const std::uint8_t*, 5>& rows, std::span<std::uint8_t> united);
+/// Bit i of the words, from the lowest of the first on, = 1 where values[i] is positive. The last word is filled up
+/// with zeros.
+void packPositive(std::span<const float> values, std::uint64_t* words);
 
 /// What settle() does to blurred values before they count.
 enum class Rounding
@@ -31,8 +25,10 @@ enum class Rounding
     TO_16_BITS ///< to the nearest integer, halves away from zero, held to +-32767
 };
 
-/// Rounds the values, sets those to 0 for which isNear is 0 (null: none), and adds what is left to the span.
-void settle(std::span<float> values, Rounding rounding, const std::uint8_t* isNear, PositiveSpan& span);
+/// Rounds the values, sets those to 0 whose bit is 0 (null: none), and adds what is left to the span.
+///
+/// @param isNear bits as packPositive() makes them
+void settle(std::span<float> values, Rounding rounding, const std::uint64_t* isNear, PositiveSpan& span);
 
 /// share[i] = (values[i] - lowest) * scale in single precision where the value is positive, else 0.
 void share(std::span<const float> values, float lowest, float scale, float* share);

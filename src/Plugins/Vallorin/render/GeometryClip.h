@@ -3,8 +3,8 @@
 // Where a blur is taken back: a blurred pixel stays only where the unblurred mask has geometry within 2 pixels, so that
 // the bevel ends at the outline with a little room for antialiasing.
 //
-// The neighbourhood is separable: a row's geometry is spread by 2 pixels sideways once, and a pixel is near geometry
-// when one of the five spread rows around it says so. The cost does not depend on what is where.
+// Rows are held as bits, 64 pixels a word: then a neighbourhood is a few shifts, and where all or nothing is near, 64
+// pixels are known at once. The cost does not depend on what is where.
 #pragma once
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
@@ -24,19 +24,20 @@ public:
     /// The only part of the rectangle where anything can be near geometry.
     const Math::Box2di& reach() const { return _reach; }
 
-    /// Row y of the reach, 1 where geometry is near and 0 elsewhere. Each row is asked for once, from the top. The row
-    /// is good until the next one is asked for.
-    std::span<const std::uint8_t> nextRow(int y);
+    /// Row y of the reach, a bit for each pixel from the lowest of the first word on: 1 where geometry is near. What
+    /// lies beyond the row is 0. Each row is asked for once, from the top. The row is good until the next one is asked
+    /// for.
+    std::span<const std::uint64_t> nextRow(int y);
 
 private:
     static constexpr int kReach = 2;
 
-    void spread(int y);
-    std::vector<std::uint8_t>& rowFor(int y);
+    void pack(int y);
+    std::vector<std::uint64_t>& rowFor(int y);
 
     const CEL_PixmapAreaZ& _mask;
     Math::Box2di _reach;
-    std::vector<std::uint8_t> _geometry;
-    std::array<std::vector<std::uint8_t>, 2 * kReach + 1> _spread;
-    std::vector<std::uint8_t> _near;
+    std::array<std::vector<std::uint64_t>, 2 * kReach + 1>
+        _geometry;                    // of the rows around, from the mask's left edge on
+    std::vector<std::uint64_t> _near; // from kReach pixels further left on
 };
