@@ -47,7 +47,8 @@ VallorinRenderHandler::BasicAccumFunctor<Pixel>::BasicAccumFunctor(const Vallori
     , _x1(output.allocatedRect().x1)
     , _x2(output.allocatedRect().x2)
     , _output(output)
-    , _stores(VolumeRowKernels::storesFor(output.allocatedRect().area() * static_cast<std::int64_t>(sizeof(Pixel))))
+    , _stores(VolumeRowKernels::storesFor(output.allocatedRect().area() * static_cast<std::int64_t>(sizeof(Pixel)),
+                                          VolumeRowKernels::Reader::LATER))
     , _inputs(typed<Pixel>(inputs))
     , _results(typed<Pixel>(results))
     , _portIds(&handler.portObjectIds)
@@ -71,7 +72,7 @@ void VallorinRenderHandler::BasicAccumFunctor<Pixel>::composeRow(int y) const
         if (input)
             isEmpty = !composePort(y, port, *input, isEmpty) && isEmpty;
     if (isEmpty)
-        VolumeRowKernels::clearPixels(_output.row(y), _stores);
+        VolumeRowKernels::fillPixels(_output.row(y), Pixel{}, _stores);
 }
 
 template<typename Pixel>
@@ -119,8 +120,8 @@ void VallorinRenderHandler::BasicAccumFunctor<Pixel>::clearAround(int y, const M
     const std::span<Pixel> row = _output.row(y);
     const auto first = static_cast<std::size_t>(keptToo ? _x2 - _x1 : kept.x1 - _x1);
     const auto end = static_cast<std::size_t>(kept.x2 - _x1);
-    VolumeRowKernels::clearPixels(row.first(first), _stores);
-    VolumeRowKernels::clearPixels(row.subspan(std::max(first, end)), _stores);
+    VolumeRowKernels::fillPixels(row.first(first), Pixel{}, _stores);
+    VolumeRowKernels::fillPixels(row.subspan(std::max(first, end)), Pixel{}, _stores);
 }
 
 template<typename Pixel>

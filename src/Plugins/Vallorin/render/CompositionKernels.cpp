@@ -82,7 +82,11 @@ void placeRow(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* 
     placeEach(coverage.first(i), object, blue, output);
     for (; i + hn::Lanes(d) <= coverage.size(); i += hn::Lanes(d)) {
         const auto alpha = hn::ShiftRight<48>(loadPixels(&coverage[i]));
-        const auto pixels = hn::IfThenElseZero(hn::Gt(alpha, hn::Zero(d)), placed(alpha, object + i));
+        const auto covers = hn::Gt(alpha, hn::Zero(d));
+        // The object's pixels need not come from memory where nothing is covered.
+        auto pixels = hn::Zero(d);
+        if (!hn::AllFalse(d, covers))
+            pixels = hn::IfThenElseZero(covers, placed(alpha, object + i));
         if constexpr (kPastCache)
             hn::Stream(hn::BitCast(channels, pixels), channels, &output[i].r);
         else

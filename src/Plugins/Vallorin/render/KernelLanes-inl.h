@@ -19,6 +19,10 @@ namespace VolumeRowKernels::HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
 
+/// The longest vectors hold so many floats.
+constexpr std::size_t kMostLanes = 64;
+static_assert(hn::MaxLanes(hn::ScalableTag<float>()) <= kMostLanes);
+
 /// Calls body(tag, i) for whole vectors of the tag's lanes, then for what is left one by one.
 template<typename Lane, typename Body>
 HWY_INLINE void forLanes(std::size_t count, const Body& body)

@@ -115,13 +115,11 @@ HWY_INLINE Vector3<D> normalAt(D d, const DepthRows& depth, std::size_t i)
 
 /// Red and green of one pixel, by the plain formula.
 template<class Format, bool kDiagonals>
-HWY_NOINLINE void encodePlainly(const DepthRows& depth, std::size_t i, CodeRun<Format>& codes)
+HWY_NOINLINE PixelCodes<Format> plainCodesAt(const DepthRows& depth, std::size_t i)
 {
     const hn::CappedTag<double, 1> d;
-    const hn::Rebind<typename Format::Code, decltype(d)> dc;
     const auto normal = normalAt<kDiagonals>(d, depth, i);
-    hn::StoreU(Format::encoded(d, normal.x), dc, codes.r.data() + i);
-    hn::StoreU(Format::encoded(d, normal.y), dc, codes.g.data() + i);
+    return plainCodes<Format>(d, normal.x, normal.y);
 }
 
 /// Slopes whose squares single precision might not hold.
@@ -218,37 +216,26 @@ HWY_INLINE NormalEstimate<DF> estimateOf(DF d, const Slopes<DF>& slopes)
         return estimateOfAxes(d, axis);
 }
 
-/// Red and green of one vector of pixels, from i on.
-template<bool kDiagonals, class Format, class DF>
-HWY_INLINE void encodeVector(DF d, const DepthRows& depth, std::size_t i, CodeRun<Format>& codes)
+/// Red and green of a vector of pixels, from i on.
+template<class Format, bool kDiagonals, class DF>
+HWY_INLINE Codes<Format, DF> codesAt(DF d, const DepthRows& depth, std::size_t i)
 {
     const auto slopes = slopesAt<kDiagonals>(d, depth, i);
     if (isLevel(d, slopes)) {
-        const typename Format::template CodeTag<DF> dc;
-        hn::StoreU(hn::Set(dc, Format::kLevel), dc, codes.r.data() + i);
-        hn::StoreU(hn::Set(dc, Format::kLevel), dc, codes.g.data() + i);
-        return;
+        const auto level = hn::Set(typename Format::template CodeTag<DF>(), Format::kLevel);
+        return {level, level};
     }
-    const auto isDoubtful = storeCodes(d, estimateOf<kDiagonals>(d, slopes), i, codes);
-    forEachOf(d, isDoubtful,
-              [&](std::size_t lane) HWY_ATTR { encodePlainly<Format, kDiagonals>(depth, i + lane, codes); });
-}
-
-/// Red and green of a run of pixels.
-template<bool kDiagonals, class Format>
-HWY_INLINE void encodeRun(const DepthRows& depth, std::size_t count, CodeRun<Format>& codes)
-{
-    forLanes<float>(count, [&](auto d, std::size_t i) HWY_ATTR { encodeVector<kDiagonals>(d, depth, i, codes); });
+    return codesOf<Format>(d, estimateOf<kDiagonals>(d, slopes), [&](std::size_t lane) HWY_ATTR {
+        return plainCodesAt<Format, kDiagonals>(depth, i + lane);
+    });
 }
 
 template<class Format, bool kDiagonals>
 HWY_INLINE void storeRow(const DepthRows& depth, const float* share, std::span<typename Format::Pixel> pixels)
 {
-    CodeRun<Format> codes;
-    const auto whereThereIsDepth = [](auto, std::size_t, auto exists) HWY_ATTR { return exists; };
-    forRuns(pixels.size(), [&](std::size_t first, std::size_t count) HWY_ATTR {
-        encodeRun<kDiagonals>(from(depth, first), count, codes);
-        storeRun<Format>(codes, depth.here + first, share + first, count, pixels.data() + first, whereThereIsDepth);
+    forLanes<float>(pixels.size(), [&](auto d, std::size_t i) HWY_ATTR {
+        const auto exists = hn::Ne(hn::LoadU(d, depth.here + i), hn::Zero(d));
+        storePixels<Format>(d, codesAt<Format, kDiagonals>(d, depth, i), exists, exists, share + i, &pixels[i]);
     });
 }
 
@@ -270,33 +257,17 @@ void storeNormalsFloat(const DepthRows& depth, bool diagonals, const float* shar
 
 // Only what exists has a z, as small as it may be: then a sum of them tells whether there are any.
 template<class Format>
-HWY_INLINE void decodeRun(const CodeRun<Format>& codes, const float* depth, std::size_t count, const NormalRow& normals)
-{
-    Run<float> x;
-    Run<float> y;
-    Run<float> squares;
-    forLanes<float>(count, [&](auto d, std::size_t i) HWY_ATTR {
-        const typename Format::template CodeTag<decltype(d)> dc;
-        hn::StoreU(Format::readBack(d, hn::LoadU(dc, codes.r.data() + i)), d, x.data() + i);
-        hn::StoreU(Format::readBack(d, hn::LoadU(dc, codes.g.data() + i)), d, y.data() + i);
-    });
-    Format::squaresOfZ(x, y, count, squares);
-    forLanes<float>(count, [&](auto d, std::size_t i) HWY_ATTR {
-        const auto exists = hn::Ne(hn::LoadU(d, depth + i), hn::Zero(d));
-        const auto z = hn::Sqrt(hn::Max(hn::LoadU(d, squares.data() + i), hn::Set(d, 1e-20F)));
-        hn::StoreU(hn::IfThenElseZero(exists, hn::LoadU(d, x.data() + i)), d, normals.x + i);
-        hn::StoreU(hn::IfThenElseZero(exists, hn::LoadU(d, y.data() + i)), d, normals.y + i);
-        hn::StoreU(hn::IfThenElseZero(exists, z), d, normals.z + i);
-    });
-}
-
-template<class Format>
 HWY_INLINE void readBackRow(const DepthRows& depth, std::size_t count, const NormalRow& normals)
 {
-    CodeRun<Format> codes;
-    forRuns(count, [&](std::size_t first, std::size_t some) HWY_ATTR {
-        encodeRun<true>(from(depth, first), some, codes);
-        decodeRun<Format>(codes, depth.here + first, some, {normals.x + first, normals.y + first, normals.z + first});
+    forLanes<float>(count, [&](auto d, std::size_t i) HWY_ATTR {
+        const auto exists = hn::Ne(hn::LoadU(d, depth.here + i), hn::Zero(d));
+        const auto codes = codesAt<Format, true>(d, depth, i);
+        const auto x = Format::readBack(d, codes.r);
+        const auto y = Format::readBack(d, codes.g);
+        const auto z = hn::Sqrt(hn::Max(Format::squareOfZ(d, x, y), hn::Set(d, 1e-20F)));
+        hn::StoreU(hn::IfThenElseZero(exists, x), d, normals.x + i);
+        hn::StoreU(hn::IfThenElseZero(exists, y), d, normals.y + i);
+        hn::StoreU(hn::IfThenElseZero(exists, z), d, normals.z + i);
     });
 }
 

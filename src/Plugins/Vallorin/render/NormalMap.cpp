@@ -8,6 +8,7 @@
 #include "render/NormalKernels.h"
 #include "render/PixelTraits.h"
 #include "render/SmoothingKernels.h"
+#include "render/StreamKernels.h"
 
 #include <algorithm>
 #include <array>
@@ -18,6 +19,8 @@ namespace {
 using VolumeRowKernels::DepthRows;
 using VolumeRowKernels::NormalRow;
 using VolumeRowKernels::NormalRows;
+using VolumeRowKernels::Reader;
+using VolumeRowKernels::Stores;
 
 // Columns of both, and what lies between them.
 ColumnSpan united(const ColumnSpan& a, const ColumnSpan& b)
@@ -37,7 +40,14 @@ public:
     float* data() { return _values.data() + 1; }
     const float* data() const { return _values.data() + 1; }
 
-    void clear(const ColumnSpan& columns) { std::fill_n(data() + columns.first, columns.width(), 0.0F); }
+    // Zeros where only the former columns have something.
+    void clear(const ColumnSpan& former, const ColumnSpan& kept)
+    {
+        const int end = std::min(former.end, kept.isEmpty() ? former.end : kept.first);
+        const int first = std::max(former.first, kept.isEmpty() ? former.end : kept.end);
+        std::fill_n(data() + former.first, std::max(end - former.first, 0), 0.0F);
+        std::fill_n(data() + first, std::max(former.end - first, 0), 0.0F);
+    }
 
 private:
     std::vector<float> _values;
@@ -88,6 +98,8 @@ public:
         , _rect(surface.rect())
         , _quality(quality)
         , _normals(normals)
+        , _stores(VolumeRowKernels::storesFor(_rect.area() * static_cast<std::int64_t>(sizeof(Pixel)), Reader::SOON))
+        , _line(_stores == Stores::CACHED ? 0 : static_cast<std::size_t>(_rect.width()))
         , _surfaceRows(_rect.width())
         , _samples(quality == EIGHT_NEIGHBOURS_SMOOTHED ? _rect.width() : 0)
     {}
@@ -99,6 +111,7 @@ public:
             load(y + 1);
             store(y);
         }
+        VolumeRowKernels::finishStores();
     }
 
     void buildSmoothed()
@@ -111,6 +124,7 @@ public:
             sample(y + 1);
             storeSmoothed(y);
         }
+        VolumeRowKernels::finishStores();
     }
 
 private:
@@ -119,9 +133,10 @@ private:
     void load(int y)
     {
         Row& row = _surfaceRows.at(y);
-        row.depth.clear(row.columns);
         const bool isInside = y >= _rect.y1 && y < _rect.y2;
-        row.columns = isInside ? _surface.row(y, row.share.data(), row.depth.data()) : ColumnSpan{};
+        const ColumnSpan columns = isInside ? _surface.row(y, row.share.data(), row.depth.data()) : ColumnSpan{};
+        row.depth.clear(row.columns, columns);
+        row.columns = columns;
     }
 
     DepthRows depthAround(int y, int column)
@@ -130,29 +145,40 @@ private:
                 _surfaceRows.at(y + 1).depth.data() + column};
     }
 
-    // The columns of a row that are not empty pixels; the others become ones.
-    std::span<Pixel> pixelsOf(int y, const ColumnSpan& columns)
+    // Writes a row: what store(pixels) writes to the columns that are not empty pixels, and empty ones beside them.
+    template<typename Store>
+    void writeRow(int y, const ColumnSpan& columns, const Store& store)
     {
         constexpr Pixel kEmpty{0, 0, VolumeTraits<Pixel>::kFull, 0};
+        const auto first = static_cast<std::size_t>(columns.first);
+        const auto width = static_cast<std::size_t>(columns.width());
         const std::span<Pixel> row = _normals.row(y);
-        std::ranges::fill(row.first(static_cast<std::size_t>(columns.first)), kEmpty);
-        std::ranges::fill(row.subspan(static_cast<std::size_t>(columns.end)), kEmpty);
-        return row.subspan(static_cast<std::size_t>(columns.first), static_cast<std::size_t>(columns.width()));
+        VolumeRowKernels::fillPixels(row.first(first), kEmpty, _stores);
+        VolumeRowKernels::fillPixels(row.subspan(first + width), kEmpty, _stores);
+        if (_stores == Stores::CACHED) {
+            store(row.subspan(first, width));
+            return;
+        }
+        store(std::span<Pixel>(_line).first(width));
+        VolumeRowKernels::copyPixels(_line.data(), row.subspan(first, width), _stores);
     }
 
     void store(int y)
     {
         Row& row = _surfaceRows.at(y);
-        VolumeRowKernels::storeNormals(depthAround(y, row.columns.first), _quality != FOUR_NEIGHBOURS,
-                                       row.share.data() + row.columns.first, pixelsOf(y, row.columns));
+        writeRow(y, row.columns, [&](std::span<Pixel> pixels) {
+            VolumeRowKernels::storeNormals(depthAround(y, row.columns.first), _quality != FOUR_NEIGHBOURS,
+                                           row.share.data() + row.columns.first, pixels);
+        });
     }
 
     void sample(int y)
     {
         SampleRow& samples = _samples.at(y);
+        const ColumnSpan columns = _surfaceRows.at(y).columns;
         for (PaddedRow* const component : {&samples.x, &samples.y, &samples.z})
-            component->clear(samples.columns);
-        samples.columns = _surfaceRows.at(y).columns;
+            component->clear(samples.columns, columns);
+        samples.columns = columns;
         const auto count = static_cast<std::size_t>(samples.columns.width());
         const DepthRows depth = depthAround(y, samples.columns.first);
         if constexpr (std::is_same_v<Pixel, CEL_PixelRGBA16>)
@@ -177,14 +203,18 @@ private:
         const int first = columns.first;
         const NormalRows normals{_samples.at(y - 1).from(first), _samples.at(y).from(first),
                                  _samples.at(y + 1).from(first)};
-        VolumeRowKernels::storeSmoothedNormals(normals, depthAround(y, first), _surfaceRows.at(y).share.data() + first,
-                                               pixelsOf(y, columns));
+        writeRow(y, columns, [&](std::span<Pixel> pixels) {
+            VolumeRowKernels::storeSmoothedNormals(normals, depthAround(y, first),
+                                                   _surfaceRows.at(y).share.data() + first, pixels);
+        });
     }
 
     const ElevationSurface& _surface;
     Math::Box2di _rect;
     int _quality;
     CEL_PixmapOf<Pixel>& _normals;
+    Stores _stores;
+    std::vector<Pixel> _line; // what goes past the cache is gathered here
     // Smoothing a row looks at normals a row further down, and these at depths a row further.
     RowRing<SurfaceRow, 4> _surfaceRows;
     RowRing<SampleRow, 3> _samples;

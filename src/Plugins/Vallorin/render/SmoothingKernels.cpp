@@ -4,6 +4,8 @@
 // operation.
 #include "render/SmoothingKernels.h"
 
+#include <algorithm>
+#include <array>
 #include <limits>
 
 #undef HWY_TARGET_INCLUDE
@@ -62,49 +64,50 @@ HWY_INLINE Vector3<D> plainSum(D d, const NormalRows& n, std::ptrdiff_t i)
 
 /// Red and green of one pixel, by the plain formula. A sum that cancels out stays zero; any other is far longer than
 /// the smallest double.
-HWY_NOINLINE void encodeSumPlainly(const NormalRows& normals, std::size_t first, std::size_t i,
-                                   CodeRun<Format16>& codes)
+HWY_NOINLINE PixelCodes<Format16> plainCodesAround(const NormalRows& normals, std::size_t i)
 {
     const hn::CappedTag<double, 1> d;
-    const hn::Rebind<Format16::Code, decltype(d)> dc;
-    const auto sum = plainSum(d, normals, static_cast<std::ptrdiff_t>(first + i));
+    const auto sum = plainSum(d, normals, static_cast<std::ptrdiff_t>(i));
     const auto divisor = hn::Max(lengthOf(d, sum), hn::Set(d, std::numeric_limits<double>::min()));
-    hn::StoreU(Format16::encoded(d, hn::Div(sum.x, divisor)), dc, codes.r.data() + i);
-    hn::StoreU(Format16::encoded(d, hn::Div(sum.y, divisor)), dc, codes.g.data() + i);
+    return plainCodes<Format16>(d, hn::Div(sum.x, divisor), hn::Div(sum.y, divisor));
 }
 
-/// The sums of a run's normals.
-struct SumRun
-{
-    Run<float> x;
-    Run<float> y;
-    Run<float> z;
-};
+/// Rows are worked on in runs of so many pixels, so that sums stay in the first-level cache.
+constexpr std::size_t kRun = 256;
 
-/// One component: sums of three rows first, then of three columns of these.
-HWY_INLINE void sumAround(const float* above, const float* here, const float* below, std::size_t count,
-                          Run<float>& sums)
+/// Sums of three rows, one more on either side of a run.
+using ColumnSums = std::array<float, kRun + 2>;
+
+template<class V>
+HWY_INLINE V weighted(V before, V middle, V after)
 {
-    std::array<float, kRun + 2> columns;
-    const auto weighted = [](auto before, auto middle, auto after)
-                              HWY_ATTR { return hn::Add(hn::Add(before, hn::Add(middle, middle)), after); };
+    return hn::Add(hn::Add(before, hn::Add(middle, middle)), after);
+}
+
+HWY_INLINE void sumColumns(const float* above, const float* here, const float* below, std::size_t count,
+                           ColumnSums& sums)
+{
     forLanes<float>(count + 2, [&](auto d, std::size_t i) HWY_ATTR {
-        hn::StoreU(weighted(hn::LoadU(d, above - 1 + i), hn::LoadU(d, here - 1 + i), hn::LoadU(d, below - 1 + i)), d,
-                   columns.data() + i);
-    });
-    forLanes<float>(count, [&](auto d, std::size_t i) HWY_ATTR {
-        const float* const column = columns.data() + i;
-        hn::StoreU(weighted(hn::LoadU(d, column), hn::LoadU(d, column + 1), hn::LoadU(d, column + 2)), d,
-                   sums.data() + i);
+        const auto sum = weighted(hn::LoadU(d, above - 1 + i), hn::LoadU(d, here - 1 + i), hn::LoadU(d, below - 1 + i));
+        hn::StoreU(sum, d, sums.data() + i);
     });
 }
 
-HWY_INLINE void sumRun(const NormalRows& n, std::size_t first, std::size_t count, SumRun& sums)
+/// Sums of three columns of a component.
+template<class DF>
+HWY_INLINE hn::Vec<DF> sumAt(DF d, const ColumnSums& sums, std::size_t i)
 {
-    sumAround(n.above.x + first, n.here.x + first, n.below.x + first, count, sums.x);
-    sumAround(n.above.y + first, n.here.y + first, n.below.y + first, count, sums.y);
-    sumAround(n.above.z + first, n.here.z + first, n.below.z + first, count, sums.z);
+    const float* const before = sums.data() + i;
+    return weighted(hn::LoadU(d, before), hn::LoadU(d, before + 1), hn::LoadU(d, before + 2));
 }
+
+/// The column sums of a run's normals.
+struct RunSums
+{
+    ColumnSums x;
+    ColumnSums y;
+    ColumnSums z;
+};
 
 /// Estimates of a vector of sums brought to unit length. A sum of whole numbers is exact; that of the z is off by 6 u,
 /// of which 2 u are a z's own, and a square of z's share in the squared length by 11 u more than the 3 u of the others.
@@ -118,26 +121,42 @@ HWY_INLINE NormalEstimate<DF> estimateOfSum(DF d, const Vector3<DF>& sum, float 
     const auto inverse = hn::IfThenElseZero(isMoreThanRounding, hn::Div(hn::Set(d, 1.0F), length));
     const auto z = hn::Mul(sum.z, inverse);
     const auto unit = hn::MulAdd(hn::Set(d, 5.5F * kUnit), hn::Mul(z, z), hn::Set(d, 5.5F * kUnit));
+    const auto isThere = hn::Gt(sum.z, hn::Zero(d));
+    const auto ofCancelling = hn::IfThenElseZero(isThere, hn::Set(d, 1e-12F));
     const auto estimateOf = [&](auto component) HWY_ATTR {
         const auto n = hn::Mul(component, inverse);
-        return Estimate<DF>{n, hn::MulAdd(hn::Abs(n), unit, hn::Set(d, 1e-12F))};
+        return Estimate<DF>{n, hn::MulAdd(hn::Abs(n), unit, ofCancelling)};
     };
-    return {estimateOf(sum.x), estimateOf(sum.y), hn::Lt(length, hn::Set(d, 0.16F * fullLength))};
+    const auto isShort = hn::And(isThere, hn::Lt(length, hn::Set(d, 0.16F * fullLength)));
+    return {estimateOf(sum.x), estimateOf(sum.y), isShort};
 }
 
-/// Red and green of a run of sums.
-template<class Format>
-HWY_INLINE void encodeSums(const NormalRows& normals, std::size_t first, const SumRun& sums, std::size_t count,
-                           CodeRun<Format>& codes)
+/// Red and green of a vector of sums; those of a float format are as good as its channels in any case.
+template<class Format, class DF>
+HWY_INLINE Codes<Format, DF> codesOfSum(DF d, const Vector3<DF>& sum, const NormalRows& normals, std::size_t i)
 {
-    forLanes<float>(count, [&](auto d, std::size_t i) HWY_ATTR {
-        using DF = decltype(d);
-        const Vector3<DF> sum{hn::LoadU(d, sums.x.data() + i), hn::LoadU(d, sums.y.data() + i),
-                              hn::LoadU(d, sums.z.data() + i)};
-        const auto isDoubtful = storeCodes(d, estimateOfSum(d, sum, Format::kFullLength), i, codes);
-        if constexpr (Format::kIsExact)
-            forEachOf(d, hn::And(isDoubtful, hn::Gt(sum.z, hn::Zero(d))),
-                      [&](std::size_t lane) HWY_ATTR { encodeSumPlainly(normals, first, i + lane, codes); });
+    auto estimate = estimateOfSum(d, sum, Format::kFullLength);
+    if constexpr (Format::kIsExact) {
+        const auto plain = [&](std::size_t lane) HWY_ATTR { return plainCodesAround(normals, i + lane); };
+        return codesOf<Format>(d, estimate, plain);
+    } else {
+        return {Format::encoded(d, estimate.x, estimate.isUseless), Format::encoded(d, estimate.y, estimate.isUseless)};
+    }
+}
+
+template<class Format>
+HWY_INLINE void smoothRun(const NormalRows& normals, const float* depth, const float* share, std::size_t first,
+                          std::span<typename Format::Pixel> pixels)
+{
+    RunSums sums;
+    sumColumns(normals.above.x + first, normals.here.x + first, normals.below.x + first, pixels.size(), sums.x);
+    sumColumns(normals.above.y + first, normals.here.y + first, normals.below.y + first, pixels.size(), sums.y);
+    sumColumns(normals.above.z + first, normals.here.z + first, normals.below.z + first, pixels.size(), sums.z);
+    forLanes<float>(pixels.size(), [&](auto d, std::size_t i) HWY_ATTR {
+        const auto zero = hn::Zero(d);
+        const Vector3<decltype(d)> sum{sumAt(d, sums.x, i), sumAt(d, sums.y, i), sumAt(d, sums.z, i)};
+        storePixels<Format>(d, codesOfSum<Format>(d, sum, normals, first + i), hn::Ne(sum.z, zero),
+                            hn::Ne(hn::LoadU(d, depth + first + i), zero), share + first + i, &pixels[i]);
     });
 }
 
@@ -145,17 +164,8 @@ template<class Format>
 HWY_INLINE void smoothRow(const NormalRows& normals, const DepthRows& depth, const float* share,
                           std::span<typename Format::Pixel> pixels)
 {
-    SumRun sums;
-    CodeRun<Format> codes;
-    const auto whereThereAreNormals = [&](auto d, std::size_t i, auto) HWY_ATTR {
-        const hn::Rebind<float, decltype(d)> df;
-        return hn::RebindMask(d, hn::Ne(hn::LoadU(df, sums.z.data() + i), hn::Zero(df)));
-    };
-    forRuns(pixels.size(), [&](std::size_t first, std::size_t count) HWY_ATTR {
-        sumRun(normals, first, count, sums);
-        encodeSums(normals, first, sums, count, codes);
-        storeRun<Format>(codes, depth.here + first, share + first, count, pixels.data() + first, whereThereAreNormals);
-    });
+    for (std::size_t i = 0; i < pixels.size(); i += kRun)
+        smoothRun<Format>(normals, depth.here, share, i, pixels.subspan(i, std::min(kRun, pixels.size() - i)));
 }
 
 void smooth16(const NormalRows& normals, const DepthRows& depth, const float* share, std::span<CEL_PixelRGBA16> pixels)

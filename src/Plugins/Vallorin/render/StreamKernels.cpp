@@ -4,7 +4,7 @@
 #include "render/StreamKernels.h"
 
 #include <algorithm>
-#include <cstring>
+#include <array>
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "render/StreamKernels.cpp"
@@ -19,27 +19,82 @@ namespace VolumeRowKernels::HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
 
-void clearPast(std::span<std::byte> bytes)
+// 16 bytes of equal pixels.
+template<typename Pixel>
+struct alignas(16) Repeated
 {
-    const hn::ScalableTag<std::uint8_t> d;
-    std::uint8_t* const to = reinterpret_cast<std::uint8_t*>(bytes.data());
-    std::size_t i = std::min(bytes.size(), untilAligned(d, to));
-    std::memset(to, 0, i);
-    for (; i + hn::Lanes(d) <= bytes.size(); i += hn::Lanes(d))
-        hn::Stream(hn::Zero(d), d, to + i);
-    std::memset(to + i, 0, bytes.size() - i);
+    static constexpr std::size_t kCount = 16 / sizeof(Pixel);
+
+    explicit Repeated(const Pixel& pixel) { std::ranges::fill(pixels, pixel); }
+
+    std::array<Pixel, kCount> pixels;
+};
+
+template<class V, class D, typename Channel>
+HWY_INLINE void storeVector(V vector, D d, Channel* to, bool pastCache)
+{
+    if (pastCache)
+        hn::Stream(vector, d, to);
+    else
+        hn::StoreU(vector, d, to);
 }
 
-void copyPast(const std::byte* source, std::span<std::byte> bytes)
+// A channel to a lane. A vector of the plainest instruction set, of one lane, holds no whole pixel.
+template<typename Pixel>
+using ChannelTag = hn::ScalableTag<decltype(Pixel::r)>;
+
+template<typename Pixel>
+void fillRow(std::span<Pixel> pixels, const Pixel& pixel, bool pastCache)
 {
-    const hn::ScalableTag<std::uint8_t> d;
-    const auto* const from = reinterpret_cast<const std::uint8_t*>(source);
-    std::uint8_t* const to = reinterpret_cast<std::uint8_t*>(bytes.data());
-    std::size_t i = std::min(bytes.size(), untilAligned(d, to));
-    std::memcpy(to, from, i);
-    for (; i + hn::Lanes(d) <= bytes.size(); i += hn::Lanes(d))
-        hn::Stream(hn::LoadU(d, from + i), d, to + i);
-    std::memcpy(to + i, from + i, bytes.size() - i);
+    const ChannelTag<Pixel> d;
+    constexpr std::size_t kChannels = 4;
+    const std::size_t step = hn::Lanes(d) / kChannels;
+    std::size_t i = 0;
+    if (step > 0) {
+        i = pastCache ? std::min(pixels.size(), untilAligned(d, pixels.data())) : 0;
+        std::fill_n(pixels.begin(), i, pixel);
+        const Repeated<Pixel> repeated(pixel);
+        const auto all = hn::LoadDup128(d, &repeated.pixels[0].r);
+        for (; i + step <= pixels.size(); i += step)
+            storeVector(all, d, &pixels[i].r, pastCache);
+    }
+    std::ranges::fill(pixels.subspan(i), pixel);
+}
+
+template<typename Pixel>
+void copyRow(const Pixel* source, std::span<Pixel> pixels)
+{
+    const ChannelTag<Pixel> d;
+    constexpr std::size_t kChannels = 4;
+    const std::size_t step = hn::Lanes(d) / kChannels;
+    std::size_t i = 0;
+    if (step > 0) {
+        i = std::min(pixels.size(), untilAligned(d, pixels.data()));
+        std::copy_n(source, i, pixels.begin());
+        for (; i + step <= pixels.size(); i += step)
+            hn::Stream(hn::LoadU(d, &source[i].r), d, &pixels[i].r);
+    }
+    std::ranges::copy(std::span(source, pixels.size()).subspan(i), pixels.begin() + static_cast<std::ptrdiff_t>(i));
+}
+
+void fill16(std::span<CEL_PixelRGBA16> pixels, const CEL_PixelRGBA16& pixel, bool pastCache)
+{
+    fillRow(pixels, pixel, pastCache);
+}
+
+void fillFloat(std::span<CEL_PixelRGBAFloat> pixels, const CEL_PixelRGBAFloat& pixel, bool pastCache)
+{
+    fillRow(pixels, pixel, pastCache);
+}
+
+void copy16(const CEL_PixelRGBA16* source, std::span<CEL_PixelRGBA16> pixels)
+{
+    copyRow(source, pixels);
+}
+
+void copyFloat(const CEL_PixelRGBAFloat* source, std::span<CEL_PixelRGBAFloat> pixels)
+{
+    copyRow(source, pixels);
 }
 
 } // namespace VolumeRowKernels::HWY_NAMESPACE
@@ -48,30 +103,43 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace VolumeRowKernels {
 
-HWY_EXPORT(clearPast);
-HWY_EXPORT(copyPast);
+HWY_EXPORT(fill16);
+HWY_EXPORT(fillFloat);
+HWY_EXPORT(copy16);
+HWY_EXPORT(copyFloat);
 
-Stores storesFor(std::int64_t bytes)
+Stores storesFor(std::int64_t bytes, Reader reader)
 {
-    // Of a larger picture the first rows have left the cache before the last ones are written.
-    constexpr std::int64_t kLargestCached = std::int64_t{8} << 20;
-    return bytes > kLargestCached ? Stores::PAST_CACHE : Stores::CACHED;
+    // What a large processor's cache of the third level may still hold of a picture, and what a small one's.
+    constexpr std::int64_t kReadSoon = std::int64_t{20} << 20;
+    constexpr std::int64_t kReadLater = std::int64_t{8} << 20;
+    return bytes > (reader == Reader::SOON ? kReadSoon : kReadLater) ? Stores::PAST_CACHE : Stores::CACHED;
 }
 
-void clearBytes(std::span<std::byte> bytes, Stores stores)
+void fillPixels(std::span<CEL_PixelRGBA16> pixels, const CEL_PixelRGBA16& pixel, Stores stores)
 {
-    if (stores == Stores::PAST_CACHE)
-        HWY_DYNAMIC_DISPATCH(clearPast)(bytes);
-    else
-        std::ranges::fill(bytes, std::byte{0});
+    HWY_DYNAMIC_DISPATCH(fill16)(pixels, pixel, stores == Stores::PAST_CACHE);
 }
 
-void copyBytes(const std::byte* source, std::span<std::byte> bytes, Stores stores)
+void fillPixels(std::span<CEL_PixelRGBAFloat> pixels, const CEL_PixelRGBAFloat& pixel, Stores stores)
+{
+    HWY_DYNAMIC_DISPATCH(fillFloat)(pixels, pixel, stores == Stores::PAST_CACHE);
+}
+
+void copyPixels(const CEL_PixelRGBA16* source, std::span<CEL_PixelRGBA16> pixels, Stores stores)
 {
     if (stores == Stores::PAST_CACHE)
-        HWY_DYNAMIC_DISPATCH(copyPast)(source, bytes);
+        HWY_DYNAMIC_DISPATCH(copy16)(source, pixels);
     else
-        std::copy_n(source, bytes.size(), bytes.data());
+        std::copy_n(source, pixels.size(), pixels.begin());
+}
+
+void copyPixels(const CEL_PixelRGBAFloat* source, std::span<CEL_PixelRGBAFloat> pixels, Stores stores)
+{
+    if (stores == Stores::PAST_CACHE)
+        HWY_DYNAMIC_DISPATCH(copyFloat)(source, pixels);
+    else
+        std::copy_n(source, pixels.size(), pixels.begin());
 }
 
 void finishStores()

@@ -4,7 +4,8 @@
 // wanted there.
 #pragma once
 
-#include <cstddef>
+#include "QuarvelCelCore/CEL_Pixels.h"
+
 #include <cstdint>
 #include <span>
 
@@ -17,18 +18,22 @@ enum class Stores
     PAST_CACHE ///< finishStores() before anyone else reads them
 };
 
-/// What suits a picture of so many bytes that is written from one end to the other.
-Stores storesFor(std::int64_t bytes);
-
-/// Writes zeros, or what is at source and nothing else overlaps.
-void clearBytes(std::span<std::byte> bytes, Stores stores);
-void copyBytes(const std::byte* source, std::span<std::byte> bytes, Stores stores);
-
-template<typename Pixel>
-void clearPixels(std::span<Pixel> pixels, Stores stores)
+/// What suits a picture of so many bytes that is written from one end to the other, and either read right after that or
+/// later, when it has left the cache anyway.
+enum class Reader
 {
-    clearBytes(std::as_writable_bytes(pixels), stores);
-}
+    SOON,
+    LATER
+};
+Stores storesFor(std::int64_t bytes, Reader reader);
+
+/// Writes the same pixel all over.
+void fillPixels(std::span<CEL_PixelRGBA16> pixels, const CEL_PixelRGBA16& pixel, Stores stores);
+void fillPixels(std::span<CEL_PixelRGBAFloat> pixels, const CEL_PixelRGBAFloat& pixel, Stores stores);
+
+/// Writes what is at source; nothing overlaps.
+void copyPixels(const CEL_PixelRGBA16* source, std::span<CEL_PixelRGBA16> pixels, Stores stores);
+void copyPixels(const CEL_PixelRGBAFloat* source, std::span<CEL_PixelRGBAFloat> pixels, Stores stores);
 
 /// Makes what was written past the cache visible to other threads, in the order of what follows.
 void finishStores();
