@@ -1,13 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// One pass, row by row; where the clip leaves nothing, rows are cleared without a look at them.
+// One pass, row by row; what lies beyond the clip's reach is not even looked at.
 #include "render/ElevationPlane.h"
 
 #include "render/ElevationKernels.h"
 #include "render/GeometryClip.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace {
 
@@ -43,37 +42,19 @@ ColumnSpan positiveColumns(std::span<const float> values, ColumnSpan among)
     return among.isEmpty() ? ColumnSpan{} : among;
 }
 
-ElevationPlane settleRows(const UT_SharedPtr<CEL_PixmapAreaZ>& plane, Rounding rounding)
+// @param geometry null: nothing is clipped
+ElevationPlane settleRows(const UT_SharedPtr<CEL_PixmapAreaZ>& plane, Rounding rounding, NearGeometry* geometry)
 {
-    ElevationPlane result{plane, {}, {}};
     const Math::Box2di rect = plane->allocatedRect();
-    result.elevated.reserve(static_cast<std::size_t>(rect.height()));
-    for (int y = rect.y1; y < rect.y2; ++y) {
-        const std::span<float> values = valuesOf(*plane, y);
-        VolumeRowKernels::settle(values, rounding, nullptr, result.span);
-        result.elevated.push_back(positiveColumns(values, {0, rect.width()}));
-    }
-    return result;
-}
-
-ElevationPlane settleRowsNear(const UT_SharedPtr<CEL_PixmapAreaZ>& plane, Rounding rounding, NearGeometry geometry)
-{
-    ElevationPlane result{plane, {}, {}};
-    const Math::Box2di rect = plane->allocatedRect();
-    const Math::Box2di reach = geometry.reach();
-    const ColumnSpan columns{reach.x1 - rect.x1, reach.x2 - rect.x1};
+    ElevationPlane result{plane, geometry ? geometry->reach() : rect, {}, {}};
+    const Math::Box2di& inside = result.inside;
+    const ColumnSpan columns{inside.x1 - rect.x1, inside.x2 - rect.x1};
     result.elevated.resize(static_cast<std::size_t>(rect.height()));
-    for (int y = rect.y1; y < rect.y2; ++y) {
+    for (int y = inside.y1; y < inside.y2; ++y) {
         const std::span<float> values = valuesOf(*plane, y);
-        if (columns.isEmpty() || y < reach.y1 || y >= reach.y2) {
-            std::ranges::fill(values, 0.0F);
-            continue;
-        }
-        const auto first = static_cast<std::size_t>(columns.first);
-        const auto end = static_cast<std::size_t>(columns.end);
-        std::ranges::fill(values.first(first), 0.0F);
-        std::ranges::fill(values.subspan(end), 0.0F);
-        VolumeRowKernels::settle(values.subspan(first, end - first), rounding, geometry.nextRow(y).data(), result.span);
+        const auto some =
+            values.subspan(static_cast<std::size_t>(columns.first), static_cast<std::size_t>(columns.width()));
+        VolumeRowKernels::settle(some, rounding, geometry ? geometry->nextRow(y).data() : nullptr, result.span);
         result.elevated[static_cast<std::size_t>(y - rect.y1)] = positiveColumns(values, columns);
     }
     return result;
@@ -90,13 +71,14 @@ template<typename Pixel>
 ElevationPlane settle(const UT_SharedPtr<CEL_PixmapAreaZ>& blurred, const CEL_PixmapAreaZ* geometry)
 {
     if (!geometry)
-        return settleRows(blurred, kRounding<Pixel>);
-    return settleRowsNear(blurred, kRounding<Pixel>, NearGeometry(*geometry, blurred->allocatedRect()));
+        return settleRows(blurred, kRounding<Pixel>, nullptr);
+    NearGeometry near(*geometry, blurred->allocatedRect());
+    return settleRows(blurred, kRounding<Pixel>, &near);
 }
 
 ElevationPlane measure(const UT_SharedPtr<CEL_PixmapAreaZ>& values)
 {
-    return settleRows(values, Rounding::NONE);
+    return settleRows(values, Rounding::NONE, nullptr);
 }
 
 template ElevationPlane settle<CEL_PixelRGBA16>(const UT_SharedPtr<CEL_PixmapAreaZ>&, const CEL_PixmapAreaZ*);

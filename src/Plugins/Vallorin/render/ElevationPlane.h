@@ -23,6 +23,8 @@ struct ColumnSpan
 struct ElevationPlane
 {
     UT_SharedPtr<CEL_PixmapAreaZ> values;
+    /// The part of the allocated rectangle outside of which all values count as 0, whatever is stored there.
+    Math::Box2di inside;
     PositiveSpan span;
     /// For each row, from the top, the columns from the first to the last positive value, counted from the left of the
     /// allocated rectangle.
@@ -30,7 +32,7 @@ struct ElevationPlane
 };
 
 /// Settles blurred values, in their place: in 16 bits rounds each to the nearest integer, halves away from zero, within
-/// +-32767; then sets to 0 what has no positive value of the geometry within 2 pixels sideways and up and down.
+/// +-32767; then drops what has no positive value of the geometry within 2 pixels sideways and up and down.
 ///
 /// @param geometry the unblurred mask; null: nothing is clipped
 template<typename Pixel>

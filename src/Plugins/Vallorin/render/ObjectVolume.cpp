@@ -66,17 +66,18 @@ ElevationPlane unbevelled(const UT_SharedPtr<CEL_PixmapAreaZ>& mask, const CEL_P
 
 // The plane's values in R, and A full where isFull(x, y, value) says so.
 template<typename Pixel, typename IsFull>
-void storeValues(const CEL_PixmapAreaZ& values, const IsFull& isFull, CEL_PixmapOf<Pixel>& result)
+void storeValues(const ElevationPlane& plane, const IsFull& isFull, CEL_PixmapOf<Pixel>& result)
 {
     using Channel = typename VolumeTraits<Pixel>::Channel;
-    const Math::Box2di& rect = values.allocatedRect();
+    const Math::Box2di& rect = plane.values->allocatedRect();
     result.realloc(rect, false);
     for (int y = rect.y1; y < rect.y2; ++y) {
-        const std::span<const CEL_PixelFloat> source = values.row(y);
+        const std::span<const CEL_PixelFloat> source = plane.values->row(y);
         const std::span<Pixel> target = result.row(y);
         for (std::size_t i = 0; i < target.size(); ++i) {
-            const float value = source[i].value;
-            const bool full = isFull(rect.x1 + static_cast<int>(i), y, value);
+            const int x = rect.x1 + static_cast<int>(i);
+            const float value = plane.inside.contains(x, y) ? source[i].value : 0.0F;
+            const bool full = isFull(x, y, value);
             target[i] = {static_cast<Channel>(value), 0, 0, full ? VolumeTraits<Pixel>::kFull : Channel{0}};
         }
     }
@@ -84,15 +85,15 @@ void storeValues(const CEL_PixmapAreaZ& values, const IsFull& isFull, CEL_Pixmap
 
 // Where nothing was blurred, the pixels are those of the mask: covered wherever the accumulator has any.
 template<typename Pixel>
-void storeElevations(const CEL_PixmapAreaZ& values, bool isBlurred, const Math::Box2di& maskRect,
+void storeElevations(const ElevationPlane& plane, bool isBlurred, const Math::Box2di& maskRect,
                      CEL_PixmapOf<Pixel>& result)
 {
     if (isBlurred)
         storeValues<Pixel>(
-            values, [](int, int, float value) { return value != 0.0F; }, result);
+            plane, [](int, int, float value) { return value != 0.0F; }, result);
     else
         storeValues<Pixel>(
-            values, [&](int x, int y, float) { return maskRect.contains(x, y); }, result);
+            plane, [&](int x, int y, float) { return maskRect.contains(x, y); }, result);
 }
 
 template<typename Pixel>
@@ -112,7 +113,7 @@ UT_SharedPtr<CEL_PixmapArea> build(const CEL_PixmapArea& reference, const CEL_Pi
     auto result = UT_makeShared<CEL_PixmapOf<Pixel>>(plane.values->size(), plane.values->canvasRect());
     if (!settings.generateNormals) {
         range = elevationRange(plane.span);
-        storeElevations<Pixel>(*plane.values, isBlurred, maskRect, *result);
+        storeElevations<Pixel>(plane, isBlurred, maskRect, *result);
         return result;
     }
     range = {0.0F, 1.0F};
