@@ -129,6 +129,59 @@ void blend16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* o
 }
 #endif
 
+#if HWY_TARGET == HWY_SCALAR
+void placeFloat(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
+                CEL_PixelRGBAFloat* output, Stores)
+{
+    placeEach(coverage, object, blue, output);
+}
+#else
+// A pixel is 16 bytes of a vector.
+template<bool kPastCache>
+void placeFloatRow(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
+                   CEL_PixelRGBAFloat* HWY_RESTRICT output)
+{
+    constexpr std::size_t kChannels = 4;
+    const hn::ScalableTag<float> d;
+    const hn::RebindToUnsigned<decltype(d)> bits;
+    alignas(16) constexpr std::uint32_t kAlpha[] = {0, 0, 0, ~0U};
+    alignas(16) const std::uint32_t keptOfObject[] = {~0U, ~0U, blue.isElevation ? ~0U : 0, 0};
+    const auto isAlpha = hn::MaskFromVec(hn::BitCast(d, hn::LoadDup128(bits, kAlpha)));
+    const auto kept = hn::BitCast(d, hn::LoadDup128(bits, keptOfObject));
+    const auto one = hn::Set(d, 1.0F);
+    // The largest float that is not saturated yet.
+    constexpr auto kBelow = static_cast<float>(VolumeTraits<CEL_PixelRGBAFloat>::kSaturated);
+    static_assert(kBelow < VolumeTraits<CEL_PixelRGBAFloat>::kSaturated);
+    const std::size_t step = hn::Lanes(d) / kChannels;
+    std::size_t i = kPastCache ? std::min(coverage.size(), untilAligned(d, output)) : 0;
+    placeEach(coverage.first(i), object, blue, output);
+    for (; i + step <= coverage.size(); i += step) {
+        const auto alpha = hn::Broadcast<3>(hn::LoadU(d, &coverage[i].r));
+        const auto covers = hn::Gt(alpha, hn::Zero(d));
+        auto pixels = hn::Zero(d);
+        if (!hn::AllFalse(d, covers)) {
+            const auto stored = hn::IfThenElse(hn::Gt(alpha, hn::Set(d, kBelow)), one, alpha);
+            const auto placed = hn::IfThenElse(isAlpha, stored, hn::And(hn::LoadU(d, &object[i].r), kept));
+            pixels = hn::IfThenElseZero(covers, placed);
+        }
+        if constexpr (kPastCache)
+            hn::Stream(pixels, d, &output[i].r);
+        else
+            hn::StoreU(pixels, d, &output[i].r);
+    }
+    placeEach(coverage.subspan(i), object + i, blue, output + i);
+}
+
+void placeFloat(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
+                CEL_PixelRGBAFloat* output, Stores stores)
+{
+    if (stores == Stores::PAST_CACHE)
+        placeFloatRow<true>(coverage, object, blue, output);
+    else
+        placeFloatRow<false>(coverage, object, blue, output);
+}
+#endif
+
 } // namespace VolumeRowKernels::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
 
@@ -136,6 +189,7 @@ HWY_AFTER_NAMESPACE();
 namespace VolumeRowKernels {
 
 HWY_EXPORT(place16);
+HWY_EXPORT(placeFloat);
 HWY_EXPORT(blend16);
 
 void placeNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
@@ -145,9 +199,9 @@ void placeNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA
 }
 
 void placeNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
-                  CEL_PixelRGBAFloat* output, Stores)
+                  CEL_PixelRGBAFloat* output, Stores stores)
 {
-    placeEach(coverage, object, blue, output);
+    HWY_DYNAMIC_DISPATCH(placeFloat)(coverage, object, blue, output, stores);
 }
 
 void blendNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
