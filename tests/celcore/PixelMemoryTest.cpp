@@ -56,6 +56,28 @@ TEST_F(PixelMemory, APictureOfNearlyTheSameSizeTakesTheBlock)
     CEL_PixelMemory::give(other, 9 * kMegabyte);
 }
 
+TEST_F(PixelMemory, APictureOfMoreThanHalfTheSizeTakesTheBlockAndGivesAllOfItBack)
+{
+    CEL_PixelMemory::give(CEL_PixelMemory::take(8 * kMegabyte), 8 * kMegabyte);
+    void* const smaller = CEL_PixelMemory::take(5 * kMegabyte);
+    EXPECT_EQ(CEL_PixelMemory::idleBytes(), 0U);
+    CEL_PixelMemory::give(smaller, 5 * kMegabyte);
+    EXPECT_EQ(CEL_PixelMemory::idleBytes(), kept(8 * kMegabyte));
+}
+
+TEST_F(PixelMemory, TheSmallestBlockThatServesIsTaken)
+{
+    std::vector<void*> blocks;
+    for (const std::size_t megabytes : {8, 6, 7})
+        blocks.push_back(CEL_PixelMemory::take(megabytes * kMegabyte));
+    CEL_PixelMemory::give(blocks[0], 8 * kMegabyte);
+    CEL_PixelMemory::give(blocks[1], 6 * kMegabyte);
+    CEL_PixelMemory::give(blocks[2], 7 * kMegabyte);
+    void* const block = CEL_PixelMemory::take(5 * kMegabyte);
+    EXPECT_EQ(CEL_PixelMemory::idleBytes(), kept(15 * kMegabyte));
+    CEL_PixelMemory::give(block, 5 * kMegabyte);
+}
+
 TEST_F(PixelMemory, AMuchSmallerPictureLeavesTheBlockToOthers)
 {
     CEL_PixelMemory::give(CEL_PixelMemory::take(8 * kMegabyte), 8 * kMegabyte);

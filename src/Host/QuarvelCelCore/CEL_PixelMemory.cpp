@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Sizes are rounded up to steps of an eighth of their power of two, so that pictures of nearly the same size, as the
-// frames of an animation have them, fit into each other's blocks.
+// frames of an animation have them, fit into each other's blocks. Where there is none of just that size, a block of up
+// to twice the size serves; what was lent so is known by its address when it comes back.
 #include "QuarvelCelCore/CEL_PixelMemory.h"
 
 #include <algorithm>
@@ -22,7 +23,7 @@ struct Block
     std::size_t bytes;
 };
 
-/// The kept blocks, the longest idle one first.
+/// The kept blocks, the longest idle one first, and those in use that are larger than their users know.
 struct Idle
 {
     // Room for all that can be kept, so that giving back never needs memory.
@@ -30,6 +31,7 @@ struct Idle
 
     std::mutex lock;
     std::vector<Block> blocks;
+    std::vector<Block> lent;
     std::size_t bytes = 0;
 };
 
@@ -51,19 +53,41 @@ void free(const Block& block)
     ::operator delete(block.start, kAligned);
 }
 
-/// The block of this size that was given back last, whose bytes are most likely to be in the cache.
+/// The smallest block that serves; of several, that which was given back last, whose bytes are most likely to be in the
+/// cache.
+std::vector<Block>::iterator bestOf(std::vector<Block>& blocks, std::size_t bytes)
+{
+    auto best = blocks.end();
+    for (auto block = blocks.begin(); block != blocks.end(); ++block)
+        if (block->bytes >= bytes && block->bytes / 2 <= bytes && (best == blocks.end() || block->bytes <= best->bytes))
+            best = block;
+    return best;
+}
+
 void* takeIdle(std::size_t bytes)
 {
     Idle& kept = idle();
     const std::lock_guard guard(kept.lock);
-    const auto found = std::ranges::find(kept.blocks.rbegin(), kept.blocks.rend(), bytes,
-                                         [](const Block& block) { return block.bytes; });
-    if (found == kept.blocks.rend())
+    const auto found = bestOf(kept.blocks, bytes);
+    if (found == kept.blocks.end())
         return nullptr;
-    void* const start = found->start;
-    kept.blocks.erase(std::next(found).base());
-    kept.bytes -= bytes;
-    return start;
+    const Block block = *found;
+    if (block.bytes != bytes)
+        kept.lent.push_back(block);
+    kept.blocks.erase(found);
+    kept.bytes -= block.bytes;
+    return block.start;
+}
+
+/// The block that was taken with so many bytes, with its true size.
+Block returned(Idle& kept, const Block& given)
+{
+    const auto found = std::ranges::find(kept.lent, given.start, [](const Block& block) { return block.start; });
+    if (found == kept.lent.end())
+        return given;
+    const Block block = *found;
+    kept.lent.erase(found);
+    return block;
 }
 
 void makeRoom(Idle& kept, std::size_t bytes)
@@ -94,15 +118,19 @@ void* take(std::size_t bytes)
 
 void give(void* block, std::size_t bytes) noexcept
 {
-    const Block given{block, bytes < kSmallestKept ? bytes : roundedUp(bytes)};
     if (!block)
         return;
-    if (bytes < kSmallestKept || given.bytes > kLargestIdle) {
-        free(given);
+    if (bytes < kSmallestKept) {
+        free({block, bytes});
         return;
     }
     Idle& kept = idle();
     const std::lock_guard guard(kept.lock);
+    const Block given = returned(kept, {block, roundedUp(bytes)});
+    if (given.bytes > kLargestIdle) {
+        free(given);
+        return;
+    }
     makeRoom(kept, given.bytes);
     kept.blocks.push_back(given);
     kept.bytes += given.bytes;

@@ -2,7 +2,7 @@
 //
 // CEL_PixelMemory: where the pixels of pixmaps live. A system hands out fresh memory page by page, which for a large
 // picture costs more than writing it; so blocks of large pictures are kept for a while when they are given back, and
-// the next picture of about that size takes one of them.
+// the next picture of about that size, or of more than half of it, takes one of them.
 #pragma once
 
 #include "QuarvelCelCore/QuarvelCelCoreExport.h"
