@@ -1,9 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // A row is composed port by port: what is the same for the whole row is looked up once, and the pixels of the three
-// pictures are walked side by side.
+// pictures are walked side by side. What was written so far is one span of columns: beside it, nothing has to be
+// cleared before an object is placed, or read.
 #include "render/Composition.h"
 
+#include "render/ColumnSpan.h"
 #include "render/CompositionKernels.h"
 #include "render/PixelTraits.h"
 
@@ -11,13 +13,69 @@
 #include <tbb/partitioner.h>
 #include <tbb/task_group.h>
 
-// The columns of one row in which output, input and result all have pixels.
+// What one port brings into a row: columns of the output, counted from its left, with the input's pixels there.
 template<typename Pixel>
 struct VallorinRenderHandler::BasicAccumFunctor<Pixel>::PortRow
 {
-    std::span<Pixel> output;
+    int objectId;
+    ColumnSpan columns;
     std::span<const Pixel> input;
     std::span<const Pixel> result; // empty for a cut-out
+};
+
+// A row of the output, of which some columns have been written; the others hold anything.
+template<typename Pixel>
+class VallorinRenderHandler::BasicAccumFunctor<Pixel>::WrittenColumns
+{
+public:
+    WrittenColumns(std::span<Pixel> row, VolumeRowKernels::Stores stores) : _row(row), _stores(stores) {}
+
+    VolumeRowKernels::Stores stores() const { return _stores; }
+    const ColumnSpan& columns() const { return _columns; }
+
+    std::span<Pixel> pixels(const ColumnSpan& columns) const
+    {
+        return _row.subspan(static_cast<std::size_t>(columns.first), static_cast<std::size_t>(columns.width()));
+    }
+
+    // Says that columns are about to be written all over, where nothing was. What lies between is cleared.
+    void place(const ColumnSpan& columns)
+    {
+        if (!_columns.isEmpty() && columns.first > _columns.end)
+            clear({_columns.end, columns.first});
+        if (!_columns.isEmpty() && columns.end < _columns.first)
+            clear({columns.end, _columns.first});
+        _columns = _columns.unitedWith(columns);
+    }
+
+    // Makes columns readable.
+    void open(const ColumnSpan& columns)
+    {
+        if (_columns.isEmpty())
+            _columns = {columns.first, columns.first};
+        const ColumnSpan all = _columns.unitedWith(columns);
+        clear({all.first, _columns.first});
+        clear({_columns.end, all.end});
+        _columns = all;
+    }
+
+    // Clears all the others.
+    void finish()
+    {
+        clear({0, _columns.first});
+        clear({_columns.end, static_cast<int>(_row.size())});
+    }
+
+private:
+    void clear(const ColumnSpan& columns) const
+    {
+        if (!columns.isEmpty())
+            VolumeRowKernels::fillPixels(pixels(columns), Pixel{}, _stores);
+    }
+
+    std::span<Pixel> _row;
+    VolumeRowKernels::Stores _stores;
+    ColumnSpan _columns;
 };
 
 namespace {
@@ -31,11 +89,11 @@ std::map<int, UT_SharedPtr<CEL_PixmapOf<Pixel>>> typed(const VallorinRenderHandl
     return result;
 }
 
-template<typename Pixmap>
-auto columns(Pixmap& pixmap, int y, const Math::Box2di& common)
+template<typename Pixel>
+std::span<const Pixel> pixelsOf(const CEL_PixmapOf<Pixel>& pixmap, int y, int x1, int x2)
 {
-    return pixmap.row(y).subspan(static_cast<std::size_t>(common.x1 - pixmap.allocatedRect().x1),
-                                 static_cast<std::size_t>(common.width()));
+    return pixmap.row(y).subspan(static_cast<std::size_t>(x1 - pixmap.allocatedRect().x1),
+                                 static_cast<std::size_t>(x2 - x1));
 }
 
 } // namespace
@@ -59,93 +117,107 @@ VallorinRenderHandler::BasicAccumFunctor<Pixel>::BasicAccumFunctor(const Vallori
 template<typename Pixel>
 void VallorinRenderHandler::BasicAccumFunctor<Pixel>::operator()(const tbb::blocked_range<int>& rows) const
 {
-    for (int y = rows.begin(); y < rows.end(); ++y)
-        composeRow(y);
+    std::vector<PortRow> ports;
+    ports.reserve(_inputs.size());
+    for (int y = rows.begin(); y < rows.end(); ++y) {
+        findPorts(y, ports);
+        composeRow(y, ports);
+    }
     VolumeRowKernels::finishStores();
 }
 
 template<typename Pixel>
-void VallorinRenderHandler::BasicAccumFunctor<Pixel>::composeRow(int y) const
+void VallorinRenderHandler::BasicAccumFunctor<Pixel>::findPorts(int y, std::vector<PortRow>& ports) const
 {
-    bool isEmpty = true;
-    for (const auto& [port, input] : _inputs)
-        if (input)
-            isEmpty = !composePort(y, port, *input, isEmpty) && isEmpty;
-    if (isEmpty)
-        VolumeRowKernels::fillPixels(_output.row(y), Pixel{}, _stores);
-}
-
-template<typename Pixel>
-Math::Box2di VallorinRenderHandler::BasicAccumFunctor<Pixel>::commonColumns(int y, const Pixmap& input,
-                                                                            const Pixmap* result) const
-{
-    const Math::Box2di common = Math::Box2di(_x1, y, _x2, y + 1).getIntersection(input.allocatedRect());
-    return result ? common.getIntersection(result->allocatedRect()) : common;
-}
-
-// While nothing is there, the row is not read, and not cleared before it is written: it may hold anything.
-template<typename Pixel>
-bool VallorinRenderHandler::BasicAccumFunctor<Pixel>::composePort(int y, int port, const Pixmap& input,
-                                                                  bool isEmpty) const
-{
-    const int objectId = (*_portIds)[static_cast<std::size_t>(port)];
-    const auto found = _results.find(objectId);
-    const Pixmap* result = objectId > 0 && found != _results.end() ? found->second.get() : nullptr;
-    if (objectId < 0 || (objectId > 0 && !result) || (objectId == 0 && isEmpty))
-        return false;
-    const Math::Box2di common = commonColumns(y, input, result);
-    if (common.isEmpty())
-        return false;
-    PortRow row{columns(_output, y, common), columns(input, y, common), {}};
-    if (objectId == 0) {
-        cutOut(row);
-        return true;
+    ports.clear();
+    for (const auto& [port, input] : _inputs) {
+        const int objectId = (*_portIds)[static_cast<std::size_t>(port)];
+        const auto found = _results.find(objectId);
+        const Pixmap* const result = objectId > 0 && found != _results.end() ? found->second.get() : nullptr;
+        if (!input || objectId < 0 || (objectId > 0 && !result))
+            continue;
+        Math::Box2di common = Math::Box2di(_x1, y, _x2, y + 1).getIntersection(input->allocatedRect());
+        if (result)
+            common = common.getIntersection(result->allocatedRect());
+        if (!common.isEmpty())
+            ports.push_back({objectId,
+                             {common.x1 - _x1, common.x2 - _x1},
+                             pixelsOf<Pixel>(*input, y, common.x1, common.x2),
+                             result ? pixelsOf<Pixel>(*result, y, common.x1, common.x2) : std::span<const Pixel>()});
     }
-    row.result = columns(*result, y, common);
-    if (isEmpty)
-        clearAround(y, common, !_generateNormals);
-    const VolumeRowKernels::Blue blue{_depthInBlue, static_cast<std::int16_t>(objectId)};
-    if (!_generateNormals)
-        raise(row, objectId);
-    else if (isEmpty)
-        VolumeRowKernels::placeNormals(row.input, row.result.data(), blue, row.output.data(), _stores);
-    else
-        VolumeRowKernels::blendNormals(row.input, row.result.data(), blue, row.output.data());
-    return true;
 }
 
+// Past the cache goes only what is not read again for another port.
 template<typename Pixel>
-void VallorinRenderHandler::BasicAccumFunctor<Pixel>::clearAround(int y, const Math::Box2di& kept, bool keptToo) const
+void VallorinRenderHandler::BasicAccumFunctor<Pixel>::composeRow(int y, const std::vector<PortRow>& ports) const
 {
-    const std::span<Pixel> row = _output.row(y);
-    const auto first = static_cast<std::size_t>(keptToo ? _x2 - _x1 : kept.x1 - _x1);
-    const auto end = static_cast<std::size_t>(kept.x2 - _x1);
-    VolumeRowKernels::fillPixels(row.first(first), Pixel{}, _stores);
-    VolumeRowKernels::fillPixels(row.subspan(std::max(first, end)), Pixel{}, _stores);
+    ColumnSpan all;
+    bool isReadAgain = false;
+    for (const PortRow& port : ports) {
+        isReadAgain = isReadAgain || all.overlaps(port.columns);
+        all = all.unitedWith(port.columns);
+    }
+    WrittenColumns written(_output.row(y), isReadAgain ? VolumeRowKernels::Stores::CACHED : _stores);
+    for (const PortRow& port : ports)
+        compose(port, written);
+    written.finish();
 }
 
 template<typename Pixel>
-void VallorinRenderHandler::BasicAccumFunctor<Pixel>::cutOut(const PortRow& row) const
+void VallorinRenderHandler::BasicAccumFunctor<Pixel>::compose(const PortRow& port, WrittenColumns& written) const
+{
+    if (port.objectId == 0) {
+        cutOut(port, written);
+    } else if (_generateNormals) {
+        composeNormals(port, written);
+    } else {
+        written.open(port.columns);
+        raise(port, written.pixels(port.columns));
+    }
+}
+
+template<typename Pixel>
+void VallorinRenderHandler::BasicAccumFunctor<Pixel>::composeNormals(const PortRow& port, WrittenColumns& written) const
+{
+    const VolumeRowKernels::Blue blue{_depthInBlue, static_cast<std::int16_t>(port.objectId)};
+    Pixel* const output = written.pixels(port.columns).data();
+    if (written.columns().overlaps(port.columns)) {
+        written.open(port.columns);
+        VolumeRowKernels::blendNormals(port.input, port.result.data(), blue, output);
+    } else {
+        written.place(port.columns);
+        VolumeRowKernels::placeNormals(port.input, port.result.data(), blue, output, written.stores());
+    }
+}
+
+// Where nothing is, nothing is left of it.
+template<typename Pixel>
+void VallorinRenderHandler::BasicAccumFunctor<Pixel>::cutOut(const PortRow& port, const WrittenColumns& written) const
 {
     using Traits = VolumeTraits<Pixel>;
-    for (std::size_t i = 0; i < row.output.size(); ++i)
-        if (row.input[i].a > 0)
-            row.output[i] = {0, 0, 0, Traits::cutAlpha(row.output[i].a, Traits::coverageOf(row.input[i].a))};
+    const ColumnSpan columns = port.columns.intersectedWith(written.columns());
+    if (columns.isEmpty())
+        return;
+    const std::span<Pixel> output = written.pixels(columns);
+    const auto input = port.input.subspan(static_cast<std::size_t>(columns.first - port.columns.first));
+    for (std::size_t i = 0; i < output.size(); ++i)
+        if (input[i].a > 0)
+            output[i] = {0, 0, 0, Traits::cutAlpha(output[i].a, Traits::coverageOf(input[i].a))};
 }
 
 template<typename Pixel>
-void VallorinRenderHandler::BasicAccumFunctor<Pixel>::raise(const PortRow& row, int objectId) const
+void VallorinRenderHandler::BasicAccumFunctor<Pixel>::raise(const PortRow& port, std::span<Pixel> output) const
 {
-    const auto range = _handler.elevationRanges.find(objectId);
+    const auto range = _handler.elevationRanges.find(port.objectId);
     if (range == _handler.elevationRanges.end())
         return;
     const auto [offset, scale] = range->second;
-    for (std::size_t i = 0; i < row.output.size(); ++i) {
-        if (!(row.input[i].a > 0))
+    for (std::size_t i = 0; i < output.size(); ++i) {
+        if (!(port.input[i].a > 0))
             continue;
-        const auto value = VolumeTraits<Pixel>::normalised(row.result[i].r, offset, scale);
-        if (value > row.output[i].r)
-            row.output[i] = {value, value, value, value};
+        const auto value = VolumeTraits<Pixel>::normalised(port.result[i].r, offset, scale);
+        if (value > output[i].r)
+            output[i] = {value, value, value, value};
     }
 }
 

@@ -12,6 +12,9 @@
 
 #include <tbb/blocked_range.h>
 
+#include <span>
+#include <vector>
+
 /// What one range of output rows needs. Ranges write disjoint rows and read what nobody changes meanwhile.
 template<typename Pixel>
 class VallorinRenderHandler::BasicAccumFunctor
@@ -29,15 +32,14 @@ public:
 
 private:
     struct PortRow;
+    class WrittenColumns;
 
-    void composeRow(int y) const;
-    /// @param isEmpty whether no port has written to the row yet
-    /// @return whether this one has
-    bool composePort(int y, int port, const Pixmap& input, bool isEmpty) const;
-    void clearAround(int y, const Math::Box2di& kept, bool keptToo) const;
-    void cutOut(const PortRow& row) const;
-    void raise(const PortRow& row, int objectId) const;
-    Math::Box2di commonColumns(int y, const Pixmap& input, const Pixmap* result) const;
+    void findPorts(int y, std::vector<PortRow>& ports) const;
+    void composeRow(int y, const std::vector<PortRow>& ports) const;
+    void compose(const PortRow& port, WrittenColumns& written) const;
+    void composeNormals(const PortRow& port, WrittenColumns& written) const;
+    void cutOut(const PortRow& port, const WrittenColumns& written) const;
+    void raise(const PortRow& port, std::span<Pixel> output) const;
 
     const VallorinRenderHandler& _handler;
     int _x1;

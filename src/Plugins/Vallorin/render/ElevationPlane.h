@@ -5,19 +5,10 @@
 #pragma once
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
+#include "render/ColumnSpan.h"
 #include "render/PositiveSpan.h"
 
 #include <vector>
-
-/// Some columns of a row: first ... end - 1.
-struct ColumnSpan
-{
-    int first = 0;
-    int end = 0;
-
-    bool isEmpty() const { return first >= end; }
-    int width() const { return end - first; }
-};
 
 /// The plane that elevations are made of.
 struct ElevationPlane

@@ -22,14 +22,6 @@ using VolumeRowKernels::NormalRows;
 using VolumeRowKernels::Reader;
 using VolumeRowKernels::Stores;
 
-// Columns of both, and what lies between them.
-ColumnSpan united(const ColumnSpan& a, const ColumnSpan& b)
-{
-    if (a.isEmpty() || b.isEmpty())
-        return a.isEmpty() ? b : a;
-    return {std::min(a.first, b.first), std::max(a.end, b.end)};
-}
-
 // A row of floats with a zero on either side.
 class PaddedRow
 {
@@ -191,7 +183,7 @@ private:
     ColumnSpan smoothedColumns(int y)
     {
         const ColumnSpan columns =
-            united(united(_samples.at(y - 1).columns, _samples.at(y).columns), _samples.at(y + 1).columns);
+            _samples.at(y - 1).columns.unitedWith(_samples.at(y).columns).unitedWith(_samples.at(y + 1).columns);
         if (columns.isEmpty())
             return columns;
         return {std::max(columns.first - 1, 0), std::min(columns.end + 1, _rect.width())};

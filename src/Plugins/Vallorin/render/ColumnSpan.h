@@ -1,0 +1,32 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Columns of a row that lie side by side: half-open, like rectangles.
+#pragma once
+
+#include <algorithm>
+
+/// Some columns of a row: first ... end - 1.
+struct ColumnSpan
+{
+    int first = 0;
+    int end = 0;
+
+    bool isEmpty() const { return first >= end; }
+    int width() const { return end - first; }
+
+    bool overlaps(const ColumnSpan& other) const { return !intersectedWith(other).isEmpty(); }
+
+    /// The columns of both; where there are none, an empty span.
+    ColumnSpan intersectedWith(const ColumnSpan& other) const
+    {
+        return {std::max(first, other.first), std::min(end, other.end)};
+    }
+
+    /// The columns of either, and what lies between them.
+    ColumnSpan unitedWith(const ColumnSpan& other) const
+    {
+        if (isEmpty() || other.isEmpty())
+            return isEmpty() ? other : *this;
+        return {std::min(first, other.first), std::max(end, other.end)};
+    }
+};
