@@ -1,0 +1,104 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The comparison of a strip's samples and the filling of rows, compiled once for every instruction set and chosen at
+// run time.
+#include "BlurAlgo/private/LevelKernels.h"
+
+#include <algorithm>
+
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "BlurAlgo/private/LevelKernels.cpp"
+#include <hwy/cache_control.h>
+#include <hwy/foreach_target.h>
+#include <hwy/highway.h>
+
+HWY_BEFORE_NAMESPACE();
+namespace BlurAlgo::LevelKernels::HWY_NAMESPACE {
+
+namespace hn = hwy::HWY_NAMESPACE;
+// A whole strip is a whole number of such vectors, however long those of the machine are.
+using Floats = hn::CappedTag<float, 16>;
+static_assert(kLevelStrip % 16 == 0);
+
+HWY_INLINE std::uint32_t bitsOf(float sample)
+{
+    return std::bit_cast<std::uint32_t>(sample);
+}
+
+/// True when a whole strip has nothing but samples of these bits.
+HWY_INLINE bool isLevel(const float* samples, std::uint32_t bits)
+{
+    const Floats d;
+    const hn::RebindToUnsigned<Floats> d32;
+    const auto wanted = hn::Set(d32, bits);
+    auto different = hn::Zero(d32);
+    for (int i = 0; i < kLevelStrip; i += static_cast<int>(hn::Lanes(d)))
+        different = hn::Or(different, hn::Xor(hn::BitCast(d32, hn::LoadU(d, samples + i)), wanted));
+    return hn::AllTrue(d32, hn::Eq(different, hn::Zero(d32)));
+}
+
+/// Fetches the samples that are needed some time after this strip.
+HWY_INLINE void fetchAhead(const float* strip)
+{
+    constexpr int kAhead = 256;
+    constexpr int kLine = 16;
+    for (int i = 0; i < kLevelStrip; i += kLine)
+        hwy::Prefetch(strip + kAhead + i);
+}
+
+/// Returns true when the strip is level in the next row.
+HWY_INLINE bool followStrip(LevelStrip& strip, std::uint32_t bits, bool level)
+{
+    const int before = strip.bits == bits ? strip.rows : 0;
+    strip = {bits, level ? before + 1 : 0};
+    return level;
+}
+
+bool follow(const float* row, int n, LevelStrip* strips)
+{
+    bool any = false;
+    for (; n >= kLevelStrip; n -= kLevelStrip, row += kLevelStrip, ++strips) {
+        fetchAhead(row);
+        const std::uint32_t bits = bitsOf(row[0]);
+        // Where nothing is level the ends are enough to see it.
+        if (followStrip(*strips, bits, bits == bitsOf(row[kLevelStrip - 1]) && isLevel(row, bits)))
+            any = true;
+    }
+    if (n == 0)
+        return any;
+    const std::uint32_t bits = bitsOf(row[0]);
+    const bool level = std::all_of(row, row + n, [bits](float sample) { return bitsOf(sample) == bits; });
+    return followStrip(*strips, bits, level) || any;
+}
+
+void fillRow(float* out, int n, float value)
+{
+    const Floats d;
+    const int step = static_cast<int>(hn::Lanes(d));
+    int i = 0;
+    for (; i + step <= n; i += step)
+        hn::StoreU(hn::Set(d, value), d, out + i);
+    std::fill(out + i, out + n, value);
+}
+
+} // namespace BlurAlgo::LevelKernels::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+namespace BlurAlgo::LevelKernels {
+
+HWY_EXPORT(follow);
+HWY_EXPORT(fillRow);
+
+bool followLevels(const float* row, int n, LevelStrip* strips)
+{
+    return HWY_DYNAMIC_DISPATCH(follow)(row, n, strips);
+}
+
+void fill(float* out, int n, float value)
+{
+    HWY_DYNAMIC_DISPATCH(fillRow)(out, n, value);
+}
+
+} // namespace BlurAlgo::LevelKernels
+#endif // HWY_ONCE
