@@ -139,22 +139,32 @@ void settleAny(std::span<float> values, Rounding rounding, const std::uint64_t* 
 
 // ---- elevation
 
-void shareRow(std::span<const float> values, float lowest, float scale, float* HWY_RESTRICT share)
+/// Depths of a vector of shares.
+template<class DF>
+HWY_INLINE void raiseAt(DF df, const float* share, double rise, float* depth)
+{
+    const auto depths = inDoubles<float>(df, [&](auto d, std::size_t i) HWY_ATTR {
+        const hn::Rebind<float, decltype(d)> dh;
+        return hn::DemoteTo(dh, hn::Mul(hn::PromoteTo(d, hn::LoadU(dh, share + i)), hn::Set(d, rise)));
+    });
+    hn::StoreU(depths, df, depth);
+}
+
+void elevateRow(std::span<const float> values, const LinearShare& profile, double rise, float* HWY_RESTRICT share,
+                float* HWY_RESTRICT depth)
 {
     forLanes<float>(values.size(), [&](auto d, std::size_t i) HWY_ATTR {
         const auto value = hn::LoadU(d, values.data() + i);
-        const auto x = hn::Mul(hn::Sub(value, hn::Set(d, lowest)), hn::Set(d, scale));
+        const auto x = hn::Mul(hn::Sub(value, hn::Set(d, profile.lowest)), hn::Set(d, profile.scale));
         hn::StoreU(hn::IfThenElseZero(hn::Gt(value, hn::Zero(d)), x), d, share + i);
+        raiseAt(d, share + i, rise, depth + i);
     });
 }
 
 void raiseRow(std::span<const float> share, double rise, float* HWY_RESTRICT depth)
 {
-    forLanes<double>(share.size(), [&](auto d, std::size_t i) HWY_ATTR {
-        const hn::Rebind<float, decltype(d)> df;
-        const auto x = hn::PromoteTo(d, hn::LoadU(df, share.data() + i));
-        hn::StoreU(hn::DemoteTo(df, hn::Mul(x, hn::Set(d, rise))), df, depth + i);
-    });
+    forLanes<float>(share.size(),
+                    [&](auto d, std::size_t i) HWY_ATTR { raiseAt(d, share.data() + i, rise, depth + i); });
 }
 
 } // namespace VolumeRowKernels::HWY_NAMESPACE
@@ -165,7 +175,7 @@ namespace VolumeRowKernels {
 
 HWY_EXPORT(packRow);
 HWY_EXPORT(settleAny);
-HWY_EXPORT(shareRow);
+HWY_EXPORT(elevateRow);
 HWY_EXPORT(raiseRow);
 
 void packPositive(std::span<const float> values, std::uint64_t* words)
@@ -178,9 +188,9 @@ void settle(std::span<float> values, Rounding rounding, const std::uint64_t* isN
     HWY_DYNAMIC_DISPATCH(settleAny)(values, rounding, isNear, span);
 }
 
-void share(std::span<const float> values, float lowest, float scale, float* share)
+void elevate(std::span<const float> values, const LinearShare& profile, double rise, float* share, float* depth)
 {
-    HWY_DYNAMIC_DISPATCH(shareRow)(values, lowest, scale, share);
+    HWY_DYNAMIC_DISPATCH(elevateRow)(values, profile, rise, share, depth);
 }
 
 void raise(std::span<const float> share, double rise, float* depth)

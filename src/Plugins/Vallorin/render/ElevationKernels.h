@@ -30,8 +30,16 @@ enum class Rounding
 /// @param isNear bits as packPositive() makes them
 void settle(std::span<float> values, Rounding rounding, const std::uint64_t* isNear, PositiveSpan& span);
 
-/// share[i] = (values[i] - lowest) * scale in single precision where the value is positive, else 0.
-void share(std::span<const float> values, float lowest, float scale, float* share);
+/// A straight profile of positive values.
+struct LinearShare
+{
+    float lowest; ///< the value whose share is 0
+    float scale;  ///< 1 / (the highest value - the lowest)
+};
+
+/// share[i] = (values[i] - lowest) * scale in single precision where the value is positive, else 0; depth[i] as raise()
+/// makes it.
+void elevate(std::span<const float> values, const LinearShare& profile, double rise, float* share, float* depth);
 
 /// depth[i] = share[i] * rise, multiplied in double precision.
 void raise(std::span<const float> share, double rise, float* depth);

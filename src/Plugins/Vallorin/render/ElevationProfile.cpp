@@ -1,16 +1,13 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The linear share of a row first, vector by vector; then, where there is one, the power of each.
+// A straight profile is drawn vector by vector; where there is a power, each is taken by itself or looked up.
 #include "render/ElevationProfile.h"
-
-#include "render/ElevationKernels.h"
 
 #include <algorithm>
 #include <cmath>
 
 ElevationProfile::ElevationProfile(const PositiveSpan& span, double smoothness, Values values, std::int64_t count)
-    : _lowest(span.lowest)
-    , _scale(span.highest > span.lowest ? 1.0F / (span.highest - span.lowest) : 1.0F)
+    : _line{span.lowest, span.highest > span.lowest ? 1.0F / (span.highest - span.lowest) : 1.0F}
     , _power(std::max(0.0, smoothness))
 {
     if (_power == 1.0)
@@ -19,21 +16,22 @@ ElevationProfile::ElevationProfile(const PositiveSpan& span, double smoothness, 
     if (_power == 0.0 || span.isEmpty() || values != Values::WHOLE || static_cast<float>(count) <= width)
         return;
     for (int i = 0; i <= static_cast<int>(width); ++i)
-        _table.push_back(powerOf(static_cast<float>(i) * _scale));
+        _table.push_back(powerOf(static_cast<float>(i) * _line.scale));
 }
 
-void ElevationProfile::shares(std::span<const float> values, float* share) const
+void ElevationProfile::elevate(std::span<const float> values, double rise, float* share, float* depth) const
 {
-    if (!_table.empty()) {
-        for (std::size_t i = 0; i < values.size(); ++i)
-            share[i] = values[i] > 0.0F ? _table[static_cast<std::size_t>(values[i] - _lowest)] : 0.0F;
+    if (_power == 0.0) {
+        VolumeRowKernels::elevate(values, _line, rise, share, depth);
         return;
     }
-    VolumeRowKernels::share(values, _lowest, _scale, share);
-    if (_power == 0.0)
-        return;
+    const auto shareOf = [&](float value) {
+        return _table.empty() ? powerOf((value - _line.lowest) * _line.scale)
+                              : _table[static_cast<std::size_t>(value - _line.lowest)];
+    };
     for (std::size_t i = 0; i < values.size(); ++i)
-        share[i] = powerOf(share[i]);
+        share[i] = values[i] > 0.0F ? shareOf(values[i]) : 0.0F;
+    VolumeRowKernels::raise({share, values.size()}, rise, depth);
 }
 
 float ElevationProfile::powerOf(float linearShare) const

@@ -3,6 +3,7 @@
 // From a blurred value to the share of the elevation that it stands for (VolumeModel.h).
 #pragma once
 
+#include "render/ElevationKernels.h"
 #include "render/PositiveSpan.h"
 
 #include <cstdint>
@@ -24,14 +25,14 @@ public:
     /// these numbers' power is taken once
     ElevationProfile(const PositiveSpan& span, double smoothness, Values values, std::int64_t count);
 
-    /// share[i] is that of values[i]; the values must lie within the span where they are positive.
-    void shares(std::span<const float> values, float* share) const;
+    /// share[i] is that of values[i], and depth[i] = share[i] * rise, multiplied in double precision; the values must
+    /// lie within the span where they are positive.
+    void elevate(std::span<const float> values, double rise, float* share, float* depth) const;
 
 private:
     float powerOf(float linearShare) const;
 
-    float _lowest;
-    float _scale;
+    VolumeRowKernels::LinearShare _line;
     double _power;             ///< 0: linear
     std::vector<float> _table; ///< the shares of the span's whole numbers, from the lowest up
 };

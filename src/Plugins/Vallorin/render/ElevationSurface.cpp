@@ -1,9 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A row of the plane becomes a row of shares, and that a row of depths.
+// A row of the plane becomes a row of shares and one of depths.
 #include "render/ElevationSurface.h"
-
-#include "render/ElevationKernels.h"
 
 #include <algorithm>
 
@@ -24,7 +22,6 @@ ColumnSpan BevelSurface::row(int y, float* share, float* depth) const
         return columns;
     const auto width = static_cast<std::size_t>(columns.width());
     const CEL_PixelFloat* const values = _plane.values->row(y).data() + columns.first;
-    _profile.shares({&values->value, width}, share + columns.first);
-    VolumeRowKernels::raise({share + columns.first, width}, _rise, depth + columns.first);
+    _profile.elevate({&values->value, width}, _rise, share + columns.first, depth + columns.first);
     return columns;
 }

@@ -36,6 +36,26 @@ HWY_INLINE void forLanes(std::size_t count, const Body& body)
         body(one, i);
 }
 
+/// What work(d, i) makes of the floats from i on, which are as many as a vector of doubles has: a vector of Results for
+/// as many floats as one has.
+template<typename Result, class DF, typename Work>
+HWY_INLINE auto inDoubles(DF, const Work& work)
+{
+#if HWY_TARGET == HWY_SCALAR
+    return work(hn::Rebind<double, DF>(), 0);
+#else
+    if constexpr (hn::MaxLanes(DF()) == 1) {
+        return work(hn::Rebind<double, DF>(), 0);
+    } else {
+        const hn::Half<DF> half;
+        const hn::Rebind<double, decltype(half)> d;
+        const auto lower = work(d, 0);
+        const auto upper = work(d, hn::Lanes(half));
+        return hn::Combine(hn::Rebind<Result, DF>(), upper, lower);
+    }
+#endif
+}
+
 } // namespace VolumeRowKernels::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
 

@@ -46,26 +46,6 @@ HWY_INLINE hn::Vec<D> lengthOf(D d, const Vector3<D>& v)
     return hn::Sqrt(squareOf(d, v));
 }
 
-/// What work(d, i) makes of the floats from i on, which are as many as a vector of doubles has: a vector of Results for
-/// as many floats as one has.
-template<typename Result, class DF, typename Work>
-HWY_INLINE auto inDoubles(DF, const Work& work)
-{
-#if HWY_TARGET == HWY_SCALAR
-    return work(hn::Rebind<double, DF>(), 0);
-#else
-    if constexpr (hn::MaxLanes(DF()) == 1) {
-        return work(hn::Rebind<double, DF>(), 0);
-    } else {
-        const hn::Half<DF> half;
-        const hn::Rebind<double, decltype(half)> d;
-        const auto lower = work(d, 0);
-        const auto upper = work(d, hn::Lanes(half));
-        return hn::Combine(hn::Rebind<Result, DF>(), upper, lower);
-    }
-#endif
-}
-
 // Double precision takes half of the lanes, and its divisions and roots most of a normal's time. Single precision is as
 // good as float channels can hold. 16-bit channels are coarse: there it nearly always finds the plain formula's code,
 // and it is known when. The few others take the plain formula. (A. Ziv, "Fast evaluation of elementary mathematical
