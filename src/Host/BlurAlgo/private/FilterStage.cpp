@@ -76,12 +76,12 @@ private:
     std::vector<Pair> _pairs;
 };
 
-/// A row of sums of rows, and where it is level.
-struct SummedRow
+/// Sums of a few rows, and where all of them are level at the same value.
+struct SummedRows
 {
-    float* samples = nullptr; ///< of the input's columns; zeros lie around them as far as the columns' filter reaches
+    /// Of the input's columns. Zeros lie around them as far as the columns' filter reaches.
+    std::array<float*, kFilteredRows> samples{};
     std::vector<LevelStrip> levels;
-    bool isLevelSomewhere = true;
 };
 
 /// Sums rows of n columns.
@@ -92,86 +92,61 @@ public:
         : _n(n), _weights(weights), _constants(weights), _levels(static_cast<std::size_t>(stripsOf(n)))
     {}
 
-    /// sums[j] = the sum of the rows around rows[j + reach]. The next call goes on where this one ends.
-    void run(std::span<const float* const> rows, std::span<SummedRow> sums)
+    /// Row j of so many sums = the sum of the rows around rows[j + reach]. The next call goes on where this one ends.
+    void run(std::span<const float* const> rows, std::size_t count, SummedRows& sums)
     {
-        const auto others = static_cast<std::size_t>(2 * reachOf(_weights));
-        if (!_begun)
-            for (const float* row : rows.first(others))
-                LevelKernels::followLevels(row, _n, _levels.data());
+        rows = rows.first(count + static_cast<std::size_t>(2 * reachOf(_weights)));
+        const std::span<const float* const> news = _begun ? rows.last(count) : rows;
         _begun = true;
-        for (SummedRow& sum : sums)
-            sum.isLevelSomewhere = false;
-        for (int x = 0; x < _n; x += kStrip)
-            for (std::size_t j = 0; j < sums.size(); ++j)
-                sumStrips(rows.subspan(j, others + 1), {x, std::min(x + kStrip, _n)}, sums[j]);
+        for (int x = 0; x < _n; x += kStrip) {
+            const Interval columns{x, std::min(x + kStrip, _n)};
+            LevelKernels::followLevels(news, x, columns.size(), _levels.data() + x / kLevelStrip);
+            sumStrips(rows, columns, sums, count);
+        }
     }
 
 private:
-    /// The sum of the rows in the columns x, which are those of whole strips.
-    void sumStrips(std::span<const float* const> rows, Interval x, SummedRow& sum)
+    /// The sums in the columns x, which are those of whole strips.
+    void sumStrips(std::span<const float* const> rows, Interval x, SummedRows& sums, std::size_t count)
     {
-        const int first = x.lo / kLevelStrip;
-        if (!LevelKernels::followLevels(rows.back() + x.lo, x.size(), levelsFrom(_levels, first))) {
-            work(rows, x, sum);
-            std::fill(levelsFrom(sum.levels, first), levelsFrom(sum.levels, stripsOf(x.hi)), LevelStrip());
-            return;
-        }
-        Interval unlevel{x.lo, x.lo};
-        for (int strip = first; strip < stripsOf(x.hi); ++strip) {
-            const LevelStrip& level = *levelsFrom(_levels, strip);
-            const Interval columns{strip * kLevelStrip, std::min((strip + 1) * kLevelStrip, x.hi)};
+        Interval others{x.lo, x.lo};
+        for (int lo = x.lo; lo < x.hi; lo += kLevelStrip) {
+            const LevelStrip& level = _levels[static_cast<std::size_t>(lo / kLevelStrip)];
+            LevelStrip& sumLevel = sums.levels[static_cast<std::size_t>(lo / kLevelStrip)];
+            const int hi = std::min(lo + kLevelStrip, x.hi);
             if (level.rows < static_cast<int>(rows.size())) {
-                unlevel.hi = columns.hi;
+                sumLevel = {};
+                others.hi = hi;
                 continue;
             }
-            workAndLook(rows, unlevel, sum);
-            setLevel(columns, _constants.of(level.value()), sum);
-            unlevel = {columns.hi, columns.hi};
+            work(rows, others, sums, count);
+            others = {hi, hi};
+            setLevel({lo, hi}, _constants.of(level.value()), sums, sumLevel);
         }
-        workAndLook(rows, unlevel, sum);
+        work(rows, others, sums, count);
     }
 
-    static LevelStrip* levelsFrom(std::vector<LevelStrip>& levels, int strip)
+    static void setLevel(Interval x, float value, SummedRows& sums, LevelStrip& level)
     {
-        return levels.data() + static_cast<std::ptrdiff_t>(strip);
-    }
-
-    static void setLevel(Interval x, float value, SummedRow& sum)
-    {
-        LevelStrip& level = *levelsFrom(sum.levels, x.lo / kLevelStrip);
-        sum.isLevelSomewhere = true;
         const auto bits = std::bit_cast<std::uint32_t>(value);
         // Most strips are at the value that they had in the rows before.
         if (level.rows > 0 && level.bits == bits)
             return;
         level = {bits, 1};
-        std::fill_n(sum.samples + x.lo, x.size(), value);
+        for (float* row : sums.samples)
+            std::fill_n(row + x.lo, x.size(), value);
     }
 
-    void work(std::span<const float* const> rows, Interval x, SummedRow& sum)
+    void work(std::span<const float* const> rows, Interval x, SummedRows& sums, std::size_t count)
     {
         if (x.size() == 0)
             return;
-        const float* const* middle = rows.data() + rows.size() / 2;
-        _pairs.clear();
-        for (std::size_t d = 1; d < _weights.size(); ++d)
-            _pairs.push_back({*(middle - d) + x.lo, *(middle + d) + x.lo, _weights[d]});
-        RowKernels::weightedSum(*middle + x.lo, _weights[0], _pairs, sum.samples + x.lo, x.size());
-    }
-
-    /// The same, and where the sum is level because all rows are, if at several values.
-    void workAndLook(std::span<const float* const> rows, Interval x, SummedRow& sum)
-    {
-        work(rows, x, sum);
-        for (int strip = x.lo / kLevelStrip; strip < stripsOf(x.hi); ++strip) {
-            LevelStrip& level = *levelsFrom(sum.levels, strip);
-            level.rows = 0;
-            if (levelsFrom(_levels, strip)->rows == 0)
-                continue;
-            const int begin = strip * kLevelStrip;
-            const int columns = std::min(kLevelStrip, x.hi - begin);
-            sum.isLevelSomewhere |= LevelKernels::followLevels(sum.samples + begin, columns, &level);
+        for (std::size_t j = 0; j < count; ++j) {
+            const float* const* middle = rows.data() + j + _weights.size() - 1;
+            _pairs.clear();
+            for (std::size_t d = 1; d < _weights.size(); ++d)
+                _pairs.push_back({*(middle - d) + x.lo, *(middle + d) + x.lo, _weights[d]});
+            RowKernels::weightedSum(*middle + x.lo, _weights[0], _pairs, sums.samples[j] + x.lo, x.size());
         }
     }
 
@@ -191,74 +166,92 @@ public:
         : _n(n), _out(out), _weights(weights), _constants(weights)
     {}
 
-    void run(const SummedRow& row, float* out)
+    void run(const SummedRows& sums, std::span<float* const> results)
     {
-        _done = _out.lo;
-        _level = kZeros;
-        _begin = -kEndless;
-        if (row.isLevelSomewhere)
-            for (int strip = 0; strip < stripsOf(_n); ++strip)
-                goOn(row, strip * kLevelStrip, row.levels[static_cast<std::size_t>(strip)], out);
-        else
-            goOn(row, 0, {}, out);
-        goOn(row, _n, kZeros, out);
-        addLevel(row, {_begin, kEndless}, _level.value(), out);
-        work(row, _out.hi, out);
+        findPieces(sums.levels);
+        for (std::size_t j = 0; j < results.size(); ++j)
+            for (const Piece& piece : _pieces) {
+                float* out = results[j] + (piece.x.lo - _out.lo);
+                if (piece.isLevel)
+                    LevelKernels::fill(out, piece.x.size(), piece.value);
+                else
+                    work(sums.samples[j], piece.x, out);
+            }
     }
 
 private:
-    /// Around the row there are zeros as far as anyone looks.
+    /// Columns of the result that are to be worked out, or are known.
+    struct Piece
+    {
+        Interval x;
+        bool isLevel;
+        float value;
+    };
+
+    /// Around the rows there are zeros as far as anyone looks.
     static constexpr LevelStrip kZeros{0, 1};
     static constexpr int kEndless = std::numeric_limits<int>::max() / 2;
-    /// Sums are worked out for so many columns at least, and fewer than that are not worth an interruption.
+    /// Sums are worked out for multiples of so many columns, and fewer than that are not worth an interruption.
     static constexpr int kGrain = 16;
 
-    /// From column x on the samples are level at this, or not level.
-    void goOn(const SummedRow& row, int x, const LevelStrip& level, float* out)
+    void findPieces(std::span<const LevelStrip> levels)
     {
-        if (_level.rows > 0 && level.rows > 0 && _level.bits == level.bits)
-            return;
-        if (_level.rows > 0)
-            addLevel(row, {_begin, x}, _level.value(), out);
-        _level = level;
-        _begin = x;
+        _pieces.clear();
+        _done = _out.lo;
+        LevelStrip level = kZeros;
+        int begin = -kEndless;
+        const auto goOn = [&](int x, const LevelStrip& next) {
+            if (level.rows > 0 && next.rows > 0 && level.bits == next.bits)
+                return;
+            if (level.rows > 0)
+                addLevel({begin, x}, level.value());
+            level = next;
+            begin = x;
+        };
+        for (int x = 0; x < _n; x += kLevelStrip)
+            goOn(x, levels[static_cast<std::size_t>(x / kLevelStrip)]);
+        goOn(_n, kZeros);
+        addLevel({begin, kEndless}, level.value());
+        addOthers(_out.hi);
     }
 
-    /// All samples in the columns x are of this value; the ones before them are dealt with here, too.
-    void addLevel(const SummedRow& row, Interval x, float value, float* out)
+    /// All samples in the columns x are of this value, which is what the sums far enough inside are made of.
+    void addLevel(Interval x, float value)
     {
         const int reach = reachOf(_weights);
-        const int end = std::min(x.hi - reach, _out.hi);
-        int begin = std::max(x.lo + reach, _done);
-        // The sums before end with whole vectors.
-        begin = _done + (begin - _done + kGrain - 1) / kGrain * kGrain;
-        if (end - begin < kGrain)
+        const int hi = std::min(x.hi - reach, _out.hi);
+        const int others = std::max(x.lo + reach - _done, 0);
+        const int lo = _done + (others + kGrain - 1) / kGrain * kGrain;
+        if (hi - lo < kGrain)
             return;
-        work(row, begin, out);
-        LevelKernels::fill(out + (begin - _out.lo), end - begin, _constants.of(value));
+        addOthers(lo);
+        _pieces.push_back({{lo, hi}, true, _constants.of(value)});
+        _done = hi;
+    }
+
+    /// What is not in any piece yet of the columns before the end.
+    void addOthers(int end)
+    {
+        if (end > _done)
+            _pieces.push_back({{_done, end}, false, 0.0F});
         _done = end;
     }
 
-    /// What is not done yet of the columns before the end.
-    void work(const SummedRow& row, int end, float* out)
+    void work(const float* row, Interval x, float* out)
     {
-        if (end == _done)
-            return;
-        const float* middle = row.samples + _done;
+        const float* middle = row + x.lo;
         _pairs.clear();
         for (std::size_t d = 1; d < _weights.size(); ++d)
             _pairs.push_back({middle - d, middle + d, _weights[d]});
-        RowKernels::weightedSum(middle, _weights[0], _pairs, out + (_done - _out.lo), end - _done);
-        _done = end;
+        RowKernels::weightedSum(middle, _weights[0], _pairs, out, x.size());
     }
 
     int _n;
     Interval _out;
     std::span<const float> _weights;
     ConstantSums _constants;
-    int _done = 0;     ///< where the columns begin that have yet to be made
-    LevelStrip _level; ///< what the samples are like at the column in question
-    int _begin = 0;    ///< since which column
+    std::vector<Piece> _pieces;
+    int _done = 0; ///< the columns before this one are in pieces
     std::vector<Pair> _pairs;
 };
 
@@ -278,25 +271,23 @@ public:
         : _rows(in.size(), yWeights), _columns(in.size(), {out.lo - in.lo, out.hi - in.lo}, xWeights)
     {
         const int skipped = in.lo - paddedColumns(in, out, xWeights).lo;
-        for (SummedRow& sum : _sums) {
-            sum.samples = memory.takeZeros() + skipped;
-            sum.levels.assign(static_cast<std::size_t>(stripsOf(in.size())), {0, 1});
-        }
+        for (float*& row : _sums.samples)
+            row = memory.takeZeros() + skipped;
+        _sums.levels.assign(static_cast<std::size_t>(stripsOf(in.size())), {0, 1});
     }
 
     /// Results are made of the rows around those that come after as many as the filter reaches. The next call goes on
     /// below.
     void run(std::span<const float* const> rows, std::span<float* const> results)
     {
-        _rows.run(rows, std::span(_sums).first(results.size()));
-        for (std::size_t j = 0; j < results.size(); ++j)
-            _columns.run(_sums[j], results[j]);
+        _rows.run(rows, results.size(), _sums);
+        _columns.run(_sums, results);
     }
 
 private:
     RowSummer _rows;
     ColumnSummer _columns;
-    std::array<SummedRow, kFilteredRows> _sums;
+    SummedRows _sums;
 };
 
 } // namespace

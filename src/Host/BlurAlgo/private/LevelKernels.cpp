@@ -46,29 +46,39 @@ HWY_INLINE void fetchAhead(const float* strip)
         hwy::Prefetch(strip + kAhead + i);
 }
 
-/// Returns true when the strip is level in the next row.
-HWY_INLINE bool followStrip(LevelStrip& strip, std::uint32_t bits, bool level)
+HWY_INLINE void addRow(LevelStrip& strip, std::uint32_t bits, bool level)
 {
     const int before = strip.bits == bits ? strip.rows : 0;
     strip = {bits, level ? before + 1 : 0};
-    return level;
 }
 
-bool follow(const float* row, int n, LevelStrip* strips)
+HWY_INLINE void addWhole(LevelStrip& strip, const float* samples)
 {
-    bool any = false;
-    for (; n >= kLevelStrip; n -= kLevelStrip, row += kLevelStrip, ++strips) {
-        fetchAhead(row);
-        const std::uint32_t bits = bitsOf(row[0]);
-        // Where nothing is level the ends are enough to see it.
-        if (followStrip(*strips, bits, bits == bitsOf(row[kLevelStrip - 1]) && isLevel(row, bits)))
-            any = true;
+    const std::uint32_t bits = bitsOf(samples[0]);
+    // Where nothing is level the ends are enough to see it.
+    addRow(strip, bits, bits == bitsOf(samples[kLevelStrip - 1]) && isLevel(samples, bits));
+}
+
+HWY_INLINE void addPart(LevelStrip& strip, const float* samples, int n)
+{
+    const std::uint32_t bits = bitsOf(samples[0]);
+    addRow(strip, bits, std::all_of(samples, samples + n, [bits](float v) { return bitsOf(v) == bits; }));
+}
+
+void follow(std::span<const float* const> rows, int x, int n, LevelStrip* strips)
+{
+    const int end = x + n;
+    for (; x + kLevelStrip <= end; x += kLevelStrip, ++strips) {
+        LevelStrip strip = *strips;
+        for (const float* row : rows) {
+            fetchAhead(row + x);
+            addWhole(strip, row + x);
+        }
+        *strips = strip;
     }
-    if (n == 0)
-        return any;
-    const std::uint32_t bits = bitsOf(row[0]);
-    const bool level = std::all_of(row, row + n, [bits](float sample) { return bitsOf(sample) == bits; });
-    return followStrip(*strips, bits, level) || any;
+    if (x < end)
+        for (const float* row : rows)
+            addPart(*strips, row + x, end - x);
 }
 
 void fillRow(float* out, int n, float value)
@@ -90,9 +100,9 @@ namespace BlurAlgo::LevelKernels {
 HWY_EXPORT(follow);
 HWY_EXPORT(fillRow);
 
-bool followLevels(const float* row, int n, LevelStrip* strips)
+void followLevels(std::span<const float* const> rows, int x, int n, LevelStrip* strips)
 {
-    return HWY_DYNAMIC_DISPATCH(follow)(row, n, strips);
+    HWY_DYNAMIC_DISPATCH(follow)(rows, x, n, strips);
 }
 
 void fill(float* out, int n, float value)

@@ -9,6 +9,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <span>
 
 namespace BlurAlgo::LevelKernels {
 
@@ -29,8 +30,8 @@ struct LevelStrip
     float value() const { return std::bit_cast<float>(bits); }
 };
 
-/// Looks at the next row, n samples that begin where the first strip does. Returns true when any strip is level in it.
-bool followLevels(const float* row, int n, LevelStrip* strips);
+/// Looks at the next rows, n columns from x on, where the first strip begins.
+void followLevels(std::span<const float* const> rows, int x, int n, LevelStrip* strips);
 
 /// n samples of one value.
 void fill(float* out, int n, float value);
