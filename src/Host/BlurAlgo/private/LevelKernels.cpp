@@ -40,7 +40,7 @@ HWY_INLINE bool isLevel(const float* samples, std::uint32_t bits)
 /// Fetches the samples that are needed some time after this strip.
 HWY_INLINE void fetchAhead(const float* strip)
 {
-    constexpr int kAhead = 256;
+    constexpr int kAhead = 128;
     constexpr int kLine = 16;
     for (int i = 0; i < kLevelStrip; i += kLine)
         hwy::Prefetch(strip + kAhead + i);
