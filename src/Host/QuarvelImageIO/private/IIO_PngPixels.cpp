@@ -1,10 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // A zlib stream (RFC 1950) is two bytes, a deflate stream, and a checksum. Each band becomes a piece of the deflate
-// stream that looks back at no other and ends at the border of a byte; the checksums of the bands are combined. To look
-// back over the borders makes files hardly smaller: a five-hundredth part at the default setting.
+// stream; the checksums of the bands are combined. To look back over the borders of bands makes files hardly smaller: a
+// five-hundredth part at the default setting.
 #include "QuarvelImageIO/private/IIO_PngPixels.h"
 
+#include "QuarvelImageIO/private/IIO_Deflate.h"
 #include "QuarvelImageIO/private/IIO_PngFilter.h"
 
 #include <QtEndian>
@@ -16,7 +17,6 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
-#include <new>
 
 namespace {
 
@@ -50,52 +50,6 @@ void takeRow(const uchar* source, const IIO_PngForm& form, std::span<std::uint8_
             qToBigEndian(samples[c], bytes + (i + c) * sizeof(Sample));
 }
 
-// How zlib is to go about it.
-struct Effort
-{
-    int level;
-    int strategy;
-};
-
-// Of filtered rows, runs of equal bytes are nearly all that can be found, and these are found quickly.
-constexpr Effort kFast{1, Z_RLE};
-// Beyond this level files hardly shrink and smooth pictures take ten times as long.
-constexpr Effort kSmall{6, Z_FILTERED};
-constexpr Effort kNone{Z_NO_COMPRESSION, Z_DEFAULT_STRATEGY};
-
-Effort effortFor(IIO_Compression compression)
-{
-    switch (compression) {
-    case IIO_Compression::NONE:
-        return kNone;
-    case IIO_Compression::SMALL:
-        return kSmall;
-    case IIO_Compression::FAST:
-        break;
-    }
-    return kFast;
-}
-
-void pressBytes(std::span<const std::uint8_t> bytes, const Effort& effort, bool isLast, Bytes& output)
-{
-    constexpr int kRawStream = -15;
-    constexpr int kMostMemory = 9;
-    z_stream stream{};
-    if (deflateInit2(&stream, effort.level, Z_DEFLATED, kRawStream, kMostMemory, effort.strategy) != Z_OK)
-        throw std::bad_alloc();
-    constexpr std::size_t kFlushMark = 16;
-    const std::size_t before = output.size();
-    output.resize(before + deflateBound(&stream, bytes.size()) + kFlushMark);
-    stream.next_in = const_cast<Bytef*>(bytes.data());
-    stream.avail_in = static_cast<uInt>(bytes.size());
-    stream.next_out = output.data() + before;
-    stream.avail_out = static_cast<uInt>(output.size() - before);
-    deflate(&stream, isLast ? Z_FINISH : Z_SYNC_FLUSH);
-    assert(stream.avail_in == 0 && stream.avail_out > 0);
-    output.resize(before + stream.total_out);
-    deflateEnd(&stream);
-}
-
 class BandPress
 {
 public:
@@ -124,9 +78,12 @@ private:
     // What a thread works with, from band to band.
     struct Workplace
     {
+        explicit Workplace(IIO_Compression compression) : deflate(compression) {}
+
         Bytes row;
         Bytes above;
         Bytes filtered;
+        IIO_Deflate deflate;
     };
 
     void press(Band& band, int firstRow, bool isLast)
@@ -134,8 +91,8 @@ private:
         Workplace& place = _places.local();
         filterRows(place, firstRow, std::min(firstRow + _rowsPerBand, _image.height()));
         band.length = place.filtered.size();
-        band.checksum = static_cast<std::uint32_t>(adler32_z(1, place.filtered.data(), place.filtered.size()));
-        pressBytes(place.filtered, effortFor(_compression), isLast, band.pressed);
+        band.checksum = IIO_Deflate::checksumOf(place.filtered);
+        place.deflate.press(place.filtered, isLast, band.pressed);
         band.pressed.shrink_to_fit();
     }
 
@@ -171,7 +128,7 @@ private:
     const std::size_t _bytesPerPixel;
     const std::size_t _bytesPerRow;
     const int _rowsPerBand;
-    tbb::enumerable_thread_specific<Workplace> _places;
+    tbb::enumerable_thread_specific<Workplace> _places{_compression};
 };
 
 } // namespace
