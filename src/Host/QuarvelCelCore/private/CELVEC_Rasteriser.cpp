@@ -6,6 +6,8 @@
 // format while it is in the cache. Bands are painted in parallel; where one ends does not depend on the threads.
 #include "QuarvelCelCore/private/CELVEC_Rasteriser.h"
 
+#include "QuarvelCelCore/CEL_PixelMemory.h"
+
 #include <QImage>
 #include <QPainter>
 #include <tbb/blocked_range.h>
@@ -13,6 +15,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <optional>
 
@@ -179,13 +182,40 @@ int bandHeight(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect
     return std::ranges::any_of(shapes, isPicture) ? std::max(rect.height(), 1) : kRows;
 }
 
-template<typename Pixel>
-void paintBand(const std::vector<PaintedShape>& shapes, const Math::Box2di& band, CEL_PixmapOf<Pixel>& target)
+// What bands are painted on, one after the other: fresh memory for each would cost as much as the painting.
+class Canvas
 {
-    QImage picture(band.width(), band.height(), QImage::Format_RGBA64_Premultiplied);
+public:
+    Canvas(int width, int height)
+        : _width(width)
+        , _bytes(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * sizeof(QRgba64))
+        , _pixels(static_cast<uchar*>(CEL_PixelMemory::take(_bytes)))
+    {}
+    ~Canvas() { CEL_PixelMemory::give(_pixels, _bytes); }
+    Canvas(const Canvas&) = delete;
+    Canvas& operator=(const Canvas&) = delete;
+
+    // So many rows, transparent.
+    QImage cleared(int rows) const
+    {
+        const auto bytesPerRow = static_cast<qsizetype>(sizeof(QRgba64)) * _width;
+        std::memset(_pixels, 0, static_cast<std::size_t>(rows * bytesPerRow));
+        return {_pixels, _width, rows, bytesPerRow, QImage::Format_RGBA64_Premultiplied};
+    }
+
+private:
+    int _width;
+    std::size_t _bytes;
+    uchar* _pixels;
+};
+
+template<typename Pixel>
+void paintBand(const std::vector<PaintedShape>& shapes, const Math::Box2di& band, const Canvas& canvas,
+               CEL_PixmapOf<Pixel>& target)
+{
+    QImage picture = canvas.cleared(band.height());
     if (picture.isNull())
         throw std::bad_alloc();
-    picture.fill(Qt::transparent);
     paint(shapes, band, picture);
     copyPixels<Pixel>(picture, band, target);
 }
@@ -198,9 +228,10 @@ void paintBands(const std::vector<PaintedShape>& shapes, CEL_PixmapOf<Pixel>& ta
     const int bands = (rect.height() + height - 1) / height;
     tbb::parallel_for(tbb::blocked_range<int>(0, bands), [&](const tbb::blocked_range<int>& range) {
         const std::vector<PaintedShape> own = ownCopies(shapes);
+        const Canvas canvas(rect.width(), height);
         for (int i = range.begin(); i < range.end(); ++i) {
             const int top = rect.y1 + i * height;
-            paintBand<Pixel>(own, {rect.x1, top, rect.x2, std::min(top + height, rect.y2)}, target);
+            paintBand<Pixel>(own, {rect.x1, top, rect.x2, std::min(top + height, rect.y2)}, canvas, target);
         }
     });
 }
