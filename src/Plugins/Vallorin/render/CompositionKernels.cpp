@@ -24,146 +24,123 @@ void place16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* o
     placeEach(coverage, object, blue, output);
 }
 
+void placeFloat(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
+                CEL_PixelRGBAFloat* output, Stores)
+{
+    placeEach(coverage, object, blue, output);
+}
+
 void blend16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
              CEL_PixelRGBA16* output)
 {
     blendEach(coverage, object, blue, output);
 }
 #else
-// A pixel is one 64-bit lane, with red in its lowest bits.
-using PixelTag = hn::ScalableTag<std::int64_t>;
-using ChannelTag = hn::Repartition<std::int16_t, PixelTag>;
+// A channel to a lane.
+template<typename Pixel>
+using ChannelTag = hn::ScalableTag<decltype(Pixel::r)>;
 
-HWY_INLINE hn::Vec<PixelTag> loadPixels(const CEL_PixelRGBA16* pixels)
+template<typename Pixel>
+HWY_INLINE hn::Vec<ChannelTag<Pixel>> loadChannels(const Pixel* pixels)
 {
-    return hn::BitCast(PixelTag(), hn::LoadU(ChannelTag(), &pixels->r));
+    return hn::LoadU(ChannelTag<Pixel>(), &pixels->r);
 }
 
-HWY_INLINE void storePixels(hn::Vec<PixelTag> pixels, CEL_PixelRGBA16* to)
-{
-    hn::StoreU(hn::BitCast(ChannelTag(), pixels), ChannelTag(), &to->r);
-}
-
-/// placedPixel() (NormalPlacement.h) for whole vectors.
-class Placement
+/// placedPixel() (NormalPlacement.h) for a vector of 16-bit pixels: each is one 64-bit lane, with red in its lowest
+/// bits.
+class Placement16
 {
 public:
-    explicit Placement(const Blue& blue)
+    using PixelTag = hn::ScalableTag<std::int64_t>;
+    using Pixels = hn::Vec<PixelTag>;
+
+    explicit Placement16(const Blue& blue)
         : _kept(hn::Set(PixelTag(), blue.isElevation ? 0x0000FFFFFFFFFFFF : 0x00000000FFFFFFFF))
         , _given(
               hn::Set(PixelTag(), blue.isElevation ? 0 : std::int64_t{static_cast<std::uint16_t>(blue.number)} << 32))
     {}
 
-    HWY_INLINE hn::Vec<PixelTag> operator()(hn::Vec<PixelTag> alpha, const CEL_PixelRGBA16* object) const
+    /// The object's pixels where there is coverage, and zeros elsewhere. They need not come from memory where nothing
+    /// is covered.
+    HWY_INLINE auto over(const CEL_PixelRGBA16* coverage, const CEL_PixelRGBA16* object) const
     {
         const PixelTag d;
-        const auto stored = hn::IfThenElse(isSaturated(alpha), hn::Set(d, 32767), alpha);
-        return hn::Or(hn::Or(hn::And(loadPixels(object), _kept), _given), hn::ShiftLeft<48>(stored));
+        const auto alpha = alphaOf(load(coverage));
+        const auto covers = hn::Gt(alpha, hn::Zero(d));
+        auto pixels = hn::Zero(d);
+        if (!hn::AllFalse(d, covers))
+            pixels = hn::IfThenElseZero(covers, placed(alpha, object));
+        return hn::BitCast(ChannelTag<CEL_PixelRGBA16>(), pixels);
     }
 
-    static HWY_INLINE hn::Mask<PixelTag> isSaturated(hn::Vec<PixelTag> alpha)
+    HWY_INLINE Pixels placed(Pixels alpha, const CEL_PixelRGBA16* object) const
     {
-        return hn::Gt(alpha, hn::Set(PixelTag(), 32439));
+        const auto stored = hn::IfThenElse(isSaturated(alpha), hn::Set(PixelTag(), 32767), alpha);
+        return hn::Or(hn::Or(hn::And(load(object), _kept), _given), hn::ShiftLeft<48>(stored));
+    }
+
+    static HWY_INLINE Pixels load(const CEL_PixelRGBA16* pixels)
+    {
+        return hn::BitCast(PixelTag(), loadChannels(pixels));
+    }
+
+    static HWY_INLINE Pixels alphaOf(Pixels pixels) { return hn::ShiftRight<48>(pixels); }
+
+    static HWY_INLINE hn::Mask<PixelTag> isSaturated(Pixels alpha) { return hn::Gt(alpha, hn::Set(PixelTag(), 32439)); }
+
+private:
+    Pixels _kept;
+    Pixels _given;
+};
+
+/// The same for float pixels: each is 16 bytes of a vector.
+class PlacementFloat
+{
+public:
+    using Tag = ChannelTag<CEL_PixelRGBAFloat>;
+
+    explicit PlacementFloat(const Blue& blue)
+        : _kept(repeated(~0U, ~0U, blue.isElevation ? ~0U : 0, 0)), _alpha(repeated(0, 0, 0, ~0U))
+    {}
+
+    HWY_INLINE auto over(const CEL_PixelRGBAFloat* coverage, const CEL_PixelRGBAFloat* object) const
+    {
+        // The largest float that is not saturated yet.
+        constexpr auto kBelow = static_cast<float>(VolumeTraits<CEL_PixelRGBAFloat>::kSaturated);
+        static_assert(kBelow < VolumeTraits<CEL_PixelRGBAFloat>::kSaturated);
+        const Tag d;
+        const auto alpha = hn::Broadcast<3>(loadChannels(coverage));
+        const auto covers = hn::Gt(alpha, hn::Zero(d));
+        if (hn::AllFalse(d, covers))
+            return hn::Zero(d);
+        const auto stored = hn::IfThenElse(hn::Gt(alpha, hn::Set(d, kBelow)), hn::Set(d, 1.0F), alpha);
+        const auto placed = hn::Or(hn::And(stored, _alpha), hn::And(loadChannels(object), _kept));
+        return hn::IfThenElseZero(covers, placed);
     }
 
 private:
-    hn::Vec<PixelTag> _kept;
-    hn::Vec<PixelTag> _given;
+    static HWY_INLINE hn::Vec<Tag> repeated(std::uint32_t r, std::uint32_t g, std::uint32_t b, std::uint32_t a)
+    {
+        alignas(16) const std::uint32_t bits[] = {r, g, b, a};
+        return hn::BitCast(Tag(), hn::LoadDup128(hn::RebindToUnsigned<Tag>(), bits));
+    }
+
+    hn::Vec<Tag> _kept; // of the object's channels
+    hn::Vec<Tag> _alpha;
 };
 
-template<bool kPastCache>
-void placeRow(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
-              CEL_PixelRGBA16* HWY_RESTRICT output)
-{
-    const PixelTag d;
-    const ChannelTag channels;
-    const Placement placed(blue);
-    std::size_t i = kPastCache ? std::min(coverage.size(), untilAligned(channels, output)) : 0;
-    placeEach(coverage.first(i), object, blue, output);
-    for (; i + hn::Lanes(d) <= coverage.size(); i += hn::Lanes(d)) {
-        const auto alpha = hn::ShiftRight<48>(loadPixels(&coverage[i]));
-        const auto covers = hn::Gt(alpha, hn::Zero(d));
-        // The object's pixels need not come from memory where nothing is covered.
-        auto pixels = hn::Zero(d);
-        if (!hn::AllFalse(d, covers))
-            pixels = hn::IfThenElseZero(covers, placed(alpha, object + i));
-        if constexpr (kPastCache)
-            hn::Stream(hn::BitCast(channels, pixels), channels, &output[i].r);
-        else
-            storePixels(pixels, output + i);
-    }
-    placeEach(coverage.subspan(i), object + i, blue, output + i);
-}
-
-void place16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
-             CEL_PixelRGBA16* output, Stores stores)
-{
-    if (stores == Stores::PAST_CACHE)
-        placeRow<true>(coverage, object, blue, output);
-    else
-        placeRow<false>(coverage, object, blue, output);
-}
-
-void blend16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
-             CEL_PixelRGBA16* HWY_RESTRICT output)
-{
-    const PixelTag d;
-    const auto zero = hn::Zero(d);
-    const std::size_t step = hn::Lanes(d);
-    const Placement placed(blue);
-    std::size_t i = 0;
-    for (; i + step <= coverage.size(); i += step) {
-        const auto alpha = hn::ShiftRight<48>(loadPixels(&coverage[i]));
-        const auto covers = hn::Gt(alpha, zero);
-        if (hn::AllFalse(d, covers))
-            continue;
-        const auto before = loadPixels(output + i);
-        const auto isThere = hn::Gt(hn::ShiftRight<48>(before), zero);
-        const auto isBlended = hn::And(hn::AndNot(Placement::isSaturated(alpha), covers), isThere);
-        if (hn::AllFalse(d, isBlended))
-            storePixels(hn::IfThenElse(covers, placed(alpha, object + i), before), output + i);
-        else
-            blendEach(coverage.subspan(i, step), object + i, blue, output + i);
-    }
-    blendEach(coverage.subspan(i), object + i, blue, output + i);
-}
-#endif
-
-#if HWY_TARGET == HWY_SCALAR
-void placeFloat(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
-                CEL_PixelRGBAFloat* output, Stores)
-{
-    placeEach(coverage, object, blue, output);
-}
-#else
-// A pixel is 16 bytes of a vector.
-template<bool kPastCache>
-void placeFloatRow(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
-                   CEL_PixelRGBAFloat* HWY_RESTRICT output)
+template<class Placement, bool kPastCache, typename Pixel>
+HWY_INLINE void placeRow(std::span<const Pixel> coverage, const Pixel* object, const Blue& blue,
+                         Pixel* HWY_RESTRICT output)
 {
     constexpr std::size_t kChannels = 4;
-    const hn::ScalableTag<float> d;
-    const hn::RebindToUnsigned<decltype(d)> bits;
-    alignas(16) constexpr std::uint32_t kAlpha[] = {0, 0, 0, ~0U};
-    alignas(16) const std::uint32_t keptOfObject[] = {~0U, ~0U, blue.isElevation ? ~0U : 0, 0};
-    const auto isAlpha = hn::MaskFromVec(hn::BitCast(d, hn::LoadDup128(bits, kAlpha)));
-    const auto kept = hn::BitCast(d, hn::LoadDup128(bits, keptOfObject));
-    const auto one = hn::Set(d, 1.0F);
-    // The largest float that is not saturated yet.
-    constexpr auto kBelow = static_cast<float>(VolumeTraits<CEL_PixelRGBAFloat>::kSaturated);
-    static_assert(kBelow < VolumeTraits<CEL_PixelRGBAFloat>::kSaturated);
+    const ChannelTag<Pixel> d;
     const std::size_t step = hn::Lanes(d) / kChannels;
+    const Placement placement(blue);
     std::size_t i = kPastCache ? std::min(coverage.size(), untilAligned(d, output)) : 0;
     placeEach(coverage.first(i), object, blue, output);
     for (; i + step <= coverage.size(); i += step) {
-        const auto alpha = hn::Broadcast<3>(hn::LoadU(d, &coverage[i].r));
-        const auto covers = hn::Gt(alpha, hn::Zero(d));
-        auto pixels = hn::Zero(d);
-        if (!hn::AllFalse(d, covers)) {
-            const auto stored = hn::IfThenElse(hn::Gt(alpha, hn::Set(d, kBelow)), one, alpha);
-            const auto placed = hn::IfThenElse(isAlpha, stored, hn::And(hn::LoadU(d, &object[i].r), kept));
-            pixels = hn::IfThenElseZero(covers, placed);
-        }
+        const auto pixels = placement.over(&coverage[i], object + i);
         if constexpr (kPastCache)
             hn::Stream(pixels, d, &output[i].r);
         else
@@ -172,13 +149,53 @@ void placeFloatRow(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_Pixel
     placeEach(coverage.subspan(i), object + i, blue, output + i);
 }
 
+template<class Placement, typename Pixel>
+HWY_INLINE void placeAny(std::span<const Pixel> coverage, const Pixel* object, const Blue& blue, Pixel* output,
+                         Stores stores)
+{
+    if (stores == Stores::PAST_CACHE)
+        placeRow<Placement, true>(coverage, object, blue, output);
+    else
+        placeRow<Placement, false>(coverage, object, blue, output);
+}
+
+void place16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+             CEL_PixelRGBA16* output, Stores stores)
+{
+    placeAny<Placement16>(coverage, object, blue, output, stores);
+}
+
 void placeFloat(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
                 CEL_PixelRGBAFloat* output, Stores stores)
 {
-    if (stores == Stores::PAST_CACHE)
-        placeFloatRow<true>(coverage, object, blue, output);
-    else
-        placeFloatRow<false>(coverage, object, blue, output);
+    placeAny<PlacementFloat>(coverage, object, blue, output, stores);
+}
+
+void blend16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+             CEL_PixelRGBA16* HWY_RESTRICT output)
+{
+    const Placement16::PixelTag d;
+    const ChannelTag<CEL_PixelRGBA16> channels;
+    const auto zero = hn::Zero(d);
+    const std::size_t step = hn::Lanes(d);
+    const Placement16 placement(blue);
+    std::size_t i = 0;
+    for (; i + step <= coverage.size(); i += step) {
+        const auto alpha = Placement16::alphaOf(Placement16::load(&coverage[i]));
+        const auto covers = hn::Gt(alpha, zero);
+        if (hn::AllFalse(d, covers))
+            continue;
+        const auto before = Placement16::load(output + i);
+        const auto isThere = hn::Gt(Placement16::alphaOf(before), zero);
+        const auto isBlended = hn::And(hn::AndNot(Placement16::isSaturated(alpha), covers), isThere);
+        if (!hn::AllFalse(d, isBlended)) {
+            blendEach(coverage.subspan(i, step), object + i, blue, output + i);
+            continue;
+        }
+        const auto pixels = hn::IfThenElse(covers, placement.placed(alpha, object + i), before);
+        hn::StoreU(hn::BitCast(channels, pixels), channels, &output[i].r);
+    }
+    blendEach(coverage.subspan(i), object + i, blue, output + i);
 }
 #endif
 

@@ -30,51 +30,46 @@ struct alignas(16) Repeated
     std::array<Pixel, kCount> pixels;
 };
 
-template<class V, class D, typename Channel>
-HWY_INLINE void storeVector(V vector, D d, Channel* to, bool pastCache)
-{
-    if (pastCache)
-        hn::Stream(vector, d, to);
-    else
-        hn::StoreU(vector, d, to);
-}
-
 // A channel to a lane. A vector of the plainest instruction set, of one lane, holds no whole pixel.
 template<typename Pixel>
 using ChannelTag = hn::ScalableTag<decltype(Pixel::r)>;
 
+// Stores pixels: vectorAt(i) from i on in whole vectors, pixelAt(i) elsewhere.
+template<typename Pixel, typename VectorAt, typename PixelAt>
+HWY_INLINE void storeRow(std::span<Pixel> pixels, bool pastCache, const VectorAt& vectorAt, const PixelAt& pixelAt)
+{
+    constexpr std::size_t kChannels = 4;
+    const ChannelTag<Pixel> d;
+    const std::size_t step = hn::Lanes(d) / kChannels;
+    const std::size_t before = step > 0 && pastCache ? std::min(pixels.size(), untilAligned(d, pixels.data())) : 0;
+    std::size_t i = 0;
+    for (; i < before; ++i)
+        pixels[i] = pixelAt(i);
+    for (; step > 0 && i + step <= pixels.size(); i += step) {
+        if (pastCache)
+            hn::Stream(vectorAt(i), d, &pixels[i].r);
+        else
+            hn::StoreU(vectorAt(i), d, &pixels[i].r);
+    }
+    for (; i < pixels.size(); ++i)
+        pixels[i] = pixelAt(i);
+}
+
 template<typename Pixel>
 void fillRow(std::span<Pixel> pixels, const Pixel& pixel, bool pastCache)
 {
-    const ChannelTag<Pixel> d;
-    constexpr std::size_t kChannels = 4;
-    const std::size_t step = hn::Lanes(d) / kChannels;
-    std::size_t i = 0;
-    if (step > 0) {
-        i = pastCache ? std::min(pixels.size(), untilAligned(d, pixels.data())) : 0;
-        std::fill_n(pixels.begin(), i, pixel);
-        const Repeated<Pixel> repeated(pixel);
-        const auto all = hn::LoadDup128(d, &repeated.pixels[0].r);
-        for (; i + step <= pixels.size(); i += step)
-            storeVector(all, d, &pixels[i].r, pastCache);
-    }
-    std::ranges::fill(pixels.subspan(i), pixel);
+    const Repeated<Pixel> repeated(pixel);
+    const auto all = hn::LoadDup128(ChannelTag<Pixel>(), &repeated.pixels[0].r);
+    storeRow(
+        pixels, pastCache, [&](std::size_t) HWY_ATTR { return all; }, [&](std::size_t) HWY_ATTR { return pixel; });
 }
 
 template<typename Pixel>
 void copyRow(const Pixel* source, std::span<Pixel> pixels)
 {
-    const ChannelTag<Pixel> d;
-    constexpr std::size_t kChannels = 4;
-    const std::size_t step = hn::Lanes(d) / kChannels;
-    std::size_t i = 0;
-    if (step > 0) {
-        i = std::min(pixels.size(), untilAligned(d, pixels.data()));
-        std::copy_n(source, i, pixels.begin());
-        for (; i + step <= pixels.size(); i += step)
-            hn::Stream(hn::LoadU(d, &source[i].r), d, &pixels[i].r);
-    }
-    std::ranges::copy(std::span(source, pixels.size()).subspan(i), pixels.begin() + static_cast<std::ptrdiff_t>(i));
+    storeRow(
+        pixels, true, [&](std::size_t i) HWY_ATTR { return hn::LoadU(ChannelTag<Pixel>(), &source[i].r); },
+        [&](std::size_t i) HWY_ATTR { return source[i]; });
 }
 
 void fill16(std::span<CEL_PixelRGBA16> pixels, const CEL_PixelRGBA16& pixel, bool pastCache)
