@@ -34,6 +34,14 @@ Stores storesFor(const Math::Box2di& rect, Reader reader)
     return VolumeRowKernels::storesFor(rect.area() * static_cast<std::int64_t>(sizeof(Pixel)), reader);
 }
 
+template<typename Pixel>
+UT_SharedPtr<CEL_PixmapOf<Pixel>> emptyPicture(const Math::Box2di& canvas, const Math::Box2di& rect)
+{
+    auto picture = UT_makeShared<CEL_PixmapOf<Pixel>>(Math::Size2di{canvas.width(), canvas.height()}, canvas);
+    picture->realloc(rect, true);
+    return picture;
+}
+
 // Hills with a hole, black around them.
 UT_SharedPtr<CEL_PixmapAreaZ> hills(const Math::Box2di& rect)
 {
@@ -55,6 +63,17 @@ UT_SharedPtr<CEL_PixmapAreaZ> rowsOf(const CEL_PixmapAreaZ& depth, int y1, int y
     rect.y2 = y2;
     rows->realloc(rect.getIntersection(depth.allocatedRect()), true);
     return rows;
+}
+
+// Runs work with each instruction set that this machine has.
+template<typename Work>
+void withEachInstructionSet(const Work& work)
+{
+    for (std::int64_t rest = hwy::SupportedTargets() | HWY_SCALAR; rest != 0; rest &= rest - 1) {
+        const OneInstructionSet only(rest & -rest);
+        SCOPED_TRACE(hwy::TargetName(rest & -rest));
+        work();
+    }
 }
 
 template<typename Pixel>
@@ -99,16 +118,17 @@ TYPED_TEST(LargePicture, IsComposedAsItsRowsAre)
                                                    {2, random.picture<TypeParam>({9, 90, 650, 801}, rect)}};
     for (const bool depthInBlue : {false, true}) {
         handler.depthInBlue = depthInBlue;
-        CEL_PixmapOf<TypeParam> whole({rect.width(), rect.height()}, rect);
-        whole.realloc(rect, true);
-        composeOutput(handler, whole, inputs, results);
+        std::vector<UT_SharedPtr<CEL_PixmapOf<TypeParam>>> parts;
         for (int y = rect.y1; y < rect.y2; y += kStripRows) {
-            const Math::Box2di rows(rect.x1, y, rect.x2, std::min(y + kStripRows, rect.y2));
-            CEL_PixmapOf<TypeParam> part({rect.width(), rect.height()}, rect);
-            part.realloc(rows, true);
-            composeOutput(handler, part, inputs, results);
-            expectSameRows<TypeParam>(whole, part, rows.y1, rows.y2);
+            parts.push_back(emptyPicture<TypeParam>(rect, {rect.x1, y, rect.x2, std::min(y + kStripRows, rect.y2)}));
+            composeOutput(handler, *parts.back(), inputs, results);
         }
+        withEachInstructionSet([&] {
+            const auto whole = emptyPicture<TypeParam>(rect, rect);
+            composeOutput(handler, *whole, inputs, results);
+            for (const auto& part : parts)
+                expectSameRows<TypeParam>(*whole, *part, part->allocatedRect().y1, part->allocatedRect().y2);
+        });
     }
 }
 
@@ -117,8 +137,7 @@ TYPED_TEST(LargePicture, RunsAreFilledAndCopiedToThePixelWhereverTheyBegin)
     RandomPictures random(5);
     const auto marker = random.pixel<TypeParam>();
     const auto pixel = random.pixel<TypeParam>();
-    for (std::int64_t rest = hwy::SupportedTargets() | HWY_SCALAR; rest != 0; rest &= rest - 1) {
-        const OneInstructionSet only(rest & -rest);
+    withEachInstructionSet([&] {
         for (const Stores stores : {Stores::CACHED, Stores::PAST_CACHE})
             for (std::size_t first = 0; first < 9; ++first)
                 for (std::size_t count = 0; count < 40; ++count) {
@@ -135,5 +154,5 @@ TYPED_TEST(LargePicture, RunsAreFilledAndCopiedToThePixelWhereverTheyBegin)
                     std::ranges::copy(source, expected.begin() + static_cast<std::ptrdiff_t>(first));
                     ASSERT_EQ(row, expected) << "copied from " << first << ", " << count;
                 }
-    }
+    });
 }
