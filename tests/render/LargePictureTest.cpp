@@ -57,7 +57,7 @@ UT_SharedPtr<CEL_PixmapAreaZ> hills(const Math::Box2di& rect)
 
 UT_SharedPtr<CEL_PixmapAreaZ> rowsOf(const CEL_PixmapAreaZ& depth, int y1, int y2)
 {
-    const auto rows = depth.clone().dynamicCast<CEL_PixmapAreaZ>();
+    auto rows = depth.clone().dynamicCast<CEL_PixmapAreaZ>();
     Math::Box2di rect = depth.allocatedRect();
     rect.y1 = y1;
     rect.y2 = y2;
