@@ -87,7 +87,9 @@ struct Format16
     template<class D>
     using CodeTag = hn::Rebind<Code, D>;
 
-    /// VolumeTraits::component.
+    /// A component as it is stored: the nearest integer, halves away from zero. Adding a half and truncating does that
+    /// for every number of this product's range but the one just below 1/2, and that one is no multiple of 32767 /
+    /// 2^54, which all products near it are.
     template<class D>
     static HWY_INLINE hn::Vec<CodeTag<D>> encoded(D d, hn::Vec<D> n)
     {
@@ -133,7 +135,7 @@ struct Format16
         return hn::ConvertTo(d, hn::Sub(hn::Set(dc, 32767 * 32767), across));
     }
 
-    /// VolumeTraits::storedElevation of a vector of shares.
+    /// A vector of shares as they are stored: 1 to 32766, truncated.
     template<class DF>
     static HWY_INLINE hn::Vec<CodeTag<DF>> elevation(DF df, const float* share)
     {

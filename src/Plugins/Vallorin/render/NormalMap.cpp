@@ -11,7 +11,6 @@
 #include "render/StreamKernels.h"
 
 #include <algorithm>
-#include <array>
 #include <vector>
 
 namespace {
@@ -120,11 +119,9 @@ public:
     }
 
 private:
-    using Row = SurfaceRow;
-
     void load(int y)
     {
-        Row& row = _surfaceRows.at(y);
+        SurfaceRow& row = _surfaceRows.at(y);
         const bool isInside = y >= _rect.y1 && y < _rect.y2;
         const ColumnSpan columns = isInside ? _surface.row(y, row.share.data(), row.depth.data()) : ColumnSpan{};
         row.depth.clear(row.columns, columns);
@@ -157,7 +154,7 @@ private:
 
     void store(int y)
     {
-        Row& row = _surfaceRows.at(y);
+        SurfaceRow& row = _surfaceRows.at(y);
         writeRow(y, row.columns, [&](std::span<Pixel> pixels) {
             VolumeRowKernels::storeNormals(depthAround(y, row.columns.first), _quality != FOUR_NEIGHBOURS,
                                            row.share.data() + row.columns.first, pixels);
@@ -193,11 +190,12 @@ private:
     {
         const ColumnSpan columns = smoothedColumns(y);
         const int first = columns.first;
+        const SurfaceRow& surface = _surfaceRows.at(y);
         const NormalRows normals{_samples.at(y - 1).from(first), _samples.at(y).from(first),
                                  _samples.at(y + 1).from(first)};
         writeRow(y, columns, [&](std::span<Pixel> pixels) {
-            VolumeRowKernels::storeSmoothedNormals(normals, depthAround(y, first),
-                                                   _surfaceRows.at(y).share.data() + first, pixels);
+            VolumeRowKernels::storeSmoothedNormals(normals, surface.depth.data() + first, surface.share.data() + first,
+                                                   pixels);
         });
     }
 

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Where the 16-bit and the float variant of an algorithm differ, side by side. Everything else is one template over the
-// pixel.
+// Where the 16-bit and the float variant of an algorithm differ, side by side; how they hold normals and elevations is
+// in NormalCodes-inl.h. Everything else is one template over the pixel.
 #pragma once
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
@@ -39,11 +39,6 @@ struct VolumeTraits<CEL_PixelRGBA16>
         return static_cast<Channel>(static_cast<std::int32_t>(value * (coverage / 32767.0)));
     }
 
-    // The elevation (ElevationDepth.h).
-
-    static bool isElevated(Channel value) { return value >= 1; }
-    static Channel storedElevation(float x) { return static_cast<Channel>(x * 32765.0 + 1.0); }
-
     // The composition (Composition.h). Coverage that is nearly full counts as full, so that no seam shows where
     // antialiasing rounds: isSaturated says of an alpha what kSaturated says of its share.
 
@@ -67,15 +62,6 @@ struct VolumeTraits<CEL_PixelRGBA16>
     static Channel normalised(Channel value, float offset, float scale)
     {
         return static_cast<Channel>(static_cast<std::int32_t>((static_cast<float>(value) - offset) * scale * 32767.0F));
-    }
-
-    /// A component of a normal as it is stored: the nearest integer, halves away from zero. Adding a half and
-    /// truncating does that for every number of this product's range but the one just below 1/2, and that one is no
-    /// multiple of 32767 / 2^54, which all products near it are.
-    static Channel component(double n)
-    {
-        const double rounded = std::min((n + 1.0) * 0.5 * 32767.0 + 0.5, 32767.0);
-        return static_cast<Channel>(static_cast<std::int32_t>(rounded));
     }
 
 private:
@@ -105,9 +91,6 @@ struct VolumeTraits<CEL_PixelRGBAFloat>
 
     static Channel weighted(Channel value, Channel coverage) { return value * coverage; }
 
-    static bool isElevated(Channel value) { return value > 0.0F; }
-    static Channel storedElevation(float x) { return x; }
-
     static double coverageOf(Channel alpha) { return alpha; }
     static constexpr double kSaturated = 0.9999;
     static bool isSaturated(Channel alpha) { return alpha >= kSaturated; }
@@ -120,6 +103,4 @@ struct VolumeTraits<CEL_PixelRGBAFloat>
     }
     static Channel blendedComponent(double n) { return static_cast<Channel>((n + 1.0) * 0.5); }
     static Channel normalised(Channel value, float offset, float scale) { return (value - offset) * scale; }
-
-    static Channel component(double n) { return static_cast<Channel>((n + 1.0) * 0.5); }
 };

@@ -161,19 +161,19 @@ HWY_INLINE void smoothRun(const NormalRows& normals, const float* depth, const f
 }
 
 template<class Format>
-HWY_INLINE void smoothRow(const NormalRows& normals, const DepthRows& depth, const float* share,
+HWY_INLINE void smoothRow(const NormalRows& normals, const float* depth, const float* share,
                           std::span<typename Format::Pixel> pixels)
 {
     for (std::size_t i = 0; i < pixels.size(); i += kRun)
-        smoothRun<Format>(normals, depth.here, share, i, pixels.subspan(i, std::min(kRun, pixels.size() - i)));
+        smoothRun<Format>(normals, depth, share, i, pixels.subspan(i, std::min(kRun, pixels.size() - i)));
 }
 
-void smooth16(const NormalRows& normals, const DepthRows& depth, const float* share, std::span<CEL_PixelRGBA16> pixels)
+void smooth16(const NormalRows& normals, const float* depth, const float* share, std::span<CEL_PixelRGBA16> pixels)
 {
     smoothRow<Format16>(normals, depth, share, pixels);
 }
 
-void smoothFloat(const NormalRows& normals, const DepthRows& depth, const float* share,
+void smoothFloat(const NormalRows& normals, const float* depth, const float* share,
                  std::span<CEL_PixelRGBAFloat> pixels)
 {
     smoothRow<FormatFloat>(normals, depth, share, pixels);
@@ -188,13 +188,13 @@ namespace VolumeRowKernels {
 HWY_EXPORT(smooth16);
 HWY_EXPORT(smoothFloat);
 
-void storeSmoothedNormals(const NormalRows& normals, const DepthRows& depth, const float* share,
+void storeSmoothedNormals(const NormalRows& normals, const float* depth, const float* share,
                           std::span<CEL_PixelRGBA16> pixels)
 {
     HWY_DYNAMIC_DISPATCH(smooth16)(normals, depth, share, pixels);
 }
 
-void storeSmoothedNormals(const NormalRows& normals, const DepthRows& depth, const float* share,
+void storeSmoothedNormals(const NormalRows& normals, const float* depth, const float* share,
                           std::span<CEL_PixelRGBAFloat> pixels)
 {
     HWY_DYNAMIC_DISPATCH(smoothFloat)(normals, depth, share, pixels);

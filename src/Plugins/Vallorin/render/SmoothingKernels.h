@@ -20,10 +20,11 @@ struct NormalRows
 /// Normals of a run of pixels, each the normalised weighted sum of the nine around it, stored as storeNormals() does;
 /// an empty pixel beside others gets their R and G.
 ///
-/// @param normals as depth: a pixel more on either side
-void storeSmoothedNormals(const NormalRows& normals, const DepthRows& depth, const float* share,
+/// @param normals a pixel more on either side
+/// @param depth   of the run's row; black ones are 0
+void storeSmoothedNormals(const NormalRows& normals, const float* depth, const float* share,
                           std::span<CEL_PixelRGBA16> pixels);
-void storeSmoothedNormals(const NormalRows& normals, const DepthRows& depth, const float* share,
+void storeSmoothedNormals(const NormalRows& normals, const float* depth, const float* share,
                           std::span<CEL_PixelRGBAFloat> pixels);
 
 } // namespace VolumeRowKernels
