@@ -51,6 +51,11 @@ function(vallorin_add_tests area)
   elseif(NOT arg_WITHOUT_QT)
     vallorin_use_precompiled(test_${area} tests)
   endif()
+  if(NOT arg_WITHOUT_QT)
+    target_sources(test_${area} PRIVATE "${PROJECT_SOURCE_DIR}/tests/WorkerThreadsEnd.cpp")
+    target_include_directories(test_${area} PRIVATE "${PROJECT_SOURCE_DIR}/src/Apps")
+    target_link_libraries(test_${area} PRIVATE TBB::tbb)
+  endif()
   gtest_discover_tests(
     test_${area}
     TEST_PREFIX "${area}."

@@ -9,6 +9,7 @@
 #include "RenderOptions.h"
 #include "Say.h"
 #include "SetCommand.h"
+#include "jobs/WorkerThreads.h"
 
 #include <QGuiApplication>
 
@@ -115,5 +116,6 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(passGraveMessages);
     const QGuiApplication application(argc, argv);
+    const WorkerThreads threads;
     return run(QCoreApplication::arguments().sliced(1));
 }

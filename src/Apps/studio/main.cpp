@@ -4,6 +4,7 @@
 #include "QuarvelPlugInManager/PLUG_EditorWidgets.h"
 #include "QuarvelPlugInManager/PLUG_Manager.h"
 #include "QuarvelPlugInManager/PLUG_Services.h"
+#include "jobs/WorkerThreads.h"
 #include "studio/Appearance.h"
 #include "studio/Icons.h"
 #include "studio/MainWindow.h"
@@ -46,6 +47,7 @@ int main(int argc, char** argv)
     parser.addPositionalArgument(QStringLiteral("files"),
                                  QApplication::translate("main", "A scene, or drawings to import."));
     parser.process(application);
+    const WorkerThreads threads;
 
     PLUG_EditorWidgets widgets;
     PLUG_Services::setWidgetFactoryRegistry(&widgets);
