@@ -103,7 +103,8 @@ void BenchScene<Pixel>::render(double bevel, int quality)
     for (std::size_t i = 0; i < _accumulators.size(); ++i) {
         std::pair<float, float> range;
         results[static_cast<int>(i) + 1] = buildObjectVolume(_reference, bevel, _canvas.width(), true, 1.0,
-                                                             _accumulators[i], range, quality, 1.0, true);
+                                                             _accumulators[i], range, quality, 1.0, true)
+                                               .pixels;
     }
     compose(results);
 }

@@ -56,10 +56,9 @@ public:
     void makeNormals(int quality)
     {
         const double rise = 37.5 * scene.canvas().width() / 720.0;
-        const ElevationProfile profile(plane.span, 1.0, ElevationProfile::Values::ANY,
-                                       plane.values->allocatedRect().area());
+        const ElevationProfile profile(plane.span, 1.0, ElevationProfile::Values::ANY, plane.inside.area());
         auto normals = scene.emptyPixmap();
-        buildNormals<Pixel>(BevelSurface(plane, profile, rise), quality, *normals);
+        buildNormals<Pixel>(BevelSurface(plane, plane.inside, profile, rise), quality, *normals);
         results[1] = normals;
     }
 

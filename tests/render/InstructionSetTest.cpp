@@ -47,7 +47,7 @@ std::vector<Pixel> renderedWith(std::int64_t target, const Job& job)
     mergeCoverage<Pixel>(*object, *second);
     std::pair<float, float> range;
     const auto result =
-        buildObjectVolume(object, 3.0, 720, true, 1.0, object, range, job.quality, job.smoothness, job.clip);
+        buildObjectVolume(object, 3.0, 720, true, 1.0, object, range, job.quality, job.smoothness, job.clip).pixels;
     VallorinRenderHandler handler(1.0, MO_CompositeModuleBitmapHandler::CompositeModuleInterface{}, {});
     handler.portObjectIds = {1, 1};
     CEL_PixmapOf<Pixel> output({canvas.width(), canvas.height()}, canvas);

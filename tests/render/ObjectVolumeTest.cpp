@@ -6,6 +6,7 @@
 
 #include "render/ObjectVolume.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -34,7 +35,7 @@ UT_SharedPtr<CEL_PixmapOf<Pixel>> build(const UT_SharedPtr<CEL_PixmapOf<Pixel>>&
 {
     return buildObjectVolume(blankLike<Pixel>(*object), settings.bevel, object->size().width, settings.generateNormals,
                              settings.elevation, object, range, settings.quality, settings.smoothness, settings.clip)
-        .template dynamicCast<CEL_PixmapOf<Pixel>>();
+        .pixels.template dynamicCast<CEL_PixmapOf<Pixel>>();
 }
 
 // The depths of a row of blurred values.
@@ -47,7 +48,7 @@ std::vector<float> depthsOf(const std::vector<float>& values, double high, doubl
     const ElevationPlane plane = measure(blurred);
     std::vector<float> shares(values.size());
     std::vector<float> depths(values.size());
-    BevelSurface(plane, profileOf<Pixel16>(plane, smoothness), high).row(0, shares.data(), depths.data());
+    BevelSurface(plane, plane.inside, profileOf<Pixel16>(plane, smoothness), high).row(0, shares.data(), depths.data());
     return depths;
 }
 
@@ -209,6 +210,52 @@ TEST(ObjectVolume, ClippingKeepsTheBlurWithinTwoPixelsOfTheGeometry)
     EXPECT_GT(unclipped->at(15, 20).r, 0);
 }
 
+namespace {
+
+// The volume of a full square of 5 x 5 pixels at (30, 30) on a canvas of 72 x 72, where a bevel of 120 is a blur of 3
+// pixels that reaches 12 further.
+ObjectVolume squareVolume(bool clip, const Math::Box2di& referenceRect)
+{
+    constexpr int kSide = 72;
+    const Math::Box2di canvas(0, 0, kSide, kSide);
+    auto object = UT_makeShared<CEL_PixmapAreaRGBA16>(Math::Size2di{kSide, kSide}, canvas);
+    object->realloc({30, 30, 35, 35}, false);
+    for (int y = 30; y < 35; ++y)
+        std::ranges::fill(object->row(y), Pixel16{32767, 0, 0, 32767});
+    auto reference = UT_makeShared<CEL_PixmapAreaRGBA16>(Math::Size2di{kSide, kSide}, canvas);
+    reference->realloc(referenceRect, true);
+    std::pair<float, float> range;
+    return buildObjectVolume(reference, 120.0, kSide, true, 1.0, object, range, 2, 1.0, clip);
+}
+
+} // namespace
+
+TEST(ObjectVolume, OfWhatALongBlurReachesOnlyTheVisiblePartIsHeld)
+{
+    const ObjectVolume volume = squareVolume(true, {});
+    EXPECT_EQ(volume.rect, Math::Box2di(16, 16, 49, 49)) << "the square with the crop's margin of 2, grown by 12";
+    EXPECT_EQ(volume.pixels->allocatedRect(), Math::Box2di(26, 26, 39, 39))
+        << "2 of the crop's margin, and 2 for the clip and the normals beside it";
+    EXPECT_EQ(squareVolume(false, {}).pixels->allocatedRect(), volume.rect) << "without a clip everything counts";
+}
+
+TEST(ObjectVolume, WhereTheReferenceHasPixelsAllOfTheResultIsHeld)
+{
+    const ObjectVolume volume = squareVolume(true, {60, 40, 62, 42});
+    EXPECT_EQ(volume.rect, Math::Box2di(16, 16, 62, 49));
+    EXPECT_EQ(volume.pixels->allocatedRect(), volume.rect);
+}
+
+TEST(ObjectVolume, WhatIsHeldDoesNotChangeItsPixels)
+{
+    const auto held = squareVolume(true, {}).pixels.dynamicCast<CEL_PixmapAreaRGBA16>();
+    const auto whole = squareVolume(true, {60, 40, 62, 42}).pixels.dynamicCast<CEL_PixmapAreaRGBA16>();
+    const Math::Box2di& rect = whole->allocatedRect();
+    for (int y = rect.y1; y < rect.y2; ++y)
+        for (int x = rect.x1; x < rect.x2; ++x)
+            EXPECT_EQ(whole->at(x, y), held->find(x, y) ? held->at(x, y) : (Pixel16{0, 0, 32767, 0})) << x << ' ' << y;
+}
+
 TEST(ObjectVolume, IsNoneWithoutPixelsOrInMixedFormats)
 {
     std::pair<float, float> range{5.0F, 6.0F};
@@ -217,9 +264,9 @@ TEST(ObjectVolume, IsNoneWithoutPixelsOrInMixedFormats)
     EXPECT_EQ(range, std::make_pair(5.0F, 6.0F)) << "the range stays";
     const auto object16 = filled<Pixel16>(2, 2, {1, 0, 0, 1});
     const auto objectFloat = filled<PixelFloat>(2, 2, {1, 0, 0, 1});
-    EXPECT_FALSE(buildObjectVolume(object16, 0, 2, false, 1, objectFloat, range, 0, 1, true));
-    EXPECT_FALSE(buildObjectVolume(nullptr, 0, 2, false, 1, object16, range, 0, 1, true));
-    EXPECT_FALSE(buildObjectVolume(object16, 0, 2, false, 1, nullptr, range, 0, 1, true));
+    EXPECT_FALSE(buildObjectVolume(object16, 0, 2, false, 1, objectFloat, range, 0, 1, true).pixels);
+    EXPECT_FALSE(buildObjectVolume(nullptr, 0, 2, false, 1, object16, range, 0, 1, true).pixels);
+    EXPECT_FALSE(buildObjectVolume(object16, 0, 2, false, 1, nullptr, range, 0, 1, true).pixels);
 }
 
 TEST(ObjectVolume, GrowsToTheReferencePicture)
@@ -228,8 +275,7 @@ TEST(ObjectVolume, GrowsToTheReferencePicture)
     object->at(4, 4) = {1, 0, 0, 32767};
     const auto reference = filled<Pixel16>(9, 9, {});
     std::pair<float, float> range;
-    EXPECT_EQ(buildObjectVolume(reference, 0, 9, false, 1, object, range, 0, 1, true)->allocatedRect(),
-              Math::Box2di(0, 0, 9, 9));
+    EXPECT_EQ(buildObjectVolume(reference, 0, 9, false, 1, object, range, 0, 1, true).rect, Math::Box2di(0, 0, 9, 9));
 }
 
 TEST(ObjectVolume, IsNoneWhereTheBlurCannotReach)
@@ -241,6 +287,6 @@ TEST(ObjectVolume, IsNoneWhereTheBlurCannotReach)
     object.at(kEnd - 2, 2) = {32767, 0, 0, 32767};
     std::pair<float, float> range{5.0F, 6.0F};
     const auto accumulator = object.clone();
-    EXPECT_FALSE(buildObjectVolume(accumulator, 100.0, 7200, true, 1.0, accumulator, range, 0, 1.0, true));
+    EXPECT_FALSE(buildObjectVolume(accumulator, 100.0, 7200, true, 1.0, accumulator, range, 0, 1.0, true).pixels);
     EXPECT_EQ(range, std::make_pair(5.0F, 6.0F)) << "the range stays";
 }

@@ -48,7 +48,8 @@ template<typename Pixel>
 struct SurfaceOfRed
 {
     SurfaceOfRed(const CEL_PixmapOf<Pixel>& picture, double high, double smoothness)
-        : plane(measure(planeOfRed<Pixel>(picture))), surface(plane, profileOf<Pixel>(plane, smoothness), high)
+        : plane(measure(planeOfRed<Pixel>(picture)))
+        , surface(plane, plane.inside, profileOf<Pixel>(plane, smoothness), high)
     {}
 
     // The depths, as a picture.

@@ -14,6 +14,8 @@ struct ColumnSpan
     bool isEmpty() const { return first >= end; }
     int width() const { return end - first; }
 
+    ColumnSpan movedBy(int columns) const { return {first + columns, end + columns}; }
+
     bool overlaps(const ColumnSpan& other) const { return !intersectedWith(other).isEmpty(); }
 
     /// The columns of both; where there are none, an empty span.

@@ -11,17 +11,20 @@ constexpr double kDeepest = 1e38;
 
 } // namespace
 
-BevelSurface::BevelSurface(const ElevationPlane& plane, const ElevationProfile& profile, double rise)
-    : _plane(plane), _profile(profile), _rise(std::clamp(rise, -kDeepest, kDeepest))
+BevelSurface::BevelSurface(const ElevationPlane& plane, const Math::Box2di& rect, const ElevationProfile& profile,
+                           double rise)
+    : _plane(plane), _rect(rect), _profile(profile), _rise(std::clamp(rise, -kDeepest, kDeepest))
 {}
 
 ColumnSpan BevelSurface::row(int y, float* share, float* depth) const
 {
-    const ColumnSpan columns = _plane.elevated[static_cast<std::size_t>(y - rect().y1)];
-    if (columns.isEmpty())
-        return columns;
-    const auto width = static_cast<std::size_t>(columns.width());
-    const CEL_PixelFloat* const values = _plane.values->row(y).data() + columns.first;
-    _profile.elevate({&values->value, width}, _rise, share + columns.first, depth + columns.first);
+    const Math::Box2di& whole = _plane.values->allocatedRect();
+    const ColumnSpan stored = _plane.elevated[static_cast<std::size_t>(y - whole.y1)];
+    if (stored.isEmpty())
+        return {};
+    const CEL_PixelFloat* const values = _plane.values->row(y).data() + stored.first;
+    const ColumnSpan columns = stored.movedBy(whole.x1 - _rect.x1);
+    _profile.elevate({&values->value, static_cast<std::size_t>(columns.width())}, _rise, share + columns.first,
+                     depth + columns.first);
     return columns;
 }

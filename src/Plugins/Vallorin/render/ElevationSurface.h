@@ -28,14 +28,16 @@ class BevelSurface final : public ElevationSurface
 {
 public:
     /// @param plane must outlive the surface
+    /// @param rect  the part of the plane's rectangle that the surface has; no value beyond it may be positive
     /// @param rise  the depth of the highest value; held to +-1e38, so that depths stay numbers
-    BevelSurface(const ElevationPlane& plane, const ElevationProfile& profile, double rise);
+    BevelSurface(const ElevationPlane& plane, const Math::Box2di& rect, const ElevationProfile& profile, double rise);
 
-    const Math::Box2di& rect() const override { return _plane.values->allocatedRect(); }
+    const Math::Box2di& rect() const override { return _rect; }
     ColumnSpan row(int y, float* share, float* depth) const override;
 
 private:
     const ElevationPlane& _plane;
+    Math::Box2di _rect;
     ElevationProfile _profile;
     double _rise;
 };

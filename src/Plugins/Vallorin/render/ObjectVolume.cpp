@@ -96,51 +96,64 @@ void storeElevations(const ElevationPlane& plane, bool isBlurred, const Math::Bo
             plane, [&](int x, int y, float) { return maskRect.contains(x, y); }, result);
 }
 
+// The part of a plane that anybody can see: where the clip leaves elevations, with room for the normals beside them,
+// and where the object is covered. A long blur reaches much further.
+Math::Box2di visibleRect(const ElevationPlane& plane, const CEL_PixmapArea& object, const CEL_PixmapArea& reference)
+{
+    const Math::Box2di& whole = plane.values->allocatedRect();
+    // An input that reaches beyond the canvas is covered there, and the reference's pixels may be there, too.
+    if (!reference.allocatedRect().isEmpty())
+        return whole;
+    Math::Box2di visible = plane.inside;
+    visible.add(object.allocatedRect());
+    return visible.getIntersection(whole);
+}
+
 template<typename Pixel>
-UT_SharedPtr<CEL_PixmapArea> build(const CEL_PixmapArea& reference, const CEL_PixmapOf<Pixel>& objectPixmap,
-                                   const VolumeSettings& settings, std::pair<float, float>& range)
+ObjectVolume build(const CEL_PixmapArea& reference, const CEL_PixmapOf<Pixel>& objectPixmap,
+                   const VolumeSettings& settings, std::pair<float, float>& range)
 {
     auto mask = makeMask<Pixel>(objectPixmap);
     if (!mask)
-        return nullptr;
+        return {};
     const bool isBlurred = settings.bevel > 0.0;
     const Math::Box2di maskRect = mask->allocatedRect().getIntersection(objectPixmap.allocatedRect());
     const ElevationPlane plane = isBlurred ? bevelled<Pixel>(*mask, reference, settings) : unbevelled(mask, reference);
     if (!plane.values)
-        return nullptr;
+        return {};
+    const Math::Box2di rect = plane.values->allocatedRect();
     // Its memory is a sixth of all that an object takes.
     mask = nullptr;
     auto result = UT_makeShared<CEL_PixmapOf<Pixel>>(plane.values->size(), plane.values->canvasRect());
     if (!settings.generateNormals) {
         range = elevationRange(plane.span);
         storeElevations<Pixel>(plane, isBlurred, maskRect, *result);
-        return result;
+        return {result, rect};
     }
     range = {0.0F, 1.0F};
     using Values = ElevationProfile::Values;
     constexpr bool kWhole = std::is_integral_v<typename VolumeTraits<Pixel>::Channel>;
+    const Math::Box2di visible = visibleRect(plane, objectPixmap, reference);
     const ElevationProfile profile(plane.span, settings.smoothness, kWhole ? Values::WHOLE : Values::ANY,
-                                   plane.values->allocatedRect().area());
+                                   visible.area());
     const auto canvasFactor = static_cast<float>(plane.values->canvasRect().width() / kUnitsAcross);
-    const BevelSurface surface(plane, profile, settings.elevation * 37.5 * canvasFactor);
+    const BevelSurface surface(plane, visible, profile, settings.elevation * 37.5 * canvasFactor);
     buildNormals<Pixel>(surface, settings.quality, *result);
-    return result;
+    return {result, rect};
 }
 
 } // namespace
 
-UT_SharedPtr<CEL_PixmapArea> buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel,
-                                               int resolutionX, bool generateNormals, double elevation,
-                                               const UT_SharedPtr<CEL_PixmapArea>& objectPixmap,
-                                               std::pair<float, float>& range, int quality, double smoothness,
-                                               bool clip)
+ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel, int resolutionX,
+                               bool generateNormals, double elevation, const UT_SharedPtr<CEL_PixmapArea>& objectPixmap,
+                               std::pair<float, float>& range, int quality, double smoothness, bool clip)
 {
     if (!reference || !objectPixmap || reference->format() != objectPixmap->format())
-        return nullptr;
+        return {};
     const VolumeSettings settings{bevel, resolutionX, generateNormals, elevation, quality, smoothness, clip};
     if (const auto object16 = objectPixmap.dynamicCast<CEL_PixmapAreaRGBA16>())
         return build<CEL_PixelRGBA16>(*reference, *object16, settings, range);
     if (const auto objectFloat = objectPixmap.dynamicCast<CEL_PixmapAreaRGBAFloat>())
         return build<CEL_PixelRGBAFloat>(*reference, *objectFloat, settings, range);
-    return nullptr;
+    return {};
 }

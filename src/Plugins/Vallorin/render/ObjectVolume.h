@@ -8,6 +8,15 @@
 
 #include <utility>
 
+/// An object's result.
+struct ObjectVolume
+{
+    UT_SharedPtr<CEL_PixmapArea> pixels; ///< null: there is none
+    /// The rectangle of the whole result. Where the pixels do not fill it, the object has no coverage, so nobody sees
+    /// that the elevation is 0 there.
+    Math::Box2di rect;
+};
+
 /// Builds an object's result.
 ///
 /// @param reference       the picture that the result must cover; gives nothing else
@@ -21,10 +30,8 @@
 /// @param quality         a value of NormalPasses
 /// @param smoothness      the exponent of the profile is its inverse
 /// @param clip            whether the blur is taken back where there is no drawing near
-/// @return null when a pixmap is missing, when their formats are not the same colour format, when the accumulator holds
+/// @return none when a pixmap is missing, when their formats are not the same colour format, when the accumulator holds
 /// no pixels, or when there is no memory for the blur
-UT_SharedPtr<CEL_PixmapArea> buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel,
-                                               int resolutionX, bool generateNormals, double elevation,
-                                               const UT_SharedPtr<CEL_PixmapArea>& objectPixmap,
-                                               std::pair<float, float>& range, int quality, double smoothness,
-                                               bool clip);
+ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel, int resolutionX,
+                               bool generateNormals, double elevation, const UT_SharedPtr<CEL_PixmapArea>& objectPixmap,
+                               std::pair<float, float>& range, int quality, double smoothness, bool clip);

@@ -10,7 +10,6 @@
 #include "objects/ObjectDefinitionDiscovery.h"
 #include "render/Composition.h"
 #include "render/CoverageMerge.h"
-#include "render/ObjectVolume.h"
 
 #include <algorithm>
 #include <cmath>
@@ -122,18 +121,17 @@ void VallorinRenderHandler::finishRender(const MO_SoftContext& context, CA_CelRe
         MO_SoftRenderServices::setBlankCel(context, 0);
         return;
     }
-    const PixmapMap results = buildVolumes(context, reference, objects);
     auto output = UT_makeShared<CEL_Cel>();
-    output->setRepresentation(compose(context, *reference, results));
+    output->setRepresentation(compose(context, *reference, buildVolumes(context, reference, objects)));
     setCel(context, output);
 }
 
-VallorinRenderHandler::PixmapMap
+std::map<int, ObjectVolume>
 VallorinRenderHandler::buildVolumes(const MO_SoftContext& context, const UT_SharedPtr<CEL_PixmapArea>& reference,
                                     const std::vector<VallorinAttributes::ObjectInformation>& objects)
 {
     const double truckFactor = useTruckFactor ? context.portContext(0).truckFactor() : 1.0;
-    PixmapMap results;
+    std::map<int, ObjectVolume> volumes;
     for (const VallorinAttributes::ObjectInformation& object : objects) {
         const auto accumulator = objectAccumulators.find(object.objectId);
         if (object.objectId < 1 || accumulator == objectAccumulators.end() || !accumulator->second)
@@ -142,22 +140,24 @@ VallorinRenderHandler::buildVolumes(const MO_SoftContext& context, const UT_Shar
         const double elevation = held(finiteOr(object.elevation, 0.0) * truckFactor * elevationScale);
         const double smoothness = held(finiteOr(object.elevationSmoothness, 1.0) * elevationSmoothness);
         std::pair<float, float>& range = elevationRanges[object.objectId];
-        results[object.objectId] =
+        volumes[object.objectId] =
             buildObjectVolume(reference, bevel, context.resolutionX(), generateNormals, elevation, accumulator->second,
                               range, normalQuality, smoothness, clipBlurredWithGeometry);
     }
-    return results;
+    return volumes;
 }
 
 UT_SharedPtr<CEL_PixmapArea> VallorinRenderHandler::compose(const MO_SoftContext& context,
                                                             const CEL_PixmapArea& reference,
-                                                            const PixmapMap& results) const
+                                                            const std::map<int, ObjectVolume>& volumes) const
 {
     auto output = CEL_PixmapFactory::create2d(context.mainCelFormat2d(), reference.size(), reference.canvasRect());
     Math::Box2di rect;
-    for (const auto& [id, result] : results)
-        if (result)
-            rect.add(result->allocatedRect());
+    PixmapMap results;
+    for (const auto& [id, volume] : volumes) {
+        rect.add(volume.rect);
+        results[id] = volume.pixels;
+    }
     output->realloc(rect, false);
     composeOutput(*this, *output, inputPixmaps, results);
     return output;

@@ -7,6 +7,7 @@
 
 #include "QuarvelSceneCore/MO_CompositeModuleBitmapHandler.h"
 #include "parameters/VallorinAttributes.h"
+#include "render/ObjectVolume.h"
 
 #include <QString>
 
@@ -60,8 +61,9 @@ private:
     void takeMessage(const CEL_Cel& cel);
     int currentObjectId() const;
     void accumulate(const MO_SoftContext& context, int objectId, const UT_SharedPtr<CEL_PixmapArea>& input);
-    PixmapMap buildVolumes(const MO_SoftContext& context, const UT_SharedPtr<CEL_PixmapArea>& reference,
-                           const std::vector<VallorinAttributes::ObjectInformation>& objects);
+    std::map<int, ObjectVolume> buildVolumes(const MO_SoftContext& context,
+                                             const UT_SharedPtr<CEL_PixmapArea>& reference,
+                                             const std::vector<VallorinAttributes::ObjectInformation>& objects);
     UT_SharedPtr<CEL_PixmapArea> compose(const MO_SoftContext& context, const CEL_PixmapArea& reference,
-                                         const PixmapMap& results) const;
+                                         const std::map<int, ObjectVolume>& volumes) const;
 };
