@@ -13,7 +13,7 @@
 
 #include "QuarvelBaseCore/Math_Box2di.h"
 #include "QuarvelBaseCore/Math_Size2di.h"
-#include "QuarvelCelCore/CEL_PixelMemory.h"
+#include "QuarvelBaseCore/UT_PixelMemory.h"
 #include "QuarvelCelCore/CEL_Pixels.h"
 #include "QuarvelCelCore/CEL_Representation.h"
 
@@ -125,7 +125,7 @@ private:
     {
         std::size_t bytes = 0;
 
-        void operator()(Pixel* pixels) const { CEL_PixelMemory::give(pixels, bytes); }
+        void operator()(Pixel* pixels) const { UT_PixelMemory::give(pixels, bytes); }
     };
     using Pixels = std::unique_ptr<Pixel[], Deleter>;
 
@@ -133,7 +133,7 @@ private:
     {
         static_assert(std::is_trivially_copyable_v<Pixel> && std::is_trivially_destructible_v<Pixel>);
         const auto bytes = static_cast<std::size_t>(rect.area()) * sizeof(Pixel);
-        return Pixels(bytes == 0 ? nullptr : static_cast<Pixel*>(CEL_PixelMemory::take(bytes)), Deleter{bytes});
+        return Pixels(bytes == 0 ? nullptr : static_cast<Pixel*>(UT_PixelMemory::take(bytes)), Deleter{bytes});
     }
 
     static std::ptrdiff_t offsetIn(const Math::Box2di& rect, int x, int y)

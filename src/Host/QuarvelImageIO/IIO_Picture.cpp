@@ -17,12 +17,6 @@ UT_Error tooLarge(const Math::Box2di& window)
                 .arg(window.height())};
 }
 
-template<typename Sample>
-std::unique_ptr<Sample[]> allocate(std::size_t count)
-{
-    return std::unique_ptr<Sample[]>(new (std::nothrow) Sample[count]);
-}
-
 } // namespace
 
 QStringList IIO_channelsRgba()
@@ -43,6 +37,18 @@ QStringList IIO_channelsGreyAlpha()
 QStringList IIO_channelsGrey()
 {
     return {QStringLiteral("Y")};
+}
+
+// Null when there is no memory.
+template<typename Sample>
+IIO_Picture::Samples<Sample> IIO_Picture::allocate(std::size_t count)
+{
+    const std::size_t bytes = count * sizeof(Sample);
+    try {
+        return {static_cast<Sample*>(UT_PixelMemory::take(bytes)), Deleter{bytes}};
+    } catch (const std::bad_alloc&) {
+        return {};
+    }
 }
 
 UT_Result<IIO_Picture> IIO_Picture::create(IIO_SampleType type, const Math::Box2di& displayWindow,

@@ -10,6 +10,7 @@
 
 #include "QuarvelBaseCore/Math_Box2di.h"
 #include "QuarvelBaseCore/Math_Size2di.h"
+#include "QuarvelBaseCore/UT_PixelMemory.h"
 #include "QuarvelBaseCore/UT_Result.h"
 #include "QuarvelImageIO/IIO_Metadata.h"
 
@@ -89,10 +90,19 @@ public:
     const IIO_Metadata& metadata() const { return _metadata; }
 
 private:
+    /// Gives the samples back to where large blocks are kept for the next picture.
+    struct Deleter
+    {
+        void operator()(void* samples) const { UT_PixelMemory::give(samples, bytes); }
+        std::size_t bytes;
+    };
     template<typename Sample>
-    using Samples = std::unique_ptr<Sample[]>;
+    using Samples = std::unique_ptr<Sample[], Deleter>;
 
     IIO_Picture() = default;
+
+    template<typename Sample>
+    static Samples<Sample> allocate(std::size_t count);
 
     std::size_t rowLength() const
     {

@@ -6,7 +6,7 @@
 // format while it is in the cache. Bands are painted in parallel; where one ends does not depend on the threads.
 #include "QuarvelCelCore/private/CELVEC_Rasteriser.h"
 
-#include "QuarvelCelCore/CEL_PixelMemory.h"
+#include "QuarvelBaseCore/UT_PixelMemory.h"
 
 #include <QImage>
 #include <QPainter>
@@ -189,9 +189,9 @@ public:
     Canvas(int width, int height)
         : _width(width)
         , _bytes(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * sizeof(QRgba64))
-        , _pixels(static_cast<uchar*>(CEL_PixelMemory::take(_bytes)))
+        , _pixels(static_cast<uchar*>(UT_PixelMemory::take(_bytes)))
     {}
-    ~Canvas() { CEL_PixelMemory::give(_pixels, _bytes); }
+    ~Canvas() { UT_PixelMemory::give(_pixels, _bytes); }
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;
 

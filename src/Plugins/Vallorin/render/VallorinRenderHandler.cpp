@@ -34,6 +34,15 @@ double held(double product)
     return std::isnan(product) ? 0.0 : std::clamp(product, -kLargest, kLargest);
 }
 
+// An object may be listed twice, and is then built twice.
+const VallorinAttributes::ObjectInformation*
+lastRecordOf(int objectId, const std::vector<VallorinAttributes::ObjectInformation>& objects)
+{
+    const auto last =
+        std::ranges::find(objects.rbegin(), objects.rend(), objectId, &VallorinAttributes::ObjectInformation::objectId);
+    return last == objects.rend() ? nullptr : &*last;
+}
+
 void mergeInto(CEL_PixmapArea& accumulator, const CEL_PixmapArea& input)
 {
     if (auto* const accumulator16 = dynamic_cast<CEL_PixmapAreaRGBA16*>(&accumulator))
@@ -143,6 +152,9 @@ VallorinRenderHandler::buildVolumes(const MO_SoftContext& context, const UT_Shar
         volumes[object.objectId] =
             buildObjectVolume(reference, bevel, context.resolutionX(), generateNormals, elevation, accumulator->second,
                               range, normalQuality, smoothness, clipBlurredWithGeometry);
+        // Its memory serves the next object's volume.
+        if (&object == lastRecordOf(object.objectId, objects))
+            accumulator->second = nullptr;
     }
     return volumes;
 }

@@ -36,7 +36,7 @@ public:
     void softRender(MO_SoftContext& context, int port) override;
 
     int currentInput = 0;           ///< the port whose cel is being delivered
-    PixmapMap objectAccumulators;   ///< object number to all of its inputs merged
+    PixmapMap objectAccumulators;   ///< object number to all of its inputs merged, until its volume is built
     std::vector<int> portObjectIds; ///< object number of each port: -1 ignored, 0 a cut-out, 1 up a volume
     PixmapMap inputPixmaps;         ///< port to its input in the render's format
     std::map<int, std::pair<float, float>> elevationRanges; ///< object number to the offset and scale of its elevation

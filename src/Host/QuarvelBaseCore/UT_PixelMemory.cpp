@@ -3,7 +3,7 @@
 // Sizes are rounded up to steps of an eighth of their power of two, so that pictures of nearly the same size, as the
 // frames of an animation have them, fit into each other's blocks. Where there is none of just that size, a block of up
 // to twice the size serves; what was lent so is known by its address when it comes back.
-#include "QuarvelCelCore/CEL_PixelMemory.h"
+#include "QuarvelBaseCore/UT_PixelMemory.h"
 
 #include <algorithm>
 #include <bit>
@@ -11,7 +11,7 @@
 #include <new>
 #include <vector>
 
-namespace CEL_PixelMemory {
+namespace UT_PixelMemory {
 
 namespace {
 
@@ -153,4 +153,4 @@ std::size_t idleBytes() noexcept
     return kept.bytes;
 }
 
-} // namespace CEL_PixelMemory
+} // namespace UT_PixelMemory

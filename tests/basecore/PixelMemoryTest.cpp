@@ -1,0 +1,109 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Blocks for pixels: what is kept, for how long, and who gets it.
+#include "QuarvelBaseCore/UT_PixelMemory.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <vector>
+
+namespace {
+
+constexpr std::size_t kMegabyte = std::size_t{1} << 20;
+
+class PixelMemory : public testing::Test
+{
+protected:
+    PixelMemory() { UT_PixelMemory::trim(); }
+    ~PixelMemory() override { UT_PixelMemory::trim(); }
+};
+
+// What is idle when so much was given back, in a build that keeps anything at all.
+std::size_t kept(std::size_t bytes)
+{
+    return std::min(bytes, UT_PixelMemory::kLargestIdle);
+}
+
+} // namespace
+
+TEST_F(PixelMemory, BlocksAreAligned)
+{
+    for (const std::size_t bytes : {std::size_t{1}, std::size_t{100}, kMegabyte}) {
+        void* const block = UT_PixelMemory::take(bytes);
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block) % UT_PixelMemory::kAlignment, 0U);
+        UT_PixelMemory::give(block, bytes);
+    }
+}
+
+TEST_F(PixelMemory, ALargeBlockIsKeptUntilItIsTakenAgain)
+{
+    void* const block = UT_PixelMemory::take(kMegabyte);
+    UT_PixelMemory::give(block, kMegabyte);
+    EXPECT_EQ(UT_PixelMemory::idleBytes(), kept(kMegabyte));
+    void* const again = UT_PixelMemory::take(kMegabyte);
+    EXPECT_EQ(UT_PixelMemory::idleBytes(), 0U);
+    UT_PixelMemory::give(again, kMegabyte);
+}
+
+TEST_F(PixelMemory, APictureOfNearlyTheSameSizeTakesTheBlock)
+{
+    // Between 8 and 9 megabytes all sizes share one step.
+    UT_PixelMemory::give(UT_PixelMemory::take(8 * kMegabyte + 1), 8 * kMegabyte + 1);
+    void* const other = UT_PixelMemory::take(9 * kMegabyte);
+    EXPECT_EQ(UT_PixelMemory::idleBytes(), 0U);
+    UT_PixelMemory::give(other, 9 * kMegabyte);
+}
+
+TEST_F(PixelMemory, APictureOfMoreThanHalfTheSizeTakesTheBlockAndGivesAllOfItBack)
+{
+    UT_PixelMemory::give(UT_PixelMemory::take(8 * kMegabyte), 8 * kMegabyte);
+    void* const smaller = UT_PixelMemory::take(5 * kMegabyte);
+    EXPECT_EQ(UT_PixelMemory::idleBytes(), 0U);
+    UT_PixelMemory::give(smaller, 5 * kMegabyte);
+    EXPECT_EQ(UT_PixelMemory::idleBytes(), kept(8 * kMegabyte));
+}
+
+TEST_F(PixelMemory, TheSmallestBlockThatServesIsTaken)
+{
+    std::vector<void*> blocks;
+    for (const std::size_t megabytes : {8, 6, 7})
+        blocks.push_back(UT_PixelMemory::take(megabytes * kMegabyte));
+    UT_PixelMemory::give(blocks[0], 8 * kMegabyte);
+    UT_PixelMemory::give(blocks[1], 6 * kMegabyte);
+    UT_PixelMemory::give(blocks[2], 7 * kMegabyte);
+    void* const block = UT_PixelMemory::take(5 * kMegabyte);
+    EXPECT_EQ(UT_PixelMemory::idleBytes(), kept(15 * kMegabyte));
+    UT_PixelMemory::give(block, 5 * kMegabyte);
+}
+
+TEST_F(PixelMemory, AMuchSmallerPictureLeavesTheBlockToOthers)
+{
+    UT_PixelMemory::give(UT_PixelMemory::take(8 * kMegabyte), 8 * kMegabyte);
+    void* const small = UT_PixelMemory::take(2 * kMegabyte);
+    EXPECT_EQ(UT_PixelMemory::idleBytes(), kept(8 * kMegabyte));
+    UT_PixelMemory::give(small, 2 * kMegabyte);
+}
+
+TEST_F(PixelMemory, SmallBlocksAreNotKept)
+{
+    UT_PixelMemory::give(UT_PixelMemory::take(1000), 1000);
+    EXPECT_EQ(UT_PixelMemory::idleBytes(), 0U);
+}
+
+TEST_F(PixelMemory, WhatIsKeptStaysBelowTheLimit)
+{
+    std::vector<void*> blocks(9);
+    for (void*& block : blocks)
+        block = UT_PixelMemory::take(64 * kMegabyte);
+    for (void* const block : blocks)
+        UT_PixelMemory::give(block, 64 * kMegabyte);
+    EXPECT_EQ(UT_PixelMemory::idleBytes(), kept(512 * kMegabyte)) << "eight of the nine";
+}
+
+TEST_F(PixelMemory, GivingNothingBackIsFine)
+{
+    UT_PixelMemory::give(nullptr, kMegabyte);
+    EXPECT_EQ(UT_PixelMemory::idleBytes(), 0U);
+}
