@@ -3,6 +3,8 @@
 // Tests of vector code choose the instruction set that it runs with.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
 
 #include <hwy/targets.h>
@@ -24,3 +26,14 @@ public:
     OneInstructionSet(const OneInstructionSet&) = delete;
     OneInstructionSet& operator=(const OneInstructionSet&) = delete;
 };
+
+/// Runs work with each instruction set that this machine has, the plainest included.
+template<typename Work>
+void withEachInstructionSet(const Work& work)
+{
+    for (std::int64_t rest = hwy::SupportedTargets() | HWY_SCALAR; rest != 0; rest &= rest - 1) {
+        const OneInstructionSet only(rest & -rest);
+        SCOPED_TRACE(hwy::TargetName(rest & -rest));
+        work();
+    }
+}

@@ -65,17 +65,6 @@ UT_SharedPtr<CEL_PixmapAreaZ> rowsOf(const CEL_PixmapAreaZ& depth, int y1, int y
     return rows;
 }
 
-// Runs work with each instruction set that this machine has.
-template<typename Work>
-void withEachInstructionSet(const Work& work)
-{
-    for (std::int64_t rest = hwy::SupportedTargets() | HWY_SCALAR; rest != 0; rest &= rest - 1) {
-        const OneInstructionSet only(rest & -rest);
-        SCOPED_TRACE(hwy::TargetName(rest & -rest));
-        work();
-    }
-}
-
 template<typename Pixel>
 void expectSameRows(const CEL_PixmapOf<Pixel>& whole, const CEL_PixmapOf<Pixel>& part, int y1, int y2)
 {

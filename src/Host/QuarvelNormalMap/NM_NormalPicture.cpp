@@ -1,11 +1,14 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// One encoder a layout, called for every pixel.
+// One encoder a layout, called for every pixel, but for the most usual conversion, which takes rows.
 #include "QuarvelNormalMap/NM_NormalPicture.h"
 
 #include "QuarvelNormalMap/NM_Direction.h"
 #include "QuarvelNormalMap/private/NM_Rows.h"
 #include "QuarvelNormalMap/private/NM_Samples.h"
+#include "QuarvelNormalMap/private/NM_TangentKernels.h"
+
+#include <array>
 
 namespace {
 
@@ -38,13 +41,35 @@ struct TangentEncoder
     }
 };
 
+void encodeTangents(const CEL_PixelStore<CEL_PixelRGBA16>& source, IIO_Picture& picture, double ySign)
+{
+    constexpr std::array<std::uint16_t, 4> kMissing{32768, 32768, 65535, 0};
+    const Math::Box2di window = picture.dataWindow();
+    NM_forRows(window.y1, window.y2, [&](int y) {
+        const auto samplesAt = [&, row = picture.row<std::uint16_t>(y).data()](int x) {
+            return row + std::ptrdiff_t{x - window.x1} * static_cast<std::ptrdiff_t>(kMissing.size());
+        };
+        const auto missing = [&](int x, int count) {
+            for (int i = 0; i < count; ++i)
+                std::ranges::copy(kMissing, samplesAt(x + i));
+        };
+        const auto held = [&](int x, std::span<const CEL_PixelRGBA16> pixels) {
+            NM_encodeTangents(pixels, ySign, samplesAt(x));
+        };
+        NM_splitRow(source, y, window.x1, window.x2, missing, held);
+    });
+}
+
 template<typename Sample, typename Pixel>
 void encode(const CEL_PixelStore<Pixel>& source, IIO_Picture& picture, const NM_PictureSettings& settings)
 {
+    const double ySign = settings.yAxis == NM_YAxis::UP ? -1.0 : 1.0;
     if (settings.layout == NM_Layout::NODE)
         NM_encodeRows<Sample>(source, picture, NodeEncoder<Sample>{});
+    else if constexpr (std::is_same_v<Sample, std::uint16_t> && std::is_same_v<Pixel, CEL_PixelRGBA16>)
+        encodeTangents(source, picture, ySign);
     else
-        NM_encodeRows<Sample>(source, picture, TangentEncoder<Sample>{settings.yAxis == NM_YAxis::UP ? -1.0 : 1.0});
+        NM_encodeRows<Sample>(source, picture, TangentEncoder<Sample>{ySign});
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include <tbb/parallel_for.h>
 
 #include <algorithm>
+#include <span>
 
 /// Calls work with the pixmap as what it is.
 ///
@@ -35,23 +36,37 @@ void NM_forRows(int first, int end, const Work& work)
     });
 }
 
+/// Splits the columns x1 .. x2 - 1 of row y: calls missing(x, count) for what lies beside the store's rectangle, on the
+/// left and on the right, and held(x, pixels) for its pixels, where there are any.
+template<typename Pixel, typename Missing, typename Held>
+void NM_splitRow(const CEL_PixelStore<Pixel>& source, int y, int x1, int x2, const Missing& missing, const Held& held)
+{
+    const Math::Box2di& rect = source.allocatedRect();
+    const bool rowHeld = !rect.isEmpty() && y >= rect.y1 && y < rect.y2;
+    const int first = rowHeld ? std::clamp(rect.x1, x1, x2) : x2;
+    const int end = rowHeld ? std::clamp(rect.x2, first, x2) : x2;
+    if (x1 < first)
+        missing(x1, first - x1);
+    if (first < end)
+        held(first,
+             source.row(y).subspan(static_cast<std::size_t>(first - rect.x1), static_cast<std::size_t>(end - first)));
+    if (end < x2)
+        missing(end, x2 - end);
+}
+
 /// Calls visit(i, pixel) for i = 0 .. x2 - x1 - 1 with the pixels of row y from x1 on; a missing one is all zero.
 template<typename Pixel, typename Visit>
 void NM_visitRow(const CEL_PixelStore<Pixel>& source, int y, int x1, int x2, const Visit& visit)
 {
-    const Math::Box2di& held = source.allocatedRect();
-    const bool rowHeld = !held.isEmpty() && y >= held.y1 && y < held.y2;
-    const int first = rowHeld ? std::clamp(held.x1, x1, x2) : x2;
-    const int end = rowHeld ? std::clamp(held.x2, first, x2) : x2;
-    for (int x = x1; x < first; ++x)
-        visit(x - x1, Pixel{});
-    if (first < end) {
-        const std::span<const Pixel> pixels = source.row(y);
-        for (int x = first; x < end; ++x)
-            visit(x - x1, pixels[static_cast<std::size_t>(x - held.x1)]);
-    }
-    for (int x = end; x < x2; ++x)
-        visit(x - x1, Pixel{});
+    const auto missing = [&](int x, int count) {
+        for (int i = 0; i < count; ++i)
+            visit(x - x1 + i, Pixel{});
+    };
+    const auto held = [&](int x, std::span<const Pixel> pixels) {
+        for (const Pixel& pixel : pixels)
+            visit(x++ - x1, pixel);
+    };
+    NM_splitRow(source, y, x1, x2, missing, held);
 }
 
 /// Calls encode(pixel, samples) for every pixel of the picture's data window, with the pixmap's pixel and the picture's
