@@ -5,7 +5,10 @@
 #include "BenchScene.h"
 #include "Groups.h"
 
+#include <array>
+#include <cstring>
 #include <thread>
+#include <vector>
 
 namespace {
 
@@ -42,26 +45,47 @@ void addObjects(Group& group, const std::string& prefix, const Lazy<Scene>& one,
                              {}});
 }
 
+// The same work twice, once after the other and once side by side; work(0) and work(1) share nothing.
+template<typename Work>
+void addPair(Group& group, const std::string& prefix, const std::string& name, const Work& work, Figure figure)
+{
+    figure.numerator = prefix + "two " + name + " in turn";
+    figure.denominator = prefix + "two " + name + " at once";
+    figure.name = prefix + name + " in turn : at once";
+    const auto inTurn = [=] {
+        work(0);
+        work(1);
+    };
+    const auto atOnce = [=] {
+        std::jthread second([&] { work(1); });
+        work(0);
+    };
+    group.cases.push_back({figure.numerator, [=](benchmark::State& state) { timeEach(state, inTurn); }});
+    group.cases.push_back({figure.denominator, [=](benchmark::State& state) {
+                               // What is made when it is asked for first, is made before two threads ask for it.
+                               inTurn();
+                               timeEach(state, atOnce);
+                           }});
+    group.figures.push_back(std::move(figure));
+}
+
 void addFrames(Group& group, const std::string& prefix, const Lazy<Scene>& one, const Lazy<Scene>& other)
 {
-    group.cases.push_back({prefix + "two-frames-in-turn", [=](benchmark::State& state) {
-                               Scene& a = *one;
-                               Scene& b = *other;
-                               timeEach(state, [&] {
-                                   renderOnOneThread(a);
-                                   renderOnOneThread(b);
-                               });
-                           }});
-    group.cases.push_back({prefix + "two-frames-at-once", [=](benchmark::State& state) {
-                               Scene& a = *one;
-                               Scene& b = *other;
-                               timeEach(state, [&] {
-                                   std::jthread second([&] { renderOnOneThread(b); });
-                                   renderOnOneThread(a);
-                               });
-                           }});
-    group.figures.push_back({prefix + "frames in turn : at once", prefix + "two-frames-in-turn",
-                             prefix + "two-frames-at-once", 1.8, true, "two frames in turn : at once"});
+    const auto render = [=](int which) { renderOnOneThread(which == 0 ? *one : *other); };
+    addPair(group, prefix, "frames", render, {.goal = 1.8, .atLeast = true, .kind = "two frames in turn : at once"});
+    // What the memory lets two threads have of it.
+    const Lazy<std::array<std::vector<CEL_PixelRGBA16>, 2>> copies([=] {
+        const auto pixels = static_cast<std::size_t>(one->canvas().area());
+        return std::make_shared<std::array<std::vector<CEL_PixelRGBA16>, 2>>(
+            std::array{std::vector<CEL_PixelRGBA16>(pixels), std::vector<CEL_PixelRGBA16>(pixels)});
+    });
+    const auto copy = [=](int which) {
+        std::vector<CEL_PixelRGBA16>& target = (*copies)[static_cast<std::size_t>(which)];
+        Scene& source = which == 0 ? *one : *other;
+        std::memcpy(target.data(), source.output().row(0).data(), target.size() * sizeof(CEL_PixelRGBA16));
+        benchmark::DoNotOptimize(target.data());
+    };
+    addPair(group, prefix, "copies of a frame", copy, {.atLeast = true});
 }
 
 Group scalingGroup(const FrameSize& frame)
