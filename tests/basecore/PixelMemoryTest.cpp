@@ -3,6 +3,7 @@
 // Blocks for pixels: what is kept, for how long, and who gets it.
 #include "QuarvelBaseCore/UT_PixelMemory.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -100,6 +101,33 @@ TEST_F(PixelMemory, WhatIsKeptStaysBelowTheLimit)
     for (void* const block : blocks)
         UT_PixelMemory::give(block, 64 * kMegabyte);
     EXPECT_EQ(UT_PixelMemory::idleBytes(), kept(512 * kMegabyte)) << "eight of the nine";
+}
+
+TEST_F(PixelMemory, WhatCameFirstIsKeptWhereNotAllFits)
+{
+    std::vector<void*> blocks(9);
+    for (void*& block : blocks)
+        block = UT_PixelMemory::take(64 * kMegabyte);
+    for (void* const block : blocks)
+        UT_PixelMemory::give(block, 64 * kMegabyte);
+    std::vector<void*> again(8);
+    for (void*& block : again)
+        block = UT_PixelMemory::take(64 * kMegabyte);
+    if (UT_PixelMemory::kLargestIdle > 0) {
+        EXPECT_THAT(again, testing::UnorderedElementsAreArray(blocks.begin(), blocks.begin() + 8));
+    }
+    for (void* const block : again)
+        UT_PixelMemory::give(block, 64 * kMegabyte);
+}
+
+TEST_F(PixelMemory, ABlockThatNobodyTakesForLongGoes)
+{
+    UT_PixelMemory::give(UT_PixelMemory::take(64 * kMegabyte), 64 * kMegabyte);
+    for (int i = 0; i < 1000; ++i)
+        UT_PixelMemory::give(UT_PixelMemory::take(kMegabyte), kMegabyte);
+    EXPECT_EQ(UT_PixelMemory::idleBytes(), kept(65 * kMegabyte));
+    UT_PixelMemory::give(UT_PixelMemory::take(kMegabyte), kMegabyte);
+    EXPECT_EQ(UT_PixelMemory::idleBytes(), kept(kMegabyte));
 }
 
 TEST_F(PixelMemory, GivingNothingBackIsFine)

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstdint>
 #include <mutex>
 #include <new>
 #include <vector>
@@ -17,10 +18,14 @@ namespace {
 
 constexpr std::align_val_t kAligned{kAlignment};
 
+// A block that nobody takes while so many others come back, a few frames' worth, belongs to work that is over.
+constexpr std::uint64_t kPatience = 1000;
+
 struct Block
 {
     void* start;
     std::size_t bytes;
+    std::uint64_t idleSince = 0; ///< how many blocks had come back by then
 };
 
 /// The kept blocks, the longest idle one first, and those in use that are larger than their users know.
@@ -33,6 +38,7 @@ struct Idle
     std::vector<Block> blocks;
     std::vector<Block> lent;
     std::size_t bytes = 0;
+    std::uint64_t given = 0; ///< how many have come back
 };
 
 /// Never destroyed: pixmaps that live until the end of the process still give their blocks back.
@@ -90,9 +96,9 @@ Block returned(Idle& kept, const Block& given)
     return block;
 }
 
-void makeRoom(Idle& kept, std::size_t bytes)
+void freeForgotten(Idle& kept)
 {
-    while (!kept.blocks.empty() && kept.bytes + bytes > kLargestIdle) {
+    while (!kept.blocks.empty() && kept.given - kept.blocks.front().idleSince > kPatience) {
         kept.bytes -= kept.blocks.front().bytes;
         free(kept.blocks.front());
         kept.blocks.erase(kept.blocks.begin());
@@ -126,12 +132,13 @@ void give(void* block, std::size_t bytes) noexcept
     }
     Idle& kept = idle();
     const std::lock_guard guard(kept.lock);
-    const Block given = returned(kept, {block, roundedUp(bytes)});
-    if (given.bytes > kLargestIdle) {
+    Block given = returned(kept, {block, roundedUp(bytes)});
+    given.idleSince = ++kept.given;
+    freeForgotten(kept);
+    if (kept.bytes + given.bytes > kLargestIdle) {
         free(given);
         return;
     }
-    makeRoom(kept, given.bytes);
     kept.blocks.push_back(given);
     kept.bytes += given.bytes;
 }

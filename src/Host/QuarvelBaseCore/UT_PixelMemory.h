@@ -14,9 +14,9 @@ namespace UT_PixelMemory {
 /// Every block starts at a multiple of this many bytes.
 inline constexpr std::size_t kAlignment = 64;
 
-/// At most so many bytes are kept for later, which is more than a frame of a dozen large objects in 4K needs: with a
-/// little less, each frame would have to fetch all of its blocks anew. The block that has been idle longest goes first.
-/// None are kept where an address sanitizer is to see that nobody uses a block that was given back.
+/// At most so many bytes are kept for later, about what a frame of a dozen large objects in 4K needs. What comes when
+/// that is full is freed: frames want the same blocks in the same order, so the older ones are wanted sooner. None are
+/// kept where an address sanitizer is to see that nobody uses a block that was given back.
 #ifdef __SANITIZE_ADDRESS__
 inline constexpr std::size_t kLargestIdle = 0;
 #else
