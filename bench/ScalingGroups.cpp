@@ -47,11 +47,11 @@ void addObjects(Group& group, const std::string& prefix, const Lazy<Scene>& one,
 
 // The same work twice, once after the other and once side by side; work(0) and work(1) share nothing.
 template<typename Work>
-void addPair(Group& group, const std::string& prefix, const std::string& name, const Work& work, Figure figure)
+void addPair(Group& group, const std::string& prefix, const std::string& name, const Work& work, double goal,
+             const std::string& kind)
 {
-    figure.numerator = prefix + "two " + name + " in turn";
-    figure.denominator = prefix + "two " + name + " at once";
-    figure.name = prefix + name + " in turn : at once";
+    const std::string turns = prefix + "two " + name + " in turn";
+    const std::string sides = prefix + "two " + name + " at once";
     const auto inTurn = [=] {
         work(0);
         work(1);
@@ -60,19 +60,19 @@ void addPair(Group& group, const std::string& prefix, const std::string& name, c
         std::jthread second([&] { work(1); });
         work(0);
     };
-    group.cases.push_back({figure.numerator, [=](benchmark::State& state) { timeEach(state, inTurn); }});
-    group.cases.push_back({figure.denominator, [=](benchmark::State& state) {
+    group.cases.push_back({turns, [=](benchmark::State& state) { timeEach(state, inTurn); }});
+    group.cases.push_back({sides, [=](benchmark::State& state) {
                                // What is made when it is asked for first, is made before two threads ask for it.
                                inTurn();
                                timeEach(state, atOnce);
                            }});
-    group.figures.push_back(std::move(figure));
+    group.figures.push_back({prefix + name + " in turn : at once", turns, sides, goal, true, kind});
 }
 
 void addFrames(Group& group, const std::string& prefix, const Lazy<Scene>& one, const Lazy<Scene>& other)
 {
     const auto render = [=](int which) { renderOnOneThread(which == 0 ? *one : *other); };
-    addPair(group, prefix, "frames", render, {.goal = 1.8, .atLeast = true, .kind = "two frames in turn : at once"});
+    addPair(group, prefix, "frames", render, 1.8, "two frames in turn : at once");
     // What the memory lets two threads have of it.
     const Lazy<std::array<std::vector<CEL_PixelRGBA16>, 2>> copies([=] {
         const auto pixels = static_cast<std::size_t>(one->canvas().area());
@@ -85,7 +85,7 @@ void addFrames(Group& group, const std::string& prefix, const Lazy<Scene>& one, 
         std::memcpy(target.data(), source.output().row(0).data(), target.size() * sizeof(CEL_PixelRGBA16));
         benchmark::DoNotOptimize(target.data());
     };
-    addPair(group, prefix, "copies of a frame", copy, {.atLeast = true});
+    addPair(group, prefix, "copies of a frame", copy, Figure::kNoGoal, {});
 }
 
 Group scalingGroup(const FrameSize& frame)
