@@ -120,14 +120,20 @@ TEST_F(PixelMemory, WhatCameFirstIsKeptWhereNotAllFits)
         UT_PixelMemory::give(block, 64 * kMegabyte);
 }
 
-TEST_F(PixelMemory, ABlockThatNobodyTakesForLongGoes)
+TEST_F(PixelMemory, BlocksThatNobodyTakesForLongMakeRoom)
 {
-    UT_PixelMemory::give(UT_PixelMemory::take(64 * kMegabyte), 64 * kMegabyte);
-    for (int i = 0; i < 1000; ++i)
-        UT_PixelMemory::give(UT_PixelMemory::take(kMegabyte), kMegabyte);
-    EXPECT_EQ(UT_PixelMemory::idleBytes(), kept(65 * kMegabyte));
-    UT_PixelMemory::give(UT_PixelMemory::take(kMegabyte), kMegabyte);
-    EXPECT_EQ(UT_PixelMemory::idleBytes(), kept(kMegabyte));
+    const auto giveBack = [](std::size_t megabytes, int times) {
+        for (int i = 0; i < times; ++i)
+            UT_PixelMemory::give(UT_PixelMemory::take(megabytes * kMegabyte), megabytes * kMegabyte);
+    };
+    void* const first = UT_PixelMemory::take(256 * kMegabyte);
+    giveBack(256, 1);
+    UT_PixelMemory::give(first, 256 * kMegabyte);
+    // There is no room for more until over 200 others, the second large one among them, came back after the first.
+    giveBack(1, 199);
+    EXPECT_EQ(UT_PixelMemory::idleBytes(), kept(512 * kMegabyte));
+    giveBack(1, 1);
+    EXPECT_EQ(UT_PixelMemory::idleBytes(), kept(257 * kMegabyte));
 }
 
 TEST_F(PixelMemory, GivingNothingBackIsFine)

@@ -18,8 +18,8 @@ namespace {
 
 constexpr std::align_val_t kAligned{kAlignment};
 
-// A block that nobody takes while so many others come back, a few frames' worth, belongs to work that is over.
-constexpr std::uint64_t kPatience = 1000;
+// A block that nobody took while so many others came back, a frame's worth or more, belongs to work that is over.
+constexpr std::uint64_t kPatience = 200;
 
 struct Block
 {
@@ -96,9 +96,11 @@ Block returned(Idle& kept, const Block& given)
     return block;
 }
 
-void freeForgotten(Idle& kept)
+// Frees blocks that nobody wants any more until so many bytes fit, or until there are none of them.
+void makeRoom(Idle& kept, std::size_t bytes)
 {
-    while (!kept.blocks.empty() && kept.given - kept.blocks.front().idleSince > kPatience) {
+    const auto isForgotten = [&](const Block& block) { return kept.given - block.idleSince > kPatience; };
+    while (kept.bytes + bytes > kLargestIdle && !kept.blocks.empty() && isForgotten(kept.blocks.front())) {
         kept.bytes -= kept.blocks.front().bytes;
         free(kept.blocks.front());
         kept.blocks.erase(kept.blocks.begin());
@@ -134,7 +136,7 @@ void give(void* block, std::size_t bytes) noexcept
     const std::lock_guard guard(kept.lock);
     Block given = returned(kept, {block, roundedUp(bytes)});
     given.idleSince = ++kept.given;
-    freeForgotten(kept);
+    makeRoom(kept, given.bytes);
     if (kept.bytes + given.bytes > kLargestIdle) {
         free(given);
         return;

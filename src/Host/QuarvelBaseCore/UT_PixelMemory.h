@@ -15,8 +15,8 @@ namespace UT_PixelMemory {
 inline constexpr std::size_t kAlignment = 64;
 
 /// At most so many bytes are kept for later, about what a frame of a dozen large objects in 4K needs. What comes when
-/// that is full is freed: frames want the same blocks in the same order, so the older ones are wanted sooner. None are
-/// kept where an address sanitizer is to see that nobody uses a block that was given back.
+/// that is full is freed: frames want the same blocks in the same order, so the older ones are wanted sooner, unless
+/// nobody wanted them for long. None are kept where an address sanitizer is to see that no freed block is used.
 #ifdef __SANITIZE_ADDRESS__
 inline constexpr std::size_t kLargestIdle = 0;
 #else
