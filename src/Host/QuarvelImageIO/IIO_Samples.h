@@ -14,6 +14,7 @@ inline std::uint16_t IIO_toSample16(float value)
         return 0;
     if (value >= 1.0F)
         return 65535;
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings): not negative, so what is cut off is what rounding down takes
     return static_cast<std::uint16_t>(static_cast<double>(value) * 65535.0 + 0.5);
 }
 inline std::uint16_t IIO_toSample16(std::uint16_t value)

@@ -33,6 +33,7 @@ Sample NM_fractionToSample(double fraction)
     if constexpr (std::is_same_v<Sample, float>)
         return static_cast<float>(clamped);
     else
+        // NOLINTNEXTLINE(bugprone-incorrect-roundings): not negative, so what is cut off is what rounding down takes
         return static_cast<Sample>(clamped * 65535.0 + 0.5);
 }
 
