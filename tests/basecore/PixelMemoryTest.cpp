@@ -27,6 +27,17 @@ std::size_t kept(std::size_t bytes)
     return std::min(bytes, UT_PixelMemory::kLargestIdle);
 }
 
+// So many blocks of 64 megabytes, taken one after the other and given back in the same order.
+std::vector<void*> useAtOnce(std::size_t count)
+{
+    std::vector<void*> blocks(count);
+    for (void*& block : blocks)
+        block = UT_PixelMemory::take(64 * kMegabyte);
+    for (void* const block : blocks)
+        UT_PixelMemory::give(block, 64 * kMegabyte);
+    return blocks;
+}
+
 } // namespace
 
 TEST_F(PixelMemory, BlocksAreAligned)
@@ -95,29 +106,17 @@ TEST_F(PixelMemory, SmallBlocksAreNotKept)
 
 TEST_F(PixelMemory, WhatIsKeptStaysBelowTheLimit)
 {
-    std::vector<void*> blocks(9);
-    for (void*& block : blocks)
-        block = UT_PixelMemory::take(64 * kMegabyte);
-    for (void* const block : blocks)
-        UT_PixelMemory::give(block, 64 * kMegabyte);
+    useAtOnce(9);
     EXPECT_EQ(UT_PixelMemory::idleBytes(), kept(512 * kMegabyte)) << "eight of the nine";
 }
 
 TEST_F(PixelMemory, WhatCameFirstIsKeptWhereNotAllFits)
 {
-    std::vector<void*> blocks(9);
-    for (void*& block : blocks)
-        block = UT_PixelMemory::take(64 * kMegabyte);
-    for (void* const block : blocks)
-        UT_PixelMemory::give(block, 64 * kMegabyte);
-    std::vector<void*> again(8);
-    for (void*& block : again)
-        block = UT_PixelMemory::take(64 * kMegabyte);
+    const std::vector<void*> blocks = useAtOnce(9);
+    const std::vector<void*> again = useAtOnce(8);
     if (UT_PixelMemory::kLargestIdle > 0) {
         EXPECT_THAT(again, testing::UnorderedElementsAreArray(blocks.begin(), blocks.begin() + 8));
     }
-    for (void* const block : again)
-        UT_PixelMemory::give(block, 64 * kMegabyte);
 }
 
 TEST_F(PixelMemory, BlocksThatNobodyTakesForLongMakeRoom)
