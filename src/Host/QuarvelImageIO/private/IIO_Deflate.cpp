@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The fast way is ISA-L's: a fifth of the time that zlib takes for as small a result. zlib makes the small files, and
-// the ones that are not pressed at all.
+// The fast way is ISA-L's, with codes made for the bytes: a fourth of the time that zlib takes for a result a tenth
+// larger. Its levels 1 and 2 press better, but the address of their state decides between matches, so that the same
+// bytes would not always become the same piece. zlib makes the small files, and the ones that are not pressed at all.
 #include "QuarvelImageIO/private/IIO_Deflate.h"
 
 #include <isa-l/igzip_lib.h>
@@ -9,14 +10,13 @@
 
 #include <algorithm>
 #include <cassert>
+#include <memory>
 #include <new>
+#include <utility>
 
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
-
-// Level 0 has fixed codes, levels above 1 hardly find more in filtered rows.
-constexpr std::uint32_t kFastLevel = 1;
 
 // Beyond this level files hardly shrink and smooth pictures take ten times as long.
 constexpr int kSmallLevel = 6;
@@ -27,18 +27,24 @@ std::size_t roomFor(std::size_t bytes)
     return bytes + bytes / 1024 + 256;
 }
 
-} // namespace
+// Codes that are short for what is frequent in the bytes; there is one for everything else, too. Null where such codes
+// cannot be made.
+std::unique_ptr<isal_hufftables> codesFor(std::span<const std::uint8_t> bytes)
+{
+    const auto histogram = std::make_unique<isal_huff_histogram>();
+    auto codes = std::make_unique<isal_hufftables>();
+    isal_update_histogram(const_cast<std::uint8_t*>(bytes.data()), static_cast<int>(bytes.size()), histogram.get());
+    return isal_create_hufftables(codes.get(), histogram.get()) == 0 ? std::move(codes) : nullptr;
+}
 
-IIO_Deflate::IIO_Deflate(IIO_Compression compression)
-    : _compression(compression), _levelMemory(compression == IIO_Compression::FAST ? ISAL_DEF_LVL1_DEFAULT : 0)
-{}
+} // namespace
 
 std::uint32_t IIO_Deflate::checksumOf(std::span<const std::uint8_t> bytes)
 {
     return isal_adler32(1, bytes.data(), bytes.size());
 }
 
-void IIO_Deflate::press(std::span<const std::uint8_t> bytes, bool isLast, Bytes& output)
+void IIO_Deflate::press(std::span<const std::uint8_t> bytes, bool isLast, Bytes& output) const
 {
     if (_compression == IIO_Compression::FAST)
         pressFast(bytes, isLast, output);
@@ -48,11 +54,11 @@ void IIO_Deflate::press(std::span<const std::uint8_t> bytes, bool isLast, Bytes&
 
 void IIO_Deflate::pressFast(std::span<const std::uint8_t> bytes, bool isLast, Bytes& output)
 {
+    const std::unique_ptr<isal_hufftables> codes = codesFor(bytes);
     isal_zstream stream{};
     isal_deflate_init(&stream);
-    stream.level = kFastLevel;
-    stream.level_buf = _levelMemory.data();
-    stream.level_buf_size = static_cast<std::uint32_t>(_levelMemory.size());
+    if (codes)
+        stream.hufftables = codes.get();
     stream.end_of_stream = isLast ? 1 : 0;
     stream.flush = isLast ? NO_FLUSH : SYNC_FLUSH;
     stream.next_in = const_cast<std::uint8_t*>(bytes.data());

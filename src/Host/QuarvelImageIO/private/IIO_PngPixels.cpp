@@ -78,12 +78,9 @@ private:
     // What a thread works with, from band to band.
     struct Workplace
     {
-        explicit Workplace(IIO_Compression compression) : deflate(compression) {}
-
         Bytes row;
         Bytes above;
         Bytes filtered;
-        IIO_Deflate deflate;
     };
 
     void press(Band& band, int firstRow, bool isLast)
@@ -92,7 +89,7 @@ private:
         filterRows(place, firstRow, std::min(firstRow + _rowsPerBand, _image.height()));
         band.length = place.filtered.size();
         band.checksum = IIO_Deflate::checksumOf(place.filtered);
-        place.deflate.press(place.filtered, isLast, band.pressed);
+        _deflate.press(place.filtered, isLast, band.pressed);
         band.pressed.shrink_to_fit();
     }
 
@@ -128,7 +125,8 @@ private:
     const std::size_t _bytesPerPixel;
     const std::size_t _bytesPerRow;
     const int _rowsPerBand;
-    tbb::enumerable_thread_specific<Workplace> _places{_compression};
+    const IIO_Deflate _deflate{_compression};
+    tbb::enumerable_thread_specific<Workplace> _places;
 };
 
 } // namespace
