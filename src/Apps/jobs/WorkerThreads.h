@@ -3,6 +3,8 @@
 
 #include <oneapi/tbb/global_control.h>
 
+#include <new>
+
 /// The threads that loops run on, as the part of a program that needs them: the end of its scope waits until they have
 /// ended. Otherwise they would still be putting away what Qt keeps for each thread while the process takes Qt apart.
 class WorkerThreads
