@@ -1,0 +1,67 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The numbers of the law. They were fitted on modelled bodies with known normals (spheres, capsules, tori, figures),
+// rendered under lights from eight sides; 40 per cent off in one of them costs 3 to 9 per cent of the error.
+#include "form/FormLaw.h"
+
+#include <algorithm>
+
+namespace {
+
+// The node's depth at elevation 1, in units of which the picture is 720 wide.
+constexpr double kDepthOfElevation = 37.5;
+
+// Bevel and height as multiples of the breadth.
+struct Profile
+{
+    double bevel;
+    double height;
+    double smoothness;
+};
+
+// A blur that reaches a little beyond the middle, and the square root of it, which makes a circle's profile.
+constexpr Profile kOrdinary{1.2, 1.0, 2.0};
+// What is round all around gets a wider blur, whose profile is nearer to a sphere's.
+constexpr Profile kRound{4.0, 1.5, 3.4};
+constexpr double kRoundFrom = 0.85;
+constexpr double kRoundTo = 0.93;
+
+constexpr ObjectForm kRim{24.0, 1.0, 1.0};
+
+// No volume is the smallest elevation that the node still tells from none: with none, it takes the object for empty.
+constexpr double kNoElevation = 1e-4;
+
+Profile between(const Profile& a, const Profile& b, double t)
+{
+    const auto mix = [t](double from, double to) { return from + t * (to - from); };
+    return {mix(a.bevel, b.bevel), mix(a.height, b.height), mix(a.smoothness, b.smoothness)};
+}
+
+Profile profileOf(const ObjectExtent& extent, FormShape shape)
+{
+    if (shape == FormShape::PILLOW)
+        return kRound;
+    return between(kOrdinary, kRound, std::clamp((extent.roundness - kRoundFrom) / (kRoundTo - kRoundFrom), 0.0, 1.0));
+}
+
+ObjectForm raised(const ObjectExtent& extent, FormShape shape)
+{
+    if (shape == FormShape::RIM)
+        return kRim;
+    const Profile profile = profileOf(extent, shape);
+    return {profile.bevel * extent.breadth, profile.height * extent.breadth / kDepthOfElevation, profile.smoothness};
+}
+
+} // namespace
+
+ObjectForm formFor(const ObjectExtent& extent, ObjectRole role, const FormSettings& settings)
+{
+    ObjectForm form = raised(extent, settings.shape);
+    form.elevation *= settings.volume;
+    if (role == ObjectRole::OPENING)
+        form.elevation = -form.elevation;
+    const bool flat = settings.shape == FormShape::OFF || role == ObjectRole::FLAT || form.elevation == 0.0;
+    if (flat)
+        form.elevation = kNoElevation;
+    return form;
+}
