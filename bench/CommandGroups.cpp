@@ -11,8 +11,8 @@
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelNormalMap/NM_NormalPicture.h"
 #include "SilencedOutput.h"
-#include "jobs/NormalMapJob.h"
-#include "jobs/ReadDrawing.h"
+#include "jobs/drawing/NormalMapJob.h"
+#include "jobs/drawing/ReadDrawing.h"
 
 #include <QTemporaryDir>
 

@@ -2,13 +2,15 @@
 
 include(GenerateExportHeader)
 
-# quarvel_add_library(NAME [PUBLIC dep...] [PRIVATE dep...])
+# quarvel_add_library(NAME [ROOMS folder...] [PUBLIC dep...] [PRIVATE dep...])
 #
 # One host library: the shared library NAME from the folder's sources, known to others as Quarvel::NAME. Its public headers stand
-# at the root of the folder and are included as "NAME/Header.h"; private ones lie in a subfolder. The export macro NAME_EXPORT (in
+# at the root of the folder, or in the folders named as ROOMS, and private ones in folders called private. Plug-ins include every
+# public header as "NAME/Header.h", in whichever room it stands: a generated header of that name leads there. The project's own
+# sources name the room. The export macro NAME_EXPORT (in
 # upper case) comes from the generated header "NAME/NAMEExport.h".
 function(quarvel_add_library name)
-  cmake_parse_arguments(arg "" "" "PUBLIC;PRIVATE" ${ARGN})
+  cmake_parse_arguments(arg "" "" "ROOMS;PUBLIC;PRIVATE" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
   add_library(${name} SHARED ${sources})
   add_library(Quarvel::${name} ALIAS ${name})
@@ -34,6 +36,23 @@ function(quarvel_add_library name)
   file(GLOB headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
   install(FILES ${headers} "${CMAKE_BINARY_DIR}/generated/${name}/${name}Export.h"
           DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quarvel/${name})
+  foreach(room IN LISTS arg_ROOMS)
+    quarvel_install_room(${name} ${room})
+  endforeach()
+endfunction()
+
+# quarvel_install_room(NAME ROOM)
+#
+# Makes the headers of a room known under the library's name alone, and installs both.
+function(quarvel_install_room name room)
+  file(GLOB headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${room}/*.h")
+  install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quarvel/${name}/${room})
+  foreach(header IN LISTS headers)
+    get_filename_component(file "${header}" NAME)
+    set(forward "${CMAKE_BINARY_DIR}/generated/${name}/${file}")
+    file(CONFIGURE OUTPUT "${forward}" CONTENT "#include \"${name}/${room}/${file}\" // IWYU pragma: export\n")
+    install(FILES "${forward}" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quarvel/${name})
+  endforeach()
 endfunction()
 
 # vallorin_add_tests(AREA [WITHOUT_QT] [LIBRARIES dep...])

@@ -4,8 +4,8 @@
 #include "application/IndependentPicture.h"
 
 #include "QuarvelNormalMap/NM_DrawingPicture.h"
-#include "jobs/NormalMapJob.h"
-#include "jobs/ReadDrawing.h"
+#include "jobs/drawing/NormalMapJob.h"
+#include "jobs/drawing/ReadDrawing.h"
 
 #include <gtest/gtest.h>
 

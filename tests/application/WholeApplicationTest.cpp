@@ -8,10 +8,10 @@
 #include "application/IndependentPicture.h"
 #include "studio/WindowTesting.h"
 
-#include "QuarvelSceneCore/AT_StringAttr.h"
-#include "studio/views/NodePanel.h"
-#include "studio/views/NodeView.h"
-#include "studio/views/PropertiesView.h"
+#include "QuarvelSceneCore/attributes/AT_StringAttr.h"
+#include "studio/docks/graph/NodePanel.h"
+#include "studio/docks/graph/NodeView.h"
+#include "studio/docks/scene/PropertiesView.h"
 
 #include <QDir>
 #include <QDirIterator>

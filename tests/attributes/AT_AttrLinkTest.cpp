@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // What links between attributes promise.
-#include "QuarvelSceneCore/AT_BoolAttr.h"
-#include "QuarvelSceneCore/AT_StringAttr.h"
+#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+#include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "attributes/AttrTesting.h"
 
 #include <map>

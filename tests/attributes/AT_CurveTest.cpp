@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // What curves promise: their values, worked out by hand, and their form in files.
-#include "QuarvelSceneCore/AT_Curve.h"
+#include "QuarvelSceneCore/attributes/AT_Curve.h"
 #include "attributes/AttrTesting.h"
 #include "persistentobj/AnyValues.h"
 

@@ -2,7 +2,7 @@
 //
 // What numeric attributes promise.
 #include "QuarvelCommand/CO_CommandStack.h"
-#include "QuarvelSceneCore/AT_IntAttr.h"
+#include "QuarvelSceneCore/attributes/AT_IntAttr.h"
 #include "attributes/AttrTesting.h"
 #include "persistentobj/AnyValues.h"
 

@@ -1,10 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // What texts, truth values, references to drawings and visitors promise.
-#include "QuarvelSceneCore/AT_BoolAttr.h"
-#include "QuarvelSceneCore/AT_DrawingAttr.h"
-#include "QuarvelSceneCore/AT_IntAttr.h"
-#include "QuarvelSceneCore/AT_StringAttr.h"
+#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/attributes/AT_IntAttr.h"
+#include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "attributes/AttrTesting.h"
 #include "persistentobj/AnyValues.h"
 

@@ -5,8 +5,8 @@
 
 #include "QuarvelCommand/CO_Command.h"
 #include "QuarvelPersistentObj/PO_XmlReading.h"
-#include "QuarvelSceneCore/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/AT_EnumAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_EnumAttr.h"
 
 #include <gtest/gtest.h>
 

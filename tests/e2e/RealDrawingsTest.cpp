@@ -2,8 +2,8 @@
 //
 // More than a thousand drawings that nobody here drew, each through the whole program with the plug-in loaded as a
 // plug-in: every one renders, and the normal map covers what the drawing covers.
-#include "jobs/NormalMapJob.h"
-#include "jobs/ReadDrawing.h"
+#include "jobs/drawing/NormalMapJob.h"
+#include "jobs/drawing/ReadDrawing.h"
 
 #include <QDirIterator>
 #include <QFileInfo>

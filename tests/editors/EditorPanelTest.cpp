@@ -3,10 +3,10 @@
 // The panel: standard widgets, commands, and nodes that change or go while they are shown.
 #include "editors/EditorTesting.h"
 
-#include "QuarvelSceneCore/AT_BoolAttr.h"
-#include "QuarvelSceneCore/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/AT_EnumAttrBase.h"
-#include "QuarvelSceneCore/MO_EditCommands.h"
+#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_EnumAttrBase.h"
+#include "QuarvelSceneCore/editing/MO_EditCommands.h"
 
 #include <QCheckBox>
 #include <QComboBox>

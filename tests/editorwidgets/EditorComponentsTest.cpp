@@ -3,7 +3,7 @@
 // The two editors with an owner that does nothing but count, and on widgets that lack what they look for.
 #include "QuarvelBaseCore/UT_DPI.h"
 #include "QuarvelCommand/CO_OrCommand.h"
-#include "QuarvelSceneCore/AT_StringAttr.h"
+#include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "editors/CornerLabel.h"
 #include "editors/VolumetricColorEditor.h"
 #include "editors/VolumetricObjectListEditor.h"

@@ -3,9 +3,9 @@
 // Small drawings, sprites and animations for the tests of import, and questions about the scenes made of them.
 #pragma once
 
-#include "QuarvelSceneCore/AT_DrawingAttr.h"
-#include "QuarvelSceneCore/MO_ElementModule.h"
-#include "jobs/ImportDrawings.h"
+#include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "jobs/import/ImportDrawings.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Frame numbers in file names, and the order of names.
-#include "jobs/FrameNumbers.h"
+#include "jobs/import/FrameNumbers.h"
 #include "QuarvelDrawingIO/DIO_BitmapReader.h"
 
 #include <gmock/gmock.h>

@@ -4,7 +4,7 @@
 // what the animation covers.
 #include "Files.h"
 
-#include "QuarvelSceneCore/RD_SoftRenderer.h"
+#include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 
 #include <QDirIterator>
 

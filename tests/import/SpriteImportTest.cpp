@@ -3,7 +3,7 @@
 // Sprites: bitmaps become layers, and their coverage the objects'.
 #include "Files.h"
 
-#include "QuarvelSceneCore/RD_SoftRenderer.h"
+#include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 
 using namespace files;
 using testing::AllOf;

@@ -4,7 +4,7 @@
 #include "Files.h"
 
 #include "ObjectDefinition/ObjectDefinition.h"
-#include "QuarvelSceneCore/AT_IntAttr.h"
+#include "QuarvelSceneCore/attributes/AT_IntAttr.h"
 
 using namespace files;
 using testing::AllOf;

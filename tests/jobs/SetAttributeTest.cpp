@@ -1,12 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // What a person writes behind "quarvel set", and what becomes of the scene.
-#include "jobs/SetAttribute.h"
+#include "jobs/scene/SetAttribute.h"
 
-#include "QuarvelSceneCore/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/AT_DrawingAttr.h"
-#include "QuarvelSceneCore/MO_ElementModule.h"
-#include "jobs/DescribeScene.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "jobs/scene/DescribeScene.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // How much more of its input the node asks for than its output needs.
-#include "QuarvelSceneCore/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/AT_StringAttr.h"
-#include "QuarvelSceneCore/MO_PortContext.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_StringAttr.h"
+#include "QuarvelSceneCore/graph/MO_PortContext.h"
 #include "node/Vallorin.h"
 #include "parameters/VallorinImpl.h"
 

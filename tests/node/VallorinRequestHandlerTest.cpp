@@ -6,7 +6,7 @@
 #include "ObjectDefinition/ObjectDefinition.h"
 #include "ObjectDefinition/ObjectDefinitionEntry.h"
 #include "ObjectDefinition/ObjectDefinitionMessage.h"
-#include "QuarvelSceneCore/AT_StringAttr.h"
+#include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "node/CelTesting.h"
 #include "node/Vallorin.h"
 

@@ -3,9 +3,9 @@
 // Who the node is, how it is made, and how it meets visitors.
 #include "node/Vallorin.h"
 
-#include "QuarvelSceneCore/MO_ModuleFactory.h"
-#include "QuarvelSceneCore/MO_ModuleVisitor.h"
-#include "QuarvelSceneCore/MO_PortContext.h"
+#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/graph/MO_ModuleVisitor.h"
+#include "QuarvelSceneCore/graph/MO_PortContext.h"
 #include "parameters/TextPrinting.h"
 
 #include <QCoreApplication>

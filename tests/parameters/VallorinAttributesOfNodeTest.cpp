@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The tables of a node as lists and as maps.
-#include "QuarvelSceneCore/AT_StringAttr.h"
+#include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "node/Vallorin.h"
 #include "parameters/TextPrinting.h"
 #include "parameters/VallorinAttributes.h"

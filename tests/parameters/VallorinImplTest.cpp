@@ -3,9 +3,9 @@
 // The attributes of a new node: which there are, in which order, with which defaults, labels and bounds.
 #include "parameters/VallorinImpl.h"
 
-#include "QuarvelSceneCore/AT_BoolAttr.h"
-#include "QuarvelSceneCore/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/AT_StringAttr.h"
+#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "parameters/NormalQuality.h"
 #include "parameters/TextPrinting.h"
 

@@ -5,9 +5,9 @@
 
 #include "ObjectDefinition/ObjectDefinition.h"
 #include "ObjectDefinition/ObjectDefinitionMessage.h"
-#include "QuarvelSceneCore/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/AT_IntAttr.h"
-#include "QuarvelSceneCore/MO_Scene.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_IntAttr.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "render/VallorinRenderHandler.h"
 
 #include <gmock/gmock.h>

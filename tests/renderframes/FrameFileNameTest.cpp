@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Names of frames' files.
-#include "jobs/FrameFileName.h"
+#include "jobs/frames/FrameFileName.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Ranges of frames as people write them.
-#include "jobs/FrameRange.h"
+#include "jobs/frames/FrameRange.h"
 
 #include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>

@@ -2,11 +2,11 @@
 //
 // Runs over many frames: the files, their pixels, and what happens when something goes wrong.
 #include "QuarvelImageIO/IIO_PictureFile.h"
-#include "QuarvelSceneCore/MO_SceneCommon.h"
+#include "QuarvelSceneCore/graph/MO_SceneCommon.h"
 #include "SmallScene.h"
-#include "jobs/FrameOnDisk.h"
-#include "jobs/FrameRange.h"
-#include "jobs/FrameState.h"
+#include "jobs/frames/FrameOnDisk.h"
+#include "jobs/frames/FrameRange.h"
+#include "jobs/frames/FrameState.h"
 
 #include <QFileInfo>
 

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The memory budget.
-#include "jobs/RenderMemory.h"
+#include "jobs/frames/RenderMemory.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,10 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Films of lit frames.
-#include "jobs/RenderPreview.h"
-#include "QuarvelSceneCore/XUGroup.h"
+#include "jobs/frames/RenderPreview.h"
+#include "QuarvelSceneCore/graph/XUGroup.h"
 #include "SmallScene.h"
-#include "jobs/FilmFile.h"
+#include "jobs/frames/FilmFile.h"
 
 #include <QImage>
 #include <QStandardPaths>

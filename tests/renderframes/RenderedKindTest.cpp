@@ -1,14 +1,14 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // What a module's picture means, found in the graph.
-#include "jobs/RenderedKind.h"
-#include "QuarvelSceneCore/AT_BoolAttr.h"
-#include "QuarvelSceneCore/MO_CompositeModule.h"
-#include "QuarvelSceneCore/MO_DisplayModule.h"
-#include "QuarvelSceneCore/MO_ElementModule.h"
-#include "QuarvelSceneCore/MO_GlueModule.h"
-#include "QuarvelSceneCore/MO_ModuleFactory.h"
-#include "QuarvelSceneCore/MO_Scene.h"
+#include "jobs/shown/RenderedKind.h"
+#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
+#include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "QuarvelSceneCore/kinds/MO_GlueModule.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

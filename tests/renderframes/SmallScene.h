@@ -3,10 +3,10 @@
 // SmallScene: a square in a frame of 2 : 1, with a normal map whose bevel grows from frame 1 to frame 48.
 #pragma once
 
-#include "QuarvelSceneCore/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/MO_Port.h"
-#include "jobs/ReadDrawing.h"
-#include "jobs/RenderFrames.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/graph/MO_Port.h"
+#include "jobs/drawing/ReadDrawing.h"
+#include "jobs/frames/RenderFrames.h"
 
 #include <QDir>
 #include <QFile>

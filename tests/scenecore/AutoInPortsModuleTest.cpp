@@ -3,8 +3,8 @@
 // Automatic input ports: one free port always waits at the end.
 #include "TestModules.h"
 
-#include "QuarvelSceneCore/MO_CompositeModule.h"
-#include "QuarvelSceneCore/MO_GlueModule.h"
+#include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
+#include "QuarvelSceneCore/kinds/MO_GlueModule.h"
 
 #include <gtest/gtest.h>
 

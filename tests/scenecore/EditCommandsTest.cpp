@@ -6,13 +6,13 @@
 
 #include "QuarvelCommand/CO_CommandStack.h"
 #include "QuarvelPersistentObj/PO_XmlWriter.h"
-#include "QuarvelSceneCore/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/AT_DrawingAttr.h"
-#include "QuarvelSceneCore/MO_CompositeModule.h"
-#include "QuarvelSceneCore/MO_DisplayModule.h"
-#include "QuarvelSceneCore/MO_EditCommands.h"
-#include "QuarvelSceneCore/MO_GlueModule.h"
-#include "QuarvelSceneCore/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/editing/MO_EditCommands.h"
+#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
+#include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
+#include "QuarvelSceneCore/kinds/MO_GlueModule.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>

@@ -3,7 +3,7 @@
 // The leaf: which drawing at which frame, and where.
 #include "TestModules.h"
 
-#include "QuarvelSceneCore/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 // The module factory.
 #include "TestModules.h"
 
-#include "QuarvelSceneCore/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 
 #include <gtest/gtest.h>
 

@@ -5,10 +5,10 @@
 
 #include "QuarvelCommand/CO_CommandStack.h"
 #include "QuarvelPersistentObj/PO_XmlWriter.h"
-#include "QuarvelSceneCore/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/MO_CompositeModule.h"
-#include "QuarvelSceneCore/MO_ModuleFactory.h"
-#include "QuarvelSceneCore/MO_SceneCopy.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/graph/MO_SceneCopy.h"
+#include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
 
 #include <gtest/gtest.h>
 

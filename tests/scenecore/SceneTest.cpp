@@ -3,9 +3,9 @@
 // The scene: names, camera, palettes, links between attributes, notification.
 #include "TestModules.h"
 
-#include "QuarvelSceneCore/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/MO_DisplayModule.h"
-#include "QuarvelSceneCore/MO_PaletteCollector.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/graph/MO_PaletteCollector.h"
+#include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
 
 #include <gtest/gtest.h>
 

@@ -4,12 +4,12 @@
 #include "TestModules.h"
 
 #include "QuarvelPersistentObj/PO_XmlReading.h"
-#include "QuarvelSceneCore/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/MO_CompositeModule.h"
-#include "QuarvelSceneCore/MO_DisplayModule.h"
-#include "QuarvelSceneCore/MO_GlueModule.h"
-#include "QuarvelSceneCore/MO_ModuleFactory.h"
-#include "QuarvelSceneCore/MO_OpaqueModule.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
+#include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
+#include "QuarvelSceneCore/kinds/MO_GlueModule.h"
+#include "QuarvelSceneCore/kinds/MO_OpaqueModule.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>

@@ -5,10 +5,10 @@
 #include "TestModules.h"
 
 #include "QuarvelCelCore/CEL_PixmapFactory.h"
-#include "QuarvelSceneCore/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/MO_CompositeModule.h"
-#include "QuarvelSceneCore/MO_DisplayModule.h"
-#include "QuarvelSceneCore/MO_GlueModule.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
+#include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
+#include "QuarvelSceneCore/kinds/MO_GlueModule.h"
 
 #include <gtest/gtest.h>
 

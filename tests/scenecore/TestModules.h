@@ -3,15 +3,15 @@
 // Modules and drawings that the tests of the node graph are built from.
 #pragma once
 
-#include "QuarvelSceneCore/AT_DrawingAttr.h"
-#include "QuarvelSceneCore/MO_ElementModule.h"
-#include "QuarvelSceneCore/MO_RenderingRequestService.h"
-#include "QuarvelSceneCore/MO_Scene.h"
-#include "QuarvelSceneCore/MO_SoftContext.h"
-#include "QuarvelSceneCore/MO_SoftRenderInterface.h"
-#include "QuarvelSceneCore/RD_ScriptContext.h"
-#include "QuarvelSceneCore/RD_SoftRenderer.h"
-#include "QuarvelSceneCore/node_render.h"
+#include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "QuarvelSceneCore/rendering/MO_RenderingRequestService.h"
+#include "QuarvelSceneCore/rendering/MO_SoftContext.h"
+#include "QuarvelSceneCore/rendering/MO_SoftRenderInterface.h"
+#include "QuarvelSceneCore/rendering/RD_ScriptContext.h"
+#include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
+#include "QuarvelSceneCore/rendering/node_render.h"
 
 #include <string>
 #include <vector>

@@ -4,8 +4,8 @@
 // with names that mean harm.
 #include "sceneio/TestScenes.h"
 
-#include "QuarvelSceneCore/MO_ModuleFactory.h"
-#include "QuarvelSceneCore/MO_OpaqueModule.h"
+#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/kinds/MO_OpaqueModule.h"
 
 #include <rapidcheck/gtest.h>
 

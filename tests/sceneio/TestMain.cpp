@@ -3,7 +3,7 @@
 // The tests' own program: with the plug-ins of the build, so that scenes can hold modules of every kind.
 #include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelPlugInManager/PLUG_Manager.h"
-#include "QuarvelSceneCore/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 
 #include <QCoreApplication>
 

@@ -9,17 +9,17 @@
 //             Display
 #pragma once
 
-#include "QuarvelSceneCore/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/AT_DrawingAttr.h"
-#include "QuarvelSceneCore/MO_CompositeModule.h"
-#include "QuarvelSceneCore/MO_DisplayModule.h"
-#include "QuarvelSceneCore/MO_ElementModule.h"
-#include "studio/views/ElementsView.h"
-#include "studio/views/NodePanel.h"
-#include "studio/views/PaletteView.h"
-#include "studio/views/PropertiesView.h"
-#include "studio/views/StudioDocks.h"
-#include "studio/views/TimelineView.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
+#include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "studio/docks/graph/NodePanel.h"
+#include "studio/docks/scene/ElementsView.h"
+#include "studio/docks/scene/PaletteView.h"
+#include "studio/docks/scene/PropertiesView.h"
+#include "studio/docks/timeline/TimelineView.h"
+#include "studio/window/StudioDocks.h"
 
 #include <QApplication>
 #include <QMainWindow>

@@ -2,7 +2,7 @@
 //
 // The elements view: drawings, their thumbnails and exposures.
 #include "studio/DocksTesting.h"
-#include "studio/views/DrawingThumbnail.h"
+#include "studio/docks/scene/DrawingThumbnail.h"
 
 #include <QPushButton>
 #include <QTreeWidget>

@@ -5,7 +5,7 @@
 #include "studio/DocksTesting.h"
 
 #include "QuarvelPlugInManager/PLUG_EditorPanel.h"
-#include "QuarvelSceneCore/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 
 #include <QAbstractItemView>
 #include <QAction>

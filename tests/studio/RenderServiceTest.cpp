@@ -3,10 +3,10 @@
 // Rendering in the background while the scene is edited.
 #include "studio/WindowTesting.h"
 
-#include "QuarvelSceneCore/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/MO_EditCommands.h"
-#include "QuarvelSceneCore/MO_ElementModule.h"
-#include "studio/SceneSnapshot.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/editing/MO_EditCommands.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "studio/preview/SceneSnapshot.h"
 
 #include <QDir>
 

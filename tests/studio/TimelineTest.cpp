@@ -2,7 +2,7 @@
 //
 // The timeline, with mouse and keyboard.
 #include "studio/DocksTesting.h"
-#include "studio/views/Playback.h"
+#include "studio/docks/timeline/Playback.h"
 
 #include <QSpinBox>
 #include <QToolButton>

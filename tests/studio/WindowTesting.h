@@ -3,9 +3,9 @@
 // The application's window with drawings made for tests, and ways to wait for what happens in the background.
 #pragma once
 
-#include "studio/MainWindow.h"
-#include "studio/MessageBar.h"
-#include "studio/Viewer.h"
+#include "studio/preview/Viewer.h"
+#include "studio/window/MainWindow.h"
+#include "studio/window/MessageBar.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -4,10 +4,10 @@
 #include "ImportCommand.h"
 
 #include "QuarvelPlugInManager/PLUG_Manager.h"
-#include "QuarvelSceneCore/MO_ElementModule.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
 #include "Say.h"
-#include "jobs/ImportDrawings.h"
+#include "jobs/import/ImportDrawings.h"
 
 #include <QDir>
 #include <QFileInfo>

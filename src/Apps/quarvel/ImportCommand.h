@@ -4,7 +4,7 @@
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
-#include "jobs/NormalMapSettings.h"
+#include "jobs/drawing/NormalMapSettings.h"
 
 #include <QStringList>
 

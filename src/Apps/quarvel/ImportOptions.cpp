@@ -3,7 +3,7 @@
 // The words of "quarvel import", and what its help says.
 #include "ImportCommand.h"
 #include "OptionValues.h"
-#include "jobs/FrameNumbers.h"
+#include "jobs/import/FrameNumbers.h"
 
 #include <QCommandLineParser>
 #include <QDir>

@@ -3,7 +3,7 @@
 
 #include "OpenScene.h"
 #include "Say.h"
-#include "jobs/DescribeScene.h"
+#include "jobs/scene/DescribeScene.h"
 
 #include <cstdio>
 

@@ -9,7 +9,7 @@
 #include "Say.h"
 #include "SilencedOutput.h"
 #include "WritePictures.h"
-#include "jobs/ReadDrawing.h"
+#include "jobs/drawing/ReadDrawing.h"
 
 #include <cstdio>
 #include <new>

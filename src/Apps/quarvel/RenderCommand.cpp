@@ -10,13 +10,13 @@
 #include "Say.h"
 #include "SilencedOutput.h"
 #include "StopSignal.h"
-#include "jobs/FilmFile.h"
-#include "jobs/FrameOnDisk.h"
-#include "jobs/FrameRange.h"
-#include "jobs/MachineMemory.h"
-#include "jobs/RenderFrames.h"
-#include "jobs/RenderMemory.h"
-#include "jobs/RenderPreview.h"
+#include "jobs/frames/FilmFile.h"
+#include "jobs/frames/FrameOnDisk.h"
+#include "jobs/frames/FrameRange.h"
+#include "jobs/frames/MachineMemory.h"
+#include "jobs/frames/RenderFrames.h"
+#include "jobs/frames/RenderMemory.h"
+#include "jobs/frames/RenderPreview.h"
 
 #include <QDir>
 #include <QFileInfo>

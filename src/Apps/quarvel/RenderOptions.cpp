@@ -5,7 +5,7 @@
 
 #include "OptionTable.h"
 #include "OptionValues.h"
-#include "QuarvelSceneCore/MO_SceneCommon.h"
+#include "QuarvelSceneCore/graph/MO_SceneCommon.h"
 
 #include <QRegularExpression>
 

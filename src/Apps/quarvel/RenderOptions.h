@@ -7,7 +7,7 @@
 #include "QuarvelBaseCore/UT_Result.h"
 #include "QuarvelNormalMap/NM_Layout.h"
 #include "RenderProgress.h"
-#include "jobs/RenderedKind.h"
+#include "jobs/shown/RenderedKind.h"
 
 #include <QSize>
 #include <QStringList>

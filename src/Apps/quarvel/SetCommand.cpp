@@ -6,7 +6,7 @@
 #include "OpenScene.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
 #include "Say.h"
-#include "jobs/SetAttribute.h"
+#include "jobs/scene/SetAttribute.h"
 
 #include <cstdio>
 

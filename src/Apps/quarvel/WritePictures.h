@@ -5,7 +5,7 @@
 
 #include "NormalMapOptions.h"
 #include "OutputFiles.h"
-#include "jobs/NormalMapJob.h"
+#include "jobs/drawing/NormalMapJob.h"
 
 /// What the files need rendered.
 WantedPictures wantedPictures(const NormalMapOptions& options, const OutputFiles& files);

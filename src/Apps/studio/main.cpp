@@ -5,11 +5,11 @@
 #include "QuarvelPlugInManager/PLUG_Manager.h"
 #include "QuarvelPlugInManager/PLUG_Services.h"
 #include "jobs/WorkerThreads.h"
-#include "studio/Appearance.h"
-#include "studio/Icons.h"
-#include "studio/MainWindow.h"
-#include "studio/Screenshots.h"
-#include "studio/Translations.h"
+#include "studio/window/Appearance.h"
+#include "studio/window/Icons.h"
+#include "studio/window/MainWindow.h"
+#include "studio/window/Screenshots.h"
+#include "studio/window/Translations.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

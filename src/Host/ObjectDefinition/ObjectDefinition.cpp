@@ -5,12 +5,12 @@
 
 #include "ObjectDefinition/ObjectDefinitionEntry.h"
 #include "ObjectDefinition/ObjectDefinitionMessage.h"
-#include "QuarvelSceneCore/AT_BoolAttr.h"
-#include "QuarvelSceneCore/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/AT_IntAttr.h"
-#include "QuarvelSceneCore/MO_ModuleFactory.h"
-#include "QuarvelSceneCore/MO_RenderingRequestService.h"
-#include "QuarvelSceneCore/RD_ScriptContext.h"
+#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_IntAttr.h"
+#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/rendering/MO_RenderingRequestService.h"
+#include "QuarvelSceneCore/rendering/RD_ScriptContext.h"
 
 #include <QCoreApplication>
 

@@ -11,7 +11,7 @@
 
 #include "ObjectDefinition/ObjectDefinitionExport.h"
 #include "QuarvelBaseCore/UT_DynKey.h"
-#include "QuarvelSceneCore/MO_Module.h"
+#include "QuarvelSceneCore/graph/MO_Module.h"
 
 class AT_BoolAttr;
 class AT_DoubleAttr;

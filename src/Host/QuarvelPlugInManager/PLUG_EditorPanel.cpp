@@ -9,9 +9,9 @@
 #include "QuarvelPlugInManager/PLUG_EditorWidgets.h"
 #include "QuarvelPlugInManager/PLUG_Services.h"
 #include "QuarvelPlugInManager/private/LayoutBuilder.h"
-#include "QuarvelSceneCore/MO_Module.h"
-#include "QuarvelSceneCore/MO_NodeEditorComponentInterface.h"
-#include "QuarvelSceneCore/MO_SceneCommon.h"
+#include "QuarvelSceneCore/graph/MO_Module.h"
+#include "QuarvelSceneCore/graph/MO_NodeEditorComponentInterface.h"
+#include "QuarvelSceneCore/graph/MO_SceneCommon.h"
 
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>

@@ -11,7 +11,7 @@
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
-#include "QuarvelSceneCore/MO_Scene.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "QuarvelSceneIO/QuarvelSceneIOExport.h"
 
 #include <QStringList>

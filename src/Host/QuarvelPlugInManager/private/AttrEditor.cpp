@@ -6,13 +6,13 @@
 #include "QuarvelPlugInManager/private/ChoiceAttrEditors.h"
 #include "QuarvelPlugInManager/private/NumberAttrEditor.h"
 #include "QuarvelPlugInManager/private/TextAttrEditors.h"
-#include "QuarvelSceneCore/AT_AttrVisitor.h"
-#include "QuarvelSceneCore/AT_BoolAttr.h"
-#include "QuarvelSceneCore/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/AT_DrawingAttr.h"
-#include "QuarvelSceneCore/AT_EnumAttrBase.h"
-#include "QuarvelSceneCore/AT_IntAttr.h"
-#include "QuarvelSceneCore/AT_StringAttr.h"
+#include "QuarvelSceneCore/attributes/AT_AttrVisitor.h"
+#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/attributes/AT_EnumAttrBase.h"
+#include "QuarvelSceneCore/attributes/AT_IntAttr.h"
+#include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "QuarvelBaseCore/UT_SharedWeakBase.h"
-#include "QuarvelSceneCore/AT_Attr.h"
+#include "QuarvelSceneCore/attributes/AT_Attr.h"
 
 #include <QWidget>
 

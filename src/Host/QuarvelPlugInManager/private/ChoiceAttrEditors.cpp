@@ -3,8 +3,8 @@
 // Check boxes and lists.
 #include "QuarvelPlugInManager/private/ChoiceAttrEditors.h"
 
-#include "QuarvelSceneCore/AT_BoolAttr.h"
-#include "QuarvelSceneCore/AT_EnumAttrBase.h"
+#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+#include "QuarvelSceneCore/attributes/AT_EnumAttrBase.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -3,7 +3,7 @@
 // The lozenge and its tool tips.
 #include "QuarvelPlugInManager/private/KeyButton.h"
 
-#include "QuarvelSceneCore/AT_AnimatableAttr.h"
+#include "QuarvelSceneCore/attributes/AT_AnimatableAttr.h"
 
 #include <QCoreApplication>
 #include <QPainter>

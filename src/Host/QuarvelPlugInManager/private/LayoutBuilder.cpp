@@ -4,8 +4,8 @@
 #include "QuarvelPlugInManager/private/LayoutBuilder.h"
 
 #include "QuarvelPlugInManager/PLUG_EditorWidgets.h"
-#include "QuarvelSceneCore/MO_Node.h"
-#include "QuarvelSceneCore/MO_NodeEditorComponentInterface.h"
+#include "QuarvelSceneCore/graph/MO_Node.h"
+#include "QuarvelSceneCore/graph/MO_NodeEditorComponentInterface.h"
 
 #include <QCoreApplication>
 #include <QGridLayout>

@@ -4,8 +4,8 @@
 #include "QuarvelPlugInManager/private/NumberAttrEditor.h"
 
 #include "QuarvelPlugInManager/private/KeyButton.h"
-#include "QuarvelSceneCore/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/AT_IntAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_IntAttr.h"
 
 #include <QDoubleSpinBox>
 #include <QHBoxLayout>

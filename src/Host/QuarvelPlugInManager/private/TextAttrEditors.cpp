@@ -3,7 +3,7 @@
 // Fields for text.
 #include "QuarvelPlugInManager/private/TextAttrEditors.h"
 
-#include "QuarvelSceneCore/AT_StringAttr.h"
+#include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -3,7 +3,7 @@
 // Saving on a disk that is given: tests have one that fails.
 #pragma once
 
-#include "QuarvelSceneCore/MO_Scene.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "QuarvelSceneIO/private/SIO_FileSystem.h"
 
 /// SIO_saveScene() by way of a disk.

@@ -4,7 +4,7 @@
 // drawings of modules of unknown kinds, so that saving loses nothing.
 #pragma once
 
-#include "QuarvelSceneCore/MO_Scene.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "QuarvelSceneIO/private/SIO_Drawing.h"
 #include "QuarvelSceneIO/private/SIO_Index.h"
 #include "QuarvelSceneIO/private/SIO_Palette.h"

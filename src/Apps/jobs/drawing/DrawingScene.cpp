@@ -1,0 +1,266 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The scene is built top down: picture, elements, objects, node.
+#include "jobs/drawing/DrawingScene.h"
+
+#include "ObjectDefinition/ObjectDefinition.h"
+#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/attributes/AT_IntAttr.h"
+#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
+#include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <cmath>
+#include <ranges>
+
+namespace {
+
+const QString kNodeKeyword = QStringLiteral("Vallorin");
+const QString kDrawingName = QStringLiteral("1");
+
+// What holds for one object: its own settings, and those of all objects where it has none.
+struct ObjectValues
+{
+    double bevel;
+    double elevation;
+    double smoothness;
+    double level;
+    bool scaleByCoverage;
+    bool cutOut;
+    bool hidden;
+};
+
+ObjectValues valuesOf(int number, const NormalMapSettings& settings)
+{
+    const ObjectSettings& all = settings.allObjects;
+    const auto found = settings.objects.find(number);
+    const ObjectSettings own = found == settings.objects.end() ? ObjectSettings() : found->second;
+    return {own.bevel.value_or(all.bevel.value_or(24.0)),
+            own.elevation.value_or(all.elevation.value_or(1.0)),
+            own.smoothness.value_or(all.smoothness.value_or(1.0)),
+            own.level.value_or(all.level.value_or(1.0)),
+            own.scaleByCoverage.value_or(all.scaleByCoverage.value_or(false)),
+            own.cutOut.value_or(all.cutOut.value_or(false)),
+            own.hidden.value_or(all.hidden.value_or(false))};
+}
+
+QString numberText(double value)
+{
+    return QString::number(value, 'g', 17);
+}
+
+// The object table as the node's attribute holds it: "number:bevel:elevation:smoothness" joined by semicolons.
+QString objectListText(const LayeredDrawing& drawing, const NormalMapSettings& settings)
+{
+    QStringList entries;
+    for (int number = 1; number <= static_cast<int>(drawing.layers.size()); ++number) {
+        const ObjectValues values = valuesOf(number, settings);
+        if (!values.cutOut && !values.hidden)
+            entries.append(
+                QStringLiteral("%1:%2:%3:%4")
+                    .arg(number)
+                    .arg(numberText(values.bevel), numberText(values.elevation), numberText(values.smoothness)));
+    }
+    return entries.join(QLatin1Char(';'));
+}
+
+QColor colourOf(const CM_BaseColorObj& color)
+{
+    const CM_Rgba& c = color.GetNominalColor();
+    return {c.red, c.green, c.blue};
+}
+
+// Separators inside a name would end its entry early, so names go in without them.
+QString nameForTable(const CM_BaseColorObj& color)
+{
+    return color.GetColorName().ToQString().remove(QLatin1Char(':')).remove(QLatin1Char(';'));
+}
+
+int levelOf(const CM_BaseColorObj& color, const NormalMapSettings& settings)
+{
+    int level = settings.levelOfAllColours;
+    for (const ColourLevel& set : settings.levels)
+        if (set.colour.rgb() == colourOf(color).rgb())
+            level = set.level;
+    return level;
+}
+
+// The colour table as the node's attribute holds it: "id:level:name" joined by semicolons.
+QString colorInformationText(const CM_Palette& palette, const NormalMapSettings& settings)
+{
+    QStringList entries;
+    for (const auto& color : palette.colors())
+        entries.append(QStringLiteral("%1:%2:%3")
+                           .arg(color->GetColorId().AsString().ToQString())
+                           .arg(levelOf(*color, settings))
+                           .arg(nameForTable(*color)));
+    return entries.join(QLatin1Char(';'));
+}
+
+UT_Result<void> checkObjects(const LayeredDrawing& drawing, const NormalMapSettings& settings)
+{
+    const auto count = static_cast<int>(drawing.layers.size());
+    const auto beyond = settings.objects.upper_bound(count);
+    if (beyond == settings.objects.end())
+        return {};
+    QStringList names;
+    for (int i = 0; i < std::min(count, 30); ++i)
+        names.append(QStringLiteral("%1 %2").arg(i + 1).arg(drawing.layers[static_cast<std::size_t>(i)].name));
+    return UT_Error{QStringLiteral("there is no object %1; the objects are %2%3")
+                        .arg(beyond->first)
+                        .arg(names.join(QStringLiteral(", ")), count > 30 ? QStringLiteral(", ...") : QString())};
+}
+
+UT_Result<void> checkColours(const LayeredDrawing& drawing, const NormalMapSettings& settings)
+{
+    for (const ColourLevel& set : settings.levels) {
+        const auto& colors = drawing.palette->colors();
+        const auto isSet = [&](const auto& color) { return colourOf(*color).rgb() == set.colour.rgb(); };
+        if (std::ranges::any_of(colors, isSet))
+            continue;
+        QStringList known;
+        for (const auto& color : colors | std::views::take(30))
+            known.append(colourOf(*color).name());
+        return UT_Error{QStringLiteral("the drawing has no colour %1; its colours are %2%3")
+                            .arg(set.colour.name(), known.join(QStringLiteral(", ")),
+                                 colors.size() > 30 ? QStringLiteral(", ...") : QString())};
+    }
+    return {};
+}
+
+UT_Result<void> set(MO_Module& module, const char* key, const QString& text)
+{
+    AT_Attr* attr = module.findAttr(QString::fromLatin1(key));
+    if (!attr || !attr->parseText(text, false))
+        return UT_Error{QStringLiteral("the node %1 does not take \"%2\" for %3; is its plug-in of this version?")
+                            .arg(module.keyword(), text, QString::fromLatin1(key))};
+    attr->parseText(text, true);
+    return {};
+}
+
+UT_Result<void> setAttributes(MO_Module& node, const LayeredDrawing& drawing, const NormalMapSettings& settings)
+{
+    const auto yesNo = [](bool value) { return value ? QStringLiteral("true") : QStringLiteral("false"); };
+    const std::pair<const char*, QString> values[] = {
+        {"ColorInformation", colorInformationText(*drawing.palette, settings)},
+        {"ObjectList", objectListText(drawing, settings)},
+        {"BlurScale", numberText(settings.blurScale)},
+        {"ElevationScale", numberText(settings.elevationScale)},
+        {"ElevationSmoothness", numberText(settings.elevationSmoothness)},
+        {"GenerateNormals", yesNo(settings.generateNormals)},
+        {"UseTruckFactor", yesNo(settings.useTruckFactor)},
+        {"DepthInBlue", yesNo(settings.depthInBlue)},
+        {"ClipBlurredWithGeometry", yesNo(settings.clipBlurredWithGeometry)},
+        {"NormalQuality", settings.normalQuality},
+    };
+    for (const auto& [key, text] : values)
+        if (UT_Result<void> done = set(node, key, text); !done)
+            return done;
+    return {};
+}
+
+// The drawing's frame is fitted into the picture's, centred, in one scale for both axes.
+void place(MO_ElementModule& element, const QRectF& frame, double sceneHeight)
+{
+    const double scale = std::min(MO_SceneCommon::kFrameWidth / frame.width(), sceneHeight / frame.height());
+    element.scaleX()->setLocalValue(scale);
+    element.scaleY()->setLocalValue(scale);
+    element.positionX()->setLocalValue(-scale * frame.center().x());
+    element.positionY()->setLocalValue(-scale * frame.center().y());
+}
+
+MO_ElementModule& addElement(MO_Scene& scene, const LayeredDrawing::Layer& layer)
+{
+    auto& element = scene.root().emplace<MO_ElementModule>();
+    element.setInstanceName(layer.name);
+    element.setDrawing(kDrawingName, layer.drawing);
+    element.drawingAttr()->setElementName(layer.name);
+    AT_ExposureSheet exposures;
+    exposures.setExposure(scene.firstFrame(), kDrawingName);
+    element.drawingAttr()->setExposures(exposures);
+    return element;
+}
+
+ObjectDefinition& addDefinition(MO_Scene& scene, const QString& layerName, int number, const ObjectValues& values)
+{
+    auto& definition = scene.root().emplace<ObjectDefinition>();
+    definition.setInstanceName(layerName + QStringLiteral("-Definition"));
+    definition.objectNumber()->setLocalValue(values.cutOut ? 0 : number);
+    definition.objectLevel()->setLocalValue(values.level);
+    definition.scaleByCoverage()->setLocalValue(values.scaleByCoverage);
+    definition.objectEnabled()->setLocalValue(!values.hidden);
+    return definition;
+}
+
+} // namespace
+
+std::pair<int, int> pictureSize(const QSizeF& drawing, const NormalMapSettings& settings)
+{
+    const auto whole = [](double length) { return std::max(1, static_cast<int>(std::lround(std::min(length, 1e9)))); };
+    if (!settings.size)
+        return {whole(drawing.width()), whole(drawing.height())};
+    const int width = settings.size->width();
+    const int height = settings.size->height();
+    return {width, height > 0 ? height : whole(width * drawing.height() / drawing.width())};
+}
+
+UT_Result<DrawingScene> DrawingScene::build(const LayeredDrawing& drawing, const NormalMapSettings& settings)
+{
+    if (UT_Result<void> checked = checkObjects(drawing, settings); !checked)
+        return checked.error();
+    if (UT_Result<void> checked = checkColours(drawing, settings); !checked)
+        return checked.error();
+
+    DrawingScene built;
+    built._resolution = pictureSize(drawing.size, settings);
+    built._scene = std::make_unique<MO_Scene>();
+    MO_Scene& scene = *built._scene;
+    const auto [width, height] = built._resolution;
+    scene.setFrameHeight(MO_SceneCommon::kFrameWidth * height / width);
+    scene.truckFactorAttr().setLocalValue(settings.truck);
+    scene.addPalette(drawing.palette);
+
+    std::unique_ptr<MO_Module> node = MO_ModuleFactorySingleton().create(kNodeKeyword);
+    if (!node)
+        return UT_Error{QStringLiteral("the plug-in %1 is not loaded").arg(kNodeKeyword)};
+    if (UT_Result<void> done = setAttributes(*node, drawing, settings); !done)
+        return done.error();
+
+    auto& composite = scene.root().emplace<MO_CompositeModule>();
+    composite.setCompositeOrder(MO_CompositeType::PORT_ORDER);
+    built._flatDrawing = &composite;
+    built._normalMap = &scene.root().add(std::move(node));
+    auto& display = scene.root().emplace<MO_DisplayModule>();
+    // Before the layers come, so that no layer has taken one of these names.
+    composite.setInstanceName(QStringLiteral("Drawing"));
+    built._normalMap->setInstanceName(QStringLiteral("Normal-Map"));
+    display.setInstanceName(QStringLiteral("Display"));
+
+    unsigned compositePort = 0;
+    for (std::size_t i = 0; i < drawing.layers.size(); ++i) {
+        const auto number = static_cast<int>(i) + 1;
+        const ObjectValues values = valuesOf(number, settings);
+        MO_ElementModule& element = addElement(scene, drawing.layers[i]);
+        built._elements.push_back(&element);
+        place(element, drawing.frame, scene.frameHeight());
+        ObjectDefinition& definition = addDefinition(scene, drawing.layers[i].name, number, values);
+        if (UT_Result<void> linked = MO_Scene::connect(element, definition); !linked)
+            return linked.error();
+        if (UT_Result<void> linked = MO_Scene::connect(definition, *built._normalMap, static_cast<unsigned>(i));
+            !linked)
+            return linked.error();
+        if (values.cutOut || values.hidden)
+            continue;
+        if (UT_Result<void> linked = MO_Scene::connect(element, composite, compositePort++); !linked)
+            return linked.error();
+    }
+    if (UT_Result<void> linked = MO_Scene::connect(*built._normalMap, display); !linked)
+        return linked.error();
+    return built;
+}

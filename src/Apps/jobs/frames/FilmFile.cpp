@@ -1,0 +1,183 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// ffmpeg gets bare pixels through a pipe and writes beside the file, which gets its name when all went well.
+#include "jobs/frames/FilmFile.h"
+
+#include "QuarvelImageIO/IIO_ApngFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QStringList>
+
+#include <filesystem>
+#include <system_error>
+
+namespace {
+
+const QStringList kKinds = {QStringLiteral("mp4"), QStringLiteral("gif"), QStringLiteral("png")};
+
+QString kindOf(const QString& path)
+{
+    return QFileInfo(path).suffix().toLower();
+}
+
+// The last lines that a program wrote are those that say why it failed.
+QString lastWords(const QByteArray& messages)
+{
+    constexpr qsizetype kMost = 300;
+    return QString::fromLocal8Bit(messages).simplified().right(kMost);
+}
+
+class PngFilm final : public FilmFile
+{
+public:
+    PngFilm(const QString& path, const QSize& size, double framesPerSecond)
+        : FilmFile(path), _writer(path, size, framesPerSecond)
+    {}
+
+    UT_Result<void> open() { return _writer.open(); }
+    UT_Result<void> add(std::span<const std::uint8_t> rgba) override { return _writer.add(rgba); }
+    UT_Result<void> finish() override { return _writer.finish(); }
+
+private:
+    IIO_ApngWriter _writer;
+};
+
+class EncodedFilm final : public FilmFile
+{
+public:
+    EncodedFilm(const QString& path, const QSize& size, double framesPerSecond)
+        : FilmFile(path), _part(partOf(path)), _pixels(static_cast<qsizetype>(size.width()) * size.height() * 3, '\0')
+    {
+        _process.setStandardOutputFile(QProcess::nullDevice());
+        _process.setProgram(QStandardPaths::findExecutable(QStringLiteral("ffmpeg")));
+        _process.setArguments(arguments(size, framesPerSecond));
+    }
+
+    ~EncodedFilm() override
+    {
+        if (_process.state() != QProcess::NotRunning) {
+            _process.kill();
+            _process.waitForFinished();
+        }
+        QFile::remove(_part);
+    }
+
+    UT_Result<void> open()
+    {
+        _process.start();
+        return _process.waitForStarted() ? UT_Result<void>() : failure();
+    }
+
+    UT_Result<void> add(std::span<const std::uint8_t> rgba) override
+    {
+        overWhite(rgba);
+        if (_process.write(_pixels) != _pixels.size())
+            return failure();
+        while (_process.bytesToWrite() > 0)
+            if (!_process.waitForBytesWritten(kPatience))
+                return failure();
+        return {};
+    }
+
+    UT_Result<void> finish() override
+    {
+        _process.closeWriteChannel();
+        if (!_process.waitForFinished(kPatience) || _process.exitStatus() != QProcess::NormalExit ||
+            _process.exitCode() != 0)
+            return failure();
+        std::error_code error;
+        std::filesystem::rename(QFileInfo(_part).filesystemAbsoluteFilePath(),
+                                QFileInfo(path()).filesystemAbsoluteFilePath(), error);
+        if (error)
+            return UT_Error{
+                QStringLiteral("cannot write \"%1\": %2").arg(path(), QString::fromLocal8Bit(error.message().c_str()))};
+        return {};
+    }
+
+private:
+    static constexpr int kPatience = 600'000; // milliseconds
+
+    static QString partOf(const QString& path)
+    {
+        const QFileInfo info(path);
+        return QStringLiteral("%1/.%2.part").arg(info.absolutePath(), info.fileName());
+    }
+
+    QStringList arguments(const QSize& size, double framesPerSecond) const
+    {
+        QStringList words{QStringLiteral("-y"),
+                          QStringLiteral("-v"),
+                          QStringLiteral("error"),
+                          QStringLiteral("-f"),
+                          QStringLiteral("rawvideo"),
+                          QStringLiteral("-pix_fmt"),
+                          QStringLiteral("rgb24"),
+                          QStringLiteral("-s"),
+                          QStringLiteral("%1x%2").arg(size.width()).arg(size.height()),
+                          QStringLiteral("-r"),
+                          QString::number(framesPerSecond),
+                          QStringLiteral("-i"),
+                          QStringLiteral("-"),
+                          QStringLiteral("-an"),
+                          QStringLiteral("-vf")};
+        // A palette of its own for a GIF; even sides and the usual colours for players of MP4.
+        if (kindOf(path()) == QLatin1String("gif"))
+            words << QStringLiteral("split[a][b];[a]palettegen[p];[b][p]paletteuse");
+        else
+            words << QStringLiteral("pad=ceil(iw/2)*2:ceil(ih/2)*2:0:0:white") << QStringLiteral("-pix_fmt")
+                  << QStringLiteral("yuv420p");
+        return words << QStringLiteral("-f") << kindOf(path()) << _part;
+    }
+
+    // These films have no coverage.
+    void overWhite(std::span<const std::uint8_t> rgba)
+    {
+        char* target = _pixels.data();
+        for (std::size_t i = 0; i < rgba.size(); i += 4)
+            for (std::size_t c = 0; c < 3; ++c)
+                *target++ = static_cast<char>((rgba[i + c] * rgba[i + 3] + 255 * (255 - rgba[i + 3]) + 127) / 255);
+    }
+
+    UT_Error failure()
+    {
+        _process.waitForFinished(1000);
+        const QString words = lastWords(_process.readAllStandardError());
+        return {QStringLiteral("cannot write \"%1\": ffmpeg failed: %2; a name that ends in .png needs no ffmpeg")
+                    .arg(path(), words.isEmpty() ? _process.errorString() : words)};
+    }
+
+    QString _part;
+    QProcess _process;
+    QByteArray _pixels;
+};
+
+template<typename Film>
+UT_Result<std::unique_ptr<FilmFile>> opened(std::unique_ptr<Film> film)
+{
+    if (const auto open = film->open(); !open)
+        return open.error();
+    return std::unique_ptr<FilmFile>(std::move(film));
+}
+
+} // namespace
+
+UT_Result<void> FilmFile::check(const QString& path)
+{
+    if (kKinds.contains(kindOf(path)))
+        return {};
+    return UT_Error{QStringLiteral("\"%1\" is no film; its name is to end in .mp4, .gif or .png").arg(path)};
+}
+
+UT_Result<std::unique_ptr<FilmFile>> FilmFile::create(const QString& path, const QSize& size, double framesPerSecond)
+{
+    if (const auto known = check(path); !known)
+        return known.error();
+    const bool png = kindOf(path) == QLatin1String("png");
+    if (!png && !QStandardPaths::findExecutable(QStringLiteral("ffmpeg")).isEmpty())
+        return opened(std::make_unique<EncodedFilm>(path, size, framesPerSecond));
+    const QString ownPath = png ? path : path.chopped(kindOf(path).size()) + QStringLiteral("png");
+    return opened(std::make_unique<PngFilm>(ownPath, size, framesPerSecond));
+}

@@ -1,0 +1,45 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Every value goes into the key with its length, so that no two lists of values run into the same bytes.
+#include "jobs/frames/FrameState.h"
+
+#include "QuarvelSceneCore/attributes/AT_AttrVisitor.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/attributes/AT_EnumAttrBase.h"
+#include "QuarvelSceneCore/attributes/AT_IntAttr.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
+
+#include <QDataStream>
+
+namespace {
+
+class StateWriter : public AT_AttrVisitor
+{
+public:
+    StateWriter(QByteArray& state, double frame) : _out(&state, QIODevice::WriteOnly), _frame(frame) {}
+
+    void visitAttr(AT_Attr& attr) override { _out << attr.displayText(_frame); }
+    void visitDouble(AT_DoubleAttr& attr) override { _out << attr.value(_frame); }
+    void visitInt(AT_IntAttr& attr) override { _out << attr.value(_frame); }
+    void visitEnum(AT_EnumAttrBase& attr) override { _out << attr.effectiveInt(_frame); }
+    void visitDrawing(AT_DrawingAttr& attr) override { _out << attr.drawing(_frame); }
+
+private:
+    QDataStream _out;
+    double _frame;
+};
+
+} // namespace
+
+QByteArray frameStateOf(const MO_Scene& scene, double frame)
+{
+    QByteArray state;
+    StateWriter writer(state, frame);
+    scene.truckFactorAttr().accept(writer);
+    scene.root().forEachModule([&](const MO_Module& module) {
+        for (AT_Attr* const attr : module.attrs())
+            attr->accept(writer);
+    });
+    return state;
+}

@@ -1,0 +1,208 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Workers take the next shot from a common list until it is empty: the frames that look the same, which are rendered
+// once. Each worker renders within its share of the machine's threads, so that many frames at once do not become many
+// times as many threads.
+#include "jobs/frames/RenderFrames.h"
+
+#include "QuarvelImageIO/IIO_PictureFile.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "QuarvelSceneCore/rendering/RD_RenderJob.h"
+#include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
+#include "jobs/frames/FrameOnDisk.h"
+#include "jobs/frames/FrameState.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <tbb/task_arena.h>
+
+#include <algorithm>
+#include <atomic>
+#include <map>
+#include <mutex>
+#include <new>
+#include <optional>
+#include <thread>
+
+namespace {
+
+/// Frames of one picture, by their places in the settings.
+using Shot = std::vector<std::size_t>;
+
+/// The shots in the order of their first frames.
+std::vector<Shot> shotsOf(const MO_Module& module, const std::vector<int>& frames)
+{
+    const auto* const scene = dynamic_cast<const MO_Scene*>(module.sceneCommon());
+    std::vector<Shot> shots;
+    std::map<QByteArray, std::size_t> known;
+    for (std::size_t i = 0; i < frames.size(); ++i) {
+        const QByteArray state = scene ? frameStateOf(*scene, frames[i]) : QByteArray::number(frames[i]);
+        const auto [place, isNew] = known.emplace(state, shots.size());
+        if (isNew)
+            shots.emplace_back();
+        shots[place->second].push_back(i);
+    }
+    return shots;
+}
+
+class Run
+{
+public:
+    Run(MO_Module& module, const RenderFramesSettings& settings, const RenderFramesWatcher& watcher)
+        : _module(module)
+        , _settings(settings)
+        , _watcher(watcher)
+        , _shots(shotsOf(module, settings.frames))
+        , _done(settings.frames.size(), 0.0)
+    {}
+
+    RenderFramesResult run()
+    {
+        const auto workers = static_cast<unsigned>(
+            std::clamp<std::size_t>(_shots.size(), 1, static_cast<std::size_t>(std::max(1, _settings.atOnce))));
+        const unsigned present = std::max(1U, std::thread::hardware_concurrency());
+        const auto share = static_cast<int>(std::max(1U, present / workers));
+        std::vector<std::jthread> others;
+        for (unsigned i = 1; i < workers; ++i)
+            others.emplace_back([this, share] { work(share); });
+        work(share);
+        others.clear();
+        return _result;
+    }
+
+private:
+    struct Ended
+    {
+        FrameEnd end = FrameEnd::WRITTEN;
+        QString reason;
+        bool stopped = false;
+    };
+
+    bool stop() const { return _watcher.stop && _watcher.stop(); }
+
+    void work(int threads)
+    {
+        tbb::task_arena arena(threads);
+        for (std::size_t i = _next++; i < _shots.size() && workOn(_shots[i], arena); i = _next++)
+            continue;
+    }
+
+    // @return false when the run is to stop
+    bool workOn(const Shot& shot, tbb::task_arena& arena)
+    {
+        std::optional<IIO_Picture> picture;
+        for (const std::size_t index : shot) {
+            if (stop()) {
+                const std::scoped_lock lock(_mutex);
+                _result.stopped = true;
+                return false;
+            }
+            Ended ended;
+            arena.execute([&] { ended = tryFrame(index, picture); });
+            note(index, ended);
+        }
+        return true;
+    }
+
+    Ended tryFrame(std::size_t index, std::optional<IIO_Picture>& picture)
+    {
+        try {
+            return frame(index, picture);
+        } catch (const std::bad_alloc&) {
+            return {FrameEnd::FAILED,
+                    QStringLiteral("the memory is not enough; choose a smaller resolution or fewer jobs"), false};
+        } catch (const std::exception& error) {
+            return {FrameEnd::FAILED, QString::fromUtf8(error.what()), false};
+        }
+    }
+
+    // @param picture the picture of the shot, made by the first of its frames that needs it
+    Ended frame(std::size_t index, std::optional<IIO_Picture>& picture)
+    {
+        const int number = _settings.frames[index];
+        const QString file = _settings.file.of(number);
+        const RD_RenderJob job(_settings.parameters);
+        const IIO_Metadata metadata = frameMetadata(_settings.picture, number);
+        if (_settings.resumeAfter && isFrameOnDisk(file, job.size(), metadata, *_settings.resumeAfter))
+            return {FrameEnd::KEPT, {}, false};
+        if (!picture) {
+            auto rendered = render(index, job);
+            if (!rendered)
+                return failed(rendered.error(), rendered.error().text == RD_SoftRenderer::stoppedText() && stop());
+            picture = std::move(*rendered);
+        }
+        picture->metadata() = metadata;
+        if (const auto written = write(*picture, file); !written)
+            return failed(written.error(), false);
+        return {};
+    }
+
+    UT_Result<IIO_Picture> render(std::size_t index, const RD_RenderJob& job)
+    {
+        const int number = _settings.frames[index];
+        const auto cel = RD_SoftRenderer::render(_module, number, _settings.parameters, [&](double done) {
+            show(index, 0.95 * done);
+            return !stop();
+        });
+        if (!cel)
+            return cel.error();
+        const UT_SharedPtr<CEL_PixmapArea> pixmap = (*cel)->pixmap();
+        return framePicture(*pixmap, job.canvas(), _settings.picture, number);
+    }
+
+    static Ended failed(const UT_Error& error, bool stopped) { return {FrameEnd::FAILED, error.text, stopped}; }
+
+    UT_Result<void> write(const IIO_Picture& picture, const QString& file) const
+    {
+        const QString folder = QFileInfo(file).absolutePath();
+        if (!QDir().mkpath(folder))
+            return UT_Error{QStringLiteral("the folder %1 cannot be made; choose one where you may write").arg(folder)};
+        IIO_WriteOptions how;
+        how.exrDepth = _settings.picture.half ? IIO_ExrDepth::HALF : IIO_ExrDepth::FLOAT;
+        return IIO_write(file, picture, how);
+    }
+
+    void show(std::size_t index, double done)
+    {
+        const std::scoped_lock lock(_mutex);
+        _sum += std::max(0.0, done - _done[index]);
+        _done[index] = std::max(done, _done[index]);
+        if (_watcher.progress)
+            _watcher.progress(std::min(1.0, _sum / static_cast<double>(_done.size())));
+    }
+
+    void note(std::size_t index, const Ended& ended)
+    {
+        if (!ended.stopped)
+            show(index, 1.0);
+        const std::scoped_lock lock(_mutex);
+        if (ended.stopped) {
+            _result.stopped = true;
+            return;
+        }
+        ++(ended.end == FrameEnd::WRITTEN ? _result.written
+           : ended.end == FrameEnd::KEPT  ? _result.kept
+                                          : _result.failed);
+        if (_watcher.ended)
+            _watcher.ended(_settings.frames[index], ended.end, ended.reason);
+    }
+
+    MO_Module& _module;
+    const RenderFramesSettings& _settings;
+    const RenderFramesWatcher& _watcher;
+    const std::vector<Shot> _shots;
+    std::atomic<std::size_t> _next = 0;
+    std::mutex _mutex;
+    std::vector<double> _done;
+    double _sum = 0.0;
+    RenderFramesResult _result;
+};
+
+} // namespace
+
+RenderFramesResult renderFrames(MO_Module& module, const std::vector<MO_Module*>& nodes,
+                                const RenderFramesSettings& settings, const RenderFramesWatcher& watcher)
+{
+    const DepthInBlue elevated(settings.picture.elevation ? nodes : std::vector<MO_Module*>());
+    return Run(module, settings, watcher).run();
+}

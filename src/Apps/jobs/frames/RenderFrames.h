@@ -1,0 +1,64 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// RenderFrames: renders frames of a scene into files, several at once. Each file appears whole or not at all, and its
+// bytes do not depend on how many frames are rendered at once. Frames that look the same (FrameState.h) are rendered
+// once. A frame that fails does not keep the others from being
+// rendered.
+#pragma once
+
+#include "QuarvelSceneCore/rendering/RD_RenderParameters.h"
+#include "jobs/frames/FrameFileName.h"
+#include "jobs/shown/FramePicture.h"
+
+#include <QDateTime>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+/// What is rendered, and how.
+struct RenderFramesSettings
+{
+    std::vector<int> frames;
+    RD_RenderParameters parameters;
+    FramePictureSettings picture;
+    FrameFileName file;
+    int atOnce = 1; ///< how many frames are rendered at the same time
+    /// Frames whose file is complete and newer than this are left alone; an invalid time counts as long ago.
+    std::optional<QDateTime> resumeAfter;
+};
+
+/// How a frame ended.
+enum class FrameEnd
+{
+    WRITTEN,
+    KEPT, ///< its file was there already
+    FAILED
+};
+
+/// Who wants to know how a run goes. Calls come from several threads, one at a time.
+struct RenderFramesWatcher
+{
+    /// A frame ended. The text is the reason of a failure.
+    std::function<void(int frame, FrameEnd end, const QString& reason)> ended;
+    /// How much of the run is done, 0 to 1; never less than before.
+    std::function<void(double done)> progress;
+    /// Asked often, from several threads at once: whether to stop. Files that are being written are finished.
+    std::function<bool()> stop;
+};
+
+/// How a run ended.
+struct RenderFramesResult
+{
+    int written = 0;
+    int kept = 0;
+    int failed = 0;
+    bool stopped = false; ///< some frames were not rendered because watcher.stop said so
+};
+
+/// Renders frames. The scene must not change meanwhile, apart from what this function changes and restores: the nodes
+/// put their elevation into blue where pictures need it. Folders of files are made.
+///
+/// @param nodes  the Vallorin nodes that the module shows (pictureSourceOf)
+RenderFramesResult renderFrames(MO_Module& module, const std::vector<MO_Module*>& nodes,
+                                const RenderFramesSettings& settings, const RenderFramesWatcher& watcher);

@@ -1,0 +1,151 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Bitmaps: a layer for each name, a drawing for each number. Files without a number are shown all the time.
+#include "QuarvelDrawingIO/DIO_BitmapReader.h"
+#include "jobs/import/ImportKinds.h"
+#include "jobs/import/RepeatedWarnings.h"
+#include "jobs/import/SequenceBuilder.h"
+
+#include <QSet>
+
+#include <algorithm>
+#include <optional>
+#include <set>
+
+namespace {
+
+constexpr int kAlways = -1;
+
+// The files of a layer by their frames.
+struct BitmapLayer
+{
+    QString name;
+    std::map<int, QString> files;
+    std::optional<DIO_Paint> paint; // of the first picture, for all of them
+};
+
+UT_Result<std::vector<BitmapLayer>> layersOf(const QStringList& files)
+{
+    std::vector<BitmapLayer> layers;
+    for (const QString& file : files) {
+        const UT_Result<int> number = files.size() == 1 ? kAlways : frameNumberOf(file);
+        if (!number)
+            return number.error();
+        const QString name = DIO_nameWithoutNumber(file);
+        auto layer = std::ranges::find(layers, name, &BitmapLayer::name);
+        if (layer == layers.end())
+            layer = layers.insert(layers.end(), {name, {}, {}});
+        const auto [place, isNew] = layer->files.emplace(*number, file);
+        if (!isNew)
+            return UT_Error{
+                QStringLiteral("%1 and %2 are the same layer at the same frame; rename one, or leave it out")
+                    .arg(place->second, file)};
+    }
+    return layers;
+}
+
+std::set<int> framesOf(const std::vector<BitmapLayer>& layers)
+{
+    std::set<int> frames;
+    for (const BitmapLayer& layer : layers)
+        for (const auto& [frame, file] : layer.files)
+            if (frame != kAlways)
+                frames.insert(frame);
+    if (frames.empty())
+        frames.insert(1);
+    return frames;
+}
+
+const QString* fileAt(const BitmapLayer& layer, int frame)
+{
+    const auto numbered = layer.files.find(frame);
+    const auto found = numbered != layer.files.end() ? numbered : layer.files.find(kAlways);
+    return found == layer.files.end() ? nullptr : &found->second;
+}
+
+// Reads the pictures of one frame after the other into a sequence.
+class BitmapFrames
+{
+public:
+    explicit BitmapFrames(const QString& name) : _builder(name) {}
+
+    UT_Result<void> add(int frame, std::vector<BitmapLayer>& layers)
+    {
+        DIO_Drawing drawing;
+        for (BitmapLayer& layer : layers)
+            if (const QString* file = fileAt(layer, frame))
+                if (UT_Result<void> added = addLayer(drawing, layer, *file); !added)
+                    return added;
+        _builder.addFrame(frame, drawing);
+        return {};
+    }
+
+    DrawingSequence take(const std::set<int>& frames)
+    {
+        DrawingSequence sequence = _builder.take();
+        sequence.frame = QRectF(QPointF(), _size);
+        sequence.size = _size;
+        sequence.firstFrame = *frames.begin();
+        sequence.lastFrame = *frames.rbegin();
+        sequence.warnings += _warnings.lines();
+        return sequence;
+    }
+
+private:
+    UT_Result<void> addLayer(DIO_Drawing& drawing, BitmapLayer& layer, const QString& file)
+    {
+        UT_Result<DIO_Drawing> read = readOnce(file);
+        if (!read)
+            return read.error();
+        if (_size.isEmpty()) {
+            _size = read->size;
+            _sizedBy = file;
+        }
+        if (read->size != _size)
+            read->warnings.append(QStringLiteral("its size differs from that of %1, which counts").arg(_sizedBy));
+        if (!_warned.contains(file))
+            _warnings.add(file, read->warnings);
+        _warned.insert(file);
+        if (!layer.paint)
+            layer.paint = read->palette.front();
+        DIO_Layer shown = read->layers.front();
+        shown.name = layer.name;
+        shown.shapes.front().paint = static_cast<int>(drawing.palette.size());
+        drawing.palette.push_back(*layer.paint);
+        drawing.layers.push_back(std::move(shown));
+        return {};
+    }
+
+    // A file that is shown at every frame is read once.
+    UT_Result<DIO_Drawing> readOnce(const QString& file)
+    {
+        if (const auto found = _kept.constFind(file); found != _kept.constEnd())
+            return *found;
+        UT_Result<DIO_Drawing> read = DIO_readBitmap(file);
+        if (const UT_Result<int> number = frameNumberOf(file); read && number && *number == kAlways)
+            _kept.insert(file, *read);
+        return read;
+    }
+
+    SequenceBuilder _builder;
+    RepeatedWarnings _warnings;
+    QSet<QString> _warned;
+    QHash<QString, DIO_Drawing> _kept;
+    QSizeF _size;
+    QString _sizedBy;
+};
+
+} // namespace
+
+UT_Result<DrawingSequence> readBitmapSequence(const QStringList& files, const ImportSettings&)
+{
+    UT_Result<std::vector<BitmapLayer>> layers = layersOf(files);
+    if (!layers)
+        return layers.error();
+    const std::set<int> frames = framesOf(*layers);
+    BitmapFrames reader(sequenceName(files));
+    for (const int frame : frames)
+        if (UT_Result<void> added = reader.add(frame, *layers); !added)
+            return added.error();
+    return reader.take(frames);
+}

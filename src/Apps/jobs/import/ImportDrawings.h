@@ -1,0 +1,40 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Import: drawings, sequences of them, and animations become scenes.
+//
+//   SVG drawings    one drawing a frame; layers of the same name are one element through all frames
+//   bitmaps         one layer a file, named after it; files that differ in the frame number alone are one layer
+//   an animation    in the Lottie format: its top-level layers become elements
+//
+// The frame number is the last run of digits in a file's name. The result does not depend on the order of the files.
+#pragma once
+
+#include "QuarvelBaseCore/UT_Result.h"
+#include "QuarvelDrawingIO/DIO_LottieReader.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "jobs/drawing/NormalMapSettings.h"
+#include "jobs/import/DrawingSequence.h"
+
+/// How files are imported.
+struct ImportSettings
+{
+    ObjectGrouping grouping = ObjectGrouping::AUTO;
+    DIO_LottieLimits lottie;
+};
+
+/// A scene that was made of drawings.
+struct ImportedScene
+{
+    std::unique_ptr<MO_Scene> scene;
+    QStringList warnings; ///< what was left out or simplified, a line each, for people to read
+};
+
+/// Reads files of one kind into a sequence.
+///
+/// @return an error, which names the file, when one cannot be read or the files do not go together
+UT_Result<DrawingSequence> readSequence(const QStringList& files, const ImportSettings& settings);
+
+/// Makes a scene of files of one kind. The plug-ins must be loaded.
+///
+/// @return an error, which names the file, when one cannot be read or the files do not go together
+UT_Result<ImportedScene> importDrawings(const QStringList& files, const ImportSettings& settings);

@@ -1,0 +1,13 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The readers behind readSequence(), one for each kind of files.
+#pragma once
+
+#include "jobs/import/FrameNumbers.h"
+#include "jobs/import/ImportDrawings.h"
+
+/// @param files at least one, in natural order
+UT_Result<DrawingSequence> readSvgSequence(const QStringList& files, const ImportSettings& settings);
+/// @param files at least one, in natural order, which is that of the layers from the bottom up
+UT_Result<DrawingSequence> readBitmapSequence(const QStringList& files, const ImportSettings& settings);
+UT_Result<DrawingSequence> readAnimation(const QString& file, const ImportSettings& settings);

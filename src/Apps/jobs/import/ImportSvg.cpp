@@ -1,0 +1,52 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// SVG drawings, one a frame.
+#include "QuarvelDrawingIO/DIO_SvgReader.h"
+#include "jobs/drawing/Grouping.h"
+#include "jobs/import/ImportKinds.h"
+#include "jobs/import/RepeatedWarnings.h"
+#include "jobs/import/SequenceBuilder.h"
+
+namespace {
+
+bool showsTheSamePlace(const DrawingSequence& sequence, const DIO_Drawing& drawing)
+{
+    return drawing.viewBox == sequence.frame && drawing.size == sequence.size;
+}
+
+} // namespace
+
+UT_Result<DrawingSequence> readSvgSequence(const QStringList& files, const ImportSettings& settings)
+{
+    const UT_Result<std::vector<NumberedFile>> numbered = numberFrames(files);
+    if (!numbered)
+        return numbered.error();
+    SequenceBuilder builder(sequenceName(files));
+    RepeatedWarnings warnings;
+    DrawingSequence place;
+    for (const NumberedFile& file : *numbered) {
+        UT_Result<DIO_Drawing> drawing = DIO_readSvg(file.path, groupingOf(settings.grouping), DIO_Blank::ACCEPTED);
+        if (!drawing)
+            return drawing.error();
+        if (place.frame.isEmpty()) {
+            place.frame = drawing->viewBox;
+            place.size = drawing->size;
+        }
+        const bool hasPlace = !drawing->viewBox.isEmpty();
+        if (hasPlace && !showsTheSamePlace(place, *drawing))
+            drawing->warnings.append(
+                QStringLiteral("its size or place differs from that of %1, which counts").arg(numbered->front().path));
+        warnings.add(file.path, drawing->warnings);
+        builder.addFrame(file.frame, *drawing);
+    }
+    DrawingSequence sequence = builder.take();
+    if (sequence.layers.empty())
+        return UT_Error{
+            QStringLiteral("%1: nothing is filled or stroked in any of the drawings").arg(numbered->front().path)};
+    sequence.frame = place.frame;
+    sequence.size = place.size;
+    sequence.firstFrame = numbered->front().frame;
+    sequence.lastFrame = numbered->back().frame;
+    sequence.warnings += warnings.lines();
+    return sequence;
+}

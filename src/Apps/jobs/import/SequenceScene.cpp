@@ -1,0 +1,51 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// First the scene of one drawing of each layer, then all drawings and when they are shown.
+#include "jobs/import/SequenceScene.h"
+
+#include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "jobs/drawing/DrawingScene.h"
+
+namespace {
+
+LayeredDrawing firstDrawings(const DrawingSequence& sequence)
+{
+    LayeredDrawing drawing;
+    drawing.frame = sequence.frame;
+    drawing.size = sequence.size;
+    drawing.palette = sequence.palette;
+    for (const SequenceLayer& layer : sequence.layers)
+        drawing.layers.push_back({layer.name, layer.drawings.begin()->second});
+    return drawing;
+}
+
+QString drawingName(int key)
+{
+    return key == SequenceLayer::kNothing ? QString() : QString::number(key);
+}
+
+void showThroughTime(MO_ElementModule& element, const SequenceLayer& layer)
+{
+    while (!element.drawings().empty())
+        element.setDrawing(QString(element.drawings().begin()->first), nullptr);
+    for (const auto& [key, drawing] : layer.drawings)
+        element.setDrawing(drawingName(key), drawing);
+    AT_ExposureSheet exposures;
+    for (const auto& [frame, key] : layer.exposures)
+        exposures.setExposure(frame, drawingName(key));
+    element.drawingAttr()->setExposures(exposures);
+}
+
+} // namespace
+
+UT_Result<std::unique_ptr<MO_Scene>> buildSequenceScene(const DrawingSequence& sequence)
+{
+    UT_Result<DrawingScene> built = DrawingScene::build(firstDrawings(sequence), NormalMapSettings());
+    if (!built)
+        return built.error();
+    for (std::size_t i = 0; i < sequence.layers.size(); ++i)
+        showThroughTime(*built->elements()[i], sequence.layers[i]);
+    built->scene().setFrameRange(sequence.firstFrame, sequence.lastFrame);
+    return built->takeScene();
+}

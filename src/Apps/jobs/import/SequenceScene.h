@@ -1,0 +1,15 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The scene of a sequence of drawings: that of a single drawing (DrawingScene.h), with drawings that change from frame
+// to frame.
+#pragma once
+
+#include "QuarvelBaseCore/UT_Result.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "jobs/import/DrawingSequence.h"
+
+/// Builds the scene. Its nodes: an element and an Object Definition for each layer, the Vallorin node "Normal-Map", the
+/// composite "Drawing", and "Display", which shows the normal map.
+///
+/// @return an error when the plug-in is not loaded
+UT_Result<std::unique_ptr<MO_Scene>> buildSequenceScene(const DrawingSequence& sequence);

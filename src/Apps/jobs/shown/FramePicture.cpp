@@ -1,0 +1,113 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// One function a kind of picture.
+#include "jobs/shown/FramePicture.h"
+
+#include "QuarvelNormalMap/NM_DrawingPicture.h"
+#include "QuarvelNormalMap/NM_Layers.h"
+#include "QuarvelNormalMap/NM_NormalPicture.h"
+#include "QuarvelNormalMap/NM_Padding.h"
+
+#include <QStringList>
+
+namespace {
+
+bool asLayers(const FramePictureSettings& settings)
+{
+    return settings.floatFile && settings.layout == NM_Layout::TANGENT;
+}
+
+IIO_SampleType samplesOf(const FramePictureSettings& settings)
+{
+    return settings.floatFile ? IIO_SampleType::FLOAT : IIO_SampleType::UINT16;
+}
+
+Math::Box2di dataWindow(const CEL_PixmapArea& pixmap, const Math::Box2di& window, const FramePictureSettings& settings)
+{
+    Math::Box2di all = window;
+    if (settings.floatFile)
+        all.add(pixmap.allocatedRect());
+    return all;
+}
+
+UT_Result<IIO_Picture> normals(const CEL_PixmapArea& pixmap, const Math::Box2di& window,
+                               const FramePictureSettings& settings)
+{
+    const Math::Box2di data = dataWindow(pixmap, window, settings);
+    if (asLayers(settings))
+        return NM_layersPicture(pixmap, window, data, settings.yAxis, settings.elevation);
+    return NM_toPicture(
+        pixmap, window,
+        {.layout = settings.layout, .yAxis = settings.yAxis, .samples = samplesOf(settings), .dataWindow = data});
+}
+
+UT_Result<IIO_Picture> pictureOf(const CEL_PixmapArea& pixmap, const Math::Box2di& window,
+                                 const FramePictureSettings& settings)
+{
+    const Math::Box2di data = dataWindow(pixmap, window, settings);
+    switch (settings.shown) {
+    case RenderedKind::NORMALS:
+        return normals(pixmap, window, settings);
+    case RenderedKind::ELEVATION:
+        return NM_elevationOf(pixmap, settings.elevation ? NM_ElevationChannel::BLUE : NM_ElevationChannel::RED, window,
+                              data, samplesOf(settings));
+    case RenderedKind::COLOURS:
+        break;
+    }
+    return NM_drawingPicture(pixmap, window, samplesOf(settings), data);
+}
+
+// What changes the pixels and shows nowhere else.
+QString settingsText(const FramePictureSettings& settings)
+{
+    QStringList words{settings.floatRender ? QStringLiteral("float") : QStringLiteral("16-bit")};
+    if (settings.floatFile)
+        words << (settings.half ? QStringLiteral("half file") : QStringLiteral("float file"));
+    if (settings.pad > 0)
+        words << QStringLiteral("pad %1").arg(settings.pad);
+    return words.join(QStringLiteral(", "));
+}
+
+QString layoutText(const FramePictureSettings& settings)
+{
+    if (settings.shown == RenderedKind::ELEVATION)
+        return QStringLiteral("elevation");
+    return QStringLiteral("drawing");
+}
+
+} // namespace
+
+bool needsElevationInBlue(const FramePictureSettings& settings)
+{
+    if (settings.source != RenderedKind::NORMALS)
+        return false;
+    return settings.shown == RenderedKind::ELEVATION || (settings.shown == RenderedKind::NORMALS && asLayers(settings));
+}
+
+IIO_Metadata frameMetadata(const FramePictureSettings& settings, int frame)
+{
+    IIO_Metadata metadata = settings.shown == RenderedKind::NORMALS ? NM_metadataOf(settings.layout, settings.yAxis)
+                                                                    : NM_metadataOf(layoutText(settings));
+    if (settings.shown == RenderedKind::NORMALS && asLayers(settings)) {
+        const QString elevation = settings.elevation ? QStringLiteral("elevation = elevation.Y, ") : QString();
+        metadata.set(QStringLiteral("Encoding"), QStringLiteral("x = N.X, y = N.Y, z = N.Z, ") + elevation +
+                                                     QStringLiteral("coverage = coverage.A"));
+    }
+    metadata.set(QStringLiteral("Scene"), settings.scene);
+    metadata.set(QStringLiteral("Node"), settings.node);
+    metadata.set(QStringLiteral("Frame"), QString::number(frame));
+    metadata.set(QStringLiteral("Settings"), settingsText(settings));
+    return metadata;
+}
+
+UT_Result<IIO_Picture> framePicture(const CEL_PixmapArea& pixmap, const Math::Box2di& window,
+                                    const FramePictureSettings& settings, int frame)
+{
+    UT_Result<IIO_Picture> picture = pictureOf(pixmap, window, settings);
+    if (!picture)
+        return picture;
+    if (settings.pad > 0 && picture->channels() == IIO_channelsRgba())
+        NM_padColours(*picture, settings.pad);
+    picture->metadata() = frameMetadata(settings, frame);
+    return picture;
+}

@@ -1,0 +1,110 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// A walk upstream in which every module is met once, however many paths lead to it.
+#include "jobs/shown/RenderedKind.h"
+
+#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+#include "QuarvelSceneCore/graph/MO_GroupBorderModule.h"
+#include "QuarvelSceneCore/graph/MO_Port.h"
+#include "QuarvelSceneCore/graph/XUGroup.h"
+#include "QuarvelSceneCore/kinds/MO_CompositeModuleBase.h"
+#include "QuarvelSceneCore/kinds/MO_GlueModule.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+namespace {
+
+const QString kNodeKeyword = QStringLiteral("Vallorin");
+
+bool isSwitchedOn(const MO_Module& node, const char* key, bool otherwise)
+{
+    const auto* const attr = dynamic_cast<const AT_BoolAttr*>(node.findAttr(QString::fromLatin1(key)));
+    return attr ? attr->localValue() : otherwise;
+}
+
+class Walk
+{
+public:
+    PictureSource run(MO_Module& module)
+    {
+        visit(start(module));
+        PictureSource source;
+        if (_nodes.empty() || _sawOther)
+            return source;
+        const auto makesNormals = [](const MO_Module* node) { return isSwitchedOn(*node, "GenerateNormals", true); };
+        const auto count = std::ranges::count_if(_nodes, makesNormals);
+        if (count != 0 && count != std::ssize(_nodes))
+            return source;
+        source.kind = count == 0 ? RenderedKind::ELEVATION : RenderedKind::NORMALS;
+        source.nodes = std::move(_nodes);
+        return source;
+    }
+
+private:
+    static MO_Module* behind(const MO_Module& module, unsigned port)
+    {
+        const MO_Port* const in = module.inPort(port);
+        const MO_Port* const source = in ? in->realSrcPort() : nullptr;
+        return source ? source->module() : nullptr;
+    }
+
+    // What delivers the picture when the module itself is rendered: a group is what its first output delivers, a
+    // module that is switched off what its first input does.
+    static MO_Module* start(MO_Module& module)
+    {
+        if (!module.enabled())
+            return behind(module, 0);
+        if (const auto* group = dynamic_cast<const XUGroup*>(&module))
+            return behind(group->exit(), 0);
+        return &module;
+    }
+
+    void visit(MO_Module* first)
+    {
+        std::vector<MO_Module*> open{first};
+        while (!open.empty()) {
+            MO_Module* const module = open.back();
+            open.pop_back();
+            if (!module || !_met.insert(module).second)
+                continue;
+            if (module->keyword() == kNodeKeyword) {
+                _nodes.push_back(module);
+                continue;
+            }
+            if (module->nInPorts() == 0) {
+                _sawOther = true;
+                continue;
+            }
+            const bool joins =
+                dynamic_cast<MO_GlueModule*>(module) != nullptr || dynamic_cast<MO_CompositeModuleBase*>(module);
+            for (unsigned port = joins ? module->nInPorts() : 1; port-- > 0;)
+                open.push_back(behind(*module, port));
+        }
+    }
+
+    std::unordered_set<MO_Module*> _met;
+    std::vector<MO_Module*> _nodes;
+    bool _sawOther = false;
+};
+
+} // namespace
+
+PictureSource pictureSourceOf(MO_Module& module)
+{
+    return Walk().run(module);
+}
+
+DepthInBlue::DepthInBlue(const std::vector<MO_Module*>& nodes)
+{
+    for (MO_Module* node : nodes)
+        if (auto* attr = dynamic_cast<AT_BoolAttr*>(node->findAttr(QStringLiteral("DepthInBlue"))))
+            if (attr->setLocalValue(true))
+                _changed.push_back(attr);
+}
+
+DepthInBlue::~DepthInBlue()
+{
+    for (AT_BoolAttr* attr : _changed)
+        attr->setLocalValue(false);
+}

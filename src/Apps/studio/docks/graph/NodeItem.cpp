@@ -1,0 +1,174 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The painting of nodes, and where their ports are.
+#include "studio/docks/graph/NodeItem.h"
+
+#include "QuarvelSceneCore/graph/XUGroup.h"
+#include "studio/docks/graph/GraphLayout.h"
+#include "studio/docks/graph/NodeColors.h"
+
+#include <QCoreApplication>
+#include <QPainter>
+#include <QPainterPath>
+#include <QStyleOptionGraphicsItem>
+#include <QWidget>
+
+namespace {
+
+constexpr double kRadius = 7.0;
+constexpr double kPortRadius = 5.0;
+constexpr double kStripe = 5.0;
+constexpr double kMargin = 12.0;
+
+QString nameForPeople(const MO_Module& module)
+{
+    return module.instanceName().isEmpty() ? module.baseDisplayName() : module.instanceName();
+}
+
+} // namespace
+
+NodeItem::NodeItem(MO_Module& module, const QRectF& box)
+    : _module(module)
+    , _box(box)
+    , _name(nameForPeople(module))
+    , _kind(module.baseDisplayName())
+    , _keyword(module.keyword())
+    , _enabled(module.enabled())
+    , _isGroup(dynamic_cast<XUGroup*>(&module) != nullptr)
+    , _isBorder(dynamic_cast<MO_GroupBorderModule*>(&module) != nullptr)
+{
+    for (unsigned i = 0; i < module.nInPorts(); ++i)
+        _linkedInputs.push_back(module.inPort(i)->isConnected());
+    for (unsigned i = 0; i < module.nOutPorts(); ++i)
+        _linkedOutputs.push_back(module.outPort(i)->isConnected());
+    setFlag(ItemIsSelectable, !_isBorder);
+    setZValue(1.0);
+    QString tip = QStringLiteral("%1\n%2").arg(_name, _kind);
+    if (!_enabled)
+        tip += QLatin1Char('\n') + QCoreApplication::translate("NodeItem", "Disabled: passes on its first input");
+    if (_isGroup)
+        tip += QLatin1Char('\n') + QCoreApplication::translate("NodeItem", "Double click to look inside");
+    setToolTip(tip);
+}
+
+QPointF NodeItem::portPosition(bool isInput, unsigned index) const
+{
+    const std::size_t count = isInput ? _linkedInputs.size() : _linkedOutputs.size();
+    return portPlace(_box, isInput, index, static_cast<unsigned>(count));
+}
+
+NodePort NodeItem::portAt(const QPointF& point) const
+{
+    NodePort nearest;
+    double least = kPortReach;
+    const auto look = [&](bool isInput, std::size_t count) {
+        for (unsigned i = 0; i < count; ++i) {
+            const double distance = QLineF(point, portPosition(isInput, i)).length();
+            if (distance < least) {
+                least = distance;
+                nearest = {&_module, isInput, i};
+            }
+        }
+    };
+    look(true, _linkedInputs.size());
+    look(false, _linkedOutputs.size());
+    return nearest;
+}
+
+NodePort NodeItem::inputForDrop() const
+{
+    if (_linkedInputs.empty())
+        return {};
+    for (unsigned i = 0; i < _linkedInputs.size(); ++i)
+        if (!_linkedInputs[i])
+            return {&_module, true, i};
+    return {&_module, true, 0};
+}
+
+QRectF NodeItem::nameBox() const
+{
+    return {_box.left() + kMargin, _box.top() + 6.0, _box.width() - 2 * kMargin, _box.height() / 2 - 4.0};
+}
+
+void NodeItem::setHotPort(const NodePort& port)
+{
+    if (port == _hot)
+        return;
+    _hot = port;
+    update();
+}
+
+QRectF NodeItem::boundingRect() const
+{
+    return _box.adjusted(-kPortReach, -kPortReach, kPortReach, kPortReach);
+}
+
+QPainterPath NodeItem::shape() const
+{
+    QPainterPath path;
+    path.addRect(_box.adjusted(0, -kPortRadius, 0, kPortRadius));
+    return path;
+}
+
+void NodeItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget* widget)
+{
+    const QPalette palette = widget ? widget->palette() : QPalette();
+    const bool dark = isDark(palette);
+    const QColor ground = palette.color(QPalette::Base);
+    const QColor text = palette.color(QPalette::Text);
+    const QColor accent = _enabled ? kindColor(_keyword, palette) : blended(text, ground, 0.6);
+    const QColor fill = dark ? blended(ground, text, 0.13) : blended(ground, text, 0.02);
+
+    painter->setRenderHint(QPainter::Antialiasing);
+    QPainterPath outline;
+    outline.addRoundedRect(_box, kRadius, kRadius);
+    painter->fillPath(outline, _enabled ? fill : blended(fill, ground, 0.6));
+    painter->save();
+    painter->setClipPath(outline);
+    painter->fillRect(QRectF(_box.left(), _box.top(), kStripe, _box.height()), accent);
+    painter->restore();
+
+    QPen border(isSelected() ? palette.color(QPalette::Highlight) : blended(text, ground, 0.55),
+                isSelected() ? 2.5 : 1.0);
+    if (!_enabled)
+        border.setStyle(Qt::DashLine);
+    if (_isGroup) {
+        painter->setPen(QPen(blended(text, ground, 0.7), 1.0));
+        painter->drawRoundedRect(_box.adjusted(kStripe + 2, 3, -3, -3), kRadius - 3, kRadius - 3);
+    }
+    painter->setPen(border);
+    painter->setBrush(Qt::NoBrush);
+    painter->drawPath(outline);
+
+    QFont font = widget ? widget->font() : QFont();
+    font.setPixelSize(13);
+    font.setWeight(QFont::DemiBold);
+    painter->setFont(font);
+    painter->setPen(_enabled ? text : quietText(palette));
+    const QString name = QFontMetricsF(font).elidedText(_name, Qt::ElideMiddle, nameBox().width());
+    painter->drawText(nameBox(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, name);
+    font.setPixelSize(11);
+    font.setWeight(QFont::Normal);
+    painter->setFont(font);
+    painter->setPen(quietText(palette));
+    const QString kind = _enabled ? _kind : QCoreApplication::translate("NodeItem", "%1 (off)").arg(_kind);
+    painter->drawText(nameBox().translated(0, nameBox().height() + 1),
+                      Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                      QFontMetricsF(font).elidedText(kind, Qt::ElideRight, nameBox().width()));
+
+    for (unsigned i = 0; i < _linkedInputs.size(); ++i)
+        paintPort(*painter, palette, true, i, _linkedInputs[i]);
+    for (unsigned i = 0; i < _linkedOutputs.size(); ++i)
+        paintPort(*painter, palette, false, i, _linkedOutputs[i]);
+}
+
+void NodeItem::paintPort(QPainter& painter, const QPalette& palette, bool isInput, unsigned index, bool isLinked) const
+{
+    const bool isHot = _hot == NodePort{&_module, isInput, index};
+    const QColor text = palette.color(QPalette::Text);
+    const QColor line = blended(text, palette.color(QPalette::Base), 0.3);
+    painter.setPen(QPen(isHot ? palette.color(QPalette::Highlight) : line, 1.2));
+    painter.setBrush(isHot ? palette.color(QPalette::Highlight) : isLinked ? line : palette.color(QPalette::Base));
+    const double radius = isHot ? kPortRadius + 1.5 : kPortRadius;
+    painter.drawEllipse(portPosition(isInput, index), radius, radius);
+}

@@ -1,0 +1,67 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// NodeItem: one node in the node view, a rounded box with the name, the kind and the ports. It shows what the module
+// was when the item was made; the view makes new ones when the graph changes.
+#pragma once
+
+#include "QuarvelSceneCore/graph/MO_Module.h"
+
+#include <QGraphicsItem>
+
+#include <vector>
+
+/// A port as the mouse finds it.
+struct NodePort
+{
+    MO_Module* module = nullptr;
+    bool isInput = true;
+    unsigned index = 0;
+
+    explicit operator bool() const { return module != nullptr; }
+    friend bool operator==(const NodePort&, const NodePort&) = default;
+};
+
+/// The box of a node.
+class NodeItem : public QGraphicsItem
+{
+public:
+    /// For qgraphicsitem_cast().
+    static constexpr int kType = UserType + 1;
+    /// How near to a port the mouse has to be, in the units of the view.
+    static constexpr double kPortReach = 11.0;
+
+    NodeItem(MO_Module& module, const QRectF& box);
+
+    MO_Module& module() const { return _module; }
+    const QRectF& box() const { return _box; }
+    /// Where a port is, in the scene's units.
+    QPointF portPosition(bool isInput, unsigned index) const;
+    /// The port near a point, or none.
+    NodePort portAt(const QPointF& point) const;
+    /// The free input port that a link dropped on the box is for: the first free one, or else the first.
+    NodePort inputForDrop() const;
+    /// Where the name stands.
+    QRectF nameBox() const;
+    /// Emphasises a port; none ends that.
+    void setHotPort(const NodePort& port);
+
+    int type() const override { return kType; }
+    QRectF boundingRect() const override;
+    QPainterPath shape() const override;
+    void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
+
+private:
+    void paintPort(QPainter& painter, const QPalette& palette, bool isInput, unsigned index, bool isLinked) const;
+
+    MO_Module& _module;
+    QRectF _box;
+    QString _name;
+    QString _kind;
+    QString _keyword;
+    bool _enabled;
+    bool _isGroup;
+    bool _isBorder;
+    std::vector<bool> _linkedInputs;
+    std::vector<bool> _linkedOutputs;
+    NodePort _hot;
+};

@@ -1,0 +1,312 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// What the view shows. The graph is compared by a description of it that is cheap to make; only when that is another
+// one are the items made anew. How mouse and keyboard are answered stands in NodeViewInput.cpp.
+#include "studio/docks/graph/NodeView.h"
+
+#include "studio/docks/graph/GraphCommands.h"
+#include "studio/docks/graph/LinkItem.h"
+#include "studio/docks/graph/NodeColors.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QLineEdit>
+#include <QPainter>
+#include <QStatusTipEvent>
+#include <QTextStream>
+#include <QToolTip>
+
+namespace {
+
+constexpr double kMargin = 24.0;
+constexpr double kLegible = 0.6; // the smallest scale that is chosen without being asked for
+constexpr double kRoomAround = 600.0;
+constexpr double kDotSpacing = 24.0;
+
+} // namespace
+
+NodeView::NodeView(StudioDocument& document, QWidget* parent)
+    : QGraphicsView(parent), _document(document), _group(&document.scene().root())
+{
+    setObjectName(QStringLiteral("NodeView"));
+    setAccessibleName(tr("Node view"));
+    setScene(new QGraphicsScene(this));
+    setFrameShape(QFrame::NoFrame);
+    setDragMode(RubberBandDrag);
+    setRenderHint(QPainter::Antialiasing);
+    setTransformationAnchor(AnchorUnderMouse);
+    setResizeAnchor(AnchorViewCenter);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::StrongFocus);
+    viewport()->setMouseTracking(true);
+    setBackgroundBrush(palette().base());
+
+    connect(&_document, &StudioDocument::sceneReplaced, this, &NodeView::forgetScene);
+    connect(&_document, &StudioDocument::sceneChanged, this, &NodeView::refresh);
+    connect(&_document, &StudioDocument::stateChanged, this, &NodeView::refresh);
+    connect(&_document, &StudioDocument::selectionChanged, this, &NodeView::followSelection);
+    connect(scene(), &QGraphicsScene::selectionChanged, this, &NodeView::takeSelection);
+    rebuild();
+}
+
+NodeView::~NodeView()
+{
+    // The graphics scene tells of the end of its selection while it goes, which is after this.
+    disconnect(scene(), nullptr, this, nullptr);
+    _drawnLink.reset();
+}
+
+void NodeView::forgetScene()
+{
+    _group = &_document.scene().root();
+    _fitsAll = true;
+    rebuild();
+    Q_EMIT groupChanged();
+}
+
+bool NodeView::isInScene(const XUGroup& group) const
+{
+    bool found = &group == &_document.scene().root();
+    _document.scene().root().forEachModule([&](const MO_Module& module) { found = found || &module == &group; });
+    return found;
+}
+
+void NodeView::refresh()
+{
+    if (!isInScene(*_group)) {
+        _group = &_document.scene().root();
+        _fitsAll = true;
+    }
+    if (describeGraph() == _shown)
+        return;
+    rebuild();
+    Q_EMIT groupChanged();
+}
+
+QString NodeView::describeGraph() const
+{
+    QString text;
+    QTextStream stream(&text);
+    for (const XUGroup* around = _group; around; around = around->group())
+        stream << around << around->instanceName() << '\n';
+    const auto describe = [&](const MO_Module& module) {
+        stream << &module << module.keyword() << module.instanceName() << module.enabled() << module.nOutPorts();
+        for (unsigned i = 0; i < module.nOutPorts(); ++i)
+            stream << (module.outPort(i)->isConnected() ? '+' : '-');
+        for (unsigned i = 0; i < module.nInPorts(); ++i)
+            if (const MO_Port* source = module.inPort(i)->srcPort())
+                stream << ' ' << source->node() << source->index();
+            else
+                stream << " -";
+        stream << '\n';
+    };
+    for (const auto& module : _group->modules())
+        describe(*module);
+    describe(_group->entry());
+    describe(_group->exit());
+    return text;
+}
+
+void NodeView::rebuild()
+{
+    const bool wasSynchronizing = std::exchange(_synchronizing, true);
+    finishName(false);
+    dropLink();
+    setHotPort({});
+    _items.clear();
+    scene()->clear();
+    _shown = describeGraph();
+    _layout = layoutGraph(*_group);
+    for (const auto& module : _group->modules())
+        addNode(*module);
+    addNode(_group->entry());
+    addNode(_group->exit());
+    for (const auto& module : _group->modules())
+        addLinks(*module);
+    addLinks(_group->exit());
+    QRectF all;
+    for (const QRectF& box : std::as_const(_layout))
+        all |= box;
+    setSceneRect(all.adjusted(-kRoomAround, -kRoomAround, kRoomAround, kRoomAround));
+    _synchronizing = wasSynchronizing;
+    showSelection();
+    if (_fitsAll)
+        fit(kLegible);
+    viewport()->update();
+}
+
+void NodeView::addNode(MO_Module& module)
+{
+    const auto box = _layout.constFind(&module);
+    if (box == _layout.constEnd())
+        return;
+    auto* item = new NodeItem(module, *box);
+    scene()->addItem(item);
+    _items.insert(&module, item);
+}
+
+void NodeView::addLinks(MO_Module& module)
+{
+    const NodeItem* const target = item(module);
+    for (unsigned i = 0; target && i < module.nInPorts(); ++i) {
+        const MO_Port* const port = module.inPort(i)->srcPort();
+        const NodeItem* const source = port ? item(*port->module()) : nullptr;
+        if (!source)
+            continue;
+        auto* link = new LinkItem({&module, true, i});
+        link->setEnds(source->portPosition(false, port->index()), target->portPosition(true, i));
+        scene()->addItem(link);
+    }
+}
+
+void NodeView::enter(XUGroup& group)
+{
+    if (&group == _group)
+        return;
+    _group = &group;
+    _fitsAll = true;
+    rebuild();
+    _document.setSelection({});
+    Q_EMIT groupChanged();
+}
+
+void NodeView::leave()
+{
+    XUGroup* const around = _group->group();
+    if (!around)
+        return;
+    XUGroup* const left = _group;
+    enter(*around);
+    _document.setSelection({left});
+}
+
+NodeItem* NodeView::item(const MO_Module& module) const
+{
+    return _items.value(&module);
+}
+
+QPoint NodeView::portPosition(const MO_Module& module, bool isInput, unsigned index) const
+{
+    const NodeItem* const found = item(module);
+    return found ? mapFromScene(found->portPosition(isInput, index)) : QPoint();
+}
+
+void NodeView::showSelection()
+{
+    const bool wasSynchronizing = std::exchange(_synchronizing, true);
+    for (auto it = _items.cbegin(); it != _items.cend(); ++it)
+        it.value()->setSelected(_document.selection().contains(&it.value()->module()));
+    _synchronizing = wasSynchronizing;
+}
+
+// The document's selection keeps its order; what is new comes last.
+void NodeView::takeSelection()
+{
+    if (_synchronizing)
+        return;
+    QList<MO_Module*> selected;
+    for (MO_Module* module : _document.selection())
+        if (const NodeItem* found = item(*module); found && found->isSelected())
+            selected << module;
+    for (const auto& module : _group->modules())
+        if (const NodeItem* found = item(*module); found && found->isSelected() && !selected.contains(module.get()))
+            selected << module.get();
+    _document.setSelection(selected);
+}
+
+// What is selected elsewhere may be in another group.
+void NodeView::followSelection()
+{
+    refresh();
+    MO_Module* const current = _document.currentModule();
+    if (current && current->group() && current->group() != _group) {
+        _group = current->group();
+        _fitsAll = true;
+        rebuild();
+        Q_EMIT groupChanged();
+    }
+    showSelection();
+    if (const NodeItem* found = current ? item(*current) : nullptr; found && !_fitsAll)
+        ensureVisible(found->sceneBoundingRect(), 20, 20);
+}
+
+void NodeView::connectPorts(const NodePort& source, const NodePort& target)
+{
+    UT_Result<MO_EditCommand> command = MO_connectCmd(*source.module, *target.module, target.index, source.index);
+    if (!command)
+        return refuse(command.error().text);
+    _document.execute(std::move(*command));
+}
+
+void NodeView::cutLink(const NodePort& input)
+{
+    _document.execute(MO_disconnectCmd(*input.module, input.index));
+}
+
+void NodeView::refuse(const QString& why)
+{
+    QToolTip::showText(QCursor::pos(), why, viewport());
+    QStatusTipEvent tip(why);
+    QApplication::sendEvent(this, &tip);
+    Q_EMIT refused(why);
+}
+
+void NodeView::fit(double leastScale)
+{
+    QRectF all;
+    for (const QRectF& box : std::as_const(_layout))
+        all |= box;
+    _fitsAll = true;
+    if (all.isEmpty() || viewport()->width() < 20 || viewport()->height() < 20)
+        return;
+    all.adjust(-kMargin, -kMargin, kMargin, kMargin);
+    const double scale = std::min({1.0, viewport()->width() / all.width(), viewport()->height() / all.height()});
+    const double zoom = std::max(scale, leastScale);
+    setTransform(QTransform::fromScale(zoom, zoom));
+    const bool fitsIn = scale >= leastScale;
+    const MO_Module* const current = _document.currentModule();
+    const NodeItem* const shown = current ? item(*current) : nullptr;
+    centerOn(fitsIn || !shown ? all.center() : shown->box().center());
+}
+
+void NodeView::resizeEvent(QResizeEvent* event)
+{
+    QGraphicsView::resizeEvent(event);
+    if (_fitsAll)
+        fit(kLegible);
+}
+
+void NodeView::changeEvent(QEvent* event)
+{
+    QGraphicsView::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        setBackgroundBrush(palette().base());
+}
+
+void NodeView::drawBackground(QPainter* painter, const QRectF& rect)
+{
+    QGraphicsView::drawBackground(painter, rect);
+    if (transform().m11() < 0.35)
+        return;
+    painter->setPen(QPen(blended(palette().color(QPalette::Text), palette().color(QPalette::Base), 0.82), 1.5));
+    const QRect cells = QRectF(rect.topLeft() / kDotSpacing, rect.size() / kDotSpacing).toAlignedRect();
+    QList<QPointF> dots;
+    for (int row = cells.top(); row <= cells.bottom(); ++row)
+        for (int column = cells.left(); column <= cells.right(); ++column)
+            dots << kDotSpacing * QPointF(column, row);
+    painter->drawPoints(dots.constData(), static_cast<int>(dots.size()));
+}
+
+void NodeView::drawForeground(QPainter* painter, const QRectF& rect)
+{
+    QGraphicsView::drawForeground(painter, rect);
+    if (!_group->modules().empty())
+        return;
+    painter->save();
+    painter->resetTransform();
+    painter->setPen(quietText(palette()));
+    painter->drawText(viewport()->rect().adjusted(20, 20, -20, -20), Qt::AlignCenter | Qt::TextWordWrap,
+                      tr("Nothing here yet. Add a node with the Add button, or drop a drawing on the window."));
+    painter->restore();
+}

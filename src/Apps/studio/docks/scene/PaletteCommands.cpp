@@ -1,0 +1,144 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// A drawing knows its palette for good, so drawings are made anew as well; their shapes share their paths with the old
+// ones.
+#include "studio/docks/scene/PaletteCommands.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <functional>
+#include <typeinfo>
+
+namespace {
+
+using ColorPtr = CM_SharedPtr<CM_BaseColorObj>;
+using DrawingPtr = UT_SharedPtr<CELVEC_Kvd>;
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("PaletteCommands", text);
+}
+
+ColorPtr copyOf(const CM_BaseColorObj& color)
+{
+    ColorPtr copy;
+    if (const auto* texture = dynamic_cast<const CM_TextureColor*>(&color))
+        copy = UT_makeShared<CM_TextureColor>(color.GetColorName(), texture->GetTextureKind(), color.GetColorId());
+    else if (const auto* plain = dynamic_cast<const CM_Color*>(&color))
+        copy = UT_makeShared<CM_Color>(color.GetColorName(), plain->GetColorType(), color.GetColorId());
+    else
+        return nullptr;
+    copy->SetNominalColor(color.GetNominalColor());
+    return copy;
+}
+
+// The palette with one colour in place of another of the same identifier.
+PalettePtr withColor(const CM_Palette& palette, const ColorPtr& changed)
+{
+    auto copy = UT_makeShared<CM_Palette>(palette.GetName(), palette.GetId());
+    for (const ColorPtr& color : palette.colors())
+        copy->addColor(color->GetColorId() == changed->GetColorId() ? changed : color);
+    return copy;
+}
+
+DrawingPtr withPalette(const CELVEC_Kvd& drawing, const PalettePtr& palette)
+{
+    auto copy = UT_makeShared<CELVEC_Kvd>(palette);
+    for (const GR_Art art : kGR_allArts)
+        for (const CELVEC_Shape& shape : drawing.shapes(art))
+            copy->addShape(art, shape);
+    copy->setArtSelector(drawing.artSelector());
+    copy->setColorTransform(drawing.colorTransform());
+    return copy;
+}
+
+class ReplacePaletteCmd : public CO_Command
+{
+public:
+    ReplacePaletteCmd(QString name, MO_Scene& scene, PalettePtr before, PalettePtr after)
+        : _name(std::move(name)), _scene(scene), _before(std::move(before)), _after(std::move(after))
+    {
+        scene.root().forEachModule([&](MO_Module& module) {
+            if (auto* element = dynamic_cast<MO_ElementModule*>(&module))
+                addDrawings(*element);
+        });
+    }
+
+    QString name() const override { return _name; }
+    void execute() override { put(_before, _after, true); }
+    void undo() override { put(_after, _before, false); }
+
+private:
+    struct Drawing
+    {
+        MO_ElementModule* element;
+        QString name;
+        DrawingPtr before;
+        DrawingPtr after;
+    };
+
+    void addDrawings(MO_ElementModule& element)
+    {
+        for (const auto& [name, drawing] : element.drawings())
+            if (drawing && drawing->palette() == _before && typeid(*drawing) == typeid(CELVEC_Kvd))
+                _drawings.push_back({&element, name, drawing, withPalette(*drawing, _after)});
+    }
+
+    void put(const PalettePtr& old, const PalettePtr& now, bool forward)
+    {
+        std::vector<PalettePtr> palettes = _scene.palettes();
+        std::ranges::replace(palettes, old, now);
+        while (!_scene.palettes().empty())
+            _scene.removePalette(PalettePtr(_scene.palettes().back()));
+        for (const PalettePtr& palette : palettes)
+            _scene.addPalette(palette);
+        for (const Drawing& drawing : _drawings)
+            drawing.element->setDrawing(drawing.name, forward ? drawing.after : drawing.before);
+    }
+
+    QString _name;
+    MO_Scene& _scene;
+    PalettePtr _before;
+    PalettePtr _after;
+    std::vector<Drawing> _drawings;
+};
+
+MO_EditCommand changeColorCmd(MO_Scene& scene, const PalettePtr& palette, const CM_ColorId_t& id, const QString& name,
+                              const std::function<void(CM_BaseColorObj&)>& change)
+{
+    const ColorPtr color = palette ? palette->findColor(id) : nullptr;
+    const ColorPtr changed = color ? copyOf(*color) : nullptr;
+    if (!changed)
+        return nullptr;
+    change(*changed);
+    if (changed->GetColorName() == color->GetColorName() && changed->GetNominalColor() == color->GetNominalColor())
+        return nullptr;
+    return std::make_unique<ReplacePaletteCmd>(name.arg(color->GetColorName().ToQString()), scene, palette,
+                                               withColor(*palette, changed));
+}
+
+} // namespace
+
+MO_EditCommand renamePaletteCmd(MO_Scene& scene, const PalettePtr& palette, const QString& name)
+{
+    if (!palette || palette->GetName() == UT_String(name))
+        return nullptr;
+    auto renamed = UT_makeShared<CM_Palette>(UT_String(name), palette->GetId());
+    for (const ColorPtr& color : palette->colors())
+        renamed->addColor(color);
+    return std::make_unique<ReplacePaletteCmd>(translated("Rename Palette \"%1\"").arg(palette->GetName().ToQString()),
+                                               scene, palette, renamed);
+}
+
+MO_EditCommand renameColorCmd(MO_Scene& scene, const PalettePtr& palette, const CM_ColorId_t& id, const QString& name)
+{
+    return changeColorCmd(scene, palette, id, translated("Rename Colour \"%1\""),
+                          [&](CM_BaseColorObj& color) { color.SetColorName(UT_String(name)); });
+}
+
+MO_EditCommand recolorCmd(MO_Scene& scene, const PalettePtr& palette, const CM_ColorId_t& id, const CM_Rgba& color)
+{
+    return changeColorCmd(scene, palette, id, translated("Change Colour \"%1\""),
+                          [&](CM_BaseColorObj& changed) { changed.SetNominalColor(color); });
+}

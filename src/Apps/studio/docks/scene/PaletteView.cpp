@@ -1,0 +1,204 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Palettes are never changed in place, so comparing the objects tells whether anything is new.
+#include "studio/docks/scene/PaletteView.h"
+
+#include "studio/docks/graph/NodeColors.h"
+
+#include <QBoxLayout>
+#include <QColorDialog>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QScopedValueRollback>
+#include <QTreeWidget>
+
+namespace {
+
+constexpr int kNameColumn = 0;
+constexpr int kValueColumn = 1;
+constexpr int kSwatch = 22;
+
+QColor toQColor(const CM_Rgba& color)
+{
+    return QColor(color.red, color.green, color.blue, color.alpha);
+}
+
+// Half of a swatch shows the colour on a chequered ground when it is not opaque.
+QIcon swatch(const QColor& color, const QPalette& palette, double ratio)
+{
+    const int pixels = static_cast<int>(kSwatch * ratio);
+    QPixmap pixmap(pixels, pixels);
+    pixmap.setDevicePixelRatio(ratio);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF box(1.5, 1.5, kSwatch - 3, kSwatch - 3);
+    if (color.alpha() < 255) {
+        painter.fillRect(box, Qt::white);
+        painter.fillRect(box, QBrush(Qt::gray, Qt::Dense4Pattern));
+    }
+    painter.setBrush(color);
+    painter.setPen(QPen(blended(palette.color(QPalette::Text), palette.color(QPalette::Base), 0.5), 1));
+    painter.drawRoundedRect(box, 3, 3);
+    return QIcon(pixmap);
+}
+
+} // namespace
+
+PaletteView::PaletteView(StudioDocument& document, QWidget* parent)
+    : QWidget(parent), _document(document), _tree(new QTreeWidget), _pick(new QPushButton(tr("Change Colour\u2026")))
+{
+    setObjectName(QStringLiteral("Palette"));
+    _tree->setObjectName(QStringLiteral("PaletteTree"));
+    _tree->setAccessibleName(tr("Palettes"));
+    _tree->setHeaderLabels({tr("Name"), tr("Colour")});
+    _tree->setIconSize(QSize(kSwatch, kSwatch));
+    _tree->setFrameShape(QFrame::NoFrame);
+    _tree->setEditTriggers(QTreeWidget::DoubleClicked | QTreeWidget::EditKeyPressed | QTreeWidget::SelectedClicked);
+    _tree->header()->setStretchLastSection(false);
+    _tree->header()->setSectionResizeMode(kNameColumn, QHeaderView::Stretch);
+    _tree->header()->setSectionResizeMode(kValueColumn, QHeaderView::ResizeToContents);
+    _pick->setObjectName(QStringLiteral("PickColor"));
+    _pick->setToolTip(tr("Choose another value for the selected colour"));
+
+    auto* bar = new QHBoxLayout;
+    bar->setContentsMargins(8, 6, 8, 6);
+    bar->addStretch();
+    bar->addWidget(_pick);
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
+    rows->addWidget(_tree, 1);
+    rows->addLayout(bar);
+    setFocusProxy(_tree);
+
+    connect(_tree, &QTreeWidget::itemChanged, this, &PaletteView::takeEdit);
+    connect(_tree, &QTreeWidget::currentItemChanged, this, &PaletteView::update);
+    connect(_pick, &QPushButton::clicked, this, &PaletteView::pickColor);
+    connect(&_document, &StudioDocument::sceneReplaced, this, &PaletteView::rebuild);
+    connect(&_document, &StudioDocument::sceneChanged, this, &PaletteView::refresh);
+    connect(&_document, &StudioDocument::stateChanged, this, &PaletteView::refresh);
+    rebuild();
+}
+
+QString PaletteView::colorText(const CM_Rgba& color)
+{
+    const QString text = toQColor(color).name(QColor::HexRgb).toUpper();
+    return color.alpha == 255 ? text : text + QStringLiteral("%1").arg(color.alpha, 2, 16, QLatin1Char('0')).toUpper();
+}
+
+QColor PaletteView::parseColor(const QString& text)
+{
+    static const QRegularExpression form(QStringLiteral("^#?([0-9a-fA-F]{6})([0-9a-fA-F]{2})?$"));
+    const auto match = form.match(text.trimmed());
+    if (!match.hasMatch())
+        return {};
+    QColor color(QLatin1Char('#') + match.captured(1));
+    if (match.capturedLength(2) > 0)
+        color.setAlpha(match.captured(2).toInt(nullptr, 16));
+    return color;
+}
+
+void PaletteView::refresh()
+{
+    if (!_taking && _document.scene().palettes() != _shown)
+        rebuild();
+}
+
+void PaletteView::rebuild()
+{
+    const QTreeWidgetItem* const current = _tree->currentItem();
+    const Row before = rowOf(current);
+    const int column = _tree->currentColumn();
+    _editable = false;
+    _tree->clear();
+    _shown = _document.scene().palettes();
+    for (const PalettePtr& palette : _shown) {
+        auto* top = new QTreeWidgetItem(_tree, {palette->GetName().ToQString()});
+        top->setFlags(top->flags() | Qt::ItemIsEditable);
+        for (const auto& color : palette->colors()) {
+            auto* row =
+                new QTreeWidgetItem(top, {color->GetColorName().ToQString(), colorText(color->GetNominalColor())});
+            row->setFlags(row->flags() | Qt::ItemIsEditable);
+            row->setIcon(kNameColumn, swatch(toQColor(color->GetNominalColor()), this->palette(), devicePixelRatioF()));
+            if (before.palette && before.palette->GetId() == palette->GetId() && before.color == color->GetColorId())
+                _tree->setCurrentItem(row, column);
+        }
+        if (before.palette && before.palette->GetId() == palette->GetId() && before.color.isNull())
+            _tree->setCurrentItem(top, column);
+        top->setExpanded(true);
+    }
+    _editable = true;
+    update();
+}
+
+PaletteView::Row PaletteView::rowOf(const QTreeWidgetItem* item) const
+{
+    const QTreeWidgetItem* const top = item && item->parent() ? item->parent() : item;
+    const int index = top ? _tree->indexOfTopLevelItem(const_cast<QTreeWidgetItem*>(top)) : -1;
+    if (index < 0 || index >= static_cast<int>(_shown.size()))
+        return {};
+    const PalettePtr& palette = _shown[static_cast<std::size_t>(index)];
+    if (item == top)
+        return {palette, {}};
+    const auto place = static_cast<std::size_t>(top->indexOfChild(const_cast<QTreeWidgetItem*>(item)));
+    return {palette, palette->colors()[place]->GetColorId()};
+}
+
+void PaletteView::update()
+{
+    const Row row = rowOf(_tree->currentItem());
+    _pick->setEnabled(row.palette && !row.color.isNull());
+}
+
+void PaletteView::takeEdit(QTreeWidgetItem* item, int column)
+{
+    const Row row = rowOf(item);
+    if (!_editable || !row.palette)
+        return;
+    // The tree is made anew either way, but not while it is still at work on this item.
+    const QScopedValueRollback taking(_taking, true);
+    QMetaObject::invokeMethod(this, &PaletteView::rebuild, Qt::QueuedConnection);
+    const QString text = item->text(column);
+    MO_EditCommand command;
+    if (column == kValueColumn && !row.color.isNull()) {
+        const QColor color = parseColor(text);
+        if (!color.isValid())
+            Q_EMIT refused(tr("\"%1\" is no colour; write it as #RRGGBB or #RRGGBBAA").arg(text));
+        else
+            return recolor(row.palette, row.color, color);
+    } else if (column == kNameColumn && !text.trimmed().isEmpty()) {
+        command = row.color.isNull() ? renamePaletteCmd(_document.scene(), row.palette, text)
+                                     : renameColorCmd(_document.scene(), row.palette, row.color, text);
+    }
+    _document.execute(std::move(command));
+}
+
+void PaletteView::recolor(const PalettePtr& palette, const CM_ColorId_t& id, const QColor& color)
+{
+    const auto channel = [](int value) { return static_cast<std::uint8_t>(value); };
+    const CM_Rgba rgba{channel(color.red()), channel(color.green()), channel(color.blue()), channel(color.alpha())};
+    _document.execute(recolorCmd(_document.scene(), palette, id, rgba));
+}
+
+void PaletteView::pickColor()
+{
+    const Row row = rowOf(_tree->currentItem());
+    const auto color = row.palette ? row.palette->findColor(row.color) : nullptr;
+    if (!color)
+        return;
+    auto* dialog = new QColorDialog(toQColor(color->GetNominalColor()), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(tr("Colour \"%1\"").arg(color->GetColorName().ToQString()));
+    dialog->setOption(QColorDialog::ShowAlphaChannel);
+    connect(dialog, &QColorDialog::colorSelected, this, [this, row](const QColor& chosen) {
+        // The palette may have been changed while the dialogue was open.
+        for (const PalettePtr& palette : _document.scene().palettes())
+            if (palette->GetId() == row.palette->GetId())
+                return recolor(palette, row.color, chosen);
+    });
+    dialog->open();
+}

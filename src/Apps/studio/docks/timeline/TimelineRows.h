@@ -1,0 +1,51 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// TimelineRows: what the timeline shows below its ruler: a row for the exposures of each element, and one for each
+// attribute of the selected node that may change over time (those of the camera when no node is selected); with the
+// undoable changes of what stands in a row.
+#pragma once
+
+#include "QuarvelCommand/CO_Command.h"
+#include "QuarvelSceneCore/attributes/AT_AnimatableAttr.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+class StudioDocument;
+
+/// One row; the pointers are valid as long as the scene's graph does not change.
+struct TimelineRow
+{
+    MO_ElementModule* element = nullptr;    ///< for a row of exposures
+    AT_AnimatableAttr* attribute = nullptr; ///< for a row of keys
+    MO_Module* module = nullptr;            ///< the node that the row belongs to; null for the camera
+    QString label;
+
+    friend bool operator==(const TimelineRow&, const TimelineRow&) = default;
+};
+
+/// The rows of a document as it is.
+std::vector<TimelineRow> timelineRows(const StudioDocument& document);
+
+using TimelineCommand = std::unique_ptr<CO_Command>;
+
+/// Where the key or the exposure that is in force at a frame begins; for keys only one at exactly this frame counts.
+std::optional<double> timelineStartAt(const TimelineRow& row, double frame);
+
+/// Moves a key or the beginning of an exposure to another frame, in place of what is there. @return null when nothing
+/// would change
+TimelineCommand moveCmd(const TimelineRow& row, double from, int to);
+
+/// Takes a key or an exposure away. @return null when there is none at exactly this frame
+TimelineCommand removeCmd(const TimelineRow& row, double frame);
+
+/// Adds a key of the value that the attribute has there. @return null when there is one, and for exposures
+TimelineCommand addKeyCmd(const TimelineRow& row, int frame);
+
+/// Changes how the value gets from the key to the next one; a Bezier key gets handles that make the way smooth.
+///
+/// @return null when there is no key at exactly this frame or nothing would change
+TimelineCommand interpolationCmd(const TimelineRow& row, double frame, AT_Curve::Interpolation interpolation);

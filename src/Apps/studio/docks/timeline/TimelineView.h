@@ -1,0 +1,56 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// TimelineView: the timeline with its bar: going from frame to frame, playing, and the frames that the scene consists
+// of.
+#pragma once
+
+#include "studio/docks/timeline/TimelineCanvas.h"
+#include "studio/docks/timeline/TransportIcons.h"
+
+#include <QWidget>
+
+class Playback;
+class QHBoxLayout;
+class QSpinBox;
+class QToolButton;
+
+/// The contents of the dock "Timeline".
+class TimelineView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit TimelineView(StudioDocument& document, QWidget* parent = nullptr);
+
+    TimelineCanvas& canvas() const { return *_canvas; }
+    Playback& playback() const { return *_playback; }
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    QToolButton* addButton(QHBoxLayout& bar, const char* name, const QString& tip, void (TimelineView::*slot)());
+    QSpinBox* addField(QHBoxLayout& bar, const char* name, const QString& label, const QString& tip);
+    void synchronize();
+    void showIcons();
+    void goToFirst();
+    void goBack();
+    void togglePlay();
+    void goForth();
+    void goToLast();
+    void takeFrame(int frame);
+    void takeFirst(int first);
+    void takeLast(int last);
+
+    StudioDocument& _document;
+    TimelineCanvas* _canvas;
+    Playback* _playback;
+    QToolButton* _toFirst;
+    QToolButton* _back;
+    QToolButton* _play;
+    QToolButton* _forth;
+    QToolButton* _toLast;
+    QSpinBox* _frame;
+    QSpinBox* _first;
+    QSpinBox* _last;
+};

@@ -1,0 +1,111 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The scene is made on the thread that reads the files and handed over whole.
+#include "studio/document/SceneFiles.h"
+
+#include "QuarvelSceneIO/SIO_SceneFolder.h"
+#include "jobs/import/ImportDrawings.h"
+#include "studio/document/StudioDocument.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QThread>
+
+namespace {
+
+bool isScene(const QFileInfo& file)
+{
+    return file.isDir() && (file.suffix() == QLatin1String("scene") ||
+                            QFileInfo::exists(file.filePath() + QStringLiteral("/scene.xml")));
+}
+
+} // namespace
+
+QStringList OpenRequest::drawingPatterns()
+{
+    return {QStringLiteral("*.svg"), QStringLiteral("*.png"),  QStringLiteral("*.json"), QStringLiteral("*.jpg"),
+            QStringLiteral("*.bmp"), QStringLiteral("*.jpeg"), QStringLiteral("*.webp")};
+}
+
+UT_Result<OpenRequest> OpenRequest::of(const QStringList& paths)
+{
+    OpenRequest request;
+    for (const QString& path : paths) {
+        const QFileInfo file(path);
+        if (!file.exists())
+            return UT_Error{SceneFiles::tr("%1 does not exist any more. Was it moved or renamed?").arg(path)};
+        if (file.fileName() == QLatin1String("scene.xml"))
+            request.scene = file.absolutePath();
+        else if (isScene(file))
+            request.scene = file.absoluteFilePath();
+        else if (file.isDir()) {
+            const QDir folder(path);
+            for (const QString& name : folder.entryList(drawingPatterns(), QDir::Files))
+                request.drawings << folder.absoluteFilePath(name);
+        } else
+            request.drawings << file.absoluteFilePath();
+    }
+    if (!request.scene.isEmpty() && (paths.size() > 1))
+        return UT_Error{SceneFiles::tr("Open one scene at a time, or drawings without a scene.")};
+    if (request.scene.isEmpty() && request.drawings.isEmpty())
+        return UT_Error{SceneFiles::tr("There is nothing to open: neither a scene nor drawings (%1).")
+                            .arg(drawingPatterns().join(QStringLiteral(", ")))};
+    return request;
+}
+
+SceneFiles::SceneFiles(StudioDocument& document, QObject* parent) : QObject(parent), _document(document) {}
+
+SceneFiles::~SceneFiles()
+{
+    if (_thread)
+        _thread->wait();
+    delete _thread;
+}
+
+void SceneFiles::open(const OpenRequest& request)
+{
+    if (_thread) {
+        _thread->disconnect(this);
+        _thread->wait();
+        delete std::exchange(_thread, nullptr);
+    }
+    auto outcome = std::make_shared<Outcome>();
+    _thread = QThread::create([request, outcome] { *outcome = load(request); });
+    connect(_thread, &QThread::finished, this, [this, request, outcome] { finish(request, *outcome); });
+    _thread->start();
+    Q_EMIT busyChanged();
+}
+
+SceneFiles::Outcome SceneFiles::load(const OpenRequest& request)
+{
+    try {
+        if (!request.scene.isEmpty()) {
+            auto loaded = SIO_loadScene(request.scene);
+            if (!loaded)
+                return {nullptr, {}, loaded.error().text};
+            return {std::move(loaded->scene), loaded->warnings, {}};
+        }
+        auto imported = importDrawings(request.drawings, {});
+        if (!imported)
+            return {nullptr, {}, imported.error().text};
+        return {std::move(imported->scene), imported->warnings, {}};
+    } catch (const std::bad_alloc&) {
+        return {nullptr, {}, tr("The memory is not enough to open this.")};
+    } catch (const std::exception& error) {
+        return {nullptr, {}, QString::fromUtf8(error.what())};
+    }
+}
+
+void SceneFiles::finish(const OpenRequest& request, Outcome& outcome)
+{
+    _thread->wait();
+    std::exchange(_thread, nullptr)->deleteLater();
+    Q_EMIT busyChanged();
+    if (!outcome.scene) {
+        Q_EMIT failed(outcome.error);
+        return;
+    }
+    const bool isImport = request.scene.isEmpty();
+    _document.replaceScene(std::move(outcome.scene), request.scene, isImport);
+    Q_EMIT opened(request, outcome.warnings.join(QLatin1Char('\n')));
+}

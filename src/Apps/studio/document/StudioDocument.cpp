@@ -1,0 +1,132 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The scene tells of each single change; the document gathers them until the event loop comes round.
+#include "studio/document/StudioDocument.h"
+
+#include "QuarvelSceneIO/SIO_SceneFolder.h"
+
+#include <QFileInfo>
+#include <QMetaObject>
+
+#include <algorithm>
+#include <utility>
+
+StudioDocument::StudioDocument(QObject* parent) : QObject(parent), _scene(std::make_unique<MO_Scene>())
+{
+    _scene->addListener(*this);
+    _commands.addListener(*this);
+}
+
+StudioDocument::~StudioDocument()
+{
+    _commands.removeListener(*this);
+    _scene->removeListener(*this);
+}
+
+bool StudioDocument::execute(std::unique_ptr<CO_Command> command)
+{
+    return _commands.execute(std::move(command));
+}
+
+void StudioDocument::undo()
+{
+    _commands.undo();
+}
+
+void StudioDocument::redo()
+{
+    _commands.redo();
+}
+
+void StudioDocument::replaceScene(std::unique_ptr<MO_Scene> scene, const QString& folder, bool isModified)
+{
+    // The old scene lives until everybody has let go of it.
+    const std::unique_ptr<MO_Scene> old = std::exchange(_scene, std::move(scene));
+    old->removeListener(*this);
+    _commands.clear();
+    _scene->addListener(*this);
+    _folder = folder;
+    _modifiedFromTheStart = isModified;
+    _selection.clear();
+    _frame = _scene->firstFrame();
+    Q_EMIT sceneReplaced();
+    Q_EMIT selectionChanged();
+    Q_EMIT currentFrameChanged(_frame);
+    Q_EMIT stateChanged();
+}
+
+UT_Result<QStringList> StudioDocument::open(const QString& folder)
+{
+    UT_Result<SIO_LoadedScene> loaded = SIO_loadScene(folder);
+    if (!loaded)
+        return loaded.error();
+    replaceScene(std::move(loaded->scene), folder, false);
+    return loaded->warnings;
+}
+
+UT_Result<void> StudioDocument::save(const QString& folder)
+{
+    if (const auto saved = SIO_saveScene(*_scene, folder); !saved)
+        return saved;
+    _folder = folder;
+    _modifiedFromTheStart = false;
+    _commands.setClean();
+    Q_EMIT stateChanged();
+    return {};
+}
+
+QString StudioDocument::title() const
+{
+    return _folder.isEmpty() ? tr("Untitled") : QFileInfo(_folder).completeBaseName();
+}
+
+bool StudioDocument::isModified() const
+{
+    return _modifiedFromTheStart || !_commands.isClean();
+}
+
+void StudioDocument::setCurrentFrame(int frame)
+{
+    const int held = std::clamp(frame, _scene->firstFrame(), _scene->lastFrame());
+    if (held == _frame)
+        return;
+    _frame = held;
+    Q_EMIT currentFrameChanged(_frame);
+}
+
+void StudioDocument::setSelection(const QList<MO_Module*>& modules)
+{
+    if (modules == _selection)
+        return;
+    _selection = modules;
+    Q_EMIT selectionChanged();
+}
+
+void StudioDocument::told(XUTeller& teller)
+{
+    if (&teller == &_commands) {
+        dropLostSelection();
+        Q_EMIT stateChanged();
+        return;
+    }
+    if (std::exchange(_changePending, true))
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            _changePending = false;
+            dropLostSelection();
+            setCurrentFrame(_frame);
+            Q_EMIT sceneChanged();
+        },
+        Qt::QueuedConnection);
+}
+
+void StudioDocument::dropLostSelection()
+{
+    QList<MO_Module*> inGraph;
+    _scene->root().forEachModule([&](MO_Module& module) { inGraph << &module; });
+    QList<MO_Module*> left = _selection;
+    left.removeIf([&](MO_Module* module) { return !inGraph.contains(module); });
+    setSelection(left);
+}

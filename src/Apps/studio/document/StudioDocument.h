@@ -1,0 +1,86 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// StudioDocument: the scene that is open, with its history, the frame that is looked at and what is selected. All views
+// show the same document, change it through commands alone, and hear from it what changed.
+#pragma once
+
+#include "QuarvelBaseCore/UT_Result.h"
+#include "QuarvelBaseCore/XUTeller.h"
+#include "QuarvelCommand/CO_CommandStack.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
+
+#include <QObject>
+#include <QStringList>
+
+#include <memory>
+
+/// The open scene. Lives on the window's thread.
+class StudioDocument : public QObject, private XUListener
+{
+    Q_OBJECT
+
+public:
+    explicit StudioDocument(QObject* parent = nullptr);
+    ~StudioDocument() override;
+
+    /// The scene; there always is one, an empty one to begin with.
+    MO_Scene& scene() const { return *_scene; }
+    /// The history. Commands go through execute().
+    CO_CommandStack& commands() { return _commands; }
+
+    /// Executes a command and keeps it for undo; null does nothing.
+    ///
+    /// @return whether anything was executed
+    bool execute(std::unique_ptr<CO_Command> command);
+    void undo();
+    void redo();
+
+    /// Takes a scene in place of the one that is open.
+    ///
+    /// @param folder where it is saved; empty for one that was never saved
+    /// @param isModified true for what exists nowhere on disk yet (an import, a recovered scene)
+    void replaceScene(std::unique_ptr<MO_Scene> scene, const QString& folder, bool isModified);
+    /// Opens a scene from disk; the document keeps what it has when that fails.
+    ///
+    /// @return warnings for people
+    UT_Result<QStringList> open(const QString& folder);
+    UT_Result<void> save(const QString& folder);
+
+    /// The scene's folder; empty when it was never saved.
+    const QString& folder() const { return _folder; }
+    /// The name for people: the folder's, or "Untitled".
+    QString title() const;
+    bool isModified() const;
+
+    /// The frame that is looked at; always one of the scene's.
+    int currentFrame() const { return _frame; }
+    void setCurrentFrame(int frame);
+
+    /// The modules that are selected, in the order of selection; none of them outlives the scene's graph.
+    const QList<MO_Module*>& selection() const { return _selection; }
+    void setSelection(const QList<MO_Module*>& modules);
+    /// The module selected last; null when none is.
+    MO_Module* currentModule() const { return _selection.isEmpty() ? nullptr : _selection.last(); }
+
+Q_SIGNALS:
+    /// Another scene is open; everything known of the old one is void.
+    void sceneReplaced();
+    /// Something in the scene changed; sent once for all changes of one turn of the event loop.
+    void sceneChanged();
+    /// What undo and redo would do, the title or whether there is anything to save may have changed.
+    void stateChanged();
+    void currentFrameChanged(int frame);
+    void selectionChanged();
+
+private:
+    void told(XUTeller& teller) override;
+    void dropLostSelection();
+
+    std::unique_ptr<MO_Scene> _scene;
+    CO_CommandStack _commands;
+    QString _folder;
+    bool _modifiedFromTheStart = false;
+    int _frame = 1;
+    QList<MO_Module*> _selection;
+    bool _changePending = false;
+};

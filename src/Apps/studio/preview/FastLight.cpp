@@ -1,0 +1,181 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Rows in parallel; in each, light is summed up for short runs of pixels that stay in the nearest cache, in loops that
+// compilers make vector instructions of. This file is compiled with more optimisation than the others for that.
+#include "studio/preview/FastLight.h"
+
+#include "QuarvelNormalMap/NM_Srgb.h"
+
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_for.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numbers>
+
+namespace {
+
+constexpr int kRun = 512;
+constexpr int kSteps = 16384;
+
+struct Direction
+{
+    float x = 0.0F;
+    float y = 0.0F;
+    float z = 0.0F;
+};
+
+struct PreparedLight
+{
+    Direction to;
+    Direction halfway;
+    NM_LightColour colour;
+};
+
+PreparedLight prepared(const NM_Light& light)
+{
+    constexpr double kDegree = std::numbers::pi / 180.0;
+    const double flat = std::cos(light.height * kDegree);
+    const Direction to{static_cast<float>(flat * std::cos(light.azimuth * kDegree)),
+                       static_cast<float>(flat * std::sin(light.azimuth * kDegree)),
+                       static_cast<float>(std::sin(light.height * kDegree))};
+    const float z = to.z + 1.0F;
+    const float length = std::sqrt(to.x * to.x + to.y * to.y + z * z);
+    const Direction halfway = length < 1e-6F ? Direction() : Direction{to.x / length, to.y / length, z / length};
+    return {to, halfway, light.colour};
+}
+
+using Bytes = std::array<std::uint8_t, kSteps + 1>;
+
+// From amounts of light, 0 to kSteps, to bytes.
+const Bytes& encodedBytes()
+{
+    static const Bytes bytes = [] {
+        Bytes made{};
+        const NM_SrgbEncoder& encoder = NM_SrgbEncoder::instance();
+        for (std::size_t i = 0; i < made.size(); ++i)
+            made[i] = static_cast<std::uint8_t>(encoder(static_cast<float>(i) / kSteps) * 255.0F + 0.5F);
+        return made;
+    }();
+    return bytes;
+}
+
+using Plane = std::array<float, kRun>;
+
+// The light on a run of pixels.
+struct Run
+{
+    std::array<Plane, 3> light;
+    std::array<Plane, 3> highlight;
+};
+
+class FastShader
+{
+public:
+    explicit FastShader(const NM_LightingSettings& settings) : _settings(settings), _power(kSteps / 4 + 1)
+    {
+        std::ranges::transform(settings.lights, std::back_inserter(_lights), prepared);
+        const double exponent = std::max(static_cast<double>(settings.sharpness), 1.0);
+        const double last = static_cast<double>(_power.size() - 1);
+        for (std::size_t i = 0; i < _power.size(); ++i)
+            _power[i] = static_cast<float>(std::pow(static_cast<double>(i) / last, exponent)) * settings.highlight;
+    }
+
+    void shade(const NM_Surface::Row& row, QRgb* target) const
+    {
+        Run run;
+        for (std::size_t from = 0; from < row.red.size(); from += kRun) {
+            const std::size_t count = std::min<std::size_t>(kRun, row.red.size() - from);
+            if (isEmpty(row, from, count)) {
+                std::fill_n(target + from, count, QRgb(0));
+                continue;
+            }
+            sumUp(row, from, count, run);
+            encode(row, from, count, run, target + from);
+        }
+    }
+
+private:
+    static bool isEmpty(const NM_Surface::Row& row, std::size_t from, std::size_t count)
+    {
+        const auto coverage = row.coverage.subspan(from, count);
+        return std::ranges::all_of(coverage, [](float value) { return value <= 0.0F; });
+    }
+
+    void sumUp(const NM_Surface::Row& row, std::size_t from, std::size_t count, Run& run) const
+    {
+        const float* const x = row.normalX.data() + from;
+        const float* const y = row.normalY.data() + from;
+        const float* const z = row.normalZ.data() + from;
+        for (std::size_t c = 0; c < 3; ++c) {
+            run.light[c].fill(_settings.ambient[c]);
+            run.highlight[c].fill(0.0F);
+        }
+        for (const PreparedLight& light : _lights) {
+            Plane amount;
+            for (std::size_t i = 0; i < count; ++i)
+                amount[i] = std::max(0.0F, x[i] * light.to.x + y[i] * light.to.y + z[i] * light.to.z);
+            for (std::size_t c = 0; c < 3; ++c)
+                for (std::size_t i = 0; i < count; ++i)
+                    run.light[c][i] += amount[i] * light.colour[c];
+            if (_settings.highlight > 0.0F)
+                addHighlights(x, y, z, count, light, amount, run);
+        }
+    }
+
+    void addHighlights(const float* x, const float* y, const float* z, std::size_t count, const PreparedLight& light,
+                       const Plane& amount, Run& run) const
+    {
+        const auto last = static_cast<float>(_power.size() - 1);
+        for (std::size_t i = 0; i < count; ++i) {
+            // What looks away from the light has no highlight.
+            if (amount[i] <= 0.0F)
+                continue;
+            const float cosine = x[i] * light.halfway.x + y[i] * light.halfway.y + z[i] * light.halfway.z;
+            const float strength = _power[static_cast<std::size_t>(std::clamp(cosine, 0.0F, 1.0F) * last + 0.5F)];
+            for (std::size_t c = 0; c < 3; ++c)
+                run.highlight[c][i] += strength * light.colour[c];
+        }
+    }
+
+    static void encode(const NM_Surface::Row& row, std::size_t from, std::size_t count, const Run& run, QRgb* target)
+    {
+        const Bytes& bytes = encodedBytes();
+        const std::array<const float*, 3> colours = {row.red.data() + from, row.green.data() + from,
+                                                     row.blue.data() + from};
+        const float* const coverage = row.coverage.data() + from;
+        std::array<std::array<std::int32_t, kRun>, 3> steps;
+        for (std::size_t c = 0; c < 3; ++c)
+            for (std::size_t i = 0; i < count; ++i) {
+                const float amount = colours[c][i] * run.light[c][i] + run.highlight[c][i];
+                steps[c][i] = static_cast<std::int32_t>(std::min(amount, 1.0F) * kSteps + 0.5F);
+            }
+        const auto byteOf = [&](std::size_t c, std::size_t i) {
+            return static_cast<int>(bytes[static_cast<std::size_t>(steps[c][i])]);
+        };
+        for (std::size_t i = 0; i < count; ++i) {
+            const int alpha = static_cast<int>(coverage[i] * 255.0F + 0.5F);
+            const QRgb colour = qRgba(byteOf(0, i), byteOf(1, i), byteOf(2, i), alpha);
+            target[i] = alpha == 255 ? colour : qPremultiply(colour);
+        }
+    }
+
+    const NM_LightingSettings& _settings;
+    std::vector<PreparedLight> _lights;
+    std::vector<float> _power; // with the strength of highlights in it
+};
+
+} // namespace
+
+void lightForScreen(const NM_Surface& surface, const NM_LightingSettings& settings, QImage& target)
+{
+    const FastShader shader(settings);
+    // Asked for once: bits() of a shared image would copy it.
+    uchar* const bits = target.bits();
+    const qsizetype stride = target.bytesPerLine();
+    tbb::parallel_for(tbb::blocked_range<int>(0, surface.height(), 16), [&](const tbb::blocked_range<int>& range) {
+        for (int y = range.begin(); y < range.end(); ++y)
+            shader.shade(surface.row(y), reinterpret_cast<QRgb*>(bits + stride * y));
+    });
+}

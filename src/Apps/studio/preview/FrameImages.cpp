@@ -1,0 +1,54 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Rows do not depend on each other and are made in parallel.
+#include "studio/preview/FrameImages.h"
+
+#include <tbb/parallel_for.h>
+
+namespace {
+
+constexpr unsigned kFull = 65535;
+
+unsigned byteOf(unsigned sample)
+{
+    return (sample * 255U + kFull / 2) / kFull;
+}
+
+QRgb premultiplied(unsigned red, unsigned green, unsigned blue, unsigned alpha)
+{
+    const unsigned a = byteOf(alpha);
+    const auto times = [&](unsigned colour) { return static_cast<int>((byteOf(colour) * a + 127U) / 255U); };
+    return qRgba(times(red), times(green), times(blue), static_cast<int>(a));
+}
+
+QRgb pixelOf(const std::uint16_t* sample, std::size_t channels)
+{
+    switch (channels) {
+    case 1:
+        return premultiplied(sample[0], sample[0], sample[0], kFull);
+    case 2:
+        return premultiplied(sample[0], sample[0], sample[0], sample[1]);
+    default:
+        return premultiplied(sample[0], sample[1], sample[2], sample[3]);
+    }
+}
+
+} // namespace
+
+QImage imageOf(const IIO_Picture& picture)
+{
+    QImage image(picture.width(), picture.height(), QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        return image;
+    const auto channels = static_cast<std::size_t>(picture.channelCount());
+    // Asked for once: bits() of a shared image would copy it.
+    uchar* const bits = image.bits();
+    const qsizetype stride = image.bytesPerLine();
+    tbb::parallel_for(0, picture.height(), [&](int y) {
+        const auto samples = picture.row<std::uint16_t>(picture.dataWindow().y1 + y);
+        auto* const target = reinterpret_cast<QRgb*>(bits + stride * y);
+        for (std::size_t x = 0; x < samples.size() / channels; ++x)
+            target[x] = pixelOf(samples.data() + x * channels, channels);
+    });
+    return image;
+}

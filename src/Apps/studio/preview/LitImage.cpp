@@ -1,0 +1,19 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Computed into the same memory again and again.
+#include "studio/preview/LitImage.h"
+
+#include "studio/preview/FastLight.h"
+
+const QImage& LitImage::image(const RenderedFramePtr& frame, const NM_LightingSettings& lighting)
+{
+    if (frame == _frame)
+        return _image;
+    _frame = frame;
+    const NM_Surface& surface = frame->surface;
+    if (_image.width() != surface.width() || _image.height() != surface.height())
+        _image = QImage(surface.width(), surface.height(), QImage::Format_ARGB32_Premultiplied);
+    if (!_image.isNull())
+        lightForScreen(surface, lighting, _image);
+    return _image;
+}

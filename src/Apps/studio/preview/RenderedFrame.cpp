@@ -1,0 +1,70 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Pixels in numbers, from whichever format they have.
+#include "studio/preview/RenderedFrame.h"
+
+#include "QuarvelNormalMap/NM_Direction.h"
+
+namespace {
+
+template<typename Pixel>
+std::array<double, 4> fractionsOf(const Pixel& pixel)
+{
+    constexpr double kFull = std::is_integral_v<typename CEL_PixelTraits<Pixel>::Channel> ? 32767.0 : 1.0;
+    return {pixel.r / kFull, pixel.g / kFull, pixel.b / kFull, pixel.a / kFull};
+}
+
+// Calls a function with the pixel at a place, or not at all where there is none.
+template<typename Function>
+void withPixel(const UT_SharedPtr<CEL_PixmapArea>& pixmap, const QPoint& place, const Function& function)
+{
+    if (const auto pixels16 = pixmap.dynamicCast<CEL_PixmapAreaRGBA16>()) {
+        if (const auto* pixel = pixels16->find(place.x(), place.y()))
+            function(*pixel);
+    } else if (const auto pixelsFloat = pixmap.dynamicCast<CEL_PixmapAreaRGBAFloat>()) {
+        if (const auto* pixel = pixelsFloat->find(place.x(), place.y()))
+            function(*pixel);
+    }
+}
+
+std::array<double, 4> coloursAt(const QImage& image, const QPoint& place)
+{
+    const QColor colour = image.pixelColor(place);
+    return {colour.redF(), colour.greenF(), colour.blueF(), colour.alphaF()};
+}
+
+} // namespace
+
+qsizetype RenderedFrame::bytes() const
+{
+    constexpr qsizetype kSurfaceBytes = 28;
+    constexpr qsizetype kImageBytes = 3 * 4;
+    const qsizetype pixmaps = (node ? 8 : 0) + (channels ? 8 : 0);
+    return qsizetype{size.width()} * size.height() * (kSurfaceBytes + kImageBytes + pixmaps);
+}
+
+std::optional<FramePixel> pixelOf(const RenderedFrame& frame, const QPoint& place)
+{
+    if (!QRect(QPoint(), frame.fullSize).contains(place))
+        return std::nullopt;
+    const QPoint here(place.x() * frame.size.width() / frame.fullSize.width(),
+                      place.y() * frame.size.height() / frame.fullSize.height());
+    FramePixel read;
+    if (frame.kind == RenderedKind::COLOURS) {
+        read.channels = coloursAt(frame.drawing, here);
+        return read;
+    }
+    const bool hasNormals = frame.kind == RenderedKind::NORMALS;
+    read.hasElevation = true;
+    read.hasNormal = hasNormals;
+    read.normal = {0.0, 0.0, 1.0};
+    withPixel(frame.node, here, [&](const auto& pixel) {
+        read.channels = fractionsOf(pixel);
+        read.elevation = hasNormals ? (pixel.a > 0 ? read.channels[2] : 0.0) : read.channels[0];
+        const Math::Vector3d normal = hasNormals ? NM_directionOf(pixel) : NM_kFacingViewer;
+        read.normal = {normal.x, -normal.y, normal.z};
+    });
+    if (frame.channels)
+        withPixel(frame.channels, here, [&](const auto& pixel) { read.channels = fractionsOf(pixel); });
+    return read;
+}

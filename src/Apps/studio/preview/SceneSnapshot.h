@@ -1,0 +1,59 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// SceneSnapshot: the scene as it was at one moment, for the thread that renders. It renders what the viewer shows of a
+// frame: the node's picture with the elevation beside the normals, and the drawing that the node works on.
+#pragma once
+
+#include "QuarvelBaseCore/UT_Result.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
+#include "studio/preview/RenderedFrame.h"
+
+#include <memory>
+
+class MO_CompositeModule;
+
+/// A scene's copy. Made on the scene's thread; then used by one thread at a time.
+class SceneSnapshot
+{
+public:
+    /// @param nodeName the module to look at; when it is empty or gone, the scene's output, or what comes nearest to
+    /// one
+    SceneSnapshot(const MO_Scene& scene, const QString& nodeName);
+    ~SceneSnapshot();
+    SceneSnapshot(const SceneSnapshot&) = delete;
+    SceneSnapshot& operator=(const SceneSnapshot&) = delete;
+
+    /// Whether there is anything to render.
+    bool isEmpty() const { return _module == nullptr; }
+
+    /// Renders a frame.
+    ///
+    /// @param fullSize what the frame counts as
+    /// @param size     what it is rendered in
+    /// @return an error when it cannot be rendered or progress said to stop
+    UT_Result<std::shared_ptr<RenderedFrame>> render(int frame, const QSize& fullSize, const QSize& size,
+                                                     const RD_SoftRenderer::Progress& progress);
+
+    /// Whether the node's blue channel holds something else than the elevation, so that renderChannels() has more to
+    /// show than render().
+    bool hasOtherBlue() const { return _otherBlue; }
+    /// Renders what the node delivers with its attributes as they are.
+    UT_Result<UT_SharedPtr<CEL_PixmapArea>> renderChannels(int frame, const QSize& size,
+                                                           const RD_SoftRenderer::Progress& progress);
+
+private:
+    UT_Result<void> renderNode(RenderedFrame& made, const RD_SoftRenderer::Progress& progress);
+    UT_Result<void> renderDrawing(RenderedFrame& made, const RD_SoftRenderer::Progress& progress);
+    MO_Module* drawingModule(int frame, bool& hasCutOuts);
+
+    std::unique_ptr<MO_Scene> _scene;
+    MO_Module* _module = nullptr;
+    PictureSource _source;
+    bool _otherBlue = false;
+    MO_CompositeModule* _composite = nullptr;
+};
+
+/// The module that a scene shows when none is named: its first display, or the first node that makes normal maps, or
+/// the last module; null for an empty scene.
+MO_Module* shownModule(const MO_Scene& scene);

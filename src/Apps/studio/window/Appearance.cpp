@@ -1,0 +1,87 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The style is the same in both, since the desktop's own may ignore the palette.
+#include "studio/window/Appearance.h"
+
+#include <QApplication>
+#include <QSettings>
+#include <QStyleFactory>
+
+namespace {
+
+const QString kKey = QStringLiteral("appearance");
+
+struct Colours
+{
+    QRgb window, base, alternate, button, text, faint, bright, light, mid, dark, accent, link;
+};
+
+constexpr Colours kLight{0xfff1f2f4, 0xffffffff, 0xfff6f7f9, 0xffe9ebee, 0xff1d2026, 0xff8b9099,
+                         0xffffffff, 0xffffffff, 0xffbfc4cc, 0xff9aa0aa, 0xff1f7a8c, 0xff14606f};
+constexpr Colours kDark{0xff303238, 0xff1d1f22, 0xff25272b, 0xff3c3f46, 0xffe6e8eb, 0xff7d828b,
+                        0xffffffff, 0xff54585f, 0xff474b52, 0xff15171a, 0xff2b93a6, 0xff6cc7d6};
+
+QPalette paletteOf(const Colours& c)
+{
+    QPalette palette;
+    const std::pair<QPalette::ColorRole, QRgb> roles[] = {
+        {QPalette::Window, c.window},
+        {QPalette::Base, c.base},
+        {QPalette::AlternateBase, c.alternate},
+        {QPalette::Button, c.button},
+        {QPalette::WindowText, c.text},
+        {QPalette::Text, c.text},
+        {QPalette::ButtonText, c.text},
+        {QPalette::PlaceholderText, c.faint},
+        {QPalette::BrightText, c.bright},
+        {QPalette::Light, c.light},
+        {QPalette::Midlight, c.button},
+        {QPalette::Mid, c.mid},
+        {QPalette::Dark, c.dark},
+        {QPalette::Shadow, 0xff000000},
+        {QPalette::Highlight, c.accent},
+        {QPalette::HighlightedText, 0xffffffff},
+        {QPalette::Link, c.link},
+        {QPalette::LinkVisited, c.link},
+        {QPalette::ToolTipBase, c.button},
+        {QPalette::ToolTipText, c.text},
+    };
+    for (const auto& [role, colour] : roles)
+        palette.setColor(role, QColor::fromRgb(colour));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor::fromRgb(c.faint));
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor::fromRgb(c.mid));
+    return palette;
+}
+
+bool systemIsDark()
+{
+    static const bool dark = QApplication::palette().color(QPalette::Window).lightness() < 128;
+    return dark;
+}
+
+} // namespace
+
+void applyAppearance(Appearance appearance)
+{
+    // Asked before the first palette of ours hides the answer.
+    const bool asSystem = systemIsDark();
+    const bool dark = appearance == Appearance::DARK || (appearance == Appearance::SYSTEM && asSystem);
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setPalette(paletteOf(dark ? kDark : kLight));
+}
+
+Appearance storedAppearance()
+{
+    const QString text = QSettings().value(kKey).toString();
+    return text == QLatin1String("light")  ? Appearance::LIGHT
+           : text == QLatin1String("dark") ? Appearance::DARK
+                                           : Appearance::SYSTEM;
+}
+
+void storeAppearance(Appearance appearance)
+{
+    QSettings().setValue(kKey, appearance == Appearance::LIGHT  ? QStringLiteral("light")
+                               : appearance == Appearance::DARK ? QStringLiteral("dark")
+                                                                : QStringLiteral("system"));
+}

@@ -1,0 +1,263 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// How the parts of the window hang together.
+#include "studio/window/MainWindow.h"
+
+#include "studio/docks/scene/LightPanel.h"
+#include "studio/preview/Viewer.h"
+#include "studio/window/MessageBar.h"
+#include "studio/window/StartPage.h"
+#include "studio/window/StudioDocks.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QDockWidget>
+#include <QEvent>
+#include <QFontDatabase>
+#include <QLabel>
+#include <QScrollArea>
+#include <QSettings>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTimer>
+#include <QVBoxLayout>
+
+MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
+    : QMainWindow(parent)
+    , _renders(_document)
+    , _files(_document)
+    , _autosave(_document, recoveryFolder.isEmpty() ? Autosave::defaultFolder() : recoveryFolder)
+{
+    setObjectName(QStringLiteral("mainWindow"));
+    setAcceptDrops(true);
+    setDockNestingEnabled(true);
+    QSettings settings;
+    _lights.load(settings);
+    makeCentre();
+    makeStatusBar();
+    makeActions();
+    makeDocks();
+    makeMenus();
+    makeToolBar();
+    refreshIcons();
+
+    connect(&_document, &StudioDocument::stateChanged, this, &MainWindow::updateActions);
+    connect(&_document, &StudioDocument::selectionChanged, this, &MainWindow::updateActions);
+    connect(&_document, &StudioDocument::selectionChanged, this, [this] {
+        const MO_Module* const module = _followSelection->isChecked() ? _document.currentModule() : nullptr;
+        _renders.setNode(module ? module->instanceName() : QString());
+    });
+    connect(&_renders, &RenderService::frameChanged, this, &MainWindow::frameChanged);
+    connect(&_renders, &RenderService::stateChanged, this, &MainWindow::renderStateChanged);
+    connect(&_renders, &RenderService::progressed, _viewer, &Viewer::setProgress);
+    connect(&_files, &SceneFiles::opened, this, &MainWindow::opened);
+    connect(&_files, &SceneFiles::failed, _messages, &MessageBar::showError);
+    connect(&_files, &SceneFiles::busyChanged, this, [this] {
+        if (_files.isBusy())
+            statusBar()->showMessage(tr("Opening..."));
+        else
+            statusBar()->clearMessage();
+        updateActions();
+    });
+    connect(&_autosave, &Autosave::failed, _messages, &MessageBar::showError);
+
+    resize(1440, 900);
+    restoreLayout();
+    showStart(true);
+    updateActions();
+}
+
+MainWindow::~MainWindow()
+{
+    QSettings settings;
+    _lights.save(settings);
+}
+
+void MainWindow::makeCentre()
+{
+    auto* const centre = new QWidget;
+    auto* const layout = new QVBoxLayout(centre);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    _messages = new MessageBar;
+    _pages = new QStackedWidget;
+    _start = new StartPage(_recent);
+    _viewer = new Viewer(_lights);
+    _pages->addWidget(_start);
+    _pages->addWidget(_viewer);
+    layout->addWidget(_messages);
+    layout->addWidget(_pages, 1);
+    setCentralWidget(centre);
+    connect(_start, &StartPage::importRequested, this, &MainWindow::askForDrawings);
+    connect(_start, &StartPage::openRequested, this, &MainWindow::askForScene);
+    connect(_start, &StartPage::exampleRequested, this, &MainWindow::openExample);
+    connect(_start, &StartPage::recentRequested, this, &MainWindow::openRecent);
+    connect(_viewer, &Viewer::hovered, this, &MainWindow::showPixel);
+    connect(_viewer, &Viewer::zoomChanged, this, &MainWindow::showZoom);
+}
+
+void MainWindow::makeDocks()
+{
+    addStudioDocks(*this, _document);
+    auto* const dock = new QDockWidget(tr("Lights"), this);
+    dock->setObjectName(QStringLiteral("lightsDock"));
+    auto* const scroll = new QScrollArea;
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(new LightPanel(_lights));
+    dock->setWidget(scroll);
+    addDockWidget(Qt::RightDockWidgetArea, dock);
+    // The properties have the right side to themselves, but for what else is looked at now and then.
+    auto* const properties = findChild<QDockWidget*>(QStringLiteral("PropertiesDock"));
+    tabifyDockWidget(findChild<QDockWidget*>(QStringLiteral("ElementsDock")), dock);
+    // Wide enough for the properties' tables.
+    constexpr int kWidth = 568;
+    resizeDocks({properties, dock}, {kWidth, kWidth}, Qt::Horizontal);
+    resizeDocks({properties, dock}, {540, 330}, Qt::Vertical);
+}
+
+void MainWindow::makeStatusBar()
+{
+    _pixelLabel = new QLabel;
+    _pixelLabel->setObjectName(QStringLiteral("pixelReadOut"));
+    _pixelLabel->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    _pixelLabel->setToolTip(tr("The pixel under the mouse: its place; red, green, blue and alpha of what the node "
+                               "delivers; its normal; its elevation"));
+    _stateLabel = new QLabel;
+    _zoomLabel = new QLabel;
+    _zoomLabel->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("6400 %")));
+    _zoomLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    statusBar()->addWidget(_pixelLabel, 1);
+    statusBar()->addPermanentWidget(_stateLabel);
+    statusBar()->addPermanentWidget(_zoomLabel);
+}
+
+void MainWindow::frameChanged()
+{
+    _viewer->setFrame(_renders.current());
+    showZoom();
+    showPixel(_hovered);
+}
+
+void MainWindow::renderStateChanged()
+{
+    const bool empty = _document.scene().root().modules().empty();
+    if (!_renders.error().isEmpty())
+        _viewer->setMessage(tr("This frame cannot be shown:\n%1").arg(_renders.error()));
+    else if (empty)
+        _viewer->setMessage(tr("The scene is empty.\nDrop drawings here, or add modules in the node view."));
+    else
+        _viewer->setMessage(_renders.isRendering() ? tr("Rendering...") : QString());
+    _viewer->setProgress(_renders.isRendering() ? 0.0 : -1.0);
+    const RenderedFramePtr& frame = _renders.current();
+    if (_renders.isRendering())
+        _stateLabel->setText(frame && !frame->isFull() ? tr("Quick preview") : tr("Rendering..."));
+    else
+        _stateLabel->setText(frame ? tr("%1 x %2").arg(frame->fullSize.width()).arg(frame->fullSize.height())
+                                   : QString());
+}
+
+void MainWindow::showPixel(const std::optional<QPoint>& place)
+{
+    _hovered = place;
+    const RenderedFramePtr& frame = _viewer->frame();
+    const auto pixel = place && frame ? pixelOf(*frame, *place) : std::nullopt;
+    if (!pixel) {
+        _pixelLabel->clear();
+        return;
+    }
+    const auto number = [](double value) { return QString::number(value, 'f', 3); };
+    const auto& [red, green, blue, alpha] = pixel->channels;
+    QString text = tr("%1, %2    R %3  G %4  B %5  A %6")
+                       .arg(place->x(), 4)
+                       .arg(place->y(), 4)
+                       .arg(number(red), number(green), number(blue), number(alpha));
+    const auto& normal = pixel->normal;
+    const auto component = [](double value) { return QStringLiteral("%1").arg(value, 6, 'f', 3); };
+    if (pixel->hasNormal)
+        text += tr("    normal %1 %2 %3").arg(component(normal[0]), component(normal[1]), component(normal[2]));
+    if (pixel->hasElevation)
+        text += tr("    elevation %1").arg(number(pixel->elevation));
+    _pixelLabel->setText(text);
+}
+
+void MainWindow::showZoom()
+{
+    _zoomLabel->setText(_viewer->frame() ? tr("%1 %").arg(qRound(_viewer->zoom() * 100.0)) : QString());
+}
+
+void MainWindow::updateTitle()
+{
+    const QString name = _document.folder().isEmpty() && !_nameOfImport.isEmpty() ? _nameOfImport : _document.title();
+    const bool started = _pages->currentWidget() == _viewer;
+    setWindowTitle(started ? tr("%1[*] - Quarvel Studio").arg(name) : tr("Quarvel Studio[*]"));
+    setWindowModified(_document.isModified());
+}
+
+void MainWindow::updateActions()
+{
+    updateTitle();
+    const CO_CommandStack& commands = _document.commands();
+    const auto name = [](const QString& verb, const QString& command) {
+        return command.isEmpty() ? verb : verb + QLatin1Char(' ') + command;
+    };
+    _undo->setText(name(tr("&Undo"), commands.undoName()));
+    _undo->setEnabled(commands.canUndo());
+    _redo->setText(name(tr("&Redo"), commands.redoName()));
+    _redo->setEnabled(commands.canRedo());
+    const bool selected = !_document.selection().isEmpty();
+    _delete->setEnabled(selected);
+    _duplicate->setEnabled(selected);
+    const bool started = _pages->currentWidget() == _viewer;
+    const bool hasModules = !_document.scene().root().modules().empty();
+    for (QAction* const action : {_save, _saveAs})
+        action->setEnabled(started && !_files.isBusy());
+    _export->setEnabled(started && hasModules);
+    for (QAction* const action : {_fit, _actualSize, _zoomIn, _zoomOut})
+        action->setEnabled(started);
+    _pictures->setEnabled(started);
+}
+
+void MainWindow::showStart(bool start)
+{
+    _pages->setCurrentWidget(start ? static_cast<QWidget*>(_start) : _viewer);
+    // Nothing to work with is shown while there is nothing to work on.
+    if (start)
+        for (QDockWidget* const dock : findChildren<QDockWidget*>())
+            if (!dock->isHidden()) {
+                dock->hide();
+                _hiddenDocks << dock;
+            }
+    if (!start && !_hiddenDocks.isEmpty()) {
+        for (QDockWidget* const dock : std::exchange(_hiddenDocks, {}))
+            dock->show();
+        // The light is what people move first. Docks take their order when they are laid out.
+        auto* const lights = findChild<QDockWidget*>(QStringLiteral("lightsDock"));
+        QTimer::singleShot(0, lights, [lights] { lights->raise(); });
+    }
+    if (!start)
+        _viewer->setFocus();
+    updateActions();
+}
+
+void MainWindow::restoreLayout()
+{
+    const QSettings settings;
+    restoreGeometry(settings.value(QStringLiteral("window/geometry")).toByteArray());
+    restoreState(settings.value(QStringLiteral("window/state")).toByteArray());
+}
+
+void MainWindow::storeLayout()
+{
+    QSettings settings;
+    settings.setValue(QStringLiteral("window/geometry"), saveGeometry());
+    if (_hiddenDocks.isEmpty())
+        settings.setValue(QStringLiteral("window/state"), saveState());
+}
+
+void MainWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        refreshIcons();
+}

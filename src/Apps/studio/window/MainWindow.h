@@ -1,0 +1,144 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// MainWindow: the application's window: menus, the viewer in the middle, docks around it. It owns the document and all
+// that works on it.
+#pragma once
+
+#include "studio/document/Autosave.h"
+#include "studio/document/RecentFiles.h"
+#include "studio/document/SceneFiles.h"
+#include "studio/document/StudioDocument.h"
+#include "studio/preview/LightModel.h"
+#include "studio/preview/PictureKind.h"
+#include "studio/preview/RenderService.h"
+
+#include <QMainWindow>
+
+class MessageBar;
+class QActionGroup;
+class QDockWidget;
+class QLabel;
+class QStackedWidget;
+class StartPage;
+class Viewer;
+
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// @param recoveryFolder where unsaved scenes are kept; empty: the usual place
+    explicit MainWindow(const QString& recoveryFolder = {}, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    StudioDocument& document() { return _document; }
+    RenderService& renderService() { return _renders; }
+    LightModel& lights() { return _lights; }
+    Viewer& viewer() { return *_viewer; }
+    MessageBar& messages() { return *_messages; }
+    SceneFiles& files() { return _files; }
+    Autosave& autosave() { return _autosave; }
+
+    /// Opens a scene, or imports drawings, as they are dropped on the window. Asks first about unsaved changes.
+    void openPaths(const QStringList& paths);
+    /// Offers what a crash left, if there is anything.
+    void offerRecovery();
+    /// Saves where the document was saved before, or asks where. @return whether it is saved
+    bool save();
+    bool saveAs();
+    /// Saves to a scene's folder. @return whether it is saved; if not, the window says why
+    bool saveTo(const QString& folder);
+    /// The example drawing, beside the program; empty when it is not installed.
+    static QString examplePath();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    // MainWindow.cpp
+    void makeCentre();
+    void makeDocks();
+    void makeStatusBar();
+    void frameChanged();
+    void renderStateChanged();
+    void showPixel(const std::optional<QPoint>& place);
+    void showZoom();
+    void updateTitle();
+    void updateActions();
+    void showStart(bool start);
+    void restoreLayout();
+    void storeLayout();
+
+    // MainWindowMenus.cpp
+    void makeActions();
+    void makeFileActions();
+    void makeEditActions();
+    void makeViewActions();
+    void makeMenus();
+    void makeToolBar();
+    QAction* makeAction(const QString& icon, const QString& text, const QKeySequence& keys, const QString& toolTip);
+    void makePictureAction(PictureKind kind, const QString& icon, const QString& text, const QString& toolTip, int key);
+    void fillRecentMenu();
+    void fillViewMenu();
+    void refreshIcons();
+
+    // MainWindowFiles.cpp
+    bool confirmLeaving();
+    void newScene();
+    void askForScene();
+    void askForDrawings();
+    void openExample();
+    void openRecent(const QString& path);
+    void opened(const OpenRequest& request, const QString& remarks);
+    void exportFrames();
+
+    // MainWindowEdit.cpp
+    void deleteSelected();
+    void duplicateSelected();
+    void showAbout();
+
+    StudioDocument _document;
+    LightModel _lights;
+    RecentFiles _recent;
+    RenderService _renders;
+    SceneFiles _files;
+    Autosave _autosave;
+
+    MessageBar* _messages = nullptr;
+    QStackedWidget* _pages = nullptr;
+    StartPage* _start = nullptr;
+    Viewer* _viewer = nullptr;
+    QLabel* _pixelLabel = nullptr;
+    QLabel* _stateLabel = nullptr;
+    QLabel* _zoomLabel = nullptr;
+    QList<std::pair<QAction*, QString>> _icons;
+    QString _nameOfImport;
+    std::optional<QPoint> _hovered;
+    QList<QDockWidget*> _hiddenDocks; // by the start page
+
+    QAction* _new = nullptr;
+    QAction* _open = nullptr;
+    QAction* _import = nullptr;
+    QAction* _example = nullptr;
+    QAction* _save = nullptr;
+    QAction* _saveAs = nullptr;
+    QAction* _export = nullptr;
+    QAction* _quit = nullptr;
+    QAction* _undo = nullptr;
+    QAction* _redo = nullptr;
+    QAction* _delete = nullptr;
+    QAction* _duplicate = nullptr;
+    QAction* _fit = nullptr;
+    QAction* _actualSize = nullptr;
+    QAction* _zoomIn = nullptr;
+    QAction* _zoomOut = nullptr;
+    QAction* _followSelection = nullptr;
+    QActionGroup* _pictures = nullptr;
+    QActionGroup* _sizes = nullptr;
+    QActionGroup* _appearances = nullptr;
+    QMenu* _recentMenu = nullptr;
+    QMenu* _docksMenu = nullptr;
+};

@@ -1,0 +1,42 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// What is done to the selection, and the words about the application.
+#include "studio/window/MainWindow.h"
+
+#include "QuarvelSceneCore/editing/MO_EditCommands.h"
+#include "studio/window/Icons.h"
+
+#include <QCoreApplication>
+#include <QMessageBox>
+
+namespace {
+
+std::vector<MO_Module*> modulesOf(const QList<MO_Module*>& selection)
+{
+    return {selection.begin(), selection.end()};
+}
+
+} // namespace
+
+void MainWindow::deleteSelected()
+{
+    _document.execute(MO_removeModulesCmd(modulesOf(_document.selection())));
+}
+
+void MainWindow::duplicateSelected()
+{
+    std::vector<MO_Module*> copies;
+    if (_document.execute(MO_duplicateModulesCmd(modulesOf(_document.selection()), &copies)))
+        _document.setSelection({copies.begin(), copies.end()});
+}
+
+void MainWindow::showAbout()
+{
+    QMessageBox about(this);
+    about.setWindowTitle(tr("About Quarvel Studio"));
+    about.setIconPixmap(applicationIcon().pixmap(QSize(96, 96), devicePixelRatioF()));
+    about.setText(tr("<h3>Quarvel Studio %1</h3>Volume for flat drawings: elevation, normal maps, light.")
+                      .arg(QCoreApplication::applicationVersion().toHtmlEscaped()));
+    about.setInformativeText(tr("Copyright 2026 The Vallorin developers. Free software under the Apache License 2.0."));
+    about.exec();
+}

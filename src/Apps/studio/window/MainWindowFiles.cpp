@@ -1,0 +1,227 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Opening, saving and leaving.
+#include "studio/window/MainWindow.h"
+
+#include "studio/export/ExportDialog.h"
+#include "studio/window/MessageBar.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QDir>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLocale>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+
+namespace {
+
+QStringList pathsOf(const QMimeData& data)
+{
+    QStringList paths;
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile())
+            paths << url.toLocalFile();
+    return paths;
+}
+
+QString withSuffix(const QString& folder)
+{
+    return QFileInfo(folder).suffix() == QLatin1String("scene") ? folder : folder + QStringLiteral(".scene");
+}
+
+} // namespace
+
+QString MainWindow::examplePath()
+{
+    const QString path =
+        QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/quarvel/examples/hero.svg"));
+    return QFileInfo::exists(path) ? path : QString();
+}
+
+bool MainWindow::confirmLeaving()
+{
+    if (!_document.isModified())
+        return true;
+    QMessageBox question(QMessageBox::Warning, tr("Unsaved Changes"),
+                         tr("\"%1\" has changes that are not saved.").arg(_document.title()),
+                         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    question.setInformativeText(tr("Save them? What is discarded cannot be brought back."));
+    question.setDefaultButton(QMessageBox::Save);
+    switch (question.exec()) {
+    case QMessageBox::Save:
+        return save();
+    case QMessageBox::Discard:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void MainWindow::newScene()
+{
+    if (!confirmLeaving())
+        return;
+    _nameOfImport.clear();
+    _messages->clear();
+    _document.replaceScene(std::make_unique<MO_Scene>(), {}, false);
+    showStart(false);
+}
+
+void MainWindow::askForScene()
+{
+    const QString folder = QFileDialog::getExistingDirectory(this, tr("Open a Scene (its folder)"));
+    if (!folder.isEmpty())
+        openPaths({folder});
+}
+
+void MainWindow::askForDrawings()
+{
+    const QStringList files = QFileDialog::getOpenFileNames(
+        this, tr("Import Drawings"), {},
+        tr("Drawings (%1);;All files (*)").arg(OpenRequest::drawingPatterns().join(QLatin1Char(' '))));
+    if (!files.isEmpty())
+        openPaths(files);
+}
+
+void MainWindow::openExample()
+{
+    const QString example = examplePath();
+    if (example.isEmpty())
+        _messages->showError(tr("The example is not installed beside the program."));
+    else
+        openPaths({example});
+}
+
+void MainWindow::openRecent(const QString& path)
+{
+    if (!QFileInfo::exists(path)) {
+        _recent.remove(path);
+        _messages->showError(tr("%1 does not exist any more. Was it moved or renamed?").arg(path));
+        return;
+    }
+    openPaths({path});
+}
+
+void MainWindow::openPaths(const QStringList& paths)
+{
+    const UT_Result<OpenRequest> request = OpenRequest::of(paths);
+    if (!request) {
+        _messages->showError(request.error().text);
+        return;
+    }
+    if (!confirmLeaving())
+        return;
+    _messages->clear();
+    _files.open(*request);
+}
+
+void MainWindow::opened(const OpenRequest& request, const QString& remarks)
+{
+    const bool isImport = request.scene.isEmpty();
+    const QString path = isImport ? request.drawings.first() : request.scene;
+    _nameOfImport = isImport ? QFileInfo(path).completeBaseName() : QString();
+    if (path != examplePath())
+        _recent.add(path);
+    if (!remarks.isEmpty())
+        _messages->showNotice(remarks);
+    showStart(false);
+}
+
+bool MainWindow::save()
+{
+    return _document.folder().isEmpty() ? saveAs() : saveTo(_document.folder());
+}
+
+bool MainWindow::saveAs()
+{
+    const QString proposed = _document.folder().isEmpty()
+                                 ? (_nameOfImport.isEmpty() ? tr("Untitled") : _nameOfImport) + QStringLiteral(".scene")
+                                 : _document.folder();
+    const QString folder = QFileDialog::getSaveFileName(this, tr("Save the Scene"), proposed, tr("Scenes (*.scene)"),
+                                                        nullptr, QFileDialog::DontConfirmOverwrite);
+    if (folder.isEmpty())
+        return false;
+    const QString target = withSuffix(folder);
+    if (target != _document.folder() && QFileInfo::exists(target) &&
+        QMessageBox::question(this, tr("Save the Scene"), tr("%1 exists already. Replace it?").arg(target)) !=
+            QMessageBox::Yes)
+        return false;
+    return saveTo(target);
+}
+
+bool MainWindow::saveTo(const QString& folder)
+{
+    if (const auto saved = _document.save(folder); !saved) {
+        _messages->showError(tr("The scene was not saved: %1").arg(saved.error().text));
+        return false;
+    }
+    _messages->clear();
+    _recent.add(folder);
+    return true;
+}
+
+void MainWindow::exportFrames()
+{
+    const QString name = _document.folder().isEmpty() && !_nameOfImport.isEmpty() ? _nameOfImport : _document.title();
+    const QString beside =
+        _document.folder().isEmpty() ? QDir::homePath() : QFileInfo(_document.folder()).absolutePath();
+    ExportDialog dialog(_document.scene(), name, beside + QStringLiteral("/") + name + QStringLiteral("_frames"), this);
+    dialog.exec();
+}
+
+void MainWindow::offerRecovery()
+{
+    for (const LeftScene& left : _autosave.left()) {
+        QMessageBox question(QMessageBox::Question, tr("Recovery"),
+                             tr("The application ended unexpectedly while \"%1\" had unsaved changes.").arg(left.title),
+                             QMessageBox::NoButton, this);
+        const QString when = QLocale().toString(left.time, QLocale::ShortFormat);
+        question.setInformativeText(left.savedAs.isEmpty()
+                                        ? tr("A copy of %1 is there. The scene was never saved.").arg(when)
+                                        : tr("A copy of %1 is there. The scene itself is in %2, as it was last saved.")
+                                              .arg(when, left.savedAs));
+        const QPushButton* const recover = question.addButton(tr("&Recover"), QMessageBox::AcceptRole);
+        const QPushButton* const discard = question.addButton(tr("&Discard"), QMessageBox::DestructiveRole);
+        question.addButton(tr("&Later"), QMessageBox::RejectRole);
+        question.exec();
+        if (question.clickedButton() == discard)
+            _autosave.discard(left);
+        if (question.clickedButton() != recover)
+            continue;
+        const auto recovered = _autosave.recover(left);
+        if (!recovered) {
+            _messages->showError(tr("\"%1\" cannot be recovered: %2").arg(left.title, recovered.error().text));
+            continue;
+        }
+        _nameOfImport = left.savedAs.isEmpty() ? left.title : QString();
+        showStart(false);
+        _messages->showNotice(tr("Recovered \"%1\" as it was at %2. It is not saved yet.").arg(left.title, when));
+        return;
+    }
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (!confirmLeaving()) {
+        event->ignore();
+        return;
+    }
+    storeLayout();
+    event->accept();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!pathsOf(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    event->acceptProposedAction();
+    openPaths(pathsOf(*event->mimeData()));
+}

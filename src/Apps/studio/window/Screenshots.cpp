@@ -1,0 +1,151 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Widgets paint themselves into an image of the density that is wanted; no screen is needed.
+#include "studio/window/Screenshots.h"
+
+#include "studio/export/ExportDialog.h"
+#include "studio/preview/Viewer.h"
+#include "studio/window/Appearance.h"
+#include "studio/window/MainWindow.h"
+#include "studio/window/MessageBar.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QDockWidget>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int kPatience = 60000;
+
+// Lets the window work until something is so. @return whether it came to be
+template<typename Condition>
+bool waitFor(const Condition& condition)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!condition() && timer.elapsed() < kPatience)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 50);
+    // What was posted last is to be painted too.
+    QCoreApplication::processEvents();
+    return condition();
+}
+
+class Shooting
+{
+public:
+    explicit Shooting(QString folder) : _folder(std::move(folder)) {}
+
+    void take(QWidget& widget, const QString& name)
+    {
+        QCoreApplication::processEvents();
+        for (const int density : {1, 2}) {
+            QImage image(widget.size() * density, QImage::Format_RGB32);
+            image.setDevicePixelRatio(density);
+            widget.render(&image);
+            const QString file = QStringLiteral("%1/%2-%3-%4x.png").arg(_folder, name, _appearance).arg(density);
+            _good = image.save(file) && _good;
+        }
+    }
+
+    void setAppearance(Appearance appearance)
+    {
+        applyAppearance(appearance);
+        _appearance = appearance == Appearance::DARK ? QStringLiteral("dark") : QStringLiteral("light");
+    }
+    void fail(const char* what)
+    {
+        std::fprintf(stderr, "quarvel-studio: %s\n", what);
+        _good = false;
+    }
+    bool isGood() const { return _good; }
+
+private:
+    QString _folder;
+    QString _appearance;
+    bool _good = true;
+};
+
+void takePictures(Shooting& shooting, MainWindow& window)
+{
+    const std::pair<PictureKind, QString> kinds[] = {{PictureKind::DRAWING, QStringLiteral("drawing")},
+                                                     {PictureKind::ELEVATION, QStringLiteral("elevation")},
+                                                     {PictureKind::NORMALS, QStringLiteral("normals")},
+                                                     {PictureKind::LIT, QStringLiteral("lit")}};
+    for (const auto& [kind, name] : kinds) {
+        window.viewer().setKind(kind);
+        shooting.take(window, name);
+    }
+}
+
+void raiseDock(const QMainWindow& window, const QString& name)
+{
+    window.findChild<QDockWidget*>(name)->raise();
+}
+
+void takeAll(Shooting& shooting)
+{
+    const QTemporaryDir recovery;
+    MainWindow window(recovery.path());
+    window.resize(1440, 900);
+    window.show();
+    shooting.take(window, QStringLiteral("start"));
+    window.openPaths({MainWindow::examplePath()});
+    const auto rendered = [&] {
+        const RenderedFramePtr& frame = window.renderService().current();
+        return frame && !window.renderService().isRendering();
+    };
+    if (!waitFor(rendered)) {
+        shooting.fail("the example was not rendered");
+        return;
+    }
+    window.messages().clear();
+    window.lights().reset();
+    MO_Module* node = nullptr;
+    window.document().scene().root().forEachModule([&](MO_Module& module) {
+        if (module.keyword() == QLatin1String("Vallorin"))
+            node = &module;
+    });
+    if (node)
+        window.document().setSelection({node});
+    QCoreApplication::processEvents();
+    takePictures(shooting, window);
+    for (const char* const name : {"Palette", "Elements"}) {
+        raiseDock(window, QLatin1String(name) + QStringLiteral("Dock"));
+        shooting.take(window, QString::fromLatin1(name).toLower());
+    }
+    raiseDock(window, QStringLiteral("lightsDock"));
+    window.viewer().zoomTo(6.0);
+    shooting.take(window, QStringLiteral("zoomed"));
+    window.viewer().fit();
+    window.messages().showError(QStringLiteral("/home/ada/drawings/broken.svg: line 12: the element <path> is not "
+                                               "closed; repair the file or export it again"));
+    shooting.take(window, QStringLiteral("error"));
+    window.messages().clear();
+    ExportDialog dialog(window.document().scene(), QStringLiteral("hero"), QStringLiteral("/home/ada/hero_frames"));
+    dialog.adjustSize();
+    shooting.take(dialog, QStringLiteral("export"));
+    // Nothing is asked when the window goes.
+    window.document().replaceScene(std::make_unique<MO_Scene>(), {}, false);
+}
+
+} // namespace
+
+int makeScreenshots(const QString& folder)
+{
+    if (!QDir().mkpath(folder)) {
+        std::fprintf(stderr, "quarvel-studio: the folder %s cannot be made\n", qPrintable(folder));
+        return 1;
+    }
+    // What a person set up for themselves is neither shown nor changed.
+    QCoreApplication::setApplicationName(QStringLiteral("quarvel-studio-screenshots"));
+    Shooting shooting(folder);
+    for (const Appearance appearance : {Appearance::LIGHT, Appearance::DARK}) {
+        shooting.setAppearance(appearance);
+        takeAll(shooting);
+    }
+    return shooting.isGood() ? 0 : 1;
+}

@@ -1,0 +1,124 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// A column in the middle: the ways to begin, and what was open lately.
+#include "studio/window/StartPage.h"
+
+#include "studio/document/RecentFiles.h"
+#include "studio/window/Icons.h"
+
+#include <QCommandLinkButton>
+#include <QEvent>
+#include <QFileInfo>
+#include <QLabel>
+#include <QListWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+QString shortened(const QString& path)
+{
+    const QFileInfo file(path);
+    return StartPage::tr("%1  -  in %2").arg(file.fileName(), file.absolutePath());
+}
+
+} // namespace
+
+StartPage::StartPage(RecentFiles& recent, QWidget* parent)
+    : QWidget(parent), _recent(recent), _recentTitle(new QLabel(tr("Recent"))), _list(new QListWidget)
+{
+    setObjectName(QStringLiteral("startPage"));
+    auto* const column = new QWidget;
+    column->setMaximumWidth(560);
+    auto* const layout = new QVBoxLayout(column);
+    layout->setSpacing(4);
+    layout->addWidget(heading());
+    layout->addSpacing(14);
+    auto* const import = addChoice(QStringLiteral("import"), tr("&Import drawings"),
+                                   tr("SVG, PNG or a Lottie animation, one file or many"));
+    auto* const open = addChoice(QStringLiteral("open"), tr("&Open a scene"), tr("One that was saved before"));
+    auto* const example = addChoice(QStringLiteral("example"), tr("Look at the &example"),
+                                    tr("A drawing with volume, and a light to move over it"));
+    for (const auto& [button, icon] : _choices)
+        layout->addWidget(button);
+    layout->addSpacing(14);
+    QFont bold = _recentTitle->font();
+    bold.setBold(true);
+    _recentTitle->setFont(bold);
+    layout->addWidget(_recentTitle);
+    _list->setObjectName(QStringLiteral("recentList"));
+    _list->setFrameShape(QFrame::NoFrame);
+    _list->setTextElideMode(Qt::ElideMiddle);
+    _list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    _list->setMaximumHeight(190);
+    _list->viewport()->setAutoFillBackground(false);
+    layout->addWidget(_list);
+
+    auto* const all = new QHBoxLayout(this);
+    auto* const middle = new QVBoxLayout;
+    middle->addStretch(1);
+    middle->addWidget(column);
+    middle->addStretch(2);
+    all->addStretch(1);
+    all->addLayout(middle, 6);
+    all->addStretch(1);
+
+    connect(import, &QCommandLinkButton::clicked, this, &StartPage::importRequested);
+    connect(open, &QCommandLinkButton::clicked, this, &StartPage::openRequested);
+    connect(example, &QCommandLinkButton::clicked, this, &StartPage::exampleRequested);
+    connect(_list, &QListWidget::itemActivated, this,
+            [this](const QListWidgetItem* item) { Q_EMIT recentRequested(item->data(Qt::UserRole).toString()); });
+    connect(_list, &QListWidget::itemClicked, _list, &QListWidget::itemActivated);
+    connect(&recent, &RecentFiles::changed, this, &StartPage::refill);
+    refill();
+    refreshIcons();
+}
+
+QWidget* StartPage::heading()
+{
+    auto* const row = new QWidget;
+    auto* const layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(16);
+    auto* const icon = new QLabel;
+    icon->setPixmap(applicationIcon().pixmap(QSize(72, 72), devicePixelRatioF()));
+    auto* const text = new QLabel(tr("<span style='font-size:20pt; font-weight:600'>Quarvel Studio</span><br>"
+                                     "Volume for flat drawings. Drop a drawing here to begin."));
+    text->setWordWrap(true);
+    layout->addWidget(icon);
+    layout->addWidget(text, 1);
+    return row;
+}
+
+QCommandLinkButton* StartPage::addChoice(const QString& name, const QString& title, const QString& text)
+{
+    auto* const button = new QCommandLinkButton(title, text);
+    button->setObjectName(name + QStringLiteral("Choice"));
+    button->setIconSize(QSize(28, 28));
+    _choices.append({button, name});
+    return button;
+}
+
+void StartPage::refill()
+{
+    _list->clear();
+    for (const QString& path : _recent.paths()) {
+        auto* const item = new QListWidgetItem(shortened(path), _list);
+        item->setData(Qt::UserRole, path);
+        item->setToolTip(path);
+    }
+    _list->setVisible(_list->count() > 0);
+    _recentTitle->setVisible(_list->count() > 0);
+}
+
+void StartPage::refreshIcons()
+{
+    for (const auto& [button, icon] : _choices)
+        button->setIcon(studioIcon(icon, palette()));
+}
+
+void StartPage::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        refreshIcons();
+}

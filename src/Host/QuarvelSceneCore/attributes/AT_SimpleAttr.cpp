@@ -1,0 +1,112 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Attributes with one value, and their surrogates.
+#include "QuarvelSceneCore/attributes/AT_SimpleAttr.h"
+
+#include "QuarvelSceneCore/attributes/private/AT_ChangeCmd.h"
+
+#include <QCoreApplication>
+#include <QScopedValueRollback>
+
+#include <cmath>
+
+/// Passes on to the attribute's listeners what the surrogate tells. Attributes linked in a circle would tell each other
+/// for ever; so what comes back while something is passed on ends here.
+class AT_SimpleAttr::Relay : public XUListener
+{
+public:
+    explicit Relay(AT_SimpleAttr& attr) : _attr(attr) {}
+
+    void told(XUTeller&) override
+    {
+        if (_passingOn)
+            return;
+        const QScopedValueRollback rollback(_passingOn, true);
+        _attr.tell();
+    }
+
+private:
+    AT_SimpleAttr& _attr;
+    bool _passingOn = false;
+};
+
+AT_SimpleAttr::AT_SimpleAttr(const AT_AttrMeta& meta, AT_Attr* parent)
+    : AT_Attr(meta, parent), _relay(std::make_unique<Relay>(*this))
+{}
+
+AT_SimpleAttr::~AT_SimpleAttr() = default;
+
+bool AT_SimpleAttr::setSurrogate(const UT_SharedPtr<AT_AttrSurrogate>& surrogate)
+{
+    if (surrogate == _surrogate || (surrogate && !isLinkable()))
+        return false;
+    if (_surrogate)
+        _surrogate->removeListener(*_relay);
+    _surrogate = surrogate;
+    if (_surrogate)
+        _surrogate->addListener(*_relay);
+    tell();
+    return true;
+}
+
+CO_Command* AT_SimpleAttr::setSurrogateCmd(const UT_SharedPtr<AT_AttrSurrogate>& surrogate)
+{
+    if (surrogate == _surrogate || (surrogate && !isLinkable()))
+        return nullptr;
+    using Cmd = AT_ChangeCmd<AT_SimpleAttr, UT_SharedPtr<AT_AttrSurrogate>>;
+    const QString name = surrogate ? QCoreApplication::translate("AT_Attr", "Link %1").arg(label())
+                                   : QCoreApplication::translate("AT_Attr", "Unlink %1").arg(label());
+    return new Cmd(
+        *this, name,
+        [](AT_SimpleAttr& attr, const UT_SharedPtr<AT_AttrSurrogate>& driving) { attr.setSurrogate(driving); },
+        _surrogate, surrogate, QString());
+}
+
+AT_AttrLink* AT_SimpleAttr::link() const
+{
+    return dynamic_cast<AT_AttrLink*>(_surrogate.get());
+}
+
+bool AT_SimpleAttr::isLinkable() const
+{
+    return true;
+}
+
+bool AT_SimpleAttr::parseXml(const QDomElement& element, QStringList* warnings)
+{
+    setSurrogate(nullptr);
+    return AT_Attr::parseXml(element, warnings);
+}
+
+void AT_SimpleAttr::writeXmlAttributes(PO_XmlWriter& writer) const
+{
+    writer.attribute(kPIO_attributeValue, localValueXml());
+    if (const AT_AttrLink* driving = link())
+        writer.attribute(kPIO_attributeLink, driving->path());
+    AT_Attr::writeXmlAttributes(writer);
+}
+
+std::optional<double> AT_SimpleAttr::surrogateValue(double frame) const
+{
+    const auto* scalar = dynamic_cast<const AT_ScalarSimpleAttrSurrogate*>(_surrogate.get());
+    if (!scalar)
+        return std::nullopt;
+    const std::optional<double> value = scalar->value(frame);
+    return value && !std::isnan(*value) ? value : std::nullopt;
+}
+
+AT_Attr::Parsed AT_SimpleAttr::parseXmlAttribute(const QString& name, const QString& value, QStringList* warnings)
+{
+    if (name == kPIO_attributeValue) {
+        if (parseLocalValueXml(value, warnings))
+            return Parsed::YES;
+        warn(warnings,
+             QCoreApplication::translate("AT_Attr", "\"%1\" is not a value for it; it stays as it was").arg(value));
+        return Parsed::REFUSED;
+    }
+    if (name == kPIO_attributeLink && isLinkable()) {
+        setSurrogate(UT_makeShared<AT_AttrLink>(value));
+        return Parsed::YES;
+    }
+    return AT_Attr::parseXmlAttribute(name, value, warnings);
+}

@@ -1,0 +1,32 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// MO_AutoInPortsModule: a module that takes any number of inputs. Behind its last linked input port there is always one
+// that is free, an offer for the next link: linking it makes another one, cutting the last links drops what is too
+// much. Ports between linked ones stay, linked or not, because the order of the inputs matters.
+#pragma once
+
+#include "QuarvelSceneCore/graph/MO_AutoPortsNode.h"
+#include "QuarvelSceneCore/graph/MO_Module.h"
+
+/// A module with automatic input ports. It begins without any: the deriving class adds the first one when it is ready
+/// for it (MO_Node::addInImagePort).
+class QUARVELSCENECORE_EXPORT MO_AutoInPortsModule : public MO_Module, public MO_AutoPortsNode
+{
+public:
+    MO_AutoInPortsModule();
+    ~MO_AutoInPortsModule() override;
+
+    /// How many input ports the module takes at most; kMaxPorts unless overridden.
+    virtual unsigned maxInPorts() const;
+
+    MO_AutoPortsNode* portManipulator() override;
+    bool isValidAutoPort(unsigned index) const override;
+    MO_Port* insertInPort(unsigned index) override;
+    bool removeInPort(unsigned index) override;
+
+protected:
+    void inPortChanged() override;
+
+private:
+    void keepOneFreePortAtTheEnd();
+};

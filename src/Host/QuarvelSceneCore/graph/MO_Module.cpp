@@ -1,0 +1,204 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The module: what it does unless it overrides, and how it is written and read.
+#include "QuarvelSceneCore/graph/MO_Module.h"
+
+#include "QuarvelPersistentObj/PO_XmlReading.h"
+#include "QuarvelPersistentObj/PO_XmlText.h"
+#include "QuarvelSceneCore/attributes/AT_Attr.h"
+#include "QuarvelSceneCore/graph/MO_AbstractModuleVisitor.h"
+#include "QuarvelSceneCore/graph/MO_PortContext.h"
+#include "QuarvelSceneCore/rendering/MO_RenderingRequestHandler.h"
+#include "QuarvelSceneCore/rendering/MO_SoftRenderInterface.h"
+#include "QuarvelSceneCore/rendering/RD_ScriptContext.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+const QString kAttributeType = QStringLiteral("type");
+const QString kAttributeName = QStringLiteral("name");
+const QString kAttributeEnabled = QStringLiteral("enabled");
+const QString kAttributeMode = QStringLiteral("mode");
+const QString kElementAttrs = QStringLiteral("attrs");
+
+} // namespace
+
+MO_XmlEditable::~MO_XmlEditable() = default;
+
+QDomElement MO_XmlEditable::obtainEditorLayout()
+{
+    return {};
+}
+
+MO_Module::MO_Module(unsigned outPorts)
+{
+    for (unsigned i = 0; i < outPorts; ++i)
+        addOutImagePort();
+}
+
+MO_Module::~MO_Module() = default;
+
+void MO_Module::accept(MO_AbstractModuleVisitor& visitor)
+{
+    visitor.visit(*this);
+}
+
+Math::Box2di MO_Module::computeInputRect(const MO_PortContext&, int, const Math::Box2di& rect)
+{
+    return rect;
+}
+
+MO_CompositeType::CompositeOrder MO_Module::compositeOrder(const MO_BaseContext&)
+{
+    return MO_CompositeType::LAST_PORT_FIRST;
+}
+
+UT_SharedPtr<MO_SoftRenderInterface>
+MO_Module::createSoftRenderInterface(const RD_ScriptContext&, const std::vector<node_render::PortRenderInfo>&)
+{
+    return nullptr;
+}
+
+void MO_Module::insertRenderingRequestForSrcPort(RD_ScriptContext& context, int port)
+{
+    const MO_Port* const input = port >= 0 ? inPort(static_cast<unsigned>(port)) : nullptr;
+    const MO_Port* const source = input ? input->realSrcPort() : nullptr;
+    if (source && source->module())
+        context.scriptPorts(*source->module());
+}
+
+std::unique_ptr<MO_RenderingRequestHandler> MO_Module::createRequestHandler()
+{
+    return nullptr;
+}
+
+QString MO_Module::getXmlElementName() const
+{
+    return QStringLiteral("module");
+}
+
+void MO_Module::writeXmlAttributes(PO_XmlWriter& writer) const
+{
+    writer.attribute(kAttributeType, keyword());
+    writer.attribute(kAttributeName, instanceName());
+    writer.attribute(kAttributeEnabled, enabled());
+    if (mode() != 0)
+        writer.attribute(kAttributeMode, mode());
+    _unknown.writeAttributes(writer);
+}
+
+void MO_Module::writeXmlSubnodes(PO_XmlWriter& writer) const
+{
+    writer.startElement(kElementAttrs);
+    _unknownAttrs.writeAttributes(writer);
+    for (const AT_Attr* attr : attrs())
+        attr->writeXml(writer);
+    _unknownAttrs.writeElements(writer);
+    writer.endElement();
+    _unknown.writeElements(writer);
+}
+
+bool MO_Module::parseXmlAttribute(const QString&, const QString&, QStringList*)
+{
+    return false;
+}
+
+bool MO_Module::parseXmlSubnode(const QDomElement&, QStringList*)
+{
+    return false;
+}
+
+class MO_Module::Reader final : public PIO_ComponentReader
+{
+public:
+    explicit Reader(MO_Module& module) : _module(module) {}
+
+    bool readElement(const QDomElement& element, QStringList* warnings) override
+    {
+        _warnings = warnings;
+        if (element.tagName() != _module.getXmlElementName() ||
+            PO_attribute(element, kAttributeType) != _module.keyword()) {
+            warn(QCoreApplication::translate("MO_Module", "The element <%1> at line %2 is no module of the kind \"%3\"")
+                     .arg(element.tagName())
+                     .arg(element.lineNumber())
+                     .arg(_module.keyword()));
+            return false;
+        }
+        _module._unknown.clear();
+        _module._unknownAttrs.clear();
+        const QDomNamedNodeMap attributes = element.attributes();
+        for (int i = 0; i < attributes.count(); ++i)
+            readXmlAttribute(attributes.item(i).toAttr());
+        for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement())
+            readXmlSubnode(child);
+        return true;
+    }
+
+private:
+    void readXmlAttribute(const QDomAttr& attribute)
+    {
+        const QString name = attribute.name();
+        const QString value = PO_unescape(attribute.value());
+        if (name == kAttributeType)
+            return;
+        if (name == kAttributeName)
+            return _module.setInstanceName(value);
+        if (name == kAttributeEnabled) {
+            if (const auto enabled = PO_parseBool(value))
+                return _module.setEnabled(*enabled);
+        } else if (name == kAttributeMode) {
+            if (const auto mode = PO_parseInt(value))
+                return _module.setMode(*mode);
+        } else if (!_module.parseXmlAttribute(name, value, _warnings)) {
+            _module._unknown.addAttribute(name, attribute.value());
+        } else {
+            return;
+        }
+        warn(notUnderstood().arg(name));
+    }
+
+    void readXmlSubnode(const QDomElement& element)
+    {
+        if (element.tagName() == kElementAttrs)
+            return readAttrs(element);
+        if (_module.parseXmlSubnode(element, _warnings))
+            return;
+        _module._unknown.addElement(element);
+        warn(notUnderstood().arg(element.tagName()));
+    }
+
+    void readAttrs(const QDomElement& element)
+    {
+        const QDomNamedNodeMap attributes = element.attributes();
+        for (int i = 0; i < attributes.count(); ++i)
+            _module._unknownAttrs.addAttribute(attributes.item(i).nodeName(), attributes.item(i).nodeValue());
+        for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
+            if (AT_Attr* attr = _module.findAttr(child.tagName())) {
+                attr->parseXml(child, _warnings);
+                continue;
+            }
+            _module._unknownAttrs.addElement(child);
+            warn(notUnderstood().arg(child.tagName()));
+        }
+    }
+
+    static QString notUnderstood()
+    {
+        return QCoreApplication::translate("MO_Module", "\"%1\" is not understood by this version of the program");
+    }
+
+    void warn(const QString& text)
+    {
+        if (_warnings)
+            *_warnings << QStringLiteral("%1: %2").arg(_module.instanceName(), text);
+    }
+
+    MO_Module& _module;
+    QStringList* _warnings = nullptr;
+};
+
+std::unique_ptr<PIO_ComponentReader> MO_Module::componentReader()
+{
+    return std::make_unique<Reader>(*this);
+}

@@ -1,0 +1,82 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The module factory, and the host's own modules in it.
+#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
+
+#include "QuarvelSceneCore/graph/XUGroup.h"
+#include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
+#include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "QuarvelSceneCore/kinds/MO_GlueModule.h"
+
+namespace {
+
+template<typename Module>
+void registerModule(MO_ModuleFactory& factory)
+{
+    factory.registerCreator(Module::Keyword(), [] { return std::make_unique<Module>(); });
+}
+
+} // namespace
+
+MO_ModuleFactory::MO_ModuleFactory() = default;
+
+MO_ModuleFactory::~MO_ModuleFactory() = default;
+
+bool MO_ModuleFactory::registerCreator(const QString& key, Creator creator)
+{
+    const std::lock_guard lock(_mutex);
+    return _creators.try_emplace(key, std::move(creator)).second;
+}
+
+bool MO_ModuleFactory::unregisterCreator(const QString& key)
+{
+    const std::lock_guard lock(_mutex);
+    return _creators.erase(key) > 0;
+}
+
+std::unique_ptr<MO_Module> MO_ModuleFactory::create(const QString& key) const
+{
+    Creator creator;
+    {
+        const std::lock_guard lock(_mutex);
+        const auto found = _creators.find(key);
+        if (found == _creators.end())
+            return nullptr;
+        creator = found->second;
+    }
+    // Not under the lock: a module may make others while it is made.
+    return creator();
+}
+
+bool MO_ModuleFactory::contains(const QString& key) const
+{
+    const std::lock_guard lock(_mutex);
+    return _creators.count(key) > 0;
+}
+
+QStringList MO_ModuleFactory::keys() const
+{
+    const std::lock_guard lock(_mutex);
+    QStringList keys;
+    for (const auto& [key, creator] : _creators)
+        keys << key;
+    return keys;
+}
+
+MO_ModuleFactory& MO_ModuleFactorySingleton()
+{
+    static MO_ModuleFactory factory;
+    static const bool filled = (MO_registerHostModules(factory), true);
+    static_cast<void>(filled);
+    return factory;
+}
+
+void MO_registerHostModules(MO_ModuleFactory& factory)
+{
+    registerModule<MO_CompositeModule>(factory);
+    registerModule<MO_DisplayModule>(factory);
+    registerModule<MO_ElementModule>(factory);
+    registerModule<MO_GlueModule>(factory);
+    registerModule<XUGroup>(factory);
+}

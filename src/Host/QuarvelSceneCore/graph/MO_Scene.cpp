@@ -1,0 +1,202 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The scene: links between modules, links between attributes, and its XML.
+#include "QuarvelSceneCore/graph/MO_Scene.h"
+
+#include "QuarvelPersistentObj/PO_XmlReading.h"
+#include "QuarvelPersistentObj/PO_XmlText.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/graph/MO_AutoPortsNode.h"
+#include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+const QString kElementCamera = QStringLiteral("camera");
+const QString kElementGraph = QStringLiteral("graph");
+const QString kAttributeFirst = QStringLiteral("firstFrame");
+const QString kAttributeLast = QStringLiteral("lastFrame");
+const QString kAttributeHeight = QStringLiteral("frameHeight");
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("MO_Scene", text);
+}
+
+template<typename Function>
+void forEachLink(const XUGroup& root, const Function& function)
+{
+    root.forEachModule([&](const MO_Module& module) {
+        for (AT_Attr* attr : module.attrs())
+            if (auto* simple = dynamic_cast<AT_SimpleAttr*>(attr); simple && simple->link())
+                function(*simple->link());
+    });
+}
+
+} // namespace
+
+MO_Scene::MO_Scene() : _root(std::make_unique<XUGroup>())
+{
+    _root->setScene(this);
+}
+
+MO_Scene::~MO_Scene() = default;
+
+MO_Module* MO_Scene::outputModule() const
+{
+    for (const auto& module : _root->modules())
+        if (module->enabled() && dynamic_cast<MO_DisplayModule*>(module.get()))
+            return module.get();
+    return nullptr;
+}
+
+UT_Result<void> MO_Scene::connect(MO_Module& source, MO_Module& target, unsigned inPort, unsigned outPort)
+{
+    MO_Port* const from = source.outPort(outPort);
+    if (!from)
+        return UT_Error{translated("\"%1\" has no output port %2").arg(source.instanceName()).arg(outPort)};
+    const unsigned portsBefore = target.nInPorts();
+    MO_AutoPortsNode* const automatic = target.portManipulator();
+    while (automatic && target.nInPorts() <= inPort && automatic->insertInPort(target.nInPorts()))
+        ;
+    MO_Port* const to = target.inPort(inPort);
+    UT_Result<void> linked =
+        to ? to->connect(*from)
+           : UT_Error{translated("\"%1\" has no input port %2").arg(target.instanceName()).arg(inPort)};
+    if (!linked)
+        while (automatic && target.nInPorts() > portsBefore)
+            automatic->removeInPort(target.nInPorts() - 1);
+    return linked;
+}
+
+void MO_Scene::disconnect(MO_Module& target, unsigned inPort)
+{
+    if (MO_Port* port = target.inPort(inPort))
+        port->disconnect();
+}
+
+void MO_Scene::resolveLinks()
+{
+    forEachLink(*_root, [this](AT_AttrLink& link) { link.resolve(*this); });
+    if (AT_AttrLink* link = truckFactorAttr().link())
+        link->resolve(*this);
+}
+
+void MO_Scene::nodeRenamed()
+{
+    forEachLink(*_root, [this](AT_AttrLink& link) { link.refreshPath(*this); });
+    if (AT_AttrLink* link = truckFactorAttr().link())
+        link->refreshPath(*this);
+}
+
+// The camera's attributes belong to no node: their paths have an empty node.
+AT_Attr* MO_Scene::findAttr(const QString& path) const
+{
+    const QString node = AT_AttrLink::nodeOf(path);
+    const QString key = AT_AttrLink::keyOf(path);
+    if (node.isEmpty())
+        return key == truckFactorAttr().keyword() ? &truckFactorAttr() : nullptr;
+    const MO_Module* const module = findModule(node);
+    return module ? module->findAttr(key) : nullptr;
+}
+
+QString MO_Scene::pathOf(const AT_Attr& attr) const
+{
+    if (&attr == &truckFactorAttr())
+        return AT_AttrLink::makePath(QString(), attr.keyword());
+    const MO_Node* const node = attr.node();
+    return node && node->sceneCommon() == this ? AT_AttrLink::makePath(node->instanceName(), attr.keyword())
+                                               : QString();
+}
+
+QString MO_Scene::getXmlElementName() const
+{
+    return QStringLiteral("scene");
+}
+
+void MO_Scene::writeXmlAttributes(PO_XmlWriter& writer) const
+{
+    writer.attribute(kPIO_atributeVersion, kVersion);
+    writer.attribute(kAttributeFirst, firstFrame());
+    writer.attribute(kAttributeLast, lastFrame());
+    writer.attribute(kAttributeHeight, frameHeight());
+    _unknown.writeAttributes(writer);
+}
+
+void MO_Scene::writeXmlSubnodes(PO_XmlWriter& writer) const
+{
+    writer.startElement(kElementCamera);
+    truckFactorAttr().writeXml(writer);
+    _unknownCamera.writeElements(writer);
+    writer.endElement();
+    _root->writeGraph(writer);
+    _unknown.writeElements(writer);
+}
+
+UT_Result<void> MO_Scene::readXml(const QDomElement& element, QStringList* warnings)
+{
+    if (element.tagName() != getXmlElementName())
+        return UT_Error{translated("Line %1: <%2> is no scene").arg(element.lineNumber()).arg(element.tagName())};
+    const auto warn = [&](const QString& text) {
+        if (warnings)
+            *warnings << text;
+    };
+
+    // The graph can fail and is read aside; the rest cannot.
+    auto root = std::make_unique<XUGroup>();
+    PO_UnknownXml unknown;
+    for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
+        if (child.tagName() == kElementGraph) {
+            if (auto graph = root->readGraph(child, warnings); !graph)
+                return graph.error();
+        } else if (child.tagName() != kElementCamera) {
+            unknown.addElement(child);
+            warn(translated("<%1> is not understood by this version of the program").arg(child.tagName()));
+        }
+    }
+    const QDomNamedNodeMap attributes = element.attributes();
+    for (int i = 0; i < attributes.count(); ++i) {
+        const QString name = attributes.item(i).nodeName();
+        if (name == kPIO_atributeVersion || name == kAttributeFirst || name == kAttributeLast ||
+            name == kAttributeHeight)
+            continue;
+        unknown.addAttribute(name, attributes.item(i).nodeValue());
+        warn(translated("\"%1\" is not understood by this version of the program").arg(name));
+    }
+    if (PO_intAttribute(element, kPIO_atributeVersion).value_or(kVersion) > kVersion)
+        warn(translated("The scene was saved by a newer version of the program"));
+
+    if (!setFrameRange(PO_intAttribute(element, kAttributeFirst).value_or(1),
+                       PO_intAttribute(element, kAttributeLast).value_or(1)))
+        warn(translated("The last frame lies before the first; the scene has the frames %1 to %2")
+                 .arg(firstFrame())
+                 .arg(lastFrame()));
+    if (!setFrameHeight(PO_doubleAttribute(element, kAttributeHeight).value_or(405.0)))
+        warn(translated("The height of the frame is not a positive number"));
+    readCamera(element.firstChildElement(kElementCamera), warnings);
+    _unknown = unknown;
+    root->setScene(this);
+    _root = std::move(root);
+    resolveLinks();
+    tell();
+    return {};
+}
+
+void MO_Scene::readCamera(const QDomElement& camera, QStringList* warnings)
+{
+    AT_DoubleAttr& truck = truckFactorAttr();
+    truck.setLocalValue(1.0);
+    truck.setCurve(AT_Curve());
+    truck.setSurrogate(nullptr);
+    _unknownCamera.clear();
+    for (QDomElement child = camera.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
+        if (child.tagName() == truck.keyword()) {
+            truck.parseXml(child, warnings);
+            continue;
+        }
+        _unknownCamera.addElement(child);
+        if (warnings)
+            *warnings << translated("<%1> is not understood by this version of the program").arg(child.tagName());
+    }
+}

@@ -1,0 +1,73 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// MO_Scene: a scene with its graph. All nodes, those inside of groups too, have different names, so that a name alone
+// says which node is meant.
+//
+//     <scene firstFrame="1" frameHeight="405" lastFrame="48" version="1">
+//       <camera>
+//         <TruckFactor val="1"/>
+//       </camera>
+//       <graph>...</graph>
+//     </scene>
+//
+// The palettes and the drawings of the elements are no part of this element: they are files of their own.
+#pragma once
+
+#include "QuarvelBaseCore/UT_Result.h"
+#include "QuarvelPersistentObj/PIO_XmlWritable.h"
+#include "QuarvelPersistentObj/PO_UnknownXml.h"
+#include "QuarvelSceneCore/graph/MO_SceneCommon.h"
+#include "QuarvelSceneCore/graph/XUGroup.h"
+
+/// A scene. See MO_Node.h for threads.
+class QUARVELSCENECORE_EXPORT MO_Scene : public MO_SceneCommon, public PIO_XmlWritable
+{
+public:
+    /// The version of the XML that this class writes.
+    static constexpr int kVersion = 1;
+
+    MO_Scene();
+    ~MO_Scene() override;
+
+    /// The outermost group, which has no ports.
+    XUGroup& root() const { return *_root; }
+
+    /// The module of this name anywhere in the scene; null when there is none.
+    MO_Module* findModule(const QString& name) const { return _root->findModule(name); }
+    /// Where a render starts that names no node: the first enabled MO_DisplayModule of the outermost group; null when
+    /// there is none.
+    MO_Module* outputModule() const;
+
+    /// Links an input port of a module to an output port of another. A module with automatic ports gets the ports that
+    /// are missing up to the one asked for.
+    ///
+    /// @return an error, and nothing has changed, when there is no such port or the link is refused (MO_Port::connect)
+    static UT_Result<void> connect(MO_Module& source, MO_Module& target, unsigned inPort = 0, unsigned outPort = 0);
+    /// Cuts the link of an input port; nothing happens when there is none.
+    static void disconnect(MO_Module& target, unsigned inPort = 0);
+
+    /// Replaces camera, frames and graph by what an element says; palettes stay. What this version does not understand
+    /// is kept, with a warning.
+    ///
+    /// @return an error, and the scene has not changed, when the element is no scene or of no use
+    UT_Result<void> readXml(const QDomElement& element, QStringList* warnings);
+
+    /// Looks up the attributes that links of attributes name. To be called after links were made from paths.
+    void resolveLinks();
+
+    AT_Attr* findAttr(const QString& path) const override;
+    QString pathOf(const AT_Attr& attr) const override;
+    void nodeRenamed() override;
+
+    /// "scene".
+    QString getXmlElementName() const override;
+    void writeXmlAttributes(PO_XmlWriter& writer) const override;
+    void writeXmlSubnodes(PO_XmlWriter& writer) const override;
+
+private:
+    void readCamera(const QDomElement& camera, QStringList* warnings);
+
+    std::unique_ptr<XUGroup> _root;
+    PO_UnknownXml _unknown;
+    PO_UnknownXml _unknownCamera;
+};

@@ -1,0 +1,75 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// MO_SceneCommon: what all nodes of a scene share: the frame, its camera, the palettes, the names.
+//
+// Scene coordinates: the origin is the centre of the frame, x to the right, y down; the frame is 720 units wide,
+// whatever the resolution, so that a pixel is 720 / resolutionX units on both axes. The camera's truck factor magnifies
+// about the centre.
+#pragma once
+
+#include "QuarvelBaseCore/XUTeller.h"
+#include "QuarvelGraphicCore/CM_Palette.h"
+#include "QuarvelSceneCore/QuarvelSceneCoreExport.h"
+#include "QuarvelSceneCore/attributes/AT_AttrLink.h"
+
+#include <QTransform>
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+class AT_DoubleAttr;
+
+/// The common part of a scene. Tells its listeners after every change of the scene. See MO_Node.h for threads.
+class QUARVELSCENECORE_EXPORT MO_SceneCommon : public XUTeller, public AT_LinkScope, private XUListener
+{
+public:
+    /// The width of the frame in scene units.
+    static constexpr double kFrameWidth = 720.0;
+
+    MO_SceneCommon();
+    ~MO_SceneCommon() override;
+
+    /// The height of the frame in scene units; 405 (16 : 9) to begin with.
+    double frameHeight() const { return _frameHeight; }
+    /// @return false, and nothing changes, when the height is not a positive number
+    bool setFrameHeight(double height);
+
+    /// The frames that the scene consists of, both included; 1 to 1 to begin with.
+    int firstFrame() const { return _firstFrame; }
+    int lastFrame() const { return _lastFrame; }
+    /// @return false, and nothing changes, when last < first
+    bool setFrameRange(int first, int last);
+
+    /// The camera's truck factor over time, attribute "TruckFactor": how much the camera magnifies. 1 to begin with,
+    /// from 1/1000 to 1000.
+    AT_DoubleAttr& truckFactorAttr() const { return *_truckFactor; }
+    double truckFactor(double frame) const;
+
+    /// From scene units to pixels of a frame of the given resolution, truck factor included: the centre of the frame
+    /// goes to the centre of the picture.
+    QTransform sceneToPixel(double frame, const std::pair<int, int>& resolution) const;
+    /// The same for a camera that magnifies by a given factor.
+    static QTransform sceneToPixel(const std::pair<int, int>& resolution, double truckFactor);
+
+    /// The palettes, in the scene's order.
+    const std::vector<CM_SharedPtr<CM_Palette>>& palettes() const { return _palettes; }
+    /// Appends a palette; null adds nothing.
+    void addPalette(const CM_SharedPtr<CM_Palette>& palette);
+    /// Takes a palette out; nothing happens when it is not there.
+    void removePalette(const CM_SharedPtr<CM_Palette>& palette);
+
+    /// A node was renamed; links to its attributes follow.
+    virtual void nodeRenamed() = 0;
+    /// Something about a node changed.
+    void nodeChanged() { tell(); }
+
+private:
+    void told(XUTeller& teller) override;
+
+    double _frameHeight = 405.0;
+    int _firstFrame = 1;
+    int _lastFrame = 1;
+    std::unique_ptr<AT_DoubleAttr> _truckFactor;
+    std::vector<CM_SharedPtr<CM_Palette>> _palettes;
+};

@@ -1,0 +1,234 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Graphs as XML. Modules come first, in order, so that every link finds both of its ends.
+#include "QuarvelPersistentObj/PO_XmlReading.h"
+#include "QuarvelPersistentObj/PO_XmlText.h"
+#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "QuarvelSceneCore/graph/XUGroup.h"
+#include "QuarvelSceneCore/kinds/MO_OpaqueModule.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+const QString kElementGraph = QStringLiteral("graph");
+const QString kElementModule = QStringLiteral("module");
+const QString kElementLink = QStringLiteral("link");
+const QString kAttributeInPorts = QStringLiteral("inPorts");
+const QString kAttributeOutPorts = QStringLiteral("outPorts");
+const QString kAttributeFrom = QStringLiteral("from");
+const QString kAttributeFromPort = QStringLiteral("fromPort");
+const QString kAttributeTo = QStringLiteral("to");
+const QString kAttributeToPort = QStringLiteral("toPort");
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("XUGroup", text);
+}
+
+void addWarning(QStringList* warnings, const QDomElement& element, const QString& text)
+{
+    if (warnings)
+        *warnings << translated("Line %1: %2").arg(element.lineNumber()).arg(text);
+}
+
+// Which link of a graph is meant. Its first end is led by its length, since names may hold any characters.
+QString linkKey(const MO_Port& source, const MO_Port& target)
+{
+    const auto end = [](const MO_Port& port) {
+        const bool isBorder = dynamic_cast<const MO_GroupBorderModule*>(port.node()) != nullptr;
+        return QString::number(port.index()) + (isBorder ? u'|' : u'/') +
+               (isBorder ? QString() : port.node()->instanceName());
+    };
+    const QString from = end(source);
+    return QString::number(from.size()) + u'/' + from + end(target);
+}
+
+// An index of a port that a file may name; nothing for every other text.
+std::optional<unsigned> portIndex(const QDomElement& link, const QString& name)
+{
+    const int index = PO_intAttribute(link, name).value_or(-1);
+    if (index < 0 || index >= static_cast<int>(MO_Node::kMaxPorts))
+        return std::nullopt;
+    return static_cast<unsigned>(index);
+}
+
+} // namespace
+
+void XUGroup::writeXmlAttributes(PO_XmlWriter& writer) const
+{
+    MO_Module::writeXmlAttributes(writer);
+    writer.attribute(kAttributeInPorts, static_cast<int>(nInPorts()));
+    writer.attribute(kAttributeOutPorts, static_cast<int>(nOutPorts()));
+}
+
+void XUGroup::writeXmlSubnodes(PO_XmlWriter& writer) const
+{
+    MO_Module::writeXmlSubnodes(writer);
+    writeGraph(writer);
+}
+
+void XUGroup::writeLinksTo(const MO_Module& target, PO_XmlWriter& writer) const
+{
+    for (unsigned i = 0; i < target.nInPorts(); ++i) {
+        const MO_Port* const source = target.inPort(i)->srcPort();
+        if (!source)
+            continue;
+        const PO_UnknownXml unknown = _unknownLinks.value(linkKey(*source, *target.inPort(i)));
+        writer.startElement(kElementLink);
+        if (!dynamic_cast<const MO_GroupBorderModule*>(source->node()))
+            writer.attribute(kAttributeFrom, source->node()->instanceName());
+        writer.attribute(kAttributeFromPort, static_cast<int>(source->index()));
+        if (!dynamic_cast<const MO_GroupBorderModule*>(&target))
+            writer.attribute(kAttributeTo, target.instanceName());
+        writer.attribute(kAttributeToPort, static_cast<int>(i));
+        unknown.writeAttributes(writer);
+        unknown.writeElements(writer);
+        writer.endElement();
+    }
+}
+
+void XUGroup::writeGraph(PO_XmlWriter& writer) const
+{
+    writer.startElement(kElementGraph);
+    _unknownGraph.writeAttributes(writer);
+    for (const auto& module : _modules)
+        module->writeXml(writer);
+    for (const auto& module : _modules)
+        writeLinksTo(*module, writer);
+    writeLinksTo(*_exit, writer);
+    _unknownGraph.writeElements(writer);
+    writer.endElement();
+}
+
+bool XUGroup::parseXmlAttribute(const QString& name, const QString& value, QStringList* warnings)
+{
+    if (name != kAttributeInPorts && name != kAttributeOutPorts)
+        return MO_Module::parseXmlAttribute(name, value, warnings);
+    const int count = PO_parseInt(value).value_or(-1);
+    if (count < 0 || count > static_cast<int>(kMaxPorts))
+        return false;
+    const auto wanted = static_cast<unsigned>(count);
+    if (!mayAddFreePorts(wanted))
+        return false;
+    const bool inputs = name == kAttributeInPorts;
+    while (inputs && nInPorts() < wanted)
+        addInPort();
+    while (!inputs && nOutPorts() < wanted)
+        addOutPort();
+    return true;
+}
+
+// Ports cost memory even where nothing is linked to them, and a few bytes of a file can ask for thousands.
+bool XUGroup::mayAddFreePorts(unsigned count)
+{
+    int& left = outermost()._freePortsLeft;
+    if (static_cast<int>(count) > left)
+        return false;
+    left -= static_cast<int>(count);
+    return true;
+}
+
+bool XUGroup::parseXmlSubnode(const QDomElement& element, QStringList* warnings)
+{
+    if (element.tagName() != kElementGraph)
+        return MO_Module::parseXmlSubnode(element, warnings);
+    if (const auto read = readGraph(element, warnings); !read)
+        _graphError = read.error();
+    return true;
+}
+
+UT_Result<void> XUGroup::readGraph(const QDomElement& element, QStringList* warnings)
+{
+    QHash<QString, MO_Module*> byFileName;
+    const QDomNamedNodeMap attributes = element.attributes();
+    for (int i = 0; i < attributes.count(); ++i)
+        _unknownGraph.addAttribute(attributes.item(i).nodeName(), attributes.item(i).nodeValue());
+    for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
+        if (child.tagName() == kElementModule) {
+            if (auto read = readModule(child, byFileName, warnings); !read)
+                return read;
+        } else if (child.tagName() != kElementLink) {
+            _unknownGraph.addElement(child);
+            addWarning(warnings, child, translated("<%1> is not understood by this version").arg(child.tagName()));
+        }
+    }
+    for (QDomElement link = element.firstChildElement(kElementLink); !link.isNull();
+         link = link.nextSiblingElement(kElementLink))
+        readLink(link, byFileName, warnings);
+    return {};
+}
+
+UT_Result<void> XUGroup::readModule(const QDomElement& element, QHash<QString, MO_Module*>& byFileName,
+                                    QStringList* warnings)
+{
+    if (outermost()._names.size() >= kMaxModulesInFile)
+        return UT_Error{translated("Line %1: a graph with more than %2 modules is not read")
+                            .arg(element.lineNumber())
+                            .arg(kMaxModulesInFile)};
+    const QString type = PO_attribute(element, QStringLiteral("type"));
+    const QString fileName = PO_attribute(element, QStringLiteral("name"));
+    std::unique_ptr<MO_Module> made = MO_ModuleFactorySingleton().create(type);
+    if (!made) {
+        made = std::make_unique<MO_OpaqueModule>(type);
+        addWarning(warnings, element,
+                   translated("\"%1\" is of the unknown kind \"%2\"; it is kept as it is").arg(fileName, type));
+    }
+    made->setInstanceName(fileName);
+    // Part of the graph before it is read, so that modules inside of it are counted and named with all others.
+    MO_Module& module = add(std::move(made));
+    if (!byFileName.contains(fileName))
+        byFileName.insert(fileName, &module);
+    module.componentReader()->readElement(element, warnings);
+    if (const auto* group = dynamic_cast<const XUGroup*>(&module); group && group->_graphError)
+        return *group->_graphError;
+    if (module.instanceName() != fileName)
+        addWarning(warnings, element,
+                   translated("A second module \"%1\" is called \"%2\" now").arg(fileName, module.instanceName()));
+    return {};
+}
+
+void XUGroup::readLink(const QDomElement& element, const QHash<QString, MO_Module*>& byFileName, QStringList* warnings)
+{
+    const auto end = [&](const QString& name, MO_GroupBorderModule& border) -> MO_Module* {
+        return element.hasAttribute(name) ? byFileName.value(PO_attribute(element, name)) : &border;
+    };
+    MO_Module* const source = end(kAttributeFrom, *_entry);
+    MO_Module* const target = end(kAttributeTo, *_exit);
+    const auto outPort = portIndex(element, kAttributeFromPort);
+    const auto inPort = portIndex(element, kAttributeToPort);
+    const bool portsAreFew = target && inPort && (*inPort <= target->nInPorts() || mayAddFreePorts(*inPort)) &&
+                             source && outPort && (*outPort <= source->nOutPorts() || mayAddFreePorts(*outPort));
+    if (!portsAreFew) {
+        addWarning(warnings, element, translated("The link leads from or to nowhere and is left out"));
+        return;
+    }
+    if (auto* opaque = dynamic_cast<MO_OpaqueModule*>(source))
+        opaque->needOutPort(*outPort);
+    if (auto* opaque = dynamic_cast<MO_OpaqueModule*>(target))
+        opaque->needInPort(*inPort);
+    if (const auto linked = MO_Scene::connect(*source, *target, *inPort, *outPort); !linked)
+        addWarning(warnings, element, linked.error().text);
+    else
+        keepUnknownOfLink(element, *target->inPort(*inPort), warnings);
+}
+
+void XUGroup::keepUnknownOfLink(const QDomElement& element, const MO_Port& target, QStringList* warnings)
+{
+    PO_UnknownXml unknown;
+    const QDomNamedNodeMap attributes = element.attributes();
+    for (int i = 0; i < attributes.count(); ++i) {
+        const QString name = attributes.item(i).nodeName();
+        if (name == kAttributeFrom || name == kAttributeFromPort || name == kAttributeTo || name == kAttributeToPort)
+            continue;
+        unknown.addAttribute(name, attributes.item(i).nodeValue());
+        addWarning(warnings, element, translated("\"%1\" is not understood by this version").arg(name));
+    }
+    for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
+        unknown.addElement(child);
+        addWarning(warnings, child, translated("<%1> is not understood by this version").arg(child.tagName()));
+    }
+    if (!unknown.isEmpty())
+        _unknownLinks.insert(linkKey(*target.srcPort(), target), unknown);
+}

@@ -1,0 +1,15 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// MO_CompositeModuleBase: the base of modules that make one picture out of several.
+#pragma once
+
+#include "QuarvelSceneCore/graph/MO_AutoInPortsModule.h"
+
+/// A module with automatic input ports and one output. Deriving classes say who does the work
+/// (MO_Module::createSoftRenderInterface).
+class QUARVELSCENECORE_EXPORT MO_CompositeModuleBase : public MO_AutoInPortsModule
+{
+public:
+    MO_CompositeModuleBase();
+    ~MO_CompositeModuleBase() override;
+};

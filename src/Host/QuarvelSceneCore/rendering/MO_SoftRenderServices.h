@@ -1,0 +1,16 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// MO_SoftRenderServices: what those who make pictures need again and again.
+#pragma once
+
+#include "QuarvelSceneCore/rendering/MO_SoftContext.h"
+
+/// Helpers for soft rendering.
+class QUARVELSCENECORE_EXPORT MO_SoftRenderServices
+{
+public:
+    /// A cel whose pixmap has the render's size, canvas and main format and nothing allocated.
+    static CA_CelRef createBlankCel(const MO_SoftContext& context);
+    /// Hands over such a cel as the picture of an output port.
+    static void setBlankCel(const MO_SoftContext& context, int port);
+};

@@ -1,0 +1,63 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// RD_ScriptContext: the script of one frame: which requests the modules of the graph have for it. It is written before
+// the frame is rendered, module by module from the one that is rendered upward, and then only read.
+//
+// Requests are kept for the input port that was being scripted when they were inserted. Every port is scripted once,
+// whatever the number of paths that lead to it. Requests of modules upstream stand before those downstream.
+#pragma once
+
+#include "QuarvelSceneCore/graph/MO_FrameKey.h"
+#include "QuarvelSceneCore/rendering/MO_RenderingRequest.h"
+#include "QuarvelSceneCore/rendering/RD_RenderJob.h"
+
+#include <set>
+#include <vector>
+
+/// The requests for one frame. Written by one thread, then read by any number.
+class QUARVELSCENECORE_EXPORT RD_ScriptContext
+{
+public:
+    using Request = UT_SharedPtr<MO_RenderingRequest>;
+
+    /// More modules than this may not follow each other on one path; what lies further upstream is not scripted.
+    static constexpr int kMaxDepth = 2000;
+
+    RD_ScriptContext(const MO_FrameKey& globalFrameKey, const RD_RenderJob& renderJob);
+    ~RD_ScriptContext();
+    RD_ScriptContext(const RD_ScriptContext&) = delete;
+    RD_ScriptContext& operator=(const RD_ScriptContext&) = delete;
+
+    /// The frame that is rendered.
+    const MO_FrameKey& globalFrameKey() const { return _globalFrameKey; }
+    const RD_RenderJob& renderJob() const { return _renderJob; }
+
+    /// Asks a module to insert the requests for one of its input ports (MO_Module::insertRenderingRequestForSrcPort),
+    /// unless that was done before.
+    void scriptPort(MO_Module& module, int port);
+    /// The same for all input ports of a module, in order.
+    void scriptPorts(MO_Module& module);
+    /// True when kMaxDepth was met.
+    bool isTooDeep() const { return _tooDeep; }
+
+    /// Adds a request, for the port of its owner that is being scripted; when none is, for every port of its owner.
+    /// Null adds nothing.
+    void insertRequest(const Request& request);
+
+    /// All requests, in the order in which they were inserted.
+    const std::vector<Request>& requests() const { return _requests; }
+    /// The requests of a module for one of its input ports, in the order in which they were inserted.
+    std::vector<Request> requestsFor(const MO_Module& module, int port) const;
+
+private:
+    using PortKey = std::pair<const MO_Module*, int>;
+    static constexpr int kEveryPort = -1;
+
+    MO_FrameKey _globalFrameKey;
+    RD_RenderJob _renderJob;
+    std::vector<PortKey> _path;
+    std::set<PortKey> _scripted;
+    std::vector<Request> _requests;
+    std::map<PortKey, std::vector<Request>> _requestsByPort;
+    bool _tooDeep = false;
+};

@@ -1,0 +1,67 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The renderer's border: parameters are checked, and what went wrong inside becomes a text.
+#include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
+
+#include "QuarvelCelCore/CEL_PixmapFactory.h"
+#include "QuarvelSceneCore/rendering/private/RD_FrameRender.h"
+
+#include <QCoreApplication>
+
+#include <new>
+
+namespace {
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("RD_SoftRenderer", text);
+}
+
+bool isPossible(int pixels)
+{
+    return pixels >= 1 && pixels <= RD_RenderParameters::kMaxResolution;
+}
+
+CA_CelRef toPixels(const CA_CelRef& cel, const RD_RenderParameters& parameters)
+{
+    const CA_CelRef converted = cel ? cel->convertTo(parameters.celFormat()) : nullptr;
+    if (converted && converted->pixmap())
+        return converted;
+    const RD_RenderJob job(parameters);
+    auto blank = UT_makeShared<CEL_Cel>();
+    blank->setRepresentation(CEL_PixmapFactory::create2d(parameters.celFormat(), job.size(), job.canvas()));
+    return blank;
+}
+
+} // namespace
+
+UT_Result<CA_CelRef> RD_SoftRenderer::render(MO_Module& module, double frame, const RD_RenderParameters& parameters,
+                                             const Progress& progress)
+{
+    const auto [width, height] = parameters.resolution;
+    if (!isPossible(width) || !isPossible(height))
+        return UT_Error{translated("A picture of %1 x %2 pixels cannot be rendered; each side must have 1 to %3 pixels")
+                            .arg(width)
+                            .arg(height)
+                            .arg(RD_RenderParameters::kMaxResolution)};
+    const auto failed = [&](const QString& reason) {
+        return UT_Error{
+            translated("\"%1\" was not rendered at frame %2: %3").arg(module.instanceName()).arg(frame).arg(reason)};
+    };
+    try {
+        return toPixels(RD_FrameRender(frame, parameters, progress).render(module), parameters);
+    } catch (const RD_FrameRender::Aborted& aborted) {
+        return aborted.reason == stoppedText() ? UT_Error{aborted.reason} : failed(aborted.reason);
+    } catch (const std::bad_alloc&) {
+        return failed(translated("the memory is not enough for %1 x %2 pixels; choose a smaller resolution")
+                          .arg(width)
+                          .arg(height));
+    } catch (const std::exception& error) {
+        return failed(QString::fromUtf8(error.what()));
+    }
+}
+
+QString RD_SoftRenderer::stoppedText()
+{
+    return translated("The render was stopped");
+}

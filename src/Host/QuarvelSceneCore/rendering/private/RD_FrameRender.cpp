@@ -1,0 +1,179 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The walk up the graph. Every call below handles one link of the path from the module that is rendered to a leaf; the
+// path itself is a list on the stack, read by the requests when a drawing is reached.
+#include "QuarvelSceneCore/rendering/private/RD_FrameRender.h"
+
+#include "QuarvelSceneCore/graph/MO_AutoPortsNode.h"
+#include "QuarvelSceneCore/graph/MO_SceneCommon.h"
+#include "QuarvelSceneCore/graph/XUGroup.h"
+#include "QuarvelSceneCore/rendering/MO_SoftContext.h"
+#include "QuarvelSceneCore/rendering/MO_SoftRenderInterface.h"
+#include "QuarvelSceneCore/rendering/node_render.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+QString tooDeepText()
+{
+    return QCoreApplication::translate("RD_SoftRenderer", "More than %1 modules follow each other in the graph")
+        .arg(RD_ScriptContext::kMaxDepth);
+}
+
+// Nothing that a picture shows can depend on what lies further away than this.
+Math::Box2di limitAround(const Math::Box2di& canvas)
+{
+    return canvas.getEnlarged(static_cast<int>(std::ceil(4.0 * std::hypot(canvas.width(), canvas.height()))));
+}
+
+std::vector<node_render::PortRenderInfo> inputsOf(MO_Module& module)
+{
+    std::vector<node_render::PortRenderInfo> inputs;
+    const MO_AutoPortsNode* const automatic = module.portManipulator();
+    for (unsigned i = 0; i < module.nInPorts(); ++i) {
+        // A free port at the end is an offer, not an input.
+        if (automatic && !automatic->isValidAutoPort(i))
+            continue;
+        MO_Port* const source = module.inPort(i)->realSrcPort();
+        inputs.push_back({source ? source->module() : nullptr, static_cast<int>(i), source});
+    }
+    return inputs;
+}
+
+// The output port that makes the picture which a module delivers: behind its first input when the module is disabled or
+// has no output, behind its exit when it is a group.
+const MO_Port* deliveringPort(MO_Module& module)
+{
+    const auto behind = [](const MO_Port* input) { return input ? input->realSrcPort() : nullptr; };
+    if (!module.enabled() || module.nOutPorts() == 0)
+        return behind(module.inPort(0));
+    if (const auto* group = dynamic_cast<const XUGroup*>(&module))
+        return behind(group->exit().inPort(0));
+    return module.outPort(0);
+}
+
+} // namespace
+
+RD_FrameRender::RD_FrameRender(double frame, const RD_RenderParameters& parameters,
+                               const RD_SoftRenderer::Progress& progress)
+    : _script(MO_FrameKey{frame}, RD_RenderJob(parameters))
+    , _progress(progress)
+    , _limit(limitAround(_script.renderJob().canvas()))
+{}
+
+CA_CelRef RD_FrameRender::render(MO_Module& module)
+{
+    const MO_Port* const source = deliveringPort(module);
+    if (!source || !source->module())
+        return nullptr;
+    _script.scriptPorts(*source->module());
+    if (_script.isTooDeep())
+        throw Aborted{tooDeepText()};
+    return renderSource(*source, _script.renderJob().canvas(), nullptr, Span{0.0, 1.0});
+}
+
+RD_FrameRender::Span RD_FrameRender::Span::part(std::size_t index, std::size_t count) const
+{
+    // The last part is left for putting the others together.
+    const double each = (to - from) / static_cast<double>(count + 1);
+    return {from + each * static_cast<double>(index), from + each * static_cast<double>(index + 1)};
+}
+
+CA_CelRef RD_FrameRender::renderSource(const MO_Port& source, const Math::Box2di& rect, const Step* path,
+                                       const Span& span)
+{
+    MO_Module& module = *source.module();
+    CA_CelRef cel;
+    if (const auto* element = dynamic_cast<const MO_ElementModule*>(&module)) {
+        cel = renderElement(*element, rect, path);
+    } else {
+        const std::vector<node_render::PortRenderInfo> inputs = inputsOf(module);
+        if (const auto renderer = module.createSoftRenderInterface(_script, inputs)) {
+            MO_SoftContext context(_script.renderJob(), _script.globalFrameKey(), &module, rect);
+            for (std::size_t i = 0; i < inputs.size(); ++i) {
+                const int port = inputs[i].port;
+                context.setInputCel(port, renderInput(module, port, true, rect, path, span.part(i, inputs.size())));
+                renderer->softRender(context, port);
+                context.setInputCel(port, nullptr);
+            }
+            renderer->finish(context);
+            cel = context.outputCel(static_cast<int>(source.index()));
+        } else if (!inputs.empty()) {
+            cel = renderInput(module, inputs.front().port, false, rect, path, span);
+        }
+    }
+    report(span.to);
+    return cel;
+}
+
+CA_CelRef RD_FrameRender::renderInput(MO_Module& module, int port, bool rendersPixels, const Math::Box2di& rect,
+                                      const Step* path, const Span& span)
+{
+    const MO_Port* const source = module.inPort(static_cast<unsigned>(port))->realSrcPort();
+    if (!source || !source->module())
+        return nullptr;
+    if (++_links > RD_SoftRenderer::kMaxLinks)
+        throw Aborted{QCoreApplication::translate("RD_SoftRenderer",
+                                                  "The drawings are reached on too many paths through the graph")};
+    const Step step{path, &module, port, rendersPixels, path ? path->depth + 1 : 1};
+    if (step.depth > RD_ScriptContext::kMaxDepth)
+        throw Aborted{tooDeepText()};
+    const MO_PortContext context(_script.globalFrameKey(), _script.renderJob().parameters().resolution, &module, port);
+    const Math::Box2di needed = module.computeInputRect(context, port, rect).getIntersection(_limit);
+    return renderSource(*source, needed, &step, span);
+}
+
+CA_CelRef RD_FrameRender::renderElement(const MO_ElementModule& element, const Math::Box2di& rect, const Step* path)
+{
+    const double frame = _script.globalFrameKey().frame;
+    const auto drawing = element.drawingAt(frame);
+    if (!drawing)
+        return nullptr;
+    auto cel = UT_makeShared<CEL_Cel>();
+    cel->setRepresentation(drawing->shareForRendering());
+    MO_RenderingRequestHandler::BaseContext context(cel, _script.globalFrameKey());
+    process(context, path);
+
+    const CA_CelRef result = context.drawing();
+    if (!result)
+        return nullptr;
+    const RD_RenderJob& job = _script.renderJob();
+    const std::pair<int, int>& resolution = job.parameters().resolution;
+    const MO_SceneCommon* const scene = element.sceneCommon();
+    const QTransform sceneToPixel =
+        scene ? scene->sceneToPixel(frame, resolution) : MO_SceneCommon::sceneToPixel(resolution, 1.0);
+    result->setRenderArgs({element.drawingToScene(frame) * sceneToPixel, job.size(), job.canvas(), rect});
+    return result;
+}
+
+void RD_FrameRender::process(MO_RenderingRequestHandler::BaseContext& drawing, const Step* path) const
+{
+    const auto reaches = [path](const MO_RenderingRequestHandler& handler, const Step* owner) {
+        for (const Step* step = path; step != owner; step = step->downstream)
+            if (!handler.filterRequestForLeftPorts(*step->module, step->port))
+                return false;
+        return true;
+    };
+    for (const Step* step = path; step; step = step->downstream) {
+        bool claimed = false;
+        for (const RD_ScriptContext::Request& request : _script.requestsFor(*step->module, step->port)) {
+            if (!reaches(request->handler(), step))
+                continue;
+            request->handler().processRequestBottomUpOnElementModuleComputed(drawing);
+            claimed = step->rendersPixels;
+        }
+        if (claimed)
+            return;
+    }
+}
+
+void RD_FrameRender::report(double done)
+{
+    _done = std::max(_done, done);
+    if (_progress && !_progress(_done))
+        throw Aborted{RD_SoftRenderer::stoppedText()};
+}

@@ -1,0 +1,59 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// RD_FrameRender: the rendering of one frame of one module; what RD_SoftRenderer makes for each call.
+#pragma once
+
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "QuarvelSceneCore/rendering/RD_ScriptContext.h"
+#include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
+
+/// Renders one frame once.
+class RD_FrameRender
+{
+public:
+    /// Why a frame was not rendered to its end; thrown and caught inside of this library alone.
+    struct Aborted
+    {
+        QString reason;
+    };
+
+    RD_FrameRender(double frame, const RD_RenderParameters& parameters, const RD_SoftRenderer::Progress& progress);
+
+    /// What the module delivers; null when it delivers nothing.
+    ///
+    /// @throws Aborted
+    CA_CelRef render(MO_Module& module);
+
+private:
+    /// A port on the way from the module that is rendered up to the one at hand.
+    struct Step
+    {
+        const Step* downstream;
+        const MO_Module* module;
+        int port;
+        bool rendersPixels;
+        int depth;
+    };
+
+    /// The part of the whole work, from 0 to 1, that something takes.
+    struct Span
+    {
+        double from;
+        double to;
+
+        Span part(std::size_t index, std::size_t count) const;
+    };
+
+    CA_CelRef renderSource(const MO_Port& source, const Math::Box2di& rect, const Step* path, const Span& span);
+    CA_CelRef renderInput(MO_Module& module, int port, bool rendersPixels, const Math::Box2di& rect, const Step* path,
+                          const Span& span);
+    CA_CelRef renderElement(const MO_ElementModule& element, const Math::Box2di& rect, const Step* path);
+    void process(MO_RenderingRequestHandler::BaseContext& drawing, const Step* path) const;
+    void report(double done);
+
+    RD_ScriptContext _script;
+    RD_SoftRenderer::Progress _progress;
+    Math::Box2di _limit;
+    double _done = 0.0;
+    int _links = 0;
+};
