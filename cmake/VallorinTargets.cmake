@@ -79,5 +79,7 @@ function(vallorin_add_tests area)
     test_${area}
     TEST_PREFIX "${area}."
     DISCOVERY_TIMEOUT 60
-    PROPERTIES TIMEOUT 900 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+    # What the programs remember for their user is the tests' own.
+    PROPERTIES TIMEOUT 900 ENVIRONMENT "QT_QPA_PLATFORM=offscreen" ENVIRONMENT_MODIFICATION
+               "XDG_STATE_HOME=set:${PROJECT_BINARY_DIR}/tests/state")
 endfunction()

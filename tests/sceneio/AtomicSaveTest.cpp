@@ -301,15 +301,25 @@ TEST_F(AtomicSave, ASaveThatWaitsToBeFinishedIsReadWhereNothingCanBeWritten)
               }),
               TrickyDisk::kDied);
     ASSERT_TRUE(QFileInfo::exists(place.folder + text("/.journal")));
-    // A process that may not write in the folder, whoever runs the tests.
+    // A process that may not write in the folder, whoever runs the tests: one that may do everything becomes another
+    // user, and takes its key along.
+    const QString state = place.home.path() + text("/state");
+    const QString key = state + text("/quarvel/journal.key");
     ASSERT_TRUE(QFile::setPermissions(place.home.path(), QFile::Permissions(0x7755)));
+    ASSERT_TRUE(QDir().mkpath(state + text("/quarvel")));
+    ASSERT_TRUE(QFile::copy(qEnvironmentVariable("XDG_STATE_HOME") + text("/quarvel/journal.key"), key));
+    ASSERT_TRUE(QFile::setPermissions(place.folder, QFile::Permissions(0x5555)));
     EXPECT_EQ(inChild([&] {
-                  if (::geteuid() == 0 && ::setuid(65534) != 0)
+                  constexpr uid_t kNobody = 65534;
+                  qputenv("XDG_STATE_HOME", QFile::encodeName(state));
+                  if (::geteuid() == 0 &&
+                      (::chown(QFile::encodeName(key).constData(), kNobody, kNobody) != 0 || ::setuid(kNobody) != 0))
                       return 2;
                   return loadedFiles(place.folder) == newFiles ? 0 : 1;
               }),
               0);
     EXPECT_TRUE(QFileInfo::exists(place.folder + text("/.journal")));
+    ASSERT_TRUE(QFile::setPermissions(place.folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
     EXPECT_EQ(difference(loadedFiles(place.folder), newFiles), "");
     EXPECT_EQ(difference(filesIn(place.folder), newFiles), "");
 }

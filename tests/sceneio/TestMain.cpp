@@ -6,6 +6,8 @@
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 
 #include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -15,6 +17,9 @@ int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
     const QCoreApplication application(argc, argv);
+    // The key of journals is the tests' own, and new.
+    const QTemporaryDir state;
+    qputenv("XDG_STATE_HOME", QFile::encodeName(state.path()));
     const auto loaded = PLUG_Manager::loadAll(PLUG_Manager::defaultFolder());
     if (!loaded || !MO_ModuleFactorySingleton().contains(ObjectDefinition::Keyword())) {
         std::fprintf(stderr, "%s\n", loaded ? "no object definition" : qPrintable(loaded.error().text));

@@ -36,6 +36,8 @@ public:
     {
         if (const auto opened = _files.open(); !opened)
             return opened.error();
+        if (!_files.journalLeftAlone().isEmpty())
+            _warnings << _files.journalLeftAlone();
         const auto bytes = _files.read(kSIO_mainFile);
         if (!bytes)
             return bytes.error();
@@ -135,27 +137,29 @@ private:
     std::map<UT_Id, CM_SharedPtr<CM_Palette>> _palettes;
 };
 
-// Finishes a save that was cut short, for one who holds the lock.
-UT_Result<void> finishSaveLocked(const QString& folder)
+// Finishes a save of one's own that was cut short, for one who holds the lock. When the disk is full or fails, the
+// scene can still be read as the journal says.
+void finishSaveLocked(const QString& folder)
 {
     SIO_FileSystem disk;
+    if (const auto waiting = SIO_waitingJournal(folder); waiting && waiting->own)
+        (void)SIO_recover(folder, disk);
+}
+
+// Finishes a save of one's own that was cut short; nothing else is ever written in a scene that is only opened. Where
+// nothing may be written the scene is read as the journal says.
+UT_Result<void> finishSave(const QString& folder)
+{
     const auto waiting = SIO_waitingJournal(folder);
     if (!waiting)
         return waiting.error();
-    // When the disk is full or fails, the scene can still be read as the journal says.
-    (void)SIO_recover(folder, disk);
-    return {};
-}
-
-// Finishes a save that was cut short. Where nothing may be written the scene is read as the journal says.
-UT_Result<void> finishSave(const QString& folder)
-{
-    if (!QFileInfo::exists(folder + u'/' + kSIO_journalFile))
+    if (!waiting->own)
         return {};
     SIO_FolderLock lock(folder);
     if (const auto locked = lock.lock(); !locked)
         return lock.isReadOnly() ? UT_Result<void>() : locked;
-    return finishSaveLocked(folder);
+    finishSaveLocked(folder);
+    return {};
 }
 
 // Reads the scene without keeping others from saving it.
@@ -168,7 +172,10 @@ std::optional<UT_Result<SIO_LoadedScene>> readBetweenSaves(const QString& folder
     auto loaded = Loader(files).load();
     // While another program puts files in place, one may vanish between the looks at it and into it.
     const bool mayHaveMoved = !loaded && files.sawJournal();
-    if (!files.isUnchanged() || mayHaveMoved)
+    // A journal that is not one's own may be another user's who is saving just now.
+    const bool maybeSaving =
+        !files.journalLeftAlone().isEmpty() && QFileInfo::exists(folder + u'/' + SIO_FolderLock::fileName());
+    if (!files.isUnchanged() || mayHaveMoved || maybeSaving)
         return std::nullopt;
     return loaded;
 }
@@ -180,9 +187,8 @@ UT_Result<SIO_LoadedScene> readAlone(const QString& folder)
     const auto locked = lock.lock();
     if (!locked && !lock.isReadOnly())
         return locked.error();
-    const auto finished = locked ? finishSaveLocked(folder) : UT_Result<void>();
-    if (!finished)
-        return finished.error();
+    if (locked)
+        finishSaveLocked(folder);
     SIO_FolderReader files(folder);
     auto loaded = Loader(files).load();
     if (!files.isUnchanged())

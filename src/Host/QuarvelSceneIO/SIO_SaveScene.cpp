@@ -7,6 +7,7 @@
 #include "QuarvelSceneIO/private/SIO_FolderLock.h"
 #include "QuarvelSceneIO/private/SIO_FolderReader.h"
 #include "QuarvelSceneIO/private/SIO_Index.h"
+#include "QuarvelSceneIO/private/SIO_SafeFile.h"
 #include "QuarvelSceneIO/private/SIO_Saving.h"
 #include "QuarvelSceneIO/private/SIO_SceneFiles.h"
 
@@ -47,7 +48,7 @@ QStringList leftOver(const QString& folder, const QStringList& before, const QMa
     QStringList result;
     for (const QString& path : before) {
         const QString real = SIO_inAnyCase(folder + u'/' + path).mid(folder.size() + 1);
-        if (files.contains(real) || !SIO_staysInside(folder, real))
+        if (files.contains(real) || !SIO_hasNoLinks(folder, real))
             continue;
         // Where case does not count, it is the file about to be replaced.
         const QString same = byLowerCase.value(real.toLower());

@@ -68,8 +68,9 @@ UT_Result<void> SIO_FileSystem::makeFolder(const QString& path)
 UT_Result<void> SIO_FileSystem::writeFile(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
-    // Without a buffer in between, so that every failed write shows at once and with its true reason.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered) || !writeAll(file, bytes))
+    // Without a buffer in between, so that every failed write shows at once and with its true reason. A new file only,
+    // so that nothing is written through a link that waits under its name.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered) || !writeAll(file, bytes))
         return failure("cannot write \"%1\": %2", path, file.errorString());
 #ifdef Q_OS_UNIX
     if (!syncDescriptor(file.handle()))

@@ -21,7 +21,8 @@ public:
 
     /// Makes a folder; its parent must exist. No error when it is there.
     virtual UT_Result<void> makeFolder(const QString& path);
-    /// Makes or replaces a file and forces its bytes to the disk. On an error a part of it may be there.
+    /// Makes a file and forces its bytes to the disk; an error when something has its name already. On another error a
+    /// part of it may be there.
     virtual UT_Result<void> writeFile(const QString& path, const QByteArray& bytes);
     /// Gives a file another path, in place of the file that is there; at no moment is there none.
     virtual UT_Result<void> rename(const QString& from, const QString& to);

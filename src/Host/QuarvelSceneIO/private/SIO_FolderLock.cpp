@@ -37,7 +37,7 @@ QString translated(const char* text)
 
 } // namespace
 
-SIO_FolderLock::SIO_FolderLock(const QString& folder) : _folder(folder), _path(folder + QStringLiteral("/.lock")) {}
+SIO_FolderLock::SIO_FolderLock(const QString& folder) : _folder(folder), _path(folder + u'/' + fileName()) {}
 
 UT_Result<void> SIO_FolderLock::lock()
 {
@@ -56,6 +56,8 @@ UT_Result<void> SIO_FolderLock::lock()
         return UT_Error{translated("the scene \"%1\" is being saved by another program; try again later").arg(shown)};
     case Attempt::NOT_PERMITTED:
         return UT_Error{translated("files may not be made in \"%1\"; permit it or name another place").arg(shown)};
+    case Attempt::IN_THE_WAY:
+        return UT_Error{translated("\"%1\" is no plain file; remove it").arg(QDir::toNativeSeparators(_path))};
     case Attempt::FAILED:
         break;
     }
@@ -99,11 +101,14 @@ SIO_FolderLock::Attempt SIO_FolderLock::tryLock()
     if (!QFileInfo(_folder).isWritable())
         return Attempt::NOT_PERMITTED;
     const QByteArray path = QFile::encodeName(_path);
-    const int file = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0666);
-    if (file < 0)
-        return errno == EACCES || errno == EPERM || errno == EROFS ? Attempt::NOT_PERMITTED : Attempt::FAILED;
     struct stat locked = {};
     struct stat named = {};
+    // To open a device can make it act.
+    if (::lstat(path.constData(), &named) == 0 && !S_ISREG(named.st_mode))
+        return Attempt::IN_THE_WAY;
+    const int file = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0666);
+    if (file < 0)
+        return errno == EACCES || errno == EPERM || errno == EROFS ? Attempt::NOT_PERMITTED : Attempt::FAILED;
     const bool isMine = ::flock(file, LOCK_EX | LOCK_NB) == 0;
     const bool isStillThere = isMine && ::fstat(file, &locked) == 0 && ::lstat(path.constData(), &named) == 0 &&
                               locked.st_ino == named.st_ino && locked.st_dev == named.st_dev;

@@ -18,6 +18,9 @@ public:
     SIO_FolderLock(const SIO_FolderLock&) = delete;
     SIO_FolderLock& operator=(const SIO_FolderLock&) = delete;
 
+    /// The name of the file in a scene's folder that is locked.
+    static QString fileName() { return QStringLiteral(".lock"); }
+
     /// Waits for other processes, half a minute at most.
     ///
     /// @return an error when another process holds on to the lock, or there can be none
@@ -31,6 +34,7 @@ private:
         LOCKED,
         HELD_BY_OTHERS,
         NOT_PERMITTED,
+        IN_THE_WAY, ///< something that is no plain file has the lock's name
         FAILED
     };
 

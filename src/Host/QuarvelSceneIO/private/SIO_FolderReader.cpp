@@ -5,6 +5,7 @@
 
 #include "QuarvelSceneIO/private/SIO_Limits.h"
 #include "QuarvelSceneIO/private/SIO_PathInside.h"
+#include "QuarvelSceneIO/private/SIO_SafeFile.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -55,11 +56,12 @@ UT_Result<void> SIO_FolderReader::open()
     _staged.clear();
     _seen.clear();
     _journal = stampOf(_folder + u'/' + kSIO_journalFile);
-    const auto journal = SIO_waitingJournal(_folder);
-    if (!journal)
-        return journal.error();
-    if (*journal)
-        for (const SIO_Journal::Write& write : (*journal)->writes)
+    const auto waiting = SIO_waitingJournal(_folder);
+    if (!waiting)
+        return waiting.error();
+    _leftAlone = waiting->leftAlone;
+    if (waiting->own)
+        for (const SIO_Journal::Write& write : waiting->own->writes)
             _staged.insert(write.target, write.staged);
     return {};
 }
@@ -83,21 +85,14 @@ UT_Result<QByteArray> SIO_FolderReader::read(const QString& relative)
     const QString place = placeOf(relative);
     const QString path = _folder + u'/' + place;
     _seen.insert(path, stampOf(path));
-    QFile file(path);
-    if (!QFileInfo::exists(path))
-        return UT_Error{translated("\"%1\" is missing").arg(shown(relative))};
-    if (!SIO_pathInside(_folder, relative) || !SIO_staysInside(_folder, place))
+    if (!SIO_pathInside(_folder, relative))
         return UT_Error{translated("\"%1\" leads out of the scene's folder").arg(shown(relative))};
-    if (!QFileInfo(path).isFile())
-        return UT_Error{translated("\"%1\" is no file").arg(shown(relative))};
-    if (file.size() > kSIO_maxFileBytes)
-        return UT_Error{translated("\"%1\" is larger than %2 MiB").arg(shown(relative)).arg(kSIO_maxFileBytes >> 20)};
-    if (!file.open(QIODevice::ReadOnly))
-        return UT_Error{translated("cannot read \"%1\": %2").arg(shown(relative), file.errorString())};
-    const QByteArray bytes = file.read(kSIO_maxFileBytes + 1);
-    if (file.error() != QFileDevice::NoError || bytes.size() > kSIO_maxFileBytes)
-        return UT_Error{translated("cannot read \"%1\": %2").arg(shown(relative), file.errorString())};
-    return bytes;
+    auto bytes = SIO_readInside(_folder, place, SIO_maxBytesOf(relative));
+    if (!bytes)
+        return bytes.error();
+    if (!*bytes)
+        return UT_Error{translated("\"%1\" is missing").arg(shown(relative))};
+    return std::move(**bytes);
 }
 
 bool SIO_FolderReader::isUnchanged() const

@@ -21,13 +21,15 @@ public:
     UT_Result<void> open();
     /// The path of a file as people shall read it.
     QString shown(const QString& relative) const;
-    /// The bytes of a file; an error when there is none, it is too large, or it lies outside of the folder. An
-    /// extension in another case will do.
+    /// The bytes of a file; an error when there is none, it is too large for its kind, is no plain file, or is reached
+    /// through a link. An extension in another case will do.
     UT_Result<QByteArray> read(const QString& relative);
     /// True when everything read still stands there as it was: together it is one scene.
     bool isUnchanged() const;
     /// True when a journal was waiting in open().
     bool sawJournal() const { return _journal.size >= 0; }
+    /// After open(): why the journal that waits is not the scene's, for people; empty when it is, or none waits.
+    const QString& journalLeftAlone() const { return _leftAlone; }
 
 private:
     struct Stamp
@@ -46,6 +48,7 @@ private:
     QHash<QString, QString> _staged;
     QHash<QString, Stamp> _seen;
     Stamp _journal;
+    QString _leftAlone;
 };
 
 /// The path of a file in its folder: with the extension's case as it is on the disk where there is no file of exactly

@@ -4,6 +4,7 @@
 #include "QuarvelSceneIO/private/SIO_Index.h"
 
 #include "QuarvelPersistentObj/PO_XmlReading.h"
+#include "QuarvelSceneIO/private/SIO_JournalText.h"
 #include "QuarvelSceneIO/private/SIO_PathInside.h"
 
 #include <QCoreApplication>
@@ -124,6 +125,8 @@ private:
     {
         if (const auto inside = SIO_pathInside(QString(), path); !inside)
             return _context.error(element, inside.error().text);
+        if (!SIO_isScenePath(path))
+            return _context.error(element, translated("\"%1\" is no drawing's file; its name ends in .kvr").arg(path));
         if (_paths.contains(path.toLower()))
             return _context.error(element, translated("the file \"%1\" comes twice").arg(path));
         _paths.insert(path.toLower());

@@ -4,24 +4,19 @@
 // the disk before the journal goes.
 #include "QuarvelSceneIO/private/SIO_Journal.h"
 
-#include "QuarvelSceneIO/private/SIO_PathInside.h"
+#include "QuarvelSceneIO/private/SIO_JournalSeal.h"
+#include "QuarvelSceneIO/private/SIO_Limits.h"
+#include "QuarvelSceneIO/private/SIO_SafeFile.h"
 
 #include <QCoreApplication>
-#include <QCryptographicHash>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QSet>
 
-const QString kSIO_journalFile = QStringLiteral(".journal");
-const QString kSIO_stagingFolder = QStringLiteral(".save");
+#include <algorithm>
 
 namespace {
 
-const QByteArray kFirstLine = "quarvel-journal 1";
-const QByteArray kWrite = "write ";
-const QByteArray kDelete = "delete ";
-const QByteArray kEnd = "end ";
 constexpr qint64 kLongestJournal = 64 * 1024 * 1024;
 
 QString translated(const char* text)
@@ -29,39 +24,11 @@ QString translated(const char* text)
     return QCoreApplication::translate("SIO_Journal", text);
 }
 
-QByteArray checksum(const QByteArray& text)
-{
-    return QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex();
-}
-
-QString stagedPath(const QByteArray& name)
-{
-    return kSIO_stagingFolder + u'/' + QString::fromUtf8(name);
-}
-
-bool isInside(const QString& path)
-{
-    return SIO_pathInside(QString(), path).ok();
-}
-
-bool parseLine(const QByteArray& line, SIO_Journal& journal)
-{
-    if (line.startsWith(kDelete)) {
-        journal.deletes << QString::fromUtf8(line.mid(kDelete.size()));
-        return isInside(journal.deletes.back());
-    }
-    const auto space = line.indexOf(' ', kWrite.size());
-    if (!line.startsWith(kWrite) || space < 0)
-        return false;
-    journal.writes.push_back(
-        {stagedPath(line.mid(kWrite.size(), space - kWrite.size())), QString::fromUtf8(line.mid(space + 1))});
-    return isInside(journal.writes.back().staged) && isInside(journal.writes.back().target);
-}
-
 // A link in a file's own place will be replaced; one above it would have the file written elsewhere.
 bool isSafePlace(const QString& folder, const QString& relative)
 {
-    return SIO_staysInside(folder, QFileInfo(relative).path());
+    const auto slash = relative.lastIndexOf(u'/');
+    return SIO_hasNoLinks(folder, slash < 0 ? QString() : relative.left(slash));
 }
 
 // Makes the folders between the scene's and a file.
@@ -104,8 +71,8 @@ private:
     {
         const QString staged = _folder + u'/' + write.staged;
         const QString target = _folder + u'/' + write.target;
-        if (!SIO_staysInside(_folder, write.staged) || !isSafePlace(_folder, write.target))
-            return UT_Error{translated("\"%1\" leads out of the scene's folder").arg(write.target)};
+        if (!SIO_hasNoLinks(_folder, write.staged) || !isSafePlace(_folder, write.target))
+            return UT_Error{translated("\"%1\" is reached through a link").arg(write.target)};
         if (!QFileInfo::exists(staged)) {
             if (QFileInfo::exists(target))
                 return {};
@@ -122,7 +89,7 @@ private:
         const QString path = _folder + u'/' + relative;
         const QString parent = QFileInfo(path).path();
         if (!isSafePlace(_folder, relative))
-            return UT_Error{translated("\"%1\" leads out of the scene's folder").arg(relative)};
+            return UT_Error{translated("\"%1\" is reached through a link").arg(relative)};
         if (auto removed = _disk.removeFile(path); !removed)
             return removed;
         _touched.insert(parent);
@@ -141,14 +108,16 @@ private:
 UT_Result<void> dropStaging(const QString& folder, SIO_FileSystem& disk)
 {
     const QString staging = folder + u'/' + kSIO_stagingFolder;
+    if (!SIO_hasNoLinks(folder, kSIO_stagingFolder))
+        return UT_Error{translated("\"%1\" is a link; remove it").arg(QDir::toNativeSeparators(staging))};
     if (!QFileInfo::exists(staging))
         return {};
-    if (!SIO_staysInside(folder, kSIO_stagingFolder) || QFileInfo(staging).isSymLink())
-        return UT_Error{translated("\"%1\" leads out of the scene's folder; remove it").arg(staging)};
+    // What no save has put there is not for a save to remove.
     const auto names = QDir(staging).entryList(QDir::Files | QDir::Hidden | QDir::System);
     for (const QString& name : names)
-        if (auto removed = disk.removeFile(staging + u'/' + name); !removed)
-            return removed;
+        if (SIO_isStagedName(name))
+            if (auto removed = disk.removeFile(staging + u'/' + name); !removed)
+                return removed;
     return disk.removeFolder(staging);
 }
 
@@ -163,10 +132,10 @@ UT_Result<void> finish(const QString& folder, const SIO_Journal& journal, SIO_Fi
     return dropStaging(folder, disk);
 }
 
-bool hasBytes(const QString& path, const QByteArray& bytes)
+bool hasBytes(const QString& folder, const QString& relative, const QByteArray& bytes)
 {
-    QFile file(path);
-    return file.size() == bytes.size() && file.open(QIODevice::ReadOnly) && file.readAll() == bytes;
+    const auto there = SIO_readInside(folder, relative, bytes.size());
+    return there && *there == bytes;
 }
 
 // Writes the new files into the staging folder, and the journal with them.
@@ -179,12 +148,15 @@ UT_Result<SIO_Journal> stage(const QString& folder, const QMap<QString, QByteArr
     SIO_Journal journal;
     journal.deletes = deletes;
     for (auto file = files.cbegin(); file != files.cend(); ++file) {
-        const QString staged = stagedPath(QByteArray::number(static_cast<qulonglong>(journal.writes.size())));
+        const QString staged = SIO_stagedPath(QByteArray::number(static_cast<qulonglong>(journal.writes.size())));
         if (const auto written = disk.writeFile(folder + u'/' + staged, file.value()); !written)
             return written.error();
-        journal.writes.push_back({staged, file.key()});
+        journal.writes.push_back({staged, file.key(), SIO_digest(file.value())});
     }
-    if (const auto written = disk.writeFile(staging + QStringLiteral("/journal"), SIO_journalText(journal)); !written)
+    const auto text = SIO_sealed(SIO_journalText(journal), folder);
+    if (!text)
+        return text.error();
+    if (const auto written = disk.writeFile(staging + QStringLiteral("/journal"), *text); !written)
         return written.error();
     if (const auto synced = disk.sync(staging); !synced)
         return synced.error();
@@ -207,57 +179,46 @@ UT_Result<void> commit(const QString& folder, SIO_FileSystem& disk)
     return {};
 }
 
+// Whether the files that a journal puts in place are the ones that were saved. One that is gone is in place already.
+bool hasItsFiles(const QString& folder, const SIO_Journal& journal)
+{
+    return std::all_of(journal.writes.begin(), journal.writes.end(), [&](const SIO_Journal::Write& write) {
+        const auto bytes = SIO_readInside(folder, write.staged, SIO_maxBytesOf(write.target));
+        return bytes && (!*bytes || SIO_digest(**bytes) == write.digest);
+    });
+}
+
+QString reasonToLeaveAlone(const QString& folder)
+{
+    return translated("\"%1\" is a save that was cut short, but not one that you began in this folder on this machine; "
+                      "it was left alone. Open the scene where it was saved, or remove \".journal\" and \".save\"")
+        .arg(QDir::toNativeSeparators(folder + u'/' + kSIO_journalFile));
+}
+
 } // namespace
 
-QByteArray SIO_journalText(const SIO_Journal& journal)
+UT_Result<SIO_WaitingJournal> SIO_waitingJournal(const QString& folder)
 {
-    QByteArray text = kFirstLine + '\n';
-    for (const SIO_Journal::Write& write : journal.writes)
-        text += kWrite + write.staged.mid(kSIO_stagingFolder.size() + 1).toUtf8() + ' ' + write.target.toUtf8() + '\n';
-    for (const QString& path : journal.deletes)
-        text += kDelete + path.toUtf8() + '\n';
-    return text + kEnd + checksum(text) + '\n';
-}
-
-std::optional<SIO_Journal> SIO_parseJournal(const QByteArray& text)
-{
-    const auto end = text.lastIndexOf('\n' + kEnd) + 1;
-    if (end <= 0 || text.mid(end) != kEnd + checksum(text.left(end)) + '\n')
-        return std::nullopt;
-    QList<QByteArray> lines = text.left(end - 1).split('\n');
-    if (lines.takeFirst() != kFirstLine)
-        return std::nullopt;
-    SIO_Journal journal;
-    for (const QByteArray& line : std::as_const(lines))
-        if (!parseLine(line, journal))
-            return std::nullopt;
-    return journal;
-}
-
-UT_Result<std::optional<SIO_Journal>> SIO_waitingJournal(const QString& folder)
-{
-    const QString path = folder + u'/' + kSIO_journalFile;
-    QFile file(path);
-    if (!file.exists())
-        return std::optional<SIO_Journal>();
-    const bool readable = file.size() <= kLongestJournal && file.open(QIODevice::ReadOnly);
-    // Whoever carries it out may be done with it in between.
-    if (!readable && !QFileInfo::exists(path))
-        return std::optional<SIO_Journal>();
-    auto journal = readable ? SIO_parseJournal(file.readAll()) : std::nullopt;
-    if (!journal)
-        return UT_Error{translated("\"%1\" is damaged; a save was cut short there. Take it away to see the scene "
-                                   "without that save")
-                            .arg(QDir::toNativeSeparators(path))};
-    return journal;
+    const auto bytes = SIO_readInside(folder, kSIO_journalFile, kLongestJournal);
+    if (!bytes)
+        return bytes.error();
+    if (!*bytes)
+        return SIO_WaitingJournal();
+    const auto text = SIO_unsealed(**bytes, folder);
+    auto journal = text ? SIO_parseJournal(*text) : std::nullopt;
+    if (!journal || !hasItsFiles(folder, *journal))
+        return SIO_WaitingJournal{std::nullopt, reasonToLeaveAlone(folder)};
+    return SIO_WaitingJournal{std::move(journal), {}};
 }
 
 UT_Result<void> SIO_recover(const QString& folder, SIO_FileSystem& disk)
 {
-    const auto journal = SIO_waitingJournal(folder);
-    if (!journal)
-        return journal.error();
-    return *journal ? finish(folder, **journal, disk) : dropStaging(folder, disk);
+    const auto waiting = SIO_waitingJournal(folder);
+    if (!waiting)
+        return waiting.error();
+    if (!waiting->leftAlone.isEmpty())
+        return UT_Error{waiting->leftAlone};
+    return waiting->own ? finish(folder, *waiting->own, disk) : dropStaging(folder, disk);
 }
 
 UT_Result<void> SIO_changeFiles(const QString& folder, const QMap<QString, QByteArray>& files,
@@ -266,10 +227,10 @@ UT_Result<void> SIO_changeFiles(const QString& folder, const QMap<QString, QByte
     QMap<QString, QByteArray> changed;
     for (auto file = files.cbegin(); file != files.cend(); ++file) {
         const QString path = folder + u'/' + file.key();
-        if (!isSafePlace(folder, file.key()) || QFileInfo(path).isDir())
+        if (!SIO_isScenePath(file.key()) || !isSafePlace(folder, file.key()) || QFileInfo(path).isDir())
             return UT_Error{translated("\"%1\" is no place for a file of the scene: a link or a folder is in the way")
                                 .arg(QDir::toNativeSeparators(path))};
-        if (!SIO_staysInside(folder, file.key()) || !hasBytes(path, file.value()))
+        if (!hasBytes(folder, file.key(), file.value()))
             changed.insert(file.key(), file.value());
     }
     if (changed.isEmpty() && deletes.isEmpty())
@@ -283,24 +244,4 @@ UT_Result<void> SIO_changeFiles(const QString& folder, const QMap<QString, QByte
     // The new scene counts from here on. What cannot be put in place now is read from where it is.
     (void)finish(folder, *journal, disk);
     return {};
-}
-
-bool SIO_staysInside(const QString& folder, const QString& relative)
-{
-    const QString home = QFileInfo(folder).canonicalFilePath();
-    if (home.isEmpty())
-        return false;
-    // The deepest part that exists says where the rest would be. A link to nowhere exists for this purpose.
-    for (QString path = relative; !path.isEmpty(); path = path.left(path.lastIndexOf(u'/'))) {
-        const QFileInfo info(folder + u'/' + path);
-        if (info.exists()) {
-            const QString real = info.canonicalFilePath();
-            return real == home || real.startsWith(home.endsWith(u'/') ? home : home + u'/');
-        }
-        if (info.isSymLink())
-            return false;
-        if (!path.contains(u'/'))
-            break;
-    }
-    return true;
 }

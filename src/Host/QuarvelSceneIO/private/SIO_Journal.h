@@ -6,50 +6,32 @@
 // comes next carries out what the journal says. Carrying it out twice does no harm: a file that is no longer in ".save"
 // is in its place already.
 //
-//     quarvel-journal 1
-//     write 0 elements/Hero/1.kvr
-//     write 1 scene.xml
-//     delete elements/Hero/2.kvr
-//     end 8c0f...                      the SHA-256 of the lines before
+// A journal is carried out only where its seal says that this user wrote it on this machine for this folder, and where
+// the files in ".save" are the ones that it lists. Any other is left alone: the scene is read as it stands, and saving
+// into the folder is refused until a person has taken the journal away.
 #pragma once
 
 #include "QuarvelSceneIO/private/SIO_FileSystem.h"
+#include "QuarvelSceneIO/private/SIO_JournalText.h"
 
 #include <QMap>
-#include <QStringList>
 
-#include <optional>
-#include <vector>
-
-/// What is to be done. Paths are within the scene's folder.
-struct SIO_Journal
+/// What ".journal" in a scene's folder is.
+struct SIO_WaitingJournal
 {
-    struct Write
-    {
-        QString staged; ///< a path, in ".save"
-        QString target;
-    };
-
-    std::vector<Write> writes;
-    QStringList deletes;
+    std::optional<SIO_Journal> own; ///< one to be carried out
+    QString leftAlone;              ///< why there is one that is not carried out, for people; empty otherwise
 };
 
-/// The names within a scene's folder that belong to saving.
-extern const QString kSIO_journalFile;
-extern const QString kSIO_stagingFolder;
-
-/// The text of a journal.
-QUARVELSCENEIO_EXPORT QByteArray SIO_journalText(const SIO_Journal& journal);
-/// The inverse; nothing when the text is damaged or a path in it leads out of a scene's folder.
-QUARVELSCENEIO_EXPORT std::optional<SIO_Journal> SIO_parseJournal(const QByteArray& text);
-
-/// The journal that waits in a scene's folder.
+/// Looks for a journal in a scene's folder; changes nothing.
 ///
-/// @return nothing when there is none; an error when it is damaged
-QUARVELSCENEIO_EXPORT UT_Result<std::optional<SIO_Journal>> SIO_waitingJournal(const QString& folder);
+/// @return an error when there is something under its name that is no plain file, or cannot be read
+QUARVELSCENEIO_EXPORT UT_Result<SIO_WaitingJournal> SIO_waitingJournal(const QString& folder);
 
 /// Carries out the journal that waits, if one does, and throws away what a save left that was not finished. For the
 /// holder of the scene's lock.
+///
+/// @return an error too when there is a journal that is left alone
 QUARVELSCENEIO_EXPORT UT_Result<void> SIO_recover(const QString& folder, SIO_FileSystem& disk);
 
 /// Changes files of a scene, all or none. For the holder of the scene's lock, after SIO_recover().
@@ -60,6 +42,3 @@ QUARVELSCENEIO_EXPORT UT_Result<void> SIO_recover(const QString& folder, SIO_Fil
 /// has to be finished by whoever opens the scene next
 QUARVELSCENEIO_EXPORT UT_Result<void> SIO_changeFiles(const QString& folder, const QMap<QString, QByteArray>& files,
                                                       const QStringList& deletes, SIO_FileSystem& disk);
-
-/// True when a path within a scene's folder, as far as it exists, does not leave that folder through symbolic links.
-QUARVELSCENEIO_EXPORT bool SIO_staysInside(const QString& folder, const QString& relative);

@@ -3,10 +3,19 @@
 // What a scene's files may hold. The same limits hold for saving, so that every scene that is saved can be loaded.
 #pragma once
 
-#include <QtGlobal>
+#include <QString>
 
-/// The bytes of one file.
+/// The bytes of the main file, and of one drawing.
 inline constexpr qint64 kSIO_maxFileBytes = 64 * 1024 * 1024;
+/// The bytes of one palette.
+inline constexpr qint64 kSIO_maxPaletteBytes = 16 * 1024 * 1024;
+
+/// The bytes of a file by its path within the scene's folder.
+inline qint64 SIO_maxBytesOf(const QString& relative)
+{
+    return relative.startsWith(QLatin1String("palettes/")) ? kSIO_maxPaletteBytes : kSIO_maxFileBytes;
+}
+
 /// The shapes of one drawing.
 inline constexpr int kSIO_maxShapes = 1000000;
 /// The width and the height of a shape's picture, in pixels.

@@ -55,8 +55,8 @@ private:
 
     void addFile(const QString& path, const QByteArray& bytes)
     {
-        if (bytes.size() > kSIO_maxFileBytes)
-            fail(translated("\"%1\" would be larger than %2 MiB").arg(path).arg(kSIO_maxFileBytes >> 20));
+        if (bytes.size() > SIO_maxBytesOf(path))
+            fail(translated("\"%1\" would be larger than %2 MiB").arg(path).arg(SIO_maxBytesOf(path) >> 20));
         _files.insert(path, bytes);
     }
 

@@ -1,0 +1,53 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// A journal: the list of what is to be done to make a scene's folder hold the new scene.
+//
+//     quarvel-journal 2
+//     write 0 8c0f... elements/Hero/1.kvr     the file in ".save", the SHA-256 of its bytes, its place
+//     write 1 51d2... scene.xml
+//     delete elements/Hero/2.kvr
+//     seal 70ab...                            see SIO_JournalSeal.h
+#pragma once
+
+#include "QuarvelSceneIO/QuarvelSceneIOExport.h"
+
+#include <QByteArray>
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+/// What is to be done. Paths are within the scene's folder.
+struct SIO_Journal
+{
+    struct Write
+    {
+        QString staged; ///< a path, in ".save"
+        QString target;
+        QByteArray digest; ///< of the staged file's bytes, as SIO_digest() gives it
+    };
+
+    std::vector<Write> writes;
+    QStringList deletes;
+};
+
+/// The names within a scene's folder that belong to saving.
+extern const QString kSIO_journalFile;
+extern const QString kSIO_stagingFolder;
+
+/// The path of a file that waits in ".save".
+QString SIO_stagedPath(const QByteArray& name);
+/// True for the names that a save gives to files in ".save": numbers, and the journal before it counts.
+bool SIO_isStagedName(const QString& name);
+
+/// True for the paths that files of a scene can have: "scene.xml", "palettes/*.xml" and "elements/*/*.kvr", the
+/// extension in upper or lower case. Saving and what finishes a save touch nothing else.
+QUARVELSCENEIO_EXPORT bool SIO_isScenePath(const QString& relative);
+
+/// SHA-256 in hexadecimal digits.
+QUARVELSCENEIO_EXPORT QByteArray SIO_digest(const QByteArray& bytes);
+
+/// The text of a journal, without its seal.
+QUARVELSCENEIO_EXPORT QByteArray SIO_journalText(const SIO_Journal& journal);
+/// The inverse; nothing when the text is damaged or a path in it is not a scene's.
+QUARVELSCENEIO_EXPORT std::optional<SIO_Journal> SIO_parseJournal(const QByteArray& text);

@@ -1,0 +1,170 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Scenes that mean harm, opened by the program as a person opens them: nothing acts, nothing hangs, and a message says
+// what was found.
+#include "QuarvelSceneIO/private/SIO_Journal.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using testing::AllOf;
+using testing::HasSubstr;
+
+namespace {
+
+QString text(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+struct Outcome
+{
+    int exitCode;
+    std::string output;
+    std::string messages;
+};
+
+class HostileScene : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        put("hero.svg", R"(<svg xmlns="http://www.w3.org/2000/svg" width="64" height="64">
+            <rect x="16" y="16" width="32" height="32" fill="#ff0000"/></svg>)");
+        const Outcome outcome = quarvel({text("import"), text("hero.svg"), text("-o"), text("s.scene")});
+        ASSERT_EQ(outcome.exitCode, 0) << outcome.messages;
+    }
+
+    QString path(const QString& name) const { return _folder.path() + u'/' + name; }
+    void put(const char* name, const QByteArray& bytes) const
+    {
+        QDir().mkpath(QFileInfo(path(text(name))).path());
+        QFile file(path(text(name)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(bytes), bytes.size());
+    }
+
+    // What lies in the scene's folder: the names, and what they are or hold.
+    QMap<QString, QByteArray> sceneFolder() const
+    {
+        QMap<QString, QByteArray> found;
+        QDirIterator all(path(text("s.scene")), QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                         QDirIterator::Subdirectories);
+        while (all.hasNext()) {
+            QFile file(all.next());
+            const bool isPlain = all.fileInfo().isFile() && !all.fileInfo().isSymLink();
+            found.insert(all.filePath(), isPlain && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray());
+        }
+        return found;
+    }
+
+    QString aDrawing() const
+    {
+        QDirIterator drawings(path(text("s.scene/elements")), {text("*.kvr")}, QDir::Files,
+                              QDirIterator::Subdirectories);
+        return drawings.next();
+    }
+
+    Outcome quarvel(const QStringList& words) const
+    {
+        QProcess process;
+        process.setWorkingDirectory(_folder.path());
+        process.start(QStringLiteral(QUARVEL_PROGRAM), words);
+        if (!process.waitForFinished(60'000)) {
+            process.kill();
+            process.waitForFinished();
+            ADD_FAILURE() << "the program hangs";
+        }
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        return {process.exitCode(), process.readAllStandardOutput().toStdString(),
+                process.readAllStandardError().toStdString()};
+    }
+    Outcome inspect() const { return quarvel({text("inspect"), text("s.scene")}); }
+
+private:
+    QTemporaryDir _folder;
+};
+
+} // namespace
+
+TEST_F(HostileScene, AJournalThatCameWithItIsReportedAndChangesNothing)
+{
+    // A repository whose root is the scene: its settings name a program, which every command of git would then run.
+    put("s.scene/.git/config", "[core]\n");
+    const QByteArray settings = "[core]\n\tfsmonitor = \"touch OWNED\"\n";
+    put("s.scene/.save/0", settings);
+    const QByteArray first = "quarvel-journal 1\nwrite 0 .git/config\n";
+    const QByteArray second = "quarvel-journal 2\nwrite 0 " + SIO_digest(settings) + " .git/config\n";
+    const QByteArrayList journals = {first + "end " + SIO_digest(first) + '\n',
+                                     second + "seal " + SIO_digest(second) + '\n',
+                                     "quarvel-journal 2\ndelete scene.xml\n", "nonsense"};
+    for (const QByteArray& journal : journals) {
+        put("s.scene/.journal", journal);
+        const auto before = sceneFolder();
+        const Outcome inspected = inspect();
+        EXPECT_EQ(inspected.exitCode, 0) << inspected.messages;
+        EXPECT_THAT(inspected.messages, AllOf(HasSubstr(".journal"), HasSubstr("it was left alone")));
+        // To change the scene is refused, and says what to do.
+        const Outcome changed = quarvel({text("set"), text("s.scene"), text("frames"), text("1-9")});
+        EXPECT_EQ(changed.exitCode, 1);
+        EXPECT_THAT(changed.messages, HasSubstr("remove \".journal\" and \".save\""));
+        EXPECT_EQ(sceneFolder(), before);
+    }
+}
+
+TEST_F(HostileScene, LinksPipesAndDevicesAreRefusedWhereverTheyLie)
+{
+    const QStringList places = {path(text("s.scene/.journal")), path(text("s.scene/scene.xml")), aDrawing()};
+    for (const QString& place : places) {
+        const QByteArray name = QFile::encodeName(place);
+        QFile file(place);
+        const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        file.remove();
+        ASSERT_EQ(::mkfifo(name.constData(), 0600), 0);
+        Outcome outcome = inspect();
+        EXPECT_EQ(outcome.exitCode, 1);
+        EXPECT_THAT(outcome.messages, AllOf(HasSubstr(name.toStdString()), HasSubstr("is no plain file")));
+        for (const char* target : {"/dev/zero", "/nowhere", "scene.xml", "../hero.svg"}) {
+            file.remove();
+            ASSERT_EQ(::symlink(target, name.constData()), 0);
+            outcome = inspect();
+            EXPECT_EQ(outcome.exitCode, 1);
+            EXPECT_THAT(outcome.messages, AllOf(HasSubstr(name.toStdString()), HasSubstr("through a link"))) << target;
+        }
+        file.remove();
+        if (!bytes.isEmpty()) {
+            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+            ASSERT_EQ(file.write(bytes), bytes.size());
+            file.close();
+        }
+    }
+    EXPECT_EQ(inspect().exitCode, 0);
+}
+
+TEST_F(HostileScene, AFolderThatIsALinkIsRefused)
+{
+    ASSERT_TRUE(QDir().rename(path(text("s.scene/elements")), path(text("s.scene/real"))));
+    ASSERT_EQ(::symlink("real", QFile::encodeName(path(text("s.scene/elements"))).constData()), 0);
+    const Outcome outcome = inspect();
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_THAT(outcome.messages, HasSubstr("through a link"));
+}
+
+TEST_F(HostileScene, TheLocksNameCanBeTaken)
+{
+    const QString lock = path(text("s.scene/.lock"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(lock).constData(), 0600), 0);
+    EXPECT_EQ(inspect().exitCode, 0);
+    const Outcome changed = quarvel({text("set"), text("s.scene"), text("frames"), text("1-9")});
+    EXPECT_EQ(changed.exitCode, 1);
+    EXPECT_THAT(changed.messages, HasSubstr(".lock\" is no plain file; remove it"));
+}
