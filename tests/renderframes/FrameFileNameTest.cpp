@@ -25,6 +25,14 @@ TEST(FrameFileName, FillsUpWithZeros)
     EXPECT_EQ(named("n.%d.png", 7), "n.7.png");
 }
 
+TEST(FrameFileName, TakesTheWordsOfOtherPrograms)
+{
+    EXPECT_EQ(named("out/n.$F4.exr", 7), "out/n.0007.exr");
+    EXPECT_EQ(named("out/n.$F.exr", 7), "out/n.7.exr");
+    EXPECT_EQ(named("out/n.<frame04>.exr", 7), "out/n.0007.exr");
+    EXPECT_EQ(named("out/n.<frame>.exr", 7), "out/n.7.exr");
+}
+
 TEST(FrameFileName, GrowsWithTheNumber)
 {
     EXPECT_EQ(named("n.##.png", 12345), "n.12345.png");

@@ -64,9 +64,34 @@ TEST(RenderOptions, TakeMemoryInUnits)
 TEST(RenderOptions, TakeShardsWithinTheirNumber)
 {
     EXPECT_THAT(options("--shard 2/8").shard, Pair(2, 8));
-    for (const char* wrong : {"0/8", "9/8", "2", "a/b", "1/2/3", "-1/2"})
+    EXPECT_THAT(options("--shard 8/8").shard, Pair(8, 8));
+    for (const char* wrong : {"9/8", "0/0", "2", "a/b", "1/2/3", "-1/2"})
         EXPECT_THAT(refused(qPrintable(QStringLiteral("s -o n.exr --shard=%1").arg(QLatin1String(wrong)))),
                     HasSubstr("--shard"));
+}
+
+TEST(RenderOptions, TakeShardsThatAreCountedFromZero)
+{
+    // 0/3 1/3 2/3 are all pieces as well as 1/3 2/3 3/3 are.
+    EXPECT_THAT(options("--shard 0/3").shard, Pair(3, 3));
+}
+
+TEST(RenderOptions, TakeTheShardOfAnArrayTask)
+{
+    const auto set = [](const char* task, const char* first, const char* count) {
+        qputenv("SLURM_ARRAY_TASK_ID", task);
+        qputenv("SLURM_ARRAY_TASK_MIN", first);
+        qputenv("SLURM_ARRAY_TASK_COUNT", count);
+    };
+    set("12", "10", "4");
+    EXPECT_THAT(options("--shard auto").shard, Pair(3, 4));
+    set("3", "0", "4");
+    EXPECT_THAT(options("--shard auto").shard, Pair(4, 4));
+    set("14", "10", "4");
+    EXPECT_THAT(refused("s -o n.exr --shard auto"), HasSubstr("SLURM_ARRAY_TASK_ID"));
+    for (const char* name : {"SLURM_ARRAY_TASK_ID", "SLURM_ARRAY_TASK_MIN", "SLURM_ARRAY_TASK_COUNT"})
+        qunsetenv(name);
+    EXPECT_THAT(refused("s -o n.exr --shard auto"), HasSubstr("SLURM_ARRAY_TASK_ID"));
 }
 
 TEST(RenderOptions, TakeEveryStyleOfProgress)
@@ -76,6 +101,8 @@ TEST(RenderOptions, TakeEveryStyleOfProgress)
     EXPECT_EQ(options("--progress lines").progress, RenderProgressStyle::LINES);
     EXPECT_EQ(options("--progress json").progress, RenderProgressStyle::JSON);
     EXPECT_EQ(options("--progress none").progress, RenderProgressStyle::NONE);
+    EXPECT_EQ(options("--progress percent").progress, RenderProgressStyle::PERCENT);
+    EXPECT_EQ(options("--progress openjd").progress, RenderProgressStyle::OPENJD);
 }
 
 TEST(RenderOptions, TakeWhatThePictureIsTakenFor)

@@ -157,17 +157,49 @@ TEST_F(RenderProgram, TellsProgressInJson)
     EXPECT_EQ(last.value(QStringLiteral("total")).toInt(), 2);
 }
 
-TEST_F(RenderProgram, LeavesWholeFilesOnlyWhenInterrupted)
+TEST_F(RenderProgram, TellsSchedulersProgressOnStandardOutput)
+{
+    const Outcome percent = quarvel("small.scene -o n.##.png --frames 1-4 --resolution 32 --progress percent");
+    EXPECT_THAT(percent.output, AllOf(HasSubstr("\n50%\n"), HasSubstr("\n100%\n")));
+    EXPECT_THAT(percent.messages, testing::IsEmpty());
+    const Outcome openjd = quarvel("small.scene -o n.##.png --frames 1-4 --resolution 32 --jobs 1 --progress openjd");
+    EXPECT_THAT(openjd.output,
+                AllOf(HasSubstr("\nopenjd_progress: 50\n"), HasSubstr("\nopenjd_status: frame 4, 4 of 4\n")));
+}
+
+TEST_F(RenderProgram, IsQuietWhenToldSo)
+{
+    for (const char* progress : {"openjd", "percent", "lines", "json"}) {
+        const std::string words =
+            std::string("small.scene -q -o n.##.png --frames 1-2 --resolution 32 --progress ") + progress;
+        const Outcome outcome = quarvel(words.c_str());
+        EXPECT_EQ(outcome.output + outcome.messages, "") << progress;
+    }
+}
+
+TEST_F(RenderProgram, TellsSchedulersOfAFrameThatFails)
+{
+    ASSERT_TRUE(QDir(path(".")).mkpath(QStringLiteral("out/n.2.png")));
+    const Outcome outcome = quarvel("small.scene -o out/n.#.png --frames 1-3 --resolution 32 --progress openjd");
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_THAT(outcome.output, HasSubstr("\nopenjd_fail: frame 2: "));
+    EXPECT_THAT(outcome.output, HasSubstr(": 2 written, 0 complete already, 1 failed\n"));
+}
+
+class StoppedRender : public RenderProgram, public testing::WithParamInterface<int>
+{};
+
+TEST_P(StoppedRender, LeavesWholeFilesOnly)
 {
     QProcess process;
     start(process, "small.scene -o out/n.##.exr --resolution 640 --jobs 2");
     ASSERT_TRUE(process.waitForStarted());
     for (int i = 0; i < 600 && filesIn("out").size() < 2; ++i)
         QThread::msleep(50);
-    ASSERT_EQ(::kill(static_cast<pid_t>(process.processId()), SIGINT), 0);
+    ASSERT_EQ(::kill(static_cast<pid_t>(process.processId()), GetParam()), 0);
     ASSERT_TRUE(process.waitForFinished(60'000));
     EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(process.exitCode(), 130);
+    EXPECT_EQ(process.exitCode(), 128 + GetParam());
     const QStringList files = filesIn("out");
     EXPECT_LT(files.size(), 48);
     for (const QString& name : files) {
@@ -175,6 +207,8 @@ TEST_F(RenderProgram, LeavesWholeFilesOnlyWhenInterrupted)
         EXPECT_TRUE(IIO_read(path("out/") + name)) << name.toStdString();
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(Signals, StoppedRender, testing::Values(SIGINT, SIGTERM));
 
 TEST_F(RenderProgram, MakesAPreview)
 {

@@ -13,22 +13,20 @@
 #include "jobs/frames/FilmFile.h"
 #include "jobs/frames/FrameOnDisk.h"
 #include "jobs/frames/FrameRange.h"
-#include "jobs/frames/MachineMemory.h"
 #include "jobs/frames/RenderFrames.h"
 #include "jobs/frames/RenderMemory.h"
 #include "jobs/frames/RenderPreview.h"
+#include "jobs/limits/JobLimits.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
-#include <thread>
 
 namespace {
 
 constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
-constexpr int kStopped = 130;
 
 // Everything that a run needs, found in the scene.
 struct Plan
@@ -116,9 +114,9 @@ FramePictureSettings pictureSettings(const RenderOptions& options, const Plan& p
 
 UT_Result<int> atOnceOf(const RenderOptions& options, const RD_RenderParameters& parameters)
 {
-    const int threads = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
-    return framesAtOnce(options.jobs > 0 ? options.jobs : threads, parameters,
-                        options.memory > 0.0 ? options.memory : machineMemory() / 2.0);
+    const JobLimits limits = jobLimits();
+    return framesAtOnce(options.jobs > 0 ? options.jobs : limits.threads, parameters,
+                        options.memory > 0.0 ? options.memory : limits.memory / 2.0);
 }
 
 UT_Result<Plan> planOf(const MO_Scene& scene, const RenderOptions& options)
@@ -150,7 +148,8 @@ UT_Result<Plan> planOf(const MO_Scene& scene, const RenderOptions& options)
 
 RenderFramesResult run(const Plan& plan, const RenderOptions& options)
 {
-    RenderProgress progress(options.progress, static_cast<int>(plan.settings.frames.size()));
+    RenderProgress progress(options.quiet ? RenderProgressStyle::NONE : options.progress,
+                            static_cast<int>(plan.settings.frames.size()));
     RenderFramesWatcher watcher;
     watcher.stop = &StopSignal::came;
     watcher.progress = [&](double done) { progress.show(done); };
@@ -166,11 +165,12 @@ RenderFramesResult run(const Plan& plan, const RenderOptions& options)
 
 void printSummary(const RenderFramesResult& result, const RenderOptions& options)
 {
-    QString text = QStringLiteral("%1 -> %2: %3 written").arg(options.scene, options.output).arg(result.written);
-    if (result.kept > 0)
-        text += QStringLiteral(", %1 complete already").arg(result.kept);
-    if (result.failed > 0)
-        text += QStringLiteral(", %1 failed").arg(result.failed);
+    // Always in this form, so that a scheduler can read it by a regular expression.
+    const QString text = QStringLiteral("%1 -> %2: %3 written, %4 complete already, %5 failed")
+                             .arg(options.scene, options.output)
+                             .arg(result.written)
+                             .arg(result.kept)
+                             .arg(result.failed);
     std::printf("%s\n", qPrintable(text));
 }
 
@@ -181,7 +181,7 @@ int renderFiles(const Plan& plan, const RenderOptions& options)
     const RenderFramesResult result = run(plan, options);
     printSummary(result, options);
     if (result.stopped)
-        return kStopped;
+        return StopSignal::exitCode();
     return result.failed > 0 ? kFailed : 0;
 }
 
@@ -201,7 +201,7 @@ int renderFilm(const Plan& plan, const RenderOptions& options)
     if (!made) {
         if (!StopSignal::came())
             say(made.error().text);
-        return StopSignal::came() ? kStopped : kFailed;
+        return StopSignal::came() ? StopSignal::exitCode() : kFailed;
     }
     if (*made != options.preview)
         say(QStringLiteral("ffmpeg is not installed, so the preview is an animated PNG: %1").arg(*made));
@@ -216,9 +216,9 @@ int renderAll(const Plan& plan, const RenderOptions& options)
         return 0;
     }
     int exitCode = renderFiles(plan, options);
-    if (exitCode != kStopped)
+    if (!StopSignal::came())
         exitCode = std::max(exitCode, renderFilm(plan, options));
-    if (exitCode == kStopped)
+    if (StopSignal::came())
         say(QStringLiteral("stopped; --resume goes on from here"));
     return exitCode;
 }

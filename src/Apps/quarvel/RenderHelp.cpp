@@ -13,14 +13,15 @@ SCENE is a scene's folder. Each frame goes into a file of its own, which appears
 
 Files
   -o, --output FILE     where the frames go: out/n.####.exr or out/n.%04d.exr, where the number is filled up with zeros,
-                        or out/n.%d.exr. The ending says the format: .exr (OpenEXR) or .png (16 bits a channel)
+                        or out/n.%d.exr; n.$F4.exr and n.<frame04>.exr mean the same. The ending says the format: .exr (OpenEXR) or .png (16 bits a channel)
       --half            16-bit floats in OpenEXR files instead of 32-bit ones
       --preview FILE    also makes a film of the lit frames, at most 960 pixels wide: .mp4 or .gif where ffmpeg is
                         installed, and .png (an animated PNG) everywhere
       --fps N           how many frames a second the preview shows (24)
 
 What is rendered
-      --frames RANGE    1-10, 1-10x2 (every second), 1,3,7-9, -5--1; default: all of the scene
+      --frames RANGE    1-10, 1-10x2 (every second), 1,3,7-9, -5--1; also 1..10, 1-10:2 and blanks between them, as
+                        schedulers write it. Default: all of the scene
       --node NAME       the module whose picture is rendered; default: what the scene's display shows
       --as KIND         what its picture is taken for: normals, elevation or colours. Default: what the graph says,
                         normals for a Vallorin node and colours for anything else
@@ -38,14 +39,18 @@ How normals are written
 OpenEXR files keep what spreads beyond the frame: their data window may be larger than their display window.
 
 How it runs
-      --jobs N          how many frames are rendered at once; default: as many as the machine has threads
+      --jobs N          how many frames are rendered at once; default: as many as the job has threads (affinity,
+                        control groups and SLURM_CPUS_PER_TASK count)
       --memory SIZE     how much memory the frames may take together, such as 4G; fewer are rendered at once where it
-                        takes more. Default: half of the machine's
+                        takes more. Default: half of what the job may use (available memory, control groups,
+                        SLURM_MEM_PER_NODE)
       --resume          leaves alone frames that are complete and newer than the scene
-      --shard I/N       only every N-th frame from the I-th on, for N machines that share the work
+      --shard I/N       only every N-th frame from the I-th on, for N machines that share the work; counted
+                        from 1 or from 0. auto: as SLURM_ARRAY_TASK_ID and SLURM_ARRAY_TASK_COUNT say
       --progress STYLE  bar (with the time left), lines (one for every percent), json (one object for every frame) or
-                        none, on standard error. Default: bar on a terminal, lines elsewhere
-  -q, --quiet           nothing on standard output
+                        none, on standard error. Default: bar on a terminal, lines elsewhere. On standard output:
+                        percent (12% and so on) and openjd (openjd_progress: 12, openjd_status:, openjd_fail:)
+  -q, --quiet           neither results nor progress, only warnings and errors
   -h, --help            this text
 
 Ctrl-C stops in order: no file is left half-written. Again: at once.
@@ -58,6 +63,6 @@ Examples
   quarvel render bounce.scene -o out/line.####.png --node Composite --resolution 3840x2160
 
 Exit code: 0 when every frame was done, 1 when one was not (the others are), 2 when the command line made no sense, 130 when
-the run was stopped.
+Ctrl-C stopped the run, 143 when the system did (SIGTERM).
 )");
 }

@@ -72,15 +72,34 @@ Taken takeProxy(RenderOptions& options, const QString& option, const QString& va
     return {};
 }
 
+// The pieces that Slurm numbers from the first task of an array on.
+UT_Result<std::pair<int, int>> shardOfArrayTask(const QString& option)
+{
+    bool known[3] = {};
+    const int task = qEnvironmentVariableIntValue("SLURM_ARRAY_TASK_ID", &known[0]);
+    const int first = qEnvironmentVariableIntValue("SLURM_ARRAY_TASK_MIN", &known[1]);
+    const int count = qEnvironmentVariableIntValue("SLURM_ARRAY_TASK_COUNT", &known[2]);
+    const int index = task - (known[1] ? first : 0) + 1;
+    if (!known[0] || !known[2] || index < 1 || index > count)
+        return UT_Error{QStringLiteral("%1 auto: this is no task of an array without gaps (SLURM_ARRAY_TASK_ID and "
+                                       "SLURM_ARRAY_TASK_COUNT say which of how many); write %1 1/4")
+                            .arg(option)};
+    return std::pair{index, count};
+}
+
 Taken takeShard(RenderOptions& options, const QString& option, const QString& value)
 {
+    if (value == QLatin1String("auto"))
+        return keep(shardOfArrayTask(option), [&](const std::pair<int, int>& shard) { options.shard = shard; });
     const auto pair = parsePair(option, value, QStringLiteral("which piece of how many, such as 1/4"));
     if (!pair)
         return pair.error();
-    if (pair->first < 1 || pair->first > pair->second)
-        return UT_Error{
-            QStringLiteral("%1 %2: the pieces are numbered from 1 to the number behind the stroke").arg(option, value)};
-    options.shard = *pair;
+    if (pair->first < 0 || pair->second < 1 || pair->first > pair->second)
+        return UT_Error{QStringLiteral("%1 %2: the pieces are numbered from 1, or from 0, up to the number behind the "
+                                       "stroke")
+                            .arg(option, value)};
+    // Counted from 0, the pieces are 0/8 to 7/8; counted from 1, 1/8 to 8/8. Either way each is rendered once.
+    options.shard = {pair->first == 0 ? pair->second : pair->first, pair->second};
     return {};
 }
 
@@ -137,7 +156,7 @@ std::vector<Row> rows()
         {{s("shard")}, true, takeShard},
         {{s("progress")},
          true,
-         choice({s("auto"), s("bar"), s("lines"), s("json"), s("none")},
+         choice({s("auto"), s("bar"), s("lines"), s("json"), s("none"), s("percent"), s("openjd")},
                 [](Options& o, int i) { o.progress = static_cast<RenderProgressStyle>(i); })},
         {{s("q"), s("quiet")}, false, flag(&Options::quiet)},
         {{s("h"), s("help")}, false, flag(&Options::help)},

@@ -23,6 +23,15 @@ RenderProgressStyle chosen(RenderProgressStyle style)
     return standardErrorIsTerminal() ? RenderProgressStyle::BAR : RenderProgressStyle::LINES;
 }
 
+QByteArray jsonOf(int frame, int done, int total, const QString& error)
+{
+    QJsonObject object{
+        {QStringLiteral("frame"), frame}, {QStringLiteral("done"), done}, {QStringLiteral("total"), total}};
+    if (!error.isEmpty())
+        object.insert(QStringLiteral("error"), error);
+    return QJsonDocument(object).toJson(QJsonDocument::Compact);
+}
+
 } // namespace
 
 RenderProgress::RenderProgress(RenderProgressStyle style, int total) : _style(chosen(style)), _total(total) {}
@@ -35,9 +44,7 @@ RenderProgress::~RenderProgress()
 void RenderProgress::show(double fraction)
 {
     const int percent = std::max(_percent, static_cast<int>(std::clamp(fraction, 0.0, 1.0) * 100.0 + 1e-9));
-    if (_style == RenderProgressStyle::LINES)
-        for (int step = _percent + 1; step <= percent; ++step)
-            std::fprintf(stderr, "%d%%\n", step);
+    printPercents(percent);
     const bool news = percent != _percent;
     _percent = percent;
     constexpr auto kBetweenDrawings = std::chrono::milliseconds(500);
@@ -50,13 +57,40 @@ void RenderProgress::frameEnded(int frame, const QString& error)
     ++_done;
     if (_style == RenderProgressStyle::BAR)
         drawBar(_percent / 100.0);
-    if (_style != RenderProgressStyle::JSON)
-        return;
-    QJsonObject object{
-        {QStringLiteral("frame"), frame}, {QStringLiteral("done"), _done}, {QStringLiteral("total"), _total}};
-    if (!error.isEmpty())
-        object.insert(QStringLiteral("error"), error);
-    std::fprintf(stderr, "%s\n", QJsonDocument(object).toJson(QJsonDocument::Compact).constData());
+    if (_style == RenderProgressStyle::JSON)
+        std::fprintf(stderr, "%s\n", jsonOf(frame, _done, _total, error).constData());
+    if (_style == RenderProgressStyle::OPENJD)
+        printFrame(frame, error);
+}
+
+void RenderProgress::printPercents(int percent) const
+{
+    for (int step = _percent + 1; step <= percent; ++step)
+        switch (_style) {
+        case RenderProgressStyle::LINES:
+            std::fprintf(stderr, "%d%%\n", step);
+            break;
+        case RenderProgressStyle::PERCENT:
+            std::printf("%d%%\n", step);
+            break;
+        case RenderProgressStyle::OPENJD:
+            std::printf("openjd_progress: %d\n", step);
+            break;
+        default:
+            return;
+        }
+    // A scheduler reads from a pipe, which would be written in blocks.
+    if (_style == RenderProgressStyle::PERCENT || _style == RenderProgressStyle::OPENJD)
+        std::fflush(stdout);
+}
+
+void RenderProgress::printFrame(int frame, const QString& error) const
+{
+    if (error.isEmpty())
+        std::printf("openjd_status: frame %d, %d of %d\n", frame, _done, _total);
+    else
+        std::printf("openjd_fail: frame %d: %s\n", frame, qUtf8Printable(error.simplified()));
+    std::fflush(stdout);
 }
 
 void RenderProgress::clear()

@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// RenderProgress: tells on standard error how far a render of many frames is.
+// RenderProgress: tells how far a render of many frames is, on standard error or, where a scheduler reads it there, on
+// standard output.
 #pragma once
 
 #include <QString>
@@ -14,7 +15,9 @@ enum class RenderProgressStyle
     BAR,       ///< a bar with the time left, rewritten in place
     LINES,     ///< one line a percent
     JSON,      ///< one object a frame: {"done":2,"frame":7,"total":48}, with "error" when the frame failed
-    NONE
+    NONE,
+    PERCENT, ///< "12%" and a line break, on standard output
+    OPENJD   ///< the lines of the Open Job Description on standard output: openjd_progress, openjd_status, openjd_fail
 };
 
 /// Shows progress. For one thread at a time.
@@ -42,6 +45,8 @@ private:
 
     QString timeLeft(double fraction) const;
     void drawBar(double fraction);
+    void printPercents(int percent) const;
+    void printFrame(int frame, const QString& error) const;
 
     RenderProgressStyle _style;
     int _total;

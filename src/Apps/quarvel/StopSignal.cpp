@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The handler does nothing but what a handler may do: it sets a flag that needs no lock.
+// The handler does nothing but what a handler may do: it sets a number that needs no lock.
 #include "StopSignal.h"
 
 #include <atomic>
@@ -8,12 +8,12 @@
 
 namespace {
 
-std::atomic<bool> stopCame = false;
-static_assert(std::atomic<bool>::is_always_lock_free);
+std::atomic<int> signalThatCame = 0;
+static_assert(std::atomic<int>::is_always_lock_free);
 
 extern "C" void noteStop(int signal)
 {
-    stopCame = true;
+    signalThatCame = signal;
     std::signal(signal, SIG_DFL);
 }
 
@@ -30,7 +30,7 @@ void (*catchSignal(int signal))(int)
 
 StopSignal::StopSignal() : _interrupt(nullptr), _terminate(nullptr)
 {
-    stopCame = false;
+    signalThatCame = 0;
     _interrupt = catchSignal(SIGINT);
     _terminate = catchSignal(SIGTERM);
 }
@@ -43,5 +43,11 @@ StopSignal::~StopSignal()
 
 bool StopSignal::came()
 {
-    return stopCame;
+    return signalThatCame != 0;
+}
+
+int StopSignal::exitCode()
+{
+    const int signal = signalThatCame;
+    return signal == 0 ? 0 : 128 + signal;
 }

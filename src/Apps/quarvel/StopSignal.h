@@ -15,6 +15,9 @@ public:
 
     /// Whether a signal came since the object was made. For any thread.
     static bool came();
+    /// What a program that ends because of the signal exits with: 128 and the signal's number, as shells say it; 130
+    /// for Ctrl-C, 143 for the wish of a system. 0 when none came.
+    static int exitCode();
 
 private:
     using Handler = void (*)(int);

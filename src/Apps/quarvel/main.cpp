@@ -10,6 +10,7 @@
 #include "Say.h"
 #include "SetCommand.h"
 #include "jobs/WorkerThreads.h"
+#include "jobs/limits/JobLimits.h"
 
 #include <QGuiApplication>
 
@@ -116,6 +117,6 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(passGraveMessages);
     const QGuiApplication application(argc, argv);
-    const WorkerThreads threads;
+    const WorkerThreads threads(jobLimits().threads);
     return run(QCoreApplication::arguments().sliced(1));
 }

@@ -5,6 +5,7 @@
 #include "QuarvelPlugInManager/PLUG_Manager.h"
 #include "QuarvelPlugInManager/PLUG_Services.h"
 #include "jobs/WorkerThreads.h"
+#include "jobs/limits/JobLimits.h"
 #include "studio/window/Appearance.h"
 #include "studio/window/Icons.h"
 #include "studio/window/MainWindow.h"
@@ -47,7 +48,7 @@ int main(int argc, char** argv)
     parser.addPositionalArgument(QStringLiteral("files"),
                                  QApplication::translate("main", "A scene, or drawings to import."));
     parser.process(application);
-    const WorkerThreads threads;
+    const WorkerThreads threads(jobLimits().threads);
 
     PLUG_EditorWidgets widgets;
     PLUG_Services::setWidgetFactoryRegistry(&widgets);

@@ -5,7 +5,7 @@
 #include "jobs/drawing/NormalMapJob.h"
 
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
-#include "jobs/frames/MachineMemory.h"
+#include "jobs/limits/JobLimits.h"
 
 namespace {
 
@@ -26,7 +26,7 @@ UT_Result<void> checkMemory(const std::pair<int, int>& resolution, const RD_Rend
     const double bytes =
         parameters.celFormat() == CEL_FORMAT_RGBA16 ? sizeof(CEL_PixelRGBA16) : sizeof(CEL_PixelRGBAFloat);
     const double needed = kPixelsHeldAtOnce * bytes * width * height;
-    const double present = machineMemory();
+    const double present = jobLimits().memory;
     if (needed > present)
         return UT_Error{
             QStringLiteral("a picture of %1 x %2 pixels needs about %3 GB of memory and this machine has %4 GB; "

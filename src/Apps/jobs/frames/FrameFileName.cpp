@@ -18,7 +18,7 @@ int digitsOf(const QRegularExpressionMatch& match)
 {
     if (match.captured(0).startsWith(QLatin1Char('#')))
         return std::min(static_cast<int>(match.capturedLength(0)), kMaxDigits);
-    return std::min(match.captured(1).toInt(), kMaxDigits);
+    return std::min(match.captured(match.lastCapturedIndex()).toInt(), kMaxDigits);
 }
 
 } // namespace
@@ -27,7 +27,7 @@ UT_Result<FrameFileName> FrameFileName::parse(const QString& pattern)
 {
     if (const auto format = IIO_pictureFormatOf(pattern); !format)
         return format.error();
-    static const QRegularExpression place(QStringLiteral("#+|%(0?[0-9]{0,2})d"));
+    static const QRegularExpression place(QStringLiteral("#+|%(0?[0-9]{0,2})d|\\$F([0-9]{0,2})|<frame([0-9]{0,2})>"));
     FrameFileName name;
     const qsizetype ownName = pattern.lastIndexOf(QLatin1Char('/')) + 1;
     QRegularExpressionMatch last;

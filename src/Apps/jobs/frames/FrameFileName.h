@@ -1,11 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// FrameFileName: the name of each frame's file. The last run of # in the file's own name, or the last %d or %04d, is
-// where the frame's number goes:
+// FrameFileName: the name of each frame's file. The last of these in the file's own name is where the frame's number
+// goes:
 //
-//     out/n.####.exr   out/n.0007.exr, out/n.-0007.exr, out/n.12345.exr
-//     out/n.%04d.exr   the same
-//     out/n.%d.exr     out/n.7.exr
+//     out/n.####.exr      out/n.0007.exr, out/n.-0007.exr, out/n.12345.exr
+//     out/n.%04d.exr      the same, as also n.$F4.exr and n.<frame04>.exr
+//     out/n.%d.exr        out/n.7.exr, as also n.$F.exr and n.<frame>.exr
 //
 // Folders are taken as they stand.
 #pragma once

@@ -17,15 +17,23 @@ UT_Error notUnderstood(const QString& part, const QString& why)
                 .arg(part, why)};
 }
 
+// The parts of a range. Blanks around the signs inside of a part do not end it.
+QStringList partsOf(const QString& text)
+{
+    static const QRegularExpression aroundSigns(QStringLiteral("(?<=[0-9])\\s*(-|\\.\\.|x|:)\\s*(?=-?[0-9])"));
+    static const QRegularExpression between(QStringLiteral("\\s*[,;]\\s*|\\s+"));
+    return QString(text).replace(aroundSigns, QStringLiteral("\\1")).trimmed().split(between);
+}
+
 } // namespace
 
 UT_Result<FrameRange> FrameRange::parse(const QString& text)
 {
     // Nine digits always fit in an int.
     static const QRegularExpression form(
-        QStringLiteral("^\\s*(-?[0-9]{1,9})(?:\\s*-\\s*(-?[0-9]{1,9})(?:\\s*x\\s*([0-9]{1,9}))?)?\\s*$"));
+        QStringLiteral("^(-?[0-9]{1,9})(?:(?:-|\\.\\.)(-?[0-9]{1,9})(?:[x:]([0-9]{1,9}))?)?$"));
     FrameRange range;
-    for (const QString& word : text.split(QLatin1Char(','))) {
+    for (const QString& word : partsOf(text)) {
         const QRegularExpressionMatch match = form.match(word);
         if (!match.hasMatch())
             return notUnderstood(word, QString());

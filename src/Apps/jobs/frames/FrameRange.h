@@ -7,6 +7,9 @@
 //     1-10x2       every second one: 1 3 5 7 9
 //     -5--1,3,7-9  several of these, joined by commas; frames may be negative
 //
+// Schedulers of render farms spell the same in other ways, which are read as well: 1..10, 1-10:2, and blanks or
+// semicolons in place of commas.
+//
 // A range is kept as it was written and only counted out within the frames of a scene, so that a range over all
 // numbers costs nothing.
 #pragma once

@@ -11,6 +11,7 @@
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 #include "jobs/frames/FrameOnDisk.h"
 #include "jobs/frames/FrameState.h"
+#include "jobs/limits/JobLimits.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -60,8 +61,7 @@ public:
     {
         const auto workers = static_cast<unsigned>(
             std::clamp<std::size_t>(_shots.size(), 1, static_cast<std::size_t>(std::max(1, _settings.atOnce))));
-        const unsigned present = std::max(1U, std::thread::hardware_concurrency());
-        const auto share = static_cast<int>(std::max(1U, present / workers));
+        const int share = std::max(1, jobLimits().threads / static_cast<int>(workers));
         std::vector<std::jthread> others;
         for (unsigned i = 1; i < workers; ++i)
             others.emplace_back([this, share] { work(share); });

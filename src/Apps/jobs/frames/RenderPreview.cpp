@@ -5,6 +5,7 @@
 
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 #include "jobs/frames/FilmFile.h"
+#include "jobs/limits/JobLimits.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -30,9 +31,9 @@ Frame tryFrame(const LitFrames& frames, int frame)
 std::vector<Frame> batch(const LitFrames& frames, std::span<const int> numbers)
 {
     std::vector<Frame> made(numbers.size(), Frame(std::vector<std::uint8_t>()));
-    const auto share = std::max(1U, std::thread::hardware_concurrency() / static_cast<unsigned>(numbers.size()));
+    const int share = std::max(1, jobLimits().threads / static_cast<int>(numbers.size()));
     const auto work = [&](std::size_t i) {
-        tbb::task_arena arena(static_cast<int>(share));
+        tbb::task_arena arena(share);
         arena.execute([&] { made[i] = tryFrame(frames, numbers[i]); });
     };
     std::vector<std::jthread> others;

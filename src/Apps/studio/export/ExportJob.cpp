@@ -5,8 +5,8 @@
 
 #include "QuarvelSceneCore/graph/MO_SceneCopy.h"
 #include "jobs/frames/FrameRange.h"
-#include "jobs/frames/MachineMemory.h"
 #include "jobs/frames/RenderMemory.h"
+#include "jobs/limits/JobLimits.h"
 
 #include <QFileInfo>
 #include <QThread>
@@ -73,7 +73,7 @@ UT_Result<void> ExportJob::start(const MO_Scene& scene, const ExportChoices& cho
                                                 : RD_RenderParameters::IMAGE_PROCESSING_16BIT,
                             {choices.width, height}};
     // One at a time leaves the window a core to answer on.
-    const auto atOnce = framesAtOnce(1, _settings.parameters, machineMemory() / 2.0);
+    const auto atOnce = framesAtOnce(1, _settings.parameters, jobLimits().memory / 2.0);
     if (!atOnce)
         return atOnce.error();
     _settings.atOnce = *atOnce;
