@@ -1,5 +1,15 @@
-# How every target of the project is compiled: C++20, warnings as errors, hidden symbols, and arithmetic that gives the same
-# bits on every machine.
+# How every target of the project is compiled: C++20, hidden symbols, and arithmetic that gives the same bits on every machine.
+#
+# There is one optimised configuration, CMake's Release: -O3 without assertions. It is what a build without a named type gets, what
+# people run, what is installed, and what the benchmarks measure. Assertions live in the Debug configuration, which the sanitizers
+# use as well.
+
+option(VALLORIN_WERROR "Warnings are errors; our presets say so, a build with another compiler need not fail for a new warning" OFF)
+
+get_property(is_multi_config GLOBAL PROPERTY GENERATOR_IS_MULTI_CONFIG)
+if(NOT is_multi_config AND NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "Release (what people run) or Debug (with assertions)" FORCE)
+endif()
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -22,7 +32,7 @@ endif()
 add_library(vallorin_compiler INTERFACE)
 target_compile_definitions(vallorin_compiler INTERFACE QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
 if(MSVC)
-  target_compile_options(vallorin_compiler INTERFACE /W4 /WX /permissive- /utf-8 /fp:precise)
+  target_compile_options(vallorin_compiler INTERFACE /W4 $<$<BOOL:${VALLORIN_WERROR}>:/WX> /permissive- /utf-8 /fp:precise)
 else()
   target_compile_options(
     vallorin_compiler
@@ -34,8 +44,10 @@ else()
               -Wnon-virtual-dtor
               -Woverloaded-virtual
               -Wold-style-cast
-              -Werror
-              -ffp-contract=off)
+              $<$<BOOL:${VALLORIN_WERROR}>:-Werror>
+              -ffp-contract=off
+              # Reports of crashes name the lines.
+              $<$<CONFIG:Release>:-g1>)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # GCC 12 drops the rounding to float between two neighbouring double(float(expression)) when it pairs them into one vector
     # operation (seen at -O2 and above); the results of the pixel code must not depend on that.

@@ -5,6 +5,8 @@
 #include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "attributes/AttrTesting.h"
 
+#include <QByteArray>
+
 #include <map>
 #include <thread>
 #include <vector>
@@ -173,12 +175,15 @@ TEST_F(AttrLink, InACircleStillTellsAndEnds)
 TEST_F(AttrLink, EndsInTheLocalValueWhenTheChainIsTooLong)
 {
     constexpr int kLength = 10000;
+    const auto name = [](int i) {
+        return QByteArrayLiteral("N") + QByteArray::number(i) + QByteArrayLiteral(".Scale");
+    };
     std::vector<std::unique_ptr<AT_DoubleAttr>> chain;
     for (int i = 0; i < kLength; ++i) {
         chain.push_back(makeScale(i == 0 ? 8.0 : 1.0));
-        scope.add(("N" + std::to_string(i) + ".Scale").c_str(), *chain.back());
+        scope.add(name(i).constData(), *chain.back());
         if (i > 0)
-            link(*chain.back(), ("N" + std::to_string(i - 1) + ".Scale").c_str());
+            link(*chain.back(), name(i - 1).constData());
     }
     EXPECT_EQ(chain[256]->value(0.0), 8.0);
     EXPECT_EQ(chain[257]->value(0.0), 1.0);
