@@ -1,0 +1,73 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+#include "form/ChooseObjects.h"
+
+#include "form/choice/LayerAssembly.h"
+
+#include <algorithm>
+#include <map>
+
+namespace {
+
+// The layers as they are.
+ChosenObjects believed(const DIO_Drawing& drawing)
+{
+    ChosenObjects chosen;
+    chosen.drawing = drawing;
+    for (const DIO_Layer& layer : drawing.layers) {
+        ChosenObject object;
+        object.name = layer.name;
+        object.reason =
+            layer.declared ? QStringLiteral("a layer of the file") : QStringLiteral("what lies in no layer");
+        chosen.objects.push_back(object);
+    }
+    return chosen;
+}
+
+// What parts would be if every shape were one.
+FoundParts everyShape(const std::vector<ShapeFacts>& facts, const Grid& grid)
+{
+    FoundParts found{{}, {}, std::vector<Verdict>(facts.size()), PartMap(grid)};
+    for (std::size_t i = 0; i < facts.size(); ++i) {
+        if (facts[i].area == 0)
+            continue;
+        const auto index = static_cast<int>(found.parts.size());
+        found.map.paint(facts[i].mask, static_cast<int>(i), index);
+        found.parts.push_back(
+            {{static_cast<int>(i)}, {}, facts[i].mask, ObjectRole::BODY, QStringLiteral("a shape"), false});
+        found.order.push_back(index);
+    }
+    return found;
+}
+
+bool hasLayers(const DIO_Drawing& drawing)
+{
+    return std::ranges::count(drawing.layers, true, &DIO_Layer::declared) >= 2;
+}
+
+} // namespace
+
+DIO_Grouping groupingFor(ObjectChoice choice)
+{
+    switch (choice) {
+    case ObjectChoice::GROUPS:
+        return DIO_Grouping::GROUPS;
+    case ObjectChoice::ONE:
+    case ObjectChoice::SHAPES:
+        return DIO_Grouping::ONE;
+    case ObjectChoice::AUTO:
+    case ObjectChoice::LAYERS:
+        break;
+    }
+    return DIO_Grouping::AUTO;
+}
+
+ChosenObjects chooseObjects(const DIO_Drawing& drawing, ObjectChoice choice)
+{
+    const bool found = choice == ObjectChoice::SHAPES || (choice == ObjectChoice::AUTO && !hasLayers(drawing));
+    if (!found || drawing.viewBox.isEmpty())
+        return believed(drawing);
+    const Grid grid = gridFor(drawing);
+    const std::vector<ShapeFacts> facts = collectFacts(drawing, grid);
+    const FoundParts parts = choice == ObjectChoice::SHAPES ? everyShape(facts, grid) : findParts(facts, grid);
+    return parts.parts.empty() ? believed(drawing) : assembleLayers(drawing, facts, parts, grid);
+}

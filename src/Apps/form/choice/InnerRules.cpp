@@ -1,0 +1,114 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The first rule that holds decides. The bounds were found on drawings with known forms and on sets of emoji.
+#include "form/choice/InnerRules.h"
+
+namespace {
+
+constexpr double kSolid = 0.7;       // below this opacity a shape is a shadow or a shine
+constexpr double kSmallest = 0.0004; // of the picture
+constexpr double kFollowing = 0.25;  // of the outline
+constexpr double kOffTheRim = 0.05;  // of the outline
+constexpr double kThin = 0.2;        // of the body's width
+constexpr double kLongLine = 4.0;    // elongation of lines
+constexpr double kRound = 0.8;       // roundness of what may be a ball
+constexpr double kEllipse = 0.62;    // of what may be an eye
+constexpr double kHalfOfBase = 0.5;
+constexpr double kShade = 5.0;       // a difference in lightness that is seen as shading
+constexpr double kDark = 42.0;       // the lightness of holes
+constexpr double kMuchDarker = 22.0; // than what is around
+constexpr double kBead = 0.034;      // of the body: larger dark shapes are holes
+constexpr double kBright = 85.0;     // lightness of shines
+constexpr double kFullBox = 0.9;     // a rectangle's share of its box
+
+Verdict mark(const char* reason)
+{
+    return {Verdict::Kind::MARK, QString::fromLatin1(reason), ObjectRole::BODY, -1};
+}
+
+Verdict object(const char* reason, ObjectRole role = ObjectRole::BODY)
+{
+    return {Verdict::Kind::OBJECT, QString::fromLatin1(reason), role, -1};
+}
+
+bool isSmall(const InnerShape& inner)
+{
+    return inner.shape.area < kSmallest * inner.gridArea || inner.shape.width < 2.0;
+}
+
+bool isThin(const InnerShape& inner)
+{
+    return inner.shape.elongation() > kLongLine && inner.shape.width < std::max(3.0, kThin * inner.body.width);
+}
+
+bool isMuchDarker(const InnerShape& inner)
+{
+    return inner.shape.colour.lightness < kDark &&
+           inner.ground.colour.lightness - inner.shape.colour.lightness > kMuchDarker;
+}
+
+bool isRectangle(const ShapeFacts& shape)
+{
+    const QRect box = shape.mask.box();
+    return shape.area > kFullBox * box.width() * box.height();
+}
+
+Verdict judgeConcentric(const InnerShape& inner)
+{
+    const bool dial = inner.shape.colour.lightness > inner.ground.colour.lightness + kShade;
+    return dial ? object("a dial in its rim", ObjectRole::FLAT) : mark("a smaller copy of what it lies on");
+}
+
+Verdict judgeShade(const InnerShape& inner)
+{
+    const ShapeFacts& shape = inner.shape;
+    const bool darker = shape.colour.lightness < inner.ground.colour.lightness - kShade;
+    const bool free = inner.follows < kOffTheRim && inner.share < kHalfOfBase;
+    if (free && darker && isRectangle(shape) && inner.siblings > 0)
+        return object("one of several panels", ObjectRole::OPENING);
+    if (free && isMuchDarker(inner) && shape.roundness > kEllipse)
+        return inner.share > kBead ? object("a dark hole", ObjectRole::OPENING) : object("a dark bead");
+    if (free && shape.roundness > kRound && (darker || inner.share > kBead))
+        return object("a round shape of another shade");
+    return mark("a shade of what it lies on");
+}
+
+Verdict judgeOtherHue(const InnerShape& inner)
+{
+    const ShapeFacts& shape = inner.shape;
+    const bool free = inner.follows < kOffTheRim && inner.share < kHalfOfBase;
+    if (free && isRectangle(shape) && inner.siblings > 0)
+        return object("one of several windows", ObjectRole::OPENING);
+    if (free && isMuchDarker(inner) && shape.roundness > kEllipse && inner.share > kBead)
+        return object("a dark hole", ObjectRole::OPENING);
+    const bool shine = shape.colour.lightness > kBright && shape.colour.lightness > inner.ground.colour.lightness;
+    if (shine && shape.roundness < kEllipse && inner.held == 0.0)
+        return mark("a bright mark");
+    if (shape.roundness > 0.4 && shape.elongation() < 8.0)
+        return object("a compact shape of another hue");
+    return mark("a long shape in another");
+}
+
+} // namespace
+
+Verdict judgeInner(const InnerShape& inner)
+{
+    const ShapeFacts& shape = inner.shape;
+    if (shape.opacity < kSolid)
+        return mark("a shadow or a shine");
+    if (isSmall(inner))
+        return mark("a small mark");
+    if (shape.plain && shape.paint == inner.ground.paint)
+        return mark("of one colour with what it lies on");
+    if (inner.held > 0.1 && isMuchDarker(inner) && inner.share > kBead)
+        return object("a dark shape that holds others", ObjectRole::OPENING);
+    if (inner.concentric)
+        return judgeConcentric(inner);
+    if (inner.follows > kFollowing)
+        return mark("a pattern: it follows the outline of what it lies on");
+    if (isThin(inner))
+        return mark("a thin mark");
+    if (shape.plain && shape.paint == inner.body.paint && inner.outlined > 0.6)
+        return object("a part drawn again in its colour");
+    return isSameHue(shape.colour, inner.ground.colour) ? judgeShade(inner) : judgeOtherHue(inner);
+}

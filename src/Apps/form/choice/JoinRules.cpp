@@ -1,0 +1,33 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+#include "form/choice/JoinRules.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr double kInked = 0.5;   // of the seam
+constexpr double kNotched = 0.7; // a seam shorter than this much of the narrower piece's width has notches at its ends
+constexpr double kLongSeam = 0.32; // of the smaller outline
+constexpr double kAbutting = 0.12; // of the smaller area may lie over the other
+
+bool isAbutting(const ShapeFacts& shape, const ShapeFacts& piece, const Meeting& meeting)
+{
+    return meeting.overlap < kAbutting * std::min(shape.area, piece.area);
+}
+
+} // namespace
+
+QString joins(const ShapeFacts& shape, const ShapeFacts& piece, const Meeting& meeting)
+{
+    if (meeting.contact < 3 || meeting.inked > kInked * meeting.contact)
+        return {};
+    if (shape.plain && piece.plain && shape.paint == piece.paint) {
+        const double narrower = 2.0 * std::min(shape.inscribed, piece.inscribed);
+        return meeting.contact >= kNotched * narrower ? QStringLiteral("of one colour") : QString();
+    }
+    const bool longSeam = meeting.contact >= kLongSeam * std::min(shape.outline, piece.outline);
+    if (!longSeam || !isAbutting(shape, piece, meeting))
+        return {};
+    return isSameHue(shape.colour, piece.colour) ? QStringLiteral("a shade beside it")
+                                                 : QStringLiteral("a colour beside it");
+}

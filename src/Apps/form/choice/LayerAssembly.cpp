@@ -1,0 +1,149 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The outline of a body of several pieces, grown by a reach, needs no uniting of paths: a copy of the worn shape for
+// each piece, clipped to the piece, and one for the stroke along its outline show the same.
+#include "form/choice/LayerAssembly.h"
+
+#include <QPainterPathStroker>
+
+#include <algorithm>
+#include <map>
+
+namespace {
+
+constexpr std::size_t kColoursNamed = 4;
+
+class LayerAssembly
+{
+public:
+    LayerAssembly(const DIO_Drawing& drawing, const std::vector<ShapeFacts>& facts, const FoundParts& found,
+                  const Grid& grid)
+        : _drawing(drawing), _facts(facts), _found(found), _grid(grid), _shapes(shapesInOrder(drawing))
+    {}
+
+    ChosenObjects assemble()
+    {
+        countVisible();
+        ChosenObjects chosen;
+        chosen.drawing = _drawing;
+        chosen.drawing.layers.clear();
+        for (const int index : _found.order) {
+            const Part& part = _found.parts[static_cast<std::size_t>(index)];
+            chosen.objects.push_back(describe(index, part));
+            chosen.drawing.layers.push_back({chosen.objects.back().name, false, shapesOf(part)});
+        }
+        return chosen;
+    }
+
+private:
+    const DIO_Shape& shape(int index) const { return *_shapes[static_cast<std::size_t>(index)]; }
+
+    void countVisible()
+    {
+        const QRect bounds = _found.map.bounds();
+        for (int y = 0; y < bounds.height(); ++y)
+            for (int x = 0; x < bounds.width(); ++x)
+                if (const int part = _found.map.partAt(x, y); part != PartMap::kNone)
+                    ++_visible[part][_facts[static_cast<std::size_t>(_found.map.shapeAt(x, y))].paint];
+    }
+
+    // Body and worn shapes in the order of painting.
+    std::vector<DIO_Shape> shapesOf(const Part& part) const
+    {
+        std::multimap<int, DIO_Shape> ordered;
+        for (const int body : part.body)
+            ordered.emplace(body, shape(body));
+        for (const WornShape& worn : part.worn)
+            if (worn.whole)
+                ordered.emplace(worn.shape, shape(worn.shape));
+            else
+                for (DIO_Shape& copy : clipped(worn, part))
+                    ordered.emplace(worn.shape, std::move(copy));
+        std::vector<DIO_Shape> shapes;
+        for (auto& [index, placed] : ordered)
+            shapes.push_back(std::move(placed));
+        return shapes;
+    }
+
+    std::vector<DIO_Shape> clipped(const WornShape& worn, const Part& part) const
+    {
+        const double unit = _grid.frame.width() / _grid.width;
+        const double reach = worn.reach * unit;
+        const DIO_Shape& original = shape(worn.shape);
+        const QRectF bounds = original.path.boundingRect();
+        std::vector<DIO_Shape> copies;
+        for (const int piece : part.body) {
+            const DIO_Shape& body = shape(piece);
+            if (!body.path.boundingRect().adjusted(-reach, -reach, reach, reach).intersects(bounds))
+                continue;
+            const QPainterPath outline = body.clip ? body.path.intersected(*body.clip) : body.path;
+            copies.push_back(held(original, outline));
+            if (reach > 0.0)
+                copies.push_back(held(original, strokeAlong(outline, reach)));
+            // A second copy of what one sees through would show.
+            if (original.opacity < 1.0)
+                break;
+        }
+        return copies;
+    }
+
+    static DIO_Shape held(const DIO_Shape& original, const QPainterPath& outline)
+    {
+        DIO_Shape copy = original;
+        copy.clip = original.clip ? original.clip->intersected(outline) : outline;
+        return copy;
+    }
+
+    static QPainterPath strokeAlong(const QPainterPath& outline, double reach)
+    {
+        QPainterPathStroker stroker;
+        stroker.setWidth(2.0 * reach);
+        stroker.setJoinStyle(Qt::RoundJoin);
+        stroker.setCapStyle(Qt::RoundCap);
+        stroker.setCurveThreshold(std::min(0.25, reach / 8.0));
+        return stroker.createStroke(outline);
+    }
+
+    ChosenObject describe(int index, const Part& part)
+    {
+        ChosenObject object;
+        object.reason = part.reason;
+        object.role = part.role;
+        std::vector<std::pair<int, int>> areas; // negative area, paint
+        int cells = 0;
+        for (const auto& [paint, area] : _visible[index]) {
+            areas.emplace_back(-area, paint);
+            cells += area;
+        }
+        std::ranges::sort(areas);
+        for (std::size_t i = 0; i < std::min(areas.size(), kColoursNamed); ++i)
+            object.colours.append(_drawing.palette[static_cast<std::size_t>(areas[i].second)].name);
+        object.share = static_cast<double>(cells) / (static_cast<double>(_grid.width) * _grid.height);
+        object.name = nameFor(part);
+        return object;
+    }
+
+    QString nameFor(const Part& part)
+    {
+        const QString word = colourWord(_facts[static_cast<std::size_t>(part.body.front())].colour) +
+                             (part.ink ? QStringLiteral(" line") : QString());
+        const int count = ++_names[word];
+        return count == 1 ? word : word + u' ' + QString::number(count);
+    }
+
+    const DIO_Drawing& _drawing;
+    const std::vector<ShapeFacts>& _facts;
+    const FoundParts& _found;
+    const Grid& _grid;
+    std::vector<const DIO_Shape*> _shapes;
+    std::map<int, std::map<int, int>> _visible; // cells by part and paint
+    std::map<QString, int> _names;
+};
+
+} // namespace
+
+ChosenObjects assembleLayers(const DIO_Drawing& drawing, const std::vector<ShapeFacts>& facts, const FoundParts& found,
+                             const Grid& grid)
+{
+    return LayerAssembly(drawing, facts, found, grid).assemble();
+}

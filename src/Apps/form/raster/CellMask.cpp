@@ -1,0 +1,91 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The painter covers cells with 256 levels; half of the highest one decides.
+#include "form/raster/CellMask.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <algorithm>
+#include <numeric>
+
+namespace {
+
+constexpr int kHalf = 128;
+
+QRect boundsInCells(const DIO_Shape& shape, const Grid& grid)
+{
+    QRectF bounds = shape.path.boundingRect();
+    if (shape.clip)
+        bounds &= shape.clip->boundingRect();
+    if (bounds.isNull())
+        return {};
+    // Far outside of the grid a number of cells need not fit into an integer.
+    const QRectF reach = QRectF(grid.bounds()).adjusted(-1.0, -1.0, 1.0, 1.0);
+    return (grid.toCells().mapRect(bounds) & reach).toAlignedRect() & grid.bounds();
+}
+
+void paint(QPainter& painter, const DIO_Shape& shape)
+{
+    painter.setClipping(false);
+    if (shape.clip)
+        painter.setClipPath(*shape.clip);
+    if (shape.picture.isNull())
+        painter.fillPath(shape.path, Qt::white);
+    else
+        painter.drawImage(shape.path.boundingRect(), shape.picture.convertToFormat(QImage::Format_Alpha8));
+}
+
+} // namespace
+
+CellMask::CellMask(const QRect& box) : _box(box)
+{
+    _cells.assign(
+        static_cast<std::size_t>(std::max(0, box.width())) * static_cast<std::size_t>(std::max(0, box.height())), 0);
+}
+
+CellMask CellMask::of(std::span<const DIO_Shape> shapes, const Grid& grid)
+{
+    QRect box;
+    for (const DIO_Shape& shape : shapes)
+        box |= boundsInCells(shape, grid);
+    CellMask mask(box);
+    if (box.isEmpty())
+        return mask;
+    QImage image(box.size(), QImage::Format_Alpha8);
+    image.fill(0);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setTransform(grid.toCells() * QTransform::fromTranslate(-box.left(), -box.top()));
+    for (const DIO_Shape& shape : shapes)
+        paint(painter, shape);
+    painter.end();
+
+    int most = 0;
+    for (int y = 0; y < box.height(); ++y) {
+        const std::span row(image.constScanLine(y), static_cast<std::size_t>(box.width()));
+        most = std::max<int>(most, *std::ranges::max_element(row));
+    }
+    const int least = std::max(1, std::min(kHalf, most / 2));
+    std::size_t i = 0;
+    for (int y = 0; y < box.height(); ++y)
+        for (const uchar coverage : std::span(image.constScanLine(y), static_cast<std::size_t>(box.width())))
+            mask._cells[i++] = coverage >= least ? 1 : 0;
+    return mask;
+}
+
+int CellMask::area() const
+{
+    return std::accumulate(_cells.begin(), _cells.end(), 0);
+}
+
+void CellMask::unite(const CellMask& other)
+{
+    if (!_box.contains(other._box)) {
+        CellMask larger(_box | other._box);
+        forEach([&](int x, int y) { larger.set(x, y); });
+        *this = std::move(larger);
+    }
+    other.forEach([&](int x, int y) { set(x, y); });
+}

@@ -1,0 +1,62 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// CellMask: which cells of a grid an area covers, held for its bounding box only, so that hundreds of small areas cost
+// little. A cell is covered when half of it is; of an area thinner than that, when half of the most covered cell is.
+#pragma once
+
+#include "QuarvelDrawingIO/DIO_Drawing.h"
+#include "form/raster/Grid.h"
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+class CellMask
+{
+public:
+    CellMask() = default;
+    /// Nothing covered in a box.
+    explicit CellMask(const QRect& box);
+
+    /// The cells that shapes cover together, within the grid; their opacity does not matter.
+    static CellMask of(std::span<const DIO_Shape> shapes, const Grid& grid);
+
+    const QRect& box() const { return _box; }
+    bool at(int x, int y) const { return _box.contains(x, y) && _cells[index(x, y)] != 0; }
+    /// @param x, y inside the box
+    void set(int x, int y, bool covered = true) { _cells[index(x, y)] = covered ? 1 : 0; }
+    /// The number of covered cells.
+    int area() const;
+    /// Adds what another mask covers.
+    void unite(const CellMask& other);
+
+    /// Calls a function with x and y of every covered cell, row by row.
+    template<typename Function>
+    void forEach(Function function) const
+    {
+        for (int y = _box.top(); y <= _box.bottom(); ++y)
+            for (int x = _box.left(); x <= _box.right(); ++x)
+                if (_cells[index(x, y)])
+                    function(x, y);
+    }
+
+    /// Calls a function with x and y of every covered cell that has an uncovered one beside it.
+    template<typename Function>
+    void forEachAtOutline(Function function) const
+    {
+        forEach([&](int x, int y) {
+            if (!at(x - 1, y) || !at(x + 1, y) || !at(x, y - 1) || !at(x, y + 1))
+                function(x, y);
+        });
+    }
+
+private:
+    std::size_t index(int x, int y) const
+    {
+        return static_cast<std::size_t>(y - _box.top()) * static_cast<std::size_t>(_box.width()) +
+               static_cast<std::size_t>(x - _box.left());
+    }
+
+    QRect _box;
+    std::vector<std::uint8_t> _cells;
+};
