@@ -76,7 +76,7 @@ public:
 
     void read()
     {
-        _drawing = std::move(expected(readDrawing(QStringLiteral(BENCH_DRAWING), _settings.grouping))->drawing);
+        _drawing = std::move(expected(readDrawing(QStringLiteral(BENCH_DRAWING), _settings.form))->drawing);
         for (LayeredDrawing::Layer& layer : _drawing.layers)
             layer.drawing = UT_makeShared<TimedDrawing>(*layer.drawing, _rasterising);
     }

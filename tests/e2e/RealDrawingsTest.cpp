@@ -58,7 +58,7 @@ TEST_P(RealDrawing, RendersAndCoversWhatTheDrawingCovers)
     settings.size = QSize(kSize, kSize);
     for (qsizetype i = GetParam(); i < drawings.size(); i += kShares) {
         SCOPED_TRACE(drawings[i].toStdString());
-        const UT_Result<ReadDrawing> read = readDrawing(drawings[i], ObjectGrouping::AUTO);
+        const UT_Result<ReadDrawing> read = readDrawing(drawings[i], {});
         ASSERT_TRUE(read) << read.error().text.toStdString();
         const auto rendered =
             renderNormalMap(read->drawing, settings, {.elevation = false, .drawing = true, .blueAsSet = false});

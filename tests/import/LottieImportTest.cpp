@@ -12,10 +12,10 @@ using testing::Pair;
 
 namespace {
 
-DrawingSequence imported(const QByteArray& json, ObjectGrouping grouping = ObjectGrouping::AUTO)
+DrawingSequence imported(const QByteArray& json, ObjectChoice objects = ObjectChoice::AUTO)
 {
     const Folder folder;
-    return sequenceOf({folder.write("bounce.json", json)}, {.grouping = grouping, .lottie = {}});
+    return sequenceOf({folder.write("bounce.json", json)}, {.objects = objects, .lottie = {}});
 }
 
 std::string warningsOf(const DrawingSequence& sequence)
@@ -152,7 +152,7 @@ TEST(LottieImport, ALayerOutsideOfItsTimeShowsNothing)
 TEST(LottieImport, OneObjectHoldsAllLayers)
 {
     const DrawingSequence sequence =
-        imported(document(layer("A", kRedSquare, jumping()) + "," + layer("B", kRedSquare)), ObjectGrouping::ONE);
+        imported(document(layer("A", kRedSquare, jumping()) + "," + layer("B", kRedSquare)), ObjectChoice::ONE);
     ASSERT_EQ(layerNames(sequence), QStringList{"bounce"});
     EXPECT_THAT(sequence.layers[0].exposures, ElementsAre(Pair(1, 1), Pair(3, 3)));
     EXPECT_EQ(sequence.layers[0].drawings.at(1)->shapes(GR_Art::COLOUR).size(), 2U);

@@ -168,7 +168,7 @@ TEST(SvgSequence, ObjectsAreWhatIsAskedFor)
     const QString path = folder.write("a.svg", svg("<g id='x'><rect width='9' height='9'/></g><g id='y'><rect x='20' "
                                                    "width='9' height='9'/></g>"));
     EXPECT_EQ(sequenceOf({path}).layers.size(), 1U);
-    EXPECT_EQ(sequenceOf({path}, {.grouping = ObjectGrouping::GROUPS, .lottie = {}}).layers.size(), 2U);
+    EXPECT_EQ(sequenceOf({path}, {.objects = ObjectChoice::GROUPS, .lottie = {}}).layers.size(), 2U);
 }
 
 TEST(SvgSequence, ADifferentSizeIsSaidOnce)

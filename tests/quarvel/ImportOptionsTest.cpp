@@ -36,7 +36,7 @@ TEST(ImportOptions, TakeWhatIsGiven)
     const ImportOptions options = parsed({"a.svg", "-o", "b.scene", "--objects", "groups", "--force", "-q"});
     EXPECT_EQ(options.files, QStringList{"a.svg"});
     EXPECT_EQ(options.output, "b.scene");
-    EXPECT_EQ(options.grouping, ObjectGrouping::GROUPS);
+    EXPECT_EQ(options.objects, ObjectChoice::GROUPS);
     EXPECT_TRUE(options.force);
     EXPECT_TRUE(options.quiet);
     EXPECT_FALSE(parsed({"a.svg"}).force);

@@ -38,7 +38,7 @@ TEST(NormalMapOptions, ADrawingAloneIsEnough)
     EXPECT_FALSE(options.nodeLayout);
     EXPECT_FALSE(options.yDown);
     EXPECT_FALSE(options.settings.renderInFloat);
-    EXPECT_EQ(options.settings.grouping, ObjectGrouping::AUTO);
+    EXPECT_EQ(options.settings.form.objects, ObjectChoice::AUTO);
     EXPECT_EQ(options.settings.normalQuality, "LOW_NORMAL_QUALITY");
 }
 

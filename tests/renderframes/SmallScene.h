@@ -22,7 +22,7 @@ protected:
     {
         write("square.svg", R"(<svg xmlns="http://www.w3.org/2000/svg" width="64" height="32">
   <rect x="0" y="8" width="32" height="16" fill="#c06030"/></svg>)");
-        UT_Result<ReadDrawing> read = readDrawing(path("square.svg"), ObjectGrouping::ONE);
+        UT_Result<ReadDrawing> read = readDrawing(path("square.svg"), {.objects = ObjectChoice::ONE});
         ASSERT_TRUE(read) << read.error().text.toStdString();
         NormalMapSettings settings;
         settings.allObjects.bevel = 60.0;

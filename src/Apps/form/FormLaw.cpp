@@ -26,8 +26,6 @@ constexpr Profile kRound{4.0, 1.5, 3.4};
 constexpr double kRoundFrom = 0.85;
 constexpr double kRoundTo = 0.93;
 
-constexpr ObjectForm kRim{24.0, 1.0, 1.0};
-
 // No volume is the smallest elevation that the node still tells from none: with none, it takes the object for empty.
 constexpr double kNoElevation = 1e-4;
 
@@ -47,7 +45,7 @@ Profile profileOf(const ObjectExtent& extent, FormShape shape)
 ObjectForm raised(const ObjectExtent& extent, FormShape shape)
 {
     if (shape == FormShape::RIM)
-        return kRim;
+        return kRimForm;
     const Profile profile = profileOf(extent, shape);
     return {profile.bevel * extent.breadth, profile.height * extent.breadth / kDepthOfElevation, profile.smoothness};
 }

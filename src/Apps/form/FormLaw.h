@@ -29,5 +29,8 @@ struct ObjectForm
     friend bool operator==(const ObjectForm&, const ObjectForm&) = default;
 };
 
+/// A narrow rim: what an object gets whose extent nobody measured.
+constexpr ObjectForm kRimForm{24.0, 1.0, 1.0};
+
 /// The values for an object.
 ObjectForm formFor(const ObjectExtent& extent, ObjectRole role, const FormSettings& settings);

@@ -13,7 +13,7 @@ struct ImportOptions
 {
     QStringList files;
     QString output; ///< the scene's folder
-    ObjectGrouping grouping = ObjectGrouping::AUTO;
+    ObjectChoice objects = ObjectChoice::AUTO;
     bool force = false;
     bool quiet = false;
     bool help = false;

@@ -53,7 +53,8 @@ UT_Result<ImportOptions> parseImportOptions(const QStringList& words)
                         {QStringLiteral("auto"), QStringLiteral("groups"), QStringLiteral("one")});
         if (!choice)
             return choice.error();
-        options.grouping = static_cast<ObjectGrouping>(*choice);
+        constexpr ObjectChoice kChoices[] = {ObjectChoice::AUTO, ObjectChoice::GROUPS, ObjectChoice::ONE};
+        options.objects = kChoices[*choice];
     }
     if (options.help)
         return options;

@@ -33,7 +33,7 @@ public:
     UT_Result<void> run(const OutputFiles& files)
     {
         show(0.0);
-        UT_Result<ReadDrawing> read = readDrawing(_drawing, _options.settings.grouping);
+        UT_Result<ReadDrawing> read = readDrawing(_drawing, _options.settings.form);
         if (!read)
             return read.error();
         for (const QString& warning : read->warnings)

@@ -9,8 +9,8 @@ QString normalMapHelp()
 
   quarvel normalmap DRAWING... [options]
 
-Each drawing is an SVG file, or a bitmap with transparency (PNG, WebP and others). The layers of an SVG file become objects, each
-with a rounded volume of its own; a bitmap is one object. The normal map is written beside the drawing as NAME_n.png, pixel for
+Each drawing is an SVG file, or a bitmap with transparency (PNG, WebP and others). Its parts become objects, each with a rounded
+volume of its own. The normal map is written beside the drawing as NAME_n.png, pixel for
 pixel registered with it.
 
 Files
@@ -34,16 +34,24 @@ The picture
                         Default 135,45: from the upper left
       --truck F         magnifies the drawing F times about the picture's centre, as a camera that trucks in would
 
-Objects, numbered from the lowest layer, 1 up
-      --objects auto    each layer that the file declares is an object; without layers the whole drawing is one (default)
+Objects, numbered from the lowest, 1 up, and their form
+      --objects auto    what the drawing suggests (default): the layers that the file declares, where there are two or more;
+                        else its parts, found by how shapes, colours and lines lie on each other
+      --objects layers  each layer that the file declares is an object; without layers the whole drawing is one
       --objects groups  each top-level group is an object
+      --objects shapes  each painted area is an object
       --objects one     the whole drawing is one object
+      --shape auto      each object is rounded as far as its own breadth suggests (default)
+      --shape rim       a narrow rim on every object: bevel 24, elevation 1, smoothness 1
+      --shape pillow    each object is rounded over all of its breadth
+      --shape off       no volume
+      --volume V        how strong the form is, 0 to 2 (1): 0.5 for a flatter look
       --bevel B         how far the rounding reaches in from the edge, for all objects; the picture is 720 wide in this
-                        measure, whatever its size in pixels. Default 24
+                        measure, whatever its size in pixels. Chosen for each object where it is not given
       --object N:...    sets one object's values, joined by colons; all:... sets those of every object:
                           bevel=B        as above
-                          elevation=E    how high it rises (1)
-                          smoothness=S   the shape of the rise: 1 straight, above 1 rounder, below 1 hollower (1)
+                          elevation=E    how high it rises
+                          smoothness=S   the shape of the rise: 1 straight, above 1 rounder, below 1 hollower
                           level=L        its own level, 0 to 1 (1)
                           coverage       multiplies the levels of its colours by its coverage
                           cutout         makes no volume: it cuts a hole into what lies below
@@ -71,7 +79,7 @@ Examples
   quarvel normalmap hero.svg -o out/hero_n.exr --size 3840x2160 --float --quality high --bevel 24 \
           --object 2:bevel=60:elevation=0.5 --level '#1b1b1b=0'
   quarvel normalmap walk_*.svg -o maps --pad 4 --y down
-  quarvel normalmap hero.svg --object 7:cutout --lit hero_lit.png --elevation hero_e.png
+  quarvel normalmap hero.svg --volume 0.5 --object 7:cutout --lit hero_lit.png --elevation hero_e.png
 
 Exit code: 0 when every drawing was done, 1 when one was not (the others are), 2 when the command line made no sense.
 )");

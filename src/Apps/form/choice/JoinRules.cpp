@@ -8,6 +8,8 @@ namespace {
 constexpr double kInked = 0.5;   // of the seam
 constexpr double kNotched = 0.7; // a seam shorter than this much of the narrower piece's width has notches at its ends
 constexpr double kLongSeam = 0.32; // of the smaller outline
+constexpr double kLine = 6.0;      // elongation
+constexpr double kHalfCovered = 0.3;
 constexpr double kAbutting = 0.12; // of the smaller area may lie over the other
 
 bool isAbutting(const ShapeFacts& shape, const ShapeFacts& piece, const Meeting& meeting)
@@ -15,11 +17,22 @@ bool isAbutting(const ShapeFacts& shape, const ShapeFacts& piece, const Meeting&
     return meeting.overlap < kAbutting * std::min(shape.area, piece.area);
 }
 
+// A line of a fill's own paint along its border, as programs add to close gaps.
+bool isOwnStroke(const ShapeFacts& shape, const ShapeFacts& piece, const Meeting& meeting)
+{
+    return shape.plain && shape.paint == piece.paint && shape.elongation() > kLine &&
+           meeting.overlap > kHalfCovered * shape.area && meeting.contact > kHalfCovered * shape.outline;
+}
+
 } // namespace
 
 QString joins(const ShapeFacts& shape, const ShapeFacts& piece, const Meeting& meeting)
 {
-    if (meeting.contact < 3 || meeting.inked > kInked * meeting.contact)
+    if (meeting.contact < 3)
+        return {};
+    if (isOwnStroke(shape, piece, meeting))
+        return QStringLiteral("its own outline");
+    if (meeting.inked > kInked * meeting.contact)
         return {};
     if (shape.plain && piece.plain && shape.paint == piece.paint) {
         const double narrower = 2.0 * std::min(shape.inscribed, piece.inscribed);

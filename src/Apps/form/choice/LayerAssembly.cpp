@@ -11,6 +11,28 @@
 
 namespace {
 
+// Twice the area inside a path's loops; its sign says which way they turn.
+double turning(const QPainterPath& path)
+{
+    double area = 0.0;
+    for (const QPolygonF& loop : path.toSubpathPolygons())
+        for (qsizetype i = 0; i < loop.size(); ++i) {
+            const QPointF a = loop[i];
+            const QPointF b = loop[(i + 1) % loop.size()];
+            area += a.x() * b.y() - a.y() * b.x();
+        }
+    return area;
+}
+
+// An outline of a single loop together with the stroke along it.
+QPainterPath grownLoop(const QPainterPath& outline, const QPainterPath& stroke)
+{
+    QPainterPath grown = stroke;
+    grown.setFillRule(Qt::WindingFill);
+    grown.addPath(turning(outline) * turning(stroke) < 0.0 ? outline.toReversed() : outline);
+    return grown;
+}
+
 constexpr std::size_t kColoursNamed = 4;
 
 class LayerAssembly
@@ -77,14 +99,41 @@ private:
             if (!body.path.boundingRect().adjusted(-reach, -reach, reach, reach).intersects(bounds))
                 continue;
             const QPainterPath outline = body.clip ? body.path.intersected(*body.clip) : body.path;
-            copies.push_back(held(original, outline));
-            if (reach > 0.0)
-                copies.push_back(held(original, strokeAlong(outline, reach)));
+            if (reach == 0.0)
+                copies.push_back(held(original, outline));
+            else
+                addGrown(copies, original, outline, _facts[static_cast<std::size_t>(piece)].mask, reach);
             // A second copy of what one sees through would show.
             if (original.opacity < 1.0)
                 break;
         }
         return copies;
+    }
+
+    // A single loop and the stroke along it are one area when both turn the same way. A loop that crosses itself turns
+    // both ways, and one of them takes from the stroke; that shows on the grid.
+    void addGrown(std::vector<DIO_Shape>& copies, const DIO_Shape& original, const QPainterPath& outline,
+                  const CellMask& covered, double reach) const
+    {
+        const QPainterPath stroke = strokeAlong(outline, reach);
+        if (outline.toSubpathPolygons().size() == 1) {
+            const QPainterPath grown = grownLoop(outline, stroke);
+            if (covers(grown, covered)) {
+                copies.push_back(held(original, grown));
+                return;
+            }
+        }
+        copies.push_back(held(original, outline));
+        copies.push_back(held(original, stroke));
+    }
+
+    bool covers(const QPainterPath& path, const CellMask& covered) const
+    {
+        const DIO_Shape shape{path, std::nullopt, 1.0, 0, {}};
+        const CellMask mask = CellMask::of(std::span(&shape, 1), _grid);
+        bool all = true;
+        covered.forEach([&](int x, int y) { all = all && mask.at(x, y); });
+        return all;
     }
 
     static DIO_Shape held(const DIO_Shape& original, const QPainterPath& outline)

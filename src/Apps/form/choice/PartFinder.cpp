@@ -16,6 +16,8 @@ constexpr double kInside = 0.85;       // of a shape's area
 constexpr double kInkLightness = 40.0; // darker lines are ink
 constexpr double kInkWidth = 0.05;     // of the picture's longer side
 constexpr double kInkElongation = 6.0;
+constexpr double kShortLine = 2.5; // elongation of the shortest line that is as wide as the others
+constexpr double kPenVaries = 0.25;
 constexpr double kAlone = 0.6;     // of a shape's area beyond all parts: it is an object of its own
 constexpr double kLeftOver = 0.08; // less than this much of a mark beyond all parts is left to one of them
 constexpr double kBackdrop = 0.97; // of the picture
@@ -26,6 +28,7 @@ class PartFinder
 public:
     PartFinder(const std::vector<ShapeFacts>& facts, const Grid& grid) : _facts(facts), _grid(grid), _map(grid)
     {
+        findPen();
         for (const ShapeFacts& shape : facts)
             if (isInk(shape))
                 _map.addInk(shape.mask);
@@ -53,8 +56,31 @@ private:
 
     bool isInk(const ShapeFacts& shape) const
     {
+        if (shape.colour.lightness >= kInkLightness || shape.opacity < kTranslucent)
+            return false;
+        const bool likeOthers =
+            _pen > 0.0 && shape.elongation() > kShortLine && std::abs(shape.width - _pen) < kPenVaries * _pen;
+        return isLongInk(shape) || likeOthers;
+    }
+
+    bool isLongInk(const ShapeFacts& shape) const
+    {
         return shape.colour.lightness < kInkLightness && shape.width < kInkWidth * _grid.longSide() &&
-               shape.elongation() > kInkElongation && shape.opacity > kTranslucent;
+               shape.elongation() > kInkElongation && shape.opacity >= kTranslucent;
+    }
+
+    // The width of the drawing's ink: half of its long lines are thinner.
+    void findPen()
+    {
+        std::vector<double> widths;
+        for (const ShapeFacts& shape : _facts)
+            if (isLongInk(shape))
+                widths.push_back(shape.width);
+        if (widths.size() < 3)
+            return;
+        const auto middle = widths.begin() + static_cast<std::ptrdiff_t>(widths.size() / 2);
+        std::ranges::nth_element(widths, middle);
+        _pen = *middle;
     }
 
     // --- what a shape is ---
@@ -373,6 +399,7 @@ private:
     std::vector<int> _order;
     std::vector<Verdict> _verdicts;
     std::map<int, Verdict> _decided;
+    double _pen = 0.0; // in cells; 0: the drawing has no lines to speak of
     int _shape = 0;
 };
 

@@ -23,7 +23,7 @@ struct ShapeFacts
     bool plain = true; ///< painted in one plain colour, so that equal paints look equal
     double opacity = 1.0;
 
-    /// How much longer than wide it is; about 2.3 for a disc.
+    /// How much longer than wide it is; about 1.8 for a disc.
     double elongation() const { return width > 0.0 ? area / (width * width) : 0.0; }
 };
 

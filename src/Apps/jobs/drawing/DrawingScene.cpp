@@ -24,7 +24,7 @@ namespace {
 const QString kNodeKeyword = QStringLiteral("Vallorin");
 const QString kDrawingName = QStringLiteral("1");
 
-// What holds for one object: its own settings, and those of all objects where it has none.
+// What holds for one object: its own settings, where it has none those of all objects, and the chosen form last.
 struct ObjectValues
 {
     double bevel;
@@ -36,14 +36,14 @@ struct ObjectValues
     bool hidden;
 };
 
-ObjectValues valuesOf(int number, const NormalMapSettings& settings)
+ObjectValues valuesOf(int number, const ObjectForm& form, const NormalMapSettings& settings)
 {
     const ObjectSettings& all = settings.allObjects;
     const auto found = settings.objects.find(number);
     const ObjectSettings own = found == settings.objects.end() ? ObjectSettings() : found->second;
-    return {own.bevel.value_or(all.bevel.value_or(24.0)),
-            own.elevation.value_or(all.elevation.value_or(1.0)),
-            own.smoothness.value_or(all.smoothness.value_or(1.0)),
+    return {own.bevel.value_or(all.bevel.value_or(form.bevel)),
+            own.elevation.value_or(all.elevation.value_or(form.elevation)),
+            own.smoothness.value_or(all.smoothness.value_or(form.smoothness)),
             own.level.value_or(all.level.value_or(1.0)),
             own.scaleByCoverage.value_or(all.scaleByCoverage.value_or(false)),
             own.cutOut.value_or(all.cutOut.value_or(false)),
@@ -60,7 +60,8 @@ QString objectListText(const LayeredDrawing& drawing, const NormalMapSettings& s
 {
     QStringList entries;
     for (int number = 1; number <= static_cast<int>(drawing.layers.size()); ++number) {
-        const ObjectValues values = valuesOf(number, settings);
+        const ObjectForm& form = drawing.layers[static_cast<std::size_t>(number) - 1].form;
+        const ObjectValues values = valuesOf(number, form, settings);
         if (!values.cutOut && !values.hidden)
             entries.append(
                 QStringLiteral("%1:%2:%3:%4")
@@ -245,7 +246,7 @@ UT_Result<DrawingScene> DrawingScene::build(const LayeredDrawing& drawing, const
     unsigned compositePort = 0;
     for (std::size_t i = 0; i < drawing.layers.size(); ++i) {
         const auto number = static_cast<int>(i) + 1;
-        const ObjectValues values = valuesOf(number, settings);
+        const ObjectValues values = valuesOf(number, drawing.layers[i].form, settings);
         MO_ElementModule& element = addElement(scene, drawing.layers[i]);
         built._elements.push_back(&element);
         place(element, drawing.frame, scene.frameHeight());

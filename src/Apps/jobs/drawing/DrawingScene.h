@@ -15,6 +15,7 @@
 #include "QuarvelBaseCore/UT_Result.h"
 #include "QuarvelCelCore/CELVEC_Kvd.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "form/FormLaw.h"
 #include "jobs/drawing/NormalMapSettings.h"
 
 #include <QRectF>
@@ -30,6 +31,7 @@ struct LayeredDrawing
     {
         QString name;
         UT_SharedPtr<CELVEC_Kvd> drawing; ///< in the units of the frame below
+        ObjectForm form = kRimForm;       ///< holds where the settings say nothing of the object
     };
 
     QRectF frame;              ///< what the picture shows, in the drawing's units

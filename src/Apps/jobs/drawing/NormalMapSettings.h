@@ -4,6 +4,8 @@
 // and the desktop application share; how they are spelled on a command line is the command's affair.
 #pragma once
 
+#include "form/FormSettings.h"
+
 #include <QColor>
 #include <QSize>
 #include <QString>
@@ -12,15 +14,7 @@
 #include <optional>
 #include <vector>
 
-/// How the layers of a drawing become numbered objects.
-enum class ObjectGrouping
-{
-    AUTO,   ///< the layers that the file declares; the whole drawing where it declares none
-    GROUPS, ///< the top-level groups
-    ONE     ///< the whole drawing is one object
-};
-
-/// What is said of one object; what is left out keeps the default for all objects.
+/// What is said of one object; what is left out holds as it was chosen for the object.
 struct ObjectSettings
 {
     std::optional<double> bevel;
@@ -48,14 +42,8 @@ struct NormalMapSettings
     double truck = 1.0;         ///< how much the camera magnifies, about the picture's centre
 
     // The objects.
-    ObjectGrouping grouping = ObjectGrouping::AUTO;
-    ObjectSettings allObjects{.bevel = 24.0,
-                              .elevation = 1.0,
-                              .smoothness = 1.0,
-                              .level = 1.0,
-                              .scaleByCoverage = false,
-                              .cutOut = false,
-                              .hidden = false};
+    FormSettings form; ///< where the objects and their values come from
+    ObjectSettings allObjects;
     std::map<int, ObjectSettings> objects; ///< by number, 1 is the lowest layer
 
     // The levels of the drawing's colours.

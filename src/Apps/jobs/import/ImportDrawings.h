@@ -18,7 +18,7 @@
 /// How files are imported.
 struct ImportSettings
 {
-    ObjectGrouping grouping = ObjectGrouping::AUTO;
+    ObjectChoice objects = ObjectChoice::AUTO;
     DIO_LottieLimits lottie;
 };
 

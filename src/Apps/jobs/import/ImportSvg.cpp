@@ -2,7 +2,7 @@
 //
 // SVG drawings, one a frame.
 #include "QuarvelDrawingIO/DIO_SvgReader.h"
-#include "jobs/drawing/Grouping.h"
+#include "form/ChooseObjects.h"
 #include "jobs/import/ImportKinds.h"
 #include "jobs/import/RepeatedWarnings.h"
 #include "jobs/import/SequenceBuilder.h"
@@ -25,7 +25,7 @@ UT_Result<DrawingSequence> readSvgSequence(const QStringList& files, const Impor
     RepeatedWarnings warnings;
     DrawingSequence place;
     for (const NumberedFile& file : *numbered) {
-        UT_Result<DIO_Drawing> drawing = DIO_readSvg(file.path, groupingOf(settings.grouping), DIO_Blank::ACCEPTED);
+        UT_Result<DIO_Drawing> drawing = DIO_readSvg(file.path, groupingFor(settings.objects), DIO_Blank::ACCEPTED);
         if (!drawing)
             return drawing.error();
         if (place.frame.isEmpty()) {
