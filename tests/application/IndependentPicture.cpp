@@ -14,7 +14,7 @@
 
 std::optional<IndependentPicture> IndependentPicture::render(const QString& file, const std::map<int, double>& bevels)
 {
-    const UT_Result<ReadDrawing> read = readDrawing(file, {});
+    const UT_Result<ReadDrawing> read = readDrawing(file, {.objects = ObjectChoice::LAYERS, .shape = FormShape::RIM});
     if (!read) {
         ADD_FAILURE() << qPrintable(file) << ": " << qPrintable(read.error().text);
         return std::nullopt;

@@ -154,7 +154,7 @@ TEST(NormalMapOptions, SaysWhichChoicesThereAre)
     EXPECT_THAT(errorOf("a.svg --quality best"), HasSubstr("low, medium, high"));
     EXPECT_THAT(errorOf("a.svg --layout world"), HasSubstr("tangent, node"));
     EXPECT_THAT(errorOf("a.svg --y sideways"), HasSubstr("up, down"));
-    EXPECT_THAT(errorOf("a.svg --objects layers"), HasSubstr("auto, groups, one"));
+    EXPECT_THAT(errorOf("a.svg --objects all"), HasSubstr("auto, layers, groups, shapes, one"));
 }
 
 TEST(NormalMapOptions, PointsToTheHelpForAnUnknownOption)
