@@ -12,6 +12,7 @@ import json
 import os
 import subprocess
 import sys
+import tempfile
 from concurrent.futures import ProcessPoolExecutor
 
 import numpy as np
@@ -36,11 +37,10 @@ OURS = "quarvel"
 def fingerprint():
     """Of the sources that decide what the forms are and what the peers make of them."""
     digest = hashlib.sha256()
-    for folder in (FORMS_FOLDER, HERE):
-        for name in sorted(os.listdir(folder)):
-            if name.endswith(".py") and name not in ("bench_form.py", "sheet.py"):
-                with open(os.path.join(folder, name), "rb") as file:
-                    digest.update(file.read())
+    sources = [os.path.join(FORMS_FOLDER, name) for name in os.listdir(FORMS_FOLDER) if name.endswith(".py") and name != "forms_test.py"]
+    for path in (*sorted(sources), os.path.join(HERE, "peers.py"), os.path.join(HERE, "measures.py")):
+        with open(path, "rb") as file:
+            digest.update(file.read())
     return digest.hexdigest()[:16]
 
 
@@ -76,12 +76,10 @@ def cached_peers(names, folder, size):
     return {name: np.array(kept[name]) for name in names}
 
 
-def our_measures(names, kind, folder, program, size, words):
-    """The program's measures, by form, (3,) each."""
-    out = os.path.join(folder, f"maps.{kind}")
+def our_measures(names, kind, folder, maps, program, size, words):
+    """The program's measures, by form, (3,) each; its maps go to a folder."""
+    out = os.path.join(maps, kind)
     os.makedirs(out, exist_ok=True)
-    for stale in os.listdir(out):
-        os.remove(os.path.join(out, stale))
     command = [program, "normalmap", *(os.path.join(folder, file_name(name, kind)) for name in names), "-o", out, "--size", f"{size}x{size}", *words]
     done = subprocess.run(command, capture_output=True, text=True)
     if done.returncode != 0:
@@ -111,11 +109,13 @@ def main():
     parser.add_argument("--set", choices=("tuned", "held", "all"), default="tuned",
                         help="which forms; the held ones are for final measurements alone (tuned)")
     parser.add_argument("--size", type=int, default=256, help="pixels each way (256)")
-    parser.add_argument("--program", required=True, help="the quarvel to measure; ./dev gives the one that it builds")
+    parser.add_argument("--program", help="the quarvel to measure, instead of the one that ./dev builds")
+    parser.add_argument("--default-program", help=argparse.SUPPRESS)
     parser.add_argument("--each", action="store_true", help="also prints the lighting error of every form")
     parser.add_argument("--no-peers", action="store_true", help="measures the program alone")
     parser.add_argument("--json", metavar="FILE", help="also writes the program's figures")
-    parser.add_argument("--folder", default=os.path.join(HERE, "..", "..", "build", "forms"), help="where forms and maps go (build/forms)")
+    parser.add_argument("--maps", metavar="FOLDER", help="keeps the program's normal maps there")
+    parser.add_argument("--folder", default=os.path.join(HERE, "..", "..", "build", "forms"), help="where the forms are kept (build/forms)")
     options = parser.parse_args(words)
 
     names = [name for name, (which, _) in catalogue.FORMS.items() if options.set in ("all", which)]
@@ -123,7 +123,9 @@ def main():
     missing = [name for name in names if not os.path.exists(os.path.join(folder, f"{name}.truth.npz"))]
     make_forms.make_all(missing, folder, options.size)
 
-    ours = {kind: our_measures(names, kind, folder, os.path.abspath(options.program), options.size, passed_on) for kind in KINDS}
+    program = os.path.abspath(options.program or options.default_program)
+    with tempfile.TemporaryDirectory() as scratch:
+        ours = {kind: our_measures(names, kind, folder, options.maps or scratch, program, options.size, passed_on) for kind in KINDS}
     rows = []
     if not options.no_peers:
         known = cached_peers(names, folder, options.size)

@@ -43,9 +43,9 @@ def distance_bump(coverage):
     return normals_of_height(ndimage.gaussian_filter(height, size / 256))
 
 
-# In parts of the picture's width; found by ./dev bench form --tune-peers.
-BLUR_SIGMA, BLUR_HEIGHT = 0.06, 0.25
-DISTANCE_RADIUS, DISTANCE_HEIGHT = 0.2, 0.6
+# In parts of the picture's width, but the last in parts of the circle's radius; found by tune_peers.py.
+BLUR_SIGMA, BLUR_HEIGHT = 0.05, 0.2
+DISTANCE_RADIUS, DISTANCE_HEIGHT = 0.4, 0.4
 
 
 class PartSolver:

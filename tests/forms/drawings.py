@@ -2,10 +2,9 @@
 """Writes a form as drawings: flat, with layers, outlined (SVG) and as a sprite (PNG)."""
 import os
 
-import numpy as np
-
+from bodies import Ellipsoid, Lean, Sunk
 from form import INK
-from outlines import simplified
+from outlines import curve, simplified
 from png import write_png
 
 KINDS = ("layers", "flat", "outlined", "sprite")
@@ -21,14 +20,30 @@ def file_name(name, kind):
 def _path(loops):
     words = []
     for loop in loops:
-        points = simplified(np.concatenate([loop, loop[:1]]))[:-1]
-        words.append("M" + " ".join(f"{x:.2f},{y:.2f}" for x, y in points) + "Z")
+        pieces = curve(loop)
+        words.append(f"M{_point(pieces[0][0])}C" + " ".join(_point(point) for piece in pieces for point in piece[1:]) + "Z")
     return "".join(words)
+
+
+def _point(point):
+    return f"{point[0]:.2f},{point[1]:.2f}"
+
+
+def _shapes(p):
+    """The shapes that the part is painted as; a whole ellipse is one."""
+    body = p.body
+    while isinstance(body, (Lean, Sunk)):
+        body = body.body
+    if isinstance(body, Ellipsoid) and p.pieces == 1:
+        (x, y), (a, b) = body.centre, body.axes[:2]
+        turn = f' transform="rotate({body.turn:.6g} {x:.6g} {y:.6g})"' if body.turn else ""
+        return [f'<ellipse cx="{x:.6g}" cy="{y:.6g}" rx="{a:.6g}" ry="{b:.6g}"{turn}']
+    return [f'<path fill-rule="evenodd" d="{_path(loops)}"' for loops in p.painted]
 
 
 def _paint(p):
     opacity = "" if p.opacity == 1 else f' fill-opacity="{p.opacity:g}"'
-    return "".join(f'<path fill="{p.colour}"{opacity} fill-rule="evenodd" d="{_path(loops)}"/>\n' for loops in p.painted)
+    return "".join(f'{shape} fill="{p.colour}"{opacity}/>\n' for shape in _shapes(p))
 
 
 def flat_svg(form):
@@ -54,7 +69,7 @@ def outlined_svg(form):
     out += f'<g id="line" fill="none" stroke="{INK}" stroke-linecap="round" stroke-linejoin="round">\n'
     for width, line in form.ink:
         points = simplified(line)
-        out += f'<path stroke-width="{width:.3g}" d="M' + " ".join(f"{x:.2f},{y:.2f}" for x, y in points) + '"/>\n'
+        out += f'<path stroke-width="{width:.3g}" d="M' + " ".join(_point(point) for point in points) + '"/>\n'
     return out + "</g>\n</svg>\n"
 
 

@@ -82,6 +82,42 @@ def simplified(points, tolerance=0.03):
     return points[keep]
 
 
+def curve(loop, span=8):
+    """A closed loop as an artist's tool would hold it: a list of cubic pieces (start, handle, handle, end), with nodes at corners and
+    every `span` steps between them."""
+    points = _evenly(loop)
+    count = len(points)
+    before, after = points - np.roll(points, 2, axis=0), np.roll(points, -2, axis=0) - points
+    turn = np.abs(np.arctan2(before[:, 0] * after[:, 1] - before[:, 1] * after[:, 0], (before * after).sum(axis=1)))
+    sharpest = np.max([np.roll(turn, shift) for shift in range(-3, 4)], axis=0)
+    corners = np.flatnonzero((turn > np.radians(32)) & (turn == sharpest))
+    nodes = [(int(corners[0]) if len(corners) else 0)]
+    for corner in [*corners[1:].tolist(), nodes[0] + count]:
+        pieces = max(1, round((corner - nodes[-1]) / span))
+        nodes += np.rint(np.linspace(nodes[-1], corner, pieces + 1)[1:]).astype(int).tolist()
+    is_corner = np.zeros(count, dtype=bool)
+    is_corner[corners] = True
+
+    def at(i):
+        return points[i % count]
+
+    def handle(node, way, length):
+        # At a corner the tangent comes from one side alone.
+        slope = (4 * at(node + way) - 3 * at(node) - at(node + 2 * way)) / 2 if is_corner[node % count] else (at(node + way) - at(node - way)) / 2
+        return at(node) + slope * length / 3
+
+    return [(at(a), handle(a, 1, b - a), handle(b, -1, b - a), at(b)) for a, b in zip(nodes[:-1], nodes[1:])]
+
+
+def _evenly(loop):
+    """The loop's points again, about a unit apart, at least 80 of them."""
+    closed = np.concatenate([loop, loop[:1]])
+    way = np.concatenate([[0], np.cumsum(np.hypot(*np.diff(closed, axis=0).T))])
+    count = max(80, int(way[-1]))
+    places = np.arange(count) * way[-1] / count
+    return np.stack([np.interp(places, way, closed[:, 0]), np.interp(places, way, closed[:, 1])], axis=1)
+
+
 def filled(loops, size, samples, view=256.0):
     """Which samples of a square picture lie inside the loops (even-odd): (size * samples) squared booleans."""
     count = size * samples
