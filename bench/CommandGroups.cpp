@@ -89,7 +89,10 @@ public:
         _pictures = std::move(*expected(renderNormalMap(_drawing, _settings, {})));
     }
 
-    void makePicture() { _picture.emplace(std::move(*expected(NM_toPicture(*_pictures.node, _pictures.frame, {})))); }
+    void makePicture()
+    {
+        _picture.emplace(std::move(*expected(NM_toPicture(*_pictures.picture, _pictures.window, {}))));
+    }
 
     void encode() { expected(IIO_write(_folder.filePath(QStringLiteral("map.png")), *_picture)); }
 
@@ -105,7 +108,7 @@ private:
     NormalMapSettings _settings;
     std::shared_ptr<double> _rasterising = std::make_shared<double>(0.0);
     LayeredDrawing _drawing;
-    RenderedPictures _pictures;
+    ShownFrame _pictures;
     std::optional<IIO_Picture> _picture;
     QTemporaryDir _folder;
 };

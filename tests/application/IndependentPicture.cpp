@@ -6,6 +6,7 @@
 #include "QuarvelNormalMap/NM_DrawingPicture.h"
 #include "jobs/drawing/NormalMapJob.h"
 #include "jobs/drawing/ReadDrawing.h"
+#include "studio/preview/FrameImages.h"
 
 #include <gtest/gtest.h>
 
@@ -22,21 +23,21 @@ std::optional<IndependentPicture> IndependentPicture::render(const QString& file
     NormalMapSettings settings;
     for (const auto& [number, bevel] : bevels)
         settings.objects[number].bevel = bevel;
-    const UT_Result<RenderedPictures> rendered =
-        renderNormalMap(read->drawing, settings, {.elevation = true, .drawing = true, .blueAsSet = false});
+    const UT_Result<ShownFrame> rendered =
+        renderNormalMap(read->drawing, settings, {.elevation = true, .drawing = true});
     if (!rendered) {
         ADD_FAILURE() << qPrintable(rendered.error().text);
         return std::nullopt;
     }
-    const Math::Box2di& frame = rendered->frame;
+    const Math::Box2di& frame = rendered->window;
     auto surface = NM_Surface::create({frame.width(), frame.height()});
     const auto drawing = NM_drawingPicture(*rendered->drawing, frame, IIO_SampleType::UINT16);
-    if (!surface || !drawing || !surface->setNormals(*rendered->node, frame) || !surface->setDrawing(*drawing)) {
+    if (!surface || !drawing || !surface->setNormals(*rendered->picture, frame) || !surface->setDrawing(*drawing)) {
         ADD_FAILURE() << "the picture cannot be lit";
         return std::nullopt;
     }
     IndependentPicture picture(std::move(*surface));
-    picture._node = rendered->node;
+    picture._node = rendered->picture;
     picture._objectCount = static_cast<int>(read->drawing.layers.size());
     return picture;
 }
@@ -61,11 +62,10 @@ int IndependentPicture::pixelsThatDiffer(const CEL_PixmapArea& node) const
 
 int IndependentPicture::greatestDifference(const QImage& shown, const NM_LightingSettings& lighting) const
 {
-    QImage straight(size(), QImage::Format_RGBA8888);
-    if (shown.size() != size() || shown.format() != QImage::Format_ARGB32_Premultiplied || straight.isNull())
+    const auto lit = NM_litPicture(_surface, lighting);
+    if (shown.size() != size() || shown.format() != QImage::Format_ARGB32_Premultiplied || !lit)
         return 255;
-    NM_light(_surface, lighting, std::span(straight.bits(), static_cast<std::size_t>(straight.sizeInBytes())));
-    const QImage exact = straight.convertToFormat(shown.format());
+    const QImage exact = imageOf(*lit);
     int greatest = 0;
     for (int y = 0; y < exact.height(); ++y) {
         const std::span a(exact.constScanLine(y), static_cast<std::size_t>(exact.width()) * 4);

@@ -29,13 +29,13 @@ QStringList realDrawings()
 
 // A coverage of 0.99 and more counts as full, every object on top rounds down once, and where a few shapes just touch a
 // pixel, the drawing adds up what the smallest steps of their coverage, a 255th each, are.
-int largestDifference(const RenderedPictures& pictures)
+int largestDifference(const ShownFrame& frame)
 {
-    const auto node = pictures.node.dynamicCast<CEL_PixmapAreaRGBA16>();
-    const auto drawing = pictures.drawing.dynamicCast<CEL_PixmapAreaRGBA16>();
+    const auto node = frame.picture.dynamicCast<CEL_PixmapAreaRGBA16>();
+    const auto drawing = frame.drawing.dynamicCast<CEL_PixmapAreaRGBA16>();
     int largest = 0;
     for (int y = 0; y < kSize; ++y)
-        for (int x = 0; x < pictures.frame.width(); ++x) {
+        for (int x = 0; x < frame.window.width(); ++x) {
             const CEL_PixelRGBA16* of = node->find(x, y);
             const CEL_PixelRGBA16* wanted = drawing->find(x, y);
             largest = std::max(largest, std::abs((of ? of->a : 0) - (wanted ? wanted->a : 0)));
@@ -61,8 +61,7 @@ TEST_P(RealDrawing, RendersAndCoversWhatTheDrawingCovers)
         SCOPED_TRACE(drawings[i].toStdString());
         const UT_Result<ReadDrawing> read = readDrawing(drawings[i], {});
         ASSERT_TRUE(read) << read.error().text.toStdString();
-        const auto rendered =
-            renderNormalMap(read->drawing, settings, {.elevation = false, .drawing = true, .blueAsSet = false});
+        const auto rendered = renderNormalMap(read->drawing, settings, {.drawing = true});
         ASSERT_TRUE(rendered) << rendered.error().text.toStdString();
         const auto layers = static_cast<int>(read->drawing.layers.size());
         EXPECT_LE(largestDifference(*rendered), 328 + 2 * layers + 4 * 129);

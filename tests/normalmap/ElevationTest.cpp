@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The elevation as a grey picture.
-#include "QuarvelNormalMap/NM_Elevation.h"
+#include "QuarvelNormalMap/NM_Layers.h"
 
 #include "Pixmaps.h"
 
@@ -12,7 +12,9 @@ using U16 = std::uint16_t;
 TEST(ElevationPicture, IsGreyAndRegisteredToTheFrame)
 {
     const TestPixmap<Pixel16> elevation({1, 2, 3, 3}, {Pixel16{0, 0, 0, 0}, Pixel16{32767, 32767, 32767, 32767}});
-    const auto picture = NM_elevationPicture(elevation, nullptr, {0, 0, 4, 4}, IIO_SampleType::UINT16);
+    const Math::Box2di frame(0, 0, 4, 4);
+    const auto picture =
+        NM_elevationOf(*elevation.get(), NM_ElevationChannel::RED, frame, frame, IIO_SampleType::UINT16);
     ASSERT_TRUE(picture.ok());
     EXPECT_EQ(picture->channels(), IIO_channelsGrey());
     for (int y = 0; y < 4; ++y)
@@ -22,27 +24,30 @@ TEST(ElevationPicture, IsGreyAndRegisteredToTheFrame)
 
 TEST(ElevationPicture, TakesCoverageFromTheNormals)
 {
-    const TestPixmap<PixelFloat> elevation({0, 0, 1, 1}, {PixelFloat{0.25F, 0.25F, 0.25F, 0.25F}});
-    const TestPixmap<Pixel16> normals({0, 0, 2, 1}, {Pixel16{1, 2, 3, 32767}, Pixel16{1, 2, 3, 16384}});
-    const auto picture = NM_elevationPicture(elevation, normals.get(), {0, 0, 3, 1}, IIO_SampleType::FLOAT);
+    const TestPixmap<Pixel16> normals({0, 0, 2, 1}, {Pixel16{1, 2, 32767, 32767}, Pixel16{1, 2, 3, 16384}});
+    const Math::Box2di frame(0, 0, 3, 1);
+    const auto picture = NM_elevationOf(*normals.get(), NM_ElevationChannel::BLUE, frame, frame, IIO_SampleType::FLOAT);
     ASSERT_TRUE(picture.ok());
     EXPECT_EQ(picture->channels(), IIO_channelsGreyAlpha());
-    EXPECT_EQ(allSamples<float>(*picture), (std::vector<float>{0.25F, 1.0F, 0.0F, 16384.0F / 32767.0F, 0.0F, 0.0F}));
+    EXPECT_EQ(allSamples<float>(*picture),
+              (std::vector<float>{1.0F, 1.0F, 3.0F / 32767.0F, 16384.0F / 32767.0F, 0.0F, 0.0F}));
 }
 
 TEST(ElevationPicture, SaysWhatItIs)
 {
     const TestPixmap<Pixel16> elevation({0, 0, 1, 1}, {Pixel16{}});
-    const auto picture = NM_elevationPicture(elevation, nullptr, {0, 0, 1, 1}, IIO_SampleType::UINT16);
+    const Math::Box2di frame(0, 0, 1, 1);
+    const auto picture =
+        NM_elevationOf(*elevation.get(), NM_ElevationChannel::RED, frame, frame, IIO_SampleType::UINT16);
     EXPECT_EQ(picture->metadata().value(QStringLiteral("Layout")), QStringLiteral("elevation"));
 }
 
 TEST(ElevationPicture, DepthPixmapsAreRefused)
 {
+    const Math::Box2di frame(0, 0, 1, 1);
     const CEL_PixmapAreaZ depth({4, 4}, {0, 0, 4, 4});
-    const TestPixmap<Pixel16> elevation({0, 0, 1, 1}, {Pixel16{}});
-    EXPECT_FALSE(NM_elevationPicture(depth, nullptr, {0, 0, 1, 1}, IIO_SampleType::UINT16).ok());
-    EXPECT_FALSE(NM_elevationPicture(elevation, &depth, {0, 0, 1, 1}, IIO_SampleType::UINT16).ok());
+    for (const auto channel : {NM_ElevationChannel::RED, NM_ElevationChannel::BLUE})
+        EXPECT_FALSE(NM_elevationOf(depth, channel, frame, frame, IIO_SampleType::UINT16).ok());
 }
 
 } // namespace

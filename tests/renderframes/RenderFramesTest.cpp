@@ -220,7 +220,7 @@ TEST_F(RenderFramesTest, OfADrawingAreItsColours)
     RenderFramesSettings made = settings("n.png", {1});
     made.picture.source = RenderedKind::COLOURS;
     made.picture.shown = RenderedKind::COLOURS;
-    EXPECT_EQ(renderFrames(drawing(), {}, made, {}).written, 1);
+    EXPECT_EQ(renderFrames(ShownModule(drawing()), made, {}).written, 1);
     const IIO_Picture picture = read("n.png");
     // The middle of the square: #c06030, a byte b being 257 b in 16 bits; the renderer has 15 of them.
     const auto middle = picture.row<std::uint16_t>(16).subspan(std::size_t{16} * 4, 4);

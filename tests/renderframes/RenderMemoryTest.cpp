@@ -15,29 +15,23 @@ RD_RenderParameters parameters(int format, int width, int height)
     return {format, {width, height}};
 }
 
-TEST(RenderMemory, CountsTenPixmapsAndAPicture)
-{
-    EXPECT_EQ(frameBytes(parameters(RD_RenderParameters::IMAGE_PROCESSING_16BIT, 100, 10)), 1000.0 * (80 + 20));
-    EXPECT_EQ(frameBytes(parameters(RD_RenderParameters::IMAGE_PROCESSING_FLOAT, 100, 10)), 1000.0 * (160 + 20));
-}
-
 TEST(RenderMemory, LowersTheFramesAtOnceToWhatFits)
 {
     const auto small = parameters(RD_RenderParameters::IMAGE_PROCESSING_16BIT, 100, 10);
-    EXPECT_EQ(*framesAtOnce(8, small, 350'000.0), 3);
-    EXPECT_EQ(*framesAtOnce(2, small, 350'000.0), 2);
-    EXPECT_EQ(*framesAtOnce(8, small, 100'000.0), 1);
-    EXPECT_EQ(*framesAtOnce(1024, parameters(RD_RenderParameters::IMAGE_PROCESSING_16BIT, 1, 1), 1e18), 1024);
+    EXPECT_EQ(*framesAtOnce(8, small, 100'000.0, 350'000.0), 3);
+    EXPECT_EQ(*framesAtOnce(2, small, 100'000.0, 350'000.0), 2);
+    EXPECT_EQ(*framesAtOnce(8, small, 100'000.0, 100'000.0), 1);
+    EXPECT_EQ(*framesAtOnce(1024, small, 100.0, 1e18), 1024);
 }
 
 TEST(RenderMemory, RefusesAFrameThatDoesNotFitAloneAndSaysWhatItNeeds)
 {
-    // 32767 x 32767 x 100 bytes are 99.99 GiB.
-    const auto refused = framesAtOnce(4, parameters(RD_RenderParameters::IMAGE_PROCESSING_16BIT, 32767, 32767),
-                                      4.0 * 1024 * 1024 * 1024);
+    const auto large = parameters(RD_RenderParameters::IMAGE_PROCESSING_16BIT, 32767, 32767);
+    const auto refused = framesAtOnce(4, large, 99.99 * 1024 * 1024 * 1024, 4.0 * 1024 * 1024 * 1024);
     ASSERT_FALSE(refused);
     EXPECT_THAT(refused.error().text.toStdString(), HasSubstr("99.99G"));
     EXPECT_THAT(refused.error().text.toStdString(), HasSubstr("4.00G"));
+    EXPECT_THAT(refused.error().text.toStdString(), HasSubstr("32767 x 32767"));
 }
 
 } // namespace

@@ -26,12 +26,15 @@ protected:
         made.file = path(name);
         return made;
     }
-    PictureSource source() const { return pictureSourceOf(node()); }
+    UT_Result<QString> preview(const RenderPreviewSettings& settings, const RenderFramesWatcher& watcher = {}) const
+    {
+        return renderPreview(ShownModule(node()), settings, watcher);
+    }
 };
 
 TEST_F(Preview, IsAnAnimatedPngOfAllFrames)
 {
-    const auto made = renderPreview(node(), source(), film("out/lit.png"), {});
+    const auto made = preview(film("out/lit.png"));
     ASSERT_TRUE(made) << made.error().text.toStdString();
     EXPECT_EQ(*made, path("out/lit.png"));
     const QByteArray file = bytes(*made);
@@ -45,7 +48,8 @@ TEST_F(Preview, IsAnAnimatedPngOfAllFrames)
 
 TEST_F(Preview, ShowsTheDrawingInItsColours)
 {
-    const LitFrames lit(node(), source(), RenderedKind::NORMALS, film("x.png").parameters);
+    const ShownModule shown(node());
+    const LitFrames lit(shown, RenderedKind::NORMALS, film("x.png").parameters);
     const auto bytes = lit.render(1);
     ASSERT_TRUE(bytes);
     // Frame 1 has a narrow bevel: the middle of the square faces the viewer and keeps its colour.
@@ -57,7 +61,8 @@ TEST_F(Preview, ShowsTheDrawingInItsColours)
 
 TEST_F(Preview, LightsTheEdgesFromTheUpperLeft)
 {
-    const LitFrames lit(node(), source(), RenderedKind::NORMALS, film("x.png").parameters);
+    const ShownModule shown(node());
+    const LitFrames lit(shown, RenderedKind::NORMALS, film("x.png").parameters);
     const auto bytes = lit.render(48);
     ASSERT_TRUE(bytes);
     const auto red = [&](int x, int y) { return (*bytes)[static_cast<std::size_t>((y * 64 + x) * 4)]; };
@@ -67,7 +72,7 @@ TEST_F(Preview, LightsTheEdgesFromTheUpperLeft)
 TEST_F(Preview, LeavesTheSceneAsItWas)
 {
     const auto count = scene().root().modules().size();
-    ASSERT_TRUE(renderPreview(node(), source(), film("lit.png"), {}));
+    ASSERT_TRUE(preview(film("lit.png")));
     EXPECT_EQ(scene().root().modules().size(), count);
 }
 
@@ -75,31 +80,32 @@ TEST_F(Preview, IsTheSameHoweverManyFramesRunAtOnce)
 {
     RenderPreviewSettings two = film("two.png");
     two.atOnce = 2;
-    ASSERT_TRUE(renderPreview(node(), source(), film("one.png"), {}));
-    ASSERT_TRUE(renderPreview(node(), source(), two, {}));
+    ASSERT_TRUE(preview(film("one.png")));
+    ASSERT_TRUE(preview(two));
     EXPECT_EQ(bytes(path("one.png")), bytes(path("two.png")));
 }
 
 TEST_F(Preview, IsAtMost960Wide)
 {
+    const ShownModule shown(node());
     RD_RenderParameters parameters;
     parameters.resolution = {1920, 1080};
-    EXPECT_EQ(LitFrames(node(), source(), RenderedKind::NORMALS, parameters).size(), std::pair(960, 540));
+    EXPECT_EQ(LitFrames(shown, RenderedKind::NORMALS, parameters).size(), std::pair(960, 540));
     parameters.resolution = {959, 33};
-    EXPECT_EQ(LitFrames(node(), source(), RenderedKind::NORMALS, parameters).size(), std::pair(959, 33));
+    EXPECT_EQ(LitFrames(shown, RenderedKind::NORMALS, parameters).size(), std::pair(959, 33));
 }
 
 TEST_F(Preview, ThatIsStoppedLeavesNoFile)
 {
     RenderFramesWatcher watcher;
     watcher.stop = [] { return true; };
-    EXPECT_FALSE(renderPreview(node(), source(), film("lit.png"), watcher));
+    EXPECT_FALSE(preview(film("lit.png"), watcher));
     EXPECT_FALSE(QFile::exists(path("lit.png")));
 }
 
 TEST_F(Preview, OfAnotherKindIsRefused)
 {
-    const auto made = renderPreview(node(), source(), film("lit.avi"), {});
+    const auto made = preview(film("lit.avi"));
     ASSERT_FALSE(made);
     EXPECT_THAT(made.error().text.toStdString(), HasSubstr(".mp4, .gif or .png"));
 }
@@ -108,7 +114,7 @@ TEST_F(Preview, IsAnAnimatedPngBesideWhereTheEncoderIsMissing)
 {
     const QByteArray before = qgetenv("PATH");
     qputenv("PATH", "/nowhere");
-    const auto made = renderPreview(node(), source(), film("lit.mp4"), {});
+    const auto made = preview(film("lit.mp4"));
     qputenv("PATH", before);
     ASSERT_TRUE(made) << made.error().text.toStdString();
     EXPECT_EQ(*made, path("lit.png"));
@@ -121,7 +127,7 @@ TEST_F(Preview, IsEncodedWhereTheEncoderIsInstalled)
     if (QStandardPaths::findExecutable(QStringLiteral("ffmpeg")).isEmpty())
         GTEST_SKIP() << "ffmpeg is not installed";
     for (const char* name : {"films/lit.gif", "films/lit.mp4"}) {
-        const auto made = renderPreview(node(), source(), film(name), {});
+        const auto made = preview(film(name));
         ASSERT_TRUE(made) << made.error().text.toStdString();
         EXPECT_GT(bytes(*made).size(), 100);
     }
@@ -137,7 +143,7 @@ TEST_F(Preview, SaysWhenTheEncoderFails)
     ASSERT_TRUE(QFile::setPermissions(path("ffmpeg"), QFileDevice::ReadOwner | QFileDevice::ExeOwner));
     const QByteArray before = qgetenv("PATH");
     qputenv("PATH", QFile::encodeName(path("")) + ":/bin:/usr/bin");
-    const auto made = renderPreview(node(), source(), film("films/lit.mp4"), {});
+    const auto made = preview(film("films/lit.mp4"));
     qputenv("PATH", before);
     ASSERT_FALSE(made);
     EXPECT_THAT(made.error().text.toStdString(), HasSubstr("no such codec"));

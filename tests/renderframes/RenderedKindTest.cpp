@@ -124,18 +124,4 @@ TEST_F(Kind, IsFoundInAGraphWithVeryManyPaths)
     EXPECT_EQ(pictureSourceOf(*last).kind, RenderedKind::NORMALS);
 }
 
-TEST_F(Kind, DepthInBlueIsSetForAWhileOnly)
-{
-    MO_Module& off = vallorin();
-    MO_Module& on = vallorin();
-    flag(on, "DepthInBlue").setLocalValue(true);
-    {
-        const DepthInBlue elevated({&off, &on});
-        EXPECT_TRUE(flag(off, "DepthInBlue").localValue());
-        EXPECT_TRUE(flag(on, "DepthInBlue").localValue());
-    }
-    EXPECT_FALSE(flag(off, "DepthInBlue").localValue());
-    EXPECT_TRUE(flag(on, "DepthInBlue").localValue());
-}
-
 } // namespace

@@ -81,7 +81,7 @@ protected:
 
     RenderFramesResult render(const RenderFramesSettings& settings, const RenderFramesWatcher& watcher = {}) const
     {
-        return renderFrames(node(), {&node()}, settings, watcher);
+        return renderFrames(ShownModule(node()), settings, watcher);
     }
 
 private:

@@ -3,6 +3,8 @@
 // Moving light: the picture answers with what the lighting computes, and nothing is rendered for it.
 #include "studio/WindowTesting.h"
 
+#include "studio/preview/FrameImages.h"
+
 #include <QSpinBox>
 #include <QToolButton>
 #include <QWheelEvent>
@@ -23,12 +25,9 @@ protected:
     QByteArray computed(const NM_LightingSettings& settings)
     {
         const RenderedFramePtr& frame = window->renderService().current();
-        QByteArray bytes(frame->size.width() * frame->size.height() * 4, '\0');
-        NM_light(frame->surface, settings,
-                 std::span(reinterpret_cast<std::uint8_t*>(bytes.data()), static_cast<std::size_t>(bytes.size())));
-        const QImage straight(reinterpret_cast<const uchar*>(bytes.constData()), frame->size.width(),
-                              frame->size.height(), QImage::Format_RGBA8888);
-        return bytesOf(straight.convertToFormat(QImage::Format_ARGB32_Premultiplied));
+        const auto exact = NM_litPicture(frame->surface, settings);
+        EXPECT_TRUE(exact);
+        return bytesOf(imageOf(*exact));
     }
     // Screens may be a step off in each channel, and another one where it is multiplied by coverage.
     static void expectSame(const QByteArray& shown, const QByteArray& exact)

@@ -17,6 +17,7 @@
 #include "jobs/frames/RenderMemory.h"
 #include "jobs/frames/RenderPreview.h"
 #include "jobs/limits/JobLimits.h"
+#include "jobs/shown/ShownMemory.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -31,8 +32,7 @@ constexpr int kWrongUsage = 2;
 // Everything that a run needs, found in the scene.
 struct Plan
 {
-    MO_Module* module = nullptr;
-    PictureSource source;
+    std::unique_ptr<ShownModule> shown;
     RenderFramesSettings settings;
 };
 
@@ -98,8 +98,8 @@ UT_Result<void> nameFiles(const RenderOptions& options, RenderFramesSettings& se
 FramePictureSettings pictureSettings(const RenderOptions& options, const Plan& plan)
 {
     FramePictureSettings picture;
-    picture.source = plan.source.kind;
-    picture.shown = options.shown.value_or(plan.source.kind);
+    picture.source = plan.shown->kind();
+    picture.shown = options.shown.value_or(plan.shown->kind());
     picture.layout = options.layout;
     picture.yAxis = options.yAxis;
     picture.pad = options.pad;
@@ -107,15 +107,18 @@ FramePictureSettings pictureSettings(const RenderOptions& options, const Plan& p
     picture.floatRender = options.renderInFloat;
     picture.half = options.half;
     picture.scene = QDir(QDir(options.scene).absolutePath()).dirName();
-    picture.node = plan.module->instanceName();
+    picture.node = plan.shown->module().instanceName();
     picture.elevation = needsElevationInBlue(picture);
     return picture;
 }
 
-UT_Result<int> atOnceOf(const RenderOptions& options, const RD_RenderParameters& parameters)
+UT_Result<int> atOnceOf(const RenderOptions& options, const Plan& plan)
 {
+    const RenderFramesSettings& settings = plan.settings;
+    const double needed = shownFrameBytes(settings.parameters, {.elevation = settings.picture.elevation},
+                                          coveredShare(*plan.shown, settings.frames));
     const JobLimits limits = jobLimits();
-    return framesAtOnce(options.jobs > 0 ? options.jobs : limits.threads, parameters,
+    return framesAtOnce(options.jobs > 0 ? options.jobs : limits.threads, settings.parameters, needed,
                         options.memory > 0.0 ? options.memory : limits.memory / 2.0);
 }
 
@@ -125,8 +128,7 @@ UT_Result<Plan> planOf(const MO_Scene& scene, const RenderOptions& options)
     const auto module = moduleOf(scene, options);
     if (!module)
         return module.error();
-    plan.module = *module;
-    plan.source = pictureSourceOf(*plan.module);
+    plan.shown = std::make_unique<ShownModule>(**module);
     const auto frames = framesOf(scene, options);
     if (!frames)
         return frames.error();
@@ -134,13 +136,13 @@ UT_Result<Plan> planOf(const MO_Scene& scene, const RenderOptions& options)
     plan.settings.parameters = {options.renderInFloat ? RD_RenderParameters::IMAGE_PROCESSING_FLOAT
                                                       : RD_RenderParameters::IMAGE_PROCESSING_16BIT,
                                 renderResolution(options, scene.frameHeight())};
-    const auto atOnce = atOnceOf(options, plan.settings.parameters);
-    if (!atOnce)
-        return atOnce.error();
-    plan.settings.atOnce = *atOnce;
     if (const auto named = nameFiles(options, plan.settings); !named)
         return named.error();
     plan.settings.picture = pictureSettings(options, plan);
+    const auto atOnce = atOnceOf(options, plan);
+    if (!atOnce)
+        return atOnce.error();
+    plan.settings.atOnce = *atOnce;
     if (options.resume)
         plan.settings.resumeAfter = newestChange(options.scene);
     return plan;
@@ -160,7 +162,7 @@ RenderFramesResult run(const Plan& plan, const RenderOptions& options)
         progress.clear();
         say(QStringLiteral("frame %1: %2").arg(frame).arg(reason));
     };
-    return renderFrames(*plan.module, plan.source.nodes, plan.settings, watcher);
+    return renderFrames(*plan.shown, plan.settings, watcher);
 }
 
 void printSummary(const RenderFramesResult& result, const RenderOptions& options)
@@ -197,7 +199,7 @@ int renderFilm(const Plan& plan, const RenderOptions& options)
                                          .atOnce = plan.settings.atOnce};
     RenderFramesWatcher watcher;
     watcher.stop = &StopSignal::came;
-    const auto made = renderPreview(*plan.module, plan.source, settings, watcher);
+    const auto made = renderPreview(*plan.shown, settings, watcher);
     if (!made) {
         if (!StopSignal::came())
             say(made.error().text);

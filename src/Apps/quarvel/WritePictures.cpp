@@ -5,7 +5,7 @@
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelNormalMap/NM_DrawingPicture.h"
-#include "QuarvelNormalMap/NM_Elevation.h"
+#include "QuarvelNormalMap/NM_Layers.h"
 #include "QuarvelNormalMap/NM_Lighting.h"
 #include "QuarvelNormalMap/NM_NormalPicture.h"
 #include "QuarvelNormalMap/NM_Padding.h"
@@ -38,41 +38,42 @@ UT_Result<IIO_SampleType> samplesFor(const QString& file)
     return format->samples;
 }
 
-Written writeNormalMap(const RenderedPictures& pictures, const NormalMapOptions& options, const QString& file,
+Written writeElevation(const ShownFrame& frame, const NormalMapOptions& options, const QString& file,
                        const QString& drawing)
 {
     const auto samples = samplesFor(file);
     if (!samples)
         return samples.error();
-    if (!options.settings.generateNormals && !options.nodeLayout)
-        return write(NM_elevationPicture(*pictures.node, nullptr, pictures.frame, *samples), file, options, drawing);
+    return write(NM_elevationOf(*frame.picture, frame.elevationChannel(), frame.window, frame.window, *samples), file,
+                 options, drawing);
+}
+
+Written writeNormalMap(const ShownFrame& frame, const NormalMapOptions& options, const QString& file,
+                       const QString& drawing)
+{
+    if (frame.kind == RenderedKind::ELEVATION && !options.nodeLayout)
+        return writeElevation(frame, options, file, drawing);
+    const auto samples = samplesFor(file);
+    if (!samples)
+        return samples.error();
     const NM_PictureSettings settings{.layout = options.nodeLayout ? NM_Layout::NODE : NM_Layout::TANGENT,
                                       .yAxis = options.yDown ? NM_YAxis::DOWN : NM_YAxis::UP,
                                       .samples = *samples,
                                       .dataWindow = {}};
-    UT_Result<IIO_Picture> picture = NM_toPicture(*pictures.node, pictures.frame, settings);
+    UT_Result<IIO_Picture> picture =
+        NM_toPicture(options.nodeLayout ? *frame.channels : *frame.picture, frame.window, settings);
     if (picture && options.pad > 0)
         NM_padColours(*picture, options.pad);
     return write(std::move(picture), file, options, drawing);
 }
 
-Written writeElevation(const RenderedPictures& pictures, const NormalMapOptions& options, const QString& file,
-                       const QString& drawing)
-{
-    const auto samples = samplesFor(file);
-    if (!samples)
-        return samples.error();
-    const CEL_PixmapArea* coverage = options.settings.generateNormals ? pictures.node.get() : nullptr;
-    return write(NM_elevationPicture(*pictures.elevation, coverage, pictures.frame, *samples), file, options, drawing);
-}
-
-Written writeDrawing(const RenderedPictures& pictures, const NormalMapOptions& options, const QString& file,
+Written writeDrawing(const ShownFrame& frame, const NormalMapOptions& options, const QString& file,
                      const QString& drawing)
 {
     const auto samples = samplesFor(file);
     if (!samples)
         return samples.error();
-    return write(NM_drawingPicture(*pictures.drawing, pictures.frame, *samples), file, options, drawing);
+    return write(NM_drawingPicture(*frame.drawing, frame.window, *samples), file, options, drawing);
 }
 
 // The ambient light makes up for what the light leaves of full light on a surface that faces the viewer.
@@ -85,35 +86,34 @@ NM_LightingSettings lighting(const NormalMapOptions& options)
     return settings;
 }
 
-Written writeLit(const RenderedPictures& pictures, const NormalMapOptions& options, const QString& file,
-                 const QString& drawing)
+Written writeLit(const ShownFrame& frame, const NormalMapOptions& options, const QString& file, const QString& drawing)
 {
-    UT_Result<IIO_Picture> flat = NM_drawingPicture(*pictures.drawing, pictures.frame, IIO_SampleType::UINT16);
+    UT_Result<IIO_Picture> flat = NM_drawingPicture(*frame.drawing, frame.window, IIO_SampleType::UINT16);
     if (!flat)
         return flat.error();
-    UT_Result<NM_Surface> surface = NM_Surface::create({pictures.frame.width(), pictures.frame.height()});
+    UT_Result<NM_Surface> surface = NM_Surface::create({frame.window.width(), frame.window.height()});
     if (!surface)
         return surface.error();
     if (Written set = surface->setDrawing(*flat); !set)
         return set;
-    if (Written set = surface->setNormals(*pictures.node, pictures.frame); !set)
+    if (Written set = surface->setNormals(*frame.picture, frame.window); !set)
         return set;
     return write(NM_litPicture(*surface, lighting(options)), file, options, drawing);
 }
 
 } // namespace
 
-WantedPictures wantedPictures(const NormalMapOptions& options, const OutputFiles& files)
+ShownParts wantedPictures(const NormalMapOptions& options, const OutputFiles& files)
 {
     return {.elevation = !files.elevation.isEmpty(),
             .drawing = !files.lit.isEmpty() || !files.drawing.isEmpty(),
-            .blueAsSet = options.nodeLayout};
+            .channels = options.nodeLayout};
 }
 
-UT_Result<void> writePictures(const RenderedPictures& pictures, const NormalMapOptions& options,
-                              const OutputFiles& files, const QString& drawing, const JobProgress& progress)
+UT_Result<void> writePictures(const ShownFrame& frame, const NormalMapOptions& options, const OutputFiles& files,
+                              const QString& drawing, const JobProgress& progress)
 {
-    using Writer = Written (*)(const RenderedPictures&, const NormalMapOptions&, const QString&, const QString&);
+    using Writer = Written (*)(const ShownFrame&, const NormalMapOptions&, const QString&, const QString&);
     const std::pair<const QString&, Writer> work[] = {{files.normalMap, writeNormalMap},
                                                       {files.elevation, writeElevation},
                                                       {files.lit, writeLit},
@@ -121,7 +121,7 @@ UT_Result<void> writePictures(const RenderedPictures& pictures, const NormalMapO
     double done = 0.0;
     for (const auto& [file, writer] : work) {
         if (!file.isEmpty())
-            if (Written written = writer(pictures, options, file, drawing); !written)
+            if (Written written = writer(frame, options, file, drawing); !written)
                 return written;
         done += 1.0 / std::size(work);
         if (progress)

@@ -7,37 +7,12 @@
 
 #include "QuarvelNormalMap/NM_Layout.h"
 #include "QuarvelNormalMap/NM_Srgb.h"
+#include "QuarvelNormalMap/private/NM_Directions.h"
 #include "QuarvelNormalMap/private/NM_Rows.h"
 
 #include <cmath>
-#include <numbers>
 
 namespace {
-
-struct Direction
-{
-    float x, y, z;
-};
-
-Direction directionTo(const NM_Light& light)
-{
-    constexpr double kDegree = std::numbers::pi / 180.0;
-    const double flat = std::cos(light.height * kDegree);
-    return {static_cast<float>(flat * std::cos(light.azimuth * kDegree)),
-            static_cast<float>(flat * std::sin(light.azimuth * kDegree)),
-            static_cast<float>(std::sin(light.height * kDegree))};
-}
-
-// Halfway between the light and the viewer, who stands on the z axis. A light right behind the picture has no such
-// direction and makes no highlight.
-Direction halfwayTo(const Direction& light)
-{
-    const float z = light.z + 1.0F;
-    const float length = std::sqrt(light.x * light.x + light.y * light.y + z * z);
-    if (length < 1e-6F)
-        return {0.0F, 0.0F, 0.0F};
-    return {light.x / length, light.y / length, z / length};
-}
 
 // Powers of 0 .. 1 by a table with interpolation.
 class PowerTable
@@ -65,8 +40,8 @@ private:
 
 struct PreparedLight
 {
-    Direction direction;
-    Direction halfway;
+    NM_LightDirection direction;
+    NM_LightDirection halfway;
     NM_LightColour colour;
 };
 
@@ -91,8 +66,8 @@ public:
         : _ambient(settings.ambient), _highlight(settings.highlight), _power(settings.sharpness)
     {
         for (const NM_Light& light : settings.lights) {
-            const Direction direction = directionTo(light);
-            _lights.push_back({direction, halfwayTo(direction), light.colour});
+            const NM_LightDirection direction = NM_directionTo(light);
+            _lights.push_back({direction, NM_halfwayTo(direction), light.colour});
         }
     }
 
@@ -110,7 +85,7 @@ public:
     }
 
 private:
-    static float cosine(const NM_Surface::Row& row, std::size_t x, const Direction& to)
+    static float cosine(const NM_Surface::Row& row, std::size_t x, const NM_LightDirection& to)
     {
         return row.normalX[x] * to.x + row.normalY[x] * to.y + row.normalZ[x] * to.z;
     }
@@ -146,38 +121,20 @@ private:
     std::vector<PreparedLight> _lights;
 };
 
-template<typename Sample>
-Sample quantise(float value)
+std::uint16_t quantise(float value)
 {
-    constexpr auto kFull = static_cast<float>(std::numeric_limits<Sample>::max());
-    return static_cast<Sample>(value * kFull + 0.5F);
+    return static_cast<std::uint16_t>(value * 65535.0F + 0.5F);
 }
 
-template<typename Sample>
-void encodeRow(const NM_Surface::Row& row, const Buffers& buffers, Sample* target)
+void encodeRow(const NM_Surface::Row& row, const Buffers& buffers, std::uint16_t* target)
 {
     const NM_SrgbEncoder& encoder = NM_SrgbEncoder::instance();
     const std::array<std::span<const float>, 3> colours = {row.red, row.green, row.blue};
     for (std::size_t x = 0; x < row.red.size(); ++x, target += 4) {
         for (std::size_t c = 0; c < 3; ++c)
-            target[c] = quantise<Sample>(encoder(colours[c][x] * buffers.diffuse[c][x] + buffers.highlights[c][x]));
-        target[3] = quantise<Sample>(row.coverage[x]);
+            target[c] = quantise(encoder(colours[c][x] * buffers.diffuse[c][x] + buffers.highlights[c][x]));
+        target[3] = quantise(row.coverage[x]);
     }
-}
-
-// rowOf(y): where row y's samples go.
-template<typename Sample, typename RowOf>
-void lightRows(const NM_Surface& surface, const NM_LightingSettings& settings, const RowOf& rowOf)
-{
-    const Shader shader(settings);
-    tbb::parallel_for(tbb::blocked_range<int>(0, surface.height()), [&](const tbb::blocked_range<int>& range) {
-        Buffers buffers(surface.width());
-        for (int y = range.begin(); y < range.end(); ++y) {
-            const NM_Surface::Row row = surface.row(y);
-            shader.shade(row, buffers);
-            encodeRow<Sample>(row, buffers, rowOf(y));
-        }
-    });
 }
 
 } // namespace
@@ -188,14 +145,14 @@ UT_Result<IIO_Picture> NM_litPicture(const NM_Surface& surface, const NM_Lightin
     if (!picture)
         return picture;
     picture->metadata() = NM_metadataOf(QStringLiteral("lit"));
-    lightRows<std::uint16_t>(surface, settings, [&](int y) { return picture->row<std::uint16_t>(y).data(); });
+    const Shader shader(settings);
+    tbb::parallel_for(tbb::blocked_range<int>(0, surface.height()), [&](const tbb::blocked_range<int>& range) {
+        Buffers buffers(surface.width());
+        for (int y = range.begin(); y < range.end(); ++y) {
+            const NM_Surface::Row row = surface.row(y);
+            shader.shade(row, buffers);
+            encodeRow(row, buffers, picture->row<std::uint16_t>(y).data());
+        }
+    });
     return picture;
-}
-
-void NM_light(const NM_Surface& surface, const NM_LightingSettings& settings, std::span<std::uint8_t> bytes)
-{
-    const auto rowBytes = std::size_t{4} * static_cast<std::size_t>(surface.width());
-    assert(bytes.size() == rowBytes * static_cast<std::size_t>(surface.height()));
-    lightRows<std::uint8_t>(surface, settings,
-                            [&](int y) { return bytes.data() + rowBytes * static_cast<std::size_t>(y); });
 }

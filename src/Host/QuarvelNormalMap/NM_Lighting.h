@@ -48,8 +48,17 @@ struct NM_LightingSettings
 QUARVELNORMALMAP_EXPORT UT_Result<IIO_Picture> NM_litPicture(const NM_Surface& surface,
                                                              const NM_LightingSettings& settings);
 
-/// The lit drawing for a screen: bytes R G B A, straight, rows without gaps.
+/// The forms of pixels of 8 bits a channel, rows without gaps.
+enum class NM_ScreenPixels
+{
+    RGBA,              ///< bytes R G B A, straight
+    PREMULTIPLIED_ARGB ///< 32-bit words 0xAARRGGBB, colours multiplied by coverage
+};
+
+/// The lit drawing for the eye, as fast as a light is moved and a film is played. The model is the same; what is saved
+/// is the interpolation between the values of tables, and everything where nothing is drawn. A channel is within one
+/// step of 255 of the exact one, and within two where it is multiplied by coverage.
 ///
-/// @param bytes 4 x width x height of them
+/// @param bytes 4 x width x height of them, aligned to 4
 QUARVELNORMALMAP_EXPORT void NM_light(const NM_Surface& surface, const NM_LightingSettings& settings,
-                                      std::span<std::uint8_t> bytes);
+                                      NM_ScreenPixels pixels, std::span<std::uint8_t> bytes);

@@ -8,10 +8,10 @@
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
 #include "QuarvelSceneCore/attributes/AT_IntAttr.h"
-#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 #include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
 #include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "jobs/shown/NormalMapNode.h"
 
 #include <QStringList>
 
@@ -21,7 +21,6 @@
 
 namespace {
 
-const QString kNodeKeyword = QStringLiteral("Vallorin");
 const QString kDrawingName = QStringLiteral("1");
 
 // What holds for one object: its own settings, where it has none those of all objects, and the chosen form last.
@@ -50,37 +49,22 @@ ObjectValues valuesOf(int number, const ObjectForm& form, const NormalMapSetting
             own.hidden.value_or(all.hidden.value_or(false))};
 }
 
-QString numberText(double value)
+std::vector<NormalMapObject> objectTable(const LayeredDrawing& drawing, const NormalMapSettings& settings)
 {
-    return QString::number(value, 'g', 17);
-}
-
-// The object table as the node's attribute holds it: "number:bevel:elevation:smoothness" joined by semicolons.
-QString objectListText(const LayeredDrawing& drawing, const NormalMapSettings& settings)
-{
-    QStringList entries;
+    std::vector<NormalMapObject> objects;
     for (int number = 1; number <= static_cast<int>(drawing.layers.size()); ++number) {
         const ObjectForm& form = drawing.layers[static_cast<std::size_t>(number) - 1].form;
         const ObjectValues values = valuesOf(number, form, settings);
         if (!values.cutOut && !values.hidden)
-            entries.append(
-                QStringLiteral("%1:%2:%3:%4")
-                    .arg(number)
-                    .arg(numberText(values.bevel), numberText(values.elevation), numberText(values.smoothness)));
+            objects.push_back({number, values.bevel, values.elevation, values.smoothness});
     }
-    return entries.join(QLatin1Char(';'));
+    return objects;
 }
 
 QColor colourOf(const CM_BaseColorObj& color)
 {
     const CM_Rgba& c = color.GetNominalColor();
     return {c.red, c.green, c.blue};
-}
-
-// Separators inside a name would end its entry early, so names go in without them.
-QString nameForTable(const CM_BaseColorObj& color)
-{
-    return color.GetColorName().ToQString().remove(QLatin1Char(':')).remove(QLatin1Char(';'));
 }
 
 int levelOf(const CM_BaseColorObj& color, const NormalMapSettings& settings)
@@ -92,16 +76,12 @@ int levelOf(const CM_BaseColorObj& color, const NormalMapSettings& settings)
     return level;
 }
 
-// The colour table as the node's attribute holds it: "id:level:name" joined by semicolons.
-QString colorInformationText(const CM_Palette& palette, const NormalMapSettings& settings)
+std::vector<NormalMapColour> colourTable(const CM_Palette& palette, const NormalMapSettings& settings)
 {
-    QStringList entries;
+    std::vector<NormalMapColour> colours;
     for (const auto& color : palette.colors())
-        entries.append(QStringLiteral("%1:%2:%3")
-                           .arg(color->GetColorId().AsString().ToQString())
-                           .arg(levelOf(*color, settings))
-                           .arg(nameForTable(*color)));
-    return entries.join(QLatin1Char(';'));
+        colours.push_back({color->GetColorId(), levelOf(*color, settings), color->GetColorName().ToQString()});
+    return colours;
 }
 
 UT_Result<void> checkObjects(const LayeredDrawing& drawing, const NormalMapSettings& settings)
@@ -135,35 +115,18 @@ UT_Result<void> checkColours(const LayeredDrawing& drawing, const NormalMapSetti
     return {};
 }
 
-UT_Result<void> set(MO_Module& module, const char* key, const QString& text)
+NormalMapValues valuesOf(const LayeredDrawing& drawing, const NormalMapSettings& settings)
 {
-    AT_Attr* attr = module.findAttr(QString::fromLatin1(key));
-    if (!attr || !attr->parseText(text, false))
-        return UT_Error{QStringLiteral("the node %1 does not take \"%2\" for %3; is its plug-in of this version?")
-                            .arg(module.keyword(), text, QString::fromLatin1(key))};
-    attr->parseText(text, true);
-    return {};
-}
-
-UT_Result<void> setAttributes(MO_Module& node, const LayeredDrawing& drawing, const NormalMapSettings& settings)
-{
-    const auto yesNo = [](bool value) { return value ? QStringLiteral("true") : QStringLiteral("false"); };
-    const std::pair<const char*, QString> values[] = {
-        {"ColorInformation", colorInformationText(*drawing.palette, settings)},
-        {"ObjectList", objectListText(drawing, settings)},
-        {"BlurScale", numberText(settings.blurScale)},
-        {"ElevationScale", numberText(settings.elevationScale)},
-        {"ElevationSmoothness", numberText(settings.elevationSmoothness)},
-        {"GenerateNormals", yesNo(settings.generateNormals)},
-        {"UseTruckFactor", yesNo(settings.useTruckFactor)},
-        {"DepthInBlue", yesNo(settings.depthInBlue)},
-        {"ClipBlurredWithGeometry", yesNo(settings.clipBlurredWithGeometry)},
-        {"NormalQuality", settings.normalQuality},
-    };
-    for (const auto& [key, text] : values)
-        if (UT_Result<void> done = set(node, key, text); !done)
-            return done;
-    return {};
+    return {.objects = objectTable(drawing, settings),
+            .colours = colourTable(*drawing.palette, settings),
+            .bevelMultiplier = settings.blurScale,
+            .elevationMultiplier = settings.elevationScale,
+            .smoothnessMultiplier = settings.elevationSmoothness,
+            .quality = settings.normalQuality,
+            .generateNormals = settings.generateNormals,
+            .depthInBlue = settings.depthInBlue,
+            .clipBlurredWithGeometry = settings.clipBlurredWithGeometry,
+            .useTruckFactor = settings.useTruckFactor};
 }
 
 // The drawing's frame is fitted into the picture's, centred, in one scale for both axes.
@@ -227,10 +190,10 @@ UT_Result<DrawingScene> DrawingScene::build(const LayeredDrawing& drawing, const
     scene.truckFactorAttr().setLocalValue(settings.truck);
     scene.addPalette(drawing.palette);
 
-    std::unique_ptr<MO_Module> node = MO_ModuleFactorySingleton().create(kNodeKeyword);
+    std::unique_ptr<MO_Module> node = NormalMapNode::make();
     if (!node)
-        return UT_Error{QStringLiteral("the plug-in %1 is not loaded").arg(kNodeKeyword)};
-    if (UT_Result<void> done = setAttributes(*node, drawing, settings); !done)
+        return UT_Error{QStringLiteral("the plug-in %1 is not loaded").arg(NormalMapNode::keyword())};
+    if (UT_Result<void> done = NormalMapNode(*node).set(valuesOf(drawing, settings)); !done)
         return done.error();
 
     auto& composite = scene.root().emplace<MO_CompositeModule>();

@@ -49,11 +49,11 @@ std::vector<Shot> shotsOf(const MO_Module& module, const std::vector<int>& frame
 class Run
 {
 public:
-    Run(MO_Module& module, const RenderFramesSettings& settings, const RenderFramesWatcher& watcher)
-        : _module(module)
+    Run(const ShownModule& shown, const RenderFramesSettings& settings, const RenderFramesWatcher& watcher)
+        : _shown(shown)
         , _settings(settings)
         , _watcher(watcher)
-        , _shots(shotsOf(module, settings.frames))
+        , _shots(shotsOf(shown.module(), settings.frames))
         , _done(settings.frames.size(), 0.0)
     {}
 
@@ -126,7 +126,7 @@ private:
         if (_settings.resumeAfter && isFrameOnDisk(file, job.size(), metadata, *_settings.resumeAfter))
             return {FrameEnd::KEPT, {}, false};
         if (!picture) {
-            auto rendered = render(index, job);
+            auto rendered = render(index);
             if (!rendered)
                 return failed(rendered.error(), rendered.error().text == RD_SoftRenderer::stoppedText() && stop());
             picture = std::move(*rendered);
@@ -137,17 +137,18 @@ private:
         return {};
     }
 
-    UT_Result<IIO_Picture> render(std::size_t index, const RD_RenderJob& job)
+    UT_Result<IIO_Picture> render(std::size_t index)
     {
         const int number = _settings.frames[index];
-        const auto cel = RD_SoftRenderer::render(_module, number, _settings.parameters, [&](double done) {
+        const auto goOn = [&](double done) {
             show(index, 0.95 * done);
             return !stop();
-        });
-        if (!cel)
-            return cel.error();
-        const UT_SharedPtr<CEL_PixmapArea> pixmap = (*cel)->pixmap();
-        return framePicture(*pixmap, job.canvas(), _settings.picture, number);
+        };
+        const auto frame =
+            _shown.render(number, _settings.parameters, {.elevation = _settings.picture.elevation}, goOn);
+        if (!frame)
+            return frame.error();
+        return framePicture(*frame->picture, frame->window, _settings.picture, number);
     }
 
     static Ended failed(const UT_Error& error, bool stopped) { return {FrameEnd::FAILED, error.text, stopped}; }
@@ -187,7 +188,7 @@ private:
             _watcher.ended(_settings.frames[index], ended.end, ended.reason);
     }
 
-    MO_Module& _module;
+    const ShownModule& _shown;
     const RenderFramesSettings& _settings;
     const RenderFramesWatcher& _watcher;
     const std::vector<Shot> _shots;
@@ -200,9 +201,8 @@ private:
 
 } // namespace
 
-RenderFramesResult renderFrames(MO_Module& module, const std::vector<MO_Module*>& nodes,
-                                const RenderFramesSettings& settings, const RenderFramesWatcher& watcher)
+RenderFramesResult renderFrames(const ShownModule& shown, const RenderFramesSettings& settings,
+                                const RenderFramesWatcher& watcher)
 {
-    const DepthInBlue elevated(settings.picture.elevation ? nodes : std::vector<MO_Module*>());
-    return Run(module, settings, watcher).run();
+    return Run(shown, settings, watcher).run();
 }

@@ -9,6 +9,7 @@
 #include "QuarvelSceneCore/rendering/RD_RenderParameters.h"
 #include "jobs/frames/FrameFileName.h"
 #include "jobs/shown/FramePicture.h"
+#include "jobs/shown/ShownFrame.h"
 
 #include <QDateTime>
 
@@ -56,9 +57,6 @@ struct RenderFramesResult
     bool stopped = false; ///< some frames were not rendered because watcher.stop said so
 };
 
-/// Renders frames. The scene must not change meanwhile, apart from what this function changes and restores: the nodes
-/// put their elevation into blue where pictures need it. Folders of files are made.
-///
-/// @param nodes  the Vallorin nodes that the module shows (pictureSourceOf)
-RenderFramesResult renderFrames(MO_Module& module, const std::vector<MO_Module*>& nodes,
-                                const RenderFramesSettings& settings, const RenderFramesWatcher& watcher);
+/// Renders frames of a module. Its scene must not change meanwhile. Folders of files are made.
+RenderFramesResult renderFrames(const ShownModule& shown, const RenderFramesSettings& settings,
+                                const RenderFramesWatcher& watcher);

@@ -46,12 +46,10 @@ std::vector<Frame> batch(const LitFrames& frames, std::span<const int> numbers)
 
 } // namespace
 
-UT_Result<QString> renderPreview(MO_Module& module, const PictureSource& source, const RenderPreviewSettings& settings,
+UT_Result<QString> renderPreview(const ShownModule& shown, const RenderPreviewSettings& settings,
                                  const RenderFramesWatcher& watcher)
 {
-    const bool elevated = settings.shown == RenderedKind::ELEVATION && source.kind == RenderedKind::NORMALS;
-    const DepthInBlue blue(elevated ? source.nodes : std::vector<MO_Module*>());
-    const LitFrames lit(module, source, settings.shown, settings.parameters);
+    const LitFrames lit(shown, settings.shown, settings.parameters);
     QDir().mkpath(QFileInfo(settings.file).absolutePath());
     auto film = FilmFile::create(settings.file, QSize(lit.size().first, lit.size().second), settings.framesPerSecond);
     if (!film)

@@ -18,9 +18,9 @@ struct RenderPreviewSettings
 };
 
 /// Renders the film; so many frames at once, in the order of the list. Its folder is made. Of the watcher, progress and
-/// stop are used. The scene must not change meanwhile, apart from what this function changes and restores.
+/// stop are used. The scene must not change meanwhile.
 ///
 /// @return the file that was made (FilmFile::path); an error, and there is no file, when a frame or the film failed or
 ///     watcher.stop said to stop
-UT_Result<QString> renderPreview(MO_Module& module, const PictureSource& source, const RenderPreviewSettings& settings,
+UT_Result<QString> renderPreview(const ShownModule& shown, const RenderPreviewSettings& settings,
                                  const RenderFramesWatcher& watcher);

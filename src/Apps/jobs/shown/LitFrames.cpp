@@ -1,22 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A composite beside the node, linked to what the node is linked to, paints the drawing.
+// A shown frame, lit or as it is, in bytes.
 #include "jobs/shown/LitFrames.h"
 
-#include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelImageIO/IIO_Samples.h"
 #include "QuarvelNormalMap/NM_DrawingPicture.h"
 #include "QuarvelNormalMap/NM_Layers.h"
 #include "QuarvelNormalMap/NM_Lighting.h"
-#include "QuarvelNormalMap/NM_NormalPicture.h"
-#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
-#include "QuarvelSceneCore/attributes/AT_IntAttr.h"
-#include "QuarvelSceneCore/graph/MO_Port.h"
-#include "QuarvelSceneCore/graph/MO_Scene.h"
-#include "QuarvelSceneCore/graph/XUGroup.h"
-#include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
-#include "QuarvelSceneCore/rendering/RD_RenderJob.h"
-#include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 
 #include <algorithm>
 #include <cmath>
@@ -24,6 +14,7 @@
 namespace {
 
 using Samples = std::uint16_t;
+using Bytes = std::vector<std::uint8_t>;
 
 std::pair<int, int> previewSize(const std::pair<int, int>& size)
 {
@@ -31,31 +22,6 @@ std::pair<int, int> previewSize(const std::pair<int, int>& size)
         return size;
     const double height = static_cast<double>(size.second) * LitFrames::kMaxWidth / size.first;
     return {LitFrames::kMaxWidth, std::max(1, static_cast<int>(std::lround(height)))};
-}
-
-// Whether the input is an object that is seen: neither a cut-out nor switched off.
-bool isSeen(const MO_Port& input)
-{
-    constexpr int kMostModules = 1000;
-    const MO_Port* source = input.realSrcPort();
-    for (int i = 0; source && i < kMostModules; ++i) {
-        if (const auto* object = dynamic_cast<const ObjectDefinition*>(source->module()))
-            return object->objectNumber()->localValue() != 0 && object->objectEnabled()->localValue();
-        const MO_Port* const next = source->module() ? source->module()->inPort(0) : nullptr;
-        source = next ? next->realSrcPort() : nullptr;
-    }
-    return true;
-}
-
-// The drawing keeps the smaller of its own and the node's coverage: what was cut out of the node is cut out of it.
-void takeCoverage(IIO_Picture& drawing, const IIO_Picture& node)
-{
-    for (int y = drawing.dataWindow().y1; y < drawing.dataWindow().y2; ++y) {
-        const auto target = drawing.row<Samples>(y);
-        const auto source = node.row<Samples>(y);
-        for (std::size_t i = 3; i < target.size(); i += 4)
-            target[i] = std::min(target[i], source[i]);
-    }
 }
 
 void makeGrey(IIO_Picture& picture)
@@ -68,12 +34,12 @@ void makeGrey(IIO_Picture& picture)
     }
 }
 
-std::vector<std::uint8_t> bytesOf(const IIO_Picture& picture)
+Bytes bytesOf(const IIO_Picture& picture)
 {
     const auto count = static_cast<std::size_t>(picture.channelCount());
     const bool grey = count < 3;
     const bool covered = count == 2 || count == 4;
-    std::vector<std::uint8_t> bytes;
+    Bytes bytes;
     bytes.reserve(std::size_t{4} * static_cast<std::size_t>(picture.width()) *
                   static_cast<std::size_t>(picture.height()));
     for (int y = picture.dataWindow().y1; y < picture.dataWindow().y2; ++y) {
@@ -87,83 +53,51 @@ std::vector<std::uint8_t> bytesOf(const IIO_Picture& picture)
     return bytes;
 }
 
-UT_Result<std::vector<std::uint8_t>> lit(const CEL_PixmapArea& normals, const IIO_Picture& drawing,
-                                         const Math::Box2di& window)
+UT_Result<Bytes> asItIs(const ShownFrame& frame, RenderedKind shown)
 {
-    UT_Result<NM_Surface> surface = NM_Surface::create({window.width(), window.height()});
+    const auto picture = shown == RenderedKind::ELEVATION
+                             ? NM_elevationOf(*frame.picture, frame.elevationChannel(), frame.window, frame.window,
+                                              IIO_SampleType::UINT16)
+                             : NM_drawingPicture(*frame.picture, frame.window, IIO_SampleType::UINT16);
+    if (!picture)
+        return picture.error();
+    return bytesOf(*picture);
+}
+
+UT_Result<Bytes> lit(const ShownFrame& frame)
+{
+    auto drawing = NM_drawingPicture(*frame.drawing, frame.window, IIO_SampleType::UINT16);
+    if (!drawing)
+        return drawing.error();
+    // Colours that a person takes for normals belong to no drawing.
+    if (frame.kind == RenderedKind::COLOURS)
+        makeGrey(*drawing);
+    UT_Result<NM_Surface> surface = NM_Surface::create({frame.window.width(), frame.window.height()});
     if (!surface)
         return surface.error();
-    if (const auto set = surface->setDrawing(drawing); !set)
+    if (const auto set = surface->setDrawing(*drawing); !set)
         return set.error();
-    if (const auto set = surface->setNormals(normals, window); !set)
+    if (const auto set = surface->setNormals(*frame.picture, frame.window); !set)
         return set.error();
-    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(window.area()) * 4);
-    NM_light(*surface, NM_LightingSettings{}, bytes);
+    Bytes bytes(static_cast<std::size_t>(frame.window.area()) * 4);
+    NM_light(*surface, NM_LightingSettings{}, NM_ScreenPixels::RGBA, bytes);
     return bytes;
 }
 
 } // namespace
 
-LitFrames::LitFrames(MO_Module& module, const PictureSource& source, RenderedKind shown,
-                     const RD_RenderParameters& final)
-    : _module(module), _source(source.kind), _shown(shown), _parameters(final)
+LitFrames::LitFrames(const ShownModule& module, RenderedKind shown, const RD_RenderParameters& final)
+    : _module(module), _shown(shown), _parameters(final)
 {
     _parameters.resolution = previewSize(final.resolution);
-    if (shown == RenderedKind::NORMALS && source.nodes.size() == 1)
-        addColours(*source.nodes.front());
 }
 
-LitFrames::~LitFrames()
+UT_Result<Bytes> LitFrames::render(int frame) const
 {
-    if (_colours)
-        _colours->group()->take(*_colours);
-}
-
-void LitFrames::addColours(MO_Module& node)
-{
-    if (!node.group())
-        return;
-    auto& composite = node.group()->emplace<MO_CompositeModule>();
-    composite.setCompositeOrder(MO_CompositeType::PORT_ORDER);
-    _colours = &composite;
-    unsigned port = 0;
-    for (unsigned i = 0; i < node.nInPorts(); ++i) {
-        MO_Port* const source = node.inPort(i)->srcPort();
-        if (!source || !isSeen(*node.inPort(i)))
-            continue;
-        if (MO_Module* const behind = source->module();
-            behind && MO_Scene::connect(*behind, composite, port, source->index()))
-            ++port;
-    }
-}
-
-UT_Result<std::vector<std::uint8_t>> LitFrames::render(int frame) const
-{
-    const Math::Box2di window = RD_RenderJob(_parameters).canvas();
-    const auto cel = RD_SoftRenderer::render(_module, frame, _parameters);
-    if (!cel)
-        return cel.error();
-    const CEL_PixmapArea& pixmap = *(*cel)->pixmap();
-    if (_shown != RenderedKind::NORMALS) {
-        const auto channel = _source == RenderedKind::NORMALS ? NM_ElevationChannel::BLUE : NM_ElevationChannel::RED;
-        const auto picture = _shown == RenderedKind::ELEVATION
-                                 ? NM_elevationOf(pixmap, channel, window, window, IIO_SampleType::UINT16)
-                                 : NM_drawingPicture(pixmap, window, IIO_SampleType::UINT16);
-        return picture ? UT_Result<std::vector<std::uint8_t>>(bytesOf(*picture)) : picture.error();
-    }
-    UT_Result<IIO_Picture> node = NM_toPicture(pixmap, window, {.layout = NM_Layout::NODE});
-    if (!node)
-        return node.error();
-    if (!_colours) {
-        makeGrey(*node);
-        return lit(pixmap, *node, window);
-    }
-    const auto colours = RD_SoftRenderer::render(*_colours, frame, _parameters);
-    if (!colours)
-        return colours.error();
-    UT_Result<IIO_Picture> drawing = NM_drawingPicture(*(*colours)->pixmap(), window, IIO_SampleType::UINT16);
-    if (!drawing)
-        return drawing.error();
-    takeCoverage(*drawing, *node);
-    return lit(pixmap, *drawing, window);
+    const bool isLit = _shown == RenderedKind::NORMALS;
+    const auto made =
+        _module.render(frame, _parameters, {.elevation = _shown == RenderedKind::ELEVATION, .drawing = isLit});
+    if (!made)
+        return made.error();
+    return isLit ? lit(*made) : asItIs(*made, _shown);
 }

@@ -3,25 +3,17 @@
 // A walk upstream in which every module is met once, however many paths lead to it.
 #include "jobs/shown/RenderedKind.h"
 
-#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "QuarvelSceneCore/graph/MO_GroupBorderModule.h"
 #include "QuarvelSceneCore/graph/MO_Port.h"
 #include "QuarvelSceneCore/graph/XUGroup.h"
 #include "QuarvelSceneCore/kinds/MO_CompositeModuleBase.h"
 #include "QuarvelSceneCore/kinds/MO_GlueModule.h"
+#include "jobs/shown/NormalMapNode.h"
 
 #include <algorithm>
 #include <unordered_set>
 
 namespace {
-
-const QString kNodeKeyword = QStringLiteral("Vallorin");
-
-bool isSwitchedOn(const MO_Module& node, const char* key, bool otherwise)
-{
-    const auto* const attr = dynamic_cast<const AT_BoolAttr*>(node.findAttr(QString::fromLatin1(key)));
-    return attr ? attr->localValue() : otherwise;
-}
 
 class Walk
 {
@@ -32,7 +24,7 @@ public:
         PictureSource source;
         if (_nodes.empty() || _sawOther)
             return source;
-        const auto makesNormals = [](const MO_Module* node) { return isSwitchedOn(*node, "GenerateNormals", true); };
+        const auto makesNormals = [](MO_Module* node) { return NormalMapNode(*node).generatesNormals(); };
         const auto count = std::ranges::count_if(_nodes, makesNormals);
         if (count != 0 && count != std::ssize(_nodes))
             return source;
@@ -68,7 +60,7 @@ private:
             open.pop_back();
             if (!module || !_met.insert(module).second)
                 continue;
-            if (module->keyword() == kNodeKeyword) {
+            if (NormalMapNode::is(*module)) {
                 _nodes.push_back(module);
                 continue;
             }
@@ -93,18 +85,4 @@ private:
 PictureSource pictureSourceOf(MO_Module& module)
 {
     return Walk().run(module);
-}
-
-DepthInBlue::DepthInBlue(const std::vector<MO_Module*>& nodes)
-{
-    for (MO_Module* node : nodes)
-        if (auto* attr = dynamic_cast<AT_BoolAttr*>(node->findAttr(QStringLiteral("DepthInBlue"))))
-            if (attr->setLocalValue(true))
-                _changed.push_back(attr);
-}
-
-DepthInBlue::~DepthInBlue()
-{
-    for (AT_BoolAttr* attr : _changed)
-        attr->setLocalValue(false);
 }

@@ -8,8 +8,6 @@
 
 #include <vector>
 
-class AT_BoolAttr;
-
 /// The meanings of a rendered picture.
 enum class RenderedKind
 {
@@ -27,18 +25,3 @@ struct PictureSource
 
 /// Looks upstream. A picture that joins normals with anything else counts as colours.
 PictureSource pictureSourceOf(MO_Module& module);
-
-/// Makes Vallorin nodes put the elevation into blue for as long as it lives. No render may run when it is made or
-/// destroyed.
-class DepthInBlue
-{
-public:
-    /// @param nodes they must live longer than this object
-    explicit DepthInBlue(const std::vector<MO_Module*>& nodes);
-    ~DepthInBlue();
-    DepthInBlue(const DepthInBlue&) = delete;
-    DepthInBlue& operator=(const DepthInBlue&) = delete;
-
-private:
-    std::vector<AT_BoolAttr*> _changed;
-};

@@ -7,6 +7,7 @@
 #include "jobs/frames/FrameRange.h"
 #include "jobs/frames/RenderMemory.h"
 #include "jobs/limits/JobLimits.h"
+#include "jobs/shown/ShownMemory.h"
 
 #include <QFileInfo>
 #include <QThread>
@@ -72,11 +73,6 @@ UT_Result<void> ExportJob::start(const MO_Scene& scene, const ExportChoices& cho
     _settings.parameters = {choices.floatRender ? RD_RenderParameters::IMAGE_PROCESSING_FLOAT
                                                 : RD_RenderParameters::IMAGE_PROCESSING_16BIT,
                             {choices.width, height}};
-    // One at a time leaves the window a core to answer on.
-    const auto atOnce = framesAtOnce(1, _settings.parameters, jobLimits().memory / 2.0);
-    if (!atOnce)
-        return atOnce.error();
-    _settings.atOnce = *atOnce;
     const auto file = FrameFileName::parse(choices.file);
     if (!file)
         return file.error();
@@ -86,11 +82,18 @@ UT_Result<void> ExportJob::start(const MO_Scene& scene, const ExportChoices& cho
                 .arg(QFileInfo(choices.file).fileName(), QFileInfo(FrameFileName::proposal(choices.file)).fileName())};
     _settings.file = *file;
     _scene = MO_copyScene(scene);
-    _module = _scene->findModule(choices.node);
-    if (!_module)
+    MO_Module* const module = _scene->findModule(choices.node);
+    if (!module)
         return UT_Error{tr("There is no node \"%1\" any more.").arg(choices.node)};
-    _source = pictureSourceOf(*_module);
-    _settings.picture = pictureOf(choices, _source.kind);
+    _shown = std::make_unique<ShownModule>(*module);
+    _settings.picture = pictureOf(choices, _shown->kind());
+    // One at a time leaves the window a core to answer on.
+    const double needed = shownFrameBytes(_settings.parameters, {.elevation = _settings.picture.elevation},
+                                          coveredShare(*_shown, _settings.frames));
+    const auto atOnce = framesAtOnce(1, _settings.parameters, needed, jobLimits().memory / 2.0);
+    if (!atOnce)
+        return atOnce.error();
+    _settings.atOnce = *atOnce;
 
     RenderFramesWatcher watcher;
     watcher.stop = [this] { return _stop.load(); };
@@ -105,7 +108,7 @@ UT_Result<void> ExportJob::start(const MO_Scene& scene, const ExportChoices& cho
                 Qt::QueuedConnection);
     };
     _thread = QThread::create([this, watcher] {
-        const RenderFramesResult result = renderFrames(*_module, _source.nodes, _settings, watcher);
+        const RenderFramesResult result = renderFrames(*_shown, _settings, watcher);
         QMetaObject::invokeMethod(
             this, [this, result] { finish(result); }, Qt::QueuedConnection);
     });

@@ -61,8 +61,7 @@ private:
     void finish(const RenderFramesResult& result);
 
     std::unique_ptr<MO_Scene> _scene;
-    MO_Module* _module = nullptr;
-    PictureSource _source;
+    std::unique_ptr<ShownModule> _shown;
     RenderFramesSettings _settings;
     QStringList _failures;
     std::atomic<bool> _stop = false;

@@ -3,8 +3,6 @@
 // Computed into the same memory again and again.
 #include "studio/preview/LitImage.h"
 
-#include "studio/preview/FastLight.h"
-
 const QImage& LitImage::image(const RenderedFramePtr& frame, const NM_LightingSettings& lighting)
 {
     if (frame == _frame)
@@ -14,6 +12,7 @@ const QImage& LitImage::image(const RenderedFramePtr& frame, const NM_LightingSe
     if (_image.width() != surface.width() || _image.height() != surface.height())
         _image = QImage(surface.width(), surface.height(), QImage::Format_ARGB32_Premultiplied);
     if (!_image.isNull())
-        lightForScreen(surface, lighting, _image);
+        NM_light(surface, lighting, NM_ScreenPixels::PREMULTIPLIED_ARGB,
+                 {_image.bits(), static_cast<std::size_t>(_image.sizeInBytes())});
     return _image;
 }

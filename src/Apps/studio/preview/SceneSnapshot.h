@@ -7,11 +7,10 @@
 #include "QuarvelBaseCore/UT_Result.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
+#include "jobs/shown/ShownFrame.h"
 #include "studio/preview/RenderedFrame.h"
 
 #include <memory>
-
-class MO_CompositeModule;
 
 /// A scene's copy. Made on the scene's thread; then used by one thread at a time.
 class SceneSnapshot
@@ -25,7 +24,7 @@ public:
     SceneSnapshot& operator=(const SceneSnapshot&) = delete;
 
     /// Whether there is anything to render.
-    bool isEmpty() const { return _module == nullptr; }
+    bool isEmpty() const { return !_shown; }
 
     /// Renders a frame.
     ///
@@ -37,21 +36,14 @@ public:
 
     /// Whether the node's blue channel holds something else than the elevation, so that renderChannels() has more to
     /// show than render().
-    bool hasOtherBlue() const { return _otherBlue; }
+    bool hasOtherBlue() const { return _shown->hasOtherBlue(); }
     /// Renders what the node delivers with its attributes as they are.
     UT_Result<UT_SharedPtr<CEL_PixmapArea>> renderChannels(int frame, const QSize& size,
                                                            const RD_SoftRenderer::Progress& progress);
 
 private:
-    UT_Result<void> renderNode(RenderedFrame& made, const RD_SoftRenderer::Progress& progress);
-    UT_Result<void> renderDrawing(RenderedFrame& made, const RD_SoftRenderer::Progress& progress);
-    MO_Module* drawingModule(int frame, bool& hasCutOuts);
-
     std::unique_ptr<MO_Scene> _scene;
-    MO_Module* _module = nullptr;
-    PictureSource _source;
-    bool _otherBlue = false;
-    MO_CompositeModule* _composite = nullptr;
+    std::unique_ptr<ShownModule> _shown;
 };
 
 /// The module that a scene shows when none is named: its first display, or the first node that makes normal maps, or

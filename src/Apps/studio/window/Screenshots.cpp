@@ -3,6 +3,7 @@
 // Widgets paint themselves into an image of the density that is wanted; no screen is needed.
 #include "studio/window/Screenshots.h"
 
+#include "jobs/shown/NormalMapNode.h"
 #include "studio/export/ExportDialog.h"
 #include "studio/preview/Viewer.h"
 #include "studio/window/Appearance.h"
@@ -106,7 +107,7 @@ void takeAll(Shooting& shooting)
     window.lights().reset();
     MO_Module* node = nullptr;
     window.document().scene().root().forEachModule([&](MO_Module& module) {
-        if (module.keyword() == QLatin1String("Vallorin"))
+        if (NormalMapNode::is(module))
             node = &module;
     });
     if (node)

@@ -4,6 +4,7 @@
 #include "studio/docks/graph/NodeColors.h"
 
 #include "QuarvelBaseCore/UT_Id.h"
+#include "jobs/shown/NormalMapNode.h"
 
 #include <QHash>
 
@@ -28,7 +29,7 @@ QColor kindColor(const QString& keyword, const QPalette& palette)
 {
     static const QHash<QString, int> hues{{QStringLiteral("READ"), 210},     {QStringLiteral("DISPLAY"), 140},
                                           {QStringLiteral("COMPOSITE"), 32}, {QStringLiteral("GLUE"), 52},
-                                          {QStringLiteral("GROUP"), 275},    {QStringLiteral("Vallorin"), 350}};
+                                          {QStringLiteral("GROUP"), 275},    {NormalMapNode::keyword(), 350}};
     const int hue = hues.value(keyword, static_cast<int>(UT_Id::fromName(keyword).value() % 360));
     return QColor::fromHsl(hue, 150, isDark(palette) ? 150 : 120);
 }

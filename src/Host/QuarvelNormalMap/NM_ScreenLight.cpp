@@ -1,10 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Rows in parallel; in each, light is summed up for short runs of pixels that stay in the nearest cache, in loops that
-// compilers make vector instructions of. This file is compiled with more optimisation than the others for that.
-#include "studio/preview/FastLight.h"
-
+// compilers make vector instructions of.
+#include "QuarvelNormalMap/NM_Lighting.h"
 #include "QuarvelNormalMap/NM_Srgb.h"
+#include "QuarvelNormalMap/private/NM_Directions.h"
 
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>
@@ -12,38 +12,24 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <numbers>
+#include <cstring>
 
 namespace {
 
 constexpr int kRun = 512;
 constexpr int kSteps = 16384;
 
-struct Direction
-{
-    float x = 0.0F;
-    float y = 0.0F;
-    float z = 0.0F;
-};
-
 struct PreparedLight
 {
-    Direction to;
-    Direction halfway;
+    NM_LightDirection to;
+    NM_LightDirection halfway;
     NM_LightColour colour;
 };
 
 PreparedLight prepared(const NM_Light& light)
 {
-    constexpr double kDegree = std::numbers::pi / 180.0;
-    const double flat = std::cos(light.height * kDegree);
-    const Direction to{static_cast<float>(flat * std::cos(light.azimuth * kDegree)),
-                       static_cast<float>(flat * std::sin(light.azimuth * kDegree)),
-                       static_cast<float>(std::sin(light.height * kDegree))};
-    const float z = to.z + 1.0F;
-    const float length = std::sqrt(to.x * to.x + to.y * to.y + z * z);
-    const Direction halfway = length < 1e-6F ? Direction() : Direction{to.x / length, to.y / length, z / length};
-    return {to, halfway, light.colour};
+    const NM_LightDirection to = NM_directionTo(light);
+    return {to, NM_halfwayTo(to), light.colour};
 }
 
 using Bytes = std::array<std::uint8_t, kSteps + 1>;
@@ -59,6 +45,23 @@ const Bytes& encodedBytes()
         return made;
     }();
     return bytes;
+}
+
+// A pixel of four bytes, in the order of memory.
+using ScreenPixel = std::array<std::uint8_t, 4>;
+
+ScreenPixel straight(std::uint8_t red, std::uint8_t green, std::uint8_t blue, std::uint8_t alpha)
+{
+    return {red, green, blue, alpha};
+}
+
+ScreenPixel premultiplied(std::uint8_t red, std::uint8_t green, std::uint8_t blue, std::uint8_t alpha)
+{
+    const auto times = [alpha](std::uint32_t colour) { return (colour * alpha + 127U) / 255U; };
+    const std::uint32_t word = std::uint32_t{alpha} << 24 | times(red) << 16 | times(green) << 8 | times(blue);
+    ScreenPixel pixel;
+    std::memcpy(pixel.data(), &word, sizeof(word));
+    return pixel;
 }
 
 using Plane = std::array<float, kRun>;
@@ -82,17 +85,19 @@ public:
             _power[i] = static_cast<float>(std::pow(static_cast<double>(i) / last, exponent)) * settings.highlight;
     }
 
-    void shade(const NM_Surface::Row& row, QRgb* target) const
+    /// @param pixelOf the pixel of red, green, blue and alpha
+    template<typename PixelOf>
+    void shade(const NM_Surface::Row& row, ScreenPixel* target, const PixelOf& pixelOf) const
     {
         Run run;
         for (std::size_t from = 0; from < row.red.size(); from += kRun) {
             const std::size_t count = std::min<std::size_t>(kRun, row.red.size() - from);
             if (isEmpty(row, from, count)) {
-                std::fill_n(target + from, count, QRgb(0));
+                std::fill_n(target + from, count, ScreenPixel{});
                 continue;
             }
             sumUp(row, from, count, run);
-            encode(row, from, count, run, target + from);
+            encode(row, from, count, run, target + from, pixelOf);
         }
     }
 
@@ -139,7 +144,9 @@ private:
         }
     }
 
-    static void encode(const NM_Surface::Row& row, std::size_t from, std::size_t count, const Run& run, QRgb* target)
+    template<typename PixelOf>
+    static void encode(const NM_Surface::Row& row, std::size_t from, std::size_t count, const Run& run,
+                       ScreenPixel* target, const PixelOf& pixelOf)
     {
         const Bytes& bytes = encodedBytes();
         const std::array<const float*, 3> colours = {row.red.data() + from, row.green.data() + from,
@@ -151,14 +158,10 @@ private:
                 const float amount = colours[c][i] * run.light[c][i] + run.highlight[c][i];
                 steps[c][i] = static_cast<std::int32_t>(std::min(amount, 1.0F) * kSteps + 0.5F);
             }
-        const auto byteOf = [&](std::size_t c, std::size_t i) {
-            return static_cast<int>(bytes[static_cast<std::size_t>(steps[c][i])]);
-        };
-        for (std::size_t i = 0; i < count; ++i) {
-            const int alpha = static_cast<int>(coverage[i] * 255.0F + 0.5F);
-            const QRgb colour = qRgba(byteOf(0, i), byteOf(1, i), byteOf(2, i), alpha);
-            target[i] = alpha == 255 ? colour : qPremultiply(colour);
-        }
+        const auto byteOf = [&](std::size_t c, std::size_t i) { return bytes[static_cast<std::size_t>(steps[c][i])]; };
+        for (std::size_t i = 0; i < count; ++i)
+            target[i] = pixelOf(byteOf(0, i), byteOf(1, i), byteOf(2, i),
+                                static_cast<std::uint8_t>(coverage[i] * 255.0F + 0.5F));
     }
 
     const NM_LightingSettings& _settings;
@@ -166,16 +169,28 @@ private:
     std::vector<float> _power; // with the strength of highlights in it
 };
 
-} // namespace
-
-void lightForScreen(const NM_Surface& surface, const NM_LightingSettings& settings, QImage& target)
+template<typename PixelOf>
+void lightRows(const NM_Surface& surface, const NM_LightingSettings& settings, std::span<std::uint8_t> bytes,
+               const PixelOf& pixelOf)
 {
     const FastShader shader(settings);
-    // Asked for once: bits() of a shared image would copy it.
-    uchar* const bits = target.bits();
-    const qsizetype stride = target.bytesPerLine();
+    const auto width = static_cast<std::size_t>(surface.width());
+    auto* const pixels = reinterpret_cast<ScreenPixel*>(bytes.data());
     tbb::parallel_for(tbb::blocked_range<int>(0, surface.height(), 16), [&](const tbb::blocked_range<int>& range) {
         for (int y = range.begin(); y < range.end(); ++y)
-            shader.shade(surface.row(y), reinterpret_cast<QRgb*>(bits + stride * y));
+            shader.shade(surface.row(y), pixels + width * static_cast<std::size_t>(y), pixelOf);
     });
+}
+
+} // namespace
+
+void NM_light(const NM_Surface& surface, const NM_LightingSettings& settings, NM_ScreenPixels pixels,
+              std::span<std::uint8_t> bytes)
+{
+    assert(bytes.size() ==
+           std::size_t{4} * static_cast<std::size_t>(surface.width()) * static_cast<std::size_t>(surface.height()));
+    if (pixels == NM_ScreenPixels::RGBA)
+        lightRows(surface, settings, bytes, straight);
+    else
+        lightRows(surface, settings, bytes, premultiplied);
 }

@@ -1,0 +1,54 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The control points of a shape lie around it.
+#include "jobs/shown/DrawingExtent.h"
+
+#include "QuarvelSceneCore/graph/MO_Port.h"
+#include "QuarvelSceneCore/graph/MO_SceneCommon.h"
+
+#include <unordered_set>
+
+namespace {
+
+QRectF extentOf(const CELVEC_Kvd& drawing)
+{
+    QRectF extent;
+    for (const GR_Art art : kGR_allArts)
+        for (const CELVEC_Shape& shape : drawing.shapes(art)) {
+            const QRectF own = shape.path.controlPointRect();
+            extent |= shape.clip ? own & shape.clip->controlPointRect() : own;
+        }
+    return extent;
+}
+
+} // namespace
+
+QRectF extentOf(const MO_ElementModule& element, double frame, const std::pair<int, int>& resolution)
+{
+    const auto drawing = element.drawingAt(frame);
+    if (!drawing)
+        return {};
+    const MO_SceneCommon* const scene = element.sceneCommon();
+    const QTransform toPixel =
+        scene ? scene->sceneToPixel(frame, resolution) : MO_SceneCommon::sceneToPixel(resolution, 1.0);
+    return (element.drawingToScene(frame) * toPixel).mapRect(extentOf(*drawing));
+}
+
+std::vector<const MO_ElementModule*> elementsBehind(const MO_Port& input)
+{
+    std::vector<const MO_ElementModule*> elements;
+    std::unordered_set<const MO_Module*> met;
+    std::vector<const MO_Port*> open{&input};
+    while (!open.empty()) {
+        const MO_Port* const source = open.back()->realSrcPort();
+        open.pop_back();
+        const MO_Module* const module = source ? source->module() : nullptr;
+        if (!module || !met.insert(module).second)
+            continue;
+        if (const auto* element = dynamic_cast<const MO_ElementModule*>(module))
+            elements.push_back(element);
+        for (unsigned i = 0; i < module->nInPorts(); ++i)
+            open.push_back(module->inPort(i));
+    }
+    return elements;
+}

@@ -1,0 +1,19 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Where the drawings of a scene lie: asked before a frame is rendered, for its memory and its margin.
+#pragma once
+
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+
+#include <QRectF>
+
+#include <utility>
+#include <vector>
+
+/// The rectangle that the drawing of an element may touch at a frame, in pixels of a frame of the resolution: x right,
+/// y down, the origin at the upper left corner. It may lie outside of the frame, and may be somewhat larger than what
+/// is painted. Empty when nothing is shown.
+QRectF extentOf(const MO_ElementModule& element, double frame, const std::pair<int, int>& resolution);
+
+/// The elements whose drawings come in at an input port, each once.
+std::vector<const MO_ElementModule*> elementsBehind(const MO_Port& input);

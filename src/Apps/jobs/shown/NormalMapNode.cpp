@@ -1,0 +1,170 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Keys, texts and values.
+#include "jobs/shown/NormalMapNode.h"
+
+#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_StringAttr.h"
+#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
+
+#include <QStringList>
+
+namespace {
+
+const QString kObjects = QStringLiteral("ObjectList");
+const QString kColours = QStringLiteral("ColorInformation");
+const QString kBevelMultiplier = QStringLiteral("BlurScale");
+const QString kElevationMultiplier = QStringLiteral("ElevationScale");
+const QString kSmoothnessMultiplier = QStringLiteral("ElevationSmoothness");
+const QString kQuality = QStringLiteral("NormalQuality");
+const QString kGenerateNormals = QStringLiteral("GenerateNormals");
+const QString kDepthInBlue = QStringLiteral("DepthInBlue");
+const QString kClip = QStringLiteral("ClipBlurredWithGeometry");
+const QString kUseTruckFactor = QStringLiteral("UseTruckFactor");
+
+// Seventeen digits bring every number back to the last bit.
+QString numberText(double value)
+{
+    return QString::number(value, 'g', 17);
+}
+
+QString yesNo(bool value)
+{
+    return value ? QStringLiteral("true") : QStringLiteral("false");
+}
+
+bool isOn(const MO_Module& module, const QString& key, bool otherwise)
+{
+    const auto* const attr = dynamic_cast<const AT_BoolAttr*>(module.findAttr(key));
+    return attr ? attr->localValue() : otherwise;
+}
+
+UT_Result<void> setText(MO_Module& module, const QString& key, const QString& text)
+{
+    AT_Attr* const attr = module.findAttr(key);
+    if (!attr || !attr->parseText(text, false))
+        return UT_Error{QStringLiteral("the node %1 does not take \"%2\" for %3; is its plug-in of this version?")
+                            .arg(module.keyword(), text, key)};
+    attr->parseText(text, true);
+    return {};
+}
+
+// The field as a number; the fallback where there is none.
+double numberAt(const QStringList& fields, qsizetype index, double fallback)
+{
+    bool isNumber = false;
+    const double number = fields.value(index).toDouble(&isNumber);
+    return isNumber ? number : fallback;
+}
+
+} // namespace
+
+const QString& NormalMapNode::keyword()
+{
+    static const QString keyword = QStringLiteral("Vallorin");
+    return keyword;
+}
+
+std::unique_ptr<MO_Module> NormalMapNode::make()
+{
+    return MO_ModuleFactorySingleton().create(keyword());
+}
+
+UT_Result<void> NormalMapNode::set(const NormalMapValues& values) const
+{
+    const std::pair<const QString&, QString> texts[] = {
+        {kColours, colourTableText(values.colours)},
+        {kObjects, objectTableText(values.objects)},
+        {kBevelMultiplier, numberText(values.bevelMultiplier)},
+        {kElevationMultiplier, numberText(values.elevationMultiplier)},
+        {kSmoothnessMultiplier, numberText(values.smoothnessMultiplier)},
+        {kGenerateNormals, yesNo(values.generateNormals)},
+        {kUseTruckFactor, yesNo(values.useTruckFactor)},
+        {kDepthInBlue, yesNo(values.depthInBlue)},
+        {kClip, yesNo(values.clipBlurredWithGeometry)},
+        {kQuality, values.quality},
+    };
+    for (const auto& [key, text] : texts)
+        if (UT_Result<void> done = setText(*_module, key, text); !done)
+            return done;
+    return {};
+}
+
+bool NormalMapNode::generatesNormals() const
+{
+    return isOn(*_module, kGenerateNormals, true);
+}
+
+bool NormalMapNode::hasElevationInBlue() const
+{
+    return isOn(*_module, kDepthInBlue, false);
+}
+
+void NormalMapNode::putElevationInBlue() const
+{
+    if (auto* const attr = dynamic_cast<AT_BoolAttr*>(_module->findAttr(kDepthInBlue)))
+        attr->setLocalValue(true);
+}
+
+std::vector<NormalMapObject> NormalMapNode::objects() const
+{
+    const auto* const attr = dynamic_cast<const AT_StringAttr*>(_module->findAttr(kObjects));
+    return attr ? objectsOfTable(attr->localValue()) : std::vector<NormalMapObject>();
+}
+
+AT_DoubleAttr* NormalMapNode::bevelMultiplier() const
+{
+    return dynamic_cast<AT_DoubleAttr*>(_module->findAttr(kBevelMultiplier));
+}
+
+AT_DoubleAttr* NormalMapNode::elevationMultiplier() const
+{
+    return dynamic_cast<AT_DoubleAttr*>(_module->findAttr(kElevationMultiplier));
+}
+
+bool NormalMapNode::usesTruckFactor() const
+{
+    return isOn(*_module, kUseTruckFactor, false);
+}
+
+QString objectTableText(const std::vector<NormalMapObject>& objects)
+{
+    QStringList rows;
+    for (const NormalMapObject& object : objects)
+        rows.append(QStringLiteral("%1:%2:%3:%4")
+                        .arg(object.number)
+                        .arg(numberText(object.bevel), numberText(object.elevation), numberText(object.smoothness)));
+    return rows.join(QLatin1Char(';'));
+}
+
+std::vector<NormalMapObject> objectsOfTable(const QString& text)
+{
+    std::vector<NormalMapObject> objects;
+    for (const QString& row : text.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+        const QStringList fields = row.split(QLatin1Char(':'), Qt::SkipEmptyParts);
+        // A number alone is a row; one with a colon and nothing behind it is none.
+        if (row.contains(QLatin1Char(':')) && fields.size() < 2)
+            continue;
+        NormalMapObject object;
+        bool isNumber = false;
+        object.number = fields.value(0).toInt(&isNumber);
+        object.bevel = numberAt(fields, 1, object.bevel);
+        object.elevation = numberAt(fields, 2, object.elevation);
+        object.smoothness = numberAt(fields, 3, object.smoothness);
+        if (isNumber && object.number >= 1)
+            objects.push_back(object);
+    }
+    return objects;
+}
+
+QString colourTableText(const std::vector<NormalMapColour>& colours)
+{
+    QStringList rows;
+    for (const NormalMapColour& colour : colours) {
+        // Separators inside a name would end its row early.
+        const QString name = QString(colour.name).remove(QLatin1Char(':')).remove(QLatin1Char(';'));
+        rows.append(QStringLiteral("%1:%2:%3").arg(colour.id.AsString().ToQString()).arg(colour.level).arg(name));
+    }
+    return rows.join(QLatin1Char(';'));
+}

@@ -1,0 +1,95 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// What a frame of a module shows: its picture, the elevation beside the normals, the drawing that belongs to them. The
+// command line, films and the window all ask here, so that they show the same.
+//
+//     ShownModule shown(module);
+//     const auto frame = shown.render(12, parameters, {.elevation = true, .drawing = true});
+//
+// The node is rendered once: normals with the elevation in blue. A second time only for those who look at its channels
+// as they are set, when blue holds something else there. The drawing is painted from copies of the scene
+// (VisibleDrawing.h).
+#pragma once
+
+#include "QuarvelCelCore/CEL_PixmapArea.h"
+#include "QuarvelNormalMap/NM_Layers.h"
+#include "QuarvelSceneCore/rendering/RD_RenderJob.h"
+#include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
+#include "jobs/shown/RenderedKind.h"
+
+#include <memory>
+#include <mutex>
+
+class MO_Scene;
+
+/// What is wanted of a frame beside its picture.
+struct ShownParts
+{
+    bool elevation = false; ///< in the blue channel of normals
+    bool drawing = false;
+    bool channels = false; ///< the module's picture with blue as the attributes say
+};
+
+/// A frame. All pixmaps share coordinates; what is not wanted is null.
+struct ShownFrame
+{
+    RenderedKind kind = RenderedKind::COLOURS;
+    Math::Box2di window; ///< the pixels of the scene's frame
+    /// Normals, elevation or colours. Whether the blue channel of normals holds the elevation: hasElevation().
+    UT_SharedPtr<CEL_PixmapArea> picture;
+    UT_SharedPtr<CEL_PixmapArea> channels;
+    UT_SharedPtr<CEL_PixmapArea> drawing; ///< associated colours
+
+    /// Where the elevation stands in picture.
+    NM_ElevationChannel elevationChannel() const
+    {
+        return kind == RenderedKind::NORMALS ? NM_ElevationChannel::BLUE : NM_ElevationChannel::RED;
+    }
+};
+
+/// A module that frames are rendered of. Frames may be rendered on several threads at once. The module must live
+/// longer, and its scene must not change meanwhile.
+class ShownModule
+{
+public:
+    explicit ShownModule(MO_Module& module);
+    ~ShownModule();
+    ShownModule(const ShownModule&) = delete;
+    ShownModule& operator=(const ShownModule&) = delete;
+
+    MO_Module& module() const { return _module; }
+    RenderedKind kind() const { return _source.kind; }
+    /// The nodes whose normals or elevation it shows.
+    const std::vector<MO_Module*>& nodes() const { return _source.nodes; }
+
+    /// Renders a frame.
+    ///
+    /// @return an error when it cannot be rendered or progress said to stop
+    UT_Result<ShownFrame> render(double frame, const RD_RenderParameters& parameters, const ShownParts& wanted,
+                                 const RD_SoftRenderer::Progress& progress = {}) const;
+
+    /// Whether the channels hold something else than the picture with elevation does.
+    bool hasOtherBlue() const { return _otherBlue; }
+    /// Renders the channels alone.
+    UT_Result<UT_SharedPtr<CEL_PixmapArea>> renderChannels(double frame, const RD_RenderParameters& parameters,
+                                                           const RD_SoftRenderer::Progress& progress = {}) const;
+
+private:
+    /// A copy of the scene, made when it is first asked for.
+    struct Copy
+    {
+        std::once_flag once;
+        std::unique_ptr<MO_Scene> scene;
+        MO_Module* module = nullptr;
+    };
+
+    MO_Module& elevated() const;
+    MO_Module& drawing() const;
+    void copyTo(Copy& copy) const;
+
+    MO_Module& _module;
+    PictureSource _source;
+    bool _otherBlue = false;
+    mutable Copy _elevated;
+    mutable Copy _drawing;
+};

@@ -1,0 +1,178 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// A stand-in for each node: its request lets the node's handler decide on every drawing, its painter does what the
+// handler decided.
+#include "jobs/shown/VisibleDrawing.h"
+
+#include "ObjectDefinition/ObjectDefinition.h"
+#include "ObjectDefinition/ObjectDefinitionMessage.h"
+#include "QuarvelCelCore/CEL_Compositing.h"
+#include "QuarvelSceneCore/kinds/MO_CompositeModuleBase.h"
+#include "QuarvelSceneCore/rendering/MO_CompositeModuleBitmapHandler.h"
+#include "QuarvelSceneCore/rendering/MO_RenderingRequestService.h"
+#include "QuarvelSceneCore/rendering/RD_ScriptContext.h"
+#include "jobs/shown/NormalMapNode.h"
+
+namespace {
+
+constexpr int kNoObject = -1;
+
+bool endsTheWalk(const MO_Module& module);
+
+// The number of the enabled definition that is furthest upstream on the first inputs.
+int numberBehind(const MO_Module* module, double frame)
+{
+    int number = kNoObject;
+    while (module && !endsTheWalk(*module)) {
+        if (const auto* definition = dynamic_cast<const ObjectDefinition*>(module); definition && module->enabled())
+            number = definition->objectId(frame);
+        const MO_Port* const input = module->inPort(0);
+        const MO_Port* const source = input ? input->realSrcPort() : nullptr;
+        module = source ? source->module() : nullptr;
+    }
+    return number;
+}
+
+// Leaves the drawing as it is and attaches what the node's handler says of it; takes it away where the handler does.
+class AskingHandler final : public MO_RenderingRequestHandler
+{
+public:
+    explicit AskingHandler(std::unique_ptr<MO_RenderingRequestHandler> nodes) : _nodes(std::move(nodes)) {}
+
+    void processDrawing(BaseContext& context) override
+    {
+        if (!_nodes || !context.drawing())
+            return;
+        BaseContext asked = context;
+        _nodes->processDrawing(asked);
+        if (!asked.drawing() || asked.drawing()->isEmpty()) {
+            context.drawing() = UT_makeShared<CEL_Cel>();
+            return;
+        }
+        const UT_DynKey& key = ObjectDefinition::objectDefinitionMessageId();
+        if (const auto message = asked.drawing()->findMessage(key))
+            context.drawing()->addMessage(key, message);
+    }
+
+private:
+    std::unique_ptr<MO_RenderingRequestHandler> _nodes;
+};
+
+// Paints the inputs as they come.
+class Painter final : public MO_CompositeModuleBitmapHandler
+{
+public:
+    Painter(MO_Module* module, int format, double frame, const std::vector<node_render::PortRenderInfo>& ports)
+        : MO_CompositeModuleBitmapHandler(
+              {module, format == CEL_FORMAT_RGBAFLOAT, format == CEL_FORMAT_RGBA16, false, {1.0, -1.0}}, ports)
+        , _frame(frame)
+    {}
+
+    void softRender(MO_SoftContext& context, int port) override
+    {
+        _port = port;
+        MO_CompositeModuleBitmapHandler::softRender(context, port);
+    }
+
+protected:
+    void acceptInputCel(const MO_SoftContext& context, CA_CelRef cel) override
+    {
+        const int number = numberOf(*cel);
+        const int format = context.mainCelFormat2d();
+        if (number == 0 && _painted) {
+            if (const auto shape = cel->convertTo(format)->pixmap())
+                CEL_cutOut(*shape, *_painted->pixmap());
+        } else if (number > 0 && !_painted) {
+            if (const CA_CelRef own = cel->getWorkingCopy(format); own->pixmap())
+                _painted = own;
+        } else if (number > 0) {
+            if (const auto top = cel->convertTo(format)->pixmap())
+                CEL_paintOver(*top, *_painted->pixmap());
+        }
+    }
+
+    void finishRender(const MO_SoftContext& context, CA_CelRef) override { setCel(context, _painted); }
+
+private:
+    int numberOf(const CEL_Cel& cel) const
+    {
+        const auto message = cel.findMessage(ObjectDefinition::objectDefinitionMessageId());
+        if (const auto object = message.dynamicCast<ObjectDefinitionMessage>())
+            return object->objectId();
+        for (const node_render::PortRenderInfo& info : ports())
+            if (info.port == _port)
+                return numberBehind(info.sourceModule, _frame);
+        return kNoObject;
+    }
+
+    double _frame;
+    int _port = 0;
+    CA_CelRef _painted;
+};
+
+// Stands in a node's place.
+class VisibleInputs final : public MO_CompositeModuleBase
+{
+public:
+    explicit VisibleInputs(MO_Module& node) : _node(&node)
+    {
+        setEnabled(node.enabled());
+        addInImagePort();
+    }
+
+    QString keyword() const override { return QStringLiteral("VISIBLE_INPUTS"); }
+    QString baseDisplayName() const override { return QStringLiteral("Visible-Inputs"); }
+
+    void insertRenderingRequestForSrcPort(RD_ScriptContext& context, int port) override
+    {
+        MO_CompositeModuleBase::insertRenderingRequestForSrcPort(context, port);
+        context.insertRequest(MO_RenderingRequestService::createRenderingRequest(
+            this, std::make_unique<AskingHandler>(_node->createRequestHandler())));
+    }
+
+    UT_SharedPtr<MO_SoftRenderInterface>
+    createSoftRenderInterface(const RD_ScriptContext& context,
+                              const std::vector<node_render::PortRenderInfo>& ports) override
+    {
+        return UT_makeShared<Painter>(this, context.renderJob().parameters().celFormat(),
+                                      context.globalFrameKey().frame, ports);
+    }
+
+private:
+    MO_Module* _node;
+};
+
+bool endsTheWalk(const MO_Module& module)
+{
+    return NormalMapNode::is(module) || dynamic_cast<const VisibleInputs*>(&module) != nullptr;
+}
+
+VisibleInputs& replace(MO_Module& node)
+{
+    auto& inputs = node.group()->emplace<VisibleInputs>(node);
+    for (unsigned i = 0; i < node.nInPorts(); ++i)
+        if (const MO_Port* const source = node.inPort(i)->srcPort(); source && source->module())
+            (void)MO_Scene::connect(*source->module(), inputs, i, source->index());
+    const std::vector<MO_Port*> sinks = node.outPort(0)->sinks();
+    for (MO_Port* const sink : sinks)
+        (void)sink->connect(*inputs.outPort(0));
+    return inputs;
+}
+
+} // namespace
+
+MO_Module& showDrawings(MO_Scene& scene, MO_Module& shown)
+{
+    std::vector<MO_Module*> nodes;
+    scene.root().forEachModule([&](MO_Module& module) {
+        if (NormalMapNode::is(module))
+            nodes.push_back(&module);
+    });
+    MO_Module* result = &shown;
+    for (MO_Module* const node : nodes) {
+        VisibleInputs& inputs = replace(*node);
+        if (node == &shown)
+            result = &inputs;
+    }
+    return *result;
+}
