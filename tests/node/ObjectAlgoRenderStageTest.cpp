@@ -58,6 +58,18 @@ TEST(ObjectAlgoRenderStage, In16BitPixelsHoldLevelAndGreyWithTheirCoverages)
     EXPECT_EQ(pixelAt<Pixel16>(cel, 3), (Pixel16{0, 0, 0, 0})) << "nothing is drawn here";
 }
 
+TEST(ObjectAlgoRenderStage, ATableWithAnUnreadableIdLeavesColoursThatAreNotListedAlone)
+{
+    std::vector<VallorinAttributes::ColorInformation> colours;
+    VallorinAttributes::getColorInformation(QStringLiteral("0xA1B2:0:Skin"), colours);
+    ASSERT_EQ(colours.size(), 1U);
+    const auto staged = MultiStageKvd::embed(rowDrawing());
+    staged->addStage(UT_makeShared<Stage>(1.0, 3, false, 1.0, colours));
+    const CA_CelRef cel = CelTesting::celOf(staged, rowArgs())->convertTo(CEL_FORMAT_RGBA16);
+    for (int x = 0; x < 3; ++x)
+        EXPECT_EQ(pixelAt<Pixel16>(cel, x), (Pixel16{32767, 0, 1024, 32767})) << "carved at " << x;
+}
+
 TEST(ObjectAlgoRenderStage, InFloatGreysAreWholeNumbers)
 {
     const CA_CelRef full = rendered(rowDrawing(), CEL_FORMAT_RGBAFLOAT, 0.75, 255);

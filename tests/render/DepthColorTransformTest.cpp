@@ -59,6 +59,37 @@ TEST(DepthColorTransform, OfAColourListedTwiceTheLaterGreyAndTheFirstObjectCount
     EXPECT_EQ(object, ops->GetColorObjectEntry(kRed));
     EXPECT_EQ(object->GetColorId(), kRed);
     EXPECT_EQ(object->refCount(), 2) << "the table holds it, and the pointer here; no copy was made";
+    ASSERT_EQ(twice.entries().size(), 2U) << "the later row has an object of its own";
+    EXPECT_EQ(object.get(), twice.entries()[0].first.get());
+}
+
+TEST(DepthColorTransform, FindsEachOfManyColours)
+{
+    std::vector<ColorInformation> records;
+    for (std::uint64_t i = 0; i < 3000; ++i)
+        records.push_back({CM_ColorId_t(i % 1000 + 1), static_cast<int>(i / 1000), QString()});
+    DepthComputationCelColorTransform transform(records);
+    const auto ops = transform.createGraphicOpsTransform();
+    for (std::uint64_t i = 0; i < 1000; ++i) {
+        const CM_ColorId_t id(i + 1);
+        ASSERT_EQ(ops->GetColorObject(id).get(), transform.entries()[i].first.get()) << i;
+        ASSERT_EQ(paintOf(transform, id), (VS_RGBA{2, 2, 2, 255})) << i << ", of the last of its three rows";
+    }
+    EXPECT_EQ(paintOf(transform, CM_ColorId_t(1001)), VS_RGBA{});
+}
+
+TEST(DepthColorTransform, ARowWhoseIdCannotBeReadPaintsNoColourThatIsNotListed)
+{
+    std::vector<ColorInformation> records;
+    VallorinAttributes::getColorInformation(QStringLiteral("0xA1B2:0:Skin;0000000000000002:20:Blue"), records);
+    ASSERT_EQ(records.size(), 2U);
+    ASSERT_TRUE(records[0].colorId.isNull());
+    DepthComputationCelColorTransform transform(records);
+    const auto ops = transform.createGraphicOpsTransform();
+    EXPECT_EQ(paintOf(transform, kRed), VS_RGBA{}) << "red is not listed";
+    EXPECT_EQ(paintOf(transform, kBlue), (VS_RGBA{20, 20, 20, 255}));
+    EXPECT_EQ(paintOf(transform, CM_ColorId_t()), (VS_RGBA{0, 0, 0, 255})) << "the null id is listed";
+    EXPECT_NE(ops->GetColorObject(kRed), ops->GetColorObject(CM_ColorId_t()));
 }
 
 TEST(DepthColorTransform, AnswersWithAPlainColourWhateverThePalettesOwnKindIs)

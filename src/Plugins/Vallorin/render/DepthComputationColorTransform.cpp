@@ -3,8 +3,6 @@
 // Look-ups in the table of greys.
 #include "render/DepthComputationColorTransform.h"
 
-#include <algorithm>
-
 namespace VallorinLib {
 
 DepthComputationColorTransform::DepthComputationColorTransform(const DepthComputationCelColorTransform& transform)
@@ -20,19 +18,17 @@ CM_SharedPtr<CM_BaseColorObj> DepthComputationColorTransform::GetColorObjectEntr
 
 CM_SharedPtr<CM_BaseColorObj> DepthComputationColorTransform::GetColorObject(const CM_ColorId_t& id)
 {
-    const auto isListed = [&](const auto& entry) { return entry.first->GetColorId() == id; };
-    const auto found = std::ranges::find_if(celTransform->colourEntries, isListed);
-    CM_Color* color =
-        found == celTransform->colourEntries.end() ? celTransform->defaultColour.get() : found->first.get();
-    return CM_SharedPtr<CM_BaseColorObj>(color);
+    CM_Color* const listed = celTransform->listedColour(id);
+    return CM_SharedPtr<CM_BaseColorObj>(listed ? listed : celTransform->unlistedColour());
 }
 
 VS_RGBA DepthComputationColorTransform::GetColorValue(const CM_SharedPtr<CM_BaseColorObj>& color)
 {
-    if (!color)
+    // A row of the table whose id cannot be read has the null id, which is the default colour's, too. Looked up by it,
+    // every colour that is not listed would be painted in that row's grey.
+    if (!color || color.get() == celTransform->unlistedColour())
         return {};
-    const auto found = celTransform->paints.find(color->GetColorId());
-    return found == celTransform->paints.end() ? VS_RGBA{} : found->second;
+    return celTransform->paintOf(color->GetColorId());
 }
 
 bool DepthComputationColorTransform::isPositionDependent() const

@@ -15,10 +15,11 @@ public:
     ~DepthComputationColorTransform() override;
 
     CM_SharedPtr<CM_BaseColorObj> GetColorObjectEntry(const CM_ColorId_t& id) override;
-    /// A plain colour that carries the id, for a listed one, whatever kind the palette's own colour is; otherwise one
-    /// without id.
+    /// For a listed id a plain colour that carries it, that of the first row, whatever kind the palette's own colour
+    /// is; for any other id the one default colour, which has no id.
     CM_SharedPtr<CM_BaseColorObj> GetColorObject(const CM_ColorId_t& id) override;
-    /// The grey, or the transparent paint for what is not listed and for a null pointer.
+    /// The grey of the colour's id; the transparent paint, which contributes no coverage, for an id that is not listed,
+    /// for the default colour (also where the table lists the null id) and for a null pointer.
     VS_RGBA GetColorValue(const CM_SharedPtr<CM_BaseColorObj>& color) override;
     bool isPositionDependent() const override;
 
