@@ -328,6 +328,59 @@ TEST_F(RenderHandler, WithoutNormalsTheHighestObjectShows)
     EXPECT_EQ(output->at(3, 3), (Pixel16{32767, 32767, 32767, 32767})) << "the second object's";
 }
 
+// A pixmap of a size, with one full pixel at (x, 0) on a canvas of 12 x 1.
+template<typename Pixel>
+UT_SharedPtr<CEL_PixmapOf<Pixel>> onePixel(const Math::Size2di& size, int x)
+{
+    auto pixmap = UT_makeShared<CEL_PixmapOf<Pixel>>(size, Math::Box2di(0, 0, 12, 1));
+    pixmap->realloc({x, 0, x + 1, 1}, true);
+    constexpr auto kFull = CEL_PixelTraits<Pixel>::kFull;
+    pixmap->at(x, 0) = {kFull, 0, 0, kFull};
+    return pixmap;
+}
+
+// What a picture of 12 x 1 shows at x = 10, where an input of no size has a pixel of the object that another input
+// makes at x = 0. The object is blurred with a sigma of 3 pixels and clipped, so that nothing of it reaches x = 10.
+template<typename Pixel>
+Pixel besideAnObject(const Math::Size2di& sizeOfInput)
+{
+    constexpr bool kIs16Bit = CEL_PixelTraits<Pixel>::kFormat == CEL_FORMAT_RGBA16;
+    const RD_RenderJob job(RD_RenderParameters{
+        kIs16Bit ? RD_RenderParameters::IMAGE_PROCESSING_16BIT : RD_RenderParameters::IMAGE_PROCESSING_FLOAT, {12, 1}});
+    MO_SoftContext context(job, MO_FrameKey{1.0}, nullptr, job.canvas());
+    VallorinRenderHandler handler(1.0, {}, std::vector<node_render::PortRenderInfo>(2));
+    handler.objectInformation = QStringLiteral("1:720:1:1");
+    context.setInputCel(0, tagged(onePixel<Pixel>({12, 1}, 0), 1));
+    handler.softRender(context, 0);
+    context.setInputCel(1, tagged(onePixel<Pixel>(sizeOfInput, 10), 1));
+    handler.softRender(context, 1);
+    handler.finish(context);
+    const auto output = context.outputCel()->pixmap().template dynamicCast<CEL_PixmapOf<Pixel>>();
+    const Pixel* const pixel = output->find(10, 0);
+    return pixel ? *pixel : Pixel{};
+}
+
+TEST_F(RenderHandler, AnInputWithoutWidthOrHeightAddsNothingButCovers)
+{
+    EXPECT_EQ(besideAnObject<Pixel16>({0, 1}), (Pixel16{0, 0, 1, 32767}));
+    EXPECT_EQ(besideAnObject<Pixel16>({12, 0}), (Pixel16{0, 0, 1, 32767}));
+}
+
+TEST_F(RenderHandlerFloat, AnInputWithoutWidthOrHeightAddsNothingButCovers)
+{
+    EXPECT_EQ(besideAnObject<PixelFloat>({0, 1}), (PixelFloat{0.0F, 0.0F, 0.0F, 1.0F}));
+    EXPECT_EQ(besideAnObject<PixelFloat>({12, 0}), (PixelFloat{0.0F, 0.0F, 0.0F, 1.0F}));
+}
+
+TEST_F(RenderHandler, AnInputWithoutSizeMakesNoAccumulator)
+{
+    const auto handler = make(1, "1:0");
+    deliver(*handler, tagged(onePixel<Pixel16>({0, 0}, 3), 1));
+    EXPECT_EQ(handler->objectAccumulators.at(1), nullptr);
+    EXPECT_EQ(handler->inputPixmaps.size(), 1U);
+    EXPECT_TRUE(finish(*handler)->allocatedRect().isEmpty());
+}
+
 TEST_F(RenderHandler, AnInputOfACelBeyondThePortsIsIgnored)
 {
     const auto handler = make(1, "1:0");

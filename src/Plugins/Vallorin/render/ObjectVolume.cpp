@@ -25,6 +25,7 @@ struct VolumeSettings
     int quality;
     double smoothness;
     bool clip;
+    Math::Box2di covered;
 };
 
 // What is wider than four of the canvas's diagonals makes no difference that could be seen.
@@ -98,7 +99,8 @@ void storeElevations(const ElevationPlane& plane, bool isBlurred, const Math::Bo
 
 // The part of a plane that anybody can see: where the clip leaves elevations, with room for the normals beside them,
 // and where the object is covered. A long blur reaches much further.
-Math::Box2di visibleRect(const ElevationPlane& plane, const CEL_PixmapArea& object, const CEL_PixmapArea& reference)
+Math::Box2di visibleRect(const ElevationPlane& plane, const CEL_PixmapArea& object, const Math::Box2di& covered,
+                         const CEL_PixmapArea& reference)
 {
     const Math::Box2di& whole = plane.values->allocatedRect();
     // An input that reaches beyond the canvas is covered there, and the reference's pixels may be there, too.
@@ -106,6 +108,7 @@ Math::Box2di visibleRect(const ElevationPlane& plane, const CEL_PixmapArea& obje
         return whole;
     Math::Box2di visible = plane.inside;
     visible.add(object.allocatedRect());
+    visible.add(covered);
     return visible.getIntersection(whole);
 }
 
@@ -133,7 +136,7 @@ ObjectVolume build(const CEL_PixmapArea& reference, const CEL_PixmapOf<Pixel>& o
     range = {0.0F, 1.0F};
     using Values = ElevationProfile::Values;
     constexpr bool kWhole = std::is_integral_v<typename VolumeTraits<Pixel>::Channel>;
-    const Math::Box2di visible = visibleRect(plane, objectPixmap, reference);
+    const Math::Box2di visible = visibleRect(plane, objectPixmap, settings.covered, reference);
     const ElevationProfile profile(plane.span, settings.smoothness, kWhole ? Values::WHOLE : Values::ANY,
                                    visible.area());
     const auto canvasFactor = static_cast<float>(plane.values->canvasRect().width() / kUnitsAcross);
@@ -146,11 +149,12 @@ ObjectVolume build(const CEL_PixmapArea& reference, const CEL_PixmapOf<Pixel>& o
 
 ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel, int resolutionX,
                                bool generateNormals, double elevation, const UT_SharedPtr<CEL_PixmapArea>& objectPixmap,
-                               std::pair<float, float>& range, int quality, double smoothness, bool clip)
+                               std::pair<float, float>& range, int quality, double smoothness, bool clip,
+                               const Math::Box2di& covered)
 {
     if (!reference || !objectPixmap || reference->format() != objectPixmap->format())
         return {};
-    const VolumeSettings settings{bevel, resolutionX, generateNormals, elevation, quality, smoothness, clip};
+    const VolumeSettings settings{bevel, resolutionX, generateNormals, elevation, quality, smoothness, clip, covered};
     if (const auto object16 = objectPixmap.dynamicCast<CEL_PixmapAreaRGBA16>())
         return build<CEL_PixelRGBA16>(*reference, *object16, settings, range);
     if (const auto objectFloat = objectPixmap.dynamicCast<CEL_PixmapAreaRGBAFloat>())

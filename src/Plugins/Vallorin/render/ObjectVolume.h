@@ -27,11 +27,14 @@ struct ObjectVolume
 /// @param objectPixmap    the accumulator; it is not changed
 /// @param range           receives offset and scale that bring R to 0 .. 1 when normals are off, and (0, 1) when they
 ///                        are on; untouched when there is no result
-/// @param quality         a value of NormalPasses
+/// @param quality         a value of eNormalQuality
 /// @param smoothness      the exponent of the profile is its inverse
 /// @param clip            whether the blur is taken back where there is no drawing near
+/// @param covered         where inputs cover the object beyond the accumulator's rectangle: an input of zero width or
+///                        height covers although nothing of it is accumulated
 /// @return none when a pixmap is missing, when their formats are not the same colour format, when the accumulator holds
 /// no pixels, or when there is no memory for the blur
 ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel, int resolutionX,
                                bool generateNormals, double elevation, const UT_SharedPtr<CEL_PixmapArea>& objectPixmap,
-                               std::pair<float, float>& range, int quality, double smoothness, bool clip);
+                               std::pair<float, float>& range, int quality, double smoothness, bool clip,
+                               const Math::Box2di& covered = {});

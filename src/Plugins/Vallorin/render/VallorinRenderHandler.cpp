@@ -118,6 +118,15 @@ void VallorinRenderHandler::accumulate(const MO_SoftContext& context, int object
     mergeInto(*accumulator, *input);
 }
 
+Math::Box2di VallorinRenderHandler::coveredRect(int objectId) const
+{
+    Math::Box2di covered;
+    for (const auto& [port, input] : inputPixmaps)
+        if (portObjectIds[static_cast<std::size_t>(port)] == objectId)
+            covered.add(input->allocatedRect());
+    return covered;
+}
+
 void VallorinRenderHandler::finishRender(const MO_SoftContext& context, CA_CelRef delivered)
 {
     std::vector<VallorinAttributes::ObjectInformation> objects;
@@ -151,7 +160,7 @@ VallorinRenderHandler::buildVolumes(const MO_SoftContext& context, const UT_Shar
         std::pair<float, float>& range = elevationRanges[object.objectId];
         volumes[object.objectId] =
             buildObjectVolume(reference, bevel, context.resolutionX(), generateNormals, elevation, accumulator->second,
-                              range, normalQuality, smoothness, clipBlurredWithGeometry);
+                              range, normalQuality, smoothness, clipBlurredWithGeometry, coveredRect(object.objectId));
         // Its memory serves the next object's volume.
         if (&object == lastRecordOf(object.objectId, objects))
             accumulator->second = nullptr;

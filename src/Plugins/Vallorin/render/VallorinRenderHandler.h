@@ -61,6 +61,8 @@ private:
     void takeMessage(const CEL_Cel& cel);
     int currentObjectId() const;
     void accumulate(const MO_SoftContext& context, int objectId, const UT_SharedPtr<CEL_PixmapArea>& input);
+    /// What the inputs of an object cover together.
+    Math::Box2di coveredRect(int objectId) const;
     std::map<int, ObjectVolume> buildVolumes(const MO_SoftContext& context,
                                              const UT_SharedPtr<CEL_PixmapArea>& reference,
                                              const std::vector<VallorinAttributes::ObjectInformation>& objects);
