@@ -37,7 +37,7 @@ public:
         mask = makeMask();
         blurred = makeBlurred();
         plane = settled(copyOf(*blurred));
-        makeNormals(FOUR_NEIGHBOURS);
+        makeNormals(LOW_NORMAL_QUALITY);
     }
 
     static Plane copyOf(const CEL_PixmapAreaZ& plane) { return plane.clone().template dynamicCast<CEL_PixmapAreaZ>(); }
@@ -73,7 +73,7 @@ public:
         if (stage >= DEEP)
             peer.makeDepth(_job);
         if (stage >= WITH_NORMALS)
-            peer.makeNormals(FOUR_NEIGHBOURS);
+            peer.makeNormals(LOW_NORMAL_QUALITY);
     }
 
     void maskPeer()
@@ -168,7 +168,7 @@ private:
             [=](S& s) {
                 s.deepenPeer();
                 s.peer.makeNormals(quality);
-                if (quality == EIGHT_NEIGHBOURS_SMOOTHED)
+                if (quality == HIGH_NORMAL_QUALITY)
                     s.peer.smoothNormals();
             });
     }
@@ -179,7 +179,7 @@ private:
             "compose", "ours", [](S&) {}, [](S& s) { s.scene.compose(s.results); });
         add(
             "compose", "opencv", [](S& s) { s.bringPeerTo(WITH_NORMALS); },
-            [](S& s) { s.peer.compose(*s.scene.inputs()[0], FOUR_NEIGHBOURS, s.scene.output()); });
+            [](S& s) { s.peer.compose(*s.scene.inputs()[0], LOW_NORMAL_QUALITY, s.scene.output()); });
     }
 
     Lazy<S> _stages;

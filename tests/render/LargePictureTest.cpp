@@ -79,7 +79,7 @@ TYPED_TEST(LargePicture, HasTheNormalsOfItsRows)
     const Math::Box2di rect(-3, 0, 2001, 1400);
     ASSERT_EQ(storesFor<TypeParam>(rect, Reader::SOON), Stores::PAST_CACHE);
     const auto depth = hills(rect);
-    for (const int quality : {FOUR_NEIGHBOURS, EIGHT_NEIGHBOURS_SMOOTHED}) {
+    for (const int quality : {LOW_NORMAL_QUALITY, HIGH_NORMAL_QUALITY}) {
         const auto whole = normalsOf<TypeParam>(DepthSurface(*depth), quality, rect);
         for (int y = rect.y1; y < rect.y2; y += 5 * kStripRows) {
             // Smoothing looks two rows further.

@@ -26,7 +26,7 @@ UT_SharedPtr<CEL_PixmapAreaZ> plane(float a, float b)
     return depth;
 }
 
-Pixel16 normalAt(const CEL_PixmapAreaZ& depth, int x, int y, int quality = FOUR_NEIGHBOURS)
+Pixel16 normalAt(const CEL_PixmapAreaZ& depth, int x, int y, int quality = LOW_NORMAL_QUALITY)
 {
     // An elevation of 76.5 / 32765 is stored as 77.
     return normalsOf<Pixel16>(DepthSurface(depth, 76.5F / 32765.0F), quality, depth.allocatedRect())->at(x, y);
@@ -55,7 +55,7 @@ TEST(NormalMap, ASlopeLeansAwayFromWhereItRises)
 TEST(NormalMap, EveryQualityFindsTheNormalOfAPlane)
 {
     // (-1, -2, 1) / sqrt(6).
-    for (const int quality : {FOUR_NEIGHBOURS, EIGHT_NEIGHBOURS, EIGHT_NEIGHBOURS_SMOOTHED}) {
+    for (const int quality : {LOW_NORMAL_QUALITY, MEDIUM_NORMAL_QUALITY, HIGH_NORMAL_QUALITY}) {
         const Pixel16 normal = normalAt(*plane(1.0F, 2.0F), 3, 3, quality);
         EXPECT_NEAR(normal.r, encoded(-1.0 / std::sqrt(6.0)), 1) << quality;
         EXPECT_NEAR(normal.g, encoded(-2.0 / std::sqrt(6.0)), 1) << quality;
@@ -77,7 +77,7 @@ TEST(NormalMap, AtLowQualityOnlyTheAxisNeighboursMatter)
     const Pixel16 before = normalAt(*depth, 3, 3);
     depth->at(2, 2).value = 900.0F;
     EXPECT_EQ(normalAt(*depth, 3, 3), before);
-    EXPECT_NE(normalAt(*depth, 3, 3, EIGHT_NEIGHBOURS), before);
+    EXPECT_NE(normalAt(*depth, 3, 3, MEDIUM_NORMAL_QUALITY), before);
 }
 
 TEST(NormalMap, TheDiagonalsCountOnlyWhereAllFourArePresent)
@@ -85,7 +85,7 @@ TEST(NormalMap, TheDiagonalsCountOnlyWhereAllFourArePresent)
     const auto depth = plane(1.0F, 0.0F);
     depth->at(2, 2).value = 900.0F;
     depth->at(4, 4).value = 0.0F;
-    EXPECT_EQ(normalAt(*depth, 3, 3, EIGHT_NEIGHBOURS), normalAt(*depth, 3, 3, FOUR_NEIGHBOURS));
+    EXPECT_EQ(normalAt(*depth, 3, 3, MEDIUM_NORMAL_QUALITY), normalAt(*depth, 3, 3, LOW_NORMAL_QUALITY));
 }
 
 TEST(NormalMap, TwoSlopesThatNearlyCancelOutAreNotLevel)
@@ -100,7 +100,7 @@ TEST(NormalMap, TwoSlopesThatNearlyCancelOutAreNotLevel)
     depth->at(2, 2).value = 100.0F + kTilt;
     depth->at(2, 0).value = 100.0F;
     depth->at(0, 2).value = 101.0F + kTilt;
-    EXPECT_EQ(normalAt(*depth, 1, 1, EIGHT_NEIGHBOURS).r, kMiddle - 1);
+    EXPECT_EQ(normalAt(*depth, 1, 1, MEDIUM_NORMAL_QUALITY).r, kMiddle - 1);
 }
 
 TEST(NormalMap, StoredNormalsAreReadBackAsTheParserReadsThem)
@@ -141,7 +141,7 @@ TEST(NormalMap, StoredNormalsAreReadBackAsTheParserReadsThem)
 
 TEST(NormalMap, SmoothingLeavesAPixelWithoutAnyNormalAround)
 {
-    EXPECT_EQ(normalAt(*filledDepth(3, 3, 0.0F), 1, 1, EIGHT_NEIGHBOURS_SMOOTHED), (Pixel16{0, 0, 32767, 0}));
+    EXPECT_EQ(normalAt(*filledDepth(3, 3, 0.0F), 1, 1, HIGH_NORMAL_QUALITY), (Pixel16{0, 0, 32767, 0}));
 }
 
 TEST(NormalMap, SmoothingGivesAnEmptyPixelItsNeighboursNormalButNeitherBlueNorAlpha)
@@ -149,8 +149,8 @@ TEST(NormalMap, SmoothingGivesAnEmptyPixelItsNeighboursNormalButNeitherBlueNorAl
     const auto depth = filledDepth(3, 1, 0.0F);
     depth->at(0, 0).value = 5.0F;
     // The only sample is a pixel without a slope, stored as the middle: it decodes to x = y = 1 / 32767.
-    EXPECT_EQ(normalAt(*depth, 1, 0, EIGHT_NEIGHBOURS_SMOOTHED), (Pixel16{kMiddle, kMiddle, 32767, 0}));
-    EXPECT_EQ(normalAt(*depth, 2, 0, EIGHT_NEIGHBOURS_SMOOTHED), (Pixel16{0, 0, 32767, 0})) << "out of its reach";
+    EXPECT_EQ(normalAt(*depth, 1, 0, HIGH_NORMAL_QUALITY), (Pixel16{kMiddle, kMiddle, 32767, 0}));
+    EXPECT_EQ(normalAt(*depth, 2, 0, HIGH_NORMAL_QUALITY), (Pixel16{0, 0, 32767, 0})) << "out of its reach";
 }
 
 TEST(NormalMap, SmoothingWeighsTheNineNormalsAsABinomialDoes)
@@ -164,7 +164,7 @@ TEST(NormalMap, SmoothingWeighsTheNineNormalsAsABinomialDoes)
     // Columns weigh 1/4, 1/2, 1/4.
     const double x = -0.5 / std::sqrt(2.0) - 0.25 * 2.0 / std::sqrt(5.0);
     const double z = 0.25 + 0.5 / std::sqrt(2.0) + 0.25 / std::sqrt(5.0);
-    EXPECT_NEAR(normalAt(*depth, 3, 2, EIGHT_NEIGHBOURS_SMOOTHED).r, encoded(x / std::hypot(x, z)), 2);
+    EXPECT_NEAR(normalAt(*depth, 3, 2, HIGH_NORMAL_QUALITY).r, encoded(x / std::hypot(x, z)), 2);
 }
 
 TEST(NormalMap, MirroredDepthsGiveMirroredNormals)

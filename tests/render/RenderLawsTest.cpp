@@ -42,7 +42,7 @@ Depths moved(const Depths& depths, int width, int height, const Place& placeOf)
 }
 
 template<typename Pixel>
-UT_SharedPtr<CEL_PixmapOf<Pixel>> normalsOf(const Depths& depths, int quality = FOUR_NEIGHBOURS)
+UT_SharedPtr<CEL_PixmapOf<Pixel>> normalsOf(const Depths& depths, int quality = LOW_NORMAL_QUALITY)
 {
     return normalsOf<Pixel>(DepthSurface(*depths), quality, depths->allocatedRect());
 }

@@ -92,7 +92,7 @@ public:
         , _stores(VolumeRowKernels::storesFor(_rect.area() * static_cast<std::int64_t>(sizeof(Pixel)), Reader::SOON))
         , _line(_stores == Stores::CACHED ? 0 : static_cast<std::size_t>(_rect.width()))
         , _surfaceRows(_rect.width())
-        , _samples(quality == EIGHT_NEIGHBOURS_SMOOTHED ? _rect.width() : 0)
+        , _samples(quality == HIGH_NORMAL_QUALITY ? _rect.width() : 0)
     {}
 
     void build()
@@ -156,7 +156,7 @@ private:
     {
         SurfaceRow& row = _surfaceRows.at(y);
         writeRow(y, row.columns, [&](std::span<Pixel> pixels) {
-            VolumeRowKernels::storeNormals(depthAround(y, row.columns.first), _quality != FOUR_NEIGHBOURS,
+            VolumeRowKernels::storeNormals(depthAround(y, row.columns.first), _quality != LOW_NORMAL_QUALITY,
                                            row.share.data() + row.columns.first, pixels);
         });
     }
@@ -217,7 +217,7 @@ void buildNormals(const ElevationSurface& surface, int quality, CEL_PixmapOf<Pix
 {
     normals.realloc(surface.rect(), false);
     NormalBuilder<Pixel> builder(surface, quality, normals);
-    if (quality == EIGHT_NEIGHBOURS_SMOOTHED)
+    if (quality == HIGH_NORMAL_QUALITY)
         builder.buildSmoothed();
     else
         builder.build();
