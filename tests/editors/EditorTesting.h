@@ -40,7 +40,7 @@
 class Timeline : public PLUG_CurrentFrameInterface
 {
 public:
-    int currentFrame(const MO_SceneCommon&) const override { return _frame; }
+    int currentFrame(const MO_SceneCommon*) const override { return _frame; }
     void go(int frame)
     {
         _frame = frame;

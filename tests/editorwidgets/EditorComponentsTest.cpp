@@ -1,10 +1,15 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The two editors with an owner that does nothing but count, and on widgets that lack what they look for.
+#include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelBaseCore/UT_DPI.h"
 #include "QuarvelCommand/CO_OrCommand.h"
+#include "QuarvelPlugInManager/PLUG_Services.h"
+#include "QuarvelSceneCore/attributes/AT_IntAttr.h"
 #include "QuarvelSceneCore/attributes/AT_StringAttr.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "editors/CornerLabel.h"
+#include "editors/SliderSpinBoxCombo.h"
 #include "editors/VolumetricColorEditor.h"
 #include "editors/VolumetricObjectListEditor.h"
 #include "node/Vallorin.h"
@@ -15,14 +20,18 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
+#include <QMetaMethod>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTableWidget>
 #include <QTest>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace {
+
+using testing::ElementsAre;
 
 /// Names the node and counts the reports.
 class Owner : public MO_NodeEditorComponentInterfaceOwner
@@ -35,13 +44,27 @@ public:
     int reports = 0;
 };
 
+/// Notes how many rows a model has when the view is given it.
+class NotingView : public QTableView
+{
+public:
+    using QTableView::QTableView;
+    void setModel(QAbstractItemModel* model) override
+    {
+        rowsWhenGiven = model ? model->rowCount() : -1;
+        QTableView::setModel(model);
+    }
+
+    int rowsWhenGiven = -1;
+};
+
 class Components : public testing::Test
 {
 protected:
     Components()
         : colorList(new QTableWidget(&colorWidget))
         , addColor(new QPushButton(&colorWidget))
-        , objectList(new QTableView(&objectWidget))
+        , objectList(new NotingView(&objectWidget))
         , addObject(new QPushButton(&objectWidget))
         , colors(new VolumetricColorEditor(&colorWidget))
         , objects(new VolumetricObjectListEditor(&objectWidget))
@@ -73,7 +96,7 @@ protected:
     QWidget objectWidget;
     QTableWidget* colorList;
     QPushButton* addColor;
-    QTableView* objectList;
+    NotingView* objectList;
     QPushButton* addObject;
     VolumetricColorEditor* colors;
     VolumetricObjectListEditor* objects;
@@ -184,6 +207,94 @@ TEST_F(Components, RunWithoutTheWidgetsTheyLookFor)
     colorEditor.synchronize();
     objectEditor.synchronize();
     EXPECT_TRUE(bare.findChildren<QWidget*>().isEmpty());
+}
+
+TEST_F(Components, TheirSlotsDoNothingWithoutAMenuAWidgetOrAnOwner)
+{
+    QWidget bare;
+    VolumetricColorEditor colorEditor(&bare);
+    VolumetricObjectListEditor objectEditor(&bare);
+    QAction removal;
+    removal.setData(-3);
+    const auto callAll = [&] {
+        colorEditor.refreshMenu();
+        objectEditor.refreshMenu();
+        colorEditor.addColorTriggered(nullptr);
+        objectEditor.addObjectTriggered(nullptr);
+        objectEditor.addObjectTriggered(&removal);
+    };
+    callAll();
+    colorEditor.setOwner(&owner);
+    objectEditor.setOwner(&owner);
+    callAll();
+    EXPECT_EQ(owner.reports, 1) << "an action that stands for no colour removes the selected rows, none here";
+}
+
+TEST_F(Components, WorkWithoutAnOwner)
+{
+    colors->synchronize();
+    objects->synchronize();
+    EXPECT_EQ(colorList->rowCount(), 0);
+    colors->addColorTriggered(nullptr);
+    QAction five;
+    five.setData(5);
+    objects->addObjectTriggered(&five);
+    EXPECT_EQ(model()->rowCount(), 0) << "there is no node to take it";
+    EXPECT_TRUE(model()->setData(model()->index(0, 0), 1, Qt::CheckStateRole));
+}
+
+TEST_F(Components, GiveTheViewItsModelBeforeTheyFillIt)
+{
+    node.objectInformation()->setLocalValue(QStringLiteral("1;2"));
+    start();
+    EXPECT_EQ(objectList->rowsWhenGiven, 0);
+    node.objectInformation()->setLocalValue(QStringLiteral("1;2;3"));
+    start();
+    EXPECT_EQ(objectList->rowsWhenGiven, 2) << "the rows of before";
+    EXPECT_EQ(model()->rowCount(), 3);
+    EXPECT_EQ(objectList->verticalHeader()->count(), 3) << "the view counts them once more";
+}
+
+TEST_F(Components, AskForTheFrameOfANodeOutsideOfAScene)
+{
+    class Frames : public PLUG_CurrentFrameInterface
+    {
+    public:
+        int currentFrame(const MO_SceneCommon* scene) const override { return scene ? 1 : 7; }
+    };
+    Frames frames;
+    PLUG_Services::setCurrentFrameInterface(&frames);
+    AT_Curve curve;
+    curve.setKey({1.0, 1.0, AT_Curve::Interpolation::HOLD, {}, {}, {}});
+    curve.setKey({7.0, 2.0, AT_Curve::Interpolation::HOLD, {}, {}, {}});
+    ObjectDefinition definition;
+    definition.objectNumber()->setCurve(curve);
+    ASSERT_EQ(node.sceneCommon(), nullptr);
+    ASSERT_TRUE(MO_Scene::connect(definition, node).ok());
+    start();
+    objects->refreshMenu();
+    PLUG_Services::setCurrentFrameInterface(nullptr);
+    ASSERT_EQ(addObject->menu()->actions().size(), 5);
+    EXPECT_EQ(addObject->menu()->actions().at(2)->text(), QStringLiteral("Object 2"));
+}
+
+TEST_F(Components, HavePublicSlots)
+{
+    const auto slotsOf = [](const QMetaObject& meta) {
+        std::vector<std::string> names;
+        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+            EXPECT_EQ(meta.method(i).methodType(), QMetaMethod::Slot);
+            EXPECT_EQ(meta.method(i).access(), QMetaMethod::Public) << meta.method(i).name().toStdString();
+            names.push_back(meta.method(i).methodSignature().toStdString());
+        }
+        return names;
+    };
+    EXPECT_THAT(slotsOf(VolumetricColorEditor::staticMetaObject),
+                ElementsAre("refreshMenu()", "addColorTriggered(QAction*)"));
+    EXPECT_THAT(slotsOf(VolumetricObjectListEditor::staticMetaObject),
+                ElementsAre("refreshMenu()", "addObjectTriggered(QAction*)"));
+    EXPECT_THAT(slotsOf(SliderSpinBoxCombo::staticMetaObject),
+                ElementsAre("onSliderMoved(int)", "onSliderReleased()", "onSpinBoxChanged(int)"));
 }
 
 TEST_F(Components, MenuWithoutPalettesHasTheRemovalOnly)

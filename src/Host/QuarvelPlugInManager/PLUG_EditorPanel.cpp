@@ -369,6 +369,5 @@ double PLUG_EditorPanel::frame() const
 {
     const PLUG_CurrentFrameInterface* const frames = PLUG_Services::getCurrentFrameInterface();
     const MO_Module* const shown = module();
-    const MO_SceneCommon* const scene = frames && shown ? shown->sceneCommon() : nullptr;
-    return scene ? static_cast<double>(frames->currentFrame(*scene)) : 0.0;
+    return frames && shown ? static_cast<double>(frames->currentFrame(shown->sceneCommon())) : 0.0;
 }

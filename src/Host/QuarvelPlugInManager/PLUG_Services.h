@@ -15,7 +15,10 @@ class QUARVELPLUGINMANAGER_EXPORT PLUG_CurrentFrameInterface : public XUTeller
 {
 public:
     ~PLUG_CurrentFrameInterface() override;
-    virtual int currentFrame(const MO_SceneCommon& scene) const = 0;
+    /// The frame that people look at.
+    ///
+    /// @param scene null asks for the frame of a node that is part of no scene
+    virtual int currentFrame(const MO_SceneCommon* scene) const = 0;
 };
 
 /// The services. A program sets what it provides at its start, before it loads plug-ins; the getters may then be called

@@ -18,7 +18,9 @@ DocumentFrames::~DocumentFrames()
         PLUG_Services::setCurrentFrameInterface(nullptr);
 }
 
-int DocumentFrames::currentFrame(const MO_SceneCommon& scene) const
+int DocumentFrames::currentFrame(const MO_SceneCommon* scene) const
 {
-    return &scene == &_document.scene() ? _document.currentFrame() : scene.firstFrame();
+    if (!scene)
+        return 0;
+    return scene == &_document.scene() ? _document.currentFrame() : scene->firstFrame();
 }

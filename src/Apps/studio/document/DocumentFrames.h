@@ -18,7 +18,7 @@ public:
     explicit DocumentFrames(StudioDocument& document, QObject* parent = nullptr);
     ~DocumentFrames() override;
 
-    int currentFrame(const MO_SceneCommon& scene) const override;
+    int currentFrame(const MO_SceneCommon* scene) const override;
 
 private:
     StudioDocument& _document;

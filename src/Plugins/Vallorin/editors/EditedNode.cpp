@@ -9,12 +9,12 @@ Vallorin* EditedNode::find()
 {
     if (Vallorin* const known = _node.get())
         return known;
-    return owner ? askOwner() : nullptr;
+    return askOwner();
 }
 
 Vallorin* EditedNode::askOwner()
 {
-    auto* const node = dynamic_cast<Vallorin*>(owner->module());
+    auto* const node = owner ? dynamic_cast<Vallorin*>(owner->module()) : nullptr;
     _node = UT_WeakPtr<Vallorin>(node);
     return node;
 }

@@ -17,7 +17,7 @@ public:
     /// The node that was found before, or else the one that the owner names; null without an owner, and when what the
     /// owner edits is no Vallorin node.
     Vallorin* find();
-    /// Asks the owner, which must be there, whatever was found before.
+    /// Asks the owner, whatever was found before; null in the same cases.
     Vallorin* askOwner();
 
 private:

@@ -68,6 +68,13 @@ ObjectTableModel::ObjectTableModel(QTableView* view, VolumetricObjectListEditor:
 
 ObjectTableModel::~ObjectTableModel() = default;
 
+void ObjectTableModel::reload()
+{
+    beginResetModel();
+    VallorinAttributes::getObjectInformation(_editor.node.find(), _editor.objects);
+    endResetModel();
+}
+
 int ObjectTableModel::rowCount(const QModelIndex&) const
 {
     return static_cast<int>(_editor.objects.size());
@@ -118,7 +125,8 @@ bool ObjectTableModel::setData(const QModelIndex& index, const QVariant& value, 
         }
     }
     // Every role reports: the owner finds out whether anything is different.
-    _editor.node.owner->componentChanged();
+    if (_editor.node.owner)
+        _editor.node.owner->componentChanged();
     return true;
 }
 

@@ -18,6 +18,9 @@ public:
     ObjectTableModel(QTableView* view, VolumetricObjectListEditor::Impl& editor);
     ~ObjectTableModel() override;
 
+    /// Fills the editor's table from its node and has the views count the rows anew.
+    void reload();
+
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;

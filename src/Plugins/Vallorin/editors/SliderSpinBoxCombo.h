@@ -34,12 +34,15 @@ public:
     SliderSpinBoxCombo(Callback* callback, int id, int value);
     ~SliderSpinBoxCombo() override;
 
-private Q_SLOTS:
+public Q_SLOTS:
+    /// The slider is dragged: the spin box shows the percentage, and is silent from then on.
     void onSliderMoved(int value);
+    /// The slider was let go: its level is reported.
     void onSliderReleased();
+    /// The spin box changed: the slider follows and its level is reported.
     void onSpinBoxChanged(int value);
 
-private: // NOLINT(readability-redundant-access-specifiers): these are no slots
+private:
     void report();
 
     Callback* callback;

@@ -75,10 +75,10 @@ void VolumetricColorEditor::apply(CO_OrCommand* command)
 
 void VolumetricColorEditor::refreshMenu()
 {
+    if (!impl->menu)
+        return;
     Vallorin* const node = impl->node.find();
-    std::vector<ColorInformation> records;
     std::map<CM_ColorId_t, int> listed;
-    getColorInformation(node, records);
     getColorInformation(node, listed);
 
     impl->menuActions.clear();

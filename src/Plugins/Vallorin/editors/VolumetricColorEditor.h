@@ -28,7 +28,8 @@ public:
     ~VolumetricColorEditor() override;
 
     void setOwner(MO_NodeEditorComponentInterfaceOwner* owner) override;
-    /// Finds the widgets at the first call; rebuilds the table from the node at each. Only after setOwner().
+    /// Finds the widgets at the first call; rebuilds the table from the node at each. Without an owner
+    /// there are no colours.
     void synchronize() override;
     /// Appends the command that gives the node the table as it is shown.
     void apply(CO_OrCommand* command) override;
@@ -41,11 +42,13 @@ public:
     /// @param path the folder of the layout files, with a separator at its end; the first one given is kept
     static void registerFactory(const QString& path);
 
-private Q_SLOTS:
+public Q_SLOTS:
+    /// Builds the menu anew from the palettes that the node sees. Without a menu nothing happens.
     void refreshMenu();
+    /// Adds the colour that an action of the menu stands for; any other action removes the selected rows.
     void addColorTriggered(QAction* action);
 
-private: // NOLINT(readability-redundant-access-specifiers): these are no slots
+private:
     class Impl;
     std::unique_ptr<Impl> impl;
 };

@@ -28,10 +28,13 @@ QPixmap swatch(int width, int height, const CM_Rgba& colour)
 std::map<CM_ColorId_t, const CM_Color*> solidColours(const std::vector<CM_SharedPtr<CM_Palette>>& palettes)
 {
     std::map<CM_ColorId_t, const CM_Color*> colours;
-    for (const auto& palette : palettes)
+    for (const auto& palette : palettes) {
+        if (!palette)
+            continue;
         for (const auto& colour : palette->colors())
             if (const auto solid = colour.dynamicCast<CM_Color>())
                 colours[solid->GetColorId()] = solid.get();
+    }
     return colours;
 }
 

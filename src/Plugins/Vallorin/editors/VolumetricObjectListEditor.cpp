@@ -39,8 +39,13 @@ double VolumetricObjectListEditor::Impl::currentFrame() const
 {
     const PLUG_CurrentFrameInterface* const frames = PLUG_Services::getCurrentFrameInterface();
     const MO_Module* const module = frames && node.owner ? node.owner->module() : nullptr;
-    const MO_SceneCommon* const scene = module ? module->sceneCommon() : nullptr;
-    return scene ? static_cast<double>(frames->currentFrame(*scene)) : 0.0;
+    return module ? static_cast<double>(frames->currentFrame(module->sceneCommon())) : 0.0;
+}
+
+QModelIndexList VolumetricObjectListEditor::Impl::selectedRows() const
+{
+    const QItemSelectionModel* const selection = objectList ? objectList->selectionModel() : nullptr;
+    return selection ? selection->selectedRows(0) : QModelIndexList();
 }
 
 VolumetricObjectListEditor::VolumetricObjectListEditor(QWidget* layoutWidget)
@@ -123,9 +128,9 @@ void VolumetricObjectListEditor::synchronize()
     }
     if (!impl->objectList)
         return;
-    // The view counts the rows when it is given the model.
-    getObjectInformation(impl->node.find(), impl->objects);
-    impl->objectList->setModel(new ObjectTableModel(impl->objectList, *impl));
+    auto* const model = new ObjectTableModel(impl->objectList, *impl);
+    impl->objectList->setModel(model);
+    model->reload();
     impl->objectList->setMinimumHeight(UT_DPI_scale(175));
     // The first table has the same columns on every display.
     QHeaderView* const header = impl->objectList->horizontalHeader();
@@ -149,7 +154,7 @@ void VolumetricObjectListEditor::apply(CO_OrCommand* command)
 
 void VolumetricObjectListEditor::refreshMenu()
 {
-    if (!impl->node.owner)
+    if (!impl->node.owner || !impl->menu)
         return;
     Vallorin* const node = impl->node.find();
     std::set<int> defined;
@@ -175,13 +180,13 @@ void VolumetricObjectListEditor::refreshMenu()
     impl->menu->addSeparator();
     QAction* const remove = impl->menu->addAction(tr("Remove Selected Objects"));
     remove->setData(kRemoveSelected);
-    if (!impl->objectList || impl->objectList->selectionModel()->selectedRows(0).isEmpty())
+    if (impl->selectedRows().isEmpty())
         remove->setEnabled(false);
 }
 
 void VolumetricObjectListEditor::addObjectTriggered(QAction* action)
 {
-    if (action->data().isNull())
+    if (!action || action->data().isNull())
         return;
     const int code = action->data().toInt();
     Vallorin* const node = impl->node.find();
@@ -190,9 +195,8 @@ void VolumetricObjectListEditor::addObjectTriggered(QAction* action)
     std::set<int> added;
     std::set<int> removed;
     if (code == kRemoveSelected) {
-        const QAbstractItemModel* const model = impl->objectList->model();
-        for (const QModelIndex& row : impl->objectList->selectionModel()->selectedRows(0))
-            if (const int id = model->data(row, Qt::DisplayRole).toInt(); objects.contains(id))
+        for (const QModelIndex& row : impl->selectedRows())
+            if (const int id = row.data(Qt::DisplayRole).toInt(); objects.contains(id))
                 removed.insert(id);
     } else if (code == kAddAll) {
         // Everything that is defined, cut-outs included, which the menu does not offer one by one.
@@ -211,6 +215,7 @@ void VolumetricObjectListEditor::addObjectTriggered(QAction* action)
     for (const int id : removed)
         objects.erase(id);
     impl->objects = objects;
-    impl->node.owner->componentChanged();
+    if (impl->node.owner)
+        impl->node.owner->componentChanged();
     synchronize();
 }

@@ -52,11 +52,14 @@ public:
     /// A text, translated; empty for an id that is none.
     static QString getString(eStringId id);
 
-private Q_SLOTS:
+public Q_SLOTS:
+    /// Builds the menu anew from the objects that are defined upstream. Without an owner or a menu nothing happens.
     void refreshMenu();
+    /// Adds the object or the objects that an action of the menu stands for, or removes the selected ones. Nothing
+    /// happens, and nothing is reported, for an action that carries no number.
     void addObjectTriggered(QAction* action);
 
-private: // NOLINT(readability-redundant-access-specifiers): these are no slots
+private:
     friend class ObjectTableModel;
     struct Impl;
     std::unique_ptr<Impl> impl;

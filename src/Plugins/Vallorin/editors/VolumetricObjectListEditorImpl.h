@@ -7,6 +7,7 @@
 #include "editors/VolumetricObjectListEditor.h"
 #include "parameters/VallorinAttributes.h"
 
+#include <QModelIndex>
 #include <QPointer>
 
 #include <map>
@@ -20,6 +21,8 @@ struct VolumetricObjectListEditor::Impl
 {
     /// The frame that people look at; 0 in a host that has none.
     double currentFrame() const;
+    /// The selected rows of the view's model; none where there is no view or no model yet.
+    QModelIndexList selectedRows() const;
 
     EditedNode node; ///< and the owner
     QWidget* layoutWidget = nullptr;
