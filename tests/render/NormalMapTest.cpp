@@ -126,7 +126,7 @@ TEST(NormalMap, StoredNormalsAreReadBackAsTheParserReadsThem)
     std::vector<float> x(count);
     std::vector<float> y(count);
     std::vector<float> z(count);
-    VolumeRowKernels::readBackNormals16(depth, count, {x.data(), y.data(), z.data()});
+    VolumeRowKernels::readBackNormals(depth, count, VolumeRowKernels::NormalRow<float>{x.data(), y.data(), z.data()});
     std::set<std::int16_t> codes;
     for (std::size_t i = 0; i < count; i += 3) {
         const Math::Vector3d expected = NormalParser_decode(pixels[i]);

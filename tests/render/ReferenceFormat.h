@@ -21,7 +21,7 @@
 
 #include <gtest/gtest.h>
 
-/// How far normals in float, computed in single precision, may be from the reference's.
+/// How far normals in float, which are partly computed in single precision, may be from the reference's.
 constexpr double kNormalsInFloat = 1e-6;
 
 inline reference::RefBox toRef(const Math::Box2di& box)

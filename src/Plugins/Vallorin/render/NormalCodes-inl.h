@@ -81,8 +81,7 @@ struct Format16
 {
     using Pixel = CEL_PixelRGBA16;
     using Code = std::int32_t;
-    static constexpr Code kLevel = 16384;  ///< a component of 0, encoded
-    static constexpr bool kIsExact = true; ///< every code is that of the plain formula
+    static constexpr Code kLevel = 16384; ///< a component of 0, encoded
 
     template<class D>
     using CodeTag = hn::Rebind<Code, D>;
@@ -114,9 +113,7 @@ struct Format16
         return hn::Add(floor, hn::Set(dc, 16384));
     }
 
-    /// Components read back are counted in such steps: then x and y are odd whole numbers.
-    static constexpr float kFullLength = 32767.0F;
-
+    /// A component read back, counted in steps of 1 / 32767: then it is an odd whole number.
     template<class DF>
     static HWY_INLINE hn::Vec<DF> readBack(DF d, hn::Vec<CodeTag<DF>> code)
     {
@@ -162,7 +159,6 @@ struct FormatFloat
     using Pixel = CEL_PixelRGBAFloat;
     using Code = float;
     static constexpr Code kLevel = 0.5F;
-    static constexpr bool kIsExact = false; ///< single precision is as good as the channels
 
     template<class D>
     using CodeTag = hn::Rebind<Code, D>;
@@ -177,30 +173,6 @@ struct FormatFloat
     static HWY_INLINE hn::Vec<DF> encoded(DF d, const Estimate<DF>& n, hn::Mask<DF>&)
     {
         return hn::Mul(hn::Add(n.component, hn::Set(d, 1.0F)), hn::Set(d, 0.5F));
-    }
-
-    static constexpr float kFullLength = 1.0F;
-
-    template<class DF>
-    static HWY_INLINE hn::Vec<DF> readBack(DF d, hn::Vec<DF> code)
-    {
-        return hn::Sub(hn::Add(code, code), hn::Set(d, 1.0F));
-    }
-
-    template<class DF>
-    static HWY_INLINE hn::Vec<DF> squareOfZ(DF df, hn::Vec<DF> x, hn::Vec<DF> y)
-    {
-        std::array<float, kMostLanes> xs;
-        std::array<float, kMostLanes> ys;
-        hn::StoreU(x, df, xs.data());
-        hn::StoreU(y, df, ys.data());
-        return inDoubles<float>(df, [&](auto d, std::size_t i) HWY_ATTR {
-            const hn::Rebind<float, decltype(d)> dh;
-            const auto wideX = hn::PromoteTo(d, hn::LoadU(dh, xs.data() + i));
-            const auto wideY = hn::PromoteTo(d, hn::LoadU(dh, ys.data() + i));
-            const auto rest = hn::Sub(hn::Set(d, 1.0), hn::Mul(wideX, wideX));
-            return hn::DemoteTo(dh, hn::Sub(rest, hn::Mul(wideY, wideY)));
-        });
     }
 
     template<class DF>

@@ -256,29 +256,40 @@ void storeNormalsFloat(const DepthRows& depth, bool diagonals, const float* shar
 }
 
 // Only what exists has a z, as small as it may be: then a sum of them tells whether there are any.
-template<class Format>
-HWY_INLINE void readBackRow(const DepthRows& depth, std::size_t count, const NormalRow& normals)
+
+void readBackNormals16(const DepthRows& depth, std::size_t count, const NormalRow<float>& normals)
 {
     forLanes<float>(count, [&](auto d, std::size_t i) HWY_ATTR {
         const auto exists = hn::Ne(hn::LoadU(d, depth.here + i), hn::Zero(d));
-        const auto codes = codesAt<Format, true>(d, depth, i);
-        const auto x = Format::readBack(d, codes.r);
-        const auto y = Format::readBack(d, codes.g);
-        const auto z = hn::Sqrt(hn::Max(Format::squareOfZ(d, x, y), hn::Set(d, 1e-20F)));
+        const auto codes = codesAt<Format16, true>(d, depth, i);
+        const auto x = Format16::readBack(d, codes.r);
+        const auto y = Format16::readBack(d, codes.g);
+        const auto z = hn::Sqrt(hn::Max(Format16::squareOfZ(d, x, y), hn::Set(d, 1e-20F)));
         hn::StoreU(hn::IfThenElseZero(exists, x), d, normals.x + i);
         hn::StoreU(hn::IfThenElseZero(exists, y), d, normals.y + i);
         hn::StoreU(hn::IfThenElseZero(exists, z), d, normals.z + i);
     });
 }
 
-void readBack16(const DepthRows& depth, std::size_t count, const NormalRow& normals)
+void readBackNormalsFloat(const DepthRows& depth, std::size_t count, const NormalRow<double>& normals)
 {
-    readBackRow<Format16>(depth, count, normals);
-}
-
-void readBackFloat(const DepthRows& depth, std::size_t count, const NormalRow& normals)
-{
-    readBackRow<FormatFloat>(depth, count, normals);
+    forLanes<double>(count, [&](auto d, std::size_t i) HWY_ATTR {
+        const hn::Rebind<float, decltype(d)> df;
+        const auto one = hn::Set(d, 1.0);
+        const auto exists = widened(d, hn::Ne(hn::LoadU(df, depth.here + i), hn::Zero(df)));
+        const auto normal = normalAt<true>(d, depth, i);
+        const auto readBack = [&](auto component) HWY_ATTR {
+            const auto code = hn::PromoteTo(d, FormatFloat::encoded(d, component));
+            return hn::Sub(hn::Add(code, code), one);
+        };
+        const auto x = readBack(normal.x);
+        const auto y = readBack(normal.y);
+        const auto rest = hn::Sub(hn::Sub(one, hn::Mul(x, x)), hn::Mul(y, y));
+        const auto z = hn::Sqrt(hn::Max(rest, hn::Set(d, 1e-60)));
+        hn::StoreU(hn::IfThenElseZero(exists, x), d, normals.x + i);
+        hn::StoreU(hn::IfThenElseZero(exists, y), d, normals.y + i);
+        hn::StoreU(hn::IfThenElseZero(exists, z), d, normals.z + i);
+    });
 }
 
 } // namespace VolumeRowKernels::HWY_NAMESPACE
@@ -289,8 +300,8 @@ namespace VolumeRowKernels {
 
 HWY_EXPORT(storeNormals16);
 HWY_EXPORT(storeNormalsFloat);
-HWY_EXPORT(readBack16);
-HWY_EXPORT(readBackFloat);
+HWY_EXPORT(readBackNormals16);
+HWY_EXPORT(readBackNormalsFloat);
 
 void storeNormals(const DepthRows& depth, bool diagonals, const float* share, std::span<CEL_PixelRGBA16> pixels)
 {
@@ -302,14 +313,14 @@ void storeNormals(const DepthRows& depth, bool diagonals, const float* share, st
     HWY_DYNAMIC_DISPATCH(storeNormalsFloat)(depth, diagonals, share, pixels);
 }
 
-void readBackNormals16(const DepthRows& depth, std::size_t count, const NormalRow& normals)
+void readBackNormals(const DepthRows& depth, std::size_t count, const NormalRow<float>& normals)
 {
-    HWY_DYNAMIC_DISPATCH(readBack16)(depth, count, normals);
+    HWY_DYNAMIC_DISPATCH(readBackNormals16)(depth, count, normals);
 }
 
-void readBackNormalsFloat(const DepthRows& depth, std::size_t count, const NormalRow& normals)
+void readBackNormals(const DepthRows& depth, std::size_t count, const NormalRow<double>& normals)
 {
-    HWY_DYNAMIC_DISPATCH(readBackFloat)(depth, count, normals);
+    HWY_DYNAMIC_DISPATCH(readBackNormalsFloat)(depth, count, normals);
 }
 
 } // namespace VolumeRowKernels

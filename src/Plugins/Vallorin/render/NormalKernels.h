@@ -2,8 +2,9 @@
 //
 // The inner loops from depths to normals (VolumeModel.h). They run with the widest vectors that the processor has.
 // Every pixel is computed by itself. Codes of 16-bit channels are those of the plain formula in double precision, to
-// the bit; float channels get single precision, none of whose operations is fused, so all processors give the same
-// bits.
+// the bit. Float channels that are stored get single precision, within a millionth of that formula; what is read back
+// from float channels, and its smoothing, is computed in double precision, as errors of single precision grow without
+// bounds where slopes are steep. No operation is fused, so all processors give the same bits.
 //
 // Rows that are written overlap nothing else; reads and writes stay within what is named.
 #pragma once
@@ -34,16 +35,18 @@ void storeNormals(const DepthRows& depth, bool diagonals, const float* share, st
 
 /// The three components of normals in rows of their own; z is positive where there is a normal, and all three are zero
 /// elsewhere.
+template<typename Component>
 struct NormalRow
 {
-    float* x;
-    float* y;
-    float* z;
+    Component* x;
+    Component* y;
+    Component* z;
 };
 
-/// The same normals, diagonals included, as they are read back from a pixel of the format: rounded to its channels, but
-/// for that of length 1, in 16-bit 32767, where x and y are whole.
-void readBackNormals16(const DepthRows& depth, std::size_t count, const NormalRow& normals);
-void readBackNormalsFloat(const DepthRows& depth, std::size_t count, const NormalRow& normals);
+/// The same normals, diagonals included, as they are read back from a pixel: rounded to its channels. Rows of floats
+/// get those of 16-bit pixels, whose length is 32767 and whose x and y are whole numbers, rows of doubles those of
+/// float pixels, of length 1.
+void readBackNormals(const DepthRows& depth, std::size_t count, const NormalRow<float>& normals);
+void readBackNormals(const DepthRows& depth, std::size_t count, const NormalRow<double>& normals);
 
 } // namespace VolumeRowKernels

@@ -21,27 +21,28 @@ using VolumeRowKernels::NormalRows;
 using VolumeRowKernels::Reader;
 using VolumeRowKernels::Stores;
 
-// A row of floats with a zero on either side.
+// A row of numbers with a zero on either side.
+template<typename Value>
 class PaddedRow
 {
 public:
     explicit PaddedRow(int width) : _values(static_cast<std::size_t>(width) + 2) {}
 
     // The value of the first column.
-    float* data() { return _values.data() + 1; }
-    const float* data() const { return _values.data() + 1; }
+    Value* data() { return _values.data() + 1; }
+    const Value* data() const { return _values.data() + 1; }
 
     // Zeros where only the former columns have something.
     void clear(const ColumnSpan& former, const ColumnSpan& kept)
     {
         const int end = std::min(former.end, kept.isEmpty() ? former.end : kept.first);
         const int first = std::max(former.first, kept.isEmpty() ? former.end : kept.end);
-        std::fill_n(data() + former.first, std::max(end - former.first, 0), 0.0F);
-        std::fill_n(data() + first, std::max(former.end - first, 0), 0.0F);
+        std::fill_n(data() + former.first, std::max(end - former.first, 0), Value{0});
+        std::fill_n(data() + first, std::max(former.end - first, 0), Value{0});
     }
 
 private:
-    std::vector<float> _values;
+    std::vector<Value> _values;
 };
 
 // One row of the surface.
@@ -49,21 +50,22 @@ struct SurfaceRow
 {
     explicit SurfaceRow(int width) : share(width), depth(width) {}
 
-    PaddedRow share;
-    PaddedRow depth;
+    PaddedRow<float> share;
+    PaddedRow<float> depth;
     ColumnSpan columns; // where it is not black
 };
 
 // One row of normals.
+template<typename Component>
 struct SampleRow
 {
     explicit SampleRow(int width) : x(width), y(width), z(width) {}
 
-    NormalRow from(int column) { return {x.data() + column, y.data() + column, z.data() + column}; }
+    NormalRow<Component> from(int column) { return {x.data() + column, y.data() + column, z.data() + column}; }
 
-    PaddedRow x;
-    PaddedRow y;
-    PaddedRow z;
+    PaddedRow<Component> x;
+    PaddedRow<Component> y;
+    PaddedRow<Component> z;
     ColumnSpan columns; // where it is not zero
 };
 
@@ -119,6 +121,9 @@ public:
     }
 
 private:
+    using Component = typename VolumeTraits<Pixel>::NormalComponent;
+    using Samples = SampleRow<Component>;
+
     void load(int y)
     {
         SurfaceRow& row = _surfaceRows.at(y);
@@ -163,17 +168,14 @@ private:
 
     void sample(int y)
     {
-        SampleRow& samples = _samples.at(y);
+        Samples& samples = _samples.at(y);
         const ColumnSpan columns = _surfaceRows.at(y).columns;
-        for (PaddedRow* const component : {&samples.x, &samples.y, &samples.z})
+        for (PaddedRow<Component>* const component : {&samples.x, &samples.y, &samples.z})
             component->clear(samples.columns, columns);
         samples.columns = columns;
-        const auto count = static_cast<std::size_t>(samples.columns.width());
-        const DepthRows depth = depthAround(y, samples.columns.first);
-        if constexpr (std::is_same_v<Pixel, CEL_PixelRGBA16>)
-            VolumeRowKernels::readBackNormals16(depth, count, samples.from(samples.columns.first));
-        else
-            VolumeRowKernels::readBackNormalsFloat(depth, count, samples.from(samples.columns.first));
+        VolumeRowKernels::readBackNormals(depthAround(y, samples.columns.first),
+                                          static_cast<std::size_t>(samples.columns.width()),
+                                          samples.from(samples.columns.first));
     }
 
     // An empty pixel beside others is smoothed too.
@@ -191,11 +193,11 @@ private:
         const ColumnSpan columns = smoothedColumns(y);
         const int first = columns.first;
         const SurfaceRow& surface = _surfaceRows.at(y);
-        const NormalRows normals{_samples.at(y - 1).from(first), _samples.at(y).from(first),
-                                 _samples.at(y + 1).from(first)};
+        const NormalRows<Component> normals{_samples.at(y - 1).from(first), _samples.at(y).from(first),
+                                            _samples.at(y + 1).from(first)};
         writeRow(y, columns, [&](std::span<Pixel> pixels) {
-            VolumeRowKernels::storeSmoothedNormals(normals, surface.depth.data() + first, surface.share.data() + first,
-                                                   pixels);
+            VolumeRowKernels::smoothNormals(normals, surface.depth.data() + first, surface.share.data() + first,
+                                            pixels);
         });
     }
 
@@ -207,7 +209,7 @@ private:
     std::vector<Pixel> _line; // what goes past the cache is gathered here
     // Smoothing a row looks at normals a row further down, and these at depths a row further.
     RowRing<SurfaceRow, 4> _surfaceRows;
-    RowRing<SampleRow, 3> _samples;
+    RowRing<Samples, 3> _samples;
 };
 
 } // namespace

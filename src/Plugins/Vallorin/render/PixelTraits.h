@@ -21,6 +21,9 @@ struct VolumeTraits<CEL_PixelRGBA16>
     using Channel = std::int16_t;
     static constexpr Channel kFull = 32767;
 
+    /// What holds a component of a normal that is read back from a pixel (NormalKernels.h): a float holds every code.
+    using NormalComponent = float;
+
     // Merging of inputs (CoverageMerge.h).
 
     static bool isFull(Channel coverage) { return coverage == kFull; }
@@ -76,6 +79,9 @@ struct VolumeTraits<CEL_PixelRGBAFloat>
     using Pixel = CEL_PixelRGBAFloat;
     using Channel = float;
     static constexpr Channel kFull = 1.0F;
+
+    /// On a steep slope z is what rounding leaves of 1 - x^2 - y^2, so that only double precision reads it back.
+    using NormalComponent = double;
 
     static bool isFull(Channel coverage) { return coverage >= 1.0F; }
     static bool isSecondLayer(Channel coverage) { return coverage > 0.0F; }

@@ -20,9 +20,9 @@ namespace VolumeRowKernels::HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
 
-/// A normal as the plain formula reads it from a pixel of 16 bits.
+/// A normal of a 16-bit picture as the plain formula reads it.
 template<class D>
-HWY_INLINE Vector3<D> plainNormal(D d, const NormalRow& row, std::ptrdiff_t i)
+HWY_INLINE Vector3<D> plainNormal(D d, const NormalRow<float>& row, std::ptrdiff_t i)
 {
     const hn::Rebind<float, D> df;
     const auto one = hn::Set(d, 1.0);
@@ -39,13 +39,20 @@ HWY_INLINE Vector3<D> plainNormal(D d, const NormalRow& row, std::ptrdiff_t i)
             hn::IfThenElseZero(exists, hn::Sqrt(hn::Max(rest, hn::Zero(d))))};
 }
 
-/// The sum over the 3 x 3 neighbourhood in the plain formula's order: another one would round differently.
+/// A normal of a float picture: reading it back followed the plain formula.
 template<class D>
-HWY_INLINE Vector3<D> plainSum(D d, const NormalRows& n, std::ptrdiff_t i)
+HWY_INLINE Vector3<D> plainNormal(D d, const NormalRow<double>& row, std::ptrdiff_t i)
+{
+    return {hn::LoadU(d, row.x + i), hn::LoadU(d, row.y + i), hn::LoadU(d, row.z + i)};
+}
+
+/// The sum over the 3 x 3 neighbourhood in the plain formula's order: another one would round differently.
+template<class D, typename Component>
+HWY_INLINE Vector3<D> plainSum(D d, const NormalRows<Component>& n, std::ptrdiff_t i)
 {
     struct Sample
     {
-        const NormalRow& row;
+        const NormalRow<Component>& row;
         std::ptrdiff_t offset;
         double weight;
     };
@@ -62,21 +69,29 @@ HWY_INLINE Vector3<D> plainSum(D d, const NormalRows& n, std::ptrdiff_t i)
     return sum;
 }
 
-/// Red and green of one pixel, by the plain formula. A sum that cancels out stays zero; any other is far longer than
-/// the smallest double.
-HWY_NOINLINE PixelCodes<Format16> plainCodesAround(const NormalRows& normals, std::size_t i)
+/// x and y of a sum brought to unit length, in double precision. A sum that cancels out stays zero; any other is far
+/// longer than the smallest double.
+template<class D>
+HWY_INLINE Vector3<D> unitOfSum(D d, const Vector3<D>& sum)
+{
+    const auto divisor = hn::Max(lengthOf(d, sum), hn::Set(d, std::numeric_limits<double>::min()));
+    return {hn::Div(sum.x, divisor), hn::Div(sum.y, divisor), hn::Zero(d)};
+}
+
+/// Red and green of one pixel, by the plain formula.
+HWY_NOINLINE PixelCodes<Format16> plainCodesAround(const NormalRows<float>& normals, std::size_t i)
 {
     const hn::CappedTag<double, 1> d;
-    const auto sum = plainSum(d, normals, static_cast<std::ptrdiff_t>(i));
-    const auto divisor = hn::Max(lengthOf(d, sum), hn::Set(d, std::numeric_limits<double>::min()));
-    return plainCodes<Format16>(d, hn::Div(sum.x, divisor), hn::Div(sum.y, divisor));
+    const auto unit = unitOfSum(d, plainSum(d, normals, static_cast<std::ptrdiff_t>(i)));
+    return plainCodes<Format16>(d, unit.x, unit.y);
 }
 
 /// Rows are worked on in runs of so many pixels, so that sums stay in the first-level cache.
 constexpr std::size_t kRun = 256;
 
 /// Sums of three rows, one more on either side of a run.
-using ColumnSums = std::array<float, kRun + 2>;
+template<typename Component>
+using ColumnSums = std::array<Component, kRun + 2>;
 
 template<class V>
 HWY_INLINE V weighted(V before, V middle, V after)
@@ -84,29 +99,45 @@ HWY_INLINE V weighted(V before, V middle, V after)
     return hn::Add(hn::Add(before, hn::Add(middle, middle)), after);
 }
 
-HWY_INLINE void sumColumns(const float* above, const float* here, const float* below, std::size_t count,
-                           ColumnSums& sums)
+template<typename Component>
+HWY_INLINE void sumColumns(const Component* above, const Component* here, const Component* below, std::size_t count,
+                           ColumnSums<Component>& sums)
 {
-    forLanes<float>(count + 2, [&](auto d, std::size_t i) HWY_ATTR {
+    forLanes<Component>(count + 2, [&](auto d, std::size_t i) HWY_ATTR {
         const auto sum = weighted(hn::LoadU(d, above - 1 + i), hn::LoadU(d, here - 1 + i), hn::LoadU(d, below - 1 + i));
         hn::StoreU(sum, d, sums.data() + i);
     });
 }
 
 /// Sums of three columns of a component.
-template<class DF>
-HWY_INLINE hn::Vec<DF> sumAt(DF d, const ColumnSums& sums, std::size_t i)
+template<class D>
+HWY_INLINE hn::Vec<D> sumAt(D d, const ColumnSums<hn::TFromD<D>>& sums, std::size_t i)
 {
-    const float* const before = sums.data() + i;
+    const auto* const before = sums.data() + i;
     return weighted(hn::LoadU(d, before), hn::LoadU(d, before + 1), hn::LoadU(d, before + 2));
 }
 
 /// The column sums of a run's normals.
+template<typename Component>
 struct RunSums
 {
-    ColumnSums x;
-    ColumnSums y;
-    ColumnSums z;
+    RunSums(const NormalRows<Component>& n, std::size_t first, std::size_t count)
+    {
+        sumColumns(n.above.x + first, n.here.x + first, n.below.x + first, count, x);
+        sumColumns(n.above.y + first, n.here.y + first, n.below.y + first, count, y);
+        sumColumns(n.above.z + first, n.here.z + first, n.below.z + first, count, z);
+    }
+
+    /// The sums around the pixels from i on.
+    template<class D>
+    HWY_INLINE Vector3<D> at(D d, std::size_t i) const
+    {
+        return {sumAt(d, x, i), sumAt(d, y, i), sumAt(d, z, i)};
+    }
+
+    ColumnSums<Component> x;
+    ColumnSums<Component> y;
+    ColumnSums<Component> z;
 };
 
 /// Estimates of a vector of sums brought to unit length. A sum of whole numbers is exact; that of the z is off by 6 u,
@@ -114,10 +145,10 @@ struct RunSums
 /// The inverse of the length is off by 3.5 u and 5.5 u times that share, and the product with it adds u. Double
 /// precision gives a sum that cancels out in x or y, but not in length, 1e-13 at most.
 template<class DF>
-HWY_INLINE NormalEstimate<DF> estimateOfSum(DF d, const Vector3<DF>& sum, float fullLength)
+HWY_INLINE NormalEstimate<DF> estimateOfSum(DF d, const Vector3<DF>& sum)
 {
     const auto length = lengthOf(d, sum);
-    const auto isMoreThanRounding = hn::Gt(length, hn::Set(d, 1e-5F * fullLength));
+    const auto isMoreThanRounding = hn::Gt(length, hn::Set(d, 1e-5F * 32767.0F));
     const auto inverse = hn::IfThenElseZero(isMoreThanRounding, hn::Div(hn::Set(d, 1.0F), length));
     const auto z = hn::Mul(sum.z, inverse);
     const auto unit = hn::MulAdd(hn::Set(d, 5.5F * kUnit), hn::Mul(z, z), hn::Set(d, 5.5F * kUnit));
@@ -127,56 +158,69 @@ HWY_INLINE NormalEstimate<DF> estimateOfSum(DF d, const Vector3<DF>& sum, float 
         const auto n = hn::Mul(component, inverse);
         return Estimate<DF>{n, hn::MulAdd(hn::Abs(n), unit, ofCancelling)};
     };
-    const auto isShort = hn::And(isThere, hn::Lt(length, hn::Set(d, 0.16F * fullLength)));
+    const auto isShort = hn::And(isThere, hn::Lt(length, hn::Set(d, 0.16F * 32767.0F)));
     return {estimateOf(sum.x), estimateOf(sum.y), isShort};
 }
 
-/// Red and green of a vector of sums; those of a float format are as good as its channels in any case.
-template<class Format, class DF>
-HWY_INLINE Codes<Format, DF> codesOfSum(DF d, const Vector3<DF>& sum, const NormalRows& normals, std::size_t i)
+HWY_INLINE void smoothRun(const NormalRows<float>& normals, const float* depth, const float* share, std::size_t first,
+                          std::span<CEL_PixelRGBA16> pixels)
 {
-    auto estimate = estimateOfSum(d, sum, Format::kFullLength);
-    if constexpr (Format::kIsExact) {
-        const auto plain = [&](std::size_t lane) HWY_ATTR { return plainCodesAround(normals, i + lane); };
-        return codesOf<Format>(d, estimate, plain);
-    } else {
-        return {Format::encoded(d, estimate.x, estimate.isUseless), Format::encoded(d, estimate.y, estimate.isUseless)};
-    }
-}
-
-template<class Format>
-HWY_INLINE void smoothRun(const NormalRows& normals, const float* depth, const float* share, std::size_t first,
-                          std::span<typename Format::Pixel> pixels)
-{
-    RunSums sums;
-    sumColumns(normals.above.x + first, normals.here.x + first, normals.below.x + first, pixels.size(), sums.x);
-    sumColumns(normals.above.y + first, normals.here.y + first, normals.below.y + first, pixels.size(), sums.y);
-    sumColumns(normals.above.z + first, normals.here.z + first, normals.below.z + first, pixels.size(), sums.z);
+    const RunSums<float> sums(normals, first, pixels.size());
     forLanes<float>(pixels.size(), [&](auto d, std::size_t i) HWY_ATTR {
+        const auto sum = sums.at(d, i);
+        const auto codes = codesOf<Format16>(d, estimateOfSum(d, sum), [&](std::size_t lane) HWY_ATTR {
+            return plainCodesAround(normals, first + i + lane);
+        });
         const auto zero = hn::Zero(d);
-        const Vector3<decltype(d)> sum{sumAt(d, sums.x, i), sumAt(d, sums.y, i), sumAt(d, sums.z, i)};
-        storePixels<Format>(d, codesOfSum<Format>(d, sum, normals, first + i), hn::Ne(sum.z, zero),
-                            hn::Ne(hn::LoadU(d, depth + first + i), zero), share + first + i, &pixels[i]);
+        storePixels<Format16>(d, codes, hn::Ne(sum.z, zero), hn::Ne(hn::LoadU(d, depth + first + i), zero),
+                              share + first + i, &pixels[i]);
     });
 }
 
-template<class Format>
-HWY_INLINE void smoothRow(const NormalRows& normals, const float* depth, const float* share,
-                          std::span<typename Format::Pixel> pixels)
+/// Sums of columns round differently from the plain formula's, by some 1e-16. Where a sum nearly cancels out that might
+/// show, and the plain formula is taken.
+template<class D>
+HWY_INLINE Vector3<D> steadySum(D d, const Vector3<D>& sum, const NormalRows<double>& normals, std::size_t i)
+{
+    constexpr double kShort = 16.0 * 1e-6;
+    const auto isShort = hn::And(hn::Lt(lengthOf(d, sum), hn::Set(d, kShort)), hn::Gt(sum.z, hn::Zero(d)));
+    return HWY_LIKELY(hn::AllFalse(d, isShort)) ? sum : plainSum(d, normals, static_cast<std::ptrdiff_t>(i));
+}
+
+HWY_INLINE void smoothRun(const NormalRows<double>& normals, const float* depth, const float* share, std::size_t first,
+                          std::span<CEL_PixelRGBAFloat> pixels)
+{
+    const RunSums<double> sums(normals, first, pixels.size());
+    forLanes<double>(pixels.size(), [&](auto d, std::size_t i) HWY_ATTR {
+        using Floats = hn::Rebind<float, decltype(d)>;
+        const Floats df;
+        const auto sum = steadySum(d, sums.at(d, i), normals, first + i);
+        const auto unit = unitOfSum(d, sum);
+        const Codes<FormatFloat, Floats> codes{FormatFloat::encoded(d, unit.x), FormatFloat::encoded(d, unit.y)};
+        const auto zero = hn::Zero(df);
+        storePixels<FormatFloat>(df, codes, hn::Ne(hn::DemoteTo(df, sum.z), zero),
+                                 hn::Ne(hn::LoadU(df, depth + first + i), zero), share + first + i, &pixels[i]);
+    });
+}
+
+template<typename Component, typename Pixel>
+HWY_INLINE void smoothRow(const NormalRows<Component>& normals, const float* depth, const float* share,
+                          std::span<Pixel> pixels)
 {
     for (std::size_t i = 0; i < pixels.size(); i += kRun)
-        smoothRun<Format>(normals, depth, share, i, pixels.subspan(i, std::min(kRun, pixels.size() - i)));
+        smoothRun(normals, depth, share, i, pixels.subspan(i, std::min(kRun, pixels.size() - i)));
 }
 
-void smooth16(const NormalRows& normals, const float* depth, const float* share, std::span<CEL_PixelRGBA16> pixels)
+void smoothNormals16(const NormalRows<float>& normals, const float* depth, const float* share,
+                     std::span<CEL_PixelRGBA16> pixels)
 {
-    smoothRow<Format16>(normals, depth, share, pixels);
+    smoothRow(normals, depth, share, pixels);
 }
 
-void smoothFloat(const NormalRows& normals, const float* depth, const float* share,
-                 std::span<CEL_PixelRGBAFloat> pixels)
+void smoothNormalsFloat(const NormalRows<double>& normals, const float* depth, const float* share,
+                        std::span<CEL_PixelRGBAFloat> pixels)
 {
-    smoothRow<FormatFloat>(normals, depth, share, pixels);
+    smoothRow(normals, depth, share, pixels);
 }
 
 } // namespace VolumeRowKernels::HWY_NAMESPACE
@@ -185,19 +229,19 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace VolumeRowKernels {
 
-HWY_EXPORT(smooth16);
-HWY_EXPORT(smoothFloat);
+HWY_EXPORT(smoothNormals16);
+HWY_EXPORT(smoothNormalsFloat);
 
-void storeSmoothedNormals(const NormalRows& normals, const float* depth, const float* share,
-                          std::span<CEL_PixelRGBA16> pixels)
+void smoothNormals(const NormalRows<float>& normals, const float* depth, const float* share,
+                   std::span<CEL_PixelRGBA16> pixels)
 {
-    HWY_DYNAMIC_DISPATCH(smooth16)(normals, depth, share, pixels);
+    HWY_DYNAMIC_DISPATCH(smoothNormals16)(normals, depth, share, pixels);
 }
 
-void storeSmoothedNormals(const NormalRows& normals, const float* depth, const float* share,
-                          std::span<CEL_PixelRGBAFloat> pixels)
+void smoothNormals(const NormalRows<double>& normals, const float* depth, const float* share,
+                   std::span<CEL_PixelRGBAFloat> pixels)
 {
-    HWY_DYNAMIC_DISPATCH(smoothFloat)(normals, depth, share, pixels);
+    HWY_DYNAMIC_DISPATCH(smoothNormalsFloat)(normals, depth, share, pixels);
 }
 
 } // namespace VolumeRowKernels

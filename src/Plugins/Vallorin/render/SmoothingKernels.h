@@ -10,21 +10,22 @@
 namespace VolumeRowKernels {
 
 /// Three neighbouring rows of normals.
+template<typename Component>
 struct NormalRows
 {
-    NormalRow above;
-    NormalRow here;
-    NormalRow below;
+    NormalRow<Component> above;
+    NormalRow<Component> here;
+    NormalRow<Component> below;
 };
 
-/// Normals of a run of pixels, each the normalised weighted sum of the nine around it, stored as storeNormals() does;
-/// an empty pixel beside others gets their R and G.
+/// Normals of a run of pixels, each the normalised weighted sum of the nine around it, stored as storeNormals()
+/// does; an empty pixel beside others gets their R and G.
 ///
-/// @param normals a pixel more on either side
+/// @param normals as readBackNormals() reads them, a pixel more on either side
 /// @param depth   of the run's row; black ones are 0
-void storeSmoothedNormals(const NormalRows& normals, const float* depth, const float* share,
-                          std::span<CEL_PixelRGBA16> pixels);
-void storeSmoothedNormals(const NormalRows& normals, const float* depth, const float* share,
-                          std::span<CEL_PixelRGBAFloat> pixels);
+void smoothNormals(const NormalRows<float>& normals, const float* depth, const float* share,
+                   std::span<CEL_PixelRGBA16> pixels);
+void smoothNormals(const NormalRows<double>& normals, const float* depth, const float* share,
+                   std::span<CEL_PixelRGBAFloat> pixels);
 
 } // namespace VolumeRowKernels
