@@ -53,6 +53,23 @@ protected:
         return pixelAt<Pixel16>(context.drawing()->convertTo(CEL_FORMAT_RGBA16), 0);
     }
 
+    /// The coverage of the greys in a drawing that covers half of a pixel in the listed colour: half, or a quarter
+    /// where the greys count in proportion.
+    template<typename Prepare>
+    int blueOfHalfCoverage(const Prepare& prepare)
+    {
+        const auto drawing = UT_makeShared<CELVEC_Kvd>(CelTesting::palette());
+        CELVEC_Shape shape = CelTesting::rectangle(CelTesting::kListed, 0, 0, 1, 1);
+        shape.opacity = 0.5;
+        drawing->addShape(GR_Art::COLOUR, shape);
+        auto cel = UT_makeShared<CEL_Cel>();
+        cel->setRepresentation(drawing);
+        Context context(cel, {1.0});
+        prepare(context);
+        handler.processDrawing(context);
+        return firstPixel(context).b;
+    }
+
     VallorinRequestHandler handler{QStringLiteral("00000000000000a1:255:Red")};
 };
 
@@ -73,6 +90,29 @@ TEST_F(VallorinRequest, ADrawingWithoutDefinitionIsACutOutAtFullLevel)
     EXPECT_EQ(firstPixel(context), (Pixel16{32767, 32767, 32767, 32767}));
 }
 
+TEST_F(VallorinRequest, WithoutADefinitionGreysDoNotCountInProportion)
+{
+    EXPECT_NEAR(blueOfHalfCoverage([](Context&) {}), 16384, 200);
+}
+
+/// What a host might leave in place of the entry that is known.
+class ForeignEntry : public CEL_Message
+{};
+
+TEST_F(VallorinRequest, AnEntryOfAnotherClassIsTakenForNone)
+{
+    const auto leaveForeign = [](Context& context) {
+        context.addObject(ObjectDefinition::objectDefinitionMessageId(), UT_makeShared<ForeignEntry>());
+    };
+    Context context(drawingCel(), {1.0});
+    leaveForeign(context);
+    handler.processDrawing(context);
+    ASSERT_NE(messageOf(context.drawing()), nullptr);
+    EXPECT_EQ(messageOf(context.drawing())->objectId(), 0);
+    EXPECT_EQ(firstPixel(context), (Pixel16{32767, 32767, 32767, 32767}));
+    EXPECT_NEAR(blueOfHalfCoverage(leaveForeign), 16384, 200) << "not in proportion";
+}
+
 TEST_F(VallorinRequest, TheDefinitionGivesNumberAndLevel)
 {
     Context context(drawingCel(), {1.0});
@@ -85,17 +125,8 @@ TEST_F(VallorinRequest, TheDefinitionGivesNumberAndLevel)
 
 TEST_F(VallorinRequest, TheDefinitionSaysWhetherGreysCountInProportion)
 {
-    const auto drawing = UT_makeShared<CELVEC_Kvd>(CelTesting::palette());
-    CELVEC_Shape shape = CelTesting::rectangle(CelTesting::kListed, 0, 0, 1, 1);
-    shape.opacity = 0.5;
-    drawing->addShape(GR_Art::COLOUR, shape);
     const auto blueWhen = [&](bool scaleByCoverage) {
-        auto cel = UT_makeShared<CEL_Cel>();
-        cel->setRepresentation(drawing);
-        Context context(cel, {1.0});
-        define(context, 7, 1.0, scaleByCoverage);
-        handler.processDrawing(context);
-        return firstPixel(context).b;
+        return blueOfHalfCoverage([=](Context& context) { define(context, 7, 1.0, scaleByCoverage); });
     };
     EXPECT_NEAR(blueWhen(false), 16384, 200);
     EXPECT_NEAR(blueWhen(true), 8192, 200);

@@ -12,6 +12,10 @@
 
 #include <gtest/gtest.h>
 #include <tbb/global_control.h>
+#include <tbb/task_arena.h>
+
+#include <barrier>
+#include <thread>
 
 namespace {
 
@@ -188,9 +192,14 @@ TYPED_TEST(Render, GivesTheSameBytesWithOneTwoAndSevenThreads)
     scene.inputs.clear();
     for (int port = 0; port < 4; ++port)
         scene.inputs.push_back(random.picture<TypeParam>({0, 0, 64, 1200}, {0, 0, 64, 1200}));
-    const auto withThreads = [&](std::size_t threads) {
-        const tbb::global_control limit(tbb::global_control::max_allowed_parallelism, threads);
-        return toRef<TypeParam>(*render(scene)).pixels;
+    // More threads than the machine has cores have to be asked for.
+    const auto withThreads = [&](int threads) {
+        const tbb::global_control limit(tbb::global_control::max_allowed_parallelism,
+                                        static_cast<std::size_t>(threads));
+        return tbb::task_arena(threads).execute([&] {
+            EXPECT_EQ(tbb::this_task_arena::max_concurrency(), threads);
+            return toRef<TypeParam>(*render(scene)).pixels;
+        });
     };
     const auto one = withThreads(1);
     EXPECT_GE(one.size(), 64U * 1200U);
@@ -224,8 +233,24 @@ TYPED_TEST(Render, GivesTheSameBytesForAnySplitOfTheRows)
             }
             return toRef<TypeParam>(*output).pixels;
         };
+        // Seven threads, three rows each but for the last, which all begin together.
+        const auto composedAtOnce = [&] {
+            auto output = UT_makeShared<CEL_PixmapOf<TypeParam>>(Math::Size2di{30, 20}, canvas);
+            output->realloc(canvas, true);
+            const VallorinRenderHandler::BasicAccumFunctor<TypeParam> functor(*handler, *output, inputs, results);
+            std::barrier start(7);
+            std::vector<std::jthread> threads;
+            for (int from = 0; from < 20; from += 3)
+                threads.emplace_back([&, from] {
+                    start.arrive_and_wait();
+                    functor(tbb::blocked_range<int>(from, std::min(from + 3, 20)));
+                });
+            threads.clear();
+            return toRef<TypeParam>(*output).pixels;
+        };
         const auto whole = composed({20});
         ASSERT_EQ(whole, composed({1, 2, 3, 10, 20}));
         ASSERT_EQ(whole, composed({7, 13, 20}));
+        ASSERT_EQ(whole, composedAtOnce());
     }
 }

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <vector>
 
 namespace {
@@ -39,6 +40,7 @@ UT_SharedPtr<CEL_PixmapOf<Pixel>> build(const UT_SharedPtr<CEL_PixmapOf<Pixel>>&
 }
 
 // The depths of a row of blurred values.
+template<typename Pixel = Pixel16>
 std::vector<float> depthsOf(const std::vector<float>& values, double high, double smoothness)
 {
     const int width = static_cast<int>(values.size());
@@ -48,7 +50,7 @@ std::vector<float> depthsOf(const std::vector<float>& values, double high, doubl
     const ElevationPlane plane = measure(blurred);
     std::vector<float> shares(values.size());
     std::vector<float> depths(values.size());
-    BevelSurface(plane, plane.inside, profileOf<Pixel16>(plane, smoothness), high).row(0, shares.data(), depths.data());
+    BevelSurface(plane, plane.inside, profileOf<Pixel>(plane, smoothness), high).row(0, shares.data(), depths.data());
     return depths;
 }
 
@@ -123,6 +125,20 @@ TEST(ObjectVolume, ANegativeSmoothnessCountsAsZero)
 {
     EXPECT_EQ(depthOf(2600, 100, 10100, 8.0, -3.0), depthOf(2600, 100, 10100, 8.0, 0.0));
     EXPECT_EQ(depthOf(2600, 100, 10100, 8.0, std::nan("")), depthOf(2600, 100, 10100, 8.0, 0.0));
+}
+
+TEST(ObjectVolume, AFloatThatIsNaNHasNoDepthAndLeavesTheOthersTheirs)
+{
+    const float nan = std::numeric_limits<float>::quiet_NaN();
+    for (const double smoothness : {1.0, 2.0}) {
+        EXPECT_EQ(depthsOf<PixelFloat>({0.5F, nan, 1.0F, nan}, 8.0, smoothness), (std::vector{0.0F, 0.0F, 8.0F, 0.0F}));
+        std::vector<float> many(40, nan);
+        many[33] = 0.5F;
+        many[35] = 1.0F;
+        std::vector<float> expected(40, 0.0F);
+        expected[35] = 8.0F;
+        EXPECT_EQ(depthsOf<PixelFloat>(many, 8.0, smoothness), expected) << "in whole vectors, too";
+    }
 }
 
 TEST(ObjectVolume, ElevationIsStoredInBlueFromOneTo32766)

@@ -137,6 +137,40 @@ TEST_F(RenderHandler, AMessageOverridesTheNumberOfThePort)
     EXPECT_EQ(finish(*handler)->at(3, 3).b, 4) << "the object's number in blue";
 }
 
+TEST_F(RenderHandler, AMessageOverridesTheNumberOfTheDefinitionBehindThePort)
+{
+    ObjectDefinition definition;
+    definition.objectNumber()->setLocalValue(5);
+    node_render::PortRenderInfo port;
+    port.sourceModule = &definition;
+    const auto handler = make(std::vector{port}, "4:0;5:0");
+    deliver(*handler, tagged(covering(32767), 4));
+    EXPECT_EQ(handler->portObjectIds, std::vector<int>{4});
+    ASSERT_TRUE(handler->objectAccumulators.contains(5)) << "the key stays";
+    EXPECT_EQ(handler->objectAccumulators.at(5), nullptr);
+    EXPECT_EQ(finish(*handler)->at(3, 3).b, 4);
+}
+
+TEST_F(RenderHandler, InputsAreConvertedToTheFormatOfTheRender)
+{
+    const auto handler = make(1, "1:0");
+    deliver(*handler, tagged(filled<PixelFloat>(kSide, kSide, {1.0F, 0.0F, 0.0F, 1.0F}), 1));
+    ASSERT_EQ(handler->inputPixmaps.size(), 1U);
+    EXPECT_EQ(handler->inputPixmaps.at(0)->format(), CEL_FORMAT_RGBA16);
+    EXPECT_EQ(handler->objectAccumulators.at(1)->format(), CEL_FORMAT_RGBA16);
+    EXPECT_EQ(finish(*handler)->at(3, 3).a, 32767);
+}
+
+TEST_F(RenderHandlerFloat, InputsAreConvertedToTheFormatOfTheRender)
+{
+    const auto handler = make(1, "1:0");
+    deliver(*handler, tagged(filled<Pixel16>(kSide, kSide, {32767, 0, 0, 32767}), 1));
+    ASSERT_EQ(handler->inputPixmaps.size(), 1U);
+    EXPECT_EQ(handler->inputPixmaps.at(0)->format(), CEL_FORMAT_RGBAFLOAT);
+    EXPECT_EQ(handler->objectAccumulators.at(1)->format(), CEL_FORMAT_RGBAFLOAT);
+    EXPECT_EQ(finish(*handler)->at(3, 3).a, 1.0F);
+}
+
 TEST_F(RenderHandler, CutOutsNeverAccumulateAndOnlyCutAlpha)
 {
     const auto handler = make(2, "1:0");
@@ -151,12 +185,23 @@ TEST_F(RenderHandler, CutOutsNeverAccumulateAndOnlyCutAlpha)
 
 TEST_F(RenderHandler, RecordsWithoutAPositiveNumberAreSkipped)
 {
+    // The accumulators are planted: no input accumulates under such numbers.
+    const auto handler = make(1, "0:0;-3:0;7:0");
+    handler->objectAccumulators[0] = covering(32767);
+    handler->objectAccumulators[-3] = covering(32767);
+    deliver(*handler, tagged(covering(32767), 0));
+    EXPECT_TRUE(finish(*handler)->allocatedRect().isEmpty());
+    EXPECT_TRUE(handler->elevationRanges.empty());
+}
+
+TEST_F(RenderHandler, InputsWithoutAPositiveNumberAccumulateNothing)
+{
     const auto handler = make(2, "1:0");
-    handler->objectInformation = QStringLiteral("0:0;-3:0;1:0");
-    deliver(*handler, tagged(covering(32767), 1));
+    deliver(*handler, tagged(covering(32767), 0));
     deliver(*handler, tagged(covering(32767), -3));
-    EXPECT_EQ(handler->inputPixmaps.size(), 1U);
-    EXPECT_EQ(finish(*handler)->at(3, 3).a, 32767);
+    EXPECT_EQ(handler->inputPixmaps.size(), 1U) << "a cut-out cuts, a negative number is ignored";
+    for (const auto& [id, accumulator] : handler->objectAccumulators)
+        EXPECT_EQ(accumulator, nullptr) << id;
 }
 
 TEST_F(RenderHandler, OfAnObjectListedTwiceTheLaterResultWins)
@@ -289,6 +334,30 @@ TEST_F(RenderHandler, TheCamerasMagnificationCountsOnlyWhenItIsAskedFor)
     }
 }
 
+TEST_F(RenderHandler, TheCamerasMagnificationWidensBevels)
+{
+    // Without normals nothing but the bevel makes the picture: 240 units magnified three times are 720.
+    _scene.truckFactorAttr().setLocalValue(3.0);
+    const auto rendered = [&](const char* bevel, bool useTruckFactor) {
+        VallorinRenderHandler handler(1.0, {}, std::vector<node_render::PortRenderInfo>(1));
+        handler.objectInformation = QString::fromLatin1(bevel);
+        handler.generateNormals = false;
+        handler.useTruckFactor = useTruckFactor;
+        const auto half = covering(32767);
+        half->realloc(Math::Box2di(0, 0, kSide / 2, kSide), true);
+        const RD_RenderJob job(RD_RenderParameters{RD_RenderParameters::IMAGE_PROCESSING_16BIT, {kSide, kSide}});
+        MO_SoftContext context(job, MO_FrameKey{1.0}, &_module, job.canvas());
+        context.setInputCel(0, tagged(half, 1));
+        handler.softRender(context, 0);
+        handler.finish(context);
+        const auto output = context.outputCel()->pixmap().dynamicCast<CEL_PixmapAreaRGBA16>();
+        const auto row = output->row(kSide / 2);
+        return std::vector<Pixel16>(row.begin(), row.end());
+    };
+    EXPECT_EQ(rendered("1:240", true), rendered("1:720", false));
+    EXPECT_NE(rendered("1:240", true), rendered("1:240", false));
+}
+
 TEST_F(RenderHandler, ElevationBelowTheLowestWrapsIn16Bit)
 {
     // Positive values run from 20000 to 32767, so a value of 0 is -20000 / 12767 x 32767 = -51330.8, whose low 16 bits
@@ -410,7 +479,7 @@ TEST_F(RenderHandler, ProductsBeyondAllNumbersRenderAsTheLargestOnes)
         << "blurred, hence within the canvas";
 }
 
-TEST_F(RenderHandler, AnOutputWithoutResultsRunsNoTaskAndStaysEmpty)
+TEST_F(RenderHandler, AnOutputWithoutResultsStaysEmpty)
 {
     const auto handler = make(1, "2:0");
     deliver(*handler, tagged(covering(32767), 1));

@@ -23,8 +23,9 @@ public:
     ~VallorinRequestHandler() override;
 
     /// Wraps or empties the drawing, following the ObjectDefinitionEntry in the context; without one the drawing is a
-    /// cut-out (number 0) at full level. A context without drawing, or with one that is no vector drawing, stays as it
-    /// is.
+    /// cut-out (number 0) at full level. An entry of another class, which a host may leave under the same key, cannot
+    /// be read and counts as none; the entry that switches an object off may be of any class. A context without
+    /// drawing, or with one that is no vector drawing, stays as it is.
     void processDrawing(BaseContext& context) override;
 
 private:

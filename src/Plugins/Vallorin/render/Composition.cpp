@@ -7,11 +7,8 @@
 
 #include "render/ColumnSpan.h"
 #include "render/CompositionKernels.h"
+#include "render/ParallelRows.h"
 #include "render/PixelTraits.h"
-
-#include <tbb/parallel_for.h>
-#include <tbb/partitioner.h>
-#include <tbb/task_group.h>
 
 // What one port brings into a row: columns of the output, counted from its left, with the input's pixels there.
 template<typename Pixel>
@@ -224,27 +221,13 @@ void VallorinRenderHandler::BasicAccumFunctor<Pixel>::raise(const PortRow& port,
 template class VallorinRenderHandler::BasicAccumFunctor<CEL_PixelRGBA16>;
 template class VallorinRenderHandler::BasicAccumFunctor<CEL_PixelRGBAFloat>;
 
-namespace {
-
-template<typename Functor>
-void runInParallel(const Functor& functor, const Math::Box2di& rect)
-{
-    constexpr int kGrain = 100;
-    if (rect.y1 >= rect.y2)
-        return;
-    tbb::task_group_context context;
-    tbb::parallel_for(tbb::blocked_range<int>(rect.y1, rect.y2, kGrain), functor, tbb::auto_partitioner(), context);
-}
-
-} // namespace
-
 void composeOutput(const VallorinRenderHandler& handler, CEL_PixmapArea& output,
                    const VallorinRenderHandler::PixmapMap& inputs, const VallorinRenderHandler::PixmapMap& results)
 {
     using AccumFunctor = VallorinRenderHandler::AccumFunctor;
     using AccumFunctorFloat = VallorinRenderHandler::AccumFunctorFloat;
     if (auto* const output16 = dynamic_cast<CEL_PixmapAreaRGBA16*>(&output))
-        runInParallel(AccumFunctor(handler, *output16, inputs, results), output.allocatedRect());
+        forRowsInParallel(output.allocatedRect(), AccumFunctor(handler, *output16, inputs, results));
     else if (auto* const outputFloat = dynamic_cast<CEL_PixmapAreaRGBAFloat*>(&output))
-        runInParallel(AccumFunctorFloat(handler, *outputFloat, inputs, results), output.allocatedRect());
+        forRowsInParallel(output.allocatedRect(), AccumFunctorFloat(handler, *outputFloat, inputs, results));
 }

@@ -11,7 +11,9 @@
 #include <vector>
 
 /// The profile of a bevel: a positive value's share x of the span of values, to the power 1 / smoothness. It is linear
-/// when the smoothness is 0, 1, negative or no number. Whatever is not positive has the share 0.
+/// when the smoothness is 0, 1, negative or no number. Whatever is not positive has the share 0. That includes NaN,
+/// which a float picture may hold: its depth is 0, hence black, so that its neighbours lose their normals and nothing
+/// else does.
 class ElevationProfile
 {
 public:

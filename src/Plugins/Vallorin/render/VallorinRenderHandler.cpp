@@ -152,7 +152,7 @@ VallorinRenderHandler::buildVolumes(const MO_SoftContext& context, const UT_Shar
     std::map<int, ObjectVolume> volumes;
     for (const VallorinAttributes::ObjectInformation& object : objects) {
         const auto accumulator = objectAccumulators.find(object.objectId);
-        if (object.objectId < 1 || accumulator == objectAccumulators.end() || !accumulator->second)
+        if (accumulator == objectAccumulators.end() || !accumulator->second)
             continue;
         const double bevel = held(finiteOr(object.bevelSize, 0.0) * blurScale * truckFactor);
         const double elevation = held(finiteOr(object.elevation, 0.0) * truckFactor * elevationScale);

@@ -1,0 +1,23 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Work on the rows of a rectangle, on all threads: the one place where the module runs on more than one.
+#pragma once
+
+#include "QuarvelBaseCore/Math_Box2di.h"
+
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_for.h>
+#include <tbb/partitioner.h>
+#include <tbb/task_group.h>
+
+/// Calls work(tbb::blocked_range<int>) for ranges of rows that make up the rectangle's, from any thread and in any
+/// order; no task runs for a rectangle without rows.
+template<typename Work>
+void forRowsInParallel(const Math::Box2di& rect, const Work& work)
+{
+    constexpr int kGrain = 100;
+    if (rect.y1 >= rect.y2)
+        return;
+    tbb::task_group_context context;
+    tbb::parallel_for(tbb::blocked_range<int>(rect.y1, rect.y2, kGrain), work, tbb::auto_partitioner(), context);
+}
