@@ -165,6 +165,24 @@ TEST_F(ColorEditor, FollowsTheDisplaysDensityOnlyFromTheSecondBuildOn)
     EXPECT_EQ(colours()->verticalHeader()->maximumWidth(), 400);
 }
 
+TEST_F(ColorEditor, HasRowsOfAFixedHeightAndIconsOfAFixedSize)
+{
+    const auto body = addPalette("Body");
+    addColour(*body, "Skin", 0xa1);
+    addColour(*body, "Hair", 0xa2);
+    attr("ColorInformation")->setLocalValue(QStringLiteral("00000000000000a1:255:Skin"));
+    open();
+    EXPECT_EQ(colours()->verticalHeader()->sectionResizeMode(0), QHeaderView::ResizeToContents);
+    EXPECT_EQ(colours()->cellWidget(0, 0)->height(), 36);
+    EXPECT_EQ(colours()->cellWidget(0, 0)->minimumHeight(), 36);
+    EXPECT_EQ(colours()->cellWidget(0, 0)->maximumHeight(), 36);
+    EXPECT_THAT(colours()->verticalHeaderItem(0)->icon().availableSizes(), ElementsAre(QSize(8, 16)));
+    const QMenu* const menu = openMenu("addColorButton");
+    const QAction* const hair = action(menu->actions().first()->menu(), QStringLiteral("Hair"));
+    ASSERT_NE(hair, nullptr);
+    EXPECT_THAT(hair->icon().availableSizes(), ElementsAre(QSize(16, 16)));
+}
+
 TEST_F(ColorEditor, StoresWhatIsTypedIntoASpinBoxAsOneChange)
 {
     attr("ColorInformation")->setLocalValue(QString::fromLatin1(kFour));

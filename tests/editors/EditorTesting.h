@@ -22,6 +22,7 @@
 
 #include <QAbstractButton>
 #include <QDoubleSpinBox>
+#include <QEventLoop>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLayout>
@@ -32,6 +33,7 @@
 #include <QSpinBox>
 #include <QTableWidget>
 #include <QTest>
+#include <QTimer>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -79,8 +81,14 @@ protected:
         settle();
     }
 
-    /// Lets everything happen that was put off.
-    static void settle() { QTest::qWait(200); }
+    /// Lets everything happen that was put off: the panel puts nothing off for longer than 120 milliseconds, and an
+    /// event loop takes timers in the order in which they are due, however late it gets to them.
+    static void settle()
+    {
+        QEventLoop loop;
+        QTimer::singleShot(200, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
 
     QString text(const char* key) const { return attr(key)->localValue(); }
     AT_StringAttr* attr(const char* key) const

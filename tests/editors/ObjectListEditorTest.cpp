@@ -237,6 +237,42 @@ TEST_F(ObjectListEditor, LooksAtTheCurrentFrame)
     EXPECT_EQ(rowHeader(1), QStringLiteral("Hat"));
 }
 
+TEST_F(ObjectListEditor, OffersAddsAndExplainsWhatIsDefinedAtTheCurrentFrame)
+{
+    AT_Curve curve;
+    curve.setKey({1.0, 1.0, AT_Curve::Interpolation::HOLD, {}, {}, {}});
+    curve.setKey({10.0, 2.0, AT_Curve::Interpolation::HOLD, {}, {}, {}});
+    ObjectDefinition& definition = define(1, "Hat-Definition");
+    definition.objectNumber()->setCurve(curve);
+    auto& leaf = scene.root().emplace<MO_ElementModule>();
+    leaf.drawingAttr()->setElementName(QStringLiteral("Brim"));
+    leaf.setDrawingFileExt(QStringLiteral("KVR"));
+    ASSERT_TRUE(MO_Scene::connect(leaf, definition, 0).ok());
+    open();
+    timeline.go(10);
+    settle();
+    EXPECT_THAT(entries(openMenu("addObjectButton")),
+                ElementsAre("Add all Defined Objects", "-", "Object 2", "-", "[Remove Selected Objects]"));
+    button("addObjectButton")->menu()->close();
+    choose("addObjectButton", "Add all Defined Objects");
+    EXPECT_EQ(text("ObjectList"), QStringLiteral("2:5.000000:1.000000:1.000000"));
+    const auto toolTip = [&] { return objects()->model()->index(0, 0).data(Qt::ToolTipRole).toString(); };
+    EXPECT_EQ(toolTip(), QStringLiteral("Connected to elements: Brim"));
+    timeline.go(1);
+    settle();
+    EXPECT_EQ(toolTip(), QStringLiteral("Connected to elements: ")) << "the element belongs to object 1 there";
+}
+
+TEST_F(ObjectListEditor, CannotAddAllWhereTheMenuOffersNoObject)
+{
+    define(3);
+    define(0);
+    attr("ObjectList")->setLocalValue(QStringLiteral("3"));
+    open();
+    EXPECT_THAT(entries(openMenu("addObjectButton")),
+                ElementsAre("[Add all Defined Objects]", "-", "-", "[Remove Selected Objects]"));
+}
+
 TEST_F(ObjectListEditor, FillsItselfOnTheFirstTurnOfTheEventLoop)
 {
     panel->setModule(&node);
