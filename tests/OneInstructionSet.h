@@ -3,26 +3,18 @@
 // Tests of vector code choose the instruction set that it runs with.
 #pragma once
 
+#include "QuarvelVectorLanes/VL_Targets.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdint>
-
-#include <hwy/targets.h>
 
 /// Makes the vector code run with one instruction set until it is gone.
 class OneInstructionSet
 {
 public:
-    explicit OneInstructionSet(std::int64_t target)
-    {
-        hwy::SetSupportedTargetsForTest(target);
-        hwy::GetChosenTarget().Update(hwy::SupportedTargets());
-    }
-    ~OneInstructionSet()
-    {
-        hwy::SetSupportedTargetsForTest(0);
-        hwy::GetChosenTarget().DeInit();
-    }
+    explicit OneInstructionSet(std::int64_t target) { VL_chooseAmong(target); }
+    ~OneInstructionSet() { VL_chooseAmong(0); }
     OneInstructionSet(const OneInstructionSet&) = delete;
     OneInstructionSet& operator=(const OneInstructionSet&) = delete;
 };
@@ -31,7 +23,7 @@ public:
 template<typename Work>
 void withEachInstructionSet(const Work& work)
 {
-    for (std::int64_t rest = hwy::SupportedTargets() | HWY_SCALAR; rest != 0; rest &= rest - 1) {
+    for (std::int64_t rest = VL_supportedTargets() | HWY_SCALAR; rest != 0; rest &= rest - 1) {
         const OneInstructionSet only(rest & -rest);
         SCOPED_TRACE(hwy::TargetName(rest & -rest));
         work();

@@ -276,7 +276,7 @@ Plane blurredWith(std::int64_t target, const Plane& source, double sigma)
 
 TEST(GaussianBlur, GivesTheSameBitsWithEveryInstructionSet)
 {
-    const std::int64_t supported = hwy::SupportedTargets();
+    const std::int64_t supported = VL_supportedTargets();
     for (int width = 1; width <= 70; ++width) {
         const Plane source = noise(Box2di(width % 7, 0, width % 7 + width, 9));
         for (const double sigma : {0.8, 2.9, 3.3, 6.0, 15.0}) {

@@ -268,7 +268,7 @@ TEST(LevelAreas, AreBlurredLikeAllOthersInALargePlaneHoweverItLiesInMemory)
 
 TEST(LevelAreas, AreBlurredLikeAllOthersWithEveryInstructionSet)
 {
-    const std::int64_t supported = hwy::SupportedTargets() | HWY_SCALAR;
+    const std::int64_t supported = VL_supportedTargets() | HWY_SCALAR;
     for (int width = 1; width <= 200; width += 3) {
         const Plane source = drawing(Box2di(0, 0, width, 50), static_cast<unsigned>(1000 + width));
         const Box2di rect = direct::grown(source.rect, 2.67, 2.67);

@@ -70,7 +70,7 @@ TYPED_TEST_SUITE(InstructionSets, Formats);
 
 TYPED_TEST(InstructionSets, AllGiveTheSameBits)
 {
-    const std::int64_t supported = hwy::SupportedTargets();
+    const std::int64_t supported = VL_supportedTargets();
     for (int width = 1; width <= 70; ++width)
         for (int quality = 0; quality <= 2; ++quality) {
             const Job job{width, quality, width % 2 == 0, width % 3 == 0 ? 2.0 : 1.0};

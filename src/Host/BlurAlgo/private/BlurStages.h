@@ -11,8 +11,7 @@
 #include "BlurAlgo/BA_GaussianBlur.h"
 #include "BlurAlgo/private/AxisPlan.h"
 
-#include <hwy/aligned_allocator.h>
-
+#include <memory>
 #include <new>
 #include <span>
 #include <vector>
@@ -109,16 +108,22 @@ public:
     {
         if (samples > _capacity) {
             _samples.reset();
-            _samples = hwy::AllocateAligned<float>(samples);
-            if (!_samples)
-                throw std::bad_alloc();
+            _samples.reset(static_cast<float*>(::operator new(samples * sizeof(float), kAlignment)));
             _capacity = samples;
         }
         return _samples.get();
     }
 
 private:
-    hwy::AlignedFreeUniquePtr<float[]> _samples;
+    /// The longest vectors and cache lines that there are.
+    static constexpr std::align_val_t kAlignment{128};
+
+    struct Deleter
+    {
+        void operator()(float* samples) const { ::operator delete(samples, kAlignment); }
+    };
+
+    std::unique_ptr<float[], Deleter> _samples;
     std::size_t _capacity = 0;
 };
 

@@ -95,19 +95,22 @@ void fillRow(float* out, int n, float value)
 HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
+
+#include "QuarvelVectorLanes/VL_Dispatch.h"
+
 namespace BlurAlgo::LevelKernels {
 
-HWY_EXPORT(follow);
-HWY_EXPORT(fillRow);
+VL_EXPORT(follow);
+VL_EXPORT(fillRow);
 
 void followLevels(std::span<const float* const> rows, int x, int n, LevelStrip* strips)
 {
-    HWY_DYNAMIC_DISPATCH(follow)(rows, x, n, strips);
+    VL_CALL(follow)(rows, x, n, strips);
 }
 
 void fill(float* out, int n, float value)
 {
-    HWY_DYNAMIC_DISPATCH(fillRow)(out, n, value);
+    VL_CALL(fillRow)(out, n, value);
 }
 
 } // namespace BlurAlgo::LevelKernels

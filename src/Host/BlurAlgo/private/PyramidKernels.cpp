@@ -377,51 +377,54 @@ void doubleAll(std::span<const float* const> rows, std::span<const float> weight
 HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
+
+#include "QuarvelVectorLanes/VL_Dispatch.h"
+
 namespace BlurAlgo::PyramidKernels {
 
-HWY_EXPORT(zeros);
-HWY_EXPORT(halve);
-HWY_EXPORT(halveAndSplit);
-HWY_EXPORT(split);
-HWY_EXPORT(halveRow);
-HWY_EXPORT(doubleRow);
-HWY_EXPORT(doubleAll);
+VL_EXPORT(zeros);
+VL_EXPORT(halve);
+VL_EXPORT(halveAndSplit);
+VL_EXPORT(split);
+VL_EXPORT(halveRow);
+VL_EXPORT(doubleRow);
+VL_EXPORT(doubleAll);
 
 bool areZeros(std::span<const float* const> rows, int x, int n)
 {
-    return HWY_DYNAMIC_DISPATCH(zeros)(rows, x, n);
+    return VL_CALL(zeros)(rows, x, n);
 }
 
 void halveRows(std::span<const float* const> rows, int x, std::span<const float> weights, const HalvedRows& out, int n)
 {
-    HWY_DYNAMIC_DISPATCH(halve)(rows, x, weights, out, n);
+    VL_CALL(halve)(rows, x, weights, out, n);
 }
 
 void halveRows(std::span<const float* const> rows, int x, std::span<const float> weights, const SplitRows& out, int n,
                bool firstIsOdd)
 {
-    HWY_DYNAMIC_DISPATCH(halveAndSplit)(rows, x, weights, out, n, firstIsOdd);
+    VL_CALL(halveAndSplit)(rows, x, weights, out, n, firstIsOdd);
 }
 
 void splitColumns(const float* in, SplitRow out, int n, bool firstIsOdd)
 {
-    HWY_DYNAMIC_DISPATCH(split)(in, out, n, firstIsOdd);
+    VL_CALL(split)(in, out, n, firstIsOdd);
 }
 
 void halveColumns(const float* even, const float* odd, std::span<const float> weights, float* out, int n)
 {
-    HWY_DYNAMIC_DISPATCH(halveRow)(even, odd, weights, out, n);
+    VL_CALL(halveRow)(even, odd, weights, out, n);
 }
 
 void doubleColumns(const float* in, std::span<const float> weights, float* out, int n)
 {
-    HWY_DYNAMIC_DISPATCH(doubleRow)(in, weights, out, n);
+    VL_CALL(doubleRow)(in, weights, out, n);
 }
 
 void doubleRows(std::span<const float* const> rows, std::span<const float> weights, const DoubledRows& out, int n,
                 bool stream)
 {
-    HWY_DYNAMIC_DISPATCH(doubleAll)(rows, weights, out, n, stream);
+    VL_CALL(doubleAll)(rows, weights, out, n, stream);
 }
 
 void finishStreaming()

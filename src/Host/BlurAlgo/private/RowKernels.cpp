@@ -221,37 +221,40 @@ void storeRedFloat(const float* HWY_RESTRICT in, float gain, float* HWY_RESTRICT
 HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
+
+#include "QuarvelVectorLanes/VL_Dispatch.h"
+
 namespace BlurAlgo::RowKernels {
 
-HWY_EXPORT(sum);
-HWY_EXPORT(loadRed16);
-HWY_EXPORT(loadRedFloat);
-HWY_EXPORT(storeRed16);
-HWY_EXPORT(storeRedFloat);
+VL_EXPORT(sum);
+VL_EXPORT(loadRed16);
+VL_EXPORT(loadRedFloat);
+VL_EXPORT(storeRed16);
+VL_EXPORT(storeRedFloat);
 
 void weightedSum(const float* middle, float middleWeight, std::span<const Pair> pairs, float* out, int n)
 {
-    HWY_DYNAMIC_DISPATCH(sum)(middle, middleWeight, pairs, out, n);
+    VL_CALL(sum)(middle, middleWeight, pairs, out, n);
 }
 
 void loadRed(const std::int16_t* pixels, float* out, int n)
 {
-    HWY_DYNAMIC_DISPATCH(loadRed16)(pixels, out, n);
+    VL_CALL(loadRed16)(pixels, out, n);
 }
 
 void loadRed(const float* pixels, float* out, int n)
 {
-    HWY_DYNAMIC_DISPATCH(loadRedFloat)(pixels, out, n);
+    VL_CALL(loadRedFloat)(pixels, out, n);
 }
 
 void storeRed(const float* in, float gain, std::int16_t* pixels, int n)
 {
-    HWY_DYNAMIC_DISPATCH(storeRed16)(in, gain, pixels, n);
+    VL_CALL(storeRed16)(in, gain, pixels, n);
 }
 
 void storeRed(const float* in, float gain, float* pixels, int n)
 {
-    HWY_DYNAMIC_DISPATCH(storeRedFloat)(in, gain, pixels, n);
+    VL_CALL(storeRedFloat)(in, gain, pixels, n);
 }
 
 } // namespace BlurAlgo::RowKernels

@@ -137,15 +137,18 @@ void encodeRow(std::span<const CEL_PixelRGBA16> pixels, double ySign, std::uint1
 HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
+
+#include "QuarvelVectorLanes/VL_Dispatch.h"
+
 namespace NM_TangentKernels {
 
-HWY_EXPORT(encodeRow);
+VL_EXPORT(encodeRow);
 
 } // namespace NM_TangentKernels
 
 void NM_encodeTangents(std::span<const CEL_PixelRGBA16> pixels, double ySign, std::uint16_t* samples)
 {
     using namespace NM_TangentKernels;
-    HWY_DYNAMIC_DISPATCH(encodeRow)(pixels, ySign, samples);
+    VL_CALL(encodeRow)(pixels, ySign, samples);
 }
 #endif

@@ -122,15 +122,18 @@ void weighFloat(std::span<const CEL_PixelRGBAFloat> accumulated, float* HWY_REST
 HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
+
+#include "QuarvelVectorLanes/VL_Dispatch.h"
+
 namespace VolumeRowKernels {
 
-HWY_EXPORT(merge16);
-HWY_EXPORT(weigh16);
-HWY_EXPORT(weighFloat);
+VL_EXPORT(merge16);
+VL_EXPORT(weigh16);
+VL_EXPORT(weighFloat);
 
 void mergeLayers(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator)
 {
-    HWY_DYNAMIC_DISPATCH(merge16)(input, accumulator);
+    VL_CALL(merge16)(input, accumulator);
 }
 
 void mergeLayers(std::span<const CEL_PixelRGBAFloat> input, CEL_PixelRGBAFloat* accumulator)
@@ -141,12 +144,12 @@ void mergeLayers(std::span<const CEL_PixelRGBAFloat> input, CEL_PixelRGBAFloat* 
 
 void weigh(std::span<const CEL_PixelRGBA16> accumulated, float* mask)
 {
-    HWY_DYNAMIC_DISPATCH(weigh16)(accumulated, mask);
+    VL_CALL(weigh16)(accumulated, mask);
 }
 
 void weigh(std::span<const CEL_PixelRGBAFloat> accumulated, float* mask)
 {
-    HWY_DYNAMIC_DISPATCH(weighFloat)(accumulated, mask);
+    VL_CALL(weighFloat)(accumulated, mask);
 }
 
 } // namespace VolumeRowKernels

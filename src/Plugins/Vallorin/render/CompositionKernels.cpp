@@ -203,28 +203,31 @@ void blend16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* o
 HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
+
+#include "QuarvelVectorLanes/VL_Dispatch.h"
+
 namespace VolumeRowKernels {
 
-HWY_EXPORT(place16);
-HWY_EXPORT(placeFloat);
-HWY_EXPORT(blend16);
+VL_EXPORT(place16);
+VL_EXPORT(placeFloat);
+VL_EXPORT(blend16);
 
 void placeNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
                   CEL_PixelRGBA16* output, Stores stores)
 {
-    HWY_DYNAMIC_DISPATCH(place16)(coverage, object, blue, output, stores);
+    VL_CALL(place16)(coverage, object, blue, output, stores);
 }
 
 void placeNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
                   CEL_PixelRGBAFloat* output, Stores stores)
 {
-    HWY_DYNAMIC_DISPATCH(placeFloat)(coverage, object, blue, output, stores);
+    VL_CALL(placeFloat)(coverage, object, blue, output, stores);
 }
 
 void blendNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
                   CEL_PixelRGBA16* output)
 {
-    HWY_DYNAMIC_DISPATCH(blend16)(coverage, object, blue, output);
+    VL_CALL(blend16)(coverage, object, blue, output);
 }
 
 void blendNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,

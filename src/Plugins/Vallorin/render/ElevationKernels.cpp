@@ -171,31 +171,34 @@ void raiseRow(std::span<const float> share, double rise, float* HWY_RESTRICT dep
 HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
+
+#include "QuarvelVectorLanes/VL_Dispatch.h"
+
 namespace VolumeRowKernels {
 
-HWY_EXPORT(packRow);
-HWY_EXPORT(settleAny);
-HWY_EXPORT(elevateRow);
-HWY_EXPORT(raiseRow);
+VL_EXPORT(packRow);
+VL_EXPORT(settleAny);
+VL_EXPORT(elevateRow);
+VL_EXPORT(raiseRow);
 
 void packPositive(std::span<const float> values, std::uint64_t* words)
 {
-    HWY_DYNAMIC_DISPATCH(packRow)(values, words);
+    VL_CALL(packRow)(values, words);
 }
 
 void settle(std::span<float> values, Rounding rounding, const std::uint64_t* isNear, PositiveSpan& span)
 {
-    HWY_DYNAMIC_DISPATCH(settleAny)(values, rounding, isNear, span);
+    VL_CALL(settleAny)(values, rounding, isNear, span);
 }
 
 void elevate(std::span<const float> values, const LinearShare& profile, double rise, float* share, float* depth)
 {
-    HWY_DYNAMIC_DISPATCH(elevateRow)(values, profile, rise, share, depth);
+    VL_CALL(elevateRow)(values, profile, rise, share, depth);
 }
 
 void raise(std::span<const float> share, double rise, float* depth)
 {
-    HWY_DYNAMIC_DISPATCH(raiseRow)(share, rise, depth);
+    VL_CALL(raiseRow)(share, rise, depth);
 }
 
 } // namespace VolumeRowKernels

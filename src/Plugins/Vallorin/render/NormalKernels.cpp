@@ -296,31 +296,34 @@ void readBackNormalsFloat(const DepthRows& depth, std::size_t count, const Norma
 HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
+
+#include "QuarvelVectorLanes/VL_Dispatch.h"
+
 namespace VolumeRowKernels {
 
-HWY_EXPORT(storeNormals16);
-HWY_EXPORT(storeNormalsFloat);
-HWY_EXPORT(readBackNormals16);
-HWY_EXPORT(readBackNormalsFloat);
+VL_EXPORT(storeNormals16);
+VL_EXPORT(storeNormalsFloat);
+VL_EXPORT(readBackNormals16);
+VL_EXPORT(readBackNormalsFloat);
 
 void storeNormals(const DepthRows& depth, bool diagonals, const float* share, std::span<CEL_PixelRGBA16> pixels)
 {
-    HWY_DYNAMIC_DISPATCH(storeNormals16)(depth, diagonals, share, pixels);
+    VL_CALL(storeNormals16)(depth, diagonals, share, pixels);
 }
 
 void storeNormals(const DepthRows& depth, bool diagonals, const float* share, std::span<CEL_PixelRGBAFloat> pixels)
 {
-    HWY_DYNAMIC_DISPATCH(storeNormalsFloat)(depth, diagonals, share, pixels);
+    VL_CALL(storeNormalsFloat)(depth, diagonals, share, pixels);
 }
 
 void readBackNormals(const DepthRows& depth, std::size_t count, const NormalRow<float>& normals)
 {
-    HWY_DYNAMIC_DISPATCH(readBackNormals16)(depth, count, normals);
+    VL_CALL(readBackNormals16)(depth, count, normals);
 }
 
 void readBackNormals(const DepthRows& depth, std::size_t count, const NormalRow<double>& normals)
 {
-    HWY_DYNAMIC_DISPATCH(readBackNormalsFloat)(depth, count, normals);
+    VL_CALL(readBackNormalsFloat)(depth, count, normals);
 }
 
 } // namespace VolumeRowKernels

@@ -227,21 +227,24 @@ void smoothNormalsFloat(const NormalRows<double>& normals, const float* depth, c
 HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
+
+#include "QuarvelVectorLanes/VL_Dispatch.h"
+
 namespace VolumeRowKernels {
 
-HWY_EXPORT(smoothNormals16);
-HWY_EXPORT(smoothNormalsFloat);
+VL_EXPORT(smoothNormals16);
+VL_EXPORT(smoothNormalsFloat);
 
 void smoothNormals(const NormalRows<float>& normals, const float* depth, const float* share,
                    std::span<CEL_PixelRGBA16> pixels)
 {
-    HWY_DYNAMIC_DISPATCH(smoothNormals16)(normals, depth, share, pixels);
+    VL_CALL(smoothNormals16)(normals, depth, share, pixels);
 }
 
 void smoothNormals(const NormalRows<double>& normals, const float* depth, const float* share,
                    std::span<CEL_PixelRGBAFloat> pixels)
 {
-    HWY_DYNAMIC_DISPATCH(smoothNormalsFloat)(normals, depth, share, pixels);
+    VL_CALL(smoothNormalsFloat)(normals, depth, share, pixels);
 }
 
 } // namespace VolumeRowKernels

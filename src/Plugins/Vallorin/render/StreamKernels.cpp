@@ -96,12 +96,15 @@ void copyFloat(const CEL_PixelRGBAFloat* source, std::span<CEL_PixelRGBAFloat> p
 HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
+
+#include "QuarvelVectorLanes/VL_Dispatch.h"
+
 namespace VolumeRowKernels {
 
-HWY_EXPORT(fill16);
-HWY_EXPORT(fillFloat);
-HWY_EXPORT(copy16);
-HWY_EXPORT(copyFloat);
+VL_EXPORT(fill16);
+VL_EXPORT(fillFloat);
+VL_EXPORT(copy16);
+VL_EXPORT(copyFloat);
 
 Stores storesFor(std::int64_t bytes, Reader reader)
 {
@@ -113,18 +116,18 @@ Stores storesFor(std::int64_t bytes, Reader reader)
 
 void fillPixels(std::span<CEL_PixelRGBA16> pixels, const CEL_PixelRGBA16& pixel, Stores stores)
 {
-    HWY_DYNAMIC_DISPATCH(fill16)(pixels, pixel, stores == Stores::PAST_CACHE);
+    VL_CALL(fill16)(pixels, pixel, stores == Stores::PAST_CACHE);
 }
 
 void fillPixels(std::span<CEL_PixelRGBAFloat> pixels, const CEL_PixelRGBAFloat& pixel, Stores stores)
 {
-    HWY_DYNAMIC_DISPATCH(fillFloat)(pixels, pixel, stores == Stores::PAST_CACHE);
+    VL_CALL(fillFloat)(pixels, pixel, stores == Stores::PAST_CACHE);
 }
 
 void copyPixels(const CEL_PixelRGBA16* source, std::span<CEL_PixelRGBA16> pixels, Stores stores)
 {
     if (stores == Stores::PAST_CACHE)
-        HWY_DYNAMIC_DISPATCH(copy16)(source, pixels);
+        VL_CALL(copy16)(source, pixels);
     else
         std::copy_n(source, pixels.size(), pixels.begin());
 }
@@ -132,7 +135,7 @@ void copyPixels(const CEL_PixelRGBA16* source, std::span<CEL_PixelRGBA16> pixels
 void copyPixels(const CEL_PixelRGBAFloat* source, std::span<CEL_PixelRGBAFloat> pixels, Stores stores)
 {
     if (stores == Stores::PAST_CACHE)
-        HWY_DYNAMIC_DISPATCH(copyFloat)(source, pixels);
+        VL_CALL(copyFloat)(source, pixels);
     else
         std::copy_n(source, pixels.size(), pixels.begin());
 }
