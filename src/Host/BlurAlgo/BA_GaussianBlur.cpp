@@ -5,7 +5,9 @@
 #include "BlurAlgo/BA_GaussianBlur.h"
 
 #include "BlurAlgo/private/AxisPlan.h"
-#include "BlurAlgo/private/BlurStages.h"
+#include "BlurAlgo/private/DoublingStage.h"
+#include "BlurAlgo/private/FilterStage.h"
+#include "BlurAlgo/private/HalvingStage.h"
 
 #include <tbb/enumerable_thread_specific.h>
 #include <tbb/parallel_for.h>

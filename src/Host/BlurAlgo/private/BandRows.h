@@ -1,11 +1,16 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What the passes over a band of rows have in common: windows of input rows, groups of output rows, and strips of
-// columns narrow enough for the first-level cache.
+// What the stages have in common. A stage works on a band of result rows that depends on nothing but its input: it
+// reads rows from somewhere, through a window of the last ones, and writes them somewhere, a few at a time, in strips
+// of columns narrow enough for the first-level cache.
+//
+// A stage that feeds another one makes its rows when it is told to: advance(y) works out what row y takes, row(y) only
+// looks it up. Rows are asked for in the order of their places.
 #pragma once
 
-#include "BlurAlgo/private/BlurStages.h"
-#include "BlurAlgo/private/PyramidKernels.h"
+#include "BlurAlgo/BA_GaussianBlur.h"
+#include "BlurAlgo/private/Intervals.h"
+#include "BlurAlgo/private/RowMemory.h"
 #include "BlurAlgo/private/RowWindow.h"
 
 #include <algorithm>
@@ -21,6 +26,40 @@ inline constexpr int kStrip = 256;
 /// Planes of so many samples are larger than a core's share of the last-level cache.
 inline constexpr std::int64_t kStreamedSamples = 1 << 20;
 
+/// Rows to read. Outside of the rectangle there are zeros.
+struct Input
+{
+    const BA_RowSource& rows;
+    Math::Box2di rect;
+};
+
+/// Rows to write.
+struct Output
+{
+    Output(BA_RowSink& sink, const Math::Box2di& box) : Output(sink, columnsOf(box), box) {}
+    Output(BA_RowSink& sink, Interval columns, const Math::Box2di& part) : rows(sink), asked(columns), rect(part) {}
+
+    BA_RowSink& rows;
+    Interval asked;    ///< the columns that the sink's rows have
+    Math::Box2di rect; ///< what is worked out: the columns outside become zeros
+};
+
+/// Rows that are there already, for stages that are fed by others as well.
+class ReadyRows
+{
+public:
+    explicit ReadyRows(const BA_RowSource& rows) : _rows(rows) {}
+
+    void advance(int) {}
+    const float* row(int y, float* buffer) const { return _rows.row(y, buffer); }
+
+private:
+    const BA_RowSource& _rows;
+};
+
+/// Zeros in the rows y of an output.
+void clearBand(const Output& out, Interval y, RowMemory& memory);
+
 inline std::vector<float*> takeRows(RowMemory& memory, int count)
 {
     std::vector<float*> rows(static_cast<std::size_t>(count));
@@ -28,12 +67,14 @@ inline std::vector<float*> takeRows(RowMemory& memory, int count)
     return rows;
 }
 
-/// The rows of an input, zeros above and below.
+/// The rows of a source, zeros above and below.
+template<typename Source>
 class PaddedRows
 {
 public:
-    PaddedRows(const Input& in, int kept, RowMemory& memory)
-        : _in(in), _window(takeRows(memory, kept)), _zeros(memory.takeZeros())
+    /// @param kept how many rows are looked at together
+    PaddedRows(Source& source, const Math::Box2di& rect, int kept, RowMemory& memory)
+        : _source(source), _y(rowsOf(rect)), _window(takeRows(memory, kept)), _zeros(memory.takeZeros())
     {}
 
     /// The given rows; zeros for the rest of what there is room for.
@@ -48,12 +89,16 @@ public:
 private:
     const float* row(int y)
     {
-        if (!rowsOf(_in.rect).contains(y))
+        if (!_y.contains(y))
             return _zeros;
-        return _window.row(y, [this](int v, float* buffer) { return _in.rows.row(v, buffer); });
+        return _window.row(y, [this](int v, float* buffer) {
+            _source.advance(v);
+            return _source.row(v, buffer);
+        });
     }
 
-    const Input& _in;
+    Source& _source;
+    Interval _y;
     RowWindow _window;
     const float* _zeros;
 };
@@ -121,10 +166,10 @@ void writeRows(const Output& out, Interval y, RowMemory& memory, const Make& mak
     }
 }
 
-/// The room that rows of an input and an output need.
-inline std::size_t roomFor(const Input& in, const Output& out)
+/// The room that rows of an input's rectangle and of an output need.
+inline std::size_t roomFor(const Math::Box2di& in, const Output& out)
 {
-    return static_cast<std::size_t>(std::max(in.rect.width(), out.asked.size()));
+    return static_cast<std::size_t>(std::max(in.width(), out.asked.size()));
 }
 
 /// Calls skip(x, columns) for the strips of n columns for which isEmpty(x, columns) says so, and work(x, columns) for

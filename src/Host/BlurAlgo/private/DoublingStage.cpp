@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Doubling, a few rows at a time: columns are summed first and rows then, so that the columns are summed in fewer rows.
-#include "BlurAlgo/private/BandRows.h"
-#include "BlurAlgo/private/BlurStages.h"
+#include "BlurAlgo/private/DoublingStage.h"
+
 #include "BlurAlgo/private/PyramidKernels.h"
 
 #include <algorithm>
@@ -51,7 +51,7 @@ void doubleColumnsBand(const Input& in, const StepWeights& step, const Output& o
     const Interval inX = columnsOf(in.rect);
     const Interval outX = columnsOf(out.rect);
     const auto wideRoom = static_cast<std::size_t>(ColumnDoubler::bufferSize(outX));
-    memory.reset(3, std::max(roomFor(in, out), wideRoom));
+    memory.reset(3, std::max(roomFor(in.rect, out), wideRoom));
     const ColumnDoubler columns(inX, outX, step);
     float* narrow = memory.take();
     float* wide = memory.take();
@@ -60,16 +60,20 @@ void doubleColumnsBand(const Input& in, const StepWeights& step, const Output& o
 }
 
 /// Makes doubled rows, a few of them at once, in the order of their places.
+template<typename Source>
 class BandDoubler
 {
 public:
+    /// @param rect of the rows of the source
     /// @param room of so many samples are the rows of memory, of which kDoubledRows are left to take
-    BandDoubler(const Input& in, const StepPair& step, Interval columns, std::size_t room, RowMemory& memory)
-        : _in(in)
+    BandDoubler(Source& source, const Math::Box2di& rect, const StepPair& step, Interval columns, std::size_t room,
+                RowMemory& memory)
+        : _source(source)
+        , _y(rowsOf(rect))
         , _step(step)
         , _n(columns.size())
         , _around(static_cast<std::size_t>(PyramidKernels::rowsToDouble(step.y.reach())))
-        , _columns(columnsOf(in.rect), columns, step.x)
+        , _columns(columnsOf(rect), columns, step.x)
     {
         const auto wideRoom = static_cast<std::size_t>(ColumnDoubler::bufferSize(columns));
         memory.reset(_around.size() + kDoubledRows + 2, std::max(room, wideRoom));
@@ -81,17 +85,21 @@ public:
     /// Rows v and after; v is even. Rows that the input does not suffice for hold anything.
     void run(int v, const PyramidKernels::DoubledRows& results, bool stream)
     {
-        const auto makeWide = [this](int k, float* wide) { return _columns.run(_in.rows.row(k, _narrow), wide); };
+        const auto makeWide = [this](int k, float* wide) {
+            _source.advance(k);
+            return _columns.run(_source.row(k, _narrow), wide);
+        };
         int k = floorHalf(v) - _step.y.reach() / 2;
         for (const float*& row : _around) {
-            row = rowsOf(_in.rect).contains(k) ? _wideRows->row(k, makeWide) : _zeros;
+            row = _y.contains(k) ? _wideRows->row(k, makeWide) : _zeros;
             ++k;
         }
         PyramidKernels::doubleRows(_around, _step.y.weights, results, _n, stream);
     }
 
 private:
-    Input _in;
+    Source& _source;
+    Interval _y;
     const StepPair& _step;
     int _n;
     std::vector<const float*> _around;
@@ -101,41 +109,44 @@ private:
     const float* _zeros = nullptr;
 };
 
-/// Doubled rows for another doubling, made when they are asked for, in the order of their places. A row stays until the
-/// next ones are made.
-class DoubledSource final : public BA_RowSource
+/// Doubled rows for another doubling, which copies them: a row stays until the next group is made.
+class DoubledRows
 {
 public:
-    DoubledSource(const Input& in, const StepPair& step, const Math::Box2di& rect, RowMemory& memory)
-        : _doubler(in, step, columnsOf(rect), static_cast<std::size_t>(rect.width()), memory)
+    DoubledRows(const Input& in, const StepPair& step, const Math::Box2di& rect, RowMemory& memory)
+        : _source(in.rows)
+        , _doubler(_source, in.rect, step, columnsOf(rect), static_cast<std::size_t>(rect.width()), memory)
     {
         std::generate(_rows.begin(), _rows.end(), [&memory] { return memory.take(); });
     }
 
-    const float* row(int y, float*) const override
+    /// Makes the group of rows that y belongs to, unless it is there.
+    void advance(int y)
     {
-        const int offset = y & (kDoubledRows - 1);
-        if (_first != y - offset) {
-            _first = y - offset;
-            _doubler.run(y - offset, _rows, false);
-        }
-        return _rows[static_cast<std::size_t>(offset)];
+        const int first = y - placeInGroup(y);
+        if (_first == first)
+            return;
+        _doubler.run(first, _rows, false);
+        _first = first;
     }
 
+    const float* row(int y, float*) const { return _rows[static_cast<std::size_t>(placeInGroup(y))]; }
+
 private:
-    mutable BandDoubler _doubler;
-    mutable std::optional<int> _first;
-    PyramidKernels::DoubledRows _rows;
+    static int placeInGroup(int y) { return y & (kDoubledRows - 1); }
+
+    ReadyRows _source;
+    BandDoubler<ReadyRows> _doubler;
+    std::optional<int> _first;
+    PyramidKernels::DoubledRows _rows{};
 };
 
-} // namespace
-
-void doubleBand(const Input& in, const StepPair& step, const Output& out, Interval y, RowMemory& memory)
+/// Rows y of the plane doubled along the rows at least.
+template<typename Source>
+void doubleRowsOf(Source& source, const Math::Box2di& rect, const StepPair& step, const Output& out, Interval y,
+                  RowMemory& memory)
 {
-    if (!step.y.active())
-        return doubleColumnsBand(in, step.x, out, y, memory);
-
-    BandDoubler doubler(in, step, columnsOf(out.rect), roomFor(in, out), memory);
+    BandDoubler<Source> doubler(source, rect, step, columnsOf(out.rect), roomFor(rect, out), memory);
     OutputRows<kDoubledRows> outputs(out, y, memory);
     for (int v = 2 * floorHalf(y.lo); v < y.hi; v += kDoubledRows) {
         const PyramidKernels::DoubledRows& results = outputs.begin(v);
@@ -145,11 +156,21 @@ void doubleBand(const Input& in, const StepPair& step, const Output& out, Interv
     PyramidKernels::finishStreaming();
 }
 
+} // namespace
+
+void doubleBand(const Input& in, const StepPair& step, const Output& out, Interval y, RowMemory& memory)
+{
+    if (!step.y.active())
+        return doubleColumnsBand(in, step.x, out, y, memory);
+    ReadyRows rows(in.rows);
+    doubleRowsOf(rows, in.rect, step, out, y, memory);
+}
+
 void doubleTwiceBand(const Input& in, const StepPair& first, const Math::Box2di& between, const StepPair& second,
                      const Output& out, Interval y, BandMemory& memory)
 {
-    const DoubledSource doubled(in, first, between, memory.inner);
-    doubleBand({doubled, between}, second, out, y, memory.outer);
+    DoubledRows doubled(in, first, between, memory.inner);
+    doubleRowsOf(doubled, between, second, out, y, memory.outer);
 }
 
 } // namespace BlurAlgo

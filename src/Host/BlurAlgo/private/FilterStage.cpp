@@ -3,8 +3,8 @@
 // The short filter, a few rows at a time: rows are summed first and columns then. Sums over one and the same value are
 // not worked out for every sample but once: pictures to be blurred are mostly flat. The same kernel does it with the
 // same weights in the same order, so it makes no difference to the result, not in a bit.
-#include "BlurAlgo/private/BandRows.h"
-#include "BlurAlgo/private/BlurStages.h"
+#include "BlurAlgo/private/FilterStage.h"
+
 #include "BlurAlgo/private/LevelKernels.h"
 #include "BlurAlgo/private/RowKernels.h"
 
@@ -173,7 +173,7 @@ public:
             for (const Piece& piece : _pieces) {
                 float* out = results[j] + (piece.x.lo - _out.lo);
                 if (piece.isLevel)
-                    LevelKernels::fill(out, piece.x.size(), piece.value);
+                    LevelKernels::fillRow(out, piece.x.size(), piece.value);
                 else
                     work(sums.samples[j], piece.x, out);
             }
@@ -300,9 +300,10 @@ void filterBand(const Input& in, std::span<const float> xWeights, std::span<cons
     const int reach = reachOf(yWeights);
     const int kept = 2 * reach + kFilteredRows;
     const auto paddedRoom = static_cast<std::size_t>(paddedColumns(inX, outX, xWeights).size());
-    memory.reset(static_cast<std::size_t>(kept) + 2 * kFilteredRows + 1, std::max(roomFor(in, out), paddedRoom));
+    memory.reset(static_cast<std::size_t>(kept) + 2 * kFilteredRows + 1, std::max(roomFor(in.rect, out), paddedRoom));
 
-    PaddedRows rows(in, kept, memory);
+    ReadyRows source(in.rows);
+    PaddedRows rows(source, in.rect, kept, memory);
     OutputRows<kFilteredRows> outputs(out, y, memory);
     BlockFilter filter(inX, outX, xWeights, yWeights, memory);
     std::vector<const float*> around(static_cast<std::size_t>(kept));

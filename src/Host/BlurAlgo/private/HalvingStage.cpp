@@ -2,8 +2,8 @@
 //
 // Halving, a few rows at a time: rows are summed first and columns then, so that the columns are summed in fewer rows.
 // What is empty is found strip by strip and not worked on.
-#include "BlurAlgo/private/BandRows.h"
-#include "BlurAlgo/private/BlurStages.h"
+#include "BlurAlgo/private/HalvingStage.h"
+
 #include "BlurAlgo/private/PyramidKernels.h"
 
 #include <algorithm>
@@ -50,7 +50,7 @@ public:
             return PyramidKernels::areZeros(known ? rows.last(2 * kHalvedRows) : rows, x, columns);
         };
         const auto sum = [&](int x, int columns) {
-            PyramidKernels::halveRows(rows, x, weights, from(x), columns, firstIsOdd());
+            PyramidKernels::halveAndSplitRows(rows, x, weights, from(x), columns, firstIsOdd());
             _empty[static_cast<std::size_t>(x / kStrip)] = false;
         };
         const auto skip = [this](int x, int columns) { clear(x, columns); };
@@ -140,20 +140,22 @@ Interval halveRowsOnly(std::span<const float* const> rows, std::span<const float
 }
 
 /// Makes halved rows, a few of them at once, in the order of their places.
+template<typename Source>
 class BandHalver
 {
 public:
+    /// @param rect of the rows of the source
     /// @param kept how many rows more the memory is to have room for, of the size room
-    BandHalver(const Input& in, const StepPair& step, Interval columns, std::size_t kept, std::size_t room,
-               RowMemory& memory)
+    BandHalver(Source& source, const Math::Box2di& rect, const StepPair& step, Interval columns, std::size_t kept,
+               std::size_t room, RowMemory& memory)
         : _step(step)
         , _n(columns.size())
         , _around(static_cast<std::size_t>(PyramidKernels::rowsToHalve(step.y.reach())))
-        , _memory(prepared(memory, _around.size() + 2 * kHalvedRows + 1 + kept,
-                           std::max({room, static_cast<std::size_t>(in.rect.width()),
-                                     ColumnHalver::rowSize(columns.size(), step.x)})))
-        , _rows(in, static_cast<int>(_around.size()), _memory)
-        , _columns(columnsOf(in.rect), columns, step.x, _memory)
+        , _memory(prepared(
+              memory, _around.size() + 2 * kHalvedRows + 1 + kept,
+              std::max({room, static_cast<std::size_t>(rect.width()), ColumnHalver::rowSize(columns.size(), step.x)})))
+        , _rows(source, rect, static_cast<int>(_around.size()), _memory)
+        , _columns(columnsOf(rect), columns, step.x, _memory)
     {}
 
     /// Rows v ... end - 1, at most kHalvedRows; the other results hold anything then. Returns the columns that are not
@@ -181,33 +183,39 @@ private:
     int _n;
     std::vector<const float*> _around;
     RowMemory& _memory;
-    PaddedRows _rows;
+    PaddedRows<Source> _rows;
     ColumnHalver _columns;
 };
 
-/// Halved rows for another halving, made when they are asked for, in the order of their places. A row stays as long as
-/// the second halving may look at it.
-class HalvedSource final : public BA_RowSource
+/// Halved rows for another halving. A row stays as long as the second halving may look at it.
+class HalvedRows
 {
 public:
-    HalvedSource(const Input& in, const StepPair& step, const Math::Box2di& rect, RowMemory& memory)
-        : _rect(rect), _halver(in, step, columnsOf(rect), kKept, static_cast<std::size_t>(rect.width()), memory)
+    HalvedRows(const Input& in, const StepPair& step, const Math::Box2di& rect, RowMemory& memory)
+        : _rect(rect)
+        , _source(in.rows)
+        , _halver(_source, in.rect, step, columnsOf(rect), kKept, static_cast<std::size_t>(rect.width()), memory)
     {
         std::generate(_rows.begin(), _rows.end(), [&memory] { return memory.take(); });
     }
 
-    const float* row(int y, float*) const override
+    /// Makes the group of rows that y belongs to, unless it is there.
+    void advance(int y)
+    {
+        const int first = (y - _rect.y1) / kHalvedRows * kHalvedRows;
+        if (first <= _latest)
+            return;
+        PyramidKernels::HalvedRows results;
+        std::copy_n(_rows.begin() + slotOf(first), kHalvedRows, results.begin());
+        _halver.run(_rect.y1 + first, std::min(_rect.y1 + first + kHalvedRows, _rect.y2), results);
+        _latest = first;
+    }
+
+    const float* row(int y, float*) const
     {
         const int offset = y - _rect.y1;
         const int first = offset / kHalvedRows * kHalvedRows;
-        const std::size_t slot = static_cast<std::size_t>(first) % kKept;
-        if (first > _latest) {
-            PyramidKernels::HalvedRows results;
-            std::copy_n(_rows.begin() + static_cast<std::ptrdiff_t>(slot), kHalvedRows, results.begin());
-            _halver.run(_rect.y1 + first, std::min(_rect.y1 + first + kHalvedRows, _rect.y2), results);
-            _latest = first;
-        }
-        return _rows[slot + static_cast<std::size_t>(offset - first)];
+        return _rows[static_cast<std::size_t>(slotOf(first) + offset - first)];
     }
 
 private:
@@ -215,16 +223,19 @@ private:
     static constexpr std::size_t kKept =
         (PyramidKernels::rowsToHalve(PyramidKernels::kLargestReach) / kHalvedRows + 2) * kHalvedRows;
 
+    static int slotOf(int first) { return first % static_cast<int>(kKept); }
+
     Math::Box2di _rect;
-    std::array<float*, kKept> _rows;
-    mutable int _latest = -1;
-    mutable BandHalver _halver;
+    ReadyRows _source;
+    std::array<float*, kKept> _rows{};
+    int _latest = -1;
+    BandHalver<ReadyRows> _halver;
 };
 
 /// Halves columns only, row by row.
 void halveColumnsBand(const Input& in, const StepWeights& step, const Output& out, Interval y, RowMemory& memory)
 {
-    memory.reset(2 * kHalvedRows + 2, std::max(roomFor(in, out), ColumnHalver::rowSize(out.rect.width(), step)));
+    memory.reset(2 * kHalvedRows + 2, std::max(roomFor(in.rect, out), ColumnHalver::rowSize(out.rect.width(), step)));
     ColumnHalver columns(columnsOf(in.rect), columnsOf(out.rect), step, memory);
     float* buffer = memory.take();
     writeRows(out, y, memory, [&](int v, float* row) {
@@ -233,16 +244,13 @@ void halveColumnsBand(const Input& in, const StepWeights& step, const Output& ou
     });
 }
 
-} // namespace
-
-Math::Box2di halveBand(const Input& in, const StepPair& step, const Output& out, Interval y, RowMemory& memory)
+/// Rows y of the plane halved along the rows at least.
+template<typename Source>
+Math::Box2di halveRowsOf(Source& source, const Math::Box2di& rect, const StepPair& step, const Output& out, Interval y,
+                         RowMemory& memory)
 {
     const Interval outX = columnsOf(out.rect);
-    if (!step.y.active()) {
-        halveColumnsBand(in, step.x, out, y, memory);
-        return boxOf(outX, y);
-    }
-    BandHalver halver(in, step, outX, kHalvedRows, roomFor(in, out), memory);
+    BandHalver<Source> halver(source, rect, step, outX, kHalvedRows, roomFor(rect, out), memory);
     OutputRows<kHalvedRows> outputs(out, y, memory);
     Math::Box2di box;
     for (int v = y.lo; v < y.hi; v += kHalvedRows) {
@@ -254,11 +262,23 @@ Math::Box2di halveBand(const Input& in, const StepPair& step, const Output& out,
     return box;
 }
 
+} // namespace
+
+Math::Box2di halveBand(const Input& in, const StepPair& step, const Output& out, Interval y, RowMemory& memory)
+{
+    if (!step.y.active()) {
+        halveColumnsBand(in, step.x, out, y, memory);
+        return boxOf(columnsOf(out.rect), y);
+    }
+    ReadyRows rows(in.rows);
+    return halveRowsOf(rows, in.rect, step, out, y, memory);
+}
+
 Math::Box2di halveTwiceBand(const Input& in, const StepPair& first, const Math::Box2di& between, const StepPair& second,
                             const Output& out, Interval y, BandMemory& memory)
 {
-    const HalvedSource halved(in, first, between, memory.inner);
-    return halveBand({halved, between}, second, out, y, memory.outer);
+    HalvedRows halved(in, first, between, memory.inner);
+    return halveRowsOf(halved, between, second, out, y, memory.outer);
 }
 
 } // namespace BlurAlgo

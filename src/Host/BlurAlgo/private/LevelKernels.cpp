@@ -65,7 +65,7 @@ HWY_INLINE void addPart(LevelStrip& strip, const float* samples, int n)
     addRow(strip, bits, std::all_of(samples, samples + n, [bits](float v) { return bitsOf(v) == bits; }));
 }
 
-void follow(std::span<const float* const> rows, int x, int n, LevelStrip* strips)
+void followLevels(std::span<const float* const> rows, int x, int n, LevelStrip* strips)
 {
     const int end = x + n;
     for (; x + kLevelStrip <= end; x += kLevelStrip, ++strips) {
@@ -100,15 +100,15 @@ HWY_AFTER_NAMESPACE();
 
 namespace BlurAlgo::LevelKernels {
 
-VL_EXPORT(follow);
+VL_EXPORT(followLevels);
 VL_EXPORT(fillRow);
 
 void followLevels(std::span<const float* const> rows, int x, int n, LevelStrip* strips)
 {
-    VL_CALL(follow)(rows, x, n, strips);
+    VL_CALL(followLevels)(rows, x, n, strips);
 }
 
-void fill(float* out, int n, float value)
+void fillRow(float* out, int n, float value)
 {
     VL_CALL(fillRow)(out, n, value);
 }

@@ -34,6 +34,6 @@ struct LevelStrip
 void followLevels(std::span<const float* const> rows, int x, int n, LevelStrip* strips);
 
 /// n samples of one value.
-void fill(float* out, int n, float value);
+void fillRow(float* out, int n, float value);
 
 } // namespace BlurAlgo::LevelKernels

@@ -70,7 +70,7 @@ HWY_INLINE bool areZerosAt(std::span<const float* const> rows, int i)
     return hn::AllTrue(d, hn::Eq(any, hn::Zero(d)));
 }
 
-bool zeros(std::span<const float* const> rows, int x, int n)
+bool areZeros(std::span<const float* const> rows, int x, int n)
 {
     const int end = x + n;
     for (; x + 2 * lanes() <= end; x += 2 * lanes()) {
@@ -130,7 +130,7 @@ HWY_INLINE void halveRowsBy(std::span<const float* const> rows, int x, std::span
 
 /// The columns i and after, 2 x lanes of them, of row kRow and all after it; column i goes to even[e].
 template<int kRow, int kReach>
-HWY_INLINE void splitColumns(const float* const* in, const float* weights, const SplitRow* out, int i, int e)
+HWY_INLINE void halveAndSplitAt(const float* const* in, const float* weights, const SplitRow* out, int i, int e)
 {
     if constexpr (kRow < kHalvedRows) {
         const Floats d;
@@ -145,13 +145,14 @@ HWY_INLINE void splitColumns(const float* const* in, const float* weights, const
         hn::StoreU(hn::ConcatEven(d, b, a), d, out[kRow].even + e);
         hn::StoreU(hn::ConcatOdd(d, b, a), d, out[kRow].odd + e);
 #endif
-        splitColumns<kRow + 1, kReach>(in, weights, out, i, e);
+        halveAndSplitAt<kRow + 1, kReach>(in, weights, out, i, e);
     }
 }
 
 /// Column i of all rows.
 template<int kReach>
-HWY_INLINE void splitColumn(const float* const* in, const float* weights, const SplitRow* out, int i, bool odd, int e)
+HWY_INLINE void halveAndSplitOneAt(const float* const* in, const float* weights, const SplitRow* out, int i, bool odd,
+                                   int e)
 {
     const OneFloat one;
     for (int j = 0; j < kHalvedRows; ++j)
@@ -159,29 +160,29 @@ HWY_INLINE void splitColumn(const float* const* in, const float* weights, const 
 }
 
 template<int kReach>
-HWY_INLINE void splitRowsBy(std::span<const float* const> rows, int x, std::span<const float> weights, SplitRows out,
-                            int n, bool firstIsOdd)
+HWY_INLINE void halveAndSplitRowsBy(std::span<const float* const> rows, int x, std::span<const float> weights,
+                                    SplitRows out, int n, bool firstIsOdd)
 {
     const auto in = rowsFrom<rowsToHalve(kReach)>(rows, x);
     const auto w = firstOf<float, kReach + 1>(weights);
     int i = 0;
     if (firstIsOdd && n > 0) {
-        splitColumn<kReach>(in.data(), w.data(), out.data(), i++, true, 0);
+        halveAndSplitOneAt<kReach>(in.data(), w.data(), out.data(), i++, true, 0);
         for (SplitRow& row : out)
             ++row.odd;
     }
     int e = 0;
     for (; i + 2 * lanes() <= n; i += 2 * lanes(), e += lanes()) {
         fetchAhead(in, i);
-        splitColumns<0, kReach>(in.data(), w.data(), out.data(), i, e);
+        halveAndSplitAt<0, kReach>(in.data(), w.data(), out.data(), i, e);
     }
     for (bool odd = false; i < n; ++i, odd = !odd) {
-        splitColumn<kReach>(in.data(), w.data(), out.data(), i, odd, e);
+        halveAndSplitOneAt<kReach>(in.data(), w.data(), out.data(), i, odd, e);
         e += odd ? 1 : 0;
     }
 }
 
-void split(const float* in, SplitRow out, int n, bool firstIsOdd)
+void splitColumns(const float* in, SplitRow out, int n, bool firstIsOdd)
 {
     if (firstIsOdd && n > 0) {
         *out.odd++ = *in++;
@@ -346,29 +347,29 @@ HWY_INLINE void withReach(std::span<const float> weights, const Run& run)
     }
 }
 
-void halve(std::span<const float* const> rows, int x, std::span<const float> weights, const HalvedRows& out, int n)
+void halveRows(std::span<const float* const> rows, int x, std::span<const float> weights, const HalvedRows& out, int n)
 {
     withReach(weights, [&](auto reach) HWY_ATTR { halveRowsBy<reach>(rows, x, weights, out, n); });
 }
 
-void halveAndSplit(std::span<const float* const> rows, int x, std::span<const float> weights, const SplitRows& out,
-                   int n, bool firstIsOdd)
+void halveAndSplitRows(std::span<const float* const> rows, int x, std::span<const float> weights, const SplitRows& out,
+                       int n, bool firstIsOdd)
 {
-    withReach(weights, [&](auto reach) HWY_ATTR { splitRowsBy<reach>(rows, x, weights, out, n, firstIsOdd); });
+    withReach(weights, [&](auto reach) HWY_ATTR { halveAndSplitRowsBy<reach>(rows, x, weights, out, n, firstIsOdd); });
 }
 
-void halveRow(const float* even, const float* odd, std::span<const float> weights, float* out, int n)
+void halveColumns(const float* even, const float* odd, std::span<const float> weights, float* out, int n)
 {
     withReach(weights, [&](auto reach) HWY_ATTR { halveColumnsBy<reach>(even, odd, weights, out, n); });
 }
 
-void doubleRow(const float* in, std::span<const float> weights, float* out, int n)
+void doubleColumns(const float* in, std::span<const float> weights, float* out, int n)
 {
     withReach(weights, [&](auto reach) HWY_ATTR { doubleColumnsBy<reach>(in, weights, out, n); });
 }
 
-void doubleAll(std::span<const float* const> rows, std::span<const float> weights, const DoubledRows& out, int n,
-               bool stream)
+void doubleRows(std::span<const float* const> rows, std::span<const float> weights, const DoubledRows& out, int n,
+                bool stream)
 {
     withReach(weights, [&](auto reach) HWY_ATTR { doubleRowsBy<reach>(rows, weights, out, n, stream); });
 }
@@ -382,49 +383,49 @@ HWY_AFTER_NAMESPACE();
 
 namespace BlurAlgo::PyramidKernels {
 
-VL_EXPORT(zeros);
-VL_EXPORT(halve);
-VL_EXPORT(halveAndSplit);
-VL_EXPORT(split);
-VL_EXPORT(halveRow);
-VL_EXPORT(doubleRow);
-VL_EXPORT(doubleAll);
+VL_EXPORT(areZeros);
+VL_EXPORT(halveRows);
+VL_EXPORT(halveAndSplitRows);
+VL_EXPORT(splitColumns);
+VL_EXPORT(halveColumns);
+VL_EXPORT(doubleColumns);
+VL_EXPORT(doubleRows);
 
 bool areZeros(std::span<const float* const> rows, int x, int n)
 {
-    return VL_CALL(zeros)(rows, x, n);
+    return VL_CALL(areZeros)(rows, x, n);
 }
 
 void halveRows(std::span<const float* const> rows, int x, std::span<const float> weights, const HalvedRows& out, int n)
 {
-    VL_CALL(halve)(rows, x, weights, out, n);
+    VL_CALL(halveRows)(rows, x, weights, out, n);
 }
 
-void halveRows(std::span<const float* const> rows, int x, std::span<const float> weights, const SplitRows& out, int n,
-               bool firstIsOdd)
+void halveAndSplitRows(std::span<const float* const> rows, int x, std::span<const float> weights, const SplitRows& out,
+                       int n, bool firstIsOdd)
 {
-    VL_CALL(halveAndSplit)(rows, x, weights, out, n, firstIsOdd);
+    VL_CALL(halveAndSplitRows)(rows, x, weights, out, n, firstIsOdd);
 }
 
 void splitColumns(const float* in, SplitRow out, int n, bool firstIsOdd)
 {
-    VL_CALL(split)(in, out, n, firstIsOdd);
+    VL_CALL(splitColumns)(in, out, n, firstIsOdd);
 }
 
 void halveColumns(const float* even, const float* odd, std::span<const float> weights, float* out, int n)
 {
-    VL_CALL(halveRow)(even, odd, weights, out, n);
+    VL_CALL(halveColumns)(even, odd, weights, out, n);
 }
 
 void doubleColumns(const float* in, std::span<const float> weights, float* out, int n)
 {
-    VL_CALL(doubleRow)(in, weights, out, n);
+    VL_CALL(doubleColumns)(in, weights, out, n);
 }
 
 void doubleRows(std::span<const float* const> rows, std::span<const float> weights, const DoubledRows& out, int n,
                 bool stream)
 {
-    VL_CALL(doubleAll)(rows, weights, out, n, stream);
+    VL_CALL(doubleRows)(rows, weights, out, n, stream);
 }
 
 void finishStreaming()

@@ -48,8 +48,8 @@ bool areZeros(std::span<const float* const> rows, int x, int n);
 void halveRows(std::span<const float* const> rows, int x, std::span<const float> weights, const HalvedRows& out, int n);
 
 /// The same sums, apart in even and odd columns. Column x counts as an odd one when firstIsOdd is set.
-void halveRows(std::span<const float* const> rows, int x, std::span<const float> weights, const SplitRows& out, int n,
-               bool firstIsOdd);
+void halveAndSplitRows(std::span<const float* const> rows, int x, std::span<const float> weights, const SplitRows& out,
+                       int n, bool firstIsOdd);
 
 /// Takes n columns apart into even and odd ones; column 0 counts as an odd one when firstIsOdd is set.
 void splitColumns(const float* in, SplitRow out, int n, bool firstIsOdd);

@@ -48,8 +48,8 @@ HWY_INLINE hn::Vec<D> sumAt(D d, const float* middle, float middleWeight, const 
 }
 
 template<int kPairs>
-HWY_INLINE void sumRow(const float* middle, float middleWeight, std::span<const Pair> span, float* HWY_RESTRICT out,
-                       int n)
+HWY_INLINE void weightedSumOf(const float* middle, float middleWeight, std::span<const Pair> span,
+                              float* HWY_RESTRICT out, int n)
 {
     const Floats d;
     const hn::CappedTag<float, 1> one;
@@ -81,8 +81,8 @@ HWY_INLINE hn::Vec<D> sumOfManyAt(D d, const float* middle, float middleWeight, 
 
 /// Many pairs: four vectors at a time, so that a pair's addresses and weight are read once for all four. The loop over
 /// the pairs takes up to a tenth longer where the function begins at an unlucky address.
-[[gnu::aligned(64)]] void sumRowOfMany(const float* middle, float middleWeight, std::span<const Pair> pairs,
-                                       float* HWY_RESTRICT out, int n)
+[[gnu::aligned(64)]] void weightedSumOfMany(const float* middle, float middleWeight, std::span<const Pair> pairs,
+                                            float* HWY_RESTRICT out, int n)
 {
     const Floats d;
     const int step = lanes();
@@ -114,21 +114,21 @@ HWY_INLINE hn::Vec<D> sumOfManyAt(D d, const float* middle, float middleWeight, 
         hn::StoreU(sumOfManyAt(one, middle, middleWeight, pairs, i), one, out + i);
 }
 
-void sum(const float* middle, float weight, std::span<const Pair> pairs, float* out, int n)
+void weightedSum(const float* middle, float weight, std::span<const Pair> pairs, float* out, int n)
 {
     switch (pairs.size()) {
     case 0:
-        return sumRow<0>(middle, weight, pairs, out, n);
+        return weightedSumOf<0>(middle, weight, pairs, out, n);
     case 1:
-        return sumRow<1>(middle, weight, pairs, out, n);
+        return weightedSumOf<1>(middle, weight, pairs, out, n);
     case 2:
-        return sumRow<2>(middle, weight, pairs, out, n);
+        return weightedSumOf<2>(middle, weight, pairs, out, n);
     case 3:
-        return sumRow<3>(middle, weight, pairs, out, n);
+        return weightedSumOf<3>(middle, weight, pairs, out, n);
     case 4:
-        return sumRow<4>(middle, weight, pairs, out, n);
+        return weightedSumOf<4>(middle, weight, pairs, out, n);
     default:
-        return sumRowOfMany(middle, weight, pairs, out, n);
+        return weightedSumOfMany(middle, weight, pairs, out, n);
     }
 }
 
@@ -226,7 +226,7 @@ HWY_AFTER_NAMESPACE();
 
 namespace BlurAlgo::RowKernels {
 
-VL_EXPORT(sum);
+VL_EXPORT(weightedSum);
 VL_EXPORT(loadRed16);
 VL_EXPORT(loadRedFloat);
 VL_EXPORT(storeRed16);
@@ -234,7 +234,7 @@ VL_EXPORT(storeRedFloat);
 
 void weightedSum(const float* middle, float middleWeight, std::span<const Pair> pairs, float* out, int n)
 {
-    VL_CALL(sum)(middle, middleWeight, pairs, out, n);
+    VL_CALL(weightedSum)(middle, middleWeight, pairs, out, n);
 }
 
 void loadRed(const std::int16_t* pixels, float* out, int n)

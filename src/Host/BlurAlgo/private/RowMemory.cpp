@@ -1,0 +1,31 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Handing out rows.
+#include "BlurAlgo/private/RowMemory.h"
+
+#include <algorithm>
+
+namespace BlurAlgo {
+
+void RowMemory::reset(std::size_t rows, std::size_t samples)
+{
+    // One line more keeps columns of rows from falling on the same places of the cache all the time.
+    _stride = (samples + kLine - 1) / kLine * kLine + kLine;
+    _next = _memory.room(rows * _stride);
+}
+
+float* RowMemory::take()
+{
+    float* row = _next;
+    _next += _stride;
+    return row;
+}
+
+float* RowMemory::takeZeros()
+{
+    float* row = take();
+    std::fill_n(row, _stride, 0.0F);
+    return row;
+}
+
+} // namespace BlurAlgo
