@@ -36,7 +36,7 @@ public:
         BlurAlgo::getGaussianFilter(_filter, sigma, sigma, true);
         mask = makeMask();
         blurred = makeBlurred();
-        plane = settled(copyOf(*blurred));
+        plane = clipped(copyOf(*blurred));
         makeNormals(LOW_NORMAL_QUALITY);
     }
 
@@ -51,7 +51,7 @@ public:
             .template dynamicCast<CEL_PixmapAreaZ>();
     }
 
-    ElevationPlane settled(const Plane& values) const { return settle<Pixel>(values, mask.get()); }
+    ElevationPlane clipped(const Plane& values) const { return roundAndClip<Pixel>(values, mask.get()); }
 
     void makeNormals(int quality)
     {
@@ -153,7 +153,7 @@ private:
     void addElevation()
     {
         add(
-            "clip", "ours", [](S& s) { s.scratch = S::copyOf(*s.blurred); }, [](S& s) { s.settled(s.scratch); });
+            "clip", "ours", [](S& s) { s.scratch = S::copyOf(*s.blurred); }, [](S& s) { s.clipped(s.scratch); });
         add(
             "clip", "opencv", [](S& s) { s.bringPeerTo(BLURRED); }, [](S& s) { s.peer.clipAndFindRange(true); });
     }

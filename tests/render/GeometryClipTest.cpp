@@ -72,7 +72,7 @@ TEST(GeometryClip, DropsWhatIsFarFromGeometryAndMeasuresTheRest)
             for (CEL_PixelFloat& pixel : values->row(y))
                 pixel.value *= static_cast<float>(random.whole(1, 9000));
         const auto before = values->clone().dynamicCast<CEL_PixmapAreaZ>();
-        const ElevationPlane plane = settle<CEL_PixelRGBAFloat>(values, mask.get());
+        const ElevationPlane plane = roundAndClip<CEL_PixelRGBAFloat>(values, mask.get());
         PositiveSpan span;
         for (int y = rect.y1; y < rect.y2; ++y)
             for (int x = rect.x1; x < rect.x2; ++x) {

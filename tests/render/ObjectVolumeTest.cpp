@@ -168,13 +168,13 @@ TEST(ObjectVolume, BlurredValuesAreRoundedToWholeOnesIn16BitsAlone)
         return values;
     };
     const auto rounded = plane();
-    const ElevationPlane settled = settle<Pixel16>(rounded, nullptr);
+    const ElevationPlane clipped = roundAndClip<Pixel16>(rounded, nullptr);
     const float expected[] = {3.0F, -3.0F, 0.0F, 32767.0F, 7.0F};
     for (int x = 0; x < 5; ++x)
         EXPECT_EQ(rounded->at(x, 0).value, expected[x]) << x;
-    EXPECT_EQ(settled.span.lowest, 3.0F);
-    EXPECT_EQ(settled.span.highest, 32767.0F);
-    EXPECT_EQ(settle<PixelFloat>(plane(), nullptr).span.lowest, 0.49F);
+    EXPECT_EQ(clipped.span.lowest, 3.0F);
+    EXPECT_EQ(clipped.span.highest, 32767.0F);
+    EXPECT_EQ(roundAndClip<PixelFloat>(plane(), nullptr).span.lowest, 0.49F);
 }
 
 TEST(ObjectVolume, KnowsTheColumnsThatAreElevated)

@@ -20,21 +20,21 @@ namespace hn = hwy::HWY_NAMESPACE;
 
 // ---- the accumulator
 
-HWY_INLINE void mergeOneByOne(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator)
+HWY_INLINE void mergeLayersOneByOne(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator)
 {
     for (std::size_t i = 0; i < input.size(); ++i)
         accumulator[i] = mergePixel(accumulator[i], input[i]);
 }
 
 #if HWY_TARGET == HWY_SCALAR
-void merge16(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator)
+void mergeLayers16(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator)
 {
-    mergeOneByOne(input, accumulator);
+    mergeLayersOneByOne(input, accumulator);
 }
 #else
 // Nearly everywhere both layers cover fully or not at all: one of three pixels is taken. A pixel is one 64-bit lane,
 // with red in its lowest bits.
-void merge16(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* HWY_RESTRICT accumulator)
+void mergeLayers16(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* HWY_RESTRICT accumulator)
 {
     const hn::ScalableTag<std::int64_t> d;
     const hn::Repartition<std::int16_t, decltype(d)> d16;
@@ -53,7 +53,7 @@ void merge16(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* HWY_RESTRI
         const auto isPartly =
             hn::Or(hn::AndNot(isFirst, hn::Gt(a, hn::Zero(d))), hn::AndNot(isSecond, hn::Gt(b, hn::Set(d, 1024))));
         if (!hn::AllFalse(d, isPartly)) {
-            mergeOneByOne(input.subspan(i, step), accumulator + i);
+            mergeLayersOneByOne(input.subspan(i, step), accumulator + i);
             continue;
         }
         const auto kept = hn::And(hn::BitCast(d, hn::LoadU(d16, &accumulator[i].r)), redAndAlpha);
@@ -62,7 +62,7 @@ void merge16(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* HWY_RESTRI
         const auto merged = hn::IfThenElse(isSecond, second, hn::IfThenElse(isFirst, first, kept));
         hn::StoreU(hn::BitCast(d16, merged), d16, &accumulator[i].r);
     }
-    mergeOneByOne(input.subspan(i), accumulator + i);
+    mergeLayersOneByOne(input.subspan(i), accumulator + i);
 }
 #endif
 
@@ -127,13 +127,13 @@ HWY_AFTER_NAMESPACE();
 
 namespace VolumeRowKernels {
 
-VL_EXPORT(merge16);
+VL_EXPORT(mergeLayers16);
 VL_EXPORT(weigh16);
 VL_EXPORT(weighFloat);
 
 void mergeLayers(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator)
 {
-    VL_CALL(merge16)(input, accumulator);
+    VL_CALL(mergeLayers16)(input, accumulator);
 }
 
 void mergeLayers(std::span<const CEL_PixelRGBAFloat> input, CEL_PixelRGBAFloat* accumulator)

@@ -18,22 +18,22 @@ namespace VolumeRowKernels::HWY_NAMESPACE {
 namespace hn = hwy::HWY_NAMESPACE;
 
 #if HWY_TARGET == HWY_SCALAR
-void place16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
-             CEL_PixelRGBA16* output, Stores)
+void placeNormals16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+                    CEL_PixelRGBA16* output, Stores)
 {
-    placeEach(coverage, object, blue, output);
+    placeNormalsOneByOne(coverage, object, blue, output);
 }
 
-void placeFloat(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
-                CEL_PixelRGBAFloat* output, Stores)
+void placeNormalsFloat(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
+                       CEL_PixelRGBAFloat* output, Stores)
 {
-    placeEach(coverage, object, blue, output);
+    placeNormalsOneByOne(coverage, object, blue, output);
 }
 
-void blend16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
-             CEL_PixelRGBA16* output)
+void blendNormals16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+                    CEL_PixelRGBA16* output)
 {
-    blendEach(coverage, object, blue, output);
+    blendNormalsOneByOne(coverage, object, blue, output);
 }
 #else
 // A channel to a lane.
@@ -130,15 +130,15 @@ private:
 };
 
 template<class Placement, bool kPastCache, typename Pixel>
-HWY_INLINE void placeRow(std::span<const Pixel> coverage, const Pixel* object, const Blue& blue,
-                         Pixel* HWY_RESTRICT output)
+HWY_INLINE void placeNormalsRow(std::span<const Pixel> coverage, const Pixel* object, const Blue& blue,
+                                Pixel* HWY_RESTRICT output)
 {
     constexpr std::size_t kChannels = 4;
     const ChannelTag<Pixel> d;
     const std::size_t step = hn::Lanes(d) / kChannels;
     const Placement placement(blue);
     std::size_t i = kPastCache ? std::min(coverage.size(), untilAligned(d, output)) : 0;
-    placeEach(coverage.first(i), object, blue, output);
+    placeNormalsOneByOne(coverage.first(i), object, blue, output);
     for (; i + step <= coverage.size(); i += step) {
         const auto pixels = placement.over(&coverage[i], object + i);
         if constexpr (kPastCache)
@@ -146,33 +146,33 @@ HWY_INLINE void placeRow(std::span<const Pixel> coverage, const Pixel* object, c
         else
             hn::StoreU(pixels, d, &output[i].r);
     }
-    placeEach(coverage.subspan(i), object + i, blue, output + i);
+    placeNormalsOneByOne(coverage.subspan(i), object + i, blue, output + i);
 }
 
 template<class Placement, typename Pixel>
-HWY_INLINE void placeAny(std::span<const Pixel> coverage, const Pixel* object, const Blue& blue, Pixel* output,
-                         Stores stores)
+HWY_INLINE void placeNormalsOf(std::span<const Pixel> coverage, const Pixel* object, const Blue& blue, Pixel* output,
+                               Stores stores)
 {
     if (stores == Stores::PAST_CACHE)
-        placeRow<Placement, true>(coverage, object, blue, output);
+        placeNormalsRow<Placement, true>(coverage, object, blue, output);
     else
-        placeRow<Placement, false>(coverage, object, blue, output);
+        placeNormalsRow<Placement, false>(coverage, object, blue, output);
 }
 
-void place16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
-             CEL_PixelRGBA16* output, Stores stores)
+void placeNormals16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+                    CEL_PixelRGBA16* output, Stores stores)
 {
-    placeAny<Placement16>(coverage, object, blue, output, stores);
+    placeNormalsOf<Placement16>(coverage, object, blue, output, stores);
 }
 
-void placeFloat(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
-                CEL_PixelRGBAFloat* output, Stores stores)
+void placeNormalsFloat(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
+                       CEL_PixelRGBAFloat* output, Stores stores)
 {
-    placeAny<PlacementFloat>(coverage, object, blue, output, stores);
+    placeNormalsOf<PlacementFloat>(coverage, object, blue, output, stores);
 }
 
-void blend16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
-             CEL_PixelRGBA16* HWY_RESTRICT output)
+void blendNormals16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+                    CEL_PixelRGBA16* HWY_RESTRICT output)
 {
     const Placement16::PixelTag d;
     const ChannelTag<CEL_PixelRGBA16> channels;
@@ -189,13 +189,13 @@ void blend16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* o
         const auto isThere = hn::Gt(Placement16::alphaOf(before), zero);
         const auto isBlended = hn::And(hn::AndNot(Placement16::isSaturated(alpha), covers), isThere);
         if (!hn::AllFalse(d, isBlended)) {
-            blendEach(coverage.subspan(i, step), object + i, blue, output + i);
+            blendNormalsOneByOne(coverage.subspan(i, step), object + i, blue, output + i);
             continue;
         }
         const auto pixels = hn::IfThenElse(covers, placement.placed(alpha, object + i), before);
         hn::StoreU(hn::BitCast(channels, pixels), channels, &output[i].r);
     }
-    blendEach(coverage.subspan(i), object + i, blue, output + i);
+    blendNormalsOneByOne(coverage.subspan(i), object + i, blue, output + i);
 }
 #endif
 
@@ -208,32 +208,32 @@ HWY_AFTER_NAMESPACE();
 
 namespace VolumeRowKernels {
 
-VL_EXPORT(place16);
-VL_EXPORT(placeFloat);
-VL_EXPORT(blend16);
+VL_EXPORT(placeNormals16);
+VL_EXPORT(placeNormalsFloat);
+VL_EXPORT(blendNormals16);
 
 void placeNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
                   CEL_PixelRGBA16* output, Stores stores)
 {
-    VL_CALL(place16)(coverage, object, blue, output, stores);
+    VL_CALL(placeNormals16)(coverage, object, blue, output, stores);
 }
 
 void placeNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
                   CEL_PixelRGBAFloat* output, Stores stores)
 {
-    VL_CALL(placeFloat)(coverage, object, blue, output, stores);
+    VL_CALL(placeNormalsFloat)(coverage, object, blue, output, stores);
 }
 
 void blendNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
                   CEL_PixelRGBA16* output)
 {
-    VL_CALL(blend16)(coverage, object, blue, output);
+    VL_CALL(blendNormals16)(coverage, object, blue, output);
 }
 
 void blendNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
                   CEL_PixelRGBAFloat* output)
 {
-    blendEach(coverage, object, blue, output);
+    blendNormalsOneByOne(coverage, object, blue, output);
 }
 
 } // namespace VolumeRowKernels

@@ -29,7 +29,7 @@ HWY_INLINE std::uint64_t positiveBits(D d, const float* values)
     return bits;
 }
 
-void packRow(std::span<const float> values, std::uint64_t* HWY_RESTRICT words)
+void packPositive(std::span<const float> values, std::uint64_t* HWY_RESTRICT words)
 {
     const hn::CappedTag<float, kWordBits> d;
     const hn::CappedTag<float, 1> one;
@@ -70,7 +70,7 @@ HWY_INLINE hn::Vec<D> clipped(D d, hn::Vec<D> values, std::uint64_t bits)
 }
 
 template<bool kRounds, bool kClips, class D>
-HWY_INLINE void settleAt(D d, float* HWY_RESTRICT values, std::uint64_t isNear, LaneSpans<hn::Vec<D>>& span)
+HWY_INLINE void roundAndClipAt(D d, float* HWY_RESTRICT values, std::uint64_t isNear, LaneSpans<hn::Vec<D>>& span)
 {
     auto value = hn::LoadU(d, values);
     if constexpr (kRounds)
@@ -96,19 +96,19 @@ struct RowSpans
 
 /// No more values than a word has bits.
 template<bool kRounds, bool kClips>
-HWY_INLINE void settleWord(std::span<float> values, std::uint64_t isNear, RowSpans& spans)
+HWY_INLINE void roundAndClipWord(std::span<float> values, std::uint64_t isNear, RowSpans& spans)
 {
     const RowSpans::Many d;
     const RowSpans::One one;
     std::size_t i = 0;
     for (; i + hn::Lanes(d) <= values.size(); i += hn::Lanes(d))
-        settleAt<kRounds, kClips>(d, values.data() + i, isNear >> i, spans.many);
+        roundAndClipAt<kRounds, kClips>(d, values.data() + i, isNear >> i, spans.many);
     for (; i < values.size(); ++i)
-        settleAt<kRounds, kClips>(one, values.data() + i, isNear >> i, spans.single);
+        roundAndClipAt<kRounds, kClips>(one, values.data() + i, isNear >> i, spans.single);
 }
 
 template<bool kRounds>
-void settleRow(std::span<float> values, const std::uint64_t* isNear, PositiveSpan& span)
+void roundAndClipRow(std::span<float> values, const std::uint64_t* isNear, PositiveSpan& span)
 {
     constexpr std::uint64_t kAll = ~std::uint64_t{0};
     const RowSpans::Many d;
@@ -119,22 +119,22 @@ void settleRow(std::span<float> values, const std::uint64_t* isNear, PositiveSpa
         const std::span<float> some = values.subspan(from, std::min(kWordBits, values.size() - from));
         const std::uint64_t bits = isNear ? isNear[from / kWordBits] : kAll;
         if (bits == kAll)
-            settleWord<kRounds, false>(some, bits, spans);
+            roundAndClipWord<kRounds, false>(some, bits, spans);
         else if (bits == 0)
             std::ranges::fill(some, 0.0F);
         else
-            settleWord<kRounds, true>(some, bits, spans);
+            roundAndClipWord<kRounds, true>(some, bits, spans);
     }
     span.lowest = std::min(hn::GetLane(hn::MinOfLanes(d, spans.many.lowest)), hn::GetLane(spans.single.lowest));
     span.highest = std::max(hn::GetLane(hn::MaxOfLanes(d, spans.many.highest)), hn::GetLane(spans.single.highest));
 }
 
-void settleAny(std::span<float> values, Rounding rounding, const std::uint64_t* isNear, PositiveSpan& span)
+void roundAndClip(std::span<float> values, Rounding rounding, const std::uint64_t* isNear, PositiveSpan& span)
 {
     if (rounding == Rounding::TO_16_BITS)
-        settleRow<true>(values, isNear, span);
+        roundAndClipRow<true>(values, isNear, span);
     else
-        settleRow<false>(values, isNear, span);
+        roundAndClipRow<false>(values, isNear, span);
 }
 
 // ---- elevation
@@ -150,8 +150,8 @@ HWY_INLINE void raiseAt(DF df, const float* share, double rise, float* depth)
     hn::StoreU(depths, df, depth);
 }
 
-void elevateRow(std::span<const float> values, const LinearShare& profile, double rise, float* HWY_RESTRICT share,
-                float* HWY_RESTRICT depth)
+void elevate(std::span<const float> values, const LinearShare& profile, double rise, float* HWY_RESTRICT share,
+             float* HWY_RESTRICT depth)
 {
     forLanes<float>(values.size(), [&](auto d, std::size_t i) HWY_ATTR {
         const auto value = hn::LoadU(d, values.data() + i);
@@ -161,7 +161,7 @@ void elevateRow(std::span<const float> values, const LinearShare& profile, doubl
     });
 }
 
-void raiseRow(std::span<const float> share, double rise, float* HWY_RESTRICT depth)
+void raise(std::span<const float> share, double rise, float* HWY_RESTRICT depth)
 {
     forLanes<float>(share.size(),
                     [&](auto d, std::size_t i) HWY_ATTR { raiseAt(d, share.data() + i, rise, depth + i); });
@@ -176,29 +176,29 @@ HWY_AFTER_NAMESPACE();
 
 namespace VolumeRowKernels {
 
-VL_EXPORT(packRow);
-VL_EXPORT(settleAny);
-VL_EXPORT(elevateRow);
-VL_EXPORT(raiseRow);
+VL_EXPORT(packPositive);
+VL_EXPORT(roundAndClip);
+VL_EXPORT(elevate);
+VL_EXPORT(raise);
 
 void packPositive(std::span<const float> values, std::uint64_t* words)
 {
-    VL_CALL(packRow)(values, words);
+    VL_CALL(packPositive)(values, words);
 }
 
-void settle(std::span<float> values, Rounding rounding, const std::uint64_t* isNear, PositiveSpan& span)
+void roundAndClip(std::span<float> values, Rounding rounding, const std::uint64_t* isNear, PositiveSpan& span)
 {
-    VL_CALL(settleAny)(values, rounding, isNear, span);
+    VL_CALL(roundAndClip)(values, rounding, isNear, span);
 }
 
 void elevate(std::span<const float> values, const LinearShare& profile, double rise, float* share, float* depth)
 {
-    VL_CALL(elevateRow)(values, profile, rise, share, depth);
+    VL_CALL(elevate)(values, profile, rise, share, depth);
 }
 
 void raise(std::span<const float> share, double rise, float* depth)
 {
-    VL_CALL(raiseRow)(share, rise, depth);
+    VL_CALL(raise)(share, rise, depth);
 }
 
 } // namespace VolumeRowKernels

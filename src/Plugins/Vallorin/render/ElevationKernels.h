@@ -18,7 +18,7 @@ namespace VolumeRowKernels {
 /// with zeros.
 void packPositive(std::span<const float> values, std::uint64_t* words);
 
-/// What settle() does to blurred values before they count.
+/// What roundAndClip() does to blurred values before they count.
 enum class Rounding
 {
     NONE,
@@ -28,7 +28,7 @@ enum class Rounding
 /// Rounds the values, sets those to 0 whose bit is 0 (null: none), and adds what is left to the span.
 ///
 /// @param isNear bits as packPositive() makes them
-void settle(std::span<float> values, Rounding rounding, const std::uint64_t* isNear, PositiveSpan& span);
+void roundAndClip(std::span<float> values, Rounding rounding, const std::uint64_t* isNear, PositiveSpan& span);
 
 /// A straight profile of positive values.
 struct LinearShare

@@ -43,7 +43,7 @@ ColumnSpan positiveColumns(std::span<const float> values, ColumnSpan among)
 }
 
 // @param geometry null: nothing is clipped
-ElevationPlane settleRows(const UT_SharedPtr<CEL_PixmapAreaZ>& plane, Rounding rounding, NearGeometry* geometry)
+ElevationPlane roundAndClipRows(const UT_SharedPtr<CEL_PixmapAreaZ>& plane, Rounding rounding, NearGeometry* geometry)
 {
     const Math::Box2di rect = plane->allocatedRect();
     ElevationPlane result{plane, geometry ? geometry->reach() : rect, {}, {}};
@@ -54,7 +54,7 @@ ElevationPlane settleRows(const UT_SharedPtr<CEL_PixmapAreaZ>& plane, Rounding r
         const std::span<float> values = valuesOf(*plane, y);
         const auto some =
             values.subspan(static_cast<std::size_t>(columns.first), static_cast<std::size_t>(columns.width()));
-        VolumeRowKernels::settle(some, rounding, geometry ? geometry->nextRow(y).data() : nullptr, result.span);
+        VolumeRowKernels::roundAndClip(some, rounding, geometry ? geometry->nextRow(y).data() : nullptr, result.span);
         result.elevated[static_cast<std::size_t>(y - rect.y1)] = positiveColumns(values, columns);
     }
     return result;
@@ -68,18 +68,18 @@ constexpr Rounding kRounding<CEL_PixelRGBA16> = Rounding::TO_16_BITS;
 } // namespace
 
 template<typename Pixel>
-ElevationPlane settle(const UT_SharedPtr<CEL_PixmapAreaZ>& blurred, const CEL_PixmapAreaZ* geometry)
+ElevationPlane roundAndClip(const UT_SharedPtr<CEL_PixmapAreaZ>& blurred, const CEL_PixmapAreaZ* geometry)
 {
     if (!geometry)
-        return settleRows(blurred, kRounding<Pixel>, nullptr);
+        return roundAndClipRows(blurred, kRounding<Pixel>, nullptr);
     NearGeometry near(*geometry, blurred->allocatedRect());
-    return settleRows(blurred, kRounding<Pixel>, &near);
+    return roundAndClipRows(blurred, kRounding<Pixel>, &near);
 }
 
 ElevationPlane measure(const UT_SharedPtr<CEL_PixmapAreaZ>& values)
 {
-    return settleRows(values, Rounding::NONE, nullptr);
+    return roundAndClipRows(values, Rounding::NONE, nullptr);
 }
 
-template ElevationPlane settle<CEL_PixelRGBA16>(const UT_SharedPtr<CEL_PixmapAreaZ>&, const CEL_PixmapAreaZ*);
-template ElevationPlane settle<CEL_PixelRGBAFloat>(const UT_SharedPtr<CEL_PixmapAreaZ>&, const CEL_PixmapAreaZ*);
+template ElevationPlane roundAndClip<CEL_PixelRGBA16>(const UT_SharedPtr<CEL_PixmapAreaZ>&, const CEL_PixmapAreaZ*);
+template ElevationPlane roundAndClip<CEL_PixelRGBAFloat>(const UT_SharedPtr<CEL_PixmapAreaZ>&, const CEL_PixmapAreaZ*);

@@ -22,12 +22,13 @@ struct ElevationPlane
     std::vector<ColumnSpan> elevated;
 };
 
-/// Settles blurred values, in their place: in 16 bits rounds each to the nearest integer, halves away from zero, within
+/// Rounds and clips blurred values, in their place: in 16 bits rounds each to the nearest integer, halves away from
+/// zero, within
 /// +-32767; then drops what has no positive value of the geometry within 2 pixels sideways and up and down.
 ///
 /// @param geometry the unblurred mask; null: nothing is clipped
 template<typename Pixel>
-ElevationPlane settle(const UT_SharedPtr<CEL_PixmapAreaZ>& blurred, const CEL_PixmapAreaZ* geometry);
+ElevationPlane roundAndClip(const UT_SharedPtr<CEL_PixmapAreaZ>& blurred, const CEL_PixmapAreaZ* geometry);
 
 /// What is known of values that stay as they are.
 ElevationPlane measure(const UT_SharedPtr<CEL_PixmapAreaZ>& values);

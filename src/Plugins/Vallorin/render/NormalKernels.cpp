@@ -231,7 +231,7 @@ HWY_INLINE Codes<Format, DF> codesAt(DF d, const DepthRows& depth, std::size_t i
 }
 
 template<class Format, bool kDiagonals>
-HWY_INLINE void storeRow(const DepthRows& depth, const float* share, std::span<typename Format::Pixel> pixels)
+HWY_INLINE void storeNormalsRow(const DepthRows& depth, const float* share, std::span<typename Format::Pixel> pixels)
 {
     forLanes<float>(pixels.size(), [&](auto d, std::size_t i) HWY_ATTR {
         const auto exists = hn::Ne(hn::LoadU(d, depth.here + i), hn::Zero(d));
@@ -242,17 +242,17 @@ HWY_INLINE void storeRow(const DepthRows& depth, const float* share, std::span<t
 void storeNormals16(const DepthRows& depth, bool diagonals, const float* share, std::span<CEL_PixelRGBA16> pixels)
 {
     if (diagonals)
-        storeRow<Format16, true>(depth, share, pixels);
+        storeNormalsRow<Format16, true>(depth, share, pixels);
     else
-        storeRow<Format16, false>(depth, share, pixels);
+        storeNormalsRow<Format16, false>(depth, share, pixels);
 }
 
 void storeNormalsFloat(const DepthRows& depth, bool diagonals, const float* share, std::span<CEL_PixelRGBAFloat> pixels)
 {
     if (diagonals)
-        storeRow<FormatFloat, true>(depth, share, pixels);
+        storeNormalsRow<FormatFloat, true>(depth, share, pixels);
     else
-        storeRow<FormatFloat, false>(depth, share, pixels);
+        storeNormalsRow<FormatFloat, false>(depth, share, pixels);
 }
 
 // Only what exists has a z, as small as it may be: then a sum of them tells whether there are any.

@@ -32,7 +32,7 @@ Pixel placedPixel(const Pixel& coverage, const Pixel& object, const Blue& blue)
 
 /// placeNormals().
 template<typename Pixel>
-void placeEach(std::span<const Pixel> coverage, const Pixel* object, const Blue& blue, Pixel* output)
+void placeNormalsOneByOne(std::span<const Pixel> coverage, const Pixel* object, const Blue& blue, Pixel* output)
 {
     for (std::size_t i = 0; i < coverage.size(); ++i)
         output[i] = coverage[i].a > 0 ? placedPixel(coverage[i], object[i], blue) : Pixel{};
@@ -40,7 +40,7 @@ void placeEach(std::span<const Pixel> coverage, const Pixel* object, const Blue&
 
 /// blendNormals().
 template<typename Pixel>
-void blendEach(std::span<const Pixel> coverage, const Pixel* object, const Blue& blue, Pixel* output)
+void blendNormalsOneByOne(std::span<const Pixel> coverage, const Pixel* object, const Blue& blue, Pixel* output)
 {
     using Traits = VolumeTraits<Pixel>;
     for (std::size_t i = 0; i < coverage.size(); ++i) {

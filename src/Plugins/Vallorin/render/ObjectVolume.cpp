@@ -56,7 +56,7 @@ ElevationPlane bevelled(const CEL_PixmapAreaZ& mask, const CEL_PixmapArea& refer
     if (!blurred)
         return {};
     blurred->reallocToFit(reference);
-    return settle<Pixel>(blurred, settings.clip ? &mask : nullptr);
+    return roundAndClip<Pixel>(blurred, settings.clip ? &mask : nullptr);
 }
 
 ElevationPlane unbevelled(const UT_SharedPtr<CEL_PixmapAreaZ>& mask, const CEL_PixmapArea& reference)

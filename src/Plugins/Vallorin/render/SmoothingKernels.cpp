@@ -162,8 +162,8 @@ HWY_INLINE NormalEstimate<DF> estimateOfSum(DF d, const Vector3<DF>& sum)
     return {estimateOf(sum.x), estimateOf(sum.y), isShort};
 }
 
-HWY_INLINE void smoothRun(const NormalRows<float>& normals, const float* depth, const float* share, std::size_t first,
-                          std::span<CEL_PixelRGBA16> pixels)
+HWY_INLINE void smoothNormalsRun(const NormalRows<float>& normals, const float* depth, const float* share,
+                                 std::size_t first, std::span<CEL_PixelRGBA16> pixels)
 {
     const RunSums<float> sums(normals, first, pixels.size());
     forLanes<float>(pixels.size(), [&](auto d, std::size_t i) HWY_ATTR {
@@ -187,8 +187,8 @@ HWY_INLINE Vector3<D> steadySum(D d, const Vector3<D>& sum, const NormalRows<dou
     return HWY_LIKELY(hn::AllFalse(d, isShort)) ? sum : plainSum(d, normals, static_cast<std::ptrdiff_t>(i));
 }
 
-HWY_INLINE void smoothRun(const NormalRows<double>& normals, const float* depth, const float* share, std::size_t first,
-                          std::span<CEL_PixelRGBAFloat> pixels)
+HWY_INLINE void smoothNormalsRun(const NormalRows<double>& normals, const float* depth, const float* share,
+                                 std::size_t first, std::span<CEL_PixelRGBAFloat> pixels)
 {
     const RunSums<double> sums(normals, first, pixels.size());
     forLanes<double>(pixels.size(), [&](auto d, std::size_t i) HWY_ATTR {
@@ -204,23 +204,23 @@ HWY_INLINE void smoothRun(const NormalRows<double>& normals, const float* depth,
 }
 
 template<typename Component, typename Pixel>
-HWY_INLINE void smoothRow(const NormalRows<Component>& normals, const float* depth, const float* share,
-                          std::span<Pixel> pixels)
+HWY_INLINE void smoothNormalsRow(const NormalRows<Component>& normals, const float* depth, const float* share,
+                                 std::span<Pixel> pixels)
 {
     for (std::size_t i = 0; i < pixels.size(); i += kRun)
-        smoothRun(normals, depth, share, i, pixels.subspan(i, std::min(kRun, pixels.size() - i)));
+        smoothNormalsRun(normals, depth, share, i, pixels.subspan(i, std::min(kRun, pixels.size() - i)));
 }
 
 void smoothNormals16(const NormalRows<float>& normals, const float* depth, const float* share,
                      std::span<CEL_PixelRGBA16> pixels)
 {
-    smoothRow(normals, depth, share, pixels);
+    smoothNormalsRow(normals, depth, share, pixels);
 }
 
 void smoothNormalsFloat(const NormalRows<double>& normals, const float* depth, const float* share,
                         std::span<CEL_PixelRGBAFloat> pixels)
 {
-    smoothRow(normals, depth, share, pixels);
+    smoothNormalsRow(normals, depth, share, pixels);
 }
 
 } // namespace VolumeRowKernels::HWY_NAMESPACE

@@ -36,7 +36,7 @@ using ChannelTag = hn::ScalableTag<decltype(Pixel::r)>;
 
 // Stores pixels: vectorAt(i) from i on in whole vectors, pixelAt(i) elsewhere.
 template<typename Pixel, typename VectorAt, typename PixelAt>
-HWY_INLINE void storeRow(std::span<Pixel> pixels, bool pastCache, const VectorAt& vectorAt, const PixelAt& pixelAt)
+HWY_INLINE void storePixelsOf(std::span<Pixel> pixels, bool pastCache, const VectorAt& vectorAt, const PixelAt& pixelAt)
 {
     constexpr std::size_t kChannels = 4;
     const ChannelTag<Pixel> d;
@@ -56,40 +56,40 @@ HWY_INLINE void storeRow(std::span<Pixel> pixels, bool pastCache, const VectorAt
 }
 
 template<typename Pixel>
-void fillRow(std::span<Pixel> pixels, const Pixel& pixel, bool pastCache)
+void fillPixelsOf(std::span<Pixel> pixels, const Pixel& pixel, bool pastCache)
 {
     const Repeated<Pixel> repeated(pixel);
     const auto all = hn::LoadDup128(ChannelTag<Pixel>(), &repeated.pixels[0].r);
-    storeRow(
+    storePixelsOf(
         pixels, pastCache, [&](std::size_t) HWY_ATTR { return all; }, [&](std::size_t) HWY_ATTR { return pixel; });
 }
 
 template<typename Pixel>
-void copyRow(const Pixel* source, std::span<Pixel> pixels)
+void copyPixelsOf(const Pixel* source, std::span<Pixel> pixels)
 {
-    storeRow(
+    storePixelsOf(
         pixels, true, [&](std::size_t i) HWY_ATTR { return hn::LoadU(ChannelTag<Pixel>(), &source[i].r); },
         [&](std::size_t i) HWY_ATTR { return source[i]; });
 }
 
-void fill16(std::span<CEL_PixelRGBA16> pixels, const CEL_PixelRGBA16& pixel, bool pastCache)
+void fillPixels16(std::span<CEL_PixelRGBA16> pixels, const CEL_PixelRGBA16& pixel, bool pastCache)
 {
-    fillRow(pixels, pixel, pastCache);
+    fillPixelsOf(pixels, pixel, pastCache);
 }
 
-void fillFloat(std::span<CEL_PixelRGBAFloat> pixels, const CEL_PixelRGBAFloat& pixel, bool pastCache)
+void fillPixelsFloat(std::span<CEL_PixelRGBAFloat> pixels, const CEL_PixelRGBAFloat& pixel, bool pastCache)
 {
-    fillRow(pixels, pixel, pastCache);
+    fillPixelsOf(pixels, pixel, pastCache);
 }
 
-void copy16(const CEL_PixelRGBA16* source, std::span<CEL_PixelRGBA16> pixels)
+void copyPixels16(const CEL_PixelRGBA16* source, std::span<CEL_PixelRGBA16> pixels)
 {
-    copyRow(source, pixels);
+    copyPixelsOf(source, pixels);
 }
 
-void copyFloat(const CEL_PixelRGBAFloat* source, std::span<CEL_PixelRGBAFloat> pixels)
+void copyPixelsFloat(const CEL_PixelRGBAFloat* source, std::span<CEL_PixelRGBAFloat> pixels)
 {
-    copyRow(source, pixels);
+    copyPixelsOf(source, pixels);
 }
 
 } // namespace VolumeRowKernels::HWY_NAMESPACE
@@ -101,10 +101,10 @@ HWY_AFTER_NAMESPACE();
 
 namespace VolumeRowKernels {
 
-VL_EXPORT(fill16);
-VL_EXPORT(fillFloat);
-VL_EXPORT(copy16);
-VL_EXPORT(copyFloat);
+VL_EXPORT(fillPixels16);
+VL_EXPORT(fillPixelsFloat);
+VL_EXPORT(copyPixels16);
+VL_EXPORT(copyPixelsFloat);
 
 Stores storesFor(std::int64_t bytes, Reader reader)
 {
@@ -116,18 +116,18 @@ Stores storesFor(std::int64_t bytes, Reader reader)
 
 void fillPixels(std::span<CEL_PixelRGBA16> pixels, const CEL_PixelRGBA16& pixel, Stores stores)
 {
-    VL_CALL(fill16)(pixels, pixel, stores == Stores::PAST_CACHE);
+    VL_CALL(fillPixels16)(pixels, pixel, stores == Stores::PAST_CACHE);
 }
 
 void fillPixels(std::span<CEL_PixelRGBAFloat> pixels, const CEL_PixelRGBAFloat& pixel, Stores stores)
 {
-    VL_CALL(fillFloat)(pixels, pixel, stores == Stores::PAST_CACHE);
+    VL_CALL(fillPixelsFloat)(pixels, pixel, stores == Stores::PAST_CACHE);
 }
 
 void copyPixels(const CEL_PixelRGBA16* source, std::span<CEL_PixelRGBA16> pixels, Stores stores)
 {
     if (stores == Stores::PAST_CACHE)
-        VL_CALL(copy16)(source, pixels);
+        VL_CALL(copyPixels16)(source, pixels);
     else
         std::copy_n(source, pixels.size(), pixels.begin());
 }
@@ -135,7 +135,7 @@ void copyPixels(const CEL_PixelRGBA16* source, std::span<CEL_PixelRGBA16> pixels
 void copyPixels(const CEL_PixelRGBAFloat* source, std::span<CEL_PixelRGBAFloat> pixels, Stores stores)
 {
     if (stores == Stores::PAST_CACHE)
-        VL_CALL(copyFloat)(source, pixels);
+        VL_CALL(copyPixelsFloat)(source, pixels);
     else
         std::copy_n(source, pixels.size(), pixels.begin());
 }
