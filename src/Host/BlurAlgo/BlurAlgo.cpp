@@ -6,6 +6,7 @@
 #include "BlurAlgo/BA_GaussianBlur.h"
 #include "BlurAlgo/private/BlurPool.h"
 #include "BlurAlgo/private/PixelPlanes.h"
+#include "QuarvelCelCore/CEL_WithFormat.h"
 
 #include <algorithm>
 #include <cmath>
@@ -66,10 +67,9 @@ void blurChannel(const CEL_PixmapOf<Pixel>& input, Channel<Pixel> Pixel::*channe
 }
 
 template<typename Pixel>
-UT_SharedPtr<CEL_PixmapArea> blurAs(const CEL_PixmapArea& area, const FilterImage& filter, const Math::Box2di& rect,
-                                    int channels)
+UT_SharedPtr<CEL_PixmapArea> blurColours(const CEL_PixmapOf<Pixel>& input, const FilterImage& filter,
+                                         const Math::Box2di& rect, int channels)
 {
-    const auto& input = static_cast<const CEL_PixmapOf<Pixel>&>(area);
     const auto result = UT_makeShared<CEL_PixmapOf<Pixel>>(input.size(), input.canvasRect());
     result->realloc(rect, channels != RED_ALONE);
     if (rect.isEmpty())
@@ -124,16 +124,13 @@ UT_SharedPtr<CEL_PixmapArea> blur(const CEL_PixmapArea& input, const FilterImage
     if (!resultRect)
         return {};
     try {
-        switch (input.format()) {
-        case CEL_FORMAT_RGBA16:
-            return blurAs<CEL_PixelRGBA16>(input, filter, *resultRect, channels);
-        case CEL_FORMAT_RGBAFLOAT:
-            return blurAs<CEL_PixelRGBAFloat>(input, filter, *resultRect, channels);
-        case CEL_FORMAT_Z:
-            return blurDepth(static_cast<const CEL_PixmapAreaZ&>(input), filter, *resultRect, canvas);
-        default:
-            return {};
-        }
+        if (const auto* const depth = dynamic_cast<const CEL_PixmapAreaZ*>(&input))
+            return blurDepth(*depth, filter, *resultRect, canvas);
+        UT_SharedPtr<CEL_PixmapArea> blurred;
+        CEL_withFormat(input, [&](const auto& typed) {
+            blurred = blurColours<CEL_PixelOf<decltype(typed)>>(typed, filter, *resultRect, channels);
+        });
+        return blurred;
     } catch (const std::bad_alloc&) {
         return {};
     }

@@ -3,7 +3,9 @@
 // Conversion between the two colour formats, row by row.
 #include "QuarvelCelCore/CEL_PixmapConversion.h"
 
-#include "QuarvelCelCore/CEL_PixmapFactory.h"
+#include "QuarvelCelCore/CEL_WithFormat.h"
+
+#include <utility>
 
 namespace {
 
@@ -36,11 +38,13 @@ UT_SharedPtr<CEL_PixmapArea> CEL_convertPixmap(const UT_SharedPtr<CEL_PixmapArea
 {
     if (!pixmap || pixmap->format() == format)
         return pixmap;
-    if (const auto* fromFloat = dynamic_cast<const CEL_PixmapAreaRGBAFloat*>(pixmap.get());
-        fromFloat && format == CEL_FORMAT_RGBA16)
-        return convert<CEL_PixelRGBA16, CEL_PixelRGBAFloat>(*fromFloat);
-    if (const auto* from16 = dynamic_cast<const CEL_PixmapAreaRGBA16*>(pixmap.get());
-        from16 && format == CEL_FORMAT_RGBAFLOAT)
-        return convert<CEL_PixelRGBAFloat, CEL_PixelRGBA16>(*from16);
-    return nullptr;
+    UT_SharedPtr<CEL_PixmapArea> converted;
+    CEL_withFormat(std::as_const(*pixmap), [&](const auto& from) {
+        using From = CEL_PixelOf<decltype(from)>;
+        if (format == CEL_FORMAT_RGBA16)
+            converted = convert<CEL_PixelRGBA16, From>(from);
+        else if (format == CEL_FORMAT_RGBAFLOAT)
+            converted = convert<CEL_PixelRGBAFloat, From>(from);
+    });
+    return converted;
 }

@@ -7,6 +7,7 @@
 #include "QuarvelCelCore/private/CELVEC_Rasteriser.h"
 
 #include "QuarvelBaseCore/UT_PixelMemory.h"
+#include "QuarvelCelCore/CEL_WithFormat.h"
 
 #include <QImage>
 #include <QPainter>
@@ -247,17 +248,11 @@ void CELVEC_rasterise(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& co
         touched.add(pixelsTouchedBy(painted));
     const Math::Box2di rect = touched.getIntersection(args.wanted);
 
-    auto* const target16 = dynamic_cast<CEL_PixmapAreaRGBA16*>(&target);
-    auto* const targetFloat = dynamic_cast<CEL_PixmapAreaRGBAFloat*>(&target);
-    if (rect.isEmpty() || (!target16 && !targetFloat)) {
-        target.realloc(Math::Box2di(), true);
-        return;
-    }
-
     target.realloc(Math::Box2di(), true);
-    target.realloc(rect, false);
-    if (target16)
-        paintBands<CEL_PixelRGBA16>(shapes, *target16);
-    else
-        paintBands<CEL_PixelRGBAFloat>(shapes, *targetFloat);
+    if (rect.isEmpty())
+        return;
+    CEL_withFormat(target, [&](auto& typed) {
+        typed.realloc(rect, false);
+        paintBands<CEL_PixelOf<decltype(typed)>>(shapes, typed);
+    });
 }

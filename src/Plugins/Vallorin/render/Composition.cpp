@@ -5,6 +5,7 @@
 // cleared before an object is placed, or read.
 #include "render/Composition.h"
 
+#include "QuarvelCelCore/CEL_WithFormat.h"
 #include "render/ColumnSpan.h"
 #include "render/CompositionKernels.h"
 #include "render/ParallelRows.h"
@@ -224,10 +225,8 @@ template class VallorinRenderHandler::BasicAccumFunctor<CEL_PixelRGBAFloat>;
 void composeOutput(const VallorinRenderHandler& handler, CEL_PixmapArea& output,
                    const VallorinRenderHandler::PixmapMap& inputs, const VallorinRenderHandler::PixmapMap& results)
 {
-    using AccumFunctor = VallorinRenderHandler::AccumFunctor;
-    using AccumFunctorFloat = VallorinRenderHandler::AccumFunctorFloat;
-    if (auto* const output16 = dynamic_cast<CEL_PixmapAreaRGBA16*>(&output))
-        forRowsInParallel(output.allocatedRect(), AccumFunctor(handler, *output16, inputs, results));
-    else if (auto* const outputFloat = dynamic_cast<CEL_PixmapAreaRGBAFloat*>(&output))
-        forRowsInParallel(output.allocatedRect(), AccumFunctorFloat(handler, *outputFloat, inputs, results));
+    CEL_withFormat(output, [&](auto& typed) {
+        using Functor = VallorinRenderHandler::BasicAccumFunctor<CEL_PixelOf<decltype(typed)>>;
+        forRowsInParallel(typed.allocatedRect(), Functor(handler, typed, inputs, results));
+    });
 }

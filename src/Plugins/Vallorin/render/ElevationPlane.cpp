@@ -5,6 +5,7 @@
 
 #include "render/ElevationKernels.h"
 #include "render/GeometryClip.h"
+#include "render/PixelTraits.h"
 
 #include <algorithm>
 
@@ -61,9 +62,7 @@ ElevationPlane roundAndClipRows(const UT_SharedPtr<CEL_PixmapAreaZ>& plane, Roun
 }
 
 template<typename Pixel>
-constexpr Rounding kRounding = Rounding::NONE;
-template<>
-constexpr Rounding kRounding<CEL_PixelRGBA16> = Rounding::TO_16_BITS;
+constexpr Rounding kRounding = VolumeTraits<Pixel>::kIsWhole ? Rounding::TO_16_BITS : Rounding::NONE;
 
 } // namespace
 

@@ -3,57 +3,31 @@
 // The merge: first the object's level, then the colours' where the source has pixels.
 #include "render/LevelMerge.h"
 
-#include <cmath>
+#include "render/PixelTraits.h"
 
 namespace {
-
-template<typename Pixel>
-struct LevelTraits;
-
-template<>
-struct LevelTraits<CEL_PixelRGBA16>
-{
-    static constexpr std::int16_t kDefaultBlue = 1024;
-
-    static float factor(std::int16_t coverage) { return static_cast<float>(coverage / 32767.0); }
-    static std::int16_t scaled(std::int16_t value, float factor)
-    {
-        return static_cast<std::int16_t>(static_cast<float>(value) * factor);
-    }
-    static std::int16_t unscaled(std::int16_t value) { return value; }
-};
-
-template<>
-struct LevelTraits<CEL_PixelRGBAFloat>
-{
-    static constexpr float kDefaultBlue = 0.5F;
-
-    static float factor(float coverage) { return coverage; }
-    static float scaled(float value, float factor) { return std::trunc(value * factor); }
-    static float unscaled(float value) { return std::trunc(value); }
-};
 
 template<typename Pixel>
 void setLevel(std::span<Pixel> target, decltype(Pixel::r) level)
 {
     for (Pixel& pixel : target)
-        pixel = pixel.a > 0 ? Pixel{level, 0, LevelTraits<Pixel>::kDefaultBlue, pixel.a} : Pixel{};
+        pixel = pixel.a > 0 ? Pixel{level, 0, VolumeTraits<Pixel>::kDefaultBlue, pixel.a} : Pixel{};
 }
 
 template<typename Pixel>
 void setColours(std::span<Pixel> target, std::span<const Pixel> source, bool scaleByCoverage)
 {
-    using Traits = LevelTraits<Pixel>;
+    using Traits = VolumeTraits<Pixel>;
     for (std::size_t i = 0; i < target.size(); ++i) {
         if (!(source[i].a > 0))
             continue;
         if (scaleByCoverage) {
-            const float factor = Traits::factor(target[i].a);
-            target[i].g = Traits::scaled(source[i].r, factor);
-            target[i].b = Traits::scaled(source[i].a, factor);
+            const float share = Traits::shareOf(target[i].a);
+            target[i].g = Traits::scaledColour(source[i].r, share);
+            target[i].b = Traits::scaledColour(source[i].a, share);
         } else {
-            target[i].g = Traits::unscaled(source[i].r);
-            target[i].b = Traits::unscaled(source[i].a);
+            target[i].g = Traits::colour(source[i].r);
+            target[i].b = Traits::colour(source[i].a);
         }
     }
 }

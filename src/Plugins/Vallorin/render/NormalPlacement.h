@@ -7,18 +7,13 @@
 #include "render/CompositionKernels.h"
 #include "render/NormalBlend.h"
 
-#include <type_traits>
-
 namespace VolumeRowKernels {
 
 /// The blue of an object's pixel in the output.
 template<typename Pixel>
 typename VolumeTraits<Pixel>::Channel blueOf(const Pixel& object, const Blue& blue)
 {
-    using Channel = typename VolumeTraits<Pixel>::Channel;
-    if (blue.isElevation)
-        return object.b;
-    return std::is_integral_v<Channel> ? static_cast<Channel>(blue.number) : Channel{0};
+    return blue.isElevation ? object.b : VolumeTraits<Pixel>::numberInBlue(blue.number);
 }
 
 /// Where an object covers fully or lies alone, its pixel takes the place with the coverage's alpha: that is what the

@@ -4,6 +4,7 @@
 #include "render/ObjectVolume.h"
 
 #include "BlurAlgo/BlurAlgo.h"
+#include "QuarvelCelCore/CEL_WithFormat.h"
 #include "render/CoverageMask.h"
 #include "render/ElevationPlane.h"
 #include "render/NormalMap.h"
@@ -135,10 +136,9 @@ ObjectVolume build(const CEL_PixmapArea& reference, const CEL_PixmapOf<Pixel>& o
     }
     range = {0.0F, 1.0F};
     using Values = ElevationProfile::Values;
-    constexpr bool kWhole = std::is_integral_v<typename VolumeTraits<Pixel>::Channel>;
     const Math::Box2di visible = visibleRect(plane, objectPixmap, settings.covered, reference);
-    const ElevationProfile profile(plane.span, settings.smoothness, kWhole ? Values::WHOLE : Values::ANY,
-                                   visible.area());
+    const ElevationProfile profile(plane.span, settings.smoothness,
+                                   VolumeTraits<Pixel>::kIsWhole ? Values::WHOLE : Values::ANY, visible.area());
     const auto canvasFactor = static_cast<float>(plane.values->canvasRect().width() / kUnitsAcross);
     const BevelSurface surface(plane, visible, profile, settings.elevation * 37.5 * canvasFactor);
     buildNormals<Pixel>(surface, settings.quality, *result);
@@ -155,9 +155,9 @@ ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, do
     if (!reference || !objectPixmap || reference->format() != objectPixmap->format())
         return {};
     const VolumeSettings settings{bevel, resolutionX, generateNormals, elevation, quality, smoothness, clip, covered};
-    if (const auto object16 = objectPixmap.dynamicCast<CEL_PixmapAreaRGBA16>())
-        return build<CEL_PixelRGBA16>(*reference, *object16, settings, range);
-    if (const auto objectFloat = objectPixmap.dynamicCast<CEL_PixmapAreaRGBAFloat>())
-        return build<CEL_PixelRGBAFloat>(*reference, *objectFloat, settings, range);
-    return {};
+    ObjectVolume volume;
+    CEL_withFormat(std::as_const(*objectPixmap), [&](const auto& object) {
+        volume = build<CEL_PixelOf<decltype(object)>>(*reference, object, settings, range);
+    });
+    return volume;
 }

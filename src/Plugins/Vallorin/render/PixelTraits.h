@@ -9,9 +9,16 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 
 template<typename Pixel>
 struct VolumeTraits;
+
+/// A level that a conversion is defined for; one that is NaN or not within the limit counts as 0.
+inline double convertible(double level, double limit)
+{
+    return std::abs(level) < limit ? level : 0.0;
+}
 
 /// Signed 16-bit channels, 32767 is full.
 template<>
@@ -20,6 +27,23 @@ struct VolumeTraits<CEL_PixelRGBA16>
     using Pixel = CEL_PixelRGBA16;
     using Channel = std::int16_t;
     static constexpr Channel kFull = 32767;
+    /// Whether channels hold whole numbers, which blurred values are rounded to.
+    static constexpr bool kIsWhole = true;
+
+    // The stage (LevelMerge.h). A level is quantised to 8 bits, of which one outside of 0 to 1 keeps the low ones.
+
+    static constexpr Channel kDefaultBlue = 1024;
+    static Channel levelOf(double objectLevel)
+    {
+        const int quantised = static_cast<std::int32_t>(convertible(objectLevel * 255.0, 2147483647.0)) & 0xFF;
+        return static_cast<Channel>(quantised * 32767 / 255);
+    }
+    static float shareOf(Channel coverage) { return static_cast<float>(coverage / 32767.0); }
+    static Channel scaledColour(Channel value, float share)
+    {
+        return static_cast<Channel>(static_cast<float>(value) * share);
+    }
+    static Channel colour(Channel value) { return value; }
 
     /// What holds a component of a normal that is read back from a pixel (NormalKernels.h): a float holds every code.
     using NormalComponent = float;
@@ -61,6 +85,8 @@ struct VolumeTraits<CEL_PixelRGBA16>
     }
     /// A component of a blended normal is truncated, unlike one that was computed from depths.
     static Channel blendedComponent(double n) { return static_cast<Channel>((n + 1.0) * 0.5 * 32767.0); }
+    /// The blue of an object without elevation: the low 16 bits of its number.
+    static Channel numberInBlue(std::int16_t number) { return number; }
     /// Only the low 16 bits are kept: what lies below the offset wraps.
     static Channel normalised(Channel value, float offset, float scale)
     {
@@ -79,6 +105,17 @@ struct VolumeTraits<CEL_PixelRGBAFloat>
     using Pixel = CEL_PixelRGBAFloat;
     using Channel = float;
     static constexpr Channel kFull = 1.0F;
+    static constexpr bool kIsWhole = false;
+
+    /// Colours are truncated to whole numbers: what lies between carving and adding is lost.
+    static constexpr Channel kDefaultBlue = 0.5F;
+    static Channel levelOf(double objectLevel)
+    {
+        return static_cast<Channel>(convertible(objectLevel, std::numeric_limits<float>::max()));
+    }
+    static float shareOf(Channel coverage) { return coverage; }
+    static Channel scaledColour(Channel value, float share) { return std::trunc(value * share); }
+    static Channel colour(Channel value) { return std::trunc(value); }
 
     /// On a steep slope z is what rounding leaves of 1 - x^2 - y^2, so that only double precision reads it back.
     using NormalComponent = double;
@@ -108,5 +145,6 @@ struct VolumeTraits<CEL_PixelRGBAFloat>
         return static_cast<Channel>(std::clamp(std::trunc((1.0 - coverage) * alpha + coverage), 0.0, 1.0));
     }
     static Channel blendedComponent(double n) { return static_cast<Channel>((n + 1.0) * 0.5); }
+    static Channel numberInBlue(std::int16_t) { return 0.0F; }
     static Channel normalised(Channel value, float offset, float scale) { return (value - offset) * scale; }
 };

@@ -6,6 +6,7 @@
 #include "ObjectDefinition/ObjectDefinition.h"
 #include "ObjectDefinition/ObjectDefinitionMessage.h"
 #include "QuarvelCelCore/CEL_PixmapFactory.h"
+#include "QuarvelCelCore/CEL_WithFormat.h"
 #include "QuarvelSceneCore/MO_SoftRenderServices.h"
 #include "objects/ObjectDefinitionDiscovery.h"
 #include "render/Composition.h"
@@ -45,10 +46,11 @@ lastRecordOf(int objectId, const std::vector<VallorinAttributes::ObjectInformati
 
 void mergeInto(CEL_PixmapArea& accumulator, const CEL_PixmapArea& input)
 {
-    if (auto* const accumulator16 = dynamic_cast<CEL_PixmapAreaRGBA16*>(&accumulator))
-        mergeCoverage<CEL_PixelRGBA16>(*accumulator16, dynamic_cast<const CEL_PixmapAreaRGBA16&>(input));
-    else if (auto* const accumulatorFloat = dynamic_cast<CEL_PixmapAreaRGBAFloat*>(&accumulator))
-        mergeCoverage<CEL_PixelRGBAFloat>(*accumulatorFloat, dynamic_cast<const CEL_PixmapAreaRGBAFloat&>(input));
+    CEL_withFormat(accumulator, [&](auto& typed) {
+        using Pixel = CEL_PixelOf<decltype(typed)>;
+        if (const auto* const typedInput = CEL_asFormat<Pixel>(input))
+            mergeCoverage<Pixel>(typed, *typedInput);
+    });
 }
 
 bool isRenderFormat(int format)

@@ -1,0 +1,42 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The one look at a pixmap's format before an algorithm that is written once for both colour formats.
+#pragma once
+
+#include "QuarvelCelCore/CEL_PixmapArea.h"
+
+#include <type_traits>
+
+/// The pixel of a colour pixmap's class: CEL_PixelOf<decltype(pixmap)>.
+template<typename Pixmap>
+using CEL_PixelOf = typename std::remove_cvref_t<Pixmap>::PixelType;
+
+/// A pixmap as one of this pixel; null when it is in another format.
+template<typename Pixel>
+CEL_PixmapOf<Pixel>* CEL_asFormat(CEL_PixmapArea& pixmap)
+{
+    return dynamic_cast<CEL_PixmapOf<Pixel>*>(&pixmap);
+}
+template<typename Pixel>
+const CEL_PixmapOf<Pixel>* CEL_asFormat(const CEL_PixmapArea& pixmap)
+{
+    return dynamic_cast<const CEL_PixmapOf<Pixel>*>(&pixmap);
+}
+
+/// Calls visit(typed) with a colour pixmap as what it is, a CEL_PixmapAreaRGBA16 or a CEL_PixmapAreaRGBAFloat, as
+/// constant as it was given.
+///
+/// @return whether it is one of the two; visit is not called for any other
+template<typename Area, typename Visit>
+bool CEL_withFormat(Area& pixmap, const Visit& visit)
+{
+    if (auto* const pixmap16 = CEL_asFormat<CEL_PixelRGBA16>(pixmap)) {
+        visit(*pixmap16);
+        return true;
+    }
+    if (auto* const pixmapFloat = CEL_asFormat<CEL_PixelRGBAFloat>(pixmap)) {
+        visit(*pixmapFloat);
+        return true;
+    }
+    return false;
+}
