@@ -13,16 +13,16 @@
 #include <cstdlib>
 #include <span>
 
-std::optional<IndependentPicture> IndependentPicture::render(const QString& file, const std::map<int, double>& bevels)
+std::optional<IndependentPicture> IndependentPicture::render(const QString& file,
+                                                             const std::map<int, ObjectSettings>& objects)
 {
-    const UT_Result<ReadDrawing> read = readDrawing(file, {.objects = ObjectChoice::LAYERS, .shape = FormShape::RIM});
+    const UT_Result<ReadDrawing> read = readDrawing(file, {});
     if (!read) {
         ADD_FAILURE() << qPrintable(file) << ": " << qPrintable(read.error().text);
         return std::nullopt;
     }
     NormalMapSettings settings;
-    for (const auto& [number, bevel] : bevels)
-        settings.objects[number].bevel = bevel;
+    settings.objects = objects;
     const UT_Result<ShownFrame> rendered =
         renderNormalMap(read->drawing, settings, {.elevation = true, .drawing = true});
     if (!rendered) {

@@ -6,6 +6,7 @@
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
 #include "QuarvelNormalMap/NM_Lighting.h"
+#include "jobs/drawing/NormalMapSettings.h"
 
 #include <QImage>
 
@@ -18,9 +19,9 @@ class IndependentPicture
 public:
     /// Renders a drawing.
     ///
-    /// @param bevels the bevel of the objects that have another than an import gives them, by number
+    /// @param objects what is said of the objects that have other values than an import gives them, by number
     /// @return nothing, and the test has failed with the reason, when that is not possible
-    static std::optional<IndependentPicture> render(const QString& file, const std::map<int, double>& bevels);
+    static std::optional<IndependentPicture> render(const QString& file, const std::map<int, ObjectSettings>& objects);
 
     QSize size() const { return {_surface.width(), _surface.height()}; }
     /// How many objects the drawing has.

@@ -15,7 +15,7 @@ namespace {
 DrawingSequence imported(const QByteArray& json, ObjectChoice objects = ObjectChoice::AUTO)
 {
     const Folder folder;
-    return sequenceOf({folder.write("bounce.json", json)}, {.objects = objects, .lottie = {}});
+    return sequenceOf({folder.write("bounce.json", json)}, {.form = {.objects = objects}, .lottie = {}});
 }
 
 std::string warningsOf(const DrawingSequence& sequence)

@@ -167,8 +167,34 @@ TEST(SvgSequence, ObjectsAreWhatIsAskedFor)
     const Folder folder;
     const QString path = folder.write("a.svg", svg("<g id='x'><rect width='9' height='9'/></g><g id='y'><rect x='20' "
                                                    "width='9' height='9'/></g>"));
-    EXPECT_EQ(sequenceOf({path}).layers.size(), 1U);
-    EXPECT_EQ(sequenceOf({path}, {.objects = ObjectChoice::GROUPS, .lottie = {}}).layers.size(), 2U);
+    EXPECT_EQ(sequenceOf({path}, {.form = {.objects = ObjectChoice::ONE}, .lottie = {}}).layers.size(), 1U);
+    EXPECT_EQ(sequenceOf({path}, {.form = {.objects = ObjectChoice::GROUPS}, .lottie = {}}).layers.size(), 2U);
+}
+
+TEST(SvgSequence, ASingleDrawingIsImportedInTheObjectsThatItSuggests)
+{
+    const Folder folder;
+    const QString path = folder.write("a.svg", svg("<circle cx='30' cy='40' r='25' fill='#cc8844'/>"
+                                                   "<circle cx='70' cy='40' r='20' fill='#4466cc'/>"));
+    EXPECT_EQ(sequenceOf({path}).layers.size(), 2U);
+}
+
+TEST(SvgSequence, OneSetOfValuesHoldsForAllFramesFromWhereTheObjectIsLargest)
+{
+    const Folder folder;
+    const auto circle = [](int radius) {
+        return svg("<circle cx='50' cy='50' r='" + QByteArray::number(radius) + "'/>");
+    };
+    const auto valuesOf = [](const QStringList& paths) {
+        const auto imported = importDrawings(paths, {});
+        EXPECT_TRUE(imported) << imported.error().text.toStdString();
+        return imported->scene->findModule("Normal-Map")->findAttr("ObjectList")->displayText(1);
+    };
+    const QString small = folder.write("ball_1.svg", circle(10));
+    const QString large = folder.write("ball_2.svg", circle(30));
+    const QString middle = folder.write("ball_3.svg", circle(20));
+    EXPECT_EQ(valuesOf({small, large, middle}), valuesOf({large}));
+    EXPECT_NE(valuesOf({small, middle}), valuesOf({large}));
 }
 
 TEST(SvgSequence, ADifferentSizeIsSaidOnce)
@@ -189,7 +215,7 @@ TEST(SvgSequence, BecomesAGraphWithNumberedObjects)
 {
     const Folder folder;
     const QString path = folder.write("hero.svg", svg(svgLayer("Body", 0) + svgLayer("Display", 20, "#00ff00")));
-    const auto imported = importDrawings({path}, {});
+    const auto imported = importDrawings({path}, {.form = {.shape = FormShape::RIM}, .lottie = {}});
     ASSERT_TRUE(imported) << imported.error().text.toStdString();
     const MO_Scene& scene = *imported->scene;
     const MO_Module* node = scene.findModule("Normal-Map");

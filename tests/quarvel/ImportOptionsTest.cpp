@@ -36,7 +36,7 @@ TEST(ImportOptions, TakeWhatIsGiven)
     const ImportOptions options = parsed({"a.svg", "-o", "b.scene", "--objects", "groups", "--force", "-q"});
     EXPECT_EQ(options.files, QStringList{"a.svg"});
     EXPECT_EQ(options.output, "b.scene");
-    EXPECT_EQ(options.objects, ObjectChoice::GROUPS);
+    EXPECT_EQ(options.form.objects, ObjectChoice::GROUPS);
     EXPECT_TRUE(options.force);
     EXPECT_TRUE(options.quiet);
     EXPECT_FALSE(parsed({"a.svg"}).force);
@@ -45,7 +45,7 @@ TEST(ImportOptions, TakeWhatIsGiven)
 TEST(ImportOptions, WordsWithoutMeaningAreExplained)
 {
     EXPECT_THAT(errorOf({}), HasSubstr("which drawings?"));
-    EXPECT_THAT(errorOf({"a.svg", "--objects", "none"}), HasSubstr("auto, groups, one"));
+    EXPECT_THAT(errorOf({"a.svg", "--objects", "none"}), HasSubstr("auto, layers, groups, shapes, one"));
     EXPECT_THAT(errorOf({"a.svg", "--frames", "3"}), HasSubstr("quarvel help import"));
 }
 

@@ -98,10 +98,21 @@ TEST(NormalMapOptions, GathersSeveralWordsAboutOneObject)
     EXPECT_EQ(options.settings.objects.at(3).hidden, true);
 }
 
+TEST(NormalMapOptions, TakesObjectsByName)
+{
+    const auto options = parsed("a.svg --object head:bevel=60 --object eye*:cutout");
+    const auto& named = options.settings.namedObjects;
+    ASSERT_EQ(named.size(), 2U);
+    EXPECT_EQ(named[0].first, "head");
+    EXPECT_EQ(named[0].second.bevel, 60.0);
+    EXPECT_EQ(named[1].first, "eye*");
+    EXPECT_EQ(named[1].second.cutOut, true);
+}
+
 TEST(NormalMapOptions, SaysWhatAnObjectHas)
 {
     EXPECT_THAT(errorOf("a.svg --object 2:colour=red"), HasSubstr("bevel="));
-    EXPECT_THAT(errorOf("a.svg --object two:bevel=1"), HasSubstr("2:bevel=60"));
+    EXPECT_THAT(errorOf("a.svg --object :bevel=1"), HasSubstr("2:bevel=60"));
     EXPECT_THAT(errorOf("a.svg --object 0:bevel=1"), HasSubstr("2:bevel=60"));
     EXPECT_THAT(errorOf("a.svg --object 2"), HasSubstr("2:bevel=60"));
     EXPECT_THAT(errorOf("a.svg --object 2:bevel=wide"), HasSubstr("a number"));

@@ -5,6 +5,7 @@
 #include "form/FormLaw.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -42,6 +43,11 @@ Profile profileOf(const ObjectExtent& extent, FormShape shape)
     return between(kOrdinary, kRound, std::clamp((extent.roundness - kRoundFrom) / (kRoundTo - kRoundFrom), 0.0, 1.0));
 }
 
+double rounded(double value, double steps)
+{
+    return std::round(value * steps) / steps;
+}
+
 ObjectForm raised(const ObjectExtent& extent, FormShape shape)
 {
     if (shape == FormShape::RIM)
@@ -61,5 +67,6 @@ ObjectForm formFor(const ObjectExtent& extent, ObjectRole role, const FormSettin
     const bool flat = settings.shape == FormShape::OFF || role == ObjectRole::FLAT || form.elevation == 0.0;
     if (flat)
         form.elevation = kNoElevation;
-    return form;
+    // With few digits, so that people can read and type them. A hundredth of a unit is far below a pixel.
+    return {rounded(form.bevel, 100.0), rounded(form.elevation, 10000.0), rounded(form.smoothness, 100.0)};
 }

@@ -43,7 +43,7 @@ UT_Result<ImportedScene> importFiles(const ImportOptions& options)
 {
     try {
         ImportSettings settings;
-        settings.objects = options.objects;
+        settings.form = options.form;
         return importDrawings(options.files, settings);
     } catch (const std::bad_alloc&) {
         return UT_Error{QStringLiteral("the memory is not enough for all these drawings; import fewer frames at once")};

@@ -13,7 +13,7 @@ struct ImportOptions
 {
     QStringList files;
     QString output; ///< the scene's folder
-    ObjectChoice objects = ObjectChoice::AUTO;
+    FormSettings form;
     bool force = false;
     bool quiet = false;
     bool help = false;

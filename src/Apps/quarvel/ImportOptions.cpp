@@ -1,21 +1,16 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The words of "quarvel import", and what its help says.
+#include "FormOptions.h"
 #include "ImportCommand.h"
-#include "OptionValues.h"
 #include "jobs/import/FrameNumbers.h"
 
-#include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
 
 namespace {
 
-const QString kOutput = QStringLiteral("output");
-const QString kObjects = QStringLiteral("objects");
-const QString kForce = QStringLiteral("force");
-const QString kQuiet = QStringLiteral("quiet");
-const QString kHelp = QStringLiteral("help");
+using Row = OptionRow<ImportOptions>;
 
 // Beside the first file, under its name without the frame number.
 QString defaultOutput(const QStringList& files)
@@ -27,43 +22,49 @@ QString defaultOutput(const QStringList& files)
     return QDir::cleanPath(first.dir().filePath(name + QStringLiteral(".scene")));
 }
 
+Taken takeOutput(ImportOptions& options, const QString& option, const QString& value)
+{
+    if (value.isEmpty())
+        return UT_Error{QStringLiteral("%1 takes the name of a scene, such as walk.scene").arg(option)};
+    options.output = value;
+    return {};
+}
+
+Take<ImportOptions> flag(bool ImportOptions::*member)
+{
+    return [member](ImportOptions& options, const QString&, const QString&) -> Taken {
+        options.*member = true;
+        return {};
+    };
+}
+
+std::vector<Row> rows()
+{
+    std::vector<Row> all{{{QStringLiteral("o"), QStringLiteral("output")}, true, takeOutput},
+                         {{QStringLiteral("force")}, false, flag(&ImportOptions::force)},
+                         {{QStringLiteral("q"), QStringLiteral("quiet")}, false, flag(&ImportOptions::quiet)},
+                         {{QStringLiteral("h"), QStringLiteral("help")}, false, flag(&ImportOptions::help)}};
+    const auto form = formOptionRows<ImportOptions>([](ImportOptions& o) -> FormSettings& { return o.form; });
+    all.insert(all.end(), form.begin(), form.end());
+    return all;
+}
+
 } // namespace
 
 UT_Result<ImportOptions> parseImportOptions(const QStringList& words)
 {
-    QCommandLineParser parser;
-    const QString value = QStringLiteral("value");
-    parser.addOption(QCommandLineOption(QStringList{QStringLiteral("o"), kOutput}, QString(), value));
-    parser.addOption(QCommandLineOption(kObjects, QString(), value));
-    parser.addOption(QCommandLineOption(kForce));
-    parser.addOption(QCommandLineOption(QStringList{QStringLiteral("q"), kQuiet}));
-    parser.addOption(QCommandLineOption(QStringList{QStringLiteral("h"), kHelp}));
-    // The parser takes the first word for the program's name.
-    if (!parser.parse(QStringList{QStringLiteral("import")} + words))
-        return UT_Error{parser.errorText().chopped(1) + QStringLiteral("; quarvel help import lists what there is")};
-
     ImportOptions options;
-    options.help = parser.isSet(kHelp);
-    options.force = parser.isSet(kForce);
-    options.quiet = parser.isSet(kQuiet);
-    options.files = parser.positionalArguments();
-    if (parser.isSet(kObjects)) {
-        const UT_Result<int> choice =
-            parseChoice(QStringLiteral("--objects"), parser.value(kObjects),
-                        {QStringLiteral("auto"), QStringLiteral("groups"), QStringLiteral("one")});
-        if (!choice)
-            return choice.error();
-        constexpr ObjectChoice kChoices[] = {ObjectChoice::AUTO, ObjectChoice::GROUPS, ObjectChoice::ONE};
-        options.objects = kChoices[*choice];
-    }
+    const auto files = takeOptions(QStringLiteral("import"), words, rows(), options);
+    if (!files)
+        return files.error();
+    options.files = *files;
     if (options.help)
         return options;
     if (options.files.isEmpty())
         return UT_Error{QStringLiteral("which drawings? quarvel import takes SVG drawings or bitmaps, a frame each, or "
                                        "an animation, such as walk_*.svg or bounce.json")};
-    options.output = parser.isSet(kOutput) ? parser.value(kOutput) : defaultOutput(options.files);
     if (options.output.isEmpty())
-        return UT_Error{QStringLiteral("--output takes the name of a scene, such as walk.scene")};
+        options.output = defaultOutput(options.files);
     return options;
 }
 
@@ -87,9 +88,17 @@ The frame number is the last run of digits in a file's name: walk_0012.svg is fr
 number, count from 1. Where numbers are left out, the drawing before holds.
 
   -o, --output NAME       the scene, a folder. Default: the first file's name without the number, and .scene
-      --objects auto      each layer that a drawing declares is an object; without layers the whole drawing is one (default)
-      --objects groups    each top-level group is an object
-      --objects one       the whole drawing is one object
+      --objects auto      what the drawing suggests (default): the layers that it declares; in a single drawing without
+                          layers its parts, found by how shapes, colours and lines lie on each other; in several
+                          drawings without layers the whole drawing is one object
+      --objects layers|groups|shapes|one
+                          each layer that a drawing declares is an object, each top-level group, each painted area of a
+                          single drawing, or the whole drawing is one
+      --shape auto|rim|pillow|off
+                          each object is rounded as far as its own breadth suggests (default), a narrow rim, rounded over
+                          all of its breadth, or flat. One set of values holds for all frames: those that fit the
+                          object where it is largest
+      --volume V          how strong the form is, 0 to 2 (1): 0.5 for a flatter look
       --force             writes over a scene that is there already
   -q, --quiet             nothing on standard output
   -h, --help              this text

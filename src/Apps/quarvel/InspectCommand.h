@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// "quarvel inspect": says what is in a scene.
+// "quarvel inspect": says what is in a scene, or which objects are chosen in a drawing.
 #pragma once
 
 #include <QStringList>
@@ -8,7 +8,7 @@
 /// Runs the command.
 ///
 /// @param words what stands behind "inspect"
-/// @return the exit code: 0, 1 when a scene could not be read, 2 when the words made no sense
+/// @return the exit code: 0, 1 when a scene or a drawing could not be read, 2 when the words made no sense
 int runInspectCommand(const QStringList& words);
 
 /// What "quarvel help inspect" prints.

@@ -9,6 +9,8 @@
 #include "Say.h"
 #include "SilencedOutput.h"
 #include "WritePictures.h"
+#include "jobs/drawing/DescribeObjects.h"
+#include "jobs/drawing/ObjectNames.h"
 #include "jobs/drawing/ReadDrawing.h"
 
 #include <cstdio>
@@ -41,12 +43,22 @@ public:
         show(kReadEnds);
         if (UT_Result<void> made = makeFolders(files); !made)
             return made;
-        const auto rendered = renderNormalMap(read->drawing, _options.settings, wantedPictures(_options, files),
-                                              part(kReadEnds, kRenderEnds));
+        QStringList names;
+        for (const LayeredDrawing::Layer& layer : read->drawing.layers)
+            names << layer.name;
+        const auto settings = withNumberedObjects(_options.settings, names);
+        if (!settings)
+            return settings.error();
+        _chosen = objectOptions(read->drawing);
+        const auto rendered =
+            renderNormalMap(read->drawing, *settings, wantedPictures(_options, files), part(kReadEnds, kRenderEnds));
         if (!rendered)
             return rendered.error();
         return writePictures(*rendered, _options, files, _drawing, part(kRenderEnds, 1.0));
     }
+
+    /// The values that were chosen for the objects, as options.
+    const QString& chosen() const { return _chosen; }
 
 private:
     void show(double done)
@@ -73,9 +85,10 @@ private:
     ProgressLine& _line;
     const QString& _drawing;
     qsizetype _index;
+    QString _chosen;
 };
 
-UT_Result<void> runOne(DrawingRun run, const OutputFiles& files)
+UT_Result<void> runOne(DrawingRun& run, const OutputFiles& files)
 {
     try {
         return run.run(files);
@@ -90,10 +103,14 @@ int runAll(const NormalMapOptions& options, const std::vector<OutputFiles>& file
     int exitCode = 0;
     for (qsizetype i = 0; i < options.drawings.size(); ++i) {
         const OutputFiles& own = files[static_cast<std::size_t>(i)];
-        const UT_Result<void> done = runOne(DrawingRun(options, line, i), own);
+        DrawingRun run(options, line, i);
+        const UT_Result<void> done = runOne(run, own);
         line.clear();
         if (done) {
             std::printf("%s -> %s\n", qPrintable(options.drawings[i]), qPrintable(own.normalMap));
+            // Among many drawings the results would be lost between such lines.
+            if (options.drawings.size() == 1)
+                std::printf("chosen: %s\n", qPrintable(run.chosen()));
             continue;
         }
         say(QStringLiteral("%1: %2").arg(options.drawings[i], done.error().text));

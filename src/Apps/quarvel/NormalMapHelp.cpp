@@ -48,7 +48,8 @@ Objects, numbered from the lowest, 1 up, and their form
       --volume V        how strong the form is, 0 to 2 (1): 0.5 for a flatter look
       --bevel B         how far the rounding reaches in from the edge, for all objects; the picture is 720 wide in this
                         measure, whatever its size in pixels. Chosen for each object where it is not given
-      --object N:...    sets one object's values, joined by colons; all:... sets those of every object:
+      --object N:...    sets one object's values, joined by colons; N is its number, its name or a pattern such as
+                        'eye*' (quarvel inspect hero.svg lists them), or all for every object:
                           bevel=B        as above
                           elevation=E    how high it rises
                           smoothness=S   the shape of the rise: 1 straight, above 1 rounder, below 1 hollower

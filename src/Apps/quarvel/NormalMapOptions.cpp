@@ -3,8 +3,10 @@
 // From words to settings: every option is one row of a table, with the function that takes its value.
 #include "NormalMapOptions.h"
 
+#include "FormOptions.h"
 #include "OptionTable.h"
 #include "OptionValues.h"
+#include "jobs/drawing/ObjectNames.h"
 
 #include <functional>
 
@@ -72,19 +74,24 @@ Taken takeObjectPart(ObjectSettings& object, const QString& option, const QStrin
 Taken takeObject(NormalMapOptions& options, const QString& option, const QString& value)
 {
     const QStringList parts = value.split(QLatin1Char(':'));
-    ObjectSettings* object = nullptr;
-    if (parts.first() == QLatin1String("all"))
-        object = &options.settings.allObjects;
-    else if (const auto number = parseWholeNumber(option, parts.first(), 1, 32767))
-        object = &options.settings.objects[*number];
-    if (!object || parts.size() < 2)
-        return UT_Error{
-            QStringLiteral("%1 takes an object's number (or all) and what to set, such as 2:bevel=60:elevation=0.5 "
-                           "or 3:cutout, not \"%2\"")
-                .arg(option, value)};
+    const QString& meant = parts.first();
+    bool isNumber = false;
+    const int number = meant.toInt(&isNumber);
+    if (parts.size() < 2 || meant.isEmpty() || (isNumber && number < 1))
+        return UT_Error{QStringLiteral("%1 takes an object's number or name (or all) and what to set, such as "
+                                       "2:bevel=60:elevation=0.5, head:bevel=60 or 'eye*:cutout', not \"%2\"")
+                            .arg(option, value)};
+    ObjectSettings said;
     for (const QString& part : parts.sliced(1))
-        if (Taken taken = takeObjectPart(*object, option, part); !taken)
+        if (Taken taken = takeObjectPart(said, option, part); !taken)
             return taken;
+    NormalMapSettings& settings = options.settings;
+    if (meant == QLatin1String("all"))
+        settings.allObjects = merged(said, settings.allObjects);
+    else if (isNumber)
+        settings.objects[number] = merged(said, settings.objects[number]);
+    else
+        settings.namedObjects.emplace_back(meant, said);
     return {};
 }
 
@@ -138,7 +145,7 @@ std::vector<Row> rows()
     using Settings = NormalMapSettings;
     using Options = NormalMapOptions;
     const auto s = [](const char* name) { return QString::fromLatin1(name); };
-    return {
+    std::vector<Row> all{
         {{s("o"), s("output")}, true, text(&Options::output)},
         {{s("elevation")}, true, text(&Options::elevation)},
         {{s("lit")}, true, text(&Options::lit)},
@@ -159,20 +166,6 @@ std::vector<Row> rows()
          }},
         {{s("float")}, false, flag(&Settings::renderInFloat, true)},
         {{s("truck")}, true, number(&Settings::truck, 0.001, 1000.0)},
-        {{s("objects")},
-         true,
-         choice({s("auto"), s("layers"), s("groups"), s("shapes"), s("one")},
-                [](Options& o, int i) { o.settings.form.objects = static_cast<ObjectChoice>(i); })},
-        {{s("shape")},
-         true,
-         choice({s("auto"), s("rim"), s("pillow"), s("off")},
-                [](Options& o, int i) { o.settings.form.shape = static_cast<FormShape>(i); })},
-        {{s("volume")},
-         true,
-         [](Options& o, const QString& option, const QString& value) {
-             return keep(parseNumber(option, value, 0.0, FormSettings::kMaxVolume),
-                         [&](double volume) { o.settings.form.volume = volume; });
-         }},
         {{s("object")}, true, takeObject},
         {{s("bevel")}, true, takeBevel},
         {{s("level")}, true, takeLevel},
@@ -208,6 +201,9 @@ std::vector<Row> rows()
              return {};
          }},
     };
+    const auto form = formOptionRows<Options>([](Options& o) -> FormSettings& { return o.settings.form; });
+    all.insert(all.end(), form.begin(), form.end());
+    return all;
 }
 
 } // namespace

@@ -12,6 +12,7 @@
 
 #include <map>
 #include <optional>
+#include <utility>
 #include <vector>
 
 /// What is said of one object; what is left out holds as it was chosen for the object.
@@ -45,6 +46,8 @@ struct NormalMapSettings
     FormSettings form; ///< where the objects and their values come from
     ObjectSettings allObjects;
     std::map<int, ObjectSettings> objects; ///< by number, 1 is the lowest layer
+    /// By name or pattern (ObjectNames.h), in the order in which it was said.
+    std::vector<std::pair<QString, ObjectSettings>> namedObjects;
 
     // The levels of the drawing's colours.
     int levelOfAllColours = 255;

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "QuarvelCelCore/CELVEC_Kvd.h"
+#include "form/ChosenObjects.h"
 
 #include <QRectF>
 #include <QStringList>
@@ -19,6 +20,10 @@ struct SequenceLayer
     std::map<int, UT_SharedPtr<CELVEC_Kvd>> drawings; ///< by the frame of their first use
     /// From a frame on, up to the next one: the key of a drawing, or kNothing.
     std::map<int, int> exposures;
+    ObjectRole role = ObjectRole::BODY;
+    /// What the layer's form is measured on, so that one set of values holds for all frames: the drawing that reaches
+    /// farthest, or what the choice of objects says.
+    std::vector<DIO_Shape> measured;
 
     static constexpr int kNothing = -1;
 };

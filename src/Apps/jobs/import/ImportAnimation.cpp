@@ -43,7 +43,7 @@ UT_Result<DrawingSequence> readAnimation(const QString& file, const ImportSettin
     UT_Result<DIO_Animation> animation = DIO_readLottie(file, settings.lottie);
     if (!animation)
         return animation.error();
-    if (settings.objects == ObjectChoice::ONE)
+    if (settings.form.objects == ObjectChoice::ONE)
         animation->layers = {mergedLayers(*animation)};
 
     SequenceBuilder builder(animation->name);

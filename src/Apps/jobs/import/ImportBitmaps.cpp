@@ -2,6 +2,7 @@
 //
 // Bitmaps: a layer for each name, a drawing for each number. Files without a number are shown all the time.
 #include "QuarvelDrawingIO/DIO_BitmapReader.h"
+#include "form/ChooseObjects.h"
 #include "jobs/import/ImportKinds.h"
 #include "jobs/import/RepeatedWarnings.h"
 #include "jobs/import/SequenceBuilder.h"
@@ -71,12 +72,20 @@ public:
 
     UT_Result<void> add(int frame, std::vector<BitmapLayer>& layers)
     {
-        DIO_Drawing drawing;
-        for (BitmapLayer& layer : layers)
-            if (const QString* file = fileAt(layer, frame))
-                if (UT_Result<void> added = addLayer(drawing, layer, *file); !added)
-                    return added;
-        _builder.addFrame(frame, drawing);
+        const UT_Result<DIO_Drawing> drawing = read(frame, layers);
+        if (!drawing)
+            return drawing.error();
+        _builder.addFrame(frame, *drawing);
+        return {};
+    }
+
+    // The only frame of the sequence, with one picture: its objects are chosen from it.
+    UT_Result<void> addChosen(int frame, std::vector<BitmapLayer>& layers, ObjectChoice objects)
+    {
+        const UT_Result<DIO_Drawing> drawing = read(frame, layers);
+        if (!drawing)
+            return drawing.error();
+        _builder.addFrame(frame, chooseObjects(*drawing, objects));
         return {};
     }
 
@@ -92,6 +101,18 @@ public:
     }
 
 private:
+    UT_Result<DIO_Drawing> read(int frame, std::vector<BitmapLayer>& layers)
+    {
+        DIO_Drawing drawing;
+        for (BitmapLayer& layer : layers)
+            if (const QString* file = fileAt(layer, frame))
+                if (UT_Result<void> added = addLayer(drawing, layer, *file); !added)
+                    return added.error();
+        drawing.size = _size;
+        drawing.viewBox = QRectF(QPointF(), _size);
+        return drawing;
+    }
+
     UT_Result<void> addLayer(DIO_Drawing& drawing, BitmapLayer& layer, const QString& file)
     {
         UT_Result<DIO_Drawing> read = readOnce(file);
@@ -137,15 +158,18 @@ private:
 
 } // namespace
 
-UT_Result<DrawingSequence> readBitmapSequence(const QStringList& files, const ImportSettings&)
+UT_Result<DrawingSequence> readBitmapSequence(const QStringList& files, const ImportSettings& settings)
 {
     UT_Result<std::vector<BitmapLayer>> layers = layersOf(files);
     if (!layers)
         return layers.error();
     const std::set<int> frames = framesOf(*layers);
     BitmapFrames reader(sequenceName(files));
+    const bool isAlone = files.size() == 1;
     for (const int frame : frames)
-        if (UT_Result<void> added = reader.add(frame, *layers); !added)
+        if (UT_Result<void> added =
+                isAlone ? reader.addChosen(frame, *layers, settings.form.objects) : reader.add(frame, *layers);
+            !added)
             return added.error();
     return reader.take(frames);
 }

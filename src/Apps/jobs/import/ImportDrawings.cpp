@@ -77,7 +77,7 @@ UT_Result<ImportedScene> importDrawings(const QStringList& files, const ImportSe
     const UT_Result<DrawingSequence> sequence = readSequence(files, settings);
     if (!sequence)
         return sequence.error();
-    UT_Result<std::unique_ptr<MO_Scene>> scene = buildSequenceScene(*sequence);
+    UT_Result<std::unique_ptr<MO_Scene>> scene = buildSequenceScene(*sequence, settings.form);
     if (!scene)
         return scene.error();
     return ImportedScene{std::move(*scene), sequence->warnings};

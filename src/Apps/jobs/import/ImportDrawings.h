@@ -4,6 +4,7 @@
 //
 //   SVG drawings    one drawing a frame; layers of the same name are one element through all frames
 //   bitmaps         one layer a file, named after it; files that differ in the frame number alone are one layer
+//   one drawing     of either kind: its objects are chosen from the drawing
 //   an animation    in the Lottie format: its top-level layers become elements
 //
 // The frame number is the last run of digits in a file's name. The result does not depend on the order of the files.
@@ -18,7 +19,7 @@
 /// How files are imported.
 struct ImportSettings
 {
-    ObjectChoice objects = ObjectChoice::AUTO;
+    FormSettings form; ///< where the objects of a single drawing, and every object's values, come from
     DIO_LottieLimits lottie;
 };
 

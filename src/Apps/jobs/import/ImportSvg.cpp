@@ -24,8 +24,9 @@ UT_Result<DrawingSequence> readSvgSequence(const QStringList& files, const Impor
     SequenceBuilder builder(sequenceName(files));
     RepeatedWarnings warnings;
     DrawingSequence place;
+    const ObjectChoice objects = settings.form.objects;
     for (const NumberedFile& file : *numbered) {
-        UT_Result<DIO_Drawing> drawing = DIO_readSvg(file.path, groupingFor(settings.objects), DIO_Blank::ACCEPTED);
+        UT_Result<DIO_Drawing> drawing = DIO_readSvg(file.path, groupingFor(objects), DIO_Blank::ACCEPTED);
         if (!drawing)
             return drawing.error();
         if (place.frame.isEmpty()) {
@@ -37,7 +38,11 @@ UT_Result<DrawingSequence> readSvgSequence(const QStringList& files, const Impor
             drawing->warnings.append(
                 QStringLiteral("its size or place differs from that of %1, which counts").arg(numbered->front().path));
         warnings.add(file.path, drawing->warnings);
-        builder.addFrame(file.frame, *drawing);
+        // Objects that are found in each drawing for itself would not be the same ones from frame to frame.
+        if (numbered->size() == 1)
+            builder.addFrame(file.frame, chooseObjects(*drawing, objects));
+        else
+            builder.addFrame(file.frame, *drawing);
     }
     DrawingSequence sequence = builder.take();
     if (sequence.layers.empty())

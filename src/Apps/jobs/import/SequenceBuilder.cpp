@@ -37,6 +37,28 @@ QByteArray digest(std::span<const DIO_Shape> shapes, std::span<const DIO_Paint> 
     return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
 }
 
+// How much of a picture shows something, of some of its pixels.
+double coveredShare(const QImage& picture)
+{
+    constexpr int kSamples = 64;
+    int covered = 0;
+    for (int row = 0; row < kSamples; ++row)
+        for (int column = 0; column < kSamples; ++column)
+            covered += qAlpha(picture.pixel((2 * column + 1) * picture.width() / (2 * kSamples),
+                                            (2 * row + 1) * picture.height() / (2 * kSamples))) > 127;
+    return static_cast<double>(covered) / (kSamples * kSamples);
+}
+
+// About how much area shapes take; to compare the drawings of a layer with each other.
+double reachOf(std::span<const DIO_Shape> shapes)
+{
+    QRectF all;
+    for (const DIO_Shape& shape : shapes)
+        all |= shape.path.boundingRect();
+    const bool isBitmap = shapes.size() == 1 && !shapes.front().picture.isNull();
+    return all.width() * all.height() * (isBitmap ? coveredShare(shapes.front().picture) : 1.0);
+}
+
 // The n-th of a name in a frame, from 0.
 QString keyOf(const DIO_Layer& layer, QHash<QString, int>& met)
 {
@@ -67,7 +89,7 @@ std::size_t SequenceBuilder::layerFor(const QString& key, const DIO_Layer& layer
         return index;
     }
     _layers.insert(_layers.begin() + static_cast<std::ptrdiff_t>(above),
-                   Layer{key, layer.name, layer.declared, {}, {}});
+                   Layer{key, layer.name, layer.declared, {}, 0.0, {}});
     return above;
 }
 
@@ -89,11 +111,26 @@ void SequenceBuilder::addFrame(int frame, const DIO_Drawing& drawing)
             exposeNothing(layer, frame);
 }
 
+void SequenceBuilder::addFrame(int frame, const ChosenObjects& chosen)
+{
+    addColours(chosen.drawing.palette);
+    const bool isAlone = chosen.objects.size() == 1;
+    for (std::size_t i = 0; i < chosen.objects.size(); ++i) {
+        const ChosenObject& object = chosen.objects[i];
+        Layer layer{QString::number(_layers.size()), isAlone ? _name : object.name, true, {}, 0.0, {}};
+        expose(layer, frame, chosen.drawing.layers[i].shapes, chosen.drawing.palette);
+        layer.built.role = object.role;
+        if (!object.measured.empty())
+            layer.built.measured = object.measured;
+        _layers.push_back(std::move(layer));
+    }
+}
+
 void SequenceBuilder::addLayer(const QString& name, const std::vector<std::vector<DIO_Shape>>& drawings,
                                std::span<const DIO_Paint> paints, std::span<const int> shown, int firstFrame)
 {
     addColours(paints);
-    Layer layer{QString::number(_layers.size()), name, true, {}, {}};
+    Layer layer{QString::number(_layers.size()), name, true, {}, 0.0, {}};
     int before = SequenceLayer::kNothing;
     for (std::size_t i = 0; i < shown.size(); ++i) {
         const int frame = firstFrame + static_cast<int>(i);
@@ -113,6 +150,10 @@ void SequenceBuilder::expose(Layer& layer, int frame, std::span<const DIO_Shape>
     auto found = layer.known.constFind(key);
     if (found == layer.known.constEnd()) {
         layer.built.drawings.emplace(frame, DIO_toKvd(shapes, paints, _palette));
+        if (const double reach = reachOf(shapes); layer.built.measured.empty() || reach > layer.reach) {
+            layer.reach = reach;
+            layer.built.measured.assign(shapes.begin(), shapes.end());
+        }
         found = layer.known.insert(key, frame);
     }
     setExposure(layer, frame, *found);

@@ -22,6 +22,9 @@ public:
     /// is not any more shows nothing from here on.
     void addFrame(int frame, const DIO_Drawing& drawing);
 
+    /// Adds the only frame of a sequence, in the objects that were chosen for it. Each becomes a layer.
+    void addFrame(int frame, const ChosenObjects& chosen);
+
     /// Adds a layer in which a drawing is shown from a frame on; for readers that know all frames of a layer at once.
     ///
     /// @param shown by frame, from firstFrame on: indices of drawings, or -1 for nothing
@@ -39,6 +42,7 @@ private:
         QString name;
         bool declared = true;
         QHash<QByteArray, int> known; // drawings by what is in them
+        double reach = 0.0;           // of the drawing that the form is measured on
         SequenceLayer built;
     };
 

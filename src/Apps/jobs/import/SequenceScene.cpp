@@ -5,18 +5,20 @@
 
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "form/ChooseForms.h"
 #include "jobs/drawing/DrawingScene.h"
 
 namespace {
 
-LayeredDrawing firstDrawings(const DrawingSequence& sequence)
+LayeredDrawing firstDrawings(const DrawingSequence& sequence, const FormSettings& form)
 {
     LayeredDrawing drawing;
     drawing.frame = sequence.frame;
     drawing.size = sequence.size;
     drawing.palette = sequence.palette;
     for (const SequenceLayer& layer : sequence.layers)
-        drawing.layers.push_back({layer.name, layer.drawings.begin()->second});
+        drawing.layers.push_back({layer.name, layer.drawings.begin()->second,
+                                  formFor(measureExtent(layer.measured, sequence.frame), layer.role, form)});
     return drawing;
 }
 
@@ -39,9 +41,9 @@ void showThroughTime(MO_ElementModule& element, const SequenceLayer& layer)
 
 } // namespace
 
-UT_Result<std::unique_ptr<MO_Scene>> buildSequenceScene(const DrawingSequence& sequence)
+UT_Result<std::unique_ptr<MO_Scene>> buildSequenceScene(const DrawingSequence& sequence, const FormSettings& form)
 {
-    UT_Result<DrawingScene> built = DrawingScene::build(firstDrawings(sequence), NormalMapSettings());
+    UT_Result<DrawingScene> built = DrawingScene::build(firstDrawings(sequence, form), NormalMapSettings());
     if (!built)
         return built.error();
     for (std::size_t i = 0; i < sequence.layers.size(); ++i)

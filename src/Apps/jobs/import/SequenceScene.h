@@ -6,10 +6,11 @@
 
 #include "QuarvelBaseCore/UT_Result.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "form/FormSettings.h"
 #include "jobs/import/DrawingSequence.h"
 
 /// Builds the scene. Its nodes: an element and an Object Definition for each layer, the Vallorin node "Normal-Map", the
 /// composite "Drawing", and "Display", which shows the normal map.
 ///
 /// @return an error when the plug-in is not loaded
-UT_Result<std::unique_ptr<MO_Scene>> buildSequenceScene(const DrawingSequence& sequence);
+UT_Result<std::unique_ptr<MO_Scene>> buildSequenceScene(const DrawingSequence& sequence, const FormSettings& form);

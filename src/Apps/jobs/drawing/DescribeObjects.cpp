@@ -1,0 +1,199 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The picture is painted twice: in colours, for the eye, and without antialiasing in numbers, which tell where an
+// object shows and hence where its number goes.
+#include "jobs/drawing/DescribeObjects.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+using Row = QStringList;
+
+QString value(double number)
+{
+    return QString::number(number, 'g', QLocale::FloatingPointShortest);
+}
+
+QString percent(double share)
+{
+    return share > 0.0 && share < 0.01 ? QStringLiteral("<1 %")
+                                       : QStringLiteral("%1 %").arg(std::lround(share * 100.0));
+}
+
+QString roleText(ObjectRole role)
+{
+    switch (role) {
+    case ObjectRole::OPENING:
+        return QStringLiteral(", sinks");
+    case ObjectRole::FLAT:
+        return QStringLiteral(", flat");
+    case ObjectRole::BODY:
+        break;
+    }
+    return {};
+}
+
+Row rowOf(std::size_t index, const ReadDrawing& read)
+{
+    const ChosenObject& object = read.objects[index];
+    const ObjectForm& form = read.drawing.layers[index].form;
+    return {QString::number(index + 1), object.name,
+            percent(object.share),      value(form.bevel),
+            value(form.elevation),      value(form.smoothness),
+            object.colours.join(u' '),  object.reason + roleText(object.role)};
+}
+
+// All cells of a column as wide as its widest.
+QString tableOf(const std::vector<Row>& rows)
+{
+    std::vector<qsizetype> widths(static_cast<std::size_t>(rows.front().size()), 0);
+    for (const Row& row : rows)
+        for (std::size_t i = 0; i < widths.size(); ++i)
+            widths[i] = std::max(widths[i], row[static_cast<qsizetype>(i)].size());
+    QString text;
+    for (const Row& row : rows) {
+        QString line;
+        for (std::size_t i = 0; i < widths.size(); ++i)
+            line += row[static_cast<qsizetype>(i)].leftJustified(widths[i] + 2);
+        text += QStringLiteral("  ") + line.trimmed() + u'\n';
+    }
+    return text;
+}
+
+// Hues a golden angle apart, so that objects that lie on each other differ.
+QColor colourOf(std::size_t index)
+{
+    constexpr double kGoldenAngle = 137.508;
+    const double hue = std::fmod(static_cast<double>(index) * kGoldenAngle, 360.0);
+    return QColor::fromHsv(static_cast<int>(hue), index % 2 == 0 ? 170 : 110, 230);
+}
+
+QImage maskIn(const QImage& picture, const QColor& colour)
+{
+    QImage mask(picture.size(), QImage::Format_ARGB32_Premultiplied);
+    mask.fill(colour);
+    QPainter painter(&mask);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+    painter.drawImage(0, 0, picture);
+    return mask;
+}
+
+void paintShape(QPainter& painter, const CELVEC_Shape& shape, const QColor& colour)
+{
+    painter.save();
+    if (shape.clip)
+        painter.setClipPath(*shape.clip);
+    if (shape.picture.isNull())
+        painter.fillPath(shape.path, colour);
+    else
+        painter.drawImage(shape.path.boundingRect(), maskIn(shape.picture, colour));
+    painter.restore();
+}
+
+template<typename ColourOf>
+QImage painted(const LayeredDrawing& drawing, const QSize& size, bool smooth, ColourOf colour)
+{
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing, smooth);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, smooth);
+    painter.scale(size.width() / drawing.frame.width(), size.height() / drawing.frame.height());
+    painter.translate(-drawing.frame.topLeft());
+    for (std::size_t i = 0; i < drawing.layers.size(); ++i)
+        for (const CELVEC_Shape& shape : drawing.layers[i].drawing->shapes(GR_Art::COLOUR))
+            paintShape(painter, shape, colour(i));
+    return image;
+}
+
+// Where an object shows: its pixel nearest to the middle of its pixels. Null where it does not.
+std::vector<std::optional<QPoint>> middles(const QImage& numbers, std::size_t count)
+{
+    struct Sum
+    {
+        double x = 0.0;
+        double y = 0.0;
+        double pixels = 0.0;
+    };
+    const auto forPixels = [&](auto function) {
+        for (int y = 0; y < numbers.height(); ++y)
+            for (int x = 0; x < numbers.width(); ++x)
+                if (const QRgb pixel = numbers.pixel(x, y); qAlpha(pixel) == 255 && (pixel & RGB_MASK) < count)
+                    function(static_cast<std::size_t>(pixel & RGB_MASK), x, y);
+    };
+    std::vector<Sum> sums(count);
+    forPixels([&](std::size_t object, int x, int y) {
+        sums[object].x += x;
+        sums[object].y += y;
+        sums[object].pixels += 1.0;
+    });
+    std::vector<std::optional<QPoint>> middles(count);
+    std::vector<double> nearest(count, 0.0);
+    forPixels([&](std::size_t object, int x, int y) {
+        const Sum& sum = sums[object];
+        const double distance = std::hypot(x - sum.x / sum.pixels, y - sum.y / sum.pixels);
+        if (middles[object] && distance >= nearest[object])
+            return;
+        middles[object] = QPoint(x, y);
+        nearest[object] = distance;
+    });
+    return middles;
+}
+
+void paintNumber(QPainter& painter, const QPoint& place, const QString& number)
+{
+    QPainterPath text;
+    text.addText(QPointF(), painter.font(), number);
+    text.translate(place - text.boundingRect().center());
+    painter.strokePath(text, QPen(Qt::white, 3.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.fillPath(text, Qt::black);
+}
+
+} // namespace
+
+QString describeObjects(const ReadDrawing& read)
+{
+    std::vector<Row> rows{{QStringLiteral("number"), QStringLiteral("name"), QStringLiteral("share"),
+                           QStringLiteral("bevel"), QStringLiteral("elevation"), QStringLiteral("smoothness"),
+                           QStringLiteral("colours"), QStringLiteral("why")}};
+    for (std::size_t i = 0; i < read.objects.size(); ++i)
+        rows.push_back(rowOf(i, read));
+    return tableOf(rows);
+}
+
+QString objectOptions(const LayeredDrawing& drawing)
+{
+    QStringList words;
+    for (std::size_t i = 0; i < drawing.layers.size(); ++i) {
+        const ObjectForm& form = drawing.layers[i].form;
+        words << QStringLiteral("--object %1:bevel=%2:elevation=%3:smoothness=%4")
+                     .arg(i + 1)
+                     .arg(value(form.bevel), value(form.elevation), value(form.smoothness));
+    }
+    return words.join(u' ');
+}
+
+QImage paintObjects(const LayeredDrawing& drawing, int width)
+{
+    const double height = width * drawing.frame.height() / drawing.frame.width();
+    const QSize size(width, std::max(1, static_cast<int>(std::lround(std::min(height, 1e5)))));
+    QImage image = painted(drawing, size, true, [](std::size_t i) { return colourOf(i); });
+    const QImage numbers = painted(drawing, size, false,
+                                   [](std::size_t i) { return QColor::fromRgb(static_cast<QRgb>(i) | 0xff000000U); });
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QFont font = painter.font();
+    font.setPixelSize(std::max(10, width / 45));
+    font.setBold(true);
+    painter.setFont(font);
+    const auto places = middles(numbers, drawing.layers.size());
+    for (std::size_t i = 0; i < places.size(); ++i)
+        if (places[i])
+            paintNumber(painter, *places[i], QString::number(i + 1));
+    return image;
+}

@@ -1,0 +1,65 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+#include "jobs/drawing/ObjectNames.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace {
+
+UT_Error noSuchName(const QString& word, const QStringList& names)
+{
+    constexpr qsizetype kMost = 30;
+    const bool more = names.size() > kMost;
+    return {QStringLiteral("there is no object called \"%1\"; the objects are %2%3")
+                .arg(word, names.mid(0, kMost).join(QStringLiteral(", ")), more ? QStringLiteral(", ...") : QString())};
+}
+
+} // namespace
+
+ObjectSettings merged(const ObjectSettings& first, const ObjectSettings& second)
+{
+    const auto either = [](const auto& a, const auto& b) { return a ? a : b; };
+    return {either(first.bevel, second.bevel),
+            either(first.elevation, second.elevation),
+            either(first.smoothness, second.smoothness),
+            either(first.level, second.level),
+            either(first.scaleByCoverage, second.scaleByCoverage),
+            either(first.cutOut, second.cutOut),
+            either(first.hidden, second.hidden)};
+}
+
+bool isNamedBy(const QString& name, const QString& word)
+{
+    if (name.compare(word, Qt::CaseInsensitive) == 0)
+        return true;
+    QString pattern = QRegularExpression::escape(word);
+    pattern.replace(QLatin1String("\\*"), QLatin1String(".*")).replace(QLatin1String("\\?"), QLatin1String("."));
+    return QRegularExpression(QRegularExpression::anchoredPattern(pattern),
+                              QRegularExpression::CaseInsensitiveOption |
+                                  QRegularExpression::DotMatchesEverythingOption)
+        .match(name)
+        .hasMatch();
+}
+
+UT_Result<NormalMapSettings> withNumberedObjects(const NormalMapSettings& settings, const QStringList& names)
+{
+    NormalMapSettings numbered = settings;
+    numbered.namedObjects.clear();
+    std::map<int, ObjectSettings> byName;
+    for (const auto& [word, object] : settings.namedObjects) {
+        bool isKnown = false;
+        for (qsizetype i = 0; i < names.size(); ++i) {
+            if (!isNamedBy(names[i], word))
+                continue;
+            isKnown = true;
+            ObjectSettings& known = byName[static_cast<int>(i) + 1];
+            known = merged(object, known);
+        }
+        if (!isKnown)
+            return noSuchName(word, names);
+    }
+    for (const auto& [number, object] : byName)
+        numbered.objects[number] = merged(numbered.objects[number], object);
+    return numbered;
+}

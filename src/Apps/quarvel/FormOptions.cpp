@@ -1,0 +1,22 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+#include "FormOptions.h"
+
+#include "OptionValues.h"
+
+std::vector<OptionRow<FormSettings>> formOptionRows()
+{
+    const auto s = [](const char* name) { return QString::fromLatin1(name); };
+    const auto takeObjects = [=](FormSettings& form, const QString& option, const QString& value) {
+        return keep(parseChoice(option, value, {s("auto"), s("layers"), s("groups"), s("shapes"), s("one")}),
+                    [&](int index) { form.objects = static_cast<ObjectChoice>(index); });
+    };
+    const auto takeShape = [=](FormSettings& form, const QString& option, const QString& value) {
+        return keep(parseChoice(option, value, {s("auto"), s("rim"), s("pillow"), s("off")}),
+                    [&](int index) { form.shape = static_cast<FormShape>(index); });
+    };
+    const auto takeVolume = [](FormSettings& form, const QString& option, const QString& value) {
+        return keep(parseNumber(option, value, 0.0, FormSettings::kMaxVolume),
+                    [&](double volume) { form.volume = volume; });
+    };
+    return {{{s("objects")}, true, takeObjects}, {{s("shape")}, true, takeShape}, {{s("volume")}, true, takeVolume}};
+}

@@ -1,0 +1,124 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// What the program chose in a drawing can be seen, named and said again.
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using testing::AllOf;
+using testing::HasSubstr;
+
+namespace {
+
+// A round body with a blue nose, over a green foot.
+const char* const kFigure = R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 96 96" width="96" height="96">
+<ellipse cx="48" cy="80" rx="40" ry="12" fill="#338833"/>
+<circle cx="48" cy="44" r="34" fill="#e0a060"/>
+<circle cx="48" cy="50" r="9" fill="#3344cc"/>
+</svg>)";
+
+struct Outcome
+{
+    int exitCode;
+    QString output;
+    std::string messages;
+};
+
+class ChosenObjectsOfAFigure : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        QFile file(path("figure.svg"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(kFigure);
+    }
+    QString path(const char* name) const { return QDir(_folder.path()).filePath(QString::fromUtf8(name)); }
+    QByteArray bytes(const char* name) const
+    {
+        QFile file(path(name));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+        return file.readAll();
+    }
+    Outcome quarvel(const QString& words) const
+    {
+        QProcess process;
+        process.setWorkingDirectory(_folder.path());
+        process.start(QStringLiteral(QUARVEL_PROGRAM), words.split(QLatin1Char(' ')));
+        EXPECT_TRUE(process.waitForFinished(120'000)) << process.errorString().toStdString();
+        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+                process.readAllStandardError().toStdString()};
+    }
+
+private:
+    QTemporaryDir _folder;
+};
+
+TEST_F(ChosenObjectsOfAFigure, GiveTheSameBytesWhenTheirValuesArePastedAsOptions)
+{
+    const Outcome chosen = quarvel("normalmap figure.svg -o chosen.png");
+    ASSERT_EQ(chosen.exitCode, 0) << chosen.messages;
+    const QString options = chosen.output.section(QStringLiteral("chosen: "), 1).trimmed();
+    ASSERT_TRUE(options.startsWith(QStringLiteral("--object 1:bevel="))) << chosen.output.toStdString();
+    EXPECT_EQ(options.count(QStringLiteral("--object")), 3);
+    const Outcome pasted = quarvel("normalmap figure.svg -o pasted.png --shape rim " + options);
+    ASSERT_EQ(pasted.exitCode, 0) << pasted.messages;
+    EXPECT_EQ(bytes("chosen.png"), bytes("pasted.png"));
+    ASSERT_EQ(quarvel("normalmap figure.svg -o rim.png --shape rim").exitCode, 0);
+    EXPECT_NE(bytes("chosen.png"), bytes("rim.png"));
+}
+
+TEST_F(ChosenObjectsOfAFigure, AreListedWithTheirNumbersNamesAndColours)
+{
+    const Outcome outcome = quarvel("inspect figure.svg");
+    ASSERT_EQ(outcome.exitCode, 0) << outcome.messages;
+    const QStringList lines = outcome.output.split(QLatin1Char('\n'));
+    ASSERT_GE(lines.size(), 5);
+    EXPECT_THAT(lines[2].toStdString(), AllOf(HasSubstr("1 "), HasSubstr("#338833")));
+    EXPECT_THAT(lines[3].toStdString(), AllOf(HasSubstr("2 "), HasSubstr("#e0a060")));
+    EXPECT_THAT(lines[4].toStdString(), AllOf(HasSubstr("3 "), HasSubstr("#3344cc")));
+}
+
+TEST_F(ChosenObjectsOfAFigure, ArePaintedInDifferentColours)
+{
+    ASSERT_EQ(quarvel("inspect figure.svg --explain objects.png").exitCode, 0);
+    const QImage image(path("objects.png"));
+    ASSERT_EQ(image.size(), QSize(1024, 1024));
+    const auto at = [&](double x, double y) {
+        return image.pixel(static_cast<int>(x * 1024 / 96), static_cast<int>(y * 1024 / 96));
+    };
+    EXPECT_NE(at(48, 20), at(20, 82)) << "body and foot";
+    EXPECT_NE(at(48, 20), at(48, 56)) << "body and nose";
+    EXPECT_EQ(at(48, 20), at(24, 44)) << "the body is of one colour";
+    EXPECT_EQ(qAlpha(at(3, 3)), 0);
+}
+
+TEST_F(ChosenObjectsOfAFigure, CanBeNamed)
+{
+    const QString listed = quarvel("inspect figure.svg").output.split(QLatin1Char('\n'))[4];
+    const QString name = listed.simplified().section(QLatin1Char(' '), 1, 1);
+    ASSERT_EQ(quarvel("normalmap figure.svg -o number.png --object 3:bevel=3").exitCode, 0);
+    const Outcome named = quarvel("normalmap figure.svg -o name.png --object " + name + ":bevel=3");
+    ASSERT_EQ(named.exitCode, 0) << named.messages;
+    EXPECT_EQ(bytes("number.png"), bytes("name.png"));
+    const Outcome unknown = quarvel("normalmap figure.svg -o none.png --object wing:bevel=3");
+    EXPECT_EQ(unknown.exitCode, 1);
+    EXPECT_THAT(unknown.messages, AllOf(HasSubstr("\"wing\""), HasSubstr(name.toStdString())));
+    EXPECT_FALSE(QFile::exists(path("none.png")));
+}
+
+TEST_F(ChosenObjectsOfAFigure, AreThoseOfTheImportedScene)
+{
+    const Outcome imported = quarvel("import figure.svg");
+    ASSERT_EQ(imported.exitCode, 0) << imported.messages;
+    ASSERT_EQ(quarvel("render figure.scene -o frame.png --resolution 96").exitCode, 0);
+    ASSERT_EQ(quarvel("normalmap figure.svg -o still.png").exitCode, 0);
+    EXPECT_EQ(QImage(path("frame.png")), QImage(path("still.png")));
+}
+
+} // namespace
