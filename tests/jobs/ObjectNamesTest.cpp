@@ -13,6 +13,13 @@ namespace {
 const QStringList kNames{QStringLiteral("Head"), QStringLiteral("Eye left"), QStringLiteral("Eye right"),
                          QStringLiteral("arm (1)")};
 
+ObjectSettings bevelOf(double bevel)
+{
+    ObjectSettings settings;
+    settings.bevel = bevel;
+    return settings;
+}
+
 NormalMapSettings saying(std::vector<std::pair<QString, ObjectSettings>> named)
 {
     NormalMapSettings settings;
@@ -37,7 +44,7 @@ TEST(ObjectNames, AreMeantByPatterns)
 
 TEST(ObjectNames, BecomeTheNumbersOfOneDrawing)
 {
-    const auto numbered = withNumberedObjects(saying({{"eye*", {.bevel = 7.0}}}), kNames);
+    const auto numbered = withNumberedObjects(saying({{"eye*", bevelOf(7.0)}}), kNames);
     ASSERT_TRUE(numbered) << numbered.error().text.toStdString();
     EXPECT_EQ(numbered->objects.size(), 2U);
     EXPECT_EQ(numbered->objects.at(2).bevel, 7.0);
@@ -47,7 +54,9 @@ TEST(ObjectNames, BecomeTheNumbersOfOneDrawing)
 
 TEST(ObjectNames, LetTheLastWordCountAndTheNumberMost)
 {
-    NormalMapSettings settings = saying({{"eye*", {.bevel = 7.0, .elevation = 2.0}}, {"eye left", {.bevel = 9.0}}});
+    ObjectSettings eyes = bevelOf(7.0);
+    eyes.elevation = 2.0;
+    NormalMapSettings settings = saying({{"eye*", eyes}, {"eye left", bevelOf(9.0)}});
     settings.objects[3].bevel = 1.0;
     const auto numbered = withNumberedObjects(settings, kNames);
     ASSERT_TRUE(numbered);
@@ -59,7 +68,7 @@ TEST(ObjectNames, LetTheLastWordCountAndTheNumberMost)
 
 TEST(ObjectNames, ThatNoObjectHasAreAnError)
 {
-    const auto numbered = withNumberedObjects(saying({{"nose", {.bevel = 1.0}}}), kNames);
+    const auto numbered = withNumberedObjects(saying({{"nose", bevelOf(1.0)}}), kNames);
     ASSERT_FALSE(numbered);
     EXPECT_THAT(numbered.error().text.toStdString(), HasSubstr("\"nose\""));
     EXPECT_THAT(numbered.error().text.toStdString(), HasSubstr("Head, Eye left"));
