@@ -430,9 +430,9 @@ TEST_F(WholeApplication, EditsADrawingTakesEverythingBackAndFindsItAgain)
     const Shown before = shown();
 
     ASSERT_NO_FATAL_FAILURE(takeTheFirstObjectOut());
-    EXPECT_NE(shown().lit, before.lit);
+    EXPECT_NE(shown().normals, before.normals);
     ASSERT_NO_FATAL_FAILURE(addTheFirstObjectAgain());
-    EXPECT_NE(shown().lit, before.lit);
+    EXPECT_NE(shown().normals, before.normals);
     ASSERT_NO_FATAL_FAILURE(changeItsBevel());
     ASSERT_NO_FATAL_FAILURE(dragTheLight());
     EXPECT_NE(document().scene().toXml(), xml);

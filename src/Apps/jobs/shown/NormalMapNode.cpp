@@ -8,6 +8,7 @@
 #include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 
+#include <QLocale>
 #include <QStringList>
 
 namespace {
@@ -26,7 +27,7 @@ const QString kUseTruckFactor = QStringLiteral("UseTruckFactor");
 // Seventeen digits bring every number back to the last bit.
 QString numberText(double value)
 {
-    return QString::number(value, 'g', 17);
+    return QString::number(value, 'g', QLocale::FloatingPointShortest);
 }
 
 QString yesNo(bool value)
