@@ -128,14 +128,4 @@ TEST_F(ExrFile, ACutFileIsAnErrorAndNoCrash)
     }
 }
 
-TEST_F(ExrFile, TheBytesDoNotDependOnThreads)
-{
-    const IIO_Picture picture = randomFloats({0, 0, 100, 300}, {0, 0, 100, 300}, IIO_channelsRgba(), 1);
-    ASSERT_TRUE(IIO_writeExr(path(QStringLiteral("one.exr")), picture, {}).ok());
-    IIO_setExrThreads(3);
-    ASSERT_TRUE(IIO_writeExr(path(QStringLiteral("three.exr")), picture, {}).ok());
-    IIO_setExrThreads(0);
-    EXPECT_EQ(content(QStringLiteral("one.exr")), content(QStringLiteral("three.exr")));
-}
-
 } // namespace

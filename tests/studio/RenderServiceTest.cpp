@@ -90,8 +90,6 @@ TEST_F(RenderServiceTest, WhatIsShownBelongsToWhatTheSceneSays)
         QTest::qWait(static_cast<int>(random() % 60));
         if (random() % 5 == 0)
             window->renderService().cancel();
-        if (random() % 7 == 0)
-            window->renderService().cancelAndWait();
     }
     window->renderService().refresh();
     ASSERT_TRUE(waitForPicture());

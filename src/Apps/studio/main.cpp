@@ -35,7 +35,11 @@ int main(int argc, char** argv)
     QApplication::setApplicationVersion(QStringLiteral(QUARVEL_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("org.vallorin.QuarvelStudio"));
     QApplication::setWindowIcon(applicationIcon());
-    loadTranslations(application);
+
+    PLUG_EditorWidgets widgets;
+    PLUG_Services::setWidgetFactoryRegistry(&widgets);
+    const auto loaded = PLUG_Manager::loadAll(PLUG_Manager::defaultFolder());
+    installTranslations(QLocale());
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QApplication::translate("main", "Volume for flat drawings"));
@@ -50,9 +54,7 @@ int main(int argc, char** argv)
     parser.process(application);
     const WorkerThreads threads(jobLimits().threads);
 
-    PLUG_EditorWidgets widgets;
-    PLUG_Services::setWidgetFactoryRegistry(&widgets);
-    if (const auto loaded = PLUG_Manager::loadAll(PLUG_Manager::defaultFolder()); !loaded)
+    if (!loaded)
         return complain(loaded.error().text);
     if (parser.isSet(screenshots))
         return makeScreenshots(parser.value(screenshots));

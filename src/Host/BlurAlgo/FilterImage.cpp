@@ -43,20 +43,6 @@ double sumOfSamples(double sigma)
     return sum - 1.0;
 }
 
-std::vector<double> weights(double sigma, int size, bool normalised)
-{
-    const std::size_t middle = static_cast<std::size_t>(size) / 2;
-    std::vector<double> result(static_cast<std::size_t>(size), 0.0);
-    result[middle] = 1.0;
-    if (sigma == 0.0)
-        return result;
-    const std::vector<double> samples = BlurAlgo::gaussianSamples(sigma, size / 2);
-    const double scale = normalised ? 1.0 / sumOfSamples(sigma) : 1.0;
-    for (std::size_t d = 0; d < samples.size(); ++d)
-        result[middle - d] = result[middle + d] = samples[d] * scale;
-    return result;
-}
-
 } // namespace
 
 FilterImage::FilterImage(int width, int height) : _width(oddSize(width)), _height(oddSize(height)) {}
@@ -73,14 +59,4 @@ void FilterImage::setGaussian(double sigmaX, double sigmaY, bool normalise)
 double FilterImage::gain() const
 {
     return _normalised ? 1.0 : sumOfSamples(_sigmaX) * sumOfSamples(_sigmaY);
-}
-
-std::vector<double> FilterImage::weightsX() const
-{
-    return weights(_sigmaX, _width, _normalised);
-}
-
-std::vector<double> FilterImage::weightsY() const
-{
-    return weights(_sigmaY, _height, _normalised);
 }

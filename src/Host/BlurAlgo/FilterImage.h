@@ -1,11 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// FilterImage: a separable filter for blurs, as its description and, on request, as weights.
+// FilterImage: the description of a separable filter for blurs.
 #pragma once
 
 #include "BlurAlgo/BlurAlgoExport.h"
-
-#include <vector>
 
 /// A Gaussian filter of its own standard deviation in x and in y. A filter that nobody has filled leaves pictures as
 /// they are.
@@ -25,7 +23,6 @@ public:
 
     double sigmaX() const { return _sigmaX; }
     double sigmaY() const { return _sigmaY; }
-    bool isNormalised() const { return _normalised; }
 
     /// Number of weights in x and in y; both are odd.
     int width() const { return _width; }
@@ -33,12 +30,6 @@ public:
 
     /// By how much a blur's values are larger than those of the normalised filter: 1 when this one is.
     double gain() const;
-
-    /// The weights in x and in y, for the offsets -width() / 2 ... width() / 2. The filter's weight at (x, y) is the
-    /// product of one of each. Those beyond the size count in the normalisation, so the sum may be a little less
-    /// than 1.
-    std::vector<double> weightsX() const;
-    std::vector<double> weightsY() const;
 
 private:
     double _sigmaX = 0.0;

@@ -16,11 +16,15 @@
 
 namespace {
 
-const AT_AttrMeta kNumberMeta(QStringLiteral("ObjectNumber"), QStringLiteral("Object Number"));
-const AT_DoubleAttrMeta kLevelMeta(QStringLiteral("ObjectLevel"), QStringLiteral("Object Level"),
+const AT_AttrMeta kNumberMeta(QStringLiteral("ObjectNumber"),
+                              QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Object Number")));
+const AT_DoubleAttrMeta kLevelMeta(QStringLiteral("ObjectLevel"),
+                                   QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Object Level")),
                                    QStringLiteral("DBL_STEP_LEVEL"), 0.0, 1.0, 0.0, 1.0, 0.05);
-const AT_AttrMeta kScaleMeta(QStringLiteral("ScaleByCoverage"), QStringLiteral("Scale by Coverage"));
-const AT_AttrMeta kEnabledMeta(QStringLiteral("ObjectEnabled"), QStringLiteral("Object Enabled"));
+const AT_AttrMeta kScaleMeta(QStringLiteral("ScaleByCoverage"),
+                             QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Scale by Coverage")));
+const AT_AttrMeta kEnabledMeta(QStringLiteral("ObjectEnabled"),
+                               QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Object Enabled")));
 
 // Says by its presence that an object is switched off.
 class DisableEntry final : public CEL_Message

@@ -13,7 +13,6 @@
 #include <OpenEXR/ImfInputFile.h>
 #include <OpenEXR/ImfOutputFile.h>
 #include <OpenEXR/ImfStringAttribute.h>
-#include <OpenEXR/ImfThreading.h>
 #include <QFile>
 
 #include <algorithm>
@@ -201,9 +200,4 @@ UT_Result<IIO_Picture> IIO_readExr(const QString& path)
     } catch (const std::exception& exception) {
         return readError(path, QString::fromLocal8Bit(exception.what()));
     }
-}
-
-void IIO_setExrThreads(int count)
-{
-    Imf::setGlobalThreadCount(std::max(0, count));
 }

@@ -16,7 +16,3 @@ QUARVELIMAGEIO_EXPORT UT_Result<void> IIO_writeExr(const QString& path, const II
 /// Reads an OpenEXR file of one part as a picture of floats. Channels come as R G B A (those that are there), then the
 /// others by name; string attributes become metadata.
 QUARVELIMAGEIO_EXPORT UT_Result<IIO_Picture> IIO_readExr(const QString& path);
-
-/// Lets the OpenEXR library press the lines of one file on several threads. To be called once, when a program starts;
-/// without it everything runs on the calling thread. The files' bytes do not depend on it.
-QUARVELIMAGEIO_EXPORT void IIO_setExrThreads(int count);

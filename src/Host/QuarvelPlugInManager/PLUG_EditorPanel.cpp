@@ -132,11 +132,6 @@ PLUG_EditorPanel::~PLUG_EditorPanel()
         delete content;
 }
 
-void PLUG_EditorPanel::setCommandStack(CO_CommandStack* stack)
-{
-    _stack = stack;
-}
-
 MO_Module* PLUG_EditorPanel::module() const
 {
     return _module.get();

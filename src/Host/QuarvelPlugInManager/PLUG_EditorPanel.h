@@ -41,12 +41,9 @@ class QUARVELPLUGINMANAGER_EXPORT PLUG_EditorPanel : public QWidget
     Q_OBJECT
 
 public:
-    /// @param stack where the commands go; outlives the panel, or is taken away before
+    /// @param stack where the commands go; outlives the panel. Null: the panel shows and changes nothing
     explicit PLUG_EditorPanel(CO_CommandStack* stack, QWidget* parent = nullptr);
     ~PLUG_EditorPanel() override;
-
-    /// Changes the stack; without one the panel shows and changes nothing.
-    void setCommandStack(CO_CommandStack* stack);
 
     /// Shows the editor of a module, built afresh; null shows an empty panel.
     void setModule(MO_Module* module);

@@ -41,11 +41,24 @@ UT_Result<void> load(const QDir& folder)
     return {};
 }
 
-/// The plug-ins' translators that are installed. They belong to the application.
+/// The translators that are installed. They belong to the application.
 QList<QPointer<QTranslator>>& installedTranslators()
 {
     static QList<QPointer<QTranslator>> translators;
     return translators;
+}
+
+// QTranslator's own search would pass English by and take a language that its user ranks behind it.
+bool loadFirst(QTranslator& translator, const QLocale& locale, const PLUG_Manager::Catalogue& catalogue)
+{
+    for (QString language : locale.uiLanguages()) {
+        if (QLocale(language).language() == QLocale::English || language == QLatin1String("C"))
+            return false;
+        const QString file = catalogue.name + u'_' + language.replace(u'-', u'_');
+        if (translator.load(file, catalogue.folder, QStringLiteral("_")))
+            return true;
+    }
+    return false;
 }
 
 } // namespace
@@ -76,19 +89,20 @@ UT_Result<QStringList> PLUG_Manager::loadAll(const QString& folder)
     return keywords;
 }
 
-QStringList PLUG_Manager::installTranslations(const QLocale& locale)
+QStringList PLUG_Manager::installTranslations(const QLocale& locale, const QList<Catalogue>& own)
 {
     for (const QPointer<QTranslator>& translator : std::exchange(installedTranslators(), {}))
         delete translator;
+    QList<Catalogue> catalogues = own;
+    for (const QString& keyword : PLUG_Services::loadedPlugins())
+        catalogues.append({keyword, PLUG_Services::getPluginPath(keyword) + QStringLiteral("/resources")});
     QStringList translated;
-    for (const QString& keyword : PLUG_Services::loadedPlugins()) {
+    for (const Catalogue& catalogue : catalogues) {
         auto translator = std::make_unique<QTranslator>(QCoreApplication::instance());
-        const QString folder = PLUG_Services::getPluginPath(keyword) + QStringLiteral("/resources");
-        if (!translator->load(locale, keyword, QStringLiteral("_"), folder) ||
-            !QCoreApplication::installTranslator(translator.get()))
+        if (!loadFirst(*translator, locale, catalogue) || !QCoreApplication::installTranslator(translator.get()))
             continue;
         installedTranslators().append(translator.release());
-        translated.append(keyword);
+        translated.append(catalogue.name);
     }
     return translated;
 }

@@ -10,6 +10,7 @@
 #include "QuarvelBaseCore/UT_Result.h"
 #include "QuarvelPlugInManager/QuarvelPlugInManagerExport.h"
 
+#include <QList>
 #include <QLocale>
 #include <QStringList>
 
@@ -26,11 +27,21 @@ QUARVELPLUGINMANAGER_EXPORT QString defaultFolder();
 /// does not load
 QUARVELPLUGINMANAGER_EXPORT UT_Result<QStringList> loadAll(const QString& folder);
 
-/// Installs the translations that the loaded plug-ins bring for a locale: "resources/NAME_LOCALE.qm" in a plug-in's
-/// folder, where LOCALE is the language or the language and the country. Those installed before by this function are
-/// taken out. Texts that were shown before stay as they are. To be called from the main thread.
+/// A catalogue of translated texts: the files "FOLDER/NAME_LOCALE.qm", where LOCALE is a language, or a language and a
+/// country.
+struct Catalogue
+{
+    QString name;
+    QString folder;
+};
+
+/// Installs translations for a locale: those of a program's own catalogues, and those that the loaded plug-ins bring in
+/// their folders "resources", each under the plug-in's keyword. Of the languages that the locale's user reads, the
+/// first one that a catalogue has counts; English, which the sources speak, ends the search. Translations installed
+/// before by this function are taken out. Texts that were shown before stay as they are. To be called from the main
+/// thread, while there is an application object.
 ///
-/// @return the keywords of the plug-ins that have a translation for the locale
-QUARVELPLUGINMANAGER_EXPORT QStringList installTranslations(const QLocale& locale);
+/// @return the names of the catalogues that have a translation for the locale
+QUARVELPLUGINMANAGER_EXPORT QStringList installTranslations(const QLocale& locale, const QList<Catalogue>& own = {});
 
 } // namespace PLUG_Manager

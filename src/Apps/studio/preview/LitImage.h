@@ -14,8 +14,6 @@ class LitImage
 public:
     /// The image of a frame under lights; null when the memory is not enough.
     const QImage& image(const RenderedFramePtr& frame, const NM_LightingSettings& lighting);
-    /// Whether image() would compute for this frame.
-    bool isOld(const RenderedFramePtr& frame) const { return frame != _frame; }
     /// The lights are others; the next image() computes.
     void lightChanged() { _frame.reset(); }
 

@@ -84,11 +84,9 @@ void RenderService::cancel()
         Q_EMIT stateChanged();
 }
 
-void RenderService::cancelAndWait()
+bool RenderService::isFrameAwaited() const
 {
-    cancel();
-    std::unique_lock lock(_mutex);
-    _idle.wait(lock, [this] { return !_busy; });
+    return _rendering && (!_current || _current->frame != _document.currentFrame());
 }
 
 void RenderService::refresh()
@@ -165,7 +163,6 @@ void RenderService::work(const std::stop_token& stop)
             if (stop.stop_requested())
                 return;
             next = std::move(_waiting);
-            _busy = true;
         }
         try {
             renderRequest(*next, stop);
@@ -175,13 +172,6 @@ void RenderService::work(const std::stop_token& stop)
         } catch (const std::exception& error) {
             post({next->generation, nullptr, QString::fromUtf8(error.what()), true});
         }
-        // The copy of the scene goes before anybody is told that nobody looks at it.
-        next.reset();
-        {
-            const std::scoped_lock lock(_mutex);
-            _busy = false;
-        }
-        _idle.notify_all();
     }
 }
 

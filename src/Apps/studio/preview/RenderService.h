@@ -43,6 +43,8 @@ public:
     const RenderedFramePtr& current() const { return _current; }
     /// Whether a better picture is on its way.
     bool isRendering() const { return _rendering; }
+    /// Whether the document's current frame has no picture yet, not even a quick one, and one is on its way.
+    bool isFrameAwaited() const;
     /// Why there is no picture; empty when there is one or may be one soon.
     const QString& error() const { return _error; }
     /// How many pictures were begun since the start.
@@ -56,8 +58,6 @@ public:
 
     /// Gives up what is being rendered; the next change begins again.
     void cancel();
-    /// Does the same and returns when no thread looks at the scene's palettes and drawings any more.
-    void cancelAndWait();
     /// Renders again, whether anything changed or not.
     void refresh();
 
@@ -115,8 +115,6 @@ private:
     std::atomic<int> _renderCount = 0;
     std::mutex _mutex;
     std::condition_variable_any _wake;
-    std::condition_variable_any _idle;
     std::unique_ptr<Request> _waiting; // under _mutex
-    bool _busy = false;                // the same
     std::jthread _worker;              // last: it ends before the rest goes
 };

@@ -38,13 +38,10 @@ public:
     void setKind(PictureKind kind);
 
     double zoom() const { return _transform.zoom; }
-    bool isFitted() const { return _fitted; }
     const ViewTransform& transform() const { return _transform; }
 
     /// Where a light's handle is.
     QPointF handle(const StudioLight& light) const;
-    /// How often light was computed since the start.
-    int lightingCount() const { return _lightingCount; }
     /// The image that is shown, in the frame's pixels; null when there is none.
     QImage shownImage();
 
@@ -106,7 +103,6 @@ private:
     LightModel& _lights;
     RenderedFramePtr _frame;
     LitImage _lit;
-    int _lightingCount = 0;
     QString _message;
     double _progress = -1.0;
     PictureKind _kind = PictureKind::LIT;

@@ -98,8 +98,6 @@ QImage Viewer::shownImage()
     }
     if (_frame->kind != RenderedKind::NORMALS)
         return _frame->drawing;
-    if (_lit.isOld(_frame))
-        ++_lightingCount;
     return _lit.image(_frame, _lights.lighting());
 }
 

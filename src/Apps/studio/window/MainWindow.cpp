@@ -4,6 +4,8 @@
 #include "studio/window/MainWindow.h"
 
 #include "studio/docks/scene/LightPanel.h"
+#include "studio/docks/timeline/Playback.h"
+#include "studio/docks/timeline/TimelineView.h"
 #include "studio/preview/Viewer.h"
 #include "studio/window/MessageBar.h"
 #include "studio/window/StartPage.h"
@@ -99,6 +101,8 @@ void MainWindow::makeCentre()
 void MainWindow::makeDocks()
 {
     addStudioDocks(*this, _document);
+    // A frame whose picture never comes before the next one is due would never be seen.
+    findChild<TimelineView*>()->playback().setIsBusy([this] { return _renders.isFrameAwaited(); });
     auto* const dock = new QDockWidget(tr("Lights"), this);
     dock->setObjectName(QStringLiteral("lightsDock"));
     auto* const scroll = new QScrollArea;

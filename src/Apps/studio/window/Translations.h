@@ -3,7 +3,8 @@
 // The application's texts in the language of the person.
 #pragma once
 
-class QCoreApplication;
+class QLocale;
 
-/// Loads the translations of the toolkit and of the application, as far as there are any for the system's language.
-void loadTranslations(QCoreApplication& application);
+/// Installs the translations of the toolkit, of the application and of the loaded plug-ins, as far as there are any for
+/// the locale's languages. To be called from the main thread once the plug-ins are loaded and before windows are made.
+void installTranslations(const QLocale& locale);

@@ -10,7 +10,8 @@
 
 namespace {
 
-const AT_DoubleAttrMeta kTruckFactorMeta(QStringLiteral("TruckFactor"), QStringLiteral("Truck Factor"),
+const AT_DoubleAttrMeta kTruckFactorMeta(QStringLiteral("TruckFactor"),
+                                         QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Truck Factor")),
                                          QStringLiteral("DBL_STEP_SCALE"), 0.001, 1000.0, 0.1, 10.0);
 
 } // namespace

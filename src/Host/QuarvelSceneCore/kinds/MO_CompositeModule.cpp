@@ -18,7 +18,8 @@ QString translated(const char* text)
     return QCoreApplication::translate("MO_CompositeModule", text);
 }
 
-const AT_AttrMeta kOrderMeta(QStringLiteral("CompositeOrder"), QStringLiteral("Order of the Inputs"));
+const AT_AttrMeta kOrderMeta(QStringLiteral("CompositeOrder"),
+                             QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Order of the Inputs")));
 
 } // namespace
 

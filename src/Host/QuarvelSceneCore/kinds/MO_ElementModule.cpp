@@ -16,16 +16,21 @@ constexpr double kManyTimes = 1.0e4;
 
 const QString kAttributeExtension = QStringLiteral("drawingFileExt");
 
-const AT_AttrMeta kDrawingMeta(QStringLiteral("Drawing"), QStringLiteral("Drawing"));
-const AT_DoubleAttrMeta kPositionXMeta(QStringLiteral("PositionX"), QStringLiteral("Position X"),
+const AT_AttrMeta kDrawingMeta(QStringLiteral("Drawing"), QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Drawing")));
+const AT_DoubleAttrMeta kPositionXMeta(QStringLiteral("PositionX"),
+                                       QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Position X")),
                                        QStringLiteral("DBL_STEP_POSITION"), -kFarAway, kFarAway, -360.0, 360.0, 1.0);
-const AT_DoubleAttrMeta kPositionYMeta(QStringLiteral("PositionY"), QStringLiteral("Position Y"),
+const AT_DoubleAttrMeta kPositionYMeta(QStringLiteral("PositionY"),
+                                       QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Position Y")),
                                        QStringLiteral("DBL_STEP_POSITION"), -kFarAway, kFarAway, -360.0, 360.0, 1.0);
-const AT_DoubleAttrMeta kScaleXMeta(QStringLiteral("ScaleX"), QStringLiteral("Scale X"),
+const AT_DoubleAttrMeta kScaleXMeta(QStringLiteral("ScaleX"),
+                                    QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Scale X")),
                                     QStringLiteral("DBL_STEP_SCALE"), -kManyTimes, kManyTimes, 0.0, 4.0);
-const AT_DoubleAttrMeta kScaleYMeta(QStringLiteral("ScaleY"), QStringLiteral("Scale Y"),
+const AT_DoubleAttrMeta kScaleYMeta(QStringLiteral("ScaleY"),
+                                    QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Scale Y")),
                                     QStringLiteral("DBL_STEP_SCALE"), -kManyTimes, kManyTimes, 0.0, 4.0);
-const AT_DoubleAttrMeta kRotationMeta(QStringLiteral("Rotation"), QStringLiteral("Rotation"),
+const AT_DoubleAttrMeta kRotationMeta(QStringLiteral("Rotation"),
+                                      QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Rotation")),
                                       QStringLiteral("DBL_STEP_ANGLE"), -kFarAway, kFarAway, -180.0, 180.0, 1.0);
 
 } // namespace

@@ -8,7 +8,6 @@
 namespace {
 
 constexpr int kTick = 1000 / Playback::kFramesPerSecond / 3;
-constexpr qint64 kLongestWait = 500;
 
 } // namespace
 
@@ -58,7 +57,7 @@ int Playback::frameAfter(qint64 milliseconds, int begin, int first, int last)
 
 void Playback::step()
 {
-    if (_isBusy && _isBusy() && _sinceStep.elapsed() < kLongestWait)
+    if (_isBusy && _isBusy() && !_sinceStep.hasExpired(kLongestWait.count()))
         return;
     const MO_Scene& scene = _document.scene();
     const int frame = frameAfter(_clock.elapsed(), _begin, scene.firstFrame(), scene.lastFrame());

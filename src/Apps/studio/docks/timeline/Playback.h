@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
 
 class StudioDocument;
@@ -28,8 +29,10 @@ public:
     void start();
     void stop();
 
-    /// Says whether the frame that is shown is still on its way; the next one waits for it then, half a second at most.
-    /// Never, unless set.
+    /// How long a frame waits at most for the one before it to be seen.
+    static constexpr std::chrono::milliseconds kLongestWait{500};
+    /// Says whether the picture of the current frame is still on its way; the next frame waits for it then,
+    /// kLongestWait at most. Never, unless set.
     void setIsBusy(std::function<bool()> isBusy) { _isBusy = std::move(isBusy); }
 
     /// The frame to show after a time, having begun at a frame; the scene's range is repeated.

@@ -1,0 +1,1469 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de">
+<context>
+    <name>AT_Attr</name>
+    <message>
+        <source>&quot;%1&quot; is not known here and kept as it is</source>
+        <translation>„%1“ ist hier unbekannt und wird unverändert behalten</translation>
+    </message>
+    <message>
+        <source>the element &quot;%1&quot; is not known here and kept as it is</source>
+        <translation>das Element „%1“ ist hier unbekannt und wird unverändert behalten</translation>
+    </message>
+    <message>
+        <source>Change %1</source>
+        <translation>%1 ändern</translation>
+    </message>
+    <message>
+        <source>%1 is outside of the limits; %2 is taken</source>
+        <translation>%1 liegt außerhalb der Grenzen; genommen wird %2</translation>
+    </message>
+    <message>
+        <source>parts of the exposure at frame &quot;%1&quot; are not known here and kept as they are</source>
+        <translation>Teile der Belichtung bei Bild „%1“ sind hier unbekannt und werden unverändert behalten</translation>
+    </message>
+    <message>
+        <source>an exposure (frame &quot;%1&quot;) cannot be read and is left out</source>
+        <translation>eine Belichtung (Bild „%1“) ist nicht lesbar und wird ausgelassen</translation>
+    </message>
+    <message>
+        <source>Link %1</source>
+        <translation>%1 verknüpfen</translation>
+    </message>
+    <message>
+        <source>Unlink %1</source>
+        <translation>Verknüpfung von %1 lösen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a value for it; it stays as it was</source>
+        <translation>„%1“ ist dafür kein Wert; alles bleibt, wie es war</translation>
+    </message>
+</context>
+<context>
+    <name>AT_AttrMeta</name>
+    <message>
+        <source>Object Number</source>
+        <translation>Objektnummer</translation>
+    </message>
+    <message>
+        <source>Object Level</source>
+        <translation>Stufe des Objekts</translation>
+    </message>
+    <message>
+        <source>Scale by Coverage</source>
+        <translation>Mit Deckung skalieren</translation>
+    </message>
+    <message>
+        <source>Object Enabled</source>
+        <translation>Objekt aktiviert</translation>
+    </message>
+    <message>
+        <source>Truck Factor</source>
+        <translation>Kamerafahrt-Faktor</translation>
+    </message>
+    <message>
+        <source>Order of the Inputs</source>
+        <translation>Reihenfolge der Eingänge</translation>
+    </message>
+    <message>
+        <source>Drawing</source>
+        <translation>Zeichnung</translation>
+    </message>
+    <message>
+        <source>Position X</source>
+        <translation>Position X</translation>
+    </message>
+    <message>
+        <source>Position Y</source>
+        <translation>Position Y</translation>
+    </message>
+    <message>
+        <source>Scale X</source>
+        <translation>Skalierung X</translation>
+    </message>
+    <message>
+        <source>Scale Y</source>
+        <translation>Skalierung Y</translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation>Drehung</translation>
+    </message>
+</context>
+<context>
+    <name>AT_BoolAttr</name>
+    <message>
+        <source>On</source>
+        <translation>Ein</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+</context>
+<context>
+    <name>AttrEditor</name>
+    <message>
+        <source>%1 (in files: %2)</source>
+        <translation>%1 (in Dateien: %2)</translation>
+    </message>
+    <message>
+        <source>Linked: the value comes from another attribute.</source>
+        <translation>Verknüpft: Der Wert kommt von einem anderen Attribut.</translation>
+    </message>
+    <message>
+        <source>Choose a file</source>
+        <translation>Datei auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>Autosave</name>
+    <message>
+        <source>The folder %1 cannot be made, so nothing can be recovered after a crash.</source>
+        <translation>Der Ordner %1 lässt sich nicht anlegen. Nach einem Absturz kann deshalb nichts wiederhergestellt werden.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be written.</source>
+        <translation>Die Datei %1 lässt sich nicht schreiben.</translation>
+    </message>
+</context>
+<context>
+    <name>ElementsView</name>
+    <message>
+        <source>Show at Frame</source>
+        <translation>Bei Bild zeigen</translation>
+    </message>
+    <message>
+        <source>Show Nothing</source>
+        <translation>Nichts zeigen</translation>
+    </message>
+    <message>
+        <source>Elements</source>
+        <translation>Elemente</translation>
+    </message>
+    <message>
+        <source>Drawing</source>
+        <translation>Zeichnung</translation>
+    </message>
+    <message>
+        <source>Frames</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>Show nothing of the element from the current frame on</source>
+        <translation>Ab dem aktuellen Bild nichts von diesem Element zeigen</translation>
+    </message>
+    <message>
+        <source>Double click to show this drawing from the current frame on</source>
+        <translation>Doppelklick zeigt diese Zeichnung ab dem aktuellen Bild</translation>
+    </message>
+    <message>
+        <source>Show at Frame %1</source>
+        <translation>Bei Bild %1 zeigen</translation>
+    </message>
+    <message>
+        <source>Show the selected drawing from frame %1 on</source>
+        <translation>Die ausgewählte Zeichnung ab Bild %1 zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>ExportDialog</name>
+    <message>
+        <source>Export Frames</source>
+        <translation>Bilder exportieren</translation>
+    </message>
+    <message>
+        <source>E&amp;xport</source>
+        <translation>E&amp;xportieren</translation>
+    </message>
+    <message>
+        <source>&amp;Node</source>
+        <translation>K&amp;noten</translation>
+    </message>
+    <message>
+        <source>Whose picture is written</source>
+        <translation>Wessen Bild geschrieben wird</translation>
+    </message>
+    <message>
+        <source>&amp;Picture</source>
+        <translation>&amp;Bild</translation>
+    </message>
+    <message>
+        <source>What is written of it</source>
+        <translation>Was davon geschrieben wird</translation>
+    </message>
+    <message>
+        <source>&amp;Frames</source>
+        <translation>Bi&amp;lder</translation>
+    </message>
+    <message>
+        <source>For instance 1-24, 1-24x2 for every second one, or 1,5,9-12</source>
+        <translation>Zum Beispiel 1-24, 1-24x2 für jedes zweite oder 1,5,9-12</translation>
+    </message>
+    <message>
+        <source> pixels</source>
+        <translation> Pixel</translation>
+    </message>
+    <message>
+        <source>&amp;Width</source>
+        <translation>Br&amp;eite</translation>
+    </message>
+    <message>
+        <source>The height follows from the scene&apos;s shape</source>
+        <translation>Die Höhe ergibt sich aus dem Format der Szene</translation>
+    </message>
+    <message>
+        <source>PNG, 16 bits a channel</source>
+        <translation>PNG, 16 Bit pro Kanal</translation>
+    </message>
+    <message>
+        <source>OpenEXR, 32-bit float</source>
+        <translation>OpenEXR, 32-Bit-Gleitkomma</translation>
+    </message>
+    <message>
+        <source>OpenEXR, 16-bit float</source>
+        <translation>OpenEXR, 16-Bit-Gleitkomma</translation>
+    </message>
+    <message>
+        <source>F&amp;ormat</source>
+        <translation>F&amp;ormat</translation>
+    </message>
+    <message>
+        <source>OpenEXR holds normals, elevation and coverage as layers of one file</source>
+        <translation>OpenEXR enthält Normalen, Höhe und Deckung als Ebenen einer Datei</translation>
+    </message>
+    <message>
+        <source>Tangent space, for engines and compositors</source>
+        <translation>Tangentenraum, für Engines und Compositing</translation>
+    </message>
+    <message>
+        <source>The node&apos;s own channels</source>
+        <translation>Die eigenen Kanäle des Knotens</translation>
+    </message>
+    <message>
+        <source>&amp;Layout</source>
+        <translation>&amp;Kanalbelegung</translation>
+    </message>
+    <message>
+        <source>What the four channels hold</source>
+        <translation>Was die vier Kanäle enthalten</translation>
+    </message>
+    <message>
+        <source>Y up: green is bright towards the upper edge</source>
+        <translation>Y nach oben: Grün ist zur oberen Kante hin hell</translation>
+    </message>
+    <message>
+        <source>Y down: green is bright towards the lower edge</source>
+        <translation>Y nach unten: Grün ist zur unteren Kante hin hell</translation>
+    </message>
+    <message>
+        <source>O&amp;rientation</source>
+        <translation>A&amp;usrichtung</translation>
+    </message>
+    <message>
+        <source>Which way the normals&apos; y axis points; engines differ</source>
+        <translation>Wohin die Y-Achse der Normalen zeigt; Engines unterscheiden sich darin</translation>
+    </message>
+    <message>
+        <source>Pa&amp;dding</source>
+        <translation>&amp;Randzugabe</translation>
+    </message>
+    <message>
+        <source>How far colours grow past the silhouette, so that filtered edges stay clean</source>
+        <translation>Wie weit Farben über die Silhouette hinauswachsen, damit gefilterte Kanten sauber bleiben</translation>
+    </message>
+    <message>
+        <source>Render in &amp;32-bit float</source>
+        <translation>Mit &amp;32-Bit-Gleitkomma rendern</translation>
+    </message>
+    <message>
+        <source>Finer steps, twice the memory</source>
+        <translation>Feinere Stufen, doppelter Speicherbedarf</translation>
+    </message>
+    <message>
+        <source>Choose...</source>
+        <translation>Auswählen …</translation>
+    </message>
+    <message>
+        <source>Chooses the folder</source>
+        <translation>Wählt den Ordner aus</translation>
+    </message>
+    <message>
+        <source>Fold&amp;er</source>
+        <translation>Or&amp;dner</translation>
+    </message>
+    <message>
+        <source>Where the files go; the folder is made when it does not exist</source>
+        <translation>Wohin die Dateien kommen; ein fehlender Ordner wird angelegt</translation>
+    </message>
+    <message>
+        <source>File na&amp;me</source>
+        <translation>Dateina&amp;me</translation>
+    </message>
+    <message>
+        <source>#### is where the frame&apos;s number goes</source>
+        <translation>#### steht für die Bildnummer</translation>
+    </message>
+    <message>
+        <source>Normal map</source>
+        <translation>Normal-Map</translation>
+    </message>
+    <message>
+        <source>Elevation</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation>Farben</translation>
+    </message>
+    <message>
+        <source>x %1</source>
+        <translation>× %1</translation>
+    </message>
+    <message>
+        <source>Folder for the Pictures</source>
+        <translation>Ordner für die Bilder</translation>
+    </message>
+    <message numerus="yes">
+        <source>Rendering %n frame(s)...</source>
+        <translation>
+            <numerusform>%n Bild wird gerendert …</numerusform>
+            <numerusform>%n Bilder werden gerendert …</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n picture(s) written.</source>
+        <translation>
+            <numerusform>%n Bild geschrieben.</numerusform>
+            <numerusform>%n Bilder geschrieben.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Stopped before the end.</source>
+        <translation>Vorzeitig angehalten.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n frame(s) failed.</source>
+        <translation>
+            <numerusform>%n Bild ist fehlgeschlagen.</numerusform>
+            <numerusform>%n Bilder sind fehlgeschlagen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Stopping...</source>
+        <translation>Wird angehalten …</translation>
+    </message>
+</context>
+<context>
+    <name>ExportJob</name>
+    <message>
+        <source>None of these frames is in the scene, which has the frames %1 to %2.</source>
+        <translation>Keines dieser Bilder liegt in der Szene; sie hat die Bilder %1 bis %2.</translation>
+    </message>
+    <message>
+        <source>%1 would be written over by every frame; write %2.</source>
+        <translation>%1 würde von jedem Bild überschrieben; schreiben Sie %2.</translation>
+    </message>
+    <message>
+        <source>There is no node &quot;%1&quot; any more.</source>
+        <translation>Den Knoten „%1“ gibt es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>Frame %1: %2</source>
+        <translation>Bild %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>KeyButton</name>
+    <message>
+        <source>Remove the key at this frame</source>
+        <translation>Keyframe an diesem Bild entfernen</translation>
+    </message>
+    <message>
+        <source>Set a key at this frame</source>
+        <translation>Keyframe an diesem Bild setzen</translation>
+    </message>
+</context>
+<context>
+    <name>LightPanel</name>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Licht</translation>
+    </message>
+    <message>
+        <source>Which light is shown below</source>
+        <translation>Welches Licht unten gezeigt wird</translation>
+    </message>
+    <message>
+        <source>&amp;Across</source>
+        <translation>Nach &amp;rechts</translation>
+    </message>
+    <message>
+        <source>How far right of the picture&apos;s centre the light stands</source>
+        <translation>Wie weit rechts von der Bildmitte das Licht steht</translation>
+    </message>
+    <message>
+        <source>&amp;Up</source>
+        <translation>Nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>How far above the picture&apos;s centre the light stands</source>
+        <translation>Wie weit über der Bildmitte das Licht steht</translation>
+    </message>
+    <message>
+        <source>&amp;Height</source>
+        <translation>H&amp;öhe</translation>
+    </message>
+    <message>
+        <source>How high the light hangs over the drawing: low light grazes, high light flattens
+(Shift and the wheel over the picture)</source>
+        <translation>Wie hoch das Licht über der Zeichnung hängt: tief gibt Streiflicht, hoch wirkt flach
+(Umschalt und Mausrad über dem Bild)</translation>
+    </message>
+    <message>
+        <source>&amp;Intensity</source>
+        <translation>&amp;Intensität</translation>
+    </message>
+    <message>
+        <source>How bright the light is</source>
+        <translation>Wie hell das Licht ist</translation>
+    </message>
+    <message>
+        <source>The light&apos;s colour</source>
+        <translation>Die Farbe des Lichts</translation>
+    </message>
+    <message>
+        <source>&amp;Colour</source>
+        <translation>&amp;Farbe</translation>
+    </message>
+    <message>
+        <source>A&amp;mbient</source>
+        <translation>&amp;Umgebung</translation>
+    </message>
+    <message>
+        <source>Light from everywhere, which fills the shadows</source>
+        <translation>Licht von überall, das die Schatten aufhellt</translation>
+    </message>
+    <message>
+        <source>Hi&amp;ghlights</source>
+        <translation>&amp;Glanz</translation>
+    </message>
+    <message>
+        <source>How much the surface gleams</source>
+        <translation>Wie stark die Oberfläche glänzt</translation>
+    </message>
+    <message>
+        <source>&amp;Reset lights</source>
+        <translation>Lichter &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Back to one white light from the upper left</source>
+        <translation>Zurück zu einem weißen Licht von links oben</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Adds a light</source>
+        <translation>Fügt ein Licht hinzu</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Takes this light away</source>
+        <translation>Entfernt dieses Licht</translation>
+    </message>
+    <message>
+        <source>Colour of the light</source>
+        <translation>Farbe des Lichts</translation>
+    </message>
+    <message>
+        <source>Light %1</source>
+        <translation>Licht %1</translation>
+    </message>
+</context>
+<context>
+    <name>MO_DisplayModule</name>
+    <message>
+        <source>Display</source>
+        <translation>Anzeige</translation>
+    </message>
+</context>
+<context>
+    <name>MO_ElementModule</name>
+    <message>
+        <source>Drawing</source>
+        <translation>Zeichnung</translation>
+    </message>
+</context>
+<context>
+    <name>MO_GlueModule</name>
+    <message>
+        <source>Glue</source>
+        <translation>Durchleitung</translation>
+    </message>
+</context>
+<context>
+    <name>MO_GroupBorderModule</name>
+    <message>
+        <source>Group Entry</source>
+        <translation>Gruppeneingang</translation>
+    </message>
+    <message>
+        <source>Group Exit</source>
+        <translation>Gruppenausgang</translation>
+    </message>
+</context>
+<context>
+    <name>MO_Module</name>
+    <message>
+        <source>The element &lt;%1&gt; at line %2 is no module of the kind &quot;%3&quot;</source>
+        <translation>Das Element &lt;%1&gt; in Zeile %2 ist kein Modul der Art „%3“</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not understood by this version of the program</source>
+        <translation>„%1“ versteht diese Programmversion nicht</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Opening...</source>
+        <translation>Wird geöffnet …</translation>
+    </message>
+    <message>
+        <source>Lights</source>
+        <translation>Lichter</translation>
+    </message>
+    <message>
+        <source>The pixel under the mouse: its place; red, green, blue and alpha of what the node delivers; its normal; its elevation</source>
+        <translation>Das Pixel unter der Maus: sein Ort; Rot, Grün, Blau und Alpha der Knotenausgabe; seine Normale; seine Höhe</translation>
+    </message>
+    <message>
+        <source>This frame cannot be shown:
+%1</source>
+        <translation>Dieses Bild lässt sich nicht zeigen:
+%1</translation>
+    </message>
+    <message>
+        <source>The scene is empty.
+Drop drawings here, or add modules in the node view.</source>
+        <translation>Die Szene ist leer.
+Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu.</translation>
+    </message>
+    <message>
+        <source>Rendering...</source>
+        <translation>Wird gerendert …</translation>
+    </message>
+    <message>
+        <source>Quick preview</source>
+        <translation>Schnelle Vorschau</translation>
+    </message>
+    <message>
+        <source>%1 x %2</source>
+        <translation>%1 × %2</translation>
+    </message>
+    <message>
+        <source>%1, %2    R %3  G %4  B %5  A %6</source>
+        <translation>%1, %2    R %3  G %4  B %5  A %6</translation>
+    </message>
+    <message>
+        <source>    normal %1 %2 %3</source>
+        <translation>    Normale %1 %2 %3</translation>
+    </message>
+    <message>
+        <source>    elevation %1</source>
+        <translation>    Höhe %1</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>%1[*] - Quarvel Studio</source>
+        <translation>%1[*] – Quarvel Studio</translation>
+    </message>
+    <message>
+        <source>Quarvel Studio[*]</source>
+        <translation>Quarvel Studio[*]</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>About Quarvel Studio</source>
+        <translation>Über Quarvel Studio</translation>
+    </message>
+    <message>
+        <source>&lt;h3&gt;Quarvel Studio %1&lt;/h3&gt;Volume for flat drawings: elevation, normal maps, light.</source>
+        <translation>&lt;h3&gt;Quarvel Studio %1&lt;/h3&gt;Volumen für flache Zeichnungen: Höhe, Normal-Maps, Licht.</translation>
+    </message>
+    <message>
+        <source>Copyright 2026 The Vallorin developers. Free software under the Apache License 2.0.</source>
+        <translation>Copyright 2026 The Vallorin developers. Freie Software unter der Apache-Lizenz 2.0.</translation>
+    </message>
+    <message>
+        <source>Unsaved Changes</source>
+        <translation>Ungespeicherte Änderungen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has changes that are not saved.</source>
+        <translation>„%1“ hat ungespeicherte Änderungen.</translation>
+    </message>
+    <message>
+        <source>Save them? What is discarded cannot be brought back.</source>
+        <translation>Möchten Sie sie speichern? Verworfenes lässt sich nicht zurückholen.</translation>
+    </message>
+    <message>
+        <source>Open a Scene (its folder)</source>
+        <translation>Szene öffnen (ihr Ordner)</translation>
+    </message>
+    <message>
+        <source>Import Drawings</source>
+        <translation>Zeichnungen importieren</translation>
+    </message>
+    <message>
+        <source>Drawings (%1);;All files (*)</source>
+        <translation>Zeichnungen (%1);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>The example is not installed beside the program.</source>
+        <translation>Das Beispiel ist nicht neben dem Programm installiert.</translation>
+    </message>
+    <message>
+        <source>%1 does not exist any more. Was it moved or renamed?</source>
+        <translation>%1 gibt es nicht mehr. Wurde es verschoben oder umbenannt?</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Unbenannt</translation>
+    </message>
+    <message>
+        <source>Save the Scene</source>
+        <translation>Szene speichern</translation>
+    </message>
+    <message>
+        <source>Scenes (*.scene)</source>
+        <translation>Szenen (*.scene)</translation>
+    </message>
+    <message>
+        <source>%1 exists already. Replace it?</source>
+        <translation>%1 gibt es schon. Ersetzen?</translation>
+    </message>
+    <message>
+        <source>The scene was not saved: %1</source>
+        <translation>Die Szene wurde nicht gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>Recovery</source>
+        <translation>Wiederherstellung</translation>
+    </message>
+    <message>
+        <source>The application ended unexpectedly while &quot;%1&quot; had unsaved changes.</source>
+        <translation>Das Programm wurde unerwartet beendet, während „%1“ ungespeicherte Änderungen hatte.</translation>
+    </message>
+    <message>
+        <source>A copy of %1 is there. The scene was never saved.</source>
+        <translation>Es gibt eine Kopie von %1. Die Szene wurde noch nie gespeichert.</translation>
+    </message>
+    <message>
+        <source>A copy of %1 is there. The scene itself is in %2, as it was last saved.</source>
+        <translation>Es gibt eine Kopie von %1. Die Szene selbst liegt in %2, wie sie zuletzt gespeichert wurde.</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>&amp;Verwerfen</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>&amp;Später</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be recovered: %2</source>
+        <translation>„%1“ lässt sich nicht wiederherstellen: %2</translation>
+    </message>
+    <message>
+        <source>Recovered &quot;%1&quot; as it was at %2. It is not saved yet.</source>
+        <translation>„%1“ wurde mit dem Stand von %2 wiederhergestellt und ist noch nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>&amp;New Scene</source>
+        <translation>&amp;Neue Szene</translation>
+    </message>
+    <message>
+        <source>Begins an empty scene</source>
+        <translation>Beginnt eine leere Szene</translation>
+    </message>
+    <message>
+        <source>&amp;Open Scene...</source>
+        <translation>Szene ö&amp;ffnen …</translation>
+    </message>
+    <message>
+        <source>Opens a scene that was saved before</source>
+        <translation>Öffnet eine gespeicherte Szene</translation>
+    </message>
+    <message>
+        <source>&amp;Import Drawings...</source>
+        <translation>Zeichnungen &amp;importieren …</translation>
+    </message>
+    <message>
+        <source>Ctrl+I</source>
+        <translation>Ctrl+I</translation>
+    </message>
+    <message>
+        <source>Makes a scene of SVG drawings, bitmaps or a Lottie animation</source>
+        <translation>Macht eine Szene aus SVG-Zeichnungen, Bitmaps oder einer Lottie-Animation</translation>
+    </message>
+    <message>
+        <source>Open E&amp;xample</source>
+        <translation>B&amp;eispiel öffnen</translation>
+    </message>
+    <message>
+        <source>Opens the example drawing</source>
+        <translation>Öffnet die Beispielzeichnung</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>Saves the scene</source>
+        <translation>Speichert die Szene</translation>
+    </message>
+    <message>
+        <source>Save &amp;As...</source>
+        <translation>Speichern &amp;unter …</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+S</source>
+        <translation>Ctrl+Shift+S</translation>
+    </message>
+    <message>
+        <source>Saves the scene elsewhere</source>
+        <translation>Speichert die Szene an einem anderen Ort</translation>
+    </message>
+    <message>
+        <source>&amp;Export Frames...</source>
+        <translation>Bilder e&amp;xportieren …</translation>
+    </message>
+    <message>
+        <source>Ctrl+E</source>
+        <translation>Ctrl+E</translation>
+    </message>
+    <message>
+        <source>Renders frames into picture files</source>
+        <translation>Rendert Bilder in Bilddateien</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>Ctrl+Q</source>
+        <translation>Ctrl+Q</translation>
+    </message>
+    <message>
+        <source>Closes the application</source>
+        <translation>Beendet das Programm</translation>
+    </message>
+    <message>
+        <source>Takes the last change back</source>
+        <translation>Nimmt die letzte Änderung zurück</translation>
+    </message>
+    <message>
+        <source>Does again what was taken back</source>
+        <translation>Stellt die zurückgenommene Änderung wieder her</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>Deletes the selected modules</source>
+        <translation>Löscht die ausgewählten Module</translation>
+    </message>
+    <message>
+        <source>D&amp;uplicate</source>
+        <translation>&amp;Duplizieren</translation>
+    </message>
+    <message>
+        <source>Ctrl+D</source>
+        <translation>Ctrl+D</translation>
+    </message>
+    <message>
+        <source>Copies the selected modules</source>
+        <translation>Kopiert die ausgewählten Module</translation>
+    </message>
+    <message>
+        <source>&amp;Drawing</source>
+        <translation>&amp;Zeichnung</translation>
+    </message>
+    <message>
+        <source>Shows the drawing</source>
+        <translation>Zeigt die Zeichnung</translation>
+    </message>
+    <message>
+        <source>&amp;Elevation</source>
+        <translation>&amp;Höhe</translation>
+    </message>
+    <message>
+        <source>Shows how high the surface is: white is highest</source>
+        <translation>Zeigt, wie hoch die Oberfläche ist: Weiß ist am höchsten</translation>
+    </message>
+    <message>
+        <source>&amp;Normals</source>
+        <translation>&amp;Normalen</translation>
+    </message>
+    <message>
+        <source>Shows the normal map</source>
+        <translation>Zeigt die Normal-Map</translation>
+    </message>
+    <message>
+        <source>&amp;Lit</source>
+        <translation>Be&amp;leuchtet</translation>
+    </message>
+    <message>
+        <source>Shows the drawing in the light; drag the lights with the mouse</source>
+        <translation>Zeigt die Zeichnung im Licht; die Lichter lassen sich mit der Maus ziehen</translation>
+    </message>
+    <message>
+        <source>&amp;Fit</source>
+        <translation>&amp;Einpassen</translation>
+    </message>
+    <message>
+        <source>Ctrl+0</source>
+        <translation>Ctrl+0</translation>
+    </message>
+    <message>
+        <source>Shows the whole picture</source>
+        <translation>Zeigt das ganze Bild</translation>
+    </message>
+    <message>
+        <source>&amp;100 %</source>
+        <translation>&amp;100 %</translation>
+    </message>
+    <message>
+        <source>Ctrl+1</source>
+        <translation>Ctrl+1</translation>
+    </message>
+    <message>
+        <source>Shows a pixel as a pixel</source>
+        <translation>Zeigt ein Pixel als ein Pixel</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>&amp;Vergrößern</translation>
+    </message>
+    <message>
+        <source>Shows more detail</source>
+        <translation>Zeigt mehr Details</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>Ver&amp;kleinern</translation>
+    </message>
+    <message>
+        <source>Shows more at once</source>
+        <translation>Zeigt einen größeren Ausschnitt</translation>
+    </message>
+    <message>
+        <source>Show &amp;Selected Node</source>
+        <translation>&amp;Ausgewählten Knoten zeigen</translation>
+    </message>
+    <message>
+        <source>Shows the picture of the node that is selected, not the scene&apos;s output</source>
+        <translation>Zeigt das Bild des ausgewählten Knotens statt der Ausgabe der Szene</translation>
+    </message>
+    <message>
+        <source>%1 pixels</source>
+        <translation>%1 Pixel</translation>
+    </message>
+    <message>
+        <source>The preview&apos;s longer side</source>
+        <translation>Die längere Seite der Vorschau</translation>
+    </message>
+    <message>
+        <source>As the &amp;Desktop</source>
+        <translation>Wie der &amp;Desktop</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>D&amp;ark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+    <message>
+        <source>The colours of the window</source>
+        <translation>Die Farben des Fensters</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Recent</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Preview Size</source>
+        <translation>Vorschau&amp;größe</translation>
+    </message>
+    <message>
+        <source>&amp;Panels</source>
+        <translation>&amp;Bedienfelder</translation>
+    </message>
+    <message>
+        <source>&amp;Appearance</source>
+        <translation>Erscheinungsb&amp;ild</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;About Quarvel Studio</source>
+        <translation>Ü&amp;ber Quarvel Studio</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>&amp;Clear</source>
+        <translation>&amp;Leeren</translation>
+    </message>
+</context>
+<context>
+    <name>MessageBar</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Puts this message away</source>
+        <translation>Blendet diese Meldung aus</translation>
+    </message>
+    <message numerus="yes">
+        <source>... and %n more</source>
+        <translation>
+            <numerusform>… und %n weitere</numerusform>
+            <numerusform>… und %n weitere</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>NodeActions</name>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>Aktiviert</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Look Inside</source>
+        <translation>Hineinsehen</translation>
+    </message>
+    <message>
+        <source>Leave Group</source>
+        <translation>Gruppe verlassen</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Alles auswählen</translation>
+    </message>
+    <message>
+        <source>Show Everything</source>
+        <translation>Alles zeigen</translation>
+    </message>
+    <message>
+        <source>Cut Link</source>
+        <translation>Verbindung trennen</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Connect To</source>
+        <translation>Verbinden mit</translation>
+    </message>
+    <message>
+        <source>Disconnect &quot;%1&quot;</source>
+        <translation>„%1“ trennen</translation>
+    </message>
+    <message>
+        <source>Ports of &quot;%1&quot;</source>
+        <translation>Anschlüsse von „%1“</translation>
+    </message>
+    <message>
+        <source>Add Input</source>
+        <translation>Eingang hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add Output</source>
+        <translation>Ausgang hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove Last Input</source>
+        <translation>Letzten Eingang entfernen</translation>
+    </message>
+    <message>
+        <source>Remove Last Output</source>
+        <translation>Letzten Ausgang entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>NodeItem</name>
+    <message>
+        <source>Disabled: passes on its first input</source>
+        <translation>Deaktiviert: gibt den ersten Eingang weiter</translation>
+    </message>
+    <message>
+        <source>Double click to look inside</source>
+        <translation>Doppelklick zum Hineinsehen</translation>
+    </message>
+    <message>
+        <source>%1 (off)</source>
+        <translation>%1 (aus)</translation>
+    </message>
+</context>
+<context>
+    <name>NodePanel</name>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add a node; it is linked to the selected one</source>
+        <translation>Knoten hinzufügen; er wird mit dem ausgewählten verbunden</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Einpassen</translation>
+    </message>
+    <message>
+        <source>Scene</source>
+        <translation>Szene</translation>
+    </message>
+    <message>
+        <source>Show &quot;%1&quot;</source>
+        <translation>„%1“ zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>NodeView</name>
+    <message>
+        <source>Node view</source>
+        <translation>Knotenansicht</translation>
+    </message>
+    <message>
+        <source>Nothing here yet. Add a node with the Add button, or drop a drawing on the window.</source>
+        <translation>Hier ist noch nichts. Fügen Sie über „Hinzufügen“ einen Knoten hinzu oder ziehen Sie eine Zeichnung ins Fenster.</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+</context>
+<context>
+    <name>ObjectDefinition</name>
+    <message>
+        <source>Object-Definition</source>
+        <translation>Object-Definition</translation>
+    </message>
+</context>
+<context>
+    <name>PLUG_EditorPanel</name>
+    <message>
+        <source>No node is selected</source>
+        <translation>Kein Knoten ausgewählt</translation>
+    </message>
+</context>
+<context>
+    <name>PaletteView</name>
+    <message>
+        <source>Change Colour…</source>
+        <translation>Farbe ändern …</translation>
+    </message>
+    <message>
+        <source>Palettes</source>
+        <translation>Paletten</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Choose another value for the selected colour</source>
+        <translation>Einen anderen Wert für die ausgewählte Farbe wählen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no colour; write it as #RRGGBB or #RRGGBBAA</source>
+        <translation>„%1“ ist keine Farbe; schreiben Sie sie als #RRGGBB oder #RRGGBBAA</translation>
+    </message>
+    <message>
+        <source>Colour &quot;%1&quot;</source>
+        <translation>Farbe „%1“</translation>
+    </message>
+</context>
+<context>
+    <name>PropertiesView</name>
+    <message>
+        <source>Select a node to see its properties.</source>
+        <translation>Wählen Sie einen Knoten aus, um seine Eigenschaften zu sehen.</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>Aktiviert</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>The node&apos;s name; no two nodes of a scene have the same</source>
+        <translation>Der Name des Knotens; er kommt in einer Szene nur einmal vor</translation>
+    </message>
+    <message>
+        <source>A node that is not enabled passes on its first input</source>
+        <translation>Ein deaktivierter Knoten gibt seinen ersten Eingang weiter</translation>
+    </message>
+</context>
+<context>
+    <name>RD_SoftRenderer</name>
+    <message>
+        <source>More than %1 modules follow each other in the graph</source>
+        <translation>Mehr als %1 Module folgen im Graphen aufeinander</translation>
+    </message>
+    <message>
+        <source>The drawings are reached on too many paths through the graph</source>
+        <translation>Die Zeichnungen sind auf zu vielen Wegen durch den Graphen erreichbar</translation>
+    </message>
+</context>
+<context>
+    <name>RenderService</name>
+    <message>
+        <source>The memory is not enough for this picture; choose a smaller preview.</source>
+        <translation>Der Speicher reicht für dieses Bild nicht; wählen Sie eine kleinere Vorschau.</translation>
+    </message>
+</context>
+<context>
+    <name>SIO_FileSystem</name>
+    <message>
+        <source>it is a folder</source>
+        <translation>es ist ein Ordner</translation>
+    </message>
+</context>
+<context>
+    <name>SIO_JournalSeal</name>
+    <message>
+        <source>cannot make or read the key &quot;%1&quot;, without which no save is safe; make that folder writable and the file your own, or set XDG_STATE_HOME</source>
+        <translation>der Schlüssel „%1“, ohne den kein Speichern sicher ist, lässt sich weder anlegen noch lesen; machen Sie den Ordner beschreibbar und die Datei zu Ihrer eigenen, oder setzen Sie XDG_STATE_HOME</translation>
+    </message>
+</context>
+<context>
+    <name>SIO_PathInside</name>
+    <message>
+        <source>&quot;%1&quot; is no path within the scene&apos;s folder</source>
+        <translation>„%1“ ist kein Pfad innerhalb des Szenenordners</translation>
+    </message>
+</context>
+<context>
+    <name>SIO_SafeFile</name>
+    <message>
+        <source>&quot;%1&quot; is larger than %2 MiB</source>
+        <translation>„%1“ ist größer als %2 MiB</translation>
+    </message>
+    <message>
+        <source>cannot read &quot;%1&quot;: %2</source>
+        <translation>„%1“ ist nicht lesbar: %2</translation>
+    </message>
+</context>
+<context>
+    <name>SceneFiles</name>
+    <message>
+        <source>%1 does not exist any more. Was it moved or renamed?</source>
+        <translation>%1 gibt es nicht mehr. Wurde es verschoben oder umbenannt?</translation>
+    </message>
+    <message>
+        <source>Open one scene at a time, or drawings without a scene.</source>
+        <translation>Öffnen Sie immer nur eine Szene, oder Zeichnungen ohne Szene.</translation>
+    </message>
+    <message>
+        <source>There is nothing to open: neither a scene nor drawings (%1).</source>
+        <translation>Hier gibt es nichts zu öffnen: weder eine Szene noch Zeichnungen (%1).</translation>
+    </message>
+    <message>
+        <source>The memory is not enough to open this.</source>
+        <translation>Der Speicher reicht nicht, um das zu öffnen.</translation>
+    </message>
+</context>
+<context>
+    <name>StartPage</name>
+    <message>
+        <source>%1  -  in %2</source>
+        <translation>%1  –  in %2</translation>
+    </message>
+    <message>
+        <source>Recent</source>
+        <translation>Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>&amp;Import drawings</source>
+        <translation>Zeichnungen &amp;importieren</translation>
+    </message>
+    <message>
+        <source>SVG, PNG or a Lottie animation, one file or many</source>
+        <translation>SVG, PNG oder eine Lottie-Animation, eine Datei oder viele</translation>
+    </message>
+    <message>
+        <source>&amp;Open a scene</source>
+        <translation>Szene ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>One that was saved before</source>
+        <translation>Eine, die schon gespeichert wurde</translation>
+    </message>
+    <message>
+        <source>Look at the &amp;example</source>
+        <translation>&amp;Beispiel ansehen</translation>
+    </message>
+    <message>
+        <source>A drawing with volume, and a light to move over it</source>
+        <translation>Eine Zeichnung mit Volumen und ein Licht, das sich darüber bewegen lässt</translation>
+    </message>
+    <message>
+        <source>&lt;span style=&apos;font-size:20pt; font-weight:600&apos;&gt;Quarvel Studio&lt;/span&gt;&lt;br&gt;Volume for flat drawings. Drop a drawing here to begin.</source>
+        <translation>&lt;span style=&apos;font-size:20pt; font-weight:600&apos;&gt;Quarvel Studio&lt;/span&gt;&lt;br&gt;Volumen für flache Zeichnungen. Ziehen Sie eine Zeichnung hierher, um anzufangen.</translation>
+    </message>
+</context>
+<context>
+    <name>StudioDocks</name>
+    <message>
+        <source>Nodes</source>
+        <translation>Knoten</translation>
+    </message>
+    <message>
+        <source>Timeline</source>
+        <translation>Zeitleiste</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>Eigenschaften</translation>
+    </message>
+    <message>
+        <source>Palette</source>
+        <translation>Palette</translation>
+    </message>
+    <message>
+        <source>Elements</source>
+        <translation>Elemente</translation>
+    </message>
+</context>
+<context>
+    <name>StudioDocument</name>
+    <message>
+        <source>Untitled</source>
+        <translation>Unbenannt</translation>
+    </message>
+</context>
+<context>
+    <name>TimelineCanvas</name>
+    <message>
+        <source>Timeline</source>
+        <translation>Zeitleiste</translation>
+    </message>
+    <message>
+        <source>Show from Frame %1</source>
+        <translation>Ab Bild %1 zeigen</translation>
+    </message>
+    <message>
+        <source>Show Nothing from Frame %1</source>
+        <translation>Ab Bild %1 nichts zeigen</translation>
+    </message>
+    <message>
+        <source>Remove Exposure</source>
+        <translation>Belichtung entfernen</translation>
+    </message>
+    <message>
+        <source>Add Key at Frame %1</source>
+        <translation>Keyframe bei Bild %1 setzen</translation>
+    </message>
+    <message>
+        <source>Hold until the Next Key</source>
+        <translation>Bis zum nächsten Keyframe halten</translation>
+    </message>
+    <message>
+        <source>Straight to the Next Key</source>
+        <translation>Linear zum nächsten Keyframe</translation>
+    </message>
+    <message>
+        <source>Smooth to the Next Key</source>
+        <translation>Weich zum nächsten Keyframe</translation>
+    </message>
+    <message>
+        <source>Delete Key</source>
+        <translation>Keyframe löschen</translation>
+    </message>
+    <message>
+        <source>Click or drag to go to a frame</source>
+        <translation>Klicken oder ziehen, um zu einem Bild zu gehen</translation>
+    </message>
+    <message>
+        <source>%1, frame %2: %3</source>
+        <translation>%1, Bild %2: %3</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nichts</translation>
+    </message>
+</context>
+<context>
+    <name>TimelineRows</name>
+    <message>
+        <source>Camera: %1</source>
+        <translation>Kamera: %1</translation>
+    </message>
+</context>
+<context>
+    <name>TimelineView</name>
+    <message>
+        <source>Go to the first frame (Home)</source>
+        <translation>Zum ersten Bild (Pos1)</translation>
+    </message>
+    <message>
+        <source>One frame back (Left)</source>
+        <translation>Ein Bild zurück (Links)</translation>
+    </message>
+    <message>
+        <source>Play or stop (Space)</source>
+        <translation>Abspielen oder anhalten (Leertaste)</translation>
+    </message>
+    <message>
+        <source>One frame forward (Right)</source>
+        <translation>Ein Bild vor (Rechts)</translation>
+    </message>
+    <message>
+        <source>Go to the last frame (End)</source>
+        <translation>Zum letzten Bild (Ende)</translation>
+    </message>
+    <message>
+        <source>Frame</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>The frame that is shown</source>
+        <translation>Das gezeigte Bild</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>The scene&apos;s first frame</source>
+        <translation>Das erste Bild der Szene</translation>
+    </message>
+    <message>
+        <source>to</source>
+        <translation>bis</translation>
+    </message>
+    <message>
+        <source>The scene&apos;s last frame</source>
+        <translation>Das letzte Bild der Szene</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Abspielen</translation>
+    </message>
+</context>
+<context>
+    <name>Viewer</name>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; shows colours: there is no volume to look at.
+Connect it to a normal-map node, or look at the drawing.</source>
+        <translation>„%1“ zeigt Farben; ein Volumen gibt es hier nicht zu sehen.
+Verbinden Sie es mit einem Normal-Map-Knoten oder sehen Sie sich die Zeichnung an.</translation>
+    </message>
+    <message>
+        <source>The node makes no normals, so there is nothing to light.
+Switch on &quot;Generate Normals&quot; in its properties.</source>
+        <translation>Der Knoten erzeugt keine Normalen, also gibt es nichts zu beleuchten.
+Schalten Sie in seinen Eigenschaften „Normalen erzeugen“ ein.</translation>
+    </message>
+</context>
+<context>
+    <name>XUGroup</name>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Volume for flat drawings</source>
+        <translation>Volumen für flache Zeichnungen</translation>
+    </message>
+    <message>
+        <source>Write pictures of the windows and end.</source>
+        <translation>Bilder der Fenster schreiben und beenden.</translation>
+    </message>
+    <message>
+        <source>A scene, or drawings to import.</source>
+        <translation>Eine Szene oder Zeichnungen zum Importieren.</translation>
+    </message>
+</context>
+</TS>
