@@ -55,8 +55,11 @@ protected:
     UT_SharedPtr<VallorinRenderHandler> make(const std::vector<node_render::PortRenderInfo>& ports,
                                              const char* objectList)
     {
-        UT_SharedPtr<VallorinRenderHandler> handler(
-            new VallorinRenderHandler(1.0, MO_CompositeModuleBitmapHandler::CompositeModuleInterface{}, ports));
+        // The host hands over both formats as they are.
+        MO_CompositeModuleBitmapHandler::CompositeModuleInterface module;
+        module.acceptsFloatCels = true;
+        module.accepts16BitCels = true;
+        UT_SharedPtr<VallorinRenderHandler> handler(new VallorinRenderHandler(1.0, module, ports));
         handler->objectInformation = QString::fromLatin1(objectList);
         return handler;
     }
@@ -156,8 +159,8 @@ TEST_F(RenderHandler, InputsAreConvertedToTheFormatOfTheRender)
     const auto handler = make(1, "1:0");
     deliver(*handler, tagged(filled<PixelFloat>(kSide, kSide, {1.0F, 0.0F, 0.0F, 1.0F}), 1));
     ASSERT_EQ(handler->inputPixmaps.size(), 1U);
-    EXPECT_EQ(handler->inputPixmaps.at(0)->format(), CEL_FORMAT_RGBA16);
-    EXPECT_EQ(handler->objectAccumulators.at(1)->format(), CEL_FORMAT_RGBA16);
+    ASSERT_EQ(handler->inputPixmaps.at(0)->format(), CEL_FORMAT_RGBA16);
+    ASSERT_EQ(handler->objectAccumulators.at(1)->format(), CEL_FORMAT_RGBA16);
     EXPECT_EQ(finish(*handler)->at(3, 3).a, 32767);
 }
 
@@ -166,8 +169,8 @@ TEST_F(RenderHandlerFloat, InputsAreConvertedToTheFormatOfTheRender)
     const auto handler = make(1, "1:0");
     deliver(*handler, tagged(filled<Pixel16>(kSide, kSide, {32767, 0, 0, 32767}), 1));
     ASSERT_EQ(handler->inputPixmaps.size(), 1U);
-    EXPECT_EQ(handler->inputPixmaps.at(0)->format(), CEL_FORMAT_RGBAFLOAT);
-    EXPECT_EQ(handler->objectAccumulators.at(1)->format(), CEL_FORMAT_RGBAFLOAT);
+    ASSERT_EQ(handler->inputPixmaps.at(0)->format(), CEL_FORMAT_RGBAFLOAT);
+    ASSERT_EQ(handler->objectAccumulators.at(1)->format(), CEL_FORMAT_RGBAFLOAT);
     EXPECT_EQ(finish(*handler)->at(3, 3).a, 1.0F);
 }
 
