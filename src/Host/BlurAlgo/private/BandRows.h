@@ -11,7 +11,8 @@
 #include "BlurAlgo/BA_GaussianBlur.h"
 #include "BlurAlgo/private/Intervals.h"
 #include "BlurAlgo/private/RowMemory.h"
-#include "BlurAlgo/private/RowWindow.h"
+#include "QuarvelVectorLanes/VL_RowWindow.h"
+#include "QuarvelVectorLanes/VL_Strips.h"
 
 #include <algorithm>
 #include <array>
@@ -99,7 +100,7 @@ private:
 
     Source& _source;
     Interval _y;
-    RowWindow _window;
+    VL_RowWindow _window;
     const float* _zeros;
 };
 
@@ -178,15 +179,14 @@ template<typename IsEmpty, typename Work, typename Skip>
 Interval forStrips(int n, const IsEmpty& isEmpty, const Work& work, const Skip& skip)
 {
     Interval done;
-    for (int x = 0; x < n; x += kStrip) {
-        const int columns = std::min(kStrip, n - x);
+    VL_forStrips(n, kStrip, [&](int x, int columns) {
         if (isEmpty(x, columns)) {
             skip(x, columns);
-            continue;
+            return;
         }
         work(x, columns);
         done = {done.size() > 0 ? done.lo : x, x + columns};
-    }
+    });
     return done;
 }
 

@@ -4,6 +4,7 @@
 #include "BlurAlgo/private/DoublingStage.h"
 
 #include "BlurAlgo/private/PyramidKernels.h"
+#include "QuarvelVectorLanes/VL_Stores.h"
 
 #include <algorithm>
 #include <array>
@@ -104,7 +105,7 @@ private:
     int _n;
     std::vector<const float*> _around;
     ColumnDoubler _columns;
-    std::optional<RowWindow> _wideRows;
+    std::optional<VL_RowWindow> _wideRows;
     float* _narrow = nullptr;
     const float* _zeros = nullptr;
 };
@@ -153,7 +154,7 @@ void doubleRowsOf(Source& source, const Math::Box2di& rect, const StepPair& step
         doubler.run(v, results, outputs.worthStreaming());
         outputs.end();
     }
-    PyramidKernels::finishStreaming();
+    VL_finishStores();
 }
 
 } // namespace

@@ -98,11 +98,10 @@ public:
         rows = rows.first(count + static_cast<std::size_t>(2 * reachOf(_weights)));
         const std::span<const float* const> news = _begun ? rows.last(count) : rows;
         _begun = true;
-        for (int x = 0; x < _n; x += kStrip) {
-            const Interval columns{x, std::min(x + kStrip, _n)};
-            LevelKernels::followLevels(news, x, columns.size(), _levels.data() + x / kLevelStrip);
-            sumStrips(rows, columns, sums, count);
-        }
+        VL_forStrips(_n, kStrip, [&](int x, int columns) {
+            LevelKernels::followLevels(news, x, columns, _levels.data() + x / kLevelStrip);
+            sumStrips(rows, {x, x + columns}, sums, count);
+        });
     }
 
 private:

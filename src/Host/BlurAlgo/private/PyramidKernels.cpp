@@ -18,10 +18,13 @@
 #include <hwy/foreach_target.h>
 #include <hwy/highway.h>
 
+#include "QuarvelVectorLanes/VL_Lanes-inl.h"
+
 HWY_BEFORE_NAMESPACE();
 namespace BlurAlgo::PyramidKernels::HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
+namespace vl = VL::HWY_NAMESPACE;
 using Floats = hn::ScalableTag<float>;
 using OneFloat = hn::CappedTag<float, 1>;
 
@@ -302,12 +305,11 @@ HWY_INLINE void doubleRowsAt(D d, const float* const* in, const float* weights, 
 /// The samples before the first one that all rows have at an address of whole vectors; n if there is none.
 HWY_INLINE int unalignedSamples(const DoubledRows& rows, int n)
 {
-    const auto bytes = static_cast<std::uintptr_t>(lanes()) * sizeof(float);
-    const auto offset = [bytes](const float* row) { return reinterpret_cast<std::uintptr_t>(row) % bytes; };
-    const std::uintptr_t first = offset(rows[0]);
-    if (!std::all_of(rows.begin(), rows.end(), [&](const float* row) { return offset(row) == first; }))
-        return n;
-    return std::min(n, static_cast<int>((bytes - first) % bytes / sizeof(float)));
+    const std::size_t first = vl::untilAligned(Floats(), rows[0]);
+    for (const float* row : rows)
+        if (vl::untilAligned(Floats(), row) != first)
+            return n;
+    return std::min(n, static_cast<int>(first));
 }
 
 template<int kReach>
@@ -426,11 +428,6 @@ void doubleRows(std::span<const float* const> rows, std::span<const float> weigh
                 bool stream)
 {
     VL_CALL(doubleRows)(rows, weights, out, n, stream);
-}
-
-void finishStreaming()
-{
-    hwy::FlushStream();
 }
 
 } // namespace BlurAlgo::PyramidKernels

@@ -67,7 +67,4 @@ void doubleColumns(const float* in, std::span<const float> weights, float* out, 
 void doubleRows(std::span<const float* const> rows, std::span<const float> weights, const DoubledRows& out, int n,
                 bool stream);
 
-/// To be called before other threads read what was written past the caches.
-void finishStreaming();
-
 } // namespace BlurAlgo::PyramidKernels

@@ -11,12 +11,13 @@
 #include <hwy/foreach_target.h>
 #include <hwy/highway.h>
 
-#include "render/KernelLanes-inl.h"
+#include "QuarvelVectorLanes/VL_Lanes-inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace VolumeRowKernels::HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
+namespace vl = VL::HWY_NAMESPACE;
 
 // ---- the accumulator
 
@@ -108,7 +109,7 @@ void weigh16(std::span<const CEL_PixelRGBA16> accumulated, float* HWY_RESTRICT m
 
 void weighFloat(std::span<const CEL_PixelRGBAFloat> accumulated, float* HWY_RESTRICT mask)
 {
-    forLanes<float>(accumulated.size(), [&](auto d, std::size_t i) HWY_ATTR {
+    vl::forLanes<float>(accumulated.size(), [&](auto d, std::size_t i) HWY_ATTR {
         hn::Vec<decltype(d)> r;
         hn::Vec<decltype(d)> g;
         hn::Vec<decltype(d)> b;

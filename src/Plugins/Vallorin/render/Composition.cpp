@@ -121,7 +121,7 @@ void VallorinRenderHandler::BasicAccumFunctor<Pixel>::operator()(const tbb::bloc
         findPorts(y, ports);
         composeRow(y, ports);
     }
-    VolumeRowKernels::finishStores();
+    VL_finishStores();
 }
 
 template<typename Pixel>

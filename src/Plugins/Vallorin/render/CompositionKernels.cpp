@@ -10,12 +10,13 @@
 #include <hwy/foreach_target.h>
 #include <hwy/highway.h>
 
-#include "render/StreamLanes-inl.h"
+#include "QuarvelVectorLanes/VL_Lanes-inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace VolumeRowKernels::HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
+namespace vl = VL::HWY_NAMESPACE;
 
 #if HWY_TARGET == HWY_SCALAR
 void placeNormals16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
@@ -137,7 +138,7 @@ HWY_INLINE void placeNormalsRow(std::span<const Pixel> coverage, const Pixel* ob
     const ChannelTag<Pixel> d;
     const std::size_t step = hn::Lanes(d) / kChannels;
     const Placement placement(blue);
-    std::size_t i = kPastCache ? std::min(coverage.size(), untilAligned(d, output)) : 0;
+    std::size_t i = kPastCache ? std::min(coverage.size(), vl::untilAligned(d, output)) : 0;
     placeNormalsOneByOne(coverage.first(i), object, blue, output);
     for (; i + step <= coverage.size(); i += step) {
         const auto pixels = placement.over(&coverage[i], object + i);

@@ -10,12 +10,13 @@
 #include <hwy/foreach_target.h>
 #include <hwy/highway.h>
 
-#include "render/KernelLanes-inl.h"
+#include "QuarvelVectorLanes/VL_Lanes-inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace VolumeRowKernels::HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
+namespace vl = VL::HWY_NAMESPACE;
 
 // ---- what is near geometry
 
@@ -143,7 +144,7 @@ void roundAndClip(std::span<float> values, Rounding rounding, const std::uint64_
 template<class DF>
 HWY_INLINE void raiseAt(DF df, const float* share, double rise, float* depth)
 {
-    const auto depths = inDoubles<float>(df, [&](auto d, std::size_t i) HWY_ATTR {
+    const auto depths = vl::inDoubles<float>(df, [&](auto d, std::size_t i) HWY_ATTR {
         const hn::Rebind<float, decltype(d)> dh;
         return hn::DemoteTo(dh, hn::Mul(hn::PromoteTo(d, hn::LoadU(dh, share + i)), hn::Set(d, rise)));
     });
@@ -153,7 +154,7 @@ HWY_INLINE void raiseAt(DF df, const float* share, double rise, float* depth)
 void elevate(std::span<const float> values, const LinearShare& profile, double rise, float* HWY_RESTRICT share,
              float* HWY_RESTRICT depth)
 {
-    forLanes<float>(values.size(), [&](auto d, std::size_t i) HWY_ATTR {
+    vl::forLanes<float>(values.size(), [&](auto d, std::size_t i) HWY_ATTR {
         const auto value = hn::LoadU(d, values.data() + i);
         const auto x = hn::Mul(hn::Sub(value, hn::Set(d, profile.lowest)), hn::Set(d, profile.scale));
         hn::StoreU(hn::IfThenElseZero(hn::Gt(value, hn::Zero(d)), x), d, share + i);
@@ -163,8 +164,8 @@ void elevate(std::span<const float> values, const LinearShare& profile, double r
 
 void raise(std::span<const float> share, double rise, float* HWY_RESTRICT depth)
 {
-    forLanes<float>(share.size(),
-                    [&](auto d, std::size_t i) HWY_ATTR { raiseAt(d, share.data() + i, rise, depth + i); });
+    vl::forLanes<float>(share.size(),
+                        [&](auto d, std::size_t i) HWY_ATTR { raiseAt(d, share.data() + i, rise, depth + i); });
 }
 
 } // namespace VolumeRowKernels::HWY_NAMESPACE

@@ -12,7 +12,7 @@
 
 #include <hwy/highway.h>
 
-#include "render/KernelLanes-inl.h"
+#include "QuarvelVectorLanes/VL_Lanes-inl.h"
 
 #if defined(VALLORIN_NORMAL_CODES_INL_H) == defined(HWY_TARGET_TOGGLE)
 #ifdef VALLORIN_NORMAL_CODES_INL_H
@@ -25,6 +25,7 @@ HWY_BEFORE_NAMESPACE();
 namespace VolumeRowKernels::HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
+namespace vl = VL::HWY_NAMESPACE;
 
 template<class D>
 struct Vector3
@@ -136,7 +137,7 @@ struct Format16
     template<class DF>
     static HWY_INLINE hn::Vec<CodeTag<DF>> elevation(DF df, const float* share)
     {
-        return inDoubles<Code>(df, [&](auto d, std::size_t i) HWY_ATTR {
+        return vl::inDoubles<Code>(df, [&](auto d, std::size_t i) HWY_ATTR {
             const auto wide = hn::PromoteTo(d, hn::LoadU(hn::Rebind<float, decltype(d)>(), share + i));
             const auto scaled = hn::Mul(wide, hn::Set(d, 32765.0));
             return hn::DemoteTo(CodeTag<decltype(d)>(), hn::Add(scaled, hn::Set(d, 1.0)));
@@ -221,9 +222,9 @@ HWY_INLINE Codes<Format, DF> codesOf(DF d, const NormalEstimate<DF>& normal, con
     if (HWY_LIKELY(hn::AllFalse(d, isDoubtful)))
         return {r, g};
     const typename Format::template CodeTag<DF> dc;
-    std::array<typename Format::Code, kMostLanes> rs;
-    std::array<typename Format::Code, kMostLanes> gs;
-    std::array<std::uint8_t, kMostLanes / 8> bits{};
+    std::array<typename Format::Code, vl::kMostLanes> rs;
+    std::array<typename Format::Code, vl::kMostLanes> gs;
+    std::array<std::uint8_t, vl::kMostLanes / 8> bits{};
     hn::StoreU(r, dc, rs.data());
     hn::StoreU(g, dc, gs.data());
     hn::StoreMaskBits(d, isDoubtful, bits.data());

@@ -20,6 +20,7 @@ HWY_BEFORE_NAMESPACE();
 namespace VolumeRowKernels::HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
+namespace vl = VL::HWY_NAMESPACE;
 
 template<class D>
 HWY_INLINE Vector3<D> unitOf(D d, const Vector3<D>& v)
@@ -233,7 +234,7 @@ HWY_INLINE Codes<Format, DF> codesAt(DF d, const DepthRows& depth, std::size_t i
 template<class Format, bool kDiagonals>
 HWY_INLINE void storeNormalsRow(const DepthRows& depth, const float* share, std::span<typename Format::Pixel> pixels)
 {
-    forLanes<float>(pixels.size(), [&](auto d, std::size_t i) HWY_ATTR {
+    vl::forLanes<float>(pixels.size(), [&](auto d, std::size_t i) HWY_ATTR {
         const auto exists = hn::Ne(hn::LoadU(d, depth.here + i), hn::Zero(d));
         storePixels<Format>(d, codesAt<Format, kDiagonals>(d, depth, i), exists, exists, share + i, &pixels[i]);
     });
@@ -259,7 +260,7 @@ void storeNormalsFloat(const DepthRows& depth, bool diagonals, const float* shar
 
 void readBackNormals16(const DepthRows& depth, std::size_t count, const NormalRow<float>& normals)
 {
-    forLanes<float>(count, [&](auto d, std::size_t i) HWY_ATTR {
+    vl::forLanes<float>(count, [&](auto d, std::size_t i) HWY_ATTR {
         const auto exists = hn::Ne(hn::LoadU(d, depth.here + i), hn::Zero(d));
         const auto codes = codesAt<Format16, true>(d, depth, i);
         const auto x = Format16::readBack(d, codes.r);
@@ -273,7 +274,7 @@ void readBackNormals16(const DepthRows& depth, std::size_t count, const NormalRo
 
 void readBackNormalsFloat(const DepthRows& depth, std::size_t count, const NormalRow<double>& normals)
 {
-    forLanes<double>(count, [&](auto d, std::size_t i) HWY_ATTR {
+    vl::forLanes<double>(count, [&](auto d, std::size_t i) HWY_ATTR {
         const hn::Rebind<float, decltype(d)> df;
         const auto one = hn::Set(d, 1.0);
         const auto exists = widened(d, hn::Ne(hn::LoadU(df, depth.here + i), hn::Zero(df)));

@@ -5,6 +5,7 @@
 // neighbour either way.
 #include "render/NormalMap.h"
 
+#include "QuarvelVectorLanes/VL_RowWindow.h"
 #include "render/NormalKernels.h"
 #include "render/PixelTraits.h"
 #include "render/SmoothingKernels.h"
@@ -69,18 +70,12 @@ struct SampleRow
     ColumnSpan columns; // where it is not zero
 };
 
-// The last rows of something, one for each remainder of y.
-template<typename Row, int kCount>
-class RowRing
+// As many rows of a width.
+template<typename Row>
+VL_RowRing<Row> ringOf(std::size_t rows, int width)
 {
-public:
-    explicit RowRing(int width) : _rows(kCount, Row(width)) {}
-
-    Row& at(int y) { return _rows[static_cast<std::size_t>(((y % kCount) + kCount) % kCount)]; }
-
-private:
-    std::vector<Row> _rows;
-};
+    return VL_RowRing<Row>(std::vector<Row>(rows, Row(width)));
+}
 
 template<typename Pixel>
 class NormalBuilder
@@ -93,8 +88,8 @@ public:
         , _normals(normals)
         , _stores(VolumeRowKernels::storesFor(_rect.area() * static_cast<std::int64_t>(sizeof(Pixel)), Reader::SOON))
         , _line(_stores == Stores::CACHED ? 0 : static_cast<std::size_t>(_rect.width()))
-        , _surfaceRows(_rect.width())
-        , _samples(quality == HIGH_NORMAL_QUALITY ? _rect.width() : 0)
+        , _surfaceRows(ringOf<SurfaceRow>(4, _rect.width()))
+        , _samples(ringOf<Samples>(3, quality == HIGH_NORMAL_QUALITY ? _rect.width() : 0))
     {}
 
     void build()
@@ -104,7 +99,7 @@ public:
             load(y + 1);
             store(y);
         }
-        VolumeRowKernels::finishStores();
+        VL_finishStores();
     }
 
     void buildSmoothed()
@@ -117,7 +112,7 @@ public:
             sample(y + 1);
             storeSmoothed(y);
         }
-        VolumeRowKernels::finishStores();
+        VL_finishStores();
     }
 
 private:
@@ -208,8 +203,8 @@ private:
     Stores _stores;
     std::vector<Pixel> _line; // what goes past the cache is gathered here
     // Smoothing a row looks at normals a row further down, and these at depths a row further.
-    RowRing<SurfaceRow, 4> _surfaceRows;
-    RowRing<Samples, 3> _samples;
+    VL_RowRing<SurfaceRow> _surfaceRows;
+    VL_RowRing<Samples> _samples;
 };
 
 } // namespace

@@ -4,6 +4,8 @@
 // operation.
 #include "render/SmoothingKernels.h"
 
+#include "QuarvelVectorLanes/VL_Strips.h"
+
 #include <algorithm>
 #include <array>
 #include <limits>
@@ -19,6 +21,7 @@ HWY_BEFORE_NAMESPACE();
 namespace VolumeRowKernels::HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
+namespace vl = VL::HWY_NAMESPACE;
 
 /// A normal of a 16-bit picture as the plain formula reads it.
 template<class D>
@@ -103,7 +106,7 @@ template<typename Component>
 HWY_INLINE void sumColumns(const Component* above, const Component* here, const Component* below, std::size_t count,
                            ColumnSums<Component>& sums)
 {
-    forLanes<Component>(count + 2, [&](auto d, std::size_t i) HWY_ATTR {
+    vl::forLanes<Component>(count + 2, [&](auto d, std::size_t i) HWY_ATTR {
         const auto sum = weighted(hn::LoadU(d, above - 1 + i), hn::LoadU(d, here - 1 + i), hn::LoadU(d, below - 1 + i));
         hn::StoreU(sum, d, sums.data() + i);
     });
@@ -166,7 +169,7 @@ HWY_INLINE void smoothNormalsRun(const NormalRows<float>& normals, const float* 
                                  std::size_t first, std::span<CEL_PixelRGBA16> pixels)
 {
     const RunSums<float> sums(normals, first, pixels.size());
-    forLanes<float>(pixels.size(), [&](auto d, std::size_t i) HWY_ATTR {
+    vl::forLanes<float>(pixels.size(), [&](auto d, std::size_t i) HWY_ATTR {
         const auto sum = sums.at(d, i);
         const auto codes = codesOf<Format16>(d, estimateOfSum(d, sum), [&](std::size_t lane) HWY_ATTR {
             return plainCodesAround(normals, first + i + lane);
@@ -191,7 +194,7 @@ HWY_INLINE void smoothNormalsRun(const NormalRows<double>& normals, const float*
                                  std::size_t first, std::span<CEL_PixelRGBAFloat> pixels)
 {
     const RunSums<double> sums(normals, first, pixels.size());
-    forLanes<double>(pixels.size(), [&](auto d, std::size_t i) HWY_ATTR {
+    vl::forLanes<double>(pixels.size(), [&](auto d, std::size_t i) HWY_ATTR {
         using Floats = hn::Rebind<float, decltype(d)>;
         const Floats df;
         const auto sum = steadySum(d, sums.at(d, i), normals, first + i);
@@ -207,8 +210,9 @@ template<typename Component, typename Pixel>
 HWY_INLINE void smoothNormalsRow(const NormalRows<Component>& normals, const float* depth, const float* share,
                                  std::span<Pixel> pixels)
 {
-    for (std::size_t i = 0; i < pixels.size(); i += kRun)
-        smoothNormalsRun(normals, depth, share, i, pixels.subspan(i, std::min(kRun, pixels.size() - i)));
+    VL_forStrips(pixels.size(), kRun, [&](std::size_t first, std::size_t count) HWY_ATTR {
+        smoothNormalsRun(normals, depth, share, first, pixels.subspan(first, count));
+    });
 }
 
 void smoothNormals16(const NormalRows<float>& normals, const float* depth, const float* share,

@@ -12,12 +12,13 @@
 #include <hwy/foreach_target.h>
 #include <hwy/highway.h>
 
-#include "render/StreamLanes-inl.h"
+#include "QuarvelVectorLanes/VL_Lanes-inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace VolumeRowKernels::HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
+namespace vl = VL::HWY_NAMESPACE;
 
 // 16 bytes of equal pixels.
 template<typename Pixel>
@@ -41,7 +42,7 @@ HWY_INLINE void storePixelsOf(std::span<Pixel> pixels, bool pastCache, const Vec
     constexpr std::size_t kChannels = 4;
     const ChannelTag<Pixel> d;
     const std::size_t step = hn::Lanes(d) / kChannels;
-    const std::size_t before = step > 0 && pastCache ? std::min(pixels.size(), untilAligned(d, pixels.data())) : 0;
+    const std::size_t before = step > 0 && pastCache ? std::min(pixels.size(), vl::untilAligned(d, pixels.data())) : 0;
     std::size_t i = 0;
     for (; i < before; ++i)
         pixels[i] = pixelAt(i);
@@ -138,11 +139,6 @@ void copyPixels(const CEL_PixelRGBAFloat* source, std::span<CEL_PixelRGBAFloat> 
         VL_CALL(copyPixelsFloat)(source, pixels);
     else
         std::copy_n(source, pixels.size(), pixels.begin());
-}
-
-void finishStores()
-{
-    hwy::FlushStream();
 }
 
 } // namespace VolumeRowKernels

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "QuarvelCelCore/CEL_Pixels.h"
+#include "QuarvelVectorLanes/VL_Stores.h"
 
 #include <cstdint>
 #include <span>
@@ -15,7 +16,7 @@ namespace VolumeRowKernels {
 enum class Stores
 {
     CACHED,
-    PAST_CACHE ///< finishStores() before anyone else reads them
+    PAST_CACHE ///< VL_finishStores() before anyone else reads them
 };
 
 /// What suits a picture of so many bytes that is written from one end to the other, and either read right after that or
@@ -34,8 +35,5 @@ void fillPixels(std::span<CEL_PixelRGBAFloat> pixels, const CEL_PixelRGBAFloat& 
 /// Writes what is at source; nothing overlaps.
 void copyPixels(const CEL_PixelRGBA16* source, std::span<CEL_PixelRGBA16> pixels, Stores stores);
 void copyPixels(const CEL_PixelRGBAFloat* source, std::span<CEL_PixelRGBAFloat> pixels, Stores stores);
-
-/// Makes what was written past the cache visible to other threads, in the order of what follows.
-void finishStores();
 
 } // namespace VolumeRowKernels

@@ -1,21 +1,23 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The loop over the lanes of vectors, which all kernels have in common.
+// What kernels have in common: the loop over the lanes of vectors, work on floats in double precision, and where whole
+// vectors can be written past the cache.
 //
 // Part of vector code: included once for every instruction set.
 #include <cstddef>
+#include <cstdint>
 
 #include <hwy/highway.h>
 
-#if defined(VALLORIN_KERNEL_LANES_INL_H) == defined(HWY_TARGET_TOGGLE)
-#ifdef VALLORIN_KERNEL_LANES_INL_H
-#undef VALLORIN_KERNEL_LANES_INL_H
+#if defined(QUARVEL_VL_LANES_INL_H) == defined(HWY_TARGET_TOGGLE)
+#ifdef QUARVEL_VL_LANES_INL_H
+#undef QUARVEL_VL_LANES_INL_H
 #else
-#define VALLORIN_KERNEL_LANES_INL_H
+#define QUARVEL_VL_LANES_INL_H
 #endif
 
 HWY_BEFORE_NAMESPACE();
-namespace VolumeRowKernels::HWY_NAMESPACE {
+namespace VL::HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
 
@@ -56,7 +58,16 @@ HWY_INLINE auto inDoubles(DF, const Work& work)
 #endif
 }
 
-} // namespace VolumeRowKernels::HWY_NAMESPACE
+/// How many values there are from `to` on before an address that is a multiple of a vector's size.
+template<class D, typename Value>
+HWY_INLINE std::size_t untilAligned(D d, const Value* to)
+{
+    const std::size_t size = hn::Lanes(d) * sizeof(hn::TFromD<D>);
+    const std::size_t beyond = reinterpret_cast<std::uintptr_t>(to) % size;
+    return beyond == 0 ? 0 : (size - beyond) / sizeof(Value);
+}
+
+} // namespace VL::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
 
 #endif // per target
