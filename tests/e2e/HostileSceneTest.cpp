@@ -33,6 +33,14 @@ struct Outcome
     std::string messages;
 };
 
+QByteArray manyAttributes(int count)
+{
+    QByteArray attributes;
+    for (int i = 0; i < count; ++i)
+        attributes += " a" + QByteArray::number(i) + "=''";
+    return attributes;
+}
+
 class HostileScene : public testing::Test
 {
 protected:
@@ -167,4 +175,29 @@ TEST_F(HostileScene, TheLocksNameCanBeTaken)
     const Outcome changed = quarvel({text("set"), text("s.scene"), text("frames"), text("1-9")});
     EXPECT_EQ(changed.exitCode, 1);
     EXPECT_THAT(changed.messages, HasSubstr(".lock\" is no plain file; remove it"));
+}
+
+TEST_F(HostileScene, MoreElementsThanASceneCanHaveAreRefused)
+{
+    put("s.scene/scene.xml", "<?xml version=\"1.0\"?>\n<quarvelScene version=\"1\">" +
+                                 QByteArray("<a/>").repeated(1'000'000) + "<scene/></quarvelScene>");
+    const Outcome outcome = inspect();
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_THAT(outcome.messages, HasSubstr("scene.xml, line 2: there are more than 1000000 elements and attributes"));
+    put("s.scene/scene.xml",
+        "<?xml version=\"1.0\"?>\n<quarvelScene version=\"1\"><x" + manyAttributes(1'000'000) + "/></quarvelScene>");
+    EXPECT_THAT(inspect().messages, HasSubstr("scene.xml, line 2: an element has more than 1000 attributes"));
+}
+
+TEST_F(HostileScene, AWarningIsSaidOnceWithACount)
+{
+    QFile file(path(text("s.scene/scene.xml")));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    put("s.scene/scene.xml",
+        file.readAll().replace("<palettes>", QByteArray("<new/>\n").repeated(3000) + "<palettes>"));
+    const Outcome outcome = inspect();
+    EXPECT_EQ(outcome.exitCode, 0);
+    const QByteArray said = QByteArray::fromStdString(outcome.messages);
+    EXPECT_EQ(said.count('\n'), 1);
+    EXPECT_THAT(outcome.messages, AllOf(HasSubstr("scene.xml, line 3: <new>"), HasSubstr("(and 2999 times more)")));
 }

@@ -68,6 +68,38 @@ TEST(PO_ParseDocument, RefusesWhatIsNoUtf8)
     EXPECT_FALSE(parse("<a n=\"\xff\xfe\x80\"/>").ok());
 }
 
+TEST(PO_ParseDocument, RefusesElementsWithTooManyAttributesWhateverStandsBefore)
+{
+    const auto with = [](int count) {
+        QByteArray attributes;
+        for (int i = 0; i < count; ++i)
+            attributes += " a" + QByteArray::number(i) + "='>'";
+        return attributes;
+    };
+    EXPECT_TRUE(parse("<a" + with(1000) + "><b" + with(1000) + "/></a>").ok());
+    for (const QByteArray& before : QByteArrayList{"<a>", "<!-- don't --><a>", "<?x ' ?><a>", "<a><![CDATA[ ' < ]]>",
+                                                   "<a b=\"'\">", "<a><!----><b/>it's \""}) {
+        const auto document = parse("\n" + before + "\n<c" + with(200000) + "/></a>");
+        ASSERT_FALSE(document.ok());
+        EXPECT_TRUE(document.error().text.contains(QStringLiteral("line 3: an element has more than 1000 attributes")))
+            << qPrintable(document.error().text);
+    }
+    EXPECT_TRUE(parse("<a><!-- " + QByteArray(5000, '=') + " -->" + QByteArray(5000, '=') + "</a>").ok());
+}
+
+TEST(PO_ParseDocument, RefusesMoreElementsAndAttributesThanItIsTold)
+{
+    const QByteArray bytes = "<a><b c='' d=''/><b/></a>";
+    EXPECT_TRUE(PO_parseDocument(bytes, QString(), 5).ok());
+    EXPECT_FALSE(PO_parseDocument(bytes, QString(), 4).ok());
+}
+
+TEST(PO_ParseDocument, RefusesOtherEncodings)
+{
+    // They would hide brackets and quotes from those who look at bytes.
+    EXPECT_FALSE(parse(QByteArray::fromHex("fffe3c0061002f003e00")).ok());
+}
+
 RC_GTEST_PROP(PO_ParseDocument, SurvivesFlippedBytes, ())
 {
     QByteArray bytes = kGood;

@@ -10,19 +10,70 @@
 #include <QCoreApplication>
 #include <QXmlStreamReader>
 
+#include <algorithm>
+#include <array>
+
 namespace {
 
 constexpr int kDeepest = 200;
+constexpr int kMostAttributes = 1000;
 
 QString translated(const char* text)
 {
     return QCoreApplication::translate("PO_XmlReading", text);
 }
 
+// Where what begins at a bracket and is no element ends: a comment, a text as it stands, an instruction. The same
+// offset for an element; the end of the bytes for what never ends, or is a document type, which is refused anyway.
+qsizetype afterMarkup(const QByteArray& bytes, qsizetype bracket)
+{
+    constexpr std::array<std::pair<const char*, const char*>, 4> kKinds = {
+        {{"<!--", "-->"}, {"<![CDATA[", "]]>"}, {"<?", "?>"}, {"<!", ""}}};
+    for (const auto& [begin, end] : kKinds) {
+        if (!QByteArrayView(bytes).sliced(bracket).startsWith(begin))
+            continue;
+        const qsizetype last = *end ? bytes.indexOf(end, bracket + qstrlen(begin)) : -1;
+        return last < 0 ? bytes.size() : last;
+    }
+    return bracket;
+}
+
+// Counts the attributes of the element whose bracket stands before the offset, and moves the offset behind it.
+int countAttributes(const QByteArray& bytes, qsizetype& offset)
+{
+    int attributes = 0;
+    for (char quote = 0; offset < bytes.size(); ++offset) {
+        const char c = bytes.at(offset);
+        if (quote != 0)
+            quote = c == quote ? '\0' : quote;
+        else if (c == '"' || c == '\'')
+            quote = c;
+        else if (c == '=')
+            ++attributes;
+        else if (c == '>')
+            break;
+    }
+    return attributes;
+}
+
+// The offset of an element with too many attributes; nothing when there is none. The stream reader compares each of an
+// element's attributes with all others, so a million of them would keep it busy for hours.
+std::optional<qsizetype> findTooManyAttributes(const QByteArray& bytes)
+{
+    for (qsizetype offset = bytes.indexOf('<'); offset >= 0; offset = bytes.indexOf('<', offset)) {
+        const qsizetype bracket = offset;
+        offset = afterMarkup(bytes, bracket);
+        if (offset == bracket && countAttributes(bytes, ++offset) > kMostAttributes)
+            return bracket;
+    }
+    return std::nullopt;
+}
+
 // What is wrong with the document; empty when it may be read. The reader stands where the error is.
-QString findError(QXmlStreamReader& reader)
+QString findError(QXmlStreamReader& reader, qint64 maxParts)
 {
     int depth = 0;
+    qint64 parts = 0;
     while (!reader.atEnd()) {
         switch (reader.readNext()) {
         case QXmlStreamReader::DTD:
@@ -30,6 +81,9 @@ QString findError(QXmlStreamReader& reader)
         case QXmlStreamReader::StartElement:
             if (++depth > kDeepest)
                 return translated("elements are nested too deeply");
+            parts += 1 + reader.attributes().size();
+            if (parts > maxParts)
+                return translated("there are more than %1 elements and attributes").arg(maxParts);
             break;
         case QXmlStreamReader::EndElement:
             --depth;
@@ -46,13 +100,24 @@ UT_Error errorAt(const QString& source, qint64 line, const QString& reason)
     return {translated("%1, line %2: %3").arg(source).arg(line).arg(reason)};
 }
 
+qint64 lineAt(const QByteArray& bytes, qsizetype offset)
+{
+    return 1 + std::count(bytes.begin(), bytes.begin() + offset, '\n');
+}
+
 } // namespace
 
-UT_Result<QDomDocument> PO_parseDocument(const QByteArray& bytes, const QString& source)
+UT_Result<QDomDocument> PO_parseDocument(const QByteArray& bytes, const QString& source, qint64 maxParts)
 {
+    // Of the encodings that a reader knows, those with zeros are not the host's, and would hide the brackets below.
+    if (const qsizetype zero = bytes.indexOf('\0'); zero >= 0)
+        return errorAt(source, lineAt(bytes, zero), translated("a byte is zero"));
+    if (const auto where = findTooManyAttributes(bytes))
+        return errorAt(source, lineAt(bytes, *where),
+                       translated("an element has more than %1 attributes").arg(kMostAttributes));
     QXmlStreamReader reader(bytes);
     reader.setNamespaceProcessing(false);
-    const QString error = findError(reader);
+    const QString error = findError(reader, maxParts);
     if (!error.isEmpty())
         return errorAt(source, reader.lineNumber(), error);
     QDomDocument document;

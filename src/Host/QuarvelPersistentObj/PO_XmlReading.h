@@ -10,16 +10,20 @@
 #include <QByteArray>
 #include <QDomDocument>
 
+#include <limits>
 #include <optional>
 
 /// Parses a document.
 ///
 /// Bytes that are no well-formed XML are refused, and so are documents with a document type (the host's files have
-/// none, so that no entity is ever expanded or fetched) and elements nested deeper than 200. Never reads anything but
-/// the bytes.
+/// none, so that no entity is ever expanded or fetched), elements nested deeper than 200 and elements with more than
+/// 1000 attributes. Never reads anything but the bytes.
 ///
 /// @param source where the bytes come from, for the error's text: "PATH, line N: reason"
-QUARVELPERSISTENTOBJ_EXPORT UT_Result<QDomDocument> PO_parseDocument(const QByteArray& bytes, const QString& source);
+/// @param maxParts the most elements and attributes, together, that the document may have: a tree takes a hundred times
+/// the memory of the bytes when all it holds is "<a/>"
+QUARVELPERSISTENTOBJ_EXPORT UT_Result<QDomDocument>
+PO_parseDocument(const QByteArray& bytes, const QString& source, qint64 maxParts = std::numeric_limits<qint64>::max());
 
 /// The text of an XML attribute; the fallback when the element has none of that name.
 QUARVELPERSISTENTOBJ_EXPORT QString PO_attribute(const QDomElement& element, const QString& name,

@@ -8,6 +8,7 @@
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
 #include "QuarvelSceneIO/private/SIO_FolderLock.h"
 #include "QuarvelSceneIO/private/SIO_FolderReader.h"
+#include "QuarvelSceneIO/private/SIO_Limits.h"
 #include "QuarvelSceneIO/private/SIO_Scene.h"
 
 #include <QCoreApplication>
@@ -37,18 +38,18 @@ public:
         if (const auto opened = _files.open(); !opened)
             return opened.error();
         if (!_files.journalLeftAlone().isEmpty())
-            _warnings << _files.journalLeftAlone();
+            _warnings.add(QString(), _files.journalLeftAlone());
         const auto bytes = _files.read(kSIO_mainFile);
         if (!bytes)
             return bytes.error();
         const SIO_XmlContext context(_files.shown(kSIO_mainFile), &_warnings);
-        const auto document = PO_parseDocument(*bytes, context.file());
+        const auto document = PO_parseDocument(*bytes, context.file(), SIO_maxPartsOf(kSIO_mainFile));
         if (!document)
             return document.error();
         if (const auto read = readMainFile(document->documentElement(), context); !read)
             return read.error();
         _scene->index.scene = QDomElement();
-        return SIO_LoadedScene{std::move(_scene), _warnings};
+        return SIO_LoadedScene{std::move(_scene), _warnings.lines()};
     }
 
 private:
@@ -61,7 +62,7 @@ private:
         QStringList warnings;
         const auto read = _scene->readXml(_scene->index.scene, &warnings);
         for (const QString& warning : std::as_const(warnings))
-            _warnings << context.file() + QStringLiteral(": ") + warning;
+            _warnings.add(context.file(), warning);
         if (!read)
             return UT_Error{context.file() + QStringLiteral(": ") + read.error().text};
         for (const SIO_Index::Palette& palette : _scene->index.palettes)
@@ -132,7 +133,7 @@ private:
     }
 
     SIO_FolderReader& _files;
-    QStringList _warnings;
+    SIO_Warnings _warnings;
     std::unique_ptr<SIO_Scene> _scene = std::make_unique<SIO_Scene>();
     std::map<UT_Id, CM_SharedPtr<CM_Palette>> _palettes;
 };

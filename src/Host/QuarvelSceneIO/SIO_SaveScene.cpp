@@ -7,6 +7,7 @@
 #include "QuarvelSceneIO/private/SIO_FolderLock.h"
 #include "QuarvelSceneIO/private/SIO_FolderReader.h"
 #include "QuarvelSceneIO/private/SIO_Index.h"
+#include "QuarvelSceneIO/private/SIO_Limits.h"
 #include "QuarvelSceneIO/private/SIO_SafeFile.h"
 #include "QuarvelSceneIO/private/SIO_Saving.h"
 #include "QuarvelSceneIO/private/SIO_SceneFiles.h"
@@ -30,7 +31,7 @@ UT_Result<QStringList> filesOnDisk(const QString& folder)
     if (!bytes)
         return QStringList();
     const SIO_XmlContext context(files.shown(kSIO_mainFile), nullptr);
-    const auto document = PO_parseDocument(*bytes, context.file());
+    const auto document = PO_parseDocument(*bytes, context.file(), SIO_maxPartsOf(kSIO_mainFile));
     if (!document)
         return QStringList();
     if (!SIO_isMainFile(document->documentElement()))

@@ -145,7 +145,7 @@ SIO_Drawing::~SIO_Drawing() = default;
 UT_Result<UT_SharedPtr<SIO_Drawing>> SIO_readDrawing(const QByteArray& bytes, const SIO_PaletteFinder& palettes,
                                                      const SIO_XmlContext& context)
 {
-    const auto document = PO_parseDocument(bytes, context.file());
+    const auto document = PO_parseDocument(bytes, context.file(), kSIO_maxDrawingParts);
     if (!document)
         return document.error();
     const QDomElement root = document->documentElement();

@@ -16,6 +16,17 @@ inline qint64 SIO_maxBytesOf(const QString& relative)
     return relative.startsWith(QLatin1String("palettes/")) ? kSIO_maxPaletteBytes : kSIO_maxFileBytes;
 }
 
+/// The XML elements and attributes, together, of the main file or of one palette: some 300 MB in memory.
+inline constexpr qint64 kSIO_maxParts = 1000000;
+/// The same of one drawing, which has more of them by its nature.
+inline constexpr qint64 kSIO_maxDrawingParts = 8000000;
+
+/// The XML elements and attributes of a file by its path within the scene's folder.
+inline qint64 SIO_maxPartsOf(const QString& relative)
+{
+    return relative.startsWith(QLatin1String("elements/")) ? kSIO_maxDrawingParts : kSIO_maxParts;
+}
+
 /// The shapes of one drawing.
 inline constexpr int kSIO_maxShapes = 1000000;
 /// The width and the height of a shape's picture, in pixels.

@@ -5,6 +5,7 @@
 
 #include "QuarvelPersistentObj/PIO_XmlWritable.h"
 #include "QuarvelPersistentObj/PO_XmlReading.h"
+#include "QuarvelSceneIO/private/SIO_Limits.h"
 
 #include <QCoreApplication>
 
@@ -142,7 +143,7 @@ SIO_Palette::~SIO_Palette() = default;
 UT_Result<UT_SharedPtr<SIO_Palette>> SIO_readPalette(const QByteArray& bytes, const UT_Id& id,
                                                      const SIO_XmlContext& context)
 {
-    const auto document = PO_parseDocument(bytes, context.file());
+    const auto document = PO_parseDocument(bytes, context.file(), kSIO_maxParts);
     if (!document)
         return document.error();
     const QDomElement root = document->documentElement();

@@ -20,6 +20,12 @@ QString translated(const char* text)
     return QCoreApplication::translate("SIO_SceneFiles", text);
 }
 
+// The elements and attributes in a file that is about to be saved; at least as many as there are.
+qint64 partsOf(const QByteArray& bytes)
+{
+    return bytes.count('<') + bytes.count('=');
+}
+
 // Collects the files of one scene. The first problem is remembered.
 class Collector
 {
@@ -57,6 +63,10 @@ private:
     {
         if (bytes.size() > SIO_maxBytesOf(path))
             fail(translated("\"%1\" would be larger than %2 MiB").arg(path).arg(SIO_maxBytesOf(path) >> 20));
+        if (partsOf(bytes) > SIO_maxPartsOf(path))
+            fail(translated("\"%1\" would have more than %2 elements and attributes")
+                     .arg(path)
+                     .arg(SIO_maxPartsOf(path)));
         _files.insert(path, bytes);
     }
 

@@ -20,13 +20,18 @@ QString translated(const char* text)
 
 UT_Error SIO_XmlContext::error(const QDomElement& element, const QString& reason) const
 {
-    return {translated("%1, line %2: %3").arg(_file, QString::number(element.lineNumber()), reason)};
+    return {placeOf(element) + QStringLiteral(": ") + reason};
+}
+
+QString SIO_XmlContext::placeOf(const QDomElement& element) const
+{
+    return translated("%1, line %2").arg(_file).arg(element.lineNumber());
 }
 
 void SIO_XmlContext::warn(const QDomElement& element, const QString& reason) const
 {
     if (_warnings)
-        *_warnings << error(element, reason).text;
+        _warnings->add(placeOf(element), reason);
 }
 
 void SIO_XmlContext::keepOtherAttributes(const QDomElement& element, const QStringList& understood,

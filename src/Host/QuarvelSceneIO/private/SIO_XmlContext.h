@@ -6,6 +6,7 @@
 
 #include "QuarvelBaseCore/UT_Result.h"
 #include "QuarvelPersistentObj/PO_UnknownXml.h"
+#include "QuarvelSceneIO/private/SIO_Warnings.h"
 
 #include <QStringList>
 
@@ -17,7 +18,7 @@ class SIO_XmlContext
 public:
     /// @param file its path, as people shall read it
     /// @param warnings gets the warnings; null when nobody wants them
-    SIO_XmlContext(QString file, QStringList* warnings) : _file(std::move(file)), _warnings(warnings) {}
+    SIO_XmlContext(QString file, SIO_Warnings* warnings) : _file(std::move(file)), _warnings(warnings) {}
 
     const QString& file() const { return _file; }
     /// Something about an element keeps the file from being read.
@@ -34,8 +35,10 @@ public:
     void checkVersion(const QDomElement& element, int known) const;
 
 private:
+    QString placeOf(const QDomElement& element) const;
+
     QString _file;
-    QStringList* _warnings;
+    SIO_Warnings* _warnings;
 };
 
 /// A whole document, as bytes.
