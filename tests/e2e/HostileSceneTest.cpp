@@ -13,11 +13,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <pty.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
+
+#include <vector>
 
 using testing::AllOf;
 using testing::HasSubstr;
+using testing::Not;
 
 namespace {
 
@@ -95,6 +100,33 @@ protected:
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
         return {process.exitCode(), process.readAllStandardOutput().toStdString(),
                 process.readAllStandardError().toStdString()};
+    }
+    // What the program writes to a terminal.
+    std::string onATerminal(const QStringList& words) const
+    {
+        int terminal = -1;
+        const pid_t child = ::forkpty(&terminal, nullptr, nullptr, nullptr);
+        if (child == 0) {
+            std::vector<QByteArray> bytes = {QByteArray(QUARVEL_PROGRAM)};
+            for (const QString& word : words)
+                bytes.push_back(word.toUtf8());
+            std::vector<char*> arguments;
+            for (QByteArray& word : bytes)
+                arguments.push_back(word.data());
+            arguments.push_back(nullptr);
+            if (::chdir(QFile::encodeName(_folder.path()).constData()) == 0)
+                ::execv(arguments.front(), arguments.data());
+            ::_exit(127);
+        }
+        std::string written;
+        char block[4096];
+        for (ssize_t count = 0; (count = ::read(terminal, block, sizeof block)) > 0;)
+            written.append(block, static_cast<std::size_t>(count));
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        ::close(terminal);
+        EXPECT_EQ(status, 0);
+        return written;
     }
     Outcome inspect() const { return quarvel({text("inspect"), text("s.scene")}); }
 
@@ -200,4 +232,22 @@ TEST_F(HostileScene, AWarningIsSaidOnceWithACount)
     const QByteArray said = QByteArray::fromStdString(outcome.messages);
     EXPECT_EQ(said.count('\n'), 1);
     EXPECT_THAT(outcome.messages, AllOf(HasSubstr("scene.xml, line 3: <new>"), HasSubstr("(and 2999 times more)")));
+}
+
+TEST_F(HostileScene, NamesCannotSpeakToTheTerminal)
+{
+    QFile file(path(text("s.scene/scene.xml")));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray scene = file.readAll();
+    // A module whose name would paint over the screen; XML spells the escape out, and reading gives it back.
+    const QByteArray name = "_x001B_[2Jhero\xe2\x80\xae";
+    put("s.scene/scene.xml",
+        QByteArray(scene).replace("\"hero\"", '"' + name + '"').replace("folder=\"" + name, "folder=\"hero"));
+    const std::string shown = onATerminal({text("inspect"), text("s.scene")});
+    EXPECT_THAT(shown, AllOf(HasSubstr("\\x1b[2Jhero\\u202e"), Not(HasSubstr("\x1b"))));
+    // Scripts get the names as they are.
+    EXPECT_THAT(inspect().output, HasSubstr("\x1b[2Jhero"));
+    // Messages are for people wherever they go.
+    const Outcome outcome = quarvel({text("set"), text("s.scene"), text("\x1b[2J.x"), text("1")});
+    EXPECT_THAT(outcome.messages, AllOf(HasSubstr("\\x1b[2J"), Not(HasSubstr("\x1b"))));
 }

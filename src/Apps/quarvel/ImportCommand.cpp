@@ -63,9 +63,10 @@ void sayWhatWasMade(const ImportOptions& options, const MO_Scene& scene)
     std::size_t colours = 0;
     for (const auto& palette : scene.palettes())
         colours += palette->colors().size();
-    std::printf("%s -> %s (frames %d-%d, elements: %d, drawings: %zu, colours: %zu)\n",
-                qPrintable(options.files.first()), qPrintable(options.output), scene.firstFrame(), scene.lastFrame(),
-                elements, drawings, colours);
+    writeText(stdout, QStringLiteral("%1 -> %2 (frames %3-%4, elements: %5, drawings: %6, colours: %7)\n")
+                          .arg(options.files.first(), options.output, QString::number(scene.firstFrame()),
+                               QString::number(scene.lastFrame()), QString::number(elements), QString::number(drawings),
+                               QString::number(colours)));
 }
 
 int failed(const UT_Error& error)

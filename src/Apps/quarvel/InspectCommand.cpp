@@ -121,7 +121,7 @@ int runInspectCommand(const QStringList& words)
             exitCode = kFailed;
             continue;
         }
-        std::printf("%s\n%s", qPrintable(place), qPrintable(*text));
+        writeText(stdout, place + u'\n' + *text);
     }
     return exitCode;
 }

@@ -107,10 +107,10 @@ int runAll(const NormalMapOptions& options, const std::vector<OutputFiles>& file
         const UT_Result<void> done = runOne(run, own);
         line.clear();
         if (done) {
-            std::printf("%s -> %s\n", qPrintable(options.drawings[i]), qPrintable(own.normalMap));
+            writeText(stdout, QStringLiteral("%1 -> %2\n").arg(options.drawings[i], own.normalMap));
             // Among many drawings the results would be lost between such lines.
             if (options.drawings.size() == 1)
-                std::printf("chosen: %s\n", qPrintable(run.chosen()));
+                writeText(stdout, QStringLiteral("chosen: %1\n").arg(run.chosen()));
             continue;
         }
         say(QStringLiteral("%1: %2").arg(options.drawings[i], done.error().text));

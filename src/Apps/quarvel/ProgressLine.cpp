@@ -3,6 +3,8 @@
 // Progress on standard error.
 #include "ProgressLine.h"
 
+#include "TerminalText.h"
+
 #include "StandardError.h"
 
 #include <algorithm>
@@ -26,7 +28,8 @@ void ProgressLine::show(double fraction, const QString& what)
         for (int step = _percent + 1; step <= percent; ++step)
             std::fprintf(stderr, "%d%%\n", step);
     if (_rewrites) {
-        std::fprintf(stderr, "\r\033[K%3d%%  %s", percent, qUtf8Printable(what));
+        std::fprintf(stderr, "\r\033[K%3d%%  ", percent);
+        writeText(stderr, what);
         std::fflush(stderr);
         _visible = true;
     }

@@ -168,12 +168,9 @@ RenderFramesResult run(const Plan& plan, const RenderOptions& options)
 void printSummary(const RenderFramesResult& result, const RenderOptions& options)
 {
     // Always in this form, so that a scheduler can read it by a regular expression.
-    const QString text = QStringLiteral("%1 -> %2: %3 written, %4 complete already, %5 failed")
-                             .arg(options.scene, options.output)
-                             .arg(result.written)
-                             .arg(result.kept)
-                             .arg(result.failed);
-    std::printf("%s\n", qPrintable(text));
+    writeText(stdout, QStringLiteral("%1 -> %2: %3 written, %4 complete already, %5 failed\n")
+                          .arg(options.scene, options.output, QString::number(result.written),
+                               QString::number(result.kept), QString::number(result.failed)));
 }
 
 int renderFiles(const Plan& plan, const RenderOptions& options)
@@ -207,14 +204,14 @@ int renderFilm(const Plan& plan, const RenderOptions& options)
     }
     if (*made != options.preview)
         say(QStringLiteral("ffmpeg is not installed, so the preview is an animated PNG: %1").arg(*made));
-    std::printf("%s -> %s\n", qPrintable(options.scene), qPrintable(*made));
+    writeText(stdout, QStringLiteral("%1 -> %2\n").arg(options.scene, *made));
     return 0;
 }
 
 int renderAll(const Plan& plan, const RenderOptions& options)
 {
     if (plan.settings.frames.empty()) {
-        std::printf("%s: this shard has no frames\n", qPrintable(options.scene));
+        writeText(stdout, QStringLiteral("%1: this shard has no frames\n").arg(options.scene));
         return 0;
     }
     int exitCode = renderFiles(plan, options);

@@ -3,12 +3,10 @@
 // How the program speaks to people.
 #pragma once
 
-#include <QString>
-
-#include <cstdio>
+#include "TerminalText.h"
 
 /// A line on standard error, with the program's name before it.
 inline void say(const QString& what)
 {
-    std::fprintf(stderr, "quarvel: %s\n", qPrintable(what));
+    writeText(stderr, QStringLiteral("quarvel: %1\n").arg(what));
 }

@@ -41,14 +41,14 @@ int runSetCommand(const QStringList& words)
         return kWrongUsage;
     }
     if (!*changed) {
-        std::printf("%s: nothing to change\n", qPrintable(folder));
+        writeText(stdout, QStringLiteral("%1: nothing to change\n").arg(folder));
         return 0;
     }
     if (const auto saved = SIO_saveScene(*opened->scene, folder); !saved) {
         say(saved.error().text);
         return kFailed;
     }
-    std::printf("%s: %s\n", qPrintable(folder), qPrintable(stack.undoName()));
+    writeText(stdout, QStringLiteral("%1: %2\n").arg(folder, stack.undoName()));
     return 0;
 }
 

@@ -74,7 +74,7 @@ int noSuchCommand(const QString& name)
 void passGraveMessages(QtMsgType type, const QMessageLogContext&, const QString& message)
 {
     if (type == QtCriticalMsg || type == QtFatalMsg)
-        std::fprintf(stderr, "quarvel: %s\n", qPrintable(message));
+        say(message);
 }
 
 int help(const QStringList& words)

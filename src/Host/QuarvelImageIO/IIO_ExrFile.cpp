@@ -5,6 +5,7 @@
 
 #include "QuarvelImageIO/IIO_AtomicFile.h"
 #include "QuarvelImageIO/IIO_Samples.h"
+#include "QuarvelImageIO/private/IIO_ExrHeader.h"
 #include "QuarvelImageIO/private/IIO_ExrStream.h"
 
 #include <OpenEXR/ImfChannelList.h>
@@ -192,6 +193,8 @@ UT_Result<IIO_Picture> IIO_readExr(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return readError(path, file.errorString());
+    if (const auto checked = IIO_checkExrHeader(file); !checked)
+        return readError(path, checked.error().text);
     try {
         auto picture = readStream(file, path.toUtf8());
         if (!picture)

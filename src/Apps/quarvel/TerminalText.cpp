@@ -1,0 +1,59 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Escaping what terminals obey.
+#include "TerminalText.h"
+
+#include <algorithm>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace {
+
+bool isControl(QChar c)
+{
+    return c.category() == QChar::Other_Control && c != u'\n' && c != u'\t';
+}
+
+bool changesDirection(QChar c)
+{
+    return c == u'\u061c' || c == u'\u200e' || c == u'\u200f' || (c >= u'\u2028' && c <= u'\u202e') ||
+           (c >= u'\u2066' && c <= u'\u2069');
+}
+
+QString written(QChar c)
+{
+    const bool small = c.unicode() < 0x100;
+    return (small ? QStringLiteral("\\x") : QStringLiteral("\\u")) +
+           QString::number(c.unicode(), 16).rightJustified(small ? 2 : 4, u'0');
+}
+
+bool isForEyes(std::FILE* stream)
+{
+#ifdef _WIN32
+    return stream == stderr || _isatty(_fileno(stream)) != 0;
+#else
+    return stream == stderr || ::isatty(::fileno(stream)) != 0;
+#endif
+}
+
+} // namespace
+
+QString visibleText(const QString& text)
+{
+    const auto isObeyed = [](QChar c) { return isControl(c) || changesDirection(c); };
+    if (std::none_of(text.begin(), text.end(), isObeyed))
+        return text;
+    QString result;
+    for (const QChar c : text)
+        result += isObeyed(c) ? written(c) : QString(c);
+    return result;
+}
+
+void writeText(std::FILE* stream, const QString& text)
+{
+    std::fputs(qPrintable(isForEyes(stream) ? visibleText(text) : text), stream);
+}
