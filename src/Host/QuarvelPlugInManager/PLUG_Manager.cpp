@@ -14,6 +14,10 @@
 #include <memory>
 #include <utility>
 
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
 namespace {
 
 QString libraryIn(const QDir& folder)
@@ -41,6 +45,57 @@ UT_Result<void> load(const QDir& folder)
     return {};
 }
 
+bool everybodyMayChange(const QString& path)
+{
+    return QFileInfo(path).permission(QFile::WriteOther);
+}
+
+// Whether the files in a folder that everybody may change are safe from others than their owners.
+bool protectsItsFiles(const QString& folder)
+{
+#ifdef Q_OS_UNIX
+    struct stat status = {};
+    return ::stat(QFile::encodeName(folder).constData(), &status) == 0 && (status.st_mode & S_ISVTX) != 0;
+#else
+    Q_UNUSED(folder)
+    return false;
+#endif
+}
+
+// What everybody may change of a folder with plug-ins: itself, what lies in it two levels deep, or a folder above it.
+// Empty when there is nothing.
+QString changeableByEverybody(const QString& folder)
+{
+    if (everybodyMayChange(folder))
+        return folder;
+    for (QString above = folder; !QDir(above).isRoot();) {
+        above = QFileInfo(above).path();
+        if (everybodyMayChange(above) && !protectsItsFiles(above))
+            return above;
+    }
+    constexpr auto kAll = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    for (const QFileInfo& plugin : QDir(folder).entryInfoList(kAll)) {
+        if (everybodyMayChange(plugin.filePath()))
+            return plugin.filePath();
+        if (plugin.isDir())
+            for (const QFileInfo& file : QDir(plugin.filePath()).entryInfoList(kAll))
+                if (everybodyMayChange(file.filePath()))
+                    return file.filePath();
+    }
+    return {};
+}
+
+// Why plug-ins are not loaded from a folder that the environment names; empty when they are.
+QString reasonToIgnore(const QString& folder)
+{
+    if (!QDir::isAbsolutePath(folder))
+        return QStringLiteral("\"%1\" is no absolute path, and what lies there depends on where the program is started")
+            .arg(folder);
+    const QString real = QFileInfo(folder).canonicalFilePath();
+    const QString open = real.isEmpty() ? QString() : changeableByEverybody(real);
+    return open.isEmpty() ? QString() : QStringLiteral("everybody may change \"%1\"").arg(open);
+}
+
 /// The translators that are installed. They belong to the application.
 QList<QPointer<QTranslator>>& installedTranslators()
 {
@@ -66,7 +121,10 @@ bool loadFirst(QTranslator& translator, const QLocale& locale, const PLUG_Manage
 QString PLUG_Manager::defaultFolder()
 {
     QString named = qEnvironmentVariable("QUARVEL_PLUGIN_PATH");
-    if (!named.isEmpty())
+    const QString why = named.isEmpty() ? QString() : reasonToIgnore(named);
+    if (!why.isEmpty())
+        qCritical("QUARVEL_PLUGIN_PATH is ignored: %s", qUtf8Printable(why));
+    else if (!named.isEmpty())
         return named;
     return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/" QUARVEL_PLUGINS_FROM_PROGRAMS));
 }

@@ -18,6 +18,11 @@ namespace PLUG_Manager {
 
 /// The folder where a program's plug-ins lie: lib/quarvel/plugins beside the program's own folder bin, wherever both
 /// were installed or built, unless the environment variable QUARVEL_PLUGIN_PATH names another.
+///
+/// Whoever can put a file into that folder can run code as the user, so the variable counts only where it names an
+/// absolute path and where not everybody may change the folder, one above it (unless its files are protected from each
+/// other's users, as those of /tmp are), or what lies in it two levels deep. Otherwise a critical message of Qt says
+/// why it was ignored.
 QUARVELPLUGINMANAGER_EXPORT QString defaultFolder();
 
 /// Loads every plug-in of a folder, in the order of their names. Plug-ins stay loaded until the process ends; one that

@@ -1,15 +1,16 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ffmpeg gets bare pixels through a pipe and writes beside the file, which gets its name when all went well.
+// ffmpeg gets bare pixels through a pipe and writes into a new folder beside the file, which gets its name when all
+// went well.
 #include "jobs/frames/FilmFile.h"
 
 #include "QuarvelImageIO/IIO_ApngFile.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QStringList>
+#include <QTemporaryDir>
 
 #include <filesystem>
 #include <system_error>
@@ -49,7 +50,10 @@ class EncodedFilm final : public FilmFile
 {
 public:
     EncodedFilm(const QString& path, const QSize& size, double framesPerSecond)
-        : FilmFile(path), _part(partOf(path)), _pixels(static_cast<qsizetype>(size.width()) * size.height() * 3, '\0')
+        : FilmFile(path)
+        , _folder(templateOf(path))
+        , _part(_folder.filePath(QStringLiteral("film")))
+        , _pixels(static_cast<qsizetype>(size.width()) * size.height() * 3, '\0')
     {
         _process.setStandardOutputFile(QProcess::nullDevice());
         _process.setProgram(QStandardPaths::findExecutable(QStringLiteral("ffmpeg")));
@@ -62,11 +66,12 @@ public:
             _process.kill();
             _process.waitForFinished();
         }
-        QFile::remove(_part);
     }
 
     UT_Result<void> open()
     {
+        if (!_folder.isValid())
+            return UT_Error{QStringLiteral("cannot write \"%1\": %2").arg(path(), _folder.errorString())};
         _process.start();
         return _process.waitForStarted() ? UT_Result<void>() : failure();
     }
@@ -100,10 +105,11 @@ public:
 private:
     static constexpr int kPatience = 600'000; // milliseconds
 
-    static QString partOf(const QString& path)
+    // The system puts something random in place of the Xs.
+    static QString templateOf(const QString& path)
     {
         const QFileInfo info(path);
-        return QStringLiteral("%1/.%2.part").arg(info.absolutePath(), info.fileName());
+        return QStringLiteral("%1/.%2.XXXXXX.part").arg(info.absolutePath(), info.fileName());
     }
 
     QStringList arguments(const QSize& size, double framesPerSecond) const
@@ -149,6 +155,7 @@ private:
                     .arg(path(), words.isEmpty() ? _process.errorString() : words)};
     }
 
+    QTemporaryDir _folder; ///< new, of the user alone: nobody can have put a link where ffmpeg writes
     QString _part;
     QProcess _process;
     QByteArray _pixels;

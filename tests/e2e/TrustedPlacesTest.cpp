@@ -1,0 +1,124 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Places from which the program takes code, and places where it writes: not those that others could have prepared.
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QSet>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+namespace {
+
+QString text(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+class TrustedPlaces : public testing::Test
+{
+protected:
+    TrustedPlaces()
+    {
+        put("a.svg", R"(<svg xmlns="http://www.w3.org/2000/svg" width="64" height="64">
+            <rect x="16" y="16" width="32" height="32"/></svg>)");
+        // The folder of the test's encoder comes first.
+        _environment.insert(text("PATH"), _folder.path() + text(":/usr/bin:/bin"));
+    }
+
+    void put(const char* name, const QByteArray& bytes) const
+    {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(bytes), bytes.size());
+    }
+    QByteArray contentOf(const char* name) const
+    {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    QString path(const char* name) const { return _folder.path() + u'/' + text(name); }
+
+    // The exit code; what it said is in said.
+    int run(const QStringList& words, const QString& pluginPath = QString())
+    {
+        QProcess process;
+        _environment.insert(text("QUARVEL_PLUGIN_PATH"), pluginPath);
+        process.setProcessEnvironment(_environment);
+        process.setWorkingDirectory(_folder.path());
+        process.start(QStringLiteral(QUARVEL_PROGRAM), words);
+        EXPECT_TRUE(process.waitForFinished(120'000));
+        said = process.readAllStandardError().toStdString();
+        return process.exitCode();
+    }
+    int makeAMap(const QString& pluginPath)
+    {
+        return run({text("normalmap"), text("a.svg"), text("--size"), text("16x16")}, pluginPath);
+    }
+
+    std::string said;
+
+private:
+    QTemporaryDir _folder;
+    QProcessEnvironment _environment = QProcessEnvironment::systemEnvironment();
+};
+
+constexpr auto kMine = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+
+} // namespace
+
+TEST_F(TrustedPlaces, PlugInsComeFromAnAbsolutePathOnly)
+{
+    ASSERT_TRUE(QDir().mkpath(path("plugins/Evil")));
+    EXPECT_EQ(makeAMap(text("plugins")), 0);
+    EXPECT_THAT(said, HasSubstr("QUARVEL_PLUGIN_PATH is ignored: \"plugins\" is no absolute path"));
+    // Not ignored: the folder has no plug-in worth its name.
+    EXPECT_EQ(makeAMap(path("plugins")), 1);
+    EXPECT_THAT(said, AllOf(HasSubstr("holds no library"), Not(HasSubstr("ignored"))));
+}
+
+TEST_F(TrustedPlaces, PlugInsComeFromNowhereThatEverybodyMayChange)
+{
+    const auto ignored = [this](const QString& open) {
+        EXPECT_EQ(makeAMap(path("a/plugins")), 0);
+        EXPECT_THAT(said, AllOf(HasSubstr("QUARVEL_PLUGIN_PATH is ignored: everybody may change"),
+                                HasSubstr('"' + open.toStdString() + '"')));
+    };
+    const QString library = path("a/plugins/Evil/libEvil.so");
+    ASSERT_TRUE(QDir().mkpath(path("a/plugins/Evil")));
+    put("a/plugins/Evil/libEvil.so", "");
+    for (const QString& place : {path("a"), path("a/plugins"), path("a/plugins/Evil"), library}) {
+        const QFile::Permissions before = QFile::permissions(place);
+        ASSERT_TRUE(QFile::setPermissions(place, kMine | QFile::WriteOther));
+        ignored(place);
+        ASSERT_TRUE(QFile::setPermissions(place, before));
+    }
+    EXPECT_EQ(makeAMap(path("a/plugins")), 1) << "it is not ignored, and does not load";
+}
+
+TEST_F(TrustedPlaces, AFilmIsNotWrittenThroughALinkThatWaits)
+{
+    ASSERT_EQ(run({text("import"), text("a.svg"), text("-o"), text("s.scene")}), 0) << said;
+    // An encoder that writes where it is told to, as all of them do.
+    put("ffmpeg", "#!/bin/sh\nfor last; do :; done\ncat >/dev/null\necho \"$last\" >\"$last\"\n");
+    ASSERT_TRUE(QFile::setPermissions(path("ffmpeg"), kMine));
+    put("victim", "precious");
+    ASSERT_EQ(::symlink("victim", QFile::encodeName(path(".lit.gif.part")).constData()), 0);
+    QSet<QByteArray> places;
+    for (int i = 0; i < 2; ++i) {
+        ASSERT_EQ(run({text("render"), text("s.scene"), text("--preview"), text("lit.gif")}), 0) << said;
+        places << contentOf("lit.gif");
+        EXPECT_EQ(contentOf("victim"), "precious");
+    }
+    EXPECT_EQ(places.size(), 2) << "nobody can foresee where it writes";
+    EXPECT_EQ(QDir(path("")).entryList({text(".lit*")}, QDir::Dirs | QDir::Hidden), QStringList());
+}
