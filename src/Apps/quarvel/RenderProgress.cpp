@@ -3,6 +3,8 @@
 // The time left is what the rest takes at the pace so far.
 #include "RenderProgress.h"
 
+#include "TerminalText.h"
+
 #include "StandardError.h"
 
 #include <QJsonDocument>
