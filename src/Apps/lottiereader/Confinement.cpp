@@ -1,9 +1,15 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Limits by the system's own means.
+// Limits by the system's own means. The filter is a list of what is allowed, so that calls which a newer system brings
+// are refused too.
 #include "Confinement.h"
 
 #include <sys/resource.h>
+#include <unistd.h>
+
+#ifdef VALLORIN_SECCOMP
+#include "CallFilter.h"
+#endif
 
 namespace {
 
@@ -23,11 +29,40 @@ bool limit(decltype(RLIMIT_AS) resource, rlim_t most)
     return setrlimit(resource, &value) == 0;
 }
 
+// A program that starts others does not always close what they have no need of.
+void closeDescriptors()
+{
+    ::close(STDIN_FILENO);
+    const long most = ::sysconf(_SC_OPEN_MAX);
+#ifdef __linux__
+    if (::close_range(STDERR_FILENO + 1, ~0U, 0) == 0)
+        return;
+#endif
+    for (int descriptor = STDERR_FILENO + 1; descriptor < most; ++descriptor)
+        ::close(descriptor);
+}
+
 } // namespace
 
 bool confine()
 {
+    closeDescriptors();
     const bool memory = kSanitized || limit(RLIMIT_AS, kMemory);
     // No more descriptors than there are: no file, no socket.
-    return memory && limit(RLIMIT_CPU, kSeconds) && limit(RLIMIT_CORE, 0) && limit(RLIMIT_NOFILE, 0);
+    if (!memory || !limit(RLIMIT_CPU, kSeconds) || !limit(RLIMIT_CORE, 0) || !limit(RLIMIT_NOFILE, 0))
+        return false;
+#ifdef VALLORIN_SECCOMP
+    return filterCalls();
+#else
+    return true;
+#endif
+}
+
+bool confinementFiltersCalls()
+{
+#ifdef VALLORIN_SECCOMP
+    return true;
+#else
+    return false;
+#endif
 }

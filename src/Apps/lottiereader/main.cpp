@@ -73,7 +73,9 @@ int run(int argc, char** argv)
         return fail(NOT_READABLE, "the file cannot be read");
     if (bytes.size() > kMaxFileSize)
         return fail(TOO_LARGE, "the file is larger than 64 MiB");
-    if (!confine())
+    // The stream's buffer, for which it would ask the system what kind of file it writes to.
+    static char buffer[65536];
+    if (std::setvbuf(stdout, buffer, _IOFBF, sizeof buffer) != 0 || !confine())
         return fail(NOT_READABLE, "the system refuses to limit this process");
     Lottie_Animation* animation = lottie_animation_from_data(bytes.c_str(), "", "");
     if (!animation)

@@ -3,9 +3,8 @@
 // The time left is what the rest takes at the pace so far.
 #include "RenderProgress.h"
 
-#include "TerminalText.h"
-
 #include "StandardError.h"
+#include "TerminalText.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -91,7 +90,8 @@ void RenderProgress::printFrame(int frame, const QString& error) const
     if (error.isEmpty())
         std::printf("openjd_status: frame %d, %d of %d\n", frame, _done, _total);
     else
-        std::printf("openjd_fail: frame %d: %s\n", frame, qUtf8Printable(error.simplified()));
+        writeText(stdout,
+                  QStringLiteral("openjd_fail: frame %1: %2\n").arg(QString::number(frame), error.simplified()));
     std::fflush(stdout);
 }
 
