@@ -5,7 +5,8 @@ include(GenerateExportHeader)
 # quarvel_add_library(NAME [ROOMS folder...] [PUBLIC dep...] [PRIVATE dep...])
 #
 # One host library: the shared library NAME from the folder's sources, known to others as Quarvel::NAME. Its public headers stand
-# at the root of the folder, or in the folders named as ROOMS, and private ones in folders called private. Plug-ins include every
+# at the root of the folder, or in the folders named as ROOMS, and private ones in folders called private. ROOMS names the lowest
+# room first: a room includes nothing of a later one (vallorin_add_rooms_test checks that). Plug-ins include every
 # public header as "NAME/Header.h", in whichever room it stands: a generated header of that name leads there. The project's own
 # sources name the room. The export macro NAME_EXPORT (in
 # upper case) comes from the generated header "NAME/NAMEExport.h".
@@ -36,6 +37,7 @@ function(quarvel_add_library name)
   file(GLOB headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
   install(FILES ${headers} "${CMAKE_BINARY_DIR}/generated/${name}/${name}Export.h"
           DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quarvel/${name})
+  set_target_properties(${name} PROPERTIES VALLORIN_ROOMS "${arg_ROOMS}" VALLORIN_FOLDER "${CMAKE_CURRENT_SOURCE_DIR}")
   foreach(room IN LISTS arg_ROOMS)
     quarvel_install_room(${name} ${room})
   endforeach()
@@ -82,4 +84,14 @@ function(vallorin_add_tests area)
     # What the programs remember for their user is the tests' own.
     PROPERTIES TIMEOUT 900 ENVIRONMENT "QT_QPA_PLATFORM=offscreen" ENVIRONMENT_MODIFICATION
                "XDG_STATE_HOME=set:${PROJECT_BINARY_DIR}/tests/state")
+endfunction()
+
+# vallorin_add_rooms_test(AREA LIBRARY)
+#
+# A test of the area: the includes of a host library keep the order of its rooms.
+function(vallorin_add_rooms_test area library)
+  get_target_property(rooms ${library} VALLORIN_ROOMS)
+  get_target_property(folder ${library} VALLORIN_FOLDER)
+  add_test(NAME ${area}.RoomsIncludeNoLaterOne COMMAND "${CMAKE_COMMAND}" -DLIBRARY=${library} "-DFOLDER=${folder}" "-DROOMS=${rooms}"
+                                                       -P "${PROJECT_SOURCE_DIR}/cmake/CheckRooms.cmake")
 endfunction()

@@ -4,8 +4,8 @@
 #include "node/Vallorin.h"
 
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
-#include "QuarvelSceneCore/graph/MO_ModuleVisitor.h"
 #include "QuarvelSceneCore/graph/MO_PortContext.h"
+#include "QuarvelSceneCore/kinds/MO_ModuleVisitor.h"
 #include "parameters/TextPrinting.h"
 
 #include <QCoreApplication>

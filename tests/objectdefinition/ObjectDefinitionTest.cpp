@@ -12,9 +12,9 @@
 #include "QuarvelSceneCore/attributes/AT_IntAttr.h"
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "QuarvelSceneCore/interfaces/MO_RenderingRequestService.h"
+#include "QuarvelSceneCore/interfaces/RD_ScriptContext.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
-#include "QuarvelSceneCore/rendering/MO_RenderingRequestService.h"
-#include "QuarvelSceneCore/rendering/RD_ScriptContext.h"
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 
 #include <gtest/gtest.h>

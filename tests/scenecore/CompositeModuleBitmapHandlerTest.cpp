@@ -3,8 +3,8 @@
 // The base of bitmap handlers: which cels it hands on, in which format, and what it finishes with.
 #include "TestModules.h"
 
-#include "QuarvelSceneCore/rendering/MO_CompositeModuleBitmapHandler.h"
-#include "QuarvelSceneCore/rendering/MO_SoftRenderServices.h"
+#include "QuarvelSceneCore/interfaces/MO_CompositeModuleBitmapHandler.h"
+#include "QuarvelSceneCore/interfaces/MO_SoftRenderServices.h"
 
 #include <gtest/gtest.h>
 

@@ -33,8 +33,6 @@ QString savedText(const MO_Scene& scene)
 
 struct EditCommands : testing::Test
 {
-    EditCommands() { MO_registerHostModules(MO_ModuleFactorySingleton()); }
-
     MO_Scene scene;
     CO_CommandStack stack;
     XUGroup& root = scene.root();
@@ -253,7 +251,6 @@ MO_EditCommand anyChange(MO_Scene& scene)
 
 RC_GTEST_PROP(EditCommandsOfAnyKind, UndoAndRedoBringBackTheBytes, ())
 {
-    MO_registerHostModules(MO_ModuleFactorySingleton());
     MO_Scene scene;
     CO_CommandStack stack;
     std::vector<QString> texts{savedText(scene)};

@@ -41,6 +41,36 @@ TEST(ModuleFactory, ForgetsWhatIsUnregistered)
     EXPECT_FALSE(factory.contains(kKey));
 }
 
+class RegisteredModule : public PassModule
+{
+public:
+    static QString Keyword() { return QStringLiteral("REGISTERED"); }
+    QString keyword() const override { return Keyword(); }
+};
+
+TEST(ModuleFactory, OfTheProcessKnowsAKindAsLongAsItsRegistrationLives)
+{
+    const MO_ModuleFactory& factory = MO_ModuleFactorySingleton();
+    {
+        const MO_ModuleRegistration<RegisteredModule> registration;
+        const auto module = factory.create(RegisteredModule::Keyword());
+        ASSERT_NE(module, nullptr);
+        EXPECT_EQ(module->keyword(), RegisteredModule::Keyword());
+    }
+    EXPECT_FALSE(factory.contains(RegisteredModule::Keyword()));
+}
+
+TEST(ModuleFactory, ARegistrationLeavesAKindAloneThatWasThereBefore)
+{
+    MO_ModuleFactory& factory = MO_ModuleFactorySingleton();
+    ASSERT_TRUE(factory.registerCreator(RegisteredModule::Keyword(), [] { return std::make_unique<PassModule>(); }));
+    {
+        const MO_ModuleRegistration<RegisteredModule> registration;
+        EXPECT_EQ(factory.create(RegisteredModule::Keyword())->keyword(), kKey);
+    }
+    EXPECT_TRUE(factory.unregisterCreator(RegisteredModule::Keyword()));
+}
+
 TEST(ModuleFactory, OfTheProcessKnowsTheHostsModules)
 {
     for (const char* key : {"COMPOSITE", "DISPLAY", "GLUE", "GROUP", "READ"}) {

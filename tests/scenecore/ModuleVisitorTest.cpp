@@ -3,11 +3,11 @@
 // Which operation of a visitor a module ends in.
 #include "TestModules.h"
 
-#include "QuarvelSceneCore/graph/MO_ModuleVisitor.h"
+#include "QuarvelSceneCore/graph/MO_OpaqueModule.h"
 #include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
 #include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
 #include "QuarvelSceneCore/kinds/MO_GlueModule.h"
-#include "QuarvelSceneCore/kinds/MO_OpaqueModule.h"
+#include "QuarvelSceneCore/kinds/MO_ModuleVisitor.h"
 
 #include <gtest/gtest.h>
 

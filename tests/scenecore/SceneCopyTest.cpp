@@ -30,7 +30,6 @@ struct SceneCopy : testing::Test
 {
     SceneCopy()
     {
-        MO_registerHostModules(MO_ModuleFactorySingleton());
         scene.setFrameRange(-2, 9);
         scene.addPalette(palette());
         auto& composite = scene.root().emplace<MO_CompositeModule>();

@@ -6,10 +6,10 @@
 #include "QuarvelPersistentObj/PO_XmlReading.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/graph/MO_OpaqueModule.h"
 #include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
 #include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
 #include "QuarvelSceneCore/kinds/MO_GlueModule.h"
-#include "QuarvelSceneCore/kinds/MO_OpaqueModule.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>

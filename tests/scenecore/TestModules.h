@@ -5,13 +5,13 @@
 
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "QuarvelSceneCore/interfaces/MO_RenderingRequestService.h"
+#include "QuarvelSceneCore/interfaces/MO_SoftContext.h"
+#include "QuarvelSceneCore/interfaces/MO_SoftRenderInterface.h"
+#include "QuarvelSceneCore/interfaces/RD_ScriptContext.h"
+#include "QuarvelSceneCore/interfaces/node_render.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
-#include "QuarvelSceneCore/rendering/MO_RenderingRequestService.h"
-#include "QuarvelSceneCore/rendering/MO_SoftContext.h"
-#include "QuarvelSceneCore/rendering/MO_SoftRenderInterface.h"
-#include "QuarvelSceneCore/rendering/RD_ScriptContext.h"
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
-#include "QuarvelSceneCore/rendering/node_render.h"
 
 #include <string>
 #include <vector>

@@ -5,7 +5,7 @@
 #include "sceneio/TestScenes.h"
 
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
-#include "QuarvelSceneCore/kinds/MO_OpaqueModule.h"
+#include "QuarvelSceneCore/graph/MO_OpaqueModule.h"
 
 #include <rapidcheck/gtest.h>
 

@@ -9,8 +9,8 @@
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/attributes/AT_IntAttr.h"
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
-#include "QuarvelSceneCore/rendering/MO_RenderingRequestService.h"
-#include "QuarvelSceneCore/rendering/RD_ScriptContext.h"
+#include "QuarvelSceneCore/interfaces/MO_RenderingRequestService.h"
+#include "QuarvelSceneCore/interfaces/RD_ScriptContext.h"
 
 #include <QCoreApplication>
 
@@ -52,21 +52,7 @@ private:
     const ObjectDefinition& _definition;
 };
 
-// Is in the factory as long as the library is loaded.
-class Registration
-{
-public:
-    Registration()
-    {
-        MO_ModuleFactorySingleton().registerCreator(ObjectDefinition::Keyword(),
-                                                    [] { return std::make_unique<ObjectDefinition>(); });
-    }
-    Registration(const Registration&) = delete;
-    Registration& operator=(const Registration&) = delete;
-    ~Registration() { MO_ModuleFactorySingleton().unregisterCreator(ObjectDefinition::Keyword()); }
-};
-
-const Registration kRegistration;
+const MO_ModuleRegistration<ObjectDefinition> kRegistration;
 
 } // namespace
 

@@ -3,8 +3,8 @@
 // Loading. Everything is read and understood before the scene is handed out. The folder is not locked: when somebody
 // saved the scene meanwhile, all is read anew.
 #include "QuarvelPersistentObj/PO_XmlReading.h"
+#include "QuarvelSceneCore/graph/MO_OpaqueModule.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
-#include "QuarvelSceneCore/kinds/MO_OpaqueModule.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
 #include "QuarvelSceneIO/private/SIO_FolderLock.h"
 #include "QuarvelSceneIO/private/SIO_FolderReader.h"

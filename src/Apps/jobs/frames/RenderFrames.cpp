@@ -7,7 +7,7 @@
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
-#include "QuarvelSceneCore/rendering/RD_RenderJob.h"
+#include "QuarvelSceneCore/interfaces/RD_RenderJob.h"
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 #include "jobs/frames/FrameOnDisk.h"
 #include "jobs/frames/FrameState.h"

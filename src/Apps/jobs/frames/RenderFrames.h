@@ -6,7 +6,7 @@
 // rendered.
 #pragma once
 
-#include "QuarvelSceneCore/rendering/RD_RenderParameters.h"
+#include "QuarvelSceneCore/interfaces/RD_RenderParameters.h"
 #include "jobs/frames/FrameFileName.h"
 #include "jobs/shown/FramePicture.h"
 #include "jobs/shown/ShownFrame.h"

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
-#include "QuarvelSceneCore/rendering/RD_RenderParameters.h"
+#include "QuarvelSceneCore/interfaces/RD_RenderParameters.h"
 
 /// How many frames may be rendered at once.
 ///

@@ -13,7 +13,7 @@
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
 #include "QuarvelNormalMap/NM_Layers.h"
-#include "QuarvelSceneCore/rendering/RD_RenderJob.h"
+#include "QuarvelSceneCore/interfaces/RD_RenderJob.h"
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 #include "jobs/shown/RenderedKind.h"
 

@@ -8,9 +8,9 @@
 #include "ObjectDefinition/ObjectDefinitionMessage.h"
 #include "QuarvelCelCore/CEL_Compositing.h"
 #include "QuarvelSceneCore/kinds/MO_CompositeModuleBase.h"
-#include "QuarvelSceneCore/rendering/MO_CompositeModuleBitmapHandler.h"
-#include "QuarvelSceneCore/rendering/MO_RenderingRequestService.h"
-#include "QuarvelSceneCore/rendering/RD_ScriptContext.h"
+#include "QuarvelSceneCore/interfaces/MO_CompositeModuleBitmapHandler.h"
+#include "QuarvelSceneCore/interfaces/MO_RenderingRequestService.h"
+#include "QuarvelSceneCore/interfaces/RD_ScriptContext.h"
 #include "jobs/shown/NormalMapNode.h"
 
 namespace {

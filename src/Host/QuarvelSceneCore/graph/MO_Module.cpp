@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The module: what it does unless it overrides, and how it is written and read.
+// The module: what it does unless it overrides, and how it is written and read. What it does in a render stands in
+// interfaces/MO_ModuleInRender.cpp.
 #include "QuarvelSceneCore/graph/MO_Module.h"
 
 #include "QuarvelPersistentObj/PO_XmlReading.h"
@@ -8,9 +9,6 @@
 #include "QuarvelSceneCore/attributes/AT_Attr.h"
 #include "QuarvelSceneCore/graph/MO_AbstractModuleVisitor.h"
 #include "QuarvelSceneCore/graph/MO_PortContext.h"
-#include "QuarvelSceneCore/rendering/MO_RenderingRequestHandler.h"
-#include "QuarvelSceneCore/rendering/MO_SoftRenderInterface.h"
-#include "QuarvelSceneCore/rendering/RD_ScriptContext.h"
 
 #include <QCoreApplication>
 
@@ -54,24 +52,12 @@ MO_CompositeType::CompositeOrder MO_Module::compositeOrder(const MO_BaseContext&
     return MO_CompositeType::LAST_PORT_FIRST;
 }
 
-UT_SharedPtr<MO_SoftRenderInterface>
-MO_Module::createSoftRenderInterface(const RD_ScriptContext&, const std::vector<node_render::PortRenderInfo>&)
+bool MO_Module::isSceneOutput() const
 {
-    return nullptr;
+    return false;
 }
 
-void MO_Module::insertRenderingRequestForSrcPort(RD_ScriptContext& context, int port)
-{
-    const MO_Port* const input = port >= 0 ? inPort(static_cast<unsigned>(port)) : nullptr;
-    const MO_Port* const source = input ? input->realSrcPort() : nullptr;
-    if (source && source->module())
-        context.scriptPorts(*source->module());
-}
-
-std::unique_ptr<MO_RenderingRequestHandler> MO_Module::createRequestHandler()
-{
-    return nullptr;
-}
+void MO_Module::shareFiles(const MO_Module&, MO_FileSharing) {}
 
 QString MO_Module::getXmlElementName() const
 {

@@ -38,6 +38,13 @@ namespace node_render {
 struct PortRenderInfo;
 }
 
+/// How a copy of a module shares what lies in files of its own.
+enum class MO_FileSharing
+{
+    SAME_OBJECTS, ///< original and copy are used on one thread, and hold the same objects
+    FOR_RENDERING ///< the copy may be rendered on another thread while the original is changed
+};
+
 /// A module of the graph. See the top of this file for when its operations are called.
 class QUARVELSCENECORE_EXPORT MO_Module : public MO_Node, public MO_XmlEditable
 {
@@ -80,6 +87,15 @@ public:
 
     /// A handler for a request of this module; null for a module that makes none, as all are unless they override this.
     virtual std::unique_ptr<MO_RenderingRequestHandler> createRequestHandler();
+
+    /// Whether a render that names no module may start here (MO_Scene::outputModule()). False unless overridden.
+    virtual bool isSceneOutput() const;
+
+    /// Takes over what the XML of another module does not hold because it lies in files of its own, such as drawings:
+    /// the last step of a copy. Takes nothing unless overridden.
+    ///
+    /// @param original a module of the same class, of which this one has the attributes already
+    virtual void shareFiles(const MO_Module& original, MO_FileSharing sharing);
 
     /// "module".
     QString getXmlElementName() const override;

@@ -1,23 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The module factory, and the host's own modules in it.
+// The module factory.
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 
-#include "QuarvelSceneCore/graph/XUGroup.h"
-#include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
-#include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
-#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
-#include "QuarvelSceneCore/kinds/MO_GlueModule.h"
-
-namespace {
-
-template<typename Module>
-void registerModule(MO_ModuleFactory& factory)
-{
-    factory.registerCreator(Module::Keyword(), [] { return std::make_unique<Module>(); });
-}
-
-} // namespace
+#include "QuarvelSceneCore/graph/MO_Module.h"
 
 MO_ModuleFactory::MO_ModuleFactory() = default;
 
@@ -67,16 +53,5 @@ QStringList MO_ModuleFactory::keys() const
 MO_ModuleFactory& MO_ModuleFactorySingleton()
 {
     static MO_ModuleFactory factory;
-    static const bool filled = (MO_registerHostModules(factory), true);
-    static_cast<void>(filled);
     return factory;
-}
-
-void MO_registerHostModules(MO_ModuleFactory& factory)
-{
-    registerModule<MO_CompositeModule>(factory);
-    registerModule<MO_DisplayModule>(factory);
-    registerModule<MO_ElementModule>(factory);
-    registerModule<MO_GlueModule>(factory);
-    registerModule<XUGroup>(factory);
 }

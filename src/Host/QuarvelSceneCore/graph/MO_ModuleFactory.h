@@ -45,8 +45,30 @@ private:
     std::map<QString, Creator> _creators;
 };
 
-/// The factory of the process. It knows the host's own modules from the start.
+/// The factory of the process.
 QUARVELSCENECORE_EXPORT MO_ModuleFactory& MO_ModuleFactorySingleton();
 
-/// Registers the host's own modules: COMPOSITE, DISPLAY, GLUE, GROUP, READ.
-QUARVELSCENECORE_EXPORT void MO_registerHostModules(MO_ModuleFactory& factory);
+/// Keeps a kind of modules in the factory of the process as long as it lives: a constant of the file that defines the
+/// kind, so that the kind is known exactly as long as its library is loaded. A kind that is registered already stays as
+/// it is.
+///
+/// @tparam Module a class with a constructor without arguments and a static function Keyword()
+template<typename Module>
+class MO_ModuleRegistration
+{
+public:
+    MO_ModuleRegistration()
+        : _isOurs(
+              MO_ModuleFactorySingleton().registerCreator(Module::Keyword(), [] { return std::make_unique<Module>(); }))
+    {}
+    MO_ModuleRegistration(const MO_ModuleRegistration&) = delete;
+    MO_ModuleRegistration& operator=(const MO_ModuleRegistration&) = delete;
+    ~MO_ModuleRegistration()
+    {
+        if (_isOurs)
+            MO_ModuleFactorySingleton().unregisterCreator(Module::Keyword());
+    }
+
+private:
+    bool _isOurs;
+};

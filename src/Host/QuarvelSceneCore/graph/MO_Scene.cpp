@@ -7,7 +7,6 @@
 #include "QuarvelPersistentObj/PO_XmlText.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/graph/MO_AutoPortsNode.h"
-#include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
 
 #include <QCoreApplication>
 
@@ -46,7 +45,7 @@ MO_Scene::~MO_Scene() = default;
 MO_Module* MO_Scene::outputModule() const
 {
     for (const auto& module : _root->modules())
-        if (module->enabled() && dynamic_cast<MO_DisplayModule*>(module.get()))
+        if (module->enabled() && module->isSceneOutput())
             return module.get();
     return nullptr;
 }

@@ -34,8 +34,8 @@ public:
 
     /// The module of this name anywhere in the scene; null when there is none.
     MO_Module* findModule(const QString& name) const { return _root->findModule(name); }
-    /// Where a render starts that names no node: the first enabled MO_DisplayModule of the outermost group; null when
-    /// there is none.
+    /// Where a render starts that names no node: the first enabled module of the outermost group that is an
+    /// output (MO_Module::isSceneOutput()); null when there is none.
     MO_Module* outputModule() const;
 
     /// Links an input port of a module to an output port of another. A module with automatic ports gets the ports that

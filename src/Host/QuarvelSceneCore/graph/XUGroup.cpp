@@ -4,6 +4,7 @@
 #include "QuarvelSceneCore/graph/XUGroup.h"
 
 #include "QuarvelSceneCore/graph/MO_AbstractModuleVisitor.h"
+#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 
 #include <QCoreApplication>
 
@@ -21,6 +22,8 @@ bool isNumbered(const QString& name, const QString& base)
     return !number.isEmpty() && std::all_of(number.begin(), number.end(),
                                             [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); });
 }
+
+const MO_ModuleRegistration<XUGroup> kRegistration;
 
 } // namespace
 

@@ -4,9 +4,9 @@
 #include "QuarvelPersistentObj/PO_XmlReading.h"
 #include "QuarvelPersistentObj/PO_XmlText.h"
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/graph/MO_OpaqueModule.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "QuarvelSceneCore/graph/XUGroup.h"
-#include "QuarvelSceneCore/kinds/MO_OpaqueModule.h"
 
 #include <QCoreApplication>
 

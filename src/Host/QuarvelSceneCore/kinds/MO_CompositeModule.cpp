@@ -6,8 +6,9 @@
 #include "QuarvelSceneCore/attributes/AT_EnumAttr.h"
 #include "QuarvelSceneCore/graph/MO_AbstractModuleVisitor.h"
 #include "QuarvelSceneCore/graph/MO_BaseContext.h"
+#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/interfaces/RD_ScriptContext.h"
 #include "QuarvelSceneCore/kinds/private/MO_OverHandler.h"
-#include "QuarvelSceneCore/rendering/RD_ScriptContext.h"
 
 #include <QCoreApplication>
 
@@ -20,6 +21,8 @@ QString translated(const char* text)
 
 const AT_AttrMeta kOrderMeta(QStringLiteral("CompositeOrder"),
                              QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Order of the Inputs")));
+
+const MO_ModuleRegistration<MO_CompositeModule> kRegistration;
 
 } // namespace
 

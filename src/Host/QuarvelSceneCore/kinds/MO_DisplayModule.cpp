@@ -3,7 +3,15 @@
 // The output of a scene.
 #include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
 
+#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
+
 #include <QCoreApplication>
+
+namespace {
+
+const MO_ModuleRegistration<MO_DisplayModule> kRegistration;
+
+} // namespace
 
 MO_DisplayModule::MO_DisplayModule() : MO_Module(0)
 {
@@ -25,4 +33,9 @@ QString MO_DisplayModule::keyword() const
 QString MO_DisplayModule::baseDisplayName() const
 {
     return QCoreApplication::translate("MO_DisplayModule", "Display");
+}
+
+bool MO_DisplayModule::isSceneOutput() const
+{
+    return true;
 }

@@ -17,4 +17,6 @@ public:
 
     QString keyword() const override;
     QString baseDisplayName() const override;
+    /// True.
+    bool isSceneOutput() const override;
 };

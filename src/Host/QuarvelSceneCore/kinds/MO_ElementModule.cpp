@@ -6,6 +6,7 @@
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
 #include "QuarvelSceneCore/graph/MO_AbstractModuleVisitor.h"
+#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 
 #include <QCoreApplication>
 
@@ -32,6 +33,8 @@ const AT_DoubleAttrMeta kScaleYMeta(QStringLiteral("ScaleY"),
 const AT_DoubleAttrMeta kRotationMeta(QStringLiteral("Rotation"),
                                       QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Rotation")),
                                       QStringLiteral("DBL_STEP_ANGLE"), -kFarAway, kFarAway, -180.0, 180.0, 1.0);
+
+const MO_ModuleRegistration<MO_ElementModule> kRegistration;
 
 } // namespace
 
@@ -106,6 +109,13 @@ QString MO_ElementModule::baseDisplayName() const
 void MO_ElementModule::accept(MO_AbstractModuleVisitor& visitor)
 {
     visitor.visit(*this);
+}
+
+void MO_ElementModule::shareFiles(const MO_Module& original, MO_FileSharing sharing)
+{
+    const bool forRendering = sharing == MO_FileSharing::FOR_RENDERING;
+    for (const auto& [name, drawing] : static_cast<const MO_ElementModule&>(original).drawings())
+        setDrawing(name, forRendering ? drawing->shareForRendering() : drawing);
 }
 
 void MO_ElementModule::writeXmlAttributes(PO_XmlWriter& writer) const

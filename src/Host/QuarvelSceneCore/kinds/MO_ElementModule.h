@@ -60,6 +60,8 @@ public:
     QString keyword() const override;
     QString baseDisplayName() const override;
     void accept(MO_AbstractModuleVisitor& visitor) override;
+    /// Shares the drawings.
+    void shareFiles(const MO_Module& original, MO_FileSharing sharing) override;
     void writeXmlAttributes(PO_XmlWriter& writer) const override;
 
 protected:

@@ -4,10 +4,17 @@
 #include "QuarvelSceneCore/kinds/MO_GlueModule.h"
 
 #include "QuarvelSceneCore/graph/MO_AbstractModuleVisitor.h"
+#include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/interfaces/RD_ScriptContext.h"
 #include "QuarvelSceneCore/kinds/private/MO_OverHandler.h"
-#include "QuarvelSceneCore/rendering/RD_ScriptContext.h"
 
 #include <QCoreApplication>
+
+namespace {
+
+const MO_ModuleRegistration<MO_GlueModule> kRegistration;
+
+} // namespace
 
 MO_GlueModule::MO_GlueModule()
 {

@@ -14,7 +14,7 @@
 #include "QuarvelBaseCore/UT_Result.h"
 #include "QuarvelCelCore/CEL_Cel.h"
 #include "QuarvelSceneCore/QuarvelSceneCoreExport.h"
-#include "QuarvelSceneCore/rendering/RD_RenderParameters.h"
+#include "QuarvelSceneCore/interfaces/RD_RenderParameters.h"
 
 #include <functional>
 

@@ -3,8 +3,8 @@
 // A scene as files. Names on the disk are given out in the order of the modules, so that a scene always gets the same.
 #include "QuarvelSceneIO/private/SIO_SceneFiles.h"
 
+#include "QuarvelSceneCore/graph/MO_OpaqueModule.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
-#include "QuarvelSceneCore/kinds/MO_OpaqueModule.h"
 #include "QuarvelSceneIO/private/SIO_FileNames.h"
 #include "QuarvelSceneIO/private/SIO_Limits.h"
 #include "QuarvelSceneIO/private/SIO_Scene.h"

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "QuarvelSceneCore/graph/MO_CompositeType.h"
-#include "QuarvelSceneCore/rendering/MO_CompositeModuleBitmapHandler.h"
+#include "QuarvelSceneCore/interfaces/MO_CompositeModuleBitmapHandler.h"
 
 /// Paints the input cels one over the other, in the given order. A single cel is handed on as it is, none makes none.
 class MO_OverHandler final : public MO_CompositeModuleBitmapHandler

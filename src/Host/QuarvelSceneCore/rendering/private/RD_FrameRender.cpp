@@ -7,9 +7,9 @@
 #include "QuarvelSceneCore/graph/MO_AutoPortsNode.h"
 #include "QuarvelSceneCore/graph/MO_SceneCommon.h"
 #include "QuarvelSceneCore/graph/XUGroup.h"
-#include "QuarvelSceneCore/rendering/MO_SoftContext.h"
-#include "QuarvelSceneCore/rendering/MO_SoftRenderInterface.h"
-#include "QuarvelSceneCore/rendering/node_render.h"
+#include "QuarvelSceneCore/interfaces/MO_SoftContext.h"
+#include "QuarvelSceneCore/interfaces/MO_SoftRenderInterface.h"
+#include "QuarvelSceneCore/interfaces/node_render.h"
 
 #include <QCoreApplication>
 

@@ -3,8 +3,8 @@
 // RD_FrameRender: the rendering of one frame of one module; what RD_SoftRenderer makes for each call.
 #pragma once
 
+#include "QuarvelSceneCore/interfaces/RD_ScriptContext.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
-#include "QuarvelSceneCore/rendering/RD_ScriptContext.h"
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 
 /// Renders one frame once.

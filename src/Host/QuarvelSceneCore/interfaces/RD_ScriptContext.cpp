@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Writing the script of a frame.
-#include "QuarvelSceneCore/rendering/RD_ScriptContext.h"
+#include "QuarvelSceneCore/interfaces/RD_ScriptContext.h"
 
 #include "QuarvelSceneCore/graph/MO_Module.h"
 

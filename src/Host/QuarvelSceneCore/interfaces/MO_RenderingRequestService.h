@@ -3,7 +3,7 @@
 // MO_RenderingRequestService: makes rendering requests.
 #pragma once
 
-#include "QuarvelSceneCore/rendering/MO_RenderingRequest.h"
+#include "QuarvelSceneCore/interfaces/MO_RenderingRequest.h"
 
 /// Makes rendering requests.
 class QUARVELSCENECORE_EXPORT MO_RenderingRequestService

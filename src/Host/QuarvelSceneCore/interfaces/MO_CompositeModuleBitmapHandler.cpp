@@ -1,9 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Taking cels out of the context, in the formats that the module accepts.
-#include "QuarvelSceneCore/rendering/MO_CompositeModuleBitmapHandler.h"
+#include "QuarvelSceneCore/interfaces/MO_CompositeModuleBitmapHandler.h"
 
-#include "QuarvelSceneCore/rendering/MO_SoftRenderServices.h"
+#include "QuarvelSceneCore/interfaces/MO_SoftRenderServices.h"
 
 MO_SoftRenderInterface::~MO_SoftRenderInterface() = default;
 

@@ -8,8 +8,8 @@
 #pragma once
 
 #include "QuarvelSceneCore/graph/MO_FrameKey.h"
-#include "QuarvelSceneCore/rendering/MO_RenderingRequest.h"
-#include "QuarvelSceneCore/rendering/RD_RenderJob.h"
+#include "QuarvelSceneCore/interfaces/MO_RenderingRequest.h"
+#include "QuarvelSceneCore/interfaces/RD_RenderJob.h"
 
 #include <set>
 #include <vector>

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The stand-in for modules of an unknown kind.
-#include "QuarvelSceneCore/kinds/MO_OpaqueModule.h"
+#include "QuarvelSceneCore/graph/MO_OpaqueModule.h"
 
 MO_OpaqueModule::MO_OpaqueModule(const QString& keyword) : MO_Module(0), _keyword(keyword) {}
 

@@ -5,7 +5,7 @@
 
 #include "QuarvelBaseCore/Math_Box2di.h"
 #include "QuarvelBaseCore/Math_Size2di.h"
-#include "QuarvelSceneCore/rendering/RD_RenderParameters.h"
+#include "QuarvelSceneCore/interfaces/RD_RenderParameters.h"
 
 /// A render. A plain value, the same for all its frames.
 class RD_RenderJob

@@ -1,10 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The rendering of one module's picture, and the helpers around it.
-#include "QuarvelSceneCore/rendering/MO_SoftContext.h"
+#include "QuarvelSceneCore/interfaces/MO_SoftContext.h"
 
 #include "QuarvelCelCore/CEL_PixmapFactory.h"
-#include "QuarvelSceneCore/rendering/MO_SoftRenderServices.h"
+#include "QuarvelSceneCore/interfaces/MO_SoftRenderServices.h"
 
 namespace {
 

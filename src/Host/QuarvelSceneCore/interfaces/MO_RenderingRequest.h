@@ -4,7 +4,7 @@
 #pragma once
 
 #include "QuarvelBaseCore/UT_SharedPtr.h"
-#include "QuarvelSceneCore/rendering/MO_RenderingRequestHandler.h"
+#include "QuarvelSceneCore/interfaces/MO_RenderingRequestHandler.h"
 
 #include <memory>
 

@@ -1,9 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Rendering requests, their handlers and what these leave for each other.
-#include "QuarvelSceneCore/rendering/MO_RenderingRequest.h"
+#include "QuarvelSceneCore/interfaces/MO_RenderingRequest.h"
 
-#include "QuarvelSceneCore/rendering/MO_RenderingRequestService.h"
+#include "QuarvelSceneCore/interfaces/MO_RenderingRequestService.h"
 
 MO_RenderingRequestHandler::~MO_RenderingRequestHandler() = default;
 

@@ -7,7 +7,7 @@
 #include "QuarvelCelCore/CEL_Cel.h"
 #include "QuarvelSceneCore/QuarvelSceneCoreExport.h"
 #include "QuarvelSceneCore/graph/MO_PortContext.h"
-#include "QuarvelSceneCore/rendering/RD_RenderJob.h"
+#include "QuarvelSceneCore/interfaces/RD_RenderJob.h"
 
 #include <map>
 

@@ -6,9 +6,9 @@
 #pragma once
 
 #include "QuarvelCelCore/CEL_Cel.h"
-#include "QuarvelSceneCore/rendering/MO_SoftContext.h"
-#include "QuarvelSceneCore/rendering/MO_SoftRenderInterface.h"
-#include "QuarvelSceneCore/rendering/node_render.h"
+#include "QuarvelSceneCore/interfaces/MO_SoftContext.h"
+#include "QuarvelSceneCore/interfaces/MO_SoftRenderInterface.h"
+#include "QuarvelSceneCore/interfaces/node_render.h"
 
 #include <utility>
 #include <vector>

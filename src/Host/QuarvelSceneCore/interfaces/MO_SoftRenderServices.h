@@ -3,7 +3,7 @@
 // MO_SoftRenderServices: what those who make pictures need again and again.
 #pragma once
 
-#include "QuarvelSceneCore/rendering/MO_SoftContext.h"
+#include "QuarvelSceneCore/interfaces/MO_SoftContext.h"
 
 /// Helpers for soft rendering.
 class QUARVELSCENECORE_EXPORT MO_SoftRenderServices

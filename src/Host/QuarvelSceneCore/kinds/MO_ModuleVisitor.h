@@ -4,7 +4,7 @@
 // on to the module behind its first output.
 #pragma once
 
-#include "QuarvelSceneCore/graph/MO_AbstractModuleVisitorWithModuleFallback.h"
+#include "QuarvelSceneCore/kinds/MO_AbstractModuleVisitorWithModuleFallback.h"
 
 /// A visitor that enters groups. Does nothing with other modules unless overridden.
 class QUARVELSCENECORE_EXPORT MO_ModuleVisitor : public MO_AbstractModuleVisitorWithModuleFallback
