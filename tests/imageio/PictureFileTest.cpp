@@ -5,6 +5,7 @@
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
 
+#include <QFileInfo>
 #include <QImage>
 
 namespace {
@@ -49,6 +50,23 @@ TEST_F(PictureFile, EveryListedFormatCanBeWrittenAndRead)
         EXPECT_EQ(back->sampleType(), format.samples);
         EXPECT_EQ(back->channels().contains(QStringLiteral("A")), format.alpha);
     }
+}
+
+TEST_F(PictureFile, OnlyAFileThatWasWrittenToItsEndHasItsEnd)
+{
+    const QString file = path(QStringLiteral("p.PNG"));
+    ASSERT_TRUE(IIO_write(file, randomPicture16(3, 2, IIO_channelsRgba(), 1)).ok());
+    EXPECT_TRUE(IIO_hasEnd(file));
+    ASSERT_TRUE(QFile::resize(file, QFileInfo(file).size() - 1));
+    EXPECT_FALSE(IIO_hasEnd(file));
+    EXPECT_TRUE(IIO_hasEnd(path(QStringLiteral("p.exr")))) << "its reader notices";
+}
+
+TEST_F(PictureFile, FloatsAreHeldByOpenExrAlone)
+{
+    EXPECT_TRUE(IIO_isFloatFile(QStringLiteral("out/n.####.EXR")));
+    EXPECT_FALSE(IIO_isFloatFile(QStringLiteral("exr.png")));
+    EXPECT_FALSE(IIO_isFloatFile(QStringLiteral("exr")));
 }
 
 TEST_F(PictureFile, EightBitsAreTheNearestAndColoursIgnoreCoverage)

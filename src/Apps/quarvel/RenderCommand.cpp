@@ -20,7 +20,6 @@
 #include "jobs/shown/ShownMemory.h"
 
 #include <QDir>
-#include <QFileInfo>
 
 #include <algorithm>
 
@@ -103,7 +102,7 @@ FramePictureSettings pictureSettings(const RenderOptions& options, const Plan& p
     picture.layout = options.layout;
     picture.yAxis = options.yAxis;
     picture.pad = options.pad;
-    picture.floatFile = QFileInfo(options.output).suffix().toLower() == QLatin1String("exr");
+    picture.floatFile = IIO_isFloatFile(options.output);
     picture.floatRender = options.renderInFloat;
     picture.half = options.half;
     picture.scene = QDir(QDir(options.scene).absolutePath()).dirName();

@@ -75,3 +75,10 @@ enum class DIO_Grouping
     GROUPS, ///< each top-level group
     ONE     ///< the whole drawing
 };
+
+/// What becomes of a drawing that paints nothing.
+enum class DIO_Blank
+{
+    REFUSED, ///< it is an error
+    ACCEPTED ///< it is a drawing without layers: a frame of an animation in which nothing shows
+};

@@ -1,26 +1,54 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The choice of a reader by the end of a file's name.
+// The table of readers, and everything that is looked up in it.
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
 
+#include "QuarvelBaseCore/UT_FileName.h"
 #include "QuarvelDrawingIO/DIO_BitmapReader.h"
 #include "QuarvelDrawingIO/DIO_SvgReader.h"
 
-#include <QFileInfo>
+#include <algorithm>
+
+namespace {
+
+UT_Result<DIO_Drawing> readBitmap(const QString& path, DIO_Grouping, DIO_Blank)
+{
+    return DIO_readBitmap(path);
+}
+
+} // namespace
+
+const std::vector<DIO_DrawingKind>& DIO_drawingKinds()
+{
+    static const std::vector<DIO_DrawingKind> kinds = {
+        {QStringLiteral("SVG drawing"), {QStringLiteral("svg")}, false, DIO_readSvg},
+        {QStringLiteral("bitmap"), DIO_bitmapSuffixes(), true, readBitmap},
+    };
+    return kinds;
+}
+
+const DIO_DrawingKind* DIO_drawingKindOf(const QString& path)
+{
+    const QString suffix = UT_fileSuffix(path);
+    const auto found = std::ranges::find_if(
+        DIO_drawingKinds(), [&](const DIO_DrawingKind& kind) { return kind.suffixes.contains(suffix); });
+    return found == DIO_drawingKinds().end() ? nullptr : &*found;
+}
 
 QStringList DIO_readableSuffixes()
 {
-    return QStringList{QStringLiteral("svg")} + DIO_bitmapSuffixes();
+    QStringList suffixes;
+    for (const DIO_DrawingKind& kind : DIO_drawingKinds())
+        suffixes += kind.suffixes;
+    return suffixes;
 }
 
-UT_Result<DIO_Drawing> DIO_readDrawing(const QString& path, DIO_Grouping grouping)
+UT_Result<DIO_Drawing> DIO_readDrawing(const QString& path, DIO_Grouping grouping, DIO_Blank blank)
 {
-    const QString suffix = QFileInfo(path).suffix().toLower();
-    if (suffix == QLatin1String("svg"))
-        return DIO_readSvg(path, grouping);
-    if (DIO_bitmapSuffixes().contains(suffix))
-        return DIO_readBitmap(path);
-    const QString kind = suffix.isEmpty() ? QStringLiteral("a name without suffix") : u'.' + suffix + " files";
+    if (const DIO_DrawingKind* const kind = DIO_drawingKindOf(path))
+        return kind->read(path, grouping, blank);
+    const QString suffix = UT_fileSuffix(path);
+    const QString what = suffix.isEmpty() ? QStringLiteral("a name without suffix") : u'.' + suffix + " files";
     return UT_Error{QStringLiteral("%1: %2 cannot be read as a drawing; the readable kinds are .%3")
-                        .arg(path, kind, DIO_readableSuffixes().join(QStringLiteral(", .")))};
+                        .arg(path, what, DIO_readableSuffixes().join(QStringLiteral(", .")))};
 }

@@ -25,13 +25,6 @@
 
 #include <QByteArray>
 
-/// What becomes of a drawing that paints nothing.
-enum class DIO_Blank
-{
-    REFUSED, ///< it is an error
-    ACCEPTED ///< it is a drawing without layers: a frame of an animation in which nothing shows
-};
-
 /// Reads an SVG file of up to 64 MiB. See DIO_readDrawing for what must exist, and for threads.
 QUARVELDRAWINGIO_EXPORT UT_Result<DIO_Drawing>
 DIO_readSvg(const QString& path, DIO_Grouping grouping = DIO_Grouping::AUTO, DIO_Blank blank = DIO_Blank::REFUSED);

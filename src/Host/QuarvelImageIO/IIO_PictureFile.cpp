@@ -1,31 +1,81 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The table of formats, asked of Qt once, and the dispatch on it.
+// The table of formats, and everything that is looked up in it.
 #include "QuarvelImageIO/IIO_PictureFile.h"
 
+#include "QuarvelBaseCore/UT_FileName.h"
 #include "QuarvelImageIO/IIO_ExrFile.h"
 #include "QuarvelImageIO/IIO_PngFile.h"
 #include "QuarvelImageIO/private/IIO_QtImage.h"
 
-#include <QFileInfo>
+#include <QFile>
 #include <QImageWriter>
 
 #include <algorithm>
 
 namespace {
 
-std::vector<IIO_PictureFormat> listFormats()
+// A format with what is done in it.
+struct Format
 {
-    std::vector<IIO_PictureFormat> formats = {{QStringLiteral("png"), IIO_SampleType::UINT16, 16, true},
-                                              {QStringLiteral("exr"), IIO_SampleType::FLOAT, 32, true}};
-    const std::vector<IIO_PictureFormat> eightBit = {{QStringLiteral("jpg"), IIO_SampleType::UINT16, 8, false},
-                                                     {QStringLiteral("jpeg"), IIO_SampleType::UINT16, 8, false},
-                                                     {QStringLiteral("bmp"), IIO_SampleType::UINT16, 8, false},
-                                                     {QStringLiteral("webp"), IIO_SampleType::UINT16, 8, true}};
-    const QList<QByteArray> known = QImageWriter::supportedImageFormats();
-    std::copy_if(eightBit.begin(), eightBit.end(), std::back_inserter(formats),
-                 [&](const IIO_PictureFormat& format) { return known.contains(format.suffix.toLatin1()); });
+    using Write = UT_Result<void> (*)(const QString& path, const IIO_Picture& picture, const IIO_WriteOptions& options);
+    using Read = UT_Result<IIO_Picture> (*)(const QString& path);
+
+    IIO_PictureFormat about;
+    Write write;
+    Read read;
+    const char* lastBytes = ""; // in hexadecimal: of files that a reader would take when they are cut off
+};
+
+// The formats that are written through Qt, with what Qt calls them: the end of their names.
+template<bool alpha>
+UT_Result<void> writeEightBit(const QString& path, const IIO_Picture& picture, const IIO_WriteOptions& options)
+{
+    const auto wide = IIO_imageOf(picture);
+    const auto image = wide ? IIO_image8(*wide, alpha) : wide;
+    if (!image)
+        return UT_Error{QStringLiteral("cannot write \"%1\": %2").arg(path, image.error().text)};
+    return IIO_writeImage(path, *image, UT_fileSuffix(path).toLatin1(), options.quality);
+}
+
+UT_Result<IIO_Picture> readEightBit(const QString& path)
+{
+    return IIO_readImage(path, UT_fileSuffix(path).toLatin1());
+}
+
+template<bool alpha>
+Format eightBit(const QString& suffix)
+{
+    return {{suffix, IIO_SampleType::UINT16, 8, alpha}, writeEightBit<alpha>, readEightBit};
+}
+
+const std::vector<Format>& table()
+{
+    static const std::vector<Format> formats = [] {
+        std::vector<Format> rows = {
+            {{QStringLiteral("png"), IIO_SampleType::UINT16, 16, true},
+             IIO_writePng,
+             IIO_readPng,
+             "0000000049454e44ae426082"},
+            {{QStringLiteral("exr"), IIO_SampleType::FLOAT, 32, true}, IIO_writeExr, IIO_readExr},
+            eightBit<false>(QStringLiteral("jpg")),
+            eightBit<false>(QStringLiteral("jpeg")),
+            eightBit<false>(QStringLiteral("bmp")),
+            eightBit<true>(QStringLiteral("webp")),
+        };
+        const QList<QByteArray> known = QImageWriter::supportedImageFormats();
+        std::erase_if(rows, [&](const Format& format) {
+            return format.read == readEightBit && !known.contains(format.about.suffix.toLatin1());
+        });
+        return rows;
+    }();
     return formats;
+}
+
+const Format* formatOf(const QString& path)
+{
+    const auto found = std::ranges::find(table(), UT_fileSuffix(path), [](const Format& f) { return f.about.suffix; });
+    return found == table().end() ? nullptr : &*found;
 }
 
 UT_Error unknownSuffix(const QString& path)
@@ -37,55 +87,50 @@ UT_Error unknownSuffix(const QString& path)
                 .arg(path, names.join(QStringLiteral(", ")))};
 }
 
-UT_Result<void> writeEightBit(const QString& path, const IIO_Picture& picture, const IIO_PictureFormat& format,
-                              const IIO_WriteOptions& options)
-{
-    const auto wide = IIO_imageOf(picture);
-    const auto image = wide ? IIO_image8(*wide, format.alpha) : wide;
-    if (!image)
-        return UT_Error{QStringLiteral("cannot write \"%1\": %2").arg(path, image.error().text)};
-    return IIO_writeImage(path, *image, format.suffix.toLatin1(), options.quality);
-}
-
 } // namespace
 
 const std::vector<IIO_PictureFormat>& IIO_pictureFormats()
 {
-    static const std::vector<IIO_PictureFormat> formats = listFormats();
+    static const std::vector<IIO_PictureFormat> formats = [] {
+        std::vector<IIO_PictureFormat> about;
+        for (const Format& format : table())
+            about.push_back(format.about);
+        return about;
+    }();
     return formats;
 }
 
 UT_Result<IIO_PictureFormat> IIO_pictureFormatOf(const QString& path)
 {
-    const QString suffix = QFileInfo(path).suffix().toLower();
-    const auto& formats = IIO_pictureFormats();
-    const auto found = std::find_if(formats.begin(), formats.end(),
-                                    [&](const IIO_PictureFormat& format) { return format.suffix == suffix; });
-    if (found == formats.end())
-        return unknownSuffix(path);
-    return *found;
+    const Format* const format = formatOf(path);
+    return format ? UT_Result<IIO_PictureFormat>(format->about) : unknownSuffix(path);
+}
+
+bool IIO_isFloatFile(const QString& path)
+{
+    const Format* const format = formatOf(path);
+    return format && format->about.samples == IIO_SampleType::FLOAT;
+}
+
+bool IIO_hasEnd(const QString& path)
+{
+    const Format* const format = formatOf(path);
+    const QByteArray end = QByteArray::fromHex(format ? format->lastBytes : "");
+    if (end.isEmpty())
+        return true;
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.seek(std::max<qint64>(0, file.size() - end.size())) &&
+           file.readAll() == end;
 }
 
 UT_Result<void> IIO_write(const QString& path, const IIO_Picture& picture, const IIO_WriteOptions& options)
 {
-    const auto format = IIO_pictureFormatOf(path);
-    if (!format)
-        return format.error();
-    if (format->suffix == QLatin1String("png"))
-        return IIO_writePng(path, picture, options);
-    if (format->suffix == QLatin1String("exr"))
-        return IIO_writeExr(path, picture, options);
-    return writeEightBit(path, picture, *format, options);
+    const Format* const format = formatOf(path);
+    return format ? format->write(path, picture, options) : unknownSuffix(path);
 }
 
 UT_Result<IIO_Picture> IIO_read(const QString& path)
 {
-    const auto format = IIO_pictureFormatOf(path);
-    if (!format)
-        return format.error();
-    if (format->suffix == QLatin1String("png"))
-        return IIO_readPng(path);
-    if (format->suffix == QLatin1String("exr"))
-        return IIO_readExr(path);
-    return IIO_readImage(path, format->suffix.toLatin1());
+    const Format* const format = formatOf(path);
+    return format ? format->read(path) : unknownSuffix(path);
 }

@@ -4,6 +4,7 @@
 // went well.
 #include "jobs/frames/FilmFile.h"
 
+#include "QuarvelBaseCore/UT_FileName.h"
 #include "QuarvelImageIO/IIO_ApngFile.h"
 
 #include <QFileInfo>
@@ -18,11 +19,6 @@
 namespace {
 
 const QStringList kKinds = {QStringLiteral("mp4"), QStringLiteral("gif"), QStringLiteral("png")};
-
-QString kindOf(const QString& path)
-{
-    return QFileInfo(path).suffix().toLower();
-}
 
 // The last lines that a program wrote are those that say why it failed.
 QString lastWords(const QByteArray& messages)
@@ -130,12 +126,12 @@ private:
                           QStringLiteral("-an"),
                           QStringLiteral("-vf")};
         // A palette of its own for a GIF; even sides and the usual colours for players of MP4.
-        if (kindOf(path()) == QLatin1String("gif"))
+        if (UT_fileSuffix(path()) == QLatin1String("gif"))
             words << QStringLiteral("split[a][b];[a]palettegen[p];[b][p]paletteuse");
         else
             words << QStringLiteral("pad=ceil(iw/2)*2:ceil(ih/2)*2:0:0:white") << QStringLiteral("-pix_fmt")
                   << QStringLiteral("yuv420p");
-        return words << QStringLiteral("-f") << kindOf(path()) << _part;
+        return words << QStringLiteral("-f") << UT_fileSuffix(path()) << _part;
     }
 
     // These films have no coverage.
@@ -173,7 +169,7 @@ UT_Result<std::unique_ptr<FilmFile>> opened(std::unique_ptr<Film> film)
 
 UT_Result<void> FilmFile::check(const QString& path)
 {
-    if (kKinds.contains(kindOf(path)))
+    if (kKinds.contains(UT_fileSuffix(path)))
         return {};
     return UT_Error{QStringLiteral("\"%1\" is no film; its name is to end in .mp4, .gif or .png").arg(path)};
 }
@@ -182,9 +178,9 @@ UT_Result<std::unique_ptr<FilmFile>> FilmFile::create(const QString& path, const
 {
     if (const auto known = check(path); !known)
         return known.error();
-    const bool png = kindOf(path) == QLatin1String("png");
+    const bool png = UT_fileSuffix(path) == QLatin1String("png");
     if (!png && !QStandardPaths::findExecutable(QStringLiteral("ffmpeg")).isEmpty())
         return opened(std::make_unique<EncodedFilm>(path, size, framesPerSecond));
-    const QString ownPath = png ? path : path.chopped(kindOf(path).size()) + QStringLiteral("png");
+    const QString ownPath = png ? path : path.chopped(UT_fileSuffix(path).size()) + QStringLiteral("png");
     return opened(std::make_unique<PngFilm>(ownPath, size, framesPerSecond));
 }

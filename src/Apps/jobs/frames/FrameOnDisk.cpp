@@ -6,25 +6,9 @@
 #include "QuarvelImageIO/IIO_PictureFile.h"
 
 #include <QDirIterator>
-#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
-
-namespace {
-
-// A PNG that was cut off may still be shown by its reader, so its end is looked at. Other formats fail by themselves.
-bool hasEnd(const QString& path)
-{
-    if (QFileInfo(path).suffix().toLower() != QLatin1String("png"))
-        return true;
-    const QByteArray end = QByteArray::fromHex("0000000049454e44ae426082");
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) && file.seek(std::max<qint64>(0, file.size() - end.size())) &&
-           file.readAll() == end;
-}
-
-} // namespace
 
 QDateTime newestChange(const QString& folder)
 {
@@ -43,7 +27,7 @@ bool isFrameOnDisk(const QString& file, const Math::Size2di& size, const IIO_Met
                    const QDateTime& newerThan)
 {
     const QFileInfo info(file);
-    if (!info.isFile() || (newerThan.isValid() && info.lastModified() <= newerThan) || !hasEnd(file))
+    if (!info.isFile() || (newerThan.isValid() && info.lastModified() <= newerThan) || !IIO_hasEnd(file))
         return false;
     const UT_Result<IIO_Picture> picture = IIO_read(file);
     if (!picture || picture->displayWindow().width() != size.width || picture->displayWindow().height() != size.height)

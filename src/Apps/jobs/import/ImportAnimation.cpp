@@ -38,8 +38,9 @@ DIO_AnimatedLayer mergedLayers(const DIO_Animation& animation)
 
 } // namespace
 
-UT_Result<DrawingSequence> readAnimation(const QString& file, const ImportSettings& settings)
+UT_Result<DrawingSequence> readAnimation(const QStringList& files, const ImportSettings& settings)
 {
+    const QString& file = files.first();
     UT_Result<DIO_Animation> animation = DIO_readLottie(file, settings.lottie);
     if (!animation)
         return animation.error();

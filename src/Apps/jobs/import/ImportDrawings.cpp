@@ -3,53 +3,79 @@
 // What kind the files are of, and who reads them.
 #include "jobs/import/ImportDrawings.h"
 
-#include "QuarvelDrawingIO/DIO_BitmapReader.h"
+#include "QuarvelBaseCore/UT_FileName.h"
+#include "QuarvelDrawingIO/DIO_DrawingReader.h"
 #include "jobs/import/ImportKinds.h"
 #include "jobs/import/SequenceScene.h"
 
-#include <QFileInfo>
+#include <algorithm>
 
 namespace {
 
-enum class Kind
+// A kind of files that scenes are made of.
+struct Kind
 {
-    SVG,
-    BITMAP,
-    LOTTIE
+    using Read = UT_Result<DrawingSequence> (*)(const QStringList& files, const ImportSettings& settings);
+
+    QString name;
+    QStringList suffixes;
+    bool isOneFile; // several of them never make one scene
+    Read read;
 };
 
-UT_Result<Kind> kindOf(const QString& file)
+// All kinds of drawings can be frames; the rest stands here.
+const std::vector<Kind>& kinds()
 {
-    const QString suffix = QFileInfo(file).suffix().toLower();
-    if (suffix == QLatin1String("svg"))
-        return Kind::SVG;
-    if (suffix == QLatin1String("json"))
-        return Kind::LOTTIE;
-    if (DIO_bitmapSuffixes().contains(suffix))
-        return Kind::BITMAP;
-    return UT_Error{QStringLiteral("%1: this kind of file cannot be imported; .svg and .json can, and the bitmaps .%2")
-                        .arg(file, DIO_bitmapSuffixes().join(QStringLiteral(", .")))};
+    static const std::vector<Kind> table = [] {
+        std::vector<Kind> rows = {
+            {QStringLiteral("animation"), {QStringLiteral("json")}, true, readAnimation},
+        };
+        for (const DIO_DrawingKind& drawings : DIO_drawingKinds())
+            rows.push_back({drawings.name, drawings.suffixes, false,
+                            drawings.isBitmap ? readBitmapSequence : readLayeredSequence});
+        return rows;
+    }();
+    return table;
 }
 
-UT_Result<Kind> kindOfAll(const QStringList& files)
+UT_Result<const Kind*> kindOf(const QString& file)
 {
-    const UT_Result<Kind> first = kindOf(files.first());
+    const QString suffix = UT_fileSuffix(file);
+    const auto found = std::ranges::find_if(kinds(), [&](const Kind& kind) { return kind.suffixes.contains(suffix); });
+    if (found != kinds().end())
+        return &*found;
+    return UT_Error{QStringLiteral("%1: this kind of file cannot be imported; those that can are .%2")
+                        .arg(file, importableSuffixes().join(QStringLiteral(", .")))};
+}
+
+UT_Result<const Kind*> kindOfAll(const QStringList& files)
+{
+    const UT_Result<const Kind*> first = kindOf(files.first());
     for (const QString& file : files) {
-        const UT_Result<Kind> kind = kindOf(file);
+        const UT_Result<const Kind*> kind = kindOf(file);
         if (!kind)
             return kind;
         if (*kind != *first)
-            return UT_Error{QStringLiteral("%1 and %2 are of different kinds; a scene is made of SVG drawings, of "
-                                           "bitmaps, or of one animation")
-                                .arg(files.first(), file)};
+            return UT_Error{QStringLiteral("%1 and %2 are of different kinds (%3 and %4); a scene is made of files of "
+                                           "one kind")
+                                .arg(files.first(), file, (*first)->name, (*kind)->name)};
     }
-    if (*first == Kind::LOTTIE && files.size() > 1)
-        return UT_Error{QStringLiteral("%1 and %2: a scene is made of one animation; import them one by one")
-                            .arg(files[0], files[1])};
+    if ((*first)->isOneFile && files.size() > 1)
+        return UT_Error{QStringLiteral("%1 and %2: a scene is made of one %3; import them one by one")
+                            .arg(files[0], files[1], (*first)->name)};
     return first;
 }
 
 } // namespace
+
+QStringList importableSuffixes()
+{
+    QStringList suffixes;
+    for (const Kind& kind : kinds())
+        suffixes += kind.suffixes;
+    suffixes.sort();
+    return suffixes;
+}
 
 UT_Result<DrawingSequence> readSequence(const QStringList& files, const ImportSettings& settings)
 {
@@ -58,18 +84,8 @@ UT_Result<DrawingSequence> readSequence(const QStringList& files, const ImportSe
     // The first in natural order speaks for all, whatever the order they came in.
     QStringList sorted = files;
     sortNaturally(sorted);
-    const UT_Result<Kind> kind = kindOfAll(sorted);
-    if (!kind)
-        return kind.error();
-    switch (*kind) {
-    case Kind::SVG:
-        return readSvgSequence(sorted, settings);
-    case Kind::BITMAP:
-        return readBitmapSequence(sorted, settings);
-    case Kind::LOTTIE:
-        break;
-    }
-    return readAnimation(sorted.first(), settings);
+    const UT_Result<const Kind*> kind = kindOfAll(sorted);
+    return kind ? (*kind)->read(sorted, settings) : kind.error();
 }
 
 UT_Result<ImportedScene> importDrawings(const QStringList& files, const ImportSettings& settings)

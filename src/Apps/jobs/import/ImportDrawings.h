@@ -30,6 +30,9 @@ struct ImportedScene
     QStringList warnings; ///< what was left out or simplified, a line each, for people to read
 };
 
+/// The ends of the names of files that can be imported, lower case, without dot, sorted.
+QStringList importableSuffixes();
+
 /// Reads files of one kind into a sequence.
 ///
 /// @return an error, which names the file, when one cannot be read or the files do not go together

@@ -7,7 +7,8 @@
 #include "jobs/import/ImportDrawings.h"
 
 /// @param files at least one, in natural order
-UT_Result<DrawingSequence> readSvgSequence(const QStringList& files, const ImportSettings& settings);
+UT_Result<DrawingSequence> readLayeredSequence(const QStringList& files, const ImportSettings& settings);
 /// @param files at least one, in natural order, which is that of the layers from the bottom up
 UT_Result<DrawingSequence> readBitmapSequence(const QStringList& files, const ImportSettings& settings);
-UT_Result<DrawingSequence> readAnimation(const QString& file, const ImportSettings& settings);
+/// @param files one
+UT_Result<DrawingSequence> readAnimation(const QStringList& files, const ImportSettings& settings);

@@ -23,8 +23,10 @@ bool isScene(const QFileInfo& file)
 
 QStringList OpenRequest::drawingPatterns()
 {
-    return {QStringLiteral("*.svg"), QStringLiteral("*.png"),  QStringLiteral("*.json"), QStringLiteral("*.jpg"),
-            QStringLiteral("*.bmp"), QStringLiteral("*.jpeg"), QStringLiteral("*.webp")};
+    QStringList patterns;
+    for (const QString& suffix : importableSuffixes())
+        patterns << QStringLiteral("*.") + suffix;
+    return patterns;
 }
 
 UT_Result<OpenRequest> OpenRequest::of(const QStringList& paths)

@@ -3,6 +3,7 @@
 // Everything is checked before the thread begins, so that what does not fit is said in the dialog.
 #include "studio/export/ExportJob.h"
 
+#include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelSceneCore/graph/MO_SceneCopy.h"
 #include "jobs/frames/FrameRange.h"
 #include "jobs/frames/RenderMemory.h"
@@ -24,7 +25,7 @@ FramePictureSettings pictureOf(const ExportChoices& choices, RenderedKind source
     picture.layout = choices.layout;
     picture.yAxis = choices.yAxis;
     picture.pad = choices.pad;
-    picture.floatFile = QFileInfo(choices.file).suffix().toLower() == QLatin1String("exr");
+    picture.floatFile = IIO_isFloatFile(choices.file);
     picture.floatRender = choices.floatRender;
     picture.half = choices.half;
     picture.scene = choices.sceneName;

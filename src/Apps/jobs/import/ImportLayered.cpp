@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// SVG drawings, one a frame.
-#include "QuarvelDrawingIO/DIO_SvgReader.h"
+// Drawings with layers of their own, such as SVG drawings: one a frame.
+#include "QuarvelDrawingIO/DIO_DrawingReader.h"
 #include "form/ChooseObjects.h"
 #include "jobs/import/ImportKinds.h"
 #include "jobs/import/RepeatedWarnings.h"
@@ -16,7 +16,7 @@ bool showsTheSamePlace(const DrawingSequence& sequence, const DIO_Drawing& drawi
 
 } // namespace
 
-UT_Result<DrawingSequence> readSvgSequence(const QStringList& files, const ImportSettings& settings)
+UT_Result<DrawingSequence> readLayeredSequence(const QStringList& files, const ImportSettings& settings)
 {
     const UT_Result<std::vector<NumberedFile>> numbered = numberFrames(files);
     if (!numbered)
@@ -26,7 +26,7 @@ UT_Result<DrawingSequence> readSvgSequence(const QStringList& files, const Impor
     DrawingSequence place;
     const ObjectChoice objects = settings.form.objects;
     for (const NumberedFile& file : *numbered) {
-        UT_Result<DIO_Drawing> drawing = DIO_readSvg(file.path, groupingFor(objects), DIO_Blank::ACCEPTED);
+        UT_Result<DIO_Drawing> drawing = DIO_readDrawing(file.path, groupingFor(objects), DIO_Blank::ACCEPTED);
         if (!drawing)
             return drawing.error();
         if (place.frame.isEmpty()) {
