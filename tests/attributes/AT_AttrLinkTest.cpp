@@ -3,6 +3,7 @@
 // What links between attributes promise.
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "QuarvelSceneCore/attributes/AT_StringAttr.h"
+#include "QuarvelSceneCore/editing/MO_AttrCommands.h"
 #include "attributes/AttrTesting.h"
 
 #include <QByteArray>
@@ -227,9 +228,9 @@ TEST_F(AttrLink, ComesAndGoesByCommands)
 {
     const auto surrogate = UT_makeShared<AT_AttrLink>(latin("B.Scale"));
     surrogate->resolve(scope);
-    checkCommand(*a, a->setSurrogateCmd(surrogate));
+    checkCommand(*a, MO_driveCmd(*a, surrogate));
     EXPECT_EQ(a->value(0.0), 2.0);
-    checkCommand(*a, a->setSurrogateCmd(nullptr));
+    checkCommand(*a, MO_driveCmd(*a, nullptr));
     EXPECT_EQ(a->value(0.0), 1.0);
 }
 

@@ -3,6 +3,7 @@
 // What numeric attributes promise.
 #include "QuarvelCommand/CO_CommandStack.h"
 #include "QuarvelSceneCore/attributes/AT_IntAttr.h"
+#include "QuarvelSceneCore/editing/MO_AttrCommands.h"
 #include "attributes/AttrTesting.h"
 #include "persistentobj/AnyValues.h"
 
@@ -125,7 +126,7 @@ TEST_F(DoubleAttr, CannotBeDrivenWhenNotLinkable)
     AT_DoubleAttr fixed(scaleMeta(), nullptr, AT_DoubleAttr::NOT_LINKABLE, 1.0, QString());
     const UT_SharedPtr<AT_AttrSurrogate> surrogate = UT_makeShared<FixedSurrogate>(6.0);
     EXPECT_FALSE(fixed.setSurrogate(surrogate));
-    EXPECT_FALSE(isCommand(fixed.setSurrogateCmd(surrogate)));
+    EXPECT_FALSE(isCommand(MO_driveCmd(fixed, surrogate)));
     EXPECT_EQ(fixed.value(0.0), 1.0);
 }
 
@@ -264,12 +265,12 @@ TEST_F(DoubleAttr, KeepsTheWayOfTheKeyThatIsSet)
 
 TEST_F(DoubleAttr, GetsItsCurveAndItsSurrogateByCommands)
 {
-    checkCommand(scale, scale.setCurveCmd(ramp()));
-    EXPECT_FALSE(isCommand(scale.setCurveCmd(ramp())));
-    checkCommand(scale, scale.setCurveCmd(AT_Curve()));
-    checkCommand(scale, scale.setSurrogateCmd(UT_makeShared<AT_AttrLink>(latin("A.B"))));
-    EXPECT_FALSE(isCommand(scale.setSurrogateCmd(scale.surrogate())));
-    checkCommand(scale, scale.setSurrogateCmd(nullptr));
+    checkCommand(scale, MO_curveCmd(scale, ramp()));
+    EXPECT_FALSE(isCommand(MO_curveCmd(scale, ramp())));
+    checkCommand(scale, MO_curveCmd(scale, AT_Curve()));
+    checkCommand(scale, MO_driveCmd(scale, UT_makeShared<AT_AttrLink>(latin("A.B"))));
+    EXPECT_FALSE(isCommand(MO_driveCmd(scale, scale.surrogate())));
+    checkCommand(scale, MO_driveCmd(scale, nullptr));
 }
 
 TEST_F(DoubleAttr, CopiesValueAndCurve)
@@ -345,14 +346,14 @@ RC_GTEST_PROP(DoubleAttrProperty, ComesBackToEverySavedState, ())
         AT_Curve curve = attr->curve();
         curve.setKey({frame, value, BEZIER, {-1.0, value}, {frame, 0.5}, {}});
         const int kind = *rc::gen::inRange(0, 4);
-        CO_Command* command = kind == 0   ? attr->setCurveCmd(curve)
-                              : kind == 1 ? attr->setCurveCmd(AT_Curve())
-                                          : attr->setValueCmd(frame, value);
+        MO_EditCommand command = kind == 0   ? MO_curveCmd(*attr, curve)
+                                 : kind == 1 ? MO_constantCmd(*attr, value)
+                                             : MO_EditCommand(attr->setValueCmd(frame, value));
         const bool merges = *rc::gen::arbitrary<bool>();
         if (!merges)
             stack.endMerging();
         const qsizetype before = stack.undoNames().size();
-        if (!stack.execute(std::unique_ptr<CO_Command>(command)))
+        if (!stack.execute(std::move(command)))
             continue;
         if (stack.undoNames().size() == before)
             states.removeLast();

@@ -5,6 +5,7 @@
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
 #include "QuarvelSceneCore/attributes/AT_IntAttr.h"
 #include "QuarvelSceneCore/attributes/AT_StringAttr.h"
+#include "QuarvelSceneCore/editing/MO_AttrCommands.h"
 #include "attributes/AttrTesting.h"
 #include "persistentobj/AnyValues.h"
 
@@ -315,13 +316,12 @@ TEST_F(DrawingAttr, TellsOnlyOfRealChanges)
 
 TEST_F(DrawingAttr, IsChangedByCommands)
 {
-    checkCommand(drawing, drawing.setElementNameCmd(latin("Hero")));
-    EXPECT_FALSE(isCommand(drawing.setElementNameCmd(latin("Hero"))));
-    checkCommand(drawing, drawing.setValueCmd(3.9, latin("a")));
+    drawing.setElementName(latin("Hero"));
+    checkCommand(drawing, MO_exposeCmd(drawing, 3.9, latin("a")));
     EXPECT_EQ(drawing.drawing(3.0), latin("a"));
-    EXPECT_FALSE(isCommand(drawing.setValueCmd(4.0, latin("a"))));
-    EXPECT_FALSE(isCommand(drawing.setValueCmd(std::numeric_limits<double>::infinity(), latin("b"))));
-    checkCommand(drawing, drawing.setExposuresCmd(AT_ExposureSheet()));
+    EXPECT_FALSE(isCommand(MO_exposeCmd(drawing, 4.0, latin("a"))));
+    EXPECT_FALSE(isCommand(MO_exposeCmd(drawing, std::numeric_limits<double>::infinity(), latin("b"))));
+    checkCommand(drawing, MO_exposuresCmd(drawing, AT_ExposureSheet()));
     AT_DrawingAttr other(plainMeta());
     checkCommand(other, other.createCopyCmd(drawing));
     EXPECT_TRUE(other.equals(drawing));

@@ -44,9 +44,8 @@ inline bool load(AT_Attr& attr, const char* xml, QStringList* warnings = nullptr
 /// Executes a command, undoes it, redoes it, and checks what is saved at each step; leaves it done.
 ///
 /// @return what is saved when it is done
-inline QString checkCommand(const AT_Attr& attr, CO_Command* owned)
+inline QString checkCommand(const AT_Attr& attr, const std::unique_ptr<CO_Command>& command)
 {
-    const std::unique_ptr<CO_Command> command(owned);
     if (!command) {
         ADD_FAILURE() << "no command";
         return QString();
@@ -62,7 +61,19 @@ inline QString checkCommand(const AT_Attr& attr, CO_Command* owned)
     return after;
 }
 
-/// Whether a command was made; deletes it.
+/// The same for a command that is owned by the caller.
+inline QString checkCommand(const AT_Attr& attr, CO_Command* owned)
+{
+    return checkCommand(attr, std::unique_ptr<CO_Command>(owned));
+}
+
+/// Whether a command was made.
+inline bool isCommand(const std::unique_ptr<CO_Command>& command)
+{
+    return command != nullptr;
+}
+
+/// The same for a command that is owned by the caller; deletes it.
 inline bool isCommand(CO_Command* owned)
 {
     const std::unique_ptr<CO_Command> command(owned);

@@ -6,7 +6,7 @@
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/attributes/AT_EnumAttrBase.h"
-#include "QuarvelSceneCore/editing/MO_EditCommands.h"
+#include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
 
 #include <QCheckBox>
 #include <QComboBox>

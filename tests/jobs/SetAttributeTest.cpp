@@ -110,6 +110,8 @@ TEST_F(SetInScene, NamesSwitchesFramesAndTheCameraAreSetAlike)
     ASSERT_TRUE(set("frames", {"-2-48"}));
     EXPECT_EQ(scene.firstFrame(), -2);
     EXPECT_EQ(scene.lastFrame(), 48);
+    ASSERT_TRUE(set("height", {"720"}));
+    EXPECT_EQ(scene.frameHeight(), 720.0);
     ASSERT_TRUE(set(".TruckFactor", {"1:1", "11:2"}));
     EXPECT_EQ(scene.truckFactor(6.0), 1.5);
     ASSERT_TRUE(set("Hero.name", {"Miss. Dot"}));
@@ -127,6 +129,7 @@ TEST_F(SetInScene, MistakesSayWhatWasMeantToStandThere)
     EXPECT_THAT(errorOf("Hero.Drawing", {"walk"}), HasSubstr("FRAME:DRAWING"));
     EXPECT_THAT(errorOf("Hero.enabled", {"perhaps"}), HasSubstr("yes or no"));
     EXPECT_THAT(errorOf("frames", {"48"}), HasSubstr("1-48"));
+    EXPECT_THAT(errorOf("height", {"-3"}), HasSubstr("more than 0"));
     EXPECT_THAT(errorOf("Hero.PositionX", {}), HasSubstr("new value"));
 }
 

@@ -8,7 +8,13 @@
 #include "QuarvelPersistentObj/PO_XmlWriter.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
-#include "QuarvelSceneCore/editing/MO_EditCommands.h"
+#include "QuarvelSceneCore/editing/MO_AttrCommands.h"
+#include "QuarvelSceneCore/editing/MO_GroupCommands.h"
+#include "QuarvelSceneCore/editing/MO_KeyCommands.h"
+#include "QuarvelSceneCore/editing/MO_LinkCommands.h"
+#include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
+#include "QuarvelSceneCore/editing/MO_PaletteCommands.h"
+#include "QuarvelSceneCore/editing/MO_SceneCommands.h"
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 #include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
 #include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
@@ -170,22 +176,62 @@ TEST_F(EditCommands, ANameThatIsTakenGetsANumber)
     EXPECT_EQ(hero.instanceName(), glue.instanceName() + QStringLiteral("_1"));
 }
 
-TEST_F(EditCommands, DrawingsAndPalettesUndo)
+TEST_F(EditCommands, APaletteThatIsRenamedKeepsItsPlaceAndItsDrawings)
 {
-    const auto first = rectangle(0, 0, 1, 1);
-    stack.execute(MO_drawingCmd(hero, QStringLiteral("1"), first));
-    stack.execute(MO_drawingCmd(hero, QStringLiteral("1"), rectangle(0, 0, 2, 2)));
-    stack.undo();
-    EXPECT_EQ(hero.drawings().at(QStringLiteral("1")), first);
-    stack.undo();
-    EXPECT_TRUE(hero.drawings().empty());
-    EXPECT_FALSE(MO_drawingCmd(hero, QStringLiteral("1"), nullptr));
-
     const auto colours = palette();
-    stack.execute(MO_addPaletteCmd(scene, colours));
-    EXPECT_FALSE(MO_addPaletteCmd(scene, colours));
+    const auto others = palette();
+    scene.addPalette(colours);
+    scene.addPalette(others);
+    const auto drawing = UT_makeShared<CELVEC_Kvd>(colours);
+    hero.setDrawing(QStringLiteral("1"), drawing);
+    ASSERT_TRUE(stack.execute(MO_renamePaletteCmd(scene, colours, QStringLiteral("Skin"))));
+    const auto renamed = scene.palettes().front();
+    EXPECT_EQ(renamed->GetName(), UT_String(QStringLiteral("Skin")));
+    EXPECT_EQ(scene.palettes().back(), others);
+    EXPECT_EQ(hero.drawings().at(QStringLiteral("1"))->palette(), renamed);
     stack.undo();
-    EXPECT_TRUE(scene.palettes().empty());
+    EXPECT_EQ(scene.palettes().front(), colours);
+    EXPECT_EQ(hero.drawings().at(QStringLiteral("1")), drawing);
+}
+
+TEST_F(EditCommands, ALinkMovesToAnotherInputAsOneChange)
+{
+    link(hero, glue);
+    auto command = MO_moveLinkCmd(glue, 0, composite, 2);
+    ASSERT_TRUE(command.ok());
+    execute(std::move(*command));
+    EXPECT_EQ(glue.inPort(0)->srcPort(), nullptr);
+    EXPECT_EQ(composite.inPort(2)->srcPort(), hero.outPort(0));
+    EXPECT_EQ(stack.undoNames().size(), 1);
+}
+
+TEST_F(EditCommands, ALinkThatMovesWithinAModuleOfAutomaticPortsFindsItsPort)
+{
+    link(hero, composite, 3);
+    auto command = MO_moveLinkCmd(composite, 3, composite, 2);
+    ASSERT_TRUE(command.ok());
+    execute(std::move(*command));
+    EXPECT_EQ(composite.inPort(2)->srcPort(), hero.outPort(0));
+    EXPECT_EQ(composite.nInPorts(), 4U);
+}
+
+TEST_F(EditCommands, AModuleIsAddedWithItsLinkAsOneChange)
+{
+    auto added = std::make_unique<MO_GlueModule>();
+    MO_Module* const module = added.get();
+    execute(MO_addModuleCmd(root, std::move(added), &hero));
+    EXPECT_EQ(module->inPort(0)->srcPort(), hero.outPort(0));
+    EXPECT_EQ(stack.undoNames().size(), 1);
+}
+
+TEST_F(EditCommands, TheLastKeyLeavesItsValue)
+{
+    AT_DoubleAttr& x = *hero.positionX();
+    execute(MO_addKeyCmd(x, 3.0));
+    execute(MO_EditCommand(x.setValueCmd(3.0, 7.0)));
+    execute(MO_removeKeyCmd(x, 3.0));
+    EXPECT_FALSE(x.isAnimated());
+    EXPECT_EQ(x.localValue(), 7.0);
 }
 
 TEST_F(EditCommands, CopiesHaveTheLinksAmongThemTheValuesAndTheDrawings)
@@ -212,6 +258,51 @@ TEST_F(EditCommands, ModulesOfDifferentGroupsAreNotTakenTogether)
     EXPECT_FALSE(MO_duplicateModulesCmd({&glue, &inner}));
 }
 
+unsigned anyPort()
+{
+    return static_cast<unsigned>(*rc::gen::inRange(0, 4));
+}
+
+MO_EditCommand commandOr(UT_Result<MO_EditCommand> command)
+{
+    return command ? std::move(*command) : nullptr;
+}
+
+MO_EditCommand anyChangeOfElement(MO_ElementModule& element)
+{
+    AT_DoubleAttr& x = *element.positionX();
+    const int frame = *rc::gen::inRange(0, 3);
+    switch (*rc::gen::inRange(0, 7)) {
+    case 0:
+        return MO_addKeyCmd(x, frame);
+    case 1:
+        return MO_removeKeyCmd(x, frame);
+    case 2:
+        return MO_moveKeyCmd(x, frame, *rc::gen::inRange(0, 3));
+    case 3:
+        return MO_interpolationCmd(x, frame, AT_Curve::Interpolation::BEZIER);
+    case 4:
+        return MO_constantCmd(x, *rc::gen::inRange(-3, 3));
+    case 5:
+        return MO_driveCmd(x, UT_makeShared<AT_AttrLink>(QStringLiteral("A.PositionY")));
+    default:
+        return MO_exposeCmd(*element.drawingAttr(), frame, *rc::gen::element(QStringLiteral("1"), QStringLiteral("2")));
+    }
+}
+
+MO_EditCommand anyChangeOfScene(MO_Scene& scene)
+{
+    switch (*rc::gen::inRange(0, 3)) {
+    case 0:
+        return MO_frameRangeCmd(scene, *rc::gen::inRange(-3, 3), *rc::gen::inRange(0, 9));
+    case 1:
+        return MO_frameHeightCmd(scene, *rc::gen::inRange(0, 3) * 100.0);
+    default:
+        return MO_renamePaletteCmd(scene, scene.palettes().front(),
+                                   *rc::gen::element(QStringLiteral("Skin"), QStringLiteral("Cloth")));
+    }
+}
+
 // A change of any kind; null when the one that was drawn makes no sense.
 MO_EditCommand anyChange(MO_Scene& scene)
 {
@@ -227,11 +318,12 @@ MO_EditCommand anyChange(MO_Scene& scene)
     };
     MO_Module* const one = pick();
     MO_Module* const two = pick();
-    const int kind = *rc::gen::inRange(0, 9);
+    const int kind = *rc::gen::inRange(0, 14);
     if (kind < 3 || !one) {
         const QStringList kinds{XUGroup::Keyword(), MO_ElementModule::Keyword(), MO_GlueModule::Keyword(),
                                 MO_CompositeModule::Keyword()};
-        return MO_addModuleCmd(group, MO_ModuleFactorySingleton().create(kinds[*rc::gen::inRange(0, 4)]));
+        return MO_addModuleCmd(group, MO_ModuleFactorySingleton().create(kinds[*rc::gen::inRange(0, 4)]),
+                               *rc::gen::arbitrary<bool>() ? one : nullptr);
     }
     switch (kind) {
     case 3:
@@ -239,19 +331,31 @@ MO_EditCommand anyChange(MO_Scene& scene)
     case 4:
         return MO_duplicateModulesCmd({one});
     case 5:
-        return MO_disconnectCmd(*two, static_cast<unsigned>(*rc::gen::inRange(0, 3)));
+        return MO_disconnectCmd(*two, anyPort());
     case 6:
         return MO_renameCmd(*one, *rc::gen::element(QStringLiteral("A"), QStringLiteral("A_1"), QStringLiteral("")));
-    default: {
-        auto command = MO_connectCmd(*one, *two, static_cast<unsigned>(*rc::gen::inRange(0, 3)));
-        return command ? std::move(*command) : nullptr;
+    case 7:
+        return MO_enableCmd({one, two}, *rc::gen::arbitrary<bool>());
+    case 8:
+        return commandOr(MO_moveLinkCmd(*one, anyPort(), *two, anyPort()));
+    case 9:
+        return *rc::gen::arbitrary<bool>() ? MO_addGroupPortCmd(group, *rc::gen::arbitrary<bool>())
+                                           : commandOr(MO_removeGroupPortCmd(group, *rc::gen::arbitrary<bool>()));
+    case 10:
+        return anyChangeOfScene(scene);
+    case 11: {
+        auto* const element = dynamic_cast<MO_ElementModule*>(one);
+        return element ? anyChangeOfElement(*element) : nullptr;
     }
+    default:
+        return commandOr(MO_connectCmd(*one, *two, anyPort()));
     }
 }
 
 RC_GTEST_PROP(EditCommandsOfAnyKind, UndoAndRedoBringBackTheBytes, ())
 {
     MO_Scene scene;
+    scene.addPalette(palette());
     CO_CommandStack stack;
     std::vector<QString> texts{savedText(scene)};
     for (int i = 0; i < 25; ++i) {
@@ -266,6 +370,57 @@ RC_GTEST_PROP(EditCommandsOfAnyKind, UndoAndRedoBringBackTheBytes, ())
     for (const QString& text : texts) {
         RC_ASSERT(savedText(scene) == text);
         stack.redo();
+    }
+}
+
+// Counts what the scene tells.
+class Notifications : public XUListener
+{
+public:
+    void told(XUTeller&) override { ++count; }
+    int count = 0;
+};
+
+RC_GTEST_PROP(EditCommandsOfAnyKind, AreMadeWithoutChangingTheSceneOrTellingAnybody, ())
+{
+    MO_Scene scene;
+    scene.addPalette(palette());
+    Notifications notifications;
+    scene.addListener(notifications);
+    CO_CommandStack stack;
+    for (int i = 0; i < 25; ++i) {
+        const QString text = savedText(scene);
+        const int count = notifications.count;
+        MO_EditCommand command = anyChange(scene);
+        RC_ASSERT(savedText(scene) == text);
+        RC_ASSERT(notifications.count == count);
+        stack.execute(std::move(command));
+    }
+}
+
+RC_GTEST_PROP(ModulesOfAnyKind, AreLinkedExactlyWhenTheyMayBe, ())
+{
+    MO_Scene scene;
+    scene.addPalette(palette());
+    CO_CommandStack stack;
+    for (int i = 0; i < 25; ++i) {
+        stack.execute(anyChange(scene));
+        std::vector<MO_Module*> modules;
+        scene.root().forEachModule([&](MO_Module& module) { modules.push_back(&module); });
+        if (modules.empty())
+            continue;
+        MO_Module& source = **rc::gen::elementOf(modules);
+        MO_Module& target = **rc::gen::elementOf(modules);
+        const unsigned port = anyPort();
+        const QString text = savedText(scene);
+        const auto possible = MO_Scene::mayConnect(source, target, port);
+        RC_ASSERT(savedText(scene) == text);
+        const auto linked = MO_Scene::connect(source, target, port);
+        RC_ASSERT(linked.ok() == possible.ok());
+        if (!possible)
+            RC_ASSERT(savedText(scene) == text);
+        else
+            RC_ASSERT(target.inPort(port)->srcPort() == source.outPort(0));
     }
 }
 

@@ -5,6 +5,7 @@
 #include "studio/DocksTesting.h"
 
 #include "QuarvelPlugInManager/PLUG_EditorPanel.h"
+#include "QuarvelSceneCore/editing/MO_SceneCommands.h"
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 
 #include <QAbstractItemView>

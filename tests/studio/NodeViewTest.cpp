@@ -3,6 +3,8 @@
 // The node view, with mouse and keyboard.
 #include "studio/DocksTesting.h"
 
+#include "QuarvelSceneCore/editing/MO_LinkCommands.h"
+#include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
 #include <QGraphicsView>
 #include <QLineEdit>
 #include <QToolButton>

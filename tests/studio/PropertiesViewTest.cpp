@@ -4,6 +4,7 @@
 #include "studio/DocksTesting.h"
 
 #include "QuarvelPlugInManager/PLUG_EditorPanel.h"
+#include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
 
 #include <QCheckBox>
 #include <QLineEdit>

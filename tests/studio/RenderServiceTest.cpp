@@ -4,7 +4,7 @@
 #include "studio/WindowTesting.h"
 
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/editing/MO_EditCommands.h"
+#include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "studio/preview/SceneSnapshot.h"
 

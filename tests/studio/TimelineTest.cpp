@@ -2,8 +2,9 @@
 //
 // The timeline, with mouse and keyboard.
 #include "studio/DocksTesting.h"
-#include "studio/docks/timeline/Playback.h"
 
+#include "QuarvelSceneCore/editing/MO_SceneCommands.h"
+#include "studio/docks/timeline/Playback.h"
 #include <QSpinBox>
 #include <QToolButton>
 

@@ -3,7 +3,7 @@
 // Opening, saving, leaving, and what happens to files that are broken.
 #include "studio/WindowTesting.h"
 
-#include "QuarvelSceneCore/editing/MO_EditCommands.h"
+#include "QuarvelSceneCore/editing/MO_SceneCommands.h"
 
 #include <QAbstractItemView>
 #include <QAction>

@@ -69,5 +69,6 @@ QString setHelp()
         "  quarvel set walk.scene Hero.name Heroine                     a module's name\n"
         "  quarvel set walk.scene Hero.enabled no                       its switch\n"
         "  quarvel set walk.scene .TruckFactor 1:1 48:1.4               the camera\n"
-        "  quarvel set walk.scene frames 1-48                           the frames of the scene\n");
+        "  quarvel set walk.scene frames 1-48                           the frames of the scene\n"
+        "  quarvel set walk.scene height 405                            the frame's height; it is 720 wide\n");
 }

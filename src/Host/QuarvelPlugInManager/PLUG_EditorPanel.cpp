@@ -184,8 +184,8 @@ void PLUG_EditorPanel::build(MO_Module& module)
     _parts->wasInScene = module.sceneCommon() != nullptr;
 
     AttrEditing editing;
-    editing.execute = [this](CO_Command* command) {
-        execute(std::unique_ptr<CO_Command>(command));
+    editing.execute = [this](MO_EditCommand command) {
+        execute(std::move(command));
         synchronizeFields();
     };
     editing.endStep = [this] { endStep(); };

@@ -4,77 +4,17 @@
 #include "jobs/scene/DescribeScene.h"
 
 #include "ObjectDefinition/ObjectDefinition.h"
-#include "QuarvelPersistentObj/PO_XmlText.h"
-#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
-#include "QuarvelSceneCore/attributes/AT_EnumAttrBase.h"
-#include "QuarvelSceneCore/attributes/AT_IntAttr.h"
-#include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "jobs/scene/AttributeWords.h"
 
 #include <QStringList>
 
 #include <algorithm>
 
 namespace {
-
-QString interpolationWord(AT_Curve::Interpolation interpolation)
-{
-    switch (interpolation) {
-    case AT_Curve::Interpolation::HOLD:
-        return QStringLiteral(":hold");
-    case AT_Curve::Interpolation::BEZIER:
-        return QStringLiteral(":bezier");
-    case AT_Curve::Interpolation::LINEAR:
-        break;
-    }
-    return {};
-}
-
-QString curveWords(const AT_Curve& curve)
-{
-    QStringList words;
-    for (const AT_Curve::Key& key : curve.keys())
-        words << PO_formatDouble(key.frame) + u':' + PO_formatDouble(key.value) + interpolationWord(key.interpolation);
-    return words.join(u' ');
-}
-
-QString exposureWords(const AT_ExposureSheet& sheet)
-{
-    QStringList words;
-    for (const auto& [frame, drawing] : sheet.exposures())
-        words << QStringLiteral("%1:%2").arg(frame).arg(drawing);
-    return words.join(u' ');
-}
-
-QString enumWord(const AT_EnumAttrBase& attr)
-{
-    for (auto [row, end] = attr.values(); row != end; ++row)
-        if (row->first == attr.localInt())
-            return row->second.keyword;
-    return QString::number(attr.localInt());
-}
-
-QString valueWords(const AT_Attr& attr)
-{
-    if (const auto* simple = dynamic_cast<const AT_SimpleAttr*>(&attr); simple && simple->link())
-        return u'=' + simple->link()->path();
-    if (const auto* number = dynamic_cast<const AT_AnimatableAttr*>(&attr); number && number->isAnimated())
-        return curveWords(number->curve());
-    if (const auto* number = dynamic_cast<const AT_DoubleAttr*>(&attr))
-        return PO_formatDouble(number->localValue());
-    if (const auto* number = dynamic_cast<const AT_IntAttr*>(&attr))
-        return QString::number(number->localValue());
-    if (const auto* truth = dynamic_cast<const AT_BoolAttr*>(&attr))
-        return truth->localValue() ? QStringLiteral("yes") : QStringLiteral("no");
-    if (const auto* choice = dynamic_cast<const AT_EnumAttrBase*>(&attr))
-        return enumWord(*choice);
-    if (const auto* drawing = dynamic_cast<const AT_DrawingAttr*>(&attr))
-        return exposureWords(drawing->exposures());
-    return attr.displayText(0.0);
-}
 
 QString sourcesOf(const MO_Module& module)
 {
@@ -98,12 +38,12 @@ int depthOf(const MO_Module& module)
 void describeAttributes(const MO_Module& module, DescribedAttributes which, const QString& indent, QStringList& lines)
 {
     const auto fresh = MO_ModuleFactorySingleton().create(module.keyword());
-    for (const AT_Attr* attr : module.attrs()) {
+    for (AT_Attr* attr : module.attrs()) {
         const AT_Attr* const standard = fresh ? fresh->findAttr(attr->keyword()) : nullptr;
         const auto* const simple = dynamic_cast<const AT_SimpleAttr*>(attr);
         const bool isChanged = !standard || (simple && simple->link()) || !attr->equals(*standard);
         if (isChanged || which == DescribedAttributes::ALL)
-            lines << indent + attr->keyword() + QStringLiteral("  ") + valueWords(*attr);
+            lines << indent + attr->keyword() + QStringLiteral("  ") + attributeInWords(*attr);
     }
 }
 
@@ -179,7 +119,7 @@ QString describeScene(const MO_Scene& scene, DescribedAttributes attributes)
     QStringList lines;
     lines << QStringLiteral("frames  %1-%2").arg(scene.firstFrame()).arg(scene.lastFrame());
     lines << QStringLiteral("frame   %1 x %2 units").arg(MO_Scene::kFrameWidth).arg(scene.frameHeight());
-    lines << QStringLiteral("camera  .TruckFactor  %1").arg(valueWords(scene.truckFactorAttr())) << QString();
+    lines << QStringLiteral("camera  .TruckFactor  %1").arg(attributeInWords(scene.truckFactorAttr())) << QString();
     describeModules(scene, attributes, lines);
     describeElements(scene, lines);
     describeObjects(scene, lines);

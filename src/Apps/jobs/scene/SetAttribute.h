@@ -11,6 +11,7 @@
 //     Hero.name                Heroine                a module's name
 //     Hero.enabled             no                     its switch
 //     frames                   1-48                   the frames of the scene
+//     height                   405                    the height of the frame, in units of which it is 720 wide
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -23,5 +24,5 @@
 ///
 /// @param subject what is changed, as above
 /// @param words   its new value, at least one
-/// @return whether anything was different before; an error that says what was meant to stand there
+/// @return whether anything was different before; an error that says what was expected
 UT_Result<bool> setInScene(MO_Scene& scene, CO_CommandStack& stack, const QString& subject, const QStringList& words);

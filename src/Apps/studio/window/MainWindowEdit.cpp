@@ -3,7 +3,7 @@
 // What is done to the selection, and the words about the application.
 #include "studio/window/MainWindow.h"
 
-#include "QuarvelSceneCore/editing/MO_EditCommands.h"
+#include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
 #include "studio/window/Icons.h"
 
 #include <QCoreApplication>

@@ -85,10 +85,10 @@ void AttrEditor::followSurrogate()
                         : QString());
 }
 
-void AttrEditor::enter(CO_Command* command) const
+void AttrEditor::enter(MO_EditCommand command) const
 {
     _editing.endStep();
-    _editing.execute(command);
+    _editing.execute(std::move(command));
 }
 
 bool AttrEditor::eventFilter(QObject* watched, QEvent* event)

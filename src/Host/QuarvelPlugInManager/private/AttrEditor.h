@@ -5,18 +5,17 @@
 
 #include "QuarvelBaseCore/UT_SharedWeakBase.h"
 #include "QuarvelSceneCore/attributes/AT_Attr.h"
+#include "QuarvelSceneCore/editing/MO_EditCommand.h"
 
 #include <QWidget>
 
 #include <functional>
 
-class CO_Command;
-
 /// How the editors of attributes get their changes done.
 struct AttrEditing
 {
-    /// Executes a command, which it takes over; null does nothing.
-    std::function<void(CO_Command*)> execute;
+    /// Executes a command; null does nothing.
+    std::function<void(MO_EditCommand)> execute;
     /// Ends a run of changes that belong together.
     std::function<void()> endStep;
     /// Whether there are frames at all: without them there is nothing to animate.
@@ -59,7 +58,7 @@ protected:
 
     const AttrEditing& editing() const { return _editing; }
     /// Executes a command that is a change of its own, whatever came before.
-    void enter(CO_Command* command) const;
+    void enter(MO_EditCommand command) const;
 
 private:
     UT_WeakPtr<AT_Attr> _attr;

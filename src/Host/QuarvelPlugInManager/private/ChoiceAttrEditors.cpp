@@ -31,7 +31,7 @@ BoolAttrEditor::BoolAttrEditor(AT_BoolAttr& attr, const AttrEditing& editing, QW
     prepare(*_box);
     connect(_box, &QCheckBox::clicked, this, [this](bool checked) {
         if (auto* const target = attrAs<AT_BoolAttr>())
-            enter(target->setValueCmd(0.0, checked));
+            enter(MO_EditCommand(target->setValueCmd(0.0, checked)));
     });
 }
 
@@ -60,7 +60,7 @@ EnumAttrEditor::EnumAttrEditor(AT_EnumAttrBase& attr, const AttrEditing& editing
     fill(attr, attr.localInt());
     connect(_list, &QComboBox::activated, this, [this](int row) {
         if (auto* const target = attrAs<AT_EnumAttrBase>())
-            enter(target->setIntCmd(0.0, _list->itemData(row).toInt()));
+            enter(MO_EditCommand(target->setIntCmd(0.0, _list->itemData(row).toInt())));
     });
 }
 

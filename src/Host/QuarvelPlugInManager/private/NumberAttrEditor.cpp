@@ -6,6 +6,7 @@
 #include "QuarvelPlugInManager/private/KeyButton.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/attributes/AT_IntAttr.h"
+#include "QuarvelSceneCore/editing/MO_KeyCommands.h"
 
 #include <QDoubleSpinBox>
 #include <QHBoxLayout>
@@ -152,29 +153,12 @@ void NumberAttrEditor::enterNumber(double value)
     editing().execute(changeCmd(value));
 }
 
-CO_Command* NumberAttrEditor::changeCmd(double value) const
+MO_EditCommand NumberAttrEditor::changeCmd(double value) const
 {
     if (auto* const number = attrAs<AT_DoubleAttr>())
-        return number->setValueCmd(_frame, value);
+        return MO_EditCommand(number->setValueCmd(_frame, value));
     if (auto* const whole = attrAs<AT_IntAttr>())
-        return whole->setValueCmd(_frame, static_cast<int>(std::lround(value)));
-    return nullptr;
-}
-
-CO_Command* NumberAttrEditor::replaceCmd(const AT_Curve& curve, double local) const
-{
-    constexpr auto kNotLinkable = AT_AnimatableAttr::NOT_LINKABLE;
-    if (auto* const number = attrAs<AT_DoubleAttr>()) {
-        AT_DoubleAttr model(number->doubleMeta(), nullptr, kNotLinkable, local, number->unit());
-        model.setCurve(curve);
-        return number->createCopyCmd(model);
-    }
-    if (auto* const whole = attrAs<AT_IntAttr>()) {
-        AT_IntAttr model(whole->meta(), nullptr, kNotLinkable, static_cast<int>(std::lround(local)),
-                         static_cast<int>(whole->lower()), static_cast<int>(whole->upper()));
-        model.setCurve(curve);
-        return whole->createCopyCmd(model);
-    }
+        return MO_EditCommand(whole->setValueCmd(_frame, static_cast<int>(std::lround(value))));
     return nullptr;
 }
 
@@ -183,20 +167,6 @@ void NumberAttrEditor::toggleKey()
     auto* const target = attrAs<AT_AnimatableAttr>();
     if (!target)
         return;
-    const double value = target->scalarValue(_frame).value_or(0.0);
-    AT_Curve curve = target->curve();
-    editing().endStep();
-    if (curve.keyAt(_frame)) {
-        curve.removeKey(_frame);
-        // When the last key goes, what people see stays.
-        editing().execute(curve.isEmpty() ? replaceCmd(curve, value) : target->setCurveCmd(curve));
-        return;
-    }
-    AT_Curve::Key key;
-    key.frame = _frame;
-    key.value = value;
-    if (const AT_Curve::Key* const before = curve.keyBefore(_frame))
-        key.interpolation = before->interpolation;
-    curve.setKey(key);
-    editing().execute(target->setCurveCmd(curve));
+    const bool isKey = target->curve().keyAt(_frame) != nullptr;
+    enter(isKey ? MO_removeKeyCmd(*target, _frame) : MO_addKeyCmd(*target, _frame));
 }

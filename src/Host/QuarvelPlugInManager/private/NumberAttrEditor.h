@@ -9,7 +9,6 @@
 #include "QuarvelPlugInManager/private/AttrEditor.h"
 
 class AT_AnimatableAttr;
-class AT_Curve;
 class AT_DoubleAttr;
 class AT_IntAttr;
 class KeyButton;
@@ -40,9 +39,7 @@ private:
     void buildSlider(const QString& label);
     void enterNumber(double value);
     void toggleKey();
-    CO_Command* changeCmd(double value) const;
-    /// The command that gives the attribute another curve and local value.
-    CO_Command* replaceCmd(const AT_Curve& curve, double local) const;
+    MO_EditCommand changeCmd(double value) const;
     int sliderPosition(double value) const;
     double sliderValue(int position) const;
 

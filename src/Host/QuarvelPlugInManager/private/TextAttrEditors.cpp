@@ -47,7 +47,7 @@ TextAttrEditor::~TextAttrEditor() = default;
 void TextAttrEditor::enterText(const QString& text)
 {
     if (auto* const target = attrAs<AT_StringAttr>())
-        enter(target->setValueCmd(0.0, text));
+        enter(MO_EditCommand(target->setValueCmd(0.0, text)));
 }
 
 void TextAttrEditor::chooseFile()
@@ -87,7 +87,7 @@ bool LongTextAttrEditor::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::FocusOut)
         if (auto* const target = attrAs<AT_StringAttr>())
-            enter(target->setValueCmd(0.0, _text->toPlainText()));
+            enter(MO_EditCommand(target->setValueCmd(0.0, _text->toPlainText())));
     return AttrEditor::eventFilter(watched, event);
 }
 

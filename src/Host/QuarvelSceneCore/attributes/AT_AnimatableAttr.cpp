@@ -4,7 +4,7 @@
 #include "QuarvelSceneCore/attributes/AT_AnimatableAttr.h"
 
 #include "QuarvelPersistentObj/PO_XmlText.h"
-#include "QuarvelSceneCore/attributes/private/AT_ChangeCmd.h"
+#include "QuarvelSceneCore/attributes/AT_ChangeCmd.h"
 
 #include <QDomElement>
 
@@ -41,16 +41,16 @@ AT_AnimatableAttr::~AT_AnimatableAttr() = default;
 
 bool AT_AnimatableAttr::setCurve(const AT_Curve& curve)
 {
-    if (curve == _state.curve)
-        return false;
-    _state.curve = curve;
-    tell();
-    return true;
+    return setState({_state.local, curve});
 }
 
-CO_Command* AT_AnimatableAttr::setCurveCmd(const AT_Curve& curve)
+bool AT_AnimatableAttr::setState(const State& state)
 {
-    return changeCmd(State{_state.local, curve}, QString());
+    if (state == _state)
+        return false;
+    _state = state;
+    tell();
+    return true;
 }
 
 bool AT_AnimatableAttr::isLinkable() const
@@ -143,14 +143,6 @@ AT_Attr::Parsed AT_AnimatableAttr::parseXmlSubnode(const QDomElement& element, Q
         warn(warnings, line);
     setCurve(curve);
     return understood ? Parsed::YES : Parsed::REFUSED;
-}
-
-void AT_AnimatableAttr::setState(const State& state)
-{
-    if (state == _state)
-        return;
-    _state = state;
-    tell();
 }
 
 CO_Command* AT_AnimatableAttr::changeCmd(const State& after, const QString& subject)

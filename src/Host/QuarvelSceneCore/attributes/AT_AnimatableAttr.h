@@ -24,6 +24,15 @@ public:
         LINKABLE = 1
     };
 
+    /// All that the attribute holds itself.
+    struct State
+    {
+        double local;   ///< the local value
+        AT_Curve curve; ///< the animation; empty when there is none
+
+        friend bool operator==(const State&, const State&) = default;
+    };
+
     ~AT_AnimatableAttr() override;
 
     /// The limits, both included.
@@ -36,8 +45,12 @@ public:
     ///
     /// @return whether this was a change
     bool setCurve(const AT_Curve& curve);
-    /// The command for setCurve(); owned by the caller, null when nothing would change.
-    CO_Command* setCurveCmd(const AT_Curve& curve);
+
+    const State& state() const { return _state; }
+    /// Sets the local value, which is to be within the limits, and the curve as one change.
+    ///
+    /// @return whether this was a change
+    bool setState(const State& state);
 
     bool isLinkable() const override;
     bool equals(const AT_Attr& other) const override;
@@ -60,15 +73,6 @@ protected:
     Parsed parseXmlSubnode(const QDomElement& element, QStringList* warnings) override;
 
 private:
-    struct State
-    {
-        double local;
-        AT_Curve curve;
-
-        friend bool operator==(const State&, const State&) = default;
-    };
-
-    void setState(const State& state);
     CO_Command* changeCmd(const State& after, const QString& subject);
 
     Linkable _linkable;

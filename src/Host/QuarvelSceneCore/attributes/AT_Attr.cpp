@@ -62,6 +62,13 @@ bool AT_Attr::parseXml(const QDomElement& element, QStringList* warnings)
     return understood;
 }
 
+AT_AttrLink* AT_Attr::link() const
+{
+    return nullptr;
+}
+
+void AT_Attr::refreshReaders(const AT_LinkScope&) const {}
+
 bool AT_Attr::parseString(const QString& text, const QString& label, const QString& keyword)
 {
     const QString trimmed = text.trimmed();

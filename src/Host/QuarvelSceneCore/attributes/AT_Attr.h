@@ -23,7 +23,9 @@
 
 #include <typeindex>
 
+class AT_AttrLink;
 class AT_AttrVisitor;
+class AT_LinkScope;
 class CO_Command;
 class MO_Node;
 class QDomElement;
@@ -87,6 +89,15 @@ public:
     /// @return owned by the caller; null when the other one is of another class or nothing would change
     virtual CO_Command* createCopyCmd(const AT_Attr& other) = 0;
 
+    /// The name of a command that changes this attribute: "Change LABEL", translated.
+    QString changeName() const;
+
+    /// The link that the attribute reads, or null. Null unless overridden.
+    virtual AT_AttrLink* link() const;
+    /// Its node was renamed or moved: the links that read this attribute take its path of today. Nothing reads it
+    /// unless overridden.
+    virtual void refreshReaders(const AT_LinkScope& scope) const;
+
     /// Whether a text is meant by a row of a table: true when it equals the label or the keyword, in whatever case,
     /// white space around it left aside. The label is compared first.
     static bool parseString(const QString& text, const QString& label, const QString& keyword);
@@ -114,8 +125,6 @@ protected:
 
     /// Adds the line "KEY: text" to the warnings, if there are any to add to.
     void warn(QStringList* warnings, const QString& text) const;
-    /// The name of a command that changes this attribute: "Change LABEL", translated.
-    QString changeName() const;
     bool isSameClass(const AT_Attr& other) const;
 
 private:

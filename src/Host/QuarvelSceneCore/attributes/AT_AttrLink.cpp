@@ -37,7 +37,10 @@ AT_LinkScope::~AT_LinkScope() = default;
 
 AT_AttrLink::AT_AttrLink(const QString& path) : _path(path) {}
 
-AT_AttrLink::~AT_AttrLink() = default;
+AT_AttrLink::~AT_AttrLink()
+{
+    leaveTarget();
+}
 
 AT_SimpleAttr* AT_AttrLink::target() const
 {
@@ -46,15 +49,25 @@ AT_SimpleAttr* AT_AttrLink::target() const
 
 bool AT_AttrLink::resolve(const AT_LinkScope& scope)
 {
-    if (AT_SimpleAttr* old = target())
-        old->removeListener(*this);
+    leaveTarget();
     auto* found = dynamic_cast<AT_SimpleAttr*>(scope.findAttr(_path));
     const bool usable = found && found->scalarValue(0.0).has_value();
     _target = UT_WeakPtr<AT_SimpleAttr>(usable ? found : nullptr);
-    if (usable)
+    if (usable) {
         found->addListener(*this);
+        found->_readers.push_back(this);
+    }
     tell();
     return usable;
+}
+
+void AT_AttrLink::leaveTarget()
+{
+    AT_SimpleAttr* const old = target();
+    if (!old)
+        return;
+    old->removeListener(*this);
+    std::erase(old->_readers, this);
 }
 
 void AT_AttrLink::refreshPath(const AT_LinkScope& scope)

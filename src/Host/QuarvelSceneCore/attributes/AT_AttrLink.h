@@ -63,6 +63,7 @@ public:
 
 private:
     void told(XUTeller& teller) override;
+    void leaveTarget();
 
     QString _path;
     UT_WeakPtr<AT_SimpleAttr> _target;

@@ -5,27 +5,9 @@
 
 #include "QuarvelPersistentObj/PO_XmlText.h"
 #include "QuarvelSceneCore/attributes/AT_AttrVisitor.h"
-#include "QuarvelSceneCore/attributes/private/AT_ChangeCmd.h"
+#include "QuarvelSceneCore/attributes/AT_ChangeCmd.h"
 
 #include <QCoreApplication>
-
-namespace {
-
-// The truth value that people mean by a word.
-std::optional<bool> meaningOf(const QString& word)
-{
-    static const QStringList yes = {QStringLiteral("true"), QStringLiteral("on"), QStringLiteral("yes"),
-                                    QStringLiteral("1")};
-    static const QStringList no = {QStringLiteral("false"), QStringLiteral("off"), QStringLiteral("no"),
-                                   QStringLiteral("0")};
-    if (yes.contains(word, Qt::CaseInsensitive))
-        return true;
-    if (no.contains(word, Qt::CaseInsensitive))
-        return false;
-    return std::nullopt;
-}
-
-} // namespace
 
 AT_BoolAttr::AT_BoolAttr(const AT_AttrMeta& meta, bool defaultValue, AT_Attr* parent)
     : AT_SimpleAttr(meta, parent), _localValue(defaultValue)
@@ -55,6 +37,19 @@ CO_Command* AT_BoolAttr::setValueCmd(double, bool value)
     return new AT_ChangeCmd<AT_BoolAttr, bool>(
         *this, changeName(), [](AT_BoolAttr& attr, const bool& state) { attr.setLocalValue(state); }, _localValue,
         value, kPIO_attributeValue);
+}
+
+std::optional<bool> AT_BoolAttr::meaningOf(const QString& word)
+{
+    static const QStringList yes = {QStringLiteral("true"), QStringLiteral("on"), QStringLiteral("yes"),
+                                    QStringLiteral("1")};
+    static const QStringList no = {QStringLiteral("false"), QStringLiteral("off"), QStringLiteral("no"),
+                                   QStringLiteral("0")};
+    if (yes.contains(word, Qt::CaseInsensitive))
+        return true;
+    if (no.contains(word, Qt::CaseInsensitive))
+        return false;
+    return std::nullopt;
 }
 
 void AT_BoolAttr::accept(AT_AttrVisitor& visitor)

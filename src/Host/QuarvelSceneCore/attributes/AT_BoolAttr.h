@@ -22,10 +22,14 @@ public:
     /// @return owned by the caller; null when nothing would change
     CO_Command* setValueCmd(double frame, bool value);
 
+    /// The truth value that people mean by a word: true, on, yes, 1 and false, off, no, 0, in whatever case; nothing
+    /// for other words.
+    static std::optional<bool> meaningOf(const QString& word);
+
     void accept(AT_AttrVisitor& visitor) override;
     /// "On" or "Off", translated.
     QString displayText(double frame) const override;
-    /// Accepts true, on, yes, 1 and false, off, no, 0, in whatever case.
+    /// Accepts the words of meaningOf(), white space around them left aside.
     bool parseText(const QString& text, bool apply) override;
     bool equals(const AT_Attr& other) const override;
     CO_Command* createCopyCmd(const AT_Attr& other) override;

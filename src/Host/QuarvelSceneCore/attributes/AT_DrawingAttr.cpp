@@ -4,25 +4,10 @@
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
 
 #include "QuarvelSceneCore/attributes/AT_AttrVisitor.h"
-#include "QuarvelSceneCore/attributes/private/AT_ChangeCmd.h"
+#include "QuarvelSceneCore/attributes/AT_ChangeCmd.h"
 
 #include <QCoreApplication>
 #include <QDomElement>
-
-#include <cmath>
-#include <limits>
-
-namespace {
-
-// The whole part of a frame, when it fits.
-std::optional<int> wholeFrame(double frame)
-{
-    const double whole = std::floor(frame);
-    const bool fits = whole >= std::numeric_limits<int>::min() && whole <= std::numeric_limits<int>::max();
-    return fits ? std::optional(static_cast<int>(whole)) : std::nullopt;
-}
-
-} // namespace
 
 AT_DrawingAttr::AT_DrawingAttr(const AT_AttrMeta& meta, AT_Attr* parent) : AT_Attr(meta, parent) {}
 
@@ -33,29 +18,9 @@ bool AT_DrawingAttr::setElementName(const QString& name)
     return setState(State{name, _state.exposures});
 }
 
-CO_Command* AT_DrawingAttr::setElementNameCmd(const QString& name)
-{
-    return changeCmd(State{name, _state.exposures});
-}
-
 bool AT_DrawingAttr::setExposures(const AT_ExposureSheet& exposures)
 {
     return setState(State{_state.element, exposures});
-}
-
-CO_Command* AT_DrawingAttr::setExposuresCmd(const AT_ExposureSheet& exposures)
-{
-    return changeCmd(State{_state.element, exposures});
-}
-
-CO_Command* AT_DrawingAttr::setValueCmd(double frame, const QString& drawing)
-{
-    const std::optional<int> whole = wholeFrame(frame);
-    if (!whole || _state.exposures.drawing(*whole) == drawing)
-        return nullptr;
-    State after = _state;
-    after.exposures.setExposure(*whole, drawing);
-    return changeCmd(after);
 }
 
 void AT_DrawingAttr::accept(AT_AttrVisitor& visitor)
@@ -91,7 +56,11 @@ bool AT_DrawingAttr::equals(const AT_Attr& other) const
 
 CO_Command* AT_DrawingAttr::createCopyCmd(const AT_Attr& other)
 {
-    return isSameClass(other) ? changeCmd(static_cast<const AT_DrawingAttr&>(other)._state) : nullptr;
+    if (!isSameClass(other) || equals(other))
+        return nullptr;
+    return new AT_ChangeCmd<AT_DrawingAttr, State>(
+        *this, changeName(), [](AT_DrawingAttr& attr, const State& state) { attr.setState(state); }, _state,
+        static_cast<const AT_DrawingAttr&>(other)._state, QString());
 }
 
 void AT_DrawingAttr::writeXmlAttributes(PO_XmlWriter& writer) const
@@ -137,13 +106,4 @@ bool AT_DrawingAttr::setState(const State& state)
     _state = state;
     tell();
     return true;
-}
-
-CO_Command* AT_DrawingAttr::changeCmd(const State& after)
-{
-    if (after == _state)
-        return nullptr;
-    return new AT_ChangeCmd<AT_DrawingAttr, State>(
-        *this, changeName(), [](AT_DrawingAttr& attr, const State& state) { attr.setState(state); }, _state, after,
-        QString());
 }

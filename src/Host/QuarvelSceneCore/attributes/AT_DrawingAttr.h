@@ -22,20 +22,12 @@ public:
     const QString& getElementName() const { return _state.element; }
     /// @return whether this was a change; only then listeners are told
     bool setElementName(const QString& name);
-    /// The command for setElementName(); owned by the caller, null when nothing would change.
-    CO_Command* setElementNameCmd(const QString& name);
 
     const AT_ExposureSheet& exposures() const { return _state.exposures; }
     /// The name of the drawing shown at a frame; empty when there is none.
     QString drawing(double frame) const { return _state.exposures.drawing(frame); }
     /// @return whether this was a change; only then listeners are told
     bool setExposures(const AT_ExposureSheet& exposures);
-    /// The command for setExposures(); owned by the caller, null when nothing would change.
-    CO_Command* setExposuresCmd(const AT_ExposureSheet& exposures);
-    /// The command that shows a drawing from the frame (its whole part) on.
-    ///
-    /// @return owned by the caller; null when nothing would change
-    CO_Command* setValueCmd(double frame, const QString& drawing);
 
     void accept(AT_AttrVisitor& visitor) override;
     bool parseXml(const QDomElement& element, QStringList* warnings) override;
@@ -62,7 +54,6 @@ private:
     };
 
     bool setState(const State& state);
-    CO_Command* changeCmd(const State& after);
 
     State _state;
 };

@@ -3,8 +3,6 @@
 // Attributes with one value, and their surrogates.
 #include "QuarvelSceneCore/attributes/AT_SimpleAttr.h"
 
-#include "QuarvelSceneCore/attributes/private/AT_ChangeCmd.h"
-
 #include <QCoreApplication>
 #include <QScopedValueRollback>
 
@@ -49,22 +47,15 @@ bool AT_SimpleAttr::setSurrogate(const UT_SharedPtr<AT_AttrSurrogate>& surrogate
     return true;
 }
 
-CO_Command* AT_SimpleAttr::setSurrogateCmd(const UT_SharedPtr<AT_AttrSurrogate>& surrogate)
-{
-    if (surrogate == _surrogate || (surrogate && !isLinkable()))
-        return nullptr;
-    using Cmd = AT_ChangeCmd<AT_SimpleAttr, UT_SharedPtr<AT_AttrSurrogate>>;
-    const QString name = surrogate ? QCoreApplication::translate("AT_Attr", "Link %1").arg(label())
-                                   : QCoreApplication::translate("AT_Attr", "Unlink %1").arg(label());
-    return new Cmd(
-        *this, name,
-        [](AT_SimpleAttr& attr, const UT_SharedPtr<AT_AttrSurrogate>& driving) { attr.setSurrogate(driving); },
-        _surrogate, surrogate, QString());
-}
-
 AT_AttrLink* AT_SimpleAttr::link() const
 {
     return dynamic_cast<AT_AttrLink*>(_surrogate.get());
+}
+
+void AT_SimpleAttr::refreshReaders(const AT_LinkScope& scope) const
+{
+    for (AT_AttrLink* reader : _readers)
+        reader->refreshPath(scope);
 }
 
 bool AT_SimpleAttr::isLinkable() const

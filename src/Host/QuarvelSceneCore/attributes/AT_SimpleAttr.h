@@ -9,6 +9,7 @@
 #include "QuarvelSceneCore/attributes/AT_AttrLink.h"
 
 #include <memory>
+#include <vector>
 
 /// An attribute with a local value and perhaps a surrogate for it.
 class QUARVELSCENECORE_EXPORT AT_SimpleAttr : public AT_Attr
@@ -23,10 +24,9 @@ public:
     ///
     /// @return whether anything changed; false when the attribute cannot be driven
     bool setSurrogate(const UT_SharedPtr<AT_AttrSurrogate>& surrogate);
-    /// The command for setSurrogate(); owned by the caller, null when nothing would change.
-    CO_Command* setSurrogateCmd(const UT_SharedPtr<AT_AttrSurrogate>& surrogate);
     /// The surrogate when it is a link, else null.
-    AT_AttrLink* link() const;
+    AT_AttrLink* link() const override;
+    void refreshReaders(const AT_LinkScope& scope) const override;
 
     /// Whether a surrogate may drive the attribute. True unless overridden.
     virtual bool isLinkable() const;
@@ -54,8 +54,10 @@ protected:
     Parsed parseXmlAttribute(const QString& name, const QString& value, QStringList* warnings) override;
 
 private:
+    friend class AT_AttrLink;
     class Relay;
 
     UT_SharedPtr<AT_AttrSurrogate> _surrogate;
     std::unique_ptr<Relay> _relay;
+    std::vector<AT_AttrLink*> _readers; // the resolved links that lead here, which enter and remove themselves
 };

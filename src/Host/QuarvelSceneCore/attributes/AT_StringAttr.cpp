@@ -4,7 +4,7 @@
 #include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 
 #include "QuarvelSceneCore/attributes/AT_AttrVisitor.h"
-#include "QuarvelSceneCore/attributes/private/AT_ChangeCmd.h"
+#include "QuarvelSceneCore/attributes/AT_ChangeCmd.h"
 
 AT_StringAttr::AT_StringAttr(const AT_AttrMeta& meta, const QString& defaultValue, bool multiline, bool filePath,
                              AT_Attr* parent)

@@ -16,8 +16,8 @@ public:
     MO_AutoInPortsModule();
     ~MO_AutoInPortsModule() override;
 
-    /// How many input ports the module takes at most; kMaxPorts unless overridden.
-    virtual unsigned maxInPorts() const;
+    /// kMaxPorts unless overridden.
+    unsigned maxInPorts() const override;
 
     MO_AutoPortsNode* portManipulator() override;
     bool isValidAutoPort(unsigned index) const override;

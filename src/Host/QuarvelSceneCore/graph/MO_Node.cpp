@@ -28,7 +28,7 @@ void MO_Node::setInstanceName(const QString& name)
         return;
     _instanceName = claimed;
     if (MO_SceneCommon* scene = sceneCommon())
-        scene->nodeRenamed();
+        scene->nodeRenamed(*this);
     changed();
 }
 
@@ -87,6 +87,11 @@ MO_Port* MO_Node::addOutImagePort()
     _outPorts.push_back(std::make_unique<MO_Port>(*this, MO_Port::Kind::OUT, nOutPorts()));
     changed();
     return _outPorts.back().get();
+}
+
+unsigned MO_Node::maxInPorts() const
+{
+    return nInPorts();
 }
 
 MO_AutoPortsNode* MO_Node::portManipulator()

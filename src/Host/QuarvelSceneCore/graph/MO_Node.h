@@ -75,6 +75,9 @@ public:
     /// Adds an output port for pictures behind the others; null when there are kMaxPorts.
     MO_Port* addOutImagePort();
 
+    /// How many input ports the node can have: those that it has, unless a node that makes them on demand overrides
+    /// this.
+    virtual unsigned maxInPorts() const;
     /// What adds and removes input ports on demand; null for a node whose ports are fixed.
     virtual MO_AutoPortsNode* portManipulator();
 

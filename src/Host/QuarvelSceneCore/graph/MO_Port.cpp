@@ -90,15 +90,27 @@ MO_Port* MO_Port::lookThrough(bool alsoDisabled) const
     return nullptr;
 }
 
-UT_Result<void> MO_Port::connect(MO_Port& source)
+UT_Result<void> MO_Port::mayLink(const MO_Node& source, const MO_Node& target)
+{
+    if (target.group() != source.group())
+        return UT_Error{translated("A link cannot cross the border of a group; use a port of the group")};
+    if (isUpstream(&target, source))
+        return UT_Error{translated("\"%1\" already depends on \"%2\"; the link would close a circle")
+                            .arg(source.instanceName(), target.instanceName())};
+    return {};
+}
+
+UT_Result<void> MO_Port::mayConnect(const MO_Port& source) const
 {
     if (_kind != Kind::IN || source._kind != Kind::OUT)
         return UT_Error{translated("A link leads from an output port to an input port")};
-    if (_node->group() != source._node->group())
-        return UT_Error{translated("A link cannot cross the border of a group; use a port of the group")};
-    if (isUpstream(_node, *source._node))
-        return UT_Error{translated("\"%1\" already depends on \"%2\"; the link would close a circle")
-                            .arg(source._node->instanceName(), _node->instanceName())};
+    return mayLink(*source._node, *_node);
+}
+
+UT_Result<void> MO_Port::connect(MO_Port& source)
+{
+    if (const auto possible = mayConnect(source); !possible)
+        return possible;
     if (_source == &source)
         return {};
     cut();

@@ -58,10 +58,19 @@ public:
     /// The same, but disabled modules are met like others; only the borders of groups are looked through.
     MO_Port* realDisabledSrcPort() const;
 
-    /// Links this input port to a source, in place of the one it has.
-    ///
-    /// Refused, with nothing changed, when the ports are not an input and an output, when their nodes are not in the
+    /// Whether an input of the target may be linked to an output of the source. Refused when the two are not in the
     /// same group, and when the link would close a circle.
+    ///
+    /// @return the reason when it is refused
+    static UT_Result<void> mayLink(const MO_Node& source, const MO_Node& target);
+
+    /// Whether connect() would link this port to the source. Refused when the ports are not an input and an output, and
+    /// when mayLink() refuses.
+    ///
+    /// @return the reason when it is refused
+    UT_Result<void> mayConnect(const MO_Port& source) const;
+
+    /// Links this input port to a source, in place of the one it has; nothing changes when mayConnect() refuses.
     UT_Result<void> connect(MO_Port& source);
 
     /// Cuts the link of an input port; nothing happens when it has none.

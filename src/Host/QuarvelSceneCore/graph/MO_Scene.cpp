@@ -23,16 +23,6 @@ QString translated(const char* text)
     return QCoreApplication::translate("MO_Scene", text);
 }
 
-template<typename Function>
-void forEachLink(const XUGroup& root, const Function& function)
-{
-    root.forEachModule([&](const MO_Module& module) {
-        for (AT_Attr* attr : module.attrs())
-            if (auto* simple = dynamic_cast<AT_SimpleAttr*>(attr); simple && simple->link())
-                function(*simple->link());
-    });
-}
-
 } // namespace
 
 MO_Scene::MO_Scene() : _root(std::make_unique<XUGroup>())
@@ -50,23 +40,26 @@ MO_Module* MO_Scene::outputModule() const
     return nullptr;
 }
 
-UT_Result<void> MO_Scene::connect(MO_Module& source, MO_Module& target, unsigned inPort, unsigned outPort)
+UT_Result<void> MO_Scene::mayConnect(const MO_Module& source, const MO_Module& target, unsigned inPort,
+                                     unsigned outPort)
 {
-    MO_Port* const from = source.outPort(outPort);
+    const MO_Port* const from = source.outPort(outPort);
     if (!from)
         return UT_Error{translated("\"%1\" has no output port %2").arg(source.instanceName()).arg(outPort)};
-    const unsigned portsBefore = target.nInPorts();
-    MO_AutoPortsNode* const automatic = target.portManipulator();
-    while (automatic && target.nInPorts() <= inPort && automatic->insertInPort(target.nInPorts()))
-        ;
-    MO_Port* const to = target.inPort(inPort);
-    UT_Result<void> linked =
-        to ? to->connect(*from)
-           : UT_Error{translated("\"%1\" has no input port %2").arg(target.instanceName()).arg(inPort)};
-    if (!linked)
-        while (automatic && target.nInPorts() > portsBefore)
-            automatic->removeInPort(target.nInPorts() - 1);
-    return linked;
+    if (const MO_Port* const to = target.inPort(inPort))
+        return to->mayConnect(*from);
+    if (inPort >= target.maxInPorts())
+        return UT_Error{translated("\"%1\" has no input port %2").arg(target.instanceName()).arg(inPort)};
+    return MO_Port::mayLink(source, target);
+}
+
+UT_Result<void> MO_Scene::connect(MO_Module& source, MO_Module& target, unsigned inPort, unsigned outPort)
+{
+    if (const auto possible = mayConnect(source, target, inPort, outPort); !possible)
+        return possible;
+    while (target.nInPorts() <= inPort)
+        target.portManipulator()->insertInPort(target.nInPorts());
+    return target.inPort(inPort)->connect(*source.outPort(outPort));
 }
 
 void MO_Scene::disconnect(MO_Module& target, unsigned inPort)
@@ -77,16 +70,19 @@ void MO_Scene::disconnect(MO_Module& target, unsigned inPort)
 
 void MO_Scene::resolveLinks()
 {
-    forEachLink(*_root, [this](AT_AttrLink& link) { link.resolve(*this); });
+    _root->forEachModule([this](const MO_Module& module) {
+        for (const AT_Attr* attr : module.attrs())
+            if (AT_AttrLink* link = attr->link())
+                link->resolve(*this);
+    });
     if (AT_AttrLink* link = truckFactorAttr().link())
         link->resolve(*this);
 }
 
-void MO_Scene::nodeRenamed()
+void MO_Scene::nodeRenamed(const MO_Node& node)
 {
-    forEachLink(*_root, [this](AT_AttrLink& link) { link.refreshPath(*this); });
-    if (AT_AttrLink* link = truckFactorAttr().link())
-        link->refreshPath(*this);
+    for (const AT_Attr* attr : node.attrs())
+        attr->refreshReaders(*this);
 }
 
 // The camera's attributes belong to no node: their paths have an empty node.

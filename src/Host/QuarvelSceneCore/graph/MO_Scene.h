@@ -38,10 +38,15 @@ public:
     /// output (MO_Module::isSceneOutput()); null when there is none.
     MO_Module* outputModule() const;
 
+    /// Whether connect() would make a link. Nothing changes and nobody is told.
+    ///
+    /// @return the reason when it would not: there is no such port, or MO_Port::mayConnect() refuses
+    static UT_Result<void> mayConnect(const MO_Module& source, const MO_Module& target, unsigned inPort = 0,
+                                      unsigned outPort = 0);
     /// Links an input port of a module to an output port of another. A module with automatic ports gets the ports that
     /// are missing up to the one asked for.
     ///
-    /// @return an error, and nothing has changed, when there is no such port or the link is refused (MO_Port::connect)
+    /// @return an error, and nothing has changed, when mayConnect() refuses
     static UT_Result<void> connect(MO_Module& source, MO_Module& target, unsigned inPort = 0, unsigned outPort = 0);
     /// Cuts the link of an input port; nothing happens when there is none.
     static void disconnect(MO_Module& target, unsigned inPort = 0);
@@ -57,7 +62,7 @@ public:
 
     AT_Attr* findAttr(const QString& path) const override;
     QString pathOf(const AT_Attr& attr) const override;
-    void nodeRenamed() override;
+    void nodeRenamed(const MO_Node& node) override;
 
     /// "scene".
     QString getXmlElementName() const override;

@@ -67,6 +67,15 @@ void MO_SceneCommon::addPalette(const CM_SharedPtr<CM_Palette>& palette)
     tell();
 }
 
+void MO_SceneCommon::replacePalette(const CM_SharedPtr<CM_Palette>& old, const CM_SharedPtr<CM_Palette>& palette)
+{
+    const auto found = std::ranges::find(_palettes, old);
+    if (found == _palettes.end())
+        return;
+    *found = palette;
+    tell();
+}
+
 void MO_SceneCommon::removePalette(const CM_SharedPtr<CM_Palette>& palette)
 {
     if (std::erase(_palettes, palette) > 0)

@@ -19,6 +19,7 @@
 #include <vector>
 
 class AT_DoubleAttr;
+class MO_Node;
 
 /// The common part of a scene. Tells its listeners after every change of the scene. See MO_Node.h for threads.
 class QUARVELSCENECORE_EXPORT MO_SceneCommon : public XUTeller, public AT_LinkScope, private XUListener
@@ -56,11 +57,13 @@ public:
     const std::vector<CM_SharedPtr<CM_Palette>>& palettes() const { return _palettes; }
     /// Appends a palette; null adds nothing.
     void addPalette(const CM_SharedPtr<CM_Palette>& palette);
+    /// Puts a palette in the place of another; nothing happens when that one is not there.
+    void replacePalette(const CM_SharedPtr<CM_Palette>& old, const CM_SharedPtr<CM_Palette>& palette);
     /// Takes a palette out; nothing happens when it is not there.
     void removePalette(const CM_SharedPtr<CM_Palette>& palette);
 
     /// A node was renamed; links to its attributes follow.
-    virtual void nodeRenamed() = 0;
+    virtual void nodeRenamed(const MO_Node& node) = 0;
     /// Something about a node changed.
     void nodeChanged() { tell(); }
 

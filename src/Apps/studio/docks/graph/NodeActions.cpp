@@ -3,38 +3,15 @@
 // Actions that cannot do anything at the moment are disabled, so that menus tell what is possible.
 #include "studio/docks/graph/NodeActions.h"
 
-#include "QuarvelCommand/CO_OrCommand.h"
+#include "QuarvelSceneCore/editing/MO_GroupCommands.h"
+#include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
-#include "studio/docks/graph/GraphCommands.h"
 
 #include <QAction>
 #include <QMenu>
 
 #include <algorithm>
 #include <ranges>
-
-namespace {
-
-// Adds a module and links it to another one, as one change.
-MO_EditCommand addLinkedCmd(XUGroup& group, std::unique_ptr<MO_Module> module, MO_Module* source)
-{
-    MO_Module& added = *module;
-    MO_EditCommand add = MO_addModuleCmd(group, std::move(module));
-    if (!source || source->nOutPorts() == 0 || added.nInPorts() == 0)
-        return add;
-    // The link is planned in the graph that has the module.
-    add->execute();
-    UT_Result<MO_EditCommand> link = MO_connectCmd(*source, added);
-    add->undo();
-    if (!link)
-        return add;
-    auto both = std::make_unique<CO_OrCommand>();
-    both->append(std::move(add));
-    both->append(std::move(*link));
-    return both;
-}
-
-} // namespace
 
 NodeActions::NodeActions(NodeView& view, QWidget& owner)
     : QObject(&view)
@@ -96,7 +73,7 @@ bool NodeActions::addNode(const QString& keyword)
     MO_Module* const added = module.get();
     const std::vector<MO_Module*> before = selected();
     MO_Module* const source = before.size() == 1 ? before.front() : nullptr;
-    if (!_view.document().execute(addLinkedCmd(_view.group(), std::move(module), source)))
+    if (!_view.document().execute(MO_addModuleCmd(_view.group(), std::move(module), source)))
         return false;
     _view.document().setSelection({added});
     return true;
@@ -232,10 +209,10 @@ void NodeActions::addGroupMenus(QMenu& menu, XUGroup& group)
     QMenu* const ports = menu.addMenu(tr("Ports of \"%1\"").arg(group.instanceName()));
     for (const bool isInput : {true, false})
         ports->addAction(isInput ? tr("Add Input") : tr("Add Output"), this,
-                         [this, &group, isInput] { _view.document().execute(addGroupPortCmd(group, isInput)); });
+                         [this, &group, isInput] { _view.document().execute(MO_addGroupPortCmd(group, isInput)); });
     for (const bool isInput : {true, false})
         ports->addAction(isInput ? tr("Remove Last Input") : tr("Remove Last Output"), this, [this, &group, isInput] {
-            UT_Result<MO_EditCommand> command = removeGroupPortCmd(group, isInput);
+            UT_Result<MO_EditCommand> command = MO_removeGroupPortCmd(group, isInput);
             if (command)
                 _view.document().execute(std::move(*command));
             else

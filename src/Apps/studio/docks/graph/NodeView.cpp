@@ -4,7 +4,7 @@
 // one are the items made anew. How mouse and keyboard are answered stands in NodeViewInput.cpp.
 #include "studio/docks/graph/NodeView.h"
 
-#include "studio/docks/graph/GraphCommands.h"
+#include "QuarvelSceneCore/editing/MO_LinkCommands.h"
 #include "studio/docks/graph/LinkItem.h"
 #include "studio/docks/graph/NodeColors.h"
 

@@ -1,10 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The node view's mouse and keyboard. Nodes are not moved by hand, so that a drag is a rubber band, a link or a pan.
-#include "studio/docks/graph/GraphCommands.h"
 #include "studio/docks/graph/LinkItem.h"
-#include "studio/docks/graph/NodeView.h"
 
+#include "QuarvelSceneCore/editing/MO_LinkCommands.h"
+#include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
+#include "studio/docks/graph/NodeView.h"
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -134,7 +135,7 @@ void NodeView::endLink(const QPoint& position)
     if (taken && !target)
         return cutLink(taken);
     if (taken) {
-        UT_Result<MO_EditCommand> command = moveLinkCmd(*taken.module, taken.index, *target.module, target.index);
+        UT_Result<MO_EditCommand> command = MO_moveLinkCmd(*taken.module, taken.index, *target.module, target.index);
         if (!command)
             return refuse(command.error().text);
         _document.execute(std::move(*command));

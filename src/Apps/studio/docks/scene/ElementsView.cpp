@@ -4,6 +4,7 @@
 #include "studio/docks/scene/ElementsView.h"
 
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/editing/MO_AttrCommands.h"
 #include "studio/docks/scene/DrawingThumbnail.h"
 
 #include <QBoxLayout>
@@ -221,8 +222,7 @@ void ElementsView::showSelection()
 
 void ElementsView::expose(MO_ElementModule& element, const QString& drawing)
 {
-    _document.execute(
-        std::unique_ptr<CO_Command>(element.drawingAttr()->setValueCmd(_document.currentFrame(), drawing)));
+    _document.execute(MO_exposeCmd(*element.drawingAttr(), _document.currentFrame(), drawing));
 }
 
 void ElementsView::exposeCurrent()

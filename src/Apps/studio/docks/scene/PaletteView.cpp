@@ -3,6 +3,7 @@
 // Palettes are never changed in place, so comparing the objects tells whether anything is new.
 #include "studio/docks/scene/PaletteView.h"
 
+#include "QuarvelSceneCore/editing/MO_PaletteCommands.h"
 #include "studio/docks/graph/NodeColors.h"
 
 #include <QBoxLayout>
@@ -116,7 +117,7 @@ void PaletteView::rebuild()
     _editable = false;
     _tree->clear();
     _shown = _document.scene().palettes();
-    for (const PalettePtr& palette : _shown) {
+    for (const CM_SharedPtr<CM_Palette>& palette : _shown) {
         auto* top = new QTreeWidgetItem(_tree, {palette->GetName().ToQString()});
         top->setFlags(top->flags() | Qt::ItemIsEditable);
         for (const auto& color : palette->colors()) {
@@ -141,7 +142,7 @@ PaletteView::Row PaletteView::rowOf(const QTreeWidgetItem* item) const
     const int index = top ? _tree->indexOfTopLevelItem(const_cast<QTreeWidgetItem*>(top)) : -1;
     if (index < 0 || index >= static_cast<int>(_shown.size()))
         return {};
-    const PalettePtr& palette = _shown[static_cast<std::size_t>(index)];
+    const CM_SharedPtr<CM_Palette>& palette = _shown[static_cast<std::size_t>(index)];
     if (item == top)
         return {palette, {}};
     const auto place = static_cast<std::size_t>(top->indexOfChild(const_cast<QTreeWidgetItem*>(item)));
@@ -171,17 +172,17 @@ void PaletteView::takeEdit(QTreeWidgetItem* item, int column)
         else
             return recolor(row.palette, row.color, color);
     } else if (column == kNameColumn && !text.trimmed().isEmpty()) {
-        command = row.color.isNull() ? renamePaletteCmd(_document.scene(), row.palette, text)
-                                     : renameColorCmd(_document.scene(), row.palette, row.color, text);
+        command = row.color.isNull() ? MO_renamePaletteCmd(_document.scene(), row.palette, text)
+                                     : MO_renameColorCmd(_document.scene(), row.palette, row.color, text);
     }
     _document.execute(std::move(command));
 }
 
-void PaletteView::recolor(const PalettePtr& palette, const CM_ColorId_t& id, const QColor& color)
+void PaletteView::recolor(const CM_SharedPtr<CM_Palette>& palette, const CM_ColorId_t& id, const QColor& color)
 {
     const auto channel = [](int value) { return static_cast<std::uint8_t>(value); };
     const CM_Rgba rgba{channel(color.red()), channel(color.green()), channel(color.blue()), channel(color.alpha())};
-    _document.execute(recolorCmd(_document.scene(), palette, id, rgba));
+    _document.execute(MO_recolorCmd(_document.scene(), palette, id, rgba));
 }
 
 void PaletteView::pickColor()
@@ -196,7 +197,7 @@ void PaletteView::pickColor()
     dialog->setOption(QColorDialog::ShowAlphaChannel);
     connect(dialog, &QColorDialog::colorSelected, this, [this, row](const QColor& chosen) {
         // The palette may have been changed while the dialogue was open.
-        for (const PalettePtr& palette : _document.scene().palettes())
+        for (const CM_SharedPtr<CM_Palette>& palette : _document.scene().palettes())
             if (palette->GetId() == row.palette->GetId())
                 return recolor(palette, row.color, chosen);
     });

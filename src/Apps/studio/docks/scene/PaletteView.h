@@ -4,7 +4,7 @@
 // #RRGGBBAA for one that is not opaque).
 #pragma once
 
-#include "studio/docks/scene/PaletteCommands.h"
+#include "QuarvelGraphicCore/CM_Palette.h"
 #include "studio/document/StudioDocument.h"
 
 #include <QWidget>
@@ -23,7 +23,7 @@ public:
 
     QTreeWidget& tree() const { return *_tree; }
     /// Gives a colour another value, as the colour dialogue does.
-    void recolor(const PalettePtr& palette, const CM_ColorId_t& id, const QColor& color);
+    void recolor(const CM_SharedPtr<CM_Palette>& palette, const CM_ColorId_t& id, const QColor& color);
     /// Opens the colour dialogue for the current row.
     void pickColor();
 
@@ -39,7 +39,7 @@ Q_SIGNALS:
 private:
     struct Row
     {
-        PalettePtr palette;
+        CM_SharedPtr<CM_Palette> palette;
         CM_ColorId_t color; // null for the palette's own row
     };
 
@@ -52,7 +52,7 @@ private:
     StudioDocument& _document;
     QTreeWidget* _tree;
     QPushButton* _pick;
-    std::vector<PalettePtr> _shown;
+    std::vector<CM_SharedPtr<CM_Palette>> _shown;
     bool _taking = false;   // while a row that was edited is read
     bool _editable = false; // false while the view itself fills the tree
 };

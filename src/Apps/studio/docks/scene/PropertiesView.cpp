@@ -4,7 +4,7 @@
 #include "studio/docks/scene/PropertiesView.h"
 
 #include "QuarvelPlugInManager/PLUG_EditorPanel.h"
-#include "QuarvelSceneCore/editing/MO_EditCommands.h"
+#include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
 
 #include <QBoxLayout>
 #include <QCheckBox>

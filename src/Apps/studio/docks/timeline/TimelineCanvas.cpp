@@ -4,6 +4,7 @@
 #include "studio/docks/timeline/TimelineCanvas.h"
 
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/editing/MO_AttrCommands.h"
 
 #include <QContextMenuEvent>
 #include <QHelpEvent>
@@ -167,7 +168,7 @@ std::optional<double> TimelineCanvas::startAtCell(int row, int frame) const
     return start == frame ? start : std::nullopt;
 }
 
-void TimelineCanvas::execute(TimelineCommand command)
+void TimelineCanvas::execute(MO_EditCommand command)
 {
     _document.execute(std::move(command));
 }
@@ -292,10 +293,9 @@ QMenu* TimelineCanvas::makeMenu(int row, int frame)
         AT_DrawingAttr* const attr = found.element->drawingAttr();
         QMenu* const drawings = menu->addMenu(tr("Show from Frame %1").arg(frame));
         for (const auto& [name, kvd] : found.element->drawings())
-            add(*drawings, name,
-                [attr, frame, drawing = name] { return TimelineCommand(attr->setValueCmd(frame, drawing)); });
+            add(*drawings, name, [attr, frame, drawing = name] { return MO_exposeCmd(*attr, frame, drawing); });
         add(*menu, tr("Show Nothing from Frame %1").arg(frame),
-            [attr, frame] { return TimelineCommand(attr->setValueCmd(frame, QString())); });
+            [attr, frame] { return MO_exposeCmd(*attr, frame, QString()); });
         if (start)
             add(*menu, tr("Remove Exposure"), [found, frame] { return removeCmd(found, frame); });
         return menu;

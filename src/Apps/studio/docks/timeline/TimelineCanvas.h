@@ -74,7 +74,7 @@ private:
     int rowTop(int row) const;
     std::optional<double> startNear(int row, int x) const;
     std::optional<double> startAtCell(int row, int frame) const;
-    void execute(TimelineCommand command);
+    void execute(MO_EditCommand command);
     void zoomBy(double factor);
     void paintGrid(QPainter& painter) const;
     void paintRuler(QPainter& painter) const;

@@ -2,11 +2,11 @@
 //
 // TimelineRows: what the timeline shows below its ruler: a row for the exposures of each element, and one for each
 // attribute of the selected node that may change over time (those of the camera when no node is selected); with the
-// undoable changes of what stands in a row.
+// commands for what people do to a row.
 #pragma once
 
-#include "QuarvelCommand/CO_Command.h"
 #include "QuarvelSceneCore/attributes/AT_AnimatableAttr.h"
+#include "QuarvelSceneCore/editing/MO_EditCommand.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 
@@ -30,22 +30,20 @@ struct TimelineRow
 /// The rows of a document as it is.
 std::vector<TimelineRow> timelineRows(const StudioDocument& document);
 
-using TimelineCommand = std::unique_ptr<CO_Command>;
-
 /// Where the key or the exposure that is in force at a frame begins; for keys only one at exactly this frame counts.
 std::optional<double> timelineStartAt(const TimelineRow& row, double frame);
 
 /// Moves a key or the beginning of an exposure to another frame, in place of what is there. @return null when nothing
 /// would change
-TimelineCommand moveCmd(const TimelineRow& row, double from, int to);
+MO_EditCommand moveCmd(const TimelineRow& row, double from, int to);
 
 /// Takes a key or an exposure away. @return null when there is none at exactly this frame
-TimelineCommand removeCmd(const TimelineRow& row, double frame);
+MO_EditCommand removeCmd(const TimelineRow& row, double frame);
 
 /// Adds a key of the value that the attribute has there. @return null when there is one, and for exposures
-TimelineCommand addKeyCmd(const TimelineRow& row, int frame);
+MO_EditCommand addKeyCmd(const TimelineRow& row, int frame);
 
 /// Changes how the value gets from the key to the next one; a Bezier key gets handles that make the way smooth.
 ///
 /// @return null when there is no key at exactly this frame or nothing would change
-TimelineCommand interpolationCmd(const TimelineRow& row, double frame, AT_Curve::Interpolation interpolation);
+MO_EditCommand interpolationCmd(const TimelineRow& row, double frame, AT_Curve::Interpolation interpolation);

@@ -3,7 +3,7 @@
 // The fields take what is typed when it is complete, so that nothing happens half way through a number.
 #include "studio/docks/timeline/TimelineView.h"
 
-#include "QuarvelSceneCore/editing/MO_EditCommands.h"
+#include "QuarvelSceneCore/editing/MO_SceneCommands.h"
 #include "studio/docks/timeline/Playback.h"
 
 #include <QAction>

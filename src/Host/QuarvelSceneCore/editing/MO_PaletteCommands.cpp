@@ -2,23 +2,20 @@
 //
 // A drawing knows its palette for good, so drawings are made anew as well; their shapes share their paths with the old
 // ones.
-#include "studio/docks/scene/PaletteCommands.h"
+#include "QuarvelSceneCore/editing/MO_PaletteCommands.h"
 
-#include <QCoreApplication>
+#include "QuarvelSceneCore/editing/private/MO_StateCmd.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 
-#include <algorithm>
 #include <functional>
 #include <typeinfo>
+#include <vector>
 
 namespace {
 
+using PalettePtr = CM_SharedPtr<CM_Palette>;
 using ColorPtr = CM_SharedPtr<CM_BaseColorObj>;
 using DrawingPtr = UT_SharedPtr<CELVEC_Kvd>;
-
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("PaletteCommands", text);
-}
 
 ColorPtr copyOf(const CM_BaseColorObj& color)
 {
@@ -87,12 +84,7 @@ private:
 
     void put(const PalettePtr& old, const PalettePtr& now, bool forward)
     {
-        std::vector<PalettePtr> palettes = _scene.palettes();
-        std::ranges::replace(palettes, old, now);
-        while (!_scene.palettes().empty())
-            _scene.removePalette(PalettePtr(_scene.palettes().back()));
-        for (const PalettePtr& palette : palettes)
-            _scene.addPalette(palette);
+        _scene.replacePalette(old, now);
         for (const Drawing& drawing : _drawings)
             drawing.element->setDrawing(drawing.name, forward ? drawing.after : drawing.before);
     }
@@ -120,25 +112,26 @@ MO_EditCommand changeColorCmd(MO_Scene& scene, const PalettePtr& palette, const 
 
 } // namespace
 
-MO_EditCommand renamePaletteCmd(MO_Scene& scene, const PalettePtr& palette, const QString& name)
+MO_EditCommand MO_renamePaletteCmd(MO_Scene& scene, const PalettePtr& palette, const QString& name)
 {
     if (!palette || palette->GetName() == UT_String(name))
         return nullptr;
     auto renamed = UT_makeShared<CM_Palette>(UT_String(name), palette->GetId());
     for (const ColorPtr& color : palette->colors())
         renamed->addColor(color);
-    return std::make_unique<ReplacePaletteCmd>(translated("Rename Palette \"%1\"").arg(palette->GetName().ToQString()),
-                                               scene, palette, renamed);
+    return std::make_unique<ReplacePaletteCmd>(
+        MO_commandText("Rename Palette \"%1\"").arg(palette->GetName().ToQString()), scene, palette, renamed);
 }
 
-MO_EditCommand renameColorCmd(MO_Scene& scene, const PalettePtr& palette, const CM_ColorId_t& id, const QString& name)
+MO_EditCommand MO_renameColorCmd(MO_Scene& scene, const PalettePtr& palette, const CM_ColorId_t& id,
+                                 const QString& name)
 {
-    return changeColorCmd(scene, palette, id, translated("Rename Colour \"%1\""),
+    return changeColorCmd(scene, palette, id, MO_commandText("Rename Colour \"%1\""),
                           [&](CM_BaseColorObj& color) { color.SetColorName(UT_String(name)); });
 }
 
-MO_EditCommand recolorCmd(MO_Scene& scene, const PalettePtr& palette, const CM_ColorId_t& id, const CM_Rgba& color)
+MO_EditCommand MO_recolorCmd(MO_Scene& scene, const PalettePtr& palette, const CM_ColorId_t& id, const CM_Rgba& color)
 {
-    return changeColorCmd(scene, palette, id, translated("Change Colour \"%1\""),
+    return changeColorCmd(scene, palette, id, MO_commandText("Change Colour \"%1\""),
                           [&](CM_BaseColorObj& changed) { changed.SetNominalColor(color); });
 }

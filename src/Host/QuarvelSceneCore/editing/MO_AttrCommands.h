@@ -1,0 +1,30 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The undoable changes of an attribute as a whole: what drives it, its curve, its exposures. (The commands that set its
+// value it makes itself.)
+#pragma once
+
+#include "QuarvelSceneCore/attributes/AT_AnimatableAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/editing/MO_EditCommand.h"
+
+/// Lets a surrogate drive the attribute; null ends that. @return null when nothing would change, or the attribute
+/// cannot be driven
+QUARVELSCENECORE_EXPORT MO_EditCommand MO_driveCmd(AT_SimpleAttr& attr,
+                                                   const UT_SharedPtr<AT_AttrSurrogate>& surrogate);
+
+/// Gives a number a curve; an empty one ends the animation, and the local value counts. @return null when nothing would
+/// change
+QUARVELSCENECORE_EXPORT MO_EditCommand MO_curveCmd(AT_AnimatableAttr& attr, const AT_Curve& curve);
+
+/// Makes a number the same at all frames: it gets the local value, held to its limits, and no animation.
+///
+/// @param value a whole number for an AT_IntAttr
+/// @return null when nothing would change, or the value is not finite
+QUARVELSCENECORE_EXPORT MO_EditCommand MO_constantCmd(AT_AnimatableAttr& attr, double value);
+
+/// Gives a drawing attribute other exposures. @return null when nothing would change
+QUARVELSCENECORE_EXPORT MO_EditCommand MO_exposuresCmd(AT_DrawingAttr& attr, const AT_ExposureSheet& exposures);
+
+/// Shows a drawing from the frame (its whole part) on; an empty name shows none. @return null when nothing would change
+QUARVELSCENECORE_EXPORT MO_EditCommand MO_exposeCmd(AT_DrawingAttr& attr, double frame, const QString& drawing);

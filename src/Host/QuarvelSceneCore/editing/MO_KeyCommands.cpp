@@ -1,0 +1,99 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Changes of copies of the curve or the sheet, which then take the place of the old ones.
+#include "QuarvelSceneCore/editing/MO_KeyCommands.h"
+
+#include "QuarvelSceneCore/editing/MO_AttrCommands.h"
+
+#include <algorithm>
+
+namespace {
+
+// The handles reach a third of the way to the neighbours and lie flat, so that the value eases out of a key and into
+// the next one.
+void ease(AT_Curve& curve, const AT_Curve::Key& key)
+{
+    const auto& keys = curve.keys();
+    const auto next = std::ranges::find_if(keys, [&](const AT_Curve::Key& each) { return each.frame > key.frame; });
+    AT_Curve::Key from = key;
+    if (next != keys.end()) {
+        AT_Curve::Key to = *next;
+        const double third = (to.frame - from.frame) / 3.0;
+        from.out = {third, 0.0};
+        to.in = {-third, 0.0};
+        curve.setKey(to);
+    }
+    curve.setKey(from);
+}
+
+} // namespace
+
+MO_EditCommand MO_addKeyCmd(AT_AnimatableAttr& attr, double frame)
+{
+    if (attr.curve().keyAt(frame))
+        return nullptr;
+    AT_Curve curve = attr.curve();
+    AT_Curve::Key key;
+    if (const AT_Curve::Key* before = curve.keyBefore(frame))
+        key.interpolation = before->interpolation;
+    key.frame = frame;
+    key.value = attr.scalarValue(frame).value_or(0.0);
+    curve.setKey(key);
+    return MO_curveCmd(attr, curve);
+}
+
+MO_EditCommand MO_removeKeyCmd(AT_AnimatableAttr& attr, double frame)
+{
+    AT_Curve curve = attr.curve();
+    const AT_Curve::Key* const key = curve.keyAt(frame);
+    if (!key)
+        return nullptr;
+    const double value = key->value;
+    curve.removeKey(frame);
+    return curve.isEmpty() ? MO_constantCmd(attr, value) : MO_curveCmd(attr, curve);
+}
+
+MO_EditCommand MO_moveKeyCmd(AT_AnimatableAttr& attr, double from, double to)
+{
+    AT_Curve curve = attr.curve();
+    const AT_Curve::Key* const found = curve.keyAt(from);
+    if (!found)
+        return nullptr;
+    AT_Curve::Key key = *found;
+    curve.removeKey(from);
+    key.frame = to;
+    curve.setKey(key);
+    return MO_curveCmd(attr, curve);
+}
+
+MO_EditCommand MO_interpolationCmd(AT_AnimatableAttr& attr, double frame, AT_Curve::Interpolation interpolation)
+{
+    const AT_Curve::Key* const key = attr.curve().keyAt(frame);
+    if (!key || key->interpolation == interpolation)
+        return nullptr;
+    AT_Curve curve = attr.curve();
+    AT_Curve::Key changed = *key;
+    changed.interpolation = interpolation;
+    const bool hasHandles = changed.out != AT_Curve::Handle();
+    if (interpolation == AT_Curve::Interpolation::BEZIER && !hasHandles)
+        ease(curve, changed);
+    else
+        curve.setKey(changed);
+    return MO_curveCmd(attr, curve);
+}
+
+MO_EditCommand MO_removeExposureCmd(AT_DrawingAttr& attr, int frame)
+{
+    AT_ExposureSheet sheet = attr.exposures();
+    return sheet.removeExposure(frame) ? MO_exposuresCmd(attr, sheet) : nullptr;
+}
+
+MO_EditCommand MO_moveExposureCmd(AT_DrawingAttr& attr, int from, int to)
+{
+    AT_ExposureSheet sheet = attr.exposures();
+    const QString drawing = sheet.drawing(from);
+    if (!sheet.removeExposure(from))
+        return nullptr;
+    sheet.setExposure(to, drawing);
+    return MO_exposuresCmd(attr, sheet);
+}

@@ -1,0 +1,35 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The undoable changes of the modules of a group: they come and go, are renamed and switched.
+#pragma once
+
+#include "QuarvelSceneCore/editing/MO_EditCommand.h"
+#include "QuarvelSceneCore/graph/XUGroup.h"
+
+#include <vector>
+
+/// Adds a module behind the others of a group.
+///
+/// @param source if not null, a module of the group whose first output is linked to the first input of the new one, as
+///     the same change; nothing is linked where one of the two has no such port
+QUARVELSCENECORE_EXPORT MO_EditCommand MO_addModuleCmd(XUGroup& group, std::unique_ptr<MO_Module> module,
+                                                       MO_Module* source = nullptr);
+
+/// Takes modules of one group out, with their links.
+///
+/// @return null when there are none or they are not all of one group
+QUARVELSCENECORE_EXPORT MO_EditCommand MO_removeModulesCmd(const std::vector<MO_Module*>& modules);
+
+/// Adds copies of modules of one group behind the others, with the links among them; attributes, animation and
+/// drawings are those of the originals, names get a number.
+///
+/// @param copies if not null, gets the modules that the command will add, in the order of the originals
+/// @return null when there are none or they are not all of one group
+QUARVELSCENECORE_EXPORT MO_EditCommand MO_duplicateModulesCmd(const std::vector<MO_Module*>& modules,
+                                                              std::vector<MO_Module*>* copies = nullptr);
+
+/// Renames a module; a name that is taken gets a number. @return null when it has the name
+QUARVELSCENECORE_EXPORT MO_EditCommand MO_renameCmd(MO_Module& module, const QString& name);
+
+/// Switches modules on or off. @return null when nothing would change
+QUARVELSCENECORE_EXPORT MO_EditCommand MO_enableCmd(const std::vector<MO_Module*>& modules, bool enabled);

@@ -1,0 +1,23 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The undoable changes of palettes. Renders in the background read the palettes of the scene that they copied, so that
+// a palette is never changed in place: a changed one takes its place in the scene and in the drawings that it colours.
+#pragma once
+
+#include "QuarvelGraphicCore/CM_Palette.h"
+#include "QuarvelSceneCore/editing/MO_EditCommand.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
+
+/// Renames a palette of the scene. @return null when nothing would change
+QUARVELSCENECORE_EXPORT MO_EditCommand MO_renamePaletteCmd(MO_Scene& scene, const CM_SharedPtr<CM_Palette>& palette,
+                                                           const QString& name);
+
+/// Renames a colour of a palette of the scene. @return null when there is no such colour or nothing would change
+QUARVELSCENECORE_EXPORT MO_EditCommand MO_renameColorCmd(MO_Scene& scene, const CM_SharedPtr<CM_Palette>& palette,
+                                                         const CM_ColorId_t& id, const QString& name);
+
+/// Changes the nominal colour of a colour of a palette of the scene.
+///
+/// @return null when there is no such colour or nothing would change
+QUARVELSCENECORE_EXPORT MO_EditCommand MO_recolorCmd(MO_Scene& scene, const CM_SharedPtr<CM_Palette>& palette,
+                                                     const CM_ColorId_t& id, const CM_Rgba& color);

@@ -1,0 +1,45 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// MO_StateCmd: the command of a change that a function makes, given the state of before or after.
+#pragma once
+
+#include "QuarvelSceneCore/editing/MO_EditCommand.h"
+
+#include <QCoreApplication>
+
+#include <utility>
+
+/// Puts one of two states in place.
+///
+/// @tparam State  a value
+/// @tparam Setter a function of a State
+template<typename State, typename Setter>
+class MO_StateCmd : public CO_Command
+{
+public:
+    MO_StateCmd(QString name, State before, State after, Setter set)
+        : _name(std::move(name)), _before(std::move(before)), _after(std::move(after)), _set(std::move(set))
+    {}
+
+    QString name() const override { return _name; }
+    void execute() override { _set(_after); }
+    void undo() override { _set(_before); }
+
+private:
+    QString _name;
+    State _before;
+    State _after;
+    Setter _set;
+};
+
+template<typename State, typename Setter>
+MO_EditCommand MO_makeStateCmd(const QString& name, State before, State after, Setter set)
+{
+    return std::make_unique<MO_StateCmd<State, Setter>>(name, std::move(before), std::move(after), std::move(set));
+}
+
+/// A text of a command, translated; for the names of commands and for what they refuse.
+inline QString MO_commandText(const char* text)
+{
+    return QCoreApplication::translate("MO_EditCommands", text);
+}
