@@ -1,0 +1,84 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// A backdrop lies along the picture's border, an opening is dark and holds something, a shadow lets shine through.
+#include "form/bitmap/BitmapRoles.h"
+
+#include <algorithm>
+
+namespace {
+
+// A picture is opaque to its borders when so much of them is covered, and its backdrop takes so much.
+constexpr double kOpaqueBorder = 0.97;
+constexpr double kBackdrop = 0.5;
+// A shadow covers at most so much; when it is most of the drawing, it is no shadow.
+constexpr double kShadow = 0.8;
+constexpr double kDarkOpening = 0.45;
+// What an opening holds, as a part of the opening.
+constexpr double kHeld = 0.1;
+
+class Roles
+{
+public:
+    Roles(const RegionGraph& graph, const StackingOrder& stacking) : _graph(graph), _stacking(stacking)
+    {
+        int along = 0;
+        for (const int number : stacking.bottomUp) {
+            const int edges = graph.region(number).frameEdges;
+            along += edges;
+            if (_backdrop < 0 || edges > graph.region(_backdrop).frameEdges)
+                _backdrop = number;
+            if (graph.region(number).alpha < kShadow)
+                _translucent += graph.region(number).pixels;
+        }
+        const bool opaque = along > 0 && along >= kOpaqueBorder * graph.frameEdges();
+        if (!opaque || graph.region(_backdrop).frameEdges < kBackdrop * along || stacking.bottomUp.size() < 2)
+            _backdrop = -1;
+    }
+
+    BitmapRole of(int number) const
+    {
+        const Region& region = _graph.region(number);
+        if (number == _backdrop)
+            return {ObjectRole::FLAT, QStringLiteral("the backdrop")};
+        if (region.alpha < kShadow && 2 * _translucent < _graph.coveredPixels())
+            return {ObjectRole::FLAT, QStringLiteral("semi-transparent")};
+        if (isOpening(number))
+            return {ObjectRole::OPENING, QStringLiteral("dark and holds others")};
+        return {ObjectRole::BODY, _graph.seamsOf(number).empty() ? QStringLiteral("a part of its own")
+                                                                 : QStringLiteral("a region of one colour")};
+    }
+
+private:
+    bool isOpening(int number) const
+    {
+        const Region& own = _graph.region(number);
+        const int around = _graph.mainNeighbour(number);
+        if (own.colour.lightness > kDarkOpening || own.clearEdges + own.frameEdges > 0 || around < 0 ||
+            _graph.region(around).colour.lightness < own.colour.lightness + 0.15 ||
+            _graph.region(around).pixels < own.pixels)
+            return false;
+        int held = 0;
+        for (const auto& [other, seam] : _graph.seamsOf(number))
+            if (other != around && _graph.region(other).pixels < 2 * own.pixels &&
+                _graph.seamShare(other, number) > 0.35)
+                held += _graph.region(other).pixels;
+        return held > kHeld * own.pixels;
+    }
+
+    const RegionGraph& _graph;
+    const StackingOrder& _stacking;
+    int _backdrop = -1;
+    int _translucent = 0; // pixels
+};
+
+} // namespace
+
+std::vector<BitmapRole> bitmapRolesOf(const RegionGraph& graph, const StackingOrder& stacking, bool painted)
+{
+    const Roles roles(graph, stacking);
+    std::vector<BitmapRole> result;
+    for (const int number : stacking.bottomUp)
+        result.push_back(painted ? BitmapRole{ObjectRole::BODY, QStringLiteral("painted; a part of its own")}
+                                 : roles.of(number));
+    return result;
+}

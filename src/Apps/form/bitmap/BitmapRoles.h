@@ -1,0 +1,16 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// BitmapRoles: which of a bitmap's regions rise, which sink and which stay flat, with the reason in words.
+#pragma once
+
+#include "form/ChosenObjects.h"
+#include "form/bitmap/StackingOrder.h"
+
+struct BitmapRole
+{
+    ObjectRole role = ObjectRole::BODY;
+    QString reason;
+};
+
+/// The role of each region in stacking.bottomUp, in its order.
+std::vector<BitmapRole> bitmapRolesOf(const RegionGraph& graph, const StackingOrder& stacking, bool painted);

@@ -1,0 +1,46 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Connected pixels: sets of pixels that grow together, and the connected parts of a marked plane.
+#pragma once
+
+#include "form/bitmap/PixelPlane.h"
+
+#include <algorithm>
+#include <numeric>
+
+/// Sets of pixels, each of which begins alone. A set is named by its first pixel.
+class PixelSets
+{
+public:
+    explicit PixelSets(int count) : _parents(static_cast<std::size_t>(count))
+    {
+        std::iota(_parents.begin(), _parents.end(), 0);
+    }
+    int find(int pixel)
+    {
+        while (parent(pixel) != pixel)
+            pixel = parent(pixel) = parent(parent(pixel));
+        return pixel;
+    }
+    void join(int a, int b)
+    {
+        a = find(a);
+        b = find(b);
+        parent(std::max(a, b)) = std::min(a, b);
+    }
+
+private:
+    int& parent(int pixel) { return _parents[static_cast<std::size_t>(pixel)]; }
+
+    std::vector<int> _parents;
+};
+
+/// The connected parts of what is marked, pixels that share an edge or a corner together.
+struct ConnectedParts
+{
+    PixelPlane<int> labels;  ///< index of the part; kNoLabel outside
+    std::vector<int> pixels; ///< how many pixels each part has
+};
+
+/// @param marked nonzero for the pixels that count
+ConnectedParts connectedPartsOf(const PixelPlane<char>& marked);

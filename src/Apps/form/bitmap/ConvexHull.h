@@ -1,0 +1,35 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// ConvexHull: the smallest convex area around a region's pixels. What a region lacks of it tells how complete the
+// region is, and what of another region lies in it tells which of the two hides the other.
+#pragma once
+
+#include <QPoint>
+
+#include <vector>
+
+/// A convex polygon with corners on pixels' corners, clockwise as seen (y down), no three in a line.
+class ConvexHull
+{
+public:
+    ConvexHull() = default;
+    /// Around points in any order.
+    explicit ConvexHull(std::vector<QPoint> points);
+
+    /// Around two areas.
+    static ConvexHull around(const ConvexHull& a, const ConvexHull& b);
+
+    /// In pixels.
+    double area() const;
+    /// The largest distance of two corners.
+    double span() const;
+    int top() const { return _top; }
+    int bottom() const { return _bottom; }
+    /// The pixels [first, second) of a row whose centres lie inside, not on the outline.
+    std::pair<int, int> pixelsIn(int row) const;
+
+private:
+    std::vector<QPoint> _corners;
+    int _top = 0;
+    int _bottom = 0; // the row after the last
+};

@@ -1,0 +1,123 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Depths in two passes; growth by distance, with a bucket for each distance that is still to come (Dial's algorithm).
+#include "form/bitmap/PixelDistances.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+namespace {
+
+constexpr int kDiagonalStep = 4;
+constexpr int kFar = std::numeric_limits<int>::max() / 2;
+
+struct Neighbour
+{
+    int x;
+    int y;
+    int step;
+};
+
+constexpr std::array kBefore = {Neighbour{-1, 0, kPixelStep}, Neighbour{-1, -1, kDiagonalStep},
+                                Neighbour{0, -1, kPixelStep}, Neighbour{1, -1, kDiagonalStep}};
+constexpr std::array kAround = {Neighbour{-1, 0, kPixelStep},     Neighbour{1, 0, kPixelStep},
+                                Neighbour{0, -1, kPixelStep},     Neighbour{0, 1, kPixelStep},
+                                Neighbour{-1, -1, kDiagonalStep}, Neighbour{1, -1, kDiagonalStep},
+                                Neighbour{-1, 1, kDiagonalStep},  Neighbour{1, 1, kDiagonalStep}};
+
+// The least of the distance here and of those over the neighbours on one side; sign -1 takes the other side.
+int overNeighbours(const PixelPlane<int>& labels, const PixelPlane<int>& distances, int x, int y, int sign)
+{
+    int least = distances.at(x, y);
+    for (const Neighbour& n : kBefore) {
+        const int nx = x + sign * n.x;
+        const int ny = y + sign * n.y;
+        if (!distances.contains(nx, ny))
+            continue;
+        const bool own = labels.at(nx, ny) == labels.at(x, y);
+        least = std::min(least, n.step + (own ? distances.at(nx, ny) : 0));
+    }
+    return least;
+}
+
+// Pixels to go on from, by their distance. Steps are short, so the buckets go round.
+class Front
+{
+public:
+    void add(int pixel, int distance)
+    {
+        bucket(distance).push_back(pixel);
+        ++_waiting;
+    }
+    bool isEmpty() const { return _waiting == 0; }
+    // Takes those of a distance, all in all at most once each.
+    std::vector<int> take(int distance)
+    {
+        std::vector<int> pixels;
+        pixels.swap(bucket(distance));
+        _waiting -= pixels.size();
+        return pixels;
+    }
+
+private:
+    std::vector<int>& bucket(int distance) { return _buckets[static_cast<std::size_t>(distance) % _buckets.size()]; }
+
+    std::array<std::vector<int>, kDiagonalStep + 1> _buckets;
+    std::size_t _waiting = 0;
+};
+
+} // namespace
+
+PixelPlane<int> depthsInside(const PixelPlane<int>& labels)
+{
+    PixelPlane<int> depths(labels.width(), labels.height(), 0);
+    for (int i = 0; i < labels.count(); ++i)
+        depths[i] = labels[i] < 0 ? 0 : kFar;
+    for (int y = 0; y < labels.height(); ++y)
+        for (int x = 0; x < labels.width(); ++x)
+            depths.at(x, y) = overNeighbours(labels, depths, x, y, 1);
+    for (int y = labels.height() - 1; y >= 0; --y)
+        for (int x = labels.width() - 1; x >= 0; --x)
+            depths.at(x, y) = overNeighbours(labels, depths, x, y, -1);
+    return depths;
+}
+
+NearestAreas grown(const PixelPlane<int>& labels, const PixelPlane<char>& open)
+{
+    NearestAreas nearest{PixelPlane<int>(labels.width(), labels.height(), kNoLabel),
+                         PixelPlane<int>(labels.width(), labels.height(), kFar)};
+    Front front;
+    for (int i = 0; i < labels.count(); ++i)
+        if (labels[i] >= 0) {
+            nearest.labels[i] = labels[i];
+            nearest.distances[i] = 0;
+        }
+    const auto relaxAround = [&](int pixel) {
+        const int x = pixel % labels.width();
+        const int y = pixel / labels.width();
+        for (const Neighbour& n : kAround) {
+            if (!labels.contains(x + n.x, y + n.y))
+                continue;
+            const int other = pixel + n.y * labels.width() + n.x;
+            const int distance = nearest.distances[pixel] + n.step;
+            if (!open[other] || labels[other] >= 0 || distance > nearest.distances[other])
+                continue;
+            if (distance < nearest.distances[other]) {
+                nearest.distances[other] = distance;
+                nearest.labels[other] = nearest.labels[pixel];
+                front.add(other, distance);
+            } else
+                nearest.labels[other] = std::min(nearest.labels[other], nearest.labels[pixel]);
+        }
+    };
+    for (int i = 0; i < labels.count(); ++i)
+        if (labels[i] >= 0)
+            relaxAround(i);
+    for (int distance = 1; !front.isEmpty(); ++distance)
+        for (const int pixel : front.take(distance))
+            // It may have come nearer after it was added.
+            if (nearest.distances[pixel] == distance)
+                relaxAround(pixel);
+    return nearest;
+}

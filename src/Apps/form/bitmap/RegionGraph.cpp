@@ -1,0 +1,209 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Everything is counted in two passes over the pixels; joining adds the counts up.
+#include "form/bitmap/RegionGraph.h"
+
+#include "form/bitmap/PixelDistances.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+// A line on a seam is darker than what lies on both sides by at least this much.
+constexpr double kInkContrast = 0.12;
+
+double lumaOf(QRgb colour)
+{
+    return (54 * qRed(colour) + 183 * qGreen(colour) + 19 * qBlue(colour)) / (256.0 * 255.0);
+}
+
+struct RowEnds
+{
+    int first = -1;
+    int last = -1;
+};
+
+} // namespace
+
+RegionGraph::RegionGraph(const BitmapRegions& regions, const PixelPlane<QRgb>& colours)
+    : _labels(regions.labels), _regions(regions.colours.size()), _seams(regions.colours.size())
+{
+    for (std::size_t i = 0; i < _regions.size(); ++i) {
+        const QRgb colour = regions.colours[i].average();
+        _regions[i].colour = perceived(colour);
+        _regions[i].luma = lumaOf(colour);
+        _regions[i].alpha = qAlpha(colour) / 255.0;
+        _regions[i].corePixels = regions.colours[i].pixels;
+        _joinedTo.push_back(static_cast<int>(i));
+    }
+    countEdges(colours);
+    measure();
+}
+
+void RegionGraph::meet(int a, int b, bool inked)
+{
+    for (const auto& [own, other] : {std::pair(a, b), std::pair(b, a)}) {
+        Seam& seam = _seams[static_cast<std::size_t>(own)][other];
+        ++seam.edges;
+        seam.inked += inked ? 1 : 0;
+    }
+}
+
+void RegionGraph::countEdges(const PixelPlane<QRgb>& colours)
+{
+    const auto edge = [&](int i, int j) {
+        const int a = _labels[i];
+        const int b = _labels[j];
+        if (a == b)
+            return;
+        if (a < 0 || b < 0) {
+            ++_regions[static_cast<std::size_t>(std::max(a, b))].clearEdges;
+            return;
+        }
+        const double darkest = std::min(lumaOf(colours[i]), lumaOf(colours[j]));
+        meet(a, b, darkest < std::min(region(a).luma, region(b).luma) - kInkContrast);
+    };
+    const auto frame = [&](int x, int y) {
+        if (const int own = _labels.at(x, y); own >= 0)
+            ++_regions[static_cast<std::size_t>(own)].frameEdges;
+    };
+    const int width = _labels.width();
+    for (int y = 0; y < _labels.height(); ++y) {
+        for (int x = 0; x < width; ++x) {
+            const int i = y * width + x;
+            if (_labels[i] >= 0) {
+                ++_regions[static_cast<std::size_t>(_labels[i])].pixels;
+                ++_covered;
+            }
+            if (x > 0)
+                edge(i, i - 1);
+            if (y > 0)
+                edge(i, i - width);
+        }
+        frame(0, y);
+        frame(width - 1, y);
+    }
+    for (int x = 0; x < width; ++x) {
+        frame(x, 0);
+        frame(x, _labels.height() - 1);
+    }
+}
+
+void RegionGraph::measure()
+{
+    const PixelPlane<int> depths = depthsInside(_labels);
+    std::vector<std::vector<QPoint>> corners(_regions.size());
+    std::vector<RowEnds> ends(_regions.size());
+    std::vector<int> met;
+    for (int y = 0; y < _labels.height(); ++y) {
+        met.clear();
+        for (int x = 0; x < _labels.width(); ++x) {
+            const int own = _labels.at(x, y);
+            if (own < 0)
+                continue;
+            const auto index = static_cast<std::size_t>(own);
+            _regions[index].deepest = std::max(_regions[index].deepest, depths.at(x, y) / double(kPixelStep));
+            if (ends[index].first < 0) {
+                ends[index].first = x;
+                met.push_back(own);
+            }
+            ends[index].last = x;
+        }
+        for (const int own : met) {
+            const auto index = static_cast<std::size_t>(own);
+            const auto [first, last] = std::exchange(ends[index], {});
+            for (const QPoint& corner :
+                 {QPoint(first, y), QPoint(first, y + 1), QPoint(last + 1, y), QPoint(last + 1, y + 1)})
+                corners[index].push_back(corner);
+        }
+    }
+    for (std::size_t i = 0; i < _regions.size(); ++i)
+        _regions[i].hull = ConvexHull(std::move(corners[i]));
+}
+
+Seam RegionGraph::seam(int a, int b) const
+{
+    const auto found = seamsOf(a).find(b);
+    return found == seamsOf(a).end() ? Seam() : found->second;
+}
+
+int RegionGraph::outline(int number) const
+{
+    int edges = region(number).clearEdges;
+    for (const auto& [other, seam] : seamsOf(number))
+        edges += seam.edges;
+    return edges;
+}
+
+int RegionGraph::mainNeighbour(int number) const
+{
+    int longest = -1;
+    for (const auto& [other, found] : seamsOf(number))
+        if (longest < 0 || found.edges > seam(number, longest).edges)
+            longest = other;
+    return longest;
+}
+
+double RegionGraph::seamShare(int number, int other) const
+{
+    const int all = outline(number);
+    return all == 0 ? 0.0 : double(seam(number, other).edges) / all;
+}
+
+int RegionGraph::filledPixels(int number) const
+{
+    int pixels = region(number).pixels;
+    for (const auto& [other, seam] : seamsOf(number))
+        if (region(other).pixels < region(number).pixels && seamShare(other, number) >= kInsideShare)
+            pixels += region(other).pixels;
+    return pixels;
+}
+
+double RegionGraph::solidity(int number) const
+{
+    const double area = region(number).hull.area();
+    return area > 0.0 ? std::min(1.0, filledPixels(number) / area) : 1.0;
+}
+
+void RegionGraph::join(int into, int part)
+{
+    Region& base = _regions[static_cast<std::size_t>(into)];
+    Region& gone = _regions[static_cast<std::size_t>(part)];
+    base.pixels += gone.pixels;
+    base.corePixels += gone.corePixels;
+    base.clearEdges += gone.clearEdges;
+    base.frameEdges += gone.frameEdges;
+    base.deepest = std::max(base.deepest, gone.deepest);
+    base.hull = ConvexHull::around(base.hull, gone.hull);
+    gone.pixels = 0;
+    auto& baseSeams = _seams[static_cast<std::size_t>(into)];
+    baseSeams.erase(part);
+    for (const auto& [other, seam] : std::exchange(_seams[static_cast<std::size_t>(part)], {})) {
+        auto& otherSeams = _seams[static_cast<std::size_t>(other)];
+        otherSeams.erase(part);
+        if (other == into)
+            continue;
+        for (Seam* sum : {&baseSeams[other], &otherSeams[into]}) {
+            sum->edges += seam.edges;
+            sum->inked += seam.inked;
+        }
+    }
+    _joinedTo[static_cast<std::size_t>(part)] = into;
+}
+
+int RegionGraph::now(int number) const
+{
+    while (_joinedTo[static_cast<std::size_t>(number)] != number)
+        number = _joinedTo[static_cast<std::size_t>(number)];
+    return number;
+}
+
+PixelPlane<int> RegionGraph::labels() const
+{
+    PixelPlane<int> labels = _labels;
+    for (int i = 0; i < labels.count(); ++i)
+        if (labels[i] >= 0)
+            labels[i] = now(labels[i]);
+    return labels;
+}

@@ -1,0 +1,83 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// RegionGraph: what is known of a bitmap's regions and of the seams at which they meet, for the rules that make objects
+// of them. Regions can be joined; their numbers stay.
+#pragma once
+
+#include "form/bitmap/BitmapRegions.h"
+#include "form/bitmap/ConvexHull.h"
+
+#include <map>
+
+/// Lengths are counted in edges of pixels.
+struct Region
+{
+    PerceivedColour colour;
+    double luma = 0.0;     ///< the colour's brightness as cheaply as seams are compared with it, 0 to 1
+    double alpha = 1.0;    ///< 0 to 1
+    int pixels = 0;        ///< 0 once it has been joined to another
+    int corePixels = 0;    ///< those that have its colour
+    int clearEdges = 0;    ///< of its outline, against what is not covered
+    int frameEdges = 0;    ///< of its outline, along the picture's border
+    double deepest = 0.0;  ///< the radius of the largest disc inside, in pixels
+    bool detailed = false; ///< a detail of another colour was joined to it, as a pupil to an eye
+    ConvexHull hull;
+};
+
+/// Where two regions meet.
+struct Seam
+{
+    int edges = 0;
+    int inked = 0; ///< those at which a line is drawn, darker than both regions
+
+    bool isInked() const { return 5 * inked > 2 * edges; }
+};
+
+/// A region lies inside another when so much of its outline is their seam.
+inline constexpr double kInsideShare = 0.85;
+
+class RegionGraph
+{
+public:
+    RegionGraph(const BitmapRegions& regions, const PixelPlane<QRgb>& colours);
+
+    /// Of every number that there ever was.
+    const std::vector<Region>& regions() const { return _regions; }
+    const Region& region(int number) const { return _regions[static_cast<std::size_t>(number)]; }
+    bool isLeft(int number) const { return region(number).pixels > 0; }
+    /// All neighbours of a region, with their seams, by number.
+    const std::map<int, Seam>& seamsOf(int number) const { return _seams[static_cast<std::size_t>(number)]; }
+    Seam seam(int a, int b) const;
+    /// The whole outline: seams and what is not covered, without the picture's border.
+    int outline(int number) const;
+    /// The neighbour with the longest seam; -1 where there is none.
+    int mainNeighbour(int number) const;
+    /// How much of a region's outline is its seam with another, 0 to 1.
+    double seamShare(int number, int other) const;
+    /// Its pixels, and those of the regions that lie inside it.
+    int filledPixels(int number) const;
+    /// The share of its convex hull that it fills, holes that others fill included; 0 to 1.
+    double solidity(int number) const;
+    int coveredPixels() const { return _covered; }
+    /// The length of the picture's border.
+    int frameEdges() const { return 2 * (_labels.width() + _labels.height()); }
+
+    /// Makes one region a part of another, of which it takes the colour.
+    void join(int into, int part);
+    void setDetailed(int number) { _regions[static_cast<std::size_t>(number)].detailed = true; }
+    /// The region that a region of the beginning is a part of now.
+    int now(int number) const;
+    /// Labels of the regions that are left.
+    PixelPlane<int> labels() const;
+
+private:
+    void countEdges(const PixelPlane<QRgb>& colours);
+    void measure();
+    void meet(int a, int b, bool inked);
+
+    PixelPlane<int> _labels; // of the beginning
+    std::vector<Region> _regions;
+    std::vector<std::map<int, Seam>> _seams;
+    std::vector<int> _joinedTo;
+    int _covered = 0;
+};

@@ -1,0 +1,226 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Rules for pairs: first for what lies inside another region, the smallest first, then for what lies beside one, the
+// most alike first.
+#include "form/bitmap/RegionMerging.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <numeric>
+
+namespace {
+
+// It has to do with another when so much is.
+constexpr double kBeside = 0.2;
+// Brighter than its base by this much: a highlight, when it is smaller than this part of its base.
+constexpr double kHighlight = 0.12;
+constexpr double kLargestHighlight = 0.12;
+// A pupil is at least this part of the white around it, which is so much of its outline.
+constexpr double kLeastPupil = 0.06;
+constexpr double kPupilInEye = 0.6;
+// A stripe is so many times as long as it is wide.
+constexpr double kStripe = 5.0;
+// So much of a stripe's outline lies along the body on either side of it.
+constexpr double kStripeSide = 0.28;
+// Outlines of pixels are not quite complete.
+constexpr double kSlack = 0.03;
+// Colours that nobody tells apart.
+constexpr double kSameColour = 0.02;
+
+bool isRound(const RegionGraph& graph, int number)
+{
+    const Region& region = graph.region(number);
+    const double disc = std::numbers::pi / 4.0 * region.hull.span() * region.hull.span();
+    return graph.solidity(number) > 0.92 && graph.filledPixels(number) > 0.55 * disc;
+}
+
+// Length over width of a ribbon of this area and depth.
+bool isStripe(const Region& region)
+{
+    return region.pixels > kStripe * 4.0 * region.deepest * region.deepest;
+}
+
+class Rules
+{
+public:
+    Rules(RegionGraph& graph, bool hard) : _graph(graph), _hard(hard) {}
+
+    bool joinInside();
+    bool joinBeside();
+    bool joinStripes();
+
+private:
+    const Region& region(int number) const { return _graph.region(number); }
+    std::vector<int> smallestFirst() const;
+    bool holdsOthers(int number) const;
+    bool isPaint(int number, int base) const;
+    bool isPupil(int number, int base) const;
+    bool isShadeOfOneBody(int a, int b) const;
+    bool isStripeAcross(int stripe, int a, int b) const;
+
+    RegionGraph& _graph;
+    bool _hard;
+};
+
+std::vector<int> Rules::smallestFirst() const
+{
+    std::vector<int> order;
+    for (int i = 0; i < static_cast<int>(_graph.regions().size()); ++i)
+        if (_graph.isLeft(i))
+            order.push_back(i);
+    std::ranges::stable_sort(order, {}, [this](int i) { return region(i).pixels; });
+    return order;
+}
+
+bool Rules::holdsOthers(int number) const
+{
+    return std::ranges::any_of(_graph.seamsOf(number), [&](const auto& neighbour) {
+        const int other = neighbour.first;
+        return region(other).pixels < region(number).pixels && _graph.seamShare(other, number) > 0.6;
+    });
+}
+
+// Whether a region inside another is paint on it.
+bool Rules::isPaint(int number, int base) const
+{
+    const Region& own = region(number);
+    const Region& below = region(base);
+    if (_graph.seam(number, base).isInked())
+        return false;
+    if (difference(own.colour, below.colour) < kSameColour)
+        return true;
+    if (areShadesOfOneColour(own.colour, below.colour))
+        return !isRound(_graph, number) || own.pixels > 0.5 * below.pixels || own.pixels < 0.01 * below.pixels;
+    if (holdsOthers(number))
+        return false;
+    const double lighter = own.colour.lightness - below.colour.lightness;
+    const bool highlight = !own.detailed && lighter > kHighlight && own.pixels < kLargestHighlight * below.pixels &&
+                           below.colour.lightness > 0.35 && own.colour.chroma() < below.colour.chroma() + 0.03;
+    const bool glint = below.colour.lightness < 0.4 && lighter > 0.3 && own.pixels < 0.25 * below.pixels;
+    return isStripe(own) || highlight || isPupil(number, base) || glint;
+}
+
+// Something dark in something white. It may come near to the eye's outline, where the white is too thin to be seen.
+bool Rules::isPupil(int number, int base) const
+{
+    const Region& own = region(number);
+    const Region& below = region(base);
+    return below.colour.lightness > 0.8 && below.colour.isGrey() && own.clearEdges == 0 &&
+           own.colour.lightness < below.colour.lightness - 0.2 && own.pixels > kLeastPupil * below.pixels &&
+           own.pixels < below.pixels && _graph.seamShare(number, base) > kPupilInEye &&
+           !_graph.seam(number, base).isInked();
+}
+
+bool Rules::joinInside()
+{
+    bool joined = false;
+    for (const int number : smallestFirst()) {
+        const int base = _graph.mainNeighbour(number);
+        if (base < 0 || region(base).pixels < region(number).pixels)
+            continue;
+        const bool inside = _graph.seamShare(number, base) >= kInsideShare;
+        if (inside ? isPaint(number, base) : isPupil(number, base)) {
+            if (!areShadesOfOneColour(region(number).colour, region(base).colour))
+                _graph.setDetailed(base);
+            _graph.join(base, number);
+            joined = true;
+        }
+    }
+    return joined;
+}
+
+// How much of the hulls that regions fill: each of its own, and together of the hull around both.
+struct Completeness
+{
+    double apart;
+    double together;
+};
+
+Completeness completenessOf(const RegionGraph& graph, int a, int b)
+{
+    const int first = graph.filledPixels(a);
+    const int second = graph.filledPixels(b);
+    const ConvexHull both = ConvexHull::around(graph.region(a).hull, graph.region(b).hull);
+    return {(first * graph.solidity(a) + second * graph.solidity(b)) / (first + second),
+            (first + second) / std::max(1.0, both.area())};
+}
+
+// A body that is cut into light and shade is more complete than its pieces; two bodies of one colour make notches where
+// they meet.
+bool Rules::isShadeOfOneBody(int a, int b) const
+{
+    const auto [apart, together] = completenessOf(_graph, a, b);
+    const int pixels = region(a).pixels + region(b).pixels;
+    const int smaller = std::min(region(a).pixels, region(b).pixels);
+    const double slack = _hard && smaller < 0.3 * pixels ? 0.15 : (smaller < 0.05 * pixels ? 0.08 : kSlack);
+    return together > apart - slack;
+}
+
+// A stripe across a body cuts it in two of one colour, between which nothing is missing.
+bool Rules::joinStripes()
+{
+    for (const int stripe : smallestFirst())
+        for (const auto& [a, seamA] : _graph.seamsOf(stripe))
+            for (const auto& [b, seamB] : _graph.seamsOf(stripe))
+                if (a < b && isStripeAcross(stripe, a, b)) {
+                    const int base = region(a).pixels >= region(b).pixels ? a : b;
+                    _graph.setDetailed(base);
+                    _graph.join(base, a == base ? b : a);
+                    _graph.join(base, stripe);
+                    return true;
+                }
+    return false;
+}
+
+bool Rules::isStripeAcross(int stripe, int a, int b) const
+{
+    const double shareA = _graph.seamShare(stripe, a);
+    const double shareB = _graph.seamShare(stripe, b);
+    if (shareA < kStripeSide || shareB < kStripeSide || shareA + shareB < 2.5 * kStripeSide ||
+        _graph.seam(stripe, a).isInked() || _graph.seam(stripe, b).isInked() ||
+        !areShadesOfOneColour(region(a).colour, region(b).colour))
+        return false;
+    const int largest = std::max(region(a).pixels, region(b).pixels);
+    const ConvexHull body = ConvexHull::around(region(a).hull, region(b).hull);
+    const ConvexHull all = ConvexHull::around(body, region(stripe).hull);
+    const double filled = _graph.filledPixels(a) + _graph.filledPixels(b) + _graph.filledPixels(stripe);
+    return region(stripe).pixels < largest && all.area() < 1.03 * body.area() &&
+           filled / all.area() > std::min(_graph.solidity(a), _graph.solidity(b)) - kSlack;
+}
+
+bool Rules::joinBeside()
+{
+    struct Pair
+    {
+        double difference;
+        int a;
+        int b;
+    };
+    std::vector<Pair> pairs;
+    for (const int a : smallestFirst())
+        for (const auto& [b, seam] : _graph.seamsOf(a)) {
+            const double share = std::max(_graph.seamShare(a, b), _graph.seamShare(b, a));
+            if (a < b && share > kBeside && !seam.isInked() && areShadesOfOneColour(region(a).colour, region(b).colour))
+                pairs.push_back({difference(region(a).colour, region(b).colour), a, b});
+        }
+    std::ranges::stable_sort(pairs, {}, &Pair::difference);
+    for (const Pair& pair : pairs)
+        if (isShadeOfOneBody(pair.a, pair.b)) {
+            const bool firstIsLarger = region(pair.a).pixels >= region(pair.b).pixels;
+            _graph.join(firstIsLarger ? pair.a : pair.b, firstIsLarger ? pair.b : pair.a);
+            return true;
+        }
+    return false;
+}
+
+} // namespace
+
+void joinShadesAndMarks(RegionGraph& graph, bool hard)
+{
+    Rules rules(graph, hard);
+    do
+        while (rules.joinInside()) {
+        }
+    while (rules.joinBeside() || rules.joinStripes());
+}
