@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 #include "form/ChooseObjects.h"
 
+#include "form/bitmap/BitmapObjects.h"
 #include "form/choice/LayerAssembly.h"
 
 #include <algorithm>
@@ -66,6 +67,8 @@ ChosenObjects chooseObjects(const DIO_Drawing& drawing, ObjectChoice choice)
     const bool found = choice == ObjectChoice::SHAPES || (choice == ObjectChoice::AUTO && !hasLayers(drawing));
     if (!found || drawing.viewBox.isEmpty())
         return believed(drawing);
+    if (choice == ObjectChoice::AUTO && isBitmap(drawing))
+        return chooseBitmapObjects(drawing);
     const Grid grid = gridFor(drawing);
     const std::vector<ShapeFacts> facts = collectFacts(drawing, grid);
     const FoundParts parts = choice == ObjectChoice::SHAPES ? everyShape(facts, grid) : findParts(facts, grid);

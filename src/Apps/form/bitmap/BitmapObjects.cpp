@@ -15,7 +15,7 @@ namespace {
 class Names
 {
 public:
-    QString next(const PerceivedColour& colour)
+    QString next(const SeenColour& colour)
     {
         const QString word = colourWord(colour);
         const int count = ++_counts[word];
@@ -61,8 +61,8 @@ int paintOf(DIO_Drawing& drawing, QRgb colour)
     return static_cast<int>(drawing.palette.size()) - 1;
 }
 
-std::vector<ObjectLabels> objectLabels(const BitmapRegions& regions, const StackingOrder& stacking,
-                                       const std::vector<BitmapRole>& roles)
+std::vector<ObjectLabels> objectLabels(const BitmapRegions& regions, const RegionGraph& graph,
+                                       const StackingOrder& stacking, const std::vector<BitmapRole>& roles)
 {
     std::vector<ObjectLabels> objects;
     for (std::size_t i = 0; i < stacking.bottomUp.size(); ++i) {
@@ -70,7 +70,7 @@ std::vector<ObjectLabels> objectLabels(const BitmapRegions& regions, const Stack
         // What has no volume has none to go on beneath others.
         const bool goesOn = roles[i].role != ObjectRole::FLAT;
         objects.push_back({number, goesOn ? stacking.beneath[i] : std::vector<int>(), stacking.inside[i],
-                           regions.colours[static_cast<std::size_t>(number)].average()});
+                           regions.colours[static_cast<std::size_t>(number)].average(), graph.region(number).hull});
     }
     return objects;
 }
@@ -96,7 +96,7 @@ ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing)
     const PixelPlane<int> labels = graph.labels();
     const StackingOrder stacking = stackingOrderOf(graph, labels);
     const std::vector<BitmapRole> roles = bitmapRolesOf(graph, stacking, regions.painted);
-    const std::vector<ObjectLabels> parts = objectLabels(regions, stacking, roles);
+    const std::vector<ObjectLabels> parts = objectLabels(regions, graph, stacking, roles);
     const std::vector<ObjectPicture> pictures = objectPictures(bitmap, own, labels, parts);
 
     ChosenObjects chosen{drawing, {}};

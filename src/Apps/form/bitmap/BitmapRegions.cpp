@@ -1,37 +1,47 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What every region grows from is called its core. Cores are chosen among the areas; everything else that is covered
-// goes to the nearest one.
+// What every region grows from is called its core. Cores are chosen among the
+// areas; everything else that is covered goes to the nearest one.
 #include "form/bitmap/BitmapRegions.h"
 
 #include "form/bitmap/ConnectedPixels.h"
 #include "form/bitmap/PixelDistances.h"
+#include "form/choice/Colour.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
 
-// Half of the width up to which a dark area is a line, as a part of the drawing's extent, and at least so many pixels.
-constexpr double kHalfLine = 0.02;
+// Half of the width up to which a dark area is a line, as a part of the
+// drawing's extent, and at least so many pixels.
+constexpr double kHalfLine = 0.022;
 constexpr double kLeastHalfLine = 1.5;
 constexpr double kLeastHalfLineOfPixelArt = 1.0;
 // The same for all other areas: below it they are highlights or seams.
 constexpr double kHalfSliver = 0.007;
-// An area of fewer pixels is a speck; as a part of what is covered, and at least so many.
+// An area of fewer pixels is a speck; as a part of what is covered, and at
+// least so many.
 constexpr double kSpeck = 0.0012;
 constexpr double kSpeckOfPixelArt = 0.006;
 constexpr int kLeastPixels = 8;
 constexpr int kLeastPixelsOfPixelArt = 4;
-// A dark area is a body, not lines, when so much of it is thicker than lines; of other dark areas the parts count that
-// are so many times as thick.
+// A dark area that is longer than wide so many times is a net of lines even where it is up to this half width.
+constexpr double kNet = 14.0;
+constexpr double kHalfNet = 0.045;
+// A dark area is a body, not lines, when so much of it is thicker than lines;
+// of other dark areas the parts count that are so many times as thick.
 constexpr double kMostlyThick = 0.6;
 constexpr double kClearlyThick = 1.6;
 // Ink is at most so light.
-constexpr double kDarkest = 0.42;
-// How many half lines a pixel may be away from the areas and still be their edge or outline.
+constexpr double kDarkest = 33.0;
+// How many half lines a pixel may be away from the areas and still be their
+// edge or outline.
 constexpr double kReach = 4.0;
-// A drawing with more than this share of pixels out of reach of its areas, or with more areas, is painted.
+// Of a picture that is drawn in areas, and not painted, these make at least so much, dark lines aside.
+constexpr double kLeastCores = 0.6;
+// A drawing with more than this share of pixels out of reach of its areas, or
+// with more areas, is painted.
 constexpr double kPaintedShare = 0.3;
 constexpr std::size_t kMostCores = 400;
 // Parts of painted pictures that are smaller belong to the next one.
@@ -40,6 +50,7 @@ constexpr double kPaintedSpeck = 0.004;
 struct Thresholds
 {
     double halfLine;
+    double halfNet;
     double halfSliver;
     int leastPixels;
 };
@@ -67,15 +78,15 @@ Thresholds thresholdsFor(const ColourAreas& areas, int extent)
         return std::max(pixels, static_cast<int>(std::lround(share * areas.covered)));
     };
     if (areas.hard)
-        return {std::max(kLeastHalfLineOfPixelArt, 0.6 * kHalfLine * extent), 0.0,
+        return {std::max(kLeastHalfLineOfPixelArt, 0.6 * kHalfLine * extent), kHalfNet * extent, 0.0,
                 least(kSpeckOfPixelArt, kLeastPixelsOfPixelArt)};
-    return {std::max(kLeastHalfLine, kHalfLine * extent), std::max(1.0, kHalfSliver * extent),
+    return {std::max(kLeastHalfLine, kHalfLine * extent), kHalfNet * extent, std::max(1.0, kHalfSliver * extent),
             least(kSpeck, kLeastPixels)};
 }
 
 bool isDark(const AreaSum& sum)
 {
-    return perceived(sum.average()).lightness < kDarkest;
+    return SeenColour::of(QColor::fromRgb(sum.average())).lightness < kDarkest;
 }
 
 // Chooses the cores of the regions.
@@ -86,7 +97,8 @@ public:
         : _areas(areas), _thresholds(thresholds), _depths(depthsInside(areas.labels))
     {}
 
-    // The pixels that belong to cores. A dark area may be a net of lines with thick parts in it: those count alone.
+    // The pixels that belong to cores. A dark area may be a net of lines with
+    // thick parts in it: those count alone.
     PixelPlane<char> find() const
     {
         const std::vector<char> thick = thickAreas();
@@ -132,7 +144,8 @@ private:
         return deep;
     }
 
-    // Pixel art draws lines one pixel wide: what has two by two pixels anywhere is no line.
+    // Pixel art draws lines one pixel wide: what has two by two pixels anywhere
+    // is no line.
     std::vector<char> areasWithSquares() const
     {
         const PixelPlane<int>& labels = _areas.labels;
@@ -147,7 +160,8 @@ private:
         return found;
     }
 
-    // The thick parts of the chosen areas, as thick as they were; all of those areas that are mostly thick.
+    // The thick parts of the chosen areas, as thick as they were; all of those
+    // areas that are mostly thick.
     PixelPlane<char> opened(const std::vector<char>& chosen) const
     {
         const PixelPlane<int>& labels = _areas.labels;
@@ -167,6 +181,7 @@ private:
                 thick[i] = 1;
                 ++thickPixels[static_cast<std::size_t>(labels[i])];
             }
+        const std::vector<char> nets = areasThatAreNets();
         const std::vector<char> clearly = partsDeeperThan(thick, kClearlyThick * _thresholds.halfLine);
         PixelPlane<char> result(labels.width(), labels.height(), 0);
         for (int i = 0; i < labels.count(); ++i) {
@@ -174,12 +189,30 @@ private:
                 continue;
             const auto area = static_cast<std::size_t>(labels[i]);
             const bool body = thickPixels[area] > kMostlyThick * _areas.areas[area].pixels;
-            result[i] = body || (thick[i] && clearly[static_cast<std::size_t>(i)]) ? 1 : 0;
+            const bool net = is(nets, labels[i]);
+            result[i] = !net && (body || (thick[i] && clearly[static_cast<std::size_t>(i)])) ? 1 : 0;
         }
         return result;
     }
 
-    // For every pixel whether its connected part of the marked ones is so deep somewhere.
+    std::vector<char> areasThatAreNets() const
+    {
+        std::vector<double> deepest(_areas.areas.size(), 0.0);
+        for (int i = 0; i < _areas.labels.count(); ++i)
+            if (_areas.labels[i] >= 0) {
+                double& own = deepest[static_cast<std::size_t>(_areas.labels[i])];
+                own = std::max(own, depth(i));
+            }
+        std::vector<char> nets;
+        for (std::size_t i = 0; i < deepest.size(); ++i) {
+            const double width = 2.0 * deepest[i];
+            nets.push_back(deepest[i] <= _thresholds.halfNet && _areas.areas[i].pixels > kNet * width * width ? 1 : 0);
+        }
+        return nets;
+    }
+
+    // For every pixel whether its connected part of the marked ones is so deep
+    // somewhere.
     std::vector<char> partsDeeperThan(const PixelPlane<char>& marked, double limit) const
     {
         const ConnectedParts parts = connectedPartsOf(marked);
@@ -198,7 +231,8 @@ private:
     PixelPlane<int> _depths;
 };
 
-// The connected parts of the chosen pixels, split where areas meet, without the small ones.
+// The connected parts of the chosen pixels, split where areas meet, without the
+// small ones.
 PixelPlane<int> largeParts(const PixelPlane<char>& chosen, const PixelPlane<int>& areas, int leastPixels)
 {
     const int width = chosen.width();
@@ -257,7 +291,8 @@ void sortBySize(PixelPlane<int>& labels, const PixelPlane<QRgb>& colours)
             labels[i] = places[static_cast<std::size_t>(labels[i])];
 }
 
-// The connected parts of what is covered, without the small ones; all of them where there are only small ones.
+// The connected parts of what is covered, without the small ones; all of them
+// where there are only small ones.
 PixelPlane<int> islands(const PixelPlane<char>& covered, int coveredCount)
 {
     ConnectedParts parts = connectedPartsOf(covered);
@@ -277,7 +312,8 @@ PixelPlane<int> islands(const PixelPlane<char>& covered, int coveredCount)
     return parts.labels;
 }
 
-// What lies out of reach of all cores, in connected pieces of some size, becomes cores as well.
+// What lies out of reach of all cores, in connected pieces of some size,
+// becomes cores as well.
 void addFarPieces(PixelPlane<int>& cores, const NearestAreas& nearest, const PixelPlane<char>& covered, int reach,
                   int leastPixels)
 {
@@ -287,8 +323,14 @@ void addFarPieces(PixelPlane<int>& cores, const NearestAreas& nearest, const Pix
     const ConnectedParts parts = connectedPartsOf(far);
     std::vector<int> numbers;
     int next = countOf(cores);
-    for (const int pixels : parts.pixels)
-        numbers.push_back(pixels >= leastPixels ? next++ : kNoLabel);
+    std::vector<int> farthest(parts.pixels.size(), 0);
+    for (int i = 0; i < cores.count(); ++i)
+        if (parts.labels[i] >= 0) {
+            int& own = farthest[static_cast<std::size_t>(parts.labels[i])];
+            own = std::max(own, nearest.distances[i]);
+        }
+    for (std::size_t i = 0; i < farthest.size(); ++i)
+        numbers.push_back(parts.pixels[i] >= leastPixels && farthest[i] > 2 * reach ? next++ : kNoLabel);
     for (int i = 0; i < cores.count(); ++i)
         if (parts.labels[i] >= 0)
             cores[i] = numbers[static_cast<std::size_t>(parts.labels[i])];
@@ -305,7 +347,21 @@ double shareBeyond(const NearestAreas& nearest, const PixelPlane<char>& covered,
     return all == 0 ? 0.0 : double(beyond) / all;
 }
 
-// Gives every covered pixel to the nearest core; small islands without one to what is nearest across the gap.
+// The share of cores among what is covered and is no dark line.
+double shareOfCores(const PixelPlane<int>& cores, const PixelPlane<QRgb>& colours)
+{
+    constexpr int kDark = 100;
+    int inCores = 0;
+    int others = 0;
+    for (int i = 0; i < cores.count(); ++i) {
+        inCores += cores[i] >= 0 ? 1 : 0;
+        others += cores[i] < 0 && qAlpha(colours[i]) > 0 && qGray(colours[i]) > kDark ? 1 : 0;
+    }
+    return inCores == 0 ? 0.0 : double(inCores) / (inCores + others);
+}
+
+// Gives every covered pixel to the nearest core; small islands without one to
+// what is nearest across the gap.
 PixelPlane<int> cutByCores(const PixelPlane<int>& cores, const PixelPlane<char>& covered)
 {
     PixelPlane<int> labels = grown(cores, covered).labels;
@@ -335,8 +391,9 @@ BitmapRegions bitmapRegionsOf(const PixelPlane<QRgb>& colours)
 
     BitmapRegions regions;
     regions.hard = areas.hard;
-    regions.painted =
-        shareBeyond(nearest, covered, reach) > kPaintedShare || static_cast<std::size_t>(countOf(cores)) > kMostCores;
+    regions.painted = shareOfCores(cores, colours) < kLeastCores ||
+                      shareBeyond(nearest, covered, reach) > kPaintedShare ||
+                      static_cast<std::size_t>(countOf(cores)) > kMostCores;
     if (regions.painted)
         cores = islands(covered, areas.covered);
     else

@@ -1,18 +1,22 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A backdrop lies along the picture's border, an opening is dark and holds something, a shadow lets shine through.
+// A backdrop lies along the picture's border, an opening is dark and holds
+// something, a shadow lets shine through.
 #include "form/bitmap/BitmapRoles.h"
 
 #include <algorithm>
 
 namespace {
 
-// A picture is opaque to its borders when so much of them is covered, and its backdrop takes so much.
+// A picture is opaque to its borders when so much of them is covered, and its
+// backdrop takes so much.
 constexpr double kOpaqueBorder = 0.97;
 constexpr double kBackdrop = 0.5;
-// A shadow covers at most so much; when it is most of the drawing, it is no shadow.
+// A shadow covers at most so much; when it is most of the drawing, it is no
+// shadow.
 constexpr double kShadow = 0.8;
-constexpr double kDarkOpening = 0.45;
+constexpr double kDarkOpening = 37.0;
+constexpr double kDarkerThanAround = 16.0;
 // What an opening holds, as a part of the opening.
 constexpr double kHeld = 0.1;
 
@@ -54,7 +58,7 @@ private:
         const Region& own = _graph.region(number);
         const int around = _graph.mainNeighbour(number);
         if (own.colour.lightness > kDarkOpening || own.clearEdges + own.frameEdges > 0 || around < 0 ||
-            _graph.region(around).colour.lightness < own.colour.lightness + 0.15 ||
+            _graph.region(around).colour.lightness < own.colour.lightness + kDarkerThanAround ||
             _graph.region(around).pixels < own.pixels)
             return false;
         int held = 0;

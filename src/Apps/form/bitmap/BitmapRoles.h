@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// BitmapRoles: which of a bitmap's regions rise, which sink and which stay flat, with the reason in words.
+// BitmapRoles: which of a bitmap's regions rise, which sink and which stay
+// flat, with the reason in words.
 #pragma once
 
 #include "form/ChosenObjects.h"

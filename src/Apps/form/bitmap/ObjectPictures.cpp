@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// In a reduced picture a cell may hold pixels of two regions; each goes to the region whose cell around it is most like
-// it.
+// In a reduced picture a cell may hold pixels of two regions; each goes to the
+// region whose cell around it is most like it.
 #include "form/bitmap/ObjectPictures.h"
 
 #include <QRgba64>
@@ -146,6 +146,7 @@ public:
     Painter(const QImage& bitmap, const OwnPicture& own, const PixelPlane<int>& labels,
             const std::vector<ObjectLabels>& objects)
         : _bitmap(bitmap)
+        , _cells(own.cells)
         , _labels(own, labels)
         , _objects(objects)
         , _targets(targetsOf(objects))
@@ -232,10 +233,19 @@ private:
             markShown(canvas(targets.own), pixels, from, to, y);
             for (const Targets::Lower& lower : targets.beneath) {
                 fillBeneath(lower.object, pixels, from, to, y);
-                if (lower.inside)
-                    markShown(canvas(lower.object), pixels, from, to, y);
+                const auto [first, last] = lower.inside ? std::pair(from, to) : hulled(lower.object, from, to, y);
+                markShown(canvas(lower.object), pixels, first, last, y);
             }
         });
+    }
+
+    // The part of a run inside of an object's hull.
+    std::pair<int, int> hulled(int object, int from, int to, int y) const
+    {
+        const ConvexHull& hull = _objects[static_cast<std::size_t>(object)].hull;
+        const auto [first, last] = hull.pixelsIn(_cells.cellY(y));
+        return {std::max(from, first * _cells.size - _cells.offsetX),
+                std::min(to, last * _cells.size - _cells.offsetX)};
     }
 
     static void markShown(Canvas& canvas, const Pixel* pixels, int from, int to, int y)
@@ -257,6 +267,7 @@ private:
     }
 
     const QImage& _bitmap;
+    PixelCells _cells;
     PixelLabels _labels;
     const std::vector<ObjectLabels>& _objects;
     std::vector<Targets> _targets;

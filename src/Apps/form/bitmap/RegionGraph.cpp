@@ -1,17 +1,25 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Everything is counted in two passes over the pixels; joining adds the counts up.
+// Everything is counted in two passes over the pixels; joining adds the counts
+// up.
 #include "form/bitmap/RegionGraph.h"
 
 #include "form/bitmap/PixelDistances.h"
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace {
 
-// A line on a seam is darker than what lies on both sides by at least this much.
+// A line on a seam is darker than what lies on both sides by at least this
+// much.
 constexpr double kInkContrast = 0.12;
+
+// Angles are measured in a disc of this radius, as a part of the largest
+// region, and at least so many pixels.
+constexpr double kAngleRadius = 0.05;
+constexpr double kLeastAngleRadius = 3.0;
 
 double lumaOf(QRgb colour)
 {
@@ -31,7 +39,7 @@ RegionGraph::RegionGraph(const BitmapRegions& regions, const PixelPlane<QRgb>& c
 {
     for (std::size_t i = 0; i < _regions.size(); ++i) {
         const QRgb colour = regions.colours[i].average();
-        _regions[i].colour = perceived(colour);
+        _regions[i].colour = SeenColour::of(QColor::fromRgb(colour));
         _regions[i].luma = lumaOf(colour);
         _regions[i].alpha = qAlpha(colour) / 255.0;
         _regions[i].corePixels = regions.colours[i].pixels;
@@ -39,6 +47,7 @@ RegionGraph::RegionGraph(const BitmapRegions& regions, const PixelPlane<QRgb>& c
     }
     countEdges(colours);
     measure();
+    findPoints();
 }
 
 void RegionGraph::meet(int a, int b, bool inked)
@@ -122,6 +131,69 @@ void RegionGraph::measure()
         _regions[i].hull = ConvexHull(std::move(corners[i]));
 }
 
+void RegionGraph::findPoints()
+{
+    double extent = 0.0;
+    for (const Region& one : _regions)
+        extent = std::max(extent, one.hull.span());
+    _points = seamPointsOf(_labels, std::max(kLeastAngleRadius, kAngleRadius * extent));
+    _pointsOf.resize(_regions.size());
+    for (std::size_t i = 0; i < _points.size(); ++i)
+        for (const int label : _points[i].meeting)
+            if (label >= 0)
+                _pointsOf[static_cast<std::size_t>(label)].push_back(static_cast<int>(i));
+}
+
+std::vector<SeamEnd> RegionGraph::seamEnds(int first, int second) const
+{
+    std::vector<SeamEnd> ends;
+    for (const int index : _pointsOf[static_cast<std::size_t>(first)]) {
+        const SeamPoint& point = _points[static_cast<std::size_t>(index)];
+        bool meetsSecond = false;
+        bool meetsThird = false;
+        bool open = false;
+        for (const int label : point.meeting) {
+            const int whose = label < 0 ? label : now(label);
+            meetsSecond = meetsSecond || whose == second;
+            meetsThird = meetsThird || (whose != first && whose != second);
+            open = open || label < 0;
+        }
+        if (!meetsSecond || !meetsThird)
+            continue;
+        SeamEnd end{0.0, 0.0, open};
+        for (const auto& [label, angle] : point.angles) {
+            const int whose = label < 0 ? label : now(label);
+            end.first += whose == first ? angle : 0.0;
+            end.second += whose == second ? angle : 0.0;
+        }
+        ends.push_back(end);
+    }
+    return ends;
+}
+
+double RegionGraph::straightness(int a, int b) const
+{
+    const std::vector<SeamEnd> ends = seamEnds(a, b);
+    double sum = 0.0;
+    for (const SeamEnd& end : ends)
+        sum += (std::abs(end.first - 180.0) - std::abs(end.second - 180.0)) / 180.0;
+    return ends.empty() ? 0.0 : sum / static_cast<double>(ends.size());
+}
+
+double RegionGraph::clearShare(const ConvexHull& hull) const
+{
+    int clear = 0;
+    int all = 0;
+    for (int y = hull.top(); y < hull.bottom(); ++y) {
+        const auto [first, last] = hull.pixelsIn(y);
+        for (int x = first; x < last; ++x) {
+            clear += _labels.at(x, y) < 0 ? 1 : 0;
+            ++all;
+        }
+    }
+    return all == 0 ? 0.0 : double(clear) / all;
+}
+
 Seam RegionGraph::seam(int a, int b) const
 {
     const auto found = seamsOf(a).find(b);
@@ -190,6 +262,12 @@ void RegionGraph::join(int into, int part)
         }
     }
     _joinedTo[static_cast<std::size_t>(part)] = into;
+    auto& points = _pointsOf[static_cast<std::size_t>(into)];
+    for (const int point : std::exchange(_pointsOf[static_cast<std::size_t>(part)], {}))
+        points.push_back(point);
+    std::ranges::sort(points);
+    const auto repeated = std::ranges::unique(points);
+    points.erase(repeated.begin(), repeated.end());
 }
 
 int RegionGraph::now(int number) const

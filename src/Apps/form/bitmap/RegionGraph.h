@@ -1,26 +1,31 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// RegionGraph: what is known of a bitmap's regions and of the seams at which they meet, for the rules that make objects
-// of them. Regions can be joined; their numbers stay.
+// RegionGraph: what is known of a bitmap's regions and of the seams at which
+// they meet, for the rules that make objects of them. Regions can be joined;
+// their numbers stay.
 #pragma once
 
 #include "form/bitmap/BitmapRegions.h"
 #include "form/bitmap/ConvexHull.h"
+#include "form/bitmap/SeamEnds.h"
+#include "form/choice/Colour.h"
 
 #include <map>
 
 /// Lengths are counted in edges of pixels.
 struct Region
 {
-    PerceivedColour colour;
-    double luma = 0.0;     ///< the colour's brightness as cheaply as seams are compared with it, 0 to 1
+    SeenColour colour;
+    double luma = 0.0;     ///< the colour's brightness as cheaply as seams are
+                           ///< compared with it, 0 to 1
     double alpha = 1.0;    ///< 0 to 1
     int pixels = 0;        ///< 0 once it has been joined to another
     int corePixels = 0;    ///< those that have its colour
     int clearEdges = 0;    ///< of its outline, against what is not covered
     int frameEdges = 0;    ///< of its outline, along the picture's border
     double deepest = 0.0;  ///< the radius of the largest disc inside, in pixels
-    bool detailed = false; ///< a detail of another colour was joined to it, as a pupil to an eye
+    bool detailed = false; ///< a detail of another colour was joined to it, as a
+                           ///< pupil to an eye
     ConvexHull hull;
 };
 
@@ -31,6 +36,14 @@ struct Seam
     int inked = 0; ///< those at which a line is drawn, darker than both regions
 
     bool isInked() const { return 5 * inked > 2 * edges; }
+};
+
+/// A point where the seam of two regions ends.
+struct SeamEnd
+{
+    double first = 0.0;  ///< the angle that the first region takes there, in degrees
+    double second = 0.0; ///< the second one's
+    bool open = false;   ///< it ends at what is not covered, not at a third region
 };
 
 /// A region lies inside another when so much of its outline is their seam.
@@ -48,7 +61,15 @@ public:
     /// All neighbours of a region, with their seams, by number.
     const std::map<int, Seam>& seamsOf(int number) const { return _seams[static_cast<std::size_t>(number)]; }
     Seam seam(int a, int b) const;
-    /// The whole outline: seams and what is not covered, without the picture's border.
+    /// The ends of the seam of two regions; none of a closed one.
+    std::vector<SeamEnd> seamEnds(int first, int second) const;
+    /// From -1 to 1; above 0 where at the ends of their seam the outline of b goes straight on and that of a does not,
+    /// as if b lay on top. 0 of a seam without ends.
+    double straightness(int a, int b) const;
+    /// How much of a hull is not covered by anything, 0 to 1.
+    double clearShare(const ConvexHull& hull) const;
+    /// The whole outline: seams and what is not covered, without the picture's
+    /// border.
     int outline(int number) const;
     /// The neighbour with the longest seam; -1 where there is none.
     int mainNeighbour(int number) const;
@@ -56,7 +77,8 @@ public:
     double seamShare(int number, int other) const;
     /// Its pixels, and those of the regions that lie inside it.
     int filledPixels(int number) const;
-    /// The share of its convex hull that it fills, holes that others fill included; 0 to 1.
+    /// The share of its convex hull that it fills, holes that others fill
+    /// included; 0 to 1.
     double solidity(int number) const;
     int coveredPixels() const { return _covered; }
     /// The length of the picture's border.
@@ -73,11 +95,14 @@ public:
 private:
     void countEdges(const PixelPlane<QRgb>& colours);
     void measure();
+    void findPoints();
     void meet(int a, int b, bool inked);
 
     PixelPlane<int> _labels; // of the beginning
     std::vector<Region> _regions;
     std::vector<std::map<int, Seam>> _seams;
     std::vector<int> _joinedTo;
+    std::vector<SeamPoint> _points;
+    std::vector<std::vector<int>> _pointsOf; // for each region
     int _covered = 0;
 };

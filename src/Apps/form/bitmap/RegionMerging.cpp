@@ -1,32 +1,55 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Rules for pairs: first for what lies inside another region, the smallest first, then for what lies beside one, the
-// most alike first.
+// Rules for pairs: first for what lies inside another region, the smallest
+// first, then for what lies beside one, the most alike first.
 #include "form/bitmap/RegionMerging.h"
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <numeric>
+#include <optional>
 
 namespace {
 
 // It has to do with another when so much is.
 constexpr double kBeside = 0.2;
-// Brighter than its base by this much: a highlight, when it is smaller than this part of its base.
-constexpr double kHighlight = 0.12;
+// Brighter than its base by this much: a highlight, when it is smaller than
+// this part of its base.
+constexpr double kHighlight = 14.0;
 constexpr double kLargestHighlight = 0.12;
-// A pupil is at least this part of the white around it, which is so much of its outline.
+// A pupil is at least this part of the white around it, which is so much of its
+// outline.
 constexpr double kLeastPupil = 0.06;
 constexpr double kPupilInEye = 0.6;
 // A stripe is so many times as long as it is wide.
 constexpr double kStripe = 5.0;
 // So much of a stripe's outline lies along the body on either side of it.
 constexpr double kStripeSide = 0.28;
+// So much of the outline of what shows beside something lies along it, when that hides the rest.
+constexpr double kClinging = 0.3;
 // Outlines of pixels are not quite complete.
 constexpr double kSlack = 0.03;
+// An outline that bends in by more has a notch; in degrees.
+constexpr double kNotch = 24.0;
 // Colours that nobody tells apart.
-constexpr double kSameColour = 0.02;
+constexpr double kSameColour = 4.0;
+
+// What lies in light and in shade of one colour differs by no more than this in lightness; of greys by less.
+constexpr double kShades = 39.0;
+constexpr double kGreyShades = 25.0;
+constexpr double kGrey = 10.0;
+
+bool areShadesOfOneColour(const SeenColour& a, const SeenColour& b)
+{
+    const bool grey = a.chroma() < kGrey || b.chroma() < kGrey;
+    return std::abs(a.lightness - b.lightness) < (grey ? kGreyShades : kShades) && isSameHue(a, b);
+}
+
+bool isWhite(const SeenColour& colour)
+{
+    return colour.lightness > 77.0 && colour.chroma() < kGrey;
+}
 
 bool isRound(const RegionGraph& graph, int number)
 {
@@ -49,6 +72,7 @@ public:
     bool joinInside();
     bool joinBeside();
     bool joinStripes();
+    bool joinBehind();
 
 private:
     const Region& region(int number) const { return _graph.region(number); }
@@ -58,6 +82,7 @@ private:
     bool isPupil(int number, int base) const;
     bool isShadeOfOneBody(int a, int b) const;
     bool isStripeAcross(int stripe, int a, int b) const;
+    bool isOneBodyBehind(int front, int a, int b) const;
 
     RegionGraph& _graph;
     bool _hard;
@@ -88,7 +113,7 @@ bool Rules::isPaint(int number, int base) const
     const Region& below = region(base);
     if (_graph.seam(number, base).isInked())
         return false;
-    if (difference(own.colour, below.colour) < kSameColour)
+    if (colourDistance(own.colour, below.colour) < kSameColour)
         return true;
     if (areShadesOfOneColour(own.colour, below.colour))
         return !isRound(_graph, number) || own.pixels > 0.5 * below.pixels || own.pixels < 0.01 * below.pixels;
@@ -96,20 +121,20 @@ bool Rules::isPaint(int number, int base) const
         return false;
     const double lighter = own.colour.lightness - below.colour.lightness;
     const bool highlight = !own.detailed && lighter > kHighlight && own.pixels < kLargestHighlight * below.pixels &&
-                           below.colour.lightness > 0.35 && own.colour.chroma() < below.colour.chroma() + 0.03;
-    const bool glint = below.colour.lightness < 0.4 && lighter > 0.3 && own.pixels < 0.25 * below.pixels;
+                           below.colour.lightness > 25.0 && own.colour.chroma() < below.colour.chroma() + 9.0;
+    const bool glint = below.colour.lightness < 31.0 && lighter > 35.0 && own.pixels < 0.25 * below.pixels;
     return isStripe(own) || highlight || isPupil(number, base) || glint;
 }
 
-// Something dark in something white. It may come near to the eye's outline, where the white is too thin to be seen.
+// Something dark in something white. It may come near to the eye's outline,
+// where the white is too thin to be seen.
 bool Rules::isPupil(int number, int base) const
 {
     const Region& own = region(number);
     const Region& below = region(base);
-    return below.colour.lightness > 0.8 && below.colour.isGrey() && own.clearEdges == 0 &&
-           own.colour.lightness < below.colour.lightness - 0.2 && own.pixels > kLeastPupil * below.pixels &&
-           own.pixels < below.pixels && _graph.seamShare(number, base) > kPupilInEye &&
-           !_graph.seam(number, base).isInked();
+    return isWhite(below.colour) && own.clearEdges == 0 && own.colour.lightness < below.colour.lightness - 23.0 &&
+           own.pixels > kLeastPupil * below.pixels && own.pixels < below.pixels &&
+           _graph.seamShare(number, base) > kPupilInEye && !_graph.seam(number, base).isInked();
 }
 
 bool Rules::joinInside()
@@ -130,7 +155,8 @@ bool Rules::joinInside()
     return joined;
 }
 
-// How much of the hulls that regions fill: each of its own, and together of the hull around both.
+// How much of the hulls that regions fill: each of its own, and together of the
+// hull around both.
 struct Completeness
 {
     double apart;
@@ -146,18 +172,35 @@ Completeness completenessOf(const RegionGraph& graph, int a, int b)
             (first + second) / std::max(1.0, both.area())};
 }
 
-// A body that is cut into light and shade is more complete than its pieces; two bodies of one colour make notches where
-// they meet.
-bool Rules::isShadeOfOneBody(int a, int b) const
+// How far the common outline of two regions bends in where their seam ends, in
+// degrees; none where it ends nowhere.
+std::optional<double> notchOf(const RegionGraph& graph, int a, int b)
 {
-    const auto [apart, together] = completenessOf(_graph, a, b);
-    const int pixels = region(a).pixels + region(b).pixels;
-    const int smaller = std::min(region(a).pixels, region(b).pixels);
-    const double slack = _hard && smaller < 0.3 * pixels ? 0.15 : (smaller < 0.05 * pixels ? 0.08 : kSlack);
-    return together > apart - slack;
+    double sum = 0.0;
+    int count = 0;
+    for (const SeamEnd& end : graph.seamEnds(a, b))
+        if (end.open) {
+            sum += end.first + end.second - 180.0;
+            ++count;
+        }
+    return count == 0 ? std::nullopt : std::optional(sum / count);
 }
 
-// A stripe across a body cuts it in two of one colour, between which nothing is missing.
+// Two bodies of one colour make notches where they meet; light and shade of one
+// body make none, and together they are more complete than apart.
+bool Rules::isShadeOfOneBody(int a, int b) const
+{
+    const int pixels = region(a).pixels + region(b).pixels;
+    const int smaller = std::min(region(a).pixels, region(b).pixels);
+    const bool small = smaller < (_hard ? 0.2 : 0.04) * pixels;
+    if (const auto notch = notchOf(_graph, a, b); notch && !small)
+        return *notch < kNotch;
+    const auto [apart, together] = completenessOf(_graph, a, b);
+    return together > apart - (small ? 0.15 : kSlack);
+}
+
+// A stripe across a body cuts it in two of one colour, between which nothing is
+// missing.
 bool Rules::joinStripes()
 {
     for (const int stripe : smallestFirst())
@@ -171,6 +214,30 @@ bool Rules::joinStripes()
                     return true;
                 }
     return false;
+}
+
+// What shows of a body on two sides of what hides it: hair behind a face.
+bool Rules::joinBehind()
+{
+    for (const int front : smallestFirst())
+        for (const auto& [a, seamA] : _graph.seamsOf(front))
+            for (const auto& [b, seamB] : _graph.seamsOf(front))
+                if (a < b && isOneBodyBehind(front, a, b)) {
+                    const int base = region(a).pixels >= region(b).pixels ? a : b;
+                    _graph.join(base, a == base ? b : a);
+                    return true;
+                }
+    return false;
+}
+
+bool Rules::isOneBodyBehind(int front, int a, int b) const
+{
+    const auto clings = [&](int number) {
+        const double share = _graph.seamShare(number, front);
+        return share > kClinging && share < kInsideShare && _graph.straightness(number, front) > 0.0;
+    };
+    return colourDistance(region(a).colour, region(b).colour) < kSameColour && clings(a) && clings(b) &&
+           _graph.clearShare(ConvexHull::around(region(a).hull, region(b).hull)) < kSlack;
 }
 
 bool Rules::isStripeAcross(int stripe, int a, int b) const
@@ -202,7 +269,7 @@ bool Rules::joinBeside()
         for (const auto& [b, seam] : _graph.seamsOf(a)) {
             const double share = std::max(_graph.seamShare(a, b), _graph.seamShare(b, a));
             if (a < b && share > kBeside && !seam.isInked() && areShadesOfOneColour(region(a).colour, region(b).colour))
-                pairs.push_back({difference(region(a).colour, region(b).colour), a, b});
+                pairs.push_back({colourDistance(region(a).colour, region(b).colour), a, b});
         }
     std::ranges::stable_sort(pairs, {}, &Pair::difference);
     for (const Pair& pair : pairs)
@@ -222,5 +289,5 @@ void joinShadesAndMarks(RegionGraph& graph, bool hard)
     do
         while (rules.joinInside()) {
         }
-    while (rules.joinBeside() || rules.joinStripes());
+    while (rules.joinBeside() || rules.joinStripes() || rules.joinBehind());
 }
