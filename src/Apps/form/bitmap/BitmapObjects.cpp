@@ -4,12 +4,16 @@
 #include "form/bitmap/BitmapObjects.h"
 
 #include "form/bitmap/BitmapRoles.h"
-#include "form/bitmap/ObjectPictures.h"
+#include "form/bitmap/FrameContinuation.h"
 #include "form/bitmap/RegionMerging.h"
 
+#include <cmath>
 #include <map>
 
 namespace {
+
+// A bevel reaches so many of an object's largest radii beyond its outline.
+constexpr double kBeyond = 2.0;
 
 // Names by colour; the second red object is "red-2".
 class Names
@@ -94,10 +98,11 @@ ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing)
     if (!regions.painted)
         joinShadesAndMarks(graph, regions.hard);
     const PixelPlane<int> labels = graph.labels();
+    const BitmapFrame frame{bitmap.size(), own.cells, FrameCuts(labels)};
     const StackingOrder stacking = stackingOrderOf(graph, labels);
-    const std::vector<BitmapRole> roles = bitmapRolesOf(graph, stacking, regions.painted);
+    const std::vector<BitmapRole> roles = bitmapRolesOf(graph, stacking, regions.painted, frame.cuts.isCutAllAround());
     const std::vector<ObjectLabels> parts = objectLabels(regions, graph, stacking, roles);
-    const std::vector<ObjectPicture> pictures = objectPictures(bitmap, own, labels, parts);
+    std::vector<ObjectPicture> pictures = objectPictures(bitmap, own, labels, parts);
 
     ChosenObjects chosen{drawing, {}};
     chosen.drawing.layers.clear();
@@ -105,7 +110,9 @@ ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing)
     Names names;
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const Region& region = graph.region(parts[i].label);
-        const ObjectPicture& picture = pictures[i];
+        ObjectPicture& picture = pictures[i];
+        endAtFrame(picture, frame);
+        continueBeyondFrame(picture, frame, static_cast<int>(std::lround(kBeyond * region.deepest * own.cells.size)));
         const int paint = paintOf(chosen.drawing, parts[i].colour);
         ChosenObject object;
         object.name = names.next(region.colour);
@@ -114,7 +121,7 @@ ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing)
         object.colours = {chosen.drawing.palette[static_cast<std::size_t>(paint)].name};
         object.share = double(region.pixels) / own.colours.count();
         if (!picture.shown.isNull())
-            object.measured = {pictureShape(drawing, bitmap, picture.place, picture.shown, paint)};
+            object.measured = {pictureShape(drawing, bitmap, picture.shownPlace, picture.shown, paint)};
         chosen.drawing.layers.push_back(
             {object.name, false, {pictureShape(drawing, bitmap, picture.place, picture.whole, paint)}});
         chosen.objects.push_back(std::move(object));

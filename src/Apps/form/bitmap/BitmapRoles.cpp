@@ -1,19 +1,15 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A backdrop lies along the picture's border, an opening is dark and holds
-// something, a shadow lets shine through.
+// A backdrop lies along the picture's border, an opening is dark and holds something, a shadow lets shine through.
 #include "form/bitmap/BitmapRoles.h"
 
 #include <algorithm>
 
 namespace {
 
-// A picture is opaque to its borders when so much of them is covered, and its
-// backdrop takes so much.
-constexpr double kOpaqueBorder = 0.97;
+// The backdrop of a picture that is opaque to its borders takes so much of them.
 constexpr double kBackdrop = 0.5;
-// A shadow covers at most so much; when it is most of the drawing, it is no
-// shadow.
+// A shadow covers at most so much; when it is most of the drawing, it is no shadow.
 constexpr double kShadow = 0.8;
 constexpr double kDarkOpening = 37.0;
 constexpr double kDarkerThanAround = 16.0;
@@ -23,7 +19,7 @@ constexpr double kHeld = 0.1;
 class Roles
 {
 public:
-    Roles(const RegionGraph& graph, const StackingOrder& stacking) : _graph(graph), _stacking(stacking)
+    Roles(const RegionGraph& graph, const StackingOrder& stacking, bool opaque) : _graph(graph)
     {
         int along = 0;
         for (const int number : stacking.bottomUp) {
@@ -34,8 +30,7 @@ public:
             if (graph.region(number).alpha < kShadow)
                 _translucent += graph.region(number).pixels;
         }
-        const bool opaque = along > 0 && along >= kOpaqueBorder * graph.frameEdges();
-        if (!opaque || graph.region(_backdrop).frameEdges < kBackdrop * along || stacking.bottomUp.size() < 2)
+        if (!opaque || graph.region(_backdrop).frameEdges < kBackdrop * along)
             _backdrop = -1;
     }
 
@@ -70,19 +65,19 @@ private:
     }
 
     const RegionGraph& _graph;
-    const StackingOrder& _stacking;
     int _backdrop = -1;
     int _translucent = 0; // pixels
 };
 
 } // namespace
 
-std::vector<BitmapRole> bitmapRolesOf(const RegionGraph& graph, const StackingOrder& stacking, bool painted)
+std::vector<BitmapRole> bitmapRolesOf(const RegionGraph& graph, const StackingOrder& stacking, bool painted,
+                                      bool opaque)
 {
-    const Roles roles(graph, stacking);
+    const Roles roles(graph, stacking, opaque);
     std::vector<BitmapRole> result;
     for (const int number : stacking.bottomUp)
-        result.push_back(painted ? BitmapRole{ObjectRole::BODY, QStringLiteral("painted; a part of its own")}
-                                 : roles.of(number));
+        result.push_back(painted && !opaque ? BitmapRole{ObjectRole::BODY, QStringLiteral("painted; a part of its own")}
+                                            : roles.of(number));
     return result;
 }

@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// BitmapRoles: which of a bitmap's regions rise, which sink and which stay
-// flat, with the reason in words.
+// BitmapRoles: which of a bitmap's regions rise, which sink and which stay flat, with the reason in words.
 #pragma once
 
 #include "form/ChosenObjects.h"
@@ -14,4 +13,7 @@ struct BitmapRole
 };
 
 /// The role of each region in stacking.bottomUp, in its order.
-std::vector<BitmapRole> bitmapRolesOf(const RegionGraph& graph, const StackingOrder& stacking, bool painted);
+///
+/// @param opaque the picture is opaque to its borders and goes on beyond them
+std::vector<BitmapRole> bitmapRolesOf(const RegionGraph& graph, const StackingOrder& stacking, bool painted,
+                                      bool opaque);

@@ -1,10 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Linking neighbours that hardly differ would not do by itself: where an edge
-// runs almost along the rows, antialiasing fades one colour into the other in
-// steps as small as one likes. So only calm pixels are linked, whose four
-// neighbours are all like them; a pixel of an antialiased edge has the two
-// colours on its sides.
+// Linking neighbours that hardly differ would not do by itself: where an edge runs almost along the rows, antialiasing
+// fades one colour into the other in steps as small as one likes. So only calm pixels are linked, whose four neighbours
+// are all like them; a pixel of an antialiased edge has the two colours on its sides.
 #include "form/bitmap/ColourAreas.h"
 
 #include "form/bitmap/ConnectedPixels.h"
@@ -17,14 +15,12 @@
 
 namespace {
 
-// In a flat drawing neighbours within an area are equal, in a clean one they
-// differ by a gradient's steps at most, in others by noise too. Colours that
-// differ by twice as much are told apart.
+// In a flat drawing neighbours within an area are equal, in a clean one they differ by a gradient's steps at most, in
+// others by noise too. Colours that differ by twice as much are told apart.
 constexpr int kFlatStep = 1;
 constexpr int kCleanStep = 4;
 constexpr int kNoisyStep = 10;
-// Shares of equal neighbours from which on a drawing counts as flat or as
-// clean.
+// Shares of equal neighbours from which on a drawing counts as flat or as clean.
 constexpr double kFlatShare = 0.85;
 constexpr double kCleanShare = 0.5;
 
@@ -128,8 +124,7 @@ PixelSets linked(const PixelPlane<QRgb>& colours, const PixelPlane<char>& linkab
     return sets;
 }
 
-// The area of the neighbour that a loose pixel is like; kLoose where there is
-// none or where two are as near.
+// The area of the neighbour that a loose pixel is like; kLoose where there is none or where two are as near.
 int areaBeside(const PixelPlane<QRgb>& colours, const PixelPlane<int>& labels, int x, int y, int tolerance)
 {
     const QRgb own = colours.at(x, y);

@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Connected pixels: sets of pixels that grow together, and the connected parts
-// of a marked plane.
+// Connected pixels: sets of pixels that grow together, and the connected parts of a marked plane.
 #pragma once
 
 #include "form/bitmap/PixelPlane.h"
@@ -9,8 +8,7 @@
 #include <algorithm>
 #include <numeric>
 
-/// Sets of pixels, each of which begins alone. A set is named by its first
-/// pixel.
+/// Sets of pixels, each of which begins alone. A set is named by its first pixel.
 class PixelSets
 {
 public:
@@ -37,8 +35,7 @@ private:
     std::vector<int> _parents;
 };
 
-/// The connected parts of what is marked, pixels that share an edge or a corner
-/// together.
+/// The connected parts of what is marked, pixels that share an edge or a corner together.
 struct ConnectedParts
 {
     PixelPlane<int> labels;  ///< index of the part; kNoLabel outside

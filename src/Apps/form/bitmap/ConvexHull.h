@@ -1,16 +1,14 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ConvexHull: the smallest convex area around a region's pixels. What a region
-// lacks of it tells how complete the region is, and what of another region lies
-// in it tells which of the two hides the other.
+// ConvexHull: the smallest convex area around a region's pixels. What a region lacks of it tells how complete the
+// region is, and what of another region lies in it tells which of the two hides the other.
 #pragma once
 
 #include <QPoint>
 
 #include <vector>
 
-/// A convex polygon with corners on pixels' corners, clockwise as seen (y
-/// down), no three in a line.
+/// A convex polygon with corners on pixels' corners, clockwise as seen (y down), no three in a line.
 class ConvexHull
 {
 public:
@@ -27,8 +25,7 @@ public:
     double span() const;
     int top() const { return _top; }
     int bottom() const { return _bottom; }
-    /// The pixels [first, second) of a row whose centres lie inside, not on the
-    /// outline.
+    /// The pixels [first, second) of a row whose centres lie inside, not on the outline.
     std::pair<int, int> pixelsIn(int row) const;
 
 private:

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// In a reduced picture a cell may hold pixels of two regions; each goes to the
-// region whose cell around it is most like it.
+// In a reduced picture a cell may hold pixels of two regions; each goes to the region whose cell around it is most like
+// it.
 #include "form/bitmap/ObjectPictures.h"
 
 #include <QRgba64>
@@ -164,7 +164,7 @@ public:
             paintRow(y);
         std::vector<ObjectPicture> pictures;
         for (Canvas& canvas : _canvases)
-            pictures.push_back({canvas.place, std::move(canvas.whole), std::move(canvas.shown)});
+            pictures.push_back({canvas.place, std::move(canvas.whole), std::move(canvas.shown), canvas.place});
         return pictures;
     }
 

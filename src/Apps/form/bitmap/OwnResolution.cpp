@@ -1,8 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The drawn pixels are found from where neighbouring pixels differ: those
-// places lie on one grid, so the size of its squares divides all their
-// distances. Most pictures show within a few rows that it is 1.
+// The drawn pixels are found from where neighbouring pixels differ: those places lie on one grid, so the size of its
+// squares divides all their distances. Most pictures show within a few rows that it is 1.
 #include "form/bitmap/OwnResolution.h"
 
 #include <algorithm>

@@ -1,16 +1,14 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The resolution at which a bitmap is understood. Pixel art is often stored
-// enlarged, every drawn pixel a square of equal ones; it is understood in drawn
-// pixels. Large pictures are understood at a reduced size.
+// The resolution at which a bitmap is understood. Pixel art is often stored enlarged, every drawn pixel a square of
+// equal ones; it is understood in drawn pixels. Large pictures are understood at a reduced size.
 #pragma once
 
 #include "form/bitmap/PixelPlane.h"
 
 #include <QImage>
 
-/// Squares of a picture's pixels, each of which is one cell. The first square
-/// in a row or column may be incomplete.
+/// Squares of a picture's pixels, each of which is one cell. The first square in a row or column may be incomplete.
 struct PixelCells
 {
     int size = 1;    ///< pixels along a square's edge, at least 1
@@ -25,8 +23,7 @@ struct PixelCells
     friend bool operator==(const PixelCells&, const PixelCells&) = default;
 };
 
-/// The largest squares whose pixels are all equal, on one grid over the whole
-/// picture; size 1 where there are none.
+/// The largest squares whose pixels are all equal, on one grid over the whole picture; size 1 where there are none.
 ///
 /// @param image ARGB32 or RGBA64; not null
 PixelCells drawnPixelsOf(const QImage& image);
@@ -36,12 +33,10 @@ struct OwnPicture
 {
     PixelCells cells;
     bool reduced = false;     ///< a cell stands for pixels that differ
-    PixelPlane<QRgb> colours; ///< not multiplied by alpha; alpha is above 0
-                              ///< wherever a pixel of the cell is covered
+    PixelPlane<QRgb> colours; ///< not multiplied by alpha; alpha is above 0 wherever a pixel of the cell is covered
 };
 
-/// Takes the picture in its drawn pixels, or in averages of squares where those
-/// are more than kLargestSide each way.
+/// Takes the picture in its drawn pixels, or in averages of squares where those are more than kLargestSide each way.
 OwnPicture ownPictureOf(const QImage& image);
 
 /// Larger pictures are understood at a reduced size.

@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Depths in two passes; growth by distance, with a bucket for each distance
-// that is still to come (Dial's algorithm).
+// Depths in two passes; growth by distance, with a bucket for each distance that is still to come (Dial's algorithm).
 #include "form/bitmap/PixelDistances.h"
 
 #include <algorithm>
@@ -27,8 +26,7 @@ constexpr std::array kAround = {Neighbour{-1, 0, kPixelStep},     Neighbour{1, 0
                                 Neighbour{-1, -1, kDiagonalStep}, Neighbour{1, -1, kDiagonalStep},
                                 Neighbour{-1, 1, kDiagonalStep},  Neighbour{1, 1, kDiagonalStep}};
 
-// The least of the distance here and of those over the neighbours on one side;
-// sign -1 takes the other side.
+// The least of the distance here and of those over the neighbours on one side; sign -1 takes the other side.
 int overNeighbours(const PixelPlane<int>& labels, const PixelPlane<int>& distances, int x, int y, int sign)
 {
     int least = distances.at(x, y);
@@ -43,8 +41,7 @@ int overNeighbours(const PixelPlane<int>& labels, const PixelPlane<int>& distanc
     return least;
 }
 
-// Pixels to go on from, by their distance. Steps are short, so the buckets go
-// round.
+// Pixels to go on from, by their distance. Steps are short, so the buckets go round.
 class Front
 {
 public:
@@ -83,6 +80,10 @@ PixelPlane<int> depthsInside(const PixelPlane<int>& labels)
     for (int y = labels.height() - 1; y >= 0; --y)
         for (int x = labels.width() - 1; x >= 0; --x)
             depths.at(x, y) = overNeighbours(labels, depths, x, y, -1);
+    // Without any border there is no distance to one.
+    const int most = kPixelStep * (std::max(labels.width(), labels.height()) / 2 + 1);
+    for (int i = 0; i < depths.count(); ++i)
+        depths[i] = std::min(depths[i], most);
     return depths;
 }
 

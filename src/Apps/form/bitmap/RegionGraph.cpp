@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Everything is counted in two passes over the pixels; joining adds the counts
-// up.
+// Everything is counted in two passes over the pixels; joining adds the counts up.
 #include "form/bitmap/RegionGraph.h"
 
 #include "form/bitmap/PixelDistances.h"
@@ -12,12 +11,10 @@
 
 namespace {
 
-// A line on a seam is darker than what lies on both sides by at least this
-// much.
+// A line on a seam is darker than what lies on both sides by at least this much.
 constexpr double kInkContrast = 0.12;
 
-// Angles are measured in a disc of this radius, as a part of the largest
-// region, and at least so many pixels.
+// Angles are measured in a disc of this radius, as a part of the largest region, and at least so many pixels.
 constexpr double kAngleRadius = 0.05;
 constexpr double kLeastAngleRadius = 3.0;
 

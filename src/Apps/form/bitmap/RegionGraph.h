@@ -1,8 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// RegionGraph: what is known of a bitmap's regions and of the seams at which
-// they meet, for the rules that make objects of them. Regions can be joined;
-// their numbers stay.
+// RegionGraph: what is known of a bitmap's regions and of the seams at which they meet, for the rules that make objects
+// of them. Regions can be joined; their numbers stay.
 #pragma once
 
 #include "form/bitmap/BitmapRegions.h"
@@ -16,16 +15,14 @@
 struct Region
 {
     SeenColour colour;
-    double luma = 0.0;     ///< the colour's brightness as cheaply as seams are
-                           ///< compared with it, 0 to 1
+    double luma = 0.0;     ///< the colour's brightness as cheaply as seams are compared with it, 0 to 1
     double alpha = 1.0;    ///< 0 to 1
     int pixels = 0;        ///< 0 once it has been joined to another
     int corePixels = 0;    ///< those that have its colour
     int clearEdges = 0;    ///< of its outline, against what is not covered
     int frameEdges = 0;    ///< of its outline, along the picture's border
     double deepest = 0.0;  ///< the radius of the largest disc inside, in pixels
-    bool detailed = false; ///< a detail of another colour was joined to it, as a
-                           ///< pupil to an eye
+    bool detailed = false; ///< a detail of another colour was joined to it, as a pupil to an eye
     ConvexHull hull;
 };
 
@@ -68,8 +65,7 @@ public:
     double straightness(int a, int b) const;
     /// How much of a hull is not covered by anything, 0 to 1.
     double clearShare(const ConvexHull& hull) const;
-    /// The whole outline: seams and what is not covered, without the picture's
-    /// border.
+    /// The whole outline: seams and what is not covered, without the picture's border.
     int outline(int number) const;
     /// The neighbour with the longest seam; -1 where there is none.
     int mainNeighbour(int number) const;
@@ -77,8 +73,7 @@ public:
     double seamShare(int number, int other) const;
     /// Its pixels, and those of the regions that lie inside it.
     int filledPixels(int number) const;
-    /// The share of its convex hull that it fills, holes that others fill
-    /// included; 0 to 1.
+    /// The share of its convex hull that it fills, holes that others fill included; 0 to 1.
     double solidity(int number) const;
     int coveredPixels() const { return _covered; }
     /// The length of the picture's border.

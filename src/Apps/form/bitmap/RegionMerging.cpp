@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Rules for pairs: first for what lies inside another region, the smallest
-// first, then for what lies beside one, the most alike first.
+// Rules for pairs: first for what lies inside another region, the smallest first, then for what lies beside one, the
+// most alike first.
 #include "form/bitmap/RegionMerging.h"
 
 #include <algorithm>
@@ -14,12 +14,10 @@ namespace {
 
 // It has to do with another when so much is.
 constexpr double kBeside = 0.2;
-// Brighter than its base by this much: a highlight, when it is smaller than
-// this part of its base.
+// Brighter than its base by this much: a highlight, when it is smaller than this part of its base.
 constexpr double kHighlight = 14.0;
 constexpr double kLargestHighlight = 0.12;
-// A pupil is at least this part of the white around it, which is so much of its
-// outline.
+// A pupil is at least this part of the white around it, which is so much of its outline.
 constexpr double kLeastPupil = 0.06;
 constexpr double kPupilInEye = 0.6;
 // A stripe is so many times as long as it is wide.
@@ -126,8 +124,7 @@ bool Rules::isPaint(int number, int base) const
     return isStripe(own) || highlight || isPupil(number, base) || glint;
 }
 
-// Something dark in something white. It may come near to the eye's outline,
-// where the white is too thin to be seen.
+// Something dark in something white. It may come near to the eye's outline, where the white is too thin to be seen.
 bool Rules::isPupil(int number, int base) const
 {
     const Region& own = region(number);
@@ -155,8 +152,7 @@ bool Rules::joinInside()
     return joined;
 }
 
-// How much of the hulls that regions fill: each of its own, and together of the
-// hull around both.
+// How much of the hulls that regions fill: each of its own, and together of the hull around both.
 struct Completeness
 {
     double apart;
@@ -172,8 +168,7 @@ Completeness completenessOf(const RegionGraph& graph, int a, int b)
             (first + second) / std::max(1.0, both.area())};
 }
 
-// How far the common outline of two regions bends in where their seam ends, in
-// degrees; none where it ends nowhere.
+// How far the common outline of two regions bends in where their seam ends, in degrees; none where it ends nowhere.
 std::optional<double> notchOf(const RegionGraph& graph, int a, int b)
 {
     double sum = 0.0;
@@ -186,8 +181,8 @@ std::optional<double> notchOf(const RegionGraph& graph, int a, int b)
     return count == 0 ? std::nullopt : std::optional(sum / count);
 }
 
-// Two bodies of one colour make notches where they meet; light and shade of one
-// body make none, and together they are more complete than apart.
+// Two bodies of one colour make notches where they meet; light and shade of one body make none, and together they are
+// more complete than apart.
 bool Rules::isShadeOfOneBody(int a, int b) const
 {
     const int pixels = region(a).pixels + region(b).pixels;
@@ -199,8 +194,7 @@ bool Rules::isShadeOfOneBody(int a, int b) const
     return together > apart - (small ? 0.15 : kSlack);
 }
 
-// A stripe across a body cuts it in two of one colour, between which nothing is
-// missing.
+// A stripe across a body cuts it in two of one colour, between which nothing is missing.
 bool Rules::joinStripes()
 {
     for (const int stripe : smallestFirst())

@@ -1,8 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Which regions of a bitmap are parts of one object. Shading and marks are
-// painted onto a body and follow its form: darker and lighter shapes of its
-// colour, highlights, thin stripes, the pupil of an eye.
+// Which regions of a bitmap are parts of one object. Shading and marks are painted onto a body and follow its form:
+// darker and lighter shapes of its colour, highlights, thin stripes, the pupil of an eye.
 #pragma once
 
 #include "form/bitmap/RegionGraph.h"

@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The order is put together from pairs, the clearest first; a pair that
-// contradicts clearer ones is left out.
+// The order is put together from pairs, the clearest first; a pair that contradicts clearer ones is left out.
 #include "form/bitmap/StackingOrder.h"
 
 #include <algorithm>
@@ -14,8 +13,7 @@ namespace {
 // Hulls are compared with labels on at most so many rows and columns.
 constexpr int kSamples = 256;
 
-// What an outline that goes straight on counts beside a smaller region that
-// lies wholly in the larger one's hull.
+// What an outline that goes straight on counts beside a smaller region that lies wholly in the larger one's hull.
 constexpr double kStraightness = 0.6;
 
 // How many samples of each other region lie in a region's hull.
@@ -88,8 +86,7 @@ std::vector<Precedence> pairsOf(const RegionGraph& graph, const PixelPlane<int>&
                 continue;
             const int smaller = std::min(graph.region(a).pixels, graph.region(b).pixels);
             const double unit = static_cast<double>(stride) * stride / smaller;
-            // Numbers go by size: of two regions that say nothing, the smaller one
-            // lies on top.
+            // Numbers go by size: of two regions that say nothing, the smaller one lies on top.
             const double clearness =
                 unit * (inside[a][b] - inside[b][a]) + kStraightness * graph.straightness(a, b) + 0.02;
             pairs.push_back({std::abs(clearness), clearness > 0 ? a : b, clearness > 0 ? b : a});
