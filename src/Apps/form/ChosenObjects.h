@@ -20,6 +20,7 @@ enum class ObjectRole
 {
     BODY,    ///< it rises from its outline
     OPENING, ///< it sinks: a mouth, a socket, a window
+    SLAB,    ///< it gets a rim and is flat inside: a tile that fills the picture
     FLAT     ///< it gets no volume: a shadow on the ground, a backdrop
 };
 

@@ -60,7 +60,7 @@ ObjectForm raised(const ObjectExtent& extent, FormShape shape)
 
 ObjectForm formFor(const ObjectExtent& extent, ObjectRole role, const FormSettings& settings)
 {
-    ObjectForm form = raised(extent, settings.shape);
+    ObjectForm form = role == ObjectRole::SLAB ? kRimForm : raised(extent, settings.shape);
     form.elevation *= settings.volume;
     if (role == ObjectRole::OPENING)
         form.elevation = -form.elevation;

@@ -59,6 +59,13 @@ Verdict judgeConcentric(const InnerShape& inner)
     return dial ? object("a dial in its rim", ObjectRole::FLAT) : mark("a smaller copy of what it lies on");
 }
 
+Verdict judgeDark(const InnerShape& inner)
+{
+    if (inner.siblings > 1)
+        return mark("one of several dark spots");
+    return inner.share > kBead ? object("a dark hole", ObjectRole::OPENING) : object("a dark bead");
+}
+
 Verdict judgeShade(const InnerShape& inner)
 {
     const ShapeFacts& shape = inner.shape;
@@ -67,7 +74,7 @@ Verdict judgeShade(const InnerShape& inner)
     if (free && darker && isRectangle(shape) && inner.siblings > 0)
         return object("one of several panels", ObjectRole::OPENING);
     if (free && isMuchDarker(inner) && shape.roundness > kEllipse)
-        return inner.share > kBead ? object("a dark hole", ObjectRole::OPENING) : object("a dark bead");
+        return judgeDark(inner);
     if (free && shape.roundness > kRound && (darker || inner.share > kBead))
         return object("a round shape of another shade");
     return mark("a shade of what it lies on");
@@ -79,8 +86,8 @@ Verdict judgeOtherHue(const InnerShape& inner)
     const bool free = inner.follows < kOffTheRim && inner.share < kHalfOfBase;
     if (free && isRectangle(shape) && inner.siblings > 0)
         return object("one of several windows", ObjectRole::OPENING);
-    if (free && isMuchDarker(inner) && shape.roundness > kEllipse && inner.share > kBead)
-        return object("a dark hole", ObjectRole::OPENING);
+    if (free && isMuchDarker(inner) && shape.roundness > kEllipse)
+        return judgeDark(inner);
     const bool shine = shape.colour.lightness > kBright && shape.colour.lightness > inner.ground.colour.lightness;
     if (shine && shape.roundness < kEllipse && inner.held == 0.0)
         return mark("a bright mark");

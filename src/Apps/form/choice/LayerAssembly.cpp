@@ -98,7 +98,7 @@ private:
             const DIO_Shape& body = shape(piece);
             if (!body.path.boundingRect().adjusted(-reach, -reach, reach, reach).intersects(bounds))
                 continue;
-            const QPainterPath outline = body.clip ? body.path.intersected(*body.clip) : body.path;
+            const QPainterPath outline = closed(body.clip ? body.path.intersected(*body.clip) : body.path);
             if (reach == 0.0)
                 copies.push_back(held(original, outline));
             else
@@ -141,6 +141,27 @@ private:
         DIO_Shape copy = original;
         copy.clip = original.clip ? original.clip->intersected(outline) : outline;
         return copy;
+    }
+
+    // A fill closes its loops by itself, a stroke does not.
+    static QPainterPath closed(const QPainterPath& path)
+    {
+        QPainterPath loops;
+        loops.setFillRule(path.fillRule());
+        for (int i = 0; i < path.elementCount(); ++i) {
+            const QPainterPath::Element element = path.elementAt(i);
+            if (element.isMoveTo()) {
+                loops.closeSubpath();
+                loops.moveTo(element);
+            } else if (element.isLineTo()) {
+                loops.lineTo(element);
+            } else if (element.type == QPainterPath::CurveToElement) {
+                loops.cubicTo(element, path.elementAt(i + 1), path.elementAt(i + 2));
+                i += 2;
+            }
+        }
+        loops.closeSubpath();
+        return loops;
     }
 
     static QPainterPath strokeAlong(const QPainterPath& outline, double reach)

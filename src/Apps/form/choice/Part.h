@@ -37,7 +37,8 @@ struct Part
 {
     std::vector<int> body; ///< shapes in the order of painting
     std::vector<WornShape> worn;
-    CellMask region; ///< what the body covers, hidden or not
+    CellMask region;     ///< what the body covers, hidden or not
+    double border = 0.0; ///< how far the ink that it wears goes beyond its outline, in cells
     ObjectRole role = ObjectRole::BODY;
     QString reason;
     bool ink = false; ///< made of lines alone

@@ -4,6 +4,7 @@
 #include "form/choice/PartFinder.h"
 
 #include "form/choice/JoinRules.h"
+#include "form/raster/CutSides.h"
 
 #include <algorithm>
 #include <array>
@@ -20,7 +21,8 @@ constexpr double kShortLine = 2.5; // elongation of the shortest line that is as
 constexpr double kPenVaries = 0.25;
 constexpr double kAlone = 0.6;     // of a shape's area beyond all parts: it is an object of its own
 constexpr double kLeftOver = 0.08; // less than this much of a mark beyond all parts is left to one of them
-constexpr double kBackdrop = 0.97; // of the picture
+constexpr double kInkLeftOver = 0.004;
+constexpr double kBackdrop = 0.9; // of the picture
 constexpr double kTranslucent = 0.7;
 
 class PartFinder
@@ -63,6 +65,19 @@ private:
         return isLongInk(shape) || likeOthers;
     }
 
+    // It fills the picture, its corners aside.
+    bool isBackdrop(const ShapeFacts& shape) const
+    {
+        return shape.area > kBackdrop * _grid.width * _grid.height && cutSides(shape.mask, _map.bounds()).all();
+    }
+
+    bool reachesCorners(const CellMask& mask) const
+    {
+        const QRect all = _map.bounds();
+        return mask.at(all.left(), all.top()) && mask.at(all.right(), all.top()) && mask.at(all.left(), all.bottom()) &&
+               mask.at(all.right(), all.bottom());
+    }
+
     bool isLongInk(const ShapeFacts& shape) const
     {
         return shape.colour.lightness < kInkLightness && shape.width < kInkWidth * _grid.longSide() &&
@@ -91,8 +106,10 @@ private:
             return decided->second;
         if (isInk(facts()))
             return {Verdict::Kind::INK, QStringLiteral("ink"), ObjectRole::BODY, -1};
-        if (facts().area > kBackdrop * _grid.width * _grid.height)
-            return {Verdict::Kind::OBJECT, QStringLiteral("a backdrop"), ObjectRole::FLAT, -1};
+        if (isBackdrop(facts()))
+            return reachesCorners(facts().mask)
+                       ? Verdict{Verdict::Kind::OBJECT, QStringLiteral("a backdrop"), ObjectRole::FLAT, -1}
+                       : Verdict{Verdict::Kind::OBJECT, QStringLiteral("a tile"), ObjectRole::SLAB, -1};
         if (around.base != Surroundings::kNone && around.with(around.base).overlap >= kInside * facts().area)
             return judgeInside(around);
         if (facts().opacity < kTranslucent)
@@ -266,6 +283,9 @@ private:
         switch (verdict.kind) {
         case Verdict::Kind::OBJECT:
             addPart(verdict, _order.size());
+            // What lies on a backdrop lies on nothing.
+            if (isBackdrop(facts()))
+                _map.paint(facts().mask, PartMap::kNone, PartMap::kNone);
             return;
         case Verdict::Kind::MERGED:
             extend(verdict.part);
@@ -316,11 +336,19 @@ private:
             return;
         }
         const auto home = std::ranges::max_element(cells, {}, [](const auto& entry) { return entry.second; })->first;
-        const bool leftOver = unclaimed > kLeftOver * facts().area;
+        const bool ink = verdict.kind == Verdict::Kind::INK;
+        const bool solid = !ink && facts().opacity >= kTranslucent;
+        const double spare = ink ? std::max(3.0, kInkLeftOver * facts().area) : kLeftOver * facts().area;
+        const bool leftOver = !solid && unclaimed > spare;
         for (const auto& [index, count] : cells) {
-            const bool whole = count + unclaimed >= 0.995 * facts().area && !leftOver;
-            part(index).worn.push_back({_shape, whole || (index == home && !leftOver && reach == 0.0), reach});
+            Part& wearer = part(index);
+            const bool whole = !leftOver && (count + unclaimed >= 0.995 * facts().area || (index == home && !ink));
+            wearer.worn.push_back({_shape, whole, std::max(reach, wearer.border)});
+            if (ink)
+                wearer.border = std::max(wearer.border, reach);
         }
+        if (solid && unclaimed > kInkLeftOver * facts().area)
+            growBy(home);
         if (leftOver)
             layBeneath(verdict, cells, claims);
         for (const Claim& claim : claims)
@@ -328,6 +356,15 @@ private:
                 _map.setCell(claim.x, claim.y, _shape, claim.part);
             else if (!leftOver)
                 _map.setCell(claim.x, claim.y, _shape, home);
+    }
+
+    // A mark that goes beyond its part makes the part larger.
+    void growBy(int home)
+    {
+        Part& wearer = part(home);
+        std::erase_if(wearer.worn, [&](const WornShape& worn) { return worn.shape == _shape; });
+        wearer.body.push_back(_shape);
+        wearer.region.unite(facts().mask);
     }
 
     struct Claim

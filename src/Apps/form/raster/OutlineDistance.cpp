@@ -83,9 +83,11 @@ std::vector<double> squaredDistances(const CellMask& mask, const QRect& box)
 OutlineDistance measureOutlineDistance(const CellMask& mask, const QRect& grid)
 {
     OutlineDistance measured;
-    const QRect box = mask.box().adjusted(-1, -1, 1, 1) & grid;
-    if (mask.box().isEmpty() || box.isEmpty())
+    if (mask.box().isEmpty())
         return measured;
+    const CutSides cut = cutSides(mask, grid);
+    measured.cut = cut.any();
+    const QRect box = mask.box().adjusted(cut.left ? 0 : -1, cut.top ? 0 : -1, cut.right ? 0 : 1, cut.bottom ? 0 : 1);
     const std::vector<double> squares = squaredDistances(mask, box);
     const double longest = std::max(grid.width(), grid.height()) / 2.0;
     double sum = 0.0;
@@ -98,8 +100,6 @@ OutlineDistance measureOutlineDistance(const CellMask& mask, const QRect& grid)
             sum += distance;
             measured.largest = std::max(measured.largest, distance);
             ++measured.area;
-            const bool atBorder = x == grid.left() || y == grid.top() || x == grid.right() || y == grid.bottom();
-            measured.cut = measured.cut || atBorder;
         }
     if (measured.area > 0)
         measured.mean = sum / measured.area;

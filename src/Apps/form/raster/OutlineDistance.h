@@ -1,14 +1,15 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Distances of an area's cells to its outline: exact Euclidean ones between the centres of cells, less the half cell
-// that lies between a centre and the outline. The border of the grid is no outline: an area that it cuts is measured as
-// if it went on.
+// that lies between a centre and the outline. A border of the grid that cuts an area is no outline: the area is
+// measured as if it went on. A border that an area merely touches, as a disc does that fills its picture, is none of
+// its business.
 //
 // P. Felzenszwalb, D. Huttenlocher, "Distance Transforms of Sampled Functions", Theory of Computing 8 (2012): the lower
 // envelope of parabolas, along columns and then along rows.
 #pragma once
 
-#include "form/raster/CellMask.h"
+#include "form/raster/CutSides.h"
 
 /// What the distances tell of an area. Lengths are in cells.
 struct OutlineDistance
