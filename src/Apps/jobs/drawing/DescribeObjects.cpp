@@ -32,6 +32,8 @@ QString roleText(ObjectRole role)
         return QStringLiteral(", sinks");
     case ObjectRole::FLAT:
         return QStringLiteral(", flat");
+    case ObjectRole::SLAB:
+        return QStringLiteral(", a slab");
     case ObjectRole::BODY:
         break;
     }
