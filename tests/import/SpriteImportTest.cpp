@@ -35,9 +35,9 @@ TEST(SpriteImport, ABitmapIsALayerNamedAfterItsFile)
     EXPECT_EQ(colourNames(*sequence.palette), QStringList{"#0080ff"});
     EXPECT_TRUE(sequence.palette->colors()[0].dynamicCast<CM_Color>());
     const CELVEC_Shape shape = shapeOf(sequence.layers[0], 1);
-    EXPECT_EQ(shape.path.boundingRect(), QRectF(0, 0, 32, 32));
-    EXPECT_EQ(shape.picture.pixelColor(5, 5), QColor(0, 128, 255));
-    EXPECT_EQ(shape.picture.pixelColor(0, 0).alpha(), 0);
+    EXPECT_EQ(shape.path.boundingRect(), QRectF(4, 4, 8, 8)) << "what is empty around the object is left out";
+    EXPECT_EQ(shape.picture.size(), QSize(8, 8));
+    EXPECT_EQ(shape.picture.pixelColor(1, 1), QColor(0, 128, 255));
 }
 
 TEST(SpriteImport, NumbersMakeFramesAndNamesMakeLayers)
