@@ -34,7 +34,7 @@ FoundParts everyShape(const std::vector<ShapeFacts>& facts, const Grid& grid)
         const auto index = static_cast<int>(found.parts.size());
         found.map.paint(facts[i].mask, static_cast<int>(i), index);
         found.parts.push_back(
-            {{static_cast<int>(i)}, {}, facts[i].mask, 0.0, ObjectRole::BODY, QStringLiteral("a shape"), false});
+            {{static_cast<int>(i)}, {}, facts[i].mask, 0.0, ObjectRole::BODY, QStringLiteral("a shape")});
         found.order.push_back(index);
     }
     return found;

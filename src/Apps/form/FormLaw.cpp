@@ -21,7 +21,7 @@ struct Profile
 };
 
 // A blur that reaches a little beyond the middle, and the square root of it, which makes a circle's profile.
-constexpr Profile kOrdinary{1.2, 1.0, 2.0};
+constexpr Profile kOrdinary{1.3, 1.0, 1.8};
 // What is round all around gets a wider blur, whose profile is nearer to a sphere's.
 constexpr Profile kRound{4.0, 1.5, 3.4};
 constexpr double kRoundFrom = 0.85;

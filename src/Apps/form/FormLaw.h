@@ -15,8 +15,8 @@
 struct ObjectExtent
 {
     double breadth = 0.0; ///< M
-    double roundness =
-        0.0; ///< the radius of the largest disc inside over that of the disc of the same area; 1 for a disc
+    /// The radius of the largest disc inside over that of the disc of the same area; 1 for a disc.
+    double roundness = 0.0;
 };
 
 /// The values that give an object its volume, by the meaning that the node gives them.

@@ -3,6 +3,9 @@
 // The first rule that holds decides. The bounds were found on drawings with known forms and on sets of emoji.
 #include "form/choice/InnerRules.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace {
 
 constexpr double kSolid = 0.7;       // below this opacity a shape is a shadow or a shine
@@ -14,12 +17,14 @@ constexpr double kLongLine = 4.0;    // elongation of lines
 constexpr double kRound = 0.8;       // roundness of what may be a ball
 constexpr double kEllipse = 0.62;    // of what may be an eye
 constexpr double kHalfOfBase = 0.5;
-constexpr double kShade = 5.0;       // a difference in lightness that is seen as shading
-constexpr double kDark = 42.0;       // the lightness of holes
-constexpr double kMuchDarker = 22.0; // than what is around
-constexpr double kBead = 0.034;      // of the body: larger dark shapes are holes
-constexpr double kBright = 85.0;     // lightness of shines
-constexpr double kFullBox = 0.9;     // a rectangle's share of its box
+constexpr double kShade = 5.0;         // a difference in lightness that is seen as shading
+constexpr double kAnotherShade = 33.0; // a difference in lightness beyond that of light and shade on one thing
+constexpr double kDark = 42.0;         // the lightness of holes
+constexpr double kMuchDarker = 22.0;   // than what is around
+constexpr double kBead = 0.034;        // of the body: larger dark shapes are holes
+constexpr double kPupil = 0.15;        // of a round body: an eye holds no larger hole
+constexpr double kBright = 85.0;       // lightness of shines
+constexpr double kFullBox = 0.9;       // a rectangle's share of its box
 
 Verdict mark(const char* reason)
 {
@@ -63,6 +68,8 @@ Verdict judgeDark(const InnerShape& inner)
 {
     if (inner.siblings > 1)
         return mark("one of several dark spots");
+    if (inner.share > kPupil && inner.body.roundness > kRound)
+        return mark("a pupil");
     return inner.share > kBead ? object("a dark hole", ObjectRole::OPENING) : object("a dark bead");
 }
 
@@ -89,7 +96,7 @@ Verdict judgeOtherHue(const InnerShape& inner)
     if (free && isMuchDarker(inner) && shape.roundness > kEllipse)
         return judgeDark(inner);
     const bool shine = shape.colour.lightness > kBright && shape.colour.lightness > inner.ground.colour.lightness;
-    if (shine && shape.roundness < kEllipse && inner.held == 0.0)
+    if (shine && inner.held == 0.0 && (shape.roundness < kEllipse || inner.siblings > 1))
         return mark("a bright mark");
     if (shape.roundness > 0.4 && shape.elongation() < 8.0)
         return object("a compact shape of another hue");
@@ -117,5 +124,7 @@ Verdict judgeInner(const InnerShape& inner)
         return mark("a thin mark");
     if (shape.plain && shape.paint == inner.body.paint && inner.outlined > 0.6)
         return object("a part drawn again in its colour");
-    return isSameHue(shape.colour, inner.ground.colour) ? judgeShade(inner) : judgeOtherHue(inner);
+    const double contrast = std::abs(shape.colour.lightness - inner.ground.colour.lightness);
+    const bool shade = isSameHue(shape.colour, inner.ground.colour) && contrast < kAnotherShade;
+    return shade ? judgeShade(inner) : judgeOtherHue(inner);
 }

@@ -94,19 +94,22 @@ private:
         const DIO_Shape& original = shape(worn.shape);
         const QRectF bounds = original.path.boundingRect();
         std::vector<DIO_Shape> copies;
+        QPainterPath together;
         for (const int piece : part.body) {
             const DIO_Shape& body = shape(piece);
             if (!body.path.boundingRect().adjusted(-reach, -reach, reach, reach).intersects(bounds))
                 continue;
             const QPainterPath outline = closed(body.clip ? body.path.intersected(*body.clip) : body.path);
-            if (reach == 0.0)
+            if (original.opacity < 1.0)
+                together = together.united(reach > 0.0 ? outline.united(strokeAlong(outline, reach)) : outline);
+            else if (reach == 0.0)
                 copies.push_back(held(original, outline));
             else
                 addGrown(copies, original, outline, _facts[static_cast<std::size_t>(piece)].mask, reach);
-            // A second copy of what one sees through would show.
-            if (original.opacity < 1.0)
-                break;
         }
+        // A second copy of what one sees through would show.
+        if (!together.isEmpty())
+            copies.push_back(held(original, together));
         return copies;
     }
 

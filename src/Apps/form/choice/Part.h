@@ -41,5 +41,6 @@ struct Part
     double border = 0.0; ///< how far the ink that it wears goes beyond its outline, in cells
     ObjectRole role = ObjectRole::BODY;
     QString reason;
-    bool ink = false; ///< made of lines alone
+    bool ink = false;         ///< made of lines alone
+    bool translucent = false; ///< what lies beneath is seen through it
 };

@@ -308,6 +308,7 @@ private:
         part.role = verdict.role;
         part.reason = verdict.reason;
         part.ink = verdict.kind == Verdict::Kind::INK;
+        part.translucent = facts().opacity < 1.0;
         _parts.push_back(std::move(part));
         _order.insert(_order.begin() + static_cast<std::ptrdiff_t>(place), index);
         if (place + 1 == _order.size())
@@ -331,7 +332,7 @@ private:
         int unclaimed = 0;
         for (const Claim& claim : claims)
             claim.part == PartMap::kNone ? ++unclaimed : ++cells[claim.part];
-        if (unclaimed > kAlone * facts().area || cells.empty()) {
+        if (unclaimed > kAlone * facts().area || cells.empty() || wouldShowTwice(cells, unclaimed)) {
             standAlone(verdict, around);
             return;
         }
@@ -356,6 +357,14 @@ private:
                 _map.setCell(claim.x, claim.y, _shape, claim.part);
             else if (!leftOver)
                 _map.setCell(claim.x, claim.y, _shape, home);
+    }
+
+    // What one sees through is painted once: not in two parts of which one is seen through the other.
+    bool wouldShowTwice(const std::map<int, int>& cells, int unclaimed) const
+    {
+        const auto isTranslucent = [&](const auto& entry) { return part(entry.first).translucent; };
+        return facts().opacity < 1.0 && (cells.size() > 1 || unclaimed > 0) &&
+               std::ranges::any_of(cells, isTranslucent);
     }
 
     // A mark that goes beyond its part makes the part larger.

@@ -1,0 +1,50 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// What ends on the picture's border goes on beyond it.
+#include "FormDrawings.h"
+#include "form/ContinueBeyondFrame.h"
+
+using namespace form_drawings;
+
+namespace {
+
+QRectF continued(const QByteArray& content)
+{
+    ChosenObjects found = chosen(content);
+    continueBeyondFrame(found);
+    QRectF bounds;
+    for (const DIO_Shape& shape : found.drawing.layers.front().shapes)
+        bounds |= shape.path.boundingRect();
+    return bounds;
+}
+
+} // namespace
+
+TEST(ContinueBeyondFrame, LetsABustGoOnBelow)
+{
+    const QRectF bounds = continued("<path d='M20 100q0 -60 30 -60t30 60z' fill='#3f7d63'/>");
+    EXPECT_NEAR(bounds.bottom(), 150.0, 1e-9);
+    EXPECT_NEAR(bounds.left(), 20.0, 1.0);
+    EXPECT_NEAR(bounds.right(), 80.0, 1.0);
+}
+
+TEST(ContinueBeyondFrame, GoesAroundCorners)
+{
+    EXPECT_NEAR(continued(rect(0, 60, 50, 40, "#3f7d63")).left(), -50.0, 1e-9);
+    EXPECT_NEAR(continued(rect(0, 60, 50, 40, "#3f7d63")).bottom(), 150.0, 1e-9);
+}
+
+TEST(ContinueBeyondFrame, LeavesWhatTouchesOrGoesOnByItself)
+{
+    EXPECT_NEAR(continued(circle(50, 60, 40, "#3f7d63")).bottom(), 100.0, 1e-6);
+    EXPECT_NEAR(continued(rect(20, 60, 60, 70, "#3f7d63")).bottom(), 130.0, 1e-6);
+    EXPECT_NEAR(continued("<rect width='100' height='100' rx='12' fill='#dd2e44'/>").bottom(), 100.0, 1e-6);
+}
+
+TEST(ContinueBeyondFrame, ChangesNothingInThePicture)
+{
+    const DIO_Drawing drawing = read("<path d='M20 100q0 -60 30 -60t30 60z' fill='#3f7d63'/>" + rect(0, 70, 30, 30, "#c93434"));
+    ChosenObjects found = chooseObjects(drawing, ObjectChoice::AUTO);
+    continueBeyondFrame(found);
+    EXPECT_EQ(painted(found.drawing, 200), painted(drawing, 200));
+}

@@ -1,0 +1,108 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Which values an object's extent gives it.
+#include "FormDrawings.h"
+#include "form/ChooseForms.h"
+
+using namespace form_drawings;
+
+namespace {
+
+ObjectExtent extentOf(const QByteArray& content)
+{
+    const DIO_Drawing drawing = read(content);
+    return measureExtent(drawing.layers.front().shapes, drawing.viewBox);
+}
+
+// Units of which the picture is 720 wide, in those of the drawings.
+constexpr double kUnit = 7.2;
+
+} // namespace
+
+TEST(FormValues, ADiscsBreadthIsItsRadius)
+{
+    const ObjectExtent extent = extentOf(circle(50, 50, 25, "#ffcc4d"));
+    EXPECT_NEAR(extent.breadth, 25 * kUnit, 0.015 * 25 * kUnit);
+    EXPECT_NEAR(extent.roundness, 1.0, 0.02);
+}
+
+TEST(FormValues, AStripsBreadthIsThreeQuartersOfItsWidth)
+{
+    // The mean distance inside a strip of width w is w/4; its ends add little.
+    EXPECT_NEAR(extentOf(rect(5, 48, 90, 4, "#ffcc4d")).breadth, 3.0 * kUnit, 0.05 * 3.0 * kUnit);
+}
+
+TEST(FormValues, TheFramesBorderIsNoOutline)
+{
+    // A strip that leaves the picture on both sides: the mean distance is exactly a quarter of its width.
+    EXPECT_NEAR(extentOf(rect(-20, 40, 140, 20, "#ffcc4d")).breadth, 15 * kUnit, 0.015 * 15 * kUnit);
+    EXPECT_NEAR(extentOf(rect(0, 40, 100, 20, "#ffcc4d")).breadth, 15 * kUnit, 0.015 * 15 * kUnit);
+    EXPECT_EQ(extentOf(rect(0, 40, 100, 20, "#ffcc4d")).roundness, 0.0);
+}
+
+TEST(FormValues, ADiscThatTouchesTheFrameStaysRound)
+{
+    EXPECT_NEAR(extentOf(circle(50, 50, 50, "#ffcc4d")).roundness, 1.0, 0.02);
+}
+
+TEST(FormValues, ScaleWithTheBreadth)
+{
+    const ObjectForm one = formFor({40.0, 0.5}, ObjectRole::BODY, {});
+    const ObjectForm other = formFor({80.0, 0.5}, ObjectRole::BODY, {});
+    EXPECT_DOUBLE_EQ(other.bevel, 2.0 * one.bevel);
+    EXPECT_DOUBLE_EQ(other.elevation, 2.0 * one.elevation);
+    EXPECT_EQ(other.smoothness, one.smoothness);
+    EXPECT_DOUBLE_EQ(one.elevation * 37.5, 40.0);
+}
+
+TEST(FormValues, RoundOnesAreFuller)
+{
+    const ObjectForm ordinary = formFor({40.0, 0.85}, ObjectRole::BODY, {});
+    const ObjectForm round = formFor({40.0, 0.93}, ObjectRole::BODY, {});
+    EXPECT_DOUBLE_EQ(round.bevel, 160.0);
+    EXPECT_DOUBLE_EQ(round.elevation, 60.0 / 37.5);
+    EXPECT_DOUBLE_EQ(round.smoothness, 3.4);
+    const ObjectForm between = formFor({40.0, 0.89}, ObjectRole::BODY, {});
+    EXPECT_NEAR(between.bevel, (ordinary.bevel + round.bevel) / 2.0, 1e-9);
+    EXPECT_EQ(formFor({40.0, 0.2}, ObjectRole::BODY, {.shape = FormShape::PILLOW}), round);
+}
+
+TEST(FormValues, OpeningsSink)
+{
+    const ObjectForm body = formFor({40.0, 0.5}, ObjectRole::BODY, {});
+    const ObjectForm opening = formFor({40.0, 0.5}, ObjectRole::OPENING, {});
+    EXPECT_DOUBLE_EQ(opening.elevation, -body.elevation);
+    EXPECT_EQ(opening.bevel, body.bevel);
+}
+
+TEST(FormValues, VolumeScalesTheElevation)
+{
+    const ObjectForm body = formFor({40.0, 0.5}, ObjectRole::BODY, {});
+    const ObjectForm half = formFor({40.0, 0.5}, ObjectRole::BODY, {.volume = 0.5});
+    EXPECT_DOUBLE_EQ(half.elevation, 0.5 * body.elevation);
+    EXPECT_EQ(half.bevel, body.bevel);
+}
+
+TEST(FormValues, RimIsTheSameOnAll)
+{
+    const FormSettings rim{.shape = FormShape::RIM};
+    EXPECT_EQ(formFor({40.0, 0.5}, ObjectRole::BODY, rim), kRimForm);
+    EXPECT_EQ(formFor({400.0, 1.0}, ObjectRole::BODY, rim), kRimForm);
+}
+
+TEST(FormValues, NoVolumeIsTheSmallestElevation)
+{
+    for (const FormSettings& settings : {FormSettings{.shape = FormShape::OFF}, FormSettings{.volume = 0.0}}) {
+        const ObjectForm flat = formFor({40.0, 0.5}, ObjectRole::BODY, settings);
+        EXPECT_GT(flat.elevation, 0.0);
+        EXPECT_LT(flat.elevation, 0.001);
+    }
+    EXPECT_LT(formFor({40.0, 0.5}, ObjectRole::FLAT, {}).elevation, 0.001);
+}
+
+TEST(FormValues, AreMeasuredOnWhatIsSeenOfACompletedPart)
+{
+    ChosenObjects found = chosen(circle(50, 50, 40, "#ffcc4d"));
+    found.objects[0].measured = read(circle(50, 50, 20, "#ffcc4d")).layers[0].shapes;
+    EXPECT_EQ(chooseForms(found, {}), chooseForms(chosen(circle(50, 50, 20, "#ffcc4d")), {}));
+}

@@ -1,0 +1,181 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// What of a drawing becomes an object: each rule with a small drawing.
+#include "FormDrawings.h"
+
+using namespace form_drawings;
+using testing::ElementsAre;
+using enum ObjectRole;
+
+namespace {
+
+const QByteArray kFace = circle(50, 50, 40, "#ffcc4d");
+
+} // namespace
+
+TEST(ObjectChoice, APartOverAPartIsAnObject)
+{
+    EXPECT_EQ(countOf(kFace), 1U);
+    EXPECT_EQ(countOf(rect(30, 50, 40, 45, "#3f7d63") + circle(50, 35, 25, "#ffcc4d")), 2U);
+}
+
+TEST(ObjectChoice, LinesAroundAPartBelongToIt)
+{
+    const ChosenObjects found = chosen(kFace + line("M10 50a40 40 0 1 0 80 0a40 40 0 1 0 -80 0z"));
+    ASSERT_EQ(found.objects.size(), 1U);
+    EXPECT_EQ(found.drawing.layers[0].shapes.size(), 2U);
+}
+
+TEST(ObjectChoice, ALineBetweenTwoPartsBelongsToBoth)
+{
+    const ChosenObjects found = chosen(rect(10, 20, 40, 60, "#3f7d63") + rect(50, 20, 40, 60, "#c93434") +
+                                       line("M50 20v60") + line("M10 20h80v60h-80z"));
+    ASSERT_EQ(found.objects.size(), 2U);
+    for (const DIO_Layer& layer : found.drawing.layers)
+        EXPECT_EQ(layer.shapes.size(), 3U);
+}
+
+TEST(ObjectChoice, ALineBesideNothingIsAnObject)
+{
+    EXPECT_EQ(countOf(circle(50, 60, 20, "#c93434") + line("M10 10h80")), 2U);
+}
+
+TEST(ObjectChoice, LinesOfOneColourThatMeetAreOneObject)
+{
+    EXPECT_EQ(countOf(line("M10 10l80 80") + line("M10 90l80 -80")), 1U);
+}
+
+TEST(ObjectChoice, ACompactShapeOfAnotherHueIsAnObject)
+{
+    EXPECT_EQ(countOf(kFace + circle(50, 60, 10, "#3355cc")), 2U);
+}
+
+TEST(ObjectChoice, AShadeInsideIsNone)
+{
+    EXPECT_EQ(countOf(kFace + "<path d='M30 40q20 20 40 0q-5 40 -20 35t-20 -35z' fill='#f0b840'/>"), 1U);
+}
+
+TEST(ObjectChoice, AThinMarkInsideIsNone)
+{
+    EXPECT_EQ(countOf(kFace + line("M30 60q20 15 40 0", "#3355cc", 3.0)), 1U);
+}
+
+TEST(ObjectChoice, WhatFollowsTheOutlineIsAPattern)
+{
+    EXPECT_EQ(countOf(rect(20, 20, 60, 60, "#ffcc4d") + rect(20, 20, 60, 15, "#3355cc")), 1U);
+}
+
+TEST(ObjectChoice, PiecesOfOneColourAreOneObject)
+{
+    EXPECT_EQ(countOf(rect(20, 30, 30, 30, "#ffcc4d") + rect(45, 30, 35, 30, "#ffcc4d")), 1U);
+    EXPECT_EQ(countOf(rect(20, 30, 30, 30, "#ffcc4d") + rect(50, 30, 30, 30, "#ffcc4d")), 1U);
+}
+
+TEST(ObjectChoice, ButNotWithALineOnTheSeam)
+{
+    EXPECT_EQ(
+        countOf(rect(20, 30, 30, 30, "#ffcc4d") + rect(50, 30, 30, 30, "#ffcc4d") + line("M50 30v30") + line("M20 30h60v30h-60z")),
+        2U);
+}
+
+TEST(ObjectChoice, NorWithNotchesAtItsEnds)
+{
+    EXPECT_EQ(countOf(circle(50, 70, 25, "#eef3f8") + circle(50, 28, 19, "#eef3f8")), 2U);
+}
+
+TEST(ObjectChoice, ALongSeamOfTwoColoursJoinsThem)
+{
+    EXPECT_EQ(countOf("<path d='M50 20h-20a20 20 0 0 0 0 60h20z' fill='#c93434'/>"
+                      "<path d='M50 20h20a20 20 0 0 1 0 60h-20z' fill='#f0f0f0'/>"),
+              1U);
+}
+
+TEST(ObjectChoice, ADarkShapeThatHoldsOthersIsAnOpening)
+{
+    EXPECT_THAT(rolesOf(kFace + "<path d='M30 55h40q0 25 -20 25t-20 -25z' fill='#664500'/>" +
+                        circle(50, 70, 6, "#dd2e44")),
+                ElementsAre(BODY, OPENING, BODY));
+}
+
+TEST(ObjectChoice, ALargeDarkShapeIsAHoleASmallOneABead)
+{
+    EXPECT_THAT(rolesOf(kFace + circle(50, 55, 12, "#333333")), ElementsAre(BODY, OPENING));
+    EXPECT_THAT(rolesOf(kFace + circle(50, 55, 5, "#333333")), ElementsAre(BODY, BODY));
+}
+
+TEST(ObjectChoice, APupilIsAMarkOnItsEye)
+{
+    EXPECT_EQ(countOf(kFace + circle(40, 45, 12, "#ffffff") + circle(42, 47, 6, "#333333")), 2U);
+}
+
+TEST(ObjectChoice, ADialIsFlatInItsRim)
+{
+    EXPECT_THAT(rolesOf(circle(50, 50, 40, "#99aab5") + circle(50, 50, 30, "#e1e8ed")), ElementsAre(BODY, FLAT));
+}
+
+TEST(ObjectChoice, WindowsSink)
+{
+    EXPECT_THAT(rolesOf(rect(10, 20, 80, 70, "#ffe8b6") + rect(20, 40, 15, 15, "#55acee") + rect(65, 40, 15, 15, "#55acee")),
+                ElementsAre(BODY, OPENING, OPENING));
+}
+
+TEST(ObjectChoice, SiblingsAreDecidedTogether)
+{
+    // The second of three lies at the rim, where it would be a pattern by itself.
+    const ChosenObjects found = chosen(rect(10, 10, 80, 80, "#ffcc4d") + circle(30, 30, 8, "#dd2e44") +
+                                       circle(50, 18, 8, "#dd2e44") + circle(70, 60, 8, "#dd2e44"));
+    EXPECT_EQ(found.objects.size(), 4U);
+}
+
+TEST(ObjectChoice, AShadowOnTheGroundIsFlat)
+{
+    EXPECT_THAT(rolesOf("<ellipse cx='50' cy='85' rx='40' ry='8' fill='#000000' opacity='0.3'/>" +
+                        circle(50, 50, 30, "#c93434")),
+                ElementsAre(FLAT, BODY));
+}
+
+TEST(ObjectChoice, WhatLiesOnABackdropLiesOnNothing)
+{
+    EXPECT_THAT(rolesOf(rect(0, 0, 100, 100, "#ffffff") + line("M10 30h80v40h-80z", "#dd2222", 4.0)),
+                ElementsAre(FLAT, BODY));
+}
+
+TEST(ObjectChoice, ATileIsASlab)
+{
+    EXPECT_THAT(rolesOf("<rect width='100' height='100' rx='12' fill='#dd2e44'/>"), ElementsAre(SLAB));
+}
+
+TEST(ObjectChoice, AStrokeOfAFillsOwnColourIsAPieceOfIt)
+{
+    EXPECT_EQ(countOf("<circle cx='50' cy='50' r='30' fill='#b1cc33' stroke='#b1cc33' stroke-width='4'/>" +
+                      line("M20 50a30 30 0 1 0 60 0a30 30 0 1 0 -60 0z") + line("M40 50h20") + line("M45 60h10")),
+              1U);
+}
+
+TEST(ObjectChoice, TwoDeclaredLayersAreBelieved)
+{
+    const QByteArray layers = "<g inkscape:groupmode='layer' inkscape:label='Body'>" + kFace +
+                              circle(50, 50, 10, "#3355cc") + "</g><g inkscape:groupmode='layer' inkscape:label='Hat'>" +
+                              rect(20, 5, 60, 15, "#222222") + "</g>";
+    const ChosenObjects found = chosen(layers);
+    ASSERT_EQ(found.objects.size(), 2U);
+    EXPECT_EQ(found.objects[0].name, QStringLiteral("Body"));
+    EXPECT_EQ(found.drawing.layers[0].shapes.size(), 2U);
+    EXPECT_EQ(chosen(layers, ObjectChoice::ONE).objects.size(), 1U);
+}
+
+TEST(ObjectChoice, EveryShapeIsAnObjectWhereAskedFor)
+{
+    EXPECT_EQ(chosen(kFace + line("M30 60h40"), ObjectChoice::SHAPES).objects.size(), 2U);
+}
+
+TEST(ObjectChoice, SaysWhatItFound)
+{
+    const ChosenObjects found = chosen(rect(10, 40, 80, 50, "#3f7d63") + circle(50, 35, 25, "#dd2e44"));
+    ASSERT_EQ(found.objects.size(), 2U);
+    EXPECT_EQ(found.objects[0].name, QStringLiteral("green"));
+    EXPECT_EQ(found.objects[1].name, QStringLiteral("red"));
+    EXPECT_EQ(found.objects[1].reason, QStringLiteral("a part over a part"));
+    EXPECT_THAT(found.objects[1].colours, ElementsAre(QStringLiteral("#dd2e44")));
+    EXPECT_NEAR(found.objects[1].share, 3.1416 * 0.25 * 0.25, 0.004);
+}

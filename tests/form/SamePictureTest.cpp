@@ -1,0 +1,82 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Painted one over the other, the objects show the drawing that they were found in.
+#include "FormDrawings.h"
+
+#include <rapidcheck/gtest.h>
+
+#include <QDirIterator>
+
+using namespace form_drawings;
+
+namespace {
+
+QByteArray randomShape()
+{
+    static const std::vector<const char*> kColours = {"#ffcc4d", "#dd2e44", "#111111", "#ffffff",
+                                                      "#3355cc", "#c99a30", "#77b255", "#222222"};
+    const auto number = [](int low, int high) { return *rc::gen::inRange(low, high); };
+    const char* const colour = kColours[static_cast<std::size_t>(number(0, static_cast<int>(kColours.size())))];
+    switch (number(0, 4)) {
+    case 0:
+        return circle(number(5, 95), number(5, 95), number(2, 40), colour);
+    case 1:
+        return rect(number(0, 80), number(0, 80), number(3, 60), number(3, 60), colour);
+    case 2:
+        return QStringLiteral("<circle cx='%1' cy='%2' r='%3' fill='none' stroke='#111111' stroke-width='3'/>")
+            .arg(number(10, 90))
+            .arg(number(10, 90))
+            .arg(number(5, 40))
+            .toUtf8();
+    default:
+        return line(qPrintable(QStringLiteral("M%1 %2L%3 %4").arg(number(0, 99)).arg(number(0, 99)).arg(number(0, 99)).arg(
+                        number(0, 99))),
+                    colour, number(1, 6));
+    }
+}
+
+QStringList realDrawings()
+{
+    QStringList drawings;
+    QDirIterator files(QStringLiteral("/usr/share/openclipart/svg"), {QStringLiteral("*.svg")}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext())
+        drawings.append(files.next());
+    drawings.sort();
+    return drawings;
+}
+
+} // namespace
+
+RC_GTEST_PROP(SamePicture, ofShapesAnywhere, ())
+{
+    QByteArray content;
+    for (int i = *rc::gen::inRange(1, 12); i > 0; --i)
+        content += randomShape();
+    const DIO_Drawing drawing = read(content);
+    const ChosenObjects found = chooseObjects(drawing, ObjectChoice::AUTO);
+    RC_ASSERT(found.drawing.layers.size() == found.objects.size());
+    const int differing = pixelsThatDiffer(painted(drawing, 300), painted(found.drawing, 300));
+    RC_LOG() << content.toStdString() << "\n";
+    RC_ASSERT(differing <= 60);
+}
+
+TEST(SamePicture, ofRealDrawings)
+{
+    const QStringList drawings = realDrawings();
+    ASSERT_GE(drawings.size(), 1000) << "the package with the drawings is missing: ./dev test installs it";
+    constexpr qsizetype kEach = 67;
+    constexpr int kOfPixels = 200 * 200 / 200;
+    int alike = 0;
+    int all = 0;
+    for (qsizetype i = 0; i < drawings.size(); i += kEach) {
+        const UT_Result<DIO_Drawing> drawing = DIO_readSvg(drawings[i]);
+        if (!drawing)
+            continue;
+        const ChosenObjects found = chooseObjects(*drawing, ObjectChoice::AUTO);
+        ++all;
+        alike += pixelsThatDiffer(painted(*drawing, 200), painted(found.drawing, 200)) <= kOfPixels ? 1 : 0;
+    }
+    // What is seen through several objects is the exception.
+    EXPECT_GE(alike, all * 97 / 100) << alike << " of " << all;
+}
