@@ -73,11 +73,12 @@ bool hasRole(const ChosenObjects& chosen, ObjectRole role)
 
 } // namespace
 
-TEST(BitmapObjects, aFlatDiscIsOneObjectNamedByItsColour)
+TEST(BitmapObjects, anOnlyObjectIsTheDrawingAsItWas)
 {
     const ChosenObjects chosen = objectsOf(pictureOf({{{48, 48}, 30, 0xffd03030U}}));
     ASSERT_EQ(chosen.objects.size(), 1U);
-    EXPECT_EQ(chosen.objects[0].name, QStringLiteral("red"));
+    EXPECT_EQ(chosen.objects[0].name, QStringLiteral("sprite"));
+    EXPECT_EQ(chosen.drawing.layers[0].shapes.front().path.boundingRect(), QRectF(0, 0, 96, 96));
     EXPECT_EQ(chosen.objects[0].role, ObjectRole::BODY);
     // A disc of 30 in 96 x 96 pixels.
     EXPECT_NEAR(chosen.objects[0].share, 0.307, 0.02);

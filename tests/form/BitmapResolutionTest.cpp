@@ -3,7 +3,7 @@
 // The resolution at which bitmaps are understood.
 #include "Bitmaps.h"
 
-#include "form/bitmap/OwnResolution.h"
+#include "form/bitmap/pictures/OwnResolution.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>

@@ -3,16 +3,17 @@
 // The steps in their order, and the result put together.
 #include "form/bitmap/BitmapObjects.h"
 
-#include "form/bitmap/BitmapRoles.h"
-#include "form/bitmap/FrameContinuation.h"
-#include "form/bitmap/RegionMerging.h"
+#include "form/bitmap/pictures/FrameContinuation.h"
+#include "form/bitmap/regions/BitmapRoles.h"
+#include "form/bitmap/regions/RegionMerging.h"
 
 #include <cmath>
 #include <map>
 
 namespace {
 
-// A bevel reaches so many of an object's largest radii beyond its outline.
+// A bevel reaches so many of an object's largest radii beyond its outline; what lies farther away than a quarter of the
+// picture hardly shows.
 constexpr double kBeyond = 2.0;
 
 // Names by colour; the second red object is "red-2".
@@ -30,21 +31,6 @@ private:
     std::map<QString, int> _counts;
 };
 
-DIO_Shape pictureShape(const DIO_Drawing& drawing, const QImage& bitmap, const QRect& place, const QImage& picture,
-                       int paint)
-{
-    const QRectF& frame = drawing.viewBox;
-    const double sx = frame.width() / bitmap.width();
-    const double sy = frame.height() / bitmap.height();
-    DIO_Shape shape;
-    shape.path.addRect(frame.left() + sx * place.left(), frame.top() + sy * place.top(), sx * place.width(),
-                       sy * place.height());
-    shape.opacity = drawing.layers.front().shapes.front().opacity;
-    shape.paint = paint;
-    shape.picture = picture;
-    return shape;
-}
-
 // The drawing as it is, where nothing is covered.
 ChosenObjects asItIs(const DIO_Drawing& drawing)
 {
@@ -54,16 +40,77 @@ ChosenObjects asItIs(const DIO_Drawing& drawing)
     return {drawing, {object}};
 }
 
-int paintOf(DIO_Drawing& drawing, QRgb colour)
+// How far an object goes on beyond the border, in pixels.
+int marginFor(const Region& region, const PixelCells& cells, const QSize& bitmap)
 {
-    const QColor opaque = QColor::fromRgb(colour | 0xff000000U);
-    const DIO_Paint paint{DIO_Paint::Kind::SOLID, opaque, opaque.name()};
-    const auto found = std::ranges::find(drawing.palette, paint);
-    if (found != drawing.palette.end())
-        return static_cast<int>(found - drawing.palette.begin());
-    drawing.palette.push_back(paint);
-    return static_cast<int>(drawing.palette.size()) - 1;
+    const double most = std::max(bitmap.width(), bitmap.height()) / 4.0;
+    return static_cast<int>(std::lround(std::min(most, kBeyond * region.deepest * cells.size)));
 }
+
+// Puts the result together. An only object keeps the drawing's layer, with its name, its paint and its rectangle.
+class Assembly
+{
+public:
+    Assembly(const DIO_Drawing& drawing, bool one)
+        : _source(drawing), _shape(drawing.layers.front().shapes.front()), _one(one), _chosen{drawing, {}}
+    {
+        _chosen.drawing.layers.clear();
+        if (!one)
+            _chosen.drawing.palette.clear();
+    }
+
+    void add(const ObjectPicture& picture, QRgb paint, const SeenColour& colour, const BitmapRole& role, double share)
+    {
+        const int index = _one ? _shape.paint : paintOf(paint);
+        ChosenObject object;
+        object.name = _one ? _source.layers.front().name : _names.next(colour);
+        object.reason = role.reason;
+        object.role = role.role;
+        object.colours = {_chosen.drawing.palette[static_cast<std::size_t>(index)].name};
+        object.share = share;
+        if (!picture.shown.isNull())
+            object.measured = {pictureShape(picture.shownPlace, picture.shown, index)};
+        const bool asItIs = _one && _shape.picture.rect().contains(picture.place);
+        const DIO_Shape shape = asItIs ? _shape : pictureShape(picture.place, picture.whole, index);
+        _chosen.drawing.layers.push_back({object.name, _one && _source.layers.front().declared, {shape}});
+        _chosen.objects.push_back(std::move(object));
+    }
+
+    ChosenObjects take() { return std::move(_chosen); }
+
+private:
+    DIO_Shape pictureShape(const QRect& place, const QImage& picture, int paint) const
+    {
+        const QRectF frame = _shape.path.boundingRect();
+        const double sx = frame.width() / _shape.picture.width();
+        const double sy = frame.height() / _shape.picture.height();
+        DIO_Shape shape;
+        shape.path.addRect(frame.left() + sx * place.left(), frame.top() + sy * place.top(), sx * place.width(),
+                           sy * place.height());
+        shape.opacity = _shape.opacity;
+        shape.paint = paint;
+        shape.picture = picture;
+        return shape;
+    }
+
+    int paintOf(QRgb colour)
+    {
+        std::vector<DIO_Paint>& palette = _chosen.drawing.palette;
+        const QColor opaque = QColor::fromRgb(colour | 0xff000000U);
+        const DIO_Paint paint{DIO_Paint::Kind::SOLID, opaque, opaque.name()};
+        const auto found = std::ranges::find(palette, paint);
+        if (found != palette.end())
+            return static_cast<int>(found - palette.begin());
+        palette.push_back(paint);
+        return static_cast<int>(palette.size()) - 1;
+    }
+
+    const DIO_Drawing& _source;
+    const DIO_Shape& _shape;
+    bool _one;
+    ChosenObjects _chosen;
+    Names _names;
+};
 
 std::vector<ObjectLabels> objectLabels(const BitmapRegions& regions, const RegionGraph& graph,
                                        const StackingOrder& stacking, const std::vector<BitmapRole>& roles)
@@ -104,27 +151,14 @@ ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing)
     const std::vector<ObjectLabels> parts = objectLabels(regions, graph, stacking, roles);
     std::vector<ObjectPicture> pictures = objectPictures(bitmap, own, labels, parts);
 
-    ChosenObjects chosen{drawing, {}};
-    chosen.drawing.layers.clear();
-    chosen.drawing.palette.clear();
-    Names names;
+    Assembly assembly(drawing, parts.size() == 1);
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const Region& region = graph.region(parts[i].label);
-        ObjectPicture& picture = pictures[i];
-        endAtFrame(picture, frame);
-        continueBeyondFrame(picture, frame, static_cast<int>(std::lround(kBeyond * region.deepest * own.cells.size)));
-        const int paint = paintOf(chosen.drawing, parts[i].colour);
-        ChosenObject object;
-        object.name = names.next(region.colour);
-        object.reason = roles[i].reason;
-        object.role = roles[i].role;
-        object.colours = {chosen.drawing.palette[static_cast<std::size_t>(paint)].name};
-        object.share = double(region.pixels) / own.colours.count();
-        if (!picture.shown.isNull())
-            object.measured = {pictureShape(drawing, bitmap, picture.shownPlace, picture.shown, paint)};
-        chosen.drawing.layers.push_back(
-            {object.name, false, {pictureShape(drawing, bitmap, picture.place, picture.whole, paint)}});
-        chosen.objects.push_back(std::move(object));
+        endAtFrame(pictures[i], frame);
+        if (roles[i].role != ObjectRole::FLAT)
+            continueBeyondFrame(pictures[i], frame, marginFor(region, own.cells, bitmap.size()));
+        assembly.add(pictures[i], parts[i].colour, region.colour, roles[i],
+                     double(region.pixels) / own.colours.count());
     }
-    return chosen;
+    return assembly.take();
 }

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Columns are repeated to the left and right first, then rows, with what was added: so corners are filled too.
-#include "form/bitmap/FrameContinuation.h"
+#include "form/bitmap/pictures/FrameContinuation.h"
 
 #include <algorithm>
 #include <cstring>

@@ -5,7 +5,7 @@
 // parts are.
 #pragma once
 
-#include "form/bitmap/ColourAreas.h"
+#include "form/bitmap/regions/ColourAreas.h"
 
 /// The areas that regions grow from.
 struct RegionCores

@@ -2,11 +2,11 @@
 //
 // What every region grows from is called its core. Cores are chosen among the areas; everything else that is covered
 // goes to the nearest one.
-#include "form/bitmap/BitmapRegions.h"
+#include "form/bitmap/regions/BitmapRegions.h"
 
-#include "form/bitmap/ConnectedPixels.h"
-#include "form/bitmap/PixelDistances.h"
-#include "form/bitmap/RegionCores.h"
+#include "form/bitmap/pixels/ConnectedPixels.h"
+#include "form/bitmap/pixels/PixelDistances.h"
+#include "form/bitmap/regions/RegionCores.h"
 
 #include <algorithm>
 #include <cmath>

@@ -3,9 +3,9 @@
 // Linking neighbours that hardly differ would not do by itself: where an edge runs almost along the rows, antialiasing
 // fades one colour into the other in steps as small as one likes. So only calm pixels are linked, whose four neighbours
 // are all like them; a pixel of an antialiased edge has the two colours on its sides.
-#include "form/bitmap/ColourAreas.h"
+#include "form/bitmap/regions/ColourAreas.h"
 
-#include "form/bitmap/ConnectedPixels.h"
+#include "form/bitmap/pixels/ConnectedPixels.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // A backdrop lies along the picture's border, an opening is dark and holds something, a shadow lets shine through.
-#include "form/bitmap/BitmapRoles.h"
+#include "form/bitmap/regions/BitmapRoles.h"
 
 #include <algorithm>
 

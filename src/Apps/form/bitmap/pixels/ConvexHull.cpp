@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Andrew's monotone chain, on whole numbers.
-#include "form/bitmap/ConvexHull.h"
+#include "form/bitmap/pixels/ConvexHull.h"
 
 #include <algorithm>
 #include <cmath>

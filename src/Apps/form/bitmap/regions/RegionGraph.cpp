@@ -1,9 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Everything is counted in two passes over the pixels; joining adds the counts up.
-#include "form/bitmap/RegionGraph.h"
+#include "form/bitmap/regions/RegionGraph.h"
 
-#include "form/bitmap/PixelDistances.h"
+#include "form/bitmap/pixels/PixelDistances.h"
 
 #include <algorithm>
 #include <array>

@@ -4,9 +4,9 @@
 // of them. Regions can be joined; their numbers stay.
 #pragma once
 
-#include "form/bitmap/BitmapRegions.h"
-#include "form/bitmap/ConvexHull.h"
-#include "form/bitmap/SeamEnds.h"
+#include "form/bitmap/pixels/ConvexHull.h"
+#include "form/bitmap/regions/BitmapRegions.h"
+#include "form/bitmap/regions/SeamEnds.h"
 #include "form/choice/Colour.h"
 
 #include <map>

@@ -4,8 +4,8 @@
 // its form does not end with the picture; one that merely touches the border ends at it.
 #pragma once
 
-#include "form/bitmap/FrameCuts.h"
-#include "form/bitmap/ObjectPictures.h"
+#include "form/bitmap/pictures/FrameCuts.h"
+#include "form/bitmap/pictures/ObjectPictures.h"
 
 /// The border of a bitmap, where its cells are what was judged.
 struct BitmapFrame

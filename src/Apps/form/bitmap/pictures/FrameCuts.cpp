@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Every covered stretch of a side is judged by itself: by its length, and by the angle that is not covered at its ends.
-#include "form/bitmap/FrameCuts.h"
+#include "form/bitmap/pictures/FrameCuts.h"
 
 #include <algorithm>
 #include <cmath>

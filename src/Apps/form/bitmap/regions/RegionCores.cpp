@@ -2,10 +2,10 @@
 //
 // Thickness decides: the depth of an area's pixels is compared with the width of lines, which goes by the drawing's
 // extent.
-#include "form/bitmap/RegionCores.h"
+#include "form/bitmap/regions/RegionCores.h"
 
-#include "form/bitmap/ConnectedPixels.h"
-#include "form/bitmap/PixelDistances.h"
+#include "form/bitmap/pixels/ConnectedPixels.h"
+#include "form/bitmap/pixels/PixelDistances.h"
 #include "form/choice/Colour.h"
 
 #include <algorithm>

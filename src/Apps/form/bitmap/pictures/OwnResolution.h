@@ -4,7 +4,7 @@
 // equal ones; it is understood in drawn pixels. Large pictures are understood at a reduced size.
 #pragma once
 
-#include "form/bitmap/PixelPlane.h"
+#include "form/bitmap/pixels/PixelPlane.h"
 
 #include <QImage>
 
@@ -40,4 +40,4 @@ struct OwnPicture
 OwnPicture ownPictureOf(const QImage& image);
 
 /// Larger pictures are understood at a reduced size.
-inline constexpr int kLargestSide = 1024;
+inline constexpr int kLargestSide = 720;

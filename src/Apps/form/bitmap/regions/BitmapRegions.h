@@ -8,7 +8,7 @@
 // Of painted pictures, whose pixels hardly anywhere form areas, each connected part is one region.
 #pragma once
 
-#include "form/bitmap/ColourAreas.h"
+#include "form/bitmap/regions/ColourAreas.h"
 
 /// A cut bitmap.
 struct BitmapRegions

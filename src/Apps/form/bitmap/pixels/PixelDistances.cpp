@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Depths in two passes; growth by distance, with a bucket for each distance that is still to come (Dial's algorithm).
-#include "form/bitmap/PixelDistances.h"
+#include "form/bitmap/pixels/PixelDistances.h"
 
 #include <algorithm>
 #include <array>
@@ -26,7 +26,8 @@ constexpr std::array kAround = {Neighbour{-1, 0, kPixelStep},     Neighbour{1, 0
                                 Neighbour{-1, -1, kDiagonalStep}, Neighbour{1, -1, kDiagonalStep},
                                 Neighbour{-1, 1, kDiagonalStep},  Neighbour{1, 1, kDiagonalStep}};
 
-// The least of the distance here and of those over the neighbours on one side; sign -1 takes the other side.
+// The least way to another label over the neighbours on one side, which have been visited; sign -1 takes the other
+// side.
 int overNeighbours(const PixelPlane<int>& labels, const PixelPlane<int>& distances, int x, int y, int sign)
 {
     int least = distances.at(x, y);
@@ -39,6 +40,30 @@ int overNeighbours(const PixelPlane<int>& labels, const PixelPlane<int>& distanc
         least = std::min(least, n.step + (own ? distances.at(nx, ny) : 0));
     }
     return least;
+}
+
+// The same for a pixel that is not at the picture's border: `before` is the distance in the index to the neighbour in
+// the row before.
+int overInnerNeighbours(const PixelPlane<int>& labels, const PixelPlane<int>& distances, int i, int before, int sign)
+{
+    const int own = labels[i];
+    const auto over = [&](int other, int step) { return step + (labels[other] == own ? distances[other] : 0); };
+    return std::min({distances[i], over(i - sign, kPixelStep), over(i + before - sign, kDiagonalStep),
+                     over(i + before, kPixelStep), over(i + before + sign, kDiagonalStep)});
+}
+
+void sweepRow(const PixelPlane<int>& labels, PixelPlane<int>& depths, int y, int sign)
+{
+    const int width = labels.width();
+    const bool inner = y > 0 && y + 1 < labels.height();
+    for (int k = 0; k < width; ++k) {
+        const int x = sign > 0 ? k : width - 1 - k;
+        const int i = y * width + x;
+        if (labels[i] < 0)
+            continue;
+        depths[i] = inner && x > 0 && x + 1 < width ? overInnerNeighbours(labels, depths, i, -sign * width, sign)
+                                                    : overNeighbours(labels, depths, x, y, sign);
+    }
 }
 
 // Pixels to go on from, by their distance. Steps are short, so the buckets go round.
@@ -75,11 +100,9 @@ PixelPlane<int> depthsInside(const PixelPlane<int>& labels)
     for (int i = 0; i < labels.count(); ++i)
         depths[i] = labels[i] < 0 ? 0 : kFar;
     for (int y = 0; y < labels.height(); ++y)
-        for (int x = 0; x < labels.width(); ++x)
-            depths.at(x, y) = overNeighbours(labels, depths, x, y, 1);
+        sweepRow(labels, depths, y, 1);
     for (int y = labels.height() - 1; y >= 0; --y)
-        for (int x = labels.width() - 1; x >= 0; --x)
-            depths.at(x, y) = overNeighbours(labels, depths, x, y, -1);
+        sweepRow(labels, depths, y, -1);
     // Without any border there is no distance to one.
     const int most = kPixelStep * (std::max(labels.width(), labels.height()) / 2 + 1);
     for (int i = 0; i < depths.count(); ++i)

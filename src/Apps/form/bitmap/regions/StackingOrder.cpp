@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The order is put together from pairs, the clearest first; a pair that contradicts clearer ones is left out.
-#include "form/bitmap/StackingOrder.h"
+#include "form/bitmap/regions/StackingOrder.h"
 
 #include <algorithm>
 #include <cmath>

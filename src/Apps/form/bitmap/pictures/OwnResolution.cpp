@@ -2,7 +2,7 @@
 //
 // The drawn pixels are found from where neighbouring pixels differ: those places lie on one grid, so the size of its
 // squares divides all their distances. Most pictures show within a few rows that it is 1.
-#include "form/bitmap/OwnResolution.h"
+#include "form/bitmap/pictures/OwnResolution.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -4,7 +4,7 @@
 // shading. Pixels along edges, which antialiasing or thin lines fill with mixtures, belong to no area.
 #pragma once
 
-#include "form/bitmap/PixelPlane.h"
+#include "form/bitmap/pixels/PixelPlane.h"
 
 #include <QRgb>
 

@@ -3,7 +3,7 @@
 // Connected pixels: sets of pixels that grow together, and the connected parts of a marked plane.
 #pragma once
 
-#include "form/bitmap/PixelPlane.h"
+#include "form/bitmap/pixels/PixelPlane.h"
 
 #include <algorithm>
 #include <numeric>

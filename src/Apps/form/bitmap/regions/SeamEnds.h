@@ -6,7 +6,7 @@
 // scene into three-dimensional bodies", 1968).
 #pragma once
 
-#include "form/bitmap/PixelPlane.h"
+#include "form/bitmap/pixels/PixelPlane.h"
 
 #include <utility>
 #include <vector>

@@ -2,7 +2,7 @@
 //
 // In a reduced picture a cell may hold pixels of two regions; each goes to the region whose cell around it is most like
 // it.
-#include "form/bitmap/ObjectPictures.h"
+#include "form/bitmap/pictures/ObjectPictures.h"
 
 #include <QRgba64>
 
@@ -41,13 +41,17 @@ struct PixelFormat<QRgba64>
 class PixelLabels
 {
 public:
-    PixelLabels(const OwnPicture& own, const PixelPlane<int>& labels) : _own(own), _labels(labels), _mixed(mixedCells())
-    {}
-
-    int at(int x, int y, QRgb pixel) const
+    PixelLabels(const OwnPicture& own, const PixelPlane<int>& labels, int width)
+        : _own(own), _labels(labels), _mixed(mixedCells())
     {
-        const int cx = _own.cells.cellX(x);
-        const int cy = _own.cells.cellY(y);
+        for (int x = 0; x < width; ++x)
+            _columns.push_back(own.cells.cellX(x));
+    }
+
+    /// @param cy the row of cells that the pixel lies in
+    int at(int x, int cy, QRgb pixel) const
+    {
+        const int cx = _columns[static_cast<std::size_t>(x)];
         return _mixed.at(cx, cy) ? mostAlike(cx, cy, pixel) : _labels.at(cx, cy);
     }
 
@@ -99,6 +103,7 @@ private:
     const OwnPicture& _own;
     const PixelPlane<int>& _labels;
     PixelPlane<char> _mixed;
+    std::vector<int> _columns; // the cell of each column
 };
 
 // An object's picture while it is painted.
@@ -147,10 +152,11 @@ public:
             const std::vector<ObjectLabels>& objects)
         : _bitmap(bitmap)
         , _cells(own.cells)
-        , _labels(own, labels)
+        , _labels(own, labels, bitmap.width())
         , _objects(objects)
         , _targets(targetsOf(objects))
         , _canvases(objects.size())
+        , _runs(static_cast<std::size_t>(bitmap.height()))
     {}
 
     std::vector<ObjectPicture> paint()
@@ -171,47 +177,54 @@ public:
 private:
     const Pixel* row(int y) const { return reinterpret_cast<const Pixel*>(_bitmap.constScanLine(y)); }
 
-    const Targets* targetsAt(int x, int y, Pixel pixel) const
+    const Targets* targetsAt(int x, int cy, Pixel pixel) const
     {
         if (Format::alpha(pixel) == 0)
             return nullptr;
-        const int label = _labels.at(x, y, Format::plain(pixel));
+        const int label = _labels.at(x, cy, Format::plain(pixel));
         return label < 0 ? nullptr : &_targets[static_cast<std::size_t>(label)];
     }
 
-    // Runs of pixels with the same targets.
-    template<typename Visit>
-    void forEachRun(int y, Visit visit) const
+    // Pixels of a row with the same targets.
+    struct Run
+    {
+        const Targets* targets;
+        int from;
+        int to;
+    };
+
+    void findRuns(int y, std::vector<Run>& runs) const
     {
         const Pixel* pixels = row(y);
-        const Targets* current = nullptr;
-        int from = 0;
+        const int cy = _cells.cellY(y);
+        runs.clear();
         for (int x = 0; x < _bitmap.width(); ++x) {
-            const Targets* here = targetsAt(x, y, pixels[x]);
-            if (here == current)
+            const Targets* here = targetsAt(x, cy, pixels[x]);
+            if (!here)
                 continue;
-            if (current)
-                visit(*current, from, x);
-            current = here;
-            from = x;
+            if (!runs.empty() && runs.back().to == x && runs.back().targets == here)
+                ++runs.back().to;
+            else
+                runs.push_back({here, x, x + 1});
         }
-        if (current)
-            visit(*current, from, _bitmap.width());
     }
 
     Canvas& canvas(int object) { return _canvases[static_cast<std::size_t>(object)]; }
 
     void findPlaces()
     {
-        for (int y = 0; y < _bitmap.height(); ++y)
-            forEachRun(y, [&](const Targets& targets, int from, int to) {
-                const QRect run(from, y, to - from, 1);
-                canvas(targets.own).place |= run;
-                for (const Targets::Lower& lower : targets.beneath) {
-                    canvas(lower.object).place |= run;
+        for (int y = 0; y < _bitmap.height(); ++y) {
+            std::vector<Run>& runs = _runs[static_cast<std::size_t>(y)];
+            findRuns(y, runs);
+            for (const Run& run : runs) {
+                const QRect place(run.from, y, run.to - run.from, 1);
+                canvas(run.targets->own).place |= place;
+                for (const Targets::Lower& lower : run.targets->beneath) {
+                    canvas(lower.object).place |= place;
                     canvas(lower.object).completed |= !lower.inside;
                 }
-            });
+            }
+        }
         for (Canvas& canvas : _canvases)
             if (canvas.completed) {
                 canvas.shown = QImage(canvas.place.size(), QImage::Format_Alpha8);
@@ -228,15 +241,15 @@ private:
     void paintRow(int y)
     {
         const Pixel* pixels = row(y);
-        forEachRun(y, [&](const Targets& targets, int from, int to) {
-            std::copy(pixels + from, pixels + to, target(targets.own, from, y));
-            markShown(canvas(targets.own), pixels, from, to, y);
-            for (const Targets::Lower& lower : targets.beneath) {
+        for (const auto& [targets, from, to] : _runs[static_cast<std::size_t>(y)]) {
+            std::copy(pixels + from, pixels + to, target(targets->own, from, y));
+            markShown(canvas(targets->own), pixels, from, to, y);
+            for (const Targets::Lower& lower : targets->beneath) {
                 fillBeneath(lower.object, pixels, from, to, y);
                 const auto [first, last] = lower.inside ? std::pair(from, to) : hulled(lower.object, from, to, y);
                 markShown(canvas(lower.object), pixels, first, last, y);
             }
-        });
+        }
     }
 
     // The part of a run inside of an object's hull.
@@ -272,6 +285,7 @@ private:
     const std::vector<ObjectLabels>& _objects;
     std::vector<Targets> _targets;
     std::vector<Canvas> _canvases;
+    std::vector<std::vector<Run>> _runs; // of each row
 };
 
 } // namespace

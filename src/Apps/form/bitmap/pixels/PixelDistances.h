@@ -5,7 +5,7 @@
 // distance. Whole numbers, so mirrored pictures have mirrored distances.
 #pragma once
 
-#include "form/bitmap/PixelPlane.h"
+#include "form/bitmap/pixels/PixelPlane.h"
 
 /// What a step to the side counts.
 inline constexpr int kPixelStep = 3;

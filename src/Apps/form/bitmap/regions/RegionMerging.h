@@ -4,7 +4,7 @@
 // darker and lighter shapes of its colour, highlights, thin stripes, the pupil of an eye.
 #pragma once
 
-#include "form/bitmap/RegionGraph.h"
+#include "form/bitmap/regions/RegionGraph.h"
 
 /// Joins the regions that are parts of one object.
 ///

@@ -7,7 +7,7 @@
 // goes straight on where their seam ends.
 #pragma once
 
-#include "form/bitmap/RegionGraph.h"
+#include "form/bitmap/regions/RegionGraph.h"
 
 /// The order of regions.
 struct StackingOrder

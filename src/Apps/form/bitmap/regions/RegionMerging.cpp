@@ -2,7 +2,7 @@
 //
 // Rules for pairs: first for what lies inside another region, the smallest first, then for what lies beside one, the
 // most alike first.
-#include "form/bitmap/RegionMerging.h"
+#include "form/bitmap/regions/RegionMerging.h"
 
 #include <algorithm>
 #include <cmath>

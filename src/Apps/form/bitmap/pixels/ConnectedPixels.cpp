@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Parts are numbered by their first pixel.
-#include "form/bitmap/ConnectedPixels.h"
+#include "form/bitmap/pixels/ConnectedPixels.h"
 
 ConnectedParts connectedPartsOf(const PixelPlane<char>& marked)
 {

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "form/ChosenObjects.h"
-#include "form/bitmap/StackingOrder.h"
+#include "form/bitmap/regions/StackingOrder.h"
 
 struct BitmapRole
 {

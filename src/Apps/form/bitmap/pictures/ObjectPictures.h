@@ -6,8 +6,8 @@
 // it fully, it has its own colour. So the pictures painted one over the other are the bitmap, pixel for pixel.
 #pragma once
 
-#include "form/bitmap/ConvexHull.h"
-#include "form/bitmap/OwnResolution.h"
+#include "form/bitmap/pictures/OwnResolution.h"
+#include "form/bitmap/pixels/ConvexHull.h"
 
 #include <QImage>
 #include <QRect>

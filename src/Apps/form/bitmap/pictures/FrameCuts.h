@@ -5,7 +5,7 @@
 // is cut meets the border steeply and along a good part of it; what touches it turns away.
 #pragma once
 
-#include "form/bitmap/PixelPlane.h"
+#include "form/bitmap/pixels/PixelPlane.h"
 
 #include <array>
 

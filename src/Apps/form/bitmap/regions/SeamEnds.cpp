@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // An angle is the share of a disc around the point, at samples that lie the same way on all sides of it.
-#include "form/bitmap/SeamEnds.h"
+#include "form/bitmap/regions/SeamEnds.h"
 
 #include <QPoint>
 
