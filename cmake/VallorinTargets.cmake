@@ -57,12 +57,12 @@ function(quarvel_install_room name room)
   endforeach()
 endfunction()
 
-# vallorin_add_tests(AREA [WITHOUT_QT] [LIBRARIES dep...])
+# vallorin_add_tests(AREA [WITHOUT_QT] [THREADS] [LIBRARIES dep...])
 #
 # One test program, test_AREA, from the sources in the folder; CTest knows each of its tests by name. WITHOUT_QT: nothing that it
-# links brings Qt.
+# links brings Qt. THREADS: the tests use threads of ours; they have the label "threads", and CI runs them under the thread sanitizer.
 function(vallorin_add_tests area)
-  cmake_parse_arguments(arg "WITHOUT_QT" "" "LIBRARIES" ${ARGN})
+  cmake_parse_arguments(arg "WITHOUT_QT;THREADS" "" "LIBRARIES" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
   add_executable(test_${area} ${sources})
   target_include_directories(test_${area} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
@@ -77,12 +77,17 @@ function(vallorin_add_tests area)
     target_include_directories(test_${area} PRIVATE "${PROJECT_SOURCE_DIR}/src/Apps")
     target_link_libraries(test_${area} PRIVATE TBB::tbb)
   endif()
+  set(labels "")
+  if(arg_THREADS)
+    set(labels LABELS threads)
+    add_dependencies(threaded_tests test_${area})
+  endif()
   gtest_discover_tests(
     test_${area}
     TEST_PREFIX "${area}."
     DISCOVERY_TIMEOUT 60
     # What the programs remember for their user is the tests' own.
-    PROPERTIES TIMEOUT 900 ENVIRONMENT "QT_QPA_PLATFORM=offscreen" ENVIRONMENT_MODIFICATION
+    PROPERTIES ${labels} TIMEOUT 900 ENVIRONMENT "QT_QPA_PLATFORM=offscreen" ENVIRONMENT_MODIFICATION
                "XDG_STATE_HOME=set:${PROJECT_BINARY_DIR}/tests/state")
 endfunction()
 

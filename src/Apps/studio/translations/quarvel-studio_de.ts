@@ -28,14 +28,6 @@
         <translation>eine Belichtung (Bild „%1“) ist nicht lesbar und wird ausgelassen</translation>
     </message>
     <message>
-        <source>Link %1</source>
-        <translation>%1 verknüpfen</translation>
-    </message>
-    <message>
-        <source>Unlink %1</source>
-        <translation>Verknüpfung von %1 lösen</translation>
-    </message>
-    <message>
         <source>&quot;%1&quot; is not a value for it; it stays as it was</source>
         <translation>„%1“ ist dafür kein Wert; alles bleibt, wie es war</translation>
     </message>
