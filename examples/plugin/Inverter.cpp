@@ -44,7 +44,8 @@ class Inverter final : public MO_CompositeModuleBase
 {
 public:
     Inverter() { addInImagePort(); }
-    QString keyword() const override { return QStringLiteral("Inverter"); }
+    static QString Keyword() { return QStringLiteral("Inverter"); }
+    QString keyword() const override { return Keyword(); }
     QString baseDisplayName() const override { return QStringLiteral("Inverter"); }
 
     UT_SharedPtr<MO_SoftRenderInterface>
@@ -55,7 +56,6 @@ public:
     }
 };
 
-const bool registered = MO_ModuleFactorySingleton().registerCreator(
-    QStringLiteral("Inverter"), []() -> std::unique_ptr<MO_Module> { return std::make_unique<Inverter>(); });
+const MO_ModuleRegistration<Inverter> kRegistration;
 
 } // namespace

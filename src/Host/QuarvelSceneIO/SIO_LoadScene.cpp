@@ -22,10 +22,10 @@ namespace {
 /// How often a scene that is being saved is read before its readers ask for the lock.
 constexpr int kAttempts = 5;
 
-QString translated(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("SIO_LoadScene", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SIO_LoadScene)
+};
 
 // Loads one scene once.
 class Loader
@@ -67,7 +67,7 @@ private:
             return UT_Error{context.file() + QStringLiteral(": ") + read.error().text};
         for (const SIO_Index::Palette& palette : _scene->index.palettes)
             if (auto loaded = readPalette(palette); !loaded)
-                return UT_Error{context.file() + translated(", line %1: ").arg(palette.line) + loaded.error().text};
+                return UT_Error{context.file() + Texts::tr(", line %1: ").arg(palette.line) + loaded.error().text};
         for (const SIO_Index::Element& element : _scene->index.elements)
             if (auto loaded = readElement(element, context); !loaded)
                 return loaded;
@@ -94,13 +94,13 @@ private:
     UT_Result<void> readElement(const SIO_Index::Element& entry, const SIO_XmlContext& context)
     {
         const auto at = [&](int line, const QString& reason) {
-            return UT_Error{translated("%1, line %2: %3").arg(context.file(), QString::number(line), reason)};
+            return UT_Error{Texts::tr("%1, line %2: %3").arg(context.file(), QString::number(line), reason)};
         };
         MO_Module* const module = _scene->findModule(entry.module);
         auto* const element = dynamic_cast<MO_ElementModule*>(module);
         const bool isOpaque = dynamic_cast<MO_OpaqueModule*>(module) != nullptr;
         if (!element && !isOpaque)
-            return at(entry.line, translated("the scene has no module \"%1\" with drawings").arg(entry.module));
+            return at(entry.line, Texts::tr("the scene has no module \"%1\" with drawings").arg(entry.module));
         SIO_Scene::Kept kept{entry, {}};
         for (const SIO_Index::Drawing& drawing : entry.drawings) {
             auto bytes = _files.read(entry.pathOf(drawing));
@@ -193,7 +193,7 @@ UT_Result<SIO_LoadedScene> readAlone(const QString& folder)
     SIO_FolderReader files(folder);
     auto loaded = Loader(files).load();
     if (!files.isUnchanged())
-        return UT_Error{translated("the scene \"%1\" is being saved again and again; try later").arg(folder)};
+        return UT_Error{Texts::tr("the scene \"%1\" is being saved again and again; try later").arg(folder)};
     return loaded;
 }
 
@@ -206,7 +206,7 @@ UT_Result<SIO_LoadedScene> SIO_loadScene(const QString& folder)
     // Without a slash at its end, and never empty.
     const QString home = QDir::cleanPath(QFileInfo(folder).absoluteFilePath());
     if (!QFileInfo(home).isDir())
-        return UT_Error{translated("there is no scene \"%1\"").arg(QDir::toNativeSeparators(folder))};
+        return UT_Error{Texts::tr("there is no scene \"%1\"").arg(QDir::toNativeSeparators(folder))};
     for (int attempt = 1; attempt < kAttempts; ++attempt)
         if (auto loaded = readBetweenSaves(home))
             return std::move(*loaded);

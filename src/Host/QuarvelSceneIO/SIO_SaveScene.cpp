@@ -18,10 +18,10 @@
 
 namespace {
 
-QString translated(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("SIO_SaveScene", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SIO_SaveScene)
+};
 
 // The files that belong to the scene on the disk; none when it is damaged, since then nobody knows.
 UT_Result<QStringList> filesOnDisk(const QString& folder)
@@ -35,7 +35,7 @@ UT_Result<QStringList> filesOnDisk(const QString& folder)
     if (!document)
         return QStringList();
     if (!SIO_isMainFile(document->documentElement()))
-        return UT_Error{translated("\"%1\" belongs to another program; name another folder").arg(context.file())};
+        return UT_Error{Texts::tr("\"%1\" belongs to another program; name another folder").arg(context.file())};
     const auto index = SIO_readIndex(document->documentElement(), context);
     return index ? index->paths() : QStringList();
 }
@@ -89,7 +89,7 @@ UT_Result<void> SIO_saveSceneOn(const MO_Scene& scene, const QString& folder, SI
             return synced;
         }
     } else if (!QFileInfo(home).isDir()) {
-        return UT_Error{translated("\"%1\" is a file; a scene is a folder").arg(QDir::toNativeSeparators(home))};
+        return UT_Error{Texts::tr("\"%1\" is a file; a scene is a folder").arg(QDir::toNativeSeparators(home))};
     }
     auto saved = saveFiles(*files, home, disk);
     if (!saved && isNew)

@@ -95,6 +95,21 @@
     </message>
 </context>
 <context>
+    <name>AT_Curve</name>
+    <message>
+        <source>parts of the curve are not known here and kept as they are</source>
+        <translation>Teile der Kurve sind hier unbekannt und werden unverändert behalten</translation>
+    </message>
+    <message>
+        <source>a key of the curve (frame &quot;%1&quot;) cannot be read and is left out</source>
+        <translation>ein Keyframe der Kurve (Bild „%1“) ist nicht lesbar und wird ausgelassen</translation>
+    </message>
+    <message>
+        <source>parts of the key at frame %1 are not known here and kept as they are</source>
+        <translation>Teile des Keyframes bei Bild %1 sind hier unbekannt und werden unverändert behalten</translation>
+    </message>
+</context>
+<context>
     <name>AttrEditor</name>
     <message>
         <source>%1 (in files: %2)</source>
@@ -487,10 +502,128 @@
     </message>
 </context>
 <context>
+    <name>MO_CompositeModule</name>
+    <message>
+        <source>First Input on Top</source>
+        <translation>Erster Eingang oben</translation>
+    </message>
+    <message>
+        <source>Last Input on Top</source>
+        <translation>Letzter Eingang oben</translation>
+    </message>
+    <message>
+        <source>Composite</source>
+        <translation>Überlagerung</translation>
+    </message>
+</context>
+<context>
     <name>MO_DisplayModule</name>
     <message>
         <source>Display</source>
         <translation>Anzeige</translation>
+    </message>
+</context>
+<context>
+    <name>MO_EditCommands</name>
+    <message>
+        <source>Link %1</source>
+        <translation>%1 verknüpfen</translation>
+    </message>
+    <message>
+        <source>Unlink %1</source>
+        <translation>Verknüpfung von %1 lösen</translation>
+    </message>
+    <message>
+        <source>Add Input Port</source>
+        <translation>Eingang hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add Output Port</source>
+        <translation>Ausgang hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove Input Port</source>
+        <translation>Eingang entfernen</translation>
+    </message>
+    <message>
+        <source>Remove Output Port</source>
+        <translation>Ausgang entfernen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no such port</source>
+        <translation>„%1“ hat keinen solchen Anschluss</translation>
+    </message>
+    <message>
+        <source>The last port of &quot;%1&quot; is linked; cut its links first</source>
+        <translation>Der letzte Anschluss von „%1“ ist verbunden; trennen Sie zuerst seine Verbindungen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not part of a scene</source>
+        <translation>„%1“ gehört zu keiner Szene</translation>
+    </message>
+    <message>
+        <source>Connect &quot;%1&quot; to &quot;%2&quot;</source>
+        <translation>„%1“ mit „%2“ verbinden</translation>
+    </message>
+    <message>
+        <source>Disconnect &quot;%1&quot;</source>
+        <translation>„%1“ trennen</translation>
+    </message>
+    <message>
+        <source>Move Link to &quot;%1&quot;</source>
+        <translation>Verbindung auf „%1“ verlegen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;</source>
+        <translation>„%1“</translation>
+    </message>
+    <message>
+        <source>%1 Modules</source>
+        <translation>%1 Module</translation>
+    </message>
+    <message>
+        <source>Add %1</source>
+        <translation>%1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>Delete %1</source>
+        <translation>%1 löschen</translation>
+    </message>
+    <message>
+        <source>Duplicate %1</source>
+        <translation>%1 duplizieren</translation>
+    </message>
+    <message>
+        <source>Rename &quot;%1&quot;</source>
+        <translation>„%1“ umbenennen</translation>
+    </message>
+    <message>
+        <source>Enable %1</source>
+        <translation>%1 aktivieren</translation>
+    </message>
+    <message>
+        <source>Disable %1</source>
+        <translation>%1 deaktivieren</translation>
+    </message>
+    <message>
+        <source>Rename Palette &quot;%1&quot;</source>
+        <translation>Palette „%1“ umbenennen</translation>
+    </message>
+    <message>
+        <source>Rename Colour &quot;%1&quot;</source>
+        <translation>Farbe „%1“ umbenennen</translation>
+    </message>
+    <message>
+        <source>Change Colour &quot;%1&quot;</source>
+        <translation>Farbe „%1“ ändern</translation>
+    </message>
+    <message>
+        <source>Change Frames</source>
+        <translation>Bildbereich ändern</translation>
+    </message>
+    <message>
+        <source>Change Frame Height</source>
+        <translation>Bildhöhe ändern</translation>
     </message>
 </context>
 <context>
@@ -527,6 +660,56 @@
     <message>
         <source>&quot;%1&quot; is not understood by this version of the program</source>
         <translation>„%1“ versteht diese Programmversion nicht</translation>
+    </message>
+</context>
+<context>
+    <name>MO_Port</name>
+    <message>
+        <source>A link cannot cross the border of a group; use a port of the group</source>
+        <translation>Eine Verbindung kann die Grenze einer Gruppe nicht überschreiten; benutzen Sie einen Anschluss der Gruppe</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; already depends on &quot;%2&quot;; the link would close a circle</source>
+        <translation>„%1“ hängt schon von „%2“ ab; die Verbindung würde einen Kreis schließen</translation>
+    </message>
+    <message>
+        <source>A link leads from an output port to an input port</source>
+        <translation>Eine Verbindung führt von einem Ausgang zu einem Eingang</translation>
+    </message>
+</context>
+<context>
+    <name>MO_Scene</name>
+    <message>
+        <source>&quot;%1&quot; has no output port %2</source>
+        <translation>„%1“ hat keinen Ausgang %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no input port %2</source>
+        <translation>„%1“ hat keinen Eingang %2</translation>
+    </message>
+    <message>
+        <source>Line %1: &lt;%2&gt; is no scene</source>
+        <translation>Zeile %1: &lt;%2&gt; ist keine Szene</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; is not understood by this version of the program</source>
+        <translation>&lt;%1&gt; versteht diese Programmversion nicht</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not understood by this version of the program</source>
+        <translation>„%1“ versteht diese Programmversion nicht</translation>
+    </message>
+    <message>
+        <source>The scene was saved by a newer version of the program</source>
+        <translation>Die Szene wurde mit einer neueren Programmversion gespeichert</translation>
+    </message>
+    <message>
+        <source>The last frame lies before the first; the scene has the frames %1 to %2</source>
+        <translation>Das letzte Bild liegt vor dem ersten; die Szene hat die Bilder %1 bis %2</translation>
+    </message>
+    <message>
+        <source>The height of the frame is not a positive number</source>
+        <translation>Die Bildhöhe ist keine positive Zahl</translation>
     </message>
 </context>
 <context>
@@ -1189,10 +1372,189 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     </message>
 </context>
 <context>
+    <name>SIO_Drawing</name>
+    <message>
+        <source>a drawing with more than %1 shapes</source>
+        <translation>eine Zeichnung mit mehr als %1 Formen</translation>
+    </message>
+    <message>
+        <source>the colour is no identifier of 16 hexadecimal digits</source>
+        <translation>die Farbe ist keine Kennung aus 16 hexadezimalen Ziffern</translation>
+    </message>
+    <message>
+        <source>the opacity is no number</source>
+        <translation>die Deckkraft ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>the shape has no path</source>
+        <translation>die Form hat keinen Pfad</translation>
+    </message>
+    <message>
+        <source>the fill rule is neither &quot;evenodd&quot; nor &quot;nonzero&quot;</source>
+        <translation>die Füllregel ist weder „evenodd“ noch „nonzero“</translation>
+    </message>
+    <message>
+        <source>the points are no path</source>
+        <translation>die Punkte sind kein Pfad</translation>
+    </message>
+    <message>
+        <source>the picture is damaged or too large</source>
+        <translation>das Bild ist beschädigt oder zu groß</translation>
+    </message>
+    <message>
+        <source>the drawing&apos;s pictures are too large</source>
+        <translation>die Bilder der Zeichnung sind zu groß</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; is no drawing</source>
+        <translation>&lt;%1&gt; ist keine Zeichnung</translation>
+    </message>
+    <message>
+        <source>the scene has no palette &quot;%1&quot;</source>
+        <translation>die Szene hat keine Palette „%1“</translation>
+    </message>
+    <message>
+        <source>it has more than %1 shapes</source>
+        <translation>sie hat mehr als %1 Formen</translation>
+    </message>
+    <message>
+        <source>an opacity is no number</source>
+        <translation>eine Deckkraft ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>a path has a point that is no number or too far away</source>
+        <translation>ein Pfad hat einen Punkt, der keine Zahl ist oder zu weit entfernt liegt</translation>
+    </message>
+    <message>
+        <source>a picture is too large</source>
+        <translation>ein Bild ist zu groß</translation>
+    </message>
+    <message>
+        <source>its file would be larger than %1 MiB</source>
+        <translation>ihre Datei wäre größer als %1 MiB</translation>
+    </message>
+    <message>
+        <source>the drawing &quot;%1&quot; cannot be saved: %2</source>
+        <translation>die Zeichnung „%1“ lässt sich nicht speichern: %2</translation>
+    </message>
+</context>
+<context>
     <name>SIO_FileSystem</name>
     <message>
         <source>it is a folder</source>
         <translation>es ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>cannot make the folder &quot;%1&quot;: %2</source>
+        <translation>der Ordner „%1“ lässt sich nicht anlegen: %2</translation>
+    </message>
+    <message>
+        <source>cannot write &quot;%1&quot;: %2</source>
+        <translation>„%1“ lässt sich nicht schreiben: %2</translation>
+    </message>
+    <message>
+        <source>cannot put &quot;%1&quot; in place: %2</source>
+        <translation>„%1“ lässt sich nicht an seinen Platz bringen: %2</translation>
+    </message>
+    <message>
+        <source>cannot remove &quot;%1&quot;: %2</source>
+        <translation>„%1“ lässt sich nicht entfernen: %2</translation>
+    </message>
+    <message>
+        <source>cannot remove the folder &quot;%1&quot;: %2</source>
+        <translation>der Ordner „%1“ lässt sich nicht entfernen: %2</translation>
+    </message>
+    <message>
+        <source>cannot write the folder &quot;%1&quot;: %2</source>
+        <translation>der Ordner „%1“ lässt sich nicht schreiben: %2</translation>
+    </message>
+</context>
+<context>
+    <name>SIO_FolderLock</name>
+    <message>
+        <source>the scene &quot;%1&quot; is being saved by another program; try again later</source>
+        <translation>die Szene „%1“ wird gerade von einem anderen Programm gespeichert; versuchen Sie es später noch einmal</translation>
+    </message>
+    <message>
+        <source>files may not be made in &quot;%1&quot;; permit it or name another place</source>
+        <translation>in „%1“ dürfen keine Dateien angelegt werden; erlauben Sie es oder nennen Sie einen anderen Ort</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no plain file; remove it</source>
+        <translation>„%1“ ist keine gewöhnliche Datei; entfernen Sie es</translation>
+    </message>
+    <message>
+        <source>cannot write in &quot;%1&quot;; see whether the disk is full</source>
+        <translation>in „%1“ lässt sich nicht schreiben; sehen Sie nach, ob der Datenträger voll ist</translation>
+    </message>
+</context>
+<context>
+    <name>SIO_FolderReader</name>
+    <message>
+        <source>&quot;%1&quot; leads out of the scene&apos;s folder</source>
+        <translation>„%1“ führt aus dem Szenenordner hinaus</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is missing</source>
+        <translation>„%1“ fehlt</translation>
+    </message>
+</context>
+<context>
+    <name>SIO_Index</name>
+    <message>
+        <source>the palette has no identifier of 16 hexadecimal digits</source>
+        <translation>die Palette hat keine Kennung aus 16 hexadezimalen Ziffern</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; comes twice</source>
+        <translation>„%1“ kommt zweimal vor</translation>
+    </message>
+    <message>
+        <source>the names of folders and files have no slash</source>
+        <translation>Namen von Ordnern und Dateien haben keinen Schrägstrich</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no drawing&apos;s file; its name ends in .kvr</source>
+        <translation>„%1“ ist keine Zeichnungsdatei; deren Name endet auf .kvr</translation>
+    </message>
+    <message>
+        <source>the file &quot;%1&quot; comes twice</source>
+        <translation>die Datei „%1“ kommt zweimal vor</translation>
+    </message>
+    <message>
+        <source>a second scene stands in one file</source>
+        <translation>in einer Datei steht eine zweite Szene</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; is no scene</source>
+        <translation>&lt;%1&gt; ist keine Szene</translation>
+    </message>
+    <message>
+        <source>there is no &lt;scene&gt;</source>
+        <translation>es gibt kein &lt;scene&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>SIO_Journal</name>
+    <message>
+        <source>&quot;%1&quot; is reached through a link</source>
+        <translation>„%1“ wird über einen Link erreicht</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is missing</source>
+        <translation>„%1“ fehlt</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is a link; remove it</source>
+        <translation>„%1“ ist ein Link; entfernen Sie ihn</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is a save that was cut short, but not one that you began in this folder on this machine; it was left alone. Open the scene where it was saved, or remove &quot;.journal&quot; and &quot;.save&quot;</source>
+        <translation>„%1“ ist ein abgebrochenes Speichern, das Sie aber nicht in diesem Ordner auf diesem Rechner begonnen haben; es wurde nicht angerührt. Öffnen Sie die Szene dort, wo sie gespeichert wurde, oder entfernen Sie „.journal“ und „.save“</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no place for a file of the scene: a link or a folder is in the way</source>
+        <translation>„%1“ ist kein Platz für eine Datei der Szene: Ein Link oder ein Ordner ist im Weg</translation>
     </message>
 </context>
 <context>
@@ -1200,6 +1562,60 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>cannot make or read the key &quot;%1&quot;, without which no save is safe; make that folder writable and the file your own, or set XDG_STATE_HOME</source>
         <translation>der Schlüssel „%1“, ohne den kein Speichern sicher ist, lässt sich weder anlegen noch lesen; machen Sie den Ordner beschreibbar und die Datei zu Ihrer eigenen, oder setzen Sie XDG_STATE_HOME</translation>
+    </message>
+</context>
+<context>
+    <name>SIO_LoadScene</name>
+    <message>
+        <source>, line %1: </source>
+        <translation>, Zeile %1: </translation>
+    </message>
+    <message>
+        <source>%1, line %2: %3</source>
+        <translation>%1, Zeile %2: %3</translation>
+    </message>
+    <message>
+        <source>the scene has no module &quot;%1&quot; with drawings</source>
+        <translation>die Szene hat kein Modul „%1“ mit Zeichnungen</translation>
+    </message>
+    <message>
+        <source>the scene &quot;%1&quot; is being saved again and again; try later</source>
+        <translation>die Szene „%1“ wird immer wieder gespeichert; versuchen Sie es später</translation>
+    </message>
+    <message>
+        <source>there is no scene &quot;%1&quot;</source>
+        <translation>es gibt keine Szene „%1“</translation>
+    </message>
+</context>
+<context>
+    <name>SIO_Palette</name>
+    <message>
+        <source>a colour of the kind &quot;%1&quot; is shown as a plain one; it is kept</source>
+        <translation>eine Farbe der Art „%1“ wird als einfache gezeigt; sie bleibt erhalten</translation>
+    </message>
+    <message>
+        <source>a colour of the type &quot;%1&quot; is taken for a plain one</source>
+        <translation>eine Farbe vom Typ „%1“ wird als einfache genommen</translation>
+    </message>
+    <message>
+        <source>the colour has no identifier of 16 hexadecimal digits</source>
+        <translation>die Farbe hat keine Kennung aus 16 hexadezimalen Ziffern</translation>
+    </message>
+    <message>
+        <source>red, green, blue and alpha are whole numbers from 0 to 255</source>
+        <translation>Rot, Grün, Blau und Alpha sind ganze Zahlen von 0 bis 255</translation>
+    </message>
+    <message>
+        <source>a second colour has the identifier %1</source>
+        <translation>eine zweite Farbe hat die Kennung %1</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; is no palette</source>
+        <translation>&lt;%1&gt; ist keine Palette</translation>
+    </message>
+    <message>
+        <source>the palette&apos;s identifier is not %1</source>
+        <translation>die Kennung der Palette ist nicht %1</translation>
     </message>
 </context>
 <context>
@@ -1218,6 +1634,74 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>cannot read &quot;%1&quot;: %2</source>
         <translation>„%1“ ist nicht lesbar: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is reached through a link; a scene holds plain files and folders only</source>
+        <translation>„%1“ wird über einen Link erreicht; eine Szene enthält nur gewöhnliche Dateien und Ordner</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no plain file</source>
+        <translation>„%1“ ist keine gewöhnliche Datei</translation>
+    </message>
+</context>
+<context>
+    <name>SIO_SaveScene</name>
+    <message>
+        <source>&quot;%1&quot; belongs to another program; name another folder</source>
+        <translation>„%1“ gehört einem anderen Programm; nennen Sie einen anderen Ordner</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is a file; a scene is a folder</source>
+        <translation>„%1“ ist eine Datei; eine Szene ist ein Ordner</translation>
+    </message>
+</context>
+<context>
+    <name>SIO_SceneFiles</name>
+    <message>
+        <source>&quot;%1&quot; would be larger than %2 MiB</source>
+        <translation>„%1“ wäre größer als %2 MiB</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; would have more than %2 elements and attributes</source>
+        <translation>„%1“ hätte mehr als %2 Elemente und Attribute</translation>
+    </message>
+    <message>
+        <source>two different palettes have the identifier %1</source>
+        <translation>zwei verschiedene Paletten haben die Kennung %1</translation>
+    </message>
+    <message>
+        <source>the palette &quot;%1&quot; has no identifier</source>
+        <translation>die Palette „%1“ hat keine Kennung</translation>
+    </message>
+</context>
+<context>
+    <name>SIO_Warnings</name>
+    <message>
+        <source> (and %1 times more)</source>
+        <translation> (und noch %1-mal)</translation>
+    </message>
+    <message>
+        <source>and %1 warnings of other kinds</source>
+        <translation>und %1 andere Warnungen</translation>
+    </message>
+</context>
+<context>
+    <name>SIO_XmlContext</name>
+    <message>
+        <source>%1, line %2</source>
+        <translation>%1, Zeile %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not understood by this version of the program; it is kept</source>
+        <translation>„%1“ versteht diese Programmversion nicht; es bleibt erhalten</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; is not understood by this version of the program; it is kept</source>
+        <translation>&lt;%1&gt; versteht diese Programmversion nicht; es bleibt erhalten</translation>
+    </message>
+    <message>
+        <source>a newer version of the program saved this</source>
+        <translation>dies wurde mit einer neueren Programmversion gespeichert</translation>
     </message>
 </context>
 <context>
@@ -1441,6 +1925,34 @@ Schalten Sie in seinen Eigenschaften „Normalen erzeugen“ ein.</translation>
     <message>
         <source>Group</source>
         <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; is not understood by this version</source>
+        <translation>&lt;%1&gt; versteht diese Version nicht</translation>
+    </message>
+    <message>
+        <source>Line %1: a graph with more than %2 modules is not read</source>
+        <translation>Zeile %1: Ein Graph mit mehr als %2 Modulen wird nicht gelesen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is of the unknown kind &quot;%2&quot;; it is kept as it is</source>
+        <translation>„%1“ ist von der unbekannten Art „%2“; es bleibt, wie es ist</translation>
+    </message>
+    <message>
+        <source>A second module &quot;%1&quot; is called &quot;%2&quot; now</source>
+        <translation>Ein zweites Modul „%1“ heißt jetzt „%2“</translation>
+    </message>
+    <message>
+        <source>The link leads from or to nowhere and is left out</source>
+        <translation>Die Verbindung führt ins Leere und wird ausgelassen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not understood by this version</source>
+        <translation>„%1“ versteht diese Version nicht</translation>
     </message>
 </context>
 <context>

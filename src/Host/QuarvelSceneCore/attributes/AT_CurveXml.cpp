@@ -26,10 +26,10 @@ constexpr QLatin1String kOutValue{"outVal"};
 constexpr std::array<QLatin1String, 3> kTypeNames = {QLatin1String("hold"), QLatin1String("linear"),
                                                      QLatin1String("bezier")};
 
-QString translated(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("AT_Curve", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(AT_Curve)
+};
 
 void warn(QStringList* warnings, const QString& text)
 {
@@ -129,7 +129,7 @@ bool AT_Curve::parseXml(const QDomElement& element, QStringList* warnings)
             _unknown.addElement(inner);
     }
     if (!_unknown.isEmpty())
-        warn(warnings, translated("parts of the curve are not known here and kept as they are"));
+        warn(warnings, Texts::tr("parts of the curve are not known here and kept as they are"));
     return understood && _unknown.isEmpty();
 }
 
@@ -144,12 +144,12 @@ bool AT_Curve::parseKey(const QDomElement& element, QStringList* warnings)
     const bool typeKnown = readType(element, key.interpolation);
     const bool anyUnknown = keepUnknown(element, key, typeKnown);
     if (!readable || !setKey(key)) {
-        warn(warnings, translated("a key of the curve (frame \"%1\") cannot be read and is left out")
+        warn(warnings, Texts::tr("a key of the curve (frame \"%1\") cannot be read and is left out")
                            .arg(element.attribute(kFrame)));
         return false;
     }
     if (anyUnknown)
-        warn(warnings, translated("parts of the key at frame %1 are not known here and kept as they are")
+        warn(warnings, Texts::tr("parts of the key at frame %1 are not known here and kept as they are")
                            .arg(element.attribute(kFrame)));
     return !anyUnknown;
 }

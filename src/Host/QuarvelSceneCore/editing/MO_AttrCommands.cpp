@@ -45,7 +45,8 @@ MO_EditCommand MO_driveCmd(AT_SimpleAttr& attr, const UT_SharedPtr<AT_AttrSurrog
     if (surrogate && !attr.isLinkable())
         return nullptr;
     using Surrogate = UT_SharedPtr<AT_AttrSurrogate>;
-    const QString name = (surrogate ? MO_commandText("Link %1") : MO_commandText("Unlink %1")).arg(attr.label());
+    const QString name =
+        (surrogate ? MO_CommandTexts::tr("Link %1") : MO_CommandTexts::tr("Unlink %1")).arg(attr.label());
     return changeCmd<AT_SimpleAttr, Surrogate>(
         attr, name, [](AT_SimpleAttr& target, const Surrogate& driving) { target.setSurrogate(driving); },
         attr.surrogate(), surrogate);

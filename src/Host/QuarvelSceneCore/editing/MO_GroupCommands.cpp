@@ -16,8 +16,8 @@ public:
     QString name() const override
     {
         if (_isAdding)
-            return _isInput ? MO_commandText("Add Input Port") : MO_commandText("Add Output Port");
-        return _isInput ? MO_commandText("Remove Input Port") : MO_commandText("Remove Output Port");
+            return _isInput ? MO_CommandTexts::tr("Add Input Port") : MO_CommandTexts::tr("Add Output Port");
+        return _isInput ? MO_CommandTexts::tr("Remove Input Port") : MO_CommandTexts::tr("Remove Output Port");
     }
     void execute() override { change(_isAdding); }
     void undo() override { change(!_isAdding); }
@@ -48,11 +48,11 @@ UT_Result<MO_EditCommand> MO_removeGroupPortCmd(XUGroup& group, bool isInput)
 {
     const unsigned ports = isInput ? group.nInPorts() : group.nOutPorts();
     if (ports == 0)
-        return UT_Error{MO_commandText("\"%1\" has no such port").arg(group.instanceName())};
+        return UT_Error{MO_CommandTexts::tr("\"%1\" has no such port").arg(group.instanceName())};
     const MO_Port* const outer = isInput ? group.inPort(ports - 1) : group.outPort(ports - 1);
     const MO_Port* const inner = isInput ? group.entry().outPort(ports - 1) : group.exit().inPort(ports - 1);
     if (outer->isConnected() || inner->isConnected())
         return UT_Error{
-            MO_commandText("The last port of \"%1\" is linked; cut its links first").arg(group.instanceName())};
+            MO_CommandTexts::tr("The last port of \"%1\" is linked; cut its links first").arg(group.instanceName())};
     return MO_EditCommand(std::make_unique<GroupPortCmd>(group, isInput, false));
 }

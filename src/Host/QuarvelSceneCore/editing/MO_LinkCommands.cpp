@@ -47,12 +47,13 @@ UT_Result<MO_EditCommand> MO_connectCmd(MO_Module& source, MO_Module& target, un
 {
     const XUGroup* const group = target.group();
     if (!group)
-        return UT_Error{MO_commandText("\"%1\" is not part of a scene").arg(target.instanceName())};
+        return UT_Error{MO_CommandTexts::tr("\"%1\" is not part of a scene").arg(target.instanceName())};
     if (const auto possible = MO_Scene::mayConnect(source, target, inPort, outPort); !possible)
         return possible.error();
     if (const MO_Port* const port = target.inPort(inPort); port && port->srcPort() == source.outPort(outPort))
         return MO_EditCommand();
-    const QString name = MO_commandText("Connect \"%1\" to \"%2\"").arg(source.instanceName(), target.instanceName());
+    const QString name =
+        MO_CommandTexts::tr("Connect \"%1\" to \"%2\"").arg(source.instanceName(), target.instanceName());
     return MO_EditCommand(std::make_unique<LinkCmd>(name, *group, [&source, &target, inPort, outPort] {
         [[maybe_unused]] const auto linked = MO_Scene::connect(source, target, inPort, outPort);
         assert(linked.ok());
@@ -65,7 +66,7 @@ MO_EditCommand MO_disconnectCmd(MO_Module& target, unsigned inPort)
     const MO_Port* const port = target.inPort(inPort);
     if (!group || !port || !port->srcPort())
         return nullptr;
-    return std::make_unique<LinkCmd>(MO_commandText("Disconnect \"%1\"").arg(target.instanceName()), *group,
+    return std::make_unique<LinkCmd>(MO_CommandTexts::tr("Disconnect \"%1\"").arg(target.instanceName()), *group,
                                      [&target, inPort] { MO_Scene::disconnect(target, inPort); });
 }
 
@@ -80,7 +81,7 @@ UT_Result<MO_EditCommand> MO_moveLinkCmd(MO_Module& from, unsigned fromPort, MO_
     UT_Result<MO_EditCommand> link = MO_connectCmd(*source->module(), to, toPort, source->index());
     if (!link)
         return link.error();
-    auto both = std::make_unique<CO_OrCommand>(MO_commandText("Move Link to \"%1\"").arg(nameOf(to)));
+    auto both = std::make_unique<CO_OrCommand>(MO_CommandTexts::tr("Move Link to \"%1\"").arg(nameOf(to)));
     both->append(std::move(cut));
     both->append(std::move(*link));
     return MO_EditCommand(std::move(both));

@@ -122,15 +122,15 @@ std::vector<ModulesCmd::Entry> entriesOf(const XUGroup& group, const std::vector
 
 QString quoted(const std::vector<MO_Module*>& modules)
 {
-    return modules.size() == 1 ? MO_commandText("\"%1\"").arg(modules.front()->instanceName())
-                               : MO_commandText("%1 Modules").arg(modules.size());
+    return modules.size() == 1 ? MO_CommandTexts::tr("\"%1\"").arg(modules.front()->instanceName())
+                               : MO_CommandTexts::tr("%1 Modules").arg(modules.size());
 }
 
 } // namespace
 
 MO_EditCommand MO_addModuleCmd(XUGroup& group, std::unique_ptr<MO_Module> module, MO_Module* source)
 {
-    const QString name = MO_commandText("Add %1").arg(module->baseDisplayName());
+    const QString name = MO_CommandTexts::tr("Add %1").arg(module->baseDisplayName());
     MO_Module* const added = module.get();
     std::vector<Link> links;
     if (source && source->group() == &group && source->nOutPorts() > 0 && added->nInPorts() > 0)
@@ -145,7 +145,7 @@ MO_EditCommand MO_removeModulesCmd(const std::vector<MO_Module*>& modules)
     XUGroup* const group = commonGroup(modules);
     if (!group)
         return nullptr;
-    return std::make_unique<RemoveModulesCmd>(MO_commandText("Delete %1").arg(quoted(modules)), *group,
+    return std::make_unique<RemoveModulesCmd>(MO_CommandTexts::tr("Delete %1").arg(quoted(modules)), *group,
                                               entriesOf(*group, modules));
 }
 
@@ -170,7 +170,7 @@ MO_EditCommand MO_duplicateModulesCmd(const std::vector<MO_Module*>& modules, st
             if (source && copyFor.contains(source->node()))
                 links.push_back({copyFor[source->node()], source->index(), copyFor[module], i});
         }
-    return std::make_unique<AddModulesCmd>(MO_commandText("Duplicate %1").arg(quoted(modules)), *group,
+    return std::make_unique<AddModulesCmd>(MO_CommandTexts::tr("Duplicate %1").arg(quoted(modules)), *group,
                                            std::move(entries), std::move(links));
 }
 
@@ -178,7 +178,7 @@ MO_EditCommand MO_renameCmd(MO_Module& module, const QString& name)
 {
     if (module.instanceName() == name)
         return nullptr;
-    return MO_makeStateCmd(MO_commandText("Rename \"%1\"").arg(module.instanceName()), module.instanceName(), name,
+    return MO_makeStateCmd(MO_CommandTexts::tr("Rename \"%1\"").arg(module.instanceName()), module.instanceName(), name,
                            [&module](const QString& wanted) { module.setInstanceName(wanted); });
 }
 
@@ -189,7 +189,8 @@ MO_EditCommand MO_enableCmd(const std::vector<MO_Module*>& modules, bool enabled
                          [&](const MO_Module* module) { return module->enabled() != enabled; });
     if (changing.empty())
         return nullptr;
-    const QString name = (enabled ? MO_commandText("Enable %1") : MO_commandText("Disable %1")).arg(quoted(changing));
+    const QString name =
+        (enabled ? MO_CommandTexts::tr("Enable %1") : MO_CommandTexts::tr("Disable %1")).arg(quoted(changing));
     return MO_makeStateCmd(name, !enabled, enabled, [changing](bool state) {
         for (MO_Module* module : changing)
             module->setEnabled(state);

@@ -120,18 +120,18 @@ MO_EditCommand MO_renamePaletteCmd(MO_Scene& scene, const PalettePtr& palette, c
     for (const ColorPtr& color : palette->colors())
         renamed->addColor(color);
     return std::make_unique<ReplacePaletteCmd>(
-        MO_commandText("Rename Palette \"%1\"").arg(palette->GetName().ToQString()), scene, palette, renamed);
+        MO_CommandTexts::tr("Rename Palette \"%1\"").arg(palette->GetName().ToQString()), scene, palette, renamed);
 }
 
 MO_EditCommand MO_renameColorCmd(MO_Scene& scene, const PalettePtr& palette, const CM_ColorId_t& id,
                                  const QString& name)
 {
-    return changeColorCmd(scene, palette, id, MO_commandText("Rename Colour \"%1\""),
+    return changeColorCmd(scene, palette, id, MO_CommandTexts::tr("Rename Colour \"%1\""),
                           [&](CM_BaseColorObj& color) { color.SetColorName(UT_String(name)); });
 }
 
 MO_EditCommand MO_recolorCmd(MO_Scene& scene, const PalettePtr& palette, const CM_ColorId_t& id, const CM_Rgba& color)
 {
-    return changeColorCmd(scene, palette, id, MO_commandText("Change Colour \"%1\""),
+    return changeColorCmd(scene, palette, id, MO_CommandTexts::tr("Change Colour \"%1\""),
                           [&](CM_BaseColorObj& changed) { changed.SetNominalColor(color); });
 }

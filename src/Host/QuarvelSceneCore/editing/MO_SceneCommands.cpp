@@ -13,9 +13,9 @@ MO_EditCommand MO_frameRangeCmd(MO_Scene& scene, int first, int last)
     const std::pair after(first, last);
     if (before == after || last < first)
         return nullptr;
-    return MO_makeStateCmd(MO_commandText("Change Frames"), before, after, [&scene](const std::pair<int, int>& range) {
-        scene.setFrameRange(range.first, range.second);
-    });
+    return MO_makeStateCmd(
+        MO_CommandTexts::tr("Change Frames"), before, after,
+        [&scene](const std::pair<int, int>& range) { scene.setFrameRange(range.first, range.second); });
 }
 
 MO_EditCommand MO_frameHeightCmd(MO_Scene& scene, double height)
@@ -23,6 +23,6 @@ MO_EditCommand MO_frameHeightCmd(MO_Scene& scene, double height)
     const double before = scene.frameHeight();
     if (before == height || !(height > 0.0) || std::isinf(height))
         return nullptr;
-    return MO_makeStateCmd(MO_commandText("Change Frame Height"), before, height,
+    return MO_makeStateCmd(MO_CommandTexts::tr("Change Frame Height"), before, height,
                            [&scene](double wanted) { scene.setFrameHeight(wanted); });
 }

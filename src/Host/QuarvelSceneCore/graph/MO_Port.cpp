@@ -12,10 +12,10 @@
 
 namespace {
 
-QString translated(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("MO_Port", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(MO_Port)
+};
 
 bool feedsAnything(const MO_Node& node)
 {
@@ -93,9 +93,9 @@ MO_Port* MO_Port::lookThrough(bool alsoDisabled) const
 UT_Result<void> MO_Port::mayLink(const MO_Node& source, const MO_Node& target)
 {
     if (target.group() != source.group())
-        return UT_Error{translated("A link cannot cross the border of a group; use a port of the group")};
+        return UT_Error{Texts::tr("A link cannot cross the border of a group; use a port of the group")};
     if (isUpstream(&target, source))
-        return UT_Error{translated("\"%1\" already depends on \"%2\"; the link would close a circle")
+        return UT_Error{Texts::tr("\"%1\" already depends on \"%2\"; the link would close a circle")
                             .arg(source.instanceName(), target.instanceName())};
     return {};
 }
@@ -103,7 +103,7 @@ UT_Result<void> MO_Port::mayLink(const MO_Node& source, const MO_Node& target)
 UT_Result<void> MO_Port::mayConnect(const MO_Port& source) const
 {
     if (_kind != Kind::IN || source._kind != Kind::OUT)
-        return UT_Error{translated("A link leads from an output port to an input port")};
+        return UT_Error{Texts::tr("A link leads from an output port to an input port")};
     return mayLink(*source._node, *_node);
 }
 

@@ -18,10 +18,10 @@ const QString kAttributeFirst = QStringLiteral("firstFrame");
 const QString kAttributeLast = QStringLiteral("lastFrame");
 const QString kAttributeHeight = QStringLiteral("frameHeight");
 
-QString translated(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("MO_Scene", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(MO_Scene)
+};
 
 } // namespace
 
@@ -45,11 +45,11 @@ UT_Result<void> MO_Scene::mayConnect(const MO_Module& source, const MO_Module& t
 {
     const MO_Port* const from = source.outPort(outPort);
     if (!from)
-        return UT_Error{translated("\"%1\" has no output port %2").arg(source.instanceName()).arg(outPort)};
+        return UT_Error{Texts::tr("\"%1\" has no output port %2").arg(source.instanceName()).arg(outPort)};
     if (const MO_Port* const to = target.inPort(inPort))
         return to->mayConnect(*from);
     if (inPort >= target.maxInPorts())
-        return UT_Error{translated("\"%1\" has no input port %2").arg(target.instanceName()).arg(inPort)};
+        return UT_Error{Texts::tr("\"%1\" has no input port %2").arg(target.instanceName()).arg(inPort)};
     return MO_Port::mayLink(source, target);
 }
 
@@ -132,7 +132,7 @@ void MO_Scene::writeXmlSubnodes(PO_XmlWriter& writer) const
 UT_Result<void> MO_Scene::readXml(const QDomElement& element, QStringList* warnings)
 {
     if (element.tagName() != getXmlElementName())
-        return UT_Error{translated("Line %1: <%2> is no scene").arg(element.lineNumber()).arg(element.tagName())};
+        return UT_Error{Texts::tr("Line %1: <%2> is no scene").arg(element.lineNumber()).arg(element.tagName())};
     const auto warn = [&](const QString& text) {
         if (warnings)
             *warnings << text;
@@ -147,7 +147,7 @@ UT_Result<void> MO_Scene::readXml(const QDomElement& element, QStringList* warni
                 return graph.error();
         } else if (child.tagName() != kElementCamera) {
             unknown.addElement(child);
-            warn(translated("<%1> is not understood by this version of the program").arg(child.tagName()));
+            warn(Texts::tr("<%1> is not understood by this version of the program").arg(child.tagName()));
         }
     }
     const QDomNamedNodeMap attributes = element.attributes();
@@ -157,18 +157,18 @@ UT_Result<void> MO_Scene::readXml(const QDomElement& element, QStringList* warni
             name == kAttributeHeight)
             continue;
         unknown.addAttribute(name, attributes.item(i).nodeValue());
-        warn(translated("\"%1\" is not understood by this version of the program").arg(name));
+        warn(Texts::tr("\"%1\" is not understood by this version of the program").arg(name));
     }
     if (PO_intAttribute(element, kPIO_atributeVersion).value_or(kVersion) > kVersion)
-        warn(translated("The scene was saved by a newer version of the program"));
+        warn(Texts::tr("The scene was saved by a newer version of the program"));
 
     if (!setFrameRange(PO_intAttribute(element, kAttributeFirst).value_or(1),
                        PO_intAttribute(element, kAttributeLast).value_or(1)))
-        warn(translated("The last frame lies before the first; the scene has the frames %1 to %2")
+        warn(Texts::tr("The last frame lies before the first; the scene has the frames %1 to %2")
                  .arg(firstFrame())
                  .arg(lastFrame()));
     if (!setFrameHeight(PO_doubleAttribute(element, kAttributeHeight).value_or(405.0)))
-        warn(translated("The height of the frame is not a positive number"));
+        warn(Texts::tr("The height of the frame is not a positive number"));
     readCamera(element.firstChildElement(kElementCamera), warnings);
     _unknown = unknown;
     root->setScene(this);
@@ -192,6 +192,6 @@ void MO_Scene::readCamera(const QDomElement& camera, QStringList* warnings)
         }
         _unknownCamera.addElement(child);
         if (warnings)
-            *warnings << translated("<%1> is not understood by this version of the program").arg(child.tagName());
+            *warnings << Texts::tr("<%1> is not understood by this version of the program").arg(child.tagName());
     }
 }

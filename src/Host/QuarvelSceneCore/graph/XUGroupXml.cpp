@@ -22,15 +22,15 @@ const QString kAttributeFromPort = QStringLiteral("fromPort");
 const QString kAttributeTo = QStringLiteral("to");
 const QString kAttributeToPort = QStringLiteral("toPort");
 
-QString translated(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("XUGroup", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(XUGroup)
+};
 
 void addWarning(QStringList* warnings, const QDomElement& element, const QString& text)
 {
     if (warnings)
-        *warnings << translated("Line %1: %2").arg(element.lineNumber()).arg(text);
+        *warnings << Texts::tr("Line %1: %2").arg(element.lineNumber()).arg(text);
 }
 
 // Which link of a graph is meant. Its first end is led by its length, since names may hold any characters.
@@ -151,7 +151,7 @@ UT_Result<void> XUGroup::readGraph(const QDomElement& element, QStringList* warn
                 return read;
         } else if (child.tagName() != kElementLink) {
             _unknownGraph.addElement(child);
-            addWarning(warnings, child, translated("<%1> is not understood by this version").arg(child.tagName()));
+            addWarning(warnings, child, Texts::tr("<%1> is not understood by this version").arg(child.tagName()));
         }
     }
     for (QDomElement link = element.firstChildElement(kElementLink); !link.isNull();
@@ -164,7 +164,7 @@ UT_Result<void> XUGroup::readModule(const QDomElement& element, QHash<QString, M
                                     QStringList* warnings)
 {
     if (outermost()._names.size() >= kMaxModulesInFile)
-        return UT_Error{translated("Line %1: a graph with more than %2 modules is not read")
+        return UT_Error{Texts::tr("Line %1: a graph with more than %2 modules is not read")
                             .arg(element.lineNumber())
                             .arg(kMaxModulesInFile)};
     const QString type = PO_attribute(element, QStringLiteral("type"));
@@ -173,7 +173,7 @@ UT_Result<void> XUGroup::readModule(const QDomElement& element, QHash<QString, M
     if (!made) {
         made = std::make_unique<MO_OpaqueModule>(type);
         addWarning(warnings, element,
-                   translated("\"%1\" is of the unknown kind \"%2\"; it is kept as it is").arg(fileName, type));
+                   Texts::tr("\"%1\" is of the unknown kind \"%2\"; it is kept as it is").arg(fileName, type));
     }
     made->setInstanceName(fileName);
     // Part of the graph before it is read, so that modules inside of it are counted and named with all others.
@@ -185,7 +185,7 @@ UT_Result<void> XUGroup::readModule(const QDomElement& element, QHash<QString, M
         return *group->_graphError;
     if (module.instanceName() != fileName)
         addWarning(warnings, element,
-                   translated("A second module \"%1\" is called \"%2\" now").arg(fileName, module.instanceName()));
+                   Texts::tr("A second module \"%1\" is called \"%2\" now").arg(fileName, module.instanceName()));
     return {};
 }
 
@@ -201,7 +201,7 @@ void XUGroup::readLink(const QDomElement& element, const QHash<QString, MO_Modul
     const bool portsAreFew = target && inPort && (*inPort <= target->nInPorts() || mayAddFreePorts(*inPort)) &&
                              source && outPort && (*outPort <= source->nOutPorts() || mayAddFreePorts(*outPort));
     if (!portsAreFew) {
-        addWarning(warnings, element, translated("The link leads from or to nowhere and is left out"));
+        addWarning(warnings, element, Texts::tr("The link leads from or to nowhere and is left out"));
         return;
     }
     if (auto* opaque = dynamic_cast<MO_OpaqueModule*>(source))
@@ -223,11 +223,11 @@ void XUGroup::keepUnknownOfLink(const QDomElement& element, const MO_Port& targe
         if (name == kAttributeFrom || name == kAttributeFromPort || name == kAttributeTo || name == kAttributeToPort)
             continue;
         unknown.addAttribute(name, attributes.item(i).nodeValue());
-        addWarning(warnings, element, translated("\"%1\" is not understood by this version").arg(name));
+        addWarning(warnings, element, Texts::tr("\"%1\" is not understood by this version").arg(name));
     }
     for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
         unknown.addElement(child);
-        addWarning(warnings, child, translated("<%1> is not understood by this version").arg(child.tagName()));
+        addWarning(warnings, child, Texts::tr("<%1> is not understood by this version").arg(child.tagName()));
     }
     if (!unknown.isEmpty())
         _unknownLinks.insert(linkKey(*target.srcPort(), target), unknown);

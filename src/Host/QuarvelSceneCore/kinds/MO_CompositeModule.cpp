@@ -14,10 +14,10 @@
 
 namespace {
 
-QString translated(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("MO_CompositeModule", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(MO_CompositeModule)
+};
 
 const AT_AttrMeta kOrderMeta(QStringLiteral("CompositeOrder"),
                              QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Order of the Inputs")));
@@ -35,8 +35,8 @@ protected:
     void fillValueTable(ValueTable& table) const override
     {
         addValue(table, MO_CompositeType::LAST_PORT_FIRST, QStringLiteral("LAST_PORT_FIRST"),
-                 translated("First Input on Top"), false);
-        addValue(table, MO_CompositeType::PORT_ORDER, QStringLiteral("PORT_ORDER"), translated("Last Input on Top"),
+                 Texts::tr("First Input on Top"), false);
+        addValue(table, MO_CompositeType::PORT_ORDER, QStringLiteral("PORT_ORDER"), Texts::tr("Last Input on Top"),
                  false);
     }
 };
@@ -61,7 +61,7 @@ QString MO_CompositeModule::keyword() const
 
 QString MO_CompositeModule::baseDisplayName() const
 {
-    return translated("Composite");
+    return Texts::tr("Composite");
 }
 
 void MO_CompositeModule::accept(MO_AbstractModuleVisitor& visitor)

@@ -17,10 +17,10 @@ using namespace SIO_DrawingNames;
 
 namespace {
 
-QString translated(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("SIO_Drawing", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SIO_Drawing)
+};
 
 // Reads one drawing, shape by shape.
 class Reader
@@ -59,15 +59,15 @@ private:
     UT_Result<void> readShape(const QDomElement& element, GR_Art art)
     {
         if (++_shapeCount > kSIO_maxShapes)
-            return _context.error(element, translated("a drawing with more than %1 shapes").arg(kSIO_maxShapes));
+            return _context.error(element, Texts::tr("a drawing with more than %1 shapes").arg(kSIO_maxShapes));
         CELVEC_Shape shape;
         SIO_Drawing::ShapeExtras extras;
         if (element.hasAttribute(kAttributeColour) && !shape.color.parseXml(PO_attribute(element, kAttributeColour)))
-            return _context.error(element, translated("the colour is no identifier of 16 hexadecimal digits"));
+            return _context.error(element, Texts::tr("the colour is no identifier of 16 hexadecimal digits"));
         if (element.hasAttribute(kAttributeOpacity))
             shape.opacity = PO_doubleAttribute(element, kAttributeOpacity).value_or(std::nan(""));
         if (!std::isfinite(shape.opacity))
-            return _context.error(element, translated("the opacity is no number"));
+            return _context.error(element, Texts::tr("the opacity is no number"));
         _context.keepOtherAttributes(element, {kAttributeColour, kAttributeOpacity}, extras.shape);
         if (auto read = readParts(element, shape, extras); !read)
             return read;
@@ -98,7 +98,7 @@ private:
                 return read;
         }
         if (!hasPath)
-            return _context.error(element, translated("the shape has no path"));
+            return _context.error(element, Texts::tr("the shape has no path"));
         return {};
     }
 
@@ -106,11 +106,11 @@ private:
     {
         const QString fill = PO_attribute(element, kAttributeFill, kEvenOdd);
         if (fill != kEvenOdd && fill != kNonZero)
-            return _context.error(element, translated("the fill rule is neither \"evenodd\" nor \"nonzero\""));
+            return _context.error(element, Texts::tr("the fill rule is neither \"evenodd\" nor \"nonzero\""));
         const auto parsed =
             SIO_parsePath(element.attribute(kAttributePoints), fill == kNonZero ? Qt::WindingFill : Qt::OddEvenFill);
         if (!parsed)
-            return _context.error(element, translated("the points are no path"));
+            return _context.error(element, Texts::tr("the points are no path"));
         path = *parsed;
         _context.keepOtherAttributes(element, {kAttributePoints, kAttributeFill}, unknown);
         _context.keepAllElements(element, unknown);
@@ -122,11 +122,11 @@ private:
         const bool premultiplied = PO_boolAttribute(element, kAttributePremultiplied).value_or(false);
         const auto parsed = SIO_parsePicture(PO_text(element), premultiplied);
         if (!parsed)
-            return _context.error(element, translated("the picture is damaged or too large"));
+            return _context.error(element, Texts::tr("the picture is damaged or too large"));
         picture = *parsed;
         _pictureBytes += picture.sizeInBytes();
         if (_pictureBytes > kSIO_maxDrawingPictureBytes)
-            return _context.error(element, translated("the drawing's pictures are too large"));
+            return _context.error(element, Texts::tr("the drawing's pictures are too large"));
         _context.keepOtherAttributes(element, {kAttributePremultiplied}, unknown);
         _context.keepAllElements(element, unknown);
         return {};
@@ -150,7 +150,7 @@ UT_Result<UT_SharedPtr<SIO_Drawing>> SIO_readDrawing(const QByteArray& bytes, co
         return document.error();
     const QDomElement root = document->documentElement();
     if (root.tagName() != kElementDrawing)
-        return context.error(root, translated("<%1> is no drawing").arg(root.tagName()));
+        return context.error(root, Texts::tr("<%1> is no drawing").arg(root.tagName()));
     context.checkVersion(root, kVersion);
     CM_SharedPtr<CM_Palette> palette;
     if (root.hasAttribute(kAttributePalette)) {
@@ -159,7 +159,7 @@ UT_Result<UT_SharedPtr<SIO_Drawing>> SIO_readDrawing(const QByteArray& bytes, co
             palette = palettes(id);
         if (!palette)
             return context.error(
-                root, translated("the scene has no palette \"%1\"").arg(PO_attribute(root, kAttributePalette)));
+                root, Texts::tr("the scene has no palette \"%1\"").arg(PO_attribute(root, kAttributePalette)));
     }
     auto drawing = UT_makeShared<SIO_Drawing>(palette);
     if (const auto read = Reader(context, *drawing).readArts(root); !read)

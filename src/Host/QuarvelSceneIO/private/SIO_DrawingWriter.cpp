@@ -15,10 +15,10 @@ using namespace SIO_DrawingNames;
 
 namespace {
 
-QString translated(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("SIO_Drawing", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SIO_Drawing)
+};
 
 // Writes one drawing. What cannot be written is remembered, and the rest of no use then.
 class Writer
@@ -56,7 +56,7 @@ private:
             return;
         _shapeCount += shapes.size();
         if (_shapeCount > kSIO_maxShapes)
-            _problem = translated("it has more than %1 shapes").arg(kSIO_maxShapes);
+            _problem = Texts::tr("it has more than %1 shapes").arg(kSIO_maxShapes);
         _xml.startElement(kElementArt);
         _xml.attribute(kAttributeName, kArts[static_cast<std::size_t>(art)]);
         unknown.writeAttributes(_xml);
@@ -77,7 +77,7 @@ private:
     void writeShape(const CELVEC_Shape& shape, const SIO_Drawing::ShapeExtras& extras)
     {
         if (!std::isfinite(shape.opacity))
-            _problem = translated("an opacity is no number");
+            _problem = Texts::tr("an opacity is no number");
         _xml.startElement(kElementShape);
         if (!shape.color.isNull())
             _xml.attribute(kAttributeColour, shape.color.AsString().ToQString());
@@ -97,7 +97,7 @@ private:
     {
         const auto text = SIO_pathText(path);
         if (!text)
-            _problem = translated("a path has a point that is no number or too far away");
+            _problem = Texts::tr("a path has a point that is no number or too far away");
         _xml.startElement(name);
         _xml.attribute(kAttributePoints, text.value_or(QString()));
         _xml.attribute(kAttributeFill, path.fillRule() == Qt::WindingFill ? kNonZero : kEvenOdd);
@@ -112,7 +112,7 @@ private:
         _pictureBytes += plain.sizeInBytes();
         const auto text = SIO_pictureText(plain);
         if (!text || _pictureBytes > kSIO_maxDrawingPictureBytes)
-            _problem = translated("a picture is too large");
+            _problem = Texts::tr("a picture is too large");
         _xml.startElement(kElementPicture);
         if (plain.pixelFormat().premultiplied() == QPixelFormat::Premultiplied)
             _xml.attribute(kAttributePremultiplied, true);
@@ -137,8 +137,8 @@ UT_Result<QByteArray> SIO_writeDrawing(const CELVEC_Kvd& drawing, const QString&
     QString problem;
     const QByteArray bytes = SIO_document([&](PO_XmlWriter& xml) { problem = Writer(drawing, xml).write(); });
     if (problem.isEmpty() && bytes.size() > kSIO_maxFileBytes)
-        problem = translated("its file would be larger than %1 MiB").arg(kSIO_maxFileBytes >> 20);
+        problem = Texts::tr("its file would be larger than %1 MiB").arg(kSIO_maxFileBytes >> 20);
     if (!problem.isEmpty())
-        return UT_Error{translated("the drawing \"%1\" cannot be saved: %2").arg(name, problem)};
+        return UT_Error{Texts::tr("the drawing \"%1\" cannot be saved: %2").arg(name, problem)};
     return bytes;
 }

@@ -61,7 +61,8 @@ UT_Result<void> SIO_FileSystem::makeFolder(const QString& path)
     std::error_code error;
     std::filesystem::create_directory(native(path), error);
     if (error || !QFileInfo(path).isDir())
-        return failure("cannot make the folder \"%1\": %2", path, QString::fromStdString(error.message()));
+        return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot make the folder \"%1\": %2"), path,
+                       QString::fromStdString(error.message()));
     return {};
 }
 
@@ -71,10 +72,11 @@ UT_Result<void> SIO_FileSystem::writeFile(const QString& path, const QByteArray&
     // Without a buffer in between, so that every failed write shows at once and with its true reason. A new file only,
     // so that nothing is written through a link that waits under its name.
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered) || !writeAll(file, bytes))
-        return failure("cannot write \"%1\": %2", path, file.errorString());
+        return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot write \"%1\": %2"), path, file.errorString());
 #ifdef Q_OS_UNIX
     if (!syncDescriptor(file.handle()))
-        return failure("cannot write \"%1\": %2", path, QString::fromLocal8Bit(std::strerror(errno)));
+        return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot write \"%1\": %2"), path,
+                       QString::fromLocal8Bit(std::strerror(errno)));
 #endif
     return {};
 }
@@ -84,7 +86,8 @@ UT_Result<void> SIO_FileSystem::rename(const QString& from, const QString& to)
     std::error_code error;
     std::filesystem::rename(native(from), native(to), error);
     if (error)
-        return failure("cannot put \"%1\" in place: %2", to, QString::fromStdString(error.message()));
+        return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot put \"%1\" in place: %2"), to,
+                       QString::fromStdString(error.message()));
     return {};
 }
 
@@ -96,11 +99,12 @@ UT_Result<void> SIO_FileSystem::removeFile(const QString& path)
     if (!std::filesystem::exists(status))
         return {};
     if (std::filesystem::is_directory(status))
-        return failure("cannot remove \"%1\": %2", path,
+        return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot remove \"%1\": %2"), path,
                        QCoreApplication::translate("SIO_FileSystem", "it is a folder"));
     std::filesystem::remove(file, error);
     if (error)
-        return failure("cannot remove \"%1\": %2", path, QString::fromStdString(error.message()));
+        return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot remove \"%1\": %2"), path,
+                       QString::fromStdString(error.message()));
     return {};
 }
 
@@ -113,7 +117,8 @@ UT_Result<void> SIO_FileSystem::removeFolder(const QString& path)
     std::error_code error;
     std::filesystem::remove(native(path), error);
     if (error)
-        return failure("cannot remove the folder \"%1\": %2", path, QString::fromStdString(error.message()));
+        return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot remove the folder \"%1\": %2"), path,
+                       QString::fromStdString(error.message()));
     return {};
 }
 
@@ -126,7 +131,8 @@ UT_Result<void> SIO_FileSystem::sync(const QString& folder)
     if (descriptor >= 0)
         ::close(descriptor);
     if (!synced)
-        return failure("cannot write the folder \"%1\": %2", folder, QString::fromLocal8Bit(std::strerror(reason)));
+        return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot write the folder \"%1\": %2"), folder,
+                       QString::fromLocal8Bit(std::strerror(reason)));
 #else
     Q_UNUSED(folder)
 #endif

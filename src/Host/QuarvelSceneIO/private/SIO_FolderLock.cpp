@@ -30,10 +30,10 @@ using namespace std::chrono_literals;
 constexpr std::chrono::milliseconds kPatience = 30s;
 constexpr unsigned long kPauseInMilliseconds = 5;
 
-QString translated(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("SIO_FolderLock", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SIO_FolderLock)
+};
 
 } // namespace
 
@@ -53,15 +53,15 @@ UT_Result<void> SIO_FolderLock::lock()
     case Attempt::LOCKED:
         return {};
     case Attempt::HELD_BY_OTHERS:
-        return UT_Error{translated("the scene \"%1\" is being saved by another program; try again later").arg(shown)};
+        return UT_Error{Texts::tr("the scene \"%1\" is being saved by another program; try again later").arg(shown)};
     case Attempt::NOT_PERMITTED:
-        return UT_Error{translated("files may not be made in \"%1\"; permit it or name another place").arg(shown)};
+        return UT_Error{Texts::tr("files may not be made in \"%1\"; permit it or name another place").arg(shown)};
     case Attempt::IN_THE_WAY:
-        return UT_Error{translated("\"%1\" is no plain file; remove it").arg(QDir::toNativeSeparators(_path))};
+        return UT_Error{Texts::tr("\"%1\" is no plain file; remove it").arg(QDir::toNativeSeparators(_path))};
     case Attempt::FAILED:
         break;
     }
-    return UT_Error{translated("cannot write in \"%1\"; see whether the disk is full").arg(shown)};
+    return UT_Error{Texts::tr("cannot write in \"%1\"; see whether the disk is full").arg(shown)};
 }
 
 #ifdef Q_OS_WIN

@@ -18,10 +18,10 @@
 
 namespace {
 
-QString translated(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("SIO_FolderReader", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SIO_FolderReader)
+};
 
 } // namespace
 
@@ -86,12 +86,12 @@ UT_Result<QByteArray> SIO_FolderReader::read(const QString& relative)
     const QString path = _folder + u'/' + place;
     _seen.insert(path, stampOf(path));
     if (!SIO_pathInside(_folder, relative))
-        return UT_Error{translated("\"%1\" leads out of the scene's folder").arg(shown(relative))};
+        return UT_Error{Texts::tr("\"%1\" leads out of the scene's folder").arg(shown(relative))};
     auto bytes = SIO_readInside(_folder, place, SIO_maxBytesOf(relative));
     if (!bytes)
         return bytes.error();
     if (!*bytes)
-        return UT_Error{translated("\"%1\" is missing").arg(shown(relative))};
+        return UT_Error{Texts::tr("\"%1\" is missing").arg(shown(relative))};
     return std::move(**bytes);
 }
 

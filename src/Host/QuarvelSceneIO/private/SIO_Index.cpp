@@ -30,10 +30,10 @@ const QString kAttributeFolder = QStringLiteral("folder");
 const QString kAttributeName = QStringLiteral("name");
 const QString kAttributeFile = QStringLiteral("file");
 
-QString translated(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("SIO_Index", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SIO_Index)
+};
 
 // Reads one index; files and names that come twice are refused.
 class Reader
@@ -71,7 +71,7 @@ private:
         SIO_Index::Palette palette;
         palette.line = element.lineNumber();
         if (!palette.id.parseXml(PO_attribute(element, kAttributeId)) || palette.id.isNull())
-            return _context.error(element, translated("the palette has no identifier of 16 hexadecimal digits"));
+            return _context.error(element, Texts::tr("the palette has no identifier of 16 hexadecimal digits"));
         palette.inScene = PO_boolAttribute(element, kAttributeInScene).value_or(true);
         _context.keepOtherAttributes(element, {kAttributeId, kAttributeInScene}, palette.unknown);
         _context.keepAllElements(element, palette.unknown);
@@ -88,7 +88,7 @@ private:
         read.module = PO_attribute(element, kAttributeModule);
         read.folder = PO_attribute(element, kAttributeFolder);
         if (_modules.contains(read.module))
-            return _context.error(element, translated("\"%1\" comes twice").arg(read.module));
+            return _context.error(element, Texts::tr("\"%1\" comes twice").arg(read.module));
         _modules.insert(read.module);
         _context.keepOtherAttributes(element, {kAttributeModule, kAttributeFolder}, read.unknown);
         QSet<QString> names;
@@ -109,10 +109,10 @@ private:
         drawing.name = PO_attribute(element, kAttributeName);
         drawing.file = PO_attribute(element, kAttributeFile);
         if (names.contains(drawing.name))
-            return _context.error(element, translated("\"%1\" comes twice").arg(drawing.name));
+            return _context.error(element, Texts::tr("\"%1\" comes twice").arg(drawing.name));
         names.insert(drawing.name);
         if (owner.folder.contains(u'/') || drawing.file.contains(u'/'))
-            return _context.error(element, translated("the names of folders and files have no slash"));
+            return _context.error(element, Texts::tr("the names of folders and files have no slash"));
         if (auto taken = takePath(element, owner.pathOf(drawing)); !taken)
             return taken;
         _context.keepOtherAttributes(element, {kAttributeName, kAttributeFile}, drawing.unknown);
@@ -126,9 +126,9 @@ private:
         if (const auto inside = SIO_pathInside(QString(), path); !inside)
             return _context.error(element, inside.error().text);
         if (!SIO_isScenePath(path))
-            return _context.error(element, translated("\"%1\" is no drawing's file; its name ends in .kvr").arg(path));
+            return _context.error(element, Texts::tr("\"%1\" is no drawing's file; its name ends in .kvr").arg(path));
         if (_paths.contains(path.toLower()))
-            return _context.error(element, translated("the file \"%1\" comes twice").arg(path));
+            return _context.error(element, Texts::tr("the file \"%1\" comes twice").arg(path));
         _paths.insert(path.toLower());
         return {};
     }
@@ -150,7 +150,7 @@ UT_Result<void> readRootChild(const QDomElement& child, Reader& reader, SIO_Inde
     else if (index.scene.isNull())
         index.scene = child;
     else
-        return context.error(child, translated("a second scene stands in one file"));
+        return context.error(child, Texts::tr("a second scene stands in one file"));
     return {};
 }
 
@@ -220,7 +220,7 @@ bool SIO_isMainFile(const QDomElement& root)
 UT_Result<SIO_Index> SIO_readIndex(const QDomElement& root, const SIO_XmlContext& context)
 {
     if (!SIO_isMainFile(root))
-        return context.error(root, translated("<%1> is no scene").arg(root.tagName()));
+        return context.error(root, Texts::tr("<%1> is no scene").arg(root.tagName()));
     context.checkVersion(root, kVersion);
     SIO_Index index;
     context.keepOtherAttributes(root, {kPIO_atributeVersion}, index.unknown);
@@ -229,7 +229,7 @@ UT_Result<SIO_Index> SIO_readIndex(const QDomElement& root, const SIO_XmlContext
         if (const auto read = readRootChild(child, reader, index, context); !read)
             return read.error();
     if (index.scene.isNull())
-        return context.error(root, translated("there is no <scene>"));
+        return context.error(root, Texts::tr("there is no <scene>"));
     return index;
 }
 

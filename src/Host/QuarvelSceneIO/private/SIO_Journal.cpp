@@ -19,10 +19,10 @@ namespace {
 
 constexpr qint64 kLongestJournal = 64 * 1024 * 1024;
 
-QString translated(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("SIO_Journal", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SIO_Journal)
+};
 
 // A link in a file's own place will be replaced; one above it would have the file written elsewhere.
 bool isSafePlace(const QString& folder, const QString& relative)
@@ -72,11 +72,11 @@ private:
         const QString staged = _folder + u'/' + write.staged;
         const QString target = _folder + u'/' + write.target;
         if (!SIO_hasNoLinks(_folder, write.staged) || !isSafePlace(_folder, write.target))
-            return UT_Error{translated("\"%1\" is reached through a link").arg(write.target)};
+            return UT_Error{Texts::tr("\"%1\" is reached through a link").arg(write.target)};
         if (!QFileInfo::exists(staged)) {
             if (QFileInfo::exists(target))
                 return {};
-            return UT_Error{translated("\"%1\" is missing").arg(QDir::toNativeSeparators(staged))};
+            return UT_Error{Texts::tr("\"%1\" is missing").arg(QDir::toNativeSeparators(staged))};
         }
         if (auto made = makeFoldersFor(_folder, write.target, _disk); !made)
             return made;
@@ -89,7 +89,7 @@ private:
         const QString path = _folder + u'/' + relative;
         const QString parent = QFileInfo(path).path();
         if (!isSafePlace(_folder, relative))
-            return UT_Error{translated("\"%1\" is reached through a link").arg(relative)};
+            return UT_Error{Texts::tr("\"%1\" is reached through a link").arg(relative)};
         if (auto removed = _disk.removeFile(path); !removed)
             return removed;
         _touched.insert(parent);
@@ -109,7 +109,7 @@ UT_Result<void> dropStaging(const QString& folder, SIO_FileSystem& disk)
 {
     const QString staging = folder + u'/' + kSIO_stagingFolder;
     if (!SIO_hasNoLinks(folder, kSIO_stagingFolder))
-        return UT_Error{translated("\"%1\" is a link; remove it").arg(QDir::toNativeSeparators(staging))};
+        return UT_Error{Texts::tr("\"%1\" is a link; remove it").arg(QDir::toNativeSeparators(staging))};
     if (!QFileInfo::exists(staging))
         return {};
     // What no save has put there is not for a save to remove.
@@ -190,8 +190,8 @@ bool hasItsFiles(const QString& folder, const SIO_Journal& journal)
 
 QString reasonToLeaveAlone(const QString& folder)
 {
-    return translated("\"%1\" is a save that was cut short, but not one that you began in this folder on this machine; "
-                      "it was left alone. Open the scene where it was saved, or remove \".journal\" and \".save\"")
+    return Texts::tr("\"%1\" is a save that was cut short, but not one that you began in this folder on this machine; "
+                     "it was left alone. Open the scene where it was saved, or remove \".journal\" and \".save\"")
         .arg(QDir::toNativeSeparators(folder + u'/' + kSIO_journalFile));
 }
 
@@ -228,7 +228,7 @@ UT_Result<void> SIO_changeFiles(const QString& folder, const QMap<QString, QByte
     for (auto file = files.cbegin(); file != files.cend(); ++file) {
         const QString path = folder + u'/' + file.key();
         if (!SIO_isScenePath(file.key()) || !isSafePlace(folder, file.key()) || QFileInfo(path).isDir())
-            return UT_Error{translated("\"%1\" is no place for a file of the scene: a link or a folder is in the way")
+            return UT_Error{Texts::tr("\"%1\" is no place for a file of the scene: a link or a folder is in the way")
                                 .arg(QDir::toNativeSeparators(path))};
         if (!hasBytes(folder, file.key(), file.value()))
             changed.insert(file.key(), file.value());

@@ -33,10 +33,10 @@ const QStringList kColourAttributes = {kAttributeId,           kAttributeName,  
                                        kAttributeType,         QStringLiteral("red"),  QStringLiteral("green"),
                                        QStringLiteral("blue"), QStringLiteral("alpha")};
 
-QString translated(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("SIO_Palette", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SIO_Palette)
+};
 
 std::optional<std::uint8_t> channel(const QDomElement& element, const char* name, int fallback)
 {
@@ -73,10 +73,10 @@ CM_SharedPtr<CM_BaseColorObj> makeColour(const QDomElement& element, const CM_Co
     if (kind != kSolid) {
         extras.kind = kind;
         extras.type = element.hasAttribute(kAttributeType) ? type : QString();
-        context.warn(element, translated("a colour of the kind \"%1\" is shown as a plain one; it is kept").arg(kind));
+        context.warn(element, Texts::tr("a colour of the kind \"%1\" is shown as a plain one; it is kept").arg(kind));
     } else if (type != kNormal && type != kGuide) {
         extras.type = type;
-        context.warn(element, translated("a colour of the type \"%1\" is taken for a plain one").arg(type));
+        context.warn(element, Texts::tr("a colour of the type \"%1\" is taken for a plain one").arg(type));
     }
     return UT_makeShared<CM_Color>(name, type == kGuide ? CM_Color::GUIDE_COLOR : CM_Color::NORMAL_COLOR, id);
 }
@@ -85,15 +85,15 @@ UT_Result<void> readColour(const QDomElement& element, SIO_Palette& palette, con
 {
     CM_ColorId_t id;
     if (!id.parseXml(PO_attribute(element, kAttributeId)) || id.isNull())
-        return context.error(element, translated("the colour has no identifier of 16 hexadecimal digits"));
+        return context.error(element, Texts::tr("the colour has no identifier of 16 hexadecimal digits"));
     const auto rgba = nominal(element);
     if (!rgba)
-        return context.error(element, translated("red, green, blue and alpha are whole numbers from 0 to 255"));
+        return context.error(element, Texts::tr("red, green, blue and alpha are whole numbers from 0 to 255"));
     SIO_Palette::ColourExtras extras;
     const auto colour = makeColour(element, id, extras, context);
     colour->SetNominalColor(*rgba);
     if (!palette.addColor(colour))
-        return context.error(element, translated("a second colour has the identifier %1").arg(id.AsString().c_str()));
+        return context.error(element, Texts::tr("a second colour has the identifier %1").arg(id.AsString().c_str()));
     context.keepOtherAttributes(element, kColourAttributes, extras.unknown);
     context.keepAllElements(element, extras.unknown);
     if (!extras.kind.isEmpty() || !extras.type.isEmpty() || !extras.unknown.isEmpty())
@@ -148,11 +148,11 @@ UT_Result<UT_SharedPtr<SIO_Palette>> SIO_readPalette(const QByteArray& bytes, co
         return document.error();
     const QDomElement root = document->documentElement();
     if (root.tagName() != kElementPalette)
-        return context.error(root, translated("<%1> is no palette").arg(root.tagName()));
+        return context.error(root, Texts::tr("<%1> is no palette").arg(root.tagName()));
     context.checkVersion(root, kVersion);
     UT_Id own;
     if (!own.parseXml(PO_attribute(root, kAttributeId)) || own != id)
-        return context.error(root, translated("the palette's identifier is not %1").arg(id.AsString().c_str()));
+        return context.error(root, Texts::tr("the palette's identifier is not %1").arg(id.AsString().c_str()));
     auto palette = UT_makeShared<SIO_Palette>(UT_String(PO_attribute(root, kAttributeName)), id);
     context.keepOtherAttributes(root, kPaletteAttributes, palette->unknown);
     for (QDomElement child = root.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {

@@ -32,12 +32,14 @@ UT_Error problem(const QString& path, const char* text)
 
 UT_Error isLink(const QString& path)
 {
-    return problem(path, "\"%1\" is reached through a link; a scene holds plain files and folders only");
+    return problem(path,
+                   QT_TRANSLATE_NOOP("SIO_SafeFile",
+                                     "\"%1\" is reached through a link; a scene holds plain files and folders only"));
 }
 
 UT_Error isNoPlainFile(const QString& path)
 {
-    return problem(path, "\"%1\" is no plain file");
+    return problem(path, QT_TRANSLATE_NOOP("SIO_SafeFile", "\"%1\" is no plain file"));
 }
 
 UT_Error isTooLarge(const QString& path, qint64 maxBytes)

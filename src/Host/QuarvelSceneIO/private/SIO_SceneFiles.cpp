@@ -15,10 +15,10 @@
 
 namespace {
 
-QString translated(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("SIO_SceneFiles", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SIO_SceneFiles)
+};
 
 // The elements and attributes in a file that is about to be saved; at least as many as there are.
 qint64 partsOf(const QByteArray& bytes)
@@ -62,9 +62,9 @@ private:
     void addFile(const QString& path, const QByteArray& bytes)
     {
         if (bytes.size() > SIO_maxBytesOf(path))
-            fail(translated("\"%1\" would be larger than %2 MiB").arg(path).arg(SIO_maxBytesOf(path) >> 20));
+            fail(Texts::tr("\"%1\" would be larger than %2 MiB").arg(path).arg(SIO_maxBytesOf(path) >> 20));
         if (partsOf(bytes) > SIO_maxPartsOf(path))
-            fail(translated("\"%1\" would have more than %2 elements and attributes")
+            fail(Texts::tr("\"%1\" would have more than %2 elements and attributes")
                      .arg(path)
                      .arg(SIO_maxPartsOf(path)));
         _files.insert(path, bytes);
@@ -75,12 +75,12 @@ private:
         const auto found = _palettes.find(palette->GetId());
         if (found != _palettes.end()) {
             if (found->second != palette.get() && SIO_writePalette(*found->second) != SIO_writePalette(*palette))
-                fail(translated("two different palettes have the identifier %1")
+                fail(Texts::tr("two different palettes have the identifier %1")
                          .arg(QLatin1String(palette->GetId().AsString().c_str())));
             return;
         }
         if (palette->GetId().isNull())
-            fail(translated("the palette \"%1\" has no identifier").arg(palette->GetName().ToQString()));
+            fail(Texts::tr("the palette \"%1\" has no identifier").arg(palette->GetName().ToQString()));
         _palettes.insert({palette->GetId(), palette.get()});
         SIO_Index::Palette entry{palette->GetId(), inScene};
         if (const auto* loaded = dynamic_cast<const SIO_Palette*>(palette.get()))

@@ -35,10 +35,10 @@ QStringList SIO_Warnings::lines() const
     for (const Warning& warning : _warnings) {
         QString line = warning.place.isEmpty() ? warning.what : warning.place + QStringLiteral(": ") + warning.what;
         if (warning.count > 1)
-            line += counted(" (and %1 times more)", warning.count - 1);
+            line += counted(QT_TRANSLATE_NOOP("SIO_Warnings", " (and %1 times more)"), warning.count - 1);
         result << line;
     }
     if (_others > 0)
-        result << counted("and %1 warnings of other kinds", _others);
+        result << counted(QT_TRANSLATE_NOOP("SIO_Warnings", "and %1 warnings of other kinds"), _others);
     return result;
 }

@@ -11,10 +11,10 @@
 
 namespace {
 
-QString translated(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("SIO_XmlContext", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SIO_XmlContext)
+};
 
 } // namespace
 
@@ -25,7 +25,7 @@ UT_Error SIO_XmlContext::error(const QDomElement& element, const QString& reason
 
 QString SIO_XmlContext::placeOf(const QDomElement& element) const
 {
-    return translated("%1, line %2").arg(_file).arg(element.lineNumber());
+    return Texts::tr("%1, line %2").arg(_file).arg(element.lineNumber());
 }
 
 void SIO_XmlContext::warn(const QDomElement& element, const QString& reason) const
@@ -43,7 +43,7 @@ void SIO_XmlContext::keepOtherAttributes(const QDomElement& element, const QStri
         if (understood.contains(name))
             continue;
         unknown.addAttribute(name, attributes.item(i).nodeValue());
-        warn(element, translated("\"%1\" is not understood by this version of the program; it is kept").arg(name));
+        warn(element, Texts::tr("\"%1\" is not understood by this version of the program; it is kept").arg(name));
     }
 }
 
@@ -51,7 +51,7 @@ void SIO_XmlContext::keepElement(const QDomElement& element, PO_UnknownXml& unkn
 {
     unknown.addElement(element);
     warn(element,
-         translated("<%1> is not understood by this version of the program; it is kept").arg(element.tagName()));
+         Texts::tr("<%1> is not understood by this version of the program; it is kept").arg(element.tagName()));
 }
 
 void SIO_XmlContext::keepAllElements(const QDomElement& element, PO_UnknownXml& unknown) const
@@ -63,7 +63,7 @@ void SIO_XmlContext::keepAllElements(const QDomElement& element, PO_UnknownXml& 
 void SIO_XmlContext::checkVersion(const QDomElement& element, int known) const
 {
     if (PO_intAttribute(element, kPIO_atributeVersion).value_or(known) > known)
-        warn(element, translated("a newer version of the program saved this"));
+        warn(element, Texts::tr("a newer version of the program saved this"));
 }
 
 QByteArray SIO_document(const std::function<void(PO_XmlWriter&)>& write)

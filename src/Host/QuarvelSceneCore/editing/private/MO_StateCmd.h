@@ -38,8 +38,8 @@ MO_EditCommand MO_makeStateCmd(const QString& name, State before, State after, S
     return std::make_unique<MO_StateCmd<State, Setter>>(name, std::move(before), std::move(after), std::move(set));
 }
 
-/// A text of a command, translated; for the names of commands and for what they refuse.
-inline QString MO_commandText(const char* text)
+/// The texts of commands, translated: their names, and what they refuse.
+struct MO_CommandTexts
 {
-    return QCoreApplication::translate("MO_EditCommands", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(MO_EditCommands)
+};
