@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The loops are written once for every reach, so that addresses and weights stay in registers, and compiled once for
-// every instruction set, which is chosen at run time. The last few samples of a row, fewer than a vector holds, go
+// The loops are compiled once for every reach, so that addresses and weights stay in registers, and once for every
+// instruction set, which is chosen at run time. The last few samples of a row, fewer than a vector holds, go
 // through the same operations one by one.
 #include "BlurAlgo/private/PyramidKernels.h"
 
@@ -93,24 +93,14 @@ HWY_INLINE hn::Vec<D> pairTerm(D d, const float* a, const float* b, float weight
     return hn::Mul(hn::Add(hn::LoadU(d, a), hn::LoadU(d, b)), hn::Set(d, weight));
 }
 
-/// sum + the pairs of rows at the distances kDistance, kDistance + kStep, ... kReach from the middle.
-template<int kDistance, int kReach, class D>
-HWY_INLINE hn::Vec<D> addAround(D d, hn::Vec<D> sum, const float* const* middle, const float* weights, int i)
-{
-    if constexpr (kDistance <= kReach) {
-        const auto pair = pairTerm(d, middle[-kDistance] + i, middle[kDistance] + i, weights[kDistance]);
-        return addAround<kDistance + 1, kReach>(d, hn::Add(sum, pair), middle, weights, i);
-    } else {
-        return sum;
-    }
-}
-
 /// Sample i of the weighted sum of the rows around middle[0].
 template<int kReach, class D>
 HWY_INLINE hn::Vec<D> sumAround(D d, const float* const* middle, const float* weights, int i)
 {
-    const auto sum = hn::Mul(hn::LoadU(d, middle[0] + i), hn::Set(d, weights[0]));
-    return addAround<1, kReach>(d, sum, middle, weights, i);
+    auto sum = hn::Mul(hn::LoadU(d, middle[0] + i), hn::Set(d, weights[0]));
+    for (int distance = 1; distance <= kReach; ++distance)
+        sum = hn::Add(sum, pairTerm(d, middle[-distance] + i, middle[distance] + i, weights[distance]));
+    return sum;
 }
 
 template<int kReach>
@@ -131,24 +121,23 @@ HWY_INLINE void halveRowsBy(std::span<const float* const> rows, int x, std::span
     }
 }
 
-/// The columns i and after, 2 x lanes of them, of row kRow and all after it; column i goes to even[e].
-template<int kRow, int kReach>
+/// The columns i and after, 2 x lanes of them, of all rows; column i goes to even[e].
+template<int kReach>
 HWY_INLINE void halveAndSplitAt(const float* const* in, const float* weights, const SplitRow* out, int i, int e)
 {
-    if constexpr (kRow < kHalvedRows) {
-        const Floats d;
-        const float* const* middle = in + 2 * kRow + kReach;
+    const Floats d;
+    for (int row = 0; row < kHalvedRows; ++row) {
+        const float* const* middle = in + 2 * row + kReach;
         const auto a = sumAround<kReach>(d, middle, weights, i);
 #if HWY_TARGET == HWY_SCALAR
         const auto b = sumAround<kReach>(d, middle, weights, i + 1);
-        hn::StoreU(a, d, out[kRow].even + e);
-        hn::StoreU(b, d, out[kRow].odd + e);
+        hn::StoreU(a, d, out[row].even + e);
+        hn::StoreU(b, d, out[row].odd + e);
 #else
         const auto b = sumAround<kReach>(d, middle, weights, i + lanes());
-        hn::StoreU(hn::ConcatEven(d, b, a), d, out[kRow].even + e);
-        hn::StoreU(hn::ConcatOdd(d, b, a), d, out[kRow].odd + e);
+        hn::StoreU(hn::ConcatEven(d, b, a), d, out[row].even + e);
+        hn::StoreU(hn::ConcatOdd(d, b, a), d, out[row].odd + e);
 #endif
-        halveAndSplitAt<kRow + 1, kReach>(in, weights, out, i, e);
     }
 }
 
@@ -177,7 +166,7 @@ HWY_INLINE void halveAndSplitRowsBy(std::span<const float* const> rows, int x, s
     int e = 0;
     for (; i + 2 * lanes() <= n; i += 2 * lanes(), e += lanes()) {
         fetchAhead(in, i);
-        halveAndSplitAt<0, kReach>(in.data(), w.data(), out.data(), i, e);
+        halveAndSplitAt<kReach>(in.data(), w.data(), out.data(), i, e);
     }
     for (bool odd = false; i < n; ++i, odd = !odd) {
         halveAndSplitOneAt<kReach>(in.data(), w.data(), out.data(), i, odd, e);
@@ -207,18 +196,18 @@ void splitColumns(const float* in, SplitRow out, int n, bool firstIsOdd)
     }
 }
 
-/// sum + the pairs of columns at the distances kDistance ... kReach from even[0].
-template<int kDistance, int kReach, class D>
-HWY_INLINE hn::Vec<D> addColumns(D d, hn::Vec<D> sum, const float* even, const float* odd, const float* weights)
+/// The weighted sum of the columns around even[0].
+template<int kReach, class D>
+HWY_INLINE hn::Vec<D> sumOfColumns(D d, const float* even, const float* odd, const float* weights)
 {
-    if constexpr (kDistance <= kReach) {
-        constexpr int kHalf = kDistance / 2;
-        const auto pair = kDistance % 2 == 0 ? pairTerm(d, even - kHalf, even + kHalf, weights[kDistance])
-                                             : pairTerm(d, odd - kHalf - 1, odd + kHalf, weights[kDistance]);
-        return addColumns<kDistance + 1, kReach>(d, hn::Add(sum, pair), even, odd, weights);
-    } else {
-        return sum;
+    auto sum = hn::Mul(hn::LoadU(d, even), hn::Set(d, weights[0]));
+    for (int distance = 1; distance <= kReach; ++distance) {
+        const int half = distance / 2;
+        const float* const before = distance % 2 == 0 ? even - half : odd - half - 1;
+        const float* const after = distance % 2 == 0 ? even + half : odd + half;
+        sum = hn::Add(sum, pairTerm(d, before, after, weights[distance]));
     }
+    return sum;
 }
 
 template<int kReach>
@@ -226,10 +215,8 @@ HWY_INLINE void halveColumnsBy(const float* even, const float* odd, std::span<co
                                float* HWY_RESTRICT out, int n)
 {
     const auto w = firstOf<float, kReach + 1>(weights);
-    const auto sumAt = [&](auto d, int i) HWY_ATTR {
-        const auto sum = hn::Mul(hn::LoadU(d, even + i), hn::Set(d, w[0]));
-        hn::StoreU(addColumns<1, kReach>(d, sum, even + i, odd + i, w.data()), d, out + i);
-    };
+    const auto sumAt = [&](auto d, int i)
+                           HWY_ATTR { hn::StoreU(sumOfColumns<kReach>(d, even + i, odd + i, w.data()), d, out + i); };
     int i = 0;
     for (; i + lanes() <= n; i += lanes())
         sumAt(Floats(), i);
@@ -237,31 +224,28 @@ HWY_INLINE void halveColumnsBy(const float* even, const float* odd, std::span<co
         sumAt(OneFloat(), i);
 }
 
-/// sum + the pairs at the distances kDistance, kDistance + 2, ... kReach, counted on the doubled axis; at(k) is the
-/// k-th sample after the one on or before which the result lies.
-template<int kDistance, int kReach, class D, class At>
-HWY_INLINE hn::Vec<D> addDoubled(D d, hn::Vec<D> sum, const At& at, const float* weights)
+/// sum + the pairs at the distances first, first + 2, ... kReach, counted on the doubled axis; at(k) is the k-th sample
+/// after the one on or before which the result lies.
+template<int kReach, class D, class At>
+HWY_INLINE hn::Vec<D> addDoubled(D d, hn::Vec<D> sum, int first, const At& at, const float* weights)
 {
-    if constexpr (kDistance <= kReach) {
-        const auto pair = pairTerm(d, at(-(kDistance / 2)), at((kDistance + 1) / 2), weights[kDistance]);
-        return addDoubled<kDistance + 2, kReach>(d, hn::Add(sum, pair), at, weights);
-    } else {
-        return sum;
-    }
+    for (int distance = first; distance <= kReach; distance += 2)
+        sum = hn::Add(sum, pairTerm(d, at(-(distance / 2)), at((distance + 1) / 2), weights[distance]));
+    return sum;
 }
 
 /// The result on sample at(0): the filter's even weights.
 template<int kReach, class D, class At>
 HWY_INLINE hn::Vec<D> doubledOn(D d, const At& at, const float* weights)
 {
-    return addDoubled<2, kReach>(d, hn::Mul(hn::LoadU(d, at(0)), hn::Set(d, weights[0])), at, weights);
+    return addDoubled<kReach>(d, hn::Mul(hn::LoadU(d, at(0)), hn::Set(d, weights[0])), 2, at, weights);
 }
 
 /// The result between the samples at(0) and at(1): the filter's odd weights.
 template<int kReach, class D, class At>
 HWY_INLINE hn::Vec<D> doubledAfter(D d, const At& at, const float* weights)
 {
-    return addDoubled<3, kReach>(d, pairTerm(d, at(0), at(1), weights[1]), at, weights);
+    return addDoubled<kReach>(d, pairTerm(d, at(0), at(1), weights[1]), 3, at, weights);
 }
 
 template<int kReach>
@@ -283,22 +267,21 @@ HWY_INLINE void doubleColumnsBy(const float* in, std::span<const float> weights,
     }
 }
 
-/// Columns i and after, as many as the tag has, of the doubled rows 2 kPair and all after it.
-template<int kPair, int kReach, bool kStream, class D>
+/// Columns i and after, as many as the tag has, of all doubled rows.
+template<int kReach, bool kStream, class D>
 HWY_INLINE void doubleRowsAt(D d, const float* const* in, const float* weights, float* const* out, int i)
 {
-    if constexpr (2 * kPair < kDoubledRows) {
-        const auto at = [&](int k) HWY_ATTR { return in[kPair + kReach / 2 + k] + i; };
+    for (int pair = 0; 2 * pair < kDoubledRows; ++pair) {
+        const auto at = [&](int k) HWY_ATTR { return in[pair + kReach / 2 + k] + i; };
         const auto on = doubledOn<kReach>(d, at, weights);
         const auto after = doubledAfter<kReach>(d, at, weights);
         if constexpr (kStream) {
-            hn::Stream(on, d, out[2 * kPair] + i);
-            hn::Stream(after, d, out[2 * kPair + 1] + i);
+            hn::Stream(on, d, out[2 * pair] + i);
+            hn::Stream(after, d, out[2 * pair + 1] + i);
         } else {
-            hn::StoreU(on, d, out[2 * kPair] + i);
-            hn::StoreU(after, d, out[2 * kPair + 1] + i);
+            hn::StoreU(on, d, out[2 * pair] + i);
+            hn::StoreU(after, d, out[2 * pair + 1] + i);
         }
-        doubleRowsAt<kPair + 1, kReach, kStream>(d, in, weights, out, i);
     }
 }
 
@@ -323,14 +306,14 @@ HWY_INLINE void doubleRowsBy(std::span<const float* const> rows, std::span<const
     if (stream) {
         const int unaligned = unalignedSamples(out, n);
         for (; unaligned < n && i < unaligned; ++i)
-            doubleRowsAt<0, kReach, false>(OneFloat(), in.data(), w.data(), out.data(), i);
+            doubleRowsAt<kReach, false>(OneFloat(), in.data(), w.data(), out.data(), i);
         for (; unaligned < n && i + lanes() <= n; i += lanes())
-            doubleRowsAt<0, kReach, true>(Floats(), in.data(), w.data(), out.data(), i);
+            doubleRowsAt<kReach, true>(Floats(), in.data(), w.data(), out.data(), i);
     }
     for (; i + lanes() <= n; i += lanes())
-        doubleRowsAt<0, kReach, false>(Floats(), in.data(), w.data(), out.data(), i);
+        doubleRowsAt<kReach, false>(Floats(), in.data(), w.data(), out.data(), i);
     for (; i < n; ++i)
-        doubleRowsAt<0, kReach, false>(OneFloat(), in.data(), w.data(), out.data(), i);
+        doubleRowsAt<kReach, false>(OneFloat(), in.data(), w.data(), out.data(), i);
 }
 
 /// Calls run with the reach as a constant.

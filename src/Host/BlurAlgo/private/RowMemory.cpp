@@ -9,8 +9,7 @@ namespace BlurAlgo {
 
 void RowMemory::reset(std::size_t rows, std::size_t samples)
 {
-    // One line more keeps columns of rows from falling on the same places of the cache all the time.
-    _stride = (samples + kLine - 1) / kLine * kLine + kLine;
+    _stride = (samples + kLine - 1) / kLine * kLine;
     _next = _memory.room(rows * _stride);
 }
 
