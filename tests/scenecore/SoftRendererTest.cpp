@@ -382,8 +382,9 @@ TEST_F(SoftRendererTest, ExhaustedMemoryIsAnError)
     auto& module = root.emplace<Greedy>();
     const auto cel = RD_SoftRenderer::render(module, 3.0, {.resolution = {8, 4}});
     ASSERT_FALSE(cel.ok());
-    EXPECT_TRUE(cel.error().text.contains(QStringLiteral("memory")));
-    EXPECT_TRUE(cel.error().text.contains(QStringLiteral("Pass")));
+    EXPECT_EQ(cel.error().kind, UT_ErrorKind::NO_MEMORY);
+    EXPECT_TRUE(cel.error().sentence().contains(QStringLiteral("memory")));
+    EXPECT_TRUE(cel.error().sentence().contains(QStringLiteral("Pass")));
 }
 
 TEST_F(SoftRendererTest, ProgressGoesUpToOneAndCanStop)
@@ -402,7 +403,7 @@ TEST_F(SoftRendererTest, ProgressGoesUpToOneAndCanStop)
     EXPECT_EQ(seen.back(), 1.0);
     const auto stopped = RD_SoftRenderer::render(composite, 1.0, {.resolution = {8, 4}}, [](double) { return false; });
     ASSERT_FALSE(stopped.ok());
-    EXPECT_EQ(stopped.error().text, RD_SoftRenderer::stoppedText());
+    EXPECT_EQ(stopped.error().kind, UT_ErrorKind::STOPPED);
 }
 
 TEST_F(SoftRendererTest, AGraphThatIsTooDeepIsAnErrorAndOneThatIsJustNotRenders)
@@ -418,6 +419,7 @@ TEST_F(SoftRendererTest, AGraphThatIsTooDeepIsAnErrorAndOneThatIsJustNotRenders)
     link(*last, oneMore);
     const auto cel = RD_SoftRenderer::render(oneMore, 1.0, {.resolution = {8, 4}});
     ASSERT_FALSE(cel.ok());
+    EXPECT_EQ(cel.error().kind, UT_ErrorKind::REFUSED);
     EXPECT_TRUE(cel.error().text.contains(QString::number(RD_ScriptContext::kMaxDepth)));
 }
 

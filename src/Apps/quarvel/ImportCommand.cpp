@@ -41,13 +41,10 @@ UT_Result<void> checkOutput(const ImportOptions& options)
 
 UT_Result<ImportedScene> importFiles(const ImportOptions& options)
 {
-    try {
-        ImportSettings settings;
-        settings.form = options.form;
-        return importDrawings(options.files, settings);
-    } catch (const std::bad_alloc&) {
-        return UT_Error{QStringLiteral("the memory is not enough for all these drawings; import fewer frames at once")};
-    }
+    ImportSettings settings;
+    settings.form = options.form;
+    return UT_withinMemory(QStringLiteral("all these drawings"), QStringLiteral("import fewer frames at once"),
+                           [&] { return importDrawings(options.files, settings); });
 }
 
 void sayWhatWasMade(const ImportOptions& options, const MO_Scene& scene)
@@ -71,7 +68,7 @@ void sayWhatWasMade(const ImportOptions& options, const MO_Scene& scene)
 
 int failed(const UT_Error& error)
 {
-    say(error.text);
+    say(error.sentence());
     return kFailed;
 }
 
@@ -81,7 +78,7 @@ int runImportCommand(const QStringList& words)
 {
     const UT_Result<ImportOptions> options = parseImportOptions(words);
     if (!options) {
-        say(options.error().text);
+        say(options.error().sentence());
         return kWrongUsage;
     }
     if (options->help) {

@@ -78,7 +78,7 @@ UT_Result<QString> describeDrawing(const QString& path, const InspectOptions& op
 {
     const UT_Result<ReadDrawing> read = readDrawing(path, options.form);
     if (!read)
-        return UT_Error{path + QStringLiteral(": ") + read.error().text};
+        return UT_Error{path + QStringLiteral(": ") + read.error().sentence()};
     for (const QString& warning : read->warnings)
         say(QStringLiteral("%1: warning: %2").arg(path, warning));
     if (!options.explain.isEmpty())
@@ -106,7 +106,7 @@ int runInspectCommand(const QStringList& words)
 {
     const UT_Result<InspectOptions> options = parseOptions(words);
     if (!options) {
-        say(options.error().text);
+        say(options.error().sentence());
         return kWrongUsage;
     }
     if (options->help) {
@@ -117,7 +117,7 @@ int runInspectCommand(const QStringList& words)
     for (const QString& place : options->places) {
         const UT_Result<QString> text = describe(place, *options);
         if (!text) {
-            say(text.error().text);
+            say(text.error().sentence());
             exitCode = kFailed;
             continue;
         }

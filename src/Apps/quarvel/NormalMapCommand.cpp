@@ -90,11 +90,8 @@ private:
 
 UT_Result<void> runOne(DrawingRun& run, const OutputFiles& files)
 {
-    try {
-        return run.run(files);
-    } catch (const std::bad_alloc&) {
-        return UT_Error{QStringLiteral("the memory is not enough; choose a smaller size")};
-    }
+    return UT_withinMemory(QStringLiteral("this drawing"), QStringLiteral("choose a smaller size"),
+                           [&] { return run.run(files); });
 }
 
 int runAll(const NormalMapOptions& options, const std::vector<OutputFiles>& files)
@@ -113,7 +110,7 @@ int runAll(const NormalMapOptions& options, const std::vector<OutputFiles>& file
                 writeText(stdout, QStringLiteral("chosen: %1\n").arg(run.chosen()));
             continue;
         }
-        say(QStringLiteral("%1: %2").arg(options.drawings[i], done.error().text));
+        say(QStringLiteral("%1: %2").arg(options.drawings[i], done.error().sentence()));
         exitCode = kFailed;
     }
     return exitCode;
@@ -125,7 +122,7 @@ int runNormalMapCommand(const QStringList& words)
 {
     const UT_Result<NormalMapOptions> options = parseNormalMapOptions(words);
     if (!options) {
-        say(options.error().text);
+        say(options.error().sentence());
         return kWrongUsage;
     }
     if (options->help) {
@@ -134,11 +131,11 @@ int runNormalMapCommand(const QStringList& words)
     }
     const UT_Result<std::vector<OutputFiles>> files = outputFiles(*options);
     if (!files) {
-        say(files.error().text);
+        say(files.error().sentence());
         return kWrongUsage;
     }
     if (const UT_Result<QStringList> loaded = PLUG_Manager::loadAll(PLUG_Manager::defaultFolder()); !loaded) {
-        say(loaded.error().text);
+        say(loaded.error().sentence());
         return kFailed;
     }
     const SilencedOutput silenced(options->quiet);

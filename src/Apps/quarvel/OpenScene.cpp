@@ -10,7 +10,7 @@ UT_Result<SIO_LoadedScene> openScene(const QString& folder)
         return loaded.error();
     UT_Result<SIO_LoadedScene> scene = SIO_loadScene(folder);
     if (!scene)
-        return UT_Error{QStringLiteral("%1: %2").arg(folder, scene.error().text)};
+        return UT_Error{QStringLiteral("%1: %2").arg(folder, scene.error().sentence())};
     for (const QString& warning : scene->warnings)
         say(QStringLiteral("%1: warning: %2").arg(folder, warning));
     return scene;

@@ -197,9 +197,10 @@ int renderFilm(const Plan& plan, const RenderOptions& options)
     watcher.stop = &StopSignal::came;
     const auto made = renderPreview(*plan.shown, settings, watcher);
     if (!made) {
-        if (!StopSignal::came())
-            say(made.error().text);
-        return StopSignal::came() ? StopSignal::exitCode() : kFailed;
+        if (made.error().kind == UT_ErrorKind::STOPPED)
+            return StopSignal::exitCode();
+        say(made.error().sentence());
+        return kFailed;
     }
     if (*made != options.preview)
         say(QStringLiteral("ffmpeg is not installed, so the preview is an animated PNG: %1").arg(*made));
@@ -227,7 +228,7 @@ int runRenderCommand(const QStringList& words)
 {
     const UT_Result<RenderOptions> options = parseRenderOptions(words);
     if (!options) {
-        say(options.error().text);
+        say(options.error().sentence());
         return kWrongUsage;
     }
     if (options->help) {
@@ -237,12 +238,12 @@ int runRenderCommand(const QStringList& words)
     const StopSignal stopSignal;
     const UT_Result<SIO_LoadedScene> scene = openScene(options->scene);
     if (!scene) {
-        say(scene.error().text);
+        say(scene.error().sentence());
         return kFailed;
     }
     const UT_Result<Plan> plan = planOf(*scene->scene, *options);
     if (!plan) {
-        say(plan.error().text);
+        say(plan.error().sentence());
         return kWrongUsage;
     }
     const SilencedOutput silenced(options->quiet);

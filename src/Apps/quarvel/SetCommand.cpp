@@ -31,13 +31,13 @@ int runSetCommand(const QStringList& words)
     const QString& folder = words.first();
     const auto opened = openScene(folder);
     if (!opened) {
-        say(opened.error().text);
+        say(opened.error().sentence());
         return kFailed;
     }
     CO_CommandStack stack;
     const auto changed = setInScene(*opened->scene, stack, words[1], words.sliced(2));
     if (!changed) {
-        say(QStringLiteral("%1: %2").arg(folder, changed.error().text));
+        say(QStringLiteral("%1: %2").arg(folder, changed.error().sentence()));
         return kWrongUsage;
     }
     if (!*changed) {
@@ -45,7 +45,7 @@ int runSetCommand(const QStringList& words)
         return 0;
     }
     if (const auto saved = SIO_saveScene(*opened->scene, folder); !saved) {
-        say(saved.error().text);
+        say(saved.error().sentence());
         return kFailed;
     }
     writeText(stdout, QStringLiteral("%1: %2\n").arg(folder, stack.undoName()));

@@ -55,7 +55,7 @@ int main(int argc, char** argv)
     const WorkerThreads threads(jobLimits().threads);
 
     if (!loaded)
-        return complain(loaded.error().text);
+        return complain(loaded.error().sentence());
     if (parser.isSet(screenshots))
         return makeScreenshots(parser.value(screenshots));
     applyAppearance(storedAppearance());

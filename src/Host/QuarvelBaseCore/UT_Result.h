@@ -1,22 +1,58 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Results of operations that are expected to fail now and then: reading a file, parsing a text, allocating a picture.
-// Such an operation returns a UT_Result, which holds either the value or a UT_Error whose text can be shown to a person
-// as it stands. Exceptions are left to what nobody expects (memory exhausted in the middle of an algorithm).
+// Such an operation returns a UT_Result, which holds either the value or a UT_Error, whose sentence can be shown to a
+// person as it stands. Exceptions are left to what nobody expects (memory exhausted in the middle of an algorithm).
 #pragma once
 
 #include <QString>
 
 #include <cassert>
+#include <new>
 #include <optional>
 #include <utility>
 #include <variant>
 
-/// What went wrong, in words for a person: what, where, and what to do about it. One line, no full stop at its end.
+/// What happened, for those who act on it.
+enum class UT_ErrorKind
+{
+    FAILED,    ///< something did not work
+    REFUSED,   ///< what was given cannot be taken, and will not be taken the next time either
+    NO_MEMORY, ///< the memory is not enough
+    STOPPED    ///< somebody said to stop; nothing is wrong
+};
+
+/// What went wrong. Programs look at the kind and show the sentence; nobody compares texts.
 struct UT_Error
 {
-    QString text;
+    QString text; ///< what, and what to do about it: one line, no full stop at its end
+    UT_ErrorKind kind = UT_ErrorKind::FAILED;
+    QString where = {}; ///< what the text speaks of, a file or a node with its frame; empty where the text says it
+
+    /// The error of somebody who called for what failed, and knows what it was for.
+    UT_Error at(const QString& place) const
+    {
+        return {text, kind, where.isEmpty() ? place : place + QStringLiteral(": ") + where};
+    }
+
+    /// For a person, where the error leaves the program.
+    QString sentence() const { return where.isEmpty() ? text : where + QStringLiteral(": ") + text; }
 };
+
+/// The error of what was stopped by somebody who is told to stop.
+inline UT_Error UT_stopped()
+{
+    return {QStringLiteral("stopped"), UT_ErrorKind::STOPPED, {}};
+}
+
+/// The error of what did not fit in memory.
+///
+/// @param what   "a picture of 40000 x 30000 pixels"
+/// @param advice "choose a smaller size"
+inline UT_Error UT_noMemory(const QString& what, const QString& advice)
+{
+    return {QStringLiteral("the memory is not enough for %1; %2").arg(what, advice), UT_ErrorKind::NO_MEMORY, {}};
+}
 
 /// A value, or the error that kept it from being made.
 ///
@@ -80,3 +116,16 @@ public:
 private:
     std::optional<UT_Error> _error;
 };
+
+/// Runs work, which may use up the memory.
+///
+/// @return its result, or the error of UT_noMemory()
+template<typename Work>
+auto UT_withinMemory(const QString& what, const QString& advice, const Work& work) -> decltype(work())
+{
+    try {
+        return work();
+    } catch (const std::bad_alloc&) {
+        return UT_noMemory(what, advice);
+    }
+}

@@ -49,8 +49,8 @@ UT_Result<void> IIO_ApngWriter::add(std::span<const std::uint8_t> rgba)
     try {
         writeFrame(IIO_pressPngPixels(imageOf(rgba, _size), IIO_Compression::SMALL));
     } catch (const std::bad_alloc&) {
-        return UT_Error{
-            QStringLiteral("cannot write \"%1\": the memory is not enough; make the film smaller").arg(_path)};
+        return UT_noMemory(QStringLiteral("the film"), QStringLiteral("make it smaller"))
+            .at(QStringLiteral("cannot write \"%1\"").arg(_path));
     }
     return {};
 }

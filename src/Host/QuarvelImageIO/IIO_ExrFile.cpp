@@ -198,7 +198,7 @@ UT_Result<IIO_Picture> IIO_readExr(const QString& path)
     try {
         auto picture = readStream(file, path.toUtf8());
         if (!picture)
-            return readError(path, picture.error().text);
+            return picture.error().at(QStringLiteral("cannot read \"%1\"").arg(path));
         return picture;
     } catch (const std::exception& exception) {
         return readError(path, QString::fromLocal8Bit(exception.what()));

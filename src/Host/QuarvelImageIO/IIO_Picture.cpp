@@ -12,9 +12,8 @@ namespace {
 
 UT_Error tooLarge(const Math::Box2di& window)
 {
-    return {QStringLiteral("a picture of %1 x %2 pixels does not fit in memory; make it smaller")
-                .arg(window.width())
-                .arg(window.height())};
+    return UT_noMemory(QStringLiteral("a picture of %1 x %2 pixels").arg(window.width()).arg(window.height()),
+                       QStringLiteral("make it smaller"));
 }
 
 } // namespace

@@ -34,7 +34,7 @@ UT_Result<void> writeEightBit(const QString& path, const IIO_Picture& picture, c
     const auto wide = IIO_imageOf(picture);
     const auto image = wide ? IIO_image8(*wide, alpha) : wide;
     if (!image)
-        return UT_Error{QStringLiteral("cannot write \"%1\": %2").arg(path, image.error().text)};
+        return image.error().at(QStringLiteral("cannot write \"%1\"").arg(path));
     return IIO_writeImage(path, *image, UT_fileSuffix(path).toLatin1(), options.quality);
 }
 

@@ -11,9 +11,9 @@
 
 namespace {
 
-UT_Error cannotWrite(const QString& path, const QString& why)
+QString writing(const QString& path)
 {
-    return {QStringLiteral("cannot write \"%1\": %2").arg(path, why)};
+    return QStringLiteral("cannot write \"%1\"").arg(path);
 }
 
 void writeChunks(QIODevice& device, const QImage& image, IIO_Compression compression)
@@ -35,14 +35,14 @@ UT_Result<void> IIO_writePng(const QString& path, const IIO_Picture& picture, co
 {
     const auto image = IIO_imageOf(picture);
     if (!image)
-        return cannotWrite(path, image.error().text);
+        return image.error().at(writing(path));
     IIO_AtomicFile file(path);
     if (const auto opened = file.open(); !opened)
         return opened;
     try {
         writeChunks(file.device(), *image, options.compression);
     } catch (const std::bad_alloc&) {
-        return cannotWrite(path, QStringLiteral("the memory is not enough; make the picture smaller"));
+        return UT_noMemory(QStringLiteral("the picture"), QStringLiteral("make it smaller")).at(writing(path));
     }
     return file.commit();
 }

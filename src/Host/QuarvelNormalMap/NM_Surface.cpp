@@ -47,8 +47,8 @@ UT_Result<NM_Surface> NM_Surface::create(const Math::Size2di& size)
         surface._planes.resize(static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height) *
                                PLANE_COUNT);
     } catch (const std::exception&) {
-        return UT_Error{
-            QStringLiteral("a surface of %1 x %2 pixels does not fit in memory").arg(size.width).arg(size.height)};
+        return UT_noMemory(QStringLiteral("a surface of %1 x %2 pixels").arg(size.width).arg(size.height),
+                           QStringLiteral("make it smaller"));
     }
     for (int y = 0; y < size.height; ++y)
         std::ranges::fill(surface.planeRow(NORMAL_Z, y), 1.0F);

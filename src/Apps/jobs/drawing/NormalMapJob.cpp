@@ -16,7 +16,8 @@ UT_Result<void> checkSize(const RD_RenderParameters& parameters)
             QStringLiteral("a picture of %1 x %2 pixels is too large; at most %3 on either side are possible")
                 .arg(width)
                 .arg(height)
-                .arg(RD_RenderParameters::kMaxResolution)};
+                .arg(RD_RenderParameters::kMaxResolution),
+            UT_ErrorKind::REFUSED};
     return {};
 }
 
@@ -32,7 +33,8 @@ UT_Result<void> checkMemory(const RD_RenderParameters& parameters, double needed
                 .arg(width)
                 .arg(height)
                 .arg(needed / kGigabyte, 0, 'f', 1)
-                .arg(present / kGigabyte, 0, 'f', 1)};
+                .arg(present / kGigabyte, 0, 'f', 1),
+            UT_ErrorKind::NO_MEMORY};
     return {};
 }
 

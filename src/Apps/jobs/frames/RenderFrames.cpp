@@ -107,34 +107,36 @@ private:
     Ended tryFrame(std::size_t index, std::optional<IIO_Picture>& picture)
     {
         try {
-            return frame(index, picture);
-        } catch (const std::bad_alloc&) {
-            return {FrameEnd::FAILED,
-                    QStringLiteral("the memory is not enough; choose a smaller resolution or fewer jobs"), false};
+            const UT_Result<FrameEnd> ended = UT_withinMemory(
+                QStringLiteral("the frame"), QStringLiteral("choose a smaller resolution or fewer jobs"),
+                [&] { return frame(index, picture); });
+            if (ended)
+                return {*ended, {}, false};
+            return {FrameEnd::FAILED, ended.error().sentence(), ended.error().kind == UT_ErrorKind::STOPPED};
         } catch (const std::exception& error) {
             return {FrameEnd::FAILED, QString::fromUtf8(error.what()), false};
         }
     }
 
     // @param picture the picture of the shot, made by the first of its frames that needs it
-    Ended frame(std::size_t index, std::optional<IIO_Picture>& picture)
+    UT_Result<FrameEnd> frame(std::size_t index, std::optional<IIO_Picture>& picture)
     {
         const int number = _settings.frames[index];
         const QString file = _settings.file.of(number);
         const RD_RenderJob job(_settings.parameters);
         const IIO_Metadata metadata = frameMetadata(_settings.picture, number);
         if (_settings.resumeAfter && isFrameOnDisk(file, job.size(), metadata, *_settings.resumeAfter))
-            return {FrameEnd::KEPT, {}, false};
+            return FrameEnd::KEPT;
         if (!picture) {
             auto rendered = render(index);
             if (!rendered)
-                return failed(rendered.error(), rendered.error().text == RD_SoftRenderer::stoppedText() && stop());
+                return rendered.error();
             picture = std::move(*rendered);
         }
         picture->metadata() = metadata;
         if (const auto written = write(*picture, file); !written)
-            return failed(written.error(), false);
-        return {};
+            return written.error();
+        return FrameEnd::WRITTEN;
     }
 
     UT_Result<IIO_Picture> render(std::size_t index)
@@ -150,8 +152,6 @@ private:
             return frame.error();
         return framePicture(*frame->picture, frame->window, _settings.picture, number);
     }
-
-    static Ended failed(const UT_Error& error, bool stopped) { return {FrameEnd::FAILED, error.text, stopped}; }
 
     UT_Result<void> write(const IIO_Picture& picture, const QString& file) const
     {

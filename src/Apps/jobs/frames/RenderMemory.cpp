@@ -22,6 +22,7 @@ UT_Result<int> framesAtOnce(int wanted, const RD_RenderParameters& parameters, d
                            "--resolution or a larger --memory")
                 .arg(parameters.resolution.first)
                 .arg(parameters.resolution.second)
-                .arg(gigabytes(needed), gigabytes(budget))};
+                .arg(gigabytes(needed), gigabytes(budget)),
+            UT_ErrorKind::NO_MEMORY};
     return std::clamp(static_cast<int>(std::min(budget / needed, 1e6)), 1, std::max(1, wanted));
 }

@@ -3,7 +3,6 @@
 // Frames are rendered in batches of as many as run at once, and handed to the film in order.
 #include "jobs/frames/RenderPreview.h"
 
-#include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 #include "jobs/frames/FilmFile.h"
 #include "jobs/limits/JobLimits.h"
 
@@ -21,11 +20,8 @@ using Frame = UT_Result<std::vector<std::uint8_t>>;
 
 Frame tryFrame(const LitFrames& frames, int frame)
 {
-    try {
-        return frames.render(frame);
-    } catch (const std::bad_alloc&) {
-        return UT_Error{QStringLiteral("the memory is not enough for a preview of frame %1").arg(frame)};
-    }
+    return UT_withinMemory(QStringLiteral("a preview of frame %1").arg(frame), QStringLiteral("choose fewer jobs"),
+                           [&] { return frames.render(frame); });
 }
 
 std::vector<Frame> batch(const LitFrames& frames, std::span<const int> numbers)
@@ -65,7 +61,7 @@ UT_Result<QString> renderPreview(const ShownModule& shown, const RenderPreviewSe
                 return added.error();
         }
         if (watcher.stop && watcher.stop())
-            return UT_Error{RD_SoftRenderer::stoppedText()};
+            return UT_stopped();
         if (watcher.progress)
             watcher.progress(static_cast<double>(first + count) / static_cast<double>(all.size()));
     }

@@ -125,7 +125,7 @@ void Autosave::tick()
     if (QGuiApplication::mouseButtons() != Qt::NoButton)
         return;
     if (const auto kept = keepNow(); !kept)
-        Q_EMIT failed(kept.error().text);
+        Q_EMIT failed(kept.error().sentence());
 }
 
 void Autosave::documentChanged()

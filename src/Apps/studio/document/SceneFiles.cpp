@@ -84,12 +84,12 @@ SceneFiles::Outcome SceneFiles::load(const OpenRequest& request)
         if (!request.scene.isEmpty()) {
             auto loaded = SIO_loadScene(request.scene);
             if (!loaded)
-                return {nullptr, {}, loaded.error().text};
+                return {nullptr, {}, loaded.error().sentence()};
             return {std::move(loaded->scene), loaded->warnings, {}};
         }
         auto imported = importDrawings(request.drawings, {});
         if (!imported)
-            return {nullptr, {}, imported.error().text};
+            return {nullptr, {}, imported.error().sentence()};
         return {std::move(imported->scene), imported->warnings, {}};
     } catch (const std::bad_alloc&) {
         return {nullptr, {}, tr("The memory is not enough to open this.")};

@@ -246,7 +246,7 @@ void ExportDialog::begin()
             [this](double share) { _progress->setValue(static_cast<int>(share * 1000.0)); });
     connect(job.get(), &ExportJob::ended, this, &ExportDialog::ended);
     if (const auto started = job->start(_scene, choices()); !started) {
-        _message->setText(started.error().text);
+        _message->setText(started.error().sentence());
         return;
     }
     _job = std::move(job);

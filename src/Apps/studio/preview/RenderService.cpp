@@ -24,6 +24,14 @@ QSize quickSize(const QSize& full)
     return {quarter(full.width()), quarter(full.height())};
 }
 
+// For the person at the window.
+QString textOf(const UT_Error& error)
+{
+    if (error.kind == UT_ErrorKind::NO_MEMORY)
+        return RenderService::tr("The memory is not enough for this picture; choose a smaller preview.");
+    return error.sentence();
+}
+
 } // namespace
 
 RenderService::RenderService(StudioDocument& document, QObject* parent)
@@ -167,8 +175,7 @@ void RenderService::work(const std::stop_token& stop)
         try {
             renderRequest(*next, stop);
         } catch (const std::bad_alloc&) {
-            post({next->generation, nullptr, tr("The memory is not enough for this picture; choose a smaller preview."),
-                  true});
+            post({next->generation, nullptr, textOf(UT_noMemory({}, {})), true});
         } catch (const std::exception& error) {
             post({next->generation, nullptr, QString::fromUtf8(error.what()), true});
         }
@@ -201,7 +208,7 @@ void RenderService::renderRequest(const Request& request, const std::stop_token&
         if (!isWanted(request.generation))
             return std::shared_ptr<RenderedFrame>();
         if (!made) {
-            post({request.generation, nullptr, made.error().text, true});
+            post({request.generation, nullptr, textOf(made.error()), true});
             return std::shared_ptr<RenderedFrame>();
         }
         post({request.generation, *made, {}, isLast});

@@ -19,7 +19,7 @@ RD_RenderParameters parametersOf(const QSize& size)
 
 UT_Error noMemory()
 {
-    return {QStringLiteral("the picture does not fit in memory; choose a smaller preview")};
+    return UT_noMemory(QStringLiteral("the picture"), QStringLiteral("choose a smaller preview"));
 }
 
 UT_Result<void> takeImage(const UT_Result<IIO_Picture>& picture, QImage& image)

@@ -110,7 +110,7 @@ void MainWindow::openPaths(const QStringList& paths)
 {
     const UT_Result<OpenRequest> request = OpenRequest::of(paths);
     if (!request) {
-        _messages->showError(request.error().text);
+        _messages->showError(request.error().sentence());
         return;
     }
     if (!confirmLeaving())
@@ -156,7 +156,7 @@ bool MainWindow::saveAs()
 bool MainWindow::saveTo(const QString& folder)
 {
     if (const auto saved = _document.save(folder); !saved) {
-        _messages->showError(tr("The scene was not saved: %1").arg(saved.error().text));
+        _messages->showError(tr("The scene was not saved: %1").arg(saved.error().sentence()));
         return false;
     }
     _messages->clear();
@@ -194,7 +194,7 @@ void MainWindow::offerRecovery()
             continue;
         const auto recovered = _autosave.recover(left);
         if (!recovered) {
-            _messages->showError(tr("\"%1\" cannot be recovered: %2").arg(left.title, recovered.error().text));
+            _messages->showError(tr("\"%1\" cannot be recovered: %2").arg(left.title, recovered.error().sentence()));
             continue;
         }
         _nameOfImport = left.savedAs.isEmpty() ? left.title : QString();

@@ -40,9 +40,8 @@ Form formOf(const QStringList& channels)
 
 UT_Error noMemory(const QSize& size)
 {
-    return {QStringLiteral("an image of %1 x %2 pixels does not fit in memory; make it smaller")
-                .arg(size.width())
-                .arg(size.height())};
+    return UT_noMemory(QStringLiteral("an image of %1 x %2 pixels").arg(size.width()).arg(size.height()),
+                       QStringLiteral("make it smaller"));
 }
 
 UT_Result<void> addTexts(QImage& image, const IIO_Metadata& metadata)

@@ -40,28 +40,21 @@ UT_Result<CA_CelRef> RD_SoftRenderer::render(MO_Module& module, double frame, co
 {
     const auto [width, height] = parameters.resolution;
     if (!isPossible(width) || !isPossible(height))
-        return UT_Error{translated("A picture of %1 x %2 pixels cannot be rendered; each side must have 1 to %3 pixels")
+        return UT_Error{translated("a picture of %1 x %2 pixels cannot be rendered; each side must have 1 to %3 pixels")
                             .arg(width)
                             .arg(height)
-                            .arg(RD_RenderParameters::kMaxResolution)};
-    const auto failed = [&](const QString& reason) {
-        return UT_Error{
-            translated("\"%1\" was not rendered at frame %2: %3").arg(module.instanceName()).arg(frame).arg(reason)};
-    };
+                            .arg(RD_RenderParameters::kMaxResolution),
+                        UT_ErrorKind::REFUSED};
+    const QString place = translated("\"%1\" was not rendered at frame %2").arg(module.instanceName()).arg(frame);
     try {
         return toPixels(RD_FrameRender(frame, parameters, progress).render(module), parameters);
     } catch (const RD_FrameRender::Aborted& aborted) {
-        return aborted.reason == stoppedText() ? UT_Error{aborted.reason} : failed(aborted.reason);
+        return aborted.reason.at(place);
     } catch (const std::bad_alloc&) {
-        return failed(translated("the memory is not enough for %1 x %2 pixels; choose a smaller resolution")
-                          .arg(width)
-                          .arg(height));
+        return UT_noMemory(translated("%1 x %2 pixels").arg(width).arg(height),
+                           translated("choose a smaller resolution"))
+            .at(place);
     } catch (const std::exception& error) {
-        return failed(QString::fromUtf8(error.what()));
+        return UT_Error{QString::fromUtf8(error.what())}.at(place);
     }
-}
-
-QString RD_SoftRenderer::stoppedText()
-{
-    return translated("The render was stopped");
 }

@@ -39,11 +39,9 @@ public:
     /// @param parameters the resolution is from 1 to RD_RenderParameters::kMaxResolution on both axes
     /// @param progress   may be empty
     /// @return a cel whose picture is a pixmap in parameters.celFormat(), with nothing allocated where nothing is
-    ///     shown; messages that came with the picture are still attached. An error when the resolution is out of range,
-    ///     the graph too deep or too entangled, the memory not enough, or progress said to stop.
+    ///     shown; messages that came with the picture are still attached. An error when the resolution is out of range
+    ///     or the graph too deep or too entangled (REFUSED), the memory not enough (NO_MEMORY), or progress said to
+    ///     stop (STOPPED).
     static UT_Result<CA_CelRef> render(MO_Module& module, double frame, const RD_RenderParameters& parameters,
                                        const Progress& progress = {});
-
-    /// The text of the error that a render ends with which was told to stop.
-    static QString stoppedText();
 };

@@ -216,6 +216,6 @@ void NodeActions::addGroupMenus(QMenu& menu, XUGroup& group)
             if (command)
                 _view.document().execute(std::move(*command));
             else
-                _view.refuse(command.error().text);
+                _view.refuse(command.error().sentence());
         });
 }

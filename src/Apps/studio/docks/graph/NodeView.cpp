@@ -235,7 +235,7 @@ void NodeView::connectPorts(const NodePort& source, const NodePort& target)
 {
     UT_Result<MO_EditCommand> command = MO_connectCmd(*source.module, *target.module, target.index, source.index);
     if (!command)
-        return refuse(command.error().text);
+        return refuse(command.error().sentence());
     _document.execute(std::move(*command));
 }
 

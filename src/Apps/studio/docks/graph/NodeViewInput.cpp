@@ -137,7 +137,7 @@ void NodeView::endLink(const QPoint& position)
     if (taken) {
         UT_Result<MO_EditCommand> command = MO_moveLinkCmd(*taken.module, taken.index, *target.module, target.index);
         if (!command)
-            return refuse(command.error().text);
+            return refuse(command.error().sentence());
         _document.execute(std::move(*command));
     } else if (target) {
         connectPorts(fixed.isInput ? target : fixed, fixed.isInput ? fixed : target);

@@ -18,10 +18,18 @@
 
 namespace {
 
-QString tooDeepText()
+UT_Error tooDeep()
 {
-    return QCoreApplication::translate("RD_SoftRenderer", "More than %1 modules follow each other in the graph")
-        .arg(RD_ScriptContext::kMaxDepth);
+    const QString text =
+        QCoreApplication::translate("RD_SoftRenderer", "more than %1 modules follow each other in the graph");
+    return {text.arg(RD_ScriptContext::kMaxDepth), UT_ErrorKind::REFUSED};
+}
+
+UT_Error tooEntangled()
+{
+    const QString text =
+        QCoreApplication::translate("RD_SoftRenderer", "the drawings are reached on too many paths through the graph");
+    return {text, UT_ErrorKind::REFUSED};
 }
 
 // Nothing that a picture shows can depend on what lies further away than this.
@@ -72,7 +80,7 @@ CA_CelRef RD_FrameRender::render(MO_Module& module)
         return nullptr;
     _script.scriptPorts(*source->module());
     if (_script.isTooDeep())
-        throw Aborted{tooDeepText()};
+        throw Aborted{tooDeep()};
     return renderSource(*source, _script.renderJob().canvas(), nullptr, Span{0.0, 1.0});
 }
 
@@ -117,11 +125,10 @@ CA_CelRef RD_FrameRender::renderInput(MO_Module& module, int port, bool rendersP
     if (!source || !source->module())
         return nullptr;
     if (++_links > RD_SoftRenderer::kMaxLinks)
-        throw Aborted{QCoreApplication::translate("RD_SoftRenderer",
-                                                  "The drawings are reached on too many paths through the graph")};
+        throw Aborted{tooEntangled()};
     const Step step{path, &module, port, rendersPixels, path ? path->depth + 1 : 1};
     if (step.depth > RD_ScriptContext::kMaxDepth)
-        throw Aborted{tooDeepText()};
+        throw Aborted{tooDeep()};
     const MO_PortContext context(_script.globalFrameKey(), _script.renderJob().parameters().resolution, &module, port);
     const Math::Box2di needed = module.computeInputRect(context, port, rect).getIntersection(_limit);
     return renderSource(*source, needed, &step, span);
@@ -175,5 +182,5 @@ void RD_FrameRender::report(double done)
 {
     _done = std::max(_done, done);
     if (_progress && !_progress(_done))
-        throw Aborted{RD_SoftRenderer::stoppedText()};
+        throw Aborted{UT_stopped()};
 }

@@ -14,7 +14,7 @@ public:
     /// Why a frame was not rendered to its end; thrown and caught inside of this library alone.
     struct Aborted
     {
-        QString reason;
+        UT_Error reason;
     };
 
     RD_FrameRender(double frame, const RD_RenderParameters& parameters, const RD_SoftRenderer::Progress& progress);
