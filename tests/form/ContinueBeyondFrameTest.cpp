@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // What ends on the picture's border goes on beyond it.
-#include "FormDrawings.h"
 #include "form/ContinueBeyondFrame.h"
+#include "FormDrawings.h"
 
 using namespace form_drawings;
 
@@ -43,7 +43,8 @@ TEST(ContinueBeyondFrame, LeavesWhatTouchesOrGoesOnByItself)
 
 TEST(ContinueBeyondFrame, ChangesNothingInThePicture)
 {
-    const DIO_Drawing drawing = read("<path d='M20 100q0 -60 30 -60t30 60z' fill='#3f7d63'/>" + rect(0, 70, 30, 30, "#c93434"));
+    const DIO_Drawing drawing =
+        read("<path d='M20 100q0 -60 30 -60t30 60z' fill='#3f7d63'/>" + rect(0, 70, 30, 30, "#c93434"));
     ChosenObjects found = chooseObjects(drawing, ObjectChoice::AUTO);
     continueBeyondFrame(found);
     EXPECT_EQ(painted(found.drawing, 200), painted(drawing, 200));

@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Small drawings for tests, written as the content of an SVG whose picture is 100 x 100, and what they are painted like.
+// Small drawings for tests, written as the content of an SVG whose picture is 100 x 100, and what they are painted
+// like.
 #pragma once
 
 #include "QuarvelDrawingIO/DIO_SvgReader.h"
@@ -94,8 +95,8 @@ inline int distance(QRgb one, QRgb other)
                      std::abs(qBlue(one) - qBlue(other)), std::abs(qAlpha(one) - qAlpha(other))});
 }
 
-/// The pixels in which two pictures differ, those at edges of the first one left out: there antialiasing differs where a
-/// shape is painted twice.
+/// The pixels in which two pictures differ, those at edges of the first one left out: there antialiasing differs where
+/// a shape is painted twice.
 inline int pixelsThatDiffer(const QImage& one, const QImage& other)
 {
     constexpr int kSeen = 12;

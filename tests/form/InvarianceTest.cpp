@@ -28,8 +28,8 @@ std::vector<QByteArray> drawings()
             "<path d='M30 58h40q0 20 -20 20t-20 -20z' fill='#664500'/>" + rect(34, 58, 32, 6, "#ffffff"),
         rect(20, 45, 60, 50, "#ffe8b6") + "<path d='M10 45l40 -35l40 35z' fill='#a0041e'/>" +
             rect(28, 55, 12, 12, "#55acee") + rect(60, 55, 12, 12, "#55acee") + line("M20 45h60v50h-60z"),
-        rect(30, 50, 40, 50, "#3f7d63") + circle(50, 35, 25, "#efb286") + line("M25 35a25 25 0 1 0 50 0a25 25 0 1 0 -50 0z") +
-            line("M30 100v-42") + line("M70 100v-42"),
+        rect(30, 50, 40, 50, "#3f7d63") + circle(50, 35, 25, "#efb286") +
+            line("M25 35a25 25 0 1 0 50 0a25 25 0 1 0 -50 0z") + line("M30 100v-42") + line("M70 100v-42"),
         "<ellipse cx='50' cy='90' rx='30' ry='5' opacity='0.4'/>" + circle(50, 60, 28, "#5aa9dc") +
             circle(30, 25, 15, "#5aa9dc") + circle(30, 25, 4, "#ffffff"),
     };

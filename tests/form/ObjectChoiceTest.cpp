@@ -73,9 +73,9 @@ TEST(ObjectChoice, PiecesOfOneColourAreOneObject)
 
 TEST(ObjectChoice, ButNotWithALineOnTheSeam)
 {
-    EXPECT_EQ(
-        countOf(rect(20, 30, 30, 30, "#ffcc4d") + rect(50, 30, 30, 30, "#ffcc4d") + line("M50 30v30") + line("M20 30h60v30h-60z")),
-        2U);
+    EXPECT_EQ(countOf(rect(20, 30, 30, 30, "#ffcc4d") + rect(50, 30, 30, 30, "#ffcc4d") + line("M50 30v30") +
+                      line("M20 30h60v30h-60z")),
+              2U);
 }
 
 TEST(ObjectChoice, NorWithNotchesAtItsEnds)
@@ -92,9 +92,9 @@ TEST(ObjectChoice, ALongSeamOfTwoColoursJoinsThem)
 
 TEST(ObjectChoice, ADarkShapeThatHoldsOthersIsAnOpening)
 {
-    EXPECT_THAT(rolesOf(kFace + "<path d='M30 55h40q0 25 -20 25t-20 -25z' fill='#664500'/>" +
-                        circle(50, 70, 6, "#dd2e44")),
-                ElementsAre(BODY, OPENING, BODY));
+    EXPECT_THAT(
+        rolesOf(kFace + "<path d='M30 55h40q0 25 -20 25t-20 -25z' fill='#664500'/>" + circle(50, 70, 6, "#dd2e44")),
+        ElementsAre(BODY, OPENING, BODY));
 }
 
 TEST(ObjectChoice, ALargeDarkShapeIsAHoleASmallOneABead)
@@ -115,8 +115,9 @@ TEST(ObjectChoice, ADialIsFlatInItsRim)
 
 TEST(ObjectChoice, WindowsSink)
 {
-    EXPECT_THAT(rolesOf(rect(10, 20, 80, 70, "#ffe8b6") + rect(20, 40, 15, 15, "#55acee") + rect(65, 40, 15, 15, "#55acee")),
-                ElementsAre(BODY, OPENING, OPENING));
+    EXPECT_THAT(
+        rolesOf(rect(10, 20, 80, 70, "#ffe8b6") + rect(20, 40, 15, 15, "#55acee") + rect(65, 40, 15, 15, "#55acee")),
+        ElementsAre(BODY, OPENING, OPENING));
 }
 
 TEST(ObjectChoice, SiblingsAreDecidedTogether)
@@ -154,9 +155,9 @@ TEST(ObjectChoice, AStrokeOfAFillsOwnColourIsAPieceOfIt)
 
 TEST(ObjectChoice, TwoDeclaredLayersAreBelieved)
 {
-    const QByteArray layers = "<g inkscape:groupmode='layer' inkscape:label='Body'>" + kFace +
-                              circle(50, 50, 10, "#3355cc") + "</g><g inkscape:groupmode='layer' inkscape:label='Hat'>" +
-                              rect(20, 5, 60, 15, "#222222") + "</g>";
+    const QByteArray layers =
+        "<g inkscape:groupmode='layer' inkscape:label='Body'>" + kFace + circle(50, 50, 10, "#3355cc") +
+        "</g><g inkscape:groupmode='layer' inkscape:label='Hat'>" + rect(20, 5, 60, 15, "#222222") + "</g>";
     const ChosenObjects found = chosen(layers);
     ASSERT_EQ(found.objects.size(), 2U);
     EXPECT_EQ(found.objects[0].name, QStringLiteral("Body"));

@@ -29,8 +29,11 @@ QByteArray randomShape()
             .arg(number(5, 40))
             .toUtf8();
     default:
-        return line(qPrintable(QStringLiteral("M%1 %2L%3 %4").arg(number(0, 99)).arg(number(0, 99)).arg(number(0, 99)).arg(
-                        number(0, 99))),
+        return line(qPrintable(QStringLiteral("M%1 %2L%3 %4")
+                                   .arg(number(0, 99))
+                                   .arg(number(0, 99))
+                                   .arg(number(0, 99))
+                                   .arg(number(0, 99))),
                     colour, number(1, 6));
     }
 }
