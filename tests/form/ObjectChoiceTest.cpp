@@ -11,6 +11,19 @@ namespace {
 
 const QByteArray kFace = circle(50, 50, 40, "#ffcc4d");
 
+TEST(ObjectChoice, AShapeOnALargerBlackCopyOfItselfIsOneBodyWithItsOutline)
+{
+    // A body that leans, so that neither the copy nor the body is round.
+    const auto body = [](int grown, const char* fill) {
+        return QStringLiteral("<ellipse cx='50' cy='50' rx='%1' ry='%2' transform='rotate(20 50 50)' fill='%3'/>")
+            .arg(38 + grown)
+            .arg(22 + grown)
+            .arg(QLatin1String(fill))
+            .toUtf8();
+    };
+    EXPECT_THAT(rolesOf(body(3, "#000000") + body(0, "#d8a202")), testing::ElementsAre(ObjectRole::BODY));
+}
+
 } // namespace
 
 TEST(ObjectChoice, APartOverAPartIsAnObject)

@@ -20,6 +20,7 @@ constexpr double kHalfOfBase = 0.5;
 constexpr double kShade = 5.0;         // a difference in lightness that is seen as shading
 constexpr double kAnotherShade = 33.0; // a difference in lightness beyond that of light and shade on one thing
 constexpr double kDark = 42.0;         // the lightness of holes
+constexpr double kInkDark = 15.0;      // the lightness of black ink
 constexpr double kMuchDarker = 22.0;   // than what is around
 constexpr double kBead = 0.034;        // of the body: larger dark shapes are holes
 constexpr double kPupil = 0.15;        // of a round body: an eye holds no larger hole
@@ -60,6 +61,9 @@ bool isRectangle(const ShapeFacts& shape)
 
 Verdict judgeConcentric(const InnerShape& inner)
 {
+    // Many drawings have their outlines as a black shape beneath the coloured one.
+    if (inner.ground.colour.lightness < kInkDark)
+        return mark("the colour inside its outline");
     const bool dial = inner.shape.colour.lightness > inner.ground.colour.lightness + kShade;
     return dial ? object("a dial in its rim", ObjectRole::FLAT) : mark("a smaller copy of what it lies on");
 }

@@ -7,10 +7,10 @@
 #include "ObjectDefinition/ObjectDefinition.h"
 #include "ObjectDefinition/ObjectDefinitionMessage.h"
 #include "QuarvelCelCore/CEL_Compositing.h"
-#include "QuarvelSceneCore/kinds/MO_CompositeModuleBase.h"
 #include "QuarvelSceneCore/interfaces/MO_CompositeModuleBitmapHandler.h"
 #include "QuarvelSceneCore/interfaces/MO_RenderingRequestService.h"
 #include "QuarvelSceneCore/interfaces/RD_ScriptContext.h"
+#include "QuarvelSceneCore/kinds/MO_CompositeModuleBase.h"
 #include "jobs/shown/NormalMapNode.h"
 
 namespace {
