@@ -32,7 +32,11 @@ AT_SimpleAttr::AT_SimpleAttr(const AT_AttrMeta& meta, AT_Attr* parent)
     : AT_Attr(meta, parent), _relay(std::make_unique<Relay>(*this))
 {}
 
-AT_SimpleAttr::~AT_SimpleAttr() = default;
+AT_SimpleAttr::~AT_SimpleAttr()
+{
+    // A link to this attribute itself takes its name from the readers when it goes, so it goes before them.
+    _surrogate = UT_SharedPtr<AT_AttrSurrogate>();
+}
 
 bool AT_SimpleAttr::setSurrogate(const UT_SharedPtr<AT_AttrSurrogate>& surrogate)
 {
