@@ -73,12 +73,13 @@ bool hasRole(const ChosenObjects& chosen, ObjectRole role)
 
 } // namespace
 
-TEST(BitmapObjects, anOnlyObjectIsTheDrawingAsItWas)
+TEST(BitmapObjects, anOnlyObjectKeepsTheLayersName)
 {
     const ChosenObjects chosen = objectsOf(pictureOf({{{48, 48}, 30, 0xffd03030U}}));
     ASSERT_EQ(chosen.objects.size(), 1U);
     EXPECT_EQ(chosen.objects[0].name, QStringLiteral("sprite"));
-    EXPECT_EQ(chosen.drawing.layers[0].shapes.front().path.boundingRect(), QRectF(0, 0, 96, 96));
+    EXPECT_EQ(chosen.drawing.layers[0].shapes.front().path.boundingRect(), QRectF(18, 18, 60, 60))
+        << "what is empty around it is left out";
     EXPECT_EQ(chosen.objects[0].role, ObjectRole::BODY);
     // A disc of 30 in 96 x 96 pixels.
     EXPECT_NEAR(chosen.objects[0].share, 0.307, 0.02);
@@ -143,6 +144,20 @@ TEST(BitmapObjects, anEyeIsOneObjectWithItsPupil)
     EXPECT_EQ(objectAt(chosen, 36, 41), objectAt(chosen, 36, 33));
     EXPECT_NE(objectAt(chosen, 36, 41), objectAt(chosen, 60, 41));
     EXPECT_TRUE(chosen.objects[0].measured.empty()) << "eyes are no holes in a head";
+}
+
+TEST(BitmapObjects, siblingsOfOneColourAreDecidedTogether)
+{
+    // Alone, the narrow bar would be a mark on the plate.
+    const QImage image = painted({160, 120}, [](QPainter& painter) {
+        painter.setBrush(QColor(60, 136, 195));
+        painter.drawRoundedRect(4, 4, 152, 112, 16, 16);
+        painter.setBrush(QColor(255, 255, 255));
+        painter.drawPolygon(QPolygonF({{24, 20}, {24, 100}, {104, 60}}));
+        painter.drawRect(116, 20, 10, 80);
+    });
+    const ChosenObjects chosen = objectsOf(image);
+    EXPECT_EQ(chosen.objects.size(), 3U);
 }
 
 TEST(BitmapObjects, aDarkShapeThatHoldsOthersIsAnOpening)

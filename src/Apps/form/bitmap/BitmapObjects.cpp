@@ -47,7 +47,7 @@ int marginFor(const Region& region, const PixelCells& cells, const QSize& bitmap
     return static_cast<int>(std::lround(std::min(most, kBeyond * region.deepest * cells.size)));
 }
 
-// Puts the result together. An only object keeps the drawing's layer, with its name, its paint and its rectangle.
+// Puts the result together. An only object keeps the name of the drawing's layer, and its paint.
 class Assembly
 {
 public:
@@ -70,9 +70,9 @@ public:
         object.share = share;
         if (!picture.shown.isNull())
             object.measured = {pictureShape(picture.shownPlace, picture.shown, index)};
-        const bool asItIs = _one && _shape.picture.rect().contains(picture.place);
-        const DIO_Shape shape = asItIs ? _shape : pictureShape(picture.place, picture.whole, index);
-        _chosen.drawing.layers.push_back({object.name, _one && _source.layers.front().declared, {shape}});
+        _chosen.drawing.layers.push_back({object.name,
+                                          _one && _source.layers.front().declared,
+                                          {pictureShape(picture.place, picture.whole, index)}});
         _chosen.objects.push_back(std::move(object));
     }
 

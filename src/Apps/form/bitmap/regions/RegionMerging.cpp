@@ -78,6 +78,7 @@ private:
     bool holdsOthers(int number) const;
     bool isPaint(int number, int base) const;
     bool isPupil(int number, int base) const;
+    bool areSiblingsPaint(int number, int base) const;
     bool isShadeOfOneBody(int a, int b) const;
     bool isStripeAcross(int stripe, int a, int b) const;
     bool isOneBodyBehind(int front, int a, int b) const;
@@ -134,6 +135,20 @@ bool Rules::isPupil(int number, int base) const
            _graph.seamShare(number, base) > kPupilInEye && !_graph.seam(number, base).isInked();
 }
 
+// Regions of one colour inside one base are all paint or all objects, whichever most of their pixels are.
+bool Rules::areSiblingsPaint(int number, int base) const
+{
+    int paint = 0;
+    int objects = 0;
+    for (const auto& [other, seam] : _graph.seamsOf(base)) {
+        const bool sibling = _graph.seamShare(other, base) >= kInsideShare &&
+                             colourDistance(region(other).colour, region(number).colour) < kSameColour;
+        if (sibling)
+            (isPaint(other, base) ? paint : objects) += region(other).pixels;
+    }
+    return paint > objects;
+}
+
 bool Rules::joinInside()
 {
     bool joined = false;
@@ -142,7 +157,7 @@ bool Rules::joinInside()
         if (base < 0 || region(base).pixels < region(number).pixels)
             continue;
         const bool inside = _graph.seamShare(number, base) >= kInsideShare;
-        if (inside ? isPaint(number, base) : isPupil(number, base)) {
+        if (inside ? areSiblingsPaint(number, base) : isPupil(number, base)) {
             if (!areShadesOfOneColour(region(number).colour, region(base).colour))
                 _graph.setDetailed(base);
             _graph.join(base, number);
