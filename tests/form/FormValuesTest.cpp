@@ -45,14 +45,18 @@ TEST(FormValues, ADiscThatTouchesTheFrameStaysRound)
     EXPECT_NEAR(extentOf(circle(50, 50, 50, "#ffcc4d")).roundness, 1.0, 0.02);
 }
 
+// Values have few digits, so that people can read and type them.
+constexpr double kDigitsOfBevel = 0.01;
+constexpr double kDigitsOfElevation = 1e-4;
+
 TEST(FormValues, ScaleWithTheBreadth)
 {
     const ObjectForm one = formFor({40.0, 0.5}, ObjectRole::BODY, {});
     const ObjectForm other = formFor({80.0, 0.5}, ObjectRole::BODY, {});
-    EXPECT_DOUBLE_EQ(other.bevel, 2.0 * one.bevel);
-    EXPECT_DOUBLE_EQ(other.elevation, 2.0 * one.elevation);
+    EXPECT_NEAR(other.bevel, 2.0 * one.bevel, 2.0 * kDigitsOfBevel);
+    EXPECT_NEAR(other.elevation, 2.0 * one.elevation, 2.0 * kDigitsOfElevation);
     EXPECT_EQ(other.smoothness, one.smoothness);
-    EXPECT_DOUBLE_EQ(one.elevation * 37.5, 40.0);
+    EXPECT_NEAR(one.elevation, 40.0 / 37.5, kDigitsOfElevation);
 }
 
 TEST(FormValues, RoundOnesAreFuller)
@@ -63,7 +67,7 @@ TEST(FormValues, RoundOnesAreFuller)
     EXPECT_DOUBLE_EQ(round.elevation, 60.0 / 37.5);
     EXPECT_DOUBLE_EQ(round.smoothness, 3.4);
     const ObjectForm between = formFor({40.0, 0.89}, ObjectRole::BODY, {});
-    EXPECT_NEAR(between.bevel, (ordinary.bevel + round.bevel) / 2.0, 1e-9);
+    EXPECT_NEAR(between.bevel, (ordinary.bevel + round.bevel) / 2.0, kDigitsOfBevel);
     EXPECT_EQ(formFor({40.0, 0.2}, ObjectRole::BODY, {.shape = FormShape::PILLOW}), round);
 }
 
@@ -79,7 +83,7 @@ TEST(FormValues, VolumeScalesTheElevation)
 {
     const ObjectForm body = formFor({40.0, 0.5}, ObjectRole::BODY, {});
     const ObjectForm half = formFor({40.0, 0.5}, ObjectRole::BODY, {.volume = 0.5});
-    EXPECT_DOUBLE_EQ(half.elevation, 0.5 * body.elevation);
+    EXPECT_NEAR(half.elevation, 0.5 * body.elevation, kDigitsOfElevation);
     EXPECT_EQ(half.bevel, body.bevel);
 }
 
