@@ -1356,12 +1356,12 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
 <context>
     <name>RD_SoftRenderer</name>
     <message>
-        <source>More than %1 modules follow each other in the graph</source>
-        <translation>Mehr als %1 Module folgen im Graphen aufeinander</translation>
+        <source>more than %1 modules follow each other in the graph</source>
+        <translation>mehr als %1 Module folgen im Graphen aufeinander</translation>
     </message>
     <message>
-        <source>The drawings are reached on too many paths through the graph</source>
-        <translation>Die Zeichnungen sind auf zu vielen Wegen durch den Graphen erreichbar</translation>
+        <source>the drawings are reached on too many paths through the graph</source>
+        <translation>die Zeichnungen sind auf zu vielen Wegen durch den Graphen erreichbar</translation>
     </message>
 </context>
 <context>
