@@ -170,6 +170,28 @@ TEST_F(EditCommands, RenamingSwitchingAndFramesUndo)
     EXPECT_FALSE(MO_frameHeightCmd(scene, 0.0));
 }
 
+TEST_F(EditCommands, ALinkThatWaitedForTheNewNameWaitsAgainWhenTheNameIsTakenBack)
+{
+    auto& other = root.emplace<MO_ElementModule>();
+    const auto link = UT_makeShared<AT_AttrLink>(QStringLiteral("Face.PositionY"));
+    other.positionX()->setSurrogate(link);
+    execute(MO_renameCmd(hero, QStringLiteral("Face")));
+    EXPECT_EQ(link->target(), hero.positionY());
+    scene.resolveLinks();
+    stack.undo();
+    EXPECT_EQ(link->target(), nullptr);
+    EXPECT_EQ(link->path(), QStringLiteral("Face.PositionY"));
+}
+
+TEST_F(EditCommands, ALinkFollowsItsTargetFromTheStart)
+{
+    auto& other = root.emplace<MO_ElementModule>();
+    const auto link = UT_makeShared<AT_AttrLink>(hero.instanceName() + QStringLiteral(".PositionY"));
+    execute(MO_driveCmd(*other.positionX(), link));
+    execute(MO_renameCmd(hero, QStringLiteral("Face")));
+    EXPECT_EQ(link->path(), QStringLiteral("Face.PositionY"));
+}
+
 TEST_F(EditCommands, ANameThatIsTakenGetsANumber)
 {
     execute(MO_renameCmd(hero, glue.instanceName()));

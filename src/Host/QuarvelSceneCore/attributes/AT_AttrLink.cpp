@@ -61,6 +61,13 @@ bool AT_AttrLink::resolve(const AT_LinkScope& scope)
     return usable;
 }
 
+void AT_AttrLink::release()
+{
+    leaveTarget();
+    _target = UT_WeakPtr<AT_SimpleAttr>();
+    tell();
+}
+
 void AT_AttrLink::leaveTarget()
 {
     AT_SimpleAttr* const old = target();

@@ -47,6 +47,8 @@ public:
     ///
     /// @return whether the link is resolved now
     bool resolve(const AT_LinkScope& scope);
+    /// Lets go of the target and keeps the path: the opposite of resolving.
+    void release();
     /// Takes the target's path of today, after nodes were renamed or moved. An unresolved link keeps its path.
     void refreshPath(const AT_LinkScope& scope);
 

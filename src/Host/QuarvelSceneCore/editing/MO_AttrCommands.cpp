@@ -3,8 +3,10 @@
 // Each command holds what the attribute was and what it becomes (AT_ChangeCmd).
 #include "QuarvelSceneCore/editing/MO_AttrCommands.h"
 
+#include "QuarvelSceneCore/attributes/AT_AttrLink.h"
 #include "QuarvelSceneCore/attributes/AT_ChangeCmd.h"
 #include "QuarvelSceneCore/editing/private/MO_StateCmd.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
 
 #include <algorithm>
 #include <cmath>
@@ -30,6 +32,16 @@ MO_EditCommand numberCmd(AT_AnimatableAttr& attr, const AT_AnimatableAttr::State
         attr.state(), after);
 }
 
+// Puts what drives the attribute in place; a link finds its target at once, so that the target's new names reach it.
+void drive(AT_SimpleAttr& attr, const UT_SharedPtr<AT_AttrSurrogate>& surrogate)
+{
+    attr.setSurrogate(surrogate);
+    const MO_Node* const node = attr.node();
+    const auto* const scene = node ? dynamic_cast<const MO_Scene*>(node->sceneCommon()) : nullptr;
+    if (AT_AttrLink* const link = attr.link(); link && scene)
+        link->resolve(*scene);
+}
+
 // The whole part of a frame, when it fits.
 std::optional<int> wholeFrame(double frame)
 {
@@ -47,9 +59,7 @@ MO_EditCommand MO_driveCmd(AT_SimpleAttr& attr, const UT_SharedPtr<AT_AttrSurrog
     using Surrogate = UT_SharedPtr<AT_AttrSurrogate>;
     const QString name =
         (surrogate ? MO_CommandTexts::tr("Link %1") : MO_CommandTexts::tr("Unlink %1")).arg(attr.label());
-    return changeCmd<AT_SimpleAttr, Surrogate>(
-        attr, name, [](AT_SimpleAttr& target, const Surrogate& driving) { target.setSurrogate(driving); },
-        attr.surrogate(), surrogate);
+    return changeCmd<AT_SimpleAttr, Surrogate>(attr, name, drive, attr.surrogate(), surrogate);
 }
 
 MO_EditCommand MO_curveCmd(AT_AnimatableAttr& attr, const AT_Curve& curve)

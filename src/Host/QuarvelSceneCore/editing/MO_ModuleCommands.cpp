@@ -4,6 +4,8 @@
 // as the table of all links of the group.
 #include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
 
+#include "QuarvelSceneCore/attributes/AT_AttrLink.h"
+#include "QuarvelSceneCore/attributes/AT_SimpleAttr.h"
 #include "QuarvelSceneCore/editing/private/MO_LinkTable.h"
 #include "QuarvelSceneCore/editing/private/MO_StateCmd.h"
 #include "QuarvelSceneCore/graph/MO_SceneCopy.h"
@@ -174,12 +176,63 @@ MO_EditCommand MO_duplicateModulesCmd(const std::vector<MO_Module*>& modules, st
                                            std::move(entries), std::move(links));
 }
 
+namespace {
+
+// Links of the scene whose path names nothing.
+std::vector<UT_SharedPtr<AT_AttrSurrogate>> linksWithoutTarget(const MO_Scene& scene)
+{
+    std::vector<UT_SharedPtr<AT_AttrSurrogate>> found;
+    scene.forEachLinked([&found](AT_SimpleAttr& attr) {
+        if (!attr.link()->target())
+            found.push_back(attr.surrogate());
+    });
+    return found;
+}
+
+// Renames a module. The new name may be the one that a link without target has been waiting for; undone, that link
+// waits again, instead of following the module back to a name that it never had.
+class RenameCmd : public CO_Command
+{
+public:
+    RenameCmd(MO_Module& module, QString after)
+        : _module(module), _before(module.instanceName()), _after(std::move(after))
+    {}
+
+    QString name() const override { return MO_CommandTexts::tr("Rename \"%1\"").arg(_before); }
+
+    void execute() override
+    {
+        auto* const scene = dynamic_cast<MO_Scene*>(_module.sceneCommon());
+        _found = scene ? linksWithoutTarget(*scene) : std::vector<UT_SharedPtr<AT_AttrSurrogate>>();
+        _module.setInstanceName(_after);
+        if (scene)
+            scene->resolveLinks();
+        std::erase_if(_found, [](const auto& link) { return !asLink(link).target(); });
+    }
+
+    void undo() override
+    {
+        for (const auto& link : _found)
+            asLink(link).release();
+        _module.setInstanceName(_before);
+    }
+
+private:
+    static AT_AttrLink& asLink(const UT_SharedPtr<AT_AttrSurrogate>& link) { return static_cast<AT_AttrLink&>(*link); }
+
+    MO_Module& _module;
+    QString _before;
+    QString _after;
+    std::vector<UT_SharedPtr<AT_AttrSurrogate>> _found; // by the new name
+};
+
+} // namespace
+
 MO_EditCommand MO_renameCmd(MO_Module& module, const QString& name)
 {
     if (module.instanceName() == name)
         return nullptr;
-    return MO_makeStateCmd(MO_CommandTexts::tr("Rename \"%1\"").arg(module.instanceName()), module.instanceName(), name,
-                           [&module](const QString& wanted) { module.setInstanceName(wanted); });
+    return std::make_unique<RenameCmd>(module, name);
 }
 
 MO_EditCommand MO_enableCmd(const std::vector<MO_Module*>& modules, bool enabled)

@@ -10,6 +10,8 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 namespace {
 
 const QString kElementCamera = QStringLiteral("camera");
@@ -68,15 +70,20 @@ void MO_Scene::disconnect(MO_Module& target, unsigned inPort)
         port->disconnect();
 }
 
+void MO_Scene::forEachLinked(const std::function<void(AT_SimpleAttr&)>& function) const
+{
+    const auto visit = [&function](AT_Attr& attr) {
+        if (attr.link())
+            function(static_cast<AT_SimpleAttr&>(attr)); // no other attribute has a link
+    };
+    _root->forEachModule(
+        [&visit](MO_Module& module) { std::ranges::for_each(module.attrs(), [&](AT_Attr* attr) { visit(*attr); }); });
+    visit(truckFactorAttr());
+}
+
 void MO_Scene::resolveLinks()
 {
-    _root->forEachModule([this](const MO_Module& module) {
-        for (const AT_Attr* attr : module.attrs())
-            if (AT_AttrLink* link = attr->link())
-                link->resolve(*this);
-    });
-    if (AT_AttrLink* link = truckFactorAttr().link())
-        link->resolve(*this);
+    forEachLinked([this](AT_SimpleAttr& attr) { attr.link()->resolve(*this); });
 }
 
 void MO_Scene::nodeRenamed(const MO_Node& node)

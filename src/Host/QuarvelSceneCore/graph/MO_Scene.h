@@ -19,6 +19,8 @@
 #include "QuarvelSceneCore/graph/MO_SceneCommon.h"
 #include "QuarvelSceneCore/graph/XUGroup.h"
 
+#include <functional>
+
 /// A scene. See MO_Node.h for threads.
 class QUARVELSCENECORE_EXPORT MO_Scene : public MO_SceneCommon, public PIO_XmlWritable
 {
@@ -56,6 +58,9 @@ public:
     ///
     /// @return an error, and the scene has not changed, when the element is no scene or of no use
     UT_Result<void> readXml(const QDomElement& element, QStringList* warnings);
+
+    /// Calls the function with every attribute of the scene that a link drives.
+    void forEachLinked(const std::function<void(AT_SimpleAttr&)>& function) const;
 
     /// Looks up the attributes that links of attributes name. To be called after links were made from paths.
     void resolveLinks();
