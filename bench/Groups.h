@@ -22,6 +22,8 @@ GroupMakers blurGroups();
 GroupMakers scalingGroups();
 /// The command from a drawing's file to its normal map's, step by step.
 GroupMakers commandGroups();
+/// The command on drawings of more and more layers and objects.
+GroupMakers growthGroups();
 
 /// A value that is made when it is asked for first, shared by the cases of a group.
 template<typename Value>

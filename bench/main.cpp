@@ -1,10 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// bench_vallorin [--json FILE] [--plot FILE] [--benchmark_...]
+// bench_vallorin [NAME] [--json FILE] [--plot FILE] [--benchmark_...]
 //
-// Measures, prints the table, and writes it as JSON and as an SVG picture when asked to. Google Benchmark's words
-// choose what runs and how often; --benchmark_filter also chooses among the memory cases. Everything runs on one thread
-// but the cases whose names say otherwise.
+// Measures, prints the table, and writes it as JSON and as an SVG picture when asked to. NAME chooses what runs, as
+// --benchmark_filter does ("growth", "command/4K"); it also chooses among the memory cases. Google Benchmark's other
+// words choose how often. Everything runs on one thread but the cases whose names say otherwise.
 #include "Groups.h"
 #include "Plot.h"
 #include "Report.h"
@@ -44,6 +44,10 @@ std::optional<Words> parse(int argc, char** argv)
                 return std::nullopt;
             }
             (word == "--json" ? words.jsonFile : words.plotFile) = argv[++i];
+            continue;
+        }
+        if (!word.starts_with('-')) {
+            words.forBenchmark.push_back("--benchmark_filter=" + word);
             continue;
         }
         words.listOnly = words.listOnly || word.starts_with("--benchmark_list_tests");
@@ -103,7 +107,8 @@ void runGroup(const Group& group, const Filter& accepts, TimeCollector& times)
 
 void runAll(const Filter& accepts, Findings& findings)
 {
-    for (const GroupMakers& makers : {wholeGroups(), blurGroups(), stageGroups(), scalingGroups(), commandGroups()})
+    for (const GroupMakers& makers :
+         {wholeGroups(), blurGroups(), stageGroups(), scalingGroups(), commandGroups(), growthGroups()})
         for (const auto& makeGroup : makers) {
             const Group group = makeGroup();
             std::cerr << "measuring " << group.cases.front().name << " and its like\n";

@@ -73,6 +73,17 @@ TEST_F(VallorinInputRect, TheLargestBevelCounts)
     EXPECT_EQ(growth({720, 400}), 30);
 }
 
+TEST_F(VallorinInputRect, AnotherListCountsFromThenOn)
+{
+    for (const int bevel : {30, 6, 6, 30}) {
+        setObjects(qPrintable(QStringLiteral("1:%1").arg(bevel)));
+        EXPECT_EQ(growth({720, 400}), bevel);
+        EXPECT_EQ(growth({720, 400}), bevel);
+    }
+    setObjects("");
+    EXPECT_EQ(growth({720, 400}), 0);
+}
+
 TEST_F(VallorinInputRect, NegativeBevelsCountAsNone)
 {
     setObjects("1:-30;2:-1");

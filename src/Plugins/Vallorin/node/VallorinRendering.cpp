@@ -11,7 +11,6 @@
 #include "node/Vallorin.h"
 #include "node/VallorinRequestHandler.h"
 #include "parameters/NormalQuality.h"
-#include "parameters/VallorinAttributes.h"
 #include "parameters/VallorinImpl.h"
 #include "render/VallorinRenderHandler.h"
 
@@ -19,16 +18,6 @@
 #include <limits>
 
 namespace {
-
-/// The largest bevel of the records; 0 when none is positive. Only finite ones count.
-double largestBevel(const std::vector<VallorinAttributes::ObjectInformation>& objects)
-{
-    double largest = 0.0;
-    for (const VallorinAttributes::ObjectInformation& object : objects)
-        if (std::isfinite(object.bevelSize) && object.bevelSize > largest)
-            largest = object.bevelSize;
-    return largest;
-}
 
 /// A growth as a number of pixels: truncated, from 0 to four diagonals of the picture. A bevel that reaches across the
 /// picture several times shows nothing new, but would take memory without end.
@@ -43,12 +32,9 @@ int growthInPixels(double growth, const std::pair<int, int>& resolution)
 
 Math::Box2di Vallorin::computeInputRect(const MO_PortContext& context, int, const Math::Box2di& rect)
 {
-    std::vector<VallorinAttributes::ObjectInformation> objects;
-    VallorinAttributes::getObjectInformation(this, objects);
-    if (objects.empty())
-        return rect;
+    const double bevel = _impl->largestBevel.of(_impl->objectList->localValue());
     const double blurScale = _impl->blurScale->value(context.frameKey().frame);
-    const double growth = context.resolution().first * blurScale * largestBevel(objects) / 720.0 + 0.5;
+    const double growth = context.resolution().first * blurScale * bevel / 720.0 + 0.5;
     return rect.getEnlarged(growthInPixels(growth, context.resolution()));
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "node/Vallorin.h"
+#include "parameters/LargestBevel.h"
 
 class AT_BoolAttr;
 class AT_DoubleAttr;
@@ -27,4 +28,5 @@ struct Vallorin::Impl
     AT_BoolAttr* depthInBlue;             ///< whether the blue channel holds the elevation
     AT_BoolAttr* clipBlurredWithGeometry; ///< whether bevels end where the drawing does
     NormalQuality* normalQuality;
+    LargestBevel largestBevel; ///< of the object table
 };

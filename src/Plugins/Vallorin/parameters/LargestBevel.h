@@ -1,0 +1,22 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// LargestBevel: the largest bevel of the object table, which a node is asked for once for every input. Reading the
+// table each time would take the square of the number of objects where each object has an input of its own.
+#pragma once
+
+#include <QString>
+
+#include <mutex>
+
+/// The largest bevel of the table read last. Any number of threads may ask at once.
+class LargestBevel
+{
+public:
+    /// The largest positive finite bevel of a table given as text; 0 when there is none.
+    double of(const QString& table) const;
+
+private:
+    mutable std::mutex _mutex;
+    mutable QString _table;
+    mutable double _largest = 0.0;
+};
