@@ -272,19 +272,69 @@ void readBackNormals16(const DepthRows& depth, std::size_t count, const NormalRo
     });
 }
 
+/// x and y as a float pixel stores them, of as many normals as a vector of doubles has.
+template<class D>
+struct StoredFloats
+{
+    hn::Vec<hn::Rebind<float, D>> x;
+    hn::Vec<hn::Rebind<float, D>> y;
+};
+
+/// By the plain formula.
+template<class D>
+HWY_NOINLINE StoredFloats<D> plainStoredFloats(D d, const DepthRows& depth, std::size_t i)
+{
+    const auto normal = normalAt<true>(d, depth, i);
+    return {FormatFloat::encoded(d, normal.x), FormatFloat::encoded(d, normal.y)};
+}
+
+/// The same, most of the time with one division instead of eight. The sum of two unit vectors a / |a| + b / |b| has the
+/// direction of a |b| + b |a|, whose components are off by 8 u |a| |b| at most, with u = 2^-53; the plain formula's sum
+/// is by as much. Bringing it to unit length adds 8 u to both and its share of |a| |b|, and the encoding u. Only where
+/// twice all that leaves two floats open the plain formula decides.
+template<class D>
+HWY_INLINE StoredFloats<D> storedFloats(D d, const DepthRows& depth, std::size_t i)
+{
+    constexpr double kUnitOfDoubles = 1.0 / 9007199254740992.0;
+    const hn::Rebind<float, D> df;
+    const auto axes = axisDifferences(df, depth, i);
+    const auto diagonals = diagonalDifferences(df, depth, i);
+    const auto axis = axisVector(d, hn::PromoteTo(d, axes.first), hn::PromoteTo(d, axes.second));
+    const auto diagonal = diagonalVector(d, hn::PromoteTo(d, diagonals.first), hn::PromoteTo(d, diagonals.second));
+    const auto one = hn::Set(d, 1.0);
+    const auto isMean = widened(d, hn::And(axes.exist, diagonals.exist));
+    const auto ofAxis = hn::IfThenElse(isMean, lengthOf(d, diagonal), one);
+    const auto ofDiagonal = hn::IfThenElseZero(isMean, lengthOf(d, axis));
+    const auto mixed = [&](auto a, auto b) HWY_ATTR { return hn::Add(hn::Mul(a, ofAxis), hn::Mul(b, ofDiagonal)); };
+    const Vector3<D> sum{mixed(axis.x, diagonal.x), mixed(axis.y, diagonal.y), mixed(axis.z, diagonal.z)};
+    const auto inverse = hn::Div(one, lengthOf(d, sum));
+    const auto amplified = hn::Mul(hn::Mul(ofAxis, ofDiagonal), inverse);
+    const auto margin = hn::Mul(hn::Set(d, 40.0 * kUnitOfDoubles), hn::Add(one, amplified));
+    const auto x = hn::Mul(sum.x, inverse);
+    const auto y = hn::Mul(sum.y, inverse);
+    const auto lowX = FormatFloat::encoded(d, hn::Sub(x, margin));
+    const auto lowY = FormatFloat::encoded(d, hn::Sub(y, margin));
+    const auto highX = FormatFloat::encoded(d, hn::Add(x, margin));
+    const auto highY = FormatFloat::encoded(d, hn::Add(y, margin));
+    const auto isCertain = hn::And(hn::Eq(lowX, highX), hn::Eq(lowY, highY));
+    if (HWY_LIKELY(hn::AllTrue(df, isCertain)))
+        return {lowX, lowY};
+    return plainStoredFloats(d, depth, i);
+}
+
 void readBackNormalsFloat(const DepthRows& depth, std::size_t count, const NormalRow<double>& normals)
 {
     vl::forLanes<double>(count, [&](auto d, std::size_t i) HWY_ATTR {
         const hn::Rebind<float, decltype(d)> df;
         const auto one = hn::Set(d, 1.0);
         const auto exists = widened(d, hn::Ne(hn::LoadU(df, depth.here + i), hn::Zero(df)));
-        const auto normal = normalAt<true>(d, depth, i);
-        const auto readBack = [&](auto component) HWY_ATTR {
-            const auto code = hn::PromoteTo(d, FormatFloat::encoded(d, component));
-            return hn::Sub(hn::Add(code, code), one);
+        const auto stored = storedFloats(d, depth, i);
+        const auto readBack = [&](auto code) HWY_ATTR {
+            const auto wide = hn::PromoteTo(d, code);
+            return hn::Sub(hn::Add(wide, wide), one);
         };
-        const auto x = readBack(normal.x);
-        const auto y = readBack(normal.y);
+        const auto x = readBack(stored.x);
+        const auto y = readBack(stored.y);
         const auto rest = hn::Sub(hn::Sub(one, hn::Mul(x, x)), hn::Mul(y, y));
         const auto z = hn::Sqrt(hn::Max(rest, hn::Set(d, 1e-60)));
         hn::StoreU(hn::IfThenElseZero(exists, x), d, normals.x + i);

@@ -186,7 +186,7 @@ template<class D>
 HWY_INLINE Vector3<D> steadySum(D d, const Vector3<D>& sum, const NormalRows<double>& normals, std::size_t i)
 {
     constexpr double kShort = 16.0 * 1e-6;
-    const auto isShort = hn::And(hn::Lt(lengthOf(d, sum), hn::Set(d, kShort)), hn::Gt(sum.z, hn::Zero(d)));
+    const auto isShort = hn::And(hn::Lt(squareOf(d, sum), hn::Set(d, kShort * kShort)), hn::Gt(sum.z, hn::Zero(d)));
     return HWY_LIKELY(hn::AllFalse(d, isShort)) ? sum : plainSum(d, normals, static_cast<std::ptrdiff_t>(i));
 }
 
@@ -198,8 +198,10 @@ HWY_INLINE void smoothNormalsRun(const NormalRows<double>& normals, const float*
         using Floats = hn::Rebind<float, decltype(d)>;
         const Floats df;
         const auto sum = steadySum(d, sums.at(d, i), normals, first + i);
-        const auto unit = unitOfSum(d, sum);
-        const Codes<FormatFloat, Floats> codes{FormatFloat::encoded(d, unit.x), FormatFloat::encoded(d, unit.y)};
+        const auto length = hn::Max(lengthOf(d, sum), hn::Set(d, std::numeric_limits<double>::min()));
+        const auto inverse = hn::Div(hn::Set(d, 1.0), length);
+        const Codes<FormatFloat, Floats> codes{FormatFloat::encoded(d, hn::Mul(sum.x, inverse)),
+                                               FormatFloat::encoded(d, hn::Mul(sum.y, inverse))};
         const auto zero = hn::Zero(df);
         storePixels<FormatFloat>(df, codes, hn::Ne(hn::DemoteTo(df, sum.z), zero),
                                  hn::Ne(hn::LoadU(df, depth + first + i), zero), share + first + i, &pixels[i]);
