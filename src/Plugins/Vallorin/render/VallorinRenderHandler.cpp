@@ -120,12 +120,11 @@ void VallorinRenderHandler::accumulate(const MO_SoftContext& context, int object
     mergeInto(*accumulator, *input);
 }
 
-Math::Box2di VallorinRenderHandler::coveredRect(int objectId) const
+std::map<int, Math::Box2di> VallorinRenderHandler::coveredRects() const
 {
-    Math::Box2di covered;
+    std::map<int, Math::Box2di> covered;
     for (const auto& [port, input] : inputPixmaps)
-        if (portObjectIds[static_cast<std::size_t>(port)] == objectId)
-            covered.add(input->allocatedRect());
+        covered[portObjectIds[static_cast<std::size_t>(port)]].add(input->allocatedRect());
     return covered;
 }
 
@@ -151,6 +150,7 @@ VallorinRenderHandler::buildVolumes(const MO_SoftContext& context, const UT_Shar
                                     const std::vector<VallorinAttributes::ObjectInformation>& objects)
 {
     const double truckFactor = useTruckFactor ? context.portContext(0).truckFactor() : 1.0;
+    std::map<int, Math::Box2di> covered = coveredRects();
     std::map<int, ObjectVolume> volumes;
     for (const VallorinAttributes::ObjectInformation& object : objects) {
         const auto accumulator = objectAccumulators.find(object.objectId);
@@ -162,7 +162,7 @@ VallorinRenderHandler::buildVolumes(const MO_SoftContext& context, const UT_Shar
         std::pair<float, float>& range = elevationRanges[object.objectId];
         volumes[object.objectId] =
             buildObjectVolume(reference, bevel, context.resolutionX(), generateNormals, elevation, accumulator->second,
-                              range, normalQuality, smoothness, clipBlurredWithGeometry, coveredRect(object.objectId));
+                              range, normalQuality, smoothness, clipBlurredWithGeometry, covered[object.objectId]);
         // Its memory serves the next object's volume.
         if (&object == lastRecordOf(object.objectId, objects))
             accumulator->second = nullptr;

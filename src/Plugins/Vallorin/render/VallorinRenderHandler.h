@@ -61,8 +61,8 @@ private:
     void takeMessage(const CEL_Cel& cel);
     int currentObjectId() const;
     void accumulate(const MO_SoftContext& context, int objectId, const UT_SharedPtr<CEL_PixmapArea>& input);
-    /// What the inputs of an object cover together.
-    Math::Box2di coveredRect(int objectId) const;
+    /// What the inputs of each object cover together, by the object's number.
+    std::map<int, Math::Box2di> coveredRects() const;
     std::map<int, ObjectVolume> buildVolumes(const MO_SoftContext& context,
                                              const UT_SharedPtr<CEL_PixmapArea>& reference,
                                              const std::vector<VallorinAttributes::ObjectInformation>& objects);
