@@ -11,19 +11,6 @@ namespace {
 
 const QByteArray kFace = circle(50, 50, 40, "#ffcc4d");
 
-TEST(ObjectChoice, AShapeOnALargerBlackCopyOfItselfIsOneBodyWithItsOutline)
-{
-    // A body that leans, so that neither the copy nor the body is round.
-    const auto body = [](int grown, const char* fill) {
-        return QStringLiteral("<ellipse cx='50' cy='50' rx='%1' ry='%2' transform='rotate(20 50 50)' fill='%3'/>")
-            .arg(38 + grown)
-            .arg(22 + grown)
-            .arg(QLatin1String(fill))
-            .toUtf8();
-    };
-    EXPECT_THAT(rolesOf(body(3, "#000000") + body(0, "#d8a202")), testing::ElementsAre(ObjectRole::BODY));
-}
-
 } // namespace
 
 TEST(ObjectChoice, APartOverAPartIsAnObject)
@@ -65,7 +52,7 @@ TEST(ObjectChoice, ACompactShapeOfAnotherHueIsAnObject)
 
 TEST(ObjectChoice, AShadeInsideIsNone)
 {
-    EXPECT_EQ(countOf(kFace + "<path d='M30 40q20 20 40 0q-5 40 -20 35t-20 -35z' fill='#f0b840'/>"), 1U);
+    EXPECT_EQ(countOf(kFace + "<path d='M25 50a25 25 0 0 0 50 0a30 18 0 0 1 -50 0z' fill='#f0b840'/>"), 1U);
 }
 
 TEST(ObjectChoice, AThinMarkInsideIsNone)
@@ -176,6 +163,36 @@ TEST(ObjectChoice, TwoDeclaredLayersAreBelieved)
     EXPECT_EQ(found.objects[0].name, QStringLiteral("Body"));
     EXPECT_EQ(found.drawing.layers[0].shapes.size(), 2U);
     EXPECT_EQ(chosen(layers, ObjectChoice::ONE).objects.size(), 1U);
+}
+
+TEST(ObjectChoice, AShapeOnALargerBlackCopyOfItselfIsOneBodyWithItsOutline)
+{
+    // A body that leans, so that neither the copy nor the body is round.
+    const auto body = [](int grown, const char* fill) {
+        return QStringLiteral("<ellipse cx='50' cy='50' rx='%1' ry='%2' transform='rotate(20 50 50)' fill='%3'/>")
+            .arg(38 + grown)
+            .arg(22 + grown)
+            .arg(QLatin1String(fill))
+            .toUtf8();
+    };
+    EXPECT_THAT(rolesOf(body(3, "#000000") + body(0, "#d8a202")), ElementsAre(BODY));
+}
+
+TEST(ObjectChoice, EachAreaOfAPathIsJudgedByItself)
+{
+    const ChosenObjects found =
+        chosen(kFace + "<path d='M30 40a5 5 0 1 0 10 0a5 5 0 1 0 -10 0zM60 40a5 5 0 1 0 10 0a5 5 0 1 0 -10 0z' "
+                       "fill='#3355cc'/>");
+    EXPECT_EQ(found.objects.size(), 3U);
+}
+
+TEST(ObjectChoice, AHoleStaysInItsArea)
+{
+    const ChosenObjects found =
+        chosen("<path d='M10 10h30v30h-30zM20 20v10h10v-10zM60 60h30v30h-30z' fill='#3355cc'/>");
+    ASSERT_EQ(found.objects.size(), 2U);
+    EXPECT_FALSE(found.drawing.layers[0].shapes[0].path.contains(QPointF(25, 25)));
+    EXPECT_TRUE(found.drawing.layers[0].shapes[0].path.contains(QPointF(15, 15)));
 }
 
 TEST(ObjectChoice, EveryShapeIsAnObjectWhereAskedFor)

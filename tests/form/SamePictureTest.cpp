@@ -11,6 +11,9 @@ using namespace form_drawings;
 
 namespace {
 
+// A speck that nobody sees.
+constexpr int kOfPixels = 30;
+
 QByteArray randomShape()
 {
     static const std::vector<const char*> kColours = {"#ffcc4d", "#dd2e44", "#111111", "#ffffff",
@@ -51,9 +54,7 @@ QStringList realDrawings()
 
 } // namespace
 
-// Not run: it still finds piles of shapes, about one in a thousand, in which an object covers what was painted after
-// it.
-RC_GTEST_PROP(SamePicture, DISABLED_ofShapesAnywhere, ())
+RC_GTEST_PROP(SamePicture, ofShapesAnywhere, ())
 {
     QByteArray content;
     for (int i = *rc::gen::inRange(1, 12); i > 0; --i)
@@ -61,9 +62,9 @@ RC_GTEST_PROP(SamePicture, DISABLED_ofShapesAnywhere, ())
     const DIO_Drawing drawing = read(content);
     const ChosenObjects found = chooseObjects(drawing, ObjectChoice::AUTO);
     RC_ASSERT(found.drawing.layers.size() == found.objects.size());
-    const int differing = pixelsThatDiffer(painted(drawing, 300), painted(found.drawing, 300));
+    const int differing = pixelsThatDiffer(painted(drawing, 200), painted(found.drawing, 200));
     RC_LOG() << content.toStdString() << "\n";
-    RC_ASSERT(differing <= 60);
+    RC_ASSERT(differing <= kOfPixels);
 }
 
 TEST(SamePicture, ofRealDrawings)
@@ -71,7 +72,6 @@ TEST(SamePicture, ofRealDrawings)
     const QStringList drawings = realDrawings();
     ASSERT_GE(drawings.size(), 1000) << "the package with the drawings is missing: ./dev test installs it";
     constexpr qsizetype kEach = 67;
-    constexpr int kOfPixels = 200 * 200 / 200;
     int alike = 0;
     int all = 0;
     for (qsizetype i = 0; i < drawings.size(); i += kEach) {
@@ -83,5 +83,5 @@ TEST(SamePicture, ofRealDrawings)
         alike += pixelsThatDiffer(painted(*drawing, 200), painted(found.drawing, 200)) <= kOfPixels ? 1 : 0;
     }
     // What is seen through several objects is the exception.
-    EXPECT_GE(alike, all * 97 / 100) << alike << " of " << all;
+    EXPECT_GE(alike, all * 98 / 100) << alike << " of " << all;
 }

@@ -1,7 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 #include "form/ChooseObjects.h"
 
+#include "form/ContinueBeyondFrame.h"
 #include "form/bitmap/BitmapObjects.h"
+#include "form/choice/Islands.h"
 #include "form/choice/LayerAssembly.h"
 
 #include <algorithm>
@@ -45,6 +47,19 @@ bool hasLayers(const DIO_Drawing& drawing)
     return std::ranges::count(drawing.layers, true, &DIO_Layer::declared) >= 2;
 }
 
+ChosenObjects chooseOfShapes(const DIO_Drawing& drawing, ObjectChoice choice)
+{
+    const bool found = choice == ObjectChoice::SHAPES || (choice == ObjectChoice::AUTO && !hasLayers(drawing));
+    if (!found || drawing.viewBox.isEmpty())
+        return believed(drawing);
+    const Grid grid = gridFor(drawing);
+    const bool everyOne = choice == ObjectChoice::SHAPES;
+    const DIO_Drawing shapes = everyOne ? drawing : splitIntoIslands(drawing, grid);
+    const std::vector<ShapeFacts> facts = collectFacts(shapes, grid);
+    const FoundParts parts = everyOne ? everyShape(facts, grid) : findParts(facts, grid);
+    return parts.parts.empty() ? believed(drawing) : assembleLayers(shapes, facts, parts, grid);
+}
+
 } // namespace
 
 DIO_Grouping groupingFor(ObjectChoice choice)
@@ -64,13 +79,10 @@ DIO_Grouping groupingFor(ObjectChoice choice)
 
 ChosenObjects chooseObjects(const DIO_Drawing& drawing, ObjectChoice choice)
 {
-    const bool found = choice == ObjectChoice::SHAPES || (choice == ObjectChoice::AUTO && !hasLayers(drawing));
-    if (!found || drawing.viewBox.isEmpty())
-        return believed(drawing);
-    if (choice == ObjectChoice::AUTO && isBitmap(drawing))
+    if (choice == ObjectChoice::AUTO && !hasLayers(drawing) && isBitmap(drawing))
         return chooseBitmapObjects(drawing);
-    const Grid grid = gridFor(drawing);
-    const std::vector<ShapeFacts> facts = collectFacts(drawing, grid);
-    const FoundParts parts = choice == ObjectChoice::SHAPES ? everyShape(facts, grid) : findParts(facts, grid);
-    return parts.parts.empty() ? believed(drawing) : assembleLayers(drawing, facts, parts, grid);
+    ChosenObjects chosen = chooseOfShapes(drawing, choice);
+    if (choice == ObjectChoice::AUTO)
+        continueBeyondFrame(chosen);
+    return chosen;
 }

@@ -12,5 +12,6 @@ DIO_Grouping groupingFor(ObjectChoice choice);
 /// Chooses the objects of a drawing that was read with groupingFor() the same choice.
 ///
 /// Painted one over the other, the objects show the drawing as it was, but for the antialiasing where a line is shared
-/// between objects. Moved, scaled or mirrored drawings get the same objects, moved, scaled or mirrored.
+/// between objects; what the border of the picture cuts goes on beyond it. Moved, scaled or mirrored drawings get the
+/// same objects, moved, scaled or mirrored.
 ChosenObjects chooseObjects(const DIO_Drawing& drawing, ObjectChoice choice);

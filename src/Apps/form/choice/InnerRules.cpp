@@ -8,14 +8,16 @@
 
 namespace {
 
-constexpr double kSolid = 0.7;       // below this opacity a shape is a shadow or a shine
-constexpr double kSmallest = 0.0004; // of the picture
-constexpr double kFollowing = 0.25;  // of the outline
-constexpr double kOffTheRim = 0.05;  // of the outline
-constexpr double kThin = 0.2;        // of the body's width
-constexpr double kLongLine = 4.0;    // elongation of lines
-constexpr double kRound = 0.8;       // roundness of what may be a ball
-constexpr double kEllipse = 0.62;    // of what may be an eye
+constexpr double kSolid = 0.7;             // below this opacity a shape is a shadow or a shine
+constexpr double kSmallest = 0.0004;       // of the picture
+constexpr double kFollowing = 0.25;        // of the outline
+constexpr double kFollowingOfBodies = 0.4; // of what is compact and of another hue
+constexpr double kOffTheRim = 0.05;        // of the outline
+constexpr double kThin = 0.2;              // of the body's width
+constexpr double kLongLine = 4.0;          // elongation of lines
+constexpr double kRound = 0.8;             // roundness of balls
+constexpr double kRoundShade = 0.7;        // of what stands out in another shade
+constexpr double kEllipse = 0.62;          // of what may be an eye
 constexpr double kHalfOfBase = 0.5;
 constexpr double kShade = 5.0;         // a difference in lightness that is seen as shading
 constexpr double kAnotherShade = 33.0; // a difference in lightness beyond that of light and shade on one thing
@@ -24,6 +26,7 @@ constexpr double kInkDark = 15.0;      // the lightness of black ink
 constexpr double kMuchDarker = 22.0;   // than what is around
 constexpr double kBead = 0.034;        // of the body: larger dark shapes are holes
 constexpr double kPupil = 0.15;        // of a round body: an eye holds no larger hole
+constexpr double kLargestDial = 0.8;   // of the body
 constexpr double kBright = 85.0;       // lightness of shines
 constexpr double kFullBox = 0.9;       // a rectangle's share of its box
 
@@ -64,7 +67,8 @@ Verdict judgeConcentric(const InnerShape& inner)
     // Many drawings have their outlines as a black shape beneath the coloured one.
     if (inner.ground.colour.lightness < kInkDark)
         return mark("the colour inside its outline");
-    const bool dial = inner.shape.colour.lightness > inner.ground.colour.lightness + kShade;
+    const bool dial = inner.shape.colour.lightness > inner.ground.colour.lightness + kShade &&
+                      inner.body.roundness > kRound && inner.share < kLargestDial;
     return dial ? object("a dial in its rim", ObjectRole::FLAT) : mark("a smaller copy of what it lies on");
 }
 
@@ -86,7 +90,9 @@ Verdict judgeShade(const InnerShape& inner)
         return object("one of several panels", ObjectRole::OPENING);
     if (free && isMuchDarker(inner) && shape.roundness > kEllipse)
         return judgeDark(inner);
-    if (free && shape.roundness > kRound && (darker || inner.share > kBead))
+    if (free && shape.roundness > kRound && darker && inner.siblings > 1)
+        return object("one of several dents", ObjectRole::OPENING);
+    if (free && shape.roundness > kRoundShade && (darker || inner.share > kBead))
         return object("a round shape of another shade");
     return mark("a shade of what it lies on");
 }
@@ -122,7 +128,8 @@ Verdict judgeInner(const InnerShape& inner)
         return object("a dark shape that holds others", ObjectRole::OPENING);
     if (inner.concentric)
         return judgeConcentric(inner);
-    if (inner.follows > kFollowing)
+    const bool stands = shape.roundness > kEllipse && !isSameHue(shape.colour, inner.ground.colour);
+    if (inner.follows > (stands ? kFollowingOfBodies : kFollowing))
         return mark("a pattern: it follows the outline of what it lies on");
     if (isThin(inner))
         return mark("a thin mark");

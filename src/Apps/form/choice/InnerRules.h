@@ -16,7 +16,7 @@ struct InnerShape
     double outlined = 0.0;    ///< the share of its outline beyond which another colour shows
     bool concentric = false;  ///< it is a smaller copy of the part's outline about the same centre
     double held = 0.0;        ///< the area of later shapes that lie inside it, over its own
-    int siblings = 0;         ///< other shapes of its colour and about its size inside the same part
+    int siblings = 0;         ///< other shapes of its colour, and not of a quite different size, inside the same part
     double gridArea = 0.0;    ///< of the picture, in cells
 };
 

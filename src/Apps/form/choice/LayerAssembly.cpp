@@ -33,6 +33,7 @@ QPainterPath grownLoop(const QPainterPath& outline, const QPainterPath& stroke)
     return grown;
 }
 
+constexpr int kElementsToUnite = 400;
 constexpr std::size_t kColoursNamed = 4;
 
 class LayerAssembly
@@ -101,9 +102,7 @@ private:
                 continue;
             const QPainterPath outline = closed(body.clip ? body.path.intersected(*body.clip) : body.path);
             if (original.opacity < 1.0)
-                together = together.united(reach > 0.0 ? outline.united(strokeAlong(outline, reach)) : outline);
-            else if (reach == 0.0)
-                copies.push_back(held(original, outline));
+                addTo(together, outline, reach);
             else
                 addGrown(copies, original, outline, _facts[static_cast<std::size_t>(piece)].mask, reach);
         }
@@ -111,6 +110,18 @@ private:
         if (!together.isEmpty())
             copies.push_back(held(original, together));
         return copies;
+    }
+
+    // Uniting paths costs by the square of their elements; without it, what turns the other way may go missing.
+    static void addTo(QPainterPath& together, const QPainterPath& outline, double reach)
+    {
+        const QPainterPath stroke = strokeAlong(outline, reach);
+        if (together.elementCount() + outline.elementCount() + stroke.elementCount() < kElementsToUnite)
+            together = together.united(outline.united(stroke));
+        else {
+            together.setFillRule(Qt::WindingFill);
+            together.addPath(grownLoop(outline, stroke));
+        }
     }
 
     // A single loop and the stroke along it are one area when both turn the same way. A loop that crosses itself turns

@@ -41,6 +41,7 @@ struct Part
     double border = 0.0; ///< how far the ink that it wears goes beyond its outline, in cells
     ObjectRole role = ObjectRole::BODY;
     QString reason;
+    bool isBackdrop = false;  ///< the picture's ground: what lies on it lies on nothing
     bool ink = false;         ///< made of lines alone
     bool translucent = false; ///< what lies beneath is seen through it
 };

@@ -4,12 +4,9 @@
 // that lies between a centre and the outline. A border of the grid that cuts an area is no outline: the area is
 // measured as if it went on. A border that an area merely touches, as a disc does that fills its picture, is none of
 // its business.
-//
-// P. Felzenszwalb, D. Huttenlocher, "Distance Transforms of Sampled Functions", Theory of Computing 8 (2012): the lower
-// envelope of parabolas, along columns and then along rows.
 #pragma once
 
-#include "form/raster/CutSides.h"
+#include "form/raster/CellMask.h"
 
 /// What the distances tell of an area. Lengths are in cells.
 struct OutlineDistance

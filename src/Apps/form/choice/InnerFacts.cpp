@@ -1,0 +1,114 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Only later shapes are siblings of a shape or held by it: earlier ones were decided before, or lie beneath.
+#include "form/choice/InnerFacts.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace {
+
+constexpr double kInside = 0.85; // of an area
+constexpr double kSolid = 0.7;   // opacity
+constexpr double kAlike = 4.0;   // one area over the other
+// A smaller copy is neither tiny nor nearly as large as what it copies.
+constexpr double kSmallestCopy = 0.16;
+constexpr double kLargestCopy = 0.95;
+constexpr double kCopyVaries = 0.06; // of the larger one's side
+
+constexpr std::array<std::array<int, 2>, 8> kAround{
+    {{-1, 0}, {1, 0}, {0, -1}, {0, 1}, {-1, -1}, {1, -1}, {-1, 1}, {1, 1}}};
+
+// Of a region's proportions, and around the same centre.
+bool isConcentric(const ShapeFacts& shape, const CellMask& region, double share)
+{
+    if (share < kSmallestCopy || share > kLargestCopy)
+        return false;
+    const QRect inner = shape.mask.box();
+    const QRect outer = region.box();
+    const double scale = std::sqrt(share);
+    const double tolerance = kCopyVaries * std::max(outer.width(), outer.height());
+    const auto near = [&](double a, double b) { return std::abs(a - b) < tolerance; };
+    return near(inner.width(), scale * outer.width()) && near(inner.height(), scale * outer.height()) &&
+           near(inner.left() + inner.right(), outer.left() + outer.right()) &&
+           near(inner.top() + inner.bottom(), outer.top() + outer.bottom());
+}
+
+} // namespace
+
+double coveredBy(const CellMask& mask, const CellMask& region)
+{
+    if (!mask.box().intersects(region.box()))
+        return 0.0;
+    int covered = 0;
+    int area = 0;
+    mask.forEach([&](int x, int y) {
+        ++area;
+        covered += region.at(x, y) ? 1 : 0;
+    });
+    return area > 0 ? static_cast<double>(covered) / area : 0.0;
+}
+
+InnerShape InnerFacts::of(int shape, const Part& base, const Surroundings& around, int siblings) const
+{
+    const ShapeFacts& inner = facts(shape);
+    const ShapeFacts& body = largestPiece(base);
+    const double share = static_cast<double>(inner.area) / base.region.area();
+    return {inner,
+            body,
+            around.ground != Surroundings::kNone ? facts(around.ground) : body,
+            share,
+            following(inner, base.region),
+            around.outlined,
+            isConcentric(inner, base.region, share),
+            heldArea(shape) / inner.area,
+            siblings,
+            static_cast<double>(_grid.width) * _grid.height};
+}
+
+std::vector<int> InnerFacts::siblings(int shape, const Part& base) const
+{
+    const ShapeFacts& first = facts(shape);
+    std::vector<int> siblings{shape};
+    for (int other = shape + 1; other < static_cast<int>(_facts.size()); ++other) {
+        const ShapeFacts& sibling = facts(other);
+        const bool alike = sibling.paint == first.paint && sibling.opacity == first.opacity &&
+                           sibling.area < kAlike * first.area && first.area < kAlike * sibling.area;
+        if (alike && coveredBy(sibling.mask, base.region) >= kInside)
+            siblings.push_back(other);
+    }
+    return siblings;
+}
+
+const ShapeFacts& InnerFacts::largestPiece(const Part& part) const
+{
+    return facts(*std::ranges::max_element(part.body, {}, [&](int shape) { return facts(shape).area; }));
+}
+
+double InnerFacts::following(const ShapeFacts& shape, const CellMask& region) const
+{
+    const int near = std::max(2, _grid.longSide() / 110);
+    const QRect picture = _grid.bounds();
+    const auto leavesRegion = [&](int x, int y) { return picture.contains(x, y) && !region.at(x, y); };
+    double along = 0.0;
+    shape.mask.forEachAtOutline([&](int x, int y) {
+        const bool follows = std::ranges::any_of(
+            kAround, [&](const auto& step) { return leavesRegion(x + near * step[0], y + near * step[1]); });
+        along += follows ? 1.0 : 0.0;
+    });
+    return along / std::max(1.0, shape.outline);
+}
+
+double InnerFacts::heldArea(int shape) const
+{
+    const ShapeFacts& holder = facts(shape);
+    double held = 0.0;
+    for (int other = shape + 1; other < static_cast<int>(_facts.size()); ++other) {
+        const ShapeFacts& inner = facts(other);
+        const bool mayLieInside = inner.opacity >= kSolid && inner.area > 0 && inner.area < holder.area;
+        if (mayLieInside && coveredBy(inner.mask, holder.mask) >= kInside)
+            held += inner.area;
+    }
+    return held;
+}

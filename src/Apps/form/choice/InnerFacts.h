@@ -1,0 +1,36 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// InnerFacts: measures what the rules for shapes inside of a part ask for.
+#pragma once
+
+#include "form/choice/InnerRules.h"
+#include "form/choice/PartMap.h"
+
+#include <vector>
+
+/// The share of a mask that a region covers.
+double coveredBy(const CellMask& mask, const CellMask& region);
+
+class InnerFacts
+{
+public:
+    /// @param facts, grid must outlive this
+    InnerFacts(const std::vector<ShapeFacts>& facts, const Grid& grid) : _facts(facts), _grid(grid) {}
+
+    /// What is known of a shape inside a part.
+    ///
+    /// @param around what was found around it, or around a sibling of it
+    InnerShape of(int shape, const Part& base, const Surroundings& around, int siblings) const;
+
+    /// A shape and the later ones of its paint and about its size inside a part.
+    std::vector<int> siblings(int shape, const Part& base) const;
+
+private:
+    const ShapeFacts& facts(int shape) const { return _facts[static_cast<std::size_t>(shape)]; }
+    const ShapeFacts& largestPiece(const Part& part) const;
+    double following(const ShapeFacts& shape, const CellMask& region) const;
+    double heldArea(int shape) const;
+
+    const std::vector<ShapeFacts>& _facts;
+    const Grid& _grid;
+};

@@ -1,0 +1,196 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// A part's outline is that of its body; what it wears within a reach of it belongs to it as well.
+#include "form/choice/PartStack.h"
+
+#include "form/raster/CellDistances.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double kAlone = 0.6;      // of a shape's area beyond all parts: it is an object of its own
+constexpr double kLeftOver = 0.004; // of it: less is left to one of the parts
+constexpr double kSeamCells = 0.6;  // that may overlap, for each cell of a seam
+constexpr double kSolid = 0.7;      // opacity
+constexpr double kWhole = 0.995;    // of a shape's area inside a part: no clip is needed
+// So far beyond an outline that is clipped along, in cells, a mark goes on: what is antialiased there shows it too.
+constexpr double kOverlap = 0.5;
+
+} // namespace
+
+int PartStack::insert(int shape, const Verdict& verdict, std::size_t place)
+{
+    const int index = static_cast<int>(_parts.size());
+    Part part;
+    part.body = {shape};
+    part.region = facts(shape).mask;
+    part.role = verdict.role;
+    part.reason = verdict.reason;
+    part.ink = verdict.kind == Verdict::Kind::INK;
+    part.translucent = facts(shape).opacity < 1.0;
+    _parts.push_back(std::move(part));
+    _order.insert(_order.begin() + static_cast<std::ptrdiff_t>(place), index);
+    return index;
+}
+
+void PartStack::add(int shape, const Verdict& verdict)
+{
+    const int index = insert(shape, verdict, _order.size());
+    _map.paint(facts(shape).mask, shape, index);
+}
+
+void PartStack::addBackdrop(int shape, const Verdict& verdict)
+{
+    changing(insert(shape, verdict, _order.size())).isBackdrop = true;
+    _map.paint(facts(shape).mask, PartMap::kNone, PartMap::kNone);
+}
+
+void PartStack::extend(int index, int shape)
+{
+    changing(index).body.push_back(shape);
+    changing(index).region.unite(facts(shape).mask);
+    _map.paint(facts(shape).mask, shape, index);
+}
+
+bool PartStack::mayExtend(int index, const Surroundings& around) const
+{
+    // Where two areas abut, the cells along their seam may go to either.
+    const auto isHiddenBy = [&](int above) {
+        const Meeting meeting = around.with(above);
+        return meeting.overlap > std::max(4.0, kSeamCells * meeting.contact);
+    };
+    return std::none_of(std::ranges::find(_order, index) + 1, _order.end(), isHiddenBy);
+}
+
+const PartStack::Distances& PartStack::distancesTo(int index)
+{
+    Distances& distances = _distances[index];
+    const Part& measured = part(index);
+    if (distances.pieces != measured.body.size()) {
+        const int margin = _map.bounds().width() / 8;
+        distances.box = measured.region.box().adjusted(-margin, -margin, margin, margin) & _map.bounds();
+        distances.squares = squaredDistances(measured.region, distances.box, true);
+        distances.pieces = measured.body.size();
+    }
+    return distances;
+}
+
+// The part that every cell of a shape goes to: the one that it shows, or the nearest within reach.
+std::vector<PartStack::Claim> PartStack::claimCells(int shape, double reach)
+{
+    const CellMask& mask = facts(shape).mask;
+    std::vector<Claim> claims;
+    mask.forEach([&](int x, int y) { claims.push_back({x, y, _map.partAt(x, y)}); });
+    if (reach == 0.0)
+        return claims;
+    const int margin = static_cast<int>(std::ceil(reach));
+    const QRect around = mask.box().adjusted(-margin, -margin, margin, margin);
+    std::vector<const Distances*> near;
+    std::vector<int> parts;
+    for (const int index : _order)
+        if (part(index).region.box().intersects(around) && !part(index).isBackdrop) {
+            near.push_back(&distancesTo(index));
+            parts.push_back(index);
+        }
+    for (Claim& claim : claims) {
+        if (claim.part != PartMap::kNone)
+            continue;
+        double nearest = reach * reach;
+        for (std::size_t i = 0; i < near.size(); ++i) {
+            const QRect& box = near[i]->box;
+            if (!box.contains(claim.x, claim.y))
+                continue;
+            const auto cell = static_cast<std::size_t>(claim.y - box.top()) * static_cast<std::size_t>(box.width()) +
+                              static_cast<std::size_t>(claim.x - box.left());
+            if (near[i]->squares[cell] <= nearest) {
+                nearest = near[i]->squares[cell];
+                claim.part = parts[i];
+            }
+        }
+    }
+    return claims;
+}
+
+// What one sees through is painted once: not in two parts of which one is seen through the other.
+bool PartStack::wouldShowTwice(int shape, const std::map<int, int>& cells, int unclaimed) const
+{
+    const auto isTranslucent = [&](const auto& entry) { return part(entry.first).translucent; };
+    return facts(shape).opacity < 1.0 && (cells.size() > 1 || unclaimed > 0) &&
+           std::ranges::any_of(cells, isTranslucent);
+}
+
+void PartStack::wear(int shape, const Surroundings& around, Verdict& verdict)
+{
+    const ShapeFacts& worn = facts(shape);
+    const bool ink = verdict.kind == Verdict::Kind::INK;
+    const double reach = ink ? worn.width + 1.0 : 0.0;
+    const std::vector<Claim> claims = claimCells(shape, reach);
+    std::map<int, int> cells;
+    int unclaimed = 0;
+    for (const Claim& claim : claims)
+        claim.part == PartMap::kNone ? ++unclaimed : ++cells[claim.part];
+    if (unclaimed > kAlone * worn.area || cells.empty() || wouldShowTwice(shape, cells, unclaimed)) {
+        standAlone(shape, around, verdict);
+        return;
+    }
+    const int home = std::ranges::max_element(cells, {}, [](const auto& entry) { return entry.second; })->first;
+    const bool solidMark = !ink && worn.opacity >= kSolid;
+    const bool leftOver = !solidMark && unclaimed > std::max(3.0, kLeftOver * worn.area);
+    for (const auto& [index, count] : cells) {
+        Part& wearer = changing(index);
+        const bool whole = !leftOver && (count + unclaimed >= kWhole * worn.area || (index == home && solidMark));
+        wearer.worn.push_back({shape, whole, std::max(reach, wearer.border) + kOverlap});
+        wearer.border = std::max(wearer.border, reach);
+    }
+    if (solidMark && unclaimed > kLeftOver * worn.area)
+        growBy(shape, home);
+    if (leftOver)
+        layBeneath(shape, verdict, cells, claims);
+    for (const Claim& claim : claims)
+        if (claim.part != PartMap::kNone)
+            _map.setCell(claim.x, claim.y, shape, claim.part);
+        else if (!leftOver)
+            _map.setCell(claim.x, claim.y, shape, home);
+}
+
+// A mark that goes beyond its part makes the part larger.
+void PartStack::growBy(int shape, int home)
+{
+    Part& wearer = changing(home);
+    std::erase_if(wearer.worn, [&](const WornShape& worn) { return worn.shape == shape; });
+    wearer.body.push_back(shape);
+    wearer.region.unite(facts(shape).mask);
+}
+
+void PartStack::standAlone(int shape, const Surroundings& around, Verdict& verdict)
+{
+    const bool ink = verdict.kind == Verdict::Kind::INK;
+    const auto goesOn = [&](const auto& met) {
+        const Part& other = part(met.first);
+        return other.ink && facts(other.body.front()).paint == facts(shape).paint && mayExtend(met.first, around);
+    };
+    if (const auto line = std::ranges::find_if(around.parts, goesOn); ink && line != around.parts.end()) {
+        extend(line->first, shape);
+        verdict = {Verdict::Kind::MERGED, verdict.reason, ObjectRole::BODY, line->first};
+        return;
+    }
+    verdict.reason = ink ? QStringLiteral("ink beside nothing") : verdict.reason + QStringLiteral(" on nothing");
+    verdict.role = ink ? ObjectRole::BODY : ObjectRole::FLAT;
+    add(shape, verdict);
+}
+
+void PartStack::layBeneath(int shape, const Verdict& verdict, const std::map<int, int>& cells,
+                           const std::vector<Claim>& claims)
+{
+    const auto lowest = std::ranges::find_if(_order, [&](int index) { return cells.contains(index); });
+    const bool ink = verdict.kind == Verdict::Kind::INK;
+    Verdict own = verdict;
+    own.reason = ink ? QStringLiteral("ink that goes on beside a part") : verdict.reason;
+    own.role = ink ? ObjectRole::BODY : ObjectRole::FLAT;
+    const int index = insert(shape, own, static_cast<std::size_t>(lowest - _order.begin()));
+    for (const Claim& claim : claims)
+        if (claim.part == PartMap::kNone)
+            _map.setCell(claim.x, claim.y, shape, index);
+}

@@ -1,0 +1,77 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// PartStack: the parts that were found so far, bottom up, and what the drawing shows of them. It knows how shapes are
+// added so that the parts, painted one over the other, show the drawing:
+//
+//     a new part          lies above all others
+//     a piece of a part   is allowed where no part above hides it
+//     a mark              goes to every part that it is seen on, within that part's outline; ink also to parts beside
+//     it what is left over   of a mark beyond all parts becomes a part beneath them, or all of the mark one above them
+#pragma once
+
+#include "form/choice/Part.h"
+#include "form/choice/PartMap.h"
+
+#include <map>
+#include <vector>
+
+class PartStack
+{
+public:
+    /// @param facts must outlive this
+    PartStack(const std::vector<ShapeFacts>& facts, const Grid& grid) : _facts(facts), _map(grid) {}
+
+    PartMap& map() { return _map; }
+    const PartMap& map() const { return _map; }
+    const std::vector<Part>& parts() const { return _parts; }
+    const Part& part(int index) const { return _parts[static_cast<std::size_t>(index)]; }
+    /// The parts bottom up.
+    const std::vector<int>& order() const { return _order; }
+
+    /// Makes a shape a part above all others.
+    void add(int shape, const Verdict& verdict);
+    /// Makes a shape a part that others do not notice: what is painted on it lies on nothing.
+    void addBackdrop(int shape, const Verdict& verdict);
+    /// Adds a piece to a part's body.
+    void extend(int index, int shape);
+    /// Whether no part above one hides a piece of it that is painted now.
+    ///
+    /// @param around what was found around the piece
+    bool mayExtend(int index, const Surroundings& around) const;
+    /// Gives a shape to the parts that it is seen on.
+    ///
+    /// @param verdict a mark or ink; becomes what was made of it
+    void wear(int shape, const Surroundings& around, Verdict& verdict);
+
+private:
+    struct Claim
+    {
+        int x;
+        int y;
+        int part;
+    };
+    // Squared distances to a part's region, in a box around it.
+    struct Distances
+    {
+        QRect box;
+        std::vector<double> squares;
+        std::size_t pieces = 0; // of the body, when it was measured
+    };
+
+    const ShapeFacts& facts(int shape) const { return _facts[static_cast<std::size_t>(shape)]; }
+    Part& changing(int index) { return _parts[static_cast<std::size_t>(index)]; }
+    int insert(int shape, const Verdict& verdict, std::size_t place);
+    std::vector<Claim> claimCells(int shape, double reach);
+    const Distances& distancesTo(int index);
+    bool wouldShowTwice(int shape, const std::map<int, int>& cells, int unclaimed) const;
+    void standAlone(int shape, const Surroundings& around, Verdict& verdict);
+    void layBeneath(int shape, const Verdict& verdict, const std::map<int, int>& cells,
+                    const std::vector<Claim>& claims);
+    void growBy(int shape, int home);
+
+    const std::vector<ShapeFacts>& _facts;
+    PartMap _map;
+    std::vector<Part> _parts;
+    std::vector<int> _order;
+    std::map<int, Distances> _distances;
+};
