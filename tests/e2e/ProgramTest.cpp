@@ -137,8 +137,8 @@ TEST_F(Program, LeansNormalsOutwardsAndTurnsYWithTheOrientation)
 TEST_F(Program, PadsColoursButNotCoverage)
 {
     write("hero.svg", kTwoLayers);
-    ASSERT_EQ(quarvel("normalmap hero.svg -o plain.png --no-clip").exitCode, 0);
-    ASSERT_EQ(quarvel("normalmap hero.svg -o padded.png --no-clip --pad 3").exitCode, 0);
+    ASSERT_EQ(quarvel("normalmap hero.svg -o plain.png --no-clip --alpha coverage --pad 0").exitCode, 0);
+    ASSERT_EQ(quarvel("normalmap hero.svg -o padded.png --no-clip --alpha coverage --pad 3").exitCode, 0);
     const IIO_Picture plain = read("plain.png");
     const IIO_Picture padded = read("padded.png");
     const auto sample = [](const IIO_Picture& map, int x, int y, int channel) {
@@ -152,10 +152,56 @@ TEST_F(Program, PadsColoursButNotCoverage)
             ASSERT_EQ(sample(padded, x, y, 3), sample(plain, x, y, 3));
 }
 
+TEST_F(Program, WritesMapsThatMostProgramsLightRightlyAndSaysWhich)
+{
+    write("hero.svg", kTwoLayers);
+    const Outcome outcome = quarvel("normalmap hero.svg");
+    EXPECT_THAT(outcome.output, HasSubstr("y up, opaque, 16 bits, 4 pixels of padding: right for "));
+    const IIO_Picture map = read("hero_n.png");
+    EXPECT_EQ(map.row<std::uint16_t>(0)[3], 65535) << "opaque where nothing is";
+    EXPECT_EQ(map.row<std::uint16_t>(32)[4 * 13], map.row<std::uint16_t>(32)[4 * 16]) << "padded";
+    EXPECT_EQ(map.metadata().value("Alpha"), "opaque");
+}
+
+TEST_F(Program, MakesMapsForAProgramThatIsNamed)
+{
+    write("hero.svg", kTwoLayers);
+    const Outcome outcome = quarvel("normalmap hero.svg --for unreal");
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.messages;
+    EXPECT_EQ(filesThere(), (QStringList{"hero.svg", "hero_N.png"}));
+    QFile file(path("hero_N.png"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.read(25).at(24), 8) << "bits a channel";
+    EXPECT_EQ(read("hero_N.png").metadata().value("Y"), "down");
+    EXPECT_THAT(outcome.output, HasSubstr("right for Godot 3, Unreal Engine"));
+}
+
+TEST_F(Program, LetsSingleWordsWinOverTheProgramThatIsNamed)
+{
+    write("hero.svg", kTwoLayers);
+    ASSERT_EQ(quarvel("normalmap hero.svg --for unreal --y up --alpha hard --bits 16 --suffix .normal").exitCode, 0);
+    const IIO_Picture map = read("hero.normal.png");
+    EXPECT_EQ(map.metadata().value("Y"), "up");
+    EXPECT_EQ(map.row<std::uint16_t>(0)[3], 0);
+    EXPECT_EQ(map.row<std::uint16_t>(16)[4 * 16 + 3], 65535);
+}
+
+TEST_F(Program, RefusesTargetsAndFormsThatMakeNoSense)
+{
+    write("hero.svg", kTwoLayers);
+    const Outcome unknown = quarvel("normalmap hero.svg --for paper");
+    EXPECT_EQ(unknown.exitCode, 2);
+    EXPECT_THAT(unknown.messages, AllOf(HasSubstr("paper"), HasSubstr("phaser")));
+    EXPECT_EQ(quarvel("normalmap hero.svg --layout node --alpha opaque").exitCode, 2);
+    EXPECT_EQ(quarvel("normalmap hero.svg --bits 12").exitCode, 2);
+    EXPECT_EQ(quarvel("normalmap hero.svg --suffix a/b").exitCode, 2);
+    EXPECT_EQ(filesThere(), QStringList{"hero.svg"});
+}
+
 TEST_F(Program, CutsHolesWithCutOuts)
 {
     write("hero.svg", kTwoLayers);
-    ASSERT_EQ(quarvel("normalmap hero.svg --object 2:cutout").exitCode, 0);
+    ASSERT_EQ(quarvel("normalmap hero.svg --object 2:cutout --alpha coverage").exitCode, 0);
     const IIO_Picture map = read("hero_n.png");
     EXPECT_EQ(map.row<std::uint16_t>(32)[4 * 32 + 3], 0) << "the disc's middle is cut out";
     EXPECT_EQ(map.row<std::uint16_t>(20)[4 * 20 + 3], 65535) << "the square is still there";

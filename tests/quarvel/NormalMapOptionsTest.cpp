@@ -36,7 +36,7 @@ TEST(NormalMapOptions, ADrawingAloneIsEnough)
     EXPECT_EQ(options.drawings, QStringList{"hero.svg"});
     EXPECT_TRUE(options.output.isEmpty());
     EXPECT_FALSE(options.nodeLayout);
-    EXPECT_FALSE(options.yDown);
+    EXPECT_EQ(mapFormFor(options, "hero_n.png"), kFormForMost);
     EXPECT_FALSE(options.settings.renderInFloat);
     EXPECT_EQ(options.settings.form.objects, ObjectChoice::AUTO);
     EXPECT_EQ(options.settings.normalQuality, "LOW_NORMAL_QUALITY");

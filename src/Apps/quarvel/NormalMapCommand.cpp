@@ -5,6 +5,7 @@
 
 #include "OutputFiles.h"
 #include "ProgressLine.h"
+#include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelPlugInManager/PLUG_Manager.h"
 #include "Say.h"
 #include "SilencedOutput.h"
@@ -12,6 +13,7 @@
 #include "jobs/drawing/DescribeObjects.h"
 #include "jobs/drawing/ObjectNames.h"
 #include "jobs/drawing/ReadDrawing.h"
+#include "jobs/targets/Targets.h"
 
 #include <cstdio>
 #include <new>
@@ -94,10 +96,20 @@ UT_Result<void> runOne(DrawingRun& run, const OutputFiles& files)
                            [&] { return run.run(files); });
 }
 
+// For whom the maps are right; empty where that is nobody's question.
+QString formLine(const NormalMapOptions& options, const std::vector<OutputFiles>& files)
+{
+    const QString& file = files.front().normalMap;
+    if (options.nodeLayout || !options.settings.generateNormals || IIO_isFloatFile(file))
+        return {};
+    return fitsLine(mapFormFor(options, file));
+}
+
 int runAll(const NormalMapOptions& options, const std::vector<OutputFiles>& files)
 {
     ProgressLine line(options.progress);
     int exitCode = 0;
+    int written = 0;
     for (qsizetype i = 0; i < options.drawings.size(); ++i) {
         const OutputFiles& own = files[static_cast<std::size_t>(i)];
         DrawingRun run(options, line, i);
@@ -108,11 +120,14 @@ int runAll(const NormalMapOptions& options, const std::vector<OutputFiles>& file
             // Among many drawings the results would be lost between such lines.
             if (options.drawings.size() == 1)
                 writeText(stdout, QStringLiteral("chosen: %1\n").arg(run.chosen()));
+            ++written;
             continue;
         }
         say(QStringLiteral("%1: %2").arg(options.drawings[i], done.error().sentence()));
         exitCode = kFailed;
     }
+    if (const QString fits = formLine(options, files); written > 0 && !fits.isEmpty())
+        writeText(stdout, fits + QLatin1Char('\n'));
     return exitCode;
 }
 

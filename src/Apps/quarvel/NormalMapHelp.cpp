@@ -14,22 +14,32 @@ volume of its own. The normal map is written beside the drawing as NAME_n.png, p
 pixel registered with it.
 
 Files
-  -o, --output FILE     where the normal map goes; the ending says the format: .png (16 bits a channel), .exr (OpenEXR).
+  -o, --output FILE     where the normal map goes; the ending says the format: .png, .exr (OpenEXR).
                         With several drawings: a folder, which is made where it is missing
       --elevation FILE  also writes the elevation of the same run: 0 the lowest, 1 the highest place of each object
       --lit FILE        also writes the drawing lit by a light
       --drawing FILE    also writes the drawing as a picture
                         (with several drawings, these three take folders as well)
       --exr float|half  the numbers in OpenEXR files: 32 bits (default) or 16 bits
+      --suffix S        what the map's name adds to the drawing's (_n)
+
+For whom
+      --for NAME        as the program wants it that takes the map: blender, compositor, gltf, godot, godot3, melonjs,
+                        phaser, pixi, three, unity or unreal. Sets --y, --alpha, --bits, --pad and --suffix where they are
+                        not given. Without it the map is right in most of them, and the last line says in which
+      --y up|down       where the y of the vectors points; up (default) is what most engines call OpenGL, down DirectX
+      --alpha opaque    the map's alpha is full (default of PNG files). Many engines multiply by alpha, which bends vectors
+      --alpha coverage  the map's alpha is how much of a pixel is covered
+      --alpha hard      full where anything is covered, nothing elsewhere
+      --bits 16|8       of a channel of PNG files (16); 8 are dithered, so that wide slopes have no steps
+      --pad N           grows the vectors N pixels past the silhouette, for texture filtering (4)
 
 The picture
       --size WxH        its size in pixels; W alone takes the height from the drawing's shape. Default: the drawing's own size.
                         A drawing of another shape is centred
       --float           renders in 32-bit float instead of 16-bit integers
-      --layout tangent  x, y, z and coverage, what game engines and lighting tools take (default)
+      --layout tangent  x, y and z, what game engines and lighting tools take (default)
       --layout node     the node's own four channels as they are
-      --y up|down       where the y of the vectors points; up (default) is what most engines call OpenGL, down DirectX
-      --pad N           grows the colours N pixels past the silhouette, for texture filtering; coverage stays as it is
       --light AROUND,ABOVE   the light of --lit, in degrees; AROUND runs counter-clockwise from the right.
                         Default 135,45: from the upper left
       --truck F         magnifies the drawing F times about the picture's centre, as a camera that trucks in would

@@ -4,8 +4,10 @@
 #include "NormalMapOptions.h"
 
 #include "FormOptions.h"
+#include "MapFormRows.h"
 #include "OptionTable.h"
 #include "OptionValues.h"
+#include "QuarvelImageIO/IIO_PictureFile.h"
 #include "jobs/drawing/ObjectNames.h"
 
 #include <functional>
@@ -138,6 +140,27 @@ Take<NormalMapOptions> choice(const QStringList& choices, std::function<void(Nor
     };
 }
 
+Taken takeSuffix(NormalMapOptions& options, const QString& option, const QString& value)
+{
+    if (value.contains(QLatin1Char('/')))
+        return UT_Error{QStringLiteral("%1 takes what is added to the drawing's name, such as _normal, and no folders, "
+                                       "not \"%2\"")
+                            .arg(option, value)};
+    options.suffix = value;
+    return {};
+}
+
+// What is asked of a map's form and cannot be had.
+UT_Result<void> checkForm(const NormalMapOptions& options)
+{
+    const MapFormOptions& form = options.form;
+    if (options.nodeLayout && (form.target || form.alpha))
+        return UT_Error{
+            QStringLiteral("--layout node writes the node's channels as they are; --for and --alpha go with "
+                           "--layout tangent")};
+    return {};
+}
+
 const QStringList kQualities = {QStringLiteral("low"), QStringLiteral("medium"), QStringLiteral("high")};
 
 std::vector<Row> rows()
@@ -151,12 +174,7 @@ std::vector<Row> rows()
         {{s("lit")}, true, text(&Options::lit)},
         {{s("drawing")}, true, text(&Options::drawingPicture)},
         {{s("layout")}, true, choice({s("tangent"), s("node")}, [](Options& o, int i) { o.nodeLayout = i == 1; })},
-        {{s("y")}, true, choice({s("up"), s("down")}, [](Options& o, int i) { o.yDown = i == 1; })},
-        {{s("pad")},
-         true,
-         [](Options& o, const QString& option, const QString& value) {
-             return keep(parseWholeNumber(option, value, 0, 65535), [&](int pad) { o.pad = pad; });
-         }},
+        {{s("suffix")}, true, takeSuffix},
         {{s("exr")}, true, choice({s("float"), s("half")}, [](Options& o, int i) { o.halfFloat = i == 1; })},
         {{s("light")}, true, takeLight},
         {{s("size")},
@@ -203,10 +221,22 @@ std::vector<Row> rows()
     };
     const auto form = formOptionRows<Options>([](Options& o) -> FormSettings& { return o.settings.form; });
     all.insert(all.end(), form.begin(), form.end());
+    const auto map = mapFormRows<Options>([](Options& o) -> MapFormOptions& { return o.form; });
+    all.insert(all.end(), map.begin(), map.end());
     return all;
 }
 
 } // namespace
+
+NM_MapForm mapFormFor(const NormalMapOptions& options, const QString& file)
+{
+    const bool plain = options.nodeLayout || IIO_isFloatFile(file);
+    NM_MapForm form = options.form.resolved(plain ? NM_MapForm{} : kFormForMost);
+    const UT_Result<IIO_PictureFormat> format = IIO_pictureFormatOf(file);
+    if (format && format->bitsPerChannel < form.bits)
+        form.bits = format->bitsPerChannel;
+    return form;
+}
 
 UT_Result<NormalMapOptions> parseNormalMapOptions(const QStringList& words)
 {
@@ -215,6 +245,8 @@ UT_Result<NormalMapOptions> parseNormalMapOptions(const QStringList& words)
     if (!drawings)
         return drawings.error();
     options.drawings = *drawings;
+    if (const UT_Result<void> fits = checkForm(options); !fits)
+        return fits.error();
     if (options.drawings.isEmpty() && !options.help)
         return UT_Error{QStringLiteral(
             "which drawing? quarvel normalmap takes one or more SVG files or bitmaps, such as hero.svg")};

@@ -4,6 +4,7 @@
 // an error that says what was meant to stand there.
 #pragma once
 
+#include "MapFormOptions.h"
 #include "QuarvelBaseCore/UT_Result.h"
 #include "jobs/drawing/NormalMapSettings.h"
 
@@ -28,8 +29,8 @@ struct NormalMapOptions
     QString drawingPicture;
 
     bool nodeLayout = false; ///< the node's own channels instead of tangent vectors
-    bool yDown = false;
-    int pad = 0; ///< pixels
+    MapFormOptions form;
+    std::optional<QString> suffix; ///< of the map's name, where the drawing's name decides it
     bool halfFloat = false;
     double lightAzimuth = 135.0; ///< degrees, counter-clockwise from the right: 135 is the upper left
     double lightHeight = 45.0;   ///< degrees above the picture
@@ -38,6 +39,10 @@ struct NormalMapOptions
     bool quiet = false;
     bool help = false;
 };
+
+/// The form of the map that a file gets. Files of the layout NODE and of floats keep the coverage and have no padding
+/// unless it is asked for; a format of 8 bits a channel has those.
+NM_MapForm mapFormFor(const NormalMapOptions& options, const QString& file);
 
 /// Reads the words after "normalmap".
 UT_Result<NormalMapOptions> parseNormalMapOptions(const QStringList& words);

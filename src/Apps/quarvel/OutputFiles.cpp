@@ -4,6 +4,7 @@
 #include "OutputFiles.h"
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
+#include "jobs/targets/Targets.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -14,15 +15,16 @@ namespace {
 struct Place
 {
     QString named;  // what the command line says; empty: nothing
-    QString ending; // what is added to the drawing's name
+    QString suffix; // what is added to the drawing's name
+    QString ending; // of the file, without a dot
     bool wanted;
 };
 
-QString besideOrIn(const QString& drawing, const QString& folder, const QString& ending)
+QString besideOrIn(const QString& drawing, const Place& place)
 {
     const QFileInfo info(drawing);
-    const QDir where = folder.isEmpty() ? info.dir() : QDir(folder);
-    return QDir::cleanPath(where.filePath(info.completeBaseName() + ending + QStringLiteral(".png")));
+    const QDir where = place.named.isEmpty() ? info.dir() : QDir(place.named);
+    return QDir::cleanPath(where.filePath(info.completeBaseName() + place.suffix + QLatin1Char('.') + place.ending));
 }
 
 QString fileFor(const QString& drawing, const Place& place, bool isFolder)
@@ -30,8 +32,16 @@ QString fileFor(const QString& drawing, const Place& place, bool isFolder)
     if (!place.wanted)
         return {};
     if (place.named.isEmpty() || isFolder || QFileInfo(place.named).isDir())
-        return besideOrIn(drawing, place.named, place.ending);
+        return besideOrIn(drawing, place);
     return place.named;
+}
+
+Place placeOfMap(const NormalMapOptions& options)
+{
+    const Target* const target = options.form.target;
+    const QString suffix = target ? target->suffixText() : QString::fromLatin1(kSuffixForMost);
+    return {options.output, options.suffix.value_or(suffix), target ? target->endingText() : QStringLiteral("png"),
+            true};
 }
 
 UT_Result<void> checkFormat(const QString& file)
@@ -47,10 +57,11 @@ UT_Result<void> checkFormat(const QString& file)
 UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options)
 {
     const bool several = options.drawings.size() > 1;
-    const Place normalMap{options.output, QStringLiteral("_n"), true};
-    const Place elevation{options.elevation, QStringLiteral("_e"), !options.elevation.isEmpty()};
-    const Place lit{options.lit, QStringLiteral("_lit"), !options.lit.isEmpty()};
-    const Place picture{options.drawingPicture, QStringLiteral("_drawing"), !options.drawingPicture.isEmpty()};
+    const QString png = QStringLiteral("png");
+    const Place normalMap = placeOfMap(options);
+    const Place elevation{options.elevation, QStringLiteral("_e"), png, !options.elevation.isEmpty()};
+    const Place lit{options.lit, QStringLiteral("_lit"), png, !options.lit.isEmpty()};
+    const Place picture{options.drawingPicture, QStringLiteral("_drawing"), png, !options.drawingPicture.isEmpty()};
 
     QHash<QString, QString> takenBy;
     for (const QString& drawing : options.drawings)

@@ -100,8 +100,7 @@ FramePictureSettings pictureSettings(const RenderOptions& options, const Plan& p
     picture.source = plan.shown->kind();
     picture.shown = options.shown.value_or(plan.shown->kind());
     picture.layout = options.layout;
-    picture.yAxis = options.yAxis;
-    picture.pad = options.pad;
+    picture.form = options.form.resolved({});
     picture.floatFile = IIO_isFloatFile(options.output);
     picture.floatRender = options.renderInFloat;
     picture.half = options.half;

@@ -33,8 +33,12 @@ How normals are written
       --layout tangent  vectors of unit length (default). OpenEXR files get the layers N.X N.Y N.Z, from -1 to 1, and
                         elevation.Y and coverage.A; others x, y, z and coverage in the range of colours
       --layout node     the node's own four channels as they are
+      --for NAME        as the program wants it that takes the maps: sets --y, --alpha, --bits and --pad where they are not
+                        given. quarvel help normalmap lists the names
       --y up|down       where the y of the vectors points (up)
-      --pad N           grows the colours N pixels past the silhouette, in files that have no layers
+      --alpha coverage|opaque|hard   what the alpha of PNG maps holds (coverage)
+      --bits 16|8       of a channel of PNG files (16); 8 are dithered
+      --pad N           grows the colours N pixels past the silhouette, in files that have no layers (0)
 
 OpenEXR files keep what spreads beyond the frame: their data window may be larger than their display window.
 

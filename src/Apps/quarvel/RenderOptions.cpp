@@ -3,6 +3,7 @@
 // What the options of "quarvel render" take.
 #include "RenderOptions.h"
 
+#include "MapFormRows.h"
 #include "OptionTable.h"
 #include "OptionValues.h"
 #include "QuarvelSceneCore/graph/MO_SceneCommon.h"
@@ -131,7 +132,7 @@ std::vector<Row> rows()
 {
     using Options = RenderOptions;
     const auto s = [](const char* name) { return QString::fromLatin1(name); };
-    return {
+    std::vector<Row> all{
         {{s("o"), s("output")}, true, text(&Options::output)},
         {{s("preview")}, true, text(&Options::preview)},
         {{s("fps")}, true, takeFramesPerSecond},
@@ -148,8 +149,6 @@ std::vector<Row> rows()
         {{s("layout")},
          true,
          choice({s("tangent"), s("node")}, [](Options& o, int i) { o.layout = static_cast<NM_Layout>(i); })},
-        {{s("y")}, true, choice({s("up"), s("down")}, [](Options& o, int i) { o.yAxis = static_cast<NM_YAxis>(i); })},
-        {{s("pad")}, true, wholeNumber(&Options::pad, 0, 65535)},
         {{s("jobs")}, true, wholeNumber(&Options::jobs, 1, 1024)},
         {{s("memory")}, true, takeMemory},
         {{s("resume")}, false, flag(&Options::resume)},
@@ -161,6 +160,9 @@ std::vector<Row> rows()
         {{s("q"), s("quiet")}, false, flag(&Options::quiet)},
         {{s("h"), s("help")}, false, flag(&Options::help)},
     };
+    const auto map = mapFormRows<Options>([](Options& o) -> MapFormOptions& { return o.form; });
+    all.insert(all.end(), map.begin(), map.end());
+    return all;
 }
 
 // A value that begins with a minus, as negative frames do, would be taken for an option.

@@ -4,8 +4,8 @@
 // error that says what was meant to stand there.
 #pragma once
 
+#include "MapFormOptions.h"
 #include "QuarvelBaseCore/UT_Result.h"
-#include "QuarvelNormalMap/NM_Layout.h"
 #include "RenderProgress.h"
 #include "jobs/shown/RenderedKind.h"
 
@@ -31,8 +31,7 @@ struct RenderOptions
 
     std::optional<RenderedKind> shown; ///< what the node's picture is taken for
     NM_Layout layout = NM_Layout::TANGENT;
-    NM_YAxis yAxis = NM_YAxis::UP;
-    int pad = 0; ///< pixels
+    MapFormOptions form;
 
     int jobs = 0;        ///< frames at once; 0: as many as the machine has threads
     double memory = 0.0; ///< bytes; 0: half of what the machine has

@@ -7,6 +7,7 @@
 #include "QuarvelNormalMap/NM_DrawingPicture.h"
 #include "QuarvelNormalMap/NM_Layers.h"
 #include "QuarvelNormalMap/NM_Lighting.h"
+#include "QuarvelNormalMap/NM_MapForm.h"
 #include "QuarvelNormalMap/NM_NormalPicture.h"
 #include "QuarvelNormalMap/NM_Padding.h"
 
@@ -26,6 +27,7 @@ Written write(UT_Result<IIO_Picture> picture, const QString& file, const NormalM
         return picture.error();
     picture->metadata().set(QStringLiteral("Source"), QFileInfo(drawing).fileName());
     IIO_WriteOptions how;
+    how.pngBits = mapFormFor(options, file).bits;
     how.exrDepth = options.halfFloat ? IIO_ExrDepth::HALF : IIO_ExrDepth::FLOAT;
     return IIO_write(file, *picture, how);
 }
@@ -38,14 +40,23 @@ UT_Result<IIO_SampleType> samplesFor(const QString& file)
     return format->samples;
 }
 
+UT_Result<IIO_Picture> dithered(UT_Result<IIO_Picture> picture, const NM_MapForm& form)
+{
+    if (picture && form.bits == 8)
+        NM_ditherTo8Bits(*picture);
+    return picture;
+}
+
 Written writeElevation(const ShownFrame& frame, const NormalMapOptions& options, const QString& file,
                        const QString& drawing)
 {
     const auto samples = samplesFor(file);
     if (!samples)
         return samples.error();
-    return write(NM_elevationOf(*frame.picture, frame.elevationChannel(), frame.window, frame.window, *samples), file,
-                 options, drawing);
+    return write(
+        dithered(NM_elevationOf(*frame.picture, frame.elevationChannel(), frame.window, frame.window, *samples),
+                 mapFormFor(options, file)),
+        file, options, drawing);
 }
 
 Written writeNormalMap(const ShownFrame& frame, const NormalMapOptions& options, const QString& file,
@@ -56,14 +67,17 @@ Written writeNormalMap(const ShownFrame& frame, const NormalMapOptions& options,
     const auto samples = samplesFor(file);
     if (!samples)
         return samples.error();
+    const NM_MapForm form = mapFormFor(options, file);
     const NM_PictureSettings settings{.layout = options.nodeLayout ? NM_Layout::NODE : NM_Layout::TANGENT,
-                                      .yAxis = options.yDown ? NM_YAxis::DOWN : NM_YAxis::UP,
+                                      .yAxis = form.yAxis,
                                       .samples = *samples,
                                       .dataWindow = {}};
     UT_Result<IIO_Picture> picture =
         NM_toPicture(options.nodeLayout ? *frame.channels : *frame.picture, frame.window, settings);
-    if (picture && options.pad > 0)
-        NM_padColours(*picture, options.pad);
+    if (picture && options.nodeLayout)
+        NM_padColours(*picture, form.pad);
+    else if (picture)
+        NM_finishMap(*picture, form);
     return write(std::move(picture), file, options, drawing);
 }
 
@@ -98,7 +112,8 @@ Written writeLit(const ShownFrame& frame, const NormalMapOptions& options, const
         return set;
     if (Written set = surface->setNormals(*frame.picture, frame.window); !set)
         return set;
-    return write(NM_litPicture(*surface, lighting(options)), file, options, drawing);
+    return write(dithered(NM_litPicture(*surface, lighting(options)), mapFormFor(options, file)), file, options,
+                 drawing);
 }
 
 } // namespace

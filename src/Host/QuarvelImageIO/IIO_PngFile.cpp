@@ -33,7 +33,9 @@ void writeChunks(QIODevice& device, const QImage& image, IIO_Compression compres
 
 UT_Result<void> IIO_writePng(const QString& path, const IIO_Picture& picture, const IIO_WriteOptions& options)
 {
-    const auto image = IIO_imageOf(picture);
+    const auto wide = IIO_imageOf(picture);
+    const bool alpha = picture.channels().contains(QStringLiteral("A"));
+    const auto image = wide && options.pngBits == 8 ? IIO_image8(*wide, alpha) : wide;
     if (!image)
         return image.error().at(writing(path));
     IIO_AtomicFile file(path);

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// PNG files with 16 bits a channel. Values arrive as they are: no gamma, no multiplication by coverage. Metadata goes
-// into text chunks, which PNG readers hand back sorted by key.
+// PNG files with 16 bits a channel, or 8. Values arrive as they are: no gamma, no multiplication by coverage. Metadata
+// goes into text chunks, which PNG readers hand back sorted by key.
 #pragma once
 
 #include "QuarvelImageIO/IIO_Picture.h"

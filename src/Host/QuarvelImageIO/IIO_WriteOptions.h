@@ -3,7 +3,7 @@
 // IIO_WriteOptions: how a picture is to be written, for all formats at once; each format takes what concerns it.
 #pragma once
 
-/// How hard to press a picture together. No setting changes a value of a PNG or an OpenEXR file.
+/// How hard to press a picture together. No such setting changes a value of a PNG or an OpenEXR file.
 enum class IIO_Compression
 {
     NONE, ///< as it is
@@ -23,6 +23,8 @@ struct IIO_WriteOptions
 {
     IIO_Compression compression = IIO_Compression::FAST;
     IIO_ExrDepth exrDepth = IIO_ExrDepth::HALF;
+    /// Of a channel of a PNG file: 16, or 8, where every sample becomes the nearest of 256 steps.
+    int pngBits = 16;
     /// Of lossy 8-bit formats, 0 (worst) to 100 (best).
     int quality = 95;
 };

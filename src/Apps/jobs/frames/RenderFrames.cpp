@@ -159,6 +159,7 @@ private:
         if (!QDir().mkpath(folder))
             return UT_Error{QStringLiteral("the folder %1 cannot be made; choose one where you may write").arg(folder)};
         IIO_WriteOptions how;
+        how.pngBits = _settings.picture.form.bits;
         how.exrDepth = _settings.picture.half ? IIO_ExrDepth::HALF : IIO_ExrDepth::FLOAT;
         return IIO_write(file, picture, how);
     }

@@ -35,10 +35,10 @@ UT_Result<IIO_Picture> normals(const CEL_PixmapArea& pixmap, const Math::Box2di&
 {
     const Math::Box2di data = dataWindow(pixmap, window, settings);
     if (asLayers(settings))
-        return NM_layersPicture(pixmap, window, data, settings.yAxis, settings.elevation);
+        return NM_layersPicture(pixmap, window, data, settings.form.yAxis, settings.elevation);
     return NM_toPicture(
         pixmap, window,
-        {.layout = settings.layout, .yAxis = settings.yAxis, .samples = samplesOf(settings), .dataWindow = data});
+        {.layout = settings.layout, .yAxis = settings.form.yAxis, .samples = samplesOf(settings), .dataWindow = data});
 }
 
 UT_Result<IIO_Picture> pictureOf(const CEL_PixmapArea& pixmap, const Math::Box2di& window,
@@ -63,8 +63,10 @@ QString settingsText(const FramePictureSettings& settings)
     QStringList words{settings.floatRender ? QStringLiteral("float") : QStringLiteral("16-bit")};
     if (settings.floatFile)
         words << (settings.half ? QStringLiteral("half file") : QStringLiteral("float file"));
-    if (settings.pad > 0)
-        words << QStringLiteral("pad %1").arg(settings.pad);
+    if (settings.form.pad > 0)
+        words << QStringLiteral("pad %1").arg(settings.form.pad);
+    if (!settings.floatFile && settings.form.bits == 8)
+        words << QStringLiteral("8-bit file");
     return words.join(QStringLiteral(", "));
 }
 
@@ -73,6 +75,27 @@ QString layoutText(const FramePictureSettings& settings)
     if (settings.shown == RenderedKind::ELEVATION)
         return QStringLiteral("elevation");
     return QStringLiteral("drawing");
+}
+
+IIO_Metadata normalsMetadata(const FramePictureSettings& settings)
+{
+    if (settings.layout == NM_Layout::NODE || asLayers(settings))
+        return NM_metadataOf(settings.layout, settings.form.yAxis);
+    return NM_metadataOf(settings.form);
+}
+
+// What is done to the finished pixels; drawings stay as they are.
+void finish(IIO_Picture& picture, const FramePictureSettings& settings)
+{
+    const bool coloured = picture.channels() == IIO_channelsRgba();
+    if (coloured && settings.shown == RenderedKind::NORMALS && settings.layout == NM_Layout::TANGENT) {
+        NM_finishMap(picture, settings.form);
+        return;
+    }
+    if (coloured)
+        NM_padColours(picture, settings.form.pad);
+    if (settings.shown == RenderedKind::ELEVATION && settings.form.bits == 8)
+        NM_ditherTo8Bits(picture);
 }
 
 } // namespace
@@ -86,8 +109,8 @@ bool needsElevationInBlue(const FramePictureSettings& settings)
 
 IIO_Metadata frameMetadata(const FramePictureSettings& settings, int frame)
 {
-    IIO_Metadata metadata = settings.shown == RenderedKind::NORMALS ? NM_metadataOf(settings.layout, settings.yAxis)
-                                                                    : NM_metadataOf(layoutText(settings));
+    IIO_Metadata metadata =
+        settings.shown == RenderedKind::NORMALS ? normalsMetadata(settings) : NM_metadataOf(layoutText(settings));
     if (settings.shown == RenderedKind::NORMALS && asLayers(settings)) {
         const QString elevation = settings.elevation ? QStringLiteral("elevation = elevation.Y, ") : QString();
         metadata.set(QStringLiteral("Encoding"), QStringLiteral("x = N.X, y = N.Y, z = N.Z, ") + elevation +
@@ -106,8 +129,7 @@ UT_Result<IIO_Picture> framePicture(const CEL_PixmapArea& pixmap, const Math::Bo
     UT_Result<IIO_Picture> picture = pictureOf(pixmap, window, settings);
     if (!picture)
         return picture;
-    if (settings.pad > 0 && picture->channels() == IIO_channelsRgba())
-        NM_padColours(*picture, settings.pad);
+    finish(*picture, settings);
     picture->metadata() = frameMetadata(settings, frame);
     return picture;
 }

@@ -9,7 +9,7 @@
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
 #include "QuarvelImageIO/IIO_Picture.h"
-#include "QuarvelNormalMap/NM_Layout.h"
+#include "QuarvelNormalMap/NM_MapForm.h"
 #include "jobs/shown/RenderedKind.h"
 
 /// How frames become pictures. A plain value, the same for all frames of a run.
@@ -18,8 +18,8 @@ struct FramePictureSettings
     RenderedKind source = RenderedKind::NORMALS; ///< what the node renders
     RenderedKind shown = RenderedKind::NORMALS;  ///< what is written of it
     NM_Layout layout = NM_Layout::TANGENT;
-    NM_YAxis yAxis = NM_YAxis::UP;
-    int pad = 0;              ///< pixels that colours grow past the silhouette, in pictures that are no layers
+    /// Its padding holds in pictures that are no layers, and alpha in normals of them.
+    NM_MapForm form;
     bool elevation = false;   ///< the blue channel holds the elevation (DepthInBlue)
     bool floatFile = false;   ///< the file is OpenEXR
     bool floatRender = false; ///< noted in the file

@@ -23,8 +23,8 @@ FramePictureSettings pictureOf(const ExportChoices& choices, RenderedKind source
     picture.source = source;
     picture.shown = choices.shown;
     picture.layout = choices.layout;
-    picture.yAxis = choices.yAxis;
-    picture.pad = choices.pad;
+    picture.form.yAxis = choices.yAxis;
+    picture.form.pad = choices.pad;
     picture.floatFile = IIO_isFloatFile(choices.file);
     picture.floatRender = choices.floatRender;
     picture.half = choices.half;

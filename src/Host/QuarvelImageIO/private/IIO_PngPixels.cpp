@@ -140,6 +140,10 @@ IIO_PngForm IIO_pngFormOf(const QImage& image)
         return {16, 2, 3, 4};
     case QImage::Format_Grayscale16:
         return {16, 0, 1, 1};
+    case QImage::Format_RGBX8888:
+        return {8, 2, 3, 4};
+    case QImage::Format_Grayscale8:
+        return {8, 0, 1, 1};
     default:
         assert(image.format() == QImage::Format_RGBA8888);
         return {8, 6, 4, 4};

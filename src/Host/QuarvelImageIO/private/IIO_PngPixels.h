@@ -22,7 +22,8 @@ struct IIO_PngForm
 
 /// The form of an image.
 ///
-/// @param image of the format RGBA64, RGBX64 (whose fourth channel is left out), Grayscale16 or RGBA8888
+/// @param image of the format RGBA64, RGBX64 (whose fourth channel is left out) or Grayscale16, or one of their kin of
+/// 8 bits
 IIO_PngForm IIO_pngFormOf(const QImage& image);
 
 /// Presses the pixels of an image. Throws std::bad_alloc when memory lacks.

@@ -1,0 +1,31 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// What a command line says of the form of normal maps. What it leaves out follows from the program that the maps are
+// made for.
+#pragma once
+
+#include "jobs/targets/Targets.h"
+
+#include <optional>
+
+/// The values of --for, --y, --alpha, --bits and --pad.
+struct MapFormOptions
+{
+    const Target* target = nullptr; ///< null: none is named
+    std::optional<NM_YAxis> yAxis;
+    std::optional<NM_Alpha> alpha;
+    std::optional<int> bits;
+    std::optional<int> pad; ///< pixels
+
+    /// The form that is asked for.
+    ///
+    /// @param otherwise holds where neither an option nor a target says anything
+    NM_MapForm resolved(const NM_MapForm& otherwise) const
+    {
+        const NM_MapForm wanted = target ? target->form : otherwise;
+        return {.yAxis = yAxis.value_or(wanted.yAxis),
+                .alpha = alpha.value_or(wanted.alpha),
+                .bits = bits.value_or(wanted.bits),
+                .pad = pad.value_or(wanted.pad)};
+    }
+};

@@ -1,0 +1,45 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The options that say for whom a map is made, as rows for the table of every command that writes maps.
+#pragma once
+
+#include "MapFormOptions.h"
+#include "OptionTable.h"
+#include "OptionValues.h"
+
+/// The rows --for, --y, --alpha, --bits and --pad.
+///
+/// @param formOf the MapFormOptions of a command's options
+template<typename Options, typename FormOf>
+std::vector<OptionRow<Options>> mapFormRows(FormOf formOf)
+{
+    const auto s = [](const char* name) { return QString::fromLatin1(name); };
+    const auto choice = [](const QStringList& choices, auto store) -> Take<Options> {
+        return [=](Options& options, const QString& option, const QString& value) {
+            return keep(parseChoice(option, value, choices), [&](int index) { store(options, index); });
+        };
+    };
+    return {
+        {{s("for")},
+         true,
+         [=](Options& options, const QString&, const QString& value) {
+             return keep(targetNamed(value), [&](const Target* target) { formOf(options).target = target; });
+         }},
+        {{s("y")},
+         true,
+         choice({s("up"), s("down")},
+                [=](Options& options, int i) { formOf(options).yAxis = static_cast<NM_YAxis>(i); })},
+        {{s("alpha")},
+         true,
+         choice({NM_nameOf(NM_Alpha::FULL), NM_nameOf(NM_Alpha::COVERAGE), NM_nameOf(NM_Alpha::HARD)},
+                [=](Options& options, int i) { formOf(options).alpha = static_cast<NM_Alpha>(i); })},
+        {{s("bits")},
+         true,
+         choice({s("8"), s("16")}, [=](Options& options, int i) { formOf(options).bits = i == 0 ? 8 : 16; })},
+        {{s("pad")},
+         true,
+         [=](Options& options, const QString& option, const QString& value) {
+             return keep(parseWholeNumber(option, value, 0, 65535), [&](int pad) { formOf(options).pad = pad; });
+         }},
+    };
+}
