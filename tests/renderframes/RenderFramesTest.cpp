@@ -150,7 +150,7 @@ TEST_F(RenderFramesTest, LeanToTheSideThatYNames)
 {
     RenderFramesSettings up = settings("up.exr", {24});
     RenderFramesSettings down = settings("down.exr", {24});
-    down.picture.yAxis = NM_YAxis::DOWN;
+    down.picture.form.yAxis = NM_YAxis::DOWN;
     render(up);
     render(down);
     const IIO_Picture upwards = read("up.exr");
@@ -354,7 +354,7 @@ TEST_F(RenderFramesTest, ResumeRendersWhatWasMadeOtherwise)
     otherFrame.frames = {2};
     EXPECT_EQ(render(otherFrame).kept, 0);
     RenderFramesSettings otherY = otherFrame;
-    otherY.picture.yAxis = NM_YAxis::DOWN;
+    otherY.picture.form.yAxis = NM_YAxis::DOWN;
     EXPECT_EQ(render(otherY).kept, 0);
 }
 
