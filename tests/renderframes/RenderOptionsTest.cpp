@@ -36,7 +36,7 @@ TEST(RenderOptions, TakeASceneAndAFile)
     EXPECT_EQ(parsed.scene.toStdString(), "walk.scene");
     EXPECT_EQ(parsed.output.toStdString(), "n.####.exr");
     EXPECT_EQ(parsed.layout, NM_Layout::TANGENT);
-    EXPECT_EQ(parsed.yAxis, NM_YAxis::UP);
+    EXPECT_EQ(parsed.form.resolved({}), NM_MapForm());
     EXPECT_FALSE(parsed.shown);
 }
 
@@ -111,7 +111,7 @@ TEST(RenderOptions, TakeWhatThePictureIsTakenFor)
     EXPECT_EQ(options("--as elevation").shown, RenderedKind::ELEVATION);
     EXPECT_EQ(options("--as colours").shown, RenderedKind::COLOURS);
     EXPECT_EQ(options("--layout node").layout, NM_Layout::NODE);
-    EXPECT_EQ(options("--y down").yAxis, NM_YAxis::DOWN);
+    EXPECT_EQ(options("--y down").form.resolved({}).yAxis, NM_YAxis::DOWN);
 }
 
 TEST(RenderResolution, IsAFullHdWidthInTheScenesShape)
