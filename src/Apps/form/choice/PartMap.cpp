@@ -25,14 +25,6 @@ void PartMap::paint(const CellMask& mask, int shape, int part)
     mask.forEach([&](int x, int y) { setCell(x, y, shape, part); });
 }
 
-void PartMap::paintOnParts(const CellMask& mask, int shape)
-{
-    mask.forEach([&](int x, int y) {
-        if (_parts[index(x, y)] != kNone)
-            _shapes[index(x, y)] = shape;
-    });
-}
-
 void PartMap::setCell(int x, int y, int shape, int part)
 {
     _parts[index(x, y)] = part;

@@ -49,8 +49,6 @@ public:
 
     /// Paints a shape: its cells show it as a piece of a part.
     void paint(const CellMask& mask, int shape, int part);
-    /// Paints a shape onto whatever parts its cells show; cells that show none stay bare.
-    void paintOnParts(const CellMask& mask, int shape);
     void setCell(int x, int y, int shape, int part);
 
     /// Cells that ink covers, whenever it is painted.

@@ -124,11 +124,6 @@ AT_DoubleAttr* NormalMapNode::elevationMultiplier() const
     return dynamic_cast<AT_DoubleAttr*>(_module->findAttr(kElevationMultiplier));
 }
 
-bool NormalMapNode::usesTruckFactor() const
-{
-    return isOn(*_module, kUseTruckFactor, false);
-}
-
 QString objectTableText(const std::vector<NormalMapObject>& objects)
 {
     QStringList rows;

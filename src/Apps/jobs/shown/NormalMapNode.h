@@ -81,8 +81,6 @@ public:
     /// of another kind.
     AT_DoubleAttr* bevelMultiplier() const;
     AT_DoubleAttr* elevationMultiplier() const;
-    /// Whether the camera's truck factor multiplies bevels and elevations too (attribute UseTruckFactor).
-    bool usesTruckFactor() const;
 
 private:
     MO_Module* _module;

@@ -26,7 +26,6 @@ public:
 
     /// What the dialog says now.
     ExportChoices choices() const;
-    bool isRunning() const { return _job != nullptr; }
     /// What the dialog tells under its fields.
     QString message() const;
 
