@@ -46,7 +46,6 @@ public:
     UT_Result<void> start(const MO_Scene& scene, const ExportChoices& choices);
     /// Frames that are being written are finished.
     void stop() { _stop = true; }
-    bool isRunning() const { return _thread != nullptr; }
 
     /// How many frames were asked for.
     int frameCount() const { return static_cast<int>(_settings.frames.size()); }
