@@ -176,8 +176,8 @@ TEST(NormalMapOptions, PointsToTheHelpForAnUnknownOption)
 TEST(NormalMapOptions, TakesTheLightsTwoAngles)
 {
     const auto options = parsed("a.svg --light 45,30");
-    EXPECT_EQ(options.lightAzimuth, 45.0);
-    EXPECT_EQ(options.lightHeight, 30.0);
+    EXPECT_EQ(options.light.azimuth, 45.0);
+    EXPECT_EQ(options.light.height, 30.0);
     EXPECT_THAT(errorOf("a.svg --light 45"), HasSubstr("135,45"));
     EXPECT_THAT(errorOf("a.svg --light 45,91"), HasSubstr("from 0 to 90"));
 }

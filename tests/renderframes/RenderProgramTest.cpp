@@ -47,6 +47,18 @@ protected:
     {
         QProcess process;
         start(process, words);
+        return ended(process);
+    }
+    // Another command than render.
+    Outcome command(const char* words) const
+    {
+        QProcess process;
+        process.setWorkingDirectory(path("."));
+        process.start(QStringLiteral(QUARVEL_PROGRAM), QString::fromUtf8(words).split(QLatin1Char(' ')));
+        return ended(process);
+    }
+    static Outcome ended(QProcess& process)
+    {
         EXPECT_TRUE(process.waitForFinished(120'000)) << process.errorString().toStdString();
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
         return {process.exitCode(), process.readAllStandardOutput().toStdString(),
@@ -85,6 +97,66 @@ TEST_F(RenderProgram, WarnsOfFramesThatTheSceneDoesNotHave)
     EXPECT_EQ(outcome.exitCode, 0);
     EXPECT_THAT(outcome.messages, HasSubstr("warning: 2 of the frames are left out; the scene's frames are 1 to 48"));
     EXPECT_EQ(quarvel("small.scene -o n.#.png --frames 60").exitCode, 2);
+}
+
+TEST_F(RenderProgram, LightsFramesAndFilmsAsTheSceneSays)
+{
+    EXPECT_EQ(quarvel("small.scene --lit old.##.png --preview old.png --frames 1-2 --resolution 64 -q").exitCode, 0);
+    const Outcome set = command("set small.scene lights torch");
+    EXPECT_EQ(set.exitCode, 0) << set.messages;
+    EXPECT_THAT(set.output, HasSubstr("Lights: Torch"));
+    EXPECT_EQ(command("set small.scene .Light1.Intensity 1:0.5 2:3").exitCode, 0);
+    EXPECT_EQ(command("set small.scene .Lights.Highlight 0.5").exitCode, 0);
+    const Outcome listed = command("inspect small.scene");
+    EXPECT_THAT(listed.output, AllOf(HasSubstr(".Light1  point"), HasSubstr(".Light1.Intensity  1:0.5 2:3"),
+                                     HasSubstr(".Lights.Highlight  0.5")));
+    EXPECT_EQ(quarvel("small.scene --lit new.##.png --preview new.png --frames 1-2 --resolution 64 -q").exitCode, 0);
+    EXPECT_NE(bytes(path("new.01.png")), bytes(path("old.01.png")));
+    EXPECT_NE(bytes(path("new.png")), bytes(path("old.png")));
+    const auto picture = IIO_read(path("new.02.png"));
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(picture->metadata().value(QStringLiteral("Layout")), QStringLiteral("lit"));
+    // The light that is said on the command line wins; the first scene had the same one.
+    EXPECT_EQ(quarvel("small.scene --lit said.##.png --preview said.png --light 135,45 --frames 1-2 --resolution 64 -q")
+                  .exitCode,
+              0);
+    EXPECT_EQ(bytes(path("said.png")), bytes(path("old.png")));
+    const auto said = IIO_read(path("said.01.png"));
+    const auto old = IIO_read(path("old.01.png"));
+    ASSERT_TRUE(said && old);
+    for (int y = 0; y < 32; ++y)
+        EXPECT_TRUE(std::ranges::equal(said->row<std::uint16_t>(y), old->row<std::uint16_t>(y))) << y;
+}
+
+// Frames that differ in their light alone are lit one by one.
+TEST_F(RenderProgram, LitFramesFollowALightThatMoves)
+{
+    EXPECT_EQ(command("set small.scene Normal-Map.BlurScale 1").exitCode, 0);
+    EXPECT_EQ(command("set small.scene .Light1.X 1:-1 3:1").exitCode, 0);
+    EXPECT_EQ(quarvel("small.scene --lit l.#.png -o n.#.png --frames 1-3 --resolution 64 -q").exitCode, 0);
+    const auto row = [&](const char* file) {
+        const auto picture = IIO_read(path(file));
+        EXPECT_TRUE(picture);
+        const auto samples = picture->row<std::uint16_t>(12);
+        return std::vector<std::uint16_t>(samples.begin(), samples.end());
+    };
+    EXPECT_NE(row("l.1.png"), row("l.2.png"));
+    EXPECT_NE(row("l.1.png"), row("l.3.png"));
+    EXPECT_EQ(row("n.1.png"), row("n.3.png"));
+}
+
+TEST_F(RenderProgram, SaysWhatALightHasAndWhichThereAre)
+{
+    EXPECT_THAT(command("set small.scene .Light2.X 1").messages, HasSubstr("the number of a light, 1 to 1"));
+    EXPECT_THAT(command("set small.scene .Light1.Cone 1").messages, HasSubstr("Intensity"));
+    EXPECT_THAT(command("set small.scene lights moon").messages, HasSubstr("key-and-rim"));
+    EXPECT_THAT(command("set small.scene lights remove 1").messages, HasSubstr("the last light stays"));
+    EXPECT_EQ(command("set small.scene lights add").exitCode, 0);
+    EXPECT_EQ(command("set small.scene lights remove 2").exitCode, 0);
+    EXPECT_THAT(command("set small.scene rate 0").messages, HasSubstr("from 1 to 240"));
+    EXPECT_EQ(command("set small.scene rate 12").exitCode, 0);
+    EXPECT_THAT(command("inspect small.scene").output, HasSubstr("rate    12 frames a second"));
+    EXPECT_THAT(quarvel("small.scene --lit l.#.exr --frames 1").messages, HasSubstr(".png"));
 }
 
 TEST_F(RenderProgram, RendersANodeByItsName)

@@ -1,13 +1,28 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Moving light: the picture answers with what the lighting computes, and nothing is rendered for it.
+// Moving light: the picture answers with what the lighting computes, and nothing is rendered for it. The lights belong
+// to the scene: they are undone, saved and keyed.
 #include "studio/WindowTesting.h"
 
+#include "QuarvelSceneCore/editing/MO_LightCommands.h"
+#include "QuarvelSceneCore/editing/MO_SceneCommands.h"
+#include "studio/docks/scene/LightNumber.h"
+#include "studio/docks/scene/LightPanel.h"
+#include "studio/docks/timeline/TimelineRows.h"
 #include "studio/preview/FrameImages.h"
 
-#include <QSpinBox>
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDockWidget>
+#include <QDoubleSpinBox>
+#include <QLineEdit>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSlider>
 #include <QToolButton>
 #include <QWheelEvent>
+#include <QtTest/qtestspontaneevent.h>
 
 #include <cmath>
 
@@ -62,16 +77,26 @@ TEST_F(LightTest, DraggingTheLightShowsWhatTheLightingComputesAndRendersNothing)
     const double distance = std::hypot(light().place.x(), light().place.y());
     constexpr double kDegrees = 57.29577951308232;
     expected.lights = {{.azimuth = std::atan2(light().place.y(), light().place.x()) * kDegrees,
-                        .height = std::atan2(0.7071, distance) * kDegrees,
+                        .height = std::atan2(std::sqrt(0.5), distance) * kDegrees,
                         .colour = {1.0F, 1.0F, 1.0F}}};
-    expected.ambient = {0.3F, 0.3F, 0.3F};
     const QByteArray after = bytesOf(viewer().shownImage());
     EXPECT_NE(after, before);
     expectSame(after, computed(expected));
     QTest::qWait(400);
     EXPECT_EQ(window->renderService().renderCount(), renders);
     EXPECT_FALSE(window->renderService().isRendering());
-    EXPECT_FALSE(document().commands().canUndo());
+    EXPECT_EQ(document().commands().undoNames(), QStringList{QStringLiteral("Place of Light 1")});
+    document().undo();
+    EXPECT_EQ(light(), StudioLight{});
+    EXPECT_EQ(bytesOf(viewer().shownImage()), before);
+}
+
+TEST_F(LightTest, TwoDragsAreTwoSteps)
+{
+    openDisc();
+    dragLight(viewer().transform().toView(QPointF(300, 100)));
+    dragLight(viewer().transform().toView(QPointF(100, 50)));
+    EXPECT_EQ(document().commands().undoNames().size(), 2);
 }
 
 TEST_F(LightTest, ALightFromTheRightBrightensTheRightSide)
@@ -135,7 +160,7 @@ TEST_F(LightTest, SeveralColouredLightsWithHighlightsAreAsExact)
     window->lights().setLight(0,
                               {.place = {-0.8, 0.1}, .height = 0.3, .colour = QColor(255, 120, 20), .intensity = 1.5});
     window->lights().add({.place = {0.7, -0.6}, .height = 0.9, .colour = QColor(40, 80, 255), .intensity = 0.8});
-    window->lights().setHighlight(0.6);
+    window->lights().setCommon({.ambientRed = 20.0, .highlight = 0.6});
     expectSame(bytesOf(viewer().shownImage()), computed(window->lights().lighting()));
 }
 
@@ -145,43 +170,174 @@ TEST_F(LightTest, OneLightAlwaysStays)
     EXPECT_EQ(window->lights().count(), 1);
 }
 
-TEST_F(LightTest, LightsAreThereAgainAfterANewStart)
+TEST_F(LightTest, APointLightIsAsExact)
 {
-    window->lights().setLight(0,
-                              {.place = {0.25, -0.5}, .height = 1.5, .colour = QColor(10, 20, 30), .intensity = 2.0});
-    window->lights().setAmbient(0.125);
-    window->lights().setHighlight(0.5);
-    renew();
-    EXPECT_EQ(light(),
-              (StudioLight{.place = {0.25, -0.5}, .height = 1.5, .colour = QColor(10, 20, 30), .intensity = 2.0}));
-    EXPECT_EQ(window->lights().ambient(), 0.125);
-    EXPECT_EQ(window->lights().highlight(), 0.5);
+    openDisc();
+    window->lights().setLight(
+        0, {.place = {0.3, 0.2}, .height = 0.3, .kind = MO_LightKind::POINT, .reach = 0.5, .name = {}});
+    expectSame(bytesOf(viewer().shownImage()), computed(window->lights().lighting()));
+    ASSERT_TRUE(window->lights().lighting().lights.front().place);
 }
 
-TEST_F(LightTest, SettingsThatMakeNoSenseAreHeldToWhatDoes)
+TEST_F(LightTest, EachSceneHasItsOwnLightsAndKeepsThem)
 {
-    {
-        QSettings settings;
-        settings.setValue(QStringLiteral("lights/ambient"), QStringLiteral("nan"));
-        settings.beginGroup(QStringLiteral("lights"));
-        settings.beginWriteArray(QStringLiteral("light"), 1);
-        settings.setArrayIndex(0);
-        settings.setValue(QStringLiteral("x"), QStringLiteral("inf"));
-        settings.setValue(QStringLiteral("height"), -3.0);
-        settings.setValue(QStringLiteral("colour"), QStringLiteral("no colour"));
-        settings.setValue(QStringLiteral("intensity"), 1e9);
-        settings.endArray();
-        settings.endGroup();
+    openDisc();
+    QAction* const torch = window->findChild<QAction*>(QStringLiteral("lightPreset-torch"));
+    ASSERT_NE(torch, nullptr);
+    torch->trigger();
+    EXPECT_EQ(document().commands().undoName(), QStringLiteral("Lights: Torch"));
+    EXPECT_EQ(light().kind, MO_LightKind::POINT);
+    const StudioLight saved = light();
+    ASSERT_TRUE(document().isModified());
+    const QString scene = folder.filePath(QStringLiteral("torch.scene"));
+    ASSERT_TRUE(document().save(scene).ok());
+
+    document().replaceScene(std::make_unique<MO_Scene>(), {}, false);
+    EXPECT_EQ(light(), StudioLight{});
+    ASSERT_TRUE(document().open(scene).ok());
+    EXPECT_EQ(light(), saved);
+    EXPECT_FALSE(document().isModified());
+}
+
+TEST_F(LightTest, DuplicatesNamesKindsAndSwitchesAreStepsInTheHistory)
+{
+    openDisc();
+    const auto click = [&](const char* name) {
+        auto* const button = window->findChild<QAbstractButton*>(QLatin1String(name));
+        ASSERT_NE(button, nullptr) << name;
+        QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, QPoint(8, button->height() / 2));
+    };
+    auto* const name = window->findChild<QLineEdit*>(QStringLiteral("lightName"));
+    QTest::keyClicks(name, QStringLiteral("Key"));
+    QTest::keyClick(name, Qt::Key_Return);
+    EXPECT_EQ(light().name, QStringLiteral("Key"));
+    click("duplicateLight");
+    ASSERT_EQ(window->lights().count(), 2);
+    EXPECT_EQ(window->lights().current(), 1);
+    click("lightSolo");
+    EXPECT_TRUE(light(1).solo);
+    EXPECT_EQ(window->lights().lighting().lights.size(), 1);
+    click("lightOn");
+    EXPECT_FALSE(light(1).on);
+    EXPECT_EQ(window->lights().lighting().lights.size(), 1);
+    auto* const kind = window->findChild<QComboBox*>(QStringLiteral("lightKind"));
+    QTest::keyClick(kind, Qt::Key_Down);
+    EXPECT_EQ(light(1).kind, MO_LightKind::POINT);
+    EXPECT_EQ(document().commands().undoNames(),
+              (QStringList{QStringLiteral("Name of Light 1"), QStringLiteral("Duplicate Key"),
+                           QStringLiteral("Solo of Key"), QStringLiteral("On of Key"), QStringLiteral("Kind of Key")}));
+    while (document().commands().canUndo())
+        document().undo();
+    EXPECT_EQ(window->lights().count(), 1);
+    EXPECT_EQ(light(), StudioLight{});
+}
+
+TEST_F(LightTest, ASliderThatIsDraggedIsOneStep)
+{
+    openDisc();
+    auto* const row = window->findChild<LightNumber*>(QStringLiteral("lightIntensity"));
+    ASSERT_NE(row, nullptr);
+    row->slider().setSliderDown(true);
+    for (const int value : {120, 150, 200})
+        row->slider().setValue(value);
+    row->slider().setSliderDown(false);
+    EXPECT_EQ(light().intensity, 2.0);
+    EXPECT_EQ(document().commands().undoNames(), QStringList{QStringLiteral("Intensity of Light 1")});
+    row->box().setFocus();
+    row->box().setValue(0.5);
+    EXPECT_EQ(document().commands().undoNames().size(), 2);
+    EXPECT_EQ(row->slider().value(), 50);
+}
+
+TEST_F(LightTest, AKeyLetsAValueChangeOverTimeAndTheTimelineShowsIt)
+{
+    openDisc();
+    ASSERT_TRUE(document().execute(MO_frameRangeCmd(document().scene(), 1, 11)));
+    document().setSelection({});
+    const auto lightRows = [&] {
+        int count = 0;
+        for (const TimelineRow& row : timelineRows(document()))
+            count += row.label == QStringLiteral("Light 1: Intensity") ? 1 : 0;
+        return count;
+    };
+    EXPECT_EQ(lightRows(), 0);
+    auto* const row = window->findChild<LightNumber*>(QStringLiteral("lightIntensity"));
+    auto* const key = row->findChild<QToolButton*>();
+    ASSERT_NE(key, nullptr);
+    QTest::mouseClick(key, Qt::LeftButton);
+    EXPECT_EQ(lightRows(), 1);
+    EXPECT_TRUE(window->lights().hasKey(MO_Light::INTENSITY));
+    const QByteArray first = bytesOf(viewer().shownImage());
+    document().setCurrentFrame(11);
+    EXPECT_FALSE(window->lights().hasKey(MO_Light::INTENSITY));
+    row->box().setValue(2.0);
+    EXPECT_TRUE(window->lights().hasKey(MO_Light::INTENSITY));
+    document().setCurrentFrame(6);
+    EXPECT_EQ(light().intensity, 1.5);
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_NE(bytesOf(viewer().shownImage()), first);
+    document().setCurrentFrame(1);
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(bytesOf(viewer().shownImage()), first);
+    QTest::mouseClick(key, Qt::LeftButton);
+    document().setCurrentFrame(11);
+    QTest::mouseClick(key, Qt::LeftButton);
+    EXPECT_EQ(lightRows(), 0);
+}
+
+TEST_F(LightTest, TheWheelOverThePanelScrollsAndChangesNothing)
+{
+    openDisc();
+    auto* const dock = window->findChild<QDockWidget*>(QStringLiteral("lightsDock"));
+    dock->setFloating(true);
+    dock->resize(360, 200);
+    dock->show();
+    QCoreApplication::processEvents();
+    QScrollBar* const bar = dock->findChild<QScrollArea*>()->verticalScrollBar();
+    ASSERT_GT(bar->maximum(), 0);
+    auto* const panel = window->findChild<LightPanel*>();
+    QList<QWidget*> fields;
+    for (QWidget* const field : panel->findChildren<QWidget*>())
+        if (!qobject_cast<QScrollBar*>(field) &&
+            (qobject_cast<QAbstractSlider*>(field) || qobject_cast<QAbstractSpinBox*>(field) ||
+             qobject_cast<QComboBox*>(field)))
+            fields << field;
+    EXPECT_GT(fields.size(), 12);
+    for (QWidget* const field : std::as_const(fields)) {
+        bar->setValue(0);
+        field->setFocus();
+        bar->setValue(0);
+        QWheelEvent down(QPointF(2, 2), field->mapToGlobal(QPointF(2, 2)), QPoint(), QPoint(0, -120), Qt::NoButton,
+                         Qt::NoModifier, Qt::NoScrollPhase, false);
+        // Only what the system sends goes on to what lies below.
+        QSpontaneKeyEvent::setSpontaneous(&down);
+        qApp->notify(field, &down);
+        EXPECT_GT(bar->value(), 0) << field->metaObject()->className();
     }
-    LightModel lights;
-    QSettings settings;
-    lights.load(settings);
-    ASSERT_EQ(lights.count(), 1);
-    EXPECT_EQ(lights.lights()[0].place.x(), -0.5);
-    EXPECT_EQ(lights.lights()[0].height, StudioLight::kLowest);
-    EXPECT_EQ(lights.lights()[0].colour, QColor(255, 255, 255));
-    EXPECT_EQ(lights.lights()[0].intensity, StudioLight::kBrightest);
-    EXPECT_EQ(lights.ambient(), 0.3);
+    EXPECT_FALSE(document().commands().canUndo());
+    EXPECT_EQ(light(), StudioLight{});
+}
+
+TEST_F(LightTest, ATurningLightChangesThePictureAndNothingElse)
+{
+    openDisc();
+    const QByteArray still = bytesOf(viewer().shownImage());
+    auto* const turn = window->findChild<QToolButton*>(QStringLiteral("turnLight"));
+    QTest::mouseClick(turn, Qt::LeftButton);
+    EXPECT_TRUE(studio_testing::waitUntil([&] { return light().place.x() > 0.2; }));
+    EXPECT_NE(bytesOf(viewer().shownImage()), still);
+    EXPECT_FALSE(document().commands().canUndo());
+    QTest::mouseClick(turn, Qt::LeftButton);
+    EXPECT_EQ(light(), StudioLight{});
+    EXPECT_EQ(bytesOf(viewer().shownImage()), still);
+
+    // Who changes the light while it turns changes what was meant, and not where it just was.
+    QTest::mouseClick(turn, Qt::LeftButton);
+    EXPECT_TRUE(studio_testing::waitUntil([&] { return light().place.x() > 0.2; }));
+    window->findChild<LightNumber*>(QStringLiteral("lightIntensity"))->box().setValue(2.0);
+    EXPECT_FALSE(window->lights().isTurning());
+    EXPECT_EQ(light().place, StudioLight{}.place);
+    EXPECT_EQ(light().intensity, 2.0);
 }
 
 } // namespace

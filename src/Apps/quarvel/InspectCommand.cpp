@@ -133,7 +133,7 @@ QString inspectHelp()
   quarvel inspect SCENE... [--all]
   quarvel inspect DRAWING... [options]
 
-Of a scene: its frames, the modules with what flows into them, the attributes that were changed (--all: every attribute), the
+Of a scene: its frames, the lights, the modules with what flows into them, the attributes that were changed (--all: every attribute), the
 elements with their drawings, the objects and the palettes. Values are written as "quarvel set" takes them.
 
 Of a drawing: the objects that "quarvel normalmap" and "quarvel import" choose in it, with their numbers, names, shares of the

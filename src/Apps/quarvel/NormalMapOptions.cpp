@@ -118,19 +118,7 @@ Taken takeLevel(NormalMapOptions& options, const QString& option, const QString&
 
 Taken takeLight(NormalMapOptions& options, const QString& option, const QString& value)
 {
-    const QStringList angles = value.split(QLatin1Char(','));
-    if (angles.size() != 2)
-        return UT_Error{QStringLiteral("%1 takes two angles in degrees, around and above, such as 135,45, not \"%2\"")
-                            .arg(option, value)};
-    const auto azimuth = parseNumber(option, angles[0], -360.0, 360.0);
-    if (!azimuth)
-        return azimuth.error();
-    const auto height = parseNumber(option, angles[1], 0.0, 90.0);
-    if (!height)
-        return height.error();
-    options.lightAzimuth = *azimuth;
-    options.lightHeight = *height;
-    return {};
+    return keep(parseLight(option, value), [&](const LightAngles& light) { options.light = light; });
 }
 
 Take<NormalMapOptions> choice(const QStringList& choices, std::function<void(NormalMapOptions&, int)> store)

@@ -4,6 +4,7 @@
 // an error that says what was meant to stand there.
 #pragma once
 
+#include "LightOption.h"
 #include "MapFormOptions.h"
 #include "QuarvelBaseCore/UT_Result.h"
 #include "jobs/drawing/NormalMapSettings.h"
@@ -32,8 +33,7 @@ struct NormalMapOptions
     MapFormOptions form;
     std::optional<QString> suffix; ///< of the map's name, where the drawing's name decides it
     bool halfFloat = false;
-    double lightAzimuth = 135.0; ///< degrees, counter-clockwise from the right: 135 is the upper left
-    double lightHeight = 45.0;   ///< degrees above the picture
+    LightAngles light;
 
     ProgressStyle progress = ProgressStyle::AUTOMATIC;
     bool quiet = false;

@@ -33,6 +33,8 @@ struct Plan
 {
     std::unique_ptr<ShownModule> shown;
     RenderFramesSettings settings;
+    RenderFramesSettings lit; ///< for the lit frames
+    double framesPerSecond = MO_Scene::kUsualFrameRate;
 };
 
 QString namesOf(const MO_Scene& scene)
@@ -74,19 +76,19 @@ UT_Result<std::vector<int>> framesOf(const MO_Scene& scene, const RenderOptions&
     return shardOf(list->frames, options.shard.first, options.shard.second);
 }
 
-UT_Result<FrameFileName> fileOf(const RenderOptions& options, std::size_t frames)
+UT_Result<FrameFileName> fileOf(const QString& output, const RenderOptions& options, std::size_t frames)
 {
-    auto name = FrameFileName::parse(options.output);
+    auto name = FrameFileName::parse(output);
     if (name && !name->hasNumber() && (frames > 1 || options.shard.second > 1))
         return UT_Error{QStringLiteral("%1 would be written over by every frame; write %2")
-                            .arg(options.output, FrameFileName::proposal(options.output))};
+                            .arg(output, FrameFileName::proposal(output))};
     return name;
 }
 
 UT_Result<void> nameFiles(const RenderOptions& options, RenderFramesSettings& settings)
 {
     if (!options.output.isEmpty()) {
-        const auto file = fileOf(options, settings.frames.size());
+        const auto file = fileOf(options.output, options, settings.frames.size());
         if (!file)
             return file.error();
         settings.file = *file;
@@ -110,11 +112,35 @@ FramePictureSettings pictureSettings(const RenderOptions& options, const Plan& p
     return picture;
 }
 
+// The same frames in the same size, lit.
+UT_Result<RenderFramesSettings> litSettings(const RenderOptions& options, const Plan& plan)
+{
+    RenderFramesSettings lit = plan.settings;
+    if (options.lit.isEmpty())
+        return lit;
+    const auto file = fileOf(options.lit, options, lit.frames.size());
+    if (!file)
+        return file.error();
+    if (IIO_isFloatFile(options.lit))
+        return UT_Error{QStringLiteral("--lit writes pictures for the eye; name a .png file, not %1").arg(options.lit)};
+    lit.file = *file;
+    lit.lit = true;
+    lit.picture.shown = RenderedKind::COLOURS;
+    lit.picture.floatFile = false;
+    lit.picture.half = false;
+    lit.lightNote = QStringLiteral("of the scene");
+    if (options.light) {
+        lit.lighting = lightingOf(*options.light);
+        lit.lightNote = QStringLiteral("%1, %2").arg(options.light->azimuth).arg(options.light->height);
+    }
+    return lit;
+}
+
 UT_Result<int> atOnceOf(const RenderOptions& options, const Plan& plan)
 {
     const RenderFramesSettings& settings = plan.settings;
-    const double needed = shownFrameBytes(settings.parameters, {.elevation = settings.picture.elevation},
-                                          coveredShare(*plan.shown, settings.frames));
+    const ShownParts parts{.elevation = settings.picture.elevation, .drawing = !options.lit.isEmpty()};
+    const double needed = shownFrameBytes(settings.parameters, parts, coveredShare(*plan.shown, settings.frames));
     const JobLimits limits = jobLimits();
     return framesAtOnce(options.jobs > 0 ? options.jobs : limits.threads, settings.parameters, needed,
                         options.memory > 0.0 ? options.memory : limits.memory / 2.0);
@@ -143,13 +169,18 @@ UT_Result<Plan> planOf(const MO_Scene& scene, const RenderOptions& options)
     plan.settings.atOnce = *atOnce;
     if (options.resume)
         plan.settings.resumeAfter = newestChange(options.scene);
+    auto lit = litSettings(options, plan);
+    if (!lit)
+        return lit.error();
+    plan.lit = std::move(*lit);
+    plan.framesPerSecond = options.framesPerSecond.value_or(scene.frameRate());
     return plan;
 }
 
-RenderFramesResult run(const Plan& plan, const RenderOptions& options)
+RenderFramesResult run(const Plan& plan, const RenderFramesSettings& settings, const RenderOptions& options)
 {
     RenderProgress progress(options.quiet ? RenderProgressStyle::NONE : options.progress,
-                            static_cast<int>(plan.settings.frames.size()));
+                            static_cast<int>(settings.frames.size()));
     RenderFramesWatcher watcher;
     watcher.stop = &StopSignal::came;
     watcher.progress = [&](double done) { progress.show(done); };
@@ -160,23 +191,25 @@ RenderFramesResult run(const Plan& plan, const RenderOptions& options)
         progress.clear();
         say(QStringLiteral("frame %1: %2").arg(frame).arg(reason));
     };
-    return renderFrames(*plan.shown, plan.settings, watcher);
+    return renderFrames(*plan.shown, settings, watcher);
 }
 
-void printSummary(const RenderFramesResult& result, const RenderOptions& options)
+void printSummary(const RenderFramesResult& result, const RenderOptions& options, const QString& output)
 {
     // Always in this form, so that a scheduler can read it by a regular expression.
     writeText(stdout, QStringLiteral("%1 -> %2: %3 written, %4 complete already, %5 failed\n")
-                          .arg(options.scene, options.output, QString::number(result.written),
-                               QString::number(result.kept), QString::number(result.failed)));
+                          .arg(options.scene, output, QString::number(result.written), QString::number(result.kept),
+                               QString::number(result.failed)));
 }
 
-int renderFiles(const Plan& plan, const RenderOptions& options)
+// Does nothing where no output is wanted.
+int renderFiles(const Plan& plan, const RenderFramesSettings& settings, const RenderOptions& options,
+                const QString& output)
 {
-    if (options.output.isEmpty())
+    if (output.isEmpty())
         return 0;
-    const RenderFramesResult result = run(plan, options);
-    printSummary(result, options);
+    const RenderFramesResult result = run(plan, settings, options);
+    printSummary(result, options, output);
     if (result.stopped)
         return StopSignal::exitCode();
     return result.failed > 0 ? kFailed : 0;
@@ -186,12 +219,15 @@ int renderFilm(const Plan& plan, const RenderOptions& options)
 {
     if (options.preview.isEmpty())
         return 0;
-    const RenderPreviewSettings settings{.frames = plan.settings.frames,
-                                         .parameters = plan.settings.parameters,
-                                         .shown = plan.settings.picture.shown,
-                                         .file = options.preview,
-                                         .framesPerSecond = options.framesPerSecond,
-                                         .atOnce = plan.settings.atOnce};
+    RenderPreviewSettings settings{.frames = plan.settings.frames,
+                                   .parameters = plan.settings.parameters,
+                                   .shown = plan.settings.picture.shown,
+                                   .file = options.preview,
+                                   .framesPerSecond = plan.framesPerSecond,
+                                   .atOnce = plan.settings.atOnce,
+                                   .lighting = {}};
+    if (options.light)
+        settings.lighting = lightingOf(*options.light);
     RenderFramesWatcher watcher;
     watcher.stop = &StopSignal::came;
     const auto made = renderPreview(*plan.shown, settings, watcher);
@@ -213,7 +249,9 @@ int renderAll(const Plan& plan, const RenderOptions& options)
         writeText(stdout, QStringLiteral("%1: this shard has no frames\n").arg(options.scene));
         return 0;
     }
-    int exitCode = renderFiles(plan, options);
+    int exitCode = renderFiles(plan, plan.settings, options, options.output);
+    if (!StopSignal::came())
+        exitCode = std::max(exitCode, renderFiles(plan, plan.lit, options, options.lit));
     if (!StopSignal::came())
         exitCode = std::max(exitCode, renderFilm(plan, options));
     if (StopSignal::came())

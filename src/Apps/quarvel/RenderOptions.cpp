@@ -135,6 +135,12 @@ std::vector<Row> rows()
     std::vector<Row> all{
         {{s("o"), s("output")}, true, text(&Options::output)},
         {{s("preview")}, true, text(&Options::preview)},
+        {{s("lit")}, true, text(&Options::lit)},
+        {{s("light")},
+         true,
+         [](Options& o, const QString& option, const QString& value) {
+             return keep(parseLight(option, value), [&](const LightAngles& light) { o.light = light; });
+         }},
         {{s("fps")}, true, takeFramesPerSecond},
         {{s("frames")}, true, text(&Options::frames)},
         {{s("node")}, true, text(&Options::node)},
@@ -196,7 +202,7 @@ UT_Result<RenderOptions> parseRenderOptions(const QStringList& words)
     if (scenes.size() != 1)
         return missing(scenes.isEmpty() ? "which scene?" : "one scene at a time is rendered");
     options.scene = scenes.first();
-    if (options.output.isEmpty() && options.preview.isEmpty())
+    if (options.output.isEmpty() && options.preview.isEmpty() && options.lit.isEmpty())
         return missing("where do the frames go?");
     return options;
 }

@@ -4,6 +4,7 @@
 // error that says what was meant to stand there.
 #pragma once
 
+#include "LightOption.h"
 #include "MapFormOptions.h"
 #include "QuarvelBaseCore/UT_Result.h"
 #include "RenderProgress.h"
@@ -21,6 +22,7 @@ struct RenderOptions
     QString scene;
     QString output;
     QString preview; ///< empty: none is made
+    QString lit;     ///< empty: none are written
     QString frames;  ///< empty: all of the scene
     QString node;    ///< empty: the scene's output
 
@@ -36,8 +38,9 @@ struct RenderOptions
     int jobs = 0;        ///< frames at once; 0: as many as the machine has threads
     double memory = 0.0; ///< bytes; 0: half of what the machine has
     bool resume = false;
-    std::pair<int, int> shard{1, 1}; ///< the first of, say, four: 1, 4
-    double framesPerSecond = 24.0;   ///< of the preview
+    std::pair<int, int> shard{1, 1};       ///< the first of, say, four: 1, 4
+    std::optional<double> framesPerSecond; ///< of the preview; nothing: the scene's
+    std::optional<LightAngles> light;      ///< nothing: the scene's own lights
 
     RenderProgressStyle progress = RenderProgressStyle::AUTOMATIC;
     bool quiet = false;

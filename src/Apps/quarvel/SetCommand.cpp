@@ -69,6 +69,12 @@ QString setHelp()
         "  quarvel set walk.scene Hero.name Heroine                     a module's name\n"
         "  quarvel set walk.scene Hero.enabled no                       its switch\n"
         "  quarvel set walk.scene .TruckFactor 1:1 48:1.4               the camera\n"
+        "  quarvel set walk.scene .Light1.Intensity 1:0 12:1.5          a light, counted from 1\n"
+        "  quarvel set walk.scene .Lights.AmbientIntensity 0.2          what the lights have in common\n"
+        "  quarvel set walk.scene lights sunset                         other lights: standard, key-and-rim, sunset, "
+        "torch;\n"
+        "                                                               or add, or remove 2\n"
+        "  quarvel set walk.scene rate 25                               the frames a second\n"
         "  quarvel set walk.scene frames 1-48                           the frames of the scene\n"
         "  quarvel set walk.scene height 405                            the frame's height; it is 720 wide\n");
 }

@@ -10,11 +10,9 @@
 #include "QuarvelNormalMap/NM_MapForm.h"
 #include "QuarvelNormalMap/NM_NormalPicture.h"
 #include "QuarvelNormalMap/NM_Padding.h"
+#include "jobs/shown/LitSurface.h"
 
 #include <QFileInfo>
-
-#include <cmath>
-#include <numbers>
 
 namespace {
 
@@ -90,29 +88,12 @@ Written writeDrawing(const ShownFrame& frame, const NormalMapOptions& options, c
     return write(NM_drawingPicture(*frame.drawing, frame.window, *samples), file, options, drawing);
 }
 
-// The ambient light makes up for what the light leaves of full light on a surface that faces the viewer.
-NM_LightingSettings lighting(const NormalMapOptions& options)
-{
-    NM_LightingSettings settings;
-    settings.lights = {NM_Light{.azimuth = options.lightAzimuth, .height = options.lightHeight}};
-    const auto ambient = static_cast<float>(1.0 - std::sin(options.lightHeight * std::numbers::pi / 180.0));
-    settings.ambient = {ambient, ambient, ambient};
-    return settings;
-}
-
 Written writeLit(const ShownFrame& frame, const NormalMapOptions& options, const QString& file, const QString& drawing)
 {
-    UT_Result<IIO_Picture> flat = NM_drawingPicture(*frame.drawing, frame.window, IIO_SampleType::UINT16);
-    if (!flat)
-        return flat.error();
-    UT_Result<NM_Surface> surface = NM_Surface::create({frame.window.width(), frame.window.height()});
+    const UT_Result<NM_Surface> surface = litSurface(frame);
     if (!surface)
         return surface.error();
-    if (Written set = surface->setDrawing(*flat); !set)
-        return set;
-    if (Written set = surface->setNormals(*frame.picture, frame.window); !set)
-        return set;
-    return write(dithered(NM_litPicture(*surface, lighting(options)), mapFormFor(options, file)), file, options,
+    return write(dithered(NM_litPicture(*surface, lightingOf(options.light)), mapFormFor(options, file)), file, options,
                  drawing);
 }
 

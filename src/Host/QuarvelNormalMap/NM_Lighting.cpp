@@ -7,7 +7,7 @@
 
 #include "QuarvelNormalMap/NM_Layout.h"
 #include "QuarvelNormalMap/NM_Srgb.h"
-#include "QuarvelNormalMap/private/NM_Directions.h"
+#include "QuarvelNormalMap/private/NM_LightAmounts.h"
 #include "QuarvelNormalMap/private/NM_Rows.h"
 
 #include <cmath>
@@ -38,13 +38,6 @@ private:
     std::vector<float> _values;
 };
 
-struct PreparedLight
-{
-    NM_LightDirection direction;
-    NM_LightDirection halfway;
-    NM_LightColour colour;
-};
-
 // The light that falls on the pixels of one row, and the highlights.
 struct Buffers
 {
@@ -52,73 +45,64 @@ struct Buffers
         : diffuse{Plane(static_cast<std::size_t>(width)), Plane(static_cast<std::size_t>(width)),
                   Plane(static_cast<std::size_t>(width))}
         , highlights(diffuse)
+        , amounts(diffuse[0])
+        , fallOffs(diffuse[0])
     {}
 
     using Plane = std::vector<float>;
     std::array<Plane, 3> diffuse;
     std::array<Plane, 3> highlights;
+    // Of one light.
+    Plane amounts;
+    Plane fallOffs;
 };
 
 class Shader
 {
 public:
-    explicit Shader(const NM_LightingSettings& settings)
+    Shader(const NM_LightingSettings& settings, const NM_Surface& surface)
         : _ambient(settings.ambient), _highlight(settings.highlight), _power(settings.sharpness)
     {
-        for (const NM_Light& light : settings.lights) {
-            const NM_LightDirection direction = NM_directionTo(light);
-            _lights.push_back({direction, NM_halfwayTo(direction), light.colour});
-        }
+        for (const NM_Light& light : settings.lights)
+            _lights.emplace_back(light, surface.width(), surface.height());
     }
 
-    void shade(const NM_Surface::Row& row, Buffers& buffers) const
+    void shade(const NM_Surface::Row& row, int y, Buffers& buffers) const
     {
         for (std::size_t c = 0; c < 3; ++c) {
             std::ranges::fill(buffers.diffuse[c], _ambient[c]);
             std::ranges::fill(buffers.highlights[c], 0.0F);
         }
-        for (const PreparedLight& light : _lights) {
-            addDiffuse(row, light, buffers);
+        for (const NM_LightAmounts& light : _lights) {
+            light.diffuse(row, y, 0, buffers.amounts);
+            for (std::size_t c = 0; c < 3; ++c)
+                add(buffers.amounts, light.colour()[c], buffers.diffuse[c]);
             if (_highlight > 0.0F)
-                addHighlights(row, light, buffers);
+                addHighlights(row, y, light, buffers);
         }
     }
 
 private:
-    static float cosine(const NM_Surface::Row& row, std::size_t x, const NM_LightDirection& to)
+    static void add(const Buffers::Plane& amounts, float colour, Buffers::Plane& sum)
     {
-        return row.normalX[x] * to.x + row.normalY[x] * to.y + row.normalZ[x] * to.z;
+        for (std::size_t x = 0; x < sum.size(); ++x)
+            sum[x] += amounts[x] * colour;
     }
 
-    static void addDiffuse(const NM_Surface::Row& row, const PreparedLight& light, Buffers& buffers)
+    void addHighlights(const NM_Surface::Row& row, int y, const NM_LightAmounts& light, Buffers& buffers) const
     {
-        float* red = buffers.diffuse[0].data();
-        float* green = buffers.diffuse[1].data();
-        float* blue = buffers.diffuse[2].data();
-        for (std::size_t x = 0; x < row.normalX.size(); ++x) {
-            const float amount = std::max(0.0F, cosine(row, x, light.direction));
-            red[x] += amount * light.colour[0];
-            green[x] += amount * light.colour[1];
-            blue[x] += amount * light.colour[2];
-        }
-    }
-
-    void addHighlights(const NM_Surface::Row& row, const PreparedLight& light, Buffers& buffers) const
-    {
-        for (std::size_t x = 0; x < row.normalX.size(); ++x) {
-            // What looks away from the light has no highlight.
-            if (cosine(row, x, light.direction) <= 0.0F)
-                continue;
-            const float amount = _highlight * _power(cosine(row, x, light.halfway));
-            for (std::size_t c = 0; c < 3; ++c)
-                buffers.highlights[c][x] += amount * light.colour[c];
-        }
+        light.highlights(row, y, 0, buffers.amounts, buffers.fallOffs);
+        for (std::size_t x = 0; x < buffers.amounts.size(); ++x)
+            buffers.amounts[x] =
+                buffers.amounts[x] > 0.0F ? _highlight * _power(buffers.amounts[x]) * buffers.fallOffs[x] : 0.0F;
+        for (std::size_t c = 0; c < 3; ++c)
+            add(buffers.amounts, light.colour()[c], buffers.highlights[c]);
     }
 
     NM_LightColour _ambient;
     float _highlight;
     PowerTable _power;
-    std::vector<PreparedLight> _lights;
+    std::vector<NM_LightAmounts> _lights;
 };
 
 std::uint16_t quantise(float value)
@@ -145,12 +129,12 @@ UT_Result<IIO_Picture> NM_litPicture(const NM_Surface& surface, const NM_Lightin
     if (!picture)
         return picture;
     picture->metadata() = NM_metadataOf(QStringLiteral("lit"));
-    const Shader shader(settings);
+    const Shader shader(settings, surface);
     tbb::parallel_for(tbb::blocked_range<int>(0, surface.height()), [&](const tbb::blocked_range<int>& range) {
         Buffers buffers(surface.width());
         for (int y = range.begin(); y < range.end(); ++y) {
             const NM_Surface::Row row = surface.row(y);
-            shader.shade(row, buffers);
+            shader.shade(row, y, buffers);
             encodeRow(row, buffers, picture->row<std::uint16_t>(y).data());
         }
     });

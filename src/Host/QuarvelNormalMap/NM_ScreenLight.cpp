@@ -4,7 +4,7 @@
 // compilers make vector instructions of.
 #include "QuarvelNormalMap/NM_Lighting.h"
 #include "QuarvelNormalMap/NM_Srgb.h"
-#include "QuarvelNormalMap/private/NM_Directions.h"
+#include "QuarvelNormalMap/private/NM_LightAmounts.h"
 
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>
@@ -18,19 +18,6 @@ namespace {
 
 constexpr int kRun = 512;
 constexpr int kSteps = 16384;
-
-struct PreparedLight
-{
-    NM_LightDirection to;
-    NM_LightDirection halfway;
-    NM_LightColour colour;
-};
-
-PreparedLight prepared(const NM_Light& light)
-{
-    const NM_LightDirection to = NM_directionTo(light);
-    return {to, NM_halfwayTo(to), light.colour};
-}
 
 using Bytes = std::array<std::uint8_t, kSteps + 1>;
 
@@ -76,9 +63,11 @@ struct Run
 class FastShader
 {
 public:
-    explicit FastShader(const NM_LightingSettings& settings) : _settings(settings), _power(kSteps / 4 + 1)
+    FastShader(const NM_LightingSettings& settings, const NM_Surface& surface)
+        : _settings(settings), _power(kSteps / 4 + 1)
     {
-        std::ranges::transform(settings.lights, std::back_inserter(_lights), prepared);
+        for (const NM_Light& light : settings.lights)
+            _lights.emplace_back(light, surface.width(), surface.height());
         const double exponent = std::max(static_cast<double>(settings.sharpness), 1.0);
         const double last = static_cast<double>(_power.size() - 1);
         for (std::size_t i = 0; i < _power.size(); ++i)
@@ -87,7 +76,7 @@ public:
 
     /// @param pixelOf the pixel of red, green, blue and alpha
     template<typename PixelOf>
-    void shade(const NM_Surface::Row& row, ScreenPixel* target, const PixelOf& pixelOf) const
+    void shade(const NM_Surface::Row& row, int y, ScreenPixel* target, const PixelOf& pixelOf) const
     {
         Run run;
         for (std::size_t from = 0; from < row.red.size(); from += kRun) {
@@ -96,7 +85,7 @@ public:
                 std::fill_n(target + from, count, ScreenPixel{});
                 continue;
             }
-            sumUp(row, from, count, run);
+            sumUp(row, y, from, count, run);
             encode(row, from, count, run, target + from, pixelOf);
         }
     }
@@ -108,39 +97,37 @@ private:
         return std::ranges::all_of(coverage, [](float value) { return value <= 0.0F; });
     }
 
-    void sumUp(const NM_Surface::Row& row, std::size_t from, std::size_t count, Run& run) const
+    void sumUp(const NM_Surface::Row& row, int y, std::size_t from, std::size_t count, Run& run) const
     {
-        const float* const x = row.normalX.data() + from;
-        const float* const y = row.normalY.data() + from;
-        const float* const z = row.normalZ.data() + from;
         for (std::size_t c = 0; c < 3; ++c) {
             run.light[c].fill(_settings.ambient[c]);
             run.highlight[c].fill(0.0F);
         }
-        for (const PreparedLight& light : _lights) {
-            Plane amount;
-            for (std::size_t i = 0; i < count; ++i)
-                amount[i] = std::max(0.0F, x[i] * light.to.x + y[i] * light.to.y + z[i] * light.to.z);
+        Plane amount;
+        for (const NM_LightAmounts& light : _lights) {
+            light.diffuse(row, y, from, std::span(amount).first(count));
             for (std::size_t c = 0; c < 3; ++c)
                 for (std::size_t i = 0; i < count; ++i)
-                    run.light[c][i] += amount[i] * light.colour[c];
+                    run.light[c][i] += amount[i] * light.colour()[c];
             if (_settings.highlight > 0.0F)
-                addHighlights(x, y, z, count, light, amount, run);
+                addHighlights(row, y, from, count, light, run);
         }
     }
 
-    void addHighlights(const float* x, const float* y, const float* z, std::size_t count, const PreparedLight& light,
-                       const Plane& amount, Run& run) const
+    void addHighlights(const NM_Surface::Row& row, int y, std::size_t from, std::size_t count,
+                       const NM_LightAmounts& light, Run& run) const
     {
         const auto last = static_cast<float>(_power.size() - 1);
+        Plane cosine;
+        Plane fallOff;
+        light.highlights(row, y, from, std::span(cosine).first(count), std::span(fallOff).first(count));
         for (std::size_t i = 0; i < count; ++i) {
-            // What looks away from the light has no highlight.
-            if (amount[i] <= 0.0F)
+            if (cosine[i] <= 0.0F)
                 continue;
-            const float cosine = x[i] * light.halfway.x + y[i] * light.halfway.y + z[i] * light.halfway.z;
-            const float strength = _power[static_cast<std::size_t>(std::clamp(cosine, 0.0F, 1.0F) * last + 0.5F)];
+            const float strength =
+                _power[static_cast<std::size_t>(std::clamp(cosine[i], 0.0F, 1.0F) * last + 0.5F)] * fallOff[i];
             for (std::size_t c = 0; c < 3; ++c)
-                run.highlight[c][i] += strength * light.colour[c];
+                run.highlight[c][i] += strength * light.colour()[c];
         }
     }
 
@@ -165,7 +152,7 @@ private:
     }
 
     const NM_LightingSettings& _settings;
-    std::vector<PreparedLight> _lights;
+    std::vector<NM_LightAmounts> _lights;
     std::vector<float> _power; // with the strength of highlights in it
 };
 
@@ -173,12 +160,12 @@ template<typename PixelOf>
 void lightRows(const NM_Surface& surface, const NM_LightingSettings& settings, std::span<std::uint8_t> bytes,
                const PixelOf& pixelOf)
 {
-    const FastShader shader(settings);
+    const FastShader shader(settings, surface);
     const auto width = static_cast<std::size_t>(surface.width());
     auto* const pixels = reinterpret_cast<ScreenPixel*>(bytes.data());
     tbb::parallel_for(tbb::blocked_range<int>(0, surface.height(), 16), [&](const tbb::blocked_range<int>& range) {
         for (int y = range.begin(); y < range.end(); ++y)
-            shader.shade(surface.row(y), pixels + width * static_cast<std::size_t>(y), pixelOf);
+            shader.shade(surface.row(y), y, pixels + width * static_cast<std::size_t>(y), pixelOf);
     });
 }
 

@@ -8,6 +8,7 @@
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
 #include "QuarvelSceneCore/attributes/AT_EnumAttrBase.h"
 #include "QuarvelSceneCore/attributes/AT_IntAttr.h"
+#include "QuarvelSceneCore/graph/MO_Lighting.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 
 #include <QDataStream>
@@ -41,5 +42,17 @@ QByteArray frameStateOf(const MO_Scene& scene, double frame)
         for (AT_Attr* const attr : module.attrs())
             attr->accept(writer);
     });
+    return state;
+}
+
+QByteArray lightStateOf(const MO_Scene& scene, double frame)
+{
+    QByteArray state;
+    StateWriter writer(state, frame);
+    for (AT_DoubleAttr& number : scene.lighting().numbers())
+        number.accept(writer);
+    for (const auto& light : scene.lighting().lights())
+        for (AT_Attr* const attr : light->attrs())
+            attr->accept(writer);
     return state;
 }

@@ -14,3 +14,6 @@ class MO_Scene;
 ///
 /// @return equal for two frames of one scene only when everything is equal
 QByteArray frameStateOf(const MO_Scene& scene, double frame);
+
+/// The same of the scene's lights, which change how a frame looks when it is lit and no map of it.
+QByteArray lightStateOf(const MO_Scene& scene, double frame);

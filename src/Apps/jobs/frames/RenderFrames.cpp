@@ -12,6 +12,8 @@
 #include "jobs/frames/FrameOnDisk.h"
 #include "jobs/frames/FrameState.h"
 #include "jobs/limits/JobLimits.h"
+#include "jobs/shown/LitSurface.h"
+#include "jobs/shown/SceneLighting.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -31,13 +33,17 @@ namespace {
 using Shot = std::vector<std::size_t>;
 
 /// The shots in the order of their first frames.
-std::vector<Shot> shotsOf(const MO_Module& module, const std::vector<int>& frames)
+std::vector<Shot> shotsOf(const MO_Module& module, const RenderFramesSettings& settings)
 {
+    const std::vector<int>& frames = settings.frames;
+    const bool ownLight = settings.lit && !settings.lighting;
     const auto* const scene = dynamic_cast<const MO_Scene*>(module.sceneCommon());
     std::vector<Shot> shots;
     std::map<QByteArray, std::size_t> known;
     for (std::size_t i = 0; i < frames.size(); ++i) {
-        const QByteArray state = scene ? frameStateOf(*scene, frames[i]) : QByteArray::number(frames[i]);
+        QByteArray state = scene ? frameStateOf(*scene, frames[i]) : QByteArray::number(frames[i]);
+        if (scene && ownLight)
+            state += lightStateOf(*scene, frames[i]);
         const auto [place, isNew] = known.emplace(state, shots.size());
         if (isNew)
             shots.emplace_back();
@@ -53,7 +59,7 @@ public:
         : _shown(shown)
         , _settings(settings)
         , _watcher(watcher)
-        , _shots(shotsOf(shown.module(), settings.frames))
+        , _shots(shotsOf(shown.module(), settings))
         , _done(settings.frames.size(), 0.0)
     {}
 
@@ -124,7 +130,7 @@ private:
         const int number = _settings.frames[index];
         const QString file = _settings.file.of(number);
         const RD_RenderJob job(_settings.parameters);
-        const IIO_Metadata metadata = frameMetadata(_settings.picture, number);
+        const IIO_Metadata metadata = metadataOf(number);
         if (_settings.resumeAfter && isFrameOnDisk(file, job.size(), metadata, *_settings.resumeAfter))
             return FrameEnd::KEPT;
         if (!picture) {
@@ -146,11 +152,32 @@ private:
             show(index, 0.95 * done);
             return !stop();
         };
-        const auto frame =
-            _shown.render(number, _settings.parameters, {.elevation = _settings.picture.elevation}, goOn);
+        const ShownParts parts{.elevation = _settings.picture.elevation && !_settings.lit, .drawing = _settings.lit};
+        const auto frame = _shown.render(number, _settings.parameters, parts, goOn);
         if (!frame)
             return frame.error();
+        if (_settings.lit)
+            return litPicture(*frame, number);
         return framePicture(*frame->picture, frame->window, _settings.picture, number);
+    }
+
+    UT_Result<IIO_Picture> litPicture(const ShownFrame& frame, int number) const
+    {
+        const auto surface = litSurface(frame);
+        if (!surface)
+            return surface.error();
+        return NM_litPicture(*surface,
+                             _settings.lighting ? *_settings.lighting : sceneLighting(_shown.module(), number));
+    }
+
+    IIO_Metadata metadataOf(int number) const
+    {
+        IIO_Metadata metadata = frameMetadata(_settings.picture, number);
+        if (!_settings.lit)
+            return metadata;
+        metadata.set(QStringLiteral("Layout"), QStringLiteral("lit"));
+        metadata.set(QStringLiteral("Light"), _settings.lightNote);
+        return metadata;
     }
 
     UT_Result<void> write(const IIO_Picture& picture, const QString& file) const

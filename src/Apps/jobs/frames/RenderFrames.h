@@ -6,6 +6,7 @@
 // rendered.
 #pragma once
 
+#include "QuarvelNormalMap/NM_Lighting.h"
 #include "QuarvelSceneCore/interfaces/RD_RenderParameters.h"
 #include "jobs/frames/FrameFileName.h"
 #include "jobs/shown/FramePicture.h"
@@ -23,6 +24,10 @@ struct RenderFramesSettings
     std::vector<int> frames;
     RD_RenderParameters parameters;
     FramePictureSettings picture;
+    /// Whether the frames are written lit (16 bits, sRGB) instead of as the picture says.
+    bool lit = false;
+    std::optional<NM_LightingSettings> lighting; ///< for lit frames; nothing: the scene's own
+    QString lightNote;                           ///< what the files of lit frames say of the light
     FrameFileName file;
     int atOnce = 1; ///< how many frames are rendered at the same time
     /// Frames whose file is complete and newer than this are left alone; an invalid time counts as long ago.

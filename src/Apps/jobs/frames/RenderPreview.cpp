@@ -45,7 +45,7 @@ std::vector<Frame> batch(const LitFrames& frames, std::span<const int> numbers)
 UT_Result<QString> renderPreview(const ShownModule& shown, const RenderPreviewSettings& settings,
                                  const RenderFramesWatcher& watcher)
 {
-    const LitFrames lit(shown, settings.shown, settings.parameters);
+    const LitFrames lit(shown, settings.shown, settings.parameters, settings.lighting);
     QDir().mkpath(QFileInfo(settings.file).absolutePath());
     auto film = FilmFile::create(settings.file, QSize(lit.size().first, lit.size().second), settings.framesPerSecond);
     if (!film)

@@ -15,6 +15,7 @@ struct RenderPreviewSettings
     QString file; ///< ends in .mp4, .gif or .png
     double framesPerSecond = 24.0;
     int atOnce = 1;
+    std::optional<NM_LightingSettings> lighting; ///< nothing: the scene's own
 };
 
 /// Renders the film; so many frames at once, in the order of the list. Its folder is made. Of the watcher, progress and

@@ -6,6 +6,7 @@
 #include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/graph/MO_Lighting.h"
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "jobs/scene/AttributeWords.h"
@@ -13,6 +14,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <span>
 
 namespace {
 
@@ -112,14 +114,51 @@ void describePalettes(const MO_Scene& scene, QStringList& lines)
     }
 }
 
+void describeAttributes(const QString& path, std::span<AT_Attr* const> attrs, std::span<AT_Attr* const> standards,
+                        DescribedAttributes which, QStringList& lines)
+{
+    for (std::size_t i = 0; i < attrs.size(); ++i)
+        if (which == DescribedAttributes::ALL || !attrs[i]->equals(*standards[i]))
+            lines << QStringLiteral("    %1.%2  %3").arg(path, attrs[i]->keyword(), attributeInWords(*attrs[i]));
+}
+
+std::vector<AT_Attr*> attributesOf(MO_Lighting& lighting)
+{
+    std::vector<AT_Attr*> attrs;
+    for (AT_DoubleAttr& number : lighting.numbers())
+        attrs.push_back(&number);
+    return attrs;
+}
+
+void describeLights(const MO_Scene& scene, DescribedAttributes which, QStringList& lines)
+{
+    MO_Lighting fresh;
+    lines << QStringLiteral("lights");
+    describeAttributes(QStringLiteral(".Lights"), attributesOf(scene.lighting()), attributesOf(fresh), which, lines);
+    const std::vector<AT_Attr*> standards = fresh.lights().front()->attrs();
+    int number = 0;
+    for (const auto& light : scene.lighting().lights()) {
+        const MO_LightValues values = light->values(scene.firstFrame());
+        lines << QStringLiteral("  .Light%1  %2%3%4")
+                     .arg(++number)
+                     .arg(values.kind == MO_LightKind::POINT ? QStringLiteral("point") : QStringLiteral("directional"),
+                          values.on ? QString() : QStringLiteral("  (off)"),
+                          values.solo ? QStringLiteral("  (solo)") : QString());
+        describeAttributes(QStringLiteral(".Light%1").arg(number), light->attrs(), standards, which, lines);
+    }
+    lines << QString();
+}
+
 } // namespace
 
 QString describeScene(const MO_Scene& scene, DescribedAttributes attributes)
 {
     QStringList lines;
     lines << QStringLiteral("frames  %1-%2").arg(scene.firstFrame()).arg(scene.lastFrame());
+    lines << QStringLiteral("rate    %1 frames a second").arg(scene.frameRate());
     lines << QStringLiteral("frame   %1 x %2 units").arg(MO_Scene::kFrameWidth).arg(scene.frameHeight());
     lines << QStringLiteral("camera  .TruckFactor  %1").arg(attributeInWords(scene.truckFactorAttr())) << QString();
+    describeLights(scene, attributes, lines);
     describeModules(scene, attributes, lines);
     describeElements(scene, lines);
     describeObjects(scene, lines);

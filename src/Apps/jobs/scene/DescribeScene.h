@@ -12,6 +12,6 @@ enum class DescribedAttributes
     ALL
 };
 
-/// The scene's frames, modules with what flows into them and their attributes, elements with their drawings, objects
-/// and palettes; lines in the form that "quarvel set" takes.
+/// The scene's frames, lights, modules with what flows into them and their attributes, elements with their drawings,
+/// objects and palettes; lines in the form that "quarvel set" takes.
 QString describeScene(const MO_Scene& scene, DescribedAttributes attributes);

@@ -4,13 +4,17 @@
 #include "jobs/scene/SetAttribute.h"
 
 #include "QuarvelSceneCore/attributes/AT_Attr.h"
+#include "QuarvelSceneCore/editing/MO_LightCommands.h"
 #include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
 #include "QuarvelSceneCore/editing/MO_SceneCommands.h"
 #include "jobs/scene/AttributeWords.h"
+#include "jobs/scene/LightPresets.h"
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace {
 
@@ -65,8 +69,88 @@ MadeCommand changeFrameHeight(MO_Scene& scene, const QString& word)
     return MO_EditCommand(MO_frameHeightCmd(scene, height));
 }
 
+MadeCommand changeFrameRate(MO_Scene& scene, const QString& word)
+{
+    bool isNumber = false;
+    const double rate = word.toDouble(&isNumber);
+    if (!isNumber || !(rate >= MO_Scene::kSlowest && rate <= MO_Scene::kFastest))
+        return error(QStringLiteral("expected frames a second from %1 to %2, got \"%3\"")
+                         .arg(MO_Scene::kSlowest)
+                         .arg(MO_Scene::kFastest)
+                         .arg(word));
+    return MO_frameRateCmd(scene, rate);
+}
+
+UT_Result<std::size_t> lightNumber(const MO_Scene& scene, const QString& word)
+{
+    bool isNumber = false;
+    const qsizetype number = word.toLongLong(&isNumber);
+    const auto count = static_cast<qsizetype>(scene.lighting().lights().size());
+    if (!isNumber || number < 1 || number > count)
+        return error(QStringLiteral("expected the number of a light, 1 to %1, got \"%2\"").arg(count).arg(word));
+    return static_cast<std::size_t>(number - 1);
+}
+
+MadeCommand changeLights(MO_Scene& scene, const QStringList& words)
+{
+    const QString& word = words.first();
+    if (word == QLatin1String("add") && words.size() == 1) {
+        MO_EditCommand added = MO_addLightCmd(scene, {});
+        return added ? MadeCommand(std::move(added))
+                     : error(QStringLiteral("a scene has at most %1 lights").arg(MO_Lighting::kMaxLights));
+    }
+    if (word == QLatin1String("remove") && words.size() == 2) {
+        const auto index = lightNumber(scene, words[1]);
+        if (!index)
+            return index.error();
+        MO_EditCommand removed = MO_removeLightCmd(scene, *index);
+        return removed ? MadeCommand(std::move(removed))
+                       : error(QStringLiteral("the last light stays; switch it off with .Light1.On no"));
+    }
+    if (const auto preset = findLightPreset(word); preset && words.size() == 1)
+        return MO_lightRigCmd(scene, QStringLiteral("Lights: ") + preset->label, preset->rig);
+    QStringList presets;
+    for (const LightPreset& preset : lightPresets())
+        presets << preset.keyword;
+    return error(QStringLiteral("expected %1, add, or remove and a light's number, got \"%2\"")
+                     .arg(presets.join(QStringLiteral(", ")), words.join(u' ')));
+}
+
+// ".Light2.Intensity", ".Lights.Highlight"; nothing when the subject is not of this form.
+std::optional<MadeCommand> changeLight(MO_Scene& scene, const QString& subject, const QStringList& words)
+{
+    static const QRegularExpression form(QStringLiteral("^\\.Light(s|\\d+)\\.(\\w+)$"));
+    const QRegularExpressionMatch match = form.match(subject);
+    if (!match.hasMatch())
+        return std::nullopt;
+    std::vector<AT_Attr*> attrs;
+    if (match.captured(1) == QLatin1String("s")) {
+        for (AT_DoubleAttr& number : scene.lighting().numbers())
+            attrs.push_back(&number);
+    } else {
+        const auto index = lightNumber(scene, match.captured(1));
+        if (!index)
+            return MadeCommand(index.error());
+        attrs = scene.lighting().lights()[*index]->attrs();
+    }
+    const auto found = std::ranges::find(attrs, match.captured(2), &AT_Attr::keyword);
+    if (found != attrs.end())
+        return changeByWords(scene, **found, words);
+    QStringList keys;
+    for (const AT_Attr* const attr : attrs)
+        keys << attr->keyword();
+    return MadeCommand(error(QStringLiteral("expected one of %1 after the light, got \"%2\"")
+                                 .arg(keys.join(QStringLiteral(", ")), match.captured(2))));
+}
+
 MadeCommand commandFor(MO_Scene& scene, const QString& subject, const QStringList& words)
 {
+    if (subject == QLatin1String("rate") && words.size() == 1)
+        return changeFrameRate(scene, words.first());
+    if (subject == QLatin1String("lights"))
+        return changeLights(scene, words);
+    if (std::optional<MadeCommand> light = changeLight(scene, subject, words))
+        return std::move(*light);
     if (subject == QLatin1String("frames") && words.size() == 1)
         return changeFrames(scene, words.first());
     if (subject == QLatin1String("height") && words.size() == 1)

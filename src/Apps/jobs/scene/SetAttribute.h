@@ -8,6 +8,10 @@
 //     Normal-Map.BlurScale     =Hero.ScaleX           reads the other attribute; "=" alone ends that
 //     Hero.Drawing             1:walk_1 3:walk_2 9:   which drawing is shown from a frame on; none behind frame 9
 //     .TruckFactor             1:1 48:1.4             the camera's
+//     .Light2.Intensity        1:0 12:1               a light's, counted from 1 in the order of the scene
+//     .Lights.AmbientRed       120                    what the lights have in common
+//     lights                   sunset                 other lights: a preset, add, or remove and a number
+//     rate                     25                     how many frames a second are played
 //     Hero.name                Heroine                a module's name
 //     Hero.enabled             no                     its switch
 //     frames                   1-48                   the frames of the scene

@@ -6,7 +6,8 @@
 #include "QuarvelImageIO/IIO_Samples.h"
 #include "QuarvelNormalMap/NM_DrawingPicture.h"
 #include "QuarvelNormalMap/NM_Layers.h"
-#include "QuarvelNormalMap/NM_Lighting.h"
+#include "jobs/shown/LitSurface.h"
+#include "jobs/shown/SceneLighting.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,16 +23,6 @@ std::pair<int, int> previewSize(const std::pair<int, int>& size)
         return size;
     const double height = static_cast<double>(size.second) * LitFrames::kMaxWidth / size.first;
     return {LitFrames::kMaxWidth, std::max(1, static_cast<int>(std::lround(height)))};
-}
-
-void makeGrey(IIO_Picture& picture)
-{
-    constexpr Samples kGrey = 45000;
-    for (int y = picture.dataWindow().y1; y < picture.dataWindow().y2; ++y) {
-        const auto row = picture.row<Samples>(y);
-        for (std::size_t i = 0; i < row.size(); i += 4)
-            row[i] = row[i + 1] = row[i + 2] = kGrey;
-    }
 }
 
 Bytes bytesOf(const IIO_Picture& picture)
@@ -64,30 +55,21 @@ UT_Result<Bytes> asItIs(const ShownFrame& frame, RenderedKind shown)
     return bytesOf(*picture);
 }
 
-UT_Result<Bytes> lit(const ShownFrame& frame)
+UT_Result<Bytes> lit(const ShownFrame& frame, const NM_LightingSettings& lighting)
 {
-    auto drawing = NM_drawingPicture(*frame.drawing, frame.window, IIO_SampleType::UINT16);
-    if (!drawing)
-        return drawing.error();
-    // Colours that a person takes for normals belong to no drawing.
-    if (frame.kind == RenderedKind::COLOURS)
-        makeGrey(*drawing);
-    UT_Result<NM_Surface> surface = NM_Surface::create({frame.window.width(), frame.window.height()});
+    const UT_Result<NM_Surface> surface = litSurface(frame);
     if (!surface)
         return surface.error();
-    if (const auto set = surface->setDrawing(*drawing); !set)
-        return set.error();
-    if (const auto set = surface->setNormals(*frame.picture, frame.window); !set)
-        return set.error();
     Bytes bytes(static_cast<std::size_t>(frame.window.area()) * 4);
-    NM_light(*surface, NM_LightingSettings{}, NM_ScreenPixels::RGBA, bytes);
+    NM_light(*surface, lighting, NM_ScreenPixels::RGBA, bytes);
     return bytes;
 }
 
 } // namespace
 
-LitFrames::LitFrames(const ShownModule& module, RenderedKind shown, const RD_RenderParameters& final)
-    : _module(module), _shown(shown), _parameters(final)
+LitFrames::LitFrames(const ShownModule& module, RenderedKind shown, const RD_RenderParameters& final,
+                     const std::optional<NM_LightingSettings>& lighting)
+    : _module(module), _shown(shown), _parameters(final), _lighting(lighting)
 {
     _parameters.resolution = previewSize(final.resolution);
 }
@@ -99,5 +81,7 @@ UT_Result<Bytes> LitFrames::render(int frame) const
         _module.render(frame, _parameters, {.elevation = _shown == RenderedKind::ELEVATION, .drawing = isLit});
     if (!made)
         return made.error();
-    return isLit ? lit(*made) : asItIs(*made, _shown);
+    if (!isLit)
+        return asItIs(*made, _shown);
+    return lit(*made, _lighting ? *_lighting : sceneLighting(_module.module(), frame));
 }

@@ -4,9 +4,11 @@
 // colours are shown as they are.
 #pragma once
 
+#include "QuarvelNormalMap/NM_Lighting.h"
 #include "jobs/shown/ShownFrame.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 /// Makes lit frames, as bytes. Several may be made on several threads at once.
@@ -19,7 +21,9 @@ public:
     /// @param module what is rendered; must live longer
     /// @param shown  what its picture is taken for
     /// @param final  the parameters of the frames that are written to files
-    LitFrames(const ShownModule& module, RenderedKind shown, const RD_RenderParameters& final);
+    /// @param lighting the light; nothing: the scene's own at each frame
+    LitFrames(const ShownModule& module, RenderedKind shown, const RD_RenderParameters& final,
+              const std::optional<NM_LightingSettings>& lighting = {});
 
     /// The size of the frames: the final one, or in its shape kMaxWidth pixels wide.
     const std::pair<int, int>& size() const { return _parameters.resolution; }
@@ -31,4 +35,5 @@ private:
     const ShownModule& _module;
     RenderedKind _shown;
     RD_RenderParameters _parameters;
+    std::optional<NM_LightingSettings> _lighting;
 };

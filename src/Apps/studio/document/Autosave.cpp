@@ -40,6 +40,7 @@ Autosave::Autosave(StudioDocument& document, const QString& folder, QObject* par
     : QObject(parent), _document(document), _folder(folder)
 {
     connect(&document, &StudioDocument::sceneChanged, this, [this] { _stale = true; });
+    connect(&document, &StudioDocument::lightsChanged, this, [this] { _stale = true; });
     connect(&document, &StudioDocument::sceneReplaced, this, [this] { _stale = true; });
     connect(&document, &StudioDocument::stateChanged, this, &Autosave::documentChanged);
     connect(&_timer, &QTimer::timeout, this, &Autosave::tick);

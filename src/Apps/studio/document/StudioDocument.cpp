@@ -3,6 +3,7 @@
 // The scene tells of each single change; the document gathers them until the event loop comes round.
 #include "studio/document/StudioDocument.h"
 
+#include "QuarvelSceneCore/graph/MO_Lighting.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
 
 #include <QFileInfo>
@@ -13,14 +14,26 @@
 
 StudioDocument::StudioDocument(QObject* parent) : QObject(parent), _scene(std::make_unique<MO_Scene>())
 {
-    _scene->addListener(*this);
+    listen();
     _commands.addListener(*this);
 }
 
 StudioDocument::~StudioDocument()
 {
     _commands.removeListener(*this);
+    endListening();
+}
+
+void StudioDocument::listen()
+{
+    _scene->addListener(*this);
+    _scene->lighting().addListener(*this);
+}
+
+void StudioDocument::endListening()
+{
     _scene->removeListener(*this);
+    _scene->lighting().removeListener(*this);
 }
 
 bool StudioDocument::execute(std::unique_ptr<CO_Command> command)
@@ -41,10 +54,10 @@ void StudioDocument::redo()
 void StudioDocument::replaceScene(std::unique_ptr<MO_Scene> scene, const QString& folder, bool isModified)
 {
     // The old scene lives until everybody has let go of it.
+    endListening();
     const std::unique_ptr<MO_Scene> old = std::exchange(_scene, std::move(scene));
-    old->removeListener(*this);
     _commands.clear();
-    _scene->addListener(*this);
+    listen();
     _folder = folder;
     _modifiedFromTheStart = isModified;
     _selection.clear();
@@ -107,6 +120,10 @@ void StudioDocument::told(XUTeller& teller)
     if (&teller == &_commands) {
         dropLostSelection();
         Q_EMIT stateChanged();
+        return;
+    }
+    if (&teller == &_scene->lighting()) {
+        Q_EMIT lightsChanged();
         return;
     }
     if (std::exchange(_changePending, true))

@@ -67,6 +67,8 @@ Q_SIGNALS:
     void sceneReplaced();
     /// Something in the scene changed; sent once for all changes of one turn of the event loop.
     void sceneChanged();
+    /// The scene's lights changed. Sent at once for every change, and not beside sceneChanged().
+    void lightsChanged();
     /// What undo and redo would do, the title or whether there is anything to save may have changed.
     void stateChanged();
     void currentFrameChanged(int frame);
@@ -75,6 +77,8 @@ Q_SIGNALS:
 private:
     void told(XUTeller& teller) override;
     void dropLostSelection();
+    void listen();
+    void endListening();
 
     std::unique_ptr<MO_Scene> _scene;
     CO_CommandStack _commands;

@@ -1,11 +1,13 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Every change goes through the same limits, also what is read from settings that somebody wrote by hand.
+// What is handed out is a copy of the scene's values at the frame, taken anew whenever they may be others.
 #include "studio/preview/LightModel.h"
 
-#include "QuarvelNormalMap/NM_Srgb.h"
-
-#include <QSettings>
+#include "QuarvelCommand/CO_OrCommand.h"
+#include "QuarvelSceneCore/editing/MO_KeyCommands.h"
+#include "QuarvelSceneCore/editing/MO_LightCommands.h"
+#include "jobs/shown/SceneLighting.h"
+#include "studio/document/StudioDocument.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,160 +15,247 @@
 
 namespace {
 
-double held(double value, double low, double high, double otherwise)
+constexpr int kTurningTick = 33;
+constexpr double kTurnSeconds = 6.0;
+
+StudioLight studioLight(const MO_LightValues& values)
 {
-    return std::isfinite(value) ? std::clamp(value, low, high) : otherwise;
+    const auto channel = [](double value) { return static_cast<float>(value / 255.0); };
+    return {.place = {values.x, values.y},
+            .height = values.height,
+            .colour = QColor::fromRgbF(channel(values.red), channel(values.green), channel(values.blue)),
+            .intensity = values.intensity,
+            .kind = values.kind,
+            .reach = values.reach,
+            .on = values.on,
+            .solo = values.solo,
+            .name = values.name};
 }
 
-StudioLight held(StudioLight light)
+// A colour that a person did not touch keeps its exact values.
+MO_LightValues valuesOf(const StudioLight& light, const MO_LightValues& before)
 {
-    constexpr double kFarthest = 8.0;
-    const StudioLight usual;
-    light.place = {held(light.place.x(), -kFarthest, kFarthest, usual.place.x()),
-                   held(light.place.y(), -kFarthest, kFarthest, usual.place.y())};
-    light.height = held(light.height, StudioLight::kLowest, StudioLight::kHighest, usual.height);
-    light.intensity = held(light.intensity, 0.0, StudioLight::kBrightest, usual.intensity);
-    if (!light.colour.isValid())
-        light.colour = usual.colour;
-    return light;
-}
-
-NM_Light computed(const StudioLight& light)
-{
-    constexpr double kDegrees = 180.0 / std::numbers::pi;
-    const auto intensity = static_cast<float>(light.intensity);
-    const auto linear = [&](double encoded) { return NM_linearOfSrgb(static_cast<float>(encoded)) * intensity; };
-    return {.azimuth = std::atan2(light.place.y(), light.place.x()) * kDegrees,
-            .height = std::atan2(light.height, std::hypot(light.place.x(), light.place.y())) * kDegrees,
-            .colour = {linear(light.colour.redF()), linear(light.colour.greenF()), linear(light.colour.blueF())}};
+    MO_LightValues values{.name = light.name,
+                          .kind = light.kind,
+                          .on = light.on,
+                          .solo = light.solo,
+                          .x = light.place.x(),
+                          .y = light.place.y(),
+                          .height = light.height,
+                          .reach = light.reach,
+                          .red = before.red,
+                          .green = before.green,
+                          .blue = before.blue,
+                          .intensity = light.intensity};
+    if (light.colour.isValid() && light.colour != studioLight(before).colour) {
+        values.red = light.colour.red();
+        values.green = light.colour.green();
+        values.blue = light.colour.blue();
+    }
+    return values;
 }
 
 } // namespace
 
-LightModel::LightModel(QObject* parent) : QObject(parent) {}
+LightModel::LightModel(StudioDocument& document, QObject* parent) : QObject(parent), _document(document)
+{
+    _timer.setInterval(kTurningTick);
+    connect(&_timer, &QTimer::timeout, this, &LightModel::turn);
+    connect(&document, &StudioDocument::lightsChanged, this, &LightModel::refresh);
+    connect(&document, &StudioDocument::currentFrameChanged, this, &LightModel::refresh);
+    connect(&document, &StudioDocument::sceneReplaced, this, [this] {
+        setTurning(false);
+        setCurrent(0);
+        refresh();
+    });
+    refresh();
+}
+
+QString LightModel::titleOf(int index) const
+{
+    const MO_Lighting& lighting = _document.scene().lighting();
+    return lighting.titleOf(*lighting.lights().at(static_cast<std::size_t>(index)));
+}
+
+void LightModel::refresh()
+{
+    const MO_LightRig rig = _document.scene().lighting().rig(_document.currentFrame());
+    std::vector<StudioLight> lights;
+    std::ranges::transform(rig.lights, std::back_inserter(lights), studioLight);
+    const int count = static_cast<int>(lights.size());
+    const int current = std::min(_current, count - 1);
+    if (isTurning())
+        lights[static_cast<std::size_t>(current)].place = turned(lights[static_cast<std::size_t>(current)].place);
+    const bool others = count != this->count() || current != _current;
+    const bool differ = lights != _lights || rig.common != _common;
+    _lights = std::move(lights);
+    _common = rig.common;
+    _current = current;
+    if (others)
+        Q_EMIT currentChanged();
+    if (differ)
+        Q_EMIT changed();
+}
 
 void LightModel::setLight(int index, const StudioLight& light)
 {
     if (index < 0 || index >= count())
         return;
-    StudioLight& old = _lights[static_cast<std::size_t>(index)];
-    const StudioLight wanted = held(light);
-    if (old == wanted)
-        return;
-    old = wanted;
-    Q_EMIT changed();
+    const bool isMoved = light.place != _lights[static_cast<std::size_t>(index)].place;
+    setTurning(false);
+    MO_Scene& scene = _document.scene();
+    const auto place = static_cast<std::size_t>(index);
+    const int frame = _document.currentFrame();
+    const MO_LightValues before = scene.lighting().lights()[place]->values(frame);
+    MO_LightValues values = valuesOf(light, before);
+    // Where a turning light was on its way is nothing that anybody said.
+    if (!isMoved) {
+        values.x = before.x;
+        values.y = before.y;
+    }
+    _document.execute(MO_lightCmd(scene, place, frame, values));
+    refresh();
 }
 
 void LightModel::setCurrent(int index)
 {
     if (index == _current || index < 0 || index >= count())
         return;
+    setTurning(false);
     _current = index;
     Q_EMIT currentChanged();
 }
 
-void LightModel::setAmbient(double ambient)
+void LightModel::setCommon(const MO_LightingValues& common)
 {
-    const double wanted = held(ambient, 0.0, 1.0, kDefaultAmbient);
-    if (wanted == _ambient)
-        return;
-    _ambient = wanted;
-    Q_EMIT changed();
-}
-
-void LightModel::setHighlight(double highlight)
-{
-    const double wanted = held(highlight, 0.0, 1.0, 0.0);
-    if (wanted == _highlight)
-        return;
-    _highlight = wanted;
-    Q_EMIT changed();
+    _document.execute(MO_lightingCmd(_document.scene(), _document.currentFrame(), common));
 }
 
 bool LightModel::add(const StudioLight& light)
 {
-    if (count() >= kMaxLights)
+    setTurning(false);
+    if (!_document.execute(MO_addLightCmd(_document.scene(), valuesOf(light, {}))))
         return false;
-    _lights.push_back(held(light));
-    _current = count() - 1;
-    Q_EMIT currentChanged();
-    Q_EMIT changed();
+    setCurrent(count() - 1);
+    return true;
+}
+
+bool LightModel::duplicate(int index)
+{
+    setTurning(false);
+    if (index < 0 || !_document.execute(MO_duplicateLightCmd(_document.scene(), static_cast<std::size_t>(index))))
+        return false;
+    setCurrent(index + 1);
     return true;
 }
 
 void LightModel::remove(int index)
 {
-    if (index < 0 || index >= count() || count() == 1)
+    setTurning(false);
+    if (index >= 0)
+        _document.execute(MO_removeLightCmd(_document.scene(), static_cast<std::size_t>(index)));
+}
+
+void LightModel::use(const QString& name, const MO_LightRig& rig)
+{
+    setTurning(false);
+    if (!_document.execute(MO_lightRigCmd(_document.scene(), name, rig)))
         return;
-    _lights.erase(_lights.begin() + index);
-    _current = std::min(_current, count() - 1);
-    Q_EMIT currentChanged();
-    Q_EMIT changed();
+    setCurrent(0);
 }
 
 void LightModel::reset()
 {
-    _lights = {StudioLight{}};
-    _current = 0;
-    _ambient = kDefaultAmbient;
-    _highlight = 0.0;
-    Q_EMIT currentChanged();
+    use(tr("Reset Lights"), {});
+}
+
+void LightModel::endChange()
+{
+    _document.commands().endMerging();
+}
+
+MO_Light& LightModel::currentLight() const
+{
+    return *_document.scene().lighting().lights().at(static_cast<std::size_t>(_current));
+}
+
+bool LightModel::hasKey(MO_Light::Number number) const
+{
+    return currentLight().number(number).curve().keyAt(_document.currentFrame());
+}
+
+bool LightModel::hasKey(MO_Lighting::Number number) const
+{
+    return _document.scene().lighting().number(number).curve().keyAt(_document.currentFrame());
+}
+
+void LightModel::toggleLightKey(const std::vector<MO_Light::Number>& numbers)
+{
+    std::vector<AT_AnimatableAttr*> attrs;
+    for (const MO_Light::Number number : numbers)
+        attrs.push_back(&currentLight().number(number));
+    toggleKeys(attrs);
+}
+
+void LightModel::toggleCommonKey(const std::vector<MO_Lighting::Number>& numbers)
+{
+    std::vector<AT_AnimatableAttr*> attrs;
+    for (const MO_Lighting::Number number : numbers)
+        attrs.push_back(&_document.scene().lighting().number(number));
+    toggleKeys(attrs);
+}
+
+void LightModel::toggleKeys(const std::vector<AT_AnimatableAttr*>& numbers)
+{
+    setTurning(false);
+    const int frame = _document.currentFrame();
+    const bool removes = numbers.front()->curve().keyAt(frame);
+    auto command = std::make_unique<CO_OrCommand>(removes ? tr("Remove Key of Light") : tr("Set Key of Light"));
+    for (AT_AnimatableAttr* const number : numbers)
+        command->append(removes ? MO_removeKeyCmd(*number, frame) : MO_addKeyCmd(*number, frame));
+    _document.execute(std::move(command));
+    // A key changes no value, but what the panel says of it.
     Q_EMIT changed();
+}
+
+void LightModel::setTurning(bool isTurning)
+{
+    if (isTurning == this->isTurning())
+        return;
+    _angle = 0.0;
+    if (isTurning) {
+        _sinceTurning.start();
+        _timer.start();
+    } else {
+        _timer.stop();
+    }
+    refresh();
+    Q_EMIT turningChanged(isTurning);
+}
+
+void LightModel::turn()
+{
+    _angle = static_cast<double>(_sinceTurning.elapsed()) / 1000.0 / kTurnSeconds * 2.0 * std::numbers::pi;
+    refresh();
+}
+
+QPointF LightModel::turned(const QPointF& place) const
+{
+    // A light above the middle would turn on the spot.
+    constexpr double kLeast = 0.3;
+    const double distance = std::max(std::hypot(place.x(), place.y()), kLeast);
+    const double angle = std::atan2(place.y(), place.x()) + _angle;
+    return {distance * std::cos(angle), distance * std::sin(angle)};
 }
 
 NM_LightingSettings LightModel::lighting() const
 {
-    NM_LightingSettings settings;
-    settings.lights.clear();
-    for (const StudioLight& light : _lights)
-        settings.lights.push_back(computed(light));
-    settings.ambient.fill(static_cast<float>(_ambient));
-    settings.highlight = static_cast<float>(_highlight);
-    return settings;
-}
-
-void LightModel::load(QSettings& settings)
-{
-    settings.beginGroup(QStringLiteral("lights"));
-    _ambient = held(settings.value(QStringLiteral("ambient"), kDefaultAmbient).toDouble(), 0.0, 1.0, kDefaultAmbient);
-    _highlight = held(settings.value(QStringLiteral("highlight"), 0.0).toDouble(), 0.0, 1.0, 0.0);
-    std::vector<StudioLight> lights;
-    const int size = std::min(settings.beginReadArray(QStringLiteral("light")), kMaxLights);
-    for (int i = 0; i < size; ++i) {
-        settings.setArrayIndex(i);
-        StudioLight light;
-        light.place = {settings.value(QStringLiteral("x"), light.place.x()).toDouble(),
-                       settings.value(QStringLiteral("y"), light.place.y()).toDouble()};
-        light.height = settings.value(QStringLiteral("height"), light.height).toDouble();
-        light.colour = QColor(settings.value(QStringLiteral("colour"), light.colour.name()).toString());
-        light.intensity = settings.value(QStringLiteral("intensity"), light.intensity).toDouble();
-        lights.push_back(held(light));
+    MO_LightRig rig = _document.scene().lighting().rig(_document.currentFrame());
+    if (isTurning()) {
+        MO_LightValues& light = rig.lights.at(static_cast<std::size_t>(_current));
+        const QPointF place = turned({light.x, light.y});
+        light.x = place.x();
+        light.y = place.y();
     }
-    settings.endArray();
-    settings.endGroup();
-    if (!lights.empty())
-        _lights = std::move(lights);
-    _current = 0;
-    Q_EMIT currentChanged();
-    Q_EMIT changed();
-}
-
-void LightModel::save(QSettings& settings) const
-{
-    settings.beginGroup(QStringLiteral("lights"));
-    settings.setValue(QStringLiteral("ambient"), _ambient);
-    settings.setValue(QStringLiteral("highlight"), _highlight);
-    settings.remove(QStringLiteral("light"));
-    settings.beginWriteArray(QStringLiteral("light"), count());
-    for (int i = 0; i < count(); ++i) {
-        settings.setArrayIndex(i);
-        const StudioLight& light = _lights[static_cast<std::size_t>(i)];
-        settings.setValue(QStringLiteral("x"), light.place.x());
-        settings.setValue(QStringLiteral("y"), light.place.y());
-        settings.setValue(QStringLiteral("height"), light.height);
-        settings.setValue(QStringLiteral("colour"), light.colour.name());
-        settings.setValue(QStringLiteral("intensity"), light.intensity);
-    }
-    settings.endArray();
-    settings.endGroup();
+    return lightingOf(rig);
 }

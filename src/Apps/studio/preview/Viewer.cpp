@@ -230,6 +230,8 @@ void Viewer::mouseReleaseEvent(QMouseEvent* event)
     const auto button = _drag == Drag::LIGHT ? Qt::LeftButton : event->button();
     if (event->button() != button)
         return;
+    if (_drag == Drag::LIGHT)
+        _lights.endChange();
     _drag = Drag::NONE;
     updateCursor(event->position());
 }

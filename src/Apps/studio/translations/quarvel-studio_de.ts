@@ -82,6 +82,74 @@
         <source>Rotation</source>
         <translation>Drehung</translation>
     </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>Ein</translation>
+    </message>
+    <message>
+        <source>Solo</source>
+        <translation>Solo</translation>
+    </message>
+    <message>
+        <source>Across</source>
+        <translation>Waagerecht</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Senkrecht</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>Reach</source>
+        <translation>Reichweite</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Intensity</source>
+        <translation>Stärke</translation>
+    </message>
+    <message>
+        <source>Ambient Red</source>
+        <translation>Umgebungslicht: Rot</translation>
+    </message>
+    <message>
+        <source>Ambient Green</source>
+        <translation>Umgebungslicht: Grün</translation>
+    </message>
+    <message>
+        <source>Ambient Blue</source>
+        <translation>Umgebungslicht: Blau</translation>
+    </message>
+    <message>
+        <source>Ambient Light</source>
+        <translation>Umgebungslicht</translation>
+    </message>
+    <message>
+        <source>Highlights</source>
+        <translation>Glanz</translation>
+    </message>
 </context>
 <context>
     <name>AT_BoolAttr</name>
@@ -401,6 +469,36 @@
     </message>
 </context>
 <context>
+    <name>LightKeyButton</name>
+    <message>
+        <source>Key of %1</source>
+        <translation>Schlüssel von %1</translation>
+    </message>
+    <message>
+        <source>Takes the key at this frame away</source>
+        <translation>Nimmt den Schlüssel an diesem Bild weg</translation>
+    </message>
+    <message>
+        <source>Sets a key at this frame</source>
+        <translation>Setzt einen Schlüssel an diesem Bild</translation>
+    </message>
+</context>
+<context>
+    <name>LightModel</name>
+    <message>
+        <source>Reset Lights</source>
+        <translation>Lichter zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Remove Key of Light</source>
+        <translation>Schlüssel eines Lichts entfernen</translation>
+    </message>
+    <message>
+        <source>Set Key of Light</source>
+        <translation>Schlüssel eines Lichts setzen</translation>
+    </message>
+</context>
+<context>
     <name>LightPanel</name>
     <message>
         <source>&amp;Light</source>
@@ -469,14 +567,6 @@
         <translation>Wie stark die Oberfläche glänzt</translation>
     </message>
     <message>
-        <source>&amp;Reset lights</source>
-        <translation>Lichter &amp;zurücksetzen</translation>
-    </message>
-    <message>
-        <source>Back to one white light from the upper left</source>
-        <translation>Zurück zu einem weißen Licht von links oben</translation>
-    </message>
-    <message>
         <source>Add</source>
         <translation>Hinzufügen</translation>
     </message>
@@ -497,8 +587,110 @@
         <translation>Farbe des Lichts</translation>
     </message>
     <message>
-        <source>Light %1</source>
-        <translation>Licht %1</translation>
+        <source>Colour of the ambient light</source>
+        <translation>Farbe des Umgebungslichts</translation>
+    </message>
+    <message>
+        <source>Lights: %1</source>
+        <translation>Lichter: %1</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Adds a light like this one, keys included</source>
+        <translation>Fügt ein Licht wie dieses hinzu, samt seinen Schlüsseln</translation>
+    </message>
+    <message>
+        <source>&amp;On</source>
+        <translation>&amp;Ein</translation>
+    </message>
+    <message>
+        <source>Whether the light shines</source>
+        <translation>Ob das Licht leuchtet</translation>
+    </message>
+    <message>
+        <source>&amp;Solo</source>
+        <translation>S&amp;olo</translation>
+    </message>
+    <message>
+        <source>As long as a light is solo, only such lights shine</source>
+        <translation>Solange ein Licht auf Solo steht, leuchten nur solche Lichter</translation>
+    </message>
+    <message>
+        <source>&amp;Turn</source>
+        <translation>&amp;Drehen</translation>
+    </message>
+    <message>
+        <source>Lets the light go round to judge the volume; nothing in the scene changes</source>
+        <translation>Lässt das Licht kreisen, um das Volumen zu beurteilen; an der Szene ändert sich nichts</translation>
+    </message>
+    <message>
+        <source>What the light is called</source>
+        <translation>Wie das Licht heißt</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>&amp;Name</translation>
+    </message>
+    <message>
+        <source>Directional</source>
+        <translation>Gerichtet</translation>
+    </message>
+    <message>
+        <source>Point</source>
+        <translation>Punktlicht</translation>
+    </message>
+    <message>
+        <source>Directional: as from far away, the same everywhere.
+Point: from where the light stands, weaker with the distance</source>
+        <translation>Gerichtet: wie aus großer Ferne, überall gleich.
+Punktlicht: von dort, wo das Licht steht, mit der Entfernung schwächer</translation>
+    </message>
+    <message>
+        <source>&amp;Kind</source>
+        <translation>A&amp;rt</translation>
+    </message>
+    <message>
+        <source>&amp;Reach</source>
+        <translation>Rei&amp;chweite</translation>
+    </message>
+    <message>
+        <source>How far from the point below it a point light is half as bright</source>
+        <translation>Wie weit von der Stelle unter ihm ein Punktlicht halb so hell ist</translation>
+    </message>
+    <message>
+        <source>Am&amp;bient colour</source>
+        <translation>Um&amp;gebungsfarbe</translation>
+    </message>
+    <message>
+        <source>The ambient light&apos;s colour</source>
+        <translation>Die Farbe des Umgebungslichts</translation>
+    </message>
+    <message>
+        <source>&amp;Presets</source>
+        <translation>&amp;Vorlagen</translation>
+    </message>
+    <message>
+        <source>Puts lights that somebody arranged in the place of these</source>
+        <translation>Ersetzt diese Lichter durch fertig eingerichtete</translation>
+    </message>
+    <message>
+        <source>Standard</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>Key and Rim</source>
+        <translation>Haupt- und Kantenlicht</translation>
+    </message>
+    <message>
+        <source>Sunset</source>
+        <translation>Sonnenuntergang</translation>
+    </message>
+    <message>
+        <source>Torch</source>
+        <translation>Fackel</translation>
     </message>
 </context>
 <context>
@@ -625,6 +817,42 @@
         <source>Change Frame Height</source>
         <translation>Bildhöhe ändern</translation>
     </message>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Change %1</source>
+        <translation>%1 ändern</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Ambient Colour</source>
+        <translation>Umgebungsfarbe</translation>
+    </message>
+    <message>
+        <source>Lights</source>
+        <translation>Lichter</translation>
+    </message>
+    <message>
+        <source>Add Light</source>
+        <translation>Licht hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation>%1 entfernen</translation>
+    </message>
+    <message>
+        <source>Change Frame Rate</source>
+        <translation>Bildrate ändern</translation>
+    </message>
 </context>
 <context>
     <name>MO_ElementModule</name>
@@ -649,6 +877,24 @@
     <message>
         <source>Group Exit</source>
         <translation>Gruppenausgang</translation>
+    </message>
+</context>
+<context>
+    <name>MO_LightKindAttr</name>
+    <message>
+        <source>Directional</source>
+        <translation>Gerichtet</translation>
+    </message>
+    <message>
+        <source>Point</source>
+        <translation>Punktlicht</translation>
+    </message>
+</context>
+<context>
+    <name>MO_Lighting</name>
+    <message>
+        <source>Light %1</source>
+        <translation>Licht %1</translation>
     </message>
 </context>
 <context>
@@ -710,6 +956,10 @@
     <message>
         <source>The height of the frame is not a positive number</source>
         <translation>Die Bildhöhe ist keine positive Zahl</translation>
+    </message>
+    <message>
+        <source>The frame rate is no number from %1 to %2; it stays as it was</source>
+        <translation>Die Bildrate ist keine Zahl von %1 bis %2; sie bleibt, wie sie war</translation>
     </message>
 </context>
 <context>
@@ -1848,6 +2098,10 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>Camera: %1</source>
         <translation>Kamera: %1</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>

@@ -33,8 +33,6 @@ MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
     setObjectName(QStringLiteral("mainWindow"));
     setAcceptDrops(true);
     setDockNestingEnabled(true);
-    QSettings settings;
-    _lights.load(settings);
     makeCentre();
     makeStatusBar();
     makeActions();
@@ -69,11 +67,7 @@ MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
     updateActions();
 }
 
-MainWindow::~MainWindow()
-{
-    QSettings settings;
-    _lights.save(settings);
-}
+MainWindow::~MainWindow() = default;
 
 void MainWindow::makeCentre()
 {

@@ -101,7 +101,7 @@ private:
     void showAbout();
 
     StudioDocument _document;
-    LightModel _lights;
+    LightModel _lights{_document};
     RecentFiles _recent;
     RenderService _renders;
     SceneFiles _files;

@@ -113,18 +113,23 @@ double AT_AnimatableAttr::number(double frame) const
     return held(std::isnan(value) ? _state.local : value);
 }
 
+AT_AnimatableAttr::State AT_AnimatableAttr::stateWith(double frame, double value) const
+{
+    State after = _state;
+    if (!std::isfinite(value))
+        return after;
+    if (isAnimated())
+        after.curve.setKey(keyFor(_state.curve, frame, held(value)));
+    else
+        after.local = held(value);
+    return after;
+}
+
 CO_Command* AT_AnimatableAttr::setNumberCmd(double frame, double value)
 {
-    if (!std::isfinite(value))
-        return nullptr;
-    State after = _state;
-    if (!isAnimated()) {
-        after.local = held(value);
-        return changeCmd(after, kPIO_attributeValue);
-    }
-    if (!after.curve.setKey(keyFor(_state.curve, frame, held(value))))
-        return nullptr;
-    return changeCmd(after, AT_Curve::kElementName + QLatin1Char(' ') + PO_formatDouble(frame));
+    const QString subject = isAnimated() ? AT_Curve::kElementName + QLatin1Char(' ') + PO_formatDouble(frame)
+                                         : QString(kPIO_attributeValue);
+    return changeCmd(stateWith(frame, value), subject);
 }
 
 double AT_AnimatableAttr::held(double value) const

@@ -47,6 +47,9 @@ public:
     bool setCurve(const AT_Curve& curve);
 
     const State& state() const { return _state; }
+    /// The state in which the value at a frame is this number, held to the limits: with a key there when the attribute
+    /// is animated, with another local value when it is not. The same state for what is no finite number.
+    State stateWith(double frame, double value) const;
     /// Sets the local value, which is to be within the limits, and the curve as one change.
     ///
     /// @return whether this was a change

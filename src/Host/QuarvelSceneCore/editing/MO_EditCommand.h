@@ -8,7 +8,8 @@
 //   MO_ModuleCommands.h   modules come and go, are renamed and switched
 //   MO_LinkCommands.h     links between modules
 //   MO_GroupCommands.h    the ports of groups
-//   MO_SceneCommands.h    the frames and the height of a scene
+//   MO_LightCommands.h    the lights of a scene
+//   MO_SceneCommands.h    the frames, the height and the frame rate of a scene
 //   MO_PaletteCommands.h  palettes and their colours
 //
 // Making a command changes nothing and tells nobody: it looks at the scene as it is, and a change that is not possible

@@ -26,3 +26,12 @@ MO_EditCommand MO_frameHeightCmd(MO_Scene& scene, double height)
     return MO_makeStateCmd(MO_CommandTexts::tr("Change Frame Height"), before, height,
                            [&scene](double wanted) { scene.setFrameHeight(wanted); });
 }
+
+MO_EditCommand MO_frameRateCmd(MO_Scene& scene, double rate)
+{
+    const double before = scene.frameRate();
+    if (before == rate || !(rate >= MO_Scene::kSlowest && rate <= MO_Scene::kFastest))
+        return nullptr;
+    return MO_makeStateCmd(MO_CommandTexts::tr("Change Frame Rate"), before, rate,
+                           [&scene](double wanted) { scene.setFrameRate(wanted); });
+}

@@ -7,6 +7,7 @@
 #include "QuarvelPersistentObj/PO_XmlText.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/graph/MO_AutoPortsNode.h"
+#include "QuarvelSceneCore/graph/MO_Lighting.h"
 
 #include <QCoreApplication>
 
@@ -19,6 +20,7 @@ const QString kElementGraph = QStringLiteral("graph");
 const QString kAttributeFirst = QStringLiteral("firstFrame");
 const QString kAttributeLast = QStringLiteral("lastFrame");
 const QString kAttributeHeight = QStringLiteral("frameHeight");
+const QString kAttributeRate = QStringLiteral("frameRate");
 
 struct Texts
 {
@@ -123,6 +125,9 @@ void MO_Scene::writeXmlAttributes(PO_XmlWriter& writer) const
     writer.attribute(kAttributeFirst, firstFrame());
     writer.attribute(kAttributeLast, lastFrame());
     writer.attribute(kAttributeHeight, frameHeight());
+    // What every scene had before rates were saved.
+    if (frameRate() != kUsualFrameRate)
+        writer.attribute(kAttributeRate, frameRate());
     _unknown.writeAttributes(writer);
 }
 
@@ -132,6 +137,8 @@ void MO_Scene::writeXmlSubnodes(PO_XmlWriter& writer) const
     truckFactorAttr().writeXml(writer);
     _unknownCamera.writeElements(writer);
     writer.endElement();
+    if (!lighting().isNew())
+        lighting().writeXml(writer);
     _root->writeGraph(writer);
     _unknown.writeElements(writer);
 }
@@ -152,7 +159,7 @@ UT_Result<void> MO_Scene::readXml(const QDomElement& element, QStringList* warni
         if (child.tagName() == kElementGraph) {
             if (auto graph = root->readGraph(child, warnings); !graph)
                 return graph.error();
-        } else if (child.tagName() != kElementCamera) {
+        } else if (child.tagName() != kElementCamera && child.tagName() != lighting().getXmlElementName()) {
             unknown.addElement(child);
             warn(Texts::tr("<%1> is not understood by this version of the program").arg(child.tagName()));
         }
@@ -161,7 +168,7 @@ UT_Result<void> MO_Scene::readXml(const QDomElement& element, QStringList* warni
     for (int i = 0; i < attributes.count(); ++i) {
         const QString name = attributes.item(i).nodeName();
         if (name == kPIO_atributeVersion || name == kAttributeFirst || name == kAttributeLast ||
-            name == kAttributeHeight)
+            name == kAttributeHeight || name == kAttributeRate)
             continue;
         unknown.addAttribute(name, attributes.item(i).nodeValue());
         warn(Texts::tr("\"%1\" is not understood by this version of the program").arg(name));
@@ -176,7 +183,10 @@ UT_Result<void> MO_Scene::readXml(const QDomElement& element, QStringList* warni
                  .arg(lastFrame()));
     if (!setFrameHeight(PO_doubleAttribute(element, kAttributeHeight).value_or(405.0)))
         warn(Texts::tr("The height of the frame is not a positive number"));
+    if (!setFrameRate(PO_doubleAttribute(element, kAttributeRate).value_or(kUsualFrameRate)))
+        warn(Texts::tr("The frame rate is no number from %1 to %2; it stays as it was").arg(kSlowest).arg(kFastest));
     readCamera(element.firstChildElement(kElementCamera), warnings);
+    lighting().readXml(element.firstChildElement(lighting().getXmlElementName()), warnings);
     _unknown = unknown;
     root->setScene(this);
     _root = std::move(root);

@@ -3,10 +3,11 @@
 // MO_Scene: a scene with its graph. All nodes, those inside of groups too, have different names, so that a name alone
 // says which node is meant.
 //
-//     <scene firstFrame="1" frameHeight="405" lastFrame="48" version="1">
+//     <scene firstFrame="1" frameHeight="405" frameRate="25" lastFrame="48" version="1">
 //       <camera>
 //         <TruckFactor val="1"/>
 //       </camera>
+//       <lights>...</lights>
 //       <graph>...</graph>
 //     </scene>
 //
@@ -53,8 +54,8 @@ public:
     /// Cuts the link of an input port; nothing happens when there is none.
     static void disconnect(MO_Module& target, unsigned inPort = 0);
 
-    /// Replaces camera, frames and graph by what an element says; palettes stay. What this version does not understand
-    /// is kept, with a warning.
+    /// Replaces camera, lights, frames and graph by what an element says; palettes stay. What this version does not
+    /// understand is kept, with a warning.
     ///
     /// @return an error, and the scene has not changed, when the element is no scene or of no use
     UT_Result<void> readXml(const QDomElement& element, QStringList* warnings);

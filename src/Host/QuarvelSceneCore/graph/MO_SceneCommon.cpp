@@ -1,9 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Frame, camera and palettes of a scene.
+// Frame, camera, lights and palettes of a scene.
 #include "QuarvelSceneCore/graph/MO_SceneCommon.h"
 
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/graph/MO_Lighting.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,7 +18,8 @@ const AT_DoubleAttrMeta kTruckFactorMeta(QStringLiteral("TruckFactor"),
 } // namespace
 
 MO_SceneCommon::MO_SceneCommon()
-    : _truckFactor(std::make_unique<AT_DoubleAttr>(kTruckFactorMeta, nullptr, AT_DoubleAttr::LINKABLE, 1.0, QString()))
+    : _lighting(std::make_unique<MO_Lighting>())
+    , _truckFactor(std::make_unique<AT_DoubleAttr>(kTruckFactorMeta, nullptr, AT_DoubleAttr::LINKABLE, 1.0, QString()))
 {
     _truckFactor->addListener(*this);
 }
@@ -39,6 +41,16 @@ bool MO_SceneCommon::setFrameRange(int first, int last)
         return false;
     _firstFrame = first;
     _lastFrame = last;
+    tell();
+    return true;
+}
+
+bool MO_SceneCommon::setFrameRate(double rate)
+{
+    // Written so that NaN fails the comparison.
+    if (!(rate >= kSlowest && rate <= kFastest))
+        return false;
+    _frameRate = rate;
     tell();
     return true;
 }

@@ -19,9 +19,11 @@
 #include <vector>
 
 class AT_DoubleAttr;
+class MO_Lighting;
 class MO_Node;
 
-/// The common part of a scene. Tells its listeners after every change of the scene. See MO_Node.h for threads.
+/// The common part of a scene. Tells its listeners after every change of the scene; see lighting(). See MO_Node.h
+/// for threads.
 class QUARVELSCENECORE_EXPORT MO_SceneCommon : public XUTeller, public AT_LinkScope, private XUListener
 {
 public:
@@ -41,6 +43,18 @@ public:
     int lastFrame() const { return _lastFrame; }
     /// @return false, and nothing changes, when last < first
     bool setFrameRange(int first, int last);
+
+    /// How many frames a second are played; 24 to begin with, kSlowest to kFastest.
+    double frameRate() const { return _frameRate; }
+    static constexpr double kUsualFrameRate = 24.0;
+    static constexpr double kSlowest = 1.0;
+    static constexpr double kFastest = 240.0;
+    /// @return false, and nothing changes, when the rate is no number from kSlowest to kFastest
+    bool setFrameRate(double rate);
+
+    /// The lights that the scene is looked at with. They tell of their changes themselves and the scene does not, since
+    /// nothing that is rendered depends on them.
+    MO_Lighting& lighting() const { return *_lighting; }
 
     /// The camera's truck factor over time, attribute "TruckFactor": how much the camera magnifies. 1 to begin with,
     /// from 1/1000 to 1000.
@@ -73,6 +87,8 @@ private:
     double _frameHeight = 405.0;
     int _firstFrame = 1;
     int _lastFrame = 1;
+    double _frameRate = kUsualFrameRate;
+    std::unique_ptr<MO_Lighting> _lighting;
     std::unique_ptr<AT_DoubleAttr> _truckFactor;
     std::vector<CM_SharedPtr<CM_Palette>> _palettes;
 };

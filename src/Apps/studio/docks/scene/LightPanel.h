@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// LightPanel: the lights in numbers: place, height, colour and intensity of each, and what all have in common.
+// LightPanel: the scene's lights: which there are, what each of them is, and what all have in common. The wheel over
+// the panel scrolls it and changes nothing.
 #pragma once
 
 #include "studio/preview/LightModel.h"
@@ -9,11 +10,14 @@
 
 #include <functional>
 
+class LightKeyButton;
+class LightNumber;
+class QCheckBox;
 class QComboBox;
-class QDoubleSpinBox;
 class QFormLayout;
+class QHBoxLayout;
+class QLineEdit;
 class QPushButton;
-class QSlider;
 class QToolButton;
 
 class LightPanel : public QWidget
@@ -23,34 +27,60 @@ class LightPanel : public QWidget
 public:
     explicit LightPanel(LightModel& lights, QWidget* parent = nullptr);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
-    using Change = std::function<void(StudioLight& light, double value)>;
-
-    // A number with a slider beside it.
-    struct Number
-    {
-        QSlider* slider = nullptr;
-        QDoubleSpinBox* box = nullptr;
-    };
-
-    QWidget* lightRow();
-    Number addNumber(QFormLayout& form, const QString& label, const QString& toolTip, double low, double high,
-                     const std::function<void(double)>& set);
-    std::function<void(double)> changeOfCurrent(const Change& change);
-    void chooseColour();
+    QWidget* listRow();
+    QWidget* switchRow();
+    QWidget* colourRow(QPushButton*& button, LightKeyButton*& key, const QString& what);
+    QToolButton* addButton(QHBoxLayout& row, const char* name, const QString& text, const QString& toolTip);
+    LightNumber* addNumber(QFormLayout& form, const QString& label, const QString& toolTip, double low, double high);
+    LightNumber* addLightNumber(QFormLayout& form, MO_Light::Number which, const QString& label, const QString& toolTip,
+                                double StudioLight::*member);
+    LightNumber* addCommonNumber(QFormLayout& form, MO_Lighting::Number which, const QString& label,
+                                 const QString& toolTip, double MO_LightingValues::*member);
+    void addLightRows(QFormLayout& form);
+    void addCommonRows(QFormLayout& form);
+    void fillPresets(QToolButton& button);
+    StudioLight currentLight() const;
+    void changeCurrent(const std::function<void(StudioLight&)>& change);
+    void chooseLightColour();
+    void chooseAmbientColour();
+    void chooseColour(const QString& title, const QColor& before, const std::function<void(const QColor&)>& set);
     void refill();
-    void show(const Number& number, double value);
+
+    struct ShownLightNumber
+    {
+        LightNumber* row;
+        MO_Light::Number which;
+        double StudioLight::*member;
+    };
+    struct ShownCommonNumber
+    {
+        LightNumber* row;
+        MO_Lighting::Number which;
+        double MO_LightingValues::*member;
+    };
 
     LightModel& _lights;
     bool _showing = false;
     QComboBox* _which = nullptr;
     QToolButton* _add = nullptr;
+    QToolButton* _duplicate = nullptr;
     QToolButton* _remove = nullptr;
+    QLineEdit* _name = nullptr;
+    QComboBox* _kind = nullptr;
+    QCheckBox* _on = nullptr;
+    QCheckBox* _solo = nullptr;
+    QToolButton* _turn = nullptr;
+    LightNumber* _x = nullptr;
+    LightNumber* _y = nullptr;
+    LightNumber* _reach = nullptr;
     QPushButton* _colour = nullptr;
-    Number _x;
-    Number _y;
-    Number _height;
-    Number _intensity;
-    Number _ambient;
-    Number _highlight;
+    LightKeyButton* _colourKey = nullptr;
+    QPushButton* _ambientColour = nullptr;
+    LightKeyButton* _ambientKey = nullptr;
+    std::vector<ShownLightNumber> _lightNumbers;
+    std::vector<ShownCommonNumber> _commonNumbers;
 };

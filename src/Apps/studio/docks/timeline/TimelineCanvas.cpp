@@ -37,6 +37,7 @@ TimelineCanvas::TimelineCanvas(StudioDocument& document, QWidget* parent)
     connect(&_document, &StudioDocument::sceneReplaced, this, &TimelineCanvas::follow);
     connect(&_document, &StudioDocument::sceneChanged, this, &TimelineCanvas::refresh);
     connect(&_document, &StudioDocument::stateChanged, this, &TimelineCanvas::refresh);
+    connect(&_document, &StudioDocument::lightsChanged, this, &TimelineCanvas::refresh);
     connect(&_document, &StudioDocument::selectionChanged, this, &TimelineCanvas::follow);
     connect(&_document, &StudioDocument::currentFrameChanged, this, &TimelineCanvas::showFrame);
     follow();

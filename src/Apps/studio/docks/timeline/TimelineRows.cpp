@@ -6,6 +6,7 @@
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
 #include "QuarvelSceneCore/editing/MO_KeyCommands.h"
+#include "QuarvelSceneCore/graph/MO_Lighting.h"
 #include "studio/document/StudioDocument.h"
 
 #include <QCoreApplication>
@@ -20,6 +21,20 @@ void addKeyRows(std::vector<TimelineRow>& rows, const MO_Module& module, MO_Modu
     for (AT_Attr* attr : module.attrs())
         if (auto* number = dynamic_cast<AT_AnimatableAttr*>(attr))
             rows.push_back({nullptr, number, owner, number->label()});
+}
+
+// Lights are keyed in their panel; here is what has keys already.
+void addLightRows(std::vector<TimelineRow>& rows, MO_Lighting& lighting)
+{
+    for (AT_DoubleAttr& number : lighting.numbers())
+        if (number.isAnimated())
+            rows.push_back({nullptr, &number, nullptr, number.label()});
+    for (const auto& light : lighting.lights())
+        for (AT_Attr* const attr : light->attrs())
+            if (auto* const number = dynamic_cast<AT_AnimatableAttr*>(attr); number && number->isAnimated())
+                rows.push_back({nullptr, number, nullptr,
+                                QCoreApplication::translate("TimelineRows", "%1: %2")
+                                    .arg(lighting.titleOf(*light), number->label())});
 }
 
 } // namespace
@@ -37,6 +52,7 @@ std::vector<TimelineRow> timelineRows(const StudioDocument& document)
         AT_DoubleAttr& truck = document.scene().truckFactorAttr();
         rows.push_back(
             {nullptr, &truck, nullptr, QCoreApplication::translate("TimelineRows", "Camera: %1").arg(truck.label())});
+        addLightRows(rows, document.scene().lighting());
     }
     return rows;
 }
