@@ -391,6 +391,8 @@ void WholeApplication::undoEverything()
     ASSERT_TRUE(waitUntil([&] { return table().model()->rowCount() == static_cast<int>(_rows.size()); }));
     EXPECT_EQ(cell(0, 1).toDouble(), _rows.front().bevel);
     expectPicture({}, kFirstLight);
+    // The picture had neither the focus nor the mouse before.
+    hands::click(*window->findChild<QWidget*>(QStringLiteral("lightName")));
     QCursor::setPos(0, 0);
 }
 
