@@ -14,7 +14,7 @@ SCENE is a scene's folder. Each frame goes into a file of its own, which appears
 Files
   -o, --output FILE     where the frames go: out/n.####.exr or out/n.%04d.exr, where the number is filled up with zeros,
                         or out/n.%d.exr; n.$F4.exr and n.<frame04>.exr mean the same. The ending says the format: .exr (OpenEXR) or .png (16 bits a channel)
-      --lit FILE        also writes the lit frames: lit/n.####.png, 16 bits a channel
+      --lit FILE        also writes the lit frames: lit/n.####.png
       --half            16-bit floats in OpenEXR files instead of 32-bit ones
       --preview FILE    also makes a film of the lit frames, at most 960 pixels wide: .mp4 or .gif where ffmpeg is
                         installed, and .png (an animated PNG) everywhere

@@ -166,8 +166,11 @@ private:
         const auto surface = litSurface(frame);
         if (!surface)
             return surface.error();
-        return NM_litPicture(*surface,
-                             _settings.lighting ? *_settings.lighting : sceneLighting(_shown.module(), number));
+        UT_Result<IIO_Picture> picture =
+            NM_litPicture(*surface, _settings.lighting ? *_settings.lighting : sceneLighting(_shown.module(), number));
+        if (picture && _settings.picture.form.bits == 8)
+            NM_ditherTo8Bits(*picture);
+        return picture;
     }
 
     IIO_Metadata metadataOf(int number) const
