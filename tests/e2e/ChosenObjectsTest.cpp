@@ -32,11 +32,12 @@ struct Outcome
 class ChosenObjectsOfAFigure : public testing::Test
 {
 protected:
-    void SetUp() override
+    void SetUp() override { write("figure.svg", kFigure); }
+    void write(const char* name, const QByteArray& content) const
     {
-        QFile file(path("figure.svg"));
+        QFile file(path(name));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(kFigure);
+        file.write(content);
     }
     QString path(const char* name) const { return QDir(_folder.path()).filePath(QString::fromUtf8(name)); }
     QByteArray bytes(const char* name) const
@@ -63,7 +64,7 @@ TEST_F(ChosenObjectsOfAFigure, GiveTheSameBytesWhenTheirValuesArePastedAsOptions
 {
     const Outcome chosen = quarvel("normalmap figure.svg -o chosen.png");
     ASSERT_EQ(chosen.exitCode, 0) << chosen.messages;
-    const QString options = chosen.output.section(QStringLiteral("chosen: "), 1).trimmed();
+    const QString options = chosen.output.section(QStringLiteral("chosen: "), 1).section(QLatin1Char('\n'), 0, 0);
     ASSERT_TRUE(options.startsWith(QStringLiteral("--object 1:bevel="))) << chosen.output.toStdString();
     EXPECT_EQ(options.count(QStringLiteral("--object")), 3);
     const Outcome pasted = quarvel("normalmap figure.svg -o pasted.png --shape rim " + options);
@@ -117,8 +118,40 @@ TEST_F(ChosenObjectsOfAFigure, AreThoseOfTheImportedScene)
     const Outcome imported = quarvel("import figure.svg");
     ASSERT_EQ(imported.exitCode, 0) << imported.messages;
     ASSERT_EQ(quarvel("render figure.scene -o frame.png --resolution 96").exitCode, 0);
-    ASSERT_EQ(quarvel("normalmap figure.svg -o still.png").exitCode, 0);
+    ASSERT_EQ(quarvel("normalmap figure.svg -o still.png --alpha coverage --pad 0").exitCode, 0);
     EXPECT_EQ(QImage(path("frame.png")), QImage(path("still.png")));
+}
+
+// A drawing of as many squares beside each other as were asked for.
+QByteArray specks(int count)
+{
+    QByteArray svg = "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 400 400'>";
+    for (int i = 0; i < count; ++i)
+        svg += QStringLiteral("<rect x='%1' y='%2' width='3' height='3' fill='#%3'/>")
+                   .arg(4 * (i % 100))
+                   .arg(4 * (i / 100 % 100))
+                   .arg(i % 2 == 0 ? QStringLiteral("dd2e44") : QStringLiteral("3355cc"))
+                   .toUtf8();
+    return svg + "</svg>";
+}
+
+TEST_F(ChosenObjectsOfAFigure, AreFewInADrawingOfSpecks)
+{
+    write("specks.svg", specks(10'000));
+    const Outcome chosen = quarvel("normalmap specks.svg -o specks.png --size 100");
+    ASSERT_EQ(chosen.exitCode, 0) << chosen.messages;
+    const QString line = chosen.output.section(QStringLiteral("chosen: "), 1).section(QLatin1Char('\n'), 0, 0);
+    EXPECT_TRUE(line.endsWith(QStringLiteral(" objects; quarvel inspect specks.svg lists them"))) << qPrintable(line);
+    EXPECT_LT(line.section(QLatin1Char(' '), 0, 0).toInt(), 250) << qPrintable(line);
+}
+
+TEST_F(ChosenObjectsOfAFigure, AreRefusedWhereThereAreMoreThanASceneHolds)
+{
+    write("specks.svg", specks(10'001));
+    const Outcome refused = quarvel("normalmap specks.svg -o specks.png --objects shapes");
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_EQ(refused.messages, "quarvel: specks.svg: these are 10001 objects and a scene has room for 10000; "
+                                "--objects auto joins small ones\n");
 }
 
 } // namespace

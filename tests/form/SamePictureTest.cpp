@@ -3,6 +3,8 @@
 // Painted one over the other, the objects show the drawing that they were found in.
 #include "FormDrawings.h"
 
+#include "form/choice/FewParts.h"
+
 #include <rapidcheck/gtest.h>
 
 #include <QDirIterator>
@@ -65,6 +67,20 @@ RC_GTEST_PROP(SamePicture, ofShapesAnywhere, ())
     const int differing = pixelsThatDiffer(painted(drawing, 200), painted(found.drawing, 200));
     RC_LOG() << content.toStdString() << "\n";
     RC_ASSERT(differing <= kOfPixels);
+}
+
+TEST(SamePicture, ofMoreShapesThanThereMayBeObjects)
+{
+    QByteArray content;
+    for (int y = 0; y < 30; ++y)
+        for (int x = 0; x < 30; ++x)
+            content +=
+                circle(3 * x + 4 + y % 3, 3 * y + 4 + x % 2, 1 + (x * y) % 4, (x + y) % 2 ? "#dd2e44" : "#3355cc");
+    const DIO_Drawing drawing = read(content);
+    const ChosenObjects found = chooseObjects(drawing, ObjectChoice::AUTO);
+    EXPECT_LE(found.objects.size(), kMostParts + 1);
+    EXPECT_GE(found.objects.size(), kMostParts / 2);
+    EXPECT_LE(pixelsThatDiffer(painted(drawing, 200), painted(found.drawing, 200)), kOfPixels);
 }
 
 TEST(SamePicture, ofRealDrawings)

@@ -3,6 +3,7 @@
 
 #include "form/ContinueBeyondFrame.h"
 #include "form/bitmap/BitmapObjects.h"
+#include "form/choice/FewParts.h"
 #include "form/choice/Islands.h"
 #include "form/choice/LayerAssembly.h"
 
@@ -29,7 +30,7 @@ ChosenObjects believed(const DIO_Drawing& drawing)
 // What parts would be if every shape were one.
 FoundParts everyShape(const std::vector<ShapeFacts>& facts, const Grid& grid)
 {
-    FoundParts found{{}, {}, std::vector<Verdict>(facts.size()), PartMap(grid)};
+    FoundParts found{{}, {}, PartMap(grid)};
     for (std::size_t i = 0; i < facts.size(); ++i) {
         if (facts[i].area == 0)
             continue;
@@ -56,7 +57,7 @@ ChosenObjects chooseOfShapes(const DIO_Drawing& drawing, ObjectChoice choice)
     const bool everyOne = choice == ObjectChoice::SHAPES;
     const DIO_Drawing shapes = everyOne ? drawing : splitIntoIslands(drawing, grid);
     const std::vector<ShapeFacts> facts = collectFacts(shapes, grid);
-    const FoundParts parts = everyOne ? everyShape(facts, grid) : findParts(facts, grid);
+    const FoundParts parts = everyOne ? everyShape(facts, grid) : fewerParts(findParts(facts, grid));
     return parts.parts.empty() ? believed(drawing) : assembleLayers(shapes, facts, parts, grid);
 }
 

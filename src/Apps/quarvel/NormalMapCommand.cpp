@@ -51,7 +51,7 @@ public:
         const auto settings = withNumberedObjects(_options.settings, names);
         if (!settings)
             return settings.error();
-        _chosen = objectOptions(read->drawing);
+        _chosen = chosenFor(read->drawing);
         const auto rendered =
             renderNormalMap(read->drawing, *settings, wantedPictures(_options, files), part(kReadEnds, kRenderEnds));
         if (!rendered)
@@ -59,10 +59,18 @@ public:
         return writePictures(*rendered, _options, files, _drawing, part(kRenderEnds, 1.0));
     }
 
-    /// The values that were chosen for the objects, as options.
+    /// The values that were chosen for the objects, as options; how many there are where they would fill the screen.
     const QString& chosen() const { return _chosen; }
 
 private:
+    QString chosenFor(const LayeredDrawing& drawing) const
+    {
+        constexpr std::size_t kFitScreen = 24;
+        if (drawing.layers.size() <= kFitScreen)
+            return objectOptions(drawing);
+        return QStringLiteral("%1 objects; quarvel inspect %2 lists them").arg(drawing.layers.size()).arg(_drawing);
+    }
+
     void show(double done)
     {
         const auto count = static_cast<double>(_options.drawings.size());

@@ -35,16 +35,14 @@ public:
 
     FoundParts find()
     {
-        std::vector<Verdict> verdicts(_facts.size());
         for (std::size_t i = 0; i < _facts.size(); ++i) {
             _shape = static_cast<int>(i);
             if (facts().area == 0)
                 continue;
             const Surroundings around = _stack.map().around(facts(), _facts);
-            verdicts[i] = judge(around);
-            carryOut(verdicts[i], around);
+            carryOut(judge(around), around);
         }
-        return {_stack.parts(), _stack.order(), std::move(verdicts), _stack.map()};
+        return {_stack.parts(), _stack.order(), _stack.map()};
     }
 
 private:
@@ -138,7 +136,7 @@ private:
         return {};
     }
 
-    void carryOut(Verdict& verdict, const Surroundings& around)
+    void carryOut(const Verdict& verdict, const Surroundings& around)
     {
         switch (verdict.kind) {
         case Verdict::Kind::OBJECT:

@@ -15,9 +15,8 @@
 struct FoundParts
 {
     std::vector<Part> parts;
-    std::vector<int> order;        ///< the parts bottom up
-    std::vector<Verdict> verdicts; ///< by shape
-    PartMap map;                   ///< the whole drawing
+    std::vector<int> order; ///< the parts bottom up
+    PartMap map;            ///< the whole drawing
 };
 
 /// Finds the parts. Every shape with an area on the grid ends up in at least one of them.

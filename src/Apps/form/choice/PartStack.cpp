@@ -121,7 +121,7 @@ bool PartStack::wouldShowTwice(int shape, const std::map<int, int>& cells, int u
            std::ranges::any_of(cells, isTranslucent);
 }
 
-void PartStack::wear(int shape, const Surroundings& around, Verdict& verdict)
+void PartStack::wear(int shape, const Surroundings& around, const Verdict& verdict)
 {
     const ShapeFacts& worn = facts(shape);
     const bool ink = verdict.kind == Verdict::Kind::INK;
@@ -164,7 +164,7 @@ void PartStack::growBy(int shape, int home)
     wearer.region.unite(facts(shape).mask);
 }
 
-void PartStack::standAlone(int shape, const Surroundings& around, Verdict& verdict)
+void PartStack::standAlone(int shape, const Surroundings& around, Verdict verdict)
 {
     const bool ink = verdict.kind == Verdict::Kind::INK;
     const auto goesOn = [&](const auto& met) {
@@ -173,7 +173,6 @@ void PartStack::standAlone(int shape, const Surroundings& around, Verdict& verdi
     };
     if (const auto line = std::ranges::find_if(around.parts, goesOn); ink && line != around.parts.end()) {
         extend(line->first, shape);
-        verdict = {Verdict::Kind::MERGED, verdict.reason, ObjectRole::BODY, line->first};
         return;
     }
     verdict.reason = ink ? QStringLiteral("ink beside nothing") : verdict.reason + QStringLiteral(" on nothing");

@@ -40,8 +40,8 @@ public:
     bool mayExtend(int index, const Surroundings& around) const;
     /// Gives a shape to the parts that it is seen on.
     ///
-    /// @param verdict a mark or ink; becomes what was made of it
-    void wear(int shape, const Surroundings& around, Verdict& verdict);
+    /// @param verdict a mark or ink
+    void wear(int shape, const Surroundings& around, const Verdict& verdict);
 
 private:
     struct Claim
@@ -64,7 +64,7 @@ private:
     std::vector<Claim> claimCells(int shape, double reach);
     const Distances& distancesTo(int index);
     bool wouldShowTwice(int shape, const std::map<int, int>& cells, int unclaimed) const;
-    void standAlone(int shape, const Surroundings& around, Verdict& verdict);
+    void standAlone(int shape, const Surroundings& around, Verdict verdict);
     void layBeneath(int shape, const Verdict& verdict, const std::map<int, int>& cells,
                     const std::vector<Claim>& claims);
     void growBy(int shape, int home);

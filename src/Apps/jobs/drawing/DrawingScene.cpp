@@ -190,6 +190,11 @@ UT_Result<DrawingScene> DrawingScene::build(const LayeredDrawing& drawing, const
     scene.truckFactorAttr().setLocalValue(settings.truck);
     scene.addPalette(drawing.palette);
 
+    if (drawing.layers.size() > MO_Node::kMaxPorts)
+        return UT_Error{
+            QStringLiteral("these are %1 objects and a scene has room for %2; --objects auto joins small ones")
+                .arg(drawing.layers.size())
+                .arg(MO_Node::kMaxPorts)};
     std::unique_ptr<MO_Module> node = NormalMapNode::make();
     if (!node)
         return UT_Error{QStringLiteral("the plug-in %1 is not loaded").arg(NormalMapNode::keyword())};

@@ -1,0 +1,97 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Within a layer shapes are painted in the order of the drawing, so parts that follow each other in the stack show the
+// same as before when they share a layer.
+#include "form/choice/FewParts.h"
+
+#include <algorithm>
+
+namespace {
+
+std::size_t placeOf(int index)
+{
+    return static_cast<std::size_t>(index);
+}
+
+// Cells that show each part.
+std::vector<int> visibleCells(const FoundParts& found)
+{
+    std::vector<int> cells(found.parts.size());
+    const QRect bounds = found.map.bounds();
+    for (int y = 0; y < bounds.height(); ++y)
+        for (int x = 0; x < bounds.width(); ++x)
+            if (const int part = found.map.partAt(x, y); part != PartMap::kNone)
+                ++cells[placeOf(part)];
+    return cells;
+}
+
+// Which parts stay by themselves.
+std::vector<bool> largestParts(const FoundParts& found)
+{
+    const std::vector<int> cells = visibleCells(found);
+    std::vector<int> bySize = found.order;
+    std::ranges::stable_sort(bySize, std::greater(), [&](int index) { return cells[placeOf(index)]; });
+    std::vector<bool> stays(found.parts.size());
+    for (std::size_t i = 0; i < bySize.size(); ++i)
+        stays[placeOf(bySize[i])] = i < kMostParts / 2 || found.parts[placeOf(bySize[i])].isBackdrop;
+    return stays;
+}
+
+void wear(Part& part, const WornShape& worn)
+{
+    const auto same = std::ranges::find(part.worn, worn.shape, &WornShape::shape);
+    if (same == part.worn.end()) {
+        part.worn.push_back(worn);
+        return;
+    }
+    same->whole = same->whole || worn.whole;
+    same->reach = std::max(same->reach, worn.reach);
+}
+
+void join(Part& part, const Part& next)
+{
+    part.body.insert(part.body.end(), next.body.begin(), next.body.end());
+    for (const WornShape& worn : next.worn)
+        wear(part, worn);
+    part.region.unite(next.region);
+    part.border = std::max(part.border, next.border);
+    part.ink = part.ink && next.ink;
+    part.translucent = part.translucent || next.translucent;
+    part.reason = QStringLiteral("small parts together");
+}
+
+void showParts(PartMap& map, const std::vector<int>& renamed)
+{
+    const QRect bounds = map.bounds();
+    for (int y = 0; y < bounds.height(); ++y)
+        for (int x = 0; x < bounds.width(); ++x)
+            if (const int part = map.partAt(x, y); part != PartMap::kNone)
+                map.setCell(x, y, map.shapeAt(x, y), renamed[placeOf(part)]);
+}
+
+} // namespace
+
+FoundParts fewerParts(FoundParts found)
+{
+    if (found.order.size() <= kMostParts)
+        return found;
+    const std::vector<bool> stays = largestParts(found);
+    std::vector<int> renamed(found.parts.size(), PartMap::kNone);
+    std::vector<Part> parts;
+    bool joining = false;
+    for (const int index : found.order) {
+        Part& part = found.parts[placeOf(index)];
+        if (joining && !stays[placeOf(index)])
+            join(parts.back(), part);
+        else
+            parts.push_back(std::move(part));
+        joining = !stays[placeOf(index)];
+        renamed[placeOf(index)] = static_cast<int>(parts.size()) - 1;
+    }
+    found.parts = std::move(parts);
+    found.order.resize(found.parts.size());
+    for (std::size_t i = 0; i < found.order.size(); ++i)
+        found.order[i] = static_cast<int>(i);
+    showParts(found.map, renamed);
+    return found;
+}
