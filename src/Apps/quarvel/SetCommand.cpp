@@ -55,10 +55,13 @@ int runSetCommand(const QStringList& words)
 QString setHelp()
 {
     return QStringLiteral(
-        "quarvel set SCENE WHAT VALUE...\n"
+        "quarvel set - changes one thing of a scene\n"
         "\n"
-        "Changes one thing of a scene. \"quarvel inspect SCENE\" lists the modules and their attributes.\n"
+        "  quarvel set SCENE WHAT VALUE...\n"
         "\n"
+        "\"quarvel inspect SCENE\" lists the modules and their attributes.\n"
+        "\n"
+        "Examples\n"
         "  quarvel set walk.scene Normal-Map.BlurScale 1.5              one value for all frames\n"
         "  quarvel set walk.scene Normal-Map.BlurScale 1:0.5 24:2.0     keys at frames 1 and 24; others stay\n"
         "  quarvel set walk.scene Normal-Map.BlurScale 1:0.5:hold       it stays until the next key\n"

@@ -1,8 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // quarvel: the command line. Its first word names a command.
+#include "Completion.h"
 #include "ImportCommand.h"
 #include "InspectCommand.h"
+#include "ManualPage.h"
 #include "NormalMapCommand.h"
 #include "NormalMapOptions.h"
 #include "RenderCommand.h"
@@ -17,6 +19,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <vector>
 
 namespace {
 
@@ -77,17 +80,56 @@ void passGraveMessages(QtMsgType type, const QMessageLogContext&, const QString&
         say(message);
 }
 
+std::vector<CommandHelp> commandHelps()
+{
+    std::vector<CommandHelp> helps;
+    for (const Command& command : kCommands)
+        helps.push_back({QLatin1String(command.name), command.help()});
+    return helps;
+}
+
+int print(const QString& text)
+{
+    std::fputs(qPrintable(text), stdout);
+    return 0;
+}
+
+int printManual(const QString& name)
+{
+    const QString version = QStringLiteral(QUARVEL_VERSION);
+    if (name == QLatin1String("quarvel"))
+        return print(manualOverview(commandHelps(), version));
+    for (const CommandHelp& help : commandHelps())
+        if (help.name == name)
+            return print(manualPage(help, version));
+    return noSuchCommand(name);
+}
+
+int printCompletion(const QString& shell)
+{
+    if (shell == QLatin1String("bash"))
+        return print(bashCompletion(commandHelps()));
+    if (shell == QLatin1String("zsh"))
+        return print(zshCompletion(commandHelps()));
+    say(QStringLiteral("there is completion for bash and zsh, not for \"%1\"").arg(shell));
+    return kWrongUsage;
+}
+
 int help(const QStringList& words)
 {
     if (words.isEmpty()) {
         printUsage(stdout);
         return 0;
     }
+    // What packages install: quarvel help --man quarvel|COMMAND, and quarvel help --completion bash|zsh.
+    if (words.size() == 2 && words.first() == QLatin1String("--man"))
+        return printManual(words[1]);
+    if (words.size() == 2 && words.first() == QLatin1String("--completion"))
+        return printCompletion(words[1]);
     const Command* const command = findCommand(words.first());
     if (!command)
         return noSuchCommand(words.first());
-    std::fputs(qPrintable(command->help()), stdout);
-    return 0;
+    return print(command->help());
 }
 
 int run(const QStringList& words)
