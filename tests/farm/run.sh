@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # A film on a farm: Slurm on this machine, with a configuration of its own in a temporary folder, runs the job files of examples/farms.
 # One task is killed and comes back, one of the two nodes is drained in the middle and returns; what is there at the end is what a
-# single run makes, byte for byte.
+# single run makes, byte for byte. Before, the tasks of the Open Job Description template are checked and run, without any scheduler.
 #
 #   tests/farm/run.sh FOLDER_OF_QUARVEL ANIMATION.json
 #
@@ -9,7 +9,8 @@
 set -euo pipefail
 programs=$(realpath "$1")
 animation=$(realpath "$2")
-jobs=$(cd "$(dirname "$0")/../../examples/farms/slurm" && pwd)
+farms=$(cd "$(dirname "$0")/../../examples/farms" && pwd)
+jobs=$farms/slurm
 PATH=$programs:/usr/sbin:/sbin:$PATH
 unset "${!SLURM@}" "${!SBATCH@}"
 
@@ -144,14 +145,18 @@ WRAPPER
     PATH=$work/bin:$PATH
 }
 
-start_slurm
 cd "$work"
 "$programs/quarvel" import "$animation" -o film.scene >/dev/null
 "$programs/quarvel" set film.scene frames 1-48 >/dev/null
-mkdir out single
+mkdir out single openjd
 "$programs/quarvel" render film.scene -o 'single/n.####.exr' --preview single.png --progress none >/dev/null
 [ "$(ls single | wc -l)" -eq 48 ] || failed "the single run made $(ls single | wc -l) of 48 frames"
 
+/usr/bin/python3 "$farms/../../tests/farm/openjd.py" "$farms/openjd/template.yaml" "$programs/quarvel" film.scene openjd 5
+cmp single.png openjd/lit.png && rm openjd/lit.png
+diff -rq single openjd >differences || failed "the frames of the Open Job Description are not those of a single run: $(head -n 3 differences)"
+
+start_slurm
 make_task_2_wait
 array=$(sbatch --parsable "$jobs/render.sbatch" film.scene 'out/n.####.exr')
 preview=$(sbatch --parsable --dependency="afterok:$array" "$jobs/preview.sbatch" film.scene lit.png)
@@ -188,4 +193,4 @@ find out -type f ! -name 'n.[0-9][0-9][0-9][0-9].exr' | grep -q . && failed "fil
 diff -rq single out >differences || failed "the frames are not those of a single run: $(head -n 3 differences)"
 cmp single.png lit.png || failed "the preview is not that of a single run"
 echo "farm: Slurm $(sinfo --version | cut -d' ' -f2), 8 tasks on 2 nodes, one task killed and requeued, one node drained and" \
-    "resumed: 48 frames and the preview are those of a single run, byte for byte"
+    "resumed; Open Job Description: 5 tasks; each time 48 frames and the preview are those of a single run, byte for byte"
