@@ -37,6 +37,41 @@ TEST(LottieImport, TakesSizeAndFrames)
     EXPECT_TRUE(sequence.warnings.isEmpty()) << warningsOf(sequence);
 }
 
+TEST(LottieImport, TheSceneHasTheFilesFrameRate)
+{
+    const Folder folder;
+    QByteArray json = document(layer("Box", kRedSquare));
+    ASSERT_TRUE(json.contains("\"fr\":"));
+    json.replace(json.indexOf("\"fr\":"), json.indexOf(',', json.indexOf("\"fr\":")) - json.indexOf("\"fr\":"),
+                 "\"fr\":12.5");
+    const auto made = importDrawings({folder.write("bounce.json", json)}, {});
+    ASSERT_TRUE(made.ok());
+    EXPECT_EQ(made->scene->frameRate(), 12.5);
+}
+
+TEST(LottieImport, SaysHowFarItIsAndStops)
+{
+    const Folder folder;
+    const QStringList file{folder.write("bounce.json", document(layer("Box", kRedSquare, moving())))};
+    std::vector<double> told;
+    ImportSettings settings;
+    settings.goOn = [&](double done) {
+        told.push_back(done);
+        return true;
+    };
+    ASSERT_TRUE(readSequence(file, settings).ok());
+    EXPECT_TRUE(std::ranges::is_sorted(told));
+    EXPECT_EQ(told.back(), 0.75);
+    settings.goOn = [](double) { return false; };
+    const auto atOnce = readSequence(file, settings);
+    ASSERT_FALSE(atOnce.ok());
+    EXPECT_EQ(atOnce.error().kind, UT_ErrorKind::STOPPED);
+    settings.goOn = [](double done) { return done < 0.5; };
+    const auto later = readSequence(file, settings);
+    ASSERT_FALSE(later.ok());
+    EXPECT_EQ(later.error().kind, UT_ErrorKind::STOPPED);
+}
+
 TEST(LottieImport, LayersBecomeElementsFromTheBottomUp)
 {
     EXPECT_EQ(layerNames(imported(document(layer("Top", kRedSquare) + "," + layer("Bottom", kRedSquare)))),

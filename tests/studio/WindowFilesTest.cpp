@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QToolButton>
 
 namespace {
 
@@ -85,6 +86,30 @@ TEST_F(WindowFilesTest, AFolderOfDrawingsIsAsGoodAsTheDrawings)
     ASSERT_TRUE(waitForPicture());
     EXPECT_EQ(document().scene().firstFrame(), 1);
     EXPECT_EQ(document().scene().lastFrame(), 3);
+}
+
+TEST_F(WindowFilesTest, OpeningIsGivenUpByItsButton)
+{
+    openDisc();
+    const QString before = xmlOf(document().scene());
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("long")));
+    for (int i = 1; i <= 50; ++i)
+        write(QStringLiteral("long/walk_%1.svg").arg(i), studio_testing::kDisc);
+    answerNext(QMessageBox::Discard);
+    drop({folder.filePath(QStringLiteral("long"))});
+    ASSERT_TRUE(window->files().isBusy());
+    auto* const cancel = window->findChild<QToolButton*>(QStringLiteral("cancelOpening"));
+    ASSERT_NE(cancel, nullptr);
+    cancel->click();
+    EXPECT_FALSE(window->files().isBusy());
+    QTest::qWait(200);
+    EXPECT_EQ(xmlOf(document().scene()), before);
+    EXPECT_TRUE(window->messages().text().isEmpty());
+    // What was given up keeps nobody from opening it again.
+    answerNext(QMessageBox::Discard);
+    drop({folder.filePath(QStringLiteral("long"))});
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(document().scene().lastFrame(), 50);
 }
 
 TEST_F(WindowFilesTest, ADamagedDrawingIsToldAndChangesNothing)

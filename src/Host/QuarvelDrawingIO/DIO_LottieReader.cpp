@@ -80,24 +80,33 @@ private:
     int _frames = 0;
 };
 
-bool collectFrames(const QByteArray& stream, DIO_Animation& animation)
+enum class Collected
+{
+    ALL,
+    STOPPED,
+    DAMAGED
+};
+
+Collected collectFrames(const QByteArray& stream, const DIO_LottieLimits& limits, DIO_Animation& animation)
 {
     DIO_LottieStreamReader reader(stream);
     const std::optional<DIO_LottieHeader> header = reader.readHeader();
     if (!header)
-        return false;
+        return Collected::DAMAGED;
     animation.size = QSizeF(header->width, header->height);
     animation.viewBox = QRectF(QPointF(), animation.size);
     animation.frameRate = header->frameRate;
     animation.frames = header->frames;
     FrameCollector collector(animation);
     for (int frame = 0; frame < header->frames; ++frame) {
+        if (limits.goOn && !limits.goOn(static_cast<double>(frame) / header->frames))
+            return Collected::STOPPED;
         const std::optional<DIO_LottieLayer> root = reader.readFrame();
         if (!root)
-            return false;
+            return Collected::DAMAGED;
         collector.add(*root);
     }
-    return reader.readEnd();
+    return reader.readEnd() ? Collected::ALL : Collected::DAMAGED;
 }
 
 void tidyLayers(std::vector<DIO_AnimatedLayer>& layers)
@@ -125,7 +134,10 @@ UT_Result<DIO_Animation> DIO_readLottie(const QString& path, const DIO_LottieLim
     DIO_Animation animation;
     animation.name = QFileInfo(path).completeBaseName();
     animation.warnings = *checked;
-    if (!collectFrames(*stream, animation))
+    const Collected collected = collectFrames(*stream, limits, animation);
+    if (collected == Collected::STOPPED)
+        return UT_stopped();
+    if (collected == Collected::DAMAGED)
         return problem(path, QStringLiteral("reading it went wrong; the file is probably damaged"));
     tidyLayers(animation.layers);
     if (animation.layers.empty())

@@ -14,14 +14,21 @@
 #include "QuarvelBaseCore/UT_Result.h"
 #include "QuarvelDrawingIO/DIO_Animation.h"
 
+#include <functional>
+
 /// What the reading may cost.
 struct DIO_LottieLimits
 {
     QString program;                          ///< that reads; empty: quarvel-lottie-reader beside the running program
     int seconds = 120;                        ///< of waiting for it
     qint64 bytes = qint64{512} * 1024 * 1024; ///< that it may write
+    /// Told every now and then how much is done, 0 to 1; 0 as long as the program has not finished. False stops the
+    /// reading. Empty: nobody wants to know.
+    std::function<bool(double done)> goOn = {};
 };
 
 /// Reads an animation of up to 64 MiB. Any thread may call it; it waits for the other program.
+///
+/// @return an error of the kind STOPPED when limits.goOn said to stop
 QUARVELDRAWINGIO_EXPORT UT_Result<DIO_Animation> DIO_readLottie(const QString& path,
                                                                 const DIO_LottieLimits& limits = {});

@@ -36,6 +36,7 @@ struct DrawingSequence
     QSizeF size;  ///< its natural size in pixels
     int firstFrame = 1;
     int lastFrame = 1;
+    double frameRate = 24.0;           ///< frames a second, as the file says
     std::vector<SequenceLayer> layers; ///< bottom up
     CM_SharedPtr<CM_Palette> palette;
     QStringList warnings; ///< for people to read, a line each

@@ -41,7 +41,9 @@ DIO_AnimatedLayer mergedLayers(const DIO_Animation& animation)
 UT_Result<DrawingSequence> readAnimation(const QStringList& files, const ImportSettings& settings)
 {
     const QString& file = files.first();
-    UT_Result<DIO_Animation> animation = DIO_readLottie(file, settings.lottie);
+    DIO_LottieLimits limits = settings.lottie;
+    limits.goOn = settings.goOn;
+    UT_Result<DIO_Animation> animation = DIO_readLottie(file, limits);
     if (!animation)
         return animation.error();
     if (settings.form.objects == ObjectChoice::ONE)
@@ -55,6 +57,7 @@ UT_Result<DrawingSequence> readAnimation(const QStringList& files, const ImportS
     sequence.size = animation->size;
     sequence.firstFrame = kFirstFrame;
     sequence.lastFrame = animation->frames;
+    sequence.frameRate = animation->frameRate;
     for (const QString& warning : animation->warnings)
         sequence.warnings.append(file + QStringLiteral(": ") + warning);
     return sequence;

@@ -166,10 +166,14 @@ UT_Result<DrawingSequence> readBitmapSequence(const QStringList& files, const Im
     const std::set<int> frames = framesOf(*layers);
     BitmapFrames reader(sequenceName(files));
     const bool isAlone = files.size() == 1;
-    for (const int frame : frames)
+    double read = 0.0;
+    for (const int frame : frames) {
+        if (settings.goOn && !settings.goOn(read++ / static_cast<double>(frames.size())))
+            return UT_stopped();
         if (UT_Result<void> added =
                 isAlone ? reader.addChosen(frame, *layers, settings.form.objects) : reader.add(frame, *layers);
             !added)
             return added.error();
+    }
     return reader.take(frames);
 }

@@ -16,11 +16,16 @@
 #include "jobs/drawing/NormalMapSettings.h"
 #include "jobs/import/DrawingSequence.h"
 
+#include <functional>
+
 /// How files are imported.
 struct ImportSettings
 {
     FormSettings form; ///< where the objects of a single drawing, and every object's values, come from
     DIO_LottieLimits lottie;
+    /// Told every now and then how much is done, 0 to 1, or 0 where nobody knows; false stops. Calls come from the
+    /// thread that imports. Empty: nobody wants to know.
+    std::function<bool(double done)> goOn = {};
 };
 
 /// A scene that was made of drawings.
@@ -35,7 +40,8 @@ QStringList importableSuffixes();
 
 /// Reads files of one kind into a sequence.
 ///
-/// @return an error, which names the file, when one cannot be read or the files do not go together
+/// @return an error, which names the file, when one cannot be read or the files do not go together; one of the kind
+///     STOPPED when settings.goOn said to stop
 UT_Result<DrawingSequence> readSequence(const QStringList& files, const ImportSettings& settings);
 
 /// Makes a scene of files of one kind. The plug-ins must be loaded.

@@ -25,7 +25,10 @@ UT_Result<DrawingSequence> readLayeredSequence(const QStringList& files, const I
     RepeatedWarnings warnings;
     DrawingSequence place;
     const ObjectChoice objects = settings.form.objects;
+    double read = 0.0;
     for (const NumberedFile& file : *numbered) {
+        if (settings.goOn && !settings.goOn(read++ / static_cast<double>(numbered->size())))
+            return UT_stopped();
         UT_Result<DIO_Drawing> drawing = DIO_readDrawing(file.path, groupingFor(objects), DIO_Blank::ACCEPTED);
         if (!drawing)
             return drawing.error();

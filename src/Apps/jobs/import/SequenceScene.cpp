@@ -8,6 +8,8 @@
 #include "form/ChooseForms.h"
 #include "jobs/drawing/DrawingScene.h"
 
+#include <algorithm>
+
 namespace {
 
 LayeredDrawing firstDrawings(const DrawingSequence& sequence, const FormSettings& form)
@@ -49,5 +51,6 @@ UT_Result<std::unique_ptr<MO_Scene>> buildSequenceScene(const DrawingSequence& s
     for (std::size_t i = 0; i < sequence.layers.size(); ++i)
         showThroughTime(*built->elements()[i], sequence.layers[i]);
     built->scene().setFrameRange(sequence.firstFrame, sequence.lastFrame);
+    built->scene().setFrameRate(std::clamp(sequence.frameRate, MO_Scene::kSlowest, MO_Scene::kFastest));
     return built->takeScene();
 }

@@ -59,26 +59,56 @@ SceneFiles::SceneFiles(StudioDocument& document, QObject* parent) : QObject(pare
 
 SceneFiles::~SceneFiles()
 {
-    if (_thread)
-        _thread->wait();
-    delete _thread;
+    retireThread();
+    for (const QPointer<QThread>& thread : std::as_const(_retired))
+        if (thread) {
+            thread->wait();
+            delete thread;
+        }
+}
+
+// What reads drawings looks at the flag several times a second; what it reads just then is not waited for.
+void SceneFiles::retireThread()
+{
+    if (!_thread)
+        return;
+    *_cancelled = true;
+    _thread->disconnect(this);
+    connect(_thread, &QThread::finished, _thread, &QObject::deleteLater);
+    _retired.removeIf([](const QPointer<QThread>& thread) { return thread.isNull(); });
+    _retired << std::exchange(_thread, nullptr);
+}
+
+void SceneFiles::cancel()
+{
+    if (!_thread)
+        return;
+    retireThread();
+    Q_EMIT busyChanged();
 }
 
 void SceneFiles::open(const OpenRequest& request)
 {
-    if (_thread) {
-        _thread->disconnect(this);
-        _thread->wait();
-        delete std::exchange(_thread, nullptr);
-    }
+    retireThread();
     auto outcome = std::make_shared<Outcome>();
-    _thread = QThread::create([request, outcome] { *outcome = load(request); });
+    _cancelled = std::make_shared<std::atomic<bool>>(false);
+    const auto goOn = [this, cancelled = _cancelled](double done) {
+        QMetaObject::invokeMethod(
+            this,
+            [this, cancelled, done] {
+                if (!*cancelled)
+                    Q_EMIT progressed(done);
+            },
+            Qt::QueuedConnection);
+        return !*cancelled;
+    };
+    _thread = QThread::create([request, outcome, goOn] { *outcome = load(request, goOn); });
     connect(_thread, &QThread::finished, this, [this, request, outcome] { finish(request, *outcome); });
     _thread->start();
     Q_EMIT busyChanged();
 }
 
-SceneFiles::Outcome SceneFiles::load(const OpenRequest& request)
+SceneFiles::Outcome SceneFiles::load(const OpenRequest& request, const std::function<bool(double)>& goOn)
 {
     try {
         if (!request.scene.isEmpty()) {
@@ -87,7 +117,9 @@ SceneFiles::Outcome SceneFiles::load(const OpenRequest& request)
                 return {nullptr, {}, loaded.error().sentence()};
             return {std::move(loaded->scene), loaded->warnings, {}};
         }
-        auto imported = importDrawings(request.drawings, {});
+        ImportSettings settings;
+        settings.goOn = goOn;
+        auto imported = importDrawings(request.drawings, settings);
         if (!imported)
             return {nullptr, {}, imported.error().sentence()};
         return {std::move(imported->scene), imported->warnings, {}};

@@ -8,8 +8,10 @@
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QStringList>
 
+#include <atomic>
 #include <functional>
 #include <memory>
 
@@ -39,13 +41,17 @@ public:
     explicit SceneFiles(StudioDocument& document, QObject* parent = nullptr);
     ~SceneFiles() override;
 
-    /// Starts to open; what is being opened already is waited for and dropped.
+    /// Starts to open; what is being opened already is given up.
     void open(const OpenRequest& request);
+    /// Gives up what is being opened; the document stays as it is.
+    void cancel();
     bool isBusy() const { return _thread != nullptr; }
 
 Q_SIGNALS:
     /// Opening begins or has ended.
     void busyChanged();
+    /// How much of what is being opened is read, 0 to 1; 0 where nobody knows.
+    void progressed(double done);
     /// The document shows what was asked for. The text holds remarks, a line each.
     void opened(const OpenRequest& request, const QString& remarks);
     void failed(const QString& error);
@@ -58,9 +64,12 @@ private:
         QString error;
     };
 
-    static Outcome load(const OpenRequest& request);
+    static Outcome load(const OpenRequest& request, const std::function<bool(double)>& goOn);
+    void retireThread();
     void finish(const OpenRequest& request, Outcome& outcome);
 
     StudioDocument& _document;
     QThread* _thread = nullptr;
+    std::shared_ptr<std::atomic<bool>> _cancelled; // of the thread
+    QList<QPointer<QThread>> _retired;             // given up, and perhaps still at work
 };

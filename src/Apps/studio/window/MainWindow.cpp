@@ -8,6 +8,7 @@
 #include "studio/docks/timeline/TimelineView.h"
 #include "studio/preview/Viewer.h"
 #include "studio/window/MessageBar.h"
+#include "studio/window/OpeningBar.h"
 #include "studio/window/StartPage.h"
 #include "studio/window/StudioDocks.h"
 
@@ -96,7 +97,9 @@ void MainWindow::makeDocks()
 {
     addStudioDocks(*this, _document);
     // A frame whose picture never comes before the next one is due would never be seen.
-    findChild<TimelineView*>()->playback().setIsBusy([this] { return _renders.isFrameAwaited(); });
+    Playback& playback = findChild<TimelineView*>()->playback();
+    playback.setIsBusy([this] { return _renders.isFrameAwaited(); });
+    connect(&playback, &Playback::playingChanged, &_renders, &RenderService::setPlaying);
     auto* const dock = new QDockWidget(tr("Lights"), this);
     dock->setObjectName(QStringLiteral("lightsDock"));
     auto* const scroll = new QScrollArea;
@@ -126,6 +129,7 @@ void MainWindow::makeStatusBar()
     _zoomLabel->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("6400 %")));
     _zoomLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     statusBar()->addWidget(_pixelLabel, 1);
+    statusBar()->addPermanentWidget(new OpeningBar(_files));
     statusBar()->addPermanentWidget(_stateLabel);
     statusBar()->addPermanentWidget(_zoomLabel);
 }

@@ -65,6 +65,10 @@ UT_Result<QByteArray> DIO_runLottieProgram(const QString& path, const DIO_Lottie
             return problem(path,
                            QStringLiteral("reading it took more than %1 seconds; is it damaged?").arg(limits.seconds));
         }
+        if (limits.goOn && !limits.goOn(0.0)) {
+            end();
+            return UT_stopped();
+        }
         process.waitForReadyRead(static_cast<int>(std::clamp<qint64>(deadline.remainingTime(), 1, 200)));
         collect();
         if (written.size() > limits.bytes) {
