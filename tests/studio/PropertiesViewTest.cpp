@@ -59,6 +59,8 @@ TEST_F(PropertiesViewTest, TheBoxSwitchesTheNodeAndFollowsUndo)
     document.setSelection({&module("Hat")});
     QCheckBox& box = properties().enabledBox();
     EXPECT_TRUE(box.isChecked());
+    // As one who came there by the keyboard; for all others the space bar plays.
+    window.setAttribute(Qt::WA_KeyboardFocusChange);
     QTest::keyClick(&box, Qt::Key_Space);
     EXPECT_FALSE(module("Hat").enabled());
     expectOneChange(QStringLiteral("Disable \"Hat\""));

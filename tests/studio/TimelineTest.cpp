@@ -5,6 +5,9 @@
 
 #include "QuarvelSceneCore/editing/MO_SceneCommands.h"
 #include "studio/docks/timeline/Playback.h"
+
+#include <QDoubleSpinBox>
+#include <QLocale>
 #include <QSpinBox>
 #include <QToolButton>
 
@@ -212,14 +215,93 @@ TEST_F(TimelineTest, TheCurrentFrameStaysInASceneThatGetsShorter)
 
 TEST(PlaybackTest, TimeDecidesWhichFrameIsShown)
 {
-    EXPECT_EQ(Playback::frameAfter(0, 5, 1, 24), 5);
-    EXPECT_EQ(Playback::frameAfter(41, 5, 1, 24), 5);
-    EXPECT_EQ(Playback::frameAfter(42, 5, 1, 24), 6);
+    EXPECT_EQ(Playback::frameAfter(0, 24.0, 5, {1, 24}), 5);
+    EXPECT_EQ(Playback::frameAfter(41, 24.0, 5, {1, 24}), 5);
+    EXPECT_EQ(Playback::frameAfter(42, 24.0, 5, {1, 24}), 6);
     // Half a second is twelve frames, whether they could all be shown or not.
-    EXPECT_EQ(Playback::frameAfter(500, 5, 1, 24), 17);
+    EXPECT_EQ(Playback::frameAfter(500, 24.0, 5, {1, 24}), 17);
+    EXPECT_EQ(Playback::frameAfter(500, 12.5, 5, {1, 24}), 11);
     // From the last frame on to the first one.
-    EXPECT_EQ(Playback::frameAfter(500, 20, 1, 24), 8);
-    EXPECT_EQ(Playback::frameAfter(3600000, 1, 1, 24), 1);
+    EXPECT_EQ(Playback::frameAfter(500, 24.0, 20, {1, 24}), 8);
+    EXPECT_EQ(Playback::frameAfter(3600000, 24.0, 1, {1, 24}), 1);
+}
+
+TEST_F(TimelineTest, TheFrameRateIsTheScenesAndUndone)
+{
+    auto* const rate = view<TimelineView>().findChild<QDoubleSpinBox*>(QStringLiteral("FrameRate"));
+    ASSERT_NE(rate, nullptr);
+    EXPECT_EQ(rate->value(), 24.0);
+    rate->setFocus();
+    rate->selectAll();
+    QTest::keyClicks(rate, QLocale().toString(12.5));
+    QTest::keyClick(rate, Qt::Key_Return);
+    docks::settle();
+    EXPECT_EQ(document.scene().frameRate(), 12.5);
+    EXPECT_TRUE(state().contains(QStringLiteral("frameRate=\"12.5\"")));
+    expectOneChange(QStringLiteral("Change Frame Rate"));
+    document.undo();
+    docks::settle();
+    EXPECT_EQ(rate->value(), 24.0);
+}
+
+TEST_F(TimelineTest, TheSpaceBarPlaysWhereverNoTextIsTyped)
+{
+    Playback& playback = view<TimelineView>().playback();
+    auto* const field = view<TimelineView>().findChild<QSpinBox*>(QStringLiteral("FirstFrame"));
+    auto* const button = view<TimelineView>().findChild<QToolButton*>(QStringLiteral("ToFirstFrame"));
+    ASSERT_TRUE(field && button);
+    window.activateWindow();
+    const auto press = [&](QWidget& focused, Qt::FocusReason reason) {
+        focused.setFocus(reason);
+        docks::settle();
+        // Keys come to the window, as from the system, so that shortcuts hear them.
+        QTest::keyClick(window.windowHandle(), Qt::Key_Space);
+        docks::settle();
+        const bool was = playback.isPlaying();
+        playback.stop();
+        return was;
+    };
+    for (QWidget* const focused : {static_cast<QWidget*>(&canvas()), static_cast<QWidget*>(&nodes())})
+        EXPECT_TRUE(press(*focused, Qt::MouseFocusReason)) << focused->metaObject()->className();
+    // A button that was clicked keeps the focus, and nobody means it any more.
+    window.setAttribute(Qt::WA_KeyboardFocusChange, false);
+    EXPECT_TRUE(press(*button, Qt::MouseFocusReason));
+    // Who came there by the keyboard presses it.
+    document.setCurrentFrame(5);
+    window.setAttribute(Qt::WA_KeyboardFocusChange, true);
+    EXPECT_FALSE(press(*button, Qt::TabFocusReason));
+    EXPECT_EQ(document.currentFrame(), 1);
+    EXPECT_FALSE(press(*field, Qt::MouseFocusReason));
+}
+
+TEST_F(TimelineTest, APartOfTheFramesIsPlayedAgainAndAgain)
+{
+    Playback& playback = view<TimelineView>().playback();
+    EXPECT_EQ(playback.range(), (Playback::Range{1, 24}));
+    canvas().setFocus();
+    docks::settle();
+    document.setCurrentFrame(10);
+    QTest::keyClick(&canvas(), Qt::Key_I);
+    EXPECT_EQ(playback.range(), (Playback::Range{10, 24}));
+    document.setCurrentFrame(12);
+    QTest::keyClick(&canvas(), Qt::Key_O);
+    EXPECT_EQ(playback.range(), (Playback::Range{10, 12}));
+    expectNoChange();
+    QList<int> shown;
+    QObject::connect(&document, &StudioDocument::currentFrameChanged, &window, [&](int frame) { shown << frame; });
+    playback.start();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.size() >= 6; }, 20000));
+    playback.stop();
+    EXPECT_EQ(shown.first(), 10);
+    for (const int frame : std::as_const(shown))
+        EXPECT_TRUE(frame >= 10 && frame <= 12) << frame;
+    // What the scene does not have any more cannot be played.
+    document.execute(MO_frameRangeCmd(document.scene(), 1, 11));
+    EXPECT_EQ(playback.range(), (Playback::Range{10, 11}));
+    document.execute(MO_frameRangeCmd(document.scene(), 1, 5));
+    EXPECT_EQ(playback.range(), (Playback::Range{1, 5}));
+    QTest::keyClick(&canvas(), Qt::Key_X);
+    EXPECT_FALSE(playback.loop());
 }
 
 TEST_F(TimelineTest, PlayRunsThroughTheFramesAndStopKeepsTheOneReached)

@@ -42,8 +42,11 @@ void addStudioDocks(QMainWindow& window, StudioDocument& document)
     window.setDockNestingEnabled(true);
     QDockWidget* const nodeDock =
         addDock(window, "NodesDock", QT_TRANSLATE_NOOP("StudioDocks", "Nodes"), Qt::BottomDockWidgetArea, nodePanel);
+    auto* const timeline = new TimelineView(document);
     QDockWidget* const timelineDock = addDock(window, "TimelineDock", QT_TRANSLATE_NOOP("StudioDocks", "Timeline"),
-                                              Qt::BottomDockWidgetArea, new TimelineView(document));
+                                              Qt::BottomDockWidgetArea, timeline);
+    // The space bar plays wherever the focus is.
+    window.addAction(&timeline->playAction());
     QDockWidget* const propertiesDock = addDock(
         window, "PropertiesDock", QT_TRANSLATE_NOOP("StudioDocks", "Properties"), Qt::RightDockWidgetArea, properties);
     QDockWidget* const paletteDock =

@@ -237,6 +237,12 @@ void TimelineCanvas::zoomBy(double factor)
     showFrame();
 }
 
+void TimelineCanvas::showLoop(const std::optional<std::pair<int, int>>& loop)
+{
+    _loop = loop;
+    viewport()->update();
+}
+
 void TimelineCanvas::wheelEvent(QWheelEvent* event)
 {
     if (!(event->modifiers() & Qt::ControlModifier))

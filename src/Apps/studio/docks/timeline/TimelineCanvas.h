@@ -36,6 +36,8 @@ public:
     /// The row that keys work on; -1 when there is none.
     int currentRow() const { return _currentRow; }
     void setCurrentRow(int row);
+    /// Marks the frames that are played; nothing for all.
+    void showLoop(const std::optional<std::pair<int, int>>& loop);
     /// The menu for a cell; the caller owns it. Null when there is nothing to choose.
     QMenu* makeMenu(int row, int frame);
 
@@ -88,6 +90,7 @@ private:
     std::vector<TimelineRow> _rows;
     int _currentRow = -1;
     double _frameWidth = 14.0;
+    std::optional<std::pair<int, int>> _loop;
     Dragging _dragging = Dragging::NOTHING;
     double _dragFrom = 0.0; // the start that is moved
     int _dragGrab = 0;      // the frame under the mouse when the drag began

@@ -82,6 +82,10 @@ void TimelineCanvas::paintRuler(QPainter& painter) const
     const QColor window = palette().color(QPalette::Window);
     const QColor text = palette().color(QPalette::WindowText);
     painter.fillRect(QRect(kNameWidth, 0, viewport()->width(), kRulerHeight), window);
+    if (_loop) {
+        const QRectF played(xOf(_loop->first), 0, xOf(_loop->second + 1.0) - xOf(_loop->first), kRulerHeight);
+        painter.fillRect(played, blended(window, palette().color(QPalette::Highlight), 0.3));
+    }
     const int step = rulerStep(_frameWidth);
     const MO_Scene& scene = _document.scene();
     QFont font = this->font();

@@ -6,10 +6,14 @@
 #include "QuarvelSceneCore/editing/MO_SceneCommands.h"
 #include "studio/docks/timeline/Playback.h"
 
+#include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
 #include <QBoxLayout>
-#include <QEvent>
+#include <QDoubleSpinBox>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QToolButton>
@@ -33,12 +37,15 @@ TimelineView::TimelineView(StudioDocument& document, QWidget* parent)
     _toFirst = addButton(*bar, "ToFirstFrame", tr("Go to the first frame (Home)"), &TimelineView::goToFirst);
     _back = addButton(*bar, "FrameBack", tr("One frame back (Left)"), &TimelineView::goBack);
     _play = addButton(*bar, "Play", tr("Play or stop (Space)"), &TimelineView::togglePlay);
+    _play->setMenu(makeLoopMenu());
+    _play->setPopupMode(QToolButton::MenuButtonPopup);
     _forth = addButton(*bar, "FrameForth", tr("One frame forward (Right)"), &TimelineView::goForth);
     _toLast = addButton(*bar, "ToLastFrame", tr("Go to the last frame (End)"), &TimelineView::goToLast);
     _frame = addField(*bar, "CurrentFrame", tr("Frame"), tr("The frame that is shown"));
     bar->addStretch();
     _first = addField(*bar, "FirstFrame", tr("From"), tr("The scene's first frame"));
     _last = addField(*bar, "LastFrame", tr("to"), tr("The scene's last frame"));
+    addRateField(*bar);
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(0);
@@ -46,15 +53,13 @@ TimelineView::TimelineView(StudioDocument& document, QWidget* parent)
     rows->addWidget(_canvas, 1);
     setFocusProxy(_canvas);
 
-    auto* play = new QAction(tr("Play"), this);
-    play->setShortcut(Qt::Key_Space);
-    play->setShortcutContext(Qt::WidgetShortcut);
-    _canvas->addAction(play);
-    connect(play, &QAction::triggered, this, &TimelineView::togglePlay);
+    addPlayAction();
     connect(_frame, &QSpinBox::valueChanged, this, &TimelineView::takeFrame);
     connect(_first, &QSpinBox::valueChanged, this, &TimelineView::takeFirst);
     connect(_last, &QSpinBox::valueChanged, this, &TimelineView::takeLast);
+    connect(_rate, &QDoubleSpinBox::valueChanged, this, &TimelineView::takeRate);
     connect(_playback, &Playback::playingChanged, this, &TimelineView::showIcons);
+    connect(_playback, &Playback::loopChanged, this, [this] { _canvas->showLoop(_playback->loop()); });
     connect(&_document, &StudioDocument::sceneReplaced, this, &TimelineView::synchronize);
     connect(&_document, &StudioDocument::sceneChanged, this, &TimelineView::synchronize);
     connect(&_document, &StudioDocument::stateChanged, this, &TimelineView::synchronize);
@@ -92,6 +97,60 @@ QSpinBox* TimelineView::addField(QHBoxLayout& bar, const char* name, const QStri
     return field;
 }
 
+void TimelineView::addRateField(QHBoxLayout& bar)
+{
+    _rate = new QDoubleSpinBox;
+    _rate->setObjectName(QStringLiteral("FrameRate"));
+    _rate->setToolTip(tr("How many frames a second the scene is played with"));
+    _rate->setAccessibleName(tr("Frames a second"));
+    _rate->setKeyboardTracking(false);
+    _rate->setRange(MO_Scene::kSlowest, MO_Scene::kFastest);
+    _rate->setDecimals(3);
+    _rate->setStepType(QAbstractSpinBox::DefaultStepType);
+    _rate->setSuffix(tr(" fps"));
+    bar.addSpacing(6);
+    bar.addWidget(_rate);
+}
+
+QMenu* TimelineView::makeLoopMenu()
+{
+    auto* const menu = new QMenu(this);
+    const auto add = [&](const QString& text, const char* name, const QKeySequence& key, auto slot) {
+        QAction* const action = menu->addAction(text);
+        action->setObjectName(QLatin1String(name));
+        action->setShortcut(key);
+        action->setShortcutContext(Qt::WidgetShortcut);
+        _canvas->addAction(action);
+        connect(action, &QAction::triggered, this, slot);
+    };
+    add(tr("Loop &From This Frame"), "loopFromHere", Qt::Key_I, [this] { loopFromHere(); });
+    add(tr("Loop &Up to This Frame"), "loopUpToHere", Qt::Key_O, [this] { loopUpToHere(); });
+    add(tr("Loop &All Frames"), "loopAll", Qt::Key_X, [this] { _playback->setLoop({}); });
+    return menu;
+}
+
+void TimelineView::addPlayAction()
+{
+    _playAction = new QAction(tr("Play"), this);
+    _playAction->setObjectName(QStringLiteral("playAction"));
+    _playAction->setShortcut(Qt::Key_Space);
+    connect(_playAction, &QAction::triggered, this, &TimelineView::togglePlay);
+    _canvas->addAction(_playAction);
+    qApp->installEventFilter(this);
+}
+
+// Where text is typed, the field takes the space before it becomes a shortcut. Who goes from button to button by the
+// keyboard presses them with it.
+bool TimelineView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space) {
+        const auto* const button = qobject_cast<QAbstractButton*>(watched);
+        if (button && button->window()->testAttribute(Qt::WA_KeyboardFocusChange))
+            event->accept();
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
 void TimelineView::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
@@ -120,6 +179,8 @@ void TimelineView::synchronize()
     _first->setValue(scene.firstFrame());
     _last->setRange(scene.firstFrame(), std::max(kFarFrame, scene.lastFrame()));
     _last->setValue(scene.lastFrame());
+    const QSignalBlocker quietRate(_rate);
+    _rate->setValue(scene.frameRate());
     _play->setEnabled(scene.firstFrame() < scene.lastFrame());
 }
 
@@ -140,6 +201,20 @@ void TimelineView::togglePlay()
         _playback->stop();
     else
         _playback->start();
+}
+
+void TimelineView::loopFromHere()
+{
+    const int frame = _document.currentFrame();
+    const int last = _playback->range().second;
+    _playback->setLoop(Playback::Range{frame, last > frame ? last : _document.scene().lastFrame()});
+}
+
+void TimelineView::loopUpToHere()
+{
+    const int frame = _document.currentFrame();
+    const int first = _playback->range().first;
+    _playback->setLoop(Playback::Range{first < frame ? first : _document.scene().firstFrame(), frame});
 }
 
 void TimelineView::goForth()
@@ -168,4 +243,9 @@ void TimelineView::takeLast(int last)
 {
     MO_Scene& scene = _document.scene();
     _document.execute(MO_frameRangeCmd(scene, scene.firstFrame(), last));
+}
+
+void TimelineView::takeRate(double rate)
+{
+    _document.execute(MO_frameRateCmd(_document.scene(), rate));
 }

@@ -10,7 +10,10 @@
 #include <QWidget>
 
 class Playback;
+class QAction;
+class QDoubleSpinBox;
 class QHBoxLayout;
+class QMenu;
 class QSpinBox;
 class QToolButton;
 
@@ -24,15 +27,23 @@ public:
 
     TimelineCanvas& canvas() const { return *_canvas; }
     Playback& playback() const { return *_playback; }
+    /// Plays or stops, with the space bar. To be added to the window whose keys it hears.
+    QAction& playAction() const { return *_playAction; }
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
     QToolButton* addButton(QHBoxLayout& bar, const char* name, const QString& tip, void (TimelineView::*slot)());
     QSpinBox* addField(QHBoxLayout& bar, const char* name, const QString& label, const QString& tip);
+    void addRateField(QHBoxLayout& bar);
+    QMenu* makeLoopMenu();
+    void addPlayAction();
     void synchronize();
     void showIcons();
+    void loopFromHere();
+    void loopUpToHere();
     void goToFirst();
     void goBack();
     void togglePlay();
@@ -41,10 +52,12 @@ private:
     void takeFrame(int frame);
     void takeFirst(int first);
     void takeLast(int last);
+    void takeRate(double rate);
 
     StudioDocument& _document;
     TimelineCanvas* _canvas;
     Playback* _playback;
+    QAction* _playAction = nullptr;
     QToolButton* _toFirst;
     QToolButton* _back;
     QToolButton* _play;
@@ -53,4 +66,5 @@ private:
     QSpinBox* _frame;
     QSpinBox* _first;
     QSpinBox* _last;
+    QDoubleSpinBox* _rate = nullptr;
 };
