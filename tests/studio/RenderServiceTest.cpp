@@ -9,6 +9,7 @@
 #include "studio/preview/SceneSnapshot.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 
 #include <cmath>
 #include <random>
@@ -63,28 +64,37 @@ TEST_F(RenderServiceTest, AQuickPictureComesFirstAndTheFullOneWhenTheSceneRests)
     });
     window->renderService().setLongestSide(480);
     ASSERT_TRUE(waitForPicture());
-    EXPECT_EQ(sizes, (QList<QSize>{{120, 60}, {480, 240}}));
+    // How small the quick one is depends on how fast the machine is.
+    ASSERT_FALSE(sizes.isEmpty());
+    EXPECT_LE(sizes.size(), 2);
+    EXPECT_EQ(sizes.last(), QSize(480, 240));
+    EXPECT_EQ(480 % sizes.first().width(), 0);
+    EXPECT_EQ(sizes.first().width(), 2 * sizes.first().height());
 }
 
 // 720 units are the picture's width, 400 pixels.
-TEST_F(RenderServiceTest, WhatIsShownBelongsToWhatTheSceneSays)
+TEST_F(RenderServiceTest, WhatIsShownBelongsToWhatTheSceneWasAndNeverGoesBack)
 {
     openDiscAtHome();
     const int turns = std::max(1, qEnvironmentVariableIntValue("VALLORIN_STUDIO_RENDERS"));
     const int count = turns > 1 ? turns : 60;
     std::mt19937 random(7);
-    double units = 0.0;
+    std::vector<double> states{0.0};
+    std::size_t newest = 0; // of the states that were seen
     int seen = 0;
     QObject::connect(&window->renderService(), &RenderService::frameChanged, window.get(), [&] {
         const RenderedFramePtr& frame = window->renderService().current();
         ASSERT_NE(frame, nullptr);
-        // A quick picture's pixels are four wide.
-        EXPECT_NEAR(middleOf(*frame), 200.0 + units * 400.0 / 720.0, frame->isFull() ? 0.5 : 2.0);
+        const double middle = middleOf(*frame);
+        const double pixel = static_cast<double>(frame->fullSize.width()) / frame->size.width();
+        while (newest < states.size() && std::abs(middle - (200.0 + states[newest] * 400.0 / 720.0)) > 0.5 * pixel)
+            ++newest;
+        ASSERT_LT(newest, states.size()) << "the middle is at " << middle;
         ++seen;
     });
     for (int i = 0; i < count; ++i) {
-        units = static_cast<double>(random() % 200) - 100.0;
-        moveDisc(units);
+        states.push_back(static_cast<double>(random() % 200) - 100.0);
+        moveDisc(states.back());
         // Changes of one turn of the event loop are told at once when it comes round.
         QCoreApplication::processEvents();
         QTest::qWait(static_cast<int>(random() % 60));
@@ -102,6 +112,55 @@ TEST_F(RenderServiceTest, WhatIsShownBelongsToWhatTheSceneSays)
     EXPECT_EQ(shown.drawing, (*alone)->drawing);
     EXPECT_EQ(shown.normals, (*alone)->normals);
     EXPECT_EQ(shown.elevation, (*alone)->elevation);
+}
+
+TEST_F(RenderServiceTest, PicturesKeepComingWhileTheSceneChangesWithoutAPause)
+{
+    openDiscAtHome();
+    window->renderService().setLongestSide(1920);
+    const int before = window->renderService().shownCount();
+    QElapsedTimer timer;
+    timer.start();
+    double units = 0.0;
+    while (window->renderService().shownCount() < before + 10 && timer.elapsed() < studio_testing::kPatience) {
+        units = units > 50.0 ? 0.0 : units + 0.25;
+        moveDisc(units);
+        QCoreApplication::processEvents();
+    }
+    EXPECT_GE(window->renderService().shownCount(), before + 10);
+    EXPECT_TRUE(window->renderService().isRendering());
+    window->renderService().setLongestSide(kSide);
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_NEAR(middleOf(*window->renderService().current()), 200.0 + units * 400.0 / 720.0, 0.5);
+}
+
+TEST_F(RenderServiceTest, FramesThatWereSeenQuicklyAreThereAtOnceTheNextTime)
+{
+    openDiscAtHome();
+    AT_Curve curve;
+    curve.setKey({1.0, _home, AT_Curve::Interpolation::LINEAR, {}, {}, {}});
+    curve.setKey({6.0, _home + 50.0, AT_Curve::Interpolation::LINEAR, {}, {}, {}});
+    element().positionX()->setCurve(curve);
+    document().scene().setFrameRange(1, 6);
+    QCoreApplication::processEvents();
+    RenderService& renders = window->renderService();
+    renders.setPlaying(true);
+    for (int frame = 1; frame <= 6; ++frame) {
+        document().setCurrentFrame(frame);
+        ASSERT_TRUE(studio_testing::waitUntil([&] { return !renders.isFrameAwaited(); }));
+    }
+    for (int frame = 1; frame <= 6; ++frame) {
+        document().setCurrentFrame(frame);
+        ASSERT_TRUE(renders.current());
+        EXPECT_EQ(renders.current()->frame, frame);
+        EXPECT_NEAR(middleOf(*renders.current()), 200.0 + 10.0 * (frame - 1) * 400.0 / 720.0, 2.0);
+    }
+    moveDisc(0.0);
+    renders.setPlaying(false);
+    document().scene().setFrameRange(1, 5);
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_TRUE(renders.current()->isFull());
 }
 
 TEST_F(RenderServiceTest, FramesThatWereRenderedAreKeptUntilTheSceneChanges)

@@ -9,6 +9,7 @@
 #include "studio/window/Appearance.h"
 #include "studio/window/Icons.h"
 #include "studio/window/MainWindow.h"
+#include "studio/window/PictureRates.h"
 #include "studio/window/Screenshots.h"
 #include "studio/window/Translations.h"
 
@@ -49,6 +50,10 @@ int main(int argc, char** argv)
                                          QApplication::translate("main", "Write pictures of the windows and end."),
                                          QStringLiteral("folder"));
     parser.addOption(screenshots);
+    const QCommandLineOption pictureRates(
+        QStringLiteral("picture-rates"),
+        QApplication::translate("main", "Print how many pictures a second the window shows, and end."));
+    parser.addOption(pictureRates);
     parser.addPositionalArgument(QStringLiteral("files"),
                                  QApplication::translate("main", "A scene, or drawings to import."));
     parser.process(application);
@@ -58,6 +63,8 @@ int main(int argc, char** argv)
         return complain(loaded.error().sentence());
     if (parser.isSet(screenshots))
         return makeScreenshots(parser.value(screenshots));
+    if (parser.isSet(pictureRates))
+        return printPictureRates();
     applyAppearance(storedAppearance());
 
     MainWindow window;

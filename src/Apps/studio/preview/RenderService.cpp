@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A number counts the states of the document. The worker looks at it from time to time and gives up when its own is not
-// the newest any more.
+// Two numbers count. The generation is that of the document's state: full pictures give up when theirs is not the
+// newest any more. The epoch changes when older pictures would be wrong (another scene, another size), and everything
+// gives up. RenderWorker.cpp holds what runs on the worker's thread.
 #include "studio/preview/RenderService.h"
 
 #include "studio/document/StudioDocument.h"
@@ -11,28 +12,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <new>
-
-namespace {
-
-constexpr int kSmallestQuick = 48;
-constexpr qsizetype kKeptBytes = 768LL << 20;
-
-QSize quickSize(const QSize& full)
-{
-    const auto quarter = [](int side) { return std::max(1, side / RenderService::kQuickDivisor); };
-    return {quarter(full.width()), quarter(full.height())};
-}
-
-// For the person at the window.
-QString textOf(const UT_Error& error)
-{
-    if (error.kind == UT_ErrorKind::NO_MEMORY)
-        return RenderService::tr("The memory is not enough for this picture; choose a smaller preview.");
-    return error.sentence();
-}
-
-} // namespace
 
 RenderService::RenderService(StudioDocument& document, QObject* parent)
     : QObject(parent), _document(document), _worker([this](const std::stop_token& stop) { work(stop); })
@@ -46,7 +25,7 @@ RenderService::RenderService(StudioDocument& document, QObject* parent)
 RenderService::~RenderService()
 {
     _scene->removeListener(*this);
-    ++_generation;
+    ++_epoch;
     _worker.request_stop();
     _worker.join();
 }
@@ -59,8 +38,19 @@ void RenderService::listen()
 
 void RenderService::told(XUTeller&)
 {
-    // What is under way is out of date at once; the document gathers changes before it tells that there were some.
+    // A full picture that is under way is out of date at once; the document gathers changes before it tells of them.
     ++_generation;
+    forgetSnapshot();
+}
+
+void RenderService::forgetSnapshot()
+{
+    ++_version;
+    if (!_snapshot)
+        return;
+    const std::scoped_lock lock(_mutex);
+    _dropped.push_back(std::move(_snapshot));
+    _snapshot.reset();
 }
 
 void RenderService::setLongestSide(int pixels)
@@ -82,12 +72,14 @@ void RenderService::setNode(const QString& name)
 
 void RenderService::cancel()
 {
-    ++_generation;
+    ++_epoch;
     {
         const std::scoped_lock lock(_mutex);
         _waiting.reset();
     }
     _wake.notify_all();
+    _quickRunning = false;
+    _again = false;
     if (std::exchange(_rendering, false))
         Q_EMIT stateChanged();
 }
@@ -99,13 +91,16 @@ bool RenderService::isFrameAwaited() const
 
 void RenderService::refresh()
 {
+    ++_epoch;
+    _quickRunning = false;
+    forgetSnapshot();
     sceneChanged();
 }
 
 void RenderService::sceneChanged()
 {
-    _snapshot.reset();
-    _kept.clear();
+    _full.clear();
+    _quick.clear();
     request();
 }
 
@@ -116,7 +111,7 @@ void RenderService::sceneReplaced()
     _node.clear();
     _current.reset();
     Q_EMIT frameChanged();
-    sceneChanged();
+    refresh();
 }
 
 QSize RenderService::fullSize() const
@@ -127,154 +122,106 @@ QSize RenderService::fullSize() const
                         : QSize(side(_longestSide / ratio), _longestSide);
 }
 
+double RenderService::mostQuickPixels() const
+{
+    const MO_Scene& scene = _document.scene();
+    const double frames = _playing ? static_cast<double>(scene.lastFrame()) - scene.firstFrame() + 1.0 : 1.0;
+    return static_cast<double>(kQuickBytes) / static_cast<double>(RenderedFrame::kBytesPerPixel) / frames;
+}
+
 void RenderService::request()
 {
-    const quint64 generation = ++_generation;
+    ++_generation;
     _error.clear();
-    if (RenderedFramePtr ready = kept(_document.currentFrame())) {
+    const int frame = _document.currentFrame();
+    if (const RenderedFramePtr full = _full.find(frame)) {
         cancel();
-        _current = std::move(ready);
-        Q_EMIT frameChanged();
+        show(full, _generation);
         Q_EMIT stateChanged();
         return;
     }
+    const RenderedFramePtr quick = _quick.find(frame);
+    if (quick)
+        show(quick, _generation);
+    _rendering = true;
+    // One at a time: what would be noted down now would not be looked at before the one that is running is done.
+    if (_quickRunning && !quick)
+        _again = true;
+    else
+        send(quick);
+    Q_EMIT stateChanged();
+}
+
+void RenderService::send(const RenderedFramePtr& ready)
+{
+    _again = false;
     if (!_snapshot)
         _snapshot = std::make_shared<SceneSnapshot>(_document.scene(), _node);
     if (_snapshot->isEmpty()) {
-        cancel();
-        _current.reset();
-        Q_EMIT frameChanged();
-        Q_EMIT stateChanged();
+        showNothing();
         return;
     }
-    auto wanted = std::make_unique<Request>(Request{.generation = generation,
+    auto wanted = std::make_unique<Request>(Request{.epoch = _epoch,
+                                                    .generation = _generation,
+                                                    .version = _version,
                                                     .snapshot = _snapshot,
                                                     .frame = _document.currentFrame(),
                                                     .size = fullSize(),
+                                                    .hasQuick = ready != nullptr,
+                                                    .mostQuickPixels = mostQuickPixels(),
                                                     .since = std::chrono::steady_clock::now()});
+    _quickRunning = !ready;
     {
         const std::scoped_lock lock(_mutex);
         _waiting = std::move(wanted);
     }
     _wake.notify_all();
-    _rendering = true;
-    Q_EMIT stateChanged();
 }
 
-void RenderService::work(const std::stop_token& stop)
+void RenderService::showNothing()
 {
-    while (!stop.stop_requested()) {
-        std::unique_ptr<Request> next;
-        {
-            std::unique_lock lock(_mutex);
-            _wake.wait(lock, stop, [this] { return _waiting != nullptr; });
-            if (stop.stop_requested())
-                return;
-            next = std::move(_waiting);
-        }
-        try {
-            renderRequest(*next, stop);
-        } catch (const std::bad_alloc&) {
-            post({next->generation, nullptr, textOf(UT_noMemory({}, {})), true});
-        } catch (const std::exception& error) {
-            post({next->generation, nullptr, QString::fromUtf8(error.what()), true});
-        }
-    }
-}
-
-void RenderService::renderRequest(const Request& request, const std::stop_token& stop)
-{
-    using Clock = std::chrono::steady_clock;
-    const auto goOn = [this, &request, told = Clock::time_point()](double done) mutable {
-        if (!isWanted(request.generation))
-            return false;
-        // Oftener nobody can see it.
-        constexpr std::chrono::milliseconds kTellEvery{40};
-        if (Clock::now() - told < kTellEvery)
-            return true;
-        told = Clock::now();
-        QMetaObject::invokeMethod(
-            this,
-            [this, generation = request.generation, done] {
-                if (isWanted(generation))
-                    Q_EMIT progressed(done);
-            },
-            Qt::QueuedConnection);
-        return true;
-    };
-    const auto render = [&](const QSize& size, bool isLast) {
-        ++_renderCount;
-        auto made = request.snapshot->render(request.frame, request.size, size, goOn);
-        if (!isWanted(request.generation))
-            return std::shared_ptr<RenderedFrame>();
-        if (!made) {
-            post({request.generation, nullptr, textOf(made.error()), true});
-            return std::shared_ptr<RenderedFrame>();
-        }
-        post({request.generation, *made, {}, isLast});
-        return *made;
-    };
-    const QSize quick = quickSize(request.size);
-    if (std::min(quick.width(), quick.height()) >= kSmallestQuick && !render(quick, false))
-        return;
-    if (!rest(request, stop))
-        return;
-    const bool more = request.snapshot->hasOtherBlue();
-    const auto full = render(request.size, !more);
-    if (!full || !more)
-        return;
-    const auto channels = request.snapshot->renderChannels(request.frame, request.size, goOn);
-    if (!channels || !isWanted(request.generation))
-        return;
-    auto complete = std::make_shared<RenderedFrame>(*full);
-    complete->channels = *channels;
-    post({request.generation, std::move(complete), {}, true});
-}
-
-bool RenderService::rest(const Request& request, const std::stop_token& stop)
-{
-    std::unique_lock lock(_mutex);
-    const bool disturbed =
-        _wake.wait_until(lock, stop, request.since + kRest, [&] { return !isWanted(request.generation); });
-    return !disturbed && !stop.stop_requested();
-}
-
-void RenderService::post(Result result)
-{
-    QMetaObject::invokeMethod(
-        this, [this, result = std::move(result)] { take(result); }, Qt::QueuedConnection);
-}
-
-void RenderService::take(const Result& result)
-{
-    if (!isWanted(result.generation))
-        return;
-    if (result.frame) {
-        _current = result.frame;
-        if (result.isLast)
-            keep(result.frame);
-    } else {
-        _current.reset();
-        _error = result.error;
-    }
-    if (result.isLast)
-        _rendering = false;
+    cancel();
+    _current.reset();
     Q_EMIT frameChanged();
     Q_EMIT stateChanged();
 }
 
-void RenderService::keep(const RenderedFramePtr& frame)
+void RenderService::show(const RenderedFramePtr& frame, quint64 generation)
 {
-    _kept.push_front(frame);
-    qsizetype bytes = 0;
-    for (auto it = _kept.begin(); it != _kept.end();) {
-        bytes += (*it)->bytes();
-        it = bytes > kKeptBytes && it != _kept.begin() ? _kept.erase(it) : std::next(it);
-    }
+    // A picture that was overtaken by one from a cache comes too late.
+    if (frame == _current || generation < _currentGeneration)
+        return;
+    _currentGeneration = generation;
+    _current = frame;
+    ++_shownCount;
+    Q_EMIT frameChanged();
 }
 
-RenderedFramePtr RenderService::kept(int frame) const
+void RenderService::take(const Result& result)
 {
-    const auto found = std::ranges::find(_kept, frame, [](const RenderedFramePtr& one) { return one->frame; });
-    return found == _kept.end() ? nullptr : *found;
+    if (result.epoch != _epoch)
+        return;
+    const bool isNewest = result.generation == _generation;
+    if (result.isQuick)
+        _quickRunning = false;
+    if (!result.isQuick && !isNewest)
+        return;
+    // What belongs to an older state of the scene is seen once, and not kept.
+    const bool isOfToday = result.frame && result.version == _version;
+    if (isOfToday && result.isLast)
+        _full.keep(result.frame);
+    else if (isOfToday && result.isQuick)
+        _quick.keep(result.frame);
+    if (result.frame) {
+        show(result.frame, result.generation);
+    } else if (isNewest) {
+        _error = result.error;
+        _current.reset();
+        Q_EMIT frameChanged();
+    }
+    if (result.isLast && isNewest)
+        _rendering = false;
+    if (_again && !_quickRunning)
+        request();
+    Q_EMIT stateChanged();
 }

@@ -37,10 +37,7 @@ std::array<double, 4> coloursAt(const QImage& image, const QPoint& place)
 
 qsizetype RenderedFrame::bytes() const
 {
-    constexpr qsizetype kSurfaceBytes = 28;
-    constexpr qsizetype kImageBytes = 3 * 4;
-    const qsizetype pixmaps = (node ? 8 : 0) + (channels ? 8 : 0);
-    return qsizetype{size.width()} * size.height() * (kSurfaceBytes + kImageBytes + pixmaps);
+    return qsizetype{size.width()} * size.height() * (kBytesPerPixel + (channels ? 8 : 0));
 }
 
 std::optional<FramePixel> pixelOf(const RenderedFrame& frame, const QPoint& place)

@@ -33,6 +33,8 @@ struct RenderedFrame
     UT_SharedPtr<CEL_PixmapArea> channels;
 
     bool isFull() const { return size == fullSize; }
+    /// About how much memory a pixel takes: the surface, three images, and what the node delivered once.
+    static constexpr qsizetype kBytesPerPixel = 28 + 3 * 4 + 8;
     /// About how much memory it takes.
     qsizetype bytes() const;
 };

@@ -6,7 +6,6 @@
 #include "QuarvelNormalMap/NM_DrawingPicture.h"
 #include "QuarvelNormalMap/NM_Layers.h"
 #include "QuarvelNormalMap/NM_NormalPicture.h"
-#include "QuarvelSceneCore/graph/MO_SceneCopy.h"
 #include "jobs/shown/NormalMapNode.h"
 #include "studio/preview/FrameImages.h"
 
@@ -68,13 +67,22 @@ MO_Module* shownModule(const MO_Scene& scene)
     return scene.root().modules().back().get();
 }
 
-SceneSnapshot::SceneSnapshot(const MO_Scene& scene, const QString& nodeName) : _scene(MO_copyScene(scene))
+SceneSnapshot::SceneSnapshot(const MO_Scene& scene, const QString& nodeName) : _capture(scene)
 {
-    MO_Module* module = nodeName.isEmpty() ? nullptr : _scene->findModule(nodeName);
+    const MO_Module* module = nodeName.isEmpty() ? nullptr : scene.findModule(nodeName);
     if (!module)
-        module = shownModule(*_scene);
+        module = shownModule(scene);
     if (module)
-        _shown = std::make_unique<ShownModule>(*module);
+        _module = module->instanceName();
+}
+
+ShownModule& SceneSnapshot::source()
+{
+    if (!_shown) {
+        _scene = _capture.makeScene();
+        _shown = std::make_unique<ShownModule>(*_scene->findModule(_module));
+    }
+    return *_shown;
 }
 
 SceneSnapshot::~SceneSnapshot() = default;
@@ -82,7 +90,7 @@ SceneSnapshot::~SceneSnapshot() = default;
 UT_Result<std::shared_ptr<RenderedFrame>> SceneSnapshot::render(int frame, const QSize& fullSize, const QSize& size,
                                                                 const RD_SoftRenderer::Progress& progress)
 {
-    const auto shown = _shown->render(frame, parametersOf(size), {.elevation = true, .drawing = true}, progress);
+    const auto shown = source().render(frame, parametersOf(size), {.elevation = true, .drawing = true}, progress);
     if (!shown)
         return shown.error();
     auto surface = NM_Surface::create({size.width(), size.height()});
@@ -109,5 +117,5 @@ UT_Result<std::shared_ptr<RenderedFrame>> SceneSnapshot::render(int frame, const
 UT_Result<UT_SharedPtr<CEL_PixmapArea>> SceneSnapshot::renderChannels(int frame, const QSize& size,
                                                                       const RD_SoftRenderer::Progress& progress)
 {
-    return _shown->renderChannels(frame, parametersOf(size), progress);
+    return source().renderChannels(frame, parametersOf(size), progress);
 }

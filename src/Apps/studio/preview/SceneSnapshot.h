@@ -1,18 +1,19 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // SceneSnapshot: the scene as it was at one moment, for the thread that renders. It renders what the viewer shows of a
-// frame: the node's picture with the elevation beside the normals, and the drawing that the node works on.
+// frame: the node's picture with the elevation beside the normals, and the drawing that the node works on. The scene's
+// thread only notes down what the scene is; the copy is made by the first render.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
-#include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "QuarvelSceneCore/graph/MO_SceneCopy.h"
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 #include "jobs/shown/ShownFrame.h"
 #include "studio/preview/RenderedFrame.h"
 
 #include <memory>
 
-/// A scene's copy. Made on the scene's thread; then used by one thread at a time.
+/// A scene's copy. Made on the scene's thread; then used by one other thread at a time.
 class SceneSnapshot
 {
 public:
@@ -24,7 +25,7 @@ public:
     SceneSnapshot& operator=(const SceneSnapshot&) = delete;
 
     /// Whether there is anything to render.
-    bool isEmpty() const { return !_shown; }
+    bool isEmpty() const { return _module.isEmpty(); }
 
     /// Renders a frame.
     ///
@@ -36,12 +37,16 @@ public:
 
     /// Whether the node's blue channel holds something else than the elevation, so that renderChannels() has more to
     /// show than render().
-    bool hasOtherBlue() const { return _shown->hasOtherBlue(); }
+    bool hasOtherBlue() { return source().hasOtherBlue(); }
     /// Renders what the node delivers with its attributes as they are.
     UT_Result<UT_SharedPtr<CEL_PixmapArea>> renderChannels(int frame, const QSize& size,
                                                            const RD_SoftRenderer::Progress& progress);
 
 private:
+    ShownModule& source();
+
+    QString _module; // its name
+    MO_SceneCapture _capture;
     std::unique_ptr<MO_Scene> _scene;
     std::unique_ptr<ShownModule> _shown;
 };

@@ -1543,6 +1543,21 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     </message>
 </context>
 <context>
+    <name>OpeningBar</name>
+    <message>
+        <source>Opening</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Gives up opening; what is open stays</source>
+        <translation>Bricht das Öffnen ab; was offen ist, bleibt</translation>
+    </message>
+</context>
+<context>
     <name>PLUG_EditorPanel</name>
     <message>
         <source>No node is selected</source>
@@ -2154,6 +2169,30 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <source>Play</source>
         <translation>Abspielen</translation>
     </message>
+    <message>
+        <source>How many frames a second the scene is played with</source>
+        <translation>Mit wie vielen Bildern je Sekunde die Szene abgespielt wird</translation>
+    </message>
+    <message>
+        <source>Frames a second</source>
+        <translation>Bilder je Sekunde</translation>
+    </message>
+    <message>
+        <source> fps</source>
+        <translation> B/s</translation>
+    </message>
+    <message>
+        <source>Loop &amp;From This Frame</source>
+        <translation>Schleife &amp;ab diesem Bild</translation>
+    </message>
+    <message>
+        <source>Loop &amp;Up to This Frame</source>
+        <translation>Schleife &amp;bis zu diesem Bild</translation>
+    </message>
+    <message>
+        <source>Loop &amp;All Frames</source>
+        <translation>A&amp;lle Bilder wiederholen</translation>
+    </message>
 </context>
 <context>
     <name>Viewer</name>
@@ -2222,6 +2261,10 @@ Schalten Sie in seinen Eigenschaften „Normalen erzeugen“ ein.</translation>
     <message>
         <source>A scene, or drawings to import.</source>
         <translation>Eine Szene oder Zeichnungen zum Importieren.</translation>
+    </message>
+    <message>
+        <source>Print how many pictures a second the window shows, and end.</source>
+        <translation>Ausgeben, wie viele Bilder je Sekunde das Fenster zeigt, und beenden.</translation>
     </message>
 </context>
 </TS>

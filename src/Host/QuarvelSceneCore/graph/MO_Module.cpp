@@ -59,6 +59,11 @@ bool MO_Module::isSceneOutput() const
 
 void MO_Module::shareFiles(const MO_Module&, MO_FileSharing) {}
 
+bool MO_Module::hasFiles() const
+{
+    return false;
+}
+
 QString MO_Module::getXmlElementName() const
 {
     return QStringLiteral("module");

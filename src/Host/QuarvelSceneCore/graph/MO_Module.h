@@ -96,6 +96,8 @@ public:
     ///
     /// @param original a module of the same class, of which this one has the attributes already
     virtual void shareFiles(const MO_Module& original, MO_FileSharing sharing);
+    /// Whether the module has anything that shareFiles() would take over from it. False unless overridden.
+    virtual bool hasFiles() const;
 
     /// "module".
     QString getXmlElementName() const override;

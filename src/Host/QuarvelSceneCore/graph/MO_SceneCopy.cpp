@@ -13,7 +13,7 @@
 
 namespace {
 
-QDomDocument documentOf(const PIO_XmlWritable& object)
+QString textOf(const PIO_XmlWritable& object)
 {
     QString text;
     {
@@ -22,6 +22,11 @@ QDomDocument documentOf(const PIO_XmlWritable& object)
         object.writeXml(writer);
         writer.endDocument();
     }
+    return text;
+}
+
+QDomDocument documentOf(const QString& text)
+{
     const auto document = PO_parseDocument(text.toUtf8(), QString());
     return document ? *document : QDomDocument();
 }
@@ -40,15 +45,40 @@ void shareFiles(const MO_Module& original, MO_Module& copy, MO_FileSharing shari
 
 } // namespace
 
+MO_SceneCapture::MO_SceneCapture(const MO_Scene& scene) : _xml(textOf(scene)), _palettes(scene.palettes())
+{
+    scene.root().forEachModule([this](const MO_Module& module) {
+        std::unique_ptr<MO_Module> files;
+        if (module.hasFiles())
+            files = MO_ModuleFactorySingleton().create(module.keyword());
+        if (files)
+            files->shareFiles(module, MO_FileSharing::FOR_RENDERING);
+        _files.push_back(std::move(files));
+    });
+}
+
+MO_SceneCapture::~MO_SceneCapture() = default;
+
+std::unique_ptr<MO_Scene> MO_SceneCapture::makeScene()
+{
+    auto scene = std::make_unique<MO_Scene>();
+    // What the program wrote a moment ago, it can read.
+    (void)scene->readXml(documentOf(_xml).documentElement(), nullptr);
+    for (const auto& palette : _palettes)
+        scene->addPalette(palette);
+    // The two have the same modules in the same order.
+    auto files = _files.begin();
+    scene->root().forEachModule([&](MO_Module& module) {
+        if (*files)
+            module.shareFiles(**files, MO_FileSharing::SAME_OBJECTS);
+        ++files;
+    });
+    return scene;
+}
+
 std::unique_ptr<MO_Scene> MO_copyScene(const MO_Scene& scene)
 {
-    auto copy = std::make_unique<MO_Scene>();
-    // What the program wrote a moment ago, it can read.
-    (void)copy->readXml(documentOf(scene).documentElement(), nullptr);
-    for (const auto& palette : scene.palettes())
-        copy->addPalette(palette);
-    shareFiles(scene.root(), copy->root(), MO_FileSharing::FOR_RENDERING);
-    return copy;
+    return MO_SceneCapture(scene).makeScene();
 }
 
 std::unique_ptr<MO_Module> MO_copyModule(const MO_Module& module)
@@ -56,7 +86,7 @@ std::unique_ptr<MO_Module> MO_copyModule(const MO_Module& module)
     auto copy = MO_ModuleFactorySingleton().create(module.keyword());
     if (!copy)
         copy = std::make_unique<MO_OpaqueModule>(module.keyword());
-    copy->componentReader()->readElement(documentOf(module).documentElement(), nullptr);
+    copy->componentReader()->readElement(documentOf(textOf(module)).documentElement(), nullptr);
     shareFiles(module, *copy, MO_FileSharing::SAME_OBJECTS);
     return copy;
 }

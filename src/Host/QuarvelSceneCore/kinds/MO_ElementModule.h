@@ -62,6 +62,7 @@ public:
     void accept(MO_AbstractModuleVisitor& visitor) override;
     /// Shares the drawings.
     void shareFiles(const MO_Module& original, MO_FileSharing sharing) override;
+    bool hasFiles() const override { return !_drawings.empty(); }
     void writeXmlAttributes(PO_XmlWriter& writer) const override;
 
 protected:

@@ -1,0 +1,201 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Values change every few milliseconds, as a mouse moves, through the commands that a person's hand gives. What counts
+// is what the viewer paints: a picture or a light that it did not paint before.
+#include "studio/window/PictureRates.h"
+
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_StringAttr.h"
+#include "QuarvelSceneCore/editing/MO_SceneCommands.h"
+#include "jobs/shown/NormalMapNode.h"
+#include "studio/docks/timeline/Playback.h"
+#include "studio/docks/timeline/TimelineView.h"
+#include "studio/preview/Viewer.h"
+#include "studio/window/MainWindow.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QEvent>
+#include <QTemporaryDir>
+
+#include <cmath>
+#include <cstdio>
+
+namespace {
+
+constexpr int kPatience = 120000;
+constexpr int kLongestSide = 1920;
+constexpr qint64 kDragged = 5000; // milliseconds
+constexpr int kMouseEvery = 8;
+
+// Counts what the viewer paints for the first time.
+class PaintedPictures : public QObject
+{
+public:
+    explicit PaintedPictures(MainWindow& window) : _window(window)
+    {
+        window.viewer().installEventFilter(this);
+        connect(&window.lights(), &LightModel::changed, this, [this] { _isNew = true; });
+        connect(&window.renderService(), &RenderService::frameChanged, this, [this] { _isNew = true; });
+    }
+
+    int count() const { return _count; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint && std::exchange(_isNew, false))
+            ++_count;
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    MainWindow& _window;
+    bool _isNew = false;
+    int _count = 0;
+};
+
+class Rates
+{
+public:
+    explicit Rates(MainWindow& window) : _window(window), _pictures(window) {}
+
+    bool waitForPicture()
+    {
+        QElapsedTimer timer;
+        timer.start();
+        const RenderService& renders = _window.renderService();
+        const auto isReady = [&] {
+            return !_window.files().isBusy() && !renders.isRendering() && renders.current() &&
+                   renders.current()->isFull();
+        };
+        while (!isReady() && timer.elapsed() < kPatience)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
+        return isReady();
+    }
+
+    // Calls move(share) with 0 to 1 and back, as often as a mouse reports, and prints the rate.
+    template<typename Move>
+    void drag(const char* what, double goal, const Move& move)
+    {
+        QElapsedTimer all;
+        QElapsedTimer since;
+        all.start();
+        since.start();
+        double longest = 0.0;
+        const int before = _pictures.count();
+        while (all.elapsed() < kDragged) {
+            QElapsedTimer turn;
+            turn.start();
+            if (since.elapsed() >= kMouseEvery) {
+                since.start();
+                move(0.5 - 0.5 * std::cos(static_cast<double>(all.elapsed()) / 1000.0));
+            }
+            QCoreApplication::processEvents(QEventLoop::AllEvents);
+            longest = std::max(longest, static_cast<double>(turn.nsecsElapsed()) / 1e6);
+        }
+        print(what, (_pictures.count() - before) * 1000.0 / static_cast<double>(all.elapsed()), goal);
+        std::printf("%-34s%8.1f ms\n", "  longest turn of the event loop", longest);
+        _window.document().commands().endMerging();
+    }
+
+    // Plays all frames twice, and prints the rate of the second time.
+    void play(const char* what)
+    {
+        Playback& playback = _window.findChild<TimelineView*>()->playback();
+        const MO_Scene& scene = _window.document().scene();
+        const int frames = scene.lastFrame() - scene.firstFrame() + 1;
+        const auto loop = static_cast<qint64>(frames * 1000.0 / scene.frameRate());
+        _window.document().setCurrentFrame(scene.firstFrame());
+        playback.start();
+        wait(std::max<qint64>(loop, 60LL * frames) + loop);
+        const int before = _pictures.count();
+        wait(2 * loop);
+        const double seconds = 2.0 * static_cast<double>(loop) / 1000.0;
+        playback.stop();
+        print(what, (_pictures.count() - before) / seconds, scene.frameRate());
+    }
+
+private:
+    static void print(const char* what, double rate, double goal)
+    {
+        std::printf("%-34s%8.1f pictures a second, goal %g\n", what, rate, goal);
+    }
+
+    static void wait(qint64 milliseconds)
+    {
+        QElapsedTimer timer;
+        timer.start();
+        while (timer.elapsed() < milliseconds)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 5);
+    }
+
+    MainWindow& _window;
+    PaintedPictures _pictures;
+};
+
+MO_Module* nodeOf(const MO_Scene& scene)
+{
+    MO_Module* node = nullptr;
+    scene.root().forEachModule([&](MO_Module& module) {
+        if (!node && NormalMapNode::is(module))
+            node = &module;
+    });
+    return node;
+}
+
+void dragBevel(Rates& rates, StudioDocument& document, MO_Module& node)
+{
+    auto* const table = dynamic_cast<AT_StringAttr*>(node.findAttr(QStringLiteral("ObjectList")));
+    std::vector<NormalMapObject> objects = NormalMapNode(node).objects();
+    if (!table || objects.empty())
+        return;
+    rates.drag("bevel of one object, dragged", 12.0, [&](double share) {
+        objects.front().bevel = 5.0 + 60.0 * share;
+        document.execute(MO_EditCommand(table->setValueCmd(0.0, objectTableText(objects))));
+    });
+}
+
+void dragLight(Rates& rates, LightModel& lights)
+{
+    rates.drag("light, dragged", 25.0, [&](double share) {
+        StudioLight light = lights.lights().front();
+        light.place = {2.0 * share - 1.0, 0.5};
+        lights.setLight(0, light);
+    });
+}
+
+void playKeyedBevel(Rates& rates, StudioDocument& document, MO_Module& node)
+{
+    AT_DoubleAttr* const bevels = NormalMapNode(node).bevelMultiplier();
+    if (!bevels)
+        return;
+    AT_Curve curve;
+    curve.setKey({.frame = 1.0, .value = 0.5, .in = {}, .out = {}, .unknown = {}});
+    curve.setKey({.frame = 24.0, .value = 2.0, .in = {}, .out = {}, .unknown = {}});
+    document.execute(MO_frameRangeCmd(document.scene(), 1, 24));
+    bevels->setCurve(curve);
+    rates.play("24 frames played, from loop 2 on");
+}
+
+} // namespace
+
+int printPictureRates()
+{
+    const QTemporaryDir folder;
+    MainWindow window(folder.path());
+    window.resize(1600, 1000);
+    window.renderService().setLongestSide(kLongestSide);
+    window.show();
+    window.openPaths({MainWindow::examplePath()});
+    Rates rates(window);
+    MO_Module* const node = rates.waitForPicture() ? nodeOf(window.document().scene()) : nullptr;
+    if (!node) {
+        std::fprintf(stderr, "the example was not rendered\n");
+        return 1;
+    }
+    dragBevel(rates, window.document(), *node);
+    if (rates.waitForPicture())
+        dragLight(rates, window.lights());
+    playKeyedBevel(rates, window.document(), *node);
+    return 0;
+}
