@@ -185,6 +185,47 @@ TEST_F(RenderServiceTest, FramesThatWereRenderedAreKeptUntilTheSceneChanges)
     EXPECT_GT(window->renderService().renderCount(), renders);
 }
 
+TEST_F(RenderServiceTest, ADrawingIsPaintedAnewOnlyWhenItChanges)
+{
+    openDiscAtHome();
+    MO_Scene& scene = document().scene();
+    auto& bevels = dynamic_cast<AT_DoubleAttr&>(*scene.findAttr(QStringLiteral("Normal-Map.BlurScale")));
+    DrawingCache drawings;
+    const auto rendered = [&](int frame) {
+        SceneSnapshot cached(scene, {});
+        SceneSnapshot alone(scene, {});
+        const auto made = cached.render(frame, {400, 200}, {200, 100}, {}, &drawings);
+        const auto expected = alone.render(frame, {400, 200}, {200, 100}, {});
+        EXPECT_TRUE(made.ok() && expected.ok());
+        EXPECT_EQ((*made)->drawing, (*expected)->drawing);
+        EXPECT_EQ((*made)->normals, (*expected)->normals);
+        EXPECT_EQ((*made)->surface.row(50).red[100], (*expected)->surface.row(50).red[100]);
+        return *made;
+    };
+    const auto first = rendered(1);
+    ASSERT_TRUE(bevels.setLocalValue(3.0));
+    const auto rounder = rendered(1);
+    EXPECT_NE(rounder->normals, first->normals);
+    EXPECT_EQ(rounder->drawing.cacheKey(), first->drawing.cacheKey());
+    // Another frame that looks the same.
+    EXPECT_EQ(rendered(2)->drawing.cacheKey(), first->drawing.cacheKey());
+    moveDisc(20.0);
+    const auto moved = rendered(1);
+    EXPECT_NE(moved->drawing, first->drawing);
+    // Something else that reads the node's value is seen.
+    element().positionX()->setSurrogate(UT_makeShared<AT_AttrLink>(QStringLiteral("Normal-Map.BlurScale")));
+    scene.resolveLinks();
+    const auto linked = rendered(1);
+    ASSERT_TRUE(bevels.setLocalValue(9.0));
+    EXPECT_NE(rendered(1)->drawing, linked->drawing);
+    element().positionX()->setSurrogate(nullptr);
+    EXPECT_EQ(rendered(1)->drawing, moved->drawing);
+    // So is another drawing of the same name.
+    const auto old = element().drawings().begin();
+    element().setDrawing(QString(old->first), UT_makeShared<CELVEC_Kvd>(old->second->palette()));
+    rendered(1);
+}
+
 TEST_F(RenderServiceTest, AnEmptySceneHasNoPictureAndNoError)
 {
     openDisc();

@@ -6,6 +6,9 @@
 
 #include <QByteArray>
 
+#include <functional>
+
+class MO_Module;
 class MO_Scene;
 
 /// The values of all attributes of all modules and of the camera at a frame, to the last bit. Drawings count by name:
@@ -13,7 +16,10 @@ class MO_Scene;
 /// nothing else; one that looked at the number of the frame itself would not be seen.
 ///
 /// @return equal for two frames of one scene only when everything is equal
-QByteArray frameStateOf(const MO_Scene& scene, double frame);
+///
+/// @param counts says which modules count; all, unless set
+QByteArray frameStateOf(const MO_Scene& scene, double frame,
+                        const std::function<bool(const MO_Module& module)>& counts = {});
 
 /// The same of the scene's lights, which change how a frame looks when it is lit and no map of it.
 QByteArray lightStateOf(const MO_Scene& scene, double frame);

@@ -13,6 +13,7 @@
 #pragma once
 
 #include "QuarvelBaseCore/XUTeller.h"
+#include "studio/preview/DrawingCache.h"
 #include "studio/preview/FrameCache.h"
 #include "studio/preview/QuickPace.h"
 
@@ -152,6 +153,7 @@ private:
     std::condition_variable_any _wake;
     std::unique_ptr<Request> _waiting;                    // under _mutex
     std::vector<std::shared_ptr<SceneSnapshot>> _dropped; // under _mutex; taken apart by the worker
+    DrawingCache _drawings;                               // of the worker
     QuickPace _pace;                                      // of the worker
     std::chrono::steady_clock::time_point _told;          // the same
     std::jthread _worker;                                 // last: it ends before the rest goes

@@ -79,10 +79,11 @@ std::shared_ptr<RenderedFrame> RenderService::renderQuick(const Request& request
 {
     ++_renderCount;
     const Clock::time_point begin = Clock::now();
-    auto made = request.snapshot->render(request.frame, request.size, size, [&](double done) {
+    const auto goOn = [&](double done) {
         tellProgress(request, done);
         return isValid(request);
-    });
+    };
+    auto made = request.snapshot->render(request.frame, request.size, size, goOn, &_drawings);
     Result result = resultOf(request);
     result.isQuick = true;
     if (!made) {
@@ -101,10 +102,11 @@ std::shared_ptr<RenderedFrame> RenderService::renderQuick(const Request& request
 std::shared_ptr<RenderedFrame> RenderService::renderFull(const Request& request)
 {
     ++_renderCount;
-    auto made = request.snapshot->render(request.frame, request.size, request.size, [&](double done) {
+    const auto goOn = [&](double done) {
         tellProgress(request, done);
         return isWanted(request);
-    });
+    };
+    auto made = request.snapshot->render(request.frame, request.size, request.size, goOn, &_drawings);
     if (!isWanted(request))
         return nullptr;
     Result result = resultOf(request);

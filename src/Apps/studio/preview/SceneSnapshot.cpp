@@ -6,6 +6,7 @@
 #include "QuarvelNormalMap/NM_DrawingPicture.h"
 #include "QuarvelNormalMap/NM_Layers.h"
 #include "QuarvelNormalMap/NM_NormalPicture.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "jobs/shown/NormalMapNode.h"
 #include "studio/preview/FrameImages.h"
 
@@ -43,12 +44,14 @@ UT_Result<void> takeVolume(const ShownFrame& shown, RenderedFrame& made)
     return made.surface.setNormals(*shown.picture, shown.window);
 }
 
-UT_Result<void> takeDrawing(const ShownFrame& shown, RenderedFrame& made)
+UT_Result<PaintedDrawing> paint(const ShownFrame& shown)
 {
-    const auto picture = NM_drawingPicture(*shown.drawing, shown.window, IIO_SampleType::UINT16);
-    if (const auto taken = takeImage(picture, made.drawing); !taken)
-        return taken;
-    return made.surface.setDrawing(*picture);
+    auto picture = NM_drawingPicture(*shown.drawing, shown.window, IIO_SampleType::UINT16);
+    PaintedDrawing painted;
+    if (const auto taken = takeImage(picture, painted.image); !taken)
+        return taken.error();
+    painted.picture = std::make_shared<const IIO_Picture>(std::move(*picture));
+    return painted;
 }
 
 } // namespace
@@ -74,6 +77,11 @@ SceneSnapshot::SceneSnapshot(const MO_Scene& scene, const QString& nodeName) : _
         module = shownModule(scene);
     if (module)
         _module = module->instanceName();
+    scene.root().forEachModule([this](const MO_Module& each) {
+        if (const auto* const element = dynamic_cast<const MO_ElementModule*>(&each))
+            for (const auto& [name, drawing] : element->drawings())
+                _state.drawings.push_back(drawing);
+    });
 }
 
 ShownModule& SceneSnapshot::source()
@@ -81,6 +89,7 @@ ShownModule& SceneSnapshot::source()
     if (!_shown) {
         _scene = _capture.makeScene();
         _shown = std::make_unique<ShownModule>(*_scene->findModule(_module));
+        _state.graph = drawingGraphOf(*_scene, _module);
     }
     return *_shown;
 }
@@ -88,11 +97,23 @@ ShownModule& SceneSnapshot::source()
 SceneSnapshot::~SceneSnapshot() = default;
 
 UT_Result<std::shared_ptr<RenderedFrame>> SceneSnapshot::render(int frame, const QSize& fullSize, const QSize& size,
-                                                                const RD_SoftRenderer::Progress& progress)
+                                                                const RD_SoftRenderer::Progress& progress,
+                                                                DrawingCache* drawings)
 {
-    const auto shown = source().render(frame, parametersOf(size), {.elevation = true, .drawing = true}, progress);
+    const ShownModule& module = source();
+    // Of other modules the picture is the drawing.
+    const bool mayBeKept = drawings && module.kind() != RenderedKind::COLOURS;
+    if (mayBeKept)
+        _state.frame = drawingFrameOf(*_scene, frame);
+    const PaintedDrawing* const kept = mayBeKept ? drawings->find(_state, size) : nullptr;
+    const auto shown = module.render(frame, parametersOf(size), {.elevation = true, .drawing = !kept}, progress);
     if (!shown)
         return shown.error();
+    const auto painted = kept ? UT_Result<PaintedDrawing>(*kept) : paint(*shown);
+    if (!painted)
+        return painted.error();
+    if (mayBeKept && !kept)
+        drawings->keep(_state, size, *painted);
     auto surface = NM_Surface::create({size.width(), size.height()});
     if (!surface)
         return surface.error();
@@ -101,7 +122,7 @@ UT_Result<std::shared_ptr<RenderedFrame>> SceneSnapshot::render(int frame, const
                                                                  .size = size,
                                                                  .nodeName = _shown->module().instanceName(),
                                                                  .kind = _shown->kind(),
-                                                                 .drawing = {},
+                                                                 .drawing = painted->image,
                                                                  .elevation = {},
                                                                  .normals = {},
                                                                  .surface = std::move(*surface),
@@ -109,8 +130,8 @@ UT_Result<std::shared_ptr<RenderedFrame>> SceneSnapshot::render(int frame, const
                                                                  .channels = {}});
     if (const auto done = takeVolume(*shown, *made); !done)
         return done.error();
-    if (const auto done = takeDrawing(*shown, *made); !done)
-        return done.error();
+    if (const auto set = made->surface.setDrawing(*painted->picture); !set)
+        return set.error();
     return made;
 }
 

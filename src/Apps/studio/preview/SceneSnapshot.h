@@ -9,6 +9,7 @@
 #include "QuarvelSceneCore/graph/MO_SceneCopy.h"
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 #include "jobs/shown/ShownFrame.h"
+#include "studio/preview/DrawingCache.h"
 #include "studio/preview/RenderedFrame.h"
 
 #include <memory>
@@ -31,9 +32,11 @@ public:
     ///
     /// @param fullSize what the frame counts as
     /// @param size     what it is rendered in
+    /// @param drawings where a drawing may be found that was painted before, and this one is kept; or null
     /// @return an error when it cannot be rendered or progress said to stop
     UT_Result<std::shared_ptr<RenderedFrame>> render(int frame, const QSize& fullSize, const QSize& size,
-                                                     const RD_SoftRenderer::Progress& progress);
+                                                     const RD_SoftRenderer::Progress& progress,
+                                                     DrawingCache* drawings = nullptr);
 
     /// Whether the node's blue channel holds something else than the elevation, so that renderChannels() has more to
     /// show than render().
@@ -46,6 +49,7 @@ private:
     ShownModule& source();
 
     QString _module; // its name
+    DrawingState _state;
     MO_SceneCapture _capture;
     std::unique_ptr<MO_Scene> _scene;
     std::unique_ptr<ShownModule> _shown;

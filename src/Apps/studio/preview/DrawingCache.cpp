@@ -1,0 +1,82 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// A node that makes normal maps decides by its links and its switch which drawings are seen (VisibleDrawing.h), and by
+// none of its values. They count only where another module reads one of them.
+#include "studio/preview/DrawingCache.h"
+
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/graph/MO_GroupBorderModule.h"
+#include "jobs/frames/FrameState.h"
+#include "jobs/shown/NormalMapNode.h"
+
+#include <QDataStream>
+
+#include <algorithm>
+
+namespace {
+
+bool readsAnother(const MO_Scene& scene)
+{
+    bool reads = scene.truckFactorAttr().link() != nullptr;
+    scene.root().forEachModule([&](const MO_Module& module) {
+        for (const AT_Attr* const attr : module.attrs())
+            reads = reads || attr->link();
+    });
+    return reads;
+}
+
+void addLinks(const MO_Module& target, QDataStream& out)
+{
+    for (unsigned i = 0; i < target.nInPorts(); ++i) {
+        const MO_Port* const source = target.inPort(i)->srcPort();
+        out << (source ? source->node()->instanceName() : QStringLiteral("/")) << (source ? source->index() : 0U);
+    }
+}
+
+} // namespace
+
+QByteArray drawingGraphOf(const MO_Scene& scene, const QString& shown)
+{
+    const bool allCount = readsAnother(scene);
+    QByteArray graph;
+    QDataStream out(&graph, QIODevice::WriteOnly);
+    out << shown << scene.frameHeight() << scene.truckFactorAttr().toXml();
+    scene.root().forEachModule([&](const MO_Module& module) {
+        const auto* const group = dynamic_cast<const XUGroup*>(&module);
+        const bool isNode = NormalMapNode::is(module);
+        // What is inside of a group comes by itself.
+        if (group || (isNode && !allCount))
+            out << module.keyword() << module.instanceName() << module.enabled();
+        else
+            out << module.toXml();
+        out << (module.group() ? module.group()->instanceName() : QString());
+        addLinks(module, out);
+        if (group)
+            addLinks(group->exit(), out);
+    });
+    return graph;
+}
+
+QByteArray drawingFrameOf(const MO_Scene& scene, double frame)
+{
+    const bool allCount = readsAnother(scene);
+    return frameStateOf(scene, frame,
+                        [allCount](const MO_Module& module) { return allCount || !NormalMapNode::is(module); });
+}
+
+const PaintedDrawing* DrawingCache::find(const DrawingState& state, const QSize& size)
+{
+    const auto found =
+        std::ranges::find_if(_entries, [&](const Entry& entry) { return entry.size == size && entry.state == state; });
+    if (found == _entries.end())
+        return nullptr;
+    _entries.splice(_entries.begin(), _entries, found);
+    return &_entries.front().drawing;
+}
+
+void DrawingCache::keep(const DrawingState& state, const QSize& size, const PaintedDrawing& drawing)
+{
+    _entries.push_front({state, size, drawing});
+    if (_entries.size() > kMost)
+        _entries.pop_back();
+}
