@@ -3,7 +3,9 @@
 // Widgets paint themselves into an image of the density that is wanted; no screen is needed.
 #include "studio/window/Screenshots.h"
 
+#include "jobs/scene/LightPresets.h"
 #include "jobs/shown/NormalMapNode.h"
+#include "studio/docks/scene/LightPanel.h"
 #include "studio/export/ExportDialog.h"
 #include "studio/preview/Viewer.h"
 #include "studio/window/Appearance.h"
@@ -87,6 +89,19 @@ void raiseDock(const QMainWindow& window, const QString& name)
     window.findChild<QDockWidget*>(name)->raise();
 }
 
+// The whole panel, which the dock shows a part of, and the window in the light of each preset.
+void takeLights(Shooting& shooting, MainWindow& window)
+{
+    for (const LightPreset& preset : lightPresets()) {
+        window.lights().use(preset.label, preset.rig);
+        shooting.take(window, QStringLiteral("lights-") + preset.keyword);
+    }
+    auto* const panel = window.findChild<LightPanel*>();
+    panel->resize(panel->width(), panel->sizeHint().height());
+    shooting.take(*panel, QStringLiteral("light-panel"));
+    window.lights().reset();
+}
+
 void takeAll(Shooting& shooting)
 {
     const QTemporaryDir recovery;
@@ -104,7 +119,6 @@ void takeAll(Shooting& shooting)
         return;
     }
     window.messages().clear();
-    window.lights().reset();
     MO_Module* node = nullptr;
     window.document().scene().root().forEachModule([&](MO_Module& module) {
         if (NormalMapNode::is(module))
@@ -119,6 +133,7 @@ void takeAll(Shooting& shooting)
         shooting.take(window, QString::fromLatin1(name).toLower());
     }
     raiseDock(window, QStringLiteral("lightsDock"));
+    takeLights(shooting, window);
     window.viewer().zoomTo(6.0);
     shooting.take(window, QStringLiteral("zoomed"));
     window.viewer().fit();
