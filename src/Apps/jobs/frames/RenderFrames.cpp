@@ -129,9 +129,9 @@ private:
     {
         const int number = _settings.frames[index];
         const QString file = _settings.file.of(number);
-        const RD_RenderJob job(_settings.parameters);
+        const auto [width, height] = _settings.parameters.resolution;
         const IIO_Metadata metadata = metadataOf(number);
-        if (_settings.resumeAfter && isFrameOnDisk(file, job.size(), metadata, *_settings.resumeAfter))
+        if (_settings.resumeAfter && isFrameOnDisk(file, {width, height}, metadata, *_settings.resumeAfter))
             return FrameEnd::KEPT;
         if (!picture) {
             auto rendered = render(index);

@@ -124,6 +124,24 @@ AT_DoubleAttr* NormalMapNode::elevationMultiplier() const
     return dynamic_cast<AT_DoubleAttr*>(_module->findAttr(kElevationMultiplier));
 }
 
+void NormalMapNode::scaleElevations(double factor) const
+{
+    std::vector<NormalMapObject> scaled = objects();
+    for (NormalMapObject& object : scaled)
+        object.elevation *= factor;
+    (void)setText(*_module, kObjects, objectTableText(scaled));
+}
+
+bool NormalMapNode::clips() const
+{
+    return isOn(*_module, kClip, true);
+}
+
+bool NormalMapNode::usesTruckFactor() const
+{
+    return isOn(*_module, kUseTruckFactor, false);
+}
+
 QString objectTableText(const std::vector<NormalMapObject>& objects)
 {
     QStringList rows;

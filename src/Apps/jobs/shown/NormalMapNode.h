@@ -81,6 +81,12 @@ public:
     /// of another kind.
     AT_DoubleAttr* bevelMultiplier() const;
     AT_DoubleAttr* elevationMultiplier() const;
+    /// Multiplies the elevation of every object.
+    void scaleElevations(double factor) const;
+    /// Whether nothing of the blur is kept beyond the drawing's outline (attribute ClipBlurredWithGeometry).
+    bool clips() const;
+    /// Whether the camera's truck factor multiplies bevels and elevations too (attribute UseTruckFactor).
+    bool usesTruckFactor() const;
 
 private:
     MO_Module* _module;

@@ -4,6 +4,7 @@
 #include "jobs/shown/ShownFrame.h"
 
 #include "QuarvelSceneCore/graph/MO_SceneCopy.h"
+#include "jobs/shown/FrameMargin.h"
 #include "jobs/shown/NormalMapNode.h"
 #include "jobs/shown/VisibleDrawing.h"
 
@@ -29,6 +30,12 @@ UT_Result<UT_SharedPtr<CEL_PixmapArea>> renderModule(MO_Module& module, double f
     return (*cel)->pixmap();
 }
 
+// As the node computes it.
+float canvasFactor(const Math::Box2di& canvas)
+{
+    return static_cast<float>(canvas.width() / MO_SceneCommon::kFrameWidth);
+}
+
 } // namespace
 
 ShownModule::ShownModule(MO_Module& module) : _module(module), _source(pictureSourceOf(module))
@@ -45,11 +52,10 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
 {
     ShownFrame made;
     made.kind = _source.kind;
-    made.window = RD_RenderJob(parameters).canvas();
+    made.window = RD_RenderJob(parameters).frame();
     const bool twice = _otherBlue && wanted.elevation && wanted.channels;
     const double firstEnds = twice ? kNodeEnds / 2.0 : kNodeEnds;
-    auto picture =
-        renderModule(wanted.elevation ? elevated() : _module, frame, parameters, part(progress, 0.0, firstEnds));
+    auto picture = renderNode(frame, parameters, wanted.elevation, part(progress, 0.0, firstEnds));
     if (!picture)
         return picture.error();
     made.picture = *picture;
@@ -62,7 +68,7 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
         made.channels = made.picture;
     }
     if (wanted.drawing && made.kind != RenderedKind::COLOURS) {
-        auto painted = renderModule(drawing(), frame, parameters, part(progress, kNodeEnds, 1.0));
+        auto painted = renderModule(*drawing()->module, frame, parameters, part(progress, kNodeEnds, 1.0));
         if (!painted)
             return painted.error();
         made.drawing = *painted;
@@ -75,32 +81,61 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
 UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderChannels(double frame, const RD_RenderParameters& parameters,
                                                                     const RD_SoftRenderer::Progress& progress) const
 {
-    return renderModule(_module, frame, parameters, progress);
+    return renderNode(frame, parameters, false, progress);
 }
 
-MO_Module& ShownModule::elevated() const
+UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderNode(double frame, const RD_RenderParameters& parameters,
+                                                                bool elevationInBlue,
+                                                                const RD_SoftRenderer::Progress& progress) const
 {
-    if (!_otherBlue)
-        return _module;
-    std::call_once(_elevated.once, [this] {
-        copyTo(_elevated);
-        for (MO_Module* const node : pictureSourceOf(*_elevated.module).nodes)
-            NormalMapNode(*node).putElevationInBlue();
-    });
-    return *_elevated.module;
+    RD_RenderParameters wide = parameters;
+    wide.margins = marginsFor(_source.nodes, frame, parameters);
+    const RD_RenderJob job(wide);
+    const Change change{elevationInBlue && _otherBlue, canvasFactor(job.canvas()), canvasFactor(job.frame())};
+    const std::shared_ptr<const Copy> copy = changed(change);
+    auto picture = renderModule(copy ? *copy->module : _module, frame, wide, progress);
+    if (picture && !wide.margins.isEmpty())
+        (*picture)->realloc((*picture)->allocatedRect().getIntersection(job.frame()), true);
+    return picture;
 }
 
-MO_Module& ShownModule::drawing() const
+std::shared_ptr<const ShownModule::Copy> ShownModule::changed(const Change& change) const
 {
-    std::call_once(_drawing.once, [this] {
-        copyTo(_drawing);
-        _drawing.module = &showDrawings(*_drawing.scene, *_drawing.module);
-    });
-    return *_drawing.module;
+    if (!change.elevationInBlue && change.canvasFactor == change.frameFactor)
+        return nullptr;
+    const std::scoped_lock lock(_mutex);
+    // Frames differ in their margins, but hardly ever in as many.
+    constexpr std::size_t kMost = 16;
+    if (_changed.size() > kMost)
+        _changed.clear();
+    std::shared_ptr<const Copy>& known = _changed[change];
+    if (known)
+        return known;
+    Copy made = copy();
+    for (MO_Module* const module : pictureSourceOf(*made.module).nodes) {
+        const NormalMapNode node(*module);
+        if (change.elevationInBlue)
+            node.putElevationInBlue();
+        if (change.canvasFactor != change.frameFactor)
+            node.scaleElevations(static_cast<double>(change.frameFactor) / static_cast<double>(change.canvasFactor));
+    }
+    return known = std::make_shared<const Copy>(std::move(made));
 }
 
-void ShownModule::copyTo(Copy& copy) const
+std::shared_ptr<const ShownModule::Copy> ShownModule::drawing() const
 {
-    copy.scene = MO_copyScene(dynamic_cast<const MO_Scene&>(*_module.sceneCommon()));
-    copy.module = copy.scene->findModule(_module.instanceName());
+    const std::scoped_lock lock(_mutex);
+    if (_drawing)
+        return _drawing;
+    Copy made = copy();
+    made.module = &showDrawings(*made.scene, *made.module);
+    return _drawing = std::make_shared<const Copy>(std::move(made));
+}
+
+ShownModule::Copy ShownModule::copy() const
+{
+    Copy made;
+    made.scene = MO_copyScene(dynamic_cast<const MO_Scene&>(*_module.sceneCommon()));
+    made.module = made.scene->findModule(_module.instanceName());
+    return made;
 }

@@ -7,8 +7,11 @@
 //     const auto frame = shown.render(12, parameters, {.elevation = true, .drawing = true});
 //
 // The node is rendered once: normals with the elevation in blue. A second time only for those who look at its channels
-// as they are set, when blue holds something else there. The drawing is painted from copies of the scene
-// (VisibleDrawing.h).
+// as they are set, when blue holds something else there. The drawing is painted beside it (VisibleDrawing.h).
+//
+// Where objects reach the frame's border, the node is rendered with a margin (FrameMargin.h) and what lies in the
+// margin is dropped. The node measures heights by the width of the canvas, so the objects' elevations are divided by as
+// much as the margin widens it. All of this is done to copies of the scene, which are made when they are first needed.
 #pragma once
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
@@ -17,6 +20,7 @@
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 #include "jobs/shown/RenderedKind.h"
 
+#include <map>
 #include <memory>
 #include <mutex>
 
@@ -75,21 +79,33 @@ public:
                                                            const RD_SoftRenderer::Progress& progress = {}) const;
 
 private:
-    /// A copy of the scene, made when it is first asked for.
+    /// A copy of the scene, and the module in it.
     struct Copy
     {
-        std::once_flag once;
         std::unique_ptr<MO_Scene> scene;
         MO_Module* module = nullptr;
     };
+    /// What is changed in the scene for a render of the node.
+    struct Change
+    {
+        bool elevationInBlue = false;
+        float canvasFactor = 1.0F; ///< by which the node multiplies heights
+        float frameFactor = 1.0F;  ///< by which it would without a margin
 
-    MO_Module& elevated() const;
-    MO_Module& drawing() const;
-    void copyTo(Copy& copy) const;
+        friend auto operator<=>(const Change&, const Change&) = default;
+    };
+
+    UT_Result<UT_SharedPtr<CEL_PixmapArea>> renderNode(double frame, const RD_RenderParameters& parameters,
+                                                       bool elevationInBlue,
+                                                       const RD_SoftRenderer::Progress& progress) const;
+    std::shared_ptr<const Copy> changed(const Change& change) const;
+    std::shared_ptr<const Copy> drawing() const;
+    Copy copy() const;
 
     MO_Module& _module;
     PictureSource _source;
     bool _otherBlue = false;
-    mutable Copy _elevated;
-    mutable Copy _drawing;
+    mutable std::mutex _mutex; // for the copies
+    mutable std::map<Change, std::shared_ptr<const Copy>> _changed;
+    mutable std::shared_ptr<const Copy> _drawing;
 };

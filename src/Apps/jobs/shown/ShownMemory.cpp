@@ -33,8 +33,8 @@ double shownFrameBytes(const RD_RenderParameters& parameters, const ShownParts& 
     // Pictures for files have up to five floats a pixel; light has a surface and a picture of its own.
     const double writing =
         pixel * (1.0 + (wanted.drawing ? 1.0 : 0.0) + (wanted.channels ? 1.0 : 0.0)) + (wanted.drawing ? 56.0 : 20.0);
-    const auto [width, height] = parameters.resolution;
-    return static_cast<double>(width) * height * (std::max(rendering, writing) + 4.0);
+    const Math::Size2di size = RD_RenderJob(parameters).size();
+    return static_cast<double>(size.width) * size.height * (std::max(rendering, writing) + 4.0);
 }
 
 double coveredShare(const ShownModule& shown, std::span<const int> frames)

@@ -161,6 +161,12 @@ VisibleInputs& replace(MO_Module& node)
 
 } // namespace
 
+int objectNumberBehind(const MO_Port& input, double frame)
+{
+    const MO_Port* const source = input.realSrcPort();
+    return numberBehind(source ? source->module() : nullptr, frame);
+}
+
 MO_Module& showDrawings(MO_Scene& scene, MO_Module& shown)
 {
     std::vector<MO_Module*> nodes;

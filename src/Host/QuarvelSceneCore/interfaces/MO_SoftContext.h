@@ -32,7 +32,7 @@ public:
     int resolutionY() const { return _job.parameters().resolution.second; }
     /// The size of the pictures.
     Math::Size2di size() const { return _job.size(); }
-    /// The pixels of the scene's frame.
+    /// The pixels of the pictures: the scene's frame, and margins where the render has them.
     Math::Box2di canvas() const { return _job.canvas(); }
 
     const MO_FrameKey& frameKey() const { return _frameKey; }

@@ -14,13 +14,20 @@ public:
     explicit RD_RenderJob(const RD_RenderParameters& parameters) : _parameters(parameters) {}
 
     const RD_RenderParameters& parameters() const { return _parameters; }
-    /// The size of the pictures.
-    Math::Size2di size() const { return {_parameters.resolution.first, _parameters.resolution.second}; }
     /// The pixels of the scene's frame: from (0, 0), the upper left corner, to the resolution.
-    Math::Box2di canvas() const
+    Math::Box2di frame() const
     {
         return Math::Box2di(0, 0, _parameters.resolution.first, _parameters.resolution.second);
     }
+    /// The pixels of the pictures: the frame and its margins.
+    Math::Box2di canvas() const
+    {
+        const auto [width, height] = _parameters.resolution;
+        const RD_Margins& margins = _parameters.margins;
+        return Math::Box2di(-margins.left, -margins.top, width + margins.right, height + margins.bottom);
+    }
+    /// The size of the pictures.
+    Math::Size2di size() const { return {canvas().width(), canvas().height()}; }
 
 private:
     RD_RenderParameters _parameters;

@@ -38,7 +38,7 @@ CA_CelRef toPixels(const CA_CelRef& cel, const RD_RenderParameters& parameters)
 UT_Result<CA_CelRef> RD_SoftRenderer::render(MO_Module& module, double frame, const RD_RenderParameters& parameters,
                                              const Progress& progress)
 {
-    const auto [width, height] = parameters.resolution;
+    const auto [width, height] = RD_RenderJob(parameters).size();
     if (!isPossible(width) || !isPossible(height))
         return UT_Error{translated("a picture of %1 x %2 pixels cannot be rendered; each side must have 1 to %3 pixels")
                             .arg(width)

@@ -1,0 +1,106 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Each object is a rectangle; each side of the frame asks how far it sticks out there.
+#include "jobs/shown/FrameMargin.h"
+
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/graph/MO_Port.h"
+#include "QuarvelSceneCore/graph/MO_SceneCommon.h"
+#include "jobs/shown/DrawingExtent.h"
+#include "jobs/shown/NormalMapNode.h"
+#include "jobs/shown/VisibleDrawing.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+namespace {
+
+// The clip looks two pixels far; a smoothed normal is made of normals one pixel away, each of heights one further.
+constexpr int kNeighbours = 4;
+// What has a pixel in the outermost line asks for heights beyond it.
+constexpr double kTouching = 1.0;
+// Margins are multiples of this, so that an object that moves needs few different ones.
+constexpr int kStep = 32;
+
+// The rectangles of a node's objects, by number.
+std::map<int, QRectF> extentsOf(const MO_Module& node, double frame, const std::pair<int, int>& resolution)
+{
+    std::map<int, QRectF> extents;
+    for (unsigned i = 0; i < node.nInPorts(); ++i) {
+        const MO_Port& input = *node.inPort(i);
+        const int number = objectNumberBehind(input, frame);
+        if (number < 1)
+            continue;
+        for (const MO_ElementModule* const element : elementsBehind(input))
+            extents[number] |= extentOf(*element, frame, resolution);
+    }
+    return extents;
+}
+
+// Pixels.
+double blurReach(const NormalMapNode& node, double bevel, double frame, int width)
+{
+    const AT_DoubleAttr* const multiplier = node.bevelMultiplier();
+    const MO_SceneCommon* const scene = node.module().sceneCommon();
+    const double truck = node.usesTruckFactor() && scene ? scene->truckFactor(frame) : 1.0;
+    const double sigma =
+        bevel * (multiplier ? multiplier->value(frame) : 1.0) * truck / MO_SceneCommon::kFrameWidth * width / 4.0;
+    return std::isfinite(sigma) && sigma > 0.0 ? std::ceil(4.0 * sigma) : 0.0;
+}
+
+// @param beyond  how far the object's pixels lie beyond the side; 0 or less when they do not
+// @param length  of the frame across the side
+int marginOn(double beyond, double reach, int length)
+{
+    if (beyond <= 0.0)
+        return 0;
+    const double needed = beyond <= std::max(reach, length / 2.0) ? beyond : reach;
+    const int pixels =
+        static_cast<int>(std::min(std::ceil(needed), static_cast<double>(RD_RenderParameters::kMaxResolution))) +
+        kNeighbours;
+    return (pixels + kStep - 1) / kStep * kStep;
+}
+
+void grow(RD_Margins& margins, const RD_Margins& other)
+{
+    margins.left = std::max(margins.left, other.left);
+    margins.top = std::max(margins.top, other.top);
+    margins.right = std::max(margins.right, other.right);
+    margins.bottom = std::max(margins.bottom, other.bottom);
+}
+
+// No picture is larger than the renderer takes.
+void hold(int length, int& before, int& after)
+{
+    const int most = (RD_RenderParameters::kMaxResolution - length) / 2;
+    before = std::clamp(before, 0, std::max(0, most));
+    after = std::clamp(after, 0, std::max(0, most));
+}
+
+} // namespace
+
+RD_Margins marginsFor(const std::vector<MO_Module*>& nodes, double frame, const RD_RenderParameters& parameters)
+{
+    RD_Margins margins;
+    const auto [width, height] = parameters.resolution;
+    for (MO_Module* const module : nodes) {
+        const NormalMapNode node(*module);
+        const auto extents = extentsOf(*module, frame, parameters.resolution);
+        for (const NormalMapObject& object : node.objects()) {
+            const auto extent = extents.find(object.number);
+            if (extent == extents.end() || extent->second.isEmpty())
+                continue;
+            const double reach = blurReach(node, object.bevel, frame, width);
+            // What is blurred and not clipped goes on as far.
+            const double tail = std::max(kTouching, node.clips() ? 0.0 : reach);
+            const QRectF rect = extent->second.adjusted(-tail, -tail, tail, tail);
+            grow(margins,
+                 {marginOn(-rect.left(), reach, width), marginOn(-rect.top(), reach, height),
+                  marginOn(rect.right() - width, reach, width), marginOn(rect.bottom() - height, reach, height)});
+        }
+    }
+    hold(width, margins.left, margins.right);
+    hold(height, margins.top, margins.bottom);
+    return margins;
+}
