@@ -37,7 +37,7 @@ For whom
 The picture
       --size WxH        its size in pixels; W alone takes the height from the drawing's shape. Default: the drawing's own size.
                         A drawing of another shape is centred
-      --float           renders in 32-bit float instead of 16-bit integers
+      --float           renders everything in 32-bit float; without it only wide forms, where 16 bits would leave grain
       --layout tangent  x, y and z, what game engines and lighting tools take (default)
       --layout node     the node's own four channels as they are
       --light AROUND,ABOVE   the light of --lit, in degrees; AROUND runs counter-clockwise from the right.

@@ -104,11 +104,12 @@ FramePictureSettings pictureSettings(const RenderOptions& options, const Plan& p
     picture.layout = options.layout;
     picture.form = options.form.resolved({});
     picture.floatFile = IIO_isFloatFile(options.output);
-    picture.floatRender = options.renderInFloat;
     picture.half = options.half;
     picture.scene = QDir(QDir(options.scene).absolutePath()).dirName();
     picture.node = plan.shown->module().instanceName();
     picture.elevation = needsElevationInBlue(picture);
+    picture.floatRender =
+        plan.shown->usedFor(plan.settings.parameters, partsOf(picture)).celFormat() == CEL_FORMAT_RGBAFLOAT;
     return picture;
 }
 
@@ -139,8 +140,10 @@ UT_Result<RenderFramesSettings> litSettings(const RenderOptions& options, const 
 UT_Result<int> atOnceOf(const RenderOptions& options, const Plan& plan)
 {
     const RenderFramesSettings& settings = plan.settings;
-    const ShownParts parts{.elevation = settings.picture.elevation, .drawing = !options.lit.isEmpty()};
-    const double needed = shownFrameBytes(settings.parameters, parts, coveredShare(*plan.shown, settings.frames));
+    ShownParts parts = partsOf(settings.picture);
+    if (!options.lit.isEmpty())
+        parts = {.elevation = parts.elevation, .drawing = true};
+    const double needed = shownFrameBytes(*plan.shown, settings.frames, settings.parameters, parts);
     const JobLimits limits = jobLimits();
     return framesAtOnce(options.jobs > 0 ? options.jobs : limits.threads, settings.parameters, needed,
                         options.memory > 0.0 ? options.memory : limits.memory / 2.0);

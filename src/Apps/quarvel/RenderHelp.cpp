@@ -30,7 +30,7 @@ What is rendered
                         normals for a Vallorin node and colours for anything else
       --resolution WxH  the size in pixels; W alone takes the height from the scene's shape. Default: 1920 wide
       --proxy 1/N       divides both sides by N. Bevels are measured in the scene, so that a proxy looks like the final
-      --float           renders in 32-bit float instead of 16-bit integers
+      --float           renders everything in 32-bit float; without it only wide forms, where 16 bits would leave grain
 
 How normals are written
       --layout tangent  vectors of unit length (default). OpenEXR files get the layers N.X N.Y N.Z, from -1 to 1, and

@@ -194,7 +194,7 @@ UT_Result<IIO_Picture> IIO_readExr(const QString& path)
     if (!file.open(QIODevice::ReadOnly))
         return readError(path, file.errorString());
     if (const auto checked = IIO_checkExrHeader(file); !checked)
-        return readError(path, checked.error().text);
+        return checked.error().at(QStringLiteral("cannot read \"%1\"").arg(path));
     try {
         auto picture = readStream(file, path.toUtf8());
         if (!picture)

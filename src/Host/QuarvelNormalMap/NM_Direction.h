@@ -9,6 +9,10 @@
 /// The direction of a surface that faces the viewer.
 inline constexpr Math::Vector3d NM_kFacingViewer{0.0, 0.0, 1.0};
 
+/// A vector whose x and y are both nearer to zero than this faces the viewer: its 16-bit samples would be those of one
+/// that does, or next to them. What rounding leaves on flat places of float pictures is less.
+inline constexpr float NM_kFaces = 1.0F / 65536.0F;
+
 /// The pixel's direction in picture coordinates: x right, y down, z towards the viewer; of length 1.
 ///
 /// It faces the viewer where the pixel has no direction: where red and green are both zero, which is how the node marks
@@ -34,4 +38,12 @@ Math::Vector3d NM_directionOf(const Pixel& pixel)
     }
     normal.normalize();
     return normal;
+}
+
+/// Whether a float pixel faces the viewer, or has no direction.
+inline bool NM_facesViewer(const CEL_PixelRGBAFloat& pixel)
+{
+    const Math::Vector3d normal = NM_directionOf(pixel);
+    const auto faces = static_cast<double>(NM_kFaces);
+    return normal.z > 0.0 && std::abs(normal.x) < faces && std::abs(normal.y) < faces;
 }

@@ -4,6 +4,7 @@
 #include "QuarvelNormalMap/NM_Layers.h"
 
 #include "QuarvelNormalMap/NM_Direction.h"
+#include "QuarvelNormalMap/NM_Dither.h"
 #include "QuarvelNormalMap/private/NM_Rows.h"
 #include "QuarvelNormalMap/private/NM_Samples.h"
 
@@ -49,12 +50,39 @@ struct RedEncoder
     }
 };
 
+// Heights of floats on a slope are dithered as its normals are; what faces the viewer keeps the nearest sample.
+void encodeFineBlue(const CEL_PixelStore<CEL_PixelRGBAFloat>& source, IIO_Picture& picture)
+{
+    const Math::Box2di window = picture.dataWindow();
+    NM_forRows(window.y1, window.y2, [&](int y) {
+        std::uint16_t* const samples = picture.row<std::uint16_t>(y).data();
+        const NM_DitherRow thresholds = NM_ditherRow(y);
+        NM_visitRow(source, y, window.x1, window.x2, [&](int i, const CEL_PixelRGBAFloat& pixel) {
+            std::uint16_t* const target = samples + std::ptrdiff_t{i} * 2;
+            BlueEncoder<std::uint16_t>{}(pixel, target);
+            if (pixel.a > 0 && pixel.b > 0.0F && pixel.b < 1.0F && !NM_facesViewer(pixel)) {
+                const auto place = static_cast<unsigned>(window.x1 + i) % thresholds.size();
+                target[0] = static_cast<std::uint16_t>(pixel.b * 65535.0F + thresholds[place]);
+            }
+        });
+    });
+}
+
+template<typename Sample, typename Pixel>
+void encodeBlue(const CEL_PixelStore<Pixel>& source, IIO_Picture& picture)
+{
+    if constexpr (std::is_same_v<Sample, std::uint16_t> && std::is_same_v<Pixel, CEL_PixelRGBAFloat>)
+        encodeFineBlue(source, picture);
+    else
+        NM_encodeRows<Sample>(source, picture, BlueEncoder<Sample>{});
+}
+
 template<typename Sample>
 bool encodeElevation(const CEL_PixmapArea& pixmap, NM_ElevationChannel channel, IIO_Picture& picture)
 {
     return NM_withColours(pixmap, [&](const auto& source) {
         if (channel == NM_ElevationChannel::BLUE)
-            NM_encodeRows<Sample>(source, picture, BlueEncoder<Sample>{});
+            encodeBlue<Sample>(source, picture);
         else
             NM_encodeRows<Sample>(source, picture, RedEncoder<Sample>{});
     });

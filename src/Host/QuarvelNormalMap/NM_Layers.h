@@ -31,7 +31,8 @@ enum class NM_ElevationChannel
     BLUE ///< beside normals
 };
 
-/// The elevation as a picture with the channel Y, and with A, the coverage, when it stands in blue. Metadata:
+/// The elevation as a picture with the channel Y, and with A, the coverage, when it stands in blue. 16-bit samples of
+/// float pixels beside normals are dithered on slopes (NM_Dither.h). Metadata:
 /// "Software", and "Layout" with the value "elevation". The other parameters are those of NM_layersPicture().
 QUARVELNORMALMAP_EXPORT UT_Result<IIO_Picture> NM_elevationOf(const CEL_PixmapArea& pixmap, NM_ElevationChannel channel,
                                                               const Math::Box2di& frame, const Math::Box2di& dataWindow,

@@ -4,6 +4,7 @@
 #include "QuarvelNormalMap/NM_NormalPicture.h"
 
 #include "QuarvelNormalMap/NM_Direction.h"
+#include "QuarvelNormalMap/private/NM_FineTangentKernels.h"
 #include "QuarvelNormalMap/private/NM_Rows.h"
 #include "QuarvelNormalMap/private/NM_Samples.h"
 #include "QuarvelNormalMap/private/NM_TangentKernels.h"
@@ -11,6 +12,8 @@
 #include <array>
 
 namespace {
+
+using Fine = CEL_PixelRGBAFloat;
 
 template<typename Sample>
 struct NodeEncoder
@@ -60,6 +63,21 @@ void encodeTangents(const CEL_PixelStore<CEL_PixelRGBA16>& source, IIO_Picture& 
     });
 }
 
+void encodeFineTangents(const CEL_PixelStore<CEL_PixelRGBAFloat>& source, IIO_Picture& picture, double ySign)
+{
+    const Math::Box2di window = picture.dataWindow();
+    NM_forRows(window.y1, window.y2, [&](int y) {
+        const auto write = [&, row = picture.row<std::uint16_t>(y).data()](int x, std::span<const Fine> pixels) {
+            NM_encodeFineTangents(pixels, x, y, static_cast<float>(ySign), row + std::ptrdiff_t{x - window.x1} * 4);
+        };
+        const auto missing = [&](int x, int count) {
+            for (int i = 0; i < count; ++i)
+                write(x + i, std::array<Fine, 1>{});
+        };
+        NM_splitRow(source, y, window.x1, window.x2, missing, write);
+    });
+}
+
 template<typename Sample, typename Pixel>
 void encode(const CEL_PixelStore<Pixel>& source, IIO_Picture& picture, const NM_PictureSettings& settings)
 {
@@ -68,6 +86,8 @@ void encode(const CEL_PixelStore<Pixel>& source, IIO_Picture& picture, const NM_
         NM_encodeRows<Sample>(source, picture, NodeEncoder<Sample>{});
     else if constexpr (std::is_same_v<Sample, std::uint16_t> && std::is_same_v<Pixel, CEL_PixelRGBA16>)
         encodeTangents(source, picture, ySign);
+    else if constexpr (std::is_same_v<Sample, std::uint16_t>)
+        encodeFineTangents(source, picture, ySign);
     else
         NM_encodeRows<Sample>(source, picture, TangentEncoder<Sample>{ySign});
 }

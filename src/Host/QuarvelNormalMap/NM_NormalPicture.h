@@ -3,8 +3,9 @@
 // The node's normals as a picture for a file.
 //
 // In the layout TANGENT a component n becomes 0.5 n + 0.5: in 16-bit samples the nearest of 0 .. 65535 (halves go up,
-// so zero is 32768), in floats as it is. Coverage is clamped to 0 .. 1. Where the node gives no direction, also outside
-// of its pixels, the vector faces the viewer.
+// so zero is 32768), in floats as it is. 16-bit samples of float pixels are dithered (NM_Dither.h), so that wide slopes
+// have no steps; what faces the viewer is not. Coverage is clamped to 0 .. 1. Where the node gives no direction, also
+// outside of its pixels, the vector faces the viewer.
 //
 // In the layout NODE channels are the node's own. A 16-bit channel v in 0 .. 32767 becomes the sample 2 v, plus 1 from
 // 16384 up, which is the nearest to v / 32767 of full scale; shifting the sample right by one bit gives v back. What is

@@ -53,7 +53,7 @@ UT_Result<ShownFrame> renderNormalMap(const LayeredDrawing& drawing, const Norma
         return scene.error();
     const ShownModule shown(scene->normalMap());
     const int frame = scene->scene().firstFrame();
-    const double needed = shownFrameBytes(parameters, wanted, coveredShare(shown, std::span(&frame, 1)));
+    const double needed = shownFrameBytes(shown, std::span(&frame, 1), parameters, wanted);
     if (UT_Result<void> fits = checkMemory(parameters, needed); !fits)
         return fits.error();
     return shown.render(frame, parameters, wanted, progress);

@@ -152,7 +152,7 @@ private:
             show(index, 0.95 * done);
             return !stop();
         };
-        const ShownParts parts{.elevation = _settings.picture.elevation && !_settings.lit, .drawing = _settings.lit};
+        const ShownParts parts = _settings.lit ? ShownParts{.drawing = true} : partsOf(_settings.picture);
         const auto frame = _shown.render(number, _settings.parameters, parts, goOn);
         if (!frame)
             return frame.error();

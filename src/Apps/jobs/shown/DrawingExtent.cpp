@@ -1,22 +1,38 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The control points of a shape lie around it.
+// The control points of a shape lie around it. They are looked at one by one: a path's own function for it writes down
+// what it finds, and frames are rendered on several threads.
 #include "jobs/shown/DrawingExtent.h"
 
 #include "QuarvelSceneCore/graph/MO_Port.h"
 #include "QuarvelSceneCore/graph/MO_SceneCommon.h"
 
+#include <algorithm>
 #include <unordered_set>
 
 namespace {
+
+QRectF extentOf(const QPainterPath& path)
+{
+    if (path.elementCount() == 0)
+        return {};
+    QPointF least = path.elementAt(0);
+    QPointF most = least;
+    for (int i = 1; i < path.elementCount(); ++i) {
+        const QPointF point = path.elementAt(i);
+        least = {std::min(least.x(), point.x()), std::min(least.y(), point.y())};
+        most = {std::max(most.x(), point.x()), std::max(most.y(), point.y())};
+    }
+    return {least, most};
+}
 
 QRectF extentOf(const CELVEC_Kvd& drawing)
 {
     QRectF extent;
     for (const GR_Art art : kGR_allArts)
         for (const CELVEC_Shape& shape : drawing.shapes(art)) {
-            const QRectF own = shape.path.controlPointRect();
-            extent |= shape.clip ? own & shape.clip->controlPointRect() : own;
+            const QRectF own = extentOf(shape.path);
+            extent |= shape.clip ? own & extentOf(*shape.clip) : own;
         }
     return extent;
 }

@@ -13,7 +13,7 @@
 #pragma once
 
 #include "QuarvelSceneCore/graph/MO_Module.h"
-#include "QuarvelSceneCore/rendering/RD_RenderParameters.h"
+#include "QuarvelSceneCore/interfaces/RD_RenderParameters.h"
 
 #include <vector>
 

@@ -107,6 +107,12 @@ bool needsElevationInBlue(const FramePictureSettings& settings)
     return settings.shown == RenderedKind::ELEVATION || (settings.shown == RenderedKind::NORMALS && asLayers(settings));
 }
 
+ShownParts partsOf(const FramePictureSettings& settings)
+{
+    const bool asTheyAre = settings.shown == RenderedKind::COLOURS || settings.layout == NM_Layout::NODE;
+    return {.elevation = settings.elevation, .drawing = false, .channels = asTheyAre};
+}
+
 IIO_Metadata frameMetadata(const FramePictureSettings& settings, int frame)
 {
     IIO_Metadata metadata =

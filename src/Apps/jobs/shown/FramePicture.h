@@ -10,7 +10,7 @@
 #include "QuarvelCelCore/CEL_PixmapArea.h"
 #include "QuarvelImageIO/IIO_Picture.h"
 #include "QuarvelNormalMap/NM_MapForm.h"
-#include "jobs/shown/RenderedKind.h"
+#include "jobs/shown/ShownFrame.h"
 
 /// How frames become pictures. A plain value, the same for all frames of a run.
 struct FramePictureSettings
@@ -30,6 +30,9 @@ struct FramePictureSettings
 
 /// Whether the render has to put elevation into blue for such pictures.
 bool needsElevationInBlue(const FramePictureSettings& settings);
+
+/// What such pictures are made of.
+ShownParts partsOf(const FramePictureSettings& settings);
 
 /// The texts that a frame's file has.
 IIO_Metadata frameMetadata(const FramePictureSettings& settings, int frame);

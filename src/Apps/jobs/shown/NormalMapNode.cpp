@@ -114,6 +114,12 @@ std::vector<NormalMapObject> NormalMapNode::objects() const
     return attr ? objectsOfTable(attr->localValue()) : std::vector<NormalMapObject>();
 }
 
+std::vector<NormalMapColour> NormalMapNode::colours() const
+{
+    const auto* const attr = dynamic_cast<const AT_StringAttr*>(_module->findAttr(kColours));
+    return attr ? coloursOfTable(attr->localValue()) : std::vector<NormalMapColour>();
+}
+
 AT_DoubleAttr* NormalMapNode::bevelMultiplier() const
 {
     return dynamic_cast<AT_DoubleAttr*>(_module->findAttr(kBevelMultiplier));
@@ -181,4 +187,19 @@ QString colourTableText(const std::vector<NormalMapColour>& colours)
         rows.append(QStringLiteral("%1:%2:%3").arg(colour.id.AsString().ToQString()).arg(colour.level).arg(name));
     }
     return rows.join(QLatin1Char(';'));
+}
+
+std::vector<NormalMapColour> coloursOfTable(const QString& text)
+{
+    std::vector<NormalMapColour> colours;
+    UT_Id id;
+    for (const QString& row : text.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+        const QStringList fields = row.split(QLatin1Char(':'), Qt::SkipEmptyParts);
+        if (fields.isEmpty())
+            continue;
+        // What is no identifier leaves the one before, as in the node.
+        id.parseXml(fields[0]);
+        colours.push_back({id, fields.size() > 1 ? fields[1].toInt() : 255, fields.value(2)});
+    }
+    return colours;
 }

@@ -77,6 +77,8 @@ public:
 
     /// The object table. Rows that the node does not read are left out; of rows of one number the node takes the last.
     std::vector<NormalMapObject> objects() const;
+    /// The colour table.
+    std::vector<NormalMapColour> colours() const;
     /// The attributes that multiply every object's bevel and elevation; both can be animated. Null when the module is
     /// of another kind.
     AT_DoubleAttr* bevelMultiplier() const;
@@ -98,3 +100,5 @@ QString objectTableText(const std::vector<NormalMapObject>& objects);
 std::vector<NormalMapObject> objectsOfTable(const QString& text);
 /// The colour table as its attribute holds it: "id:level:name", joined by semicolons.
 QString colourTableText(const std::vector<NormalMapColour>& colours);
+/// The reverse: a row without a level has 255.
+std::vector<NormalMapColour> coloursOfTable(const QString& text);

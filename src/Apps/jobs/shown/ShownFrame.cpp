@@ -6,6 +6,7 @@
 #include "QuarvelSceneCore/graph/MO_SceneCopy.h"
 #include "jobs/shown/FrameMargin.h"
 #include "jobs/shown/NormalMapNode.h"
+#include "jobs/shown/RenderPrecision.h"
 #include "jobs/shown/VisibleDrawing.h"
 
 #include <algorithm>
@@ -28,6 +29,11 @@ UT_Result<UT_SharedPtr<CEL_PixmapArea>> renderModule(MO_Module& module, double f
     if (!cel)
         return cel.error();
     return (*cel)->pixmap();
+}
+
+bool isFloat(const RD_RenderParameters& parameters)
+{
+    return parameters.celFormat() == CEL_FORMAT_RGBAFLOAT;
 }
 
 // As the node computes it.
@@ -55,7 +61,10 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
     made.window = RD_RenderJob(parameters).frame();
     const bool twice = _otherBlue && wanted.elevation && wanted.channels;
     const double firstEnds = twice ? kNodeEnds / 2.0 : kNodeEnds;
-    auto picture = renderNode(frame, parameters, wanted.elevation, part(progress, 0.0, firstEnds));
+    const RD_RenderParameters used = usedFor(parameters, wanted);
+    const bool repairs = !wanted.channels && isFloat(used) && made.kind == RenderedKind::NORMALS;
+    auto picture = renderNode(frame, used, {.elevationInBlue = wanted.elevation, .closedSeams = repairs},
+                              part(progress, 0.0, firstEnds));
     if (!picture)
         return picture.error();
     made.picture = *picture;
@@ -67,31 +76,45 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
     } else if (wanted.channels) {
         made.channels = made.picture;
     }
-    if (wanted.drawing && made.kind != RenderedKind::COLOURS) {
+    // The coverage of the drawing is what a float picture lacks.
+    if (made.kind == RenderedKind::COLOURS) {
+        made.drawing = wanted.drawing ? made.picture : nullptr;
+    } else if (wanted.drawing || repairs) {
         auto painted = renderModule(*drawing()->module, frame, parameters, part(progress, kNodeEnds, 1.0));
         if (!painted)
             return painted.error();
-        made.drawing = *painted;
-    } else if (wanted.drawing) {
-        made.drawing = made.picture;
+        if (repairs)
+            takeCoverage(dynamic_cast<CEL_PixmapAreaRGBAFloat&>(*made.picture), **painted);
+        made.drawing = wanted.drawing ? *painted : nullptr;
     }
     return made;
+}
+
+RD_RenderParameters ShownModule::usedFor(const RD_RenderParameters& parameters, const ShownParts& wanted) const
+{
+    RD_RenderParameters used = parameters;
+    if (_source.kind == RenderedKind::NORMALS && !wanted.channels && needsFloat(_source.nodes, parameters))
+        used.imageProcessingFormat = RD_RenderParameters::IMAGE_PROCESSING_FLOAT;
+    return used;
 }
 
 UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderChannels(double frame, const RD_RenderParameters& parameters,
                                                                     const RD_SoftRenderer::Progress& progress) const
 {
-    return renderNode(frame, parameters, false, progress);
+    return renderNode(frame, parameters, {}, progress);
 }
 
 UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderNode(double frame, const RD_RenderParameters& parameters,
-                                                                bool elevationInBlue,
+                                                                const Change& wanted,
                                                                 const RD_SoftRenderer::Progress& progress) const
 {
     RD_RenderParameters wide = parameters;
     wide.margins = marginsFor(_source.nodes, frame, parameters);
     const RD_RenderJob job(wide);
-    const Change change{elevationInBlue && _otherBlue, canvasFactor(job.canvas()), canvasFactor(job.frame())};
+    Change change = wanted;
+    change.elevationInBlue = wanted.elevationInBlue && _otherBlue;
+    change.canvasFactor = canvasFactor(job.canvas());
+    change.frameFactor = canvasFactor(job.frame());
     const std::shared_ptr<const Copy> copy = changed(change);
     auto picture = renderModule(copy ? *copy->module : _module, frame, wide, progress);
     if (picture && !wide.margins.isEmpty())
@@ -101,7 +124,7 @@ UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderNode(double frame, co
 
 std::shared_ptr<const ShownModule::Copy> ShownModule::changed(const Change& change) const
 {
-    if (!change.elevationInBlue && change.canvasFactor == change.frameFactor)
+    if (!change.elevationInBlue && !change.closedSeams && change.canvasFactor == change.frameFactor)
         return nullptr;
     const std::scoped_lock lock(_mutex);
     // Frames differ in their margins, but hardly ever in as many.
@@ -116,6 +139,8 @@ std::shared_ptr<const ShownModule::Copy> ShownModule::changed(const Change& chan
         const NormalMapNode node(*module);
         if (change.elevationInBlue)
             node.putElevationInBlue();
+        if (change.closedSeams)
+            closeSeams(*module);
         if (change.canvasFactor != change.frameFactor)
             node.scaleElevations(static_cast<double>(change.frameFactor) / static_cast<double>(change.canvasFactor));
     }

@@ -31,7 +31,10 @@ struct ShownParts
 {
     bool elevation = false; ///< in the blue channel of normals
     bool drawing = false;
-    bool channels = false; ///< the module's picture with blue as the attributes say
+    /// The module's channels as its attributes make them, in the format of the parameters. Where they are wanted, the
+    /// picture has that format too; elsewhere it is rendered in float where 16 bits would leave grain
+    /// (RenderPrecision.h).
+    bool channels = false;
 };
 
 /// A frame. All pixmaps share coordinates; what is not wanted is null.
@@ -72,6 +75,9 @@ public:
     UT_Result<ShownFrame> render(double frame, const RD_RenderParameters& parameters, const ShownParts& wanted,
                                  const RD_SoftRenderer::Progress& progress = {}) const;
 
+    /// The parameters that the node is rendered with: those that are asked for, or the same in float.
+    RD_RenderParameters usedFor(const RD_RenderParameters& parameters, const ShownParts& wanted) const;
+
     /// Whether the channels hold something else than the picture with elevation does.
     bool hasOtherBlue() const { return _otherBlue; }
     /// Renders the channels alone.
@@ -89,6 +95,7 @@ private:
     struct Change
     {
         bool elevationInBlue = false;
+        bool closedSeams = false;  ///< for float
         float canvasFactor = 1.0F; ///< by which the node multiplies heights
         float frameFactor = 1.0F;  ///< by which it would without a margin
 
@@ -96,7 +103,7 @@ private:
     };
 
     UT_Result<UT_SharedPtr<CEL_PixmapArea>> renderNode(double frame, const RD_RenderParameters& parameters,
-                                                       bool elevationInBlue,
+                                                       const Change& wanted,
                                                        const RD_SoftRenderer::Progress& progress) const;
     std::shared_ptr<const Copy> changed(const Change& change) const;
     std::shared_ptr<const Copy> drawing() const;

@@ -6,6 +6,7 @@
 #include "QuarvelSceneCore/graph/MO_Port.h"
 #include "QuarvelSceneCore/graph/MO_SceneCommon.h"
 #include "jobs/shown/DrawingExtent.h"
+#include "jobs/shown/FrameMargin.h"
 
 #include <algorithm>
 
@@ -23,17 +24,35 @@ double shareAt(const MO_Port& input, int frame, const std::pair<int, int>& resol
     return extent.width() * extent.height() / (canvas.width() * canvas.height());
 }
 
+std::size_t stepThrough(std::span<const int> frames)
+{
+    return std::max<std::size_t>(1, frames.size() / kMostFrames);
+}
+
 } // namespace
 
-double shownFrameBytes(const RD_RenderParameters& parameters, const ShownParts& wanted, double covered)
+double shownFrameBytes(const ShownModule& shown, std::span<const int> frames, const RD_RenderParameters& parameters,
+                       const ShownParts& wanted)
 {
-    const double pixel =
-        parameters.celFormat() == CEL_FORMAT_RGBA16 ? sizeof(CEL_PixelRGBA16) : sizeof(CEL_PixelRGBAFloat);
+    RD_RenderParameters used = shown.usedFor(parameters, wanted);
+    for (std::size_t i = 0; i < frames.size(); i += stepThrough(frames)) {
+        const RD_Margins margins = marginsFor(shown.nodes(), frames[i], parameters);
+        used.margins.left = std::max(used.margins.left, margins.left);
+        used.margins.top = std::max(used.margins.top, margins.top);
+        used.margins.right = std::max(used.margins.right, margins.right);
+        used.margins.bottom = std::max(used.margins.bottom, margins.bottom);
+    }
+    return shownFrameBytes(used, wanted, coveredShare(shown, frames));
+}
+
+double shownFrameBytes(const RD_RenderParameters& used, const ShownParts& wanted, double covered)
+{
+    const double pixel = used.celFormat() == CEL_FORMAT_RGBA16 ? sizeof(CEL_PixelRGBA16) : sizeof(CEL_PixelRGBAFloat);
     const double rendering = pixel * (2.0 * covered + 2.0);
     // Pictures for files have up to five floats a pixel; light has a surface and a picture of its own.
     const double writing =
         pixel * (1.0 + (wanted.drawing ? 1.0 : 0.0) + (wanted.channels ? 1.0 : 0.0)) + (wanted.drawing ? 56.0 : 20.0);
-    const Math::Size2di size = RD_RenderJob(parameters).size();
+    const Math::Size2di size = RD_RenderJob(used).size();
     return static_cast<double>(size.width) * size.height * (std::max(rendering, writing) + 4.0);
 }
 
@@ -42,9 +61,8 @@ double coveredShare(const ShownModule& shown, std::span<const int> frames)
     const MO_SceneCommon* const scene = shown.module().sceneCommon();
     const double height = scene ? scene->frameHeight() : kWidth;
     const std::pair<int, int> resolution(kWidth, std::max(1, static_cast<int>(height)));
-    const std::size_t step = std::max<std::size_t>(1, frames.size() / kMostFrames);
     double largest = 0.0;
-    for (std::size_t i = 0; i < frames.size(); i += step) {
+    for (std::size_t i = 0; i < frames.size(); i += stepThrough(frames)) {
         double sum = 0.0;
         for (const MO_Module* const node : shown.nodes())
             for (unsigned port = 0; port < node->nInPorts(); ++port)

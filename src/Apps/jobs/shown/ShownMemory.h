@@ -15,9 +15,16 @@
 
 /// About how many bytes a frame takes at most, its pictures for files included.
 ///
+/// @param frames     those to be rendered, in any order; of many some are looked at
+/// @param parameters what is asked for (ShownModule::render)
+double shownFrameBytes(const ShownModule& shown, std::span<const int> frames, const RD_RenderParameters& parameters,
+                       const ShownParts& wanted);
+
+/// The same as a law of numbers.
+///
+/// @param used    what the node is rendered with, margins included
 /// @param covered the objects' shares of the frame, added up (coveredShare)
-double shownFrameBytes(const RD_RenderParameters& parameters, const ShownParts& wanted, double covered);
+double shownFrameBytes(const RD_RenderParameters& used, const ShownParts& wanted, double covered);
 
 /// The shares of the frame that the inputs of the module's nodes cover, added up, at the frame where they are largest.
-/// Of many frames some are looked at.
 double coveredShare(const ShownModule& shown, std::span<const int> frames);

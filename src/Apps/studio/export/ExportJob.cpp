@@ -26,7 +26,6 @@ FramePictureSettings pictureOf(const ExportChoices& choices, RenderedKind source
     picture.form.yAxis = choices.yAxis;
     picture.form.pad = choices.pad;
     picture.floatFile = IIO_isFloatFile(choices.file);
-    picture.floatRender = choices.floatRender;
     picture.half = choices.half;
     picture.scene = choices.sceneName;
     picture.node = choices.node;
@@ -88,9 +87,10 @@ UT_Result<void> ExportJob::start(const MO_Scene& scene, const ExportChoices& cho
         return UT_Error{tr("There is no node \"%1\" any more.").arg(choices.node)};
     _shown = std::make_unique<ShownModule>(*module);
     _settings.picture = pictureOf(choices, _shown->kind());
+    _settings.picture.floatRender =
+        _shown->usedFor(_settings.parameters, partsOf(_settings.picture)).celFormat() == CEL_FORMAT_RGBAFLOAT;
     // One at a time leaves the window a core to answer on.
-    const double needed = shownFrameBytes(_settings.parameters, {.elevation = _settings.picture.elevation},
-                                          coveredShare(*_shown, _settings.frames));
+    const double needed = shownFrameBytes(*_shown, _settings.frames, _settings.parameters, partsOf(_settings.picture));
     const auto atOnce = framesAtOnce(1, _settings.parameters, needed, jobLimits().memory / 2.0);
     if (!atOnce)
         return atOnce.error();

@@ -37,7 +37,10 @@ std::array<double, 4> coloursAt(const QImage& image, const QPoint& place)
 
 qsizetype RenderedFrame::bytes() const
 {
-    return qsizetype{size.width()} * size.height() * (kBytesPerPixel + (channels ? 8 : 0));
+    // The node's pixels are float where 16 bits would leave grain.
+    const qsizetype finer = node && node->format() == CEL_FORMAT_RGBAFLOAT ? 8 : 0;
+    const qsizetype others = !channels ? 0 : channels->format() == CEL_FORMAT_RGBAFLOAT ? 16 : 8;
+    return qsizetype{size.width()} * size.height() * (kBytesPerPixel + finer + others);
 }
 
 std::optional<FramePixel> pixelOf(const RenderedFrame& frame, const QPoint& place)

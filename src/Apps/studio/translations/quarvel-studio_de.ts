@@ -353,8 +353,8 @@
         <translation>Mit &amp;32-Bit-Gleitkomma rendern</translation>
     </message>
     <message>
-        <source>Finer steps, twice the memory</source>
-        <translation>Feinere Stufen, doppelter Speicherbedarf</translation>
+        <source>Everything in float, for twice the memory; without it only wide forms, where 16 bits would leave grain</source>
+        <translation>Alles in Gleitkomma, mit doppeltem Speicherbedarf; sonst nur breite Formen, bei denen 16 Bit eine Körnung hinterließen</translation>
     </message>
     <message>
         <source>Choose...</source>

@@ -1,0 +1,178 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The choice, and the two repairs that float needs.
+#include "jobs/shown/RenderPrecision.h"
+
+#include "QuarvelCelCore/CELVEC_Kvd.h"
+#include "QuarvelCelCore/CEL_WithFormat.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/graph/MO_Port.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "QuarvelSceneCore/interfaces/MO_RenderingRequestService.h"
+#include "QuarvelSceneCore/interfaces/RD_ScriptContext.h"
+#include "jobs/shown/NormalMapNode.h"
+
+#include <tbb/parallel_for.h>
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+
+namespace {
+
+constexpr double kGrain = 30000.0; // square pixels
+constexpr int kMostFrames = 200;
+// The node's heights of elevation 1, in scene units.
+constexpr double kUnitHeight = 37.5;
+
+// By how much the multipliers enlarge bevel times height, at the frame where they do so most.
+double largestMultiplier(const NormalMapNode& node)
+{
+    const MO_SceneCommon* const scene = node.module().sceneCommon();
+    const AT_DoubleAttr* const bevel = node.bevelMultiplier();
+    const AT_DoubleAttr* const elevation = node.elevationMultiplier();
+    if (!scene || !bevel || !elevation)
+        return 1.0;
+    const int step = std::max(1, (scene->lastFrame() - scene->firstFrame()) / kMostFrames);
+    double largest = 0.0;
+    for (int frame = scene->firstFrame(); frame <= scene->lastFrame(); frame += step) {
+        const double truck = node.usesTruckFactor() ? scene->truckFactor(frame) : 1.0;
+        largest = std::max(largest, bevel->value(frame) * std::abs(elevation->value(frame)) * truck * truck);
+    }
+    return largest;
+}
+
+// Bevel times height of the object where that is most, in square units.
+double widestRise(const NormalMapNode& node)
+{
+    double widest = 0.0;
+    for (const NormalMapObject& object : node.objects())
+        widest = std::max(widest, object.bevel * std::abs(object.elevation) * kUnitHeight);
+    return widest * largestMultiplier(node);
+}
+
+// Whether every colour of the scene is listed at the full level.
+bool hasFullLevels(const NormalMapNode& node)
+{
+    const MO_SceneCommon* const scene = node.module().sceneCommon();
+    std::set<UT_Id> full;
+    for (const NormalMapColour& colour : node.colours()) {
+        if (colour.level != 255)
+            return false;
+        full.insert(colour.id);
+    }
+    const auto isListed = [&](const auto& colour) { return full.contains(colour->GetColorId()); };
+    return scene && std::ranges::all_of(scene->palettes(), [&](const CM_SharedPtr<CM_Palette>& palette) {
+               return std::ranges::all_of(palette->colors(), isListed);
+           });
+}
+
+// A drawing whose antialiased pixels cover 1 - (1 - a)^2 in float: as if it were painted twice.
+class ClosedDrawing final : public CELVEC_Kvd
+{
+public:
+    explicit ClosedDrawing(UT_SharedPtr<CELVEC_Kvd> drawing)
+        : CELVEC_Kvd(drawing->palette()), _drawing(std::move(drawing))
+    {
+        setArtSelector(_drawing->artSelector());
+        setColorTransform(_drawing->colorTransform());
+    }
+    ClosedDrawing(const ClosedDrawing&) = default;
+
+    std::span<const CELVEC_Shape> shapes(GR_Art art) const override { return _drawing->shapes(art); }
+    UT_SharedPtr<CELVEC_Kvd> shareForRendering() const override { return UT_makeShared<ClosedDrawing>(*this); }
+
+    void render(const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const override
+    {
+        const UT_SharedPtr<CELVEC_Kvd> own = _drawing->shareForRendering();
+        own->setArtSelector(artSelector());
+        own->setColorTransform(colorTransform());
+        own->render(args, target);
+        if (auto* const pixels = dynamic_cast<CEL_PixmapAreaRGBAFloat*>(&target); pixels && !colorTransform())
+            close(*pixels);
+    }
+
+private:
+    static void close(CEL_PixmapAreaRGBAFloat& pixels)
+    {
+        const Math::Box2di& rect = pixels.allocatedRect();
+        tbb::parallel_for(tbb::blocked_range<int>(rect.y1, rect.y2, 16), [&](const tbb::blocked_range<int>& rows) {
+            for (int y = rows.begin(); y < rows.end(); ++y)
+                for (CEL_PixelRGBAFloat& pixel : pixels.row(y))
+                    if (pixel.a > 0.0F && pixel.a < 1.0F) {
+                        const float twice = 2.0F - pixel.a;
+                        pixel = {pixel.r * twice, pixel.g * twice, pixel.b * twice, pixel.a * twice};
+                    }
+        });
+    }
+
+    UT_SharedPtr<CELVEC_Kvd> _drawing;
+};
+
+class ClosingHandler final : public MO_RenderingRequestHandler
+{
+public:
+    void processDrawing(BaseContext& context) override
+    {
+        const auto drawing = context.drawing() ? context.drawing()->findBestVectorRepresentation() : nullptr;
+        if (drawing)
+            context.drawing()->setRepresentation(UT_makeShared<ClosedDrawing>(drawing));
+    }
+};
+
+// Stands before an input of a node and hands on its picture.
+class SeamCloser final : public MO_Module
+{
+public:
+    SeamCloser() { addInImagePort(); }
+
+    QString keyword() const override { return QStringLiteral("SEAM_CLOSER"); }
+    QString baseDisplayName() const override { return QStringLiteral("Seam-Closer"); }
+
+    void insertRenderingRequestForSrcPort(RD_ScriptContext& context, int port) override
+    {
+        MO_Module::insertRenderingRequestForSrcPort(context, port);
+        context.insertRequest(
+            MO_RenderingRequestService::createRenderingRequest(this, std::make_unique<ClosingHandler>()));
+    }
+};
+
+} // namespace
+
+bool needsFloat(const std::vector<MO_Module*>& nodes, const RD_RenderParameters& parameters)
+{
+    const double pixels = parameters.resolution.first / MO_SceneCommon::kFrameWidth;
+    const auto hasGrain = [&](MO_Module* node) { return widestRise(NormalMapNode(*node)) * pixels * pixels > kGrain; };
+    const auto isFull = [](MO_Module* node) { return hasFullLevels(NormalMapNode(*node)); };
+    return std::ranges::any_of(nodes, hasGrain) && std::ranges::all_of(nodes, isFull);
+}
+
+void closeSeams(MO_Module& node)
+{
+    for (unsigned i = 0; i < node.nInPorts(); ++i) {
+        const MO_Port* const source = node.inPort(i)->srcPort();
+        if (!source || !source->module())
+            continue;
+        auto& closer = node.group()->emplace<SeamCloser>();
+        (void)MO_Scene::connect(*source->module(), closer, 0, source->index());
+        (void)MO_Scene::connect(closer, node, i);
+    }
+}
+
+void takeCoverage(CEL_PixmapAreaRGBAFloat& picture, const CEL_PixmapArea& drawing)
+{
+    CEL_withFormat(drawing, [&](const auto& colours) {
+        using Traits = CEL_PixelTraits<CEL_PixelOf<decltype(colours)>>;
+        const Math::Box2di& rect = picture.allocatedRect();
+        tbb::parallel_for(tbb::blocked_range<int>(rect.y1, rect.y2, 16), [&](const tbb::blocked_range<int>& rows) {
+            for (int y = rows.begin(); y < rows.end(); ++y) {
+                int x = rect.x1;
+                for (CEL_PixelRGBAFloat& pixel : picture.row(y)) {
+                    const auto* const colour = colours.find(x++, y);
+                    if (pixel != CEL_PixelRGBAFloat())
+                        pixel.a = colour ? static_cast<float>(colour->a) / static_cast<float>(Traits::kFull) : 0.0F;
+                }
+            }
+        });
+    });
+}
