@@ -113,6 +113,24 @@ TEST_F(ChosenObjectsOfAFigure, CanBeNamed)
     EXPECT_FALSE(QFile::exists(path("none.png")));
 }
 
+// A bitmap's objects have paints of their own, which the file does not have.
+TEST_F(ChosenObjectsOfAFigure, CoverASpriteOfItAsItIs)
+{
+    ASSERT_EQ(quarvel("normalmap figure.svg -o still.png --drawing sprite.png").exitCode, 0);
+    const Outcome listed = quarvel("inspect sprite.png");
+    EXPECT_EQ(listed.output.count(QStringLiteral("a region of one colour")), 3) << listed.output.toStdString();
+    const Outcome outcome = quarvel("normalmap sprite.png --drawing again.png");
+    ASSERT_EQ(outcome.exitCode, 0) << outcome.messages;
+    const QImage sprite(path("sprite.png"));
+    const QImage map(path("sprite_n.png"));
+    const QImage drawing(path("again.png"));
+    for (int y = 0; y < 96; ++y)
+        for (int x = 0; x < 96; ++x) {
+            ASSERT_NEAR(qAlpha(map.pixel(x, y)), qAlpha(sprite.pixel(x, y)), 3) << x << ' ' << y;
+            ASSERT_NEAR(qAlpha(drawing.pixel(x, y)), qAlpha(sprite.pixel(x, y)), 3) << x << ' ' << y;
+        }
+}
+
 TEST_F(ChosenObjectsOfAFigure, AreThoseOfTheImportedScene)
 {
     const Outcome imported = quarvel("import figure.svg");

@@ -17,8 +17,9 @@ UT_Result<ReadDrawing> readDrawing(const QString& path, const FormSettings& form
     read.warnings = drawing->warnings;
     read.drawing.frame = drawing->viewBox;
     read.drawing.size = drawing->size;
-    read.drawing.palette = DIO_toPalette(*drawing);
     ChosenObjects chosen = chooseObjects(*drawing, form.objects);
+    // The objects of a bitmap have paints of their own.
+    read.drawing.palette = DIO_toPalette(chosen.drawing);
     const std::vector<ObjectForm> forms = chooseForms(chosen, form);
     for (std::size_t i = 0; i < chosen.objects.size(); ++i)
         read.drawing.layers.push_back(

@@ -49,12 +49,31 @@ QColor toQColor(const VS_RGBA& paint, double opacity)
     return color;
 }
 
+// Qt's own conversion, which its painter uses too, multiplies the coverage of 16-bit pixels by itself.
+QImage premultiplied(const QImage& picture)
+{
+    if (picture.format() != QImage::Format_RGBA64)
+        return picture.convertToFormat(QImage::Format_RGBA64_Premultiplied);
+    QImage made(picture.size(), QImage::Format_RGBA64_Premultiplied);
+    if (made.isNull())
+        throw std::bad_alloc();
+    const auto width = static_cast<std::size_t>(picture.width());
+    for (int y = 0; y < picture.height(); ++y) {
+        const std::span from(reinterpret_cast<const QRgba64*>(picture.constScanLine(y)), width);
+        const std::span to(reinterpret_cast<QRgba64*>(made.scanLine(y)), width);
+        std::ranges::transform(from, to.begin(), [](QRgba64 pixel) { return pixel.premultiplied(); });
+    }
+    return made;
+}
+
 // A sprite's own pixels or, where a colour transform says what colours there are, its coverage in the colour given.
 QImage pictureFor(const CELVEC_Kvd& drawing, const CELVEC_Shape& shape, const VS_RGBA& paint)
 {
-    if (shape.picture.isNull() || !drawing.colorTransform())
-        return shape.picture;
-    QImage tinted = shape.picture.convertToFormat(QImage::Format_RGBA64_Premultiplied);
+    if (shape.picture.isNull())
+        return {};
+    if (!drawing.colorTransform())
+        return shape.picture.format() == QImage::Format_RGBA64 ? premultiplied(shape.picture) : shape.picture;
+    QImage tinted = premultiplied(shape.picture);
     QPainter painter(&tinted);
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(tinted.rect(), toQColor(paint, 1.0));
