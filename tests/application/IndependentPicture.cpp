@@ -3,6 +3,7 @@
 // The exact lighting, not the one that is made for the eye.
 #include "application/IndependentPicture.h"
 
+#include "QuarvelCelCore/CEL_WithFormat.h"
 #include "QuarvelNormalMap/NM_DrawingPicture.h"
 #include "jobs/drawing/NormalMapJob.h"
 #include "jobs/drawing/ReadDrawing.h"
@@ -44,19 +45,20 @@ std::optional<IndependentPicture> IndependentPicture::render(const QString& file
 
 int IndependentPicture::pixelsThatDiffer(const CEL_PixmapArea& node) const
 {
-    const auto* const theirs = dynamic_cast<const CEL_PixmapAreaRGBA16*>(&node);
-    const auto ours = _node.dynamicCast<CEL_PixmapAreaRGBA16>();
-    if (!theirs || !ours)
-        return size().width() * size().height();
-    int differing = 0;
-    for (int y = 0; y < size().height(); ++y)
-        for (int x = 0; x < size().width(); ++x) {
-            const CEL_PixelRGBA16* const found = ours->find(x, y);
-            const CEL_PixelRGBA16* const other = theirs->find(x, y);
-            const CEL_PixelRGBA16 a = found ? *found : CEL_PixelRGBA16{};
-            const CEL_PixelRGBA16 b = other ? *other : CEL_PixelRGBA16{};
-            differing += a.r != b.r || a.g != b.g || a.b != b.b || a.a != b.a ? 1 : 0;
-        }
+    int differing = size().width() * size().height();
+    CEL_withFormat(node, [&](const auto& theirs) {
+        using Pixel = CEL_PixelOf<decltype(theirs)>;
+        const auto ours = _node.dynamicCast<CEL_PixmapOf<Pixel>>();
+        if (!ours)
+            return;
+        differing = 0;
+        for (int y = 0; y < size().height(); ++y)
+            for (int x = 0; x < size().width(); ++x) {
+                const Pixel* const found = ours->find(x, y);
+                const Pixel* const other = theirs.find(x, y);
+                differing += (found ? *found : Pixel{}) == (other ? *other : Pixel{}) ? 0 : 1;
+            }
+    });
     return differing;
 }
 

@@ -2,6 +2,7 @@
 //
 // More than a thousand drawings that nobody here drew, each through the whole program with the plug-in loaded as a
 // plug-in: every one renders, and the normal map covers what the drawing covers.
+#include "QuarvelCelCore/CEL_WithFormat.h"
 #include "jobs/drawing/NormalMapJob.h"
 #include "jobs/drawing/ReadDrawing.h"
 
@@ -9,6 +10,8 @@
 #include <QFileInfo>
 
 #include <gtest/gtest.h>
+
+#include <cmath>
 
 namespace {
 
@@ -27,19 +30,26 @@ QStringList realDrawings()
     return drawings;
 }
 
+// In steps of 16 bits.
+int coverageAt(const CEL_PixmapArea& pixmap, int x, int y)
+{
+    int coverage = 0;
+    CEL_withFormat(pixmap, [&](const auto& typed) {
+        using Traits = CEL_PixelTraits<CEL_PixelOf<decltype(typed)>>;
+        if (const auto* const pixel = typed.find(x, y))
+            coverage = static_cast<int>(std::lround(32767.0 * pixel->a / Traits::kFull));
+    });
+    return coverage;
+}
+
 // A coverage of 0.99 and more counts as full, every object on top rounds down once, and where a few shapes just touch a
 // pixel, the drawing adds up what the smallest steps of their coverage, a 255th each, are.
 int largestDifference(const ShownFrame& frame)
 {
-    const auto node = frame.picture.dynamicCast<CEL_PixmapAreaRGBA16>();
-    const auto drawing = frame.drawing.dynamicCast<CEL_PixmapAreaRGBA16>();
     int largest = 0;
     for (int y = 0; y < kSize; ++y)
-        for (int x = 0; x < frame.window.width(); ++x) {
-            const CEL_PixelRGBA16* of = node->find(x, y);
-            const CEL_PixelRGBA16* wanted = drawing->find(x, y);
-            largest = std::max(largest, std::abs((of ? of->a : 0) - (wanted ? wanted->a : 0)));
-        }
+        for (int x = 0; x < frame.window.width(); ++x)
+            largest = std::max(largest, std::abs(coverageAt(*frame.picture, x, y) - coverageAt(*frame.drawing, x, y)));
     return largest;
 }
 

@@ -159,7 +159,7 @@ TEST_F(FrameBorder, IsNoOutlineInFramesFilmsAndTheWindow)
     auto narrow = DrawingScene::build(read(kWidth, kDiscs), settings(false));
     auto wide = DrawingScene::build(read(2 * kWidth, kDiscs), settings(true));
     ASSERT_TRUE(narrow && wide);
-    const auto half = [](const auto& picture, auto& whole) {
+    const auto half = [](const auto& picture, const auto& whole) {
         for (int y = 0; y < kHeight; ++y) {
             const auto a = picture(y);
             const auto b = whole(y);

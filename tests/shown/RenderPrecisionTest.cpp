@@ -54,8 +54,8 @@ protected:
         settings.allObjects.smoothness = 2.0;
         return settings;
     }
-    // Bevel 240 and elevation 6 of 720 are 171 and 160 pixels.
-    static NormalMapSettings wide() { return form(240.0, 6.0); }
+    // Bevel 240 and elevation 8 of 720 are 171 and 213 pixels.
+    static NormalMapSettings wide() { return form(240.0, 8.0); }
     static NormalMapSettings narrow() { return form(24.0, 1.0); }
 
     static ShownFrame render(const LayeredDrawing& drawing, const NormalMapSettings& settings,
@@ -193,7 +193,7 @@ TEST_F(RenderPrecision, KeepsWhatIsFlatExactlyFlat)
 {
     // A bevel of 90 units reaches 64 pixels in, the square is 410 wide.
     const LayeredDrawing square = read(R"(<rect x="10" y="10" width="80" height="80" fill="#d02020"/>)");
-    const ShownFrame frame = render(square, form(90.0, 16.0));
+    const ShownFrame frame = render(square, form(90.0, 20.0));
     ASSERT_TRUE(isFloat(frame));
     const auto picture = NM_toPicture(*frame.picture, frame.window, {});
     ASSERT_TRUE(picture);

@@ -158,7 +158,8 @@ void ExportDialog::addForm(QFormLayout& form)
     form.addRow(tr("Pa&dding"), _pad);
     explain(form, _pad, tr("How far colours grow past the silhouette, so that filtered edges stay clean"));
     _float = new QCheckBox(tr("Render in &32-bit float"));
-    _float->setToolTip(tr("Everything in float, for twice the memory; without it only wide forms, where 16 bits would leave grain"));
+    _float->setToolTip(
+        tr("Everything in float, for twice the memory; without it only wide forms, where 16 bits would leave grain"));
     form.addRow(QString(), _float);
 }
 

@@ -22,7 +22,7 @@ using Samples = hn::Rebind<std::uint16_t, D>;
 
 // Values from 0 to 65535 and a part of one, cut to whole ones.
 template<class D>
-HWY_INLINE hn::Vec<Samples<D>> cut(D d, hn::Vec<D> values)
+HWY_INLINE hn::Vec<Samples<D>> cut(D /*lanes*/, hn::Vec<D> values)
 {
     return hn::DemoteTo(Samples<D>(), hn::ConvertTo(hn::RebindToSigned<D>(), values));
 }
