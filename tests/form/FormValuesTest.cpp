@@ -56,16 +56,16 @@ TEST(FormValues, ScaleWithTheBreadth)
     EXPECT_NEAR(other.bevel, 2.0 * one.bevel, 2.0 * kDigitsOfBevel);
     EXPECT_NEAR(other.elevation, 2.0 * one.elevation, 2.0 * kDigitsOfElevation);
     EXPECT_EQ(other.smoothness, one.smoothness);
-    EXPECT_NEAR(one.elevation, 40.0 / 37.5, kDigitsOfElevation);
+    EXPECT_NEAR(one.elevation, 1.05 * 40.0 / 37.5, kDigitsOfElevation);
 }
 
 TEST(FormValues, RoundOnesAreFuller)
 {
     const ObjectForm ordinary = formFor({40.0, 0.85}, ObjectRole::BODY, {});
     const ObjectForm round = formFor({40.0, 0.93}, ObjectRole::BODY, {});
-    EXPECT_DOUBLE_EQ(round.bevel, 160.0);
-    EXPECT_DOUBLE_EQ(round.elevation, 60.0 / 37.5);
-    EXPECT_DOUBLE_EQ(round.smoothness, 3.4);
+    EXPECT_DOUBLE_EQ(round.bevel, 136.0);
+    EXPECT_DOUBLE_EQ(round.elevation, 63.0 / 37.5);
+    EXPECT_DOUBLE_EQ(round.smoothness, 3.2);
     const ObjectForm between = formFor({40.0, 0.89}, ObjectRole::BODY, {});
     EXPECT_NEAR(between.bevel, (ordinary.bevel + round.bevel) / 2.0, kDigitsOfBevel);
     EXPECT_EQ(formFor({40.0, 0.2}, ObjectRole::BODY, {.shape = FormShape::PILLOW}), round);

@@ -21,9 +21,9 @@ struct Profile
 };
 
 // A blur that reaches a little beyond the middle, and the square root of it, which makes a circle's profile.
-constexpr Profile kOrdinary{1.3, 1.0, 1.8};
+constexpr Profile kOrdinary{1.1, 1.05, 1.7};
 // What is round all around gets a wider blur, whose profile is nearer to a sphere's.
-constexpr Profile kRound{4.0, 1.5, 3.4};
+constexpr Profile kRound{3.4, 1.575, 3.2};
 constexpr double kRoundFrom = 0.85;
 constexpr double kRoundTo = 0.93;
 
