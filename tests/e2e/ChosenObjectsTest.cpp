@@ -1,14 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // What the program chose in a drawing can be seen, named and said again.
-#include <QDir>
-#include <QFile>
+#include "ProgramFolder.h"
+
 #include <QImage>
-#include <QProcess>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using testing::AllOf;
 using testing::HasSubstr;
@@ -22,42 +19,10 @@ const char* const kFigure = R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="
 <circle cx="48" cy="50" r="9" fill="#3344cc"/>
 </svg>)";
 
-struct Outcome
-{
-    int exitCode;
-    QString output;
-    std::string messages;
-};
-
-class ChosenObjectsOfAFigure : public testing::Test
+class ChosenObjectsOfAFigure : public ProgramFolder
 {
 protected:
     void SetUp() override { write("figure.svg", kFigure); }
-    void write(const char* name, const QByteArray& content) const
-    {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-    }
-    QString path(const char* name) const { return QDir(_folder.path()).filePath(QString::fromUtf8(name)); }
-    QByteArray bytes(const char* name) const
-    {
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
-        return file.readAll();
-    }
-    Outcome quarvel(const QString& words) const
-    {
-        QProcess process;
-        process.setWorkingDirectory(_folder.path());
-        process.start(QStringLiteral(QUARVEL_PROGRAM), words.split(QLatin1Char(' ')));
-        EXPECT_TRUE(process.waitForFinished(120'000)) << process.errorString().toStdString();
-        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-                process.readAllStandardError().toStdString()};
-    }
-
-private:
-    QTemporaryDir _folder;
 };
 
 TEST_F(ChosenObjectsOfAFigure, GiveTheSameBytesWhenTheirValuesArePastedAsOptions)
@@ -119,7 +84,7 @@ TEST_F(ChosenObjectsOfAFigure, CoverASpriteOfItAsItIs)
     ASSERT_EQ(quarvel("normalmap figure.svg -o still.png --drawing sprite.png").exitCode, 0);
     const Outcome listed = quarvel("inspect sprite.png");
     EXPECT_EQ(listed.output.count(QStringLiteral("a region of one colour")), 3) << listed.output.toStdString();
-    const Outcome outcome = quarvel("normalmap sprite.png --drawing again.png");
+    const Outcome outcome = quarvel("normalmap sprite.png --drawing again.png --alpha coverage");
     ASSERT_EQ(outcome.exitCode, 0) << outcome.messages;
     const QImage sprite(path("sprite.png"));
     const QImage map(path("sprite_n.png"));

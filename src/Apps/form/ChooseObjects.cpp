@@ -22,6 +22,7 @@ ChosenObjects believed(const DIO_Drawing& drawing)
         object.name = layer.name;
         object.reason =
             layer.declared ? QStringLiteral("a layer of the file") : QStringLiteral("what lies in no layer");
+        object.values = layer.values;
         chosen.objects.push_back(object);
     }
     return chosen;
@@ -43,9 +44,12 @@ FoundParts everyShape(const std::vector<ShapeFacts>& facts, const Grid& grid)
     return found;
 }
 
+// Values are said of layers as they are.
 bool hasLayers(const DIO_Drawing& drawing)
 {
-    return std::ranges::count(drawing.layers, true, &DIO_Layer::declared) >= 2;
+    const auto hasValues = [](const DIO_Layer& layer) { return !layer.values.isEmpty(); };
+    return std::ranges::count(drawing.layers, true, &DIO_Layer::declared) >= 2 ||
+           std::ranges::any_of(drawing.layers, hasValues);
 }
 
 ChosenObjects chooseOfShapes(const DIO_Drawing& drawing, ObjectChoice choice)

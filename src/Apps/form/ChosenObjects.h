@@ -35,6 +35,7 @@ struct ChosenObject
     /// What the object's form is measured on, where that is not its layer: of a part that was completed beneath what
     /// hides it, what the drawing shows of it. Empty for most objects. Paints are indices into the drawing's palette.
     std::vector<DIO_Shape> measured = {};
+    QStringList values = {}; ///< what the file says of its volume (DIO_Layer::values)
 };
 
 /// A drawing in objects.

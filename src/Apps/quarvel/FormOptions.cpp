@@ -2,6 +2,7 @@
 #include "FormOptions.h"
 
 #include "OptionValues.h"
+#include "jobs/drawing/ObjectWords.h"
 
 std::vector<OptionRow<FormSettings>> formOptionRows()
 {
@@ -19,4 +20,10 @@ std::vector<OptionRow<FormSettings>> formOptionRows()
                     [&](double volume) { form.volume = volume; });
     };
     return {{{s("objects")}, true, takeObjects}, {{s("shape")}, true, takeShape}, {{s("volume")}, true, takeVolume}};
+}
+
+Taken takeObjectOption(ObjectWishes& wishes, const QString& option, const QString& value)
+{
+    const Taken taken = takeObjectWords(wishes, value);
+    return taken ? taken : Taken(UT_Error{QStringLiteral("%1: %2").arg(option, taken.error().text)});
 }

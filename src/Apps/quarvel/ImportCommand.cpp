@@ -43,6 +43,7 @@ UT_Result<ImportedScene> importFiles(const ImportOptions& options)
 {
     ImportSettings settings;
     settings.form = options.form;
+    settings.wishes = options.wishes;
     return UT_withinMemory(QStringLiteral("all these drawings"), QStringLiteral("import fewer frames at once"),
                            [&] { return importDrawings(options.files, settings); });
 }

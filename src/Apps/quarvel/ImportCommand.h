@@ -14,6 +14,7 @@ struct ImportOptions
     QStringList files;
     QString output; ///< the scene's folder
     FormSettings form;
+    ObjectWishes wishes;
     bool force = false;
     bool quiet = false;
     bool help = false;

@@ -46,6 +46,7 @@ std::vector<Row> rows()
                          {{QStringLiteral("h"), QStringLiteral("help")}, false, flag(&ImportOptions::help)}};
     const auto form = formOptionRows<ImportOptions>([](ImportOptions& o) -> FormSettings& { return o.form; });
     all.insert(all.end(), form.begin(), form.end());
+    all.push_back(objectOptionRow<ImportOptions>([](ImportOptions& o) -> ObjectWishes& { return o.wishes; }));
     return all;
 }
 
@@ -99,6 +100,7 @@ number, count from 1. Where numbers are left out, the drawing before holds.
                           all of its breadth, or flat. One set of values holds for all frames: those that fit the
                           object where it is largest
       --volume V          how strong the form is, 0 to 2 (1): 0.5 for a flatter look
+      --object N:...      sets one object's values, as in quarvel normalmap: head:bevel=60:elevation=0.5, 'eye*:cutout', 2:hidden
       --force             writes over a scene that is there already
   -q, --quiet             nothing on standard output
   -h, --help              this text

@@ -48,12 +48,14 @@ public:
         QStringList names;
         for (const LayeredDrawing::Layer& layer : read->drawing.layers)
             names << layer.name;
-        const auto settings = withNumberedObjects(_options.settings, names);
-        if (!settings)
-            return settings.error();
+        const auto wishes = withNumberedObjects(_options.settings, names);
+        if (!wishes)
+            return wishes.error();
+        NormalMapSettings settings = _options.settings;
+        static_cast<ObjectWishes&>(settings) = *wishes;
         _chosen = chosenFor(read->drawing);
         const auto rendered =
-            renderNormalMap(read->drawing, *settings, wantedPictures(_options, files), part(kReadEnds, kRenderEnds));
+            renderNormalMap(read->drawing, settings, wantedPictures(_options, files), part(kReadEnds, kRenderEnds));
         if (!rendered)
             return rendered.error();
         return writePictures(*rendered, _options, files, _drawing, part(kRenderEnds, 1.0));

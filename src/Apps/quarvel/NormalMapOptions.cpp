@@ -8,7 +8,6 @@
 #include "OptionTable.h"
 #include "OptionValues.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
-#include "jobs/drawing/ObjectNames.h"
 
 #include <functional>
 
@@ -45,56 +44,6 @@ Take<NormalMapOptions> flag(Member member, bool value)
 Taken takeBevel(NormalMapOptions& options, const QString& option, const QString& value)
 {
     return keep(parseNumber(option, value), [&](double bevel) { options.settings.allObjects.bevel = bevel; });
-}
-
-Taken takeObjectPart(ObjectSettings& object, const QString& option, const QString& part)
-{
-    const QString key = part.section(QLatin1Char('='), 0, 0).trimmed().toLower();
-    const QString value = part.section(QLatin1Char('='), 1);
-    const QString name = option + QLatin1Char(' ') + key;
-    const bool yes = !part.contains(QLatin1Char('='));
-    if (key == QLatin1String("bevel"))
-        return keep(parseNumber(name, value), [&](double v) { object.bevel = v; });
-    if (key == QLatin1String("elevation"))
-        return keep(parseNumber(name, value), [&](double v) { object.elevation = v; });
-    if (key == QLatin1String("smoothness"))
-        return keep(parseNumber(name, value), [&](double v) { object.smoothness = v; });
-    if (key == QLatin1String("level"))
-        return keep(parseNumber(name, value, 0.0, 1.0), [&](double v) { object.level = v; });
-    if (key == QLatin1String("cutout"))
-        return keep(yes ? UT_Result<bool>(true) : parseYesNo(name, value), [&](bool v) { object.cutOut = v; });
-    if (key == QLatin1String("hidden"))
-        return keep(yes ? UT_Result<bool>(true) : parseYesNo(name, value), [&](bool v) { object.hidden = v; });
-    if (key == QLatin1String("coverage"))
-        return keep(yes ? UT_Result<bool>(true) : parseYesNo(name, value), [&](bool v) { object.scaleByCoverage = v; });
-    return UT_Error{
-        QStringLiteral("%1: an object has bevel=, elevation=, smoothness=, level=, coverage, cutout and hidden, "
-                       "but no \"%2\"")
-            .arg(option, part)};
-}
-
-Taken takeObject(NormalMapOptions& options, const QString& option, const QString& value)
-{
-    const QStringList parts = value.split(QLatin1Char(':'));
-    const QString& meant = parts.first();
-    bool isNumber = false;
-    const int number = meant.toInt(&isNumber);
-    if (parts.size() < 2 || meant.isEmpty() || (isNumber && number < 1))
-        return UT_Error{QStringLiteral("%1 takes an object's number or name (or all) and what to set, such as "
-                                       "2:bevel=60:elevation=0.5, head:bevel=60 or 'eye*:cutout', not \"%2\"")
-                            .arg(option, value)};
-    ObjectSettings said;
-    for (const QString& part : parts.sliced(1))
-        if (Taken taken = takeObjectPart(said, option, part); !taken)
-            return taken;
-    NormalMapSettings& settings = options.settings;
-    if (meant == QLatin1String("all"))
-        settings.allObjects = merged(said, settings.allObjects);
-    else if (isNumber)
-        settings.objects[number] = merged(said, settings.objects[number]);
-    else
-        settings.namedObjects.emplace_back(meant, said);
-    return {};
 }
 
 Taken takeLevel(NormalMapOptions& options, const QString& option, const QString& value)
@@ -172,7 +121,7 @@ std::vector<Row> rows()
          }},
         {{s("float")}, false, flag(&Settings::renderInFloat, true)},
         {{s("truck")}, true, number(&Settings::truck, 0.001, 1000.0)},
-        {{s("object")}, true, takeObject},
+        objectOptionRow<Options>([](Options& o) -> ObjectWishes& { return o.settings; }),
         {{s("bevel")}, true, takeBevel},
         {{s("level")}, true, takeLevel},
         {{s("bevel-multiplier")}, true, number(&Settings::blurScale, 0.0, 10.0)},

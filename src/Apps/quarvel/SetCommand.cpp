@@ -3,17 +3,88 @@
 // Loads, changes, saves. What would change nothing is not saved.
 #include "SetCommand.h"
 
+#include "FormOptions.h"
 #include "OpenScene.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
 #include "Say.h"
 #include "jobs/scene/SetAttribute.h"
+#include "jobs/scene/SetObjects.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
 
 constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
+
+bool isObjectOption(const QString& word)
+{
+    return word == u"--object" || word.startsWith(u"--object=");
+}
+
+// @param change gets the scene and a stack; gives an error, or what it changed in words: nothing when nothing
+template<typename Change>
+int changeScene(const QString& folder, const Change& change)
+{
+    const auto opened = openScene(folder);
+    if (!opened) {
+        say(opened.error().sentence());
+        return kFailed;
+    }
+    CO_CommandStack stack;
+    const UT_Result<QString> changed = change(*opened->scene, stack);
+    if (!changed) {
+        say(QStringLiteral("%1: %2").arg(folder, changed.error().sentence()));
+        return kWrongUsage;
+    }
+    if (changed->isEmpty()) {
+        writeText(stdout, QStringLiteral("%1: nothing to change\n").arg(folder));
+        return 0;
+    }
+    if (const auto saved = SIO_saveScene(*opened->scene, folder); !saved) {
+        say(saved.error().sentence());
+        return kFailed;
+    }
+    writeText(stdout, QStringLiteral("%1: %2\n").arg(folder, *changed));
+    return 0;
+}
+
+int setAttribute(const QStringList& words)
+{
+    return changeScene(words.first(), [&](MO_Scene& scene, CO_CommandStack& stack) -> UT_Result<QString> {
+        const UT_Result<bool> changed = setInScene(scene, stack, words[1], words.sliced(2));
+        if (!changed)
+            return changed.error();
+        return *changed ? stack.undoName() : QString();
+    });
+}
+
+int setObjects(const QStringList& words)
+{
+    ObjectWishes wishes;
+    const std::vector<OptionRow<ObjectWishes>> table{
+        objectOptionRow<ObjectWishes>([](ObjectWishes& all) -> ObjectWishes& { return all; })};
+    const UT_Result<QStringList> rest = takeOptions(QStringLiteral("set"), words, table, wishes);
+    if (!rest) {
+        say(rest.error().sentence());
+        return kWrongUsage;
+    }
+    if (rest->size() != 1) {
+        say(QStringLiteral(
+            "set --object wants one scene, such as walk.scene; attributes are set by a call of their own"));
+        return kWrongUsage;
+    }
+    return changeScene(rest->first(), [&](MO_Scene& scene, CO_CommandStack& stack) -> UT_Result<QString> {
+        const UT_Result<std::vector<int>> changed = setObjectsInScene(scene, stack, wishes);
+        if (!changed)
+            return changed.error();
+        QStringList numbers;
+        for (const int number : *changed)
+            numbers << QString::number(number);
+        return numbers.isEmpty() ? QString() : QStringLiteral("changed: object ") + numbers.join(QStringLiteral(", "));
+    });
+}
 
 } // namespace
 
@@ -23,46 +94,32 @@ int runSetCommand(const QStringList& words)
         std::fputs(qPrintable(setHelp()), stdout);
         return 0;
     }
-    if (words.size() < 3) {
+    const bool setsObjects = std::ranges::any_of(words, &isObjectOption);
+    if (!setsObjects && words.size() < 3) {
         say(QStringLiteral("set wants a scene, what to change and its new value, as in:\n"
-                           "  quarvel set walk.scene Normal-Map.BlurScale 1:0.5 24:2.0"));
+                           "  quarvel set walk.scene Normal-Map.bevel-multiplier 1:0.5 24:2.0\n"
+                           "  quarvel set walk.scene --object head:bevel=40"));
         return kWrongUsage;
     }
-    const QString& folder = words.first();
-    const auto opened = openScene(folder);
-    if (!opened) {
-        say(opened.error().sentence());
-        return kFailed;
-    }
-    CO_CommandStack stack;
-    const auto changed = setInScene(*opened->scene, stack, words[1], words.sliced(2));
-    if (!changed) {
-        say(QStringLiteral("%1: %2").arg(folder, changed.error().sentence()));
-        return kWrongUsage;
-    }
-    if (!*changed) {
-        writeText(stdout, QStringLiteral("%1: nothing to change\n").arg(folder));
-        return 0;
-    }
-    if (const auto saved = SIO_saveScene(*opened->scene, folder); !saved) {
-        say(saved.error().sentence());
-        return kFailed;
-    }
-    writeText(stdout, QStringLiteral("%1: %2\n").arg(folder, stack.undoName()));
-    return 0;
+    return setsObjects ? setObjects(words) : setAttribute(words);
 }
 
 QString setHelp()
 {
     return QStringLiteral(
-        "quarvel set - changes one thing of a scene\n"
+        "quarvel set - changes one thing of a scene, or values of single objects\n"
         "\n"
         "  quarvel set SCENE WHAT VALUE...\n"
+        "  quarvel set SCENE --object N:...\n"
         "\n"
         "\"quarvel inspect SCENE\" lists the modules and their attributes.\n"
         "\n"
+        "Values of single objects\n"
+        "      --object N:...   sets one object's values, in the words of quarvel normalmap; all other objects stay\n"
+        "\n"
         "Examples\n"
-        "  quarvel set walk.scene Normal-Map.BlurScale 1.5              one value for all frames\n"
+        "  quarvel set walk.scene --object head:bevel=40 --object 'eye*:elevation=0.5'\n"
+        "  quarvel set walk.scene Normal-Map.bevel-multiplier 1.5       one value for all frames\n"
         "  quarvel set walk.scene Normal-Map.BlurScale 1:0.5 24:2.0     keys at frames 1 and 24; others stay\n"
         "  quarvel set walk.scene Normal-Map.BlurScale 1:0.5:hold       it stays until the next key\n"
         "  quarvel set walk.scene Normal-Map.BlurScale 1:0:bezier 24:2  it leaves and arrives softly\n"

@@ -55,6 +55,8 @@ struct DIO_Layer
     QString name;
     bool declared = false; ///< the file itself names it a layer or, where asked for, a group; else it was put together
     std::vector<DIO_Shape> shapes; ///< in the order of painting
+    /// What the file says of the layer's volume, each as "name=value": in SVG files the attributes data-vallorin-name.
+    QStringList values = {};
 };
 
 /// A drawing.

@@ -11,6 +11,7 @@
 #include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
 #include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "jobs/drawing/ObjectNames.h"
 #include "jobs/shown/NormalMapNode.h"
 
 #include <QStringList>
@@ -23,7 +24,7 @@ namespace {
 
 const QString kDrawingName = QStringLiteral("1");
 
-// What holds for one object: its own settings, where it has none those of all objects, and the chosen form last.
+// What holds for one object: what is said of it, of all objects, what the drawing says of it, and the chosen form last.
 struct ObjectValues
 {
     double bevel;
@@ -35,26 +36,27 @@ struct ObjectValues
     bool hidden;
 };
 
-ObjectValues valuesOf(int number, const ObjectForm& form, const NormalMapSettings& settings)
+ObjectValues valuesOf(int number, const LayeredDrawing::Layer& layer, const NormalMapSettings& settings)
 {
-    const ObjectSettings& all = settings.allObjects;
     const auto found = settings.objects.find(number);
-    const ObjectSettings own = found == settings.objects.end() ? ObjectSettings() : found->second;
-    return {own.bevel.value_or(all.bevel.value_or(form.bevel)),
-            own.elevation.value_or(all.elevation.value_or(form.elevation)),
-            own.smoothness.value_or(all.smoothness.value_or(form.smoothness)),
-            own.level.value_or(all.level.value_or(1.0)),
-            own.scaleByCoverage.value_or(all.scaleByCoverage.value_or(false)),
-            own.cutOut.value_or(all.cutOut.value_or(false)),
-            own.hidden.value_or(all.hidden.value_or(false))};
+    const ObjectSettings said =
+        found == settings.objects.end() ? settings.allObjects : merged(found->second, settings.allObjects);
+    const ObjectSettings own = merged(said, layer.own);
+    return {own.bevel.value_or(layer.form.bevel),
+            own.elevation.value_or(layer.form.elevation),
+            own.smoothness.value_or(layer.form.smoothness),
+            own.level.value_or(1.0),
+            own.scaleByCoverage.value_or(false),
+            own.cutOut.value_or(false),
+            own.hidden.value_or(false)};
 }
 
 std::vector<NormalMapObject> objectTable(const LayeredDrawing& drawing, const NormalMapSettings& settings)
 {
     std::vector<NormalMapObject> objects;
     for (int number = 1; number <= static_cast<int>(drawing.layers.size()); ++number) {
-        const ObjectForm& form = drawing.layers[static_cast<std::size_t>(number) - 1].form;
-        const ObjectValues values = valuesOf(number, form, settings);
+        const LayeredDrawing::Layer& layer = drawing.layers[static_cast<std::size_t>(number) - 1];
+        const ObjectValues values = valuesOf(number, layer, settings);
         if (!values.cutOut && !values.hidden)
             objects.push_back({number, values.bevel, values.elevation, values.smoothness});
     }
@@ -214,7 +216,7 @@ UT_Result<DrawingScene> DrawingScene::build(const LayeredDrawing& drawing, const
     unsigned compositePort = 0;
     for (std::size_t i = 0; i < drawing.layers.size(); ++i) {
         const auto number = static_cast<int>(i) + 1;
-        const ObjectValues values = valuesOf(number, drawing.layers[i].form, settings);
+        const ObjectValues values = valuesOf(number, drawing.layers[i], settings);
         MO_ElementModule& element = addElement(scene, drawing.layers[i]);
         built._elements.push_back(&element);
         place(element, drawing.frame, scene.frameHeight());

@@ -32,6 +32,7 @@ struct LayeredDrawing
         QString name;
         UT_SharedPtr<CELVEC_Kvd> drawing; ///< in the units of the frame below
         ObjectForm form = kRimForm;       ///< holds where the settings say nothing of the object
+        ObjectSettings own = {};          ///< what the drawing or its folder says; holds before the form
     };
 
     QRectF frame;              ///< what the picture shows, in the drawing's units

@@ -27,6 +27,15 @@ struct ObjectSettings
     std::optional<bool> hidden;          ///< it contributes nothing at all
 };
 
+/// What is said of a drawing's objects.
+struct ObjectWishes
+{
+    ObjectSettings allObjects;
+    std::map<int, ObjectSettings> objects; ///< by number, 1 is the lowest layer
+    /// By name or pattern (ObjectNames.h), in the order in which it was said.
+    std::vector<std::pair<QString, ObjectSettings>> namedObjects;
+};
+
 /// The level of one palette colour.
 struct ColourLevel
 {
@@ -35,7 +44,7 @@ struct ColourLevel
 };
 
 /// Everything that is chosen for a run, apart from the files.
-struct NormalMapSettings
+struct NormalMapSettings : ObjectWishes
 {
     // The picture.
     std::optional<QSize> size;  ///< in pixels; a height of 0 follows from the drawing's shape
@@ -43,11 +52,7 @@ struct NormalMapSettings
     double truck = 1.0;         ///< how much the camera magnifies, about the picture's centre
 
     // The objects.
-    FormSettings form; ///< where the objects and their values come from
-    ObjectSettings allObjects;
-    std::map<int, ObjectSettings> objects; ///< by number, 1 is the lowest layer
-    /// By name or pattern (ObjectNames.h), in the order in which it was said.
-    std::vector<std::pair<QString, ObjectSettings>> namedObjects;
+    FormSettings form; ///< where the objects and their values come from, apart from what is said of them
 
     // The levels of the drawing's colours.
     int levelOfAllColours = 255;

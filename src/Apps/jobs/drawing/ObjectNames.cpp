@@ -42,12 +42,17 @@ bool isNamedBy(const QString& name, const QString& word)
         .hasMatch();
 }
 
-UT_Result<NormalMapSettings> withNumberedObjects(const NormalMapSettings& settings, const QStringList& names)
+bool isNamedBy(const QStringList& names, const QString& word)
 {
-    NormalMapSettings numbered = settings;
+    return std::ranges::any_of(names, [&](const QString& name) { return isNamedBy(name, word); });
+}
+
+UT_Result<ObjectWishes> withNumberedObjects(const ObjectWishes& wishes, const QStringList& names)
+{
+    ObjectWishes numbered = wishes;
     numbered.namedObjects.clear();
     std::map<int, ObjectSettings> byName;
-    for (const auto& [word, object] : settings.namedObjects) {
+    for (const auto& [word, object] : wishes.namedObjects) {
         bool isKnown = false;
         for (qsizetype i = 0; i < names.size(); ++i) {
             if (!isNamedBy(names[i], word))
@@ -62,4 +67,14 @@ UT_Result<NormalMapSettings> withNumberedObjects(const NormalMapSettings& settin
     for (const auto& [number, object] : byName)
         numbered.objects[number] = merged(numbered.objects[number], object);
     return numbered;
+}
+
+ObjectSettings wishesFor(const ObjectWishes& wishes, int number, const QStringList& names)
+{
+    ObjectSettings said = wishes.allObjects;
+    for (const auto& [word, object] : wishes.namedObjects)
+        if (isNamedBy(names, word))
+            said = merged(object, said);
+    const auto own = wishes.objects.find(number);
+    return own == wishes.objects.end() ? said : merged(own->second, said);
 }

@@ -7,12 +7,30 @@
 #include "QuarvelDrawingIO/DIO_KvdConversion.h"
 #include "form/ChooseForms.h"
 #include "form/ChooseObjects.h"
+#include "jobs/drawing/OwnValues.h"
+
+namespace {
+
+// The values that are listed with the chosen ones take their place; the form has no others.
+void takeOwn(LayeredDrawing::Layer& layer, const ObjectSettings& own)
+{
+    layer.own = own;
+    layer.form.bevel = own.bevel.value_or(layer.form.bevel);
+    layer.form.elevation = own.elevation.value_or(layer.form.elevation);
+    layer.form.smoothness = own.smoothness.value_or(layer.form.smoothness);
+}
+
+} // namespace
 
 UT_Result<ReadDrawing> readDrawing(const QString& path, const FormSettings& form)
 {
     UT_Result<DIO_Drawing> drawing = DIO_readDrawing(path, groupingFor(form.objects));
     if (!drawing)
         return drawing.error();
+    const UT_Result<ObjectWishes> folder = readFolderWishes(path);
+    if (!folder)
+        return folder.error();
+    takeValuesFromNames(*drawing);
     ReadDrawing read;
     read.warnings = drawing->warnings;
     read.drawing.frame = drawing->viewBox;
@@ -21,9 +39,12 @@ UT_Result<ReadDrawing> readDrawing(const QString& path, const FormSettings& form
     // The objects of a bitmap have paints of their own.
     read.drawing.palette = DIO_toPalette(chosen.drawing);
     const std::vector<ObjectForm> forms = chooseForms(chosen, form);
-    for (std::size_t i = 0; i < chosen.objects.size(); ++i)
-        read.drawing.layers.push_back(
-            {chosen.objects[i].name, DIO_toKvd(chosen.drawing, i, read.drawing.palette), forms[i]});
+    for (std::size_t i = 0; i < chosen.objects.size(); ++i) {
+        const ChosenObject& object = chosen.objects[i];
+        LayeredDrawing::Layer layer{object.name, DIO_toKvd(chosen.drawing, i, read.drawing.palette), forms[i]};
+        takeOwn(layer, ownSettings(object.values, *folder, static_cast<int>(i) + 1, object.name, read.warnings));
+        read.drawing.layers.push_back(std::move(layer));
+    }
     read.objects = std::move(chosen.objects);
     return read;
 }

@@ -24,6 +24,7 @@ struct SequenceLayer
     /// What the layer's form is measured on, so that one set of values holds for all frames: the drawing that reaches
     /// farthest, or what the choice of objects says.
     std::vector<DIO_Shape> measured;
+    QStringList values = {}; ///< what the first file that has the layer says of it (DIO_Layer::values)
 
     static constexpr int kNothing = -1;
 };

@@ -5,6 +5,7 @@
 
 #include "QuarvelBaseCore/UT_FileName.h"
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
+#include "jobs/drawing/OwnValues.h"
 #include "jobs/import/ImportKinds.h"
 #include "jobs/import/SequenceScene.h"
 
@@ -90,10 +91,16 @@ UT_Result<DrawingSequence> readSequence(const QStringList& files, const ImportSe
 
 UT_Result<ImportedScene> importDrawings(const QStringList& files, const ImportSettings& settings)
 {
-    const UT_Result<DrawingSequence> sequence = readSequence(files, settings);
+    UT_Result<DrawingSequence> sequence = readSequence(files, settings);
     if (!sequence)
         return sequence.error();
-    UT_Result<std::unique_ptr<MO_Scene>> scene = buildSequenceScene(*sequence, settings.form);
+    QStringList sorted = files;
+    sortNaturally(sorted);
+    const UT_Result<ObjectWishes> folder = readFolderWishes(sorted.first());
+    if (!folder)
+        return folder.error();
+    UT_Result<std::unique_ptr<MO_Scene>> scene =
+        buildSequenceScene(*sequence, settings.form, {settings.wishes, *folder}, sequence->warnings);
     if (!scene)
         return scene.error();
     return ImportedScene{std::move(*scene), sequence->warnings};

@@ -26,6 +26,7 @@ struct ImportSettings
     /// Told every now and then how much is done, 0 to 1, or 0 where nobody knows; false stops. Calls come from the
     /// thread that imports. Empty: nobody wants to know.
     std::function<bool(double done)> goOn = {};
+    ObjectWishes wishes = {}; ///< what is said of the objects; holds before what the form gives
 };
 
 /// A scene that was made of drawings.

@@ -3,6 +3,7 @@
 // Drawings with layers of their own, such as SVG drawings: one a frame.
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
 #include "form/ChooseObjects.h"
+#include "jobs/drawing/OwnValues.h"
 #include "jobs/import/ImportKinds.h"
 #include "jobs/import/RepeatedWarnings.h"
 #include "jobs/import/SequenceBuilder.h"
@@ -32,6 +33,7 @@ UT_Result<DrawingSequence> readLayeredSequence(const QStringList& files, const I
         UT_Result<DIO_Drawing> drawing = DIO_readDrawing(file.path, groupingFor(objects), DIO_Blank::ACCEPTED);
         if (!drawing)
             return drawing.error();
+        takeValuesFromNames(*drawing);
         if (place.frame.isEmpty()) {
             place.frame = drawing->viewBox;
             place.size = drawing->size;

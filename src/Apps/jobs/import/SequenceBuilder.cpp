@@ -90,6 +90,7 @@ std::size_t SequenceBuilder::layerFor(const QString& key, const DIO_Layer& layer
     }
     _layers.insert(_layers.begin() + static_cast<std::ptrdiff_t>(above),
                    Layer{key, layer.name, layer.declared, {}, 0.0, {}});
+    _layers[above].built.values = layer.values;
     return above;
 }
 
@@ -120,6 +121,7 @@ void SequenceBuilder::addFrame(int frame, const ChosenObjects& chosen)
         Layer layer{QString::number(_layers.size()), isAlone ? _name : object.name, true, {}, 0.0, {}};
         expose(layer, frame, chosen.drawing.layers[i].shapes, chosen.drawing.palette);
         layer.built.role = object.role;
+        layer.built.values = object.values;
         if (!object.measured.empty())
             layer.built.measured = object.measured;
         _layers.push_back(std::move(layer));

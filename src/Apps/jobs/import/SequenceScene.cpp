@@ -7,20 +7,26 @@
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "form/ChooseForms.h"
 #include "jobs/drawing/DrawingScene.h"
+#include "jobs/drawing/ObjectNames.h"
+#include "jobs/drawing/OwnValues.h"
 
 #include <algorithm>
 
 namespace {
 
-LayeredDrawing firstDrawings(const DrawingSequence& sequence, const FormSettings& form)
+LayeredDrawing firstDrawings(const DrawingSequence& sequence, const FormSettings& form, const ObjectWishes& folder,
+                             QStringList& warnings)
 {
     LayeredDrawing drawing;
     drawing.frame = sequence.frame;
     drawing.size = sequence.size;
     drawing.palette = sequence.palette;
-    for (const SequenceLayer& layer : sequence.layers)
+    for (const SequenceLayer& layer : sequence.layers) {
+        const auto number = static_cast<int>(drawing.layers.size()) + 1;
         drawing.layers.push_back({layer.name, layer.drawings.begin()->second,
-                                  formFor(measureExtent(layer.measured, sequence.frame), layer.role, form)});
+                                  formFor(measureExtent(layer.measured, sequence.frame), layer.role, form),
+                                  ownSettings(layer.values, folder, number, layer.name, warnings)});
+    }
     return drawing;
 }
 
@@ -43,9 +49,19 @@ void showThroughTime(MO_ElementModule& element, const SequenceLayer& layer)
 
 } // namespace
 
-UT_Result<std::unique_ptr<MO_Scene>> buildSequenceScene(const DrawingSequence& sequence, const FormSettings& form)
+UT_Result<std::unique_ptr<MO_Scene>> buildSequenceScene(const DrawingSequence& sequence, const FormSettings& form,
+                                                        const SequenceWishes& wishes, QStringList& warnings)
 {
-    UT_Result<DrawingScene> built = DrawingScene::build(firstDrawings(sequence, form), NormalMapSettings());
+    QStringList names;
+    for (const SequenceLayer& layer : sequence.layers)
+        names << layer.name;
+    const UT_Result<ObjectWishes> numbered = withNumberedObjects(wishes.person, names);
+    if (!numbered)
+        return numbered.error();
+    NormalMapSettings settings;
+    static_cast<ObjectWishes&>(settings) = *numbered;
+    UT_Result<DrawingScene> built =
+        DrawingScene::build(firstDrawings(sequence, form, wishes.folder, warnings), settings);
     if (!built)
         return built.error();
     for (std::size_t i = 0; i < sequence.layers.size(); ++i)

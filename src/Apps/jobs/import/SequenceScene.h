@@ -7,10 +7,20 @@
 #include "QuarvelBaseCore/UT_Result.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "form/FormSettings.h"
+#include "jobs/drawing/NormalMapSettings.h"
 #include "jobs/import/DrawingSequence.h"
+
+/// What is said of the objects of a sequence.
+struct SequenceWishes
+{
+    ObjectWishes person; ///< an error where there is no such object
+    ObjectWishes folder; ///< see OwnValues.h
+};
 
 /// Builds the scene. Its nodes: an element and an Object Definition for each layer, the Vallorin node "Normal-Map", the
 /// composite "Drawing", and "Display", which shows the normal map.
 ///
-/// @return an error when the plug-in is not loaded
-UT_Result<std::unique_ptr<MO_Scene>> buildSequenceScene(const DrawingSequence& sequence, const FormSettings& form);
+/// @param warnings gets a line for each value of a layer that makes no sense
+/// @return an error when the plug-in is not loaded or a person speaks of an object that is not there
+UT_Result<std::unique_ptr<MO_Scene>> buildSequenceScene(const DrawingSequence& sequence, const FormSettings& form,
+                                                        const SequenceWishes& wishes, QStringList& warnings);

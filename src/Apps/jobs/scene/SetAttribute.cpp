@@ -9,6 +9,7 @@
 #include "QuarvelSceneCore/editing/MO_SceneCommands.h"
 #include "jobs/scene/AttributeWords.h"
 #include "jobs/scene/LightPresets.h"
+#include "jobs/shown/NormalMapNode.h"
 
 #include <QRegularExpression>
 
@@ -160,6 +161,9 @@ MadeCommand commandFor(MO_Scene& scene, const QString& subject, const QStringLis
     if (AT_Attr* attr = subject.contains(u'.') ? scene.findAttr(subject) : nullptr)
         return changeByWords(scene, *attr, words);
     MO_Module* const module = scene.findModule(node);
+    if (AT_Attr* attr =
+            module && NormalMapNode::is(*module) ? module->findAttr(NormalMapNode::keyCalled(key)) : nullptr)
+        return changeByWords(scene, *attr, words);
     if (!module)
         return error(QStringLiteral("expected MODULE.ATTRIBUTE, the module one of %1, got \"%2\"")
                          .arg(moduleNames(scene).join(QStringLiteral(", ")), subject));

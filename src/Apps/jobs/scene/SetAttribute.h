@@ -5,6 +5,7 @@
 //     Normal-Map.BlurScale     1.5                    the value, for all frames
 //     Normal-Map.BlurScale     1:0.5 24:2.0           keys at frames; those at other frames stay
 //     Normal-Map.BlurScale     1:0.5:hold 24:2:bezier how it goes on from a key: hold, linear (the default) or bezier
+//     Normal-Map.bevel-multiplier 1.5                 the same attribute, as the command line and the window call it
 //     Normal-Map.BlurScale     =Hero.ScaleX           reads the other attribute; "=" alone ends that
 //     Hero.Drawing             1:walk_1 3:walk_2 9:   which drawing is shown from a frame on; none behind frame 9
 //     .TruckFactor             1:1 48:1.4             the camera's

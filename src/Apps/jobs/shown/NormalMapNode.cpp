@@ -67,6 +67,30 @@ const QString& NormalMapNode::keyword()
     return keyword;
 }
 
+const QString& NormalMapNode::objectTableKey()
+{
+    return kObjects;
+}
+
+QString NormalMapNode::keyCalled(const QString& name)
+{
+    const std::pair<const char*, const QString&> names[] = {
+        {"bevel-multiplier", kBevelMultiplier},
+        {"elevation-multiplier", kElevationMultiplier},
+        {"smoothness-multiplier", kSmoothnessMultiplier},
+        {"quality", kQuality},
+        {"generate-normals", kGenerateNormals},
+        {"depth-in-blue", kDepthInBlue},
+        {"clip", kClip},
+        {"use-truck-factor", kUseTruckFactor},
+    };
+    const QString word = name.trimmed().toLower().replace(u' ', u'-');
+    for (const auto& [called, key] : names)
+        if (word == QLatin1String(called))
+            return key;
+    return {};
+}
+
 std::unique_ptr<MO_Module> NormalMapNode::make()
 {
     return MO_ModuleFactorySingleton().create(keyword());

@@ -75,6 +75,11 @@ public:
     bool hasElevationInBlue() const;
     void putElevationInBlue() const;
 
+    /// The key of the object table's attribute.
+    static const QString& objectTableKey();
+    /// The key of the attribute that people call so, such as "bevel-multiplier" or "Bevel Multiplier"; empty when none
+    /// is called so.
+    static QString keyCalled(const QString& name);
     /// The object table. Rows that the node does not read are left out; of rows of one number the node takes the last.
     std::vector<NormalMapObject> objects() const;
     /// The colour table.

@@ -19,18 +19,24 @@ constexpr int kNoObject = -1;
 
 bool endsTheWalk(const MO_Module& module);
 
-// The number of the enabled definition that is furthest upstream on the first inputs.
-int numberBehind(const MO_Module* module, double frame)
+// The enabled definition that is furthest upstream on the first inputs.
+ObjectDefinition* definitionBehind(MO_Module* module)
 {
-    int number = kNoObject;
+    ObjectDefinition* definition = nullptr;
     while (module && !endsTheWalk(*module)) {
-        if (const auto* definition = dynamic_cast<const ObjectDefinition*>(module); definition && module->enabled())
-            number = definition->objectId(frame);
+        if (auto* const found = dynamic_cast<ObjectDefinition*>(module); found && module->enabled())
+            definition = found;
         const MO_Port* const input = module->inPort(0);
         const MO_Port* const source = input ? input->realSrcPort() : nullptr;
         module = source ? source->module() : nullptr;
     }
-    return number;
+    return definition;
+}
+
+int numberBehind(MO_Module* module, double frame)
+{
+    const ObjectDefinition* const definition = definitionBehind(module);
+    return definition ? definition->objectId(frame) : kNoObject;
 }
 
 // Leaves the drawing as it is and attaches what the node's handler says of it; takes it away where the handler does.
@@ -160,6 +166,12 @@ VisibleInputs& replace(MO_Module& node)
 }
 
 } // namespace
+
+ObjectDefinition* objectDefinitionBehind(const MO_Port& input)
+{
+    const MO_Port* const source = input.realSrcPort();
+    return source ? definitionBehind(source->module()) : nullptr;
+}
 
 int objectNumberBehind(const MO_Port& input, double frame)
 {

@@ -19,10 +19,15 @@
 
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 
+class ObjectDefinition;
+
 /// The number of the object that an input of a node shows at a frame: 1 or more, 0 for a cut-out, -1 for none, as far
 /// as the graph says it. (What drawings say of themselves may differ where several are joined, or where they are
 /// switched off.)
 int objectNumberBehind(const MO_Port& input, double frame);
+
+/// The definition that says so; null where there is none.
+ObjectDefinition* objectDefinitionBehind(const MO_Port& input);
 
 /// Changes a scene so that it shows the drawing where it showed normal maps: what was linked to a node is linked to a
 /// module that paints what the node's inputs show. The nodes stay in the scene, for attributes that are linked to

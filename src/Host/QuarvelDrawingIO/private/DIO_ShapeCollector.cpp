@@ -137,7 +137,10 @@ DIO_Layer& DIO_ShapeCollector::layerForShape()
 {
     if (!_layerOpen) {
         const bool declared = _currentLayer >= 0 && _currentLayer < _layers.names.size();
-        _drawing.layers.push_back({declared ? _layers.names[_currentLayer] : QString(), declared, {}});
+        DIO_Layer layer{declared ? _layers.names[_currentLayer] : QString(), declared, {}};
+        if (declared)
+            layer.values = _layers.values[static_cast<std::size_t>(_currentLayer)];
+        _drawing.layers.push_back(std::move(layer));
         _layerOpen = true;
     }
     return _drawing.layers.back();

@@ -23,6 +23,17 @@ bool hasLayerMetadata(const DIO_XmlNode& node)
     });
 }
 
+QStringList valuesOf(const DIO_XmlNode& node)
+{
+    constexpr QLatin1String kPrefix("data-vallorin-");
+    QStringList values;
+    for (const auto& [name, value] : node.attributes)
+        if (name.startsWith(kPrefix, Qt::CaseInsensitive))
+            values.append(name.mid(kPrefix.size()) + u'=' + value.trimmed());
+    return values;
+}
+
+// What has values of its own is meant to be an object.
 bool isDeclaredLayer(const DIO_XmlNode& node, bool topLevel)
 {
     static const QRegularExpression generatedId(
@@ -33,7 +44,7 @@ bool isDeclaredLayer(const DIO_XmlNode& node, bool topLevel)
            node.attribute(QLatin1String("ai:layer")) == u"yes" ||
            node.attribute(QLatin1String("sketch:type")) == u"MSLayerGroup" ||
            (node.attribute(QLatin1String("class")) == u"layer" && hasChild(node, u"title")) || hasLayerMetadata(node) ||
-           (topLevel && generatedId.match(node.attribute(QLatin1String("id"))).hasMatch());
+           (topLevel && generatedId.match(node.attribute(QLatin1String("id"))).hasMatch()) || !valuesOf(node).empty();
 }
 
 // Editors that allow any layer name write what an id cannot hold as "_x0020_".
@@ -91,6 +102,7 @@ private:
         if (isLayer) {
             layers.indexOf.insert(&node, static_cast<int>(layers.names.size()));
             layers.names.append(nameOf(node, layers.names.size() + 1));
+            layers.values.push_back(valuesOf(node));
         } else if (node.name == u"switch") {
             if (const DIO_XmlNode* branch = DIO_shownBranch(node)) {
                 _branch = branch;

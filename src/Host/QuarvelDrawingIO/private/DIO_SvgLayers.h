@@ -14,6 +14,7 @@ struct DIO_SvgLayers
 {
     QHash<const DIO_XmlNode*, int> indexOf; ///< the layer that each layer element is
     QStringList names;                      ///< by index; never empty texts
+    std::vector<QStringList> values;        ///< by index; see DIO_Layer::values
 };
 
 /// Finds the elements that become layers, in document order; none where the whole drawing is one. No layer is within

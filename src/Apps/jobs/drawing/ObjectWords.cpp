@@ -1,0 +1,122 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// A table of the values' names, each with the function that reads its value.
+#include "jobs/drawing/ObjectWords.h"
+
+#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+#include "jobs/drawing/ObjectNames.h"
+
+#include <cmath>
+#include <functional>
+#include <limits>
+
+namespace {
+
+// Whether the value was one that the object takes.
+using Take = std::function<bool(ObjectSettings&, const QString& value)>;
+
+struct ObjectWord
+{
+    QString key;
+    QString expected;
+    Take take;
+};
+
+Take number(std::optional<double> ObjectSettings::*member, double low, double high)
+{
+    return [=](ObjectSettings& object, const QString& text) {
+        bool isNumber = false;
+        const double value = text.toDouble(&isNumber);
+        if (!isNumber || !std::isfinite(value) || value < low || value > high)
+            return false;
+        object.*member = value;
+        return true;
+    };
+}
+
+Take anyNumber(std::optional<double> ObjectSettings::*member)
+{
+    constexpr double kMost = std::numeric_limits<double>::max();
+    return number(member, -kMost, kMost);
+}
+
+// The word alone says yes.
+Take truth(std::optional<bool> ObjectSettings::*member)
+{
+    return [=](ObjectSettings& object, const QString& text) {
+        const std::optional<bool> meant = text.isNull() ? true : AT_BoolAttr::meaningOf(text);
+        if (meant)
+            object.*member = meant;
+        return meant.has_value();
+    };
+}
+
+const std::vector<ObjectWord>& objectWords()
+{
+    static const std::vector<ObjectWord> table = [] {
+        const QString any = QStringLiteral("a number such as 24 or 0.5");
+        const QString yes = QStringLiteral("yes or no");
+        return std::vector<ObjectWord>{
+            {QStringLiteral("bevel"), any, anyNumber(&ObjectSettings::bevel)},
+            {QStringLiteral("elevation"), any, anyNumber(&ObjectSettings::elevation)},
+            {QStringLiteral("smoothness"), any, anyNumber(&ObjectSettings::smoothness)},
+            {QStringLiteral("level"), QStringLiteral("a number from 0 to 1"), number(&ObjectSettings::level, 0.0, 1.0)},
+            {QStringLiteral("coverage"), yes, truth(&ObjectSettings::scaleByCoverage)},
+            {QStringLiteral("cutout"), yes, truth(&ObjectSettings::cutOut)},
+            {QStringLiteral("hidden"), yes, truth(&ObjectSettings::hidden)},
+        };
+    }();
+    return table;
+}
+
+const ObjectWord* find(const QString& key)
+{
+    for (const ObjectWord& word : objectWords())
+        if (word.key.compare(key.trimmed(), Qt::CaseInsensitive) == 0)
+            return &word;
+    return nullptr;
+}
+
+} // namespace
+
+bool isObjectWord(const QString& key)
+{
+    return find(key) != nullptr;
+}
+
+UT_Result<void> takeObjectWord(ObjectSettings& object, const QString& word)
+{
+    const auto equals = word.indexOf(u'=');
+    const ObjectWord* const known = find(equals < 0 ? word : word.left(equals));
+    if (!known)
+        return UT_Error{QStringLiteral("an object has bevel=, elevation=, smoothness=, level=, coverage, cutout and "
+                                       "hidden, but no \"%1\"")
+                            .arg(word)};
+    const QString value = equals < 0 ? QString() : word.mid(equals + 1).trimmed();
+    if (!known->take(object, value))
+        return UT_Error{QStringLiteral("%1 takes %2, not \"%3\"").arg(known->key, known->expected, value)};
+    return {};
+}
+
+UT_Result<void> takeObjectWords(ObjectWishes& wishes, const QString& words)
+{
+    const QStringList parts = words.split(u':');
+    const QString meant = parts.first().trimmed();
+    bool isNumber = false;
+    const int number = meant.toInt(&isNumber);
+    if (parts.size() < 2 || meant.isEmpty() || (isNumber && number < 1))
+        return UT_Error{QStringLiteral("expected an object's number or name (or all) and what to set, such as "
+                                       "2:bevel=60:elevation=0.5, head:bevel=60 or 'eye*:cutout', not \"%1\"")
+                            .arg(words)};
+    ObjectSettings said;
+    for (const QString& part : parts.sliced(1))
+        if (UT_Result<void> taken = takeObjectWord(said, part); !taken)
+            return taken;
+    if (meant == u"all")
+        wishes.allObjects = merged(said, wishes.allObjects);
+    else if (isNumber)
+        wishes.objects[number] = merged(said, wishes.objects[number]);
+    else
+        wishes.namedObjects.emplace_back(meant, said);
+    return {};
+}

@@ -1,0 +1,197 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// All commands are made before the first is executed: they change different attributes.
+#include "jobs/scene/SetObjects.h"
+
+#include "ObjectDefinition/ObjectDefinition.h"
+#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_IntAttr.h"
+#include "QuarvelSceneCore/attributes/AT_StringAttr.h"
+#include "QuarvelSceneCore/graph/MO_Port.h"
+#include "jobs/drawing/ObjectNames.h"
+#include "jobs/scene/AttributeWords.h"
+#include "jobs/shown/DrawingExtent.h"
+#include "jobs/shown/NormalMapNode.h"
+#include "jobs/shown/VisibleDrawing.h"
+
+#include <algorithm>
+#include <set>
+
+namespace {
+
+// An input of a Vallorin node that shows an object.
+struct SceneObject
+{
+    MO_Module* node;
+    int number;
+    ObjectDefinition* definition;
+    QStringList names;
+};
+
+std::vector<SceneObject> objectsOf(MO_Scene& scene)
+{
+    std::vector<SceneObject> objects;
+    scene.root().forEachModule([&](MO_Module& module) {
+        if (!NormalMapNode::is(module))
+            return;
+        for (unsigned i = 0; i < module.nInPorts(); ++i) {
+            const MO_Port& input = *module.inPort(i);
+            ObjectDefinition* const definition = objectDefinitionBehind(input);
+            if (!definition)
+                continue;
+            SceneObject object{&module, definition->objectId(scene.firstFrame()), definition, {}};
+            for (const MO_ElementModule* element : elementsBehind(input))
+                object.names << element->instanceName();
+            object.names << definition->instanceName();
+            objects.push_back(std::move(object));
+        }
+    });
+    return objects;
+}
+
+QString shownName(const SceneObject& object)
+{
+    return QStringLiteral("%1 %2").arg(object.number).arg(object.names.first());
+}
+
+UT_Result<void> checkKnown(const std::vector<SceneObject>& objects, const ObjectWishes& wishes)
+{
+    QStringList known;
+    for (const SceneObject& object : objects)
+        known << shownName(object);
+    known.removeDuplicates();
+    const auto unknown = [&](const QString& what) {
+        return UT_Error{
+            QStringLiteral("there is no object %1; the objects are %2").arg(what, known.join(QStringLiteral(", ")))};
+    };
+    for (const auto& [number, said] : wishes.objects)
+        if (std::ranges::find(objects, number, &SceneObject::number) == objects.end())
+            return unknown(QString::number(number));
+    for (const auto& [word, said] : wishes.namedObjects)
+        if (std::ranges::none_of(objects, [&](const SceneObject& object) { return isNamedBy(object.names, word); }))
+            return unknown(QStringLiteral("called \"%1\"").arg(word));
+    return {};
+}
+
+// The commands, and whose values they change.
+class Changes
+{
+public:
+    explicit Changes(MO_Scene& scene) : _scene(scene) {}
+
+    UT_Result<void> define(const SceneObject& object, const ObjectSettings& said)
+    {
+        ObjectDefinition& definition = *object.definition;
+        UT_Result<void> done;
+        if (said.level)
+            done = set(*definition.objectLevel(), QString::number(*said.level, 'g', 17), object.number);
+        if (done && said.scaleByCoverage)
+            done = set(*definition.scaleByCoverage(), yesNo(*said.scaleByCoverage), object.number);
+        if (done && said.hidden)
+            done = set(*definition.objectEnabled(), yesNo(!*said.hidden), object.number);
+        if (done && said.cutOut && *said.cutOut != (object.number == 0)) {
+            if (!*said.cutOut)
+                return UT_Error{QStringLiteral("%1 cuts out; to give it a volume, give it a number: quarvel set SCENE "
+                                               "%2.ObjectNumber 7")
+                                    .arg(object.names.first(), definition.instanceName())};
+            done = set(*definition.objectNumber(), QStringLiteral("0"), object.number);
+        }
+        return done;
+    }
+
+    UT_Result<void> raise(MO_Module& node, const std::map<int, ObjectSettings>& said)
+    {
+        std::vector<NormalMapObject> rows = NormalMapNode(node).objects();
+        for (const auto& [number, settings] : said)
+            if (settings.bevel || settings.elevation || settings.smoothness)
+                raise(rowOf(rows, number), settings);
+        AT_Attr* const table = node.findAttr(NormalMapNode::objectTableKey());
+        return table ? add(*table, objectTableText(rows)) : UT_Result<void>();
+    }
+
+    std::vector<int> execute(CO_CommandStack& stack)
+    {
+        for (MO_EditCommand& command : _commands)
+            stack.execute(std::move(command));
+        return {_changed.begin(), _changed.end()};
+    }
+
+private:
+    static QString yesNo(bool value) { return value ? QStringLiteral("yes") : QStringLiteral("no"); }
+
+    // Of rows of one number the node takes the last.
+    static NormalMapObject& rowOf(std::vector<NormalMapObject>& rows, int number)
+    {
+        const auto found =
+            std::find_if(rows.rbegin(), rows.rend(), [&](const NormalMapObject& row) { return row.number == number; });
+        if (found != rows.rend())
+            return *found;
+        rows.push_back({.number = number});
+        return rows.back();
+    }
+
+    void raise(NormalMapObject& row, const ObjectSettings& said)
+    {
+        const NormalMapObject before = row;
+        row.bevel = said.bevel.value_or(row.bevel);
+        row.elevation = said.elevation.value_or(row.elevation);
+        row.smoothness = said.smoothness.value_or(row.smoothness);
+        if (row != before)
+            _changed.insert(row.number);
+    }
+
+    UT_Result<void> set(AT_Attr& attr, const QString& word, int number)
+    {
+        const std::size_t before = _commands.size();
+        UT_Result<void> done = add(attr, word);
+        if (_commands.size() > before)
+            _changed.insert(number);
+        return done;
+    }
+
+    UT_Result<void> add(AT_Attr& attr, const QString& word)
+    {
+        UT_Result<MO_EditCommand> command = changeByWords(_scene, attr, {word});
+        if (!command)
+            return command.error();
+        if (*command)
+            _commands.push_back(std::move(*command));
+        return {};
+    }
+
+    MO_Scene& _scene;
+    std::vector<MO_EditCommand> _commands;
+    std::set<int> _changed;
+};
+
+} // namespace
+
+UT_Result<std::vector<int>> setObjectsInScene(MO_Scene& scene, CO_CommandStack& stack, const ObjectWishes& wishes)
+{
+    const std::vector<SceneObject> objects = objectsOf(scene);
+    if (objects.empty())
+        return UT_Error{
+            QStringLiteral("the scene has no objects: nothing leads through an Object Definition to a node %1")
+                .arg(NormalMapNode::keyword())};
+    if (UT_Result<void> known = checkKnown(objects, wishes); !known)
+        return known.error();
+    Changes changes(scene);
+    std::map<MO_Module*, std::map<int, ObjectSettings>> raised;
+    std::set<const ObjectDefinition*> defined;
+    for (const SceneObject& object : objects) {
+        const ObjectSettings said = wishesFor(wishes, object.number, object.names);
+        ObjectSettings& known = raised[object.node][object.number];
+        known = merged(known, said);
+        if (!defined.insert(object.definition).second)
+            continue;
+        if (UT_Result<void> done = changes.define(object, said); !done)
+            return done.error();
+    }
+    for (auto& [node, said] : raised) {
+        said.erase(0);
+        if (UT_Result<void> done = changes.raise(*node, said); !done)
+            return done.error();
+    }
+    return changes.execute(stack);
+}
