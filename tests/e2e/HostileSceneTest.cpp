@@ -199,16 +199,6 @@ TEST_F(HostileScene, AFolderThatIsALinkIsRefused)
     EXPECT_THAT(outcome.messages, HasSubstr("through a link"));
 }
 
-TEST_F(HostileScene, TheLocksNameCanBeTaken)
-{
-    const QString lock = path(text("s.scene/.lock"));
-    ASSERT_EQ(::mkfifo(QFile::encodeName(lock).constData(), 0600), 0);
-    EXPECT_EQ(inspect().exitCode, 0);
-    const Outcome changed = quarvel({text("set"), text("s.scene"), text("frames"), text("1-9")});
-    EXPECT_EQ(changed.exitCode, 1);
-    EXPECT_THAT(changed.messages, HasSubstr(".lock\" is no plain file; remove it"));
-}
-
 TEST_F(HostileScene, MoreElementsThanASceneCanHaveAreRefused)
 {
     put("s.scene/scene.xml", "<?xml version=\"1.0\"?>\n<quarvelScene version=\"1\">" +

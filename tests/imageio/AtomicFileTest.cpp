@@ -44,6 +44,18 @@ TEST_F(AtomicFile, LeavesNothingBehindWhenItIsNotCommitted)
     EXPECT_EQ(files(), QStringList{QStringLiteral("f")});
 }
 
+TEST_F(AtomicFile, AnEncoderThatCouldNotGoBackLeavesTheOldFile)
+{
+    put(QStringLiteral("f"), "old");
+    IIO_AtomicFile file(path(QStringLiteral("f")));
+    ASSERT_TRUE(file.open().ok());
+    file.device().write("new, with a hole in its header");
+    file.device().seek(-1);
+    EXPECT_FALSE(file.commit().ok());
+    EXPECT_EQ(content(QStringLiteral("f")), "old");
+    EXPECT_EQ(files(), QStringList{QStringLiteral("f")});
+}
+
 TEST_F(AtomicFile, AbandonLeavesTheOldFile)
 {
     put(QStringLiteral("f"), "old");

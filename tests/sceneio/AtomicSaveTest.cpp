@@ -296,7 +296,7 @@ TEST_F(AtomicSave, ASaveThatWaitsToBeFinishedIsReadWhereNothingCanBeWritten)
     save(*oldScene, place.folder);
     ASSERT_EQ(inChild([&] {
                   // Ends where the first file is about to be put in place: behind the journal and its sync.
-                  TrickyDisk disk(TrickyDisk::Trick::DIE_AFTER, static_cast<int>(newFiles.size()) + 4);
+                  TrickyDisk disk(TrickyDisk::Trick::DIE_AFTER, static_cast<int>(newFiles.size()) + 5);
                   return SIO_saveSceneOn(*newScene, place.folder, disk) ? 0 : 1;
               }),
               TrickyDisk::kDied);

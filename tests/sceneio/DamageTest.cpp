@@ -174,6 +174,20 @@ TEST_F(DamagedScene, OnlyDrawingsAreListedAsDrawings)
     expectError("\"elements/Only%201/config\" is no drawing's file");
 }
 
+TEST_F(DamagedScene, ASceneThatCannotBeReadIsNotSavedOver)
+{
+    // Nobody would know which of its files to remove.
+    const QString main = place.folder + text("/scene.xml");
+    ASSERT_TRUE(QDir().rename(main, place.home.path() + text("/elsewhere.xml")));
+    ASSERT_TRUE(QFile::link(place.home.path() + text("/elsewhere.xml"), main));
+    const auto saved = SIO_saveScene(*makeScene(2), place.folder);
+    ASSERT_FALSE(saved);
+    EXPECT_TRUE(saved.error().text.contains(text("through a link")));
+    ASSERT_TRUE(QFile::remove(main));
+    ASSERT_TRUE(QDir().rename(place.home.path() + text("/elsewhere.xml"), main));
+    EXPECT_EQ(difference(filesIn(place.folder), whole), "");
+}
+
 TEST_F(DamagedScene, OneFileForTwoDrawingsIsRefused)
 {
     edit(text("scene.xml"), "file=\"a%2Fb.kvr\"", "file=\"2.KVR\"");

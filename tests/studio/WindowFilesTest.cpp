@@ -4,6 +4,7 @@
 #include "studio/WindowTesting.h"
 
 #include "QuarvelSceneCore/editing/MO_SceneCommands.h"
+#include "QuarvelSceneIO/SIO_SceneFolder.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -228,6 +229,32 @@ TEST_F(WindowFilesTest, UndoAndRedoCarryTheNameOfTheChange)
     ASSERT_NE(redo, nullptr);
     EXPECT_EQ(redo->text().remove(QLatin1Char('&')), QStringLiteral("Redo ") + name);
     EXPECT_FALSE(undo->isEnabled());
+}
+
+TEST_F(WindowFilesTest, ASaveAsksWhereAnotherProgramSavedMeanwhile)
+{
+    openDisc();
+    const QString scene = folder.filePath(QStringLiteral("disc.scene"));
+    ASSERT_TRUE(window->saveTo(scene));
+    change();
+    ASSERT_TRUE(window->saveTo(scene)) << "its own save is none of another program";
+    auto others = SIO_loadScene(scene);
+    ASSERT_TRUE(others);
+    MO_frameRangeCmd(*others->scene, 1, 9)->execute();
+    ASSERT_TRUE(SIO_saveScene(*others->scene, scene));
+    const QString theirs = xmlOf(*others->scene);
+
+    answerNext(QMessageBox::Cancel);
+    EXPECT_FALSE(window->saveTo(scene));
+    EXPECT_TRUE(asked.contains(QStringLiteral("Another program saved \"disc\""))) << qPrintable(asked);
+    EXPECT_EQ(xmlOf(*SIO_loadScene(scene)->scene), theirs);
+
+    answerNext(QStringLiteral("Replace"));
+    EXPECT_TRUE(window->saveTo(scene));
+    EXPECT_EQ(xmlOf(*SIO_loadScene(scene)->scene), xmlOf(document().scene()));
+    asked.clear();
+    EXPECT_TRUE(window->saveTo(scene));
+    EXPECT_EQ(asked, QString());
 }
 
 TEST_F(WindowFilesTest, WhatWasOpenedStandsAmongTheRecentFilesAfterANewStart)

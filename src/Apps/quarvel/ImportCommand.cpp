@@ -28,8 +28,9 @@ UT_Result<void> checkOutput(const ImportOptions& options)
                             .arg(options.output, output.absoluteDir().path())};
     if (!output.exists() && !output.isSymLink())
         return {};
-    const bool isScene = QFileInfo::exists(QDir(options.output).filePath(QStringLiteral("scene.xml")));
-    if (!isScene)
+    if (SIO_isRoomForScene(options.output))
+        return {};
+    if (!SIO_holdsScene(options.output))
         return UT_Error{
             QStringLiteral("%1 is there already and is no scene; choose another name with -o").arg(options.output)};
     if (!options.force)

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 
 namespace {
 
@@ -23,17 +24,15 @@ bool isObjectOption(const QString& word)
     return word == u"--object" || word.startsWith(u"--object=");
 }
 
-// @param change gets the scene and a stack; gives an error, or what it changed in words: nothing when nothing
+// How often a change is made again because others saved the scene first.
+constexpr int kAttempts = 100;
+
+// @return the exit code; nothing when somebody else saved the scene after it was loaded
 template<typename Change>
-int changeScene(const QString& folder, const Change& change)
+std::optional<int> tryChange(const SIO_LoadedScene& opened, const QString& folder, const Change& change)
 {
-    const auto opened = openScene(folder);
-    if (!opened) {
-        say(opened.error().sentence());
-        return kFailed;
-    }
     CO_CommandStack stack;
-    const UT_Result<QString> changed = change(*opened->scene, stack);
+    const UT_Result<QString> changed = change(*opened.scene, stack);
     if (!changed) {
         say(QStringLiteral("%1: %2").arg(folder, changed.error().sentence()));
         return kWrongUsage;
@@ -42,12 +41,31 @@ int changeScene(const QString& folder, const Change& change)
         writeText(stdout, QStringLiteral("%1: nothing to change\n").arg(folder));
         return 0;
     }
-    if (const auto saved = SIO_saveScene(*opened->scene, folder); !saved) {
+    const auto saved = SIO_saveSceneOver(opened.state, *opened.scene, folder);
+    if (!saved) {
         say(saved.error().sentence());
         return kFailed;
     }
+    if (!*saved)
+        return std::nullopt;
     writeText(stdout, QStringLiteral("%1: %2\n").arg(folder, *changed));
     return 0;
+}
+
+// @param change gets the scene and a stack; gives an error, or what it changed in words: nothing when nothing
+template<typename Change>
+int changeScene(const QString& folder, const Change& change)
+{
+    auto opened = openScene(folder);
+    for (int attempt = 0; opened && attempt < kAttempts; ++attempt) {
+        if (const auto exitCode = tryChange(*opened, folder, change))
+            return *exitCode;
+        // Another program saved the scene meanwhile: its change counts, and this one is made on top of it.
+        opened = SIO_loadScene(folder);
+    }
+    say(opened ? QStringLiteral("%1: other programs save the scene again and again; try later").arg(folder)
+               : opened.error().sentence());
+    return kFailed;
 }
 
 int setAttribute(const QStringList& words)

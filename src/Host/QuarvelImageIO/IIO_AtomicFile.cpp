@@ -13,8 +13,41 @@
 
 #ifdef Q_OS_UNIX
 #include <cstring>
+#include <fcntl.h>
 #include <unistd.h>
 #endif
+
+namespace {
+
+#ifdef Q_OS_UNIX
+// Some file systems cannot be forced to write; that is no failure.
+bool syncDescriptor(int descriptor)
+{
+    int outcome = 0;
+    do
+        outcome = ::fsync(descriptor);
+    while (outcome != 0 && errno == EINTR);
+    return outcome == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
+}
+#endif
+
+// Has the disk keep the name that a file got. The file is whole with or without it, so nothing fails here: after a
+// crash of the machine there is the new picture or the old one.
+void syncFolderOf(const QString& path)
+{
+#ifdef Q_OS_UNIX
+    const QByteArray folder = QFile::encodeName(QFileInfo(path).absolutePath());
+    const int descriptor = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    (void)syncDescriptor(descriptor);
+    ::close(descriptor);
+#else
+    Q_UNUSED(path)
+#endif
+}
+
+} // namespace
 
 class IIO_AtomicFile::Device final : public QSaveFile
 {
@@ -27,11 +60,19 @@ public:
     bool sync()
     {
 #ifdef Q_OS_UNIX
-        // Some file systems cannot be forced to write; that is no failure.
-        if (::fsync(handle()) != 0 && errno != EINVAL && errno != ENOTSUP && errno != EROFS)
+        if (!syncDescriptor(handle()))
             remember(QString::fromLocal8Bit(std::strerror(errno)));
 #endif
         return !_failed;
+    }
+
+    /// Encoders go back to fill in what they know in the end. Where that fails the file is not what it says, and as
+    /// with writing it is commit() that tells.
+    bool seek(qint64 position) override
+    {
+        if (!_failed && !QSaveFile::seek(position))
+            remember(errorString());
+        return true;
     }
 
     QString reason() const
@@ -137,6 +178,7 @@ UT_Result<void> IIO_AtomicFile::commit()
     }
     if (!_device->commit())
         return failure();
+    syncFolderOf(_path);
     return {};
 }
 

@@ -49,7 +49,7 @@ public:
         if (const auto read = readMainFile(document->documentElement(), context); !read)
             return read.error();
         _scene->index.scene = QDomElement();
-        return SIO_LoadedScene{std::move(_scene), _warnings.lines()};
+        return SIO_LoadedScene{std::move(_scene), _warnings.lines(), _files.state()};
     }
 
 private:
@@ -174,8 +174,7 @@ std::optional<UT_Result<SIO_LoadedScene>> readBetweenSaves(const QString& folder
     // While another program puts files in place, one may vanish between the looks at it and into it.
     const bool mayHaveMoved = !loaded && files.sawJournal();
     // A journal that is not one's own may be another user's who is saving just now.
-    const bool maybeSaving =
-        !files.journalLeftAlone().isEmpty() && QFileInfo::exists(folder + u'/' + SIO_FolderLock::fileName());
+    const bool maybeSaving = !files.journalLeftAlone().isEmpty() && SIO_FolderLock::isHeldByOthers(folder);
     if (!files.isUnchanged() || mayHaveMoved || maybeSaving)
         return std::nullopt;
     return loaded;

@@ -16,6 +16,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace {
 
 struct Texts
@@ -23,21 +25,42 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(SIO_SaveScene)
 };
 
-// The files that belong to the scene on the disk; none when it is damaged, since then nobody knows.
+// The paths of the files that belong to the scene on the disk; none when there is no scene, or it is damaged, since
+// then nobody knows. A scene that cannot be read is an error: its files would stay behind for ever.
 UT_Result<QStringList> filesOnDisk(const QString& folder)
 {
     SIO_FolderReader files(folder);
-    const auto bytes = files.read(kSIO_mainFile);
-    if (!bytes)
+    const auto there = SIO_readInside(folder, kSIO_mainFile, SIO_maxBytesOf(kSIO_mainFile));
+    if (!there)
+        return there.error();
+    if (!*there)
         return QStringList();
     const SIO_XmlContext context(files.shown(kSIO_mainFile), nullptr);
-    const auto document = PO_parseDocument(*bytes, context.file(), SIO_maxPartsOf(kSIO_mainFile));
+    const auto document = PO_parseDocument(**there, context.file(), SIO_maxPartsOf(kSIO_mainFile));
     if (!document)
         return QStringList();
     if (!SIO_isMainFile(document->documentElement()))
         return UT_Error{Texts::tr("\"%1\" belongs to another program; name another folder").arg(context.file())};
     const auto index = SIO_readIndex(document->documentElement(), context);
     return index ? index->paths() : QStringList();
+}
+
+// Which scene the folder holds. One whose files cannot be read is none that anybody loaded.
+SIO_SceneState stateOnDisk(const QString& folder, const QStringList& paths)
+{
+    SIO_FolderReader files(folder);
+    for (const QString& path : QStringList(kSIO_mainFile) + paths)
+        if (!files.read(path))
+            return {};
+    return files.state();
+}
+
+SIO_SceneState stateOf(const QMap<QString, QByteArray>& files)
+{
+    QMap<QString, QByteArray> digests;
+    for (auto file = files.cbegin(); file != files.cend(); ++file)
+        digests.insert(file.key(), SIO_digest(file.value()));
+    return SIO_stateOf(digests);
 }
 
 // What the scene on the disk has and the new one does not.
@@ -59,22 +82,27 @@ QStringList leftOver(const QString& folder, const QStringList& before, const QMa
     return result;
 }
 
-UT_Result<void> saveFiles(const QMap<QString, QByteArray>& files, const QString& folder, SIO_FileSystem& disk)
+// @return nothing when a state is expected and the folder has another one
+UT_Result<std::optional<SIO_SceneState>> saveFiles(const QMap<QString, QByteArray>& files, const QString& folder,
+                                                   const SIO_SceneState* expected, SIO_FileSystem& disk)
 {
     SIO_FolderLock lock(folder);
-    if (auto locked = lock.lock(); !locked)
-        return locked;
-    if (auto recovered = SIO_recover(folder, disk); !recovered)
-        return recovered;
+    if (const auto locked = lock.lock(); !locked)
+        return locked.error();
+    if (const auto recovered = SIO_recover(folder, disk); !recovered)
+        return recovered.error();
     const auto before = filesOnDisk(folder);
     if (!before)
         return before.error();
-    return SIO_changeFiles(folder, files, leftOver(folder, *before, files), disk);
+    if (expected && stateOnDisk(folder, *before) != *expected)
+        return std::optional<SIO_SceneState>();
+    if (const auto changed = SIO_changeFiles(folder, files, leftOver(folder, *before, files), disk); !changed)
+        return changed.error();
+    return std::optional(stateOf(files));
 }
 
-} // namespace
-
-UT_Result<void> SIO_saveSceneOn(const MO_Scene& scene, const QString& folder, SIO_FileSystem& disk)
+UT_Result<std::optional<SIO_SceneState>> save(const MO_Scene& scene, const QString& folder,
+                                              const SIO_SceneState* expected, SIO_FileSystem& disk)
 {
     const QString home = QDir::cleanPath(QFileInfo(folder).absoluteFilePath());
     const auto files = SIO_sceneFiles(scene);
@@ -82,23 +110,53 @@ UT_Result<void> SIO_saveSceneOn(const MO_Scene& scene, const QString& folder, SI
         return files.error();
     const bool isNew = !QFileInfo::exists(home);
     if (isNew) {
-        if (auto made = disk.makeFolder(home); !made)
-            return made;
-        if (auto synced = disk.sync(QFileInfo(home).path()); !synced) {
+        if (const auto made = disk.makeFolder(home); !made)
+            return made.error();
+        if (const auto synced = disk.sync(QFileInfo(home).path()); !synced) {
             (void)disk.removeFolder(home);
-            return synced;
+            return synced.error();
         }
     } else if (!QFileInfo(home).isDir()) {
         return UT_Error{Texts::tr("\"%1\" is a file; a scene is a folder").arg(QDir::toNativeSeparators(home))};
     }
-    auto saved = saveFiles(*files, home, disk);
-    if (!saved && isNew)
+    auto saved = saveFiles(*files, home, expected, disk);
+    if (isNew && (!saved || !*saved))
         (void)disk.removeFolder(home);
     return saved;
 }
 
-UT_Result<void> SIO_saveScene(const MO_Scene& scene, const QString& folder)
+} // namespace
+
+UT_Result<void> SIO_saveSceneOn(const MO_Scene& scene, const QString& folder, SIO_FileSystem& disk)
+{
+    const auto saved = save(scene, folder, nullptr, disk);
+    return saved ? UT_Result<void>() : saved.error();
+}
+
+UT_Result<SIO_SceneState> SIO_saveScene(const MO_Scene& scene, const QString& folder)
 {
     SIO_FileSystem disk;
-    return SIO_saveSceneOn(scene, folder, disk);
+    auto saved = save(scene, folder, nullptr, disk);
+    return saved ? UT_Result<SIO_SceneState>(std::move(**saved)) : saved.error();
+}
+
+UT_Result<std::optional<SIO_SceneState>> SIO_saveSceneOver(const SIO_SceneState& loaded, const MO_Scene& scene,
+                                                           const QString& folder)
+{
+    SIO_FileSystem disk;
+    return save(scene, folder, &loaded, disk);
+}
+
+bool SIO_isRoomForScene(const QString& folder)
+{
+    constexpr auto kAll = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    const QStringList names = QDir(folder).entryList(kAll);
+    return QFileInfo(folder).isDir() && std::all_of(names.begin(), names.end(), [](const QString& name) {
+               return name == kSIO_stagingFolder || name == QLatin1String(".lock");
+           });
+}
+
+bool SIO_holdsScene(const QString& folder)
+{
+    return QFileInfo::exists(folder + u'/' + kSIO_mainFile) || QFileInfo::exists(folder + u'/' + kSIO_journalFile);
 }

@@ -115,7 +115,7 @@ SceneFiles::Outcome SceneFiles::load(const OpenRequest& request, const std::func
             auto loaded = SIO_loadScene(request.scene);
             if (!loaded)
                 return {nullptr, {}, loaded.error().sentence()};
-            return {std::move(loaded->scene), loaded->warnings, {}};
+            return {std::move(loaded->scene), loaded->warnings, {}, loaded->state};
         }
         ImportSettings settings;
         settings.goOn = goOn;
@@ -140,6 +140,6 @@ void SceneFiles::finish(const OpenRequest& request, Outcome& outcome)
         return;
     }
     const bool isImport = request.scene.isEmpty();
-    _document.replaceScene(std::move(outcome.scene), request.scene, isImport);
+    _document.replaceScene(std::move(outcome.scene), request.scene, isImport, outcome.state);
     Q_EMIT opened(request, outcome.warnings.join(QLatin1Char('\n')));
 }

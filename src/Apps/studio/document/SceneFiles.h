@@ -6,6 +6,7 @@
 
 #include "QuarvelBaseCore/UT_Result.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "QuarvelSceneIO/SIO_SceneFolder.h"
 
 #include <QObject>
 #include <QPointer>
@@ -62,6 +63,7 @@ private:
         std::unique_ptr<MO_Scene> scene;
         QStringList warnings;
         QString error;
+        SIO_SceneState state = {}; ///< of a scene's folder
     };
 
     static Outcome load(const OpenRequest& request, const std::function<bool(double)>& goOn);

@@ -51,7 +51,8 @@ void StudioDocument::redo()
     _commands.redo();
 }
 
-void StudioDocument::replaceScene(std::unique_ptr<MO_Scene> scene, const QString& folder, bool isModified)
+void StudioDocument::replaceScene(std::unique_ptr<MO_Scene> scene, const QString& folder, bool isModified,
+                                  SIO_SceneState state)
 {
     // The old scene lives until everybody has let go of it.
     endListening();
@@ -59,6 +60,7 @@ void StudioDocument::replaceScene(std::unique_ptr<MO_Scene> scene, const QString
     _commands.clear();
     listen();
     _folder = folder;
+    _state = std::move(state);
     _modifiedFromTheStart = isModified;
     _selection.clear();
     _frame = _scene->firstFrame();
@@ -73,19 +75,40 @@ UT_Result<QStringList> StudioDocument::open(const QString& folder)
     UT_Result<SIO_LoadedScene> loaded = SIO_loadScene(folder);
     if (!loaded)
         return loaded.error();
-    replaceScene(std::move(loaded->scene), folder, false);
+    replaceScene(std::move(loaded->scene), folder, false, loaded->state);
     return loaded->warnings;
 }
 
 UT_Result<void> StudioDocument::save(const QString& folder)
 {
-    if (const auto saved = SIO_saveScene(*_scene, folder); !saved)
-        return saved;
+    const auto saved = SIO_saveScene(*_scene, folder);
+    if (!saved)
+        return saved.error();
+    setSaved(folder, *saved);
+    return {};
+}
+
+UT_Result<bool> StudioDocument::saveUnlessOthersDid(const QString& folder)
+{
+    if (folder != _folder || _state.digest.isEmpty()) {
+        const auto saved = save(folder);
+        return saved ? UT_Result<bool>(true) : saved.error();
+    }
+    const auto saved = SIO_saveSceneOver(_state, *_scene, folder);
+    if (!saved)
+        return saved.error();
+    if (*saved)
+        setSaved(folder, **saved);
+    return saved->has_value();
+}
+
+void StudioDocument::setSaved(const QString& folder, const SIO_SceneState& state)
+{
     _folder = folder;
+    _state = state;
     _modifiedFromTheStart = false;
     _commands.setClean();
     Q_EMIT stateChanged();
-    return {};
 }
 
 QString StudioDocument::title() const

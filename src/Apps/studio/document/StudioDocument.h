@@ -8,6 +8,7 @@
 #include "QuarvelBaseCore/XUTeller.h"
 #include "QuarvelCommand/CO_CommandStack.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "QuarvelSceneIO/SIO_SceneFolder.h"
 
 #include <QObject>
 #include <QStringList>
@@ -39,12 +40,20 @@ public:
     ///
     /// @param folder where it is saved; empty for one that was never saved
     /// @param isModified true for what exists nowhere on disk yet (an import, a recovered scene)
-    void replaceScene(std::unique_ptr<MO_Scene> scene, const QString& folder, bool isModified);
+    /// @param state of the folder, as the scene was loaded from it; empty when nobody knows
+    void replaceScene(std::unique_ptr<MO_Scene> scene, const QString& folder, bool isModified,
+                      SIO_SceneState state = {});
     /// Opens a scene from disk; the document keeps what it has when that fails.
     ///
     /// @return warnings for people
     UT_Result<QStringList> open(const QString& folder);
+    /// Saves the scene, whatever is in the folder.
     UT_Result<void> save(const QString& folder);
+    /// Saves the scene, unless the folder is its own and somebody else saved another scene there after this one was
+    /// opened or saved.
+    ///
+    /// @return whether it was saved
+    UT_Result<bool> saveUnlessOthersDid(const QString& folder);
 
     /// The scene's folder; empty when it was never saved.
     const QString& folder() const { return _folder; }
@@ -79,10 +88,12 @@ private:
     void dropLostSelection();
     void listen();
     void endListening();
+    void setSaved(const QString& folder, const SIO_SceneState& state);
 
     std::unique_ptr<MO_Scene> _scene;
     CO_CommandStack _commands;
     QString _folder;
+    SIO_SceneState _state; ///< of the folder, when the scene was last loaded or saved there
     bool _modifiedFromTheStart = false;
     int _frame = 1;
     QList<MO_Module*> _selection;

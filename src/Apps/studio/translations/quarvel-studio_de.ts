@@ -1392,6 +1392,22 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <source>&amp;Clear</source>
         <translation>&amp;Leeren</translation>
     </message>
+    <message>
+        <source>The Scene Changed</source>
+        <translation>Die Szene hat sich geändert</translation>
+    </message>
+    <message>
+        <source>Another program saved &quot;%1&quot; after it was opened here.</source>
+        <translation>Ein anderes Programm hat „%1“ gespeichert, nachdem es hier geöffnet wurde.</translation>
+    </message>
+    <message>
+        <source>Replace that scene by this one? To keep both, cancel and save this one as another.</source>
+        <translation>Jene Szene durch diese ersetzen? Um beide zu behalten, brechen Sie ab und speichern diese unter anderem Namen.</translation>
+    </message>
+    <message>
+        <source>&amp;Replace</source>
+        <translation>&amp;Ersetzen</translation>
+    </message>
 </context>
 <context>
     <name>MessageBar</name>

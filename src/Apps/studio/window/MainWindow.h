@@ -87,6 +87,7 @@ private:
 
     // MainWindowFiles.cpp
     bool confirmLeaving();
+    bool confirmReplacingOthers();
     void newScene();
     void askForScene();
     void askForDrawings();

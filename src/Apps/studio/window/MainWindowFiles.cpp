@@ -153,9 +153,29 @@ bool MainWindow::saveAs()
     return saveTo(target);
 }
 
+bool MainWindow::confirmReplacingOthers()
+{
+    QMessageBox question(QMessageBox::Warning, tr("The Scene Changed"),
+                         tr("Another program saved \"%1\" after it was opened here.").arg(_document.title()),
+                         QMessageBox::NoButton, this);
+    question.setInformativeText(
+        tr("Replace that scene by this one? To keep both, cancel and save this one as another."));
+    const QPushButton* const replace = question.addButton(tr("&Replace"), QMessageBox::DestructiveRole);
+    question.setDefaultButton(question.addButton(QMessageBox::Cancel));
+    question.exec();
+    return question.clickedButton() == replace;
+}
+
 bool MainWindow::saveTo(const QString& folder)
 {
-    if (const auto saved = _document.save(folder); !saved) {
+    auto saved = _document.saveUnlessOthersDid(folder);
+    if (saved && !*saved) {
+        if (!confirmReplacingOthers())
+            return false;
+        const auto replaced = _document.save(folder);
+        saved = replaced ? UT_Result<bool>(true) : replaced.error();
+    }
+    if (!saved) {
         _messages->showError(tr("The scene was not saved: %1").arg(saved.error().sentence()));
         return false;
     }

@@ -48,7 +48,11 @@ bool writeAll(QFile& file, const QByteArray& bytes)
 // Some file systems cannot be forced to write; that is no failure.
 bool syncDescriptor(int descriptor)
 {
-    return ::fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
+    int outcome = 0;
+    do
+        outcome = ::fsync(descriptor);
+    while (outcome != 0 && errno == EINTR);
+    return outcome == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
 }
 #endif
 

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The lock of a scene's folder. The file goes with the lock, so that scenes hold nothing but scenes; whoever gets hold
-// of a file that has just gone tries again with the new one.
+// The lock of a scene's folder. Where there has to be a file, it goes with the lock, so that scenes hold nothing but
+// scenes; whoever gets hold of a file that has just gone tries again with the new one.
 #include "QuarvelSceneIO/private/SIO_FolderLock.h"
 
 #include <QCoreApplication>
@@ -37,7 +37,7 @@ struct Texts
 
 } // namespace
 
-SIO_FolderLock::SIO_FolderLock(const QString& folder) : _folder(folder), _path(folder + u'/' + fileName()) {}
+SIO_FolderLock::SIO_FolderLock(const QString& folder) : _folder(folder), _path(folder + QStringLiteral("/.lock")) {}
 
 UT_Result<void> SIO_FolderLock::lock()
 {
@@ -66,8 +66,18 @@ UT_Result<void> SIO_FolderLock::lock()
 
 #ifdef Q_OS_WIN
 
-// Nobody else can open the file while it is open here, and the system removes it when it is closed.
 SIO_FolderLock::Attempt SIO_FolderLock::tryLock()
+{
+    return tryLockOfFile();
+}
+
+bool SIO_FolderLock::isHeldByOthers(const QString& folder)
+{
+    return QFileInfo::exists(folder + QStringLiteral("/.lock"));
+}
+
+// Nobody else can open the file while it is open here, and the system removes it when it is closed.
+SIO_FolderLock::Attempt SIO_FolderLock::tryLockOfFile()
 {
     const QString native = QDir::toNativeSeparators(_path);
     const HANDLE file = CreateFileW(reinterpret_cast<const wchar_t*>(native.utf16()), GENERIC_WRITE, 0, nullptr,
@@ -95,11 +105,43 @@ SIO_FolderLock::~SIO_FolderLock()
 
 #else
 
+namespace {
+
+int openFolder(const QString& folder)
+{
+    return ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+}
+
+} // namespace
+
+bool SIO_FolderLock::isHeldByOthers(const QString& folder)
+{
+    const int descriptor = openFolder(folder);
+    const bool isHeld = descriptor >= 0 && ::flock(descriptor, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    if (descriptor >= 0)
+        ::close(descriptor);
+    return isHeld;
+}
+
 SIO_FolderLock::Attempt SIO_FolderLock::tryLock()
 {
     // Those who may do everything are told by the folder's own switches.
     if (!QFileInfo(_folder).isWritable())
         return Attempt::NOT_PERMITTED;
+    const int descriptor = openFolder(_folder);
+    if (descriptor < 0)
+        return errno == EACCES || errno == EPERM ? Attempt::NOT_PERMITTED : Attempt::FAILED;
+    if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0) {
+        _file = descriptor;
+        return Attempt::LOCKED;
+    }
+    const int reason = errno;
+    ::close(descriptor);
+    return reason == EWOULDBLOCK || reason == EINTR ? Attempt::HELD_BY_OTHERS : tryLockOfFile();
+}
+
+SIO_FolderLock::Attempt SIO_FolderLock::tryLockOfFile()
+{
     const QByteArray path = QFile::encodeName(_path);
     struct stat locked = {};
     struct stat named = {};
@@ -117,6 +159,7 @@ SIO_FolderLock::Attempt SIO_FolderLock::tryLock()
         return Attempt::HELD_BY_OTHERS;
     }
     _file = file;
+    _madeFile = true;
     return Attempt::LOCKED;
 }
 
@@ -124,7 +167,8 @@ SIO_FolderLock::~SIO_FolderLock()
 {
     if (_file == -1)
         return;
-    ::unlink(QFile::encodeName(_path).constData());
+    if (_madeFile)
+        ::unlink(QFile::encodeName(_path).constData());
     ::close(static_cast<int>(_file));
 }
 

@@ -1,8 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// SIO_FolderLock: lets one process at a time save a scene, or finish a save that was cut short. The lock is held on the
-// file ".lock" in the scene's folder by the system itself, which lets go of it when the process ends, however it ends:
-// a file that was left behind means nothing.
+// SIO_FolderLock: lets one process at a time save a scene, or finish a save that was cut short. The system itself holds
+// the lock, on the scene's folder, and lets go of it when the process ends, however it ends. Nothing is left behind.
+// Where folders cannot be locked (Windows, some network disks) it is held on the file ".lock" in the folder; one that a
+// killed process left behind means nothing.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -18,8 +19,8 @@ public:
     SIO_FolderLock(const SIO_FolderLock&) = delete;
     SIO_FolderLock& operator=(const SIO_FolderLock&) = delete;
 
-    /// The name of the file in a scene's folder that is locked.
-    static QString fileName() { return QStringLiteral(".lock"); }
+    /// Whether another process holds the lock of a folder just now, as far as the system tells without making a file.
+    static bool isHeldByOthers(const QString& folder);
 
     /// Waits for other processes, half a minute at most.
     ///
@@ -39,9 +40,11 @@ private:
     };
 
     Attempt tryLock();
+    Attempt tryLockOfFile();
 
     QString _folder;
     QString _path;
     bool _readOnly = false;
-    std::intptr_t _file = -1; ///< the system's handle of the locked file; -1: not locked
+    std::intptr_t _file = -1; ///< the system's handle of what is locked; -1: not locked
+    bool _madeFile = false;   ///< ".lock" is to be removed
 };

@@ -37,6 +37,14 @@ QString SIO_inAnyCase(const QString& path)
     return path;
 }
 
+SIO_SceneState SIO_stateOf(const QMap<QString, QByteArray>& digests)
+{
+    QByteArray text;
+    for (auto file = digests.cbegin(); file != digests.cend(); ++file)
+        text += file.value() + ' ' + file.key().toUtf8() + '\n';
+    return {SIO_digest(text)};
+}
+
 SIO_FolderReader::Stamp SIO_FolderReader::stampOf(const QString& path)
 {
     const QFileInfo info(path);
@@ -55,6 +63,7 @@ UT_Result<void> SIO_FolderReader::open()
 {
     _staged.clear();
     _seen.clear();
+    _digests.clear();
     _journal = stampOf(_folder + u'/' + kSIO_journalFile);
     const auto waiting = SIO_waitingJournal(_folder);
     if (!waiting)
@@ -92,7 +101,13 @@ UT_Result<QByteArray> SIO_FolderReader::read(const QString& relative)
         return bytes.error();
     if (!*bytes)
         return UT_Error{Texts::tr("\"%1\" is missing").arg(shown(relative))};
+    _digests.insert(relative, SIO_digest(**bytes));
     return std::move(**bytes);
+}
+
+SIO_SceneState SIO_FolderReader::state() const
+{
+    return SIO_stateOf(_digests);
 }
 
 bool SIO_FolderReader::isUnchanged() const

@@ -5,6 +5,7 @@
 // afterwards whether somebody saved the scene meanwhile.
 #pragma once
 
+#include "QuarvelSceneIO/SIO_SceneFolder.h"
 #include "QuarvelSceneIO/private/SIO_Journal.h"
 
 #include <QDateTime>
@@ -24,6 +25,8 @@ public:
     /// The bytes of a file; an error when there is none, it is too large for its kind, is no plain file, or is reached
     /// through a link. An extension in another case will do.
     UT_Result<QByteArray> read(const QString& relative);
+    /// Which scene the files are that were read so far.
+    SIO_SceneState state() const;
     /// True when everything read still stands there as it was: together it is one scene.
     bool isUnchanged() const;
     /// True when a journal was waiting in open().
@@ -47,9 +50,13 @@ private:
     QString _folder;
     QHash<QString, QString> _staged;
     QHash<QString, Stamp> _seen;
+    QMap<QString, QByteArray> _digests;
     Stamp _journal;
     QString _leftAlone;
 };
+
+/// Which scene files are, by the digests of their bytes.
+SIO_SceneState SIO_stateOf(const QMap<QString, QByteArray>& digests);
 
 /// The path of a file in its folder: with the extension's case as it is on the disk where there is no file of exactly
 /// this name.

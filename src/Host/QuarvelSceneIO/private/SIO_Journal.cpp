@@ -145,6 +145,9 @@ UT_Result<SIO_Journal> stage(const QString& folder, const QMap<QString, QByteArr
     const QString staging = folder + u'/' + kSIO_stagingFolder;
     if (const auto made = disk.makeFolder(staging); !made)
         return made.error();
+    // Or a crash of the machine could leave a journal without the folder that it speaks of.
+    if (const auto synced = disk.sync(folder); !synced)
+        return synced.error();
     SIO_Journal journal;
     journal.deletes = deletes;
     for (auto file = files.cbegin(); file != files.cend(); ++file) {
