@@ -110,7 +110,8 @@ TEST_F(TrustedPlaces, AFilmIsNotWrittenThroughALinkThatWaits)
     ASSERT_EQ(run({text("import"), text("a.svg"), text("-o"), text("s.scene")}), 0) << said;
     // An encoder that writes where it is told to, as all of them do.
     put("ffmpeg", "#!/bin/sh\nfor last; do :; done\ncat >/dev/null\necho \"$last\" >\"$last\"\n");
-    ASSERT_TRUE(QFile::setPermissions(path("ffmpeg"), kMine));
+    put("ffprobe", "#!/bin/sh\necho 1\n");
+    ASSERT_TRUE(QFile::setPermissions(path("ffmpeg"), kMine) && QFile::setPermissions(path("ffprobe"), kMine));
     put("victim", "precious");
     ASSERT_EQ(::symlink("victim", QFile::encodeName(path(".lit.gif.part")).constData()), 0);
     QSet<QByteArray> places;

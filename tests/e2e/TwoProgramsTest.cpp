@@ -76,7 +76,7 @@ TEST_F(TwoPrograms, ThatChangeOneSceneAtOnceLoseNoChange)
     ASSERT_EQ(import(), 0) << messages;
     // Changes of different attributes, all on the way at the same time.
     const std::vector<std::pair<QString, QString>> changes = {{text("Normal-Map.BlurScale"), text("3.25")},
-                                                              {text("Normal-Map.SmoothnessFactor"), text("7.5")},
+                                                              {text("Normal-Map.ElevationSmoothness"), text("7.5")},
                                                               {text("frames"), text("1-9")}};
     std::vector<std::unique_ptr<QProcess>> programs;
     for (const auto& [what, value] : changes)

@@ -136,17 +136,54 @@ TEST_F(Preview, IsEncodedWhereTheEncoderIsInstalled)
     EXPECT_EQ(filesIn("films").size(), 2);
 }
 
-// An encoder that fails at once.
-TEST_F(Preview, SaysWhenTheEncoderFails)
+// Encoders that fail, or say that all went well when it did not.
+class EncodedPreview : public Preview
 {
-    write("ffmpeg", "#!/bin/sh\necho no such codec >&2\nexit 3\n");
-    ASSERT_TRUE(QFile::setPermissions(path("ffmpeg"), QFileDevice::ReadOwner | QFileDevice::ExeOwner));
-    const QByteArray before = qgetenv("PATH");
-    qputenv("PATH", QFile::encodeName(path("")) + ":/bin:/usr/bin");
-    const auto made = preview(film("films/lit.mp4"));
-    qputenv("PATH", before);
+protected:
+    UT_Result<QString> previewBy(const char* encoder, const char* prober)
+    {
+        for (const auto& [name, script] : {std::pair("ffmpeg", encoder), std::pair("ffprobe", prober)}) {
+            write(name, script);
+            EXPECT_TRUE(QFile::setPermissions(path(name), QFileDevice::ReadOwner | QFileDevice::ExeOwner));
+        }
+        const QByteArray before = qgetenv("PATH");
+        qputenv("PATH", QFile::encodeName(path("")) + ":/bin:/usr/bin");
+        auto made = preview(film("films/lit.mp4"));
+        qputenv("PATH", before);
+        return made;
+    }
+};
+
+constexpr const char* kWrites = "#!/bin/sh\nfor last; do :; done\ncat >\"$last\"\n";
+
+TEST_F(EncodedPreview, SaysWhenTheEncoderFails)
+{
+    const auto made = previewBy("#!/bin/sh\necho no such codec >&2\nexit 3\n", "#!/bin/sh\n");
     ASSERT_FALSE(made);
     EXPECT_THAT(made.error().text.toStdString(), HasSubstr("no such codec"));
+    EXPECT_TRUE(filesIn("films").isEmpty());
+}
+
+TEST_F(EncodedPreview, AppearsWhenAllItsFramesAreFoundInIt)
+{
+    const auto made = previewBy(kWrites, "#!/bin/sh\necho 3\n");
+    ASSERT_TRUE(made) << made.error().text.toStdString();
+    EXPECT_EQ(filesIn("films"), QStringList{QStringLiteral("lit.mp4")});
+}
+
+TEST_F(EncodedPreview, OfWhichFramesAreMissingDoesNotAppear)
+{
+    const auto made = previewBy(kWrites, "#!/bin/sh\necho 1\n");
+    ASSERT_FALSE(made);
+    EXPECT_THAT(made.error().text.toStdString(), HasSubstr("1 of its 3 frames can be read back"));
+    EXPECT_TRUE(filesIn("films").isEmpty());
+}
+
+TEST_F(EncodedPreview, ThatCannotBeDecodedDoesNotAppear)
+{
+    const auto made = previewBy(kWrites, "#!/bin/sh\necho 3\necho half a frame >&2\n");
+    ASSERT_FALSE(made);
+    EXPECT_THAT(made.error().text.toStdString(), HasSubstr("half a frame"));
     EXPECT_TRUE(filesIn("films").isEmpty());
 }
 

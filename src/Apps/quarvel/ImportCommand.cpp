@@ -96,7 +96,7 @@ int runImportCommand(const QStringList& words)
         return failed(imported.error());
     for (const QString& warning : imported->warnings)
         say(QStringLiteral("warning: ") + warning);
-    if (const UT_Result<void> saved = SIO_saveScene(*imported->scene, options->output); !saved)
+    if (const auto saved = SIO_saveScene(*imported->scene, options->output); !saved)
         return failed(saved.error());
     if (!options->quiet)
         sayWhatWasMade(*options, *imported->scene);

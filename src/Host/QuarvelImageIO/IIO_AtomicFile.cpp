@@ -5,49 +5,14 @@
 // disk only then), and the texts say what to do.
 #include "QuarvelImageIO/IIO_AtomicFile.h"
 
+#include "QuarvelBaseCore/UT_DiskSync.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
 
 #include <cerrno>
-
-#ifdef Q_OS_UNIX
 #include <cstring>
-#include <fcntl.h>
-#include <unistd.h>
-#endif
-
-namespace {
-
-#ifdef Q_OS_UNIX
-// Some file systems cannot be forced to write; that is no failure.
-bool syncDescriptor(int descriptor)
-{
-    int outcome = 0;
-    do
-        outcome = ::fsync(descriptor);
-    while (outcome != 0 && errno == EINTR);
-    return outcome == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
-}
-#endif
-
-// Has the disk keep the name that a file got. The file is whole with or without it, so nothing fails here: after a
-// crash of the machine there is the new picture or the old one.
-void syncFolderOf(const QString& path)
-{
-#ifdef Q_OS_UNIX
-    const QByteArray folder = QFile::encodeName(QFileInfo(path).absolutePath());
-    const int descriptor = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0)
-        return;
-    (void)syncDescriptor(descriptor);
-    ::close(descriptor);
-#else
-    Q_UNUSED(path)
-#endif
-}
-
-} // namespace
 
 class IIO_AtomicFile::Device final : public QSaveFile
 {
@@ -59,10 +24,8 @@ public:
     /// True when the disk has everything that was written.
     bool sync()
     {
-#ifdef Q_OS_UNIX
-        if (!syncDescriptor(handle()))
+        if (!UT_syncDescriptor(handle()))
             remember(QString::fromLocal8Bit(std::strerror(errno)));
-#endif
         return !_failed;
     }
 
@@ -75,14 +38,8 @@ public:
         return true;
     }
 
-    QString reason() const
-    {
-        return _reason.isEmpty() ? errorString() : _reason;
-    }
-    bool diskIsFull() const
-    {
-        return _diskIsFull;
-    }
+    QString reason() const { return _reason.isEmpty() ? errorString() : _reason; }
+    bool diskIsFull() const { return _diskIsFull; }
 
 protected:
     qint64 writeData(const char* data, qint64 length) override
@@ -178,7 +135,9 @@ UT_Result<void> IIO_AtomicFile::commit()
     }
     if (!_device->commit())
         return failure();
-    syncFolderOf(_path);
+    // The file is whole with or without its new name on the disk, so nothing fails here: after a crash of the machine
+    // there is the new picture or the old one.
+    (void)UT_syncPath(QFileInfo(_path).absolutePath());
     return {};
 }
 

@@ -1,18 +1,21 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // ffmpeg gets bare pixels through a pipe and writes into a new folder beside the file, which gets its name when all
-// went well.
+// frames were found in it.
 #include "jobs/frames/FilmFile.h"
 
+#include "QuarvelBaseCore/UT_DiskSync.h"
 #include "QuarvelBaseCore/UT_FileName.h"
 #include "QuarvelImageIO/IIO_ApngFile.h"
+#include "jobs/frames/FilmReadBack.h"
 
 #include <QFileInfo>
 #include <QProcess>
-#include <QStandardPaths>
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <system_error>
 
@@ -45,14 +48,15 @@ private:
 class EncodedFilm final : public FilmFile
 {
 public:
-    EncodedFilm(const QString& path, const QSize& size, double framesPerSecond)
+    EncodedFilm(FilmPrograms programs, const QString& path, const QSize& size, double framesPerSecond)
         : FilmFile(path)
+        , _programs(std::move(programs))
         , _folder(templateOf(path))
         , _part(_folder.filePath(QStringLiteral("film")))
         , _pixels(static_cast<qsizetype>(size.width()) * size.height() * 3, '\0')
     {
         _process.setStandardOutputFile(QProcess::nullDevice());
-        _process.setProgram(QStandardPaths::findExecutable(QStringLiteral("ffmpeg")));
+        _process.setProgram(_programs.encoder);
         _process.setArguments(arguments(size, framesPerSecond));
     }
 
@@ -67,7 +71,7 @@ public:
     UT_Result<void> open()
     {
         if (!_folder.isValid())
-            return UT_Error{QStringLiteral("cannot write \"%1\": %2").arg(path(), _folder.errorString())};
+            return cannotWrite(_folder.errorString());
         _process.start();
         return _process.waitForStarted() ? UT_Result<void>() : failure();
     }
@@ -80,6 +84,7 @@ public:
         while (_process.bytesToWrite() > 0)
             if (!_process.waitForBytesWritten(kPatience))
                 return failure();
+        ++_frames;
         return {};
     }
 
@@ -89,12 +94,16 @@ public:
         if (!_process.waitForFinished(kPatience) || _process.exitStatus() != QProcess::NormalExit ||
             _process.exitCode() != 0)
             return failure();
+        if (!UT_syncPath(_part))
+            return cannotWrite(QString::fromLocal8Bit(std::strerror(errno)));
+        if (const auto whole = readBackFilm(_programs, _part, _frames); !whole)
+            return cannotWrite(whole.error().sentence());
         std::error_code error;
         std::filesystem::rename(QFileInfo(_part).filesystemAbsoluteFilePath(),
                                 QFileInfo(path()).filesystemAbsoluteFilePath(), error);
         if (error)
-            return UT_Error{
-                QStringLiteral("cannot write \"%1\": %2").arg(path(), QString::fromLocal8Bit(error.message().c_str()))};
+            return cannotWrite(QString::fromLocal8Bit(error.message().c_str()));
+        (void)UT_syncPath(QFileInfo(path()).absolutePath());
         return {};
     }
 
@@ -143,6 +152,11 @@ private:
                 *target++ = static_cast<char>((rgba[i + c] * rgba[i + 3] + 255 * (255 - rgba[i + 3]) + 127) / 255);
     }
 
+    UT_Error cannotWrite(const QString& why) const
+    {
+        return {QStringLiteral("cannot write \"%1\": %2").arg(path(), why)};
+    }
+
     UT_Error failure()
     {
         _process.waitForFinished(1000);
@@ -151,10 +165,12 @@ private:
                     .arg(path(), words.isEmpty() ? _process.errorString() : words)};
     }
 
+    FilmPrograms _programs;
     QTemporaryDir _folder; ///< new, of the user alone: nobody can have put a link where ffmpeg writes
     QString _part;
     QProcess _process;
     QByteArray _pixels;
+    int _frames = 0;
 };
 
 template<typename Film>
@@ -179,8 +195,8 @@ UT_Result<std::unique_ptr<FilmFile>> FilmFile::create(const QString& path, const
     if (const auto known = check(path); !known)
         return known.error();
     const bool png = UT_fileSuffix(path) == QLatin1String("png");
-    if (!png && !QStandardPaths::findExecutable(QStringLiteral("ffmpeg")).isEmpty())
-        return opened(std::make_unique<EncodedFilm>(path, size, framesPerSecond));
+    if (FilmPrograms programs = FilmPrograms::find(); !png && programs.isComplete())
+        return opened(std::make_unique<EncodedFilm>(std::move(programs), path, size, framesPerSecond));
     const QString ownPath = png ? path : path.chopped(UT_fileSuffix(path).size()) + QStringLiteral("png");
     return opened(std::make_unique<PngFilm>(ownPath, size, framesPerSecond));
 }

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// FilmFile: pictures become a film. Films of the kinds mp4 and gif are made by the program ffmpeg where it is
-// installed; animated PNG (png) is written here, and takes the place of the other kinds where ffmpeg is missing.
+// FilmFile: pictures become a film. Films of the kinds mp4 and gif are made by the program ffmpeg where it and ffprobe
+// are installed; animated PNG (png) is written here, and takes the place of the other kinds where ffmpeg is missing.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -34,7 +34,7 @@ public:
     /// Adds a frame: bytes R G B A, straight, rows without gaps.
     virtual UT_Result<void> add(std::span<const std::uint8_t> rgba) = 0;
 
-    /// Ends the film.
+    /// Ends the film: it gets its name when all frames can be read back from it.
     virtual UT_Result<void> finish() = 0;
 
 protected:

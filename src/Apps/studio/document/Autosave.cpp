@@ -110,7 +110,7 @@ UT_Result<void> Autosave::keepNow()
         _lock = std::move(lock);
     }
     if (const auto saved = SIO_saveScene(_document.scene(), sceneOf(_own)); !saved)
-        return saved;
+        return saved.error();
     QSettings about(aboutOf(_own), QSettings::IniFormat);
     about.setValue(kTitle, _document.title());
     about.setValue(kSavedAs, _document.folder());

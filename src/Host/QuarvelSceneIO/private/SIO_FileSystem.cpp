@@ -3,19 +3,16 @@
 // The real disk.
 #include "QuarvelSceneIO/private/SIO_FileSystem.h"
 
+#include "QuarvelBaseCore/UT_DiskSync.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
-#include <filesystem>
-
-#ifdef Q_OS_UNIX
 #include <cerrno>
 #include <cstring>
-#include <fcntl.h>
-#include <unistd.h>
-#endif
+#include <filesystem>
 
 namespace {
 
@@ -44,18 +41,6 @@ bool writeAll(QFile& file, const QByteArray& bytes)
     return true;
 }
 
-#ifdef Q_OS_UNIX
-// Some file systems cannot be forced to write; that is no failure.
-bool syncDescriptor(int descriptor)
-{
-    int outcome = 0;
-    do
-        outcome = ::fsync(descriptor);
-    while (outcome != 0 && errno == EINTR);
-    return outcome == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
-}
-#endif
-
 } // namespace
 
 SIO_FileSystem::~SIO_FileSystem() = default;
@@ -77,11 +62,9 @@ UT_Result<void> SIO_FileSystem::writeFile(const QString& path, const QByteArray&
     // so that nothing is written through a link that waits under its name.
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered) || !writeAll(file, bytes))
         return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot write \"%1\": %2"), path, file.errorString());
-#ifdef Q_OS_UNIX
-    if (!syncDescriptor(file.handle()))
+    if (!UT_syncDescriptor(file.handle()))
         return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot write \"%1\": %2"), path,
                        QString::fromLocal8Bit(std::strerror(errno)));
-#endif
     return {};
 }
 
@@ -128,17 +111,8 @@ UT_Result<void> SIO_FileSystem::removeFolder(const QString& path)
 
 UT_Result<void> SIO_FileSystem::sync(const QString& folder)
 {
-#ifdef Q_OS_UNIX
-    const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    const bool synced = descriptor >= 0 && syncDescriptor(descriptor);
-    const int reason = errno;
-    if (descriptor >= 0)
-        ::close(descriptor);
-    if (!synced)
+    if (!UT_syncPath(folder))
         return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot write the folder \"%1\": %2"), folder,
-                       QString::fromLocal8Bit(std::strerror(reason)));
-#else
-    Q_UNUSED(folder)
-#endif
+                       QString::fromLocal8Bit(std::strerror(errno)));
     return {};
 }
