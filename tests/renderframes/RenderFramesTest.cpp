@@ -4,9 +4,9 @@
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelSceneCore/graph/MO_SceneCommon.h"
 #include "SmallScene.h"
+#include "jobs/frames/FrameDigest.h"
 #include "jobs/frames/FrameOnDisk.h"
 #include "jobs/frames/FrameRange.h"
-#include "jobs/frames/FrameState.h"
 
 #include <QFileInfo>
 
@@ -39,13 +39,11 @@ protected:
         EXPECT_TRUE(picture) << picture.error().text.toStdString();
         return std::move(*picture);
     }
-    void setAge(const QString& file, int seconds) const
+    QByteArray digest(double frame, const RenderFramesSettings& made) const
     {
-        QFile touched(file);
-        ASSERT_TRUE(touched.open(QIODevice::ReadWrite));
-        ASSERT_TRUE(
-            touched.setFileTime(QDateTime::currentDateTime().addSecs(-seconds), QFileDevice::FileModificationTime));
+        return FrameDigests(node(), made.parameters, made.picture).of(frame);
     }
+    QByteArray digest(double frame) const { return digest(frame, settings("n.####.png", {1})); }
 };
 
 TEST_F(RenderFramesTest, GiveTheSameBytesHoweverManyRunAtOnce)
@@ -107,14 +105,47 @@ TEST_F(RenderFramesTest, ThatLookTheSameAreRenderedOnce)
         EXPECT_EQ(bytes(path("n.%1.png").arg(frame)), bytes(path("alone.%1.png").arg(frame))) << frame;
 }
 
-TEST_F(RenderFramesTest, ThatLookTheSameHaveEqualStates)
+TEST_F(RenderFramesTest, ThatAreMadeOfTheSameHaveEqualDigests)
 {
-    EXPECT_NE(frameStateOf(scene(), 1), frameStateOf(scene(), 2));
-    EXPECT_EQ(frameStateOf(scene(), 48), frameStateOf(scene(), 60)) << "a curve holds behind its last key";
+    EXPECT_NE(digest(1), digest(2));
+    EXPECT_EQ(digest(48), digest(60)) << "a curve holds behind its last key";
+    EXPECT_EQ(digest(1).size(), 64);
     scene().truckFactorAttr().setLocalValue(2.0);
-    const QByteArray before = frameStateOf(scene(), 48);
+    const QByteArray before = digest(48);
     scene().truckFactorAttr().setLocalValue(std::nextafter(2.0, 3.0));
-    EXPECT_NE(frameStateOf(scene(), 48), before) << "to the last bit";
+    EXPECT_NE(digest(48), before) << "to the last bit";
+}
+
+TEST_F(RenderFramesTest, HaveOtherDigestsWhereTheDrawingOrItsColoursChange)
+{
+    const QByteArray before = digest(1);
+    const auto [name, drawing] = *element().drawings().begin();
+    element().setDrawing(name, UT_makeShared<CELVEC_Kvd>());
+    EXPECT_NE(digest(1), before);
+    element().setDrawing(name, drawing);
+    EXPECT_EQ(digest(1), before);
+    const auto& palette = drawing->palette();
+    ASSERT_FALSE(palette->colors().empty());
+    palette->colors().front()->SetNominalColor({1, 2, 3, 255});
+    EXPECT_NE(digest(1), before);
+}
+
+TEST_F(RenderFramesTest, HaveOtherDigestsWhereTheSettingsChange)
+{
+    const RenderFramesSettings made = settings("n.####.png", {1});
+    RenderFramesSettings other = made;
+    other.parameters.resolution = {32, 16};
+    EXPECT_NE(digest(1, other), digest(1, made));
+    other = made;
+    other.picture.yAxis = NM_YAxis::DOWN;
+    EXPECT_NE(digest(1, other), digest(1, made));
+    other = made;
+    other.picture.pad = 3;
+    EXPECT_NE(digest(1, other), digest(1, made));
+    other = made;
+    other.picture.scene = QStringLiteral("elsewhere.scene");
+    other.file = *FrameFileName::parse(path("elsewhere/m.#.png"));
+    EXPECT_EQ(digest(1, other), digest(1, made)) << "names change no pixel";
 }
 
 TEST_F(RenderFramesTest, HoldUnitVectorsInNamedLayers)
@@ -319,7 +350,7 @@ TEST_F(RenderFramesTest, ResumeLeavesCompleteFramesAlone)
 {
     RenderFramesSettings made = settings("out/n.#.png", {1, 2, 3});
     render(made);
-    made.resumeAfter = QDateTime::currentDateTime().addSecs(-60);
+    made.resume = true;
     const QByteArray second = bytes(made.file.of(2));
     QFile cut(made.file.of(2));
     ASSERT_TRUE(cut.resize(second.size() - 5));
@@ -329,22 +360,11 @@ TEST_F(RenderFramesTest, ResumeLeavesCompleteFramesAlone)
     EXPECT_EQ(bytes(made.file.of(2)), second);
 }
 
-TEST_F(RenderFramesTest, ResumeRendersWhatIsOlderThanTheScene)
-{
-    RenderFramesSettings made = settings("out/n.#.png", {1, 2});
-    render(made);
-    setAge(made.file.of(1), 120);
-    made.resumeAfter = QDateTime::currentDateTime().addSecs(-60);
-    const RenderFramesResult result = render(made);
-    EXPECT_EQ(result.kept, 1);
-    EXPECT_EQ(result.written, 1);
-}
-
 TEST_F(RenderFramesTest, ResumeRendersWhatWasMadeOtherwise)
 {
     RenderFramesSettings made = settings("n.png", {1});
     render(made);
-    made.resumeAfter = QDateTime();
+    made.resume = true;
     EXPECT_EQ(render(made).kept, 1);
     RenderFramesSettings otherSize = made;
     otherSize.parameters.resolution = {32, 16};
@@ -362,23 +382,12 @@ TEST_F(RenderFramesTest, ResumeRendersATruncatedExrAgain)
 {
     RenderFramesSettings made = settings("n.exr", {1});
     render(made);
-    made.resumeAfter = QDateTime();
+    made.resume = true;
     EXPECT_EQ(render(made).kept, 1);
     const QByteArray whole = bytes(path("n.exr"));
     ASSERT_TRUE(QFile(path("n.exr")).resize(whole.size() / 2));
     EXPECT_EQ(render(made).kept, 0);
     EXPECT_EQ(bytes(path("n.exr")), whole);
-}
-
-TEST_F(RenderFramesTest, NewestChangeIsThatOfAnyFileBelow)
-{
-    ASSERT_TRUE(QDir().mkpath(path("a/b")));
-    write("a/old", "1");
-    write("a/b/new", "1");
-    setAge(path("a/old"), 100);
-    setAge(path("a/b/new"), 50);
-    EXPECT_EQ(newestChange(path("a")), QFileInfo(path("a/b/new")).lastModified());
-    EXPECT_FALSE(newestChange(path("nowhere")).isValid());
 }
 
 } // namespace

@@ -202,6 +202,54 @@ TEST_F(RenderProgram, ResumesWhereItStopped)
     EXPECT_THAT(outcome.output, HasSubstr("2 written, 2 complete already"));
 }
 
+TEST_F(RenderProgram, ResumesByWhatFramesAreMadeOf)
+{
+    ASSERT_EQ(quarvel("small.scene -o out/n.##.png --frames 1,48 --resolution 32").exitCode, 0);
+    const QByteArray first = bytes(path("out/n.01.png"));
+    // The same scene under another name, saved after the frames were made.
+    const auto saved = SIO_saveScene(scene(), path("copy.scene"));
+    ASSERT_TRUE(saved);
+    EXPECT_THAT(quarvel("copy.scene -o out/n.##.png --frames 1,48 --resolution 32 --resume").output,
+                HasSubstr("0 written, 2 complete already"));
+    // Another scene, though its files are the older ones.
+    auto* const blur = dynamic_cast<AT_DoubleAttr*>(node().findAttr(QStringLiteral("BlurScale")));
+    AT_Curve curve = blur->curve();
+    curve.setKey({.frame = 48, .value = 1.0, .in = {}, .out = {}, .unknown = {}});
+    ASSERT_TRUE(blur->setCurve(curve));
+    ASSERT_TRUE(SIO_saveScene(scene(), path("copy.scene")));
+    QFile old(path("copy.scene/scene.xml"));
+    ASSERT_TRUE(old.open(QIODevice::ReadWrite) &&
+                old.setFileTime(QDateTime(QDate(2001, 1, 1), QTime(0, 0)), QFileDevice::FileModificationTime));
+    EXPECT_THAT(quarvel("copy.scene -o out/n.##.png --frames 1,48 --resolution 32 --resume").output,
+                HasSubstr("1 written, 1 complete already"));
+    EXPECT_EQ(bytes(path("out/n.01.png")), first);
+    EXPECT_THAT(quarvel("copy.scene -o out/n.##.png --frames 1,48 --resolution 16 --resume").output,
+                HasSubstr("2 written, 0 complete already"));
+}
+
+TEST_F(RenderProgram, SaysWhereAFormatCannotHoldWhatAFrameIsMadeOf)
+{
+    ASSERT_EQ(quarvel("small.scene -o n.bmp --frames 1 --resolution 32").exitCode, 0);
+    const Outcome outcome = quarvel("small.scene -o n.bmp --frames 1 --resolution 32 --resume");
+    EXPECT_THAT(outcome.output, HasSubstr("1 written"));
+    EXPECT_THAT(outcome.messages, HasSubstr(".bmp files cannot say what they were made of"));
+}
+
+TEST_F(RenderProgram, InspectSaysWhatAFrameIsMadeOf)
+{
+    for (const char* name : {"n.png", "n.exr"}) {
+        ASSERT_EQ(quarvel((QByteArray("small.scene --frames 3 --resolution 32 -o ") + name).constData()).exitCode, 0);
+        const QString digest = IIO_read(path(name))->metadata().value(QStringLiteral("Digest"));
+        EXPECT_EQ(digest.size(), 64);
+        QProcess process;
+        process.start(QStringLiteral(QUARVEL_PROGRAM), {QStringLiteral("inspect"), path(name)});
+        ASSERT_TRUE(process.waitForFinished(120'000));
+        const std::string said = process.readAllStandardOutput().toStdString();
+        EXPECT_THAT(said, AllOf(HasSubstr("32 x 16"), HasSubstr("Frame: 3"), HasSubstr("Scene: small.scene"),
+                                HasSubstr("Digest: " + digest.toStdString())));
+    }
+}
+
 TEST_F(RenderProgram, SharesItsFramesOut)
 {
     quarvel("small.scene -o out/n.#.png --frames 1-5 --resolution 32 --shard 1/2");

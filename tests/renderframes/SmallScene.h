@@ -5,6 +5,7 @@
 
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/graph/MO_Port.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "jobs/drawing/ReadDrawing.h"
 #include "jobs/frames/RenderFrames.h"
 
@@ -42,6 +43,7 @@ protected:
 
     MO_Scene& scene() const { return _scene->scene(); }
     MO_Module& node() const { return _scene->normalMap(); }
+    MO_ElementModule& element() const { return *_scene->elements().front(); }
     MO_Module& drawing() const { return _scene->flatDrawing(); }
 
     void write(const char* name, const QByteArray& content) const

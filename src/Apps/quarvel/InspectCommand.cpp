@@ -1,12 +1,13 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A scene is a folder; anything else is taken for a drawing.
+// A scene is a folder; a picture that was rendered of a scene says so; anything else is taken for a drawing.
 #include "InspectCommand.h"
 
 #include "FormOptions.h"
 #include "OpenScene.h"
 #include "Say.h"
 #include "jobs/drawing/DescribeObjects.h"
+#include "jobs/frames/DescribeFrame.h"
 #include "jobs/scene/DescribeScene.h"
 
 #include <QFileInfo>
@@ -90,8 +91,12 @@ UT_Result<QString> describeDrawing(const QString& path, const InspectOptions& op
 UT_Result<QString> describe(const QString& place, const InspectOptions& options)
 {
     const QFileInfo info(place);
-    if (info.exists() && !info.isDir())
-        return describeDrawing(place, options);
+    if (info.exists() && !info.isDir()) {
+        const auto frame = readFrame(place);
+        if (!frame)
+            return UT_Error{place + QStringLiteral(": ") + frame.error().sentence()};
+        return *frame ? describeFrame(**frame) : describeDrawing(place, options);
+    }
     const auto opened = openScene(place);
     if (!opened)
         return opened.error();
@@ -128,16 +133,20 @@ int runInspectCommand(const QStringList& words)
 
 QString inspectHelp()
 {
-    return QStringLiteral(R"(quarvel inspect - says what is in a scene or a drawing
+    return QStringLiteral(R"(quarvel inspect - says what is in a scene, a drawing or a frame
 
   quarvel inspect SCENE... [--all]
   quarvel inspect DRAWING... [options]
+  quarvel inspect FRAME...
 
 Of a scene: its frames, the lights, the modules with what flows into them, the attributes that were changed (--all: every attribute), the
 elements with their drawings, the objects and the palettes. Values are written as "quarvel set" takes them.
 
 Of a drawing: the objects that "quarvel normalmap" and "quarvel import" choose in it, with their numbers, names, shares of the
 picture, values, colours, and why each is an object. A number or a name goes into --object.
+
+Of a frame that "quarvel render" wrote: its scene, node, number and settings, and the digest of what it was made of. Frames of equal
+digests have equal pixels; "quarvel render --resume" leaves them alone.
 
       --explain FILE.png  also paints the objects, each in a colour of its own and with its number
       --objects, --shape, --volume

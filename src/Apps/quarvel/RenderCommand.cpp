@@ -11,7 +11,6 @@
 #include "SilencedOutput.h"
 #include "StopSignal.h"
 #include "jobs/frames/FilmFile.h"
-#include "jobs/frames/FrameOnDisk.h"
 #include "jobs/frames/FrameRange.h"
 #include "jobs/frames/RenderFrames.h"
 #include "jobs/frames/RenderMemory.h"
@@ -149,6 +148,16 @@ UT_Result<int> atOnceOf(const RenderOptions& options, const Plan& plan)
                         options.memory > 0.0 ? options.memory : limits.memory / 2.0);
 }
 
+void warnWhereFramesHaveNoDigest(const RenderOptions& options)
+{
+    const auto format = IIO_pictureFormatOf(options.output);
+    if (options.resume && format && !format->texts)
+        say(QStringLiteral(
+                "warning: .%1 files cannot say what they were made of, so --resume renders all frames again; "
+                "write .png or .exr")
+                .arg(format->suffix));
+}
+
 UT_Result<Plan> planOf(const MO_Scene& scene, const RenderOptions& options)
 {
     Plan plan;
@@ -170,8 +179,8 @@ UT_Result<Plan> planOf(const MO_Scene& scene, const RenderOptions& options)
     if (!atOnce)
         return atOnce.error();
     plan.settings.atOnce = *atOnce;
-    if (options.resume)
-        plan.settings.resumeAfter = newestChange(options.scene);
+    plan.settings.resume = options.resume;
+    warnWhereFramesHaveNoDigest(options);
     auto lit = litSettings(options, plan);
     if (!lit)
         return lit.error();

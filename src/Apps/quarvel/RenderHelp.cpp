@@ -51,7 +51,8 @@ How it runs
       --memory SIZE     how much memory the frames may take together, such as 4G; fewer are rendered at once where it
                         takes more. Default: half of what the job may use (available memory, control groups,
                         SLURM_MEM_PER_NODE)
-      --resume          leaves alone frames that are complete and newer than the scene
+      --resume          leaves alone frames that are complete and made of the same: scene at that frame, settings, program.
+                        Files say a digest of it (quarvel inspect shows it); their times do not matter
       --shard I/N       only every N-th frame from the I-th on, for N machines that share the work; counted
                         from 1 or from 0. auto: as SLURM_ARRAY_TASK_ID and SLURM_ARRAY_TASK_COUNT say
       --progress STYLE  bar (with the time left), lines (one for every percent), json (one object for every frame) or

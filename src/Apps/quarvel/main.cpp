@@ -38,7 +38,7 @@ constexpr std::array kCommands{
     Command{"normalmap", "DRAWING... [options]", "turns drawings into normal maps", runNormalMapCommand, normalMapHelp},
     Command{"import", "FILE... -o SCENE [options]", "makes a scene of drawings or an animation", runImportCommand,
             importHelp},
-    Command{"inspect", "SCENE|DRAWING...", "says what is in it", runInspectCommand, inspectHelp},
+    Command{"inspect", "SCENE|DRAWING|FRAME...", "says what is in it", runInspectCommand, inspectHelp},
     Command{"set", "SCENE WHAT VALUE...", "changes one thing of a scene", runSetCommand, setHelp},
     Command{"render", "SCENE -o FILE [options]", "renders frames of a scene", runRenderCommand, renderHelp},
 };

@@ -19,6 +19,8 @@ struct IIO_PictureFormat
     int bitsPerChannel = 16;
     /// False: coverage is left out and colours are written as if it were full.
     bool alpha = true;
+    /// False: the texts of a picture are left out.
+    bool texts = true;
 };
 
 /// The formats that can be written on this machine: png, exr, and the 8-bit ones that Qt offers (jpg, jpeg, bmp, webp).

@@ -6,11 +6,9 @@
 #include "jobs/frames/RenderFrames.h"
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
-#include "QuarvelSceneCore/graph/MO_Scene.h"
-#include "QuarvelSceneCore/interfaces/RD_RenderJob.h"
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
+#include "jobs/frames/FrameDigest.h"
 #include "jobs/frames/FrameOnDisk.h"
-#include "jobs/frames/FrameState.h"
 #include "jobs/limits/JobLimits.h"
 #include "jobs/shown/LitSurface.h"
 #include "jobs/shown/SceneLighting.h"
@@ -32,22 +30,27 @@ namespace {
 /// Frames of one picture, by their places in the settings.
 using Shot = std::vector<std::size_t>;
 
-/// The shots in the order of their first frames.
-std::vector<Shot> shotsOf(const MO_Module& module, const RenderFramesSettings& settings)
+std::vector<QByteArray> digestsOf(const MO_Module& module, const RenderFramesSettings& settings)
 {
-    const std::vector<int>& frames = settings.frames;
-    const bool ownLight = settings.lit && !settings.lighting;
-    const auto* const scene = dynamic_cast<const MO_Scene*>(module.sceneCommon());
+    FrameDigests digests(module, settings);
+    std::vector<QByteArray> all;
+    all.reserve(settings.frames.size());
+    for (const int frame : settings.frames)
+        all.push_back(digests.of(frame));
+    return all;
+}
+
+/// The shots in the order of their first frames. A frame without a digest is a shot of its own.
+std::vector<Shot> shotsOf(const std::vector<QByteArray>& digests)
+{
     std::vector<Shot> shots;
     std::map<QByteArray, std::size_t> known;
-    for (std::size_t i = 0; i < frames.size(); ++i) {
-        QByteArray state = scene ? frameStateOf(*scene, frames[i]) : QByteArray::number(frames[i]);
-        if (scene && ownLight)
-            state += lightStateOf(*scene, frames[i]);
-        const auto [place, isNew] = known.emplace(state, shots.size());
-        if (isNew)
-            shots.emplace_back();
-        shots[place->second].push_back(i);
+    for (std::size_t i = 0; i < digests.size(); ++i) {
+        const auto [place, isNew] = known.emplace(digests[i], shots.size());
+        if (isNew || digests[i].isEmpty())
+            shots.push_back({i});
+        else
+            shots[place->second].push_back(i);
     }
     return shots;
 }
@@ -59,7 +62,8 @@ public:
         : _shown(shown)
         , _settings(settings)
         , _watcher(watcher)
-        , _shots(shotsOf(shown.module(), settings))
+        , _digests(digestsOf(shown.module(), settings))
+        , _shots(shotsOf(_digests))
         , _done(settings.frames.size(), 0.0)
     {}
 
@@ -129,9 +133,7 @@ private:
     {
         const int number = _settings.frames[index];
         const QString file = _settings.file.of(number);
-        const auto [width, height] = _settings.parameters.resolution;
-        const IIO_Metadata metadata = metadataOf(number);
-        if (_settings.resumeAfter && isFrameOnDisk(file, {width, height}, metadata, *_settings.resumeAfter))
+        if (_settings.resume && isFrameOnDisk(file, _digests[index]))
             return FrameEnd::KEPT;
         if (!picture) {
             auto rendered = render(index);
@@ -139,7 +141,9 @@ private:
                 return rendered.error();
             picture = std::move(*rendered);
         }
-        picture->metadata() = metadata;
+        picture->metadata() = metadataOf(number);
+        if (!_digests[index].isEmpty())
+            picture->metadata().set(kFrameDigestKey, QLatin1String(_digests[index]));
         if (const auto written = write(*picture, file); !written)
             return written.error();
         return FrameEnd::WRITTEN;
@@ -222,6 +226,7 @@ private:
     const ShownModule& _shown;
     const RenderFramesSettings& _settings;
     const RenderFramesWatcher& _watcher;
+    const std::vector<QByteArray> _digests; ///< of the frames, by their places in the settings
     const std::vector<Shot> _shots;
     std::atomic<std::size_t> _next = 0;
     std::mutex _mutex;

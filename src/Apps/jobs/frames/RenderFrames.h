@@ -1,9 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // RenderFrames: renders frames of a scene into files, several at once. Each file appears whole or not at all, and its
-// bytes do not depend on how many frames are rendered at once. Frames that look the same (FrameState.h) are rendered
-// once. A frame that fails does not keep the others from being
-// rendered.
+// bytes do not depend on how many frames are rendered at once. Frames that are made of the same (FrameDigest.h) are
+// rendered once. A frame that fails does not keep the others from being rendered.
 #pragma once
 
 #include "QuarvelNormalMap/NM_Lighting.h"
@@ -11,8 +10,6 @@
 #include "jobs/frames/FrameFileName.h"
 #include "jobs/shown/FramePicture.h"
 #include "jobs/shown/ShownFrame.h"
-
-#include <QDateTime>
 
 #include <functional>
 #include <optional>
@@ -30,8 +27,8 @@ struct RenderFramesSettings
     QString lightNote;                           ///< what the files of lit frames say of the light
     FrameFileName file;
     int atOnce = 1; ///< how many frames are rendered at the same time
-    /// Frames whose file is complete and newer than this are left alone; an invalid time counts as long ago.
-    std::optional<QDateTime> resumeAfter;
+    /// Frames are left alone whose file is complete and made of the same: it says the frame's digest.
+    bool resume = false;
 };
 
 /// How a frame ended.

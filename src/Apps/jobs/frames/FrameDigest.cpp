@@ -1,0 +1,128 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Every value goes into the bytes with its length, so that no two lists of values run into the same bytes.
+#include "jobs/frames/FrameDigest.h"
+
+#include "QuarvelPersistentObj/PO_XmlWriter.h"
+#include "QuarvelSceneCore/attributes/AT_AttrVisitor.h"
+#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/attributes/AT_EnumAttrBase.h"
+#include "QuarvelSceneCore/attributes/AT_IntAttr.h"
+#include "QuarvelSceneCore/graph/MO_Port.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "QuarvelSceneIO/SIO_DrawingDigest.h"
+
+#include <QCryptographicHash>
+#include <QDataStream>
+
+extern const char* const kPixelCode; // of the sources, made by the build
+
+const QString kFrameDigestKey = QStringLiteral("Digest");
+
+namespace {
+
+// The same bytes with every version of Qt.
+class Bytes : public QDataStream
+{
+public:
+    explicit Bytes(QByteArray& target) : QDataStream(&target, QIODevice::WriteOnly | QIODevice::Append)
+    {
+        setVersion(QDataStream::Qt_6_0);
+    }
+};
+
+class ValueWriter : public AT_AttrVisitor
+{
+public:
+    ValueWriter(Bytes& out, double frame) : _out(out), _frame(frame) {}
+
+    void visitAttr(AT_Attr& attr) override { _out << attr.displayText(_frame); }
+    void visitBool(AT_BoolAttr& attr) override { _out << attr.value(_frame); }
+    void visitDouble(AT_DoubleAttr& attr) override { _out << attr.value(_frame); }
+    void visitInt(AT_IntAttr& attr) override { _out << attr.value(_frame); }
+    void visitEnum(AT_EnumAttrBase& attr) override { _out << attr.effectiveInt(_frame); }
+    // What the drawing holds counts, not what it is called.
+    void visitDrawing(AT_DrawingAttr&) override {}
+
+private:
+    Bytes& _out;
+    double _frame;
+};
+
+// What a module is, beside the values of its attributes and its drawings.
+void writeModule(const MO_Module& module, Bytes& out)
+{
+    QString about;
+    {
+        PO_XmlWriter writer(about);
+        writer.startElement(module.getXmlElementName());
+        module.writeXmlAttributes(writer);
+        writer.endElement();
+    }
+    out << about << module.nInPorts();
+    for (const AT_Attr* attr : module.attrs())
+        out << attr->keyword();
+    for (unsigned i = 0; i < module.nInPorts(); ++i) {
+        const MO_Port* const source = module.inPort(i)->realSrcPort();
+        out << (source && source->node() ? source->node()->instanceName() : QString())
+            << (source ? source->index() : 0U);
+    }
+}
+
+void writeSettings(const RD_RenderParameters& parameters, const FramePictureSettings& picture, Bytes& out)
+{
+    out << parameters.imageProcessingFormat << parameters.resolution.first << parameters.resolution.second;
+    out << static_cast<int>(picture.source) << static_cast<int>(picture.shown) << static_cast<int>(picture.layout)
+        << static_cast<int>(picture.yAxis) << picture.pad << picture.elevation << picture.floatFile << picture.half;
+}
+
+} // namespace
+
+FrameDigests::FrameDigests(const MO_Module& shown, const RD_RenderParameters& parameters,
+                           const FramePictureSettings& picture)
+    : _scene(dynamic_cast<const MO_Scene*>(shown.sceneCommon()))
+{
+    Bytes out(_allFrames);
+    out << QByteArray(kPixelCode) << shown.instanceName();
+    writeSettings(parameters, picture, out);
+    if (!_scene)
+        return;
+    out << _scene->frameHeight();
+    _scene->root().forEachModule([&](const MO_Module& module) { writeModule(module, out); });
+}
+
+QByteArray FrameDigests::of(double frame)
+{
+    if (!_scene)
+        return {};
+    bool isKnown = true;
+    QByteArray bytes = _allFrames;
+    {
+        Bytes out(bytes);
+        ValueWriter writer(out, frame);
+        _scene->truckFactorAttr().accept(writer);
+        _scene->root().forEachModule([&](const MO_Module& module) {
+            for (AT_Attr* const attr : module.attrs())
+                attr->accept(writer);
+            out << drawingAt(module, frame, isKnown);
+        });
+    }
+    return isKnown ? QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex() : QByteArray();
+}
+
+QByteArray FrameDigests::drawingAt(const MO_Module& module, double frame, bool& isKnown)
+{
+    const auto* const element = dynamic_cast<const MO_ElementModule*>(&module);
+    const auto drawing = element ? element->drawingAt(frame) : nullptr;
+    if (!drawing)
+        return {};
+    const auto [known, isNew] = _drawings.try_emplace(drawing.get());
+    if (isNew)
+        if (const auto digest = SIO_drawingDigest(*drawing); digest)
+            known->second = *digest;
+    isKnown = isKnown && !known->second.isEmpty();
+    return known->second;
+}
