@@ -137,10 +137,10 @@ TEST_F(RenderFramesTest, HaveOtherDigestsWhereTheSettingsChange)
     other.parameters.resolution = {32, 16};
     EXPECT_NE(digest(1, other), digest(1, made));
     other = made;
-    other.picture.yAxis = NM_YAxis::DOWN;
+    other.picture.form.yAxis = NM_YAxis::DOWN;
     EXPECT_NE(digest(1, other), digest(1, made));
     other = made;
-    other.picture.pad = 3;
+    other.picture.form.pad = 3;
     EXPECT_NE(digest(1, other), digest(1, made));
     other = made;
     other.picture.scene = QStringLiteral("elsewhere.scene");

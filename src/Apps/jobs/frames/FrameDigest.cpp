@@ -72,11 +72,16 @@ void writeModule(const MO_Module& module, Bytes& out)
     }
 }
 
+// The members by name, so that nobody adds one without deciding whether it counts.
 void writeSettings(const RD_RenderParameters& parameters, const FramePictureSettings& picture, Bytes& out)
 {
-    out << parameters.imageProcessingFormat << parameters.resolution.first << parameters.resolution.second;
-    out << static_cast<int>(picture.source) << static_cast<int>(picture.shown) << static_cast<int>(picture.layout)
-        << static_cast<int>(picture.yAxis) << picture.pad << picture.elevation << picture.floatFile << picture.half;
+    const auto& [format, resolution] = parameters;
+    out << format << resolution.first << resolution.second;
+    const auto& [source, shown, layout, form, elevation, floatFile, floatRender, half, scene, node] = picture;
+    const auto& [yAxis, alpha, bits, pad] = form;
+    out << static_cast<int>(source) << static_cast<int>(shown) << static_cast<int>(layout) << elevation << floatFile
+        << half;
+    out << static_cast<int>(yAxis) << static_cast<int>(alpha) << bits << pad;
 }
 
 } // namespace
