@@ -41,7 +41,7 @@ protected:
     }
     QByteArray digest(double frame, const RenderFramesSettings& made) const
     {
-        return FrameDigests(node(), made.parameters, made.picture).of(frame);
+        return FrameDigests(node(), made).of(frame);
     }
     QByteArray digest(double frame) const { return digest(frame, settings("n.####.png", {1})); }
 };
@@ -142,6 +142,13 @@ TEST_F(RenderFramesTest, HaveOtherDigestsWhereTheSettingsChange)
     other = made;
     other.picture.form.pad = 3;
     EXPECT_NE(digest(1, other), digest(1, made));
+    other = made;
+    other.lit = true;
+    other.lighting = NM_LightingSettings();
+    const QByteArray lit = digest(1, other);
+    EXPECT_NE(lit, digest(1, made));
+    other.lighting->lights.front().azimuth = 90.0;
+    EXPECT_NE(digest(1, other), lit);
     other = made;
     other.picture.scene = QStringLiteral("elsewhere.scene");
     other.file = *FrameFileName::parse(path("elsewhere/m.#.png"));

@@ -14,6 +14,7 @@
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "QuarvelSceneIO/SIO_DrawingDigest.h"
+#include "jobs/shown/SceneLighting.h"
 
 #include <QCryptographicHash>
 #include <QDataStream>
@@ -73,26 +74,44 @@ void writeModule(const MO_Module& module, Bytes& out)
 }
 
 // The members by name, so that nobody adds one without deciding whether it counts.
-void writeSettings(const RD_RenderParameters& parameters, const FramePictureSettings& picture, Bytes& out)
+void writeSettings(const RenderFramesSettings& settings, Bytes& out)
 {
-    const auto& [format, resolution] = parameters;
-    out << format << resolution.first << resolution.second;
-    const auto& [source, shown, layout, form, elevation, floatFile, floatRender, half, scene, node] = picture;
+    const auto& [format, resolution] = settings.parameters;
+    out << format << resolution.first << resolution.second << settings.lit;
+    const auto& [source, shown, layout, form, elevation, floatFile, floatRender, half, scene, node] = settings.picture;
     const auto& [yAxis, alpha, bits, pad] = form;
     out << static_cast<int>(source) << static_cast<int>(shown) << static_cast<int>(layout) << elevation << floatFile
         << half;
     out << static_cast<int>(yAxis) << static_cast<int>(alpha) << bits << pad;
 }
 
+void writeColour(const NM_LightColour& colour, Bytes& out)
+{
+    for (const float channel : colour)
+        out << static_cast<double>(channel);
+}
+
+void writeLighting(const NM_LightingSettings& lighting, Bytes& out)
+{
+    const auto& [lights, ambient, highlight, sharpness] = lighting;
+    out << static_cast<qint64>(lights.size()) << static_cast<double>(highlight) << static_cast<double>(sharpness);
+    writeColour(ambient, out);
+    for (const auto& [azimuth, height, colour, place] : lights) {
+        out << azimuth << height << place.has_value();
+        writeColour(colour, out);
+        if (place)
+            out << place->x << place->y << place->height << place->reach;
+    }
+}
+
 } // namespace
 
-FrameDigests::FrameDigests(const MO_Module& shown, const RD_RenderParameters& parameters,
-                           const FramePictureSettings& picture)
-    : _scene(dynamic_cast<const MO_Scene*>(shown.sceneCommon()))
+FrameDigests::FrameDigests(const MO_Module& shown, const RenderFramesSettings& settings)
+    : _shown(shown), _settings(settings), _scene(dynamic_cast<const MO_Scene*>(shown.sceneCommon()))
 {
     Bytes out(_allFrames);
     out << QByteArray(kPixelCode) << shown.instanceName();
-    writeSettings(parameters, picture, out);
+    writeSettings(settings, out);
     if (!_scene)
         return;
     out << _scene->frameHeight();
@@ -107,6 +126,8 @@ QByteArray FrameDigests::of(double frame)
     QByteArray bytes = _allFrames;
     {
         Bytes out(bytes);
+        if (_settings.lit)
+            writeLighting(_settings.lighting ? *_settings.lighting : sceneLighting(_shown, frame), out);
         ValueWriter writer(out, frame);
         _scene->truckFactorAttr().accept(writer);
         _scene->root().forEachModule([&](const MO_Module& module) {

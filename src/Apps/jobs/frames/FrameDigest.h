@@ -1,10 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // What a frame is made of, as one digest: the modules and links of the scene, the values of all attributes and the
-// drawings that are shown at the frame, the camera, the light of lit frames, the settings of the render and of the file, and the code that makes
-// the pixels. Equal digests are equal pixels. So a run renders such frames once (a film on twos, a pause and a cycle
-// cost what they show, not how long they last), and a file that says its digest is known to be the frame or not,
-// however the scene came to be what it is, whatever the files' times are.
+// drawings that are shown at the frame, the camera, the light of lit frames, the settings of the render and of the
+// file, and the code that makes the pixels. Equal digests are equal pixels. So a run renders such frames once (a film
+// on twos, a pause and a cycle cost what they show, not how long they last), and a file that says its digest is known
+// to be the frame or not, however the scene came to be what it is, whatever the files' times are.
 //
 // Names that change no pixel do not count: the folder of the scene, and where the files go.
 #pragma once
