@@ -3,6 +3,7 @@
 // Reads, builds, saves; a scene that is there already stays unless it may be written over.
 #include "ImportCommand.h"
 
+#include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelPlugInManager/PLUG_Manager.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
@@ -23,6 +24,10 @@ constexpr int kWrongUsage = 2;
 UT_Result<void> checkOutput(const ImportOptions& options)
 {
     const QFileInfo output(options.output);
+    if (!output.exists() && IIO_pictureFormatOf(options.output))
+        return UT_Error{QStringLiteral("%1 names a picture, and a scene is a folder; choose another name with -o, such "
+                                       "as %2.scene")
+                            .arg(options.output, output.completeBaseName())};
     if (!output.absoluteDir().exists())
         return UT_Error{QStringLiteral("%1: there is no folder %2; make it first")
                             .arg(options.output, output.absoluteDir().path())};

@@ -9,6 +9,7 @@
 #include "QuarvelPlugInManager/PLUG_Manager.h"
 #include "Say.h"
 #include "SilencedOutput.h"
+#include "StopSignal.h"
 #include "WritePictures.h"
 #include "jobs/drawing/DescribeObjects.h"
 #include "jobs/drawing/ObjectNames.h"
@@ -83,7 +84,7 @@ private:
     {
         return [this, from, to](double done) {
             show(from + (to - from) * done);
-            return true;
+            return !StopSignal::came();
         };
     }
 
@@ -120,7 +121,7 @@ int runAll(const NormalMapOptions& options, const std::vector<OutputFiles>& file
     ProgressLine line(options.progress);
     int exitCode = 0;
     int written = 0;
-    for (qsizetype i = 0; i < options.drawings.size(); ++i) {
+    for (qsizetype i = 0; i < options.drawings.size() && !StopSignal::came(); ++i) {
         const OutputFiles& own = files[static_cast<std::size_t>(i)];
         DrawingRun run(options, line, i);
         const UT_Result<void> done = runOne(run, own);
@@ -133,12 +134,17 @@ int runAll(const NormalMapOptions& options, const std::vector<OutputFiles>& file
             ++written;
             continue;
         }
+        if (done.error().kind == UT_ErrorKind::STOPPED)
+            break;
         say(QStringLiteral("%1: %2").arg(options.drawings[i], done.error().sentence()));
         exitCode = kFailed;
     }
     if (const QString fits = formLine(options, files); written > 0 && !fits.isEmpty())
         writeText(stdout, fits + QLatin1Char('\n'));
-    return exitCode;
+    if (!StopSignal::came())
+        return exitCode;
+    say(QStringLiteral("stopped; %1 of %2 drawings are done").arg(written).arg(options.drawings.size()));
+    return StopSignal::exitCode();
 }
 
 } // namespace
@@ -163,6 +169,7 @@ int runNormalMapCommand(const QStringList& words)
         say(loaded.error().sentence());
         return kFailed;
     }
+    const StopSignal stopSignal;
     const SilencedOutput silenced(options->quiet);
     return runAll(*options, *files);
 }

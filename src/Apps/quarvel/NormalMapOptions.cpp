@@ -18,7 +18,9 @@ using Row = OptionRow<NormalMapOptions>;
 template<typename Member>
 Take<NormalMapOptions> text(Member member)
 {
-    return [member](NormalMapOptions& options, const QString&, const QString& value) -> Taken {
+    return [member](NormalMapOptions& options, const QString& option, const QString& value) -> Taken {
+        if (value.isEmpty())
+            return UT_Error{QStringLiteral("%1 takes the name of a file or a folder, and it is empty").arg(option)};
         options.*member = value;
         return {};
     };
@@ -95,6 +97,9 @@ UT_Result<void> checkForm(const NormalMapOptions& options)
         return UT_Error{
             QStringLiteral("--layout node writes the node's channels as they are; --for and --alpha go with "
                            "--layout tangent")};
+    if (options.nodeLayout && form.yAxis == NM_YAxis::UP)
+        return UT_Error{QStringLiteral("--layout node writes the node's channels as they are, with y down; --y up goes "
+                                       "with --layout tangent")};
     return {};
 }
 

@@ -3,9 +3,11 @@
 // The options of a command as a table: each row has an option's names and the function that takes its value.
 #pragma once
 
+#include "NearestWord.h"
 #include "QuarvelBaseCore/UT_Result.h"
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 
 #include <functional>
 #include <vector>
@@ -42,6 +44,34 @@ inline QString spelled(const QString& name)
     return (name.size() == 1 && name != QLatin1String("y") ? QStringLiteral("-") : QStringLiteral("--")) + name;
 }
 
+/// What is wrong with a word that is taken for an option that there is not.
+///
+/// @param word  as it was typed
+/// @param names of all options, without their hyphens
+inline UT_Error unknownOption(const QString& command, const QString& word, const QStringList& names)
+{
+    const QString typed = word.section(QLatin1Char('='), 0, 0);
+    // "-dash.svg" is read as the option -d.
+    if (QFileInfo::exists(word) || (!word.startsWith(QLatin1String("--")) && word.contains(QLatin1Char('.'))))
+        return {QStringLiteral("%1 looks like an option; if it is a file, write ./%1").arg(word)};
+    const QString nearest = nearestWord(typed.mid(typed.startsWith(QLatin1String("--")) ? 2 : 1), names);
+    const QString meant = nearest.isEmpty() ? QString() : QStringLiteral("; did you mean %1?").arg(spelled(nearest));
+    return {QStringLiteral("there is no option %1%2 quarvel help %3 lists what there is")
+                .arg(typed, meant.isEmpty() ? QStringLiteral(";") : meant, command)};
+}
+
+/// The word among those typed that the option's name comes from that the parser does not know.
+inline QString wordOf(const QString& name, const QStringList& words)
+{
+    for (const QString& word : words) {
+        const QString bare = word.section(QLatin1Char('='), 0, 0);
+        const bool isLong = bare.startsWith(QLatin1String("--"));
+        if (isLong ? bare.mid(2) == name : bare.startsWith(QLatin1Char('-')) && bare.mid(1).contains(name))
+            return word;
+    }
+    return spelled(name);
+}
+
 /// Stores the values of all options that are among the words, each as often as it is given.
 ///
 /// @param command its name, as it is typed
@@ -55,7 +85,14 @@ UT_Result<QStringList> takeOptions(const QString& command, const QStringList& wo
         parser.addOption(
             QCommandLineOption(row.names, QString(), row.takesValue ? QStringLiteral("value") : QString()));
     // The parser takes the first word for the program's name.
-    if (!parser.parse(QStringList{command} + words))
+    const bool isParsed = parser.parse(QStringList{command} + words);
+    if (const QStringList unknown = parser.unknownOptionNames(); !unknown.isEmpty()) {
+        QStringList names;
+        for (const auto& row : table)
+            names += row.names;
+        return unknownOption(command, wordOf(unknown.first(), words), names);
+    }
+    if (!isParsed)
         return UT_Error{
             QStringLiteral("%1; quarvel help %2 lists what there is").arg(parser.errorText().chopped(1), command)};
     for (const auto& row : table) {

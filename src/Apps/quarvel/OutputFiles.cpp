@@ -44,6 +44,16 @@ Place placeOfMap(const NormalMapOptions& options)
             true};
 }
 
+// With several drawings the options name folders. A folder called one.png would surprise everybody.
+UT_Result<void> checkFolder(const Place& place)
+{
+    if (place.named.isEmpty() || !IIO_pictureFormatOf(place.named) || QFileInfo(place.named).isDir())
+        return {};
+    return UT_Error{QStringLiteral("%1 names one picture, and there are several drawings; name a folder, which gets a "
+                                   "picture of each, or give one drawing at a time")
+                        .arg(place.named)};
+}
+
 UT_Result<void> checkFormat(const QString& file)
 {
     if (file.isEmpty())
@@ -62,6 +72,10 @@ UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options)
     const Place elevation{options.elevation, QStringLiteral("_e"), png, !options.elevation.isEmpty()};
     const Place lit{options.lit, QStringLiteral("_lit"), png, !options.lit.isEmpty()};
     const Place picture{options.drawingPicture, QStringLiteral("_drawing"), png, !options.drawingPicture.isEmpty()};
+
+    for (const Place& place : {normalMap, elevation, lit, picture})
+        if (const UT_Result<void> isFolder = several ? checkFolder(place) : UT_Result<void>(); !isFolder)
+            return isFolder.error();
 
     QHash<QString, QString> takenBy;
     for (const QString& drawing : options.drawings)

@@ -5,6 +5,7 @@
 #include "ImportCommand.h"
 #include "InspectCommand.h"
 #include "ManualPage.h"
+#include "NearestWord.h"
 #include "NormalMapCommand.h"
 #include "NormalMapOptions.h"
 #include "RenderCommand.h"
@@ -68,7 +69,10 @@ int noSuchCommand(const QString& name)
     QStringList names;
     for (const Command& command : kCommands)
         names << QLatin1String(command.name);
-    say(QStringLiteral("there is no command \"%1\"; there is %2").arg(name, names.join(QStringLiteral(", "))));
+    const QString nearest = nearestWord(name, names);
+    say(QStringLiteral("there is no command \"%1\"; %2")
+            .arg(name, nearest.isEmpty() ? QStringLiteral("there is ") + names.join(QStringLiteral(", "))
+                                         : QStringLiteral("did you mean %1?").arg(nearest)));
     return kWrongUsage;
 }
 
@@ -150,6 +154,16 @@ int run(const QStringList& words)
     return command ? command->run(rest) : noSuchCommand(name);
 }
 
+// Results that nobody received are a failure: a full disk behind a redirection shows only when the last of them is
+// written.
+int afterOutput(int exitCode)
+{
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
+        return exitCode;
+    say(QStringLiteral("the results cannot be written to standard output; see whether the disk is full"));
+    return exitCode == 0 ? 1 : exitCode;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -160,5 +174,5 @@ int main(int argc, char** argv)
     qInstallMessageHandler(passGraveMessages);
     const QGuiApplication application(argc, argv);
     const WorkerThreads threads(jobLimits().threads);
-    return run(QCoreApplication::arguments().sliced(1));
+    return afterOutput(run(QCoreApplication::arguments().sliced(1)));
 }

@@ -119,7 +119,7 @@ UT_Result<KeyWord> keyWord(const QString& word)
     bool isFrame = false;
     KeyWord key;
     key.frame = parts.first().toDouble(&isFrame);
-    if (!isFrame || !std::isfinite(key.frame) || parts.size() > 3)
+    if (!isFrame || !std::isfinite(key.frame) || parts.size() < 2 || parts.size() > 3)
         return expected(QStringLiteral("FRAME:VALUE, as in 24:2.0"), word);
     key.value = parts[1];
     if (parts.size() == 3) {
