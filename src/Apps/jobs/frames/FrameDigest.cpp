@@ -76,12 +76,13 @@ void writeModule(const MO_Module& module, Bytes& out)
 // The members by name, so that nobody adds one without deciding whether it counts.
 void writeSettings(const RenderFramesSettings& settings, Bytes& out)
 {
-    const auto& [format, resolution] = settings.parameters;
+    const auto& [format, resolution, margins] = settings.parameters;
     out << format << resolution.first << resolution.second << settings.lit;
+    out << margins.left << margins.top << margins.right << margins.bottom;
     const auto& [source, shown, layout, form, elevation, floatFile, floatRender, half, scene, node] = settings.picture;
     const auto& [yAxis, alpha, bits, pad] = form;
     out << static_cast<int>(source) << static_cast<int>(shown) << static_cast<int>(layout) << elevation << floatFile
-        << half;
+        << floatRender << half;
     out << static_cast<int>(yAxis) << static_cast<int>(alpha) << bits << pad;
 }
 
