@@ -39,7 +39,8 @@ QString nearestWord(const QString& typed, const QStringList& words)
     int fewest = 0;
     for (const QString& word : words) {
         const int changes = distance(typed, word);
-        if (3 * changes > std::max<qsizetype>(3, word.size()) || (!nearest.isEmpty() && changes >= fewest))
+        const bool isFar = changes >= word.size() || 3 * changes > std::max<qsizetype>(3, word.size());
+        if (isFar || (!nearest.isEmpty() && changes >= fewest))
             continue;
         nearest = word;
         fewest = changes;
