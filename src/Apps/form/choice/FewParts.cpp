@@ -25,16 +25,56 @@ std::vector<int> visibleCells(const FoundParts& found)
     return cells;
 }
 
-// Which parts stay by themselves.
-std::vector<bool> largestParts(const FoundParts& found)
+std::vector<int> partsBySize(const FoundParts& found)
 {
     const std::vector<int> cells = visibleCells(found);
     std::vector<int> bySize = found.order;
     std::ranges::stable_sort(bySize, std::greater(), [&](int index) { return cells[placeOf(index)]; });
+    return bySize;
+}
+
+// The picture's ground and the first of the others stay by themselves.
+std::vector<bool> staying(const FoundParts& found, const std::vector<int>& bySize, std::size_t count)
+{
     std::vector<bool> stays(found.parts.size());
     for (std::size_t i = 0; i < bySize.size(); ++i)
-        stays[placeOf(bySize[i])] = i < kMostParts / 2 || found.parts[placeOf(bySize[i])].isBackdrop;
+        stays[placeOf(bySize[i])] = i < count || found.parts[placeOf(bySize[i])].isBackdrop;
     return stays;
+}
+
+// How many whole pictures the boxes around the parts would fill, small ones joined.
+double picturesFilled(const FoundParts& found, const std::vector<bool>& stays)
+{
+    const auto areaOf = [](const QRect& box) { return static_cast<double>(box.width()) * box.height(); };
+    double area = 0.0;
+    QRect together;
+    for (const int index : found.order) {
+        const QRect box = found.parts[placeOf(index)].region.box();
+        if (!stays[placeOf(index)]) {
+            together |= box;
+            continue;
+        }
+        area += areaOf(together) + areaOf(box);
+        together = QRect();
+    }
+    return (area + areaOf(together)) / areaOf(found.map.bounds());
+}
+
+// Which parts stay by themselves: as many of the large ones as there is room for.
+std::vector<bool> largestParts(const FoundParts& found)
+{
+    constexpr std::size_t kFewest = 8;
+    const std::vector<int> bySize = partsBySize(found);
+    std::size_t count = kMostParts / 2;
+    while (count > kFewest && picturesFilled(found, staying(found, bySize, count)) > kMostPictures)
+        count /= 2;
+    return staying(found, bySize, count);
+}
+
+bool areFew(const FoundParts& found)
+{
+    const std::vector<bool> all(found.parts.size(), true);
+    return found.order.size() <= kMostParts && picturesFilled(found, all) <= kMostPictures;
 }
 
 void wear(Part& part, const WornShape& worn)
@@ -73,7 +113,7 @@ void showParts(PartMap& map, const std::vector<int>& renamed)
 
 FoundParts fewerParts(FoundParts found)
 {
-    if (found.order.size() <= kMostParts)
+    if (areFew(found))
         return found;
     const std::vector<bool> stays = largestParts(found);
     std::vector<int> renamed(found.parts.size(), PartMap::kNone);

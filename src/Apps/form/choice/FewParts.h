@@ -8,7 +8,9 @@
 
 /// At most so many parts, or one more.
 inline constexpr std::size_t kMostParts = 240;
+/// So many pictures the boxes around the parts may fill: each takes memory while it gets its form.
+inline constexpr double kMostPictures = 16.0;
 
-/// Joins small parts where there are more than kMostParts of them. The largest kMostParts / 2, by what is seen of them,
-/// and the picture's ground stay by themselves.
+/// Joins small parts where there are more than kMostParts of them, or where they would fill more than kMostPictures.
+/// The largest by what is seen of them, kMostParts / 2 or fewer, and the picture's ground stay by themselves.
 FoundParts fewerParts(FoundParts found);

@@ -24,23 +24,31 @@ namespace {
 
 struct PaintedShape
 {
-    QPainterPath path;
-    std::optional<QPainterPath> clip;
+    const CELVEC_Shape* shape; // of the drawing, which outlives this
     QTransform toPixel;
     QColor paint;
-    double opacity;
-    QImage picture; // null: the paint alone
+    QImage picture;      // null: the paint alone
+    Math::Box2di pixels; // that it may touch
 };
 
-// A path that shares nothing with the drawing's. Paths keep what was worked out from them (bounds, the painter's form)
-// behind their const functions, unguarded, and one drawing is painted for several frames at once.
-QPainterPath ownCopy(const QPainterPath& path)
+// The memory of one path after the other. Paths keep what was worked out from them (bounds, three kilobytes of the
+// painter's form) behind their const functions, unguarded; one drawing is painted for several frames at once, and a
+// large one has no room for what is needed once.
+class PathCopy
 {
-    QPainterPath copy;
-    copy.addPath(path);
-    copy.setFillRule(path.fillRule());
-    return copy;
-}
+public:
+    // Valid until the next call.
+    const QPainterPath& of(const QPainterPath& path)
+    {
+        _copy.clear();
+        _copy.addPath(path);
+        _copy.setFillRule(path.fillRule());
+        return _copy;
+    }
+
+private:
+    QPainterPath _copy;
+};
 
 QColor toQColor(const VS_RGBA& paint, double opacity)
 {
@@ -80,10 +88,27 @@ QImage pictureFor(const CELVEC_Kvd& drawing, const CELVEC_Shape& shape, const VS
     return tinted;
 }
 
+int toPixelCoordinate(double value)
+{
+    constexpr double kLimit = std::numeric_limits<int>::max() / 2.0;
+    return std::isnan(value) ? 0 : static_cast<int>(std::clamp(value, -kLimit, kLimit));
+}
+
+// One pixel more on every side than the outline needs, so that rounding in the painter never meets the border.
+Math::Box2di pixelsTouchedBy(const QPainterPath& path, const QTransform& toPixel)
+{
+    const QRectF bounds = toPixel.mapRect(path.controlPointRect());
+    return Math::Box2di(toPixelCoordinate(std::floor(bounds.left())), toPixelCoordinate(std::floor(bounds.top())),
+                        toPixelCoordinate(std::floor(bounds.right())) + 1,
+                        toPixelCoordinate(std::floor(bounds.bottom())) + 1)
+        .getEnlarged(1);
+}
+
 std::vector<PaintedShape> paintShapes(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& colors,
                                       const QTransform& drawingToPixel)
 {
     std::vector<PaintedShape> painted;
+    PathCopy path;
     for (const GR_Art art : kGR_allArts) {
         if (!drawing.artSelector().isSelected(art))
             continue;
@@ -99,41 +124,19 @@ std::vector<PaintedShape> paintShapes(const CELVEC_Kvd& drawing, GR_GraphicOpsCo
             QTransform toPixel = drawingToPixel;
             if (colors.isAffectsMatrix())
                 colors.applyMatrixTransform(toPixel);
-            painted.push_back({ownCopy(shape.path),
-                               {},
-                               toPixel,
-                               toQColor(paint, shape.opacity),
-                               shape.opacity,
-                               pictureFor(drawing, shape, paint)});
-            if (shape.clip)
-                painted.back().clip = ownCopy(*shape.clip);
+            painted.push_back({&shape, toPixel, toQColor(paint, shape.opacity), pictureFor(drawing, shape, paint),
+                               pixelsTouchedBy(path.of(shape.path), toPixel)});
         }
     }
     colors.closingColorTransform();
     return painted;
 }
 
-int toPixelCoordinate(double value)
-{
-    constexpr double kLimit = std::numeric_limits<int>::max() / 2.0;
-    return std::isnan(value) ? 0 : static_cast<int>(std::clamp(value, -kLimit, kLimit));
-}
-
-// One pixel more on every side than the outline needs, so that rounding in the painter never meets the border.
-Math::Box2di pixelsTouchedBy(const PaintedShape& painted)
-{
-    const QRectF bounds = painted.toPixel.mapRect(painted.path.controlPointRect());
-    return Math::Box2di(toPixelCoordinate(std::floor(bounds.left())), toPixelCoordinate(std::floor(bounds.top())),
-                        toPixelCoordinate(std::floor(bounds.right())) + 1,
-                        toPixelCoordinate(std::floor(bounds.bottom())) + 1)
-        .getEnlarged(1);
-}
-
-void paintPicture(QPainter& painter, const PaintedShape& painted)
+void paintPicture(QPainter& painter, const PaintedShape& painted, const QRectF& place)
 {
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.setOpacity(painted.opacity);
-    painter.drawImage(painted.path.boundingRect(), painted.picture);
+    painter.setOpacity(painted.shape->opacity);
+    painter.drawImage(place, painted.picture);
     painter.setOpacity(1.0);
 }
 
@@ -142,17 +145,21 @@ void paint(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect, QI
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
+    PathCopy copy;
     for (const PaintedShape& painted : shapes) {
+        if (painted.pixels.getIntersection(rect).isEmpty())
+            continue;
         const QTransform toPicture = painted.toPixel * QTransform::fromTranslate(-rect.x1, -rect.y1);
         painter.setTransform(toPicture);
-        if (painted.clip)
-            painter.setClipPath(*painted.clip);
+        if (painted.shape->clip)
+            painter.setClipPath(copy.of(*painted.shape->clip));
         else
             painter.setClipping(false);
+        const QPainterPath& path = copy.of(painted.shape->path);
         if (painted.picture.isNull())
-            painter.fillPath(painted.path, painted.paint);
+            painter.fillPath(path, painted.paint);
         else
-            paintPicture(painter, painted);
+            paintPicture(painter, painted, path.boundingRect());
     }
 }
 
@@ -179,18 +186,6 @@ void copyPixels(const QImage& picture, const Math::Box2di& rect, CEL_PixmapOf<Pi
         for (std::size_t i = 0; i < row.size(); ++i)
             row[i] = convertPixel(source[i], Pixel{});
     }
-}
-
-// Paths of their own, for the same reason as above.
-std::vector<PaintedShape> ownCopies(const std::vector<PaintedShape>& shapes)
-{
-    std::vector<PaintedShape> copies = shapes;
-    for (PaintedShape& copy : copies) {
-        copy.path = ownCopy(copy.path);
-        if (copy.clip)
-            copy.clip = ownCopy(*copy.clip);
-    }
-    return copies;
 }
 
 // The rows of a band. Pictures are resampled by steps that are rounded from where the band begins, so what has some is
@@ -247,11 +242,10 @@ void paintBands(const std::vector<PaintedShape>& shapes, CEL_PixmapOf<Pixel>& ta
     const int height = bandHeight(shapes, rect);
     const int bands = (rect.height() + height - 1) / height;
     tbb::parallel_for(tbb::blocked_range<int>(0, bands), [&](const tbb::blocked_range<int>& range) {
-        const std::vector<PaintedShape> own = ownCopies(shapes);
         const Canvas canvas(rect.width(), height);
         for (int i = range.begin(); i < range.end(); ++i) {
             const int top = rect.y1 + i * height;
-            paintBand<Pixel>(own, {rect.x1, top, rect.x2, std::min(top + height, rect.y2)}, canvas, target);
+            paintBand<Pixel>(shapes, {rect.x1, top, rect.x2, std::min(top + height, rect.y2)}, canvas, target);
         }
     });
 }
@@ -264,7 +258,7 @@ void CELVEC_rasterise(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& co
     const std::vector<PaintedShape> shapes = paintShapes(drawing, colors, args.drawingToPixel);
     Math::Box2di touched;
     for (const PaintedShape& painted : shapes)
-        touched.add(pixelsTouchedBy(painted));
+        touched.add(painted.pixels);
     const Math::Box2di rect = touched.getIntersection(args.wanted);
 
     target.realloc(Math::Box2di(), true);
