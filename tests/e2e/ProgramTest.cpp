@@ -1,12 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The program as people run it: its files, its messages, its exit codes.
-#include "QuarvelImageIO/IIO_PictureFile.h"
-
-#include <QDir>
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
+#include "ProgramFixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,57 +13,6 @@ using testing::HasSubstr;
 using testing::Not;
 
 namespace {
-
-struct Outcome
-{
-    int exitCode;
-    std::string output;
-    std::string messages;
-};
-
-class Program : public testing::Test
-{
-protected:
-    void write(const char* name, const QByteArray& content) const
-    {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(content), content.size());
-    }
-
-    QString path(const char* name) const { return QDir(_folder.path()).filePath(QString::fromUtf8(name)); }
-    bool exists(const char* name) const { return QFile::exists(path(name)); }
-    QStringList filesThere() const
-    {
-        return QDir(_folder.path()).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
-    }
-
-    Outcome run(const QString& program, const QStringList& words) const
-    {
-        QProcess process;
-        process.setWorkingDirectory(_folder.path());
-        process.start(program, words);
-        EXPECT_TRUE(process.waitForFinished(120'000)) << process.errorString().toStdString();
-        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-        return {process.exitCode(), process.readAllStandardOutput().toStdString(),
-                process.readAllStandardError().toStdString()};
-    }
-
-    Outcome quarvel(const char* words) const
-    {
-        return run(QStringLiteral(QUARVEL_PROGRAM), QString::fromUtf8(words).split(QLatin1Char(' ')));
-    }
-
-    IIO_Picture read(const char* name) const
-    {
-        UT_Result<IIO_Picture> picture = IIO_read(path(name));
-        EXPECT_TRUE(picture) << picture.error().text.toStdString();
-        return std::move(*picture);
-    }
-
-private:
-    QTemporaryDir _folder;
-};
 
 // A red square of 32 x 32 in a frame of 64 x 64, with a blue disc over its middle; two layers.
 const char* const kTwoLayers = R"(<svg xmlns="http://www.w3.org/2000/svg"
@@ -101,7 +45,7 @@ TEST_F(Program, PrintsTheNodesLineOnStandardOutputAndKeepsQuietWhenAsked)
 TEST_F(Program, EveryTangentVectorHasUnitLengthAndFacesTheViewerWhereNothingIs)
 {
     write("hero.svg", kTwoLayers);
-    ASSERT_EQ(quarvel("normalmap hero.svg -o map.exr --quality high").exitCode, 0);
+    ASSERT_EQ(quarvel("normalmap hero.svg -o map.exr --quality high --exr map --alpha coverage --pad 0").exitCode, 0);
     const IIO_Picture map = read("map.exr");
     for (int y = 0; y < map.height(); ++y)
         for (int x = 0; x < map.width(); ++x) {
@@ -119,8 +63,8 @@ TEST_F(Program, EveryTangentVectorHasUnitLengthAndFacesTheViewerWhereNothingIs)
 TEST_F(Program, LeansNormalsOutwardsAndTurnsYWithTheOrientation)
 {
     write("hero.svg", kTwoLayers);
-    ASSERT_EQ(quarvel("normalmap hero.svg -o up.exr --objects one").exitCode, 0);
-    ASSERT_EQ(quarvel("normalmap hero.svg -o down.exr --objects one --y down").exitCode, 0);
+    ASSERT_EQ(quarvel("normalmap hero.svg -o up.exr --objects one --exr map").exitCode, 0);
+    ASSERT_EQ(quarvel("normalmap hero.svg -o down.exr --objects one --y down --exr map").exitCode, 0);
     const IIO_Picture up = read("up.exr");
     const IIO_Picture down = read("down.exr");
     const auto at = [](const IIO_Picture& map, int x, int y, int channel) {
@@ -221,7 +165,7 @@ TEST_F(Program, WritesEveryPictureOfTheRunInTheSameSize)
 TEST_F(Program, RendersInFloatAsWellAsIn16Bit)
 {
     write("hero.svg", kTwoLayers);
-    EXPECT_EQ(quarvel("normalmap hero.svg -o map.exr --float --exr half").exitCode, 0);
+    EXPECT_EQ(quarvel("normalmap hero.svg -o map.exr --float --exr half,map").exitCode, 0);
     EXPECT_EQ(quarvel("normalmap hero.svg -o map.png --float --layout node").exitCode, 0);
     EXPECT_EQ(read("map.png").metadata().value("Layout"), "node");
 }

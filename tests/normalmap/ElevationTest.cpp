@@ -28,7 +28,7 @@ TEST(ElevationPicture, TakesCoverageFromTheNormals)
     const Math::Box2di frame(0, 0, 3, 1);
     const auto picture = NM_elevationOf(*normals.get(), NM_ElevationChannel::BLUE, frame, frame, IIO_SampleType::FLOAT);
     ASSERT_TRUE(picture.ok());
-    EXPECT_EQ(picture->channels(), IIO_channelsGreyAlpha());
+    EXPECT_EQ(picture->channels(), (QStringList{"Y", "coverage.A"}));
     EXPECT_EQ(allSamples<float>(*picture),
               (std::vector<float>{1.0F, 1.0F, 3.0F / 32767.0F, 16384.0F / 32767.0F, 0.0F, 0.0F}));
 }

@@ -90,8 +90,11 @@ TEST(ElevationOf, ReadsBlueWithItsCoverage)
     const auto picture =
         NM_elevationOf(node, NM_ElevationChannel::BLUE, {0, 0, 2, 1}, {0, 0, 2, 1}, IIO_SampleType::FLOAT);
     ASSERT_TRUE(picture.ok());
-    EXPECT_EQ(picture->channels(), IIO_channelsGreyAlpha());
+    EXPECT_EQ(picture->channels(), (QStringList{"Y", "coverage.A"}));
     EXPECT_EQ(allSamples<float>(*picture), (std::vector<float>{0.25F, 0.5F, 0.0F, 0.0F}));
+    const auto whole =
+        NM_elevationOf(node, NM_ElevationChannel::BLUE, {0, 0, 2, 1}, {0, 0, 2, 1}, IIO_SampleType::UINT16);
+    EXPECT_EQ(whole->channels(), IIO_channelsGreyAlpha());
 }
 
 TEST(ElevationOf, ReadsRedAlone)

@@ -161,14 +161,16 @@ TEST_F(RenderFramesTest, HoldUnitVectorsInNamedLayers)
     const IIO_Picture picture = read("n.24.exr");
     QStringList channels = picture.channels();
     channels.sort();
-    ASSERT_EQ(channels, (QStringList{QStringLiteral("N.X"), QStringLiteral("N.Y"), QStringLiteral("N.Z"),
-                                     QStringLiteral("coverage.A"), QStringLiteral("elevation.Y")}));
+    ASSERT_EQ(channels,
+              (QStringList{QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("G"), QStringLiteral("N.X"),
+                           QStringLiteral("N.Y"), QStringLiteral("N.Z"), QStringLiteral("R"),
+                           QStringLiteral("coverage.A"), QStringLiteral("elevation.Y")}));
     const auto at = [&](const char* name) { return picture.channels().indexOf(QLatin1String(name)); };
     int leaning = 0;
     float highest = 0.0F;
     for (int y = picture.dataWindow().y1; y < picture.dataWindow().y2; ++y) {
         const auto row = picture.row<float>(y);
-        for (std::size_t i = 0; i < row.size(); i += 5) {
+        for (std::size_t i = 0; i < row.size(); i += static_cast<std::size_t>(picture.channelCount())) {
             const float* const pixel = row.data() + i;
             const float x = pixel[at("N.X")];
             const float yy = pixel[at("N.Y")];
@@ -196,7 +198,8 @@ TEST_F(RenderFramesTest, LeanToTheSideThatYNames)
     const auto y = upwards.channels().indexOf(QLatin1String("N.Y"));
     // The square's upper edge is row 8: just below it the surface faces up.
     const auto atEdge = [&](const IIO_Picture& picture) {
-        return picture.row<float>(9)[static_cast<std::size_t>((16 - picture.dataWindow().x1) * 5 + y)];
+        return picture.row<float>(
+            9)[static_cast<std::size_t>((16 - picture.dataWindow().x1) * picture.channelCount() + y)];
     };
     EXPECT_GT(atEdge(upwards), 0.1F);
     EXPECT_FLOAT_EQ(atEdge(downwards), -atEdge(upwards));
@@ -210,15 +213,15 @@ TEST(FramePicture, KeepsWhatLiesBeyondTheFrameInFilesOfFloats)
     pixmap.at(-3, 4) = {16384, 16384, 32767, 32767};
     FramePictureSettings settings;
     settings.floatFile = true;
-    const auto layers = framePicture(pixmap, frame, settings, 1);
+    const auto layers = framePicture(pixmap, nullptr, frame, settings, 1);
     ASSERT_TRUE(layers);
     EXPECT_EQ(layers->displayWindow(), frame);
     EXPECT_EQ(layers->dataWindow(), Math::Box2di(-3, 0, 64, 40));
     EXPECT_EQ(layers->row<float>(4)[3], 1.0F);
     settings.shown = RenderedKind::COLOURS;
-    EXPECT_EQ(framePicture(pixmap, frame, settings, 1)->dataWindow(), Math::Box2di(-3, 0, 64, 40));
+    EXPECT_EQ(framePicture(pixmap, nullptr, frame, settings, 1)->dataWindow(), Math::Box2di(-3, 0, 64, 40));
     settings.floatFile = false;
-    EXPECT_EQ(framePicture(pixmap, frame, settings, 1)->dataWindow(), frame);
+    EXPECT_EQ(framePicture(pixmap, nullptr, frame, settings, 1)->dataWindow(), frame);
 }
 
 TEST_F(RenderFramesTest, HaveTheFrameAsTheirDisplayWindow)
@@ -294,7 +297,8 @@ TEST_F(RenderFramesTest, LookAlikeInAProxy)
     const IIO_Picture proxy = read("proxy.exr");
     const auto height = full.channels().indexOf(QLatin1String("elevation.Y"));
     const auto elevation = [&](const IIO_Picture& picture, int x, int y) {
-        return picture.row<float>(y)[static_cast<std::size_t>((x - picture.dataWindow().x1) * 5 + height)];
+        return picture.row<float>(
+            y)[static_cast<std::size_t>((x - picture.dataWindow().x1) * picture.channelCount() + height)];
     };
     double difference = 0.0;
     for (int y = 4; y < 12; ++y)

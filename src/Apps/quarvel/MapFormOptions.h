@@ -4,11 +4,12 @@
 // made for.
 #pragma once
 
+#include "jobs/shown/FramePicture.h"
 #include "jobs/targets/Targets.h"
 
 #include <optional>
 
-/// The values of --for, --y, --alpha, --bits and --pad.
+/// The values of --for, --y, --alpha, --bits, --pad and --exr.
 struct MapFormOptions
 {
     const Target* target = nullptr; ///< null: none is named
@@ -16,6 +17,8 @@ struct MapFormOptions
     std::optional<NM_Alpha> alpha;
     std::optional<int> bits;
     std::optional<int> pad; ///< pixels
+    ExrContent exr = ExrContent::LAYERS;
+    bool half = false; ///< 16-bit floats in OpenEXR files
 
     /// The form that is asked for.
     ///

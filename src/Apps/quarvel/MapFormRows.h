@@ -7,7 +7,25 @@
 #include "OptionTable.h"
 #include "OptionValues.h"
 
-/// The rows --for, --y, --alpha, --bits and --pad.
+/// "half", "map,half" and so on: how many bits a number has and what the default layer is.
+inline Taken takeExr(MapFormOptions& form, const QString& option, const QString& value)
+{
+    static const QStringList words{QStringLiteral("float"), QStringLiteral("half"), QStringLiteral("layers"),
+                                   QStringLiteral("map"), QStringLiteral("signed")};
+    constexpr int kContents = 2;
+    for (const QString& word : value.split(QLatin1Char(','))) {
+        const auto index = parseChoice(option, word, words);
+        if (!index)
+            return index.error();
+        if (*index < kContents)
+            form.half = *index == 1;
+        else
+            form.exr = static_cast<ExrContent>(*index - kContents);
+    }
+    return {};
+}
+
+/// The rows --for, --y, --alpha, --bits, --pad and --exr.
 ///
 /// @param formOf the MapFormOptions of a command's options
 template<typename Options, typename FormOf>
@@ -36,6 +54,11 @@ std::vector<OptionRow<Options>> mapFormRows(FormOf formOf)
         {{s("bits")},
          true,
          choice({s("8"), s("16")}, [=](Options& options, int i) { formOf(options).bits = i == 0 ? 8 : 16; })},
+        {{s("exr")},
+         true,
+         [=](Options& options, const QString& option, const QString& value) {
+             return takeExr(formOf(options), option, value);
+         }},
         {{s("pad")},
          true,
          [=](Options& options, const QString& option, const QString& value) {

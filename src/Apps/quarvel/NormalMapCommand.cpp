@@ -5,16 +5,24 @@
 
 #include "OutputFiles.h"
 #include "ProgressLine.h"
+#include "QuarvelDrawingIO/DIO_DrawingReader.h"
+#include "QuarvelImageIO/IIO_AtomicFile.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelPlugInManager/PLUG_Manager.h"
 #include "Say.h"
+#include "SheetRun.h"
 #include "SilencedOutput.h"
 #include "StopSignal.h"
 #include "WritePictures.h"
+#include "form/ChooseObjects.h"
 #include "jobs/drawing/DescribeObjects.h"
 #include "jobs/drawing/ObjectNames.h"
 #include "jobs/drawing/ReadDrawing.h"
+#include "jobs/sheets/ReadAtlas.h"
 #include "jobs/targets/Targets.h"
+
+#include <QDir>
+#include <QFileInfo>
 
 #include <cstdio>
 #include <new>
@@ -35,37 +43,76 @@ public:
         : _options(options), _line(line), _drawing(options.drawings[index]), _index(index)
     {}
 
-    UT_Result<void> run(const OutputFiles& files)
+    /// @param regions of the atlas that the drawing is a page of; none for other drawings
+    UT_Result<void> run(const OutputFiles& files, const std::vector<SheetRegion>& regions)
     {
         show(0.0);
-        UT_Result<ReadDrawing> read = readDrawing(_drawing, _options.settings.form);
+        if (UT_Result<void> made = makeFolders(files); !made)
+            return made;
+        return _options.cells || !regions.empty() ? runPage(files, regions) : runDrawing(files);
+    }
+
+    /// What was chosen, for people: the objects' values as options, how many there are where they would fill the
+    /// screen, or how many sprites there are.
+    const QString& chosen() const { return _chosen; }
+
+private:
+    UT_Result<void> runPage(const OutputFiles& files, const std::vector<SheetRegion>& regions)
+    {
+        const UT_Result<SheetResult> done = runSheet(_drawing, regions, _options, files, part(0.0, 1.0));
+        if (!done)
+            return done.error();
+        for (const QString& warning : done->warnings)
+            warn(warning);
+        _chosen = QStringLiteral("sprites: %1").arg(done->sprites);
+        return {};
+    }
+
+    UT_Result<void> runDrawing(const OutputFiles& files)
+    {
+        const UT_Result<ReadDrawing> read = readDrawing(_drawing, _options.settings.form, _options.tiling);
         if (!read)
             return read.error();
         for (const QString& warning : read->warnings)
             warn(warning);
         show(kReadEnds);
-        if (UT_Result<void> made = makeFolders(files); !made)
-            return made;
-        QStringList names;
-        for (const LayeredDrawing::Layer& layer : read->drawing.layers)
-            names << layer.name;
-        const auto wishes = withNumberedObjects(_options.settings, names);
-        if (!wishes)
-            return wishes.error();
-        NormalMapSettings settings = _options.settings;
-        static_cast<ObjectWishes&>(settings) = *wishes;
-        _chosen = chosenFor(read->drawing);
-        const auto rendered =
-            renderNormalMap(read->drawing, settings, wantedPictures(_options, files), part(kReadEnds, kRenderEnds));
+        return _options.tiling.isAny() ? renderTiled(read->drawing, files) : renderAlone(read->drawing, files);
+    }
+
+    UT_Result<void> renderAlone(const LayeredDrawing& drawing, const OutputFiles& files)
+    {
+        _chosen = QStringLiteral("chosen: %1").arg(chosenFor(drawing));
+        const auto rendered = render(drawing, _options.settings, files);
         if (!rendered)
             return rendered.error();
         return writePictures(*rendered, _options, files, _drawing, part(kRenderEnds, 1.0));
     }
 
-    /// The values that were chosen for the objects, as options; how many there are where they would fill the screen.
-    const QString& chosen() const { return _chosen; }
+    UT_Result<void> renderTiled(LayeredDrawing drawing, const OutputFiles& files)
+    {
+        const Tiling& tiling = _options.tiling;
+        shrinkGivenForms(drawing, tiling, _options.settings.form.shape);
+        auto rendered = render(drawing, settingsForTiles(_options.settings, drawing.size, tiling), files);
+        if (!rendered)
+            return rendered.error();
+        rendered->window = middleOf(rendered->window, tiling);
+        return writePictures(*rendered, _options, files, _drawing, part(kRenderEnds, 1.0));
+    }
 
-private:
+    UT_Result<ShownFrame> render(const LayeredDrawing& drawing, const NormalMapSettings& chosen,
+                                 const OutputFiles& files)
+    {
+        QStringList names;
+        for (const LayeredDrawing::Layer& layer : drawing.layers)
+            names << layer.name;
+        const auto wishes = withNumberedObjects(chosen, names);
+        if (!wishes)
+            return wishes.error();
+        NormalMapSettings settings = chosen;
+        static_cast<ObjectWishes&>(settings) = *wishes;
+        return renderNormalMap(drawing, settings, wantedPictures(_options, files), part(kReadEnds, kRenderEnds));
+    }
+
     QString chosenFor(const LayeredDrawing& drawing) const
     {
         constexpr std::size_t kFitScreen = 24;
@@ -101,10 +148,10 @@ private:
     QString _chosen;
 };
 
-UT_Result<void> runOne(DrawingRun& run, const OutputFiles& files)
+UT_Result<void> runOne(DrawingRun& run, const OutputFiles& files, const std::vector<SheetRegion>& regions)
 {
     return UT_withinMemory(QStringLiteral("this drawing"), QStringLiteral("choose a smaller size"),
-                           [&] { return run.run(files); });
+                           [&] { return run.run(files, regions); });
 }
 
 // For whom the maps are right; empty where that is nobody's question.
@@ -116,7 +163,8 @@ QString formLine(const NormalMapOptions& options, const std::vector<OutputFiles>
     return fitsLine(mapFormFor(options, file));
 }
 
-int runAll(const NormalMapOptions& options, const std::vector<OutputFiles>& files)
+/// @param pages of an atlas, one for each drawing; none without one
+int runAll(const NormalMapOptions& options, const std::vector<OutputFiles>& files, const std::vector<Sheet>& pages)
 {
     ProgressLine line(options.progress);
     int exitCode = 0;
@@ -124,13 +172,15 @@ int runAll(const NormalMapOptions& options, const std::vector<OutputFiles>& file
     for (qsizetype i = 0; i < options.drawings.size() && !StopSignal::came(); ++i) {
         const OutputFiles& own = files[static_cast<std::size_t>(i)];
         DrawingRun run(options, line, i);
-        const UT_Result<void> done = runOne(run, own);
+        const auto page = static_cast<std::size_t>(i);
+        const UT_Result<void> done =
+            runOne(run, own, page < pages.size() ? pages[page].regions : std::vector<SheetRegion>());
         line.clear();
         if (done) {
             writeText(stdout, QStringLiteral("%1 -> %2\n").arg(options.drawings[i], own.normalMap));
             // Among many drawings the results would be lost between such lines.
-            if (options.drawings.size() == 1)
-                writeText(stdout, QStringLiteral("chosen: %1\n").arg(run.chosen()));
+            if (options.drawings.size() == 1 && !run.chosen().isEmpty())
+                writeText(stdout, run.chosen() + QLatin1Char('\n'));
             ++written;
             continue;
         }
@@ -147,11 +197,52 @@ int runAll(const NormalMapOptions& options, const std::vector<OutputFiles>& file
     return StopSignal::exitCode();
 }
 
+// The atlas of the maps, beside the first of them.
+UT_Result<QString> writeAtlasOfMaps(const NormalMapOptions& options, const std::vector<OutputFiles>& files)
+{
+    QStringList names;
+    for (const OutputFiles& page : files)
+        names << QFileInfo(page.normalMap).fileName();
+    const UT_Result<QByteArray> bytes = atlasOfMaps(options.atlas, names);
+    if (!bytes)
+        return bytes.error();
+    const QFileInfo atlas(options.atlas);
+    const QDir folder = QFileInfo(files.front().normalMap).dir();
+    const QString path = QDir::cleanPath(
+        folder.filePath(atlas.completeBaseName() + suffixOfMaps(options) + QLatin1Char('.') + atlas.suffix()));
+    IIO_AtomicFile file(path);
+    if (const auto opened = file.open(); !opened)
+        return opened.error();
+    file.device().write(*bytes);
+    if (const auto written = file.commit(); !written)
+        return written.error();
+    return path;
+}
+
+int runPages(const NormalMapOptions& options, const std::vector<Sheet>& pages)
+{
+    const UT_Result<std::vector<OutputFiles>> files = outputFiles(options);
+    if (!files) {
+        say(files.error().sentence());
+        return kWrongUsage;
+    }
+    const int exitCode = runAll(options, *files, pages);
+    if (exitCode != 0 || pages.empty())
+        return exitCode;
+    const UT_Result<QString> atlas = writeAtlasOfMaps(options, *files);
+    if (!atlas) {
+        say(atlas.error().sentence());
+        return kFailed;
+    }
+    writeText(stdout, QStringLiteral("%1 -> %2\n").arg(options.atlas, *atlas));
+    return 0;
+}
+
 } // namespace
 
 int runNormalMapCommand(const QStringList& words)
 {
-    const UT_Result<NormalMapOptions> options = parseNormalMapOptions(words);
+    UT_Result<NormalMapOptions> options = parseNormalMapOptions(words);
     if (!options) {
         say(options.error().sentence());
         return kWrongUsage;
@@ -160,8 +251,18 @@ int runNormalMapCommand(const QStringList& words)
         std::fputs(qPrintable(normalMapHelp()), stdout);
         return 0;
     }
-    const UT_Result<std::vector<OutputFiles>> files = outputFiles(*options);
-    if (!files) {
+    std::vector<Sheet> pages;
+    if (!options->atlas.isEmpty()) {
+        UT_Result<std::vector<Sheet>> read = readAtlas(options->atlas);
+        if (!read) {
+            say(read.error().sentence());
+            return kFailed;
+        }
+        pages = std::move(*read);
+        for (const Sheet& page : pages)
+            options->drawings << page.page;
+    }
+    if (const auto files = outputFiles(*options); !files) {
         say(files.error().sentence());
         return kWrongUsage;
     }
@@ -171,5 +272,5 @@ int runNormalMapCommand(const QStringList& words)
     }
     const StopSignal stopSignal;
     const SilencedOutput silenced(options->quiet);
-    return runAll(*options, *files);
+    return runPages(*options, pages);
 }

@@ -20,7 +20,10 @@ Files
       --lit FILE        also writes the drawing lit by a light
       --drawing FILE    also writes the drawing as a picture
                         (with several drawings, these three take folders as well)
-      --exr float|half  the numbers in OpenEXR files: 32 bits (default) or 16 bits
+      --exr WORDS       OpenEXR files, several words joined by commas: float or half, 32 bits a number (default) or 16;
+                        layers (default): the drawing as R G B A, linear and multiplied by coverage, so that every
+                        program shows it, and the layers N.X N.Y N.Z, from -1 to 1, elevation.Y and coverage.A;
+                        map: the map as R G B A, opaque, from 0 to 1; signed: the same from -1 to 1
       --suffix S        what the map's name adds to the drawing's (_n)
 
 For whom
@@ -43,6 +46,18 @@ The picture
       --light AROUND,ABOVE   the light of --lit, in degrees; AROUND runs counter-clockwise from the right.
                         Default 135,45: from the upper left
       --truck F         magnifies the drawing F times about the picture's centre, as a camera that trucks in would
+
+Sheets: pages of many sprites, each rendered alone, in its own frame's measure
+      --cells WxH       the page is cut into cells of this size; those that show nothing are left out
+      --margin N        pixels around all cells (0)
+      --spacing N       pixels between two cells (0)
+      --animation       all cells are frames of one animation and share one set of values; without it each has its own
+      --atlas FILE      says where sprites lie, instead of drawings: .json of Aseprite or TexturePacker, .atlas of libGDX or
+                        Spine, .tres of Godot. Frames of one animation share one set of values. The atlas of the maps is
+                        written beside them
+      --tile x|y|both   the drawing repeats: left meets right, top meets bottom
+      --flips           also writes NAME_n_flipx and NAME_n_flipy, the map for engines that mirror a sprite left to right or
+                        upside down and leave its vectors as they are
 
 Objects, numbered from the lowest, 1 up, and their form
       --objects auto    what the drawing suggests (default): the layers that the file declares, where there are two or more;

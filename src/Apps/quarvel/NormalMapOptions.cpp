@@ -89,10 +89,44 @@ Taken takeSuffix(NormalMapOptions& options, const QString& option, const QString
     return {};
 }
 
+Taken takeCells(NormalMapOptions& options, const QString& option, const QString& value)
+{
+    const UT_Result<QSize> cell = parseSize(option, value);
+    if (!cell)
+        return cell.error();
+    options.cells = CellGrid{.cell = {cell->width(), cell->height() > 0 ? cell->height() : cell->width()}};
+    return {};
+}
+
+Take<NormalMapOptions> wholePixels(int& (*member)(NormalMapOptions&))
+{
+    return [member](NormalMapOptions& options, const QString& option, const QString& value) {
+        return keep(parseWholeNumber(option, value, 0, 65535), [&](int pixels) { member(options) = pixels; });
+    };
+}
+
+UT_Result<void> checkSheet(NormalMapOptions& options)
+{
+    const bool atlas = !options.atlas.isEmpty();
+    if ((options.margin > 0 || options.spacing > 0 || options.animation) && !options.cells)
+        return UT_Error{QStringLiteral("--margin, --spacing and --animation go with --cells")};
+    if (atlas && (options.cells || !options.drawings.isEmpty()))
+        return UT_Error{QStringLiteral("--atlas names its pages itself; give neither drawings nor --cells with it")};
+    if ((atlas || options.cells) && options.tiling.isAny())
+        return UT_Error{QStringLiteral("--tile repeats a whole picture and does not go with --cells or --atlas")};
+    if (options.cells) {
+        options.cells->margin = options.margin;
+        options.cells->spacing = options.spacing;
+    }
+    return {};
+}
+
 // What is asked of a map's form and cannot be had.
 UT_Result<void> checkForm(const NormalMapOptions& options)
 {
     const MapFormOptions& form = options.form;
+    if (options.nodeLayout && options.flips)
+        return UT_Error{QStringLiteral("--flips goes with --layout tangent")};
     if (options.nodeLayout && (form.target || form.alpha))
         return UT_Error{
             QStringLiteral("--layout node writes the node's channels as they are; --for and --alpha go with "
@@ -117,7 +151,25 @@ std::vector<Row> rows()
         {{s("drawing")}, true, text(&Options::drawingPicture)},
         {{s("layout")}, true, choice({s("tangent"), s("node")}, [](Options& o, int i) { o.nodeLayout = i == 1; })},
         {{s("suffix")}, true, takeSuffix},
-        {{s("exr")}, true, choice({s("float"), s("half")}, [](Options& o, int i) { o.halfFloat = i == 1; })},
+        {{s("cells")}, true, takeCells},
+        {{s("margin")}, true, wholePixels([](Options& o) -> int& { return o.margin; })},
+        {{s("spacing")}, true, wholePixels([](Options& o) -> int& { return o.spacing; })},
+        {{s("atlas")}, true, text(&Options::atlas)},
+        {{s("animation")},
+         false,
+         [](Options& o, const QString&, const QString&) -> Taken {
+             o.animation = true;
+             return {};
+         }},
+        {{s("tile")},
+         true,
+         choice({s("x"), s("y"), s("both")}, [](Options& o, int i) { o.tiling = {.x = i != 1, .y = i != 0}; })},
+        {{s("flips")},
+         false,
+         [](Options& o, const QString&, const QString&) -> Taken {
+             o.flips = true;
+             return {};
+         }},
         {{s("light")}, true, takeLight},
         {{s("size")},
          true,
@@ -172,7 +224,8 @@ std::vector<Row> rows()
 
 NM_MapForm mapFormFor(const NormalMapOptions& options, const QString& file)
 {
-    const bool plain = options.nodeLayout || IIO_isFloatFile(file);
+    const bool layers = IIO_isFloatFile(file) && options.form.exr == ExrContent::LAYERS;
+    const bool plain = options.nodeLayout || layers;
     NM_MapForm form = options.form.resolved(plain ? NM_MapForm{} : kFormForMost);
     const UT_Result<IIO_PictureFormat> format = IIO_pictureFormatOf(file);
     if (format && format->bitsPerChannel < form.bits)
@@ -189,7 +242,9 @@ UT_Result<NormalMapOptions> parseNormalMapOptions(const QStringList& words)
     options.drawings = *drawings;
     if (const UT_Result<void> fits = checkForm(options); !fits)
         return fits.error();
-    if (options.drawings.isEmpty() && !options.help)
+    if (UT_Result<void> fits = checkSheet(options); !fits)
+        return fits.error();
+    if (options.drawings.isEmpty() && options.atlas.isEmpty() && !options.help)
         return UT_Error{QStringLiteral(
             "which drawing? quarvel normalmap takes one or more SVG files or bitmaps, such as hero.svg")};
     return options;

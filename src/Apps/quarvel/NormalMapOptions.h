@@ -8,6 +8,8 @@
 #include "MapFormOptions.h"
 #include "QuarvelBaseCore/UT_Result.h"
 #include "jobs/drawing/NormalMapSettings.h"
+#include "jobs/drawing/TileDrawing.h"
+#include "jobs/sheets/Sheet.h"
 
 #include <QStringList>
 
@@ -32,16 +34,25 @@ struct NormalMapOptions
     bool nodeLayout = false; ///< the node's own channels instead of tangent vectors
     MapFormOptions form;
     std::optional<QString> suffix; ///< of the map's name, where the drawing's name decides it
-    bool halfFloat = false;
     LightAngles light;
+
+    // Pages of many sprites.
+    std::optional<CellGrid> cells; ///< the page's sprites, one a cell
+    int margin = 0;                ///< as it was said; part of cells
+    int spacing = 0;
+    bool animation = false; ///< all cells are frames of one animation
+    QString atlas;          ///< the file that says where sprites lie; empty: none
+
+    Tiling tiling;      ///< the drawing repeats
+    bool flips = false; ///< maps for mirrored sprites, too
 
     ProgressStyle progress = ProgressStyle::AUTOMATIC;
     bool quiet = false;
     bool help = false;
 };
 
-/// The form of the map that a file gets. Files of the layout NODE and of floats keep the coverage and have no padding
-/// unless it is asked for; a format of 8 bits a channel has those.
+/// The form of the map that a file gets. Files of the layout NODE and layers of floats keep the coverage and have no
+/// padding unless it is asked for; a format of 8 bits a channel has those.
 NM_MapForm mapFormFor(const NormalMapOptions& options, const QString& file);
 
 /// Reads the words after "normalmap".

@@ -39,8 +39,9 @@ QString fileFor(const QString& drawing, const Place& place, bool isFolder)
 Place placeOfMap(const NormalMapOptions& options)
 {
     const Target* const target = options.form.target;
-    const QString suffix = target ? target->suffixText() : QString::fromLatin1(kSuffixForMost);
-    return {options.output, options.suffix.value_or(suffix), target ? target->endingText() : QStringLiteral("png"),
+    // Pages of sprites are written as PNG whoever takes them.
+    const bool page = options.cells || !options.atlas.isEmpty();
+    return {options.output, suffixOfMaps(options), target && !page ? target->endingText() : QStringLiteral("png"),
             true};
 }
 
@@ -63,6 +64,12 @@ UT_Result<void> checkFormat(const QString& file)
 }
 
 } // namespace
+
+QString suffixOfMaps(const NormalMapOptions& options)
+{
+    const Target* const target = options.form.target;
+    return options.suffix.value_or(target ? target->suffixText() : QString::fromLatin1(kSuffixForMost));
+}
 
 UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options)
 {
@@ -100,6 +107,13 @@ UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options)
         all.push_back(files);
     }
     return all;
+}
+
+QString flippedFile(const QString& file, bool leftRight)
+{
+    const QFileInfo info(file);
+    const QString ending = leftRight ? QStringLiteral("_flipx.") : QStringLiteral("_flipy.");
+    return QDir::cleanPath(info.dir().filePath(info.completeBaseName() + ending + info.suffix()));
 }
 
 UT_Result<void> makeFolders(const OutputFiles& files)

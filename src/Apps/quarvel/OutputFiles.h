@@ -27,5 +27,13 @@ struct OutputFiles
 ///         picture format
 UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options);
 
+/// What the name of a map adds to its drawing's.
+QString suffixOfMaps(const NormalMapOptions& options);
+
+/// The file of the map for sprites that are mirrored: NAME_flipx.png of NAME.png.
+///
+/// @param leftRight mirrored left to right, else upside down
+QString flippedFile(const QString& file, bool leftRight);
+
 /// Makes the folders that the files go into.
 UT_Result<void> makeFolders(const OutputFiles& files);

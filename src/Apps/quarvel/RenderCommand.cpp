@@ -101,9 +101,12 @@ FramePictureSettings pictureSettings(const RenderOptions& options, const Plan& p
     picture.source = plan.shown->kind();
     picture.shown = options.shown.value_or(plan.shown->kind());
     picture.layout = options.layout;
-    picture.form = options.form.resolved({});
     picture.floatFile = IIO_isFloatFile(options.output);
-    picture.half = options.half;
+    // A map as the default layer of an OpenEXR file is opaque, as programs that show it expect.
+    picture.exr = options.form.exr;
+    const bool isMap = picture.floatFile && picture.exr != ExrContent::LAYERS;
+    picture.form = options.form.resolved({.alpha = isMap ? NM_Alpha::FULL : NM_Alpha::COVERAGE});
+    picture.half = options.half || options.form.half;
     picture.scene = QDir(QDir(options.scene).absolutePath()).dirName();
     picture.node = plan.shown->module().instanceName();
     picture.elevation = needsElevationInBlue(picture);
@@ -140,8 +143,7 @@ UT_Result<int> atOnceOf(const RenderOptions& options, const Plan& plan)
 {
     const RenderFramesSettings& settings = plan.settings;
     ShownParts parts = partsOf(settings.picture);
-    if (!options.lit.isEmpty())
-        parts = {.elevation = parts.elevation, .drawing = true};
+    parts.drawing = parts.drawing || !options.lit.isEmpty();
     const double needed = shownFrameBytes(*plan.shown, settings.frames, settings.parameters, parts);
     const JobLimits limits = jobLimits();
     return framesAtOnce(options.jobs > 0 ? options.jobs : limits.threads, settings.parameters, needed,

@@ -16,6 +16,8 @@ Files
                         or out/n.%d.exr; n.$F4.exr and n.<frame04>.exr mean the same. The ending says the format: .exr (OpenEXR) or .png (16 bits a channel)
       --lit FILE        also writes the lit frames: lit/n.####.png
       --half            16-bit floats in OpenEXR files instead of 32-bit ones
+      --exr map|signed  the normal map as the default layer of OpenEXR files, from 0 to 1 or from -1 to 1, instead of the
+                        drawing with the map in layers
       --preview FILE    also makes a film of the lit frames, at most 960 pixels wide: .mp4 or .gif where ffmpeg is
                         installed, and .png (an animated PNG) everywhere
       --fps N           how many frames a second the preview shows; default: as many as the scene says
@@ -33,8 +35,9 @@ What is rendered
       --float           renders everything in 32-bit float; without it only wide forms, where 16 bits would leave grain
 
 How normals are written
-      --layout tangent  vectors of unit length (default). OpenEXR files get the layers N.X N.Y N.Z, from -1 to 1, and
-                        elevation.Y and coverage.A; others x, y, z and coverage in the range of colours
+      --layout tangent  vectors of unit length (default). OpenEXR files get the drawing as R G B A, linear and multiplied
+                        by coverage, and the layers N.X N.Y N.Z, from -1 to 1, elevation.Y and coverage.A; others x, y, z
+                        and coverage in the range of colours
       --layout node     the node's own four channels as they are
       --for NAME        as the program wants it that takes the maps: sets --y, --alpha, --bits and --pad where they are not
                         given. quarvel help normalmap lists the names

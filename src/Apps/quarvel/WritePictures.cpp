@@ -7,28 +7,18 @@
 #include "QuarvelNormalMap/NM_DrawingPicture.h"
 #include "QuarvelNormalMap/NM_Layers.h"
 #include "QuarvelNormalMap/NM_Lighting.h"
+#include "QuarvelNormalMap/NM_LinearPicture.h"
 #include "QuarvelNormalMap/NM_MapForm.h"
 #include "QuarvelNormalMap/NM_NormalPicture.h"
 #include "QuarvelNormalMap/NM_Padding.h"
+#include "QuarvelNormalMap/NM_TurnVectors.h"
 #include "jobs/shown/LitSurface.h"
 
 #include <QFileInfo>
 
 namespace {
 
-using Written = UT_Result<void>;
-
-Written write(UT_Result<IIO_Picture> picture, const QString& file, const NormalMapOptions& options,
-              const QString& drawing)
-{
-    if (!picture)
-        return picture.error();
-    picture->metadata().set(QStringLiteral("Source"), QFileInfo(drawing).fileName());
-    IIO_WriteOptions how;
-    how.pngBits = mapFormFor(options, file).bits;
-    how.exrDepth = options.halfFloat ? IIO_ExrDepth::HALF : IIO_ExrDepth::FLOAT;
-    return IIO_write(file, *picture, how);
-}
+using Made = UT_Result<IIO_Picture>;
 
 UT_Result<IIO_SampleType> samplesFor(const QString& file)
 {
@@ -38,30 +28,39 @@ UT_Result<IIO_SampleType> samplesFor(const QString& file)
     return format->samples;
 }
 
-UT_Result<IIO_Picture> dithered(UT_Result<IIO_Picture> picture, const NM_MapForm& form)
+// What a file of colours holds: floats are linear and multiplied by coverage.
+Made forFile(Made picture, const QString& file, const NormalMapOptions& options, bool dither)
 {
-    if (picture && form.bits == 8)
+    if (picture && IIO_isFloatFile(file))
+        return NM_linearPicture(*picture);
+    if (picture && dither && mapFormFor(options, file).bits == 8)
         NM_ditherTo8Bits(*picture);
     return picture;
 }
 
-Written writeElevation(const ShownFrame& frame, const NormalMapOptions& options, const QString& file,
-                       const QString& drawing)
+Made makeElevation(const ShownFrame& frame, const NormalMapOptions& options, const QString& file)
 {
     const auto samples = samplesFor(file);
     if (!samples)
         return samples.error();
-    return write(
-        dithered(NM_elevationOf(*frame.picture, frame.elevationChannel(), frame.window, frame.window, *samples),
-                 mapFormFor(options, file)),
-        file, options, drawing);
+    Made picture = NM_elevationOf(*frame.picture, frame.elevationChannel(), frame.window, frame.window, *samples);
+    if (picture && mapFormFor(options, file).bits == 8)
+        NM_ditherTo8Bits(*picture);
+    return picture;
 }
 
-Written writeNormalMap(const ShownFrame& frame, const NormalMapOptions& options, const QString& file,
-                       const QString& drawing)
+Made makeLayers(const ShownFrame& frame, const NormalMapOptions& options, const QString& file)
+{
+    const NM_YAxis yAxis = mapFormFor(options, file).yAxis;
+    return NM_layersPicture(*frame.picture, frame.window, frame.window, yAxis, true, frame.drawing.get());
+}
+
+Made makeNormalMap(const ShownFrame& frame, const NormalMapOptions& options, const QString& file)
 {
     if (frame.kind == RenderedKind::ELEVATION && !options.nodeLayout)
-        return writeElevation(frame, options, file, drawing);
+        return makeElevation(frame, options, file);
+    if (holdsLayers(options, file))
+        return makeLayers(frame, options, file);
     const auto samples = samplesFor(file);
     if (!samples)
         return samples.error();
@@ -70,58 +69,115 @@ Written writeNormalMap(const ShownFrame& frame, const NormalMapOptions& options,
                                       .yAxis = form.yAxis,
                                       .samples = *samples,
                                       .dataWindow = {}};
-    UT_Result<IIO_Picture> picture =
-        NM_toPicture(options.nodeLayout ? *frame.channels : *frame.picture, frame.window, settings);
+    Made picture = NM_toPicture(options.nodeLayout ? *frame.channels : *frame.picture, frame.window, settings);
     if (picture && options.nodeLayout)
         NM_padColours(*picture, form.pad);
     else if (picture)
         NM_finishMap(*picture, form);
-    return write(std::move(picture), file, options, drawing);
+    if (picture && IIO_isFloatFile(file) && options.form.exr == ExrContent::SIGNED)
+        NM_makeSigned(*picture);
+    return picture;
 }
 
-Written writeDrawing(const ShownFrame& frame, const NormalMapOptions& options, const QString& file,
-                     const QString& drawing)
+Made makeDrawing(const ShownFrame& frame, const NormalMapOptions& options, const QString& file)
 {
     const auto samples = samplesFor(file);
     if (!samples)
         return samples.error();
-    return write(NM_drawingPicture(*frame.drawing, frame.window, *samples), file, options, drawing);
+    return forFile(NM_drawingPicture(*frame.drawing, frame.window, *samples), file, options, false);
 }
 
-Written writeLit(const ShownFrame& frame, const NormalMapOptions& options, const QString& file, const QString& drawing)
+Made makeLit(const ShownFrame& frame, const NormalMapOptions& options, const QString& file)
 {
     const UT_Result<NM_Surface> surface = litSurface(frame);
     if (!surface)
         return surface.error();
-    return write(dithered(NM_litPicture(*surface, lightingOf(options.light)), mapFormFor(options, file)), file, options,
-                 drawing);
+    return forFile(NM_litPicture(*surface, lightingOf(options.light)), file, options, true);
+}
+
+UT_Result<void> writeFlips(const IIO_Picture& map, const QString& file, const NormalMapOptions& options,
+                           const QString& drawing)
+{
+    for (const bool leftRight : {true, false}) {
+        Made flipped = map.clone();
+        if (!flipped)
+            return flipped.error();
+        NM_mirrorVectors(*flipped, leftRight, !leftRight);
+        const QString name = flippedFile(file, leftRight);
+        if (UT_Result<void> written = writePicture(std::move(*flipped), name, options, drawing); !written)
+            return written;
+    }
+    return {};
 }
 
 } // namespace
 
+bool holdsLayers(const NormalMapOptions& options, const QString& file)
+{
+    return IIO_isFloatFile(file) && !options.nodeLayout && options.form.exr == ExrContent::LAYERS;
+}
+
 ShownParts wantedPictures(const NormalMapOptions& options, const OutputFiles& files)
 {
-    return {.elevation = !files.elevation.isEmpty(),
-            .drawing = !files.lit.isEmpty() || !files.drawing.isEmpty(),
+    const bool layers = options.settings.generateNormals && holdsLayers(options, files.normalMap);
+    return {.elevation = layers || !files.elevation.isEmpty(),
+            .drawing = layers || !files.lit.isEmpty() || !files.drawing.isEmpty(),
             .channels = options.nodeLayout};
 }
 
-UT_Result<void> writePictures(const ShownFrame& frame, const NormalMapOptions& options, const OutputFiles& files,
-                              const QString& drawing, const JobProgress& progress)
+UT_Result<void> makePictures(const ShownFrame& frame, const NormalMapOptions& options, const OutputFiles& files,
+                             const TakePicture& take, const JobProgress& progress)
 {
-    using Writer = Written (*)(const ShownFrame&, const NormalMapOptions&, const QString&, const QString&);
-    const std::pair<const QString&, Writer> work[] = {{files.normalMap, writeNormalMap},
-                                                      {files.elevation, writeElevation},
-                                                      {files.lit, writeLit},
-                                                      {files.drawing, writeDrawing}};
+    struct Work
+    {
+        PictureKind kind;
+        const QString& file;
+        Made (*make)(const ShownFrame&, const NormalMapOptions&, const QString&);
+    };
+    const Work work[] = {{PictureKind::NORMAL_MAP, files.normalMap, makeNormalMap},
+                         {PictureKind::ELEVATION, files.elevation, makeElevation},
+                         {PictureKind::LIT, files.lit, makeLit},
+                         {PictureKind::DRAWING, files.drawing, makeDrawing}};
     double done = 0.0;
-    for (const auto& [file, writer] : work) {
-        if (!file.isEmpty())
-            if (Written written = writer(frame, options, file, drawing); !written)
-                return written;
+    for (const auto& [kind, file, make] : work) {
+        if (!file.isEmpty()) {
+            Made picture = make(frame, options, file);
+            if (!picture)
+                return picture.error();
+            if (UT_Result<void> taken = take(kind, file, std::move(*picture)); !taken)
+                return taken;
+        }
         done += 1.0 / std::size(work);
         if (progress)
             progress(done);
     }
     return {};
+}
+
+UT_Result<void> writePicture(IIO_Picture picture, const QString& file, const NormalMapOptions& options,
+                             const QString& drawing)
+{
+    picture.metadata().set(QStringLiteral("Source"), QFileInfo(drawing).fileName());
+    IIO_WriteOptions how;
+    how.pngBits = mapFormFor(options, file).bits;
+    how.exrDepth = options.form.half ? IIO_ExrDepth::HALF : IIO_ExrDepth::FLOAT;
+    return IIO_write(file, picture, how);
+}
+
+UT_Result<void> writeMap(IIO_Picture map, const QString& file, const NormalMapOptions& options, const QString& drawing)
+{
+    if (options.flips)
+        if (UT_Result<void> written = writeFlips(map, file, options, drawing); !written)
+            return written;
+    return writePicture(std::move(map), file, options, drawing);
+}
+
+UT_Result<void> writePictures(const ShownFrame& frame, const NormalMapOptions& options, const OutputFiles& files,
+                              const QString& drawing, const JobProgress& progress)
+{
+    const auto write = [&](PictureKind kind, const QString& file, IIO_Picture picture) {
+        return kind == PictureKind::NORMAL_MAP ? writeMap(std::move(picture), file, options, drawing)
+                                               : writePicture(std::move(picture), file, options, drawing);
+    };
+    return makePictures(frame, options, files, write, progress);
 }

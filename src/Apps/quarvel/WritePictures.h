@@ -1,18 +1,48 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// From a rendered frame to the files of one drawing.
+// From a rendered frame to the pictures of one drawing, and to their files.
 #pragma once
 
 #include "NormalMapOptions.h"
 #include "OutputFiles.h"
+#include "QuarvelImageIO/IIO_Picture.h"
 #include "jobs/drawing/NormalMapJob.h"
+
+#include <functional>
+
+/// The pictures that a run makes.
+enum class PictureKind
+{
+    NORMAL_MAP,
+    ELEVATION,
+    LIT,
+    DRAWING
+};
+
+/// Takes a picture that was made for a file.
+using TakePicture = std::function<UT_Result<void>(PictureKind kind, const QString& file, IIO_Picture picture)>;
+
+/// Whether a file of a normal map holds the drawing, with the vectors in layers of their own.
+bool holdsLayers(const NormalMapOptions& options, const QString& file);
 
 /// What the files need rendered.
 ShownParts wantedPictures(const NormalMapOptions& options, const OutputFiles& files);
 
-/// Writes the files. Each appears whole or not at all.
+/// Makes the pictures of the files that have a name, one after the other.
 ///
-/// @param drawing  the drawing's path, noted in the files
-/// @param progress told after each file
+/// @param progress told after each
+UT_Result<void> makePictures(const ShownFrame& frame, const NormalMapOptions& options, const OutputFiles& files,
+                             const TakePicture& take, const JobProgress& progress = {});
+
+/// Writes a picture, whole or not at all.
+///
+/// @param drawing the drawing's path, noted in the file
+UT_Result<void> writePicture(IIO_Picture picture, const QString& file, const NormalMapOptions& options,
+                             const QString& drawing);
+
+/// The same for a normal map, with those for mirrored sprites where the options want them.
+UT_Result<void> writeMap(IIO_Picture map, const QString& file, const NormalMapOptions& options, const QString& drawing);
+
+/// Makes and writes the pictures. Each file appears whole or not at all.
 UT_Result<void> writePictures(const ShownFrame& frame, const NormalMapOptions& options, const OutputFiles& files,
                               const QString& drawing, const JobProgress& progress);

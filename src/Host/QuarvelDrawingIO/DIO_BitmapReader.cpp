@@ -32,7 +32,26 @@ QImage inOneForm(const QImage& image)
     return pixels;
 }
 
-UT_Result<QImage> readImage(const QString& path, QStringList& warnings)
+DIO_Paint averagePaint(const QImage& image)
+{
+    const QColor colour = QColor::fromRgb(DIO_averageColour(image).rgb());
+    return {DIO_Paint::Kind::SOLID, colour, colour.name()};
+}
+
+} // namespace
+
+QStringList DIO_bitmapSuffixes()
+{
+    QStringList suffixes;
+    for (const QByteArray& format : QImageReader::supportedImageFormats())
+        if (isBitmapFormat(format))
+            suffixes.append(QString::fromLatin1(format).toLower());
+    suffixes.removeDuplicates();
+    suffixes.sort();
+    return suffixes;
+}
+
+UT_Result<QImage> DIO_readImage(const QString& path, QStringList& warnings)
 {
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
@@ -61,23 +80,18 @@ UT_Result<QImage> readImage(const QString& path, QStringList& warnings)
     return inOneForm(image);
 }
 
-DIO_Paint averagePaint(const QImage& image)
+DIO_Drawing DIO_bitmapDrawing(const QImage& image, const QString& name)
 {
-    const QColor colour = QColor::fromRgb(DIO_averageColour(image).rgb());
-    return {DIO_Paint::Kind::SOLID, colour, colour.name()};
-}
-
-} // namespace
-
-QStringList DIO_bitmapSuffixes()
-{
-    QStringList suffixes;
-    for (const QByteArray& format : QImageReader::supportedImageFormats())
-        if (isBitmapFormat(format))
-            suffixes.append(QString::fromLatin1(format).toLower());
-    suffixes.removeDuplicates();
-    suffixes.sort();
-    return suffixes;
+    DIO_Drawing drawing;
+    drawing.name = name;
+    drawing.size = image.size();
+    drawing.viewBox = QRectF(QPointF(), drawing.size);
+    drawing.palette.push_back(averagePaint(image));
+    DIO_Shape shape;
+    shape.path.addRect(drawing.viewBox);
+    shape.picture = image;
+    drawing.layers.push_back({name, true, {shape}});
+    return drawing;
 }
 
 QString DIO_nameWithoutNumber(const QString& path)
@@ -90,17 +104,12 @@ QString DIO_nameWithoutNumber(const QString& path)
 
 UT_Result<DIO_Drawing> DIO_readBitmap(const QString& path)
 {
-    DIO_Drawing drawing;
-    const UT_Result<QImage> image = readImage(path, drawing.warnings);
+    QStringList warnings;
+    const UT_Result<QImage> image = DIO_readImage(path, warnings);
     if (!image)
         return image.error();
+    DIO_Drawing drawing = DIO_bitmapDrawing(*image, DIO_nameWithoutNumber(path));
     drawing.name = QFileInfo(path).completeBaseName();
-    drawing.size = image->size();
-    drawing.viewBox = QRectF(QPointF(), drawing.size);
-    drawing.palette.push_back(averagePaint(*image));
-    DIO_Shape shape;
-    shape.path.addRect(drawing.viewBox);
-    shape.picture = *image;
-    drawing.layers.push_back({DIO_nameWithoutNumber(path), true, {shape}});
+    drawing.warnings = warnings;
     return drawing;
 }

@@ -10,11 +10,25 @@
 #include "QuarvelBaseCore/UT_Result.h"
 #include "QuarvelDrawingIO/DIO_Drawing.h"
 
+#include <QImage>
+
 /// The ends of the names of bitmaps that can be read on this machine, lower case, without dot, sorted.
 QUARVELDRAWINGIO_EXPORT QStringList DIO_bitmapSuffixes();
 
 /// Reads a bitmap of up to 30 million pixels. What kind it is follows from its contents. Any thread may call it.
 QUARVELDRAWINGIO_EXPORT UT_Result<DIO_Drawing> DIO_readBitmap(const QString& path);
+
+/// The pixels of a bitmap of up to 30 million, in the format RGBA64 where the file has more than 8 bits a channel, else
+/// ARGB32. Any thread may call it.
+///
+/// @param warnings takes what is to be told
+QUARVELDRAWINGIO_EXPORT UT_Result<QImage> DIO_readImage(const QString& path, QStringList& warnings);
+
+/// The drawing that shows an image. Any thread may call it.
+///
+/// @param image not empty, in one of the formats of DIO_readImage()
+/// @param name  of the drawing and its layer
+QUARVELDRAWINGIO_EXPORT DIO_Drawing DIO_bitmapDrawing(const QImage& image, const QString& name);
 
 /// A file's name without folder, suffix and frame number, which is the last run of digits, with what sets it off:
 /// "walk" of "art/walk_0012.png", "walk_arm" of "walk_12_arm.png". A name that is a number altogether stays as it is.

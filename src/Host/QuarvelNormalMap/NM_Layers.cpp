@@ -5,6 +5,7 @@
 
 #include "QuarvelNormalMap/NM_Direction.h"
 #include "QuarvelNormalMap/NM_Dither.h"
+#include "QuarvelNormalMap/NM_Srgb.h"
 #include "QuarvelNormalMap/private/NM_Rows.h"
 #include "QuarvelNormalMap/private/NM_Samples.h"
 
@@ -14,11 +15,13 @@ struct LayersEncoder
 {
     double ySign;
     bool elevation;
+    std::ptrdiff_t first; // channel of N.X
 
     template<typename Pixel>
     void operator()(const Pixel& pixel, float* samples) const
     {
         const Math::Vector3d normal = NM_directionOf(pixel);
+        samples += first;
         *samples++ = static_cast<float>(normal.x);
         *samples++ = static_cast<float>(ySign * normal.y);
         *samples++ = static_cast<float>(normal.z);
@@ -88,6 +91,42 @@ bool encodeElevation(const CEL_PixmapArea& pixmap, NM_ElevationChannel channel, 
     });
 }
 
+// Associated colours are taken apart, made linear, and multiplied again.
+struct LinearEncoder
+{
+    template<typename Pixel>
+    void operator()(const Pixel& pixel, float* samples) const
+    {
+        // Written so that NaN counts as nothing covered.
+        if (!(pixel.a > 0)) {
+            std::fill_n(samples, 4, 0.0F);
+            return;
+        }
+        const double coverage = static_cast<double>(pixel.a);
+        const float alpha = NM_clampSample(NM_toSample<float>(pixel.a));
+        const auto linear = [&](auto channel) {
+            return NM_linearOfSrgb(static_cast<float>(static_cast<double>(channel) / coverage)) * alpha;
+        };
+        samples[0] = linear(pixel.r);
+        samples[1] = linear(pixel.g);
+        samples[2] = linear(pixel.b);
+        samples[3] = alpha;
+    }
+};
+
+template<typename Pixel>
+void encodeColours(const CEL_PixelStore<Pixel>& drawing, IIO_Picture& picture)
+{
+    NM_encodeRows<float>(drawing, picture, LinearEncoder{});
+}
+
+QStringList elevationChannels(bool coverage, IIO_SampleType samples)
+{
+    if (coverage && samples == IIO_SampleType::FLOAT)
+        return IIO_channelsGrey() << QStringLiteral("coverage.A");
+    return coverage ? IIO_channelsGreyAlpha() : IIO_channelsGrey();
+}
+
 UT_Error noColours()
 {
     return {QStringLiteral("the rendered picture holds no normals; render in 16 bits or in float")};
@@ -95,25 +134,40 @@ UT_Error noColours()
 
 } // namespace
 
-QStringList NM_layerNames(bool elevation)
+QString NM_layersEncoding(bool drawing, bool elevation)
 {
-    QStringList names{QStringLiteral("N.X"), QStringLiteral("N.Y"), QStringLiteral("N.Z")};
+    QStringList parts;
+    if (drawing)
+        parts << QStringLiteral("drawing = R G B A (linear, multiplied by coverage)");
+    parts << QStringLiteral("x = N.X") << QStringLiteral("y = N.Y") << QStringLiteral("z = N.Z");
+    if (elevation)
+        parts << QStringLiteral("elevation = elevation.Y");
+    parts << QStringLiteral("coverage = coverage.A");
+    return parts.join(QStringLiteral(", "));
+}
+
+QStringList NM_layerNames(bool drawing, bool elevation)
+{
+    QStringList names = drawing ? IIO_channelsRgba() : QStringList();
+    names << QStringLiteral("N.X") << QStringLiteral("N.Y") << QStringLiteral("N.Z");
     if (elevation)
         names << QStringLiteral("elevation.Y");
     return names << QStringLiteral("coverage.A");
 }
 
 UT_Result<IIO_Picture> NM_layersPicture(const CEL_PixmapArea& pixmap, const Math::Box2di& frame,
-                                        const Math::Box2di& dataWindow, NM_YAxis yAxis, bool elevation)
+                                        const Math::Box2di& dataWindow, NM_YAxis yAxis, bool elevation,
+                                        const CEL_PixmapArea* drawing)
 {
-    auto picture = IIO_Picture::create(IIO_SampleType::FLOAT, frame, dataWindow, NM_layerNames(elevation));
+    auto picture = IIO_Picture::create(IIO_SampleType::FLOAT, frame, dataWindow, NM_layerNames(drawing, elevation));
     if (!picture)
         return picture;
     picture->metadata() = NM_metadataOf(NM_Layout::TANGENT, yAxis);
-    picture->metadata().set(QStringLiteral("Encoding"),
-                            QStringLiteral("x = N.X, y = N.Y, z = N.Z, coverage = coverage.A"));
-    const LayersEncoder encoder{yAxis == NM_YAxis::UP ? -1.0 : 1.0, elevation};
+    picture->metadata().set(QStringLiteral("Encoding"), NM_layersEncoding(drawing, elevation));
+    const LayersEncoder encoder{yAxis == NM_YAxis::UP ? -1.0 : 1.0, elevation, drawing ? 4 : 0};
     if (!NM_withColours(pixmap, [&](const auto& source) { NM_encodeRows<float>(source, *picture, encoder); }))
+        return noColours();
+    if (drawing && !NM_withColours(*drawing, [&](const auto& source) { encodeColours(source, *picture); }))
         return noColours();
     return picture;
 }
@@ -122,8 +176,7 @@ UT_Result<IIO_Picture> NM_elevationOf(const CEL_PixmapArea& pixmap, NM_Elevation
                                       const Math::Box2di& frame, const Math::Box2di& dataWindow, IIO_SampleType samples)
 {
     const bool coverage = channel == NM_ElevationChannel::BLUE;
-    auto picture =
-        IIO_Picture::create(samples, frame, dataWindow, coverage ? IIO_channelsGreyAlpha() : IIO_channelsGrey());
+    auto picture = IIO_Picture::create(samples, frame, dataWindow, elevationChannels(coverage, samples));
     if (!picture)
         return picture;
     picture->metadata() = NM_metadataOf(QStringLiteral("elevation"));

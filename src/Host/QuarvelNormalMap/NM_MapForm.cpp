@@ -89,6 +89,22 @@ void NM_finishMap(IIO_Picture& picture, const NM_MapForm& form)
     picture.metadata() = NM_metadataOf(form);
 }
 
+void NM_makeSigned(IIO_Picture& picture)
+{
+    NM_forRows(picture.dataWindow().y1, picture.dataWindow().y2, [&](int y) {
+        const std::span<float> row = picture.row<float>(y);
+        for (std::size_t i = 0; i < row.size(); ++i)
+            if (i % kChannels != kChannels - 1)
+                row[i] = 2.0F * row[i] - 1.0F;
+    });
+    picture.metadata().set(QStringLiteral("Encoding"), NM_signedEncoding());
+}
+
+QString NM_signedEncoding()
+{
+    return QStringLiteral("x = R, y = G, z = B");
+}
+
 IIO_Metadata NM_metadataOf(const NM_MapForm& form)
 {
     IIO_Metadata metadata = NM_metadataOf(NM_Layout::TANGENT, form.yAxis);

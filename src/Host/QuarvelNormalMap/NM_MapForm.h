@@ -48,6 +48,15 @@ QUARVELNORMALMAP_EXPORT void NM_ditherTo8Bits(IIO_Picture& picture);
 /// @param picture in the layout TANGENT, with the channels R G B A
 QUARVELNORMALMAP_EXPORT void NM_finishMap(IIO_Picture& picture, const NM_MapForm& form);
 
+/// The metadata "Encoding" of a map of signed components.
+QUARVELNORMALMAP_EXPORT QString NM_signedEncoding();
+
+/// Turns the coded components of a finished map of floats, 0 .. 1, into signed ones, -1 .. 1, and says so in
+/// "Encoding".
+///
+/// @param picture floats, in the layout TANGENT, with the channels R G B A
+QUARVELNORMALMAP_EXPORT void NM_makeSigned(IIO_Picture& picture);
+
 /// The metadata of a map in this form: that of its layout, "Alpha" (NM_nameOf), and no coverage in "Encoding" where
 /// alpha does not hold it.
 QUARVELNORMALMAP_EXPORT IIO_Metadata NM_metadataOf(const NM_MapForm& form);

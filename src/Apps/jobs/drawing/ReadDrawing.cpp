@@ -22,7 +22,27 @@ void takeOwn(LayeredDrawing::Layer& layer, const ObjectSettings& own)
 
 } // namespace
 
-UT_Result<ReadDrawing> readDrawing(const QString& path, const FormSettings& form)
+ReadDrawing chosenDrawing(const DIO_Drawing& drawing, const FormSettings& form, const ObjectWishes& folder)
+{
+    ReadDrawing read;
+    read.warnings = drawing.warnings;
+    read.drawing.frame = drawing.viewBox;
+    read.drawing.size = drawing.size;
+    ChosenObjects chosen = chooseObjects(drawing, form.objects);
+    // The objects of a bitmap have paints of their own.
+    read.drawing.palette = DIO_toPalette(chosen.drawing);
+    const std::vector<ObjectForm> forms = chooseForms(chosen, form);
+    for (std::size_t i = 0; i < chosen.objects.size(); ++i) {
+        const ChosenObject& object = chosen.objects[i];
+        LayeredDrawing::Layer layer{object.name, DIO_toKvd(chosen.drawing, i, read.drawing.palette), forms[i]};
+        takeOwn(layer, ownSettings(object.values, folder, static_cast<int>(i) + 1, object.name, read.warnings));
+        read.drawing.layers.push_back(std::move(layer));
+    }
+    read.objects = std::move(chosen.objects);
+    return read;
+}
+
+UT_Result<ReadDrawing> readDrawing(const QString& path, const FormSettings& form, const Tiling& tiling)
 {
     UT_Result<DIO_Drawing> drawing = DIO_readDrawing(path, groupingFor(form.objects));
     if (!drawing)
@@ -31,20 +51,5 @@ UT_Result<ReadDrawing> readDrawing(const QString& path, const FormSettings& form
     if (!folder)
         return folder.error();
     takeValuesFromNames(*drawing);
-    ReadDrawing read;
-    read.warnings = drawing->warnings;
-    read.drawing.frame = drawing->viewBox;
-    read.drawing.size = drawing->size;
-    ChosenObjects chosen = chooseObjects(*drawing, form.objects);
-    // The objects of a bitmap have paints of their own.
-    read.drawing.palette = DIO_toPalette(chosen.drawing);
-    const std::vector<ObjectForm> forms = chooseForms(chosen, form);
-    for (std::size_t i = 0; i < chosen.objects.size(); ++i) {
-        const ChosenObject& object = chosen.objects[i];
-        LayeredDrawing::Layer layer{object.name, DIO_toKvd(chosen.drawing, i, read.drawing.palette), forms[i]};
-        takeOwn(layer, ownSettings(object.values, *folder, static_cast<int>(i) + 1, object.name, read.warnings));
-        read.drawing.layers.push_back(std::move(layer));
-    }
-    read.objects = std::move(chosen.objects);
-    return read;
+    return chosenDrawing(tiling.isAny() ? tiled(*drawing, tiling) : *drawing, form, *folder);
 }

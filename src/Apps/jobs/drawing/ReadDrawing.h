@@ -6,6 +6,7 @@
 #include "form/ChosenObjects.h"
 #include "form/FormSettings.h"
 #include "jobs/drawing/DrawingScene.h"
+#include "jobs/drawing/TileDrawing.h"
 
 #include <QStringList>
 
@@ -17,8 +18,14 @@ struct ReadDrawing
     QStringList warnings;
 };
 
+/// Chooses the objects of a drawing and their form.
+///
+/// @param folder what the drawing's folder says of its objects
+ReadDrawing chosenDrawing(const DIO_Drawing& drawing, const FormSettings& form, const ObjectWishes& folder = {});
+
 /// Reads a drawing of any kind that the program knows and chooses its objects and their form.
 ///
-/// @return an error when the file cannot be read, is of no known kind, or holds nothing that shows; the text does not
-/// repeat the path
-UT_Result<ReadDrawing> readDrawing(const QString& path, const FormSettings& form);
+/// @param tiling in which directions the drawing is laid beside itself first
+/// @return an error when the file cannot be read, is of no known kind, or holds nothing that shows, or when its folder's
+/// values make no sense; the text does not repeat the path
+UT_Result<ReadDrawing> readDrawing(const QString& path, const FormSettings& form, const Tiling& tiling = {});

@@ -6,6 +6,9 @@
 #include "jobs/frames/RenderFrames.h"
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
+#include "QuarvelNormalMap/NM_LinearPicture.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "QuarvelSceneCore/interfaces/RD_RenderJob.h"
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 #include "jobs/frames/FrameDigest.h"
 #include "jobs/frames/FrameOnDisk.h"
@@ -162,7 +165,7 @@ private:
             return frame.error();
         if (_settings.lit)
             return litPicture(*frame, number);
-        return framePicture(*frame->picture, frame->window, _settings.picture, number);
+        return framePicture(*frame->picture, frame->drawing.get(), frame->window, _settings.picture, number);
     }
 
     UT_Result<IIO_Picture> litPicture(const ShownFrame& frame, int number) const
@@ -172,6 +175,8 @@ private:
             return surface.error();
         UT_Result<IIO_Picture> picture =
             NM_litPicture(*surface, _settings.lighting ? *_settings.lighting : sceneLighting(_shown.module(), number));
+        if (picture && _settings.picture.floatFile)
+            return NM_linearPicture(*picture);
         if (picture && _settings.picture.form.bits == 8)
             NM_ditherTo8Bits(*picture);
         return picture;

@@ -5,6 +5,7 @@
 
 #include "QuarvelNormalMap/NM_DrawingPicture.h"
 #include "QuarvelNormalMap/NM_Layers.h"
+#include "QuarvelNormalMap/NM_LinearPicture.h"
 #include "QuarvelNormalMap/NM_NormalPicture.h"
 #include "QuarvelNormalMap/NM_Padding.h"
 
@@ -14,7 +15,7 @@ namespace {
 
 bool asLayers(const FramePictureSettings& settings)
 {
-    return settings.floatFile && settings.layout == NM_Layout::TANGENT;
+    return settings.floatFile && settings.layout == NM_Layout::TANGENT && settings.exr == ExrContent::LAYERS;
 }
 
 IIO_SampleType samplesOf(const FramePictureSettings& settings)
@@ -30,24 +31,27 @@ Math::Box2di dataWindow(const CEL_PixmapArea& pixmap, const Math::Box2di& window
     return all;
 }
 
-UT_Result<IIO_Picture> normals(const CEL_PixmapArea& pixmap, const Math::Box2di& window,
+UT_Result<IIO_Picture> normals(const CEL_PixmapArea& pixmap, const CEL_PixmapArea* drawing, const Math::Box2di& window,
                                const FramePictureSettings& settings)
 {
-    const Math::Box2di data = dataWindow(pixmap, window, settings);
-    if (asLayers(settings))
-        return NM_layersPicture(pixmap, window, data, settings.form.yAxis, settings.elevation);
+    Math::Box2di data = dataWindow(pixmap, window, settings);
+    if (asLayers(settings)) {
+        if (drawing)
+            data.add(drawing->allocatedRect());
+        return NM_layersPicture(pixmap, window, data, settings.form.yAxis, settings.elevation, drawing);
+    }
     return NM_toPicture(
         pixmap, window,
         {.layout = settings.layout, .yAxis = settings.form.yAxis, .samples = samplesOf(settings), .dataWindow = data});
 }
 
-UT_Result<IIO_Picture> pictureOf(const CEL_PixmapArea& pixmap, const Math::Box2di& window,
-                                 const FramePictureSettings& settings)
+UT_Result<IIO_Picture> pictureOf(const CEL_PixmapArea& pixmap, const CEL_PixmapArea* drawing,
+                                 const Math::Box2di& window, const FramePictureSettings& settings)
 {
     const Math::Box2di data = dataWindow(pixmap, window, settings);
     switch (settings.shown) {
     case RenderedKind::NORMALS:
-        return normals(pixmap, window, settings);
+        return normals(pixmap, drawing, window, settings);
     case RenderedKind::ELEVATION:
         return NM_elevationOf(pixmap, settings.elevation ? NM_ElevationChannel::BLUE : NM_ElevationChannel::RED, window,
                               data, samplesOf(settings));
@@ -77,11 +81,20 @@ QString layoutText(const FramePictureSettings& settings)
     return QStringLiteral("drawing");
 }
 
+// Whether the drawing stands beside the normals.
+bool needsDrawing(const FramePictureSettings& settings)
+{
+    return settings.source == RenderedKind::NORMALS && settings.shown == RenderedKind::NORMALS && asLayers(settings);
+}
+
 IIO_Metadata normalsMetadata(const FramePictureSettings& settings)
 {
     if (settings.layout == NM_Layout::NODE || asLayers(settings))
         return NM_metadataOf(settings.layout, settings.form.yAxis);
-    return NM_metadataOf(settings.form);
+    IIO_Metadata metadata = NM_metadataOf(settings.form);
+    if (settings.floatFile && settings.exr == ExrContent::SIGNED)
+        metadata.set(QStringLiteral("Encoding"), NM_signedEncoding());
+    return metadata;
 }
 
 // What is done to the finished pixels; drawings stay as they are.
@@ -90,10 +103,14 @@ void finish(IIO_Picture& picture, const FramePictureSettings& settings)
     const bool coloured = picture.channels() == IIO_channelsRgba();
     if (coloured && settings.shown == RenderedKind::NORMALS && settings.layout == NM_Layout::TANGENT) {
         NM_finishMap(picture, settings.form);
+        if (settings.floatFile && settings.exr == ExrContent::SIGNED)
+            NM_makeSigned(picture);
         return;
     }
     if (coloured)
         NM_padColours(picture, settings.form.pad);
+    if (settings.floatFile && settings.shown == RenderedKind::COLOURS)
+        NM_makeLinear(picture);
     if (settings.shown == RenderedKind::ELEVATION && settings.form.bits == 8)
         NM_ditherTo8Bits(picture);
 }
@@ -110,18 +127,17 @@ bool needsElevationInBlue(const FramePictureSettings& settings)
 ShownParts partsOf(const FramePictureSettings& settings)
 {
     const bool asTheyAre = settings.shown == RenderedKind::COLOURS || settings.layout == NM_Layout::NODE;
-    return {.elevation = settings.elevation, .drawing = false, .channels = asTheyAre};
+    return {.elevation = settings.elevation, .drawing = needsDrawing(settings), .channels = asTheyAre};
 }
 
 IIO_Metadata frameMetadata(const FramePictureSettings& settings, int frame)
 {
     IIO_Metadata metadata =
         settings.shown == RenderedKind::NORMALS ? normalsMetadata(settings) : NM_metadataOf(layoutText(settings));
-    if (settings.shown == RenderedKind::NORMALS && asLayers(settings)) {
-        const QString elevation = settings.elevation ? QStringLiteral("elevation = elevation.Y, ") : QString();
-        metadata.set(QStringLiteral("Encoding"), QStringLiteral("x = N.X, y = N.Y, z = N.Z, ") + elevation +
-                                                     QStringLiteral("coverage = coverage.A"));
-    }
+    if (settings.shown == RenderedKind::NORMALS && asLayers(settings))
+        metadata.set(QStringLiteral("Encoding"), NM_layersEncoding(needsDrawing(settings), settings.elevation));
+    if (settings.shown == RenderedKind::COLOURS && settings.floatFile)
+        metadata.set(QStringLiteral("Encoding"), QStringLiteral("linear, multiplied by coverage"));
     metadata.set(QStringLiteral("Scene"), settings.scene);
     metadata.set(QStringLiteral("Node"), settings.node);
     metadata.set(QStringLiteral("Frame"), QString::number(frame));
@@ -129,10 +145,10 @@ IIO_Metadata frameMetadata(const FramePictureSettings& settings, int frame)
     return metadata;
 }
 
-UT_Result<IIO_Picture> framePicture(const CEL_PixmapArea& pixmap, const Math::Box2di& window,
-                                    const FramePictureSettings& settings, int frame)
+UT_Result<IIO_Picture> framePicture(const CEL_PixmapArea& pixmap, const CEL_PixmapArea* drawing,
+                                    const Math::Box2di& window, const FramePictureSettings& settings, int frame)
 {
-    UT_Result<IIO_Picture> picture = pictureOf(pixmap, window, settings);
+    UT_Result<IIO_Picture> picture = pictureOf(pixmap, drawing, window, settings);
     if (!picture)
         return picture;
     finish(*picture, settings);

@@ -1,0 +1,139 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Sections in brackets, each with properties below it. Only those of regions are understood, the rest is passed over.
+#include "jobs/sheets/AtlasGodot.h"
+
+#include <QHash>
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+struct Section
+{
+    QString head; // in the brackets
+    QString body;
+};
+
+std::vector<Section> sectionsOf(const QString& text)
+{
+    static const QRegularExpression head(QStringLiteral("^\\[([^\\]\\n]*)\\]\\s*$"),
+                                         QRegularExpression::MultilineOption);
+    std::vector<Section> sections;
+    qsizetype bodyFrom = 0;
+    for (auto it = head.globalMatch(text); it.hasNext();) {
+        const QRegularExpressionMatch match = it.next();
+        if (!sections.empty())
+            sections.back().body = text.mid(bodyFrom, match.capturedStart() - bodyFrom);
+        sections.push_back({match.captured(1), {}});
+        bodyFrom = match.capturedEnd();
+    }
+    if (!sections.empty())
+        sections.back().body = text.mid(bodyFrom);
+    return sections;
+}
+
+// name="value" or name=value, as heads of sections have it.
+QString wordOf(const QString& head, const QString& name)
+{
+    const QRegularExpression word(QStringLiteral("\\b%1=(?:\"([^\"]*)\"|([^ \\]]*))").arg(name));
+    const QRegularExpressionMatch match = word.match(head);
+    return match.captured(1).isEmpty() ? match.captured(2) : match.captured(1);
+}
+
+QString propertyOf(const QString& body, const QString& name)
+{
+    const QRegularExpression property(QStringLiteral("^%1 *= *(.*)$").arg(name), QRegularExpression::MultilineOption);
+    return property.match(body).captured(1).trimmed();
+}
+
+// ExtResource("1_abc") or, in older files, ExtResource( 1 ).
+QString referenceOf(const QString& value)
+{
+    static const QRegularExpression reference(QStringLiteral("Resource\\( *\"?([^\" )]*)\"? *\\)"));
+    return reference.match(value).captured(1);
+}
+
+// Rect2(x, y, w, h); null where there is none.
+QRect rectOf(const QString& value)
+{
+    static const QRegularExpression rect(QStringLiteral("Rect2i?\\(([^)]*)\\)"));
+    const QStringList parts = rect.match(value).captured(1).split(QLatin1Char(','));
+    if (parts.size() != 4)
+        return {};
+    const auto number = [&](qsizetype i) { return static_cast<int>(std::lround(parts[i].trimmed().toDouble())); };
+    return {number(0), number(1), number(2), number(3)};
+}
+
+// Which animation each region belongs to, by the name of its section. In each animation's list the frames stand before
+// the animation's name.
+QHash<QString, QString> animationsOf(const QString& resource)
+{
+    static const QRegularExpression word(
+        QStringLiteral("SubResource\\( *\"?([^\" )]*)\"? *\\)|\"name\": *&?\"([^\"]*)\""));
+    QHash<QString, QString> animations;
+    QStringList frames;
+    for (auto it = word.globalMatch(resource); it.hasNext();) {
+        const QRegularExpressionMatch match = it.next();
+        if (match.hasCaptured(1) && !match.captured(1).isEmpty()) {
+            frames << match.captured(1);
+            continue;
+        }
+        for (const QString& frame : frames)
+            animations.insert(frame, match.captured(2));
+        frames.clear();
+    }
+    return animations;
+}
+
+bool isRegion(const Section& section)
+{
+    return !propertyOf(section.body, QStringLiteral("atlas")).isEmpty() &&
+           !propertyOf(section.body, QStringLiteral("region")).isEmpty();
+}
+
+SheetRegion regionOf(const Section& section)
+{
+    const QRect margin = rectOf(propertyOf(section.body, QStringLiteral("margin")));
+    const QString id = wordOf(section.head, QStringLiteral("id"));
+    SheetRegion region;
+    region.name = id.isEmpty() ? QStringLiteral("resource") : id;
+    region.place = rectOf(propertyOf(section.body, QStringLiteral("region")));
+    region.offset = margin.isNull() ? QPoint() : margin.topLeft();
+    region.whole = region.place.size() + (margin.isNull() ? QSize(0, 0) : margin.size());
+    return region;
+}
+
+} // namespace
+
+UT_Result<std::vector<Sheet>> parseAtlasGodot(const QByteArray& bytes)
+{
+    const std::vector<Section> sections = sectionsOf(QString::fromUtf8(bytes));
+    QHash<QString, QString> pages;
+    QHash<QString, QString> animations;
+    for (const Section& section : sections) {
+        if (section.head.startsWith(QLatin1String("ext_resource")))
+            pages.insert(wordOf(section.head, QStringLiteral("id")), wordOf(section.head, QStringLiteral("path")));
+        if (section.head == QLatin1String("resource"))
+            animations = animationsOf(section.body);
+    }
+    std::vector<Sheet> sheets;
+    for (const Section& section : sections) {
+        if (!isRegion(section))
+            continue;
+        const QString page = pages.value(referenceOf(propertyOf(section.body, QStringLiteral("atlas"))));
+        if (page.isEmpty())
+            return UT_Error{QStringLiteral("the region \"%1\" names a page that is not in the file")
+                                .arg(wordOf(section.head, QStringLiteral("id")))};
+        auto sheet = std::ranges::find(sheets, page, &Sheet::page);
+        if (sheet == sheets.end())
+            sheet = sheets.insert(sheets.end(), {page, {}});
+        sheet->regions.push_back(regionOf(section));
+        sheet->regions.back().animation = animations.value(sheet->regions.back().name);
+    }
+    if (sheets.empty())
+        return UT_Error{QStringLiteral("it has no AtlasTexture; SpriteFrames of whole pictures need no atlas")};
+    return sheets;
+}

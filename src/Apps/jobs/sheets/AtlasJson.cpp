@@ -1,0 +1,105 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Frames are an object with names or an array with "filename".
+#include "jobs/sheets/AtlasJson.h"
+
+#include "jobs/sheets/AnimationNames.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace {
+
+QRect rectOf(const QJsonObject& object)
+{
+    return {object[QLatin1String("x")].toInt(), object[QLatin1String("y")].toInt(), object[QLatin1String("w")].toInt(),
+            object[QLatin1String("h")].toInt()};
+}
+
+SheetRegion regionOf(const QString& name, const QJsonObject& object)
+{
+    SheetRegion region;
+    region.name = name;
+    region.place = rectOf(object[QLatin1String("frame")].toObject());
+    region.whole = region.place.size();
+    if (object[QLatin1String("rotated")].toBool()) {
+        region.quarterTurns = 1;
+        region.place.setSize(region.place.size().transposed());
+    }
+    if (object[QLatin1String("trimmed")].toBool()) {
+        region.offset = rectOf(object[QLatin1String("spriteSourceSize")].toObject()).topLeft();
+        const QRect source = rectOf(object[QLatin1String("sourceSize")].toObject());
+        region.whole = source.size();
+    }
+    return region;
+}
+
+std::vector<SheetRegion> regionsOf(const QJsonValue& frames)
+{
+    std::vector<SheetRegion> regions;
+    if (frames.isObject()) {
+        const QJsonObject named = frames.toObject();
+        for (auto it = named.begin(); it != named.end(); ++it)
+            regions.push_back(regionOf(it.key(), it.value().toObject()));
+    }
+    for (const QJsonValue& frame : frames.toArray())
+        regions.push_back(regionOf(frame[QLatin1String("filename")].toString(), frame.toObject()));
+    return regions;
+}
+
+// Aseprite's tags name the frames from one number to another, in the order of the array.
+void nameTags(std::vector<SheetRegion>& regions, const QJsonArray& tags)
+{
+    for (const QJsonValue& tag : tags) {
+        const int from = std::max(0, tag[QLatin1String("from")].toInt());
+        const int to = std::min(tag[QLatin1String("to")].toInt(-1), static_cast<int>(regions.size()) - 1);
+        for (int i = from; i <= to; ++i)
+            regions[static_cast<std::size_t>(i)].animation = tag[QLatin1String("name")].toString();
+    }
+}
+
+UT_Result<Sheet> sheetOf(const QJsonValue& frames, const QJsonValue& image, const QJsonArray& tags)
+{
+    Sheet sheet{image.toString(), regionsOf(frames)};
+    if (sheet.page.isEmpty())
+        return UT_Error{QStringLiteral("it names no page (\"image\"); export it together with its picture")};
+    if (sheet.regions.empty())
+        return UT_Error{QStringLiteral("it has no \"frames\" for the page %1").arg(sheet.page)};
+    nameAnimations(sheet.regions);
+    // The hash has lost the order that tags count in; there the frames' names say what belongs together.
+    if (frames.isArray())
+        nameTags(sheet.regions, tags);
+    return sheet;
+}
+
+} // namespace
+
+UT_Result<std::vector<Sheet>> parseAtlasJson(const QByteArray& bytes)
+{
+    QJsonParseError problem;
+    const QJsonDocument document = QJsonDocument::fromJson(bytes, &problem);
+    if (document.isNull())
+        return UT_Error{QStringLiteral("it is no JSON: %1 at byte %2").arg(problem.errorString()).arg(problem.offset)};
+    const QJsonObject root = document.object();
+    std::vector<Sheet> sheets;
+    const auto add = [&](const QJsonValue& frames, const QJsonValue& image, const QJsonArray& tags) -> UT_Result<void> {
+        UT_Result<Sheet> sheet = sheetOf(frames, image, tags);
+        if (!sheet)
+            return sheet.error();
+        sheets.push_back(std::move(*sheet));
+        return {};
+    };
+    const QJsonArray textures = root[QLatin1String("textures")].toArray();
+    for (const QJsonValue& texture : textures)
+        if (UT_Result<void> added = add(texture[QLatin1String("frames")], texture[QLatin1String("image")], {}); !added)
+            return added.error();
+    if (textures.isEmpty()) {
+        const QJsonValue meta = root[QLatin1String("meta")];
+        if (UT_Result<void> added = add(root[QLatin1String("frames")], meta[QLatin1String("image")],
+                                        meta[QLatin1String("frameTags")].toArray());
+            !added)
+            return added.error();
+    }
+    return sheets;
+}

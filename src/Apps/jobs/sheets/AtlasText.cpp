@@ -1,0 +1,145 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// A line with a colon is a property of what was named last, any other line a name: of a page at the beginning and after
+// an empty line, else of a region.
+#include "jobs/sheets/AtlasText.h"
+
+#include "jobs/sheets/AnimationNames.h"
+
+#include <QStringList>
+
+#include <array>
+#include <optional>
+#include <utility>
+
+namespace {
+
+// A region's properties as they are said.
+struct Said
+{
+    QString name;
+    QRect bounds;
+    QPoint offset; // from the lower left
+    QSize whole;
+    int degrees = 0;
+    int index = -1;
+};
+
+std::array<int, 4> numbersOf(const QString& value)
+{
+    std::array<int, 4> numbers{};
+    const QStringList parts = value.split(QLatin1Char(','));
+    for (qsizetype i = 0; i < std::min<qsizetype>(4, parts.size()); ++i)
+        numbers[static_cast<std::size_t>(i)] = parts[i].trimmed().toInt();
+    return numbers;
+}
+
+int degreesOf(const QString& value)
+{
+    return value == QLatin1String("true") ? 90 : value.toInt();
+}
+
+void take(Said& said, const QString& key, const QString& value)
+{
+    const auto [a, b, c, d] = numbersOf(value);
+    if (key == QLatin1String("bounds"))
+        said.bounds = {a, b, c, d};
+    else if (key == QLatin1String("xy"))
+        said.bounds.moveTopLeft({a, b});
+    else if (key == QLatin1String("size"))
+        said.bounds.setSize({a, b});
+    else if (key == QLatin1String("offsets")) {
+        said.offset = {a, b};
+        said.whole = {c, d};
+    } else if (key == QLatin1String("offset"))
+        said.offset = {a, b};
+    else if (key == QLatin1String("orig"))
+        said.whole = {a, b};
+    else if (key == QLatin1String("rotate"))
+        said.degrees = degreesOf(value);
+    else if (key == QLatin1String("index"))
+        said.index = value.toInt();
+}
+
+UT_Result<SheetRegion> regionOf(const Said& said)
+{
+    if (said.degrees % 90 != 0)
+        return UT_Error{QStringLiteral("the region \"%1\" is turned by %2 degrees; quarter turns can be read")
+                            .arg(said.name)
+                            .arg(said.degrees)};
+    SheetRegion region;
+    region.name = said.index < 0 ? said.name : QStringLiteral("%1_%2").arg(said.name).arg(said.index);
+    region.quarterTurns = ((-said.degrees / 90) % 4 + 4) % 4;
+    const QSize trimmed = said.bounds.size();
+    region.place = QRect(said.bounds.topLeft(), region.quarterTurns % 2 == 0 ? trimmed : trimmed.transposed());
+    region.whole = said.whole.isEmpty() ? trimmed : said.whole;
+    region.offset = {said.offset.x(), region.whole.height() - said.offset.y() - trimmed.height()};
+    return region;
+}
+
+class Reader
+{
+public:
+    UT_Result<void> take(const QString& line)
+    {
+        if (line.isEmpty()) {
+            _expectsPage = true;
+            return endRegion();
+        }
+        const qsizetype colon = line.indexOf(QLatin1Char(':'));
+        if (colon < 0)
+            return takeName(line);
+        if (_said)
+            ::take(*_said, line.left(colon).trimmed(), line.mid(colon + 1).trimmed());
+        return {};
+    }
+
+    UT_Result<void> endRegion()
+    {
+        if (!_said)
+            return {};
+        const UT_Result<SheetRegion> region = regionOf(*_said);
+        _said.reset();
+        if (!region)
+            return region.error();
+        _sheets.back().regions.push_back(*region);
+        return {};
+    }
+
+    std::vector<Sheet> takeSheets() { return std::move(_sheets); }
+
+private:
+    UT_Result<void> takeName(const QString& name)
+    {
+        if (UT_Result<void> ended = endRegion(); !ended)
+            return ended;
+        if (std::exchange(_expectsPage, false))
+            _sheets.push_back({name, {}});
+        else
+            _said = Said{.name = name, .bounds = {}, .offset = {}, .whole = {}};
+        return {};
+    }
+
+    std::vector<Sheet> _sheets;
+    std::optional<Said> _said;
+    bool _expectsPage = true;
+};
+
+} // namespace
+
+UT_Result<std::vector<Sheet>> parseAtlasText(const QByteArray& bytes)
+{
+    Reader reader;
+    for (const QString& line : QString::fromUtf8(bytes).split(QLatin1Char('\n')))
+        if (UT_Result<void> taken = reader.take(line.trimmed()); !taken)
+            return taken.error();
+    if (UT_Result<void> ended = reader.endRegion(); !ended)
+        return ended.error();
+    std::vector<Sheet> sheets = reader.takeSheets();
+    std::erase_if(sheets, [](const Sheet& sheet) { return sheet.regions.empty(); });
+    if (sheets.empty())
+        return UT_Error{QStringLiteral("it names no page with regions; is it an atlas of libGDX or Spine?")};
+    for (Sheet& sheet : sheets)
+        nameAnimations(sheet.regions);
+    return sheets;
+}

@@ -1,0 +1,118 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The kind follows from the file's name; pages are looked for where the kind says.
+#include "jobs/sheets/ReadAtlas.h"
+
+#include "jobs/sheets/AtlasGodot.h"
+#include "jobs/sheets/AtlasJson.h"
+#include "jobs/sheets/AtlasText.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+
+#include <array>
+
+namespace {
+
+// No atlas that anybody packs is larger.
+constexpr qint64 kMostBytes = 64 * 1024 * 1024;
+
+struct Kind
+{
+    const char* suffix;
+    UT_Result<std::vector<Sheet>> (*parse)(const QByteArray&);
+};
+
+constexpr std::array kKinds{Kind{"json", parseAtlasJson}, Kind{"atlas", parseAtlasText}, Kind{"tres", parseAtlasGodot}};
+
+UT_Result<const Kind*> kindOf(const QString& path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    for (const Kind& kind : kKinds)
+        if (suffix == QLatin1String(kind.suffix))
+            return &kind;
+    return UT_Error{
+        QStringLiteral("%1: an atlas is a .json of Aseprite or TexturePacker, an .atlas of libGDX or Spine, "
+                       "or a .tres of Godot")
+            .arg(path)};
+}
+
+UT_Result<QByteArray> bytesOf(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return UT_Error{QStringLiteral("%1: %2").arg(path, file.errorString())};
+    if (file.size() > kMostBytes)
+        return UT_Error{QStringLiteral("%1: an atlas of more than 64 MB is not read").arg(path)};
+    return file.readAll();
+}
+
+// The folder that res:// stands for: that of the project's file, at or above the atlas.
+QDir projectOf(const QString& path)
+{
+    QDir folder = QFileInfo(path).absoluteDir();
+    QDir up = folder;
+    do {
+        if (up.exists(QStringLiteral("project.godot")))
+            return up;
+    } while (up.cdUp());
+    return folder;
+}
+
+UT_Result<QString> pageFile(const QString& path, const QString& name)
+{
+    const QDir beside = QFileInfo(path).dir();
+    static const QString res = QStringLiteral("res://");
+    const QString file = name.startsWith(res) ? projectOf(path).filePath(name.mid(res.size())) : beside.filePath(name);
+    const QString found = QFileInfo(file).isFile() ? file : beside.filePath(QFileInfo(name).fileName());
+    if (!QFileInfo(found).isFile())
+        return UT_Error{QStringLiteral("%1: its page %2 is missing; it is looked for at %3").arg(path, name, file)};
+    return QDir::cleanPath(found);
+}
+
+} // namespace
+
+UT_Result<std::vector<Sheet>> readAtlas(const QString& path)
+{
+    const UT_Result<const Kind*> kind = kindOf(path);
+    if (!kind)
+        return kind.error();
+    const UT_Result<QByteArray> bytes = bytesOf(path);
+    if (!bytes)
+        return bytes.error();
+    UT_Result<std::vector<Sheet>> sheets = (*kind)->parse(*bytes);
+    if (!sheets)
+        return sheets.error().at(path);
+    for (Sheet& sheet : *sheets) {
+        const UT_Result<QString> page = pageFile(path, sheet.page);
+        if (!page)
+            return page.error();
+        sheet.page = *page;
+    }
+    return sheets;
+}
+
+UT_Result<QByteArray> atlasOfMaps(const QString& path, const QStringList& names)
+{
+    UT_Result<QByteArray> bytes = bytesOf(path);
+    if (!bytes)
+        return bytes;
+    const UT_Result<const Kind*> kind = kindOf(path);
+    const UT_Result<std::vector<Sheet>> sheets = kind ? (*kind)->parse(*bytes) : kind.error();
+    if (!sheets)
+        return sheets.error().at(path);
+    for (std::size_t i = 0; i < sheets->size() && static_cast<qsizetype>(i) < names.size(); ++i) {
+        const QString& page = (*sheets)[i].page;
+        const qsizetype slash = page.lastIndexOf(QLatin1Char('/'));
+        const QString map = page.left(slash + 1) + names[static_cast<qsizetype>(i)];
+        // Names stand quoted, or, in .atlas files, as a line of their own.
+        bytes->replace('"' + page.toUtf8() + '"', '"' + map.toUtf8() + '"');
+        if (bytes->startsWith(page.toUtf8() + '\n') || bytes->startsWith(page.toUtf8() + '\r'))
+            bytes->replace(0, page.toUtf8().size(), map.toUtf8());
+        bytes->replace('\n' + page.toUtf8() + '\n', '\n' + map.toUtf8() + '\n');
+        bytes->replace('\n' + page.toUtf8() + "\r\n", '\n' + map.toUtf8() + "\r\n");
+    }
+    return bytes;
+}

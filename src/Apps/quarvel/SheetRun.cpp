@@ -1,0 +1,185 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Read all sprites, share values among the frames of animations, render one after the other.
+#include "SheetRun.h"
+
+#include "QuarvelDrawingIO/DIO_BitmapReader.h"
+#include "QuarvelImageIO/IIO_PictureFile.h"
+#include "QuarvelNormalMap/NM_TurnVectors.h"
+#include "WritePictures.h"
+#include "jobs/drawing/ObjectNames.h"
+#include "jobs/drawing/ReadDrawing.h"
+#include "jobs/sheets/SharedForms.h"
+#include "jobs/sheets/SheetPictures.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+namespace {
+
+using Sample = std::uint16_t;
+
+struct Sprite
+{
+    const SheetRegion* region;
+    ReadDrawing read;
+};
+
+// The pages that come of a page, by their files.
+class Pages
+{
+public:
+    Pages(const QSize& size, const NormalMapOptions& options) : _size(size), _options(options) {}
+
+    UT_Result<void> lay(PictureKind kind, const QString& file, IIO_Picture sprite, const SheetRegion& region)
+    {
+        const NM_MapForm form = mapFormFor(_options, file);
+        if (kind == PictureKind::NORMAL_MAP)
+            NM_turnVectors(sprite, region.quarterTurns, form.yAxis);
+        auto page = _pages.find(file);
+        if (page == _pages.end()) {
+            UT_Result<IIO_Picture> empty = emptyPage(sprite, _size, blank(kind, sprite, form));
+            if (!empty)
+                return empty.error();
+            page = _pages.emplace(file, std::pair{kind, std::move(*empty)}).first;
+        }
+        layOntoPage(sprite, region, page->second.second);
+        return {};
+    }
+
+    UT_Result<void> write(const QString& source)
+    {
+        for (auto& [file, page] : _pages) {
+            auto& [kind, picture] = page;
+            if (UT_Result<void> written = kind == PictureKind::NORMAL_MAP
+                                              ? writeMap(std::move(picture), file, _options, source)
+                                              : writePicture(std::move(picture), file, _options, source);
+                !written)
+                return written;
+        }
+        return {};
+    }
+
+private:
+    // What lies between the sprites: nothing, and on maps a surface that faces the viewer.
+    static std::vector<Sample> blank(PictureKind kind, const IIO_Picture& sprite, const NM_MapForm& form)
+    {
+        constexpr Sample kFull = 65535;
+        if (kind != PictureKind::NORMAL_MAP)
+            return std::vector<Sample>(static_cast<std::size_t>(sprite.channelCount()), 0);
+        const Sample zero = form.bits == 8 ? 128 * 257 : 32768;
+        return {zero, zero, kFull, form.alpha == NM_Alpha::FULL ? kFull : Sample{0}};
+    }
+
+    QSize _size;
+    const NormalMapOptions& _options;
+    std::map<QString, std::pair<PictureKind, IIO_Picture>> _pages;
+};
+
+UT_Result<void> checkOptions(const NormalMapOptions& options, const OutputFiles& files)
+{
+    if (options.nodeLayout)
+        return UT_Error{QStringLiteral("--layout node is not written for sheets")};
+    if (options.settings.size)
+        return UT_Error{QStringLiteral("a sheet's pictures have the sheet's own size; leave out --size")};
+    for (const QString& file : {files.normalMap, files.elevation, files.lit, files.drawing})
+        if (!file.isEmpty() && IIO_isFloatFile(file))
+            return UT_Error{QStringLiteral("%1: the pictures of a sheet are written as .png").arg(file)};
+    return {};
+}
+
+// Of regions at the same place the first stands for all.
+std::vector<const SheetRegion*> places(const std::vector<SheetRegion>& regions)
+{
+    std::vector<const SheetRegion*> different;
+    std::set<std::pair<int, int>> taken;
+    for (const SheetRegion& region : regions)
+        if (taken.emplace(region.place.x(), region.place.y()).second)
+            different.push_back(&region);
+    return different;
+}
+
+std::vector<Sprite> spritesOf(const QImage& page, const std::vector<SheetRegion>& regions, const FormSettings& form)
+{
+    std::vector<Sprite> sprites;
+    for (const SheetRegion* const region : places(regions)) {
+        const QImage image = spriteOf(page, *region);
+        if (!isTransparent(image))
+            sprites.push_back({region, chosenDrawing(DIO_bitmapDrawing(image, region->name), form)});
+    }
+    return sprites;
+}
+
+void shareWithinAnimations(std::vector<Sprite>& sprites)
+{
+    std::map<QString, std::vector<ReadDrawing*>> animations;
+    for (Sprite& sprite : sprites)
+        if (!sprite.region->animation.isEmpty())
+            animations[sprite.region->animation].push_back(&sprite.read);
+    for (auto& [name, frames] : animations)
+        shareForms(frames);
+}
+
+UT_Result<void> render(const Sprite& sprite, const NormalMapOptions& options, const OutputFiles& files, Pages& pages)
+{
+    QStringList names;
+    for (const LayeredDrawing::Layer& layer : sprite.read.drawing.layers)
+        names << layer.name;
+    const auto wishes = withNumberedObjects(options.settings, names);
+    if (!wishes)
+        return wishes.error();
+    NormalMapSettings settings = options.settings;
+    static_cast<ObjectWishes&>(settings) = *wishes;
+    const auto frame = renderNormalMap(sprite.read.drawing, settings, wantedPictures(options, files));
+    if (!frame)
+        return frame.error();
+    return makePictures(*frame, options, files, [&](PictureKind kind, const QString& file, IIO_Picture picture) {
+        return pages.lay(kind, file, std::move(picture), *sprite.region);
+    });
+}
+
+UT_Result<std::vector<SheetRegion>> regionsFor(const QSize& page, const std::vector<SheetRegion>& regions,
+                                               const NormalMapOptions& options)
+{
+    if (!options.cells)
+        return regions;
+    UT_Result<std::vector<SheetRegion>> cells = cellsOf(page, *options.cells);
+    if (cells && options.animation)
+        for (SheetRegion& cell : *cells)
+            cell.animation = QStringLiteral("all");
+    return cells;
+}
+
+} // namespace
+
+UT_Result<SheetResult> runSheet(const QString& page, const std::vector<SheetRegion>& regions,
+                                const NormalMapOptions& options, const OutputFiles& files, const JobProgress& progress)
+{
+    if (UT_Result<void> checked = checkOptions(options, files); !checked)
+        return checked.error();
+    SheetResult result;
+    const UT_Result<QImage> image = DIO_readImage(page, result.warnings);
+    if (!image)
+        return image.error();
+    const UT_Result<std::vector<SheetRegion>> all = regionsFor(image->size(), regions, options);
+    if (!all)
+        return all.error();
+    if (UT_Result<void> checked = checkRegions(*all, image->size()); !checked)
+        return checked.error();
+    std::vector<Sprite> sprites = spritesOf(*image, *all, options.settings.form);
+    if (sprites.empty())
+        return UT_Error{QStringLiteral("none of its %1 sprites shows anything").arg(all->size())};
+    shareWithinAnimations(sprites);
+    Pages pages(image->size(), options);
+    for (const Sprite& sprite : sprites) {
+        if (UT_Result<void> rendered = render(sprite, options, files, pages); !rendered)
+            return rendered.error().at(QStringLiteral("\"%1\"").arg(sprite.region->name));
+        ++result.sprites;
+        if (progress)
+            progress(static_cast<double>(result.sprites) / static_cast<double>(sprites.size()));
+    }
+    if (UT_Result<void> written = pages.write(page); !written)
+        return written.error();
+    return result;
+}

@@ -1,0 +1,66 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The program as people run it, in a folder that goes with the test.
+#pragma once
+
+#include "QuarvelImageIO/IIO_PictureFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+/// What came of a run.
+struct Outcome
+{
+    int exitCode;
+    std::string output;
+    std::string messages;
+};
+
+/// Runs the program in a folder of its own.
+class Program : public testing::Test
+{
+protected:
+    void write(const char* name, const QByteArray& content) const
+    {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(content), content.size());
+    }
+
+    QString path(const char* name) const { return QDir(_folder.path()).filePath(QString::fromUtf8(name)); }
+    bool exists(const char* name) const { return QFile::exists(path(name)); }
+    QStringList filesThere() const
+    {
+        return QDir(_folder.path()).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
+    }
+
+    Outcome run(const QString& program, const QStringList& words) const
+    {
+        QProcess process;
+        process.setWorkingDirectory(_folder.path());
+        process.start(program, words);
+        EXPECT_TRUE(process.waitForFinished(120'000)) << process.errorString().toStdString();
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        return {process.exitCode(), process.readAllStandardOutput().toStdString(),
+                process.readAllStandardError().toStdString()};
+    }
+
+    Outcome quarvel(const char* words) const
+    {
+        return run(QStringLiteral(QUARVEL_PROGRAM), QString::fromUtf8(words).split(QLatin1Char(' ')));
+    }
+
+    IIO_Picture read(const char* name) const
+    {
+        UT_Result<IIO_Picture> picture = IIO_read(path(name));
+        EXPECT_TRUE(picture) << picture.error().text.toStdString();
+        return std::move(*picture);
+    }
+
+private:
+    QTemporaryDir _folder;
+};

@@ -1,0 +1,242 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Pages of many sprites: each region is the sprite rendered alone, to the bit, wherever and however it lies.
+#include "ProgramFixture.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <gmock/gmock.h>
+
+using testing::AllOf;
+using testing::HasSubstr;
+
+namespace {
+
+using U16 = std::uint16_t;
+using Pixel = std::array<U16, 4>;
+
+// 24 x 16 pixels, of which 17 x 12 from 3, 2 on show anything; no two of its sides are alike.
+QImage sprite()
+{
+    QImage image(24, 16, QImage::Format_ARGB32);
+    image.fill(0);
+    QPainter painter(&image);
+    painter.fillRect(3, 2, 12, 12, QColor(200, 80, 40));
+    painter.fillRect(15, 5, 5, 4, QColor(40, 80, 200));
+    return image;
+}
+
+constexpr QRect kTrimmed(3, 2, 17, 12);
+
+Pixel pixelAt(const IIO_Picture& picture, int x, int y)
+{
+    Pixel pixel{};
+    std::copy_n(picture.row<U16>(y).begin() + std::ptrdiff_t{4} * x, 4, pixel.begin());
+    return pixel;
+}
+
+U16 negated(U16 sample)
+{
+    return sample == 32768 ? sample : static_cast<U16>(65535 - sample);
+}
+
+class SheetProgram : public Program
+{
+protected:
+    void save(const char* name, const QImage& image) const { ASSERT_TRUE(image.save(path(name))); }
+
+    // A page with the sprite as it is, turned clockwise, and turned counter-clockwise.
+    void savePage() const
+    {
+        const QImage trimmed = sprite().copy(kTrimmed);
+        QImage page(64, 32, QImage::Format_ARGB32);
+        page.fill(0);
+        QPainter painter(&page);
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        painter.drawImage(1, 1, trimmed);
+        painter.drawImage(24, 1, trimmed.transformed(QTransform().rotate(90)));
+        painter.drawImage(40, 1, trimmed.transformed(QTransform().rotate(-90)));
+        painter.end();
+        save("page.png", page);
+        save("alone.png", sprite());
+    }
+
+    static void expectStraight(const IIO_Picture& page, const IIO_Picture& alone)
+    {
+        for (int y = 0; y < kTrimmed.height(); ++y)
+            for (int x = 0; x < kTrimmed.width(); ++x)
+                ASSERT_EQ(pixelAt(page, 1 + x, 1 + y), pixelAt(alone, 3 + x, 2 + y)) << x << ", " << y;
+    }
+};
+
+const char* const kJson = R"({"frames": [
+  {"filename": "straight", "frame": {"x": 1, "y": 1, "w": 17, "h": 12}, "rotated": false, "trimmed": true,
+   "spriteSourceSize": {"x": 3, "y": 2, "w": 17, "h": 12}, "sourceSize": {"w": 24, "h": 16}},
+  {"filename": "turned", "frame": {"x": 24, "y": 1, "w": 17, "h": 12}, "rotated": true, "trimmed": true,
+   "spriteSourceSize": {"x": 3, "y": 2, "w": 17, "h": 12}, "sourceSize": {"w": 24, "h": 16}}],
+  "meta": {"image": "page.png"}})";
+
+// Offsets count from the lower left: 16 - 2 - 12 is 2.
+const char* const kAtlas = "page.png\nsize: 64, 32\nstraight\n  bounds: 1, 1, 17, 12\n  offsets: 3, 2, 24, 16\n"
+                           "turned\n  rotate: 90\n  bounds: 40, 1, 17, 12\n  offsets: 3, 2, 24, 16\n";
+
+} // namespace
+
+TEST_F(SheetProgram, EveryCellIsTheSpriteRenderedAlone)
+{
+    QImage page(24 * 3 + 2 * 2 + 2, 16 + 2, QImage::Format_ARGB32);
+    page.fill(0);
+    QPainter painter(&page);
+    for (int i = 0; i < 3; ++i)
+        painter.drawImage(1 + 26 * i, 1, sprite());
+    painter.end();
+    save("page.png", page);
+    save("alone.png", sprite());
+    const Outcome outcome = quarvel("normalmap page.png --cells 24x16 --margin 1 --spacing 2 --lit lit.png");
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.messages;
+    EXPECT_THAT(outcome.output, HasSubstr("sprites: 3"));
+    ASSERT_EQ(quarvel("normalmap alone.png --lit alone_lit.png").exitCode, 0);
+    for (const auto& [ofPage, ofSprite] : {std::pair{"page_n.png", "alone_n.png"}, {"lit.png", "alone_lit.png"}}) {
+        const IIO_Picture map = read(ofPage);
+        const IIO_Picture alone = read(ofSprite);
+        ASSERT_EQ(map.width(), page.width());
+        ASSERT_EQ(map.height(), page.height());
+        for (int i = 0; i < 3; ++i)
+            for (int y = 0; y < 16; ++y)
+                for (int x = 0; x < 24; ++x)
+                    ASSERT_EQ(pixelAt(map, 1 + 26 * i + x, 1 + y), pixelAt(alone, x, y)) << i << ": " << x << ", " << y;
+    }
+    EXPECT_EQ(pixelAt(read("page_n.png"), 0, 0), (Pixel{32768, 32768, 65535, 65535})) << "between the cells it is flat";
+}
+
+TEST_F(SheetProgram, TurnsVectorsWithSpritesThatAnAtlasTurned)
+{
+    savePage();
+    write("page.json", kJson);
+    const Outcome outcome = quarvel("normalmap --atlas page.json");
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.messages;
+    ASSERT_EQ(quarvel("normalmap alone.png").exitCode, 0);
+    const IIO_Picture page = read("page_n.png");
+    const IIO_Picture alone = read("alone_n.png");
+    expectStraight(page, alone);
+    for (int y = 0; y < kTrimmed.height(); ++y)
+        for (int x = 0; x < kTrimmed.width(); ++x) {
+            // Clockwise: the upper left corner is the upper right one, and what faced right faces down.
+            const Pixel was = pixelAt(alone, 3 + x, 2 + y);
+            ASSERT_EQ(pixelAt(page, 24 + 11 - y, 1 + x), (Pixel{was[1], negated(was[0]), was[2], was[3]}));
+        }
+    QFile atlas(path("page_n.json"));
+    ASSERT_TRUE(atlas.open(QIODevice::ReadOnly));
+    EXPECT_THAT(atlas.readAll().toStdString(), HasSubstr("\"page_n.png\""));
+}
+
+TEST_F(SheetProgram, ReadsWhatSpinePacked)
+{
+    savePage();
+    write("page.atlas", kAtlas);
+    const Outcome outcome = quarvel("normalmap --atlas page.atlas --y down");
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.messages;
+    ASSERT_EQ(quarvel("normalmap alone.png --y down").exitCode, 0);
+    const IIO_Picture page = read("page_n.png");
+    const IIO_Picture alone = read("alone_n.png");
+    expectStraight(page, alone);
+    for (int y = 0; y < kTrimmed.height(); ++y)
+        for (int x = 0; x < kTrimmed.width(); ++x) {
+            // Counter-clockwise: the upper left corner is the lower left one, and what faced right faces up, which is
+            // negative here.
+            const Pixel was = pixelAt(alone, 3 + x, 2 + y);
+            ASSERT_EQ(pixelAt(page, 40 + y, 1 + 16 - x), (Pixel{was[1], negated(was[0]), was[2], was[3]}));
+        }
+}
+
+TEST_F(SheetProgram, GivesTheFramesOfAnAnimationOneSetOfValues)
+{
+    // Discs of other sizes: alone each is rounded by its own breadth.
+    QImage page(64, 32, QImage::Format_ARGB32);
+    page.fill(0);
+    QPainter painter(&page);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::white);
+    painter.drawEllipse(4, 4, 24, 24);
+    painter.drawEllipse(32 + 10, 10, 12, 12);
+    painter.end();
+    save("page.png", page);
+    ASSERT_EQ(quarvel("normalmap page.png --cells 32 -o own.png").exitCode, 0);
+    ASSERT_EQ(quarvel("normalmap page.png --cells 32 --animation -o shared.png").exitCode, 0);
+    const auto differs = [&](int from) {
+        const IIO_Picture own = read("own.png");
+        const IIO_Picture shared = read("shared.png");
+        for (int y = 0; y < 32; ++y)
+            for (int x = from; x < from + 32; ++x)
+                if (pixelAt(own, x, y) != pixelAt(shared, x, y))
+                    return true;
+        return false;
+    };
+    EXPECT_NE(differs(0), differs(32)) << "one of the two lends its values to the other";
+}
+
+TEST_F(SheetProgram, WritesMapsForMirroredSprites)
+{
+    save("alone.png", sprite());
+    ASSERT_EQ(quarvel("normalmap alone.png --flips").exitCode, 0);
+    const Pixel map = pixelAt(read("alone_n.png"), 3, 8);
+    ASSERT_NE(map[0], 32768);
+    EXPECT_EQ(pixelAt(read("alone_n_flipx.png"), 3, 8), (Pixel{negated(map[0]), map[1], map[2], map[3]}));
+    EXPECT_EQ(pixelAt(read("alone_n_flipy.png"), 3, 8), (Pixel{map[0], negated(map[1]), map[2], map[3]}));
+}
+
+TEST_F(SheetProgram, LetsTheEdgesOfATileMeet)
+{
+    // A brick of 28 pixels that begins at column 30 and ends at column 10 of the next tile.
+    QImage tile(48, 24, QImage::Format_ARGB32);
+    tile.fill(0);
+    QPainter painter(&tile);
+    painter.fillRect(30, 4, 18, 16, QColor(200, 120, 60));
+    painter.fillRect(0, 4, 10, 16, QColor(200, 120, 60));
+    painter.end();
+    save("tile.png", tile);
+    ASSERT_EQ(quarvel("normalmap tile.png --tile x --pad 0").exitCode, 0);
+    const IIO_Picture map = read("tile_n.png");
+    ASSERT_EQ(map.width(), 48);
+    ASSERT_EQ(map.height(), 24);
+    const auto lean = [&](int x) { return pixelAt(map, x, 12)[0] - 32768; };
+    EXPECT_LT(lean(30), -8000) << "the brick's left end leans left";
+    EXPECT_GT(lean(9), 8000) << "its right end leans right";
+    EXPECT_NEAR(lean(30), -lean(9), 300) << "as much";
+    // Its middle is column 44; on either side of the border, at 47 and 0, it has begun to fall.
+    EXPECT_NEAR(lean(43), -lean(44), 300);
+    EXPECT_GE(lean(0), lean(47));
+    EXPECT_LT(lean(0) - lean(47), lean(9) / 2) << "no step at the border";
+}
+
+TEST_F(SheetProgram, SaysWhatIsWrongWithAnAtlasAndWritesNothing)
+{
+    savePage();
+    const auto refused = [&](const char* json) {
+        write("bad.json", json);
+        const QStringList before = filesThere();
+        const Outcome outcome = quarvel("normalmap --atlas bad.json");
+        EXPECT_EQ(outcome.exitCode, 1);
+        EXPECT_EQ(filesThere(), before);
+        return outcome.messages;
+    };
+    EXPECT_THAT(
+        refused(R"({"frames": {"a": {"frame": {"x": 60, "y": 0, "w": 9, "h": 9}}}, "meta": {"image": "page.png"}})"),
+        AllOf(HasSubstr("\"a\""), HasSubstr("leaves the page"), HasSubstr("64 x 32")));
+    EXPECT_THAT(refused(R"({"frames": {"a": {"frame": {"x": 0, "y": 0, "w": 9, "h": 9}},
+                                       "b/c": {"frame": {"x": 8, "y": 0, "w": 9, "h": 9}}}, "meta": {"image": "page.png"}})"),
+                AllOf(HasSubstr("\"b/c\""), HasSubstr("overlap")));
+    EXPECT_THAT(
+        refused(R"({"frames": {"a": {"frame": {"x": 0, "y": 0, "w": 0, "h": 0}}}, "meta": {"image": "page.png"}})"),
+        HasSubstr("no pixels"));
+    EXPECT_THAT(
+        refused(R"({"frames": {"a": {"frame": {"x": 0, "y": 0, "w": 1, "h": 1}}}, "meta": {"image": "gone.png"}})"),
+        HasSubstr("gone.png is missing"));
+    EXPECT_THAT(refused("{\"frames\": "), HasSubstr("bad.json"));
+    EXPECT_EQ(quarvel("normalmap page.png --atlas page.json").exitCode, 2);
+    EXPECT_EQ(quarvel("normalmap page.png --margin 2").exitCode, 2);
+    EXPECT_EQ(quarvel("normalmap page.png --cells 8 --tile x").exitCode, 2);
+    EXPECT_EQ(quarvel("normalmap page.png --cells 100").exitCode, 1);
+    EXPECT_EQ(quarvel("normalmap page.png --cells 8 -o page_n.exr").exitCode, 1);
+}
