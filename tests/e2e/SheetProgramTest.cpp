@@ -119,6 +119,7 @@ TEST_F(SheetProgram, TurnsVectorsWithSpritesThatAnAtlasTurned)
     ASSERT_EQ(quarvel("normalmap alone.png").exitCode, 0);
     const IIO_Picture page = read("page_n.png");
     const IIO_Picture alone = read("alone_n.png");
+    EXPECT_NE(pixelAt(alone, 3, 8)[0], 32768) << "the sprite has volume";
     expectStraight(page, alone);
     for (int y = 0; y < kTrimmed.height(); ++y)
         for (int x = 0; x < kTrimmed.width(); ++x) {
@@ -174,6 +175,19 @@ TEST_F(SheetProgram, GivesTheFramesOfAnAnimationOneSetOfValues)
         return false;
     };
     EXPECT_NE(differs(0), differs(32)) << "one of the two lends its values to the other";
+}
+
+TEST_F(SheetProgram, ShowsEveryPartOfASpriteOfSeveralColours)
+{
+    save("alone.png", sprite());
+    ASSERT_EQ(quarvel("normalmap alone.png --drawing drawing.png --alpha coverage").exitCode, 0);
+    const QImage shown(path("drawing.png"));
+    const IIO_Picture map = read("alone_n.png");
+    for (int y = 0; y < 16; ++y)
+        for (int x = 0; x < 24; ++x) {
+            EXPECT_EQ(shown.pixel(x, y), sprite().pixel(x, y)) << x << ", " << y;
+            EXPECT_EQ(pixelAt(map, x, y)[3], qAlpha(sprite().pixel(x, y)) * 257) << x << ", " << y;
+        }
 }
 
 TEST_F(SheetProgram, WritesMapsForMirroredSprites)

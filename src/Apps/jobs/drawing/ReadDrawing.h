@@ -26,6 +26,6 @@ ReadDrawing chosenDrawing(const DIO_Drawing& drawing, const FormSettings& form, 
 /// Reads a drawing of any kind that the program knows and chooses its objects and their form.
 ///
 /// @param tiling in which directions the drawing is laid beside itself first
-/// @return an error when the file cannot be read, is of no known kind, or holds nothing that shows, or when its folder's
-/// values make no sense; the text does not repeat the path
+/// @return an error when the file cannot be read, is of no known kind, or holds nothing that shows, or when its
+/// folder's values make no sense; the text does not repeat the path
 UT_Result<ReadDrawing> readDrawing(const QString& path, const FormSettings& form, const Tiling& tiling = {});
