@@ -70,6 +70,12 @@ void RenderService::setNode(const QString& name)
     refresh();
 }
 
+void RenderService::setPlaying(bool isPlaying)
+{
+    if (std::exchange(_playing, isPlaying) && !isPlaying)
+        request();
+}
+
 void RenderService::cancel()
 {
     ++_epoch;
@@ -143,7 +149,12 @@ void RenderService::request()
     const RenderedFramePtr quick = _quick.find(frame);
     if (quick)
         show(quick, _generation);
-    _rendering = true;
+    // Nothing better comes while the scene is played.
+    _rendering = !quick || !_playing;
+    if (!_rendering) {
+        Q_EMIT stateChanged();
+        return;
+    }
     // One at a time: what would be noted down now would not be looked at before the one that is running is done.
     if (_quickRunning && !quick)
         _again = true;
@@ -168,6 +179,7 @@ void RenderService::send(const RenderedFramePtr& ready)
                                                     .frame = _document.currentFrame(),
                                                     .size = fullSize(),
                                                     .hasQuick = ready != nullptr,
+                                                    .isQuickOnly = _playing,
                                                     .mostQuickPixels = mostQuickPixels(),
                                                     .since = std::chrono::steady_clock::now()});
     _quickRunning = !ready;
@@ -219,7 +231,7 @@ void RenderService::take(const Result& result)
         _current.reset();
         Q_EMIT frameChanged();
     }
-    if (result.isLast && isNewest)
+    if (isNewest && (result.isLast || (result.isQuick && _playing)))
         _rendering = false;
     if (_again && !_quickRunning)
         request();

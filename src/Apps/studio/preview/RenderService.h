@@ -64,8 +64,8 @@ public:
     int longestSide() const { return _longestSide; }
     /// The module to look at; an empty name: the scene's output.
     void setNode(const QString& name);
-    /// While the scene is played, quick pictures are small enough for all of its frames to be kept.
-    void setPlaying(bool isPlaying) { _playing = isPlaying; }
+    /// While the scene is played, there are quick pictures alone, small enough for all of its frames to be kept.
+    void setPlaying(bool isPlaying);
 
     /// Gives up what is being rendered; the next change begins again.
     void cancel();
@@ -89,7 +89,8 @@ private:
         std::shared_ptr<SceneSnapshot> snapshot;
         int frame = 1;
         QSize size;
-        bool hasQuick = false;        ///< a quick picture is there already
+        bool hasQuick = false; ///< a quick picture is there already
+        bool isQuickOnly = false;
         double mostQuickPixels = 0.0; ///< of a quick picture
         std::chrono::steady_clock::time_point since;
     };

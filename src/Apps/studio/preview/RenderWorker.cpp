@@ -67,7 +67,8 @@ void RenderService::renderRequest(const Request& request, const std::stop_token&
         if (isAll)
             full = made;
     }
-    if (!isWanted(request))
+    // Who waits for the next frame would wait for the full picture of this one to give way.
+    if (!isWanted(request) || request.isQuickOnly)
         return;
     if (!full && rest(request, stop))
         full = renderFull(request);
