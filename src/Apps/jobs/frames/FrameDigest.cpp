@@ -79,10 +79,11 @@ void writeSettings(const RenderFramesSettings& settings, Bytes& out)
     const auto& [format, resolution, margins] = settings.parameters;
     out << format << resolution.first << resolution.second << settings.lit;
     out << margins.left << margins.top << margins.right << margins.bottom;
-    const auto& [source, shown, layout, form, elevation, floatFile, floatRender, half, scene, node] = settings.picture;
+    const auto& [source, shown, layout, form, elevation, floatFile, floatRender, half, exr, scene, node] =
+        settings.picture;
     const auto& [yAxis, alpha, bits, pad] = form;
     out << static_cast<int>(source) << static_cast<int>(shown) << static_cast<int>(layout) << elevation << floatFile
-        << floatRender << half;
+        << floatRender << half << static_cast<int>(exr);
     out << static_cast<int>(yAxis) << static_cast<int>(alpha) << bits << pad;
 }
 
