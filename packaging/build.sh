@@ -15,7 +15,7 @@ work=$(mktemp -d "$PWD/build/package.XXXXXX")
 finish() {
     local status=$?
     [ $status -eq 0 ] || {
-        [ ! -f "$work/log" ] || tail -n 40 "$work/log" >&2
+        [ ! -f "$work/log" ] || tail -n 60 "$work/log" >&2
         echo "package: $step failed; $result is as it was" >&2
     }
     rm -rf "$work"
@@ -55,7 +55,7 @@ fi
 
 step="lintian"
 # The new packages close no report of a bug: they are in no distribution.
-lintian_words=(--fail-on warning --info --suppress-tags initial-upload-closes-no-bugs)
+lintian_words=(--fail-on warning --suppress-tags initial-upload-closes-no-bugs)
 [ "$(id -u)" -ne 0 ] || lintian_words+=(--allow-root)
 logged lintian "${lintian_words[@]}" "$work"/*.changes
 
