@@ -1,0 +1,202 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The Python module: what is given is taken out of Python's objects first, then the work is done without Python's lock.
+#include "Arrays.h"
+#include "Library.h"
+#include "QuarvelDrawingIO/DIO_BitmapReader.h"
+#include "QuarvelSceneIO/SIO_SceneFolder.h"
+#include "jobs/drawing/NormalMapJob.h"
+#include "jobs/drawing/ReadDrawing.h"
+
+#include <pybind11/pybind11.h>
+#include <pybind11/stl.h>
+#include <pybind11/stl/filesystem.h>
+
+#include <array>
+#include <filesystem>
+
+namespace py = pybind11;
+
+namespace {
+
+/// vallorin.Error
+class PythonError : public std::runtime_error
+{
+public:
+    explicit PythonError(const UT_Error& error) : std::runtime_error(error.sentence().toStdString()) {}
+};
+
+template<typename T>
+T orRaise(UT_Result<T> result)
+{
+    if (!result)
+        throw PythonError(result.error());
+    return std::move(*result);
+}
+
+void orRaise(const UT_Result<void>& result)
+{
+    if (!result)
+        throw PythonError(result.error());
+}
+
+template<std::size_t Count>
+int indexOf(const std::array<const char*, Count>& words, const std::string& word, const char* what)
+{
+    QStringList all;
+    for (std::size_t i = 0; i < Count; ++i) {
+        if (word == words[i])
+            return static_cast<int>(i);
+        all << QString::fromLatin1(words[i]);
+    }
+    throw PythonError(
+        {QStringLiteral("%1 takes %2, not \"%3\"")
+             .arg(QString::fromLatin1(what), all.join(QStringLiteral(", ")), QString::fromStdString(word))});
+}
+
+FormSettings formOf(const std::string& objects, const std::string& shape, double volume)
+{
+    constexpr std::array kObjects{"auto", "layers", "groups", "shapes", "one"};
+    constexpr std::array kShapes{"auto", "rim", "pillow", "off"};
+    if (!(volume >= 0.0 && volume <= FormSettings::kMaxVolume))
+        throw PythonError({QStringLiteral("volume takes 0 to %1, not %2").arg(FormSettings::kMaxVolume).arg(volume)});
+    return {.objects = static_cast<ObjectChoice>(indexOf(kObjects, objects, "objects")),
+            .shape = static_cast<FormShape>(indexOf(kShapes, shape, "shape")),
+            .volume = volume};
+}
+
+Maps mapsOf(const ReadDrawing& read, const NormalMapSettings& settings)
+{
+    const auto work = [&]() -> UT_Result<IIO_Picture> {
+        const auto frame = renderNormalMap(read.drawing, settings, {.elevation = true});
+        if (!frame)
+            return frame.error();
+        return layersOf(*frame);
+    };
+    return {orRaise(UT_withinMemory(QStringLiteral("this drawing"), QStringLiteral("choose a smaller size"), work)),
+            read.warnings};
+}
+
+NormalMapSettings settingsOf(const FormSettings& form, int width)
+{
+    if (width < 0)
+        throw PythonError({QStringLiteral("width takes a number of pixels, not %1").arg(width)});
+    NormalMapSettings settings;
+    settings.form = form;
+    if (width > 0)
+        settings.size = QSize(width, 0);
+    return settings;
+}
+
+Maps mapsOfArray(const py::array_t<std::uint8_t, py::array::c_style>& array, const std::string& objects,
+                 const std::string& shape, double volume, int width)
+{
+    const FormSettings form = formOf(objects, shape, volume);
+    const NormalMapSettings settings = settingsOf(form, width);
+    const QImage image = orRaise(imageOf(array));
+    const py::gil_scoped_release others;
+    orRaise(startLibrary());
+    return mapsOf(inObjects(DIO_drawingOfBitmap(image, QStringLiteral("drawing")), form), settings);
+}
+
+Maps mapsOfFile(const std::filesystem::path& path, const std::string& objects, const std::string& shape, double volume,
+                int width)
+{
+    const FormSettings form = formOf(objects, shape, volume);
+    const NormalMapSettings settings = settingsOf(form, width);
+    const py::gil_scoped_release others;
+    orRaise(startLibrary());
+    return mapsOf(orRaise(readDrawing(QString::fromStdString(path.string()), form)), settings);
+}
+
+/// vallorin.Scene
+class Scene
+{
+public:
+    static std::unique_ptr<Scene> open(const std::filesystem::path& folder)
+    {
+        const py::gil_scoped_release others;
+        orRaise(startLibrary());
+        return std::unique_ptr<Scene>(new Scene(orRaise(SIO_loadScene(QString::fromStdString(folder.string())))));
+    }
+
+    int firstFrame() const { return _loaded.scene->firstFrame(); }
+    int lastFrame() const { return _loaded.scene->lastFrame(); }
+    const QStringList& warnings() const { return _loaded.warnings; }
+
+    std::vector<Maps> render(const py::iterable& frames, int width) const
+    {
+        std::vector<int> numbers;
+        for (const py::handle& frame : frames)
+            numbers.push_back(frame.cast<int>());
+        if (width < 1)
+            throw PythonError({QStringLiteral("width takes a number of pixels, not %1").arg(width)});
+        const py::gil_scoped_release others;
+        std::vector<Maps> maps;
+        for (const int frame : numbers)
+            maps.push_back({orRaise(renderFrame(frame, width)), {}});
+        return maps;
+    }
+
+private:
+    explicit Scene(SIO_LoadedScene loaded) : _loaded(std::move(loaded))
+    {
+        MO_Module* const shown = _loaded.scene->outputModule();
+        if (!shown)
+            throw PythonError({QStringLiteral("the scene has no display")});
+        _shown = std::make_unique<ShownModule>(*shown);
+    }
+
+    UT_Result<IIO_Picture> renderFrame(int frame, int width) const
+    {
+        if (frame < firstFrame() || frame > lastFrame())
+            return UT_Error{QStringLiteral("the scene's frames are %1 to %2, and %3 is none of them")
+                                .arg(firstFrame())
+                                .arg(lastFrame())
+                                .arg(frame)};
+        const double height = width * _loaded.scene->frameHeight() / MO_SceneCommon::kFrameWidth;
+        const RD_RenderParameters parameters{RD_RenderParameters::IMAGE_PROCESSING_16BIT,
+                                             {width, std::max(1, static_cast<int>(std::lround(height)))}};
+        const auto rendered = _shown->render(frame, parameters, {.elevation = true});
+        if (!rendered)
+            return rendered.error();
+        return layersOf(*rendered);
+    }
+
+    SIO_LoadedScene _loaded;
+    std::unique_ptr<ShownModule> _shown;
+};
+
+std::vector<std::string> texts(const QStringList& list)
+{
+    std::vector<std::string> all;
+    for (const QString& text : list)
+        all.push_back(text.toStdString());
+    return all;
+}
+
+} // namespace
+
+PYBIND11_MODULE(_vallorin, module)
+{
+    module.doc() = "Volume for flat drawings";
+    py::register_exception<PythonError>(module, "Error", PyExc_RuntimeError).attr("__module__") = "vallorin";
+    py::class_<Maps>(module, "Maps")
+        .def_property_readonly("normals", [](const Maps& maps) { return channelsOf(maps.layers, 0, 3); })
+        .def_property_readonly("elevation", [](const Maps& maps) { return channelsOf(maps.layers, 3, 1); })
+        .def_property_readonly("coverage", [](const Maps& maps) { return channelsOf(maps.layers, 4, 1); })
+        .def_property_readonly("warnings", [](const Maps& maps) { return texts(maps.warnings); });
+    py::class_<Scene>(module, "Scene")
+        .def_static("open", &Scene::open, py::arg("folder"))
+        .def_property_readonly("first_frame", &Scene::firstFrame)
+        .def_property_readonly("last_frame", &Scene::lastFrame)
+        .def_property_readonly("warnings", [](const Scene& scene) { return texts(scene.warnings()); })
+        .def("render", &Scene::render, py::arg("frames"), py::kw_only(), py::arg("width") = 1920);
+    const auto define = [&](auto function) {
+        module.def("normal_map", function, py::arg("drawing"), py::kw_only(), py::arg("objects") = "auto",
+                   py::arg("shape") = "auto", py::arg("volume") = 1.0, py::arg("width") = 0);
+    };
+    define(&mapsOfFile);
+    define(&mapsOfArray);
+    py::module_::import("atexit").attr("register")(py::cpp_function(&endLibrary));
+}

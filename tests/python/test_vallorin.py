@@ -1,0 +1,115 @@
+#!/usr/bin/env python3
+# Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+"""What a script gets from the Python package: arrays of the right shape and meaning, and errors with words.
+
+    test_vallorin.py QUARVEL EXAMPLES
+"""
+import pathlib
+import subprocess
+import sys
+import tempfile
+import threading
+import unittest
+
+import numpy as np
+
+import vallorin
+
+QUARVEL, EXAMPLES = sys.argv[1], pathlib.Path(sys.argv[2])
+
+
+def disc(side=64, radius=24):
+    """A red disc in the middle of a transparent square."""
+    y, x = np.mgrid[:side, :side] + 0.5
+    rgba = np.zeros((side, side, 4), np.uint8)
+    rgba[(x - side / 2) ** 2 + (y - side / 2) ** 2 < radius**2] = (200, 40, 40, 255)
+    return rgba
+
+
+class NormalMap(unittest.TestCase):
+    def test_the_arrays_have_the_size_of_the_picture(self):
+        maps = vallorin.normal_map(disc()[:, 4:])
+        self.assertEqual(maps.normals.shape, (64, 60, 3))
+        self.assertEqual(maps.elevation.shape, (64, 60))
+        self.assertEqual(maps.coverage.shape, (64, 60))
+        self.assertEqual(maps.normals.dtype, np.float32)
+
+    def test_normals_are_unit_vectors_that_lean_outwards(self):
+        normals = vallorin.normal_map(disc()).normals
+        np.testing.assert_allclose(np.linalg.norm(normals, axis=2), 1, atol=1e-3)
+        self.assertLess(normals[32, 12, 0], -0.1)
+        self.assertGreater(normals[32, 51, 0], 0.1)
+        self.assertGreater(normals[12, 32, 1], 0.1, "y points up")
+        self.assertLess(normals[51, 32, 1], -0.1)
+
+    def test_the_middle_is_higher_than_the_rim_and_outside_nothing_covers(self):
+        maps = vallorin.normal_map(disc())
+        self.assertGreater(maps.elevation[32, 32], maps.elevation[32, 10])
+        self.assertEqual(maps.coverage[0, 0], 0)
+        self.assertEqual(maps.coverage[32, 32], 1)
+
+    def test_without_a_form_all_normals_face_the_viewer(self):
+        maps = vallorin.normal_map(disc(), shape="off")
+        np.testing.assert_allclose(maps.normals[32, 10:54], np.tile([0, 0, 1], (44, 1)), atol=1e-3)
+
+    def test_a_file_is_read_in_the_width_that_is_asked_for(self):
+        maps = vallorin.normal_map(EXAMPLES / "hero.svg", width=160)
+        self.assertEqual(maps.normals.shape[1], 160)
+
+    def test_an_array_and_a_file_of_it_give_the_same(self):
+        rgba = disc()
+        rgba[..., 3] = 255
+        with tempfile.TemporaryDirectory() as folder:
+            file = pathlib.Path(folder) / "disc.ppm"
+            file.write_bytes(b"P6 64 64 255\n" + rgba[..., :3].tobytes())
+            np.testing.assert_array_equal(vallorin.normal_map(file).normals, vallorin.normal_map(rgba).normals)
+
+    def test_errors_have_the_words_of_the_command_line(self):
+        with self.assertRaisesRegex(vallorin.Error, "there is no such file"):
+            vallorin.normal_map("/nowhere/hero.png")
+        with self.assertRaisesRegex(vallorin.Error, "shape takes auto, rim, pillow, off, not \"round\""):
+            vallorin.normal_map(disc(), shape="round")
+        with self.assertRaisesRegex(vallorin.Error, "expected an array of height x width x 4 bytes"):
+            vallorin.normal_map(np.zeros((8, 8, 3), np.uint8))
+        with self.assertRaises(TypeError):
+            vallorin.normal_map(np.zeros((8, 8, 4), np.float32))
+
+    def test_threads_of_python_work_side_by_side(self):
+        expected = vallorin.normal_map(disc()).normals
+        results = [None] * 4
+
+        def work(index):
+            results[index] = vallorin.normal_map(disc()).normals
+
+        threads = [threading.Thread(target=work, args=(index,)) for index in range(4)]
+        for thread in threads:
+            thread.start()
+        for thread in threads:
+            thread.join()
+        for result in results:
+            np.testing.assert_array_equal(result, expected)
+
+
+class Scene(unittest.TestCase):
+    def setUp(self):
+        self.folder = tempfile.TemporaryDirectory()
+        self.addCleanup(self.folder.cleanup)
+        self.path = pathlib.Path(self.folder.name) / "hero.scene"
+        subprocess.run([QUARVEL, "import", EXAMPLES / "hero.svg", "-o", self.path, "-q"], check=True)
+
+    def test_frames_are_rendered_in_the_scenes_shape(self):
+        scene = vallorin.Scene.open(self.path)
+        self.assertEqual((scene.first_frame, scene.last_frame), (1, 1))
+        (maps,) = scene.render([1], width=96)
+        self.assertEqual(maps.normals.shape[1], 96)
+        np.testing.assert_allclose(np.linalg.norm(maps.normals, axis=2), 1, atol=1e-3)
+        self.assertGreater(maps.elevation.max(), 0.1)
+
+    def test_what_is_no_frame_or_no_scene_is_an_error(self):
+        with self.assertRaisesRegex(vallorin.Error, "the scene's frames are 1 to 1, and 7 is none of them"):
+            vallorin.Scene.open(self.path).render([7])
+        with self.assertRaises(vallorin.Error):
+            vallorin.Scene.open(self.path / "nothing")
+
+
+unittest.main(argv=sys.argv[:1])
