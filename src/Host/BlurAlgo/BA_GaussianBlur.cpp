@@ -30,7 +30,7 @@ BA_RowSink::~BA_RowSink() = default;
 namespace {
 
 constexpr std::ptrdiff_t kLane = RowMemory::kLine;
-/// Passes over fewer samples than this are not worth a second thread.
+/// Passes over fewer samples than this run on one thread: a second one would not pay.
 constexpr std::int64_t kSamplesForThreads = 1 << 15;
 constexpr int kSmallestBand = 16;
 
@@ -70,12 +70,12 @@ BA_Plane planeIn(SampleMemory& memory, const Math::Box2di& rect)
     return {memory.room(static_cast<std::size_t>(stride) * static_cast<std::size_t>(rect.height())), stride, rect};
 }
 
-/// One halving in both directions, and what it leads to.
+/// One level of the pyramid: how it is made from the level above it, and how the level above is made from it again.
 struct Level
 {
     StepPair halving;
     StepPair doubling;
-    /// What the halving makes, and later, when that is not needed any more, what the doubling starts from.
+    /// Holds the result of the halving on the way down, and is reused as the input of the doubling on the way up.
     SampleMemory memory;
 };
 
@@ -104,7 +104,7 @@ Interval grownBy(int reach, Interval samples)
     return {samples.lo - reach, samples.hi + reach};
 }
 
-/// Calls work(rows) for bands that together are the rows y; on several threads when there are several and it pays.
+/// Splits the rows y into bands and calls work(rows) for each; on several threads where that pays.
 template<typename Work>
 void forBands(Interval y, int width, const Work& work)
 {
@@ -140,14 +140,14 @@ struct BA_GaussianBlur::Impl
     tbb::enumerable_thread_specific<BandMemory> memory;
 
     void plan(double sigmaX, double sigmaY);
-    /// True when the plane between the first two levels, the largest of all, need not be kept at all.
+    /// True when the plane between the first two levels, the largest of all, is never stored.
     bool firstTwoAtOnce() const
     {
         return levels.size() > 1 && levels[1].halving.x.active() && levels[1].halving.y.active();
     }
 
-    /// The part of a result that can be other than zero when the coarsest level is zero outside of the box.
-    Math::Box2di worthDoubling(const Math::Box2di& coarsest, const Math::Box2di& resultRect) const;
+    /// The part of a result that can be non-zero when the coarsest level is zero outside the box.
+    Math::Box2di nonZeroPart(const Math::Box2di& coarsest, const Math::Box2di& resultRect) const;
     void clearAround(const Math::Box2di& part, BA_RowSink& sink, const Math::Box2di& resultRect);
 
     void filter(const Input& in, const Output& out);
@@ -159,7 +159,7 @@ struct BA_GaussianBlur::Impl
 
 void BA_GaussianBlur::Impl::plan(double sigmaX, double sigmaY)
 {
-    // Frames of a scene are mostly blurred alike.
+    // Most frames of a scene are blurred with the same sigmas.
     if (sigmaX == plannedX && sigmaY == plannedY)
         return;
     x = planAxis(sigmaX);
@@ -178,7 +178,7 @@ void BA_GaussianBlur::Impl::plan(double sigmaX, double sigmaY)
     plannedY = sigmaY;
 }
 
-Math::Box2di BA_GaussianBlur::Impl::worthDoubling(const Math::Box2di& coarsest, const Math::Box2di& resultRect) const
+Math::Box2di BA_GaussianBlur::Impl::nonZeroPart(const Math::Box2di& coarsest, const Math::Box2di& resultRect) const
 {
     if (coarsest.isEmpty())
         return {};
@@ -191,7 +191,7 @@ Math::Box2di BA_GaussianBlur::Impl::worthDoubling(const Math::Box2di& coarsest, 
     return resultRect.getIntersection(boxOf(columns, rows));
 }
 
-/// Zeros in the rows above and below the part.
+/// Writes zeros to the rows above and below the part.
 void BA_GaussianBlur::Impl::clearAround(const Math::Box2di& part, BA_RowSink& sink, const Math::Box2di& resultRect)
 {
     const Output out(sink, resultRect);
@@ -203,7 +203,7 @@ void BA_GaussianBlur::Impl::clearAround(const Math::Box2di& part, BA_RowSink& si
     clear({part.isEmpty() ? middle : part.y2, resultRect.y2});
 }
 
-/// The next level, or the one after when two steps are taken at once, without what is empty around it.
+/// Halves the plane once, or twice when the first two levels are made together. Empty margins are cropped.
 BA_Plane BA_GaussianBlur::Impl::halved(const Input& in, std::size_t level)
 {
     if (in.rect.isEmpty())
@@ -248,8 +248,8 @@ void BA_GaussianBlur::Impl::doubledTwice(const Input& in, const Math::Box2di& be
     });
 }
 
-/// On the way down every level holds what halving gives of the source, on the way up what doubling needs. The source
-/// and the sink stand in for the planes of the picture's own resolution.
+/// On the way down every level holds the halved source, on the way up the input of the doubling. The source and the
+/// sink take the place of the planes of the picture's own resolution.
 void BA_GaussianBlur::Impl::blur(const Input& source, BA_RowSink& sink, const Math::Box2di& resultRect)
 {
     const std::size_t depth = levels.size();
@@ -261,7 +261,7 @@ void BA_GaussianBlur::Impl::blur(const Input& source, BA_RowSink& sink, const Ma
     for (std::size_t i = last + 1; i < depth; ++i)
         coarsest = halved({PlaneSource(coarsest), coarsest.rect}, i);
 
-    const Math::Box2di part = worthDoubling(coarsest.rect, resultRect);
+    const Math::Box2di part = nonZeroPart(coarsest.rect, resultRect);
     clearAround(part, sink, resultRect);
     if (part.isEmpty())
         return;

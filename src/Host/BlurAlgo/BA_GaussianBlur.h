@@ -1,16 +1,17 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// BA_GaussianBlur: a Gaussian blur of one plane of floats, for rows that come from anywhere and go anywhere.
+// BA_GaussianBlur: a Gaussian blur of one plane of floats. The caller supplies the source's rows and takes the
+// result's.
 //
-// What lies outside the source counts as zero. Every value is within 1/16384 of full scale of the exact Gaussian,
-// whatever the standard deviation, and so are slopes: the difference of neighbours is within 1/1000 of the steepest
-// true one in the picture. From values that are not negative come none that are. A constant of full scale stays exactly
-// what it is where the filter sees nothing else. The cost per sample hardly depends on the standard deviation.
+// What lies outside the source counts as zero. For every standard deviation, each value is within 1/16384 of full scale
+// of the exact Gaussian, and each difference of neighbouring values is within 1/1000 of the steepest true one in the
+// picture. A source without negative values gives a result without negative values. Where the filter sees nothing but
+// full scale, the result is exactly full scale. The cost per sample hardly depends on the standard deviation.
 //
-// The result is a function of the picture alone: how much emptiness the source's rectangle holds, which rectangle is
-// asked for, the number of threads and the machine do not change a bit of it, and a picture mirrored about a line of
-// pixels gives the mirrored result. (It is not so for a picture moved by a few pixels, which meets the coarse grids of
-// a long blur at other places: both results are within the bounds, and differ by less than they say.)
+// The result depends on the picture alone. Empty margins in the source's rectangle, the result's rectangle, the number
+// of threads and the machine do not change a bit of it, and a picture mirrored about a line of pixels gives the
+// mirrored result. A picture moved by a few pixels may give slightly different values, because it meets the coarse
+// grids of a long blur at other places; they stay within the bounds above.
 //
 // Sources for the method: P. J. Burt, "Fast filter transforms for image processing", 1981, for Gaussians by halving and
 // doubling; the correction of the coarsest filter and the choice of all others are worked out in private/AxisPlan.cpp.
@@ -30,13 +31,13 @@ public:
 
     /// The samples of row y, from the source rectangle's left to its right.
     ///
-    /// @param buffer room for one row, to be used or not
-    /// @return the buffer, or the source's own row, which must stay as it is until the blur is done
+    /// @param buffer room for one row; the source may use it or leave it
+    /// @return the buffer, or the source's own row, which must stay unchanged until the blur is done
     virtual const float* row(int y, float* buffer) const = 0;
 };
 
 /// Where the rows of a result go. Any number of threads write different rows at a time, each row once. Several rows may
-/// have been begun before the first of them is ended.
+/// be begun before the first of them is ended.
 class BLURALGO_EXPORT BA_RowSink
 {
 public:
@@ -66,22 +67,22 @@ class BLURALGO_EXPORT BA_GaussianBlur
 public:
     /// Coordinates of rectangles must stay within plus and minus this.
     static constexpr int kLargestCoordinate = 1 << 28;
-    /// Larger standard deviations count as this.
+    /// Larger standard deviations are clamped to this.
     static constexpr double kLargestSigma = 1e6;
 
     BA_GaussianBlur();
-    /// @param sigmaX, sigmaY standard deviations in pixels; what is not a positive finite number counts as 0, which
-    /// leaves the axis as it is; what is beyond a million counts as a million
+    /// @param sigmaX, sigmaY standard deviations in pixels; a value that is not positive and finite counts as 0, which
+    /// leaves the axis unchanged; values above kLargestSigma are clamped
     BA_GaussianBlur(double sigmaX, double sigmaY);
     BA_GaussianBlur(BA_GaussianBlur&&) noexcept;
     BA_GaussianBlur& operator=(BA_GaussianBlur&&) noexcept;
     ~BA_GaussianBlur();
 
-    /// Changes the standard deviations and keeps the memory.
+    /// Changes the standard deviations; the memory stays allocated.
     void setSigmas(double sigmaX, double sigmaY);
 
-    /// The pixels next to the source, on every side of an axis, that a blur is asked for: ceil(4 sigma), 0 for what
-    /// counts as 0.
+    /// By how many pixels the blur extends a picture on either side of an axis: ceil(4 sigma), or 0 where sigma counts
+    /// as 0.
     static int reach(double sigma);
 
     /// Blurs the rows of source, which has the rectangle sourceRect, and writes every row of resultRect to sink.

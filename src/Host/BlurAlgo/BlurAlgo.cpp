@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The blur of pixmaps: one look at the format, then one template for both.
+// The blur of pixmaps: the format is looked up once, then one template serves both.
 #include "BlurAlgo/BlurAlgo.h"
 
 #include "BlurAlgo/BA_GaussianBlur.h"
@@ -31,7 +31,7 @@ int largestGrowth(const Math::Box2di& canvas)
     return static_cast<int>(std::min(std::ceil(4.0 * diagonal), double{BA_GaussianBlur::kLargestCoordinate}));
 }
 
-/// The rectangle of the result, or nothing when it is beyond what blurs can do.
+/// The rectangle of the result, or nothing when it is larger than a blur can handle.
 std::optional<Math::Box2di> grown(const Math::Box2di& rect, const FilterImage& filter, const Math::Box2di& canvas)
 {
     constexpr std::int64_t kLimit = BA_GaussianBlur::kLargestCoordinate;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// BlurAlgo: Gaussian blurs of pixmaps. How exact they are is said in BA_GaussianBlur.h.
+// BlurAlgo: Gaussian blurs of pixmaps. BA_GaussianBlur.h states how exact they are.
 #pragma once
 
 #include "BlurAlgo/BlurAlgoExport.h"
@@ -9,7 +9,7 @@
 
 namespace BlurAlgo {
 
-/// What a blur takes for the pixels outside of its input.
+/// What a blur takes for the pixels outside its input.
 enum PaddingType : int
 {
     TRANSPARENT_PADDING = 0 ///< zero in all channels
@@ -29,12 +29,12 @@ BLURALGO_EXPORT void getGaussianFilter(FilterImage& filter, double sx, double sy
 /// diagonals of canvasRect (of the input's own canvas when that is empty). An input without pixels gives a result
 /// without pixels.
 ///
-/// A depth pixmap stands for something of the picture that nobody sees themselves, so it gets no pixels outside of
-/// canvasRect (of its own canvas when that is empty), and costs as little as one plane does. Its values are blurred as
-/// they are, black ones as zero, whatever channels says.
+/// A depth pixmap holds intermediate values that are not displayed, so its result is clipped to canvasRect (to its own
+/// canvas when that is empty), and the blur costs as little as that of one plane. Its values are blurred unchanged,
+/// black ones as zero; channels is ignored.
 ///
-/// Values of 16-bit channels are blurred as the integers they are, rounded to the nearest one, halves away from zero,
-/// and clamped to [-32767, 32767]. Whatever lies outside of the input counts as zero in its blurred channels.
+/// Values of 16-bit channels are blurred as integers, rounded to the nearest one, halves away from zero,
+/// and clamped to [-32767, 32767]. Whatever lies outside the input counts as zero in its blurred channels.
 ///
 /// Calls may be made from any number of threads at once; each uses the threads of the TBB arena that it is made in. The
 /// result does not depend on how many these are.
@@ -42,12 +42,12 @@ BLURALGO_EXPORT void getGaussianFilter(FilterImage& filter, double sx, double sy
 /// @param input      an RGBA pixmap of 16 bits or of floats, or a depth pixmap
 /// @param filter     the filter; the gain of one that is not normalised multiplies the blurred values
 /// @param canvasRect the rectangle of the picture that the blur belongs to
-/// @param channels   what is blurred.
+/// @param channels   which channels are blurred.
 ///                   0: all four channels.
-///                   1: alpha alone; red, green and blue are the input's, and zero outside of it.
+///                   1: alpha alone; red, green and blue are the input's, and zero outside it.
 ///                   2: red alone; green and blue are zero, alpha is full (32767 or 1.0) where the resulting red is not
 ///                   zero, and zero elsewhere
-/// @param padding    what lies outside of the input
+/// @param padding    what lies outside the input
 /// @return null for another format, another number in channels, a rectangle beyond
 /// +-BA_GaussianBlur::kLargestCoordinate, or when there is no memory for the result
 BLURALGO_EXPORT UT_SharedPtr<CEL_PixmapArea> blur(const CEL_PixmapArea& input, const FilterImage& filter,

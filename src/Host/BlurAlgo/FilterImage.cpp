@@ -13,9 +13,9 @@
 
 namespace {
 
-/// Beyond this many standard deviations nothing is left that a double would notice in the sum.
+/// Samples further out than this many standard deviations are too small to change the sum in double precision.
 constexpr double kWholeReach = 8.5;
-/// From here on the sum of the samples equals the integral to the last bit.
+/// From this standard deviation on, the sum of the samples equals the integral to the last bit.
 constexpr double kSmoothSigma = 2.0;
 
 int oddSize(int size)
@@ -25,7 +25,7 @@ int oddSize(int size)
     return size == std::numeric_limits<int>::max() ? size : size | 1;
 }
 
-double held(double sigma)
+double usableSigma(double sigma)
 {
     return std::isfinite(sigma) && sigma > 0.0 ? std::min(sigma, BA_GaussianBlur::kLargestSigma) : 0.0;
 }
@@ -49,8 +49,8 @@ FilterImage::FilterImage(int width, int height) : _width(oddSize(width)), _heigh
 
 void FilterImage::setGaussian(double sigmaX, double sigmaY, bool normalise)
 {
-    _sigmaX = held(sigmaX);
-    _sigmaY = held(sigmaY);
+    _sigmaX = usableSigma(sigmaX);
+    _sigmaY = usableSigma(sigmaY);
     _normalised = normalise;
     _width = 2 * BA_GaussianBlur::reach(_sigmaX) + 1;
     _height = 2 * BA_GaussianBlur::reach(_sigmaY) + 1;

@@ -5,19 +5,18 @@
 
 #include "BlurAlgo/BlurAlgoExport.h"
 
-/// A Gaussian filter of its own standard deviation in x and in y. A filter that nobody has filled leaves pictures as
-/// they are.
+/// A Gaussian filter with one standard deviation in x and one in y. A new filter leaves pictures unchanged.
 class BLURALGO_EXPORT FilterImage
 {
 public:
-    /// A filter that leaves pictures as they are, of width x height weights: 1 in the middle, 0 around it. A size that
-    /// is not odd and positive counts as the next larger one that is, so FilterImage(0, 0) has the single weight 1.
+    /// A filter that leaves pictures unchanged, of width x height weights: 1 in the middle, 0 around it. A size that is
+    /// not odd and positive is raised to the next one that is, so FilterImage(0, 0) has the single weight 1.
     FilterImage(int width, int height);
 
-    /// Makes it a Gaussian. Its size becomes that of the offsets up to ceil(4 sigma) to each side.
+    /// Makes it a Gaussian, whose weights reach ceil(4 sigma) to each side.
     ///
-    /// @param sigmaX, sigmaY standard deviations in pixels; what is not a positive finite number counts as 0, which
-    /// leaves the axis as it is; what is beyond a million counts as a million
+    /// @param sigmaX, sigmaY standard deviations in pixels; a value that is not positive and finite counts as 0, which
+    /// leaves the axis unchanged; values above a million are clamped to a million
     /// @param normalise true: the weights of the whole Gaussian sum to 1; false: its largest weight is 1
     void setGaussian(double sigmaX, double sigmaY, bool normalise);
 
@@ -28,7 +27,7 @@ public:
     int width() const { return _width; }
     int height() const { return _height; }
 
-    /// By how much a blur's values are larger than those of the normalised filter: 1 when this one is.
+    /// The factor by which blurred values are larger than with the normalised filter; 1 for a normalised one.
     double gain() const;
 
 private:

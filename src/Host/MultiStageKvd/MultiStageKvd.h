@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// MultiStageKvd: a vector drawing that is rasterised in stages. First the drawing it embeds (the primary one) is
-// painted as usual; then every stage, in the order in which it was added, works on the pixels. To others it is a vector
-// drawing like any other, so it can travel wherever drawings do and is rasterised when pixels are asked for.
+// MultiStageKvd: a vector drawing that is rasterised in stages. First the embedded drawing (the primary one) is painted
+// as usual; then every stage, in the order in which it was added, works on the pixels. To other code it is a vector
+// drawing like any other, rasterised when pixels are requested.
 #pragma once
 
 #include "MultiStageKvd/MultiStageKvdExport.h"
@@ -21,18 +21,18 @@ public:
 
         /// Works on the pixels.
         ///
-        /// @param drawing the drawing that is rendered; primary() is what was painted into the target
+        /// @param drawing the drawing that is rendered; target holds what its primary() painted
         /// @param args    how it is rendered
-        /// @param target  what the primary drawing and the stages before this one left
+        /// @param target  the pixels after the primary drawing and the stages before this one
         virtual void render(const MultiStageKvd& drawing, const CELVEC_RenderArgs& args,
                             CEL_PixmapArea& target) const = 0;
     };
 
-    /// A multi-stage drawing around a drawing, without stages yet.
+    /// Embeds a drawing; there are no stages yet.
     static UT_SharedPtr<MultiStageKvd> embed(UT_SharedPtr<CELVEC_Kvd> primary);
     ~MultiStageKvd() override;
 
-    /// Adds a step after those that are there.
+    /// Adds a stage after the existing ones.
     void addStage(UT_SharedPtr<RenderingStage> stage);
 
     /// The drawing that is embedded.

@@ -7,9 +7,9 @@
 #include "QuarvelBaseCore/Math_Vector3d.h"
 #include "QuarvelCelCore/CEL_PixmapArea.h"
 
-/// Decodes the normal that a pixel stores: x = 2 red / full - 1 and y = 2 green / full - 1 (y down), z = sqrt(max(0, 1
-/// - x^2 - y^2)), negated where blue is negative. In double precision. It is the inverse of what normal pixmaps are
-/// encoded with, up to rounding; the vector is not normalised.
+/// Decodes the normal that a pixel stores, in double precision: x = 2 red / full - 1 and y = 2 green / full - 1 (y
+/// down), z = sqrt(max(0, 1 - x^2 - y^2)), negated where blue is negative. Up to rounding it inverts the encoding of
+/// normal pixmaps; the vector is not normalised.
 template<typename Pixel>
 Math::Vector3d NormalParser_decode(const Pixel& pixel)
 {

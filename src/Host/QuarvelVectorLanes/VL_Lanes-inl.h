@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What kernels have in common: the loop over the lanes of vectors, work on floats in double precision, and where whole
-// vectors can be written past the cache.
+// What kernels have in common: the loop over the lanes of vectors, work on floats in double precision, and the
+// alignment that writing past the cache needs.
 //
 // Part of vector code: included once for every instruction set.
 #include <cstddef>
@@ -21,11 +21,11 @@ namespace VL::HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
 
-/// The longest vectors hold so many floats.
+/// The longest vectors hold this many floats.
 constexpr std::size_t kMostLanes = 64;
 static_assert(hn::MaxLanes(hn::ScalableTag<float>()) <= kMostLanes);
 
-/// Calls body(tag, i) for whole vectors of the tag's lanes, then for what is left one by one.
+/// Calls body(tag, i) for whole vectors of the tag's lanes, then for the remaining values one by one.
 template<typename Lane, typename Body>
 HWY_INLINE void forLanes(std::size_t count, const Body& body)
 {
@@ -38,8 +38,8 @@ HWY_INLINE void forLanes(std::size_t count, const Body& body)
         body(one, i);
 }
 
-/// What work(d, i) makes of the floats from i on, which are as many as a vector of doubles has: a vector of Results for
-/// as many floats as one has.
+/// Calls work(d, i) for each vector of doubles that a vector of floats needs, i being the offset of its first float,
+/// and joins what they return: a vector with as many Results as the vector has floats.
 template<typename Result, class DF, typename Work>
 HWY_INLINE auto inDoubles(DF, const Work& work)
 {
@@ -58,7 +58,7 @@ HWY_INLINE auto inDoubles(DF, const Work& work)
 #endif
 }
 
-/// How many values there are from `to` on before an address that is a multiple of a vector's size.
+/// The number of values from `to` on that precede the first vector-aligned address.
 template<class D, typename Value>
 HWY_INLINE std::size_t untilAligned(D d, const Value* to)
 {

@@ -1,19 +1,19 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The last few rows of something that is made row by row, for passes that move down a picture and look at a few rows at
-// a time. Every row is made once, if the pass never goes back.
+// The last few rows of something that is made row by row, for passes that move down a picture and read a few rows at a
+// time. Each row is made once as long as the pass does not go back.
 #pragma once
 
 #include <cstddef>
 #include <utility>
 #include <vector>
 
-/// Slots for rows: row y has the slot of its remainder, so that a row stays until as many others came.
+/// Slots for rows: row y uses slot y modulo their number, so that a row stays until that many others have come.
 template<typename Row>
 class VL_RowRing
 {
 public:
-    /// @param rows as many slots, at least one
+    /// @param rows the slots, at least one
     explicit VL_RowRing(std::vector<Row> rows) : _rows(std::move(rows)) {}
 
     Row& at(int y)
@@ -26,14 +26,14 @@ private:
     std::vector<Row> _rows;
 };
 
-/// Rows of floats that are made when they are asked for.
+/// Rows of floats that are made on demand.
 class VL_RowWindow
 {
 public:
-    /// @param buffers one for each row that is kept
+    /// @param buffers one for each kept row
     explicit VL_RowWindow(const std::vector<float*>& buffers) : _slots(slotsOf(buffers)) {}
 
-    /// Row y: the one kept, or what make(y, buffer) returns, which may be a row that lies elsewhere.
+    /// Row y: the kept one, or the result of make(y, buffer), which may lie outside the buffer.
     template<typename Make>
     const float* row(int y, const Make& make)
     {

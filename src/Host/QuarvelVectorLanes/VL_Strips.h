@@ -1,11 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Work on a long row in strips, so that what a strip is made from stays in the first-level cache.
+// Work on a long row in strips, so that a strip's input stays in the first-level cache.
 #pragma once
 
 #include <algorithm>
 
-/// Calls work(first, count) for the strips of so many that a row of n is made of, the last one perhaps shorter.
+/// Calls work(first, count) for the strips of a row of n; the last one may be shorter.
 template<typename Count, typename Work>
 void VL_forStrips(Count n, Count strip, const Work& work)
 {

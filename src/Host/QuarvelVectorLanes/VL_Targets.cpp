@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // On x86 the processor is asked (CPUID, as in Intel's "Architectures Software Developer's Manual", volume 2A), and the
-// system, whether it keeps the long registers (XGETBV). Elsewhere vector code runs with what the compiler was told the
-// processor has.
+// system, whether it saves the long registers (XGETBV). On other processors vector code uses the instruction set that
+// the compiler was told.
 #include "QuarvelVectorLanes/VL_Targets.h"
 
 #include <array>
@@ -26,7 +26,7 @@ enum Register
     EDX = 3
 };
 
-/// A bit of what CPUID says of a leaf.
+/// A bit of CPUID's answer for a leaf.
 struct Feature
 {
     std::uint32_t leaf;
@@ -62,7 +62,7 @@ constexpr Feature kAvx512vnni{7, ECX, 11};
 constexpr Feature kAvx512bitalg{7, ECX, 12};
 constexpr Feature kAvx512vpopcntdq{7, ECX, 14};
 
-/// EAX, EBX, ECX, EDX; zeros for a leaf that the processor does not know.
+/// EAX, EBX, ECX, EDX; zeros for a leaf that the processor does not have.
 std::array<std::uint32_t, 4> cpuid(std::uint32_t leaf)
 {
     std::array<std::uint32_t, 4> registers{};
@@ -80,7 +80,7 @@ std::array<std::uint32_t, 4> cpuid(std::uint32_t leaf)
     return registers;
 }
 
-/// The registers that the system keeps when it changes threads. To be asked only where kOsxsave is there.
+/// The registers that the system saves when it switches threads. Requires kOsxsave.
 std::uint64_t keptRegisters()
 {
 #if HWY_COMPILER_MSVC
@@ -104,7 +104,7 @@ bool hasAll(const Feature (&features)[kCount])
 
 std::int64_t detect()
 {
-    // What each set adds to the one before, as Highway's headers compile for it.
+    // The features that each set adds to the one before, as Highway's headers compile for it.
     constexpr Feature kForSsse3[] = {kSse2, kSsse3};
     constexpr Feature kForSse4[] = {kSse41, kSse42, kPclmul, kAes};
     constexpr Feature kForAvx2[] = {kOsxsave, kAvx, kAvx2, kLzcnt, kBmi, kBmi2, kFma, kF16c};

@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// VL_Targets: which of the instruction sets, for each of which vector code is compiled once, it runs with in this
-// process. Highway's headers write vector code; its library, which would make the same choice, is not needed, so that a
-// host's site has nothing more to install.
+// VL_Targets: chooses, for this process, one of the instruction sets that vector code is compiled for. Highway's
+// headers write the vector code; its library, which would make the same choice, is not used, so that a host's site has
+// nothing more to install.
 #pragma once
 
 #include "QuarvelVectorLanes/QuarvelVectorLanesExport.h"
@@ -11,13 +11,13 @@
 
 #include <hwy/targets.h>
 
-/// The instruction sets that the processor and the system support, as Highway's bits (HWY_AVX2 and so on). The plainest
-/// one (HWY_SCALAR or HWY_EMU128) is not among them: it is always there.
+/// The instruction sets that the processor and the system support, as Highway's bits (HWY_AVX2 and so on). The baseline
+/// (HWY_SCALAR or HWY_EMU128) is always supported and not among them.
 QUARVELVECTORLANES_EXPORT std::int64_t VL_supportedTargets();
 
-/// The choice for all vector code of the process: the best of those supported. Safe from any thread.
+/// The choice for all vector code of the process: the best supported set. Safe from any thread.
 QUARVELVECTORLANES_EXPORT const hwy::ChosenTarget& VL_chosenTarget();
 
-/// For tests: has all vector code run with the best of some targets, or again of those supported when there are none.
-/// No vector code may run meanwhile.
+/// For tests: restricts vector code to the best of these targets; 0 goes back to all supported ones. No vector code may
+/// run meanwhile.
 QUARVELVECTORLANES_EXPORT void VL_chooseAmong(std::int64_t targets);

@@ -15,11 +15,11 @@ namespace BlurAlgo {
 namespace {
 
 // Below this standard deviation the plain sum is used. Every halving leaves at least half of it, just enough for the
-// Gaussian to hide what folds over. Errors of several halvings add up, but those of the finer ones are next to nothing:
-// their samples are much closer together than the Gaussian needs.
+// Gaussian to hide aliasing. The errors of several halvings add up, but those of the finer ones are negligible: their
+// samples are much closer together than the Gaussian needs.
 constexpr double kFirstHalving = 3.3;
 constexpr double kCoarsestSigma = kFirstHalving / 2;
-// Where filters are cut, in standard deviations: what is left out is 7e-6 of the whole.
+// Where filters are cut, in standard deviations: the omitted weights are 7e-6 of the sum.
 constexpr double kCut = 4.5;
 constexpr double kWeightUnit = 1.0 / 16777216.0;
 
@@ -83,13 +83,13 @@ int levelsFor(double sigma)
     return levels;
 }
 
-/// The narrower the Gaussian is on the halved samples, the more of what folds over has to be filtered out before.
-/// Filters that reach further than these do harm to the narrowest: what they take from the highest frequencies is more
-/// than the short filter can give back. That leaves a lone halving to the narrowest with a little less of a margin than
-/// one that others come before, so its halving reaches further.
+/// The narrower the Gaussian is on the halved samples, the more aliasing the halving's filter has to remove. The
+/// reaches are limited, because a longer filter attenuates the highest frequencies by more than the short filter can
+/// restore. A single halving to the narrowest Gaussian has less margin than one that others precede, so its filter is
+/// longer.
 ///
-/// The sums of all errors along an axis, over all places that a pixel can have between coarse samples, are then at most
-/// 5.5e-5, and those of most standard deviations less than 4e-5. Differences of neighbours are within 6.6e-4 of the
+/// With these reaches, the sums of all errors along an axis, over all positions of a pixel between coarse samples, are
+/// at most 5.5e-5, and for most standard deviations less than 4e-5. Differences of neighbours are within 6.6e-4 of the
 /// steepest ones that a single pixel gives, and within 1.8e-4 of those of an edge.
 AxisStage stageFor(double halvedSigma, bool alone)
 {
@@ -104,7 +104,7 @@ AxisStage stageFor(double halvedSigma, bool alone)
     return {2, 2};
 }
 
-/// The response of all halvings and doublings at an angle per coarsest sample.
+/// The combined frequency response of all halvings and doublings, at an angle per coarsest sample.
 double pyramidResponse(const std::vector<AxisStage>& stages, double angle)
 {
     double product = 1.0;
@@ -116,7 +116,7 @@ double pyramidResponse(const std::vector<AxisStage>& stages, double angle)
     return product;
 }
 
-/// The variance that all halvings and doublings add, in coarsest samples. A binomial of order 2m has m / 2.
+/// The variance that all halvings and doublings add, in coarsest samples. A binomial of order 2m adds m / 2.
 double pyramidVariance(const std::vector<AxisStage>& stages)
 {
     double variance = 0.0;
@@ -129,7 +129,7 @@ double pyramidVariance(const std::vector<AxisStage>& stages)
 }
 
 /// The filter on the coarsest samples: the Gaussian's frequency response divided by the pyramid's, turned back into
-/// weights by a sum over angles.
+/// weights by an inverse cosine transform.
 std::vector<double> coarseWeights(const std::vector<AxisStage>& stages, double coarseSigma)
 {
     static const Cosines cosines = cosineTable();
@@ -146,8 +146,8 @@ std::vector<double> coarseWeights(const std::vector<AxisStage>& stages, double c
     return weights;
 }
 
-/// Weights that sum to 1 exactly, none of them negative, without zeros at the end. The middle takes what rounding
-/// leaves.
+/// Weights that sum to 1 exactly, none of them negative, without zeros at the end. The middle weight takes the rounding
+/// errors of the others.
 std::vector<float> normalised(std::vector<double> weights)
 {
     double sum = 0.0;

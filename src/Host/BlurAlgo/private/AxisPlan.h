@@ -4,9 +4,9 @@
 //
 // A short Gaussian is a plain weighted sum. A long one goes through a pyramid: the axis is halved a few times with
 // binomial filters, blurred there with a short filter, and doubled as many times with binomial filters. All of these
-// are smooth, so together they are nearly a Gaussian already; the short filter is made so that the product of all
-// frequency responses is the Gaussian that was asked for. What is left is what halving folds over and what doubling
-// mirrors, and both are small because a Gaussian has next to nothing there.
+// are smooth, so together they are nearly a Gaussian; the short filter is chosen so that the product of all frequency
+// responses is the requested Gaussian. The remaining error is the aliasing of the halvings and the images that doubling
+// makes; both are small because a Gaussian has almost no high frequencies.
 //
 // The weights are worked out with plain additions, multiplications, divisions and square roots, and rounded to
 // multiples of 2^-24: they are the same on every machine, and their sums are exact, so that a constant 1.0 stays 1.0.
@@ -38,8 +38,8 @@ struct AxisPlan
     int reach() const { return static_cast<int>(weights.size()) - 1; }
 };
 
-/// The plan for a standard deviation in samples. What is not a positive finite number counts as 0, which changes
-/// nothing; what is beyond a million counts as a million.
+/// The plan for a standard deviation in samples. A value that is not positive and finite counts as 0, which leaves the
+/// axis unchanged; values above a million are clamped to a million.
 AxisPlan planAxis(double sigma);
 
 /// exp(-d^2 / (2 sigma^2)) for d = 0, 1, ... reach, the same bits on every machine. sigma must be above 0.

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What takes no stage.
+// Clearing a band.
 #include "BlurAlgo/private/BandRows.h"
 
 namespace BlurAlgo {

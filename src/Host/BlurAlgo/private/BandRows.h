@@ -1,11 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What the stages have in common. A stage works on a band of result rows that depends on nothing but its input: it
-// reads rows from somewhere, through a window of the last ones, and writes them somewhere, a few at a time, in strips
-// of columns narrow enough for the first-level cache.
+// What the stages have in common. A stage computes a band of result rows, which depends on its input alone: it reads
+// rows through a window of the latest ones and writes them in small groups, in strips of columns narrow enough for the
+// first-level cache.
 //
-// A stage that feeds another one makes its rows when it is told to: advance(y) works out what row y takes, row(y) only
-// looks it up. Rows are asked for in the order of their places.
+// A stage that feeds another one computes on demand: advance(y) prepares row y, row(y) only looks it up. Rows are
+// requested from top to bottom.
 #pragma once
 
 #include "BlurAlgo/BA_GaussianBlur.h"
@@ -22,12 +22,12 @@
 
 namespace BlurAlgo {
 
-/// Rows are summed in strips of so many columns: what a strip is made from stays in the first-level cache.
+/// Columns of a strip in which rows are summed: its samples stay in the first-level cache.
 inline constexpr int kStrip = 256;
-/// Planes of so many samples are larger than a core's share of the last-level cache.
+/// Planes with at least this many samples are larger than a core's share of the last-level cache.
 inline constexpr std::int64_t kStreamedSamples = 1 << 20;
 
-/// Rows to read. Outside of the rectangle there are zeros.
+/// Rows to read. Outside the rectangle they are zero.
 struct Input
 {
     const BA_RowSource& rows;
@@ -42,10 +42,10 @@ struct Output
 
     BA_RowSink& rows;
     Interval asked;    ///< the columns that the sink's rows have
-    Math::Box2di rect; ///< what is worked out: the columns outside become zeros
+    Math::Box2di rect; ///< what is computed; the other columns become zero
 };
 
-/// Rows that are there already, for stages that are fed by others as well.
+/// Rows that exist already, for stages whose source may also be another stage.
 class ReadyRows
 {
 public:
@@ -58,7 +58,7 @@ private:
     const BA_RowSource& _rows;
 };
 
-/// Zeros in the rows y of an output.
+/// Writes zeros to the rows y of an output.
 void clearBand(const Output& out, Interval y, RowMemory& memory);
 
 inline std::vector<float*> takeRows(RowMemory& memory, int count)
@@ -68,17 +68,17 @@ inline std::vector<float*> takeRows(RowMemory& memory, int count)
     return rows;
 }
 
-/// The rows of a source, zeros above and below.
+/// The rows of a source, with zeros above and below.
 template<typename Source>
 class PaddedRows
 {
 public:
-    /// @param kept how many rows are looked at together
+    /// @param kept how many rows the window holds
     PaddedRows(Source& source, const Math::Box2di& rect, int kept, RowMemory& memory)
         : _source(source), _y(rowsOf(rect)), _window(takeRows(memory, kept)), _zeros(memory.takeZeros())
     {}
 
-    /// The given rows; zeros for the rest of what there is room for.
+    /// Sets rows to the rows y of the source; those after the end of y become zeros.
     void collect(Interval y, std::span<const float*> rows)
     {
         for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -104,7 +104,7 @@ private:
     const float* _zeros;
 };
 
-/// Rows of an output that are made together. Those that are not asked for go to memory that nobody looks at.
+/// The output rows that are made together. Rows outside the band are written to scratch memory.
 template<int kRows>
 class OutputRows
 {
@@ -115,7 +115,7 @@ public:
         std::generate(_buffers.begin(), _buffers.end(), [&memory] { return memory.take(); });
     }
 
-    /// Rows y and after, from the first column that is worked out.
+    /// The memory of row y and the ones below it, from the first computed column.
     const std::array<float*, kRows>& begin(int y)
     {
         _first = y;
@@ -124,14 +124,14 @@ public:
         return _rows;
     }
 
-    /// True when the rows that begin() named belong to a plane so large that it does not pay to have them in the cache.
+    /// True when the rows of the latest begin() belong to a plane so large that keeping them in the cache does not pay.
     bool worthStreaming() const
     {
         const auto isOwn = [this](std::size_t j) { return _rows[j] != _buffers[j] + _left; };
         return std::int64_t{_out.rect.width()} * _out.rect.height() >= kStreamedSamples && isOwn(0) && isOwn(kRows - 1);
     }
 
-    /// The rows that begin() named have been written.
+    /// The rows of the latest begin() have been written.
     void end()
     {
         for (std::size_t j = 0; j < kRows; ++j) {
@@ -156,7 +156,7 @@ private:
     std::array<float*, kRows> _rows;
 };
 
-/// The rows of a band one by one: what make(y, row) writes.
+/// Calls make(y, row) for each row of a band.
 template<typename Make>
 void writeRows(const Output& out, Interval y, RowMemory& memory, const Make& make)
 {
@@ -167,14 +167,14 @@ void writeRows(const Output& out, Interval y, RowMemory& memory, const Make& mak
     }
 }
 
-/// The room that rows of an input's rectangle and of an output need.
+/// Samples of a row of memory that is long enough for the input's rectangle and for the output.
 inline std::size_t roomFor(const Math::Box2di& in, const Output& out)
 {
     return static_cast<std::size_t>(std::max(in.width(), out.asked.size()));
 }
 
-/// Calls skip(x, columns) for the strips of n columns for which isEmpty(x, columns) says so, and work(x, columns) for
-/// the others. Returns the columns from the first strip that was worked on to the last.
+/// Calls skip(x, columns) for the empty strips of n columns, and work(x, columns) for the others. Returns the columns
+/// from the first worked strip to the last.
 template<typename IsEmpty, typename Work, typename Skip>
 Interval forStrips(int n, const IsEmpty& isEmpty, const Work& work, const Skip& skip)
 {

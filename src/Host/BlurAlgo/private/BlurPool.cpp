@@ -11,7 +11,7 @@ namespace BlurAlgo {
 
 namespace {
 
-/// As many frames as are usually rendered at once; further ones take their memory anew.
+/// As many frames as are usually rendered at once; further ones allocate their memory.
 constexpr std::size_t kLargestPool = 4;
 
 struct Pool

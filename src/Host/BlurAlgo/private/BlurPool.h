@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Blurs that keep their memory between calls. Taking the memory anew for every call costs more than the blur of a large
-// picture itself, so finished blurs go back to a small pool, from which each call takes one for itself.
+// Blurs that keep their memory between calls. Allocating it for every call costs more than the blur of a large picture
+// itself, so finished blurs go back to a small pool, from which each call borrows one.
 #pragma once
 
 #include "BlurAlgo/BA_GaussianBlur.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Doubling, a few rows at a time: columns are summed first and rows then, so that the columns are summed in fewer rows.
+// Doubling, a few rows at a time. Columns are doubled before rows, because there are fewer rows then.
 #include "BlurAlgo/private/DoublingStage.h"
 
 #include "BlurAlgo/private/PyramidKernels.h"
@@ -30,7 +30,7 @@ public:
     /// Samples that a buffer must hold for doubling to these columns.
     static int bufferSize(Interval out) { return alignedToEven(out).size(); }
 
-    /// The row in the columns out: in the buffer, or where it is when this axis is left alone.
+    /// The row in the columns out: in the buffer, or in the row itself when this axis is not doubled.
     const float* run(const float* row, float* buffer) const
     {
         if (!_step.active())
@@ -40,9 +40,9 @@ public:
     }
 
 private:
-    int _in;      ///< columns of the input that nobody needs
+    int _in;      ///< unused columns of the input on the left
     int _n;       ///< pairs of columns that are made
-    int _skipped; ///< columns made that nobody asked for
+    int _skipped; ///< computed columns before the first one of the output
     const StepWeights& _step;
 };
 
@@ -60,13 +60,13 @@ void doubleColumnsBand(const Input& in, const StepWeights& step, const Output& o
               [&](int v, float* row) { std::copy_n(columns.run(in.rows.row(v, narrow), wide), outX.size(), row); });
 }
 
-/// Makes doubled rows, a few of them at once, in the order of their places.
+/// Makes doubled rows from top to bottom, in groups.
 template<typename Source>
 class BandDoubler
 {
 public:
-    /// @param rect of the rows of the source
-    /// @param room of so many samples are the rows of memory, of which kDoubledRows are left to take
+    /// @param rect the rectangle of the source's rows
+    /// @param room the least length of a row of memory; kDoubledRows rows are left for the caller to take
     BandDoubler(Source& source, const Math::Box2di& rect, const StepPair& step, Interval columns, std::size_t room,
                 RowMemory& memory)
         : _source(source)
@@ -83,7 +83,8 @@ public:
         _zeros = memory.takeZeros();
     }
 
-    /// Rows v and after; v is even. Rows that the input does not suffice for hold anything.
+    /// Makes row v and the ones below it; v is even. Rows that need input rows outside the source's rectangle hold
+    /// anything.
     void run(int v, const PyramidKernels::DoubledRows& results, bool stream)
     {
         const auto makeWide = [this](int k, float* wide) {
@@ -110,7 +111,7 @@ private:
     const float* _zeros = nullptr;
 };
 
-/// Doubled rows for another doubling, which copies them: a row stays until the next group is made.
+/// Doubled rows as the input of another doubling, which copies them: a row stays valid until the next group is made.
 class DoubledRows
 {
 public:
@@ -121,7 +122,7 @@ public:
         std::generate(_rows.begin(), _rows.end(), [&memory] { return memory.take(); });
     }
 
-    /// Makes the group of rows that y belongs to, unless it is there.
+    /// Makes the group of rows that contains y, unless it is the current one.
     void advance(int y)
     {
         const int first = y - placeInGroup(y);
@@ -142,7 +143,7 @@ private:
     PyramidKernels::DoubledRows _rows{};
 };
 
-/// Rows y of the plane doubled along the rows at least.
+/// Doubles the rows y of a plane, along the rows at least.
 template<typename Source>
 void doubleRowsOf(Source& source, const Math::Box2di& rect, const StepPair& step, const Output& out, Interval y,
                   RowMemory& memory)

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Doubling: a plane of twice as many samples along one axis or both, each the weighted sum of the coarse ones around
-// it.
+// Doubling: a plane with twice as many samples along one axis or both. Each sample is a weighted sum of the coarse ones
+// around it.
 #pragma once
 
 #include "BlurAlgo/private/BandRows.h"
@@ -9,11 +9,11 @@
 
 namespace BlurAlgo {
 
-/// Rows y.lo .. y.hi - 1 of the doubled plane.
+/// Makes the rows y of the doubled plane.
 void doubleBand(const Input& in, const StepPair& step, const Output& out, Interval y, RowMemory& memory);
 
-/// The same for two doublings, the first one along the rows at least: what lies between is made when it is needed,
-/// within the rectangle between.
+/// The same for two doublings, the first one along the rows at least. The plane between them has the rectangle between;
+/// its rows are made on demand and not stored.
 void doubleTwiceBand(const Input& in, const StepPair& first, const Math::Box2di& between, const StepPair& second,
                      const Output& out, Interval y, BandMemory& memory);
 

@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The short filter, a few rows at a time: rows are summed first and columns then. Sums over one and the same value are
-// not worked out for every sample but once: pictures to be blurred are mostly flat. The same kernel does it with the
-// same weights in the same order, so it makes no difference to the result, not in a bit.
+// The short filter, a few rows at a time: rows are summed first, then columns. Pictures to be blurred are mostly flat,
+// so a sum over equal samples is computed once and reused. The same kernel computes it with the same weights in the
+// same order, so the result has the same bits.
 #include "BlurAlgo/private/FilterStage.h"
 
 #include "BlurAlgo/private/LevelKernels.h"
@@ -33,7 +33,7 @@ int reachOf(std::span<const float> weights)
     return static_cast<int>(weights.size()) - 1;
 }
 
-/// The weighted sums of nothing but one value, kept for the few values that a flat picture has.
+/// The weighted sums of equal samples, cached for the few values that occur in a flat picture.
 class ConstantSums
 {
 public:
@@ -76,15 +76,15 @@ private:
     std::vector<Pair> _pairs;
 };
 
-/// Sums of a few rows, and where all of them are level at the same value.
+/// Sums of a few rows, and the strips in which all of them have one value.
 struct SummedRows
 {
-    /// Of the input's columns. Zeros lie around them as far as the columns' filter reaches.
+    /// The input's columns, with zeros around them as far as the filter reaches.
     std::array<float*, kFilteredRows> samples{};
     std::vector<LevelStrip> levels;
 };
 
-/// Sums rows of n columns.
+/// Filters vertically: sums rows of n columns.
 class RowSummer
 {
 public:
@@ -92,7 +92,8 @@ public:
         : _n(n), _weights(weights), _constants(weights), _levels(static_cast<std::size_t>(stripsOf(n)))
     {}
 
-    /// Row j of so many sums = the sum of the rows around rows[j + reach]. The next call goes on where this one ends.
+    /// Makes the first count rows of sums: row j is the sum of the rows around rows[j + reach]. The next call continues
+    /// below.
     void run(std::span<const float* const> rows, std::size_t count, SummedRows& sums)
     {
         rows = rows.first(count + static_cast<std::size_t>(2 * reachOf(_weights)));
@@ -105,7 +106,7 @@ public:
     }
 
 private:
-    /// The sums in the columns x, which are those of whole strips.
+    /// The sums in the columns x, which begin at a strip.
     void sumStrips(std::span<const float* const> rows, Interval x, SummedRows& sums, std::size_t count)
     {
         Interval others{x.lo, x.lo};
@@ -128,7 +129,7 @@ private:
     static void setLevel(Interval x, float value, SummedRows& sums, LevelStrip& level)
     {
         const auto bits = std::bit_cast<std::uint32_t>(value);
-        // Most strips are at the value that they had in the rows before.
+        // Most strips keep the value of the rows before.
         if (level.rows > 0 && level.bits == bits)
             return;
         level = {bits, 1};
@@ -157,7 +158,8 @@ private:
     std::vector<Pair> _pairs;
 };
 
-/// Sums columns of rows of n samples, zeros around them, to the columns out, counted from the first sample.
+/// Filters horizontally: sums the columns of rows of n samples, with zeros around them, to the columns out, counted
+/// from the first sample.
 class ColumnSummer
 {
 public:
@@ -179,7 +181,7 @@ public:
     }
 
 private:
-    /// Columns of the result that are to be worked out, or are known.
+    /// A run of columns of the result: to be computed, or known to be one value.
     struct Piece
     {
         Interval x;
@@ -187,10 +189,10 @@ private:
         float value;
     };
 
-    /// Around the rows there are zeros as far as anyone looks.
+    /// The zeros on both sides of a row count as a level strip.
     static constexpr LevelStrip kZeros{0, 1};
     static constexpr int kEndless = std::numeric_limits<int>::max() / 2;
-    /// Sums are worked out for multiples of so many columns, and fewer than that are not worth an interruption.
+    /// Pieces to be computed are multiples of this many columns; shorter level pieces are not worth an interruption.
     static constexpr int kGrain = 16;
 
     void findPieces(std::span<const LevelStrip> levels)
@@ -214,7 +216,7 @@ private:
         addOthers(_out.hi);
     }
 
-    /// All samples in the columns x are of this value, which is what the sums far enough inside are made of.
+    /// All samples in the columns x have this value, so all sums at least the filter's reach inside have one value too.
     void addLevel(Interval x, float value)
     {
         const int reach = reachOf(_weights);
@@ -228,7 +230,7 @@ private:
         _done = hi;
     }
 
-    /// What is not in any piece yet of the columns before the end.
+    /// Adds the columns before end that are not in a piece yet, as columns to compute.
     void addOthers(int end)
     {
         if (end > _done)
@@ -250,11 +252,11 @@ private:
     std::span<const float> _weights;
     ConstantSums _constants;
     std::vector<Piece> _pieces;
-    int _done = 0; ///< the columns before this one are in pieces
+    int _done = 0; ///< columns before this one belong to a piece
     std::vector<Pair> _pairs;
 };
 
-/// The columns that rows of sums must have room for.
+/// The columns for which rows of sums need room.
 Interval paddedColumns(Interval in, Interval out, std::span<const float> xWeights)
 {
     const int reach = reachOf(xWeights);
@@ -275,7 +277,7 @@ public:
         _sums.levels.assign(static_cast<std::size_t>(stripsOf(in.size())), {0, 1});
     }
 
-    /// Results are made of the rows around those that come after as many as the filter reaches. The next call goes on
+    /// Makes results.size() rows; rows begins the filter's reach above the first of them. The next call continues
     /// below.
     void run(std::span<const float* const> rows, std::span<float* const> results)
     {

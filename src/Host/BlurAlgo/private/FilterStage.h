@@ -9,7 +9,7 @@
 
 namespace BlurAlgo {
 
-/// Rows y.lo .. y.hi - 1 of the plane filtered in place of its samples.
+/// Makes the rows y of the filtered plane.
 void filterBand(const Input& in, std::span<const float> xWeights, std::span<const float> yWeights, const Output& out,
                 Interval y, RowMemory& memory);
 

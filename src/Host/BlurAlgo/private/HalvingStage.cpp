@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Halving, a few rows at a time: rows are summed first and columns then, so that the columns are summed in fewer rows.
-// What is empty is found strip by strip and not worked on.
+// Halving, a few rows at a time. Rows are halved before columns, because there are fewer rows then. Empty strips are
+// skipped.
 #include "BlurAlgo/private/HalvingStage.h"
 
 #include "BlurAlgo/private/PyramidKernels.h"
@@ -15,7 +15,7 @@ namespace {
 
 using PyramidKernels::kHalvedRows;
 
-/// Halves the columns of a few rows. The even and odd columns of what is halved lie apart, in longer rows of zeros.
+/// Halves the columns of a few rows. Their even and odd columns are stored apart, with zeros on both sides.
 class ColumnHalver
 {
 public:
@@ -27,24 +27,24 @@ public:
         , _skipped(in.lo - 2 * (out.lo - _margin))
         , _empty(static_cast<std::size_t>((in.size() + kStrip - 1) / kStrip), true)
     {
-        // The sums are written from the beginning of a cache line on.
+        // Aligns the first sum to the start of a cache line.
         const auto line = static_cast<int>(RowMemory::kLine);
         const int shift = (line - ceilHalf(_skipped) % line) % line;
         for (PyramidKernels::SplitRow& row : _rows)
             row = {memory.takeZeros() + shift, memory.takeZeros() + shift};
     }
 
-    /// Samples that the rows of memory must hold for halving to this many.
+    /// Samples that a row of memory must hold to be halved to n columns.
     static std::size_t rowSize(int n, const StepWeights& step)
     {
         return static_cast<std::size_t>(n + 2 * ceilHalf(std::max(step.reach(), 0))) + RowMemory::kLine;
     }
 
-    /// Takes sums of rows to be halved, which come in the order of their places, always as many further down. Returns
-    /// the columns of the result that are not zero then, counted from its left.
+    /// Takes sums of rows. Each call's rows lie the same distance below those of the call before. Returns the columns
+    /// of the result that may be non-zero, counted from its left.
     Interval sumRows(std::span<const float* const> rows, std::span<const float> weights)
     {
-        // Where the last sums left nothing, the rows that were part of them are known to be empty.
+        // Where the last sums were zero, the rows shared with them are known to be empty.
         const auto isEmpty = [&](int x, int columns) {
             const bool known = _hasSums && _empty[static_cast<std::size_t>(x / kStrip)];
             return PyramidKernels::areZeros(known ? rows.last(2 * kHalvedRows) : rows, x, columns);
@@ -59,14 +59,14 @@ public:
         return resultOf(done);
     }
 
-    /// Takes one row to be halved.
+    /// Takes one row instead of sums.
     Interval takeRow(const float* row)
     {
         PyramidKernels::splitColumns(row, from(0).front(), _in.size(), firstIsOdd());
         return {0, _out.size()};
     }
 
-    /// Row j of what was taken, zeros outside of the columns that came with it.
+    /// Halves row j of the rows taken. Outside the given columns the result is zero.
     void run(std::size_t j, Interval columns, float* out) const
     {
         const float* even = _rows[j].even + _margin + columns.lo;
@@ -79,7 +79,7 @@ public:
 private:
     bool firstIsOdd() const { return (_skipped & 1) != 0; }
 
-    /// Where column x of the input goes.
+    /// Where column x of the input is stored.
     PyramidKernels::SplitRows from(int x) const
     {
         PyramidKernels::SplitRows rows = _rows;
@@ -117,10 +117,10 @@ private:
     int _skipped; ///< columns of zeros before the first one of the input
     PyramidKernels::SplitRows _rows;
     bool _hasSums = false;
-    std::vector<bool> _empty; ///< strips of the input that left nothing but zeros
+    std::vector<bool> _empty; ///< strips of the input whose stored sums are all zero
 };
 
-/// Halves rows only, n columns of them. Returns the columns that are not zero.
+/// Halves rows only, n columns of them. Returns the columns that may be non-zero.
 Interval halveRowsOnly(std::span<const float* const> rows, std::span<const float> weights,
                        const PyramidKernels::HalvedRows& results, int n)
 {
@@ -139,13 +139,14 @@ Interval halveRowsOnly(std::span<const float* const> rows, std::span<const float
     return forStrips(n, isEmpty, sum, clear);
 }
 
-/// Makes halved rows, a few of them at once, in the order of their places.
+/// Makes halved rows from top to bottom, in groups.
 template<typename Source>
 class BandHalver
 {
 public:
-    /// @param rect of the rows of the source
-    /// @param kept how many rows more the memory is to have room for, of the size room
+    /// @param rect the rectangle of the source's rows
+    /// @param kept how many rows of memory are left for the caller to take
+    /// @param room the least length of a row of memory
     BandHalver(Source& source, const Math::Box2di& rect, const StepPair& step, Interval columns, std::size_t kept,
                std::size_t room, RowMemory& memory)
         : _step(step)
@@ -158,8 +159,8 @@ public:
         , _columns(columnsOf(rect), columns, step.x, _memory)
     {}
 
-    /// Rows v ... end - 1, at most kHalvedRows; the other results hold anything then. Returns the columns that are not
-    /// zero, counted from the left.
+    /// Makes the rows v .. end - 1, at most kHalvedRows; further results hold anything. Returns the columns that may be
+    /// non-zero, counted from the left.
     Interval run(int v, int end, const PyramidKernels::HalvedRows& results)
     {
         const int reach = _step.y.reach();
@@ -187,7 +188,7 @@ private:
     ColumnHalver _columns;
 };
 
-/// Halved rows for another halving. A row stays as long as the second halving may look at it.
+/// Halved rows as the input of another halving. A row stays valid as long as the second halving may read it.
 class HalvedRows
 {
 public:
@@ -199,7 +200,7 @@ public:
         std::generate(_rows.begin(), _rows.end(), [&memory] { return memory.take(); });
     }
 
-    /// Makes the group of rows that y belongs to, unless it is there.
+    /// Makes the group of rows that contains y, unless it exists.
     void advance(int y)
     {
         const int first = (y - _rect.y1) / kHalvedRows * kHalvedRows;
@@ -244,7 +245,7 @@ void halveColumnsBand(const Input& in, const StepWeights& step, const Output& ou
     });
 }
 
-/// Rows y of the plane halved along the rows at least.
+/// Halves the rows y of a plane, along the rows at least.
 template<typename Source>
 Math::Box2di halveRowsOf(Source& source, const Math::Box2di& rect, const StepPair& step, const Output& out, Interval y,
                          RowMemory& memory)

@@ -8,14 +8,13 @@
 
 namespace BlurAlgo {
 
-/// Rows y.lo .. y.hi - 1 of the halved plane.
+/// Makes the rows y of the halved plane. Empty parts of the input are skipped.
 ///
-/// @return a box outside of which these rows are zero, as small as is easily found: what is empty in the input is not
-/// worked on
+/// @return a box outside which these rows are zero; not always the smallest one
 Math::Box2di halveBand(const Input& in, const StepPair& step, const Output& out, Interval y, RowMemory& memory);
 
-/// The same for two halvings, the second one along the rows at least: what lies between is not kept but made when it is
-/// needed, within the rectangle between.
+/// The same for two halvings, the second one along the rows at least. The plane between them has the rectangle between;
+/// its rows are made on demand and not stored.
 Math::Box2di halveTwiceBand(const Input& in, const StepPair& first, const Math::Box2di& between, const StepPair& second,
                             const Output& out, Interval y, BandMemory& memory);
 

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// How far a step's filter carries samples.
+// Which samples depend on which in a step.
 #include "BlurAlgo/private/Intervals.h"
 
 namespace BlurAlgo {

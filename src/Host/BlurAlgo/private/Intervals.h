@@ -1,10 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Runs of columns and rows, and which of them a halving or a doubling reads and makes.
+// Intervals of columns and rows, and which of them a halving or a doubling reads and makes.
 //
 // Coordinates: sample k of a halved axis lies on sample 2 k of the axis it was made from, for every integer k, so all
-// levels share the picture's origin. A plane holds the samples of its rectangle; outside there are zeros (halve,
-// filter) or samples that nobody needs (double).
+// levels share the picture's origin. A plane stores the samples of its rectangle; outside it, samples are zero
+// (halving, filter) or unused (doubling).
 #pragma once
 
 #include "QuarvelBaseCore/Math_Box2di.h"
@@ -45,17 +45,17 @@ inline int ceilHalf(int v)
     return (v + 1) >> 1;
 }
 
-/// The samples that begin and end with whole pairs.
+/// The interval, extended to even bounds.
 inline Interval alignedToEven(Interval samples)
 {
     return {2 * floorHalf(samples.lo), 2 * ceilHalf(samples.hi)};
 }
 
-/// The samples of a halved axis that are not zero when those outside of the interval are.
+/// The samples of a halved axis that can be non-zero when the axis is zero outside the interval.
 Interval halvedSupport(Interval samples, int reach);
 /// The samples of a halved axis from which doubling makes those of the interval.
 Interval neededByDoubling(Interval samples, int reach);
-/// The samples of an axis that doubling makes not zero when those outside of the interval are.
+/// The samples of a doubled axis that can be non-zero when the axis is zero outside the interval.
 Interval doubledSupport(Interval samples, int reach);
 
 } // namespace BlurAlgo

@@ -16,7 +16,7 @@ HWY_BEFORE_NAMESPACE();
 namespace BlurAlgo::LevelKernels::HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
-// A whole strip is a whole number of such vectors, however long those of the machine are.
+// At most 16 lanes, so that a strip is a whole number of vectors on every machine.
 using Floats = hn::CappedTag<float, 16>;
 static_assert(kLevelStrip % 16 == 0);
 
@@ -25,7 +25,7 @@ HWY_INLINE std::uint32_t bitsOf(float sample)
     return std::bit_cast<std::uint32_t>(sample);
 }
 
-/// True when a whole strip has nothing but samples of these bits.
+/// True when all samples of a whole strip have these bits.
 HWY_INLINE bool isLevel(const float* samples, std::uint32_t bits)
 {
     const Floats d;
@@ -37,7 +37,7 @@ HWY_INLINE bool isLevel(const float* samples, std::uint32_t bits)
     return hn::AllTrue(d32, hn::Eq(different, hn::Zero(d32)));
 }
 
-/// Fetches the samples that are needed some time after this strip.
+/// Prefetches samples that lie a few strips ahead.
 HWY_INLINE void fetchAhead(const float* strip)
 {
     constexpr int kAhead = 128;
@@ -55,7 +55,7 @@ HWY_INLINE void addRow(LevelStrip& strip, std::uint32_t bits, bool level)
 HWY_INLINE void addWhole(LevelStrip& strip, const float* samples)
 {
     const std::uint32_t bits = bitsOf(samples[0]);
-    // Where nothing is level the ends are enough to see it.
+    // In most strips that are not level, the first and the last sample differ.
     addRow(strip, bits, bits == bitsOf(samples[kLevelStrip - 1]) && isLevel(samples, bits));
 }
 

@@ -3,8 +3,8 @@
 // Where rows of samples are level: strips of columns in which all samples are the same. Pictures to be blurred are
 // mostly flat, so sums over one and the same value need not be worked out again for every sample.
 //
-// Samples are the same when their bits are. Sums of the same bits in the same order have the same bits, whatever the
-// samples are: nothing has to be known about zeros of either sign, infinities or what is not a number.
+// Samples are the same when their bits are. Sums of the same bits in the same order have the same bits, so zeros of
+// either sign, infinite values and NaN need no special care.
 #pragma once
 
 #include <bit>
@@ -21,16 +21,16 @@ constexpr int stripsOf(int columns)
     return (columns + kLevelStrip - 1) / kLevelStrip;
 }
 
-/// What is known of one strip in the rows that have been looked at, one after the other.
+/// What is known of one strip in the rows seen so far.
 struct LevelStrip
 {
-    std::uint32_t bits = 0; ///< of every sample, if there are such rows
-    int rows = 0;           ///< how many rows up to the latest are level, and at the same value
+    std::uint32_t bits = 0; ///< of every sample, when rows is not 0
+    int rows = 0;           ///< how many of the latest rows are level at this value
 
     float value() const { return std::bit_cast<float>(bits); }
 };
 
-/// Looks at the next rows, n columns from x on, where the first strip begins.
+/// Takes the next rows, n columns of them from x on; strips[0] is the strip that begins at x.
 void followLevels(std::span<const float* const> rows, int x, int n, LevelStrip* strips);
 
 /// n samples of one value.

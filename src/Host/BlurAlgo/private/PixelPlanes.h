@@ -15,7 +15,7 @@ namespace BlurAlgo {
 template<typename Pixel>
 using Channel = typename CEL_PixelTraits<Pixel>::Channel;
 
-/// Reads one channel of a pixmap, at the channel's own scale.
+/// Reads one channel of a pixmap, in the channel's own scale.
 template<typename Pixel>
 class ChannelSource final : public BA_RowSource
 {
@@ -41,7 +41,7 @@ private:
     Channel<Pixel> Pixel::*_channel;
 };
 
-/// Writes one channel of a pixmap and leaves the others.
+/// Writes one channel of a pixmap and leaves the others unchanged.
 template<typename Pixel>
 class ChannelSink final : public BA_RowSink
 {
@@ -85,7 +85,7 @@ private:
     float _gain;
 };
 
-/// The rows of a depth pixmap. A pixel is nothing but its float.
+/// Reads the rows of a depth pixmap where they are: its pixel is one float.
 class DepthSource final : public BA_RowSource
 {
 public:

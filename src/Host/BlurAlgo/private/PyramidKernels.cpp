@@ -33,7 +33,7 @@ HWY_INLINE int lanes()
     return static_cast<int>(hn::Lanes(Floats()));
 }
 
-/// Copies on the stack tell the compiler that writing samples changes neither addresses nor weights.
+/// Copies weights or addresses to the stack, which tells the compiler that writing samples does not change them.
 template<typename T, std::size_t kCount>
 HWY_INLINE std::array<T, kCount> firstOf(std::span<const T> values)
 {
@@ -43,7 +43,7 @@ HWY_INLINE std::array<T, kCount> firstOf(std::span<const T> values)
     return copy;
 }
 
-/// The first rows from column x on.
+/// The addresses of the first kCount rows, moved to column x.
 template<std::size_t kCount>
 HWY_INLINE std::array<const float*, kCount> rowsFrom(std::span<const float* const> rows, int x)
 {
@@ -53,7 +53,7 @@ HWY_INLINE std::array<const float*, kCount> rowsFrom(std::span<const float* cons
     return copy;
 }
 
-/// Fetches what the rows hold some way after column i. The last ones are those that nobody has looked at before.
+/// Prefetches the rows some way after column i; the last rows are the ones not read before.
 HWY_INLINE void fetchAhead(std::span<const float* const> rows, int i)
 {
     constexpr int kAhead = 128;
@@ -62,7 +62,7 @@ HWY_INLINE void fetchAhead(std::span<const float* const> rows, int i)
         hwy::Prefetch(row + i + kAhead);
 }
 
-/// All rows from i on, as many vectors of them as are compared at once.
+/// True when all rows are zero from column i on, in as many vectors as are compared at once.
 HWY_INLINE bool areZerosAt(std::span<const float* const> rows, int i)
 {
     const hn::Repartition<std::uint32_t, Floats> d;
@@ -121,7 +121,7 @@ HWY_INLINE void halveRowsBy(std::span<const float* const> rows, int x, std::span
     }
 }
 
-/// The columns i and after, 2 x lanes of them, of all rows; column i goes to even[e].
+/// Halves the columns i and after, 2 x lanes of them, of all rows; column i goes to even[e].
 template<int kReach>
 HWY_INLINE void halveAndSplitAt(const float* const* in, const float* weights, const SplitRow* out, int i, int e)
 {
@@ -141,7 +141,7 @@ HWY_INLINE void halveAndSplitAt(const float* const* in, const float* weights, co
     }
 }
 
-/// Column i of all rows.
+/// Halves column i of all rows.
 template<int kReach>
 HWY_INLINE void halveAndSplitOneAt(const float* const* in, const float* weights, const SplitRow* out, int i, bool odd,
                                    int e)
@@ -224,8 +224,8 @@ HWY_INLINE void halveColumnsBy(const float* even, const float* odd, std::span<co
         sumAt(OneFloat(), i);
 }
 
-/// sum + the pairs at the distances first, first + 2, ... kReach, counted on the doubled axis; at(k) is the k-th sample
-/// after the one on or before which the result lies.
+/// Adds to sum the pairs at the distances first, first + 2, ... kReach, in samples of the doubled axis. at(0) is the
+/// coarse sample on which the result lies, or the one before it.
 template<int kReach, class D, class At>
 HWY_INLINE hn::Vec<D> addDoubled(D d, hn::Vec<D> sum, int first, const At& at, const float* weights)
 {
@@ -234,14 +234,14 @@ HWY_INLINE hn::Vec<D> addDoubled(D d, hn::Vec<D> sum, int first, const At& at, c
     return sum;
 }
 
-/// The result on sample at(0): the filter's even weights.
+/// The result on the coarse sample at(0): the filter's even weights.
 template<int kReach, class D, class At>
 HWY_INLINE hn::Vec<D> doubledOn(D d, const At& at, const float* weights)
 {
     return addDoubled<kReach>(d, hn::Mul(hn::LoadU(d, at(0)), hn::Set(d, weights[0])), 2, at, weights);
 }
 
-/// The result between the samples at(0) and at(1): the filter's odd weights.
+/// The result between the coarse samples at(0) and at(1): the filter's odd weights.
 template<int kReach, class D, class At>
 HWY_INLINE hn::Vec<D> doubledAfter(D d, const At& at, const float* weights)
 {
@@ -267,7 +267,7 @@ HWY_INLINE void doubleColumnsBy(const float* in, std::span<const float> weights,
     }
 }
 
-/// Columns i and after, as many as the tag has, of all doubled rows.
+/// Columns i and after, one vector of them, of all doubled rows.
 template<int kReach, bool kStream, class D>
 HWY_INLINE void doubleRowsAt(D d, const float* const* in, const float* weights, float* const* out, int i)
 {
@@ -285,7 +285,7 @@ HWY_INLINE void doubleRowsAt(D d, const float* const* in, const float* weights, 
     }
 }
 
-/// The samples before the first one that all rows have at an address of whole vectors; n if there is none.
+/// How many samples precede the first one that is vector-aligned in all rows; n if there is none.
 HWY_INLINE int unalignedSamples(const DoubledRows& rows, int n)
 {
     const std::size_t first = vl::untilAligned(Floats(), rows[0]);
@@ -316,7 +316,7 @@ HWY_INLINE void doubleRowsBy(std::span<const float* const> rows, std::span<const
         doubleRowsAt<kReach, false>(OneFloat(), in.data(), w.data(), out.data(), i);
 }
 
-/// Calls run with the reach as a constant.
+/// Calls run with the reach as a compile-time constant.
 template<typename Run>
 HWY_INLINE void withReach(std::span<const float> weights, const Run& run)
 {

@@ -5,8 +5,8 @@
 // vectors that the processor has. Every sample is computed by itself, in an order that is the same for a mirrored
 // picture, without fused operations, so that all processors give the same bits.
 //
-// Weights are those of one step, from the middle outwards: from 2 up to kLargestReach of them after the middle one.
-// Rows passed to one call do not overlap in what is written; reads and writes stay within the samples that are named.
+// Weights are those of one step, from the middle outwards: the middle one, then 2 to kLargestReach others. The rows
+// that a call writes overlap no other row that it gets; only the named samples are read and written.
 #pragma once
 
 #include <array>
@@ -16,21 +16,21 @@ namespace BlurAlgo::PyramidKernels {
 
 inline constexpr int kLargestReach = 5;
 
-/// As many halved rows are made at once, and of so many rows.
+/// How many halved rows are made at once, and from how many rows.
 inline constexpr int kHalvedRows = 4;
 constexpr int rowsToHalve(int reach)
 {
     return 2 * (kHalvedRows - 1) + 2 * reach + 1;
 }
 
-/// As many doubled rows are made at once, the first of them an even one, and of so many rows.
+/// How many doubled rows are made at once, beginning with an even one, and from how many rows.
 inline constexpr int kDoubledRows = 4;
 constexpr int rowsToDouble(int reach)
 {
     return kDoubledRows / 2 + reach;
 }
 
-/// A row whose even and odd columns lie apart.
+/// A row whose even and odd columns are stored apart.
 struct SplitRow
 {
     float* even;
@@ -44,26 +44,26 @@ using DoubledRows = std::array<float*, kDoubledRows>;
 /// True when the columns x ... x + n - 1 of all rows are positive zeros.
 bool areZeros(std::span<const float* const> rows, int x, int n);
 
-/// out[j] = the weighted sum of the rows around rows[2 j + reach], whose columns x ... x + n - 1 are taken.
+/// out[j] = the weighted sum of the rows around rows[2 j + reach], in the columns x ... x + n - 1.
 void halveRows(std::span<const float* const> rows, int x, std::span<const float> weights, const HalvedRows& out, int n);
 
-/// The same sums, apart in even and odd columns. Column x counts as an odd one when firstIsOdd is set.
+/// The same sums, with even and odd columns apart. Column x counts as odd when firstIsOdd is set.
 void halveAndSplitRows(std::span<const float* const> rows, int x, std::span<const float> weights, const SplitRows& out,
                        int n, bool firstIsOdd);
 
-/// Takes n columns apart into even and odd ones; column 0 counts as an odd one when firstIsOdd is set.
+/// Separates n columns into even and odd ones; column 0 counts as odd when firstIsOdd is set.
 void splitColumns(const float* in, SplitRow out, int n, bool firstIsOdd);
 
-/// out[i] = the weighted sum of the columns around even[i], which lies between odd[i - 1] and odd[i]. The row goes on
-/// for reach / 2 (rounded up) samples to both sides.
+/// out[i] = the weighted sum of the columns around even[i], which lies between odd[i - 1] and odd[i]. The row must
+/// extend reach / 2 (rounded up) samples beyond both ends.
 void halveColumns(const float* even, const float* odd, std::span<const float> weights, float* out, int n);
 
-/// out[2 i], out[2 i + 1] = the sums for the columns on and after in[i], i < n. The row goes on for reach / 2 (rounded
-/// down) samples to the left and (rounded up) to the right.
+/// out[2 i], out[2 i + 1] = the sums for the columns on and after in[i], i < n. The row must extend reach / 2 samples
+/// beyond its ends, rounded down on the left and up on the right.
 void doubleColumns(const float* in, std::span<const float> weights, float* out, int n);
 
 /// out[2 j], out[2 j + 1] = the sums for the rows on and after rows[j + reach / 2], n samples each. With stream set,
-/// rows that lie alike in memory are written past the caches.
+/// rows with the same alignment in memory are written past the caches.
 void doubleRows(std::span<const float* const> rows, std::span<const float> weights, const DoubledRows& out, int n,
                 bool stream);
 

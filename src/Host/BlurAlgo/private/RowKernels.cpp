@@ -23,7 +23,7 @@ HWY_INLINE int lanes()
     return static_cast<int>(hn::Lanes(Floats()));
 }
 
-/// One pair's part of the sum: one vector of it, or with a tag of one lane one sample.
+/// The term of one pair: a vector of it, or one sample with a tag of one lane.
 template<class D>
 HWY_INLINE hn::Vec<D> term(D d, const Pair& pair, int i)
 {
@@ -31,7 +31,7 @@ HWY_INLINE hn::Vec<D> term(D d, const Pair& pair, int i)
     return hn::Mul(both, hn::Set(d, pair.weight));
 }
 
-/// sum + pairs[kFirst] + ... + pairs[kCount - 1], spelled out so that all addresses and weights stay in registers.
+/// sum + pairs[kFirst] + ... + pairs[kCount - 1], unrolled so that all addresses and weights stay in registers.
 template<int kFirst, int kCount, class D>
 HWY_INLINE hn::Vec<D> addTerms(D d, hn::Vec<D> sum, const Pair* pairs, int i)
 {
@@ -79,8 +79,8 @@ HWY_INLINE hn::Vec<D> sumOfManyAt(D d, const float* middle, float middleWeight, 
     return sum;
 }
 
-/// Many pairs: four vectors at a time, so that a pair's addresses and weight are read once for all four. The loop over
-/// the pairs takes up to a tenth longer where the function begins at an unlucky address.
+/// Many pairs: four vectors at a time, so that a pair's addresses and weight are read once for all four. The function
+/// is aligned because the loop over the pairs takes up to a tenth longer at some addresses.
 [[gnu::aligned(64)]] void weightedSumOfMany(const float* middle, float middleWeight, std::span<const Pair> pairs,
                                             float* HWY_RESTRICT out, int n)
 {

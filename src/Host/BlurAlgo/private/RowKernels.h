@@ -4,7 +4,7 @@
 // moves between pixels and planes. They run with the widest vectors that the processor has. Every sample is computed by
 // itself, in a fixed order, without fused operations, so that all processors give the same bits.
 //
-// Rows passed to one call do not overlap in what is written; reads and writes stay within the n samples that are named.
+// The rows that a call writes overlap no other row that it gets; only the n named samples are read and written.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@
 
 namespace BlurAlgo::RowKernels {
 
-/// Two rows that take part in a weighted sum with the same weight.
+/// Two rows that enter a weighted sum with the same weight.
 struct Pair
 {
     const float* left;
@@ -20,7 +20,7 @@ struct Pair
     float weight;
 };
 
-/// out[i] = middle[i] * middleWeight + (left[i] + right[i]) * weight + ..., added up in the order of the pairs.
+/// out[i] = middle[i] * middleWeight + (left[i] + right[i]) * weight + ..., in the order of the pairs.
 void weightedSum(const float* middle, float middleWeight, std::span<const Pair> pairs, float* out, int n);
 
 /// out[i] = the first channel of pixel i, for pixels of four channels.

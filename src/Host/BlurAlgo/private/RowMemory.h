@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Memory for rows of samples, kept between the bands and the blurs that use it: taking it anew would cost more than a
-// band does.
+// Memory for rows of samples. It is kept between bands and between blurs, because allocating it costs more than a band
+// does.
 #pragma once
 
 #include <cstddef>
@@ -10,11 +10,11 @@
 
 namespace BlurAlgo {
 
-/// Samples in memory that only grows. It begins where vectors and cache lines do.
+/// Memory for samples that grows and never shrinks, aligned to vectors and cache lines.
 class SampleMemory
 {
 public:
-    /// Room for so many samples; what it held may be lost.
+    /// Room for this many samples; earlier contents may be lost.
     float* room(std::size_t samples)
     {
         if (samples > _capacity) {
@@ -26,7 +26,7 @@ public:
     }
 
 private:
-    /// The longest vectors and cache lines that there are.
+    /// The largest alignment that vectors and cache lines need.
     static constexpr std::align_val_t kAlignment{128};
 
     struct Deleter
@@ -38,16 +38,16 @@ private:
     std::size_t _capacity = 0;
 };
 
-/// Memory of one thread, kept between bands: handed out from the front, all taken back at once.
+/// One thread's memory, kept between bands: rows are handed out from the front and taken back all at once.
 class RowMemory
 {
 public:
-    /// Samples of a cache line, at whose beginning every row begins.
+    /// Samples of a cache line; every row begins at the start of one.
     static constexpr std::size_t kLine = 16;
 
     /// Takes everything back and makes room for this many rows of this many samples.
     void reset(std::size_t rows, std::size_t samples);
-    /// One row of at least the size that was announced. It holds anything.
+    /// One uninitialised row of at least the size given to reset().
     float* take();
     /// One row of zeros.
     float* takeZeros();
