@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Blocks for pixels: what is kept, for how long, and who gets it.
+// Blocks for pixels: which are kept, for how long, and who gets them.
 #include "QuarvelBaseCore/UT_PixelMemory.h"
 
 #include <gmock/gmock.h>
@@ -21,13 +21,13 @@ protected:
     ~PixelMemory() override { UT_PixelMemory::trim(); }
 };
 
-// What is idle when so much was given back, in a build that keeps anything at all.
+// The idle bytes after this many were given back; 0 in a build that keeps none.
 std::size_t kept(std::size_t bytes)
 {
     return std::min(bytes, UT_PixelMemory::kLargestIdle);
 }
 
-// So many blocks of 64 megabytes, taken one after the other and given back in the same order.
+// Takes this many blocks of 64 megabytes and gives them back in the same order.
 std::vector<void*> useAtOnce(std::size_t count)
 {
     std::vector<void*> blocks(count);
@@ -61,7 +61,7 @@ TEST_F(PixelMemory, ALargeBlockIsKeptUntilItIsTakenAgain)
 
 TEST_F(PixelMemory, APictureOfNearlyTheSameSizeTakesTheBlock)
 {
-    // Between 8 and 9 megabytes all sizes share one step.
+    // All sizes between 8 and 9 megabytes share one step.
     UT_PixelMemory::give(UT_PixelMemory::take(8 * kMegabyte + 1), 8 * kMegabyte + 1);
     void* const other = UT_PixelMemory::take(9 * kMegabyte);
     EXPECT_EQ(UT_PixelMemory::idleBytes(), 0U);
@@ -128,7 +128,7 @@ TEST_F(PixelMemory, BlocksThatNobodyTakesForLongMakeRoom)
     void* const first = UT_PixelMemory::take(256 * kMegabyte);
     giveBack(256, 1);
     UT_PixelMemory::give(first, 256 * kMegabyte);
-    // There is no room for more until over 200 others, the second large one among them, came back after the first.
+    // More blocks find no room until over 200 others, the second large one among them, have come back after the first.
     giveBack(1, 199);
     EXPECT_EQ(UT_PixelMemory::idleBytes(), kept(512 * kMegabyte));
     giveBack(1, 1);

@@ -13,8 +13,9 @@ TEST(Error, KeepsItsKindOnItsWayOut)
                                .at(QStringLiteral("frame 3"))
                                .at(QStringLiteral("walk.scene"));
     EXPECT_EQ(error.kind, UT_ErrorKind::NO_MEMORY);
-    EXPECT_EQ(error.sentence(), QStringLiteral("walk.scene: frame 3: the memory is not enough for 9 x 9 pixels; choose "
-                                               "a smaller size"));
+    EXPECT_EQ(error.sentence(),
+              QStringLiteral("walk.scene: frame 3: not enough memory for 9 x 9 pixels; choose a smaller "
+                             "size"));
 }
 
 TEST(Error, HasItsTextAsSentenceWhereNothingElseIsKnown)

@@ -24,7 +24,7 @@ private:
     std::function<void(XUTeller&)> _reaction;
 };
 
-// Notes who was told, in order.
+// Records who was notified, in order.
 struct Notes
 {
     std::function<void(XUTeller&)> note(const std::string& name)

@@ -26,7 +26,7 @@ const AT_AttrMeta kScaleMeta(QStringLiteral("ScaleByCoverage"),
 const AT_AttrMeta kEnabledMeta(QStringLiteral("ObjectEnabled"),
                                QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Object Enabled")));
 
-// Says by its presence that an object is switched off.
+// Its presence says that an object is switched off.
 class DisableEntry final : public CEL_Message
 {};
 

@@ -4,9 +4,9 @@
 // volume: at which level, and whether its greys count in proportion to its coverage.
 //
 // In a render its request leaves an ObjectDefinitionEntry in the context of every drawing upstream, unless there is one
-// already: of several definitions on the way of a drawing the one nearest to the drawing counts. Where the object is
-// switched off it leaves an entry that says so. A node that is not enabled leaves nothing. It attaches nothing to the
-// cel itself, and its picture is its input's.
+// already: of several definitions downstream of a drawing, the one nearest to it counts. Where the object is switched
+// off, the request leaves an entry that says so. A node that is not enabled leaves nothing. The node attaches nothing
+// to the cel, and its picture is its input's.
 #pragma once
 
 #include "ObjectDefinition/ObjectDefinitionExport.h"
@@ -41,7 +41,8 @@ public:
 
     /// In the context of a request: an ObjectDefinitionEntry. On a cel: an ObjectDefinitionMessage.
     static const UT_DynKey& objectDefinitionMessageId();
-    /// In the context of a request: an entry, whatever it is, that says that the drawing's object is switched off.
+    /// In the context of a request: an entry of any class, whose presence says that the drawing's object is switched
+    /// off.
     static const UT_DynKey& objectDisableMessageId();
 
     QString keyword() const override;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What is told about an object: to other requests, and along with a cel.
+// The constructors and destructors of the entry and the message of an Object Definition.
 #include "ObjectDefinition/ObjectDefinitionMessage.h"
 
 #include "ObjectDefinition/ObjectDefinitionEntry.h"

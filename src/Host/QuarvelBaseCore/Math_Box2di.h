@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Math::Box2di: an integer rectangle. It is half-open (x1 and y1 belong to it, x2 and y2 do not), x runs to the right
-// and y down, and it is empty when x1 >= x2 or y1 >= y2. All empty boxes hold no pixel, but they are equal only when
-// their four numbers are.
+// and y down, and it is empty when x1 >= x2 or y1 >= y2. No empty box holds a pixel, but two of them are equal only
+// when their four numbers are.
 #pragma once
 
 #include <algorithm>
@@ -30,7 +30,7 @@ public:
     constexpr std::int64_t area() const { return std::int64_t{width()} * height(); }
 
     constexpr bool contains(int x, int y) const { return x >= x1 && x < x2 && y >= y1 && y < y2; }
-    /// True when every pixel of other is in this box; an empty box is contained everywhere.
+    /// True when every pixel of other is in this box; every box contains an empty one.
     constexpr bool contains(const Box2di& other) const
     {
         return other.isEmpty() || (other.x1 >= x1 && other.x2 <= x2 && other.y1 >= y1 && other.y2 <= y2);
@@ -54,14 +54,14 @@ public:
         y2 = std::max(y2, other.y2);
     }
 
-    /// The pixels that both boxes hold.
+    /// The pixels that are in both boxes.
     constexpr Box2di getIntersection(const Box2di& other) const
     {
         return Box2di(std::max(x1, other.x1), std::max(y1, other.y1), std::min(x2, other.x2), std::min(y2, other.y2));
     }
 
-    /// The box moved out by n pixels on every side (in, when n is negative). An empty box stays as it is. Coordinates
-    /// saturate at the range of int.
+    /// The box with every side moved outwards by n pixels (inwards when n is negative). An empty box stays unchanged.
+    /// Coordinates are clamped to the range of int.
     constexpr Box2di getEnlarged(int n) const
     {
         if (isEmpty())

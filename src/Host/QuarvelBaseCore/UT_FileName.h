@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What the name of a file says about its kind. Which kinds there are, the libraries know that read and write them
+// What the name of a file says about its kind. The libraries that read and write files know which kinds there are
 // (IIO_PictureFile.h, DIO_DrawingReader.h).
 #pragma once
 
@@ -8,6 +8,6 @@
 
 #include <QString>
 
-/// The end of a file's name, behind its last dot, lower case: "png" of "art/Hero_n.PNG"; empty when the name has no
+/// The part of a file's name after its last dot, in lower case: "png" of "art/Hero_n.PNG"; empty when the name has no
 /// dot.
 QUARVELBASECORE_EXPORT QString UT_fileSuffix(const QString& path);

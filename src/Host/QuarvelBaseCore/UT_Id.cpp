@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Identifiers: their making and their text.
+// Making identifiers, and their text.
 #include "QuarvelBaseCore/UT_Id.h"
 
 #include <QRandomGenerator>

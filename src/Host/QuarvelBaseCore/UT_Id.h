@@ -23,7 +23,7 @@ public:
     /// UTF-8).
     static UT_Id fromName(const QString& name);
 
-    // NOLINTNEXTLINE(modernize-use-nullptr): what the comparison gives is held against 0, which is no pointer
+    // NOLINTNEXTLINE(modernize-use-nullptr): the generated comparison has a literal 0, which is no pointer
     friend constexpr auto operator<=>(const UT_Id&, const UT_Id&) = default;
 
     constexpr bool isNull() const { return _value == 0; }
@@ -32,7 +32,7 @@ public:
     /// The identifier as 16 lower-case hexadecimal digits.
     UT_String AsString() const;
 
-    /// Reads what AsString() writes. Any other text leaves this identifier as it is.
+    /// Reads what AsString() writes. Any other text leaves this identifier unchanged.
     ///
     /// @return whether the text was an identifier
     bool parseXml(const QString& text);

@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Sizes are rounded up to steps of an eighth of their power of two, so that pictures of nearly the same size, as the
-// frames of an animation have them, fit into each other's blocks. Where there is none of just that size, a block of up
-// to twice the size serves; what was lent so is known by its address when it comes back.
+// Sizes are rounded up to steps of an eighth of their power of two, so that pictures of nearly the same size, such as
+// the frames of an animation, fit into each other's blocks. Without a block of the exact size, one of up to twice the
+// size is lent; its address tells its true size when it comes back.
 #include "QuarvelBaseCore/UT_PixelMemory.h"
 
 #include <algorithm>
@@ -18,27 +18,27 @@ namespace {
 
 constexpr std::align_val_t kAligned{kAlignment};
 
-// A block that nobody took while so many others came back, a frame's worth or more, belongs to work that is over.
-constexpr std::uint64_t kPatience = 200;
+// A block that stayed unused while this many others came back, a frame's worth or more, belongs to work that is over.
+constexpr std::uint64_t kForgottenAfter = 200;
 
 struct Block
 {
     void* start;
     std::size_t bytes;
-    std::uint64_t idleSince = 0; ///< how many blocks had come back by then
+    std::uint64_t idleSince = 0; ///< the number of blocks that had come back when this one did
 };
 
-/// The kept blocks, the longest idle one first, and those in use that are larger than their users know.
+/// The kept blocks, the longest idle one first, and the lent ones, which are larger than their users asked for.
 struct Idle
 {
-    // Room for all that can be kept, so that giving back never needs memory.
+    // Reserves room for all blocks that can be kept, so that giving one back never allocates.
     Idle() { blocks.reserve(kLargestIdle / kSmallestKept); }
 
     std::mutex lock;
     std::vector<Block> blocks;
     std::vector<Block> lent;
     std::size_t bytes = 0;
-    std::uint64_t given = 0; ///< how many have come back
+    std::uint64_t given = 0; ///< how many blocks have come back
 };
 
 /// Never destroyed: pixmaps that live until the end of the process still give their blocks back.
@@ -59,8 +59,8 @@ void free(const Block& block)
     ::operator delete(block.start, kAligned);
 }
 
-/// The smallest block that serves; of several, that which was given back last, whose bytes are most likely to be in the
-/// cache.
+/// The smallest block that is large enough; of several, the one given back last, whose bytes are most likely to be in
+/// the cache.
 std::vector<Block>::iterator bestOf(std::vector<Block>& blocks, std::size_t bytes)
 {
     auto best = blocks.end();
@@ -85,7 +85,7 @@ void* takeIdle(std::size_t bytes)
     return block.start;
 }
 
-/// The block that was taken with so many bytes, with its true size.
+/// The block with its true size, which is larger than given when the block was lent.
 Block returned(Idle& kept, const Block& given)
 {
     const auto found = std::ranges::find(kept.lent, given.start, [](const Block& block) { return block.start; });
@@ -96,10 +96,10 @@ Block returned(Idle& kept, const Block& given)
     return block;
 }
 
-// Frees blocks that nobody wants any more until so many bytes fit, or until there are none of them.
+// Frees blocks that have been idle for too long, until this many bytes fit or no such block is left.
 void makeRoom(Idle& kept, std::size_t bytes)
 {
-    const auto isForgotten = [&](const Block& block) { return kept.given - block.idleSince > kPatience; };
+    const auto isForgotten = [&](const Block& block) { return kept.given - block.idleSince > kForgottenAfter; };
     while (kept.bytes + bytes > kLargestIdle && !kept.blocks.empty() && isForgotten(kept.blocks.front())) {
         kept.bytes -= kept.blocks.front().bytes;
         free(kept.blocks.front());

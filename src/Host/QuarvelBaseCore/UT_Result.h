@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Results of operations that are expected to fail now and then: reading a file, parsing a text, allocating a picture.
-// Such an operation returns a UT_Result, which holds either the value or a UT_Error, whose sentence can be shown to a
-// person as it stands. Exceptions are left to what nobody expects (memory exhausted in the middle of an algorithm).
+// Such an operation returns a UT_Result, which holds either the value or a UT_Error, whose sentence is fit to be shown
+// to a person. Exceptions are left to unexpected failures (memory exhausted in the middle of an algorithm).
 #pragma once
 
 #include <QString>
@@ -13,48 +13,48 @@
 #include <utility>
 #include <variant>
 
-/// What happened, for those who act on it.
+/// The kinds of errors, for callers that react to them.
 enum class UT_ErrorKind
 {
     FAILED,    ///< something did not work
-    REFUSED,   ///< what was given cannot be taken, and will not be taken the next time either
-    NO_MEMORY, ///< the memory is not enough
-    STOPPED    ///< somebody said to stop; nothing is wrong
+    REFUSED,   ///< the input is not acceptable, and trying again will not change that
+    NO_MEMORY, ///< there is not enough memory
+    STOPPED    ///< somebody asked to stop; nothing is wrong
 };
 
-/// What went wrong. Programs look at the kind and show the sentence; nobody compares texts.
+/// What went wrong. Programs look at the kind and show the sentence; no code compares texts.
 struct UT_Error
 {
-    QString text; ///< what, and what to do about it: one line, no full stop at its end
+    QString text; ///< what happened, and what to do about it: one line, no full stop at its end
     UT_ErrorKind kind = UT_ErrorKind::FAILED;
-    QString where = {}; ///< what the text speaks of, a file or a node with its frame; empty where the text says it
+    QString where = {}; ///< the file, or the node and frame, that the text is about; empty where the text says it
 
-    /// The error of somebody who called for what failed, and knows what it was for.
+    /// The same error with its place, which a caller adds who knows it.
     UT_Error at(const QString& place) const
     {
         return {text, kind, where.isEmpty() ? place : place + QStringLiteral(": ") + where};
     }
 
-    /// For a person, where the error leaves the program.
+    /// The whole message, for the place where the error leaves the program.
     QString sentence() const { return where.isEmpty() ? text : where + QStringLiteral(": ") + text; }
 };
 
-/// The error of what was stopped by somebody who is told to stop.
+/// The error of an operation that was told to stop.
 inline UT_Error UT_stopped()
 {
     return {QStringLiteral("stopped"), UT_ErrorKind::STOPPED, {}};
 }
 
-/// The error of what did not fit in memory.
+/// The error of something that did not fit in memory.
 ///
 /// @param what   "a picture of 40000 x 30000 pixels"
 /// @param advice "choose a smaller size"
 inline UT_Error UT_noMemory(const QString& what, const QString& advice)
 {
-    return {QStringLiteral("the memory is not enough for %1; %2").arg(what, advice), UT_ErrorKind::NO_MEMORY, {}};
+    return {QStringLiteral("not enough memory for %1; %2").arg(what, advice), UT_ErrorKind::NO_MEMORY, {}};
 }
 
-/// A value, or the error that kept it from being made.
+/// A value, or the error that explains why there is none.
 ///
 /// @tparam T the value's type; move-only types are welcome
 template<typename T>
@@ -68,7 +68,7 @@ public:
     bool ok() const { return _state.index() == 0; }
     explicit operator bool() const { return ok(); }
 
-    /// The value; only to be asked for when ok().
+    /// The value; call it only when ok().
     T& value()
     {
         assert(ok());
@@ -85,7 +85,7 @@ public:
     T* operator->() { return &value(); }
     const T* operator->() const { return &value(); }
 
-    /// The error; only to be asked for when not ok().
+    /// The error; call it only when not ok().
     const UT_Error& error() const
     {
         assert(!ok());
@@ -96,7 +96,7 @@ private:
     std::variant<T, UT_Error> _state;
 };
 
-/// The result of an operation that yields nothing but may fail.
+/// The result of an operation that returns nothing but may fail.
 template<>
 class [[nodiscard]] UT_Result<void>
 {
@@ -117,7 +117,7 @@ private:
     std::optional<UT_Error> _error;
 };
 
-/// Runs work, which may use up the memory.
+/// Runs work, which may run out of memory.
 ///
 /// @return its result, or the error of UT_noMemory()
 template<typename Work>

@@ -31,7 +31,7 @@ public:
             delete this;
     }
 
-    /// The number of holders at this moment; of use to tests and to copy-on-write.
+    /// The number of holders at this moment, for tests and copy-on-write.
     int refCount() const { return _count.load(std::memory_order_acquire); }
 
 private:
@@ -77,7 +77,7 @@ public:
     friend bool operator==(const UT_SharedPtr& a, const UT_SharedPtr& b) { return a._object == b._object; }
     friend bool operator==(const UT_SharedPtr& a, std::nullptr_t) { return a._object == nullptr; }
 
-    /// The same object seen as a U, or nothing when it is none.
+    /// The same object as a U; null when it is not one.
     template<typename U>
     UT_SharedPtr<U> dynamicCast() const
     {

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-/// Base of objects that can be observed. To be destroyed, and observed, on one thread.
+/// Base of objects that can be observed. Observing and destroying them must happen on one thread.
 class UT_SharedWeakBase
 {
 public:

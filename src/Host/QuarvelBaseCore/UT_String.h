@@ -23,7 +23,7 @@ public:
     friend auto operator<=>(const UT_String&, const UT_String&) = default;
 
     bool isEmpty() const { return _utf8.empty(); }
-    /// The bytes, ended by a NUL; valid as long as this string is not changed.
+    /// The bytes, ended by a NUL; valid until this string is changed.
     const char* c_str() const { return _utf8.c_str(); }
     QString ToQString() const;
 

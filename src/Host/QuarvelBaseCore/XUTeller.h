@@ -10,7 +10,7 @@
 
 class XUTeller;
 
-/// Hears of the changes of the tellers that it was added to.
+/// Is notified of the changes of the tellers that it was added to.
 class QUARVELBASECORE_EXPORT XUListener
 {
 public:
@@ -27,7 +27,7 @@ private:
     std::vector<XUTeller*> _tellers;
 };
 
-/// Something whose changes others want to hear of.
+/// Something whose changes listeners are notified of.
 class QUARVELBASECORE_EXPORT XUTeller
 {
 public:
@@ -36,12 +36,12 @@ public:
     XUTeller& operator=(const XUTeller&) = delete;
     virtual ~XUTeller();
 
-    /// A listener that was added already is not added again.
+    /// Adding a listener twice has no effect.
     void addListener(XUListener& listener);
     void removeListener(XUListener& listener);
 
-    /// Tells every listener, in the order in which they were added. A listener may add or remove listeners, itself
-    /// included, while it is told; one that is removed in the middle is not told any more, one that is added is told
+    /// Notifies every listener, in the order in which they were added. A listener may add or remove listeners, itself
+    /// included, during the notification: one that is removed is not notified any more, one that is added is notified
     /// from the next time on.
     void tell();
 

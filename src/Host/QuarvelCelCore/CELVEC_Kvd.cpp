@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The vector drawing's shapes and settings. How shapes become pixels stands in CELVEC_Rasteriser.
+// The vector drawing's shapes and settings. CELVEC_Rasteriser turns shapes into pixels.
 #include "QuarvelCelCore/CELVEC_Kvd.h"
 
 #include "QuarvelCelCore/private/CELVEC_Rasteriser.h"

@@ -2,8 +2,8 @@
 //
 // CELVEC_Kvd: a vector drawing, shapes on art layers, each painted in a palette colour, and how it becomes pixels.
 //
-// Rasterising covers areas exactly, with 256 levels of coverage a pixel, and paints shapes one over the other in their
-// order, art layer by art layer. What it yields is associated colour: red, green and blue multiplied by alpha.
+// Rasterising computes exact areas, in 256 levels of coverage a pixel, and paints the shapes in their order, art layer
+// by art layer. The result is associated colour: red, green and blue multiplied by alpha.
 #pragma once
 
 #include "QuarvelCelCore/CELVEC_RenderArgs.h"
@@ -26,10 +26,10 @@ struct CELVEC_Shape
     QPainterPath path;                     ///< in the drawing's units, y down
     CM_ColorId_t color;                    ///< the palette colour that it is painted with
     double opacity = 1.0;                  ///< 0 to 1, times the colour's own alpha
-    std::optional<QPainterPath> clip = {}; ///< nothing outside of it is painted; in the drawing's units
-    /// What a sprite shows instead of the plain colour: pixels with coverage, stretched over the path's bounding
-    /// rectangle. Null for most shapes. With a colour transform the picture's coverage is painted in the colour that
-    /// the transform gives.
+    std::optional<QPainterPath> clip = {}; ///< limits the painted area; in the drawing's units
+    /// A sprite's pixels, painted in place of the plain colour: pixels with coverage, stretched over the path's
+    /// bounding rectangle. Null for most shapes. With a colour transform, the picture's coverage is painted in the
+    /// transform's colour.
     QImage picture = {};
 
     friend bool operator==(const CELVEC_Shape&, const CELVEC_Shape&) = default;
@@ -37,14 +37,12 @@ struct CELVEC_Shape
 
 /// A vector drawing.
 ///
-/// The shapes are shared between a drawing and what shareForRendering() gives out, and copied when one of them is
-/// changed, so a drawing may be edited while another thread renders what was shared from it. A drawing itself belongs
-/// to one thread at a time.
+/// Shapes are shared between a drawing and the results of shareForRendering(), and copied when one of them changes, so
+/// a drawing may be edited while another thread renders a shared one. A drawing itself belongs to one thread at a time.
 class QUARVELCELCORE_EXPORT CELVEC_Kvd : public CEL_Representation
 {
 public:
-    /// @param palette where the shapes' colours are found; may be null, then nothing shows unless a colour transform
-    /// paints it
+    /// @param palette where the shapes' colours are looked up; with null, only a colour transform makes shapes visible
     explicit CELVEC_Kvd(CM_SharedPtr<CM_Palette> palette = nullptr);
     ~CELVEC_Kvd() override;
 
@@ -56,24 +54,23 @@ public:
     /// The shapes of an art layer, in the order of painting.
     virtual std::span<const CELVEC_Shape> shapes(GR_Art art) const;
 
-    /// A drawing of the same shapes that has its own art selector and colour transform (those of this drawing, to begin
-    /// with).
+    /// A drawing of the same shapes with an art selector and a colour transform of its own, which start as copies of
+    /// this drawing's.
     virtual UT_SharedPtr<CELVEC_Kvd> shareForRendering() const;
 
     /// Chooses the art layers that are rendered.
     void setArtSelector(const GR_ArtSelector& selector);
     const GR_ArtSelector& artSelector() const { return _selector; }
 
-    /// Has the drawing painted in other colours than its palette's; null takes the palette's again.
+    /// Paints the drawing in other colours than its palette's; null goes back to the palette's.
     void setColorTransform(UT_SharedPtr<CEL_ColorTransform> transform);
     const UT_SharedPtr<CEL_ColorTransform>& colorTransform() const { return _transform; }
 
     /// Rasterises the drawing.
     ///
     /// @param target a pixmap in one of the two colour formats, made for args.size and args.canvas. Its allocated
-    /// rectangle becomes
-    ///               the wanted pixels that shapes may touch; what it held before is gone. A target of another format
-    ///               stays empty.
+    /// rectangle becomes the wanted pixels that shapes may touch; its earlier pixels are lost. A target of another
+    /// format stays empty.
     virtual void render(const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const;
 
 protected:

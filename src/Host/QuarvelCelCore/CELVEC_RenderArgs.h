@@ -14,5 +14,5 @@ struct CELVEC_RenderArgs
     QTransform drawingToPixel; ///< from the drawing's units to pixels; pixel (x, y) covers [x, x+1) x [y, y+1)
     Math::Size2di size;        ///< the picture's size in pixels
     Math::Box2di canvas;       ///< the picture's rectangle
-    Math::Box2di wanted;       ///< the pixels that are asked for; they may lie outside of the canvas
+    Math::Box2di wanted;       ///< the requested pixels; they may lie outside the canvas
 };

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The cel: its representation, its messages, and the way from vectors to pixels.
+// The cel: its representation, its messages, and the conversion of vectors to pixels.
 #include "QuarvelCelCore/CEL_Cel.h"
 
 #include "QuarvelCelCore/CELVEC_Kvd.h"

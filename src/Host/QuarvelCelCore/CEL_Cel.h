@@ -37,17 +37,19 @@ public:
 
     bool isEmpty() const { return !_representation; }
 
-    /// Says how a vector picture becomes pixels: at which place, resolution and extent. The renderer says it before it
-    /// delivers the cel; a cel without it cannot be converted from vectors.
+    /// Sets how a vector picture becomes pixels: its place, resolution and extent. The renderer sets it before it
+    /// delivers the cel; without it, a vector picture cannot be converted.
     void setRenderArgs(const CELVEC_RenderArgs& args);
 
-    /// The cel with its picture as pixels of a format: vectors are rasterised, pixels converted. The messages go along.
+    /// The cel with its picture as pixels of a format: vectors are rasterised, pixels converted. Messages are copied
+    /// along.
     ///
     /// @param format a value of CEL_Format
-    /// @return this cel itself when there is nothing to convert; an empty cel when there is no way to that format
+    /// @return this cel itself when there is nothing to convert; an empty cel when it cannot be converted to that
+    /// format
     CA_CelRef convertTo(int format);
 
-    /// A converted cel whose pixels are its own, to be written on.
+    /// A converted cel with its own pixels, which may be written.
     CA_CelRef getWorkingCopy(int format);
 
     /// Attaches a message, replacing the one under the same key.

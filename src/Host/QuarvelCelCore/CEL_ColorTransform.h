@@ -18,7 +18,7 @@ public:
     /// The transform for one rasterisation. It may refer to this object, which must outlive it.
     virtual std::unique_ptr<GR_GraphicOpsColorTransform> createGraphicOpsTransform() = 0;
 
-    /// Told when the transform is given to a drawing, for transforms that prepare themselves from the drawing's
-    /// palette; by default nothing happens.
+    /// Called when the transform is given to a drawing, for transforms that prepare themselves from its palette. Does
+    /// nothing unless overridden.
     virtual void attachedTo(const CELVEC_Kvd& drawing);
 };

@@ -7,7 +7,7 @@
 
 namespace {
 
-// The channel of a pixel below another one, of which that one lets through a part.
+// A channel of the lower pixel, attenuated by the pixel above it.
 template<typename Pixel>
 struct Below
 {
@@ -57,7 +57,7 @@ void work(const CEL_PixmapArea& top, CEL_PixmapArea& target, const Operation& op
             const auto above = source.row(y).subspan(from, width);
             const auto below = pixels.row(y).subspan(to, width);
             for (std::size_t i = 0; i < width; ++i)
-                // Where nothing is painted, everything stays.
+                // Where nothing is painted, the lower pixel stays unchanged.
                 if (above[i] != Pixel{})
                     below[i] = operation(above[i], below[i]);
         }

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// CEL_Message: something that is told along with a cel, from the module that made it to those that take it.
+// CEL_Message: information that travels with a cel, from the module that made it to those that take it.
 #pragma once
 
 #include "QuarvelBaseCore/UT_DynKey.h"

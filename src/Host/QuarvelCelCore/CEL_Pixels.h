@@ -2,8 +2,8 @@
 //
 // The pixels of pixmaps, and the traits through which one algorithm serves both colour formats.
 //
-// Colour pixels are associated: red, green and blue are multiplied by alpha, as painting leaves them. Passes that use
-// the channels for something else (levels, normals) say so where they do.
+// Colour pixels are associated: red, green and blue are multiplied by alpha, as painting produces them. Passes that use
+// the channels for something else (levels, normals) say so.
 #pragma once
 
 #include <algorithm>
@@ -40,16 +40,16 @@ struct CEL_PixelFloat
 {
     float value = 0.0F;
 
-    /// True when the depth is exactly 0.0, of either sign: nothing is there.
+    /// True when the depth is exactly 0.0, of either sign: there is no surface.
     constexpr bool isBlack() const { return value == 0.0F; }
     friend constexpr bool operator==(const CEL_PixelFloat&, const CEL_PixelFloat&) = default;
 };
 
 /// What an algorithm needs to know of a colour pixel's format.
 ///
-/// kFull is the channel value that stands for 1.0. toChannel rounds a value on the channel's own scale to what the
-/// channel can hold: in 16 bits to the nearest integer, halves away from zero, clamped to [-32767, 32767]; in float as
-/// it is.
+/// kFull is the channel value of 1.0. toChannel rounds a value on the channel's own scale to one that the channel can
+/// hold: in 16 bits to the nearest integer, halves away from zero, clamped to [-32767, 32767]; in float it is
+/// unchanged.
 template<typename Pixel>
 struct CEL_PixelTraits;
 

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Changes of a pixmap's rectangle that are the same for every format, and the formats' homes.
+// Changes of a pixmap's rectangle that are the same for every format, and the destructors of the formats' classes.
 #include "QuarvelCelCore/CEL_PixmapArea.h"
 
 CEL_Representation::~CEL_Representation() = default;

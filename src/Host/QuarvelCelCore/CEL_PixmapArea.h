@@ -1,14 +1,13 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Pixmaps: pictures that hold pixels only where there is something to hold.
+// Pixmaps: pictures that store only a rectangle of their pixels.
 //
-// A pixmap belongs to a picture of a given size whose canvas is a rectangle of pixels (half-open, x right, y down). Of
-// all the pixels of the plane it stores those of its allocated rectangle, which may lie anywhere, inside the canvas or
-// beyond. A pixel outside of the allocated rectangle is missing: find() returns null for it, and no reader makes up a
-// value.
+// A pixmap belongs to a picture of a given size whose canvas is a rectangle of pixels (half-open, x right, y down). It
+// stores the pixels of its allocated rectangle, which may lie anywhere, inside the canvas or outside. A pixel outside
+// the allocated rectangle is missing: find() returns null for it, and no reader makes up a value.
 //
-// Thread rule: any number of threads may read a pixmap, or write disjoint rows of it; whoever changes its rectangle
-// must be alone.
+// Thread rule: any number of threads may read a pixmap, or write disjoint rows of it; changing its rectangle needs
+// exclusive access.
 #pragma once
 
 #include "QuarvelBaseCore/Math_Box2di.h"
@@ -32,7 +31,7 @@ public:
     const Math::Size2di& size() const { return _size; }
     /// The picture's rectangle.
     const Math::Box2di& canvasRect() const { return _canvas; }
-    /// The rectangle of the pixels that exist. Empty: there are none.
+    /// The rectangle of the stored pixels; empty when there are none.
     const Math::Box2di& allocatedRect() const { return _allocated; }
 
     /// A copy with its own pixels.
@@ -40,17 +39,17 @@ public:
 
     /// Makes rect the allocated rectangle. Pixels in both the old and the new rectangle keep their values.
     ///
-    /// @param clear true: pixels that are new are zero in all channels; false: they hold anything, to be written by the
-    /// caller
+    /// @param clear true: new pixels are zero in all channels; false: they are uninitialised, and the caller must write
+    /// them
     virtual void realloc(const Math::Box2di& rect, bool clear) = 0;
 
     /// Grows the allocated rectangle to the union of both pixmaps' rectangles; new pixels are zero.
     void reallocToFit(const CEL_PixmapArea& other);
 
-    /// The same, but nothing outside of this pixmap's canvas is kept or made.
+    /// The same, clipped to this pixmap's canvas; clear as in realloc().
     void reallocToFitAndClipToCanvas(const CEL_PixmapArea& other, bool clear);
 
-    /// Drops the pixels outside of the canvas.
+    /// Drops the pixels outside the canvas.
     void clipToCanvas();
 
 protected:
@@ -177,7 +176,7 @@ public:
     UT_SharedPtr<CEL_PixmapArea> clone() const override;
 };
 
-/// A depth pixmap. A fresh pixel is black: nothing is there.
+/// A depth pixmap. A new pixel is black: there is no surface.
 class QUARVELCELCORE_EXPORT CEL_PixmapAreaZ final : public CEL_PixelStore<CEL_PixelFloat>
 {
 public:
@@ -187,8 +186,7 @@ public:
     CEL_Format format() const override { return CEL_FORMAT_Z; }
     UT_SharedPtr<CEL_PixmapArea> clone() const override;
 
-    /// States the depths between which the pixels lie, for those who display them; the pixels themselves are not
-    /// touched.
+    /// States the depths between which the pixels lie, for display; the pixels themselves are unchanged.
     void setZRange(double low, double high)
     {
         _low = low;

@@ -8,7 +8,6 @@
 /// The same picture in another format: 32767 becomes 1.0 and back (rounded to the nearest, halves away from zero,
 /// clamped).
 ///
-/// @return the pixmap itself when it has the format already; null when there is no way between the formats (depth has
-/// none)
+/// @return the pixmap itself when it has the format already; null when the formats cannot be converted (depth cannot)
 QUARVELCELCORE_EXPORT UT_SharedPtr<CEL_PixmapArea> CEL_convertPixmap(const UT_SharedPtr<CEL_PixmapArea>& pixmap,
                                                                      int format);

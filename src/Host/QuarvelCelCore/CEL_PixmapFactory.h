@@ -7,12 +7,12 @@
 
 namespace CEL_PixmapFactory {
 
-/// A new pixmap with nothing allocated.
+/// A new pixmap without pixels.
 ///
 /// @param format a value of CEL_Format
 /// @param size   the picture's width and height
 /// @param canvas the picture's rectangle
-/// @return null for a format that pixmaps do not have
+/// @return null for a number that is not a format of pixmaps
 QUARVELCELCORE_EXPORT UT_SharedPtr<CEL_PixmapArea> create2d(int format, const Math::Size2di& size,
                                                             const Math::Box2di& canvas);
 

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The one look at a pixmap's format before an algorithm that is written once for both colour formats.
+// Finds a pixmap's format once, for algorithms that are written once for both colour formats.
 #pragma once
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
@@ -11,7 +11,7 @@
 template<typename Pixmap>
 using CEL_PixelOf = typename std::remove_cvref_t<Pixmap>::PixelType;
 
-/// A pixmap as one of this pixel; null when it is in another format.
+/// The pixmap as one of this pixel type; null when it has another format.
 template<typename Pixel>
 CEL_PixmapOf<Pixel>* CEL_asFormat(CEL_PixmapArea& pixmap)
 {
@@ -23,8 +23,8 @@ const CEL_PixmapOf<Pixel>* CEL_asFormat(const CEL_PixmapArea& pixmap)
     return dynamic_cast<const CEL_PixmapOf<Pixel>*>(&pixmap);
 }
 
-/// Calls visit(typed) with a colour pixmap as what it is, a CEL_PixmapAreaRGBA16 or a CEL_PixmapAreaRGBAFloat, as
-/// constant as it was given.
+/// Calls visit(typed) with a colour pixmap as its own class, CEL_PixmapAreaRGBA16 or CEL_PixmapAreaRGBAFloat; constness
+/// is kept.
 ///
 /// @return whether it is one of the two; visit is not called for any other
 template<typename Area, typename Visit>

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What commands do unless they say otherwise.
+// What commands do unless they override it.
 #include "QuarvelCommand/CO_Command.h"
 
 CO_Command::~CO_Command() = default;

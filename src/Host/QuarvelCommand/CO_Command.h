@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// CO_Command: one change that can be done, undone and done again. A command is made without effect, executed once, and
-// from then on undone and redone in turns; each of these brings back the exact state of before or after.
+// CO_Command: one change that can be done, undone and redone. Making a command changes nothing; it is executed once,
+// then undone and redone in turns, each of which restores the exact state before or after.
 #pragma once
 
 #include "QuarvelCommand/QuarvelCommandExport.h"
@@ -10,8 +10,8 @@
 
 /// An undoable change.
 ///
-/// Each of execute(), undo() and redo() either does its whole work or throws and leaves everything as it was. To be
-/// used on the thread that owns the objects it changes.
+/// Each of execute(), undo() and redo() either does its whole work or throws and leaves everything unchanged. Commands
+/// are used on the thread that owns the objects they change.
 class QUARVELCOMMAND_EXPORT CO_Command
 {
 public:
@@ -30,13 +30,13 @@ public:
     /// Does the change again. The same as execute() unless overridden.
     virtual void redo();
 
-    /// False when executing the command would change nothing, and nobody need remember it. True unless overridden.
+    /// False when executing the command would change nothing, so that it need not be kept. True unless overridden.
     virtual bool hasEffect() const;
 
-    /// True when this command, executed already, and a later one, executed directly after it, are two steps of one
-    /// change (the positions of a dragged slider) that mergeWith() can make one. False unless overridden.
+    /// True when this command, already executed, and a later one, executed directly after it, are steps of one change
+    /// (the positions of a dragged slider) that mergeWith() can join. False unless overridden.
     virtual bool canMergeWith(const CO_Command& later) const;
-    /// Takes the later change into this command: from now on undo() takes back both and redo() does both. To be called
-    /// only when canMergeWith(later). Does nothing unless overridden.
+    /// Takes the later change into this command: from then on undo() undoes both and redo() redoes both. Requires
+    /// canMergeWith(later). Does nothing unless overridden.
     virtual void mergeWith(const CO_Command& later);
 };

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The history: _commands holds what was executed, the first _done of it are in effect. Where something can be redone,
-// nothing may merge: the undo() that made it so has seen to that.
+// The history: _commands holds the executed commands, of which the first _done are in effect. While there is something
+// to redo, nothing can merge, since undo() has ended merging.
 #include "QuarvelCommand/CO_CommandStack.h"
 
 #include <algorithm>
@@ -14,11 +14,11 @@ bool CO_CommandStack::execute(std::unique_ptr<CO_Command> command)
 {
     if (!command || !command->hasEffect())
         return false;
-    // All that may fail comes first, so that a failure leaves the history alone.
+    // Everything that can fail comes first, so that a failure leaves the history unchanged.
     if (_commands.size() == _commands.capacity())
         _commands.reserve(2 * _commands.size() + 1);
     command->execute();
-    forgetUndone();
+    discardUndone();
     if (!mergeIntoNewest(*command)) {
         _commands.push_back(std::move(command));
         ++_done;
@@ -91,7 +91,7 @@ void CO_CommandStack::clear()
     tell();
 }
 
-void CO_CommandStack::forgetUndone()
+void CO_CommandStack::discardUndone()
 {
     if (!canRedo())
         return;

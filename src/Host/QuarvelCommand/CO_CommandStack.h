@@ -13,9 +13,10 @@
 #include <optional>
 #include <vector>
 
-/// The history of one document. Tells its listeners after every change of what its functions return.
+/// The history of one document. Notifies its listeners after every change of a value that its functions return.
 ///
-/// Functions that run a command let its exceptions through; the history is then as it was before the call. Used on the
+/// When a command throws, the exception passes through and the history is unchanged. Used on the thread that owns the
+/// document.
 /// thread that owns the document.
 class QUARVELCOMMAND_EXPORT CO_CommandStack : public XUTeller
 {
@@ -23,8 +24,8 @@ public:
     CO_CommandStack();
     ~CO_CommandStack() override;
 
-    /// Executes a command and keeps it as the newest one; what was undone before is forgotten. A null command, or one
-    /// without effect, is dropped without being executed.
+    /// Executes a command and keeps it as the newest one; undone commands are discarded. A null command, or one without
+    /// effect, is dropped without being executed.
     ///
     /// A command that continues the newest one (CO_Command::canMergeWith) becomes part of it, unless something came
     /// between them: undo(), redo(), setClean(), endMerging().
@@ -39,9 +40,9 @@ public:
 
     bool canUndo() const { return _done > 0; }
     bool canRedo() const { return _done < _commands.size(); }
-    /// The name of the command that undo() takes back; empty when there is none.
+    /// The name of the command that undo() would undo; empty when there is none.
     QString undoName() const;
-    /// The name of the command that redo() does; empty when there is none.
+    /// The name of the command that redo() would redo; empty when there is none.
     QString redoName() const;
     /// The names of the commands that can be undone, the oldest first.
     QStringList undoNames() const;
@@ -51,18 +52,18 @@ public:
 
     /// True when the document is as it was at the last setClean(); a new history is clean.
     bool isClean() const { return _clean == _done; }
-    /// The document was saved: this is the clean state.
+    /// Marks the current state as saved, and so as clean.
     void setClean();
 
-    /// How many commands can be undone at most; 0, the default, means any number. The oldest are forgotten.
+    /// How many commands can be undone at most; 0, the default, means any number. The oldest are discarded.
     void setLimit(std::size_t limit);
     std::size_t limit() const { return _limit; }
 
-    /// Forgets everything; the state is clean.
+    /// Discards the whole history; the state is clean.
     void clear();
 
 private:
-    void forgetUndone();
+    void discardUndone();
     void enforceLimit();
     bool mergeIntoNewest(const CO_Command& command);
 

@@ -10,7 +10,7 @@ namespace {
 using Commands = std::vector<std::unique_ptr<CO_Command>>;
 using Step = void (CO_Command::*)();
 
-// Takes the steps of a range of commands. When one throws, those before it are taken back, the latest first.
+// Runs a step of each command in a range. When one throws, the steps before it are reversed, the latest first.
 template<typename Iterator>
 void takeSteps(Iterator begin, Iterator end, Step step, Step back)
 {

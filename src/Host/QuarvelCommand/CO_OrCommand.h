@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// CO_OrCommand: a change made of others, done and undone as one.
+// CO_OrCommand: several changes, done and undone as one.
 #pragma once
 
 #include "QuarvelCommand/CO_Command.h"
@@ -9,7 +9,7 @@
 #include <vector>
 
 /// A sequence of commands as one command. They are executed in the order in which they were appended and undone in the
-/// reverse order. When one of them throws, those done before it are taken back and the exception goes on.
+/// reverse order. When one of them throws, those executed before it are undone and the exception passes through.
 class QUARVELCOMMAND_EXPORT CO_OrCommand : public CO_Command
 {
 public:
@@ -19,7 +19,7 @@ public:
 
     /// Adds a sub-command at the end; null adds nothing. Only before the first execute().
     void append(std::unique_ptr<CO_Command> command);
-    /// The same for a command that the caller owns; it belongs to this one from now on.
+    /// The same for a command that the caller owns; ownership passes to this one.
     void append(CO_Command* command);
 
     bool isEmpty() const { return _commands.empty(); }

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The colours' constructors and destructors: one home for their type information.
+// The colours' constructors and destructors, so that their type information exists in one library only.
 #include "QuarvelGraphicCore/CM_Color.h"
 
 CM_BaseColorObj::~CM_BaseColorObj() = default;

@@ -1,8 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The colours of a palette. Every kind has an identifier, a name and a nominal colour, which stands for it where one
-// plain colour is wanted; CM_Color is the plain solid colour, CM_TextureColor everything that varies from place to
-// place.
+// plain colour is needed. CM_Color is a solid colour, CM_TextureColor any colour that varies from place to place.
 #pragma once
 
 #include "QuarvelGraphicCore/CM_ColorId.h"
@@ -39,7 +38,7 @@ public:
     enum enColorType
     {
         NORMAL_COLOR = 0, ///< paints areas and lines
-        GUIDE_COLOR = 1   ///< marks construction lines; painted like any other
+        GUIDE_COLOR = 1   ///< marks construction lines; painted like any other colour
     };
 
     /// @param colorType a value of enColorType

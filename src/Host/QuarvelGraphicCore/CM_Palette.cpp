@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The palette's list of colours and its index by identifier, kept in step.
+// The palette's list of colours and its index by identifier, kept consistent.
 #include "QuarvelGraphicCore/CM_Palette.h"
 
 CM_Palette::CM_Palette(UT_String name, UT_Id id) : _id(id), _name(std::move(name)) {}

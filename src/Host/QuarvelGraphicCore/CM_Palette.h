@@ -24,10 +24,10 @@ public:
 
     /// Appends a colour.
     ///
-    /// @return false, and nothing changes, when the colour is null or its identifier is null or already there
+    /// @return false, and nothing changes, when the colour is null, or its identifier is null or in the palette already
     bool addColor(const CM_SharedPtr<CM_BaseColorObj>& color);
 
-    /// Takes the colour with this identifier out; nothing happens when there is none.
+    /// Removes the colour with this identifier; does nothing when there is none.
     void removeColor(const CM_ColorId_t& id);
 
     /// The colour with this identifier, or null.

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The two small colour values: CM_Rgba, a colour as a palette holds it, and VS_RGBA, the paint that a rasteriser lays
-// down.
+// The two small colour values: CM_Rgba, a colour as a palette holds it, and VS_RGBA, the paint that a rasteriser
+// applies.
 #pragma once
 
 #include <cstdint>
@@ -17,8 +17,8 @@ struct CM_Rgba
     friend constexpr bool operator==(const CM_Rgba&, const CM_Rgba&) = default;
 };
 
-/// A paint: 8 bits a channel, colour channels not multiplied by alpha. All four bytes 0 is the transparent paint, which
-/// lays down nothing at all.
+/// A paint: 8 bits a channel, colour channels not multiplied by alpha. The transparent paint, all four bytes 0, changes
+/// no pixel.
 struct VS_RGBA
 {
     std::uint8_t red = 0;

@@ -17,7 +17,7 @@ enum class GR_Art
 /// All art layers, bottom up.
 inline constexpr std::array kGR_allArts = {GR_Art::UNDERLAY, GR_Art::COLOUR, GR_Art::LINE, GR_Art::OVERLAY};
 
-/// Chooses the art layers of a drawing that are rendered. A default one chooses them all.
+/// Chooses the art layers of a drawing that are rendered; all of them by default.
 class GR_ArtSelector
 {
 public:

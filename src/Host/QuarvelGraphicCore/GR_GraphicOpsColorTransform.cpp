@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The default answers: colours come from the palette and stay as they are.
+// The defaults: colours come from the palette and stay unchanged.
 #include "QuarvelGraphicCore/GR_GraphicOpsColorTransform.h"
 
 #include <algorithm>

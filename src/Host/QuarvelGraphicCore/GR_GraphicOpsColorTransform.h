@@ -1,13 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// GR_GraphicOpsColorTransform: what a rasteriser asks about colours while it paints one drawing. The default answers
-// come from the drawing's palette; subclasses repaint a drawing (in greys, in one colour, selected colours alone)
-// without touching it.
+// GR_GraphicOpsColorTransform: what a rasteriser asks about colours while it paints one drawing. The defaults use the
+// drawing's palette; subclasses repaint a drawing (in greys, in one colour, selected colours alone) without changing
+// it.
 //
-// The rasteriser makes one per rasterisation and, per art layer and shape, asks in this order: setCurrentArt, then for
-// the shape's colour id GetColorObjectEntry, then for the object it got GetColorValue, then ApplyColorTransform on the
-// paint. At the end it calls closingColorTransform once. A paint with alpha 0 lays down nothing: neither colour nor
-// coverage.
+// The rasteriser makes one per rasterisation and, per art layer and shape, calls in this order: setCurrentArt,
+// GetColorObjectEntry with the shape's colour id, GetColorValue with the object it got, and ApplyColorTransform with
+// the paint. At the end it calls closingColorTransform once. A paint with alpha 0 applies neither colour nor coverage.
 #pragma once
 
 #include "QuarvelGraphicCore/CM_Palette.h"
@@ -19,19 +18,18 @@
 #include <memory>
 #include <span>
 
-/// Answers a rasteriser's questions about colours. Used by one rasterisation, on one thread at a time; the const
-/// operations may be called from several threads at once.
+/// Used by one rasterisation, on one thread at a time; several threads at once may call the const functions.
 class QUARVELGRAPHICCORE_EXPORT GR_GraphicOpsColorTransform
 {
 public:
     GR_GraphicOpsColorTransform() = default;
-    /// @param palette where colour ids are looked up; may be null, then no id is known
+    /// @param palette where colour ids are looked up; with null, no id is known
     explicit GR_GraphicOpsColorTransform(CM_SharedPtr<CM_Palette> palette) : _palette(std::move(palette)) {}
     GR_GraphicOpsColorTransform(const GR_GraphicOpsColorTransform&) = delete;
     GR_GraphicOpsColorTransform& operator=(const GR_GraphicOpsColorTransform&) = delete;
     virtual ~GR_GraphicOpsColorTransform();
 
-    /// The colour object that a shape with this colour id is painted with; by default what GetColorObject says.
+    /// The colour object of a shape with this colour id; by default the result of GetColorObject.
     virtual CM_SharedPtr<CM_BaseColorObj> GetColorObjectEntry(const CM_ColorId_t& id);
 
     /// The colour object of an id; null when the palette does not hold it.
@@ -58,37 +56,37 @@ public:
     /// True when applyMatrixTransform moves shapes; by default false.
     virtual bool isAffectsMatrix() const;
 
-    /// True when shapes whose colour GetColorObjectEntry does not find (null) are left out; by default false, and such
-    /// shapes are painted with what GetColorValue says of null.
+    /// True when shapes whose colour GetColorObjectEntry does not find (null) are left out. By default false: such
+    /// shapes get the paint that GetColorValue returns for null.
     virtual bool renderSelectedColorsOnly() const;
 
-    /// The transform for the colours inside a texture; null (the default) leaves textures as they are.
+    /// The transform for the colours inside a texture; null (the default) leaves textures unchanged.
     virtual std::unique_ptr<GR_GraphicOpsColorTransform> CreateTextureColorTransform() const;
 
-    /// Moves a shape when isAffectsMatrix(); by default leaves the matrix alone.
+    /// Moves a shape when isAffectsMatrix(); by default leaves the matrix unchanged.
     virtual void applyMatrixTransform(QTransform& matrix) const;
 
-    /// The transform that paints each shape so that a pick can tell its colour; null (the default) when colours are
-    /// picked as painted.
+    /// The transform whose paints let a pick tell the shapes' colours apart; null (the default) when colours are picked
+    /// as painted.
     virtual std::unique_ptr<GR_GraphicOpsColorTransform> toPickingTransform() const;
 
-    /// The last word on a colour, in the forms that colours come in; by default all leave it as it is. The overload on
-    /// VS_RGBA is the one that the others follow.
+    /// The last change of a colour, for each type that holds colours; by default none. The overloads for the other
+    /// types call the one for VS_RGBA.
     virtual void ApplyColorTransform(VS_RGBA& paint) const;
     virtual void ApplyColorTransform(CM_Rgba& colour) const;
     virtual void ApplyColorTransform(std::span<VS_RGBA> paints) const;
     virtual void ApplyColorTransform(std::span<CM_Rgba> colours) const;
 
-    /// Says which art layer the next questions are about.
+    /// Sets the art layer of the calls that follow.
     virtual void setCurrentArt(GR_Art art);
 
-    /// Names the transform's effect: pictures made through transforms with the same id are equal. Null (the default)
-    /// means that nothing made through it may be reused.
+    /// Identifies the transform's effect: pictures made through transforms with the same id are equal. Null (the
+    /// default) means that pictures made through it must not be reused.
     virtual UT_Id cacheId() const;
     /// The same for pictures made through toPickingTransform().
     virtual UT_Id getPickingCacheId() const;
 
-    /// The rasterisation has ended.
+    /// Called when the rasterisation has ended.
     virtual void closingColorTransform();
 
     /// The art layer that was set last.

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // PIO_ComponentReader: reads one XML element into the object that the reader was made for (a module of a scene, say).
-// The object decides when it is asked for a reader what it has to do before it is read.
+// An object that is asked for a reader can prepare itself for being read.
 #pragma once
 
 #include "QuarvelPersistentObj/QuarvelPersistentObjExport.h"
@@ -21,6 +21,6 @@ public:
     /// Reads the element.
     ///
     /// @param warnings if not null, gets a line for everything that was not understood or had to be changed
-    /// @return false when the element cannot be used at all; the object is then as it was
+    /// @return false when the element is unusable; the object is then unchanged
     virtual bool readElement(const QDomElement& element, QStringList* warnings) = 0;
 };

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The frame of an element.
+// Writing the start and the end of an element.
 #include "QuarvelPersistentObj/PIO_XmlWritable.h"
 
 PIO_XmlWritable::~PIO_XmlWritable() = default;

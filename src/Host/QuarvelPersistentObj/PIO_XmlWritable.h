@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// PIO_XmlWritable: what can write itself as one XML element; with the names of the XML attributes that the host's files
-// have in common.
+// PIO_XmlWritable: an object that can write itself as one XML element; and the names of the XML attributes that the
+// host's files have in common.
 #pragma once
 
 #include "QuarvelPersistentObj/PO_XmlWriter.h"
@@ -28,11 +28,11 @@ public:
     virtual void writeXml(PO_XmlWriter& writer) const;
     /// The element's name; a valid XML name.
     virtual QString getXmlElementName() const = 0;
-    /// Writes the attributes of the element just started. Nothing unless overridden.
+    /// Writes the attributes of the element just started. Does nothing unless overridden.
     virtual void writeXmlAttributes(PO_XmlWriter& writer) const;
-    /// Writes what stands inside of the element. Nothing unless overridden.
+    /// Writes the content of the element. Does nothing unless overridden.
     virtual void writeXmlSubnodes(PO_XmlWriter& writer) const;
 
-    /// The element as a text by itself, as writeXml() writes it.
+    /// The element as a text, as writeXml() writes it.
     QString toXml() const;
 };

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What was not understood, as values: independent of the document it was read from.
+// Unknown XML as values, independent of the document it was read from.
 #include "QuarvelPersistentObj/PO_UnknownXml.h"
 
 namespace {

@@ -30,14 +30,14 @@ public:
     bool isEmpty() const { return _attributes.isEmpty() && _elements.empty(); }
     void clear();
 
-    /// Keeps an attribute, its value as it stands in the file (escapes and all).
+    /// Keeps an attribute, with its value as it is in the file (escapes included).
     void addAttribute(const QString& name, const QString& escapedValue);
-    /// Keeps an element with all that is in it, comments and processing instructions left out.
+    /// Keeps an element with its whole content, except comments and processing instructions.
     void addElement(const QDomElement& element);
 
-    /// Writes the attributes kept; to be called from the object's writeXmlAttributes().
+    /// Writes the kept attributes; to be called from the object's writeXmlAttributes().
     void writeAttributes(PO_XmlWriter& writer) const;
-    /// Writes the elements kept, in the order in which they were read; to be called at the end of writeXmlSubnodes().
+    /// Writes the kept elements, in the order in which they were read; to be called at the end of writeXmlSubnodes().
     void writeElements(PO_XmlWriter& writer) const;
 
 private:

@@ -1,8 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Reading of documents. The bytes are first run through a stream reader, which needs no memory for what it reads: it
-// finds the errors and their lines, and keeps documents away from the tree that would expand entities or nest without
-// end.
+// Reading documents. A stream reader, which builds no tree, runs over the bytes first: it finds errors and their lines,
+// and refuses documents whose tree would expand entities or nest without limit.
 #include "QuarvelPersistentObj/PO_XmlReading.h"
 
 #include "QuarvelPersistentObj/PO_XmlText.h"
@@ -23,8 +22,8 @@ QString translated(const char* text)
     return QCoreApplication::translate("PO_XmlReading", text);
 }
 
-// Where what begins at a bracket and is no element ends: a comment, a text as it stands, an instruction. The same
-// offset for an element; the end of the bytes for what never ends, or is a document type, which is refused anyway.
+// The offset of the end of a comment, a CDATA section or a processing instruction. For an element, the offset given;
+// the end of the bytes for markup that never ends and for a document type, which is refused later.
 qsizetype afterMarkup(const QByteArray& bytes, qsizetype bracket)
 {
     constexpr std::array<std::pair<const char*, const char*>, 4> kKinds = {
@@ -38,7 +37,7 @@ qsizetype afterMarkup(const QByteArray& bytes, qsizetype bracket)
     return bracket;
 }
 
-// Counts the attributes of the element whose bracket stands before the offset, and moves the offset behind it.
+// Counts the attributes of the element whose bracket precedes the offset, and moves the offset to its end.
 int countAttributes(const QByteArray& bytes, qsizetype& offset)
 {
     int attributes = 0;
@@ -56,8 +55,8 @@ int countAttributes(const QByteArray& bytes, qsizetype& offset)
     return attributes;
 }
 
-// The offset of an element with too many attributes; nothing when there is none. The stream reader compares each of an
-// element's attributes with all others, so a million of them would keep it busy for hours.
+// The offset of an element with too many attributes; nothing when there is none. The stream reader compares each
+// attribute of an element with all others, so a million of them would keep it busy for hours.
 std::optional<qsizetype> findTooManyAttributes(const QByteArray& bytes)
 {
     for (qsizetype offset = bytes.indexOf('<'); offset >= 0; offset = bytes.indexOf('<', offset)) {
@@ -69,7 +68,7 @@ std::optional<qsizetype> findTooManyAttributes(const QByteArray& bytes)
     return std::nullopt;
 }
 
-// What is wrong with the document; empty when it may be read. The reader stands where the error is.
+// What is wrong with the document; empty when it may be read. The reader stays at the error.
 QString findError(QXmlStreamReader& reader, qint64 maxParts)
 {
     int depth = 0;
@@ -109,7 +108,7 @@ qint64 lineAt(const QByteArray& bytes, qsizetype offset)
 
 UT_Result<QDomDocument> PO_parseDocument(const QByteArray& bytes, const QString& source, qint64 maxParts)
 {
-    // Of the encodings that a reader knows, those with zeros are not the host's, and would hide the brackets below.
+    // Encodings with zero bytes are not the host's, and would hide brackets from the search below.
     if (const qsizetype zero = bytes.indexOf('\0'); zero >= 0)
         return errorAt(source, lineAt(bytes, zero), translated("a byte is zero"));
     if (const auto where = findTooManyAttributes(bytes))

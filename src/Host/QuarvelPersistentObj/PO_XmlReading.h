@@ -15,24 +15,24 @@
 
 /// Parses a document.
 ///
-/// Bytes that are no well-formed XML are refused, and so are documents with a document type (the host's files have
-/// none, so that no entity is ever expanded or fetched), elements nested deeper than 200 and elements with more than
-/// 1000 attributes. Never reads anything but the bytes.
+/// Refuses bytes that are not well-formed XML, documents with a document type (the host's files have none, so no entity
+/// is ever expanded or fetched), elements nested deeper than 200, and elements with more than 1000 attributes. Reads
+/// nothing but the bytes.
 ///
 /// @param source where the bytes come from, for the error's text: "PATH, line N: reason"
-/// @param maxParts the most elements and attributes, together, that the document may have: a tree takes a hundred times
-/// the memory of the bytes when all it holds is "<a/>"
+/// @param maxParts the most elements and attributes, together, that the document may have: the tree of a file made of
+/// "<a/>" takes a hundred times the memory of its bytes
 QUARVELPERSISTENTOBJ_EXPORT UT_Result<QDomDocument>
 PO_parseDocument(const QByteArray& bytes, const QString& source, qint64 maxParts = std::numeric_limits<qint64>::max());
 
-/// The text of an XML attribute; the fallback when the element has none of that name.
+/// The text of an XML attribute; the fallback when the element does not have it.
 QUARVELPERSISTENTOBJ_EXPORT QString PO_attribute(const QDomElement& element, const QString& name,
                                                  const QString& fallback = QString());
-/// The number in an XML attribute; nothing when it is missing or no number.
+/// The number in an XML attribute; nothing when it is missing or not a number.
 QUARVELPERSISTENTOBJ_EXPORT std::optional<double> PO_doubleAttribute(const QDomElement& element, const QString& name);
-/// The integer in an XML attribute; nothing when it is missing or none.
+/// The integer in an XML attribute; nothing when it is missing or not an integer.
 QUARVELPERSISTENTOBJ_EXPORT std::optional<int> PO_intAttribute(const QDomElement& element, const QString& name);
-/// The truth value in an XML attribute; nothing when it is missing or none.
+/// The truth value in an XML attribute; nothing when it is missing or not a truth value.
 QUARVELPERSISTENTOBJ_EXPORT std::optional<bool> PO_boolAttribute(const QDomElement& element, const QString& name);
-/// The text that stands directly inside of an element.
+/// The text directly inside an element, without that of its children.
 QUARVELPERSISTENTOBJ_EXPORT QString PO_text(const QDomElement& element);

@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Texts and numbers of files. Numbers go through <charconv>, which knows no locale and finds the shortest digits.
+// Texts and numbers of files. Numbers go through <charconv>, which is independent of the locale and finds the shortest
+// digits.
 #include "QuarvelPersistentObj/PO_XmlText.h"
 
 #include "QuarvelPersistentObj/private/XmlCharacters.h"
@@ -14,13 +15,13 @@
 
 namespace {
 
-// Where plain decimals end and exponents begin.
+// Numbers from the first to the second of these are plain decimals; others have exponents.
 constexpr double kSmallestPlain = 1e-5;
 constexpr double kLargestPlain = 1e15;
-// The longest plain decimal below has 17 digits, 5 zeros, a point, a zero before it and a sign.
+// The longest plain decimal has 17 digits, 5 zeros, a point, a zero before it and a sign.
 constexpr std::size_t kLongestNumber = 32;
 
-// The text in ASCII; empty when a character of it can be no part of a number.
+// The text in ASCII; empty when it contains a character that is not allowed in a number.
 std::string asciiNumber(const QString& text, std::string_view allowed)
 {
     std::string ascii;

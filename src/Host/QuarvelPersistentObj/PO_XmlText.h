@@ -1,13 +1,13 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Text and numbers as they stand in files. Everything here works in the C locale and gives the same characters on every
-// machine: a number is written with the fewest digits that read back as the same bits, and a text is escaped where XML
-// 1.0 has no way to hold it.
+// Text and numbers as files hold them. All functions work in the C locale and give the same characters on every
+// machine: a number is written with the fewest digits that read back as the same bits, and characters that XML 1.0
+// cannot hold are escaped.
 //
 // The escape is _xHHHH_, one UTF-16 code unit in four upper-case hexadecimal digits. It stands for control characters,
-// carriage returns (which a reader would turn into line feeds), U+FFFE, U+FFFF and surrogates without a partner. An
-// underscore that begins something that looks like an escape is itself written as _x005F_, so that every text comes
-// back as it was.
+// carriage returns (which a reader would turn into line feeds), U+FFFE, U+FFFF and unpaired surrogates. An underscore
+// that begins something that looks like an escape is itself written as _x005F_, so that every text reads back
+// unchanged.
 #pragma once
 
 #include "QuarvelPersistentObj/QuarvelPersistentObjExport.h"
@@ -19,11 +19,11 @@
 /// The text with every character that XML 1.0 cannot hold escaped.
 QUARVELPERSISTENTOBJ_EXPORT QString PO_escape(const QString& text);
 
-/// The inverse of PO_escape(). What is no escape stays as it is.
+/// The inverse of PO_escape(). Anything else than an escape stays unchanged.
 QUARVELPERSISTENTOBJ_EXPORT QString PO_unescape(const QString& text);
 
 /// A number with the fewest digits that PO_parseDouble() turns back into the same bits. Plain decimals between 1e-5 and
-/// 1e15, exponents outside; "inf", "-inf" and "nan" for what is no number.
+/// 1e15, exponents outside; "inf", "-inf" and "nan" for infinite values and NaN.
 QUARVELPERSISTENTOBJ_EXPORT QString PO_formatDouble(double value);
 
 /// Reads a decimal number, with a point and perhaps an exponent; also "inf", "-inf" and "nan". Nothing for any other

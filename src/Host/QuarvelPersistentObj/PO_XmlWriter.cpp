@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The writer keeps the start of an element back until its first subnode or its end, to sort the attributes.
+// The writer delays the start of an element until its first subnode or its end, to sort the attributes.
 #include "QuarvelPersistentObj/PO_XmlWriter.h"
 
 #include "QuarvelPersistentObj/PO_XmlText.h"
@@ -90,8 +90,7 @@ void PO_XmlWriter::text(const QString& value)
 {
     if (value.isEmpty())
         return;
-    // Readers drop a text that is nothing but white space (of any kind that Unicode knows), so its first character is
-    // escaped.
+    // Readers drop a text that is only white space (of any kind in Unicode), so its first character is escaped.
     const bool blank = std::all_of(value.begin(), value.end(), [](QChar c) { return c.isSpace(); });
     escapedText(blank ? XmlCharacters::escapeOf(value[0]) + PO_escape(value.mid(1)) : PO_escape(value));
 }

@@ -1,9 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The rasteriser. The painter of Qt does the work, on a picture of 16 bits a channel: its scan conversion gives the
-// exact area that a shape covers of each pixel, in 256 steps. First the paint of every shape is asked for; then what is
-// painted at all is painted in bands of rows, each on a small picture of its own that is converted to the target's
-// format while it is in the cache. Bands are painted in parallel; where one ends does not depend on the threads.
+// The rasteriser. Qt's painter does the work, on a picture of 16 bits a channel: its scan conversion gives the exact
+// area that a shape covers of each pixel, in 256 steps. First every shape's paint is looked up; then the shapes with a
+// paint are painted in bands of rows, each on a small picture of its own that is converted to the target's format while
+// it is in the cache. Bands are painted in parallel; their borders do not depend on the number of threads.
 #include "QuarvelCelCore/private/CELVEC_Rasteriser.h"
 
 #include "QuarvelBaseCore/UT_PixelMemory.h"
@@ -163,7 +163,7 @@ void paint(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect, QI
     }
 }
 
-// Half of 0..65535 is 0..32767: exact at both ends and monotonic in between.
+// Halving maps 0..65535 to 0..32767: exact at both ends and monotonic in between.
 CEL_PixelRGBA16 convertPixel(const QRgba64& from, CEL_PixelRGBA16)
 {
     const auto half = [](quint16 channel) { return static_cast<std::int16_t>(channel >> 1); };
@@ -197,7 +197,8 @@ int bandHeight(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect
     return std::ranges::any_of(shapes, isPicture) ? std::max(rect.height(), 1) : kRows;
 }
 
-// What bands are painted on, one after the other: fresh memory for each would cost as much as the painting.
+// The picture that bands are painted on. It is reused, because fresh memory for each would cost as much as the
+// painting.
 class Canvas
 {
 public:
@@ -210,7 +211,7 @@ public:
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;
 
-    // So many rows, transparent.
+    // The first rows of the picture, transparent.
     QImage cleared(int rows) const
     {
         const auto bytesPerRow = static_cast<qsizetype>(sizeof(QRgba64)) * _width;

@@ -2,8 +2,8 @@
 //
 // The escape, one UTF-16 code unit after the other.
 //
-// An underscore is escaped when "xHHHH" follows it, whether or not an underscore ends that: the next character may be
-// one whose own escape would supply it.
+// An underscore is escaped when "xHHHH" follows it, with or without an underscore at the end: the next character may be
+// escaped, and its escape begins with an underscore.
 #include "QuarvelPersistentObj/private/XmlCharacters.h"
 
 #include <algorithm>
@@ -18,7 +18,7 @@ bool isUpperHexDigit(QChar c)
     return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'F');
 }
 
-// True when the text goes on with _xHHHH at the position.
+// True when the text continues with _xHHHH at this position.
 bool beginsEscape(QStringView text, qsizetype at)
 {
     if (text.size() - at < kEscapeLength - 1 || text[at] != u'_' || text[at + 1] != u'x')
@@ -32,7 +32,7 @@ bool isEscape(QStringView text, qsizetype at)
     return text.size() - at >= kEscapeLength && beginsEscape(text, at) && text[at + kEscapeLength - 1] == u'_';
 }
 
-// True for a code unit that XML can hold and readers leave alone, surrogates left aside.
+// True for a code unit that XML can hold and readers keep unchanged, surrogates not considered.
 bool isPlain(QChar c)
 {
     return c == u'\t' || c == u'\n' || (c >= u' ' && c != QChar(0xfffe) && c != QChar(0xffff));

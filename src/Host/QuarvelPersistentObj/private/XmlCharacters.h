@@ -7,11 +7,11 @@
 
 namespace XmlCharacters {
 
-/// What happens to an underscore that begins something like an escape.
+/// What happens to an underscore that looks like the beginning of an escape.
 enum class Underscores
 {
-    ESCAPED, ///< it is escaped itself: for any text
-    KEPT     ///< it is left alone: for a text that is escaped already
+    ESCAPED, ///< it is escaped: for texts that are not escaped yet
+    KEPT     ///< it is kept: for texts that are escaped already
 };
 
 /// The escape of one code unit, whether it needs one or not.
