@@ -14,7 +14,7 @@
 
 namespace {
 
-// The key that gives a curve a value at a frame, in the way of the keys around it.
+// The key that gives a curve a value at a frame, with the interpolation of the keys around it.
 AT_Curve::Key keyFor(const AT_Curve& curve, double frame, double value)
 {
     AT_Curve::Key key;

@@ -7,13 +7,14 @@
 //       <curve>...</curve>
 //     </BlurScale>
 //
-// At a frame the value is the surrogate's; without one the curve's; without that the local value; held to the limits.
+// At a frame the value is the surrogate's; without one the curve's; without that the local value; clamped to the
+// limits.
 #pragma once
 
 #include "QuarvelSceneCore/attributes/AT_Curve.h"
 #include "QuarvelSceneCore/attributes/AT_SimpleAttr.h"
 
-/// A number that may change over time.
+/// A number that can change over time.
 class QUARVELSCENECORE_EXPORT AT_AnimatableAttr : public AT_SimpleAttr
 {
 public:
@@ -24,7 +25,7 @@ public:
         LINKABLE = 1
     };
 
-    /// All that the attribute holds itself.
+    /// Everything that the attribute stores itself.
     struct State
     {
         double local;   ///< the local value
@@ -43,16 +44,16 @@ public:
     const AT_Curve& curve() const { return _state.curve; }
     /// Gives the attribute a curve; an empty one ends the animation.
     ///
-    /// @return whether this was a change
+    /// @return whether anything changed
     bool setCurve(const AT_Curve& curve);
 
     const State& state() const { return _state; }
-    /// The state in which the value at a frame is this number, held to the limits: with a key there when the attribute
-    /// is animated, with another local value when it is not. The same state for what is no finite number.
+    /// The state in which the value at a frame is this number, clamped to the limits: with a key there when the attribute
+    /// is animated, with another local value otherwise. For NaN and infinite numbers, the present state.
     State stateWith(double frame, double value) const;
-    /// Sets the local value, which is to be within the limits, and the curve as one change.
+    /// Sets the local value, which must be within the limits, and the curve as one change.
     ///
-    /// @return whether this was a change
+    /// @return whether anything changed
     bool setState(const State& state);
 
     bool isLinkable() const override;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What all attributes share: names, the frame of reading, what was not understood.
+// What all attributes share: names, reading and writing XML, unknown XML.
 #include "QuarvelSceneCore/attributes/AT_Attr.h"
 
 #include "QuarvelPersistentObj/PO_XmlText.h"
@@ -10,7 +10,7 @@
 
 namespace {
 
-// The names of an element's XML attributes. The tree has them in an order that differs from run to run.
+// The names of an element's XML attributes, sorted, because the tree's own order differs from run to run.
 QStringList sortedNames(const QDomElement& element)
 {
     QStringList names;

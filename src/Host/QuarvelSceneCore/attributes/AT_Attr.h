@@ -1,16 +1,16 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// AT_Attr: one named value of a node, that can be shown, changed through commands, saved and observed.
+// AT_Attr: one named value of a node that can be shown, changed through commands, saved and observed.
 //
 // As XML an attribute is one element, named by its key, whose XML attribute "val" holds the local value:
 //
 //     <BlurScale val="1.5"/>
 //
-// Links and animation add to it (AT_SimpleAttr.h, AT_AnimatableAttr.h). XML attributes and elements that nobody
-// understands are kept and written back.
+// Links and animation add to it (AT_SimpleAttr.h, AT_AnimatableAttr.h). Unknown XML attributes and elements are kept
+// and written back.
 //
-// Threads: an attribute is changed on the thread that owns the scene, while nobody else reads it; as long as nothing
-// changes, any number of threads may read.
+// Threads: an attribute is changed on the thread that owns the scene, while no other thread reads it; while nothing
+// changes, any number of threads may read it.
 #pragma once
 
 #include "QuarvelBaseCore/UT_SharedWeakBase.h"
@@ -38,12 +38,12 @@ struct AT_TypeDescriptor
     friend bool operator==(const AT_TypeDescriptor&, const AT_TypeDescriptor&) = default;
 };
 
-/// The base of all attributes. Tells its listeners after every change of its value, however it came about.
+/// The base of all attributes. Notifies its listeners after every change of its value, whatever caused it.
 class QUARVELSCENECORE_EXPORT AT_Attr : public XUTeller, public PIO_XmlWritable, public UT_SharedWeakBase
 {
 public:
-    /// @param meta outlives the attribute
-    /// @param parent the attribute that this one is a part of, or null; outlives the attribute
+    /// @param meta must outlive the attribute
+    /// @param parent the attribute that this one is a part of, or null; must outlive the attribute
     explicit AT_Attr(const AT_AttrMeta& meta, AT_Attr* parent = nullptr);
     AT_Attr(const AT_Attr&) = delete;
     AT_Attr& operator=(const AT_Attr&) = delete;
@@ -65,8 +65,8 @@ public:
     /// Calls the visitor's operation for the attribute's class.
     virtual void accept(AT_AttrVisitor& visitor) = 0;
 
-    /// Reads the attribute from its element. What the element says replaces what was there (animation and links, too);
-    /// a missing or unreadable value leaves the local value as it is.
+    /// Reads the attribute from its element. The element replaces the attribute's state (animation and links, too); a
+    /// missing or unreadable value leaves the local value unchanged.
     ///
     /// @param warnings if not null, gets a line for everything that was not understood
     /// @return whether everything was understood
@@ -78,7 +78,7 @@ public:
     /// Reads a value as people write it.
     ///
     /// @param apply false: nothing changes and the result says whether the text is acceptable; true: an acceptable text
-    ///     becomes the local value and the result says whether that was a change
+    /// becomes the local value and the result says whether that changed it
     virtual bool parseText(const QString& text, bool apply) = 0;
 
     /// True when the other attribute is of the same class and has the same value.
@@ -94,36 +94,36 @@ public:
 
     /// The link that the attribute reads, or null. Null unless overridden.
     virtual AT_AttrLink* link() const;
-    /// Its node was renamed or moved: the links that read this attribute take its path of today. Nothing reads it
+    /// Updates the paths of the links that read this attribute, after its node was renamed or moved. Does nothing
     /// unless overridden.
     virtual void refreshReaders(const AT_LinkScope& scope) const;
 
-    /// Whether a text is meant by a row of a table: true when it equals the label or the keyword, in whatever case,
-    /// white space around it left aside. The label is compared first.
+    /// Whether a text names a row of a table: true when it equals the label or the keyword, ignoring case and white
+    /// space around it. The label is compared first.
     static bool parseString(const QString& text, const QString& label, const QString& keyword);
 
     /// The keyword.
     QString getXmlElementName() const override;
-    /// Writes what was not understood; to be called by overriding functions.
+    /// Writes the unknown XML attributes; to be called by overriding functions.
     void writeXmlAttributes(PO_XmlWriter& writer) const override;
-    /// Writes what was not understood; to be called at the end of overriding functions.
+    /// Writes the unknown elements; to be called at the end of overriding functions.
     void writeXmlSubnodes(PO_XmlWriter& writer) const override;
 
 protected:
-    /// How one XML attribute or element was taken.
+    /// The outcome of reading one XML attribute or element.
     enum class Parsed
     {
         YES,     ///< understood
-        REFUSED, ///< known, but the value is of no use; a warning was given, the value is dropped
-        UNKNOWN  ///< not known here: to be kept and written back
+        REFUSED, ///< known, but the value is unusable; it is dropped with a warning
+        UNKNOWN  ///< not known: to be kept and written back
     };
 
-    /// Reads one XML attribute of the element. Unknown unless overridden.
+    /// Reads one XML attribute of the element. Returns UNKNOWN unless overridden.
     virtual Parsed parseXmlAttribute(const QString& name, const QString& value, QStringList* warnings);
-    /// Reads one element inside of the element. Unknown unless overridden.
+    /// Reads one child of the element. Returns UNKNOWN unless overridden.
     virtual Parsed parseXmlSubnode(const QDomElement& element, QStringList* warnings);
 
-    /// Adds the line "KEY: text" to the warnings, if there are any to add to.
+    /// Adds the line "KEY: text" to the warnings; does nothing when they are null.
     void warn(QStringList* warnings, const QString& text) const;
     bool isSameClass(const AT_Attr& other) const;
 

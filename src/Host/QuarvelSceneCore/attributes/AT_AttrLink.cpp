@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Links. Each thread keeps a list of the links that it is following, so that a circle is noticed where it closes.
+// Links. Each thread keeps a list of the links that it is following, which detects a circle where it closes.
 #include "QuarvelSceneCore/attributes/AT_AttrLink.h"
 
 #include "QuarvelSceneCore/attributes/AT_SimpleAttr.h"
@@ -16,7 +16,7 @@ constexpr std::size_t kLongestChain = 256;
 
 thread_local std::vector<const AT_AttrLink*> theFollowed;
 
-// Marks a link as followed as long as it lives.
+// Marks a link as followed for the lifetime of this object.
 class Following
 {
 public:
@@ -112,7 +112,7 @@ QString AT_AttrLink::keyOf(const QString& path)
 
 void AT_AttrLink::told(XUTeller&)
 {
-    // As far as values are followed; who stands behind that hears of no change because there is none.
+    // Notifications go as far as values are followed; attributes further on cannot have changed.
     thread_local std::size_t depth = 0;
     if (depth >= kLongestChain)
         return;

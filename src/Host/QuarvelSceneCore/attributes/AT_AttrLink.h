@@ -2,10 +2,9 @@
 //
 // AT_AttrLink: the surrogate that reads another attribute of the scene, so that one value drives many.
 //
-// A link is made of a path, "NODE.KEY", where NODE is whatever text the scene uses to name a node (it may hold dots; a
-// key never does). It reads nothing until it is resolved, and again nothing once the attribute it reads is gone: the
-// driven attribute then has its local value. Links that lead in a circle give every attribute of the circle its local
-// value.
+// A link is made of a path, "NODE.KEY", where NODE is the text that names a node in the scene (it may contain dots; a
+// key never does). A link reads nothing before it is resolved and after its target was deleted: the driven attribute
+// then has its local value. Links that form a circle give every attribute of the circle its local value.
 #pragma once
 
 #include "QuarvelBaseCore/UT_SharedWeakBase.h"
@@ -40,27 +39,28 @@ public:
 
     /// The path, as it is written to files.
     const QString& path() const { return _path; }
-    /// The attribute that is read; null when not resolved, or gone.
+    /// The attribute that is read; null when the link is not resolved, or the attribute was deleted.
     AT_SimpleAttr* target() const;
 
-    /// Looks the path up. Leaves the link unresolved when there is no attribute at the path, or one that is no scalar.
+    /// Looks the path up. Leaves the link unresolved when there is no attribute at the path, or one that is not a
+    /// scalar.
     ///
     /// @return whether the link is resolved now
     bool resolve(const AT_LinkScope& scope);
-    /// Lets go of the target and keeps the path: the opposite of resolving.
+    /// Drops the target and keeps the path: the opposite of resolve().
     void release();
-    /// Takes the target's path of today, after nodes were renamed or moved. An unresolved link keeps its path.
+    /// Updates the path after nodes were renamed or moved. An unresolved link keeps its path.
     void refreshPath(const AT_LinkScope& scope);
 
-    /// The target's value at the frame; nothing when there is no target, when the links lead back to this one, or when
-    /// more than 256 of them follow each other.
+    /// The target's value at the frame; nothing when there is no target, when the links form a circle, or when the
+    /// chain of links is longer than 256.
     std::optional<double> value(double frame) const override;
 
     /// "NODE.KEY".
     static QString makePath(const QString& node, const QString& key);
     /// The part of a path before its last dot; empty when it has no dot.
     static QString nodeOf(const QString& path);
-    /// The part of a path behind its last dot; the whole path when it has no dot.
+    /// The part of a path after its last dot; the whole path when it has no dot.
     static QString keyOf(const QString& path);
 
 private:

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Metadata: what is given is kept.
+// Metadata of attributes.
 #include "QuarvelSceneCore/attributes/AT_AttrMeta.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // AT_AttrMeta: what all attributes of one kind have in common, as one object that lives as long as the library that
-// defines it (a static of that library). Two attributes are of the same kind when they share the metadata object.
+// defines it (a static of that library). Two attributes are of the same kind when they share it.
 #pragma once
 
 #include "QuarvelSceneCore/QuarvelSceneCoreExport.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The destructors of surrogates stand here, so that their type information has one home.
+// Defines the destructors of surrogates, so that their type information exists in one library only.
 #include "QuarvelSceneCore/attributes/AT_AttrSurrogate.h"
 
 AT_AttrSurrogate::~AT_AttrSurrogate() = default;

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Surrogates: what gives an attribute its value in place of its own one. The attribute keeps its local value meanwhile,
-// for the file and for the day when the surrogate goes.
+// Surrogates: sources of a value that replaces an attribute's own. The attribute keeps its local value, which is saved
+// and counts again when the surrogate is removed.
 #pragma once
 
 #include "QuarvelBaseCore/UT_SharedPtr.h"
@@ -10,7 +10,7 @@
 
 #include <optional>
 
-/// The base of all surrogates. Tells its listeners when its value may have changed.
+/// The base of all surrogates. Notifies its listeners when its value may have changed.
 class QUARVELSCENECORE_EXPORT AT_AttrSurrogate : public UT_ShareBaseSafe, public XUTeller
 {
 public:
@@ -23,7 +23,7 @@ class QUARVELSCENECORE_EXPORT AT_ScalarSimpleAttrSurrogate : public AT_AttrSurro
 public:
     ~AT_ScalarSimpleAttrSurrogate() override;
 
-    /// The value at a frame; nothing when there is none at the moment, so that the attribute's local value counts. May
-    /// be called on several threads at once.
+    /// The value at a frame; nothing when there is none at the moment, so that the attribute's local value counts.
+    /// Several threads may call it at once.
     virtual std::optional<double> value(double frame) const = 0;
 };

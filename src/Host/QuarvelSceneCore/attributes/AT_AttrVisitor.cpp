@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Where visitors end that do not care for a class.
+// The fallback for classes without an operation of their own.
 #include "QuarvelSceneCore/attributes/AT_AttrVisitor.h"
 
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"

@@ -23,7 +23,8 @@ public:
     AT_AttrVisitor& operator=(const AT_AttrVisitor&) = default;
     virtual ~AT_AttrVisitor();
 
-    /// Attributes of whatever class has no operation of its own in this visitor. Does nothing unless overridden.
+    /// The operation for attributes whose class has no overridden operation in this visitor. Does nothing unless
+    /// overridden.
     virtual void visitAttr(AT_Attr& attr);
     virtual void visitBool(AT_BoolAttr& attr);
     virtual void visitString(AT_StringAttr& attr);
@@ -32,9 +33,9 @@ public:
     virtual void visitEnum(AT_EnumAttrBase& attr);
     virtual void visitDrawing(AT_DrawingAttr& attr);
 
-    /// The operation for classes of attributes that this interface does not know: such a class offers itself under a
-    /// key of its own first, and goes to the operation of its base class when nobody wants it.
+    /// The operation for classes of attributes that this interface does not know: such a class first offers itself
+    /// under a key of its own; when the visitor does not know the key, it uses the operation of its base class.
     ///
-    /// @return whether the visitor knew the key and has done its work. False unless overridden.
+    /// @return whether the visitor handled the attribute. False unless overridden.
     virtual bool visitDynamic(const UT_DynKey& key, AT_Attr& attr);
 };

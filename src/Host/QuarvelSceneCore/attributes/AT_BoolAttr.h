@@ -13,7 +13,7 @@ public:
     ~AT_BoolAttr() override;
 
     bool localValue() const { return _localValue; }
-    /// @return whether this changed the local value; only then listeners are told
+    /// @return whether the local value changed; listeners are notified only then
     bool setLocalValue(bool value);
     /// The surrogate's value (true when it is not 0) or else the local one.
     bool value(double frame = 0.0) const;
@@ -22,14 +22,13 @@ public:
     /// @return owned by the caller; null when nothing would change
     CO_Command* setValueCmd(double frame, bool value);
 
-    /// The truth value that people mean by a word: true, on, yes, 1 and false, off, no, 0, in whatever case; nothing
-    /// for other words.
+    /// The truth value of a word: true, on, yes, 1 and false, off, no, 0, in any case; nothing for other words.
     static std::optional<bool> meaningOf(const QString& word);
 
     void accept(AT_AttrVisitor& visitor) override;
     /// "On" or "Off", translated.
     QString displayText(double frame) const override;
-    /// Accepts the words of meaningOf(), white space around them left aside.
+    /// Accepts the words of meaningOf(), ignoring white space around them.
     bool parseText(const QString& text, bool apply) override;
     bool equals(const AT_Attr& other) const override;
     CO_Command* createCopyCmd(const AT_Attr& other) override;

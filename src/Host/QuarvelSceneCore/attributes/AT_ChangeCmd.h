@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// AT_ChangeCmd: the command behind most changes of attributes. It holds what an attribute was and what it becomes, and
-// puts one or the other in place; an attribute that is gone by then is left in peace.
+// AT_ChangeCmd: the command behind most changes of attributes. It stores the states before and after and sets one or
+// the other; when the attribute has been deleted, it does nothing.
 #pragma once
 
 #include "QuarvelBaseCore/UT_SharedWeakBase.h"
@@ -19,11 +19,11 @@ template<typename Attr, typename State>
 class AT_ChangeCmd : public CO_Command
 {
 public:
-    /// Puts a state in place.
+    /// Sets a state.
     using Setter = void (*)(Attr& attr, const State& state);
 
-    /// @param subject what of the attribute is changed; consecutive commands with the same subject merge, unless it is
-    /// empty
+    /// @param subject the part of the attribute that is changed; consecutive commands with the same subject merge,
+    /// unless it is empty
     AT_ChangeCmd(Attr& attr, const QString& name, Setter setter, State before, State after, const QString& subject)
         : _attr(&attr)
         , _name(name)

@@ -1,9 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Curves: their keys and their values. Reading and writing stand in AT_CurveXml.cpp.
+// Curves: their keys and their values. AT_CurveXml.cpp reads and writes them.
 //
-// A Bezier segment is evaluated in two steps: bisection finds the parameter t at which the curve passes the frame (the
-// horizontal polynomial rises all the way, its inner points being held inside of the segment), then the vertical
+// A Bezier segment is evaluated in two steps: bisection finds the parameter t at which the curve reaches the frame (the
+// horizontal polynomial never decreases, because its inner points are clamped to the segment), then the vertical
 // polynomial gives the value there.
 #include "QuarvelSceneCore/attributes/AT_Curve.h"
 

@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// AT_Curve: a number over time, given by keys. Between two keys the earlier one says how the value gets to the later
-// one: it holds, goes straight, or follows a cubic Bezier curve. Before the first key and after the last one the value
-// holds.
+// AT_Curve: a number over time, given by keys. The earlier of two neighbouring keys decides how the value goes to the
+// later one: it holds, is interpolated linearly, or follows a cubic Bezier curve. Before the first key and after the
+// last one the value is constant.
 //
 //     <curve>
 //       <key frame="1" type="hold" val="0"/>
@@ -24,11 +24,11 @@ class QDomElement;
 class QUARVELSCENECORE_EXPORT AT_Curve
 {
 public:
-    /// How a value gets from one key to the next.
+    /// How the value goes from one key to the next.
     enum class Interpolation
     {
         HOLD,   ///< stays, and jumps at the next key
-        LINEAR, ///< goes straight
+        LINEAR, ///< is interpolated linearly
         BEZIER  ///< cubic Bezier curve through the handles of both keys
     };
 
@@ -50,9 +50,9 @@ public:
         Interpolation interpolation = Interpolation::LINEAR;
         /// The handle before the key (frame <= 0), used when the key before it is a Bezier key.
         Handle in;
-        /// The handle behind the key (frame >= 0), used when this key is a Bezier key.
+        /// The handle after the key (frame >= 0), used when this key is a Bezier key.
         Handle out;
-        /// What a newer version wrote about the key.
+        /// Unknown XML of the key, from a newer version.
         PO_UnknownXml unknown;
 
         friend bool operator==(const Key&, const Key&) = default;
@@ -67,22 +67,22 @@ public:
     /// The last key before the frame, or null.
     const Key* keyBefore(double frame) const;
 
-    /// Adds a key, in place of the one at the same frame.
+    /// Adds a key, replacing the one at the same frame.
     ///
     /// @return false, and nothing changes, when one of its numbers is not finite or a handle points the wrong way
     bool setKey(const Key& key);
     /// @return whether there was a key at exactly this frame
     bool removeKey(double frame);
 
-    /// The value at a frame; 0 when there is no key. Within a Bezier segment, handles longer than the segment count as
-    /// long as it is, which keeps time going forward; the frame is met to within 1e-12 of the segment's length.
+    /// The value at a frame; 0 when there is no key. In a Bezier segment, longer handles are clamped to the segment's
+    /// length, so that time never runs backwards; the frame is found to within 1e-12 of the segment's length.
     double value(double frame) const;
 
-    /// Writes the curve as the element "curve"; nothing when there is nothing to write.
+    /// Writes the curve as the element "curve"; writes nothing when there is nothing to write.
     void writeXml(PO_XmlWriter& writer) const;
-    /// Reads such an element; this curve is replaced. Keys without a readable frame and value are left out, with a
-    /// warning; of two keys at one frame the later counts; a type that is not known becomes linear, and is written back
-    /// as it was.
+    /// Reads such an element, which replaces this curve. Keys without a readable frame and value are left out, with a
+    /// warning; of two keys at one frame the later counts; an unknown type becomes linear, and is written back
+    /// unchanged.
     ///
     /// @return whether everything was understood
     bool parseXml(const QDomElement& element, QStringList* warnings);

@@ -53,7 +53,7 @@ void writeKey(PO_XmlWriter& writer, const Key& key)
     writer.attribute(kType, kTypeNames[static_cast<std::size_t>(key.interpolation)]);
     writeHandle(writer, kInFrame, kInValue, key.in);
     writeHandle(writer, kOutFrame, kOutValue, key.out);
-    // Behind the rest, so that a type which is not known here takes the place of the one that stands in for it.
+    // Last, so that an unknown type replaces the one written above.
     key.unknown.writeAttributes(writer);
     key.unknown.writeElements(writer);
     writer.endElement();
@@ -65,7 +65,7 @@ bool isKnownName(const QString& name)
            name == kOutFrame || name == kOutValue;
 }
 
-// Keeps what is not known about a key. @return whether there was any
+// Keeps the key's unknown XML. @return whether there was any
 bool keepUnknown(const QDomElement& element, Key& key, bool typeKnown)
 {
     const QDomNamedNodeMap attributes = element.attributes();
@@ -79,7 +79,7 @@ bool keepUnknown(const QDomElement& element, Key& key, bool typeKnown)
     return !key.unknown.isEmpty();
 }
 
-// Reads a type; what is not known leaves the target alone.
+// Reads a type; an unknown one leaves the target unchanged.
 bool readType(const QDomElement& element, Interpolation& target)
 {
     const QString name = element.attribute(kType);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// AT_DoubleAttr: an attribute that is a number, animatable and perhaps linkable.
+// AT_DoubleAttr: an attribute that is a number, animatable and optionally linkable.
 #pragma once
 
 #include "QuarvelSceneCore/attributes/AT_AnimatableAttr.h"
@@ -10,7 +10,7 @@
 class QUARVELSCENECORE_EXPORT AT_DoubleAttr : public AT_AnimatableAttr
 {
 public:
-    /// @param unit what is shown behind the number ("px"); may be empty
+    /// @param unit what is shown after the number ("px"); may be empty
     AT_DoubleAttr(const AT_DoubleAttrMeta& meta, AT_Attr* parent, Linkable linkable, double defaultValue,
                   const QString& unit);
     ~AT_DoubleAttr() override;
@@ -19,14 +19,14 @@ public:
     const QString& unit() const { return _unit; }
 
     double localValue() const { return localNumber(); }
-    /// Sets the local value, held to the limits. What is no finite number sets nothing.
+    /// Sets the local value, clamped to the limits. NaN and infinite values are ignored.
     ///
-    /// @return whether this changed the local value; only then listeners are told
+    /// @return whether the local value changed; listeners are notified only then
     bool setLocalValue(double value);
-    /// The value at a frame: the surrogate's, the curve's or the local one, held to the limits.
+    /// The value at a frame: the surrogate's, the curve's or the local one, clamped to the limits.
     double value(double frame) const { return number(frame); }
     /// The command that makes this the value at the frame: it sets the key there when the attribute is animated, and
-    /// the local value when it is not. Commands for the same attribute and key that follow each other merge.
+    /// the local value otherwise. Consecutive commands for the same attribute and key merge.
     ///
     /// @return owned by the caller; null when nothing would change
     CO_Command* setValueCmd(double frame, double value);
@@ -34,7 +34,7 @@ public:
     void accept(AT_AttrVisitor& visitor) override;
     /// The number and the unit.
     QString displayText(double frame) const override;
-    /// Accepts a number within the limits, the unit behind it or not.
+    /// Accepts a number within the limits, with or without the unit after it.
     bool parseText(const QString& text, bool apply) override;
 
 protected:

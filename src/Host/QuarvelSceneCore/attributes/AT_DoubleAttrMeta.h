@@ -8,13 +8,13 @@
 /// The five numbers of a numeric attribute.
 struct AT_DoubleAttrMetaContainer
 {
-    /// The step of an attribute that has no wishes of its own.
+    /// The step of an attribute that does not choose one.
     static constexpr double kDefaultValueStep = 0.1;
 
-    /// The limits, both included, that every value is held to.
+    /// The limits, both included, that every value is clamped to.
     double lower;
     double upper;
-    /// The range that a slider offers; a value may lie outside of it.
+    /// The range that a slider offers; a value may lie outside it.
     double sliderLower;
     double sliderUpper;
     /// By how much one step of a spin box or wheel changes the value.

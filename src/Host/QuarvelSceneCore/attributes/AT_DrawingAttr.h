@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// AT_DrawingAttr: the attribute of a node that shows drawings: the name of the element they belong to and which of its
-// drawings is shown at which frame.
+// AT_DrawingAttr: the attribute of a node that shows drawings: the name of their element, and which of its drawings is
+// shown at which frame.
 //
 //     <drawing val="Hero">
 //       <exposure drawing="1" frame="1"/>
@@ -20,20 +20,20 @@ public:
 
     /// The element's name; empty when there is none.
     const QString& getElementName() const { return _state.element; }
-    /// @return whether this was a change; only then listeners are told
+    /// @return whether anything changed; listeners are notified only then
     bool setElementName(const QString& name);
 
     const AT_ExposureSheet& exposures() const { return _state.exposures; }
     /// The name of the drawing shown at a frame; empty when there is none.
     QString drawing(double frame) const { return _state.exposures.drawing(frame); }
-    /// @return whether this was a change; only then listeners are told
+    /// @return whether anything changed; listeners are notified only then
     bool setExposures(const AT_ExposureSheet& exposures);
 
     void accept(AT_AttrVisitor& visitor) override;
     bool parseXml(const QDomElement& element, QStringList* warnings) override;
     /// The element and the drawing shown: "Hero: 1".
     QString displayText(double frame) const override;
-    /// Takes every text as the element's name.
+    /// Accepts every text as the element's name.
     bool parseText(const QString& text, bool apply) override;
     bool equals(const AT_Attr& other) const override;
     CO_Command* createCopyCmd(const AT_Attr& other) override;

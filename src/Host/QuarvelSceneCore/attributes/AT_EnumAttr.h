@@ -1,12 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// AT_EnumAttr: the class template to derive an enumerated attribute from. The derived class says which values there are
-// (fillValueTable) and, where its files have changed over time, what versions of the format mean; all else is done
-// here.
+// AT_EnumAttr: the class template to derive an enumerated attribute from. The derived class fills the table of values
+// (fillValueTable) and, where its files have changed over time, interprets the versions of the format; this class does
+// the rest.
 //
-// The tables are not stored in the attributes: per enumeration there is one map in the process, from the version of the
-// format to the table for it, made when it is first asked for and each table filled by the first attribute that needs
-// it. It lives in the library that instantiates the template, and is destroyed when that is unloaded.
+// The tables are not stored in the attributes: each enumeration has one map in the process, from the version of the
+// format to its table. The map is made on first use, and each table is filled by the first attribute that needs it. The
+// map lives in the library that instantiates the template, and is destroyed when that is unloaded.
 #pragma once
 
 #include "QuarvelBaseCore/UT_DynKey.h"
@@ -25,7 +25,7 @@ public:
     explicit AT_EnumAttr(const AT_AttrMeta& meta, AT_Attr* parent = nullptr) : AT_EnumAttrBase(meta, parent) {}
 
     E localValue() const { return static_cast<E>(_localValue); }
-    /// @return whether this changed the local value; only then listeners are told
+    /// @return whether the local value changed; listeners are notified only then
     bool setLocalValue(E value) { return setLocalInt(static_cast<int>(value)); }
     /// The effective value: the surrogate's or else the local one.
     E value(double frame = 0.0) const { return static_cast<E>(effectiveInt(frame)); }
@@ -34,7 +34,7 @@ public:
     /// @return owned by the caller; null when nothing would change
     CO_Command* setValueCmd(double frame, E value) { return setIntCmd(frame, static_cast<int>(value)); }
 
-    /// The version of the format that the attribute was read in, and is written in; 1 for a new attribute.
+    /// The version of the format that the attribute was read in and is written in; 1 for a new attribute.
     int formatVersion() const { return _formatVersion; }
 
     /// The key under which enumerations of this type offer themselves to AT_AttrVisitor::visitDynamic().
@@ -66,7 +66,7 @@ public:
         return nullptr;
     }
 
-    /// Sets the other's effective value, when it differs from this one's and both share their metadata.
+    /// Sets the other's effective value, when it differs from this one's and both have the same metadata.
     CO_Command* createCopyCmd(const AT_Attr& other) override
     {
         if (!isSameClass(other) || &other.meta() != &meta() || equals(other))
@@ -74,7 +74,7 @@ public:
         return new SetLocalValueCmd(*this, static_cast<const AT_EnumAttr&>(other).effectiveInt(0.0));
     }
 
-    /// Accepts what AT_Attr::parseString() takes for one of the rows, the first in ascending order.
+    /// Accepts a text that AT_Attr::parseString() matches with a row; the first such row in ascending order counts.
     bool parseText(const QString& text, bool apply) override
     {
         for (const Row& row : valueTable())
@@ -124,7 +124,7 @@ public:
 
 protected:
     /// Adds the rows of the enumeration, for the attribute's format version, with addValue(). Runs once per version,
-    /// under a lock: it must not ask any attribute of this type for its table.
+    /// under a lock: it must not ask an attribute of this type for its table.
     virtual void fillValueTable(ValueTable& table) const = 0;
 
     void setFormatVersion(int version) { _formatVersion = version; }

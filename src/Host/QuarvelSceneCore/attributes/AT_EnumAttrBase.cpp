@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Enumerated attributes: what does not depend on the enumeration's type.
+// Enumerated attributes: the parts that are independent of the enumeration's type.
 #include "QuarvelSceneCore/attributes/AT_EnumAttrBase.h"
 
 #include <algorithm>
@@ -38,7 +38,7 @@ int AT_EnumAttrBase::toInt(double value)
 
 AT_Attr::Parsed AT_EnumAttrBase::parseXmlAttribute(const QString& name, const QString& value, QStringList* warnings)
 {
-    // The format's version is the affair of the class that knows its versions, which has read it by now.
+    // The class that knows the format's versions has read this already.
     if (name == kPIO_atributeVersion)
         return Parsed::YES;
     return AT_SimpleAttr::parseXmlAttribute(name, value, warnings);

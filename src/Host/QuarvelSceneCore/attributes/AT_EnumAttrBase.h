@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// AT_EnumAttrBase: an attribute that has one of a few named values; what does not depend on the C++ type of the
-// enumeration. See AT_EnumAttr.h for the class to derive from.
+// AT_EnumAttrBase: an attribute that has one of a few named values; the parts that are independent of the enumeration's
+// C++ type. AT_EnumAttr.h has the class to derive from.
 #pragma once
 
 #include "QuarvelCommand/CO_Command.h"
@@ -10,7 +10,7 @@
 #include <map>
 #include <utility>
 
-/// An attribute with a table of values: an integer, a keyword for files and a label for people each.
+/// An attribute with a table of values, each of which has an integer, a keyword for files and a label for people.
 class QUARVELSCENECORE_EXPORT AT_EnumAttrBase : public AT_SimpleAttr
 {
 public:
@@ -21,7 +21,7 @@ public:
         QString keyword;
         /// The value's name for people, translated.
         QString label;
-        /// Kept for old files only: not to be offered to people.
+        /// Kept for old files only; not offered to people.
         bool flag = false;
     };
     /// The values by their integers, ascending.
@@ -40,11 +40,11 @@ public:
     ///
     /// @return whether there is such a row; without one nothing changes
     virtual bool setByKeyword(const QString& keyword) = 0;
-    /// The first position of the value table and the one behind its last.
+    /// The beginning and the end of the value table, as iterators.
     virtual std::pair<Iterator, Iterator> values() const = 0;
     /// Sets the local value, which need not be in the table.
     ///
-    /// @return whether this changed the local value; only then listeners are told
+    /// @return whether the local value changed; listeners are notified only then
     virtual bool setLocalInt(int value) = 0;
     virtual int localInt() const = 0;
     /// The effective value: the surrogate's (the nearest integer) or else the local one.
@@ -58,7 +58,7 @@ public:
     std::optional<double> scalarValue(double frame) const override;
 
 protected:
-    /// Adds a row to a table. A value that is there already keeps its row.
+    /// Adds a row to a table. If the value has a row already, that row is kept.
     static void addValue(ValueTable& table, int value, const QString& keyword, const QString& label, bool flag);
 
     /// A surrogate's value as an integer.

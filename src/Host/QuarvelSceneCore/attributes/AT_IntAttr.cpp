@@ -69,6 +69,6 @@ bool AT_IntAttr::parseLocalValueXml(const QString& text, QStringList* warnings)
 
 int AT_IntAttr::toInt(double value)
 {
-    // The limits are integers, so that what was held to them still fits when it is rounded.
+    // The limits are integers, so rounding a clamped value stays within them.
     return static_cast<int>(std::round(value));
 }

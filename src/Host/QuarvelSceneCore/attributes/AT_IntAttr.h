@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// AT_IntAttr: an attribute that is an integer, animatable and perhaps linkable. Between the keys of a curve its value
-// is the nearest integer (away from zero when two are as near).
+// AT_IntAttr: an attribute that is an integer, animatable and optionally linkable. Between the keys of a curve its
+// value is rounded to the nearest integer (halves away from zero).
 #pragma once
 
 #include "QuarvelSceneCore/attributes/AT_AnimatableAttr.h"
@@ -17,14 +17,14 @@ public:
     ~AT_IntAttr() override;
 
     int localValue() const { return toInt(localNumber()); }
-    /// Sets the local value, held to the limits.
+    /// Sets the local value, clamped to the limits.
     ///
-    /// @return whether this changed the local value; only then listeners are told
+    /// @return whether the local value changed; listeners are notified only then
     bool setLocalValue(int value);
-    /// The value at a frame: the surrogate's, the curve's or the local one, rounded, held to the limits.
+    /// The value at a frame: the surrogate's, the curve's or the local one, rounded, clamped to the limits.
     int value(double frame) const { return toInt(number(frame)); }
     /// The command that makes this the value at the frame: it sets the key there when the attribute is animated, and
-    /// the local value when it is not. Commands for the same attribute and key that follow each other merge.
+    /// the local value otherwise. Consecutive commands for the same attribute and key merge.
     ///
     /// @return owned by the caller; null when nothing would change
     CO_Command* setValueCmd(double frame, int value);

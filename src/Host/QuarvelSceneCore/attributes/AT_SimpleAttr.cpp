@@ -8,8 +8,8 @@
 
 #include <cmath>
 
-/// Passes on to the attribute's listeners what the surrogate tells. Attributes linked in a circle would tell each other
-/// for ever; so what comes back while something is passed on ends here.
+/// Passes the surrogate's notifications on to the attribute's listeners. Attributes linked in a circle would notify
+/// each other for ever, so a notification that comes back meanwhile is dropped.
 class AT_SimpleAttr::Relay : public XUListener
 {
 public:
@@ -34,7 +34,8 @@ AT_SimpleAttr::AT_SimpleAttr(const AT_AttrMeta& meta, AT_Attr* parent)
 
 AT_SimpleAttr::~AT_SimpleAttr()
 {
-    // A link to this attribute itself takes its name from the readers when it goes, so it goes before them.
+    // A link of this attribute to itself removes itself from _readers when it is destroyed, so it must be destroyed
+    // before them.
     _surrogate = UT_SharedPtr<AT_AttrSurrogate>();
 }
 

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// AT_SimpleAttr: an attribute with one value, which a surrogate may drive. A link is the surrogate that files know:
+// AT_SimpleAttr: an attribute with one value, which a surrogate may drive. Of the surrogates, files hold links:
 //
 //     <BlurScale link="Normal-Map_1.BlurScale" val="1.5"/>
 #pragma once
@@ -11,7 +11,7 @@
 #include <memory>
 #include <vector>
 
-/// An attribute with a local value and perhaps a surrogate for it.
+/// An attribute with a local value and, optionally, a surrogate for it.
 class QUARVELSCENECORE_EXPORT AT_SimpleAttr : public AT_Attr
 {
 public:
@@ -32,7 +32,7 @@ public:
     virtual bool isLinkable() const;
 
     /// The attribute's value at a frame as a number, surrogate and animation included (truth values are 0 and 1,
-    /// enumerations their integers); nothing when it is no number.
+    /// enumerations their integers); nothing when it is not a number.
     virtual std::optional<double> scalarValue(double frame) const = 0;
 
     /// Drops the surrogate and then reads the element as AT_Attr does.
@@ -44,9 +44,9 @@ protected:
     /// The surrogate's value at a frame; nothing when there is none, or it is not a number.
     std::optional<double> surrogateValue(double frame) const;
 
-    /// The local value as it stands in files.
+    /// The local value in the form that files hold.
     virtual QString localValueXml() const = 0;
-    /// Sets the local value from what stands in a file.
+    /// Sets the local value from a file's text.
     ///
     /// @return whether the text was a value; otherwise nothing changed
     virtual bool parseLocalValueXml(const QString& text, QStringList* warnings) = 0;
@@ -59,5 +59,5 @@ private:
 
     UT_SharedPtr<AT_AttrSurrogate> _surrogate;
     std::unique_ptr<Relay> _relay;
-    std::vector<AT_AttrLink*> _readers; // the resolved links that lead here, which enter and remove themselves
+    std::vector<AT_AttrLink*> _readers; // the resolved links to this attribute, which add and remove themselves
 };

@@ -9,8 +9,8 @@
 class QUARVELSCENECORE_EXPORT AT_StringAttr : public AT_SimpleAttr
 {
 public:
-    /// @param multiline whether the text may have several lines; tells editors what field to offer
-    /// @param filePath whether the text is the path of a file; tells editors to offer a file dialogue
+    /// @param multiline whether the text may have several lines; decides which field editors offer
+    /// @param filePath whether the text is the path of a file; decides whether editors offer a file dialogue
     AT_StringAttr(const AT_AttrMeta& meta, const QString& defaultValue, bool multiline, bool filePath,
                   AT_Attr* parent = nullptr);
     ~AT_StringAttr() override;
@@ -19,7 +19,7 @@ public:
     bool isFilePath() const { return _filePath; }
 
     const QString& localValue() const { return _localValue; }
-    /// @return whether this changed the local value; only then listeners are told
+    /// @return whether the local value changed; listeners are notified only then
     bool setLocalValue(const QString& value);
     /// The command that sets the local value; the frame does not matter to this class.
     ///

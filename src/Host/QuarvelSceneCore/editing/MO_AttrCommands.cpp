@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Each command holds what the attribute was and what it becomes (AT_ChangeCmd).
+// Each command stores the attribute's states before and after (AT_ChangeCmd).
 #include "QuarvelSceneCore/editing/MO_AttrCommands.h"
 
 #include "QuarvelSceneCore/attributes/AT_AttrLink.h"
@@ -32,7 +32,7 @@ MO_EditCommand numberCmd(AT_AnimatableAttr& attr, const AT_AnimatableAttr::State
         attr.state(), after);
 }
 
-// Puts what drives the attribute in place; a link finds its target at once, so that the target's new names reach it.
+// Sets the attribute's surrogate. A link is resolved at once, so that later changes of its target's name reach it.
 void drive(AT_SimpleAttr& attr, const UT_SharedPtr<AT_AttrSurrogate>& surrogate)
 {
     attr.setSurrogate(surrogate);

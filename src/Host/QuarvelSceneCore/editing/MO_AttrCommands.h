@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The undoable changes of an attribute as a whole: what drives it, its curve, its exposures. (The commands that set its
-// value it makes itself.)
+// The undoable changes of an attribute as a whole: its surrogate, its curve, its exposures. (The attribute itself makes
+// the commands that set its value.)
 #pragma once
 
 #include "QuarvelSceneCore/attributes/AT_AnimatableAttr.h"
@@ -17,14 +17,14 @@ QUARVELSCENECORE_EXPORT MO_EditCommand MO_driveCmd(AT_SimpleAttr& attr,
 /// change
 QUARVELSCENECORE_EXPORT MO_EditCommand MO_curveCmd(AT_AnimatableAttr& attr, const AT_Curve& curve);
 
-/// Makes a number the same at all frames: it gets the local value, held to its limits, and no animation.
+/// Gives a number one value at all frames: sets the local value, clamped to the limits, and removes the animation.
 ///
 /// @param value a whole number for an AT_IntAttr
 /// @return null when nothing would change, or the value is not finite
 QUARVELSCENECORE_EXPORT MO_EditCommand MO_constantCmd(AT_AnimatableAttr& attr, double value);
 
-/// Gives a drawing attribute other exposures. @return null when nothing would change
+/// Replaces the exposures of a drawing attribute. @return null when nothing would change
 QUARVELSCENECORE_EXPORT MO_EditCommand MO_exposuresCmd(AT_DrawingAttr& attr, const AT_ExposureSheet& exposures);
 
-/// Shows a drawing from the frame (its whole part) on; an empty name shows none. @return null when nothing would change
+/// Shows a drawing from the frame on (its whole part); an empty name shows none. @return null when nothing would change
 QUARVELSCENECORE_EXPORT MO_EditCommand MO_exposeCmd(AT_DrawingAttr& attr, double frame, const QString& drawing);

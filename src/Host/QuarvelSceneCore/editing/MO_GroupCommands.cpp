@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Ports are added and removed at the end only, and only while no link uses them, so that undo brings back exactly what
-// was there.
+// Ports are added and removed at the end only, and only while no link uses them, so that undo restores the group
+// exactly.
 #include "QuarvelSceneCore/editing/MO_GroupCommands.h"
 
 #include "QuarvelSceneCore/editing/private/MO_StateCmd.h"

@@ -7,10 +7,10 @@
 #include "QuarvelSceneCore/editing/MO_EditCommand.h"
 #include "QuarvelSceneCore/graph/XUGroup.h"
 
-/// Adds an input or an output port to a group, behind the others. @return null when it has MO_Node::kMaxPorts
+/// Adds an input or an output port to a group, after the others. @return null when it has MO_Node::kMaxPorts
 QUARVELSCENECORE_EXPORT MO_EditCommand MO_addGroupPortCmd(XUGroup& group, bool isInput);
 
-/// Takes the last input or output port of a group away.
+/// Removes the last input or output port of a group.
 ///
-/// @return an error when there is none or it is linked, inside of the group or outside
+/// @return an error when there is none or it is linked, inside the group or outside
 QUARVELSCENECORE_EXPORT UT_Result<MO_EditCommand> MO_removeGroupPortCmd(XUGroup& group, bool isInput);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Changes of copies of the curve or the sheet, which then take the place of the old ones.
+// Each change is made on a copy of the curve or sheet, which then replaces the old one.
 #include "QuarvelSceneCore/editing/MO_KeyCommands.h"
 
 #include "QuarvelSceneCore/editing/MO_AttrCommands.h"
@@ -9,8 +9,8 @@
 
 namespace {
 
-// The handles reach a third of the way to the neighbours and lie flat, so that the value eases out of a key and into
-// the next one.
+// The handles reach a third of the way to the neighbours and are horizontal, so that the value leaves and reaches keys
+// smoothly.
 void ease(AT_Curve& curve, const AT_Curve::Key& key)
 {
     const auto& keys = curve.keys();

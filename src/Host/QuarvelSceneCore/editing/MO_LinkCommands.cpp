@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A command makes its change when it is executed, and keeps the table of the group's links of before for undo: ports
-// that come and go by themselves are then as they were.
+// A command makes its change when it is executed, and keeps the group's earlier table of links for undo, which also
+// restores the automatic ports.
 #include "QuarvelSceneCore/editing/MO_LinkCommands.h"
 
 #include "QuarvelCommand/CO_OrCommand.h"
@@ -70,8 +70,8 @@ MO_EditCommand MO_disconnectCmd(MO_Module& target, unsigned inPort)
                                      [&target, inPort] { MO_Scene::disconnect(target, inPort); });
 }
 
-// The link that goes makes no new link possible or impossible: a circle that the new one would close with it has closed
-// without the new one. So both steps can be planned on the graph as it is.
+// Both links start at the same output, so a path from the new target back to it never needs the old link: the new link
+// can be checked before the old one is cut.
 UT_Result<MO_EditCommand> MO_moveLinkCmd(MO_Module& from, unsigned fromPort, MO_Module& to, unsigned toPort)
 {
     const MO_Port* const source = from.inPort(fromPort) ? from.inPort(fromPort)->srcPort() : nullptr;

@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The undoable changes of links between modules. Whether a link is possible is a question of its own,
-// MO_Scene::mayConnect().
+// The undoable changes of links between modules. MO_Scene::mayConnect() answers whether a link is possible.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -17,8 +16,8 @@ QUARVELSCENECORE_EXPORT UT_Result<MO_EditCommand> MO_connectCmd(MO_Module& sourc
 /// Cuts the link of an input port. @return null when there is none
 QUARVELSCENECORE_EXPORT MO_EditCommand MO_disconnectCmd(MO_Module& target, unsigned inPort = 0);
 
-/// Takes the link of one input port and leads it to another one, as one change. Null when there is no such link, or it
-/// leads there already.
+/// Moves the link of one input port to another one, as one change. Null when there is no such link, or both ports are
+/// the same.
 ///
 /// @return an error when the new link is refused
 QUARVELSCENECORE_EXPORT UT_Result<MO_EditCommand> MO_moveLinkCmd(MO_Module& from, unsigned fromPort, MO_Module& to,

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// One kind of command adds or removes modules, keeping those that are not in the graph. What happens to links is kept
-// as the table of all links of the group.
+// One kind of command adds or removes modules, and keeps those that are not in the graph. It stores links as the table
+// of all links of the group.
 #include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
 
 #include "QuarvelSceneCore/attributes/AT_AttrLink.h"
@@ -16,14 +16,14 @@
 
 namespace {
 
-// Links of attributes find those that came back, and let go of those that went.
+// Attribute links find modules that came back, and drop those that were removed.
 void resolveAttributeLinks(const XUGroup& group)
 {
     if (auto* scene = dynamic_cast<MO_Scene*>(group.sceneCommon()))
         scene->resolveLinks();
 }
 
-// Modules of one group that are in the graph at one time and kept here at the other.
+// Modules of one group, which are in the graph or kept by this command.
 class ModulesCmd : public CO_Command
 {
 public:
@@ -64,7 +64,7 @@ private:
     QString _name;
     XUGroup& _group;
     std::vector<Entry> _entries;
-    std::optional<MO_LinkTable> _links; // of the graph with the modules
+    std::optional<MO_LinkTable> _links; // of the graph with the modules in it
 };
 
 class RemoveModulesCmd : public ModulesCmd
@@ -100,7 +100,7 @@ public:
     void redo() override { putIn(); }
 
 private:
-    std::vector<Link> _links; // made once; from then on the table of links has them
+    std::vector<Link> _links; // made when executed; the table of links restores them on redo
 };
 
 XUGroup* commonGroup(const std::vector<MO_Module*>& modules)
@@ -178,7 +178,7 @@ MO_EditCommand MO_duplicateModulesCmd(const std::vector<MO_Module*>& modules, st
 
 namespace {
 
-// Links of the scene whose path names nothing.
+// The scene's links whose path leads to no attribute.
 std::vector<UT_SharedPtr<AT_AttrSurrogate>> linksWithoutTarget(const MO_Scene& scene)
 {
     std::vector<UT_SharedPtr<AT_AttrSurrogate>> found;
@@ -189,8 +189,8 @@ std::vector<UT_SharedPtr<AT_AttrSurrogate>> linksWithoutTarget(const MO_Scene& s
     return found;
 }
 
-// Renames a module. The new name may be the one that a link without target has been waiting for; undone, that link
-// waits again, instead of following the module back to a name that it never had.
+// Renames a module. The new name may make a link without target find one; undo releases that link, which would
+// otherwise follow the module back to a name that it never referred to.
 class RenameCmd : public CO_Command
 {
 public:
@@ -223,7 +223,7 @@ private:
     MO_Module& _module;
     QString _before;
     QString _after;
-    std::vector<UT_SharedPtr<AT_AttrSurrogate>> _found; // by the new name
+    std::vector<UT_SharedPtr<AT_AttrSurrogate>> _found; // links that found their target under the new name
 };
 
 } // namespace

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The undoable changes of the modules of a group: they come and go, are renamed and switched.
+// The undoable changes of the modules of a group: adding, removing, renaming and switching them.
 #pragma once
 
 #include "QuarvelSceneCore/editing/MO_EditCommand.h"
@@ -8,20 +8,20 @@
 
 #include <vector>
 
-/// Adds a module behind the others of a group.
+/// Adds a module after the others of a group.
 ///
-/// @param source if not null, a module of the group whose first output is linked to the first input of the new one, as
-///     the same change; nothing is linked where one of the two has no such port
+/// @param source if not null, a module of the group whose first output is linked to the first input of the new one in
+/// the same change; nothing is linked where one of the two has no such port
 QUARVELSCENECORE_EXPORT MO_EditCommand MO_addModuleCmd(XUGroup& group, std::unique_ptr<MO_Module> module,
                                                        MO_Module* source = nullptr);
 
-/// Takes modules of one group out, with their links.
+/// Removes modules of one group, with their links.
 ///
 /// @return null when there are none or they are not all of one group
 QUARVELSCENECORE_EXPORT MO_EditCommand MO_removeModulesCmd(const std::vector<MO_Module*>& modules);
 
-/// Adds copies of modules of one group behind the others, with the links among them; attributes, animation and
-/// drawings are those of the originals, names get a number.
+/// Adds copies of modules of one group after the others, with the links among them. Attributes, animation and drawings
+/// are those of the originals; the names get a number.
 ///
 /// @param copies if not null, gets the modules that the command will add, in the order of the originals
 /// @return null when there are none or they are not all of one group

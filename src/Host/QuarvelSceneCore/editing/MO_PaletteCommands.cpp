@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A drawing knows its palette for good, so drawings are made anew as well; their shapes share their paths with the old
+// A drawing's palette never changes, so the drawings are replaced too; their shapes share their paths with the old
 // ones.
 #include "QuarvelSceneCore/editing/MO_PaletteCommands.h"
 
@@ -30,7 +30,7 @@ ColorPtr copyOf(const CM_BaseColorObj& color)
     return copy;
 }
 
-// The palette with one colour in place of another of the same identifier.
+// The palette with a colour replaced by another one with the same identifier.
 PalettePtr withColor(const CM_Palette& palette, const ColorPtr& changed)
 {
     auto copy = UT_makeShared<CM_Palette>(palette.GetName(), palette.GetId());

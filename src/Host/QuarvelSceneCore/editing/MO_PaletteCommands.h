@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The undoable changes of palettes. Renders in the background read the palettes of the scene that they copied, so that
-// a palette is never changed in place: a changed one takes its place in the scene and in the drawings that it colours.
+// The undoable changes of palettes. Background renders read the same palette objects, so a palette is never changed in
+// place: a changed copy replaces it in the scene and in its drawings.
 #pragma once
 
 #include "QuarvelGraphicCore/CM_Palette.h"

@@ -3,8 +3,8 @@
 // MO_AbstractModuleVisitor: does something with a module according to its kind. MO_Module::accept() calls the operation
 // for the module's kind.
 //
-// One operation is reserved for a node that a plug-in defines: the host knows its class by name only, so that node
-// passes itself twice, as its own class for visitors that know it and as a module for the rest.
+// One operation is reserved for a node that a plug-in defines: the host knows only the name of its class, so the node
+// passes itself twice, as its own class for visitors that know it and as a module for the others.
 #pragma once
 
 #include "QuarvelSceneCore/QuarvelSceneCoreExport.h"
@@ -36,6 +36,6 @@ public:
     /// @param asModule the same object
     virtual void visit(Vallorin& node, MO_Module& asModule) = 0;
 
-    /// Tells modules that treat some visitors specially which one this is; null for a visitor without a name.
+    /// Identifies the visitor to modules that treat some visitors specially; null for a visitor without a key.
     virtual const UT_DynKey* key() const = 0;
 };

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Automatic input ports: how many there are follows from the last one that is linked.
+// Automatic input ports: their number follows from the last linked one.
 #include "QuarvelSceneCore/graph/MO_AutoInPortsModule.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// MO_BaseContext: what a module has to know to answer a question about a picture: when, and how large the picture is.
+// MO_BaseContext: what a module needs to answer a question about a picture: the frame, and the picture's size.
 #pragma once
 
 #include "QuarvelSceneCore/graph/MO_FrameKey.h"

@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// MO_GroupBorderModule: where the ports of a group continue inside of it. A group has two of them: the entry has one
-// output port for each input port of the group, the exit one input port for each of its output ports. They belong to
-// the group, are part of every group and cannot be removed; files do not mention them.
+// MO_GroupBorderModule: where the ports of a group continue inside it. A group has two: the entry has one output port
+// for each input port of the group, the exit one input port for each of its output ports. They belong to the group and
+// cannot be removed; files do not mention them.
 #pragma once
 
 #include "QuarvelSceneCore/graph/MO_Module.h"

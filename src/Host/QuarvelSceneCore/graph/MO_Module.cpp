@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The module: what it does unless it overrides, and how it is written and read. What it does in a render stands in
-// interfaces/MO_ModuleInRender.cpp.
+// The module: its defaults, and how it is written and read. interfaces/MO_ModuleInRender.cpp has its defaults in a
+// render.
 #include "QuarvelSceneCore/graph/MO_Module.h"
 
 #include "QuarvelPersistentObj/PO_XmlReading.h"

@@ -1,13 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// MO_Module: a node that takes part in rendering. What a module does not override, it does like a module that passes on
-// the picture of its first input.
+// MO_Module: a node that takes part in rendering. By default it passes on the picture of its first input.
 //
-// The way of a frame through the graph (RD_SoftRenderer.h drives it):
+// A frame's way through the graph (RD_SoftRenderer.h drives it):
 //   1. Scripting. From the module that is rendered upward, every input port is asked to insert its rendering requests
 //      (insertRenderingRequestForSrcPort).
-//   2. Rendering. Each module says what it needs of an input (computeInputRect) and who does its work
-//      (createSoftRenderInterface); the drawings of the leaves pass through the requests before anybody gets them.
+//   2. Rendering. Each module says what it needs of an input (computeInputRect) and who makes its picture
+//      (createSoftRenderInterface); the drawings of the leaves pass through the requests before they are rendered.
 //
 // As XML a module is one element:
 //
@@ -17,7 +16,7 @@
 //       </attrs>
 //     </module>
 //
-// XML attributes and elements that nobody understands are kept and written back.
+// Unknown XML attributes and elements are kept and written back.
 #pragma once
 
 #include "QuarvelBaseCore/Math_Box2di.h"
@@ -38,7 +37,7 @@ namespace node_render {
 struct PortRenderInfo;
 }
 
-/// How a copy of a module shares what lies in files of its own.
+/// How a copy of a module shares data that is saved in files of its own.
 enum class MO_FileSharing
 {
     SAME_OBJECTS, ///< original and copy are used on one thread, and hold the same objects
@@ -49,16 +48,16 @@ enum class MO_FileSharing
 class QUARVELSCENECORE_EXPORT MO_Module : public MO_Node, public MO_XmlEditable
 {
 public:
-    /// @param outPorts how many output ports the module has to begin with
+    /// @param outPorts how many output ports the module begins with
     explicit MO_Module(unsigned outPorts = 1);
     ~MO_Module() override;
 
-    /// The name that people read, and that a new module's own name is made of.
+    /// The name of the module's kind for people, from which a new module's own name is made.
     virtual QString baseDisplayName() const = 0;
 
     /// What reads an element written by writeXml() into this module: the name, the switch, the attributes, and what the
-    /// kind of module adds. Links are not the module's own, the graph reads them. A module that treats missing
-    /// attributes in a way of its own prepares itself here.
+    /// kind of module adds. The graph reads the links. A module that treats missing attributes specially prepares
+    /// itself here.
     ///
     /// @return never null; must not outlive the module
     virtual std::unique_ptr<PIO_ComponentReader> componentReader();
@@ -67,34 +66,34 @@ public:
     virtual void accept(MO_AbstractModuleVisitor& visitor);
 
     /// The pixels of an input that are needed to make the pixels of rect; rect itself unless overridden. The renderer
-    /// holds the answer to four diagonals of the canvas around it.
+    /// clamps the answer to four diagonals of the canvas around it.
     virtual Math::Box2di computeInputRect(const MO_PortContext& context, int port, const Math::Box2di& rect);
 
-    /// In which order the input pictures are put together; LAST_PORT_FIRST unless overridden.
+    /// The order in which the input pictures are composed; LAST_PORT_FIRST unless overridden.
     virtual MO_CompositeType::CompositeOrder compositeOrder(const MO_BaseContext& context);
 
-    /// The object that makes this module's picture for one frame. A module without one, as all are unless they override
-    /// this, passes on the picture of its first input.
+    /// The object that makes this module's picture for one frame. Without one, which is the default, the module passes
+    /// on the picture of its first input.
     ///
     /// @param ports one record for each input port that takes part, in port order
     virtual UT_SharedPtr<MO_SoftRenderInterface>
     createSoftRenderInterface(const RD_ScriptContext& context, const std::vector<node_render::PortRenderInfo>& ports);
 
-    /// Inserts the requests that concern what comes in through an input port. Goes on to the input ports of the module
-    /// behind it, and inserts nothing itself. An overriding function calls this one first and then inserts its own
+    /// Inserts the requests for what comes in through an input port. By default it goes on to the input ports of the
+    /// module upstream and inserts nothing itself. An override calls this function first and then inserts its own
     /// request, so that the requests of the modules upstream come before it.
     virtual void insertRenderingRequestForSrcPort(RD_ScriptContext& context, int port);
 
-    /// A handler for a request of this module; null for a module that makes none, as all are unless they override this.
+    /// A handler for a request of this module; null, the default, for a module that makes none.
     virtual std::unique_ptr<MO_RenderingRequestHandler> createRequestHandler();
 
     /// Whether a render that names no module may start here (MO_Scene::outputModule()). False unless overridden.
     virtual bool isSceneOutput() const;
 
-    /// Takes over what the XML of another module does not hold because it lies in files of its own, such as drawings:
-    /// the last step of a copy. Takes nothing unless overridden.
+    /// Takes over the data of another module that is not in its XML because it is saved in files of its own, such as
+    /// drawings: the last step of a copy. Does nothing unless overridden.
     ///
-    /// @param original a module of the same class, of which this one has the attributes already
+    /// @param original a module of the same class, whose attributes this one has already
     virtual void shareFiles(const MO_Module& original, MO_FileSharing sharing);
     /// Whether the module has anything that shareFiles() would take over from it. False unless overridden.
     virtual bool hasFiles() const;
@@ -103,7 +102,7 @@ public:
     QString getXmlElementName() const override;
     /// Writes kind, name and switch; to be called first by overriding functions.
     void writeXmlAttributes(PO_XmlWriter& writer) const override;
-    /// Writes the attributes and what was not understood; to be called first by overriding functions.
+    /// Writes the attributes and the unknown XML; to be called first by overriding functions.
     void writeXmlSubnodes(PO_XmlWriter& writer) const override;
 
 protected:
@@ -111,7 +110,7 @@ protected:
 
     /// Reads an XML attribute that a kind of module adds.
     ///
-    /// @return whether it was understood; what is not, is kept and written back. False unless overridden
+    /// @return whether it was understood; if not, it is kept and written back. False unless overridden
     virtual bool parseXmlAttribute(const QString& name, const QString& value, QStringList* warnings);
     /// The same for an element.
     virtual bool parseXmlSubnode(const QDomElement& element, QStringList* warnings);

@@ -31,7 +31,7 @@ std::unique_ptr<MO_Module> MO_ModuleFactory::create(const QString& key) const
             return nullptr;
         creator = found->second;
     }
-    // Not under the lock: a module may make others while it is made.
+    // Outside the lock: the creator may create other modules.
     return creator();
 }
 

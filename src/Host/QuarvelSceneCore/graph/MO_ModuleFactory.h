@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// MO_ModuleFactory: makes modules by keyword. Host libraries and plug-ins register their kinds in the one factory of
-// the process when they are loaded, and take them out when they are unloaded.
+// MO_ModuleFactory: makes modules by keyword. Host libraries and plug-ins register their kinds in the process's factory
+// when they are loaded, and remove them when they are unloaded.
 #pragma once
 
 #include "QuarvelSceneCore/QuarvelSceneCoreExport.h"
@@ -27,11 +27,11 @@ public:
     MO_ModuleFactory(const MO_ModuleFactory&) = delete;
     MO_ModuleFactory& operator=(const MO_ModuleFactory&) = delete;
 
-    /// Registers how modules of a kind are made. A kind that is registered already stays as it is.
+    /// Registers how modules of a kind are made. A kind that is registered already is not replaced.
     ///
     /// @return whether the kind was new
     bool registerCreator(const QString& key, Creator creator);
-    /// Takes a kind out. @return whether it was there
+    /// Removes a kind. @return whether it was there
     bool unregisterCreator(const QString& key);
 
     /// A new module; null when the kind is not known.
@@ -48,9 +48,9 @@ private:
 /// The factory of the process.
 QUARVELSCENECORE_EXPORT MO_ModuleFactory& MO_ModuleFactorySingleton();
 
-/// Keeps a kind of modules in the factory of the process as long as it lives: a constant of the file that defines the
-/// kind, so that the kind is known exactly as long as its library is loaded. A kind that is registered already stays as
-/// it is.
+/// Registers a kind of modules in the process's factory for the lifetime of this object: a constant in the file that
+/// defines the kind, so that the kind is known as long as its library is loaded. A kind that is registered already is
+/// not replaced.
 ///
 /// @tparam Module a class with a constructor without arguments and a static function Keyword()
 template<typename Module>

@@ -2,8 +2,8 @@
 //
 // MO_Node: what all nodes of a graph have in common: a name, an on/off switch, attributes and ports.
 //
-// Threads: a node, like the whole scene, is changed on one thread while nobody else reads it; as long as nothing
-// changes, any number of threads may read.
+// Threads: a node, like the whole scene, is changed on one thread while no other thread reads it; while nothing
+// changes, any number of threads may read it.
 #pragma once
 
 #include "QuarvelBaseCore/UT_SharedWeakBase.h"
@@ -24,7 +24,7 @@ class XUGroup;
 class QUARVELSCENECORE_EXPORT MO_Node : public XUListener, public PIO_XmlWritable, public UT_SharedWeakBase
 {
 public:
-    /// More ports of one kind than this a node never has.
+    /// The largest number of input or output ports that a node can have.
     static constexpr unsigned kMaxPorts = 10000;
 
     MO_Node();
@@ -33,8 +33,8 @@ public:
     /// The name of the node's kind, in files and programs.
     virtual QString keyword() const = 0;
 
-    /// How the node is used. 0, the default, is the ordinary mode of a node that renders; others are for the kinds of
-    /// nodes that define them.
+    /// How the node is used. 0, the default, is the ordinary mode of a node that renders; kinds of nodes may define
+    /// others.
     int mode() const { return _mode; }
     void setMode(int mode) { _mode = mode; }
 
@@ -44,8 +44,8 @@ public:
 
     /// The node's own name, any text; unique in its scene. Empty only for a node that was never part of a scene.
     const QString& instanceName() const { return _instanceName; }
-    /// Renames the node. Within a graph an empty name becomes the keyword, and a name that another node has gets a
-    /// number that makes it unique ("Peg", "Peg_1", "Peg_2").
+    /// Renames the node. In a graph, an empty name becomes the keyword, and a name that another node has gets a number
+    /// that makes it unique ("Peg", "Peg_1", "Peg_2").
     void setInstanceName(const QString& name);
 
     /// The group whose graph the node is part of; null when it is part of none.
@@ -53,7 +53,7 @@ public:
     /// The scene that the node is part of; null when it is part of none.
     virtual MO_SceneCommon* sceneCommon() const;
 
-    /// Adds an attribute, which belongs to the node from now on.
+    /// Adds an attribute, which then belongs to the node.
     ///
     /// @param attr     not null, of a key that the node does not have yet
     /// @param position its place among the attributes; -1 appends
@@ -65,20 +65,20 @@ public:
 
     unsigned nInPorts() const { return static_cast<unsigned>(_inPorts.size()); }
     unsigned nOutPorts() const { return static_cast<unsigned>(_outPorts.size()); }
-    /// The input port at an index; null beyond the last.
+    /// The input port at an index; null after the last.
     MO_Port* inPort(unsigned index) const;
-    /// The output port at an index; null beyond the last.
+    /// The output port at an index; null after the last.
     MO_Port* outPort(unsigned index) const;
 
-    /// Adds an input port for pictures behind the others; null when there are kMaxPorts.
+    /// Adds an input port for pictures after the others; null when there are kMaxPorts.
     MO_Port* addInImagePort();
-    /// Adds an output port for pictures behind the others; null when there are kMaxPorts.
+    /// Adds an output port for pictures after the others; null when there are kMaxPorts.
     MO_Port* addOutImagePort();
 
-    /// How many input ports the node can have: those that it has, unless a node that makes them on demand overrides
+    /// How many input ports the node can have: by default the present number; nodes that add ports on demand override
     /// this.
     virtual unsigned maxInPorts() const;
-    /// What adds and removes input ports on demand; null for a node whose ports are fixed.
+    /// The interface that adds and removes input ports on demand; null for a node whose ports are fixed.
     virtual MO_AutoPortsNode* portManipulator();
 
     /// An attribute changed; passed on to the scene.
@@ -89,10 +89,10 @@ protected:
     virtual void inPortChanged();
 
     MO_Port* insertInImagePort(unsigned index);
-    /// Cuts the port's links and drops it.
+    /// Cuts the port's links and removes it.
     void dropInPort(unsigned index);
     void dropOutPort(unsigned index);
-    /// Tells the scene, if there is one, that the node changed.
+    /// Notifies the scene, if there is one, that the node changed.
     void changed();
 
 private:

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The palettes that a node sees are those of its scene.
+// The palettes that a node can use are those of its scene.
 #include "QuarvelSceneCore/graph/MO_PaletteCollector.h"
 
 #include "QuarvelSceneCore/graph/MO_Node.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Links: making and cutting them, refusing circles, and finding what really delivers a picture.
+// Links: making and cutting them, refusing circles, and finding the port that delivers a picture.
 #include "QuarvelSceneCore/graph/MO_Port.h"
 
 #include "QuarvelSceneCore/graph/XUGroup.h"
@@ -25,7 +25,7 @@ bool feedsAnything(const MO_Node& node)
     return false;
 }
 
-// True when the picture of the node downstream depends on that of the other node, or both are one.
+// True when the picture of the node downstream depends on that of the other node, or both are the same.
 bool isUpstream(const MO_Node* node, const MO_Node& downstream)
 {
     if (node != &downstream && !feedsAnything(*node))
@@ -127,7 +127,7 @@ void MO_Port::disconnect()
     if (!_source)
         return;
     cut();
-    // The node may drop this very port, so nothing of it is used from here on.
+    // The node may delete this port, so its members are not used from here on.
     MO_Node* const node = _node;
     node->inPortChanged();
     node->changed();

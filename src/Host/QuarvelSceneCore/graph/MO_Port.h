@@ -3,8 +3,8 @@
 // MO_Port: where a link of the node graph begins or ends. Pictures flow from an output port, the source, to any number
 // of input ports; an input port has one source or none.
 //
-// Groups hold graphs of their own: a port of the group continues inside of it. Links never cross the border of a group
-// otherwise.
+// A group holds a graph of its own, and its ports continue inside it. No link crosses the border of a group in any
+// other way.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -15,7 +15,7 @@
 class MO_Module;
 class MO_Node;
 
-/// A port of a node. It belongs to its node and goes when the node does, or when the node drops it.
+/// A port of a node. It belongs to its node and is deleted with it, or when the node removes it.
 class QUARVELSCENECORE_EXPORT MO_Port
 {
 public:
@@ -35,7 +35,7 @@ public:
     Kind kind() const { return _kind; }
     /// The node that owns the port; never null.
     MO_Node* node() const { return _node; }
-    /// The same as a module; null for a node that is none.
+    /// The same as a module; null for a node that is not a module.
     MO_Module* module() const;
     /// The position among the node's ports of this kind, from 0.
     unsigned index() const { return _index; }
@@ -46,16 +46,17 @@ public:
     const std::vector<MO_Port*>& sinks() const { return _sinks; }
     bool isConnected() const { return _source != nullptr || !_sinks.empty(); }
 
-    /// The output port that really delivers the picture of this input port.
+    /// The output port that delivers the picture of this input port.
     ///
-    /// Groups are looked through: where the link leads to a group, the answer lies behind the group's output inside of
-    /// it; where it leads to the border of the group around, it lies outside. So are disabled modules: a disabled
-    /// module passes on what its first input delivers; a disabled leaf, which has no input, delivers nothing.
+    /// Groups are looked through: where the link leads to a group, the port is found inside, upstream of the group's
+    /// exit; where it leads to the surrounding group's entry, it is found outside. Disabled modules are looked through
+    /// too: a disabled module passes on what its first input delivers; a disabled leaf, which has no input, delivers
+    /// nothing.
     ///
     /// @return null when nothing delivers a picture, and for output ports
     MO_Port* realSrcPort() const;
 
-    /// The same, but disabled modules are met like others; only the borders of groups are looked through.
+    /// The same, but disabled modules count like others; only the borders of groups are looked through.
     MO_Port* realDisabledSrcPort() const;
 
     /// Whether an input of the target may be linked to an output of the source. Refused when the two are not in the
@@ -70,10 +71,10 @@ public:
     /// @return the reason when it is refused
     UT_Result<void> mayConnect(const MO_Port& source) const;
 
-    /// Links this input port to a source, in place of the one it has; nothing changes when mayConnect() refuses.
+    /// Links this input port to a source, replacing its earlier link; nothing changes when mayConnect() refuses.
     UT_Result<void> connect(MO_Port& source);
 
-    /// Cuts the link of an input port; nothing happens when it has none.
+    /// Cuts the link of an input port; does nothing when it has none.
     void disconnect();
 
 private:

@@ -8,7 +8,7 @@
 
 class MO_Module;
 
-/// The frame, the resolution and the input port of a question. A plain value; the module outlives it.
+/// The frame, the resolution and the input port of a question. A plain value; the module must outlive it.
 class QUARVELSCENECORE_EXPORT MO_PortContext : public MO_BaseContext
 {
 public:
@@ -20,7 +20,7 @@ public:
     const MO_Module* module() const { return _module; }
     int port() const { return _port; }
 
-    /// How much the scene's camera magnifies at the frame; 1 with no camera move, and for a module of no scene.
+    /// How much the scene's camera magnifies at the frame; 1 with no camera move, and for a module outside a scene.
     double truckFactor() const;
 
 private:

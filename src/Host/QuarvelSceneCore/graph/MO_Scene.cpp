@@ -94,7 +94,7 @@ void MO_Scene::nodeRenamed(const MO_Node& node)
         attr->refreshReaders(*this);
 }
 
-// The camera's attributes belong to no node: their paths have an empty node.
+// The camera's attributes belong to no node: the node part of their paths is empty.
 AT_Attr* MO_Scene::findAttr(const QString& path) const
 {
     const QString node = AT_AttrLink::nodeOf(path);
@@ -152,7 +152,7 @@ UT_Result<void> MO_Scene::readXml(const QDomElement& element, QStringList* warni
             *warnings << text;
     };
 
-    // The graph can fail and is read aside; the rest cannot.
+    // Reading the graph can fail, so it is read into a new group first; reading the rest cannot.
     auto root = std::make_unique<XUGroup>();
     PO_UnknownXml unknown;
     for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {

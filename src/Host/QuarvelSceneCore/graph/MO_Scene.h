@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// MO_Scene: a scene with its graph. All nodes, those inside of groups too, have different names, so that a name alone
-// says which node is meant.
+// MO_Scene: a scene with its graph. All nodes, including those inside groups, have different names, so a name alone
+// identifies a node.
 //
 //     <scene firstFrame="1" frameHeight="405" frameRate="25" lastFrame="48" version="1">
 //       <camera>
@@ -11,7 +11,7 @@
 //       <graph>...</graph>
 //     </scene>
 //
-// The palettes and the drawings of the elements are no part of this element: they are files of their own.
+// The palettes and the drawings of the elements are not in this element: they are files of their own.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -37,33 +37,32 @@ public:
 
     /// The module of this name anywhere in the scene; null when there is none.
     MO_Module* findModule(const QString& name) const { return _root->findModule(name); }
-    /// Where a render starts that names no node: the first enabled module of the outermost group that is an
+    /// The module where a render starts that names none: the first enabled module of the outermost group that is an
     /// output (MO_Module::isSceneOutput()); null when there is none.
     MO_Module* outputModule() const;
 
-    /// Whether connect() would make a link. Nothing changes and nobody is told.
+    /// Whether connect() would make a link. Nothing changes and nobody is notified.
     ///
     /// @return the reason when it would not: there is no such port, or MO_Port::mayConnect() refuses
     static UT_Result<void> mayConnect(const MO_Module& source, const MO_Module& target, unsigned inPort = 0,
                                       unsigned outPort = 0);
-    /// Links an input port of a module to an output port of another. A module with automatic ports gets the ports that
-    /// are missing up to the one asked for.
+    /// Links an input port of a module to an output port of another. A module with automatic ports gets the missing
+    /// ports up to the requested one.
     ///
     /// @return an error, and nothing has changed, when mayConnect() refuses
     static UT_Result<void> connect(MO_Module& source, MO_Module& target, unsigned inPort = 0, unsigned outPort = 0);
-    /// Cuts the link of an input port; nothing happens when there is none.
+    /// Cuts the link of an input port; does nothing when there is none.
     static void disconnect(MO_Module& target, unsigned inPort = 0);
 
-    /// Replaces camera, lights, frames and graph by what an element says; palettes stay. What this version does not
-    /// understand is kept, with a warning.
+    /// Replaces camera, lights, frames and graph by an element's; palettes stay. Unknown parts are kept, with a warning.
     ///
-    /// @return an error, and the scene has not changed, when the element is no scene or of no use
+    /// @return an error, and the scene has not changed, when the element is not a scene or is unusable
     UT_Result<void> readXml(const QDomElement& element, QStringList* warnings);
 
     /// Calls the function with every attribute of the scene that a link drives.
     void forEachLinked(const std::function<void(AT_SimpleAttr&)>& function) const;
 
-    /// Looks up the attributes that links of attributes name. To be called after links were made from paths.
+    /// Resolves the links of attributes. To be called after links were made from paths.
     void resolveLinks();
 
     AT_Attr* findAttr(const QString& path) const override;

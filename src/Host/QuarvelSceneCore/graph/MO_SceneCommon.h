@@ -22,7 +22,7 @@ class AT_DoubleAttr;
 class MO_Lighting;
 class MO_Node;
 
-/// The common part of a scene. Tells its listeners after every change of the scene; see lighting(). See MO_Node.h
+/// The common part of a scene. Notifies its listeners after every change of the scene; see lighting(). See MO_Node.h
 /// for threads.
 class QUARVELSCENECORE_EXPORT MO_SceneCommon : public XUTeller, public AT_LinkScope, private XUListener
 {
@@ -33,36 +33,36 @@ public:
     MO_SceneCommon();
     ~MO_SceneCommon() override;
 
-    /// The height of the frame in scene units; 405 (16 : 9) to begin with.
+    /// The height of the frame in scene units; 405 (16 : 9) by default.
     double frameHeight() const { return _frameHeight; }
     /// @return false, and nothing changes, when the height is not a positive number
     bool setFrameHeight(double height);
 
-    /// The frames that the scene consists of, both included; 1 to 1 to begin with.
+    /// The frames that the scene consists of, both included; 1 to 1 by default.
     int firstFrame() const { return _firstFrame; }
     int lastFrame() const { return _lastFrame; }
     /// @return false, and nothing changes, when last < first
     bool setFrameRange(int first, int last);
 
-    /// How many frames a second are played; 24 to begin with, kSlowest to kFastest.
+    /// How many frames are played a second; 24 by default, from kSlowest to kFastest.
     double frameRate() const { return _frameRate; }
     static constexpr double kUsualFrameRate = 24.0;
     static constexpr double kSlowest = 1.0;
     static constexpr double kFastest = 240.0;
-    /// @return false, and nothing changes, when the rate is no number from kSlowest to kFastest
+    /// @return false, and nothing changes, when the rate is not a number from kSlowest to kFastest
     bool setFrameRate(double rate);
 
-    /// The lights that the scene is looked at with. They tell of their changes themselves and the scene does not, since
-    /// nothing that is rendered depends on them.
+    /// The lights in which the scene is viewed. They notify their own listeners, not the scene's, because no rendered
+    /// picture depends on them.
     MO_Lighting& lighting() const { return *_lighting; }
 
-    /// The camera's truck factor over time, attribute "TruckFactor": how much the camera magnifies. 1 to begin with,
-    /// from 1/1000 to 1000.
+    /// The camera's truck factor over time, attribute "TruckFactor": how much the camera magnifies. 1 by default, from
+    /// 1/1000 to 1000.
     AT_DoubleAttr& truckFactorAttr() const { return *_truckFactor; }
     double truckFactor(double frame) const;
 
-    /// From scene units to pixels of a frame of the given resolution, truck factor included: the centre of the frame
-    /// goes to the centre of the picture.
+    /// From scene units to pixels of a frame of the given resolution, truck factor included. The centre of the frame is
+    /// mapped to the centre of the picture.
     QTransform sceneToPixel(double frame, const std::pair<int, int>& resolution) const;
     /// The same for a camera that magnifies by a given factor.
     static QTransform sceneToPixel(const std::pair<int, int>& resolution, double truckFactor);
@@ -71,9 +71,9 @@ public:
     const std::vector<CM_SharedPtr<CM_Palette>>& palettes() const { return _palettes; }
     /// Appends a palette; null adds nothing.
     void addPalette(const CM_SharedPtr<CM_Palette>& palette);
-    /// Puts a palette in the place of another; nothing happens when that one is not there.
+    /// Replaces a palette by another; does nothing when it is not there.
     void replacePalette(const CM_SharedPtr<CM_Palette>& old, const CM_SharedPtr<CM_Palette>& palette);
-    /// Takes a palette out; nothing happens when it is not there.
+    /// Removes a palette; does nothing when it is not there.
     void removePalette(const CM_SharedPtr<CM_Palette>& palette);
 
     /// A node was renamed; links to its attributes follow.

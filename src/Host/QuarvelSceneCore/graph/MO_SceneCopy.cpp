@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Copies go through the XML that files are made of, so that whatever is saved is also copied; what lies in files of its
-// own, the drawings and the palettes, is shared.
+// Copies go through the XML of files, so that everything that is saved is also copied; data that is saved in files of
+// its own, the drawings and the palettes, is shared.
 #include "QuarvelSceneCore/graph/MO_SceneCopy.h"
 
 #include "QuarvelPersistentObj/PO_XmlReading.h"
@@ -31,7 +31,7 @@ QDomDocument documentOf(const QString& text)
     return document ? *document : QDomDocument();
 }
 
-// The two have the same modules in the same order.
+// The copy has the same modules in the same order.
 void shareFiles(const MO_Module& original, MO_Module& copy, MO_FileSharing sharing)
 {
     copy.shareFiles(original, sharing);

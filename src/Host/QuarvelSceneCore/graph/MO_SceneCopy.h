@@ -36,5 +36,5 @@ private:
 /// To be called on the scene's thread; the copy may then be used on another one.
 QUARVELSCENECORE_EXPORT std::unique_ptr<MO_Scene> MO_copyScene(const MO_Scene& scene);
 
-/// A module that equals the one given, not part of any graph, with drawings that are the same objects.
+/// A module equal to the one given, outside any graph; its drawings are the same objects.
 QUARVELSCENECORE_EXPORT std::unique_ptr<MO_Module> MO_copyModule(const MO_Module& module);

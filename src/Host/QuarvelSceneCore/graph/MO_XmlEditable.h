@@ -1,13 +1,13 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// MO_XmlEditable: what has an editor that is laid out by an XML element.
+// MO_XmlEditable: an object with an editor whose layout is an XML element.
 #pragma once
 
 #include "QuarvelSceneCore/QuarvelSceneCoreExport.h"
 
 #include <QDomElement>
 
-/// The side of a module that an editor panel asks for the editor's layout.
+/// The interface through which an editor panel asks a module for the editor's layout.
 class QUARVELSCENECORE_EXPORT MO_XmlEditable
 {
 public:
@@ -16,7 +16,7 @@ public:
     MO_XmlEditable& operator=(const MO_XmlEditable&) = delete;
     virtual ~MO_XmlEditable();
 
-    /// The layout, read or built afresh. The null element, which is the default, says that the panel is to list the
-    /// attributes as they come.
+    /// The layout, read or built anew. With the null element, the default, the panel lists the attributes in their
+    /// order.
     virtual QDomElement obtainEditorLayout();
 };

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The group: its ports, its modules and their names. How it is written and read stands in XUGroupXml.cpp.
+// The group: its ports, its modules and their names. XUGroupXml.cpp writes and reads it.
 #include "QuarvelSceneCore/graph/XUGroup.h"
 
 #include "QuarvelSceneCore/graph/MO_AbstractModuleVisitor.h"
@@ -13,7 +13,7 @@
 
 namespace {
 
-// True for what a name becomes when it is taken: "Peg_12" of "Peg".
+// True for a name made unique by a number: "Peg_12" for the base "Peg".
 bool isNumbered(const QString& name, const QString& base)
 {
     if (!name.startsWith(base + QLatin1Char('_')))
@@ -38,7 +38,7 @@ XUGroup::XUGroup()
 
 XUGroup::~XUGroup()
 {
-    // Nobody is told of links that are cut while everything goes.
+    // Links that are cut during destruction must not notify the scene.
     _scene = nullptr;
     while (!_modules.empty())
         _modules.pop_back();
@@ -118,7 +118,7 @@ std::unique_ptr<MO_Module> XUGroup::take(MO_Module& module)
         std::find_if(_modules.begin(), _modules.end(), [&](const auto& own) { return own.get() == &module; });
     if (found == _modules.end())
         return nullptr;
-    // From the last port down, since automatic ports behind the last link go by themselves.
+    // From the last port down, because cutting the last link removes the automatic ports after it.
     for (unsigned i = module.nInPorts(); i > 0; --i)
         if (MO_Port* port = module.inPort(i - 1))
             port->disconnect();
@@ -207,7 +207,7 @@ void XUGroup::releaseNames(MO_Module& module)
             releaseNames(*inner);
 }
 
-// The number to try first must not skip a name that has become free.
+// Forgets the number to try first, which would skip the name that has become free.
 void XUGroup::releaseName(const QString& name)
 {
     _names.remove(name);

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// XUGroup: a module that holds a graph of its own. What is linked to its input ports comes into that graph at its
-// entry, what is linked to its exit leaves through its output ports. A group renders nothing itself: links look through
+// XUGroup: a module that holds a graph of its own. What is linked to its input ports enters that graph at its entry,
+// and what is linked to its exit leaves through its output ports. A group renders nothing itself: links look through
 // its border (MO_Port::realSrcPort).
 //
 //     <module enabled="true" inPorts="1" name="Arm" outPorts="1" type="GROUP">
@@ -29,7 +29,7 @@
 class QUARVELSCENECORE_EXPORT XUGroup : public MO_Module
 {
 public:
-    /// More modules than this a graph that is read from a file never has, groups inside of it included.
+    /// The largest number of modules in a graph read from a file, including those in inner groups.
     static constexpr int kMaxModulesInFile = 10000;
 
     /// A group without ports.
@@ -43,9 +43,9 @@ public:
     MO_Port* addInPort();
     /// Adds an output port, and an input port at the exit.
     MO_Port* addOutPort();
-    /// Cuts and drops the last input port. @return false when there is none
+    /// Cuts and removes the last input port. @return false when there is none
     bool removeLastInPort();
-    /// Cuts and drops the last output port. @return false when there is none
+    /// Cuts and removes the last output port. @return false when there is none
     bool removeLastOutPort();
 
     /// The inner side of the input ports.
@@ -53,11 +53,11 @@ public:
     /// The inner side of the output ports.
     MO_GroupBorderModule& exit() const { return *_exit; }
 
-    /// A place behind all modules.
+    /// The place after all modules.
     static constexpr std::size_t kAtEnd = static_cast<std::size_t>(-1);
 
-    /// Adds a module, behind the others unless a place among them is given. It gets a name that is unique in the scene:
-    /// its own one or, when that is empty, its display name, with a number added where needed.
+    /// Adds a module, by default after the others. It gets a name that is unique in the scene: its own or, when that is
+    /// empty, its display name, with a number where needed.
     MO_Module& add(std::unique_ptr<MO_Module> module, std::size_t place = kAtEnd);
     /// The same for a module made here: group.emplace<MO_CompositeModule>().
     template<typename Module, typename... Args>
@@ -65,14 +65,14 @@ public:
     {
         return static_cast<Module&>(add(std::make_unique<Module>(std::forward<Args>(args)...)));
     }
-    /// Cuts a module's links and takes it out of the graph. @return null when it is not one of this group's own
+    /// Cuts a module's links and removes it from the graph. @return null when it is not one of this group's own
     std::unique_ptr<MO_Module> take(MO_Module& module);
 
-    /// The modules of this group, in order; entry and exit and what is inside of inner groups are not among them.
+    /// The modules of this group, in order, without the entry, the exit and the modules of inner groups.
     const std::vector<std::unique_ptr<MO_Module>>& modules() const { return _modules; }
-    /// The module of this name, in this group or in one inside of it; null when there is none.
+    /// The module of this name, in this group or in an inner one; null when there is none.
     MO_Module* findModule(const QString& name) const;
-    /// Calls the function for every module of this group and of those inside of it, a group before what is in it.
+    /// Calls the function for every module of this group and of inner groups, each group before its modules.
     template<typename Function>
     void forEachModule(const Function& function) const
     {
@@ -83,18 +83,18 @@ public:
         }
     }
 
-    /// Makes this the outermost group of a scene; for scenes.
+    /// For scenes: makes this the scene's outermost group.
     void setScene(MO_SceneCommon* scene) { _scene = scene; }
     MO_SceneCommon* sceneCommon() const override;
 
-    /// Writes the modules and the links as the element "graph". Links stand in the order of the modules they lead to,
-    /// and there in the order of the ports.
+    /// Writes the modules and the links as the element "graph". Links are in the order of the modules they lead to,
+    /// then in the order of the ports.
     void writeGraph(PO_XmlWriter& writer) const;
-    /// Adds what such an element describes. Kinds of modules that the factory does not know become MO_OpaqueModule; a
-    /// module of a name that is taken gets another one, and the element's links follow it. Links that cannot be made
-    /// are left out, with a warning.
+    /// Adds what such an element describes. Modules of a kind that the factory does not know become MO_OpaqueModule; a
+    /// module whose name is taken gets another one, and the element's links follow it. Impossible links are left out,
+    /// with a warning.
     ///
-    /// @return an error when the element is of no use; the group may then hold a part of it and is to be thrown away
+    /// @return an error when the element is unusable; the group may then hold a part of it and must be discarded
     UT_Result<void> readGraph(const QDomElement& element, QStringList* warnings);
 
     QString keyword() const override;
@@ -128,13 +128,13 @@ private:
     std::unique_ptr<MO_GroupBorderModule> _exit;
     std::vector<std::unique_ptr<MO_Module>> _modules;
     PO_UnknownXml _unknownGraph;
-    /// What a newer version wrote about links. By the names of their ends, so that a link that is cut and made again
-    /// has it again.
+    /// Unknown XML of links, from a newer version, by the names of their ends: a link that is cut and made again has it
+    /// again.
     QHash<QString, PO_UnknownXml> _unknownLinks;
     std::optional<UT_Error> _graphError;
-    // Of the outermost group alone: all names, and the number to try first when a name is taken.
+    // Of the outermost group only: all names, and the number to try first when a name is taken.
     QHash<QString, MO_Module*> _names;
     QHash<QString, int> _nextNumbers;
-    // Of the outermost group alone: how many ports more a file may ask for that nothing is linked to.
+    // Of the outermost group only: how many more unlinked ports a file may ask for.
     int _freePortsLeft = 100000;
 };

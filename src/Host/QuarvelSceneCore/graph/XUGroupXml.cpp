@@ -33,7 +33,7 @@ void addWarning(QStringList* warnings, const QDomElement& element, const QString
         *warnings << Texts::tr("Line %1: %2").arg(element.lineNumber()).arg(text);
 }
 
-// Which link of a graph is meant. Its first end is led by its length, since names may hold any characters.
+// Identifies a link of a graph. The length of its first end comes first, because names may contain any characters.
 QString linkKey(const MO_Port& source, const MO_Port& target)
 {
     const auto end = [](const MO_Port& port) {
@@ -45,7 +45,7 @@ QString linkKey(const MO_Port& source, const MO_Port& target)
     return QString::number(from.size()) + u'/' + from + end(target);
 }
 
-// An index of a port that a file may name; nothing for every other text.
+// The port index in a file's text; nothing when it is not an allowed one.
 std::optional<unsigned> portIndex(const QDomElement& link, const QString& name)
 {
     const int index = PO_intAttribute(link, name).value_or(-1);
@@ -120,7 +120,7 @@ bool XUGroup::parseXmlAttribute(const QString& name, const QString& value, QStri
     return true;
 }
 
-// Ports cost memory even where nothing is linked to them, and a few bytes of a file can ask for thousands.
+// Unlinked ports cost memory too, and a few bytes of a file can ask for thousands.
 bool XUGroup::mayAddFreePorts(unsigned count)
 {
     int& left = outermost()._freePortsLeft;
@@ -176,7 +176,7 @@ UT_Result<void> XUGroup::readModule(const QDomElement& element, QHash<QString, M
                    Texts::tr("\"%1\" is of the unknown kind \"%2\"; it is kept as it is").arg(fileName, type));
     }
     made->setInstanceName(fileName);
-    // Part of the graph before it is read, so that modules inside of it are counted and named with all others.
+    // Added to the graph before it is read, so that its inner modules are counted and named with all others.
     MO_Module& module = add(std::move(made));
     if (!byFileName.contains(fileName))
         byFileName.insert(fileName, &module);

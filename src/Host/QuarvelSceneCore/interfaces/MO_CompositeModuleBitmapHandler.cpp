@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Taking cels out of the context, in the formats that the module accepts.
+// Passing the context's cels on in the formats that the module accepts.
 #include "QuarvelSceneCore/interfaces/MO_CompositeModuleBitmapHandler.h"
 
 #include "QuarvelSceneCore/interfaces/MO_SoftRenderServices.h"

@@ -1,8 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// MO_CompositeModuleBitmapHandler: the base for making one picture out of several, pixel by pixel. It takes the cels
-// out of the context, hands those that are there to acceptInputCel(), and at the end calls finishRender() with a cel to
-// start from.
+// MO_CompositeModuleBitmapHandler: the base for making one picture out of several, pixel by pixel. It passes each cel
+// of the context to acceptInputCel(), and at the end a cel to start from to finishRender().
 #pragma once
 
 #include "QuarvelCelCore/CEL_Cel.h"
@@ -17,16 +16,17 @@
 class QUARVELSCENECORE_EXPORT MO_CompositeModuleBitmapHandler : public MO_SoftRenderInterface
 {
 public:
-    /// What the handler is told about the module it works for.
+    /// What the handler is told about its module.
     struct CompositeModuleInterface
     {
         MO_Module* node = nullptr;
-        /// Which pixmaps acceptInputCel() takes. One in the other colour format is converted to the render's main
-        /// format first; a depth pixmap that is not taken is left out. Vector drawings are handed over as they are.
+        /// Which pixmaps acceptInputCel() takes. A pixmap in a colour format that is not accepted is converted to the
+        /// render's main format first; a depth pixmap that is not accepted is left out. Vector drawings are passed on
+        /// unchanged.
         bool acceptsFloatCels = false;
         bool accepts16BitCels = false;
         bool acceptsDepthCels = false;
-        /// The depth range, low and high, of a picture without depth; low > high says that it is empty.
+        /// The depth range, low and high, of a picture without depth; low > high means empty.
         std::pair<double, double> emptyDepthRange{1.0, -1.0};
     };
 
@@ -37,7 +37,7 @@ public:
     const CompositeModuleInterface& moduleInterface() const { return _module; }
     const std::vector<node_render::PortRenderInfo>& ports() const { return _ports; }
 
-    /// Hands the port's cel to acceptInputCel(), if there is one.
+    /// Passes the port's cel to acceptInputCel(), if there is one.
     void softRender(MO_SoftContext& context, int port) override;
     /// Calls finishRender().
     void finish(MO_SoftContext& context) override;
@@ -46,13 +46,13 @@ protected:
     /// Takes an input cel; never null. Does nothing unless overridden.
     virtual void acceptInputCel(const MO_SoftContext& context, CA_CelRef cel);
 
-    /// Makes the picture and hands it over with setCel().
+    /// Makes the picture and delivers it with setCel().
     ///
-    /// @param delivered a cel whose pixmap has the render's size, canvas and main format and nothing allocated; null
-    ///     when no input delivered a cel
+    /// @param delivered a cel whose pixmap has the render's size, canvas and main format and no pixels; null when no
+    /// input delivered a cel
     virtual void finishRender(const MO_SoftContext& context, CA_CelRef delivered) = 0;
 
-    /// Hands over the module's picture.
+    /// Delivers the module's picture.
     void setCel(const MO_SoftContext& context, const CA_CelRef& cel);
 
 private:

@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What a module does in a render unless it overrides: it asks the modules upstream for their requests and passes on its
-// first input. These operations of MO_Module stand here because they alone need to know what a render is made of; the
-// graph's own sources do without.
+// What a module does in a render by default: it asks the modules upstream for their requests and passes on its first
+// input. These operations of MO_Module are defined here because only they need the types of a render; the other sources
+// of graph/ do not.
 #include "QuarvelSceneCore/graph/MO_Module.h"
 #include "QuarvelSceneCore/interfaces/MO_RenderingRequestHandler.h"
 #include "QuarvelSceneCore/interfaces/MO_SoftRenderInterface.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Rendering requests, their handlers and what these leave for each other.
+// Rendering requests, their handlers and the entries that handlers leave for each other.
 #include "QuarvelSceneCore/interfaces/MO_RenderingRequest.h"
 
 #include "QuarvelSceneCore/interfaces/MO_RenderingRequestService.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// MO_RenderingRequest: a module's wish concerning the drawings upstream of it, for one frame.
+// MO_RenderingRequest: a module's request concerning the drawings upstream of it, for one frame.
 #pragma once
 
 #include "QuarvelBaseCore/UT_SharedPtr.h"
@@ -15,7 +15,7 @@ public:
     MO_RenderingRequest(MO_Module* owner, std::unique_ptr<MO_RenderingRequestHandler> handler);
     ~MO_RenderingRequest() override;
 
-    /// The module that made the request; it outlives the request.
+    /// The module that made the request; it must outlive the request.
     MO_Module* owner() const { return _owner; }
     MO_RenderingRequestHandler& handler() const { return *_handler; }
 

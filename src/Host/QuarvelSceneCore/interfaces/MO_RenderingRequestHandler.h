@@ -1,11 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// MO_RenderingRequestHandler: what a module wants done with the drawings upstream of it, before anybody renders them:
-// repaint them, replace them, attach messages.
+// MO_RenderingRequestHandler: what a module does with the drawings upstream of it before they are rendered: repaint
+// them, replace them, attach messages.
 //
 // When the drawing of an element is computed, it passes through the requests between the element and the module that
-// renders pixels from it, the nearest to the element first, all with the same context: what one handler leaves in the
-// context the next one finds. A module that renders pixels and has a request of its own claims the drawing: requests
+// renders pixels from it, the nearest to the element first, all with the same context: the next handler finds what the
+// earlier ones left there. A module that renders pixels and has a request of its own claims the drawing: requests
 // further downstream do not see it. A drawing that is reached on several paths passes once for each.
 #pragma once
 
@@ -37,8 +37,8 @@ public:
     virtual void processDrawing(BaseContext& context) = 0;
 
     /// Whether the request concerns drawings that come in through a port of a module between the request's owner and
-    /// the drawing. Asked for each such port, as ports left of the owner in the flow; one refusal keeps the request
-    /// from the drawing. True unless overridden.
+    /// the drawing. It is asked for each such port, as ports left of the owner in the flow; one refusal hides the
+    /// drawing from the request. True unless overridden.
     virtual bool filterRequestForLeftPorts(const MO_Module& module, int port) const;
 };
 
@@ -48,13 +48,13 @@ class QUARVELSCENECORE_EXPORT MO_RenderingRequestHandler::BaseContext
 public:
     BaseContext(const CA_CelRef& drawing, const MO_FrameKey& frameKey) : _drawing(drawing), _frameKey(frameKey) {}
 
-    /// The drawing; a handler may put another one in its place, or none.
+    /// The drawing; a handler may replace or remove it.
     CA_CelRef& drawing() { return _drawing; }
     const CA_CelRef& drawing() const { return _drawing; }
     /// The frame that is rendered.
     const MO_FrameKey& frameKey() const { return _frameKey; }
 
-    /// Leaves an entry for the handlers that come after, in place of the one under the same key.
+    /// Leaves an entry for later handlers, replacing the one under the same key.
     void addObject(const UT_DynKey& key, UT_SharedPtr<CEL_Message> object);
     /// The entry under a key; null when there is none.
     UT_SharedPtr<CEL_Message> findObject(const UT_DynKey& key) const;

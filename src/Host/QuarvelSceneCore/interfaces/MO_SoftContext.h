@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// MO_SoftContext: the rendering of one module's picture for one frame: what is asked for, what comes in, where the
-// result goes.
+// MO_SoftContext: the rendering of one module's picture for one frame: the requested pixels, the inputs, the result.
 #pragma once
 
 #include "QuarvelCelCore/CEL_Cel.h"
@@ -11,13 +10,13 @@
 
 #include <map>
 
-/// One module's rendering. Used by one thread at a time. The results belong to the rendering, not to the value of the
-/// context: whoever can read the context can deliver them.
+/// One module's rendering. Used by one thread at a time. Results can be set through a const context, because they
+/// belong to the rendering and not to the context's value.
 class QUARVELSCENECORE_EXPORT MO_SoftContext
 {
 public:
-    /// @param module     the module that is rendered; may be null for a picture of no scene
-    /// @param outputRect the pixels that are asked for
+    /// @param module     the module that is rendered; may be null for a picture outside a scene
+    /// @param outputRect the requested pixels
     MO_SoftContext(const RD_RenderJob& job, const MO_FrameKey& frameKey, const MO_Module* module,
                    const Math::Box2di& outputRect);
     ~MO_SoftContext();
@@ -26,7 +25,7 @@ public:
 
     /// The format of colour cels in this render, a value of CEL_Format.
     int mainCelFormat2d() const { return _job.parameters().celFormat(); }
-    /// The pixels that are asked for: the canvas for a frame, more or less for the input of another module.
+    /// The requested pixels: the canvas for a frame; possibly more or less for the input of another module.
     const Math::Box2di& outputRect() const { return _outputRect; }
     int resolutionX() const { return _job.parameters().resolution.first; }
     int resolutionY() const { return _job.parameters().resolution.second; }
@@ -40,14 +39,14 @@ public:
     /// The context of questions about one of the module's input ports.
     MO_PortContext portContext(int port) const;
 
-    /// The cel that is delivered to an input port, during that port's turn; null when none is.
+    /// The cel that an input port delivers, during that port's turn; null when there is none.
     CA_CelRef inputCel(int port) const;
-    /// For the renderer: delivers a cel to an input port; null takes it back.
+    /// For the renderer: sets the cel of an input port; null removes it.
     void setInputCel(int port, const CA_CelRef& cel);
 
-    /// The module's picture on an output port; null as long as there is none.
+    /// The module's picture on an output port; null until it is set.
     CA_CelRef outputCel(int port = 0) const;
-    /// Hands over the module's picture.
+    /// Delivers the module's picture.
     void setOutputCel(int port, const CA_CelRef& cel) const;
 
 private:

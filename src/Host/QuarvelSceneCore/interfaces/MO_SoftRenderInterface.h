@@ -15,8 +15,8 @@ class QUARVELSCENECORE_EXPORT MO_SoftRenderInterface : public UT_ShareBaseSafe
 public:
     ~MO_SoftRenderInterface() override;
 
-    /// An input port's turn has come; context.inputCel(port) is what it delivers, null when nothing.
+    /// An input port's turn; context.inputCel(port) is what it delivers, or null.
     virtual void softRender(MO_SoftContext& context, int port) = 0;
-    /// All input ports had their turn: the picture is to be handed over (MO_SoftContext::setOutputCel).
+    /// All input ports had their turn: deliver the picture now (MO_SoftContext::setOutputCel).
     virtual void finish(MO_SoftContext& context) = 0;
 };

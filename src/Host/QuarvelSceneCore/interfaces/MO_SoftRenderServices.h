@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// MO_SoftRenderServices: what those who make pictures need again and again.
+// MO_SoftRenderServices: common steps of making pictures.
 #pragma once
 
 #include "QuarvelSceneCore/interfaces/MO_SoftContext.h"
@@ -9,8 +9,8 @@
 class QUARVELSCENECORE_EXPORT MO_SoftRenderServices
 {
 public:
-    /// A cel whose pixmap has the render's size, canvas and main format and nothing allocated.
+    /// A cel whose pixmap has the render's size, canvas and main format and no pixels.
     static CA_CelRef createBlankCel(const MO_SoftContext& context);
-    /// Hands over such a cel as the picture of an output port.
+    /// Delivers such a cel as the picture of an output port.
     static void setBlankCel(const MO_SoftContext& context, int port);
 };

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// RD_RenderJob: a render with all that follows from its parameters.
+// RD_RenderJob: a render's parameters, and what follows from them.
 #pragma once
 
 #include "QuarvelBaseCore/Math_Box2di.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// RD_RenderParameters: what is chosen for a render.
+// RD_RenderParameters: the choices for a render.
 #pragma once
 
 #include "QuarvelCelCore/CEL_Pixels.h"
@@ -24,7 +24,7 @@ struct RD_Margins
 /// The choices for a render. A plain value.
 struct RD_RenderParameters
 {
-    /// The values of imageProcessingFormat. Others count as 16-bit.
+    /// The values of imageProcessingFormat. Other values count as 16-bit.
     enum ImageProcessingFormat
     {
         IMAGE_PROCESSING_16BIT = 0,

@@ -1,10 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// RD_ScriptContext: the script of one frame: which requests the modules of the graph have for it. It is written before
-// the frame is rendered, module by module from the one that is rendered upward, and then only read.
+// RD_ScriptContext: the script of one frame: the modules' requests for it. It is written before the frame is rendered,
+// module by module from the rendered one upstream, and then only read.
 //
-// Requests are kept for the input port that was being scripted when they were inserted. Every port is scripted once,
-// whatever the number of paths that lead to it. Requests of modules upstream stand before those downstream.
+// A request belongs to the input port that was being scripted when it was inserted. Every port is scripted once,
+// whatever the number of paths that lead to it. Requests of modules upstream come before those downstream.
 #pragma once
 
 #include "QuarvelSceneCore/graph/MO_FrameKey.h"
@@ -20,7 +20,7 @@ class QUARVELSCENECORE_EXPORT RD_ScriptContext
 public:
     using Request = UT_SharedPtr<MO_RenderingRequest>;
 
-    /// More modules than this may not follow each other on one path; what lies further upstream is not scripted.
+    /// The longest chain of modules on one path; modules further upstream are not scripted.
     static constexpr int kMaxDepth = 2000;
 
     RD_ScriptContext(const MO_FrameKey& globalFrameKey, const RD_RenderJob& renderJob);
@@ -33,14 +33,14 @@ public:
     const RD_RenderJob& renderJob() const { return _renderJob; }
 
     /// Asks a module to insert the requests for one of its input ports (MO_Module::insertRenderingRequestForSrcPort),
-    /// unless that was done before.
+    /// unless that has happened already.
     void scriptPort(MO_Module& module, int port);
     /// The same for all input ports of a module, in order.
     void scriptPorts(MO_Module& module);
-    /// True when kMaxDepth was met.
+    /// True when a path was longer than kMaxDepth.
     bool isTooDeep() const { return _tooDeep; }
 
-    /// Adds a request, for the port of its owner that is being scripted; when none is, for every port of its owner.
+    /// Adds a request for the port of its owner that is being scripted, or for every port of its owner when none is.
     /// Null adds nothing.
     void insertRequest(const Request& request);
 

@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// node_render::PortRenderInfo: what a module is told about each of its inputs when it is asked who makes its picture.
+// node_render::PortRenderInfo: what a module is told about each of its inputs when it is asked for its render
+// interface.
 #pragma once
 
 class MO_Module;
@@ -11,11 +12,11 @@ namespace node_render {
 /// An input port of a module that is about to be rendered.
 struct PortRenderInfo
 {
-    /// The module that really delivers the picture (MO_Port::realSrcPort); null when none does.
+    /// The module that delivers the picture (MO_Port::realSrcPort); null when none does.
     MO_Module* sourceModule = nullptr;
     /// The index of the input port.
     int port = 0;
-    /// The output port that really delivers the picture; null when none does.
+    /// The output port that delivers the picture; null when none does.
     MO_Port* sourcePort = nullptr;
 };
 

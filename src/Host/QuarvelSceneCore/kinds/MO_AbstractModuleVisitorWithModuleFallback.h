@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // MO_AbstractModuleVisitorWithModuleFallback: the visitor to derive from when most kinds of modules are treated alike:
-// every kind that is not overridden ends in the visit of a plain module.
+// kinds without an override are visited as plain modules.
 #pragma once
 
 #include "QuarvelSceneCore/graph/MO_AbstractModuleVisitor.h"

@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // MO_CompositeModule: paints its input pictures one over the other. Channels are associated (colour multiplied by
-// alpha), so that a picture S over a picture D gives S + D (1 - alpha of S) in all four. A composite that gets a single
-// picture hands it on untouched, messages included.
+// alpha), so that a picture S over a picture D gives S + D (1 - alpha of S) in all four. A single picture is passed on
+// unchanged, messages included.
 #pragma once
 
 #include "QuarvelSceneCore/kinds/MO_CompositeModuleBase.h"

@@ -5,7 +5,7 @@
 
 #include "QuarvelSceneCore/graph/MO_AutoInPortsModule.h"
 
-/// A module with automatic input ports and one output. Deriving classes say who does the work
+/// A module with automatic input ports and one output. Deriving classes supply the object that makes the picture
 /// (MO_Module::createSoftRenderInterface).
 class QUARVELSCENECORE_EXPORT MO_CompositeModuleBase : public MO_AutoInPortsModule
 {

@@ -88,7 +88,7 @@ UT_SharedPtr<CELVEC_Kvd> MO_ElementModule::drawingAt(double frame) const
 
 QTransform MO_ElementModule::drawingToScene(double frame) const
 {
-    // Each step is put before the ones already there: last written, first applied.
+    // Each call prepends its step to the ones before: the last one written is applied first.
     QTransform transform;
     transform.translate(_positionX->value(frame), _positionY->value(frame));
     transform.rotate(_rotation->value(frame));

@@ -1,9 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// MO_ElementModule: a leaf of the graph, which shows drawings: which one at which frame says its drawing attribute,
-// where in the scene its position, scale and rotation.
+// MO_ElementModule: a leaf of the graph, which shows drawings. Its drawing attribute says which one is shown at which
+// frame, its position, scale and rotation say where.
 //
-// A drawing's units are those of the scene. It is scaled and then turned about its own origin, and then moved:
+// A drawing's units are those of the scene. It is scaled, turned about its own origin, and moved, in this order:
 //
 //     x' = PositionX + ScaleX x cos(r) - ScaleY y sin(r)
 //     y' = PositionY + ScaleX x sin(r) + ScaleY y cos(r)
@@ -42,14 +42,13 @@ public:
     AT_DoubleAttr* scaleY() const { return _scaleY; }
     AT_DoubleAttr* rotation() const { return _rotation; }
 
-    /// The extension of the files that the element's drawings are kept in, without a dot; "KVR", the one of vector
-    /// drawings, to begin with.
+    /// The extension of the files of the element's drawings, without a dot; by default "KVR", for vector drawings.
     const QString& getDrawingFileExt() const { return _drawingFileExt; }
     void setDrawingFileExt(const QString& extension);
 
-    /// The drawings, by the names that the exposures call them by.
+    /// The drawings, by the names that exposures use.
     const std::map<QString, UT_SharedPtr<CELVEC_Kvd>>& drawings() const { return _drawings; }
-    /// Gives the element a drawing, in place of the one of that name; null takes it away.
+    /// Adds a drawing, replacing the one with that name; null removes it.
     void setDrawing(const QString& name, const UT_SharedPtr<CELVEC_Kvd>& drawing);
     /// The drawing shown at a frame; null when nothing is shown or the element has no drawing of that name.
     UT_SharedPtr<CELVEC_Kvd> drawingAt(double frame) const;

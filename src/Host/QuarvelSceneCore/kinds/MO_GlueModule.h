@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // MO_GlueModule: joins the two halves of something that was drawn in two pieces. It has exactly two inputs; its picture
-// is the first one over the second one. Whoever walks the graph in search of drawings follows both inputs, since both
-// are parts of one thing.
+// is the first one over the second one. Searches for drawings in the graph follow both inputs, since both are parts of
+// one thing.
 #pragma once
 
 #include "QuarvelSceneCore/graph/MO_Module.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The visitors that know the kinds: fallbacks, and the way through a group.
+// The visitors that know the kinds: the fallbacks, and how a visit passes through a group.
 #include "QuarvelSceneCore/kinds/MO_ModuleVisitor.h"
 
 #include "QuarvelSceneCore/graph/XUGroup.h"

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// MO_ModuleVisitor: the visitor to derive from for walks up the graph. A group is no station of such a walk: it leads
-// on to the module behind its first output.
+// MO_ModuleVisitor: the visitor to derive from for walks up the graph. A visit of a group goes on to the module that
+// delivers its first output.
 #pragma once
 
 #include "QuarvelSceneCore/kinds/MO_AbstractModuleVisitorWithModuleFallback.h"
@@ -14,7 +14,6 @@ public:
 
     using MO_AbstractModuleVisitorWithModuleFallback::visit;
     void visit(MO_Module& module) override;
-    /// Visits what really delivers the group's first output (disabled modules are looked through); nothing when
-    /// nothing does.
+    /// Visits the module that delivers the group's first output (disabled modules are looked through), if there is one.
     void visit(XUGroup& group) override;
 };

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The renderer's border: parameters are checked, and what went wrong inside becomes a text.
+// The renderer's interface: checks the parameters, and turns exceptions from inside into errors.
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 
 #include "QuarvelCelCore/CEL_PixmapFactory.h"

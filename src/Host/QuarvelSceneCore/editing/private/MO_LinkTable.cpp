@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Links are put back in two rounds: first every module whose links are different loses them, then they are made anew.
-// So no link ever closes a circle with one that is about to go.
+// Links are restored in two rounds: first every module whose links differ loses all of them, then they are made anew.
+// So no link closes a circle with one that is about to be removed.
 #include "QuarvelSceneCore/editing/private/MO_LinkTable.h"
 
 #include "QuarvelSceneCore/graph/MO_Scene.h"
@@ -21,7 +21,7 @@ void forEachTarget(const XUGroup& group, const Function& function)
 
 void cutAll(MO_Module& module)
 {
-    // From the last port down, since automatic ports behind the last link go by themselves.
+    // From the last port down, because cutting the last link removes the automatic ports after it.
     for (unsigned i = module.nInPorts(); i > 0; --i)
         MO_Scene::disconnect(module, i - 1);
 }

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// MO_LinkTable: all links of one group's graph as a plain value, which can be put back.
+// MO_LinkTable: all links of one group's graph as a plain value, for restoring them.
 #pragma once
 
 #include "QuarvelSceneCore/graph/XUGroup.h"
@@ -28,8 +28,8 @@ public:
 
     static MO_LinkTable of(const XUGroup& group);
 
-    /// Makes these the group's links. All modules that they name are in the group. Ports that come and go by themselves
-    /// are as they were when the table was made.
+    /// Makes these the group's links. All modules of the table must be in the group. Automatic ports become what they
+    /// were when the table was made.
     void restore(const XUGroup& group) const;
 
     friend bool operator==(const MO_LinkTable&, const MO_LinkTable&) = default;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// MO_StateCmd: the command of a change that a function makes, given the state of before or after.
+// MO_StateCmd: a command that sets the state before or after through one function.
 #pragma once
 
 #include "QuarvelSceneCore/editing/MO_EditCommand.h"
@@ -9,7 +9,7 @@
 
 #include <utility>
 
-/// Puts one of two states in place.
+/// Sets one of two states.
 ///
 /// @tparam State  a value
 /// @tparam Setter a function of a State
@@ -38,7 +38,7 @@ MO_EditCommand MO_makeStateCmd(const QString& name, State before, State after, S
     return std::make_unique<MO_StateCmd<State, Setter>>(name, std::move(before), std::move(after), std::move(set));
 }
 
-/// The texts of commands, translated: their names, and what they refuse.
+/// The translated texts of commands: their names, and the reasons for refusing.
 struct MO_CommandTexts
 {
     Q_DECLARE_TR_FUNCTIONS(MO_EditCommands)

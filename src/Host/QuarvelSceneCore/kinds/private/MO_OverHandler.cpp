@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The cels become pixels one at a time, and each is painted over those before it.
+// The cels are converted to pixels one at a time, and each is painted over the earlier ones.
 #include "QuarvelSceneCore/kinds/private/MO_OverHandler.h"
 
 #include "QuarvelCelCore/CEL_Compositing.h"
@@ -32,7 +32,7 @@ void MO_OverHandler::finishRender(const MO_SoftContext& context, CA_CelRef deliv
     const int format = context.mainCelFormat2d();
     const auto target = delivered->pixmap();
     for (CA_CelRef& cel : _cels) {
-        // Drawings become pixels only now, one at a time.
+        // Drawings are rasterised only now, so that one at a time is in memory.
         const auto source = std::exchange(cel, nullptr)->convertTo(format)->pixmap();
         if (source)
             CEL_paintOver(*source, *target);

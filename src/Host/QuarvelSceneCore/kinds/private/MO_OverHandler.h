@@ -6,7 +6,8 @@
 #include "QuarvelSceneCore/graph/MO_CompositeType.h"
 #include "QuarvelSceneCore/interfaces/MO_CompositeModuleBitmapHandler.h"
 
-/// Paints the input cels one over the other, in the given order. A single cel is handed on as it is, none makes none.
+/// Paints the input cels one over the other, in the given order. A single cel is passed on unchanged; without cels
+/// there is no picture.
 class MO_OverHandler final : public MO_CompositeModuleBitmapHandler
 {
 public:

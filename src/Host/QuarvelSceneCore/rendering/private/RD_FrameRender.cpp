@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The walk up the graph. Every call below handles one link of the path from the module that is rendered to a leaf; the
-// path itself is a list on the stack, read by the requests when a drawing is reached.
+// The walk up the graph. Each recursive call handles one link of the path from the rendered module to a leaf; the path
+// itself is a linked list on the stack, which the requests read when a drawing is reached.
 #include "QuarvelSceneCore/rendering/private/RD_FrameRender.h"
 
 #include "QuarvelSceneCore/graph/MO_AutoPortsNode.h"
@@ -32,7 +32,7 @@ UT_Error tooEntangled()
     return {text, UT_ErrorKind::REFUSED};
 }
 
-// Nothing that a picture shows can depend on what lies further away than this.
+// The limit of every requested rectangle: pixels further away cannot matter to the picture.
 Math::Box2di limitAround(const Math::Box2di& canvas)
 {
     return canvas.getEnlarged(static_cast<int>(std::ceil(4.0 * std::hypot(canvas.width(), canvas.height()))));
@@ -43,7 +43,7 @@ std::vector<node_render::PortRenderInfo> inputsOf(MO_Module& module)
     std::vector<node_render::PortRenderInfo> inputs;
     const MO_AutoPortsNode* const automatic = module.portManipulator();
     for (unsigned i = 0; i < module.nInPorts(); ++i) {
-        // A free port at the end is an offer, not an input.
+        // A free port at the end waits for the next link and is not an input.
         if (automatic && !automatic->isValidAutoPort(i))
             continue;
         MO_Port* const source = module.inPort(i)->realSrcPort();
@@ -52,8 +52,8 @@ std::vector<node_render::PortRenderInfo> inputsOf(MO_Module& module)
     return inputs;
 }
 
-// The output port that makes the picture which a module delivers: behind its first input when the module is disabled or
-// has no output, behind its exit when it is a group.
+// The output port whose picture a module delivers: the one linked to its first input when the module is disabled or has
+// no output, the one linked to its exit when it is a group.
 const MO_Port* deliveringPort(MO_Module& module)
 {
     const auto behind = [](const MO_Port* input) { return input ? input->realSrcPort() : nullptr; };
@@ -86,7 +86,7 @@ CA_CelRef RD_FrameRender::render(MO_Module& module)
 
 RD_FrameRender::Span RD_FrameRender::Span::part(std::size_t index, std::size_t count) const
 {
-    // The last part is left for putting the others together.
+    // One more part than inputs: the last is for composing them.
     const double each = (to - from) / static_cast<double>(count + 1);
     return {from + each * static_cast<double>(index), from + each * static_cast<double>(index + 1)};
 }

@@ -11,7 +11,7 @@
 class RD_FrameRender
 {
 public:
-    /// Why a frame was not rendered to its end; thrown and caught inside of this library alone.
+    /// The reason why a frame was not finished; thrown and caught inside this library only.
     struct Aborted
     {
         UT_Error reason;
@@ -25,7 +25,7 @@ public:
     CA_CelRef render(MO_Module& module);
 
 private:
-    /// A port on the way from the module that is rendered up to the one at hand.
+    /// A port on the path from the rendered module up to the current one.
     struct Step
     {
         const Step* downstream;
@@ -35,7 +35,7 @@ private:
         int depth;
     };
 
-    /// The part of the whole work, from 0 to 1, that something takes.
+    /// A part of the whole work, from 0 to 1, for progress.
     struct Span
     {
         double from;
