@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Scenes that mean harm, opened by the program as a person opens them: nothing acts, nothing hangs, and a message says
+// Hostile scenes, opened by the program as a person opens them: nothing is executed, nothing hangs, and a message names
 // what was found.
 #include "QuarvelSceneIO/private/SIO_Journal.h"
 
@@ -66,7 +66,7 @@ protected:
         ASSERT_EQ(file.write(bytes), bytes.size());
     }
 
-    // What lies in the scene's folder: the names, and what they are or hold.
+    // The scene's folder: its names, and the type or content of each.
     QMap<QString, QByteArray> sceneFolder() const
     {
         QMap<QString, QByteArray> found;
@@ -101,7 +101,7 @@ protected:
         return {process.exitCode(), process.readAllStandardOutput().toStdString(),
                 process.readAllStandardError().toStdString()};
     }
-    // What the program writes to a terminal.
+    // The program's output on a terminal.
     std::string onATerminal(const QStringList& words) const
     {
         int terminal = -1;
@@ -138,7 +138,7 @@ private:
 
 TEST_F(HostileScene, AJournalThatCameWithItIsReportedAndChangesNothing)
 {
-    // A repository whose root is the scene: its settings name a program, which every command of git would then run.
+    // A repository whose root is the scene: its configuration names a program that every command of git would run.
     put("s.scene/.git/config", "[core]\n");
     const QByteArray settings = "[core]\n\tfsmonitor = \"touch OWNED\"\n";
     put("s.scene/.save/0", settings);
@@ -153,7 +153,7 @@ TEST_F(HostileScene, AJournalThatCameWithItIsReportedAndChangesNothing)
         const Outcome inspected = inspect();
         EXPECT_EQ(inspected.exitCode, 0) << inspected.messages;
         EXPECT_THAT(inspected.messages, AllOf(HasSubstr(".journal"), HasSubstr("it was left alone")));
-        // To change the scene is refused, and says what to do.
+        // Changing the scene is refused, with advice.
         const Outcome changed = quarvel({text("set"), text("s.scene"), text("frames"), text("1-9")});
         EXPECT_EQ(changed.exitCode, 1);
         EXPECT_THAT(changed.messages, HasSubstr("remove \".journal\" and \".save\""));
@@ -229,15 +229,15 @@ TEST_F(HostileScene, NamesCannotSpeakToTheTerminal)
     QFile file(path(text("s.scene/scene.xml")));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray scene = file.readAll();
-    // A module whose name would paint over the screen; XML spells the escape out, and reading gives it back.
+    // A module whose name contains terminal controls, escaped in XML; reading resolves the escapes.
     const QByteArray name = "_x001B_[2Jhero\xe2\x80\xae";
     put("s.scene/scene.xml",
         QByteArray(scene).replace("\"hero\"", '"' + name + '"').replace("folder=\"" + name, "folder=\"hero"));
     const std::string shown = onATerminal({text("inspect"), text("s.scene")});
     EXPECT_THAT(shown, AllOf(HasSubstr("\\x1b[2Jhero\\u202e"), Not(HasSubstr("\x1b"))));
-    // Scripts get the names as they are.
+    // Scripts get the names unchanged.
     EXPECT_THAT(inspect().output, HasSubstr("\x1b[2Jhero"));
-    // Messages are for people wherever they go.
+    // Messages are for people, even when they are redirected.
     const Outcome outcome = quarvel({text("set"), text("s.scene"), text("\x1b[2J.x"), text("1")});
     EXPECT_THAT(outcome.messages, AllOf(HasSubstr("\\x1b[2J"), Not(HasSubstr("\x1b"))));
 }

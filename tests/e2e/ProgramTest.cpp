@@ -223,7 +223,7 @@ TEST_F(Program, LeavesNothingHalfWrittenWhenTheDiskIsFull)
 {
     write("hero.svg", kTwoLayers);
     write("hero_n.png", "what was there before");
-    // A limit on the size of files stands in for a full disk: writing fails in the same place.
+    // A limit on the size of files simulates a full disk: writing fails in the same place.
     const Outcome outcome =
         run("/bin/sh", {"-c", "trap '' XFSZ; ulimit -f 1; exec " QUARVEL_PROGRAM " normalmap hero.svg --size 512x512"});
     EXPECT_EQ(outcome.exitCode, 1) << outcome.messages;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// More than a thousand drawings that nobody here drew, each through the whole program with the plug-in loaded as a
+// More than a thousand drawings from outside the project, each through the whole program with the plug-in loaded as a
 // plug-in: every one renders, and the normal map covers what the drawing covers.
 #include "QuarvelCelCore/CEL_WithFormat.h"
 #include "jobs/drawing/NormalMapJob.h"
@@ -58,7 +58,7 @@ class RealDrawing : public testing::TestWithParam<int>
 
 } // namespace
 
-// The set is dealt into shares, so that the machine's cores may take one each.
+// The set is divided into shares, so that the machine's cores can work in parallel.
 constexpr int kShares = 8;
 
 TEST_P(RealDrawing, RendersAndCoversWhatTheDrawingCovers)

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Places from which the program takes code, and places where it writes: not those that others could have prepared.
+// Places from which the program loads code, and places where it writes: others must not be able to prepare them.
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -48,7 +48,7 @@ protected:
     }
     QString path(const char* name) const { return _folder.path() + u'/' + text(name); }
 
-    // The exit code; what it said is in said.
+    // The exit code; the output is stored in said.
     int run(const QStringList& words, const QString& pluginPath = QString())
     {
         QProcess process;
@@ -80,8 +80,8 @@ TEST_F(TrustedPlaces, PlugInsComeFromAnAbsolutePathOnly)
 {
     ASSERT_TRUE(QDir().mkpath(path("plugins/Evil")));
     EXPECT_EQ(makeAMap(text("plugins")), 0);
-    EXPECT_THAT(said, HasSubstr("QUARVEL_PLUGIN_PATH is ignored: \"plugins\" is no absolute path"));
-    // Not ignored: the folder has no plug-in worth its name.
+    EXPECT_THAT(said, HasSubstr("QUARVEL_PLUGIN_PATH is ignored: expected an absolute path, got \"plugins\""));
+    // Not ignored: the message is about the folder's content.
     EXPECT_EQ(makeAMap(path("plugins")), 1);
     EXPECT_THAT(said, AllOf(HasSubstr("holds no library"), Not(HasSubstr("ignored"))));
 }
@@ -108,7 +108,7 @@ TEST_F(TrustedPlaces, PlugInsComeFromNowhereThatEverybodyMayChange)
 TEST_F(TrustedPlaces, AFilmIsNotWrittenThroughALinkThatWaits)
 {
     ASSERT_EQ(run({text("import"), text("a.svg"), text("-o"), text("s.scene")}), 0) << said;
-    // An encoder that writes where it is told to, as all of them do.
+    // An encoder that writes to the file it is given, as all of them do.
     put("ffmpeg", "#!/bin/sh\nfor last; do :; done\ncat >/dev/null\necho \"$last\" >\"$last\"\n");
     put("ffprobe", "#!/bin/sh\necho 1\n");
     ASSERT_TRUE(QFile::setPermissions(path("ffmpeg"), kMine) && QFile::setPermissions(path("ffprobe"), kMine));

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The panel: who is told what, and when.
+// The panel: which parts of it are updated on which change, and when.
 #include "QuarvelPlugInManager/PLUG_EditorPanel.h"
 
 #include "QuarvelBaseCore/XUTeller.h"
@@ -30,11 +30,11 @@
 
 namespace {
 
-/// How long what depends on the graph around the node may lag behind. (Playing a scene changes the frame all the time,
-/// and names of nodes and drawings take a walk through the graph.)
+/// The delay before changes of the graph around the node are shown. (Playing a scene changes the frame all the time,
+/// and collecting names of nodes and drawings means a walk through the graph.)
 constexpr int kIdleMilliseconds = 120;
 
-/// The menus of buttons that nobody owns go with the buttons.
+/// Deletes the menus without a parent together with their buttons.
 void adoptMenus(QWidget& content)
 {
     for (QPushButton* const button : content.findChildren<QPushButton*>())
@@ -44,8 +44,8 @@ void adoptMenus(QWidget& content)
 
 } // namespace
 
-/// The owner of one component. It lives as long as the component's widget, and knows when the panel has turned to
-/// another node.
+/// The owner of one component. It lives as long as the component's widget, and is detached when the panel shows another
+/// node.
 class PLUG_EditorPanel::ComponentOwner : public QObject, public MO_NodeEditorComponentInterfaceOwner
 {
 public:
@@ -71,7 +71,7 @@ private:
     QString _attr;
 };
 
-/// Hears of all that the panel follows, until the panel turns to another node.
+/// Listens to everything that the panel follows, until the panel shows another node.
 class PLUG_EditorPanel::Watch : public XUListener
 {
 public:
@@ -88,7 +88,7 @@ struct PLUG_EditorPanel::Parts
     QLabel* header = nullptr;
     QScrollArea* area = nullptr;
     QPointer<QWidget> content;
-    std::vector<QPointer<QWidget>> leaving; ///< what was shown before and is about to be deleted
+    std::vector<QPointer<QWidget>> leaving; ///< earlier contents that are about to be deleted
     std::vector<AttrEditor*> fields;
     std::vector<ComponentOwner*> owners;
     QTimer soon;
@@ -125,9 +125,9 @@ PLUG_EditorPanel::PLUG_EditorPanel(CO_CommandStack* stack, QWidget* parent)
 
 PLUG_EditorPanel::~PLUG_EditorPanel()
 {
-    // Fields say when they lose the focus, so they go while there is a panel to tell.
+    // Fields report the loss of the focus, so they are removed while the panel still exists.
     clear();
-    // The event loop may not run again.
+    // No event loop may run any more to delete these later.
     for (const QPointer<QWidget>& content : _parts->leaving)
         delete content;
 }
@@ -166,7 +166,7 @@ void PLUG_EditorPanel::clear()
     _module = {};
     _warnings.clear();
     _parts->hasModule = false;
-    // One of the widgets may be at work: the new module may be its doing.
+    // One of the old widgets may have caused the change of module and may still be running.
     if (QWidget* const content = _parts->area->takeWidget()) {
         content->hide();
         content->deleteLater();
@@ -191,7 +191,7 @@ void PLUG_EditorPanel::build(MO_Module& module)
     editing.endStep = [this] { endStep(); };
     editing.hasFrames = PLUG_Services::getCurrentFrameInterface() != nullptr;
 
-    // The layout comes first: with it plug-ins register their widgets.
+    // The layout comes first, because plug-ins register their widgets when they are asked for it.
     const QDomElement layout = module.obtainEditorLayout();
     const auto* const widgets = dynamic_cast<PLUG_EditorWidgets*>(PLUG_Services::getWidgetFactoryRegistry());
     BuiltEditor built = LayoutBuilder(module, editing, widgets).build(layout, _parts->area);
@@ -225,8 +225,8 @@ void PLUG_EditorPanel::told(const XUTeller& teller)
 {
     if (_parts->isExecuting)
         return;
-    // Undo, the other end of a link, a script: everything that changed until the program comes to rest is shown at
-    // once.
+    // Changes come from undo, from the other end of a link or from a script; all of them are shown at once when the
+    // event loop is next idle.
     if (dynamic_cast<const AT_Attr*>(&teller))
         _parts->soon.start(0);
     else if (!_parts->idle.isActive())
@@ -247,7 +247,7 @@ bool PLUG_EditorPanel::isInUse() const
 {
     if (QApplication::mouseButtons() != Qt::NoButton || QApplication::activePopupWidget())
         return true;
-    // Somebody types into a table: rebuilding it would take the field away.
+    // Rebuilding a table would delete the field that somebody is typing into.
     const QWidget* const focus = QApplication::focusWidget();
     if (!focus || !isAncestorOf(focus))
         return false;
@@ -265,7 +265,7 @@ void PLUG_EditorPanel::synchronizeNow()
     const MO_Module* const shown = module();
     if (!shown || !_parts->content)
         return;
-    // Deleted, but undo can bring it back.
+    // A node that was deleted can come back by undo, so its editor is only disabled.
     _parts->content->setEnabled(!_parts->wasInScene || shown->sceneCommon());
     showHeader();
     synchronizeFields();
@@ -297,7 +297,7 @@ void PLUG_EditorPanel::componentChanged(ComponentOwner& owner)
     owner.component()->apply(command.get());
     if (command->isEmpty())
         return;
-    // What is typed into one spin box without leaving it is one change; anything else is a change of its own.
+    // Input into one spin box is one change until the field is left; any other input is a change of its own.
     QWidget* const focus = QApplication::focusWidget();
     const bool isTyped = focus && qobject_cast<QAbstractSpinBox*>(focus) && isAncestorOf(focus);
     if (!isTyped || _parts->typedInto != focus)
@@ -342,7 +342,7 @@ void PLUG_EditorPanel::noticeDeletion()
 
 bool PLUG_EditorPanel::event(QEvent* event)
 {
-    // Nobody tells that a node is deleted together with its scene; people see it at the latest when they look.
+    // There is no notification when a node is deleted together with its scene, so any event of the panel checks for it.
     if (_parts->hasModule && !module() && !_parts->soon.isActive())
         _parts->soon.start(0);
     return QWidget::event(event);

@@ -2,9 +2,9 @@
 //
 // PLUG_EditorPanel: shows the editor of one node, and turns what people enter into commands on a stack.
 //
-// The editor is built from the layout that the node supplies (MO_XmlEditable::obtainEditorLayout()); a node without one
-// has its attributes listed. What is shown follows the node, whoever changes it: a command, its undo, another panel,
-// the frame that people look at. The node may be deleted, or taken out of its scene and put back, while it is shown.
+// The editor is built from the layout that the node supplies (MO_XmlEditable::obtainEditorLayout()); without one, the
+// panel lists the node's attributes. The panel follows changes of the node from anywhere: a command, its undo, another
+// panel, the current frame. The node may be deleted, or removed from its scene and put back, while it is shown.
 //
 // Layouts are made of these elements: layout, group, row, attr, custom, text. An example:
 //
@@ -18,7 +18,7 @@
 //     </layout>
 //
 // "attr" gives the standard widgets for an attribute, with its label; "custom" a widget that a plug-in's factory makes
-// (PLUG_WidgetFactory), whose editor components (MO_NodeEditorComponentInterface) are found and looked after; titles
+// (PLUG_WidgetFactory), whose editor components (MO_NodeEditorComponentInterface) the panel finds and connects; titles
 // and texts are translated in the context that the layout names.
 #pragma once
 
@@ -41,29 +41,30 @@ class QUARVELPLUGINMANAGER_EXPORT PLUG_EditorPanel : public QWidget
     Q_OBJECT
 
 public:
-    /// @param stack where the commands go; outlives the panel. Null: the panel shows and changes nothing
+    /// @param stack where the commands go; must outlive the panel. With null, the panel shows the node and changes
+    /// nothing
     explicit PLUG_EditorPanel(CO_CommandStack* stack, QWidget* parent = nullptr);
     ~PLUG_EditorPanel() override;
 
-    /// Shows the editor of a module, built afresh; null shows an empty panel.
+    /// Shows the editor of a module, newly built; null shows an empty panel.
     void setModule(MO_Module* module);
-    /// The module that is shown; null when there is none, or it was deleted.
+    /// The module that is shown; null when there is none or it was deleted.
     MO_Module* module() const;
 
-    /// The widgets of the editor, without what is around them; null when the panel is empty.
+    /// The editor's widgets without the panel's frame; null when the panel is empty.
     QWidget* content() const;
 
-    /// Whether the panel names the module above its editor, as it does to begin with.
+    /// Whether the panel names the module above its editor; true by default.
     void setHeaderVisible(bool visible);
 
-    /// What of the module's layout was not understood.
+    /// The parts of the module's layout that were not understood.
     const QStringList& warnings() const { return _warnings; }
 
-    /// Shows what the module holds at once, instead of when the program next has nothing else to do.
+    /// Shows the module's current state now, instead of when the event loop is next idle.
     void synchronizeNow();
 
 Q_SIGNALS:
-    /// A command failed and nothing has changed; the text says why.
+    /// A command failed and nothing changed; the text says why.
     void commandFailed(const QString& text);
 
 protected:

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Qt's loader of layout files, taught about the plug-ins' widgets.
+// Qt's loader of layout files, extended by the plug-ins' widgets.
 #include "QuarvelPlugInManager/PLUG_EditorWidgets.h"
 
 #include <QFile>

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Loading of plug-ins from a folder.
+// Loading plug-ins from a folder.
 #include "QuarvelPlugInManager/PLUG_Manager.h"
 
 #include "QuarvelPlugInManager/PLUG_Services.h"
@@ -35,10 +35,10 @@ UT_Result<void> load(const QDir& folder)
         return UT_Error{
             QStringLiteral("the plug-in folder %1 holds no library named after it; install the plug-in again")
                 .arg(folder.absolutePath())};
-    // Registration runs while the library is loaded and may already ask for the plug-in's folder.
+    // Registration runs while the library is loading and may already ask for the plug-in's folder.
     PLUG_Services::setPluginPath(folder.dirName(), folder.absolutePath());
     QLibrary library(path);
-    // A symbol that is missing must show here, with a message, and not in the middle of a render.
+    // A missing symbol must be reported here, not in the middle of a render.
     library.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
     if (!library.load())
         return UT_Error{QStringLiteral("the plug-in %1 does not load: %2").arg(path, library.errorString())};
@@ -50,7 +50,7 @@ bool everybodyMayChange(const QString& path)
     return QFileInfo(path).permission(QFile::WriteOther);
 }
 
-// Whether the files in a folder that everybody may change are safe from others than their owners.
+// True when users cannot replace each other's files in a folder that everybody may change (the sticky bit).
 bool protectsItsFiles(const QString& folder)
 {
 #ifdef Q_OS_UNIX
@@ -62,8 +62,8 @@ bool protectsItsFiles(const QString& folder)
 #endif
 }
 
-// What everybody may change of a folder with plug-ins: itself, what lies in it two levels deep, or a folder above it.
-// Empty when there is nothing.
+// The path that everybody may change: the folder, an entry up to two levels below it, or a folder above it. Empty when
+// there is none.
 QString changeableByEverybody(const QString& folder)
 {
     if (everybodyMayChange(folder))
@@ -89,21 +89,22 @@ QString changeableByEverybody(const QString& folder)
 QString reasonToIgnore(const QString& folder)
 {
     if (!QDir::isAbsolutePath(folder))
-        return QStringLiteral("\"%1\" is no absolute path, and what lies there depends on where the program is started")
+        return QStringLiteral("expected an absolute path, got \"%1\"; where a relative one leads depends on where the "
+                              "program is started")
             .arg(folder);
     const QString real = QFileInfo(folder).canonicalFilePath();
     const QString open = real.isEmpty() ? QString() : changeableByEverybody(real);
     return open.isEmpty() ? QString() : QStringLiteral("everybody may change \"%1\"").arg(open);
 }
 
-/// The translators that are installed. They belong to the application.
+/// The installed translators. They belong to the application.
 QList<QPointer<QTranslator>>& installedTranslators()
 {
     static QList<QPointer<QTranslator>> translators;
     return translators;
 }
 
-// QTranslator's own search would pass English by and take a language that its user ranks behind it.
+// QTranslator's own search would skip English and load a language that the user ranks below it.
 bool loadFirst(QTranslator& translator, const QLocale& locale, const PLUG_Manager::Catalogue& catalogue)
 {
     for (QString language : locale.uiLanguages()) {

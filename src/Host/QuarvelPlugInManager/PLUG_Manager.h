@@ -3,8 +3,8 @@
 // PLUG_Manager: finds plug-ins in a folder and loads them.
 //
 // A plug-in is a folder named after the keyword of the node that it adds; it holds one loadable library of the same
-// name and, where it has any, a folder "resources". A plug-in registers its nodes with the module factory while it is
-// being loaded.
+// name and, optionally, a folder "resources". A plug-in registers its nodes with the module factory while it is being
+// loaded.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -16,20 +16,20 @@
 
 namespace PLUG_Manager {
 
-/// The folder where a program's plug-ins lie: lib/quarvel/plugins beside the program's own folder bin, wherever both
-/// were installed or built, unless the environment variable QUARVEL_PLUGIN_PATH names another.
+/// The folder of a program's plug-ins: lib/quarvel/plugins beside the program's own folder bin, wherever both are
+/// installed or built, unless the environment variable QUARVEL_PLUGIN_PATH names another.
 ///
-/// Whoever can put a file into that folder can run code as the user, so the variable counts only where it names an
-/// absolute path and where not everybody may change the folder, one above it (unless its files are protected from each
-/// other's users, as those of /tmp are), or what lies in it two levels deep. Otherwise a critical message of Qt says
+/// Anybody who can put a file into that folder can run code as the user. So the variable is ignored, with a critical
+/// message of Qt, when its path is relative, or when everybody may change the folder, an entry up to two levels below
+/// it, or a folder above it (folders that protect their users' files from each other, such as /tmp, are allowed above).
 /// why it was ignored.
 QUARVELPLUGINMANAGER_EXPORT QString defaultFolder();
 
 /// Loads every plug-in of a folder, in the order of their names. Plug-ins stay loaded until the process ends; one that
-/// is loaded already is left alone. To be called from the main thread, before scenes are made.
+/// is already loaded is not loaded again. To be called from the main thread, before scenes are made.
 ///
-/// @return the keywords of the plug-ins that are loaded, or what is wrong with the folder or the first plug-in that
-/// does not load
+/// @return the keywords of the loaded plug-ins, or what is wrong with the folder or with the first plug-in that does
+/// not load
 QUARVELPLUGINMANAGER_EXPORT UT_Result<QStringList> loadAll(const QString& folder);
 
 /// A catalogue of translated texts: the files "FOLDER/NAME_LOCALE.qm", where LOCALE is a language, or a language and a
@@ -40,11 +40,11 @@ struct Catalogue
     QString folder;
 };
 
-/// Installs translations for a locale: those of a program's own catalogues, and those that the loaded plug-ins bring in
-/// their folders "resources", each under the plug-in's keyword. Of the languages that the locale's user reads, the
-/// first one that a catalogue has counts; English, which the sources speak, ends the search. Translations installed
-/// before by this function are taken out. Texts that were shown before stay as they are. To be called from the main
-/// thread, while there is an application object.
+/// Installs translations for a locale: those of a program's own catalogues, and those in the folders "resources" of the
+/// loaded plug-ins, each under the plug-in's keyword. The locale lists the user's languages; the first one that a
+/// catalogue has is used, and English, the language of the sources, ends the search. Translations that this function
+/// installed before are removed. Texts that are already shown stay unchanged. To be called from the main thread, while
+/// there is an application object.
 ///
 /// @return the names of the catalogues that have a translation for the locale
 QUARVELPLUGINMANAGER_EXPORT QStringList installTranslations(const QLocale& locale, const QList<Catalogue>& own = {});

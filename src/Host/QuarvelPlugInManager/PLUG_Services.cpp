@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The services' one set of answers for the process.
+// The services, stored once per process.
 #include "QuarvelPlugInManager/PLUG_Services.h"
 
 #include <QHash>

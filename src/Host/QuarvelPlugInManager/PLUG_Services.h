@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// PLUG_Services: what the host offers to a plug-in that is loaded: its folder, the widget factories, the current frame.
+// PLUG_Services: what the host offers to a loaded plug-in: its folder, the widget factories, the current frame.
 #pragma once
 
 #include "QuarvelBaseCore/XUTeller.h"
@@ -10,19 +10,19 @@
 
 class MO_SceneCommon;
 
-/// Tells the frame that a person is looking at, and its listeners when that becomes another one. GUI thread only.
+/// The frame that the user is looking at; notifies its listeners when it changes. GUI thread only.
 class QUARVELPLUGINMANAGER_EXPORT PLUG_CurrentFrameInterface : public XUTeller
 {
 public:
     ~PLUG_CurrentFrameInterface() override;
-    /// The frame that people look at.
+    /// The frame that the user is looking at.
     ///
-    /// @param scene null asks for the frame of a node that is part of no scene
+    /// @param scene the scene of the node in question; null for a node outside any scene
     virtual int currentFrame(const MO_SceneCommon* scene) const = 0;
 };
 
-/// The services. A program sets what it provides at its start, before it loads plug-ins; the getters may then be called
-/// from any thread.
+/// The services. A program sets what it provides at its start, before it loads plug-ins; after that, any thread may
+/// call the getters.
 class QUARVELPLUGINMANAGER_EXPORT PLUG_Services
 {
 public:
@@ -32,7 +32,7 @@ public:
     /// @return empty when no such plug-in is loaded
     static QString getPluginPath(const QString& keyword);
 
-    /// The keywords of the plug-ins that are loaded, sorted.
+    /// The keywords of the loaded plug-ins, sorted.
     static QStringList loadedPlugins();
 
     /// Null in a program without an editor panel.
@@ -40,9 +40,9 @@ public:
     /// Null in a program without a timeline.
     static PLUG_CurrentFrameInterface* getCurrentFrameInterface();
 
-    /// For the program: what it provides. Not owned; null takes it back.
+    /// For the program: sets what it provides. Not owned; null withdraws it.
     static void setWidgetFactoryRegistry(PLUG_WidgetFactoryRegistry* registry);
     static void setCurrentFrameInterface(PLUG_CurrentFrameInterface* frames);
-    /// For the loader: notes where a plug-in lies.
+    /// For the loader: notes a plug-in's folder.
     static void setPluginPath(const QString& keyword, const QString& folder);
 };

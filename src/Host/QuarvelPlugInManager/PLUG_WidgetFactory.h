@@ -19,18 +19,18 @@ public:
     /// @param className  the type's name, as layouts spell it
     /// @param parent     becomes the widget's parent
     /// @param objectName the name that the layout gives the widget
-    /// @return null when the factory does not make widgets of this type, or could not
+    /// @return null when the factory does not make widgets of this type, or failed to
     virtual QWidget* create(const QString& className, QWidget* parent, const char* objectName) = 0;
     virtual ~PLUG_WidgetFactory();
 };
 
-/// Where the panel keeps the factories. Provided by programs that have an editor panel. GUI thread only.
+/// The panel's list of factories. Programs with an editor panel provide it. GUI thread only.
 class QUARVELPLUGINMANAGER_EXPORT PLUG_WidgetFactoryRegistry
 {
 public:
     virtual ~PLUG_WidgetFactoryRegistry();
 
-    /// Adds a factory, which is not owned; one that was added before is not added again.
+    /// Adds a factory, which is not owned; adding it twice has no effect.
     virtual void registerFactory(PLUG_WidgetFactory* factory) = 0;
 
     /// Builds the widgets of a Qt layout file.

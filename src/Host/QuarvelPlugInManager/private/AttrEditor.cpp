@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What the editors of attributes have in common, and which editor goes with which attribute.
+// The common parts of attribute editors, and the choice of the editor for an attribute.
 #include "QuarvelPlugInManager/private/AttrEditor.h"
 
 #include "QuarvelPlugInManager/private/ChoiceAttrEditors.h"

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// A label as a button's text: no letter of it is a shortcut.
+/// A label as a button's text, in which no character makes a shortcut.
 QString withoutShortcut(QString label)
 {
     return label.replace(QLatin1Char('&'), QStringLiteral("&&"));
@@ -82,7 +82,7 @@ void EnumAttrEditor::synchronize(double frame)
         const int value = source->effectiveInt(frame);
         if (_list->findData(value) < 0)
             fill(*source, value);
-        // A value that is in no table shows as nothing.
+        // A value that is not in the table selects nothing.
         _list->setCurrentIndex(_list->findData(value));
     }
     followSurrogate();

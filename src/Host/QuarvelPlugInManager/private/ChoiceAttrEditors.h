@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The editors of attributes that are one of few: a check box for truth values, a list for enumerations.
+// The editors of attributes with a few possible values: a check box for truth values, a list for enumerations.
 #pragma once
 
 #include "QuarvelPlugInManager/private/AttrEditor.h"
@@ -10,7 +10,7 @@ class AT_EnumAttrBase;
 class QCheckBox;
 class QComboBox;
 
-/// A check box that bears the attribute's label.
+/// A check box with the attribute's label.
 class BoolAttrEditor : public AttrEditor
 {
 public:
@@ -25,7 +25,7 @@ private:
     QCheckBox* _box;
 };
 
-/// A list of the values' labels, without those that are kept for old files only, unless it is the value.
+/// A list of the values' labels. Values kept for old files are listed only while the attribute has them.
 class EnumAttrEditor : public AttrEditor
 {
 public:

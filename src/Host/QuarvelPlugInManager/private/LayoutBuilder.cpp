@@ -86,7 +86,7 @@ void LayoutBuilder::addRow(const QDomElement& element, QGridLayout* grid)
         auto* cell = new QWidget(row);
         gridIn(cell)->setContentsMargins(0, 0, 0, 0);
         fields->addWidget(cell);
-        // A row's labels stand where its fields leave them room.
+        // Labels inside a row are not aligned with the first column.
         const std::vector<QLabel*> labels = _labels;
         QDomElement alone = element.cloneNode(false).toElement();
         alone.appendChild(child.cloneNode(true));

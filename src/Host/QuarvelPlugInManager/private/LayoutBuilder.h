@@ -15,14 +15,14 @@
 //     </layout>
 //
 //  - layout: the whole. "context" is the context in which titles and texts are translated.
-//  - group: a frame with a title around what is in it.
-//  - row: what is in it, side by side.
+//  - group: a frame with a title around its content.
+//  - row: its content side by side.
 //  - attr: the standard widgets for the attribute of that key, with its label.
-//  - custom: a widget of a type that a plug-in's factory makes; with "attr" it bears that attribute's label, and is
-//    taken to edit that attribute and no other.
+//  - custom: a widget of a type that a plug-in's factory makes; with "attr" it has that attribute's label, and
+//    edits that attribute alone.
 //  - text: a remark.
 //
-// What is not understood, an attribute that the node does not have, and a type that nobody makes, are left out with a
+// Unknown elements, attributes that the node does not have, and types that no plug-in makes are left out with a
 // warning.
 #pragma once
 
@@ -42,7 +42,7 @@ class QLabel;
 /// What was built.
 struct BuiltEditor
 {
-    /// A component that was found on a custom widget.
+    /// A component found on a custom widget.
     struct Component
     {
         MO_NodeEditorComponentInterface* component;
@@ -62,13 +62,13 @@ public:
     /// @param widgets the custom types; may be null
     LayoutBuilder(MO_Node& node, const AttrEditing& editing, const PLUG_EditorWidgets* widgets);
 
-    /// Builds the widgets; a null element, or one that is no layout, lists the node's attributes as they come.
+    /// Builds the widgets; for a null element, or one that is not a layout, lists the node's attributes in their order.
     ///
     /// @param parent becomes the parent of the content
     BuiltEditor build(const QDomElement& layout, QWidget* parent);
 
 private:
-    /// Rows of a label and a field each.
+    /// Adds the element's children, in rows of a label and a field each.
     void addChildren(const QDomElement& element, QGridLayout* grid);
     void addGroup(const QDomElement& element, QGridLayout* grid);
     void addRow(const QDomElement& element, QGridLayout* grid);
@@ -85,6 +85,6 @@ private:
     const AttrEditing& _editing;
     const PLUG_EditorWidgets* _widgets;
     QByteArray _context;
-    std::vector<QLabel*> _labels; ///< those in the first column
+    std::vector<QLabel*> _labels; ///< the labels in the first column
     BuiltEditor _built;
 };

@@ -19,12 +19,12 @@
 namespace {
 
 constexpr int kDecimals = 6;
-/// Values that are closer than this look the same.
+/// Values closer than this are displayed alike.
 constexpr double kShownDifference = 0.5e-6;
-/// A slider with more positions than this could not be aimed.
+/// A slider with more positions than this is too fine to aim at a value.
 constexpr double kMostPositions = 10000.0;
 
-/// A spin box that shows no more decimals than there are, but one.
+/// A spin box that drops trailing zeros, except for one decimal.
 class NumberField : public QDoubleSpinBox
 {
 public:
@@ -81,7 +81,7 @@ void NumberAttrEditor::build(const AT_AnimatableAttr& attr, const Range& range)
 
     _field->setRange(attr.lower(), attr.upper());
     _field->setSingleStep(range.step);
-    // Half a number is not a value yet.
+    // Partly typed numbers are not values.
     _field->setKeyboardTracking(false);
     prepare(*_field);
     layout->addWidget(_field);
@@ -118,7 +118,7 @@ int NumberAttrEditor::sliderPosition(double value) const
 
 double NumberAttrEditor::sliderValue(int position) const
 {
-    // The steps of 0.1 are no binary fractions; people expect 0.3 and not what three of them add up to.
+    // Multiples of 0.1 are not exact in binary; people expect 0.3, not three times the nearest value to 0.1.
     const double exact = std::min(_range.sliderLower + position * _range.step, _range.sliderUpper);
     return QString::number(exact, 'f', kDecimals).toDouble();
 }
@@ -131,7 +131,7 @@ void NumberAttrEditor::synchronize(double frame)
         return;
     const double value = source->scalarValue(frame).value_or(0.0);
     const QSignalBlocker fieldBlocker(_field);
-    // Only another value is shown, since somebody may be typing.
+    // Setting the same value would disturb somebody who is typing.
     if (std::abs(_field->value() - value) > kShownDifference)
         _field->setValue(value);
     if (_slider) {

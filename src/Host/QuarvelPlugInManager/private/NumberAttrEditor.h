@@ -15,7 +15,7 @@ class KeyButton;
 class QDoubleSpinBox;
 class QSlider;
 
-/// The editor of numbers, whole ones or any.
+/// The editor of numbers, integers or not.
 class NumberAttrEditor : public AttrEditor
 {
 public:
@@ -27,7 +27,7 @@ public:
     QWidget* field() const override;
 
 private:
-    /// What is offered to people.
+    /// The range of the slider, and the step.
     struct Range
     {
         double sliderLower;

@@ -59,7 +59,7 @@ void TextAttrEditor::chooseFile()
 
 void TextAttrEditor::synchronize(double)
 {
-    // Only another value is shown, since somebody may be typing.
+    // Setting the same text would disturb somebody who is typing.
     const auto* const source = attrAs<AT_StringAttr>();
     if (!source || source->localValue() == _shown)
         return;

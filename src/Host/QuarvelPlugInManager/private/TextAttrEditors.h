@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The editors of attributes that are texts, and the widget for those that nobody can edit here.
+// The editors of text attributes, and the widget for attributes that have no editor.
 #pragma once
 
 #include "QuarvelPlugInManager/private/AttrEditor.h"
@@ -10,8 +10,8 @@ class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 
-/// One line; with a button that looks for a file where the text is the path of one. The text counts when Return is
-/// pressed or the field is left.
+/// One line; with a button that chooses a file where the text is a path. The text is entered when Return is pressed or
+/// the field is left.
 class TextAttrEditor : public AttrEditor
 {
 public:
@@ -29,7 +29,7 @@ private:
     QString _shown; ///< the value
 };
 
-/// Several lines. The text counts when the field is left.
+/// Several lines. The text is entered when the field is left.
 class LongTextAttrEditor : public AttrEditor
 {
 public:
