@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The colour table's class.
+// The class of the colour table.
 #include "editors/ColorTableView.h"
 
 ColorTableView::ColorTableView(QWidget* parent) : QTableWidget(parent) {}

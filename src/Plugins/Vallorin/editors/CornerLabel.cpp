@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The corner of a table is a button that the table makes itself; the text is laid out on top of it.
+// The corner of a table is a button that the table makes itself; the label is laid out inside it.
 #include "editors/CornerLabel.h"
 
 #include <QAbstractButton>
@@ -18,7 +18,7 @@ QAbstractButton* cornerOf(const QTableView& table)
     return nullptr;
 }
 
-/// A widget keeps its first layout until that is deleted.
+/// Deletes the layout, because a widget keeps its first one, and the earlier label.
 void clear(QWidget& corner)
 {
     delete corner.layout();

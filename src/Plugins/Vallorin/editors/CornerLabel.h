@@ -7,9 +7,9 @@
 
 class QTableView;
 
-/// Puts a text into a table's corner, in place of one that was put there before. Where a style gives the table no
-/// corner, enables its corner button, and nothing more.
+/// Puts a text into a table's corner, replacing an earlier one. Where a style gives the table no corner, enables its
+/// corner button, and nothing more.
 ///
-/// @param table  nothing happens when it is null
+/// @param table  may be null; then nothing happens
 /// @param margin free space to the left of the text, in pixels
 void setCornerLabel(QTableView* table, const QString& text, int margin);

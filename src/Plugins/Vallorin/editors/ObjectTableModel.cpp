@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The rows of the object table, and what is told about them.
+// The rows of the object table, and their header texts.
 #include "editors/ObjectTableModel.h"
 
 #include "QuarvelBaseCore/UT_DPI.h"
@@ -45,7 +45,7 @@ QVariant number(const ObjectInformation& object, int column)
     }
 }
 
-/// The number in one of the columns that can be edited; null for any other.
+/// The number in an editable column; null for any other column.
 double* editable(ObjectInformation& object, int column)
 {
     switch (column) {
@@ -124,7 +124,7 @@ bool ObjectTableModel::setData(const QModelIndex& index, const QVariant& value, 
             *target = entered;
         }
     }
-    // Every role reports: the owner finds out whether anything is different.
+    // Reports for every role: the owner finds out whether anything has changed.
     if (_editor.node.owner)
         _editor.node.owner->componentChanged();
     return true;
@@ -134,7 +134,7 @@ QVariant ObjectTableModel::headerData(int section, Qt::Orientation orientation, 
 {
     const bool isShown = !_editor.objectList || _editor.objectList->isVisible();
     const bool isText = role == Qt::DisplayRole || (role == Qt::ToolTipRole && orientation == Qt::Vertical);
-    // The walk through the graph is not worth its time for a table that nobody sees.
+    // A hidden table does not need the walk through the graph.
     if (!isShown || !isText)
         return QAbstractItemModel::headerData(section, orientation, role);
     if (orientation == Qt::Horizontal)

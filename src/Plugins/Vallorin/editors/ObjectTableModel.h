@@ -10,7 +10,7 @@
 
 class QTableView;
 
-/// The model. It reads the editor's own table, so it must not be asked anything once the editor is gone.
+/// The model. It reads the editor's own table, so it must not be used after the editor is deleted.
 class ObjectTableModel : public QAbstractTableModel
 {
 public:
@@ -18,14 +18,14 @@ public:
     ObjectTableModel(QTableView* view, VolumetricObjectListEditor::Impl& editor);
     ~ObjectTableModel() override;
 
-    /// Fills the editor's table from its node and has the views count the rows anew.
+    /// Fills the editor's table from its node and resets the views.
     void reload();
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
-    /// Stores a number of any size and reports to the editor's owner; false, and nothing happens, for what is no
-    /// number. Roles other than Qt::EditRole, and the first column, store nothing but report all the same.
+    /// Stores a number of any size and reports to the editor's owner; for a value that is not a number it returns false
+    /// and does nothing. Roles other than Qt::EditRole, and the first column, store nothing but still report.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;

@@ -11,10 +11,10 @@
 
 namespace {
 
-/// As many decimals as the table's text keeps.
+/// The number of decimals in the table's text.
 constexpr int kMostDecimals = 6;
 
-/// How many decimals a number needs, in what the text keeps.
+/// How many decimals a number needs, up to those that the text keeps.
 int decimalsOf(double value)
 {
     const QString text = QString::number(value, 'f', kMostDecimals);
@@ -36,7 +36,7 @@ QWidget* ObjectValueDelegate::createEditor(QWidget* parent, const QStyleOptionVi
     if (!factory)
         factory = QItemEditorFactory::defaultFactory();
     QWidget* const editor = factory->createEditor(index.data(Qt::DisplayRole).userType(), parent);
-    // A look at a number must not round it.
+    // Opening the editor must not round the number.
     const double value = index.data(Qt::DisplayRole).toDouble();
     if (auto* const spinBox = qobject_cast<QDoubleSpinBox*>(editor); spinBox && std::isfinite(value))
         spinBox->setDecimals(std::max(spinBox->decimals(), decimalsOf(value)));

@@ -1,11 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ObjectValueDelegate: what people edit the object table's numbers with: the spin box that views use for numbers.
+// ObjectValueDelegate: the editor of the object table's numbers: the spin box that views use for numbers.
 #pragma once
 
 #include <QStyledItemDelegate>
 
-/// Chooses and fills the editor of a cell by what the cell shows. (The model has nothing but what it shows.)
+/// Chooses and fills a cell's editor by the displayed value, because the model has no other.
 class ObjectValueDelegate : public QStyledItemDelegate
 {
 public:

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The slider and the spin box, kept in step with each other.
+// The slider and the spin box, which follow each other.
 #include "editors/SliderSpinBoxCombo.h"
 
 #include <QHBoxLayout>
@@ -12,7 +12,7 @@
 
 namespace {
 
-/// A level in percent, towards zero. Tables read from files may hold any level at all.
+/// A level in percent, rounded towards zero and clamped. Tables in files may hold any level.
 int toPercent(int level)
 {
     const std::int64_t percent = std::int64_t{level} * 100 / 255;
@@ -59,7 +59,7 @@ void SliderSpinBoxCombo::onSliderMoved(int value)
 {
     spinBox->blockSignals(true);
     spinBox->setValue(value);
-    // Blocked, not unblocked: after a drag the spin box only shows.
+    // Stays blocked: after a drag the spin box only displays.
     spinBox->blockSignals(true);
 }
 

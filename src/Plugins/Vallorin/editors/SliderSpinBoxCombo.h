@@ -1,10 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // SliderSpinBoxCombo: a level as a slider and a spin box side by side. People see percent, programs a level from 0 to
-// 255; a level that is shown and reported back may come back smaller, since percent are coarser.
+// 255; percent are coarser, so a level that is shown and reported back may come back smaller.
 //
-// The level is reported when the slider is let go and when the spin box changes, never while the slider is dragged. A
-// drag of the slider silences the spin box of the same control for good.
+// The level is reported when the slider is released and when the spin box changes, never while the slider is dragged.
+// After a drag, the spin box of the same control never reports again.
 #pragma once
 
 #include <QFrame>
@@ -18,7 +18,7 @@ class SliderSpinBoxCombo : public QFrame
     Q_OBJECT
 
 public:
-    /// Hears of new levels.
+    /// Receives new levels.
     class Callback
     {
     public:
@@ -28,16 +28,16 @@ public:
         virtual void valueChanged(int id, int value) = 0;
     };
 
-    /// @param callback may be null; else outlives the control
+    /// @param callback may be null; otherwise it must outlive the control
     /// @param id       passed back to the callback
-    /// @param value    the level to begin with; what lies outside 0 to 255 is shown as the nearest percentage
+    /// @param value    the initial level; a level outside 0 to 255 is shown as 0 or 100 percent
     SliderSpinBoxCombo(Callback* callback, int id, int value);
     ~SliderSpinBoxCombo() override;
 
 public Q_SLOTS:
-    /// The slider is dragged: the spin box shows the percentage, and is silent from then on.
+    /// The slider is dragged: the spin box shows the percentage, and reports nothing from then on.
     void onSliderMoved(int value);
-    /// The slider was let go: its level is reported.
+    /// The slider was released: its level is reported.
     void onSliderReleased();
     /// The spin box changed: the slider follows and its level is reported.
     void onSpinBoxChanged(int value);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The colour editor's conversation with its owner and its menu.
+// The colour editor: its exchange with its owner, and its menu.
 #include "editors/VolumetricColorEditor.h"
 
 #include "QuarvelBaseCore/UT_DPI.h"
@@ -83,7 +83,7 @@ void VolumetricColorEditor::refreshMenu()
 
     impl->menuActions.clear();
     impl->menu->clear();
-    // A menu that is cleared forgets its submenus without deleting them.
+    // QMenu::clear() removes submenus without deleting them.
     qDeleteAll(impl->menu->findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
 
     const auto palettes = MO_PaletteCollector(node);

@@ -1,9 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // VolumetricColorEditor: the editor of a node's colour table. One row per palette colour that takes part in volume
-// building, with its level between carving and adding. Colours come from a menu of the palettes that the node sees.
+// building, with its level between carving and adding. Colours come from a menu of the node's palettes.
 //
-// The editor stands on the widgets of "volumetricDefinition.ui": the table "colorList" and the button
+// The editor uses the widgets of "volumetricDefinition.ui": the table "colorList" and the button
 // "addColorButton".
 #pragma once
 
@@ -23,7 +23,7 @@ class VALLORIN_EXPORT VolumetricColorEditor : public MO_NodeEditorComponentInter
     Q_OBJECT
 
 public:
-    /// @param layoutWidget the widgets; nothing happens to them before synchronize()
+    /// @param layoutWidget the widgets; unchanged until synchronize()
     explicit VolumetricColorEditor(QWidget* layoutWidget);
     ~VolumetricColorEditor() override;
 
@@ -31,21 +31,21 @@ public:
     /// Finds the widgets at the first call; rebuilds the table from the node at each. Without an owner
     /// there are no colours.
     void synchronize() override;
-    /// Appends the command that gives the node the table as it is shown.
+    /// Appends the command that gives the node the shown table.
     void apply(CO_OrCommand* command) override;
 
     /// The titles of the columns, translated.
     static QList<QString> getHeaderTitles();
 
-    /// Registers the module's widget factory with the host; nothing happens in a host without editors.
+    /// Registers the module's widget factory with the host; does nothing in a host without editors.
     ///
-    /// @param path the folder of the layout files, with a separator at its end; the first one given is kept
+    /// @param path the folder of the layout files, with a separator at its end; only the first one given is used
     static void registerFactory(const QString& path);
 
 public Q_SLOTS:
-    /// Builds the menu anew from the palettes that the node sees. Without a menu nothing happens.
+    /// Rebuilds the menu from the node's palettes. Does nothing without a menu.
     void refreshMenu();
-    /// Adds the colour that an action of the menu stands for; any other action removes the selected rows.
+    /// Adds the colour of a menu action; any other action removes the selected rows.
     void addColorTriggered(QAction* action);
 
 private:

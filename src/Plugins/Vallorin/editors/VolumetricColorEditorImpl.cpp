@@ -24,7 +24,7 @@ QPixmap swatch(int width, int height, const CM_Rgba& colour)
     return QPixmap::fromImage(image);
 }
 
-/// The solid colours that a node sees; of two with one identifier the one of the later palette.
+/// The solid colours of a node's palettes; of two with one identifier, that of the later palette.
 std::map<CM_ColorId_t, const CM_Color*> solidColours(const std::vector<CM_SharedPtr<CM_Palette>>& palettes)
 {
     std::map<CM_ColorId_t, const CM_Color*> colours;
@@ -57,7 +57,7 @@ void VolumetricColorEditor::Impl::buildTable(bool first)
     colorList->setColumnCount(1);
     colorList->setHorizontalHeaderLabels(getHeaderTitles());
 
-    // The first table is as tall and wide on every display.
+    // The first table has the same size on every display.
     QSize headerSize(200, 20);
     int margin = 8;
     if (!first) {
@@ -83,7 +83,7 @@ void VolumetricColorEditor::Impl::buildTable(bool first)
 void VolumetricColorEditor::Impl::addRow(int row, const CM_Color* color)
 {
     const VallorinAttributes::ColorInformation& record = colors[static_cast<std::size_t>(row)];
-    // A colour that no palette holds any more is black.
+    // A colour that is not in a palette any more is shown black.
     const CM_Rgba nominal = color ? color->GetNominalColor() : CM_Rgba{};
     const QPixmap icon = swatch(UT_DPI_scale(8), UT_DPI_scale(16), nominal);
     colorList->setVerticalHeaderItem(row, new QTableWidgetItem(QIcon(icon), record.name));

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What a VolumetricColorEditor holds, and the parts of its work: the table, and the palettes behind it.
+// The state of a VolumetricColorEditor, and the parts of its work: the table, and the palettes behind it.
 #pragma once
 
 #include "editors/EditedNode.h"
@@ -20,11 +20,11 @@ class QMenu;
 class QPushButton;
 class QTableWidget;
 
-/// The state of an editor; hears of the levels that people set in the table's rows.
+/// The state of an editor; receives the levels that people set in the table's rows.
 class VolumetricColorEditor::Impl : public SliderSpinBoxCombo::Callback
 {
 public:
-    /// What a colour's action in the menu stands for.
+    /// The colour of a menu action.
     struct MenuEntry
     {
         CM_ColorId_t colorId;
@@ -33,26 +33,26 @@ public:
 
     explicit Impl(QWidget* widget) : layoutWidget(widget) {}
 
-    /// Stores a level, held to 0 to 255, and reports it. The table stays as it is.
+    /// Stores a level, clamped to 0 to 255, and reports it. The table stays unchanged.
     void valueChanged(int row, int value) override;
 
     /// Builds the table from the records.
     ///
-    /// @param first whether the table was never built before: only later ones follow the display's density
+    /// @param first whether this is the first table: only later ones follow the display's density
     void buildTable(bool first);
     /// Adds a palette's submenu, unless all its colours are in the table.
     void addSubmenu(const CM_Palette& palette, const std::map<CM_ColorId_t, int>& listed);
-    /// The numbers of the rows that are selected.
+    /// The numbers of the selected rows.
     std::set<int> selectedRows() const;
 
-    EditedNode node; ///< and the owner
+    EditedNode node; ///< and its owner
     QWidget* layoutWidget;
     QTableWidget* colorList = nullptr;
     QPointer<QMenu> menu;
     QPushButton* addColorButton = nullptr;
     std::vector<VallorinAttributes::ColorInformation> colors; ///< row i shows record i
     std::map<CM_ColorId_t, int> colorValues;
-    std::map<QAction*, MenuEntry> menuActions; ///< the colours of the menu as it was built last
+    std::map<QAction*, MenuEntry> menuActions; ///< the colours of the latest menu
 
 private:
     void addRow(int row, const CM_Color* color);

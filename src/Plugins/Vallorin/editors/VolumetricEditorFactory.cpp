@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The names of the module's widgets, and the one factory of the process.
+// The names of the module's widgets, and the process's one factory.
 #include "editors/VolumetricEditorFactory.h"
 
 #include "QuarvelPlugInManager/PLUG_Services.h"

@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// VolumetricEditorFactory: makes the module's widgets when the host's editor panel comes across their names in a
-// layout.
+// VolumetricEditorFactory: makes the module's widgets when the host's editor panel finds their names in a layout.
 #pragma once
 
 #include "QuarvelPlugInManager/PLUG_WidgetFactory.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The object editor's conversation with its owner and its menu.
+// The object editor: its exchange with its owner, and its menu.
 #include "editors/VolumetricObjectListEditor.h"
 
 #include "QuarvelBaseCore/UT_DPI.h"
@@ -29,7 +29,7 @@ using VallorinAttributes::ObjectInformation;
 
 namespace {
 
-/// What the menu's actions carry, beside the numbers of objects.
+/// The data of menu actions other than objects' numbers.
 constexpr int kAddAll = -2;
 constexpr int kRemoveSelected = -3;
 
@@ -199,7 +199,7 @@ void VolumetricObjectListEditor::addObjectTriggered(QAction* action)
             if (const int id = row.data(Qt::DisplayRole).toInt(); objects.contains(id))
                 removed.insert(id);
     } else if (code == kAddAll) {
-        // Everything that is defined, cut-outs included, which the menu does not offer one by one.
+        // All defined objects, including cut-outs, which the menu does not list.
         std::set<int> defined;
         ObjectDefinitionDiscovery::collectObjectIds(node, impl->currentFrame(), defined);
         for (const int id : defined)

@@ -4,8 +4,8 @@
 // smoothness, edited in place. Objects come from a menu of those that Object Definition nodes define upstream; the row
 // headers name these nodes.
 //
-// The editor stands on the widgets of "objectList.ui": the table view "objectList" and the button "addObjectButton". It
-// fills itself on the first turn of the event loop after it was made, if nobody asks it to before.
+// The editor uses the widgets of "objectList.ui": the table view "objectList" and the button "addObjectButton". It
+// fills itself on the first turn of the event loop after its construction, unless it was filled before.
 #pragma once
 
 #include "QuarvelSceneCore/MO_NodeEditorComponentInterface.h"
@@ -26,37 +26,37 @@ public:
     /// The editor's texts.
     enum eStringId
     {
-        CONNECTED_ELEMENTS = 0,  ///< what stands before the names of an object's drawings
-        NOT_FOUND = 1,           ///< instead of the name of a node that defines the object
-        NOT_DEFINED_HELP = 2,    ///< why there is none
-        DEFINITION_SUFFIX = 3,   ///< what is left out of the nodes' names
-        DEFINED_BY_ONE_NODE = 4, ///< what stands before the name of the node
-        DEFINED_BY_NODES = 5     ///< what stands before the names of several
+        CONNECTED_ELEMENTS = 0,  ///< precedes the names of an object's drawings
+        NOT_FOUND = 1,           ///< replaces the name of the defining node
+        NOT_DEFINED_HELP = 2,    ///< explains NOT_FOUND
+        DEFINITION_SUFFIX = 3,   ///< is left out of the nodes' names
+        DEFINED_BY_ONE_NODE = 4, ///< precedes the name of the node
+        DEFINED_BY_NODES = 5     ///< precedes the names of several nodes
     };
 
-    /// @param layoutWidget the widgets; nothing happens to them before synchronize()
+    /// @param layoutWidget the widgets; unchanged until synchronize()
     explicit VolumetricObjectListEditor(QWidget* layoutWidget);
     ~VolumetricObjectListEditor() override;
 
-    /// Fills the editor at the first event of a timer.
+    /// Fills the editor at the first timer event.
     bool event(QEvent* event) override;
 
     void setOwner(MO_NodeEditorComponentInterfaceOwner* owner) override;
     /// Finds the widgets at the first call; reads the node and gives the view a new model at each.
     void synchronize() override;
-    /// Appends the command that gives the node the table as it is shown.
+    /// Appends the command that gives the node the shown table.
     void apply(CO_OrCommand* command) override;
 
     /// The title of a column, translated. 0 is the object's number; 3 and above are the smoothness.
     static QString getHeaderTitle(int column);
-    /// A text, translated; empty for an id that is none.
+    /// A text, translated; empty for an unknown id.
     static QString getString(eStringId id);
 
 public Q_SLOTS:
-    /// Builds the menu anew from the objects that are defined upstream. Without an owner or a menu nothing happens.
+    /// Rebuilds the menu from the objects that are defined upstream. Does nothing without an owner or a menu.
     void refreshMenu();
-    /// Adds the object or the objects that an action of the menu stands for, or removes the selected ones. Nothing
-    /// happens, and nothing is reported, for an action that carries no number.
+    /// Adds the object or the objects of a menu action, or removes the selected ones. For an action without a number,
+    /// does nothing and reports nothing.
     void addObjectTriggered(QAction* action);
 
 private:

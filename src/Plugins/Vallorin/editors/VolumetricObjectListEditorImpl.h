@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What a VolumetricObjectListEditor holds; its model reads the table from here.
+// The state of a VolumetricObjectListEditor; its model reads the table from here.
 #pragma once
 
 #include "editors/EditedNode.h"
@@ -19,12 +19,12 @@ class QTableView;
 /// The state of an editor.
 struct VolumetricObjectListEditor::Impl
 {
-    /// The frame that people look at; 0 in a host that has none.
+    /// The frame that the user is looking at; 0 in a host without one.
     double currentFrame() const;
-    /// The selected rows of the view's model; none where there is no view or no model yet.
+    /// The selected rows of the view's model; none without a view or a model.
     QModelIndexList selectedRows() const;
 
-    EditedNode node; ///< and the owner
+    EditedNode node; ///< and its owner
     QWidget* layoutWidget = nullptr;
     QTableView* objectList = nullptr;
     QPushButton* addObjectButton = nullptr;

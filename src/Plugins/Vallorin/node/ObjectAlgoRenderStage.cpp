@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The second painting of a drawing, in greys, and their merging with the object's level into its coverage.
+// Paints a drawing a second time, in greys, and merges the greys and the object's level into its coverage.
 #include "node/ObjectAlgoRenderStage.h"
 
 #include "QuarvelCelCore/CEL_PixmapFactory.h"

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ObjectAlgoRenderStage: the step that turns a rasterised drawing into an image of an object, two layers in one pixmap:
-// the object's level with the drawing's coverage, and the greys of the colour table with theirs.
+// ObjectAlgoRenderStage: the stage that turns a rasterised drawing into an input image of an object, with two layers in
+// one pixmap: the object's level with the drawing's coverage, and the greys of the colour table with theirs.
 #pragma once
 
 #include "MultiStageKvd/MultiStageKvd.h"
@@ -11,14 +11,14 @@
 #include <cstdint>
 #include <vector>
 
-/// The step for one drawing of one object. Immutable: several threads may render through one.
+/// The stage for one drawing of one object. Immutable: several threads may render through one.
 class VALLORIN_EXPORT VallorinRequestHandler::ObjectAlgoRenderStage : public MultiStageKvd::RenderingStage
 {
 public:
     /// @param frame            the frame of the request
     /// @param objectId         the object's number, not negative
     /// @param scaleByCoverage  whether the greys count in proportion to the drawing's coverage
-    /// @param objectLevel      the level of what the drawing covers, meant to be from 0 to 1
+    /// @param objectLevel      the level of what the drawing covers, usually from 0 to 1
     /// @param colorInformation the colours that are painted in greys; all others are left out
     ObjectAlgoRenderStage(double frame, std::int32_t objectId, bool scaleByCoverage, double objectLevel,
                           std::vector<VallorinAttributes::ColorInformation> colorInformation);
@@ -30,8 +30,8 @@ public:
     double objectLevel() const { return _objectLevel; }
     const std::vector<VallorinAttributes::ColorInformation>& colorInformation() const { return _colorInformation; }
 
-    /// Paints the drawing once more, in the greys of the colour table, and merges that and the level into the target.
-    /// A target that is in neither of the two colour formats is left as it is.
+    /// Paints the drawing again, in the greys of the colour table, and merges the greys and the level into the target.
+    /// A target that has neither of the two colour formats stays unchanged.
     void render(const MultiStageKvd& drawing, const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const override;
 
 private:

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The node: who it is, how it is made and read. Its part in rendering is in VallorinRendering.cpp, its editor layout in
-// VallorinEditorLayout.cpp.
+// The node: its identity, how it is made and read. Its part in rendering is in VallorinRendering.cpp, its editor layout
+// in VallorinEditorLayout.cpp.
 #include "node/Vallorin.h"
 
 #include "QuarvelSceneCore/AT_BoolAttr.h"

@@ -3,10 +3,10 @@
 // Vallorin: the node that gives flat drawings a sense of volume. Its inputs are drawings that Object Definition nodes
 // have tagged with numbers; its output is a normal map of them, or their elevation.
 //
-// The class holds the attributes and answers the host's questions: it asks for more of its input than its output needs,
+// The class holds the attributes and answers the host's questions: it needs more of its input than of its output,
 // because bevels reach beyond the drawings (computeInputRect); it has every drawing upstream repainted in levels
-// (insertRenderingRequestForSrcPort, createRequestHandler); it names who makes the picture (createSoftRenderInterface).
-// The pictures themselves are made in the folder "render".
+// (insertRenderingRequestForSrcPort, createRequestHandler); it supplies the render handler (createSoftRenderInterface).
+// The folder "render" makes the pictures.
 #pragma once
 
 #include "QuarvelSceneCore/MO_CompositeModuleBase.h"
@@ -42,33 +42,34 @@ public:
     QString keyword() const override;
     QString baseDisplayName() const override;
 
-    /// Switches ClipBlurredWithGeometry off before it hands out the reader: scenes from before that attribute existed
-    /// are meant to look as they did then, while a new node starts with it on.
+    /// Switches ClipBlurredWithGeometry off before it returns the reader: scenes saved before that attribute existed
+    /// keep their look, while a new node starts with it on.
     std::unique_ptr<PIO_ComponentReader> componentReader() override;
 
     void accept(MO_AbstractModuleVisitor& visitor) override;
 
     /// The rectangle, enlarged on every side by the largest bevel of the object table, times BlurScale, in units of a
-    /// 720th of the picture's width. Bevels that are no finite numbers count as 0, and the growth ends at four
-    /// diagonals of the picture, beyond which a bevel shows nothing new.
+    /// 720th of the picture's width. NaN and infinite bevels count as 0. The growth is clamped to four diagonals of the
+    /// picture, beyond which a larger bevel looks the same.
     Math::Box2di computeInputRect(const MO_PortContext& context, int port, const Math::Box2di& rect) override;
 
     /// PORT_ORDER.
     MO_CompositeType::CompositeOrder compositeOrder(const MO_BaseContext& context) override;
 
-    /// A render handler with the attributes as they are at the frame of the context: the three multipliers are sampled
-    /// there, all else is the local value (of the quality, the driven one).
+    /// A render handler with the attributes at the frame of the context: the three multipliers are sampled there; the
+    /// others have their local values (the quality: its effective value, link included).
     UT_SharedPtr<MO_SoftRenderInterface>
     createSoftRenderInterface(const RD_ScriptContext& context,
                               const std::vector<node_render::PortRenderInfo>& ports) override;
 
-    /// What the base class does, and then this node's own request; nothing at all while the node is not enabled.
+    /// Does what the base class does, and then inserts this node's own request; does nothing while the node is not
+    /// enabled.
     void insertRenderingRequestForSrcPort(RD_ScriptContext& context, int port) override;
 
-    /// A VallorinRequestHandler with the colour table of this moment.
+    /// A VallorinRequestHandler with the current colour table.
     std::unique_ptr<MO_RenderingRequestHandler> createRequestHandler() override;
 
-    /// The layout in the file "resources/Vallorin.xml" of the plug-in's folder, read afresh each time; the null element
+    /// The layout in the file "resources/Vallorin.xml" of the plug-in's folder, read anew each time; the null element
     /// when the file cannot be read or parsed.
     QDomElement obtainEditorLayout() override;
 

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The texts of the layout file, here for the tools that collect what is to be translated.
+/// The texts of the layout file, listed here for the tools that collect texts for translation.
 [[maybe_unused]] constexpr const char* kLayoutTexts[] = {
     QT_TRANSLATE_NOOP("Vallorin", "Objects"),
     QT_TRANSLATE_NOOP("Vallorin", "Bevel and Elevation"),

@@ -1,12 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Makes the node known to the host: loading the module registers it with the module factory, unloading takes it out.
+// Makes the node known to the host: loading the module registers it with the module factory, unloading removes it.
 #include "QuarvelSceneCore/MO_ModuleFactory.h"
 #include "node/Vallorin.h"
 
 namespace {
 
-/// The node's entry in the host's factory. An entry that is there already is left alone.
+/// The node's entry in the host's factory. An existing entry is not replaced.
 class Registration
 {
 public:

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The node's part in rendering a frame: how much it needs of its input, what it wants done with the drawings upstream,
-// and who makes its picture with which parameters.
+// The node's part in rendering a frame: how much it needs of its input, its request to the drawings upstream, and its
+// render handler with its parameters.
 #include "QuarvelSceneCore/AT_BoolAttr.h"
 #include "QuarvelSceneCore/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/AT_StringAttr.h"
@@ -19,8 +19,8 @@
 
 namespace {
 
-/// A growth as a number of pixels: truncated, from 0 to four diagonals of the picture. A bevel that reaches across the
-/// picture several times shows nothing new, but would take memory without end.
+/// A growth in whole pixels: truncated, and clamped to 0 .. four diagonals of the picture. A longer bevel would look
+/// the same, but take memory without limit.
 int growthInPixels(double growth, const std::pair<int, int>& resolution)
 {
     const double diagonals = 4.0 * std::hypot(resolution.first, resolution.second);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// How a drawing on its way down is wrapped for the node.
+// Wraps the drawings on their way to the node.
 #include "node/VallorinRequestHandler.h"
 
 #include "ObjectDefinition/ObjectDefinition.h"
@@ -10,7 +10,7 @@
 
 namespace {
 
-/// The entry of the definition that counts for the drawing; a cut-out at full level when there is none.
+/// The entry of the definition that applies to the drawing; a cut-out at full level when there is none.
 UT_SharedPtr<ObjectDefinitionEntry> definitionOf(const MO_RenderingRequestHandler::BaseContext& context)
 {
     const auto entry = context.findObject(ObjectDefinition::objectDefinitionMessageId());

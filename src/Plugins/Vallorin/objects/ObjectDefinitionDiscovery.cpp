@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The walks over the node graph, one visitor each. A module takes a visitor to the visit of its kind; from there the
-// visitor goes on to the modules behind the input ports.
+// The walks over the node graph, one visitor each. A module calls the visitor's operation for its kind, which goes on
+// to the modules linked to the input ports.
 #include "objects/ObjectDefinitionDiscovery.h"
 
 #include "ObjectDefinition/ObjectDefinition.h"
@@ -18,7 +18,7 @@ enum class Follow
     EVERY_PORT
 };
 
-/// The module as an object definition; null when it is none or not enabled.
+/// The module as an object definition; null when it is not one or is not enabled.
 ObjectDefinition* asEnabledDefinition(MO_Module& module)
 {
     auto* const definition = dynamic_cast<ObjectDefinition*>(&module);
@@ -31,7 +31,7 @@ MO_Module* ownerOf(const MO_Port* port)
     return port ? port->module() : nullptr;
 }
 
-/// The collectors' way up: ports that lead nowhere are passed over.
+/// How the collectors go upstream: input ports without a source are skipped.
 void followConnectedInputs(const MO_Module& module, MO_AbstractModuleVisitor& visitor, Follow follow)
 {
     for (unsigned i = 0; i < module.nInPorts(); ++i) {
@@ -45,7 +45,7 @@ void followConnectedInputs(const MO_Module& module, MO_AbstractModuleVisitor& vi
     }
 }
 
-/// Finds the definition furthest upstream on the chain of first inputs: each one met replaces the one before.
+/// Finds the definition furthest upstream on the chain of first inputs: each one found replaces the one before.
 class ObjectDefinitionModuleVisitor : public MO_ModuleVisitor
 {
 public:
@@ -92,7 +92,7 @@ private:
     double frame;
 };
 
-/// Collects the names of the definitions of one number.
+/// Collects the names of the definitions that give one number.
 class ObjectDefinitionModuleNamesCollector : public MO_ModuleVisitor
 {
 public:
@@ -160,8 +160,8 @@ private:
         followInputs(module, follow);
     }
 
-    /// This walk's way up: a port that leads nowhere ends it. A number applies to what lies upstream of its definition
-    /// only, so it is put back after each port.
+    /// How this walk goes upstream: an input port without a source ends it. A number applies only to modules upstream
+    /// of its definition, so it is restored after each port.
     void followInputs(const MO_Module& module, Follow follow)
     {
         const bool isGlue = module.keyword() == QLatin1String("GLUE");
@@ -212,7 +212,7 @@ void collectObjectIds(MO_Module* start, double frame, std::set<int>& objectIds)
 void collectObjectDefinitionNames(MO_Module* start, int objectId, double frame, std::set<QString>& names,
                                   const QString& suffix)
 {
-    // The caller's suffix may live inside of the set that is cleared.
+    // The caller's suffix may be an element of the set that is cleared.
     ObjectDefinitionModuleNamesCollector visitor(objectId, frame, suffix);
     names.clear();
     if (!start)

@@ -23,7 +23,7 @@ void getColorInformation(const QString& text, std::vector<ColorInformation>& col
     colours.clear();
     const QStringList parts = text.split(u';', Qt::SkipEmptyParts, Qt::CaseSensitive);
 
-    // One identifier serves every entry: a field that is no identifier leaves it as the entry before set it.
+    // All entries use one identifier: a field that is not an identifier leaves the one of the entry before.
     CM_ColorId_t id;
     for (int i = 0; i < parts.size(); ++i) {
         const QStringList fields = parts[i].split(u':', Qt::SkipEmptyParts, Qt::CaseSensitive);

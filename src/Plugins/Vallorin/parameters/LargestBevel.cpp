@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Texts that share their characters are known to be equal without a look at them.
+// Keeps the latest table and its largest bevel. A text that shares its data with that table is recognised without a
+// comparison.
 #include "parameters/LargestBevel.h"
 
 #include "parameters/VallorinAttributes.h"

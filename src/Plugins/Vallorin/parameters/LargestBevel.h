@@ -1,14 +1,14 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// LargestBevel: the largest bevel of the object table, which a node is asked for once for every input. Reading the
-// table each time would take the square of the number of objects where each object has an input of its own.
+// LargestBevel: the largest bevel of the object table, which a node is asked for at every input. Where each object has
+// an input of its own, parsing the table each time would take time in the square of the number of objects.
 #pragma once
 
 #include <QString>
 
 #include <mutex>
 
-/// The largest bevel of the table read last. Any number of threads may ask at once.
+/// The largest bevel of the table that was parsed last. Any number of threads may ask at once.
 class LargestBevel
 {
 public:

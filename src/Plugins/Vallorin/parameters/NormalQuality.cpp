@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The values of the quality of normals, and how the format's version is read and written.
+// The values of the normal quality, and how the format's version is read and written.
 #include "parameters/NormalQuality.h"
 
 #include "QuarvelPersistentObj/PO_XmlReading.h"

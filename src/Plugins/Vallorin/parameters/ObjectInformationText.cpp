@@ -8,7 +8,7 @@
 namespace VallorinAttributes {
 namespace {
 
-/// The number at an index of the fields; the fallback when there is no such field or it is no number.
+/// The number in a field; the fallback when the field is missing or not a number.
 double numberAt(const QStringList& fields, int index, double fallback)
 {
     if (index >= fields.size())
@@ -22,7 +22,7 @@ double numberAt(const QStringList& fields, int index, double fallback)
 
 QString encodeObjectInformation(const std::map<int, ObjectInformation>& objects)
 {
-    // QString formats numbers by itself, the same way in every locale.
+    // QString formats numbers independently of the locale.
     QStringList entries;
     for (const auto& [key, object] : objects)
         entries.append(QString::asprintf("%d:%f:%f:%f", object.objectId, object.bevelSize, object.elevation,

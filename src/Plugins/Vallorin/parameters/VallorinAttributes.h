@@ -1,12 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The two tables that the node keeps in text attributes: the colour table (palette colour, grey level, name) and the
-// object table (object number, bevel, elevation, smoothness). Here are their records and the functions that turn
-// records into text and text back into records.
+// object table (object number, bevel, elevation, smoothness). This file has their records and the functions that
+// convert records to text and back.
 //
 // A table is a sequence of entries separated by ";", an entry a sequence of fields separated by ":". There is no
-// version, no header and no escaping. Reading is lenient: an entry that makes no sense is dropped or filled with
-// defaults and nothing is reported.
+// version, no header and no escaping. Reading is lenient: an unusable entry is dropped or filled with defaults, without
+// a message.
 #pragma once
 
 #include "QuarvelGraphicCore/CM_ColorId.h"
@@ -21,27 +21,28 @@
 class Vallorin;
 
 /// The node's tables. The functions keep no state and may be called from any thread; those that take a node read its
-/// attribute at the moment of the call, so the attribute must not change meanwhile. None throws but for lack of memory.
+/// attribute during the call, so the attribute must not change meanwhile. They throw only when memory runs out.
 namespace VallorinAttributes {
 
 /// A palette colour that takes part in volume building.
 struct ColorInformation
 {
     CM_ColorId_t colorId;     ///< the palette colour
-    std::int32_t value = 255; ///< from 0, full carving, to 255, full adding; other values are kept as they are
-    QString name;             ///< what people call the colour
+    std::int32_t value = 255; ///< from 0, full carving, to 255, full adding; other values are kept unchanged
+    QString name;             ///< the colour's name for people
 
     friend bool operator==(const ColorInformation&, const ColorInformation&) = default;
 };
 
 /// The volume parameters of an object.
 ///
-/// The three doubles may be infinite or NaN when a text says so; who computes with them decides what that means.
+/// The three doubles may be infinite or NaN when a text says so; the code that computes with them decides what that
+/// means.
 struct ObjectInformation
 {
     std::int32_t objectId = 0;        ///< the number that Object Definition nodes give; 1 or more in a text
     double bevelSize = 5.0;           ///< in units of a 720th of the picture's width
-    double elevation = 1.0;           ///< height, as a multiple of the usual one
+    double elevation = 1.0;           ///< height, as a multiple of the standard one
     double elevationSmoothness = 1.0; ///< 1 is linear, more is rounder
 
     friend bool operator==(const ObjectInformation&, const ObjectInformation&) = default;
@@ -49,8 +50,8 @@ struct ObjectInformation
 
 /// The text of a colour table: "id:value:name" for each record, in order, joined with ";".
 ///
-/// A name is written as it stands, so one that holds ":" or ";" does not read back, and one that holds a NUL character
-/// ends there.
+/// A name is written unescaped, so one that contains ":" or ";" does not read back, and one that contains a NUL
+/// character is cut there.
 VALLORIN_EXPORT QString encodeColorInformation(const std::vector<ColorInformation>& colours);
 
 /// The text of an object table: "id:bevel:elevation:smoothness" for each record, by ascending key, joined with ";". The
@@ -59,8 +60,8 @@ VALLORIN_EXPORT QString encodeObjectInformation(const std::map<int, ObjectInform
 
 /// Reads the text of a colour table.
 ///
-/// A missing value counts as 255, one that is no number as 0; a missing name becomes "Colour i", i counting the
-/// non-empty entries from 0. An id that is none repeats the id of the entry before it (the null id at first). Entries
+/// A missing value counts as 255, one that is not a number as 0; a missing name becomes "Colour i", where i counts the
+/// non-empty entries from 0. An unreadable id repeats the id of the entry before it (the null id at first). Entries
 /// made of ":" alone are dropped. Because empty fields are skipped, "id::name" takes the name for the value.
 ///
 /// @param colours is cleared first
@@ -79,8 +80,8 @@ VALLORIN_EXPORT void getColorInformation(Vallorin* node, std::map<CM_ColorId_t, 
 
 /// Reads the text of an object table.
 ///
-/// Missing or malformed numbers take the record's defaults. Entries whose id is no number or below 1 are dropped, and
-/// so are entries that hold ":" but less than two non-empty fields.
+/// Missing or malformed numbers take the record's defaults. Entries whose id is not a number or is below 1 are dropped,
+/// and so are entries that contain ":" but fewer than two non-empty fields.
 ///
 /// @param objects is cleared first
 VALLORIN_EXPORT void getObjectInformation(const QString& text, std::vector<ObjectInformation>& objects);

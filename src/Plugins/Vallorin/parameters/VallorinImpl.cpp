@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The attributes' metadata, one object each for the life of the module, and the making of a node's attributes.
+// The attributes' metadata, each defined once per process, and the making of a node's attributes.
 #include "parameters/VallorinImpl.h"
 
 #include "QuarvelSceneCore/AT_BoolAttr.h"
@@ -30,7 +30,7 @@ const AT_DoubleAttrMeta kBlurScaleMeta(QStringLiteral("BlurScale"),
 const AT_DoubleAttrMeta kElevationScaleMeta(QStringLiteral("ElevationScale"),
                                             label(QT_TRANSLATE_NOOP("AT_AttrMeta", "Elevation Multiplier")),
                                             QStringLiteral("DBL_STEP_SCALEATTR_Z"), 0.0, 10.0, 0.0, 10.0, kDefaultStep);
-// A smoothness of 0 would be linear, like 1: this multiplier never gets there.
+// A smoothness of 0 would be linear, like 1, so this multiplier stays above 0.
 const AT_DoubleAttrMeta
     kElevationSmoothnessMeta(QStringLiteral("ElevationSmoothness"),
                              label(QT_TRANSLATE_NOOP("AT_AttrMeta", "Elevation Smoothness Multiplier")),

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The record of the node's attributes: where the rest of the module finds each of them by name.
+// The node's attributes by name, for the rest of the module.
 #pragma once
 
 #include "node/Vallorin.h"
@@ -9,12 +9,13 @@
 class AT_BoolAttr;
 class AT_DoubleAttr;
 
-/// The ten attributes of a node. They belong to the node that they are registered with; the record only knows them.
+/// The ten attributes of a node. They belong to the node that they are registered with; this record only points to
+/// them.
 struct Vallorin::Impl
 {
     /// Makes the attributes and registers them with the node, in the order in which editors show them.
     ///
-    /// @param owner outlives the record
+    /// @param owner must outlive the record
     explicit Impl(MO_Node& owner);
 
     MO_Node* node;

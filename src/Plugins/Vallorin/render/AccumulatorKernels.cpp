@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Inputs and accumulators cover nearly all pixels fully or not at all, where no arithmetic is needed.
+// Nearly all pixels of inputs and accumulators are covered fully or not at all; those need no arithmetic.
 #include "render/AccumulatorKernels.h"
 
 #include "render/LayerMerge.h"
@@ -33,8 +33,8 @@ void mergeLayers16(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accu
     mergeLayersOneByOne(input, accumulator);
 }
 #else
-// Nearly everywhere both layers cover fully or not at all: one of three pixels is taken. A pixel is one 64-bit lane,
-// with red in its lowest bits.
+// Nearly everywhere both layers cover fully or not at all, and the result is one of three known pixels. A pixel is one
+// 64-bit lane, with red in its lowest bits.
 void mergeLayers16(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* HWY_RESTRICT accumulator)
 {
     const hn::ScalableTag<std::int64_t> d;
@@ -82,8 +82,8 @@ void weigh16(std::span<const CEL_PixelRGBA16> accumulated, float* mask)
     weigh16OneByOne(accumulated, mask);
 }
 #else
-// Nearly all pixels are covered fully or not at all, where the product is known. The others are left to the formula.
-// Two channels are looked at as one 32-bit lane: those of even numbers hold red and green, the others blue and alpha.
+// Nearly all pixels are covered fully or not at all, so that the product is known. The formula computes the others. Two
+// channels form one 32-bit lane: lanes of even numbers hold red and green, the others blue and alpha.
 void weigh16(std::span<const CEL_PixelRGBA16> accumulated, float* HWY_RESTRICT mask)
 {
     const hn::ScalableTag<std::int32_t> d;

@@ -4,7 +4,7 @@
 // vectors that the processor has. Every pixel is computed by itself with the operations of the plain formula, in their
 // order, none of them fused, so all processors give the same bits.
 //
-// Rows that are written overlap nothing else; reads and writes stay within what is named.
+// Rows that are written overlap no other row; only the named pixels are read and written.
 #pragma once
 
 #include "QuarvelCelCore/CEL_Pixels.h"

@@ -1,11 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Columns of a row that lie side by side: half-open, like rectangles.
+// A run of columns of a row: half-open, like rectangles.
 #pragma once
 
 #include <algorithm>
 
-/// Some columns of a row: first ... end - 1.
+/// The columns first ... end - 1 of a row.
 struct ColumnSpan
 {
     int first = 0;
@@ -18,13 +18,13 @@ struct ColumnSpan
 
     bool overlaps(const ColumnSpan& other) const { return !intersectedWith(other).isEmpty(); }
 
-    /// The columns of both; where there are none, an empty span.
+    /// The columns of both; an empty span where there are none.
     ColumnSpan intersectedWith(const ColumnSpan& other) const
     {
         return {std::max(first, other.first), std::min(end, other.end)};
     }
 
-    /// The columns of either, and what lies between them.
+    /// The columns of either, and those between them.
     ColumnSpan unitedWith(const ColumnSpan& other) const
     {
         if (isEmpty() || other.isEmpty())

@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A row is composed port by port: what is the same for the whole row is looked up once, and the pixels of the three
-// pictures are walked side by side. What was written so far is one span of columns: beside it, nothing has to be
-// cleared before an object is placed, or read.
+// A row is composed port by port. What is the same for the whole row is looked up once, and the pixels of the three
+// pictures are read in step. The columns written so far form one span: columns outside it need not be cleared or read
+// before an object is placed there.
 #include "render/Composition.h"
 
 #include "QuarvelCelCore/CEL_WithFormat.h"
@@ -11,7 +11,7 @@
 #include "render/ParallelRows.h"
 #include "render/PixelTraits.h"
 
-// What one port brings into a row: columns of the output, counted from its left, with the input's pixels there.
+// What one port adds to a row: columns of the output, counted from its left, with the input's pixels there.
 template<typename Pixel>
 struct VallorinRenderHandler::BasicAccumFunctor<Pixel>::PortRow
 {
@@ -21,7 +21,7 @@ struct VallorinRenderHandler::BasicAccumFunctor<Pixel>::PortRow
     std::span<const Pixel> result; // empty for a cut-out
 };
 
-// A row of the output, of which some columns have been written; the others hold anything.
+// A row of the output, of which some columns have been written; the others are uninitialised.
 template<typename Pixel>
 class VallorinRenderHandler::BasicAccumFunctor<Pixel>::WrittenColumns
 {
@@ -36,7 +36,8 @@ public:
         return _row.subspan(static_cast<std::size_t>(columns.first), static_cast<std::size_t>(columns.width()));
     }
 
-    // Says that columns are about to be written all over, where nothing was. What lies between is cleared.
+    // Adds columns that the caller is about to overwrite and that have not been written. Clears the gap between them
+    // and the written ones.
     void place(const ColumnSpan& columns)
     {
         if (!_columns.isEmpty() && columns.first > _columns.end)
@@ -46,7 +47,7 @@ public:
         _columns = _columns.unitedWith(columns);
     }
 
-    // Makes columns readable.
+    // Makes columns readable: clears those that have not been written.
     void open(const ColumnSpan& columns)
     {
         if (_columns.isEmpty())
@@ -57,7 +58,7 @@ public:
         _columns = all;
     }
 
-    // Clears all the others.
+    // Clears all columns that have not been written.
     void finish()
     {
         clear({0, _columns.first});
@@ -145,7 +146,7 @@ void VallorinRenderHandler::BasicAccumFunctor<Pixel>::findPorts(int y, std::vect
     }
 }
 
-// Past the cache goes only what is not read again for another port.
+// A row is written past the cache only if no other port reads it again.
 template<typename Pixel>
 void VallorinRenderHandler::BasicAccumFunctor<Pixel>::composeRow(int y, const std::vector<PortRow>& ports) const
 {
@@ -188,7 +189,7 @@ void VallorinRenderHandler::BasicAccumFunctor<Pixel>::composeNormals(const PortR
     }
 }
 
-// Where nothing is, nothing is left of it.
+// Columns that have not been written are empty, so cutting them out changes nothing.
 template<typename Pixel>
 void VallorinRenderHandler::BasicAccumFunctor<Pixel>::cutOut(const PortRow& port, const WrittenColumns& written) const
 {

@@ -1,10 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The composition: every input port's coverage, in ascending order of ports, brings its object's result into the
-// output.
+// The composition: every input port, in ascending order, adds its object's result to the output where its input has
+// coverage.
 //
-// A pixel of the output depends on the inputs and results at that pixel alone, and they are combined in one fixed
-// order, so it does not matter how the rows are dealt out to threads.
+// A pixel of the output depends only on the inputs and results at that pixel, and they are combined in one fixed order,
+// so the distribution of rows over threads does not matter.
 #pragma once
 
 #include "render/StreamKernels.h"
@@ -15,7 +15,7 @@
 #include <span>
 #include <vector>
 
-/// What one range of output rows needs. Ranges write disjoint rows and read what nobody changes meanwhile.
+/// What one range of output rows needs. Ranges write disjoint rows and read data that nobody changes meanwhile.
 template<typename Pixel>
 class VallorinRenderHandler::BasicAccumFunctor
 {
@@ -23,11 +23,11 @@ public:
     using Pixmap = CEL_PixmapOf<Pixel>;
     using TypedMap = std::map<int, UT_SharedPtr<Pixmap>>;
 
-    /// Inputs and results of another format than the output's count as absent.
+    /// Inputs and results in another format than the output's count as absent.
     BasicAccumFunctor(const VallorinRenderHandler& handler, Pixmap& output, const PixmapMap& inputs,
                       const PixmapMap& results);
 
-    /// Composes the rows of the range, whatever they held.
+    /// Composes the rows of the range; their earlier content is overwritten.
     void operator()(const tbb::blocked_range<int>& rows) const;
 
 private:
@@ -53,6 +53,6 @@ private:
     bool _depthInBlue;
 };
 
-/// Composes the whole output, whatever it held, rows in parallel.
+/// Composes the whole output, rows in parallel; its earlier content is overwritten.
 void composeOutput(const VallorinRenderHandler& handler, CEL_PixmapArea& output,
                    const VallorinRenderHandler::PixmapMap& inputs, const VallorinRenderHandler::PixmapMap& results);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Only where an object covers partly what is there already, normals have to be blended; the rest is taking pixels.
+// Normals have to be blended only where an object partly covers an earlier one; elsewhere pixels are copied.
 #include "render/CompositionKernels.h"
 
 #include "render/NormalPlacement.h"
@@ -37,7 +37,7 @@ void blendNormals16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRG
     blendNormalsOneByOne(coverage, object, blue, output);
 }
 #else
-// A channel to a lane.
+// One lane per channel.
 template<typename Pixel>
 using ChannelTag = hn::ScalableTag<decltype(Pixel::r)>;
 
@@ -61,8 +61,8 @@ public:
               hn::Set(PixelTag(), blue.isElevation ? 0 : std::int64_t{static_cast<std::uint16_t>(blue.number)} << 32))
     {}
 
-    /// The object's pixels where there is coverage, and zeros elsewhere. They need not come from memory where nothing
-    /// is covered.
+    /// The object's pixels where there is coverage, and zeros elsewhere. Where nothing is covered, they are not even
+    /// loaded.
     HWY_INLINE auto over(const CEL_PixelRGBA16* coverage, const CEL_PixelRGBA16* object) const
     {
         const PixelTag d;
@@ -106,7 +106,7 @@ public:
 
     HWY_INLINE auto over(const CEL_PixelRGBAFloat* coverage, const CEL_PixelRGBAFloat* object) const
     {
-        // The largest float that is not saturated yet.
+        // The largest float that is not saturated.
         constexpr auto kBelow = static_cast<float>(VolumeTraits<CEL_PixelRGBAFloat>::kSaturated);
         static_assert(kBelow < VolumeTraits<CEL_PixelRGBAFloat>::kSaturated);
         const Tag d;
@@ -126,7 +126,7 @@ private:
         return hn::BitCast(Tag(), hn::LoadDup128(hn::RebindToUnsigned<Tag>(), bits));
     }
 
-    hn::Vec<Tag> _kept; // of the object's channels
+    hn::Vec<Tag> _kept; // the mask of the channels that come from the object
     hn::Vec<Tag> _alpha;
 };
 

@@ -1,10 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The inner loops that bring an object into the output (Composition.h). They run with the widest vectors that the
-// processor has. Every pixel is computed by itself with the operations of the plain formula, in their order, none of
-// them fused, so all processors give the same bits.
+// The inner loops that add an object to the output (Composition.h). They run with the widest vectors that the processor
+// has. Every pixel is computed by itself with the operations of the plain formula, in their order, none of them fused,
+// so all processors give the same bits.
 //
-// Rows that are written overlap nothing else; reads and writes stay within what is named.
+// Rows that are written overlap no other row; only the named pixels are read and written.
 #pragma once
 
 #include "QuarvelCelCore/CEL_Pixels.h"
@@ -15,22 +15,23 @@
 
 namespace VolumeRowKernels {
 
-/// What becomes the blue of an output.
+/// The source of an output pixel's blue.
 struct Blue
 {
-    bool isElevation;    ///< the object's own blue, otherwise
-    std::int16_t number; ///< this; float output has 0 instead
+    bool isElevation;    ///< true: the object's own blue
+    std::int16_t number; ///< otherwise this; float output has 0 instead
 };
 
-/// Composes an object over nothing: output[i] is the object's pixel where the coverage's alpha is above 0, with that
-/// alpha (full where it is saturated), and zero elsewhere.
+/// Composes an object over uninitialised pixels: output[i] is the object's pixel where the coverage's alpha is above 0,
+/// with that alpha (full where it is saturated), and zero elsewhere.
 void placeNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
                   CEL_PixelRGBA16* output, Stores stores);
 void placeNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
                   CEL_PixelRGBAFloat* output, Stores stores);
 
-/// Composes an object over what is there: as before where the coverage is saturated or nothing is there, blended with
-/// it (NormalBlend.h) elsewhere; the output stays where the coverage's alpha is not above 0.
+/// Composes an object over existing pixels: as placeNormals() where the coverage is saturated or the output is empty,
+/// blended with the output (NormalBlend.h) elsewhere; the output stays unchanged where the coverage's alpha is not
+/// above 0.
 void blendNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
                   CEL_PixelRGBA16* output);
 void blendNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,

@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// First the box of the positive values; then the mask inside of it, so that nothing is computed for what the crop
-// drops.
+// First the box of the positive values is found; then the mask is computed inside it only.
 #include "render/CoverageMask.h"
 
 #include "render/AccumulatorKernels.h"
@@ -24,7 +23,7 @@ bool hasPositive(std::span<const Pixel> row)
     return std::ranges::any_of(row, isPositive<Pixel>);
 }
 
-// Looks at no pixel inside of the box that is known already.
+// Skips the pixels inside the box that is known so far.
 template<typename Pixel>
 Math::Box2di positiveBox(const CEL_PixmapOf<Pixel>& pixmap)
 {
@@ -47,7 +46,7 @@ Math::Box2di positiveBox(const CEL_PixmapOf<Pixel>& pixmap)
     return {rect.x1 + static_cast<int>(first), top, rect.x1 + static_cast<int>(end), bottom};
 }
 
-// Row y of the mask, which reaches beyond the columns that it has in common with the accumulator.
+// Row y of the mask. It may extend beyond the columns that it shares with the accumulator.
 template<typename Pixel>
 void weighRow(const CEL_PixmapOf<Pixel>& accumulator, const Math::Box2di& common, int y, std::span<CEL_PixelFloat> row,
               int x1)

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The rectangles; the pixels are merged row by row.
+// Finds the rectangles; the pixels are merged row by row.
 #include "render/CoverageMerge.h"
 
 #include "render/AccumulatorKernels.h"

@@ -2,8 +2,8 @@
 //
 // Merges an input of an object into the object's accumulator: first its own level, then its colours' (VolumeModel.h).
 //
-// The object's level counts only where it is higher than what is there; the colours' level always does. In 16 bits a
-// colour must cover more than 1024 of 32767 to count.
+// The object's level counts only where it is higher than the accumulator's; the colours' level always does. In 16 bits
+// a colour must cover more than 1024 of 32767 to count.
 #pragma once
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kPlainColour = CM_Color::NORMAL_COLOR;
 
-// Levels outside of 0 to 255 wrap, as they always have.
+// Of levels outside 0 to 255, the low byte counts.
 VS_RGBA greyOf(const VallorinAttributes::ColorInformation& record)
 {
     const auto grey = static_cast<std::uint8_t>(record.value & 0xff);

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The table of greys that a drawing is repainted with for volume building: every colour of the node's colour table as
-// an opaque grey of its level, every other colour not at all.
+// The table of greys in which a drawing is repainted for volume building: every colour of the node's colour table
+// becomes an opaque grey of its level, every other colour is left out.
 #pragma once
 
 #include "QuarvelCelCore/CEL_ColorTransform.h"
@@ -28,14 +28,14 @@ public:
     /// The greys do not depend on the drawing's own palette, so there is nothing to prepare.
     void attachedTo(const CELVEC_Kvd& drawing) override;
 
-    /// A colour object that carries a row's id, and the row's paint.
+    /// A colour object with a row's id, and the row's paint.
     using Entry = std::pair<CM_SharedPtr<CM_Color>, VS_RGBA>;
 
     /// One entry for each row of the table, in its order.
     const std::vector<Entry>& entries() const { return colourEntries; }
     /// The colour object of the first row with this id; null for an id that is not listed.
     CM_Color* listedColour(const CM_ColorId_t& id) const;
-    /// What stands for every colour that is not listed. It has no id.
+    /// The object for all colours that are not listed. It has no id.
     CM_Color* unlistedColour() const { return defaultColour.get(); }
     /// The paint of the last row with this id; the transparent one for an id that is not listed.
     VS_RGBA paintOf(const CM_ColorId_t& id) const;
@@ -49,8 +49,9 @@ private:
     std::vector<Entry> colourEntries;
     std::map<CM_ColorId_t, VS_RGBA> paints;
     CM_SharedPtr<CM_Color> defaultColour;
-    /// Where in colourEntries an id is first listed. A rasteriser asks for every shape, and tables have a row for each
-    /// colour of the drawing: scanning them took half of the time of drawings with ten thousands of colours.
+    /// The index in colourEntries where an id is first listed. A rasteriser asks for every shape, and tables have a row
+    /// for each colour of the drawing: scanning them took half of the time of drawings with tens of thousands of
+    /// colours.
     std::unordered_map<CM_ColorId_t, std::size_t, HashOfId> firstEntries;
 };
 

@@ -24,8 +24,8 @@ CM_SharedPtr<CM_BaseColorObj> DepthComputationColorTransform::GetColorObject(con
 
 VS_RGBA DepthComputationColorTransform::GetColorValue(const CM_SharedPtr<CM_BaseColorObj>& color)
 {
-    // A row of the table whose id cannot be read has the null id, which is the default colour's, too. Looked up by it,
-    // every colour that is not listed would be painted in that row's grey.
+    // A row of the table with an unreadable id has the null id, and so has the default colour. A look-up by id would
+    // paint every unlisted colour in that row's grey.
     if (!color || color.get() == celTransform->unlistedColour())
         return {};
     return celTransform->paintOf(color->GetColorId());

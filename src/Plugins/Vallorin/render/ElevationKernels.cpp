@@ -55,7 +55,7 @@ HWY_INLINE hn::Vec<D> roundedTo16Bits(D d, hn::Vec<D> value)
     return hn::CopySign(hn::Min(size, hn::Set(d, 32767.0F)), value);
 }
 
-/// The lowest and highest positive values, a lane each.
+/// The lowest and highest positive values of each lane.
 template<class V>
 struct LaneSpans
 {
@@ -63,7 +63,7 @@ struct LaneSpans
     V highest;
 };
 
-/// The values for whose places the bits are 1.
+/// Keeps the values whose bit is 1 and sets the others to 0.
 template<class D>
 HWY_INLINE hn::Vec<D> clipped(D d, hn::Vec<D> values, std::uint64_t bits)
 {
@@ -85,7 +85,7 @@ HWY_INLINE void roundAndClipAt(D d, float* HWY_RESTRICT values, std::uint64_t is
     span.highest = hn::Max(span.highest, hn::IfThenElse(positive, value, span.highest));
 }
 
-/// The spans of whole vectors, and of what is left one by one.
+/// The spans of the whole vectors, and of the remaining values.
 struct RowSpans
 {
     using Many = hn::CappedTag<float, kWordBits>;
@@ -95,7 +95,7 @@ struct RowSpans
     LaneSpans<hn::Vec<One>> single;
 };
 
-/// No more values than a word has bits.
+/// Takes at most as many values as a word has bits.
 template<bool kRounds, bool kClips>
 HWY_INLINE void roundAndClipWord(std::span<float> values, std::uint64_t isNear, RowSpans& spans)
 {

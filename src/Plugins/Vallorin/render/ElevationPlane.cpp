@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// One pass, row by row; what lies beyond the clip's reach is not even looked at.
+// One pass, row by row; rows and columns outside the clip's reach are skipped.
 #include "render/ElevationPlane.h"
 
 #include "render/ElevationKernels.h"
@@ -20,10 +20,10 @@ std::span<float> valuesOf(CEL_PixmapAreaZ& plane, int y)
     return {&row.data()->value, row.size()};
 }
 
-// The columns from the first to the last positive value among some.
+// The columns from the first to the last positive value among the given ones.
 ColumnSpan positiveColumns(std::span<const float> values, ColumnSpan among)
 {
-    // In steps of a few values, without a jump for each.
+    // Tests a few values at a time, without a branch for each.
     constexpr int kStep = 16;
     const auto hasPositive = [&](int from) {
         float highest = 0.0F;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A straight profile is drawn vector by vector; where there is a power, each is taken by itself or looked up.
+// A linear profile is computed in vectors; powers are computed one by one or looked up.
 #include "render/ElevationProfile.h"
 
 #include <algorithm>

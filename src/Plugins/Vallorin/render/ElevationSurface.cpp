@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A row of the plane becomes a row of shares and one of depths.
+// Converts a row of the plane to a row of shares and one of depths.
 #include "render/ElevationSurface.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The last five rows of geometry are kept. Their union is spread sideways, and what comes before the reach dropped.
+// Keeps the last five rows of geometry. Their union is spread sideways and moved to the left edge of the reach.
 #include "render/GeometryClip.h"
 
 #include "render/ElevationKernels.h"
@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kWordBits = 64;
 
-// What is in each bit or one of the four below, across words.
+// Sets each bit that is set itself or has one of the four below it set, across words.
 void spreadUpwards(std::span<std::uint64_t> words)
 {
     std::uint64_t below = 0;
@@ -23,7 +23,7 @@ void spreadUpwards(std::span<std::uint64_t> words)
     }
 }
 
-// Moves all bits down; zeros come after them.
+// Moves all bits down by this many; zeros fill the end.
 void shiftDown(std::span<std::uint64_t> words, int bits)
 {
     const auto whole = std::min(static_cast<std::size_t>(bits / kWordBits), words.size());
@@ -40,7 +40,7 @@ void shiftDown(std::span<std::uint64_t> words, int bits)
     }
 }
 
-// Drops all but the first bits.
+// Clears all but the first bits.
 void keepFirst(std::span<std::uint64_t> words, int bits)
 {
     const auto whole = static_cast<std::size_t>(bits / kWordBits);

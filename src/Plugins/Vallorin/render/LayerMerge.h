@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Merges one pixel of an input into one of the accumulator (CoverageMerge.h): two layers, in their order.
+// Merges one pixel of an input into one of the accumulator (CoverageMerge.h): first the one layer, then the other.
 #pragma once
 
 #include "render/PixelTraits.h"

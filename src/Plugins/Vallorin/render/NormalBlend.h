@@ -7,7 +7,7 @@
 #include "render/PixelTraits.h"
 
 /// Blends an object's pixel into the output: normals are mixed by coverage and normalised, B becomes blue, coverages
-/// add up as painting does. Over an empty output pixel, or with full coverage, the object's pixel takes its place.
+/// add up as in painting. Over an empty output pixel, or with full coverage, the object's pixel replaces the output's.
 ///
 /// @param coverage of the object, 0 to 1; nothing changes when it is not above 0
 template<typename Pixel>

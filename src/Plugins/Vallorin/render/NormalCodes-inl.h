@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// How the two formats hold normals, and how a normal that is known in single precision alone becomes what a pixel
-// holds: shared by the normals and their smoothing.
+// How the two formats store normals, and how a normal that is known in single precision only is converted to a pixel;
+// shared by the normals and their smoothing.
 //
 // Part of vector code: included once for every instruction set.
 #include "render/NormalKernels.h"
@@ -47,17 +47,18 @@ HWY_INLINE hn::Vec<D> lengthOf(D d, const Vector3<D>& v)
     return hn::Sqrt(squareOf(d, v));
 }
 
-// Double precision takes half of the lanes, and its divisions and roots most of a normal's time. Single precision is as
-// good as float channels can hold. 16-bit channels are coarse: there it nearly always finds the plain formula's code,
-// and it is known when. The few others take the plain formula. (A. Ziv, "Fast evaluation of elementary mathematical
-// functions with correctly rounded last bit", 1991, decides roundings so.)
+// Double precision has half as many lanes, and its divisions and roots take most of a normal's time. Single precision
+// is enough for float channels. 16-bit channels are coarse: single precision nearly always gives the plain formula's
+// code, and an error bound tells when that is certain. The plain formula computes the few others. (A. Ziv, "Fast
+// evaluation of elementary mathematical functions with correctly rounded last bit", 1991, decides roundings in this
+// way.)
 //
-// The plain formula stores 16384 + floor(m), m = 16383.5 n, but for roundings of less than 1e-11 in double precision.
-// Who estimates n says how far off it may be, in units of u = 2^-24, the largest relative error of an operation in
-// single precision, and with the one that m adds.
+// The plain formula stores 16384 + floor(m), m = 16383.5 n, except for rounding errors of less than 1e-11 in double
+// precision. An estimate of n comes with a bound of its error, in units of u = 2^-24, the largest relative error of an
+// operation in single precision; the bound includes the rounding of m.
 
-/// A component estimated in single precision, and how far from the plain formula's it may be; no error at all where the
-/// component is known to be 0.
+/// A component estimated in single precision, and the bound of its distance from the plain formula's; the bound is 0
+/// where the component is known to be 0.
 template<class DF>
 struct Estimate
 {
@@ -65,7 +66,7 @@ struct Estimate
     hn::Vec<DF> error;
 };
 
-/// Estimates of a normal's x and y, and where they are good for nothing.
+/// Estimates of a normal's x and y, and the lanes where they are unusable.
 template<class DF>
 struct NormalEstimate
 {
@@ -74,10 +75,10 @@ struct NormalEstimate
     hn::Mask<DF> isUseless;
 };
 
-/// A little more, so that products of errors are covered.
+/// u, and a little more to cover products of errors.
 constexpr float kUnit = 1.01F / 16777216.0F;
 
-/// How 16-bit pixels hold normals. Codes are the channels' integers, in 32 bits.
+/// How 16-bit pixels store normals. Codes are the channels' integers, in 32 bits.
 struct Format16
 {
     using Pixel = CEL_PixelRGBA16;
@@ -87,9 +88,9 @@ struct Format16
     template<class D>
     using CodeTag = hn::Rebind<Code, D>;
 
-    /// A component as it is stored: the nearest integer, halves away from zero. Adding a half and truncating does that
-    /// for every number of this product's range but the one just below 1/2, and that one is no multiple of 32767 /
-    /// 2^54, which all products near it are.
+    /// A component as it is stored: the nearest integer, halves away from zero. Adding a half and truncating gives that
+    /// for every number in this product's range except the one just below 1/2, which cannot occur: all products near it
+    /// are multiples of 32767 / 2^54, and it is not.
     template<class D>
     static HWY_INLINE hn::Vec<CodeTag<D>> encoded(D d, hn::Vec<D> n)
     {
@@ -98,7 +99,7 @@ struct Format16
         return hn::DemoteTo(CodeTag<D>(), rounded);
     }
 
-    /// The code of an estimate. Where it is not certain, it is doubtful.
+    /// The code of an estimate. Lanes where it is not certain are marked as doubtful.
     template<class DF>
     static HWY_INLINE hn::Vec<CodeTag<DF>> encoded(DF d, const Estimate<DF>& n, hn::Mask<DF>& isDoubtful)
     {
@@ -114,7 +115,7 @@ struct Format16
         return hn::Add(floor, hn::Set(dc, 16384));
     }
 
-    /// A component read back, counted in steps of 1 / 32767: then it is an odd whole number.
+    /// A stored component in steps of 1 / 32767, which makes it an odd integer.
     template<class DF>
     static HWY_INLINE hn::Vec<DF> readBack(DF d, hn::Vec<CodeTag<DF>> code)
     {
@@ -122,7 +123,7 @@ struct Format16
         return hn::ConvertTo(d, hn::Sub(hn::Add(code, code), hn::Set(dc, 32767)));
     }
 
-    /// The square of z, rounded to single precision only once.
+    /// The square of z, rounded to single precision once.
     template<class DF>
     static HWY_INLINE hn::Vec<DF> squareOfZ(DF d, hn::Vec<DF> x, hn::Vec<DF> y)
     {
@@ -144,7 +145,7 @@ struct Format16
         });
     }
 
-    /// Two channels make one 32-bit word: those in the low half are not negative.
+    /// Combines two channels in one 32-bit word; the channel in the low half must not be negative.
     template<class D>
     static HWY_INLINE void store(D d, hn::Vec<D> r, hn::Vec<D> g, hn::Vec<D> b, hn::Vec<D> a, Pixel* pixels)
     {
@@ -154,7 +155,7 @@ struct Format16
     }
 };
 
-/// How float pixels do.
+/// How float pixels store normals.
 struct FormatFloat
 {
     using Pixel = CEL_PixelRGBAFloat;
@@ -212,7 +213,7 @@ HWY_INLINE PixelCodes<Format> plainCodes(D d, hn::Vec<D> x, hn::Vec<D> y)
     return {hn::GetLane(Format::encoded(d, x)), hn::GetLane(Format::encoded(d, y))};
 }
 
-/// Red and green of estimates; of what is doubtful in them, those of plain(lane).
+/// Red and green of estimates; doubtful lanes get those of plain(lane).
 template<class Format, class DF, typename Plain>
 HWY_INLINE Codes<Format, DF> codesOf(DF d, const NormalEstimate<DF>& normal, const Plain& plain)
 {
@@ -237,7 +238,7 @@ HWY_INLINE Codes<Format, DF> codesOf(DF d, const NormalEstimate<DF>& normal, con
     return {hn::LoadU(dc, rs.data()), hn::LoadU(dc, gs.data())};
 }
 
-/// Stores a vector of pixels: red and green where they are kept, and the elevation where there is a depth.
+/// Stores a vector of pixels: red and green where kept is set, and the elevation where there is a depth.
 template<class Format, class DF>
 HWY_INLINE void storePixels(DF d, const Codes<Format, DF>& codes, hn::Mask<DF> kept, hn::Mask<DF> exists,
                             const float* share, typename Format::Pixel* pixels)

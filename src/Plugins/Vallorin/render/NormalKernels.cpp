@@ -1,12 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Of the normals' cross products only what is not known beforehand is computed:
+// Only the unknown terms of the normals' cross products are computed:
 //
 //     (2, 0, across) x (0, 2, down)      = 2 (-across, -down, 2)
 //     (2, 2, falling) x (-2, 2, rising)  = 2 (rising - falling, -(rising + falling), 4)
 //
-// The factor 2 goes when the vector is normalised, and so do the halves of the mean of two normals. Factors of 2 are
-// exact in every operation, so the results are those of the full vectors, to the last bit.
+// Normalising a vector cancels the factor 2, and the halves in the mean of two normals. Factors of 2 are exact in every
+// operation, so the results are those of the full vectors, to the last bit.
 #include "render/NormalKernels.h"
 
 #undef HWY_TARGET_INCLUDE
@@ -35,13 +35,13 @@ HWY_INLINE Vector3<D> sumOf(D, const Vector3<D>& a, const Vector3<D>& b)
     return {hn::Add(a.x, b.x), hn::Add(a.y, b.y), hn::Add(a.z, b.z)};
 }
 
-/// Differences of opposite neighbours, in float as depths are stored.
+/// Differences of opposite neighbours, in the precision of the stored depths.
 template<class DF>
 struct Differences
 {
     hn::Vec<DF> first;
     hn::Vec<DF> second;
-    hn::Mask<DF> exist; ///< where all four neighbours are there
+    hn::Mask<DF> exist; ///< where all four neighbours have a depth
 };
 
 template<class DF>
@@ -57,8 +57,8 @@ HWY_INLINE Differences<DF> differencesOf(DF d, const float* a, const float* b, c
     return {hn::Sub(vb, va), hn::Sub(ve, vc), exist};
 }
 
-/// Right - left and below - above, which are zero where one of them is black: a level place stores the same x and y as
-/// the zero normal.
+/// Right - left and below - above, or zeros where a neighbour is black: a level place stores the same x and y as the
+/// zero normal.
 template<class DF>
 HWY_INLINE Differences<DF> axisDifferences(DF d, const DepthRows& z, std::size_t i)
 {
@@ -87,7 +87,7 @@ HWY_INLINE Vector3<D> diagonalVector(D d, hn::Vec<D> falling, hn::Vec<D> rising)
     return {hn::Sub(rising, falling), hn::Neg(hn::Add(rising, falling)), hn::Set(d, 4)};
 }
 
-/// A mask of floats gets as wide as doubles the way floats do.
+/// A mask of floats, widened to doubles.
 template<class D, class MF>
 HWY_INLINE hn::Mask<D> widened(D d, MF mask)
 {
@@ -123,7 +123,7 @@ HWY_NOINLINE PixelCodes<Format> plainCodesAt(const DepthRows& depth, std::size_t
     return plainCodes<Format>(d, normal.x, normal.y);
 }
 
-/// Slopes whose squares single precision might not hold.
+/// Slopes whose squares may overflow single precision.
 template<class DF>
 HWY_INLINE hn::Mask<DF> isHuge(DF d, const Vector3<DF>& v)
 {
@@ -151,8 +151,8 @@ HWY_INLINE NormalEstimate<DF> estimateOfAxes(DF d, const Vector3<DF>& axis)
 //
 //     |error of n_x| <= u (6.5 |r a_x| + |b_x|) / |S| + u |n_x| (7.5 |b| / |S| + 6.5).
 //
-// |b| / |S| is no more than q + 1/4, q = |b|^2 / |S|^2. Of vectors that nearly cancel each other out, little but that
-// error would be left, which float channels would show.
+// |b| / |S| is at most q + 1/4, q = |b|^2 / |S|^2. Where two vectors nearly cancel each other out, the error dominates,
+// and float channels would show it.
 template<class DF>
 HWY_INLINE NormalEstimate<DF> estimateOfMean(DF d, const Vector3<DF>& axis, const Vector3<DF>& diagonal,
                                              hn::Mask<DF> isMean)
@@ -178,7 +178,7 @@ HWY_INLINE NormalEstimate<DF> estimateOfMean(DF d, const Vector3<DF>& axis, cons
             hn::Or(nearlyCancels, hn::Or(isHuge(d, axis), isHuge(d, diagonal)))};
 }
 
-/// What a normal is made of.
+/// The differences that a normal is computed from.
 template<class DF>
 struct Slopes
 {
@@ -196,7 +196,7 @@ HWY_INLINE Slopes<DF> slopesAt(DF d, const DepthRows& depth, std::size_t i)
         return {axes, {hn::Zero(d), hn::Zero(d), hn::MaskFromVec(hn::Zero(d))}};
 }
 
-/// Whether there is no slope at all in a vector: then both components are 0.
+/// Whether a vector of pixels has no slope at all: then both components are 0.
 template<class DF>
 HWY_INLINE bool isLevel(DF d, const Slopes<DF>& slopes)
 {
@@ -217,7 +217,7 @@ HWY_INLINE NormalEstimate<DF> estimateOf(DF d, const Slopes<DF>& slopes)
         return estimateOfAxes(d, axis);
 }
 
-/// Red and green of a vector of pixels, from i on.
+/// Red and green of a vector of pixels, from pixel i on.
 template<class Format, bool kDiagonals, class DF>
 HWY_INLINE Codes<Format, DF> codesAt(DF d, const DepthRows& depth, std::size_t i)
 {
@@ -256,7 +256,7 @@ void storeNormalsFloat(const DepthRows& depth, bool diagonals, const float* shar
         storeNormalsRow<FormatFloat, false>(depth, share, pixels);
 }
 
-// Only what exists has a z, as small as it may be: then a sum of them tells whether there are any.
+// Every existing normal gets a z above 0, if only a tiny one, so that the sum of the z tells whether there are any.
 
 void readBackNormals16(const DepthRows& depth, std::size_t count, const NormalRow<float>& normals)
 {
@@ -272,7 +272,7 @@ void readBackNormals16(const DepthRows& depth, std::size_t count, const NormalRo
     });
 }
 
-/// x and y as a float pixel stores them, of as many normals as a vector of doubles has.
+/// x and y as a float pixel stores them, for one vector of doubles.
 template<class D>
 struct StoredFloats
 {
@@ -280,7 +280,7 @@ struct StoredFloats
     hn::Vec<hn::Rebind<float, D>> y;
 };
 
-/// By the plain formula.
+/// The same by the plain formula.
 template<class D>
 HWY_NOINLINE StoredFloats<D> plainStoredFloats(D d, const DepthRows& depth, std::size_t i)
 {
@@ -288,10 +288,10 @@ HWY_NOINLINE StoredFloats<D> plainStoredFloats(D d, const DepthRows& depth, std:
     return {FormatFloat::encoded(d, normal.x), FormatFloat::encoded(d, normal.y)};
 }
 
-/// The same, most of the time with one division instead of eight. The sum of two unit vectors a / |a| + b / |b| has the
-/// direction of a |b| + b |a|, whose components are off by 8 u |a| |b| at most, with u = 2^-53; the plain formula's sum
-/// is by as much. Bringing it to unit length adds 8 u to both and its share of |a| |b|, and the encoding u. Only where
-/// twice all that leaves two floats open the plain formula decides.
+/// The same, mostly with one division instead of eight. The sum of two unit vectors a / |a| + b / |b| has the direction
+/// of a |b| + b |a|, whose components are off by at most 8 u |a| |b|, with u = 2^-53; the error of the plain formula's
+/// sum has the same bound. Normalising adds 8 u to both and its share of |a| |b|, and the encoding u. The plain formula
+/// decides only where twice the sum of these leaves two floats open.
 template<class D>
 HWY_INLINE StoredFloats<D> storedFloats(D d, const DepthRows& depth, std::size_t i)
 {

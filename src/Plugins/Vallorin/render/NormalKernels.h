@@ -2,11 +2,11 @@
 //
 // The inner loops from depths to normals (VolumeModel.h). They run with the widest vectors that the processor has.
 // Every pixel is computed by itself. Codes of 16-bit channels are those of the plain formula in double precision, to
-// the bit. Float channels that are stored get single precision, within a millionth of that formula; what is read back
-// from float channels, and its smoothing, is computed in double precision, as errors of single precision grow without
-// bounds where slopes are steep. No operation is fused, so all processors give the same bits.
+// the bit. Float channels that are stored are computed in single precision, within a millionth of that formula; normals
+// that are read back from float channels, and their smoothing, are computed in double precision, because errors of
+// single precision grow without bound on steep slopes. No operation is fused, so all processors give the same bits.
 //
-// Rows that are written overlap nothing else; reads and writes stay within what is named.
+// Rows that are written overlap no other row; only the named pixels are read and written.
 #pragma once
 
 #include "QuarvelCelCore/CEL_Pixels.h"
@@ -16,8 +16,8 @@
 
 namespace VolumeRowKernels {
 
-/// Three neighbouring rows of depths; black ones are 0. The first pixel of a run is at index 0 of each, and all have a
-/// pixel more on either side.
+/// Three neighbouring rows of depths; black ones are 0. The first pixel of a run has index 0 in each row, and one more
+/// pixel is readable on either side.
 struct DepthRows
 {
     const float* above;
@@ -25,7 +25,7 @@ struct DepthRows
     const float* below;
 };
 
-/// Normals of a run of pixels, stored: the normal's x and y in R and G, the elevation in B, A full; the empty pixel
+/// Stores the normals of a run of pixels: the normal's x and y in R and G, the elevation in B, A full; the empty pixel
 /// where the depth is black.
 ///
 /// @param diagonals whether the diagonal neighbours count
@@ -43,8 +43,8 @@ struct NormalRow
     Component* z;
 };
 
-/// The same normals, diagonals included, as they are read back from a pixel: rounded to its channels. Rows of floats
-/// get those of 16-bit pixels, whose length is 32767 and whose x and y are whole numbers, rows of doubles those of
+/// The same normals, diagonals included, as they are read back from a pixel, rounded to its channels. Rows of floats
+/// hold those of 16-bit pixels, whose length is 32767 and whose x and y are integers; rows of doubles hold those of
 /// float pixels, of length 1.
 void readBackNormals(const DepthRows& depth, std::size_t count, const NormalRow<float>& normals);
 void readBackNormals(const DepthRows& depth, std::size_t count, const NormalRow<double>& normals);

@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Downwards, row by row, with a window of the last three rows of the surface, and of the normals where they are
-// smoothed. What lies beyond the rectangle counts as black, which comes to the same: a pixel at the edge misses a
-// neighbour either way.
+// Goes down row by row, with a window of the last rows of the surface, and of the normals where they are smoothed.
+// Pixels outside the rectangle count as black, which makes no difference: a pixel at the edge lacks a neighbour either
+// way.
 #include "render/NormalMap.h"
 
 #include "QuarvelVectorLanes/VL_RowWindow.h"
@@ -33,7 +33,7 @@ public:
     Value* data() { return _values.data() + 1; }
     const Value* data() const { return _values.data() + 1; }
 
-    // Zeros where only the former columns have something.
+    // Clears the former columns that are not among the kept ones.
     void clear(const ColumnSpan& former, const ColumnSpan& kept)
     {
         const int end = std::min(former.end, kept.isEmpty() ? former.end : kept.first);
@@ -70,7 +70,7 @@ struct SampleRow
     ColumnSpan columns; // where it is not zero
 };
 
-// As many rows of a width.
+// A ring of equal rows.
 template<typename Row>
 VL_RowRing<Row> ringOf(std::size_t rows, int width)
 {
@@ -134,7 +134,7 @@ private:
                 _surfaceRows.at(y + 1).depth.data() + column};
     }
 
-    // Writes a row: what store(pixels) writes to the columns that are not empty pixels, and empty ones beside them.
+    // Writes a row: store(pixels) fills the given columns, the others become empty pixels.
     template<typename Store>
     void writeRow(int y, const ColumnSpan& columns, const Store& store)
     {
@@ -173,7 +173,7 @@ private:
                                           samples.from(samples.columns.first));
     }
 
-    // An empty pixel beside others is smoothed too.
+    // The columns with a normal in their 3 x 3 neighbourhood: empty pixels beside others are smoothed too.
     ColumnSpan smoothedColumns(int y)
     {
         const ColumnSpan columns =
@@ -201,8 +201,8 @@ private:
     int _quality;
     CEL_PixmapOf<Pixel>& _normals;
     Stores _stores;
-    std::vector<Pixel> _line; // what goes past the cache is gathered here
-    // Smoothing a row looks at normals a row further down, and these at depths a row further.
+    std::vector<Pixel> _line; // collects a row that is then written past the cache
+    // Smoothing row y needs normals down to row y + 1, and those need depths down to row y + 2.
     VL_RowRing<SurfaceRow> _surfaceRows;
     VL_RowRing<Samples> _samples;
 };

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The composition of an object's normals pixel by pixel, for both formats: what the vector code comes back to, and all
-// there is for float.
+// The composition of an object's normals pixel by pixel, for both formats: the fallback of the vector code, and all of
+// the float code's blending.
 #pragma once
 
 #include "render/CompositionKernels.h"
@@ -16,8 +16,8 @@ typename VolumeTraits<Pixel>::Channel blueOf(const Pixel& object, const Blue& bl
     return blue.isElevation ? object.b : VolumeTraits<Pixel>::numberInBlue(blue.number);
 }
 
-/// Where an object covers fully or lies alone, its pixel takes the place with the coverage's alpha: that is what the
-/// alpha's share would be truncated to.
+/// Where an object covers fully or lies alone, its pixel replaces the output's, with the coverage's alpha: the alpha's
+/// share would be truncated to the same.
 template<typename Pixel>
 Pixel placedPixel(const Pixel& coverage, const Pixel& object, const Blue& blue)
 {
@@ -25,7 +25,7 @@ Pixel placedPixel(const Pixel& coverage, const Pixel& object, const Blue& blue)
     return {object.r, object.g, blueOf(object, blue), Traits::isSaturated(coverage.a) ? Traits::kFull : coverage.a};
 }
 
-/// placeNormals().
+/// The plain form of placeNormals().
 template<typename Pixel>
 void placeNormalsOneByOne(std::span<const Pixel> coverage, const Pixel* object, const Blue& blue, Pixel* output)
 {
@@ -33,7 +33,7 @@ void placeNormalsOneByOne(std::span<const Pixel> coverage, const Pixel* object, 
         output[i] = coverage[i].a > 0 ? placedPixel(coverage[i], object[i], blue) : Pixel{};
 }
 
-/// blendNormals().
+/// The plain form of blendNormals().
 template<typename Pixel>
 void blendNormalsOneByOne(std::span<const Pixel> coverage, const Pixel* object, const Blue& blue, Pixel* output)
 {

@@ -29,7 +29,7 @@ struct VolumeSettings
     Math::Box2di covered;
 };
 
-// What is wider than four of the canvas's diagonals makes no difference that could be seen.
+// Clamped to four of the canvas's diagonals: a wider filter makes no visible difference.
 double filterSize(const VolumeSettings& settings, const Math::Box2di& canvas)
 {
     const double size = settings.bevel / kUnitsAcross * settings.resolutionX * 0.25;
@@ -66,7 +66,7 @@ ElevationPlane unbevelled(const UT_SharedPtr<CEL_PixmapAreaZ>& mask, const CEL_P
     return measure(mask);
 }
 
-// The plane's values in R, and A full where isFull(x, y, value) says so.
+// Stores the plane's values in R, and full in A where isFull(x, y, value) is true.
 template<typename Pixel, typename IsFull>
 void storeValues(const ElevationPlane& plane, const IsFull& isFull, CEL_PixmapOf<Pixel>& result)
 {
@@ -85,7 +85,7 @@ void storeValues(const ElevationPlane& plane, const IsFull& isFull, CEL_PixmapOf
     }
 }
 
-// Where nothing was blurred, the pixels are those of the mask: covered wherever the accumulator has any.
+// Without a blur, a pixel is covered where the mask and the accumulator have it; with one, where its value is not 0.
 template<typename Pixel>
 void storeElevations(const ElevationPlane& plane, bool isBlurred, const Math::Box2di& maskRect,
                      CEL_PixmapOf<Pixel>& result)
@@ -98,13 +98,13 @@ void storeElevations(const ElevationPlane& plane, bool isBlurred, const Math::Bo
             plane, [&](int x, int y, float) { return maskRect.contains(x, y); }, result);
 }
 
-// The part of a plane that anybody can see: where the clip leaves elevations, with room for the normals beside them,
-// and where the object is covered. A long blur reaches much further.
+// The visible part of a plane: where the clip leaves elevations, with room for the normals beside them, and where the
+// object is covered. A long blur reaches much further.
 Math::Box2di visibleRect(const ElevationPlane& plane, const CEL_PixmapArea& object, const Math::Box2di& covered,
                          const CEL_PixmapArea& reference)
 {
     const Math::Box2di& whole = plane.values->allocatedRect();
-    // An input that reaches beyond the canvas is covered there, and the reference's pixels may be there, too.
+    // With reference pixels, the covered area may extend beyond both.
     if (!reference.allocatedRect().isEmpty())
         return whole;
     Math::Box2di visible = plane.inside;
@@ -126,7 +126,7 @@ ObjectVolume build(const CEL_PixmapArea& reference, const CEL_PixmapOf<Pixel>& o
     if (!plane.values)
         return {};
     const Math::Box2di rect = plane.values->allocatedRect();
-    // Its memory is a sixth of all that an object takes.
+    // Frees a sixth of the memory that an object takes.
     mask = nullptr;
     auto result = UT_makeShared<CEL_PixmapOf<Pixel>>(plane.values->size(), plane.values->canvasRect());
     if (!settings.generateNormals) {

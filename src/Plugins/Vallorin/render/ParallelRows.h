@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Work on the rows of a rectangle, on all threads: the one place where the module runs on more than one.
+// Work on the rows of a rectangle in parallel: the only place where the module runs on several threads.
 #pragma once
 
 #include "QuarvelBaseCore/Math_Box2di.h"
@@ -10,7 +10,7 @@
 #include <tbb/partitioner.h>
 #include <tbb/task_group.h>
 
-/// Calls work(tbb::blocked_range<int>) for ranges of rows that make up the rectangle's, from any thread and in any
+/// Calls work(tbb::blocked_range<int>) for ranges that together are the rectangle's rows, from any thread and in any
 /// order; no task runs for a rectangle without rows.
 template<typename Work>
 void forRowsInParallel(const Math::Box2di& rect, const Work& work)

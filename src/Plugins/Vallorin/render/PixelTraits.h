@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Where the 16-bit and the float variant of an algorithm differ, side by side; how they hold normals and elevations is
-// in NormalCodes-inl.h. Everything else is one template over the pixel.
+// Where the 16-bit and the float variant of an algorithm differ, side by side; NormalCodes-inl.h has how they store
+// normals and elevations. Everything else is one template over the pixel.
 #pragma once
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
@@ -14,7 +14,7 @@
 template<typename Pixel>
 struct VolumeTraits;
 
-/// A level that a conversion is defined for; one that is NaN or not within the limit counts as 0.
+/// A level in the range of the following conversion; NaN and levels outside the limit become 0.
 inline double convertible(double level, double limit)
 {
     return std::abs(level) < limit ? level : 0.0;
@@ -27,10 +27,10 @@ struct VolumeTraits<CEL_PixelRGBA16>
     using Pixel = CEL_PixelRGBA16;
     using Channel = std::int16_t;
     static constexpr Channel kFull = 32767;
-    /// Whether channels hold whole numbers, which blurred values are rounded to.
+    /// Whether channels hold integers, to which blurred values are rounded.
     static constexpr bool kIsWhole = true;
 
-    // The stage (LevelMerge.h). A level is quantised to 8 bits, of which one outside of 0 to 1 keeps the low ones.
+    // The stage (LevelMerge.h). A level is quantised to 8 bits; one outside 0 to 1 keeps its low 8 bits.
 
     static constexpr Channel kDefaultBlue = 1024;
     static Channel levelOf(double objectLevel)
@@ -45,7 +45,7 @@ struct VolumeTraits<CEL_PixelRGBA16>
     }
     static Channel colour(Channel value) { return value; }
 
-    /// What holds a component of a normal that is read back from a pixel (NormalKernels.h): a float holds every code.
+    /// The type of a normal's component that is read back from a pixel (NormalKernels.h): a float holds every code.
     using NormalComponent = float;
 
     // Merging of inputs (CoverageMerge.h).
@@ -66,8 +66,8 @@ struct VolumeTraits<CEL_PixelRGBA16>
         return static_cast<Channel>(static_cast<std::int32_t>(value * (coverage / 32767.0)));
     }
 
-    // The composition (Composition.h). Coverage that is nearly full counts as full, so that no seam shows where
-    // antialiasing rounds: isSaturated says of an alpha what kSaturated says of its share.
+    // The composition (Composition.h). Nearly full coverage counts as full, so that rounding in antialiasing leaves no
+    // seam. isSaturated() tests an alpha as kSaturated does its share.
 
     static double coverageOf(Channel alpha) { return alpha / 32767.0; }
     static constexpr double kSaturated = 0.99;
@@ -83,11 +83,11 @@ struct VolumeTraits<CEL_PixelRGBA16>
         const double sum = alpha * (1.0 - coverage) + coverage * 32767.0;
         return static_cast<Channel>(std::min(32767, std::max(0, static_cast<int>(sum))));
     }
-    /// A component of a blended normal is truncated, unlike one that was computed from depths.
+    /// A component of a blended normal is truncated, not rounded like one that was computed from depths.
     static Channel blendedComponent(double n) { return static_cast<Channel>((n + 1.0) * 0.5 * 32767.0); }
     /// The blue of an object without elevation: the low 16 bits of its number.
     static Channel numberInBlue(std::int16_t number) { return number; }
-    /// Only the low 16 bits are kept: what lies below the offset wraps.
+    /// Only the low 16 bits are kept: values below the offset wrap around.
     static Channel normalised(Channel value, float offset, float scale)
     {
         return static_cast<Channel>(static_cast<std::int32_t>((static_cast<float>(value) - offset) * scale * 32767.0F));
@@ -107,7 +107,7 @@ struct VolumeTraits<CEL_PixelRGBAFloat>
     static constexpr Channel kFull = 1.0F;
     static constexpr bool kIsWhole = false;
 
-    /// Colours are truncated to whole numbers: what lies between carving and adding is lost.
+    /// Grey and coverage of colours are truncated to whole numbers, so the values between carving and adding are lost.
     static constexpr Channel kDefaultBlue = 0.5F;
     static Channel levelOf(double objectLevel)
     {
@@ -117,7 +117,8 @@ struct VolumeTraits<CEL_PixelRGBAFloat>
     static Channel scaledColour(Channel value, float share) { return std::trunc(value * share); }
     static Channel colour(Channel value) { return std::trunc(value); }
 
-    /// On a steep slope z is what rounding leaves of 1 - x^2 - y^2, so that only double precision reads it back.
+    /// On a steep slope 1 - x^2 - y^2 is small and mostly rounding error in single precision, so reading z back takes
+    /// double precision.
     using NormalComponent = double;
 
     static bool isFull(Channel coverage) { return coverage >= 1.0F; }

@@ -5,7 +5,7 @@
 
 #include <utility>
 
-/// What positive values there are. Without any, lowest is above highest.
+/// The range of the positive values. Without any, lowest is above highest.
 struct PositiveSpan
 {
     float lowest = 32767.0F;
@@ -14,8 +14,8 @@ struct PositiveSpan
     bool isEmpty() const { return lowest > highest; }
 };
 
-/// Offset and scale that bring the values of a span to 0 .. 1, in single precision: (lowest, 1 / (highest - lowest)),
-/// and (lowest, 1) when there is one value only. A span without values gives what the formula gives.
+/// Offset and scale that map the values of a span to 0 .. 1, in single precision: (lowest, 1 / (highest - lowest)), and
+/// (lowest, 1) when there is only one value. A span without values gives the formula's result.
 inline std::pair<float, float> elevationRange(const PositiveSpan& span)
 {
     if (span.lowest == span.highest)

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The weights are counted in sixteenths: the factor goes when a sum is normalised, and factors of 2 are exact in every
+// The weights are counted in sixteenths: normalising a sum cancels the factor, and factors of 2 are exact in every
 // operation.
 #include "render/SmoothingKernels.h"
 
@@ -42,14 +42,14 @@ HWY_INLINE Vector3<D> plainNormal(D d, const NormalRow<float>& row, std::ptrdiff
             hn::IfThenElseZero(exists, hn::Sqrt(hn::Max(rest, hn::Zero(d))))};
 }
 
-/// A normal of a float picture: reading it back followed the plain formula.
+/// A normal of a float picture, which was read back with the plain formula already.
 template<class D>
 HWY_INLINE Vector3<D> plainNormal(D d, const NormalRow<double>& row, std::ptrdiff_t i)
 {
     return {hn::LoadU(d, row.x + i), hn::LoadU(d, row.y + i), hn::LoadU(d, row.z + i)};
 }
 
-/// The sum over the 3 x 3 neighbourhood in the plain formula's order: another one would round differently.
+/// The sum over the 3 x 3 neighbourhood in the plain formula's order; any other order would round differently.
 template<class D, typename Component>
 HWY_INLINE Vector3<D> plainSum(D d, const NormalRows<Component>& n, std::ptrdiff_t i)
 {
@@ -72,8 +72,8 @@ HWY_INLINE Vector3<D> plainSum(D d, const NormalRows<Component>& n, std::ptrdiff
     return sum;
 }
 
-/// x and y of a sum brought to unit length, in double precision. A sum that cancels out stays zero; any other is far
-/// longer than the smallest double.
+/// x and y of a normalised sum, in double precision. A sum that cancels out stays zero; any other is far longer than
+/// the smallest double.
 template<class D>
 HWY_INLINE Vector3<D> unitOfSum(D d, const Vector3<D>& sum)
 {
@@ -89,10 +89,10 @@ HWY_NOINLINE PixelCodes<Format16> plainCodesAround(const NormalRows<float>& norm
     return plainCodes<Format16>(d, unit.x, unit.y);
 }
 
-/// Rows are worked on in runs of so many pixels, so that sums stay in the first-level cache.
+/// Rows are processed in runs of this many pixels, so that sums stay in the first-level cache.
 constexpr std::size_t kRun = 256;
 
-/// Sums of three rows, one more on either side of a run.
+/// Vertical sums of three rows, with one more on either side of a run.
 template<typename Component>
 using ColumnSums = std::array<Component, kRun + 2>;
 
@@ -112,7 +112,7 @@ HWY_INLINE void sumColumns(const Component* above, const Component* here, const 
     });
 }
 
-/// Sums of three columns of a component.
+/// The horizontal sum of three column sums of a component.
 template<class D>
 HWY_INLINE hn::Vec<D> sumAt(D d, const ColumnSums<hn::TFromD<D>>& sums, std::size_t i)
 {
@@ -143,10 +143,10 @@ struct RunSums
     ColumnSums<Component> z;
 };
 
-/// Estimates of a vector of sums brought to unit length. A sum of whole numbers is exact; that of the z is off by 6 u,
-/// of which 2 u are a z's own, and a square of z's share in the squared length by 11 u more than the 3 u of the others.
-/// The inverse of the length is off by 3.5 u and 5.5 u times that share, and the product with it adds u. Double
-/// precision gives a sum that cancels out in x or y, but not in length, 1e-13 at most.
+/// Estimates of a normalised vector of sums. A sum of integers is exact; that of the z is off by 6 u, of which 2 u are
+/// a z's own, and the squared length, by the share of the z's square in it, by 11 u more than the 3 u of the others.
+/// The inverse of the length is off by 3.5 u plus 5.5 u times that share, and the product with it adds u. In double
+/// precision, a sum that cancels out in x or y, but not in length, is at most 1e-13.
 template<class DF>
 HWY_INLINE NormalEstimate<DF> estimateOfSum(DF d, const Vector3<DF>& sum)
 {
@@ -180,8 +180,8 @@ HWY_INLINE void smoothNormalsRun(const NormalRows<float>& normals, const float* 
     });
 }
 
-/// Sums of columns round differently from the plain formula's, by some 1e-16. Where a sum nearly cancels out that might
-/// show, and the plain formula is taken.
+/// The plain formula sums in another order, which differs by about 1e-16. That may show where a sum nearly cancels out,
+/// so the plain formula is taken there.
 template<class D>
 HWY_INLINE Vector3<D> steadySum(D d, const Vector3<D>& sum, const NormalRows<double>& normals, std::size_t i)
 {

@@ -2,7 +2,7 @@
 //
 // The inner loops that smooth normals (NormalMap.h), with the precision of NormalKernels.h.
 //
-// Rows that are written overlap nothing else; reads and writes stay within what is named.
+// Rows that are written overlap no other row; only the named pixels are read and written.
 #pragma once
 
 #include "render/NormalKernels.h"
@@ -18,10 +18,10 @@ struct NormalRows
     NormalRow<Component> below;
 };
 
-/// Normals of a run of pixels, each the normalised weighted sum of the nine around it, stored as storeNormals()
-/// does; an empty pixel beside others gets their R and G.
+/// Stores the normals of a run of pixels, each the normalised weighted sum of the nine around it, in the form of
+/// storeNormals(); an empty pixel with normals beside it gets R and G.
 ///
-/// @param normals as readBackNormals() reads them, a pixel more on either side
+/// @param normals in the form of readBackNormals(), with one more pixel on either side
 /// @param depth   of the run's row; black ones are 0
 void smoothNormals(const NormalRows<float>& normals, const float* depth, const float* share,
                    std::span<CEL_PixelRGBA16> pixels);

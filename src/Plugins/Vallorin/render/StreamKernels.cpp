@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Only whole vectors at addresses that are multiples of their size are written past the cache.
+// Only whole vectors at aligned addresses are written past the cache.
 #include "render/StreamKernels.h"
 
 #include <algorithm>
@@ -31,11 +31,11 @@ struct alignas(16) Repeated
     std::array<Pixel, kCount> pixels;
 };
 
-// A channel to a lane. A vector of the plainest instruction set, of one lane, holds no whole pixel.
+// One lane per channel. The baseline's vectors have one lane and hold no whole pixel.
 template<typename Pixel>
 using ChannelTag = hn::ScalableTag<decltype(Pixel::r)>;
 
-// Stores pixels: vectorAt(i) from i on in whole vectors, pixelAt(i) elsewhere.
+// Stores pixels: whole vectors of vectorAt(i), and the remaining pixels of pixelAt(i).
 template<typename Pixel, typename VectorAt, typename PixelAt>
 HWY_INLINE void storePixelsOf(std::span<Pixel> pixels, bool pastCache, const VectorAt& vectorAt, const PixelAt& pixelAt)
 {
@@ -109,7 +109,7 @@ VL_EXPORT(copyPixelsFloat);
 
 Stores storesFor(std::int64_t bytes, Reader reader)
 {
-    // What a large processor's cache of the third level may still hold of a picture, and what a small one's.
+    // How much of a picture a large processor's third-level cache may still hold, and how much a small one's.
     constexpr std::int64_t kReadSoon = std::int64_t{20} << 20;
     constexpr std::int64_t kReadLater = std::int64_t{8} << 20;
     return bytes > (reader == Reader::SOON ? kReadSoon : kReadLater) ? Stores::PAST_CACHE : Stores::CACHED;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The render: inputs are merged as they come; at the end every listed object is built and all of them are composed.
+// The render: inputs are merged as they arrive; at the end every listed object is built and all of them are composed.
 #include "render/VallorinRenderHandler.h"
 
 #include "ObjectDefinition/ObjectDefinition.h"
@@ -22,20 +22,20 @@ namespace {
 constexpr int kNoObject = -1;
 constexpr int kCutOut = 0;
 
-// The table's text may say "inf" or "nan"; a render takes neither.
+// The table's text may say "inf" or "nan"; a render uses the default instead.
 double finiteOr(double value, double otherwise)
 {
     return std::isfinite(value) ? value : otherwise;
 }
 
-// A product beyond all numbers counts as the largest one; what is then no number at all, as 0.
+// An infinite product is clamped to the largest finite number; NaN becomes 0.
 double held(double product)
 {
     constexpr double kLargest = std::numeric_limits<double>::max();
     return std::isnan(product) ? 0.0 : std::clamp(product, -kLargest, kLargest);
 }
 
-// An object may be listed twice, and is then built twice.
+// An object that is listed twice is built twice, so its accumulator is kept until the last record.
 const VallorinAttributes::ObjectInformation*
 lastRecordOf(int objectId, const std::vector<VallorinAttributes::ObjectInformation>& objects)
 {
@@ -94,7 +94,7 @@ void VallorinRenderHandler::acceptInputCel(const MO_SoftContext& context, CA_Cel
     inputPixmaps[currentInput] = input->clone();
 }
 
-// What travels with the cel knows better than the graph which object it shows.
+// The message that travels with the cel overrides the object's number found in the graph.
 void VallorinRenderHandler::takeMessage(const CEL_Cel& cel)
 {
     const auto message =
@@ -163,7 +163,7 @@ VallorinRenderHandler::buildVolumes(const MO_SoftContext& context, const UT_Shar
         volumes[object.objectId] =
             buildObjectVolume(reference, bevel, context.resolutionX(), generateNormals, elevation, accumulator->second,
                               range, normalQuality, smoothness, clipBlurredWithGeometry, covered[object.objectId]);
-        // Its memory serves the next object's volume.
+        // Frees the accumulator's memory for the next object's volume.
         if (&object == lastRecordOf(object.objectId, objects))
             accumulator->second = nullptr;
     }

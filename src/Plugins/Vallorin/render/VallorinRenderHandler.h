@@ -27,17 +27,17 @@ public:
 
     using PixmapMap = std::map<int, UT_SharedPtr<CEL_PixmapArea>>;
 
-    /// Finds the object definition behind every input port and takes its number at the frame.
+    /// Finds the object definition that governs every input port, and takes its number at the frame.
     VallorinRenderHandler(double frame, const CompositeModuleInterface& module,
                           const std::vector<node_render::PortRenderInfo>& ports);
     ~VallorinRenderHandler() override;
 
-    /// Books each delivered cel against the next port, delivered or not.
+    /// Counts the ports: every call belongs to the next port, whether a cel was delivered or not.
     void softRender(MO_SoftContext& context, int port) override;
 
     int currentInput = 0;           ///< the port whose cel is being delivered
     PixmapMap objectAccumulators;   ///< object number to all of its inputs merged, until its volume is built
-    std::vector<int> portObjectIds; ///< object number of each port: -1 ignored, 0 a cut-out, 1 up a volume
+    std::vector<int> portObjectIds; ///< object number of each port: -1 ignored, 0 a cut-out, 1 and above a volume
     PixmapMap inputPixmaps;         ///< port to its input in the render's format
     std::map<int, std::pair<float, float>> elevationRanges; ///< object number to the offset and scale of its elevation
 
@@ -61,7 +61,7 @@ private:
     void takeMessage(const CEL_Cel& cel);
     int currentObjectId() const;
     void accumulate(const MO_SoftContext& context, int objectId, const UT_SharedPtr<CEL_PixmapArea>& input);
-    /// What the inputs of each object cover together, by the object's number.
+    /// The rectangle that all inputs of each object cover together, by the object's number.
     std::map<int, Math::Box2di> coveredRects() const;
     std::map<int, ObjectVolume> buildVolumes(const MO_SoftContext& context,
                                              const UT_SharedPtr<CEL_PixmapArea>& reference,
