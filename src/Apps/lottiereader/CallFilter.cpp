@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The filter is made by libseccomp, which knows the calls' numbers on every processor. It forbids new privileges (a
-// program that runs as another user) as well, and ends the process at a call by another processor's convention.
+// libseccomp, which knows the calls' numbers on every processor, makes the filter. It also forbids new privileges (a
+// program that runs as another user), and ends the process at a call in another processor's convention.
 #include "CallFilter.h"
 
 #include <seccomp.h>
@@ -13,7 +13,7 @@
 
 namespace {
 
-// The filter while it is put together.
+// Builds the filter.
 class Filter
 {
 public:
@@ -77,7 +77,7 @@ void allowEnding(Filter& filter)
     for (const int call : {SCMP_SYS(exit), SCMP_SYS(exit_group), SCMP_SYS(rt_sigreturn), SCMP_SYS(rt_sigaction),
                            SCMP_SYS(rt_sigprocmask), SCMP_SYS(sigaltstack)})
         filter.allow(call);
-    // What abort() does.
+    // abort() needs this call.
     filter.allow(SCMP_SYS(tgkill), {argumentIs(0, static_cast<scmp_datum_t>(::getpid()))});
 }
 

@@ -1,9 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The list of the system's calls that the confined process may still make; see Confinement.h.
+// The system calls that the confined process may still make; see Confinement.h.
 #pragma once
 
-/// Has the system refuse all other calls of this process with EPERM, for good.
+/// Makes the system refuse all other calls of this process with EPERM, permanently.
 ///
-/// @return false when the system cannot
+/// @return false when the system does not support it
 bool filterCalls();

@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Limits by the system's own means. The filter is a list of what is allowed, so that calls which a newer system brings
-// are refused too.
+// Uses the system's own limits. The filter lists the allowed calls, so that new calls of later systems are refused too.
 #include "Confinement.h"
 
 #include <sys/resource.h>
@@ -16,7 +15,7 @@ namespace {
 constexpr rlim_t kMemory = rlim_t{2} << 30; // bytes of address space
 constexpr rlim_t kSeconds = 120;
 
-// The sanitizers reserve terabytes of address space that they never use.
+// The sanitizers reserve terabytes of address space without using them.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr bool kSanitized = true;
 #else
@@ -29,7 +28,7 @@ bool limit(decltype(RLIMIT_AS) resource, rlim_t most)
     return setrlimit(resource, &value) == 0;
 }
 
-// A program that starts others does not always close what they have no need of.
+// The parent process may have left descriptors open for this one.
 void closeDescriptors()
 {
     ::close(STDIN_FILENO);
@@ -48,7 +47,7 @@ bool confine()
 {
     closeDescriptors();
     const bool memory = kSanitized || limit(RLIMIT_AS, kMemory);
-    // No more descriptors than there are: no file, no socket.
+    // Allows no further descriptors: no file, no socket.
     if (!memory || !limit(RLIMIT_CPU, kSeconds) || !limit(RLIMIT_CORE, 0) || !limit(RLIMIT_NOFILE, 0))
         return false;
 #ifdef VALLORIN_SECCOMP

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The trees, depth first. The reader at the other end checks everything; here only what would make this process read
-// where there is nothing is looked at.
+// Writes the trees, depth first. The reader at the other end checks everything; here only those errors are checked that
+// would make this process read invalid memory.
 #include "StreamWriter.h"
 
 #include <bit>
@@ -11,7 +11,7 @@ using namespace DIO_LottieStream;
 
 namespace {
 
-// Deeper than any animation; the other end refuses more as well.
+// Deeper than any animation; the other end also refuses deeper ones.
 constexpr int kMaxDepth = 64;
 
 constexpr std::size_t kMaxNameLength = 1000;
@@ -55,7 +55,7 @@ void StreamWriter::path(const float* coordinates, std::size_t count, const char*
 {
     if (!coordinates || !elements)
         count = elementCount = 0;
-    // Paths count their coordinates, except those of masks, which count their points.
+    // Most paths give the number of their coordinates, but those of masks give the number of their points.
     const std::size_t needed = elements ? coordinatesOf(elements, elementCount) : 0;
     if (needed == 2 * count)
         count = needed;

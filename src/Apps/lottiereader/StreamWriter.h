@@ -14,14 +14,14 @@
 class StreamWriter
 {
 public:
-    /// @param out where the bytes go; outlives the writer
+    /// @param out where the bytes go; must outlive the writer
     explicit StreamWriter(std::FILE* out) : _out(out) {}
 
     void writeHeader(double width, double height, double frameRate, std::uint32_t frames);
     void writeFrame(const LOTLayerNode& root);
     void writeEnd();
 
-    /// Whether everything so far could be written.
+    /// Whether everything so far was written.
     bool ok() const { return std::ferror(_out) == 0; }
 
 private:

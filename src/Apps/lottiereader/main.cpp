@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // quarvel-lottie-reader FILE: reads an animation in the Lottie format and writes what it paints, frame by frame, to
-// standard output (DIO_LottieStream.h says how). Other programs run it; a file that brings it down, or keeps it busy
-// for ever, brings down or keeps busy nothing else.
+// standard output (in the format of DIO_LottieStream.h). Other programs run it; a file that crashes it, or keeps it
+// busy for ever, affects no other process.
 #include "Confinement.h"
 #include "StreamWriter.h"
 
@@ -73,13 +73,13 @@ int run(int argc, char** argv)
         return fail(NOT_READABLE, "the file cannot be read");
     if (bytes.size() > kMaxFileSize)
         return fail(TOO_LARGE, "the file is larger than 64 MiB");
-    // The stream's buffer, for which it would ask the system what kind of file it writes to.
+    // The stream's own buffer would need fstat(), which confine() forbids.
     static char buffer[65536];
     if (std::setvbuf(stdout, buffer, _IOFBF, sizeof buffer) != 0 || !confine())
         return fail(NOT_READABLE, "the system refuses to limit this process");
     Lottie_Animation* animation = lottie_animation_from_data(bytes.c_str(), "", "");
     if (!animation)
-        return fail(NOT_READABLE, "this is no animation in the Lottie format");
+        return fail(NOT_READABLE, "the file is not an animation in the Lottie format");
     return writeFrames(animation);
 }
 
@@ -88,7 +88,7 @@ int run(int argc, char** argv)
 int main(int argc, char** argv)
 {
     const int code = run(argc, argv);
-    // Taking a broken animation apart again might go wrong, and there is no need to.
+    // Destroying a broken animation might crash, and is unnecessary.
     std::fflush(stdout);
     std::_Exit(code);
 }

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// /proc/self/cgroup names the group below the root of its hierarchy, /proc/self/mountinfo where that hierarchy is
-// mounted and which of its groups the mount shows.
+// /proc/self/cgroup names the process's group relative to the root of its hierarchy; /proc/self/mountinfo says where
+// that hierarchy is mounted and which of its groups is the mount's root.
 #include "jobs/limits/ControlGroup.h"
 
 #include <QDir>
@@ -15,7 +15,7 @@ namespace {
 
 QByteArray contentsOf(const QString& path)
 {
-    // The kernel says that its files have no size, so they are read up to a limit.
+    // The kernel reports size 0 for these files, so they are read up to a limit.
     constexpr qint64 kMost = 1 << 20;
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.read(kMost) : QByteArray();
@@ -24,7 +24,7 @@ QByteArray contentsOf(const QString& path)
 // A line of mountinfo:  36 35 98:0 /mnt1 /mnt2 rw,noatime master:1 - ext3 /dev/root rw,errors=continue
 struct Mount
 {
-    QString shownGroup; // the group of the hierarchy that stands at the mount point
+    QString shownGroup; // the group of the hierarchy at the mount point
     QString point;
     QString type;
     QStringList options; // of the file system; in version 1 they name the controllers
@@ -43,8 +43,8 @@ std::vector<Mount> mountsOf(const QString& root)
     return mounts;
 }
 
-// The process's group in the hierarchy of a controller: "4:cpu,cpuacct:/job" in version 1. Without a controller, that
-// of version 2: "0::/user.slice".
+// The process's group in the hierarchy of a controller: "4:cpu,cpuacct:/job" in version 1. With an empty controller,
+// that of version 2: "0::/user.slice".
 std::optional<QString> groupOf(const QString& root, const QString& controller)
 {
     for (const QByteArray& line : contentsOf(root + QStringLiteral("/proc/self/cgroup")).split('\n')) {
@@ -56,11 +56,12 @@ std::optional<QString> groupOf(const QString& root, const QString& controller)
     return std::nullopt;
 }
 
-// The folders of a group and of those above it that the mount shows, from the group up.
+// The folders of a group and of its ancestors within the mount, from the group upwards.
 QStringList foldersOf(const QString& root, const Mount& mount, const QString& group)
 {
     QString below = group;
-    // A container often sees its own group as the mount's root, while its group has the name that the machine gave it.
+    // In a container, the mount's root is often the container's own group, while cgroup gives the group's name on the
+    // machine.
     if (mount.shownGroup != QLatin1String("/"))
         below = group.startsWith(mount.shownGroup) ? group.mid(mount.shownGroup.size()) : QString();
     const QString top = QDir::cleanPath(root + mount.point);
@@ -89,7 +90,7 @@ std::optional<double> share(std::optional<double> quota, std::optional<double> p
     return quota && period ? std::optional(*quota / *period) : std::nullopt;
 }
 
-// "max 100000" or "150000 100000": microseconds in a period of so many.
+// "max 100000" or "150000 100000": microseconds in each period of this many.
 std::optional<double> processorsOfVersion2(const QString& folder)
 {
     const QList<QByteArray> words = contentsOf(folder + QStringLiteral("/cpu.max")).trimmed().split(' ');
@@ -102,7 +103,7 @@ std::optional<double> processorsOfVersion1(const QString& folder)
                  number(contentsOf(folder + QStringLiteral("/cpu.cfs_period_us"))));
 }
 
-// Version 1 writes "no limit" as the largest number of pages that it can count.
+// Version 1 writes "no limit" as the largest whole number of pages.
 std::optional<double> memoryOfVersion1(const QString& folder)
 {
     constexpr double kNoLimit = 1LL << 60;
@@ -110,7 +111,7 @@ std::optional<double> memoryOfVersion1(const QString& folder)
     return bytes && *bytes < kNoLimit ? bytes : std::nullopt;
 }
 
-// Calls a function with every folder whose limits count for the process.
+// Calls a function with every folder whose limits apply to the process.
 template<typename Function>
 void forFolders(const QString& root, const Mount& mount, const QString& controller, const Function& function)
 {

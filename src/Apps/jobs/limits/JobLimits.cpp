@@ -71,7 +71,7 @@ int processorsOfThisProcess()
     cpu_set_t set;
     if (sched_getaffinity(0, sizeof set, &set) == 0)
         return CPU_COUNT(&set);
-    // The set of a machine with more than 1,024 processors does not fit.
+    // On a machine with more than 1,024 processors the call fails, because the set is too small.
     return static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
 }
 
