@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The objects are made in place, without pictures in between, so that a process that has made a scene has never held
+// The objects are made directly, without intermediate pictures, so that a process that has made a scene has never held
 // more memory than the scene needs.
 #include "BenchScene.h"
 
@@ -37,7 +37,7 @@ Pixel objectPixel(double x, double y, double radiusX, double radiusY)
             static_cast<Channel>(spot * kFull), static_cast<Channel>(coverage * kFull)};
 }
 
-// Of the rectangle around it, the ellipse without its hole covers this share.
+// The ellipse without its hole covers this share of its bounding rectangle.
 constexpr double kShareOfBox = 0.78539816339744831 * (1.0 - 0.28 * 0.28);
 
 } // namespace
@@ -65,7 +65,7 @@ UT_SharedPtr<CEL_PixmapOf<Pixel>> BenchScene<Pixel>::emptyPixmap() const
     return UT_makeShared<Pixmap>(Math::Size2di(_canvas.width(), _canvas.height()), _canvas);
 }
 
-// Places and sizes are shares of the frame.
+// Positions and sizes are fractions of the frame.
 template<typename Pixel>
 void BenchScene<Pixel>::addObject(double centreX, double centreY, double radiusX, double radiusY)
 {

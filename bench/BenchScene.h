@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The pictures that are measured: objects of a 16:9 frame, each an ellipse with a hole and a carved spot, with
-// antialiased edges. Drawn by formula, so that every machine measures the same.
+// The measured pictures: objects in a 16:9 frame, each an ellipse with a hole and a carved spot, with antialiased
+// edges. They are computed by formula, so that every machine measures the same.
 #pragma once
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
@@ -20,7 +20,7 @@ struct FrameSize
 
 inline constexpr FrameSize kFrameSizes[] = {{"1080p", 1920, 1080}, {"4K", 3840, 2160}};
 
-/// What the names of the benchmarks call the formats.
+/// The formats' names in the names of benchmarks.
 template<typename Pixel>
 inline const char* formatName()
 {
@@ -44,16 +44,16 @@ public:
     BenchScene(const FrameSize& frame, Objects objects);
 
     const Math::Box2di& canvas() const { return _canvas; }
-    /// A pixmap of the frame, with nothing allocated.
+    /// A pixmap of the frame, without pixels.
     UT_SharedPtr<Pixmap> emptyPixmap() const;
 
     /// Per object: the input, and the accumulator that it was merged into.
     const std::vector<UT_SharedPtr<Pixmap>>& inputs() const { return _inputs; }
     const std::vector<UT_SharedPtr<Pixmap>>& accumulators() const { return _accumulators; }
-    /// The output, as large as the frame, kept from run to run.
+    /// The output, as large as the frame, kept between runs.
     Pixmap& output() { return *_output; }
 
-    /// The node's whole work of the frame, from the accumulators to the output.
+    /// The node's whole work for the frame, from the accumulators to the output.
     void render(double bevel, int quality);
 
     /// Composes the results, one per object, into the output.

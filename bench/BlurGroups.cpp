@@ -20,7 +20,7 @@ struct Sigma
 
 constexpr Sigma kSigmas[] = {{"sigma3.3", 3.3}, {"sigma6.6", 6.6},   {"sigma13.3", 13.3}, {"sigma33", 33.0},
                              {"sigma66", 66.0}, {"sigma133", 133.0}, {"sigma266", 266.0}};
-// OpenCV's own Gaussian takes too long for more.
+// OpenCV's own Gaussian takes too long for larger sigmas.
 constexpr double kLargestForGaussian = 14.0;
 
 struct Planes

@@ -3,9 +3,8 @@
 // The command that turns a drawing into a normal map, step by step and as a whole: the example drawing in 4K, 16-bit,
 // medium quality, with the functions that the command itself calls.
 //
-// The node has its inputs rasterised while it renders, so these two are told apart by drawings that note how long
-// their rasterising takes. The node rasterises one input after the other, so that the notes add up on any number of
-// threads.
+// The node rasterises its inputs while it renders; to separate the two, the drawings measure how long their rasterising
+// takes. The node rasterises one input after the other, so these times add up on any number of threads.
 #include "Groups.h"
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
@@ -29,7 +28,7 @@ double secondsSince(Clock::time_point start)
     return std::chrono::duration<double>(Clock::now() - start).count();
 }
 
-/// A drawing that adds the time which its rasterising takes to a sum.
+/// A drawing that adds the time of its rasterising to a sum.
 class TimedDrawing final : public CELVEC_Kvd
 {
 public:
@@ -60,7 +59,7 @@ Result&& expected(Result&& result)
     return std::forward<Result>(result);
 }
 
-/// One run of the command, of which each step can be had by itself once those before it were done.
+/// One run of the command. Each step can be repeated alone once those before it were done.
 class CommandRun
 {
 public:
@@ -71,7 +70,7 @@ public:
         runAll();
     }
 
-    /// Seconds of the last render that went into rasterising.
+    /// Seconds that the last render spent on rasterising.
     double rasterising() const { return *_rasterising; }
 
     void read()
@@ -83,7 +82,7 @@ public:
 
     void render()
     {
-        // The node says on the standard output that it is done, where the table goes.
+        // The node prints a line to standard output, which is for the table.
         const SilencedOutput silenced(true);
         *_rasterising = 0.0;
         _pictures = std::move(*expected(renderNormalMap(_drawing, _settings, {})));
@@ -115,8 +114,7 @@ private:
 
 using LazyRun = Lazy<CommandRun>;
 
-// Renders, and takes for the time what the function makes of the whole of it and of the part that went into
-// rasterising.
+// Renders, and reports as the time what the function computes from the whole time and the time of rasterising.
 std::function<void(benchmark::State&)> partOfRender(const LazyRun& run, int threads, double (*part)(double, double))
 {
     return [=](benchmark::State& state) {
@@ -156,7 +154,7 @@ void addCases(const LazyRun& run, const std::string& prefix, int threads, Group&
         {prefix + "encode : whole", prefix + "encode", prefix + "whole", 1.0 / 3.0, false, "encoding : whole command"});
 }
 
-// Both numbers of threads in one group, so that they run interleaved.
+// Both numbers of threads are in one group, so that they run interleaved.
 Group commandGroup()
 {
     const LazyRun run([] { return std::make_shared<CommandRun>(); });

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The groups of benchmarks, and the makers of each.
+// The functions that make the groups of benchmarks.
 #pragma once
 
 #include "Measuring.h"
@@ -14,7 +14,7 @@ using GroupMakers = std::vector<std::function<Group()>>;
 
 /// From the accumulator of one object to the output, beside the peer's program and a copy of a frame.
 GroupMakers wholeGroups();
-/// Each stage for itself, beside the peer's.
+/// Each stage by itself, beside the peer's.
 GroupMakers stageGroups();
 /// The blur of one float plane, beside OpenCV's and a copy of the plane.
 GroupMakers blurGroups();
@@ -22,10 +22,10 @@ GroupMakers blurGroups();
 GroupMakers scalingGroups();
 /// The command from a drawing's file to its normal map's, step by step.
 GroupMakers commandGroups();
-/// The command on drawings of more and more layers and objects.
+/// The command on drawings of increasing numbers of layers and objects.
 GroupMakers growthGroups();
 
-/// A value that is made when it is asked for first, shared by the cases of a group.
+/// A value that is made on first use, shared by the cases of a group.
 template<typename Value>
 class Lazy
 {

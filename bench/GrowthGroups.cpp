@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// How the command's time grows with the work: a drawing of so many layers, or of so many top-level groups that become
-// objects, and one of four times as many. The picture is small, so that what is measured is the work for each layer.
+// How the command's time grows with the work: a drawing with a number of layers, or of top-level groups that become
+// objects, and one with four times as many. The picture is small, so that the work for each layer dominates.
 #include "Groups.h"
 
 #include "SilencedOutput.h"
@@ -18,10 +18,11 @@ namespace {
 
 constexpr int kSide = 64;
 constexpr int kTimes = 4;
-// Four times the work may take this much longer: straight growth, with some room for what no longer fits the caches.
+// Four times the work may take this much longer: linear growth, with some room for what does not fit the caches any
+// more.
 constexpr double kGoal = 4.6;
 
-// A square for each layer, in rows from corner to corner, so that neighbours hardly cover each other.
+// A square for each layer, in rows from corner to corner, so that neighbours hardly overlap.
 QByteArray drawingOf(int layers, const QByteArray& attributes)
 {
     QByteArray svg = "<svg xmlns='http://www.w3.org/2000/svg' "

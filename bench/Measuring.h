@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What the groups of benchmarks are made of: a case is one thing that is timed, a figure is the comparison of two.
-// Cases of a group run interleaved, so that a machine that slows down slows all of them.
+// The parts of the groups of benchmarks: a case is one timed piece of work, a figure compares two. Cases of a group run
+// interleaved, so that a machine that slows down slows all of them.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -14,19 +14,19 @@
 #include <string>
 #include <vector>
 
-/// One thing that is timed. Its name is words with slashes between them.
+/// One timed piece of work. Its name is words with slashes between them.
 struct Case
 {
     std::string name;
     std::function<void(benchmark::State&)> run;
 };
 
-/// A ratio of two times, and what it should be.
+/// A ratio of two times, and its goal.
 struct Figure
 {
     static constexpr double kNoGoal = std::numeric_limits<double>::quiet_NaN();
 
-    std::string name;        ///< what the table calls it
+    std::string name;        ///< the name in the table
     std::string numerator;   ///< the name of a case
     std::string denominator; ///< the name of a case; empty: the numerator's time alone is shown
     double goal = kNoGoal;
@@ -41,8 +41,8 @@ struct Group
     std::vector<Figure> figures;
 };
 
-/// Times work, each time after a preparation that is not timed. Both run in an arena of so many threads, as does
-/// everything that they start.
+/// Times work; each run follows a preparation that is not timed. Both, and everything that they start, run in an arena
+/// of this many threads.
 template<typename Prepare, typename Work>
 void timeEach(benchmark::State& state, int threads, const Prepare& prepare, const Work& work)
 {

@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The stages of the peer, in their order. Inner loops are free of jumps, so that the compiler makes vector code of
-// them.
+// The peer's stages, in their order. Inner loops have no branches, so that the compiler can vectorise them.
 #include "OpenCvPeer.h"
 
 #include <opencv2/imgproc.hpp>
@@ -32,8 +31,8 @@ cv::Rect rectIn(const Math::Box2di& box, const Math::Box2di& frame)
 
 } // namespace
 
-// Each step down or up at level i adds a variance of 4^i pixels: that of (1 4 6 4 1) / 16, which pyrDown averages with,
-// and of (1 4 6 4 1) / 8, the cubic B-spline, which pyrUp spreads with.
+// Each step down or up at level i adds a variance of 4^i pixels: the variance of (1 4 6 4 1) / 16, with which pyrDown
+// averages, and of (1 4 6 4 1) / 8, the cubic B-spline, with which pyrUp spreads.
 void OpenCvPyramid::blur(const cv::Mat& source, cv::Mat& result, double sigma)
 {
     std::size_t halvings = 0;
@@ -74,7 +73,8 @@ void OpenCvPeer<Pixel>::makeMask(const CEL_PixmapOf<Pixel>& accumulator)
     _inner = Math::Box2di(bounds.x1 + rect.x1, bounds.y1 + rect.y1, bounds.x2 + rect.x1, bounds.y2 + rect.y1);
 }
 
-// Where the result is clipped to the geometry, a mirror 2 sigma away from it shows nothing nearer than 4 sigma.
+// The blur mirrors at the plane's edge. Where the result is clipped to the geometry, an edge 2 sigma away from it
+// suffices, since its mirrored geometry is at least 4 sigma away.
 template<typename Pixel>
 void OpenCvPeer<Pixel>::placeMask(const CEL_PixmapOf<Pixel>& accumulator, const PeerJob& job)
 {
@@ -133,7 +133,7 @@ void OpenCvPeer<Pixel>::makeDepth(const PeerJob& job)
     }
 }
 
-// A pixel without one of its four neighbours faces the viewer; one without depth has no normal at all.
+// A pixel that lacks one of its four neighbours faces the viewer; one without depth has no normal.
 template<typename Pixel>
 void OpenCvPeer<Pixel>::normalRow(int y, int quality, const NormalRows& rows) const
 {
@@ -246,7 +246,7 @@ void OpenCvPeer<Pixel>::compose(const CEL_PixmapOf<Pixel>& coverage, int quality
     }
 }
 
-// Without smoothing a row of normals is composed while it is in the first-level cache.
+// Without smoothing, a row of normals is composed while it is in the first-level cache.
 template<typename Pixel>
 void OpenCvPeer<Pixel>::composeFused(const CEL_PixmapOf<Pixel>& coverage, int quality, CEL_PixmapOf<Pixel>& output)
 {

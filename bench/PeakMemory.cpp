@@ -42,7 +42,7 @@ double bytesPerPixelOfBox(const FrameSize& frame, int bevel, bool ours)
     return (peakBytes() - before) / static_cast<double>(scene.accumulators()[0]->allocatedRect().area());
 }
 
-// What a child computes; not a number when it fails.
+// The result of the computation in a child process; NaN when it fails.
 double inChild(const std::function<double()>& compute)
 {
     int ends[2];

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Whether the peer does the same work: a comparison of times means nothing between programs that make different
-// pictures.
+// Whether the peer does the same work: comparing the times of programs that make different pictures would be
+// meaningless.
 #pragma once
 
 #include <string>
@@ -13,7 +13,7 @@ struct Agreement
 {
     std::string name;
     double mean = 0.0;
-    double ofMost = 0.0; ///< 99.9 of 100 differ by no more than this
+    double ofMost = 0.0; ///< 99.9 of 100 pixels differ by no more than this
 };
 
 /// Compares the 16-bit pictures of one size, every quality and bevel.

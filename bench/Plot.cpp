@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Points are found by the names of their figures; lines are drawn on a logarithmic scale across and a linear one up.
+// Points are found by the names of their figures; the horizontal axis is logarithmic, the vertical one linear.
 #include "Plot.h"
 
 #include "BenchScene.h"
@@ -46,7 +46,7 @@ const Measured* find(const Findings& findings, const std::string& name)
     return found == findings.measured.end() ? nullptr : &*found;
 }
 
-/// Both sides of one figure as multiples of the copy that another figure compares with.
+/// Adds both sides of one figure as multiples of a copy, which another figure compares with.
 void addPoints(const Findings& findings, const std::string& name, const std::string& peer, const Measured* copy,
                Point point, Line& ours, Line& theirs)
 {
@@ -114,7 +114,7 @@ Plot sizePlot(const Findings& findings)
     return plot;
 }
 
-/// Where values lie in the picture.
+/// Maps values to positions in the picture.
 class Axes
 {
 public:

@@ -104,7 +104,7 @@ void writeJsonRow(const Measured& m, std::ostream& out)
     out << '}';
 }
 
-// A measurement that failed is no number, which JSON writes as null.
+// A failed measurement is NaN, which JSON writes as null.
 std::string jsonNumber(double value)
 {
     return value == value ? format("%.6g", value) : "null";

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The results: collected from Google Benchmark repetition by repetition, told as a table and as JSON.
+// The results: collected from Google Benchmark repetition by repetition, written as a table and as JSON.
 #pragma once
 
 #include "Measuring.h"
@@ -11,7 +11,7 @@
 #include <ostream>
 #include <vector>
 
-/// Collects the time of each repetition of each case, and says on the error stream which group it is at.
+/// Collects the time of each repetition of each case, and reports the current group on the error stream.
 class TimeCollector final : public benchmark::BenchmarkReporter
 {
 public:
@@ -31,7 +31,7 @@ struct Measured
     Figure figure;
     double numerator = 0.0;   ///< median seconds
     double denominator = 0.0; ///< median seconds; 0 when the figure has none
-    double spread = 0.0;      ///< the larger of both sides' middle halves of repetitions, as a share of the median
+    double spread = 0.0;      ///< the larger of both sides' interquartile ranges, as a share of the median
 
     double ratio() const { return numerator / denominator; }
     bool hasRatio() const { return denominator > 0.0; }
@@ -39,7 +39,7 @@ struct Measured
     bool isMet() const { return figure.atLeast ? ratio() >= figure.goal : ratio() <= figure.goal; }
 };
 
-/// Everything that a run of the benchmarks found.
+/// All results of a run of the benchmarks.
 struct Findings
 {
     std::vector<Measured> measured;

@@ -36,7 +36,8 @@ void addObjects(Group& group, const std::string& prefix, const Lazy<Scene>& one,
     group.cases.push_back({prefix + "five-objects-two-threads", render(five, 2)});
     group.figures.push_back({prefix + "five-objects : one-object", prefix + "five-objects", prefix + "one-object", 1.25,
                              false, "five objects : one of the same area"});
-    // No goal: of the module only the composition runs in parallel. A whole frame, drawing and all, has one.
+    // No goal: only the composition of the module runs in parallel. A whole frame, with its drawings, has a goal
+    // (CommandGroups.cpp).
     group.figures.push_back({prefix + "node alone, one thread : two threads",
                              prefix + "five-objects",
                              prefix + "five-objects-two-threads",
@@ -45,7 +46,7 @@ void addObjects(Group& group, const std::string& prefix, const Lazy<Scene>& one,
                              {}});
 }
 
-// The same work twice, once after the other and once side by side; work(0) and work(1) share nothing.
+// The same work twice, sequentially and in parallel; work(0) and work(1) share nothing.
 template<typename Work>
 void addPair(Group& group, const std::string& prefix, const std::string& name, const Work& work, double goal,
              const std::string& kind)
@@ -62,7 +63,7 @@ void addPair(Group& group, const std::string& prefix, const std::string& name, c
     };
     group.cases.push_back({turns, [=](benchmark::State& state) { timeEach(state, inTurn); }});
     group.cases.push_back({sides, [=](benchmark::State& state) {
-                               // What is made when it is asked for first, is made before two threads ask for it.
+                               // Lazy values are made here, before two threads ask for them.
                                inTurn();
                                timeEach(state, atOnce);
                            }});
@@ -73,7 +74,7 @@ void addFrames(Group& group, const std::string& prefix, const Lazy<Scene>& one, 
 {
     const auto render = [=](int which) { renderOnOneThread(which == 0 ? *one : *other); };
     addPair(group, prefix, "frames", render, 1.8, "two frames in turn : at once");
-    // What the memory lets two threads have of it.
+    // Shows how much of the memory's bandwidth two threads get.
     const Lazy<std::array<std::vector<CEL_PixelRGBA16>, 2>> copies([=] {
         const auto pixels = static_cast<std::size_t>(one->canvas().area());
         return std::make_shared<std::array<std::vector<CEL_PixelRGBA16>, 2>>(

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The stages one by one. Where they are cut is not quite the same on both sides: the node makes the depths while it
-// makes the normals, the peer before.
+// The stages one by one. The two sides divide the work slightly differently: the node makes the depths together with
+// the normals, the peer before.
 #include "BenchScene.h"
 #include "BlurAlgo/BlurAlgo.h"
 #include "Groups.h"
@@ -18,11 +18,11 @@ enum PeerStage
     MASKED,
     BLURRED,
     CLIPPED,
-    DEEP,
+    WITH_DEPTHS,
     WITH_NORMALS
 };
 
-// What every stage starts from, on both sides.
+// The input of every stage, on both sides.
 template<typename Pixel>
 class Stages
 {
@@ -62,15 +62,15 @@ public:
         results[1] = normals;
     }
 
-    // Runs the peer up to and with a stage, from the start: some of its stages work in place.
-    void bringPeerTo(PeerStage stage)
+    // Runs the peer up to and including a stage, from the start, because some stages work in place.
+    void runPeerThrough(PeerStage stage)
     {
         maskPeer();
         if (stage >= BLURRED)
             peer.blur();
         if (stage >= CLIPPED)
             peer.clipAndFindRange(true);
-        if (stage >= DEEP)
+        if (stage >= WITH_DEPTHS)
             peer.makeDepth(_job);
         if (stage >= WITH_NORMALS)
             peer.makeNormals(LOW_NORMAL_QUALITY);
@@ -82,7 +82,7 @@ public:
         peer.placeMask(*scene.accumulators()[0], _job);
     }
 
-    void deepenPeer() { peer.makeDepth(_job); }
+    void makePeerDepths() { peer.makeDepth(_job); }
 
     BenchScene<Pixel> scene;
     OpenCvPeer<Pixel> peer;
@@ -147,7 +147,7 @@ private:
         add("mask", "opencv", nothing, [](S& s) { s.maskPeer(); });
         add("blur", "ours", nothing, [](S& s) { s.scratch = s.makeBlurred(); });
         add(
-            "blur", "opencv", [](S& s) { s.bringPeerTo(MASKED); }, [](S& s) { s.peer.blur(); });
+            "blur", "opencv", [](S& s) { s.runPeerThrough(MASKED); }, [](S& s) { s.peer.blur(); });
     }
 
     void addElevation()
@@ -155,7 +155,7 @@ private:
         add(
             "clip", "ours", [](S& s) { s.scratch = S::copyOf(*s.blurred); }, [](S& s) { s.clipped(s.scratch); });
         add(
-            "clip", "opencv", [](S& s) { s.bringPeerTo(BLURRED); }, [](S& s) { s.peer.clipAndFindRange(true); });
+            "clip", "opencv", [](S& s) { s.runPeerThrough(BLURRED); }, [](S& s) { s.peer.clipAndFindRange(true); });
     }
 
     void addNormals(int quality)
@@ -164,9 +164,9 @@ private:
         add(
             stage, "ours", [](S&) {}, [=](S& s) { s.makeNormals(quality); });
         add(
-            stage, "opencv", [](S& s) { s.bringPeerTo(CLIPPED); },
+            stage, "opencv", [](S& s) { s.runPeerThrough(CLIPPED); },
             [=](S& s) {
-                s.deepenPeer();
+                s.makePeerDepths();
                 s.peer.makeNormals(quality);
                 if (quality == HIGH_NORMAL_QUALITY)
                     s.peer.smoothNormals();
@@ -178,7 +178,7 @@ private:
         add(
             "compose", "ours", [](S&) {}, [](S& s) { s.scene.compose(s.results); });
         add(
-            "compose", "opencv", [](S& s) { s.bringPeerTo(WITH_NORMALS); },
+            "compose", "opencv", [](S& s) { s.runPeerThrough(WITH_NORMALS); },
             [](S& s) { s.peer.compose(*s.scene.inputs()[0], LOW_NORMAL_QUALITY, s.scene.output()); });
     }
 

@@ -77,7 +77,7 @@ Group wholeGroup(const FrameSize& frame, bool hasGoals = true)
 GroupMakers wholeGroups()
 {
     GroupMakers makers;
-    // A third size, for the plot: its frame fits a cache, where nothing is quicker than a copy.
+    // A third size, for the plot: its frame fits a cache, where a copy is fastest.
     makers.push_back([] { return wholeGroup<CEL_PixelRGBA16>({"720p", 1280, 720}, false); });
     for (const FrameSize& frame : kFrameSizes) {
         makers.push_back([&] { return wholeGroup<CEL_PixelRGBA16>(frame); });

@@ -2,9 +2,9 @@
 //
 // bench_vallorin [NAME] [--json FILE] [--plot FILE] [--benchmark_...]
 //
-// Measures, prints the table, and writes it as JSON and as an SVG picture when asked to. NAME chooses what runs, as
-// --benchmark_filter does ("growth", "command/4K"); it also chooses among the memory cases. Google Benchmark's other
-// words choose how often. Everything runs on one thread but the cases whose names say otherwise.
+// Measures, prints the table, and on request writes it as JSON and as an SVG picture. NAME selects benchmarks as
+// --benchmark_filter does ("growth", "command/4K"), and memory cases too. The other options of Google Benchmark set the
+// repetitions. Everything runs on one thread except the cases whose names say otherwise.
 #include "Groups.h"
 #include "Plot.h"
 #include "Report.h"
@@ -27,7 +27,7 @@ struct Words
     std::vector<std::string> forBenchmark;
 };
 
-// Later words win over these.
+// The user's options come later and override these.
 const std::vector<std::string> kDefaults = {"--benchmark_repetitions=5", "--benchmark_min_time=0.02",
                                             "--benchmark_enable_random_interleaving=true"};
 
@@ -40,7 +40,7 @@ std::optional<Words> parse(int argc, char** argv)
         const std::string word = argv[i];
         if (word == "--json" || word == "--plot") {
             if (i + 1 == argc) {
-                std::cerr << "bench_vallorin: " << word << " needs the name of a file behind it\n";
+                std::cerr << "bench_vallorin: " << word << " needs the name of a file after it\n";
                 return std::nullopt;
             }
             (word == "--json" ? words.jsonFile : words.plotFile) = argv[++i];
@@ -56,7 +56,7 @@ std::optional<Words> parse(int argc, char** argv)
     return words;
 }
 
-// False when there is a word that nobody knows.
+// False when an option is unknown.
 bool initialize(Words& words)
 {
     std::vector<char*> pointers;
@@ -68,7 +68,7 @@ bool initialize(Words& words)
     return !benchmark::ReportUnrecognizedArguments(count, pointers.data());
 }
 
-// Google Benchmark's filter, asked before pictures are made: a minus in front turns it round.
+// Google Benchmark's filter, applied before pictures are made: a leading minus inverts it.
 class Filter
 {
 public:
@@ -111,14 +111,14 @@ void runAll(const Filter& accepts, Findings& findings)
          {wholeGroups(), blurGroups(), stageGroups(), scalingGroups(), commandGroups(), growthGroups()})
         for (const auto& makeGroup : makers) {
             const Group group = makeGroup();
-            std::cerr << "measuring " << group.cases.front().name << " and its like\n";
+            std::cerr << "measuring " << group.cases.front().name << " and similar cases\n";
             TimeCollector times;
             runGroup(group, accepts, times);
             findings.add(group.figures, times);
         }
 }
 
-// Opens a file that results are to go to, if there is one; before the measuring, which takes long.
+// Opens the file for results, if one is named; before the measuring, which takes long.
 bool open(const std::optional<std::string>& name, std::ofstream& file)
 {
     if (name)
@@ -146,7 +146,7 @@ int run(Words& words)
             else
                 findings.memory.push_back(measureMemoryCase(name));
         }
-    // Two, so that arenas of two threads have them on every machine; all others are arenas of one.
+    // Two, so that arenas of two threads get two on every machine; all others have one thread.
     const tbb::global_control threads(tbb::global_control::max_allowed_parallelism, 2);
     if (!words.listOnly && accepts("agreement"))
         findings.agreements = comparePictures();
@@ -171,7 +171,7 @@ int main(int argc, char** argv)
     try {
         return run(*words);
     } catch (const std::regex_error&) {
-        std::cerr << "bench_vallorin: the filter is no regular expression\n";
+        std::cerr << "bench_vallorin: the filter is not a regular expression\n";
         return 2;
     }
 }

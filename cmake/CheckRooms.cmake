@@ -1,5 +1,5 @@
-# Checks that the rooms of a library keep their order: a room's sources include nothing of a later room and no private header of
-# another one, and every include of the library's own names the room, so that nothing gets past this check.
+# Checks that the rooms of a library keep their order: a room's sources include nothing of a later room and no private
+# header of another one. Every include of the library's own headers must name the room, so that this check sees it.
 #
 #   cmake -DLIBRARY=name -DFOLDER=its-folder "-DROOMS=lowest;...;highest" -P CheckRooms.cmake
 cmake_minimum_required(VERSION 3.25)

@@ -1,6 +1,6 @@
 # Fails when a text has no finished translation, and names it: cmake -DLUPDATE= -DARGUMENTS= -DSOURCE= -DWORK= -P CheckTranslations.cmake
 #
-# Looks at a copy, so that running the tests changes no source.
+# Works on a copy, so that running the tests changes no source.
 
 get_filename_component(name "${SOURCE}" NAME)
 file(MAKE_DIRECTORY "${WORK}")
@@ -13,12 +13,12 @@ endif()
 
 file(READ "${copy}" text)
 if(NOT text MATCHES "<message")
-  message(FATAL_ERROR "${copy} holds no text at all.")
+  message(FATAL_ERROR "${copy} contains no texts.")
 endif()
 string(REPLACE "&quot;" "\"" text "${text}")
 string(REPLACE "&apos;" "'" text "${text}")
 string(REPLACE "&amp;" "&" text "${text}")
-# Lists split at semicolons, and brackets keep them from it.
+# Avoids semicolons and brackets, which split and join CMake's lists.
 string(REPLACE ";" "," text "${text}")
 string(REPLACE "[" "(" text "${text}")
 string(REPLACE "]" ")" text "${text}")

@@ -1,8 +1,8 @@
 # How every target of the project is compiled: C++20, hidden symbols, and arithmetic that gives the same bits on every machine.
 #
-# There is one optimised configuration, CMake's Release: -O3 without assertions. It is what a build without a named type gets, what
-# people run, what is installed, and what the benchmarks measure. Assertions live in the Debug configuration, which the sanitizers
-# use as well.
+# There is one optimised configuration, CMake's Release: -O3 without assertions. It is the default, what people run,
+# what is installed, and what the benchmarks measure. Assertions are enabled in the Debug configuration, which the
+# sanitizers use as well.
 
 option(VALLORIN_WERROR "Warnings are errors; our presets say so, a build with another compiler need not fail for a new warning" OFF)
 
@@ -19,7 +19,8 @@ set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
-# Programs, libraries and the plug-in lie in the build tree as they do when installed, so that both find each other the same way.
+# Programs, libraries and the plug-in have the same places in the build tree as when installed, so that they find each
+# other in the same way.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/${CMAKE_INSTALL_BINDIR}")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR}")
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR}")
@@ -46,7 +47,7 @@ else()
               -Wold-style-cast
               $<$<BOOL:${VALLORIN_WERROR}>:-Werror>
               -ffp-contract=off
-              # Reports of crashes name the lines.
+              # Line numbers for crash reports.
               $<$<CONFIG:Release>:-g1>)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # GCC 12 drops the rounding to float between two neighbouring double(float(expression)) when it pairs them into one vector
@@ -56,13 +57,13 @@ else()
 endif()
 if(VALLORIN_SANITIZE)
   target_compile_options(vallorin_compiler INTERFACE -fsanitize=${VALLORIN_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
-  # GCC loses track of what is initialised among the checks that the sanitizers put in.
+  # GCC loses track of initialised variables among the sanitizers' checks.
   target_compile_options(vallorin_compiler INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   target_link_options(vallorin_compiler INTERFACE -fsanitize=${VALLORIN_SANITIZE})
   # Type information crosses the plug-in's border, where the vptr check sees two copies of it.
   if(VALLORIN_SANITIZE MATCHES "undefined")
     target_compile_options(vallorin_compiler INTERFACE -fno-sanitize=vptr)
-    # Qt's lists compare and copy nothing at no address.
+    # Qt's lists call memcmp() and memcpy() with null pointers for zero elements.
     target_compile_options(vallorin_compiler INTERFACE -fno-sanitize=nonnull-attribute)
   endif()
 endif()

@@ -1,10 +1,10 @@
-# Headers of the libraries around us that nearly every source reads are compiled once: it halves what a build costs. Sources
-# include what they use all the same; the debug preset builds without, and would notice.
+# Headers of other libraries that nearly every source reads are compiled once, which halves the cost of a build. Sources
+# still include what they use; the debug preset builds without precompiled headers and would reveal a missing include.
 
 option(VALLORIN_PRECOMPILED "Compile the headers of other libraries once" ON)
 
-# The compiler takes a precompiled header only where the macros that it has seen are the same, so the targets that hold them see
-# the headers of Qt and the definitions that all targets share.
+# The compiler accepts a precompiled header only where the same macros are defined, so the targets that hold them use
+# Qt's headers and the definitions that all targets share.
 function(vallorin_precompiled_headers name)
   file(WRITE "${CMAKE_BINARY_DIR}/generated/${name}.cpp.new" "// Holds the precompiled headers.\n")
   file(COPY_FILE "${CMAKE_BINARY_DIR}/generated/${name}.cpp.new" "${CMAKE_BINARY_DIR}/generated/${name}.cpp" ONLY_IF_DIFFERENT)

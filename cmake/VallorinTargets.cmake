@@ -1,15 +1,15 @@
-# The kinds of targets that the project is made of. A folder is a target: its sources are what lies in it.
+# The kinds of targets of the project. A folder is a target: its sources are the files in it.
 
 include(GenerateExportHeader)
 
 # quarvel_add_library(NAME [ROOMS folder...] [PUBLIC dep...] [PRIVATE dep...])
 #
-# One host library: the shared library NAME from the folder's sources, known to others as Quarvel::NAME. Its public headers stand
-# at the root of the folder, or in the folders named as ROOMS, and private ones in folders called private. ROOMS names the lowest
-# room first: a room includes nothing of a later one (vallorin_add_rooms_test checks that). Plug-ins include every
-# public header as "NAME/Header.h", in whichever room it stands: a generated header of that name leads there. The project's own
-# sources name the room. The export macro NAME_EXPORT (in
-# upper case) comes from the generated header "NAME/NAMEExport.h".
+# One host library: the shared library NAME from the folder's sources, with the alias Quarvel::NAME. Its public headers
+# are at the root of the folder, or in the folders named as ROOMS; private ones are in folders called private. ROOMS
+# names the lowest room first: a room includes nothing of a later one (vallorin_add_rooms_test checks that). Plug-ins
+# include every public header as "NAME/Header.h", whatever its room: a generated header of that name includes it. The
+# project's own sources name the room. The export macro NAME_EXPORT (in upper case) comes from the generated header
+# "NAME/NAMEExport.h".
 function(quarvel_add_library name)
   cmake_parse_arguments(arg "" "" "ROOMS;PUBLIC;PRIVATE" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
@@ -45,7 +45,7 @@ endfunction()
 
 # quarvel_install_room(NAME ROOM)
 #
-# Makes the headers of a room known under the library's name alone, and installs both.
+# Generates a header under the library's name alone for each header of a room, and installs both.
 function(quarvel_install_room name room)
   file(GLOB headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${room}/*.h")
   install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quarvel/${name}/${room})
@@ -59,8 +59,9 @@ endfunction()
 
 # vallorin_add_tests(AREA [WITHOUT_QT] [THREADS] [LIBRARIES dep...])
 #
-# One test program, test_AREA, from the sources in the folder; CTest knows each of its tests by name. WITHOUT_QT: nothing that it
-# links brings Qt. THREADS: the tests use threads of ours; they have the label "threads", and CI runs them under the thread sanitizer.
+# One test program, test_AREA, from the sources in the folder; CTest knows each of its tests by name. WITHOUT_QT: the
+# program does not link Qt. THREADS: the tests use threads of ours; they have the label "threads", and CI runs them
+# under the thread sanitizer.
 function(vallorin_add_tests area)
   cmake_parse_arguments(arg "WITHOUT_QT;THREADS" "" "LIBRARIES" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
@@ -86,7 +87,7 @@ function(vallorin_add_tests area)
     test_${area}
     TEST_PREFIX "${area}."
     DISCOVERY_TIMEOUT 60
-    # What the programs remember for their user is the tests' own.
+    # The tests have a folder of their own for what the programs remember for their user.
     PROPERTIES ${labels} TIMEOUT 900 ENVIRONMENT "QT_QPA_PLATFORM=offscreen" ENVIRONMENT_MODIFICATION
                "XDG_STATE_HOME=set:${PROJECT_BINARY_DIR}/tests/state")
 endfunction()

@@ -1,12 +1,13 @@
-# Texts in other languages: Qt Linguist's .ts files lie beside the sources, what the programs load is made of them in the build.
+# Translations: Qt Linguist's .ts files are beside the sources, and the build makes from them the files that programs
+# load.
 
-# Languages besides English, which the sources speak.
+# Languages besides English, the language of the sources.
 set(VALLORIN_LANGUAGES de)
 
 # vallorin_add_translations(TARGET NAME SOURCE_FOLDER RESULT_FOLDER RESULTS)
 #
-# Makes NAME_LANGUAGE.qm in RESULT_FOLDER from NAME_LANGUAGE.ts in SOURCE_FOLDER, for every language; the target TARGET makes them, the
-# variable RESULTS gets their paths.
+# Makes NAME_LANGUAGE.qm in RESULT_FOLDER from NAME_LANGUAGE.ts in SOURCE_FOLDER for every language, with the target
+# TARGET; sets the variable RESULTS to their paths.
 function(vallorin_add_translations target name source_folder result_folder results)
   set(files "")
   foreach(language IN LISTS VALLORIN_LANGUAGES)
@@ -24,12 +25,12 @@ function(vallorin_add_translations target name source_folder result_folder resul
   set(${results} ${files} PARENT_SCOPE)
 endfunction()
 
-# The texts of the desktop application are those of its own sources and of all that it shows of the host's.
+# The texts of the desktop application are those of its own sources and of the host parts that it shows.
 set(VALLORIN_STUDIO_TRANSLATIONS "${PROJECT_SOURCE_DIR}/src/Apps/studio/translations")
 set(VALLORIN_LUPDATE_ARGUMENTS -silent -no-obsolete -locations none -I "${PROJECT_SOURCE_DIR}/src/Apps" -I "${PROJECT_SOURCE_DIR}/src/Host"
                                -recursive "${PROJECT_SOURCE_DIR}/src/Apps/studio" "${PROJECT_SOURCE_DIR}/src/Host")
 
-# ./dev translate: brings the .ts files up to date with the sources.
+# ./dev translate: updates the .ts files from the sources.
 set(update_commands "")
 foreach(language IN LISTS VALLORIN_LANGUAGES)
   list(APPEND update_commands COMMAND Qt6::lupdate ${VALLORIN_LUPDATE_ARGUMENTS} -target-language ${language} -ts
