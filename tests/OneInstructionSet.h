@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Tests of vector code choose the instruction set that it runs with.
+// Lets tests of vector code choose its instruction set.
 #pragma once
 
 #include "QuarvelVectorLanes/VL_Targets.h"
@@ -9,7 +9,7 @@
 
 #include <cstdint>
 
-/// Makes the vector code run with one instruction set until it is gone.
+/// Restricts vector code to one instruction set for the lifetime of this object.
 class OneInstructionSet
 {
 public:
@@ -19,7 +19,7 @@ public:
     OneInstructionSet& operator=(const OneInstructionSet&) = delete;
 };
 
-/// Runs work with each instruction set that this machine has, the plainest included.
+/// Calls work with each instruction set that this machine has, including the baseline.
 template<typename Work>
 void withEachInstructionSet(const Work& work)
 {

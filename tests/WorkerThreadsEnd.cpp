@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Part of every test program that has Qt: when the tests are through, the threads of their loops end before the process
-// does. One that was still at it would be reported as a leak of what Qt keeps for each thread.
+// Part of every test program with Qt: after the tests, the worker threads of their loops end before the process does. A
+// thread that still runs would be reported as a leak of the data that Qt keeps for each thread.
 #include "jobs/WorkerThreads.h"
 
 #include <gtest/gtest.h>

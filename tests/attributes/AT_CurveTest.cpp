@@ -29,7 +29,7 @@ AT_Curve curveOf(std::initializer_list<Key> keys)
     return curve;
 }
 
-// From 0 to 1 over 8 frames; both handles are as long as the segment's half and level.
+// From 0 to 1 over 8 frames; both handles are horizontal and half as long as the segment.
 AT_Curve easing()
 {
     Key first = key(0.0, 0.0, BEZIER);
@@ -138,7 +138,7 @@ TEST(Curve, OfBezierKeysWithoutHandlesIsStraight)
 
 TEST(Curve, MayOvershootBetweenBezierKeys)
 {
-    // In the middle 3/8 of each handle's value, -8 and -8, stand beside the keys' zeros.
+    // In the middle, 3/8 of each handle's value, -8 and -8, is added to the keys' zeros.
     Key first = key(0.0, 0.0, BEZIER);
     first.out = {4.0, -8.0};
     Key last = key(8.0, 0.0, BEZIER);
@@ -179,7 +179,7 @@ RC_GTEST_PROP(Curve, StaysBetweenTwoLinearKeys, ())
 
 RC_GTEST_PROP(Curve, NeverGoesBackInTime, ())
 {
-    // With values that rise as the frames do along the polygon, a curve that went back in time would fall.
+    // The values are those of the frames, so a curve that went back in time would fall.
     Key first = key(0.0, 0.0, BEZIER);
     Key last = key(10.0, 10.0, BEZIER);
     first.out = {*rc::gen::inRange(0, 300) / 10.0, 0.0};

@@ -52,7 +52,7 @@ private:
     const UT_DynKey* _known;
 };
 
-// An enumeration of which nobody asked for the table before.
+// An enumeration whose table no other test uses.
 enum eFresh
 {
     FRESH_ONE = 1

@@ -39,7 +39,7 @@ protected:
     AT_DrawingAttr drawing{plainMeta()};
 };
 
-// Notes the classes that it visits.
+// Records the classes that it visits.
 class Namer : public AT_AttrVisitor
 {
 public:

@@ -41,9 +41,9 @@ inline bool load(AT_Attr& attr, const char* xml, QStringList* warnings = nullptr
     return load(attr, QString::fromUtf8(xml), warnings);
 }
 
-/// Executes a command, undoes it, redoes it, and checks what is saved at each step; leaves it done.
+/// Executes a command, undoes it, redoes it, and checks the saved text at each step.
 ///
-/// @return what is saved when it is done
+/// @return the saved text after the command
 inline QString checkCommand(const AT_Attr& attr, const std::unique_ptr<CO_Command>& command)
 {
     if (!command) {
@@ -80,7 +80,7 @@ inline bool isCommand(CO_Command* owned)
     return command != nullptr;
 }
 
-/// Counts how often it is told something.
+/// Counts its notifications.
 class Counter : public XUListener
 {
 public:
@@ -89,7 +89,7 @@ public:
     int count = 0;
 };
 
-/// A surrogate that gives what it is told to give.
+/// A surrogate with a given value.
 class FixedSurrogate : public AT_ScalarSimpleAttrSurrogate
 {
 public:
@@ -113,8 +113,8 @@ enum eSpeed
     WARP_SPEED = 5
 };
 
-/// An enumerated attribute as modules write them: it says what its values are, and what the versions of its format
-/// mean. Version 2 calls the fastest one by another name.
+/// An enumerated attribute as modules derive it: it defines its values and the versions of its format. Version 2
+/// renames the fastest value.
 class SpeedAttr : public AT_EnumAttr<eSpeed>
 {
 public:
@@ -156,7 +156,7 @@ inline const AT_DoubleAttrMeta& scaleMeta()
     return meta;
 }
 
-/// A number without limits worth mentioning.
+/// A number with very wide limits.
 inline const AT_DoubleAttrMeta& wideMeta()
 {
     constexpr double kMost = std::numeric_limits<double>::max();

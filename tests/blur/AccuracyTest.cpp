@@ -107,9 +107,9 @@ TEST_P(Accuracy, HoldsForDifferentDeviationsInXAndY)
 
 TEST(AccuracyOfEveryPicture, FollowsFromTheErrorsOfAllWeights)
 {
-    // A picture from 0 to 1 that shows nothing but the weights that are too large makes the largest error that there is
-    // along an axis: half of the sum of all errors, since the others are too small by as much. Two axes make twice
-    // that.
+    // A picture of 0 and 1 that has 1 just where the weights are too large makes the largest possible error along an
+    // axis: half of the sum of all errors, since the other weights are too small by the same amount. Two axes make
+    // twice that.
     for (double sigma = 0.3; sigma < 32.0; sigma *= 1.011) {
         const int places = sigma < 3.0 ? 1 : 1 << std::ilogb(sigma);
         const int reach = static_cast<int>(8 * sigma) + 2 * places;
@@ -159,7 +159,7 @@ TEST(AccuracyOfSmallPictures, HoldsForSingleColumns)
 
 TEST(AccuracyOfSparsePictures, HoldsForPixelsFarFromEachOther)
 {
-    // Emptiness between them wide and high enough to be left out.
+    // The gaps are wide and high enough to be skipped.
     const auto pixels = [](int x, int y) { return x % 397 == 5 && y % 61 == 3; };
     for (const double sigma : {1.0, 3.3, 5.0, 6.6, 15.0}) {
         expectWithinBounds(painted(Box2di(-3, -70, 1300, 130), pixels), sigma, sigma);
@@ -170,7 +170,7 @@ TEST(AccuracyOfSparsePictures, HoldsForPixelsFarFromEachOther)
 
 RC_GTEST_PROP(AccuracyOfAnything, HoldsForAnyPictureAndDeviation, ())
 {
-    // Whole ranges from the first picture on.
+    // Ranges are complete from the first picture on (generators grow with the number of the picture).
     const auto within = [](int low, int high) {
         return *rc::gen::resize(rc::kNominalSize, rc::gen::inRange(low, high));
     };
@@ -178,11 +178,11 @@ RC_GTEST_PROP(AccuracyOfAnything, HoldsForAnyPictureAndDeviation, ())
     const int height = within(1, 50);
     const int x = within(-200, 200);
     const int y = within(-200, 200);
-    // From 0.3 to 60, as many short ones as long ones.
+    // From 0.3 to 60, evenly on a logarithmic scale.
     const auto deviation = [&] { return 0.3 * std::exp2(within(0, 765) / 100.0); };
     const double sigmaX = deviation();
     const double sigmaY = deviation();
-    // Mostly empty, mostly full or anything between, with every value that a picture may have.
+    // Mostly empty, mostly full or in between, with every value that a picture may have.
     const int density = within(1, 100);
     std::mt19937 random(*rc::gen::arbitrary<unsigned>());
     Plane source(Box2di(x, y, x + width, y + height));

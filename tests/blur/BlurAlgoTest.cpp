@@ -34,7 +34,7 @@ public:
     using Channel = typename CEL_PixelTraits<Pixel>::Channel;
     static constexpr Channel kFull = CEL_PixelTraits<Pixel>::kFull;
     static constexpr bool kIntegers = std::is_integral_v<Channel>;
-    /// Two steps of 16 bits, and the half that rounding adds.
+    /// Two steps of 16 bits, and half a step for rounding.
     static constexpr double kTolerance = kIntegers ? 2.5 : 1.0 / 16384;
 
     /// A pixmap with noise in all channels.
@@ -305,7 +305,7 @@ TEST(BlurOfIntegers, ClampsToTheChannelsRange)
     input.realloc(Box2di(0, 0, 37, 1), true);
     for (int x = 0; x < 37; ++x)
         input.at(x, 0).r = static_cast<std::int16_t>(x % 2 == 0 ? 32767 : -32768);
-    // The gain makes up for the weight, so the values stay as they are or come to just beyond.
+    // The gain cancels the weight, so the values stay the same or exceed the range slightly.
     const auto result =
         BlurAlgo::blur(input, gaussian(0.0, 0.5, false), kCanvas, 2, kTransparent).dynamicCast<CEL_PixmapAreaRGBA16>();
     for (int x = 0; x < 37; ++x)

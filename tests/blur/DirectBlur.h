@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The Gaussian blur as the sum that defines it, in double precision: weights cut at eight standard deviations and
-// divided by their sum, zero outside of the picture. And how far a blur is from it, in values and in slopes.
+// divided by their sum, zero outside the picture. And the distance of a blur from it, in values and in slopes.
 #pragma once
 
 #include "BlurAlgo/BA_GaussianBlur.h"
@@ -39,7 +39,7 @@ inline BA_Plane view(const Plane& plane)
     return {const_cast<float*>(plane.values.data()), plane.rect.width(), plane.rect};
 }
 
-/// The rectangle that a blur is asked for.
+/// The rectangle of the result.
 inline Math::Box2di grown(const Math::Box2di& rect, double sigmaX, double sigmaY)
 {
     const int x = static_cast<int>(std::ceil(4 * sigmaX));
@@ -61,7 +61,7 @@ inline std::vector<double> weights(double sigma)
     return result;
 }
 
-/// The exact blur, columns of every row first.
+/// The exact blur: first along the rows, then along the columns.
 inline Exact blurred(const Plane& source, double sigmaX, double sigmaY)
 {
     const std::vector<double> wx = weights(sigmaX);
@@ -88,7 +88,7 @@ inline Exact blurred(const Plane& source, double sigmaX, double sigmaY)
 inline Plane blurredFast(const Plane& source, double sigmaX, double sigmaY)
 {
     Plane result(grown(source.rect, sigmaX, sigmaY));
-    // What is not written shows.
+    // Makes unwritten samples visible.
     std::fill(result.values.begin(), result.values.end(), 1e6F);
     BA_GaussianBlur(sigmaX, sigmaY).run(view(source), view(result));
     return result;
@@ -98,7 +98,7 @@ inline Plane blurredFast(const Plane& source, double sigmaX, double sigmaY)
 struct Errors
 {
     double value = 0.0; ///< the largest error of a value
-    double slope = 0.0; ///< the largest error of a difference of neighbours, as a part of the steepest true one
+    double slope = 0.0; ///< the largest error of a difference of neighbours, as a share of the steepest true one
 };
 
 inline Errors errors(const Plane& blur, const Exact& exact)

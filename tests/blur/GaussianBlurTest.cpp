@@ -188,7 +188,7 @@ TEST(GaussianBlur, GivesTheSamePixelsInWhicheverRectangle)
 
 TEST(GaussianBlur, GivesTheSamePixelsInALargePlaneHoweverItLiesInMemory)
 {
-    // Results of this size are written past the caches where the rows lie alike in memory.
+    // Results of this size are written past the caches where the rows have the same alignment.
     const Plane source = noise(Box2di(0, 0, 1050, 1010));
     const Box2di rect(-6, -5, 1055, 1021);
     for (const double sigma : {4.0, 9.0})
@@ -252,7 +252,7 @@ TEST(GaussianBlur, BlursWithHugeDeviations)
 
 TEST(GaussianBlur, GivesTheSameBitsForAnyNumberOfThreads)
 {
-    // More threads than a small machine has by itself.
+    // Allows more threads than a small machine would use.
     const tbb::global_control allowed(tbb::global_control::max_allowed_parallelism, 7);
     const Plane source = noise(Box2di(-7, 5, 600, 400));
     for (const double sigma : {2.0, 3.3, 17.0}) {
@@ -280,7 +280,7 @@ TEST(GaussianBlur, GivesTheSameBitsWithEveryInstructionSet)
     for (int width = 1; width <= 70; ++width) {
         const Plane source = noise(Box2di(width % 7, 0, width % 7 + width, 9));
         for (const double sigma : {0.8, 2.9, 3.3, 6.0, 15.0}) {
-            // One sample at a time is the plainest of all.
+            // One sample at a time, without vectors.
             const Plane plain = blurredWith(HWY_SCALAR, source, sigma);
             for (std::int64_t rest = supported; rest != 0; rest &= rest - 1) {
                 const std::int64_t target = rest & -rest;

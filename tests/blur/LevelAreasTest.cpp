@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Flat drawings: what is level is not summed up sample by sample, and nobody must be able to tell. The blur with a
-// small deviation is compared bit by bit with the sums of all samples, in their order: the middle first, then the pairs
+// Flat drawings: the blur does not sum level areas sample by sample, which must not show. With a small standard
+// deviation, it is compared bit by bit with the sums of all samples, in their order: the middle first, then the pairs
 // around it from the nearest to the farthest, rows before columns.
 #include "BlurAlgo/BA_GaussianBlur.h"
 #include "OneInstructionSet.h"
@@ -22,15 +22,15 @@ using Math::Box2di;
 
 namespace {
 
-/// All small enough for plain sums.
+/// All small enough for the plain sum.
 const std::vector<double> kSigmas{0.4, 1.3, 2.67, 3.2};
 
 constexpr float kFull = 32767.0F;
-/// At least as wide as the strips that the blur looks at, and some more.
+/// Wider than a few of the blur's strips.
 constexpr int kWide = 150;
 
-/// The weights from the middle outwards: the Gaussian as far as 4.5 standard deviations, divided by its sum, in whole
-/// steps of 2^-24; the middle takes what rounding leaves of 1.
+/// The weights from the middle outwards: the Gaussian up to 4.5 standard deviations, divided by its sum, in multiples
+/// of 2^-24; the middle takes the rounding errors.
 std::vector<float> weightsOf(double sigma)
 {
     if (sigma == 0.0)
@@ -85,11 +85,11 @@ Plane summed(const Plane& source, double sigmaX, double sigmaY, const Box2di& re
 
 bool isSame(float a, float b)
 {
-    // Which of its bits a machine sets in what is not a number is its own affair.
+    // The bits of a NaN differ between machines.
     return std::isnan(a) ? std::isnan(b) : std::bit_cast<std::uint32_t>(a) == std::bit_cast<std::uint32_t>(b);
 }
 
-/// Where two planes of one rectangle differ first, or nothing.
+/// The first difference of two planes of one rectangle, or an empty text.
 std::string difference(const Plane& a, const Plane& b)
 {
     for (int y = a.rect.y1; y < a.rect.y2; ++y)
@@ -100,7 +100,7 @@ std::string difference(const Plane& a, const Plane& b)
     return {};
 }
 
-/// Where the blur differs from the sums of all samples.
+/// The first difference between the blur and the sums of all samples.
 std::string errorOf(const Plane& source, double sigmaX, double sigmaY, const Box2di& rect)
 {
     Plane result(rect);
@@ -129,7 +129,7 @@ Plane flat(const Box2di& rect, float value)
     return plane;
 }
 
-/// Boxes and single pixels of a few values over each other.
+/// Overlapping boxes and single pixels of a few values.
 Plane drawing(const Box2di& rect, unsigned seed)
 {
     std::mt19937 random(seed);
@@ -215,7 +215,7 @@ TEST(LevelAreas, MayBeOfNegativeZerosInfinitiesOrNoNumbers)
 
 TEST(LevelAreas, MayTakeManyValues)
 {
-    // More than anyone keeps in mind.
+    // More values than any cache of sums holds.
     Plane source(Box2di(0, 0, 2000, 40));
     for (int area = 0; area < 20; ++area)
         paint(source, Box2di(100 * area, 0, 100 * area + 100, 40), 0.37F * static_cast<float>(area));

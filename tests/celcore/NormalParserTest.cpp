@@ -37,7 +37,7 @@ TEST(NormalParser, FailsOnEmptyPixels)
 
 TEST(NormalParser, ReadsAVectorAlongX)
 {
-    // Red full is x = 1; green 16383.5 would be y = 0, its neighbour 16384 is y = 1/32767.
+    // Full red is x = 1; y = 0 would be green 16383.5, and 16384 is y = 1/32767.
     const auto pixmap = onePixel({32767, 16384, 1, 32767});
     Vector3d normal;
     ASSERT_TRUE(NormalParser(pixmap).normalAt(0, 0, normal));

@@ -9,7 +9,7 @@ using Math::Box2di;
 
 namespace {
 
-// 2 x 2: red, half-transparent green; nothing, blue.
+// 2 x 2 pixels: red, half-transparent green; empty, blue.
 QImage picture()
 {
     QImage image(2, 2, QImage::Format_ARGB32);
@@ -65,7 +65,7 @@ private:
 };
 
 constexpr int kFull = 32767;
-// One step of 8 bits, which is what the picture's pixels have.
+// One step of 8 bits, the precision of the picture's pixels.
 constexpr int kStep = kFull / 255;
 
 void expectNear(const CEL_PixelRGBA16& pixel, int r, int g, int b, int a)
@@ -106,7 +106,7 @@ TEST(Sprite, FadesWithItsOpacity)
 TEST(Sprite, IsStretchedOverItsPath)
 {
     const auto pixels = render(*sprite(QRectF(0, 0, 16, 16)), 16, 16);
-    // Well inside of each of the four quarters, where no neighbour is mixed in.
+    // Well inside each of the four quarters, where neighbours have no influence.
     expectNear(pixels->at(1, 1), kFull, 0, 0, kFull);
     expectNear(pixels->at(14, 14), 0, 0, kFull, kFull);
     expectNear(pixels->at(1, 14), 0, 0, 0, 0);

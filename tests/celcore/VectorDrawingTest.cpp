@@ -54,7 +54,7 @@ UT_SharedPtr<CELVEC_Kvd> drawingOf(std::initializer_list<CELVEC_Shape> shapes)
     return drawing;
 }
 
-// Paints every colour in one green, and one colour not at all.
+// Paints every colour in one green, except one colour, which it leaves out.
 class AllGreenBut final : public CEL_ColorTransform
 {
 public:

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A command for tests: it appends to a text and takes away again, and fails when it is told to.
+// A command for tests: it appends to a text and undoes that, and fails on request.
 #pragma once
 
 #include "QuarvelCommand/CO_Command.h"
@@ -39,7 +39,7 @@ public:
         _text.chop(_letters.size());
     }
 
-    /// Lower-case letters are the small steps of one change.
+    /// Lower-case letters are the small steps of one change and can merge.
     bool canMergeWith(const CO_Command& later) const override
     {
         const auto* other = dynamic_cast<const Append*>(&later);

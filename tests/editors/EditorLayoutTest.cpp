@@ -15,7 +15,7 @@ namespace {
 
 using testing::ElementsAre;
 
-/// Notes what is registered.
+/// Records the registered factories.
 class NotingRegistry : public PLUG_WidgetFactoryRegistry
 {
 public:

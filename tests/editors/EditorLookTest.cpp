@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// How the panel looks: everything has the room that it asks for. With EDITOR_SCREENSHOTS set to a folder, pictures of
-// the panel are left there to be looked at.
+// How the panel looks: every widget has the room that it needs. With EDITOR_SCREENSHOTS set to a folder, the tests save
+// pictures of the panel there for people to look at.
 #include "editors/EditorTesting.h"
 
 #include "QuarvelPlugInManager/PLUG_Manager.h"
@@ -36,7 +36,7 @@ protected:
         dynamic_cast<AT_AnimatableAttr*>(node.findAttr(QStringLiteral("BlurScale")))->setCurve(curve);
     }
 
-    /// What is shown in less room than it asks for.
+    /// The widgets that are smaller than they need to be.
     std::vector<std::string> cut() const
     {
         std::vector<std::string> found;

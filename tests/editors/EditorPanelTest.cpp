@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The panel: standard widgets, commands, and nodes that change or go while they are shown.
+// The panel: standard widgets, commands, and nodes that change or are deleted while they are shown.
 #include "editors/EditorTesting.h"
 
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
@@ -245,7 +245,7 @@ TEST_F(EditorPanel, OutlivesItsNode)
     QMenu* const menu = openMenu("addObjectButton");
     MO_NodeEditorComponentInterface* const editor = component("ObjectListEditor");
     scene.root().take(node).reset();
-    // What still waits in the editors comes to nothing.
+    // Input that is still pending in the editors is dropped.
     menu->close();
     toggle(field<QCheckBox>("GenerateNormals"));
     type(field<QDoubleSpinBox>("BlurScale"), 4.0);
@@ -326,7 +326,7 @@ TEST_F(EditorPanel, CanBeClosedWhileItsMenuIsOpen)
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
-/// Somebody who does not know what they do.
+/// Random input from somebody who tries everything.
 TEST_F(EditorPanel, SurvivesAnybody)
 {
     addColour(*addPalette("Body"), "Skin", 0xa1);

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What the tests of the editors share: a scene with a node, the panel that shows the node's editor, and the hands of
-// the person in front of it.
+// What the tests of the editors share: a scene with a node, the panel that shows the node's editor, and simulated input
+// of a person.
 #pragma once
 
 #include "ObjectDefinition/ObjectDefinition.h"
@@ -66,13 +66,13 @@ protected:
     ~EditorTest() override
     {
         panel.reset();
-        // Menus that a test left open go with the editor, on the next turn of the event loop.
+        // Menus that a test left open are deleted with the editor, on the next turn of the event loop.
         settle();
         PLUG_Services::setCurrentFrameInterface(nullptr);
         UT_DPI_setFactor(1.0);
     }
 
-    /// Opens the editor and lets the program come to rest.
+    /// Opens the editor and runs all pending events.
     void open()
     {
         panel->setModule(&node);
@@ -81,8 +81,8 @@ protected:
         settle();
     }
 
-    /// Lets everything happen that was put off: the panel puts nothing off for longer than 120 milliseconds, and an
-    /// event loop takes timers in the order in which they are due, however late it gets to them.
+    /// Runs everything that is delayed: the panel delays nothing for longer than 120 milliseconds, and an event loop
+    /// runs timers in the order in which they are due, however late.
     static void settle()
     {
         QEventLoop loop;
@@ -96,7 +96,7 @@ protected:
         return dynamic_cast<AT_StringAttr*>(node.findAttr(QString::fromLatin1(key)));
     }
 
-    /// The scene as its file has it.
+    /// The scene as its file would be.
     QString saved() const
     {
         QString xml;
@@ -176,7 +176,7 @@ protected:
         }
         settle();
     }
-    /// The texts of a menu; "-" for a separator, in brackets where they are disabled.
+    /// The texts of a menu; "-" for a separator; disabled entries are in brackets.
     static std::vector<std::string> entries(const QMenu* menu)
     {
         std::vector<std::string> texts;
@@ -209,7 +209,7 @@ protected:
         return cornerLabel(table)->parentWidget()->layout()->contentsMargins().left();
     }
 
-    /// What a cell of the object table shows.
+    /// The value shown in a cell of the object table.
     double cell(int row, int column) const
     {
         return objects()->model()->index(row, column).data(Qt::DisplayRole).toDouble();
@@ -226,7 +226,7 @@ protected:
         const QPoint middle = objects()->visualRect(index).center();
         QTest::mouseClick(objects()->viewport(), Qt::LeftButton, Qt::NoModifier, middle);
         QTest::mouseDClick(objects()->viewport(), Qt::LeftButton, Qt::NoModifier, middle);
-        // The double click of the test library leaves the button down.
+        // The test library's double click leaves the button pressed.
         QTest::mouseRelease(objects()->viewport(), Qt::LeftButton, Qt::NoModifier, middle);
         auto* const editor = objects()->viewport()->findChild<QDoubleSpinBox*>();
         ASSERT_NE(editor, nullptr) << "a double click opens no spin box";

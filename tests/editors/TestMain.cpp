@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The tests' own program: an application with widgets, a registry for them, and the plug-ins of the build.
+// The tests' main program: an application with widgets, a registry for them, and the plug-ins of the build.
 #include "QuarvelPlugInManager/PLUG_EditorWidgets.h"
 #include "QuarvelPlugInManager/PLUG_Manager.h"
 #include "QuarvelPlugInManager/PLUG_Services.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The two editors with an owner that does nothing but count, and on widgets that lack what they look for.
+// The two editors with an owner that only counts reports, and on incomplete widgets.
 #include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelBaseCore/UT_DPI.h"
 #include "QuarvelCommand/CO_OrCommand.h"
@@ -44,7 +44,7 @@ public:
     int reports = 0;
 };
 
-/// Notes how many rows a model has when the view is given it.
+/// Records how many rows a model has when the view receives it.
 class NotingView : public QTableView
 {
 public:

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The module's widget factory by itself: what it makes of which name.
+// The module's widget factory by itself: what it makes for each name.
 #include "QuarvelPlugInManager/PLUG_Services.h"
 #include "editors/ColorTableView.h"
 #include "editors/VolumetricColorEditor.h"
@@ -12,12 +12,12 @@
 
 #include <gtest/gtest.h>
 
-/// Functions that Qt calls for every object that is made and destroyed, for the tools that watch programs.
+/// Functions that Qt calls for every object that is created and destroyed, meant for debugging tools.
 extern Q_DECL_IMPORT quintptr qtHookData[];
 
 namespace {
 
-/// Loads empty widgets, or nothing.
+/// Loads empty widgets, or fails.
 class Registry : public PLUG_WidgetFactoryRegistry
 {
 public:
@@ -35,7 +35,7 @@ public:
     QString loaded;
 };
 
-/// Counts the objects that are made while it lives.
+/// Counts the objects that are created during its lifetime.
 class ObjectsMade
 {
 public:

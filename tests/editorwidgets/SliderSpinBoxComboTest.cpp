@@ -58,7 +58,7 @@ struct Control
             ->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, slider())
             .center();
     }
-    /// Drags the handle with the mouse to the far left or right and lets go.
+    /// Drags the handle with the mouse to the far left or right and releases it.
     void dragTo(bool right)
     {
         const QPoint from = handle();
@@ -77,7 +77,7 @@ struct Control
     SliderSpinBoxCombo combo;
 };
 
-/// What a control of a level shows, in the slider and in the spin box.
+/// The values that a control shows for a level, in the slider and in the spin box.
 std::pair<int, int> shown(int level)
 {
     const Control control(level, nullptr);

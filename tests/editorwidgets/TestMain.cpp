@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The tests' own program, with an application for widgets.
+// The tests' main program, with an application for widgets.
 #include <QApplication>
 
 #include <gtest/gtest.h>

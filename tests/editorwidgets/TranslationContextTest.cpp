@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Under which context translators find the module's texts: the name of the class that shows them.
+// The translation context of the module's texts: the name of the class that shows them.
 #include "QuarvelPlugInManager/PLUG_Services.h"
 #include "QuarvelSceneCore/graph/MO_NodeEditorComponentInterface.h"
 #include "editors/VolumetricColorEditor.h"
@@ -22,7 +22,7 @@
 
 namespace {
 
-/// Translates every text into its context and itself.
+/// Translates every text into its context and the text itself.
 class ContextTranslator : public QTranslator
 {
 public:
@@ -72,7 +72,7 @@ TEST_F(TranslationContext, OfTheNodeIsItsClass)
 TEST_F(TranslationContext, OfTheQualitiesIsTheAttributesClass)
 {
     Vallorin::NormalQuality quality(AT_AttrMeta(QStringLiteral("NormalQuality"), QString()));
-    // Labels are translated once for each version of the format, so it takes one that nobody used before.
+    // Labels are translated once for each version of the format, so this needs an unused version.
     QDomDocument document;
     ASSERT_TRUE(document.setContent(QStringLiteral("<NormalQuality val=\"MEDIUM_NORMAL_QUALITY\" version=\"4711\"/>")));
     ASSERT_TRUE(quality.parseXml(document.documentElement(), nullptr));

@@ -1,15 +1,15 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What an engine has to show: the plain formula, worked out from the samples of the files. A sprite is turned about its middle; its
-// textures are filtered linearly, the drawing with its colours multiplied by coverage; the light comes from far away and is white; what is
-// shown is colour times the cosine between vector and light, on black.
+// What an engine should show: the plain formula, computed from the samples of the files. A sprite is turned about its
+// middle; its textures are filtered linearly, the drawing with its colours multiplied by coverage; the light comes from
+// far away and is white; the result is colour times the cosine between vector and light, on black.
 
 function texel(picture, x, y, channel) {
   const inside = x >= 0 && y >= 0 && x < picture.width && y < picture.height;
   return inside ? picture.samples[4 * (y * picture.width + x) + channel] : null;
 }
 
-// Linear filtering at a place in pixels, whose edges repeat: four samples with weights.
+// Linear filtering at a position in pixels, with repeated edges: four samples with weights.
 function filtered(picture, x, y, read) {
   const [left, top] = [Math.floor(x - 0.5), Math.floor(y - 0.5)];
   const [fx, fy] = [x - 0.5 - left, y - 0.5 - top];
@@ -34,7 +34,7 @@ export function expectedPicture(drawing, map, { turn, flip, light, turnsVectors 
   for (let y = 0; y < height; y++)
     for (let x = 0; x < width; x++) {
       const [dx, dy] = [x + 0.5 - width / 2, y + 0.5 - height / 2];
-      // Back into the sprite: y points down here, so clockwise is the positive sense.
+      // Rotates back into the sprite: y points down here, so clockwise is positive.
       const u = (flip ? -1 : 1) * (cos * dx + sin * dy) + width / 2;
       const v = -sin * dx + cos * dy + height / 2;
       if (u < 0 || v < 0 || u > width || v > height) continue;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// melonJS's own lights. One far away, which reaches even farther, stands for a direction.
+// melonJS's own lights. A distant light with an even larger radius acts like a direction.
 import * as me from "melonjs";
 
 const FAR = 1e5;

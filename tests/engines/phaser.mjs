@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Phaser's own lights. One far away stands for a direction.
+// Phaser's own lights. A distant light acts like a direction.
 import * as Phaser from "phaser";
 
 const FAR = 1e5;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// PixiJS has no lights: the shader below is the least that a light needs, and reads both textures as PixiJS loads them.
+// PixiJS has no lights: the shader below is the simplest light, and reads both textures as PixiJS loads them.
 import { Application, Assets, Geometry, Mesh, Shader, GlProgram } from "pixi.js";
 
 const vertex = `

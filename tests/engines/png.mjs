@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// PNG files of 8 and 16 bits a channel, with colours and coverage, as numbers: what a browser hands out was multiplied by coverage, and
-// the tests need the samples of the file.
+// Samples of PNG files of 8 and 16 bits a channel, with colours and coverage: a browser would multiply them by
+// coverage, and the tests need the samples of the file.
 import { readFileSync } from "node:fs";
 import { inflateSync } from "node:zlib";
 

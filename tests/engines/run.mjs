@@ -1,11 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Draws a white disc and the example in every engine, lit from eight sides, straight, turned and mirrored, and compares every pixel with
-// what the same light gives on the map's own vectors.
+// Draws a white disc and the example in every engine, lit from eight sides, unturned, turned and mirrored, and compares
+// every pixel with the result of the same light on the map's own vectors.
 //
 //     node run.mjs QUARVEL EXAMPLES NODE_MODULES [ENGINE...]
 //
-// Exit code: 0 when all is right, 1 when a pixel is off, 77 when something that it needs is missing.
+// Exit code: 0 when all pixels agree, 1 when one does not, 77 when a requirement is missing.
 import { execFileSync } from "node:child_process";
 import { existsSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from "node:fs";
 import { createServer } from "node:http";
@@ -21,13 +21,13 @@ const CHROMIUM = "/usr/bin/chromium";
 const FLAGS = ["--headless", "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run", "--disable-background-networking",
   "--disable-component-update", "--disable-sync", "--use-angle=swiftshader", "--enable-unsafe-swiftshader", "--force-color-profile=srgb"];
 const LIMIT = 2 / 255;
-// Between pixels the weights of linear filtering have 8 bits in hardware, and of 16 bits a browser drops the lower 8: either may cost one
-// step more.
+// Hardware filters linearly with weights of 8 bits between pixels, and a browser drops the lower 8 of 16 bits: each may
+// cost one more step.
 const LIMIT_COARSE = 3 / 255;
 
-// turns: vectors turn with a turned sprite; mirrors: vectors are mirrored with a mirrored one. What an engine does not do is its own
-// affair: the test holds it to what it does, and docs/targets.md says so. freely: it can be compared between right angles; melonJS draws
-// such sprites a part of a pixel off their place.
+// turns: vectors turn with a turned sprite; mirrors: vectors are mirrored with a mirrored one. An engine need not do
+// these: the test checks that it does what is listed here, and docs/targets.md says so. freely: sprites can be compared
+// at any angle; melonJS draws them a fraction of a pixel off at angles other than right ones.
 const ENGINES = {
   phaser: { turns: true, mirrors: false, freely: true },
   pixi: { turns: true, mirrors: true, freely: true },
@@ -61,12 +61,12 @@ function serve(folder) {
 
 const DISC = `<svg xmlns="http://www.w3.org/2000/svg" width="128" height="128"><circle cx="64" cy="64" r="50.3" fill="#fff"/></svg>`;
 
-// The pictures of a drawing for an engine: as it is named, and as nobody is named.
+// The pictures of a drawing for an engine: written with --for, and without.
 function makeSprites(folder, engine) {
   writeFileSync(join(folder, "disc.svg"), DISC);
   const sprites = [];
   for (const [name, file, size] of [["disc", join(folder, "disc.svg"), "128"], ["example", join(examples, "hero.svg"), "160"]])
-    // What is written where nobody is named: on the disc, which shows all that can go wrong.
+    // The default options are tested on the disc, which shows every possible fault.
     for (const words of name === "disc" ? [["--for", engine], []] : [["--for", engine]]) {
       const base = `${engine}-${name}${words.length ? "" : "-default"}`;
       const [map, drawing] = [`${base}_n.png`, `${base}.png`];
@@ -77,7 +77,7 @@ function makeSprites(folder, engine) {
   return sprites;
 }
 
-// Turned between the pixels is compared on the disc alone: where vectors of two parts meet, the filter's weights decide.
+// Free angles are compared on the disc alone: where vectors of two parts meet, the filter's weights dominate.
 function views({ turns, mirrors, freely }, isSmooth) {
   const all = [];
   for (let side = 0; side < 8; side++) {

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// three.js: a plane that scatters light evenly, and a light from one direction. Colours are multiplied by coverage when they are loaded, and
-// blended so, because linear filtering of straight colours darkens every edge.
+// three.js: a plane with diffuse reflection, and a light from one direction. Colours are multiplied by coverage when
+// they are loaded, and blended as such, because linear filtering of straight colours darkens every edge.
 import * as THREE from "three";
 
 export async function setUp({ drawing, map, width, height, parent }) {
@@ -24,7 +24,7 @@ export async function setUp({ drawing, map, width, height, parent }) {
     blendDst: THREE.OneMinusSrcAlphaFactor,
   });
   const plane = new THREE.Mesh(new THREE.PlaneGeometry(width, height), material);
-  // Scattered evenly, a light of this strength gives a surface that faces it its own colour.
+  // With diffuse reflection, a light of this strength gives a surface that faces it its own colour.
   const lamp = new THREE.DirectionalLight(0xffffff, Math.PI);
   const scene = new THREE.Scene();
   scene.add(plane, lamp);

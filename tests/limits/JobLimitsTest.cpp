@@ -89,7 +89,7 @@ TEST(JobLimits, FollowTheAffinityOfTheProcess)
     EXPECT_EQ(process.readAllStandardError().toStdString(), "") << "no library complains of its threads";
 }
 
-// A folder that looks like the root of a machine.
+// A folder that imitates the root of a machine.
 class ControlGroups : public testing::Test
 {
 protected:

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// From inside the confinement: everything that an attacker would want is tried, and refused; what the reader needs goes
-// on working. Each try runs in a process of its own, which confines itself first.
+// From inside the confinement: everything that an attacker would want is tried and refused; what the reader needs still
+// works. Each attempt runs in a process of its own, which confines itself first.
 #include "Confinement.h"
 
 #include <gtest/gtest.h>
@@ -51,7 +51,7 @@ int confined(const std::function<int()>& run)
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-// A call that is expected to be refused: made for the sake of its result.
+// A call that must be refused.
 struct Attempt
 {
     const char* name;
@@ -217,7 +217,7 @@ TEST_F(Confinement, NothingCanBeReachedBesidesTheTwoOutputs)
 TEST_F(Confinement, CallsOfAnotherKindEndTheProcessOrFail)
 {
 #ifdef __x86_64__
-    // The numbers of the x32 convention, whose calls are the same ones by other names.
+    // The numbers of the x32 convention, which has other numbers for the same calls.
     constexpr long kX32 = 0x40000000;
     const int outcome = confined([] { return ::syscall(kX32 + SYS_getpid) == -1 ? kRefused : kDone; });
     EXPECT_TRUE(outcome == kRefused || outcome == 128 + SIGSYS) << outcome;
@@ -248,7 +248,7 @@ TEST_F(Confinement, WhatTheReaderNeedsGoesOn)
     EXPECT_EQ(confined([]() -> int { std::abort(); }), 128 + SIGABRT);
 }
 
-// The program itself, held where it writes its frames: nobody reads them.
+// The program itself, blocked while it writes its frames, because nobody reads them.
 TEST_F(Confinement, TheProgramIsConfinedWhileItReads)
 {
     const std::string animation = file();
@@ -266,7 +266,7 @@ TEST_F(Confinement, TheProgramIsConfinedWhileItReads)
         ::_exit(127);
     }
     ::close(pipe[1]);
-    // Once the first byte is there it has read its file, and it cannot end before somebody reads the rest.
+    // After the first byte it has read its file, and it cannot end before somebody reads the rest.
     char byte = 0;
     EXPECT_EQ(::read(pipe[0], &byte, 1), 1);
     std::ifstream status("/proc/" + std::to_string(child) + "/status");

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What the tests of rendering requests share: small drawings, their place in a picture, and pixels that print.
+// What the tests of rendering requests share: small drawings, their place in a picture, and printing of pixels.
 #pragma once
 
 #include "QuarvelCelCore/CELVEC_Kvd.h"
@@ -69,7 +69,7 @@ Pixel pixelAt(const CA_CelRef& cel, int x, int y = 0)
     return pixel ? *pixel : Pixel{};
 }
 
-/// A cel around a drawing, ready to be converted.
+/// A cel around a drawing, ready for conversion.
 inline CA_CelRef celOf(const UT_SharedPtr<CELVEC_Kvd>& drawing, const CELVEC_RenderArgs& args)
 {
     auto cel = UT_makeShared<CEL_Cel>();

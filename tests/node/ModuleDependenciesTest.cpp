@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What has to be installed where the module is loaded: the host, Qt and TBB.
+// What must be installed where the module is loaded: the host, Qt and TBB.
 #include <QDir>
 #include <QProcess>
 #include <QRegularExpression>
@@ -25,7 +25,7 @@ QStringList neededBy(const QString& library)
     return names;
 }
 
-/// What the file needs by way of the libraries that are built here, beside these.
+/// The libraries that the file needs, directly or through the libraries built here, without the latter.
 std::set<QString> foreignLibrariesOf(const QString& file)
 {
     const QDir ours(QStringLiteral(VALLORIN_LIBRARIES));
@@ -42,7 +42,7 @@ std::set<QString> foreignLibrariesOf(const QString& file)
     return foreign;
 }
 
-// Builds for debugging and under sanitizers are linked with libraries that they do not use.
+// Debug and sanitizer builds are linked with libraries that they do not use.
 #ifdef NDEBUG
 constexpr bool kIsWhatPeopleRun = true;
 #else

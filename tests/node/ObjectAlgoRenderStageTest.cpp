@@ -122,7 +122,7 @@ TEST(ObjectAlgoRenderStage, ALevelThatIsNoNumberOrHugeCountsAsZero)
 
 TEST(ObjectAlgoRenderStage, GreysMayCountInProportionToTheCoverage)
 {
-    // The listed colour lies across the whole pixel, but the drawing shows it through half of it only.
+    // The listed colour covers the whole pixel, but only half of it shows in the drawing.
     const auto drawing = UT_makeShared<CELVEC_Kvd>(CelTesting::palette());
     CELVEC_Shape shape = CelTesting::rectangle(kListed, 0, 0, 1, 1);
     shape.opacity = 0.5;
@@ -141,7 +141,7 @@ TEST(ObjectAlgoRenderStage, GreysMayCountInProportionToTheCoverage)
 
 TEST(ObjectAlgoRenderStage, GreysComeFromEveryArtLayer)
 {
-    // The drawing shows its colour art alone, in a colour that is not listed; the line art gives its grey all the same.
+    // Of the drawing only the colour art is shown, in an unlisted colour; the line art contributes its grey anyway.
     const auto drawing = UT_makeShared<CELVEC_Kvd>(CelTesting::palette());
     drawing->addShape(GR_Art::COLOUR, CelTesting::rectangle(CelTesting::kUnlisted, 0, 0, 2, 1));
     drawing->addShape(GR_Art::LINE, CelTesting::rectangle(kListed, 1, 0, 2, 1));

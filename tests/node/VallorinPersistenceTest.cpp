@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// How the node is written into a scene and read back, and what becomes of scenes from before its newest attribute.
+// How the node is written into a scene and read back, and how scenes without its newest attribute are read.
 #include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelPersistentObj/PO_XmlReading.h"
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"

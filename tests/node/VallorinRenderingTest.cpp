@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What the node says when a frame is scripted and rendered: its requests, and the parameters that the render gets.
+// What the node contributes when a frame is scripted and rendered: its requests, and the parameters of its render
+// handler.
 #include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
@@ -24,7 +25,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// Says one value before a frame and another from it on.
+/// Has one value before a frame and another from it on.
 class Switch : public AT_ScalarSimpleAttrSurrogate
 {
 public:

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What becomes of a drawing that passes through the node's request.
+// What happens to a drawing that passes through the node's request.
 #include "node/VallorinRequestHandler.h"
 
 #include "ObjectDefinition/ObjectDefinition.h"
@@ -53,8 +53,8 @@ protected:
         return pixelAt<Pixel16>(context.drawing()->convertTo(CEL_FORMAT_RGBA16), 0);
     }
 
-    /// The coverage of the greys in a drawing that covers half of a pixel in the listed colour: half, or a quarter
-    /// where the greys count in proportion.
+    /// The coverage of the greys in a drawing that covers half a pixel in the listed colour: half, or a quarter where
+    /// the greys count in proportion to coverage.
     template<typename Prepare>
     int blueOfHalfCoverage(const Prepare& prepare)
     {
@@ -95,7 +95,7 @@ TEST_F(VallorinRequest, WithoutADefinitionGreysDoNotCountInProportion)
     EXPECT_NEAR(blueOfHalfCoverage([](Context&) {}), 16384, 200);
 }
 
-/// What a host might leave in place of the entry that is known.
+/// An entry of another class, which a host might leave under the same key.
 class ForeignEntry : public CEL_Message
 {};
 

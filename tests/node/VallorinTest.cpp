@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Who the node is, how it is made, and how it meets visitors.
+// The node's identity, how it is made, and which visits it calls.
 #include "node/Vallorin.h"
 
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
@@ -15,7 +15,7 @@
 
 namespace {
 
-/// Notes which visit a module takes it to.
+/// Records which visit a module calls.
 class NotingVisitor : public MO_ModuleVisitor
 {
 public:
@@ -32,7 +32,7 @@ public:
     const MO_Module* same = nullptr;
 };
 
-/// Knows nothing of the node's class.
+/// Does not know the node's class.
 class PlainVisitor : public MO_ModuleVisitor
 {
 public:
@@ -42,7 +42,7 @@ public:
     const MO_Module* plain = nullptr;
 };
 
-/// Puts the context before every text.
+/// Prefixes every text with its context.
 class ContextTranslator : public QTranslator
 {
 public:

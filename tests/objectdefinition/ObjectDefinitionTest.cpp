@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The Object Definition node: what it tells the requests downstream of it.
+// The Object Definition node: what it leaves for the requests downstream of it.
 #include "ObjectDefinition/ObjectDefinition.h"
 
 #include "ObjectDefinition/ObjectDefinitionEntry.h"
@@ -34,7 +34,7 @@ struct Found
     bool celHasMessage = false;
 };
 
-// The last module of a chain, which looks at what reaches it.
+// The last module of a chain, which records what arrives.
 class Looking : public MO_Module
 {
 public:

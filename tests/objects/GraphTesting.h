@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What the tests of the walks share: a scene, and short words for building its graph.
+// What the tests of the walks share: a scene, and short functions for building its graph.
 #pragma once
 
 #include "ObjectDefinition/ObjectDefinition.h"
@@ -18,7 +18,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-/// A scene whose modules are made and linked in one word each.
+/// A scene whose modules are made and linked with one call each.
 class GraphTest : public testing::Test
 {
 protected:

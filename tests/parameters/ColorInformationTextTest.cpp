@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What the colour table's text promises: its exact form, how leniently it is read, and that what is written reads back.
+// The text of the colour table: its exact form, how leniently it is read, and that written text reads back.
 #include "parameters/TextPrinting.h"
 #include "parameters/VallorinAttributes.h"
 
@@ -25,7 +25,7 @@ std::vector<ColorInformation> decode(const QString& text)
     return colours;
 }
 
-/// Decodes an entry as the third part of a text and gives what it yields.
+/// Decodes an entry as the third part of a text and returns its record.
 ColorInformation decodeThird(const QString& entry)
 {
     const std::vector<ColorInformation> colours = decode(QStringLiteral("A:1:a;B:2:b;") + entry);
@@ -208,7 +208,7 @@ TEST(ColorInformationText, AnUnpairedSurrogateInANameBecomesAQuestionMark)
     EXPECT_EQ(encodeColorInformation({record(kColour, 7, name)}), kId + QStringLiteral(":7:a?b"));
 }
 
-/// Names that survive: any characters but the two separators, NUL and surrogates.
+/// Names that survive: any characters except the two separators, NUL and surrogates.
 rc::Gen<QString> anyName()
 {
     const auto character = rc::gen::suchThat(rc::gen::inRange<char32_t>(1, 0x10FFFF), [](char32_t c) {

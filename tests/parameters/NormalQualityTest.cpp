@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The quality of normals as an attribute: its values, how it is read and written, whom it tells.
+// The quality of normals as an attribute: its values, how it is read and written, whom it notifies.
 #include "parameters/NormalQuality.h"
 
 #include "QuarvelCommand/CO_Command.h"
@@ -17,7 +17,7 @@ namespace {
 
 const AT_AttrMeta kMeta(QStringLiteral("NormalQuality"), QStringLiteral("Normal Map Quality"));
 
-/// Says the same value at every frame.
+/// Has the same value at every frame.
 class Constant : public AT_ScalarSimpleAttrSurrogate
 {
 public:
@@ -35,7 +35,7 @@ public:
     int count = 0;
 };
 
-/// Notes which of its operations an attribute calls.
+/// Records which of its operations an attribute calls.
 class NotingVisitor : public AT_AttrVisitor
 {
 public:

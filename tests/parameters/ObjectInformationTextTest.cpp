@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What the object table's text promises: its exact form, how leniently it is read, and that what is written reads back
-// to six digits after the point.
+// The text of the object table: its exact form, how leniently it is read, and that written text reads back with six
+// digits after the point.
 #include "parameters/TextPrinting.h"
 #include "parameters/VallorinAttributes.h"
 
@@ -37,7 +37,7 @@ std::vector<ObjectInformation> decode(const char* text)
     return decode(QString::fromUtf8(text));
 }
 
-/// The text of an object of number 1 with this bevel, without the rest.
+/// The bevel in the text of a record with object number 1.
 QString bevelAsText(double bevel)
 {
     const QString text = encodeObjectInformation({{1, ObjectInformation{1, bevel, 1.0, 1.0}}});
@@ -262,7 +262,7 @@ RC_GTEST_PROP(ObjectInformationTextLaws, AnyTextIsReadAndOnceReadIsStable, ())
     for (const std::string& piece : pieces)
         text += QString::fromStdString(piece);
 
-    // Written by key, a table loses what a later record of the same number overrides; after that nothing changes.
+    // Writing by key drops earlier records of a repeated number; after that nothing changes.
     std::map<int, ObjectInformation> objects;
     for (const ObjectInformation& object : decode(text))
         objects[object.objectId] = object;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Lets failed expectations show a QString as text instead of bytes.
+// Prints a QString in failed expectations as text instead of bytes.
 #pragma once
 
 #include <QString>

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The attributes of a new node: which there are, in which order, with which defaults, labels and bounds.
+// The attributes of a new node: their order, defaults, labels and bounds.
 #include "parameters/VallorinImpl.h"
 
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"

@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Generators of texts and numbers for property tests: among all that there is, often those that break readers and
-// writers.
+// Generators of texts and numbers for property tests, with many values that tend to break readers and writers.
 #pragma once
 
 #include <QString>
@@ -17,8 +16,7 @@
 
 namespace AnyValues {
 
-/// Any text: control characters, surrogates with and without their partner, markup, white space, what looks like an
-/// escape.
+/// Any text: control characters, paired and unpaired surrogates, markup, white space, text that looks like an escape.
 inline rc::Gen<QString> text()
 {
     std::u16string nasty = u"\t\n\r &<>\"'\\]_x0AF5a:;%\u007f\u0085\u00a0\u2028\ufeff";
@@ -30,7 +28,7 @@ inline rc::Gen<QString> text()
     });
 }
 
-/// Any number but infinities and NaN: every bit pattern, round numbers, and those at the ends of the range.
+/// Any finite number: every bit pattern, round numbers, and those at the ends of the range.
 inline rc::Gen<double> number()
 {
     using Limits = std::numeric_limits<double>;

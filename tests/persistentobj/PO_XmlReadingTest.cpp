@@ -96,7 +96,7 @@ TEST(PO_ParseDocument, RefusesMoreElementsAndAttributesThanItIsTold)
 
 TEST(PO_ParseDocument, RefusesOtherEncodings)
 {
-    // They would hide brackets and quotes from those who look at bytes.
+    // UTF-16 would hide brackets and quotes from searches for bytes.
     EXPECT_FALSE(parse(QByteArray::fromHex("fffe3c0061002f003e00")).ok());
 }
 

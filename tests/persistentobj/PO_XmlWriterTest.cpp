@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What is written: its form, and that it comes back.
+// The form of written XML, and that it reads back.
 #include "QuarvelPersistentObj/PO_XmlWriter.h"
 #include "QuarvelPersistentObj/PIO_XmlWritable.h"
 #include "QuarvelPersistentObj/PO_UnknownXml.h"

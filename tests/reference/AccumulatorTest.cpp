@@ -81,7 +81,7 @@ TEST(ReferenceMergeFloat, FadesAndAddsWithoutAnUpperLimitForTheValue)
     // R: 0.5 x 0.75 + 1 = 1.375. A: 0.5 x 0.75 + 0.25 = 0.625.
     EXPECT_EQ(merged(RefPixelFloat{0.5F, 1, 1, 0.5F}, RefPixelFloat{1, 0, 0, 0.25F}),
               (RefPixelFloat{1.375F, 0, 0, 0.625F}));
-    // A: 3 x 0.75 + 0.25 = 2.5 is held to 1; -3 x 0.75 + 0.25 to 0.
+    // A: 3 x 0.75 + 0.25 = 2.5 is clamped to 1; -3 x 0.75 + 0.25 to 0.
     EXPECT_EQ(merged(RefPixelFloat{0, 0, 0, 3}, RefPixelFloat{1, 0, 0, 0.25F}).a, 1.0F);
     EXPECT_EQ(merged(RefPixelFloat{0, 0, 0, -3}, RefPixelFloat{1, 0, 0, 0.25F}).a, 0.0F);
 }

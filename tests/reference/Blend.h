@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The blend of one object's normal into an output pixel: mixed by coverage over what is there, or replacing it where
-// the output is empty or the coverage is full.
+// The blend of one object's normal into an output pixel: mixed by coverage over the output, or replacing it where the
+// output is empty or the coverage is full.
 #pragma once
 
 #include "reference/Pixels.h"

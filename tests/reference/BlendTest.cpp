@@ -82,7 +82,7 @@ TEST(ReferenceBlendFloat, TurnsAwayWhereBlueIsNegative)
 {
     // Out decodes to (0.6, 0, -0.8), the object to (0, 0, 1). Halves: (0.3, 0, 0.1), x = 0.948683, encoded 0.974342.
     EXPECT_NEAR(blended(RefPixelFloat{0.8F, 0.5F, -1, 1}, RefPixelFloat{0.5F, 0.5F, 0, 1}, 0.5, 0).r, 0.974342, 1e-6);
-    // The object's own blue counts in the same way: (0.3, 0, 0.4 - 0.5): x = 0.948683 as well.
+    // The object's own blue has the same effect: (0.3, 0, 0.4 - 0.5): x = 0.948683 as well.
     EXPECT_NEAR(blended(RefPixelFloat{0.8F, 0.5F, 0, 1}, RefPixelFloat{0.5F, 0.5F, -1, 1}, 0.5, 7).r, 0.974342, 1e-6);
     // With positive blue: (0.3, 0, 0.9), x = 0.316228, encoded 0.658114.
     EXPECT_NEAR(blended(RefPixelFloat{0.8F, 0.5F, 1, 1}, RefPixelFloat{0.5F, 0.5F, 0, 1}, 0.5, 0).r, 0.658114, 1e-6);
@@ -101,7 +101,7 @@ TEST(ReferenceBlendFloat, CutsTheMixedAlphaToZeroOrOne)
     EXPECT_EQ(blended(RefPixelFloat{0.5F, 0.5F, 0, 0.75F}, up, 0.5, 0).a, 0.0F);
     EXPECT_EQ(blended(RefPixelFloat{0.5F, 0.5F, 0, std::nextafter(1.0F, 0.0F)}, up, 0.5, 0).a, 0.0F);
     EXPECT_EQ(blended(RefPixelFloat{0.5F, 0.5F, 0, 1.0F}, up, 0.5, 0).a, 1.0F);
-    // 0.5 x 5 + 0.5 = 3, held to 1.
+    // 0.5 x 5 + 0.5 = 3, clamped to 1.
     EXPECT_EQ(blended(RefPixelFloat{0.5F, 0.5F, 0, 5.0F}, up, 0.5, 0).a, 1.0F);
 }
 

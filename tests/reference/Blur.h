@@ -1,9 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The bevel blur, as the plain sum that defines it: every pixel of the result is the sum of the mask's reds times
-// Gaussian weights, in double precision, with zero outside the mask. Only for small pictures. Functions of the same
-// signature can stand in its place wherever a blur is taken as an argument, so that two versions can be compared on the
-// very same blurred picture.
+// The bevel blur as the plain sum that defines it: every pixel of the result is the sum of the mask's reds times
+// Gaussian weights, in double precision, with zero outside the mask. Only for small pictures. Wherever a blur is an
+// argument, another function of the same signature can replace it, so that two versions can be compared on the same
+// blurred picture.
 #pragma once
 
 #include "reference/Image.h"

@@ -52,11 +52,12 @@ TEST(ReferenceBlur, SpreadsOnePixel)
 
     // The weights' sum before division is sqrt(2 pi) to eight digits: the centre is 32767 / (2 pi) = 5215.03.
     EXPECT_EQ(blurred.at(10, 10), (RefPixel16{5215, 0, 0, 32767}));
-    // One beside: times exp(-1/2) = 0.606531: 3163.08. Diagonally: times exp(-1) = 0.367879: 1918.502.
+    // One pixel beside: times exp(-1/2) = 0.606531: 3163.08. Diagonally: times exp(-1) = 0.367879: 1918.502.
     EXPECT_EQ(blurred.at(11, 10).r, 3163);
     EXPECT_EQ(blurred.at(10, 9).r, 3163);
     EXPECT_EQ(blurred.at(9, 11).r, 1919);
-    // Four beside: times exp(-8) = 0.00033546: 1.749. In the corner: times exp(-16): 0.0006, and no red means no alpha.
+    // Four pixels beside: times exp(-8) = 0.00033546: 1.749. In the corner: times exp(-16): 0.0006; without red there
+    // is no alpha.
     EXPECT_EQ(blurred.at(14, 10), (RefPixel16{2, 0, 0, 32767}));
     EXPECT_EQ(blurred.at(14, 14), RefPixel16{});
 }
@@ -83,7 +84,7 @@ TEST(ReferenceBlur, KeepsAConstantFarFromTheBorderAndFadesAtIt)
     }
     const RefImageFloat blurred = gaussianBlurFloat(mask, 2.0);
     EXPECT_EQ(blurred.at(20, 20), (RefPixelFloat{0.75F, 0, 0, 1}));
-    // Between the last pixel inside and the first outside lies the middle of the fade: both together make the whole.
+    // The middle of the slope lies between the last pixel inside and the first outside: their sum is the full value.
     EXPECT_NEAR(static_cast<double>(blurred.at(0, 20).r) + static_cast<double>(blurred.at(-1, 20).r), 0.75, 1e-6);
     EXPECT_GT(blurred.at(0, 20).r, blurred.at(-1, 20).r);
 }

@@ -27,7 +27,8 @@ struct RefInputFloat
     std::optional<RefImageFloat> image;
 };
 
-/// What an input's alpha counts as: A / 32767 and A; from 0.99 (16-bit) and 0.9999 (float) up it is exactly 1.
+/// The coverage that an input's alpha stands for: A / 32767 and A; from 0.99 (16-bit) and 0.9999 (float) up it is
+/// exactly 1.
 double saturatedCoverage16(std::int16_t alpha);
 double saturatedCoverageFloat(float alpha);
 

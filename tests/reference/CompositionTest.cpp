@@ -85,7 +85,7 @@ TEST(ReferenceCoverage, IsFullFrom99PercentIn16Bit)
 
 TEST(ReferenceCoverage, IsFullFrom9999In10000InFloat)
 {
-    // The float nearest to 0.9999 lies below it, and is compared as it is.
+    // The float nearest to 0.9999 lies below it, and is compared unchanged.
     EXPECT_LT(saturatedCoverageFloat(0.9999F), 1.0);
     EXPECT_EQ(saturatedCoverageFloat(std::nextafter(0.9999F, 1.0F)), 1.0);
     EXPECT_EQ(saturatedCoverageFloat(0.99F), static_cast<double>(0.99F));

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What a palette colour is painted with while the elevation input is rasterised: an opaque grey of the colour's level
-// where the colour table lists it, nothing where it does not.
+// The paint of a palette colour while the elevation input is rasterised: an opaque grey of the colour's level where the
+// colour table lists it, transparent where it does not.
 #pragma once
 
 #include <cstdint>

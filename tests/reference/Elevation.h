@@ -39,12 +39,12 @@ float canvasFactor(const RefBox& canvas);
 double depthHeight(double elevation, float factor);
 
 /// The share x of the height, shaped: x to the power 1 / p for 0 < x < 1, where p = max(0, smoothness) is neither 0 nor
-/// 1 (not a number counts as 0); x otherwise.
+/// 1 (NaN counts as 0); x otherwise.
 float shapedElevation(float x, double smoothness);
 
 /// The depth picture of a blurred one, which it changes: B becomes the normalised elevation (16-bit: 1 ... 32766), R
 /// becomes 0 where it is below 1 (float: not above 0). Without any positive R the depth stays 0 and the blurred picture
-/// as it was.
+/// unchanged.
 RefDepth makeDepth16(RefImage16& blurred, double low, double high, double smoothness);
 RefDepth makeDepthFloat(RefImageFloat& blurred, double low, double high, double smoothness);
 

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Elevation by hand: spans and ranges, shaping, depth, what stands in blue, and how often single precision shows.
+// Elevation by hand: spans and ranges, shaping, depth, the value in blue, and how often single precision shows.
 #include "reference/Elevation.h"
 
 #include <gtest/gtest.h>

@@ -8,7 +8,7 @@
 
 namespace reference {
 
-/// Whether the mask has geometry in the 5 x 5 pixels around (x, y), the centre included. Missing pixels are none.
+/// Whether the mask has geometry in the 5 x 5 pixels around (x, y), the centre included. Missing pixels have none.
 bool geometryNear16(const RefImage16& mask, int x, int y);
 bool geometryNearFloat(const RefImageFloat& mask, int x, int y);
 

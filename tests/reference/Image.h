@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Pictures of the reference version. A picture has a canvas (what the render shows), a nominal size, and an allocated
-// rectangle, which may be smaller than the canvas, reach beyond it, or be empty. Only allocated pixels exist: every
+// rectangle, which may be smaller than the canvas, extend beyond it, or be empty. Only allocated pixels exist: every
 // other pixel is missing, which is not the same as zero. Coordinates are the canvas's own and may be negative.
 #pragma once
 
@@ -18,7 +18,8 @@ namespace reference {
 template<class P>
 struct RefImage
 {
-    /// The allocated rectangle. Change it with realloc() and the operations built on it only, so that `pixels` follows.
+    /// The allocated rectangle. Changed only by realloc() and the operations built on it, so that `pixels` stays
+    /// consistent.
     RefBox box;
     /// What the render shows; kept by every operation below.
     RefBox canvas;
@@ -28,7 +29,7 @@ struct RefImage
     /// The allocated pixels, row after row from the top, each row from the left.
     std::vector<P> pixels;
 
-    /// Nothing allocated, empty canvas, size 0 x 0.
+    /// No pixels, empty canvas, size 0 x 0.
     RefImage() = default;
 
     /// Zero pixels in `allocated`; canvas and size are those of the rectangle.
@@ -49,8 +50,7 @@ struct RefImage
     P& at(int x, int y) { return pixels.at(index(x, y)); }
     const P& at(int x, int y) const { return pixels.at(index(x, y)); }
 
-    /// Allocates exactly `wanted`: pixels that were there and stay keep their values, new ones are zero in all
-    /// channels.
+    /// Allocates exactly `wanted`: pixels in both rectangles keep their values, new ones are zero in all channels.
     void realloc(const RefBox& wanted)
     {
         const RefImage old = *this;
@@ -68,7 +68,7 @@ struct RefImage
     /// Allocates the union of its own rectangle and `other` (another picture's allocated rectangle).
     void reallocToFit(const RefBox& other) { realloc(united(box, other)); }
 
-    /// Drops what lies outside its canvas.
+    /// Drops the pixels outside its canvas.
     void clipToCanvas() { realloc(intersected(box, canvas)); }
 
     /// Both of the above, in this order.

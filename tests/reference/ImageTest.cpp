@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Rectangles and pictures of the reference version: what is allocated, what is missing, and what survives a change.
+// Rectangles and pictures of the reference version: which pixels are allocated, missing, and kept by a change.
 #include "reference/Image.h"
 
 #include "reference/Compare.h"

@@ -10,7 +10,7 @@
 namespace reference {
 
 /// The growth in pixels: ((width x blurScale) x m) / 720 + 0.5, truncated, where m is the largest of 0 and the finite
-/// bevels. It is held to what an int can tell, not to any canvas.
+/// bevels. It is clamped to the range of int, not to any canvas.
 int inputGrowth(const std::vector<double>& bevels, double blurScale, double width);
 
 /// The rectangle grown on every side; unchanged when there are no bevels, and when it is empty.

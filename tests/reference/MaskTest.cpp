@@ -46,7 +46,7 @@ TEST(ReferenceMask16, WeighsTheValueByItsCoverage)
 
 TEST(ReferenceMask16, WeighsInDouble)
 {
-    // In single precision one pair of value and coverage in 3000 would be cut to another integer, one beside it.
+    // In single precision one pair of value and coverage in 3000 would be truncated to another integer, off by one.
     int pairs = 0;
     int different = 0;
     RefImage16 row(RefBox{0, 0, 1, 1});

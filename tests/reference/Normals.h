@@ -1,9 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Normals of a depth picture and how they stand in a picture. A normal is a unit vector, x to the right, y down, z to
+// Normals of a depth picture, and how a picture stores them. A normal is a unit vector, x to the right, y down, z to
 // the viewer, in double precision; the zero vector means that none could be computed. A picture of normals holds x and
-// y mapped from
-// [-1, 1] to the channel range in R and G, the normalised elevation in B, full in A; empty pixels are (0, 0, full, 0).
+// y mapped from [-1, 1] to the channel range in R and G, the normalised elevation in B, full in A; empty pixels are (0,
+// 0, full, 0).
 #pragma once
 
 #include "reference/Image.h"
@@ -38,7 +38,7 @@ RefVector depthNormal(const RefDepth& depth, int x, int y, int quality);
 std::int16_t encodeNormal16(double component);
 float encodeNormalFloat(double component);
 
-/// The unit vector that a pixel stands for; z is negative where the pixel's B is.
+/// The unit vector that a pixel stores; z is negative where the pixel's B is.
 RefVector decodeNormal16(const RefPixel16& pixel);
 RefVector decodeNormalFloat(const RefPixelFloat& pixel);
 
@@ -52,7 +52,7 @@ RefImage16 plainNormals16(const RefDepth& depth, const RefImage16& blurred, int 
 RefImageFloat plainNormalsFloat(const RefDepth& depth, const RefImageFloat& blurred, int quality);
 
 /// R and G of every pixel, empty ones included, replaced by the weighted mean of the nine stored normals around it; a
-/// pixel with none of them stays.
+/// pixel with none of them stays unchanged.
 RefImage16 smoothedNormals16(const RefImage16& normals);
 RefImageFloat smoothedNormalsFloat(const RefImageFloat& normals);
 

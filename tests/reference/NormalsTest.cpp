@@ -109,7 +109,7 @@ TEST(ReferenceEncoding, RoundsHalvesAwayFromZeroIn16Bit)
     EXPECT_EQ(encodeNormal16(-1.0), 0);
     EXPECT_EQ(encodeNormal16(-std::sqrt(0.5)), 4799); // 0.2928932 x 16383.5 = 4798.62
     EXPECT_EQ(encodeNormal16(5.0), 32767);
-    EXPECT_EQ(encodeNormal16(-5.0), -32767); // -65534 is held to -32767
+    EXPECT_EQ(encodeNormal16(-5.0), -32767); // -65534 is clamped to -32767
 }
 
 TEST(ReferenceEncoding, IsUnclampedInFloat)
@@ -178,7 +178,7 @@ TEST(ReferenceNormals, HaveNoBlueWhereTheBlurIsMissing)
 
 TEST(ReferenceSmoothing, WeighsTheNeighboursWithoutReadingWhatItWrote)
 {
-    // Facing the viewer at (1, 1), to the right at (2, 1), nothing else.
+    // Facing the viewer at (1, 1), to the right at (2, 1), no others.
     RefImageFloat normals(RefBox{0, 0, 4, 3});
     normals.at(1, 1) = RefPixelFloat{0.5F, 0.5F, 0.3F, 1};
     normals.at(2, 1) = RefPixelFloat{1.0F, 0.5F, 0.4F, 1};
@@ -196,7 +196,7 @@ TEST(ReferenceSmoothing, WeighsTheNeighboursWithoutReadingWhatItWrote)
     EXPECT_NEAR(smoothed.at(1, 0).r, 0.723607, 1e-6);
     EXPECT_EQ(smoothed.at(1, 0).b, 0.0F);
     EXPECT_EQ(smoothed.at(1, 0).a, 0.0F);
-    // (3, 2) sees (2, 1) alone, (0, 1) sees (1, 1) alone: their weights do not matter.
+    // (3, 2) has only (2, 1) in its neighbourhood, (0, 1) only (1, 1): their weights do not matter.
     EXPECT_EQ(smoothed.at(3, 2).r, 1.0F);
     EXPECT_EQ(smoothed.at(0, 1).r, 0.5F);
 }

@@ -32,7 +32,7 @@ struct RefPixelFloat
     bool operator==(const RefPixelFloat&) const = default;
 };
 
-/// Write "(r, g, b, a)" for messages of failed tests; floats with all their digits.
+/// Writes "(r, g, b, a)" for messages of failed tests; floats with all their digits.
 std::ostream& operator<<(std::ostream& stream, const RefPixel16& pixel);
 std::ostream& operator<<(std::ostream& stream, const RefPixelFloat& pixel);
 

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The whole render: inputs in port order, object records and the node's parameters in; the output picture and
-// everything between out.
+// The whole render: from inputs in port order, object records and the node's parameters to the output picture and all
+// intermediate results.
 #pragma once
 
 #include "reference/Blur.h"
@@ -24,7 +24,7 @@ struct RefObjectRecord
     double smoothness = 1.0;
 };
 
-/// The node's parameters and what the host says of the render. The defaults are plain values for tests.
+/// The node's parameters and the host's for the render. The defaults are plain values for tests.
 struct RefRenderParameters
 {
     double blurScale = 1.0;
@@ -43,7 +43,7 @@ struct RefRenderParameters
     RefBox outputRect;
 };
 
-/// What a render gives: no output stands for the blank cel of an empty object list.
+/// The result of a render; without an output, it is the blank cel of an empty object list.
 struct RefRender16
 {
     std::optional<RefImage16> output;
@@ -61,7 +61,7 @@ struct RefRenderFloat
 };
 
 /// Renders. `referencePicture` gives the output its canvas and size, and its allocated rectangle to every blurred
-/// object. Inputs without a picture, of numbers below 0, or (for accumulation) of a size below 1 are passed over. Of a
+/// object. Inputs without a picture, with numbers below 0, or (for accumulation) with a size below 1 are skipped. In a
 /// record, a bevel that is not finite counts as 0, an elevation as 0, a smoothness as 1.
 RefRender16 render16(const std::vector<RefInput16>& inputs, const std::vector<RefObjectRecord>& records,
                      const RefRenderParameters& parameters, const RefImage16& referencePicture,

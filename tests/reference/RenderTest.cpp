@@ -180,13 +180,13 @@ TEST(ReferenceRender, TurnsARampIntoItsNormals)
 
     const auto render = render16({{1, ramp16()}}, {flatRecord(1)}, parameters, ramp16());
 
-    // Without a bevel the mask goes on with its margin of two.
+    // Without a bevel the mask keeps its margin of two.
     const RefImage16& output = *render.output;
     EXPECT_EQ(output.box, (RefBox{-2, -2, 9, 7}));
     EXPECT_EQ(output.at(-1, 0), RefPixel16{}) << "no input there";
     // Canvas factor 1, height 37.5: column x has the share x / 6 and the depth 6.25 x; column 0 is black, hence empty.
     EXPECT_EQ(output.at(0, 2), (RefPixel16{0, 0, 32767, 32767}));
-    // Columns 1 and 6 and rows 0 and 4 lie beside black: zero normals. Blue: 32765 / 6 + 1 = 5461.8; 32766.
+    // Columns 1 and 6 and rows 0 and 4 are next to black: zero normals. Blue: 32765 / 6 + 1 = 5461.8; 32766.
     EXPECT_EQ(output.at(1, 2), (RefPixel16{16384, 16384, 5461, 32767}));
     EXPECT_EQ(output.at(6, 2), (RefPixel16{16384, 16384, 32766, 32767}));
     EXPECT_EQ(output.at(3, 0), (RefPixel16{16384, 16384, 16383, 32767}));

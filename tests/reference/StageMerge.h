@@ -13,8 +13,7 @@
 namespace reference {
 
 /// The object's level as a 16-bit channel: objectLevel x 255 truncated, its low byte (of the two's complement, so that
-/// -0.5 gives 129) spread to 0 ... 32767. A level that is not a number, or whose product does not fit an int, counts as
-/// 0.
+/// -0.5 gives 129) spread to 0 ... 32767. NaN, and a level whose product does not fit an int, count as 0.
 std::int16_t stageLevel16(double objectLevel);
 
 /// The object's level as a float channel, not quantised. A level that is not finite, or beyond a float's range, counts
@@ -25,7 +24,7 @@ float stageLevelFloat(double objectLevel);
 /// nothing.
 void stageMerge16(RefImage16& target, const RefImage16& source, double objectLevel, bool scaleByCoverage);
 
-/// The float variant: blue defaults to 0.5, and green and blue are cut to whole numbers.
+/// The float variant: blue defaults to 0.5, and green and blue are truncated to whole numbers.
 void stageMergeFloat(RefImageFloat& target, const RefImageFloat& source, double objectLevel, bool scaleByCoverage);
 
 } // namespace reference

@@ -83,7 +83,7 @@ TEST(ReferenceStageMerge16, ClearsAPixelWithoutCoverage)
 TEST(ReferenceStageMerge16, WritesTheGreyEvenWhereTheTargetHasNoCoverage)
 {
     EXPECT_EQ(merged(RefPixel16{9, 8, 7, 0}, RefPixel16{123, 0, 0, 456}, 1.0, false), (RefPixel16{0, 123, 456, 0}));
-    // Scaled by a coverage that counts as 0, nothing of it is left.
+    // Scaled by a coverage that counts as 0, the grey becomes 0.
     EXPECT_EQ(merged(RefPixel16{9, 8, 7, -32767}, RefPixel16{123, 0, 0, 456}, 1.0, true), RefPixel16{});
 }
 
@@ -157,10 +157,10 @@ TEST(ReferenceStageMergeFloat, CutsGreenAndBlueToWholeNumbers)
               (RefPixelFloat{1, 2, 1, 1}));
     EXPECT_EQ(merged(RefPixelFloat{0, 0, 0, 1}, RefPixelFloat{-1.5F, 0, 0, 1.0F}, 1.0, false),
               (RefPixelFloat{1, -1, 1, 1}));
-    // Scaled: 2.5 x 0.5 = 1.25 and 3 x 0.5 = 1.5, both cut to 1.
+    // Scaled: 2.5 x 0.5 = 1.25 and 3 x 0.5 = 1.5, both truncated to 1.
     EXPECT_EQ(merged(RefPixelFloat{0, 0, 0, 0.5F}, RefPixelFloat{2.5F, 0, 0, 3.0F}, 1.0, true),
               (RefPixelFloat{1, 1, 1, 0.5F}));
-    // Scaled below 1: 1 x 0.5 is cut to 0.
+    // Scaled below 1: 1 x 0.5 is truncated to 0.
     EXPECT_EQ(merged(RefPixelFloat{0, 0, 0, 0.5F}, RefPixelFloat{1, 0, 0, 1}, 1.0, true),
               (RefPixelFloat{1, 0, 0, 0.5F}));
 }

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// One object from its accumulator to its result picture: mask, blur, clip, elevation, normals. What follows the blur
-// can be called by itself, so that another blur's picture can be fed to it.
+// One object from its accumulator to its result picture: mask, blur, clip, elevation, normals. The steps after the blur
+// can be called by themselves, so that the picture of another blur can be passed to them.
 #pragma once
 
 #include "reference/Blur.h"
@@ -35,7 +35,7 @@ RefImage16 shapeVolume16(RefImage16 blurred, const RefBox& referenceBox, const R
 RefImageFloat shapeVolumeFloat(RefImageFloat blurred, const RefBox& referenceBox, const RefVolumeParameters& parameters,
                                RefRange& range);
 
-/// The whole: none (range untouched) when the accumulator has no pixels. The blur is not called when the bevel is not
+/// The whole: none (range unchanged) when the accumulator has no pixels. The blur is not called when the bevel is not
 /// above 0.
 std::optional<RefImage16> buildVolume16(const RefImage16& accumulator, const RefBox& referenceBox,
                                         const RefVolumeParameters& parameters, RefRange& range,

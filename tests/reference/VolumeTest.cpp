@@ -79,7 +79,7 @@ TEST(ReferenceVolume, BlursByItsBevelAndClipsToTheCanvas)
     EXPECT_EQ(result->box, (RefBox{0, 0, 8, 8}));
     EXPECT_EQ(result->at(1, 1), (RefPixel16{5215, 0, 0, 32767}));
     EXPECT_EQ(result->at(2, 2).r, 1919);
-    // Three beside and three below: 5215.03 x exp(-9) = 0.64, rounded 1: the smallest positive one.
+    // Three pixels beside and three below: 5215.03 x exp(-9) = 0.64, rounded 1: the smallest positive one.
     EXPECT_EQ(result->at(4, 4).r, 1);
     EXPECT_EQ(range, (RefRange{1.0F, 1.0F / 5214.0F}));
 }
@@ -101,7 +101,7 @@ TEST(ReferenceVolume, ClipsTheBlurToItsGeometryOnRequest)
     EXPECT_EQ(result->box, (RefBox{4, 4, 17, 17}));
     EXPECT_GT(result->at(12, 12).r, 0);
     EXPECT_EQ(result->at(13, 10), RefPixel16{});
-    // The lowest is two beside and two below: 5215.03 x exp(-4) = 95.52.
+    // The lowest is two pixels beside and two below: 5215.03 x exp(-4) = 95.52.
     EXPECT_EQ(range.offset, 96.0F);
 }
 

@@ -56,7 +56,7 @@ TEST(CoverageMerge, TheColoursLayerCountsAbove1024In16BitAndAbove0InFloat)
 
 TEST(CoverageMerge, SumsAreHeldToTheRange)
 {
-    // f(20000, 1) = (20000 x 32766 + 32767) >> 15 = 655352767 >> 15 = 19999; plus 30000 is beyond 32767.
+    // f(20000, 1) = (20000 x 32766 + 32767) >> 15 = 655352767 >> 15 = 19999; plus 30000 is above 32767.
     EXPECT_EQ(merged<Pixel16>({20000, 0, 0, 0}, {30000, 0, 0, 1}).r, 32767);
     EXPECT_EQ(merged<PixelFloat>({0, 0, 0, 0.9F}, {0.5F, 0, 0, 0.9F}).a,
               static_cast<float>(0.9F * (1.0 - 0.9F) + 0.9F));

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The greys that a drawing is repainted with.
+// The greys in which a drawing is repainted.
 #include "render/DepthComputationColorTransform.h"
 
 #include <gtest/gtest.h>

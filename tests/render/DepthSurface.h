@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Surfaces whose depths are written out in tests, and what the surfaces of the module look like as pictures.
+// Surfaces from depths that tests write out, and conversion of the module's surfaces to pictures.
 #pragma once
 
 #include "render/ElevationSurface.h"
@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-/// The surface of a depth pixmap, of one elevation all over.
+/// The surface of a depth pixmap, with the same elevation everywhere.
 class DepthSurface final : public ElevationSurface
 {
 public:
@@ -52,7 +52,7 @@ UT_SharedPtr<CEL_PixmapAreaZ> planeOfRed(const CEL_PixmapOf<Pixel>& picture)
     return plane;
 }
 
-/// Makes the profile as the volume does.
+/// Makes the profile in the same way as the volume.
 template<typename Pixel>
 ElevationProfile profileOf(const ElevationPlane& plane, double smoothness)
 {

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Where geometry is near, against a look at all 25 pixels around each, over several words of bits.
+// Where geometry is near, compared with a test of all 25 pixels around each, over several words of bits.
 #include "RandomPictures.h"
 
 #include "render/ElevationPlane.h"

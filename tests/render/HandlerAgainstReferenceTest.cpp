@@ -34,7 +34,7 @@ struct Scene
     std::vector<UT_SharedPtr<CEL_PixmapOf<Pixel>>> inputs; // null: no cel
     Parameters parameters;
     std::pair<int, int> resolution;
-    Math::Box2di outputRect; // what is asked for: the canvas, more or less
+    Math::Box2di outputRect; // the requested pixels: the canvas, more or less
 };
 
 QString objectListOf(const std::vector<reference::RefObjectRecord>& records)
@@ -119,7 +119,7 @@ CA_CelRef celOf(const UT_SharedPtr<CEL_PixmapOf<Pixel>>& pixmap, int objectId)
     return cel;
 }
 
-// What the host does: one call a port, then the end.
+// What the host does: one call for each port, then the end.
 template<typename Pixel>
 UT_SharedPtr<CEL_PixmapOf<Pixel>> render(const Scene<Pixel>& scene)
 {
@@ -145,7 +145,7 @@ RefPictureOf<Pixel> expectedOf(const Scene<Pixel>& scene)
         auto& input = inputs.emplace_back();
         if (!scene.inputs[port])
             continue;
-        // A number travels with the cel, so a port without one keeps what the graph says, here nothing.
+        // A number travels with the cel, so a port without a cel keeps the graph's number, here none.
         input.objectId = scene.ids[port];
         input.image = toRef<Pixel>(*scene.inputs[port]);
         anyDelivered = true;
@@ -192,7 +192,7 @@ TYPED_TEST(Render, GivesTheSameBytesWithOneTwoAndSevenThreads)
     scene.inputs.clear();
     for (int port = 0; port < 4; ++port)
         scene.inputs.push_back(random.picture<TypeParam>({0, 0, 64, 1200}, {0, 0, 64, 1200}));
-    // More threads than the machine has cores have to be asked for.
+    // More threads than cores have to be requested.
     const auto withThreads = [&](int threads) {
         const tbb::global_control limit(tbb::global_control::max_allowed_parallelism,
                                         static_cast<std::size_t>(threads));
@@ -233,7 +233,7 @@ TYPED_TEST(Render, GivesTheSameBytesForAnySplitOfTheRows)
             }
             return toRef<TypeParam>(*output).pixels;
         };
-        // Seven threads, three rows each but for the last, which all begin together.
+        // Seven threads, with three rows each except the last, which all start together.
         const auto composedAtOnce = [&] {
             auto output = UT_makeShared<CEL_PixmapOf<TypeParam>>(Math::Size2di{30, 20}, canvas);
             output->realloc(canvas, true);

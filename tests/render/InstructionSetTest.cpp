@@ -32,7 +32,7 @@ struct Job
     double smoothness;
 };
 
-// The volume of two random inputs merged, and that composed.
+// The volume of two random inputs merged, and its composition.
 template<typename Pixel>
 std::vector<Pixel> renderedWith(std::int64_t target, const Job& job)
 {
@@ -74,7 +74,7 @@ TYPED_TEST(InstructionSets, AllGiveTheSameBits)
     for (int width = 1; width <= 70; ++width)
         for (int quality = 0; quality <= 2; ++quality) {
             const Job job{width, quality, width % 2 == 0, width % 3 == 0 ? 2.0 : 1.0};
-            // One pixel at a time is the plainest of all.
+            // One pixel at a time, without vectors.
             const auto plain = renderedWith<TypeParam>(HWY_SCALAR, job);
             for (std::int64_t rest = supported; rest != 0; rest &= rest - 1) {
                 const std::int64_t target = rest & -rest;

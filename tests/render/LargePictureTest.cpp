@@ -82,7 +82,7 @@ TYPED_TEST(LargePicture, HasTheNormalsOfItsRows)
     for (const int quality : {LOW_NORMAL_QUALITY, HIGH_NORMAL_QUALITY}) {
         const auto whole = normalsOf<TypeParam>(DepthSurface(*depth), quality, rect);
         for (int y = rect.y1; y < rect.y2; y += 5 * kStripRows) {
-            // Smoothing looks two rows further.
+            // Smoothing reads two rows further.
             const auto strip = rowsOf(*depth, y - 2, y + kStripRows + 2);
             ASSERT_EQ(storesFor<TypeParam>(strip->allocatedRect(), Reader::SOON), Stores::CACHED);
             const auto part = normalsOf<TypeParam>(DepthSurface(*strip), quality, rect);
@@ -98,7 +98,7 @@ TYPED_TEST(LargePicture, IsComposedAsItsRowsAre)
     RandomPictures random(3);
     VallorinRenderHandler handler(1.0, MO_CompositeModuleBitmapHandler::CompositeModuleInterface{}, {});
     handler.portObjectIds = {1, 2, 0, 1};
-    // Beside each other at the top, over each other further down, and nothing at all at the bottom.
+    // Side by side at the top, overlapping further down, and none at the bottom.
     const Math::Box2di boxes[] = {{701, 3, 1250, 400}, {11, 100, 700, 800}, {300, 350, 900, 500}, {5, 3, 330, 90}};
     VallorinRenderHandler::PixmapMap inputs;
     for (int port = 0; port < 4; ++port)

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The two layers that a drawing's coverage and its greys become, on single pixels worked out by hand.
+// The two layers made of a drawing's coverage and its greys, on single pixels worked out by hand.
 #include "SmallPixmaps.h"
 
 #include "render/LevelMerge.h"

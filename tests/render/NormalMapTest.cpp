@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Normals on small depth pictures worked out by hand, and what blending makes of them.
+// Normals on small depth pictures worked out by hand, and their blending.
 #include "DepthSurface.h"
 #include "SmallPixmaps.h"
 
@@ -91,7 +91,7 @@ TEST(NormalMap, TheDiagonalsCountOnlyWhereAllFourArePresent)
 TEST(NormalMap, TwoSlopesThatNearlyCancelOutAreNotLevel)
 {
     // The axes give a normal of x = -1 / sqrt(5), the diagonals one of x = 2 / sqrt(20 + 3.2e-8): their sum is
-    // -3.6e-10, which single precision takes for 0. It is stored just below the middle.
+    // -3.6e-10, which single precision rounds to 0. It is stored just below the middle.
     const auto depth = filledDepth(3, 3, 100.0F);
     constexpr float kTilt = 9e-5F;
     depth->at(0, 1).value = 99.5F;
@@ -105,8 +105,8 @@ TEST(NormalMap, TwoSlopesThatNearlyCancelOutAreNotLevel)
 
 TEST(NormalMap, StoredNormalsAreReadBackAsTheParserReadsThem)
 {
-    // Every third pixel has a left and a right neighbour whose difference leads to one of the 32768 codes, and level
-    // ones above and below; without diagonals these count alone.
+    // Every third pixel has a left and a right neighbour whose difference leads to one of the 32768 codes, and equal
+    // ones above and below; without diagonals only these count.
     constexpr std::size_t kCodes = 32768;
     constexpr std::size_t kWidth = 3 * kCodes;
     std::vector<float> here(kWidth);
@@ -155,8 +155,8 @@ TEST(NormalMap, SmoothingGivesAnEmptyPixelItsNeighboursNormalButNeitherBlueNorAl
 
 TEST(NormalMap, SmoothingWeighsTheNineNormalsAsABinomialDoes)
 {
-    // Level places beside a wall that rises to the right by 2 a pixel, from column 4 on: a normal there is
-    // (-2, 0, 1) / sqrt(5), and between both, at column 3, that of a rise of 1: (-1, 0, 1) / sqrt(2).
+    // Level pixels beside a wall that rises to the right by 2 a pixel, from column 4 on: a normal there is (-2, 0, 1) /
+    // sqrt(5), and at column 3, between both, that of a rise of 1: (-1, 0, 1) / sqrt(2).
     const auto depth = filledDepth(9, 5, 1.0F);
     for (int y = 0; y < 5; ++y)
         for (int x = 4; x < 9; ++x)

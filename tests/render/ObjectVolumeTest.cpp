@@ -13,7 +13,7 @@
 
 namespace {
 
-// A reference picture of the object's size with nothing allocated.
+// A reference picture of the object's size without pixels.
 template<typename Pixel>
 UT_SharedPtr<CEL_PixmapArea> blankLike(const CEL_PixmapOf<Pixel>& pixmap)
 {
@@ -143,7 +143,7 @@ TEST(ObjectVolume, AFloatThatIsNaNHasNoDepthAndLeavesTheOthersTheirs)
 
 TEST(ObjectVolume, ElevationIsStoredInBlueFromOneTo32766)
 {
-    // Three values in a row, and a place without any.
+    // Three values in a row, and a pixel without a value.
     const auto object = filled<Pixel16>(4, 1, {100, 0, 0, 32767});
     object->at(1, 0).r = 200;
     object->at(2, 0).r = 0;
@@ -228,8 +228,8 @@ TEST(ObjectVolume, ClippingKeepsTheBlurWithinTwoPixelsOfTheGeometry)
 
 namespace {
 
-// The volume of a full square of 5 x 5 pixels at (30, 30) on a canvas of 72 x 72, where a bevel of 120 is a blur of 3
-// pixels that reaches 12 further.
+// The volume of a full square of 5 x 5 pixels at (30, 30) on a canvas of 72 x 72, where a bevel of 120 is a blur with a
+// sigma of 3 pixels, which reaches 12 pixels further.
 ObjectVolume squareVolume(bool clip, const Math::Box2di& referenceRect)
 {
     constexpr int kSide = 72;
@@ -296,7 +296,7 @@ TEST(ObjectVolume, GrowsToTheReferencePicture)
 
 TEST(ObjectVolume, IsNoneWhereTheBlurCannotReach)
 {
-    // Blurs end at coordinates of 2^28; this object lies just before it.
+    // Blurs are limited to coordinates of 2^28; this object lies just before that.
     constexpr int kEnd = 1 << 28;
     CEL_PixmapAreaRGBA16 object({kEnd, 4}, {0, 0, kEnd, 4});
     object.realloc({kEnd - 4, 0, kEnd, 4}, true);

@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Random small pictures for comparisons with the reference: holes, flat areas, full and empty coverage, extremes,
-// negative values, rectangles anywhere around the canvas, empty and one-pixel ones among them. The same seed gives the
-// same pictures.
+// negative values, and rectangles anywhere around the canvas, including empty and one-pixel ones. The same seed gives
+// the same pictures.
 #pragma once
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
@@ -30,7 +30,7 @@ public:
         return {x, y, x + (chance(6) ? 1 : whole(1, largest)), y + (chance(6) ? 1 : whole(1, largest))};
     }
 
-    /// A picture of patches, as drawings are: runs of equal pixels, with noise now and then.
+    /// A picture of patches, like drawings: runs of equal pixels, with occasional noise.
     template<typename Pixel>
     UT_SharedPtr<CEL_PixmapOf<Pixel>> picture(const Math::Box2di& allocated, const Math::Box2di& canvas)
     {

@@ -1,9 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Bridges the code under test and its slow reference: pixmaps to reference pictures and back, and the reference's
-// functions by pixel type, so that one test serves both formats. Results must agree exactly where nothing else is said,
-// in float too: both sides take the same steps in the same order, so a difference of one bit is a step that is not what
-// it should be. Normals in float, which the reference computes in double precision, may be off by a little.
+// functions by pixel type, so that one test serves both formats. Results must agree exactly unless stated otherwise, in
+// float too: both sides take the same steps in the same order, so a difference of one bit means a wrong step. Normals
+// in float, which the reference computes in double precision, may differ slightly.
 #pragma once
 
 #include "BlurAlgo/BlurAlgo.h"
@@ -127,7 +127,7 @@ UT_SharedPtr<CEL_PixmapOf<Pixel>> fromRef(const RefPictureOf<Pixel>& picture)
     return pixmap;
 }
 
-/// The production blur behind the reference's interface, so that both sides go on from the same blurred picture.
+/// The production blur behind the reference's interface, so that both sides continue from the same blurred picture.
 template<typename Pixel>
 RefPictureOf<Pixel> productionBlur(const RefPictureOf<Pixel>& mask, double sigma)
 {
@@ -139,7 +139,7 @@ RefPictureOf<Pixel> productionBlur(const RefPictureOf<Pixel>& mask, double sigma
     return toRef<Pixel>(*blurred.template dynamicCast<CEL_PixmapOf<Pixel>>());
 }
 
-/// Fails with the first difference, of float channels the first that is larger than the tolerance.
+/// Fails with the first difference; for float channels, the first that exceeds the tolerance.
 template<typename Pixel>
 testing::AssertionResult agrees(const RefPictureOf<Pixel>& expected, const CEL_PixmapOf<Pixel>& actual,
                                 double tolerance = 0.0)

@@ -16,7 +16,7 @@ namespace {
 
 using testing::HasSubstr;
 
-// A module for the context to belong to, so that there is a camera.
+// A module that gives the context a scene with a camera.
 class VallorinTestModule : public MO_Module
 {
 public:
@@ -55,7 +55,7 @@ protected:
     UT_SharedPtr<VallorinRenderHandler> make(const std::vector<node_render::PortRenderInfo>& ports,
                                              const char* objectList)
     {
-        // The host hands over both formats as they are.
+        // The host passes on both formats unchanged.
         MO_CompositeModuleBitmapHandler::CompositeModuleInterface module;
         module.acceptsFloatCels = true;
         module.accepts16BitCels = true;
@@ -79,14 +79,14 @@ protected:
         return output ? output->pixmap().template dynamicCast<CEL_PixmapOf<Pixel>>() : nullptr;
     }
 
-    // A drawing that covers everything alike, as the object stage leaves it.
+    // An input whose pixels are all the same, as the object stage makes it.
     static UT_SharedPtr<CEL_PixmapOf<Pixel>> covering(decltype(Pixel::a) coverage,
                                                       decltype(Pixel::r) value = CEL_PixelTraits<Pixel>::kFull)
     {
         return filled<Pixel>(kSide, kSide, {value, 0, 0, coverage});
     }
 
-    // What the output shows of one object of number 1 that covers everything alike.
+    // The output for one object of number 1 whose input pixels are all the same.
     Pixel shown(decltype(Pixel::a) coverage)
     {
         const auto handler = make(1, "1:0");
@@ -188,7 +188,7 @@ TEST_F(RenderHandler, CutOutsNeverAccumulateAndOnlyCutAlpha)
 
 TEST_F(RenderHandler, RecordsWithoutAPositiveNumberAreSkipped)
 {
-    // The accumulators are planted: no input accumulates under such numbers.
+    // The test adds the accumulators: no input accumulates under such numbers.
     const auto handler = make(1, "0:0;-3:0;7:0");
     handler->objectAccumulators[0] = covering(32767);
     handler->objectAccumulators[-3] = covering(32767);
@@ -209,8 +209,8 @@ TEST_F(RenderHandler, InputsWithoutAPositiveNumberAccumulateNothing)
 
 TEST_F(RenderHandler, OfAnObjectListedTwiceTheLaterResultWins)
 {
-    // Bevels of 0 keep the mask, whose range tells the two apart: the later record's smoothness shapes what is stored
-    // in blue.
+    // Bevels of 0 keep the mask, whose values show which record was used: the later one's smoothness shapes the stored
+    // blue.
     const auto handler = make(1, "1:0:1:1;1:0:1:2");
     handler->depthInBlue = true;
     const auto input = covering(32767);
@@ -339,7 +339,7 @@ TEST_F(RenderHandler, TheCamerasMagnificationCountsOnlyWhenItIsAskedFor)
 
 TEST_F(RenderHandler, TheCamerasMagnificationWidensBevels)
 {
-    // Without normals nothing but the bevel makes the picture: 240 units magnified three times are 720.
+    // Without normals only the bevel affects the picture: 240 units magnified three times are 720.
     _scene.truckFactorAttr().setLocalValue(3.0);
     const auto rendered = [&](const char* bevel, bool useTruckFactor) {
         VallorinRenderHandler handler(1.0, {}, std::vector<node_render::PortRenderInfo>(1));
@@ -363,8 +363,8 @@ TEST_F(RenderHandler, TheCamerasMagnificationWidensBevels)
 
 TEST_F(RenderHandler, ElevationBelowTheLowestWrapsIn16Bit)
 {
-    // Positive values run from 20000 to 32767, so a value of 0 is -20000 / 12767 x 32767 = -51330.8, whose low 16 bits
-    // read -51330 + 65536 = 14206.
+    // Positive values run from 20000 to 32767, so a value of 0 becomes -20000 / 12767 x 32767 = -51330.8, whose low 16
+    // bits are -51330 + 65536 = 14206.
     const auto handler = make(1, "1:0");
     handler->generateNormals = false;
     const auto input = covering(32767);
@@ -411,8 +411,9 @@ UT_SharedPtr<CEL_PixmapOf<Pixel>> onePixel(const Math::Size2di& size, int x)
     return pixmap;
 }
 
-// What a picture of 12 x 1 shows at x = 10, where an input of no size has a pixel of the object that another input
-// makes at x = 0. The object is blurred with a sigma of 3 pixels and clipped, so that nothing of it reaches x = 10.
+// The output's pixel at x = 10 in a picture of 12 x 1. An input without a size has a pixel there, of the object that
+// another input makes at x = 0. The object is blurred with a sigma of 3 pixels and clipped, so that it does not reach x
+// = 10.
 template<typename Pixel>
 Pixel besideAnObject(const Math::Size2di& sizeOfInput)
 {

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Laws that hold for every picture: how normals answer to mirroring, turning and lifting of the surface, that they have
-// unit length, and how coverages add up.
+// Laws that hold for every picture: the effect of mirroring, turning and lifting the surface on its normals, their unit
+// length, and how coverages add up.
 #include "DepthSurface.h"
 #include "SmallPixmaps.h"
 
@@ -14,7 +14,7 @@ namespace {
 
 using Depths = UT_SharedPtr<CEL_PixmapAreaZ>;
 
-// Whole heights from 1 to 40 with a black pixel now and then, 1 to 64 wide.
+// Integer heights from 1 to 40 with occasional black pixels, 1 to 64 wide.
 Depths anyDepths(int largestWidth = 64)
 {
     const int width = *rc::gen::inRange(1, largestWidth + 1);
@@ -57,7 +57,7 @@ Math::Vector3d vectorOf(const Pixel& pixel)
 template<typename Pixel>
 constexpr double kStep = std::is_same_v<Pixel, Pixel16> ? 2.0 / 32767.0 : 1e-6;
 
-// Smoothing adds up nine normals in an order that mirroring changes, so that a code may be rounded the other way. All
+// Smoothing adds nine normals in an order that mirroring changes, so a code may be rounded the other way. Everything
 // else is the same to the bit.
 template<typename Channel>
 bool isSameComponent(Channel a, Channel b, int quality)
@@ -105,7 +105,8 @@ TYPED_TEST(NormalLaws, AMirroredSurfaceHasMirroredNormalsAtEveryQuality)
                 RC_ASSERT(a.a == b.a);
                 RC_ASSERT(a.b == b.b);
                 RC_ASSERT(isSameComponent(a.g, b.g, quality));
-                // In 16 bits the middle lies half a step above 0 for both, and either may be rounded by a step.
+                // In 16 bits the stored middle is half a step above 0 for both, and either may be off by a step of
+                // rounding.
                 if (a.a != 0)
                     RC_ASSERT(std::abs(vectorOf(a).x + vectorOf(b).x) <= 3 * kStep<TypeParam>);
             }
@@ -166,7 +167,8 @@ TYPED_TEST(NormalLaws, AFlatSurfaceFacesTheViewerAtEveryQuality)
 TYPED_TEST(NormalLaws, StoredNormalsHaveUnitLength)
 {
     holds("x and y of a tilted plane leave the z that its slopes give", [] {
-        // Slopes in eighths, so that the depths are exact; the middle pixel and all around it have eight neighbours.
+        // Slopes in eighths, so that the depths are exact; the middle pixel and its neighbours have eight neighbours
+        // each.
         const double across = *rc::gen::inRange(-80, 81) / 8.0;
         const double down = *rc::gen::inRange(-80, 81) / 8.0;
         const auto depths = filledDepth(5, 5, 0.0F);

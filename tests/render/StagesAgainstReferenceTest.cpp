@@ -27,7 +27,7 @@ public:
 using Formats = testing::Types<CEL_PixelRGBA16, CEL_PixelRGBAFloat>;
 TYPED_TEST_SUITE(Stage, Formats);
 
-// Compares a plane, which is 0 outside of a box, with one channel of a picture of the reference.
+// Compares a plane, which is 0 outside a box, with one channel of a picture of the reference.
 template<typename Pixel>
 testing::AssertionResult agreesInRed(const RefPictureOf<Pixel>& expected, const CEL_PixmapAreaZ& plane,
                                      const Math::Box2di& inside)
@@ -43,7 +43,7 @@ testing::AssertionResult agreesInRed(const RefPictureOf<Pixel>& expected, const 
     return testing::AssertionSuccess();
 }
 
-// A picture's red as the surface that the volume makes of it.
+// A picture's red as a surface, made as the volume makes it.
 template<typename Pixel>
 struct SurfaceOfRed
 {
@@ -71,7 +71,7 @@ struct SurfaceOfRed
     BevelSurface surface;
 };
 
-// Fails with the first difference between depths, as far as pixels are concerned.
+// Fails with the first difference between depths; ignores the declared ranges, which affect no pixel.
 testing::AssertionResult agree(reference::RefDepth expected, const reference::RefDepth& actual)
 {
     expected.rangeLow = actual.rangeLow;
@@ -80,7 +80,7 @@ testing::AssertionResult agree(reference::RefDepth expected, const reference::Re
     return differences.empty() ? testing::AssertionSuccess() : testing::AssertionFailure() << differences;
 }
 
-// The reference goes on from its own depths, which nothing holds to 1e38.
+// The reference continues from its own depths. It does not clamp their height to 1e38, so this function does.
 template<typename Pixel, typename Reference>
 testing::AssertionResult normalsAgree(const CEL_PixmapOf<Pixel>& blurred, double high, int quality,
                                       double tolerance = kNormalsInFloat)
@@ -167,7 +167,7 @@ TYPED_TEST(Stage, BuildingTheDepthAgreesWithTheReference)
 
 TYPED_TEST(Stage, TakingEachValuesPowerOnceAgreesWithTheReference)
 {
-    // Few values over many pixels: 1 to 200 on the channel's scale, and some beyond either end of the span.
+    // Few values over many pixels: 1 to 200 on the channel's scale, and some outside the span.
     for (std::uint32_t seed = 0; seed < 200; ++seed) {
         SCOPED_TRACE(seed);
         RandomPictures random(seed);
@@ -219,7 +219,7 @@ TYPED_TEST(Stage, SteepAndFaintSlopesAgreeWithTheReference)
 
 TYPED_TEST(Stage, TheSteepestElevationsThatPeopleSetAgreeWithTheReference)
 {
-    // An elevation of 10 on a canvas of 3840 pixels, which bevels of a few pixels leave as cliffs.
+    // An elevation of 10 on a canvas of 3840 pixels, with bevels of a few pixels, which makes cliffs.
     for (std::uint32_t seed = 0; seed < kPictures; ++seed) {
         SCOPED_TRACE(seed);
         RandomPictures random(seed);

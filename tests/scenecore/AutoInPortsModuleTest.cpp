@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Automatic input ports: one free port always waits at the end.
+// Automatic input ports: there is always one free port at the end.
 #include "TestModules.h"
 
 #include "QuarvelSceneCore/kinds/MO_CompositeModule.h"

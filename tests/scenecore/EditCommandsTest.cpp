@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Undoable changes of a scene, compared as the text that would be saved: after every undo and redo it is the one of
-// before and after, to the byte.
+// Undoable changes of a scene, compared as the text that would be saved: every undo and redo restores the text before
+// or after the change, to the byte.
 #include "TestModules.h"
 
 #include "QuarvelCommand/CO_CommandStack.h"
@@ -51,7 +51,7 @@ struct EditCommands : testing::Test
         ASSERT_TRUE(MO_Scene::connect(source, target, inPort).ok());
     }
 
-    // Executes, and sees that undo and redo bring back what was there.
+    // Executes a command and checks that undo and redo restore the saved text.
     void execute(MO_EditCommand command)
     {
         ASSERT_TRUE(command);
@@ -325,7 +325,7 @@ MO_EditCommand anyChangeOfScene(MO_Scene& scene)
     }
 }
 
-// A change of any kind; null when the one that was drawn makes no sense.
+// A random change; null when the drawn one is not possible.
 MO_EditCommand anyChange(MO_Scene& scene)
 {
     std::vector<XUGroup*> groups{&scene.root()};
@@ -395,7 +395,7 @@ RC_GTEST_PROP(EditCommandsOfAnyKind, UndoAndRedoBringBackTheBytes, ())
     }
 }
 
-// Counts what the scene tells.
+// Counts the scene's notifications.
 class Notifications : public XUListener
 {
 public:

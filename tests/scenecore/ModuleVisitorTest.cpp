@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Which operation of a visitor a module ends in.
+// Which operation of a visitor a module calls.
 #include "TestModules.h"
 
 #include "QuarvelSceneCore/graph/MO_OpaqueModule.h"
@@ -13,7 +13,7 @@
 
 using namespace test_modules;
 
-// What a plug-in does with the overload that is reserved for its node.
+// Uses the overload that is reserved for a plug-in's node, as the plug-in does.
 class Vallorin : public MO_Module
 {
 public:
@@ -24,7 +24,7 @@ public:
 
 namespace {
 
-// Overrides what a walk up the graph overrides.
+// Overrides the same operations as a walk up the graph.
 class Walk : public MO_ModuleVisitor
 {
 public:

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Rendering requests: in which order they stand, which drawings they meet.
+// Rendering requests: their order, and which drawings they receive.
 #include "TestModules.h"
 
 #include <gtest/gtest.h>
@@ -23,7 +23,7 @@ struct RenderingRequestTest : testing::Test
     {
         ASSERT_TRUE(MO_Scene::connect(source, target, inPort).ok());
     }
-    // What the handlers wrote; the calls of render interfaces left out.
+    // The entries that the handlers wrote, without the calls of render interfaces.
     Log handled(MO_Module& module)
     {
         log.clear();
@@ -195,7 +195,7 @@ TEST(RequestContext, KeepsOneObjectPerKey)
     EXPECT_EQ(context.findObject(kFirst), two);
 }
 
-// What a handler puts in the place of a drawing is what arrives downstream, ready to be rasterised.
+// A drawing that a handler puts in place of another arrives downstream, ready to be rasterised.
 TEST(RequestContext, AReplacedDrawingArrivesWithItsPlace)
 {
     class Replacing : public MO_RenderingRequestHandler

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A copy says the same and is independent.
+// A copy is equal and independent.
 #include "TestModules.h"
 
 #include "QuarvelCommand/CO_CommandStack.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Scenes as XML: what is written is read back, and nothing is lost that this version does not know.
+// Scenes as XML: what is written reads back, and unknown content is kept.
 #include "TestModules.h"
 
 #include "QuarvelPersistentObj/PO_XmlReading.h"
@@ -31,7 +31,7 @@ UT_Result<void> read(MO_Scene& scene, const QString& xml, QStringList* warnings 
     return scene.readXml(document->documentElement(), warnings);
 }
 
-// A scene of all kinds of modules, with a group in a group.
+// A scene with all kinds of modules and a group in a group.
 void build(MO_Scene& scene)
 {
     XUGroup& root = scene.root();

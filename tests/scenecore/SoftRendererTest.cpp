@@ -23,7 +23,7 @@ namespace {
 constexpr CEL_PixelRGBA16 kRed16{32767, 0, 0, 32767};
 constexpr CEL_PixelRGBA16 kGreen16{0, 32767, 0, 32767};
 
-// A leaf that makes a picture of one pixel at (0, 0), the same channels in both formats' own scale.
+// A leaf that makes a picture of one pixel at (0, 0), with the same numbers as channels in both formats.
 template<typename Pixel>
 class OnePixel : public MO_Module
 {
@@ -78,7 +78,7 @@ struct SoftRendererTest : testing::Test
         return (*cel)->pixmap().dynamicCast<CEL_PixmapAreaRGBA16>();
     }
 
-    // The pixels that are not transparent, in rows, as text: R for red, G for green, ? for others.
+    // The picture in rows, as text: R for red, G for green, ? for other colours, and a dot where it is transparent.
     static std::string picture(MO_Module& module, double frame = 1.0)
     {
         const auto pixels = render(module, frame);
@@ -448,7 +448,7 @@ TEST_F(SoftRendererTest, FramesRenderOnSeveralThreadsAtOnce)
 
 TEST_F(SoftRendererTest, AGraphOfTooManyPathsIsAnErrorAndNoHang)
 {
-    // Every glue shows the one before it twice: forty of them make 2 to the 40 paths.
+    // Every glue shows the one before it twice, so forty of them make 2^40 paths.
     MO_Module* last = &root.emplace<MO_ElementModule>();
     for (int i = 0; i < 40; ++i) {
         auto& next = root.emplace<MO_GlueModule>();

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Modules and drawings that the tests of the node graph are built from.
+// Modules and drawings for the tests of the node graph.
 #pragma once
 
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
@@ -18,7 +18,7 @@
 
 namespace test_modules {
 
-/// A module of one input that does nothing of its own.
+/// A module with one input that overrides nothing in a render.
 class PassModule : public MO_Module
 {
 public:
@@ -29,8 +29,8 @@ public:
 
 using Log = std::vector<std::string>;
 
-/// Writes what happens to it into a log. It may have a request and may render pixels (the cel of its last input goes
-/// through); input port i asks for the rectangle grown by growth.
+/// Writes its calls into a log. It may have a request and may render pixels (it passes on the cel of its last input);
+/// input port i needs the rectangle grown by growth.
 class LoggingModule : public MO_Module
 {
 public:

@@ -14,7 +14,7 @@ namespace {
 std::int32_t faded(std::int32_t value, std::int32_t coverage)
 {
     const std::int32_t sum = value * (32767 - coverage) + 32767;
-    // The quotient rounded down, spelled out: a division rounds toward zero.
+    // Rounds the quotient down explicitly: a division rounds toward zero.
     std::int32_t quotient = sum / 32768;
     if (sum < 0 && sum % 32768 != 0) {
         quotient -= 1;
@@ -58,14 +58,14 @@ RefImageFloat makeAccumulatorFloat(const RefImageFloat& firstInput, const RefBox
 
 void mergePixel16(RefPixel16& out, const RefPixel16& input)
 {
-    // First layer: only where it rises above what is there.
+    // First layer: only where it is above the accumulator's value.
     if (input.a == 32767) {
         out.r = input.r;
         out.a = 32767;
     } else if (input.a > 0 && input.r > out.r) {
         mixInto(out, input.r, input.a);
     }
-    // Second layer: always, above a threshold that a merely covered pixel does not pass.
+    // Second layer: always, above a threshold that the default coverage does not reach.
     if (input.b == 32767) {
         out.r = input.g;
         out.a = 32767;

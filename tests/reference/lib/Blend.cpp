@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The blend of an object's normal into an output pixel. In 16-bit the mixed normal and alpha are truncated where the
-// picture of normals rounds; in float the mixed alpha loses its fraction, so that it is either 0 or 1. Both are meant.
+// picture of normals rounds; in float the mixed alpha loses its fraction, so that it is either 0 or 1. Both are
+// intended.
 #include "reference/Blend.h"
 
 #include "reference/Normals.h"

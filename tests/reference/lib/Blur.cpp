@@ -12,7 +12,7 @@
 namespace reference {
 namespace {
 
-/// A rectangle of doubles; outside of it everything is zero.
+/// A rectangle of doubles; outside it everything is zero.
 struct Plane
 {
     RefBox box;

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Rectangles of the reference version: the few operations on half-open integer rectangles that the pixel algorithms
-// need, written so that an empty rectangle never takes part in a minimum or a maximum.
+// need. Empty rectangles never enter a minimum or a maximum.
 #include "reference/Box.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Comparison of two pictures: geometry first, then every pixel, with the first difference and the number of differences
-// told.
+// Comparison of two pictures: geometry first, then every pixel; reports the first difference and the number of
+// differences.
 #include "reference/Compare.h"
 
 #include <cmath>

@@ -28,7 +28,7 @@ float shareOf(float r, const RefSpan& span, float scale)
     return single(above * scale);
 }
 
-/// (1 - x) is single, as both are; the products and the sum are double, as low and high are.
+/// (1 - x) is single, as both operands are; the products and the sum are double, as low and high are.
 float depthAt(float x, double low, double high)
 {
     const float rest = single(1.0F - x);

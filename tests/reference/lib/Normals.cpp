@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Normals of a depth picture. Differences of two depths are single precision, as both are; everything else is double
-// until a channel is stored.
+// Normals of a depth picture. Differences of two depths are single precision, as the depths are; everything else is
+// double until a channel is stored.
 #include "reference/Normals.h"
 
 #include "reference/lib/Single.h"
@@ -25,7 +25,7 @@ RefVector decoded(double x, double y, bool negative)
     return RefVector{x, y, negative ? -z : z};
 }
 
-/// One of the nine places that smoothing reads.
+/// One of the nine pixels that smoothing reads.
 struct Sample
 {
     int dx;

@@ -9,7 +9,7 @@
 
 namespace reference {
 
-/// The value as it is once stored in memory as a float.
+/// The value after being stored in memory as a float.
 inline float single(float value)
 {
     volatile float stored = value;

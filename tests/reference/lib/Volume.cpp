@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// One object from accumulator to result. Without a bevel the mask goes on as it is, neither clipped to the geometry nor
-// to the canvas, so that it may reach two pixels beyond the canvas.
+// One object from accumulator to result. Without a bevel the mask is used unchanged, neither clipped to the geometry
+// nor to the canvas, so that it may extend two pixels beyond the canvas.
 #include "reference/Volume.h"
 
 #include "reference/GeometryClip.h"
