@@ -48,8 +48,8 @@ public:
     bool setCurve(const AT_Curve& curve);
 
     const State& state() const { return _state; }
-    /// The state in which the value at a frame is this number, clamped to the limits: with a key there when the attribute
-    /// is animated, with another local value otherwise. For NaN and infinite numbers, the present state.
+    /// The state in which the value at a frame is this number, clamped to the limits: with a key there when the
+    /// attribute is animated, with another local value otherwise. For NaN and infinite numbers, the present state.
     State stateWith(double frame, double value) const;
     /// Sets the local value, which must be within the limits, and the curve as one change.
     ///

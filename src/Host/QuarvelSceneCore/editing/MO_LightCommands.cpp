@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Two kinds of commands: one changes numbers of a light, which is what is dragged and so has to merge; the other puts a
-// list of lights in place.
+// Two kinds of commands: one changes numbers of a light and can merge, because dragging a light changes them; the other
+// replaces the list of lights.
 #include "QuarvelSceneCore/editing/MO_LightCommands.h"
 
 #include "QuarvelCommand/CO_OrCommand.h"
@@ -14,11 +14,11 @@ namespace {
 using Numbers = std::vector<AT_AnimatableAttr*>;
 using States = std::vector<AT_AnimatableAttr::State>;
 
-// Changes several numbers as one.
+// Changes several numbers as one change.
 class NumbersCmd : public CO_Command
 {
 public:
-    /// @param keeper keeps the numbers alive; null where the scene does
+    /// @param keeper keeps the numbers alive; null where the scene does so
     NumbersCmd(const QString& name, const std::shared_ptr<void>& keeper, const Numbers& numbers, const States& after)
         : _name(name), _keeper(keeper), _numbers(numbers), _after(after)
     {
@@ -51,7 +51,7 @@ private:
     States _after;
 };
 
-// What of a light is changed, in words; empty where it is more than one thing.
+// The name of the changed value of a light; empty where several are changed.
 struct Subject
 {
     void add(const QString& what)
@@ -72,7 +72,7 @@ constexpr std::array<double MO_LightingValues::*, MO_Lighting::NUMBERS> kCommonN
     &MO_LightingValues::ambientRed, &MO_LightingValues::ambientGreen, &MO_LightingValues::ambientBlue,
     &MO_LightingValues::ambientIntensity, &MO_LightingValues::highlight};
 
-// Some numbers are one thing to people.
+// The three numbers of a colour count as one value.
 QString subjectOf(const AT_Attr& number, std::size_t index, std::size_t firstOfColour)
 {
     if (index >= firstOfColour && index < firstOfColour + 3)

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A light's attributes. None of them can be linked: a link names a node, and a light is none.
+// A light's attributes. None of them can be linked: a link names a node, and a light is not a node.
 #include "QuarvelSceneCore/graph/MO_Light.h"
 
 #include <QCoreApplication>

@@ -1,12 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// MO_Light: a light of a scene. It changes how a scene looks when it is lit, and no map that is rendered of it.
+// MO_Light: a light of a scene. It affects lit pictures of the scene, and no map that is rendered from it.
 //
-// A light stands over the picture like a lamp over a table. Its place is given from the frame's centre in units of half
-// the frame's shorter side, x to the right and y up; its height over the picture in the same unit. So a light stays
-// where it is when the picture gets another size. A directional light shines as from far away, from the direction in
-// which it stands as seen from the frame's centre. A point light shines from its place, and becomes weaker with the
-// distance from it (NM_Lighting.h has the formula).
+// A light is above the picture like a lamp above a table. Its position is relative to the frame's centre, in units of
+// half the frame's shorter side, x to the right and y up; its height above the picture is in the same unit. So a light
+// keeps its position when the picture's size changes. A directional light shines as from far away, in the direction
+// from its position to the frame's centre. A point light shines from its position, and is weaker at larger distances
+// (NM_Lighting.h has the formula).
 //
 //     <light>
 //       <Name val="Key"/>
@@ -42,26 +42,26 @@ protected:
     void fillValueTable(ValueTable& table) const override;
 };
 
-/// What a light is at one frame. The values of a new light are those of a white one from the upper left.
+/// The values of a light at one frame. By default, a white light from the upper left.
 struct MO_LightValues
 {
-    QString name = {}; ///< any text; empty for a light that nobody named
+    QString name = {}; ///< any text; empty for a light without a name
     MO_LightKind kind = MO_LightKind::DIRECTIONAL;
     bool on = true;
-    bool solo = false;                   ///< as long as a light is solo, only such lights shine
+    bool solo = false;                   ///< while a light is solo, only solo lights shine
     double x = -0.5;                     ///< -8 to 8
     double y = 0.5;                      ///< -8 to 8
     double height = 0.70710678118654757; ///< 0.05 to 4
-    double reach = 1.0;                  ///< of a point light: how far from its foot it is half as bright; 0.05 to 16
-    double red = 255.0;                  ///< encoded as sRGB, 0 to 255, as in palettes
+    double reach = 1.0; ///< point light: distance from its foot at which it is half as bright; 0.05 to 16
+    double red = 255.0; ///< encoded as sRGB, 0 to 255, as in palettes
     double green = 255.0;
     double blue = 255.0;
-    double intensity = 1.0; ///< by which the linear amounts of the colour are multiplied; 0 to 4
+    double intensity = 1.0; ///< a factor of the colour's linear amounts; 0 to 4
 
     friend bool operator==(const MO_LightValues&, const MO_LightValues&) = default;
 };
 
-/// A light. Tells its listeners after every change. See MO_Node.h for threads.
+/// A light. Notifies its listeners after every change. See MO_Node.h for threads.
 class QUARVELSCENECORE_EXPORT MO_Light : public XUTeller, public PIO_XmlWritable, private XUListener
 {
 public:
@@ -96,8 +96,8 @@ public:
 
     MO_LightValues values(double frame) const;
 
-    /// Reads the light from its element; what the element does not say is as in a new light. What is not understood is
-    /// kept, with a warning.
+    /// Reads the light from its element; values that the element does not have are those of a new light. Unknown parts
+    /// are kept, with a warning.
     void readXml(const QDomElement& element, QStringList* warnings);
 
     /// "light".

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Whether lights are those of a new scene is asked of the XML, so that nothing that would be saved is overlooked.
+// Whether lights equal a new scene's is decided by their XML, so that nothing that would be saved is overlooked.
 #include "QuarvelSceneCore/graph/MO_Lighting.h"
 
 #include <QCoreApplication>
@@ -105,7 +105,7 @@ void MO_Lighting::readXml(const QDomElement& element, QStringList* warnings)
     Lights lights;
     for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement())
         readChild(child, lights, warnings);
-    // Who wrote an element without a light wants none to shine.
+    // An element without lights means that none shines, so the one required light is off.
     if (lights.empty())
         lights.push_back(std::make_shared<MO_Light>(MO_LightValues{.on = element.isNull()}));
     const QDomNamedNodeMap attributes = element.attributes();

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// MO_Lighting: the lights of a scene, and what they have in common: the ambient light, which comes from everywhere, and
-// how much surfaces gleam.
+// MO_Lighting: the lights of a scene, and their common values: the ambient light, which comes from all directions, and
+// the strength of highlights.
 //
 //     <lights>
 //       <AmbientRed val="255"/>
@@ -9,7 +9,7 @@
 //       <light>...</light>
 //     </lights>
 //
-// A scene whose lights are those of a new one has no such element, so what is older than lights stays as it is.
+// A scene with the lights of a new one is saved without this element, so scenes from before lights stay unchanged.
 #pragma once
 
 #include "QuarvelSceneCore/graph/MO_Light.h"
@@ -17,33 +17,33 @@
 #include <memory>
 #include <vector>
 
-/// What the lights have in common, at one frame.
+/// The common values of the lights at one frame.
 struct MO_LightingValues
 {
     double ambientRed = 255.0; ///< encoded as sRGB, 0 to 255
     double ambientGreen = 255.0;
     double ambientBlue = 255.0;
-    /// By which the linear amounts of the ambient colour are multiplied; 0 to 1. To begin with, what the first light of
-    /// a new scene leaves of full light on a surface that faces the viewer: 1 - sin 45 degrees.
+    /// A factor of the ambient colour's linear amounts; 0 to 1. By default 1 - sin 45 degrees, so that together with a
+    /// new scene's first light, a surface that faces the viewer gets full light.
     double ambientIntensity = 0.29289321881345254;
     double highlight = 0.0; ///< the strength of highlights; 0 to 1
 
     friend bool operator==(const MO_LightingValues&, const MO_LightingValues&) = default;
 };
 
-/// Lights with what they have in common, as plain values.
+/// Lights with their common values, as plain values.
 struct MO_LightRig
 {
     MO_LightingValues common = {};
     std::vector<MO_LightValues> lights{MO_LightValues{}};
 };
 
-/// The lights of a scene; there always is one at least. Tells its listeners after every change. See MO_Node.h for
+/// The lights of a scene; there is always at least one. Notifies its listeners after every change. See MO_Node.h for
 /// threads.
 class QUARVELSCENECORE_EXPORT MO_Lighting : public XUTeller, public PIO_XmlWritable, private XUListener
 {
 public:
-    /// A scene has no more lights than these.
+    /// The largest number of lights in a scene.
     static constexpr std::size_t kMaxLights = 16;
 
     using Lights = std::vector<std::shared_ptr<MO_Light>>;
@@ -52,14 +52,14 @@ public:
     ~MO_Lighting() override;
 
     const Lights& lights() const { return _lights; }
-    /// Puts other lights in place, those beyond kMaxLights left out.
+    /// Replaces the lights; those after the first kMaxLights are left out.
     ///
     /// @return false, and nothing changes, when there is none
     bool setLights(const Lights& lights);
-    /// What people call a light of this scene: its name, or "Light N", translated.
+    /// The title of a light of this scene: its name, or "Light N", translated.
     QString titleOf(const MO_Light& light) const;
 
-    /// The numbers that the lights have in common, which may be animated.
+    /// The common numbers of the lights, which may be animated.
     enum Number
     {
         AMBIENT_RED,
@@ -74,14 +74,14 @@ public:
     std::array<AT_DoubleAttr, NUMBERS>& numbers() { return _numbers; }
 
     MO_LightingValues values(double frame) const;
-    /// All of it at a frame.
+    /// The lights and their common values at a frame.
     MO_LightRig rig(double frame) const;
 
-    /// Whether everything is as in a new scene, so that nothing need be saved.
+    /// Whether everything equals a new scene's, so that nothing need be saved.
     bool isNew() const;
 
-    /// Reads everything from its element; a null element gives the lights of a new scene. What is not understood is
-    /// kept, with a warning.
+    /// Reads everything from its element; a null element gives the lights of a new scene. Unknown parts are kept, with
+    /// a warning.
     void readXml(const QDomElement& element, QStringList* warnings);
 
     /// "lights".

@@ -54,7 +54,8 @@ public:
     /// Cuts the link of an input port; does nothing when there is none.
     static void disconnect(MO_Module& target, unsigned inPort = 0);
 
-    /// Replaces camera, lights, frames and graph by an element's; palettes stay. Unknown parts are kept, with a warning.
+    /// Replaces camera, lights, frames and graph by an element's; palettes stay. Unknown parts are kept, with a
+    /// warning.
     ///
     /// @return an error, and the scene has not changed, when the element is not a scene or is unusable
     UT_Result<void> readXml(const QDomElement& element, QStringList* warnings);
