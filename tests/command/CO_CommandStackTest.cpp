@@ -76,6 +76,23 @@ TEST_F(CommandStack, ForgetsWhatWasUndoneWhenSomethingNewIsDone)
     EXPECT_EQ(text, QStringLiteral("B"));
 }
 
+TEST_F(CommandStack, ForgetsAChangeThatWasGivenUp)
+{
+    run('A');
+    stack.setClean();
+    run('B');
+    EXPECT_TRUE(stack.drop());
+    EXPECT_EQ(text, QStringLiteral("A"));
+    EXPECT_FALSE(stack.canRedo());
+    EXPECT_TRUE(stack.isClean());
+    EXPECT_TRUE(stack.drop());
+    EXPECT_EQ(text, QString());
+    EXPECT_FALSE(stack.drop());
+    // What was clean is gone for good.
+    run('C');
+    EXPECT_FALSE(stack.isClean());
+}
+
 TEST_F(CommandStack, DropsCommandsWithoutEffect)
 {
     run('A');

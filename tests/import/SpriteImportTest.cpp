@@ -30,7 +30,7 @@ TEST(SpriteImport, ABitmapIsALayerNamedAfterItsFile)
 {
     const Folder folder;
     const DrawingSequence sequence = sequenceOf({folder.write("hero_3.png", sprite(4, 4, QColor(0, 128, 255)))});
-    ASSERT_EQ(layerNames(sequence), QStringList{"hero"});
+    ASSERT_EQ(layerNames(sequence), QStringList{"hero_3"});
     EXPECT_EQ(sequence.frame, QRectF(0, 0, 32, 32));
     EXPECT_EQ(colourNames(*sequence.palette), QStringList{"#0080ff"});
     EXPECT_TRUE(sequence.palette->colors()[0].dynamicCast<CM_Color>());

@@ -117,8 +117,6 @@ TEST_F(WindowFilesTest, ADamagedDrawingIsToldAndChangesNothing)
 {
     openDisc();
     const QString before = xmlOf(document().scene());
-    // An import counts as unsaved, so leaving it is asked about.
-    answerNext(QMessageBox::Discard);
     drop({write(QStringLiteral("broken.svg"), "<svg><path d='M0 0")});
     ASSERT_TRUE(waitForFiles());
     ASSERT_TRUE(waitUntilSaid());
@@ -177,6 +175,7 @@ TEST_F(WindowFilesTest, AFolderThatCannotBeWrittenIsTold)
 TEST_F(WindowFilesTest, LeavingAsksAndCancelStays)
 {
     openDisc();
+    change();
     answerNext(QMessageBox::Cancel);
     EXPECT_FALSE(window->close());
     EXPECT_FALSE(asked.isEmpty());
@@ -186,9 +185,54 @@ TEST_F(WindowFilesTest, LeavingAsksAndCancelStays)
 TEST_F(WindowFilesTest, LeavingAsksAndDiscardLeaves)
 {
     openDisc();
+    change();
     answerNext(QMessageBox::Discard);
     EXPECT_TRUE(window->close());
     EXPECT_FALSE(asked.isEmpty());
+}
+
+TEST_F(WindowFilesTest, WhatNobodyTouchedIsLeftWithoutAsking)
+{
+    openDisc();
+    answerNext(QMessageBox::Cancel);
+    drop({write(QStringLiteral("other.svg"), studio_testing::kDisc)});
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_TRUE(window->windowTitle().contains(QStringLiteral("other")));
+    // A change that was taken back is none.
+    change();
+    document().undo();
+    EXPECT_TRUE(window->close());
+    EXPECT_EQ(asked, QString());
+}
+
+TEST_F(WindowFilesTest, ASceneThatWasRecoveredIsAskedAbout)
+{
+    openDisc();
+    change();
+    const QString left = leaveAsAfterACrash();
+    window.reset();
+    window = std::make_unique<MainWindow>(left);
+    window->show();
+    answerNext(QStringLiteral("Recover"));
+    EXPECT_TRUE(window->offerRecovery());
+    answerNext(QMessageBox::Cancel);
+    EXPECT_FALSE(window->close());
+    EXPECT_FALSE(asked.isEmpty());
+}
+
+TEST_F(WindowFilesTest, AfterOpeningTheNodeThatMattersIsSelected)
+{
+    openDisc();
+    ASSERT_NE(document().currentModule(), nullptr);
+    EXPECT_EQ(document().currentModule()->keyword(), QStringLiteral("Vallorin"));
+}
+
+TEST_F(WindowFilesTest, AFilesNameStaysWhole)
+{
+    drop({write(QStringLiteral("1F98A.svg"), studio_testing::kDisc)});
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_TRUE(window->windowTitle().contains(QStringLiteral("1F98A"))) << qPrintable(window->windowTitle());
+    EXPECT_FALSE(xmlOf(document().scene()).contains(QStringLiteral("1FA")));
 }
 
 TEST_F(WindowFilesTest, LeavingAsksAndSaveSaves)

@@ -18,8 +18,7 @@ QString defaultOutput(const QStringList& files)
     QStringList sorted = files;
     sortNaturally(sorted);
     const QFileInfo first(sorted.first());
-    const QString name = files.size() == 1 ? first.completeBaseName() : sequenceName(files);
-    return QDir::cleanPath(first.dir().filePath(name + QStringLiteral(".scene")));
+    return QDir::cleanPath(first.dir().filePath(sequenceName(files) + QStringLiteral(".scene")));
 }
 
 Taken takeOutput(ImportOptions& options, const QString& option, const QString& value)

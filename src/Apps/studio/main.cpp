@@ -69,9 +69,9 @@ int main(int argc, char** argv)
 
     MainWindow window;
     window.show();
-    if (!parser.positionalArguments().isEmpty())
+    // What a crash left comes first, whatever the program was started with. Files do not take the place of what was
+    // just recovered.
+    if (!window.offerRecovery() && !parser.positionalArguments().isEmpty())
         window.openPaths(parser.positionalArguments());
-    else
-        window.offerRecovery();
     return QApplication::exec();
 }

@@ -40,6 +40,18 @@ bool CO_CommandStack::undo()
     return true;
 }
 
+bool CO_CommandStack::drop()
+{
+    if (!canUndo())
+        return false;
+    _commands[_done - 1]->undo();
+    --_done;
+    forgetUndone();
+    _mayMerge = false;
+    tell();
+    return true;
+}
+
 bool CO_CommandStack::redo()
 {
     if (!canRedo())

@@ -35,6 +35,9 @@ public:
 
     /// Undoes the newest command. @return false when there is none
     bool undo();
+    /// Undoes the newest command and forgets it: a change that was given up before it was finished, such as a drag that
+    /// the person breaks off. @return false when there is none
+    bool drop();
     /// Redoes the command undone last. @return false when there is none
     bool redo();
 

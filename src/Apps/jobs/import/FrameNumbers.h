@@ -31,5 +31,6 @@ UT_Result<int> frameNumberOf(const QString& path);
 /// @return in the order of frames; an error when two files have the same number, or only some have one
 UT_Result<std::vector<NumberedFile>> numberFrames(QStringList paths);
 
-/// What a sequence is called: the name of its first file without folder, number and suffix.
+/// What a sequence is called: the name of its first file without folder, number and suffix. The digits of a single file
+/// are a part of its name and stay.
 QString sequenceName(QStringList paths);

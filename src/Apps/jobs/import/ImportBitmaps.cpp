@@ -32,7 +32,7 @@ UT_Result<std::vector<BitmapLayer>> layersOf(const QStringList& files)
         const UT_Result<int> number = files.size() == 1 ? kAlways : frameNumberOf(file);
         if (!number)
             return number.error();
-        const QString name = DIO_nameWithoutNumber(file);
+        const QString name = files.size() == 1 ? sequenceName(files) : DIO_nameWithoutNumber(file);
         auto layer = std::ranges::find(layers, name, &BitmapLayer::name);
         if (layer == layers.end())
             layer = layers.insert(layers.end(), {name, {}, {}});

@@ -51,6 +51,12 @@ UT_Result<void> setText(MO_Module& module, const QString& key, const QString& te
     return {};
 }
 
+std::unique_ptr<CO_Command> textCmd(MO_Module& module, const QString& key, const QString& text)
+{
+    auto* const attr = dynamic_cast<AT_StringAttr*>(module.findAttr(key));
+    return std::unique_ptr<CO_Command>(attr ? attr->setValueCmd(0.0, text) : nullptr);
+}
+
 // The field as a number; the fallback where there is none.
 double numberAt(const QStringList& fields, qsizetype index, double fallback)
 {
@@ -138,10 +144,20 @@ std::vector<NormalMapObject> NormalMapNode::objects() const
     return attr ? objectsOfTable(attr->localValue()) : std::vector<NormalMapObject>();
 }
 
+std::unique_ptr<CO_Command> NormalMapNode::objectsCmd(const std::vector<NormalMapObject>& objects) const
+{
+    return textCmd(*_module, kObjects, objectTableText(objects));
+}
+
 std::vector<NormalMapColour> NormalMapNode::colours() const
 {
     const auto* const attr = dynamic_cast<const AT_StringAttr*>(_module->findAttr(kColours));
     return attr ? coloursOfTable(attr->localValue()) : std::vector<NormalMapColour>();
+}
+
+std::unique_ptr<CO_Command> NormalMapNode::coloursCmd(const std::vector<NormalMapColour>& colours) const
+{
+    return textCmd(*_module, kColours, colourTableText(colours));
 }
 
 AT_DoubleAttr* NormalMapNode::bevelMultiplier() const

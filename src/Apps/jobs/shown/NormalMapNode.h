@@ -7,6 +7,7 @@
 
 #include "QuarvelBaseCore/UT_Id.h"
 #include "QuarvelBaseCore/UT_Result.h"
+#include "QuarvelCommand/CO_Command.h"
 #include "QuarvelSceneCore/graph/MO_Module.h"
 
 #include <memory>
@@ -82,8 +83,12 @@ public:
     static QString keyCalled(const QString& name);
     /// The object table. Rows that the node does not read are left out; of rows of one number the node takes the last.
     std::vector<NormalMapObject> objects() const;
+    /// The undoable change of the object table; it merges with the next one. Null when nothing would change.
+    std::unique_ptr<CO_Command> objectsCmd(const std::vector<NormalMapObject>& objects) const;
     /// The colour table.
     std::vector<NormalMapColour> colours() const;
+    /// The undoable change of the colour table; it merges with the next one. Null when nothing would change.
+    std::unique_ptr<CO_Command> coloursCmd(const std::vector<NormalMapColour>& colours) const;
     /// The attributes that multiply every object's bevel and elevation; both can be animated. Null when the module is
     /// of another kind.
     AT_DoubleAttr* bevelMultiplier() const;

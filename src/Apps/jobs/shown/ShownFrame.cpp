@@ -10,6 +10,7 @@
 #include "jobs/shown/VisibleDrawing.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -80,7 +81,9 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
     if (made.kind == RenderedKind::COLOURS) {
         made.drawing = wanted.drawing ? made.picture : nullptr;
     } else if (wanted.drawing || repairs) {
-        auto painted = renderModule(*drawing()->module, frame, parameters, part(progress, kNodeEnds, 1.0));
+        const auto rest = part(progress, kNodeEnds, 1.0);
+        auto painted = wanted.inputs ? paintAndNote(frame, parameters, made.inputs, rest)
+                                     : renderModule(*drawing()->module, frame, parameters, rest);
         if (!painted)
             return painted.error();
         if (repairs)
@@ -145,6 +148,22 @@ std::shared_ptr<const ShownModule::Copy> ShownModule::changed(const Change& chan
             node.scaleElevations(static_cast<double>(change.frameFactor) / static_cast<double>(change.canvasFactor));
     }
     return known = std::make_shared<const Copy>(std::move(made));
+}
+
+// The stand-ins of one copy note into one list, so that frames are painted one after the other.
+UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::paintAndNote(double frame, const RD_RenderParameters& parameters,
+                                                                  ShownInputs& inputs,
+                                                                  const RD_SoftRenderer::Progress& progress) const
+{
+    const std::scoped_lock lock(_notingMutex);
+    if (!_noting.module) {
+        _noting = copy();
+        _noting.module = &showDrawings(*_noting.scene, *_noting.module, &_noted);
+    }
+    _noted.clear();
+    auto painted = renderModule(*_noting.module, frame, parameters, progress);
+    inputs = std::exchange(_noted, {});
+    return painted;
 }
 
 std::shared_ptr<const ShownModule::Copy> ShownModule::drawing() const

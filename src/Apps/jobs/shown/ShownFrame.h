@@ -18,6 +18,7 @@
 #include "QuarvelNormalMap/NM_Layers.h"
 #include "QuarvelSceneCore/interfaces/RD_RenderJob.h"
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
+#include "jobs/shown/InputCoverage.h"
 #include "jobs/shown/RenderedKind.h"
 
 #include <map>
@@ -35,6 +36,7 @@ struct ShownParts
     /// picture has that format too; elsewhere it is rendered in float where 16 bits would leave grain
     /// (RenderPrecision.h).
     bool channels = false;
+    bool inputs = false; ///< with the drawing, where each input of the nodes shows
 };
 
 /// A frame. All pixmaps share coordinates; what is not wanted is null.
@@ -46,6 +48,7 @@ struct ShownFrame
     UT_SharedPtr<CEL_PixmapArea> picture;
     UT_SharedPtr<CEL_PixmapArea> channels;
     UT_SharedPtr<CEL_PixmapArea> drawing; ///< associated colours
+    ShownInputs inputs;
 
     /// Where the elevation stands in picture.
     NM_ElevationChannel elevationChannel() const
@@ -108,6 +111,9 @@ private:
     std::shared_ptr<const Copy> changed(const Change& change) const;
     std::shared_ptr<const Copy> drawing() const;
     Copy copy() const;
+    UT_Result<UT_SharedPtr<CEL_PixmapArea>> paintAndNote(double frame, const RD_RenderParameters& parameters,
+                                                         ShownInputs& inputs,
+                                                         const RD_SoftRenderer::Progress& progress) const;
 
     MO_Module& _module;
     PictureSource _source;
@@ -115,4 +121,7 @@ private:
     mutable std::mutex _mutex; // for the copies
     mutable std::map<Change, std::shared_ptr<const Copy>> _changed;
     mutable std::shared_ptr<const Copy> _drawing;
+    mutable std::mutex _notingMutex;
+    mutable Copy _noting;       // under _notingMutex
+    mutable ShownInputs _noted; // the same
 };

@@ -68,10 +68,18 @@ private:
 class Painter final : public MO_CompositeModuleBitmapHandler
 {
 public:
-    Painter(MO_Module* module, int format, double frame, const std::vector<node_render::PortRenderInfo>& ports)
-        : MO_CompositeModuleBitmapHandler(
-              {module, format == CEL_FORMAT_RGBAFLOAT, format == CEL_FORMAT_RGBA16, false, {1.0, -1.0}}, ports)
+    Painter(MO_Module* module, const RD_RenderJob& job, double frame,
+            const std::vector<node_render::PortRenderInfo>& ports, const QString& node, ShownInputs* inputs)
+        : MO_CompositeModuleBitmapHandler({module,
+                                           job.parameters().celFormat() == CEL_FORMAT_RGBAFLOAT,
+                                           job.parameters().celFormat() == CEL_FORMAT_RGBA16,
+                                           false,
+                                           {1.0, -1.0}},
+                                          ports)
         , _frame(frame)
+        , _window(job.frame())
+        , _node(node)
+        , _inputs(inputs)
     {}
 
     void softRender(MO_SoftContext& context, int port) override
@@ -84,17 +92,21 @@ protected:
     void acceptInputCel(const MO_SoftContext& context, CA_CelRef cel) override
     {
         const int number = numberOf(*cel);
+        if (number < 0)
+            return;
         const int format = context.mainCelFormat2d();
-        if (number == 0 && _painted) {
-            if (const auto shape = cel->convertTo(format)->pixmap())
-                CEL_cutOut(*shape, *_painted->pixmap());
-        } else if (number > 0 && !_painted) {
-            if (const CA_CelRef own = cel->getWorkingCopy(format); own->pixmap())
-                _painted = own;
-        } else if (number > 0) {
-            if (const auto top = cel->convertTo(format)->pixmap())
-                CEL_paintOver(*top, *_painted->pixmap());
-        }
+        const CA_CelRef pixels = cel->convertTo(format);
+        const auto shape = pixels->pixmap();
+        if (!shape)
+            return;
+        if (_inputs)
+            _inputs->push_back({_node, _port, number, CoverageBits(*shape, _window)});
+        if (number == 0 && _painted)
+            CEL_cutOut(*shape, *_painted->pixmap());
+        else if (number > 0 && !_painted)
+            _painted = pixels->getWorkingCopy(format);
+        else if (number > 0)
+            CEL_paintOver(*shape, *_painted->pixmap());
     }
 
     void finishRender(const MO_SoftContext& context, CA_CelRef) override { setCel(context, _painted); }
@@ -112,6 +124,9 @@ private:
     }
 
     double _frame;
+    Math::Box2di _window;
+    QString _node;
+    ShownInputs* _inputs;
     int _port = 0;
     CA_CelRef _painted;
 };
@@ -120,7 +135,7 @@ private:
 class VisibleInputs final : public MO_CompositeModuleBase
 {
 public:
-    explicit VisibleInputs(MO_Module& node) : _node(&node)
+    VisibleInputs(MO_Module& node, ShownInputs* inputs) : _node(&node), _inputs(inputs)
     {
         setEnabled(node.enabled());
         addInImagePort();
@@ -140,12 +155,13 @@ public:
     createSoftRenderInterface(const RD_ScriptContext& context,
                               const std::vector<node_render::PortRenderInfo>& ports) override
     {
-        return UT_makeShared<Painter>(this, context.renderJob().parameters().celFormat(),
-                                      context.globalFrameKey().frame, ports);
+        return UT_makeShared<Painter>(this, context.renderJob(), context.globalFrameKey().frame, ports,
+                                      _node->instanceName(), _inputs);
     }
 
 private:
     MO_Module* _node;
+    ShownInputs* _inputs;
 };
 
 bool endsTheWalk(const MO_Module& module)
@@ -153,9 +169,9 @@ bool endsTheWalk(const MO_Module& module)
     return NormalMapNode::is(module) || dynamic_cast<const VisibleInputs*>(&module) != nullptr;
 }
 
-VisibleInputs& replace(MO_Module& node)
+VisibleInputs& replace(MO_Module& node, ShownInputs* noted)
 {
-    auto& inputs = node.group()->emplace<VisibleInputs>(node);
+    auto& inputs = node.group()->emplace<VisibleInputs>(node, noted);
     for (unsigned i = 0; i < node.nInPorts(); ++i)
         if (const MO_Port* const source = node.inPort(i)->srcPort(); source && source->module())
             (void)MO_Scene::connect(*source->module(), inputs, i, source->index());
@@ -179,7 +195,7 @@ int objectNumberBehind(const MO_Port& input, double frame)
     return numberBehind(source ? source->module() : nullptr, frame);
 }
 
-MO_Module& showDrawings(MO_Scene& scene, MO_Module& shown)
+MO_Module& showDrawings(MO_Scene& scene, MO_Module& shown, ShownInputs* inputs)
 {
     std::vector<MO_Module*> nodes;
     scene.root().forEachModule([&](MO_Module& module) {
@@ -188,9 +204,9 @@ MO_Module& showDrawings(MO_Scene& scene, MO_Module& shown)
     });
     MO_Module* result = &shown;
     for (MO_Module* const node : nodes) {
-        VisibleInputs& inputs = replace(*node);
+        VisibleInputs& standIn = replace(*node, inputs);
         if (node == &shown)
-            result = &inputs;
+            result = &standIn;
     }
     return *result;
 }

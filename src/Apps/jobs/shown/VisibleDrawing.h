@@ -18,6 +18,7 @@
 #pragma once
 
 #include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "jobs/shown/InputCoverage.h"
 
 class ObjectDefinition;
 
@@ -34,5 +35,6 @@ ObjectDefinition* objectDefinitionBehind(const MO_Port& input);
 /// theirs. For copies of scenes that nobody saves.
 ///
 /// @param shown a module of the scene
+/// @param inputs if not null, every render appends to it where each input shows; then frames are rendered one at a time
 /// @return the module to render for the drawing that belongs to the picture of shown
-MO_Module& showDrawings(MO_Scene& scene, MO_Module& shown);
+MO_Module& showDrawings(MO_Scene& scene, MO_Module& shown, ShownInputs* inputs = nullptr);

@@ -62,6 +62,7 @@ void StudioDocument::replaceScene(std::unique_ptr<MO_Scene> scene, const QString
     _folder = folder;
     _state = std::move(state);
     _modifiedFromTheStart = isModified;
+    _isRecovered = false;
     _selection.clear();
     _frame = _scene->firstFrame();
     Q_EMIT sceneReplaced();
@@ -107,6 +108,7 @@ void StudioDocument::setSaved(const QString& folder, const SIO_SceneState& state
     _folder = folder;
     _state = state;
     _modifiedFromTheStart = false;
+    _isRecovered = false;
     _commands.setClean();
     Q_EMIT stateChanged();
 }
@@ -119,6 +121,11 @@ QString StudioDocument::title() const
 bool StudioDocument::isModified() const
 {
     return _modifiedFromTheStart || !_commands.isClean();
+}
+
+void StudioDocument::setRecovered()
+{
+    _isRecovered = true;
 }
 
 void StudioDocument::setCurrentFrame(int frame)

@@ -60,6 +60,11 @@ public:
     /// The name for people: the folder's, or "Untitled".
     QString title() const;
     bool isModified() const;
+    /// Whether something would be lost with the document that somebody made: a change, or a scene that was recovered. A
+    /// drawing that was opened and looked at is none: it can be opened again.
+    bool holdsWork() const { return _isRecovered || !_commands.isClean(); }
+    /// Says that the scene that is open was recovered after a crash.
+    void setRecovered();
 
     /// The frame that is looked at; always one of the scene's.
     int currentFrame() const { return _frame; }
@@ -95,6 +100,7 @@ private:
     QString _folder;
     SIO_SceneState _state; ///< of the folder, when the scene was last loaded or saved there
     bool _modifiedFromTheStart = false;
+    bool _isRecovered = false;
     int _frame = 1;
     QList<MO_Module*> _selection;
     bool _changePending = false;

@@ -7,6 +7,7 @@
 #include "QuarvelCelCore/CELVEC_Kvd.h"
 #include "QuarvelImageIO/IIO_Picture.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "jobs/shown/InputCoverage.h"
 
 #include <QByteArray>
 #include <QImage>
@@ -37,6 +38,7 @@ struct PaintedDrawing
 {
     std::shared_ptr<const IIO_Picture> picture; ///< straight colours, 16 bits
     QImage image;
+    std::shared_ptr<const ShownInputs> inputs; ///< where each input of the nodes shows
 };
 
 /// The last few drawings. For one thread.

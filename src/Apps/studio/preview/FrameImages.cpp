@@ -33,6 +33,22 @@ QRgb pixelOf(const std::uint16_t* sample, std::size_t channels)
     }
 }
 
+int channelOf(QRgb pixel, PictureChannel channel)
+{
+    switch (channel) {
+    case PictureChannel::RED:
+        return qRed(pixel);
+    case PictureChannel::GREEN:
+        return qGreen(pixel);
+    case PictureChannel::BLUE:
+        return qBlue(pixel);
+    case PictureChannel::ALL:
+    case PictureChannel::ALPHA:
+        break;
+    }
+    return qAlpha(pixel);
+}
+
 } // namespace
 
 QImage imageOf(const IIO_Picture& picture)
@@ -51,4 +67,24 @@ QImage imageOf(const IIO_Picture& picture)
             target[x] = pixelOf(samples.data() + x * channels, channels);
     });
     return image;
+}
+
+QImage channelOf(const QImage& image, PictureChannel channel)
+{
+    if (channel == PictureChannel::ALL || image.isNull())
+        return image;
+    QImage grey(image.size(), QImage::Format_ARGB32_Premultiplied);
+    if (grey.isNull())
+        return grey;
+    uchar* const bits = grey.bits();
+    const qsizetype stride = grey.bytesPerLine();
+    tbb::parallel_for(0, image.height(), [&](int y) {
+        const auto* const source = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        auto* const target = reinterpret_cast<QRgb*>(bits + stride * y);
+        for (int x = 0; x < image.width(); ++x) {
+            const int value = channelOf(qUnpremultiply(source[x]), channel);
+            target[x] = qRgb(value, value, value);
+        }
+    });
+    return grey;
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "QuarvelImageIO/IIO_Picture.h"
+#include "studio/preview/ViewOptions.h"
 
 #include <QImage>
 
@@ -11,3 +12,8 @@
 ///
 /// @return null when the memory is not enough
 QImage imageOf(const IIO_Picture& picture);
+
+/// One channel of an image as opaque grey, the colours without their coverage; the image itself for all channels.
+///
+/// @param image premultiplied, 8 bits a channel, or null
+QImage channelOf(const QImage& image, PictureChannel channel);

@@ -40,7 +40,11 @@ qsizetype RenderedFrame::bytes() const
     // The node's pixels are float where 16 bits would leave grain.
     const qsizetype finer = node && node->format() == CEL_FORMAT_RGBAFLOAT ? 8 : 0;
     const qsizetype others = !channels ? 0 : channels->format() == CEL_FORMAT_RGBAFLOAT ? 16 : 8;
-    return qsizetype{size.width()} * size.height() * (kBytesPerPixel + finer + others);
+    qsizetype bits = 0;
+    if (inputs)
+        for (const ShownInput& input : *inputs)
+            bits += static_cast<qsizetype>(input.coverage.bytes());
+    return qsizetype{size.width()} * size.height() * (kBytesPerPixel + finer + others) + bits;
 }
 
 std::optional<FramePixel> pixelOf(const RenderedFrame& frame, const QPoint& place)

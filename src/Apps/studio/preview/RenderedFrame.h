@@ -6,6 +6,7 @@
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
 #include "QuarvelNormalMap/NM_Surface.h"
+#include "jobs/shown/InputCoverage.h"
 #include "jobs/shown/RenderedKind.h"
 
 #include <QImage>
@@ -31,6 +32,9 @@ struct RenderedFrame
     UT_SharedPtr<CEL_PixmapArea> node;
     /// What the node delivers, with blue as its attributes say; null as long as nobody rendered it.
     UT_SharedPtr<CEL_PixmapArea> channels;
+
+    /// Where each input of the nodes shows, in pixels of this size; null or empty where kind is COLOURS.
+    std::shared_ptr<const ShownInputs> inputs;
 
     bool isFull() const { return size == fullSize; }
     /// About how much memory a pixel takes: the surface, three images, and what the node delivered once.

@@ -44,13 +44,14 @@ UT_Result<void> takeVolume(const ShownFrame& shown, RenderedFrame& made)
     return made.surface.setNormals(*shown.picture, shown.window);
 }
 
-UT_Result<PaintedDrawing> paint(const ShownFrame& shown)
+UT_Result<PaintedDrawing> paint(ShownFrame& shown)
 {
     auto picture = NM_drawingPicture(*shown.drawing, shown.window, IIO_SampleType::UINT16);
     PaintedDrawing painted;
     if (const auto taken = takeImage(picture, painted.image); !taken)
         return taken.error();
     painted.picture = std::make_shared<const IIO_Picture>(std::move(*picture));
+    painted.inputs = std::make_shared<const ShownInputs>(std::move(shown.inputs));
     return painted;
 }
 
@@ -106,7 +107,8 @@ UT_Result<std::shared_ptr<RenderedFrame>> SceneSnapshot::render(int frame, const
     if (mayBeKept)
         _state.frame = drawingFrameOf(*_scene, frame);
     const PaintedDrawing* const kept = mayBeKept ? drawings->find(_state, size) : nullptr;
-    const auto shown = module.render(frame, parametersOf(size), {.elevation = true, .drawing = !kept}, progress);
+    auto shown =
+        module.render(frame, parametersOf(size), {.elevation = true, .drawing = !kept, .inputs = !kept}, progress);
     if (!shown)
         return shown.error();
     const auto painted = kept ? UT_Result<PaintedDrawing>(*kept) : paint(*shown);
@@ -127,7 +129,8 @@ UT_Result<std::shared_ptr<RenderedFrame>> SceneSnapshot::render(int frame, const
                                                                  .normals = {},
                                                                  .surface = std::move(*surface),
                                                                  .node = {},
-                                                                 .channels = {}});
+                                                                 .channels = {},
+                                                                 .inputs = painted->inputs});
     if (const auto done = takeVolume(*shown, *made); !done)
         return done.error();
     if (const auto set = made->surface.setDrawing(*painted->picture); !set)

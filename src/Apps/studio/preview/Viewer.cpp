@@ -3,11 +3,14 @@
 // Mouse and keyboard; what is painted is in ViewerPainting.cpp.
 #include "studio/preview/Viewer.h"
 
+#include "studio/preview/ViewerTool.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -39,6 +42,21 @@ void Viewer::setFrame(const RenderedFramePtr& frame)
     _frame = frame;
     if (_fitted && pictureSize() != before)
         fit();
+    update();
+    Q_EMIT viewChanged();
+}
+
+void Viewer::setTool(ViewerTool* tool)
+{
+    if (_drag == Drag::TOOL)
+        _drag = Drag::NONE;
+    _tool = tool;
+    update();
+}
+
+void Viewer::setOptions(const ViewOptions& options)
+{
+    _options = options;
     update();
 }
 
@@ -79,6 +97,7 @@ void Viewer::setTransform(const ViewTransform& transform, bool fitted)
     _fitted = fitted;
     update();
     Q_EMIT zoomChanged(_transform.zoom);
+    Q_EMIT viewChanged();
 }
 
 void Viewer::fit()
@@ -139,7 +158,7 @@ void Viewer::wheelEvent(QWheelEvent* event)
 
 bool Viewer::showsLights() const
 {
-    return _kind == PictureKind::LIT && _frame;
+    return seenKind() == PictureKind::LIT && _frame;
 }
 
 QPointF Viewer::handle(const StudioLight& light) const
@@ -189,23 +208,55 @@ void Viewer::raiseLight(double factor)
     _lights.setLight(_lights.current(), light);
 }
 
+std::optional<double> Viewer::borderPlace() const
+{
+    if (!_frame || !_options.border)
+        return std::nullopt;
+    const QRectF shown = pictureRect();
+    return shown.left() + *_options.border * shown.width();
+}
+
+bool Viewer::isOnBorder(const QPointF& place) const
+{
+    constexpr double kReach = 6.0;
+    const auto border = borderPlace();
+    return border && std::abs(place.x() - *border) <= kReach;
+}
+
+void Viewer::moveBorder(const QPointF& place)
+{
+    const QRectF shown = pictureRect();
+    _options.border = std::clamp((place.x() - shown.left()) / shown.width(), 0.0, 1.0);
+    update();
+}
+
+void Viewer::lookBack(bool back)
+{
+    if (back == _looksBack)
+        return;
+    _looksBack = back;
+    update();
+}
+
 void Viewer::mousePressEvent(QMouseEvent* event)
 {
     const QPointF place = event->position();
     const bool left = event->button() == Qt::LeftButton;
     if (_drag != Drag::NONE || (!left && event->button() != Qt::MiddleButton))
         return;
-    if (!left || !showsLights()) {
+    const int light = left ? lightAt(place) : -1;
+    if (!left || event->modifiers().testFlag(Qt::ControlModifier)) {
         _drag = Drag::PAN;
         _grabbed = place;
-    } else {
+    } else if (light >= 0) {
         _drag = Drag::LIGHT;
-        const int light = lightAt(place);
         _lights.setCurrent(light);
-        _grabbed =
-            light < 0 ? QPointF() : handle(_lights.lights().at(static_cast<std::size_t>(_lights.current()))) - place;
-        if (light < 0)
-            moveLight(place);
+        _grabbed = handle(_lights.lights().at(static_cast<std::size_t>(light))) - place;
+    } else if (isOnBorder(place)) {
+        _drag = Drag::BORDER;
+    } else if (_tool && _frame) {
+        _drag = Drag::TOOL;
+        _tool->press(place, event->modifiers());
     }
     updateCursor(place);
 }
@@ -213,11 +264,27 @@ void Viewer::mousePressEvent(QMouseEvent* event)
 void Viewer::mouseMoveEvent(QMouseEvent* event)
 {
     const QPointF place = event->position();
-    if (_drag == Drag::PAN) {
+    switch (_drag) {
+    case Drag::PAN:
         pan(place - _grabbed);
         _grabbed = place;
-    } else if (_drag == Drag::LIGHT)
+        break;
+    case Drag::LIGHT:
         moveLight(place + _grabbed);
+        break;
+    case Drag::BORDER:
+        moveBorder(place);
+        break;
+    case Drag::TOOL:
+        _tool->drag(place, event->modifiers());
+        break;
+    case Drag::NONE:
+        if (_tool && lightAt(place) < 0 && !isOnBorder(place))
+            _tool->hover(place);
+        else if (_tool)
+            _tool->leave();
+        break;
+    }
     updateCursor(place);
     const QPointF here = _transform.toPicture(place);
     const QPoint pixel(static_cast<int>(std::floor(here.x())), static_cast<int>(std::floor(here.y())));
@@ -227,12 +294,19 @@ void Viewer::mouseMoveEvent(QMouseEvent* event)
 
 void Viewer::mouseReleaseEvent(QMouseEvent* event)
 {
-    const auto button = _drag == Drag::LIGHT ? Qt::LeftButton : event->button();
-    if (event->button() != button)
+    const bool takesLeft = _drag == Drag::LIGHT || _drag == Drag::BORDER || _drag == Drag::TOOL;
+    if (takesLeft && event->button() != Qt::LeftButton)
         return;
-    if (_drag == Drag::LIGHT)
+    switch (std::exchange(_drag, Drag::NONE)) {
+    case Drag::LIGHT:
         _lights.endChange();
-    _drag = Drag::NONE;
+        break;
+    case Drag::TOOL:
+        _tool->release(event->position(), event->modifiers());
+        break;
+    default:
+        break;
+    }
     updateCursor(event->position());
 }
 
@@ -260,6 +334,16 @@ void Viewer::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Down:
         by = {0.0, 1.0};
         break;
+    case Qt::Key_B:
+        return lookBack(true);
+    case Qt::Key_Escape:
+        // The release of the button that is still down is nobody's any more.
+        if (_tool && _tool->cancel()) {
+            if (_drag == Drag::TOOL)
+                _drag = Drag::NONE;
+            return;
+        }
+        [[fallthrough]];
     default:
         QWidget::keyPressEvent(event);
         return;
@@ -271,8 +355,29 @@ void Viewer::keyPressEvent(QKeyEvent* event)
         pan(-kPanStep * by);
 }
 
+void Viewer::keyReleaseEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_B && !event->isAutoRepeat())
+        lookBack(false);
+    else
+        QWidget::keyReleaseEvent(event);
+}
+
+void Viewer::focusOutEvent(QFocusEvent* event)
+{
+    lookBack(false);
+    QWidget::focusOutEvent(event);
+}
+
+void Viewer::contextMenuEvent(QContextMenuEvent* event)
+{
+    Q_EMIT menuWanted(event->reason() == QContextMenuEvent::Keyboard ? rect().center() : event->pos());
+}
+
 void Viewer::leaveEvent(QEvent*)
 {
+    if (_tool)
+        _tool->leave();
     Q_EMIT hovered(std::nullopt);
 }
 
@@ -280,10 +385,12 @@ void Viewer::updateCursor(const QPointF& place)
 {
     if (_drag == Drag::PAN)
         setCursor(Qt::ClosedHandCursor);
-    else if (_drag == Drag::LIGHT)
+    else if (_drag == Drag::LIGHT || (_drag == Drag::NONE && lightAt(place) >= 0))
         setCursor(Qt::SizeAllCursor);
+    else if (_drag == Drag::BORDER || (_drag == Drag::NONE && isOnBorder(place)))
+        setCursor(Qt::SplitHCursor);
     else
-        setCursor(lightAt(place) >= 0 ? Qt::SizeAllCursor : Qt::ArrowCursor);
+        setCursor(_tool && _frame ? _tool->cursor(place) : Qt::ArrowCursor);
 }
 
 void Viewer::lightChanged()

@@ -3,6 +3,9 @@
 // What the viewer paints: a checkerboard where the picture is transparent, the picture, the lights' handles.
 #include "studio/preview/Viewer.h"
 
+#include "studio/preview/FrameImages.h"
+#include "studio/preview/ViewerTool.h"
+
 #include <QPainter>
 #include <QPainterPath>
 
@@ -59,9 +62,12 @@ void Viewer::paintEvent(QPaintEvent*)
     painter.fillRect(rect(), surroundings(palette()));
     if (_frame) {
         const QRectF shown = snapped(pictureRect(), _transform.density);
-        paintChecker(painter, shown);
-        paintPicture(painter, shown);
+        paintBackdrop(painter, shown);
+        paintPictures(painter, shown);
+        if (_tool)
+            _tool->paint(painter);
         paintLights(painter);
+        paintBorder(painter, shown);
     }
     const QString said = _frame ? explanation() : _message;
     if (!said.isEmpty())
@@ -82,11 +88,28 @@ void Viewer::paintChecker(QPainter& painter, const QRectF& shown) const
     painter.restore();
 }
 
-QImage Viewer::shownImage()
+void Viewer::paintBackdrop(QPainter& painter, const QRectF& shown) const
 {
-    if (!_frame)
-        return {};
-    switch (_kind) {
+    const bool isSeenThrough = seenKind() == PictureKind::LIT || seenKind() == PictureKind::DRAWING;
+    const ViewBackdrop& backdrop = _options.backdrop;
+    if (!isSeenThrough || (backdrop.picture.isNull() && !backdrop.colour.isValid()))
+        return paintChecker(painter, shown);
+    painter.fillRect(shown & QRectF(rect()), backdrop.colour.isValid() ? backdrop.colour : Qt::black);
+    if (backdrop.picture.isNull())
+        return;
+    // It fills the frame, in its own shape; what is too much on two sides is cut off.
+    const QSizeF size = QSizeF(backdrop.picture.size()).scaled(shown.size(), Qt::KeepAspectRatioByExpanding);
+    painter.save();
+    painter.setClipRect(shown);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(QRectF(shown.center() - QPointF(size.width() / 2.0, size.height() / 2.0), size),
+                      backdrop.picture);
+    painter.restore();
+}
+
+QImage Viewer::imageOf(PictureKind kind)
+{
+    switch (kind) {
     case PictureKind::DRAWING:
         return _frame->drawing;
     case PictureKind::ELEVATION:
@@ -101,21 +124,54 @@ QImage Viewer::shownImage()
     return _lit.image(_frame, _lights.lighting());
 }
 
-void Viewer::paintPicture(QPainter& painter, const QRectF& shown)
+QImage Viewer::shownImage()
 {
-    const QImage image = shownImage();
-    if (image.isNull())
+    return _frame ? channelOf(imageOf(seenKind()), _options.channel) : QImage();
+}
+
+void Viewer::paintPictures(QPainter& painter, const QRectF& shown)
+{
+    const QRectF visible = shown & QRectF(rect());
+    const auto border = borderPlace();
+    if (!border)
+        return paintPicture(painter, shown, visible, shownImage());
+    const auto part = [&](double from, double to) {
+        return visible & QRectF(QPointF(from, shown.top()), QPointF(to, shown.bottom()));
+    };
+    paintPicture(painter, shown, part(shown.left(), *border), imageOf(PictureKind::DRAWING));
+    paintPicture(painter, shown, part(*border, shown.right()), shownImage());
+}
+
+void Viewer::paintPicture(QPainter& painter, const QRectF& shown, const QRectF& visible, const QImage& image)
+{
+    if (image.isNull() || visible.isEmpty())
         return;
     // Pixels are to be seen as such when they are large.
     constexpr double kSmoothUpTo = 2.0;
     const bool smooth = _transform.zoom != 1.0 && (_transform.zoom < kSmoothUpTo || !_frame->isFull());
     painter.setRenderHint(QPainter::SmoothPixmapTransform, smooth);
-    const QRectF visible = shown & QRectF(rect());
     const double scaleX = image.width() / shown.width();
     const double scaleY = image.height() / shown.height();
     const QRectF source((visible.left() - shown.left()) * scaleX, (visible.top() - shown.top()) * scaleY,
                         visible.width() * scaleX, visible.height() * scaleY);
     painter.drawImage(visible, image, source);
+}
+
+void Viewer::paintBorder(QPainter& painter, const QRectF& shown) const
+{
+    const auto border = borderPlace();
+    if (!border)
+        return;
+    const QRectF seen = shown & QRectF(rect());
+    const QLineF line(*border, seen.top(), *border, seen.bottom());
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(20, 20, 24, 210), 4.0));
+    painter.drawLine(line);
+    painter.setPen(QPen(Qt::white, 1.5));
+    painter.drawLine(line);
+    painter.setPen(QPen(QColor(20, 20, 24, 210), 1.5));
+    painter.setBrush(Qt::white);
+    painter.drawEllipse(line.center(), 7.0, 7.0);
 }
 
 void Viewer::paintLights(QPainter& painter) const

@@ -973,10 +973,6 @@ Punktlicht: von dort, wo das Licht steht, mit der Entfernung schwächer</transla
         <translation>Lichter</translation>
     </message>
     <message>
-        <source>The pixel under the mouse: its place; red, green, blue and alpha of what the node delivers; its normal; its elevation</source>
-        <translation>Das Pixel unter der Maus: sein Ort; Rot, Grün, Blau und Alpha der Knotenausgabe; seine Normale; seine Höhe</translation>
-    </message>
-    <message>
         <source>This frame cannot be shown:
 %1</source>
         <translation>Dieses Bild lässt sich nicht zeigen:
@@ -999,18 +995,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>%1 x %2</source>
         <translation>%1 × %2</translation>
-    </message>
-    <message>
-        <source>%1, %2    R %3  G %4  B %5  A %6</source>
-        <translation>%1, %2    R %3  G %4  B %5  A %6</translation>
-    </message>
-    <message>
-        <source>    normal %1 %2 %3</source>
-        <translation>    Normale %1 %2 %3</translation>
-    </message>
-    <message>
-        <source>    elevation %1</source>
-        <translation>    Höhe %1</translation>
     </message>
     <message>
         <source>%1 %</source>
@@ -1273,10 +1257,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <translation>Be&amp;leuchtet</translation>
     </message>
     <message>
-        <source>Shows the drawing in the light; drag the lights with the mouse</source>
-        <translation>Zeigt die Zeichnung im Licht; die Lichter lassen sich mit der Maus ziehen</translation>
-    </message>
-    <message>
         <source>&amp;Fit</source>
         <translation>&amp;Einpassen</translation>
     </message>
@@ -1407,6 +1387,102 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>&amp;Replace</source>
         <translation>&amp;Ersetzen</translation>
+    </message>
+    <message>
+        <source>The pixel under the mouse: its place, what the view shows there, and the object</source>
+        <translation>Der Bildpunkt unter der Maus: sein Ort, was die Ansicht dort zeigt, und das Objekt</translation>
+    </message>
+    <message>
+        <source>Shows the drawing in the light; drag the lights by their handles</source>
+        <translation>Zeigt die Zeichnung im Licht; die Lichter werden an ihren Griffen gezogen</translation>
+    </message>
+    <message>
+        <source>&amp;Object</source>
+        <translation>&amp;Objekt</translation>
+    </message>
+    <message>
+        <source>Objects</source>
+        <translation>Objekte</translation>
+    </message>
+    <message>
+        <source>&amp;Before and After</source>
+        <translation>&amp;Vorher und nachher</translation>
+    </message>
+    <message>
+        <source>Ctrl+B</source>
+        <translation>Ctrl+B</translation>
+    </message>
+    <message>
+        <source>Shows the drawing as it was left of a border that can be dragged; hold B to see all of it</source>
+        <translation>Zeigt links einer verschiebbaren Grenze die Zeichnung, wie sie war; solange B gedrückt ist, die ganze</translation>
+    </message>
+    <message>
+        <source>&amp;All</source>
+        <translation>&amp;Alle</translation>
+    </message>
+    <message>
+        <source>&amp;Red</source>
+        <translation>&amp;Rot</translation>
+    </message>
+    <message>
+        <source>&amp;Green</source>
+        <translation>&amp;Grün</translation>
+    </message>
+    <message>
+        <source>&amp;Blue</source>
+        <translation>&amp;Blau</translation>
+    </message>
+    <message>
+        <source>&amp;Opacity</source>
+        <translation>&amp;Deckkraft</translation>
+    </message>
+    <message>
+        <source>Shows one channel of the picture as grey, or all of them</source>
+        <translation>Zeigt einen Kanal des Bildes als Grau oder alle</translation>
+    </message>
+    <message>
+        <source>Ra&amp;w Channels in the Status Bar</source>
+        <translation>Roh&amp;werte der Kanäle in der Statusleiste</translation>
+    </message>
+    <message>
+        <source>Tells what the node delivers for the pixel under the mouse, channel by channel</source>
+        <translation>Nennt Kanal für Kanal, was der Knoten für den Bildpunkt unter der Maus liefert</translation>
+    </message>
+    <message>
+        <source>&amp;Channel</source>
+        <translation>&amp;Kanal</translation>
+    </message>
+    <message>
+        <source>Bac&amp;kground</source>
+        <translation>Hinter&amp;grund</translation>
+    </message>
+    <message>
+        <source>&amp;Checkerboard</source>
+        <translation>&amp;Schachbrett</translation>
+    </message>
+    <message>
+        <source>C&amp;olour...</source>
+        <translation>&amp;Farbe …</translation>
+    </message>
+    <message>
+        <source>&amp;Picture...</source>
+        <translation>&amp;Bild …</translation>
+    </message>
+    <message>
+        <source>Colour behind the Picture</source>
+        <translation>Farbe hinter dem Bild</translation>
+    </message>
+    <message>
+        <source>Picture behind the Picture</source>
+        <translation>Bild hinter dem Bild</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png *.jpg *.jpeg *.bmp *.webp)</source>
+        <translation>Bilder (*.png *.jpg *.jpeg *.bmp *.webp)</translation>
+    </message>
+    <message>
+        <source>%1 cannot be shown behind the picture: %2</source>
+        <translation>%1 lässt sich nicht hinter dem Bild zeigen: %2</translation>
     </message>
 </context>
 <context>
@@ -1552,10 +1628,258 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     </message>
 </context>
 <context>
+    <name>ObjectActions</name>
+    <message>
+        <source>Carve</source>
+        <translation>Vertiefen</translation>
+    </message>
+    <message>
+        <source>Lets the selected objects sink in instead of rising</source>
+        <translation>Lässt die ausgewählten Objekte einsinken, statt sich zu erheben</translation>
+    </message>
+    <message>
+        <source>Cut Out</source>
+        <translation>Ausschneiden</translation>
+    </message>
+    <message>
+        <source>Makes holes of the selected objects: what lies below is taken away</source>
+        <translation>Macht die ausgewählten Objekte zu Löchern: Was darunter liegt, wird weggenommen</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>Ausblenden</translation>
+    </message>
+    <message>
+        <source>Hides the selected objects</source>
+        <translation>Blendet die ausgewählten Objekte aus</translation>
+    </message>
+    <message>
+        <source>Solo</source>
+        <translation>Allein</translation>
+    </message>
+    <message>
+        <source>Shows the selected objects alone</source>
+        <translation>Zeigt die ausgewählten Objekte allein</translation>
+    </message>
+    <message>
+        <source>Copy Values</source>
+        <translation>Werte kopieren</translation>
+    </message>
+    <message>
+        <source>Copies bevel, elevation and smoothness of the selected object</source>
+        <translation>Kopiert Kante, Höhe und Rundung des ausgewählten Objekts</translation>
+    </message>
+    <message>
+        <source>Paste Values</source>
+        <translation>Werte einfügen</translation>
+    </message>
+    <message>
+        <source>Gives the copied values to the selected objects</source>
+        <translation>Gibt den ausgewählten Objekten die kopierten Werte</translation>
+    </message>
+    <message>
+        <source>Reset Values</source>
+        <translation>Werte zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Gives the selected objects the values of a new object</source>
+        <translation>Gibt den ausgewählten Objekten die Werte eines neuen Objekts</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Paste Values to %1</source>
+        <translation>Werte in %1 einfügen</translation>
+    </message>
+    <message>
+        <source>Reset Values of %1</source>
+        <translation>Werte von %1 zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Presets</source>
+        <translation>Vorlagen</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Save Values as Preset...</source>
+        <translation>Werte als Vorlage sichern …</translation>
+    </message>
+    <message>
+        <source>Remove Preset</source>
+        <translation>Vorlage entfernen</translation>
+    </message>
+    <message>
+        <source>%2 for %1</source>
+        <comment>a preset for an object</comment>
+        <translation>%2 für %1</translation>
+    </message>
+    <message>
+        <source>Save Values as Preset</source>
+        <translation>Werte als Vorlage sichern</translation>
+    </message>
+    <message>
+        <source>The preset&apos;s name:</source>
+        <translation>Name der Vorlage:</translation>
+    </message>
+</context>
+<context>
+    <name>ObjectBar</name>
+    <message>
+        <source>Selected object</source>
+        <translation>Ausgewähltes Objekt</translation>
+    </message>
+    <message>
+        <source>Presets, copy, paste and reset</source>
+        <translation>Vorlagen, Kopieren, Einfügen und Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+</context>
+<context>
     <name>ObjectDefinition</name>
     <message>
         <source>Object-Definition</source>
         <translation>Object-Definition</translation>
+    </message>
+</context>
+<context>
+    <name>ObjectTexts</name>
+    <message>
+        <source>Bevel</source>
+        <translation>Kante</translation>
+    </message>
+    <message>
+        <source>Elevation</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>Smoothness</source>
+        <translation>Rundung</translation>
+    </message>
+    <message>
+        <source>How far the rounding reaches in from the outline; the picture is 720 units wide</source>
+        <translation>Wie weit die Abrundung vom Umriss nach innen reicht; das Bild ist 720 Einheiten breit</translation>
+    </message>
+    <message>
+        <source>How high the object rises; 1 is 37.5 units of a picture 720 wide, negative values sink in</source>
+        <translation>Wie hoch sich das Objekt erhebt; 1 sind 37,5 Einheiten eines 720 breiten Bildes, negative Werte sinken ein</translation>
+    </message>
+    <message>
+        <source>How round the profile is: 1 is as the bevel falls, more is fuller, less is more pointed</source>
+        <translation>Wie rund das Profil ist: 1 ist so, wie die Kante abfällt, mehr ist voller, weniger spitzer</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n objects</source>
+        <translation>
+            <numerusform>%n Objekt</numerusform>
+            <numerusform>%n Objekte</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <comment>Bevel of Head</comment>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>Carve %1</source>
+        <translation>%1 vertiefen</translation>
+    </message>
+    <message>
+        <source>Raise %1</source>
+        <translation>%1 erheben</translation>
+    </message>
+    <message>
+        <source>Cut out %1</source>
+        <translation>%1 ausschneiden</translation>
+    </message>
+    <message>
+        <source>Make %1 an object</source>
+        <translation>%1 wieder zum Objekt machen</translation>
+    </message>
+    <message>
+        <source>Hide %1</source>
+        <translation>%1 ausblenden</translation>
+    </message>
+    <message>
+        <source>Show %1</source>
+        <translation>%1 zeigen</translation>
+    </message>
+    <message>
+        <source>Show all objects</source>
+        <translation>Alle Objekte zeigen</translation>
+    </message>
+    <message>
+        <source>Show %1 alone</source>
+        <translation>%1 allein zeigen</translation>
+    </message>
+    <message>
+        <source>Soft Pillow</source>
+        <translation>Weiches Kissen</translation>
+    </message>
+    <message>
+        <source>Hard Chamfer</source>
+        <translation>Harte Fase</translation>
+    </message>
+    <message>
+        <source>Coin</source>
+        <translation>Münze</translation>
+    </message>
+    <message>
+        <source>Paper</source>
+        <translation>Papier</translation>
+    </message>
+    <message>
+        <source>Balloon</source>
+        <translation>Ballon</translation>
+    </message>
+</context>
+<context>
+    <name>ObjectsModel</name>
+    <message>
+        <source>%1: shown when the box is ticked</source>
+        <translation>%1: zu sehen, wenn das Kästchen angekreuzt ist</translation>
+    </message>
+    <message>
+        <source>cut</source>
+        <translation>Loch</translation>
+    </message>
+    <message>
+        <source>A cut-out: what lies below it is taken away</source>
+        <translation>Ein Ausschnitt: Was darunter liegt, wird weggenommen</translation>
+    </message>
+    <message>
+        <source>Object</source>
+        <translation>Objekt</translation>
+    </message>
+    <message>
+        <source>No.</source>
+        <translation>Nr.</translation>
+    </message>
+    <message>
+        <source>The object; its box shows and hides it</source>
+        <translation>Das Objekt; sein Kästchen zeigt und verbirgt es</translation>
+    </message>
+    <message>
+        <source>The object&apos;s number; drawings of the same number are one object</source>
+        <translation>Die Nummer des Objekts; Zeichnungen gleicher Nummer sind ein Objekt</translation>
+    </message>
+</context>
+<context>
+    <name>ObjectsView</name>
+    <message>
+        <source>Search objects</source>
+        <translation>Objekte suchen</translation>
+    </message>
+    <message>
+        <source>Objects</source>
+        <translation>Objekte</translation>
     </message>
 </context>
 <context>
@@ -1609,6 +1933,45 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>Colour &quot;%1&quot;</source>
         <translation>Farbe „%1“</translation>
+    </message>
+</context>
+<context>
+    <name>PixelReadOut</name>
+    <message>
+        <source>nothing</source>
+        <translation>nichts</translation>
+    </message>
+    <message>
+        <source>%1   red %2  green %3  blue %4</source>
+        <translation>%1   Rot %2  Grün %3  Blau %4</translation>
+    </message>
+    <message>
+        <source>  opacity %1 %</source>
+        <translation>  Deckkraft %1 %</translation>
+    </message>
+    <message>
+        <source>elevation 0</source>
+        <translation>Höhe 0</translation>
+    </message>
+    <message>
+        <source>elevation %1 of %2 units</source>
+        <translation>Höhe %1 von %2 Einheiten</translation>
+    </message>
+    <message>
+        <source>normal %1 %2 %3   tilt %4°</source>
+        <translation>Normale %1 %2 %3   Neigung %4°</translation>
+    </message>
+    <message>
+        <source>%1, %2    R %3  G %4  B %5  A %6</source>
+        <translation>%1, %2    R %3  G %4  B %5  A %6</translation>
+    </message>
+    <message>
+        <source>    normal %1 %2 %3</source>
+        <translation>    Normale %1 %2 %3</translation>
+    </message>
+    <message>
+        <source>    elevation %1</source>
+        <translation>    Höhe %1</translation>
     </message>
 </context>
 <context>

@@ -6,9 +6,11 @@
 #include "studio/docks/scene/LightPanel.h"
 #include "studio/docks/timeline/Playback.h"
 #include "studio/docks/timeline/TimelineView.h"
+#include "studio/objects/ObjectHands.h"
 #include "studio/preview/Viewer.h"
 #include "studio/window/MessageBar.h"
 #include "studio/window/OpeningBar.h"
+#include "studio/window/PixelReadOut.h"
 #include "studio/window/StartPage.h"
 #include "studio/window/StudioDocks.h"
 
@@ -27,6 +29,7 @@
 
 MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
     : QMainWindow(parent)
+    , _objects(_document)
     , _renders(_document)
     , _files(_document)
     , _autosave(_document, recoveryFolder.isEmpty() ? Autosave::defaultFolder() : recoveryFolder)
@@ -36,18 +39,17 @@ MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
     setDockNestingEnabled(true);
     makeCentre();
     makeStatusBar();
+    makeObjects();
     makeActions();
     makeDocks();
+    makeObjectsDock();
     makeMenus();
     makeToolBar();
     refreshIcons();
 
     connect(&_document, &StudioDocument::stateChanged, this, &MainWindow::updateActions);
     connect(&_document, &StudioDocument::selectionChanged, this, &MainWindow::updateActions);
-    connect(&_document, &StudioDocument::selectionChanged, this, [this] {
-        const MO_Module* const module = _followSelection->isChecked() ? _document.currentModule() : nullptr;
-        _renders.setNode(module ? module->instanceName() : QString());
-    });
+    connect(&_document, &StudioDocument::selectionChanged, this, &MainWindow::followSelection);
     connect(&_renders, &RenderService::frameChanged, this, &MainWindow::frameChanged);
     connect(&_renders, &RenderService::stateChanged, this, &MainWindow::renderStateChanged);
     connect(&_renders, &RenderService::progressed, _viewer, &Viewer::setProgress);
@@ -68,7 +70,11 @@ MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
     updateActions();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow()
+{
+    // The hands hold on to the viewer, which is a child.
+    delete std::exchange(_hands, nullptr);
+}
 
 void MainWindow::makeCentre()
 {
@@ -122,8 +128,7 @@ void MainWindow::makeStatusBar()
     _pixelLabel = new QLabel;
     _pixelLabel->setObjectName(QStringLiteral("pixelReadOut"));
     _pixelLabel->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    _pixelLabel->setToolTip(tr("The pixel under the mouse: its place; red, green, blue and alpha of what the node "
-                               "delivers; its normal; its elevation"));
+    _pixelLabel->setToolTip(tr("The pixel under the mouse: its place, what the view shows there, and the object"));
     _stateLabel = new QLabel;
     _zoomLabel = new QLabel;
     _zoomLabel->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("6400 %")));
@@ -163,24 +168,12 @@ void MainWindow::showPixel(const std::optional<QPoint>& place)
 {
     _hovered = place;
     const RenderedFramePtr& frame = _viewer->frame();
-    const auto pixel = place && frame ? pixelOf(*frame, *place) : std::nullopt;
-    if (!pixel) {
-        _pixelLabel->clear();
-        return;
-    }
-    const auto number = [](double value) { return QString::number(value, 'f', 3); };
-    const auto& [red, green, blue, alpha] = pixel->channels;
-    QString text = tr("%1, %2    R %3  G %4  B %5  A %6")
-                       .arg(place->x(), 4)
-                       .arg(place->y(), 4)
-                       .arg(number(red), number(green), number(blue), number(alpha));
-    const auto& normal = pixel->normal;
-    const auto component = [](double value) { return QStringLiteral("%1").arg(value, 6, 'f', 3); };
-    if (pixel->hasNormal)
-        text += tr("    normal %1 %2 %3").arg(component(normal[0]), component(normal[1]), component(normal[2]));
-    if (pixel->hasElevation)
-        text += tr("    elevation %1").arg(number(pixel->elevation));
-    _pixelLabel->setText(text);
+    if (!place || !frame)
+        return _pixelLabel->clear();
+    _pixelLabel->setText(_rawChannels->isChecked()
+                             ? PixelReadOut::rawText(*frame, *place)
+                             : PixelReadOut::text(*frame, _viewer->seenKind(), _viewer->shownImage(), _objects.all(),
+                                                  *place, _document.currentFrame()));
 }
 
 void MainWindow::showZoom()
@@ -233,9 +226,11 @@ void MainWindow::showStart(bool start)
     if (!start && !_hiddenDocks.isEmpty()) {
         for (QDockWidget* const dock : std::exchange(_hiddenDocks, {}))
             dock->show();
-        // The light is what people move first. Docks take their order when they are laid out.
-        auto* const lights = findChild<QDockWidget*>(QStringLiteral("lightsDock"));
-        QTimer::singleShot(0, lights, [lights] { lights->raise(); });
+        // Objects and light are what people take hold of first. Docks take their order when they are laid out.
+        for (const char* const name : {"ObjectsDock", "lightsDock"}) {
+            auto* const dock = findChild<QDockWidget*>(QLatin1String(name));
+            QTimer::singleShot(0, dock, [dock] { dock->raise(); });
+        }
     }
     if (!start)
         _viewer->setFocus();

@@ -8,13 +8,17 @@
 #include "studio/document/RecentFiles.h"
 #include "studio/document/SceneFiles.h"
 #include "studio/document/StudioDocument.h"
+#include "studio/objects/DocumentObjects.h"
 #include "studio/preview/LightModel.h"
 #include "studio/preview/PictureKind.h"
 #include "studio/preview/RenderService.h"
+#include "studio/preview/ViewOptions.h"
 
 #include <QMainWindow>
 
 class MessageBar;
+class ObjectActions;
+class ObjectHands;
 class QActionGroup;
 class QDockWidget;
 class QLabel;
@@ -38,11 +42,13 @@ public:
     MessageBar& messages() { return *_messages; }
     SceneFiles& files() { return _files; }
     Autosave& autosave() { return _autosave; }
+    DocumentObjects& objects() { return _objects; }
+    ObjectHands& hands() { return *_hands; }
 
     /// Opens a scene, or imports drawings, as they are dropped on the window. Asks first about unsaved changes.
     void openPaths(const QStringList& paths);
-    /// Offers what a crash left, if there is anything.
-    void offerRecovery();
+    /// Offers what a crash left, if there is anything. @return whether something was recovered
+    bool offerRecovery();
     /// Saves where the document was saved before, or asks where. @return whether it is saved
     bool save();
     bool saveAs();
@@ -85,6 +91,18 @@ private:
     void fillViewMenu();
     void refreshIcons();
 
+    // MainWindowObjects.cpp
+    void makeObjects();
+    void makeObjectsDock();
+    void followSelection();
+    void selectWhatMatters();
+
+    // MainWindowView.cpp
+    void makeViewOptions();
+    void fillViewOptions(QMenu& menu);
+    void askForBackdropColour();
+    void askForBackdropPicture();
+
     // MainWindowFiles.cpp
     bool confirmLeaving();
     bool confirmReplacingOthers();
@@ -102,6 +120,7 @@ private:
     void showAbout();
 
     StudioDocument _document;
+    DocumentObjects _objects;
     LightModel _lights{_document};
     RecentFiles _recent;
     RenderService _renders;
@@ -112,6 +131,8 @@ private:
     QStackedWidget* _pages = nullptr;
     StartPage* _start = nullptr;
     Viewer* _viewer = nullptr;
+    ObjectHands* _hands = nullptr;
+    ObjectActions* _objectActions = nullptr;
     QLabel* _pixelLabel = nullptr;
     QLabel* _stateLabel = nullptr;
     QLabel* _zoomLabel = nullptr;
@@ -137,6 +158,9 @@ private:
     QAction* _zoomIn = nullptr;
     QAction* _zoomOut = nullptr;
     QAction* _followSelection = nullptr;
+    QAction* _split = nullptr;
+    QAction* _rawChannels = nullptr;
+    QActionGroup* _channels = nullptr;
     QActionGroup* _pictures = nullptr;
     QActionGroup* _sizes = nullptr;
     QActionGroup* _appearances = nullptr;

@@ -44,7 +44,7 @@ QString MainWindow::examplePath()
 
 bool MainWindow::confirmLeaving()
 {
-    if (!_document.isModified())
+    if (!_document.holdsWork())
         return true;
     QMessageBox question(QMessageBox::Warning, tr("Unsaved Changes"),
                          tr("\"%1\" has changes that are not saved.").arg(_document.title()),
@@ -129,6 +129,7 @@ void MainWindow::opened(const OpenRequest& request, const QString& remarks)
     if (!remarks.isEmpty())
         _messages->showNotice(remarks);
     showStart(false);
+    selectWhatMatters();
 }
 
 bool MainWindow::save()
@@ -193,7 +194,7 @@ void MainWindow::exportFrames()
     dialog.exec();
 }
 
-void MainWindow::offerRecovery()
+bool MainWindow::offerRecovery()
 {
     for (const LeftScene& left : _autosave.left()) {
         QMessageBox question(QMessageBox::Question, tr("Recovery"),
@@ -217,11 +218,13 @@ void MainWindow::offerRecovery()
             _messages->showError(tr("\"%1\" cannot be recovered: %2").arg(left.title, recovered.error().sentence()));
             continue;
         }
+        _document.setRecovered();
         _nameOfImport = left.savedAs.isEmpty() ? left.title : QString();
         showStart(false);
         _messages->showNotice(tr("Recovered \"%1\" as it was at %2. It is not saved yet.").arg(left.title, when));
-        return;
+        return true;
     }
+    return false;
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

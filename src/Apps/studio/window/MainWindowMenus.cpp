@@ -3,6 +3,7 @@
 // Everything that can be done, once as an action; menus and tool bar show the same ones.
 #include "studio/window/MainWindow.h"
 
+#include "studio/objects/ObjectActions.h"
 #include "studio/preview/Viewer.h"
 #include "studio/window/Appearance.h"
 #include "studio/window/Icons.h"
@@ -105,7 +106,7 @@ void MainWindow::makeViewActions()
                       tr("Shows how high the surface is: white is highest"), 2);
     makePictureAction(PictureKind::NORMALS, QStringLiteral("normals"), tr("&Normals"), tr("Shows the normal map"), 3);
     makePictureAction(PictureKind::LIT, QStringLiteral("lit"), tr("&Lit"),
-                      tr("Shows the drawing in the light; drag the lights with the mouse"), 4);
+                      tr("Shows the drawing in the light; drag the lights by their handles"), 4);
     _fit = makeAction(QStringLiteral("fit"), tr("&Fit"), QKeySequence(tr("Ctrl+0")), tr("Shows the whole picture"));
     _actualSize = makeAction({}, tr("&100 %"), QKeySequence(tr("Ctrl+1")), tr("Shows a pixel as a pixel"));
     _zoomIn = makeAction(QStringLiteral("zoom-in"), tr("Zoom &In"), QKeySequence::ZoomIn, tr("Shows more detail"));
@@ -119,6 +120,7 @@ void MainWindow::makeViewActions()
                                   tr("Shows the picture of the node that is selected, not the scene's output"));
     _followSelection->setCheckable(true);
     connect(_followSelection, &QAction::toggled, this, [this] { Q_EMIT _document.selectionChanged(); });
+    makeViewOptions();
 
     _sizes = new QActionGroup(this);
     const int stored = QSettings().value(kSizeKey, _renders.longestSide()).toInt();
@@ -166,11 +168,18 @@ void MainWindow::makeMenus()
     edit->addActions({_undo, _redo});
     edit->addSeparator();
     edit->addActions({_duplicate, _delete});
+    QMenu* const object = edit->addMenu(tr("&Object"));
+    connect(object, &QMenu::aboutToShow, this, [this, object] {
+        object->clear();
+        _objectActions->fillMenu(*object);
+    });
 
     QMenu* const view = menuBar()->addMenu(tr("&View"));
     view->addActions(_pictures->actions());
     view->addSeparator();
     view->addActions({_fit, _actualSize, _zoomIn, _zoomOut});
+    view->addSeparator();
+    fillViewOptions(*view);
     view->addSeparator();
     view->addAction(_followSelection);
     view->addMenu(tr("&Preview Size"))->addActions(_sizes->actions());
@@ -195,6 +204,7 @@ void MainWindow::makeToolBar()
     bar->addActions({_undo, _redo});
     bar->addSeparator();
     bar->addActions(_pictures->actions());
+    bar->addAction(_split);
     bar->addSeparator();
     bar->addActions({_fit, _zoomIn, _zoomOut});
     for (QAction* const action : _pictures->actions())
@@ -228,4 +238,5 @@ void MainWindow::refreshIcons()
 {
     for (const auto& [action, icon] : _icons)
         action->setIcon(studioIcon(icon, palette()));
+    _objectActions->refreshIcons();
 }

@@ -102,6 +102,28 @@ void takeLights(Shooting& shooting, MainWindow& window)
     window.lights().reset();
 }
 
+// Objects that are taken hold of, before and after, and all of it in a small window.
+void takeObjects(Shooting& shooting, MainWindow& window)
+{
+    raiseDock(window, QStringLiteral("ObjectsDock"));
+    const std::vector<SceneObject>& all = window.objects().all();
+    if (all.size() < 2)
+        return shooting.fail("the example has no objects");
+    window.objects().select({all[all.size() / 2]});
+    window.objects().setHovered(&window.objects().all().back());
+    shooting.take(window, QStringLiteral("object"));
+    window.objects().setHovered(nullptr);
+    ViewOptions options = window.viewer().options();
+    options.border = 0.5;
+    window.viewer().setOptions(options);
+    shooting.take(window, QStringLiteral("split"));
+    window.viewer().setOptions({});
+    window.resize(1024, 768);
+    shooting.take(window, QStringLiteral("small"));
+    window.resize(1440, 900);
+    window.objects().select({});
+}
+
 void takeAll(Shooting& shooting)
 {
     const QTemporaryDir recovery;
@@ -128,12 +150,15 @@ void takeAll(Shooting& shooting)
         window.document().setSelection({node});
     QCoreApplication::processEvents();
     takePictures(shooting, window);
+    raiseDock(window, QStringLiteral("PropertiesDock"));
+    shooting.take(window, QStringLiteral("properties"));
     for (const char* const name : {"Palette", "Elements"}) {
         raiseDock(window, QLatin1String(name) + QStringLiteral("Dock"));
         shooting.take(window, QString::fromLatin1(name).toLower());
     }
     raiseDock(window, QStringLiteral("lightsDock"));
     takeLights(shooting, window);
+    takeObjects(shooting, window);
     window.viewer().zoomTo(6.0);
     shooting.take(window, QStringLiteral("zoomed"));
     window.viewer().fit();

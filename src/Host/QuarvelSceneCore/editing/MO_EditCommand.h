@@ -12,6 +12,7 @@
 //   MO_LightCommands.h    the lights of a scene
 //   MO_SceneCommands.h    the frames, the height and the frame rate of a scene
 //   MO_PaletteCommands.h  palettes and their colours
+//   MO_NamedChange.h      a change with a name that tells the values: "Bevel of Head 24 → 60"
 //
 // Making a command changes nothing and notifies nobody: it looks at the scene as it is, and an impossible change gives
 // no command. Undo restores the earlier state exactly: the saved bytes are the same as before. A command keeps the

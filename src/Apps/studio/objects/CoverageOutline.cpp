@@ -1,0 +1,134 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Each edge between a covered pixel and one that is not leads from corner to corner with the covered pixel on its
+// right. A corner notes the directions of the edges that leave it; following them gives the lines.
+#include "studio/objects/CoverageOutline.h"
+
+#include <bit>
+
+namespace {
+
+enum Direction : std::uint8_t
+{
+    RIGHT,
+    DOWN,
+    LEFT,
+    UP
+};
+
+constexpr int kStepX[] = {1, 0, -1, 0};
+constexpr int kStepY[] = {0, 1, 0, -1};
+
+class Tracer
+{
+public:
+    explicit Tracer(const CoverageBits& coverage)
+        : _coverage(coverage)
+        , _width(coverage.rect().width())
+        , _height(coverage.rect().height())
+        , _leaving(static_cast<std::size_t>(_width + 1) * static_cast<std::size_t>(_height + 1), 0)
+    {}
+
+    QPainterPath trace()
+    {
+        noteEdges();
+        QPainterPath path;
+        for (int y = 0; y <= _height; ++y)
+            for (int x = 0; x <= _width; ++x)
+                // A line has an edge that leads to the right in its uppermost row.
+                while (leaving(x, y) & (1U << RIGHT))
+                    follow(path, x, y);
+        return path;
+    }
+
+private:
+    std::uint8_t& leaving(int x, int y)
+    {
+        return _leaving[static_cast<std::size_t>(y) * static_cast<std::size_t>(_width + 1) +
+                        static_cast<std::size_t>(x)];
+    }
+    void note(int x, int y, Direction direction) { leaving(x, y) |= static_cast<std::uint8_t>(1U << direction); }
+
+    template<typename Function>
+    static void forEachBit(std::uint64_t word, int first, const Function& function)
+    {
+        for (; word != 0; word &= word - 1)
+            function(first + std::countr_zero(word));
+    }
+
+    void noteEdges()
+    {
+        const std::size_t words = _coverage.isEmpty() ? 0 : _coverage.row(_coverage.rect().y1).size();
+        const std::vector<std::uint64_t> nothing(words, 0);
+        const auto rowOf = [&](int y) -> std::span<const std::uint64_t> {
+            return y < 0 || y >= _height ? nothing : _coverage.row(_coverage.rect().y1 + y);
+        };
+        for (int y = 0; y <= _height; ++y) {
+            const auto here = rowOf(y);
+            const auto above = rowOf(y - 1);
+            std::uint64_t carry = 0;
+            for (std::size_t i = 0; i < words; ++i) {
+                const int first = static_cast<int>(64 * i);
+                forEachBit(here[i] & ~above[i], first, [&](int x) { note(x, y, RIGHT); });
+                forEachBit(above[i] & ~here[i], first, [&](int x) { note(x + 1, y, LEFT); });
+                const std::uint64_t before = (here[i] << 1U) | carry;
+                carry = here[i] >> 63U;
+                forEachBit(here[i] & ~before, first, [&](int x) { note(x, y + 1, UP); });
+                forEachBit(before & ~here[i], first, [&](int x) { note(x, y, DOWN); });
+            }
+            if (carry != 0)
+                note(_width, y, DOWN);
+        }
+    }
+
+    // With two ways on, the one to the right stays with the same pixel.
+    Direction next(int x, int y, Direction came)
+    {
+        for (const unsigned turn : {1U, 0U, 3U}) {
+            const auto direction = static_cast<Direction>((came + turn) % 4U);
+            if (leaving(x, y) & (1U << direction))
+                return direction;
+        }
+        return came;
+    }
+
+    // The edge at the start is given up last: it is the one that closes the line.
+    void follow(QPainterPath& path, int startX, int startY)
+    {
+        const QPointF corner(_coverage.rect().x1, _coverage.rect().y1);
+        int x = startX;
+        int y = startY;
+        Direction direction = RIGHT;
+        bool turned = true; // before this edge
+        bool closed = false;
+        while (!closed) {
+            const QPointF middle = corner + QPointF(x + kStepX[direction] / 2.0, y + kStepY[direction] / 2.0);
+            const bool isFirst = x == startX && y == startY && direction == RIGHT;
+            x += kStepX[direction];
+            y += kStepY[direction];
+            const Direction on = next(x, y, direction);
+            leaving(x, y) &= static_cast<std::uint8_t>(~(1U << on));
+            // In the middle of a straight line nothing need be noted.
+            if (isFirst)
+                path.moveTo(middle);
+            else if (turned || on != direction)
+                path.lineTo(middle);
+            turned = on != direction;
+            direction = on;
+            closed = x == startX && y == startY && on == RIGHT;
+        }
+        path.closeSubpath();
+    }
+
+    const CoverageBits& _coverage;
+    int _width;
+    int _height;
+    std::vector<std::uint8_t> _leaving;
+};
+
+} // namespace
+
+QPainterPath outlineOf(const CoverageBits& coverage)
+{
+    return coverage.isEmpty() ? QPainterPath() : Tracer(coverage).trace();
+}

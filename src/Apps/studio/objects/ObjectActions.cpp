@@ -1,0 +1,202 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Copied values lie on the clipboard as text that people can read, "bevel 24 elevation 1 smoothness 1.8", so that they
+// also go into a message to a colleague and back.
+#include "studio/objects/ObjectActions.h"
+
+#include "studio/objects/ObjectPresets.h"
+#include "studio/window/Icons.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QInputDialog>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QWidget>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+QString textOf(const NormalMapObject& values)
+{
+    const auto text = [](double value) { return QString::number(value, 'g', QLocale::FloatingPointShortest); };
+    return QStringLiteral("bevel %1 elevation %2 smoothness %3")
+        .arg(text(values.bevel), text(values.elevation), text(values.smoothness));
+}
+
+std::optional<NormalMapObject> valuesIn(const QString& text)
+{
+    static const QRegularExpression pattern(QStringLiteral(R"(^\s*bevel (\S+) elevation (\S+) smoothness (\S+)\s*$)"));
+    const QRegularExpressionMatch match = pattern.match(text);
+    if (!match.hasMatch())
+        return std::nullopt;
+    NormalMapObject values;
+    int index = 1;
+    for (const ObjectValue value : kObjectValues) {
+        bool isNumber = false;
+        const double number = match.captured(index++).toDouble(&isNumber);
+        if (!isNumber || !std::isfinite(number))
+            return std::nullopt;
+        setValue(values, value, number);
+    }
+    return values;
+}
+
+} // namespace
+
+ObjectActions::ObjectActions(DocumentObjects& objects, QWidget& window)
+    : QObject(&window)
+    , _objects(objects)
+    , _window(window)
+    , _carve(make(tr("Carve"), tr("Lets the selected objects sink in instead of rising"), QKeySequence(Qt::Key_V)))
+    , _cutOut(make(tr("Cut Out"), tr("Makes holes of the selected objects: what lies below is taken away"),
+                   QKeySequence(Qt::Key_X)))
+    , _hide(make(tr("Hide"), tr("Hides the selected objects"), QKeySequence(Qt::Key_H)))
+    , _solo(make(tr("Solo"), tr("Shows the selected objects alone"), QKeySequence(Qt::Key_S)))
+    , _copy(make(tr("Copy Values"), tr("Copies bevel, elevation and smoothness of the selected object"),
+                 QKeySequence::Copy))
+    , _paste(make(tr("Paste Values"), tr("Gives the copied values to the selected objects"), QKeySequence::Paste))
+    , _reset(make(tr("Reset Values"), tr("Gives the selected objects the values of a new object"),
+                  QKeySequence(Qt::SHIFT | Qt::Key_R)))
+{
+    for (QAction* const action : {_carve, _cutOut, _hide, _solo})
+        action->setCheckable(true);
+    _carve->setObjectName(QStringLiteral("carve"));
+    _cutOut->setObjectName(QStringLiteral("cut-out"));
+    _hide->setObjectName(QStringLiteral("hide"));
+    _solo->setObjectName(QStringLiteral("solo"));
+    connect(_carve, &QAction::triggered, this, [this](bool on) { _objects.change(carveCmd(_objects.selected(), on)); });
+    connect(_cutOut, &QAction::triggered, this, [this](bool on) {
+        _objects.change(cutOutCmd(_objects.selected(), _objects.all(), on, _objects.document().currentFrame()));
+    });
+    connect(_hide, &QAction::triggered, this, [this](bool on) { _objects.change(hideCmd(_objects.selected(), on)); });
+    connect(_solo, &QAction::triggered, this,
+            [this](bool on) { _objects.change(soloCmd(_objects.selected(), _objects.all(), on)); });
+    connect(_copy, &QAction::triggered, this, &ObjectActions::copyValues);
+    connect(_paste, &QAction::triggered, this, &ObjectActions::pasteValues);
+    connect(_reset, &QAction::triggered, this, [this] { resetValues(std::nullopt); });
+    connect(&objects, &DocumentObjects::changed, this, &ObjectActions::update);
+    refreshIcons();
+    update();
+}
+
+QAction* ObjectActions::make(const QString& text, const QString& toolTip, const QKeySequence& keys)
+{
+    auto* const action = new QAction(text, this);
+    action->setShortcut(keys);
+    // Single letters, which must not be taken from whoever types.
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    action->setToolTip(tr("%1 (%2)").arg(toolTip, keys.toString(QKeySequence::NativeText)));
+    action->setStatusTip(toolTip);
+    return action;
+}
+
+void ObjectActions::addKeysTo(QWidget& widget) const
+{
+    widget.addActions({_carve, _cutOut, _hide, _solo, _copy, _paste, _reset});
+}
+
+void ObjectActions::refreshIcons()
+{
+    for (QAction* const action : {_carve, _cutOut, _hide, _solo})
+        action->setIcon(studioIcon(action->objectName(), _window.palette()));
+}
+
+void ObjectActions::update()
+{
+    const std::vector<SceneObject>& selected = _objects.selected();
+    const bool any = !selected.empty();
+    const auto all = [&](auto&& is) { return any && std::ranges::all_of(selected, is); };
+    const bool haveValues = std::ranges::any_of(selected, [](const SceneObject& one) { return !one.isCutOut(); });
+    for (QAction* const action : {_cutOut, _hide, _solo})
+        action->setEnabled(any);
+    for (QAction* const action : {_carve, _copy, _paste, _reset})
+        action->setEnabled(haveValues);
+    _carve->setChecked(all([](const SceneObject& one) { return one.values.elevation < 0.0; }));
+    _cutOut->setChecked(all([](const SceneObject& one) { return one.isCutOut(); }));
+    _hide->setChecked(all([](const SceneObject& one) { return one.isHidden; }));
+    _solo->setChecked(any && areSolo(selected, _objects.all()));
+}
+
+void ObjectActions::copyValues()
+{
+    if (!_objects.selected().empty())
+        QApplication::clipboard()->setText(textOf(_objects.selected().back().values));
+}
+
+void ObjectActions::pasteValues()
+{
+    if (const auto values = valuesIn(QApplication::clipboard()->text()))
+        _objects.change(
+            giveValuesCmd(_objects.selected(), tr("Paste Values to %1"), [&](const SceneObject&) { return *values; }));
+}
+
+void ObjectActions::resetValues(std::optional<ObjectValue> value)
+{
+    const NormalMapObject fresh;
+    if (value)
+        return _objects.change(
+            changeValueCmd(_objects.selected(), *value, [&](const SceneObject&) { return valueOf(fresh, *value); }));
+    _objects.change(
+        giveValuesCmd(_objects.selected(), tr("Reset Values of %1"), [&](const SceneObject&) { return fresh; }));
+}
+
+void ObjectActions::fillMenu(QMenu& menu)
+{
+    menu.addActions({_carve, _cutOut, _hide, _solo});
+    menu.addSeparator();
+    menu.addActions({_copy, _paste});
+    const bool haveValues = _reset->isEnabled();
+    QMenu* const presets = menu.addMenu(tr("Presets"));
+    presets->setEnabled(haveValues);
+    fillPresets(*presets);
+    QMenu* const resets = menu.addMenu(tr("Reset"));
+    resets->setEnabled(haveValues);
+    for (const ObjectValue value : kObjectValues)
+        resets->addAction(ObjectTexts::name(value), this, [this, value] { resetValues(value); });
+    resets->addSeparator();
+    resets->addAction(_reset);
+}
+
+void ObjectActions::fillPresets(QMenu& menu)
+{
+    const auto add = [&](const std::vector<ObjectPreset>& presets) {
+        for (const ObjectPreset& preset : presets)
+            menu.addAction(QString(preset.name).replace(QLatin1Char('&'), QStringLiteral("&&")), this,
+                           [this, preset] { applyPreset(preset); });
+    };
+    add(builtInPresets());
+    menu.addSeparator();
+    const std::vector<ObjectPreset> own = ownPresets();
+    add(own);
+    menu.addAction(tr("Save Values as Preset..."), this, &ObjectActions::saveAsPreset);
+    if (own.empty())
+        return;
+    QMenu* const remove = menu.addMenu(tr("Remove Preset"));
+    for (const ObjectPreset& preset : own)
+        remove->addAction(QString(preset.name).replace(QLatin1Char('&'), QStringLiteral("&&")), this,
+                          [name = preset.name] { removeOwnPreset(name); });
+}
+
+void ObjectActions::applyPreset(const ObjectPreset& preset)
+{
+    // %1 stays for the objects; a name may hold a % of its own.
+    const QString name = tr("%2 for %1", "a preset for an object").replace(QStringLiteral("%2"), preset.name);
+    _objects.change(giveValuesCmd(_objects.selected(), name, [&](const SceneObject& object) {
+        return valuesOf(preset, _breadth ? _breadth(object) : 0.0);
+    }));
+}
+
+void ObjectActions::saveAsPreset()
+{
+    if (_objects.selected().empty())
+        return;
+    const NormalMapObject values = _objects.selected().back().values;
+    const QString name =
+        QInputDialog::getText(&_window, tr("Save Values as Preset"), tr("The preset's name:")).trimmed();
+    if (!name.isEmpty())
+        saveOwnPreset(name, values);
+}

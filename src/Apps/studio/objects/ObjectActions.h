@@ -1,0 +1,61 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// ObjectActions: what can be done to the selected objects, once as actions: the bar beside the object, the table, the
+// context menu and the Edit menu show the same ones.
+#pragma once
+
+#include "studio/objects/DocumentObjects.h"
+
+#include <functional>
+
+class QAction;
+class QMenu;
+class QWidget;
+
+/// The actions of one window.
+class ObjectActions : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @param window over which dialogs open
+    ObjectActions(DocumentObjects& objects, QWidget& window);
+
+    QAction* carve() const { return _carve; }
+    QAction* cutOut() const { return _cutOut; }
+    QAction* hide() const { return _hide; }
+    QAction* solo() const { return _solo; }
+    QAction* copy() const { return _copy; }
+    QAction* paste() const { return _paste; }
+    QAction* reset() const { return _reset; }
+
+    /// Lets the actions' keys work in a widget and its children.
+    void addKeysTo(QWidget& widget) const;
+    /// Fills a menu with everything.
+    void fillMenu(QMenu& menu);
+    /// How broad an object is, for presets that depend on it; nothing is known of it to begin with.
+    void setBreadth(std::function<double(const SceneObject&)> breadth) { _breadth = std::move(breadth); }
+    /// To be called when the window's colours changed.
+    void refreshIcons();
+
+private:
+    QAction* make(const QString& text, const QString& toolTip, const QKeySequence& keys);
+    void update();
+    void copyValues();
+    void pasteValues();
+    void resetValues(std::optional<ObjectValue> value);
+    void fillPresets(QMenu& menu);
+    void applyPreset(const struct ObjectPreset& preset);
+    void saveAsPreset();
+
+    DocumentObjects& _objects;
+    QWidget& _window;
+    std::function<double(const SceneObject&)> _breadth;
+    QAction* _carve;
+    QAction* _cutOut;
+    QAction* _hide;
+    QAction* _solo;
+    QAction* _copy;
+    QAction* _paste;
+    QAction* _reset;
+};

@@ -1,0 +1,159 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The bar stands below the object, or above it where there is no room, and always inside of the view. While something
+// is dragged it stays where it is.
+#include "studio/objects/ObjectBar.h"
+
+#include "studio/objects/ObjectActions.h"
+#include "studio/objects/ObjectHands.h"
+#include "studio/objects/ValueField.h"
+#include "studio/preview/Viewer.h"
+
+#include <QAction>
+#include <QBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QSignalBlocker>
+#include <QToolButton>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kGap = 18;
+constexpr int kMargin = 8;
+
+QToolButton* buttonFor(QAction* action)
+{
+    auto* const button = new QToolButton;
+    button->setDefaultAction(action);
+    button->setObjectName(QStringLiteral("bar-") + action->objectName());
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setIconSize(QSize(18, 18));
+    button->setAccessibleName(action->text());
+    return button;
+}
+
+} // namespace
+
+ObjectBar::ObjectBar(DocumentObjects& objects, ObjectActions& actions, ObjectHands& hands, Viewer& viewer)
+    : QFrame(&viewer), _objects(objects), _actions(actions), _hands(hands), _viewer(viewer), _name(new QLabel)
+{
+    setObjectName(QStringLiteral("objectBar"));
+    setAccessibleName(tr("Selected object"));
+    setFrameShape(QFrame::StyledPanel);
+    setAutoFillBackground(true);
+    setCursor(Qt::ArrowCursor);
+    setFocusPolicy(Qt::ClickFocus);
+    // A click beside a field is none into the picture.
+    setAttribute(Qt::WA_NoMousePropagation);
+    _name->setTextFormat(Qt::PlainText);
+    _name->setObjectName(QStringLiteral("objectBarName"));
+    QFont bold = font();
+    bold.setBold(true);
+    _name->setFont(bold);
+
+    auto* const head = new QHBoxLayout;
+    head->setSpacing(1);
+    head->addWidget(_name, 1);
+    for (QAction* const action : {actions.carve(), actions.cutOut(), actions.hide(), actions.solo()})
+        head->addWidget(buttonFor(action));
+    auto* const more = new QToolButton;
+    more->setObjectName(QStringLiteral("bar-more"));
+    more->setText(QStringLiteral("\u2026"));
+    more->setToolTip(tr("Presets, copy, paste and reset"));
+    more->setAccessibleName(tr("More"));
+    more->setAutoRaise(true);
+    more->setFocusPolicy(Qt::TabFocus);
+    more->setPopupMode(QToolButton::InstantPopup);
+    more->setStyleSheet(QStringLiteral("QToolButton::menu-indicator { image: none; }"));
+    auto* const menu = new QMenu(more);
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] {
+        menu->clear();
+        _actions.fillMenu(*menu);
+    });
+    more->setMenu(menu);
+    head->addWidget(more);
+
+    auto* const values = new QGridLayout;
+    values->setHorizontalSpacing(6);
+    values->setVerticalSpacing(1);
+    for (const ObjectValue value : kObjectValues) {
+        const auto column = static_cast<int>(value);
+        auto* const field = new ValueField(value);
+        field->setObjectName(QStringLiteral("bar-value-%1").arg(column));
+        field->setFixedWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("-000.0000")) + 28);
+        auto* const caption = new QLabel(ObjectTexts::name(value));
+        caption->setBuddy(field);
+        values->addWidget(caption, 0, column);
+        values->addWidget(field, 1, column);
+        _fields[column] = field;
+        connect(field, &QDoubleSpinBox::valueChanged, this, [this, value](double number) { take(value, number); });
+        connect(field, &QDoubleSpinBox::editingFinished, &objects, &DocumentObjects::finishChange);
+    }
+    auto* const rows = new QVBoxLayout(this);
+    rows->setContentsMargins(8, 5, 8, 7);
+    rows->setSpacing(3);
+    rows->addLayout(head);
+    rows->addLayout(values);
+    hide();
+    connect(&objects, &DocumentObjects::changed, this, &ObjectBar::follow);
+    connect(&viewer, &Viewer::viewChanged, this, &ObjectBar::follow);
+}
+
+void ObjectBar::follow()
+{
+    const QRectF object = _hands.selectedRect();
+    // What was hidden from the bar can be shown again from it: it stays where it is.
+    const bool isSeen = !_objects.selected().empty() && _viewer.frame() && (!object.isEmpty() || isVisible());
+    if (!isSeen)
+        return hide();
+    showValues();
+    if (!object.isEmpty() && !_hands.isDragging())
+        place(object);
+    show();
+}
+
+void ObjectBar::showValues()
+{
+    const SceneObject& current = _objects.selected().back();
+    const int room = 150;
+    _name->setText(_name->fontMetrics().elidedText(ObjectTexts::subject(_objects.selected()), Qt::ElideRight, room));
+    _name->setToolTip(current.name);
+    for (const ObjectValue value : kObjectValues) {
+        ValueField& shown = field(value);
+        const QSignalBlocker quiet(shown);
+        shown.setValue(valueOf(current.values, value));
+        shown.setEnabled(!current.isCutOut());
+    }
+}
+
+void ObjectBar::place(const QRectF& object)
+{
+    adjustSize();
+    const QRect view = _viewer.rect().adjusted(kMargin, kMargin, -kMargin, -kMargin);
+    const auto top = static_cast<int>(object.top());
+    const auto bottom = static_cast<int>(object.bottom());
+    int y = bottom + kGap;
+    if (y + height() > view.bottom())
+        y = top - kGap - height() >= view.top() ? top - kGap - height() : view.bottom() - height();
+    const int x = static_cast<int>(object.center().x()) - width() / 2;
+    move(std::clamp(x, view.left(), std::max(view.left(), view.right() - width())),
+         std::clamp(y, view.top(), std::max(view.top(), view.bottom() - height())));
+}
+
+void ObjectBar::take(ObjectValue value, double number)
+{
+    _objects.changeOn(changeValueCmd(_objects.selected(), value, [number](const SceneObject&) { return number; }));
+}
+
+void ObjectBar::keyPressEvent(QKeyEvent* event)
+{
+    // Back to the picture, and to its keys.
+    if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        _viewer.setFocus();
+    else
+        QFrame::keyPressEvent(event);
+}

@@ -1,0 +1,42 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// ObjectBar: a small panel in the picture, near the selected object: its name, its three values, and the switches that
+// artists reach for. What is entered goes to all selected objects.
+#pragma once
+
+#include "studio/objects/DocumentObjects.h"
+
+#include <QFrame>
+
+class ObjectActions;
+class ObjectHands;
+class QLabel;
+class ValueField;
+class Viewer;
+
+/// A child of the viewer.
+class ObjectBar : public QFrame
+{
+    Q_OBJECT
+
+public:
+    ObjectBar(DocumentObjects& objects, ObjectActions& actions, ObjectHands& hands, Viewer& viewer);
+
+    ValueField& field(ObjectValue value) const { return *_fields[static_cast<std::size_t>(value)]; }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void follow();
+    void place(const QRectF& object);
+    void showValues();
+    void take(ObjectValue value, double number);
+
+    DocumentObjects& _objects;
+    ObjectActions& _actions;
+    ObjectHands& _hands;
+    Viewer& _viewer;
+    QLabel* _name;
+    ValueField* _fields[3] = {};
+};

@@ -1,0 +1,85 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// ObjectHands: the tool of the viewer with which objects are taken hold of in the picture.
+//
+//   click               selects the topmost object; again at the same place, the one below it
+//   click with Shift    adds an object to the selection, or takes it out
+//   drag                selects what lies in a rectangle; with Shift, besides what is selected
+//   drag a handle       changes bevel, elevation or smoothness of all selected objects; with Shift, finely
+//   Escape              takes a drag back; otherwise selects nothing
+#pragma once
+
+#include "studio/objects/DocumentObjects.h"
+#include "studio/objects/ObjectHandles.h"
+#include "studio/preview/RenderedFrame.h"
+#include "studio/preview/ViewerTool.h"
+
+#include <QPainterPath>
+
+class Viewer;
+
+/// Lives as long as the viewer at most, and not longer than the document's objects.
+class ObjectHands : public QObject, public ViewerTool
+{
+    Q_OBJECT
+
+public:
+    ObjectHands(DocumentObjects& objects, Viewer& viewer, QObject* parent = nullptr);
+    ~ObjectHands() override;
+
+    /// The handles of the current object.
+    ObjectHandles handles() const;
+    /// The rectangle around all selected objects that are in the frame, in the viewer's coordinates.
+    QRectF selectedRect() const;
+    /// The shorter side of an object's rectangle, in units of which the picture is 720 wide; 0 when it is not seen.
+    double breadthOf(const SceneObject& object) const;
+    bool isDragging() const { return _doing == Doing::PULL || _doing == Doing::RECTANGLE; }
+
+    void press(const QPointF& place, Qt::KeyboardModifiers modifiers) override;
+    void drag(const QPointF& place, Qt::KeyboardModifiers modifiers) override;
+    void release(const QPointF& place, Qt::KeyboardModifiers modifiers) override;
+    void hover(const QPointF& place) override;
+    void leave() override;
+    bool cancel() override;
+    Qt::CursorShape cursor(const QPointF& place) const override;
+    void paint(QPainter& painter) override;
+
+private:
+    enum class Doing
+    {
+        NOTHING,
+        PRESSED, ///< a click, until the mouse is moved
+        RECTANGLE,
+        PULL
+    };
+
+    struct Outline
+    {
+        const ObjectDefinition* definition;
+        QPainterPath path; ///< in pixels of the full picture
+    };
+
+    void click(const QPointF& place, bool adds);
+    void takeRectangle(const QPointF& to, bool adds);
+    void pull(const QPointF& to, bool carefully);
+    void finishPull();
+    std::vector<SceneObject> under(const QPointF& place) const;
+    QRectF rectOf(const SceneObject& object) const;
+    double unit() const;
+    const QPainterPath& outlineFor(const SceneObject& object);
+    void paintOutline(QPainter& painter, const SceneObject& object, bool isSelected);
+    void paintWords(QPainter& painter) const;
+    void update();
+
+    DocumentObjects& _objects;
+    Viewer& _viewer;
+    Doing _doing = Doing::NOTHING;
+    QPointF _from;
+    QPointF _now;
+    std::optional<ObjectValue> _hot;
+    std::vector<NormalMapObject> _before; // of the selected objects, while a handle is pulled
+    bool _pulledAny = false;
+    QPointF _lastClick{-1000.0, -1000.0};
+    RenderedFramePtr _outlinesOf;
+    std::vector<Outline> _outlines;
+};

@@ -1,0 +1,72 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The frame knows inputs of nodes, the scene knows objects: number and port say which belongs to which.
+#include "studio/objects/ObjectsInFrame.h"
+
+#include "studio/objects/CoverageOutline.h"
+
+#include <QTransform>
+
+#include <algorithm>
+#include <cmath>
+#include <ranges>
+
+namespace {
+
+bool belongs(const ShownInput& input, const SceneObject& object)
+{
+    return input.number == object.number() && std::ranges::find(object.ports, input.port) != object.ports.end() &&
+           input.node == object.node->instanceName();
+}
+
+const ShownInputs& inputsOf(const RenderedFrame& frame)
+{
+    static const ShownInputs none;
+    return frame.inputs ? *frame.inputs : none;
+}
+
+// From pixels of the frame as it was rendered to those of the full picture.
+QTransform toFull(const RenderedFrame& frame)
+{
+    return QTransform::fromScale(static_cast<double>(frame.fullSize.width()) / frame.size.width(),
+                                 static_cast<double>(frame.fullSize.height()) / frame.size.height());
+}
+
+} // namespace
+
+std::vector<SceneObject> objectsAt(const RenderedFrame& frame, const std::vector<SceneObject>& objects,
+                                   const QPointF& place)
+{
+    const QPointF here = toFull(frame).inverted().map(place);
+    const int x = static_cast<int>(std::floor(here.x()));
+    const int y = static_cast<int>(std::floor(here.y()));
+    std::vector<SceneObject> found;
+    for (const ShownInput& input : std::views::reverse(inputsOf(frame))) {
+        if (!input.coverage.covers(x, y))
+            continue;
+        const auto object = std::ranges::find_if(objects, [&](const SceneObject& one) { return belongs(input, one); });
+        const bool isNew = object != objects.end() &&
+                           std::ranges::none_of(found, [&](const SceneObject& one) { return isSame(one, *object); });
+        if (isNew)
+            found.push_back(*object);
+    }
+    return found;
+}
+
+QRectF boundsOf(const RenderedFrame& frame, const SceneObject& object)
+{
+    Math::Box2di around;
+    for (const ShownInput& input : inputsOf(frame))
+        if (belongs(input, object))
+            around.add(input.coverage.rect());
+    return toFull(frame).mapRect(QRectF(around.x1, around.y1, around.width(), around.height()));
+}
+
+QPainterPath outlineOf(const RenderedFrame& frame, const SceneObject& object)
+{
+    QPainterPath outline;
+    for (const ShownInput& input : inputsOf(frame))
+        if (belongs(input, object))
+            outline.addPath(outlineOf(input.coverage));
+    return toFull(frame).map(outline);
+}

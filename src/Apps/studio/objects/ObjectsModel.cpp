@@ -1,0 +1,164 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// While the rows are the same objects, only their contents are told anew, so that editors stay open and the view keeps
+// its place.
+#include "studio/objects/ObjectsModel.h"
+
+#include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
+#include "studio/docks/scene/DrawingThumbnail.h"
+
+#include <QGuiApplication>
+
+#include <algorithm>
+
+ObjectsModel::ObjectsModel(DocumentObjects& objects, QObject* parent) : QAbstractTableModel(parent), _objects(objects)
+{
+    connect(&objects, &DocumentObjects::changed, this, &ObjectsModel::follow);
+    connect(&objects.document(), &StudioDocument::sceneReplaced, this, [this] { _thumbnails.clear(); });
+    follow();
+}
+
+ObjectsModel::~ObjectsModel() = default;
+
+void ObjectsModel::follow()
+{
+    std::vector<const ObjectDefinition*> rows;
+    for (const SceneObject& object : _objects.all())
+        rows.push_back(object.definitions.front());
+    if (rows != _rows) {
+        beginResetModel();
+        _rows = std::move(rows);
+        // Drawings may be gone, and others come to lie where they were.
+        _thumbnails.clear();
+        endResetModel();
+    } else if (!_rows.empty()) {
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, COLUMN_COUNT - 1));
+    }
+}
+
+const SceneObject* ObjectsModel::object(int row) const
+{
+    const auto& all = _objects.all();
+    return row >= 0 && row < static_cast<int>(all.size()) ? &all[static_cast<std::size_t>(row)] : nullptr;
+}
+
+int ObjectsModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(_rows.size());
+}
+
+int ObjectsModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : COLUMN_COUNT;
+}
+
+QPixmap ObjectsModel::thumbnail(const SceneObject& object) const
+{
+    if (object.elements.empty())
+        return {};
+    const MO_ElementModule& element = *object.elements.front();
+    const auto& drawings = element.drawings();
+    auto shown = drawings.find(element.drawingAttr()->drawing(_objects.document().currentFrame()));
+    if (shown == drawings.end())
+        shown = drawings.begin();
+    if (shown == drawings.end() || !shown->second)
+        return {};
+    auto [known, isNew] = _thumbnails.try_emplace(shown->second.get());
+    if (isNew)
+        known->second = drawingThumbnail(*shown->second, kThumbnail, qGuiApp->devicePixelRatio());
+    return known->second;
+}
+
+QVariant ObjectsModel::data(const QModelIndex& index, int role) const
+{
+    const SceneObject* const object = this->object(index.row());
+    if (!object)
+        return {};
+    const int column = index.column();
+    if (column == NAME) {
+        if (role == Qt::DisplayRole)
+            return object->name;
+        if (role == Qt::DecorationRole)
+            return thumbnail(*object);
+        if (role == Qt::CheckStateRole)
+            return object->isHidden ? Qt::Unchecked : Qt::Checked;
+        if (role == Qt::ToolTipRole)
+            return tr("%1: shown when the box is ticked").arg(object->name);
+        return {};
+    }
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
+    if (column == NUMBER) {
+        if (role == Qt::DisplayRole)
+            return object->isCutOut() ? tr("cut") : QString::number(object->number());
+        if (role == Qt::ToolTipRole && object->isCutOut())
+            return tr("A cut-out: what lies below it is taken away");
+        return {};
+    }
+    if (object->isCutOut())
+        return {};
+    const double value = ::valueOf(object->values, valueOf(column));
+    if (role == Qt::DisplayRole)
+        return ObjectTexts::number(value);
+    return role == Qt::EditRole ? QVariant(value) : QVariant();
+}
+
+std::vector<SceneObject> ObjectsModel::changedBy(int row) const
+{
+    const SceneObject* const object = this->object(row);
+    if (!object)
+        return {};
+    if (!_objects.isSelected(*object))
+        return {*object};
+    // The row that is edited gives the change its name.
+    std::vector<SceneObject> objects = _objects.selected();
+    std::ranges::stable_partition(objects, [&](const SceneObject& one) { return !isSame(one, *object); });
+    return objects;
+}
+
+bool ObjectsModel::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    const std::vector<SceneObject> objects = changedBy(index.row());
+    if (objects.empty())
+        return false;
+    if (index.column() == NAME && role == Qt::CheckStateRole) {
+        _objects.change(hideCmd(objects, value.toInt() == Qt::Unchecked));
+        return true;
+    }
+    bool isNumber = false;
+    const double number = value.toDouble(&isNumber);
+    if (!isValue(index.column()) || role != Qt::EditRole || !isNumber)
+        return false;
+    _objects.change(changeValueCmd(objects, valueOf(index.column()), [number](const SceneObject&) { return number; }));
+    return true;
+}
+
+QVariant ObjectsModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal)
+        return {};
+    if (isValue(section)) {
+        if (role == Qt::DisplayRole)
+            return ObjectTexts::name(valueOf(section));
+        return role == Qt::ToolTipRole ? QVariant(ObjectTexts::explanation(valueOf(section))) : QVariant();
+    }
+    if (role == Qt::DisplayRole)
+        return section == NAME ? tr("Object") : tr("No.");
+    if (role == Qt::ToolTipRole)
+        return section == NAME ? tr("The object; its box shows and hides it")
+                               : tr("The object's number; drawings of the same number are one object");
+    return {};
+}
+
+Qt::ItemFlags ObjectsModel::flags(const QModelIndex& index) const
+{
+    const SceneObject* const object = this->object(index.row());
+    if (!object)
+        return Qt::NoItemFlags;
+    Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+    if (index.column() == NAME)
+        flags |= Qt::ItemIsUserCheckable;
+    if (isValue(index.column()) && !object->isCutOut())
+        flags |= Qt::ItemIsEditable;
+    return flags;
+}

@@ -1,0 +1,54 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// ObjectsModel: the objects of the scene as a table, the topmost first, with a small picture of each.
+#pragma once
+
+#include "studio/objects/DocumentObjects.h"
+
+#include <QAbstractTableModel>
+#include <QPixmap>
+
+#include <map>
+
+/// A table on the document's objects. What is entered goes to the row, or to all selected objects when the row is one
+/// of them.
+class ObjectsModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    enum Column
+    {
+        NAME, ///< with a thumbnail and a box that shows and hides the object
+        NUMBER,
+        BEVEL, ///< the values in the order of ObjectValue
+        ELEVATION,
+        SMOOTHNESS,
+        COLUMN_COUNT
+    };
+    static constexpr int kThumbnail = 28;
+
+    explicit ObjectsModel(DocumentObjects& objects, QObject* parent = nullptr);
+    ~ObjectsModel() override;
+
+    /// The object of a row; null when there is no such row.
+    const SceneObject* object(int row) const;
+    static bool isValue(int column) { return column >= BEVEL && column <= SMOOTHNESS; }
+    static ObjectValue valueOf(int column) { return kObjectValues[column - BEVEL]; }
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+private:
+    void follow();
+    std::vector<SceneObject> changedBy(int row) const;
+    QPixmap thumbnail(const SceneObject& object) const;
+
+    DocumentObjects& _objects;
+    std::vector<const ObjectDefinition*> _rows; // what the view knows; only ever compared
+    mutable std::map<const void*, QPixmap> _thumbnails;
+};

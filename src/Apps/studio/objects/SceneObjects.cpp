@@ -1,0 +1,186 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// From each input of a node upstream: the definition nearest to a drawing is the one that counts for it.
+#include "studio/objects/SceneObjects.h"
+
+#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+namespace {
+
+const QString kSuffix = QStringLiteral("-Definition");
+
+struct Source
+{
+    ObjectDefinition* definition = nullptr;
+    MO_ElementModule* element = nullptr;
+};
+
+// What comes in at an input. A module is looked at once for every definition that counts on the way to it.
+std::vector<Source> sourcesOf(const MO_Port& input)
+{
+    std::vector<Source> sources;
+    std::set<std::pair<const MO_Module*, const ObjectDefinition*>> met;
+    std::vector<std::pair<const MO_Port*, ObjectDefinition*>> open{{&input, nullptr}};
+    while (!open.empty()) {
+        auto [port, definition] = open.back();
+        open.pop_back();
+        const MO_Port* const source = port->realSrcPort();
+        MO_Module* const module = source ? source->module() : nullptr;
+        if (!module || NormalMapNode::is(*module))
+            continue;
+        if (auto* const own = dynamic_cast<ObjectDefinition*>(module))
+            definition = own;
+        if (!met.emplace(module, definition).second)
+            continue;
+        if (definition && (module == definition || module->nInPorts() == 0))
+            sources.push_back({definition, dynamic_cast<MO_ElementModule*>(module)});
+        for (unsigned i = module->nInPorts(); i-- > 0;)
+            open.emplace_back(module->inPort(i), definition);
+    }
+    // A definition that others between it and the drawings overrule counts for nothing, unless it has no drawing yet.
+    const auto hasDrawing = [&](const ObjectDefinition* definition) {
+        return std::ranges::any_of(
+            sources, [&](const Source& one) { return one.definition == definition && one.element != nullptr; });
+    };
+    const bool any = std::ranges::any_of(sources, [](const Source& one) { return one.element != nullptr; });
+    if (any)
+        std::erase_if(sources, [&](const Source& one) { return !hasDrawing(one.definition); });
+    return sources;
+}
+
+template<typename Item>
+void addOnce(std::vector<Item>& items, const Item& item)
+{
+    if (std::ranges::find(items, item) == items.end())
+        items.push_back(item);
+}
+
+QString nameOf(const ObjectDefinition& definition)
+{
+    const QString name = definition.instanceName();
+    return name.endsWith(kSuffix) && name.size() > kSuffix.size() ? name.chopped(kSuffix.size()) : name;
+}
+
+NormalMapObject valuesOf(const std::vector<NormalMapObject>& table, int number)
+{
+    NormalMapObject values;
+    values.number = number;
+    for (const NormalMapObject& row : table)
+        if (row.number == number)
+            values = row;
+    return values;
+}
+
+void addObjects(MO_Module& node, double frame, std::vector<SceneObject>& all)
+{
+    const std::vector<NormalMapObject> table = NormalMapNode(node).objects();
+    std::vector<SceneObject> found;
+    std::map<int, std::size_t> byNumber;
+    std::map<const ObjectDefinition*, std::size_t> byDefinition;
+    for (unsigned port = 0; port < node.nInPorts(); ++port)
+        for (const Source& source : sourcesOf(*node.inPort(port))) {
+            ObjectDefinition& definition = *source.definition;
+            const int number = definition.objectId(frame);
+            if (number < 0)
+                continue;
+            const auto known = byDefinition.find(&definition);
+            const auto numbered = number > 0 ? byNumber.find(number) : byNumber.end();
+            std::size_t index = found.size();
+            if (known != byDefinition.end())
+                index = known->second;
+            else if (numbered != byNumber.end())
+                index = numbered->second;
+            else
+                found.push_back({.node = &node,
+                                 .name = nameOf(definition),
+                                 .definitions = {},
+                                 .elements = {},
+                                 .ports = {},
+                                 .values = valuesOf(table, number),
+                                 .isHidden = true});
+            byDefinition.emplace(&definition, index);
+            byNumber.emplace(number, index);
+            SceneObject& object = found[index];
+            addOnce(object.definitions, &definition);
+            addOnce(object.ports, static_cast<int>(port));
+            if (source.element)
+                addOnce(object.elements, source.element);
+            object.isHidden = object.isHidden && !definition.objectEnabled()->value(frame);
+        }
+    all.insert(all.end(), found.rbegin(), found.rend());
+}
+
+bool holds(const std::vector<ObjectDefinition*>& definitions, const QList<MO_Module*>& selection)
+{
+    return std::ranges::any_of(definitions, [&](ObjectDefinition* one) { return selection.contains(one); });
+}
+
+} // namespace
+
+QList<MO_Module*> SceneObject::modules() const
+{
+    QList<MO_Module*> modules(elements.begin(), elements.end());
+    for (ObjectDefinition* const definition : definitions)
+        modules << definition;
+    return modules;
+}
+
+std::vector<SceneObject> objectsOf(const MO_Scene& scene, double frame)
+{
+    std::vector<SceneObject> objects;
+    scene.root().forEachModule([&](MO_Module& module) {
+        if (NormalMapNode::is(module))
+            addObjects(module, frame, objects);
+    });
+    return objects;
+}
+
+std::vector<SceneObject> selectedOf(const std::vector<SceneObject>& objects, const QList<MO_Module*>& selection)
+{
+    const auto isDefinedInSelection = [&](MO_ElementModule* element) {
+        return std::ranges::any_of(objects, [&](const SceneObject& object) {
+            return std::ranges::find(object.elements, element) != object.elements.end() &&
+                   holds(object.definitions, selection);
+        });
+    };
+    std::vector<std::pair<qsizetype, const SceneObject*>> selected;
+    for (const SceneObject& object : objects) {
+        qsizetype last = -1;
+        for (ObjectDefinition* const definition : object.definitions)
+            last = std::max(last, selection.indexOf(definition));
+        if (last < 0)
+            for (MO_ElementModule* const element : object.elements)
+                if (!isDefinedInSelection(element))
+                    last = std::max(last, selection.indexOf(element));
+        if (last >= 0)
+            selected.emplace_back(last, &object);
+    }
+    std::ranges::stable_sort(selected, {}, &std::pair<qsizetype, const SceneObject*>::first);
+    std::vector<SceneObject> result;
+    for (const auto& [place, object] : selected)
+        result.push_back(*object);
+    return result;
+}
+
+QList<MO_Module*> modulesOf(const std::vector<SceneObject>& objects)
+{
+    QList<MO_Module*> modules;
+    for (const SceneObject& object : objects)
+        for (MO_Module* const module : object.modules()) {
+            // What an object shares with a later one belongs to the later one, which is the current one in the end.
+            modules.removeOne(module);
+            modules << module;
+        }
+    return modules;
+}
+
+bool isSame(const SceneObject& one, const SceneObject& other)
+{
+    return one.node == other.node && std::ranges::any_of(one.definitions, [&](ObjectDefinition* definition) {
+               return std::ranges::find(other.definitions, definition) != other.definitions.end();
+           });
+}

@@ -1,0 +1,31 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The ranges are wide: they keep typing errors out, not ideas.
+#include "studio/objects/ValueField.h"
+
+#include <QWheelEvent>
+
+ValueField::ValueField(ObjectValue value, QWidget* parent) : QDoubleSpinBox(parent)
+{
+    setDecimals(4);
+    setKeyboardTracking(false);
+    setFocusPolicy(Qt::StrongFocus);
+    setAccelerated(true);
+    setToolTip(ObjectTexts::explanation(value));
+    setAccessibleName(ObjectTexts::name(value));
+    setRange(value == ObjectValue::ELEVATION ? -1000.0 : 0.0, value == ObjectValue::BEVEL ? 10000.0 : 1000.0);
+    setSingleStep(value == ObjectValue::BEVEL ? 1.0 : 0.1);
+}
+
+QString ValueField::textFromValue(double value) const
+{
+    return ObjectTexts::number(value);
+}
+
+void ValueField::wheelEvent(QWheelEvent* event)
+{
+    if (hasFocus())
+        QDoubleSpinBox::wheelEvent(event);
+    else
+        event->ignore();
+}

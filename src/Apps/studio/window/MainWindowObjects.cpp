@@ -1,0 +1,65 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// How the window lets people take hold of objects.
+#include "studio/window/MainWindow.h"
+
+#include "jobs/shown/RenderedKind.h"
+#include "studio/objects/ObjectActions.h"
+#include "studio/objects/ObjectBar.h"
+#include "studio/objects/ObjectHands.h"
+#include "studio/objects/ObjectsView.h"
+#include "studio/preview/SceneSnapshot.h"
+#include "studio/preview/Viewer.h"
+
+#include <QAction>
+#include <QDockWidget>
+#include <QMenu>
+
+void MainWindow::makeObjects()
+{
+    _objectActions = new ObjectActions(_objects, *this);
+    _hands = new ObjectHands(_objects, *_viewer, this);
+    _objectActions->setBreadth([this](const SceneObject& object) { return _hands->breadthOf(object); });
+    _objectActions->addKeysTo(*_viewer);
+    new ObjectBar(_objects, *_objectActions, *_hands, *_viewer);
+    connect(_viewer, &Viewer::menuWanted, this, [this](const QPoint& place) {
+        auto* const menu = new QMenu(this);
+        menu->setObjectName(QStringLiteral("objectMenu"));
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        _objectActions->fillMenu(*menu);
+        menu->popup(_viewer->mapToGlobal(place));
+    });
+}
+
+void MainWindow::makeObjectsDock()
+{
+    auto* const dock = new QDockWidget(tr("Objects"), this);
+    dock->setObjectName(QStringLiteral("ObjectsDock"));
+    dock->setWidget(new ObjectsView(_objects, *_objectActions));
+    auto* const properties = findChild<QDockWidget*>(QStringLiteral("PropertiesDock"));
+    addDockWidget(Qt::RightDockWidgetArea, dock);
+    tabifyDockWidget(properties, dock);
+    dock->raise();
+    // Wide enough for the properties' tables.
+    constexpr int kWidth = 568;
+    auto* const lights = findChild<QDockWidget*>(QStringLiteral("lightsDock"));
+    resizeDocks({dock, lights}, {kWidth, kWidth}, Qt::Horizontal);
+    resizeDocks({dock, lights}, {540, 330}, Qt::Vertical);
+}
+
+void MainWindow::followSelection()
+{
+    // Whoever takes hold of an object in the picture wants to go on looking at that picture.
+    if (_objects.isSelecting())
+        return;
+    const MO_Module* const module = _followSelection->isChecked() ? _document.currentModule() : nullptr;
+    _renders.setNode(module ? module->instanceName() : QString());
+}
+
+void MainWindow::selectWhatMatters()
+{
+    MO_Module* const shown = shownModule(_document.scene());
+    const PictureSource source = shown ? pictureSourceOf(*shown) : PictureSource();
+    if (!source.nodes.empty())
+        _document.setSelection({source.nodes.front()});
+}
