@@ -43,6 +43,7 @@ protected:
         StudioLight light = window->lights().lights().front();
         light.place = QPointF(-1.9, -0.9);
         window->lights().setLight(0, light);
+        document().commands().clear();
     }
 
     QStringList selected() const
