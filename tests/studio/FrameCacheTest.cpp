@@ -22,7 +22,8 @@ RenderedFramePtr picture(int frame)
                                                               .normals = {},
                                                               .surface = std::move(NM_Surface::create({1, 1}).value()),
                                                               .node = {},
-                                                              .channels = {}});
+                                                              .channels = {},
+                                                              .inputs = {}});
     return made;
 }
 
