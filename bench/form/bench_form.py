@@ -80,7 +80,8 @@ def our_measures(names, kind, folder, maps, program, size, words):
     """The program's measures, by form, (3,) each; its maps go to a folder."""
     out = os.path.join(maps, kind)
     os.makedirs(out, exist_ok=True)
-    command = [program, "normalmap", *(os.path.join(folder, file_name(name, kind)) for name in names), "-o", out, "--size", f"{size}x{size}", *words]
+    command = [program, "normalmap", *(os.path.join(folder, file_name(name, kind)) for name in names), "-o", out, "--size", f"{size}x{size}",
+               "--alpha", "coverage", "--pad", "0", *words]
     done = subprocess.run(command, capture_output=True, text=True)
     if done.returncode != 0:
         sys.exit(f"{' '.join(command)}\nended with {done.returncode}:\n{done.stderr}")
