@@ -12,18 +12,18 @@
 
 #include <gtest/gtest.h>
 
-/// What came of a run.
-struct Outcome
-{
-    int exitCode;
-    std::string output;
-    std::string messages;
-};
-
 /// Runs the program in a folder of its own.
 class Program : public testing::Test
 {
 protected:
+    /// What came of a run.
+    struct Outcome
+    {
+        int exitCode;
+        std::string output;
+        std::string messages;
+    };
+
     void write(const char* name, const QByteArray& content) const
     {
         QFile file(path(name));

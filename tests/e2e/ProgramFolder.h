@@ -10,17 +10,17 @@
 
 #include <gtest/gtest.h>
 
-/// What a run of the program came to.
-struct Outcome
-{
-    int exitCode;
-    QString output;
-    std::string messages;
-};
-
 class ProgramFolder : public testing::Test
 {
 protected:
+    /// What a run of the program came to.
+    struct Outcome
+    {
+        int exitCode;
+        QString output;
+        std::string messages;
+    };
+
     QString path(const char* name) const { return QDir(_folder.path()).filePath(QString::fromUtf8(name)); }
 
     void write(const char* name, const QByteArray& content) const

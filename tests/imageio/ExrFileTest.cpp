@@ -124,7 +124,7 @@ TEST_F(ExrFile, ACutFileIsAnErrorAndNoCrash)
         put(QStringLiteral("cut.exr"), whole.left(length));
         const auto back = IIO_readExr(path(QStringLiteral("cut.exr")));
         ASSERT_FALSE(back.ok()) << length;
-        EXPECT_TRUE(back.error().text.contains(path(QStringLiteral("cut.exr"))));
+        EXPECT_TRUE(back.error().sentence().contains(path(QStringLiteral("cut.exr"))));
     }
 }
 

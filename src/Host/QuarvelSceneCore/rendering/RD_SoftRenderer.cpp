@@ -38,7 +38,11 @@ CA_CelRef toPixels(const CA_CelRef& cel, const RD_RenderParameters& parameters)
 UT_Result<CA_CelRef> RD_SoftRenderer::render(MO_Module& module, double frame, const RD_RenderParameters& parameters,
                                              const Progress& progress)
 {
-    const auto [width, height] = RD_RenderJob(parameters).size();
+    const auto& [frameWidth, frameHeight] = parameters.resolution;
+    const bool frameIsPossible = isPossible(frameWidth) && isPossible(frameHeight);
+    // With its margins the picture may be too large where the frame is not.
+    const auto [width, height] =
+        frameIsPossible ? RD_RenderJob(parameters).size() : Math::Size2di{frameWidth, frameHeight};
     if (!isPossible(width) || !isPossible(height))
         return UT_Error{translated("a picture of %1 x %2 pixels cannot be rendered; each side must have 1 to %3 pixels")
                             .arg(width)
