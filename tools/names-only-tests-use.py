@@ -45,7 +45,7 @@ def introduces(words, at):
 def is_overriding(words, at):
     """Whether a declaration is of a function that a base class calls."""
     end = at
-    while end < len(words) and words[end] not in {";", "{"}:
+    while end < len(words) and words[end] != ";" and not (words[end] == "{" and words[end + 1] != "}"):
         end += 1
     start = at
     while start > 0 and words[start] not in {";", "{", "}"}:

@@ -63,18 +63,6 @@ UT_Result<QColor> parseColour(const QString& option, const QString& text)
     return colour;
 }
 
-UT_Result<bool> parseYesNo(const QString& option, const QString& text)
-{
-    const QString word = text.toLower();
-    if (QStringList{QStringLiteral("yes"), QStringLiteral("true"), QStringLiteral("on"), QStringLiteral("1")}.contains(
-            word))
-        return true;
-    if (QStringList{QStringLiteral("no"), QStringLiteral("false"), QStringLiteral("off"), QStringLiteral("0")}.contains(
-            word))
-        return false;
-    return expected(option, QStringLiteral("yes or no"), text);
-}
-
 UT_Result<int> parseChoice(const QString& option, const QString& text, const QStringList& choices)
 {
     const auto index = choices.indexOf(text.toLower());

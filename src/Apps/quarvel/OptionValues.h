@@ -20,7 +20,5 @@ UT_Result<int> parseWholeNumber(const QString& option, const QString& text, int 
 UT_Result<QSize> parseSize(const QString& option, const QString& text);
 /// "#rrggbb", "#rgb" or a colour's name; opaque.
 UT_Result<QColor> parseColour(const QString& option, const QString& text);
-/// "yes", "no", and what else people write for them.
-UT_Result<bool> parseYesNo(const QString& option, const QString& text);
 /// The index of the word among the choices, in any case.
 UT_Result<int> parseChoice(const QString& option, const QString& text, const QStringList& choices);

@@ -46,15 +46,3 @@ QByteArray frameStateOf(const MO_Scene& scene, double frame, const std::function
     });
     return state;
 }
-
-QByteArray lightStateOf(const MO_Scene& scene, double frame)
-{
-    QByteArray state;
-    StateWriter writer(state, frame);
-    for (AT_DoubleAttr& number : scene.lighting().numbers())
-        number.accept(writer);
-    for (const auto& light : scene.lighting().lights())
-        for (AT_Attr* const attr : light->attrs())
-            attr->accept(writer);
-    return state;
-}

@@ -20,6 +20,3 @@ class MO_Scene;
 /// @param counts says which modules count; all, unless set
 QByteArray frameStateOf(const MO_Scene& scene, double frame,
                         const std::function<bool(const MO_Module& module)>& counts = {});
-
-/// The same of the scene's lights, which change how a frame looks when it is lit and no map of it.
-QByteArray lightStateOf(const MO_Scene& scene, double frame);

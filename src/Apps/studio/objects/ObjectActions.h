@@ -26,7 +26,6 @@ public:
     QAction* hide() const { return _hide; }
     QAction* solo() const { return _solo; }
     QAction* copy() const { return _copy; }
-    QAction* paste() const { return _paste; }
     QAction* reset() const { return _reset; }
 
     /// Lets the actions' keys work in a widget and its children.
