@@ -46,7 +46,7 @@ bool CO_CommandStack::drop()
         return false;
     _commands[_done - 1]->undo();
     --_done;
-    forgetUndone();
+    discardUndone();
     _mayMerge = false;
     tell();
     return true;
