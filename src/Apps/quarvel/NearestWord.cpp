@@ -36,8 +36,6 @@ int distance(const QString& a, const QString& b)
 QString nearestWord(const QString& typed, const QStringList& words)
 {
     QString nearest;
-    if (typed.isEmpty())
-        return nearest;
     int fewest = 0;
     for (const QString& word : words) {
         const int changes = distance(typed, word);

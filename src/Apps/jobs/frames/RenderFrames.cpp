@@ -7,8 +7,6 @@
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelNormalMap/NM_LinearPicture.h"
-#include "QuarvelSceneCore/graph/MO_Scene.h"
-#include "QuarvelSceneCore/interfaces/RD_RenderJob.h"
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 #include "jobs/frames/FrameDigest.h"
 #include "jobs/frames/FrameOnDisk.h"
