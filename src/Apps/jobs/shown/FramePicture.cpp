@@ -34,12 +34,9 @@ Math::Box2di dataWindow(const CEL_PixmapArea& pixmap, const Math::Box2di& window
 UT_Result<IIO_Picture> normals(const CEL_PixmapArea& pixmap, const CEL_PixmapArea* drawing, const Math::Box2di& window,
                                const FramePictureSettings& settings)
 {
-    Math::Box2di data = dataWindow(pixmap, window, settings);
-    if (asLayers(settings)) {
-        if (drawing)
-            data.add(drawing->allocatedRect());
+    const Math::Box2di data = dataWindow(pixmap, window, settings);
+    if (asLayers(settings))
         return NM_layersPicture(pixmap, window, data, settings.form.yAxis, settings.elevation, drawing);
-    }
     return NM_toPicture(
         pixmap, window,
         {.layout = settings.layout, .yAxis = settings.form.yAxis, .samples = samplesOf(settings), .dataWindow = data});
