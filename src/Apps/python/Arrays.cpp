@@ -44,5 +44,5 @@ UT_Result<QImage> imageOf(const pybind11::array_t<std::uint8_t, pybind11::array:
             QStringLiteral("expected 1 to %1 rows and columns, got %2 x %3").arg(kMost).arg(height).arg(width)};
     const QImage view(array.data(), static_cast<int>(width), static_cast<int>(height),
                       static_cast<qsizetype>(width * 4), QImage::Format_RGBA8888);
-    return view.copy();
+    return view.convertToFormat(QImage::Format_ARGB32);
 }

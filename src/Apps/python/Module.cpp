@@ -96,7 +96,7 @@ Maps mapsOfArray(const py::array_t<std::uint8_t, py::array::c_style>& array, con
     const QImage image = orRaise(imageOf(array));
     const py::gil_scoped_release others;
     orRaise(startLibrary());
-    return mapsOf(inObjects(DIO_drawingOfBitmap(image, QStringLiteral("drawing")), form), settings);
+    return mapsOf(chosenDrawing(DIO_bitmapDrawing(image, QStringLiteral("drawing")), form), settings);
 }
 
 Maps mapsOfFile(const std::filesystem::path& path, const std::string& objects, const std::string& shape, double volume,
