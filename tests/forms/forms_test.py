@@ -115,7 +115,7 @@ class Drawings(unittest.TestCase):
                 files += [os.path.join(folder, file_name(name, kind)) for kind in KINDS]
             out = os.path.join(folder, "out")
             os.mkdir(out)
-            subprocess.run([PROGRAM, "normalmap", *files, "-o", out, "--size", f"{size}x{size}", "--objects", "one", "-q"], check=True, capture_output=True)
+            subprocess.run([PROGRAM, "normalmap", *files, "-o", out, "--size", f"{size}x{size}", "--objects", "one", "--alpha", "coverage", "--pad", "0", "-q"], check=True, capture_output=True)
             for name, truth in truths.items():
                 for kind in KINDS:
                     found = read_png(os.path.join(out, f"{name}.{kind}_n.png"))[..., 3] / 65535
