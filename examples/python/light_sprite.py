@@ -15,6 +15,8 @@ import vallorin
 
 
 def main() -> None:
+    if not 3 <= len(sys.argv) <= 5:
+        sys.exit(__doc__)
     source, result = sys.argv[1:3]
     around, above = (np.radians(float(word)) for word in (sys.argv[3:] + ["135", "45"][len(sys.argv) - 3 :])[:2])
     sprite = np.asarray(Image.open(source).convert("RGBA"))
