@@ -64,7 +64,9 @@ TEST(ObjectWords, SayWhatWasExpected)
     EXPECT_THAT(errorOf("head"), HasSubstr("head:bevel=60"));
     EXPECT_THAT(errorOf("0:bevel=1"), HasSubstr("not \"0:bevel=1\""));
     EXPECT_THAT(errorOf("head:colour=red"), AllOf(HasSubstr("bevel="), HasSubstr("\"colour=red\"")));
-    EXPECT_THAT(errorOf("head:bevel=nan"), HasSubstr("bevel takes a number such as 24 or 0.5, not \"nan\""));
+    EXPECT_THAT(errorOf("head:bevel=nan"), HasSubstr("bevel takes a number from 0 to 100000 such as 24, not \"nan\""));
+    EXPECT_THAT(errorOf("head:bevel=-4"), HasSubstr("bevel takes a number from 0 to 100000"));
+    EXPECT_THAT(errorOf("head:smoothness=0"), HasSubstr("smoothness takes a number from 0.01 to 128"));
     EXPECT_THAT(errorOf("head:bevel"), HasSubstr("bevel takes a number"));
     EXPECT_THAT(errorOf("head:level=2"), HasSubstr("from 0 to 1"));
     EXPECT_THAT(errorOf("head:hidden=perhaps"), HasSubstr("yes or no"));

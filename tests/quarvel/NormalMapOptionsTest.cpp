@@ -74,7 +74,8 @@ TEST(NormalMapOptions, SaysWhatASizeLooksLike)
 TEST(NormalMapOptions, SetsAllObjectsByBevel)
 {
     EXPECT_EQ(parsed("a.svg --bevel 24.5").settings.allObjects.bevel, 24.5);
-    EXPECT_EQ(parsed("a.svg --bevel=-1").settings.allObjects.bevel, -1.0);
+    EXPECT_THAT(errorOf("a.svg --bevel=-1"), HasSubstr("from 0 to 100000"));
+    EXPECT_THAT(errorOf("a.svg --bevel 1e9"), HasSubstr("from 0 to 100000"));
 }
 
 TEST(NormalMapOptions, SetsOneObjectsValues)

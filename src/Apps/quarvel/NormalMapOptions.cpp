@@ -8,6 +8,7 @@
 #include "OptionTable.h"
 #include "OptionValues.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
+#include "jobs/drawing/ObjectWords.h"
 
 #include <functional>
 
@@ -45,7 +46,8 @@ Take<NormalMapOptions> flag(Member member, bool value)
 
 Taken takeBevel(NormalMapOptions& options, const QString& option, const QString& value)
 {
-    return keep(parseNumber(option, value), [&](double bevel) { options.settings.allObjects.bevel = bevel; });
+    return keep(parseNumber(option, value, 0.0, kMostBevel),
+                [&](double bevel) { options.settings.allObjects.bevel = bevel; });
 }
 
 Taken takeLevel(NormalMapOptions& options, const QString& option, const QString& value)

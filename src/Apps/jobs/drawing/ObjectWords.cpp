@@ -34,12 +34,6 @@ Take number(std::optional<double> ObjectSettings::*member, double low, double hi
     };
 }
 
-Take anyNumber(std::optional<double> ObjectSettings::*member)
-{
-    constexpr double kMost = std::numeric_limits<double>::max();
-    return number(member, -kMost, kMost);
-}
-
 // The word alone says yes.
 Take truth(std::optional<bool> ObjectSettings::*member)
 {
@@ -54,12 +48,15 @@ Take truth(std::optional<bool> ObjectSettings::*member)
 const std::vector<ObjectWord>& objectWords()
 {
     static const std::vector<ObjectWord> table = [] {
-        const QString any = QStringLiteral("a number such as 24 or 0.5");
+        constexpr double kMost = std::numeric_limits<double>::max();
         const QString yes = QStringLiteral("yes or no");
         return std::vector<ObjectWord>{
-            {QStringLiteral("bevel"), any, anyNumber(&ObjectSettings::bevel)},
-            {QStringLiteral("elevation"), any, anyNumber(&ObjectSettings::elevation)},
-            {QStringLiteral("smoothness"), any, anyNumber(&ObjectSettings::smoothness)},
+            {QStringLiteral("bevel"), QStringLiteral("a number from 0 to %1 such as 24").arg(kMostBevel, 0, 'f', 0),
+             number(&ObjectSettings::bevel, 0.0, kMostBevel)},
+            {QStringLiteral("elevation"), QStringLiteral("a number such as 1 or -0.5"),
+             number(&ObjectSettings::elevation, -kMost, kMost)},
+            {QStringLiteral("smoothness"), QStringLiteral("a number from 0.01 to 128 such as 1.7"),
+             number(&ObjectSettings::smoothness, 0.01, 128.0)},
             {QStringLiteral("level"), QStringLiteral("a number from 0 to 1"), number(&ObjectSettings::level, 0.0, 1.0)},
             {QStringLiteral("coverage"), yes, truth(&ObjectSettings::scaleByCoverage)},
             {QStringLiteral("cutout"), yes, truth(&ObjectSettings::cutOut)},

@@ -6,9 +6,10 @@
 //     2:cutout                        object 2
 //     all:smoothness=3                every object
 //
-//     bevel=B        how far the rounding reaches in from the edge, in units of which the picture is 720 wide
-//     elevation=E    how high it rises
-//     smoothness=S   the shape of the rise
+//     bevel=B        how far the rounding reaches in from the edge, in units of which the picture is 720 wide; 0 to
+//                    kMostBevel
+//     elevation=E    how high it rises; below 0 it sinks
+//     smoothness=S   the shape of the rise, 0.01 to 128
 //     level=L        the object's own level, 0 to 1
 //     coverage       multiplies the levels of its colours by its coverage
 //     cutout         makes no volume: it cuts a hole into what lies below
@@ -19,6 +20,9 @@
 #include "jobs/drawing/NormalMapSettings.h"
 
 #include <QStringList>
+
+/// The widest bevel that a person can mean: it reaches across the picture more than a hundred times.
+inline constexpr double kMostBevel = 100'000.0;
 
 /// Whether a text is a value's name, such as "bevel", in any case.
 bool isObjectWord(const QString& key);
