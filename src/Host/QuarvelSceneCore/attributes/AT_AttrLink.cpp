@@ -61,7 +61,7 @@ bool AT_AttrLink::resolve(const AT_LinkScope& scope)
     return usable;
 }
 
-void AT_AttrLink::release()
+void AT_AttrLink::forgetTarget()
 {
     leaveTarget();
     _target = UT_WeakPtr<AT_SimpleAttr>();

@@ -48,7 +48,7 @@ public:
     /// @return whether the link is resolved now
     bool resolve(const AT_LinkScope& scope);
     /// Drops the target and keeps the path: the opposite of resolve().
-    void release();
+    void forgetTarget();
     /// Updates the path after nodes were renamed or moved. An unresolved link keeps its path.
     void refreshPath(const AT_LinkScope& scope);
 

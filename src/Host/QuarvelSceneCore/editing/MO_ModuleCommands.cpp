@@ -213,7 +213,7 @@ public:
     void undo() override
     {
         for (const auto& link : _found)
-            asLink(link).release();
+            asLink(link).forgetTarget();
         _module.setInstanceName(_before);
     }
 
