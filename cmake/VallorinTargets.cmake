@@ -57,14 +57,18 @@ function(quarvel_install_room name room)
   endforeach()
 endfunction()
 
-# vallorin_add_tests(AREA [WITHOUT_QT] [THREADS] [LIBRARIES dep...])
+# vallorin_add_tests(AREA [WITHOUT_QT] [THREADS] [ROOMS room...] [LIBRARIES dep...])
 #
-# One test program, test_AREA, from the sources in the folder; CTest knows each of its tests by name. WITHOUT_QT: the
-# program does not link Qt. THREADS: the tests use threads of ours; they have the label "threads", and CI runs them
+# One test program, test_AREA, from the sources in the folder and in the ROOMS, folders in it; CTest knows each of its
+# tests by name. WITHOUT_QT: the program does not link Qt. THREADS: the tests use threads of ours; they have the label "threads", and CI runs them
 # under the thread sanitizer.
 function(vallorin_add_tests area)
-  cmake_parse_arguments(arg "WITHOUT_QT;THREADS" "" "LIBRARIES" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
+  cmake_parse_arguments(arg "WITHOUT_QT;THREADS" "" "ROOMS;LIBRARIES" ${ARGN})
+  set(patterns "")
+  foreach(room IN LISTS arg_ROOMS ITEMS .)
+    list(APPEND patterns "${CMAKE_CURRENT_SOURCE_DIR}/${room}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/${room}/*.h")
+  endforeach()
+  file(GLOB sources CONFIGURE_DEPENDS ${patterns})
   add_executable(test_${area} ${sources})
   target_include_directories(test_${area} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   target_link_libraries(test_${area} PRIVATE ${arg_LIBRARIES} vallorin_compiler GTest::gmock GTest::gtest rapidcheck)

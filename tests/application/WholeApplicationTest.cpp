@@ -4,9 +4,9 @@
 // object table edited, the light moved, everything taken back, the scene saved, closed and opened again. After each
 // step three things are compared: the texts of the attributes with what the table's format makes of the numbers, the
 // pixels with a picture that was made without a window, and the saved bytes with those before.
+#include "Apps/studio/window/WindowTesting.h"
 #include "application/Hands.h"
 #include "application/IndependentPicture.h"
-#include "studio/WindowTesting.h"
 
 #include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "studio/docks/graph/NodePanel.h"

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // What the program chose in a drawing can be seen, named and said again.
-#include "ProgramFolder.h"
+#include "Program.h"
 
 #include <QImage>
 
@@ -19,7 +19,7 @@ const char* const kFigure = R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="
 <circle cx="48" cy="50" r="9" fill="#3344cc"/>
 </svg>)";
 
-class ChosenObjectsOfAFigure : public ProgramFolder
+class ChosenObjectsOfAFigure : public Program
 {
 protected:
     void SetUp() override { write("figure.svg", kFigure); }
@@ -29,8 +29,8 @@ TEST_F(ChosenObjectsOfAFigure, GiveTheSameBytesWhenTheirValuesArePastedAsOptions
 {
     const Outcome chosen = quarvel("normalmap figure.svg -o chosen.png");
     ASSERT_EQ(chosen.exitCode, 0) << chosen.messages;
-    const QString options = chosen.output.section(QStringLiteral("chosen: "), 1).section(QLatin1Char('\n'), 0, 0);
-    ASSERT_TRUE(options.startsWith(QStringLiteral("--object 1:bevel="))) << chosen.output.toStdString();
+    const QString options = chosen.text().section(QStringLiteral("chosen: "), 1).section(QLatin1Char('\n'), 0, 0);
+    ASSERT_TRUE(options.startsWith(QStringLiteral("--object 1:bevel="))) << chosen.output;
     EXPECT_EQ(options.count(QStringLiteral("--object")), 3);
     const Outcome pasted = quarvel("normalmap figure.svg -o pasted.png --shape rim " + options);
     ASSERT_EQ(pasted.exitCode, 0) << pasted.messages;
@@ -43,7 +43,7 @@ TEST_F(ChosenObjectsOfAFigure, AreListedWithTheirNumbersNamesAndColours)
 {
     const Outcome outcome = quarvel("inspect figure.svg");
     ASSERT_EQ(outcome.exitCode, 0) << outcome.messages;
-    const QStringList lines = outcome.output.split(QLatin1Char('\n'));
+    const QStringList lines = outcome.text().split(QLatin1Char('\n'));
     ASSERT_GE(lines.size(), 5);
     EXPECT_THAT(lines[2].toStdString(), AllOf(HasSubstr("1 "), HasSubstr("#338833")));
     EXPECT_THAT(lines[3].toStdString(), AllOf(HasSubstr("2 "), HasSubstr("#e0a060")));
@@ -66,7 +66,7 @@ TEST_F(ChosenObjectsOfAFigure, ArePaintedInDifferentColours)
 
 TEST_F(ChosenObjectsOfAFigure, CanBeNamed)
 {
-    const QString listed = quarvel("inspect figure.svg").output.split(QLatin1Char('\n'))[4];
+    const QString listed = quarvel("inspect figure.svg").text().split(QLatin1Char('\n'))[4];
     const QString name = listed.simplified().section(QLatin1Char(' '), 1, 1);
     ASSERT_EQ(quarvel("normalmap figure.svg -o number.png --object 3:bevel=3").exitCode, 0);
     const Outcome named = quarvel("normalmap figure.svg -o name.png --object " + name + ":bevel=3");
@@ -83,7 +83,7 @@ TEST_F(ChosenObjectsOfAFigure, CoverASpriteOfItAsItIs)
 {
     ASSERT_EQ(quarvel("normalmap figure.svg -o still.png --drawing sprite.png").exitCode, 0);
     const Outcome listed = quarvel("inspect sprite.png");
-    EXPECT_EQ(listed.output.count(QStringLiteral("a region of one colour")), 3) << listed.output.toStdString();
+    EXPECT_EQ(listed.text().count(QStringLiteral("a region of one colour")), 3) << listed.output;
     const Outcome outcome = quarvel("normalmap sprite.png --drawing again.png --alpha coverage");
     ASSERT_EQ(outcome.exitCode, 0) << outcome.messages;
     const QImage sprite(path("sprite.png"));
@@ -123,7 +123,7 @@ TEST_F(ChosenObjectsOfAFigure, AreFewInADrawingOfSpecks)
     write("specks.svg", specks(10'000));
     const Outcome chosen = quarvel("normalmap specks.svg -o specks.png --size 100");
     ASSERT_EQ(chosen.exitCode, 0) << chosen.messages;
-    const QString line = chosen.output.section(QStringLiteral("chosen: "), 1).section(QLatin1Char('\n'), 0, 0);
+    const QString line = chosen.text().section(QStringLiteral("chosen: "), 1).section(QLatin1Char('\n'), 0, 0);
     EXPECT_TRUE(line.endsWith(QStringLiteral(" objects; quarvel inspect specks.svg lists them"))) << qPrintable(line);
     EXPECT_LT(line.section(QLatin1Char(' '), 0, 0).toInt(), 250) << qPrintable(line);
 }

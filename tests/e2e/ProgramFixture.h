@@ -22,6 +22,8 @@ protected:
         int exitCode;
         std::string output;
         std::string messages;
+
+        QString text() const { return QString::fromStdString(output); }
     };
 
     void write(const char* name, const QByteArray& content) const
@@ -37,6 +39,12 @@ protected:
     {
         return QDir(_folder.path()).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
     }
+    QByteArray bytes(const char* name) const
+    {
+        QFile file(path(name));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+        return file.readAll();
+    }
 
     Outcome run(const QString& program, const QStringList& words) const
     {
@@ -49,10 +57,10 @@ protected:
                 process.readAllStandardError().toStdString()};
     }
 
-    Outcome quarvel(const char* words) const
-    {
-        return run(QStringLiteral(QUARVEL_PROGRAM), QString::fromUtf8(words).split(QLatin1Char(' ')));
-    }
+    Outcome quarvel(const QStringList& words) const { return run(QStringLiteral(QUARVEL_PROGRAM), words); }
+    /// The words apart by single spaces.
+    Outcome quarvel(const QString& words) const { return quarvel(words.split(QLatin1Char(' '))); }
+    Outcome quarvel(const char* words) const { return quarvel(QString::fromUtf8(words)); }
 
     IIO_Picture read(const char* name) const
     {

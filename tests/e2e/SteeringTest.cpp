@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // What a person says of single objects, wherever it is said: to a run, to a scene, in the drawing, in its folder.
-#include "ProgramFolder.h"
+#include "Program.h"
 
 #include <QImage>
 
@@ -22,7 +22,7 @@ QByteArray figure(const QByteArray& attributes = {}, const QByteArray& words = {
            words + R"(" )" + attributes + R"(><circle cx="48" cy="44" r="34" fill="#e0a060"/></g></svg>)";
 }
 
-class Steering : public ProgramFolder
+class Steering : public Program
 {
 protected:
     void SetUp() override
@@ -58,17 +58,17 @@ TEST_F(Steering, GoesToOneObjectOfASceneAndLeavesTheOthers)
     const std::string before = table();
     const Outcome outcome = quarvel("set plain.scene --object head:bevel=40 --object 2:smoothness=3");
     ASSERT_EQ(outcome.exitCode, 0) << outcome.messages;
-    EXPECT_THAT(outcome.output.toStdString(), HasSubstr("object 2"));
+    EXPECT_THAT(outcome.output, HasSubstr("object 2"));
     const std::string foot = before.substr(0, before.find(';'));
     EXPECT_THAT(table(), AllOf(HasSubstr(foot + ";2:40:"), HasSubstr(":3")));
-    EXPECT_THAT(quarvel("set plain.scene --object head:bevel=40").output.toStdString(), HasSubstr("nothing to change"));
+    EXPECT_THAT(quarvel("set plain.scene --object head:bevel=40").output, HasSubstr("nothing to change"));
 }
 
 TEST_F(Steering, SetsWhatStandsInDefinitionsToo)
 {
     ASSERT_EQ(quarvel("import plain.svg").exitCode, 0);
     ASSERT_EQ(quarvel("set plain.scene --object h*:hidden:level=0.5:coverage").exitCode, 0);
-    const std::string listed = quarvel("inspect plain.scene").output.toStdString();
+    const std::string listed = quarvel("inspect plain.scene").output;
     EXPECT_THAT(listed, HasSubstr("ObjectLevel  0.5"));
     ASSERT_EQ(quarvel("render plain.scene -o hidden.png --resolution 96").exitCode, 0);
     ASSERT_EQ(quarvel("normalmap plain.svg -o alone.png --object head:hidden").exitCode, 0);
@@ -103,9 +103,9 @@ TEST_F(Steering, CallsMultipliersAsTheWindowDoes)
 {
     ASSERT_EQ(quarvel("import plain.svg").exitCode, 0);
     ASSERT_EQ(quarvel("set plain.scene Normal-Map.bevel-multiplier 1.5").exitCode, 0);
-    EXPECT_THAT(quarvel("inspect plain.scene").output.toStdString(), HasSubstr("BlurScale  1.5"));
+    EXPECT_THAT(quarvel("inspect plain.scene").output, HasSubstr("BlurScale  1.5"));
     ASSERT_EQ(quarvel({"set", "plain.scene", "Normal-Map.Bevel Multiplier", "2"}).exitCode, 0);
-    EXPECT_THAT(quarvel("inspect plain.scene").output.toStdString(), HasSubstr("BlurScale  2"));
+    EXPECT_THAT(quarvel("inspect plain.scene").output, HasSubstr("BlurScale  2"));
 }
 
 TEST_F(Steering, CanBeSaidByTheAttributesOfALayer)
@@ -118,7 +118,7 @@ TEST_F(Steering, CanBeSaidBehindTheNameOfALayer)
 {
     write("own.svg", figure({}, " bevel=20 elevation=0.5"));
     expectSaid("own.svg");
-    EXPECT_THAT(quarvel("inspect own.svg").output.toStdString(), HasSubstr("Head "));
+    EXPECT_THAT(quarvel("inspect own.svg").output, HasSubstr("Head "));
 }
 
 TEST_F(Steering, MakesAGroupAnObject)

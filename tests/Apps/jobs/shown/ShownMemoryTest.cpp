@@ -1,0 +1,51 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// How much memory a frame is said to take.
+#include "jobs/shown/ShownMemory.h"
+
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "Apps/jobs/shown/ColumnScene.h"
+
+namespace {
+
+class ShownMemory : public ColumnScene
+{
+protected:
+    double share(const std::vector<int>& frames) const { return coveredShare(ShownModule(node()), frames); }
+};
+
+// Three bars of 28 x 48 and one of that size with a foot 96 wide and 24 high, whose rectangle is 124 x 48.
+constexpr double kAllBars = (3.0 * 28.0 + 124.0) / 128.0;
+
+TEST_F(ShownMemory, AddsUpWhatTheObjectsCover)
+{
+    EXPECT_NEAR(share({1}), kAllBars, 0.01);
+}
+
+TEST_F(ShownMemory, TakesTheFrameThatShowsMost)
+{
+    // The first bar leaves the frame to the left, from frame 1 to frame 3.
+    AT_Curve moves;
+    for (const int frame : {1, 3})
+        moves.setKey({.frame = static_cast<double>(frame),
+                      .value = element(0).positionX()->localValue() - (frame == 1 ? 2000.0 : 0.0),
+                      .in = {},
+                      .out = {},
+                      .unknown = {}});
+    ASSERT_TRUE(element(0).positionX()->setCurve(moves));
+    EXPECT_NEAR(share({1}), kAllBars - 28.0 / 128.0, 0.01);
+    EXPECT_NEAR(share({1, 2, 3}), kAllBars, 0.01);
+}
+
+TEST_F(ShownMemory, GrowsWithPixelsObjectsAndTheirFormat)
+{
+    const RD_RenderParameters wide{RD_RenderParameters::IMAGE_PROCESSING_16BIT, {200, 100}};
+    const RD_RenderParameters fine{RD_RenderParameters::IMAGE_PROCESSING_FLOAT, {200, 100}};
+    // An input and a result for each of ten objects, the output and what the node works on: 22 pixmaps.
+    EXPECT_EQ(shownFrameBytes(wide, {}, 10.0), 20000.0 * (22 * 8 + 4));
+    EXPECT_EQ(shownFrameBytes(fine, {}, 10.0), 20000.0 * (22 * 16 + 4));
+    // Of a single object, light takes most.
+    EXPECT_GT(shownFrameBytes(wide, {.drawing = true}, 1.0), shownFrameBytes(wide, {}, 1.0));
+}
+
+} // namespace

@@ -1,0 +1,394 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Taking hold of objects in the picture: what a click, a rectangle and the handles do, and what the history says of it.
+#include "Apps/studio/objects/ObjectsTesting.h"
+
+#include "studio/objects/ObjectBar.h"
+#include "studio/objects/ObjectHands.h"
+#include "studio/objects/ValueField.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QInputDialog>
+#include <QMenu>
+#include <QToolButton>
+
+namespace {
+
+class ObjectHandsTest : public studio_testing::ObjectsTest
+{
+protected:
+    ObjectBar& bar() const { return *window->findChild<ObjectBar*>(); }
+    void pressOn(ObjectValue value)
+    {
+        ASSERT_FALSE(window->hands().handles().isEmpty());
+        _handle = window->hands().handles().place(value).toPoint();
+        QTest::mousePress(&viewer(), Qt::LeftButton, Qt::NoModifier, _handle);
+    }
+    void pullTo(const QPoint& way)
+    {
+        QTest::mouseMove(&viewer(), _handle + way / 2);
+        QTest::mouseMove(&viewer(), _handle + way);
+    }
+    void letGo(const QPoint& way) { QTest::mouseRelease(&viewer(), Qt::LeftButton, Qt::NoModifier, _handle + way); }
+    void pull(ObjectValue value, const QPoint& way)
+    {
+        pressOn(value);
+        pullTo(way);
+        letGo(way);
+        QCoreApplication::processEvents();
+    }
+    /// How many of the view's units a unit of the scene is.
+    double unit() { return 400.0 / 720.0 * viewer().transform().scale(); }
+    void toggle(const char* name)
+    {
+        auto* const button = bar().findChild<QToolButton*>(QLatin1String(name));
+        ASSERT_NE(button, nullptr) << name;
+        ASSERT_TRUE(button->isVisible());
+        QTest::mouseClick(button, Qt::LeftButton);
+        QCoreApplication::processEvents();
+    }
+    QMenu& menuOfBar()
+    {
+        QMenu* const menu = bar().findChild<QToolButton*>(QStringLiteral("bar-more"))->menu();
+        Q_EMIT menu->aboutToShow();
+        return *menu;
+    }
+    static QAction* entry(const QMenu& menu, const QString& text)
+    {
+        for (QAction* const action : menu.actions()) {
+            if (action->text() == text)
+                return action;
+            if (action->menu())
+                if (QAction* const inside = entry(*action->menu(), text))
+                    return inside;
+        }
+        return nullptr;
+    }
+
+private:
+    QPoint _handle;
+};
+
+TEST_F(ObjectHandsTest, AClickSelectsTheTopmostObjectInEveryViewAndItsModulesWithIt)
+{
+    openParts();
+    for (const PictureKind kind :
+         {PictureKind::DRAWING, PictureKind::ELEVATION, PictureKind::NORMALS, PictureKind::LIT}) {
+        viewer().setKind(kind);
+        click(kOutside);
+        EXPECT_EQ(selected(), QStringList());
+        click(kHead);
+        EXPECT_EQ(selected(), QStringList({"Head"}));
+    }
+    EXPECT_TRUE(document().selection().contains(document().scene().findModule(QStringLiteral("Head-Definition"))));
+    EXPECT_TRUE(document().selection().contains(document().scene().findModule(QStringLiteral("Head"))));
+    click(kBody);
+    EXPECT_EQ(selected(), QStringList({"Body"}));
+}
+
+TEST_F(ObjectHandsTest, AnotherClickAtTheSamePlaceGoesToTheObjectBelowAndAroundAgain)
+{
+    openParts();
+    click(kHead);
+    EXPECT_EQ(selected(), QStringList({"Head"}));
+    click(kHead);
+    EXPECT_EQ(selected(), QStringList({"Body"}));
+    click(kHead);
+    EXPECT_EQ(selected(), QStringList({"Head"}));
+}
+
+TEST_F(ObjectHandsTest, ShiftAddsAndTakesAway)
+{
+    openParts();
+    click(kHead);
+    click(kBody, Qt::ShiftModifier);
+    EXPECT_EQ(selected(), QStringList({"Head", "Body"}));
+    click(kHead, Qt::ShiftModifier);
+    EXPECT_EQ(selected(), QStringList({"Body"}));
+}
+
+TEST_F(ObjectHandsTest, ARectangleSelectsWhatLiesInIt)
+{
+    openParts();
+    dragIn(kOutside, QPointF(399.0, 199.0));
+    EXPECT_EQ(selected(), QStringList({"Body", "Head"}));
+    // The head from (160, 60) to (240, 140); the body reaches beyond.
+    dragIn(QPointF(156.0, 56.0), QPointF(244.0, 144.0));
+    EXPECT_EQ(selected(), QStringList({"Head"}));
+    dragIn(QPointF(2.0, 2.0), QPointF(9.0, 9.0));
+    EXPECT_EQ(selected(), QStringList());
+}
+
+TEST_F(ObjectHandsTest, TheMouseOverAnObjectOutlinesItAndLeavesTheSelectionAlone)
+{
+    openParts();
+    click(kBody);
+    viewer().setKind(PictureKind::DRAWING);
+    const QImage before = viewer().grab().toImage();
+    hover(kHead);
+    ASSERT_NE(window->objects().hovered(), nullptr);
+    EXPECT_EQ(window->objects().hovered()->name, QStringLiteral("Head"));
+    EXPECT_NE(viewer().grab().toImage(), before);
+    EXPECT_EQ(selected(), QStringList({"Body"}));
+    hover(kOutside);
+    EXPECT_EQ(window->objects().hovered(), nullptr);
+}
+
+TEST_F(ObjectHandsTest, WhatIsSelectedInTheGraphIsOutlinedInThePicture)
+{
+    openParts();
+    viewer().setKind(PictureKind::DRAWING);
+    document().setSelection({});
+    const QImage before = viewer().grab().toImage();
+    document().setSelection({document().scene().findModule(QStringLiteral("Head-Definition"))});
+    EXPECT_EQ(selected(), QStringList({"Head"}));
+    EXPECT_NE(viewer().grab().toImage(), before);
+}
+
+TEST_F(ObjectHandsTest, PullingTheBevelInwardsWidensItInOneStepThatSaysSo)
+{
+    openParts();
+    click(kHead);
+    ASSERT_EQ(valuesOf("Head").bevel, 24.0);
+    const int way = static_cast<int>(std::lround(36.0 * unit()));
+    pull(ObjectValue::BEVEL, QPoint(-way, 0));
+    EXPECT_NEAR(valuesOf("Head").bevel, 60.0, 1.0);
+    EXPECT_EQ(document().commands().undoNames(),
+              QStringList({QStringLiteral("Bevel of Head 24 \u2192 %1").arg(valuesOf("Head").bevel)}));
+    EXPECT_EQ(valuesOf("Body").bevel, 24.0);
+    document().undo();
+    EXPECT_EQ(valuesOf("Head").bevel, 24.0);
+}
+
+TEST_F(ObjectHandsTest, PullingUpRaisesAndPullingToTheRightRounds)
+{
+    openParts();
+    click(kHead);
+    pull(ObjectValue::ELEVATION, QPoint(0, -50));
+    EXPECT_EQ(valuesOf("Head").elevation, 1.5);
+    EXPECT_EQ(document().commands().undoName(), QStringLiteral("Elevation of Head 1 \u2192 1.5"));
+    pull(ObjectValue::SMOOTHNESS, QPoint(80, 0));
+    EXPECT_EQ(valuesOf("Head").smoothness, 1.8);
+    EXPECT_EQ(document().commands().undoNames().size(), 2);
+}
+
+TEST_F(ObjectHandsTest, EscapeTakesAPullBackAndLeavesNoTrace)
+{
+    openParts();
+    click(kHead);
+    pressOn(ObjectValue::ELEVATION);
+    pullTo(QPoint(0, -50));
+    EXPECT_EQ(valuesOf("Head").elevation, 1.5);
+    QTest::keyClick(&viewer(), Qt::Key_Escape);
+    EXPECT_EQ(valuesOf("Head").elevation, 1.0);
+    letGo(QPoint(0, -50));
+    EXPECT_EQ(valuesOf("Head").elevation, 1.0);
+    EXPECT_FALSE(document().commands().canUndo());
+    EXPECT_FALSE(document().commands().canRedo());
+    EXPECT_EQ(selected(), QStringList({"Head"}));
+    QTest::keyClick(&viewer(), Qt::Key_Escape);
+    EXPECT_EQ(selected(), QStringList());
+}
+
+TEST_F(ObjectHandsTest, APullBackToWhereItBeganIsNoStep)
+{
+    openParts();
+    click(kHead);
+    pressOn(ObjectValue::ELEVATION);
+    pullTo(QPoint(0, -50));
+    pullTo(QPoint(0, 0));
+    letGo(QPoint(0, 0));
+    EXPECT_FALSE(document().commands().canUndo());
+}
+
+TEST_F(ObjectHandsTest, SeveralObjectsArePulledTogetherEachFromItsOwnValue)
+{
+    openParts();
+    click(kHead);
+    pull(ObjectValue::ELEVATION, QPoint(0, -50));
+    click(kBody, Qt::ShiftModifier);
+    ASSERT_EQ(selected(), QStringList({"Head", "Body"}));
+    pull(ObjectValue::ELEVATION, QPoint(0, -100));
+    EXPECT_EQ(valuesOf("Head").elevation, 2.5);
+    EXPECT_EQ(valuesOf("Body").elevation, 2.0);
+    EXPECT_EQ(document().commands().undoName(), QStringLiteral("Elevation of 2 objects 1 \u2192 2"));
+}
+
+TEST_F(ObjectHandsTest, TheLightMovesByItsHandleAlone)
+{
+    openParts();
+    ASSERT_EQ(viewer().kind(), PictureKind::LIT);
+    const QPointF before = window->lights().lights().front().place;
+    click(kHead);
+    dragIn(kOutside, QPointF(390.0, 190.0));
+    EXPECT_EQ(window->lights().lights().front().place, before);
+}
+
+TEST_F(ObjectHandsTest, ThePictureFollowsAPull)
+{
+    openParts();
+    click(kHead);
+    const auto elevation = [&] { return pixelOf(*window->renderService().current(), QPoint(200, 100))->normal[2]; };
+    const double before = elevation();
+    pull(ObjectValue::BEVEL, QPoint(-200, 0));
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_NE(elevation(), before);
+}
+
+TEST_F(ObjectHandsTest, TheBarShowsTheValuesAndTakesNewOnes)
+{
+    openParts();
+    EXPECT_FALSE(bar().isVisible());
+    click(kHead);
+    ASSERT_TRUE(bar().isVisible());
+    EXPECT_TRUE(viewer().rect().contains(bar().geometry()));
+    ValueField& bevel = bar().field(ObjectValue::BEVEL);
+    EXPECT_EQ(bevel.value(), 24.0);
+    bevel.setFocus();
+    bevel.selectAll();
+    QTest::keyClicks(&bevel, QStringLiteral("60"));
+    QTest::keyClick(&bevel, Qt::Key_Return);
+    EXPECT_EQ(valuesOf("Head").bevel, 60.0);
+    EXPECT_EQ(document().commands().undoName(), QStringLiteral("Bevel of Head 24 \u2192 60"));
+    EXPECT_EQ(document().commands().undoNames().size(), 1);
+}
+
+TEST_F(ObjectHandsTest, TheBarActsOnAllThatIsSelected)
+{
+    openParts();
+    click(kHead);
+    click(kBody, Qt::ShiftModifier);
+    toggle("bar-carve");
+    EXPECT_EQ(valuesOf("Head").elevation, -1.0);
+    EXPECT_EQ(valuesOf("Body").elevation, -1.0);
+    EXPECT_EQ(document().commands().undoName(), QStringLiteral("Carve 2 objects"));
+    toggle("bar-carve");
+    EXPECT_EQ(valuesOf("Head").elevation, 1.0);
+}
+
+TEST_F(ObjectHandsTest, ACutOutIsAnObjectAgainWithItsOldValues)
+{
+    openParts();
+    click(kHead);
+    pull(ObjectValue::ELEVATION, QPoint(0, -50));
+    toggle("bar-cut-out");
+    EXPECT_EQ(definition("Head").objectId(1), 0);
+    EXPECT_EQ(document().commands().undoName(), QStringLiteral("Cut out Head"));
+    EXPECT_EQ(selected(), QStringList({"Head"}));
+    ASSERT_TRUE(waitForPicture());
+    // What lies in the hole can still be taken hold of: the cut-out first.
+    click(kOutside);
+    click(kHead);
+    EXPECT_EQ(selected(), QStringList({"Head"}));
+    toggle("bar-cut-out");
+    EXPECT_GT(definition("Head").objectId(1), 0);
+    EXPECT_EQ(valuesOf("Head").elevation, 1.5);
+}
+
+TEST_F(ObjectHandsTest, WhatIsHiddenIsShownAgainFromTheBarThatHidIt)
+{
+    openParts();
+    click(kHead);
+    toggle("bar-hide");
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_TRUE(object("Head").isHidden);
+    EXPECT_FALSE(object("Body").isHidden);
+    toggle("bar-hide");
+    EXPECT_FALSE(object("Head").isHidden);
+}
+
+TEST_F(ObjectHandsTest, SoloHidesAllOthersAndShowsThemAgain)
+{
+    openParts();
+    click(kHead);
+    toggle("bar-solo");
+    EXPECT_FALSE(object("Head").isHidden);
+    EXPECT_TRUE(object("Body").isHidden);
+    EXPECT_EQ(document().commands().undoName(), QStringLiteral("Show Head alone"));
+    toggle("bar-solo");
+    EXPECT_FALSE(object("Body").isHidden);
+    EXPECT_EQ(document().commands().undoNames().size(), 2);
+}
+
+TEST_F(ObjectHandsTest, ValuesAreCopiedAndPastedByKey)
+{
+    openParts();
+    click(kHead);
+    pull(ObjectValue::ELEVATION, QPoint(0, -50));
+    viewer().setFocus();
+    QTest::keyClick(&viewer(), Qt::Key_C, Qt::ControlModifier);
+    click(kBody);
+    QTest::keyClick(&viewer(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(valuesOf("Body").elevation, 1.5);
+    EXPECT_EQ(document().commands().undoName(), QStringLiteral("Paste Values to Body"));
+    QApplication::clipboard()->setText(QStringLiteral("bevel nan elevation 1 smoothness 1"));
+    QTest::keyClick(&viewer(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(valuesOf("Body").elevation, 1.5);
+}
+
+TEST_F(ObjectHandsTest, PresetsFitTheObjectAndAreOneStep)
+{
+    openParts();
+    click(kHead);
+    QAction* const coin = entry(menuOfBar(), QStringLiteral("Coin"));
+    ASSERT_NE(coin, nullptr);
+    coin->trigger();
+    EXPECT_EQ(valuesOf("Head").elevation, 0.25);
+    EXPECT_EQ(document().commands().undoName(), QStringLiteral("Coin for Head"));
+    // The head is 80 of 400 pixels wide, which are 144 units: four times its half.
+    entry(menuOfBar(), QStringLiteral("Balloon"))->trigger();
+    EXPECT_NEAR(valuesOf("Head").bevel, 4.0 * 72.0, 4.0);
+}
+
+TEST_F(ObjectHandsTest, OwnPresetsAreKeptInTheSettings)
+{
+    openParts();
+    click(kHead);
+    pull(ObjectValue::ELEVATION, QPoint(0, -50));
+    QTimer::singleShot(0, window.get(), [] {
+        auto* const dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        dialog->setTextValue(QStringLiteral("100 % mine"));
+        dialog->accept();
+    });
+    entry(menuOfBar(), QStringLiteral("Save Values as Preset..."))->trigger();
+    renew();
+    openParts();
+    click(kBody);
+    QAction* const own = entry(menuOfBar(), QStringLiteral("100 % mine"));
+    ASSERT_NE(own, nullptr);
+    own->trigger();
+    EXPECT_EQ(valuesOf("Body").elevation, 1.5);
+    EXPECT_EQ(document().commands().undoName(), QStringLiteral("100 % mine for Body"));
+}
+
+TEST_F(ObjectHandsTest, AValueIsResetAlone)
+{
+    openParts();
+    click(kHead);
+    pull(ObjectValue::ELEVATION, QPoint(0, -50));
+    pull(ObjectValue::SMOOTHNESS, QPoint(80, 0));
+    entry(menuOfBar(), QStringLiteral("Elevation"))->trigger();
+    EXPECT_EQ(valuesOf("Head").elevation, 1.0);
+    EXPECT_EQ(valuesOf("Head").smoothness, 1.8);
+    EXPECT_EQ(valuesOf("Head").bevel, 24.0);
+    entry(menuOfBar(), QStringLiteral("Reset Values"))->trigger();
+    EXPECT_EQ(valuesOf("Head").bevel, 5.0);
+}
+
+TEST_F(ObjectHandsTest, LettersThatAreTypedIntoAFieldSwitchNothing)
+{
+    openParts();
+    click(kHead);
+    ValueField& bevel = bar().field(ObjectValue::BEVEL);
+    bevel.setFocus();
+    QTest::keyClicks(&bevel, QStringLiteral("hsxv"));
+    EXPECT_FALSE(object("Head").isHidden);
+    EXPECT_FALSE(document().commands().canUndo());
+    viewer().setFocus();
+    QTest::keyClick(&viewer(), Qt::Key_H);
+    EXPECT_TRUE(object("Head").isHidden);
+}
+
+} // namespace

@@ -1,0 +1,89 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// A window with a drawing of two objects, and ways to take hold of them: a body of 320 x 160 pixels, and in the middle
+// of it a head of 80 x 80, both with a narrow rim.
+#pragma once
+
+#include "Apps/studio/window/WindowTesting.h"
+
+#include "studio/objects/DocumentObjects.h"
+
+#include <cmath>
+
+namespace studio_testing {
+
+inline const char* const kParts = R"(<svg xmlns="http://www.w3.org/2000/svg" width="200" height="100"
+     xmlns:inkscape="http://www.inkscape.org/namespaces/inkscape">
+  <g inkscape:groupmode="layer" inkscape:label="Body"><rect x="20" y="10" width="160" height="80" fill="#3060c0"/></g>
+  <g inkscape:groupmode="layer" inkscape:label="Head"><circle cx="100" cy="50" r="20" fill="#d0a020"/></g>
+</svg>)";
+
+class ObjectsTest : public WindowTest
+{
+protected:
+    static constexpr QPointF kHead{200.5, 100.5};
+    static constexpr QPointF kBody{60.5, 40.5};
+    static constexpr QPointF kOutside{10.5, 10.5};
+
+    /// Opens the drawing, with all values those of a narrow rim.
+    void openParts()
+    {
+        drop({write(QStringLiteral("parts.svg"), kParts)});
+        ASSERT_TRUE(waitForPicture()) << qPrintable(window->messages().text());
+        NormalMapValues values;
+        values.objects = {{1, 24.0, 1.0, 1.0}, {2, 24.0, 1.0, 1.0}};
+        for (const SceneObject& each : window->objects().all()) {
+            ASSERT_TRUE(NormalMapNode(*each.node).set(values).ok());
+            break;
+        }
+        QCoreApplication::processEvents();
+        ASSERT_TRUE(waitForPicture());
+        viewer().fit();
+        // Out of the way of all that is clicked.
+        StudioLight light = window->lights().lights().front();
+        light.place = QPointF(-1.9, -0.9);
+        window->lights().setLight(0, light);
+        document().commands().clear();
+    }
+
+    QStringList selected() const
+    {
+        QStringList names;
+        for (const SceneObject& each : window->objects().selected())
+            names << each.name;
+        return names;
+    }
+    SceneObject object(const char* name) const
+    {
+        for (const SceneObject& each : window->objects().all())
+            if (each.name == QLatin1String(name))
+                return each;
+        ADD_FAILURE() << "no object " << name;
+        return {};
+    }
+    NormalMapObject valuesOf(const char* name) const { return object(name).values; }
+    ObjectDefinition& definition(const char* name) const { return *object(name).definitions.front(); }
+
+    /// Places of the full picture, 400 x 200.
+    QPoint inView(const QPointF& picture) { return viewer().transform().toView(picture).toPoint(); }
+    void click(const QPointF& picture, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::mouseClick(&viewer(), Qt::LeftButton, modifiers, inView(picture));
+        QCoreApplication::processEvents();
+    }
+    void hover(const QPointF& picture)
+    {
+        QTest::mouseMove(&viewer(), inView(picture));
+        QCoreApplication::processEvents();
+    }
+    void dragIn(const QPointF& from, const QPointF& to)
+    {
+        QTest::mousePress(&viewer(), Qt::LeftButton, Qt::NoModifier, inView(from));
+        QTest::mouseMove(&viewer(), inView((from + to) / 2.0));
+        QTest::mouseMove(&viewer(), inView(to));
+        QTest::mouseRelease(&viewer(), Qt::LeftButton, Qt::NoModifier, inView(to));
+        QCoreApplication::processEvents();
+    }
+};
+
+} // namespace studio_testing

@@ -1,0 +1,361 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Opening, saving, leaving, and what happens to files that are broken.
+#include "Apps/studio/window/WindowTesting.h"
+
+#include "QuarvelSceneCore/editing/MO_SceneCommands.h"
+#include "QuarvelSceneIO/SIO_SceneFolder.h"
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QToolButton>
+
+namespace {
+
+class WindowFilesTest : public studio_testing::WindowTest
+{
+protected:
+    static QString xmlOf(const MO_Scene& scene) { return scene.toXml(); }
+
+    void change()
+    {
+        ASSERT_TRUE(document().execute(MO_frameRangeCmd(document().scene(), 1, document().scene().lastFrame() + 5)));
+        QCoreApplication::processEvents();
+    }
+    QAction* actionNamed(const QString& start) const
+    {
+        for (QAction* const action : window->findChildren<QAction*>())
+            if (action->text().remove(QLatin1Char('&')).startsWith(start))
+                return action;
+        return nullptr;
+    }
+    // What a process that was killed leaves: the files without the lock.
+    QString leaveAsAfterACrash()
+    {
+        EXPECT_TRUE(window->autosave().keepNow().ok());
+        const QStringList kept = QDir(recovery.path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+        EXPECT_EQ(kept.size(), 1);
+        const QString from = recovery.filePath(kept.value(0));
+        const QString to = folder.filePath(QStringLiteral("crashed/session"));
+        copyFolder(from, to);
+        QFile::remove(to + QStringLiteral("/lock"));
+        return folder.filePath(QStringLiteral("crashed"));
+    }
+    static void copyFolder(const QString& from, const QString& to)
+    {
+        EXPECT_TRUE(QDir().mkpath(to));
+        for (const QFileInfo& entry :
+             QDir(from).entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot)) {
+            const QString target = to + QLatin1Char('/') + entry.fileName();
+            if (entry.isDir())
+                copyFolder(entry.filePath(), target);
+            else
+                QFile::copy(entry.filePath(), target);
+        }
+    }
+};
+
+TEST_F(WindowFilesTest, ADroppedDrawingIsSeenLitWithinSeconds)
+{
+    QElapsedTimer timer;
+    timer.start();
+    openDisc();
+    EXPECT_LT(timer.elapsed(), 20000);
+    EXPECT_EQ(viewer().kind(), PictureKind::LIT);
+    EXPECT_TRUE(viewer().isVisible());
+    const QImage lit = viewer().shownImage();
+    ASSERT_EQ(lit.size(), QSize(400, 200));
+    EXPECT_EQ(lit.pixelColor(200, 100).alpha(), 255);
+    EXPECT_EQ(lit.pixelColor(2, 2).alpha(), 0);
+    // Red stays red, brighter where it faces the light in the upper left.
+    const QColor towards = lit.pixelColor(200 - 50, 100 - 50);
+    const QColor away = lit.pixelColor(200 + 50, 100 + 50);
+    EXPECT_GT(towards.red(), away.red());
+    EXPECT_GT(towards.red(), 2 * towards.green());
+    EXPECT_EQ(window->messages().text(), QString());
+}
+
+TEST_F(WindowFilesTest, AFolderOfDrawingsIsAsGoodAsTheDrawings)
+{
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("walk")));
+    write(QStringLiteral("walk/walk_1.svg"), studio_testing::kDisc);
+    write(QStringLiteral("walk/walk_3.svg"), studio_testing::kDisc);
+    write(QStringLiteral("walk/notes.txt"), "not a drawing");
+    drop({folder.filePath(QStringLiteral("walk"))});
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(document().scene().firstFrame(), 1);
+    EXPECT_EQ(document().scene().lastFrame(), 3);
+}
+
+TEST_F(WindowFilesTest, OpeningIsGivenUpByItsButton)
+{
+    openDisc();
+    const QString before = xmlOf(document().scene());
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("long")));
+    for (int i = 1; i <= 50; ++i)
+        write(QStringLiteral("long/walk_%1.svg").arg(i), studio_testing::kDisc);
+    answerNext(QMessageBox::Discard);
+    drop({folder.filePath(QStringLiteral("long"))});
+    ASSERT_TRUE(window->files().isBusy());
+    auto* const cancel = window->findChild<QToolButton*>(QStringLiteral("cancelOpening"));
+    ASSERT_NE(cancel, nullptr);
+    cancel->click();
+    EXPECT_FALSE(window->files().isBusy());
+    QTest::qWait(200);
+    EXPECT_EQ(xmlOf(document().scene()), before);
+    EXPECT_TRUE(window->messages().text().isEmpty());
+    // What was given up keeps nobody from opening it again.
+    answerNext(QMessageBox::Discard);
+    drop({folder.filePath(QStringLiteral("long"))});
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(document().scene().lastFrame(), 50);
+}
+
+TEST_F(WindowFilesTest, ADamagedDrawingIsToldAndChangesNothing)
+{
+    openDisc();
+    const QString before = xmlOf(document().scene());
+    drop({write(QStringLiteral("broken.svg"), "<svg><path d='M0 0")});
+    ASSERT_TRUE(waitForFiles());
+    ASSERT_TRUE(waitUntilSaid());
+    EXPECT_TRUE(window->messages().isError());
+    EXPECT_TRUE(window->messages().text().contains(QStringLiteral("broken.svg")))
+        << qPrintable(window->messages().text());
+    EXPECT_EQ(xmlOf(document().scene()), before);
+    EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(WindowFilesTest, ADamagedSceneIsToldAndChangesNothing)
+{
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("bad.scene")));
+    write(QStringLiteral("bad.scene/scene.xml"), "<scene version=\"1\"><graph>");
+    drop({folder.filePath(QStringLiteral("bad.scene"))});
+    ASSERT_TRUE(waitForFiles());
+    ASSERT_TRUE(waitUntilSaid());
+    EXPECT_TRUE(window->messages().isError());
+    EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(WindowFilesTest, WhatIsNoDrawingIsTold)
+{
+    drop({write(QStringLiteral("notes.txt"), "hello")});
+    ASSERT_TRUE(waitForFiles());
+    ASSERT_TRUE(waitUntilSaid());
+    EXPECT_TRUE(window->messages().isError());
+    window->openPaths({folder.filePath(QStringLiteral("missing.svg"))});
+    EXPECT_TRUE(window->messages().text().contains(QStringLiteral("missing.svg")));
+}
+
+TEST_F(WindowFilesTest, SavingAndOpeningAgainGivesTheSameScene)
+{
+    openDisc();
+    EXPECT_TRUE(window->isWindowModified());
+    const QString before = xmlOf(document().scene());
+    const QString saved = folder.filePath(QStringLiteral("disc.scene"));
+    ASSERT_TRUE(window->saveTo(saved)) << qPrintable(window->messages().text());
+    EXPECT_FALSE(window->isWindowModified());
+    EXPECT_TRUE(window->windowTitle().contains(QStringLiteral("disc")));
+    renew();
+    drop({saved});
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(xmlOf(document().scene()), before);
+    EXPECT_FALSE(window->isWindowModified());
+}
+
+TEST_F(WindowFilesTest, AFolderThatCannotBeWrittenIsTold)
+{
+    openDisc();
+    EXPECT_FALSE(window->saveTo(folder.filePath(QStringLiteral("no/such/folder/disc.scene"))));
+    EXPECT_TRUE(window->messages().isError());
+    EXPECT_TRUE(window->isWindowModified());
+}
+
+TEST_F(WindowFilesTest, LeavingAsksAndCancelStays)
+{
+    openDisc();
+    change();
+    answerNext(QMessageBox::Cancel);
+    EXPECT_FALSE(window->close());
+    EXPECT_FALSE(asked.isEmpty());
+    EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(WindowFilesTest, LeavingAsksAndDiscardLeaves)
+{
+    openDisc();
+    change();
+    answerNext(QMessageBox::Discard);
+    EXPECT_TRUE(window->close());
+    EXPECT_FALSE(asked.isEmpty());
+}
+
+TEST_F(WindowFilesTest, WhatNobodyTouchedIsLeftWithoutAsking)
+{
+    openDisc();
+    answerNext(QMessageBox::Cancel);
+    drop({write(QStringLiteral("other.svg"), studio_testing::kDisc)});
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_TRUE(window->windowTitle().contains(QStringLiteral("other")));
+    // A change that was taken back is none.
+    change();
+    document().undo();
+    EXPECT_TRUE(window->close());
+    EXPECT_EQ(asked, QString());
+}
+
+TEST_F(WindowFilesTest, ASceneThatWasRecoveredIsAskedAbout)
+{
+    openDisc();
+    change();
+    const QString left = leaveAsAfterACrash();
+    window.reset();
+    window = std::make_unique<MainWindow>(left);
+    window->show();
+    answerNext(QStringLiteral("Recover"));
+    EXPECT_TRUE(window->offerRecovery());
+    answerNext(QMessageBox::Cancel);
+    EXPECT_FALSE(window->close());
+    EXPECT_FALSE(asked.isEmpty());
+}
+
+TEST_F(WindowFilesTest, AfterOpeningTheNodeThatMattersIsSelected)
+{
+    openDisc();
+    ASSERT_NE(document().currentModule(), nullptr);
+    EXPECT_EQ(document().currentModule()->keyword(), QStringLiteral("Vallorin"));
+}
+
+TEST_F(WindowFilesTest, AFilesNameStaysWhole)
+{
+    drop({write(QStringLiteral("1F98A.svg"), studio_testing::kDisc)});
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_TRUE(window->windowTitle().contains(QStringLiteral("1F98A"))) << qPrintable(window->windowTitle());
+    EXPECT_FALSE(xmlOf(document().scene()).contains(QStringLiteral("1FA")));
+}
+
+TEST_F(WindowFilesTest, LeavingAsksAndSaveSaves)
+{
+    openDisc();
+    const QString saved = folder.filePath(QStringLiteral("disc.scene"));
+    ASSERT_TRUE(window->saveTo(saved));
+    change();
+    const QString after = xmlOf(document().scene());
+    answerNext(QMessageBox::Save);
+    EXPECT_TRUE(window->close());
+    EXPECT_TRUE(asked.contains(QStringLiteral("disc")));
+    renew();
+    drop({saved});
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(xmlOf(document().scene()), after);
+}
+
+TEST_F(WindowFilesTest, LeavingWhatIsSavedAsksNothing)
+{
+    openDisc();
+    ASSERT_TRUE(window->saveTo(folder.filePath(QStringLiteral("disc.scene"))));
+    EXPECT_TRUE(window->close());
+}
+
+TEST_F(WindowFilesTest, UndoAndRedoCarryTheNameOfTheChange)
+{
+    openDisc();
+    change();
+    const QString name = document().commands().undoName();
+    ASSERT_FALSE(name.isEmpty());
+    QAction* const undo = actionNamed(QStringLiteral("Undo"));
+    ASSERT_NE(undo, nullptr);
+    EXPECT_EQ(undo->text().remove(QLatin1Char('&')), QStringLiteral("Undo ") + name);
+    undo->trigger();
+    QCoreApplication::processEvents();
+    QAction* const redo = actionNamed(QStringLiteral("Redo"));
+    ASSERT_NE(redo, nullptr);
+    EXPECT_EQ(redo->text().remove(QLatin1Char('&')), QStringLiteral("Redo ") + name);
+    EXPECT_FALSE(undo->isEnabled());
+}
+
+TEST_F(WindowFilesTest, ASaveAsksWhereAnotherProgramSavedMeanwhile)
+{
+    openDisc();
+    const QString scene = folder.filePath(QStringLiteral("disc.scene"));
+    ASSERT_TRUE(window->saveTo(scene));
+    change();
+    ASSERT_TRUE(window->saveTo(scene)) << "its own save is none of another program";
+    auto others = SIO_loadScene(scene);
+    ASSERT_TRUE(others);
+    MO_frameRangeCmd(*others->scene, 1, 9)->execute();
+    ASSERT_TRUE(SIO_saveScene(*others->scene, scene));
+    const QString theirs = xmlOf(*others->scene);
+
+    answerNext(QMessageBox::Cancel);
+    EXPECT_FALSE(window->saveTo(scene));
+    EXPECT_TRUE(asked.contains(QStringLiteral("Another program saved \"disc\""))) << qPrintable(asked);
+    EXPECT_EQ(xmlOf(*SIO_loadScene(scene)->scene), theirs);
+
+    answerNext(QStringLiteral("Replace"));
+    EXPECT_TRUE(window->saveTo(scene));
+    EXPECT_EQ(xmlOf(*SIO_loadScene(scene)->scene), xmlOf(document().scene()));
+    asked.clear();
+    EXPECT_TRUE(window->saveTo(scene));
+    EXPECT_EQ(asked, QString());
+}
+
+TEST_F(WindowFilesTest, WhatWasOpenedStandsAmongTheRecentFilesAfterANewStart)
+{
+    openDisc();
+    renew();
+    const auto* const list = window->findChild<QAbstractItemView*>(QStringLiteral("recentList"));
+    ASSERT_NE(list, nullptr);
+    ASSERT_EQ(list->model()->rowCount(), 1);
+    EXPECT_TRUE(list->model()->index(0, 0).data().toString().startsWith(QStringLiteral("disc.svg")));
+}
+
+TEST_F(WindowFilesTest, ACrashLosesNothingThatWasKept)
+{
+    openDisc();
+    change();
+    const QString before = xmlOf(document().scene());
+    const QString left = leaveAsAfterACrash();
+    window.reset();
+    window = std::make_unique<MainWindow>(left);
+    window->show();
+    answerNext(QStringLiteral("Recover"));
+    window->offerRecovery();
+    EXPECT_TRUE(asked.contains(QStringLiteral("never saved"))) << qPrintable(asked);
+    EXPECT_EQ(xmlOf(document().scene()), before);
+    EXPECT_TRUE(window->isWindowModified());
+    EXPECT_FALSE(window->messages().text().isEmpty());
+}
+
+TEST_F(WindowFilesTest, WhatACrashLeftCanBeDiscarded)
+{
+    openDisc();
+    const QString left = leaveAsAfterACrash();
+    window.reset();
+    window = std::make_unique<MainWindow>(left);
+    window->show();
+    answerNext(QStringLiteral("Discard"));
+    window->offerRecovery();
+    EXPECT_TRUE(window->autosave().left().isEmpty());
+    EXPECT_TRUE(document().scene().root().modules().empty());
+}
+
+TEST_F(WindowFilesTest, AnOrderlyEndLeavesNothingToRecover)
+{
+    openDisc();
+    ASSERT_TRUE(window->autosave().keepNow().ok());
+    EXPECT_FALSE(QDir(recovery.path()).isEmpty());
+    window.reset();
+    EXPECT_TRUE(QDir(recovery.path()).isEmpty());
+}
+
+TEST_F(WindowFilesTest, WhatAnotherWindowKeepsIsNotOffered)
+{
+    openDisc();
+    ASSERT_TRUE(window->autosave().keepNow().ok());
+    MainWindow other(recovery.path());
+    EXPECT_TRUE(other.autosave().left().isEmpty());
+}
+
+} // namespace
