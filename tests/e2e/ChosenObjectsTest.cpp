@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // What the program chose in a drawing can be seen, named and said again.
-#include "Program.h"
+#include "ProgramFixture.h"
 
 #include <QImage>
 

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // What a person says of single objects, wherever it is said: to a run, to a scene, in the drawing, in its folder.
-#include "Program.h"
+#include "ProgramFixture.h"
 
 #include <QImage>
 
@@ -45,7 +45,7 @@ protected:
     // The object table of the scene "plain.scene".
     std::string table() const
     {
-        const QString listed = quarvel("inspect plain.scene").output;
+        const QString listed = quarvel("inspect plain.scene").text();
         return listed.section(QStringLiteral("ObjectList"), 1).section(u'\n', 0, 0).trimmed().toStdString();
     }
 };

@@ -72,8 +72,10 @@ MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
 
 MainWindow::~MainWindow()
 {
-    // The hands hold on to the viewer, which is a child.
+    // The hands hold on to the viewer, which is a child; and the children show what the members know, even while they
+    // go: a header that loses a section asks its model once more.
     delete std::exchange(_hands, nullptr);
+    qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
 }
 
 void MainWindow::makeCentre()
