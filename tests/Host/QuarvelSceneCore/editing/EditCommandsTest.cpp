@@ -2,7 +2,7 @@
 //
 // Undoable changes of a scene, compared as the text that would be saved: every undo and redo restores the text before
 // or after the change, to the byte.
-#include "TestModules.h"
+#include "Host/QuarvelSceneCore/TestModules.h"
 
 #include "QuarvelCommand/CO_CommandStack.h"
 #include "QuarvelPersistentObj/PO_XmlWriter.h"

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Automatic input ports: there is always one free port at the end.
-#include "TestModules.h"
+#include "Host/QuarvelSceneCore/TestModules.h"
 
 #include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
 #include "QuarvelSceneCore/kinds/MO_GlueModule.h"

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The module factory.
-#include "TestModules.h"
+#include "Host/QuarvelSceneCore/TestModules.h"
 
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 

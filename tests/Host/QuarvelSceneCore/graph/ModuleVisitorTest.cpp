@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Which operation of a visitor a module calls.
-#include "TestModules.h"
+#include "Host/QuarvelSceneCore/TestModules.h"
 
 #include "QuarvelSceneCore/graph/MO_OpaqueModule.h"
 #include "QuarvelSceneCore/kinds/MO_CompositeModule.h"

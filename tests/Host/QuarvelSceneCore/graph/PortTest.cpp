@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Links between ports: making and refusing them, and finding the port that delivers a picture.
-#include "TestModules.h"
+#include "Host/QuarvelSceneCore/TestModules.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // A copy is equal and independent.
-#include "TestModules.h"
+#include "Host/QuarvelSceneCore/TestModules.h"
 
 #include "QuarvelCommand/CO_CommandStack.h"
 #include "QuarvelPersistentObj/PO_XmlWriter.h"

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Scenes as XML: what is written reads back, and unknown content is kept.
-#include "TestModules.h"
+#include "Host/QuarvelSceneCore/TestModules.h"
 
 #include "QuarvelPersistentObj/PO_XmlReading.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"

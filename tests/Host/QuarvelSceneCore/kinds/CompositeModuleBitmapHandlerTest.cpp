@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The base of bitmap handlers: which cels it passes on, in which format, and which cel it finishes with.
-#include "TestModules.h"
+#include "Host/QuarvelSceneCore/TestModules.h"
 
 #include "QuarvelSceneCore/interfaces/MO_CompositeModuleBitmapHandler.h"
 #include "QuarvelSceneCore/interfaces/MO_SoftRenderServices.h"

@@ -2,7 +2,7 @@
 //
 // From elements to pixels. At a resolution of 8 x 4 a pixel is 90 scene units wide, and the scene's origin is the
 // corner between the pixels (3, 1) and (4, 2).
-#include "TestModules.h"
+#include "Host/QuarvelSceneCore/TestModules.h"
 
 #include "QuarvelCelCore/CEL_PixmapFactory.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
