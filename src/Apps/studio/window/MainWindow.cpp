@@ -72,9 +72,13 @@ MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
 
 MainWindow::~MainWindow()
 {
-    // The hands hold on to the viewer, which is a child; and the children show what the members know, even while they
-    // go: a header that loses a section asks its model once more.
+    // A field that loses the focus reports what was typed, and must do so while it is whole.
+    hide();
+    if (QWidget* const focused = focusWidget())
+        focused->clearFocus();
+    // The hands hold on to the viewer, which is a child.
     delete std::exchange(_hands, nullptr);
+    // The children show what the members know until they are gone: a header that loses a section asks its model again.
     qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
 }
 
