@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Every layer is painted small, all its shapes together.
+// Each layer is measured on a small picture of all its shapes together.
 #include "form/ChooseForms.h"
 
 #include "form/raster/OutlineDistance.h"
@@ -10,8 +10,8 @@
 
 namespace {
 
-// Cells along the longer side of the picture. A breadth of a fifth more or less changes little that anybody sees; a
-// hundred cells across an object give it to a per cent.
+// Cells along the longer side of the picture. The breadth of an object that is a hundred cells wide is then right to
+// about one per cent; an error of a fifth would hardly be seen.
 constexpr int kCells = 384;
 
 } // namespace

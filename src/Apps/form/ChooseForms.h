@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The form of every object of a drawing: its extent is measured on a small picture of its layer and goes through the
-// law.
+// Chooses the form of every object of a drawing: measures the object's extent on a small picture of its layer and
+// applies the law (FormLaw.h) to it.
 #pragma once
 
 #include "form/FormLaw.h"
@@ -9,10 +9,10 @@
 #include <span>
 #include <vector>
 
-/// Measures an object.
+/// Measures the breadth and the roundness of an object.
 ///
-/// @param frame what the picture shows, in the shapes' units; its border is no outline
-/// @param shapes the object's, painted together
+/// @param frame the visible rectangle, in the shapes' units; its border does not count as an outline
+/// @param shapes the object's shapes, painted together
 ObjectExtent measureExtent(std::span<const DIO_Shape> shapes, const QRectF& frame);
 
 /// The forms of a drawing's objects, in the order of its layers.

@@ -12,7 +12,7 @@
 
 namespace {
 
-// The layers as they are.
+// Makes every layer of the drawing one object.
 ChosenObjects believed(const DIO_Drawing& drawing)
 {
     ChosenObjects chosen;
@@ -28,7 +28,7 @@ ChosenObjects believed(const DIO_Drawing& drawing)
     return chosen;
 }
 
-// What parts would be if every shape were one.
+// Makes every shape with an area on the grid a part of its own.
 FoundParts everyShape(const std::vector<ShapeFacts>& facts, const Grid& grid)
 {
     FoundParts found{{}, {}, PartMap(grid)};
@@ -44,7 +44,8 @@ FoundParts everyShape(const std::vector<ShapeFacts>& facts, const Grid& grid)
     return found;
 }
 
-// Values are said of layers as they are.
+// Whether the drawing's own layers are the objects: it declares at least two, or one has values, which the file gives
+// to that layer.
 bool hasLayers(const DIO_Drawing& drawing)
 {
     const auto hasValues = [](const DIO_Layer& layer) { return !layer.values.isEmpty(); };

@@ -19,23 +19,24 @@
 enum class ObjectRole
 {
     BODY,    ///< it rises from its outline
-    OPENING, ///< it sinks: a mouth, a socket, a window
+    OPENING, ///< it sinks below its surroundings: a mouth, a socket, a window
     SLAB,    ///< it gets a rim and is flat inside: a tile that fills the picture
     FLAT     ///< it gets no volume: a shadow on the ground, a backdrop
 };
 
-/// What is known of an object besides its shapes.
+/// An object's properties, apart from its shapes.
 struct ChosenObject
 {
     QString name;   ///< for people to read and type; unique in its drawing
     QString reason; ///< why it is an object, in a few words such as "a part over a part"
     ObjectRole role = ObjectRole::BODY;
-    QStringList colours; ///< names of the paints that show most in it, the largest area first; a few
-    double share = 0.0;  ///< how much of the picture shows it, 0 to 1
-    /// What the object's form is measured on, where that is not its layer: of a part that was completed beneath what
-    /// hides it, what the drawing shows of it. Empty for most objects. Paints are indices into the drawing's palette.
+    QStringList colours; ///< names of the few paints with the largest visible areas, the largest first
+    double share = 0.0;  ///< its visible part of the picture, 0 to 1
+    /// The shapes that the object's form is measured on, if these are not its layer's: an object that was completed
+    /// beneath others, or that touches the picture's border, is measured on a part of itself. Empty for most objects.
+    /// Paints are indices into the drawing's palette.
     std::vector<DIO_Shape> measured = {};
-    QStringList values = {}; ///< what the file says of its volume (DIO_Layer::values)
+    QStringList values = {}; ///< the volume values that the file gives it (DIO_Layer::values)
 };
 
 /// A drawing in objects.

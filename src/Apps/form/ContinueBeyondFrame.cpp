@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Each side that cuts a layer gets a rectangle outside of the picture for every stretch of it that the layer covers; a
-// stretch that reaches a corner whose other side cuts the layer too goes on around the corner.
+// Where a side of the picture cuts a layer, every stretch of that side that the layer covers gets a rectangle outside
+// the picture. If the stretch ends in a corner and the corner's other side cuts the layer too, the rectangle includes
+// the area outside the corner.
 #include "form/ContinueBeyondFrame.h"
 
 #include "form/raster/CutSides.h"
@@ -11,14 +12,14 @@
 namespace {
 
 constexpr int kCells = 256;
-constexpr double kBeyond = 0.5;  // of the picture's longer side: further than any bevel reaches
-constexpr double kGoesOn = 0.02; // of it: a path that goes on this far needs no help
-constexpr int kShortest = 3;     // cells of a stretch
+constexpr double kBeyond = 0.5;  // of the picture's longer side: farther than any bevel reaches
+constexpr double kGoesOn = 0.02; // of the longer side: a path that continues this far is left alone
+constexpr int kShortest = 3;     // cells; shorter stretches are left out
 
 struct Stretch
 {
     int from;
-    int to; // past the last cell
+    int to; // after the last cell
 };
 
 template<typename IsCovered>
@@ -115,7 +116,7 @@ void continueBeyondFrame(ChosenObjects& chosen)
             DIO_Shape shape;
             shape.path.addRect(rectangle);
             shape.paint = paint;
-            // Beneath the others: where it meets the border, they keep their edges.
+            // Beneath the layer's other shapes, so that these keep their edges at the border.
             layer.shapes.insert(layer.shapes.begin(), shape);
         }
     }

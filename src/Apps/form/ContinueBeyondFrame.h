@@ -1,12 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Lets objects that end on the picture's border go on beyond it. Artists cut busts and landscapes off there, and a body
-// that ends there would be rounded towards a border that is none of its own. What is added lies outside of the picture,
-// where only the bevel of a picture that is rendered with a margin meets it.
+// Continues objects that end at the picture's border outside it. Artists cut busts and landscapes off at the border;
+// without the continuation, the bevel would round such a body towards an edge that it does not have. The added shapes
+// lie outside the picture, so they only reach the bevel if the picture is rendered with a margin.
 #pragma once
 
 #include "form/ChosenObjects.h"
 
-/// Continues the layers of a drawing beyond the picture's border where it cuts them, by half of its longer side. Layers
-/// that go on by themselves stay as they are, and so do tiles and backdrops.
+/// Continues every layer that the picture's border cuts, by half of the picture's longer side. Layers that continue
+/// outside the picture by themselves stay unchanged, and so do tiles (SLAB) and backdrops (FLAT).
 void continueBeyondFrame(ChosenObjects& chosen);

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The numbers of the law. They were fitted on modelled bodies with known normals (spheres, capsules, tori, figures),
-// rendered under lights from eight sides; 40 per cent off in one of them costs 3 to 9 per cent of the error.
+// rendered under lights from eight sides; changing one of them by 40 per cent raises the error by 3 to 9 per cent.
 #include "form/FormLaw.h"
 
 #include <algorithm>
@@ -20,14 +20,16 @@ struct Profile
     double smoothness;
 };
 
-// A blur that reaches a little beyond the middle, and the square root of it, which makes a circle's profile.
+// A blur that reaches a little farther than the object's middle, and its square root, which has the profile of a
+// circle.
 constexpr Profile kOrdinary{1.1, 1.05, 1.7};
-// What is round all around gets a wider blur, whose profile is nearer to a sphere's.
+// Round objects get a wider blur, whose profile is closer to a sphere's.
 constexpr Profile kRound{3.4, 1.575, 3.2};
 constexpr double kRoundFrom = 0.85;
 constexpr double kRoundTo = 0.93;
 
-// No volume is the smallest elevation that the node still tells from none: with none, it takes the object for empty.
+// The elevation of objects without volume: the smallest that the node tells from 0. The node treats an object of
+// elevation 0 as empty.
 constexpr double kNoElevation = 1e-4;
 
 Profile between(const Profile& a, const Profile& b, double t)
@@ -67,6 +69,7 @@ ObjectForm formFor(const ObjectExtent& extent, ObjectRole role, const FormSettin
     const bool flat = settings.shape == FormShape::OFF || role == ObjectRole::FLAT || form.elevation == 0.0;
     if (flat)
         form.elevation = kNoElevation;
-    // With few digits, so that people can read and type them. A hundredth of a unit is far below a pixel.
+    // Rounded to few digits, so that people can read and type the values. A hundredth of a unit is far less than a
+    // pixel.
     return {rounded(form.bevel, 100.0), rounded(form.elevation, 10000.0), rounded(form.smoothness, 100.0)};
 }

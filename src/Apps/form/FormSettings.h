@@ -1,13 +1,13 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What a person can say about the choice of objects and of their form. Plain values; how they are spelled on a command
-// line is the command's affair.
+// The settings for the choice of objects and of their form. These are plain values; the commands define how they are
+// spelled on the command line.
 #pragma once
 
-/// What of a drawing becomes an object.
+/// Which parts of a drawing become objects.
 enum class ObjectChoice
 {
-    AUTO,   ///< two or more layers that the file declares; in any other drawing what its shapes suggest
+    AUTO,   ///< the file's layers if it declares at least two or gives one values; else the parts found in its shapes
     LAYERS, ///< the layers that the file declares; the whole drawing where it declares none
     GROUPS, ///< the top-level groups
     SHAPES, ///< every painted area
@@ -19,7 +19,7 @@ enum class FormShape
 {
     AUTO,   ///< chosen from the object's own extent
     RIM,    ///< a narrow rim of the same width on every object
-    PILLOW, ///< as AUTO chooses them for round objects
+    PILLOW, ///< the form that AUTO chooses for round objects, on every object
     OFF     ///< no volume
 };
 
@@ -28,7 +28,7 @@ struct FormSettings
 {
     ObjectChoice objects = ObjectChoice::AUTO;
     FormShape shape = FormShape::AUTO;
-    double volume = 1.0; ///< how strong the form is: 0 none, 1 as chosen, up to kMaxVolume
+    double volume = 1.0; ///< factor on the elevation, 0 (flat) to kMaxVolume
 
     static constexpr double kMaxVolume = 2.0;
 

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What ends on the picture's border goes on beyond it.
+// Objects that end at the picture's border continue outside it.
 #include "form/ContinueBeyondFrame.h"
 #include "FormDrawings.h"
 

@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Small drawings for tests, written as the content of an SVG whose picture is 100 x 100, and what they are painted
-// like.
+// Makes small drawings for tests from the content of an SVG of 100 x 100 units, paints them and compares the pictures.
 #pragma once
 
 #include "QuarvelDrawingIO/DIO_SvgReader.h"
@@ -95,8 +94,8 @@ inline int distance(QRgb one, QRgb other)
                      std::abs(qBlue(one) - qBlue(other)), std::abs(qAlpha(one) - qAlpha(other))});
 }
 
-/// The pixels in which two pictures differ, where their neighbours differ too: at edges antialiasing differs where a
-/// shape is painted twice, a pixel wide.
+/// The number of pixels in which two pictures differ and whose neighbours differ too. Single differing pixels do not
+/// count: if a shape is painted twice, the antialiasing of its edges differs by a pixel.
 inline int pixelsThatDiffer(const QImage& one, const QImage& other)
 {
     constexpr int kSeen = 24;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Which values an object's extent gives it.
+// The values that objects get from their extents.
 #include "FormDrawings.h"
 #include "form/ChooseForms.h"
 
@@ -14,7 +14,7 @@ ObjectExtent extentOf(const QByteArray& content)
     return measureExtent(drawing.layers.front().shapes, drawing.viewBox);
 }
 
-// Units of which the picture is 720 wide, in those of the drawings.
+// Scene units, of which the picture is 720 wide, for each unit of the drawings.
 constexpr double kUnit = 7.2;
 
 } // namespace

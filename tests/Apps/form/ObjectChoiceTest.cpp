@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What of a drawing becomes an object: each rule with a small drawing.
+// Which shapes of a drawing become objects: each rule with a small drawing.
 #include "FormDrawings.h"
 
 using namespace form_drawings;
@@ -122,7 +122,7 @@ TEST(ObjectChoice, WindowsSink)
 
 TEST(ObjectChoice, SiblingsAreDecidedTogether)
 {
-    // The second of three lies at the rim, where it would be a pattern by itself.
+    // The second of three shapes lies at the rim; judged alone, it would be a pattern.
     const ChosenObjects found = chosen(rect(10, 10, 80, 80, "#ffcc4d") + circle(30, 30, 8, "#dd2e44") +
                                        circle(50, 18, 8, "#dd2e44") + circle(70, 60, 8, "#dd2e44"));
     EXPECT_EQ(found.objects.size(), 4U);

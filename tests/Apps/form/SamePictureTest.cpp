@@ -13,7 +13,7 @@ using namespace form_drawings;
 
 namespace {
 
-// A speck that nobody sees.
+// So few pixels are an invisible speck.
 constexpr int kOfPixels = 30;
 
 QByteArray randomShape()
@@ -98,6 +98,6 @@ TEST(SamePicture, ofRealDrawings)
         ++all;
         alike += pixelsThatDiffer(painted(*drawing, 200), painted(found.drawing, 200)) <= kOfPixels ? 1 : 0;
     }
-    // What is seen through several objects is the exception.
+    // The exceptions have translucent shapes over several objects.
     EXPECT_GE(alike, all * 98 / 100) << alike << " of " << all;
 }

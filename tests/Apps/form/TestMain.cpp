@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The main of the tests of drawings: texts need an application for their fonts. The SVG library's remarks on damaged
-// drawings are switched off.
+// The main function of the tests of drawings: texts need an application for their fonts. It switches off the SVG
+// library's messages about damaged drawings.
 #include <QGuiApplication>
 #include <QLoggingCategory>
 

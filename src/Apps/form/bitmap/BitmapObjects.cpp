@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The steps in their order, and the result put together.
+// Runs the steps in their order and puts the result together.
 #include "form/bitmap/BitmapObjects.h"
 
 #include "form/bitmap/pictures/FrameContinuation.h"
@@ -12,8 +12,8 @@
 
 namespace {
 
-// A bevel reaches so many of an object's largest radii beyond its outline; what lies farther away than a quarter of the
-// picture hardly shows.
+// How far a bevel reaches outside an outline, in multiples of the object's largest radius. Anything farther away than a
+// quarter of the picture hardly shows.
 constexpr double kBeyond = 2.0;
 
 // Names by colour; the second red object is "red-2".
@@ -31,7 +31,7 @@ private:
     std::map<QString, int> _counts;
 };
 
-// The drawing as it is, where nothing is covered.
+// The result for a bitmap without covered pixels: the unchanged drawing as one object.
 ChosenObjects asItIs(const DIO_Drawing& drawing)
 {
     ChosenObject object;
@@ -40,14 +40,14 @@ ChosenObjects asItIs(const DIO_Drawing& drawing)
     return {drawing, {object}};
 }
 
-// How far an object goes on beyond the border, in pixels.
+// How far an object continues outside the picture's border, in pixels.
 int marginFor(const Region& region, const PixelCells& cells, const QSize& bitmap)
 {
     const double most = std::max(bitmap.width(), bitmap.height()) / 4.0;
     return static_cast<int>(std::lround(std::min(most, kBeyond * region.deepest * cells.size)));
 }
 
-// Puts the result together. An only object keeps the name of the drawing's layer, and its paint.
+// Puts the result together. A single object keeps the name and the paint of the drawing's layer.
 class Assembly
 {
 public:
@@ -118,7 +118,7 @@ std::vector<ObjectLabels> objectLabels(const BitmapRegions& regions, const Regio
     std::vector<ObjectLabels> objects;
     for (std::size_t i = 0; i < stacking.bottomUp.size(); ++i) {
         const int number = stacking.bottomUp[i];
-        // What has no volume has none to go on beneath others.
+        // A flat region has no volume that could continue beneath others.
         const bool goesOn = roles[i].role != ObjectRole::FLAT;
         objects.push_back({number, goesOn ? stacking.beneath[i] : std::vector<int>(), stacking.inside[i],
                            regions.colours[static_cast<std::size_t>(number)].average(), graph.region(number).hull});

@@ -1,25 +1,25 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// BitmapObjects: from a bitmap, a sprite say, to the objects that it shows. The steps, each in its own file:
+// BitmapObjects: finds the objects that a bitmap, such as a sprite, shows. The steps, each in its own file:
 //
-//     QImage ──► OwnPicture         in its drawn pixels, or reduced
-//            ──► BitmapRegions      areas of colour; lines and edges go to the nearest
-//            ──► RegionGraph        what is known of regions and seams
+//     QImage ──► OwnPicture         one cell for each drawn pixel, or a reduced picture
+//            ──► BitmapRegions      areas of colour; lines and edges belong to the nearest area
+//            ──► RegionGraph        measurements of the regions and of the seams between them
 //            ──► RegionMerging      shading and marks join their body
-//            ──► StackingOrder      what lies over what, and goes on beneath it
-//            ──► BitmapRoles        what rises, what sinks, what stays flat
-//            ──► ObjectPictures     a picture an object
-//            ──► FrameContinuation  what the picture's border cuts goes on beyond it
+//            ──► StackingOrder      which region lies over which, and continues beneath it
+//            ──► BitmapRoles        which region rises, sinks or stays flat
+//            ──► ObjectPictures     a picture for each object
+//            ──► FrameContinuation  objects that the picture's border cuts continue outside it
 #pragma once
 
 #include "form/ChosenObjects.h"
 
-/// Whether a drawing is one picture and nothing else, as bitmaps are read.
+/// Whether a drawing consists of one unclipped picture, as the reader of bitmaps makes them.
 bool isBitmap(const DIO_Drawing& drawing);
 
-/// The objects of a bitmap, one at least where anything is covered.
+/// Finds the objects of a bitmap, at least one.
 ///
-/// The same picture moved, mirrored or enlarged by whole numbers has the same objects. Painted one over the other they
-/// are the bitmap, pixel for pixel.
-/// @param drawing one for which isBitmap()
+/// Moving or mirroring the picture, or enlarging it by a whole number, does not change its objects. Painted one over
+/// the other, they show the bitmap, pixel for pixel.
+/// @param drawing a drawing for which isBitmap() is true
 ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The conversion is the usual one of sRGB by way of XYZ.
+// Converts sRGB by way of XYZ, as usual.
 #include "form/choice/Colour.h"
 
 #include <cmath>

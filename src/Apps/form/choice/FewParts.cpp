@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Within a layer shapes are painted in the order of the drawing, so parts that follow each other in the stack show the
-// same as before when they share a layer.
+// Within a layer, shapes are painted in the order of the drawing, so parts that follow each other in the stack show the
+// unchanged drawing after they have been joined in one layer.
 #include "form/choice/FewParts.h"
 
 #include <algorithm>
@@ -13,7 +13,7 @@ std::size_t placeOf(int index)
     return static_cast<std::size_t>(index);
 }
 
-// Cells that show each part.
+// The number of cells that show each part.
 std::vector<int> visibleCells(const FoundParts& found)
 {
     std::vector<int> cells(found.parts.size());
@@ -33,7 +33,7 @@ std::vector<int> partsBySize(const FoundParts& found)
     return bySize;
 }
 
-// The picture's ground and the first of the others stay by themselves.
+// Marks the parts that stay separate: the backdrop and the first `count` of the others.
 std::vector<bool> staying(const FoundParts& found, const std::vector<int>& bySize, std::size_t count)
 {
     std::vector<bool> stays(found.parts.size());
@@ -42,7 +42,7 @@ std::vector<bool> staying(const FoundParts& found, const std::vector<int>& bySiz
     return stays;
 }
 
-// How many whole pictures the boxes around the parts would fill, small ones joined.
+// The area of the boxes around the parts, after small parts are joined, in multiples of the picture's area.
 double picturesFilled(const FoundParts& found, const std::vector<bool>& stays)
 {
     const auto areaOf = [](const QRect& box) { return static_cast<double>(box.width()) * box.height(); };
@@ -60,7 +60,7 @@ double picturesFilled(const FoundParts& found, const std::vector<bool>& stays)
     return (area + areaOf(together)) / areaOf(found.map.bounds());
 }
 
-// Which parts stay by themselves: as many of the large ones as there is room for.
+// Marks the parts that stay separate: as many of the large ones as kMostPictures permits.
 std::vector<bool> largestParts(const FoundParts& found)
 {
     constexpr std::size_t kFewest = 8;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The pen's width is the one that half of the long lines keep below.
+// The pen's width is the median width of the long lines.
 #include "form/choice/Ink.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@ constexpr double kWidest = 0.05;    // of the picture's longer side
 constexpr double kLong = 6.0;       // elongation
 constexpr double kShort = 2.5;      // elongation of the shortest line
 constexpr double kPenVaries = 0.25; // of its width
-constexpr std::size_t kLines = 3;   // so many make a pen
+constexpr std::size_t kLines = 3;   // fewer long lines do not define a pen
 
 bool isDark(const ShapeFacts& shape)
 {

@@ -1,14 +1,14 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Ink: which shapes of a drawing are lines drawn around and upon its parts, rather than parts themselves.
+// Ink: decides which shapes of a drawing are lines drawn around and on its parts, not parts themselves.
 #pragma once
 
 #include "form/choice/ShapeFacts.h"
 
 #include <vector>
 
-/// Knows a drawing's ink: dark lines, thin against the picture and long against their width, and short ones that were
-/// drawn with the same pen.
+/// Recognises a drawing's ink: dark lines that are thin compared with the picture and long compared with their width,
+/// and short lines drawn with the same pen.
 class Ink
 {
 public:
@@ -20,5 +20,5 @@ private:
     bool isLongLine(const ShapeFacts& shape) const;
 
     double _widest;
-    double _pen = 0.0; // the width of the lines, in cells; 0: there are none to speak of
+    double _pen = 0.0; // the width of the lines, in cells; 0 if there are too few
 };

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Only later shapes are siblings of a shape or held by it: earlier ones were decided before, or lie beneath.
+// Only later shapes can be siblings of a shape or lie inside it: earlier shapes are decided already or lie beneath it.
 #include "form/choice/InnerFacts.h"
 
 #include <algorithm>
@@ -11,8 +11,8 @@ namespace {
 
 constexpr double kInside = 0.85; // of an area
 constexpr double kSolid = 0.7;   // opacity
-constexpr double kAlike = 4.0;   // one area over the other
-// A smaller copy is neither tiny nor nearly as large as what it copies.
+constexpr double kAlike = 4.0;   // ratio of two siblings' areas
+// The area of a smaller copy, as a part of the original's: neither tiny nor almost the same.
 constexpr double kSmallestCopy = 0.16;
 constexpr double kLargestCopy = 0.95;
 constexpr double kCopyVaries = 0.06; // of the larger one's side
@@ -20,7 +20,7 @@ constexpr double kCopyVaries = 0.06; // of the larger one's side
 constexpr std::array<std::array<int, 2>, 8> kAround{
     {{-1, 0}, {1, 0}, {0, -1}, {0, 1}, {-1, -1}, {1, -1}, {-1, 1}, {1, 1}}};
 
-// Of a region's proportions, and around the same centre.
+// Whether a shape has the region's proportions and centre.
 bool isConcentric(const ShapeFacts& shape, const CellMask& region, double share)
 {
     if (share < kSmallestCopy || share > kLargestCopy)

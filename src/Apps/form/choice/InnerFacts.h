@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// InnerFacts: measures what the rules for shapes inside of a part ask for.
+// InnerFacts: measures what the rules for shapes inside a part need (InnerRules.h).
 #pragma once
 
 #include "form/choice/InnerRules.h"
@@ -17,12 +17,12 @@ public:
     /// @param facts, grid must outlive this
     InnerFacts(const std::vector<ShapeFacts>& facts, const Grid& grid) : _facts(facts), _grid(grid) {}
 
-    /// What is known of a shape inside a part.
+    /// Measures a shape inside a part.
     ///
-    /// @param around what was found around it, or around a sibling of it
+    /// @param around the surroundings of the shape or of a sibling
     InnerShape of(int shape, const Part& base, const Surroundings& around, int siblings) const;
 
-    /// A shape and the later ones of its paint and about its size inside a part.
+    /// A shape and its siblings: the later shapes inside the part with its paint, its opacity and about its size.
     std::vector<int> siblings(int shape, const Part& base) const;
 
 private:

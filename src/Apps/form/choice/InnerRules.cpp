@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The first rule that holds decides. The bounds were found on drawings with known forms and on sets of emoji.
+// The first rule that applies decides. The limits were fitted on drawings with known forms and on sets of emoji.
 #include "form/choice/InnerRules.h"
 
 #include <algorithm>
@@ -11,23 +11,23 @@ namespace {
 constexpr double kSolid = 0.7;             // below this opacity a shape is a shadow or a shine
 constexpr double kSmallest = 0.0004;       // of the picture
 constexpr double kFollowing = 0.25;        // of the outline
-constexpr double kFollowingOfBodies = 0.4; // of what is compact and of another hue
+constexpr double kFollowingOfBodies = 0.4; // of the outline, for compact shapes of another hue
 constexpr double kOffTheRim = 0.05;        // of the outline
 constexpr double kThin = 0.2;              // of the body's width
 constexpr double kLongLine = 4.0;          // elongation of lines
 constexpr double kRound = 0.8;             // roundness of balls
-constexpr double kRoundShade = 0.7;        // of what stands out in another shade
-constexpr double kEllipse = 0.62;          // of what may be an eye
+constexpr double kRoundShade = 0.7;        // roundness of shapes that stand out in another shade
+constexpr double kEllipse = 0.62;          // roundness of shapes that may be eyes
 constexpr double kHalfOfBase = 0.5;
-constexpr double kShade = 5.0;         // a difference in lightness that is seen as shading
-constexpr double kAnotherShade = 33.0; // a difference in lightness beyond that of light and shade on one thing
+constexpr double kShade = 5.0;         // difference in lightness that is visible as shading
+constexpr double kAnotherShade = 33.0; // difference in lightness too large for shading on one body
 constexpr double kDark = 42.0;         // the lightness of holes
 constexpr double kInkDark = 15.0;      // the lightness of black ink
-constexpr double kMuchDarker = 22.0;   // than what is around
-constexpr double kBead = 0.034;        // of the body: larger dark shapes are holes
-constexpr double kPupil = 0.15;        // of a round body: an eye holds no larger hole
-constexpr double kLargestDial = 0.8;   // of the body
-constexpr double kBright = 85.0;       // lightness of shines
+constexpr double kMuchDarker = 22.0;   // than the shape's ground
+constexpr double kBead = 0.034;        // of the body's area: larger dark shapes are holes
+constexpr double kPupil = 0.15;        // of a round body's area: larger dark shapes are pupils
+constexpr double kLargestDial = 0.8;   // of the body's area
+constexpr double kBright = 85.0;       // lightness of highlights
 constexpr double kFullBox = 0.9;       // a rectangle's share of its box
 
 Verdict mark(const char* reason)
@@ -64,7 +64,7 @@ bool isRectangle(const ShapeFacts& shape)
 
 Verdict judgeConcentric(const InnerShape& inner)
 {
-    // Many drawings have their outlines as a black shape beneath the coloured one.
+    // Many drawings draw outlines as a black shape beneath the coloured one.
     if (inner.ground.colour.lightness < kInkDark)
         return mark("the colour inside its outline");
     const bool dial = inner.shape.colour.lightness > inner.ground.colour.lightness + kShade &&

@@ -1,24 +1,25 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// InnerRules: what becomes of a shape that lies inside a part: an eye, a mouth, a stripe, a shadow, a window.
+// InnerRules: decides whether a shape inside a part (an eye, a mouth, a stripe, a shadow, a window) is an object or a
+// mark.
 #pragma once
 
 #include "form/choice/Part.h"
 
-/// What is known of such a shape.
+/// The measurements of a shape inside a part.
 struct InnerShape
 {
     const ShapeFacts& shape;
     const ShapeFacts& body;   ///< the largest piece of the part's body
     const ShapeFacts& ground; ///< the shape that it is painted on, in the part
-    double share = 0.0;       ///< its area over that of the part's body
+    double share = 0.0;       ///< its area, divided by the area of the part's body
     double follows = 0.0;     ///< the share of its outline that runs along the part's
-    double outlined = 0.0;    ///< the share of its outline beyond which another colour shows
-    bool concentric = false;  ///< it is a smaller copy of the part's outline about the same centre
-    double held = 0.0;        ///< the area of later shapes that lie inside it, over its own
-    int siblings = 0;         ///< other shapes of its colour, and not of a quite different size, inside the same part
+    double outlined = 0.0;    ///< the share of its outline that has nothing or another paint just outside it
+    bool concentric = false;  ///< it is a smaller copy of the part's outline around the same centre
+    double held = 0.0;        ///< the area of the later shapes inside it, divided by its own
+    int siblings = 0;         ///< the number of other shapes of its paint and about its size inside the same part
     double gridArea = 0.0;    ///< of the picture, in cells
 };
 
-/// Decides about one.
+/// Decides whether the shape is an object or a mark.
 Verdict judgeInner(const InnerShape& inner);

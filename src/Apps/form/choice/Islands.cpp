@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The areas are told apart on the grid; a loop of the path goes to the area that most of its points lie at, so a hole
-// stays in its area. Loops that lie in each other stay together.
+// The areas are found on the grid. Each loop of the path goes to the area that most of its points lie next to, so a
+// hole stays in its area. Loops that lie inside each other stay together.
 #include "form/choice/Islands.h"
 
 #include "form/raster/CellMask.h"
@@ -36,7 +36,7 @@ std::vector<QPainterPath> loopsOf(const QPainterPath& path)
     return loops;
 }
 
-// The number of the connected area that every cell belongs to.
+// The connected areas of a mask, numbered.
 class Areas
 {
 public:
@@ -51,7 +51,7 @@ public:
 
     int count() const { return _count; }
 
-    /// The area that most of a loop's points lie at.
+    /// The area that most of a loop's points lie next to.
     int of(const QPainterPath& loop, const QTransform& toCells) const
     {
         std::map<int, int> votes;
@@ -98,7 +98,7 @@ private:
     int _count = 0;
 };
 
-// Whether one loop lies inside or across the other, as far as its points tell.
+// Whether the first point of one loop lies inside the other loop.
 bool belongTogether(const QPainterPath& one, const QPainterPath& other)
 {
     if (!one.boundingRect().intersects(other.boundingRect()))
@@ -111,8 +111,8 @@ bool belongTogether(const QPainterPath& one, const QPainterPath& other)
     return holdsPointOf(one, other) || holdsPointOf(other, one);
 }
 
-// The island of every loop: loops of one area, and those that lie in each other. A line thinner than a cell may be
-// several areas on the grid; its outer and inner loop are one island all the same.
+// The island of every loop. Loops of one area form an island, and so do loops that lie inside each other: a line
+// thinner than a cell may be several areas on the grid, but its outer and inner loop must stay one island.
 std::vector<std::size_t> islandsOf(const std::vector<QPainterPath>& loops, const Areas& areas, const Grid& grid)
 {
     std::vector<std::size_t> islands(loops.size());

@@ -5,19 +5,20 @@
 
 namespace {
 
-constexpr double kInked = 0.5;   // of the seam
-constexpr double kNotched = 0.7; // a seam shorter than this much of the narrower piece's width has notches at its ends
-constexpr double kLongSeam = 0.32; // of the smaller outline
+constexpr double kInked = 0.5; // share of the contact
+constexpr double kNotched =
+    0.7; // a contact shorter than this part of the narrower piece's width has notches at its ends
+constexpr double kLongSeam = 0.32; // of the shorter outline
 constexpr double kLine = 6.0;      // elongation
 constexpr double kHalfCovered = 0.3;
-constexpr double kAbutting = 0.12; // of the smaller area may lie over the other
+constexpr double kAbutting = 0.12; // of the smaller area; a larger overlap is not abutting
 
 bool isAbutting(const ShapeFacts& shape, const ShapeFacts& piece, const Meeting& meeting)
 {
     return meeting.overlap < kAbutting * std::min(shape.area, piece.area);
 }
 
-// A line of a fill's own paint along its border, as programs add to close gaps.
+// A line along the border of a fill in the fill's own paint: drawing programs add such lines to close gaps.
 bool isOwnStroke(const ShapeFacts& shape, const ShapeFacts& piece, const Meeting& meeting)
 {
     return shape.plain && shape.paint == piece.paint && shape.elongation() > kLine &&

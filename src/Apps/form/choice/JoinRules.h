@@ -1,13 +1,13 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// JoinRules: whether a shape that lies over or beside a part is another piece of it or a part of its own.
+// JoinRules: decides whether a shape that lies over or beside a part is another piece of it or a part of its own.
 #pragma once
 
 #include "form/choice/Part.h"
 #include "form/choice/PartMap.h"
 
-/// Why a shape is a piece of a part's body; an empty text when it is not.
+/// The reason why a shape is a piece of a part's body; empty if it is not.
 ///
 /// @param piece the piece of the body that the shape is compared with
-/// @param meeting of the shape with the whole part
+/// @param meeting the shape's overlap and contact with the whole part
 QString joins(const ShapeFacts& shape, const ShapeFacts& piece, const Meeting& meeting);

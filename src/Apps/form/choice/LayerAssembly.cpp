@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The outline of a body of several pieces, grown by a reach, needs no uniting of paths: a copy of the worn shape for
-// each piece, clipped to the piece, and one for the stroke along its outline show the same.
+// Clipping a worn shape to a body of several pieces, grown by the reach, does not need the union of their paths: one
+// copy of the shape for each piece, clipped to the piece, and one clipped to the stroke along its outline show the
+// same.
 #include "form/choice/LayerAssembly.h"
 
 #include <QPainterPathStroker>
@@ -11,7 +12,7 @@
 
 namespace {
 
-// Twice the area inside a path's loops; its sign says which way they turn.
+// Twice the signed area of a path's loops; the sign tells the direction in which they turn.
 double turning(const QPainterPath& path)
 {
     double area = 0.0;
@@ -70,7 +71,7 @@ private:
                     ++_visible[part][_facts[static_cast<std::size_t>(_found.map.shapeAt(x, y))].paint];
     }
 
-    // Body and worn shapes in the order of painting.
+    // The part's body and worn shapes in the order of painting.
     std::vector<DIO_Shape> shapesOf(const Part& part) const
     {
         std::multimap<int, DIO_Shape> ordered;
@@ -106,13 +107,14 @@ private:
             else
                 addGrown(copies, original, outline, _facts[static_cast<std::size_t>(piece)].mask, reach);
         }
-        // A second copy of what one sees through would show.
+        // A translucent shape is painted once: a second copy would be visible.
         if (!together.isEmpty())
             copies.push_back(held(original, together));
         return copies;
     }
 
-    // Uniting paths costs by the square of their elements; without it, what turns the other way may go missing.
+    // Uniting paths takes time quadratic in their elements, so large ones are only added, although loops that turn the
+    // other way may then be lost.
     static void addTo(QPainterPath& together, const QPainterPath& outline, double reach)
     {
         const QPainterPath stroke = strokeAlong(outline, reach);
@@ -124,8 +126,9 @@ private:
         }
     }
 
-    // A single loop and the stroke along it are one area when both turn the same way. A loop that crosses itself turns
-    // both ways, and one of them takes from the stroke; that shows on the grid.
+    // A single loop and the stroke along it make one area if both turn the same way. A loop that crosses itself turns
+    // both ways, and the part that turns against the stroke cuts a hole into it; comparing cells on the grid detects
+    // this.
     void addGrown(std::vector<DIO_Shape>& copies, const DIO_Shape& original, const QPainterPath& outline,
                   const CellMask& covered, double reach) const
     {
@@ -157,7 +160,7 @@ private:
         return copy;
     }
 
-    // A fill closes its loops by itself, a stroke does not.
+    // Closes the loops of a path: filling closes them anyway, stroking does not.
     static QPainterPath closed(const QPainterPath& path)
     {
         QPainterPath loops;
@@ -220,7 +223,7 @@ private:
     const FoundParts& _found;
     const Grid& _grid;
     std::vector<const DIO_Shape*> _shapes;
-    std::map<int, std::map<int, int>> _visible; // cells by part and paint
+    std::map<int, std::map<int, int>> _visible; // the number of cells, by part and paint
     std::map<QString, int> _names;
 };
 

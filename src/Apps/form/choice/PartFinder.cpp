@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Three questions in turn: is it ink (Ink), does it lie inside a part (InnerRules), does it go on with one (JoinRules)?
+// Asks of each shape in turn: is it ink (Ink), does it lie inside a part (InnerRules), does it continue one
+// (JoinRules)?
 #include "form/choice/PartFinder.h"
 
 #include "form/choice/Ink.h"
@@ -66,7 +67,8 @@ private:
         return judgeBeside(around);
     }
 
-    // In a part that has a form; a shape on a shadow lies on nothing.
+    // Whether the shape lies inside a part. An opaque shape on a translucent part, such as a shadow, does not count as
+    // inside.
     bool liesInside(const Surroundings& around) const
     {
         if (around.base == Surroundings::kNone || around.with(around.base).overlap < kInside * facts().area)
@@ -74,7 +76,7 @@ private:
         return facts().opacity < kSolid || !_stack.part(around.base).translucent;
     }
 
-    // But for its corners, maybe.
+    // Whether the shape fills the picture, possibly except for the corners.
     bool fillsPicture() const
     {
         return facts().area > kBackdrop * _grid.width * _grid.height && cutSides(facts().mask, _grid.bounds()).all();
@@ -88,7 +90,7 @@ private:
                mask.at(all.right(), all.bottom());
     }
 
-    // Siblings are decided together: one eye is no object when the other is a mark.
+    // Siblings are decided together, so that one eye does not become an object and the other a mark.
     Verdict judgeInside(const Surroundings& around)
     {
         const Part& base = _stack.part(around.base);

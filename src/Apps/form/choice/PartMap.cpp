@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Contact is looked for two cells outside of an outline, so that areas meet that abut with antialiased edges.
+// Contact is looked for up to two cells outside an outline, so that areas meet whose antialiased edges abut.
 #include "form/choice/PartMap.h"
 
 #include <array>

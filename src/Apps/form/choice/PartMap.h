@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// PartMap: which part, and which shape of it, every cell of the grid shows while a drawing is painted shape by shape;
-// and what a shape finds around itself there.
+// PartMap: which part, and which shape of it, every cell of the grid shows while a drawing is painted shape by shape.
+// It measures the surroundings of the next shape.
 #pragma once
 
 #include "form/choice/ShapeFacts.h"
@@ -9,24 +9,24 @@
 #include <map>
 #include <vector>
 
-/// What a shape meets of one part.
+/// How a shape meets a part.
 struct Meeting
 {
     int overlap = 0; ///< cells of the shape that show the part
-    int contact = 0; ///< cells at the shape's outline with the part just outside of it
-    int inked = 0;   ///< those of them that have ink on or beside them
+    int contact = 0; ///< cells at the shape's outline that have the part just outside it
+    int inked = 0;   ///< cells of the contact that have ink on or beside them
 };
 
-/// What a shape finds when it is about to be painted.
+/// The surroundings of a shape that is about to be painted.
 struct Surroundings
 {
     static constexpr int kNone = -1;
 
     std::map<int, Meeting> parts; ///< by part
-    int bare = 0;                 ///< cells of the shape that show nothing yet
-    int base = kNone;             ///< the part of which it covers most
-    int ground = kNone;           ///< the shape that most of its cells in the base show
-    /// The share of its outline beyond which another shape than its ground or one of another paint shows.
+    int bare = 0;                 ///< cells of the shape that show no part yet
+    int base = kNone;             ///< the part that it covers most of
+    int ground = kNone;           ///< the shape that most of these cells show
+    /// The share of its outline that has nothing or a shape of another paint just outside it.
     double outlined = 0.0;
 
     Meeting with(int part) const
@@ -51,7 +51,7 @@ public:
     void paint(const CellMask& mask, int shape, int part);
     void setCell(int x, int y, int shape, int part);
 
-    /// Cells that ink covers, whenever it is painted.
+    /// Marks cells that ink covers, even if it is painted later.
     void addInk(const CellMask& mask);
 
     Surroundings around(const ShapeFacts& facts, const std::vector<ShapeFacts>& all) const;

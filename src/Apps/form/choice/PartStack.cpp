@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A part's outline is that of its body; what it wears within a reach of it belongs to it as well.
+// A part's outline is that of its body; worn ink within its reach outside the outline belongs to the part as well.
 #include "form/choice/PartStack.h"
 
 #include "form/raster/CellDistances.h"
@@ -10,12 +10,13 @@
 
 namespace {
 
-constexpr double kAlone = 0.6;      // of a shape's area beyond all parts: it is an object of its own
-constexpr double kLeftOver = 0.004; // of it: less is left to one of the parts
-constexpr double kSeamCells = 0.6;  // that may overlap, for each cell of a seam
+constexpr double kAlone = 0.6;      // of a shape's area: if more lies outside all parts, it is an object of its own
+constexpr double kLeftOver = 0.004; // of a shape's area: if less lies outside all parts, one of them gets it
+constexpr double kSeamCells = 0.6;  // overlapping cells permitted for each cell of contact
 constexpr double kSolid = 0.7;      // opacity
-constexpr double kWhole = 0.995;    // of a shape's area inside a part: no clip is needed
-// So far beyond an outline that is clipped along, in cells, a mark goes on: what is antialiased there shows it too.
+constexpr double kWhole = 0.995;    // of a shape's area: if this much lies inside a part, no clip is needed
+// How far a clipped mark continues outside the outline, in cells, so that the antialiased pixels of the outline show
+// it.
 constexpr double kOverlap = 0.5;
 
 } // namespace
@@ -56,7 +57,7 @@ void PartStack::extend(int index, int shape)
 
 bool PartStack::mayExtend(int index, const Surroundings& around) const
 {
-    // Where two areas abut, the cells along their seam may go to either.
+    // Where two areas abut, the cells along the seam may show either of them.
     const auto isHiddenBy = [&](int above) {
         const Meeting meeting = around.with(above);
         return meeting.overlap > std::max(4.0, kSeamCells * meeting.contact);
@@ -77,7 +78,7 @@ const PartStack::Distances& PartStack::distancesTo(int index)
     return distances;
 }
 
-// The part that every cell of a shape goes to: the one that it shows, or the nearest within reach.
+// Assigns every cell of a shape to a part: the part that the cell shows, or else the nearest within reach.
 std::vector<PartStack::Claim> PartStack::claimCells(int shape, double reach)
 {
     const CellMask& mask = facts(shape).mask;
@@ -113,7 +114,7 @@ std::vector<PartStack::Claim> PartStack::claimCells(int shape, double reach)
     return claims;
 }
 
-// What one sees through is painted once: not in two parts of which one is seen through the other.
+// A translucent shape must be painted once: not in two parts of which one is visible through the other.
 bool PartStack::wouldShowTwice(int shape, const std::map<int, int>& cells, int unclaimed) const
 {
     const auto isTranslucent = [&](const auto& entry) { return part(entry.first).translucent; };
@@ -155,7 +156,7 @@ void PartStack::wear(int shape, const Surroundings& around, const Verdict& verdi
             _map.setCell(claim.x, claim.y, shape, home);
 }
 
-// A mark that goes beyond its part makes the part larger.
+// Adds a mark that reaches outside its part to the part's body.
 void PartStack::growBy(int shape, int home)
 {
     Part& wearer = changing(home);

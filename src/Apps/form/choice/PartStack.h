@@ -1,12 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// PartStack: the parts that were found so far, bottom up, and what the drawing shows of them. It knows how shapes are
-// added so that the parts, painted one over the other, show the drawing:
+// PartStack: the parts found so far, bottom up, and the cells that show them. It adds shapes so that the parts, painted
+// one over the other, show the drawing:
 //
-//     a new part          lies above all others
-//     a piece of a part   is allowed where no part above hides it
-//     a mark              goes to every part that it is seen on, within that part's outline; ink also to parts beside
-//     it what is left over   of a mark beyond all parts becomes a part beneath them, or all of the mark one above them
+//     a new part           lies above all others
+//     a piece of a part    is permitted if no part above hides it
+//     a mark               goes to every part that it is visible on, inside the outline; ink also to parts beside it
+//     the rest of a mark   outside all parts becomes a part beneath them, or the whole mark a part above them
 #pragma once
 
 #include "form/choice/Part.h"
@@ -30,15 +30,16 @@ public:
 
     /// Makes a shape a part above all others.
     void add(int shape, const Verdict& verdict);
-    /// Makes a shape a part that others do not notice: what is painted on it lies on nothing.
+    /// Makes a shape a backdrop: a part that does not show on the map, so that later shapes on it count as lying on
+    /// nothing.
     void addBackdrop(int shape, const Verdict& verdict);
     /// Adds a piece to a part's body.
     void extend(int index, int shape);
-    /// Whether no part above one hides a piece of it that is painted now.
+    /// Whether a shape can be added to a part's body: no part above it may hide the shape.
     ///
-    /// @param around what was found around the piece
+    /// @param around the shape's surroundings
     bool mayExtend(int index, const Surroundings& around) const;
-    /// Gives a shape to the parts that it is seen on.
+    /// Gives a shape to the parts that it is visible on.
     ///
     /// @param verdict a mark or ink
     void wear(int shape, const Surroundings& around, const Verdict& verdict);
@@ -55,7 +56,7 @@ private:
     {
         QRect box;
         std::vector<double> squares;
-        std::size_t pieces = 0; // of the body, when it was measured
+        std::size_t pieces = 0; // pieces of the body when it was measured
     };
 
     const ShapeFacts& facts(int shape) const { return _facts[static_cast<std::size_t>(shape)]; }

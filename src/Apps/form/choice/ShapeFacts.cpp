@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Measuring the distances costs by the cells of an area's bounding box; their sum bounds the time.
+// Measuring distances takes time proportional to the cells of an area's bounding box, so the sum of the boxes limits
+// the grid's resolution.
 #include "form/choice/ShapeFacts.h"
 
 #include "form/raster/OutlineDistance.h"
@@ -12,7 +13,7 @@ namespace {
 
 constexpr int kFinest = 320;
 constexpr int kCoarsest = 128;
-// What is looked at in about a third of a second.
+// Measured in about a third of a second.
 constexpr double kCellsInAll = 8e6;
 
 ShapeFacts factsOf(const DIO_Shape& shape, const DIO_Paint& paint, const Grid& grid)
@@ -47,7 +48,7 @@ std::vector<const DIO_Shape*> shapesInOrder(const DIO_Drawing& drawing)
 Grid gridFor(const DIO_Drawing& drawing)
 {
     const double side = std::max(drawing.viewBox.width(), drawing.viewBox.height());
-    double boxes = 0.0; // in squares over the longer side
+    double boxes = 0.0; // in units of the square of the longer side
     for (const DIO_Shape* shape : shapesInOrder(drawing)) {
         const QRectF box = shape->path.boundingRect() & drawing.viewBox;
         boxes += box.width() * box.height() / (side * side);

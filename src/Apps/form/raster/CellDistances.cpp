@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Squared distances are whole numbers, so they are exact in double precision, whatever the order of the steps.
+// Squared distances are integers, so they are exact in double precision in any order of the steps.
 #include "form/raster/CellDistances.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The painter covers cells with 256 levels; half of the highest one decides.
+// Qt's painter computes the coverage of cells in 256 levels; a cell counts as covered from the middle level.
 #include "form/raster/CellMask.h"
 
 #include <QImage>
@@ -20,12 +20,13 @@ QRect boundsInCells(const DIO_Shape& shape, const Grid& grid)
         bounds &= shape.clip->boundingRect();
     if (bounds.isNull())
         return {};
-    // Far outside of the grid a number of cells need not fit into an integer.
+    // A number of cells far outside the grid may not fit into an int.
     const QRectF reach = QRectF(grid.bounds()).adjusted(-1.0, -1.0, 1.0, 1.0);
     return (grid.toCells().mapRect(bounds) & reach).toAlignedRect() & grid.bounds();
 }
 
-// Painted from a copy whose memory serves all: a path keeps the painter's form of it, some three kilobytes.
+// Paints a copy of the path that is reused for all shapes: the painter caches about three kilobytes in every path that
+// it paints.
 void paint(QPainter& painter, const DIO_Shape& shape, QPainterPath& copy)
 {
     painter.setClipping(false);

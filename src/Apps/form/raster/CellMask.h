@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// CellMask: which cells of a grid an area covers, held for its bounding box only, so that hundreds of small areas cost
-// little. A cell is covered when half of it is; of an area thinner than that, when half of the most covered cell is.
+// CellMask: the cells of a grid that an area covers, stored for its bounding box only, so that hundreds of small areas
+// take little memory. A cell counts as covered if half of it is; for an area thinner than that, if it is covered at
+// least half as much as the area's most covered cell.
 #pragma once
 
 #include "QuarvelDrawingIO/DIO_Drawing.h"
@@ -15,10 +16,10 @@ class CellMask
 {
 public:
     CellMask() = default;
-    /// Nothing covered in a box.
+    /// A box without covered cells.
     explicit CellMask(const QRect& box);
 
-    /// The cells that shapes cover together, within the grid; their opacity does not matter.
+    /// The cells inside the grid that shapes cover together, whatever their opacity.
     static CellMask of(std::span<const DIO_Shape> shapes, const Grid& grid);
 
     const QRect& box() const { return _box; }

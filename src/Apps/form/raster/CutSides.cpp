@@ -3,7 +3,8 @@
 
 namespace {
 
-// A disc that touches a side covers a tenth of its own breadth of it, on a grid of a few hundred cells.
+// A side cuts an area that covers more of it than this share of the area's breadth. A disc that touches a side covers a
+// tenth of its breadth, on a grid of a few hundred cells.
 constexpr double kTouching = 0.2;
 
 bool isCut(int covered, int breadth)

@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// CutSides: the sides of the picture at which it cuts an area: where the area goes on, or ends because its artist saw
-// no reason to draw on. A side cuts where a good part of the area's breadth lies on it; a curve touches it only.
+// CutSides: the sides at which the picture cuts an area, so that the area continues outside, or ends there only because
+// the artist did not draw the rest. A side cuts an area if a good part of the area's breadth lies on it; a curved
+// outline only touches it.
 #pragma once
 
 #include "form/raster/CellMask.h"

@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Grid: the cells on which a drawing is looked at. A few hundred of them along its longer side are enough to tell what
-// lies inside, beside or on what, and make that cheap. Cells are square; the grid covers the picture's frame exactly.
+// Grid: the cells on which a drawing is analysed. A few hundred cells along the longer side are enough to tell which
+// shapes lie inside, beside or on each other, and cost little time. Cells are square, up to the rounding of the shorter
+// side to whole cells; the grid covers the picture's frame exactly.
 #pragma once
 
 #include <QRect>
@@ -17,7 +18,7 @@ struct Grid
     int width = 0;
     int height = 0;
 
-    /// The grid with a number of cells along the longer side of a frame that is not empty.
+    /// The grid with `longSide` cells along the longer side of a frame, which must not be empty.
     static Grid over(const QRectF& frame, int longSide)
     {
         const double cells = longSide / std::max(frame.width(), frame.height());
@@ -39,6 +40,6 @@ struct Grid
         return transform;
     }
 
-    /// The breadth of a cell in units of which the picture is 720 wide.
+    /// The width of a cell in scene units; the picture is 720 scene units wide.
     double sceneUnitsPerCell() const { return 720.0 / width; }
 };

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The sum of the distances runs in the order of the rows, on one thread.
+// The distances are added row by row on one thread, so that the sum is the same on every machine.
 #include "form/raster/OutlineDistance.h"
 
 #include "form/raster/CellDistances.h"

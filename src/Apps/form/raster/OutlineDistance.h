@@ -1,14 +1,14 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Distances of an area's cells to its outline: exact Euclidean ones between the centres of cells, less the half cell
-// that lies between a centre and the outline. A border of the grid that cuts an area is no outline: the area is
-// measured as if it went on. A border that an area merely touches, as a disc does that fills its picture, is none of
-// its business.
+// OutlineDistance: the distances of an area's cells to its outline: exact Euclidean distances between the centres of
+// cells, minus the half cell between a centre and the outline. A border of the grid that cuts an area is not an
+// outline: the area is measured as if it continued there. A border that the area merely touches, such as that of a
+// picture filled by a disc, does count as outline.
 #pragma once
 
 #include "form/raster/CellMask.h"
 
-/// What the distances tell of an area. Lengths are in cells.
+/// The statistics of an area's distances. Lengths are in cells.
 struct OutlineDistance
 {
     double mean = 0.0;
@@ -17,5 +17,5 @@ struct OutlineDistance
     bool cut = false; ///< the border of the grid cuts the area
 };
 
-/// Measures an area. Of an area without any outline in the grid, both distances are half of the grid's longer side.
+/// Measures an area. If no outline of the area lies inside the grid, both distances are half of the grid's longer side.
 OutlineDistance measureOutlineDistance(const CellMask& mask, const QRect& grid);

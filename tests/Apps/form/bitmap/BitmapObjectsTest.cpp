@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Which objects are seen in a bitmap.
+// The objects that are found in a bitmap.
 #include "Bitmaps.h"
 
 #include <gmock/gmock.h>
@@ -79,7 +79,7 @@ TEST(BitmapObjects, anOnlyObjectKeepsTheLayersName)
     ASSERT_EQ(chosen.objects.size(), 1U);
     EXPECT_EQ(chosen.objects[0].name, QStringLiteral("sprite"));
     EXPECT_EQ(chosen.drawing.layers[0].shapes.front().path.boundingRect(), QRectF(18, 18, 60, 60))
-        << "what is empty around it is left out";
+        << "the empty pixels around it are left out";
     EXPECT_EQ(chosen.objects[0].role, ObjectRole::BODY);
     // A disc of 30 in 96 x 96 pixels.
     EXPECT_NEAR(chosen.objects[0].share, 0.307, 0.02);
@@ -99,7 +99,7 @@ TEST(BitmapObjects, theCompleteOneLiesOnTopAndTheOtherGoesOnBeneathIt)
     EXPECT_EQ(chosen.objects[0].name, QStringLiteral("blue"));
     EXPECT_EQ(objectAt(chosen, 60, 68), 1) << "the chin, over the body";
     EXPECT_EQ(layerOf(chosen, 0).pixelColor(60, 68), kShirt) << "the body beneath the chin";
-    ASSERT_EQ(chosen.objects[0].measured.size(), 1U) << "measured on what shows";
+    ASSERT_EQ(chosen.objects[0].measured.size(), 1U) << "measured on its visible part";
     EXPECT_TRUE(chosen.objects[1].measured.empty());
 }
 
@@ -261,7 +261,7 @@ RC_GTEST_PROP(BitmapObjectsOfAnything, MoveWithTheBitmap, ())
 
 RC_GTEST_PROP(BitmapObjectsOfAnything, AreMirroredWithTheBitmap, ())
 {
-    // No two discs of one colour: pixels that are as far from two of them go to either.
+    // The discs have different colours: pixels at the same distance from two discs of one colour may go to either.
     std::vector<Disc> discs = anyDiscs();
     discs.resize(std::min<std::size_t>(discs.size(), 12));
     for (std::size_t i = 0; i < discs.size(); ++i)
@@ -270,7 +270,7 @@ RC_GTEST_PROP(BitmapObjectsOfAnything, AreMirroredWithTheBitmap, ())
     const std::vector<QImage> plain = layersOf(objectsOf(image));
     std::vector<QImage> mirrored = layersOf(objectsOf(image.mirrored(true, false)));
     RC_ASSERT(mirrored.size() == plain.size());
-    // Objects that nothing tells apart may change places.
+    // The order of objects may differ where nothing determines it.
     for (QImage& layer : mirrored)
         RC_ASSERT(std::ranges::find(plain, layer.mirrored(true, false)) != plain.end());
 }

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The resolution at which bitmaps are understood.
+// The resolution at which regions are looked for in bitmaps.
 #include "Bitmaps.h"
 
 #include "form/bitmap/pictures/OwnResolution.h"
@@ -63,7 +63,7 @@ TEST(BitmapResolution, largePicturesAreReduced)
     const ChosenObjects chosen = objectsOf(image);
     ASSERT_EQ(chosen.objects.size(), 2U);
     EXPECT_EQ(paintedAgain(chosen.drawing), paintedAgain(bitmapDrawing(image)));
-    // The edge between the two is found to the pixel, a third of the size of a cell.
+    // The edge between the two is exact to the pixel, although a cell is three pixels wide.
     EXPECT_EQ(layerOf(chosen, 1).pixelColor(803, 450), QColor(Qt::blue));
     EXPECT_EQ(layerOf(chosen, 1).pixelColor(797, 450).alpha(), 0);
 }

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What lies over what in a bitmap, what is one body, and what the picture's border does to it.
+// Which objects lie over which in a bitmap, which regions are one body, and how the picture's border matters.
 #include "Bitmaps.h"
 
 #include <gmock/gmock.h>
@@ -11,13 +11,13 @@ namespace {
 const QColor kRed(208, 48, 48);
 const QColor kCream(242, 230, 208);
 
-// Around the object's pixels.
+// The bounding rectangle of the object's pixels.
 QRect placeOf(const ChosenObjects& chosen, std::size_t object)
 {
     return chosen.drawing.layers[object].shapes.front().path.boundingRect().toRect();
 }
 
-// How many pixels an object is measured on.
+// The number of pixels that an object is measured on.
 int measuredPixels(const ChosenObjects& chosen, std::size_t object)
 {
     const auto& measured = chosen.objects[object].measured;
@@ -84,7 +84,7 @@ TEST(BitmapStacking, hairOnBothSidesOfAFaceIsOneObjectMeasuredAsAWhole)
     const int hair = objectAt(chosen, 24, 90);
     EXPECT_EQ(hair, objectAt(chosen, 136, 90));
     ASSERT_GE(hair, 0);
-    // The two strips have some 2,500 pixels, the face between them 8,000.
+    // The two strips have about 2,500 pixels, the face between them 8,000.
     EXPECT_GT(measuredPixels(chosen, static_cast<std::size_t>(hair)), 7000);
 }
 

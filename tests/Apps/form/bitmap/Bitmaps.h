@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Bitmaps for tests, drawn with a painter, as drawings; and the objects of a drawing painted again.
+// Paints bitmaps for tests, makes drawings of them, and paints the objects of a drawing.
 #pragma once
 
 #include "form/bitmap/BitmapObjects.h"
@@ -9,7 +9,7 @@
 
 #include <functional>
 
-/// A transparent picture that something was painted on, antialiased.
+/// A transparent picture after `paint` has painted on it.
 inline QImage painted(const QSize& size, const std::function<void(QPainter&)>& paint, bool antialiased = true)
 {
     QImage image(size, QImage::Format_ARGB32);
@@ -22,7 +22,7 @@ inline QImage painted(const QSize& size, const std::function<void(QPainter&)>& p
     return image;
 }
 
-/// The drawing that a reader makes of a bitmap.
+/// The drawing that the reader of bitmaps makes of a picture.
 inline DIO_Drawing bitmapDrawing(const QImage& image)
 {
     DIO_Drawing drawing;
@@ -42,8 +42,8 @@ inline ChosenObjects objectsOf(const QImage& image)
     return chooseBitmapObjects(bitmapDrawing(image));
 }
 
-/// The drawing's pictures, painted one over the other where they lie. In 8 bits a channel: Qt multiplies by alpha in 16
-/// bits in two ways that differ in the last one, depending on where a run of pixels begins.
+/// The drawing's pictures, painted one over the other at their places. With 8 bits a channel, because with 16 bits Qt
+/// multiplies by alpha in two ways, depending on where a run of pixels begins, and the results differ in the last bit.
 inline QImage paintedAgain(const DIO_Drawing& drawing)
 {
     QImage image(drawing.size.toSize(), QImage::Format_RGBA64_Premultiplied);
@@ -56,7 +56,7 @@ inline QImage paintedAgain(const DIO_Drawing& drawing)
     return image.convertToFormat(QImage::Format_ARGB32);
 }
 
-/// The pixels of an object, on the whole picture.
+/// The pixels of an object in a picture of the drawing's size.
 inline QImage layerOf(const ChosenObjects& chosen, std::size_t object)
 {
     const DIO_Shape& shape = chosen.drawing.layers[object].shapes.front();
@@ -65,7 +65,7 @@ inline QImage layerOf(const ChosenObjects& chosen, std::size_t object)
     return shape.picture.copy(QRect(-corner, size));
 }
 
-/// The number of the topmost object that covers a pixel; -1 where none does.
+/// The number of the topmost object that covers a pixel; -1 if none does.
 inline int objectAt(const ChosenObjects& chosen, int x, int y)
 {
     for (std::size_t i = chosen.objects.size(); i-- > 0;)

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The distances against a search through all cells.
+// Compares the distances with a search through all cells.
 #include "form/raster/OutlineDistance.h"
 
 #include <gmock/gmock.h>
@@ -10,7 +10,7 @@
 
 RC_GTEST_PROP(OutlineDistance, isThatOfTheNearestUncoveredCell, ())
 {
-    // A ring of uncovered cells keeps the grid's border out of it.
+    // A ring of uncovered cells, so that the grid's border does not matter.
     constexpr int kSide = 14;
     const QRect grid(0, 0, kSide, kSide);
     CellMask mask(QRect(1, 1, kSide - 2, kSide - 2));

@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Columns are repeated to the left and right first, then rows, with what was added: so corners are filled too.
+// Repeats pixels to the left and right first, then up and down including the new columns, so that corners are filled
+// too.
 #include "form/bitmap/pictures/FrameContinuation.h"
 
 #include <algorithm>
@@ -8,7 +9,8 @@
 
 namespace {
 
-// Measuring looks at so many places along the longer side of a picture, so this much has to go to be noticed.
+// The form is measured on this many cells along the longer side of a picture (ChooseForms.cpp), so the ring that is
+// removed must be at least one of these cells wide.
 constexpr int kPlacesMeasured = 384;
 
 bool touches(const QRect& place, const BitmapFrame& frame, FrameSide side)
@@ -31,7 +33,7 @@ bool isUpright(FrameSide side)
     return side == FrameSide::LEFT || side == FrameSide::RIGHT;
 }
 
-// Whether the border cuts the drawing at a pixel of a side, given by its place along it.
+// Whether the border cuts the drawing at a pixel of a side; the pixel is given by its place along the side.
 bool isCutAt(const BitmapFrame& frame, FrameSide side, int pixel)
 {
     const int length = isUpright(side) ? frame.size.height() : frame.size.width();
@@ -51,7 +53,7 @@ bool isCutAnywhere(const QRect& place, const BitmapFrame& frame, FrameSide side)
     return false;
 }
 
-// Repeats a pixel of each row from x + step on.
+// Copies the pixel at x of a row to the `count` places after it in the direction of `step`.
 void repeatColumn(QImage& image, int x, int step, int count, int y)
 {
     const auto bytes = static_cast<std::size_t>(image.depth() / 8);
@@ -87,7 +89,7 @@ void continueBeyondFrame(ObjectPicture& picture, const BitmapFrame& frame, int m
     if (left + top + right + bottom == 0)
         return;
     picture.place = old.adjusted(-left, -top, right, bottom);
-    // Copying beyond a picture leaves what is not in it empty.
+    // QImage::copy() leaves the pixels outside the source transparent.
     picture.whole = picture.whole.copy(QRect(QPoint(-left, -top), picture.place.size()));
     for (int y = 0; y < old.height(); ++y) {
         if (left > 0 && isCutAt(frame, FrameSide::LEFT, old.top() + y))

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Every covered stretch of a side is judged by itself: by its length, and by the angle that is not covered at its ends.
+// Each covered stretch of a side is judged by its length and by the uncovered angle at its ends.
 #include "form/bitmap/pictures/FrameCuts.h"
 
 #include <algorithm>
@@ -8,11 +8,13 @@
 
 namespace {
 
-// What is cut is at least this part of the drawing along that side.
+// A cut is at least this part of the drawing's extent along the side.
 constexpr double kLeastCut = 0.35;
-// And leaves this angle free where it meets the border, in degrees; a drawing that touches the border leaves little.
+// At its ends, more than this angle is uncovered, in degrees; a drawing that merely touches the border leaves a small
+// angle.
 constexpr double kSteepest = 50.0;
-// The angles are measured in half discs, this part of the picture in radius and at least so many pixels.
+// Angles are measured in half discs of this radius, as a part of the picture's longer side, and of at least
+// kLeastRadius pixels.
 constexpr double kRadius = 0.05;
 constexpr double kLeastRadius = 3.0;
 
@@ -37,7 +39,7 @@ private:
     FrameSide _side;
 };
 
-// How far the drawing reaches along the side, whether it touches it or not.
+// The drawing's extent along the side, whether it touches the side or not.
 int reachAlong(const SideView& view)
 {
     int first = view.length();
@@ -52,7 +54,7 @@ int reachAlong(const SideView& view)
     return std::max(0, last - first + 1);
 }
 
-// The angle that is not covered around a point of the side, of 180 degrees.
+// The uncovered angle around a point of the side, 0 to 180 degrees.
 double freeAngle(const SideView& view, int point, double radius)
 {
     const int reach = static_cast<int>(radius);
@@ -70,7 +72,7 @@ double freeAngle(const SideView& view, int point, double radius)
 
 bool goesOnBeyond(const SideView& view, int first, int last, double radius)
 {
-    // Where a stretch ends in the picture's corner, no outline is to be seen.
+    // A stretch that ends in the picture's corner shows no outline there, so no angle is measured.
     double least = 180.0;
     if (first > 0)
         least = std::min(least, freeAngle(view, first, radius));

@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// FrameCuts: where a picture's border cuts what is drawn, and where the drawing merely comes up to it. Sprites are
-// cropped tightly, so that a ball touches all four sides and is complete; a bust ends at the lower one and is not. What
-// is cut meets the border steeply and along a good part of it; what touches it turns away.
+// FrameCuts: where a picture's border cuts the drawing, and where the drawing merely touches the border. Sprites are
+// cropped tightly: a ball touches all four sides and is complete; a bust ends at the lower side and is not. A cut meets
+// the border steeply and along a good part of it; the outline of a drawing that only touches the border turns away.
 #pragma once
 
 #include "form/bitmap/pixels/PixelPlane.h"
@@ -20,17 +20,17 @@ enum class FrameSide
 
 inline constexpr std::array kFrameSides = {FrameSide::LEFT, FrameSide::TOP, FrameSide::RIGHT, FrameSide::BOTTOM};
 
-/// For each side whether the drawing goes on beyond it, pixel by pixel.
+/// For each pixel along each side, whether the drawing continues outside it.
 class FrameCuts
 {
 public:
     FrameCuts() = default;
-    /// @param labels of regions; negative where nothing is covered
+    /// @param labels labels of regions; negative for uncovered pixels
     explicit FrameCuts(const PixelPlane<int>& labels);
 
-    /// @param place along the side, from the left or the top
+    /// @param place the place along the side, from the left or the top
     bool isCut(FrameSide side, int place) const { return along(side)[static_cast<std::size_t>(place)] != 0; }
-    /// Everything that is drawn goes on beyond all sides, and all of the border is covered.
+    /// Whether the whole border is covered and the drawing continues outside all of it.
     bool isCutAllAround() const;
 
 private:

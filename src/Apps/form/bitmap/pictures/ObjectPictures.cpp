@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// In a reduced picture a cell may hold pixels of two regions; each goes to the region whose cell around it is most like
-// it.
+// In a reduced picture a cell may hold pixels of two regions. Each such pixel goes to the region of the neighbouring
+// cell whose colour is closest to the pixel's.
 #include "form/bitmap/pictures/ObjectPictures.h"
 
 #include <QRgba64>
@@ -37,7 +37,7 @@ struct PixelFormat<QRgba64>
     static constexpr int kOpaque = 65535;
 };
 
-// From a bitmap's pixels to labels.
+// Finds the label of each pixel of the bitmap.
 class PixelLabels
 {
 public:
@@ -65,7 +65,7 @@ private:
                     visit(x, y);
     }
 
-    // Cells that have others of another label around them.
+    // Marks the cells that have a neighbour with another label.
     PixelPlane<char> mixedCells() const
     {
         PixelPlane<char> mixed(_labels.width(), _labels.height(), 0);
@@ -80,7 +80,8 @@ private:
         return mixed;
     }
 
-    // The own cell's label where colours do not decide.
+    // The label of the cell or neighbour whose colour is closest to the pixel's; of equally close ones, the cell
+    // itself.
     int mostAlike(int cx, int cy, QRgb pixel) const
     {
         int best = _labels.at(cx, cy);
@@ -115,16 +116,16 @@ struct Canvas
     bool completed = false;
 };
 
-// What is to be done with pixels of one label.
+// The objects whose pictures the pixels of one label are painted into.
 struct Targets
 {
-    int own = -1; // index of the object that shows
+    int own = -1; // index of the visible object
     struct Lower
     {
         int object;
-        bool inside; // the pixels fill a hole of it
+        bool inside; // the pixels fill a hole in it
     };
-    std::vector<Lower> beneath; // of those that go on beneath it
+    std::vector<Lower> beneath; // the objects that continue beneath it
 };
 
 std::vector<Targets> targetsOf(const std::vector<ObjectLabels>& objects)
@@ -252,7 +253,7 @@ private:
         }
     }
 
-    // The part of a run inside of an object's hull.
+    // The part of a run that lies inside an object's hull.
     std::pair<int, int> hulled(int object, int from, int to, int y) const
     {
         const ConvexHull& hull = _objects[static_cast<std::size_t>(object)].hull;
@@ -285,7 +286,7 @@ private:
     const std::vector<ObjectLabels>& _objects;
     std::vector<Targets> _targets;
     std::vector<Canvas> _canvases;
-    std::vector<std::vector<Run>> _runs; // of each row
+    std::vector<std::vector<Run>> _runs; // for each row
 };
 
 } // namespace

@@ -1,9 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ObjectPictures: from regions, found at a picture's own resolution, to a picture of each object at its full one.
+// ObjectPictures: makes a picture of each object at the bitmap's full resolution from the regions, which were found at
+// its own resolution (OwnResolution.h).
 //
-// An object's picture has the bitmap's pixels where the object shows. Where it goes on beneath others, and they cover
-// it fully, it has its own colour. So the pictures painted one over the other are the bitmap, pixel for pixel.
+// An object's picture has the bitmap's pixels where the object is visible. Where the object continues beneath others,
+// it has its own colour under their opaque pixels. Painted one over the other, the pictures show the bitmap, pixel for
+// pixel.
 #pragma once
 
 #include "form/bitmap/pictures/OwnResolution.h"
@@ -17,26 +19,27 @@
 /// An object's part in a bitmap.
 struct ObjectPicture
 {
-    QRect place;  ///< where its picture lies in the bitmap
+    QRect place;  ///< the rectangle of `whole` in the bitmap
     QImage whole; ///< in the bitmap's format
-    /// What shows of it and what others hide inside of its convex hull, coverage alone; null where that is all.
+    /// The visible part of the object and the part that others hide inside its convex hull, as coverage alone; null if
+    /// that is the whole object.
     QImage shown;
-    QRect shownPlace; ///< where that lies
+    QRect shownPlace; ///< the rectangle of `shown` in the bitmap
 };
 
-/// What becomes an object.
+/// The region that becomes an object.
 struct ObjectLabels
 {
-    int label;                ///< of the region
-    std::vector<int> beneath; ///< labels of those beneath which it goes on
-    std::vector<int> inside;  ///< of these, those that lie inside it
-    QRgb colour;              ///< its own
-    ConvexHull hull;          ///< what it would be if nothing was cut out of it
+    int label;                ///< the region's label
+    std::vector<int> beneath; ///< labels of the regions beneath which it continues
+    std::vector<int> inside;  ///< those of `beneath` that lie inside it
+    QRgb colour;              ///< the average of the region
+    ConvexHull hull;          ///< the convex hull of the region
 };
 
-/// The pictures of objects.
+/// Makes the pictures of the objects.
 ///
 /// @param bitmap ARGB32 or RGBA64
-/// @param labels the regions of own.colours, every covered pixel in one of the objects'
+/// @param labels labels of the cells of own.colours; every covered cell has the label of one of the objects
 std::vector<ObjectPicture> objectPictures(const QImage& bitmap, const OwnPicture& own, const PixelPlane<int>& labels,
                                           const std::vector<ObjectLabels>& objects);

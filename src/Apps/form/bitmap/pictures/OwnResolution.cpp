@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The drawn pixels are found from where neighbouring pixels differ: those places lie on one grid, so the size of its
-// squares divides all their distances. Most pictures show within a few rows that it is 1.
+// Finds the drawn pixels from the places where neighbouring pixels differ: these places lie on one grid, so the size of
+// its squares divides all distances between them. For most pictures, a few rows are enough to see that the size is 1.
 #include "form/bitmap/pictures/OwnResolution.h"
 
 #include <algorithm>
@@ -11,7 +11,7 @@
 
 namespace {
 
-// The grid that the changes seen so far lie on.
+// The coarsest grid that all changes so far lie on.
 class GridOfChanges
 {
 public:
@@ -22,7 +22,7 @@ public:
         _size = std::gcd(_size, place - _first);
     }
     bool isFine() const { return _size == 1; }
-    // 0 where there are less than two places.
+    // 0 for fewer than two places.
     int size() const { return _size; }
     int first() const { return _first; }
 
@@ -59,7 +59,7 @@ PixelCells drawnPixels(const QImage& image)
         if (y == 0 || changed)
             addChangesInRow<Pixel>(image, y, columns);
     }
-    // A side without two changes fits every grid.
+    // A direction with fewer than two changes fits every grid.
     const int size = std::gcd(columns.size(), rows.size());
     if (size <= 1 || columns.isFine() || rows.isFine())
         return {};
@@ -85,7 +85,7 @@ public:
         if (_alpha == 0)
             return 0;
         const auto channel = [this](std::uint64_t sum) { return static_cast<int>((sum + _alpha / 2) / _alpha); };
-        // What is covered at all stays covered.
+        // A cell with any coverage keeps some.
         const auto alpha = std::max<std::uint64_t>(1, (_alpha + _count / 2) / _count);
         return qRgba(channel(_red), channel(_green), channel(_blue), static_cast<int>(alpha));
     }

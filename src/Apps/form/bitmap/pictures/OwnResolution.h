@@ -1,18 +1,20 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The resolution at which a bitmap is understood. Pixel art is often stored enlarged, every drawn pixel a square of
-// equal ones; it is understood in drawn pixels. Large pictures are understood at a reduced size.
+// The resolution at which regions are looked for in a bitmap. Pixel art is often stored enlarged, so that every drawn
+// pixel is a square of equal pixels; it is reduced to the drawn pixels. Pictures that are still larger than
+// kLargestSide are reduced further.
 #pragma once
 
 #include "form/bitmap/pixels/PixelPlane.h"
 
 #include <QImage>
 
-/// Squares of a picture's pixels, each of which is one cell. The first square in a row or column may be incomplete.
+/// Divides a picture's pixels into squares; each square is one cell. The first square of a row or column may be
+/// incomplete.
 struct PixelCells
 {
     int size = 1;    ///< pixels along a square's edge, at least 1
-    int offsetX = 0; ///< how many columns the first square lacks, below size
+    int offsetX = 0; ///< how many columns the first square lacks, less than size
     int offsetY = 0; ///< how many rows it lacks
 
     int cellX(int x) const { return (x + offsetX) / size; }
@@ -23,21 +25,22 @@ struct PixelCells
     friend bool operator==(const PixelCells&, const PixelCells&) = default;
 };
 
-/// The largest squares whose pixels are all equal, on one grid over the whole picture; size 1 where there are none.
+/// Finds the largest squares, on one grid over the whole picture, whose pixels are all equal; size 1 if there are none.
 ///
 /// @param image ARGB32 or RGBA64; not null
 PixelCells drawnPixelsOf(const QImage& image);
 
-/// A bitmap at the resolution at which it is understood.
+/// A bitmap at its own resolution.
 struct OwnPicture
 {
     PixelCells cells;
-    bool reduced = false;     ///< a cell stands for pixels that differ
-    PixelPlane<QRgb> colours; ///< not multiplied by alpha; alpha is above 0 wherever a pixel of the cell is covered
+    bool reduced = false;     ///< a cell may stand for pixels that differ
+    PixelPlane<QRgb> colours; ///< not multiplied by alpha; alpha is above 0 if a pixel of the cell is covered
 };
 
-/// Takes the picture in its drawn pixels, or in averages of squares where those are more than kLargestSide each way.
+/// Reduces a picture to its drawn pixels; if these are more than kLargestSide along a side, to averages of squares of
+/// them.
 OwnPicture ownPictureOf(const QImage& image);
 
-/// Larger pictures are understood at a reduced size.
+/// The largest side of an OwnPicture, in cells.
 inline constexpr int kLargestSide = 720;

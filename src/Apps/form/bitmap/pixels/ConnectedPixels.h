@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Connected pixels: sets of pixels that grow together, and the connected parts of a marked plane.
+// Connected pixels: sets of pixels that can be joined, and the connected parts of the marked pixels of a plane.
 #pragma once
 
 #include "form/bitmap/pixels/PixelPlane.h"
@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <numeric>
 
-/// Sets of pixels, each of which begins alone. A set is named by its first pixel.
+/// Disjoint sets of pixels. Each pixel starts as a set of its own; a set is identified by its first pixel.
 class PixelSets
 {
 public:
@@ -35,12 +35,12 @@ private:
     std::vector<int> _parents;
 };
 
-/// The connected parts of what is marked, pixels that share an edge or a corner together.
+/// The connected parts of the marked pixels; pixels that share an edge or a corner are connected.
 struct ConnectedParts
 {
     PixelPlane<int> labels;  ///< index of the part; kNoLabel outside
     std::vector<int> pixels; ///< how many pixels each part has
 };
 
-/// @param marked nonzero for the pixels that count
+/// @param marked nonzero for the marked pixels
 ConnectedParts connectedPartsOf(const PixelPlane<char>& marked);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Andrew's monotone chain, on whole numbers.
+// Andrew's monotone chain, in integers.
 #include "form/bitmap/pixels/ConvexHull.h"
 
 #include <algorithm>
@@ -10,7 +10,7 @@
 
 namespace {
 
-// Above 0 where the way from a over b to c turns right on the screen.
+// Above 0 if the path from a over b to c turns right on the screen.
 std::int64_t turn(const QPoint& a, const QPoint& b, const QPoint& c)
 {
     return std::int64_t(b.x() - a.x()) * (c.y() - a.y()) - std::int64_t(b.y() - a.y()) * (c.x() - a.x());

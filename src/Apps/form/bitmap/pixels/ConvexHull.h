@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ConvexHull: the smallest convex area around a region's pixels. What a region lacks of it tells how complete the
-// region is, and what of another region lies in it tells which of the two hides the other.
+// ConvexHull: the smallest convex area around a region's pixels. The part of the hull that a region does not fill tells
+// how complete the region is; the part of another region that lies inside the hull tells which of the two hides the
+// other.
 #pragma once
 
 #include <QPoint>
@@ -13,19 +14,19 @@ class ConvexHull
 {
 public:
     ConvexHull() = default;
-    /// Around points in any order.
+    /// The hull of points in any order.
     explicit ConvexHull(std::vector<QPoint> points);
 
-    /// Around two areas.
+    /// The hull of two areas.
     static ConvexHull around(const ConvexHull& a, const ConvexHull& b);
 
     /// In pixels.
     double area() const;
-    /// The largest distance of two corners.
+    /// The largest distance between two corners.
     double span() const;
     int top() const { return _top; }
     int bottom() const { return _bottom; }
-    /// The pixels [first, second) of a row whose centres lie inside, not on the outline.
+    /// The pixels [first, second) of a row whose centres lie inside the outline, not on it.
     std::pair<int, int> pixelsIn(int row) const;
 
 private:

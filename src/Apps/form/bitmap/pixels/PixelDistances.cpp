@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Depths in two passes; growth by distance, with a bucket for each distance that is still to come (Dial's algorithm).
+// Depths take two passes. Areas grow in the order of distance, with a bucket for each pending distance (Dial's
+// algorithm).
 #include "form/bitmap/pixels/PixelDistances.h"
 
 #include <algorithm>
@@ -26,8 +27,8 @@ constexpr std::array kAround = {Neighbour{-1, 0, kPixelStep},     Neighbour{1, 0
                                 Neighbour{-1, -1, kDiagonalStep}, Neighbour{1, -1, kDiagonalStep},
                                 Neighbour{-1, 1, kDiagonalStep},  Neighbour{1, 1, kDiagonalStep}};
 
-// The least way to another label over the neighbours on one side, which have been visited; sign -1 takes the other
-// side.
+// The shortest path to another label over the neighbours that the sweep has visited already; sign is -1 for the sweep
+// from the last pixel to the first.
 int overNeighbours(const PixelPlane<int>& labels, const PixelPlane<int>& distances, int x, int y, int sign)
 {
     int least = distances.at(x, y);
@@ -42,8 +43,8 @@ int overNeighbours(const PixelPlane<int>& labels, const PixelPlane<int>& distanc
     return least;
 }
 
-// The same for a pixel that is not at the picture's border: `before` is the distance in the index to the neighbour in
-// the row before.
+// The same for a pixel that is not at the picture's border. `before` is the index offset to the neighbour in the row
+// that was visited before.
 int overInnerNeighbours(const PixelPlane<int>& labels, const PixelPlane<int>& distances, int i, int before, int sign)
 {
     const int own = labels[i];
@@ -66,7 +67,7 @@ void sweepRow(const PixelPlane<int>& labels, PixelPlane<int>& depths, int y, int
     }
 }
 
-// Pixels to go on from, by their distance. Steps are short, so the buckets go round.
+// Pixels to continue from, by their distance. No step is longer than kDiagonalStep, so the buckets are used in turn.
 class Front
 {
 public:
@@ -76,7 +77,7 @@ public:
         ++_waiting;
     }
     bool isEmpty() const { return _waiting == 0; }
-    // Takes those of a distance, all in all at most once each.
+    // Removes and returns the pixels of a distance.
     std::vector<int> take(int distance)
     {
         std::vector<int> pixels;
@@ -103,7 +104,7 @@ PixelPlane<int> depthsInside(const PixelPlane<int>& labels)
         sweepRow(labels, depths, y, 1);
     for (int y = labels.height() - 1; y >= 0; --y)
         sweepRow(labels, depths, y, -1);
-    // Without any border there is no distance to one.
+    // An area without a border would be infinitely deep.
     const int most = kPixelStep * (std::max(labels.width(), labels.height()) / 2 + 1);
     for (int i = 0; i < depths.count(); ++i)
         depths[i] = std::min(depths[i], most);
@@ -143,7 +144,7 @@ NearestAreas grown(const PixelPlane<int>& labels, const PixelPlane<char>& open)
             relaxAround(i);
     for (int distance = 1; !front.isEmpty(); ++distance)
         for (const int pixel : front.take(distance))
-            // It may have come nearer after it was added.
+            // A shorter path may have been found after the pixel was added.
             if (nearest.distances[pixel] == distance)
                 relaxAround(pixel);
     return nearest;

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// PixelPlane: one value for every pixel of a rectangle. The steps from a bitmap to its objects hand such planes on:
-// colours, labels of areas, distances.
+// PixelPlane: one value for every pixel of a rectangle, such as colours, labels of areas or distances. The steps from a
+// bitmap to its objects pass such planes on.
 #pragma once
 
 #include <cassert>
@@ -35,7 +35,7 @@ public:
     Value& at(int x, int y) { return _values[offset(y) + static_cast<std::size_t>(x)]; }
     const Value& at(int x, int y) const { return _values[offset(y) + static_cast<std::size_t>(x)]; }
 
-    /// The pixels in one row after the other: pixel (x, y) has the index y * width + x.
+    /// The pixels row after row: pixel (x, y) has the index y * width + x.
     Value& operator[](int index) { return _values[static_cast<std::size_t>(index)]; }
     const Value& operator[](int index) const { return _values[static_cast<std::size_t>(index)]; }
 
@@ -51,7 +51,7 @@ private:
     std::vector<Value> _values;
 };
 
-/// What a plane of labels holds where nothing is covered.
+/// The label of uncovered pixels.
 inline constexpr int kNoLabel = -1;
 
 /// Calls visit(index) for the up to four neighbours of a pixel that share an edge with it.

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What every region grows from is called its core. Cores are chosen among the areas; everything else that is covered
-// goes to the nearest one.
+// Each region grows from a core. The cores are chosen among the areas of colour; every other covered pixel goes to the
+// nearest core.
 #include "form/bitmap/regions/BitmapRegions.h"
 
 #include "form/bitmap/pixels/ConnectedPixels.h"
@@ -13,14 +13,15 @@
 
 namespace {
 
-// How many half lines a pixel may be away from the areas and still be their edge or outline.
+// The reach of the areas, in half line widths: pixels within it are the areas' edges or outlines.
 constexpr double kReach = 4.0;
-// Of a picture that is drawn in areas, and not painted, these make at least so much, dark lines aside.
+// In a picture with a smaller share of cores, dark lines not counted, the pixels do not form areas: it is painted.
 constexpr double kLeastCores = 0.6;
-// A drawing with more than this share of pixels out of reach of its areas, or with more areas, is painted.
+// A picture with more than this share of pixels outside the reach of its areas, or with more than kMostCores areas, is
+// painted too.
 constexpr double kPaintedShare = 0.3;
 constexpr std::size_t kMostCores = 400;
-// Parts of painted pictures that are smaller belong to the next one.
+// Smaller parts of painted pictures, as a share of the covered pixels, belong to the nearest larger part.
 constexpr double kPaintedSpeck = 0.004;
 
 PixelPlane<char> coveredOf(const PixelPlane<QRgb>& colours)
@@ -39,7 +40,7 @@ int countOf(const PixelPlane<int>& labels)
     return count;
 }
 
-// Renumbers by size: numbers decide between areas that are as near.
+// Renumbers by size, because the lower number decides between equally near areas.
 void sortBySize(PixelPlane<int>& labels, const PixelPlane<QRgb>& colours)
 {
     std::vector<AreaSum> sums(static_cast<std::size_t>(countOf(labels)));
@@ -52,7 +53,8 @@ void sortBySize(PixelPlane<int>& labels, const PixelPlane<QRgb>& colours)
             labels[i] = places[static_cast<std::size_t>(labels[i])];
 }
 
-// The connected parts of what is covered, without the small ones; all of them where there are only small ones.
+// The connected parts of the covered pixels, without those smaller than kPaintedSpeck. The largest part is never left
+// out.
 PixelPlane<int> islands(const PixelPlane<char>& covered, int coveredCount)
 {
     ConnectedParts parts = connectedPartsOf(covered);
@@ -72,7 +74,7 @@ PixelPlane<int> islands(const PixelPlane<char>& covered, int coveredCount)
     return parts.labels;
 }
 
-// What lies out of reach of all cores, in connected pieces of some size, becomes cores as well.
+// Makes cores of the connected pieces outside the reach of all cores, if they are large enough.
 void addFarPieces(PixelPlane<int>& cores, const NearestAreas& nearest, const PixelPlane<char>& covered, int reach,
                   int leastPixels)
 {
@@ -106,7 +108,7 @@ double shareBeyond(const NearestAreas& nearest, const PixelPlane<char>& covered,
     return all == 0 ? 0.0 : double(beyond) / all;
 }
 
-// The share of cores among what is covered and is no dark line.
+// The share of cores among the covered pixels, dark pixels outside the cores not counted.
 double shareOfCores(const PixelPlane<int>& cores, const PixelPlane<QRgb>& colours)
 {
     constexpr int kDark = 100;
@@ -119,7 +121,7 @@ double shareOfCores(const PixelPlane<int>& cores, const PixelPlane<QRgb>& colour
     return inCores == 0 ? 0.0 : double(inCores) / (inCores + others);
 }
 
-// Gives every covered pixel to the nearest core; small islands without one to what is nearest across the gap.
+// Gives every covered pixel to the nearest core. Small islands without a core go to the nearest region across the gap.
 PixelPlane<int> cutByCores(const PixelPlane<int>& cores, const PixelPlane<char>& covered)
 {
     PixelPlane<int> labels = grown(cores, covered).labels;

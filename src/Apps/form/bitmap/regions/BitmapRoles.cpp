@@ -1,19 +1,19 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A backdrop lies along the picture's border, an opening is dark and holds something, a shadow lets shine through.
+// A backdrop lies along the picture's border, an opening is dark and holds other regions, a shadow is translucent.
 #include "form/bitmap/regions/BitmapRoles.h"
 
 #include <algorithm>
 
 namespace {
 
-// The backdrop of a picture that is opaque to its borders takes so much of them.
+// In a picture that is opaque up to its borders, the backdrop takes at least this share of them.
 constexpr double kBackdrop = 0.5;
-// A shadow covers at most so much; when it is most of the drawing, it is no shadow.
+// A shadow has less than this alpha. If translucent regions make up half of the drawing or more, none is a shadow.
 constexpr double kShadow = 0.8;
 constexpr double kDarkOpening = 37.0;
 constexpr double kDarkerThanAround = 16.0;
-// What an opening holds, as a part of the opening.
+// The regions that an opening holds have more than this share of its pixels.
 constexpr double kHeld = 0.1;
 
 class Roles

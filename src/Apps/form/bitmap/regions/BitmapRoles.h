@@ -14,6 +14,6 @@ struct BitmapRole
 
 /// The role of each region in stacking.bottomUp, in its order.
 ///
-/// @param opaque the picture is opaque to its borders and goes on beyond them
+/// @param opaque the picture is opaque up to its borders and continues outside them
 std::vector<BitmapRole> bitmapRolesOf(const RegionGraph& graph, const StackingOrder& stacking, bool painted,
                                       bool opaque);

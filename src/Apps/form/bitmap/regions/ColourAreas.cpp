@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Linking neighbours that hardly differ would not do by itself: where an edge runs almost along the rows, antialiasing
-// fades one colour into the other in steps as small as one likes. So only calm pixels are linked, whose four neighbours
-// are all like them; a pixel of an antialiased edge has the two colours on its sides.
+// Linking all neighbours that hardly differ would be wrong: where an edge runs almost along the rows, antialiasing
+// fades one colour into the other in arbitrarily small steps. So only calm pixels are linked, which hardly differ from
+// any of their four neighbours; a pixel of an antialiased edge has different colours on its two sides.
 #include "form/bitmap/regions/ColourAreas.h"
 
 #include "form/bitmap/pixels/ConnectedPixels.h"
@@ -15,16 +15,16 @@
 
 namespace {
 
-// In a flat drawing neighbours within an area are equal, in a clean one they differ by a gradient's steps at most, in
-// others by noise too. Colours that differ by twice as much are told apart.
+// How much neighbours within an area may differ: in a flat drawing they are equal, in a clean one they differ by the
+// steps of a gradient, in others by noise too. Colours that differ by twice as much are kept apart.
 constexpr int kFlatStep = 1;
 constexpr int kCleanStep = 4;
 constexpr int kNoisyStep = 10;
-// Shares of equal neighbours from which on a drawing counts as flat or as clean.
+// The shares of equal neighbours above which a drawing counts as flat or as clean.
 constexpr double kFlatShare = 0.85;
 constexpr double kCleanShare = 0.5;
 
-// Pixel art has few colours and hardly a pixel that is covered in part.
+// Pixel art has few colours and hardly any partly covered pixels.
 constexpr std::size_t kMostColoursOfPixelArt = 96;
 constexpr double kMostPartlyCovered = 0.02;
 
@@ -40,7 +40,7 @@ struct Statistics
     int partly = 0;
     int equalNeighbours = 0;
     int neighbours = 0;
-    std::unordered_set<QRgb> colours; // no more than tell pixel art from others
+    std::unordered_set<QRgb> colours; // counted only until there are too many for pixel art
 
     bool isHard() const { return colours.size() <= kMostColoursOfPixelArt && partly <= kMostPartlyCovered * covered; }
     int tolerance() const
@@ -124,7 +124,8 @@ PixelSets linked(const PixelPlane<QRgb>& colours, const PixelPlane<char>& linkab
     return sets;
 }
 
-// The area of the neighbour that a loose pixel is like; kLoose where there is none or where two are as near.
+// The area of the neighbour whose colour is closest to a loose pixel's; kLoose if no neighbour is close enough, or if
+// two areas are equally close.
 int areaBeside(const PixelPlane<QRgb>& colours, const PixelPlane<int>& labels, int x, int y, int tolerance)
 {
     const QRgb own = colours.at(x, y);
@@ -227,7 +228,7 @@ ColourAreas colourAreasOf(const PixelPlane<QRgb>& colours)
             found.labels[i] = qAlpha(colours[i]) > 0 ? kLoose : kNoLabel;
             continue;
         }
-        // A set's first pixel comes before all others of it.
+        // find() returns a set's first pixel, so the set's label is known before its other pixels are reached.
         const int first = sets.find(i);
         if (first == i) {
             found.labels[i] = static_cast<int>(found.areas.size());

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Thickness decides: the depth of an area's pixels is compared with the width of lines, which goes by the drawing's
-// extent.
+// Thickness decides: the depth of an area's pixels is compared with the width of lines, which is derived from the
+// drawing's extent.
 #include "form/bitmap/regions/RegionCores.h"
 
 #include "form/bitmap/pixels/ConnectedPixels.h"
@@ -13,25 +13,27 @@
 
 namespace {
 
-// Half of the width up to which a dark area is a line, as a part of the drawing's extent, and at least so many pixels.
+// A dark area is a line up to this half width, as a part of the drawing's extent; the limit is at least kLeastHalfLine
+// pixels.
 constexpr double kHalfLine = 0.022;
 constexpr double kLeastHalfLine = 1.5;
 constexpr double kLeastHalfLineOfPixelArt = 1.0;
-// The same for all other areas: below it they are highlights or seams.
+// The same for all other areas: narrower ones are highlights or seams.
 constexpr double kHalfSliver = 0.007;
-// An area of fewer pixels is a speck; as a part of what is covered, and at least so many.
+// An area with fewer pixels is a speck; as a part of the covered pixels, and at least kLeastPixels.
 constexpr double kSpeck = 0.0012;
 constexpr double kSpeckOfPixelArt = 0.006;
 constexpr int kLeastPixels = 8;
 constexpr int kLeastPixelsOfPixelArt = 4;
-// A dark area that is longer than wide so many times is a net of lines even where it is up to this half width.
+// A dark area that is kNet times as long as wide is a net of lines even if its half width is up to kHalfNet of the
+// extent.
 constexpr double kNet = 14.0;
 constexpr double kHalfNet = 0.045;
-// A dark area is a body, not lines, when so much of it is thicker than lines; of other dark areas the parts count that
-// are so many times as thick.
+// A dark area is a body, not lines, if at least kMostlyThick of it is thicker than lines. Of other dark areas, the
+// parts are kept that are kClearlyThick times as thick as lines.
 constexpr double kMostlyThick = 0.6;
 constexpr double kClearlyThick = 1.6;
-// Ink is at most so light.
+// Ink is darker than this lightness.
 constexpr double kDarkest = 33.0;
 
 struct Thresholds
@@ -84,7 +86,8 @@ public:
         : _areas(areas), _thresholds(thresholds), _depths(depthsInside(areas.labels))
     {}
 
-    // The pixels that belong to cores. A dark area may be a net of lines with thick parts in it: those count alone.
+    // Marks the pixels that belong to cores. A dark area may be a net of lines with thick parts in it: then only these
+    // count.
     PixelPlane<char> find() const
     {
         const std::vector<char> thick = thickAreas();
@@ -105,7 +108,7 @@ private:
         return property[static_cast<std::size_t>(area)] != 0;
     }
 
-    // An antialiased edge is half of the area's.
+    // Half of an antialiased edge belongs to the area, so its depth is half a pixel more.
     double depth(int pixel) const { return _depths[pixel] / double(kPixelStep) + (_areas.hard ? 0.0 : 0.5); }
 
     std::vector<char> darkAreas() const
@@ -130,7 +133,7 @@ private:
         return deep;
     }
 
-    // Pixel art draws lines one pixel wide: what has two by two pixels anywhere is no line.
+    // Lines in pixel art are one pixel wide, so an area that has two by two pixels anywhere is not a line.
     std::vector<char> areasWithSquares() const
     {
         const PixelPlane<int>& labels = _areas.labels;
@@ -145,7 +148,8 @@ private:
         return found;
     }
 
-    // The thick parts of the chosen areas, as thick as they were; all of those areas that are mostly thick.
+    // Marks the thick parts of the chosen areas at their full thickness, and the whole of areas that are mostly thick:
+    // a morphological opening by half a line width.
     PixelPlane<char> opened(const std::vector<char>& chosen) const
     {
         const PixelPlane<int>& labels = _areas.labels;
@@ -195,7 +199,7 @@ private:
         return nets;
     }
 
-    // For every pixel whether its connected part of the marked ones is so deep somewhere.
+    // For every marked pixel, whether its connected part of the marked pixels is deeper than the limit anywhere.
     std::vector<char> partsDeeperThan(const PixelPlane<char>& marked, double limit) const
     {
         const ConnectedParts parts = connectedPartsOf(marked);
@@ -214,7 +218,7 @@ private:
     PixelPlane<int> _depths;
 };
 
-// The connected parts of the chosen pixels, split where areas meet, without the small ones.
+// The connected parts of the chosen pixels, separated where areas meet, without the small ones.
 PixelPlane<int> largeParts(const PixelPlane<char>& chosen, const PixelPlane<int>& areas, int leastPixels)
 {
     const int width = chosen.width();

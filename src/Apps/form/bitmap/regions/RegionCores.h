@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// RegionCores: which of a bitmap's colour areas are seen as areas. Lines, slivers and specks are not; of a dark area
-// that is a net of lines with thick parts in it, such as hair that is drawn in the colour of the outlines, the thick
-// parts are.
+// RegionCores: chooses the colour areas of a bitmap that people see as areas, not as lines, slivers or specks. Of a
+// dark area that is a net of lines with thick parts in it, such as hair in the colour of the outlines, it chooses the
+// thick parts.
 #pragma once
 
 #include "form/bitmap/regions/ColourAreas.h"
@@ -11,8 +11,8 @@
 struct RegionCores
 {
     PixelPlane<int> labels; ///< index of the core; kNoLabel elsewhere
-    double halfLine = 0.0;  ///< half of the width up to which something dark is a line, in pixels
-    int leastPixels = 0;    ///< what has fewer pixels is a speck
+    double halfLine = 0.0;  ///< half of the width up to which a dark area is a line, in pixels
+    int leastPixels = 0;    ///< areas with fewer pixels are specks
 };
 
 /// Chooses the cores.

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Everything is counted in two passes over the pixels; joining adds the counts up.
+// All counts come from two passes over the pixels; joining regions adds their counts.
 #include "form/bitmap/regions/RegionGraph.h"
 
 #include "form/bitmap/pixels/PixelDistances.h"
@@ -11,10 +11,11 @@
 
 namespace {
 
-// A line on a seam is darker than what lies on both sides by at least this much.
+// A line on a seam is darker than both regions by at least this much.
 constexpr double kInkContrast = 0.12;
 
-// Angles are measured in a disc of this radius, as a part of the largest region, and at least so many pixels.
+// Angles are measured in a disc of this radius, as a part of the largest region's extent, and of at least
+// kLeastAngleRadius pixels.
 constexpr double kAngleRadius = 0.05;
 constexpr double kLeastAngleRadius = 3.0;
 

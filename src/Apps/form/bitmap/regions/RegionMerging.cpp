@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Rules for pairs: first for what lies inside another region, the smallest first, then for what lies beside one, the
-// most alike first.
+// The rules judge pairs: first regions inside another one, the smallest first; then neighbours, those of the most
+// similar colours first.
 #include "form/bitmap/regions/RegionMerging.h"
 
 #include <algorithm>
@@ -12,28 +12,28 @@
 
 namespace {
 
-// It has to do with another when so much is.
+// Neighbours may be shades of one body if their seam is more than this share of one's outline.
 constexpr double kBeside = 0.2;
-// Brighter than its base by this much: a highlight, when it is smaller than this part of its base.
+// A highlight is lighter than its base by more than this, and smaller than this part of it.
 constexpr double kHighlight = 14.0;
 constexpr double kLargestHighlight = 0.12;
-// A pupil is at least this part of the white around it, which is so much of its outline.
+// A pupil is larger than this part of the white around it, and this share of its outline lies along the white.
 constexpr double kLeastPupil = 0.06;
 constexpr double kPupilInEye = 0.6;
-// A stripe is so many times as long as it is wide.
+// The ratio of length to width above which a region is a stripe.
 constexpr double kStripe = 5.0;
-// So much of a stripe's outline lies along the body on either side of it.
+// At least this share of a stripe's outline lies along the body on either side of it.
 constexpr double kStripeSide = 0.28;
-// So much of the outline of what shows beside something lies along it, when that hides the rest.
+// If a region hides the middle of another, more than this share of each visible part's outline lies along it.
 constexpr double kClinging = 0.3;
-// Outlines of pixels are not quite complete.
+// Tolerance, because outlines of pixels never fill their hulls completely.
 constexpr double kSlack = 0.03;
-// An outline that bends in by more has a notch; in degrees.
+// An outline that bends inwards by at least this angle has a notch, in degrees.
 constexpr double kNotch = 24.0;
-// Colours that nobody tells apart.
+// Colours at a smaller distance are hard to tell apart.
 constexpr double kSameColour = 4.0;
 
-// What lies in light and in shade of one colour differs by no more than this in lightness; of greys by less.
+// The light and the dark shade of one colour differ by less than this in lightness; those of greys by less.
 constexpr double kShades = 39.0;
 constexpr double kGreyShades = 25.0;
 constexpr double kGrey = 10.0;
@@ -56,7 +56,7 @@ bool isRound(const RegionGraph& graph, int number)
     return graph.solidity(number) > 0.92 && graph.filledPixels(number) > 0.55 * disc;
 }
 
-// Length over width of a ribbon of this area and depth.
+// Compares length over width, computed for a ribbon of the region's area and depth.
 bool isStripe(const Region& region)
 {
     return region.pixels > kStripe * 4.0 * region.deepest * region.deepest;
@@ -105,7 +105,7 @@ bool Rules::holdsOthers(int number) const
     });
 }
 
-// Whether a region inside another is paint on it.
+// Whether a region inside another is only painted onto it.
 bool Rules::isPaint(int number, int base) const
 {
     const Region& own = region(number);
@@ -125,7 +125,8 @@ bool Rules::isPaint(int number, int base) const
     return isStripe(own) || highlight || isPupil(number, base) || glint;
 }
 
-// Something dark in something white. It may come near to the eye's outline, where the white is too thin to be seen.
+// Whether a region is a dark one in a white one. A pupil may come so close to the eye's outline that the white between
+// them is too thin to be seen, so it need not lie inside completely.
 bool Rules::isPupil(int number, int base) const
 {
     const Region& own = region(number);
@@ -135,7 +136,8 @@ bool Rules::isPupil(int number, int base) const
            _graph.seamShare(number, base) > kPupilInEye && !_graph.seam(number, base).isInked();
 }
 
-// Regions of one colour inside one base are all paint or all objects, whichever most of their pixels are.
+// Regions of one colour inside one base are either all paint or all objects: the rule that holds for most of their
+// pixels decides.
 bool Rules::areSiblingsPaint(int number, int base) const
 {
     int paint = 0;
@@ -167,7 +169,7 @@ bool Rules::joinInside()
     return joined;
 }
 
-// How much of the hulls that regions fill: each of its own, and together of the hull around both.
+// The filled share of hulls: the average over each region's own hull, and the share of the hull around both.
 struct Completeness
 {
     double apart;
@@ -183,7 +185,8 @@ Completeness completenessOf(const RegionGraph& graph, int a, int b)
             (first + second) / std::max(1.0, both.area())};
 }
 
-// How far the common outline of two regions bends in where their seam ends, in degrees; none where it ends nowhere.
+// How far the common outline of two regions bends inwards at the open ends of their seam, in degrees; std::nullopt if
+// the seam has no open end.
 std::optional<double> notchOf(const RegionGraph& graph, int a, int b)
 {
     double sum = 0.0;
@@ -196,8 +199,8 @@ std::optional<double> notchOf(const RegionGraph& graph, int a, int b)
     return count == 0 ? std::nullopt : std::optional(sum / count);
 }
 
-// Two bodies of one colour make notches where they meet; light and shade of one body make none, and together they are
-// more complete than apart.
+// The common outline of two bodies has notches where they meet. The light and dark shades of one body have none, and
+// together they are more complete than apart.
 bool Rules::isShadeOfOneBody(int a, int b) const
 {
     const int pixels = region(a).pixels + region(b).pixels;
@@ -209,7 +212,8 @@ bool Rules::isShadeOfOneBody(int a, int b) const
     return together > apart - (small ? 0.15 : kSlack);
 }
 
-// A stripe across a body cuts it in two of one colour, between which nothing is missing.
+// Joins a stripe and the two parts of the body that it divides: these have one colour, and the three together are
+// complete.
 bool Rules::joinStripes()
 {
     for (const int stripe : smallestFirst())
@@ -225,7 +229,7 @@ bool Rules::joinStripes()
     return false;
 }
 
-// What shows of a body on two sides of what hides it: hair behind a face.
+// Joins the visible parts of a body on two sides of a region that hides its middle, such as hair behind a face.
 bool Rules::joinBehind()
 {
     for (const int front : smallestFirst())

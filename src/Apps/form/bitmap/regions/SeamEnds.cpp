@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// An angle is the share of a disc around the point, at samples that lie the same way on all sides of it.
+// An angle is measured as a share of the samples of a disc around the point. The samples lie symmetrically around it,
+// so mirrored pictures have the same angles.
 #include "form/bitmap/regions/SeamEnds.h"
 
 #include <QPoint>
@@ -11,13 +12,13 @@
 
 namespace {
 
-// Samples lie so far apart that the disc is about this many wide.
+// The number of samples across the disc, about.
 constexpr double kSamplesAcross = 17.0;
 
-// From a pixel's corner to the pixels of a disc around it.
+// The offsets from a pixel's corner to the sampled pixels of a disc around it.
 std::vector<QPoint> discAround(double radius)
 {
-    // With an odd distance, samples lie in the middle of pixels.
+    // With an odd step, samples lie in the middle of pixels.
     const int step = std::max(1, static_cast<int>(2.0 * radius / kSamplesAcross) | 1);
     std::vector<QPoint> disc;
     const int reach = static_cast<int>(radius / step) + 1;
@@ -31,7 +32,7 @@ std::vector<QPoint> discAround(double radius)
     return disc;
 }
 
-// The different labels of the four pixels around a corner, in their order.
+// The distinct labels of the four pixels around a corner, in ascending order.
 std::vector<int> around(const PixelPlane<int>& labels, int x, int y)
 {
     std::vector<int> found = {labels.at(x - 1, y - 1), labels.at(x, y - 1), labels.at(x - 1, y), labels.at(x, y)};
@@ -59,7 +60,7 @@ std::vector<SeamPoint> seamPointsOf(const PixelPlane<int>& labels, double radius
                 continue;
             SeamPoint point{around(labels, x, y), {}};
             for (const QPoint& offset : disc) {
-                // Beyond the border the picture is taken to go on.
+                // Samples outside the picture take the nearest pixel of its border.
                 const int label = labels.at(std::clamp(x + offset.x(), 0, labels.width() - 1),
                                             std::clamp(y + offset.y(), 0, labels.height() - 1));
                 const auto known = std::ranges::find(point.angles, label, &std::pair<int, double>::first);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The order is put together from pairs, the clearest first; a pair that contradicts clearer ones is left out.
+// The order is built from pairs, the clearest first; a pair that contradicts clearer ones is left out.
 #include "form/bitmap/regions/StackingOrder.h"
 
 #include <algorithm>
@@ -10,13 +10,14 @@
 
 namespace {
 
-// Hulls are compared with labels on at most so many rows and columns.
+// Hulls are compared with the labels on about this many rows and columns.
 constexpr int kSamples = 256;
 
-// What an outline that goes straight on counts beside a smaller region that lies wholly in the larger one's hull.
+// The weight of an outline that continues straight; a smaller region that lies completely in the larger one's hull has
+// weight 1.
 constexpr double kStraightness = 0.6;
 
-// How many samples of each other region lie in a region's hull.
+// The number of samples of each other region inside a region's hull.
 std::map<int, int> insideHull(const ConvexHull& hull, int own, const PixelPlane<int>& labels, int stride)
 {
     std::map<int, int> counts;
@@ -36,7 +37,7 @@ struct Precedence
     int above;
 };
 
-// What is known to lie below what.
+// The known pairs of lower and higher regions.
 class PartialOrder
 {
 public:
@@ -86,7 +87,7 @@ std::vector<Precedence> pairsOf(const RegionGraph& graph, const PixelPlane<int>&
                 continue;
             const int smaller = std::min(graph.region(a).pixels, graph.region(b).pixels);
             const double unit = static_cast<double>(stride) * stride / smaller;
-            // Numbers go by size: of two regions that say nothing, the smaller one lies on top.
+            // Numbers are ordered by size, so for two regions without any evidence, the smaller one lies on top.
             const double clearness =
                 unit * (inside[a][b] - inside[b][a]) + kStraightness * graph.straightness(a, b) + 0.02;
             pairs.push_back({std::abs(clearness), clearness > 0 ? a : b, clearness > 0 ? b : a});
@@ -95,7 +96,7 @@ std::vector<Precedence> pairsOf(const RegionGraph& graph, const PixelPlane<int>&
     return pairs;
 }
 
-// The largest region of which all that lies below it is placed comes next.
+// Places next the largest region that has no unplaced region below it.
 std::vector<int> bottomUp(const RegionGraph& graph, const PartialOrder& order)
 {
     std::vector<int> below(graph.regions().size(), 0);
@@ -122,7 +123,7 @@ std::vector<int> bottomUp(const RegionGraph& graph, const PartialOrder& order)
     return placed;
 }
 
-// The regions above that touch a region, and those that lie within these.
+// The regions above a region that touch it, and the regions that lie inside these.
 std::vector<int> regionsAbove(const RegionGraph& graph, const std::vector<int>& order, std::size_t place)
 {
     const int own = order[place];
@@ -146,7 +147,7 @@ std::vector<int> regionsAbove(const RegionGraph& graph, const std::vector<int>& 
     return found;
 }
 
-// Of these regions, those that touch a region and each other alone.
+// The candidates that touch only the region and each other.
 std::vector<int> regionsInside(const RegionGraph& graph, int own, std::vector<int> candidates)
 {
     std::erase_if(candidates,
