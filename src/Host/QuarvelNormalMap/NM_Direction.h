@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The direction that a pixel of the node's output stores, as a vector of unit length. Everything that is made of the
-// normals (pictures, light) starts here, so that all agree on what a pixel without direction means.
+// The direction that a pixel of the node's output stores, as a vector of unit length. Every use of the normals
+// (pictures, light) starts here, so that all agree on what a pixel without direction means.
 #pragma once
 
 #include "MultiStageKvd/NormalParser.h"
@@ -9,25 +9,28 @@
 /// The direction of a surface that faces the viewer.
 inline constexpr Math::Vector3d NM_kFacingViewer{0.0, 0.0, 1.0};
 
-/// A vector whose x and y are both nearer to zero than this faces the viewer: its 16-bit samples would be those of one
-/// that does, or next to them. What rounding leaves on flat places of float pictures is less.
+/// A vector whose x and y are both closer to zero than this counts as facing the viewer: its 16-bit samples differ by
+/// at most one step from those of a vector that faces the viewer exactly. Rounding errors on flat places of float
+/// pictures are smaller.
 inline constexpr float NM_kFaces = 1.0F / 65536.0F;
 
-/// The pixel's direction in picture coordinates: x right, y down, z towards the viewer; of length 1.
+/// The pixel's direction as a unit vector in picture coordinates: x right, y down, z towards the viewer.
 ///
-/// It faces the viewer where the pixel has no direction: where red and green are both zero, which is how the node marks
-/// a pixel that it could give none (covered or not), and where they hold no direction at all.
+/// The direction of a pixel without one faces the viewer. A pixel has no direction if red and green are both zero,
+/// which is how the node marks pixels (covered or not) to which it could give none, or if red and green decode to NaN
+/// or to a vector longer than 1.
 ///
-/// A component that was exactly zero lies halfway between two codes of a 16-bit channel and is stored as the upper one,
-/// 16384. That code is read as zero here, so that what is flat comes out exactly flat.
+/// A component of exactly zero lies halfway between two codes of a 16-bit channel and is stored as the upper one,
+/// 16384. This function reads 16384 as zero, so that flat places stay exactly flat.
 template<typename Pixel>
 Math::Vector3d NM_directionOf(const Pixel& pixel)
 {
-    // Most pixels of most pictures; the test of the length below would find them as well.
+    // A shortcut for most pixels of most pictures; the test of the length below would find them as well.
     if (pixel.r == 0 && pixel.g == 0)
         return NM_kFacingViewer;
     Math::Vector3d normal = NormalParser_decode(pixel);
-    // Rounding to channels lengthens a vector in the picture's plane by less than this; NaN fails the comparison too.
+    // Rounding to channels can make a vector in the picture's plane longer than 1, but not longer than this. NaN fails
+    // the comparison too.
     constexpr double kLongest = 1.001;
     if (!(normal.x * normal.x + normal.y * normal.y <= kLongest))
         return NM_kFacingViewer;

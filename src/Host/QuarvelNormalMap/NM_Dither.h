@@ -1,18 +1,18 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Ordered dither (B. E. Bayer, "An optimum method for two-level rendition of continuous-tone pictures", 1973): how a
-// smooth slope of floats becomes 16-bit samples without steps. A value v becomes floor(v + t), where the threshold t is
-// the pixel's place in a table of 8 x 8, from 1/128 to 127/128 and 1/2 on average, instead of 1/2 everywhere. On
-// average over an area the samples are the values; a sample is never a whole step off; whole values stay as they are.
-// The table is the same on every machine, and so are the samples.
+// Ordered dither (B. E. Bayer, "An optimum method for two-level rendition of continuous-tone pictures", 1973): converts
+// a smooth slope of floats to 16-bit samples without visible steps. A value v becomes floor(v + t). The threshold t
+// comes from a table of 8 x 8 and depends on the pixel's place; plain rounding would use 1/2 everywhere. Thresholds go
+// from 1/128 to 127/128 and average 1/2, so the samples of an area average to its values, a sample is never a whole
+// step off, and integer values stay unchanged. The table, and so every sample, is the same on every machine.
 //
-// What faces the viewer is not dithered, so that what is flat stays exactly flat.
+// Vectors that face the viewer are not dithered, so that flat places stay exactly flat.
 #pragma once
 
 #include <array>
 #include <cstddef>
 
-/// The thresholds of eight pixels in a row, from one whose x is a multiple of 8 on.
+/// The thresholds of eight pixels of a row; the x of the first one is a multiple of 8.
 using NM_DitherRow = std::array<float, 8>;
 
 /// The thresholds of a row of pixels.
@@ -20,7 +20,7 @@ constexpr NM_DitherRow NM_ditherRow(int y)
 {
     NM_DitherRow row{};
     for (unsigned x = 0; x < row.size(); ++x) {
-        // The bits of x and of x ^ y in turns, the lowest of them first in the result.
+        // Interleaves the bits of x ^ y and of y; the lowest bits become the highest of the result.
         const unsigned across = x ^ (static_cast<unsigned>(y) & 7U);
         unsigned place = 0;
         for (unsigned bit = 0; bit < 3; ++bit)

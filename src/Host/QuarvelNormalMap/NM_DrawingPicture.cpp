@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Colours leave their coverage here.
+// Divides the associated colours by the coverage.
 #include "QuarvelNormalMap/NM_DrawingPicture.h"
 
 #include "QuarvelNormalMap/NM_Layout.h"
@@ -15,7 +15,7 @@ struct StraightEncoder
     template<typename Pixel>
     void operator()(const Pixel& pixel, Sample* samples) const
     {
-        // Written so that NaN counts as nothing covered.
+        // Written so that a coverage of NaN counts as uncovered.
         if (!(pixel.a > 0)) {
             std::fill_n(samples, 4, Sample{});
             return;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// One encoder a kind of picture, called for every pixel.
+// Each kind of picture has one encoder, which is called for every pixel.
 #include "QuarvelNormalMap/NM_Layers.h"
 
 #include "QuarvelNormalMap/NM_Direction.h"
@@ -37,7 +37,7 @@ struct BlueEncoder
     template<typename Pixel>
     void operator()(const Pixel& pixel, Sample* samples) const
     {
-        // What is not covered has no elevation, whatever an empty pixel of the node holds in blue.
+        // An uncovered pixel has no elevation, whatever value the node left in its blue channel.
         samples[0] = pixel.a > 0 ? NM_toSample<Sample>(pixel.b) : Sample{};
         samples[1] = NM_clampSample(NM_toSample<Sample>(pixel.a));
     }
@@ -53,7 +53,7 @@ struct RedEncoder
     }
 };
 
-// Heights of floats on a slope are dithered as its normals are; what faces the viewer keeps the nearest sample.
+// Float elevations on a slope are dithered like its normals; pixels that face the viewer get the nearest sample.
 void encodeFineBlue(const CEL_PixelStore<CEL_PixelRGBAFloat>& source, IIO_Picture& picture)
 {
     const Math::Box2di window = picture.dataWindow();
@@ -91,13 +91,13 @@ bool encodeElevation(const CEL_PixmapArea& pixmap, NM_ElevationChannel channel, 
     });
 }
 
-// Associated colours are taken apart, made linear, and multiplied again.
+// Divides associated colours by their coverage, makes them linear, and multiplies them by the coverage again.
 struct LinearEncoder
 {
     template<typename Pixel>
     void operator()(const Pixel& pixel, float* samples) const
     {
-        // Written so that NaN counts as nothing covered.
+        // Written so that a coverage of NaN counts as uncovered.
         if (!(pixel.a > 0)) {
             std::fill_n(samples, 4, 0.0F);
             return;

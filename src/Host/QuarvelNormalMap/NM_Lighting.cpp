@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Row by row: the light that falls on every pixel is summed up in three short buffers, one light after the other, then
-// multiplied with the colours and encoded. Rows do not depend on each other, so their split over threads changes
-// nothing.
+// Each row is lit by itself: the light on every pixel is added up in three buffers of the row's length, one light after
+// the other, then multiplied by the colours and encoded. Rows do not depend on each other, so the number of threads
+// does not matter.
 #include "QuarvelNormalMap/NM_Lighting.h"
 
 #include "QuarvelNormalMap/NM_Layout.h"
@@ -14,7 +14,7 @@
 
 namespace {
 
-// Powers of 0 .. 1 by a table with interpolation.
+// Computes powers of 0 .. 1 from a table, with linear interpolation.
 class PowerTable
 {
 public:
@@ -38,7 +38,7 @@ private:
     std::vector<float> _values;
 };
 
-// The light that falls on the pixels of one row, and the highlights.
+// The light on the pixels of one row, and their highlights.
 struct Buffers
 {
     explicit Buffers(int width)
@@ -52,7 +52,7 @@ struct Buffers
     using Plane = std::vector<float>;
     std::array<Plane, 3> diffuse;
     std::array<Plane, 3> highlights;
-    // Of one light.
+    // For one light at a time.
     Plane amounts;
     Plane fallOffs;
 };

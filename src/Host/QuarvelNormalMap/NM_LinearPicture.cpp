@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Pixel by pixel; in single precision, which is more than a half holds.
+// Works in single precision, which is more than the half floats of files hold.
 #include "QuarvelNormalMap/NM_LinearPicture.h"
 
 #include "QuarvelImageIO/IIO_Samples.h"

@@ -33,7 +33,7 @@ bool facesViewer(std::span<const std::uint16_t> pixel)
     return pixel.size() >= 3 && pixel[0] == kZero && pixel[1] == kZero && pixel[2] == kFull<std::uint16_t>;
 }
 
-// 0 .. 65535 as the multiple of 257 below v + 257 t.
+// The largest multiple of 257 up to value + 257 threshold.
 std::uint16_t ditheredStep(std::uint16_t value, float threshold)
 {
     constexpr float kStep = 257.0F;

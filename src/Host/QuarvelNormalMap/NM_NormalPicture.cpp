@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// One encoder a layout, called for every pixel, but for the most usual conversion, which takes rows.
+// Each layout has one encoder, which is called for every pixel. The conversions to 16-bit tangents have kernels for
+// whole rows.
 #include "QuarvelNormalMap/NM_NormalPicture.h"
 
 #include "QuarvelNormalMap/NM_Direction.h"

@@ -2,7 +2,7 @@
 //
 // An exact Euclidean nearest-pixel transform in two passes, after A. Meijster, J. Roerdink and W. Hesselink, "A general
 // algorithm for computing distance transforms in linear time" (2000): first, in every column, the nearest covered row;
-// then, in every row, the lower envelope of the parabolas that these distances stand for. All in integers, so that
+// then, in every row, the lower envelope of the parabolas that these distances define. All steps use integers, so that
 // nothing depends on rounding.
 #include "QuarvelNormalMap/NM_Padding.h"
 
@@ -15,7 +15,8 @@ namespace {
 
 constexpr int kNone = -1;
 
-// For every pixel, the nearest covered row in its column, counted from the picture's first; the upper one of two.
+// For every pixel, the nearest covered row in its column, counted from the picture's first row; of two equally near
+// rows, the upper one.
 class NearestRows
 {
 public:
@@ -64,7 +65,7 @@ private:
     std::vector<int> _rows;
 };
 
-// The columns of one row that are nearest to some pixel of it, from left to right.
+// The columns whose covered pixels are the nearest for some pixel of one row, from left to right.
 class Envelope
 {
 public:
@@ -74,7 +75,8 @@ public:
         _starts.reserve(static_cast<std::size_t>(width));
     }
 
-    // rows: the nearest covered row of every column; columns farther from y than the distance are left out.
+    // rows: the nearest covered row of every column. Columns whose covered row is farther from y than the distance are
+    // left out.
     void build(std::span<const int> rows, int y, int distance)
     {
         _columns.clear();
@@ -89,7 +91,7 @@ public:
     bool isEmpty() const { return _columns.empty(); }
     std::size_t size() const { return _columns.size(); }
     int column(std::size_t i) const { return _columns[i]; }
-    // The first pixel to which column(i) is the nearest.
+    // The first pixel for which column(i) is the nearest.
     std::int64_t start(std::size_t i) const { return _starts[i]; }
 
     std::int64_t squaredDistance(std::int64_t x, int column) const
@@ -104,7 +106,7 @@ private:
 
     void add(int column)
     {
-        // A column is out of the race when the new one beats it at the very first pixel that it would win.
+        // Drops columns that the new one beats at the first pixel for which they were the nearest.
         while (!_columns.empty() &&
                squaredDistance(_starts.back(), _columns.back()) > squaredDistance(_starts.back(), column)) {
             _columns.pop_back();
@@ -117,8 +119,8 @@ private:
         }
     }
 
-    // The first pixel that is nearer to the right column than to the left one. The left one is at least as near at
-    // pixel 0, or it would be out of the race, so nothing here is negative.
+    // The first pixel that is nearer to the right column than to the left one. At pixel 0 the left one is at least as
+    // near, or add() would have dropped it, so no operand is negative.
     std::int64_t firstWon(int left, int right) const
     {
         const std::int64_t lead = squaredDistance(0, right) - squaredDistance(0, left);

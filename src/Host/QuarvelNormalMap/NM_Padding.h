@@ -1,16 +1,16 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Padding: colours grown past the silhouette, so that texture filtering near an edge mixes in more of the same and not
-// the empty surroundings.
+// Padding: continues colours outside the silhouette, so that texture filtering near an edge mixes in the same colours
+// instead of the empty surroundings.
 #pragma once
 
 #include "QuarvelImageIO/IIO_Picture.h"
 #include "QuarvelNormalMap/QuarvelNormalMapExport.h"
 
-/// Gives every pixel without coverage the colour of the nearest covered one, where that is at most so many pixels away
-/// (between the pixels' centres, in a straight line). Coverage, covered pixels and pixels farther away keep their
-/// values. Of equally near pixels the same one is always taken. The time does not depend on the distance; the memory is
-/// four bytes a pixel.
+/// Gives every uncovered pixel the colour of the nearest covered one if that is at most `distance` away (between the
+/// pixels' centres, in a straight line). Coverage, covered pixels and pixels farther away stay unchanged. The choice
+/// between equally near pixels is always the same. The time does not depend on the distance; the memory is four bytes
+/// per pixel.
 ///
 /// @param picture  with the channels R G B A
 /// @param distance in pixels; 0 or less changes nothing

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Rows in parallel; in each, light is summed up for short runs of pixels that stay in the nearest cache, in loops that
-// compilers make vector instructions of.
+// Works on rows in parallel. In each row, the light is added up for runs of pixels that are short enough for the first
+// level cache, in loops that compilers vectorise.
 #include "QuarvelNormalMap/NM_Lighting.h"
 #include "QuarvelNormalMap/NM_Srgb.h"
 #include "QuarvelNormalMap/private/NM_LightAmounts.h"
@@ -21,7 +21,7 @@ constexpr int kSteps = 16384;
 
 using Bytes = std::array<std::uint8_t, kSteps + 1>;
 
-// From amounts of light, 0 to kSteps, to bytes.
+// The bytes for amounts of light from 0 to kSteps.
 const Bytes& encodedBytes()
 {
     static const Bytes bytes = [] {
@@ -34,7 +34,7 @@ const Bytes& encodedBytes()
     return bytes;
 }
 
-// A pixel of four bytes, in the order of memory.
+// The four bytes of a pixel, in the order of memory.
 using ScreenPixel = std::array<std::uint8_t, 4>;
 
 ScreenPixel straight(std::uint8_t red, std::uint8_t green, std::uint8_t blue, std::uint8_t alpha)
@@ -74,7 +74,7 @@ public:
             _power[i] = static_cast<float>(std::pow(static_cast<double>(i) / last, exponent)) * settings.highlight;
     }
 
-    /// @param pixelOf the pixel of red, green, blue and alpha
+    /// @param pixelOf makes the pixel from red, green, blue and alpha
     template<typename PixelOf>
     void shade(const NM_Surface::Row& row, int y, ScreenPixel* target, const PixelOf& pixelOf) const
     {
@@ -153,7 +153,7 @@ private:
 
     const NM_LightingSettings& _settings;
     std::vector<NM_LightAmounts> _lights;
-    std::vector<float> _power; // with the strength of highlights in it
+    std::vector<float> _power; // multiplied by the strength of highlights
 };
 
 template<typename PixelOf>

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The curve itself in double precision, and the tables made of it.
+// The curve is computed in double precision, and the tables from it.
 #include "QuarvelNormalMap/NM_Srgb.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The sRGB curve (IEC 61966-2-1) between the values of pictures and amounts of light. Light adds up and is multiplied
-// in linear amounts; pictures hold encoded ones.
+// The sRGB curve (IEC 61966-2-1), which converts between the encoded values of pictures and linear amounts of light.
+// Light must be added and multiplied in linear amounts.
 #pragma once
 
 #include "QuarvelNormalMap/QuarvelNormalMapExport.h"
@@ -12,15 +12,14 @@
 /// The amount of light, 0 .. 1, of an encoded value, 0 .. 1. Values outside are clamped, NaN becomes 0.
 QUARVELNORMALMAP_EXPORT float NM_linearOfSrgb(float encoded);
 
-/// The same of a 16-bit sample, by table.
+/// The same for a 16-bit sample, from a table.
 QUARVELNORMALMAP_EXPORT float NM_linearOfSrgb(std::uint16_t encoded);
 
-/// From amounts of light to encoded values by a table with interpolation: within 2e-5 of the curve, at the cost of a
-/// look-up.
+/// Encodes amounts of light with an interpolated table: within 2e-5 of the curve, in the time of a look-up.
 class QUARVELNORMALMAP_EXPORT NM_SrgbEncoder
 {
 public:
-    /// The table, made once.
+    /// The table, which is computed once.
     static const NM_SrgbEncoder& instance();
 
     /// The encoded value, 0 .. 1. Amounts outside 0 .. 1 are clamped; NaN becomes 0.

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Decoding, rows in parallel.
+// Decodes rows in parallel.
 #include "QuarvelNormalMap/NM_Surface.h"
 
 #include "QuarvelNormalMap/NM_Direction.h"
@@ -22,7 +22,7 @@ UT_Error wrongSize(int width, int height, const Math::Size2di& expected)
                 .arg(expected.height)};
 }
 
-// A component of a vector from its sample, in -1 .. 1.
+// The component of a vector, -1 .. 1, that a sample stands for.
 template<typename Sample>
 double componentOf(Sample sample)
 {
@@ -58,7 +58,7 @@ UT_Result<NM_Surface> NM_Surface::create(const Math::Size2di& size)
 std::span<float> NM_Surface::planeRow(Plane plane, int y)
 {
     const auto width = static_cast<std::size_t>(_size.width);
-    // The seven planes of a row lie side by side, where one core finds all that it needs for the row.
+    // The seven planes of a row lie side by side, so that the data that a core needs for a row are close together.
     return {_planes.data() + (static_cast<std::size_t>(y) * PLANE_COUNT + static_cast<std::size_t>(plane)) * width,
             width};
 }

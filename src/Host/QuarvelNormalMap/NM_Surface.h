@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// NM_Surface: a drawing and its normals in the form in which light is computed: planes of floats, decoded once a frame,
-// so that moving a light decodes nothing again.
+// NM_Surface: a drawing and its normals, prepared for lighting: planes of floats that are decoded once per frame, so
+// that moving a light does not decode anything again.
 #pragma once
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
@@ -11,10 +11,10 @@
 #include <span>
 #include <vector>
 
-/// The surface of one frame. Coordinates: x right, y UP, z towards the viewer. It takes 28 bytes a pixel.
+/// The surface of one frame. Coordinates: x right, y UP, z towards the viewer. It takes 28 bytes per pixel.
 ///
-/// Any number of threads may read it; whoever sets a part must be alone. Drawing and normals are set apart, since the
-/// one often changes without the other.
+/// Any number of threads may read a surface at once; no other thread may use it while one sets a part. The drawing and
+/// the normals are set separately because one often changes without the other.
 class QUARVELNORMALMAP_EXPORT NM_Surface
 {
 public:
@@ -26,9 +26,9 @@ public:
         std::span<const float> coverage;                  ///< 0 .. 1
     };
 
-    /// An empty drawing that faces the viewer everywhere.
+    /// Makes an empty drawing that faces the viewer everywhere.
     ///
-    /// @return an error when the size is empty or does not fit in memory
+    /// @return an error if the size is empty or the surface does not fit in memory
     static UT_Result<NM_Surface> create(const Math::Size2di& size);
 
     int width() const { return _size.width; }
@@ -37,20 +37,19 @@ public:
     /// The planes' row y, 0 .. height() - 1.
     Row row(int y) const;
 
-    /// Takes the drawing from the pixels that a picture shows: channels R G B A, straight, encoded as sRGB.
+    /// Reads the drawing from the pixels of a picture with the channels R G B A, straight and encoded as sRGB.
     ///
     /// @return an error when the size or the channels are others
     UT_Result<void> setDrawing(const IIO_Picture& drawing);
 
-    /// Takes the normals from the node's output.
+    /// Reads the normals from the node's output.
     ///
     /// @param normals in one of the two colour formats
     /// @param frame   a rectangle of the surface's size in the pixmap's coordinates
-    /// @return an error when the size or the format is another
+    /// @return an error if the size or the format is wrong
     UT_Result<void> setNormals(const CEL_PixmapArea& normals, const Math::Box2di& frame);
 
-    /// Takes the normals from a normal map in the layout TANGENT, for instance one read from a file. Vectors are
-    /// brought to unit length.
+    /// Reads the normals from a normal map in the layout TANGENT, for instance from a file. Normalises the vectors.
     ///
     /// @return an error when the size or the channels are others
     UT_Result<void> setNormals(const IIO_Picture& normalMap, NM_YAxis yAxis);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Quarter turns and mirrors swap components and turn their signs; nothing is rounded.
+// Quarter turns and mirroring only swap components and change their signs; nothing is rounded.
 #include "QuarvelNormalMap/NM_TurnVectors.h"
 
 #include "QuarvelNormalMap/private/NM_Rows.h"
@@ -33,7 +33,7 @@ void forVectors(IIO_Picture& map, const Change& change)
 
 void NM_turnVectors(IIO_Picture& map, int quarterTurns, NM_YAxis yAxis)
 {
-    // With y up, clockwise takes the x axis to -y.
+    // With y up, a clockwise turn takes the x axis to -y.
     const int clockwise = (quarterTurns % 4 + 4) % 4;
     const int turns = yAxis == NM_YAxis::UP ? clockwise : (4 - clockwise) % 4;
     if (turns == 1)

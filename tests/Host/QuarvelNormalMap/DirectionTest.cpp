@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What direction a pixel of the node's output stores, and which pixels store none.
+// Which direction a pixel of the node's output stores, and which pixels store none.
 #include "QuarvelNormalMap/NM_Direction.h"
 
 #include "Pixmaps.h"
@@ -72,7 +72,7 @@ TEST(Direction, WhatIsTooLongForADirectionFacesTheViewer)
 
 TEST(Direction, RoundingDoesNotMakeAGrazingDirectionInvalid)
 {
-    // (0.8, 0.6) rounded up by one code in both channels is longer than 1 by a hair.
+    // (0.8, 0.6) rounded up by one code in both channels is slightly longer than 1.
     expectDirection(Pixel16{29491, 26215, 1, kFull}, {0.8, 0.6, 0}, 1e-4);
 }
 

@@ -19,7 +19,7 @@ namespace {
 using U16 = std::uint16_t;
 using Samples = std::vector<U16>;
 
-// In single precision, operation by operation.
+// The formula in single precision, operation by operation.
 U16 plainComponent(float component, float threshold)
 {
     const float clamped = std::min(std::max(component * 0.5F + 0.5F, 0.0F), 1.0F);
@@ -50,7 +50,7 @@ PixelFloat pixelOf(double x, double y)
     return {static_cast<float>(0.5 * x + 0.5), static_cast<float>(0.5 * y + 0.5), 0.5F, 1.0F};
 }
 
-// The samples of a picture of one normal.
+// The samples of a picture filled with one normal.
 Samples uniform(double x, double y, int side)
 {
     const Math::Box2di rect(0, 0, side, side);
@@ -102,7 +102,7 @@ TEST(DitheredTangents, AreTheValueOnAverage)
 
 TEST(DitheredTangents, AreExactWhereTheyFaceTheViewer)
 {
-    // Rounding on the way may leave a trace.
+    // Rounding may leave a small remainder.
     for (const double x : {0.0, 1e-6, -1e-6}) {
         const Samples samples = uniform(x, -x, 16);
         for (std::size_t i = 0; i < samples.size(); i += 4)

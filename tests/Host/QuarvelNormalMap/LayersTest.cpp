@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Normals as named layers, and the elevation beside them.
+// Normals as named layers, and the elevation.
 #include "QuarvelNormalMap/NM_Layers.h"
 
 #include "Pixmaps.h"
@@ -11,7 +11,7 @@ namespace {
 
 using U16 = std::uint16_t;
 
-// x = 2 * 0.8 - 1 = 0.6, y = 2 * 0.5 - 1 = 0, z = 0.8; elevation 0.25; covered by half.
+// x = 2 * 0.8 - 1 = 0.6, y = 2 * 0.5 - 1 = 0, z = 0.8; elevation 0.25; half covered.
 constexpr PixelFloat kLeansRight{0.8F, 0.5F, 0.25F, 0.5F};
 // y = 2 * 0.9 - 1 = 0.8 downwards, z = 0.6.
 constexpr PixelFloat kLeansDown{0.5F, 0.9F, 0.75F, 1.0F};
@@ -48,7 +48,7 @@ TEST(LayersPicture, FacesTheViewerWhereNothingIs)
     const TestPixmap<Pixel16> node({0, 0, 1, 1}, {Pixel16{0, 0, 32767, 0}});
     const auto picture = NM_layersPicture(node, {0, 0, 1, 1}, {0, 0, 2, 1}, NM_YAxis::UP, true);
     ASSERT_TRUE(picture.ok());
-    // Blue without coverage is no elevation.
+    // The blue channel of an uncovered pixel is not an elevation.
     expectNear(samplesAt<float>(*picture, 0, 0), {0.0F, 0.0F, 1.0F, 0.0F, 0.0F});
     expectNear(samplesAt<float>(*picture, 1, 0), {0.0F, 0.0F, 1.0F, 0.0F, 0.0F});
 }

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Light on surfaces: directions, laws of the model, and the same bytes on any number of threads.
+// Light on surfaces: directions, the laws of the model, and the same bytes for any number of threads.
 #include "QuarvelNormalMap/NM_Lighting.h"
 
 #include "Pixmaps.h"
@@ -30,7 +30,7 @@ IIO_Picture uniformDrawing(int width, int height, const std::vector<U16>& colour
     return drawing;
 }
 
-// A row of the given normals under one colour.
+// A row with the given normals and one colour.
 NM_Surface surfaceOf(const std::vector<Pixel16>& normals, const std::vector<U16>& colour)
 {
     const int width = static_cast<int>(normals.size());

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Colours for OpenEXR files, by the sRGB curve's own numbers: 128/255 is 0.2158605 of full light.
+// Colours for OpenEXR files, with values of the sRGB curve: 128/255 is 0.2158605 of full light.
 #include "QuarvelNormalMap/NM_Layers.h"
 #include "QuarvelNormalMap/NM_LinearPicture.h"
 
@@ -30,7 +30,7 @@ TEST(LinearPicture, IsLightTimesCoverage)
 TEST(LayersPicture, HasTheDrawingAsItsDefaultLayer)
 {
     const TestPixmap<PixelFloat> node({0, 0, 1, 1}, {PixelFloat{0.8F, 0.5F, 0.25F, 0.5F}});
-    // Associated: grey of 128/255, covered by half.
+    // Associated: grey of 128/255, half covered.
     const TestPixmap<PixelFloat> drawing({0, 0, 1, 1}, {PixelFloat{kGrey / 2, 0.5F, 0.0F, 0.5F}});
     const auto picture = NM_layersPicture(node, {0, 0, 1, 1}, {0, 0, 2, 1}, NM_YAxis::UP, true, drawing.get());
     ASSERT_TRUE(picture);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The forms that maps are handed out in: alpha, and 8 bits with their dither.
+// The forms of maps: alpha, and 8 bits with dither.
 #include "QuarvelNormalMap/NM_MapForm.h"
 
 #include "Pixmaps.h"
@@ -50,7 +50,7 @@ TEST(MapForm, FullAlphaIsFullEverywhereAndHardAlphaWhereAnythingIsCovered)
 
 TEST(MapForm, SamplesOf8BitsAreOnAverageTheSamplesOf16)
 {
-    // 1000 lies 229/257 above the third step, and 64 thresholds share out the rest to within half a threshold.
+    // 1000 lies 229/257 above the third step; 64 thresholds reproduce this fraction to within half a threshold.
     for (const U16 value : {U16{1000}, U16{32700}, U16{65000}}) {
         IIO_Picture picture = filled(8, 8, {value, value, 0, 12345});
         NM_ditherTo8Bits(picture);

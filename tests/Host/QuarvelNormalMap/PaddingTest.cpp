@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Padding against its definition, pixel by pixel, on random pictures.
+// Compares padding with its definition, pixel by pixel, on random pictures.
 #include "QuarvelNormalMap/NM_Padding.h"
 
 #include "Pixmaps.h"
@@ -15,7 +15,7 @@ namespace {
 using U16 = std::uint16_t;
 using Samples = std::vector<U16>;
 
-// A picture in which a covered pixel's colour is its own place, so that a copy shows where it came from.
+// A picture in which a covered pixel's colour encodes its own place, so that a copy tells where it came from.
 IIO_Picture placesPicture(int width, int height, double density, unsigned seed)
 {
     std::mt19937 random(seed);
@@ -36,7 +36,7 @@ IIO_Picture placesPicture(int width, int height, double density, unsigned seed)
     return picture;
 }
 
-// The squared distance from a pixel to the nearest covered one; none when nothing is covered.
+// The squared distance from a pixel to the nearest covered one; std::nullopt if no pixel is covered.
 std::optional<int> nearestSquared(const IIO_Picture& picture, int toX, int toY)
 {
     std::optional<int> nearest;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What the tests of normal pictures share: pixmaps with known or random pixels, and the samples of pictures.
+// Shared by the tests of normal pictures: makes pixmaps with known or random pixels and reads the samples of pictures.
 #pragma once
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
@@ -14,7 +14,7 @@
 using Pixel16 = CEL_PixelRGBA16;
 using PixelFloat = CEL_PixelRGBAFloat;
 
-/// Fills a pixmap, allocated to the rectangle, with the pixels that next() gives, row by row.
+/// Allocates a pixmap to the rectangle and fills it, row by row, with the pixels that next() returns.
 template<typename Pixmap, typename Next>
 void fill(Pixmap& pixmap, const Math::Box2di& rect, Next next)
 {
@@ -42,7 +42,7 @@ private:
     CEL_PixmapOf<Pixel> _pixmap;
 };
 
-/// Any 16-bit pixel, empty ones among them.
+/// Random 16-bit pixels; some are empty.
 class RandomPixel16
 {
 public:

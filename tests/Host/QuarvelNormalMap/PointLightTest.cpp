@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Lights that stand near the picture: their law by hand, by a slow computation in double precision, and on the fast
-// path.
+// Lights near the picture: their law by hand, by a slow computation in double precision, and on the fast path.
 #include "QuarvelNormalMap/NM_Lighting.h"
 
 #include "Pixmaps.h"
@@ -67,7 +66,7 @@ TEST(PointLight, BelowItAllOfItsLightFalls)
 TEST(PointLight, AtItsReachHalfOfItIsLeftBesideTheCosine)
 {
     const NM_Surface surface = whiteSurface(3, 3);
-    // 2/3 from its foot and as high: the cosine is the root of a half, and the fall-off a half.
+    // 2/3 from its foot and equally high: the cosine is the square root of one half, and the fall-off is one half.
     const auto settings = pointLight({.x = 0.0, .y = 0.0, .height = 2.0 / 3.0, .reach = 2.0 / 3.0});
     const double expected = encoded(0.5 * std::sqrt(0.5));
     EXPECT_NEAR(sampleAt(surface, settings, 2, 1), expected, 1e-4);
@@ -95,7 +94,7 @@ TEST(PointLight, StandsUpAndRightOfTheCentre)
         EXPECT_LT(sampleAt(surface, settings, x, y), at) << x << ", " << y;
 }
 
-// The unit is half the shorter side, so that a wide picture has the light where a square one has it.
+// The unit is half the shorter side, so that the light has the same place in a wide picture as in a square one.
 TEST(PointLight, ItsUnitIsHalfTheShorterSide)
 {
     const auto settings = pointLight({.x = 2.0 / 3.0, .y = 0.0, .height = 0.3, .reach = 0.5});

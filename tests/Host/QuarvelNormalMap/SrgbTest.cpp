@@ -14,8 +14,8 @@ TEST(Srgb, HasItsKnownPoints)
 {
     EXPECT_EQ(NM_linearOfSrgb(0.0F), 0.0F);
     EXPECT_EQ(NM_linearOfSrgb(1.0F), 1.0F);
-    // Half way up the encoded scale is 21.4 % of the light; the straight part ends at 0.04045 and has the slope 1
-    // / 12.92.
+    // The middle of the encoded scale is 21.4 % of the light; the linear part ends at 0.04045 and has the slope 1 /
+    // 12.92.
     EXPECT_NEAR(NM_linearOfSrgb(0.5F), 0.21404F, 1e-5F);
     EXPECT_NEAR(NM_linearOfSrgb(0.02F), 0.02F / 12.92F, 1e-8F);
     EXPECT_EQ(NM_linearOfSrgb(std::uint16_t{65535}), 1.0F);

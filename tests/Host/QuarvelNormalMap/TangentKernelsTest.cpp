@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// 16-bit normals as 16-bit tangents, with every instruction set of the machine, beside the plain formula pixel by
-// pixel.
+// Compares 16-bit normals as 16-bit tangents with the plain formula, pixel by pixel, for every instruction set of the
+// machine.
 #include "OneInstructionSet.h"
 #include "Pixmaps.h"
 
@@ -49,7 +49,7 @@ std::int16_t anyCode(std::minstd_rand& random)
     return static_cast<std::int16_t>(random());
 }
 
-// Flat, empty and sloping pixels in runs, as drawings have them.
+// Runs of flat, empty and sloping pixels, as in drawings.
 std::vector<Pixel16> randomRow(std::size_t width, std::minstd_rand& random)
 {
     const auto any = [&] { return anyCode(random); };

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Vectors turned and mirrored in place.
+// Turns and mirrors vectors in place.
 #include "QuarvelNormalMap/NM_TurnVectors.h"
 
 #include "Pixmaps.h"

@@ -16,7 +16,7 @@ struct NM_LightDirection
     float z = 0.0F;
 };
 
-/// Towards the light, of unit length.
+/// The unit vector towards a distant light.
 inline NM_LightDirection NM_directionTo(const NM_Light& light)
 {
     constexpr double kDegree = std::numbers::pi / 180.0;
@@ -26,8 +26,8 @@ inline NM_LightDirection NM_directionTo(const NM_Light& light)
             static_cast<float>(std::sin(light.height * kDegree))};
 }
 
-/// Halfway between the light and the viewer, who stands on the z axis. A light right behind the picture has no such
-/// direction and makes no highlight: zero.
+/// The unit vector halfway between the light and the viewer, who is on the z axis. For a light exactly behind the
+/// picture there is no such direction; the result is zero, so that the light makes no highlight.
 inline NM_LightDirection NM_halfwayTo(const NM_LightDirection& light)
 {
     const float z = light.z + 1.0F;

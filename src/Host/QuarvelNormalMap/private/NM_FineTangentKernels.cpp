@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A vector holds one channel of several pixels.
+// Each vector register holds one channel of several pixels.
 #include "QuarvelNormalMap/private/NM_FineTangentKernels.h"
 
 #include <array>
@@ -20,7 +20,7 @@ namespace hn = hwy::HWY_NAMESPACE;
 template<class D>
 using Samples = hn::Rebind<std::uint16_t, D>;
 
-// Values from 0 to 65535 and a part of one, cut to whole ones.
+// Truncates values from 0 to less than 65536 to integers.
 template<class D>
 HWY_INLINE hn::Vec<Samples<D>> cut(D /*lanes*/, hn::Vec<D> values)
 {
@@ -40,7 +40,7 @@ template<class D>
 HWY_INLINE hn::Vec<Samples<D>> coverageSamples(D d, hn::Vec<D> coverage)
 {
     const auto one = hn::Set(d, 1.0F);
-    // What is no number is no coverage.
+    // A coverage of NaN counts as 0.
     const auto clamped = hn::IfThenElseZero(hn::Gt(coverage, hn::Zero(d)), hn::Min(coverage, one));
     return cut(d, hn::Add(hn::Mul(clamped, hn::Set(d, 65535.0F)), hn::Set(d, 0.5F)));
 }
@@ -104,7 +104,7 @@ namespace NM_FineTangentKernels {
 
 VL_EXPORT(encodeRow);
 
-// The longest vector of floats, from any of the eight places on.
+// The lanes of the longest vector of floats, plus eight for its place in the table.
 constexpr std::size_t kThresholds = 64 + 8;
 
 } // namespace NM_FineTangentKernels

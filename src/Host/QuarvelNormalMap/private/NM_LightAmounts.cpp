@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Loops without branches over rows of floats, which compilers make vector instructions of.
+// Loops over rows of floats without branches inside, so that compilers can vectorise them.
 #include "QuarvelNormalMap/private/NM_LightAmounts.h"
 
 #include <algorithm>
@@ -61,7 +61,7 @@ void NM_LightAmounts::highlights(const NM_Surface::Row& row, int y, std::size_t 
     for (std::size_t i = 0; i < cosines.size(); ++i) {
         const Way way = _isNear ? wayFrom(acrossOf(from + i), up) : Way{_to, 1.0F};
         const NM_LightDirection halfway = _isNear ? NM_halfwayTo(way.direction) : _halfway;
-        // What looks away from the light has no highlight.
+        // A surface that looks away from the light has no highlight.
         cosines[i] = cosine(row, from + i, way.direction) > 0.0F ? cosine(row, from + i, halfway) : 0.0F;
         fallOffs[i] = way.fallOff;
     }

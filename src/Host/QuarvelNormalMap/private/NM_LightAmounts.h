@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// How much of a light falls on the pixels of a row: the terms of the model that depend on the normal and the place
-// (NM_Lighting.h). The exact picture and the one for the screen both take them from here.
+// NM_LightAmounts: how much of a light falls on the pixels of a row, that is, the terms of the model that depend on the
+// normal and the place (NM_Lighting.h). The exact picture and the one for the screen both use it.
 #pragma once
 
 #include "QuarvelNormalMap/NM_Lighting.h"
@@ -25,7 +25,7 @@ public:
                     std::span<float> fallOffs) const;
 
 private:
-    // From a pixel to a light near the picture, and how much of the light is left there.
+    // The direction from a pixel to a light near the picture, and the fall-off of the light there.
     struct Way
     {
         NM_LightDirection direction;
@@ -38,7 +38,7 @@ private:
 
     NM_LightColour _colour;
     bool _isNear = false;
-    // Of a light from far away.
+    // Of a distant light.
     NM_LightDirection _to;
     NM_LightDirection _halfway;
     // Of a light near the picture, and of the picture.

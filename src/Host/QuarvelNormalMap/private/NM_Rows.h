@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// From pixmaps to pictures: the dispatch on the pixel's format and the loop over rows that all conversions share.
+// The dispatch on the pixmap's format and the loop over rows that all conversions from pixmaps to pictures share.
 #pragma once
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
@@ -11,9 +11,9 @@
 #include <algorithm>
 #include <span>
 
-/// Calls work with the pixmap as what it is.
+/// Calls work(pixmap) with the pixmap cast to its colour format.
 ///
-/// @return false when the pixmap is of no colour format
+/// @return false if the pixmap has no colour format
 template<typename Work>
 bool NM_withColours(const CEL_PixmapArea& pixmap, const Work& work)
 {
@@ -36,8 +36,8 @@ void NM_forRows(int first, int end, const Work& work)
     });
 }
 
-/// Splits the columns x1 .. x2 - 1 of row y: calls missing(x, count) for what lies beside the store's rectangle, on the
-/// left and on the right, and held(x, pixels) for its pixels, where there are any.
+/// Splits the columns x1 .. x2 - 1 of row y: calls missing(x, count) for the columns left and right of the store's
+/// rectangle, and held(x, pixels) for those inside it, each only if there are any.
 template<typename Pixel, typename Missing, typename Held>
 void NM_splitRow(const CEL_PixelStore<Pixel>& source, int y, int x1, int x2, const Missing& missing, const Held& held)
 {
@@ -54,7 +54,8 @@ void NM_splitRow(const CEL_PixelStore<Pixel>& source, int y, int x1, int x2, con
         missing(end, x2 - end);
 }
 
-/// Calls visit(i, pixel) for i = 0 .. x2 - x1 - 1 with the pixels of row y from x1 on; a missing one is all zero.
+/// Calls visit(i, pixel) for i = 0 .. x2 - x1 - 1 with the pixels of row y from x1 on; all channels of a missing pixel
+/// are zero.
 template<typename Pixel, typename Visit>
 void NM_visitRow(const CEL_PixelStore<Pixel>& source, int y, int x1, int x2, const Visit& visit)
 {

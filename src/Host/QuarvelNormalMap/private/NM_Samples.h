@@ -1,13 +1,13 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A channel of a pixmap as a sample of a picture, and fractions as samples.
+// Converts channels of pixmaps, and fractions, to samples of pictures.
 #pragma once
 
 #include "QuarvelImageIO/IIO_Samples.h"
 
 #include <algorithm>
 
-/// A channel's value as a sample: full is 65535 or 1.0. Negative values become 0 in 16-bit samples.
+/// Converts a channel's value to a sample; full scale is 65535 or 1.0. Negative values become 0 in 16-bit samples.
 template<typename Sample>
 Sample NM_toSample(std::int16_t channel)
 {
@@ -25,7 +25,7 @@ Sample NM_toSample(float channel)
         return IIO_toSample16(channel);
 }
 
-/// A number from 0.0 to 1.0 as a sample, halves upwards; what lies beyond is clamped.
+/// Converts a number to a sample: clamps it to 0.0 .. 1.0, rounds halves up.
 template<typename Sample>
 Sample NM_fractionToSample(double fraction)
 {
@@ -37,7 +37,7 @@ Sample NM_fractionToSample(double fraction)
         return static_cast<Sample>(clamped * 65535.0 + 0.5);
 }
 
-/// The same sample within 0.0 .. 1.0; NaN becomes 0.
+/// Clamps a sample to 0.0 .. 1.0; NaN becomes 0.
 inline float NM_clampSample(float sample)
 {
     return sample > 0.0F ? std::min(sample, 1.0F) : 0.0F;

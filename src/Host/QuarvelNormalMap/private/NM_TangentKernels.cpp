@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A pixel is a lane of 64 bits, red lowest, and so are its four samples. Directions are worked out in double precision,
-// operation by operation as in NM_Direction.h; most vectors of most pictures hold nothing but pixels that face the
-// viewer and need none of it.
+// A pixel is a lane of 64 bits with red in the lowest ones, and so are its four samples. Directions are computed in
+// double precision with the same operations as in NM_Direction.h. Most vector registers hold only pixels that face the
+// viewer, which skip this computation.
 #include "QuarvelNormalMap/private/NM_TangentKernels.h"
 
 #include <algorithm>
@@ -23,7 +23,7 @@ using Words = hn::Rebind<std::uint64_t, Doubles>;
 using Ints = hn::Rebind<std::int32_t, Doubles>;
 using Halves = hn::Rebind<std::uint32_t, Doubles>;
 
-// A component that is exactly 0, as it is stored.
+// The stored code of a component that is exactly 0.
 constexpr std::int32_t kZeroCode = 16384;
 
 HWY_INLINE auto fractionsToSamples(hn::Vec<Doubles> fractions)
@@ -43,7 +43,7 @@ HWY_INLINE auto coverageToSamples(hn::Vec<Ints> coverage)
 {
     const Ints d;
     const auto doubled = hn::ShiftLeft<1>(hn::Max(coverage, hn::Zero(d)));
-    // What is true is -1.
+    // The mask is -1 in lanes where the comparison holds, so subtracting it adds 1.
     return hn::Sub(doubled, hn::VecFromMask(d, hn::Gt(coverage, hn::Set(d, kZeroCode - 1))));
 }
 
@@ -91,7 +91,7 @@ HWY_INLINE Colours encoded(hn::Vec<Ints> red, hn::Vec<Ints> green, hn::Vec<Ints>
     return {componentsToSamples(x), componentsToSamples(hn::Mul(hn::Set(d, ySign), y)), componentsToSamples(z)};
 }
 
-// Two samples to each half of a word.
+// Packs two samples into each half of a word.
 HWY_INLINE auto paired(hn::Vec<Ints> lower, hn::Vec<Ints> upper)
 {
     return hn::BitCast(Halves(), hn::Or(lower, hn::ShiftLeft<16>(upper)));
