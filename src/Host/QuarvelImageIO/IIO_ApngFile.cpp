@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Frames are pressed as the pixels of a PNG are. How many there are is known only at the end, so that this number is
-// written last.
+// Frames are compressed like the pixels of a PNG. The number of frames is known only at the end, so it is written last.
 #include "QuarvelImageIO/IIO_ApngFile.h"
 
 #include "QuarvelImageIO/IIO_AtomicFile.h"
@@ -83,7 +82,8 @@ void IIO_ApngWriter::writeFrameControl()
     constexpr std::uint32_t kOrigin = 0;
     constexpr double kDenominator = 10000.0;
     const double seconds = 1.0 / _framesPerSecond;
-    // Two 16-bit numbers: short delays in ten thousandths of a second, long ones in hundredths.
+    // The delay is a fraction of two 16-bit numbers: short delays count ten thousandths of a second, long ones
+    // hundredths.
     const double unit = seconds < 6.0 ? kDenominator : 100.0;
     writeChunk("fcTL", IIO_bigEndian(_sequence++) + IIO_bigEndian(static_cast<std::uint32_t>(_size.width())) +
                            IIO_bigEndian(static_cast<std::uint32_t>(_size.height())) + IIO_bigEndian(kOrigin) +

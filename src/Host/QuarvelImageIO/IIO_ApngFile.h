@@ -1,11 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Animated PNG files: a PNG whose first image every viewer shows, with more of them behind it in chunks of their own.
+// Animated PNG files: a PNG whose first image every viewer shows. The other frames follow in chunks of their own.
 //
 //     signature IHDR acTL fcTL IDAT... fcTL fdAT... fcTL fdAT... IEND
 //
-// fcTL and fdAT share one row of sequence numbers; a fdAT is an IDAT behind its number. The film starts again when it
-// is at its end.
+// fcTL and fdAT share one sequence of numbers; a fdAT holds its number and then what an IDAT holds. The film repeats
+// for ever.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -19,29 +19,30 @@
 
 class IIO_AtomicFile;
 
-/// A film being written, frame by frame. The file appears whole with finish(), or not at all. For one thread at a time.
+/// Writes a film frame by frame. The complete file appears with finish(), or not at all. Only one thread may use a
+/// writer at a time.
 class QUARVELIMAGEIO_EXPORT IIO_ApngWriter
 {
 public:
     /// @param path            the file to make or replace
-    /// @param size            of every frame, in pixels
-    /// @param framesPerSecond held to 1/100 .. 1000
+    /// @param size the size of every frame, in pixels
+    /// @param framesPerSecond clamped to 1/100 .. 1000
     IIO_ApngWriter(const QString& path, const QSize& size, double framesPerSecond);
     ~IIO_ApngWriter();
     IIO_ApngWriter(const IIO_ApngWriter&) = delete;
     IIO_ApngWriter& operator=(const IIO_ApngWriter&) = delete;
 
-    /// Begins the file; to be called first.
+    /// Begins the file. Must be called first.
     UT_Result<void> open();
 
     /// Adds a frame.
     ///
-    /// @param rgba bytes R G B A, straight, rows without gaps: 4 x width x height of them
+    /// @param rgba 4 x width x height bytes R G B A, straight, rows without gaps
     UT_Result<void> add(std::span<const std::uint8_t> rgba);
 
-    /// Ends the file and gives it its name.
+    /// Completes the file and gives it its name.
     ///
-    /// @return an error when there is no frame or a write failed; what was there before is then unchanged
+    /// @return an error if there is no frame or a write failed; an older file is then unchanged
     UT_Result<void> finish();
 
 private:

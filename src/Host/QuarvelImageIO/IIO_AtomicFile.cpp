@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// QSaveFile does the writing beside and the renaming. What it leaves out is done here: a write that is cut short is
-// carried on until its error shows, the error of forcing the data to the disk counts (a network disk reports a full
-// disk only then), and the texts say what to do.
+// QSaveFile writes the temporary file and renames it. This file adds three things: a partial write is continued until
+// its error shows; an error while the data are forced to the disk counts too (a network disk may report only then that
+// it is full); and the error messages say what to do.
 #include "QuarvelImageIO/IIO_AtomicFile.h"
 
 #include "QuarvelBaseCore/UT_DiskSync.h"
@@ -21,7 +21,7 @@ public:
 
     bool failed() const { return _failed; }
 
-    /// True when the disk has everything that was written.
+    /// Forces the data to the disk; true if everything that was written is there.
     bool sync()
     {
         if (!UT_syncDescriptor(handle()))
@@ -29,8 +29,8 @@ public:
         return !_failed;
     }
 
-    /// Encoders go back to fill in what they know in the end. Where that fails the file is not what it says, and as
-    /// with writing it is commit() that tells.
+    /// Encoders seek back to fill in values that they know only at the end. If that fails, the file is wrong; as with a
+    /// failed write, commit() reports it.
     bool seek(qint64 position) override
     {
         if (!_failed && !QSaveFile::seek(position))
@@ -50,12 +50,14 @@ protected:
                 remember(errorString());
             written += step;
         }
-        // Encoders are not told: some of them leak memory or print when a write fails. commit() tells.
+        // Encoders are not told about failed writes, because some of them leak memory or print then. commit() reports
+        // them.
         return length;
     }
 
 private:
-    // Right after the failure, while errno tells which kind it is. The first one explains those that follow.
+    // Must be called right after the failure, while errno tells its kind. Keeps the first failure, which explains the
+    // later ones.
     void remember(const QString& reason)
     {
         if (_failed)
@@ -80,7 +82,7 @@ UT_Error cannotWrite(const QString& path, const QString& why)
     return {QStringLiteral("cannot write \"%1\": %2").arg(path, why)};
 }
 
-// Why the path cannot become a file, as far as that can be told beforehand; empty when it can.
+// The reason why the path cannot become a file, as far as this can be checked beforehand; empty if there is none.
 QString obstacle(const QString& path)
 {
     if (path.isEmpty())
@@ -114,7 +116,7 @@ UT_Result<void> IIO_AtomicFile::open()
     if (const QString why = obstacle(_path); !why.isEmpty())
         return cannotWrite(_path, why);
     _device = std::make_unique<Device>(_path);
-    // Without a buffer in between, so that every failed write shows at once and with its true reason.
+    // Unbuffered, so that every failed write shows at once and with its own reason.
     if (!_device->open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return cannotWrite(_path, QStringLiteral("%1; name another place").arg(_device->errorString()));
     return {};
@@ -135,8 +137,8 @@ UT_Result<void> IIO_AtomicFile::commit()
     }
     if (!_device->commit())
         return failure();
-    // The file is whole with or without its new name on the disk, so nothing fails here: after a crash of the machine
-    // there is the new picture or the old one.
+    // Forces the new name to the disk. A failure does not matter: after a crash of the machine, either the complete new
+    // file or the old one is there.
     (void)UT_syncPath(QFileInfo(_path).absolutePath());
     return {};
 }

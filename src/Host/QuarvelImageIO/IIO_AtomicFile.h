@@ -1,8 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// IIO_AtomicFile: a file that appears whole or not at all. It is written under another name in the same folder, forced
-// to the disk, and then renamed; whoever opens the path sees the old file or the new one, never a part. When anything
-// fails, or the object is destroyed before commit(), the other name is removed and the old file is as it was.
+// IIO_AtomicFile: a file that appears complete or not at all. It is written under a temporary name in the same folder,
+// forced to the disk, and then renamed, so a program that opens the path sees the old file or the new one, never a
+// part. If anything fails, or the object is destroyed before commit(), the temporary file is removed and the old file
+// is unchanged.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -12,7 +13,7 @@
 
 #include <memory>
 
-/// A file being written. For one thread at a time.
+/// A file that is being written. Only one thread may use it at a time.
 class QUARVELIMAGEIO_EXPORT IIO_AtomicFile
 {
 public:
@@ -22,25 +23,25 @@ public:
     IIO_AtomicFile(const IIO_AtomicFile&) = delete;
     IIO_AtomicFile& operator=(const IIO_AtomicFile&) = delete;
 
-    /// Makes the file under its other name.
+    /// Makes the temporary file.
     ///
-    /// @return an error when the folder is missing or may not be written, when the path is a folder or a device, and
-    /// when a file is there that may not be written
+    /// @return an error if the folder is missing or not writable, if the path is a folder or a device, or if a file
+    /// with this path is not writable
     UT_Result<void> open();
 
-    /// Where to write; seekable. A write that fails or is cut short is remembered; it and those that follow look as if
-    /// they had succeeded, and commit() fails.
+    /// The device to write to; it is seekable. It remembers a write or seek that fails: this call and later ones appear
+    /// to succeed, and commit() fails.
     QIODevice& device();
 
-    /// Forces what was written to the disk and gives the file its name.
+    /// Forces the data to the disk and gives the file its name.
     ///
-    /// @return an error, with the old file untouched, when a write failed (a full disk, say) or the file cannot be put
-    /// in place
+    /// @return an error if a write failed (for instance because the disk is full) or the file cannot be renamed; the
+    /// old file is then unchanged
     UT_Result<void> commit();
 
-    /// Gives up, which leaves the old file untouched.
+    /// Removes the temporary file; the old file is unchanged.
     ///
-    /// @return the error of the write that failed; no error when none did and the reason to give up lies elsewhere
+    /// @return the error of the first failed write; no error if none failed
     UT_Result<void> abandon();
 
 private:

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Samples are converted to the file's type in bands of rows, so that no second picture is ever held.
+// Converts samples to the file's type in bands of rows, so that no second copy of the picture is in memory.
 #include "QuarvelImageIO/IIO_ExrFile.h"
 
 #include "QuarvelImageIO/IIO_AtomicFile.h"
@@ -22,7 +22,7 @@
 
 namespace {
 
-// A multiple of what every compression packs at once, so that bands end where blocks end.
+// A multiple of the block height of every compression, so that bands end where blocks end.
 constexpr int kBandRows = 256;
 
 template<typename Stored>
@@ -62,8 +62,8 @@ Imf::Header headerOf(const IIO_Picture& picture, const IIO_WriteOptions& options
     return header;
 }
 
-// What keeps the picture's texts out of a file; empty when nothing does. The format's own entries (the windows, the
-// channels) must not be overwritten.
+// The first metadata key that the file cannot hold; empty if there is none. Metadata must not overwrite the format's
+// own attributes (the windows, the channels).
 QString unfitKey(const IIO_Metadata& metadata)
 {
     const Imf::Header standard;
@@ -124,7 +124,7 @@ void writeStream(QIODevice& device, const QByteArray& name, const IIO_Picture& p
         writeSamples<float>(file, picture);
 }
 
-// The file's channels, colours first. Empty when some have fewer samples than the picture has pixels.
+// The file's channels, colours first. Empty if any channel is subsampled.
 QStringList channelsOf(const Imf::Header& header)
 {
     QStringList names;
@@ -137,7 +137,7 @@ QStringList channelsOf(const Imf::Header& header)
     for (const QString& colour : IIO_channelsRgba() + IIO_channelsGreyAlpha())
         if (names.removeOne(colour))
             ordered << colour;
-    // Y before A, as grey pictures have it.
+    // Grey pictures have Y before A.
     if (ordered == QStringList{QStringLiteral("A"), QStringLiteral("Y")})
         ordered = IIO_channelsGreyAlpha();
     return ordered + names;

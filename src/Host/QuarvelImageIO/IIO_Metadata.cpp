@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A handful of entries at most, so a plain list that is searched from its start.
+// There are only a few entries, so a list with a linear search is enough.
 #include "QuarvelImageIO/IIO_Metadata.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Making and copying pictures. Samples are left uninitialised on purpose: clearing a large picture that is written in
-// full right afterwards would cost one more pass over its memory.
+// Samples are left uninitialised on purpose: clearing a large picture that is completely overwritten right afterwards
+// would cost one more pass over its memory.
 #include "QuarvelImageIO/IIO_Picture.h"
 
 #include <algorithm>
@@ -38,7 +38,7 @@ QStringList IIO_channelsGrey()
     return {QStringLiteral("Y")};
 }
 
-// Null when there is no memory.
+// Null if there is not enough memory.
 template<typename Sample>
 IIO_Picture::Samples<Sample> IIO_Picture::allocate(std::size_t count)
 {
@@ -58,7 +58,7 @@ UT_Result<IIO_Picture> IIO_Picture::create(IIO_SampleType type, const Math::Box2
         return UT_Error{
             QStringLiteral("a picture needs at least one pixel; give it a width and a height of 1 or more")};
 
-    // The largest array that the language allows bounds the product before it can overflow.
+    // Refuses more samples than the largest array can hold, before the product can overflow.
     constexpr std::int64_t kMostSamples = std::numeric_limits<std::ptrdiff_t>::max() / std::int64_t{sizeof(float)};
     if (dataWindow.area() > kMostSamples / channels.size())
         return tooLarge(dataWindow);

@@ -1,11 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// IIO_Picture: a picture on its way to or from a file. Its samples lie interleaved, row by row without gaps, and are
-// all of one type. It has two windows, half-open rectangles with x right and y down: the display window is the frame
-// that is shown, the data window holds the pixels that exist. They are the same for most pictures; what spreads beyond
-// the frame makes the data window larger.
+// IIO_Picture: a picture for writing to or reading from a file. Its samples lie interleaved, row by row without gaps,
+// and are all of one type. It has two windows, half-open rectangles with x right and y down: the display window is the
+// visible frame, the data window holds the pixels that exist. They are the same for most pictures; a picture with
+// pixels outside the frame has a larger data window.
 //
-// Colours are straight (not multiplied by coverage), as PNG files hold them, so that writing changes no value.
+// Colours are straight (not multiplied by coverage), as PNG files hold them, so that writing does not change any value.
 #pragma once
 
 #include "QuarvelBaseCore/Math_Box2di.h"
@@ -35,22 +35,22 @@ QUARVELIMAGEIO_EXPORT QStringList IIO_channelsRgb();
 QUARVELIMAGEIO_EXPORT QStringList IIO_channelsGreyAlpha();
 QUARVELIMAGEIO_EXPORT QStringList IIO_channelsGrey();
 
-/// A picture with its texts. It can be moved, and copied only on purpose, with clone().
+/// A picture with its metadata. It can be moved; only clone() copies it.
 ///
-/// Any number of threads may read it, or write disjoint rows of it.
+/// Any number of threads may read a picture at once, or write disjoint rows of it.
 class QUARVELIMAGEIO_EXPORT IIO_Picture
 {
 public:
-    /// A picture whose samples hold anything: the caller writes them all.
+    /// Makes a picture whose samples are uninitialised: the caller must write all of them.
     ///
     /// @param displayWindow the frame; not empty
-    /// @param dataWindow    the pixels to hold; not empty
+    /// @param dataWindow the stored pixels; not empty
     /// @param channels      one name per channel, at least one, without repetition
-    /// @return an error when a window is empty or the samples do not fit in memory
+    /// @return an error if a window is empty or the samples do not fit in memory
     static UT_Result<IIO_Picture> create(IIO_SampleType type, const Math::Box2di& displayWindow,
                                          const Math::Box2di& dataWindow, const QStringList& channels);
 
-    /// The same with both windows at the origin.
+    /// The same, with both windows at the origin.
     static UT_Result<IIO_Picture> create(IIO_SampleType type, const Math::Size2di& size, const QStringList& channels);
 
     IIO_Picture(IIO_Picture&&) = default;
@@ -59,7 +59,7 @@ public:
     IIO_Picture& operator=(const IIO_Picture&) = delete;
     ~IIO_Picture() = default;
 
-    /// A copy, or an error when it does not fit in memory.
+    /// Makes a copy, or returns an error if it does not fit in memory.
     UT_Result<IIO_Picture> clone() const;
 
     IIO_SampleType sampleType() const { return _samples.index() == 0 ? IIO_SampleType::UINT16 : IIO_SampleType::FLOAT; }
@@ -72,7 +72,7 @@ public:
     int width() const { return _dataWindow.width(); }
     int height() const { return _dataWindow.height(); }
 
-    /// The samples of row y (dataWindow().y1 and up), width() * channelCount() of them, channels side by side.
+    /// The width() * channelCount() samples of row y (dataWindow().y1 .. y2 - 1), channels side by side.
     ///
     /// @tparam Sample std::uint16_t or float, as sampleType() says
     template<typename Sample>
@@ -90,7 +90,7 @@ public:
     const IIO_Metadata& metadata() const { return _metadata; }
 
 private:
-    /// Gives the samples back to where large blocks are kept for the next picture.
+    /// Returns the samples to UT_PixelMemory, which keeps large blocks for the next picture.
     struct Deleter
     {
         void operator()(void* samples) const { UT_PixelMemory::give(samples, bytes); }

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The table of formats, and everything that is looked up in it.
+// The table of formats and the look-ups in it.
 #include "QuarvelImageIO/IIO_PictureFile.h"
 
 #include "QuarvelBaseCore/UT_FileName.h"
@@ -15,7 +15,7 @@
 
 namespace {
 
-// A format with what is done in it.
+// A format with its writer and reader.
 struct Format
 {
     using Write = UT_Result<void> (*)(const QString& path, const IIO_Picture& picture, const IIO_WriteOptions& options);
@@ -24,10 +24,10 @@ struct Format
     IIO_PictureFormat about;
     Write write;
     Read read;
-    const char* lastBytes = ""; // in hexadecimal: of files that a reader would take when they are cut off
+    const char* lastBytes = ""; // in hexadecimal; only for formats whose reader accepts a truncated file
 };
 
-// The formats that are written through Qt, with what Qt calls them: the end of their names.
+// The formats that are written through Qt. Qt's name for a format is its suffix.
 template<bool alpha>
 UT_Result<void> writeEightBit(const QString& path, const IIO_Picture& picture, const IIO_WriteOptions& options)
 {

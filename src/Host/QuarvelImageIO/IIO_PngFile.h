@@ -1,17 +1,17 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// PNG files with 16 bits a channel, or 8. Values arrive as they are: no gamma, no multiplication by coverage. Metadata
-// goes into text chunks, which PNG readers hand back sorted by key.
+// PNG files with 16 or 8 bits per channel. Values are stored unchanged: no gamma, no multiplication by coverage.
+// Metadata are stored in text chunks, which readers of PNG return sorted by key.
 #pragma once
 
 #include "QuarvelImageIO/IIO_Picture.h"
 #include "QuarvelImageIO/IIO_WriteOptions.h"
 
-/// Writes a PNG file, whole or not at all.
+/// Writes a PNG file, completely or not at all.
 ///
-/// Of a picture of floats, 0.0 .. 1.0 becomes 0 .. 65535, rounded to nearest and clamped; NaN becomes 0. What the data
-/// window holds beyond the display window is left out, and what it lacks there becomes 0 in all channels. Grey with
-/// coverage is written as four equal channels of colour and the coverage.
+/// Floats 0.0 .. 1.0 become 0 .. 65535, rounded to nearest and clamped; NaN becomes 0. Pixels outside the display
+/// window are not written; missing pixels inside it become 0 in all channels. Grey with coverage is written as R G B A
+/// with three equal colours.
 ///
 /// @param path    the file to make or replace
 /// @param picture with the channels R G B A, R G B, Y A or Y

@@ -1,12 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Between the two types of samples, one sample at a time.
+// Converts single samples between types.
 #pragma once
 
 #include <cmath>
 #include <cstdint>
 
-/// 0.0 .. 1.0 to 0 .. 65535, to nearest, clamped; NaN becomes 0.
+/// Converts 0.0 .. 1.0 to 0 .. 65535, rounded to nearest and clamped; NaN becomes 0.
 inline std::uint16_t IIO_toSample16(float value)
 {
     // Written so that NaN fails the first comparison.
@@ -22,7 +22,7 @@ inline std::uint16_t IIO_toSample16(std::uint16_t value)
     return value;
 }
 
-/// 0 .. 65535 to 0.0 .. 1.0.
+/// Converts 0 .. 65535 to 0.0 .. 1.0.
 inline float IIO_toSampleFloat(std::uint16_t value)
 {
     return static_cast<float>(value) / 65535.0F;
@@ -32,7 +32,7 @@ inline float IIO_toSampleFloat(float value)
     return value;
 }
 
-/// 0 .. 65535 to the nearest of 0 .. 255.
+/// Converts 0 .. 65535 to the nearest of 0 .. 255.
 inline std::uint8_t IIO_toSample8(std::uint16_t value)
 {
     return static_cast<std::uint8_t>((value * 255U + 32767U) / 65535U);

@@ -1,14 +1,14 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// IIO_WriteOptions: how a picture is to be written, for all formats at once; each format takes what concerns it.
+// IIO_WriteOptions: how to write a picture. Each format uses the options that concern it.
 #pragma once
 
-/// How hard to press a picture together. No such setting changes a value of a PNG or an OpenEXR file.
+/// How strongly to compress a picture. The compression of PNG and OpenEXR files is lossless with every setting.
 enum class IIO_Compression
 {
-    NONE, ///< as it is
-    FAST, ///< the default: most of the gain for little time
-    SMALL ///< smallest file, several times slower
+    NONE, ///< uncompressed
+    FAST, ///< the default: most of the compression in little time
+    SMALL ///< the smallest files, several times slower
 };
 
 /// The sample type of OpenEXR files.
@@ -23,8 +23,8 @@ struct IIO_WriteOptions
 {
     IIO_Compression compression = IIO_Compression::FAST;
     IIO_ExrDepth exrDepth = IIO_ExrDepth::HALF;
-    /// Of a channel of a PNG file: 16, or 8, where every sample becomes the nearest of 256 steps.
+    /// Bits per channel of a PNG file: 16, or 8; with 8, every sample becomes the nearest of 256 steps.
     int pngBits = 16;
-    /// Of lossy 8-bit formats, 0 (worst) to 100 (best).
+    /// The quality of lossy 8-bit formats, 0 (worst) to 100 (best).
     int quality = 95;
 };

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Animated PNG files, taken apart chunk by chunk.
+// Animated PNG files, checked chunk by chunk.
 #include "Inflate.h"
 
 #include "QuarvelImageIO/IIO_ApngFile.h"
@@ -36,7 +36,7 @@ class Apng : public testing::Test
 protected:
     QString path() const { return QDir(_folder.path()).filePath(QStringLiteral("film.png")); }
 
-    // Frames of 3 x 2 pixels in one colour each.
+    // A frame of 3 x 2 pixels of one colour.
     static std::vector<std::uint8_t> frame(std::uint8_t red, std::uint8_t alpha = 255)
     {
         std::vector<std::uint8_t> bytes;
@@ -71,7 +71,7 @@ protected:
         return found;
     }
 
-    // The n-th frame as an image of its own: its header, its data, and an end.
+    // The n-th frame as an image: its header, its data, and an end chunk make a PNG.
     QImage image(int index) const
     {
         QByteArray png("\x89PNG\r\n\x1a\n", 8);

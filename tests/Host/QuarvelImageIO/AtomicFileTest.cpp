@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Files appear whole or not at all, whatever goes wrong on the way, and the error says what to do.
+// Files appear complete or not at all, whatever fails, and the error says what to do.
 #include "Limits.h"
 #include "Pictures.h"
 
@@ -69,7 +69,7 @@ TEST_F(AtomicFile, AbandonLeavesTheOldFile)
     EXPECT_EQ(files(), QStringList{QStringLiteral("f")});
 }
 
-// The sizes cover a write that fails at once, one that is cut short, and one that fails only when buffers are emptied.
+// The sizes cover a write that fails at once, a partial write, and a write that fails only when buffers are flushed.
 class FullDisk : public FolderTest, public testing::WithParamInterface<int>
 {};
 
@@ -146,7 +146,7 @@ TEST_F(AtomicFile, AnEmptyNameIsRefused)
     EXPECT_TRUE(text.contains(QStringLiteral("the name is empty"))) << text.toStdString();
 }
 
-// All may read and enter, and nobody but the given ones may write.
+// Everybody may read and enter; only the given ones may write.
 void permit(const QString& path, QFile::Permissions writers)
 {
     const auto readers = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;

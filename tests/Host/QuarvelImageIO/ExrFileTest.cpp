@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// OpenEXR files: floats come back exactly, halves to the nearest, with windows, layers and texts.
+// OpenEXR files: floats are read back exactly, halves are rounded to nearest; windows, layers and texts are kept.
 #include "Limits.h"
 #include "Pictures.h"
 
@@ -68,7 +68,7 @@ TEST_F(ExrFile, SixteenBitSamplesBecomeZeroToOne)
 
 TEST_F(ExrFile, BandsOfRowsMeet)
 {
-    // More rows than are converted at once, and not a multiple of them.
+    // More rows than a band has, and not a multiple of that.
     const IIO_Picture picture = randomFloats({0, -3, 3, 700}, {0, -3, 3, 700}, IIO_channelsRgb(), 5);
     ASSERT_TRUE(IIO_writeExr(path(QStringLiteral("p.exr")), picture, {.exrDepth = IIO_ExrDepth::FLOAT}).ok());
     const auto back = IIO_readExr(path(QStringLiteral("p.exr")));
@@ -106,7 +106,7 @@ TEST_F(ExrFile, AFullDiskLeavesTheOldPictureWhereverItStrikes)
     const IIO_Picture picture = randomFloats({0, 0, 64, 64}, {0, 0, 64, 64}, IIO_channelsRgba(), 1);
     ASSERT_TRUE(IIO_writeExr(path(QStringLiteral("whole.exr")), picture, {}).ok());
     const auto size = static_cast<rlim_t>(content(QStringLiteral("whole.exr")).size());
-    // In the header, amid the lines, and at the very end.
+    // The disk is full in the header, in the middle of the lines, and at the last byte.
     for (const rlim_t room : {rlim_t{100}, size / 2, size - 1}) {
         const FileSizeLimit limit(room);
         EXPECT_FALSE(IIO_writeExr(path(QStringLiteral("p.exr")), picture, {}).ok()) << room;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Small OpenEXR files that promise large pictures: refused for what their header says, before room is made for it.
+// Small OpenEXR files that promise large pictures are refused by their headers, before memory is allocated for them.
 #include "Pictures.h"
 
 #include "QuarvelImageIO/IIO_ExrFile.h"
@@ -36,7 +36,7 @@ QByteArray box(quint32 x2, quint32 y2)
     return u32(0) + u32(0) + u32(x2) + u32(y2);
 }
 
-// A header of one channel of floats.
+// A header with one float channel.
 QByteArray header(quint32 width, quint32 height, char compression, quint32 flags = 0, const QByteArray& more = {})
 {
     const QByteArray channels = zeroEnded("Y") + u32(2) + u32(0) + u32(1) + u32(1) + '\0';
@@ -111,7 +111,7 @@ TEST_F(ExrHeader, SeveralPartsAreRefused)
 
 TEST_F(ExrHeader, AnEvenPictureIsNotTakenForTooLarge)
 {
-    // The most that compression ever does: one value everywhere.
+    // One value everywhere gives the highest compression.
     const Math::Box2di window(0, 0, 2000, 2000);
     const IIO_Picture picture = pictureOf<float>(window, window, IIO_channelsRgba(), [] { return 0.0F; });
     for (const auto compression : {IIO_Compression::NONE, IIO_Compression::FAST, IIO_Compression::SMALL}) {

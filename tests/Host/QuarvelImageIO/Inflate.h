@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The way back from what was pressed, through Qt's own reader of zlib streams, which checks every bit and the checksum.
+// Decompresses zlib streams with Qt's reader, which checks every bit and the checksum.
 #pragma once
 
 #include <QByteArray>
@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <span>
 
-/// A number as PNG and zlib have it.
+/// The bytes of a number in the byte order of PNG and zlib.
 inline QByteArray bigEndian32(std::uint32_t number)
 {
     QByteArray bytes(4, Qt::Uninitialized);
@@ -17,15 +17,15 @@ inline QByteArray bigEndian32(std::uint32_t number)
     return bytes;
 }
 
-/// The bytes of a zlib stream; empty when anything is wrong with it.
+/// The decompressed bytes of a zlib stream; empty if the stream is damaged.
 ///
-/// @param length how many they should be
+/// @param length the expected number of bytes
 inline QByteArray inflated(const QByteArray& stream, qsizetype length)
 {
     return qUncompress(bigEndian32(static_cast<std::uint32_t>(length)) + stream);
 }
 
-/// Adler-32, as its definition says.
+/// Adler-32, computed by its definition.
 inline std::uint32_t adler32Of(std::span<const std::uint8_t> bytes)
 {
     std::uint32_t a = 1;
@@ -37,7 +37,7 @@ inline std::uint32_t adler32Of(std::span<const std::uint8_t> bytes)
     return b << 16U | a;
 }
 
-/// CRC-32 bit by bit, as its definition says.
+/// CRC-32, computed bit by bit by its definition.
 inline std::uint32_t crc32Of(const QByteArray& bytes)
 {
     std::uint32_t value = 0xffffffffU;

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Conditions under which writing fails, for as long as the object lives: a disk with room for so many bytes and no
-// more, and a user without rights.
+// Conditions under which writing fails, for the lifetime of an object: a disk with limited room, and a user without
+// permissions.
 #pragma once
 
 #include <csignal>
@@ -9,7 +9,7 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-/// No file of this process can grow beyond the size; a write that would is cut short or fails.
+/// Limits the size of this process's files; a write that would exceed it is partial or fails.
 class FileSizeLimit
 {
 public:
@@ -32,13 +32,13 @@ private:
     void (*_signal)(int);
 };
 
-/// The process is an ordinary user, also when the tests run as the superuser, whom no permission stops.
+/// Makes the process run as an ordinary user even if the tests run as the superuser, who may write everywhere.
 class OrdinaryUser
 {
 public:
     OrdinaryUser() : _superuser(geteuid() == 0)
     {
-        // The superuser's number stays behind as the saved one, so that there is a way back.
+        // The superuser's id is kept as the saved id, so that the destructor can restore it.
         constexpr uid_t kNobody = 65534;
         if (_superuser && setresuid(kNobody, kNobody, 0) != 0)
             std::abort();

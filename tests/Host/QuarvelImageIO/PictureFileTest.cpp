@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The choice of the format by the end of the name, and the 8-bit formats.
+// The choice of the format by the suffix, and the 8-bit formats.
 #include "Pictures.h"
 
 #include "QuarvelImageIO/IIO_PictureFile.h"

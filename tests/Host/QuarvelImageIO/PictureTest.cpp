@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Pictures in memory: windows, rows, copies, and sizes that cannot be.
+// Pictures in memory: windows, rows, copies, and impossible sizes.
 #include "Pictures.h"
 
 TEST(Picture, RowsAreAddressedByTheDataWindowsCoordinates)

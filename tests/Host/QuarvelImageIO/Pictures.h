@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What the tests of picture files share: pictures with known or random samples, comparison, a folder for a test's
-// files.
+// Shared by the tests of picture files: pictures with known or random samples, comparison, a folder for a test's files.
 #pragma once
 
 #include "QuarvelImageIO/IIO_Picture.h"
@@ -27,7 +26,7 @@ std::vector<Sample> samplesOf(const IIO_Picture& picture)
     return samples;
 }
 
-/// A picture whose samples come one after the other from the function.
+/// A picture whose samples the function returns one after the other.
 template<typename Sample>
 IIO_Picture pictureOf(const Math::Box2di& display, const Math::Box2di& data, const QStringList& channels,
                       const std::function<Sample()>& next)
@@ -40,7 +39,7 @@ IIO_Picture pictureOf(const Math::Box2di& display, const Math::Box2di& data, con
     return picture;
 }
 
-/// A picture of every kind of 16-bit value.
+/// A picture with random 16-bit samples.
 inline IIO_Picture randomPicture16(int width, int height, const QStringList& channels, unsigned seed)
 {
     std::mt19937 random(seed);
@@ -49,7 +48,7 @@ inline IIO_Picture randomPicture16(int width, int height, const QStringList& cha
                                     [&] { return static_cast<std::uint16_t>(any(random)); });
 }
 
-/// A picture of the given samples, with both windows at the origin.
+/// A picture with the given samples and both windows at the origin.
 template<typename Sample>
 IIO_Picture pictureOfSamples(int width, int height, const QStringList& channels, const std::vector<Sample>& samples)
 {
@@ -57,7 +56,7 @@ IIO_Picture pictureOfSamples(int width, int height, const QStringList& channels,
     return pictureOf<Sample>({0, 0, width, height}, {0, 0, width, height}, channels, [&] { return *next++; });
 }
 
-/// A test with a folder of its own, removed afterwards.
+/// A test with a folder of its own, which is removed afterwards.
 class FolderTest : public testing::Test
 {
 protected:

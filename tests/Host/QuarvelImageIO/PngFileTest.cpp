@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// PNG files: sixteen bits arrive untouched, floats are rounded, windows are honoured, texts come back.
+// PNG files: 16-bit samples are stored unchanged, floats are rounded, windows are respected, texts are read back.
 #include "Limits.h"
 #include "Pictures.h"
 
@@ -64,7 +64,7 @@ TEST_F(PngFile, GreyWithCoverageBecomesFourChannels)
 TEST_F(PngFile, FloatsAreRoundedAndClamped)
 {
     constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
-    // 0.25 x 65535 = 16383.75; 0.5 x 65535 = 32767.5, which goes up.
+    // 0.25 x 65535 = 16383.75; 0.5 x 65535 = 32767.5, which is rounded up.
     const auto picture = pictureOfSamples<float>(8, 1, IIO_channelsGrey(),
                                                  {0.0F, 1.0F, 0.25F, 0.5F, -0.5F, 2.0F, kNan, 1.0F / 65535.0F});
     EXPECT_EQ(throughFile(path(QStringLiteral("p.png")), picture, IIO_Compression::FAST),
@@ -73,7 +73,7 @@ TEST_F(PngFile, FloatsAreRoundedAndClamped)
 
 TEST_F(PngFile, HoldsTheDisplayWindow)
 {
-    // The data reaches one pixel beyond the frame on the left and misses its last column.
+    // The data window reaches one pixel past the frame on the left and lacks its last column.
     std::vector<U16> values = {10, 11, 12, 20, 21, 22};
     auto next = values.begin();
     const auto picture =

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// PNG files byte by byte, and pictures of every shape: the smallest, wide ones, and ones of many bands.
+// PNG files byte by byte, and pictures of many sizes: the smallest, wide ones, and ones of many bands.
 #include "Inflate.h"
 #include "Pictures.h"
 
@@ -23,7 +23,7 @@ struct Chunk
 {
     QByteArray type;
     QByteArray data;
-    bool isSound = false; ///< its checksum fits
+    bool isSound = false; ///< its checksum is correct
 };
 
 std::vector<Chunk> chunksOf(const QByteArray& png)
@@ -55,7 +55,7 @@ QByteArray dataOf(const std::vector<Chunk>& chunks, const QByteArray& type)
     return data;
 }
 
-// Slopes, flat parts and some noise, as normal maps have them.
+// Slopes, flat parts and some noise, as in normal maps.
 IIO_Picture slopes(int width, int height, const QStringList& channels)
 {
     std::mt19937 random(5);
@@ -78,7 +78,7 @@ TEST_F(PngStream, IsWhatItsFormatSays)
     EXPECT_EQ(typesOf(chunks), (QByteArrayList{"IHDR", "pHYs", "tEXt", "IDAT", "IEND"}));
     for (const Chunk& chunk : chunks)
         EXPECT_TRUE(chunk.isSound) << chunk.type.toStdString();
-    // 2 x 1 pixels of 16 bits, colours with coverage, deflate, filters, not interlaced; 96 dots an inch.
+    // 2 x 1 pixels of 16 bits, colours with coverage, deflate, filters, not interlaced; 96 dots per inch.
     EXPECT_EQ(chunks[0].data.toHex(), "00000002000000011006000000");
     EXPECT_EQ(chunks[1].data.toHex(), "00000ec400000ec401");
     EXPECT_EQ(chunks[2].data, QByteArray("Layout\0tangent", 14));
@@ -90,7 +90,7 @@ TEST_F(PngStream, IsWhatItsFormatSays)
 
 TEST_F(PngStream, FiltersByTheLeftNeighbourOrTheOneAbove)
 {
-    // The first row differs least from its left neighbours, the second from the row above, where it is the same.
+    // The first row differs least from its left neighbours; the second is equal to the row above.
     const auto picture = pictureOfSamples<U16>(3, 2, IIO_channelsGrey(), {256, 257, 258, 256, 257, 258});
     ASSERT_TRUE(IIO_writePng(path(QStringLiteral("p.png")), picture, {}).ok());
     const QByteArray data = dataOf(chunksOf(content(QStringLiteral("p.png"))), "IDAT");
@@ -141,7 +141,7 @@ TEST_P(PngShape, ComesBackInEveryForm)
         }
 }
 
-// The reader of pictures takes no notice of what stands behind the last row, so this is looked at here.
+// The reader of pictures ignores the bytes after the last row, so this test checks them.
 TEST_P(PngShape, HasSoundChunksAndEndsWithTheRightChecksum)
 {
     for (const IIO_Compression compression : kCompressions) {

@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Pieces of a deflate stream (RFC 1951), as PNG files have it. Each piece looks back at no other and ends at the border
-// of a byte, so that pieces can be made beside each other and written one after the other. The same bytes become the
-// same piece.
+// Pieces of a deflate stream (RFC 1951), which PNG files contain. A piece does not refer to other pieces and ends at a
+// byte boundary, so that pieces can be made in parallel and written one after the other. The same bytes always become
+// the same piece.
 #pragma once
 
 #include "QuarvelImageIO/IIO_WriteOptions.h"
@@ -11,18 +11,18 @@
 #include <span>
 #include <vector>
 
-/// Presses bytes into pieces. Any number of threads may use one.
+/// Compresses bytes to pieces. Any number of threads may use the same object.
 class IIO_Deflate
 {
 public:
     explicit IIO_Deflate(IIO_Compression compression) : _compression(compression) {}
 
-    /// Appends the piece for some bytes, no more than 1 GiB of them. Throws std::bad_alloc when memory lacks.
+    /// Appends the piece for at most 1 GiB of bytes. Throws std::bad_alloc if there is not enough memory.
     ///
-    /// @param isLast whether the stream ends with it
+    /// @param isLast whether the stream ends with this piece
     void press(std::span<const std::uint8_t> bytes, bool isLast, std::vector<std::uint8_t>& output) const;
 
-    /// The checksum of bytes by which a zlib stream ends: Adler-32.
+    /// Adler-32, the checksum at the end of a zlib stream.
     static std::uint32_t checksumOf(std::span<const std::uint8_t> bytes);
 
 private:

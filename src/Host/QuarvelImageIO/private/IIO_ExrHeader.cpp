@@ -16,22 +16,23 @@ constexpr quint32 kTiled = 0x200;
 constexpr quint32 kDeepOrSeveralParts = 0x1800;
 constexpr qsizetype kLongestName = 255;
 
-// What one compression does at best: the lines that it packs at once, and the bytes that one byte can become.
+// The limits of a compression: the lines in a block, and the largest number of bytes that one compressed byte can stand
+// for.
 struct Compression
 {
     qint64 lines;
     qint64 growth;
 };
 
-// By their numbers in the file. RLE gives 128 bytes for 2; zlib 1032 for 1, and PXR24 throws away a quarter before it;
-// PIZ repeats up to 255 samples of 2 bytes for about 10 bits; B44A gives 16 samples of 2 bytes for 3 bytes; DWA packs
-// what it has packed by zlib by RLE before.
+// Indexed by the compression's number in the file. RLE can expand 2 bytes to 128, zlib 1 byte to 1032; PXR24 discards a
+// quarter of the data before zlib; PIZ can expand about 10 bits to 255 samples of 2 bytes, B44A 3 bytes to 16 samples
+// of 2 bytes; DWA applies RLE before zlib.
 constexpr std::array<Compression, 10> kCompressions = {
     {{1, 1}, {1, 64}, {1, 1032}, {16, 1032}, {32, 512}, {16, 1376}, {32, 11}, {32, 11}, {32, 66048}, {256, 66048}}};
 
 struct Promise
 {
-    std::optional<std::array<qint32, 4>> dataWindow; // the first and the last column and line
+    std::optional<std::array<qint32, 4>> dataWindow; // the first column and line, the last column and line
     std::optional<std::array<quint32, 2>> tile;      // its width and height
     std::optional<quint8> compression;
     qint64 bytesPerPixel = 0;
@@ -47,7 +48,7 @@ quint32 u32(const QByteArray& bytes, qsizetype offset)
     return qFromLittleEndian<quint32>(bytes.constData() + offset);
 }
 
-// A text that ends in a zero; nothing when it is longer than a name can be.
+// Reads a text up to its terminating zero; std::nullopt if it is longer than a name can be or the file ends first.
 std::optional<QByteArray> readName(QIODevice& device)
 {
     QByteArray name;
@@ -57,9 +58,9 @@ std::optional<QByteArray> readName(QIODevice& device)
     return std::nullopt;
 }
 
-// The bytes of one pixel with all channels: names ended by zeros, each with 16 bytes of which the first four say the
-// type (integers and floats take four bytes, half floats two). Channels that are sampled more sparsely count in full:
-// the program does not read them.
+// The bytes of one pixel with all channels. The list holds for each channel its name with a terminating zero and 16
+// bytes, the first four of which are the type (integers and floats take four bytes, half floats two). Subsampled
+// channels count in full, because this program does not read them anyway.
 qint64 bytesPerPixelOf(const QByteArray& channels)
 {
     qint64 bytes = 0;
@@ -73,7 +74,7 @@ qint64 bytesPerPixelOf(const QByteArray& channels)
     return bytes;
 }
 
-// The thumbnail's own width and height decide how much room is made for it.
+// The library allocates memory for the thumbnail by its width and height, so these must agree with its size.
 bool isWholePreview(const QByteArray& value)
 {
     return value.size() >= 8 && quint64{u32(value, 0)} * u32(value, 4) == static_cast<quint64>(value.size() - 8) / 4;
@@ -136,11 +137,11 @@ UT_Result<void> compare(const Promise& promise, bool tiled, qint64 bytesLeft)
     const Compression& compression = kCompressions[*promise.compression];
     const qint64 blocks = tiled ? divideUp(width, (*promise.tile)[0]) * divideUp(height, (*promise.tile)[1])
                                 : divideUp(height, compression.lines);
-    // A block has an entry of eight bytes in the table, and at least its place and its length before its bytes.
+    // Each block has an entry of eight bytes in the table, and at least its place and its length before its bytes.
     constexpr qint64 kLeastOfABlock = 16;
     if (blocks > bytesLeft / kLeastOfABlock)
         return problem("its header promises more lines than the file can hold");
-    // In double precision: the product of three large numbers may be beyond what integers hold.
+    // In double precision, because the product of three large numbers may overflow an integer.
     const double pixels = static_cast<double>(width) * static_cast<double>(height);
     if (pixels * static_cast<double>(promise.bytesPerPixel) >
         static_cast<double>(bytesLeft) * static_cast<double>(compression.growth))

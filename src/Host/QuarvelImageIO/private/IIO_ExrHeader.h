@@ -1,8 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A first look at an OpenEXR file. The library believes a file's header and makes room for what it promises: a text of
-// two gigabytes, a table of two thousand million lines. A file of a hundred bytes can promise all that. So the header
-// is walked here first, with nothing but its own bytes in memory, and what the file cannot hold is refused.
+// Checks an OpenEXR file before the library reads it. The library trusts a file's header and allocates memory for what
+// it promises: a text of two gigabytes, a table of two thousand million lines. A file of a hundred bytes can promise
+// all that. So this check reads the header first, with only its own bytes in memory, and refuses promises that the file
+// cannot hold.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -11,7 +12,7 @@
 
 /// Compares what the header of an OpenEXR file promises with the size of the file.
 ///
-/// @param device the file, open and seekable; its position is the file's begin before and after
-/// @return an error, without path, when the file is none of one flat part, when an attribute reaches beyond its end, or
-/// when it is too small for the lines or tiles, or for the pixels at the best that its compression can do
+/// @param device the file, open and seekable; its position is the beginning of the file before and after
+/// @return an error, without path, if the file does not have exactly one flat part, if an attribute reaches past the
+/// file's end, or if the file is too small for its lines, tiles or pixels, even at the highest ratio of its compression
 UT_Result<void> IIO_checkExrHeader(QIODevice& device);

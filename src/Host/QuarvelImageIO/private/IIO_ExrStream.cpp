@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The streams' few calls.
+// Maps the streams' functions to those of QIODevice.
 #include "QuarvelImageIO/private/IIO_ExrStream.h"
 
 #include <stdexcept>

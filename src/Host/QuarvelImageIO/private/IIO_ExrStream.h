@@ -1,13 +1,13 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The streams through which the OpenEXR library writes and reads, over devices of Qt.
+// The streams through which the OpenEXR library writes and reads Qt's devices.
 #pragma once
 
 #include <OpenEXR/ImfIO.h>
 #include <QIODevice>
 
-/// Writes to a device; throws, as the library expects, when a write fails. The library swallows exceptions while it
-/// closes a file, so the device has to remember failures by itself.
+/// Writes to a device; throws if a write fails, as the library expects. The library swallows exceptions while it closes
+/// a file, so the device must remember failures itself.
 class IIO_ExrOutput final : public Imf::OStream
 {
 public:
@@ -22,7 +22,7 @@ private:
     QIODevice& _device;
 };
 
-/// Reads from a device; throws when the file ends too early.
+/// Reads from a device; throws if the file ends too early.
 class IIO_ExrInput final : public Imf::IStream
 {
 public:

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Checksums are zlib's.
+// zlib computes the checksums.
 #include "QuarvelImageIO/private/IIO_PngChunks.h"
 
 #include <zlib.h>
@@ -13,11 +13,11 @@ std::uint32_t checksumOf(const QByteArray& head, std::span<const std::uint8_t> m
 {
     const auto* bytes = reinterpret_cast<const Bytef*>(head.constData());
     const uLong checksum = crc32_z(0, bytes, static_cast<z_size_t>(head.size()));
-    // zlib takes a null pointer as the wish to begin anew.
+    // For a null pointer, zlib would restart the checksum.
     return static_cast<std::uint32_t>(more.empty() ? checksum : crc32_z(checksum, more.data(), more.size()));
 }
 
-// What tEXt may hold: the printable part of Latin-1, and line feeds.
+// Whether tEXt can hold the text: printable Latin-1 characters and line feeds.
 bool isPlainText(const QString& text)
 {
     return std::ranges::all_of(text, [](QChar character) {
@@ -65,6 +65,6 @@ void IIO_PngChunks::writeText(const QString& key, const QString& value)
 {
     if (isPlainText(value))
         write("tEXt", key.toLatin1() + '\0' + value.toLatin1());
-    else // Not pressed; no language; no translation of the key.
+    else // Uncompressed; no language; no translation of the key.
         write("iTXt", key.toLatin1() + QByteArray(5, '\0') + value.toUtf8());
 }

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What PNG files and films are made of: a signature and chunks. A chunk is its length, its type, its data, and a
-// checksum of the two.
+// Writes the elements of PNG files and films: a signature and chunks. A chunk consists of its length, its type, its
+// data, and a checksum of type and data.
 #pragma once
 
 #include "QuarvelImageIO/private/IIO_PngPixels.h"
@@ -13,7 +13,7 @@
 
 #include <span>
 
-/// A number as PNG has it.
+/// The bytes of a number in the byte order of PNG.
 template<typename Number>
 QByteArray IIO_bigEndian(Number number)
 {
@@ -22,19 +22,19 @@ QByteArray IIO_bigEndian(Number number)
     return bytes;
 }
 
-/// Writes chunks to a device, which has to remember failures by itself.
+/// Writes chunks to a device, which must remember failures itself.
 class IIO_PngChunks
 {
 public:
     /// @param device open; it must outlive this object
     explicit IIO_PngChunks(QIODevice& device) : _device(device) {}
 
-    /// What every file begins with.
+    /// The signature at the beginning of every file.
     void writeSignature();
 
     /// @param type four letters
-    /// @param data what the chunk holds
-    /// @param more the same, behind the data
+    /// @param data the chunk's data
+    /// @param more more of the chunk's data, which follow `data`
     void write(const char* type, const QByteArray& data, std::span<const std::uint8_t> more = {});
 
     /// IHDR, not interlaced.
@@ -43,9 +43,9 @@ public:
     /// pHYs.
     void writeDensity(int dotsPerMetre);
 
-    /// A text, in tEXt when Latin-1 holds it, else in iTXt.
+    /// Writes a text, in tEXt if Latin-1 can hold it, else in iTXt.
     ///
-    /// @param key as IIO_Metadata::isValidKey wants it
+    /// @param key a key that IIO_Metadata::isValidKey() accepts
     void writeText(const QString& key, const QString& value);
 
 private:

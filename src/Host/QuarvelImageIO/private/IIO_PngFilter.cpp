@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Loops that compilers turn into vector code: both filters are the difference of two pieces of memory.
+// Both filters are differences of two arrays, in loops that compilers vectorise.
 #include "QuarvelImageIO/private/IIO_PngFilter.h"
 
 #include <algorithm>
@@ -22,11 +22,11 @@ void subtract(const std::uint8_t* row, const std::uint8_t* neighbours, std::size
         differences[i] = static_cast<std::uint8_t>(row[i] - neighbours[i]);
 }
 
-// What the differences to the neighbours add up to. Pixels are compared as they are, although differences wrap around
-// when they are written: processors have an instruction for this sum, and the choice hardly ever becomes another.
+// The sum of the absolute differences to the neighbours. The differences here do not wrap around as they do in the
+// file: processors have an instruction for this sum, and the choice of the filter is almost always the same.
 std::uint64_t sumOfDistances(const std::uint8_t* row, const std::uint8_t* neighbours, std::size_t count)
 {
-    // So many bytes at once that 32 bits hold their sum.
+    // 32 bits can hold the sum of this many bytes.
     constexpr std::size_t kAtOnce = std::size_t{1} << 16U;
     std::uint64_t sum = 0;
     for (std::size_t from = 0; from < count; from += kAtOnce) {
@@ -45,7 +45,7 @@ void IIO_filterPngRow(std::span<const std::uint8_t> row, std::span<const std::ui
                       std::span<std::uint8_t> filtered)
 {
     assert(above.size() == row.size() && filtered.size() == row.size() + 1 && row.size() >= bytesPerPixel);
-    // The first pixel has nothing to its left, so that the two are compared from the second on.
+    // The first pixel has no left neighbour, so the filters are compared from the second pixel on.
     const std::size_t count = row.size() - bytesPerPixel;
     const std::uint64_t bySub = sumOfDistances(row.data() + bytesPerPixel, row.data(), count);
     const std::uint64_t byUp = sumOfDistances(row.data() + bytesPerPixel, above.data() + bytesPerPixel, count);

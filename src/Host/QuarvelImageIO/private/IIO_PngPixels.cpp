@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A zlib stream (RFC 1950) is two bytes, a deflate stream, and a checksum. Each band becomes a piece of the deflate
-// stream; the checksums of the bands are combined. To look back over the borders of bands makes files hardly smaller: a
-// five-hundredth part at the default setting.
+// A zlib stream (RFC 1950) consists of two bytes, a deflate stream and a checksum. Each band becomes a piece of the
+// deflate stream; the checksums of the bands are combined. Matches across the borders of bands would make files hardly
+// smaller: by one five-hundredth at the default setting.
 #include "QuarvelImageIO/private/IIO_PngPixels.h"
 
 #include "QuarvelImageIO/private/IIO_Deflate.h"
@@ -22,17 +22,18 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-// Filtered bytes of a band, about: few enough for a processor's own memory, many enough for codes that fit them.
+// The approximate number of filtered bytes in a band: few enough for a processor's cache, enough for well-fitted
+// Huffman codes.
 constexpr std::size_t kBandBytes = std::size_t{1} << 19U;
 
 struct Band
 {
     Bytes pressed;
-    std::size_t length = 0; ///< before it was pressed
+    std::size_t length = 0; ///< in bytes, uncompressed
     std::uint32_t checksum = 0;
 };
 
-// A row of the image as PNG has it: big-endian, without channels that only fill up.
+// Copies a row of the image in PNG's form: big-endian, without unused channels.
 template<typename Sample>
 void takeRow(const uchar* source, const IIO_PngForm& form, std::span<std::uint8_t> target)
 {
@@ -65,7 +66,7 @@ public:
     std::vector<Band> pressAll()
     {
         std::vector<Band> bands(static_cast<std::size_t>((_image.height() + _rowsPerBand - 1) / _rowsPerBand));
-        // The header of the stream: a window of 32 KiB, and a check of its own.
+        // The header of the stream: a window of 32 KiB, and the check bits of the header.
         bands.front().pressed = {0x78, 0x01};
         tbb::parallel_for(tbb::blocked_range<std::size_t>(0, bands.size(), 1), [&](const auto& range) {
             for (std::size_t i = range.begin(); i < range.end(); ++i)
@@ -75,7 +76,7 @@ public:
     }
 
 private:
-    // What a thread works with, from band to band.
+    // The buffers of a thread, which it reuses for its next band.
     struct Workplace
     {
         Bytes row;

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The pixels of a PNG: rows are filtered and pressed in bands, several at once. How a picture is cut into bands follows
-// from its size alone, so that the bytes are the same on any number of threads.
+// The pixels of a PNG: rows are filtered and compressed in bands, several bands in parallel. The division into bands
+// depends only on the picture's size and format, so that the bytes are the same for any number of threads.
 #pragma once
 
 #include "QuarvelImageIO/IIO_WriteOptions.h"
@@ -11,23 +11,23 @@
 #include <cstdint>
 #include <vector>
 
-/// What a PNG's header says of an image's form.
+/// The form of an image as a PNG's header describes it.
 struct IIO_PngForm
 {
     std::uint8_t bitDepth = 0;
     std::uint8_t colourType = 0; ///< 0 grey, 2 colours, 6 colours and coverage
-    int channels = 0;            ///< that are written
-    int imageChannels = 0;       ///< that lie side by side in the image
+    int channels = 0;            ///< the written ones
+    int imageChannels = 0;       ///< those in the image's memory
 };
 
 /// The form of an image.
 ///
-/// @param image of the format RGBA64, RGBX64 (whose fourth channel is left out) or Grayscale16, or one of their kin of
-/// 8 bits
+/// @param image in the format RGBA64, RGBX64 (whose fourth channel is not written) or Grayscale16, or the corresponding
+/// format with 8 bits
 IIO_PngForm IIO_pngFormOf(const QImage& image);
 
-/// Presses the pixels of an image. Throws std::bad_alloc when memory lacks.
+/// Compresses the pixels of an image. Throws std::bad_alloc if there is not enough memory.
 ///
-/// @param image not empty, of a format that IIO_pngFormOf knows
+/// @param image not empty, in a format of IIO_pngFormOf()
 /// @return the zlib stream in parts, none of them empty
 std::vector<std::vector<std::uint8_t>> IIO_pressPngPixels(const QImage& image, IIO_Compression compression);

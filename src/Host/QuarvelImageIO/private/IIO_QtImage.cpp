@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Conversion row by row, and the calls to Qt's readers and writers.
+// Converts row by row and calls Qt's readers and writers.
 #include "QuarvelImageIO/private/IIO_QtImage.h"
 
 #include "QuarvelImageIO/IIO_AtomicFile.h"
@@ -13,11 +13,10 @@
 
 namespace {
 
-// How many pixels a metre has at 96 an inch. Without it Qt takes the screen's density, and files would differ between
-// machines.
+// 96 dots per inch. Without this, Qt would store the density of the screen, and files would differ between machines.
 constexpr int kDotsPerMetre = 3780;
 
-// Which channel of the picture goes to which channel of the image.
+// Which channel of the picture each channel of the image comes from; -1 for none.
 struct Form
 {
     QImage::Format format = QImage::Format_Invalid;
@@ -54,7 +53,7 @@ UT_Result<void> addTexts(QImage& image, const IIO_Metadata& metadata)
     return {};
 }
 
-// One row of the image from one of the picture; channels that the picture lacks are full.
+// Converts a row of the picture to one of the image; channels that the picture lacks get the full value.
 template<typename Sample>
 void convertRow(std::span<const Sample> source, int sourceChannels, const Form& form, std::uint16_t* target)
 {
@@ -106,7 +105,7 @@ bool canShare(const IIO_Picture& picture, const Form& form)
            picture.channelCount() == form.imageChannels;
 }
 
-// The image is only read; Qt copies it before anyone could write to it.
+// Qt copies the samples before the image could be written to.
 QImage sharedImage(const IIO_Picture& picture, const Form& form)
 {
     const auto* samples = picture.row<std::uint16_t>(picture.dataWindow().y1).data();
@@ -147,7 +146,7 @@ UT_Result<QImage> IIO_image8(const QImage& image, bool alpha)
         uchar* target = result.scanLine(y);
         for (int i = 0; i < samples; ++i)
             target[i] = IIO_toSample8(source[i]);
-        // The fourth channel of RGBX8888 has to be full.
+        // The fourth channel of RGBX8888 must have the full value.
         for (int i = 3; !grey && !alpha && i < samples; i += 4)
             target[i] = 255;
     }
@@ -192,7 +191,7 @@ UT_Result<void> IIO_writeImage(const QString& path, const QImage& image, const Q
     writer.setQuality(quality);
     if (writer.write(image))
         return file.commit();
-    // A failed write to the disk has the better explanation, which only the file knows.
+    // If a write to the disk failed, the file's error explains the failure better than Qt's.
     if (const auto abandoned = file.abandon(); !abandoned)
         return abandoned;
     return UT_Error{

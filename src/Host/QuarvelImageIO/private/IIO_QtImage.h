@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Between pictures and the images of Qt, which reads PNG files, and knows those of the 8-bit formats.
+// Converts between pictures and Qt's images. Qt reads PNG files and reads and writes the 8-bit formats.
 #pragma once
 
 #include "QuarvelImageIO/IIO_Picture.h"
@@ -8,26 +8,27 @@
 
 #include <QImage>
 
-/// The picture's display window as an image of 16 bits a channel, RGBA64 (RGBX64 without coverage) or Grayscale16, with
-/// the metadata as its texts. It shares the picture's samples where those have the image's form already, so the picture
-/// must outlive it unchanged.
+/// Converts a picture's display window to an image with 16 bits per channel, RGBA64 (RGBX64 without coverage) or
+/// Grayscale16, with the metadata as its texts. The image shares the picture's samples if these have the same form, so
+/// the picture must outlive it unchanged.
 ///
-/// @return an error for channels other than R G B A, R G B, Y A and Y, for an unfit metadata key, and when memory lacks
+/// @return an error for channels other than R G B A, R G B, Y A and Y, for an invalid metadata key, and if there is not
+/// enough memory
 UT_Result<QImage> IIO_imageOf(const IIO_Picture& picture);
 
-/// The image in 8 bits a channel, every sample to the nearest step, with its texts.
+/// Converts an image to 8 bits per channel, every sample to the nearest step, and keeps its texts.
 ///
-/// @param image of a form that IIO_imageOf makes
-/// @param alpha keep coverage; if not, colours stay as they are
+/// @param image an image from IIO_imageOf()
+/// @param alpha keep the coverage; without it, the colours are unchanged
 UT_Result<QImage> IIO_image8(const QImage& image, bool alpha);
 
-/// A picture of 16-bit samples from an image of any form, with its texts as metadata.
+/// Converts an image of any format to a picture of 16-bit samples, with its texts as metadata.
 UT_Result<IIO_Picture> IIO_pictureOf(const QImage& image);
 
-/// Writes an image through Qt, whole or not at all.
+/// Writes an image through Qt, completely or not at all.
 ///
 /// @param format  Qt's name of the file format
-/// @param quality as Qt's writer takes it for this format
+/// @param quality the quality setting of Qt's writer for this format
 UT_Result<void> IIO_writeImage(const QString& path, const QImage& image, const QByteArray& format, int quality);
 
 /// Reads a file through Qt.
