@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What the files of a drawing and of its palette would hold is all that there is to say of them.
+// The digest covers the files that a drawing and its palette would be saved as, because these hold all their
+// properties.
 #include "QuarvelSceneIO/SIO_DrawingDigest.h"
 
 #include "QuarvelSceneIO/private/SIO_Drawing.h"

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Loading. Everything is read and understood before the scene is handed out. The folder is not locked: when somebody
-// saved the scene meanwhile, all is read anew.
+// Loads scenes. The scene is returned only after all its files have been read and parsed. The folder is not locked: if
+// another program saves the scene meanwhile, everything is read again.
 #include "QuarvelPersistentObj/PO_XmlReading.h"
 #include "QuarvelSceneCore/graph/MO_OpaqueModule.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
@@ -19,7 +19,7 @@
 
 namespace {
 
-/// How often a scene that is being saved is read before its readers ask for the lock.
+/// How often to try to read a scene that other programs are saving; the last attempt takes the lock.
 constexpr int kAttempts = 5;
 
 struct Texts
@@ -138,8 +138,8 @@ private:
     std::map<UT_Id, CM_SharedPtr<CM_Palette>> _palettes;
 };
 
-// Finishes a save of one's own that was cut short, for one who holds the lock. When the disk is full or fails, the
-// scene can still be read as the journal says.
+// Finishes an interrupted save of this user's; the caller must hold the lock. If the disk is full or fails, the scene
+// can still be read through the journal.
 void finishSaveLocked(const QString& folder)
 {
     SIO_FileSystem disk;
@@ -147,8 +147,8 @@ void finishSaveLocked(const QString& folder)
         (void)SIO_recover(folder, disk);
 }
 
-// Finishes a save of one's own that was cut short; nothing else is ever written in a scene that is only opened. Where
-// nothing may be written the scene is read as the journal says.
+// Finishes an interrupted save of this user's. Opening a scene never writes anything else. In a folder without write
+// permission, the scene is read through the journal.
 UT_Result<void> finishSave(const QString& folder)
 {
     const auto waiting = SIO_waitingJournal(folder);
@@ -163,24 +163,24 @@ UT_Result<void> finishSave(const QString& folder)
     return {};
 }
 
-// Reads the scene without keeping others from saving it.
-// @return nothing when another program changed it meanwhile
+// Reads the scene without preventing others from saving it.
+// @return std::nullopt if another program changed it meanwhile
 std::optional<UT_Result<SIO_LoadedScene>> readBetweenSaves(const QString& folder)
 {
     if (const auto finished = finishSave(folder); !finished)
         return finished.error();
     SIO_FolderReader files(folder);
     auto loaded = Loader(files).load();
-    // While another program puts files in place, one may vanish between the looks at it and into it.
+    // While another program moves files into place, a file may vanish between finding and opening it.
     const bool mayHaveMoved = !loaded && files.sawJournal();
-    // A journal that is not one's own may be another user's who is saving just now.
+    // A journal that is not this user's may be that of another user who is saving right now.
     const bool maybeSaving = !files.journalLeftAlone().isEmpty() && SIO_FolderLock::isHeldByOthers(folder);
     if (!files.isUnchanged() || mayHaveMoved || maybeSaving)
         return std::nullopt;
     return loaded;
 }
 
-// Reads the scene while nobody may save it; where there can be no lock, as it stands.
+// Reads the scene while others cannot save it; if the folder cannot be locked, without the lock.
 UT_Result<SIO_LoadedScene> readAlone(const QString& folder)
 {
     SIO_FolderLock lock(folder);
@@ -202,7 +202,7 @@ SIO_Scene::~SIO_Scene() = default;
 
 UT_Result<SIO_LoadedScene> SIO_loadScene(const QString& folder)
 {
-    // Without a slash at its end, and never empty.
+    // An absolute path without a slash at its end, so never empty.
     const QString home = QDir::cleanPath(QFileInfo(folder).absoluteFilePath());
     if (!QFileInfo(home).isDir())
         return UT_Error{Texts::tr("there is no scene \"%1\"").arg(QDir::toNativeSeparators(folder))};

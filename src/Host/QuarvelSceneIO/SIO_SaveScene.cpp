@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Saving. All files are made in memory first, so that a scene that cannot be saved is refused before the disk is
-// touched.
+// Saves scenes. All files are made in memory first, so that a scene that cannot be saved is refused before the disk is
+// changed.
 #include "QuarvelPersistentObj/PO_XmlReading.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
 #include "QuarvelSceneIO/private/SIO_FolderLock.h"
@@ -25,8 +25,9 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(SIO_SaveScene)
 };
 
-// The paths of the files that belong to the scene on the disk; none when there is no scene, or it is damaged, since
-// then nobody knows. A scene that cannot be read is an error: its files would stay behind for ever.
+// The paths of the files that belong to the scene on the disk; empty if there is no scene, or if its main file is
+// damaged, so that they are unknown. A main file that cannot be read is an error, because the old scene's files would
+// never be removed.
 UT_Result<QStringList> filesOnDisk(const QString& folder)
 {
     SIO_FolderReader files(folder);
@@ -45,7 +46,7 @@ UT_Result<QStringList> filesOnDisk(const QString& folder)
     return index ? index->paths() : QStringList();
 }
 
-// Which scene the folder holds. One whose files cannot be read is none that anybody loaded.
+// The state of the scene in the folder; empty if a file cannot be read, since nobody can have loaded such a scene.
 SIO_SceneState stateOnDisk(const QString& folder, const QStringList& paths)
 {
     SIO_FolderReader files(folder);
@@ -63,7 +64,7 @@ SIO_SceneState stateOf(const QMap<QString, QByteArray>& files)
     return SIO_stateOf(digests);
 }
 
-// What the scene on the disk has and the new one does not.
+// The files of the scene on the disk that the new scene does not have.
 QStringList leftOver(const QString& folder, const QStringList& before, const QMap<QString, QByteArray>& files)
 {
     QHash<QString, QString> byLowerCase;
@@ -74,7 +75,7 @@ QStringList leftOver(const QString& folder, const QStringList& before, const QMa
         const QString real = SIO_inAnyCase(folder + u'/' + path).mid(folder.size() + 1);
         if (files.contains(real) || !SIO_hasNoLinks(folder, real))
             continue;
-        // Where case does not count, it is the file about to be replaced.
+        // On a disk that ignores case, this file is the one that will be replaced.
         const QString same = byLowerCase.value(real.toLower());
         if (QFileInfo::exists(folder + u'/' + real) && (same.isEmpty() || !QFileInfo::exists(folder + u'/' + same)))
             result << real;
@@ -82,7 +83,7 @@ QStringList leftOver(const QString& folder, const QStringList& before, const QMa
     return result;
 }
 
-// @return nothing when a state is expected and the folder has another one
+// @return std::nullopt if a state is expected and the folder has another one
 UT_Result<std::optional<SIO_SceneState>> saveFiles(const QMap<QString, QByteArray>& files, const QString& folder,
                                                    const SIO_SceneState* expected, SIO_FileSystem& disk)
 {

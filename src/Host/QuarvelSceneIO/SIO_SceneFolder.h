@@ -4,10 +4,11 @@
 //
 //     walk.scene/
 //       scene.xml                      the graph with its attributes, and the list of palettes
-//       palettes/<identifier>.xml      a palette each
-//       elements/<element>/<drawing>.kvr   a drawing each
+//       palettes/<identifier>.xml      one palette each
+//       elements/<element>/<drawing>.kvr   one drawing each
 //
-// All are plain text in a stable order with stable numbers, so that a saved scene differs only where it was changed.
+// All files are plain text with a stable order and stable formatting of numbers, so that saving changes only the parts
+// of the files that were edited.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -19,7 +20,7 @@
 #include <memory>
 #include <optional>
 
-/// Which scene a folder held at one moment: a digest of its files' names and bytes.
+/// Identifies the scene that a folder held at one moment: a digest of its files' names and bytes.
 struct SIO_SceneState
 {
     QByteArray digest;
@@ -31,33 +32,33 @@ struct SIO_SceneState
 struct SIO_LoadedScene
 {
     std::unique_ptr<MO_Scene> scene;
-    QStringList warnings; ///< what this version does not understand, a line each, for people to read
-    SIO_SceneState state; ///< of the folder, as it was read
+    QStringList warnings; ///< what this version does not understand, one line each, for people to read
+    SIO_SceneState state; ///< the state of the folder when it was read
 };
 
-/// Loads a scene with its palettes and drawings. The kinds of modules must be known to the factory before (load the
-/// plug-ins first); others are kept as they are, with a warning.
+/// Loads a scene with its palettes and drawings. The factory must know the kinds of modules already (load the plug-ins
+/// first); modules of unknown kinds are kept unchanged, with a warning.
 ///
 /// @param folder the scene's folder
-/// @return an error that names file, line and reason when something is damaged or missing; nothing is loaded half
+/// @return an error with file, line and reason if anything is damaged or missing; a scene is never loaded in part
 QUARVELSCENEIO_EXPORT UT_Result<SIO_LoadedScene> SIO_loadScene(const QString& folder);
 
-/// Saves a scene. A crash, a full disk or a kill at any moment leaves the old scene or the new one, whole; processes
-/// that save at once wait for each other.
+/// Saves a scene. A crash, a full disk or a kill at any moment leaves either the complete old scene or the complete new
+/// one. Processes that save at the same time wait for each other.
 ///
-/// @param folder the scene's folder; made when it does not exist. Its parent must exist.
-/// @return the folder's new state; an error, and the scene on disk is as it was
+/// @param folder the scene's folder; created if it does not exist. Its parent must exist.
+/// @return the folder's new state, or an error; after an error the scene on disk is unchanged
 QUARVELSCENEIO_EXPORT UT_Result<SIO_SceneState> SIO_saveScene(const MO_Scene& scene, const QString& folder);
 
-/// True for a folder that is there and empty, but for what a save left that was cut short before it counted: a new
-/// scene can be saved there and takes nothing from anybody.
+/// True for an existing folder that is empty, apart from leftovers of a save that was interrupted before it took
+/// effect: a new scene can be saved there without replacing anything.
 QUARVELSCENEIO_EXPORT bool SIO_isRoomForScene(const QString& folder);
-/// True for a folder with a scene, or with a save that only has to be finished to make it one.
+/// True for a folder with a scene, or with a journal whose completion makes it one.
 QUARVELSCENEIO_EXPORT bool SIO_holdsScene(const QString& folder);
 
-/// Saves a scene as SIO_saveScene() does, unless somebody else saved another one into the folder meanwhile.
+/// Saves a scene as SIO_saveScene() does, unless another program has changed the scene in the folder meanwhile.
 ///
-/// @param loaded the state that the scene was made from: of loading it, or of saving it before
-/// @return the new state; nothing when the folder has another state than the one that was loaded, and then it keeps it
+/// @param loaded the state when the scene was loaded or last saved
+/// @return the new state; std::nullopt if the folder's state is not `loaded`, and then the folder is unchanged
 QUARVELSCENEIO_EXPORT UT_Result<std::optional<SIO_SceneState>>
 SIO_saveSceneOver(const SIO_SceneState& loaded, const MO_Scene& scene, const QString& folder);

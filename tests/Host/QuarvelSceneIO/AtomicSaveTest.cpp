@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // A save that ends at any moment leaves the old scene or the new one: killed at every operation, failing at every
-// operation, killed at random moments, two at once.
+// operation, killed at random moments, two saves at once.
 #include "Host/QuarvelSceneIO/TestScenes.h"
 
 #include "QuarvelSceneIO/private/SIO_Journal.h"
@@ -20,7 +20,7 @@ using namespace test_scenes;
 
 namespace {
 
-// Does something special at one operation, or from one on.
+// Fails or ends the process at one operation, or from one operation on.
 class TrickyDisk : public SIO_FileSystem
 {
 public:
@@ -42,7 +42,7 @@ public:
     }
     UT_Result<void> writeFile(const QString& path, const QByteArray& bytes) override
     {
-        // Half of the bytes are there when it fails.
+        // Half of the bytes are written before it fails.
         if (_count == _operation)
             (void)SIO_FileSystem::writeFile(path, bytes.left(bytes.size() / 2));
         return trick([&] { return SIO_FileSystem::writeFile(path, bytes); });
@@ -87,7 +87,7 @@ public:
     static constexpr int kNever = 1 << 20;
 };
 
-// Runs something in a process of its own. @return its exit code
+// Runs a function in a child process. @return its exit code
 int inChild(const std::function<int()>& run)
 {
     const pid_t child = ::fork();
@@ -107,7 +107,7 @@ struct AtomicSave : testing::Test
         return disk.count();
     }
 
-    // The scene in the folder is the old one or the new one.
+    // Expects that the scene in the folder is the old one or the new one.
     void expectOldOrNew(const std::string& when)
     {
         QString error;
@@ -204,7 +204,7 @@ TEST_F(AtomicSave, AnyOperationThatFailsLeavesTheOldSceneAndSaysSo)
             EXPECT_EQ(difference(loadedFiles(place.folder), saved ? newFiles : oldFiles), "") << i;
             EXPECT_EQ(saved ? text("no space left") : saved.error().text, text("no space left"));
         }
-    // Every file that is written, the journal and what goes with it, in both ways of failing.
+    // Every file that is written, and the journal with its operations, in both ways of failing.
     EXPECT_GE(failures, 2 * static_cast<int>(newFiles.size() + 3));
 }
 
@@ -234,7 +234,7 @@ TEST_F(AtomicSave, WithoutSpaceTheOldFilesAreAllThatIsThere)
 TEST_F(AtomicSave, KilledTwoHundredTimesAtRandomTheSceneAlwaysLoads)
 {
     save(*oldScene, place.folder);
-    // Moments from the start of a process until after its second save.
+    // The moments range from the start of a process until after its second save.
     QElapsedTimer time;
     time.start();
     save(*newScene, place.folder);
@@ -295,14 +295,14 @@ TEST_F(AtomicSave, ASaveThatWaitsToBeFinishedIsReadWhereNothingCanBeWritten)
 {
     save(*oldScene, place.folder);
     ASSERT_EQ(inChild([&] {
-                  // Ends where the first file is about to be put in place: behind the journal and its sync.
+                  // Ends just before the first file is moved into place: after the journal and its sync.
                   TrickyDisk disk(TrickyDisk::Trick::DIE_AFTER, static_cast<int>(newFiles.size()) + 5);
                   return SIO_saveSceneOn(*newScene, place.folder, disk) ? 0 : 1;
               }),
               TrickyDisk::kDied);
     ASSERT_TRUE(QFileInfo::exists(place.folder + text("/.journal")));
-    // A process that may not write in the folder, whoever runs the tests: one that may do everything becomes another
-    // user, and takes its key along.
+    // A process that must not write in the folder, whoever runs the tests: the superuser's process becomes another
+    // user, who gets its key.
     const QString state = place.home.path() + text("/state");
     const QString key = state + text("/quarvel/journal.key");
     ASSERT_TRUE(QFile::setPermissions(place.home.path(), QFile::Permissions(0x7755)));

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Damaged scenes, and scenes that mean harm: a message that says where, never a crash, and nothing is loaded half.
+// Damaged and malicious scenes cause an error that names the place, never a crash, and are never loaded in part.
 #include "Host/QuarvelSceneIO/TestScenes.h"
 
 #include <QElapsedTimer>
@@ -54,7 +54,7 @@ TEST_P(DamagedFile, CutShortIsAnErrorThatNamesFileAndLine)
     const QString file = text(GetParam());
     const QByteArray bytes = whole.value(file);
     ASSERT_FALSE(bytes.isEmpty());
-    // Behind the last bracket there is but the end of the line.
+    // Only the end of the line follows the last bracket.
     for (qsizetype length = 0; length < bytes.size() - 1; length += 10) {
         put(file, bytes.left(length));
         const QString said = error();
@@ -150,7 +150,7 @@ TEST_F(DamagedScene, LinksCannotLeaveTheFolder)
     QFile::remove(place.folder + u'/' + kDrawing);
     ASSERT_TRUE(QFile::link(outside, place.folder + u'/' + kDrawing));
     expectError("is reached through a link");
-    // Saving puts a file in the link's place, and leaves alone what the link led to.
+    // Saving replaces the link by a file and does not change the link's target.
     save(*makeScene(1), place.folder);
     EXPECT_FALSE(QFileInfo(place.folder + u'/' + kDrawing).isSymLink());
     EXPECT_EQ(bytesOf(outside), whole.value(kDrawing));
@@ -169,14 +169,14 @@ TEST_F(DamagedScene, NothingIsSavedThroughAFolderThatLeadsOut)
 
 TEST_F(DamagedScene, OnlyDrawingsAreListedAsDrawings)
 {
-    // Or a scene could name a file that the next save would then throw away.
+    // Otherwise a scene could name any file, and the next save would remove it.
     edit(text("scene.xml"), "file=\"1.kvr\"", "file=\"config\"");
     expectError("\"elements/Only%201/config\" is no drawing's file");
 }
 
 TEST_F(DamagedScene, ASceneThatCannotBeReadIsNotSavedOver)
 {
-    // Nobody would know which of its files to remove.
+    // It would be unknown which of its files to remove.
     const QString main = place.folder + text("/scene.xml");
     ASSERT_TRUE(QDir().rename(main, place.home.path() + text("/elsewhere.xml")));
     ASSERT_TRUE(QFile::link(place.home.path() + text("/elsewhere.xml"), main));

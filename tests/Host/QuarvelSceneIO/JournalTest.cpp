@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Whose journal is carried out: the one that this user wrote on this machine for this folder, and no other.
+// Only the journal that this user wrote on this machine for this folder is carried out.
 #include "Host/QuarvelSceneIO/TestScenes.h"
 
 #include "QuarvelSceneIO/private/SIO_Journal.h"
@@ -15,7 +15,7 @@ namespace {
 const QString kDrawing = text("elements/Only%201/1.kvr");
 const QString kMain = text("scene.xml");
 
-// A scene, and a save of another one into its folder that came as far as the journal.
+// A scene, and a save of another scene into its folder that was interrupted after writing the journal.
 struct Journals : testing::Test
 {
     Journals()
@@ -44,7 +44,8 @@ struct Journals : testing::Test
         putBytes(folder + text("/.journal"), *sealed);
     }
 
-    // The scene is the one that is given, the journal is reported and stays with its files, and saving is refused.
+    // Expects that the folder loads as the given scene, that the journal is reported and stays with its files, and that
+    // saving is refused.
     void expectLeftAlone(const QString& folder, const Files& scene)
     {
         const Files before = filesIn(folder);
@@ -134,7 +135,7 @@ TEST_F(Journals, OneWhoseFilesWereChangedIsLeftAlone)
 
 TEST_F(Journals, OnesOwnTouchesNothingButAScenesFiles)
 {
-    // Not even a seal permits it.
+    // Even a valid seal does not permit these paths.
     for (const char* path : {".git/config", "elements/1.kvr", "elements/a/b/1.kvr", "elements/Hero/config", "x.xml",
                              "palettes/a.kvr", "palettes/a/b.xml", "scene.xml/x", "Scene.xml", "../scene.xml"}) {
         SIO_Journal journal;
@@ -155,7 +156,7 @@ TEST_F(Journals, OnceAStrangersIsTakenAwayTheSceneCanBeSaved)
     expectLeftAlone(place.folder, oldFiles);
     ASSERT_TRUE(QFile::remove(inside(".journal")));
     save(*newScene, place.folder);
-    // What no save has put into ".save" stays there.
+    // Files in ".save" that no save has made stay there.
     Files expected = newFiles;
     expected.insert(text(".save/notes.txt"), "somebody's");
     EXPECT_EQ(difference(filesIn(place.folder), expected), "");
@@ -167,7 +168,7 @@ TEST_F(Journals, TheKeyIsForItsOwnerAlone)
     EXPECT_EQ(QFileInfo(key).size(), 32);
     const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
     EXPECT_FALSE(QFile::permissions(key) & others);
-    // One that others can read is no secret: anybody could have sealed the journal.
+    // A key that others can read is not a secret: anybody could have sealed the journal.
     const QFile::Permissions before = QFile::permissions(key);
     ASSERT_TRUE(QFile::setPermissions(key, before | QFile::ReadOther));
     EXPECT_EQ(difference(loadedFiles(place.folder), oldFiles), "");

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What a newer version of the program wrote is kept, with a warning, in every file of a scene.
+// Parts that a newer version of the program wrote are kept, with a warning, in every file of a scene.
 #include "Host/QuarvelSceneIO/TestScenes.h"
 
 using namespace test_scenes;
@@ -21,7 +21,7 @@ struct NewerVersion : testing::Test
         putBytes(path, bytes.replace(at, before.size(), after));
     }
 
-    // Loads, saves, and says what the loading warned of.
+    // Loads and saves the scene; returns the warnings of loading.
     QString warnings()
     {
         const auto loaded = SIO_loadScene(place.folder);
@@ -102,7 +102,7 @@ TEST_F(NewerVersion, DrawingsOfModulesOfUnknownKindsAreKept)
     putBytes(place.folder + u'/' + text(kDrawing), "<kvr3d anything=\"1\"/>");
     const Files before = filesIn(place.folder);
     EXPECT_TRUE(warnings().contains(text("READ_3D")));
-    // What is not known about the attributes has an order of its own; all other files are the same.
+    // The unknown parts of the attributes have another order; all other files are unchanged.
     Files after = filesIn(place.folder);
     EXPECT_EQ(after.keys(), before.keys());
     for (auto file = before.cbegin(); file != before.cend(); ++file)

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Paths and pictures as texts, and file names from any names.
+// Paths and pictures as texts, and file names made from any names.
 #include "Host/QuarvelSceneIO/TestScenes.h"
 
 #include "QuarvelSceneIO/private/SIO_FileNames.h"
@@ -101,7 +101,7 @@ TEST(PictureText, RefusesWhatIsTooLargeOrDamaged)
     ASSERT_TRUE(written);
     EXPECT_EQ(SIO_parsePicture(QString(), false), std::nullopt);
     EXPECT_EQ(SIO_parsePicture(*written + u'!', false), std::nullopt);
-    // Says that it is 2^31 - 1 pixels wide.
+    // The header claims a width of 2^31 - 1 pixels.
     QByteArray huge = QByteArray::fromBase64(written->toLatin1());
     huge.replace(16, 4, QByteArray("\x7f\xff\xff\xff", 4));
     EXPECT_EQ(SIO_parsePicture(QString::fromLatin1(huge.toBase64()), false), std::nullopt);

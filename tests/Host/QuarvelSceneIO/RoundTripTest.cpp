@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What is saved is loaded, and loading and saving again changes no byte: for random scenes of modules of all kinds,
-// with names that mean harm.
+// A saved scene can be loaded, and saving it again does not change a byte: for random scenes of modules of all kinds,
+// with malicious names.
 #include "Host/QuarvelSceneIO/TestScenes.h"
 
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
@@ -54,7 +54,7 @@ TEST(SceneRoundTrip, AFileThatDidNotChangeIsNotWrittenAgain)
     const ScenePlace place;
     const auto scene = makeScene(1);
     save(*scene, place.folder);
-    // A file that is replaced would lose a permission that its replacement does not have.
+    // The permission would be lost if the file were replaced.
     const QString drawing = place.folder + text("/elements/Only%201/1.kvr");
     ASSERT_TRUE(QFile::setPermissions(drawing, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
     scene->setFrameRange(3, 5);
@@ -160,7 +160,7 @@ TEST(SceneRoundTrip, AModuleWithoutClipBlurredWithGeometryHasItOff)
     EXPECT_NE(valueOnDisk(), on);
 }
 
-// Names that somebody may give, or mean harm with.
+// Unusual and malicious names.
 QString hostileName()
 {
     const std::vector<QString> known{text("../x"),       text("con"),       text("CON"),

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The tests' own program: with the plug-ins of the build, so that scenes can hold modules of every kind.
+// The main function of these tests. It loads the plug-ins of the build, so that scenes can hold modules of every kind.
 #include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelPlugInManager/PLUG_Manager.h"
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
@@ -17,7 +17,7 @@ int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
     const QCoreApplication application(argc, argv);
-    // The key of journals is the tests' own, and new.
+    // The tests use a new key for journals, not the user's.
     const QTemporaryDir state;
     qputenv("XDG_STATE_HOME", QFile::encodeName(state.path()));
     const auto loaded = PLUG_Manager::loadAll(PLUG_Manager::defaultFolder());

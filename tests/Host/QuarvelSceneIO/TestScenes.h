@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Scenes and folders that the tests of scenes on disk share.
+// Scenes and folders for the tests of scenes on disk.
 #pragma once
 
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
@@ -28,7 +28,7 @@ inline QString text(const char* utf8)
     return QString::fromUtf8(utf8);
 }
 
-/// A folder of the test's own, and a path for a scene in it.
+/// A temporary folder, and a path for a scene in it.
 struct ScenePlace
 {
     QTemporaryDir home;
@@ -49,8 +49,8 @@ inline void putBytes(const QString& path, const QByteArray& bytes)
     ASSERT_EQ(file.write(bytes), bytes.size());
 }
 
-/// All files in a folder by their paths within it, hidden ones too. The lock that a process left which was killed is
-/// none of them.
+/// All files in a folder by their paths within it, including hidden ones, except for the lock file that a killed
+/// process left.
 inline Files filesIn(const QString& folder)
 {
     Files files;
@@ -63,7 +63,7 @@ inline Files filesIn(const QString& folder)
     return files;
 }
 
-/// The paths at which two sets of files differ; empty when they are the same.
+/// The paths at which two sets of files differ; empty if they are equal.
 inline std::string difference(const Files& a, const Files& b)
 {
     QStringList paths;
@@ -80,7 +80,7 @@ inline void putFiles(const QString& folder, const Files& files)
         putBytes(folder + u'/' + file.key(), file.value());
 }
 
-/// The files that a scene would be saved as.
+/// The files as which a scene would be saved.
 inline Files filesOf(const MO_Scene& scene)
 {
     auto files = SIO_sceneFiles(scene);
@@ -88,7 +88,7 @@ inline Files filesOf(const MO_Scene& scene)
     return files ? *files : Files();
 }
 
-/// The files that the scene on the disk would be saved as; empty when it does not load.
+/// The files as which the scene on the disk would be saved; empty if it does not load.
 inline Files loadedFiles(const QString& folder, QString* error = nullptr)
 {
     const auto loaded = SIO_loadScene(folder);
@@ -139,8 +139,8 @@ inline UT_SharedPtr<CELVEC_Kvd> testDrawing(const CM_SharedPtr<CM_Palette>& pale
     return drawing;
 }
 
-/// A scene with something of everything: two elements with drawings, one of them in a group, animation, a link between
-/// attributes, two palettes. The number makes scenes differ in all of their files.
+/// A scene with every kind of content: two elements with drawings, one of them in a group, animation, a link between
+/// attributes, two palettes. Scenes with different numbers differ in all of their files.
 inline std::unique_ptr<MO_Scene> makeScene(int number)
 {
     auto scene = std::make_unique<MO_Scene>();
@@ -179,7 +179,7 @@ inline std::unique_ptr<MO_Scene> makeScene(int number)
     return scene;
 }
 
-/// Saves a scene, which must work.
+/// Saves a scene and expects that this succeeds.
 inline void save(const MO_Scene& scene, const QString& folder)
 {
     const auto saved = SIO_saveScene(scene, folder);

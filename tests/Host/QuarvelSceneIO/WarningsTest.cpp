@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Warnings of a scene that loads: each reason once.
+// Warnings of a scene that can be loaded: each reason once.
 #include "QuarvelSceneIO/private/SIO_Warnings.h"
 
 #include <gtest/gtest.h>

@@ -19,7 +19,7 @@
 #include <functional>
 #include <map>
 
-/// A drawing that was loaded, with what a newer version wrote about it.
+/// A loaded drawing, with the unknown parts that a newer version wrote.
 class SIO_Drawing : public CELVEC_Kvd
 {
 public:
@@ -40,7 +40,7 @@ public:
     std::map<std::pair<GR_Art, std::size_t>, ShapeExtras> shapeExtras;
 };
 
-/// Finds a palette of the scene; null when there is none.
+/// Finds a palette of the scene; returns null if there is none.
 using SIO_PaletteFinder = std::function<CM_SharedPtr<CM_Palette>(const UT_Id&)>;
 
 /// Reads a drawing.
@@ -49,5 +49,5 @@ UT_Result<UT_SharedPtr<SIO_Drawing>> SIO_readDrawing(const QByteArray& bytes, co
 /// The bytes of a drawing's file.
 ///
 /// @param name for the error's text
-/// @return an error when the drawing holds what no file can hold, see SIO_Limits.h
+/// @return an error if the drawing exceeds what a file can hold, see SIO_Limits.h
 UT_Result<QByteArray> SIO_writeDrawing(const CELVEC_Kvd& drawing, const QString& name);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The names in the files of drawings, which reader and writer share.
+// The XML names in the files of drawings, which the reader and the writer share.
 #pragma once
 
 #include "QuarvelPersistentObj/PIO_XmlWritable.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Drawings from XML.
+// Reads drawings from XML.
 #include "QuarvelPersistentObj/PO_XmlReading.h"
 #include "QuarvelSceneIO/private/SIO_Drawing.h"
 #include "QuarvelSceneIO/private/SIO_DrawingNames.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Drawings to XML.
+// Writes drawings as XML.
 #include "QuarvelSceneIO/private/SIO_Drawing.h"
 #include "QuarvelSceneIO/private/SIO_DrawingNames.h"
 #include "QuarvelSceneIO/private/SIO_Limits.h"
@@ -20,7 +20,7 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(SIO_Drawing)
 };
 
-// Writes one drawing. What cannot be written is remembered, and the rest of no use then.
+// Writes one drawing. After a problem the output is unusable, so only the problem is returned.
 class Writer
 {
 public:
@@ -28,7 +28,7 @@ public:
         : _drawing(drawing), _loaded(dynamic_cast<const SIO_Drawing*>(&drawing)), _xml(xml)
     {}
 
-    // Why the drawing cannot be written; empty when it was.
+    // Returns why the drawing cannot be written; empty if it was written.
     QString write()
     {
         _xml.startElement(kElementDrawing);

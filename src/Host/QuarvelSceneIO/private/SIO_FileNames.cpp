@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// File names from any text.
+// Makes file names from any text.
 #include "QuarvelSceneIO/private/SIO_FileNames.h"
 
 #include "QuarvelBaseCore/UT_Id.h"
@@ -22,7 +22,7 @@ QString escaped(char c)
     return u'%' + QString::number(static_cast<unsigned char>(c), 16).rightJustified(2, u'0').toUpper();
 }
 
-// Some systems take these for devices, whatever extension follows.
+// Some systems treat these names as devices, with any extension.
 bool isDevice(const QString& name)
 {
     static const QRegularExpression devices(QStringLiteral("^(con|prn|aux|nul|com[0-9]|lpt[0-9])$"),

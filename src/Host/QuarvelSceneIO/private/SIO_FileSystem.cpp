@@ -58,8 +58,8 @@ UT_Result<void> SIO_FileSystem::makeFolder(const QString& path)
 UT_Result<void> SIO_FileSystem::writeFile(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
-    // Without a buffer in between, so that every failed write shows at once and with its true reason. A new file only,
-    // so that nothing is written through a link that waits under its name.
+    // Unbuffered, so that every failed write shows at once and with its own reason. NewOnly, so that nothing is written
+    // through a link with this name.
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered) || !writeAll(file, bytes))
         return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot write \"%1\": %2"), path, file.errorString());
     if (!UT_syncDescriptor(file.handle()))

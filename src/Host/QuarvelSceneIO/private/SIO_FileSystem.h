@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// SIO_FileSystem: the operations that change something on the disk while a scene is saved. All of them go through this
-// interface, so that tests can have any one of them fail, or the process end in its middle.
+// SIO_FileSystem: the operations that change the disk while a scene is saved. All changes go through this interface, so
+// that tests can make any operation fail, or end the process in the middle of it.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -10,7 +10,8 @@
 #include <QByteArray>
 #include <QString>
 
-/// The disk. What an operation did survives a crash of the machine only after sync() of the folder it was done in.
+/// The disk. The effect of an operation survives a crash of the machine only after sync() of the folder that it
+/// changed.
 class QUARVELSCENEIO_EXPORT SIO_FileSystem
 {
 public:
@@ -19,16 +20,16 @@ public:
     SIO_FileSystem& operator=(const SIO_FileSystem&) = delete;
     virtual ~SIO_FileSystem();
 
-    /// Makes a folder; its parent must exist. No error when it is there.
+    /// Makes a folder; its parent must exist. An existing folder is not an error.
     virtual UT_Result<void> makeFolder(const QString& path);
-    /// Makes a file and forces its bytes to the disk; an error when something has its name already. On another error a
-    /// part of it may be there.
+    /// Makes a file and forces its bytes to the disk. It is an error if anything has this name already. After any other
+    /// error a part of the file may exist.
     virtual UT_Result<void> writeFile(const QString& path, const QByteArray& bytes);
-    /// Gives a file another path, in place of the file that is there; at no moment is there none.
+    /// Moves a file and atomically replaces the file at the new path, if there is one.
     virtual UT_Result<void> rename(const QString& from, const QString& to);
-    /// No error when there is no such file. A symbolic link goes, not what it leads to.
+    /// Removes a file; a missing file is not an error. Removes a symbolic link itself, not its target.
     virtual UT_Result<void> removeFile(const QString& path);
-    /// Removes a folder when it is empty; no error when it is not, or is not there.
+    /// Removes a folder if it is empty. A missing folder, or one that is not empty, is not an error.
     virtual UT_Result<void> removeFolder(const QString& path);
     /// Forces the names in a folder to the disk.
     virtual UT_Result<void> sync(const QString& folder);

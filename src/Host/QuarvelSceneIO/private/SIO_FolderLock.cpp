@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The lock of a scene's folder. Where there has to be a file, it goes with the lock, so that scenes hold nothing but
-// scenes; whoever gets hold of a file that has just gone tries again with the new one.
+// The lock of a scene's folder. A lock file, where one is needed, is removed with the lock, so that only the scene's
+// files stay in the folder. A process that has locked a file which was just removed tries again with a new file.
 #include "QuarvelSceneIO/private/SIO_FolderLock.h"
 
 #include <QCoreApplication>
@@ -76,7 +76,7 @@ bool SIO_FolderLock::isHeldByOthers(const QString& folder)
     return QFileInfo::exists(folder + QStringLiteral("/.lock"));
 }
 
-// Nobody else can open the file while it is open here, and the system removes it when it is closed.
+// No other process can open the file while it is open here; the system removes it when it is closed.
 SIO_FolderLock::Attempt SIO_FolderLock::tryLockOfFile()
 {
     const QString native = QDir::toNativeSeparators(_path);
@@ -125,7 +125,7 @@ bool SIO_FolderLock::isHeldByOthers(const QString& folder)
 
 SIO_FolderLock::Attempt SIO_FolderLock::tryLock()
 {
-    // Those who may do everything are told by the folder's own switches.
+    // isWritable() checks the folder's permissions; the superuser could lock a folder in spite of them.
     if (!QFileInfo(_folder).isWritable())
         return Attempt::NOT_PERMITTED;
     const int descriptor = openFolder(_folder);
@@ -145,7 +145,7 @@ SIO_FolderLock::Attempt SIO_FolderLock::tryLockOfFile()
     const QByteArray path = QFile::encodeName(_path);
     struct stat locked = {};
     struct stat named = {};
-    // To open a device can make it act.
+    // Opening a device can have side effects, so the kind is checked first.
     if (::lstat(path.constData(), &named) == 0 && !S_ISREG(named.st_mode))
         return Attempt::IN_THE_WAY;
     const int file = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0666);

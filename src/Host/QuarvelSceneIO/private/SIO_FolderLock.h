@@ -1,16 +1,16 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// SIO_FolderLock: lets one process at a time save a scene, or finish a save that was cut short. The system itself holds
-// the lock, on the scene's folder, and lets go of it when the process ends, however it ends. Nothing is left behind.
-// Where folders cannot be locked (Windows, some network disks) it is held on the file ".lock" in the folder; one that a
-// killed process left behind means nothing.
+// SIO_FolderLock: lets one process at a time save a scene, or finish an interrupted save. The operating system holds
+// the lock on the scene's folder and releases it when the process ends, for any reason. Nothing is left behind. Where
+// folders cannot be locked (Windows, some network disks), the lock is held on the file ".lock" in the folder; a ".lock"
+// that a killed process left behind does not lock anything.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
 
 #include <cstdint>
 
-/// The lock of a scene's folder, held until the object goes.
+/// The lock of a scene's folder, held until the object is destroyed.
 class SIO_FolderLock
 {
 public:
@@ -19,14 +19,14 @@ public:
     SIO_FolderLock(const SIO_FolderLock&) = delete;
     SIO_FolderLock& operator=(const SIO_FolderLock&) = delete;
 
-    /// Whether another process holds the lock of a folder just now, as far as the system tells without making a file.
+    /// Whether another process holds the lock of a folder now, as far as this can be told without making a file.
     static bool isHeldByOthers(const QString& folder);
 
-    /// Waits for other processes, half a minute at most.
+    /// Takes the lock. Waits for other processes, half a minute at most.
     ///
-    /// @return an error when another process holds on to the lock, or there can be none
+    /// @return an error if another process still holds the lock, or if the folder cannot be locked
     UT_Result<void> lock();
-    /// After lock() failed: true when the reason is that nothing may be changed in the folder.
+    /// After lock() failed: true if the reason is that the folder is not writable.
     bool isReadOnly() const { return _readOnly; }
 
 private:
@@ -35,7 +35,7 @@ private:
         LOCKED,
         HELD_BY_OTHERS,
         NOT_PERMITTED,
-        IN_THE_WAY, ///< something that is no plain file has the lock's name
+        IN_THE_WAY, ///< something other than a regular file has the lock file's name
         FAILED
     };
 
@@ -45,6 +45,6 @@ private:
     QString _folder;
     QString _path;
     bool _readOnly = false;
-    std::intptr_t _file = -1; ///< the system's handle of what is locked; -1: not locked
-    bool _madeFile = false;   ///< ".lock" is to be removed
+    std::intptr_t _file = -1; ///< the system's handle of the locked folder or file; -1: not locked
+    bool _madeFile = false;   ///< ".lock" must be removed
 };

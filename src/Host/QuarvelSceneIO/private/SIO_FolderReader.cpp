@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Reading of a scene's files.
+// Reads a scene's files.
 #include "QuarvelSceneIO/private/SIO_FolderReader.h"
 
 #include "QuarvelSceneIO/private/SIO_Limits.h"
@@ -80,7 +80,7 @@ QString SIO_FolderReader::shown(const QString& relative) const
     return QDir::toNativeSeparators(_folder + u'/' + relative);
 }
 
-// Where a file's bytes are, within the folder.
+// The path of a file's bytes within the folder: the staged file until it is moved into place.
 QString SIO_FolderReader::placeOf(const QString& relative) const
 {
     const auto staged = _staged.constFind(relative);

@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// SIO_FolderReader: reads the files of a scene without locking it, so that any number of programs can load it at once
-// and from places where nothing may be written. It sees the scene as the waiting journal says it is, and can tell
-// afterwards whether somebody saved the scene meanwhile.
+// SIO_FolderReader: reads the files of a scene without locking it, so that any number of programs can load it at once,
+// also from folders without write permission. It reads the scene as it will be after a pending journal, and can tell
+// afterwards whether the scene was saved meanwhile.
 #pragma once
 
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
@@ -11,27 +11,27 @@
 #include <QDateTime>
 #include <QHash>
 
-/// Reads files of one scene.
+/// Reads the files of one scene.
 class SIO_FolderReader
 {
 public:
     explicit SIO_FolderReader(QString folder) : _folder(std::move(folder)) {}
 
     const QString& folder() const { return _folder; }
-    /// Takes notice of a journal that waits; to be called first.
+    /// Looks for a pending journal. Must be called first.
     UT_Result<void> open();
-    /// The path of a file as people shall read it.
+    /// The path of a file for messages.
     QString shown(const QString& relative) const;
-    /// The bytes of a file; an error when there is none, it is too large for its kind, is no plain file, or is reached
-    /// through a link. An extension in another case will do.
+    /// The bytes of a file; an error if the file is missing, too large for its kind, not a regular file, or reached
+    /// through a link. Also finds a file whose extension differs in case.
     UT_Result<QByteArray> read(const QString& relative);
-    /// Which scene the files are that were read so far.
+    /// The state made of the files that were read so far.
     SIO_SceneState state() const;
-    /// True when everything read still stands there as it was: together it is one scene.
+    /// True if no file has changed since it was read, so that all files belong to the same saved scene.
     bool isUnchanged() const;
-    /// True when a journal was waiting in open().
+    /// True if open() found a journal.
     bool sawJournal() const { return _journal.size >= 0; }
-    /// After open(): why the journal that waits is not the scene's, for people; empty when it is, or none waits.
+    /// After open(): the reason, for people, why a pending journal was ignored; empty if there is none or it was used.
     const QString& journalLeftAlone() const { return _leftAlone; }
 
 private:
@@ -39,7 +39,7 @@ private:
     {
         qint64 size = -1;
         QDateTime modified;
-        quint64 node = 0; ///< where the system tells; a file that is replaced gets another one
+        quint64 node = 0; ///< if the system has one; a replaced file gets another
 
         friend bool operator==(const Stamp&, const Stamp&) = default;
     };
@@ -55,9 +55,9 @@ private:
     QString _leftAlone;
 };
 
-/// Which scene files are, by the digests of their bytes.
+/// The state of a scene with these files, given by the digests of their bytes.
 SIO_SceneState SIO_stateOf(const QMap<QString, QByteArray>& digests);
 
-/// The path of a file in its folder: with the extension's case as it is on the disk where there is no file of exactly
-/// this name.
+/// The path of a file on the disk. If there is no file with exactly this name, the extension in lower or upper case is
+/// tried.
 QString SIO_inAnyCase(const QString& path);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The index to and from XML.
+// Reads and writes the index as XML.
 #include "QuarvelSceneIO/private/SIO_Index.h"
 
 #include "QuarvelPersistentObj/PO_XmlReading.h"
@@ -35,7 +35,7 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(SIO_Index)
 };
 
-// Reads one index; files and names that come twice are refused.
+// Reads one index; refuses repeated files and names.
 class Reader
 {
 public:

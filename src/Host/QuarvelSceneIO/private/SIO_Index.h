@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The index in a scene's main file: which palettes there are, and which file holds which drawing of which element.
-// Nothing on the disk is ever looked for by guessing a name.
+// The index in a scene's main file: the list of palettes, and which file holds which drawing of which element. The
+// loader opens only files from the index; it never guesses names.
 //
 //     <quarvelScene version="1">
 //       <palettes>
@@ -23,13 +23,13 @@
 
 #include <vector>
 
-/// The index, with what a newer version wrote in it.
+/// The index, with the unknown parts that a newer version wrote.
 struct SIO_Index
 {
     struct Palette
     {
         UT_Id id;
-        bool inScene = true; ///< false for a palette that drawings use and the scene does not list
+        bool inScene = true; ///< false for a palette that drawings use but the scene does not list
         PO_UnknownXml unknown = {};
         int line = 0;
 
@@ -62,18 +62,18 @@ struct SIO_Index
     PO_UnknownXml unknownOfElements;
     QDomElement scene; ///< of the document that was read
 
-    /// The paths of all files but the main one.
+    /// The paths of all files except the main file.
     QStringList paths() const;
 };
 
 /// The main file's name.
 extern const QString kSIO_mainFile;
 
-/// Reads the index. No path in it leads out of the scene's folder, and no two are the same.
+/// Reads the index. Refuses paths that lead out of the scene's folder or are repeated.
 UT_Result<SIO_Index> SIO_readIndex(const QDomElement& root, const SIO_XmlContext& context);
 
 /// The bytes of the main file.
 QByteArray SIO_writeMainFile(const SIO_Index& index, const PIO_XmlWritable& scene);
 
-/// True when a document is a scene's main file.
+/// True if a document is a scene's main file.
 bool SIO_isMainFile(const QDomElement& root);

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Changing several files at once. Order is all: bytes before the journal, the journal before the moves, the moves on
-// the disk before the journal goes.
+// Changes several files at once. The order is what makes this safe: the new files reach the disk before the journal,
+// the journal before any file is moved, and the moves before the journal is removed.
 #include "QuarvelSceneIO/private/SIO_Journal.h"
 
 #include "QuarvelSceneIO/private/SIO_JournalSeal.h"
@@ -24,14 +24,15 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(SIO_Journal)
 };
 
-// A link in a file's own place will be replaced; one above it would have the file written elsewhere.
+// Whether no folder above the file is a link, which would redirect the file. A link at the file's own path is harmless,
+// because it is replaced.
 bool isSafePlace(const QString& folder, const QString& relative)
 {
     const auto slash = relative.lastIndexOf(u'/');
     return SIO_hasNoLinks(folder, slash < 0 ? QString() : relative.left(slash));
 }
 
-// Makes the folders between the scene's and a file.
+// Makes the folders between the scene's folder and a file.
 UT_Result<void> makeFoldersFor(const QString& folder, const QString& relative, SIO_FileSystem& disk)
 {
     for (auto slash = relative.indexOf(u'/'); slash >= 0; slash = relative.indexOf(u'/', slash + 1)) {
@@ -46,7 +47,7 @@ UT_Result<void> makeFoldersFor(const QString& folder, const QString& relative, S
     return {};
 }
 
-// Collects the folders in which something was done.
+// Carries out a journal and then forces the changed folders to the disk.
 class Carrier
 {
 public:
@@ -95,7 +96,7 @@ private:
         _touched.insert(parent);
         if (parent == _folder)
             return {};
-        // An element's folder goes with its last drawing.
+        // An element's folder is removed with its last drawing.
         _touched.insert(QFileInfo(parent).path());
         return _disk.removeFolder(parent);
     }
@@ -112,7 +113,7 @@ UT_Result<void> dropStaging(const QString& folder, SIO_FileSystem& disk)
         return UT_Error{Texts::tr("\"%1\" is a link; remove it").arg(QDir::toNativeSeparators(staging))};
     if (!QFileInfo::exists(staging))
         return {};
-    // What no save has put there is not for a save to remove.
+    // Removes only files that a save has made.
     const auto names = QDir(staging).entryList(QDir::Files | QDir::Hidden | QDir::System);
     for (const QString& name : names)
         if (SIO_isStagedName(name))
@@ -138,14 +139,14 @@ bool hasBytes(const QString& folder, const QString& relative, const QByteArray& 
     return there && *there == bytes;
 }
 
-// Writes the new files into the staging folder, and the journal with them.
+// Writes the new files and the journal into the staging folder.
 UT_Result<SIO_Journal> stage(const QString& folder, const QMap<QString, QByteArray>& files, const QStringList& deletes,
                              SIO_FileSystem& disk)
 {
     const QString staging = folder + u'/' + kSIO_stagingFolder;
     if (const auto made = disk.makeFolder(staging); !made)
         return made.error();
-    // Or a crash of the machine could leave a journal without the folder that it speaks of.
+    // Otherwise a crash of the machine could leave a journal whose staging folder is missing.
     if (const auto synced = disk.sync(folder); !synced)
         return synced.error();
     SIO_Journal journal;
@@ -166,7 +167,7 @@ UT_Result<SIO_Journal> stage(const QString& folder, const QMap<QString, QByteArr
     return journal;
 }
 
-// The moment that decides.
+// Renames the journal. From this moment the new scene is valid.
 UT_Result<void> commit(const QString& folder, SIO_FileSystem& disk)
 {
     const QString journal = folder + u'/' + kSIO_journalFile;
@@ -175,14 +176,14 @@ UT_Result<void> commit(const QString& folder, SIO_FileSystem& disk)
     const auto synced = disk.sync(folder);
     if (synced)
         return {};
-    // Nobody knows whether the name is on the disk. It must not be when the save is said to have failed; where it
-    // cannot be taken back, the save counts.
+    // It is unknown whether the new name has reached the disk. Before the save is reported as failed, the journal must
+    // be removed; if that fails, the save is valid.
     if (disk.removeFile(journal) || !QFileInfo::exists(journal))
         return synced;
     return {};
 }
 
-// Whether the files that a journal puts in place are the ones that were saved. One that is gone is in place already.
+// Whether the staged files are the ones that the journal lists. A missing file has been moved into place already.
 bool hasItsFiles(const QString& folder, const SIO_Journal& journal)
 {
     return std::all_of(journal.writes.begin(), journal.writes.end(), [&](const SIO_Journal::Write& write) {
@@ -244,7 +245,7 @@ UT_Result<void> SIO_changeFiles(const QString& folder, const QMap<QString, QByte
         (void)dropStaging(folder, disk);
         return committed;
     }
-    // The new scene counts from here on. What cannot be put in place now is read from where it is.
+    // The new scene is valid from here on. Files that cannot be moved into place now are read from the staging folder.
     (void)finish(folder, *journal, disk);
     return {};
 }

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The key and the seals made with it.
+// Makes and reads the key, and computes seals with it.
 #include "QuarvelSceneIO/private/SIO_JournalSeal.h"
 
 #include <QCoreApplication>
@@ -47,7 +47,7 @@ QString keyPath()
     return keyFolder() + QStringLiteral("/journal.key");
 }
 
-// A key that others can read or could have put there is no secret.
+// A key that others can read, or could have written, is not a secret.
 bool isPrivate(const QString& path)
 {
 #ifdef Q_OS_WIN
@@ -78,12 +78,12 @@ QByteArray randomBytes(qsizetype count)
 
 bool writePrivately(QFile& file, const QByteArray& bytes)
 {
-    // The permissions are there before the bytes.
+    // The file has its permissions before its bytes.
     bool written = file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered,
                              QFile::ReadOwner | QFile::WriteOwner) &&
                    file.write(bytes) == bytes.size();
 #ifndef Q_OS_WIN
-    // A key that a crash of the machine takes away makes the journal worthless that is sealed with it.
+    // If a crash of the machine lost the key, the journals sealed with it would be worthless.
     written = written && (::fsync(file.handle()) == 0 || errno == EINVAL);
 #endif
     file.close();
@@ -99,10 +99,10 @@ void makeKey()
     QFile fresh(keyFolder() + QStringLiteral("/journal.key.") + name);
     if (writePrivately(fresh, randomBytes(kKeySize))) {
 #ifdef Q_OS_WIN
-        // Does not replace a file that is there.
+        // Does not replace an existing file.
         fresh.rename(keyPath());
 #else
-        // Unlike renaming, it does not replace a file that is there.
+        // Unlike rename(), link() does not replace an existing file.
         (void)::link(QFile::encodeName(fresh.fileName()).constData(), QFile::encodeName(keyPath()).constData());
         const int folder = ::open(QFile::encodeName(keyFolder()).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
         if (folder >= 0) {
@@ -114,7 +114,7 @@ void makeKey()
     fresh.remove();
 }
 
-// What tells a folder from its copies; empty when the system does not say.
+// Distinguishes a folder from its copies; empty if the system does not tell.
 QByteArray identityOf(const QString& folder)
 {
     QByteArray number;
@@ -146,7 +146,7 @@ QByteArray sealOf(const QByteArray& text, const QByteArray& identity, const QByt
     return QMessageAuthenticationCode::hash(identity + '\n' + text, key, QCryptographicHash::Sha256).toHex();
 }
 
-// Takes the same time wherever the two differ.
+// Compares in constant time, so that the time does not tell where the two differ.
 bool isEqual(const QByteArray& a, const QByteArray& b)
 {
     if (a.size() != b.size())

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Journals to and from their text.
+// Writes and parses the text of journals.
 #include "QuarvelSceneIO/private/SIO_JournalText.h"
 
 #include "QuarvelSceneIO/private/SIO_Index.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A journal: the list of what is to be done to make a scene's folder hold the new scene.
+// A journal: the list of changes that turn the old scene in a folder into the new one.
 //
 //     quarvel-journal 2
 //     write 0 8c0f... elements/Hero/1.kvr     the file in ".save", the SHA-256 of its bytes, its place
@@ -17,31 +17,31 @@
 #include <optional>
 #include <vector>
 
-/// What is to be done. Paths are within the scene's folder.
+/// The changes. Paths are relative to the scene's folder.
 struct SIO_Journal
 {
     struct Write
     {
         QString staged; ///< a path, in ".save"
         QString target;
-        QByteArray digest; ///< of the staged file's bytes, as SIO_digest() gives it
+        QByteArray digest; ///< SIO_digest() of the staged file's bytes
     };
 
     std::vector<Write> writes;
     QStringList deletes;
 };
 
-/// The names within a scene's folder that belong to saving.
+/// The names in a scene's folder that saving uses.
 extern const QString kSIO_journalFile;
 extern const QString kSIO_stagingFolder;
 
-/// The path of a file that waits in ".save".
+/// The path of a staged file, in ".save".
 QString SIO_stagedPath(const QByteArray& name);
-/// True for the names that a save gives to files in ".save": numbers, and the journal before it counts.
+/// True for the names that a save gives to files in ".save": numbers, and "journal" until it is renamed.
 bool SIO_isStagedName(const QString& name);
 
 /// True for the paths that files of a scene can have: "scene.xml", "palettes/*.xml" and "elements/*/*.kvr", the
-/// extension in upper or lower case. Saving and what finishes a save touch nothing else.
+/// extension in upper or lower case. Saving, and finishing a save, change no other files.
 QUARVELSCENEIO_EXPORT bool SIO_isScenePath(const QString& relative);
 
 /// SHA-256 in hexadecimal digits.
@@ -49,5 +49,5 @@ QUARVELSCENEIO_EXPORT QByteArray SIO_digest(const QByteArray& bytes);
 
 /// The text of a journal, without its seal.
 QUARVELSCENEIO_EXPORT QByteArray SIO_journalText(const SIO_Journal& journal);
-/// The inverse; nothing when the text is damaged or a path in it is not a scene's.
+/// The inverse; std::nullopt if the text is damaged or a path in it is not a scene path.
 QUARVELSCENEIO_EXPORT std::optional<SIO_Journal> SIO_parseJournal(const QByteArray& text);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Palettes to and from XML.
+// Reads and writes palettes as XML.
 #include "QuarvelSceneIO/private/SIO_Palette.h"
 
 #include "QuarvelPersistentObj/PIO_XmlWritable.h"
@@ -46,7 +46,7 @@ std::optional<std::uint8_t> channel(const QDomElement& element, const char* name
     return value && *value >= 0 && *value <= 255 ? std::optional(static_cast<std::uint8_t>(*value)) : std::nullopt;
 }
 
-// The channels; nothing when one is missing (alpha apart) or no byte.
+// The colour of an element; std::nullopt if red, green or blue is missing or a channel is outside 0 .. 255.
 std::optional<CM_Rgba> nominal(const QDomElement& element)
 {
     const auto red = channel(element, "red", -1);

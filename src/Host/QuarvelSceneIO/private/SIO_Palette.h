@@ -13,14 +13,14 @@
 
 #include <map>
 
-/// A palette that was loaded, with what a newer version wrote about it.
+/// A loaded palette, with the unknown parts that a newer version wrote.
 class SIO_Palette : public CM_Palette
 {
 public:
     struct ColourExtras
     {
-        QString kind; ///< a kind that is not understood, in place of the colour's own; empty for the others
-        QString type; ///< the same for the use of a solid colour
+        QString kind; ///< the unknown kind that the file has for a colour; empty for known kinds
+        QString type; ///< the type as written in the file, if it must be kept because it is unknown; else empty
         PO_UnknownXml unknown;
     };
 
@@ -34,7 +34,7 @@ public:
 
 /// Reads a palette.
 ///
-/// @param id the one that the scene's list of palettes gives; the file must agree
+/// @param id the identifier in the scene's list of palettes; the file must have the same
 UT_Result<UT_SharedPtr<SIO_Palette>> SIO_readPalette(const QByteArray& bytes, const UT_Id& id,
                                                      const SIO_XmlContext& context);
 /// The bytes of a palette's file.

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Paths are judged part by part, the same on every system: what one system takes for a drive or a parent folder is
-// refused on all.
+// Checks paths part by part with the same rules on every system: a part that any system treats as a drive or a parent
+// folder is refused on all.
 #include "QuarvelSceneIO/private/SIO_PathInside.h"
 
 #include <QCoreApplication>

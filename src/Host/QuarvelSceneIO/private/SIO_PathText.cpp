@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Paths are put together from a stream of their elements: the operations that draw them leave out elements that go
-// nowhere, and a path from a file shall have them all.
+// Builds paths from a data stream of their elements, because lineTo() and similar functions drop elements of length
+// zero, and a path from a file must keep all its elements.
 #include "QuarvelSceneIO/private/SIO_PathText.h"
 
 #include "QuarvelPersistentObj/PO_XmlText.h"
@@ -32,7 +32,7 @@ char16_t letterOf(QPainterPath::ElementType type)
     return u'\0';
 }
 
-// Paths hold no coordinates from here on.
+// Coordinates of paths must have a smaller absolute value.
 constexpr double kFarthest = 1e128;
 
 bool isCoordinate(double value)
@@ -40,7 +40,7 @@ bool isCoordinate(double value)
     return std::fabs(value) < kFarthest;
 }
 
-// Takes the next point of a text; false when there is none.
+// Reads words and points from a text one after the other.
 class Points
 {
 public:
@@ -110,7 +110,7 @@ QPainterPath pathOf(const std::vector<Element>& elements, Qt::FillRule fillRule)
 
 std::optional<QString> SIO_pathText(const QPainterPath& path)
 {
-    // A path that was only given its fill rule has one element, at the origin, and is empty all the same.
+    // Setting the fill rule of an empty path adds one element at the origin; the path still counts as empty.
     if (path.elementCount() == 1 && path.elementAt(0).x == 0.0 && path.elementAt(0).y == 0.0)
         return QString();
     QString text;
@@ -132,7 +132,7 @@ std::optional<QString> SIO_pathText(const QPainterPath& path)
 std::optional<QPainterPath> SIO_parsePath(const QString& text, Qt::FillRule fillRule)
 {
     std::vector<Element> elements;
-    // Of all white space a reader of XML leaves spaces alone in attributes.
+    // Words are separated by spaces: XML readers replace other white space in attributes with spaces.
     for (Points points(text); !points.atEnd();)
         if (!appendPart(points.word(), points, elements))
             return std::nullopt;

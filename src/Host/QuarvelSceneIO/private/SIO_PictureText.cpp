@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Pictures to and from PNG. What a PNG can say beside its pixels (density, texts, colour space) is left out, so that
-// the bytes depend on the pixels alone.
+// Converts pictures to and from PNG. The PNG holds only the pixels, without density, texts or colour space, so that its
+// bytes depend on the pixels alone.
 #include "QuarvelSceneIO/private/SIO_PictureText.h"
 
 #include "QuarvelSceneIO/private/SIO_Limits.h"
@@ -47,7 +47,7 @@ bool isSmallEnough(const QSize& size, qint64 bytesPerPixel)
            qint64{size.width()} * size.height() * bytesPerPixel <= kSIO_maxPictureBytes;
 }
 
-// The pixels alone, read as another format of the same size.
+// Copies the pixels' bytes into an image of another format with pixels of the same size, without converting them.
 QImage pixelsOf(const QImage& image, QImage::Format format)
 {
     QImage pixels(image.size(), format);
@@ -89,7 +89,7 @@ std::optional<QImage> SIO_parsePicture(const QString& text, bool premultiplied)
     QBuffer buffer(&bytes);
     QImageReader reader(&buffer, "png");
     reader.setAutoDetectImageFormat(false);
-    // The header alone is read so far; each of these pixels may take eight bytes at most.
+    // Only the header has been read so far; a pixel takes at most eight bytes in memory.
     if (!reader.canRead() || !isSmallEnough(reader.size(), isDeep(reader.imageFormat()) ? 8 : 4))
         return std::nullopt;
     const QImage image = reader.read();

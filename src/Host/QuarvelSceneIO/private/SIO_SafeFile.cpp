@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// On POSIX systems the path is walked part by part from the scene's folder, so that a link that appears meanwhile is
-// not followed either. A file is looked at before it is opened, since opening alone can make a device act, and once
-// more when it is open.
+// On POSIX systems the path is opened part by part from the scene's folder, so that a link that appears meanwhile is
+// not followed either. The kind of a file is checked before opening, because opening a device can have side effects,
+// and again after opening.
 #include "QuarvelSceneIO/private/SIO_SafeFile.h"
 
 #include <QCoreApplication>
@@ -63,7 +63,7 @@ bool isAnyLink(const QString& path)
 
 #ifdef Q_OS_UNIX
 
-// A descriptor that is closed in the end.
+// Closes a file descriptor in its destructor.
 class Descriptor
 {
 public:
@@ -84,7 +84,7 @@ private:
     int _number;
 };
 
-// What errno says, as the outcome of reading.
+// Converts an errno value to the result of reading.
 UT_Result<Bytes> failure(const QString& path, int reason)
 {
     if (reason == ENOENT)
@@ -101,7 +101,7 @@ UT_Result<Bytes> readOpened(int file, const QString& path, qint64 size, qint64 m
     bytes.reserve(std::min(size, maxBytes) + 1);
     for (;;) {
         const qsizetype before = bytes.size();
-        // One byte more than there should be, so that the end is seen without another step.
+        // Reads one byte more than expected, so that the end shows without another enlargement.
         const qint64 wanted = std::max(size - before + 1, kStep);
         bytes.resize(before + std::min(wanted, maxBytes + 1 - before));
         const ssize_t count = ::read(file, bytes.data() + before, static_cast<std::size_t>(bytes.size() - before));

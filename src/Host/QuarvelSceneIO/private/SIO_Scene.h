@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// SIO_Scene: a scene that was loaded, with what its main file holds that this program does not understand, and the
-// drawings of modules of unknown kinds, so that saving loses nothing.
+// SIO_Scene: a loaded scene, with the parts of its main file that this program does not understand and the drawings of
+// modules of unknown kinds, so that saving does not lose anything.
 #pragma once
 
 #include "QuarvelSceneCore/graph/MO_Scene.h"
@@ -15,19 +15,19 @@
 class SIO_Scene : public MO_Scene
 {
 public:
-    /// The drawings of a module of an unknown kind, as they are on the disk.
+    /// The drawings of a module of an unknown kind, as the unchanged bytes of their files.
     struct Kept
     {
         SIO_Index::Element entry;
-        std::vector<QByteArray> files; ///< for each drawing of the entry
+        std::vector<QByteArray> files; ///< one for each drawing of the entry
     };
 
     ~SIO_Scene() override;
 
     /// The index as it was read; its unknown parts are written back.
     SIO_Index index;
-    /// By the names of the modules.
+    /// Indexed by the modules' names.
     std::map<QString, Kept> kept;
-    /// Palettes that drawings use and the scene does not list.
+    /// Palettes that drawings use but the scene does not list.
     std::vector<UT_SharedPtr<SIO_Palette>> otherPalettes;
 };

@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A scene as files. Names on the disk are given out in the order of the modules, so that a scene always gets the same.
+// Makes the files of a scene. File names are chosen in the order of the modules, so that a scene always gets the same
+// names.
 #include "QuarvelSceneIO/private/SIO_SceneFiles.h"
 
 #include "QuarvelSceneCore/graph/MO_OpaqueModule.h"
@@ -20,13 +21,13 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(SIO_SceneFiles)
 };
 
-// The elements and attributes in a file that is about to be saved; at least as many as there are.
+// An upper bound for the number of elements and attributes in a file.
 qint64 partsOf(const QByteArray& bytes)
 {
     return bytes.count('<') + bytes.count('=');
 }
 
-// Collects the files of one scene. The first problem is remembered.
+// Collects the files of one scene and remembers the first problem.
 class Collector
 {
 public:
@@ -42,7 +43,7 @@ public:
         for (const auto& palette : _scene.palettes())
             addPalette(palette, true);
         _scene.root().forEachModule([this](const MO_Module& module) { addModule(module); });
-        // Nobody knows which palettes the drawings of unknown modules need.
+        // It is unknown which of these palettes the drawings of unknown modules need, so all are kept.
         if (_loaded && _hasKept)
             for (const auto& palette : _loaded->otherPalettes)
                 addPalette(palette, false);

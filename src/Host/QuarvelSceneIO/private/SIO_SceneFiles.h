@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The files that a scene consists of, as bytes in memory.
+// Makes the files of a scene, as bytes in memory.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Warnings, each once.
+// Collects warnings and counts repeated ones.
 #include "QuarvelSceneIO/private/SIO_Warnings.h"
 
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// SIO_Warnings: what people are told about a scene that loads all the same. A file can give the same reason to warn a
-// million times; it is said once, with the first place and a count.
+// SIO_Warnings: the warnings about a scene that can be loaded nevertheless. A file can cause the same warning a million
+// times; it is reported once, with its first place and a count.
 #pragma once
 
 #include "QuarvelSceneIO/QuarvelSceneIOExport.h"
@@ -14,15 +14,15 @@
 class QUARVELSCENEIO_EXPORT SIO_Warnings
 {
 public:
-    /// The number of different warnings that are kept; of others there is a count.
+    /// The number of different warnings that are kept; further ones are only counted.
     static constexpr std::size_t kMost = 100;
 
-    /// @param place where: "FILE" or "FILE, line N"; empty where the reason says it
-    /// @param what the reason; warnings of the same reason are one
+    /// @param place the place: "FILE" or "FILE, line N"; empty if the reason names it
+    /// @param what the reason; warnings with the same reason become one
     void add(const QString& place, const QString& what);
 
-    /// A line each, in the order of their first places: "PLACE: WHAT (and N times more)". A reason that is very long is
-    /// cut.
+    /// One line for each warning, in the order in which they first occurred: "PLACE: WHAT (and N times more)". Very
+    /// long reasons are shortened.
     QStringList lines() const;
 
 private:

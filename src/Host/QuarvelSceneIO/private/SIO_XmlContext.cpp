@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Messages about a place in a file, and the keeping of what is not understood.
+// Makes messages about places in a file, and keeps unknown parts.
 #include "QuarvelSceneIO/private/SIO_XmlContext.h"
 
 #include "QuarvelPersistentObj/PIO_XmlWritable.h"

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Where a piece of XML stands, for messages: "FILE, line N: reason"; and the keeping of what a newer version of the
-// program wrote, which always goes with a warning.
+// Makes messages about an XML element, "FILE, line N: reason", and keeps parts that a newer version of the program
+// wrote, always with a warning.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -16,22 +16,22 @@
 class SIO_XmlContext
 {
 public:
-    /// @param file its path, as people shall read it
-    /// @param warnings gets the warnings; null when nobody wants them
+    /// @param file its path for messages
+    /// @param warnings receives the warnings; may be null
     SIO_XmlContext(QString file, SIO_Warnings* warnings) : _file(std::move(file)), _warnings(warnings) {}
 
     const QString& file() const { return _file; }
-    /// Something about an element keeps the file from being read.
+    /// The error of a file that cannot be read because of an element.
     UT_Error error(const QDomElement& element, const QString& reason) const;
     void warn(const QDomElement& element, const QString& reason) const;
 
-    /// Keeps all attributes of an element but the ones that are understood.
+    /// Keeps all attributes of an element except those that are understood.
     void keepOtherAttributes(const QDomElement& element, const QStringList& understood, PO_UnknownXml& unknown) const;
     /// Keeps an element that is not understood.
     void keepElement(const QDomElement& element, PO_UnknownXml& unknown) const;
-    /// Keeps all elements inside of an element.
+    /// Keeps all elements inside an element.
     void keepAllElements(const QDomElement& element, PO_UnknownXml& unknown) const;
-    /// Warns of a file that a newer version wrote.
+    /// Warns if a newer version wrote the file.
     void checkVersion(const QDomElement& element, int known) const;
 
 private:
@@ -41,5 +41,5 @@ private:
     SIO_Warnings* _warnings;
 };
 
-/// A whole document, as bytes.
+/// The bytes of a complete document.
 QByteArray SIO_document(const std::function<void(PO_XmlWriter&)>& write);
