@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The control points of a shape lie around it. They are looked at one by one: a path's own function for it writes down
-// what it finds, and frames are rendered on several threads.
+// A shape lies inside the rectangle of its control points. The code reads them one by one because
+// QPainterPath::controlPointRect() caches its result in the path, and frames are rendered on several threads.
 #include "jobs/shown/DrawingExtent.h"
 
 #include "QuarvelSceneCore/graph/MO_Port.h"

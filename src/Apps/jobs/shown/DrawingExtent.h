@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Where the drawings of a scene lie: asked before a frame is rendered, for its memory and its margin.
+// Where the drawings of a scene lie. The estimates of a frame's memory and margin need this before the frame is
+// rendered.
 #pragma once
 
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
@@ -15,5 +16,5 @@
 /// is painted. Empty when nothing is shown.
 QRectF extentOf(const MO_ElementModule& element, double frame, const std::pair<int, int>& resolution);
 
-/// The elements whose drawings come in at an input port, each once.
+/// The elements upstream of an input port, each once.
 std::vector<const MO_ElementModule*> elementsBehind(const MO_Port& input);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Each object is a rectangle; each side of the frame asks how far it sticks out there.
+// Treats each object as a rectangle and measures how far it reaches outside each side of the frame.
 #include "jobs/shown/FrameMargin.h"
 
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
@@ -16,14 +16,15 @@
 
 namespace {
 
-// The clip looks two pixels far; a smoothed normal is made of normals one pixel away, each of heights one further.
+// The clip reads pixels up to two away; a smoothed normal is computed from normals one pixel away, and each of these
+// from heights one pixel farther.
 constexpr int kNeighbours = 4;
-// What has a pixel in the outermost line asks for heights beyond it.
+// An object with a pixel in the outermost row or column needs heights outside it.
 constexpr double kTouching = 1.0;
 // Margins are multiples of this, so that an object that moves needs few different ones.
 constexpr int kStep = 32;
 
-// The rectangles of a node's objects, by number.
+// The rectangles of a node's objects, by object number.
 std::map<int, QRectF> extentsOf(const MO_Module& node, double frame, const std::pair<int, int>& resolution)
 {
     std::map<int, QRectF> extents;
@@ -38,7 +39,7 @@ std::map<int, QRectF> extentsOf(const MO_Module& node, double frame, const std::
     return extents;
 }
 
-// Pixels.
+// In pixels.
 double blurReach(const NormalMapNode& node, double bevel, double frame, int width)
 {
     const AT_DoubleAttr* const multiplier = node.bevelMultiplier();
@@ -49,8 +50,8 @@ double blurReach(const NormalMapNode& node, double bevel, double frame, int widt
     return std::isfinite(sigma) && sigma > 0.0 ? std::ceil(4.0 * sigma) : 0.0;
 }
 
-// @param beyond  how far the object's pixels lie beyond the side; 0 or less when they do not
-// @param length  of the frame across the side
+// @param beyond how far the object reaches outside the side; 0 or less if it does not
+// @param length the frame's length at right angles to the side
 int marginOn(double beyond, double reach, int length)
 {
     if (beyond <= 0.0)
@@ -70,7 +71,7 @@ void grow(RD_Margins& margins, const RD_Margins& other)
     margins.bottom = std::max(margins.bottom, other.bottom);
 }
 
-// No picture is larger than the renderer takes.
+// Clamps margins so that the picture is not larger than the renderer accepts.
 void hold(int length, int& before, int& after)
 {
     const int most = (RD_RenderParameters::kMaxResolution - length) / 2;
@@ -92,7 +93,7 @@ RD_Margins marginsFor(const std::vector<MO_Module*>& nodes, double frame, const 
             if (extent == extents.end() || extent->second.isEmpty())
                 continue;
             const double reach = blurReach(node, object.bevel, frame, width);
-            // What is blurred and not clipped goes on as far.
+            // An unclipped blur extends the object by its reach.
             const double tail = std::max(kTouching, node.clips() ? 0.0 : reach);
             const QRectF rect = extent->second.adjusted(-tail, -tail, tail, tail);
             grow(margins,

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// One function a kind of picture.
+// One function for each kind of picture.
 #include "jobs/shown/FramePicture.h"
 
 #include "QuarvelNormalMap/NM_DrawingPicture.h"
@@ -58,7 +58,7 @@ UT_Result<IIO_Picture> pictureOf(const CEL_PixmapArea& pixmap, const CEL_PixmapA
     return NM_drawingPicture(pixmap, window, samplesOf(settings), data);
 }
 
-// What changes the pixels and shows nowhere else.
+// The settings that change the pixels and are not recorded elsewhere in the file.
 QString settingsText(const FramePictureSettings& settings)
 {
     QStringList words{settings.floatRender ? QStringLiteral("float") : QStringLiteral("16-bit")};
@@ -78,7 +78,7 @@ QString layoutText(const FramePictureSettings& settings)
     return QStringLiteral("drawing");
 }
 
-// Whether the drawing stands beside the normals.
+// Whether the file holds the drawing beside the normals.
 bool needsDrawing(const FramePictureSettings& settings)
 {
     return settings.source == RenderedKind::NORMALS && settings.shown == RenderedKind::NORMALS && asLayers(settings);
@@ -94,7 +94,7 @@ IIO_Metadata normalsMetadata(const FramePictureSettings& settings)
     return metadata;
 }
 
-// What is done to the finished pixels; drawings stay as they are.
+// The last steps on the pixels: padding, alpha, bits and encoding.
 void finish(IIO_Picture& picture, const FramePictureSettings& settings)
 {
     const bool coloured = picture.channels() == IIO_channelsRgba();

@@ -1,12 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// From a rendered frame to the picture that goes into its file, with the texts that say what it is.
+// Converts a rendered frame to the picture for its file, with the metadata that describe it.
 //
 // A file of floats (OpenEXR) in the layout TANGENT holds the drawing as R G B A, linear and multiplied by coverage, so
-// that every program shows it, and the layers N.X N.Y N.Z elevation.Y coverage.A; colours are linear and multiplied
-// there, too. Every file of floats holds what lies beyond the frame: its display window is the frame, its data window
-// the frame and all pixels that the node made. Other files hold the frame alone, in the encodings of
-// NM_NormalPicture.h.
+// that every program shows it, and the layers N.X N.Y N.Z elevation.Y coverage.A. A file of floats with colours holds
+// them linear and multiplied by coverage too. Every file of floats also holds pixels outside the frame: its display
+// window is the frame, its data window the frame and all pixels that the node made. Other files hold the frame alone,
+// in the encodings of NM_NormalPicture.h.
 #pragma once
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
@@ -14,43 +14,44 @@
 #include "QuarvelNormalMap/NM_MapForm.h"
 #include "jobs/shown/ShownFrame.h"
 
-/// What the default layer of an OpenEXR file with normals is.
+/// The content of the default layer of an OpenEXR file with normals.
 enum class ExrContent
 {
     LAYERS, ///< the drawing; the vectors have layers of their own
-    MAP,    ///< the map as other files have it, 0 .. 1
-    SIGNED  ///< the map, -1 .. 1
+    MAP,    ///< the map as in other files, 0 .. 1
+    SIGNED  ///< the map with signed components, -1 .. 1
 };
 
-/// How frames become pictures. A plain value, the same for all frames of a run.
+/// How to convert frames to pictures. A plain value, the same for all frames of a run.
 struct FramePictureSettings
 {
     RenderedKind source = RenderedKind::NORMALS; ///< what the node renders
-    RenderedKind shown = RenderedKind::NORMALS;  ///< what is written of it
+    RenderedKind shown = RenderedKind::NORMALS;  ///< the part that is written
     NM_Layout layout = NM_Layout::TANGENT;
-    /// Its padding holds in pictures that are no layers, and alpha in normals of them.
+    /// The padding applies to all pictures except layers, the rest to maps of normals that are not layers; the bits
+    /// also to elevations.
     NM_MapForm form;
     bool elevation = false;   ///< the blue channel holds the elevation (DepthInBlue)
     bool floatFile = false;   ///< the file is OpenEXR
-    bool floatRender = false; ///< noted in the file
+    bool floatRender = false; ///< recorded in the metadata
     bool half = false;        ///< 16-bit floats in OpenEXR files
     ExrContent exr = ExrContent::LAYERS;
-    QString scene; ///< the scene's name, noted in the file
-    QString node;  ///< the same
+    QString scene; ///< the scene's name, recorded in the file's metadata
+    QString node;  ///< the node's name, recorded too
 };
 
-/// Whether the render has to put elevation into blue for such pictures.
+/// Whether the node must put the elevation into blue for these pictures.
 bool needsElevationInBlue(const FramePictureSettings& settings);
 
 /// What such pictures are made of.
 ShownParts partsOf(const FramePictureSettings& settings);
 
-/// The texts that a frame's file has.
+/// The metadata of a frame's file.
 IIO_Metadata frameMetadata(const FramePictureSettings& settings, int frame);
 
-/// The picture of a frame, with its texts.
+/// Makes the picture of a frame, with its metadata.
 ///
-/// @param pixmap  what was rendered
+/// @param pixmap the rendered pixels
 /// @param drawing the drawing that belongs to it, with associated colours, or null
 /// @param window  the frame's rectangle in the pixmaps' coordinates
 UT_Result<IIO_Picture> framePicture(const CEL_PixmapArea& pixmap, const CEL_PixmapArea* drawing,

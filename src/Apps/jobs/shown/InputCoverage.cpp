@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Two passes: the rectangle around what is covered, then the bits of that rectangle.
+// Two passes: the first finds the rectangle around the covered pixels, the second sets its bits.
 #include "jobs/shown/InputCoverage.h"
 
 #include <algorithm>

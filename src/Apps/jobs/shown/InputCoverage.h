@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Where each input of a node shows in a frame: what tells a window which object is under the mouse, and along which
-// line to draw its outline. It is noted while the drawing of the frame is painted, input by input, so that it costs a
-// look at each pixel and one bit of memory; objects that lie below others are known in full.
+// Which pixels each input of a node covers in a frame. A window needs this to find the object under the mouse and to
+// draw its outline. The coverage is recorded while the drawing of the frame is painted, input by input, so it costs one
+// look at each pixel and one bit of memory; objects below others are recorded completely.
 #pragma once
 
 #include "QuarvelBaseCore/Math_Box2di.h"
@@ -21,20 +21,20 @@ public:
     /// Covers nothing.
     CoverageBits() = default;
     /// @param pixmap colours with coverage (RGBA, 16 bits or float); a pixmap of another kind covers nothing
-    /// @param window what is looked at; pixels outside of it count as not covered
+    /// @param window the rectangle to record; pixels outside it count as uncovered
     CoverageBits(const CEL_PixmapArea& pixmap, const Math::Box2di& window);
 
-    /// The pixels that are known, in the picture's coordinates: the smallest rectangle around what is covered.
+    /// The smallest rectangle around the covered pixels, in the picture's coordinates.
     const Math::Box2di& rect() const { return _rect; }
     bool isEmpty() const { return _rect.isEmpty(); }
-    /// Whether the pixel is covered; false outside of rect().
+    /// Whether the pixel is covered; false outside rect().
     bool covers(int x, int y) const
     {
         return _rect.contains(x, y) && ((_words[wordOf(x, y)] >> (static_cast<unsigned>(x - _rect.x1) % 64U)) & 1U);
     }
     /// The bits of row y of rect(), the first pixel in the lowest bit of the first word; unused bits are 0.
     std::span<const std::uint64_t> row(int y) const { return {_words.data() + wordOf(_rect.x1, y), _stride}; }
-    /// How much memory the bits take.
+    /// The memory of the bits, in bytes.
     std::size_t bytes() const { return _words.size() * sizeof(std::uint64_t); }
 
 private:
@@ -46,7 +46,7 @@ private:
     }
 
     Math::Box2di _rect{0, 0, 0, 0};
-    std::size_t _stride = 0; // words a row
+    std::size_t _stride = 0; // words per row
     std::vector<std::uint64_t> _words;
 };
 
@@ -55,7 +55,7 @@ struct ShownInput
 {
     QString node;   ///< the node's name
     int port = 0;   ///< the input's position among the node's inputs, from 0
-    int number = 0; ///< of its object; 0 is a cut-out, which takes away what lies below it
+    int number = 0; ///< the number of its object; 0 is a cut-out, which removes what lies below it
     CoverageBits coverage;
 };
 

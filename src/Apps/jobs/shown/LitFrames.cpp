@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A shown frame, lit or as it is, in bytes.
+// Converts a shown frame to bytes, lit or unlit.
 #include "jobs/shown/LitFrames.h"
 
 #include "QuarvelImageIO/IIO_Samples.h"

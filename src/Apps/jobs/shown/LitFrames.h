@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// LitFrames: frames of a scene to look at. Normals are shown as light on the drawing that they belong to; elevation and
-// colours are shown as they are.
+// LitFrames: frames of a scene for previews. Normals are shown as light on the drawing that they belong to; elevation
+// and colours are shown unlit.
 #pragma once
 
 #include "QuarvelNormalMap/NM_Lighting.h"
@@ -15,20 +15,20 @@
 class LitFrames
 {
 public:
-    /// No preview is wider than this.
+    /// The largest width of a preview, in pixels.
     static constexpr int kMaxWidth = 960;
 
-    /// @param module what is rendered; must live longer
-    /// @param shown  what its picture is taken for
+    /// @param module the rendered module; must outlive this object
+    /// @param shown the meaning of its picture
     /// @param final  the parameters of the frames that are written to files
-    /// @param lighting the light; nothing: the scene's own at each frame
+    /// @param lighting the light; without a value, the scene's own light at each frame
     LitFrames(const ShownModule& module, RenderedKind shown, const RD_RenderParameters& final,
               const std::optional<NM_LightingSettings>& lighting = {});
 
-    /// The size of the frames: the final one, or in its shape kMaxWidth pixels wide.
+    /// The size of the frames: the final one, scaled down to a width of kMaxWidth if it is wider.
     const std::pair<int, int>& size() const { return _parameters.resolution; }
 
-    /// A frame as bytes R G B A, straight, rows without gaps.
+    /// Renders a frame as bytes R G B A, straight, rows without gaps.
     UT_Result<std::vector<std::uint8_t>> render(int frame) const;
 
 private:

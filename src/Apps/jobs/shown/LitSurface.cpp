@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Drawing and normals of a frame, brought together.
+// Combines the drawing and the normals of a frame.
 #include "jobs/shown/LitSurface.h"
 
 #include "QuarvelNormalMap/NM_DrawingPicture.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What light falls on in a frame that was rendered with its drawing.
+// Makes the surface that light falls on from a frame that was rendered with its drawing.
 #pragma once
 
 #include "QuarvelNormalMap/NM_Surface.h"
@@ -9,5 +9,5 @@
 /// The surface of a frame. Colours that a person takes for normals belong to no drawing: light falls on grey there.
 ///
 /// @param frame with its drawing
-/// @return an error when it does not fit in memory or its picture holds no normals
+/// @return an error if it does not fit in memory or its picture holds no normals
 UT_Result<NM_Surface> litSurface(const ShownFrame& frame);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Keys, texts and values.
+// The node's keys, and the conversion of its values to and from texts.
 #include "jobs/shown/NormalMapNode.h"
 
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
@@ -24,7 +24,7 @@ const QString kDepthInBlue = QStringLiteral("DepthInBlue");
 const QString kClip = QStringLiteral("ClipBlurredWithGeometry");
 const QString kUseTruckFactor = QStringLiteral("UseTruckFactor");
 
-// Seventeen digits bring every number back to the last bit.
+// The shortest text from which the same double is read back.
 QString numberText(double value)
 {
     return QString::number(value, 'g', QLocale::FloatingPointShortest);
@@ -57,7 +57,7 @@ std::unique_ptr<CO_Command> textCmd(MO_Module& module, const QString& key, const
     return std::unique_ptr<CO_Command>(attr ? attr->setValueCmd(0.0, text) : nullptr);
 }
 
-// The field as a number; the fallback where there is none.
+// The field as a number; the fallback if it is missing or not a number.
 double numberAt(const QStringList& fields, qsizetype index, double fallback)
 {
     bool isNumber = false;
@@ -198,7 +198,7 @@ std::vector<NormalMapObject> objectsOfTable(const QString& text)
     std::vector<NormalMapObject> objects;
     for (const QString& row : text.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
         const QStringList fields = row.split(QLatin1Char(':'), Qt::SkipEmptyParts);
-        // A number alone is a row; one with a colon and nothing behind it is none.
+        // A number alone is a row; a number with only a colon after it is not.
         if (row.contains(QLatin1Char(':')) && fields.size() < 2)
             continue;
         NormalMapObject object;
@@ -232,7 +232,7 @@ std::vector<NormalMapColour> coloursOfTable(const QString& text)
         const QStringList fields = row.split(QLatin1Char(':'), Qt::SkipEmptyParts);
         if (fields.isEmpty())
             continue;
-        // What is no identifier leaves the one before, as in the node.
+        // A field that is not an identifier keeps the previous row's identifier, as in the node.
         id.parseXml(fields[0]);
         colours.push_back({id, fields.size() > 1 ? fields[1].toInt() : 255, fields.value(2)});
     }

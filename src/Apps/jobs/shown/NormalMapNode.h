@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// NormalMapNode: the node that makes normal maps, as the programs know it: by its keyword, by the keys of its
-// attributes and by the texts of its two tables, which stand here and nowhere else in the programs. The node itself
-// lives in a plug-in, whose headers no program includes.
+// NormalMapNode: the programs' access to the node that makes normal maps. The node itself is in a plug-in whose headers
+// no program includes, so the programs use its keyword, the keys of its attributes and the texts of its two tables.
+// Only this file spells them.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Id.h"
@@ -18,7 +18,7 @@ class AT_DoubleAttr;
 /// A row of the node's object table: how an object gets its volume.
 struct NormalMapObject
 {
-    int number = 1;     ///< 1 and up
+    int number = 1;     ///< at least 1
     double bevel = 5.0; ///< the width of the rim, in units of which the picture is 720 wide
     double elevation = 1.0;
     double smoothness = 1.0;
@@ -29,12 +29,12 @@ struct NormalMapObject
 /// A row of the node's colour table.
 struct NormalMapColour
 {
-    UT_Id id;        ///< of the palette's colour
-    int level = 255; ///< 0 carves fully, 255 adds fully
-    QString name;    ///< for people; separators of the table are left out of it
+    UT_Id id;        ///< the identifier of the palette's colour
+    int level = 255; ///< 0 (carves fully) to 255 (adds fully)
+    QString name;    ///< for people; the table's separators are removed from it
 };
 
-/// What is set of a node, all of it.
+/// All values that are set on a node.
 struct NormalMapValues
 {
     std::vector<NormalMapObject> objects;
@@ -49,7 +49,7 @@ struct NormalMapValues
     bool useTruckFactor = false;
 };
 
-/// A node, seen as what it is. A handle: the module must live longer.
+/// A handle on a module of this kind; the module must outlive it.
 class NormalMapNode
 {
 public:
@@ -57,33 +57,35 @@ public:
     static const QString& keyword();
     /// Whether a module is such a node.
     static bool is(const MO_Module& module) { return module.keyword() == keyword(); }
-    /// A new node of no graph; null when the plug-in is not loaded.
+    /// Makes a node that is not in a graph; null if the plug-in is not loaded.
     static std::unique_ptr<MO_Module> make();
 
-    /// @param module a module of this kind; of another one all values are the defaults and nothing can be set
+    /// @param module a module of this kind; for another kind, all values are defaults and cannot be set
     explicit NormalMapNode(MO_Module& module) : _module(&module) {}
 
     MO_Module& module() const { return *_module; }
 
     /// Sets all values.
     ///
-    /// @return an error when the node has no such attributes or does not take a value
+    /// @return an error if the node lacks an attribute or refuses a value
     UT_Result<void> set(const NormalMapValues& values) const;
 
-    /// Whether the node's picture is directions (attribute GenerateNormals); otherwise it is elevation.
+    /// Whether the node makes normals (attribute GenerateNormals); otherwise it makes elevation.
     bool generatesNormals() const;
-    /// Whether the blue channel of its directions holds the elevation (attribute DepthInBlue).
+    /// Whether the blue channel of its normals holds the elevation (attribute DepthInBlue).
     bool hasElevationInBlue() const;
     void putElevationInBlue() const;
 
     /// The key of the object table's attribute.
     static const QString& objectTableKey();
-    /// The key of the attribute that people call so, such as "bevel-multiplier" or "Bevel Multiplier"; empty when none
-    /// is called so.
+    /// The key of the attribute with this name for people, such as "bevel-multiplier" or "Bevel Multiplier"; empty if
+    /// there is none.
     static QString keyCalled(const QString& name);
-    /// The object table. Rows that the node does not read are left out; of rows of one number the node takes the last.
+    /// The object table, without the rows that the node ignores. If several rows have the same number, the node uses
+    /// the last.
     std::vector<NormalMapObject> objects() const;
-    /// The undoable change of the object table; it merges with the next one. Null when nothing would change.
+    /// Makes the undoable command that changes the object table; it merges with the next one. Null if nothing would
+    /// change.
     std::unique_ptr<CO_Command> objectsCmd(const std::vector<NormalMapObject>& objects) const;
     /// The colour table.
     std::vector<NormalMapColour> colours() const;
@@ -93,7 +95,7 @@ public:
     AT_DoubleAttr* elevationMultiplier() const;
     /// Multiplies the elevation of every object.
     void scaleElevations(double factor) const;
-    /// Whether nothing of the blur is kept beyond the drawing's outline (attribute ClipBlurredWithGeometry).
+    /// Whether the node clips the blur at the drawing's outline (attribute ClipBlurredWithGeometry).
     bool clips() const;
     /// Whether the camera's truck factor multiplies bevels and elevations too (attribute UseTruckFactor).
     bool usesTruckFactor() const;
@@ -102,11 +104,11 @@ private:
     MO_Module* _module;
 };
 
-/// The object table as its attribute holds it: "number:bevel:elevation:smoothness", joined by semicolons.
+/// The object table as the attribute's text: rows "number:bevel:elevation:smoothness", joined by semicolons.
 QString objectTableText(const std::vector<NormalMapObject>& objects);
-/// The reverse, as the node reads it: what is missing has the defaults above, what is no row is left out.
+/// The inverse, as the node reads the text: missing values get the defaults above, invalid rows are left out.
 std::vector<NormalMapObject> objectsOfTable(const QString& text);
 /// The colour table as its attribute holds it: "id:level:name", joined by semicolons.
 QString colourTableText(const std::vector<NormalMapColour>& colours);
-/// The reverse: a row without a level has 255.
+/// The inverse; a row without a level gets 255.
 std::vector<NormalMapColour> coloursOfTable(const QString& text);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The choice, and the two repairs that float needs.
+// The choice of the format, and the two corrections that float needs.
 #include "jobs/shown/RenderPrecision.h"
 
 #include "QuarvelCelCore/CELVEC_Kvd.h"
@@ -22,10 +22,10 @@ namespace {
 
 constexpr double kGrain = 30000.0; // square pixels
 constexpr int kMostFrames = 200;
-// The node's heights of elevation 1, in scene units.
+// The node's height for elevation 1, in scene units.
 constexpr double kUnitHeight = 37.5;
 
-// By how much the multipliers enlarge bevel times height, at the frame where they do so most.
+// The largest factor by which the multipliers enlarge bevel times height at any examined frame.
 double largestMultiplier(const NormalMapNode& node)
 {
     const MO_SceneCommon* const scene = node.module().sceneCommon();
@@ -42,7 +42,7 @@ double largestMultiplier(const NormalMapNode& node)
     return largest;
 }
 
-// Bevel times height of the object where that is most, in square units.
+// The largest product of bevel and height of any object, in square scene units.
 double widestRise(const NormalMapNode& node)
 {
     double widest = 0.0;
@@ -67,7 +67,7 @@ bool hasFullLevels(const NormalMapNode& node)
            });
 }
 
-// A drawing whose antialiased pixels cover 1 - (1 - a)^2 in float: as if it were painted twice.
+// A drawing whose float pixels have the coverage 1 - (1 - a)^2 instead of a, as if they were painted twice.
 class ClosedDrawing final : public CELVEC_Kvd
 {
 public:
@@ -120,7 +120,7 @@ public:
     }
 };
 
-// Stands before an input of a node and hands on its picture.
+// A module before an input of a node that passes its picture on and changes the drawings behind it.
 class SeamCloser final : public MO_Module
 {
 public:

@@ -1,22 +1,22 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// In which format nodes are rendered: 16-bit, or float where 16 bits leave grain.
+// Chooses the format in which nodes are rendered: 16 bits, or float where 16 bits would leave visible grain.
 //
-// In 16 bits an object's blurred mask has 32767 steps, and a normal is made of the differences of neighbours. On a form
-// that rises by h pixels the normals of neighbours differ by about h / 1300 degrees for that alone. This is seen where
-// the form bends by less from pixel to pixel: where it is wide too, the more so the wider. Measured on discs from 512
-// to 2048 pixels, with bevels w from 17 to 1365 pixels: where w h is below 30000 square pixels, the grain stays below
-// 0.12 degrees or is hidden by the form's own bending.
+// In 16 bits an object's blurred mask has 32767 steps, and a normal is computed from the differences of neighbours. On
+// a form that rises by h pixels, this rounding alone makes the normals of neighbours differ by about h / 1300 degrees.
+// The difference is visible where the form bends by less from pixel to pixel, that is, on wide forms. Measured on discs
+// from 512 to 2048 pixels with bevels w from 17 to 1365 pixels: if w h is less than 30000 square pixels, the grain
+// stays below 0.12 degrees or is hidden by the form's own bending.
 //
-// Narrow forms gain nothing by float and cost half as much time again, so they stay in 16 bits; and so do drawings with
-// levels of colours other than full, which the node's float path does not carry.
+// Narrow forms do not gain from float, which takes 1.5 times as long, so they stay in 16 bits. So do drawings with
+// colour levels other than full, which the node's float path does not support.
 //
-// In float the node has coverage of its own in two places, which are put right here. Where shapes of one object abut,
-// their antialiased pixels leave a seam: of two halves that cover three quarters together, a groove of a quarter. In 16
-// bits the node merges the coverage a of such a pixel twice, to 1 - (1 - a)^2, and hardly any groove is left: measured
-// on a disc of two halves, the normals at the seam are off by 0.4 degrees at a bevel of 17 pixels where float is off by
-// 2.3. So drawings are given to the node with that coverage. And where several objects cover a pixel in part, the
-// node's float output has no coverage at all; the coverage of the drawing is taken instead.
+// The node's coverage in float differs in two cases, which this file corrects. First, where shapes of one object abut,
+// their antialiased pixels leave a seam: two halves that together cover three quarters leave a groove of one quarter.
+// In 16 bits the node merges the coverage a of such a pixel twice, to 1 - (1 - a)^2, which leaves hardly any groove: on
+// a disc of two halves with a bevel of 17 pixels, the normals at the seam are off by 0.4 degrees in 16 bits and by 2.3
+// in float. So in float the node gets drawings with the merged coverage. Second, where several objects partly cover a
+// pixel, the node's float output has no coverage at all, so it gets the coverage of the drawing.
 #pragma once
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
@@ -25,13 +25,14 @@
 
 #include <vector>
 
-/// Whether nodes are to be rendered in float: 16 bits leave grain at this size of the picture at some frame of the
-/// scene, and float loses nothing. All frames of a scene have the same answer, so that nothing changes between them.
+/// Whether to render nodes in float: 16 bits leave grain at this size of the picture at some frame of the scene, and
+/// the drawings do not need 16 bits. The answer is the same for all frames of a scene, so that the look does not change
+/// between frames.
 bool needsFloat(const std::vector<MO_Module*>& nodes, const RD_RenderParameters& parameters);
 
-/// Changes the graph so that antialiased pixels of what comes in at a node cover as much in float as in 16 bits.
+/// Changes the graph so that antialiased pixels of a node's inputs have the same coverage in float as in 16 bits.
 void closeSeams(MO_Module& node);
 
-/// Gives the pixels of a float picture the coverage of the drawing that belongs to it. Pixels without anything, zero in
-/// all four channels, stay as they are.
+/// Gives the pixels of a float picture the coverage of its drawing. Empty pixels, zero in all four channels, stay
+/// unchanged.
 void takeCoverage(CEL_PixmapAreaRGBAFloat& picture, const CEL_PixmapArea& drawing);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A walk upstream in which every module is met once, however many paths lead to it.
+// Walks upstream and visits every module once, however many paths lead to it.
 #include "jobs/shown/RenderedKind.h"
 
 #include "QuarvelSceneCore/graph/MO_GroupBorderModule.h"
@@ -41,8 +41,8 @@ private:
         return source ? source->module() : nullptr;
     }
 
-    // What delivers the picture when the module itself is rendered: a group is what its first output delivers, a
-    // module that is switched off what its first input does.
+    // The module that delivers the picture when `module` is rendered: for a group, the module behind its first output;
+    // for a disabled module, the one behind its first input.
     static MO_Module* start(MO_Module& module)
     {
         if (!module.enabled())

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Colours become linear amounts of light; places of directional lights become angles.
+// Converts colours to linear amounts of light, and the places of directional lights to angles.
 #include "jobs/shown/SceneLighting.h"
 
 #include "QuarvelNormalMap/NM_Srgb.h"

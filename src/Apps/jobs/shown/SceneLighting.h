@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The light that a scene's lights make at a frame, for the computation. The window, films and lit pictures all ask
-// here, so that they show the same.
+// Converts the lights of a scene at a frame to the settings of the lighting model. The window, films and lit pictures
+// all use this, so that they show the same.
 #pragma once
 
 #include "QuarvelNormalMap/NM_Lighting.h"
@@ -9,11 +9,11 @@
 
 class MO_Module;
 
-/// The light of a rig: of the lights that are on, those that are solo where any is.
+/// The light of a rig: all lights that are on, or only the solo lights among them if there are any.
 NM_LightingSettings lightingOf(const MO_LightRig& rig);
 
 /// The light of the scene that a module belongs to, at a frame.
 NM_LightingSettings sceneLighting(const MO_Module& module, double frame);
 
-/// One light, whether it is on or not.
+/// One light, on or off.
 NM_Light lightOf(const MO_LightValues& values);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// One render a part, each of the scene or of the copy that the part needs.
+// Renders each part of a frame from the scene, or from the copy that the part needs.
 #include "jobs/shown/ShownFrame.h"
 
 #include "QuarvelSceneCore/graph/MO_SceneCopy.h"
@@ -14,7 +14,7 @@
 
 namespace {
 
-// The node takes most of the time; of two renders of it, each half.
+// The share of the node in the progress, since it takes most of the time; two renders of it take half each.
 constexpr double kNodeEnds = 0.8;
 
 RD_SoftRenderer::Progress part(const RD_SoftRenderer::Progress& progress, double from, double to)
@@ -37,7 +37,7 @@ bool isFloat(const RD_RenderParameters& parameters)
     return parameters.celFormat() == CEL_FORMAT_RGBAFLOAT;
 }
 
-// As the node computes it.
+// Computed in float, as the node does.
 float canvasFactor(const Math::Box2di& canvas)
 {
     return static_cast<float>(canvas.width() / MO_SceneCommon::kFrameWidth);
@@ -77,7 +77,7 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
     } else if (wanted.channels) {
         made.channels = made.picture;
     }
-    // The coverage of the drawing is what a float picture lacks.
+    // Correcting a float picture needs the coverage of the drawing.
     if (made.kind == RenderedKind::COLOURS) {
         made.drawing = wanted.drawing ? made.picture : nullptr;
     } else if (wanted.drawing || repairs) {
@@ -130,7 +130,7 @@ std::shared_ptr<const ShownModule::Copy> ShownModule::changed(const Change& chan
     if (!change.elevationInBlue && !change.closedSeams && change.canvasFactor == change.frameFactor)
         return nullptr;
     const std::scoped_lock lock(_mutex);
-    // Frames differ in their margins, but hardly ever in as many.
+    // The margins of frames are multiples of 32 pixels, so more different copies are rare.
     constexpr std::size_t kMost = 16;
     if (_changed.size() > kMost)
         _changed.clear();
@@ -150,7 +150,7 @@ std::shared_ptr<const ShownModule::Copy> ShownModule::changed(const Change& chan
     return known = std::make_shared<const Copy>(std::move(made));
 }
 
-// The stand-ins of one copy note into one list, so that frames are painted one after the other.
+// All stand-ins of the copy record into one list, so frames are painted one at a time.
 UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::paintAndNote(double frame, const RD_RenderParameters& parameters,
                                                                   ShownInputs& inputs,
                                                                   const RD_SoftRenderer::Progress& progress) const

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A sum of rectangles, and the law that was measured.
+// Adds up the rectangles of objects and applies the measured law.
 #include "jobs/shown/ShownMemory.h"
 
 #include "QuarvelSceneCore/graph/MO_Port.h"
@@ -49,7 +49,7 @@ double shownFrameBytes(const RD_RenderParameters& used, const ShownParts& wanted
 {
     const double pixel = used.celFormat() == CEL_FORMAT_RGBA16 ? sizeof(CEL_PixelRGBA16) : sizeof(CEL_PixelRGBAFloat);
     const double rendering = pixel * (2.0 * covered + 2.0);
-    // Pictures for files have up to five floats a pixel; light has a surface and a picture of its own.
+    // Pictures for files have up to five floats per pixel; lighting needs a surface and a picture of its own.
     const double writing =
         pixel * (1.0 + (wanted.drawing ? 1.0 : 0.0) + (wanted.channels ? 1.0 : 0.0)) + (wanted.drawing ? 56.0 : 20.0);
     const Math::Size2di size = RD_RenderJob(used).size();

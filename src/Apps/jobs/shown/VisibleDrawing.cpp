@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A stand-in for each node: its request lets the node's handler decide on every drawing, its painter does what the
-// handler decided.
+// Replaces each node by a stand-in. The stand-in's request handler asks the node's handler about every drawing, and its
+// painter carries out the decision.
 #include "jobs/shown/VisibleDrawing.h"
 
 #include "ObjectDefinition/ObjectDefinition.h"
@@ -19,7 +19,7 @@ constexpr int kNoObject = -1;
 
 bool endsTheWalk(const MO_Module& module);
 
-// The enabled definition that is furthest upstream on the first inputs.
+// The enabled definition that is farthest upstream along the first inputs.
 ObjectDefinition* definitionBehind(MO_Module* module)
 {
     ObjectDefinition* definition = nullptr;
@@ -39,7 +39,8 @@ int numberBehind(MO_Module* module, double frame)
     return definition ? definition->objectId(frame) : kNoObject;
 }
 
-// Leaves the drawing as it is and attaches what the node's handler says of it; takes it away where the handler does.
+// Asks the node's handler about a copy of the drawing and attaches its message to the unchanged drawing. Removes the
+// drawing if the handler does.
 class AskingHandler final : public MO_RenderingRequestHandler
 {
 public:
@@ -64,7 +65,7 @@ private:
     std::unique_ptr<MO_RenderingRequestHandler> _nodes;
 };
 
-// Paints the inputs as they come.
+// Paints the inputs in the order of the ports.
 class Painter final : public MO_CompositeModuleBitmapHandler
 {
 public:
@@ -131,7 +132,7 @@ private:
     CA_CelRef _painted;
 };
 
-// Stands in a node's place.
+// The stand-in for a node.
 class VisibleInputs final : public MO_CompositeModuleBase
 {
 public:

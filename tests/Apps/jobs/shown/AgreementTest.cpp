@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A frame of a film, the picture in the window and the picture that "--lit" writes show the same objects, and they are
-// those that the node saw: what it covers is what the drawing shows.
+// A frame of a film, the picture in the window and the picture that "--lit" writes show the same objects, which are the
+// objects that the node used: its coverage is that of the drawing.
+#include "Apps/jobs/shown/ColumnScene.h"
 #include "OutputFiles.h"
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "QuarvelSceneCore/attributes/AT_IntAttr.h"
@@ -11,7 +12,6 @@
 #include "WritePictures.h"
 #include "jobs/shown/LitFrames.h"
 #include "jobs/shown/NormalMapNode.h"
-#include "Apps/jobs/shown/ColumnScene.h"
 #include "studio/preview/SceneSnapshot.h"
 
 #include <QImage>
@@ -23,8 +23,8 @@ namespace {
 class Agreement : public ColumnScene
 {
 protected:
-    /// What is seen at eight places: the upper halves of the columns, then the lower ones. A letter for the bar that is
-    /// seen, and a dot for none.
+    /// What is visible at eight places: the upper halves of the columns, then the lower ones. A letter for the visible
+    /// bar, or a dot for none.
     using Seen = std::string;
 
     template<typename LetterAt>
@@ -109,7 +109,7 @@ protected:
         ASSERT_TRUE(number.setCurve(curve));
     }
 
-    /// What "quarvel normalmap --lit" writes of the drawing.
+    /// What "quarvel normalmap --lit" shows of the drawing.
     Seen litFile(const NormalMapSettings& settings) const
     {
         NormalMapOptions options;
@@ -140,7 +140,7 @@ TEST_F(Agreement, OnANumberThatIsACutOutAtFirst)
     expectAgreement(2, "abc.abc.");
 }
 
-// The number that stands in the attribute while a curve says another one.
+// The attribute's local value differs from its curve's.
 TEST_F(Agreement, OnAnAnimatedNumberWhateverItsLocalValue)
 {
     definition(2).objectNumber()->setLocalValue(0);
@@ -204,7 +204,7 @@ TEST_F(Agreement, OnADefinitionThatIsSwitchedOff)
     expectAgreement(1, "abcddddd");
 }
 
-// The node takes a drawing without a definition for a cut-out.
+// The node treats a drawing without a definition as a cut-out.
 TEST_F(Agreement, OnADrawingWithoutDefinition)
 {
     definition(3).setEnabled(false);
@@ -213,7 +213,7 @@ TEST_F(Agreement, OnADrawingWithoutDefinition)
 
 TEST_F(Agreement, OnObjectsThatAreJoinedBeforeTheNode)
 {
-    // b and c come in at one port, so that they are one object: the one that the first of them says.
+    // b and c are joined at one port, so they are one object: that of the first of them.
     auto& join = scene().root().emplace<MO_CompositeModule>();
     ASSERT_TRUE(MO_Scene::connect(definition(1), join, 0));
     ASSERT_TRUE(MO_Scene::connect(definition(2), join, 1));
@@ -233,7 +233,7 @@ TEST_F(Agreement, OnAJoinThatCuts)
     expectAgreement(1, ".bc.....");
 }
 
-// Joined, drawings bring no number along, and without a definition on the way the node passes the input over.
+// Joined drawings have no number, and without a definition in between the node ignores the input.
 TEST_F(Agreement, OnAJoinWithoutDefinitions)
 {
     auto& join = scene().root().emplace<MO_CompositeModule>();
@@ -258,7 +258,7 @@ TEST_F(Agreement, OnADefinitionInAGroup)
     expectAgreement(1, "abc.....");
 }
 
-// What joins the pictures of nodes joins their drawings in the same order: here the first input is on top.
+// A module that joins the pictures of nodes joins their drawings in the same order: here the first input is on top.
 TEST_F(Agreement, OnSeveralNodes)
 {
     MO_Module& second = scene().root().add(NormalMapNode::make());
@@ -274,13 +274,13 @@ TEST_F(Agreement, OnSeveralNodes)
     EXPECT_EQ(studio(1, &join), "abcdabcd");
 }
 
-/// What stands between a drawing and the node, from the drawing on.
+/// The modules between a drawing and the node, starting at the drawing.
 struct Link
 {
     int number;
     bool enabled;
     bool objectEnabled;
-    bool joined; ///< a composite behind the definition
+    bool joined; ///< a composite after the definition
 };
 
 using Chain = std::vector<Link>;
@@ -306,7 +306,7 @@ RC_GTEST_FIXTURE_PROP(Agreement, OnAnyChainsOfDefinitions, ())
             added.setEnabled(one.enabled);
             if (one.joined) {
                 auto& join = appendDownstream<MO_CompositeModule>(column);
-                // A composite of one picture hands it on as it is.
+                // A composite with one picture passes it on unchanged.
                 ASSERT_TRUE(MO_Scene::connect(element(column), join, 1));
             }
         }

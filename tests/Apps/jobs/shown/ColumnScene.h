@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ColumnScene: a drawing of four layers in columns, so that a look at one pixel tells whether an object is seen. The
-// first three layers are bars in columns of their own; the last one is on top, a bar in the fourth column that also
-// covers the lower half of the others.
+// ColumnScene: a drawing of four layers in columns, so that one pixel tells whether an object is visible. The first
+// three layers are bars in columns of their own; the last one is on top, a bar in the fourth column that also covers
+// the lower half of the others.
 //
 //     a   b   c   d
 //     a   b   c   d
@@ -67,13 +67,13 @@ protected:
     MO_Scene& scene() const { return _built->scene(); }
     MO_Module& node() const { return _built->normalMap(); }
     MO_ElementModule& element(int column) const { return *_built->elements()[static_cast<std::size_t>(column)]; }
-    /// The definition that the scene was built with.
+    /// The object definition of a column.
     ObjectDefinition& definition(int column) const
     {
         return dynamic_cast<ObjectDefinition&>(*node().inPort(static_cast<unsigned>(column))->srcPort()->module());
     }
 
-    /// Puts a module between what the node shows of a column and the node.
+    /// Inserts a module between a column and the node.
     template<typename Module>
     Module& appendDownstream(int column)
     {

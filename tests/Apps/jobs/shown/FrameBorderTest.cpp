@@ -1,9 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The border of the frame is no outline: what leaves the frame has the form that it has in a frame that shows it whole.
+// The border of the frame does not act as an outline: an object that leaves the frame has the same form as in a frame
+// that shows it completely.
 //
-// The frame is 160 x 80 and shows the left half of what a frame of 320 x 80 shows. Bevels and heights are measured by
-// the frame's width, so the wide frame has them by half.
+// The frame is 160 x 80 and shows the left half of a frame of 320 x 80. Bevels and heights are relative to the frame's
+// width, so the wide frame has half of their values.
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelNormalMap/NM_NormalPicture.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
@@ -25,7 +26,7 @@ namespace {
 constexpr int kWidth = 160;
 constexpr int kHeight = 80;
 
-// A disc cut in half by the frame's right border, and one that keeps away from all borders.
+// A disc cut in half by the frame's right border, and one that touches no border.
 const char* const kDiscs = R"(<circle cx="160" cy="40" r="30" fill="#d02020"/>
   <circle cx="60" cy="40" r="20" fill="#2020d0"/>)";
 const char* const kInnerDisc = R"(<circle cx="60" cy="40" r="20" fill="#2020d0"/>)";
@@ -87,7 +88,7 @@ protected:
                 ASSERT_EQ(a.a, b.a) << x << ' ' << y;
                 tilted += x == kWidth - 1 && std::abs(a.g - 16384) > 1000 ? 1 : 0;
             }
-        // The last column is no flat line.
+        // The last column is not flat.
         EXPECT_GT(tilted, 20);
     }
 
@@ -142,11 +143,11 @@ TEST_F(FrameBorder, AsksForNoMarginWhereNothingTouchesIt)
     EXPECT_EQ(margins.left, 0);
     EXPECT_EQ(margins.top, 0);
     EXPECT_EQ(margins.bottom, 0);
-    // 30 pixels lie beyond, and some more are looked at.
+    // 30 pixels lie outside, and the normals need a few more.
     EXPECT_GE(margins.right, 32);
     EXPECT_LE(margins.right, 64);
-    // What goes on for thousands of pixels is rendered as far as the blur reaches: 4 sigma are 20 pixels, or half of
-    // the frame.
+    // An object that continues for thousands of pixels is rendered as far as the blur reaches: 4 sigma are 20 pixels,
+    // or half of the frame.
     const RD_Margins far = marginsOf(R"(<rect x="-9000" y="10" width="19000" height="20" fill="#d02020"/>)");
     EXPECT_EQ(far.left, far.right);
     EXPECT_GE(far.left, 20);
@@ -205,7 +206,7 @@ TEST_F(FrameBorder, IsNoOutlineInFramesFilmsAndTheWindow)
     half(imageRow(0), imageRow(1));
 }
 
-// A file of floats holds the frame, not the margin that it was rendered with.
+// A file of floats holds the frame without the margin of the render.
 TEST_F(FrameBorder, IsTheEndOfWhatFilesHold)
 {
     auto scene = DrawingScene::build(read(kWidth, kDiscs), settings(false));

@@ -1,12 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Where the inputs of a node show in a frame.
+// The coverage of a node's inputs in a frame.
 #include "jobs/shown/InputCoverage.h"
 
+#include "Apps/jobs/shown/ColumnScene.h"
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "QuarvelSceneCore/attributes/AT_IntAttr.h"
 #include "jobs/shown/ShownFrame.h"
-#include "Apps/jobs/shown/ColumnScene.h"
 
 namespace {
 
@@ -65,7 +65,7 @@ TEST_F(InputCoverageTest, EveryInputIsKnownInFullTheLowestFirst)
         EXPECT_EQ(found[static_cast<std::size_t>(i)].number, i + 1);
         EXPECT_EQ(found[static_cast<std::size_t>(i)].node, node().instanceName());
     }
-    // The first bar is known below the last one too, which covers its lower half.
+    // The first bar is recorded completely, although the last one covers its lower half.
     EXPECT_EQ(found[0].coverage.rect(), Math::Box2di(2, 0, 30, 48));
     EXPECT_TRUE(found[0].coverage.covers(16, 36));
     EXPECT_TRUE(found[3].coverage.covers(16, 36));

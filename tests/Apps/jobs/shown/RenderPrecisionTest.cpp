@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Wide forms have no grain, and float changes nothing else: neither coverage nor what abutting shapes look like.
+// Wide forms have no grain, and float does not change anything else: neither coverage nor the look of abutting shapes.
 #include "jobs/shown/RenderPrecision.h"
 
 #include "QuarvelNormalMap/NM_Direction.h"
@@ -136,7 +136,7 @@ TEST_F(RenderPrecision, IsAsGivenWhereTheChannelsAreLookedAt)
     EXPECT_EQ(frame.channels->format(), CEL_FORMAT_RGBA16);
 }
 
-// The bending of a smooth form changes slowly from pixel to pixel; grain changes it at once.
+// The bending of a smooth form changes slowly from pixel to pixel; grain makes it jump.
 TEST_F(RenderPrecision, LeavesNoGrain)
 {
     const auto normals = normalsOf(render(read(kDisc), wide()));
@@ -169,7 +169,7 @@ TEST_F(RenderPrecision, LeavesCoverageAsTheDrawingHasIt)
     int soft = 0;
     for (std::size_t i = 0; i < a.size(); ++i) {
         ASSERT_NEAR(a[i], c[i], 1e-4) << i % kSide << ' ' << i / kSide;
-        // From 0.99 on the node takes coverage as full.
+        // The node treats a coverage of 0.99 or more as full.
         ASSERT_NEAR(a[i], b[i], 0.011) << i % kSide << ' ' << i / kSide;
         soft += a[i] > 0.0 && a[i] < 1.0 ? 1 : 0;
     }
@@ -191,7 +191,7 @@ TEST_F(RenderPrecision, ShowsNoSeamBetweenShapesThatAbut)
 
 TEST_F(RenderPrecision, KeepsWhatIsFlatExactlyFlat)
 {
-    // A bevel of 90 units reaches 64 pixels in, the square is 410 wide.
+    // A bevel of 90 units reaches 64 pixels inwards; the square is 410 pixels wide.
     const LayeredDrawing square = read(R"(<rect x="10" y="10" width="80" height="80" fill="#d02020"/>)");
     const ShownFrame frame = render(square, form(90.0, 20.0));
     ASSERT_TRUE(isFloat(frame));

@@ -1,10 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// How much memory a frame is said to take.
+// The estimate of a frame's memory.
 #include "jobs/shown/ShownMemory.h"
 
-#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "Apps/jobs/shown/ColumnScene.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 
 namespace {
 
@@ -41,10 +41,10 @@ TEST_F(ShownMemory, GrowsWithPixelsObjectsAndTheirFormat)
 {
     const RD_RenderParameters wide{RD_RenderParameters::IMAGE_PROCESSING_16BIT, {200, 100}};
     const RD_RenderParameters fine{RD_RenderParameters::IMAGE_PROCESSING_FLOAT, {200, 100}};
-    // An input and a result for each of ten objects, the output and what the node works on: 22 pixmaps.
+    // An input and a result for each of ten objects, the output and a working pixmap: 22 pixmaps.
     EXPECT_EQ(shownFrameBytes(wide, {}, 10.0), 20000.0 * (22 * 8 + 4));
     EXPECT_EQ(shownFrameBytes(fine, {}, 10.0), 20000.0 * (22 * 16 + 4));
-    // Of a single object, light takes most.
+    // With a single object, lighting takes the most memory.
     EXPECT_GT(shownFrameBytes(wide, {.drawing = true}, 1.0), shownFrameBytes(wide, {}, 1.0));
 }
 
