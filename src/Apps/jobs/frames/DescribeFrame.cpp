@@ -9,7 +9,7 @@ UT_Result<std::optional<IIO_Picture>> readFrame(const QString& path)
     if (!IIO_pictureFormatOf(path))
         return std::optional<IIO_Picture>();
     UT_Result<IIO_Picture> picture = IIO_read(path);
-    // No drawing is OpenEXR.
+    // OpenEXR files are never drawings, so a file that cannot be read is an error here.
     if (IIO_isFloatFile(path))
         return picture ? UT_Result<std::optional<IIO_Picture>>(std::move(*picture)) : picture.error();
     if (!picture || picture->metadata().value(kFrameDigestKey).isEmpty())

@@ -1,16 +1,17 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A frame's file in words: its size, and what it says about itself.
+// Describes a frame's file in words: its size and its metadata.
 #pragma once
 
 #include "QuarvelImageIO/IIO_Picture.h"
 
 #include <optional>
 
-/// A picture that was rendered of a scene; nothing for any other picture or file, for which others are responsible.
+/// Reads a picture that was rendered from a scene; std::nullopt for any other picture or file.
 ///
-/// @return an error when the file is a picture whose format holds no drawing, and cannot be read
+/// @return an error if the file has a format that never holds drawings and cannot be read
 UT_Result<std::optional<IIO_Picture>> readFrame(const QString& path);
 
-/// The lines of a frame: size and channels, then each of its texts, among them the digest of what it was made of.
+/// The description of a frame, in lines: size and channels, then each entry of its metadata, including its digest
+/// (FrameDigest.h).
 QString describeFrame(const IIO_Picture& frame);

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ffmpeg gets bare pixels through a pipe and writes into a new folder beside the file, which gets its name when all
-// frames were found in it.
+// ffmpeg reads raw pixels from a pipe and writes into a new folder beside the file. The film gets its name after all
+// frames have been read back from it.
 #include "jobs/frames/FilmFile.h"
 
 #include "QuarvelBaseCore/UT_DiskSync.h"
@@ -23,7 +23,7 @@ namespace {
 
 const QStringList kKinds = {QStringLiteral("mp4"), QStringLiteral("gif"), QStringLiteral("png")};
 
-// The last lines that a program wrote are those that say why it failed.
+// The last lines of a program's messages usually say why it failed.
 QString lastWords(const QByteArray& messages)
 {
     constexpr qsizetype kMost = 300;
@@ -110,7 +110,7 @@ public:
 private:
     static constexpr int kPatience = 600'000; // milliseconds
 
-    // The system puts something random in place of the Xs.
+    // The system replaces the Xs by random characters.
     static QString templateOf(const QString& path)
     {
         const QFileInfo info(path);
@@ -134,7 +134,7 @@ private:
                           QStringLiteral("-"),
                           QStringLiteral("-an"),
                           QStringLiteral("-vf")};
-        // A palette of its own for a GIF; even sides and the usual colours for players of MP4.
+        // A GIF gets a palette of its own; many players of MP4 need even sides and yuv420p.
         if (UT_fileSuffix(path()) == QLatin1String("gif"))
             words << QStringLiteral("split[a][b];[a]palettegen[p];[b][p]paletteuse");
         else
@@ -143,7 +143,7 @@ private:
         return words << QStringLiteral("-f") << UT_fileSuffix(path()) << _part;
     }
 
-    // These films have no coverage.
+    // These films have no alpha, so pixels are painted over white.
     void overWhite(std::span<const std::uint8_t> rgba)
     {
         char* target = _pixels.data();
@@ -166,7 +166,7 @@ private:
     }
 
     FilmPrograms _programs;
-    QTemporaryDir _folder; ///< new, of the user alone: nobody can have put a link where ffmpeg writes
+    QTemporaryDir _folder; ///< new and accessible only to the user, so nobody can have put a link where ffmpeg writes
     QString _part;
     QProcess _process;
     QByteArray _pixels;

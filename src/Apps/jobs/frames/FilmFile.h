@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// FilmFile: pictures become a film. Films of the kinds mp4 and gif are made by the program ffmpeg where it and ffprobe
-// are installed; animated PNG (png) is written here, and takes the place of the other kinds where ffmpeg is missing.
+// FilmFile: writes pictures as a film. The program ffmpeg makes mp4 and gif if it and ffprobe are installed. Animated
+// PNG (png) is written without it, and replaces the other kinds if ffmpeg is missing.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -11,7 +11,8 @@
 #include <memory>
 #include <span>
 
-/// A film being written. It appears whole with finish(), or not at all. For one thread at a time.
+/// A film that is being written. The complete file appears with finish(), or not at all. Only one thread may use it at
+/// a time.
 class FilmFile
 {
 public:
@@ -19,22 +20,22 @@ public:
     FilmFile(const FilmFile&) = delete;
     FilmFile& operator=(const FilmFile&) = delete;
 
-    /// Makes a film of the kind that the path's end names.
+    /// Begins a film of the kind of the path's suffix.
     ///
-    /// @param size of every frame, in pixels
-    /// @return an error when the end names no kind of film, or the file cannot be made
+    /// @param size the size of every frame, in pixels
+    /// @return an error if the suffix is not that of a film, or the file cannot be made
     static UT_Result<std::unique_ptr<FilmFile>> create(const QString& path, const QSize& size, double framesPerSecond);
 
-    /// The kind that a path's end names is known.
+    /// Returns an error if the path's suffix is not that of a film.
     static UT_Result<void> check(const QString& path);
 
-    /// The file that appears. Not the path asked for when ffmpeg is missing: then its end is .png.
+    /// The path of the film. If ffmpeg is missing, its suffix is .png instead of the requested one.
     const QString& path() const { return _path; }
 
     /// Adds a frame: bytes R G B A, straight, rows without gaps.
     virtual UT_Result<void> add(std::span<const std::uint8_t> rgba) = 0;
 
-    /// Ends the film: it gets its name when all frames can be read back from it.
+    /// Completes the film. It gets its name if all frames can be read back from it.
     virtual UT_Result<void> finish() = 0;
 
 protected:

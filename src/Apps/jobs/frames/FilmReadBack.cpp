@@ -46,7 +46,7 @@ UT_Result<void> readBackFilm(const FilmPrograms& programs, const QString& film, 
         return UT_Error{QStringLiteral("%1 of its %2 frames can be read back; see whether the disk is full")
                             .arg(counted.toInt())
                             .arg(frames)};
-    // A frame of which a part was found counts as one, with a complaint.
+    // ffprobe counts an incomplete frame too, but prints an error for it.
     if (const QByteArray complaint = process.readAllStandardError().trimmed(); !complaint.isEmpty())
         return UT_Error{QStringLiteral("it cannot be read back: %1; see whether the disk is full")
                             .arg(QString::fromLocal8Bit(complaint).simplified())};

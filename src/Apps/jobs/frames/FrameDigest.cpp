@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Every value goes into the bytes with its length, so that no two lists of values run into the same bytes.
+// Every value is written with its length, so that different lists of values never give the same bytes.
 #include "jobs/frames/FrameDigest.h"
 
 #include "QuarvelPersistentObj/PO_XmlWriter.h"
@@ -19,13 +19,13 @@
 #include <QCryptographicHash>
 #include <QDataStream>
 
-extern const char* const kPixelCode; // of the sources, made by the build
+extern const char* const kPixelCode; // a digest of the sources, made by the build
 
 const QString kFrameDigestKey = QStringLiteral("Digest");
 
 namespace {
 
-// The same bytes with every version of Qt.
+// Writes the same bytes with every version of Qt.
 class Bytes : public QDataStream
 {
 public:
@@ -45,7 +45,7 @@ public:
     void visitDouble(AT_DoubleAttr& attr) override { _out << attr.value(_frame); }
     void visitInt(AT_IntAttr& attr) override { _out << attr.value(_frame); }
     void visitEnum(AT_EnumAttrBase& attr) override { _out << attr.effectiveInt(_frame); }
-    // What the drawing holds counts, not what it is called.
+    // The content of the drawing counts (drawingAt()), not its name.
     void visitDrawing(AT_DrawingAttr&) override {}
 
 private:
@@ -53,7 +53,7 @@ private:
     double _frame;
 };
 
-// What a module is, beside the values of its attributes and its drawings.
+// Writes the properties of a module, without the values of its attributes and its drawings.
 void writeModule(const MO_Module& module, Bytes& out)
 {
     QString about;
@@ -73,7 +73,8 @@ void writeModule(const MO_Module& module, Bytes& out)
     }
 }
 
-// The members by name, so that nobody adds one without deciding whether it counts.
+// Structured bindings, so that the code does not compile after a member was added until somebody decides whether it
+// counts.
 void writeSettings(const RenderFramesSettings& settings, Bytes& out)
 {
     const auto& [format, resolution, margins] = settings.parameters;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The place of the number is looked for once.
+// The place of the number is found once, in parse().
 #include "jobs/frames/FrameFileName.h"
 
 #include "QuarvelImageIO/IIO_PictureFile.h"

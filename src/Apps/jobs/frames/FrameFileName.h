@@ -1,13 +1,13 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// FrameFileName: the name of each frame's file. The last of these in the file's own name is where the frame's number
-// goes:
+// FrameFileName: the name of each frame's file. The last placeholder in the file's own name is replaced by the frame's
+// number:
 //
 //     out/n.####.exr      out/n.0007.exr, out/n.-0007.exr, out/n.12345.exr
-//     out/n.%04d.exr      the same, as also n.$F4.exr and n.<frame04>.exr
-//     out/n.%d.exr        out/n.7.exr, as also n.$F.exr and n.<frame>.exr
+//     out/n.%04d.exr      the same; so do n.$F4.exr and n.<frame04>.exr
+//     out/n.%d.exr        out/n.7.exr; so do n.$F.exr and n.<frame>.exr
 //
-// Folders are taken as they stand.
+// Folders' names are used unchanged.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -16,20 +16,20 @@
 class FrameFileName
 {
 public:
-    /// @return an error when the name is empty or ends as no picture file does
+    /// @return an error if the name does not end in the suffix of a picture format
     static UT_Result<FrameFileName> parse(const QString& pattern);
 
     /// Whether frames get different names.
     bool hasNumber() const { return _digits >= 0; }
 
-    /// The file of a frame. Numbers are filled up with zeros, the sign stands before them.
+    /// The file of a frame. The number is padded with zeros; a minus sign precedes them.
     QString of(int frame) const;
 
-    /// A pattern for a name that has none, to propose: "out/n.exr" gives "out/n.####.exr".
+    /// A pattern to propose for a name without a placeholder: "out/n.####.exr" for "out/n.exr".
     static QString proposal(const QString& name);
 
 private:
     QString _before;
     QString _after;
-    int _digits = -1; // at least so many; -1: no number
+    int _digits = -1; // the least number of digits; -1: no number
 };

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The cheap questions come first; only a file that passes them is read whole.
+// The cheap checks come first; only a file that passes them is read completely.
 #include "jobs/frames/FrameOnDisk.h"
 
 #include "QuarvelImageIO/IIO_PictureFile.h"

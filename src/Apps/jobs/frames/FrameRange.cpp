@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Parts are cut to the scene by arithmetic before a single frame is listed.
+// Parts are clipped to the scene by arithmetic before any frame is listed.
 #include "jobs/frames/FrameRange.h"
 
 #include <QRegularExpression>
@@ -17,7 +17,7 @@ UT_Error notUnderstood(const QString& part, const QString& why)
                 .arg(part, why)};
 }
 
-// The parts of a range. Blanks around the signs inside of a part do not end it.
+// The parts of a range. Blanks around the signs inside a part do not end it.
 QStringList partsOf(const QString& text)
 {
     static const QRegularExpression aroundSigns(QStringLiteral("(?<=[0-9])\\s*(-|\\.\\.|x|:)\\s*(?=-?[0-9])"));

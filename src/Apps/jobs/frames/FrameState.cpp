@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Every value goes into the key with its length, so that no two lists of values run into the same bytes.
+// Every value is written with its length, so that different lists of values never give the same key.
 #include "jobs/frames/FrameState.h"
 
 #include "QuarvelSceneCore/attributes/AT_AttrVisitor.h"

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What of a scene may differ from frame to frame, as a key: frames of equal keys have equal pictures, so that one of
-// them needs to be rendered. A film on twos, a pause and a cycle cost what they show, not how long they last.
+// A key of all that may differ between the frames of a scene: frames with equal keys have equal pictures, so only one
+// of them needs to be rendered. Holds, pauses and cycles cost only their different frames.
 #pragma once
 
 #include <QByteArray>
@@ -11,12 +11,12 @@
 class MO_Module;
 class MO_Scene;
 
-/// The values of all attributes of all modules and of the camera at a frame, to the last bit. Drawings count by name:
-/// two names are two drawings even where they look the same. Nodes render what their attributes and inputs say and
-/// nothing else; one that looked at the number of the frame itself would not be seen.
+/// The values of all attributes of all modules and of the camera at a frame, with all bits. Drawings count by name: two
+/// drawings with different names differ even if they look the same. The key assumes that nodes depend only on their
+/// attributes and inputs, not on the frame number itself.
 ///
-/// @return equal for two frames of one scene only when everything is equal
+/// @return a key that is equal for two frames of one scene only if all these values are equal
 ///
-/// @param counts says which modules count; all, unless set
+/// @param counts tells which modules count; all if empty
 QByteArray frameStateOf(const MO_Scene& scene, double frame,
                         const std::function<bool(const MO_Module& module)>& counts = {});

@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Workers take the next shot from a common list until it is empty: the frames that look the same, which are rendered
-// once. Each worker renders within its share of the machine's threads, so that many frames at once do not become many
-// times as many threads.
+// Frames with the same picture form a shot, which is rendered once. Workers take the next shot from a common list until
+// it is empty. Each worker renders within its share of the machine's threads, so that rendering many frames at once
+// does not multiply the number of threads.
 #include "jobs/frames/RenderFrames.h"
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
@@ -28,7 +28,7 @@
 
 namespace {
 
-/// Frames of one picture, by their places in the settings.
+/// The frames with one picture, as indices into the frames of the settings.
 using Shot = std::vector<std::size_t>;
 
 std::vector<QByteArray> digestsOf(const MO_Module& module, const RenderFramesSettings& settings)
@@ -98,7 +98,7 @@ private:
             continue;
     }
 
-    // @return false when the run is to stop
+    // @return false if the run must stop
     bool workOn(const Shot& shot, tbb::task_arena& arena)
     {
         std::optional<IIO_Picture> picture;
@@ -129,7 +129,7 @@ private:
         }
     }
 
-    // @param picture the picture of the shot, made by the first of its frames that needs it
+    // @param picture the picture of the shot; the first frame that needs it renders it
     UT_Result<FrameEnd> frame(std::size_t index, std::optional<IIO_Picture>& picture)
     {
         const int number = _settings.frames[index];
@@ -229,7 +229,7 @@ private:
     const ShownModule& _shown;
     const RenderFramesSettings& _settings;
     const RenderFramesWatcher& _watcher;
-    const std::vector<QByteArray> _digests; ///< of the frames, by their places in the settings
+    const std::vector<QByteArray> _digests; ///< by the frame's index in the settings
     const std::vector<Shot> _shots;
     std::atomic<std::size_t> _next = 0;
     std::mutex _mutex;

@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// RenderFrames: renders frames of a scene into files, several at once. Each file appears whole or not at all, and its
-// bytes do not depend on how many frames are rendered at once. Frames that are made of the same (FrameDigest.h) are
-// rendered once. A frame that fails does not keep the others from being rendered.
+// RenderFrames: renders frames of a scene into files, several at once. Each file appears complete or not at all, and
+// its bytes do not depend on how many frames are rendered at once. Frames with equal digests (FrameDigest.h) are
+// rendered once. If a frame fails, the others are still rendered.
 #pragma once
 
 #include "QuarvelNormalMap/NM_Lighting.h"
@@ -26,8 +26,8 @@ struct RenderFramesSettings
     std::optional<NM_LightingSettings> lighting; ///< for lit frames; nothing: the scene's own
     QString lightNote;                           ///< what the files of lit frames say of the light
     FrameFileName file;
-    int atOnce = 1; ///< how many frames are rendered at the same time
-    /// Frames are left alone whose file is complete and made of the same: it says the frame's digest.
+    int atOnce = 1; ///< the largest number of frames that are rendered at the same time
+    /// Whether to skip frames whose file is complete and contains the frame's digest.
     bool resume = false;
 };
 
@@ -35,18 +35,18 @@ struct RenderFramesSettings
 enum class FrameEnd
 {
     WRITTEN,
-    KEPT, ///< its file was there already
+    KEPT, ///< its file existed already
     FAILED
 };
 
-/// Who wants to know how a run goes. Calls come from several threads, one at a time.
+/// Callbacks for the progress of a run. Several threads call ended and progress, one at a time.
 struct RenderFramesWatcher
 {
-    /// A frame ended. The text is the reason of a failure.
+    /// A frame ended. The text is the reason for a failure.
     std::function<void(int frame, FrameEnd end, const QString& reason)> ended;
-    /// How much of the run is done, 0 to 1; never less than before.
+    /// The finished part of the run, 0 to 1; never decreases.
     std::function<void(double done)> progress;
-    /// Asked often, from several threads at once: whether to stop. Files that are being written are finished.
+    /// Whether to stop. Called often, from several threads at once. Files that are being written are finished first.
     std::function<bool()> stop;
 };
 
@@ -56,9 +56,9 @@ struct RenderFramesResult
     int written = 0;
     int kept = 0;
     int failed = 0;
-    bool stopped = false; ///< some frames were not rendered because watcher.stop said so
+    bool stopped = false; ///< some frames were not rendered because watcher.stop returned true
 };
 
-/// Renders frames of a module. Its scene must not change meanwhile. Folders of files are made.
+/// Renders frames of a module. Its scene must not change meanwhile. Creates the folders of the files.
 RenderFramesResult renderFrames(const ShownModule& shown, const RenderFramesSettings& settings,
                                 const RenderFramesWatcher& watcher);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A budget divided by what a frame takes.
+// Divides the budget by the memory of a frame.
 #include "jobs/frames/RenderMemory.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// How many frames may be rendered at once without asking for more memory than was allowed.
+// Computes how many frames may be rendered at once within the memory budget.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -8,9 +8,9 @@
 
 /// How many frames may be rendered at once.
 ///
-/// @param wanted     at least 1: the frames at once when memory does not matter
-/// @param parameters of each frame, for the error
-/// @param needed     bytes that one frame takes (ShownMemory.h)
+/// @param wanted the number of frames at once if memory does not limit it, at least 1
+/// @param parameters the parameters of each frame, for the error message
+/// @param needed the memory of one frame, in bytes (ShownMemory.h)
 /// @param budget     in bytes
-/// @return 1 to wanted; an error that says what is needed when one frame alone does not fit
+/// @return 1 to wanted; an error that names the needed memory if a single frame does not fit
 UT_Result<int> framesAtOnce(int wanted, const RD_RenderParameters& parameters, double needed, double budget);

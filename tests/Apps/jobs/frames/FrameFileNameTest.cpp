@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Names of frames' files.
+// The names of frames' files.
 #include "jobs/frames/FrameFileName.h"
 
 #include <gmock/gmock.h>

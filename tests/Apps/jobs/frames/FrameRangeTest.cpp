@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Ranges of frames as people write them.
+// Ranges of frames in the notation of people.
 #include "jobs/frames/FrameRange.h"
 
 #include <gmock/gmock.h>
@@ -77,7 +77,7 @@ TEST(FrameRange, LeavesOutAndCountsWhatTheSceneDoesNotHave)
 
 TEST(FrameRange, KeepsTheStepWhereItsBeginIsLeftOut)
 {
-    // 0 3 6 9 12 of which 4 to 10 has 6 and 9
+    // 0 3 6 9 12, of which 6 and 9 lie within 4 to 10
     const FrameList list = listed("0-12x3", 4, 10);
     EXPECT_THAT(list.frames, ElementsAre(6, 9));
     EXPECT_EQ(list.outside, 3);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Runs over many frames: the files, their pixels, and what happens when something goes wrong.
+// Runs over many frames: the files, their pixels, and failures.
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelSceneCore/graph/MO_SceneCommon.h"
 #include "SmallScene.h"
@@ -93,7 +93,7 @@ TEST_F(RenderFramesTest, ThatLookTheSameAreRenderedOnce)
                      .out = {},
                      .unknown = {}});
     ASSERT_TRUE(blur->setCurve(twos));
-    // The node tells of every picture that it makes.
+    // The node prints a line for every picture that it makes.
     testing::internal::CaptureStdout();
     EXPECT_EQ(render(settings("n.#.png", {1, 2, 3, 4, 5, 6})).written, 6);
     std::fflush(stdout);
@@ -108,7 +108,7 @@ TEST_F(RenderFramesTest, ThatLookTheSameAreRenderedOnce)
 TEST_F(RenderFramesTest, ThatAreMadeOfTheSameHaveEqualDigests)
 {
     EXPECT_NE(digest(1), digest(2));
-    EXPECT_EQ(digest(48), digest(60)) << "a curve holds behind its last key";
+    EXPECT_EQ(digest(48), digest(60)) << "a curve is constant after its last key";
     EXPECT_EQ(digest(1).size(), 64);
     scene().truckFactorAttr().setLocalValue(2.0);
     const QByteArray before = digest(48);
@@ -152,7 +152,7 @@ TEST_F(RenderFramesTest, HaveOtherDigestsWhereTheSettingsChange)
     other = made;
     other.picture.scene = QStringLiteral("elsewhere.scene");
     other.file = *FrameFileName::parse(path("elsewhere/m.#.png"));
-    EXPECT_EQ(digest(1, other), digest(1, made)) << "names change no pixel";
+    EXPECT_EQ(digest(1, other), digest(1, made)) << "names do not change pixels";
 }
 
 TEST_F(RenderFramesTest, HoldUnitVectorsInNamedLayers)
@@ -263,7 +263,7 @@ TEST_F(RenderFramesTest, OfADrawingAreItsColours)
     made.picture.shown = RenderedKind::COLOURS;
     EXPECT_EQ(renderFrames(ShownModule(drawing()), made, {}).written, 1);
     const IIO_Picture picture = read("n.png");
-    // The middle of the square: #c06030, a byte b being 257 b in 16 bits; the renderer has 15 of them.
+    // The middle of the square: #c06030; a byte b is 257 b in 16 bits, of which the renderer has 15.
     const auto middle = picture.row<std::uint16_t>(16).subspan(std::size_t{16} * 4, 4);
     EXPECT_NEAR(middle[0], 0xc0 * 257, 2);
     EXPECT_NEAR(middle[1], 0x60 * 257, 2);
@@ -313,7 +313,7 @@ TEST_F(RenderFramesTest, LookAlikeInAProxy)
 
 TEST_F(RenderFramesTest, GoOnWhenOneFails)
 {
-    // A folder stands where frame 2 is to go.
+    // A folder has the name of frame 2's file.
     ASSERT_TRUE(QDir().mkpath(path("out/n.2.png")));
     QStringList reasons;
     RenderFramesWatcher watcher;

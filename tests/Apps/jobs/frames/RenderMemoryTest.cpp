@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The memory budget.
+// The number of frames at once within a memory budget.
 #include "jobs/frames/RenderMemory.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The words of the command.
+// The options of the command.
 #include "RenderOptions.h"
 
 #include <gmock/gmock.h>
@@ -72,7 +72,7 @@ TEST(RenderOptions, TakeShardsWithinTheirNumber)
 
 TEST(RenderOptions, TakeShardsThatAreCountedFromZero)
 {
-    // 0/3 1/3 2/3 are all pieces as well as 1/3 2/3 3/3 are.
+    // 0/3 1/3 2/3 are all the pieces, and so are 1/3 2/3 3/3.
     EXPECT_THAT(options("--shard 0/3").shard, Pair(3, 3));
 }
 

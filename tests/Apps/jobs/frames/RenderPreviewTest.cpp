@@ -136,7 +136,7 @@ TEST_F(Preview, IsEncodedWhereTheEncoderIsInstalled)
     EXPECT_EQ(filesIn("films").size(), 2);
 }
 
-// Encoders that fail, or say that all went well when it did not.
+// Encoders that fail, or that report success although they failed.
 class EncodedPreview : public Preview
 {
 protected:

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The command as people run it, over a scene on disk: its files, its messages, its exit codes.
+// The command as people run it, on a scene on disk: its files, messages and exit codes.
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
 #include "SmallScene.h"
@@ -36,7 +36,7 @@ protected:
         ASSERT_TRUE(saved) << saved.error().text.toStdString();
     }
 
-    // The words may not contain blanks.
+    // The words must not contain blanks.
     void start(QProcess& process, const char* words) const
     {
         process.setWorkingDirectory(path("."));
@@ -49,7 +49,7 @@ protected:
         start(process, words);
         return ended(process);
     }
-    // Another command than render.
+    // Runs a command other than render.
     Outcome command(const char* words) const
     {
         QProcess process;
@@ -116,7 +116,7 @@ TEST_F(RenderProgram, LightsFramesAndFilmsAsTheSceneSays)
     const auto picture = IIO_read(path("new.02.png"));
     ASSERT_TRUE(picture);
     EXPECT_EQ(picture->metadata().value(QStringLiteral("Layout")), QStringLiteral("lit"));
-    // The light that is said on the command line wins; the first scene had the same one.
+    // The light on the command line takes precedence; it is the light that the first scene had.
     EXPECT_EQ(quarvel("small.scene --lit said.##.png --preview said.png --light 135,45 --frames 1-2 --resolution 64 -q")
                   .exitCode,
               0);
@@ -128,7 +128,7 @@ TEST_F(RenderProgram, LightsFramesAndFilmsAsTheSceneSays)
         EXPECT_TRUE(std::ranges::equal(said->row<std::uint16_t>(y), old->row<std::uint16_t>(y))) << y;
 }
 
-// Frames that differ in their light alone are lit one by one.
+// Frames that differ only in their light are lit one by one.
 TEST_F(RenderProgram, LitFramesFollowALightThatMoves)
 {
     EXPECT_EQ(command("set small.scene Normal-Map.BlurScale 1").exitCode, 0);
@@ -206,12 +206,12 @@ TEST_F(RenderProgram, ResumesByWhatFramesAreMadeOf)
 {
     ASSERT_EQ(quarvel("small.scene -o out/n.##.png --frames 1,48 --resolution 32").exitCode, 0);
     const QByteArray first = bytes(path("out/n.01.png"));
-    // The same scene under another name, saved after the frames were made.
+    // An equal scene with another name, saved after the frames were rendered.
     const auto saved = SIO_saveScene(scene(), path("copy.scene"));
     ASSERT_TRUE(saved);
     EXPECT_THAT(quarvel("copy.scene -o out/n.##.png --frames 1,48 --resolution 32 --resume").output,
                 HasSubstr("0 written, 2 complete already"));
-    // Another scene, though its files are the older ones.
+    // A different scene, although its files are older than the frames.
     auto* const blur = dynamic_cast<AT_DoubleAttr*>(node().findAttr(QStringLiteral("BlurScale")));
     AT_Curve curve = blur->curve();
     curve.setKey({.frame = 48, .value = 1.0, .in = {}, .out = {}, .unknown = {}});

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What a module's picture means, found in the graph.
+// The meaning of a module's picture, derived from the graph.
 #include "jobs/shown/RenderedKind.h"
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"

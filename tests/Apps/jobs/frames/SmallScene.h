@@ -15,7 +15,7 @@
 
 #include <gtest/gtest.h>
 
-/// A test with a folder of its own and the scene.
+/// A test with a temporary folder and the scene.
 class SmallScene : public testing::Test
 {
 protected:
@@ -27,7 +27,7 @@ protected:
         ASSERT_TRUE(read) << read.error().text.toStdString();
         NormalMapSettings settings;
         settings.allObjects.bevel = 60.0;
-        // What is blurred may leave the drawing.
+        // The blur may reach outside the drawing.
         settings.clipBlurredWithGeometry = false;
         UT_Result<DrawingScene> built = DrawingScene::build(read->drawing, settings);
         ASSERT_TRUE(built) << built.error().text.toStdString();

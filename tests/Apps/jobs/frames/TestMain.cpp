@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The tests' own program: with the painter's application and the plug-ins of the build.
+// The main function of these tests: an application for the painter, and the plug-ins of the build.
 #include "QuarvelPlugInManager/PLUG_Manager.h"
 
 #include <QGuiApplication>
