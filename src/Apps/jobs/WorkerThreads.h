@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// WorkerThreads: the threads that loops run on, as the part of a program that needs them.
+// WorkerThreads: the lifetime of the threads on which parallel loops run.
 #pragma once
 
 #include <oneapi/tbb/global_control.h>
@@ -8,13 +8,13 @@
 #include <new>
 #include <optional>
 
-/// Waits at the end of its scope until the threads have ended. Otherwise they would still be putting away what Qt keeps
-/// for each thread while the process takes Qt apart.
+/// Waits at the end of its scope until the threads have ended. Otherwise they could still destroy Qt's thread-local
+/// data while the process already unloads Qt.
 class WorkerThreads
 {
 public:
     WorkerThreads() = default;
-    /// @param most at least 1: loops run on no more threads than this as long as the object lives
+    /// @param most the largest number of threads of loops during the object's lifetime, at least 1
     explicit WorkerThreads(int most)
         : _most(std::in_place, tbb::global_control::max_allowed_parallelism, static_cast<std::size_t>(most))
     {}

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Names without their numbers, counted.
+// Counts names without their numbers.
 #include "jobs/sheets/AnimationNames.h"
 
 #include <QHash>

@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Sections in brackets, each with properties below it. Only those of regions are understood, the rest is passed over.
+// The file has sections with heads in brackets, each with properties below it. Only the properties for regions and
+// their animations are read.
 #include "jobs/sheets/AtlasGodot.h"
 
 #include <QHash>
@@ -13,7 +14,7 @@ namespace {
 
 struct Section
 {
-    QString head; // in the brackets
+    QString head; // the text in the brackets
     QString body;
 };
 
@@ -35,7 +36,7 @@ std::vector<Section> sectionsOf(const QString& text)
     return sections;
 }
 
-// name="value" or name=value, as heads of sections have it.
+// The value of name="value" or name=value in the head of a section.
 QString wordOf(const QString& head, const QString& name)
 {
     const QRegularExpression word(QStringLiteral("\\b%1=(?:\"([^\"]*)\"|([^ \\]]*))").arg(name));
@@ -56,7 +57,7 @@ QString referenceOf(const QString& value)
     return reference.match(value).captured(1);
 }
 
-// Rect2(x, y, w, h); null where there is none.
+// Rect2(x, y, w, h); null if there is none.
 QRect rectOf(const QString& value)
 {
     static const QRegularExpression rect(QStringLiteral("Rect2i?\\(([^)]*)\\)"));
@@ -67,8 +68,8 @@ QRect rectOf(const QString& value)
     return {number(0), number(1), number(2), number(3)};
 }
 
-// Which animation each region belongs to, by the name of its section. In each animation's list the frames stand before
-// the animation's name.
+// The animation of each region, by the id of its section. In each animation's list the frames precede the animation's
+// name.
 QHash<QString, QString> animationsOf(const QString& resource)
 {
     static const QRegularExpression word(

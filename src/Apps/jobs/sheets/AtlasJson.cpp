@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Frames are an object with names or an array with "filename".
+// The frames are an object with their names as keys, or an array of objects with "filename".
 #include "jobs/sheets/AtlasJson.h"
 
 #include "jobs/sheets/AnimationNames.h"
@@ -48,7 +48,7 @@ std::vector<SheetRegion> regionsOf(const QJsonValue& frames)
     return regions;
 }
 
-// Aseprite's tags name the frames from one number to another, in the order of the array.
+// Aseprite's tags name ranges of frames by their indices in the array.
 void nameTags(std::vector<SheetRegion>& regions, const QJsonArray& tags)
 {
     for (const QJsonValue& tag : tags) {
@@ -67,7 +67,8 @@ UT_Result<Sheet> sheetOf(const QJsonValue& frames, const QJsonValue& image, cons
     if (sheet.regions.empty())
         return UT_Error{QStringLiteral("it has no \"frames\" for the page %1").arg(sheet.page)};
     nameAnimations(sheet.regions);
-    // The hash has lost the order that tags count in; there the frames' names say what belongs together.
+    // An object of frames does not keep the order that the tags' indices need; its animations follow from the frames'
+    // names.
     if (frames.isArray())
         nameTags(sheet.regions, tags);
     return sheet;

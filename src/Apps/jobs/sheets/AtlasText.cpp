@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A line with a colon is a property of what was named last, any other line a name: of a page at the beginning and after
-// an empty line, else of a region.
+// A line with a colon is a property of the last named page or region. Any other line is a name: of a page at the
+// beginning and after an empty line, else of a region.
 #include "jobs/sheets/AtlasText.h"
 
 #include "jobs/sheets/AnimationNames.h"
@@ -14,12 +14,12 @@
 
 namespace {
 
-// A region's properties as they are said.
+// A region's properties as the file gives them.
 struct Said
 {
     QString name;
     QRect bounds;
-    QPoint offset; // from the lower left
+    QPoint offset; // from the lower left corner
     QSize whole;
     int degrees = 0;
     int index = -1;

@@ -1,12 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The .atlas files of libGDX and Spine: lines, pages apart by an empty one. "rotate" is in degrees, counter-clockwise;
-// offsets count from the sprite's lower left corner.
+// The .atlas files of libGDX and Spine: text lines, with an empty line between pages. "rotate" is in degrees,
+// counter-clockwise; offsets are measured from the sprite's lower left corner.
 #pragma once
 
 #include "jobs/sheets/Sheet.h"
 
 #include <QByteArray>
 
-/// The pages in a file's bytes; their names as they stand there.
+/// Parses the pages of a file. Their names are those in the file.
 UT_Result<std::vector<Sheet>> parseAtlasText(const QByteArray& bytes);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The kind follows from the file's name; pages are looked for where the kind says.
+// The suffix of the file's name determines the parser. Pages are looked for beside the atlas or in its Godot project.
 #include "jobs/sheets/ReadAtlas.h"
 
 #include "jobs/sheets/AtlasGodot.h"
@@ -16,7 +16,7 @@
 
 namespace {
 
-// No atlas that anybody packs is larger.
+// Real atlases are much smaller.
 constexpr qint64 kMostBytes = 64 * 1024 * 1024;
 
 struct Kind
@@ -49,7 +49,7 @@ UT_Result<QByteArray> bytesOf(const QString& path)
     return file.readAll();
 }
 
-// The folder that res:// stands for: that of the project's file, at or above the atlas.
+// The folder that res:// means: that of the nearest project.godot at or above the atlas, else that of the atlas.
 QDir projectOf(const QString& path)
 {
     QDir folder = QFileInfo(path).absoluteDir();
@@ -107,7 +107,7 @@ UT_Result<QByteArray> atlasOfMaps(const QString& path, const QStringList& names)
         const QString& page = (*sheets)[i].page;
         const qsizetype slash = page.lastIndexOf(QLatin1Char('/'));
         const QString map = page.left(slash + 1) + names[static_cast<qsizetype>(i)];
-        // Names stand quoted, or, in .atlas files, as a line of their own.
+        // Names are in quotes or, in .atlas files, on a line of their own.
         bytes->replace('"' + page.toUtf8() + '"', '"' + map.toUtf8() + '"');
         if (bytes->startsWith(page.toUtf8() + '\n') || bytes->startsWith(page.toUtf8() + '\r'))
             bytes->replace(0, page.toUtf8().size(), map.toUtf8());

@@ -1,23 +1,23 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Reads the files in which packers and editors say where sprites lie on a page:
+// Reads the files in which packers and editors store where sprites lie on a page:
 //
 //     .json    of Aseprite and TexturePacker, hash and array, also with several pages ("textures")
-//     .atlas   of libGDX and Spine, the older and the newer words
+//     .atlas   of libGDX and Spine, with the older and the newer keys
 //     .tres    of Godot: AtlasTexture, and SpriteFrames made of them
 //
-// What they do not say (pivots, durations, outlines) is of no concern here.
+// Other properties (pivots, durations, outlines) are ignored.
 #pragma once
 
 #include "jobs/sheets/Sheet.h"
 
-/// Reads an atlas. Pages lie beside it, or below the Godot project that it belongs to.
+/// Reads an atlas. Its pages must lie beside it or in the Godot project that it belongs to.
 ///
-/// @return its pages, each with at least one region, or what is wrong with it: the regions are not yet compared with
-/// the page (checkRegions)
+/// @return its pages, each with at least one region, or an error. The regions have not been compared with the page yet
+/// (checkRegions)
 UT_Result<std::vector<Sheet>> readAtlas(const QString& path);
 
-/// An atlas for the normal maps of its pages: the same text with the pages' names replaced.
+/// Makes an atlas for the normal maps of an atlas's pages: the same text with other names of pages.
 ///
 /// @param names the maps' file names, one for each page as readAtlas() gives them
 UT_Result<QByteArray> atlasOfMaps(const QString& path, const QStringList& names);

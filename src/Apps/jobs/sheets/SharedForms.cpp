@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Forms are gathered by what they are of, over all frames.
+// Collects the forms of corresponding objects over all frames.
 #include "jobs/sheets/SharedForms.h"
 
 #include <algorithm>
@@ -10,7 +10,7 @@
 
 namespace {
 
-// By role and rank.
+// The forms, by role and by rank in size.
 std::map<std::pair<ObjectRole, int>, std::vector<ObjectForm*>> correspondingForms(std::span<ReadDrawing*> frames)
 {
     std::map<std::pair<ObjectRole, int>, std::vector<ObjectForm*>> forms;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Overlaps are found by a sweep down the page, so that ten thousand regions take no time.
+// Overlaps are found by a sweep down the page, so that ten thousand regions take little time.
 #include "jobs/sheets/Sheet.h"
 
 #include <algorithm>

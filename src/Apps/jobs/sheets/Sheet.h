@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Sheet: a picture with many sprites on it, and where each of them lies. Packers cut away transparent borders (trim)
-// and turn sprites to save room; a region knows what was done to its sprite.
+// Sheet: a picture with many sprites, and the place of each of them. Packers cut off transparent borders (trim) and
+// turn sprites to save room; a region stores what was done to its sprite.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -17,15 +17,15 @@
 struct SheetRegion
 {
     QString name;
-    QRect place;          ///< on the page, as it lies there
-    int quarterTurns = 0; ///< 0 to 3, clockwise, by which the sprite was turned before it was laid there
-    QSize whole;          ///< the sprite before anything was cut away, not turned
-    QPoint offset;        ///< of what is left of it, in whole
-    QString animation;    ///< frames of one animation share it; empty: the sprite stands alone
+    QRect place;          ///< on the page, after trimming and turning
+    int quarterTurns = 0; ///< 0 to 3, clockwise, by which the packer turned the sprite
+    QSize whole;          ///< the size of the sprite before trimming, not turned
+    QPoint offset;        ///< the place of the trimmed sprite in the whole one
+    QString animation;    ///< the name that all frames of an animation share; empty for a single sprite
 
-    /// The size of what is left, not turned.
+    /// The size of the trimmed sprite, not turned.
     QSize trimmed() const { return quarterTurns % 2 == 0 ? place.size() : place.size().transposed(); }
-    /// Where a pixel of what is left, not turned, lies on the page.
+    /// The place on the page of a pixel of the trimmed sprite, not turned.
     QPoint onPage(int x, int y) const;
 };
 
@@ -40,15 +40,15 @@ struct Sheet
 struct CellGrid
 {
     QSize cell;
-    int margin = 0;  ///< around all of them, in pixels
-    int spacing = 0; ///< between two
+    int margin = 0;  ///< around all cells, in pixels
+    int spacing = 0; ///< between two cells, in pixels
 };
 
 /// The cells that fit on a page, row by row, named 0, 1 and so on.
 ///
-/// @return an error when not one fits
+/// @return an error if no cell fits
 UT_Result<std::vector<SheetRegion>> cellsOf(const QSize& page, const CellGrid& grid);
 
-/// Whether all regions lie on the page, hold a pixel, have room in their sprites, and do not overlap. Two regions at
-/// the very same place are one sprite under two names, and no overlap.
+/// Checks that all regions lie on the page, have pixels, fit into their sprites, and do not overlap. Two regions at
+/// exactly the same place are one sprite with two names and do not count as overlapping.
 UT_Result<void> checkRegions(const std::vector<SheetRegion>& regions, const QSize& page);

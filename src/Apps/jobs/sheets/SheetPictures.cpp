@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Both directions go by SheetRegion::onPage, so that what is laid down lies where it was taken from.
+// Reading and writing both use SheetRegion::onPage(), so that pixels are written to where they were read.
 #include "jobs/sheets/SheetPictures.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Sprites out of a page, and what was made of them into a page of the same layout.
+// Copies sprites out of a page, and the pictures made of them into a page with the same layout.
 #pragma once
 
 #include "QuarvelImageIO/IIO_Picture.h"
@@ -8,19 +8,19 @@
 
 #include <QImage>
 
-/// The sprite of a region as it was before it was packed: turned back, with the borders that were cut away.
+/// The sprite of a region as it was before packing: turned back, with its trimmed borders.
 ///
-/// @param page in one of the formats ARGB32 and RGBA64
+/// @param page in the format ARGB32 or RGBA64
 QImage spriteOf(const QImage& page, const SheetRegion& region);
 
-/// Whether nothing of an image shows.
+/// Whether all pixels of an image are transparent.
 bool isTransparent(const QImage& image);
 
-/// A page of 16-bit samples with the channels and the metadata of a picture, every pixel the same.
+/// Makes a page of 16-bit samples with the channels and the metadata of a picture and equal pixels.
 ///
-/// @param pixel as many samples as the picture has channels
+/// @param pixel the samples of each pixel, as many as the picture has channels
 UT_Result<IIO_Picture> emptyPage(const IIO_Picture& like, const QSize& size, std::span<const std::uint16_t> pixel);
 
-/// Lays the picture of a sprite onto the page as the sprite lies there: cut and turned. Vectors are not turned
+/// Copies the picture of a sprite to the sprite's place on the page, trimmed and turned. Does not turn vectors
 /// (NM_turnVectors).
 void layOntoPage(const IIO_Picture& sprite, const SheetRegion& region, IIO_Picture& page);

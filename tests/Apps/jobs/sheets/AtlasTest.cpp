@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Where sprites lie on a page, as each kind of atlas says it.
+// The places of sprites on a page in each kind of atlas.
 #include "jobs/sheets/AtlasGodot.h"
 #include "jobs/sheets/AtlasJson.h"
 #include "jobs/sheets/AtlasText.h"
@@ -23,7 +23,7 @@ std::string errorOf(const UT_Result<T>& result)
     return result ? std::string("no error") : result.error().sentence().toStdString();
 }
 
-// A sprite of 32 x 18 cut out of 40 x 24 at 4, 3.
+// A sprite of 40 x 24, trimmed to 32 x 18 at 4, 3.
 const char* const kHash = R"({"frames": {
   "walk_1.png": {"frame": {"x": 2, "y": 3, "w": 32, "h": 18}, "rotated": false, "trimmed": true,
     "spriteSourceSize": {"x": 4, "y": 3, "w": 32, "h": 18}, "sourceSize": {"w": 40, "h": 24}},
