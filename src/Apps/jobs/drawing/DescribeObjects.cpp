@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The picture is painted twice: in colours, for the eye, and without antialiasing in numbers, which tell where an
-// object shows and hence where its number goes.
+// The drawing is painted twice: in colours for the eye, and without antialiasing with object numbers as pixel values.
+// The second picture tells which pixels show an object, and so where to put its number.
 #include "jobs/drawing/DescribeObjects.h"
 
 #include <QPainter>
@@ -50,7 +50,7 @@ Row rowOf(std::size_t index, const ReadDrawing& read)
             object.colours.join(u' '),  object.reason + roleText(object.role)};
 }
 
-// All cells of a column as wide as its widest.
+// A text table; all cells of a column are as wide as the widest.
 QString tableOf(const std::vector<Row>& rows)
 {
     std::vector<qsizetype> widths(static_cast<std::size_t>(rows.front().size()), 0);
@@ -67,7 +67,7 @@ QString tableOf(const std::vector<Row>& rows)
     return text;
 }
 
-// Hues a golden angle apart, so that objects that lie on each other differ.
+// Hues are a golden angle apart, so that neighbouring objects have different colours.
 QColor colourOf(std::size_t index)
 {
     constexpr double kGoldenAngle = 137.508;
@@ -113,7 +113,7 @@ QImage painted(const LayeredDrawing& drawing, const QSize& size, bool smooth, Co
     return image;
 }
 
-// Where an object shows: its pixel nearest to the middle of its pixels. Null where it does not.
+// For each object, the visible pixel nearest to the centre of its visible pixels; std::nullopt if it is invisible.
 std::vector<std::optional<QPoint>> middles(const QImage& numbers, std::size_t count)
 {
     struct Sum

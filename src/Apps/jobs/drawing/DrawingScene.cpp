@@ -24,7 +24,8 @@ namespace {
 
 const QString kDrawingName = QStringLiteral("1");
 
-// What holds for one object: what is said of it, of all objects, what the drawing says of it, and the chosen form last.
+// The values of one object. Settings for the object come first, then settings for all objects, then the drawing's own
+// values, then the chosen form.
 struct ObjectValues
 {
     double bevel;
@@ -131,7 +132,7 @@ NormalMapValues valuesOf(const LayeredDrawing& drawing, const NormalMapSettings&
             .useTruckFactor = settings.useTruckFactor};
 }
 
-// The drawing's frame is fitted into the picture's, centred, in one scale for both axes.
+// Fits the drawing's frame into the picture's, centred, with the same scale for both axes.
 void place(MO_ElementModule& element, const QRectF& frame, double sceneHeight)
 {
     const double scale = std::min(MO_SceneCommon::kFrameWidth / frame.width(), sceneHeight / frame.height());
@@ -208,7 +209,7 @@ UT_Result<DrawingScene> DrawingScene::build(const LayeredDrawing& drawing, const
     built._flatDrawing = &composite;
     built._normalMap = &scene.root().add(std::move(node));
     auto& display = scene.root().emplace<MO_DisplayModule>();
-    // Before the layers come, so that no layer has taken one of these names.
+    // Before the layers are added, so that no layer can have taken one of these names.
     composite.setInstanceName(QStringLiteral("Drawing"));
     built._normalMap->setInstanceName(QStringLiteral("Normal-Map"));
     display.setInstanceName(QStringLiteral("Display"));

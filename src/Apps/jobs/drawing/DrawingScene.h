@@ -1,15 +1,15 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// DrawingScene: the scene that a single drawing is rendered in. Every layer of the drawing becomes an element with an
-// Object Definition behind it; the definitions go into a Vallorin node, lowest layer first, and the elements also into
-// a composite, which shows the drawing as it is.
+// DrawingScene: the scene in which a single drawing is rendered. Every layer of the drawing becomes an element followed
+// by an Object Definition. The definitions are connected to a Vallorin node, lowest layer first; the elements are also
+// connected to a composite, which shows the unchanged drawing.
 //
 //     element 1 ──► Object Definition 1 ──┐
 //     element 2 ──► Object Definition 2 ──┼──► Vallorin          (the normal map)
 //     element 3 ──► Object Definition 0 ──┘                      (number 0: a cut-out)
 //     elements 1, 2 ──────────────────────────► composite        (the drawing)
 //
-// The node is made by its keyword and set through its attributes' keys: the program knows the module as any host does.
+// The node is made by its keyword and set through its attributes' keys, as any host does it.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -24,18 +24,19 @@
 
 class MO_ElementModule;
 
-/// A drawing in layers, ready for a scene.
+/// A drawing in layers, prepared for a scene.
 struct LayeredDrawing
 {
     struct Layer
     {
         QString name;
-        UT_SharedPtr<CELVEC_Kvd> drawing; ///< in the units of the frame below
-        ObjectForm form = kRimForm;       ///< holds where the settings say nothing of the object
-        ObjectSettings own = {};          ///< what the drawing or its folder says; holds before the form
+        UT_SharedPtr<CELVEC_Kvd> drawing; ///< in the units of `frame`
+        ObjectForm form = kRimForm;       ///< used if the settings do not give values
+        ObjectSettings own =
+            {}; ///< the values that the drawing or its folder gives; they take precedence over the form
     };
 
-    QRectF frame;              ///< what the picture shows, in the drawing's units
+    QRectF frame;              ///< the visible rectangle, in the drawing's units
     QSizeF size;               ///< its natural size in pixels
     std::vector<Layer> layers; ///< bottom up
     CM_SharedPtr<CM_Palette> palette;
@@ -47,19 +48,18 @@ class DrawingScene
 public:
     /// Builds the scene.
     ///
-    /// @return an error when the settings speak of an object or a colour that the drawing does not have, or when the
-    /// plug-in is
-    ///         not loaded
+    /// @return an error if the settings name an object or a colour that the drawing does not have, or if the plug-in is
+    /// not loaded
     static UT_Result<DrawingScene> build(const LayeredDrawing& drawing, const NormalMapSettings& settings);
 
     MO_Scene& scene() const { return *_scene; }
     /// The Vallorin node.
     MO_Module& normalMap() const { return *_normalMap; }
-    /// What shows the drawing as it is, without the objects that cut or are hidden.
+    /// The composite, which shows the drawing without hidden objects and cut-outs.
     MO_Module& flatDrawing() const { return *_flatDrawing; }
     /// The elements of the drawing's layers, bottom up.
     const std::vector<MO_ElementModule*>& elements() const { return _elements; }
-    /// Hands out the scene; nothing else is to be asked for afterwards.
+    /// Gives the scene away; no other function may be called afterwards.
     std::unique_ptr<MO_Scene> takeScene() { return std::move(_scene); }
     /// The picture's size in pixels.
     const std::pair<int, int>& resolution() const { return _resolution; }
@@ -74,5 +74,5 @@ private:
     std::pair<int, int> _resolution;
 };
 
-/// The size of the picture that the settings ask for: theirs, or the drawing's natural one; at least 1 x 1.
+/// The size of the picture: that of the settings, or the drawing's natural size; at least 1 x 1.
 std::pair<int, int> pictureSize(const QSizeF& drawing, const NormalMapSettings& settings);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A scene of one drawing, and its only frame.
+// Builds a scene with one drawing and renders its only frame.
 #include "jobs/drawing/NormalMapJob.h"
 
 #include "jobs/limits/JobLimits.h"

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What a person can choose for one run of "drawing to normal map". Plain values with the defaults that the command line
-// and the desktop application share; how they are spelled on a command line is the command's affair.
+// The settings of a run that makes a normal map of a drawing: plain values, with defaults that the command line and the
+// desktop application share. The commands define how they are spelled on the command line.
 #pragma once
 
 #include "form/FormSettings.h"
@@ -15,7 +15,7 @@
 #include <utility>
 #include <vector>
 
-/// What is said of one object; what is left out holds as it was chosen for the object.
+/// Values set for one object; for the others, the chosen ones apply.
 struct ObjectSettings
 {
     std::optional<double> bevel;
@@ -23,16 +23,16 @@ struct ObjectSettings
     std::optional<double> smoothness;
     std::optional<double> level;         ///< the object's own level, 0 to 1
     std::optional<bool> scaleByCoverage; ///< multiply the colours' levels by the object's coverage
-    std::optional<bool> cutOut;          ///< it makes no volume, it cuts a hole into what lies below
+    std::optional<bool> cutOut;          ///< it has no volume but cuts a hole into the objects below
     std::optional<bool> hidden;          ///< it contributes nothing at all
 };
 
-/// What is said of a drawing's objects.
+/// Values set for a drawing's objects.
 struct ObjectWishes
 {
     ObjectSettings allObjects;
     std::map<int, ObjectSettings> objects; ///< by number, 1 is the lowest layer
-    /// By name or pattern (ObjectNames.h), in the order in which it was said.
+    /// By name or pattern (ObjectNames.h), in the order of the words.
     std::vector<std::pair<QString, ObjectSettings>> namedObjects;
 };
 
@@ -43,16 +43,16 @@ struct ColourLevel
     int level = 255; ///< 0 carves fully, 255 adds fully
 };
 
-/// Everything that is chosen for a run, apart from the files.
+/// All settings of a run, except the files.
 struct NormalMapSettings : ObjectWishes
 {
     // The picture.
     std::optional<QSize> size;  ///< in pixels; a height of 0 follows from the drawing's shape
     bool renderInFloat = false; ///< 32-bit float instead of 16-bit
-    double truck = 1.0;         ///< how much the camera magnifies, about the picture's centre
+    double truck = 1.0;         ///< the camera's magnification around the picture's centre
 
     // The objects.
-    FormSettings form; ///< where the objects and their values come from, apart from what is said of them
+    FormSettings form; ///< how objects and their values are chosen, unless they are set
 
     // The levels of the drawing's colours.
     int levelOfAllColours = 255;

@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Objects by their names: what a person says of "Head" or of "eye*" is said of the numbers that these objects have in
-// one drawing.
+// Finds objects by their names: values set for "Head" or "eye*" apply to the numbers of these objects in a drawing.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -9,24 +8,24 @@
 
 #include <QStringList>
 
-/// Whether a name is meant by a word: the name itself, or a pattern with * for any letters and ? for one. Case does not
-/// count.
+/// Whether a word matches a name: the word is the name or a pattern with * for any characters and ? for one. Case is
+/// ignored.
 bool isNamedBy(const QString& name, const QString& word);
-/// Whether one of several names of an object is meant.
+/// Whether a word matches one of several names of an object.
 bool isNamedBy(const QStringList& names, const QString& word);
 
-/// What the first says, and where it says nothing, what the second does.
+/// The values of the first, and the second's for those that the first does not set.
 ObjectSettings merged(const ObjectSettings& first, const ObjectSettings& second);
 
-/// The wishes with everything that they say of objects by name said of their numbers. What a number is told already
-/// stays; of several words for one object, the last counts.
+/// Replaces names by numbers in wishes. Values set by number take precedence over those set by name; if several words
+/// match one object, the last takes precedence.
 ///
 /// @param names of the drawing's objects, number 1 first
-/// @return an error when no object has such a name
+/// @return an error if no object matches one of the names
 UT_Result<ObjectWishes> withNumberedObjects(const ObjectWishes& wishes, const QStringList& names);
 
-/// All that wishes say of one object: by its number before by its name, the last such word first, before what they say
-/// of all objects.
+/// All values that wishes set for one object. Values set by number take precedence over those set by name, of which the
+/// last take precedence, and these over values for all objects.
 ///
-/// @param names of the object; most have one
+/// @param names the names of the object; most have one
 ObjectSettings wishesFor(const ObjectWishes& wishes, int number, const QStringList& names);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A table of the values' names, each with the function that reads its value.
+// A table of the values' names, each with the function that parses its value.
 #include "jobs/drawing/ObjectWords.h"
 
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
@@ -12,7 +12,7 @@
 
 namespace {
 
-// Whether the value was one that the object takes.
+// Returns whether the value was valid.
 using Take = std::function<bool(ObjectSettings&, const QString& value)>;
 
 struct ObjectWord
@@ -34,7 +34,7 @@ Take number(std::optional<double> ObjectSettings::*member, double low, double hi
     };
 }
 
-// The word alone says yes.
+// The word without a value means yes.
 Take truth(std::optional<bool> ObjectSettings::*member)
 {
     return [=](ObjectSettings& object, const QString& text) {

@@ -1,19 +1,19 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What is said of objects in words, the same on a command line, in a drawing and in a folder's file:
+// Values of objects in words, the same on the command line, in a drawing and in a folder's file:
 //
-//     head:bevel=60:elevation=0.5     the object called head; a name may have * for any letters and ? for one
+//     head:bevel=60:elevation=0.5     the object called head; in a name, * matches any characters and ? matches one
 //     2:cutout                        object 2
 //     all:smoothness=3                every object
 //
-//     bevel=B        how far the rounding reaches in from the edge, in units of which the picture is 720 wide; 0 to
+//     bevel=B        how far the rounding reaches inwards from the edge; the picture is 720 units wide; 0 to
 //                    kMostBevel
 //     elevation=E    how high it rises; below 0 it sinks
 //     smoothness=S   the shape of the rise, 0.01 to 128
 //     level=L        the object's own level, 0 to 1
 //     coverage       multiplies the levels of its colours by its coverage
-//     cutout         makes no volume: it cuts a hole into what lies below
-//     hidden         leaves it out; these three take yes and no too
+//     cutout         gives it no volume; it cuts a hole into the objects below
+//     hidden         leaves it out; the last three also take =yes and =no
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -21,18 +21,18 @@
 
 #include <QStringList>
 
-/// The widest bevel that a person can mean: it reaches across the picture more than a hundred times.
+/// The largest accepted bevel: it reaches across the picture more than a hundred times.
 inline constexpr double kMostBevel = 100'000.0;
 
-/// Whether a text is a value's name, such as "bevel", in any case.
+/// Whether a text is the name of a value, such as "bevel", in upper or lower case.
 bool isObjectWord(const QString& key);
 
-/// Adds what one word, such as "bevel=60", says of an object.
+/// Sets the value of one word, such as "bevel=60", in an object's settings.
 ///
-/// @return an error that says what was expected; then nothing is added
+/// @return an error that says what was expected; then nothing is set
 UT_Result<void> takeObjectWord(ObjectSettings& object, const QString& word);
 
-/// Adds what words such as "head:bevel=60:elevation=0.5" say. What is said later counts.
+/// Sets the values of words such as "head:bevel=60:elevation=0.5" in the wishes. Later words take precedence.
 ///
-/// @return an error that says what was expected; then nothing is added
+/// @return an error that says what was expected; then nothing is set
 UT_Result<void> takeObjectWords(ObjectWishes& wishes, const QString& words);

@@ -17,7 +17,7 @@ bool isValue(const QString& word)
     return word.contains(u'=') && isObjectWord(word.section(u'=', 0, 0));
 }
 
-// A line as people write it, who may have copied it from a command line.
+// Removes quotes around a line, which may have been copied from a command line.
 QString withoutQuotes(const QString& line)
 {
     const bool quoted =
@@ -39,7 +39,7 @@ public:
             _applies = isNamedBy(_drawing, line.sliced(1, line.size() - 2).trimmed());
             return {};
         }
-        // What is said of other drawings has to make sense, too.
+        // Lines for other drawings are checked too.
         ObjectWishes others;
         return takeObjectWords(_applies ? wishes : others, withoutQuotes(line));
     }

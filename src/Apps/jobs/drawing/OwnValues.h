@@ -1,18 +1,18 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What a drawing, and the folder that it lies in, say of the volume of its objects. The values are those of
-// ObjectWords.h. What a person says of a run counts before both, a drawing before its folder.
+// The values that a drawing and its folder give to the objects, in the words of ObjectWords.h. The settings of a run
+// take precedence over both, and a drawing over its folder.
 //
-// A drawing says it of its layers: in SVG files by attributes, data-vallorin-bevel="40", or in any file with named
-// layers by words behind a layer's name, "Head bevel=40 elevation=0.5".
+// A drawing gives values to its layers: in SVG files by attributes, data-vallorin-bevel="40", or in any file with named
+// layers by words after a layer's name, "Head bevel=40 elevation=0.5".
 //
-// A folder says it in a file called vallorin.objects, a line each:
+// A folder gives values in a file called vallorin.objects, one object per line:
 //
 //     # every drawing in this folder
 //     all:smoothness=2
 //     head:bevel=40:elevation=0.5
 //     [hero_*.svg]
-//     # the files that are called so, up to the next such line
+//     # only files with such names, up to the next line in brackets
 //     'eye*:bevel=4'
 #pragma once
 
@@ -20,18 +20,18 @@
 #include "QuarvelDrawingIO/DIO_Drawing.h"
 #include "jobs/drawing/NormalMapSettings.h"
 
-/// Moves the values that stand behind the names of layers to the layers' values. A name keeps its first word.
+/// Moves the values after the names of layers to the layers' values. A name always keeps its first word.
 void takeValuesFromNames(DIO_Drawing& drawing);
 
-/// What the folder of a drawing says of its objects; nothing where there is no such file. That no object has a name is
-/// no error: the folder speaks for many drawings.
+/// Reads the values that a drawing's folder gives to its objects; empty if there is no such file. Names that no object
+/// has are not an error, because the file is for many drawings.
 ///
-/// @return an error that names the file and the line when one makes no sense
+/// @return an error with file and line if a line is invalid
 UT_Result<ObjectWishes> readFolderWishes(const QString& drawing);
 
-/// What an object's values and its folder's wishes say of it.
+/// Combines the values that the drawing and its folder give to an object.
 ///
 /// @param values   see DIO_Layer::values
-/// @param warnings gets a line for each value that makes no sense
+/// @param warnings receives a line for each invalid value
 ObjectSettings ownSettings(const QStringList& values, const ObjectWishes& folder, int number, const QString& name,
                            QStringList& warnings);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// From the readers' neutral drawing to objects with their form, and to vector drawings of them.
+// Converts the readers' neutral drawing to objects with their forms and to vector drawings of them.
 #include "jobs/drawing/ReadDrawing.h"
 
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
@@ -11,7 +11,7 @@
 
 namespace {
 
-// The values that are listed with the chosen ones take their place; the form has no others.
+// The drawing's own bevel, elevation and smoothness replace the chosen ones in the form, so that listings show them.
 void takeOwn(LayeredDrawing::Layer& layer, const ObjectSettings& own)
 {
     layer.own = own;
@@ -29,7 +29,7 @@ ReadDrawing chosenDrawing(const DIO_Drawing& drawing, const FormSettings& form, 
     read.drawing.frame = drawing.viewBox;
     read.drawing.size = drawing.size;
     ChosenObjects chosen = chooseObjects(drawing, form.objects);
-    // The objects of a bitmap have paints of their own.
+    // From the chosen drawing, because the objects of a bitmap get paints of their own.
     read.drawing.palette = DIO_toPalette(chosen.drawing);
     const std::vector<ObjectForm> forms = chooseForms(chosen, form);
     for (std::size_t i = 0; i < chosen.objects.size(); ++i) {

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ReadDrawing: a drawing's file, read and made ready for a scene.
+// ReadDrawing: reads a drawing's file and prepares it for a scene.
 #pragma once
 
 #include "form/ChosenObjects.h"
@@ -10,22 +10,22 @@
 
 #include <QStringList>
 
-/// A drawing in objects, and what was simplified in reading it.
+/// A drawing in objects, with warnings about simplifications.
 struct ReadDrawing
 {
     LayeredDrawing drawing;            ///< its layers are the objects
-    std::vector<ChosenObject> objects; ///< what is known of them, one for each layer
+    std::vector<ChosenObject> objects; ///< the objects' properties, one for each layer
     QStringList warnings;
 };
 
-/// Chooses the objects of a drawing and their form.
+/// Chooses the objects of a drawing and their forms.
 ///
-/// @param folder what the drawing's folder says of its objects
+/// @param folder the values that the drawing's folder gives
 ReadDrawing chosenDrawing(const DIO_Drawing& drawing, const FormSettings& form, const ObjectWishes& folder = {});
 
-/// Reads a drawing of any kind that the program knows and chooses its objects and their form.
+/// Reads a drawing of any supported kind and chooses its objects and their forms.
 ///
-/// @param tiling in which directions the drawing is laid beside itself first
-/// @return an error when the file cannot be read, is of no known kind, or holds nothing that shows, or when its
-/// folder's values make no sense; the text does not repeat the path
+/// @param tiling the directions in which the drawing is repeated first
+/// @return an error if the file cannot be read, is of an unknown kind or shows nothing, or if its folder's values are
+/// invalid. An error about the file does not repeat its path.
 UT_Result<ReadDrawing> readDrawing(const QString& path, const FormSettings& form, const Tiling& tiling = {});

@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A bitmap becomes a larger bitmap, since its objects are found in its pixels; shapes of any other drawing are moved.
+// A bitmap is repeated as a larger bitmap, because its objects are found in its pixels. Of other drawings, the shapes
+// are copied and moved.
 #include "jobs/drawing/TileDrawing.h"
 
 #include <algorithm>
@@ -33,7 +34,7 @@ DIO_Shape moved(const DIO_Shape& shape, const QPointF& by)
     return copy;
 }
 
-// In the order of painting: all copies of a shape, then all of the next.
+// In the order of painting: all copies of a shape, then all copies of the next.
 std::vector<DIO_Shape> tiled(const std::vector<DIO_Shape>& shapes, const QSizeF& step, const Tiling& tiling)
 {
     std::vector<DIO_Shape> all;

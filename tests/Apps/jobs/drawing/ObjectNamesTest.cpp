@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Objects by name.
+// Finding objects by name.
 #include "jobs/drawing/ObjectNames.h"
 
 #include <gmock/gmock.h>

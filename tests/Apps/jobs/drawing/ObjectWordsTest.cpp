@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What words say of objects.
+// The values that words set for objects.
 #include "jobs/drawing/ObjectWords.h"
 
 #include "jobs/drawing/ObjectNames.h"
