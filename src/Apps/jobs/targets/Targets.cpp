@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The table, and what is looked up in it.
+// The table of programs and the look-ups in it.
 #include "jobs/targets/Targets.h"
 
 #include <QStringList>
@@ -15,7 +15,7 @@ constexpr auto DOWN = NM_YAxis::DOWN;
 constexpr auto FULL = NM_Alpha::FULL;
 constexpr auto COVERAGE = NM_Alpha::COVERAGE;
 
-// Padding: engines that make mipmaps, or draw sprites smaller than they are, mix pixels from farther away.
+// Padding: engines that make mipmaps, or draw sprites reduced in size, mix pixels from farther away.
 constexpr Target kTargets[] = {
     {"blender", "Blender", {UP, FULL, 16, 4}, "_n", "png", true},
     {"compositor", "compositors", {UP, COVERAGE, 16, 0}, "_n", "exr", true},

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The programs that normal maps are made for, as a table: what each of them expects. A program more is a row more, here
-// and in docs/targets.md, which says for every row how it was verified; a test compares the two.
+// The table of the programs for which normal maps are made, with what each of them expects. A new program needs a row
+// here and in docs/targets.md, which says for every row how it was verified; a test compares the two.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -12,35 +12,34 @@
 /// A program, or a kind of programs, that takes normal maps.
 struct Target
 {
-    const char* name;   ///< as it is typed after --for
-    const char* title;  ///< as people write it
-    NM_MapForm form;    ///< what is written for it
-    const char* suffix; ///< what a map's name adds to the drawing's
-    const char* ending; ///< of the map's file: png or exr
-    bool takesCoverage; ///< it lights maps rightly whose alpha is the coverage
+    const char* name;   ///< its word after --for
+    const char* title;  ///< its name for people
+    NM_MapForm form;    ///< the form of its maps
+    const char* suffix; ///< what is added to the drawing's name for the map's name
+    const char* ending; ///< the suffix of the map's file: png or exr
+    bool takesCoverage; ///< it lights maps correctly whose alpha is the coverage
 
     QString titleText() const { return QString::fromUtf8(title); }
     QString suffixText() const { return QString::fromLatin1(suffix); }
     QString endingText() const { return QString::fromLatin1(ending); }
 };
 
-/// What is written when nobody names a program: right in as many of them as possible.
+/// The form if no program is named: correct in as many programs as possible.
 inline constexpr NM_MapForm kFormForMost{.yAxis = NM_YAxis::UP, .alpha = NM_Alpha::FULL, .bits = 16, .pad = 4};
-/// What such a map's name adds to the drawing's.
+/// What is added to the drawing's name for such a map's name.
 inline constexpr const char* kSuffixForMost = "_n";
 
 /// All rows, by name.
 std::span<const Target> targets();
 
-/// The row of that name, in any case, or an error that lists the names.
+/// The row of a program, with its name in upper or lower case, or an error that lists the names.
 UT_Result<const Target*> targetNamed(const QString& name);
 
-/// Whether the program lights a map of this form rightly, as a PNG file. More bits and other paddings than it asks for
-/// do no harm.
+/// Whether the program lights a PNG map of this form correctly. Other bits and paddings than its own do not matter.
 bool lights(const Target& target, const NM_MapForm& form);
 
 /// A map's form in words, for people: "y up, opaque, 16 bits, 4 pixels of padding".
 QString wordsOf(const NM_MapForm& form);
 
-/// Whom a PNG map of this form is right for and whom it is not, as one line for people.
+/// One line for people: for which programs a PNG map of this form is correct, and for which it is not.
 QString fitsLine(const NM_MapForm& form);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The table of programs that maps are made for, and its twin in docs/targets.md.
+// The table of programs for which maps are made, and the table in docs/targets.md.
 #include "jobs/targets/Targets.h"
 
 #include <QFile>
@@ -19,7 +19,7 @@ const Target& named(const char* name)
     return *targetNamed(QString::fromLatin1(name)).value();
 }
 
-// The cells of the documents' row that begins with the target's name.
+// The cells of the row in docs/targets.md that begins with the target's name.
 QStringList documentedRow(const Target& target)
 {
     QFile file(QStringLiteral(DOCS "/targets.md"));
