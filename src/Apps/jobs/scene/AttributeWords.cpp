@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Two visitors, one that writes and one that reads, with an operation for each kind of attribute. Reading turns all the
-// words into one command, so that a mistake in the last word leaves the scene unchanged.
+// Two visitors, a writer and a reader, with a function for each kind of attribute. The reader makes one command from
+// all words, so that an error in the last word leaves the scene unchanged.
 #include "jobs/scene/AttributeWords.h"
 
 #include "QuarvelPersistentObj/PO_XmlText.h"
@@ -60,7 +60,7 @@ QString choiceWord(const AT_EnumAttrBase& attr)
     return QString::number(attr.localInt());
 }
 
-// Writes the value of the attribute that it visits.
+// Writes the value of the visited attribute.
 class Writer : public AT_AttrVisitor
 {
 public:
@@ -142,7 +142,7 @@ UT_Result<double> numberWithin(const AT_AnimatableAttr& attr, const QString& wor
     return number;
 }
 
-// Smooth from key to key: a third of the way to the neighbour, level.
+// Gives new keys level handles that reach a third of the way to the neighbouring keys, so that the curve is smooth.
 AT_Curve withHandles(const AT_Curve& curve)
 {
     AT_Curve result;
@@ -181,7 +181,7 @@ UT_Result<MO_EditCommand> changeCurve(AT_AnimatableAttr& attr, const QStringList
     return MO_curveCmd(attr, hasBezier ? withHandles(curve) : curve);
 }
 
-// Reads words for the attribute that it visits.
+// Reads words for the visited attribute.
 class Reader : public AT_AttrVisitor
 {
 public:
@@ -216,7 +216,7 @@ public:
     Read read = MO_EditCommand();
 
 private:
-    // What an attribute made belongs to whoever asked for it.
+    // The caller owns the command that an attribute made.
     static Read made(CO_Command* command) { return MO_EditCommand(command); }
 
     bool isOneWord(const AT_Attr& attr)

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The value of an attribute in words, as "quarvel info" writes and "quarvel set" reads it. For each kind of attribute
-// both directions stand side by side in one file (AttributeWords.cpp).
+// The value of an attribute in words, as "quarvel inspect" writes it and "quarvel set" reads it. AttributeWords.cpp
+// holds both directions for each kind of attribute.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -15,13 +15,13 @@ class AT_Attr;
 /// The attribute's link, animation or local value.
 QString attributeInWords(AT_Attr& attr);
 
-/// The command that gives an attribute the value that words say (SetAttribute.h tells how). Null when nothing would
-/// change.
+/// Makes the command that gives an attribute the value of words in the notation of SetAttribute.h. Null if nothing
+/// would change.
 ///
-/// @param scope where a link finds the attribute that it names
+/// @param scope resolves the attribute that a link names
 /// @param words at least one
-/// @return an error that says what was expected in place of which word
+/// @return an error that says what was expected instead of which word
 UT_Result<MO_EditCommand> changeByWords(const AT_LinkScope& scope, AT_Attr& attr, const QStringList& words);
 
-/// The truth value that a word says: true, on, yes, 1 or false, off, no, 0, in whatever case.
+/// The truth value of a word: true, on, yes, 1 or false, off, no, 0, in upper or lower case.
 UT_Result<bool> truthInWord(const QString& word);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// One function a section. Values are written as "quarvel set" reads them.
+// One function for each section. Values are written as "quarvel set" reads them.
 #include "jobs/scene/DescribeScene.h"
 
 #include "ObjectDefinition/ObjectDefinition.h"

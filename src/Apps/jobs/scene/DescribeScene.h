@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A scene in words: what a person wants to know before changing or rendering it.
+// Describes a scene in words, for people who want to change or render it.
 #pragma once
 
 #include "QuarvelSceneCore/graph/MO_Scene.h"
@@ -12,6 +12,6 @@ enum class DescribedAttributes
     ALL
 };
 
-/// The scene's frames, lights, modules with what flows into them and their attributes, elements with their drawings,
-/// objects and palettes; lines in the form that "quarvel set" takes.
+/// The scene's frames, lights, modules with their inputs and attributes, elements with their drawings, objects and
+/// palettes. Values are in the notation of "quarvel set".
 QString describeScene(const MO_Scene& scene, DescribedAttributes attributes);

@@ -1,14 +1,14 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The values were chosen by eye on drawings of people, animals and signs. Names of lights are part of the scene once a
-// preset is taken, so they are not translated: a scene reads the same for everybody.
+// The values were chosen by eye on drawings of people, animals and signs. A preset's names of lights become part of the
+// scene, so they are not translated: a scene is the same for everybody.
 #include "jobs/scene/LightPresets.h"
 
 #include <algorithm>
 
 namespace {
 
-// A strong light from the upper left, and one from low behind on the right, which draws the edge.
+// A strong light from the upper left, and a low one from the right that emphasises the edge.
 MO_LightRig keyAndRim()
 {
     return {{.ambientRed = 150, .ambientGreen = 170, .ambientBlue = 210, .ambientIntensity = 0.35, .highlight = 0.1},
@@ -22,7 +22,7 @@ MO_LightRig keyAndRim()
               .intensity = 1.6}}};
 }
 
-// The sun stands low on the right, the sky is left for the shadows.
+// The sun is low on the right; only the sky lights the shadows.
 MO_LightRig sunset()
 {
     return {{.ambientRed = 120, .ambientGreen = 110, .ambientBlue = 190, .ambientIntensity = 0.6, .highlight = 0.15},
@@ -43,7 +43,7 @@ MO_LightRig sunset()
               .intensity = 0.3}}};
 }
 
-// Somebody holds a fire in front of the picture.
+// A fire is held in front of the picture.
 MO_LightRig torch()
 {
     return {{.ambientRed = 60, .ambientGreen = 80, .ambientBlue = 150, .ambientIntensity = 0.5, .highlight = 0.2},

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Lights that somebody arranged already, to begin with.
+// Presets of lights to start with.
 #pragma once
 
 #include "QuarvelSceneCore/graph/MO_Lighting.h"
@@ -17,8 +17,8 @@ struct LightPreset
     MO_LightRig rig;
 };
 
-/// All presets: standard (a new scene's lights), key-and-rim, sunset, torch.
+/// All presets: standard (the lights of a new scene), key-and-rim, sunset, torch.
 std::vector<LightPreset> lightPresets();
 
-/// The preset of this keyword.
+/// The preset with this keyword, if there is one.
 std::optional<LightPreset> findLightPreset(const QString& keyword);

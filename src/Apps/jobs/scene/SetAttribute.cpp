@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Finds what is changed; the words for an attribute's value are read in AttributeWords.cpp.
+// Finds the subject of the change. AttributeWords.cpp reads the words for an attribute's value.
 #include "jobs/scene/SetAttribute.h"
 
 #include "QuarvelSceneCore/attributes/AT_Attr.h"
@@ -19,7 +19,7 @@
 
 namespace {
 
-// Null when nothing would change.
+// Null if nothing would change.
 using MadeCommand = UT_Result<MO_EditCommand>;
 
 UT_Error error(const QString& text)
@@ -117,7 +117,7 @@ MadeCommand changeLights(MO_Scene& scene, const QStringList& words)
                      .arg(presets.join(QStringLiteral(", ")), words.join(u' ')));
 }
 
-// ".Light2.Intensity", ".Lights.Highlight"; nothing when the subject is not of this form.
+// ".Light2.Intensity", ".Lights.Highlight"; std::nullopt if the subject does not have this form.
 std::optional<MadeCommand> changeLight(MO_Scene& scene, const QString& subject, const QStringList& words)
 {
     static const QRegularExpression form(QStringLiteral("^\\.Light(s|\\d+)\\.(\\w+)$"));

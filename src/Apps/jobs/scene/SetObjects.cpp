@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// All commands are made before the first is executed: they change different attributes.
+// Makes all commands before executing the first, so that an error leaves the scene unchanged. This works because the
+// commands change different attributes.
 #include "jobs/scene/SetObjects.h"
 
 #include "ObjectDefinition/ObjectDefinition.h"
@@ -74,7 +75,7 @@ UT_Result<void> checkKnown(const std::vector<SceneObject>& objects, const Object
     return {};
 }
 
-// The commands, and whose values they change.
+// The commands, and the numbers of the objects whose values they change.
 class Changes
 {
 public:
@@ -120,7 +121,7 @@ public:
 private:
     static QString yesNo(bool value) { return value ? QStringLiteral("yes") : QStringLiteral("no"); }
 
-    // Of rows of one number the node takes the last.
+    // If several rows have the same number, the node uses the last.
     static NormalMapObject& rowOf(std::vector<NormalMapObject>& rows, int number)
     {
         const auto found =

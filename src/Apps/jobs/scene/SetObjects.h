@@ -1,10 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Changes the values of single objects of a scene, in the words of ObjectWords.h. Bevel, elevation and smoothness stand
-// in the object tables of the scene's Vallorin nodes, the rest in the Object Definitions; all that is not spoken of
-// stays.
+// Changes the values of objects of a scene, in the words of ObjectWords.h. Bevel, elevation and smoothness are in the
+// object tables of the scene's Vallorin nodes, the other values in the Object Definitions. Other values are unchanged.
 //
-// An object is called as the elements of its drawings are, and as its Object Definition is.
+// The names of an object are those of the elements of its drawings and that of its Object Definition.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -12,7 +11,7 @@
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "jobs/drawing/NormalMapSettings.h"
 
-/// Changes the scene by undoable commands. Whatever is wrong with one of the wishes, nothing changes.
+/// Changes the scene by undoable commands. If any wish is invalid, nothing changes.
 ///
-/// @return the numbers of the objects that have other values than before; an error that says which objects there are
+/// @return the numbers of the changed objects, or an error that lists the existing objects
 UT_Result<std::vector<int>> setObjectsInScene(MO_Scene& scene, CO_CommandStack& stack, const ObjectWishes& wishes);

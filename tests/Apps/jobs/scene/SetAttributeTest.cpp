@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What a person writes behind "quarvel set", and what becomes of the scene.
+// The words after "quarvel set", and the changes that they make to the scene.
 #include "jobs/scene/SetAttribute.h"
 
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
