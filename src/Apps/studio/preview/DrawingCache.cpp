@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A node that makes normal maps decides by its links and its switch which drawings are seen (VisibleDrawing.h), and by
-// none of its values. They count only where another module reads one of them.
+// Which drawings are visible depends on the links of a normal-map node and on whether it is enabled (VisibleDrawing.h),
+// but not on its values. So its values count only if another attribute reads one of them.
 #include "studio/preview/DrawingCache.h"
 
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
@@ -44,7 +44,7 @@ QByteArray drawingGraphOf(const MO_Scene& scene, const QString& shown)
     scene.root().forEachModule([&](const MO_Module& module) {
         const auto* const group = dynamic_cast<const XUGroup*>(&module);
         const bool isNode = NormalMapNode::is(module);
-        // What is inside of a group comes by itself.
+        // The modules inside a group are visited separately.
         if (group || (isNode && !allCount))
             out << module.keyword() << module.instanceName() << module.enabled();
         else

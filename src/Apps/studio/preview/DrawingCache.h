@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// DrawingCache: the drawings that were painted last, so that a change of a node's values, which leaves its drawing as
-// it is, paints none.
+// DrawingCache: the last painted drawings, so that a change of a node's values, which does not change its drawing, does
+// not paint it again.
 #pragma once
 
 #include "QuarvelCelCore/CELVEC_Kvd.h"
@@ -16,39 +16,39 @@
 #include <list>
 #include <memory>
 
-/// What a drawing that is shown depends on. Equal states have equal drawings.
+/// All that a shown drawing depends on. Equal states have equal drawings.
 struct DrawingState
 {
-    QByteArray graph; ///< everything that is saved of the scene, without the values of nodes that make normal maps
-    QByteArray frame; ///< the same modules' values at the frame
-    std::vector<UT_SharedPtr<CELVEC_Kvd>> drawings; ///< held, so that another drawing never has the same address
+    QByteArray graph; ///< the saved form of the scene, without the values of normal-map nodes
+    QByteArray frame; ///< the values of the same modules at the frame
+    std::vector<UT_SharedPtr<CELVEC_Kvd>> drawings; ///< kept alive, so that no other drawing can get the same address
 
     friend bool operator==(const DrawingState&, const DrawingState&) = default;
 };
 
 /// The part of a state that is the same for all frames.
 ///
-/// @param shown the name of the module that is looked at
+/// @param shown the name of the shown module
 QByteArray drawingGraphOf(const MO_Scene& scene, const QString& shown);
 /// The part of a state that may differ from frame to frame.
 QByteArray drawingFrameOf(const MO_Scene& scene, double frame);
 
-/// A painted drawing in the forms that are shown of it.
+/// A painted drawing in the forms that are shown.
 struct PaintedDrawing
 {
     std::shared_ptr<const IIO_Picture> picture; ///< straight colours, 16 bits
     QImage image;
-    std::shared_ptr<const ShownInputs> inputs; ///< where each input of the nodes shows
+    std::shared_ptr<const ShownInputs> inputs; ///< the coverage of each input of the nodes
 };
 
-/// The last few drawings. For one thread.
+/// The last few drawings. Only one thread may use a cache.
 class DrawingCache
 {
 public:
-    /// A quick picture's and a full one's, of this frame and the one before.
+    /// For a quick and a full picture, of this frame and the previous one.
     static constexpr std::size_t kMost = 4;
 
-    /// Null when there is none.
+    /// The drawing; null if it is not in the cache.
     const PaintedDrawing* find(const DrawingState& state, const QSize& size);
     void keep(const DrawingState& state, const QSize& size, const PaintedDrawing& drawing);
 
@@ -60,5 +60,5 @@ private:
         PaintedDrawing drawing;
     };
 
-    std::list<Entry> _entries; // the one used last first
+    std::list<Entry> _entries; // the last used one first
 };

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A loop that does not fit is kept in part: were the oldest pictures dropped, as is usual, each of them would go just
-// before it is played again, and none would ever be found.
+// Of a loop that does not fit, one part is kept. If the cache dropped the oldest pictures, as is usual, each of them
+// would be dropped just before it is played again, and none would ever be found.
 #include "studio/preview/FrameCache.h"
 
 #include <iterator>
@@ -22,7 +22,7 @@ void FrameCache::keep(const RenderedFramePtr& picture)
     _bytes += picture->bytes();
 }
 
-// The frame before the one that is played now, or the last of all.
+// The picture before the given frame, or the last of all: the one that playing reaches last.
 std::map<int, RenderedFramePtr>::iterator FrameCache::neededLast(int frame)
 {
     const auto next = _pictures.lower_bound(frame);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Rows do not depend on each other and are made in parallel.
+// Rows do not depend on each other and are converted in parallel.
 #include "studio/preview/FrameImages.h"
 
 #include <tbb/parallel_for.h>
@@ -57,7 +57,7 @@ QImage imageOf(const IIO_Picture& picture)
     if (image.isNull())
         return image;
     const auto channels = static_cast<std::size_t>(picture.channelCount());
-    // Asked for once: bits() of a shared image would copy it.
+    // Called once, before the loop, because bits() detaches a shared image.
     uchar* const bits = image.bits();
     const qsizetype stride = image.bytesPerLine();
     tbb::parallel_for(0, picture.height(), [&](int y) {

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What is handed out is a copy of the scene's values at the frame, taken anew whenever they may be others.
+// The model gives out a copy of the scene's values at the frame, and refreshes it whenever they may have changed.
 #include "studio/preview/LightModel.h"
 
 #include "QuarvelCommand/CO_OrCommand.h"
@@ -32,7 +32,7 @@ StudioLight studioLight(const MO_LightValues& values)
             .name = values.name};
 }
 
-// A colour that a person did not touch keeps its exact values.
+// A colour that was not edited keeps its exact values.
 MO_LightValues valuesOf(const StudioLight& light, const MO_LightValues& before)
 {
     MO_LightValues values{.name = light.name,
@@ -108,7 +108,7 @@ void LightModel::setLight(int index, const StudioLight& light)
     const int frame = _document.currentFrame();
     const MO_LightValues before = scene.lighting().lights()[place]->values(frame);
     MO_LightValues values = valuesOf(light, before);
-    // Where a turning light was on its way is nothing that anybody said.
+    // The momentary place of a turning light must not be stored.
     if (!isMoved) {
         values.x = before.x;
         values.y = before.y;
@@ -214,7 +214,7 @@ void LightModel::toggleKeys(const std::vector<AT_AnimatableAttr*>& numbers)
     for (AT_AnimatableAttr* const number : numbers)
         command->append(removes ? MO_removeKeyCmd(*number, frame) : MO_addKeyCmd(*number, frame));
     _document.execute(std::move(command));
-    // A key changes no value, but what the panel says of it.
+    // A key does not change a value, but the panel shows whether there is one.
     Q_EMIT changed();
 }
 
@@ -241,7 +241,7 @@ void LightModel::turn()
 
 QPointF LightModel::turned(const QPointF& place) const
 {
-    // A light above the middle would turn on the spot.
+    // A light above the centre would not move.
     constexpr double kLeast = 0.3;
     const double distance = std::max(std::hypot(place.x(), place.y()), kLeast);
     const double angle = std::atan2(place.y(), place.x()) + _angle;

@@ -1,10 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// LightModel: the lights of the open scene at the frame that is looked at, for the views that show and move them. The
-// scene owns the lights; every change goes through the document's history, and where a value is animated it sets a key
-// at the frame.
+// LightModel: the lights of the open scene at the current frame, for the views that show and move them. The scene owns
+// the lights. Every change goes through the document's history; a change of an animated value sets a key at the frame.
 //
-// A light may be turned about the picture's centre to judge the volume. That changes nothing in the scene.
+// A light can be turned around the picture's centre to judge the volume. This does not change the scene.
 #pragma once
 
 #include "QuarvelNormalMap/NM_Lighting.h"
@@ -20,7 +19,7 @@
 
 class StudioDocument;
 
-/// One light in the types of the window; MO_Light.h says what the values mean. A plain value.
+/// One light in the types of the window; MO_Light.h explains the values. A plain value.
 struct StudioLight
 {
     QPointF place{-0.5, 0.5};
@@ -36,7 +35,7 @@ struct StudioLight
     friend bool operator==(const StudioLight&, const StudioLight&) = default;
 };
 
-/// All lights and what they have in common. Lives on the window's thread.
+/// All lights and their common values. Must be used on the window's thread.
 class LightModel : public QObject
 {
     Q_OBJECT
@@ -46,52 +45,52 @@ public:
 
     explicit LightModel(StudioDocument& document, QObject* parent = nullptr);
 
-    /// The lights; there always is one.
+    /// The lights; there is always at least one.
     const std::vector<StudioLight>& lights() const { return _lights; }
     int count() const { return static_cast<int>(_lights.size()); }
     /// The light that the panel shows.
     int current() const { return _current; }
     const MO_LightingValues& common() const { return _common; }
-    /// What people call a light.
+    /// A light's title for people.
     QString titleOf(int index) const;
 
-    /// Changes a light, undoably. Numbers are held to their limits.
+    /// Changes a light, undoably. Numbers are clamped to their limits.
     void setLight(int index, const StudioLight& light);
     void setCurrent(int index);
     void setCommon(const MO_LightingValues& common);
-    /// Adds a light and makes it the current one. @return false when there are kMaxLights
+    /// Adds a light and makes it the current one. @return false if there are kMaxLights already
     bool add(const StudioLight& light = {});
-    /// Adds a copy of a light and makes it the current one. @return false when there are kMaxLights
+    /// Adds a copy of a light and makes it the current one. @return false if there are kMaxLights already
     bool duplicate(int index);
-    /// Takes a light away; one always stays.
+    /// Removes a light, except the last one.
     void remove(int index);
-    /// Puts other lights in the place of all.
+    /// Replaces all lights.
     ///
-    /// @param name of the step in the history
+    /// @param name the name of the step in the history
     void use(const QString& name, const MO_LightRig& rig);
-    /// The one light that a new scene has.
+    /// Restores the lights of a new scene.
     void reset();
-    /// A value is not dragged any more: the next change is a step of its own in the history.
+    /// Ends the dragging of a value, so that the next change is a separate step in the history.
     void endChange();
 
-    /// Whether a number of the current light has a key at the frame, and all that begin at the key.
+    /// Whether a number of the current light, or of the common values, has a key at the frame.
     bool hasKey(MO_Light::Number number) const;
     bool hasKey(MO_Lighting::Number number) const;
-    /// Sets or takes away keys at the frame, of one number or of those that make one value (a colour).
+    /// Sets or removes keys at the frame, for one number or for the numbers of one value (a colour).
     void toggleLightKey(const std::vector<MO_Light::Number>& numbers);
     void toggleCommonKey(const std::vector<MO_Lighting::Number>& numbers);
 
-    /// Turns the current light about the picture's centre until it is told to stop or a light is changed.
+    /// Turns the current light around the picture's centre until this is switched off or a light is changed.
     void setTurning(bool isTurning);
     bool isTurning() const { return _timer.isActive(); }
 
-    /// The same lights for the computation.
+    /// The settings of these lights for NM_light().
     NM_LightingSettings lighting() const;
 
 Q_SIGNALS:
-    /// A light, or what they have in common, is another.
+    /// A light or a common value has changed.
     void changed();
-    /// There are more or fewer lights, or another one is current.
+    /// The number of lights has changed, or another light is current.
     void currentChanged();
     void turningChanged(bool isTurning);
 

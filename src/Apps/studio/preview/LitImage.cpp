@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Computed into the same memory again and again.
+// Reuses the memory of the image.
 #include "studio/preview/LitImage.h"
 
 const QImage& LitImage::image(const RenderedFramePtr& frame, const NM_LightingSettings& lighting)

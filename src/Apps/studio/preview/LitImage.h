@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// LitImage: the lit picture, computed anew only when the frame or the light is another.
+// LitImage: the lit picture, which is computed again only if the frame or the light has changed.
 #pragma once
 
 #include "studio/preview/LightModel.h"
@@ -12,9 +12,9 @@
 class LitImage
 {
 public:
-    /// The image of a frame under lights; null when the memory is not enough.
+    /// The image of a frame under lights; null if there is not enough memory.
     const QImage& image(const RenderedFramePtr& frame, const NM_LightingSettings& lighting);
-    /// The lights are others; the next image() computes.
+    /// Must be called when the lights have changed; the next image() computes the picture again.
     void lightChanged() { _frame.reset(); }
 
 private:

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The pictures that the viewer shows of a frame.
+// The kinds of pictures of a frame that the viewer can show.
 #pragma once
 
 #include <QMetaType>

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Whole divisors, so that a pixel of a quick picture stands for whole pixels of the full one.
+// Divisors are integers, so that a pixel of a quick picture stands for whole pixels of the full one.
 #include "studio/preview/QuickPace.h"
 
 #include <algorithm>
@@ -32,7 +32,7 @@ QSize QuickPace::sizeFor(const QSize& full, double mostPixels) const
 
 void QuickPace::took(std::chrono::nanoseconds time, int divisor)
 {
-    // A picture that just meets the goal is not enlarged: it would be made smaller again.
+    // The larger size must meet the goal with a reserve, or the size would change back at once.
     constexpr double kSure = 0.7;
     const double share = std::chrono::duration<double>(time) / std::chrono::duration<double>(kGoal);
     const auto shareWith = [&](int other) { return share * divisor * divisor / (other * other); };

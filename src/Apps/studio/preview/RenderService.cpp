@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Two numbers count. The generation is that of the document's state: full pictures give up when theirs is not the
-// newest any more. The epoch changes when older pictures would be wrong (another scene, another size), and everything
-// gives up. RenderWorker.cpp holds what runs on the worker's thread.
+// Two counters tell outdated renders. The generation counts states of the document: a full picture is abandoned if its
+// generation is not the newest any more. The epoch changes if older pictures would be wrong (another scene, another
+// size): then every render is abandoned. RenderWorker.cpp contains the part that runs on the worker's thread.
 #include "studio/preview/RenderService.h"
 
 #include "studio/document/StudioDocument.h"
@@ -38,7 +38,7 @@ void RenderService::listen()
 
 void RenderService::told(XUTeller&)
 {
-    // A full picture that is under way is out of date at once; the document gathers changes before it tells of them.
+    // Abandons a full picture at once, because the document collects changes before it signals them.
     ++_generation;
     forgetSnapshot();
 }
@@ -149,13 +149,13 @@ void RenderService::request()
     const RenderedFramePtr quick = _quick.find(frame);
     if (quick)
         show(quick, _generation);
-    // Nothing better comes while the scene is played.
+    // While the scene is played, no full picture follows.
     _rendering = !quick || !_playing;
     if (!_rendering) {
         Q_EMIT stateChanged();
         return;
     }
-    // One at a time: what would be noted down now would not be looked at before the one that is running is done.
+    // One quick picture at a time: the worker would not look at a new request before it has finished the running one.
     if (_quickRunning && !quick)
         _again = true;
     else
@@ -200,7 +200,7 @@ void RenderService::showNothing()
 
 void RenderService::show(const RenderedFramePtr& frame, quint64 generation)
 {
-    // A picture that was overtaken by one from a cache comes too late.
+    // Ignores a picture that is older than the current one, which may have come from a cache.
     if (frame == _current || generation < _currentGeneration)
         return;
     _currentGeneration = generation;
@@ -218,7 +218,7 @@ void RenderService::take(const Result& result)
         _quickRunning = false;
     if (!result.isQuick && !isNewest)
         return;
-    // What belongs to an older state of the scene is seen once, and not kept.
+    // A picture of an older state of the scene is shown once, but not cached.
     const bool isOfToday = result.frame && result.version == _version;
     if (isOfToday && result.isLast)
         _full.keep(result.frame);

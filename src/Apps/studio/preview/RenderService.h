@@ -2,14 +2,14 @@
 //
 // RenderService: keeps the picture of the current frame up to date, on a thread of its own.
 //
-// A change asks for a quick picture first, in a size that follows the time that the last one took (QuickPace.h). A
-// quick picture that was begun is finished and shown, whatever changes meanwhile; then the next one is begun with what
-// the scene is by then. So pictures keep coming while a value is dragged, each of them older than the hand by no more
-// than two quick pictures. When nothing changes for a moment the full picture follows, which gives way to the next
-// change at once.
+// After a change, the service first renders a quick picture, in a size that follows from the time of the last one
+// (QuickPace.h). It always finishes and shows a quick picture that it has begun, whatever changes meanwhile, and then
+// begins the next one with the scene's new state. So pictures keep coming while a value is dragged, and lag behind the
+// mouse by at most two quick pictures. If nothing changes for a moment, the full picture follows; the next change
+// abandons it at once.
 //
-// Frames that were rendered since the last change of the scene are kept in two caches of stated sizes, full pictures
-// and quick ones, so that playing them again costs nothing.
+// Two caches of limited size keep the full and the quick pictures of frames that were rendered since the last change of
+// the scene, so that playing these frames again costs nothing.
 #pragma once
 
 #include "QuarvelBaseCore/XUTeller.h"
@@ -30,54 +30,54 @@ class MO_Scene;
 class SceneSnapshot;
 class StudioDocument;
 
-/// Renders the document's current frame in the background. Lives on the window's thread and never blocks it.
+/// Renders the document's current frame in the background. Must be used on the window's thread and never blocks it.
 class RenderService : public QObject, private XUListener
 {
     Q_OBJECT
 
 public:
-    /// How long nothing may change before the full picture is rendered.
+    /// How long the document must stay unchanged before the full picture is rendered.
     static constexpr std::chrono::milliseconds kRest{150};
-    /// How much memory the pictures of frames that are not shown take at most, full ones and quick ones.
+    /// The most memory for each of the two caches, of full and of quick pictures.
     static constexpr qsizetype kFullBytes = 384LL << 20;
     static constexpr qsizetype kQuickBytes = 384LL << 20;
 
     explicit RenderService(StudioDocument& document, QObject* parent = nullptr);
     ~RenderService() override;
 
-    /// The newest picture of the document; null while there is none. It may lag behind what the document is now, as
-    /// long as isRendering().
+    /// The newest picture of the document; null while there is none. It may be older than the document's state as long
+    /// as isRendering().
     const RenderedFramePtr& current() const { return _current; }
-    /// Whether a newer or a better picture is on its way.
+    /// Whether a newer or a better picture will follow.
     bool isRendering() const { return _rendering; }
-    /// Whether the document's current frame has no picture yet, not even a quick one, and one is on its way.
+    /// Whether the document's current frame has no picture yet, not even a quick one, and one will follow.
     bool isFrameAwaited() const;
-    /// Why there is no picture; empty when there is one or may be one soon.
+    /// The reason why there is no picture; empty if there is one or one may follow.
     const QString& error() const { return _error; }
-    /// How many pictures were begun since the start.
+    /// The number of renders begun so far.
     int renderCount() const { return _renderCount; }
-    /// How many pictures were handed out since the start.
+    /// The number of pictures shown so far.
     int shownCount() const { return _shownCount; }
 
     /// The length of the picture's longer side in pixels; 16 to 8192.
     void setLongestSide(int pixels);
     int longestSide() const { return _longestSide; }
-    /// The module to look at; an empty name: the scene's output.
+    /// The module to show; with an empty name, the scene's output.
     void setNode(const QString& name);
-    /// While the scene is played, there are quick pictures alone, small enough for all of its frames to be kept.
+    /// While the scene is played, only quick pictures are rendered, small enough for all frames to fit into the cache.
     void setPlaying(bool isPlaying);
 
-    /// Gives up what is being rendered; the next change begins again.
+    /// Abandons the current render; the next change begins a new one.
     void cancel();
-    /// Renders again, whether anything changed or not.
+    /// Renders again, even if nothing has changed.
     void refresh();
 
 Q_SIGNALS:
-    /// There is another picture, or none any more.
+    /// The current picture has changed, or there is none any more.
     void frameChanged();
     /// A render began, ended, or failed.
     void stateChanged();
-    /// How much of the picture that is being rendered is done, 0 to 1.
+    /// The finished part of the current render, 0 to 1.
     void progressed(double done);
 
 private:
@@ -89,12 +89,12 @@ private:
         std::shared_ptr<SceneSnapshot> snapshot;
         int frame = 1;
         QSize size;
-        bool hasQuick = false; ///< a quick picture is there already
+        bool hasQuick = false; ///< a quick picture exists already
         bool isQuickOnly = false;
         double mostQuickPixels = 0.0; ///< of a quick picture
         std::chrono::steady_clock::time_point since;
     };
-    /// A step of a request that ended, with a picture or an error.
+    /// The result of a step of a request: a picture or an error.
     struct Result
     {
         quint64 epoch = 0;
@@ -131,31 +131,31 @@ private:
     QSize fullSize() const;
 
     StudioDocument& _document;
-    MO_Scene* _scene = nullptr; // that is listened to
+    MO_Scene* _scene = nullptr; // the one that is listened to
     int _longestSide = 1920;
     QString _node;
     bool _playing = false;
     RenderedFramePtr _current;
     quint64 _currentGeneration = 0;
     bool _rendering = false;
-    bool _quickRunning = false; // a quick picture is on its way, and is waited for
-    bool _again = false;        // something changed since it was asked for
+    bool _quickRunning = false; // a quick picture is being rendered
+    bool _again = false;        // something has changed since it was requested
     int _shownCount = 0;
     QString _error;
     FrameCache _full{kFullBytes};
     FrameCache _quick{kQuickBytes};
-    std::shared_ptr<SceneSnapshot> _snapshot; // of the scene as it is; null where it changed
+    std::shared_ptr<SceneSnapshot> _snapshot; // of the scene's current state; null after a change
     quint64 _version = 0;                     // of the scene
 
-    std::atomic<quint64> _epoch = 0;      // pictures of an older one are of no use at all
+    std::atomic<quint64> _epoch = 0;      // pictures of an older epoch are useless
     std::atomic<quint64> _generation = 0; // of the document's state
     std::atomic<int> _renderCount = 0;
     std::mutex _mutex;
     std::condition_variable_any _wake;
-    std::unique_ptr<Request> _waiting;                    // under _mutex
-    std::vector<std::shared_ptr<SceneSnapshot>> _dropped; // under _mutex; taken apart by the worker
+    std::unique_ptr<Request> _waiting;                    // protected by _mutex
+    std::vector<std::shared_ptr<SceneSnapshot>> _dropped; // protected by _mutex; destroyed by the worker
     DrawingCache _drawings;                               // of the worker
     QuickPace _pace;                                      // of the worker
-    std::chrono::steady_clock::time_point _told;          // the same
-    std::jthread _worker;                                 // last: it ends before the rest goes
+    std::chrono::steady_clock::time_point _told;          // of the worker
+    std::jthread _worker; // last, so that it ends before the other members are destroyed
 };

@@ -12,7 +12,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// For the person at the window.
+// The error's text for the user.
 QString textOf(const UT_Error& error)
 {
     if (error.kind == UT_ErrorKind::NO_MEMORY)
@@ -67,7 +67,7 @@ void RenderService::renderRequest(const Request& request, const std::stop_token&
         if (isAll)
             full = made;
     }
-    // Who waits for the next frame would wait for the full picture of this one to give way.
+    // If another frame is wanted already, starting the full picture would delay it.
     if (!isWanted(request) || request.isQuickOnly)
         return;
     if (!full && rest(request, stop))
@@ -140,7 +140,7 @@ void RenderService::renderChannels(const Request& request, const RenderedFrame& 
 
 void RenderService::tellProgress(const Request& request, double done)
 {
-    // Oftener nobody can see it.
+    // More frequent signals would not be visible.
     constexpr std::chrono::milliseconds kTellEvery{40};
     if (Clock::now() - _told < kTellEvery)
         return;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Pixels in numbers, from whichever format they have.
+// Reads pixels of all formats as numbers.
 #include "studio/preview/RenderedFrame.h"
 
 #include "QuarvelNormalMap/NM_Direction.h"
@@ -14,7 +14,7 @@ std::array<double, 4> fractionsOf(const Pixel& pixel)
     return {pixel.r / kFull, pixel.g / kFull, pixel.b / kFull, pixel.a / kFull};
 }
 
-// Calls a function with the pixel at a place, or not at all where there is none.
+// Calls a function with the pixel at a place, if there is one.
 template<typename Function>
 void withPixel(const UT_SharedPtr<CEL_PixmapArea>& pixmap, const QPoint& place, const Function& function)
 {

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// RenderedFrame: everything that the viewer shows of one frame of a scene, made in the background and never changed
-// afterwards, so that it may be handed from thread to thread.
+// RenderedFrame: everything that the viewer shows of one frame of a scene. It is made in the background and never
+// changed afterwards, so that several threads can use it.
 #pragma once
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
@@ -18,42 +18,42 @@
 struct RenderedFrame
 {
     int frame = 1;
-    QSize fullSize;   ///< of the picture that was asked for
-    QSize size;       ///< of this one: the full size, or a fraction of it
-    QString nodeName; ///< whose picture it is
+    QSize fullSize;   ///< the size of the requested picture
+    QSize size;       ///< the size of this picture: the full size or a fraction of it
+    QString nodeName; ///< the name of the rendered node
     RenderedKind kind = RenderedKind::COLOURS;
 
-    QImage drawing;   ///< premultiplied, as the others
-    QImage elevation; ///< null where there is none
-    QImage normals;   ///< the same
+    QImage drawing;   ///< premultiplied, like the other images
+    QImage elevation; ///< null if there is none
+    QImage normals;   ///< null if there are none
     NM_Surface surface;
 
-    /// What the node delivers, with the elevation in blue; null where kind is COLOURS.
+    /// The node's picture, with the elevation in blue if it has normals; null if kind is COLOURS.
     UT_SharedPtr<CEL_PixmapArea> node;
-    /// What the node delivers, with blue as its attributes say; null as long as nobody rendered it.
+    /// The node's picture with the blue of its own attributes; null if it has not been rendered.
     UT_SharedPtr<CEL_PixmapArea> channels;
 
-    /// Where each input of the nodes shows, in pixels of this size; null or empty where kind is COLOURS.
+    /// The coverage of each input of the nodes, in pixels of `size`; null or empty if kind is COLOURS.
     std::shared_ptr<const ShownInputs> inputs;
 
     bool isFull() const { return size == fullSize; }
-    /// About how much memory a pixel takes: the surface, three images, and what the node delivered once.
+    /// The approximate memory per pixel: the surface, three images, and one picture of the node.
     static constexpr qsizetype kBytesPerPixel = 28 + 3 * 4 + 8;
-    /// About how much memory it takes.
+    /// The approximate memory of the frame.
     qsizetype bytes() const;
 };
 
 using RenderedFramePtr = std::shared_ptr<const RenderedFrame>;
 
-/// A pixel of a frame, in numbers.
+/// The values of a pixel of a frame.
 struct FramePixel
 {
-    std::array<double, 4> channels{}; ///< red, green, blue and alpha of what the node delivers, 0 to 1
+    std::array<double, 4> channels{}; ///< red, green, blue and alpha of the node's picture, 0 to 1
     std::array<double, 3> normal{};   ///< x right, y up, z towards the viewer
     double elevation = 0.0;
     bool hasNormal = false;
     bool hasElevation = false;
 };
 
-/// The pixel at a place of the full picture; nothing outside of it.
+/// The pixel at a place of the full picture; std::nullopt outside it.
 std::optional<FramePixel> pixelOf(const RenderedFrame& frame, const QPoint& place);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A shown frame as images for the screen and as a surface for the light.
+// Converts a shown frame to images for the screen and to a surface for lighting.
 #include "studio/preview/SceneSnapshot.h"
 
 #include "QuarvelNormalMap/NM_DrawingPicture.h"
@@ -102,7 +102,7 @@ UT_Result<std::shared_ptr<RenderedFrame>> SceneSnapshot::render(int frame, const
                                                                 DrawingCache* drawings)
 {
     const ShownModule& module = source();
-    // Of other modules the picture is the drawing.
+    // The picture of another module is its drawing, so there is nothing to reuse.
     const bool mayBeKept = drawings && module.kind() != RenderedKind::COLOURS;
     if (mayBeKept)
         _state.frame = drawingFrameOf(*_scene, frame);

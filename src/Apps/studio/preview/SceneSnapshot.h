@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// SceneSnapshot: the scene as it was at one moment, for the thread that renders. It renders what the viewer shows of a
-// frame: the node's picture with the elevation beside the normals, and the drawing that the node works on. The scene's
-// thread only notes down what the scene is; the copy is made by the first render.
+// SceneSnapshot: the state of the scene at one moment, for the thread that renders. It renders all that the viewer
+// shows of a frame: the node's picture with normals and elevation, and the node's drawing. The scene's thread only
+// captures the state; the first render makes the copy of the scene.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -14,12 +14,11 @@
 
 #include <memory>
 
-/// A scene's copy. Made on the scene's thread; then used by one other thread at a time.
+/// A copy of a scene. It is constructed on the scene's thread and then used by one other thread at a time.
 class SceneSnapshot
 {
 public:
-    /// @param nodeName the module to look at; when it is empty or gone, the scene's output, or what comes nearest to
-    /// one
+    /// @param nodeName the module to show; if it is empty or does not exist, shownModule() of the scene
     SceneSnapshot(const MO_Scene& scene, const QString& nodeName);
     ~SceneSnapshot();
     SceneSnapshot(const SceneSnapshot&) = delete;
@@ -30,18 +29,18 @@ public:
 
     /// Renders a frame.
     ///
-    /// @param fullSize what the frame counts as
-    /// @param size     what it is rendered in
-    /// @param drawings where a drawing may be found that was painted before, and this one is kept; or null
-    /// @return an error when it cannot be rendered or progress said to stop
+    /// @param fullSize the size of the full picture
+    /// @param size the size to render
+    /// @param drawings the cache of painted drawings to use and fill, or null
+    /// @return an error if the frame cannot be rendered or progress returned false
     UT_Result<std::shared_ptr<RenderedFrame>> render(int frame, const QSize& fullSize, const QSize& size,
                                                      const RD_SoftRenderer::Progress& progress,
                                                      DrawingCache* drawings = nullptr);
 
-    /// Whether the node's blue channel holds something else than the elevation, so that renderChannels() has more to
-    /// show than render().
+    /// Whether the node's own blue channel is not the elevation, so that renderChannels() gives a different picture
+    /// than render().
     bool hasOtherBlue() { return source().hasOtherBlue(); }
-    /// Renders what the node delivers with its attributes as they are.
+    /// Renders the node's picture with its attributes unchanged.
     UT_Result<UT_SharedPtr<CEL_PixmapArea>> renderChannels(int frame, const QSize& size,
                                                            const RD_SoftRenderer::Progress& progress);
 
@@ -55,6 +54,6 @@ private:
     std::unique_ptr<ShownModule> _shown;
 };
 
-/// The module that a scene shows when none is named: its first display, or the first node that makes normal maps, or
-/// the last module; null for an empty scene.
+/// The module that a scene shows if none is named: its output module, or the first normal-map node, or the last module;
+/// null for an empty scene.
 MO_Module* shownModule(const MO_Scene& scene);

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ViewOptions: how the viewer shows a picture besides which one: a single channel, what lies behind it, and the border
-// between before and after.
+// ViewOptions: how the viewer shows a picture: all channels or a single one, the backdrop, and the border between
+// before and after.
 #pragma once
 
 #include <QColor>
@@ -9,7 +9,7 @@
 
 #include <optional>
 
-/// What of a picture is shown.
+/// The channels that are shown.
 enum class PictureChannel
 {
     ALL,
@@ -19,11 +19,10 @@ enum class PictureChannel
     ALPHA
 };
 
-/// What is seen through a picture that is lit or drawn: the picture where there is one, else the colour, else a
-/// checkerboard.
+/// The backdrop behind a lit picture or a drawing: the picture if there is one, else the colour, else a checkerboard.
 struct ViewBackdrop
 {
-    QColor colour; ///< invalid: none
+    QColor colour; ///< invalid for no colour
     QImage picture;
 };
 
@@ -32,6 +31,7 @@ struct ViewOptions
 {
     PictureChannel channel = PictureChannel::ALL;
     ViewBackdrop backdrop;
-    /// Left of the border the drawing as it was is shown; a share of the picture's width, or nothing for no border.
+    /// The place of the border as a share of the picture's width; left of it, the unlit drawing is shown. Without a
+    /// value there is no border.
     std::optional<double> border;
 };

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ViewTransform: which part of a picture a view shows, and how large. Picture coordinates are pixels of the full
-// picture; view coordinates are the widget's. At zoom 1 a pixel of the picture is a pixel of the screen.
+// ViewTransform: which part of a picture a view shows, and at which scale. Picture coordinates are pixels of the full
+// picture; view coordinates are those of the widget. At zoom 1 a pixel of the picture is a pixel of the screen.
 #pragma once
 
 #include <QPointF>
@@ -17,8 +17,8 @@ struct ViewTransform
     static constexpr double kLargest = 64.0;
 
     QPointF centre;       ///< the place of the picture in the middle of the view
-    double zoom = 1.0;    ///< screen pixels a pixel of the picture
-    double density = 1.0; ///< screen pixels a unit of the view
+    double zoom = 1.0;    ///< screen pixels per pixel of the picture
+    double density = 1.0; ///< screen pixels per unit of the view
     QSizeF view;          ///< the view's size
 
     double scale() const { return zoom / density; }
@@ -28,7 +28,7 @@ struct ViewTransform
     QPointF toPicture(const QPointF& place) const { return centre + (place - middle()) / scale(); }
     QRectF toView(const QRectF& rect) const { return {toView(rect.topLeft()), toView(rect.bottomRight())}; }
 
-    /// Zooms so that what is under a point of the view stays there.
+    /// Zooms so that the place of the picture under a point of the view stays there.
     void zoomAbout(const QPointF& fixed, double factor)
     {
         const QPointF place = toPicture(fixed);
@@ -36,7 +36,7 @@ struct ViewTransform
         centre = place - (fixed - middle()) / scale();
     }
 
-    /// Shows the whole picture, as large as it goes with a margin around.
+    /// Shows the whole picture as large as possible, with a margin around it.
     void fit(const QSizeF& picture, double margin)
     {
         if (picture.isEmpty())

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Mouse and keyboard; what is painted is in ViewerPainting.cpp.
+// Mouse and keyboard; ViewerPainting.cpp paints the view.
 #include "studio/preview/Viewer.h"
 
 #include "studio/preview/ViewerTool.h"
@@ -143,7 +143,7 @@ void Viewer::resizeEvent(QResizeEvent*)
 
 void Viewer::wheelEvent(QWheelEvent* event)
 {
-    // With Shift some systems turn the wheel sideways.
+    // On some systems, Shift turns a wheel event into horizontal scrolling.
     const QPoint turned = event->angleDelta();
     const double steps = (turned.y() != 0 ? turned.y() : turned.x()) / 120.0;
     event->accept();
@@ -173,7 +173,7 @@ int Viewer::lightAt(const QPointF& place) const
 {
     if (!showsLights())
         return -1;
-    // The current light lies on top.
+    // The current light is on top, so it is checked first.
     for (int i = -1; i < _lights.count(); ++i) {
         const int index = i < 0 ? _lights.current() : i;
         const QPointF away = handle(_lights.lights().at(static_cast<std::size_t>(index))) - place;
@@ -337,7 +337,7 @@ void Viewer::keyPressEvent(QKeyEvent* event)
     case Qt::Key_B:
         return lookBack(true);
     case Qt::Key_Escape:
-        // The release of the button that is still down is nobody's any more.
+        // The tool must not receive the release of the button that is still pressed.
         if (_tool && _tool->cancel()) {
             if (_drag == Drag::TOOL)
                 _drag = Drag::NONE;

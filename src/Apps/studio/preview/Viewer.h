@@ -1,15 +1,15 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Viewer: shows a frame as drawing, elevation, normal map or lit, to be zoomed and panned; in the lit picture the
-// lights are moved by their handles. What else the left button does is up to the tool.
+// Viewer: shows a frame as drawing, elevation, normal map or lit. The view can be zoomed and panned. In the lit
+// picture, handles move the lights. The tool defines what else the left button does.
 //
-//   wheel                     zooms about the cursor
+//   wheel                     zooms around the cursor
 //   middle button             pans; so does the left one with Ctrl
-//   left button               takes hold of a light, or of the border between before and after; else it is the tool's
+//   left button               drags a light or the border between before and after; else the tool uses it
 //   wheel with Shift, lit     raises and lowers the current light
 //   arrow keys                pan; with Alt, lit: move the current light
-//   B, held                   shows the drawing as it was
-//   Escape                    ends what the tool is about
+//   B, held                   shows the unlit drawing
+//   Escape                    cancels the tool's action
 #pragma once
 
 #include "studio/preview/LitImage.h"
@@ -31,40 +31,39 @@ class Viewer : public QWidget
 public:
     explicit Viewer(LightModel& lights, QWidget* parent = nullptr);
 
-    /// Shows a frame; null shows the message instead.
+    /// Shows a frame, or the message if it is null.
     void setFrame(const RenderedFramePtr& frame);
     const RenderedFramePtr& frame() const { return _frame; }
-    /// What is said when there is no frame to show.
+    /// Sets the message that is shown if there is no frame.
     void setMessage(const QString& message);
-    /// A thin line that says how much of the next picture is done; a negative value hides it.
+    /// Shows the progress of the next picture as a thin line; a negative value hides it.
     void setProgress(double done);
 
     PictureKind kind() const { return _kind; }
     void setKind(PictureKind kind);
 
-    /// Null for no tool, as at the beginning. A tool must be taken away before it goes.
+    /// Sets the tool, or none with null, as initially. A tool must be removed before it is destroyed.
     void setTool(ViewerTool* tool);
     const ViewOptions& options() const { return _options; }
     void setOptions(const ViewOptions& options);
-    /// The kind that is seen: the drawing while it is looked back at.
+    /// The visible kind: the drawing while B is held, else kind().
     PictureKind seenKind() const { return _looksBack ? PictureKind::DRAWING : _kind; }
 
     double zoom() const { return _transform.zoom; }
     const ViewTransform& transform() const { return _transform; }
 
-    /// Where a light's handle is.
+    /// The place of a light's handle.
     QPointF handle(const StudioLight& light) const;
-    /// The image that is shown, in the frame's pixels; null when there is none. Right of the border, where there is
-    /// one.
+    /// The shown image (right of the border, if there is one), in the frame's pixels; null if there is none.
     QImage shownImage();
-    /// Where the border between before and after is seen.
+    /// The place of the border between before and after in the view, if there is one.
     std::optional<double> borderPlace() const;
 
     QSize sizeHint() const override { return {640, 480}; }
     QSize minimumSizeHint() const override { return {160, 120}; }
 
-public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): what precedes are no slots
-    /// Shows the whole picture, and goes on doing so when the window changes its size.
+public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): the functions above are not slots
+    /// Shows the whole picture, also after the window has changed its size.
     void fit();
     void zoomTo(double zoom);
     void zoomIn();
@@ -72,12 +71,12 @@ public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): what precede
 
 Q_SIGNALS:
     void zoomChanged(double zoom);
-    /// The pixel under the cursor, or nothing.
+    /// The pixel under the cursor, or std::nullopt outside the picture.
     void hovered(std::optional<QPoint> place);
     void kindChanged(PictureKind kind);
-    /// Another frame is shown, or another part of it.
+    /// The frame or its visible part has changed.
     void viewChanged();
-    /// The right button was pressed, or the menu key.
+    /// The right button or the menu key was pressed.
     void menuWanted(const QPoint& place);
 
 protected:
@@ -143,5 +142,5 @@ private:
     ViewOptions _options;
     bool _looksBack = false;
     Drag _drag = Drag::NONE;
-    QPointF _grabbed; // where the mouse was; for a light: from the mouse to its handle
+    QPointF _grabbed; // the last place of the mouse; for a light, the vector from the mouse to its handle
 };

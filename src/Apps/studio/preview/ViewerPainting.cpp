@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What the viewer paints: a checkerboard where the picture is transparent, the picture, the lights' handles.
+// Paints the view: the backdrop or a checkerboard behind transparent pixels, the picture, the lights' handles.
 #include "studio/preview/Viewer.h"
 
 #include "studio/preview/FrameImages.h"
@@ -42,7 +42,7 @@ QPixmap checkerTile(const QPalette& palette, double density)
     return tile;
 }
 
-// Whole screen pixels, so that edges are sharp.
+// Rounds to whole screen pixels, so that edges are sharp.
 QRectF snapped(const QRectF& rect, double density)
 {
     const auto whole = [density](double value) { return std::round(value * density) / density; };
@@ -97,7 +97,7 @@ void Viewer::paintBackdrop(QPainter& painter, const QRectF& shown) const
     painter.fillRect(shown & QRectF(rect()), backdrop.colour.isValid() ? backdrop.colour : Qt::black);
     if (backdrop.picture.isNull())
         return;
-    // It fills the frame, in its own shape; what is too much on two sides is cut off.
+    // Fills the frame without distortion; the parts that do not fit are cut off.
     const QSizeF size = QSizeF(backdrop.picture.size()).scaled(shown.size(), Qt::KeepAspectRatioByExpanding);
     painter.save();
     painter.setClipRect(shown);
@@ -146,7 +146,7 @@ void Viewer::paintPicture(QPainter& painter, const QRectF& shown, const QRectF& 
 {
     if (image.isNull() || visible.isEmpty())
         return;
-    // Pixels are to be seen as such when they are large.
+    // Large pixels are shown unsmoothed.
     constexpr double kSmoothUpTo = 2.0;
     const bool smooth = _transform.zoom != 1.0 && (_transform.zoom < kSmoothUpTo || !_frame->isFull());
     painter.setRenderHint(QPainter::SmoothPixmapTransform, smooth);
@@ -196,7 +196,7 @@ void Viewer::paintLight(QPainter& painter, const StudioLight& light, bool isCurr
         rays.moveTo(centre + (kDiscRadius + 3.0) * direction);
         rays.lineTo(centre + (kDiscRadius + (isCurrent ? 8.0 : 6.0)) * direction);
     }
-    // Dark below light: legible on any picture.
+    // Light on dark, so that it is visible on any picture.
     const QColor dark(20, 20, 24, 210);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(dark, 4.5, Qt::SolidLine, Qt::RoundCap));

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What is kept of frames that were rendered, and how large a quick picture is.
+// Which rendered frames are kept, and the size of quick pictures.
 #include "studio/preview/FrameCache.h"
 #include "studio/preview/QuickPace.h"
 
@@ -62,7 +62,7 @@ TEST(FrameCache, APictureTakesThePlaceOfTheOneOfItsFrame)
     EXPECT_EQ(cache.bytes(), kEach);
 }
 
-// Of a loop that does not fit, the part that was kept first is still there when it is played again.
+// Of a loop that does not fit, the part that was kept first is still cached when it is played again.
 TEST(FrameCache, ALoopThatDoesNotFitIsKeptInPart)
 {
     FrameCache cache(4 * kEach);
@@ -89,7 +89,7 @@ TEST(QuickPace, BeginsWithAQuarterOfTheSides)
 TEST(QuickPace, IsSmallerWhenTheLastOneTookTooLong)
 {
     QuickPace pace;
-    // Twice the goal: the sides shrink by the root of a half at least.
+    // Twice the goal: the sides shrink at least by the square root of one half.
     pace.took(2 * QuickPace::kGoal, 4);
     EXPECT_EQ(pace.divisor(), 6);
     pace.took(milliseconds(100000), 6);

@@ -35,7 +35,7 @@ protected:
         openDisc();
         _home = element().positionX()->localValue();
     }
-    // Where the middle of the disc is, in pixels of the full picture.
+    // The x of the disc's centre, in pixels of the full picture.
     static double middleOf(const RenderedFrame& frame)
     {
         const QImage& drawing = frame.drawing;
@@ -64,7 +64,7 @@ TEST_F(RenderServiceTest, AQuickPictureComesFirstAndTheFullOneWhenTheSceneRests)
     });
     window->renderService().setLongestSide(480);
     ASSERT_TRUE(waitForPicture());
-    // How small the quick one is depends on how fast the machine is.
+    // The size of quick pictures depends on the machine's speed.
     ASSERT_FALSE(sizes.isEmpty());
     EXPECT_LE(sizes.size(), 2);
     EXPECT_EQ(sizes.last(), QSize(480, 240));
@@ -95,7 +95,7 @@ TEST_F(RenderServiceTest, WhatIsShownBelongsToWhatTheSceneWasAndNeverGoesBack)
     for (int i = 0; i < count; ++i) {
         states.push_back(static_cast<double>(random() % 200) - 100.0);
         moveDisc(states.back());
-        // Changes of one turn of the event loop are told at once when it comes round.
+        // Changes within one turn of the event loop are signalled together in the next turn.
         QCoreApplication::processEvents();
         QTest::qWait(static_cast<int>(random() % 60));
         if (random() % 5 == 0)
@@ -207,12 +207,12 @@ TEST_F(RenderServiceTest, ADrawingIsPaintedAnewOnlyWhenItChanges)
     const auto rounder = rendered(1);
     EXPECT_NE(rounder->normals, first->normals);
     EXPECT_EQ(rounder->drawing.cacheKey(), first->drawing.cacheKey());
-    // Another frame that looks the same.
+    // Another frame with the same drawing.
     EXPECT_EQ(rendered(2)->drawing.cacheKey(), first->drawing.cacheKey());
     moveDisc(20.0);
     const auto moved = rendered(1);
     EXPECT_NE(moved->drawing, first->drawing);
-    // Something else that reads the node's value is seen.
+    // A change of an attribute that reads the node's value is visible.
     element().positionX()->setSurrogate(UT_makeShared<AT_AttrLink>(QStringLiteral("Normal-Map.BlurScale")));
     scene.resolveLinks();
     const auto linked = rendered(1);
@@ -220,7 +220,7 @@ TEST_F(RenderServiceTest, ADrawingIsPaintedAnewOnlyWhenItChanges)
     EXPECT_NE(rendered(1)->drawing, linked->drawing);
     element().positionX()->setSurrogate(nullptr);
     EXPECT_EQ(rendered(1)->drawing, moved->drawing);
-    // So is another drawing of the same name.
+    // So is another drawing with the same name.
     const auto old = element().drawings().begin();
     element().setDrawing(QString(old->first), UT_makeShared<CELVEC_Kvd>(old->second->palette()));
     rendered(1);

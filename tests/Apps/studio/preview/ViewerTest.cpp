@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The viewer with mouse and keyboard, and what it says of a pixel.
+// The viewer with mouse and keyboard, and the values that it shows for a pixel.
 #include "Apps/studio/window/WindowTesting.h"
 
 #include <QAction>
@@ -256,7 +256,7 @@ TEST_F(ViewerTest, ThePicturesShowWhatTheirNamesSay)
     EXPECT_EQ(top.red(), top.blue());
     EXPECT_GT(top.red(), 240);
     viewer().setKind(PictureKind::NORMALS);
-    // Left of the middle the surface looks left: little red.
+    // Left of the middle the surface faces left, so red is low.
     EXPECT_LT(viewer().shownImage().pixelColor(200 - 72, 100).red(), 120);
     EXPECT_GT(viewer().shownImage().pixelColor(200, 100).blue(), 240);
 }
