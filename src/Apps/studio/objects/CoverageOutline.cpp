@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Each edge between a covered pixel and one that is not leads from corner to corner with the covered pixel on its
-// right. A corner notes the directions of the edges that leave it; following them gives the lines.
+// Each edge between a covered and an uncovered pixel leads from corner to corner, with the covered pixel on its right.
+// For each corner, the directions of the edges that leave it are stored; following them gives the lines.
 #include "studio/objects/CoverageOutline.h"
 
 #include <bit>
@@ -35,7 +35,7 @@ public:
         QPainterPath path;
         for (int y = 0; y <= _height; ++y)
             for (int x = 0; x <= _width; ++x)
-                // A line has an edge that leads to the right in its uppermost row.
+                // Every line has an edge to the right in its uppermost row.
                 while (leaving(x, y) & (1U << RIGHT))
                     follow(path, x, y);
         return path;
@@ -81,7 +81,7 @@ private:
         }
     }
 
-    // With two ways on, the one to the right stays with the same pixel.
+    // If two edges leave the corner, the right turn stays with the same pixel.
     Direction next(int x, int y, Direction came)
     {
         for (const unsigned turn : {1U, 0U, 3U}) {
@@ -92,7 +92,7 @@ private:
         return came;
     }
 
-    // The edge at the start is given up last: it is the one that closes the line.
+    // The first edge is removed last, because reaching it closes the line.
     void follow(QPainterPath& path, int startX, int startY)
     {
         const QPointF corner(_coverage.rect().x1, _coverage.rect().y1);
@@ -108,7 +108,7 @@ private:
             y += kStepY[direction];
             const Direction on = next(x, y, direction);
             leaving(x, y) &= static_cast<std::uint8_t>(~(1U << on));
-            // In the middle of a straight line nothing need be noted.
+            // Points in the middle of a straight line are not needed.
             if (isFirst)
                 path.moveTo(middle);
             else if (turned || on != direction)

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The document tells of every command at once, so that what is known is given up before anybody could use it.
+// The document signals every command at once, so the cached objects are discarded before anybody can use them.
 #include "studio/objects/DocumentObjects.h"
 
 #include <algorithm>

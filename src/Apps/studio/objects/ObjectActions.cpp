@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Copied values lie on the clipboard as text that people can read, "bevel 24 elevation 1 smoothness 1.8", so that they
-// also go into a message to a colleague and back.
+// Copied values are text on the clipboard that people can read, "bevel 24 elevation 1 smoothness 1.8", so that they can
+// be sent in a message and pasted from there.
 #include "studio/objects/ObjectActions.h"
 
 #include "studio/objects/ObjectPresets.h"
@@ -87,7 +87,7 @@ QAction* ObjectActions::make(const QString& text, const QString& toolTip, const 
 {
     auto* const action = new QAction(text, this);
     action->setShortcut(keys);
-    // Single letters, which must not be taken from whoever types.
+    // Single letters must not be shortcuts in text fields.
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     action->setToolTip(tr("%1 (%2)").arg(toolTip, keys.toString(QKeySequence::NativeText)));
     action->setStatusTip(toolTip);
@@ -183,7 +183,7 @@ void ObjectActions::fillPresets(QMenu& menu)
 
 void ObjectActions::applyPreset(const ObjectPreset& preset)
 {
-    // %1 stays for the objects; a name may hold a % of its own.
+    // %1 is replaced later by the objects; the preset's name may contain a % itself.
     const QString name = tr("%2 for %1", "a preset for an object").replace(QStringLiteral("%2"), preset.name);
     _objects.change(giveValuesCmd(_objects.selected(), name, [&](const SceneObject& object) {
         return valuesOf(preset, _breadth ? _breadth(object) : 0.0);

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ObjectActions: what can be done to the selected objects, once as actions: the bar beside the object, the table, the
-// context menu and the Edit menu show the same ones.
+// ObjectActions: the actions on the selected objects. The bar beside the object, the table, the context menu and the
+// Edit menu share them.
 #pragma once
 
 #include "studio/objects/DocumentObjects.h"
@@ -18,7 +18,7 @@ class ObjectActions : public QObject
     Q_OBJECT
 
 public:
-    /// @param window over which dialogs open
+    /// @param window the parent of dialogs
     ObjectActions(DocumentObjects& objects, QWidget& window);
 
     QAction* carve() const { return _carve; }
@@ -28,13 +28,14 @@ public:
     QAction* copy() const { return _copy; }
     QAction* reset() const { return _reset; }
 
-    /// Lets the actions' keys work in a widget and its children.
+    /// Makes the actions' shortcuts work in a widget and its children.
     void addKeysTo(QWidget& widget) const;
-    /// Fills a menu with everything.
+    /// Fills a menu with all actions.
     void fillMenu(QMenu& menu);
-    /// How broad an object is, for presets that depend on it; nothing is known of it to begin with.
+    /// Sets the function that gives an object's breadth, for presets that depend on it. Without it, breadths are
+    /// unknown.
     void setBreadth(std::function<double(const SceneObject&)> breadth) { _breadth = std::move(breadth); }
-    /// To be called when the window's colours changed.
+    /// Must be called after the window's colours have changed.
     void refreshIcons();
 
 private:

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The bar stands below the object, or above it where there is no room, and always inside of the view. While something
-// is dragged it stays where it is.
+// The bar is below the object, or above it if there is no room, and always inside the view. During a drag it does not
+// move.
 #include "studio/objects/ObjectBar.h"
 
 #include "studio/objects/ObjectActions.h"
@@ -47,7 +47,7 @@ ObjectBar::ObjectBar(DocumentObjects& objects, ObjectActions& actions, ObjectHan
     setAutoFillBackground(true);
     setCursor(Qt::ArrowCursor);
     setFocusPolicy(Qt::ClickFocus);
-    // A click beside a field is none into the picture.
+    // A click beside a field must not reach the picture.
     setAttribute(Qt::WA_NoMousePropagation);
     _name->setTextFormat(Qt::PlainText);
     _name->setObjectName(QStringLiteral("objectBarName"));
@@ -106,7 +106,7 @@ ObjectBar::ObjectBar(DocumentObjects& objects, ObjectActions& actions, ObjectHan
 void ObjectBar::follow()
 {
     const QRectF object = _hands.selectedRect();
-    // What was hidden from the bar can be shown again from it: it stays where it is.
+    // An object that was hidden from the bar can be shown again from it, so the bar keeps its place.
     const bool isSeen = !_objects.selected().empty() && _viewer.frame() && (!object.isEmpty() || isVisible());
     if (!isSeen)
         return hide();
@@ -151,7 +151,7 @@ void ObjectBar::take(ObjectValue value, double number)
 
 void ObjectBar::keyPressEvent(QKeyEvent* event)
 {
-    // Back to the picture, and to its keys.
+    // Gives the focus back to the picture, so that its shortcuts work.
     if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         _viewer.setFocus();
     else

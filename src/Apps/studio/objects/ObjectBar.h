@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ObjectBar: a small panel in the picture, near the selected object: its name, its three values, and the switches that
-// artists reach for. What is entered goes to all selected objects.
+// ObjectBar: a small panel in the picture near the selected object, with its name, its three values and the most used
+// actions. Entered values apply to all selected objects.
 #pragma once
 
 #include "studio/objects/DocumentObjects.h"

@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Values are changed in the tables of the nodes, one command for each node; numbers and switches at the definitions.
+// Changes values in the tables of the nodes, with one command for each node, and numbers and switches in the
+// definitions.
 #include "studio/objects/ObjectChanges.h"
 
 #include "QuarvelCommand/CO_OrCommand.h"
@@ -17,7 +18,7 @@
 
 namespace {
 
-// With no elevation at all, the node takes an object for empty.
+// The node treats an object of elevation 0 as empty.
 constexpr double kLeastElevation = 1e-4;
 
 using Change = std::function<NormalMapObject(const SceneObject&)>;
@@ -27,7 +28,7 @@ MO_EditCommand named(std::unique_ptr<CO_OrCommand> changes, const MO_ChangeWords
     return changes->isEmpty() ? nullptr : MO_namedCmd(std::move(changes), words);
 }
 
-// The tables with other values for the objects; cut-outs have none.
+// Changes the objects' values in the tables; cut-outs have no values.
 std::unique_ptr<CO_OrCommand> tablesCmd(const std::vector<SceneObject>& objects, const Change& change)
 {
     std::map<MO_Module*, std::map<int, NormalMapObject>> tables;
@@ -73,7 +74,8 @@ void appendHiding(CO_OrCommand& command, const SceneObject& object, bool hidden)
         command.append(definition->objectEnabled()->setValueCmd(0.0, !hidden));
 }
 
-// The numbers that the table knows and nobody has, the lowest first, and after them what comes behind all others.
+// Gives out unused numbers: first those that have a row in the table but no object, in ascending order, then numbers
+// after the highest one.
 class FreeNumbers
 {
 public:

@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What a person does to objects, as undoable changes under names that tell what happened: "Bevel of Head 24 → 60".
-// Picture, table and bar all make their changes here. Every function takes the objects as they are in the scene at the
-// moment, changes all of them, names the last one (the current one), and gives null when nothing would change.
+// Makes undoable commands that change objects, with names that tell what happened: "Bevel of Head 24 → 60". Picture,
+// table and bar all use them. Every function takes the current objects of the scene, changes all of them, uses the last
+// one (the current object) in the name, and returns null if nothing would change.
 #pragma once
 
 #include "QuarvelSceneCore/editing/MO_EditCommand.h"
@@ -22,7 +22,7 @@ enum class ObjectValue
 
 inline constexpr ObjectValue kObjectValues[] = {ObjectValue::BEVEL, ObjectValue::ELEVATION, ObjectValue::SMOOTHNESS};
 
-/// The texts of this room that no widget says.
+/// The texts of this folder outside widgets.
 class ObjectTexts
 {
     Q_DECLARE_TR_FUNCTIONS(ObjectTexts)
@@ -32,7 +32,7 @@ public:
     static QString name(ObjectValue value);
     /// What the value does, with its unit, for tool tips.
     static QString explanation(ObjectValue value);
-    /// A number as people write it, without digits that say nothing.
+    /// A number for people, without insignificant digits.
     static QString number(double value);
     /// "Head", or "3 objects".
     static QString subject(const std::vector<SceneObject>& objects);
@@ -41,33 +41,33 @@ public:
 };
 
 double valueOf(const NormalMapObject& values, ObjectValue value);
-/// Puts a value in, held to what has a meaning: bevel and smoothness are not negative, and an elevation of 0, for which
-/// the node takes the object away, becomes the smallest that counts.
+/// Sets a value, clamped to its valid range: bevel and smoothness are not negative, and an elevation of 0, with which
+/// the node would treat the object as empty, becomes the smallest possible one.
 void setValue(NormalMapObject& values, ObjectValue value, double number);
 
-/// Changes one value; consecutive changes of it merge.
+/// Changes one value; consecutive changes of the same value merge.
 ///
-/// @param change from the values of an object to the number that it gets
+/// @param change computes an object's new number
 MO_EditCommand changeValueCmd(const std::vector<SceneObject>& objects, ObjectValue value,
                               const std::function<double(const SceneObject&)>& change);
 
-/// Gives all three values to the objects; each object keeps its number.
+/// Sets all three values of the objects; each object keeps its number.
 ///
-/// @param name for the undo menu, with %1 for what is changed
-/// @param values from an object to what it gets
+/// @param name for the undo menu, with %1 for the changed objects
+/// @param values computes an object's new values
 MO_EditCommand giveValuesCmd(const std::vector<SceneObject>& objects, const QString& name,
                              const std::function<NormalMapObject(const SceneObject&)>& values);
 
 /// Lets the objects sink in (their elevation becomes negative) or rise.
 MO_EditCommand carveCmd(const std::vector<SceneObject>& objects, bool carve);
-/// Makes the objects cut-outs (number 0), or objects again: with a number that is still in the table and that nobody
-/// has, which brings their values back, or else the next one that is free.
+/// Makes the objects cut-outs (number 0), or objects again. An object gets an unused number that is still in the table,
+/// which brings its values back, or else the next unused number.
 ///
 /// @param all the scene's objects
 MO_EditCommand cutOutCmd(const std::vector<SceneObject>& objects, const std::vector<SceneObject>& all, bool cutOut,
                          double frame);
 MO_EditCommand hideCmd(const std::vector<SceneObject>& objects, bool hidden);
-/// Hides all other objects of the same nodes, and shows these ones; or shows everything again.
+/// Shows these objects and hides all others of the same nodes, or shows all of them again.
 MO_EditCommand soloCmd(const std::vector<SceneObject>& objects, const std::vector<SceneObject>& all, bool solo);
-/// Whether these objects are the only ones of their nodes that are shown, and there are others.
+/// Whether these objects are shown, there are others of the same nodes, and all others are hidden.
 bool areSolo(const std::vector<SceneObject>& objects, const std::vector<SceneObject>& all);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Handles are light discs with a dark rim, as the lights are: legible on any picture and in any theme.
+// Handles are light discs with a dark rim, like the lights, so that they are visible on any picture and in any theme.
 #include "studio/objects/ObjectHandles.h"
 
 #include <QPainterPath>
@@ -25,7 +25,7 @@ QPointF heldIn(const QPointF& place, const QRectF& rect)
             std::clamp(place.y(), rect.top(), std::max(rect.top(), rect.bottom()))};
 }
 
-// What the handle does, as a drawing within a square of side 12 around the origin.
+// A symbol for the handle's effect, within a square of side 12 around the origin.
 QPainterPath pictogram(ObjectValue value)
 {
     QPainterPath path;
@@ -55,7 +55,7 @@ QPainterPath pictogram(ObjectValue value)
 
 double rounded(double value, double step)
 {
-    // Through whole numbers, so that 0.3 is the 0.3 that people type.
+    // Divides integers, so that 0.3 is the same double as a typed 0.3.
     return std::round(value / step) / std::round(1.0 / step);
 }
 
@@ -70,7 +70,7 @@ ObjectHandles::ObjectHandles(const QRectF& object, const QRectF& view) : _isEmpt
     const std::array<QPointF, 3> wanted = {middle + QPointF(halfWidth, 0.0), middle - QPointF(0.0, halfHeight),
                                            middle + QPointF(halfWidth, halfHeight)};
     std::ranges::transform(wanted, _places, [&](const QPointF& place) { return heldIn(place, usable); });
-    // Those that came in from outside may meet in a corner.
+    // Handles that were moved into the view may overlap in a corner.
     for (std::size_t i = 1; i < wanted.size(); ++i)
         for (std::size_t j = 0; j < i; ++j)
             if (std::hypot(_places[i].x() - _places[j].x(), _places[i].y() - _places[j].y()) < kApart)
@@ -112,7 +112,7 @@ double pulled(double from, ObjectValue value, const QPointF& way, double unit, b
     const double care = carefully ? 0.1 : 1.0;
     switch (value) {
     case ObjectValue::BEVEL:
-        // A wide bevel takes no longer way than a narrow one.
+        // Doubling a wide bevel must not need a longer pull than doubling a narrow one.
         return std::max(0.0, rounded(from - way.x() / std::max(unit, 1e-6) * std::max(1.0, from / kWideBevel) * care,
                                      carefully ? 0.1 : 1.0));
     case ObjectValue::ELEVATION:

@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The three handles on an object in the picture: one on its right side, which is pulled inwards for a wider bevel; one
-// on its top, which is pulled up for more elevation; one at its lower right corner, which is pulled to the right for
-// more smoothness. This file says where they are, how they look, and what a pull is worth.
+// The three handles of an object in the picture: one on its right side, pulled inwards for a wider bevel; one at its
+// top, pulled up for more elevation; one at its lower right corner, pulled to the right for more smoothness. This file
+// defines where they are, how they look, and how a pull changes the value.
 #pragma once
 
 #include "studio/objects/ObjectChanges.h"
@@ -12,14 +12,14 @@
 
 #include <optional>
 
-/// Where the handles are in a view.
+/// The places of the handles in a view.
 class ObjectHandles
 {
 public:
-    /// There are none.
+    /// No handles.
     ObjectHandles() = default;
     /// @param object the rectangle around the object, in the view's coordinates
-    /// @param view   what of the view may be used; handles that would lie outside come in
+    /// @param view the usable part of the view; handles outside it are moved inside
     ObjectHandles(const QRectF& object, const QRectF& view);
 
     bool isEmpty() const { return _isEmpty; }
@@ -27,7 +27,7 @@ public:
     /// The handle at a place, if there is one.
     std::optional<ObjectValue> at(const QPointF& place) const;
 
-    /// @param hot the handle that the mouse is on or holds
+    /// @param hot the handle under the mouse or in its grip
     void paint(QPainter& painter, const QPalette& palette, std::optional<ObjectValue> hot) const;
 
 private:
@@ -35,11 +35,11 @@ private:
     QPointF _places[3];
 };
 
-/// The number that a pull makes of another one. With care, a tenth of it.
+/// The number after a pull; with `carefully`, the pull has a tenth of its effect.
 ///
-/// @param way  how far the mouse was moved, in the view's units
-/// @param unit how large a unit of the scene is in the view
+/// @param way the movement of the mouse, in the view's units
+/// @param unit the size of a scene unit in the view
 double pulled(double from, ObjectValue value, const QPointF& way, double unit, bool carefully);
 
-/// A text beside the mouse, legible on any picture.
+/// Paints a text beside the mouse, legible on any picture.
 void paintBesideMouse(QPainter& painter, const QPointF& mouse, const QRectF& view, const QString& text);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A pull is one step of the history: its changes merge, and what was pulled back to where it came from is forgotten.
+// A pull is one step in the history: its changes merge, and a pull that ends at the initial values leaves no step.
 #include "studio/objects/ObjectHands.h"
 
 #include "QuarvelSceneCore/graph/MO_SceneCommon.h"
@@ -120,7 +120,7 @@ void ObjectHands::drag(const QPointF& place, Qt::KeyboardModifiers modifiers)
 
 void ObjectHands::pull(const QPointF& to, bool carefully)
 {
-    // The selection may have gone with a module while the handle was held.
+    // A selected module may have been removed while the handle was held.
     const std::vector<SceneObject> selected = _objects.selected();
     if (selected.size() != _before.size() || !_hot)
         return;
@@ -185,7 +185,7 @@ void ObjectHands::takeRectangle(const QPointF& to, bool adds)
 {
     const QRectF rectangle = QRectF(_from, to).normalized();
     std::vector<SceneObject> chosen = adds ? _objects.selected() : std::vector<SceneObject>();
-    // What is at the back comes first, so that the topmost object becomes the current one.
+    // From back to front, so that the topmost object becomes the current one.
     const std::vector<SceneObject>& all = _objects.all();
     for (auto object = all.rbegin(); object != all.rend(); ++object) {
         const QRectF rect = rectOf(*object);
@@ -265,7 +265,7 @@ void ObjectHands::paintOutline(QPainter& painter, const SceneObject& object, boo
     const QPainterPath path = toView.map(outlineFor(object));
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
-    // Dark below light: legible on any picture.
+    // Light on dark, so that it is visible on any picture.
     painter.setPen(QPen(QColor(20, 20, 24, isSelected ? 200 : 110), isSelected ? 4.0 : 3.0));
     painter.drawPath(path);
     const QColor selected = _viewer.palette().color(QPalette::Highlight).lighter(125);

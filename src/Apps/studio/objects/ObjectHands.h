@@ -1,12 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ObjectHands: the tool of the viewer with which objects are taken hold of in the picture.
+// ObjectHands: the viewer's tool for selecting and changing objects in the picture.
 //
 //   click               selects the topmost object; again at the same place, the one below it
 //   click with Shift    adds an object to the selection, or takes it out
-//   drag                selects what lies in a rectangle; with Shift, besides what is selected
-//   drag a handle       changes bevel, elevation or smoothness of all selected objects; with Shift, finely
-//   Escape              takes a drag back; otherwise selects nothing
+//   drag                selects the objects inside a rectangle; with Shift, adds them to the selection
+//   drag a handle       changes bevel, elevation or smoothness of all selected objects; with Shift, in fine steps
+//   Escape              cancels a drag; otherwise clears the selection
 #pragma once
 
 #include "studio/objects/DocumentObjects.h"
@@ -18,7 +18,7 @@
 
 class Viewer;
 
-/// Lives as long as the viewer at most, and not longer than the document's objects.
+/// Must not outlive the viewer or the document's objects.
 class ObjectHands : public QObject, public ViewerTool
 {
     Q_OBJECT
@@ -31,7 +31,8 @@ public:
     ObjectHandles handles() const;
     /// The rectangle around all selected objects that are in the frame, in the viewer's coordinates.
     QRectF selectedRect() const;
-    /// The shorter side of an object's rectangle, in units of which the picture is 720 wide; 0 when it is not seen.
+    /// The shorter side of an object's rectangle in scene units, of which the picture is 720 wide; 0 if the object is
+    /// not in the frame.
     double breadthOf(const SceneObject& object) const;
     bool isDragging() const { return _doing == Doing::PULL || _doing == Doing::RECTANGLE; }
 
@@ -48,7 +49,7 @@ private:
     enum class Doing
     {
         NOTHING,
-        PRESSED, ///< a click, until the mouse is moved
+        PRESSED, ///< counts as a click until the mouse is moved
         RECTANGLE,
         PULL
     };
@@ -77,7 +78,7 @@ private:
     QPointF _from;
     QPointF _now;
     std::optional<ObjectValue> _hot;
-    std::vector<NormalMapObject> _before; // of the selected objects, while a handle is pulled
+    std::vector<NormalMapObject> _before; // the values of the selected objects before a pull
     bool _pulledAny = false;
     QPointF _lastClick{-1000.0, -1000.0};
     RenderedFramePtr _outlinesOf;

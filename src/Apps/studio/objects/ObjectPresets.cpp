@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A bevel of four times the object's half breadth blurs across all of it: only then the profile is round to the middle.
+// A bevel of four times half the object's breadth blurs across the whole object; only then the profile is round up to
+// the middle.
 #include "studio/objects/ObjectPresets.h"
 
 #include "studio/objects/ObjectChanges.h"
@@ -58,7 +59,7 @@ std::vector<ObjectPreset> ownPresets()
         settings.setArrayIndex(i);
         ObjectPreset preset;
         preset.name = settings.value(QStringLiteral("name")).toString();
-        // Settings are edited by hand at times: what has no meaning becomes what has.
+        // Settings may have been edited by hand, so invalid values are replaced.
         setValue(preset.values, ObjectValue::BEVEL, finite(settings.value(QStringLiteral("bevel")), 5.0));
         setValue(preset.values, ObjectValue::ELEVATION, finite(settings.value(QStringLiteral("elevation")), 1.0));
         setValue(preset.values, ObjectValue::SMOOTHNESS, finite(settings.value(QStringLiteral("smoothness")), 1.0));

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Presets: values under a name that a person thinks in: a pillow, a coin, paper. Those of the program come first, then
-// the person's own, which are kept in the settings.
+// Presets: values with descriptive names: a pillow, a coin, paper. The program's presets come first, then the user's
+// own, which are stored in the settings.
 #pragma once
 
 #include "studio/objects/SceneObjects.h"
@@ -10,22 +10,22 @@
 struct ObjectPreset
 {
     QString name;
-    /// The bevel as a multiple of half the object's breadth; 0 where it is absolute.
+    /// The bevel as a multiple of half the object's breadth; 0 if values.bevel is used instead.
     double bevelOfBreadth = 0.0;
-    NormalMapObject values; ///< the bevel counts where it is absolute; the number never does
+    NormalMapObject values; ///< bevel is used if bevelOfBreadth is 0; number is unused
 };
 
 /// The program's presets.
 std::vector<ObjectPreset> builtInPresets();
 
-/// The person's own presets, in the order in which they were saved.
+/// The user's own presets, in the order in which they were saved.
 std::vector<ObjectPreset> ownPresets();
-/// Keeps values under a name, in place of those that had the name before.
+/// Stores values with a name and replaces a preset with the same name.
 void saveOwnPreset(const QString& name, const NormalMapObject& values);
 void removeOwnPreset(const QString& name);
 
-/// What a preset makes of an object.
+/// The values that a preset gives to an object.
 ///
-/// @param breadth the shorter side of the object's rectangle, in units of which the picture is 720 wide; 0 when nobody
-/// knows it, which counts as a middling one
+/// @param breadth the shorter side of the object's rectangle in scene units, of which the picture is 720 wide; 0 if it
+/// is unknown, which counts as a medium one
 NormalMapObject valuesOf(const ObjectPreset& preset, double breadth);

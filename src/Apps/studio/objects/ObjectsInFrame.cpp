@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The frame knows inputs of nodes, the scene knows objects: number and port say which belongs to which.
+// A frame has inputs of nodes, a scene has objects; node, number and port tell which belong together.
 #include "studio/objects/ObjectsInFrame.h"
 
 #include "studio/objects/CoverageOutline.h"
@@ -25,7 +25,7 @@ const ShownInputs& inputsOf(const RenderedFrame& frame)
     return frame.inputs ? *frame.inputs : none;
 }
 
-// From pixels of the frame as it was rendered to those of the full picture.
+// From pixels of the rendered size to those of the full picture.
 QTransform toFull(const RenderedFrame& frame)
 {
     return QTransform::fromScale(static_cast<double>(frame.fullSize.width()) / frame.size.width(),

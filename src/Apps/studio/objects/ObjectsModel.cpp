@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// While the rows are the same objects, only their contents are told anew, so that editors stay open and the view keeps
-// its place.
+// As long as the rows show the same objects, the model only signals changed data, so that editors stay open and the
+// view does not scroll.
 #include "studio/objects/ObjectsModel.h"
 
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
@@ -28,7 +28,7 @@ void ObjectsModel::follow()
     if (rows != _rows) {
         beginResetModel();
         _rows = std::move(rows);
-        // Drawings may be gone, and others come to lie where they were.
+        // Drawings may have been deleted, and new ones may have the same addresses.
         _thumbnails.clear();
         endResetModel();
     } else if (!_rows.empty()) {
@@ -110,7 +110,7 @@ std::vector<SceneObject> ObjectsModel::changedBy(int row) const
         return {};
     if (!_objects.isSelected(*object))
         return {*object};
-    // The row that is edited gives the change its name.
+    // The edited row comes last, because the last object names the change.
     std::vector<SceneObject> objects = _objects.selected();
     std::ranges::stable_partition(objects, [&](const SceneObject& one) { return !isSame(one, *object); });
     return objects;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ObjectsModel: the objects of the scene as a table, the topmost first, with a small picture of each.
+// ObjectsModel: the objects of the scene as a table, the topmost first, with thumbnails.
 #pragma once
 
 #include "studio/objects/DocumentObjects.h"
@@ -10,8 +10,8 @@
 
 #include <map>
 
-/// A table on the document's objects. What is entered goes to the row, or to all selected objects when the row is one
-/// of them.
+/// A table of the document's objects. An entered value applies to the row's object, or to all selected objects if it is
+/// one of them.
 class ObjectsModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -31,7 +31,7 @@ public:
     explicit ObjectsModel(DocumentObjects& objects, QObject* parent = nullptr);
     ~ObjectsModel() override;
 
-    /// The object of a row; null when there is no such row.
+    /// The object of a row; null if there is no such row.
     const SceneObject* object(int row) const;
     static bool isValue(int column) { return column >= BEVEL && column <= SMOOTHNESS; }
     static ObjectValue valueOf(int column) { return kObjectValues[column - BEVEL]; }
@@ -49,6 +49,6 @@ private:
     QPixmap thumbnail(const SceneObject& object) const;
 
     DocumentObjects& _objects;
-    std::vector<const ObjectDefinition*> _rows; // what the view knows; only ever compared
+    std::vector<const ObjectDefinition*> _rows; // the rows that the view knows; never dereferenced
     mutable std::map<const void*, QPixmap> _thumbnails;
 };

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The model is filtered by the search; the selection goes through the document.
+// The search filters the model; the selection is that of the document.
 #include "studio/objects/ObjectsView.h"
 
 #include "studio/objects/ObjectActions.h"
@@ -70,7 +70,7 @@ ObjectsView::ObjectsView(DocumentObjects& objects, ObjectActions& actions, QWidg
     _actions.addKeysTo(*_table);
 
     connect(_search, &QLineEdit::textChanged, this, [this](const QString& text) {
-        // Rows that come and go while somebody types select nothing.
+        // Rows that appear and disappear during typing must not change the selection.
         _synchronizing = true;
         _found->setFilterFixedString(text);
         _synchronizing = false;
@@ -133,7 +133,7 @@ void ObjectsView::takeSelection()
 {
     if (_synchronizing)
         return;
-    // The current row comes last: it is the current object.
+    // The current row comes last, so that its object is the current one.
     std::vector<SceneObject> chosen;
     const SceneObject* const current = _model->object(_found->mapToSource(_table->currentIndex()).row());
     for (const QModelIndex& index : _table->selectionModel()->selectedRows())

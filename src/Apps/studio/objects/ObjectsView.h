@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ObjectsView: the table of all objects, with a search field: the other way to take hold of them besides the picture.
-// What is selected in one is selected in the other.
+// ObjectsView: the table of all objects, with a search field. It is an alternative to the picture for selecting and
+// changing objects; both share the selection.
 #pragma once
 
 #include "studio/objects/DocumentObjects.h"
@@ -25,7 +25,7 @@ public:
 
     QTableView& table() const { return *_table; }
     QLineEdit& search() const { return *_search; }
-    /// The row that shows an object; none when the search hides it.
+    /// The row that shows an object; invalid if the search hides it.
     QModelIndex indexOf(const SceneObject& object) const;
 
 protected:

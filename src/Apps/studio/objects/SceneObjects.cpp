@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// From each input of a node upstream: the definition nearest to a drawing is the one that counts for it.
+// Searches upstream from each input of a node. For each drawing, the definition nearest to it applies.
 #include "studio/objects/SceneObjects.h"
 
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
@@ -19,7 +19,8 @@ struct Source
     MO_ElementModule* element = nullptr;
 };
 
-// What comes in at an input. A module is looked at once for every definition that counts on the way to it.
+// The drawings and definitions upstream of an input. A module is visited once for every definition that applies on a
+// path to it.
 std::vector<Source> sourcesOf(const MO_Port& input)
 {
     std::vector<Source> sources;
@@ -41,7 +42,7 @@ std::vector<Source> sourcesOf(const MO_Port& input)
         for (unsigned i = module->nInPorts(); i-- > 0;)
             open.emplace_back(module->inPort(i), definition);
     }
-    // A definition that others between it and the drawings overrule counts for nothing, unless it has no drawing yet.
+    // Removes definitions that others between them and the drawings override. If there is no drawing yet, all are kept.
     const auto hasDrawing = [&](const ObjectDefinition* definition) {
         return std::ranges::any_of(
             sources, [&](const Source& one) { return one.definition == definition && one.element != nullptr; });
@@ -171,7 +172,8 @@ QList<MO_Module*> modulesOf(const std::vector<SceneObject>& objects)
     QList<MO_Module*> modules;
     for (const SceneObject& object : objects)
         for (MO_Module* const module : object.modules()) {
-            // What an object shares with a later one belongs to the later one, which is the current one in the end.
+            // A module that objects share is placed with the last of them, so that the current object's modules come
+            // last.
             modules.removeOne(module);
             modules << module;
         }

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The objects of a scene as people see them: a name, a number, the values of the node's table, and the modules that
-// make them. The graph and the table stay the only truth; this is a look at both, made anew whenever it is needed.
+// make them. Only the graph and the table store this; a SceneObject is a copy that is made again whenever it is needed.
 #pragma once
 
 #include "ObjectDefinition/ObjectDefinition.h"
@@ -14,34 +14,34 @@
 
 #include <vector>
 
-/// An object of a node. A look at the scene: void once the scene changes.
+/// An object of a node. It is invalid after the scene has changed.
 struct SceneObject
 {
     MO_Module* node = nullptr; ///< the normal-map node
-    QString name;              ///< its definition's, without "-Definition"; of several ones, the first
-    /// What gives the object its number, in the order of the node's inputs; at least one.
+    QString name;              ///< the first definition's name without "-Definition"
+    /// The definitions that give the object its number, in the order of the node's inputs; at least one.
     std::vector<ObjectDefinition*> definitions;
-    std::vector<MO_ElementModule*> elements; ///< what is drawn of it
-    std::vector<int> ports;                  ///< the node's inputs that it comes in at
+    std::vector<MO_ElementModule*> elements; ///< the elements of its drawings
+    std::vector<int> ports;                  ///< the inputs of the node that show it
     NormalMapObject values;                  ///< the number is 0 for a cut-out, which has no values
     bool isHidden = false;
 
     int number() const { return values.number; }
-    /// It is not seen; what lies below it is taken away where it is.
+    /// Whether the object is invisible and removes what lies below it.
     bool isCutOut() const { return values.number == 0; }
-    /// Its elements, then its definitions: what is selected in graph and timeline when the object is.
+    /// Its elements, then its definitions. These are selected in graph and timeline when the object is selected.
     QList<MO_Module*> modules() const;
 };
 
-/// All objects of a scene at a frame: node after node, in each of them the topmost object first. Definitions of one
-/// number are one object; each cut-out stands for itself.
+/// All objects of a scene at a frame, node after node, the topmost object of each node first. Definitions with the same
+/// number are one object; each cut-out is an object of its own.
 std::vector<SceneObject> objectsOf(const MO_Scene& scene, double frame);
 
-/// Those of which a definition is selected, or an element while none of its definitions is; in the order of the
-/// selection, the one selected last at the end.
+/// The selected objects: those with a selected definition, or with a selected element none of whose definitions is
+/// selected. In the order of the selection, the one selected last at the end.
 std::vector<SceneObject> selectedOf(const std::vector<SceneObject>& objects, const QList<MO_Module*>& selection);
 
-/// Their modules, each once, in the order of the objects.
+/// The modules of objects, each once, in the order of the objects.
 QList<MO_Module*> modulesOf(const std::vector<SceneObject>& objects);
 
 /// Whether both mean the same object: a definition of one is a definition of the other.

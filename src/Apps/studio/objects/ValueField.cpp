@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The ranges are wide: they keep typing errors out, not ideas.
+// The ranges are wide, so that they only exclude typing errors.
 #include "studio/objects/ValueField.h"
 
 #include <QWheelEvent>

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ValueField: the field for a value of objects, in the bar and in the table. It shows no digits that say nothing, and
-// leaves the wheel to what is around it unless somebody types in it.
+// ValueField: the field for a value of objects, in the bar and in the table. It does not show insignificant digits, and
+// ignores the wheel without the focus, so that the surrounding view scrolls.
 #pragma once
 
 #include "studio/objects/ObjectChanges.h"

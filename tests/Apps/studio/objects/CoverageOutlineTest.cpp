@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The line around what is covered, of shapes small enough to be drawn by hand.
+// Outlines of shapes that are small enough to be drawn by hand.
 #include "studio/objects/CoverageOutline.h"
 
 #include <gtest/gtest.h>
@@ -48,7 +48,7 @@ TEST(CoverageOutlineTest, APixelIsADiamondThroughTheMiddlesOfItsSides)
 
 TEST(CoverageOutlineTest, StraightLinesHaveNoPointsInTheirMiddles)
 {
-    // Two points a side.
+    // Two points on each side.
     EXPECT_EQ(outlineOf(bitsOf({"xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx"})).elementCount(), 8 + 1);
 }
 

@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Taking hold of objects in the picture: what a click, a rectangle and the handles do, and what the history says of it.
+// Selecting and changing objects in the picture: the effects of clicks, rectangles and handles, and their names in the
+// history.
 #include "Apps/studio/objects/ObjectsTesting.h"
 
 #include "studio/objects/ObjectBar.h"
@@ -38,7 +39,7 @@ protected:
         letGo(way);
         QCoreApplication::processEvents();
     }
-    /// How many of the view's units a unit of the scene is.
+    /// The size of a scene unit in the view.
     double unit() { return 400.0 / 720.0 * viewer().transform().scale(); }
     void toggle(const char* name)
     {
@@ -113,7 +114,7 @@ TEST_F(ObjectHandsTest, ARectangleSelectsWhatLiesInIt)
     openParts();
     dragIn(kOutside, QPointF(399.0, 199.0));
     EXPECT_EQ(selected(), QStringList({"Body", "Head"}));
-    // The head from (160, 60) to (240, 140); the body reaches beyond.
+    // A rectangle around the head, from (160, 60) to (240, 140); the body is larger.
     dragIn(QPointF(156.0, 56.0), QPointF(244.0, 144.0));
     EXPECT_EQ(selected(), QStringList({"Head"}));
     dragIn(QPointF(2.0, 2.0), QPointF(9.0, 9.0));
@@ -277,7 +278,7 @@ TEST_F(ObjectHandsTest, ACutOutIsAnObjectAgainWithItsOldValues)
     EXPECT_EQ(document().commands().undoName(), QStringLiteral("Cut out Head"));
     EXPECT_EQ(selected(), QStringList({"Head"}));
     ASSERT_TRUE(waitForPicture());
-    // What lies in the hole can still be taken hold of: the cut-out first.
+    // Objects in the hole can still be selected, the cut-out first.
     click(kOutside);
     click(kHead);
     EXPECT_EQ(selected(), QStringList({"Head"}));
@@ -336,7 +337,7 @@ TEST_F(ObjectHandsTest, PresetsFitTheObjectAndAreOneStep)
     coin->trigger();
     EXPECT_EQ(valuesOf("Head").elevation, 0.25);
     EXPECT_EQ(document().commands().undoName(), QStringLiteral("Coin for Head"));
-    // The head is 80 of 400 pixels wide, which are 144 units: four times its half.
+    // The head is 80 of 400 pixels wide, which are 144 units; the bevel is four times half of this.
     entry(menuOfBar(), QStringLiteral("Balloon"))->trigger();
     EXPECT_NEAR(valuesOf("Head").bevel, 4.0 * 72.0, 4.0);
 }

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A window with a drawing of two objects, and ways to take hold of them: a body of 320 x 160 pixels, and in the middle
-// of it a head of 80 x 80, both with a narrow rim.
+// A window with a drawing of two objects: a body of 320 x 160 pixels, and in its middle a head of 80 x 80, both with a
+// narrow rim. Functions for finding and clicking them.
 #pragma once
 
 #include "Apps/studio/window/WindowTesting.h"
@@ -25,7 +25,7 @@ protected:
     static constexpr QPointF kBody{60.5, 40.5};
     static constexpr QPointF kOutside{10.5, 10.5};
 
-    /// Opens the drawing, with all values those of a narrow rim.
+    /// Opens the drawing and gives all objects the values of a narrow rim.
     void openParts()
     {
         drop({write(QStringLiteral("parts.svg"), kParts)});
@@ -39,7 +39,7 @@ protected:
         QCoreApplication::processEvents();
         ASSERT_TRUE(waitForPicture());
         viewer().fit();
-        // Out of the way of all that is clicked.
+        // Moves the light away from the clicked places.
         StudioLight light = window->lights().lights().front();
         light.place = QPointF(-1.9, -0.9);
         window->lights().setLight(0, light);
@@ -64,7 +64,7 @@ protected:
     NormalMapObject valuesOf(const char* name) const { return object(name).values; }
     ObjectDefinition& definition(const char* name) const { return *object(name).definitions.front(); }
 
-    /// Places of the full picture, 400 x 200.
+    /// The place in the view of a place of the full picture, 400 x 200.
     QPoint inView(const QPointF& picture) { return viewer().transform().toView(picture).toPoint(); }
     void click(const QPointF& picture, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {

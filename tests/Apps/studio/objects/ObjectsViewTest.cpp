@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The table of objects: what it shows, and that it and the picture are always of one mind.
+// The table of objects: its contents, and that it always agrees with the picture.
 #include "Apps/studio/objects/ObjectsTesting.h"
 
 #include "studio/objects/ObjectsModel.h"
