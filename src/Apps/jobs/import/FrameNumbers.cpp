@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Numbers in names.
+// Finds numbers in names.
 #include "jobs/import/FrameNumbers.h"
 
 #include "QuarvelDrawingIO/DIO_BitmapReader.h"

@@ -20,9 +20,9 @@ struct NumberedFile
 /// stand in the order of their characters, so that the order never depends on how the names came in.
 void sortNaturally(QStringList& paths);
 
-/// The number that a file's name has: the last run of digits before the suffix; -1 when there is none.
+/// The number that a file's name has: the last run of digits before the suffix; -1 if there is none.
 ///
-/// @return an error when the number is beyond all reason
+/// @return an error if the number is too large
 UT_Result<int> frameNumberOf(const QString& path);
 
 /// Gives each file of a sequence its frame. A single file, and files of which none has a number, are numbered from 1 in
@@ -31,6 +31,6 @@ UT_Result<int> frameNumberOf(const QString& path);
 /// @return in the order of frames; an error when two files have the same number, or only some have one
 UT_Result<std::vector<NumberedFile>> numberFrames(QStringList paths);
 
-/// What a sequence is called: the name of its first file without folder, number and suffix. The digits of a single file
-/// are a part of its name and stay.
+/// The name of a sequence: that of its first file without folder, number and suffix. The digits of a single file are a
+/// part of its name and are kept.
 QString sequenceName(QStringList paths);

@@ -43,7 +43,7 @@ UT_Result<DrawingSequence> readLayeredSequence(const QStringList& files, const I
             drawing->warnings.append(
                 QStringLiteral("its size or place differs from that of %1, which counts").arg(numbered->front().path));
         warnings.add(file.path, drawing->warnings);
-        // Objects that are found in each drawing for itself would not be the same ones from frame to frame.
+        // Objects found in each drawing separately would not correspond from frame to frame.
         if (numbered->size() == 1)
             builder.addFrame(file.frame, chooseObjects(*drawing, objects));
         else

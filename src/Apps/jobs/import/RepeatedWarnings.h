@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// RepeatedWarnings: the same remark about many files becomes one line.
+// RepeatedWarnings: combines the same warning about many files to one line.
 #pragma once
 
 #include <QHash>
@@ -18,7 +18,7 @@ public:
         }
     }
 
-    /// A line for each different remark, in the order of first use.
+    /// One line for each different warning, in the order of first use.
     QStringList lines() const
     {
         QStringList lines;

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Layers through time. Whether two drawings are equal is decided by a digest of all that is in them, so that thousands
-// of frames are no trouble.
+// Builds layers through time. Equal drawings are found by digests of their contents, which is fast even with thousands
+// of frames.
 #include "jobs/import/SequenceBuilder.h"
 
 #include "QuarvelDrawingIO/DIO_KvdConversion.h"
@@ -37,7 +37,7 @@ QByteArray digest(std::span<const DIO_Shape> shapes, std::span<const DIO_Paint> 
     return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
 }
 
-// How much of a picture shows something, of some of its pixels.
+// The covered share of a picture, estimated from some of its pixels.
 double coveredShare(const QImage& picture)
 {
     constexpr int kSamples = 64;
@@ -49,7 +49,7 @@ double coveredShare(const QImage& picture)
     return static_cast<double>(covered) / (kSamples * kSamples);
 }
 
-// About how much area shapes take; to compare the drawings of a layer with each other.
+// The approximate area of shapes, for comparing the drawings of a layer.
 double reachOf(std::span<const DIO_Shape> shapes)
 {
     QRectF all;

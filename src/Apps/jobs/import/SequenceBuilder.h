@@ -18,8 +18,8 @@ public:
     explicit SequenceBuilder(const QString& name);
 
     /// Adds a frame's layers, bottom up. Frames come in ascending order. The n-th layer of a name is the same layer in
-    /// every frame; layers that no file declares are told apart by their order alone. A layer that was there before and
-    /// is not any more shows nothing from here on.
+    /// every frame; layers that no file declares are told apart by their order alone. A layer that exists in earlier
+    /// frames but not in this one shows nothing from this frame on.
     void addFrame(int frame, const DIO_Drawing& drawing);
 
     /// Adds the only frame of a sequence, in the objects that were chosen for it. Each becomes a layer.
@@ -31,7 +31,7 @@ public:
     void addLayer(const QString& name, const std::vector<std::vector<DIO_Shape>>& drawings,
                   std::span<const DIO_Paint> paints, std::span<const int> shown, int firstFrame);
 
-    /// Hands out the sequence without its frame, size and range, which the builder does not know. Layers without a name
+    /// Returns the sequence without its frame, size and range, which the builder does not know. Layers without a name
     /// of their own get one, and no two have the same.
     DrawingSequence take();
 

@@ -10,17 +10,17 @@
 #include "jobs/drawing/NormalMapSettings.h"
 #include "jobs/import/DrawingSequence.h"
 
-/// What is said of the objects of a sequence.
+/// The values set for the objects of a sequence.
 struct SequenceWishes
 {
-    ObjectWishes person; ///< an error where there is no such object
+    ObjectWishes person; ///< naming an object that does not exist is an error
     ObjectWishes folder; ///< see OwnValues.h
 };
 
 /// Builds the scene. Its nodes: an element and an Object Definition for each layer, the Vallorin node "Normal-Map", the
 /// composite "Drawing", and "Display", which shows the normal map.
 ///
-/// @param warnings gets a line for each value of a layer that makes no sense
-/// @return an error when the plug-in is not loaded or a person speaks of an object that is not there
+/// @param warnings receives a line for each invalid value of a layer
+/// @return an error if the plug-in is not loaded, or if wishes.person names an object that does not exist
 UT_Result<std::unique_ptr<MO_Scene>> buildSequenceScene(const DrawingSequence& sequence, const FormSettings& form,
                                                         const SequenceWishes& wishes, QStringList& warnings);
