@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Small animations in the Lottie format, put together from parts.
+// Builds small animations in the Lottie format from parts.
 #pragma once
 
 #include <QByteArray>

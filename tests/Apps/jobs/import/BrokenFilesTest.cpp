@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Files that are damaged or mean harm: a message or a result, always, and soon. Animations too, although the library
-// that reads them promises nothing.
+// Damaged and malicious files always give a message or a result, and soon. So do animations, although the library that
+// reads them does not promise this.
 #include "Animations.h"
 #include "Files.h"
 
@@ -17,7 +17,7 @@ using testing::HasSubstr;
 
 namespace {
 
-// Far beyond what any of these files takes, on a slow machine under a sanitizer too: only what hangs takes this long.
+// Much longer than any of these files takes, even on a slow machine under a sanitizer; only a hang takes this long.
 constexpr qint64 kHang = 120'000; // milliseconds
 
 const QByteArray kMovingSquare = animations::layer(
@@ -48,7 +48,7 @@ QByteArray sprite()
     return bytes;
 }
 
-// A message that names the file, or layers; nothing else, and no end of it all.
+// Expects layers, or a message that names the file.
 void expectMessageOrResult(const QString& path)
 {
     const UT_Result<DrawingSequence> sequence = readSequence({path}, {});
@@ -150,7 +150,7 @@ TEST(BrokenAnimation, ReadsNoOtherFile)
 
 namespace {
 
-// The reading program, replaced by a script.
+// Settings with a script in place of the reading program.
 ImportSettings readBy(const Folder& folder, const QByteArray& script, int seconds = 60)
 {
     const QString program = folder.write("reader.sh", "#!/bin/sh\n" + script);
@@ -210,7 +210,7 @@ TEST(AnimationReader, WhoseOutputIsDamagedCostsAMessageOrAResult)
 {
     const Folder folder;
     const QString path = folder.write("a.json", animation());
-    // What the real program writes, kept in a file that a script hands out damaged.
+    // Keeps the output of the real program in a file; scripts return damaged versions of it.
     const ImportSettings keeping =
         readBy(folder, QByteArray(LOTTIE_READER " \"$1\" > ") + folder.path("stream").toUtf8() + "; exit 1");
     ASSERT_NE(refusal({path}, keeping), "");

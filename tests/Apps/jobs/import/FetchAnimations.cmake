@@ -1,5 +1,5 @@
-# Animations that nobody here made: those of the npm package react-useanimations (MIT licence), one version of it, checked byte by
-# byte. Without them the tests that need them say that they are skipped.
+# Animations from other authors: those of the npm package react-useanimations (MIT licence), one version of it, checked
+# byte by byte. Without them the tests that need them say that they are skipped.
 set(name "react-useanimations")
 set(version "2.10.0")
 set(sha512

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Scenes as text, so that two of them can be compared.
+// Writes scenes as text, so that they can be compared.
 #include "Files.h"
 
 #include <QBuffer>

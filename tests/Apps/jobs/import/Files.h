@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Small drawings, sprites and animations for the tests of import, and questions about the scenes made of them.
+// Makes small drawings, sprites and animations for the tests of import, and reads the scenes made of them.
 #pragma once
 
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
@@ -22,7 +22,7 @@ inline void PrintTo(const QString& text, std::ostream* out)
 
 namespace files {
 
-/// A folder of its own for a test's files.
+/// A temporary folder for a test's files.
 class Folder
 {
 public:
@@ -61,7 +61,7 @@ inline QByteArray svgLayer(const QByteArray& name, int x, const QByteArray& colo
            "\" width=\"10\" height=\"10\" fill=\"" + colour + "\"/></g>";
 }
 
-/// Reads files that are in order; a failure is a failure of the test.
+/// Reads valid files; an error makes the test fail.
 inline DrawingSequence sequenceOf(const QStringList& paths, const ImportSettings& settings = {})
 {
     UT_Result<DrawingSequence> sequence = readSequence(paths, settings);
@@ -71,7 +71,7 @@ inline DrawingSequence sequenceOf(const QStringList& paths, const ImportSettings
     return {};
 }
 
-/// What files are refused with; empty when they are read.
+/// The error of reading files; empty if they can be read.
 inline std::string refusal(const QStringList& paths, const ImportSettings& settings = {})
 {
     const UT_Result<DrawingSequence> sequence = readSequence(paths, settings);

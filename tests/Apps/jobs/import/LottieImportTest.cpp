@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Animations: what becomes of layers, fills, strokes, and of what cannot be kept.
+// Animations: the results of layers, fills and strokes, and of features that cannot be imported.
 #include "Animations.h"
 #include "Files.h"
 

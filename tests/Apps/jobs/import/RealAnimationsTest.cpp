@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Animations that nobody here made: every one is imported and renders through the plug-in, and the normal map covers
-// what the animation covers.
+// Animations from other authors: every one can be imported and rendered with the plug-in, and the normal map has the
+// coverage of the animation.
 #include "Files.h"
 
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
@@ -84,7 +84,7 @@ TEST_P(RealAnimation, IsImportedAndRenders)
             const auto drawing = render(*scene.findModule("Drawing"), frame);
             ASSERT_TRUE(node && drawing) << frame;
             const Compared compared = compareCoverage(*node, *drawing);
-            // A coverage of 0.99 and more counts as full, and every object on top rounds down once.
+            // A coverage of 0.99 or more counts as full, and every object on top rounds down once.
             EXPECT_LE(compared.largestDifference, 328 + 2 * static_cast<int>(scene.root().modules().size())) << frame;
             covered += compared.covered;
         }
@@ -111,7 +111,8 @@ TEST(RealAnimations, TruncatedAtEveryTenthByteOrWithBytesFlippedCostAMessage)
     ASSERT_EQ(read(whole), "");
     for (qsizetype size = 0; size < whole.size() - 1; size += 10)
         ASSERT_NE(read(whole.left(size)), "") << size;
-    // Digits become other digits and names other names, so that the JSON stays whole and the library meets the damage.
+    // Replaces digits by digits and names by names, so that the JSON stays valid and the library has to handle the
+    // damage.
     std::mt19937 random(42);
     std::uniform_int_distribution<qsizetype> anywhere(0, whole.size() - 1);
     for (int i = 0; i < 400; ++i) {

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Sprites: bitmaps become layers, and their coverage the objects'.
+// Sprites: bitmaps become layers, and objects get their coverage.
 #include "Files.h"
 
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
@@ -13,7 +13,7 @@ using testing::Pair;
 
 namespace {
 
-// Transparent, with a square of 8 x 8 at a place.
+// A transparent picture with a square of 8 x 8 at a place.
 QImage sprite(int x, int y, const QColor& colour = Qt::red)
 {
     QImage image(32, 32, QImage::Format_ARGB32);

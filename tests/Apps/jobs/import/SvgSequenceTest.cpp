@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// SVG sequences: layers through time, shared drawings, one palette, and the scene that they become.
+// SVG sequences: layers through time, shared drawings, one palette, and the resulting scene.
 #include "Files.h"
 
 #include "ObjectDefinition/ObjectDefinition.h"
