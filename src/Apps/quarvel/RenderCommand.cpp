@@ -32,7 +32,8 @@ struct Plan
 {
     std::unique_ptr<ShownModule> shown;
     RenderFramesSettings settings;
-    RenderFramesSettings lit; ///< for the lit frames
+    RenderFramesSettings lit;     ///< for the lit frames
+    RenderFramesSettings drawing; ///< for the drawings
     double framesPerSecond = MO_Scene::kUsualFrameRate;
 };
 
@@ -127,11 +128,8 @@ UT_Result<RenderFramesSettings> litSettings(const RenderOptions& options, const 
     if (IIO_isFloatFile(options.lit))
         return UT_Error{QStringLiteral("--lit writes pictures for the eye; name a .png file, not %1").arg(options.lit)};
     lit.file = *file;
-    lit.lit = true;
-    lit.picture.shown = RenderedKind::COLOURS;
-    lit.picture.floatFile = false;
-    lit.picture.half = false;
-    lit.lightNote = QStringLiteral("of the scene");
+    lit.content = FrameContent::LIT;
+    lit.picture = litPictureSettings(plan.settings.picture);
     if (options.light) {
         lit.lighting = lightingOf(*options.light);
         lit.lightNote = QStringLiteral("%1, %2").arg(options.light->azimuth).arg(options.light->height);
@@ -139,11 +137,26 @@ UT_Result<RenderFramesSettings> litSettings(const RenderOptions& options, const 
     return lit;
 }
 
+// The same frames in the same size, as the drawing has them.
+UT_Result<RenderFramesSettings> drawingSettings(const RenderOptions& options, const Plan& plan)
+{
+    RenderFramesSettings drawing = plan.settings;
+    if (options.drawing.isEmpty())
+        return drawing;
+    const auto file = fileOf(options.drawing, options, drawing.frames.size());
+    if (!file)
+        return file.error();
+    drawing.file = *file;
+    drawing.content = FrameContent::DRAWING;
+    drawing.picture = drawingPictureSettings(plan.settings.picture, options.drawing);
+    return drawing;
+}
+
 UT_Result<int> atOnceOf(const RenderOptions& options, const Plan& plan)
 {
     const RenderFramesSettings& settings = plan.settings;
     ShownParts parts = partsOf(settings.picture);
-    parts.drawing = parts.drawing || !options.lit.isEmpty();
+    parts.drawing = parts.drawing || !options.lit.isEmpty() || !options.drawing.isEmpty();
     const double needed = shownFrameBytes(*plan.shown, settings.frames, settings.parameters, parts);
     const JobLimits limits = jobLimits();
     return framesAtOnce(options.jobs > 0 ? options.jobs : limits.threads, settings.parameters, needed,
@@ -187,6 +200,10 @@ UT_Result<Plan> planOf(const MO_Scene& scene, const RenderOptions& options)
     if (!lit)
         return lit.error();
     plan.lit = std::move(*lit);
+    auto drawing = drawingSettings(options, plan);
+    if (!drawing)
+        return drawing.error();
+    plan.drawing = std::move(*drawing);
     plan.framesPerSecond = options.framesPerSecond.value_or(scene.frameRate());
     return plan;
 }
@@ -266,6 +283,8 @@ int renderAll(const Plan& plan, const RenderOptions& options)
     int exitCode = renderFiles(plan, plan.settings, options, options.output);
     if (!StopSignal::came())
         exitCode = std::max(exitCode, renderFiles(plan, plan.lit, options, options.lit));
+    if (!StopSignal::came())
+        exitCode = std::max(exitCode, renderFiles(plan, plan.drawing, options, options.drawing));
     if (!StopSignal::came())
         exitCode = std::max(exitCode, renderFilm(plan, options));
     if (StopSignal::came())

@@ -15,6 +15,7 @@ Files
   -o, --output FILE     where the frames go: out/n.####.exr or out/n.%04d.exr, where the number is filled up with zeros,
                         or out/n.%d.exr; n.$F4.exr and n.<frame04>.exr mean the same. The ending says the format: .exr (OpenEXR) or .png (16 bits a channel)
       --lit FILE        also writes the lit frames: lit/n.####.png
+      --drawing FILE    also writes the drawing that belongs to the maps: flat/n.####.png
       --half            16-bit floats in OpenEXR files instead of 32-bit ones
       --exr map|signed  the normal map as the default layer of OpenEXR files, from 0 to 1 or from -1 to 1, instead of the
                         drawing with the map in layers

@@ -136,6 +136,7 @@ std::vector<Row> rows()
         {{s("o"), s("output")}, true, text(&Options::output)},
         {{s("preview")}, true, text(&Options::preview)},
         {{s("lit")}, true, text(&Options::lit)},
+        {{s("drawing")}, true, text(&Options::drawing)},
         {{s("light")},
          true,
          [](Options& o, const QString& option, const QString& value) {
@@ -202,7 +203,7 @@ UT_Result<RenderOptions> parseRenderOptions(const QStringList& words)
     if (scenes.size() != 1)
         return missing(scenes.isEmpty() ? "which scene?" : "one scene at a time is rendered");
     options.scene = scenes.first();
-    if (options.output.isEmpty() && options.preview.isEmpty() && options.lit.isEmpty())
+    if (options.output.isEmpty() && options.preview.isEmpty() && options.lit.isEmpty() && options.drawing.isEmpty())
         return missing("where do the frames go?");
     return options;
 }

@@ -23,6 +23,7 @@ struct RenderOptions
     QString output;
     QString preview; ///< empty: none is made
     QString lit;     ///< empty: none are written
+    QString drawing; ///< the same
     QString frames;  ///< empty: all of the scene
     QString node;    ///< empty: the scene's output
 

@@ -78,7 +78,7 @@ void writeModule(const MO_Module& module, Bytes& out)
 void writeSettings(const RenderFramesSettings& settings, Bytes& out)
 {
     const auto& [format, resolution, margins] = settings.parameters;
-    out << format << resolution.first << resolution.second << settings.lit;
+    out << format << resolution.first << resolution.second << static_cast<int>(settings.content);
     out << margins.left << margins.top << margins.right << margins.bottom;
     const auto& [source, shown, layout, form, elevation, floatFile, floatRender, half, exr, scene, node] =
         settings.picture;
@@ -129,7 +129,7 @@ QByteArray FrameDigests::of(double frame)
     QByteArray bytes = _allFrames;
     {
         Bytes out(bytes);
-        if (_settings.lit)
+        if (_settings.content == FrameContent::LIT)
             writeLighting(_settings.lighting ? *_settings.lighting : sceneLighting(_shown, frame), out);
         ValueWriter writer(out, frame);
         _scene->truckFactorAttr().accept(writer);

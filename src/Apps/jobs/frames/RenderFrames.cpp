@@ -157,11 +157,14 @@ private:
             show(index, 0.95 * done);
             return !stop();
         };
-        const ShownParts parts = _settings.lit ? ShownParts{.drawing = true} : partsOf(_settings.picture);
+        if (_settings.content == FrameContent::DRAWING)
+            return drawingPicture(number, goOn);
+        const bool isLit = _settings.content == FrameContent::LIT;
+        const ShownParts parts = isLit ? ShownParts{.drawing = true} : partsOf(_settings.picture);
         const auto frame = _shown.render(number, _settings.parameters, parts, goOn);
         if (!frame)
             return frame.error();
-        if (_settings.lit)
+        if (isLit)
             return litPicture(*frame, number);
         return framePicture(*frame->picture, frame->drawing.get(), frame->window, _settings.picture, number);
     }
@@ -180,10 +183,18 @@ private:
         return picture;
     }
 
+    UT_Result<IIO_Picture> drawingPicture(int number, const RD_SoftRenderer::Progress& goOn) const
+    {
+        const auto drawing = _shown.renderDrawing(number, _settings.parameters, goOn);
+        if (!drawing)
+            return drawing.error();
+        return framePicture(**drawing, nullptr, RD_RenderJob(_settings.parameters).frame(), _settings.picture, number);
+    }
+
     IIO_Metadata metadataOf(int number) const
     {
         IIO_Metadata metadata = frameMetadata(_settings.picture, number);
-        if (!_settings.lit)
+        if (_settings.content != FrameContent::LIT)
             return metadata;
         metadata.set(QStringLiteral("Layout"), QStringLiteral("lit"));
         metadata.set(QStringLiteral("Light"), _settings.lightNote);

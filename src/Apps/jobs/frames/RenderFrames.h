@@ -15,16 +15,24 @@
 #include <optional>
 #include <vector>
 
+/// What the files of a run hold.
+enum class FrameContent
+{
+    PICTURE, ///< the module's picture, as FramePictureSettings says
+    LIT,     ///< the drawing in light (16 bits, sRGB)
+    DRAWING  ///< the drawing that the module works on, as FramePictureSettings writes colours
+};
+
 /// What is rendered, and how.
 struct RenderFramesSettings
 {
     std::vector<int> frames;
     RD_RenderParameters parameters;
     FramePictureSettings picture;
-    /// Whether the frames are written lit (16 bits, sRGB) instead of as the picture says.
-    bool lit = false;
+    FrameContent content = FrameContent::PICTURE;
     std::optional<NM_LightingSettings> lighting; ///< for lit frames; nothing: the scene's own
-    QString lightNote;                           ///< what the files of lit frames say of the light
+    /// What the files of lit frames say of the light.
+    QString lightNote = QStringLiteral("of the scene");
     FrameFileName file;
     int atOnce = 1; ///< the largest number of frames that are rendered at the same time
     /// Whether to skip frames whose file is complete and contains the frame's digest.

@@ -3,6 +3,7 @@
 // One function for each kind of picture.
 #include "jobs/shown/FramePicture.h"
 
+#include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelNormalMap/NM_DrawingPicture.h"
 #include "QuarvelNormalMap/NM_Layers.h"
 #include "QuarvelNormalMap/NM_LinearPicture.h"
@@ -119,6 +120,23 @@ bool needsElevationInBlue(const FramePictureSettings& settings)
     if (settings.source != RenderedKind::NORMALS)
         return false;
     return settings.shown == RenderedKind::ELEVATION || (settings.shown == RenderedKind::NORMALS && asLayers(settings));
+}
+
+FramePictureSettings litPictureSettings(FramePictureSettings settings)
+{
+    settings.shown = RenderedKind::COLOURS;
+    settings.floatFile = false;
+    settings.half = false;
+    return settings;
+}
+
+FramePictureSettings drawingPictureSettings(FramePictureSettings settings, const QString& file)
+{
+    settings.shown = RenderedKind::COLOURS;
+    settings.floatFile = IIO_isFloatFile(file);
+    settings.half = settings.half && settings.floatFile;
+    settings.form.pad = 0;
+    return settings;
 }
 
 ShownParts partsOf(const FramePictureSettings& settings)

@@ -43,6 +43,11 @@ struct FramePictureSettings
 /// Whether the node must put the elevation into blue for these pictures.
 bool needsElevationInBlue(const FramePictureSettings& settings);
 
+/// The same for the frames that are written lit, as PNG files.
+FramePictureSettings litPictureSettings(FramePictureSettings settings);
+/// The same for the drawing, which gets no padding: it is what vectors are looked up for, not a map.
+FramePictureSettings drawingPictureSettings(FramePictureSettings settings, const QString& file);
+
 /// What such pictures are made of.
 ShownParts partsOf(const FramePictureSettings& settings);
 

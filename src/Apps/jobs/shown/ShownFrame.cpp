@@ -107,6 +107,14 @@ UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderChannels(double frame
     return renderNode(frame, parameters, {}, progress);
 }
 
+UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderDrawing(double frame, const RD_RenderParameters& parameters,
+                                                                   const RD_SoftRenderer::Progress& progress) const
+{
+    if (_source.kind == RenderedKind::COLOURS)
+        return renderNode(frame, parameters, {}, progress);
+    return renderModule(*drawing()->module, frame, parameters, progress);
+}
+
 UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderNode(double frame, const RD_RenderParameters& parameters,
                                                                 const Change& wanted,
                                                                 const RD_SoftRenderer::Progress& progress) const

@@ -87,6 +87,10 @@ public:
     UT_Result<UT_SharedPtr<CEL_PixmapArea>> renderChannels(double frame, const RD_RenderParameters& parameters,
                                                            const RD_SoftRenderer::Progress& progress = {}) const;
 
+    /// Renders the drawing that belongs to the picture alone, with associated colours.
+    UT_Result<UT_SharedPtr<CEL_PixmapArea>> renderDrawing(double frame, const RD_RenderParameters& parameters,
+                                                          const RD_SoftRenderer::Progress& progress = {}) const;
+
 private:
     /// A copy of the scene, and the module in it.
     struct Copy

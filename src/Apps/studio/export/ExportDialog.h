@@ -1,11 +1,17 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ExportDialog: frames into picture files: which, what of them, in which form and where.
+// ExportDialog: frames into picture files: which, which pictures of them, for which program, in which form and where.
+// It proposes what was chosen last, with the drawing's own size, folder and name, so that Enter exports.
 #pragma once
 
 #include "studio/export/ExportJob.h"
+#include "studio/export/ExportMemory.h"
 
 #include <QDialog>
+
+#include <map>
+#include <memory>
+#include <optional>
 
 class QCheckBox;
 class QComboBox;
@@ -14,20 +20,33 @@ class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QProgressBar;
+class QPushButton;
 class QSpinBox;
+
+/// Where a drawing came from, for the names of what is made of it.
+struct ExportOrigin
+{
+    QString name;      ///< the files' names begin with it
+    QString folder;    ///< of the drawing
+    QString sceneName; ///< noted in the files; for a saved scene its folder's name
+};
 
 class ExportDialog : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// @param name what the files are called unless the person writes something else
-    ExportDialog(const MO_Scene& scene, const QString& name, const QString& folder, QWidget* parent = nullptr);
+    ExportDialog(const MO_Scene& scene, const ExportOrigin& origin, QWidget* parent = nullptr);
 
     /// What the dialog says now.
     ExportChoices choices() const;
+    /// Sets the fields to what was chosen before.
+    void setChoices(const ExportChoices& choices);
+    /// What the last export wrote; nothing when there was none.
+    const std::optional<ExportChoices>& exported() const { return _exported; }
     /// What the dialog tells under its fields.
     QString message() const;
+    bool isRunning() const { return _job != nullptr; }
 
     /// Does what the button "Export" does.
     void begin();
@@ -36,31 +55,54 @@ public:
 
 private:
     void addWhat(QFormLayout& form);
+    void addPictures(QFormLayout& form);
+    void addTarget(QFormLayout& form);
     void addForm(QFormLayout& form);
-    void addWhere(QFormLayout& form, const QString& folder);
+    void addWhere(QFormLayout& form);
+    void addButtons();
+    void connectFields();
+    void takeMemory();
+    ExportMemory memory() const;
     void nodeChanged();
+    void formatChanged();
+    void picturesChanged();
+    void takeTarget();
+    void forgetTarget();
+    void takeForm(const NM_MapForm& form, bool exr, bool half);
+    QString mapSuffix() const;
+    QList<ExportPicture> pictures() const;
     void update();
     void chooseFolder();
-    void ended(const RenderFramesResult& result);
+    /// Whether nothing is replaced, or the person agrees to it.
+    bool mayReplace();
+    void setRunning(bool running);
+    void ended();
 
     const MO_Scene& _scene;
-    QString _name;
+    ExportOrigin _origin;
     std::unique_ptr<ExportJob> _job;
+    std::optional<ExportChoices> _exported;
+    ExportPicture _named = ExportPicture::MAP; // the picture that the file's name is for
+    bool _takesTarget = false;                 // the fields are being set by the target
 
     QWidget* _fields;
     QComboBox* _node = nullptr;
+    std::map<ExportPicture, QCheckBox*> _pictures;
     QLineEdit* _frames = nullptr;
-    QComboBox* _shown = nullptr;
     QSpinBox* _width = nullptr;
     QLabel* _size = nullptr;
+    QComboBox* _target = nullptr;
     QComboBox* _format = nullptr;
     QComboBox* _layout = nullptr;
     QComboBox* _yAxis = nullptr;
-    QCheckBox* _float = nullptr;
+    QComboBox* _alpha = nullptr;
     QSpinBox* _pad = nullptr;
+    QCheckBox* _float = nullptr;
     QLineEdit* _folder = nullptr;
     QLineEdit* _file = nullptr;
+    QLabel* _files = nullptr;
     QLabel* _message = nullptr;
     QProgressBar* _progress = nullptr;
     QDialogButtonBox* _buttons = nullptr;
+    QPushButton* _start = nullptr;
 };

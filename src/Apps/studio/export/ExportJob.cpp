@@ -1,53 +1,23 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Everything is checked before the thread begins, so that what does not fit is said in the dialog.
+// One kind of picture is written after the other. All that the thread finds out reaches the object by its event loop,
+// in order, so that the object's members belong to its thread alone.
 #include "studio/export/ExportJob.h"
-
-#include "QuarvelImageIO/IIO_PictureFile.h"
-#include "QuarvelSceneCore/graph/MO_SceneCopy.h"
-#include "jobs/frames/FrameRange.h"
-#include "jobs/frames/RenderMemory.h"
-#include "jobs/limits/JobLimits.h"
-#include "jobs/shown/ShownMemory.h"
 
 #include <QFileInfo>
 #include <QThread>
 
-#include <cmath>
-
 namespace {
 
-FramePictureSettings pictureOf(const ExportChoices& choices, RenderedKind source)
+// The names of files without their folder; of many the first and the last.
+QString namesOf(const QStringList& files)
 {
-    FramePictureSettings picture;
-    picture.source = source;
-    picture.shown = choices.shown;
-    picture.layout = choices.layout;
-    picture.form.yAxis = choices.yAxis;
-    picture.form.pad = choices.pad;
-    picture.floatFile = IIO_isFloatFile(choices.file);
-    picture.half = choices.half;
-    picture.scene = choices.sceneName;
-    picture.node = choices.node;
-    picture.elevation = needsElevationInBlue(picture);
-    return picture;
-}
-
-UT_Result<std::vector<int>> framesOf(const MO_Scene& scene, const QString& text)
-{
-    const int first = scene.firstFrame();
-    const int last = scene.lastFrame();
-    const auto range =
-        text.trimmed().isEmpty() ? UT_Result<FrameRange>(FrameRange::all(first, last)) : FrameRange::parse(text);
-    if (!range)
-        return range.error();
-    const auto list = range->within(first, last);
-    if (!list)
-        return list.error();
-    if (list->frames.empty())
-        return UT_Error{
-            ExportJob::tr("None of these frames is in the scene, which has the frames %1 to %2.").arg(first).arg(last)};
-    return list->frames;
+    constexpr qsizetype kMost = 6;
+    QStringList names;
+    for (const QString& file : files)
+        names << QFileInfo(file).fileName();
+    return names.size() <= kMost ? names.join(QStringLiteral(", "))
+                                 : names.first() + QStringLiteral(" ... ") + names.last();
 }
 
 } // namespace
@@ -64,62 +34,81 @@ ExportJob::~ExportJob()
 
 UT_Result<void> ExportJob::start(const MO_Scene& scene, const ExportChoices& choices)
 {
-    const auto frames = framesOf(scene, choices.frames);
-    if (!frames)
-        return frames.error();
-    _settings.frames = *frames;
-    const int height =
-        std::max(1, static_cast<int>(std::lround(choices.width * scene.frameHeight() / MO_SceneCommon::kFrameWidth)));
-    _settings.parameters = {choices.floatRender ? RD_RenderParameters::IMAGE_PROCESSING_FLOAT
-                                                : RD_RenderParameters::IMAGE_PROCESSING_16BIT,
-                            {choices.width, height}};
-    const auto file = FrameFileName::parse(choices.file);
-    if (!file)
-        return file.error();
-    if (!file->hasNumber() && _settings.frames.size() > 1)
-        return UT_Error{
-            tr("%1 would be written over by every frame; write %2.")
-                .arg(QFileInfo(choices.file).fileName(), QFileInfo(FrameFileName::proposal(choices.file)).fileName())};
-    _settings.file = *file;
-    _scene = MO_copyScene(scene);
-    MO_Module* const module = _scene->findModule(choices.node);
-    if (!module)
-        return UT_Error{tr("There is no node \"%1\" any more.").arg(choices.node)};
-    _shown = std::make_unique<ShownModule>(*module);
-    _settings.picture = pictureOf(choices, _shown->kind());
-    _settings.picture.floatRender =
-        _shown->usedFor(_settings.parameters, partsOf(_settings.picture)).celFormat() == CEL_FORMAT_RGBAFLOAT;
-    // One at a time leaves the window a core to answer on.
-    const double needed = shownFrameBytes(*_shown, _settings.frames, _settings.parameters, partsOf(_settings.picture));
-    const auto atOnce = framesAtOnce(1, _settings.parameters, needed, jobLimits().memory / 2.0);
-    if (!atOnce)
-        return atOnce.error();
-    _settings.atOnce = *atOnce;
-
-    RenderFramesWatcher watcher;
-    watcher.stop = [this] { return _stop.load(); };
-    watcher.progress = [this](double done) {
-        QMetaObject::invokeMethod(
-            this, [this, done] { Q_EMIT progressed(done); }, Qt::QueuedConnection);
-    };
-    watcher.ended = [this](int frame, FrameEnd end, const QString& reason) {
-        if (end == FrameEnd::FAILED)
-            QMetaObject::invokeMethod(
-                this, [this, frame, reason] { _failures << tr("Frame %1: %2").arg(frame).arg(reason); },
-                Qt::QueuedConnection);
-    };
-    _thread = QThread::create([this, watcher] {
-        const RenderFramesResult result = renderFrames(*_shown, _settings, watcher);
-        QMetaObject::invokeMethod(
-            this, [this, result] { finish(result); }, Qt::QueuedConnection);
-    });
+    UT_Result<ExportPlan> plan = ExportPlan::of(scene, choices);
+    if (!plan)
+        return plan.error();
+    _plan = std::move(*plan);
+    _thread = QThread::create([this] { run(); });
     _thread->start();
     return {};
 }
 
-void ExportJob::finish(const RenderFramesResult& result)
+int ExportJob::pictureCount() const
+{
+    std::size_t count = 0;
+    for (const RenderFramesSettings& run : _plan.runs)
+        count += run.frames.size();
+    return static_cast<int>(count);
+}
+
+void ExportJob::run()
+{
+    bool stopped = false;
+    int failed = 0;
+    for (std::size_t i = 0; i < _plan.runs.size() && !stopped; ++i) {
+        const RenderFramesResult result = renderFrames(*_plan.shown, _plan.runs[i], watcherOf(i));
+        stopped = result.stopped;
+        failed += result.failed;
+    }
+    QMetaObject::invokeMethod(
+        this,
+        [this, stopped, failed] {
+            _stopped = stopped;
+            _failed = failed;
+            finish();
+        },
+        Qt::QueuedConnection);
+}
+
+RenderFramesWatcher ExportJob::watcherOf(std::size_t run)
+{
+    const double runs = static_cast<double>(_plan.runs.size());
+    RenderFramesWatcher watcher;
+    watcher.stop = [this] { return _stop.load(); };
+    watcher.progress = [this, run, runs](double done) {
+        const double share = (static_cast<double>(run) + done) / runs;
+        QMetaObject::invokeMethod(
+            this, [this, share] { Q_EMIT progressed(share); }, Qt::QueuedConnection);
+    };
+    watcher.ended = [this, file = _plan.runs[run].file](int frame, FrameEnd end, const QString& reason) {
+        QMetaObject::invokeMethod(
+            this,
+            [this, file = file.of(frame), frame, end, reason] {
+                if (end == FrameEnd::FAILED)
+                    _failures << tr("Frame %1: %2").arg(frame).arg(reason);
+                else
+                    _written << file;
+            },
+            Qt::QueuedConnection);
+    };
+    return watcher;
+}
+
+QString ExportJob::report() const
+{
+    QString text = tr("%n picture(s) written.", nullptr, static_cast<int>(_written.size()));
+    if (_stopped)
+        text = _written.isEmpty() ? tr("Stopped; nothing was written.")
+                                  : tr("Stopped; these files are complete: %1").arg(namesOf(_written));
+    if (_failed > 0)
+        text +=
+            QLatin1Char(' ') + tr("%n picture(s) failed.", nullptr, _failed) + QLatin1Char('\n') + _failures.value(0);
+    return text;
+}
+
+void ExportJob::finish()
 {
     _thread->wait();
     delete std::exchange(_thread, nullptr);
-    Q_EMIT ended(result);
+    Q_EMIT ended();
 }

@@ -3,32 +3,13 @@
 // ExportJob: renders frames of a scene into files in the background, with the code that the command line uses.
 #pragma once
 
-#include "QuarvelSceneCore/graph/MO_Scene.h"
-#include "jobs/frames/RenderFrames.h"
+#include "studio/export/ExportPlan.h"
 
 #include <QObject>
-#include <QStringList>
 
 #include <atomic>
-#include <memory>
 
 class QThread;
-
-/// What a person chose for an export.
-struct ExportChoices
-{
-    QString node;     ///< the module whose picture is written
-    QString frames;   ///< as a person writes a range; empty: all
-    int width = 1920; ///< of the pictures, in pixels
-    RenderedKind shown = RenderedKind::NORMALS;
-    NM_Layout layout = NM_Layout::TANGENT;
-    NM_YAxis yAxis = NM_YAxis::UP;
-    bool floatRender = false;
-    bool half = false;
-    int pad = 0;
-    QString file; ///< with the place of the frame's number, as in FrameFileName
-    QString sceneName;
-};
 
 /// One export. Start it once.
 class ExportJob : public QObject
@@ -44,25 +25,32 @@ public:
     ///
     /// @return an error, and nothing has begun, when the choices do not fit the scene
     UT_Result<void> start(const MO_Scene& scene, const ExportChoices& choices);
-    /// Frames that are being written are finished.
+    /// Files that are being written are finished; the others stay as they are.
     void stop() { _stop = true; }
 
-    /// How many frames were asked for.
-    int frameCount() const { return static_cast<int>(_settings.frames.size()); }
-    /// What went wrong with single frames, a line each.
-    const QStringList& failures() const { return _failures; }
+    /// How many pictures were asked for.
+    int pictureCount() const;
+    /// The files that were written, each of them complete.
+    const QStringList& written() const { return _written; }
+    /// Whether a picture failed or the job was stopped.
+    bool isIncomplete() const { return _stopped || _failed > 0; }
+    /// How the job ended, for people.
+    QString report() const;
 
 Q_SIGNALS:
     void progressed(double done);
-    void ended(const RenderFramesResult& result);
+    void ended();
 
 private:
-    void finish(const RenderFramesResult& result);
+    void run();
+    RenderFramesWatcher watcherOf(std::size_t run);
+    void finish();
 
-    std::unique_ptr<MO_Scene> _scene;
-    std::unique_ptr<ShownModule> _shown;
-    RenderFramesSettings _settings;
-    QStringList _failures;
+    ExportPlan _plan;
+    QStringList _written;
+    QStringList _failures; ///< a line for each of them
+    int _failed = 0;
+    bool _stopped = false;
     std::atomic<bool> _stop = false;
     QThread* _thread = nullptr;
 };

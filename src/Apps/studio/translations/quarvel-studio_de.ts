@@ -204,6 +204,13 @@
     </message>
 </context>
 <context>
+    <name>BusyBar</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
     <name>ElementsView</name>
     <message>
         <source>Show at Frame</source>
@@ -257,18 +264,6 @@
         <translation>K&amp;noten</translation>
     </message>
     <message>
-        <source>Whose picture is written</source>
-        <translation>Wessen Bild geschrieben wird</translation>
-    </message>
-    <message>
-        <source>&amp;Picture</source>
-        <translation>&amp;Bild</translation>
-    </message>
-    <message>
-        <source>What is written of it</source>
-        <translation>Was davon geschrieben wird</translation>
-    </message>
-    <message>
         <source>&amp;Frames</source>
         <translation>Bi&amp;lder</translation>
     </message>
@@ -301,14 +296,6 @@
         <translation>OpenEXR, 16-Bit-Gleitkomma</translation>
     </message>
     <message>
-        <source>F&amp;ormat</source>
-        <translation>F&amp;ormat</translation>
-    </message>
-    <message>
-        <source>OpenEXR holds normals, elevation and coverage as layers of one file</source>
-        <translation>OpenEXR enthält Normalen, Höhe und Deckung als Ebenen einer Datei</translation>
-    </message>
-    <message>
         <source>Tangent space, for engines and compositors</source>
         <translation>Tangentenraum, für Engines und Compositing</translation>
     </message>
@@ -339,10 +326,6 @@
     <message>
         <source>Which way the normals&apos; y axis points; engines differ</source>
         <translation>Wohin die Y-Achse der Normalen zeigt; Engines unterscheiden sich darin</translation>
-    </message>
-    <message>
-        <source>Pa&amp;dding</source>
-        <translation>&amp;Randzugabe</translation>
     </message>
     <message>
         <source>How far colours grow past the silhouette, so that filtered edges stay clean</source>
@@ -381,18 +364,6 @@
         <translation>#### steht für die Bildnummer</translation>
     </message>
     <message>
-        <source>Normal map</source>
-        <translation>Normal-Map</translation>
-    </message>
-    <message>
-        <source>Elevation</source>
-        <translation>Höhe</translation>
-    </message>
-    <message>
-        <source>Colours</source>
-        <translation>Farben</translation>
-    </message>
-    <message>
         <source>x %1</source>
         <translation>× %1</translation>
     </message>
@@ -400,34 +371,9 @@
         <source>Folder for the Pictures</source>
         <translation>Ordner für die Bilder</translation>
     </message>
-    <message numerus="yes">
-        <source>Rendering %n frame(s)...</source>
-        <translation>
-            <numerusform>%n Bild wird gerendert …</numerusform>
-            <numerusform>%n Bilder werden gerendert …</numerusform>
-        </translation>
-    </message>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n picture(s) written.</source>
-        <translation>
-            <numerusform>%n Bild geschrieben.</numerusform>
-            <numerusform>%n Bilder geschrieben.</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Stopped before the end.</source>
-        <translation>Vorzeitig angehalten.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n frame(s) failed.</source>
-        <translation>
-            <numerusform>%n Bild ist fehlgeschlagen.</numerusform>
-            <numerusform>%n Bilder sind fehlgeschlagen.</numerusform>
-        </translation>
     </message>
     <message>
         <source>Close</source>
@@ -437,9 +383,152 @@
         <source>Stopping...</source>
         <translation>Wird angehalten …</translation>
     </message>
+    <message>
+        <source>Whose pictures are written</source>
+        <translation>Wessen Bilder geschrieben werden</translation>
+    </message>
+    <message>
+        <source>N&amp;ormal map</source>
+        <translation>N&amp;ormalen-Map</translation>
+    </message>
+    <message>
+        <source>Which way the surface faces</source>
+        <translation>Wohin die Oberfläche zeigt</translation>
+    </message>
+    <message>
+        <source>Ele&amp;vation</source>
+        <translation>Hö&amp;henkarte</translation>
+    </message>
+    <message>
+        <source>How high the surface is: white is highest</source>
+        <translation>Wie hoch die Oberfläche ist: Weiß ist am höchsten</translation>
+    </message>
+    <message>
+        <source>L&amp;it drawing</source>
+        <translation>&amp;Beleuchtete Zeichnung</translation>
+    </message>
+    <message>
+        <source>The drawing in the scene&apos;s light, as PNG</source>
+        <translation>Die Zeichnung im Licht der Szene, als PNG</translation>
+    </message>
+    <message>
+        <source>&amp;Drawing</source>
+        <translation>&amp;Zeichnung</translation>
+    </message>
+    <message>
+        <source>The drawing in the size of the map</source>
+        <translation>Die Zeichnung in der Größe der Map</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>Most programs</source>
+        <translation>Die meisten Programme</translation>
+    </message>
+    <message>
+        <source>As set below</source>
+        <translation>Wie unten eingestellt</translation>
+    </message>
+    <message>
+        <source>Tar&amp;get</source>
+        <translation>Z&amp;iel</translation>
+    </message>
+    <message>
+        <source>Sets format, orientation, alpha, padding and name as the program wants them</source>
+        <translation>Setzt Format, Ausrichtung, Alpha, Rand und Namen, wie das Programm sie erwartet</translation>
+    </message>
+    <message>
+        <source>PNG, 8 bits a channel, dithered</source>
+        <translation>PNG, 8 Bit je Kanal, gerastert</translation>
+    </message>
+    <message>
+        <source>Forma&amp;t</source>
+        <translation>Forma&amp;t</translation>
+    </message>
+    <message>
+        <source>OpenEXR holds the drawing, normals, elevation and coverage as layers of one file</source>
+        <translation>OpenEXR enthält Zeichnung, Normalen, Höhe und Deckung als Ebenen einer Datei</translation>
+    </message>
+    <message>
+        <source>Opaque: no engine bends the vectors at edges</source>
+        <translation>Deckend: keine Engine verbiegt die Vektoren an Kanten</translation>
+    </message>
+    <message>
+        <source>Coverage: how much of a pixel is covered</source>
+        <translation>Deckung: wie viel eines Pixels bedeckt ist</translation>
+    </message>
+    <message>
+        <source>Hard: opaque where anything is covered</source>
+        <translation>Hart: deckend, wo etwas bedeckt ist</translation>
+    </message>
+    <message>
+        <source>&amp;Alpha</source>
+        <translation>&amp;Alpha</translation>
+    </message>
+    <message>
+        <source>What the alpha of the normal map holds</source>
+        <translation>Was das Alpha der Normalen-Map enthält</translation>
+    </message>
+    <message>
+        <source>&amp;Padding</source>
+        <translation>&amp;Rand</translation>
+    </message>
+    <message>
+        <source>Writes</source>
+        <translation>Schreibt</translation>
+    </message>
+    <message>
+        <source>%1 exists already. Replace it?</source>
+        <translation>%1 gibt es schon. Ersetzen?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) exist already. Replace them?</source>
+        <translation>
+            <numerusform>%n Datei gibt es schon. Ersetzen?</numerusform>
+            <numerusform>%n Dateien gibt es schon. Ersetzen?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Rendering %n picture(s)...</source>
+        <translation>
+            <numerusform>%n Bild wird berechnet …</numerusform>
+            <numerusform>%n Bilder werden berechnet …</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ExportJob</name>
+    <message>
+        <source>Frame %1: %2</source>
+        <translation>Bild %1: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n picture(s) written.</source>
+        <translation>
+            <numerusform>%n Bild geschrieben.</numerusform>
+            <numerusform>%n Bilder geschrieben.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Stopped; nothing was written.</source>
+        <translation>Angehalten; nichts wurde geschrieben.</translation>
+    </message>
+    <message>
+        <source>Stopped; these files are complete: %1</source>
+        <translation>Angehalten; diese Dateien sind vollständig: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n picture(s) failed.</source>
+        <translation>
+            <numerusform>%n Bild ist misslungen.</numerusform>
+            <numerusform>%n Bilder sind misslungen.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ExportPlan</name>
     <message>
         <source>None of these frames is in the scene, which has the frames %1 to %2.</source>
         <translation>Keines dieser Bilder liegt in der Szene; sie hat die Bilder %1 bis %2.</translation>
@@ -449,12 +538,16 @@
         <translation>%1 würde von jedem Bild überschrieben; schreiben Sie %2.</translation>
     </message>
     <message>
+        <source>Nothing is chosen to be written; choose one of the pictures.</source>
+        <translation>Es ist nichts zum Schreiben gewählt; wählen Sie eines der Bilder.</translation>
+    </message>
+    <message>
         <source>There is no node &quot;%1&quot; any more.</source>
         <translation>Den Knoten „%1“ gibt es nicht mehr.</translation>
     </message>
     <message>
-        <source>Frame %1: %2</source>
-        <translation>Bild %1: %2</translation>
+        <source>The node &quot;%1&quot; does not make all of these pictures any more.</source>
+        <translation>Der Knoten „%1“ macht nicht mehr alle diese Bilder.</translation>
     </message>
 </context>
 <context>
@@ -1484,6 +1577,34 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <source>%1 cannot be shown behind the picture: %2</source>
         <translation>%1 lässt sich nicht hinter dem Bild zeigen: %2</translation>
     </message>
+    <message>
+        <source>Opening</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Gives up opening; what is open stays</source>
+        <translation>Bricht das Öffnen ab; was offen ist, bleibt</translation>
+    </message>
+    <message>
+        <source>Exporting</source>
+        <translation>Export</translation>
+    </message>
+    <message>
+        <source>Stops the export; files that are complete stay</source>
+        <translation>Hält den Export an; vollständige Dateien bleiben</translation>
+    </message>
+    <message>
+        <source>Re&amp;peat Last Export</source>
+        <translation>Letzten Export &amp;wiederholen</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+E</source>
+        <translation>Ctrl+Shift+E</translation>
+    </message>
+    <message>
+        <source>Exports as before, into the same files</source>
+        <translation>Exportiert wie zuvor, in dieselben Dateien</translation>
+    </message>
 </context>
 <context>
     <name>MessageBar</name>
@@ -1880,21 +2001,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>Objects</source>
         <translation>Objekte</translation>
-    </message>
-</context>
-<context>
-    <name>OpeningBar</name>
-    <message>
-        <source>Opening</source>
-        <translation>Öffnen</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
-    <message>
-        <source>Gives up opening; what is open stays</source>
-        <translation>Bricht das Öffnen ab; was offen ist, bleibt</translation>
     </message>
 </context>
 <context>

@@ -9,7 +9,6 @@
 #include "studio/objects/ObjectHands.h"
 #include "studio/preview/Viewer.h"
 #include "studio/window/MessageBar.h"
-#include "studio/window/OpeningBar.h"
 #include "studio/window/PixelReadOut.h"
 #include "studio/window/StartPage.h"
 #include "studio/window/StudioDocks.h"
@@ -32,6 +31,7 @@ MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
     , _objects(_document)
     , _renders(_document)
     , _files(_document)
+    , _lastExport(_document)
     , _autosave(_document, recoveryFolder.isEmpty() ? Autosave::defaultFolder() : recoveryFolder)
 {
     setObjectName(QStringLiteral("mainWindow"));
@@ -140,7 +140,7 @@ void MainWindow::makeStatusBar()
     _zoomLabel->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("6400 %")));
     _zoomLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     statusBar()->addWidget(_pixelLabel, 1);
-    statusBar()->addPermanentWidget(new OpeningBar(_files));
+    makeBusyBars();
     statusBar()->addPermanentWidget(_stateLabel);
     statusBar()->addPermanentWidget(_zoomLabel);
 }
@@ -214,6 +214,7 @@ void MainWindow::updateActions()
     for (QAction* const action : {_save, _saveAs})
         action->setEnabled(started && !_files.isBusy());
     _export->setEnabled(started && hasModules);
+    _repeatExport->setEnabled(started && hasModules);
     for (QAction* const action : {_fit, _actualSize, _zoomIn, _zoomOut})
         action->setEnabled(started);
     _pictures->setEnabled(started);

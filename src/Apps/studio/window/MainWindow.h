@@ -8,6 +8,7 @@
 #include "studio/document/RecentFiles.h"
 #include "studio/document/SceneFiles.h"
 #include "studio/document/StudioDocument.h"
+#include "studio/export/LastExport.h"
 #include "studio/objects/DocumentObjects.h"
 #include "studio/preview/LightModel.h"
 #include "studio/preview/PictureKind.h"
@@ -113,6 +114,9 @@ private:
     void openRecent(const QString& path);
     void opened(const OpenRequest& request, const QString& remarks);
     void exportFrames();
+    void repeatExport();
+    void makeBusyBars();
+    QString drawingFolder() const;
 
     // MainWindowEdit.cpp
     void deleteSelected();
@@ -125,6 +129,7 @@ private:
     RecentFiles _recent;
     RenderService _renders;
     SceneFiles _files;
+    LastExport _lastExport;
     Autosave _autosave;
 
     MessageBar* _messages = nullptr;
@@ -138,6 +143,7 @@ private:
     QLabel* _zoomLabel = nullptr;
     QList<std::pair<QAction*, QString>> _icons;
     QString _nameOfImport;
+    QString _folderOfImport;
     std::optional<QPoint> _hovered;
     QList<QDockWidget*> _hiddenDocks; // by the start page
 
@@ -148,6 +154,7 @@ private:
     QAction* _save = nullptr;
     QAction* _saveAs = nullptr;
     QAction* _export = nullptr;
+    QAction* _repeatExport = nullptr;
     QAction* _quit = nullptr;
     QAction* _undo = nullptr;
     QAction* _redo = nullptr;

@@ -4,6 +4,7 @@
 #include "studio/window/MainWindow.h"
 
 #include "studio/export/ExportDialog.h"
+#include "studio/window/BusyBar.h"
 #include "studio/window/MessageBar.h"
 
 #include <QCloseEvent>
@@ -16,6 +17,8 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
+#include <QStandardPaths>
+#include <QStatusBar>
 
 namespace {
 
@@ -66,6 +69,7 @@ void MainWindow::newScene()
     if (!confirmLeaving())
         return;
     _nameOfImport.clear();
+    _folderOfImport.clear();
     _messages->clear();
     _document.replaceScene(std::make_unique<MO_Scene>(), {}, false);
     showStart(false);
@@ -124,6 +128,7 @@ void MainWindow::opened(const OpenRequest& request, const QString& remarks)
     const bool isImport = request.scene.isEmpty();
     const QString path = isImport ? request.drawings.first() : request.scene;
     _nameOfImport = isImport ? QFileInfo(path).completeBaseName() : QString();
+    _folderOfImport = isImport ? QFileInfo(path).absolutePath() : QString();
     if (path != examplePath())
         _recent.add(path);
     if (!remarks.isEmpty())
@@ -185,13 +190,59 @@ bool MainWindow::saveTo(const QString& folder)
     return true;
 }
 
+// Where the drawing lies, else the scene; a place of the person's own where nothing can be written there.
+QString MainWindow::drawingFolder() const
+{
+    const QString& scene = _document.folder();
+    const QString folder = !_folderOfImport.isEmpty() ? _folderOfImport
+                           : scene.isEmpty()          ? QDir::homePath()
+                                                      : QFileInfo(scene).absolutePath();
+    return QFileInfo(folder).isWritable() ? folder : QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+}
+
 void MainWindow::exportFrames()
 {
-    const QString name = _document.folder().isEmpty() && !_nameOfImport.isEmpty() ? _nameOfImport : _document.title();
-    const QString beside =
-        _document.folder().isEmpty() ? QDir::homePath() : QFileInfo(_document.folder()).absolutePath();
-    ExportDialog dialog(_document.scene(), name, beside + QStringLiteral("/") + name + QStringLiteral("_frames"), this);
+    const QString& scene = _document.folder();
+    const QString name = scene.isEmpty() && !_nameOfImport.isEmpty() ? _nameOfImport : _document.title();
+    ExportOrigin origin{name, drawingFolder(), scene.isEmpty() ? name : QFileInfo(scene).fileName()};
+    if (_document.scene().firstFrame() != _document.scene().lastFrame())
+        origin.folder += QLatin1Char('/') + name + QStringLiteral("_frames");
+    ExportDialog dialog(_document.scene(), origin, this);
+    if (_lastExport.choices())
+        dialog.setChoices(*_lastExport.choices());
     dialog.exec();
+    if (dialog.exported())
+        _lastExport.setChoices(*dialog.exported());
+}
+
+void MainWindow::repeatExport()
+{
+    if (!_lastExport.choices())
+        return exportFrames();
+    _messages->clear();
+    _lastExport.repeat();
+}
+
+void MainWindow::makeBusyBars()
+{
+    auto* const opening =
+        new BusyBar(QStringLiteral("cancelOpening"), tr("Opening"), tr("Gives up opening; what is open stays"));
+    connect(opening, &BusyBar::cancelled, &_files, &SceneFiles::cancel);
+    connect(&_files, &SceneFiles::busyChanged, opening, [this, opening] { opening->setBusy(_files.isBusy()); });
+    connect(&_files, &SceneFiles::progressed, opening, &BusyBar::showProgress);
+    auto* const exporting = new BusyBar(QStringLiteral("cancelExport"), tr("Exporting"),
+                                        tr("Stops the export; files that are complete stay"));
+    connect(exporting, &BusyBar::cancelled, &_lastExport, &LastExport::stop);
+    connect(&_lastExport, &LastExport::runningChanged, exporting, &BusyBar::setBusy);
+    connect(&_lastExport, &LastExport::progressed, exporting, &BusyBar::showProgress);
+    connect(&_lastExport, &LastExport::ended, this, [this](const QString& report, bool isError) {
+        if (isError)
+            _messages->showError(report);
+        else
+            statusBar()->showMessage(report);
+    });
+    for (BusyBar* const bar : {opening, exporting})
+        statusBar()->addPermanentWidget(bar);
 }
 
 bool MainWindow::offerRecovery()
@@ -220,6 +271,7 @@ bool MainWindow::offerRecovery()
         }
         _document.setRecovered();
         _nameOfImport = left.savedAs.isEmpty() ? left.title : QString();
+        _folderOfImport.clear();
         showStart(false);
         _messages->showNotice(tr("Recovered \"%1\" as it was at %2. It is not saved yet.").arg(left.title, when));
         return true;

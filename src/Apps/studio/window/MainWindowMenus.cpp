@@ -56,6 +56,8 @@ void MainWindow::makeFileActions()
     _saveAs = makeAction({}, tr("Save &As..."), QKeySequence(tr("Ctrl+Shift+S")), tr("Saves the scene elsewhere"));
     _export = makeAction(QStringLiteral("export"), tr("&Export Frames..."), QKeySequence(tr("Ctrl+E")),
                          tr("Renders frames into picture files"));
+    _repeatExport = makeAction({}, tr("Re&peat Last Export"), QKeySequence(tr("Ctrl+Shift+E")),
+                               tr("Exports as before, into the same files"));
     _quit = makeAction({}, tr("&Quit"), QKeySequence(tr("Ctrl+Q")), tr("Closes the application"));
     _quit->setMenuRole(QAction::QuitRole);
     connect(_new, &QAction::triggered, this, &MainWindow::newScene);
@@ -65,6 +67,7 @@ void MainWindow::makeFileActions()
     connect(_save, &QAction::triggered, this, &MainWindow::save);
     connect(_saveAs, &QAction::triggered, this, &MainWindow::saveAs);
     connect(_export, &QAction::triggered, this, &MainWindow::exportFrames);
+    connect(_repeatExport, &QAction::triggered, this, &MainWindow::repeatExport);
     connect(_quit, &QAction::triggered, this, &MainWindow::close);
 }
 
@@ -160,7 +163,7 @@ void MainWindow::makeMenus()
     connect(&_recent, &RecentFiles::changed, this, &MainWindow::fillRecentMenu);
     fillRecentMenu();
     file->addSeparator();
-    file->addActions({_save, _saveAs, _export});
+    file->addActions({_save, _saveAs, _export, _repeatExport});
     file->addSeparator();
     file->addAction(_quit);
 

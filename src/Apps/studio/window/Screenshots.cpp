@@ -166,7 +166,8 @@ void takeAll(Shooting& shooting)
                                                "closed; repair the file or export it again"));
     shooting.take(window, QStringLiteral("error"));
     window.messages().clear();
-    ExportDialog dialog(window.document().scene(), QStringLiteral("hero"), QStringLiteral("/home/ada/hero_frames"));
+    ExportDialog dialog(window.document().scene(),
+                        {QStringLiteral("hero"), QStringLiteral("/home/ada/drawings"), QStringLiteral("hero")});
     dialog.adjustSize();
     shooting.take(dialog, QStringLiteral("export"));
     // Nothing is asked when the window goes.

@@ -143,7 +143,10 @@ TEST_F(RenderFramesTest, HaveOtherDigestsWhereTheSettingsChange)
     other.picture.form.pad = 3;
     EXPECT_NE(digest(1, other), digest(1, made));
     other = made;
-    other.lit = true;
+    other.content = FrameContent::DRAWING;
+    EXPECT_NE(digest(1, other), digest(1, made));
+    other = made;
+    other.content = FrameContent::LIT;
     other.lighting = NM_LightingSettings();
     const QByteArray lit = digest(1, other);
     EXPECT_NE(lit, digest(1, made));

@@ -1,0 +1,54 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// ExportChoices: what a person chose for an export, and the names of the files that follow from it. One file name is
+// chosen, that of the first picture; the files of the other pictures of a frame are named after it:
+//
+//     hero_n.png  hero_e.png  hero_lit.png  hero_drawing.png
+//     walk_N.####.exr  walk_e.####.exr  walk_lit.####.png
+#pragma once
+
+#include "QuarvelNormalMap/NM_MapForm.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+/// The pictures of a frame that can be written, in the order of their files.
+enum class ExportPicture
+{
+    MAP,       ///< normals
+    ELEVATION, ///< how high the surface is
+    LIT,       ///< the drawing in the scene's light
+    DRAWING    ///< the drawing, or the picture of a node that makes neither normals nor elevation
+};
+
+/// A plain value.
+struct ExportChoices
+{
+    QString node;                                         ///< the module whose pictures are written
+    QString frames;                                       ///< as a person writes a range; empty: all
+    int width = 1920;                                     ///< of the pictures, in pixels
+    QList<ExportPicture> pictures = {ExportPicture::MAP}; ///< in the order of ExportPicture, each once
+    NM_Layout layout = NM_Layout::TANGENT;
+    NM_MapForm form;
+    bool floatRender = false;
+    bool half = false; ///< 16-bit floats in OpenEXR files
+    QString file;      ///< of the first picture, with the place of the frame's number, as in FrameFileName
+    QString sceneName; ///< noted in the files
+
+    /// The file of one of the pictures, with the place of the frame's number. Lit pictures are for the eye and always
+    /// PNG files.
+    QString fileOf(ExportPicture picture) const;
+    /// The files of all pictures, in their order.
+    QStringList files() const;
+};
+
+/// What a picture's name adds to the drawing's: "_e" for elevation.
+///
+/// @param mapSuffix what a map's name adds; programs differ in it
+QString exportSuffix(ExportPicture picture, const QString& mapSuffix);
+
+/// The file with another end of its name: "walk_e.####.png" of "walk_n.####.png".
+///
+/// @param picture whose end stands there now; a name that ends otherwise only grows
+QString withExportSuffix(const QString& file, ExportPicture picture, const QString& suffix);

@@ -1,0 +1,30 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// ExportMemory: what a person chose in the export dialog last, kept in the application's settings: pictures, target and
+// form, and for each drawing's folder the one that its pictures went to. Size, frames and names belong to each drawing
+// and are proposed anew.
+#pragma once
+
+#include "QuarvelNormalMap/NM_MapForm.h"
+#include "studio/export/ExportChoices.h"
+
+/// What is remembered. A plain value.
+struct ExportMemory
+{
+    QList<ExportPicture> pictures = {ExportPicture::MAP};
+    QString target;     ///< as after --for; empty: no single program
+    bool asSet = false; ///< the form below was set by hand, for no target
+    NM_MapForm form;
+    NM_Layout layout = NM_Layout::TANGENT;
+    QString ending = QStringLiteral("png");
+    bool half = false;
+    bool floatRender = false;
+
+    /// What the settings hold; the proposals of a new installation where they hold nothing.
+    static ExportMemory load();
+    void store() const;
+
+    /// Where the pictures of drawings in a folder go: where the last ones of that folder went, else there.
+    static QString folderFor(const QString& drawings);
+    static void rememberFolder(const QString& drawings, const QString& pictures);
+};

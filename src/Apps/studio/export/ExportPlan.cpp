@@ -1,0 +1,208 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The settings of each run are those that "quarvel render" makes of the same words, so that the files are the same.
+#include "studio/export/ExportPlan.h"
+
+#include "QuarvelImageIO/IIO_PictureFile.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/graph/MO_SceneCopy.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "jobs/frames/FrameRange.h"
+#include "jobs/frames/RenderMemory.h"
+#include "jobs/limits/JobLimits.h"
+#include "jobs/shown/ShownMemory.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(ExportPlan)
+};
+
+UT_Result<std::vector<int>> framesOf(const MO_Scene& scene, const QString& text)
+{
+    const int first = scene.firstFrame();
+    const int last = scene.lastFrame();
+    const auto range =
+        text.trimmed().isEmpty() ? UT_Result<FrameRange>(FrameRange::all(first, last)) : FrameRange::parse(text);
+    if (!range)
+        return range.error();
+    const auto list = range->within(first, last);
+    if (!list)
+        return list.error();
+    if (list->frames.empty())
+        return UT_Error{
+            Texts::tr("None of these frames is in the scene, which has the frames %1 to %2.").arg(first).arg(last)};
+    return list->frames;
+}
+
+UT_Result<FrameFileName> nameOf(const QString& pattern, std::size_t frames)
+{
+    UT_Result<FrameFileName> file = FrameFileName::parse(pattern);
+    if (file && !file->hasNumber() && frames > 1)
+        return UT_Error{
+            Texts::tr("%1 would be written over by every frame; write %2.")
+                .arg(QFileInfo(pattern).fileName(), QFileInfo(FrameFileName::proposal(pattern)).fileName())};
+    return file;
+}
+
+RD_RenderParameters parametersOf(const MO_Scene& scene, const ExportChoices& choices)
+{
+    const int height =
+        std::max(1, static_cast<int>(std::lround(choices.width * scene.frameHeight() / MO_SceneCommon::kFrameWidth)));
+    return {choices.floatRender ? RD_RenderParameters::IMAGE_PROCESSING_FLOAT
+                                : RD_RenderParameters::IMAGE_PROCESSING_16BIT,
+            {choices.width, height}};
+}
+
+// The module's own picture, which the settings of the others are made of.
+FramePictureSettings ownPicture(const ExportChoices& choices, RenderedKind source)
+{
+    FramePictureSettings picture;
+    picture.source = source;
+    picture.shown = source;
+    picture.layout = choices.layout;
+    picture.form = choices.form;
+    picture.floatFile = IIO_isFloatFile(choices.file);
+    picture.half = choices.half;
+    picture.scene = choices.sceneName;
+    picture.node = choices.node;
+    return picture;
+}
+
+FramePictureSettings completed(FramePictureSettings picture, const ShownModule& shown,
+                               const RD_RenderParameters& parameters)
+{
+    picture.elevation = needsElevationInBlue(picture);
+    picture.floatRender = shown.usedFor(parameters, partsOf(picture)).celFormat() == CEL_FORMAT_RGBAFLOAT;
+    return picture;
+}
+
+// The content of a run and its picture.
+void setContent(RenderFramesSettings& run, ExportPicture picture, const ExportChoices& choices,
+                const ShownModule& shown)
+{
+    const FramePictureSettings own = ownPicture(choices, shown.kind());
+    const FramePictureSettings base = completed(own, shown, run.parameters);
+    switch (picture) {
+    case ExportPicture::MAP:
+        run.picture = base;
+        return;
+    case ExportPicture::ELEVATION:
+        run.picture = own;
+        run.picture.shown = RenderedKind::ELEVATION;
+        run.picture = completed(run.picture, shown, run.parameters);
+        return;
+    case ExportPicture::LIT:
+        run.content = FrameContent::LIT;
+        run.picture = litPictureSettings(base);
+        return;
+    case ExportPicture::DRAWING:
+        if (shown.kind() == RenderedKind::COLOURS) {
+            run.picture = base;
+            return;
+        }
+        run.content = FrameContent::DRAWING;
+        run.picture = drawingPictureSettings(base, choices.fileOf(picture));
+        return;
+    }
+}
+
+ShownParts partsOfRun(const RenderFramesSettings& run)
+{
+    ShownParts parts = partsOf(run.picture);
+    parts.drawing = parts.drawing || run.content != FrameContent::PICTURE;
+    return parts;
+}
+
+} // namespace
+
+QList<ExportPicture> exportPicturesOf(RenderedKind kind)
+{
+    switch (kind) {
+    case RenderedKind::NORMALS:
+        return {ExportPicture::MAP, ExportPicture::ELEVATION, ExportPicture::LIT, ExportPicture::DRAWING};
+    case RenderedKind::ELEVATION:
+        return {ExportPicture::ELEVATION, ExportPicture::DRAWING};
+    case RenderedKind::COLOURS:
+        break;
+    }
+    return {ExportPicture::DRAWING};
+}
+
+QStringList filesToReplace(const MO_Scene& scene, const ExportChoices& choices)
+{
+    const auto frames = framesOf(scene, choices.frames);
+    if (!frames)
+        return {};
+    QStringList there;
+    for (const QString& pattern : choices.files()) {
+        const auto name = FrameFileName::parse(pattern);
+        if (!name)
+            return {};
+        for (const int frame : *frames)
+            if (const QString file = name->of(frame); QFileInfo::exists(file) && !there.contains(file))
+                there << file;
+    }
+    return there;
+}
+
+int ownWidth(const MO_Scene& scene)
+{
+    constexpr int kUsual = 1920;
+    double scale = 0.0;
+    bool same = true;
+    scene.root().forEachModule([&](const MO_Module& module) {
+        const auto* const element = dynamic_cast<const MO_ElementModule*>(&module);
+        if (!element)
+            return;
+        const double own = element->scaleX()->value(scene.firstFrame());
+        same = same && (scale == 0.0 || own == scale);
+        scale = own;
+    });
+    const double width = same && scale > 0.0 ? MO_SceneCommon::kFrameWidth / scale : kUsual;
+    return width >= 1.0 && width <= RD_RenderParameters::kMaxResolution ? static_cast<int>(std::lround(width)) : kUsual;
+}
+
+UT_Result<ExportPlan> ExportPlan::of(const MO_Scene& scene, const ExportChoices& choices)
+{
+    const auto frames = framesOf(scene, choices.frames);
+    if (!frames)
+        return frames.error();
+    if (choices.pictures.isEmpty())
+        return UT_Error{Texts::tr("Nothing is chosen to be written; choose one of the pictures.")};
+    ExportPlan plan;
+    plan.scene = MO_copyScene(scene);
+    MO_Module* const module = plan.scene->findModule(choices.node);
+    if (!module)
+        return UT_Error{Texts::tr("There is no node \"%1\" any more.").arg(choices.node)};
+    plan.shown = std::make_unique<ShownModule>(*module);
+    const QList<ExportPicture> known = exportPicturesOf(plan.shown->kind());
+    for (const ExportPicture picture : choices.pictures) {
+        if (!known.contains(picture))
+            return UT_Error{
+                Texts::tr("The node \"%1\" does not make all of these pictures any more.").arg(choices.node)};
+        const auto file = nameOf(choices.fileOf(picture), frames->size());
+        if (!file)
+            return file.error();
+        RenderFramesSettings run;
+        run.frames = *frames;
+        run.file = *file;
+        run.parameters = parametersOf(scene, choices);
+        setContent(run, picture, choices, *plan.shown);
+        // One at a time leaves the window a core to answer on.
+        const double needed = shownFrameBytes(*plan.shown, run.frames, run.parameters, partsOfRun(run));
+        const auto atOnce = framesAtOnce(1, run.parameters, needed, jobLimits().memory / 2.0);
+        if (!atOnce)
+            return atOnce.error();
+        run.atOnce = *atOnce;
+        plan.runs.push_back(std::move(run));
+    }
+    return plan;
+}

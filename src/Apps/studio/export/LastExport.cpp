@@ -1,0 +1,40 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The job works on a copy of the scene, so that people go on working meanwhile.
+#include "studio/export/LastExport.h"
+
+#include "studio/document/StudioDocument.h"
+
+LastExport::LastExport(StudioDocument& document, QObject* parent) : QObject(parent), _document(document)
+{
+    connect(&_document, &StudioDocument::sceneReplaced, this, [this] { _choices.reset(); });
+}
+
+void LastExport::repeat()
+{
+    if (!_choices)
+        return;
+    _job.reset();
+    auto job = std::make_unique<ExportJob>();
+    connect(job.get(), &ExportJob::progressed, this, &LastExport::progressed);
+    connect(job.get(), &ExportJob::ended, this, [this] {
+        // Deleted later, because it is its own signal that is being delivered.
+        ExportJob* const done = _job.release();
+        done->deleteLater();
+        Q_EMIT runningChanged(false);
+        Q_EMIT ended(done->report(), done->isIncomplete());
+    });
+    if (const auto started = job->start(_document.scene(), *_choices); !started) {
+        Q_EMIT runningChanged(false);
+        Q_EMIT ended(started.error().sentence(), true);
+        return;
+    }
+    _job = std::move(job);
+    Q_EMIT runningChanged(true);
+}
+
+void LastExport::stop()
+{
+    if (_job)
+        _job->stop();
+}

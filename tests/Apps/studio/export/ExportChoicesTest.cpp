@@ -1,0 +1,56 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The names of the files that an export writes.
+#include "studio/export/ExportChoices.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QStringList filesFor(const QString& file, const QList<ExportPicture>& pictures)
+{
+    ExportChoices choices;
+    choices.file = file;
+    choices.pictures = pictures;
+    return choices.files();
+}
+
+const QList<ExportPicture> kAll{ExportPicture::MAP, ExportPicture::ELEVATION, ExportPicture::LIT,
+                                ExportPicture::DRAWING};
+
+TEST(ExportChoices, NameThePicturesOfAFrameAfterTheFirst)
+{
+    EXPECT_EQ(filesFor("out/hero_n.png", kAll),
+              (QStringList{"out/hero_n.png", "out/hero_e.png", "out/hero_lit.png", "out/hero_drawing.png"}));
+    EXPECT_EQ(filesFor("out/hero_e.png", {ExportPicture::ELEVATION, ExportPicture::DRAWING}),
+              (QStringList{"out/hero_e.png", "out/hero_drawing.png"}));
+    EXPECT_EQ(filesFor("out/any.png", {ExportPicture::DRAWING}), QStringList{"out/any.png"});
+}
+
+TEST(ExportChoices, KeepThePlaceOfTheNumberAndTheDotsOfAName)
+{
+    const QList<ExportPicture> two{ExportPicture::MAP, ExportPicture::ELEVATION};
+    EXPECT_EQ(filesFor("walk_n.####.png", two)[1], "walk_e.####.png");
+    EXPECT_EQ(filesFor("walk_n_%04d.png", two)[1], "walk_e_%04d.png");
+    EXPECT_EQ(filesFor("v1.2_n.png", two)[1], "v1.2_e.png");
+    EXPECT_EQ(filesFor("a.b/walk_n.png", two)[1], "a.b/walk_e.png");
+}
+
+TEST(ExportChoices, KnowWhatEveryTargetCallsAMap)
+{
+    const QList<ExportPicture> two{ExportPicture::MAP, ExportPicture::ELEVATION};
+    EXPECT_EQ(filesFor("hero_N.png", two)[1], "hero_e.png");
+    EXPECT_EQ(filesFor("hero_normal.png", two)[1], "hero_e.png");
+    EXPECT_EQ(filesFor("hero.png", two)[1], "hero_e.png");
+    EXPECT_EQ(filesFor("can_north.png", two)[1], "can_north_e.png");
+    // A name never shrinks to nothing.
+    EXPECT_EQ(filesFor("_n.png", two)[1], "_n_e.png");
+}
+
+TEST(ExportChoices, WriteLitPicturesAsPng)
+{
+    EXPECT_EQ(filesFor("walk_n.####.exr", kAll),
+              (QStringList{"walk_n.####.exr", "walk_e.####.exr", "walk_lit.####.png", "walk_drawing.####.exr"}));
+}
+
+} // namespace

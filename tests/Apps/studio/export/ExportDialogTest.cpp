@@ -1,0 +1,304 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Exports as people make them in the window: what is proposed, what a target sets, what is written, asked, remembered
+// and repeated.
+#include "Apps/studio/window/WindowTesting.h"
+
+#include "QuarvelImageIO/IIO_PictureFile.h"
+#include "QuarvelSceneCore/editing/MO_SceneCommands.h"
+#include "jobs/targets/Targets.h"
+#include "studio/export/ExportDialog.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QStatusBar>
+#include <QToolButton>
+
+namespace {
+
+class ExportDialogTest : public studio_testing::WindowTest
+{
+protected:
+    void open()
+    {
+        openDisc();
+        show();
+    }
+
+    void show()
+    {
+        ASSERT_TRUE(QDir().mkpath(out()));
+        const QString& scene = document().folder();
+        dialog = std::make_unique<ExportDialog>(
+            document().scene(), ExportOrigin{QStringLiteral("disc"), out(),
+                                             scene.isEmpty() ? QStringLiteral("disc") : QFileInfo(scene).fileName()});
+        dialog->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(dialog.get()));
+    }
+
+    QString out() const { return folder.filePath(QStringLiteral("out")); }
+    QStringList filesThere() const { return QDir(out()).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
+    QByteArray bytesOf(const QString& name) const
+    {
+        QFile file(folder.filePath(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read: ") + name.toUtf8();
+    }
+
+    template<typename Widget>
+    Widget& field(const char* name) const
+    {
+        return *dialog->findChild<Widget*>(QString::fromLatin1(name));
+    }
+    void chooseTarget(const QString& title)
+    {
+        auto& target = field<QComboBox>("exportTarget");
+        ASSERT_GE(target.findText(title), 0) << title.toStdString();
+        target.setCurrentIndex(target.findText(title));
+    }
+    void check(const char* name, bool on)
+    {
+        auto& box = field<QCheckBox>(name);
+        if (box.isChecked() != on)
+            QTest::mouseClick(&box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box.height() / 2));
+        ASSERT_EQ(box.isChecked(), on);
+    }
+    void checkAll()
+    {
+        for (const char* const name : {"exportMap", "exportElevation", "exportLit", "exportDrawing"})
+            check(name, true);
+    }
+    void pressEnter() { QTest::keyClick(&field<QLineEdit>("exportFile"), Qt::Key_Return); }
+    void exportAll()
+    {
+        pressEnter();
+        ASSERT_TRUE(studio_testing::waitUntil([&] { return !dialog->isRunning(); }));
+    }
+
+    QAction* actionNamed(const QString& text) const
+    {
+        for (QAction* const action : window->findChildren<QAction*>())
+            if (action->text().remove(QLatin1Char('&')) == text)
+                return action;
+        return nullptr;
+    }
+
+    std::unique_ptr<ExportDialog> dialog;
+};
+
+TEST_F(ExportDialogTest, ProposesTheDrawingsOwnSizeAndAMapForMostPrograms)
+{
+    open();
+    const ExportChoices choices = dialog->choices();
+    EXPECT_EQ(choices.width, 200);
+    EXPECT_EQ(choices.form, kFormForMost);
+    EXPECT_EQ(choices.pictures, QList<ExportPicture>{ExportPicture::MAP});
+    EXPECT_EQ(choices.file, out() + QStringLiteral("/disc_n.png"));
+}
+
+TEST_F(ExportDialogTest, SetsWhatATargetWantsUntilSomethingElseIsSet)
+{
+    open();
+    chooseTarget(QStringLiteral("Unreal Engine"));
+    ExportChoices choices = dialog->choices();
+    EXPECT_EQ(choices.form, (*targetNamed(QStringLiteral("unreal")))->form);
+    EXPECT_TRUE(choices.file.endsWith(QLatin1String("/disc_N.png"))) << choices.file.toStdString();
+    chooseTarget(QStringLiteral("compositors"));
+    EXPECT_TRUE(dialog->choices().file.endsWith(QLatin1String("/disc_n.exr")));
+    chooseTarget(QStringLiteral("Phaser"));
+    auto& pad = field<QSpinBox>("exportPad");
+    pad.setFocus();
+    pad.selectAll();
+    QTest::keyClicks(&pad, QStringLiteral("9"));
+    choices = dialog->choices();
+    EXPECT_EQ(choices.form.pad, 9);
+    EXPECT_EQ(choices.form.bits, 8) << "the rest stays";
+    EXPECT_EQ(field<QComboBox>("exportTarget").currentText(), QStringLiteral("As set below"));
+}
+
+TEST_F(ExportDialogTest, NamesTheFileAfterTheFirstPicture)
+{
+    open();
+    check("exportElevation", true);
+    EXPECT_EQ(field<QLabel>("exportFiles").text(), QStringLiteral("disc_n.png, disc_e.png"));
+    check("exportMap", false);
+    EXPECT_EQ(field<QLineEdit>("exportFile").text(), QStringLiteral("disc_e.png"));
+    check("exportElevation", false);
+    EXPECT_FALSE(field<QPushButton>("startExport").isEnabled());
+    check("exportMap", true);
+    EXPECT_EQ(field<QLineEdit>("exportFile").text(), QStringLiteral("disc_n.png"));
+}
+
+TEST_F(ExportDialogTest, EnterWritesTheBytesThatTheCommandLineWrites)
+{
+    openDisc();
+    const QString scene = folder.filePath(QStringLiteral("disc.scene"));
+    ASSERT_TRUE(document().save(scene));
+    show();
+    chooseTarget(QStringLiteral("Godot 3"));
+    checkAll();
+    exportAll();
+    EXPECT_EQ(filesThere(), (QStringList{QStringLiteral("disc_drawing.png"), QStringLiteral("disc_e.png"),
+                                         QStringLiteral("disc_lit.png"), QStringLiteral("disc_n.png")}))
+        << dialog->message().toStdString();
+
+    const auto run = [&](const QStringList& words) {
+        QProcess program;
+        program.setWorkingDirectory(folder.path());
+        program.start(QStringLiteral(QUARVEL_PROGRAM),
+                      QStringList{QStringLiteral("render"), scene, QStringLiteral("--for"), QStringLiteral("godot3"),
+                                  QStringLiteral("--resolution"), QStringLiteral("200"), QStringLiteral("-q")} +
+                          words);
+        ASSERT_TRUE(program.waitForFinished(studio_testing::kPatience));
+        ASSERT_EQ(program.exitCode(), 0) << program.readAllStandardError().toStdString();
+    };
+    run({QStringLiteral("-o"), QStringLiteral("n.png"), QStringLiteral("--lit"), QStringLiteral("lit.png"),
+         QStringLiteral("--drawing"), QStringLiteral("drawing.png")});
+    run({QStringLiteral("-o"), QStringLiteral("e.png"), QStringLiteral("--as"), QStringLiteral("elevation")});
+    for (const char* const name : {"n", "e", "lit", "drawing"})
+        EXPECT_EQ(bytesOf(QStringLiteral("out/disc_%1.png").arg(QLatin1String(name))),
+                  bytesOf(QStringLiteral("%1.png").arg(QLatin1String(name))))
+            << name;
+}
+
+TEST_F(ExportDialogTest, WritesWholeAndHalfFloatsForCompositors)
+{
+    open();
+    chooseTarget(QStringLiteral("compositors"));
+    exportAll();
+    const auto picture = IIO_read(out() + QStringLiteral("/disc_n.exr"));
+    ASSERT_TRUE(picture) << dialog->message().toStdString();
+    EXPECT_TRUE(picture->channels().contains(QStringLiteral("N.X")));
+}
+
+TEST_F(ExportDialogTest, AsksBeforeItReplacesAFile)
+{
+    open();
+    write(QStringLiteral("out/disc_n.png"), "what was there");
+    answerNext(QMessageBox::No);
+    pressEnter();
+    EXPECT_TRUE(asked.contains(QStringLiteral("disc_n.png"))) << asked.toStdString();
+    EXPECT_FALSE(dialog->isRunning());
+    EXPECT_EQ(bytesOf(QStringLiteral("out/disc_n.png")), "what was there");
+    answerNext(QMessageBox::Yes);
+    exportAll();
+    EXPECT_TRUE(IIO_read(out() + QStringLiteral("/disc_n.png")));
+}
+
+TEST_F(ExportDialogTest, RemembersWhatWasChosenButNotTheName)
+{
+    open();
+    chooseTarget(QStringLiteral("Unity"));
+    check("exportElevation", true);
+    field<QLineEdit>("exportFolder").setText(folder.filePath(QStringLiteral("elsewhere")));
+    field<QLineEdit>("exportFile").setText(QStringLiteral("other_n.png"));
+    exportAll();
+    ASSERT_TRUE(QFileInfo::exists(folder.filePath(QStringLiteral("elsewhere/other_e.png"))));
+    show();
+    const ExportChoices choices = dialog->choices();
+    EXPECT_EQ(field<QComboBox>("exportTarget").currentText(), QStringLiteral("Unity"));
+    EXPECT_EQ(choices.pictures, (QList{ExportPicture::MAP, ExportPicture::ELEVATION}));
+    EXPECT_EQ(choices.file, folder.filePath(QStringLiteral("elsewhere/disc_n.png")));
+}
+
+TEST_F(ExportDialogTest, AStoppedExportLeavesWholeFilesAndNamesThem)
+{
+    openDisc();
+    constexpr int kFrames = 400;
+    ASSERT_TRUE(document().execute(MO_frameRangeCmd(document().scene(), 1, kFrames)));
+    ASSERT_TRUE(waitForPicture());
+    show();
+    pressEnter();
+    ASSERT_TRUE(dialog->isRunning()) << dialog->message().toStdString();
+    QTest::keyClick(dialog.get(), Qt::Key_Escape);
+    ASSERT_TRUE(studio_testing::waitUntil([&] { return !dialog->isRunning(); }));
+    EXPECT_TRUE(dialog->isVisible()) << "the first Escape stops, the next one closes";
+    // How far it came is nobody's promise; what is there is whole and named.
+    const QStringList files = filesThere();
+    for (const QString& name : files)
+        EXPECT_TRUE(IIO_read(out() + QLatin1Char('/') + name)) << name.toStdString();
+    const QString said = files.isEmpty()          ? QStringLiteral("nothing was written")
+                         : files.size() < kFrames ? files.first()
+                                                  : QStringLiteral("400 picture");
+    EXPECT_TRUE(dialog->message().contains(said)) << dialog->message().toStdString();
+    QTest::keyClick(dialog.get(), Qt::Key_Escape);
+    EXPECT_FALSE(dialog->isVisible());
+}
+
+// The dialog that the window's own action opens.
+class WindowExportTest : public ExportDialogTest
+{
+protected:
+    // Ctrl+E, Enter, and the dialog is closed when all is written.
+    void exportByKeys()
+    {
+        auto* const timer = new QTimer(window.get());
+        QObject::connect(timer, &QTimer::timeout, timer, [timer, begun = false]() mutable {
+            auto* const open = qobject_cast<ExportDialog*>(QApplication::activeModalWidget());
+            if (!open || open->isRunning())
+                return;
+            if (!std::exchange(begun, true)) {
+                QTest::keyClick(open, Qt::Key_Return);
+                return;
+            }
+            timer->deleteLater();
+            timer->stop();
+            open->close();
+        });
+        timer->start(10);
+        actionNamed(QStringLiteral("Export Frames..."))->trigger();
+    }
+};
+
+TEST_F(WindowExportTest, WritesTheMapBesideTheDrawingWithTwoKeys)
+{
+    openDisc();
+    exportByKeys();
+    EXPECT_TRUE(QFileInfo::exists(folder.filePath(QStringLiteral("disc_n.png"))));
+}
+
+TEST_F(WindowExportTest, RepeatsWithTheSceneAsItIsNow)
+{
+    openDisc();
+    exportByKeys();
+    const QByteArray before = bytesOf(QStringLiteral("disc_n.png"));
+    document().scene().setFrameHeight(720.0);
+    ASSERT_TRUE(QFile::remove(folder.filePath(QStringLiteral("disc_n.png"))));
+    QAction* const repeat = actionNamed(QStringLiteral("Repeat Last Export"));
+    EXPECT_EQ(repeat->shortcut(), QKeySequence(QStringLiteral("Ctrl+Shift+E")));
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    QTest::keyClick(&viewer(), Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
+    ASSERT_TRUE(studio_testing::waitUntil([&] {
+        return window->statusBar()->currentMessage().contains(QStringLiteral("1 picture"));
+    })) << window->messages().text().toStdString();
+    const auto picture = IIO_read(folder.filePath(QStringLiteral("disc_n.png")));
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(picture->dataWindow().height(), 200);
+    EXPECT_NE(bytesOf(QStringLiteral("disc_n.png")), before);
+    EXPECT_EQ(asked, QString());
+}
+
+TEST_F(WindowExportTest, OpensTheDialogWhereNothingWasExportedYet)
+{
+    openDisc();
+    bool opened = false;
+    auto* const timer = new QTimer(window.get());
+    QObject::connect(timer, &QTimer::timeout, timer, [&opened, timer] {
+        if (auto* const open = qobject_cast<ExportDialog*>(QApplication::activeModalWidget())) {
+            opened = true;
+            timer->stop();
+            open->close();
+        }
+    });
+    timer->start(10);
+    actionNamed(QStringLiteral("Repeat Last Export"))->trigger();
+    EXPECT_TRUE(opened);
+}
+
+} // namespace
