@@ -28,8 +28,8 @@ protected:
     }
     void pullTo(const QPoint& way)
     {
-        QTest::mouseMove(&viewer(), _handle + way / 2);
-        QTest::mouseMove(&viewer(), _handle + way);
+        studio_testing::moveMouse(viewer(), _handle + way / 2, Qt::LeftButton);
+        studio_testing::moveMouse(viewer(), _handle + way, Qt::LeftButton);
     }
     void letGo(const QPoint& way) { QTest::mouseRelease(&viewer(), Qt::LeftButton, Qt::NoModifier, _handle + way); }
     void pull(ObjectValue value, const QPoint& way)

@@ -73,14 +73,14 @@ protected:
     }
     void hover(const QPointF& picture)
     {
-        QTest::mouseMove(&viewer(), inView(picture));
+        moveMouse(viewer(), inView(picture));
         QCoreApplication::processEvents();
     }
     void dragIn(const QPointF& from, const QPointF& to)
     {
         QTest::mousePress(&viewer(), Qt::LeftButton, Qt::NoModifier, inView(from));
-        QTest::mouseMove(&viewer(), inView((from + to) / 2.0));
-        QTest::mouseMove(&viewer(), inView(to));
+        moveMouse(viewer(), inView((from + to) / 2.0), Qt::LeftButton);
+        moveMouse(viewer(), inView(to), Qt::LeftButton);
         QTest::mouseRelease(&viewer(), Qt::LeftButton, Qt::NoModifier, inView(to));
         QCoreApplication::processEvents();
     }

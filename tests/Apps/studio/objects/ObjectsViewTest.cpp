@@ -72,7 +72,7 @@ TEST_F(ObjectsViewTest, ARowSelectsTheObjectAndAnObjectItsRow)
 TEST_F(ObjectsViewTest, TheMouseOverARowOutlinesTheObject)
 {
     openParts();
-    QTest::mouseMove(table().viewport(), middleOf(0, ObjectsModel::BEVEL));
+    studio_testing::moveMouse(*table().viewport(), middleOf(0, ObjectsModel::BEVEL));
     ASSERT_NE(window->objects().hovered(), nullptr);
     EXPECT_EQ(window->objects().hovered()->name, QStringLiteral("Head"));
 }

@@ -13,6 +13,7 @@
 #include <QFile>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -29,6 +30,13 @@ template<typename Condition>
 bool waitUntil(const Condition& condition, int patience = kPatience)
 {
     return QTest::qWaitFor(condition, patience);
+}
+
+/// Moves the mouse over a widget. QTest::mouseMove() goes by way of the screen's cursor, which may lag behind.
+inline void moveMouse(QWidget& widget, const QPoint& to, Qt::MouseButtons buttons = Qt::NoButton)
+{
+    QMouseEvent event(QEvent::MouseMove, to, widget.mapToGlobal(to), Qt::NoButton, buttons, Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &event);
 }
 
 /// A drawing of 200 x 100 with a red disc of radius 40 in its middle.
