@@ -26,6 +26,8 @@ const AT_AttrMeta kScaleMeta(QStringLiteral("ScaleByCoverage"),
 const AT_AttrMeta kEnabledMeta(QStringLiteral("ObjectEnabled"),
                                QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Object Enabled")));
 
+const QString kAttributeChosenForm = QStringLiteral("chosenForm");
+
 // Its presence says that an object is switched off.
 class DisableEntry final : public CEL_Message
 {};
@@ -118,4 +120,19 @@ void ObjectDefinition::insertRenderingRequestForSrcPort(RD_ScriptContext& contex
 std::unique_ptr<MO_RenderingRequestHandler> ObjectDefinition::createRequestHandler()
 {
     return std::make_unique<Handler>(*this);
+}
+
+void ObjectDefinition::writeXmlAttributes(PO_XmlWriter& writer) const
+{
+    MO_Module::writeXmlAttributes(writer);
+    if (!_chosenForm.isEmpty())
+        writer.attribute(kAttributeChosenForm, _chosenForm);
+}
+
+bool ObjectDefinition::parseXmlAttribute(const QString& name, const QString& value, QStringList* warnings)
+{
+    if (name != kAttributeChosenForm)
+        return MO_Module::parseXmlAttribute(name, value, warnings);
+    _chosenForm = value;
+    return true;
 }

@@ -39,6 +39,12 @@ public:
     AT_BoolAttr* scaleByCoverage() const { return _scaleByCoverage; }
     AT_BoolAttr* objectEnabled() const { return _objectEnabled; }
 
+    /// The form that the program chose for the object when its drawing came in, in the program's own words; empty for
+    /// an object that nobody chose a form for. The node keeps it, so that the choice can be told again however the
+    /// values were changed since. In XML it is the module's attribute "chosenForm".
+    const QString& chosenForm() const { return _chosenForm; }
+    void setChosenForm(const QString& form) { _chosenForm = form; }
+
     /// In the context of a request: an ObjectDefinitionEntry. On a cel: an ObjectDefinitionMessage.
     static const UT_DynKey& objectDefinitionMessageId();
     /// In the context of a request: an entry of any class, whose presence says that the drawing's object is switched
@@ -49,8 +55,13 @@ public:
     QString baseDisplayName() const override;
     void insertRenderingRequestForSrcPort(RD_ScriptContext& context, int port) override;
     std::unique_ptr<MO_RenderingRequestHandler> createRequestHandler() override;
+    void writeXmlAttributes(PO_XmlWriter& writer) const override;
+
+protected:
+    bool parseXmlAttribute(const QString& name, const QString& value, QStringList* warnings) override;
 
 private:
+    QString _chosenForm;
     AT_IntAttr* _objectNumber;
     AT_DoubleAttr* _objectLevel;
     AT_BoolAttr* _scaleByCoverage;

@@ -223,4 +223,26 @@ TEST(ObjectDefinitionMessage, CarriesItsValues)
     EXPECT_FALSE(ObjectDefinition::objectDefinitionMessageId() == ObjectDefinition::objectDisableMessageId());
 }
 
+TEST_F(ObjectDefinitionTest, KeepsTheChosenFormInItsXmlAndWritesNoneWhereThereIsNone)
+{
+    MO_Scene written;
+    auto& chosen = written.root().emplace<ObjectDefinition>();
+    chosen.setInstanceName(QStringLiteral("Chosen"));
+    chosen.setChosenForm(QStringLiteral("24:1:1.8"));
+    written.root().emplace<ObjectDefinition>().setInstanceName(QStringLiteral("Plain"));
+    const QString xml = written.toXml();
+    EXPECT_EQ(xml.count(QStringLiteral("chosenForm=")), 1);
+    QStringList warnings;
+    auto document = PO_parseDocument(xml.toUtf8(), QStringLiteral("test"));
+    ASSERT_TRUE(document.ok());
+    MO_Scene other;
+    ASSERT_TRUE(other.readXml(document->documentElement(), &warnings).ok());
+    EXPECT_EQ(warnings, QStringList());
+    const auto formOf = [&](const char* name) {
+        return dynamic_cast<ObjectDefinition&>(*other.findModule(QLatin1String(name))).chosenForm();
+    };
+    EXPECT_EQ(formOf("Chosen"), QStringLiteral("24:1:1.8"));
+    EXPECT_TRUE(formOf("Plain").isEmpty());
+}
+
 } // namespace

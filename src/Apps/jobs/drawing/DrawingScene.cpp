@@ -162,6 +162,7 @@ ObjectDefinition& addDefinition(MO_Scene& scene, const QString& layerName, int n
     definition.objectLevel()->setLocalValue(values.level);
     definition.scaleByCoverage()->setLocalValue(values.scaleByCoverage);
     definition.objectEnabled()->setLocalValue(!values.hidden);
+    definition.setChosenForm(objectFormText({number, values.bevel, values.elevation, values.smoothness}));
     return definition;
 }
 

@@ -11,6 +11,9 @@
 #include <QLocale>
 #include <QStringList>
 
+#include <cmath>
+#include <limits>
+
 namespace {
 
 const QString kObjects = QStringLiteral("ObjectList");
@@ -181,6 +184,25 @@ bool NormalMapNode::clips() const
 bool NormalMapNode::usesTruckFactor() const
 {
     return isOn(*_module, kUseTruckFactor, false);
+}
+
+QString objectFormText(const NormalMapObject& object)
+{
+    return QStringList({numberText(object.bevel), numberText(object.elevation), numberText(object.smoothness)})
+        .join(QLatin1Char(':'));
+}
+
+std::optional<NormalMapObject> objectFormOf(const QString& text)
+{
+    constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
+    const QStringList fields = text.split(QLatin1Char(':'));
+    NormalMapObject object;
+    object.bevel = numberAt(fields, 0, kNoNumber);
+    object.elevation = numberAt(fields, 1, kNoNumber);
+    object.smoothness = numberAt(fields, 2, kNoNumber);
+    const bool isForm = fields.size() == 3 && std::isfinite(object.bevel) && std::isfinite(object.elevation) &&
+                        std::isfinite(object.smoothness);
+    return isForm ? std::optional(object) : std::nullopt;
 }
 
 QString objectTableText(const std::vector<NormalMapObject>& objects)

@@ -11,6 +11,7 @@
 #include "QuarvelSceneCore/graph/MO_Module.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class AT_DoubleAttr;
@@ -108,6 +109,10 @@ private:
 QString objectTableText(const std::vector<NormalMapObject>& objects);
 /// The inverse, as the node reads the text: missing values get the defaults above, invalid rows are left out.
 std::vector<NormalMapObject> objectsOfTable(const QString& text);
+/// What an Object Definition keeps of the form that the program chose for its object: "bevel:elevation:smoothness".
+QString objectFormText(const NormalMapObject& object);
+/// The reverse; nothing for a text that is no such form. The number is that of a new row.
+std::optional<NormalMapObject> objectFormOf(const QString& text);
 /// The colour table as its attribute holds it: "id:level:name", joined by semicolons.
 QString colourTableText(const std::vector<NormalMapColour>& colours);
 /// The inverse; a row without a level gets 255.

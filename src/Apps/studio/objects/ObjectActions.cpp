@@ -59,7 +59,8 @@ ObjectActions::ObjectActions(DocumentObjects& objects, QWidget& window)
     , _copy(make(tr("Copy Values"), tr("Copies bevel, elevation and smoothness of the selected object"),
                  QKeySequence::Copy))
     , _paste(make(tr("Paste Values"), tr("Gives the copied values to the selected objects"), QKeySequence::Paste))
-    , _reset(make(tr("Reset Values"), tr("Gives the selected objects the values of a new object"),
+    , _reset(make(tr("Reset Values"),
+                  tr("Gives the selected objects the values that were chosen for them when the drawing was opened"),
                   QKeySequence(Qt::SHIFT | Qt::Key_R)))
 {
     for (QAction* const action : {_carve, _cutOut, _hide, _solo})
@@ -136,12 +137,11 @@ void ObjectActions::pasteValues()
 
 void ObjectActions::resetValues(std::optional<ObjectValue> value)
 {
-    const NormalMapObject fresh;
     if (value)
-        return _objects.change(
-            changeValueCmd(_objects.selected(), *value, [&](const SceneObject&) { return valueOf(fresh, *value); }));
-    _objects.change(
-        giveValuesCmd(_objects.selected(), tr("Reset Values of %1"), [&](const SceneObject&) { return fresh; }));
+        return _objects.change(changeValueCmd(_objects.selected(), *value, [&](const SceneObject& object) {
+            return valueOf(chosenForm(object), *value);
+        }));
+    _objects.change(giveValuesCmd(_objects.selected(), tr("Reset Values of %1"), chosenForm));
 }
 
 void ObjectActions::fillMenu(QMenu& menu)

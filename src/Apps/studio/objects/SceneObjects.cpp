@@ -180,6 +180,14 @@ QList<MO_Module*> modulesOf(const std::vector<SceneObject>& objects)
     return modules;
 }
 
+NormalMapObject chosenForm(const SceneObject& object)
+{
+    for (const ObjectDefinition* const definition : object.definitions)
+        if (const auto form = objectFormOf(definition->chosenForm()))
+            return *form;
+    return {};
+}
+
 bool isSame(const SceneObject& one, const SceneObject& other)
 {
     return one.node == other.node && std::ranges::any_of(one.definitions, [&](ObjectDefinition* definition) {

@@ -44,5 +44,9 @@ std::vector<SceneObject> selectedOf(const std::vector<SceneObject>& objects, con
 /// The modules of objects, each once, in the order of the objects.
 QList<MO_Module*> modulesOf(const std::vector<SceneObject>& objects);
 
+/// The form that the program chose for the object when its drawing came in: that of the first definition that has one.
+/// The values of a new row for an object that was made by hand.
+NormalMapObject chosenForm(const SceneObject& object);
+
 /// Whether both mean the same object: a definition of one is a definition of the other.
 bool isSame(const SceneObject& one, const SceneObject& other);

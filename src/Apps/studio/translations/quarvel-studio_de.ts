@@ -1803,10 +1803,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <translation>Werte zurücksetzen</translation>
     </message>
     <message>
-        <source>Gives the selected objects the values of a new object</source>
-        <translation>Gibt den ausgewählten Objekten die Werte eines neuen Objekts</translation>
-    </message>
-    <message>
         <source>%1 (%2)</source>
         <translation>%1 (%2)</translation>
     </message>
@@ -1846,6 +1842,10 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>The preset&apos;s name:</source>
         <translation>Name der Vorlage:</translation>
+    </message>
+    <message>
+        <source>Gives the selected objects the values that were chosen for them when the drawing was opened</source>
+        <translation>Gibt den ausgewählten Objekten die Werte, die beim Öffnen der Zeichnung für sie gewählt wurden</translation>
     </message>
 </context>
 <context>

@@ -364,18 +364,41 @@ TEST_F(ObjectHandsTest, OwnPresetsAreKeptInTheSettings)
     EXPECT_EQ(document().commands().undoName(), QStringLiteral("100 % mine for Body"));
 }
 
-TEST_F(ObjectHandsTest, AValueIsResetAlone)
+TEST_F(ObjectHandsTest, ResetGivesTheFormThatWasChosenWhenTheDrawingCameIn)
 {
-    openParts();
-    click(kHead);
+    drop({write(QStringLiteral("parts.svg"), studio_testing::kParts)});
+    ASSERT_TRUE(waitForPicture());
+    const NormalMapObject chosen = valuesOf("Head");
+    ASSERT_NE(chosen, valuesOf("Body"));
+    window->objects().select({object("Head")});
+    QCoreApplication::processEvents();
     pull(ObjectValue::ELEVATION, QPoint(0, -50));
     pull(ObjectValue::SMOOTHNESS, QPoint(80, 0));
+    pull(ObjectValue::BEVEL, QPoint(-10, 0));
+    const NormalMapObject pulled = valuesOf("Head");
+    ASSERT_NE(pulled.bevel, chosen.bevel);
     entry(menuOfBar(), QStringLiteral("Elevation"))->trigger();
-    EXPECT_EQ(valuesOf("Head").elevation, 1.0);
-    EXPECT_EQ(valuesOf("Head").smoothness, 1.8);
-    EXPECT_EQ(valuesOf("Head").bevel, 24.0);
+    EXPECT_EQ(valuesOf("Head").elevation, chosen.elevation);
+    EXPECT_EQ(valuesOf("Head").smoothness, pulled.smoothness);
+    EXPECT_EQ(valuesOf("Head").bevel, pulled.bevel);
     entry(menuOfBar(), QStringLiteral("Reset Values"))->trigger();
-    EXPECT_EQ(valuesOf("Head").bevel, 5.0);
+    EXPECT_EQ(valuesOf("Head"), chosen);
+    EXPECT_EQ(document().commands().undoName(), QStringLiteral("Reset Values of Head"));
+}
+
+TEST_F(ObjectHandsTest, TheChosenFormIsSavedWithTheScene)
+{
+    drop({write(QStringLiteral("parts.svg"), studio_testing::kParts)});
+    ASSERT_TRUE(waitForPicture());
+    const NormalMapObject chosen = valuesOf("Head");
+    window->objects().change(changeValueCmd({object("Head")}, ObjectValue::BEVEL, [](const auto&) { return 3.0; }));
+    ASSERT_TRUE(window->saveTo(folder.filePath(QStringLiteral("parts.scene"))));
+    renew();
+    ASSERT_TRUE(document().open(folder.filePath(QStringLiteral("parts.scene"))).ok());
+    ASSERT_EQ(valuesOf("Head").bevel, 3.0);
+    EXPECT_EQ(chosenForm(object("Head")).bevel, chosen.bevel);
+    EXPECT_EQ(chosenForm(object("Head")).elevation, chosen.elevation);
+    EXPECT_EQ(chosenForm(object("Head")).smoothness, chosen.smoothness);
 }
 
 TEST_F(ObjectHandsTest, LettersThatAreTypedIntoAFieldSwitchNothing)
