@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// quarvel-lottie-reader FILE: reads an animation in the Lottie format and writes what it paints, frame by frame, to
-// standard output (in the format of DIO_LottieStream.h). Other programs run it; a file that crashes it, or keeps it
-// busy for ever, affects no other process.
+// quarvel-lottie-reader: reads an animation in the Lottie format from standard input and writes what it paints, frame
+// by frame, to standard output (in the format of DIO_LottieStream.h). Other programs run it; a document that crashes
+// it, or keeps it busy for ever, affects no other process.
 #include "Confinement.h"
 #include "StreamWriter.h"
 
@@ -25,18 +25,13 @@ int fail(ExitCode code, const char* why)
     return code;
 }
 
-bool readAll(const char* path, std::string& bytes)
+bool readAll(std::FILE* file, std::string& bytes)
 {
-    std::FILE* file = std::fopen(path, "rb");
-    if (!file)
-        return false;
     char block[65536];
     std::size_t count = 0;
     while (bytes.size() <= kMaxFileSize && (count = std::fread(block, 1, sizeof block, file)) > 0)
         bytes.append(block, count);
-    const bool ok = std::ferror(file) == 0;
-    std::fclose(file);
-    return ok;
+    return std::ferror(file) == 0;
 }
 
 int writeFrames(Lottie_Animation* animation)
@@ -64,12 +59,12 @@ int writeFrames(Lottie_Animation* animation)
     return writer.ok() ? OK : NOT_READABLE;
 }
 
-int run(int argc, char** argv)
+int run(int argc)
 {
-    if (argc != 2)
-        return fail(WRONG_USAGE, "usage: quarvel-lottie-reader FILE");
+    if (argc != 1)
+        return fail(WRONG_USAGE, "usage: quarvel-lottie-reader < FILE");
     std::string bytes;
-    if (!readAll(argv[1], bytes))
+    if (!readAll(stdin, bytes))
         return fail(NOT_READABLE, "the file cannot be read");
     if (bytes.size() > kMaxFileSize)
         return fail(TOO_LARGE, "the file is larger than 64 MiB");
@@ -85,9 +80,9 @@ int run(int argc, char** argv)
 
 } // namespace
 
-int main(int argc, char** argv)
+int main(int argc, char**)
 {
-    const int code = run(argc, argv);
+    const int code = run(argc);
     // Destroying a broken animation might crash, and is unnecessary.
     std::fflush(stdout);
     std::_Exit(code);

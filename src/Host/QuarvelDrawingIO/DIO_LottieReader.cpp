@@ -46,13 +46,15 @@ public:
         for (DIO_AnimatedLayer& layer : _animation.layers)
             layer.shown.resize(static_cast<std::size_t>(_frames) + 1, kNothing);
         for (std::size_t i = 0; i < root.layers.size(); ++i)
-            _animation.layers[i].name = root.layers[i].name.simplified();
+            _animation.layers[i].name = root.layers[i].name;
         DIO_forEachPainted(root.layers,
                            [this](std::size_t index, const DIO_LottieLayer& layer, const DIO_LottieLayer* matte) {
                                _animation.layers[index].shown.back() = drawingOf(index, layer, matte);
                            });
         ++_frames;
     }
+
+    int tooDetailed() const { return _painter.tooDetailed(); }
 
 private:
     static constexpr int kNothing = -1;
@@ -87,9 +89,10 @@ enum class Collected
     DAMAGED
 };
 
-Collected collectFrames(const QByteArray& stream, const DIO_LottieLimits& limits, DIO_Animation& animation)
+Collected collectFrames(const QByteArray& stream, const std::vector<DIO_LottieLayerFacts>& layers,
+                        const DIO_LottieLimits& limits, DIO_Animation& animation)
 {
-    DIO_LottieStreamReader reader(stream);
+    DIO_LottieStreamReader reader(stream, layers);
     const std::optional<DIO_LottieHeader> header = reader.readHeader();
     if (!header)
         return Collected::DAMAGED;
@@ -106,6 +109,9 @@ Collected collectFrames(const QByteArray& stream, const DIO_LottieLimits& limits
             return Collected::DAMAGED;
         collector.add(*root);
     }
+    if (collector.tooDetailed() > 0)
+        animation.warnings.append(QStringLiteral("clips, masks or mattes that are too detailed do not cut: %1 times")
+                                      .arg(collector.tooDetailed()));
     return reader.readEnd() ? Collected::ALL : Collected::DAMAGED;
 }
 
@@ -124,17 +130,17 @@ UT_Result<DIO_Animation> DIO_readLottie(const QString& path, const DIO_LottieLim
     const UT_Result<QByteArray> document = readFile(path);
     if (!document)
         return document.error();
-    const UT_Result<QStringList> checked = DIO_checkLottieDocument(*document);
-    if (!checked)
-        return problem(path, checked.error().text);
-    const UT_Result<QByteArray> stream = DIO_runLottieProgram(path, limits);
+    const UT_Result<DIO_LottieDocument> prepared = DIO_prepareLottieDocument(*document);
+    if (!prepared)
+        return problem(path, prepared.error().text);
+    const UT_Result<QByteArray> stream = DIO_runLottieProgram(prepared->bytes, path, limits);
     if (!stream)
         return stream.error();
 
     DIO_Animation animation;
     animation.name = QFileInfo(path).completeBaseName();
-    animation.warnings = *checked;
-    const Collected collected = collectFrames(*stream, limits, animation);
+    animation.warnings = prepared->warnings;
+    const Collected collected = collectFrames(*stream, prepared->layers, limits, animation);
     if (collected == Collected::STOPPED)
         return UT_stopped();
     if (collected == Collected::DAMAGED)

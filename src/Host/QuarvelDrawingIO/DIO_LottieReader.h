@@ -6,9 +6,10 @@
 // program of its own, quarvel-lottie-reader, within limits on memory and time and without the right to open anything;
 // what that program writes is taken for untrusted in its turn. A bad file costs a message.
 //
-// Top-level layers become layers. Fills become areas, strokes their outlines, both cut by clips, adding and
-// intersecting masks and by mattes of alpha. Solid paints become palette colours, gradients their average. What is left
-// out or simplified (pictures, texts, effects, expressions, other masks and mattes) is named once, in one warning.
+// Top-level layers become layers. Fills become areas, strokes their outlines, both cut by clips, masks (of every mode,
+// inverted, of any opacity) and mattes (by coverage or brightness, inverted). Solid paints become palette colours,
+// gradients their average. What is left out or simplified (pictures, texts, effects, expressions) is named once, in one
+// warning; so are the layers that are left out because a text or a picture cuts them.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"

@@ -262,7 +262,8 @@ TEST_F(Confinement, TheProgramIsConfinedWhileItReads)
     const pid_t child = ::fork();
     if (child == 0) {
         ::dup2(pipe[1], STDOUT_FILENO);
-        ::execl(LOTTIE_READER, "quarvel-lottie-reader", animation.c_str(), nullptr);
+        ::dup2(::open(animation.c_str(), O_RDONLY), STDIN_FILENO);
+        ::execl(LOTTIE_READER, "quarvel-lottie-reader", nullptr);
         ::_exit(127);
     }
     ::close(pipe[1]);

@@ -35,6 +35,3 @@ private:
     std::vector<QPainterPath> _clips;
     int _skipped = 0;
 };
-
-/// Whether a path is one rectangle with sides along the axes.
-bool DIO_isRectangle(const QPainterPath& path);

@@ -5,6 +5,8 @@
 #include "QuarvelDrawingIO/private/DIO_LottieDocument.h"
 
 #include "QuarvelDrawingIO/DIO_LottieStream.h"
+#include "QuarvelDrawingIO/private/DIO_JsonText.h"
+#include "QuarvelDrawingIO/private/DIO_LottieLayers.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -77,26 +79,14 @@ private:
             count("layers in three dimensions");
         if (!of(layer, "ef").toArray().isEmpty())
             count("effects");
-        if (of(layer, "tt").toInt() > 1)
-            count("mattes other than of alpha");
         if (of(layer, "bm").toInt() > 0)
             count("blend modes");
-        for (const QJsonValue mask : of(layer, "masksProperties").toArray())
-            countMask(mask.toObject());
     }
 
     // A layer has a transform or a place among the layers; effects have kinds by number, too.
     static bool isLayer(const QJsonObject& layer)
     {
         return layer.contains(QLatin1String("ks")) || layer.contains(QLatin1String("ip"));
-    }
-
-    void countMask(const QJsonObject& mask)
-    {
-        const QString mode = of(mask, "mode").toString();
-        if (of(mask, "inv").toBool() ||
-            (mode != QLatin1String("a") && mode != QLatin1String("i") && mode != QLatin1String("n")))
-            count("masks that cut holes");
     }
 
     void countInShape(const QJsonObject& shape, const QString& kind)
@@ -137,9 +127,42 @@ UT_Result<void> checkNumbers(const QJsonObject& root)
     return {};
 }
 
+// The document with its layers, and those of its compositions, in the form that leaves nothing open.
+DIO_LottieDocument prepared(const QByteArray& text, const QJsonObject& root)
+{
+    DIO_LottieLayers layers;
+    const auto rewritten = [&](const QJsonObject& owner, QByteArrayView ownerText, const auto& otherMember) {
+        QByteArrayList members;
+        for (const auto& [key, value] : DIO_jsonMembers(ownerText)) {
+            const bool isLayers = key == "layers" && value.startsWith('[');
+            members.append(
+                '"' + key.toByteArray() +
+                "\":" + (isLayers ? layers.rewritten(of(owner, "layers").toArray(), value) : otherMember(key, value)));
+        }
+        return "{" + members.join(',') + "}";
+    };
+    const auto asItIs = [](QByteArrayView, QByteArrayView value) { return value.toByteArray(); };
+    const auto withAssets = [&](QByteArrayView key, QByteArrayView value) {
+        if (key != "assets" || !value.startsWith('['))
+            return value.toByteArray();
+        const QJsonArray said = of(root, "assets").toArray();
+        QByteArrayList assets;
+        for (const QByteArrayView asset : DIO_jsonElements(value))
+            assets.append(asset.startsWith('{') ? rewritten(said.at(assets.size()).toObject(), asset, asItIs)
+                                                : asset.toByteArray());
+        return "[" + assets.join(',') + "]";
+    };
+    DIO_LottieDocument document{rewritten(root, text, withAssets), layers.takeFacts(), {}};
+    if (!layers.leftOut().isEmpty())
+        document.warnings.append(
+            QStringLiteral("layers are left out, because what cuts them is a text, a picture or missing: ") +
+            layers.leftOut().join(QStringLiteral(", ")));
+    return document;
+}
+
 } // namespace
 
-UT_Result<QStringList> DIO_checkLottieDocument(const QByteArray& document)
+UT_Result<DIO_LottieDocument> DIO_prepareLottieDocument(const QByteArray& document)
 {
     QJsonParseError error{};
     const QJsonDocument json = QJsonDocument::fromJson(document, &error);
@@ -154,5 +177,7 @@ UT_Result<QStringList> DIO_checkLottieDocument(const QByteArray& document)
     Summary summary;
     summary.visit(of(root, "layers"));
     summary.visit(of(root, "assets"));
-    return summary.lines();
+    DIO_LottieDocument made = prepared(document, root);
+    made.warnings = summary.lines() + made.warnings;
+    return made;
 }

@@ -4,10 +4,12 @@
 #include "QuarvelDrawingIO/private/DIO_LottiePainter.h"
 
 #include "QuarvelDrawingIO/private/DIO_AverageColour.h"
+#include "QuarvelDrawingIO/private/DIO_GroupedShapes.h"
 
 #include <QLinearGradient>
 
 #include <algorithm>
+#include <iterator>
 
 using namespace DIO_LottieStream;
 
@@ -29,101 +31,112 @@ DIO_Paint paintOf(const DIO_LottieNode& node, double& opacity)
     return {DIO_Paint::Kind::SOLID, colour, colour.name()};
 }
 
+// What a mask or a matte covers lies within both rectangles; there nothing lets through what is not asked for.
+QRectF pageOf(const QRectF& content, const QRectF& cutting)
+{
+    return (content | cutting).adjusted(-1.0, -1.0, 1.0, 1.0);
+}
+
+// The first mask adds to nothing, or takes away from everything.
+DIO_CoverageLevels coverageOf(const std::vector<DIO_LottieMask>& masks, const QRectF& content)
+{
+    QRectF cutting;
+    for (const DIO_LottieMask& mask : masks)
+        cutting |= mask.path.controlPointRect();
+    const MaskMode first = masks.front().mode;
+    DIO_CoverageLevels levels(pageOf(content, cutting), first == ADD_MASK || first == DIFFERENCE_MASK ? 0.0 : 1.0);
+    for (const DIO_LottieMask& mask : masks) {
+        switch (mask.mode) {
+        case ADD_MASK:
+            levels.paint(mask.path, mask.inverted, mask.opacity, 1.0);
+            break;
+        case SUBTRACT_MASK:
+            levels.paint(mask.path, mask.inverted, mask.opacity, 0.0);
+            break;
+        case INTERSECT_MASK:
+            levels.paint(mask.path, !mask.inverted, 1.0, 0.0);
+            levels.paint(mask.path, mask.inverted, 1.0 - mask.opacity, 0.0);
+            break;
+        case DIFFERENCE_MASK:
+            levels.change(mask.path, mask.inverted, 1.0 - 2.0 * mask.opacity, mask.opacity);
+            break;
+        }
+    }
+    return levels;
+}
+
+// The brightness by which a matte cuts, as the players of such animations weigh it.
+double brightness(const QColor& colour)
+{
+    return 0.299 * static_cast<double>(colour.redF()) + 0.587 * static_cast<double>(colour.greenF()) +
+           0.114 * static_cast<double>(colour.blueF());
+}
+
+DIO_CoverageLevels coverageOf(const std::vector<DIO_Shape>& matte, const std::vector<DIO_Paint>& palette, Matte kind,
+                              const QRectF& content)
+{
+    const bool byBrightness = kind == LUMA_MATTE || kind == LUMA_INVERTED_MATTE;
+    DIO_CoverageLevels levels(pageOf(content, DIO_boundsOf(matte)), 0.0);
+    for (const DIO_Shape& shape : matte) {
+        const QColor& colour = palette[static_cast<std::size_t>(shape.paint)].colour;
+        levels.paint(DIO_paintedArea(shape), false, shape.opacity, byBrightness ? brightness(colour) : 1.0);
+    }
+    if (kind == ALPHA_INVERTED_MATTE || kind == LUMA_INVERTED_MATTE)
+        levels.invert();
+    return levels;
+}
+
 } // namespace
 
 std::vector<DIO_Shape> DIO_LottiePainter::paint(const DIO_LottieLayer& layer, const DIO_LottieLayer* matte)
 {
-    std::vector<DIO_Shape> shapes;
-    paintMatted(layer, matte, 1.0, shapes);
+    Shapes shapes = paintLayer(layer);
+    if (!matte || shapes.empty())
+        return shapes;
+    // The colours of what only cuts do not belong in the animation's palette.
+    std::vector<DIO_Paint> palette;
+    const Shapes cutting = DIO_LottiePainter(palette).paintLayer(*matte);
+    cut(shapes, coverageOf(cutting, palette, layer.matte, DIO_boundsOf(shapes)));
     return shapes;
 }
 
-void DIO_LottiePainter::paintLayers(const std::vector<DIO_LottieLayer>& layers, double alpha,
-                                    std::vector<DIO_Shape>& shapes)
+std::vector<DIO_Shape> DIO_LottiePainter::paintLayer(const DIO_LottieLayer& layer)
 {
-    DIO_forEachPainted(layers, [&](std::size_t, const DIO_LottieLayer& layer, const DIO_LottieLayer* matte) {
-        paintMatted(layer, matte, alpha, shapes);
+    Shapes shapes;
+    if (!layer.visible || !(layer.alpha > 0.0))
+        return shapes;
+    DIO_forEachPainted(layer.layers, [&](std::size_t, const DIO_LottieLayer& inner, const DIO_LottieLayer* matte) {
+        std::ranges::move(paint(inner, matte), std::back_inserter(shapes));
     });
-}
-
-void DIO_LottiePainter::paintMatted(const DIO_LottieLayer& layer, const DIO_LottieLayer* matte, double alpha,
-                                    std::vector<DIO_Shape>& shapes)
-{
-    if (!matte || layer.matte != ALPHA_MATTE) {
-        paintLayer(layer, alpha, shapes);
-        return;
-    }
-    // The colours of what only cuts are nobody's business.
-    std::vector<DIO_Paint> noPalette;
-    const std::vector<DIO_Shape> cutting = DIO_LottiePainter(noPalette).paint(*matte, nullptr);
-    _clips.begin();
-    for (const DIO_Shape& shape : cutting)
-        _clips.add(shape.clip ? shape.path.intersected(*shape.clip) : shape.path);
-    _clips.end();
-    paintLayer(layer, alpha, shapes);
-    _clips.pop();
-}
-
-void DIO_LottiePainter::paintLayer(const DIO_LottieLayer& layer, double alpha, std::vector<DIO_Shape>& shapes)
-{
-    alpha *= layer.alpha;
-    if (!layer.visible || !(alpha > 0.0))
-        return;
-    const int clips = pushClips(layer);
-    paintLayers(layer.layers, alpha, shapes);
     for (const DIO_LottieNode& node : layer.nodes)
-        paintNode(node, alpha, shapes);
-    popClips(clips);
-}
-
-void DIO_LottiePainter::paintNode(const DIO_LottieNode& node, double alpha, std::vector<DIO_Shape>& shapes)
-{
-    if (node.brush == PICTURE_BRUSH || node.path.isEmpty() || (_clips.current() && _clips.current()->isEmpty()))
-        return;
-    double opacity = alpha;
-    const DIO_Paint paint = paintOf(node, opacity);
-    if (!(opacity > 0.0))
-        return;
-    const QPainterPath path = node.stroke ? _outliner.outline(node.path, *node.stroke, {}) : node.path;
-    if (path.isEmpty())
-        return;
-    DIO_Shape shape;
-    shape.path = path;
-    if (const QPainterPath* clip = _clips.current())
-        shape.clip = *clip;
-    shape.opacity = opacity;
-    shape.paint = paintIndex(paint);
-    shapes.push_back(shape);
-}
-
-int DIO_LottiePainter::pushClips(const DIO_LottieLayer& layer)
-{
-    int count = 0;
-    const auto push = [&](const auto& gather) {
-        _clips.begin();
-        gather();
-        _clips.end();
-        ++count;
-    };
+        if (std::optional<DIO_Shape> shape = paintNode(node))
+            shapes.push_back(std::move(*shape));
     if (!layer.clip.isEmpty())
-        push([&] { _clips.add(layer.clip); });
-    const auto adds = [](const DIO_LottieMask& mask) { return mask.mode == ADD_MASK; };
-    if (std::ranges::any_of(layer.masks, adds))
-        push([&] {
-            for (const DIO_LottieMask& mask : layer.masks)
-                if (adds(mask))
-                    _clips.add(mask.path);
-        });
-    for (const DIO_LottieMask& mask : layer.masks)
-        if (mask.mode == INTERSECT_MASK)
-            push([&] { _clips.add(mask.path); });
-    return count;
+        _tooDetailed += DIO_clip(shapes, layer.clip);
+    if (!layer.masks.empty() && !shapes.empty())
+        cut(shapes, coverageOf(layer.masks, DIO_boundsOf(shapes)));
+    _tooDetailed += DIO_fade(shapes, layer.alpha);
+    return shapes;
 }
 
-void DIO_LottiePainter::popClips(int count)
+void DIO_LottiePainter::cut(Shapes& shapes, const DIO_CoverageLevels& levels)
 {
-    for (int i = 0; i < count; ++i)
-        _clips.pop();
+    _tooDetailed += levels.skipped() + DIO_cut(shapes, levels);
+}
+
+std::optional<DIO_Shape> DIO_LottiePainter::paintNode(const DIO_LottieNode& node)
+{
+    if (node.brush == PICTURE_BRUSH || node.path.isEmpty())
+        return std::nullopt;
+    DIO_Shape shape;
+    const DIO_Paint paint = paintOf(node, shape.opacity);
+    if (!(shape.opacity > 0.0))
+        return std::nullopt;
+    shape.path = node.stroke ? _outliner.outline(node.path, *node.stroke, {}) : node.path;
+    if (shape.path.isEmpty())
+        return std::nullopt;
+    shape.paint = paintIndex(paint);
+    return shape;
 }
 
 int DIO_LottiePainter::paintIndex(const DIO_Paint& paint)

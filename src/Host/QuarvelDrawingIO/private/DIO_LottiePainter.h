@@ -1,11 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // DIO_LottiePainter: turns the layers that an animation shows at a frame into areas. Lines become outlines, layers
-// within layers are flattened, clips and masks become clips of the areas.
+// within layers are flattened; clips, masks and mattes become clips and opacities of the areas.
 #pragma once
 
 #include "QuarvelDrawingIO/DIO_Animation.h"
-#include "QuarvelDrawingIO/private/DIO_ClipStack.h"
+#include "QuarvelDrawingIO/private/DIO_CoverageLevels.h"
 #include "QuarvelDrawingIO/private/DIO_LottieRecords.h"
 #include "QuarvelDrawingIO/private/DIO_StrokeOutliner.h"
 
@@ -20,23 +20,24 @@ public:
 
     /// What a layer paints.
     ///
-    /// @param matte the layer that cuts it and is not painted itself; null: none
+    /// @param matte the layer that cuts it, by its coverage or by its brightness, and is not painted itself; null: none
     std::vector<DIO_Shape> paint(const DIO_LottieLayer& layer, const DIO_LottieLayer* matte);
 
+    /// How often something was too detailed to be cut, and stayed whole.
+    int tooDetailed() const { return _tooDetailed; }
+
 private:
-    void paintLayer(const DIO_LottieLayer& layer, double alpha, std::vector<DIO_Shape>& shapes);
-    void paintLayers(const std::vector<DIO_LottieLayer>& layers, double alpha, std::vector<DIO_Shape>& shapes);
-    void paintMatted(const DIO_LottieLayer& layer, const DIO_LottieLayer* matte, double alpha,
-                     std::vector<DIO_Shape>& shapes);
-    void paintNode(const DIO_LottieNode& node, double alpha, std::vector<DIO_Shape>& shapes);
-    int pushClips(const DIO_LottieLayer& layer);
-    void popClips(int count);
+    using Shapes = std::vector<DIO_Shape>;
+
+    Shapes paintLayer(const DIO_LottieLayer& layer);
+    std::optional<DIO_Shape> paintNode(const DIO_LottieNode& node);
+    void cut(Shapes& shapes, const DIO_CoverageLevels& levels);
     int paintIndex(const DIO_Paint& paint);
 
     std::vector<DIO_Paint>& _palette;
     QHash<QString, int> _indexOf;
-    DIO_ClipStack _clips;
     DIO_StrokeOutliner _outliner;
+    int _tooDetailed = 0;
 };
 
 /// Calls function(index, layer, matte) for every layer that is painted itself, bottom up: a layer with a matte is cut

@@ -8,7 +8,6 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QDir>
-#include <QFileInfo>
 #include <QProcess>
 
 namespace {
@@ -37,18 +36,19 @@ QString reasonFrom(const QByteArray& remark)
 
 } // namespace
 
-UT_Result<QByteArray> DIO_runLottieProgram(const QString& path, const DIO_LottieLimits& limits)
+UT_Result<QByteArray> DIO_runLottieProgram(const QByteArray& document, const QString& path,
+                                           const DIO_LottieLimits& limits)
 {
     QProcess process;
     process.setProgram(programOf(limits));
-    process.setArguments({QFileInfo(path).absoluteFilePath()});
-    process.setStandardInputFile(QProcess::nullDevice());
     const QDeadlineTimer deadline(qint64{limits.seconds} * 1000);
-    process.start(QIODevice::ReadOnly);
+    process.start(QIODevice::ReadWrite);
     if (!process.waitForStarted())
         return problem(path, QStringLiteral("animations are read by the program %1, which does not run; is the "
                                             "installation whole?")
                                  .arg(process.program()));
+    process.write(document);
+    process.closeWriteChannel();
     QByteArray written;
     QByteArray remark;
     const auto collect = [&] {

@@ -8,5 +8,8 @@
 
 #include <QByteArray>
 
-/// What the program writes about a file; an error when it fails, crashes, or goes beyond a limit.
-UT_Result<QByteArray> DIO_runLottieProgram(const QString& path, const DIO_LottieLimits& limits);
+/// What the program writes about a document; an error when it fails, crashes, or goes beyond a limit.
+///
+/// @param path what messages call the document
+UT_Result<QByteArray> DIO_runLottieProgram(const QByteArray& document, const QString& path,
+                                           const DIO_LottieLimits& limits);

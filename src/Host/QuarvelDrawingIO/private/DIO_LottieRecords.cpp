@@ -175,7 +175,8 @@ bool DIO_LottieStreamReader::readEnd()
 void DIO_LottieStreamReader::layer(DIO_LottieLayer& layer, int depth)
 {
     const qsizetype begin = _at;
-    layer.name = text();
+    const DIO_LottieLayerFacts& facts = factsOf(text());
+    layer.name = facts.name;
     layer.matte = choice(LUMA_INVERTED_MATTE);
     layer.visible = byte() != 0;
     layer.alpha = byte() / 255.0;
@@ -183,6 +184,7 @@ void DIO_LottieStreamReader::layer(DIO_LottieLayer& layer, int depth)
     const quint32 masks = u32();
     for (quint32 i = 0; i < masks && _ok; ++i)
         layer.masks.push_back(mask());
+    applyFacts(facts.masks, layer.masks);
     const quint32 nodes = u32();
     for (quint32 i = 0; i < nodes && _ok; ++i)
         layer.nodes.push_back(node());
@@ -196,8 +198,29 @@ void DIO_LottieStreamReader::layer(DIO_LottieLayer& layer, int depth)
 DIO_LottieMask DIO_LottieStreamReader::mask()
 {
     const auto mode = choice(DIFFERENCE_MASK);
-    byte(); // how opaque the mask is: it cuts or it does not
-    return {mode, path()};
+    const double opacity = byte() / 255.0;
+    return {mode, opacity, false, path()};
+}
+
+void DIO_LottieStreamReader::applyFacts(const std::vector<DIO_LottieLayerFacts::Mask>& facts,
+                                        std::vector<DIO_LottieMask>& masks)
+{
+    std::vector<DIO_LottieMask> working;
+    for (std::size_t i = 0; i < masks.size(); ++i) {
+        masks[i].inverted = i < facts.size() && facts[i].isInverted;
+        if (i >= facts.size() || !facts[i].isOff)
+            working.push_back(std::move(masks[i]));
+    }
+    masks = std::move(working);
+}
+
+// The document was given numbers for names; the outermost layer has a name of the library's own.
+const DIO_LottieLayerFacts& DIO_LottieStreamReader::factsOf(const QString& number) const
+{
+    static const DIO_LottieLayerFacts none;
+    bool isNumber = false;
+    const std::size_t index = number.toUInt(&isNumber);
+    return isNumber && index < _facts.size() ? _facts[index] : none;
 }
 
 DIO_LottieNode DIO_LottieStreamReader::node()

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "QuarvelDrawingIO/DIO_LottieStream.h"
+#include "QuarvelDrawingIO/private/DIO_LottieDocument.h"
 
 #include <QByteArray>
 #include <QColor>
@@ -30,6 +31,8 @@ struct DIO_LottieNode
 struct DIO_LottieMask
 {
     DIO_LottieStream::MaskMode mode = DIO_LottieStream::ADD_MASK;
+    double opacity = 1.0;
+    bool inverted = false; ///< what counts is outside of the path
     QPainterPath path;
 };
 
@@ -61,7 +64,10 @@ class DIO_LottieStreamReader
 {
 public:
     /// @param bytes outlive the reader and the layers
-    explicit DIO_LottieStreamReader(const QByteArray& bytes) : _bytes(bytes) {}
+    /// @param facts what the document says of the layers; outlives the reader
+    DIO_LottieStreamReader(const QByteArray& bytes, const std::vector<DIO_LottieLayerFacts>& facts)
+        : _bytes(bytes), _facts(facts)
+    {}
 
     /// The header; nothing when the stream is none or its numbers are of no use.
     std::optional<DIO_LottieHeader> readHeader();
@@ -82,12 +88,15 @@ private:
     QString text();
     QPainterPath path(Qt::FillRule rule = Qt::WindingFill);
     void layer(DIO_LottieLayer& layer, int depth);
+    const DIO_LottieLayerFacts& factsOf(const QString& number) const;
+    static void applyFacts(const std::vector<DIO_LottieLayerFacts::Mask>& facts, std::vector<DIO_LottieMask>& masks);
     DIO_LottieMask mask();
     DIO_LottieNode node();
     QPen pen();
     QGradientStops stops();
 
     const QByteArray& _bytes;
+    const std::vector<DIO_LottieLayerFacts>& _facts;
     qsizetype _at = 0;
     bool _ok = true;
 };

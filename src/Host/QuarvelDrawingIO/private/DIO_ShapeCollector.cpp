@@ -4,6 +4,7 @@
 #include "QuarvelDrawingIO/private/DIO_ShapeCollector.h"
 
 #include "QuarvelDrawingIO/private/DIO_AverageColour.h"
+#include "QuarvelDrawingIO/private/DIO_PathSets.h"
 #include "QuarvelDrawingIO/private/DIO_SvgMarks.h"
 
 #include <algorithm>

@@ -73,4 +73,21 @@ inline QByteArray jumping()
     return R"({"a":1,"k":[{"t":0,"s":[20,50,0],"h":1},{"t":2,"s":[60,50,0],"h":1}]})";
 }
 
+/// A square mask about the layer's place. Its mode is "a" (add), "s" (subtract), "i" (intersect), "f" (difference) or
+/// "n" (none).
+inline QByteArray mask(int side, const QByteArray& mode, bool inverted = false, int opacity = 100)
+{
+    const QByteArray far = QByteArray::number(side / 2);
+    return R"({"inv":)" + QByteArray(inverted ? "true" : "false") + R"(,"mode":")" + mode +
+           R"(","pt":{"a":0,"k":{"i":[[0,0],[0,0],[0,0],[0,0]],"o":[[0,0],[0,0],[0,0],[0,0]],"v":[[-)" + far + ",-" +
+           far + "],[" + far + ",-" + far + "],[" + far + "," + far + "],[-" + far + "," + far +
+           R"(]],"c":true}},"o":{"a":0,"k":)" + QByteArray::number(opacity) + R"(},"x":{"a":0,"k":0}})";
+}
+
+/// A layer's member with its masks, separated by commas.
+inline QByteArray masked(const QByteArray& masks)
+{
+    return R"(,"hasMask":true,"masksProperties":[)" + masks + "]";
+}
+
 } // namespace animations

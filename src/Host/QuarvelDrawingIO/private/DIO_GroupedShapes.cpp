@@ -1,0 +1,135 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Shapes are painted one over the other, so that opacities a and b make up 1 - (1 - a)(1 - b). Where a place is to
+// reach b and the areas below it have reached a already, what is added there is 1 - (1 - b) / (1 - a).
+#include "QuarvelDrawingIO/private/DIO_GroupedShapes.h"
+
+#include "QuarvelDrawingIO/private/DIO_PathSets.h"
+
+#include <algorithm>
+
+namespace {
+
+// Fainter than this is nothing, and a fading this slight is none: no picture of 8 bits shows it.
+constexpr double kInvisible = 1.0 / 1024.0;
+
+double added(double reached, double wanted)
+{
+    return reached >= 1.0 ? 0.0 : 1.0 - (1.0 - wanted) / (1.0 - reached);
+}
+
+// Clips one shape after the other by the same area. Neighbours often share a clip, which is then cut once.
+class Clipper
+{
+public:
+    explicit Clipper(const QPainterPath& area) : _area(area), _isRectangle(DIO_isRectangle(area)) {}
+
+    // Nothing when the result is too detailed; else the shape may have become empty.
+    bool clip(DIO_Shape& shape)
+    {
+        const QRectF bounds = shape.path.controlPointRect();
+        if (_isRectangle && _area.controlPointRect().contains(bounds))
+            return true;
+        if (!shape.clip) {
+            shape.clip = _area;
+            return true;
+        }
+        if (!_before || *_before != *shape.clip) {
+            _before = shape.clip;
+            _after = DIO_intersected(*shape.clip, _area);
+        }
+        if (_after)
+            shape.clip = _after;
+        return _after.has_value();
+    }
+
+private:
+    const QPainterPath& _area;
+    bool _isRectangle;
+    std::optional<QPainterPath> _before;
+    std::optional<QPainterPath> _after;
+};
+
+bool paintsNothing(const DIO_Shape& shape)
+{
+    return !(shape.opacity > kInvisible) ||
+           (shape.clip && !shape.clip->controlPointRect().intersects(shape.path.controlPointRect()));
+}
+
+} // namespace
+
+QPainterPath DIO_paintedArea(const DIO_Shape& shape)
+{
+    return shape.clip ? DIO_intersected(shape.path, *shape.clip).value_or(*shape.clip) : shape.path;
+}
+
+QRectF DIO_boundsOf(const std::vector<DIO_Shape>& shapes)
+{
+    QRectF bounds;
+    for (const DIO_Shape& shape : shapes)
+        bounds |=
+            shape.clip ? shape.path.controlPointRect() & shape.clip->controlPointRect() : shape.path.controlPointRect();
+    return bounds;
+}
+
+int DIO_cut(std::vector<DIO_Shape>& shapes, const DIO_CoverageLevels& mask)
+{
+    std::vector<Clipper> clippers;
+    for (const DIO_CoverageLevels::Level& level : mask.levels())
+        clippers.emplace_back(level.area);
+    std::vector<DIO_Shape> cut;
+    int whole = 0;
+    for (const DIO_Shape& shape : shapes) {
+        double reached = 0.0;
+        for (std::size_t i = 0; i < clippers.size(); ++i) {
+            const double wanted = shape.opacity * mask.levels()[i].value;
+            DIO_Shape part = shape;
+            part.opacity = added(reached, wanted);
+            reached = wanted;
+            whole += clippers[i].clip(part) ? 0 : 1;
+            if (!paintsNothing(part))
+                cut.push_back(std::move(part));
+        }
+    }
+    shapes = std::move(cut);
+    return whole;
+}
+
+int DIO_clip(std::vector<DIO_Shape>& shapes, const QPainterPath& area)
+{
+    Clipper clipper(area);
+    int whole = 0;
+    for (DIO_Shape& shape : shapes)
+        whole += clipper.clip(shape) ? 0 : 1;
+    std::erase_if(shapes, paintsNothing);
+    return whole;
+}
+
+int DIO_fade(std::vector<DIO_Shape>& shapes, double opacity)
+{
+    if (opacity >= 1.0 - kInvisible)
+        return 0;
+    // From the top down: what a shape adds depends on how opaque the group already is above it.
+    DIO_CoverageLevels above(DIO_boundsOf(shapes).adjusted(-1.0, -1.0, 1.0, 1.0), 0.0);
+    std::vector<DIO_Shape> faded;
+    int alone = 0;
+    for (auto shape = shapes.rbegin(); shape != shapes.rend(); ++shape) {
+        // How much of the shape is wanted where the group above has a value: less, the more opaque that is.
+        const auto wanted = [&](double value) {
+            const double together = 1.0 - (1.0 - value) * (1.0 - shape->opacity);
+            return added(opacity * value, opacity * together) / (opacity * shape->opacity);
+        };
+        DIO_CoverageLevels left(DIO_boundsOf({*shape}).adjusted(-1.0, -1.0, 1.0, 1.0), 1.0);
+        for (const DIO_CoverageLevels::Level& level : above.levels())
+            left.change(level.area, false, 0.0, wanted(level.value));
+        std::vector<DIO_Shape> parts{*shape};
+        parts.front().opacity *= opacity;
+        alone += left.skipped() + (left.levels().empty() ? 0 : DIO_cut(parts, left));
+        if (!left.levels().empty())
+            faded.insert(faded.end(), parts.rbegin(), parts.rend());
+        above.paint(DIO_paintedArea(*shape), false, shape->opacity, 1.0);
+    }
+    std::ranges::reverse(faded);
+    shapes = std::move(faded);
+    return alone + above.skipped();
+}

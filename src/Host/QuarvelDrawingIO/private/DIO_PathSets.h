@@ -1,0 +1,21 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Unions, intersections and differences of areas. Qt's path operations are exact enough for clips but slow on detailed
+// paths, so rectangles, which most clips are, go without them, and areas that do not meet are not worked on. Very
+// detailed areas are not combined at all; the functions then say so by returning nothing.
+#pragma once
+
+#include <QPainterPath>
+
+#include <optional>
+
+/// Whether a path is one rectangle with sides along the axes.
+bool DIO_isRectangle(const QPainterPath& path);
+
+/// The area of a rectangle.
+QPainterPath DIO_rectangle(const QRectF& rect);
+
+/// What lies in either area, in both, or in the first but not in the second. Nothing when they are too detailed.
+std::optional<QPainterPath> DIO_united(const QPainterPath& a, const QPainterPath& b);
+std::optional<QPainterPath> DIO_intersected(const QPainterPath& a, const QPainterPath& b);
+std::optional<QPainterPath> DIO_subtracted(const QPainterPath& a, const QPainterPath& b);
