@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <new>
 #include <optional>
 
 namespace BlurAlgo {
@@ -123,17 +122,13 @@ UT_SharedPtr<CEL_PixmapArea> blur(const CEL_PixmapArea& input, const FilterImage
     const std::optional<Math::Box2di> resultRect = rect.isEmpty() ? Math::Box2di() : grown(rect, filter, canvas);
     if (!resultRect)
         return {};
-    try {
-        if (const auto* const depth = dynamic_cast<const CEL_PixmapAreaZ*>(&input))
-            return blurDepth(*depth, filter, *resultRect, canvas);
-        UT_SharedPtr<CEL_PixmapArea> blurred;
-        CEL_withFormat(input, [&](const auto& typed) {
-            blurred = blurColours<CEL_PixelOf<decltype(typed)>>(typed, filter, *resultRect, channels);
-        });
-        return blurred;
-    } catch (const std::bad_alloc&) {
-        return {};
-    }
+    if (const auto* const depth = dynamic_cast<const CEL_PixmapAreaZ*>(&input))
+        return blurDepth(*depth, filter, *resultRect, canvas);
+    UT_SharedPtr<CEL_PixmapArea> blurred;
+    CEL_withFormat(input, [&](const auto& typed) {
+        blurred = blurColours<CEL_PixelOf<decltype(typed)>>(typed, filter, *resultRect, channels);
+    });
+    return blurred;
 }
 
 } // namespace BlurAlgo

@@ -48,8 +48,9 @@ BLURALGO_EXPORT void getGaussianFilter(FilterImage& filter, double sx, double sy
 ///                   2: red alone; green and blue are zero, alpha is full (32767 or 1.0) where the resulting red is not
 ///                   zero, and zero elsewhere
 /// @param padding    what lies outside the input
-/// @return null for another format, another number in channels, a rectangle beyond
-/// +-BA_GaussianBlur::kLargestCoordinate, or when there is no memory for the result
+/// @return null for another format, another number in channels, or a rectangle beyond
+/// +-BA_GaussianBlur::kLargestCoordinate
+/// @throws std::bad_alloc when there is no memory for it
 BLURALGO_EXPORT UT_SharedPtr<CEL_PixmapArea> blur(const CEL_PixmapArea& input, const FilterImage& filter,
                                                   const Math::Box2di& canvasRect, int channels, PaddingType padding);
 

@@ -4,6 +4,7 @@
 #include "QuarvelDrawingIO/DIO_BitmapReader.h"
 
 #include "QuarvelDrawingIO/private/DIO_AverageColour.h"
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
 
 #include <QFileInfo>
 #include <QImageReader>
@@ -27,7 +28,7 @@ UT_Error problem(const QString& path, const QString& what)
 QImage inOneForm(const QImage& image)
 {
     const bool deep = image.pixelFormat().redSize() > 8;
-    QImage pixels = image.convertToFormat(deep ? QImage::Format_RGBA64 : QImage::Format_ARGB32);
+    QImage pixels = GR_imageInFormat(image, deep ? QImage::Format_RGBA64 : QImage::Format_ARGB32);
     pixels.setDevicePixelRatio(1.0);
     return pixels;
 }

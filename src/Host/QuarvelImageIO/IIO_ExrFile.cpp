@@ -117,11 +117,15 @@ void writeSamples(Imf::OutputFile& file, const IIO_Picture& picture)
 void writeStream(QIODevice& device, const QByteArray& name, const IIO_Picture& picture, const IIO_WriteOptions& options)
 {
     IIO_ExrOutput stream(device, name.constData());
-    Imf::OutputFile file(stream, headerOf(picture, options));
-    if (options.exrDepth == IIO_ExrDepth::HALF)
-        writeSamples<Imath::half>(file, picture);
-    else
-        writeSamples<float>(file, picture);
+    {
+        Imf::OutputFile file(stream, headerOf(picture, options));
+        if (options.exrDepth == IIO_ExrDepth::HALF)
+            writeSamples<Imath::half>(file, picture);
+        else
+            writeSamples<float>(file, picture);
+    }
+    if (!stream.isComplete())
+        throw std::runtime_error("there is not enough memory to compress it");
 }
 
 // The file's channels, colours first. Empty if any channel is subsampled.

@@ -3,6 +3,8 @@
 // Qt's painter computes the coverage of cells in 256 levels; a cell counts as covered from the middle level.
 #include "form/raster/CellMask.h"
 
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
+
 #include <QImage>
 #include <QPainter>
 
@@ -57,7 +59,7 @@ CellMask CellMask::of(std::span<const DIO_Shape> shapes, const Grid& grid)
     CellMask mask(box);
     if (box.isEmpty())
         return mask;
-    QImage image(box.size(), QImage::Format_Alpha8);
+    QImage image = GR_newImage(box.size(), QImage::Format_Alpha8);
     image.fill(0);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);

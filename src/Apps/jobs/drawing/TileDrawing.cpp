@@ -4,6 +4,8 @@
 // are copied and moved.
 #include "jobs/drawing/TileDrawing.h"
 
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
+
 #include <algorithm>
 
 namespace {
@@ -16,7 +18,7 @@ bool isBitmap(const DIO_Drawing& drawing)
 
 QImage tiled(const QImage& image, int columns, int rows)
 {
-    QImage result(image.width() * columns, image.height() * rows, image.format());
+    QImage result = GR_newImage({image.width() * columns, image.height() * rows}, image.format());
     const auto bytes = static_cast<std::size_t>(image.width()) * static_cast<std::size_t>(image.depth() / 8);
     for (int y = 0; y < result.height(); ++y)
         for (int column = 0; column < columns; ++column)

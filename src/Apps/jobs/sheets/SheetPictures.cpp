@@ -3,6 +3,8 @@
 // Reading and writing both use SheetRegion::onPage(), so that pixels are written to where they were read.
 #include "jobs/sheets/SheetPictures.h"
 
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
+
 #include <algorithm>
 
 namespace {
@@ -26,7 +28,7 @@ void copySprite(const QImage& page, const SheetRegion& region, QImage& sprite)
 
 QImage spriteOf(const QImage& page, const SheetRegion& region)
 {
-    QImage sprite(region.whole, page.format());
+    QImage sprite = GR_newImage(region.whole, page.format());
     sprite.fill(0);
     if (page.depth() == 64)
         copySprite<std::uint64_t>(page, region, sprite);

@@ -8,6 +8,7 @@
 
 #include "QuarvelBaseCore/UT_PixelMemory.h"
 #include "QuarvelCelCore/CEL_WithFormat.h"
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
 
 #include <QImage>
 #include <QPainter>
@@ -61,10 +62,8 @@ QColor toQColor(const VS_RGBA& paint, double opacity)
 QImage premultiplied(const QImage& picture)
 {
     if (picture.format() != QImage::Format_RGBA64)
-        return picture.convertToFormat(QImage::Format_RGBA64_Premultiplied);
-    QImage made(picture.size(), QImage::Format_RGBA64_Premultiplied);
-    if (made.isNull())
-        throw std::bad_alloc();
+        return GR_imageInFormat(picture, QImage::Format_RGBA64_Premultiplied);
+    QImage made = GR_newImage(picture.size(), QImage::Format_RGBA64_Premultiplied);
     const auto width = static_cast<std::size_t>(picture.width());
     for (int y = 0; y < picture.height(); ++y) {
         const std::span from(reinterpret_cast<const QRgba64*>(picture.constScanLine(y)), width);

@@ -3,6 +3,8 @@
 // Averages, summed with colours multiplied by alpha.
 #include "QuarvelDrawingIO/private/DIO_AverageColour.h"
 
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
+
 #include <algorithm>
 #include <span>
 
@@ -45,7 +47,7 @@ void add(Sum& sum, const QColor& colour, double weight)
 
 QColor DIO_averageColour(const QImage& image)
 {
-    const QImage pixels = image.convertToFormat(QImage::Format_ARGB32);
+    const QImage pixels = GR_imageInFormat(image, QImage::Format_ARGB32);
     Sum sum;
     for (int y = 0; y < pixels.height(); ++y) {
         const std::span row(reinterpret_cast<const QRgb*>(pixels.constScanLine(y)),

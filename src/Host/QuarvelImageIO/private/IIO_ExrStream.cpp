@@ -3,10 +3,14 @@
 // Maps the streams' functions to those of QIODevice.
 #include "QuarvelImageIO/private/IIO_ExrStream.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 void IIO_ExrOutput::write(const char bytes[], int count)
 {
+    constexpr int kOffsetBytes = 8;
+    if (_wentBack && count == kOffsetBytes && std::all_of(bytes, bytes + count, [](char byte) { return byte == 0; }))
+        _isComplete = false;
     if (_device.write(bytes, count) != count)
         throw std::runtime_error(_device.errorString().toStdString());
 }
@@ -18,6 +22,7 @@ uint64_t IIO_ExrOutput::tellp()
 
 void IIO_ExrOutput::seekp(uint64_t position)
 {
+    _wentBack = true;
     if (!_device.seek(static_cast<qint64>(position)))
         throw std::runtime_error(_device.errorString().toStdString());
 }

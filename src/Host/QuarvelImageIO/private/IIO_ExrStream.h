@@ -18,8 +18,14 @@ public:
     uint64_t tellp() override;
     void seekp(uint64_t position) override;
 
+    /// Whether every block of rows has its place in the file. Ask when the library has closed the file: of a block that
+    /// it could not compress for lack of memory it writes an offset of 0 into its table, and says nothing.
+    bool isComplete() const { return _isComplete; }
+
 private:
     QIODevice& _device;
+    bool _wentBack = false;
+    bool _isComplete = true;
 };
 
 /// Reads from a device; throws if the file ends too early.

@@ -4,6 +4,7 @@
 // bytes depend on the pixels alone.
 #include "QuarvelSceneIO/private/SIO_PictureText.h"
 
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
 #include "QuarvelSceneIO/private/SIO_Limits.h"
 
 #include <QBuffer>
@@ -50,9 +51,7 @@ bool isSmallEnough(const QSize& size, qint64 bytesPerPixel)
 // Copies the pixels' bytes into an image of another format with pixels of the same size, without converting them.
 QImage pixelsOf(const QImage& image, QImage::Format format)
 {
-    QImage pixels(image.size(), format);
-    if (pixels.isNull())
-        return pixels;
+    QImage pixels = GR_newImage(image.size(), format);
     const auto length = static_cast<std::size_t>(std::min(image.bytesPerLine(), pixels.bytesPerLine()));
     for (int y = 0; y < image.height(); ++y)
         std::memcpy(pixels.scanLine(y), image.constScanLine(y), length);
@@ -64,7 +63,7 @@ QImage pixelsOf(const QImage& image, QImage::Format format)
 QImage SIO_plainPicture(const QImage& picture)
 {
     const QImage::Format format = plainFormat(picture.format(), isPremultiplied(picture.format()));
-    return pixelsOf(picture.format() == format ? picture : picture.convertToFormat(format), format);
+    return pixelsOf(picture.format() == format ? picture : GR_imageInFormat(picture, format), format);
 }
 
 std::optional<QString> SIO_pictureText(const QImage& plain)
@@ -96,6 +95,6 @@ std::optional<QImage> SIO_parsePicture(const QString& text, bool premultiplied)
     if (image.isNull())
         return std::nullopt;
     const QImage::Format straight = plainFormat(image.format(), false);
-    const QImage converted = image.format() == straight ? image : image.convertToFormat(straight);
+    const QImage converted = image.format() == straight ? image : GR_imageInFormat(image, straight);
     return pixelsOf(converted, plainFormat(straight, premultiplied));
 }

@@ -36,7 +36,7 @@ double filterSize(const VolumeSettings& settings, const Math::Box2di& canvas)
     return std::min(size, 4.0 * std::hypot(canvas.width(), canvas.height()));
 }
 
-// The blurred mask; null when there is no memory for it.
+// The blurred mask; null when its rectangle is larger than a blur can handle.
 UT_SharedPtr<CEL_PixmapAreaZ> blurredMask(const CEL_PixmapAreaZ& mask, const VolumeSettings& settings)
 {
     constexpr int kRedAlone = 2;

@@ -33,7 +33,8 @@ struct ObjectVolume
 /// @param covered         where inputs cover the object beyond the accumulator's rectangle: an input of zero width or
 /// height has coverage although it is not accumulated
 /// @return none when a pixmap is missing, when their formats are not the same colour format, when the accumulator holds
-/// no pixels, or when there is no memory for the blur
+/// no pixels, or when the blur would be larger than it can be
+/// @throws std::bad_alloc when there is no memory for it, which ends the render
 ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel, int resolutionX,
                                bool generateNormals, double elevation, const UT_SharedPtr<CEL_PixmapArea>& objectPixmap,
                                std::pair<float, float>& range, int quality, double smoothness, bool clip,

@@ -4,6 +4,8 @@
 // cell whose colour is closest to the pixel's.
 #include "form/bitmap/pictures/ObjectPictures.h"
 
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
+
 #include <QRgba64>
 
 #include <algorithm>
@@ -164,7 +166,7 @@ public:
     {
         findPlaces();
         for (Canvas& canvas : _canvases) {
-            canvas.whole = QImage(canvas.place.size(), _bitmap.format());
+            canvas.whole = GR_newImage(canvas.place.size(), _bitmap.format());
             canvas.whole.fill(0);
         }
         for (int y = 0; y < _bitmap.height(); ++y)
@@ -228,7 +230,7 @@ private:
         }
         for (Canvas& canvas : _canvases)
             if (canvas.completed) {
-                canvas.shown = QImage(canvas.place.size(), QImage::Format_Alpha8);
+                canvas.shown = GR_newImage(canvas.place.size(), QImage::Format_Alpha8);
                 canvas.shown.fill(0);
             }
     }

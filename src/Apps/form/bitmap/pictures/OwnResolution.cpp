@@ -4,6 +4,8 @@
 // its squares divides all distances between them. For most pictures, a few rows are enough to see that the size is 1.
 #include "form/bitmap/pictures/OwnResolution.h"
 
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
@@ -136,7 +138,7 @@ PixelCells drawnPixelsOf(const QImage& image)
 
 OwnPicture ownPictureOf(const QImage& image)
 {
-    const QImage pixels = image.convertToFormat(QImage::Format_ARGB32);
+    const QImage pixels = GR_imageInFormat(image, QImage::Format_ARGB32);
     OwnPicture own;
     own.cells = drawnPixelsOf(image);
     const int side = std::max(own.cells.columns(image.width()), own.cells.rows(image.height()));
