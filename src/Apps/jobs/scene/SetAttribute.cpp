@@ -144,6 +144,28 @@ std::optional<MadeCommand> changeLight(MO_Scene& scene, const QString& subject, 
                                  .arg(keys.join(QStringLiteral(", ")), match.captured(2))));
 }
 
+// The object table: rows that are given take the place of those of their numbers, and the other objects stay, as other
+// keys of a curve do. An empty text empties the table.
+MadeCommand changeObjectTable(MO_Scene& scene, MO_Module& node, AT_Attr& table, const QStringList& words)
+{
+    const QString text = words.join(u';');
+    std::vector<NormalMapObject> rows = NormalMapNode(node).objects();
+    for (const NormalMapObject& given : objectsOfTable(text)) {
+        const auto same = [&](const NormalMapObject& row) { return row.number == given.number; };
+        const auto place = std::ranges::find_if(rows, same);
+        if (place == rows.end()) {
+            rows.push_back(given);
+            continue;
+        }
+        *place = given;
+        rows.erase(std::remove_if(place + 1, rows.end(), same), rows.end());
+    }
+    if (!text.trimmed().isEmpty() && objectsOfTable(text).empty())
+        return error(
+            QStringLiteral("expected NUMBER:BEVEL:ELEVATION:SMOOTHNESS, as in 1:60:1:1, got \"%1\"").arg(text));
+    return changeByWords(scene, table, {text.trimmed().isEmpty() ? QString() : objectTableText(rows)});
+}
+
 MadeCommand commandFor(MO_Scene& scene, const QString& subject, const QStringList& words)
 {
     if (subject == QLatin1String("rate") && words.size() == 1)
@@ -158,9 +180,12 @@ MadeCommand commandFor(MO_Scene& scene, const QString& subject, const QStringLis
         return changeFrameHeight(scene, words.first());
     const QString node = AT_AttrLink::nodeOf(subject);
     const QString key = AT_AttrLink::keyOf(subject);
-    if (AT_Attr* attr = subject.contains(u'.') ? scene.findAttr(subject) : nullptr)
-        return changeByWords(scene, *attr, words);
     MO_Module* const module = scene.findModule(node);
+    AT_Attr* const named = subject.contains(u'.') ? scene.findAttr(subject) : nullptr;
+    if (named && module && NormalMapNode::is(*module) && key == NormalMapNode::objectTableKey())
+        return changeObjectTable(scene, *module, *named, words);
+    if (named)
+        return changeByWords(scene, *named, words);
     if (AT_Attr* attr =
             module && NormalMapNode::is(*module) ? module->findAttr(NormalMapNode::keyCalled(key)) : nullptr)
         return changeByWords(scene, *attr, words);
