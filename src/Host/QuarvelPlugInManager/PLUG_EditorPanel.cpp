@@ -194,7 +194,7 @@ void PLUG_EditorPanel::build(MO_Module& module)
     // The layout comes first, because plug-ins register their widgets when they are asked for it.
     const QDomElement layout = module.obtainEditorLayout();
     const auto* const widgets = dynamic_cast<PLUG_EditorWidgets*>(PLUG_Services::getWidgetFactoryRegistry());
-    BuiltEditor built = LayoutBuilder(module, editing, widgets).build(layout, _parts->area);
+    BuiltEditor built = LayoutBuilder(module, editing, widgets, _leftOut).build(layout, _parts->area);
     _parts->content = built.content;
     _parts->fields = std::move(built.fields);
     _warnings = built.warnings;

@@ -57,6 +57,10 @@ public:
     /// Whether the panel names the module above its editor; true by default.
     void setHeaderVisible(bool visible);
 
+    /// Leaves custom widgets of these types out of editors that are built from now on, with their labels: for a program
+    /// that shows the same values in a better way elsewhere.
+    void setLeftOut(const QStringList& types) { _leftOut = types; }
+
     /// The parts of the module's layout that were not understood.
     const QStringList& warnings() const { return _warnings; }
 
@@ -94,5 +98,6 @@ private:
     UT_WeakPtr<MO_Module> _module;
     CO_CommandStack* _stack;
     std::unique_ptr<Parts> _parts;
+    QStringList _leftOut;
     QStringList _warnings;
 };

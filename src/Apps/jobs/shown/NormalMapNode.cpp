@@ -158,6 +158,11 @@ std::vector<NormalMapColour> NormalMapNode::colours() const
     return attr ? coloursOfTable(attr->localValue()) : std::vector<NormalMapColour>();
 }
 
+std::unique_ptr<CO_Command> NormalMapNode::coloursCmd(const std::vector<NormalMapColour>& colours) const
+{
+    return textCmd(*_module, kColours, colourTableText(colours));
+}
+
 AT_DoubleAttr* NormalMapNode::bevelMultiplier() const
 {
     return dynamic_cast<AT_DoubleAttr*>(_module->findAttr(kBevelMultiplier));

@@ -90,6 +90,8 @@ public:
     std::unique_ptr<CO_Command> objectsCmd(const std::vector<NormalMapObject>& objects) const;
     /// The colour table.
     std::vector<NormalMapColour> colours() const;
+    /// The undoable change of the colour table; it merges with the next one. Null when nothing would change.
+    std::unique_ptr<CO_Command> coloursCmd(const std::vector<NormalMapColour>& colours) const;
     /// The attributes that multiply every object's bevel and elevation; both can be animated. Null when the module is
     /// of another kind.
     AT_DoubleAttr* bevelMultiplier() const;

@@ -211,6 +211,81 @@
     </message>
 </context>
 <context>
+    <name>ColourDepthDelegate</name>
+    <message>
+        <source>Depth</source>
+        <translation>Tiefe</translation>
+    </message>
+</context>
+<context>
+    <name>ColourDepthModel</name>
+    <message>
+        <source>%1, %2: has a depth of its own when the box is ticked</source>
+        <translation>%1, %2: hat eine eigene Tiefe, wenn das Kästchen angekreuzt ist</translation>
+    </message>
+    <message>
+        <source>%1: a colour that is in no palette any more</source>
+        <translation>%1: eine Farbe, die in keiner Palette mehr ist</translation>
+    </message>
+    <message>
+        <source>0 is carved in fully, 255 adds fully to the volume; without a number the object&apos;s own level holds</source>
+        <translation>0 ist ganz eingegraben, 255 trägt ganz zum Volumen bei; ohne Zahl gilt die Stufe des Objekts</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Carved – Added</source>
+        <translation>Eingegraben – Aufgetragen</translation>
+    </message>
+    <message>
+        <source>The colours of the drawing; those with a tick have a depth of their own</source>
+        <translation>Die Farben der Zeichnung; die angekreuzten haben eine eigene Tiefe</translation>
+    </message>
+    <message>
+        <source>How deep a colour lies: drag the slider, or double-click the number</source>
+        <translation>Wie tief eine Farbe liegt: den Regler ziehen oder die Zahl doppelklicken</translation>
+    </message>
+</context>
+<context>
+    <name>ColourDepthView</name>
+    <message>
+        <source>&amp;Pick from Picture</source>
+        <translation>Aus dem &amp;Bild wählen</translation>
+    </message>
+    <message>
+        <source>Search colours</source>
+        <translation>Farben suchen</translation>
+    </message>
+    <message>
+        <source>The next click in the picture selects the colour that is seen there</source>
+        <translation>Der nächste Klick ins Bild wählt die Farbe, die dort zu sehen ist</translation>
+    </message>
+    <message>
+        <source>Depth by colour</source>
+        <translation>Tiefe nach Farbe</translation>
+    </message>
+</context>
+<context>
+    <name>ColourDepths</name>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>Depth of &quot;%1&quot;</source>
+        <translation>Tiefe von „%1“</translation>
+    </message>
+    <message numerus="yes">
+        <source>Depth of %n colours</source>
+        <translation>
+            <numerusform>Tiefe von %n Farbe</numerusform>
+            <numerusform>Tiefe von %n Farben</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>ElementsView</name>
     <message>
         <source>Show at Frame</source>
@@ -1605,6 +1680,10 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <source>Exports as before, into the same files</source>
         <translation>Exportiert wie zuvor, in dieselben Dateien</translation>
     </message>
+    <message>
+        <source>Click the colour in the picture; Escape gives up</source>
+        <translation>Im Bild auf die Farbe klicken; Escape bricht ab</translation>
+    </message>
 </context>
 <context>
     <name>MessageBar</name>
@@ -2533,6 +2612,10 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>Elements</source>
         <translation>Elemente</translation>
+    </message>
+    <message>
+        <source>Depth by Colour</source>
+        <translation>Tiefe nach Farbe</translation>
     </message>
 </context>
 <context>

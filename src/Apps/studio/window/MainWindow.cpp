@@ -43,6 +43,7 @@ MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
     makeActions();
     makeDocks();
     makeObjectsDock();
+    makeColourPicker();
     makeMenus();
     makeToolBar();
     refreshIcons();

@@ -18,6 +18,7 @@
 #include <QMainWindow>
 
 class MessageBar;
+class ColourPicker;
 class ObjectActions;
 class ObjectHands;
 class QActionGroup;
@@ -95,6 +96,7 @@ private:
     // MainWindowObjects.cpp
     void makeObjects();
     void makeObjectsDock();
+    void makeColourPicker();
     void followSelection();
     void selectWhatMatters();
 
@@ -138,6 +140,7 @@ private:
     Viewer* _viewer = nullptr;
     ObjectHands* _hands = nullptr;
     ObjectActions* _objectActions = nullptr;
+    ColourPicker* _colourPicker = nullptr;
     QLabel* _pixelLabel = nullptr;
     QLabel* _stateLabel = nullptr;
     QLabel* _zoomLabel = nullptr;

@@ -4,16 +4,19 @@
 #include "studio/window/MainWindow.h"
 
 #include "jobs/shown/RenderedKind.h"
+#include "studio/docks/scene/ColourDepthView.h"
 #include "studio/objects/ObjectActions.h"
 #include "studio/objects/ObjectBar.h"
 #include "studio/objects/ObjectHands.h"
 #include "studio/objects/ObjectsView.h"
+#include "studio/preview/ColourPicker.h"
 #include "studio/preview/SceneSnapshot.h"
 #include "studio/preview/Viewer.h"
 
 #include <QAction>
 #include <QDockWidget>
 #include <QMenu>
+#include <QStatusBar>
 
 void MainWindow::makeObjects()
 {
@@ -45,6 +48,22 @@ void MainWindow::makeObjectsDock()
     auto* const lights = findChild<QDockWidget*>(QStringLiteral("lightsDock"));
     resizeDocks({dock, lights}, {kWidth, kWidth}, Qt::Horizontal);
     resizeDocks({dock, lights}, {540, 330}, Qt::Vertical);
+}
+
+void MainWindow::makeColourPicker()
+{
+    auto* const depths = findChild<ColourDepthView*>();
+    _colourPicker = new ColourPicker(*_viewer, this);
+    connect(depths, &ColourDepthView::pickWanted, this, [this](bool wanted) {
+        _viewer->setTool(wanted ? static_cast<ViewerTool*>(_colourPicker) : _hands);
+        if (wanted)
+            statusBar()->showMessage(tr("Click the colour in the picture; Escape gives up"));
+        else
+            statusBar()->clearMessage();
+        if (wanted)
+            _viewer->setFocus();
+    });
+    connect(_colourPicker, &ColourPicker::picked, depths, &ColourDepthView::takePicked);
 }
 
 void MainWindow::followSelection()

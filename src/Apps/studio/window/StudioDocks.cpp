@@ -4,6 +4,7 @@
 #include "studio/window/StudioDocks.h"
 
 #include "studio/docks/graph/NodePanel.h"
+#include "studio/docks/scene/ColourDepthView.h"
 #include "studio/docks/scene/ElementsView.h"
 #include "studio/docks/scene/PaletteView.h"
 #include "studio/docks/scene/PropertiesView.h"
@@ -53,8 +54,12 @@ void addStudioDocks(QMainWindow& window, StudioDocument& document)
         addDock(window, "PaletteDock", QT_TRANSLATE_NOOP("StudioDocks", "Palette"), Qt::RightDockWidgetArea, palette);
     QDockWidget* const elementsDock = addDock(window, "ElementsDock", QT_TRANSLATE_NOOP("StudioDocks", "Elements"),
                                               Qt::RightDockWidgetArea, new ElementsView(document));
+    QDockWidget* const depthDock =
+        addDock(window, "ColourDepthDock", QT_TRANSLATE_NOOP("StudioDocks", "Depth by Colour"), Qt::RightDockWidgetArea,
+                new ColourDepthView(document));
     window.splitDockWidget(nodeDock, timelineDock, Qt::Horizontal);
     window.tabifyDockWidget(paletteDock, elementsDock);
+    window.tabifyDockWidget(paletteDock, depthDock);
     paletteDock->raise();
     window.resizeDocks({nodeDock, timelineDock}, {500, 460}, Qt::Horizontal);
     window.resizeDocks({nodeDock}, {270}, Qt::Vertical);

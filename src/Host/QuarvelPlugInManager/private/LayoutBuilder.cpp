@@ -26,8 +26,9 @@ QGridLayout* gridIn(QWidget* widget)
 
 } // namespace
 
-LayoutBuilder::LayoutBuilder(MO_Node& node, const AttrEditing& editing, const PLUG_EditorWidgets* widgets)
-    : _node(node), _editing(editing), _widgets(widgets)
+LayoutBuilder::LayoutBuilder(MO_Node& node, const AttrEditing& editing, const PLUG_EditorWidgets* widgets,
+                             const QStringList& leftOut)
+    : _node(node), _editing(editing), _widgets(widgets), _leftOut(leftOut)
 {}
 
 BuiltEditor LayoutBuilder::build(const QDomElement& layout, QWidget* parent)
@@ -129,6 +130,8 @@ QLabel* LayoutBuilder::makeLabel(const QString& label, QWidget* parent) const
 void LayoutBuilder::addCustom(const QDomElement& element, QGridLayout* grid)
 {
     const QString type = element.attribute(QStringLiteral("type"));
+    if (_leftOut.contains(type))
+        return;
     QWidget* const parent = grid->parentWidget();
     QWidget* const widget =
         _widgets ? _widgets->create(type, parent, element.attribute(QStringLiteral("name"))) : nullptr;

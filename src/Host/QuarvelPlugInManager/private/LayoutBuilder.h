@@ -60,7 +60,9 @@ class LayoutBuilder
 {
 public:
     /// @param widgets the custom types; may be null
-    LayoutBuilder(MO_Node& node, const AttrEditing& editing, const PLUG_EditorWidgets* widgets);
+    /// @param leftOut custom types that are left out without a warning
+    LayoutBuilder(MO_Node& node, const AttrEditing& editing, const PLUG_EditorWidgets* widgets,
+                  const QStringList& leftOut);
 
     /// Builds the widgets; for a null element, or one that is not a layout, lists the node's attributes in their order.
     ///
@@ -84,6 +86,7 @@ private:
     MO_Node& _node;
     const AttrEditing& _editing;
     const PLUG_EditorWidgets* _widgets;
+    const QStringList& _leftOut;
     QByteArray _context;
     std::vector<QLabel*> _labels; ///< the labels in the first column
     BuiltEditor _built;

@@ -4,13 +4,12 @@
 #include "studio/docks/scene/PaletteView.h"
 
 #include "QuarvelSceneCore/editing/MO_PaletteCommands.h"
-#include "studio/docks/graph/NodeColors.h"
+#include "studio/docks/scene/ColourSwatch.h"
 
 #include <QBoxLayout>
 #include <QColorDialog>
 #include <QHeaderView>
 #include <QLabel>
-#include <QPainter>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScopedValueRollback>
@@ -20,32 +19,6 @@ namespace {
 
 constexpr int kNameColumn = 0;
 constexpr int kValueColumn = 1;
-constexpr int kSwatch = 22;
-
-QColor toQColor(const CM_Rgba& color)
-{
-    return QColor(color.red, color.green, color.blue, color.alpha);
-}
-
-// Half of a swatch shows the colour on a chequered ground when it is not opaque.
-QIcon swatch(const QColor& color, const QPalette& palette, double ratio)
-{
-    const int pixels = static_cast<int>(kSwatch * ratio);
-    QPixmap pixmap(pixels, pixels);
-    pixmap.setDevicePixelRatio(ratio);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF box(1.5, 1.5, kSwatch - 3, kSwatch - 3);
-    if (color.alpha() < 255) {
-        painter.fillRect(box, Qt::white);
-        painter.fillRect(box, QBrush(Qt::gray, Qt::Dense4Pattern));
-    }
-    painter.setBrush(color);
-    painter.setPen(QPen(blended(palette.color(QPalette::Text), palette.color(QPalette::Base), 0.5), 1));
-    painter.drawRoundedRect(box, 3, 3);
-    return QIcon(pixmap);
-}
 
 } // namespace
 
@@ -56,7 +29,7 @@ PaletteView::PaletteView(StudioDocument& document, QWidget* parent)
     _tree->setObjectName(QStringLiteral("PaletteTree"));
     _tree->setAccessibleName(tr("Palettes"));
     _tree->setHeaderLabels({tr("Name"), tr("Colour")});
-    _tree->setIconSize(QSize(kSwatch, kSwatch));
+    _tree->setIconSize(QSize(kColourSwatch, kColourSwatch));
     _tree->setFrameShape(QFrame::NoFrame);
     _tree->setEditTriggers(QTreeWidget::DoubleClicked | QTreeWidget::EditKeyPressed | QTreeWidget::SelectedClicked);
     _tree->header()->setStretchLastSection(false);
@@ -124,7 +97,8 @@ void PaletteView::rebuild()
             auto* row =
                 new QTreeWidgetItem(top, {color->GetColorName().ToQString(), colorText(color->GetNominalColor())});
             row->setFlags(row->flags() | Qt::ItemIsEditable);
-            row->setIcon(kNameColumn, swatch(toQColor(color->GetNominalColor()), this->palette(), devicePixelRatioF()));
+            row->setIcon(kNameColumn,
+                         colourSwatch(toQColor(color->GetNominalColor()), this->palette(), devicePixelRatioF()));
             if (before.palette && before.palette->GetId() == palette->GetId() && before.color == color->GetColorId())
                 _tree->setCurrentItem(row, column);
         }

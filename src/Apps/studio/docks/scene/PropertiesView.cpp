@@ -12,6 +12,13 @@
 #include <QLineEdit>
 #include <QSignalBlocker>
 
+namespace {
+
+// The normal-map node's own editor of its colour table, in place of which the window has ColourDepthView.
+const QString kColourTableEditor = QStringLiteral("VallorinVolumetricColorDefinition");
+
+} // namespace
+
 PropertiesView::PropertiesView(StudioDocument& document, QWidget* parent)
     : QWidget(parent)
     , _document(document)
@@ -33,6 +40,7 @@ PropertiesView::PropertiesView(StudioDocument& document, QWidget* parent)
     _hint->setMargin(12);
     _hint->setAlignment(Qt::AlignTop);
     _panel->setHeaderVisible(false);
+    _panel->setLeftOut({kColourTableEditor});
 
     auto* head = new QGridLayout(_head);
     head->setContentsMargins(9, 8, 9, 6);
