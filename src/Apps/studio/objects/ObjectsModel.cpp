@@ -8,8 +8,24 @@
 #include "studio/docks/scene/DrawingThumbnail.h"
 
 #include <QGuiApplication>
+#include <QLocale>
 
 #include <algorithm>
+#include <cmath>
+
+namespace {
+
+// Few digits, so that the columns leave room for the names; the field that opens over a number has all of them.
+QString compact(double value)
+{
+    const double size = std::abs(value);
+    if (size < 0.1)
+        return QLocale().toString(value, 'g', 2);
+    const double step = size < 100.0 ? 100.0 : 10.0;
+    return ObjectTexts::number(std::round(value * step) / step);
+}
+
+} // namespace
 
 ObjectsModel::ObjectsModel(DocumentObjects& objects, QObject* parent) : QAbstractTableModel(parent), _objects(objects)
 {
@@ -99,6 +115,8 @@ QVariant ObjectsModel::data(const QModelIndex& index, int role) const
         return {};
     const double value = ::valueOf(object->values, valueOf(column));
     if (role == Qt::DisplayRole)
+        return compact(value);
+    if (role == Qt::ToolTipRole)
         return ObjectTexts::number(value);
     return role == Qt::EditRole ? QVariant(value) : QVariant();
 }

@@ -114,7 +114,7 @@ void ObjectsView::makeTable()
                                                                           : QHeaderView::ResizeToContents);
     _table->viewport()->installEventFilter(this);
     // All columns are always seen.
-    constexpr int kNameWidth = 90;
+    constexpr int kNameWidth = 140;
     int width = kNameWidth + _table->verticalScrollBar()->sizeHint().width() + kSideMargins;
     for (int column = ObjectsModel::NUMBER; column < ObjectsModel::COLUMN_COUNT; ++column)
         width += std::max(header->sectionSizeHint(column), header->minimumSectionSize());

@@ -1684,6 +1684,14 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <source>Click the colour in the picture; Escape gives up</source>
         <translation>Im Bild auf die Farbe klicken; Escape bricht ab</translation>
     </message>
+    <message>
+        <source>Rese&amp;t Layout</source>
+        <translation>Anordnung &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Puts all panels back where they were at first</source>
+        <translation>Bringt alle Fenster wieder dorthin, wo sie anfangs waren</translation>
+    </message>
 </context>
 <context>
     <name>MessageBar</name>

@@ -19,12 +19,22 @@
 #include <QEvent>
 #include <QFontDatabase>
 #include <QLabel>
+#include <QScreen>
 #include <QScrollArea>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+const QString kGeometryKey = QStringLiteral("window/geometry");
+const QString kStateKey = QStringLiteral("window/state");
+
+} // namespace
 
 MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
     : QMainWindow(parent)
@@ -65,7 +75,8 @@ MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
     });
     connect(&_autosave, &Autosave::failed, _messages, &MessageBar::showError);
 
-    resize(1440, 900);
+    resize(QSize(1440, 900).boundedTo(screen()->availableSize()));
+    _firstLayout = saveState();
     restoreLayout();
     showStart(true);
     updateActions();
@@ -122,12 +133,38 @@ void MainWindow::makeDocks()
     dock->setWidget(scroll);
     addDockWidget(Qt::RightDockWidgetArea, dock);
     // The properties have the right side to themselves, but for what else is looked at now and then.
-    auto* const properties = findChild<QDockWidget*>(QStringLiteral("PropertiesDock"));
     tabifyDockWidget(findChild<QDockWidget*>(QStringLiteral("ElementsDock")), dock);
-    // Wide enough for the properties' tables.
+}
+
+void MainWindow::shareOutRoom()
+{
+    // Wide enough for the properties' tables, and never so wide that the picture is the smaller part.
     constexpr int kWidth = 568;
-    resizeDocks({properties, dock}, {kWidth, kWidth}, Qt::Horizontal);
-    resizeDocks({properties, dock}, {540, 330}, Qt::Vertical);
+    const int width = std::min(kWidth, this->width() * 42 / 100);
+    auto* const objects = findChild<QDockWidget*>(QStringLiteral("ObjectsDock"));
+    auto* const lights = findChild<QDockWidget*>(QStringLiteral("lightsDock"));
+    resizeDocks({objects, lights}, {width, width}, Qt::Horizontal);
+    resizeDocks({objects, lights}, {540, 330}, Qt::Vertical);
+    auto* const nodes = findChild<QDockWidget*>(QStringLiteral("NodesDock"));
+    auto* const timeline = findChild<QDockWidget*>(QStringLiteral("TimelineDock"));
+    resizeDocks({nodes, timeline}, {400, 560}, Qt::Horizontal);
+    resizeDocks({nodes}, {this->height() * 3 / 10}, Qt::Vertical);
+}
+
+void MainWindow::raiseFirstDocks()
+{
+    // Objects and light are what people take hold of first. Docks take their order when they are laid out.
+    for (const char* const name : {"ObjectsDock", "lightsDock"}) {
+        auto* const dock = findChild<QDockWidget*>(QLatin1String(name));
+        QTimer::singleShot(0, dock, [dock] { dock->raise(); });
+    }
+}
+
+void MainWindow::resetLayout()
+{
+    restoreState(_firstLayout);
+    shareOutRoom();
+    raiseFirstDocks();
 }
 
 void MainWindow::makeStatusBar()
@@ -219,6 +256,7 @@ void MainWindow::updateActions()
     for (QAction* const action : {_fit, _actualSize, _zoomIn, _zoomOut})
         action->setEnabled(started);
     _pictures->setEnabled(started);
+    _resetLayout->setEnabled(started);
 }
 
 void MainWindow::showStart(bool start)
@@ -234,11 +272,9 @@ void MainWindow::showStart(bool start)
     if (!start && !_hiddenDocks.isEmpty()) {
         for (QDockWidget* const dock : std::exchange(_hiddenDocks, {}))
             dock->show();
-        // Objects and light are what people take hold of first. Docks take their order when they are laid out.
-        for (const char* const name : {"ObjectsDock", "lightsDock"}) {
-            auto* const dock = findChild<QDockWidget*>(QLatin1String(name));
-            QTimer::singleShot(0, dock, [dock] { dock->raise(); });
-        }
+        if (!QSettings().contains(kStateKey))
+            shareOutRoom();
+        raiseFirstDocks();
     }
     if (!start)
         _viewer->setFocus();
@@ -248,16 +284,16 @@ void MainWindow::showStart(bool start)
 void MainWindow::restoreLayout()
 {
     const QSettings settings;
-    restoreGeometry(settings.value(QStringLiteral("window/geometry")).toByteArray());
-    restoreState(settings.value(QStringLiteral("window/state")).toByteArray());
+    restoreGeometry(settings.value(kGeometryKey).toByteArray());
+    restoreState(settings.value(kStateKey).toByteArray());
 }
 
 void MainWindow::storeLayout()
 {
     QSettings settings;
-    settings.setValue(QStringLiteral("window/geometry"), saveGeometry());
+    settings.setValue(kGeometryKey, saveGeometry());
     if (_hiddenDocks.isEmpty())
-        settings.setValue(QStringLiteral("window/state"), saveState());
+        settings.setValue(kStateKey, saveState());
 }
 
 void MainWindow::changeEvent(QEvent* event)

@@ -77,6 +77,9 @@ private:
     void updateTitle();
     void updateActions();
     void showStart(bool start);
+    void shareOutRoom();
+    void raiseFirstDocks();
+    void resetLayout();
     void restoreLayout();
     void storeLayout();
 
@@ -145,6 +148,7 @@ private:
     QLabel* _stateLabel = nullptr;
     QLabel* _zoomLabel = nullptr;
     QList<std::pair<QAction*, QString>> _icons;
+    QByteArray _firstLayout; ///< how the docks stand before anybody moved them
     QString _nameOfImport;
     QString _folderOfImport;
     std::optional<QPoint> _hovered;
@@ -170,6 +174,7 @@ private:
     QAction* _followSelection = nullptr;
     QAction* _split = nullptr;
     QAction* _rawChannels = nullptr;
+    QAction* _resetLayout = nullptr;
     QActionGroup* _channels = nullptr;
     QActionGroup* _pictures = nullptr;
     QActionGroup* _sizes = nullptr;

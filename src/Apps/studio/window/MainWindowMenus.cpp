@@ -124,6 +124,9 @@ void MainWindow::makeViewActions()
     _followSelection->setCheckable(true);
     connect(_followSelection, &QAction::toggled, this, [this] { Q_EMIT _document.selectionChanged(); });
     makeViewOptions();
+    _resetLayout = makeAction({}, tr("Rese&t Layout"), {}, tr("Puts all panels back where they were at first"));
+    _resetLayout->setObjectName(QStringLiteral("resetLayout"));
+    connect(_resetLayout, &QAction::triggered, this, &MainWindow::resetLayout);
 
     _sizes = new QActionGroup(this);
     const int stored = QSettings().value(kSizeKey, _renders.longestSide()).toInt();
@@ -190,6 +193,7 @@ void MainWindow::makeMenus()
     _docksMenu = view->addMenu(tr("&Panels"));
     connect(_docksMenu, &QMenu::aboutToShow, this, &MainWindow::fillViewMenu);
     fillViewMenu();
+    view->addAction(_resetLayout);
     view->addMenu(tr("&Appearance"))->addActions(_appearances->actions());
 
     QMenu* const help = menuBar()->addMenu(tr("&Help"));

@@ -43,11 +43,6 @@ void MainWindow::makeObjectsDock()
     addDockWidget(Qt::RightDockWidgetArea, dock);
     tabifyDockWidget(properties, dock);
     dock->raise();
-    // Wide enough for the properties' tables.
-    constexpr int kWidth = 568;
-    auto* const lights = findChild<QDockWidget*>(QStringLiteral("lightsDock"));
-    resizeDocks({dock, lights}, {kWidth, kWidth}, Qt::Horizontal);
-    resizeDocks({dock, lights}, {540, 330}, Qt::Vertical);
 }
 
 void MainWindow::makeColourPicker()

@@ -12,6 +12,7 @@
 #include "studio/window/MainWindow.h"
 #include "studio/window/MessageBar.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QDockWidget>
@@ -118,9 +119,12 @@ void takeObjects(Shooting& shooting, MainWindow& window)
     window.viewer().setOptions(options);
     shooting.take(window, QStringLiteral("split"));
     window.viewer().setOptions({});
+    auto* const resetLayout = window.findChild<QAction*>(QStringLiteral("resetLayout"));
     window.resize(1024, 768);
+    resetLayout->trigger();
     shooting.take(window, QStringLiteral("small"));
     window.resize(1440, 900);
+    resetLayout->trigger();
     window.objects().select({});
 }
 
@@ -152,7 +156,7 @@ void takeAll(Shooting& shooting)
     takePictures(shooting, window);
     raiseDock(window, QStringLiteral("PropertiesDock"));
     shooting.take(window, QStringLiteral("properties"));
-    for (const char* const name : {"Palette", "Elements"}) {
+    for (const char* const name : {"Palette", "Elements", "ColourDepth"}) {
         raiseDock(window, QLatin1String(name) + QStringLiteral("Dock"));
         shooting.take(window, QString::fromLatin1(name).toLower());
     }

@@ -38,19 +38,25 @@ QToolButton* LightPanel::addButton(QHBoxLayout& row, const char* name, const QSt
 
 QWidget* LightPanel::listRow()
 {
+    // Two lines, since choice and buttons side by side would make the panel wider than it is on a small screen.
     auto* const row = new QWidget;
-    QHBoxLayout& layout = *rowOf(*row);
+    auto* const lines = new QVBoxLayout(row);
+    lines->setContentsMargins(0, 0, 0, 0);
     _which = new QComboBox;
     _which->setObjectName(QStringLiteral("lightChoice"));
     _which->setToolTip(tr("Which light is shown below"));
     // A long name is no reason for a wide panel.
     _which->setMinimumContentsLength(8);
     _which->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    layout.addWidget(_which, 1);
+    lines->addWidget(_which);
     row->setFocusProxy(_which);
+    auto* const buttons = new QWidget;
+    lines->addWidget(buttons);
+    QHBoxLayout& layout = *rowOf(*buttons);
     _add = addButton(layout, "addLight", tr("Add"), tr("Adds a light"));
     _duplicate = addButton(layout, "duplicateLight", tr("Duplicate"), tr("Adds a light like this one, keys included"));
     _remove = addButton(layout, "removeLight", tr("Remove"), tr("Takes this light away"));
+    layout.addStretch();
     connect(_which, &QComboBox::activated, &_lights, &LightModel::setCurrent);
     connect(_add, &QToolButton::clicked, this, [this] {
         _lights.add({.place = {0.6, 0.4}, .height = 0.6, .colour = QColor(0xff, 0xd9, 0xa0), .intensity = 0.6});

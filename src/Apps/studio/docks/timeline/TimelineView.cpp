@@ -5,6 +5,7 @@
 
 #include "QuarvelSceneCore/editing/MO_SceneCommands.h"
 #include "studio/docks/timeline/Playback.h"
+#include "studio/docks/timeline/WrappingRow.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -21,6 +22,7 @@
 namespace {
 
 constexpr int kFarFrame = 1000000;
+constexpr int kFieldFrame = 30; // what a field needs beside its digits
 
 } // namespace
 
@@ -31,21 +33,29 @@ TimelineView::TimelineView(StudioDocument& document, QWidget* parent)
     , _playback(new Playback(document, this))
 {
     setObjectName(QStringLiteral("Timeline"));
-    auto* bar = new QHBoxLayout;
+    auto* const bar = new WrappingRow(8);
     bar->setContentsMargins(6, 4, 6, 4);
-    bar->setSpacing(4);
-    _toFirst = addButton(*bar, "ToFirstFrame", tr("Go to the first frame (Home)"), &TimelineView::goToFirst);
-    _back = addButton(*bar, "FrameBack", tr("One frame back (Left)"), &TimelineView::goBack);
-    _play = addButton(*bar, "Play", tr("Play or stop (Space)"), &TimelineView::togglePlay);
+    const auto addPart = [bar]() -> QHBoxLayout& {
+        auto* const part = new QWidget;
+        auto* const row = new QHBoxLayout(part);
+        row->setContentsMargins(0, 0, 0, 0);
+        row->setSpacing(4);
+        bar->addWidget(part);
+        return *row;
+    };
+    QHBoxLayout& transport = addPart();
+    _toFirst = addButton(transport, "ToFirstFrame", tr("Go to the first frame (Home)"), &TimelineView::goToFirst);
+    _back = addButton(transport, "FrameBack", tr("One frame back (Left)"), &TimelineView::goBack);
+    _play = addButton(transport, "Play", tr("Play or stop (Space)"), &TimelineView::togglePlay);
     _play->setMenu(makeLoopMenu());
     _play->setPopupMode(QToolButton::MenuButtonPopup);
-    _forth = addButton(*bar, "FrameForth", tr("One frame forward (Right)"), &TimelineView::goForth);
-    _toLast = addButton(*bar, "ToLastFrame", tr("Go to the last frame (End)"), &TimelineView::goToLast);
-    _frame = addField(*bar, "CurrentFrame", tr("Frame"), tr("The frame that is shown"));
-    bar->addStretch();
-    _first = addField(*bar, "FirstFrame", tr("From"), tr("The scene's first frame"));
-    _last = addField(*bar, "LastFrame", tr("to"), tr("The scene's last frame"));
-    addRateField(*bar);
+    _forth = addButton(transport, "FrameForth", tr("One frame forward (Right)"), &TimelineView::goForth);
+    _toLast = addButton(transport, "ToLastFrame", tr("Go to the last frame (End)"), &TimelineView::goToLast);
+    _frame = addField(addPart(), "CurrentFrame", tr("Frame"), tr("The frame that is shown"));
+    QHBoxLayout& range = addPart();
+    _first = addField(range, "FirstFrame", tr("From"), tr("The scene's first frame"));
+    _last = addField(range, "LastFrame", tr("to"), tr("The scene's last frame"));
+    addRateField(addPart());
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(0);
@@ -89,9 +99,10 @@ QSpinBox* TimelineView::addField(QHBoxLayout& bar, const char* name, const QStri
     field->setToolTip(tip);
     field->setKeyboardTracking(false);
     field->setRange(-kFarFrame, kFarFrame);
+    // Room for the numbers of real scenes; larger ones scroll in the field.
+    field->setMaximumWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("00000")) + kFieldFrame);
     auto* text = new QLabel(label);
     text->setBuddy(field);
-    bar.addSpacing(6);
     bar.addWidget(text);
     bar.addWidget(field);
     return field;
@@ -108,7 +119,6 @@ void TimelineView::addRateField(QHBoxLayout& bar)
     _rate->setDecimals(3);
     _rate->setStepType(QAbstractSpinBox::DefaultStepType);
     _rate->setSuffix(tr(" fps"));
-    bar.addSpacing(6);
     bar.addWidget(_rate);
 }
 
