@@ -5,13 +5,20 @@
 
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <csignal>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using testing::AllOf;
 using testing::HasSubstr;
@@ -41,18 +48,36 @@ protected:
         return QDir(_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
     }
 
+    void write(const QString& name, const QByteArray& content) const
+    {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(content), content.size());
+    }
+
     // The exit code; what it said on standard error is in said.
-    int quarvel(const QStringList& words, const QString& output = {})
+    int quarvel(const QStringList& words, const QString& output = {}, const QString& input = {})
     {
         QProcess process;
         process.setWorkingDirectory(_folder.path());
         if (!output.isEmpty())
             process.setStandardOutputFile(output);
+        if (!input.isEmpty())
+            process.setStandardInputFile(input);
         process.start(QStringLiteral(QUARVEL_PROGRAM), words);
         EXPECT_TRUE(process.waitForFinished(120'000));
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
         said = process.readAllStandardError().toStdString();
         return process.exitCode();
+    }
+    QJsonObject json(const char* words)
+    {
+        quarvel(QString::fromUtf8(words).split(u' '), path(QStringLiteral("told.json")));
+        QFile file(path(QStringLiteral("told.json")));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        const QJsonDocument document = QJsonDocument::fromJson(file.readAll());
+        EXPECT_TRUE(document.isObject()) << words;
+        return document.object();
     }
     int quarvel(const char* words) { return quarvel(QString::fromUtf8(words).split(u' ')); }
 
@@ -123,30 +148,235 @@ TEST_F(Words, ResultsThatNobodyReceivesAreAFailure)
     EXPECT_THAT(said, HasSubstr("standard output"));
 }
 
-TEST_F(Words, ASignalEndsARunInOrder)
+TEST_F(Words, WhichOfTwoNumbersIsWrongIsSaid)
 {
-    constexpr int kDrawings = 1000;
-    QStringList words{QStringLiteral("normalmap"), QStringLiteral("-o"), QStringLiteral("maps")};
-    for (int i = 0; i < kDrawings; ++i) {
-        const QString name = QStringLiteral("d%1.svg").arg(i);
-        draw(name);
-        words << name;
+    EXPECT_EQ(quarvel("normalmap hero.svg --light 40,100"), 2);
+    EXPECT_THAT(said, HasSubstr("--light (the second, above) takes a number from 0 to 90, not \"100\""));
+    EXPECT_EQ(quarvel("normalmap hero.svg --light 400,45"), 2);
+    EXPECT_THAT(said, HasSubstr("--light (the first, around) takes a number from -360 to 360, not \"400\""));
+}
+
+TEST_F(Words, AFormatThatKeepsLessIsNamed)
+{
+    EXPECT_EQ(quarvel("normalmap hero.svg -o hero.jpg"), 0);
+    EXPECT_THAT(said, HasSubstr("hero.jpg: warning: .jpg files hold 8 bits a channel and no coverage"));
+    EXPECT_EQ(quarvel("normalmap hero.svg -o hero.png"), 0);
+    EXPECT_EQ(said, "");
+}
+
+TEST_F(Words, AFileOfAnotherKindIsAnsweredWithTheNextStep)
+{
+    write(QStringLiteral("a.json"), "{}");
+    ASSERT_TRUE(QDir(path(QString())).mkpath(QStringLiteral("art/empty")));
+    ASSERT_EQ(quarvel("import hero.svg -o s.scene"), 0) << said;
+    EXPECT_EQ(quarvel("normalmap a.json"), 1);
+    EXPECT_EQ(said, "quarvel: a.json: this is an animation; run quarvel import a.json\n");
+    EXPECT_EQ(quarvel("normalmap s.scene"), 1);
+    EXPECT_EQ(said, "quarvel: s.scene: this is a scene; run quarvel render s.scene -o n.####.png\n");
+    EXPECT_EQ(quarvel("import art -o art.scene"), 1);
+    EXPECT_EQ(said, "quarvel: art: this is a folder; write art/*.svg\n");
+    EXPECT_EQ(quarvel("normalmap art"), 2);
+    EXPECT_THAT(said, HasSubstr("art: there is no drawing in this folder"));
+}
+
+TEST_F(Words, TheNameOfAFileThatCannotBeReadStandsOnce)
+{
+    write(QStringLiteral("broken.svg"), "<svg");
+    write(QStringLiteral("broken.xyz"), "");
+    for (const char* words :
+         {"normalmap broken.svg", "inspect broken.svg", "normalmap none.svg", "inspect broken.xyz"}) {
+        EXPECT_EQ(quarvel(words), 1);
+        EXPECT_EQ(QString::fromStdString(said).count(QString::fromUtf8(words).section(u' ', 1)), 1) << said;
     }
-    QProcess process;
-    process.setWorkingDirectory(path(QString()));
-    process.start(QStringLiteral(QUARVEL_PROGRAM), words);
-    ASSERT_TRUE(process.waitForStarted());
-    while (!QFile::exists(path(QStringLiteral("maps/d0_n.png"))) && process.state() == QProcess::Running)
-        process.waitForFinished(1);
-    ::kill(static_cast<pid_t>(process.processId()), SIGTERM);
-    ASSERT_TRUE(process.waitForFinished(120'000));
-    EXPECT_EQ(process.exitCode(), 143);
-    const QStringList maps = QDir(path(QStringLiteral("maps"))).entryList(QDir::Files | QDir::Hidden);
-    EXPECT_LT(maps.size(), kDrawings);
-    for (const QString& map : maps)
-        EXPECT_TRUE(IIO_read(path(QStringLiteral("maps/") + map))) << map.toStdString();
-    EXPECT_THAT(process.readAllStandardError().toStdString(),
-                HasSubstr("stopped; " + std::to_string(maps.size()) + " of 1000 drawings are done"));
+}
+
+TEST_F(Words, TwoDrawingsOfOneNameAreBothNamedWithTwoWaysOut)
+{
+    ASSERT_TRUE(QDir(path(QString())).mkdir(QStringLiteral("b")));
+    draw(QStringLiteral("b/hero.svg"));
+    EXPECT_EQ(quarvel("normalmap hero.svg b/hero.svg -o maps"), 2);
+    EXPECT_THAT(said, HasSubstr("hero.svg and b/hero.svg would both be written to maps/hero_n.png; rename one of them, "
+                                "or run quarvel once for each, with another folder behind -o"));
+}
+
+TEST_F(Words, AFolderKeepsItsStructure)
+{
+    ASSERT_TRUE(QDir(path(QString())).mkpath(QStringLiteral("art/trees/old")));
+    draw(QStringLiteral("art/hero.svg"));
+    draw(QStringLiteral("art/trees/hero.svg"));
+    draw(QStringLiteral("art/trees/old/oak.svg"));
+    EXPECT_EQ(quarvel("normalmap art -o maps"), 0) << said;
+    for (const char* map : {"maps/hero_n.png", "maps/trees/hero_n.png", "maps/trees/old/oak_n.png"})
+        EXPECT_TRUE(QFile::exists(path(QString::fromUtf8(map)))) << map;
+}
+
+TEST_F(Words, AFoldersOwnMapsAreNoDrawings)
+{
+    ASSERT_TRUE(QDir(path(QString())).mkdir(QStringLiteral("art")));
+    draw(QStringLiteral("art/hero.svg"));
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(quarvel("normalmap art"), 0) << said;
+    EXPECT_EQ(QDir(path(QStringLiteral("art"))).entryList(QDir::Files),
+              (QStringList{QStringLiteral("hero.svg"), QStringLiteral("hero_n.png")}));
+}
+
+TEST_F(Words, StandardInputAndOutputAreWrittenAsOneHyphen)
+{
+    ASSERT_EQ(quarvel("normalmap hero.svg"), 0) << said;
+    const auto beside = IIO_read(path(QStringLiteral("hero_n.png")));
+    ASSERT_TRUE(beside);
+    for (const char* words : {"normalmap -", "normalmap hero.svg -o -", "normalmap - -o -"}) {
+        ASSERT_EQ(quarvel(QString::fromUtf8(words).split(u' '), path(QStringLiteral("piped.png")),
+                          path(QStringLiteral("hero.svg"))),
+                  0)
+            << said;
+        const auto piped = IIO_read(path(QStringLiteral("piped.png")));
+        ASSERT_TRUE(piped) << words;
+        for (int y = 0; y < beside->height(); ++y)
+            ASSERT_TRUE(std::ranges::equal(piped->row<std::uint16_t>(y), beside->row<std::uint16_t>(y))) << words;
+    }
+    EXPECT_EQ(quarvel("normalmap hero.svg tree.svg -o -"), 2);
+    EXPECT_THAT(said, HasSubstr("there are 2 drawings"));
+    EXPECT_EQ(quarvel({QStringLiteral("import"), QStringLiteral("-"), QStringLiteral("-o"), QStringLiteral("p.scene")},
+                      {}, path(QStringLiteral("hero.svg"))),
+              0)
+        << said;
+    write(QStringLiteral("text"), "no drawing");
+    EXPECT_EQ(quarvel({QStringLiteral("inspect"), QStringLiteral("-")}, {}, path(QStringLiteral("text"))), 1);
+    EXPECT_THAT(said, HasSubstr("standard input holds no drawing"));
+}
+
+TEST_F(Words, JsonHoldsResultsWarningsAndErrorsOfEveryCommand)
+{
+    QJsonObject told = json("normalmap hero.svg none.svg -o maps.d --json");
+    EXPECT_EQ(told[QStringLiteral("command")], QStringLiteral("normalmap"));
+    EXPECT_EQ(told[QStringLiteral("exitCode")], 1);
+    EXPECT_EQ(told[QStringLiteral("results")][0][QStringLiteral("normalMap")], QStringLiteral("maps.d/hero_n.png"));
+    EXPECT_EQ(told[QStringLiteral("errors")][0][QStringLiteral("where")], QStringLiteral("none.svg"));
+
+    told = json("normalmap hero.svg -o hero.jpg --json");
+    EXPECT_EQ(told[QStringLiteral("warnings")][0][QStringLiteral("where")], QStringLiteral("hero.jpg"));
+
+    told = json("import --json hero.svg -o s.scene");
+    EXPECT_EQ(told[QStringLiteral("results")][0][QStringLiteral("scene")], QStringLiteral("s.scene"));
+    EXPECT_EQ(told[QStringLiteral("results")][0][QStringLiteral("lastFrame")], 1);
+
+    told = json("inspect hero.svg s.scene --json");
+    EXPECT_EQ(told[QStringLiteral("results")][0][QStringLiteral("objects")][0][QStringLiteral("share")], 0.25);
+    EXPECT_EQ(told[QStringLiteral("results")][1][QStringLiteral("frameWidth")], 720);
+    EXPECT_EQ(told[QStringLiteral("results")][1][QStringLiteral("modules")].toArray().size(), 5);
+
+    told = json("set s.scene Normal-Map.BlurScale 2 --json");
+    EXPECT_EQ(told[QStringLiteral("results")][0][QStringLiteral("changed")], true);
+
+    told = json("render s.scene -o n.png --resolution 16 --json");
+    EXPECT_EQ(told[QStringLiteral("results")][0][QStringLiteral("written")], 1);
+    EXPECT_EQ(told[QStringLiteral("exitCode")], 0);
+
+    told = json("render s.scene --json");
+    EXPECT_EQ(told[QStringLiteral("exitCode")], 2);
+    EXPECT_EQ(told[QStringLiteral("errors")].toArray().size(), 1);
+}
+
+TEST_F(Words, ProgressIsToldWhereNobodyWatchesOnlyWhenAskedFor)
+{
+    ASSERT_EQ(quarvel("import hero.svg -o s.scene"), 0) << said;
+    EXPECT_EQ(quarvel("render s.scene -o n.png --resolution 16"), 0);
+    EXPECT_EQ(said, "");
+    EXPECT_EQ(quarvel("render s.scene -o n.png --resolution 16 --progress lines"), 0);
+    EXPECT_THAT(said, HasSubstr("100%\n"));
+}
+
+TEST_F(Words, ObjectsThatARowDoesNotNameStayInTheTable)
+{
+    write(QStringLiteral("two.svg"), R"(<svg xmlns="http://www.w3.org/2000/svg" width="64" height="64">
+        <g id="a"><rect width="30" height="30" fill="red"/></g><g id="b"><rect x="34" width="30" height="30"/></g></svg>)");
+    ASSERT_EQ(quarvel("import two.svg --objects groups --shape rim -o s.scene"), 0) << said;
+    const auto table = [&] {
+        const QJsonObject told = json("inspect s.scene --json --all");
+        for (const QJsonValue module : told[QStringLiteral("results")][0][QStringLiteral("modules")].toArray())
+            if (module[QStringLiteral("name")] == QStringLiteral("Normal-Map"))
+                return module[QStringLiteral("attributes")][QStringLiteral("ObjectList")].toString().toStdString();
+        return std::string("no node");
+    };
+    ASSERT_EQ(table(), "1:24:1:1;2:24:1:1");
+    EXPECT_EQ(quarvel("set s.scene Normal-Map.ObjectList 1:60:1:1"), 0) << said;
+    EXPECT_EQ(table(), "1:60:1:1;2:24:1:1");
+    EXPECT_EQ(quarvel("set s.scene Normal-Map.ObjectList 3:5:1:1;2:7:2:1"), 0) << said;
+    EXPECT_EQ(table(), "1:60:1:1;2:7:2:1;3:5:1:1");
+    EXPECT_EQ(quarvel("set s.scene Normal-Map.ObjectList nothing"), 2);
+    EXPECT_THAT(said, HasSubstr("expected NUMBER:BEVEL:ELEVATION:SMOOTHNESS"));
+    EXPECT_EQ(quarvel({QStringLiteral("set"), QStringLiteral("s.scene"), QStringLiteral("Normal-Map.ObjectList"), {}}),
+              0);
+    EXPECT_EQ(table(), "");
+}
+
+// A drawing in a pipe holds the program until the test lets go, so that the signal comes while it works.
+class StoppedRun : public Words
+{
+protected:
+    void SetUp() override
+    {
+        Words::SetUp();
+        ASSERT_EQ(::mkfifo(QFile::encodeName(path(QStringLiteral("pipe_2.svg"))).constData(), 0600), 0);
+        draw(QStringLiteral("pipe_1.svg"));
+        draw(QStringLiteral("pipe_3.svg"));
+    }
+
+    // The exit code of a run that gets the signal while it reads the pipe.
+    int stopped(const char* words, int signal)
+    {
+        QProcess process;
+        process.setWorkingDirectory(path(QString()));
+        process.start(QStringLiteral(QUARVEL_PROGRAM), QString::fromUtf8(words).split(u' '));
+        EXPECT_TRUE(process.waitForStarted());
+        const int pipe = openPipe(process);
+        ::kill(static_cast<pid_t>(process.processId()), signal);
+        QFile drawing(path(QStringLiteral("hero.svg")));
+        EXPECT_TRUE(drawing.open(QIODevice::ReadOnly));
+        const QByteArray bytes = drawing.readAll();
+        EXPECT_EQ(::write(pipe, bytes.constData(), static_cast<std::size_t>(bytes.size())), bytes.size());
+        ::close(pipe);
+        EXPECT_TRUE(process.waitForFinished(120'000));
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        said = process.readAllStandardError().toStdString();
+        return process.exitCode();
+    }
+
+private:
+    // Opening for writing works as soon as the program has opened the pipe for reading.
+    int openPipe(QProcess& process) const
+    {
+        const QByteArray name = QFile::encodeName(path(QStringLiteral("pipe_2.svg")));
+        int pipe = ::open(name.constData(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+        while (pipe < 0 && process.state() == QProcess::Running) {
+            process.waitForFinished(1);
+            pipe = ::open(name.constData(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+        }
+        return pipe;
+    }
+};
+
+TEST_F(StoppedRun, OfMapsLeavesWholeFilesAndSaysHowMany)
+{
+    EXPECT_EQ(stopped("normalmap pipe_1.svg pipe_2.svg pipe_3.svg -o maps", SIGTERM), 143);
+    EXPECT_THAT(said, HasSubstr("stopped; 1 of 3 drawings are done"));
+    EXPECT_EQ(QDir(path(QStringLiteral("maps"))).entryList(QDir::Files | QDir::Hidden),
+              QStringList(QStringLiteral("pipe_1_n.png")));
+    EXPECT_TRUE(IIO_read(path(QStringLiteral("maps/pipe_1_n.png"))));
+}
+
+TEST_F(StoppedRun, OfAnImportMakesNoScene)
+{
+    EXPECT_EQ(stopped("import pipe_1.svg pipe_2.svg pipe_3.svg -o p.scene", SIGINT), 130);
+    EXPECT_THAT(said, HasSubstr("stopped; p.scene is as it was"));
+    EXPECT_FALSE(QFile::exists(path(QStringLiteral("p.scene"))));
+}
+
+TEST_F(StoppedRun, OfAnInspectionSaysHowManyAreTold)
+{
+    EXPECT_EQ(stopped("inspect pipe_1.svg pipe_2.svg pipe_3.svg", SIGTERM), 143);
+    EXPECT_THAT(said, HasSubstr("stopped; 2 of 3 are inspected"));
 }
 
 } // namespace

@@ -3,11 +3,14 @@
 // Reads, builds, saves; a scene that is there already stays unless it may be written over.
 #include "ImportCommand.h"
 
+#include "InputAdvice.h"
+#include "LoadPlugIns.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
-#include "QuarvelPlugInManager/PLUG_Manager.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
-#include "Say.h"
+#include "Report.h"
+#include "StandardInput.h"
+#include "StopSignal.h"
 #include "jobs/import/ImportDrawings.h"
 
 #include <QDir>
@@ -47,14 +50,18 @@ UT_Result<void> checkOutput(const ImportOptions& options)
 
 UT_Result<ImportedScene> importFiles(const ImportOptions& options)
 {
+    for (const QString& file : options.files)
+        if (const UT_Result<void> importable = checkIsImportable(file); !importable)
+            return importable.error();
     ImportSettings settings;
     settings.form = options.form;
     settings.wishes = options.wishes;
+    settings.goOn = [](double) { return !StopSignal::came(); };
     return UT_withinMemory(QStringLiteral("all these drawings"), QStringLiteral("import fewer frames at once"),
                            [&] { return importDrawings(options.files, settings); });
 }
 
-void sayWhatWasMade(const ImportOptions& options, const MO_Scene& scene)
+void tellWhatWasMade(const ImportOptions& options, const MO_Scene& scene, Report& report)
 {
     int elements = 0;
     std::size_t drawings = 0;
@@ -67,43 +74,72 @@ void sayWhatWasMade(const ImportOptions& options, const MO_Scene& scene)
     std::size_t colours = 0;
     for (const auto& palette : scene.palettes())
         colours += palette->colors().size();
-    writeText(stdout, QStringLiteral("%1 -> %2 (frames %3-%4, elements: %5, drawings: %6, colours: %7)\n")
-                          .arg(options.files.first(), options.output, QString::number(scene.firstFrame()),
-                               QString::number(scene.lastFrame()), QString::number(elements), QString::number(drawings),
-                               QString::number(colours)));
+    report.result({{QStringLiteral("files"), QJsonArray::fromStringList(options.files)},
+                   {QStringLiteral("scene"), options.output},
+                   {QStringLiteral("firstFrame"), scene.firstFrame()},
+                   {QStringLiteral("lastFrame"), scene.lastFrame()},
+                   {QStringLiteral("elements"), elements},
+                   {QStringLiteral("drawings"), static_cast<int>(drawings)},
+                   {QStringLiteral("colours"), static_cast<int>(colours)}},
+                  QStringLiteral("%1 -> %2 (frames %3-%4, elements: %5, drawings: %6, colours: %7)\n")
+                      .arg(options.files.first(), options.output, QString::number(scene.firstFrame()),
+                           QString::number(scene.lastFrame()), QString::number(elements), QString::number(drawings),
+                           QString::number(colours)));
 }
 
-int failed(const UT_Error& error)
+int stopped(const ImportOptions& options, Report& report)
 {
-    say(error.sentence());
-    return kFailed;
+    report.error(QStringLiteral("stopped; %1 is as it was").arg(options.output));
+    return StopSignal::exitCode();
+}
+
+// A signal during the save lets the save end: it is short, and the scene is whole then.
+int importAndSave(const ImportOptions& options, Report& report)
+{
+    const auto failed = [&](const UT_Error& error) {
+        report.error(error);
+        return kFailed;
+    };
+    if (const UT_Result<void> loaded = loadPlugIns(); !loaded)
+        return failed(loaded.error());
+    const UT_Result<ImportedScene> imported = importFiles(options);
+    if (StopSignal::came())
+        return stopped(options, report);
+    if (!imported)
+        return failed(imported.error());
+    for (const QString& warning : imported->warnings)
+        report.warning({}, warning);
+    if (const auto saved = SIO_saveScene(*imported->scene, options.output); !saved)
+        return failed(saved.error());
+    tellWhatWasMade(options, *imported->scene, report);
+    if (!StopSignal::came())
+        return 0;
+    report.error(QStringLiteral("stopped; %1 is complete").arg(options.output));
+    return StopSignal::exitCode();
 }
 
 } // namespace
 
-int runImportCommand(const QStringList& words)
+int runImportCommand(const QStringList& words, Report& report)
 {
-    const UT_Result<ImportOptions> options = parseImportOptions(words);
+    UT_Result<ImportOptions> options = parseImportOptions(words);
     if (!options) {
-        say(options.error().sentence());
+        report.error(options.error());
         return kWrongUsage;
     }
     if (options->help) {
-        std::fputs(qPrintable(importHelp()), stdout);
+        report.help(importHelp());
         return 0;
     }
-    if (const UT_Result<void> checked = checkOutput(*options); !checked)
-        return failed(checked.error());
-    if (const UT_Result<QStringList> loaded = PLUG_Manager::loadAll(PLUG_Manager::defaultFolder()); !loaded)
-        return failed(loaded.error());
-    const UT_Result<ImportedScene> imported = importFiles(*options);
-    if (!imported)
-        return failed(imported.error());
-    for (const QString& warning : imported->warnings)
-        say(QStringLiteral("warning: ") + warning);
-    if (const auto saved = SIO_saveScene(*imported->scene, options->output); !saved)
-        return failed(saved.error());
-    if (!options->quiet)
-        sayWhatWasMade(*options, *imported->scene);
-    return 0;
+    if (options->quiet)
+        report.beQuiet();
+    StandardInput input;
+    UT_Result<void> ready = checkOutput(*options);
+    if (ready)
+        ready = input.putInto(options->files, report);
+    if (!ready) {
+        report.error(ready.error());
+        return kFailed;
+    }
+    return importAndSave(*options, report);
 }

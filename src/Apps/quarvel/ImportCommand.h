@@ -8,6 +8,8 @@
 
 #include <QStringList>
 
+class Report;
+
 /// The whole command line of one run.
 struct ImportOptions
 {
@@ -27,7 +29,7 @@ UT_Result<ImportOptions> parseImportOptions(const QStringList& words);
 ///
 /// @param words what stands behind "import"
 /// @return the exit code: 0 when the scene was made, 1 when it was not, 2 when the words made no sense
-int runImportCommand(const QStringList& words);
+int runImportCommand(const QStringList& words, Report& report);
 
 /// What "quarvel help import" prints.
 QString importHelp();

@@ -63,6 +63,9 @@ UT_Result<ImportOptions> parseImportOptions(const QStringList& words)
     if (options.files.isEmpty())
         return UT_Error{QStringLiteral("which drawings? quarvel import takes SVG drawings or bitmaps, a frame each, or "
                                        "an animation, such as walk_*.svg or bounce.json")};
+    if (options.output.isEmpty() && options.files.contains(QStringLiteral("-")))
+        return UT_Error{QStringLiteral("a drawing from standard input has no name; name the scene with -o, such as "
+                                       "walk.scene")};
     if (options.output.isEmpty())
         options.output = defaultOutput(options.files);
     return options;
@@ -84,6 +87,8 @@ into a node "Normal-Map".
   an animation   in the Lottie format (.json). Its layers become elements, its frames count from 1. What cannot be kept, such
                  as images, texts and effects, is said once
 
+A single drawing or animation may come through standard input: write - for it.
+
 The frame number is the last run of digits in a file's name: walk_0012.svg is frame 12. A single file, and files without any
 number, count from 1. Where numbers are left out, the drawing before holds.
 
@@ -101,6 +106,7 @@ number, count from 1. Where numbers are left out, the drawing before holds.
       --volume V          how strong the form is, 0 to 2 (1): 0.5 for a flatter look
       --object N:...      sets one object's values, as in quarvel normalmap: head:bevel=60:elevation=0.5, 'eye*:cutout', 2:hidden
       --force             writes over a scene that is there already
+      --json              the result, warnings and errors as JSON on standard output
   -q, --quiet             nothing on standard output
   -h, --help              this text
 
@@ -109,6 +115,7 @@ Examples
   quarvel import bounce.json
   quarvel import body.png arm_*.png -o hero.scene
 
-Exit code: 0 when the scene was made, 1 when it was not, 2 when the command line made no sense.
+Exit code: 0 when the scene was made, 1 when it was not, 2 when the command line made no sense, 130 or 143 when a
+signal stopped it (Ctrl-C, SIGTERM): then the scene is as it was, or complete, as the last line says.
 )");
 }

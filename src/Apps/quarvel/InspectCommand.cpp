@@ -4,8 +4,11 @@
 #include "InspectCommand.h"
 
 #include "FormOptions.h"
+#include "InputAdvice.h"
 #include "OpenScene.h"
-#include "Say.h"
+#include "Report.h"
+#include "StandardInput.h"
+#include "StopSignal.h"
 #include "jobs/drawing/DescribeObjects.h"
 #include "jobs/frames/DescribeFrame.h"
 #include "jobs/scene/DescribeScene.h"
@@ -75,60 +78,96 @@ UT_Result<void> savePicture(const QImage& image, const QString& file)
     return {};
 }
 
-UT_Result<QString> describeDrawing(const QString& path, const InspectOptions& options)
+// What is known of a place: for scripts, and for people.
+struct Description
 {
+    QJsonObject fields;
+    QString text;
+};
+
+UT_Result<Description> describeDrawing(const QString& path, const InspectOptions& options, Report& report)
+{
+    if (const UT_Result<void> readable = checkIsDrawing(path); !readable)
+        return readable.error();
     const UT_Result<ReadDrawing> read = readDrawing(path, options.form);
     if (!read)
-        return UT_Error{path + QStringLiteral(": ") + read.error().sentence()};
+        return read.error();
     for (const QString& warning : read->warnings)
-        say(QStringLiteral("%1: warning: %2").arg(path, warning));
+        report.warning(path, warning);
     if (!options.explain.isEmpty())
         if (const auto saved = savePicture(paintObjects(read->drawing, kExplainedWidth), options.explain); !saved)
             return saved.error();
-    return describeObjects(*read);
+    return Description{{{QStringLiteral("drawing"), path}, {QStringLiteral("objects"), objectFields(*read)}},
+                       describeObjects(*read)};
 }
 
-UT_Result<QString> describe(const QString& place, const InspectOptions& options)
+UT_Result<Description> describe(const QString& place, const InspectOptions& options, Report& report)
 {
     const QFileInfo info(place);
     if (info.exists() && !info.isDir()) {
         const auto frame = readFrame(place);
         if (!frame)
-            return UT_Error{place + QStringLiteral(": ") + frame.error().sentence()};
-        return *frame ? describeFrame(**frame) : describeDrawing(place, options);
+            return frame.error();
+        if (!*frame)
+            return describeDrawing(place, options, report);
+        QJsonObject fields = frameFields(**frame);
+        fields.insert(QStringLiteral("frame"), place);
+        return Description{fields, describeFrame(**frame)};
     }
-    const auto opened = openScene(place);
+    if (info.isDir() && !SIO_holdsScene(place))
+        return checkIsDrawing(place).error();
+    const auto opened = openScene(place, report);
     if (!opened)
         return opened.error();
     if (!options.explain.isEmpty())
         return UT_Error{QStringLiteral("%1 is a scene; --explain paints the objects of a drawing").arg(place)};
-    return describeScene(*opened->scene, options.all ? DescribedAttributes::ALL : DescribedAttributes::CHANGED);
+    const auto attributes = options.all ? DescribedAttributes::ALL : DescribedAttributes::CHANGED;
+    QJsonObject fields = sceneFields(*opened->scene, attributes);
+    fields.insert(QStringLiteral("scene"), place);
+    return Description{fields, describeScene(*opened->scene, attributes)};
+}
+
+int inspectAll(const InspectOptions& options, Report& report)
+{
+    int exitCode = 0;
+    int done = 0;
+    for (const QString& place : options.places) {
+        if (StopSignal::came())
+            break;
+        const UT_Result<Description> found = describe(place, options, report);
+        if (found)
+            report.result(found->fields, place + u'\n' + found->text);
+        else
+            report.error(found.error(), place);
+        if (!found)
+            exitCode = kFailed;
+        ++done;
+    }
+    if (!StopSignal::came())
+        return exitCode;
+    report.error(QStringLiteral("stopped; %1 of %2 are inspected").arg(done).arg(options.places.size()));
+    return StopSignal::exitCode();
 }
 
 } // namespace
 
-int runInspectCommand(const QStringList& words)
+int runInspectCommand(const QStringList& words, Report& report)
 {
-    const UT_Result<InspectOptions> options = parseOptions(words);
+    UT_Result<InspectOptions> options = parseOptions(words);
     if (!options) {
-        say(options.error().sentence());
+        report.error(options.error());
         return kWrongUsage;
     }
     if (options->help) {
-        std::fputs(qPrintable(inspectHelp()), stdout);
+        report.help(inspectHelp());
         return 0;
     }
-    int exitCode = 0;
-    for (const QString& place : options->places) {
-        const UT_Result<QString> text = describe(place, *options);
-        if (!text) {
-            say(text.error().sentence());
-            exitCode = kFailed;
-            continue;
-        }
-        writeText(stdout, place + u'\n' + *text);
+    StandardInput input;
+    if (const UT_Result<void> read = input.putInto(options->places, report); !read) {
+        report.error(read.error());
+        return kFailed;
     }
-    return exitCode;
+    return inspectAll(*options, report);
 }
 
 QString inspectHelp()
@@ -151,6 +190,7 @@ digests have equal pixels; "quarvel render --resume" leaves them alone.
       --explain FILE.png  also paints the objects, each in a colour of its own and with its number
       --objects, --shape, --volume
                           as for quarvel normalmap
+      --json              what is found, warnings and errors as JSON on standard output
 
 Examples
   quarvel inspect walk.scene

@@ -5,11 +5,13 @@
 
 #include <QStringList>
 
+class Report;
+
 /// Runs the command.
 ///
 /// @param words what stands behind "inspect"
 /// @return the exit code: 0, 1 when a scene or a drawing could not be read, 2 when the words made no sense
-int runInspectCommand(const QStringList& words);
+int runInspectCommand(const QStringList& words, Report& report);
 
 /// What "quarvel help inspect" prints.
 QString inspectHelp();

@@ -14,10 +14,10 @@ UT_Result<LightAngles> parseLight(const QString& option, const QString& value)
     if (angles.size() != 2)
         return UT_Error{QStringLiteral("%1 takes two angles in degrees, around and above, such as 135,45, not \"%2\"")
                             .arg(option, value)};
-    const auto azimuth = parseNumber(option, angles[0], -360.0, 360.0);
+    const auto azimuth = parseNumber(option + QStringLiteral(" (the first, around)"), angles[0], -360.0, 360.0);
     if (!azimuth)
         return azimuth.error();
-    const auto height = parseNumber(option, angles[1], 0.0, 90.0);
+    const auto height = parseNumber(option + QStringLiteral(" (the second, above)"), angles[1], 0.0, 90.0);
     if (!height)
         return height.error();
     return LightAngles{*azimuth, *height};

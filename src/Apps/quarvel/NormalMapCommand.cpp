@@ -3,15 +3,18 @@
 // One drawing after the other: read, render, write. What goes wrong with one is said and does not stop the others.
 #include "NormalMapCommand.h"
 
+#include "DrawingsInFolder.h"
+#include "InputAdvice.h"
+#include "LoadPlugIns.h"
 #include "OutputFiles.h"
 #include "ProgressLine.h"
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
 #include "QuarvelImageIO/IIO_AtomicFile.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
-#include "QuarvelPlugInManager/PLUG_Manager.h"
-#include "Say.h"
+#include "Report.h"
 #include "SheetRun.h"
-#include "SilencedOutput.h"
+#include "StandardInput.h"
+#include "StandardOutput.h"
 #include "StopSignal.h"
 #include "WritePictures.h"
 #include "form/ChooseObjects.h"
@@ -39,8 +42,8 @@ constexpr double kRenderEnds = 0.75;
 class DrawingRun
 {
 public:
-    DrawingRun(const NormalMapOptions& options, ProgressLine& line, qsizetype index)
-        : _options(options), _line(line), _drawing(options.drawings[index]), _index(index)
+    DrawingRun(const NormalMapOptions& options, ProgressLine& line, Report& report, qsizetype index)
+        : _options(options), _line(line), _report(report), _drawing(options.drawings[index]), _index(index)
     {}
 
     /// @param regions of the atlas that the drawing is a page of; none for other drawings
@@ -70,6 +73,8 @@ private:
 
     UT_Result<void> runDrawing(const OutputFiles& files)
     {
+        if (const UT_Result<void> readable = checkIsDrawing(_drawing); !readable)
+            return readable.error();
         const UT_Result<ReadDrawing> read = readDrawing(_drawing, _options.settings.form, _options.tiling);
         if (!read)
             return read.error();
@@ -138,11 +143,12 @@ private:
     void warn(const QString& warning)
     {
         _line.clear();
-        say(QStringLiteral("%1: warning: %2").arg(_drawing, warning));
+        _report.warning(_drawing, warning);
     }
 
     const NormalMapOptions& _options;
     ProgressLine& _line;
+    Report& _report;
     const QString& _drawing;
     qsizetype _index;
     QString _chosen;
@@ -163,37 +169,63 @@ QString formLine(const NormalMapOptions& options, const std::vector<OutputFiles>
     return fitsLine(mapFormFor(options, file));
 }
 
-/// @param pages of an atlas, one for each drawing; none without one
-int runAll(const NormalMapOptions& options, const std::vector<OutputFiles>& files, const std::vector<Sheet>& pages)
+QJsonObject fieldsOf(const QString& drawing, const OutputFiles& files)
 {
-    ProgressLine line(options.progress);
+    QJsonObject fields{{QStringLiteral("drawing"), drawing}};
+    const std::pair<const char*, const QString&> written[] = {{"normalMap", files.normalMap},
+                                                              {"elevation", files.elevation},
+                                                              {"lit", files.lit},
+                                                              {"drawingPicture", files.drawing}};
+    for (const auto& [key, file] : written)
+        if (!file.isEmpty())
+            fields.insert(QLatin1String(key), file);
+    return fields;
+}
+
+// What a format loses. Said once for all drawings.
+void warnOfLosses(const std::vector<OutputFiles>& files, Report& report)
+{
+    const QString& map = files.front().normalMap;
+    const auto format = IIO_pictureFormatOf(map);
+    if (!format || format->samples == IIO_SampleType::FLOAT || format->bitsPerChannel > 8)
+        return;
+    report.warning(map, QStringLiteral(".%1 files hold 8 bits a channel%2; write .png or .exr to keep everything")
+                            .arg(format->suffix, format->alpha ? QString() : QStringLiteral(" and no coverage")));
+}
+
+/// @param pages of an atlas, one for each drawing; none without one
+int runAll(const NormalMapOptions& options, const std::vector<OutputFiles>& files, const std::vector<Sheet>& pages,
+           Report& report)
+{
+    ProgressLine line(options.quiet ? ProgressStyle::NONE : options.progress);
     int exitCode = 0;
     int written = 0;
     for (qsizetype i = 0; i < options.drawings.size() && !StopSignal::came(); ++i) {
         const OutputFiles& own = files[static_cast<std::size_t>(i)];
-        DrawingRun run(options, line, i);
+        DrawingRun run(options, line, report, i);
         const auto page = static_cast<std::size_t>(i);
         const UT_Result<void> done =
             runOne(run, own, page < pages.size() ? pages[page].regions : std::vector<SheetRegion>());
         line.clear();
         if (done) {
-            writeText(stdout, QStringLiteral("%1 -> %2\n").arg(options.drawings[i], own.normalMap));
+            report.result(fieldsOf(options.drawings[i], own),
+                          QStringLiteral("%1 -> %2\n").arg(options.drawings[i], own.normalMap));
             // Among many drawings the results would be lost between such lines.
             if (options.drawings.size() == 1 && !run.chosen().isEmpty())
-                writeText(stdout, run.chosen() + QLatin1Char('\n'));
+                report.remark(run.chosen() + QLatin1Char('\n'));
             ++written;
             continue;
         }
         if (done.error().kind == UT_ErrorKind::STOPPED)
             break;
-        say(QStringLiteral("%1: %2").arg(options.drawings[i], done.error().sentence()));
+        report.error(done.error(), options.drawings[i]);
         exitCode = kFailed;
     }
     if (const QString fits = formLine(options, files); written > 0 && !fits.isEmpty())
-        writeText(stdout, fits + QLatin1Char('\n'));
+        report.remark(fits + QLatin1Char('\n'));
     if (!StopSignal::came())
         return exitCode;
-    say(QStringLiteral("stopped; %1 of %2 drawings are done").arg(written).arg(options.drawings.size()));
+    report.error(QStringLiteral("stopped; %1 of %2 drawings are done").arg(written).arg(options.drawings.size()));
     return StopSignal::exitCode();
 }
 
@@ -219,58 +251,100 @@ UT_Result<QString> writeAtlasOfMaps(const NormalMapOptions& options, const std::
     return path;
 }
 
-int runPages(const NormalMapOptions& options, const std::vector<Sheet>& pages)
+int runPages(const NormalMapOptions& options, const std::vector<Sheet>& pages, Report& report)
 {
     const UT_Result<std::vector<OutputFiles>> files = outputFiles(options);
     if (!files) {
-        say(files.error().sentence());
+        report.error(files.error());
         return kWrongUsage;
     }
-    const int exitCode = runAll(options, *files, pages);
+    warnOfLosses(*files, report);
+    const int exitCode = runAll(options, *files, pages, report);
     if (exitCode != 0 || pages.empty())
         return exitCode;
     const UT_Result<QString> atlas = writeAtlasOfMaps(options, *files);
     if (!atlas) {
-        say(atlas.error().sentence());
+        report.error(atlas.error());
         return kFailed;
     }
-    writeText(stdout, QStringLiteral("%1 -> %2\n").arg(options.atlas, *atlas));
+    report.result({{QStringLiteral("atlas"), options.atlas}, {QStringLiteral("normalMap"), *atlas}},
+                  QStringLiteral("%1 -> %2\n").arg(options.atlas, *atlas));
+    return 0;
+}
+
+// The drawings of an atlas are its pages.
+UT_Result<std::vector<Sheet>> takePages(NormalMapOptions& options)
+{
+    if (options.atlas.isEmpty())
+        return std::vector<Sheet>();
+    UT_Result<std::vector<Sheet>> pages = readAtlas(options.atlas);
+    if (pages)
+        for (const Sheet& page : *pages)
+            options.drawings << page.page;
+    return pages;
+}
+
+// The map goes to standard output where somebody says so, and where the drawing came through standard input and nobody
+// says anything else.
+bool isForStandardOutput(const NormalMapOptions& options)
+{
+    return options.output == kStandardStream ||
+           (options.output.isEmpty() && options.drawings == QStringList(kStandardStream));
+}
+
+int runWithStreams(NormalMapOptions& options, const std::vector<Sheet>& pages, Report& report)
+{
+    StandardOutput output;
+    if (isForStandardOutput(options)) {
+        const UT_Result<QString> file = output.prepare(options, report);
+        if (!file) {
+            report.error(file.error());
+            return kWrongUsage;
+        }
+        options.output = *file;
+    }
+    StandardInput input;
+    if (const UT_Result<void> read = input.putInto(options.drawings, report); !read) {
+        report.error(read.error());
+        return kFailed;
+    }
+    const int exitCode = runPages(options, pages, report);
+    if (exitCode != 0)
+        return exitCode;
+    if (const UT_Result<void> sent = output.send(report); !sent) {
+        report.error(sent.error());
+        return kFailed;
+    }
     return 0;
 }
 
 } // namespace
 
-int runNormalMapCommand(const QStringList& words)
+int runNormalMapCommand(const QStringList& words, Report& report)
 {
     UT_Result<NormalMapOptions> options = parseNormalMapOptions(words);
     if (!options) {
-        say(options.error().sentence());
+        report.error(options.error());
         return kWrongUsage;
     }
     if (options->help) {
-        std::fputs(qPrintable(normalMapHelp()), stdout);
+        report.help(normalMapHelp());
         return 0;
     }
-    std::vector<Sheet> pages;
-    if (!options->atlas.isEmpty()) {
-        UT_Result<std::vector<Sheet>> read = readAtlas(options->atlas);
-        if (!read) {
-            say(read.error().sentence());
-            return kFailed;
-        }
-        pages = std::move(*read);
-        for (const Sheet& page : pages)
-            options->drawings << page.page;
-    }
-    if (const auto files = outputFiles(*options); !files) {
-        say(files.error().sentence());
-        return kWrongUsage;
-    }
-    if (const UT_Result<QStringList> loaded = PLUG_Manager::loadAll(PLUG_Manager::defaultFolder()); !loaded) {
-        say(loaded.error().sentence());
+    if (options->quiet)
+        report.beQuiet();
+    const UT_Result<std::vector<Sheet>> pages = takePages(*options);
+    if (!pages) {
+        report.error(pages.error());
         return kFailed;
     }
-    const StopSignal stopSignal;
-    const SilencedOutput silenced(options->quiet);
-    return runPages(*options, pages);
+    if (const UT_Result<void> found = takeDrawingsOfFolders(*options); !found) {
+        report.error(found.error());
+        return kWrongUsage;
+    }
+    if (const UT_Result<void> loaded = loadPlugIns(); !loaded) {
+        report.error(loaded.error());
+        return kFailed;
+    }
+    return runWithStreams(*options, *pages, report);
 }

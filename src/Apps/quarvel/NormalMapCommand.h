@@ -5,8 +5,10 @@
 
 #include <QStringList>
 
+class Report;
+
 /// Runs the command.
 ///
 /// @param words what stands behind "normalmap"
 /// @return the exit code: 0 when every drawing was done, 1 when one was not, 2 when the words made no sense
-int runNormalMapCommand(const QStringList& words);
+int runNormalMapCommand(const QStringList& words, Report& report);

@@ -9,13 +9,14 @@ QString normalMapHelp()
 
   quarvel normalmap DRAWING... [options]
 
-Each drawing is an SVG file, or a bitmap with transparency (PNG, WebP and others). Its parts become objects, each with a rounded
+Each drawing is an SVG file, a bitmap with transparency (PNG, WebP and others), a folder of them, or - for standard input. Its parts become objects, each with a rounded
 volume of its own. The normal map is written beside the drawing as NAME_n.png, pixel for
 pixel registered with it.
 
 Files
   -o, --output FILE     where the normal map goes; the ending says the format: .png, .exr (OpenEXR).
-                        With several drawings: a folder, which is made where it is missing
+                        With several drawings: a folder, which is made where it is missing, and in which drawings of a
+                        folder keep their places; - writes PNG to standard output (default for a drawing from there)
       --elevation FILE  also writes the elevation of the same run: 0 the lowest, 1 the highest place of each object
       --lit FILE        also writes the drawing lit by a light
       --drawing FILE    also writes the drawing as a picture
@@ -97,7 +98,8 @@ The node's other attributes
 
 How it runs
       --progress        a line for every percent on standard error; without it, a line that is rewritten, on a terminal
-  -q, --quiet           nothing on standard output
+      --json            results, warnings and errors as JSON on standard output
+  -q, --quiet           nothing on standard output, and no progress
   -h, --help            this text
 
 Examples
@@ -105,8 +107,11 @@ Examples
   quarvel normalmap hero.svg -o out/hero_n.exr --size 3840x2160 --float --quality high --bevel 24 \
           --object 2:bevel=60:elevation=0.5 --level '#1b1b1b=0'
   quarvel normalmap walk_*.svg -o maps --pad 4 --y down
+  quarvel normalmap art -o maps
+  curl https://example.org/hero.svg | quarvel normalmap - > hero_n.png
   quarvel normalmap hero.svg --volume 0.5 --object 7:cutout --lit hero_lit.png --elevation hero_e.png
 
-Exit code: 0 when every drawing was done, 1 when one was not (the others are), 2 when the command line made no sense.
+Exit code: 0 when every drawing was done, 1 when one was not (the others are), 2 when the command line made no
+sense, 130 when Ctrl-C stopped the run, 143 when the system did (SIGTERM).
 )");
 }

@@ -11,19 +11,24 @@
 #include "jobs/drawing/TileDrawing.h"
 #include "jobs/sheets/Sheet.h"
 
+#include <QHash>
 #include <QStringList>
 
 /// How a run tells what it does.
 enum class ProgressStyle
 {
     AUTOMATIC, ///< a line that is rewritten, where standard error is a terminal; nothing elsewhere
-    LINES      ///< one line a percent
+    LINES,     ///< one line a percent
+    NONE
 };
 
 /// The whole command line of one run.
 struct NormalMapOptions
 {
     QStringList drawings;
+    /// For drawings that were found in a folder: where below it they lie, which is where their maps lie in the folder
+    /// of the maps. Drawings that are named themselves have none.
+    QHash<QString, QString> folders;
     NormalMapSettings settings;
 
     QString output;    ///< empty: beside each drawing

@@ -1,17 +1,16 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 #include "OpenScene.h"
 
-#include "QuarvelPlugInManager/PLUG_Manager.h"
-#include "Say.h"
+#include "LoadPlugIns.h"
 
-UT_Result<SIO_LoadedScene> openScene(const QString& folder)
+UT_Result<SIO_LoadedScene> openScene(const QString& folder, Report& report)
 {
-    if (const UT_Result<QStringList> loaded = PLUG_Manager::loadAll(PLUG_Manager::defaultFolder()); !loaded)
+    if (const UT_Result<void> loaded = loadPlugIns(); !loaded)
         return loaded.error();
     UT_Result<SIO_LoadedScene> scene = SIO_loadScene(folder);
     if (!scene)
-        return UT_Error{QStringLiteral("%1: %2").arg(folder, scene.error().sentence())};
+        return scene.error();
     for (const QString& warning : scene->warnings)
-        say(QStringLiteral("%1: warning: %2").arg(folder, warning));
+        report.warning(folder, warning);
     return scene;
 }

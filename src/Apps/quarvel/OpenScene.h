@@ -5,8 +5,9 @@
 #pragma once
 
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
+#include "Report.h"
 
-/// Loads a scene, and says its warnings on standard error.
+/// Loads a scene, and reports its warnings.
 ///
 /// @return an error that names the scene
-UT_Result<SIO_LoadedScene> openScene(const QString& folder);
+UT_Result<SIO_LoadedScene> openScene(const QString& folder, Report& report);

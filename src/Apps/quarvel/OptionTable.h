@@ -87,7 +87,8 @@ UT_Result<QStringList> takeOptions(const QString& command, const QStringList& wo
     // The parser takes the first word for the program's name.
     const bool isParsed = parser.parse(QStringList{command} + words);
     if (const QStringList unknown = parser.unknownOptionNames(); !unknown.isEmpty()) {
-        QStringList names;
+        // What every command takes is not in the tables.
+        QStringList names{QStringLiteral("json")};
         for (const auto& row : table)
             names += row.names;
         return unknownOption(command, wordOf(unknown.first(), words), names);

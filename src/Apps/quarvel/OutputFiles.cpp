@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QHash>
+#include <QSet>
 
 namespace {
 
@@ -20,19 +21,20 @@ struct Place
     bool wanted;
 };
 
-QString besideOrIn(const QString& drawing, const Place& place)
+// Drawings that were found in a folder keep their places below it.
+QString besideOrIn(const QString& drawing, const Place& place, const QString& below)
 {
     const QFileInfo info(drawing);
-    const QDir where = place.named.isEmpty() ? info.dir() : QDir(place.named);
+    const QDir where = place.named.isEmpty() ? info.dir() : QDir(QDir(place.named).filePath(below));
     return QDir::cleanPath(where.filePath(info.completeBaseName() + place.suffix + QLatin1Char('.') + place.ending));
 }
 
-QString fileFor(const QString& drawing, const Place& place, bool isFolder)
+QString fileFor(const QString& drawing, const Place& place, bool isFolder, const QString& below)
 {
     if (!place.wanted)
         return {};
     if (place.named.isEmpty() || isFolder || QFileInfo(place.named).isDir())
-        return besideOrIn(drawing, place);
+        return besideOrIn(drawing, place, below);
     return place.named;
 }
 
@@ -63,6 +65,16 @@ UT_Result<void> checkFormat(const QString& file)
     return format ? UT_Result<void>() : format.error();
 }
 
+UT_Error sameFile(const QString& file, const QString& first, const QString& second)
+{
+    const QString text =
+        first == second
+            ? QStringLiteral("two pictures of %2 would be written to %1; name different files")
+            : QStringLiteral("%2 and %3 would both be written to %1; rename one of them, or run quarvel once for "
+                             "each, with another folder behind -o");
+    return UT_Error{first == second ? text.arg(file, first) : text.arg(file, first, second)};
+}
+
 } // namespace
 
 QString suffixOfMaps(const NormalMapOptions& options)
@@ -73,7 +85,7 @@ QString suffixOfMaps(const NormalMapOptions& options)
 
 UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options)
 {
-    const bool several = options.drawings.size() > 1;
+    const bool several = options.drawings.size() > 1 || !options.folders.isEmpty();
     const QString png = QStringLiteral("png");
     const Place normalMap = placeOfMap(options);
     const Place elevation{options.elevation, QStringLiteral("_e"), png, !options.elevation.isEmpty()};
@@ -85,24 +97,29 @@ UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options)
             return isFolder.error();
 
     QHash<QString, QString> takenBy;
+    QSet<QString> drawings;
     for (const QString& drawing : options.drawings)
-        takenBy.insert(QFileInfo(drawing).absoluteFilePath(), drawing);
+        drawings.insert(QFileInfo(drawing).absoluteFilePath());
 
     std::vector<OutputFiles> all;
     for (const QString& drawing : options.drawings) {
-        const OutputFiles files{fileFor(drawing, normalMap, several), fileFor(drawing, elevation, several),
-                                fileFor(drawing, lit, several), fileFor(drawing, picture, several)};
+        const QString below = options.folders.value(drawing);
+        const OutputFiles files{fileFor(drawing, normalMap, several, below),
+                                fileFor(drawing, elevation, several, below), fileFor(drawing, lit, several, below),
+                                fileFor(drawing, picture, several, below)};
         for (const QString& file : {files.normalMap, files.elevation, files.lit, files.drawing}) {
             if (UT_Result<void> known = checkFormat(file); !known)
                 return known.error();
             const QString path = QFileInfo(file).absoluteFilePath();
-            if (!file.isEmpty() && takenBy.contains(path))
-                return UT_Error{
-                    QStringLiteral("%1 would be written over for %2 and is taken by %3; give them different names "
-                                   "or folders")
-                        .arg(file, drawing, takenBy.value(path))};
-            if (!file.isEmpty())
-                takenBy.insert(path, drawing);
+            if (file.isEmpty())
+                continue;
+            if (drawings.contains(path))
+                return UT_Error{QStringLiteral("%1 would be written over by what is made of %2; name another file or "
+                                               "folder with -o")
+                                    .arg(file, drawing)};
+            if (takenBy.contains(path))
+                return sameFile(file, takenBy.value(path), drawing);
+            takenBy.insert(path, drawing);
         }
         all.push_back(files);
     }

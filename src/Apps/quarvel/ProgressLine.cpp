@@ -5,13 +5,13 @@
 
 #include "TerminalText.h"
 
-#include "StandardError.h"
+#include "Terminal.h"
 
 #include <algorithm>
 #include <cstdio>
 
 ProgressLine::ProgressLine(ProgressStyle style)
-    : _lines(style == ProgressStyle::LINES), _rewrites(!_lines && standardErrorIsTerminal())
+    : _lines(style == ProgressStyle::LINES), _rewrites(style == ProgressStyle::AUTOMATIC && isTerminal(stderr))
 {}
 
 ProgressLine::~ProgressLine()

@@ -9,7 +9,7 @@
 class ProgressLine
 {
 public:
-    /// AUTOMATIC shows a rewritten line where standard error is a terminal, and nothing elsewhere.
+    /// AUTOMATIC shows a rewritten line where standard error is a terminal, and nothing elsewhere; NONE nothing.
     explicit ProgressLine(ProgressStyle style);
     /// Removes a rewritten line.
     ~ProgressLine();

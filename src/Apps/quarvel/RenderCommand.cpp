@@ -7,8 +7,7 @@
 #include "OpenScene.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "RenderOptions.h"
-#include "Say.h"
-#include "SilencedOutput.h"
+#include "Report.h"
 #include "StopSignal.h"
 #include "jobs/frames/FilmFile.h"
 #include "jobs/frames/FrameRange.h"
@@ -58,7 +57,7 @@ UT_Result<MO_Module*> moduleOf(const MO_Scene& scene, const RenderOptions& optio
     return UT_Error{QStringLiteral("the scene has no display; name a node with --node, one of %1").arg(namesOf(scene))};
 }
 
-UT_Result<std::vector<int>> framesOf(const MO_Scene& scene, const RenderOptions& options)
+UT_Result<std::vector<int>> framesOf(const MO_Scene& scene, const RenderOptions& options, Report& report)
 {
     const int first = scene.firstFrame();
     const int last = scene.lastFrame();
@@ -72,7 +71,8 @@ UT_Result<std::vector<int>> framesOf(const MO_Scene& scene, const RenderOptions&
     if (list->frames.empty())
         return UT_Error{QStringLiteral("there is nothing to render: %1").arg(scenes)};
     if (list->outside > 0)
-        say(QStringLiteral("warning: %1 of the frames are left out; %2").arg(list->outside).arg(scenes));
+        report.warning(options.scene,
+                       QStringLiteral("%1 of the frames are left out; %2").arg(list->outside).arg(scenes));
     return shardOf(list->frames, options.shard.first, options.shard.second);
 }
 
@@ -163,24 +163,35 @@ UT_Result<int> atOnceOf(const RenderOptions& options, const Plan& plan)
                         options.memory > 0.0 ? options.memory : limits.memory / 2.0);
 }
 
-void warnWhereFramesHaveNoDigest(const RenderOptions& options)
+void warnWhereFramesHaveNoDigest(const RenderOptions& options, Report& report)
 {
     const auto format = IIO_pictureFormatOf(options.output);
     if (options.resume && format && !format->texts)
-        say(QStringLiteral(
-                "warning: .%1 files cannot say what they were made of, so --resume renders all frames again; "
-                "write .png or .exr")
-                .arg(format->suffix));
+        report.warning(options.output,
+                       QStringLiteral(".%1 files cannot say what they were made of, so --resume renders all frames "
+                                      "again; write .png or .exr")
+                           .arg(format->suffix));
 }
 
-UT_Result<Plan> planOf(const MO_Scene& scene, const RenderOptions& options)
+// Pictures of colours lose nothing that anybody sees.
+void warnOfLosses(const RenderOptions& options, const Plan& plan, Report& report)
+{
+    const auto format = IIO_pictureFormatOf(options.output);
+    if (!format || format->bitsPerChannel > 8 || plan.settings.picture.shown == RenderedKind::COLOURS)
+        return;
+    report.warning(options.output,
+                   QStringLiteral(".%1 files hold 8 bits a channel%2; write .png or .exr to keep everything")
+                       .arg(format->suffix, format->alpha ? QString() : QStringLiteral(" and no coverage")));
+}
+
+UT_Result<Plan> planOf(const MO_Scene& scene, const RenderOptions& options, Report& report)
 {
     Plan plan;
     const auto module = moduleOf(scene, options);
     if (!module)
         return module.error();
     plan.shown = std::make_unique<ShownModule>(**module);
-    const auto frames = framesOf(scene, options);
+    const auto frames = framesOf(scene, options, report);
     if (!frames)
         return frames.error();
     plan.settings.frames = *frames;
@@ -195,7 +206,8 @@ UT_Result<Plan> planOf(const MO_Scene& scene, const RenderOptions& options)
         return atOnce.error();
     plan.settings.atOnce = *atOnce;
     plan.settings.resume = options.resume;
-    warnWhereFramesHaveNoDigest(options);
+    warnWhereFramesHaveNoDigest(options, report);
+    warnOfLosses(options, plan, report);
     auto lit = litSettings(options, plan);
     if (!lit)
         return lit.error();
@@ -208,10 +220,11 @@ UT_Result<Plan> planOf(const MO_Scene& scene, const RenderOptions& options)
     return plan;
 }
 
-RenderFramesResult run(const Plan& plan, const RenderFramesSettings& settings, const RenderOptions& options)
+RenderFramesResult run(const Plan& plan, const RenderFramesSettings& settings, const RenderOptions& options,
+                       Report& report)
 {
     RenderProgress progress(options.quiet ? RenderProgressStyle::NONE : options.progress,
-                            static_cast<int>(settings.frames.size()));
+                            static_cast<int>(settings.frames.size()), report.results());
     RenderFramesWatcher watcher;
     watcher.stop = &StopSignal::came;
     watcher.progress = [&](double done) { progress.show(done); };
@@ -220,33 +233,38 @@ RenderFramesResult run(const Plan& plan, const RenderFramesSettings& settings, c
         if (end != FrameEnd::FAILED)
             return;
         progress.clear();
-        say(QStringLiteral("frame %1: %2").arg(frame).arg(reason));
+        report.error(UT_Error{reason}.at(QStringLiteral("frame %1").arg(frame)));
     };
     return renderFrames(*plan.shown, settings, watcher);
 }
 
-void printSummary(const RenderFramesResult& result, const RenderOptions& options, const QString& output)
+void tellSummary(const RenderFramesResult& result, const RenderOptions& options, const QString& output, Report& report)
 {
     // Always in this form, so that a scheduler can read it by a regular expression.
-    writeText(stdout, QStringLiteral("%1 -> %2: %3 written, %4 complete already, %5 failed\n")
-                          .arg(options.scene, output, QString::number(result.written), QString::number(result.kept),
-                               QString::number(result.failed)));
+    report.result({{QStringLiteral("scene"), options.scene},
+                   {QStringLiteral("output"), output},
+                   {QStringLiteral("written"), result.written},
+                   {QStringLiteral("kept"), result.kept},
+                   {QStringLiteral("failed"), result.failed}},
+                  QStringLiteral("%1 -> %2: %3 written, %4 complete already, %5 failed\n")
+                      .arg(options.scene, output, QString::number(result.written), QString::number(result.kept),
+                           QString::number(result.failed)));
 }
 
 // Does nothing where no output is wanted.
 int renderFiles(const Plan& plan, const RenderFramesSettings& settings, const RenderOptions& options,
-                const QString& output)
+                const QString& output, Report& report)
 {
     if (output.isEmpty())
         return 0;
-    const RenderFramesResult result = run(plan, settings, options);
-    printSummary(result, options, output);
+    const RenderFramesResult result = run(plan, settings, options, report);
+    tellSummary(result, options, output, report);
     if (result.stopped)
         return StopSignal::exitCode();
     return result.failed > 0 ? kFailed : 0;
 }
 
-int renderFilm(const Plan& plan, const RenderOptions& options)
+int renderFilm(const Plan& plan, const RenderOptions& options, Report& report)
 {
     if (options.preview.isEmpty())
         return 0;
@@ -265,57 +283,75 @@ int renderFilm(const Plan& plan, const RenderOptions& options)
     if (!made) {
         if (made.error().kind == UT_ErrorKind::STOPPED)
             return StopSignal::exitCode();
-        say(made.error().sentence());
+        report.error(made.error());
         return kFailed;
     }
     if (*made != options.preview)
-        say(QStringLiteral("ffmpeg is not installed, so the preview is an animated PNG: %1").arg(*made));
-    writeText(stdout, QStringLiteral("%1 -> %2\n").arg(options.scene, *made));
+        report.warning(options.preview,
+                       QStringLiteral("ffmpeg is not installed, so the preview is an animated PNG: %1").arg(*made));
+    report.result({{QStringLiteral("scene"), options.scene}, {QStringLiteral("preview"), *made}},
+                  QStringLiteral("%1 -> %2\n").arg(options.scene, *made));
     return 0;
 }
 
-int renderAll(const Plan& plan, const RenderOptions& options)
+int renderAll(const Plan& plan, const RenderOptions& options, Report& report)
 {
     if (plan.settings.frames.empty()) {
-        writeText(stdout, QStringLiteral("%1: this shard has no frames\n").arg(options.scene));
+        report.remark(QStringLiteral("%1: this shard has no frames\n").arg(options.scene));
         return 0;
     }
-    int exitCode = renderFiles(plan, plan.settings, options, options.output);
+    int exitCode = renderFiles(plan, plan.settings, options, options.output, report);
     if (!StopSignal::came())
-        exitCode = std::max(exitCode, renderFiles(plan, plan.lit, options, options.lit));
+        exitCode = std::max(exitCode, renderFiles(plan, plan.lit, options, options.lit, report));
     if (!StopSignal::came())
-        exitCode = std::max(exitCode, renderFiles(plan, plan.drawing, options, options.drawing));
+        exitCode = std::max(exitCode, renderFiles(plan, plan.drawing, options, options.drawing, report));
     if (!StopSignal::came())
-        exitCode = std::max(exitCode, renderFilm(plan, options));
-    if (StopSignal::came())
-        say(QStringLiteral("stopped; --resume goes on from here"));
-    return exitCode;
+        exitCode = std::max(exitCode, renderFilm(plan, options, report));
+    if (!StopSignal::came())
+        return exitCode;
+    report.error(QStringLiteral("stopped; --resume goes on from here"));
+    return StopSignal::exitCode();
+}
+
+// What the results share standard output with must be for the same reader.
+UT_Result<void> checkProgress(const RenderOptions& options, const Report& report)
+{
+    const bool onResults =
+        options.progress == RenderProgressStyle::PERCENT || options.progress == RenderProgressStyle::OPENJD;
+    if (report.isJson() && onResults)
+        return UT_Error{QStringLiteral("--json and this --progress both want standard output; take --progress json, "
+                                       "which is on standard error")};
+    return {};
 }
 
 } // namespace
 
-int runRenderCommand(const QStringList& words)
+int runRenderCommand(const QStringList& words, Report& report)
 {
     const UT_Result<RenderOptions> options = parseRenderOptions(words);
     if (!options) {
-        say(options.error().sentence());
+        report.error(options.error());
         return kWrongUsage;
     }
     if (options->help) {
-        std::fputs(qPrintable(renderHelp()), stdout);
+        report.help(renderHelp());
         return 0;
     }
-    const StopSignal stopSignal;
-    const UT_Result<SIO_LoadedScene> scene = openScene(options->scene);
-    if (!scene) {
-        say(scene.error().sentence());
-        return kFailed;
-    }
-    const UT_Result<Plan> plan = planOf(*scene->scene, *options);
-    if (!plan) {
-        say(plan.error().sentence());
+    if (options->quiet)
+        report.beQuiet();
+    if (const UT_Result<void> fits = checkProgress(*options, report); !fits) {
+        report.error(fits.error());
         return kWrongUsage;
     }
-    const SilencedOutput silenced(options->quiet);
-    return renderAll(*plan, *options);
+    const UT_Result<SIO_LoadedScene> scene = openScene(options->scene, report);
+    if (!scene) {
+        report.error(scene.error(), options->scene);
+        return kFailed;
+    }
+    const UT_Result<Plan> plan = planOf(*scene->scene, *options, report);
+    if (!plan) {
+        report.error(plan.error());
+        return kWrongUsage;
+    }
+    return renderAll(*plan, *options, report);
 }

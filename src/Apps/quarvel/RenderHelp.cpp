@@ -60,8 +60,9 @@ How it runs
       --shard I/N       only every N-th frame from the I-th on, for N machines that share the work; counted
                         from 1 or from 0. auto: as SLURM_ARRAY_TASK_ID and SLURM_ARRAY_TASK_COUNT say
       --progress STYLE  bar (with the time left), lines (one for every percent), json (one object for every frame) or
-                        none, on standard error. Default: bar on a terminal, lines elsewhere. On standard output:
+                        none, on standard error. Default: bar on a terminal, none elsewhere. On standard output:
                         percent (12% and so on) and openjd (openjd_progress: 12, openjd_status:, openjd_fail:)
+      --json            results, warnings and errors as JSON on standard output
   -q, --quiet           neither results nor progress, only warnings and errors
   -h, --help            this text
 

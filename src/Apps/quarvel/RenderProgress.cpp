@@ -3,7 +3,7 @@
 // The time left is what the rest takes at the pace so far.
 #include "RenderProgress.h"
 
-#include "StandardError.h"
+#include "Terminal.h"
 #include "TerminalText.h"
 
 #include <QJsonDocument>
@@ -21,7 +21,7 @@ RenderProgressStyle chosen(RenderProgressStyle style)
 {
     if (style != RenderProgressStyle::AUTOMATIC)
         return style;
-    return standardErrorIsTerminal() ? RenderProgressStyle::BAR : RenderProgressStyle::LINES;
+    return isTerminal(stderr) ? RenderProgressStyle::BAR : RenderProgressStyle::NONE;
 }
 
 QByteArray jsonOf(int frame, int done, int total, const QString& error)
@@ -35,7 +35,9 @@ QByteArray jsonOf(int frame, int done, int total, const QString& error)
 
 } // namespace
 
-RenderProgress::RenderProgress(RenderProgressStyle style, int total) : _style(chosen(style)), _total(total) {}
+RenderProgress::RenderProgress(RenderProgressStyle style, int total, std::FILE* results)
+    : _style(chosen(style)), _total(total), _results(results)
+{}
 
 RenderProgress::~RenderProgress()
 {
@@ -72,27 +74,27 @@ void RenderProgress::printPercents(int percent) const
             std::fprintf(stderr, "%d%%\n", step);
             break;
         case RenderProgressStyle::PERCENT:
-            std::printf("%d%%\n", step);
+            std::fprintf(_results, "%d%%\n", step);
             break;
         case RenderProgressStyle::OPENJD:
-            std::printf("openjd_progress: %d\n", step);
+            std::fprintf(_results, "openjd_progress: %d\n", step);
             break;
         default:
             return;
         }
     // A scheduler reads from a pipe, which would be written in blocks.
     if (_style == RenderProgressStyle::PERCENT || _style == RenderProgressStyle::OPENJD)
-        std::fflush(stdout);
+        std::fflush(_results);
 }
 
 void RenderProgress::printFrame(int frame, const QString& error) const
 {
     if (error.isEmpty())
-        std::printf("openjd_status: frame %d, %d of %d\n", frame, _done, _total);
+        std::fprintf(_results, "openjd_status: frame %d, %d of %d\n", frame, _done, _total);
     else
-        writeText(stdout,
+        writeText(_results,
                   QStringLiteral("openjd_fail: frame %1: %2\n").arg(QString::number(frame), error.simplified()));
-    std::fflush(stdout);
+    std::fflush(_results);
 }
 
 void RenderProgress::clear()

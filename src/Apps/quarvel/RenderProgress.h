@@ -7,11 +7,12 @@
 #include <QString>
 
 #include <chrono>
+#include <cstdio>
 
 /// How a render tells how far it is.
 enum class RenderProgressStyle
 {
-    AUTOMATIC, ///< BAR where standard error is a terminal, LINES elsewhere
+    AUTOMATIC, ///< BAR where standard error is a terminal, NONE elsewhere
     BAR,       ///< a bar with the time left, rewritten in place
     LINES,     ///< one line a percent
     JSON,      ///< one object a frame: {"done":2,"frame":7,"total":48}, with "error" when the frame failed
@@ -24,8 +25,9 @@ enum class RenderProgressStyle
 class RenderProgress
 {
 public:
-    /// @param total how many frames are rendered
-    RenderProgress(RenderProgressStyle style, int total);
+    /// @param total   how many frames are rendered
+    /// @param results what stands for standard output
+    RenderProgress(RenderProgressStyle style, int total, std::FILE* results);
     /// Removes the bar.
     ~RenderProgress();
     RenderProgress(const RenderProgress&) = delete;
@@ -50,6 +52,7 @@ private:
 
     RenderProgressStyle _style;
     int _total;
+    std::FILE* _results;
     int _done = 0;
     int _percent = -1;
     bool _visible = false;

@@ -6,7 +6,8 @@
 #include "FormOptions.h"
 #include "OpenScene.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
-#include "Say.h"
+#include "Report.h"
+#include "StopSignal.h"
 #include "jobs/scene/SetAttribute.h"
 #include "jobs/scene/SetObjects.h"
 
@@ -27,73 +28,92 @@ bool isObjectOption(const QString& word)
 // How often a change is made again because others saved the scene first.
 constexpr int kAttempts = 100;
 
+void tellChange(const QString& folder, const QString& change, Report& report)
+{
+    report.result(
+        {{QStringLiteral("scene"), folder},
+         {QStringLiteral("changed"), !change.isEmpty()},
+         {QStringLiteral("change"), change}},
+        QStringLiteral("%1: %2\n").arg(folder, change.isEmpty() ? QStringLiteral("nothing to change") : change));
+}
+
 // @return the exit code; nothing when somebody else saved the scene after it was loaded
 template<typename Change>
-std::optional<int> tryChange(const SIO_LoadedScene& opened, const QString& folder, const Change& change)
+std::optional<int> tryChange(const SIO_LoadedScene& opened, const QString& folder, const Change& change, Report& report)
 {
     CO_CommandStack stack;
     const UT_Result<QString> changed = change(*opened.scene, stack);
     if (!changed) {
-        say(QStringLiteral("%1: %2").arg(folder, changed.error().sentence()));
+        report.error(changed.error(), folder);
         return kWrongUsage;
     }
+    if (StopSignal::came()) {
+        report.error(QStringLiteral("stopped; %1 is as it was").arg(folder));
+        return StopSignal::exitCode();
+    }
     if (changed->isEmpty()) {
-        writeText(stdout, QStringLiteral("%1: nothing to change\n").arg(folder));
+        tellChange(folder, *changed, report);
         return 0;
     }
     const auto saved = SIO_saveSceneOver(opened.state, *opened.scene, folder);
     if (!saved) {
-        say(saved.error().sentence());
+        report.error(saved.error());
         return kFailed;
     }
     if (!*saved)
         return std::nullopt;
-    writeText(stdout, QStringLiteral("%1: %2\n").arg(folder, *changed));
-    return 0;
+    tellChange(folder, *changed, report);
+    if (!StopSignal::came())
+        return 0;
+    // A signal during the save lets the save end: it is short, and the scene is whole then.
+    report.error(QStringLiteral("stopped; the change of %1 is saved").arg(folder));
+    return StopSignal::exitCode();
 }
 
 // @param change gets the scene and a stack; gives an error, or what it changed in words: nothing when nothing
 template<typename Change>
-int changeScene(const QString& folder, const Change& change)
+int changeScene(const QString& folder, const Change& change, Report& report)
 {
-    auto opened = openScene(folder);
+    auto opened = openScene(folder, report);
     for (int attempt = 0; opened && attempt < kAttempts; ++attempt) {
-        if (const auto exitCode = tryChange(*opened, folder, change))
+        if (const auto exitCode = tryChange(*opened, folder, change, report))
             return *exitCode;
         // Another program saved the scene meanwhile: its change counts, and this one is made on top of it.
         opened = SIO_loadScene(folder);
     }
-    say(opened ? QStringLiteral("%1: other programs save the scene again and again; try later").arg(folder)
-               : opened.error().sentence());
+    report.error(opened ? UT_Error{QStringLiteral("other programs save the scene again and again; try later")}
+                        : opened.error(),
+                 folder);
     return kFailed;
 }
 
-int setAttribute(const QStringList& words)
+int setAttribute(const QStringList& words, Report& report)
 {
-    return changeScene(words.first(), [&](MO_Scene& scene, CO_CommandStack& stack) -> UT_Result<QString> {
+    const auto change = [&](MO_Scene& scene, CO_CommandStack& stack) -> UT_Result<QString> {
         const UT_Result<bool> changed = setInScene(scene, stack, words[1], words.sliced(2));
         if (!changed)
             return changed.error();
         return *changed ? stack.undoName() : QString();
-    });
+    };
+    return changeScene(words.first(), change, report);
 }
 
-int setObjects(const QStringList& words)
+int setObjects(const QStringList& words, Report& report)
 {
     ObjectWishes wishes;
     const std::vector<OptionRow<ObjectWishes>> table{
         objectOptionRow<ObjectWishes>([](ObjectWishes& all) -> ObjectWishes& { return all; })};
     const UT_Result<QStringList> rest = takeOptions(QStringLiteral("set"), words, table, wishes);
     if (!rest) {
-        say(rest.error().sentence());
+        report.error(rest.error());
         return kWrongUsage;
     }
     if (rest->size() != 1) {
-        say(QStringLiteral(
+        report.error(QStringLiteral(
             "set --object wants one scene, such as walk.scene; attributes are set by a call of their own"));
         return kWrongUsage;
     }
-    return changeScene(rest->first(), [&](MO_Scene& scene, CO_CommandStack& stack) -> UT_Result<QString> {
+    const auto change = [&](MO_Scene& scene, CO_CommandStack& stack) -> UT_Result<QString> {
         const UT_Result<std::vector<int>> changed = setObjectsInScene(scene, stack, wishes);
         if (!changed)
             return changed.error();
@@ -101,25 +121,44 @@ int setObjects(const QStringList& words)
         for (const int number : *changed)
             numbers << QString::number(number);
         return numbers.isEmpty() ? QString() : QStringLiteral("changed: object ") + numbers.join(QStringLiteral(", "));
-    });
+    };
+    return changeScene(rest->first(), change, report);
+}
+
+// An attribute's value may look like any option, so that this one stands before the scene or at the end.
+bool takeQuiet(QStringList& words)
+{
+    const auto isQuiet = [](const QString& word) { return word == u"-q" || word == u"--quiet"; };
+    if (!words.isEmpty() && isQuiet(words.first())) {
+        words.removeFirst();
+        return true;
+    }
+    if (words.size() > 3 && isQuiet(words.last())) {
+        words.removeLast();
+        return true;
+    }
+    return false;
 }
 
 } // namespace
 
-int runSetCommand(const QStringList& words)
+int runSetCommand(const QStringList& typed, Report& report)
 {
-    if (words.contains(QStringLiteral("--help"))) {
-        std::fputs(qPrintable(setHelp()), stdout);
+    if (typed.contains(QStringLiteral("--help"))) {
+        report.help(setHelp());
         return 0;
     }
+    QStringList words = typed;
+    if (takeQuiet(words))
+        report.beQuiet();
     const bool setsObjects = std::ranges::any_of(words, &isObjectOption);
     if (!setsObjects && words.size() < 3) {
-        say(QStringLiteral("set wants a scene, what to change and its new value, as in:\n"
-                           "  quarvel set walk.scene Normal-Map.bevel-multiplier 1:0.5 24:2.0\n"
-                           "  quarvel set walk.scene --object head:bevel=40"));
+        report.error(QStringLiteral("set wants a scene, what to change and its new value, as in:\n"
+                                    "  quarvel set walk.scene Normal-Map.bevel-multiplier 1:0.5 24:2.0\n"
+                                    "  quarvel set walk.scene --object head:bevel=40"));
         return kWrongUsage;
     }
-    return setsObjects ? setObjects(words) : setAttribute(words);
+    return setsObjects ? setObjects(words, report) : setAttribute(words, report);
 }
 
 QString setHelp()
@@ -134,6 +173,8 @@ QString setHelp()
         "\n"
         "Values of single objects\n"
         "      --object N:...   sets one object's values, in the words of quarvel normalmap; all other objects stay\n"
+        "  -q, --quiet          nothing on standard output; before the scene or at the end\n"
+        "      --json           the change as JSON on standard output, with warnings and errors\n"
         "\n"
         "Examples\n"
         "  quarvel set walk.scene --object head:bevel=40 --object 'eye*:elevation=0.5'\n"
@@ -143,6 +184,9 @@ QString setHelp()
         "  quarvel set walk.scene Normal-Map.BlurScale 1:0:bezier 24:2  it leaves and arrives softly\n"
         "  quarvel set walk.scene Normal-Map.BlurScale =Hero.ScaleX     reads another attribute; = alone ends that\n"
         "  quarvel set walk.scene Normal-Map.NormalQuality HIGH_NORMAL_QUALITY\n"
+        "  quarvel set walk.scene Normal-Map.ObjectList 1:60:1:1        object 1: bevel, elevation, smoothness; others "
+        "stay;\n"
+        "                                                               '' takes all out\n"
         "  quarvel set walk.scene Hero.Drawing 1:walk_1 3:walk_2 9:     drawings from frames on; none from 9 on\n"
         "  quarvel set walk.scene Hero.name Heroine                     a module's name\n"
         "  quarvel set walk.scene Hero.enabled no                       its switch\n"

@@ -5,12 +5,14 @@
 
 #include <QStringList>
 
+class Report;
+
 /// Runs the command.
 ///
 /// @param words what stands behind "set"
 /// @return the exit code: 0 when it was done, 1 when the scene could not be read or written, 2 when the words made no
 /// sense; the scene is then as it was
-int runSetCommand(const QStringList& words);
+int runSetCommand(const QStringList& words, Report& report);
 
 /// What "quarvel help set" prints.
 QString setHelp();

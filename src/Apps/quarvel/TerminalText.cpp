@@ -3,13 +3,9 @@
 // Escaping what terminals obey.
 #include "TerminalText.h"
 
-#include <algorithm>
+#include "Terminal.h"
 
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
+#include <algorithm>
 
 namespace {
 
@@ -31,15 +27,6 @@ QString written(QChar c)
            QString::number(c.unicode(), 16).rightJustified(small ? 2 : 4, u'0');
 }
 
-bool isForEyes(std::FILE* stream)
-{
-#ifdef _WIN32
-    return stream == stderr || _isatty(_fileno(stream)) != 0;
-#else
-    return stream == stderr || ::isatty(::fileno(stream)) != 0;
-#endif
-}
-
 } // namespace
 
 QString visibleText(const QString& text)
@@ -55,5 +42,5 @@ QString visibleText(const QString& text)
 
 void writeText(std::FILE* stream, const QString& text)
 {
-    std::fputs(qPrintable(isForEyes(stream) ? visibleText(text) : text), stream);
+    std::fputs(qPrintable(stream == stderr || isTerminal(stream) ? visibleText(text) : text), stream);
 }

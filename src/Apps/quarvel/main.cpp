@@ -10,8 +10,11 @@
 #include "NormalMapOptions.h"
 #include "RenderCommand.h"
 #include "RenderOptions.h"
+#include "Report.h"
+#include "ResultStream.h"
 #include "Say.h"
 #include "SetCommand.h"
+#include "StopSignal.h"
 #include "jobs/WorkerThreads.h"
 #include "jobs/limits/JobLimits.h"
 
@@ -24,6 +27,7 @@
 
 namespace {
 
+constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
 
 struct Command
@@ -31,7 +35,7 @@ struct Command
     const char* name;
     const char* words; ///< what stands behind the name
     const char* purpose;
-    int (*run)(const QStringList& words);
+    int (*run)(const QStringList& words, Report& report);
     QString (*help)();
 };
 
@@ -51,7 +55,7 @@ const Command* findCommand(const QString& name)
     return found == kCommands.end() ? nullptr : &*found;
 }
 
-void printUsage(FILE* stream)
+void printUsage(std::FILE* stream)
 {
     std::fputs("quarvel - volume for flat drawings\n\n", stream);
     for (const Command& command : kCommands)
@@ -92,51 +96,74 @@ std::vector<CommandHelp> commandHelps()
     return helps;
 }
 
-int print(const QString& text)
+int print(const QString& text, Report& report)
 {
-    std::fputs(qPrintable(text), stdout);
+    report.remark(text);
     return 0;
 }
 
-int printManual(const QString& name)
+int printManual(const QString& name, Report& report)
 {
     const QString version = QStringLiteral(QUARVEL_VERSION);
     if (name == QLatin1String("quarvel"))
-        return print(manualOverview(commandHelps(), version));
+        return print(manualOverview(commandHelps(), version), report);
     for (const CommandHelp& help : commandHelps())
         if (help.name == name)
-            return print(manualPage(help, version));
+            return print(manualPage(help, version), report);
     return noSuchCommand(name);
 }
 
-int printCompletion(const QString& shell)
+int printCompletion(const QString& shell, Report& report)
 {
     if (shell == QLatin1String("bash"))
-        return print(bashCompletion(commandHelps()));
+        return print(bashCompletion(commandHelps()), report);
     if (shell == QLatin1String("zsh"))
-        return print(zshCompletion(commandHelps()));
+        return print(zshCompletion(commandHelps()), report);
     say(QStringLiteral("there is completion for bash and zsh, not for \"%1\"").arg(shell));
     return kWrongUsage;
 }
 
-int help(const QStringList& words)
+int help(const QStringList& words, Report& report)
 {
     if (words.isEmpty()) {
-        printUsage(stdout);
+        printUsage(report.results());
         return 0;
     }
     // What packages install: quarvel help --man quarvel|COMMAND, and quarvel help --completion bash|zsh.
     if (words.size() == 2 && words.first() == QLatin1String("--man"))
-        return printManual(words[1]);
+        return printManual(words[1], report);
     if (words.size() == 2 && words.first() == QLatin1String("--completion"))
-        return printCompletion(words[1]);
+        return printCompletion(words[1], report);
     const Command* const command = findCommand(words.first());
     if (!command)
         return noSuchCommand(words.first());
-    return print(command->help());
+    return print(command->help(), report);
 }
 
-int run(const QStringList& words)
+// Takes --json out of the words, which every command understands. What stands behind "--" is no option.
+ReportStyle takeStyle(QStringList& words)
+{
+    const qsizetype end = words.indexOf(QStringLiteral("--"));
+    const qsizetype json = words.indexOf(QStringLiteral("--json"));
+    if (json < 0 || (end >= 0 && end < json))
+        return ReportStyle::TEXT;
+    words.removeAt(json);
+    return ReportStyle::JSON;
+}
+
+int runCommand(const Command& command, QStringList words, std::FILE* results)
+{
+    const ReportStyle style = takeStyle(words);
+    Report report(results, QLatin1String(command.name), style);
+    const UT_Result<int> done =
+        UT_withinMemory(QStringLiteral("this"), QStringLiteral("close other programs, or give the job more"),
+                        [&]() -> UT_Result<int> { return command.run(words, report); });
+    if (!done)
+        report.error(done.error());
+    return report.finish(done ? *done : kFailed);
+}
+
+int run(const QStringList& words, std::FILE* results)
 {
     if (words.isEmpty()) {
         printUsage(stderr);
@@ -144,35 +171,37 @@ int run(const QStringList& words)
     }
     const QString& name = words.first();
     const QStringList rest = words.sliced(1);
+    if (const Command* const command = findCommand(name))
+        return runCommand(*command, rest, results);
+    Report report(results, name, ReportStyle::TEXT);
     if (name == QLatin1String("--help") || name == QLatin1String("-h") || name == QLatin1String("help"))
-        return help(rest);
-    if (name == QLatin1String("--version")) {
-        std::printf("quarvel %s\n", QUARVEL_VERSION);
-        return 0;
-    }
-    const Command* const command = findCommand(name);
-    return command ? command->run(rest) : noSuchCommand(name);
+        return report.finish(help(rest, report));
+    if (name == QLatin1String("--version"))
+        return report.finish(print(QStringLiteral("quarvel %1\n").arg(QStringLiteral(QUARVEL_VERSION)), report));
+    return noSuchCommand(name);
 }
 
-// Results that nobody received are a failure: a full disk behind a redirection shows only when the last of them is
-// written.
-int afterOutput(int exitCode)
+int runProgram(int argc, char** argv)
 {
-    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
-        return exitCode;
-    say(QStringLiteral("the results cannot be written to standard output; see whether the disk is full"));
-    return exitCode == 0 ? 1 : exitCode;
-}
-
-} // namespace
-
-int main(int argc, char** argv)
-{
+    const StopSignal stopSignal;
     // No window is ever opened; without this a machine without a display could not even measure a text.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(passGraveMessages);
     const QGuiApplication application(argc, argv);
     const WorkerThreads threads(jobLimits().threads);
-    return afterOutput(run(QCoreApplication::arguments().sliced(1)));
+    const ResultStream results;
+    return run(QCoreApplication::arguments().sliced(1), results.file());
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        return runProgram(argc, argv);
+    } catch (const std::bad_alloc&) {
+        std::fputs("quarvel: not enough memory to begin\n", stderr);
+        return kFailed;
+    }
 }

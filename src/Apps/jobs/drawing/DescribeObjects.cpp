@@ -4,6 +4,9 @@
 // The second picture tells which pixels show an object, and so where to put its number.
 #include "jobs/drawing/DescribeObjects.h"
 
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
+
+#include <QJsonObject>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -77,7 +80,7 @@ QColor colourOf(std::size_t index)
 
 QImage maskIn(const QImage& picture, const QColor& colour)
 {
-    QImage mask(picture.size(), QImage::Format_ARGB32_Premultiplied);
+    QImage mask = GR_newImage(picture.size(), QImage::Format_ARGB32_Premultiplied);
     mask.fill(colour);
     QPainter painter(&mask);
     painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
@@ -100,7 +103,7 @@ void paintShape(QPainter& painter, const CELVEC_Shape& shape, const QColor& colo
 template<typename ColourOf>
 QImage painted(const LayeredDrawing& drawing, const QSize& size, bool smooth, ColourOf colour)
 {
-    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    QImage image = GR_newImage(size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing, smooth);
@@ -166,6 +169,24 @@ QString describeObjects(const ReadDrawing& read)
     for (std::size_t i = 0; i < read.objects.size(); ++i)
         rows.push_back(rowOf(i, read));
     return tableOf(rows);
+}
+
+QJsonArray objectFields(const ReadDrawing& read)
+{
+    QJsonArray all;
+    for (std::size_t i = 0; i < read.objects.size(); ++i) {
+        const ChosenObject& object = read.objects[i];
+        const ObjectForm& form = read.drawing.layers[i].form;
+        all.append(QJsonObject{{QStringLiteral("number"), static_cast<int>(i) + 1},
+                               {QStringLiteral("name"), object.name},
+                               {QStringLiteral("share"), object.share},
+                               {QStringLiteral("bevel"), form.bevel},
+                               {QStringLiteral("elevation"), form.elevation},
+                               {QStringLiteral("smoothness"), form.smoothness},
+                               {QStringLiteral("colours"), QJsonArray::fromStringList(object.colours)},
+                               {QStringLiteral("why"), object.reason + roleText(object.role)}});
+    }
+    return all;
 }
 
 QString objectOptions(const LayeredDrawing& drawing)

@@ -6,10 +6,15 @@
 #include "jobs/drawing/ReadDrawing.h"
 
 #include <QImage>
+#include <QJsonArray>
 
 /// A line of headings and a line for each object: its number, name, share of the picture, values, colours and why it is
 /// an object.
 QString describeObjects(const ReadDrawing& read);
+
+/// The same for scripts: an object with the fields number, name, share (0 to 1), bevel, elevation, smoothness, colours
+/// and why for each.
+QJsonArray objectFields(const ReadDrawing& read);
 
 /// The chosen values as words of a command line: --object 1:bevel=53.2:elevation=1.42:smoothness=2 and so on. They give
 /// the picture that the choice gives.

@@ -4,6 +4,8 @@
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "jobs/frames/FrameDigest.h"
 
+#include <QJsonArray>
+
 UT_Result<std::optional<IIO_Picture>> readFrame(const QString& path)
 {
     if (!IIO_pictureFormatOf(path))
@@ -27,4 +29,16 @@ QString describeFrame(const IIO_Picture& frame)
     for (const auto& [key, value] : frame.metadata().entries())
         text += QStringLiteral("  %1: %2\n").arg(key, value);
     return text;
+}
+
+QJsonObject frameFields(const IIO_Picture& frame)
+{
+    const Math::Box2di& window = frame.displayWindow();
+    QJsonObject texts;
+    for (const auto& [key, value] : frame.metadata().entries())
+        texts.insert(key, value);
+    return {{QStringLiteral("width"), window.width()},
+            {QStringLiteral("height"), window.height()},
+            {QStringLiteral("channels"), QJsonArray::fromStringList(frame.channels())},
+            {QStringLiteral("texts"), texts}};
 }

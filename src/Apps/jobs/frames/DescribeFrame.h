@@ -5,6 +5,8 @@
 
 #include "QuarvelImageIO/IIO_Picture.h"
 
+#include <QJsonObject>
+
 #include <optional>
 
 /// Reads a picture that was rendered from a scene; std::nullopt for any other picture or file.
@@ -15,3 +17,6 @@ UT_Result<std::optional<IIO_Picture>> readFrame(const QString& path);
 /// The description of a frame, in lines: size and channels, then each entry of its metadata, including its digest
 /// (FrameDigest.h).
 QString describeFrame(const IIO_Picture& frame);
+
+/// The same for scripts: width, height, channels and texts.
+QJsonObject frameFields(const IIO_Picture& frame);

@@ -11,6 +11,7 @@
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "jobs/scene/AttributeWords.h"
 
+#include <QJsonArray>
 #include <QStringList>
 
 #include <algorithm>
@@ -18,7 +19,7 @@
 
 namespace {
 
-QString sourcesOf(const MO_Module& module)
+QStringList namesOfSources(const MO_Module& module)
 {
     QStringList sources;
     for (unsigned i = 0; i < module.nInPorts(); ++i)
@@ -26,6 +27,12 @@ QString sourcesOf(const MO_Module& module)
             const QString name = source->node()->instanceName();
             sources << (name.isEmpty() ? QStringLiteral("(the group's input %1)").arg(source->index()) : name);
         }
+    return sources;
+}
+
+QString sourcesOf(const MO_Module& module)
+{
+    const QStringList sources = namesOfSources(module);
     return sources.isEmpty() ? QString() : QStringLiteral("  from ") + sources.join(QStringLiteral(", "));
 }
 
@@ -37,16 +44,24 @@ int depthOf(const MO_Module& module)
     return depth;
 }
 
-void describeAttributes(const MO_Module& module, DescribedAttributes which, const QString& indent, QStringList& lines)
+std::vector<AT_Attr*> toldAttributes(const MO_Module& module, DescribedAttributes which)
 {
+    std::vector<AT_Attr*> told;
     const auto fresh = MO_ModuleFactorySingleton().create(module.keyword());
     for (AT_Attr* attr : module.attrs()) {
         const AT_Attr* const standard = fresh ? fresh->findAttr(attr->keyword()) : nullptr;
         const auto* const simple = dynamic_cast<const AT_SimpleAttr*>(attr);
         const bool isChanged = !standard || (simple && simple->link()) || !attr->equals(*standard);
         if (isChanged || which == DescribedAttributes::ALL)
-            lines << indent + attr->keyword() + QStringLiteral("  ") + attributeInWords(*attr);
+            told.push_back(attr);
     }
+    return told;
+}
+
+void describeAttributes(const MO_Module& module, DescribedAttributes which, const QString& indent, QStringList& lines)
+{
+    for (AT_Attr* const attr : toldAttributes(module, which))
+        lines << indent + attr->keyword() + QStringLiteral("  ") + attributeInWords(*attr);
 }
 
 void describeModules(const MO_Scene& scene, DescribedAttributes which, QStringList& lines)
@@ -149,6 +164,40 @@ void describeLights(const MO_Scene& scene, DescribedAttributes which, QStringLis
     lines << QString();
 }
 
+QJsonObject inWords(std::span<AT_Attr* const> attrs)
+{
+    QJsonObject words;
+    for (AT_Attr* const attr : attrs)
+        words.insert(attr->keyword(), attributeInWords(*attr));
+    return words;
+}
+
+QJsonArray moduleFields(const MO_Scene& scene, DescribedAttributes which)
+{
+    QJsonArray modules;
+    scene.root().forEachModule([&](const MO_Module& module) {
+        QJsonObject fields{{QStringLiteral("name"), module.instanceName()},
+                           {QStringLiteral("keyword"), module.keyword()},
+                           {QStringLiteral("enabled"), module.enabled()},
+                           {QStringLiteral("inputs"), QJsonArray::fromStringList(namesOfSources(module))},
+                           {QStringLiteral("attributes"), inWords(toldAttributes(module, which))}};
+        if (const auto* const definition = dynamic_cast<const ObjectDefinition*>(&module))
+            fields.insert(QStringLiteral("object"), definition->objectId(scene.firstFrame()));
+        if (const auto* const element = dynamic_cast<const MO_ElementModule*>(&module))
+            fields.insert(QStringLiteral("drawings"), static_cast<int>(element->drawings().size()));
+        modules.append(fields);
+    });
+    return modules;
+}
+
+QJsonArray lightFields(const MO_Scene& scene)
+{
+    QJsonArray lights;
+    for (const auto& light : scene.lighting().lights())
+        lights.append(inWords(light->attrs()));
+    return lights;
+}
+
 } // namespace
 
 QString describeScene(const MO_Scene& scene, DescribedAttributes attributes)
@@ -164,4 +213,19 @@ QString describeScene(const MO_Scene& scene, DescribedAttributes attributes)
     describeObjects(scene, lines);
     describePalettes(scene, lines);
     return lines.join(u'\n') + u'\n';
+}
+
+QJsonObject sceneFields(const MO_Scene& scene, DescribedAttributes attributes)
+{
+    const MO_Module* const output = scene.outputModule();
+    return {{QStringLiteral("firstFrame"), scene.firstFrame()},
+            {QStringLiteral("lastFrame"), scene.lastFrame()},
+            {QStringLiteral("frameRate"), scene.frameRate()},
+            {QStringLiteral("frameWidth"), MO_Scene::kFrameWidth},
+            {QStringLiteral("frameHeight"), scene.frameHeight()},
+            {QStringLiteral("camera"), attributeInWords(scene.truckFactorAttr())},
+            {QStringLiteral("lights"), lightFields(scene)},
+            {QStringLiteral("commonLight"), inWords(attributesOf(scene.lighting()))},
+            {QStringLiteral("modules"), moduleFields(scene, attributes)},
+            {QStringLiteral("rendered"), output ? output->instanceName() : QString()}};
 }

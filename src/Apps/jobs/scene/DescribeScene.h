@@ -5,6 +5,8 @@
 
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 
+#include <QJsonObject>
+
 /// How much is told of the attributes.
 enum class DescribedAttributes
 {
@@ -15,3 +17,8 @@ enum class DescribedAttributes
 /// The scene's frames, lights, modules with their inputs and attributes, elements with their drawings, objects and
 /// palettes. Values are in the notation of "quarvel set".
 QString describeScene(const MO_Scene& scene, DescribedAttributes attributes);
+
+/// The same for scripts: firstFrame, lastFrame, frameRate, frameWidth, frameHeight; lights, modules with their inputs
+/// and attributes, and what is rendered unless another module is named. Values are in the words that "quarvel set"
+/// takes.
+QJsonObject sceneFields(const MO_Scene& scene, DescribedAttributes attributes);

@@ -258,12 +258,11 @@ TEST_F(RenderProgram, SharesItsFramesOut)
     EXPECT_EQ(filesIn("out").size(), 5);
 }
 
-TEST_F(RenderProgram, TellsProgressInLinesWhereThereIsNoTerminal)
+TEST_F(RenderProgram, TellsProgressInLinesWhenAskedTo)
 {
-    const Outcome outcome = quarvel("small.scene -o n.##.png --frames 1-4 --resolution 32");
+    const Outcome outcome = quarvel("small.scene -o n.##.png --frames 1-4 --resolution 32 --progress lines");
     EXPECT_THAT(outcome.messages, AllOf(HasSubstr("\n50%\n"), HasSubstr("\n100%\n")));
-    EXPECT_THAT(quarvel("small.scene -o n.##.png --frames 1-4 --resolution 32 --progress none").messages,
-                testing::IsEmpty());
+    EXPECT_THAT(quarvel("small.scene -o n.##.png --frames 1-4 --resolution 32").messages, testing::IsEmpty());
 }
 
 TEST_F(RenderProgram, TellsProgressInJson)

@@ -1,0 +1,13 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Folders among the drawings of a run.
+#pragma once
+
+#include "NormalMapOptions.h"
+
+/// Puts the drawings that lie in a folder and below it in the folder's place, in natural order, and notes where they
+/// lie. Left out are scenes, hidden folders, links to folders, and pictures that are called like what the run writes
+/// for another drawing there, which is what an earlier run wrote.
+///
+/// @return an error that names a folder in which there is no drawing
+UT_Result<void> takeDrawingsOfFolders(NormalMapOptions& options);

@@ -1,0 +1,64 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Kinds of files by the ends of their names. A kind that a reader knows gets no advice.
+#include "InputAdvice.h"
+
+#include "QuarvelBaseCore/UT_FileName.h"
+#include "QuarvelDrawingIO/DIO_DrawingReader.h"
+#include "QuarvelSceneIO/SIO_SceneFolder.h"
+#include "jobs/import/ImportDrawings.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+UT_Error errorOf(const QString& path, const QString& text)
+{
+    return UT_Error{text}.at(path);
+}
+
+UT_Error folderAdvice(const QString& path)
+{
+    if (SIO_holdsScene(path))
+        return errorOf(path, QStringLiteral("this is a scene; run quarvel render %1 -o n.####.png").arg(path));
+    return errorOf(path,
+                   QStringLiteral("this is a folder; write %1").arg(QDir(path).filePath(QStringLiteral("*.svg"))));
+}
+
+// How to get a drawing out of files that hold one and are not read.
+UT_Result<void> kindAdvice(const QString& path)
+{
+    const QString suffix = UT_fileSuffix(path);
+    if (suffix == QLatin1String("svgz"))
+        return errorOf(path, QStringLiteral("this is a compressed SVG; unpack it: gunzip -S .svgz -c %1 > %2.svg")
+                                 .arg(path, QFileInfo(path).completeBaseName()));
+    static const QStringList kExportable = {QStringLiteral("ai"),   QStringLiteral("eps"),     QStringLiteral("pdf"),
+                                            QStringLiteral("psd"),  QStringLiteral("xcf"),     QStringLiteral("kra"),
+                                            QStringLiteral("clip"), QStringLiteral("afdesign")};
+    if (kExportable.contains(suffix))
+        return errorOf(path, QStringLiteral(".%1 files are not read; export the drawing as SVG, or as PNG with "
+                                            "transparency")
+                                 .arg(suffix));
+    return {};
+}
+
+} // namespace
+
+UT_Result<void> checkIsDrawing(const QString& path)
+{
+    if (QFileInfo(path).isDir())
+        return folderAdvice(path);
+    if (DIO_drawingKindOf(path))
+        return {};
+    if (importableSuffixes().contains(UT_fileSuffix(path)))
+        return errorOf(path, QStringLiteral("this is an animation; run quarvel import %1").arg(path));
+    return kindAdvice(path);
+}
+
+UT_Result<void> checkIsImportable(const QString& path)
+{
+    if (QFileInfo(path).isDir())
+        return folderAdvice(path);
+    return importableSuffixes().contains(UT_fileSuffix(path)) ? UT_Result<void>() : kindAdvice(path);
+}
