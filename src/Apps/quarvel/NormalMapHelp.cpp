@@ -20,7 +20,9 @@ Files
       --elevation FILE  also writes the elevation of the same run: 0 the lowest, 1 the highest place of each object
       --lit FILE        also writes the drawing lit by a light
       --drawing FILE    also writes the drawing as a picture
-                        (with several drawings, these three take folders as well)
+      --html FILE       also writes a page for browsers that shows the drawing in a light which follows the pointer, and
+                        holds the drawing, its map and its elevation: one file to pass on
+                        (with several drawings, these four take folders as well)
       --exr WORDS       OpenEXR files, several words joined by commas: float or half, 32 bits a number (default) or 16;
                         layers (default): the drawing as R G B A, linear and multiplied by coverage, so that every
                         program shows it, and the layers N.X N.Y N.Z, from -1 to 1, elevation.Y and coverage.A;

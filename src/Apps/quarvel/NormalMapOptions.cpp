@@ -110,6 +110,8 @@ Take<NormalMapOptions> wholePixels(int& (*member)(NormalMapOptions&))
 UT_Result<void> checkSheet(NormalMapOptions& options)
 {
     const bool atlas = !options.atlas.isEmpty();
+    if ((atlas || options.cells) && !options.page.isEmpty())
+        return UT_Error{QStringLiteral("--html shows one drawing and does not go with --cells or --atlas")};
     if ((options.margin > 0 || options.spacing > 0 || options.animation) && !options.cells)
         return UT_Error{QStringLiteral("--margin, --spacing and --animation go with --cells")};
     if (atlas && (options.cells || !options.drawings.isEmpty()))
@@ -127,6 +129,8 @@ UT_Result<void> checkSheet(NormalMapOptions& options)
 UT_Result<void> checkForm(const NormalMapOptions& options)
 {
     const MapFormOptions& form = options.form;
+    if (!options.page.isEmpty() && !options.settings.generateNormals)
+        return UT_Error{QStringLiteral("--html lights normals; leave out --no-normals")};
     if (options.nodeLayout && options.flips)
         return UT_Error{QStringLiteral("--flips goes with --layout tangent")};
     if (options.nodeLayout && (form.target || form.alpha))
@@ -151,6 +155,7 @@ std::vector<Row> rows()
         {{s("elevation")}, true, text(&Options::elevation)},
         {{s("lit")}, true, text(&Options::lit)},
         {{s("drawing")}, true, text(&Options::drawingPicture)},
+        {{s("html")}, true, text(&Options::page)},
         {{s("layout")}, true, choice({s("tangent"), s("node")}, [](Options& o, int i) { o.nodeLayout = i == 1; })},
         {{s("suffix")}, true, takeSuffix},
         {{s("cells")}, true, takeCells},

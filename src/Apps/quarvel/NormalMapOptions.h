@@ -35,6 +35,7 @@ struct NormalMapOptions
     QString elevation; ///< empty: none is written
     QString lit;
     QString drawingPicture;
+    QString page; ///< for browsers
 
     bool nodeLayout = false; ///< the node's own channels instead of tangent vectors
     MapFormOptions form;

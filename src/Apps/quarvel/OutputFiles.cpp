@@ -4,6 +4,7 @@
 #include "OutputFiles.h"
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
+#include "jobs/page/LitPageFile.h"
 #include "jobs/targets/Targets.h"
 
 #include <QDir>
@@ -50,10 +51,11 @@ Place placeOfMap(const NormalMapOptions& options)
 // With several drawings the options name folders. A folder called one.png would surprise everybody.
 UT_Result<void> checkFolder(const Place& place)
 {
-    if (place.named.isEmpty() || !IIO_pictureFormatOf(place.named) || QFileInfo(place.named).isDir())
+    const bool isFile = IIO_pictureFormatOf(place.named) || LitPageFile::check(place.named);
+    if (place.named.isEmpty() || !isFile || QFileInfo(place.named).isDir())
         return {};
-    return UT_Error{QStringLiteral("%1 names one picture, and there are several drawings; name a folder, which gets a "
-                                   "picture of each, or give one drawing at a time")
+    return UT_Error{QStringLiteral("%1 names one file, and there are several drawings; name a folder, which gets a "
+                                   "file of each, or give one drawing at a time")
                         .arg(place.named)};
 }
 
@@ -63,6 +65,11 @@ UT_Result<void> checkFormat(const QString& file)
         return {};
     const auto format = IIO_pictureFormatOf(file);
     return format ? UT_Result<void>() : format.error();
+}
+
+UT_Result<void> checkPage(const QString& file)
+{
+    return file.isEmpty() ? UT_Result<void>() : LitPageFile::check(file);
 }
 
 UT_Error sameFile(const QString& file, const QString& first, const QString& second)
@@ -76,6 +83,11 @@ UT_Error sameFile(const QString& file, const QString& first, const QString& seco
 }
 
 } // namespace
+
+QStringList OutputFiles::all() const
+{
+    return {normalMap, elevation, lit, drawing, page};
+}
 
 QString suffixOfMaps(const NormalMapOptions& options)
 {
@@ -91,8 +103,9 @@ UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options)
     const Place elevation{options.elevation, QStringLiteral("_e"), png, !options.elevation.isEmpty()};
     const Place lit{options.lit, QStringLiteral("_lit"), png, !options.lit.isEmpty()};
     const Place picture{options.drawingPicture, QStringLiteral("_drawing"), png, !options.drawingPicture.isEmpty()};
+    const Place page{options.page, QString(), QStringLiteral("html"), !options.page.isEmpty()};
 
-    for (const Place& place : {normalMap, elevation, lit, picture})
+    for (const Place& place : {normalMap, elevation, lit, picture, page})
         if (const UT_Result<void> isFolder = several ? checkFolder(place) : UT_Result<void>(); !isFolder)
             return isFolder.error();
 
@@ -106,9 +119,9 @@ UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options)
         const QString below = options.folders.value(drawing);
         const OutputFiles files{fileFor(drawing, normalMap, several, below),
                                 fileFor(drawing, elevation, several, below), fileFor(drawing, lit, several, below),
-                                fileFor(drawing, picture, several, below)};
-        for (const QString& file : {files.normalMap, files.elevation, files.lit, files.drawing}) {
-            if (UT_Result<void> known = checkFormat(file); !known)
+                                fileFor(drawing, picture, several, below), fileFor(drawing, page, several, below)};
+        for (const QString& file : files.all()) {
+            if (UT_Result<void> known = file == files.page ? checkPage(file) : checkFormat(file); !known)
                 return known.error();
             const QString path = QFileInfo(file).absoluteFilePath();
             if (file.isEmpty())
@@ -135,7 +148,7 @@ QString flippedFile(const QString& file, bool leftRight)
 
 UT_Result<void> makeFolders(const OutputFiles& files)
 {
-    for (const QString& file : {files.normalMap, files.elevation, files.lit, files.drawing}) {
+    for (const QString& file : files.all()) {
         if (file.isEmpty())
             continue;
         const QString folder = QFileInfo(file).absolutePath();

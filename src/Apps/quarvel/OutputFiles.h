@@ -14,17 +14,21 @@ struct OutputFiles
     QString elevation;
     QString lit;
     QString drawing;
+    QString page;
+
+    /// Every one of them.
+    QStringList all() const;
 };
 
 /// The files of every drawing, in the order of the drawings.
 ///
 /// One drawing: what the options name, or NAME_n.png beside it. Several: the options name folders, in which the files
-/// are called NAME_n.png, NAME_e.png, NAME_lit.png and NAME_drawing.png, the map as its target or --suffix says; an
-/// existing folder is taken as one for a single drawing as well.
+/// are called NAME_n.png, NAME_e.png, NAME_lit.png, NAME_drawing.png and NAME.html, the map as its target or --suffix
+/// says; an existing folder is taken as one for a single drawing as well.
 ///
 /// @return an error when two files would have the same name, an output would replace a drawing, or a name's ending is
 /// not that of a
-///         picture format
+///         picture format or, for a page, of a page
 UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options);
 
 /// What the name of a map adds to its drawing's.

@@ -13,11 +13,14 @@
 #include "jobs/frames/FrameRange.h"
 #include "jobs/frames/RenderFrames.h"
 #include "jobs/frames/RenderMemory.h"
+#include "jobs/frames/RenderPage.h"
 #include "jobs/frames/RenderPreview.h"
 #include "jobs/limits/JobLimits.h"
 #include "jobs/shown/ShownMemory.h"
+#include "jobs/targets/Targets.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -93,6 +96,8 @@ UT_Result<void> nameFiles(const RenderOptions& options, RenderFramesSettings& se
             return file.error();
         settings.file = *file;
     }
+    if (const auto page = options.page.isEmpty() ? UT_Result<void>() : LitPageFile::check(options.page); !page)
+        return page;
     return options.preview.isEmpty() ? UT_Result<void>() : FilmFile::check(options.preview);
 }
 
@@ -156,7 +161,7 @@ UT_Result<int> atOnceOf(const RenderOptions& options, const Plan& plan)
 {
     const RenderFramesSettings& settings = plan.settings;
     ShownParts parts = partsOf(settings.picture);
-    parts.drawing = parts.drawing || !options.lit.isEmpty() || !options.drawing.isEmpty();
+    parts.drawing = parts.drawing || !options.lit.isEmpty() || !options.drawing.isEmpty() || !options.page.isEmpty();
     const double needed = shownFrameBytes(*plan.shown, settings.frames, settings.parameters, parts);
     const JobLimits limits = jobLimits();
     return framesAtOnce(options.jobs > 0 ? options.jobs : limits.threads, settings.parameters, needed,
@@ -216,6 +221,10 @@ UT_Result<Plan> planOf(const MO_Scene& scene, const RenderOptions& options, Repo
     if (!drawing)
         return drawing.error();
     plan.drawing = std::move(*drawing);
+    if (!options.page.isEmpty() && plan.settings.picture.shown != RenderedKind::NORMALS)
+        return UT_Error{QStringLiteral("--html lights normals, and the picture of \"%1\" is none; name a node with "
+                                       "--node, or say --as normals")
+                            .arg(plan.settings.picture.node)};
     plan.framesPerSecond = options.framesPerSecond.value_or(scene.frameRate());
     return plan;
 }
@@ -264,6 +273,21 @@ int renderFiles(const Plan& plan, const RenderFramesSettings& settings, const Re
     return result.failed > 0 ? kFailed : 0;
 }
 
+RenderFramesWatcher stoppable()
+{
+    RenderFramesWatcher watcher;
+    watcher.stop = &StopSignal::came;
+    return watcher;
+}
+
+int exitCodeOf(const UT_Error& error, Report& report)
+{
+    if (error.kind == UT_ErrorKind::STOPPED)
+        return StopSignal::exitCode();
+    report.error(error);
+    return kFailed;
+}
+
 int renderFilm(const Plan& plan, const RenderOptions& options, Report& report)
 {
     if (options.preview.isEmpty())
@@ -277,20 +301,35 @@ int renderFilm(const Plan& plan, const RenderOptions& options, Report& report)
                                    .lighting = {}};
     if (options.light)
         settings.lighting = lightingOf(*options.light);
-    RenderFramesWatcher watcher;
-    watcher.stop = &StopSignal::came;
-    const auto made = renderPreview(*plan.shown, settings, watcher);
-    if (!made) {
-        if (made.error().kind == UT_ErrorKind::STOPPED)
-            return StopSignal::exitCode();
-        report.error(made.error());
-        return kFailed;
-    }
+    const auto made = renderPreview(*plan.shown, settings, stoppable());
+    if (!made)
+        return exitCodeOf(made.error(), report);
     if (*made != options.preview)
         report.warning(options.preview,
                        QStringLiteral("ffmpeg is not installed, so the preview is an animated PNG: %1").arg(*made));
     report.result({{QStringLiteral("scene"), options.scene}, {QStringLiteral("preview"), *made}},
                   QStringLiteral("%1 -> %2\n").arg(options.scene, *made));
+    return 0;
+}
+
+int renderHtml(const Plan& plan, const RenderOptions& options, Report& report)
+{
+    if (options.page.isEmpty())
+        return 0;
+    RenderPageSettings settings{.frames = plan.settings.frames,
+                                .parameters = plan.settings.parameters,
+                                .form = options.form.resolved(kFormForMost),
+                                .file = options.page,
+                                .name = QFileInfo(plan.settings.picture.scene).completeBaseName(),
+                                .framesPerSecond = plan.framesPerSecond,
+                                .atOnce = plan.settings.atOnce,
+                                .lighting = {}};
+    if (options.light)
+        settings.lighting = lightingOf(*options.light);
+    if (const auto made = renderPage(*plan.shown, settings, stoppable()); !made)
+        return exitCodeOf(made.error(), report);
+    report.result({{QStringLiteral("scene"), options.scene}, {QStringLiteral("html"), options.page}},
+                  QStringLiteral("%1 -> %2\n").arg(options.scene, options.page));
     return 0;
 }
 
@@ -307,6 +346,8 @@ int renderAll(const Plan& plan, const RenderOptions& options, Report& report)
         exitCode = std::max(exitCode, renderFiles(plan, plan.drawing, options, options.drawing, report));
     if (!StopSignal::came())
         exitCode = std::max(exitCode, renderFilm(plan, options, report));
+    if (!StopSignal::came())
+        exitCode = std::max(exitCode, renderHtml(plan, options, report));
     if (!StopSignal::came())
         return exitCode;
     report.error(QStringLiteral("stopped; --resume goes on from here"));

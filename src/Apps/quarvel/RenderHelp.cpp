@@ -21,8 +21,10 @@ Files
                         drawing with the map in layers
       --preview FILE    also makes a film of the lit frames, at most 960 pixels wide: .mp4 or .gif where ffmpeg is
                         installed, and .png (an animated PNG) everywhere
-      --fps N           how many frames a second the preview shows; default: as many as the scene says
-      --light A,H       the light of lit frames and of the preview instead of the scene's own lights: degrees around
+      --html FILE       also makes a page for browsers that plays the frames in a light which follows the pointer, at most
+                        960 pixels wide where there are several: one file to pass on
+      --fps N           how many frames a second the preview and the page show; default: as many as the scene says
+      --light A,H       the light of lit frames, preview and page instead of the scene's own lights: degrees around
                         (0 right, 90 above) and above the picture
 
 What is rendered

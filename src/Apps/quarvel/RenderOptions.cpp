@@ -137,6 +137,7 @@ std::vector<Row> rows()
         {{s("preview")}, true, text(&Options::preview)},
         {{s("lit")}, true, text(&Options::lit)},
         {{s("drawing")}, true, text(&Options::drawing)},
+        {{s("html")}, true, text(&Options::page)},
         {{s("light")},
          true,
          [](Options& o, const QString& option, const QString& value) {
@@ -203,7 +204,8 @@ UT_Result<RenderOptions> parseRenderOptions(const QStringList& words)
     if (scenes.size() != 1)
         return missing(scenes.isEmpty() ? "which scene?" : "one scene at a time is rendered");
     options.scene = scenes.first();
-    if (options.output.isEmpty() && options.preview.isEmpty() && options.lit.isEmpty() && options.drawing.isEmpty())
+    if (options.output.isEmpty() && options.preview.isEmpty() && options.lit.isEmpty() && options.drawing.isEmpty() &&
+        options.page.isEmpty())
         return missing("where do the frames go?");
     return options;
 }

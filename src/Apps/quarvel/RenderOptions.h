@@ -24,6 +24,7 @@ struct RenderOptions
     QString preview; ///< empty: none is made
     QString lit;     ///< empty: none are written
     QString drawing; ///< the same
+    QString page;    ///< for browsers; empty: none is made
     QString frames;  ///< empty: all of the scene
     QString node;    ///< empty: the scene's output
 

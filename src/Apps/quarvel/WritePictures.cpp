@@ -12,7 +12,9 @@
 #include "QuarvelNormalMap/NM_NormalPicture.h"
 #include "QuarvelNormalMap/NM_Padding.h"
 #include "QuarvelNormalMap/NM_TurnVectors.h"
+#include "jobs/page/LitPageFrames.h"
 #include "jobs/shown/LitSurface.h"
+#include "jobs/targets/Targets.h"
 
 #include <QFileInfo>
 
@@ -110,6 +112,22 @@ UT_Result<void> writeFlips(const IIO_Picture& map, const QString& file, const No
     return {};
 }
 
+UT_Result<void> writePage(const ShownFrame& frame, const NormalMapOptions& options, const QString& file,
+                          const QString& drawing)
+{
+    const NM_MapForm form = options.form.resolved(kFormForMost);
+    UT_Result<LitPageFrame> shown = litPageFrame(frame, form, true);
+    if (!shown)
+        return shown.error();
+    shown->lighting = lightingOf(options.light);
+    LitPageFile page(file, {.name = QFileInfo(drawing).completeBaseName(), .yAxis = form.yAxis});
+    if (UT_Result<void> opened = page.open(); !opened)
+        return opened;
+    if (UT_Result<void> added = page.add(*shown); !added)
+        return added;
+    return page.finish();
+}
+
 } // namespace
 
 bool holdsLayers(const NormalMapOptions& options, const QString& file)
@@ -120,8 +138,9 @@ bool holdsLayers(const NormalMapOptions& options, const QString& file)
 ShownParts wantedPictures(const NormalMapOptions& options, const OutputFiles& files)
 {
     const bool layers = options.settings.generateNormals && holdsLayers(options, files.normalMap);
-    return {.elevation = layers || !files.elevation.isEmpty(),
-            .drawing = layers || !files.lit.isEmpty() || !files.drawing.isEmpty(),
+    const bool page = !files.page.isEmpty();
+    return {.elevation = layers || page || !files.elevation.isEmpty(),
+            .drawing = layers || page || !files.lit.isEmpty() || !files.drawing.isEmpty(),
             .channels = options.nodeLayout};
 }
 
@@ -179,5 +198,7 @@ UT_Result<void> writePictures(const ShownFrame& frame, const NormalMapOptions& o
         return kind == PictureKind::NORMAL_MAP ? writeMap(std::move(picture), file, options, drawing)
                                                : writePicture(std::move(picture), file, options, drawing);
     };
-    return makePictures(frame, options, files, write, progress);
+    if (UT_Result<void> made = makePictures(frame, options, files, write, progress); !made)
+        return made;
+    return files.page.isEmpty() ? UT_Result<void>() : writePage(frame, options, files.page, drawing);
 }

@@ -43,6 +43,6 @@ UT_Result<void> writePicture(IIO_Picture picture, const QString& file, const Nor
 /// The same for a normal map, with those for mirrored sprites where the options want them.
 UT_Result<void> writeMap(IIO_Picture map, const QString& file, const NormalMapOptions& options, const QString& drawing);
 
-/// Makes and writes the pictures. Each file appears whole or not at all.
+/// Makes and writes the pictures and the page. Each file appears whole or not at all.
 UT_Result<void> writePictures(const ShownFrame& frame, const NormalMapOptions& options, const OutputFiles& files,
                               const QString& drawing, const JobProgress& progress);

@@ -8,6 +8,8 @@
 #include "QuarvelImageIO/private/IIO_PngChunks.h"
 #include "QuarvelImageIO/private/IIO_QtImage.h"
 
+#include <QBuffer>
+
 #include <new>
 
 namespace {
@@ -30,13 +32,23 @@ void writeChunks(QIODevice& device, const QImage& image, IIO_Compression compres
     chunks.write("IEND", {});
 }
 
+UT_Result<QImage> imageFor(const IIO_Picture& picture, const IIO_WriteOptions& options)
+{
+    auto wide = IIO_imageOf(picture);
+    const bool alpha = picture.channels().contains(QStringLiteral("A"));
+    return wide && options.pngBits == 8 ? IIO_image8(*wide, alpha) : std::move(wide);
+}
+
+UT_Error noMemory()
+{
+    return UT_noMemory(QStringLiteral("the picture"), QStringLiteral("make it smaller"));
+}
+
 } // namespace
 
 UT_Result<void> IIO_writePng(const QString& path, const IIO_Picture& picture, const IIO_WriteOptions& options)
 {
-    const auto wide = IIO_imageOf(picture);
-    const bool alpha = picture.channels().contains(QStringLiteral("A"));
-    const auto image = wide && options.pngBits == 8 ? IIO_image8(*wide, alpha) : wide;
+    const auto image = imageFor(picture, options);
     if (!image)
         return image.error().at(writing(path));
     IIO_AtomicFile file(path);
@@ -45,9 +57,24 @@ UT_Result<void> IIO_writePng(const QString& path, const IIO_Picture& picture, co
     try {
         writeChunks(file.device(), *image, options.compression);
     } catch (const std::bad_alloc&) {
-        return UT_noMemory(QStringLiteral("the picture"), QStringLiteral("make it smaller")).at(writing(path));
+        return noMemory().at(writing(path));
     }
     return file.commit();
+}
+
+UT_Result<QByteArray> IIO_pngBytes(const IIO_Picture& picture, const IIO_WriteOptions& options)
+{
+    const auto image = imageFor(picture, options);
+    if (!image)
+        return image.error();
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    try {
+        writeChunks(buffer, *image, options.compression);
+    } catch (const std::bad_alloc&) {
+        return noMemory();
+    }
+    return buffer.data();
 }
 
 UT_Result<IIO_Picture> IIO_readPng(const QString& path)

@@ -18,5 +18,9 @@
 QUARVELIMAGEIO_EXPORT UT_Result<void> IIO_writePng(const QString& path, const IIO_Picture& picture,
                                                    const IIO_WriteOptions& options);
 
+/// The bytes of the file that IIO_writePng() writes.
+QUARVELIMAGEIO_EXPORT UT_Result<QByteArray> IIO_pngBytes(const IIO_Picture& picture,
+                                                         const IIO_WriteOptions& options = {});
+
 /// Reads a PNG file of any depth as a picture of 16-bit samples, with the channels R G B A, R G B or Y.
 QUARVELIMAGEIO_EXPORT UT_Result<IIO_Picture> IIO_readPng(const QString& path);

@@ -17,14 +17,6 @@ namespace {
 using Samples = std::uint16_t;
 using Bytes = std::vector<std::uint8_t>;
 
-std::pair<int, int> previewSize(const std::pair<int, int>& size)
-{
-    if (size.first <= LitFrames::kMaxWidth)
-        return size;
-    const double height = static_cast<double>(size.second) * LitFrames::kMaxWidth / size.first;
-    return {LitFrames::kMaxWidth, std::max(1, static_cast<int>(std::lround(height)))};
-}
-
 Bytes bytesOf(const IIO_Picture& picture)
 {
     const auto count = static_cast<std::size_t>(picture.channelCount());
@@ -66,6 +58,14 @@ UT_Result<Bytes> lit(const ShownFrame& frame, const NM_LightingSettings& lightin
 }
 
 } // namespace
+
+std::pair<int, int> previewSize(const std::pair<int, int>& size)
+{
+    if (size.first <= LitFrames::kMaxWidth)
+        return size;
+    const double height = static_cast<double>(size.second) * LitFrames::kMaxWidth / size.first;
+    return {LitFrames::kMaxWidth, std::max(1, static_cast<int>(std::lround(height)))};
+}
 
 LitFrames::LitFrames(const ShownModule& module, RenderedKind shown, const RD_RenderParameters& final,
                      const std::optional<NM_LightingSettings>& lighting)

@@ -11,6 +11,9 @@
 #include <optional>
 #include <vector>
 
+/// The size of frames to look at: in the same shape, at most LitFrames::kMaxWidth pixels wide.
+std::pair<int, int> previewSize(const std::pair<int, int>& size);
+
 /// Makes lit frames, as bytes. Several may be made on several threads at once.
 class LitFrames
 {

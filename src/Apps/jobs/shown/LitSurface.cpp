@@ -19,13 +19,19 @@ void makeGrey(IIO_Picture& picture)
 
 } // namespace
 
-UT_Result<NM_Surface> litSurface(const ShownFrame& frame)
+UT_Result<IIO_Picture> litDrawing(const ShownFrame& frame)
 {
     auto drawing = NM_drawingPicture(*frame.drawing, frame.window, IIO_SampleType::UINT16);
+    if (drawing && frame.kind == RenderedKind::COLOURS)
+        makeGrey(*drawing);
+    return drawing;
+}
+
+UT_Result<NM_Surface> litSurface(const ShownFrame& frame)
+{
+    const auto drawing = litDrawing(frame);
     if (!drawing)
         return drawing.error();
-    if (frame.kind == RenderedKind::COLOURS)
-        makeGrey(*drawing);
     UT_Result<NM_Surface> surface = NM_Surface::create({frame.window.width(), frame.window.height()});
     if (!surface)
         return surface;
