@@ -21,7 +21,7 @@ ChosenObjects believed(const DIO_Drawing& drawing)
         ChosenObject object;
         object.name = layer.name;
         object.reason =
-            layer.declared ? QStringLiteral("a layer of the file") : QStringLiteral("what lies in no layer");
+            layer.declared ? QStringLiteral("a layer of the file") : QStringLiteral("shapes outside all layers");
         object.values = layer.values;
         chosen.objects.push_back(object);
     }

@@ -110,7 +110,7 @@ Verdict judgeOtherHue(const InnerShape& inner)
         return mark("a bright mark");
     if (shape.roundness > 0.4 && shape.elongation() < 8.0)
         return object("a compact shape of another hue");
-    return mark("a long shape in another");
+    return mark("a long shape of another hue");
 }
 
 } // namespace
@@ -123,7 +123,7 @@ Verdict judgeInner(const InnerShape& inner)
     if (isSmall(inner))
         return mark("a small mark");
     if (shape.plain && shape.paint == inner.ground.paint)
-        return mark("of one colour with what it lies on");
+        return mark("of the same colour as what it lies on");
     if (inner.held > 0.1 && isMuchDarker(inner) && inner.share > kBead)
         return object("a dark shape that holds others", ObjectRole::OPENING);
     if (inner.concentric)

@@ -176,7 +176,7 @@ void PartStack::standAlone(int shape, const Surroundings& around, Verdict verdic
         extend(line->first, shape);
         return;
     }
-    verdict.reason = ink ? QStringLiteral("ink beside nothing") : verdict.reason + QStringLiteral(" on nothing");
+    verdict.reason = ink ? QStringLiteral("ink beside no part") : verdict.reason + QStringLiteral(" on no part");
     verdict.role = ink ? ObjectRole::BODY : ObjectRole::FLAT;
     add(shape, verdict);
 }

@@ -187,7 +187,7 @@ UT_Result<void> FilmFile::check(const QString& path)
 {
     if (kKinds.contains(UT_fileSuffix(path)))
         return {};
-    return UT_Error{QStringLiteral("\"%1\" is no film; its name is to end in .mp4, .gif or .png").arg(path)};
+    return UT_Error{QStringLiteral("\"%1\" is not a film; its name must end in .mp4, .gif or .png").arg(path)};
 }
 
 UT_Result<std::unique_ptr<FilmFile>> FilmFile::create(const QString& path, const QSize& size, double framesPerSecond)
