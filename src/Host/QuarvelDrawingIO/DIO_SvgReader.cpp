@@ -3,15 +3,13 @@
 // The way of an SVG file: bytes, tree, flattened document, painting on the recording device, drawing.
 #include "QuarvelDrawingIO/DIO_SvgReader.h"
 
-#include "QuarvelDrawingIO/private/DIO_RecordingDevice.h"
 #include "QuarvelDrawingIO/private/DIO_ShapeCollector.h"
 #include "QuarvelDrawingIO/private/DIO_SvgFlattener.h"
+#include "QuarvelDrawingIO/private/DIO_SvgRecording.h"
 #include "QuarvelDrawingIO/private/DIO_SvgSize.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QPainter>
-#include <QSvgRenderer>
 
 namespace {
 
@@ -63,22 +61,6 @@ QString emptyText(const QString& path, const DIO_FlatSvg& flat)
     return text;
 }
 
-// Paints a flattened document on the recording device.
-bool record(const DIO_FlatSvg& flat, double stretchY, DIO_ShapeCollector& collector, int& undashed)
-{
-    QSvgRenderer renderer;
-    if (!renderer.load(flat.document))
-        return false;
-    const QSize side(100, 100);
-    DIO_RecordingDevice device(collector, side);
-    QPainter painter(&device);
-    painter.scale(1.0, stretchY);
-    renderer.render(&painter, QRectF(QPointF(), QSizeF(side)));
-    painter.end();
-    undashed = device.undashedPaths();
-    return true;
-}
-
 } // namespace
 
 UT_Result<DIO_Drawing> DIO_readSvg(const QString& path, DIO_Grouping grouping, DIO_Blank blank)
@@ -119,7 +101,7 @@ UT_Result<DIO_Drawing> DIO_readSvgData(const QByteArray& data, const QString& pa
 
     DIO_ShapeCollector collector(layers, flat->servers);
     int undashed = 0;
-    if (!record(*flat, size.stretchY, collector, undashed))
+    if (!DIO_recordSvg(flat->document, size.stretchY, collector, undashed))
         return UT_Error{QStringLiteral("%1: the SVG library cannot read the drawing").arg(path)};
     DIO_Drawing drawing = collector.takeDrawing();
     if (drawing.layers.empty() && blank == DIO_Blank::REFUSED)

@@ -15,8 +15,11 @@
 // groups, of all top-level groups) forms layers of its own between them, so that the order of painting is kept. Layers
 // that are hidden or paint nothing are left out with a warning.
 //
-// What is not understood is left out, and said in the drawing's warnings: filters, masks, line-end markers, blend
-// modes. Gradients, patterns and embedded pictures keep their outline and opacity and are painted in their average
+// Masks cut, by brightness or by coverage; groups fade as one picture.
+//
+// What is not understood is left out, and said in the drawing's warnings: line-end markers, blend modes, filters. What
+// a filter is applied to stays, sharp and without the shadow or glow that the filter adds, since a map of what is not
+// there would only disturb the light. Gradients, patterns and embedded pictures keep their outline and opacity and are painted in their average
 // colour. The SVG library reports remarks of its own in the logging category "qt.svg"; programs may switch that off.
 #pragma once
 

@@ -73,6 +73,16 @@ inline QString paintAt(const DIO_Drawing& drawing, double x, double y)
     return name;
 }
 
+/// How opaque the drawing is at a point: shapes of opacities a and b make up 1 - (1 - a)(1 - b).
+inline double opacityAt(const DIO_Drawing& drawing, double x, double y)
+{
+    double clear = 1.0;
+    for (const DIO_Shape& shape : shapesOf(drawing))
+        if (covers(shape, x, y))
+            clear *= 1.0 - shape.opacity;
+    return 1.0 - clear;
+}
+
 /// The names of the layers, bottom up.
 inline QStringList layerNames(const DIO_Drawing& drawing)
 {

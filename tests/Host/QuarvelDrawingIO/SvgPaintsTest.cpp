@@ -143,7 +143,7 @@ TEST(SvgPaints, aDrawingEmbeddedAsAPictureIsNotRead)
 TEST(SvgPaints, whatIsNotUnderstoodIsSaid)
 {
     const DIO_Drawing drawing =
-        read("<filter id='f'/><mask id='m'/><rect width='10' height='10' filter='url(#f)' mask='url(#m)' "
+        read("<filter id='f'/><rect width='10' height='10' filter='url(#f)' mask='url(#m)' "
              "style='mix-blend-mode:multiply'/>");
     EXPECT_THAT(drawing.warnings, ElementsAre("left out: blend mode (1), filter (1), mask (1)"));
 }

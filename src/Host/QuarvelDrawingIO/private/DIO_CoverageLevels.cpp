@@ -17,6 +17,9 @@ constexpr double kSame = 1.0 / 1024.0;
 // More different values than this are not told apart; each costs operations on paths for each change.
 constexpr std::size_t kMaxLevels = 12;
 
+// The elements of paths that are gone through in all; honest drawings need a hundredth of it.
+constexpr int kMaxWork = 200'000;
+
 std::optional<QPainterPath> united(const std::optional<QPainterPath>& a, const std::optional<QPainterPath>& b)
 {
     return a && b ? DIO_united(*a, *b) : std::nullopt;
@@ -83,9 +86,15 @@ void DIO_CoverageLevels::change(const QPainterPath& area, bool inverted, double 
 {
     const auto after = [&](double value) { return std::clamp(scale * value + offset, 0.0, 1.0); };
     std::vector<double> candidates{after(0.0)};
+    _work += area.elementCount();
     for (const Level& level : _levels) {
+        _work += level.area.elementCount();
         candidates.push_back(level.value);
         candidates.push_back(after(level.value));
+    }
+    if (_work > kMaxWork) {
+        ++_skipped;
+        return;
     }
     std::vector<Level> made;
     for (const double value : distinct(candidates)) {

@@ -62,5 +62,6 @@ private:
 
     QPainterPath _page;
     std::vector<Level> _levels;
+    int _work = 0;
     int _skipped = 0;
 };

@@ -56,6 +56,40 @@ bool paintsNothing(const DIO_Shape& shape)
            (shape.clip && !shape.clip->controlPointRect().intersects(shape.path.controlPointRect()));
 }
 
+QRectF boundsOf(const DIO_Shape& shape)
+{
+    const QRectF bounds = shape.path.controlPointRect();
+    return shape.clip ? bounds & shape.clip->controlPointRect() : bounds;
+}
+
+// By shape: whether it meets no other one. Of very many shapes nobody compares all with all.
+std::vector<bool> standAlone(const std::vector<DIO_Shape>& shapes)
+{
+    constexpr std::size_t kMost = 3000;
+    std::vector<bool> alone(shapes.size(), true);
+    std::vector<QRectF> bounds;
+    for (const DIO_Shape& shape : shapes)
+        bounds.push_back(boundsOf(shape));
+    for (std::size_t i = 0; i < std::min(shapes.size(), kMost); ++i)
+        for (std::size_t j = 0; j < i; ++j)
+            if (bounds[i].intersects(bounds[j]))
+                alone[i] = alone[j] = false;
+    return alone;
+}
+
+// How much of a shape is to be painted where a group above it, which is faded, covers it: less, the more opaque that
+// is.
+DIO_CoverageLevels leftBelow(const DIO_CoverageLevels& above, const DIO_Shape& shape, double opacity)
+{
+    DIO_CoverageLevels left(boundsOf(shape).adjusted(-1.0, -1.0, 1.0, 1.0), 1.0);
+    for (const DIO_CoverageLevels::Level& level : above.levels()) {
+        const double together = 1.0 - (1.0 - level.value) * (1.0 - shape.opacity);
+        const double wanted = added(opacity * level.value, opacity * together);
+        left.change(level.area, false, 0.0, wanted / (opacity * shape.opacity));
+    }
+    return left;
+}
+
 } // namespace
 
 QPainterPath DIO_paintedArea(const DIO_Shape& shape)
@@ -109,27 +143,23 @@ int DIO_fade(std::vector<DIO_Shape>& shapes, double opacity)
 {
     if (opacity >= 1.0 - kInvisible)
         return 0;
+    const std::vector<bool> alone = standAlone(shapes);
     // From the top down: what a shape adds depends on how opaque the group already is above it.
     DIO_CoverageLevels above(DIO_boundsOf(shapes).adjusted(-1.0, -1.0, 1.0, 1.0), 0.0);
     std::vector<DIO_Shape> faded;
-    int alone = 0;
-    for (auto shape = shapes.rbegin(); shape != shapes.rend(); ++shape) {
-        // How much of the shape is wanted where the group above has a value: less, the more opaque that is.
-        const auto wanted = [&](double value) {
-            const double together = 1.0 - (1.0 - value) * (1.0 - shape->opacity);
-            return added(opacity * value, opacity * together) / (opacity * shape->opacity);
-        };
-        DIO_CoverageLevels left(DIO_boundsOf({*shape}).adjusted(-1.0, -1.0, 1.0, 1.0), 1.0);
-        for (const DIO_CoverageLevels::Level& level : above.levels())
-            left.change(level.area, false, 0.0, wanted(level.value));
-        std::vector<DIO_Shape> parts{*shape};
+    int tooDetailed = 0;
+    for (std::size_t i = shapes.size(); i-- > 0;) {
+        const DIO_Shape& shape = shapes[i];
+        std::vector<DIO_Shape> parts{shape};
         parts.front().opacity *= opacity;
-        alone += left.skipped() + (left.levels().empty() ? 0 : DIO_cut(parts, left));
-        if (!left.levels().empty())
-            faded.insert(faded.end(), parts.rbegin(), parts.rend());
-        above.paint(DIO_paintedArea(*shape), false, shape->opacity, 1.0);
+        if (!alone[i]) {
+            const DIO_CoverageLevels left = leftBelow(above, shape, opacity);
+            tooDetailed += left.skipped() + DIO_cut(parts, left);
+            above.paint(DIO_paintedArea(shape), false, shape.opacity, 1.0);
+        }
+        faded.insert(faded.end(), parts.rbegin(), parts.rend());
     }
     std::ranges::reverse(faded);
     shapes = std::move(faded);
-    return alone + above.skipped();
+    return tooDetailed + above.skipped();
 }

@@ -78,23 +78,37 @@ bool DIO_ShapeCollector::polyline(std::span<const QPointF> points)
     const std::optional<DIO_SvgMark> mark = DIO_SvgMark::read(points);
     if (!mark)
         return false;
+    using Command = DIO_SvgMark::Command;
     switch (mark->command) {
-    case DIO_SvgMark::Command::LAYER:
-        _currentLayer = mark->argument;
-        _layerOpen = false;
+    case Command::LAYER:
+        _groups.setLayer(mark->argument);
         break;
-    case DIO_SvgMark::Command::NO_LAYER:
-        _currentLayer = kNoLayer;
-        _layerOpen = false;
+    case Command::NO_LAYER:
+        _groups.setLayer(DIO_ShapeGroups::kNoLayer);
         break;
-    case DIO_SvgMark::Command::CLIP_BEGIN:
+    case Command::CLIP_BEGIN:
         _clips.begin();
         break;
-    case DIO_SvgMark::Command::CLIP_END:
+    case Command::CLIP_END:
         _clips.end();
         break;
-    case DIO_SvgMark::Command::CLIP_POP:
+    case Command::CLIP_POP:
         _clips.pop();
+        break;
+    case Command::FADE_BEGIN:
+        _groups.beginFading(static_cast<double>(mark->argument) / kDIO_fullOpacity);
+        break;
+    case Command::FADE_END:
+        _groups.endFading();
+        break;
+    case Command::MASK_BEGIN:
+        _groups.beginMask(mark->argument != 0);
+        break;
+    case Command::MASK_END:
+        _groups.endMask(_maskPalette);
+        break;
+    case Command::MASK_POP:
+        _groups.endMasked();
         break;
     }
     return true;
@@ -118,7 +132,7 @@ void DIO_ShapeCollector::shape(DIO_RecordedShape recorded)
     shape.paint = paintOf(recorded.brush, shape.opacity);
     shape.path = std::move(recorded.path);
     if (shape.paint >= 0 && applyClip(shape))
-        layerForShape().shapes.push_back(std::move(shape));
+        _groups.add(std::move(shape));
 }
 
 bool DIO_ShapeCollector::applyClip(DIO_Shape& shape) const
@@ -134,17 +148,17 @@ bool DIO_ShapeCollector::applyClip(DIO_Shape& shape) const
     return true;
 }
 
-DIO_Layer& DIO_ShapeCollector::layerForShape()
+void DIO_ShapeCollector::collectLayers()
 {
-    if (!_layerOpen) {
-        const bool declared = _currentLayer >= 0 && _currentLayer < _layers.names.size();
-        DIO_Layer layer{declared ? _layers.names[_currentLayer] : QString(), declared, {}};
+    for (DIO_ShapeGroups::Run& run : _groups.take()) {
+        if (run.shapes.empty())
+            continue;
+        const bool declared = run.layer >= 0 && run.layer < _layers.names.size();
+        DIO_Layer layer{declared ? _layers.names[run.layer] : QString(), declared, std::move(run.shapes)};
         if (declared)
-            layer.values = _layers.values[static_cast<std::size_t>(_currentLayer)];
+            layer.values = _layers.values[static_cast<std::size_t>(run.layer)];
         _drawing.layers.push_back(std::move(layer));
-        _layerOpen = true;
     }
-    return _drawing.layers.back();
 }
 
 // The palette's entry for a brush, or -1 when it paints nothing; its own opacity goes into the shape's.
@@ -164,15 +178,18 @@ int DIO_ShapeCollector::paintOf(const QBrush& brush, double& opacity)
     return indexOfPaint(server ? server->paint : solidPaint(average));
 }
 
+// The colours of a mask are not the drawing's.
 int DIO_ShapeCollector::indexOfPaint(const DIO_Paint& paint)
 {
+    std::vector<DIO_Paint>& palette = _groups.isInMask() ? _maskPalette : _drawing.palette;
+    QHash<QString, int>& indices = _groups.isInMask() ? _maskPaintIndex : _paintIndex;
     const QString key = QString::number(static_cast<int>(paint.kind)) + paint.colour.name() + paint.name;
-    const auto known = _paintIndex.constFind(key);
-    if (known != _paintIndex.constEnd())
+    const auto known = indices.constFind(key);
+    if (known != indices.constEnd())
         return *known;
-    const int index = static_cast<int>(_drawing.palette.size());
-    _drawing.palette.push_back(paint);
-    _paintIndex.insert(key, index);
+    const int index = static_cast<int>(palette.size());
+    palette.push_back(paint);
+    indices.insert(key, index);
     return index;
 }
 
@@ -197,10 +214,15 @@ void DIO_ShapeCollector::addSimplificationWarnings()
         _drawing.warnings.append(
             QStringLiteral("clips within clips that are too detailed, the inner one alone cuts: %1")
                 .arg(_clips.skippedIntersections()));
+    if (_groups.tooDetailed() > 0)
+        _drawing.warnings.append(
+            QStringLiteral("masks and groups that are too detailed, shapes are painted by themselves: %1")
+                .arg(_groups.tooDetailed()));
 }
 
 DIO_Drawing DIO_ShapeCollector::takeDrawing()
 {
+    collectLayers();
     addSimplificationWarnings();
     return std::move(_drawing);
 }

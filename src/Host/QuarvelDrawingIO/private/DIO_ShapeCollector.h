@@ -1,10 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // DIO_ShapeCollector: makes a drawing of what the painting of a flattened SVG document records: shapes onto layers,
-// brushes into the palette, marks into layers and clips.
+// brushes into the palette, marks into layers, clips and groups.
 #pragma once
 
 #include "QuarvelDrawingIO/private/DIO_ClipStack.h"
+#include "QuarvelDrawingIO/private/DIO_ShapeGroups.h"
 #include "QuarvelDrawingIO/private/DIO_ShapeSink.h"
 #include "QuarvelDrawingIO/private/DIO_SvgLayers.h"
 #include "QuarvelDrawingIO/private/DIO_SvgPaintServers.h"
@@ -22,9 +23,7 @@ public:
     DIO_Drawing takeDrawing();
 
 private:
-    static constexpr int kNoLayer = -1;
-
-    DIO_Layer& layerForShape();
+    void collectLayers();
     int paintOf(const QBrush& brush, double& opacity);
     int indexOfPaint(const DIO_Paint& paint);
     bool applyClip(DIO_Shape& shape) const;
@@ -34,9 +33,10 @@ private:
     const std::vector<DIO_PaintServer>& _servers;
     DIO_Drawing _drawing;
     DIO_ClipStack _clips;
+    DIO_ShapeGroups _groups;
+    std::vector<DIO_Paint> _maskPalette;
     QHash<QString, int> _paintIndex;
-    int _currentLayer = kNoLayer;
-    bool _layerOpen = false;
+    QHash<QString, int> _maskPaintIndex;
     int _unreachable = 0;
     int _cutShort = 0;
 };

@@ -7,6 +7,7 @@
 #include "QuarvelDrawingIO/private/DIO_FlatWriter.h"
 #include "QuarvelDrawingIO/private/DIO_PictureAverage.h"
 #include "QuarvelDrawingIO/private/DIO_SvgGeometry.h"
+#include "QuarvelDrawingIO/private/DIO_SvgRecording.h"
 #include "QuarvelDrawingIO/private/DIO_SvgText.h"
 #include "QuarvelDrawingIO/private/DIO_SvgValues.h"
 
@@ -16,6 +17,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -94,7 +96,7 @@ class Flattener
 {
 public:
     Flattener(const DIO_XmlTree& tree, const DIO_SvgLayers& layers)
-        : _tree(tree), _layers(layers), _servers(tree, _sheet), _writer(_servers)
+        : _tree(tree), _layers(layers), _servers(tree, _sheet), _main(_servers)
     {
         collectStyleSheets(tree.root);
     }
@@ -109,7 +111,7 @@ public:
             refuse(QStringLiteral("has style sheets that take too long to apply"));
         if (!_problem.isEmpty())
             return UT_Error{_problem};
-        return DIO_FlatSvg{_writer.document(), _servers.servers(), _hidden, warnings()};
+        return DIO_FlatSvg{_writer->document(), _servers.servers(), _hidden, warnings()};
     }
 
 private:
@@ -129,9 +131,9 @@ private:
 
     bool withinLimits()
     {
-        if (_writer.size() > kMaxBytes)
+        if (_writer->size() > kMaxBytes)
             refuse(QStringLiteral("unfolds into more than %1 MiB of shapes").arg(kMaxBytes / (1024 * 1024)));
-        if (_ancestry.size() > kMaxDepth || _writer.depth() > kMaxDepth)
+        if (_ancestry.size() > kMaxDepth || _writer->depth() > kMaxDepth)
             refuse(QStringLiteral("nests groups and copies more than %1 deep").arg(kMaxDepth));
         return _problem.isEmpty();
     }
@@ -169,14 +171,15 @@ private:
         noteWhatIsLeftOut(properties);
 
         if (layer >= 0)
-            _writer.mark(DIO_SvgMark::Command::LAYER, layer);
+            _writer->mark(DIO_SvgMark::Command::LAYER, layer);
         DIO_FlatWriter::Extras extras{node.attribute(QLatin1String("transform")), opacity,
                                       properties.value(QStringLiteral("vector-effect")) == u"non-scaling-stroke"};
-        const int clips = around.inClip ? 0 : beginClips(properties, extras, around);
-        write(node, element, outer.inheritedBy(properties, around.diagonal()), extras, around, properties);
-        endClips(clips);
+        const DIO_SvgStyle style = outer.inheritedBy(properties, around.diagonal());
+        const Cuts cuts = around.inClip ? Cuts() : beginCuts({node, element, style, properties, around}, extras);
+        write(node, element, style, extras, around, properties);
+        endCuts(cuts);
         if (layer >= 0)
-            _writer.mark(DIO_SvgMark::Command::NO_LAYER);
+            _writer->mark(DIO_SvgMark::Command::NO_LAYER);
     }
 
     void write(const DIO_XmlNode& node, Element element, const DIO_SvgStyle& style,
@@ -184,25 +187,25 @@ private:
     {
         switch (element) {
         case Element::GROUP:
-            _writer.beginGroup(extras.transform, extras.opacity);
+            _writer->beginGroup(extras.transform, extras.opacity);
             visitContent(node, style, around);
-            _writer.endGroup();
+            _writer->endGroup();
             break;
         case Element::SWITCH:
-            _writer.beginGroup(extras.transform, extras.opacity);
+            _writer->beginGroup(extras.transform, extras.opacity);
             if (const DIO_XmlNode* branch = DIO_shownBranch(node); branch && withinLimits())
                 visit(*branch, style, around);
-            _writer.endGroup();
+            _writer->endGroup();
             break;
         case Element::INNER_DRAWING:
-            _writer.beginGroup(extras.transform, extras.opacity);
+            _writer->beginGroup(extras.transform, extras.opacity);
             writeInnerDrawing(node, node, style, around, properties);
-            _writer.endGroup();
+            _writer->endGroup();
             break;
         case Element::USE:
-            _writer.beginGroup(extras.transform, extras.opacity);
+            _writer->beginGroup(extras.transform, extras.opacity);
             writeUse(node, style, around);
-            _writer.endGroup();
+            _writer->endGroup();
             break;
         case Element::SHAPE:
             writeShape(node, style, extras, around);
@@ -231,19 +234,19 @@ private:
         if (data.isEmpty())
             return;
         if (around.inClip)
-            _writer.clipPath(data, style.clipEvenOdd, extras.transform);
+            _writer->clipPath(data, style.clipEvenOdd, extras.transform);
         else
-            _writer.path(data, style, extras);
+            _writer->path(data, style, extras);
     }
 
     void writeText(const DIO_XmlNode& node, const DIO_SvgStyle& style, const DIO_FlatWriter::Extras& extras,
                    const Surroundings& around)
     {
         for (const DIO_TextLine& line : DIO_readTextLines(node, style, _ancestry, _sheet, around.viewport)) {
-            _writer.beginText(line.x, line.y, style, extras);
+            _writer->beginText(line.x, line.y, style, extras);
             for (const DIO_TextRun& run : line.runs)
-                _writer.textRun(run.text, run.style);
-            _writer.endText();
+                _writer->textRun(run.text, run.style);
+            _writer->endText();
         }
     }
 
@@ -275,8 +278,8 @@ private:
             return;
         const DIO_AspectFit fit = DIO_readAspectFit(node.attribute(QLatin1String("preserveAspectRatio")));
         const QRectF painted = DIO_fitTransform(box, frame, fit).mapRect(box) & frame;
-        _writer.serverPath(DIO_rectPath(painted.x(), painted.y(), painted.width(), painted.height()), picture.server,
-                           extras);
+        _writer->serverPath(DIO_rectPath(painted.x(), painted.y(), painted.width(), painted.height()), picture.server,
+                            extras);
     }
 
     // The rectangle of x, y, width and height; what the user of an element does not say, the element does.
@@ -308,17 +311,17 @@ private:
         inner.viewport = viewBox ? viewBox->size() : frame.size();
         const bool clipped = properties.value(QStringLiteral("overflow"), QStringLiteral("hidden")) == u"hidden";
         if (clipped && !around.inClip) {
-            _writer.mark(DIO_SvgMark::Command::CLIP_BEGIN);
-            _writer.clipPath(DIO_rectPath(frame.x(), frame.y(), frame.width(), frame.height()), false, {});
-            _writer.mark(DIO_SvgMark::Command::CLIP_END);
+            _writer->mark(DIO_SvgMark::Command::CLIP_BEGIN);
+            _writer->clipPath(DIO_rectPath(frame.x(), frame.y(), frame.width(), frame.height()), false, {});
+            _writer->mark(DIO_SvgMark::Command::CLIP_END);
         }
         const DIO_AspectFit fit = DIO_readAspectFit(node.attribute(QLatin1String("preserveAspectRatio")));
-        _writer.beginGroup(matrixText(viewBox ? DIO_fitTransform(*viewBox, frame, fit)
-                                              : QTransform::fromTranslate(frame.x(), frame.y())));
+        _writer->beginGroup(matrixText(viewBox ? DIO_fitTransform(*viewBox, frame, fit)
+                                               : QTransform::fromTranslate(frame.x(), frame.y())));
         visitContent(node, style, inner);
-        _writer.endGroup();
+        _writer->endGroup();
         if (clipped && !around.inClip)
-            _writer.mark(DIO_SvgMark::Command::CLIP_POP);
+            _writer->mark(DIO_SvgMark::Command::CLIP_POP);
     }
 
     void writeUse(const DIO_XmlNode& node, const DIO_SvgStyle& style, const Surroundings& around)
@@ -332,24 +335,29 @@ private:
                                              : QStringLiteral("copy from another file")];
             return;
         }
-        if (++_instances > kMaxInstances) {
-            refuse(QStringLiteral("makes more than %1 copies of its parts").arg(kMaxInstances));
+        if (!countInstance())
             return;
-        }
         Surroundings inner = around;
         inner.inUse = true;
         const DIO_LengthContext horizontal{around.viewport.width(), style.fontSize};
         const DIO_LengthContext vertical{around.viewport.height(), style.fontSize};
         const double x = DIO_readLength(node.attribute(QLatin1String("x")), horizontal).value_or(0.0);
         const double y = DIO_readLength(node.attribute(QLatin1String("y")), vertical).value_or(0.0);
-        _writer.beginGroup(matrixText(QTransform::fromTranslate(x, y)));
+        _writer->beginGroup(matrixText(QTransform::fromTranslate(x, y)));
         if (withinLimits()) {
             if (target->name == u"symbol")
                 writeSymbol(*target, node, style, inner);
             else
                 visit(*target, style, inner);
         }
-        _writer.endGroup();
+        _writer->endGroup();
+    }
+
+    bool countInstance()
+    {
+        if (++_instances > kMaxInstances)
+            refuse(QStringLiteral("makes more than %1 copies of its parts").arg(kMaxInstances));
+        return _instances <= kMaxInstances;
     }
 
     void writeSymbol(const DIO_XmlNode& symbol, const DIO_XmlNode& user, const DIO_SvgStyle& outer,
@@ -365,69 +373,181 @@ private:
         _ancestry.pop_back();
     }
 
-    // Writes the clips that an element asks for. Then the element's transform and opacity are already written, too.
-    int beginClips(const DIO_SvgProperties& properties, DIO_FlatWriter::Extras& extras, const Surroundings& around)
+    // An element with all that is known of it.
+    struct Visited
     {
-        const DIO_XmlNode* clip = clipOf(properties);
-        if (!clip)
-            return 0;
-        _writer.beginGroup(extras.transform);
-        extras.transform.clear();
+        const DIO_XmlNode& node;
+        Element element;
+        const DIO_SvgStyle& style;
+        const DIO_SvgProperties& properties;
+        const Surroundings& around;
+    };
+
+    // What was begun around an element.
+    struct Cuts
+    {
+        bool grouped = false;
         int clips = 0;
-        for (QSet<const DIO_XmlNode*> seen; clip && !seen.contains(clip); ++clips) {
+        bool masked = false;
+        bool faded = false;
+    };
+
+    // Begins the clips, the mask and the fading that an element asks for. Then the element's transform and opacity are
+    // already written, too, where that was needed.
+    Cuts beginCuts(const Visited& visited, DIO_FlatWriter::Extras& extras)
+    {
+        const DIO_XmlNode* clip = referenced(visited.properties, "clip-path", u"clipPath", "clip");
+        const DIO_XmlNode* const mask = referenced(visited.properties, "mask", u"mask", "mask");
+        Cuts cuts;
+        if (clip || mask) {
+            cuts.grouped = true;
+            _writer->beginGroup(extras.transform);
+            extras.transform.clear();
+        }
+        for (QSet<const DIO_XmlNode*> seen; clip && !seen.contains(clip); ++cuts.clips) {
             seen.insert(clip);
             _ancestry.push_back(clip);
             const DIO_SvgProperties own = DIO_cascade(_sheet, _ancestry);
-            writeClip(*clip, own, around);
+            writeClip(*clip, own, visited);
             _ancestry.pop_back();
-            clip = clipOf(own);
+            clip = referenced(own, "clip-path", u"clipPath", "clip");
         }
-        return clips;
+        if (mask)
+            writeMask(*mask, visited);
+        cuts.masked = mask != nullptr;
+        cuts.faded = extras.opacity < 1.0 && paintsSeveralShapes(visited);
+        if (cuts.faded) {
+            _writer->mark(DIO_SvgMark::Command::FADE_BEGIN, qRound(extras.opacity * kDIO_fullOpacity));
+            extras.opacity = 1.0;
+        }
+        return cuts;
     }
 
-    void writeClip(const DIO_XmlNode& clip, const DIO_SvgProperties& properties, const Surroundings& around)
+    void endCuts(const Cuts& cuts)
     {
-        Surroundings inner = around;
+        if (cuts.faded)
+            _writer->mark(DIO_SvgMark::Command::FADE_END);
+        if (cuts.masked)
+            _writer->mark(DIO_SvgMark::Command::MASK_POP);
+        for (int i = 0; i < cuts.clips; ++i)
+            _writer->mark(DIO_SvgMark::Command::CLIP_POP);
+        if (cuts.grouped)
+            _writer->endGroup();
+    }
+
+    // A single fill or stroke has nothing to be faded with.
+    static bool paintsSeveralShapes(const Visited& visited)
+    {
+        const bool isSingle = visited.element == Element::SHAPE || visited.element == Element::PICTURE;
+        const DIO_SvgStyle& style = visited.style;
+        return !isSingle || (style.fill.kind != DIO_SvgPaint::Kind::NONE &&
+                             style.stroke.kind != DIO_SvgPaint::Kind::NONE && style.strokeWidth > 0.0);
+    }
+
+    void writeClip(const DIO_XmlNode& clip, const DIO_SvgProperties& properties, const Visited& visited)
+    {
+        Surroundings inner = visited.around;
         inner.inClip = true;
-        _writer.mark(DIO_SvgMark::Command::CLIP_BEGIN);
-        _writer.beginGroup(clip.attribute(QLatin1String("transform")));
-        visitContent(clip, DIO_SvgStyle().inheritedBy(properties, around.diagonal()), inner);
-        _writer.endGroup();
-        _writer.mark(DIO_SvgMark::Command::CLIP_END);
+        _writer->mark(DIO_SvgMark::Command::CLIP_BEGIN);
+        _writer->beginGroup(clip.attribute(QLatin1String("transform")));
+        writeInUnits(clip, "clipPathUnits", properties, inner, visited);
+        _writer->endGroup();
+        _writer->mark(DIO_SvgMark::Command::CLIP_END);
     }
 
-    void endClips(int clips)
+    void writeMask(const DIO_XmlNode& mask, const Visited& visited)
     {
-        if (clips == 0)
-            return;
-        for (int i = 0; i < clips; ++i)
-            _writer.mark(DIO_SvgMark::Command::CLIP_POP);
-        _writer.endGroup();
+        countInstance();
+        _ancestry.push_back(&mask);
+        const auto leave = qScopeGuard([this] { _ancestry.pop_back(); });
+        const DIO_SvgProperties properties = DIO_cascade(_sheet, _ancestry);
+        const bool byCoverage = properties.value(QStringLiteral("mask-type")).trimmed() == u"alpha";
+        Surroundings inner = visited.around;
+        inner.inUse = true;
+        const std::optional<QRectF> region = regionOf(mask, visited);
+        _writer->mark(DIO_SvgMark::Command::MASK_BEGIN, byCoverage ? 1 : 0);
+        if (region) {
+            _writer->mark(DIO_SvgMark::Command::CLIP_BEGIN);
+            _writer->clipPath(DIO_rectPath(region->x(), region->y(), region->width(), region->height()), false, {});
+            _writer->mark(DIO_SvgMark::Command::CLIP_END);
+        }
+        writeInUnits(mask, "maskContentUnits", properties, inner, visited);
+        if (region)
+            _writer->mark(DIO_SvgMark::Command::CLIP_POP);
+        _writer->mark(DIO_SvgMark::Command::MASK_END);
     }
 
-    const DIO_XmlNode* clipOf(const DIO_SvgProperties& properties)
+    // The rectangle outside of which a mask lets nothing through. The usual one, a tenth larger than what is masked,
+    // cuts nothing off but the ends of wide lines.
+    std::optional<QRectF> regionOf(const DIO_XmlNode& mask, const Visited& visited)
     {
-        const QString value = properties.value(QStringLiteral("clip-path")).trimmed();
+        const bool isGiven =
+            std::ranges::any_of(std::initializer_list<const char*>{"x", "y", "width", "height"},
+                                [&](const char* name) { return !mask.attribute(QLatin1String(name)).isEmpty(); });
+        if (!isGiven)
+            return std::nullopt;
+        const bool inUserSpace = mask.attribute(QLatin1String("maskUnits")) == u"userSpaceOnUse";
+        const QSizeF whole = inUserSpace ? visited.around.viewport : QSizeF(1.0, 1.0);
+        const auto length = [&](const char* name, double percentOf, double otherwise) {
+            return DIO_readLength(mask.attribute(QLatin1String(name)), {percentOf, visited.style.fontSize})
+                .value_or(otherwise * percentOf);
+        };
+        const QRectF region(length("x", whole.width(), -0.1), length("y", whole.height(), -0.1),
+                            length("width", whole.width(), 1.2), length("height", whole.height(), 1.2));
+        if (inUserSpace)
+            return region;
+        const QRectF box = boxOf(visited);
+        return QRectF(box.x() + region.x() * box.width(), box.y() + region.y() * box.height(),
+                      region.width() * box.width(), region.height() * box.height());
+    }
+
+    // The content of a clip or a mask, whose units may be the box of what it cuts.
+    void writeInUnits(const DIO_XmlNode& cutting, const char* unitsName, const DIO_SvgProperties& properties,
+                      const Surroundings& inner, const Visited& visited)
+    {
+        QString units;
+        if (cutting.attribute(QLatin1String(unitsName)) == u"objectBoundingBox") {
+            const QRectF box = boxOf(visited);
+            units = matrixText(QTransform(box.width(), 0.0, 0.0, box.height(), box.x(), box.y()));
+        }
+        _writer->beginGroup(units);
+        visitContent(cutting, DIO_SvgStyle().inheritedBy(properties, inner.diagonal()), inner);
+        _writer->endGroup();
+    }
+
+    // The rectangle around an element's areas in its own units; strokes do not count.
+    QRectF boxOf(const Visited& visited)
+    {
+        DIO_FlatWriter scratch(_servers);
+        DIO_FlatWriter* const before = std::exchange(_writer, &scratch);
+        Surroundings inner = visited.around;
+        inner.inClip = true;
+        write(visited.node, visited.element, visited.style, {}, inner, visited.properties);
+        _writer = before;
+        return DIO_boundsOfSvg(scratch.document());
+    }
+
+    // The element that a property refers to, if it is of the right kind and does not contain what refers to it.
+    const DIO_XmlNode* referenced(const DIO_SvgProperties& properties, const char* property, QStringView kind,
+                                  const char* words)
+    {
+        const QString value = properties.value(QLatin1String(property)).trimmed();
         if (value.isEmpty() || value == u"none" || value == u"inherit")
             return nullptr;
         QString reference = value.section(u'(', 1).section(u')', 0, 0).trimmed();
         reference.remove(u'"').remove(u'\'');
-        const DIO_XmlNode* const clip = value.startsWith(u"url(") ? _tree.find(reference) : nullptr;
-        if (clip && clip->name == u"clipPath" &&
-            clip->attribute(QLatin1String("clipPathUnits")) != u"objectBoundingBox" &&
-            std::find(_ancestry.begin(), _ancestry.end(), clip) == _ancestry.end())
-            return clip;
-        ++_leftOut[QStringLiteral("clip")];
+        const DIO_XmlNode* const found = value.startsWith(u"url(") ? _tree.find(reference) : nullptr;
+        if (found && found->name == kind && std::find(_ancestry.begin(), _ancestry.end(), found) == _ancestry.end())
+            return found;
+        ++_leftOut[QLatin1String(words)];
         return nullptr;
     }
 
     void noteWhatIsLeftOut(const DIO_SvgProperties& properties)
     {
-        for (const char* name : {"filter", "mask"}) {
-            const QString value = properties.value(QLatin1String(name)).trimmed();
-            if (!value.isEmpty() && value != u"none")
-                ++_leftOut[QLatin1String(name)];
-        }
+        const QString filter = properties.value(QStringLiteral("filter")).trimmed();
+        if (!filter.isEmpty() && filter != u"none")
+            ++_leftOut[QStringLiteral("filter")];
         const QString blend = properties.value(QStringLiteral("mix-blend-mode")).trimmed();
         if (!blend.isEmpty() && blend != u"normal")
             ++_leftOut[QStringLiteral("blend mode")];
@@ -453,7 +573,8 @@ private:
     const DIO_SvgLayers& _layers;
     DIO_StyleSheet _sheet;
     DIO_SvgPaintServers _servers;
-    DIO_FlatWriter _writer;
+    DIO_FlatWriter _main;
+    DIO_FlatWriter* _writer = &_main; ///< what is written to
     std::vector<const DIO_XmlNode*> _ancestry;
     QHash<const DIO_XmlNode*, Picture> _pictures;
     QMap<QString, int> _leftOut;

@@ -17,7 +17,7 @@ std::optional<DIO_SvgMark> DIO_SvgMark::read(std::span<const QPointF> points)
     if (points.size() != 3)
         return std::nullopt;
     const auto command = static_cast<int>(std::lround(points[0].x()));
-    if (command < static_cast<int>(Command::LAYER) || command > static_cast<int>(Command::CLIP_POP))
+    if (command < static_cast<int>(Command::LAYER) || command > static_cast<int>(Command::MASK_POP))
         return std::nullopt;
     return DIO_SvgMark{static_cast<Command>(command), static_cast<int>(std::lround(points[0].y()))};
 }

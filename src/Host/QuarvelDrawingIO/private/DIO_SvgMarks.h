@@ -19,7 +19,13 @@ struct DIO_SvgMark
         NO_LAYER,   ///< the shapes that follow belong to no layer
         CLIP_BEGIN, ///< the shapes that follow make up a clip and are not painted
         CLIP_END,   ///< from here on the clip is in force, within those that already are
-        CLIP_POP    ///< the clip that came last is lifted
+        CLIP_POP,   ///< the clip that came last is lifted
+        FADE_BEGIN, ///< the shapes that follow are faded together, to this many parts of kDIO_fullOpacity
+        FADE_END,   ///< they end here
+        MASK_BEGIN, ///< the shapes that follow make up a mask and are not painted; 1: their coverage, 0: their
+                    ///< brightness
+        MASK_END,   ///< from here on the mask cuts
+        MASK_POP    ///< the mask that came last is lifted
     };
 
     Command command;
@@ -31,6 +37,9 @@ struct DIO_SvgMark
     /// The mark that a polyline is, if it is one.
     static std::optional<DIO_SvgMark> read(std::span<const QPointF> points);
 };
+
+/// What a mark of fading says of an opacity of 1.
+inline constexpr int kDIO_fullOpacity = 1'000'000;
 
 /// Gradients of the flattened document stand for paint servers of the file: they start at this x, and their y is the
 /// server's index.

@@ -35,6 +35,7 @@ const QSet<QString>& presentationAttributes()
         QStringLiteral("marker-mid"),
         QStringLiteral("marker-start"),
         QStringLiteral("mask"),
+        QStringLiteral("mask-type"),
         QStringLiteral("mix-blend-mode"),
         QStringLiteral("opacity"),
         QStringLiteral("overflow"),

@@ -1,0 +1,106 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// A stack of open groups. What a group holds goes into the one around it when it ends.
+#include "QuarvelDrawingIO/private/DIO_ShapeGroups.h"
+
+#include <utility>
+
+namespace {
+
+// The weights that SVG gives to the colours of a mask.
+double brightness(const QColor& colour)
+{
+    return 0.2125 * static_cast<double>(colour.redF()) + 0.7154 * static_cast<double>(colour.greenF()) +
+           0.0721 * static_cast<double>(colour.blueF());
+}
+
+} // namespace
+
+void DIO_ShapeGroups::setLayer(int layer)
+{
+    _layer = layer;
+    ++_run;
+}
+
+void DIO_ShapeGroups::add(DIO_Shape shape)
+{
+    shapesOf(_layer, _run).push_back(std::move(shape));
+}
+
+void DIO_ShapeGroups::beginFading(double opacity)
+{
+    _open.emplace_back().opacity = opacity;
+}
+
+void DIO_ShapeGroups::endFading()
+{
+    Group group = close();
+    for (Run& run : group.runs)
+        _tooDetailed += DIO_fade(run.shapes, group.opacity);
+    keep(group.runs);
+}
+
+void DIO_ShapeGroups::beginMask(bool byCoverage)
+{
+    _open.emplace_back().byCoverage = byCoverage;
+    ++_masksOpen;
+}
+
+void DIO_ShapeGroups::endMask(const std::vector<DIO_Paint>& palette)
+{
+    const Group mask = close();
+    --_masksOpen;
+    std::vector<MaskPart>& parts = _open.emplace_back().mask;
+    for (const Run& run : mask.runs)
+        for (const DIO_Shape& shape : run.shapes) {
+            const QColor& colour = palette[static_cast<std::size_t>(shape.paint)].colour;
+            parts.push_back({DIO_paintedArea(shape), shape.opacity, mask.byCoverage ? 1.0 : brightness(colour)});
+        }
+}
+
+void DIO_ShapeGroups::endMasked()
+{
+    Group group = close();
+    QRectF page;
+    for (const Run& run : group.runs)
+        page |= DIO_boundsOf(run.shapes);
+    DIO_CoverageLevels levels(page.adjusted(-1.0, -1.0, 1.0, 1.0), 0.0);
+    for (const MaskPart& part : group.mask)
+        levels.paint(part.area, false, part.opacity, part.value);
+    _tooDetailed += levels.skipped();
+    for (Run& run : group.runs)
+        _tooDetailed += DIO_cut(run.shapes, levels);
+    keep(group.runs);
+}
+
+std::vector<DIO_ShapeGroups::Run> DIO_ShapeGroups::take()
+{
+    return std::exchange(_open.front().runs, {});
+}
+
+// Documents that are read in part leave groups open or close too many; the outermost one stays.
+DIO_ShapeGroups::Group DIO_ShapeGroups::close()
+{
+    if (_open.size() == 1)
+        return {};
+    Group group = std::move(_open.back());
+    _open.pop_back();
+    return group;
+}
+
+void DIO_ShapeGroups::keep(const std::vector<Run>& runs)
+{
+    for (const Run& run : runs)
+        if (!run.shapes.empty()) {
+            std::vector<DIO_Shape>& shapes = shapesOf(run.layer, run.number);
+            shapes.insert(shapes.end(), run.shapes.begin(), run.shapes.end());
+        }
+}
+
+std::vector<DIO_Shape>& DIO_ShapeGroups::shapesOf(int layer, int number)
+{
+    std::vector<Run>& runs = _open.back().runs;
+    if (runs.empty() || runs.back().number != number)
+        runs.push_back({layer, number, {}});
+    return runs.back().shapes;
+}

@@ -1,0 +1,73 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// DIO_ShapeGroups: what a drawing does to several shapes together while it is painted: it puts them on layers, fades
+// them as one picture, cuts them with a mask. Groups lie within each other.
+#pragma once
+
+#include "QuarvelDrawingIO/private/DIO_GroupedShapes.h"
+
+class DIO_ShapeGroups
+{
+public:
+    static constexpr int kNoLayer = -1;
+
+    /// Shapes that follow each other on one layer.
+    struct Run
+    {
+        int layer = kNoLayer;
+        int number = 0; ///< each change of the layer begins a new one
+        std::vector<DIO_Shape> shapes;
+    };
+
+    DIO_ShapeGroups() : _open(1) {}
+
+    /// The shapes that follow belong to a layer.
+    void setLayer(int layer);
+    void add(DIO_Shape shape);
+
+    /// The shapes up to endFading() are faded as one picture; a layer within the group by itself.
+    void beginFading(double opacity);
+    void endFading();
+
+    /// The shapes up to endMask() make up a mask and are not painted.
+    ///
+    /// @param byCoverage the mask lets through where it is painted; else where it is painted brightly
+    void beginMask(bool byCoverage);
+    bool isInMask() const { return _masksOpen > 0; }
+    /// The shapes up to endMasked() are cut by the mask.
+    ///
+    /// @param palette of the mask's shapes
+    void endMask(const std::vector<DIO_Paint>& palette);
+    void endMasked();
+
+    /// Takes out everything, in the order of painting. No group is open.
+    std::vector<Run> take();
+
+    /// How often something was too detailed to be cut or faded with others.
+    int tooDetailed() const { return _tooDetailed; }
+
+private:
+    struct MaskPart
+    {
+        QPainterPath area;
+        double opacity;
+        double value;
+    };
+    struct Group
+    {
+        std::vector<Run> runs;
+        double opacity = 1.0;
+        bool byCoverage = false;
+        std::vector<MaskPart> mask;
+    };
+
+    Group close();
+    void keep(const std::vector<Run>& runs);
+    std::vector<DIO_Shape>& shapesOf(int layer, int number);
+
+    std::vector<Group> _open; // never empty
+    int _layer = kNoLayer;
+    int _run = 0;
+    int _masksOpen = 0;
+    int _tooDetailed = 0;
+};
