@@ -21,7 +21,7 @@ UT_Result<DIO_Drawing> readBitmap(const QString& path, DIO_Grouping, DIO_Blank)
 const std::vector<DIO_DrawingKind>& DIO_drawingKinds()
 {
     static const std::vector<DIO_DrawingKind> kinds = {
-        {QStringLiteral("SVG drawing"), {QStringLiteral("svg")}, false, DIO_readSvg},
+        {QStringLiteral("SVG drawing"), {QStringLiteral("svg"), QStringLiteral("svgz")}, false, DIO_readSvg},
         {QStringLiteral("bitmap"), DIO_bitmapSuffixes(), true, readBitmap},
     };
     return kinds;

@@ -3,6 +3,7 @@
 // The way of an SVG file: bytes, tree, flattened document, painting on the recording device, drawing.
 #include "QuarvelDrawingIO/DIO_SvgReader.h"
 
+#include "QuarvelDrawingIO/private/DIO_Gunzip.h"
 #include "QuarvelDrawingIO/private/DIO_ShapeCollector.h"
 #include "QuarvelDrawingIO/private/DIO_SvgFlattener.h"
 #include "QuarvelDrawingIO/private/DIO_SvgRecording.h"
@@ -85,9 +86,12 @@ UT_Result<DIO_Drawing> DIO_readSvgData(const QByteArray& data, const QString& pa
                             .arg(kMaxFileSize / (1024 * 1024))};
     if (data.trimmed().isEmpty())
         return UT_Error{QStringLiteral("%1: the file is empty").arg(path)};
-    if (data.startsWith("\x1f\x8b"))
-        return UT_Error{
-            QStringLiteral("%1: the file is compressed; save it as a plain SVG, or unpack it with gunzip").arg(path)};
+    if (DIO_isGzip(data)) {
+        const std::optional<QByteArray> unpacked = DIO_gunzip(data, kMaxFileSize);
+        if (!unpacked || DIO_isGzip(*unpacked))
+            return UT_Error{QStringLiteral("%1: the packed file is damaged or incomplete").arg(path)};
+        return DIO_readSvgData(*unpacked, path, grouping, blank);
+    }
 
     UT_Result<DIO_XmlTree> tree = DIO_readXmlTree(data, path);
     if (!tree)

@@ -107,7 +107,7 @@ TEST(SvgPaints, strokesMayHaveGradientsToo)
 TEST(SvgPaints, aPatternIsTheAverageOfItsColours)
 {
     const DIO_Drawing drawing = read(
-        "<pattern id='p' width='4' height='4'><rect width='2' height='2' fill='#ff0000'/>"
+        "<pattern id='p' width='4' height='4' patternUnits='userSpaceOnUse'><rect width='2' height='2' fill='#ff0000'/>"
         "<rect x='2' width='2' height='2' fill='#0000ff'/></pattern><rect width='10' height='10' fill='url(#p)'/>");
     const DIO_Paint paint = onlyPaint(drawing);
     EXPECT_EQ(paint.kind, DIO_Paint::Kind::PATTERN);
@@ -142,8 +142,27 @@ TEST(SvgPaints, aDrawingEmbeddedAsAPictureIsNotRead)
 
 TEST(SvgPaints, whatIsNotUnderstoodIsSaid)
 {
-    const DIO_Drawing drawing =
-        read("<filter id='f'/><rect width='10' height='10' filter='url(#f)' mask='url(#m)' "
-             "style='mix-blend-mode:multiply'/>");
+    const DIO_Drawing drawing = read("<filter id='f'/><rect width='10' height='10' filter='url(#f)' mask='url(#m)' "
+                                     "style='mix-blend-mode:multiply'/>");
     EXPECT_THAT(drawing.warnings, ElementsAre("left out: blend mode (1), filter (1), mask (1)"));
+}
+
+TEST(SvgPaints, aPatternCoversWhatItsTileCovers)
+{
+    // A quarter of the tile is red, an eighth of it is blue: 0.375 in all, two thirds of it red.
+    const DIO_Drawing drawing =
+        read("<pattern id='p' width='8' height='8' patternUnits='userSpaceOnUse'><rect width='4' height='4' "
+             "fill='#ff0000'/><rect x='4' width='4' height='2' fill='#0000ff'/></pattern>"
+             "<rect width='50' height='50' fill='url(#p)'/>");
+    EXPECT_NEAR(opacityAt(drawing, 20, 20), 0.375, 0.005);
+    EXPECT_NEAR(drawing.palette.at(0).colour.red(), 170, 2);
+    EXPECT_NEAR(drawing.palette.at(0).colour.blue(), 85, 2);
+}
+
+TEST(SvgPaints, aPatternPaintedWithItselfPaintsNothing)
+{
+    const DIO_Drawing drawing = read("<pattern id='p' width='8' height='8' patternUnits='userSpaceOnUse'>"
+                                     "<rect width='4' height='4' fill='url(#p)'/></pattern>"
+                                     "<rect width='50' height='50' fill='url(#p)'/><rect width='5' height='5'/>");
+    EXPECT_EQ(shapesOf(drawing).size(), 1U);
 }

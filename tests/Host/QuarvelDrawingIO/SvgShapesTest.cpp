@@ -200,3 +200,13 @@ TEST(SvgShapes, textBecomesOutlines)
     EXPECT_NEAR(upper.bottom(), 40, 2);
     EXPECT_NEAR(lower.bottom(), 80, 2);
 }
+
+TEST(SvgShapes, packedDrawingsAreRead)
+{
+    // A page of 100 x 100 with a square of 9, by gzip -9.
+    const QByteArray packed = QByteArray::fromBase64(
+        "H4sIAAAAAAACAx2LSQ6AIAwAv9L0AbbqSQMc/"
+        "IoSIFEx2FCe73KYZA4z5q4B2rGft8Uocs1Eqtrp2OUSaGBmeguEmrwuuVlkYOj5B50pfhXQtEm0OCFEn0KUT8mZb3QP+y58OWAAAAA=");
+    EXPECT_EQ(shapesOf(readDocument(packed)).size(), 1U);
+    EXPECT_THAT(refusal(packed.left(packed.size() / 2)).toStdString(), testing::HasSubstr("damaged or incomplete"));
+}

@@ -85,3 +85,25 @@ TEST(SvgStyle, strokesInheritTheirWidthInUserUnits)
     const DIO_Drawing drawing = read("<g stroke='#ff0000' stroke-width='1mm'><path d='M0 50h100'/></g>");
     EXPECT_NEAR(shapesOf(drawing).at(0).path.boundingRect().height(), 96 / 25.4, 1e-6);
 }
+
+TEST(SvgStyle, stylesMayTransform)
+{
+    const DIO_Drawing drawing = read("<rect width='10' height='10' style='transform:translate(20px, 10%)'/>"
+                                     "<rect x='60' y='20' width='20' height='10' style='transform:rotate(0.25turn);"
+                                     "transform-origin:60px 20px'/>"
+                                     "<rect x='60' y='60' width='20' height='20' style='transform:scale(0.5);"
+                                     "transform-box:fill-box;transform-origin:center' transform='translate(500 0)'/>");
+    EXPECT_EQ(paintAt(drawing, 25, 15), "#000000");
+    EXPECT_EQ(paintAt(drawing, 5, 5), "");
+    EXPECT_EQ(paintAt(drawing, 55, 35), "#000000") << "turned to the right about its corner, it reaches down and left";
+    EXPECT_EQ(paintAt(drawing, 75, 25), "");
+    EXPECT_EQ(paintAt(drawing, 70, 70), "#000000") << "the style counts, not the attribute";
+    EXPECT_EQ(paintAt(drawing, 62, 62), "");
+}
+
+TEST(SvgStyle, anAttributesTransformHasAnOriginToo)
+{
+    const DIO_Drawing drawing =
+        read("<rect x='40' y='40' width='20' height='20' transform='scale(2)' style='transform-origin:50px 50px'/>");
+    EXPECT_EQ(shapesOf(drawing).at(0).path.boundingRect(), QRectF(30, 30, 40, 40));
+}

@@ -8,6 +8,8 @@
 
 #include <QStringList>
 
+#include <algorithm>
+
 namespace {
 
 QString serverReference(int index)
@@ -142,9 +144,15 @@ void DIO_FlatWriter::writeStroke(const DIO_SvgStyle& style)
     attribute("stroke-miterlimit", style.miterLimit);
     if (style.dashes.empty())
         return;
+    // The library forgets dashes without length, whose caps are dots; a thousandth of a width is not to be seen.
+    const double dot = style.lineCap == u"butt" ? 0.0 : style.strokeWidth / 1000.0;
     QStringList dashes;
-    for (const double dash : style.dashes)
-        dashes.append(DIO_number(dash));
+    for (std::size_t i = 0; i < style.dashes.size(); ++i) {
+        const bool isGap = i % 2 == 1;
+        const bool afterDot = isGap && style.dashes[i - 1] == 0.0;
+        dashes.append(DIO_number(isGap ? std::max(0.0, style.dashes[i] - (afterDot ? dot : 0.0))
+                                       : std::max(style.dashes[i], dot)));
+    }
     attribute("stroke-dasharray", dashes.join(u','));
     attribute("stroke-dashoffset", style.dashOffset);
 }

@@ -7,8 +7,10 @@
 #include "QuarvelDrawingIO/private/DIO_FlatWriter.h"
 #include "QuarvelDrawingIO/private/DIO_PictureAverage.h"
 #include "QuarvelDrawingIO/private/DIO_SvgGeometry.h"
+#include "QuarvelDrawingIO/private/DIO_SvgPathData.h"
 #include "QuarvelDrawingIO/private/DIO_SvgRecording.h"
 #include "QuarvelDrawingIO/private/DIO_SvgText.h"
+#include "QuarvelDrawingIO/private/DIO_SvgTransform.h"
 #include "QuarvelDrawingIO/private/DIO_SvgValues.h"
 
 #include <QMap>
@@ -17,6 +19,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <utility>
 
 namespace {
@@ -99,6 +102,7 @@ public:
         : _tree(tree), _layers(layers), _servers(tree, _sheet), _main(_servers)
     {
         collectStyleSheets(tree.root);
+        _servers.setPatternAverage([this](const DIO_XmlNode& pattern) { return averageOf(pattern); });
     }
 
     UT_Result<DIO_FlatSvg> flatten(const QSizeF& viewport)
@@ -106,6 +110,7 @@ public:
         _ancestry.push_back(&_tree.root);
         const DIO_SvgProperties properties = DIO_cascade(_sheet, _ancestry);
         const Surroundings around{viewport};
+        _viewport = viewport;
         visitContent(_tree.root, DIO_SvgStyle().inheritedBy(properties, around.diagonal()), around);
         if (_sheet.exhausted())
             refuse(QStringLiteral("has style sheets that take too long to apply"));
@@ -172,10 +177,11 @@ private:
 
         if (layer >= 0)
             _writer->mark(DIO_SvgMark::Command::LAYER, layer);
-        DIO_FlatWriter::Extras extras{node.attribute(QLatin1String("transform")), opacity,
-                                      properties.value(QStringLiteral("vector-effect")) == u"non-scaling-stroke"};
         const DIO_SvgStyle style = outer.inheritedBy(properties, around.diagonal());
-        const Cuts cuts = around.inClip ? Cuts() : beginCuts({node, element, style, properties, around}, extras);
+        const Visited visited{node, element, style, properties, around};
+        DIO_FlatWriter::Extras extras{transformOf(visited), opacity,
+                                      properties.value(QStringLiteral("vector-effect")) == u"non-scaling-stroke"};
+        const Cuts cuts = around.inClip ? Cuts() : beginCuts(visited, extras);
         write(node, element, style, extras, around, properties);
         endCuts(cuts);
         if (layer >= 0)
@@ -225,18 +231,171 @@ private:
     void writeShape(const DIO_XmlNode& node, const DIO_SvgStyle& style, const DIO_FlatWriter::Extras& extras,
                     const Surroundings& around)
     {
-        if (!style.visible || (paintsNothing(style) && !around.inClip))
+        if (!style.visible || (paintsNothing(style) && !around.inClip && !hasMarkers(node, style)))
             return;
-        for (const char* marker : {"marker-start", "marker-mid", "marker-end"})
-            if (node.attribute(QLatin1String(marker)).startsWith(u"url"))
-                ++_leftOut[QStringLiteral("line-end marker")];
         const QString data = DIO_shapePath(node, around.viewport, style.fontSize);
         if (data.isEmpty())
             return;
-        if (around.inClip)
+        if (around.inClip) {
             _writer->clipPath(data, style.clipEvenOdd, extras.transform);
-        else
-            _writer->path(data, style, extras);
+        } else if (hasMarkers(node, style)) {
+            _writer->beginGroup(extras.transform, extras.opacity);
+            _writer->path(withDots(data, style), style, {{}, 1.0, extras.fixedStrokeWidth});
+            writeMarkers(data, style, around);
+            _writer->endGroup();
+        } else {
+            _writer->path(withDots(data, style), style, extras);
+        }
+    }
+
+    // The library forgets lines without length, whose caps are dots; a thousandth of a width is not to be seen.
+    static QString withDots(const QString& data, const DIO_SvgStyle& style)
+    {
+        if (style.lineCap == u"butt" || style.stroke.kind == DIO_SvgPaint::Kind::NONE || !(style.strokeWidth > 0.0))
+            return data;
+        QString all = data;
+        for (const QPointF& dot : DIO_pathDots(data))
+            all += QStringLiteral(" M%1 %2h%3")
+                       .arg(DIO_number(dot.x()), DIO_number(dot.y()), DIO_number(style.strokeWidth / 1000.0));
+        return all;
+    }
+
+    static bool hasMarkers(const DIO_XmlNode& node, const DIO_SvgStyle& style)
+    {
+        const bool mayHave =
+            node.name == u"path" || node.name == u"line" || node.name == u"polyline" || node.name == u"polygon";
+        const auto isOne = [](const QString& marker) { return marker.startsWith(u"url("); };
+        return mayHave && (isOne(style.markerStart) || isOne(style.markerMid) || isOne(style.markerEnd));
+    }
+
+    void writeMarkers(const QString& data, const DIO_SvgStyle& style, const Surroundings& around)
+    {
+        const std::vector<DIO_PathVertex> vertices = DIO_pathVertices(data);
+        for (std::size_t i = 0; i < vertices.size(); ++i) {
+            const bool isFirst = i == 0;
+            const bool isLast = i + 1 == vertices.size();
+            if (isFirst)
+                writeMarker(style.markerStart, {vertices[i].at, vertices[i].onwards, true}, style, around);
+            if (isLast)
+                writeMarker(style.markerEnd, {vertices[i].at, vertices[i].into, false}, style, around);
+            if (!isFirst && !isLast)
+                writeMarker(style.markerMid, {vertices[i].at, between(vertices[i]), false}, style, around);
+        }
+    }
+
+    // The direction in the middle between those of the two segments at a vertex.
+    static QPointF between(const DIO_PathVertex& vertex)
+    {
+        const auto unit = [](const QPointF& p) { return p.isNull() ? p : p / std::hypot(p.x(), p.y()); };
+        const QPointF both = unit(vertex.into) + unit(vertex.onwards);
+        return both.isNull() ? vertex.onwards : both;
+    }
+
+    struct MarkerPlace
+    {
+        QPointF at;
+        QPointF direction;
+        bool isStart;
+    };
+
+    void writeMarker(const QString& reference, const MarkerPlace& place, const DIO_SvgStyle& style,
+                     const Surroundings& around)
+    {
+        const DIO_XmlNode* const marker = referenced(reference, u"marker", "line-end marker");
+        if (!marker || !countInstance() || !withinLimits())
+            return;
+        _ancestry.push_back(marker);
+        const auto leave = qScopeGuard([this] { _ancestry.pop_back(); });
+        const DIO_SvgProperties properties = DIO_cascade(_sheet, _ancestry);
+        const auto length = [&](const char* name, double otherwise) {
+            return DIO_readLength(marker->attribute(QLatin1String(name)), {otherwise, style.fontSize})
+                .value_or(otherwise);
+        };
+        const QRectF frame(0.0, 0.0, length("markerWidth", 3.0), length("markerHeight", 3.0));
+        if (!(frame.width() > 0.0 && frame.height() > 0.0))
+            return;
+        const std::optional<QRectF> viewBox = DIO_readViewBox(marker->attribute(QLatin1String("viewBox")));
+        const DIO_AspectFit fit = DIO_readAspectFit(marker->attribute(QLatin1String("preserveAspectRatio")));
+        const QTransform content = viewBox ? DIO_fitTransform(*viewBox, frame, fit) : QTransform();
+        const QPointF fixed = content.map(QPointF(length("refX", 0.0), length("refY", 0.0)));
+        const bool isFixed = marker->attribute(QLatin1String("markerUnits")) == u"userSpaceOnUse";
+        const double scale = isFixed ? 1.0 : style.strokeWidth;
+        QTransform toPlace;
+        toPlace.translate(place.at.x(), place.at.y());
+        toPlace.rotate(turnOf(*marker, place));
+        toPlace.scale(scale, scale);
+        toPlace.translate(-fixed.x(), -fixed.y());
+
+        Surroundings inner = around;
+        inner.inUse = true;
+        inner.viewport = viewBox ? viewBox->size() : frame.size();
+        DIO_SvgStyle own;
+        own.contextFill = style.fill;
+        own.contextStroke = style.stroke;
+        const bool clipped = properties.value(QStringLiteral("overflow"), QStringLiteral("hidden")) == u"hidden";
+        _writer->beginGroup(matrixText(toPlace));
+        if (clipped) {
+            _writer->mark(DIO_SvgMark::Command::CLIP_BEGIN);
+            _writer->clipPath(DIO_rectPath(0.0, 0.0, frame.width(), frame.height()), false, {});
+            _writer->mark(DIO_SvgMark::Command::CLIP_END);
+        }
+        _writer->beginGroup(matrixText(content));
+        visitContent(*marker, own.inheritedBy(properties, inner.diagonal()), inner);
+        _writer->endGroup();
+        if (clipped)
+            _writer->mark(DIO_SvgMark::Command::CLIP_POP);
+        _writer->endGroup();
+    }
+
+    // In degrees.
+    static double turnOf(const DIO_XmlNode& marker, const MarkerPlace& place)
+    {
+        const QString orient = marker.attribute(QLatin1String("orient")).trimmed();
+        if (!orient.startsWith(u"auto"))
+            return DIO_readNumber(orient).value_or(0.0);
+        const double along = std::atan2(place.direction.y(), place.direction.x()) * 180.0 / std::numbers::pi;
+        return along + (place.isStart && orient == u"auto-start-reverse" ? 180.0 : 0.0);
+    }
+
+    // The average colour of a pattern's tile, its gaps included.
+    std::optional<QColor> averageOf(const DIO_XmlNode& pattern)
+    {
+        const auto attribute = [&](const char* name) {
+            const DIO_XmlNode* const owner = _servers.firstOf(
+                pattern, [name](const DIO_XmlNode& node) { return !node.attribute(QLatin1String(name)).isEmpty(); });
+            return owner ? owner->attribute(QLatin1String(name)) : QString();
+        };
+        const DIO_XmlNode* const owner = _servers.firstOf(pattern, [](const DIO_XmlNode& node) {
+            return std::ranges::any_of(node.children, [](const DIO_XmlNode& child) { return !child.isText(); });
+        });
+        if (!owner)
+            return std::nullopt;
+        // Without the box of what is painted, parts of it are taken for parts of the page; only the content's own units
+        // make a difference then.
+        const bool inParts = attribute("patternUnits") != u"userSpaceOnUse";
+        const bool contentInParts = attribute("patternContentUnits") == u"objectBoundingBox";
+        const QSizeF whole = inParts && contentInParts ? QSizeF(1.0, 1.0) : _viewport;
+        const auto length = [&](const char* name, double percentOf) {
+            const QString text = attribute(name);
+            const double value = DIO_readLength(text, {percentOf, 16.0}).value_or(0.0);
+            return inParts && !text.contains(u'%') ? value * percentOf : value;
+        };
+        const QRectF tile = DIO_readViewBox(attribute("viewBox"))
+                                .value_or(QRectF(length("x", whole.width()), length("y", whole.height()),
+                                                 length("width", whole.width()), length("height", whole.height())));
+        if (!(tile.width() > 0.0 && tile.height() > 0.0))
+            return std::nullopt;
+        DIO_FlatWriter scratch(_servers);
+        DIO_FlatWriter* const before = std::exchange(_writer, &scratch);
+        _ancestry.push_back(owner);
+        Surroundings inside{tile.size()};
+        inside.inUse = true;
+        const DIO_SvgProperties properties = DIO_cascade(_sheet, _ancestry);
+        visitContent(*owner, DIO_SvgStyle().inheritedBy(properties, inside.diagonal()), inside);
+        _ancestry.pop_back();
+        _writer = before;
+        const QColor average = DIO_averageOfSvg(scratch.document(), tile, _servers.servers());
+        return average.alpha() > 0 ? std::optional(average) : std::nullopt;
     }
 
     void writeText(const DIO_XmlNode& node, const DIO_SvgStyle& style, const DIO_FlatWriter::Extras& extras,
@@ -396,8 +555,9 @@ private:
     // already written, too, where that was needed.
     Cuts beginCuts(const Visited& visited, DIO_FlatWriter::Extras& extras)
     {
-        const DIO_XmlNode* clip = referenced(visited.properties, "clip-path", u"clipPath", "clip");
-        const DIO_XmlNode* const mask = referenced(visited.properties, "mask", u"mask", "mask");
+        const auto valueOf = [&](const char* property) { return visited.properties.value(QLatin1String(property)); };
+        const DIO_XmlNode* clip = referenced(valueOf("clip-path"), u"clipPath", "clip");
+        const DIO_XmlNode* const mask = referenced(valueOf("mask"), u"mask", "mask");
         Cuts cuts;
         if (clip || mask) {
             cuts.grouped = true;
@@ -410,7 +570,7 @@ private:
             const DIO_SvgProperties own = DIO_cascade(_sheet, _ancestry);
             writeClip(*clip, own, visited);
             _ancestry.pop_back();
-            clip = referenced(own, "clip-path", u"clipPath", "clip");
+            clip = referenced(own.value(QStringLiteral("clip-path")), u"clipPath", "clip");
         }
         if (mask)
             writeMask(*mask, visited);
@@ -438,7 +598,8 @@ private:
     // A single fill or stroke has nothing to be faded with.
     static bool paintsSeveralShapes(const Visited& visited)
     {
-        const bool isSingle = visited.element == Element::SHAPE || visited.element == Element::PICTURE;
+        const bool isSingle = (visited.element == Element::SHAPE && !hasMarkers(visited.node, visited.style)) ||
+                              visited.element == Element::PICTURE;
         const DIO_SvgStyle& style = visited.style;
         return !isSingle || (style.fill.kind != DIO_SvgPaint::Kind::NONE &&
                              style.stroke.kind != DIO_SvgPaint::Kind::NONE && style.strokeWidth > 0.0);
@@ -527,11 +688,20 @@ private:
         return DIO_boundsOfSvg(scratch.document());
     }
 
-    // The element that a property refers to, if it is of the right kind and does not contain what refers to it.
-    const DIO_XmlNode* referenced(const DIO_SvgProperties& properties, const char* property, QStringView kind,
-                                  const char* words)
+    // The transform of an element, as an attribute.
+    QString transformOf(const Visited& visited)
     {
-        const QString value = properties.value(QLatin1String(property)).trimmed();
+        const QString attribute = visited.node.attribute(QLatin1String("transform"));
+        const std::optional<QTransform> styled =
+            DIO_styledTransform(visited.properties, attribute, visited.around.viewport, visited.style.fontSize,
+                                [&] { return boxOf(visited); });
+        return styled ? matrixText(*styled) : attribute;
+    }
+
+    // The element that a property refers to, if it is of the right kind and does not contain what refers to it.
+    const DIO_XmlNode* referenced(const QString& property, QStringView kind, const char* words)
+    {
+        const QString value = property.trimmed();
         if (value.isEmpty() || value == u"none" || value == u"inherit")
             return nullptr;
         QString reference = value.section(u'(', 1).section(u')', 0, 0).trimmed();
@@ -570,6 +740,7 @@ private:
     };
 
     const DIO_XmlTree& _tree;
+    QSizeF _viewport;
     const DIO_SvgLayers& _layers;
     DIO_StyleSheet _sheet;
     DIO_SvgPaintServers _servers;

@@ -14,8 +14,6 @@
 
 namespace {
 
-constexpr std::size_t kMaxPatternColours = 1000;
-
 QColor opaque(QColor colour)
 {
     colour.setAlpha(255);
@@ -37,14 +35,6 @@ QString nameOf(const DIO_XmlNode& node, DIO_Paint::Kind kind, const QColor& colo
     }
 }
 
-bool isShapeName(const QString& name)
-{
-    static const QSet<QString> names = {
-        QStringLiteral("path"),    QStringLiteral("rect"),     QStringLiteral("circle"), QStringLiteral("ellipse"),
-        QStringLiteral("polygon"), QStringLiteral("polyline"), QStringLiteral("text")};
-    return names.contains(name);
-}
-
 } // namespace
 
 int DIO_SvgPaintServers::find(const QString& reference)
@@ -58,11 +48,10 @@ int DIO_SvgPaintServers::find(const QString& reference)
         return create(*node, DIO_Paint::Kind::GRADIENT, stopsOf(*node));
     if (node->name != u"pattern")
         return -1;
-    const std::vector<QColor> colours = patternColours(*node);
-    QGradientStops stops;
-    for (std::size_t i = 0; i < colours.size(); ++i)
-        stops.append({(static_cast<double>(i) + 0.5) / static_cast<double>(colours.size()), colours[i]});
-    return create(*node, DIO_Paint::Kind::PATTERN, stops);
+    // A pattern that is painted with itself paints nothing.
+    _indexOf.insert(node, -1);
+    const std::optional<QColor> average = _patternAverage ? _patternAverage(*node) : std::nullopt;
+    return average ? create(*node, DIO_Paint::Kind::PATTERN, {{0.0, *average}}) : -1;
 }
 
 int DIO_SvgPaintServers::addPicture(const DIO_XmlNode& image, const QColor& average)
@@ -90,17 +79,13 @@ int DIO_SvgPaintServers::create(const DIO_XmlNode& node, DIO_Paint::Kind kind, c
     return index;
 }
 
-// A server without content of its own takes that of the one it links to.
-const DIO_XmlNode* DIO_SvgPaintServers::contentOf(const DIO_XmlNode& server, QStringView childName) const
+const DIO_XmlNode* DIO_SvgPaintServers::firstOf(const DIO_XmlNode& server,
+                                                const std::function<bool(const DIO_XmlNode&)>& isWanted) const
 {
     const DIO_XmlNode* node = &server;
     for (QSet<const DIO_XmlNode*> seen; node && !seen.contains(node); node = _tree.find(node->link())) {
         seen.insert(node);
-        const bool hasContent =
-            std::any_of(node->children.begin(), node->children.end(), [&](const DIO_XmlNode& child) {
-                return childName.isEmpty() ? !child.isText() : child.name == childName;
-            });
-        if (hasContent)
+        if (isWanted(*node))
             return node;
     }
     return nullptr;
@@ -109,7 +94,10 @@ const DIO_XmlNode* DIO_SvgPaintServers::contentOf(const DIO_XmlNode& server, QSt
 QGradientStops DIO_SvgPaintServers::stopsOf(const DIO_XmlNode& gradient) const
 {
     QGradientStops stops;
-    const DIO_XmlNode* const owner = contentOf(gradient, u"stop");
+    // A gradient without stops of its own takes those of the one that it links to.
+    const DIO_XmlNode* const owner = firstOf(gradient, [](const DIO_XmlNode& node) {
+        return std::ranges::any_of(node.children, [](const DIO_XmlNode& child) { return child.name == u"stop"; });
+    });
     if (!owner)
         return stops;
     double last = 0.0;
@@ -129,36 +117,4 @@ QGradientStops DIO_SvgPaintServers::stopsOf(const DIO_XmlNode& gradient) const
         stops.append({last, colour});
     }
     return stops;
-}
-
-std::vector<QColor> DIO_SvgPaintServers::patternColours(const DIO_XmlNode& pattern) const
-{
-    std::vector<QColor> colours;
-    if (const DIO_XmlNode* const owner = contentOf(pattern, {})) {
-        std::vector<const DIO_XmlNode*> ancestry{owner};
-        collectColours(ancestry, DIO_SvgStyle(), colours);
-    }
-    return colours;
-}
-
-void DIO_SvgPaintServers::collectColours(std::vector<const DIO_XmlNode*>& ancestry, const DIO_SvgStyle& outer,
-                                         std::vector<QColor>& colours) const
-{
-    const DIO_XmlNode& node = *ancestry.back();
-    const DIO_SvgStyle style = outer.inheritedBy(DIO_cascade(_sheet, ancestry), 0.0);
-    const auto add = [&](const DIO_SvgPaint& paint) {
-        if (paint.kind == DIO_SvgPaint::Kind::COLOUR && colours.size() < kMaxPatternColours)
-            colours.push_back(paint.colour);
-    };
-    if (isShapeName(node.name)) {
-        add(style.fill);
-        add(style.stroke);
-    }
-    for (const DIO_XmlNode& child : node.children) {
-        if (child.isText())
-            continue;
-        ancestry.push_back(&child);
-        collectColours(ancestry, style, colours);
-        ancestry.pop_back();
-    }
 }

@@ -9,6 +9,9 @@
 
 #include <QBrush>
 
+#include <functional>
+#include <optional>
+
 /// A paint server in use.
 struct DIO_PaintServer
 {
@@ -27,19 +30,25 @@ public:
     /// The server that stands for an embedded picture.
     int addPicture(const DIO_XmlNode& image, const QColor& average);
 
+    /// Gives the average colour of a pattern's tile, its gaps included; nothing when it paints nothing.
+    using PatternAverage = std::function<std::optional<QColor>(const DIO_XmlNode& pattern)>;
+    void setPatternAverage(PatternAverage average) { _patternAverage = std::move(average); }
+
+    /// The server itself or the one that it links to, directly or not, of which something is true; null when there is
+    /// none.
+    const DIO_XmlNode* firstOf(const DIO_XmlNode& server,
+                               const std::function<bool(const DIO_XmlNode&)>& isWanted) const;
+
     /// All servers in use.
     const std::vector<DIO_PaintServer>& servers() const { return _servers; }
 
 private:
-    std::vector<QColor> patternColours(const DIO_XmlNode& pattern) const;
-    void collectColours(std::vector<const DIO_XmlNode*>& ancestry, const DIO_SvgStyle& style,
-                        std::vector<QColor>& colours) const;
     QGradientStops stopsOf(const DIO_XmlNode& gradient) const;
-    const DIO_XmlNode* contentOf(const DIO_XmlNode& server, QStringView childName) const;
     int create(const DIO_XmlNode& node, DIO_Paint::Kind kind, const QGradientStops& stops);
 
     const DIO_XmlTree& _tree;
     const DIO_StyleSheet& _sheet;
     QHash<const DIO_XmlNode*, int> _indexOf;
     std::vector<DIO_PaintServer> _servers;
+    PatternAverage _patternAverage;
 };

@@ -3,7 +3,9 @@
 // The document's viewBox is 100 x 100, and so is the device: what is recorded is in the document's own units.
 #include "QuarvelDrawingIO/private/DIO_SvgRecording.h"
 
+#include "QuarvelDrawingIO/private/DIO_AverageColour.h"
 #include "QuarvelDrawingIO/private/DIO_RecordingDevice.h"
+#include "QuarvelDrawingIO/private/DIO_ShapeCollector.h"
 
 #include <QPainter>
 #include <QSvgRenderer>
@@ -34,6 +36,34 @@ bool DIO_recordSvg(const QByteArray& document, double stretchY, DIO_ShapeSink& s
     painter.end();
     undashed = device.undashedPaths();
     return true;
+}
+
+QColor DIO_averageOfSvg(const QByteArray& document, const QRectF& tile, const std::vector<DIO_PaintServer>& servers)
+{
+    const DIO_SvgLayers noLayers;
+    DIO_ShapeCollector collector(noLayers, servers);
+    int undashed = 0;
+    DIO_recordSvg(document, 1.0, collector, undashed);
+    const DIO_Drawing drawing = collector.takeDrawing();
+
+    constexpr int kSide = 64;
+    QImage picture(kSide, kSide, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(kSide / tile.width(), kSide / tile.height());
+    painter.translate(-tile.topLeft());
+    for (const DIO_Layer& layer : drawing.layers)
+        for (const DIO_Shape& shape : layer.shapes) {
+            QColor colour = drawing.palette[static_cast<std::size_t>(shape.paint)].colour;
+            colour.setAlphaF(static_cast<float>(shape.opacity));
+            painter.setClipping(shape.clip.has_value());
+            if (shape.clip)
+                painter.setClipPath(*shape.clip);
+            painter.fillPath(shape.path, colour);
+        }
+    painter.end();
+    return DIO_averageColour(picture);
 }
 
 QRectF DIO_boundsOfSvg(const QByteArray& document)

@@ -50,6 +50,8 @@ const QSet<QString>& presentationAttributes()
         QStringLiteral("stroke-opacity"),
         QStringLiteral("stroke-width"),
         QStringLiteral("text-anchor"),
+        QStringLiteral("transform-box"),
+        QStringLiteral("transform-origin"),
         QStringLiteral("vector-effect"),
         QStringLiteral("visibility"),
     };
@@ -63,15 +65,19 @@ void apply(const std::vector<DIO_Declaration>& declarations, bool important, DIO
             properties.insert(declaration.property, declaration.value);
 }
 
-std::optional<DIO_SvgPaint> readPaint(const QString& text, const QColor& currentColour)
+std::optional<DIO_SvgPaint> readPaint(const QString& text, const DIO_SvgStyle& style)
 {
     const auto colourOf = [&](QStringView word) -> std::optional<QColor> {
-        return word.compare(u"currentColor", Qt::CaseInsensitive) == 0 ? std::optional(currentColour)
+        return word.compare(u"currentColor", Qt::CaseInsensitive) == 0 ? std::optional(style.currentColour)
                                                                        : DIO_readColour(word);
     };
     const QStringView value = QStringView(text).trimmed();
     if (value == u"none")
         return DIO_SvgPaint{};
+    if (value == u"context-fill")
+        return style.contextFill;
+    if (value == u"context-stroke")
+        return style.contextStroke;
     if (value.startsWith(u"url(")) {
         const qsizetype close = value.indexOf(u')');
         QString reference = value.mid(4, close < 0 ? -1 : close - 4).trimmed().toString();
@@ -180,7 +186,7 @@ DIO_SvgStyle DIO_SvgStyle::inheritedBy(const DIO_SvgProperties& properties, doub
     from.set(QLatin1String("font-size"), style.fontSize,
              [this](const QString& text) { return readFontSize(text, fontSize); });
     const DIO_LengthContext lengths{diagonal, style.fontSize};
-    const auto paint = [&style](const QString& text) { return readPaint(text, style.currentColour); };
+    const auto paint = [&style](const QString& text) { return readPaint(text, style); };
     const auto length = [&lengths](const QString& text) { return DIO_readLength(text, lengths); };
     const auto notNegative = [&lengths](const QString& text) -> std::optional<double> {
         const std::optional<double> value = DIO_readLength(text, lengths);
@@ -202,6 +208,12 @@ DIO_SvgStyle DIO_SvgStyle::inheritedBy(const DIO_SvgProperties& properties, doub
     from.set(QLatin1String("stroke-dashoffset"), style.dashOffset, length);
     from.set(QLatin1String("visibility"), style.visible,
              [](const QString& text) { return std::optional(text.trimmed() == u"visible"); });
+    for (const char* name : {"marker", "marker-start"})
+        from.set(QLatin1String(name), style.markerStart, readWord);
+    for (const char* name : {"marker", "marker-mid"})
+        from.set(QLatin1String(name), style.markerMid, readWord);
+    for (const char* name : {"marker", "marker-end"})
+        from.set(QLatin1String(name), style.markerEnd, readWord);
     for (const char* name : {"font-family", "font-style", "font-weight", "font-variant", "text-anchor"}) {
         QString word;
         from.set(QLatin1String(name), word, readWord);

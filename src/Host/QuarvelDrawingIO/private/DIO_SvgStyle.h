@@ -48,6 +48,11 @@ struct DIO_SvgStyle
     double miterLimit = 4.0;
     std::vector<double> dashes; ///< lengths of dashes and gaps, an even number of them; none: a solid line
     double dashOffset = 0.0;
+    QString markerStart; ///< "url(#id)"; empty or "none": no marker
+    QString markerMid;
+    QString markerEnd;
+    DIO_SvgPaint contextFill; ///< inside of a marker: the paints of the line that has it
+    DIO_SvgPaint contextStroke;
     QColor currentColour = Qt::black;
     bool visible = true;
     double fontSize = 16.0;
