@@ -41,6 +41,13 @@ UT_SharedPtr<CELVEC_Kvd> CELVEC_Kvd::shareForRendering() const
     return UT_SharedPtr<CELVEC_Kvd>(new CELVEC_Kvd(*this));
 }
 
+UT_SharedPtr<CELVEC_Kvd> CELVEC_Kvd::withPalette(const CM_SharedPtr<CM_Palette>& palette) const
+{
+    UT_SharedPtr<CELVEC_Kvd> copy(new CELVEC_Kvd(*this));
+    copy->setPalette(palette);
+    return copy;
+}
+
 void CELVEC_Kvd::setArtSelector(const GR_ArtSelector& selector)
 {
     _selector = selector;

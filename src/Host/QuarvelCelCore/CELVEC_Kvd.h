@@ -58,6 +58,9 @@ public:
     /// this drawing's.
     virtual UT_SharedPtr<CELVEC_Kvd> shareForRendering() const;
 
+    /// A drawing of the same shapes whose colours are looked up in another palette.
+    virtual UT_SharedPtr<CELVEC_Kvd> withPalette(const CM_SharedPtr<CM_Palette>& palette) const;
+
     /// Chooses the art layers that are rendered.
     void setArtSelector(const GR_ArtSelector& selector);
     const GR_ArtSelector& artSelector() const { return _selector; }
@@ -75,6 +78,7 @@ public:
 
 protected:
     CELVEC_Kvd(const CELVEC_Kvd&);
+    void setPalette(const CM_SharedPtr<CM_Palette>& palette) { _palette = palette; }
 
 private:
     struct Geometry;

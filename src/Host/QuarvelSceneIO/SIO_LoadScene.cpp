@@ -10,6 +10,7 @@
 #include "QuarvelSceneIO/private/SIO_FolderReader.h"
 #include "QuarvelSceneIO/private/SIO_Limits.h"
 #include "QuarvelSceneIO/private/SIO_Scene.h"
+#include "QuarvelSceneIO/private/SIO_SourcePath.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -111,9 +112,24 @@ private:
             else if (auto read = readDrawing(*element, entry, drawing, *bytes); !read)
                 return read;
         }
+        if (element)
+            element->setOrigin(originOf(entry));
         if (isOpaque)
             _scene->kept.insert({entry.module, std::move(kept)});
         return {};
+    }
+
+    // An entry that names no source of the index is that of drawings of which nobody knows where they came from.
+    MO_DrawingOrigin originOf(const SIO_Index::Element& entry) const
+    {
+        const auto& sources = _scene->index.sources;
+        if (entry.source < 1 || entry.source > static_cast<int>(sources.size()))
+            return {};
+        const SIO_Index::Source& source = sources[static_cast<std::size_t>(entry.source) - 1];
+        MO_DrawingOrigin origin{{}, entry.layer, source.objects};
+        for (const QString& path : source.files)
+            origin.files << SIO_sourceFile(path, _files.folder());
+        return origin.files.contains(QString()) ? MO_DrawingOrigin() : origin;
     }
 
     UT_Result<void> readDrawing(MO_ElementModule& element, const SIO_Index::Element& owner,

@@ -106,7 +106,7 @@ UT_Result<std::optional<SIO_SceneState>> save(const MO_Scene& scene, const QStri
                                               const SIO_SceneState* expected, SIO_FileSystem& disk)
 {
     const QString home = QDir::cleanPath(QFileInfo(folder).absoluteFilePath());
-    const auto files = SIO_sceneFiles(scene);
+    const auto files = SIO_sceneFiles(scene, home);
     if (!files)
         return files.error();
     const bool isNew = !QFileInfo::exists(home);

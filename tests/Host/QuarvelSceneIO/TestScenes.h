@@ -83,7 +83,7 @@ inline void putFiles(const QString& folder, const Files& files)
 /// The files as which a scene would be saved.
 inline Files filesOf(const MO_Scene& scene)
 {
-    auto files = SIO_sceneFiles(scene);
+    auto files = SIO_sceneFiles(scene, QString());
     EXPECT_TRUE(files) << qPrintable(files.error().text);
     return files ? *files : Files();
 }

@@ -1021,6 +1021,22 @@ Punktlicht: von dort, wo das Licht steht, mit der Entfernung schwächer</transla
         <source>Change Frame Rate</source>
         <translation>Bildrate ändern</translation>
     </message>
+    <message>
+        <source>Replace Drawings</source>
+        <translation>Zeichnungen ersetzen</translation>
+    </message>
+    <message>
+        <source>Change Origin</source>
+        <translation>Herkunft ändern</translation>
+    </message>
+    <message>
+        <source>Replace Palette &quot;%1&quot;</source>
+        <translation>Palette „%1“ ersetzen</translation>
+    </message>
+    <message>
+        <source>Add Palette &quot;%1&quot;</source>
+        <translation>Palette „%1“ hinzufügen</translation>
+    </message>
 </context>
 <context>
     <name>MO_ElementModule</name>

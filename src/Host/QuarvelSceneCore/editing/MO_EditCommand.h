@@ -9,6 +9,7 @@
 //   MO_ModuleCommands.h   adding, removing, renaming and switching modules
 //   MO_LinkCommands.h     links between modules
 //   MO_GroupCommands.h    the ports of groups
+//   MO_DrawingCommands.h  the drawings of elements
 //   MO_LightCommands.h    the lights of a scene
 //   MO_SceneCommands.h    the frames, the height and the frame rate of a scene
 //   MO_PaletteCommands.h  palettes and their colours

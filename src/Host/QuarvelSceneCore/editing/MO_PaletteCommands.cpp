@@ -1,14 +1,13 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A drawing's palette never changes, so the drawings are replaced too; their shapes share their paths with the old
-// ones.
+// A drawing's palette never changes, so the drawings are replaced too, by drawings that share their shapes.
 #include "QuarvelSceneCore/editing/MO_PaletteCommands.h"
 
 #include "QuarvelSceneCore/editing/private/MO_StateCmd.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 
+#include <algorithm>
 #include <functional>
-#include <typeinfo>
 #include <vector>
 
 namespace {
@@ -36,17 +35,6 @@ PalettePtr withColor(const CM_Palette& palette, const ColorPtr& changed)
     auto copy = UT_makeShared<CM_Palette>(palette.GetName(), palette.GetId());
     for (const ColorPtr& color : palette.colors())
         copy->addColor(color->GetColorId() == changed->GetColorId() ? changed : color);
-    return copy;
-}
-
-DrawingPtr withPalette(const CELVEC_Kvd& drawing, const PalettePtr& palette)
-{
-    auto copy = UT_makeShared<CELVEC_Kvd>(palette);
-    for (const GR_Art art : kGR_allArts)
-        for (const CELVEC_Shape& shape : drawing.shapes(art))
-            copy->addShape(art, shape);
-    copy->setArtSelector(drawing.artSelector());
-    copy->setColorTransform(drawing.colorTransform());
     return copy;
 }
 
@@ -78,8 +66,8 @@ private:
     void addDrawings(MO_ElementModule& element)
     {
         for (const auto& [name, drawing] : element.drawings())
-            if (drawing && drawing->palette() == _before && typeid(*drawing) == typeid(CELVEC_Kvd))
-                _drawings.push_back({&element, name, drawing, withPalette(*drawing, _after)});
+            if (drawing && drawing->palette() == _before)
+                _drawings.push_back({&element, name, drawing, drawing->withPalette(_after)});
     }
 
     void put(const PalettePtr& old, const PalettePtr& now, bool forward)
@@ -111,6 +99,27 @@ MO_EditCommand changeColorCmd(MO_Scene& scene, const PalettePtr& palette, const 
 }
 
 } // namespace
+
+MO_EditCommand MO_replacePaletteCmd(MO_Scene& scene, const PalettePtr& palette, const PalettePtr& replacement)
+{
+    if (palette == replacement)
+        return nullptr;
+    return std::make_unique<ReplacePaletteCmd>(
+        MO_CommandTexts::tr("Replace Palette \"%1\"").arg(palette->GetName().ToQString()), scene, palette, replacement);
+}
+
+MO_EditCommand MO_addPaletteCmd(MO_Scene& scene, const PalettePtr& palette)
+{
+    if (std::ranges::find(scene.palettes(), palette) != scene.palettes().end())
+        return nullptr;
+    return MO_makeStateCmd(MO_CommandTexts::tr("Add Palette \"%1\"").arg(palette->GetName().ToQString()), false, true,
+                           [&scene, palette](bool added) {
+                               if (added)
+                                   scene.addPalette(palette);
+                               else
+                                   scene.removePalette(palette);
+                           });
+}
 
 MO_EditCommand MO_renamePaletteCmd(MO_Scene& scene, const PalettePtr& palette, const QString& name)
 {

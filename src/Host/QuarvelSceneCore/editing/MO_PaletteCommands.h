@@ -8,6 +8,13 @@
 #include "QuarvelSceneCore/editing/MO_EditCommand.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 
+/// Puts a palette in the place of another one, in the scene and in its drawings. @return null when they are the same
+QUARVELSCENECORE_EXPORT MO_EditCommand MO_replacePaletteCmd(MO_Scene& scene, const CM_SharedPtr<CM_Palette>& palette,
+                                                            const CM_SharedPtr<CM_Palette>& replacement);
+
+/// Adds a palette to the scene. @return null when it has it
+QUARVELSCENECORE_EXPORT MO_EditCommand MO_addPaletteCmd(MO_Scene& scene, const CM_SharedPtr<CM_Palette>& palette);
+
 /// Renames a palette of the scene. @return null when nothing would change
 QUARVELSCENECORE_EXPORT MO_EditCommand MO_renamePaletteCmd(MO_Scene& scene, const CM_SharedPtr<CM_Palette>& palette,
                                                            const QString& name);

@@ -80,6 +80,14 @@ void MO_ElementModule::setDrawing(const QString& name, const UT_SharedPtr<CELVEC
     changed();
 }
 
+void MO_ElementModule::setOrigin(const MO_DrawingOrigin& origin)
+{
+    if (_origin == origin)
+        return;
+    _origin = origin;
+    changed();
+}
+
 UT_SharedPtr<CELVEC_Kvd> MO_ElementModule::drawingAt(double frame) const
 {
     const auto found = _drawings.find(_drawing->drawing(frame));
@@ -114,7 +122,9 @@ void MO_ElementModule::accept(MO_AbstractModuleVisitor& visitor)
 void MO_ElementModule::shareFiles(const MO_Module& original, MO_FileSharing sharing)
 {
     const bool forRendering = sharing == MO_FileSharing::FOR_RENDERING;
-    for (const auto& [name, drawing] : static_cast<const MO_ElementModule&>(original).drawings())
+    const auto& element = static_cast<const MO_ElementModule&>(original);
+    setOrigin(element.origin());
+    for (const auto& [name, drawing] : element.drawings())
         setDrawing(name, forRendering ? drawing->shareForRendering() : drawing);
 }
 

@@ -14,6 +14,7 @@
 #include "QuarvelCelCore/CELVEC_Kvd.h"
 #include "QuarvelSceneCore/graph/MO_Module.h"
 
+#include <QStringList>
 #include <QTransform>
 
 #include <map>
@@ -21,6 +22,16 @@
 class AT_DoubleAttr;
 class AT_DoubleAttrMeta;
 class AT_DrawingAttr;
+
+/// Where an element's drawings were read from, so that they can be read again. A plain value.
+struct MO_DrawingOrigin
+{
+    QStringList files;    ///< absolute paths, of all files that were read together; empty when nobody knows
+    QString layer;        ///< what the layer is called in them
+    QString objects = {}; ///< how their objects were chosen, in a word of the program that read them; empty: as usual
+
+    friend bool operator==(const MO_DrawingOrigin&, const MO_DrawingOrigin&) = default;
+};
 
 /// A module that shows the drawings of an element. Its attributes: "Drawing"; "PositionX" and "PositionY" in scene
 /// units, 0 by default; "ScaleX" and "ScaleY", 1 by default; "Rotation" in degrees, 0 by default. All numbers can be
@@ -53,13 +64,17 @@ public:
     /// The drawing shown at a frame; null when nothing is shown or the element has no drawing of that name.
     UT_SharedPtr<CELVEC_Kvd> drawingAt(double frame) const;
 
+    /// Where the drawings were read from. It does not change with them.
+    const MO_DrawingOrigin& origin() const { return _origin; }
+    void setOrigin(const MO_DrawingOrigin& origin);
+
     /// From a drawing's units to the scene's, at a frame.
     QTransform drawingToScene(double frame) const;
 
     QString keyword() const override;
     QString baseDisplayName() const override;
     void accept(MO_AbstractModuleVisitor& visitor) override;
-    /// Shares the drawings.
+    /// Shares the drawings and their origin.
     void shareFiles(const MO_Module& original, MO_FileSharing sharing) override;
     bool hasFiles() const override { return !_drawings.empty(); }
     void writeXmlAttributes(PO_XmlWriter& writer) const override;
@@ -78,4 +93,5 @@ private:
     AT_DoubleAttr* _rotation;
     QString _drawingFileExt;
     std::map<QString, UT_SharedPtr<CELVEC_Kvd>> _drawings;
+    MO_DrawingOrigin _origin;
 };

@@ -34,6 +34,9 @@ public:
     using CELVEC_Kvd::CELVEC_Kvd;
     ~SIO_Drawing() override;
 
+    /// With what a newer version wrote.
+    UT_SharedPtr<CELVEC_Kvd> withPalette(const CM_SharedPtr<CM_Palette>& palette) const override;
+
     PO_UnknownXml unknown;
     PO_UnknownXml unknownOfEntry; ///< of the drawing's entry in the scene's main file
     std::map<GR_Art, PO_UnknownXml> unknownOfArts;

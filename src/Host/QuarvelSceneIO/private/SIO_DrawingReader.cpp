@@ -142,6 +142,13 @@ private:
 
 SIO_Drawing::~SIO_Drawing() = default;
 
+UT_SharedPtr<CELVEC_Kvd> SIO_Drawing::withPalette(const CM_SharedPtr<CM_Palette>& palette) const
+{
+    UT_SharedPtr<SIO_Drawing> copy(new SIO_Drawing(*this));
+    copy->setPalette(palette);
+    return copy;
+}
+
 UT_Result<UT_SharedPtr<SIO_Drawing>> SIO_readDrawing(const QByteArray& bytes, const SIO_PaletteFinder& palettes,
                                                      const SIO_XmlContext& context)
 {

@@ -23,6 +23,13 @@ const QString kElementPalette = QStringLiteral("palette");
 const QString kElementElements = QStringLiteral("elements");
 const QString kElementElement = QStringLiteral("element");
 const QString kElementDrawing = QStringLiteral("drawing");
+const QString kElementSources = QStringLiteral("sources");
+const QString kElementSource = QStringLiteral("source");
+const QString kElementFile = QStringLiteral("file");
+const QString kAttributePath = QStringLiteral("path");
+const QString kAttributeSource = QStringLiteral("source");
+const QString kAttributeObjects = QStringLiteral("objects");
+const QString kAttributeLayer = QStringLiteral("layer");
 const QString kAttributeId = QStringLiteral("id");
 const QString kAttributeInScene = QStringLiteral("inScene");
 const QString kAttributeModule = QStringLiteral("module");
@@ -65,7 +72,32 @@ public:
         return {};
     }
 
+    void readSources(const QDomElement& list)
+    {
+        _context.keepOtherAttributes(list, {}, _index.unknownOfSources);
+        for (QDomElement child = list.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
+            if (child.tagName() == kElementSource)
+                readSource(child);
+            else
+                _context.keepElement(child, _index.unknownOfSources);
+        }
+    }
+
 private:
+    void readSource(const QDomElement& element)
+    {
+        SIO_Index::Source source;
+        source.objects = PO_attribute(element, kAttributeObjects);
+        _context.keepOtherAttributes(element, {kAttributeObjects}, source.unknown);
+        for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
+            if (child.tagName() == kElementFile)
+                source.files << PO_attribute(child, kAttributePath);
+            else
+                _context.keepElement(child, source.unknown);
+        }
+        _index.sources.push_back(std::move(source));
+    }
+
     UT_Result<void> readPalette(const QDomElement& element)
     {
         SIO_Index::Palette palette;
@@ -90,7 +122,10 @@ private:
         if (_modules.contains(read.module))
             return _context.error(element, Texts::tr("\"%1\" comes twice").arg(read.module));
         _modules.insert(read.module);
-        _context.keepOtherAttributes(element, {kAttributeModule, kAttributeFolder}, read.unknown);
+        read.source = PO_intAttribute(element, kAttributeSource).value_or(0);
+        read.layer = PO_attribute(element, kAttributeLayer);
+        _context.keepOtherAttributes(element, {kAttributeModule, kAttributeFolder, kAttributeSource, kAttributeLayer},
+                                     read.unknown);
         QSet<QString> names;
         for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
             if (child.tagName() != kElementDrawing)
@@ -145,6 +180,10 @@ UT_Result<void> readRootChild(const QDomElement& child, Reader& reader, SIO_Inde
         return reader.readPalettes(child);
     if (child.tagName() == kElementElements)
         return reader.readElements(child);
+    if (child.tagName() == kElementSources) {
+        reader.readSources(child);
+        return {};
+    }
     if (child.tagName() != kElementScene)
         context.keepElement(child, index.unknown);
     else if (index.scene.isNull())
@@ -176,6 +215,10 @@ void writeElement(const SIO_Index::Element& element, PO_XmlWriter& writer)
     writer.startElement(kElementElement);
     writer.attribute(kAttributeModule, element.module);
     writer.attribute(kAttributeFolder, element.folder);
+    if (element.source > 0) {
+        writer.attribute(kAttributeSource, element.source);
+        writer.attribute(kAttributeLayer, element.layer);
+    }
     element.unknown.writeAttributes(writer);
     for (const SIO_Index::Drawing& drawing : element.drawings) {
         writer.startElement(kElementDrawing);
@@ -186,6 +229,30 @@ void writeElement(const SIO_Index::Element& element, PO_XmlWriter& writer)
         writer.endElement();
     }
     element.unknown.writeElements(writer);
+    writer.endElement();
+}
+
+// A scene of which nobody knows where its drawings came from has no such list.
+void writeSources(const SIO_Index& index, PO_XmlWriter& writer)
+{
+    if (index.sources.empty() && index.unknownOfSources.isEmpty())
+        return;
+    writer.startElement(kElementSources);
+    index.unknownOfSources.writeAttributes(writer);
+    for (const SIO_Index::Source& source : index.sources) {
+        writer.startElement(kElementSource);
+        if (!source.objects.isEmpty())
+            writer.attribute(kAttributeObjects, source.objects);
+        source.unknown.writeAttributes(writer);
+        for (const QString& file : source.files) {
+            writer.startElement(kElementFile);
+            writer.attribute(kAttributePath, file);
+            writer.endElement();
+        }
+        source.unknown.writeElements(writer);
+        writer.endElement();
+    }
+    index.unknownOfSources.writeElements(writer);
     writer.endElement();
 }
 
@@ -246,6 +313,7 @@ QByteArray SIO_writeMainFile(const SIO_Index& index, const PIO_XmlWritable& scen
             writeElement(element, writer);
         index.unknownOfElements.writeElements(writer);
         writer.endElement();
+        writeSources(index, writer);
         scene.writeXml(writer);
         index.unknown.writeElements(writer);
         writer.endElement();

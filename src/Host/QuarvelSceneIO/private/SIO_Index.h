@@ -9,10 +9,15 @@
 //         <palette id="00000000000000a2" inScene="false"/>
 //       </palettes>
 //       <elements>
-//         <element folder="Hero" module="Hero">
+//         <element folder="Hero" layer="Hero" module="Hero" source="1">
 //           <drawing file="1.kvr" name="1"/>
 //         </element>
 //       </elements>
+//       <sources>
+//         <source>
+//           <file path="../hero.svg"/>
+//         </source>
+//       </sources>
 //       <scene .../>
 //     </quarvelScene>
 #pragma once
@@ -48,6 +53,8 @@ struct SIO_Index
         QString module; ///< the name of the module that the drawings belong to
         QString folder;
         std::vector<Drawing> drawings = {};
+        int source = 0;     ///< the number of the source that the drawings were read from; 0: nobody knows
+        QString layer = {}; ///< of the source
         PO_UnknownXml unknown = {};
         int line = 0;
 
@@ -55,11 +62,23 @@ struct SIO_Index
         QString pathOf(const Drawing& drawing) const;
     };
 
+    /// Files that were read together, relative to the scene's folder where that is possible. The first has number 1.
+    struct Source
+    {
+        QStringList files;
+        QString objects = {}; ///< how their objects were chosen
+        PO_UnknownXml unknown = {};
+
+        bool isSameAs(const Source& other) const { return files == other.files && objects == other.objects; }
+    };
+
     std::vector<Palette> palettes;
     std::vector<Element> elements;
+    std::vector<Source> sources;
     PO_UnknownXml unknown;
     PO_UnknownXml unknownOfPalettes;
     PO_UnknownXml unknownOfElements;
+    PO_UnknownXml unknownOfSources;
     QDomElement scene; ///< of the document that was read
 
     /// The paths of all files except the main file.

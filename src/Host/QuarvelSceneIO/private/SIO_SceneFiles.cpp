@@ -9,6 +9,7 @@
 #include "QuarvelSceneIO/private/SIO_FileNames.h"
 #include "QuarvelSceneIO/private/SIO_Limits.h"
 #include "QuarvelSceneIO/private/SIO_Scene.h"
+#include "QuarvelSceneIO/private/SIO_SourcePath.h"
 
 #include <QCoreApplication>
 
@@ -31,7 +32,9 @@ qint64 partsOf(const QByteArray& bytes)
 class Collector
 {
 public:
-    explicit Collector(const MO_Scene& scene) : _scene(scene), _loaded(dynamic_cast<const SIO_Scene*>(&scene)) {}
+    Collector(const MO_Scene& scene, const QString& home)
+        : _scene(scene), _home(home), _loaded(dynamic_cast<const SIO_Scene*>(&scene))
+    {}
 
     UT_Result<QMap<QString, QByteArray>> collect()
     {
@@ -39,6 +42,7 @@ public:
             _index.unknown = _loaded->index.unknown;
             _index.unknownOfPalettes = _loaded->index.unknownOfPalettes;
             _index.unknownOfElements = _loaded->index.unknownOfElements;
+            _index.unknownOfSources = _loaded->index.unknownOfSources;
         }
         for (const auto& palette : _scene.palettes())
             addPalette(palette, true);
@@ -116,6 +120,8 @@ private:
         if (element.drawings().empty())
             return;
         SIO_Index::Element entry = newEntry(element);
+        entry.source = sourceOf(element.origin());
+        entry.layer = element.origin().layer;
         SIO_FileNames names;
         for (const auto& [name, drawing] : element.drawings()) {
             SIO_Index::Drawing file{name, names.add(name) + QStringLiteral(".kvr")};
@@ -133,6 +139,30 @@ private:
         _index.elements.push_back(std::move(entry));
     }
 
+    // The number of the source with these files; a new one where there is none yet.
+    int sourceOf(const MO_DrawingOrigin& origin)
+    {
+        if (origin.files.isEmpty())
+            return 0;
+        SIO_Index::Source source{{}, origin.objects};
+        for (const QString& file : origin.files)
+            source.files << SIO_sourcePath(file, _home);
+        if (_loaded)
+            for (const SIO_Index::Source& read : _loaded->index.sources)
+                if (read.isSameAs(source))
+                    source.unknown = read.unknown;
+        return numberOf(source);
+    }
+
+    int numberOf(const SIO_Index::Source& source)
+    {
+        const auto found = std::ranges::find_if(_index.sources, [&](const auto& one) { return one.isSameAs(source); });
+        const auto number = static_cast<int>(found - _index.sources.begin()) + 1;
+        if (found == _index.sources.end())
+            _index.sources.push_back(source);
+        return number;
+    }
+
     void addKept(const MO_Module& module)
     {
         const auto found = _loaded->kept.find(module.instanceName());
@@ -140,6 +170,11 @@ private:
             return;
         _hasKept = true;
         SIO_Index::Element entry = newEntry(module);
+        const auto source = static_cast<std::size_t>(found->second.entry.source);
+        if (source > 0 && source <= _loaded->index.sources.size()) {
+            entry.source = numberOf(_loaded->index.sources[source - 1]);
+            entry.layer = found->second.entry.layer;
+        }
         SIO_FileNames names;
         for (std::size_t i = 0; i < found->second.files.size(); ++i) {
             SIO_Index::Drawing file = found->second.entry.drawings[i];
@@ -151,6 +186,7 @@ private:
     }
 
     const MO_Scene& _scene;
+    QString _home;
     const SIO_Scene* _loaded;
     SIO_Index _index;
     SIO_FileNames _folders;
@@ -162,7 +198,7 @@ private:
 
 } // namespace
 
-UT_Result<QMap<QString, QByteArray>> SIO_sceneFiles(const MO_Scene& scene)
+UT_Result<QMap<QString, QByteArray>> SIO_sceneFiles(const MO_Scene& scene, const QString& home)
 {
-    return Collector(scene).collect();
+    return Collector(scene, home).collect();
 }

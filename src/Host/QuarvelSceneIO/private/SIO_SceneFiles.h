@@ -11,5 +11,6 @@
 
 /// All files of a scene by their paths within its folder.
 ///
+/// @param home the scene's folder, which the paths of sources are relative to; empty: they are absolute
 /// @return an error when the scene holds what no file can hold
-QUARVELSCENEIO_EXPORT UT_Result<QMap<QString, QByteArray>> SIO_sceneFiles(const MO_Scene& scene);
+QUARVELSCENEIO_EXPORT UT_Result<QMap<QString, QByteArray>> SIO_sceneFiles(const MO_Scene& scene, const QString& home);
