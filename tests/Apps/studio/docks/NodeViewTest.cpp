@@ -309,6 +309,14 @@ TEST_F(NodeViewTest, TheWheelZoomsAndTheMiddleButtonPans)
     expectNoChange();
 }
 
+TEST_F(NodeViewTest, ALinkIsNoNode)
+{
+    const QPoint from = port(module("Composite"), false, 0);
+    const QPoint middle = (from + port(module("Display"), true, 0)) / 2;
+    EXPECT_EQ(nodes().linkAt(middle).module, &module("Display"));
+    EXPECT_EQ(nodes().moduleAt(middle), nullptr);
+}
+
 TEST_F(NodeViewTest, InputsStandAboveWhatTheyFeedAndNoBoxesOverlap)
 {
     const GraphLayout layout = layoutGraph(document.scene().root());

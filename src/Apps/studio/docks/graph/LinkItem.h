@@ -12,8 +12,11 @@
 class LinkItem : public QGraphicsItem
 {
 public:
-    /// For qgraphicsitem_cast().
-    static constexpr int kType = UserType + 2;
+    /// By this name qgraphicsitem_cast() knows the class; without it, it would take any item for one.
+    enum
+    {
+        Type = UserType + 2 // NOLINT(readability-identifier-naming)
+    };
 
     /// @param target the input port that the link leads to; none while the link is being drawn
     explicit LinkItem(const NodePort& target);
@@ -21,7 +24,7 @@ public:
     const NodePort& target() const { return _target; }
     void setEnds(const QPointF& from, const QPointF& to);
 
-    int type() const override { return kType; }
+    int type() const override { return Type; }
     QRectF boundingRect() const override;
     QPainterPath shape() const override;
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;

@@ -25,8 +25,11 @@ struct NodePort
 class NodeItem : public QGraphicsItem
 {
 public:
-    /// For qgraphicsitem_cast().
-    static constexpr int kType = UserType + 1;
+    /// By this name qgraphicsitem_cast() knows the class; without it, it would take any item for one.
+    enum
+    {
+        Type = UserType + 1 // NOLINT(readability-identifier-naming)
+    };
     /// How near to a port the mouse has to be, in the units of the view.
     static constexpr double kPortReach = 11.0;
 
@@ -45,7 +48,7 @@ public:
     /// Emphasises a port; none ends that.
     void setHotPort(const NodePort& port);
 
-    int type() const override { return kType; }
+    int type() const override { return Type; }
     QRectF boundingRect() const override;
     QPainterPath shape() const override;
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
