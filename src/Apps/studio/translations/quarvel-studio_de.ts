@@ -1037,6 +1037,10 @@ Punktlicht: von dort, wo das Licht steht, mit der Entfernung schwächer</transla
         <source>Add Palette &quot;%1&quot;</source>
         <translation>Palette „%1“ hinzufügen</translation>
     </message>
+    <message>
+        <source>Move %1</source>
+        <translation>%1 verschieben</translation>
+    </message>
 </context>
 <context>
     <name>MO_ElementModule</name>
@@ -1797,6 +1801,14 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <source>Remove Last Output</source>
         <translation>Letzten Ausgang entfernen</translation>
     </message>
+    <message>
+        <source>Arrange</source>
+        <translation>Anordnen</translation>
+    </message>
+    <message>
+        <source>Disconnect</source>
+        <translation>Trennen</translation>
+    </message>
 </context>
 <context>
     <name>NodeItem</name>
@@ -1849,6 +1861,14 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>Name</source>
         <translation>Name</translation>
+    </message>
+    <message>
+        <source>Input %1</source>
+        <translation>Eingang %1</translation>
+    </message>
+    <message>
+        <source>Output %1</source>
+        <translation>Ausgang %1</translation>
     </message>
 </context>
 <context>

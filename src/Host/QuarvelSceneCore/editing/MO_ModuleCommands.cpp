@@ -151,6 +151,13 @@ MO_EditCommand MO_removeModulesCmd(const std::vector<MO_Module*>& modules)
                                               entriesOf(*group, modules));
 }
 
+namespace {
+
+// How far from its original a copy of a module stands that somebody has placed, right and down.
+constexpr double kAside = 36.0;
+
+} // namespace
+
 MO_EditCommand MO_duplicateModulesCmd(const std::vector<MO_Module*>& modules, std::vector<MO_Module*>* copies)
 {
     XUGroup* const group = commonGroup(modules);
@@ -161,6 +168,8 @@ MO_EditCommand MO_duplicateModulesCmd(const std::vector<MO_Module*>& modules, st
     for (MO_Module* module : modules) {
         std::unique_ptr<MO_Module> copy = MO_copyModule(*module);
         copyFor[module] = copy.get();
+        if (const auto& place = module->graphPlace())
+            copy->setGraphPlace(MO_GraphPlace{place->x + kAside, place->y + kAside});
         if (copies)
             copies->push_back(copy.get());
         entries.push_back({copy.get(), XUGroup::kAtEnd, std::move(copy)});
@@ -248,4 +257,25 @@ MO_EditCommand MO_enableCmd(const std::vector<MO_Module*>& modules, bool enabled
         for (MO_Module* module : changing)
             module->setEnabled(state);
     });
+}
+
+MO_EditCommand MO_placeModulesCmd(const std::vector<std::pair<MO_Module*, std::optional<MO_GraphPlace>>>& places)
+{
+    using Places = std::vector<std::optional<MO_GraphPlace>>;
+    std::vector<MO_Module*> modules;
+    Places before;
+    Places after;
+    for (const auto& [module, place] : places)
+        if (module->graphPlace() != place) {
+            modules.push_back(module);
+            before.push_back(module->graphPlace());
+            after.push_back(place);
+        }
+    if (modules.empty())
+        return nullptr;
+    return MO_makeStateCmd(MO_CommandTexts::tr("Move %1").arg(quoted(modules)), before, after,
+                           [modules](const Places& state) {
+                               for (std::size_t i = 0; i < modules.size(); ++i)
+                                   modules[i]->setGraphPlace(state[i]);
+                           });
 }

@@ -1,11 +1,14 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The undoable changes of the modules of a group: adding, removing, renaming and switching them.
+// The undoable changes of the modules of a group: adding, removing, renaming, switching
+// and moving them.
 #pragma once
 
 #include "QuarvelSceneCore/editing/MO_EditCommand.h"
 #include "QuarvelSceneCore/graph/XUGroup.h"
 
+#include <optional>
+#include <utility>
 #include <vector>
 
 /// Adds a module after the others of a group.
@@ -33,3 +36,10 @@ QUARVELSCENECORE_EXPORT MO_EditCommand MO_renameCmd(MO_Module& module, const QSt
 
 /// Switches modules on or off. @return null when nothing would change
 QUARVELSCENECORE_EXPORT MO_EditCommand MO_enableCmd(const std::vector<MO_Module*>& modules, bool enabled);
+
+/// Puts modules of one group at other places of its view (MO_Module::graphPlace()); without a place, a module goes back
+/// to where the view places it.
+///
+/// @return null when nothing would change
+QUARVELSCENECORE_EXPORT MO_EditCommand
+MO_placeModulesCmd(const std::vector<std::pair<MO_Module*, std::optional<MO_GraphPlace>>>& places);

@@ -12,13 +12,35 @@
 
 #include <QCoreApplication>
 
+#include <cmath>
+
 namespace {
 
 const QString kAttributeType = QStringLiteral("type");
 const QString kAttributeName = QStringLiteral("name");
 const QString kAttributeEnabled = QStringLiteral("enabled");
 const QString kAttributeMode = QStringLiteral("mode");
+const QString kAttributePlace = QStringLiteral("place");
 const QString kElementAttrs = QStringLiteral("attrs");
+
+QString placeText(const MO_GraphPlace& place)
+{
+    return QStringLiteral("%1 %2").arg(PO_formatDouble(place.x), PO_formatDouble(place.y));
+}
+
+std::optional<MO_GraphPlace> parsePlace(const QString& text)
+{
+    const QStringList numbers = text.split(u' ');
+    if (numbers.size() != 2)
+        return std::nullopt;
+    const auto x = PO_parseDouble(numbers[0]);
+    const auto y = PO_parseDouble(numbers[1]);
+    // A comparison with NaN is false.
+    const auto isInside = [](const std::optional<double>& value) {
+        return value && std::abs(*value) <= MO_GraphPlace::kLimit;
+    };
+    return isInside(x) && isInside(y) ? std::optional(MO_GraphPlace{*x, *y}) : std::nullopt;
+}
 
 } // namespace
 
@@ -76,6 +98,8 @@ void MO_Module::writeXmlAttributes(PO_XmlWriter& writer) const
     writer.attribute(kAttributeEnabled, enabled());
     if (mode() != 0)
         writer.attribute(kAttributeMode, mode());
+    if (_graphPlace)
+        writer.attribute(kAttributePlace, placeText(*_graphPlace));
     _unknown.writeAttributes(writer);
 }
 
@@ -116,6 +140,7 @@ public:
                      .arg(_module.keyword()));
             return false;
         }
+        _module._graphPlace.reset();
         _module._unknown.clear();
         _module._unknownAttrs.clear();
         const QDomNamedNodeMap attributes = element.attributes();
@@ -141,6 +166,9 @@ private:
         } else if (name == kAttributeMode) {
             if (const auto mode = PO_parseInt(value))
                 return _module.setMode(*mode);
+        } else if (name == kAttributePlace) {
+            if (const auto place = parsePlace(value))
+                return _module.setGraphPlace(place);
         } else if (!_module.parseXmlAttribute(name, value, _warnings)) {
             _module._unknown.addAttribute(name, attribute.value());
         } else {

@@ -10,7 +10,7 @@
 //
 // As XML a module is one element:
 //
-//     <module enabled="true" name="Normal-Map_1" type="Vallorin">
+//     <module enabled="true" name="Normal-Map_1" place="120 -36" type="Vallorin">
 //       <attrs>
 //         <BlurScale val="1.5"/>
 //       </attrs>
@@ -26,6 +26,8 @@
 #include "QuarvelSceneCore/graph/MO_CompositeType.h"
 #include "QuarvelSceneCore/graph/MO_Node.h"
 #include "QuarvelSceneCore/graph/MO_XmlEditable.h"
+
+#include <optional>
 
 class MO_AbstractModuleVisitor;
 class MO_BaseContext;
@@ -44,6 +46,18 @@ enum class MO_FileSharing
     FOR_RENDERING ///< the copy may be rendered on another thread while the original is changed
 };
 
+/// Where a module stands in a view of its group's graph: the middle of its box, in the units of the view; y down.
+struct MO_GraphPlace
+{
+    /// The largest distance from the origin along an axis.
+    static constexpr double kLimit = 1e6;
+
+    double x = 0.0;
+    double y = 0.0;
+
+    friend bool operator==(const MO_GraphPlace&, const MO_GraphPlace&) = default;
+};
+
 /// A module of the graph. See the top of this file for when its operations are called.
 class QUARVELSCENECORE_EXPORT MO_Module : public MO_Node, public MO_XmlEditable
 {
@@ -54,6 +68,11 @@ public:
 
     /// The name of the module's kind for people, from which a new module's own name is made.
     virtual QString baseDisplayName() const = 0;
+
+    /// Where a person put the module in the view of its group's graph; nothing for a module that nobody moved, which a
+    /// view places by itself. No picture depends on it, so nobody is notified of a change.
+    const std::optional<MO_GraphPlace>& graphPlace() const { return _graphPlace; }
+    void setGraphPlace(const std::optional<MO_GraphPlace>& place) { _graphPlace = place; }
 
     /// What reads an element written by writeXml() into this module: the name, the switch, the attributes, and what the
     /// kind of module adds. The graph reads the links. A module that treats missing attributes specially prepares
@@ -116,6 +135,7 @@ protected:
     virtual bool parseXmlSubnode(const QDomElement& element, QStringList* warnings);
 
 private:
+    std::optional<MO_GraphPlace> _graphPlace;
     PO_UnknownXml _unknown;
     PO_UnknownXml _unknownAttrs;
 };

@@ -14,6 +14,22 @@ namespace {
 class NodeViewTest : public docks::DocksTest
 {
 protected:
+    QPointF middleInGraph(const char* name) const { return nodes().item(module(name))->box().center(); }
+    void moveMouse(const QPoint& to)
+    {
+        QMouseEvent event(QEvent::MouseMove, to, nodes().viewport()->mapToGlobal(to), Qt::NoButton, Qt::NoButton,
+                          Qt::NoModifier);
+        QApplication::sendEvent(nodes().viewport(), &event);
+    }
+    void moveBy(const MO_Module& module, const QPoint& way)
+    {
+        const QPoint from = middleOf(module);
+        QTest::mousePress(nodes().viewport(), Qt::LeftButton, Qt::NoModifier, from);
+        moveMouse(from + way / 2);
+        moveMouse(from + way);
+        QTest::mouseRelease(nodes().viewport(), Qt::LeftButton, Qt::NoModifier, from + way);
+        docks::settle();
+    }
     QPoint port(const MO_Module& module, bool isInput, unsigned index) const
     {
         return nodes().portPosition(module, isInput, index);
@@ -315,6 +331,121 @@ TEST_F(NodeViewTest, ALinkIsNoNode)
     const QPoint middle = (from + port(module("Display"), true, 0)) / 2;
     EXPECT_EQ(nodes().linkAt(middle).module, &module("Display"));
     EXPECT_EQ(nodes().moduleAt(middle), nullptr);
+}
+
+TEST_F(NodeViewTest, ANodeIsMovedByHandAndKeepsItsPlaceUntilThatIsUndone)
+{
+    const QPointF was = middleInGraph("Hat");
+    const QPointF others = middleInGraph("Hero");
+    moveBy(module("Hat"), QPoint(60, 40));
+    const double zoom = nodes().transform().m11();
+    EXPECT_NEAR(middleInGraph("Hat").x(), was.x() + 60 / zoom, 1.0);
+    EXPECT_NEAR(middleInGraph("Hat").y(), was.y() + 40 / zoom, 1.0);
+    EXPECT_EQ(middleInGraph("Hero"), others);
+    expectOneChange(QStringLiteral("Move \"Hat\""));
+    document.undo();
+    docks::settle();
+    EXPECT_EQ(middleInGraph("Hat"), was);
+}
+
+TEST_F(NodeViewTest, SelectedNodesMoveTogetherAndTheirLinksWithThem)
+{
+    document.setSelection({&module("Hero"), &module("Hat")});
+    const QPointF between = middleInGraph("Hero") - middleInGraph("Hat");
+    moveBy(module("Hat"), QPoint(50, 0));
+    EXPECT_NEAR((middleInGraph("Hero") - middleInGraph("Hat") - between).manhattanLength(), 0.0, 2.0);
+    EXPECT_EQ(nodes().linkAt(port(module("Composite"), true, 1)).module, &module("Composite"));
+    EXPECT_EQ(document.commands().undoNames().size(), 1);
+}
+
+TEST_F(NodeViewTest, EscapeGivesAMoveUp)
+{
+    const QPointF was = middleInGraph("Hat");
+    const QPoint from = middleOf(module("Hat"));
+    QTest::mousePress(nodes().viewport(), Qt::LeftButton, Qt::NoModifier, from);
+    moveMouse(from + QPoint(80, 30));
+    EXPECT_NE(middleInGraph("Hat"), was);
+    QTest::keyClick(&nodes(), Qt::Key_Escape);
+    EXPECT_EQ(middleInGraph("Hat"), was);
+    QTest::mouseRelease(nodes().viewport(), Qt::LeftButton, Qt::NoModifier, from + QPoint(80, 30));
+    expectNoChange();
+}
+
+TEST_F(NodeViewTest, ArrangeLetsTheGraphPlaceTheNodesAgain)
+{
+    const QPointF was = middleInGraph("Hat");
+    moveBy(module("Hat"), QPoint(60, 40));
+    QTest::keyClick(&nodes(), Qt::Key_L);
+    docks::settle();
+    EXPECT_EQ(middleInGraph("Hat"), was);
+}
+
+TEST_F(NodeViewTest, ANewNodeAppearsWhereTheMenuWasOpened)
+{
+    const QPoint place(40, nodes().viewport()->height() - 40);
+    ASSERT_EQ(nodes().moduleAt(place), nullptr);
+    const QPoint hero = middleOf(module("Hero"));
+    Q_EMIT nodes().menuWanted(nodes().viewport()->mapToGlobal(place), nullptr, {});
+    const auto* const menu = nodes().findChild<QMenu*>(QStringLiteral("NodeMenu"));
+    ASSERT_NE(menu, nullptr);
+    ASSERT_TRUE(choose(*menu, MO_CompositeModule().baseDisplayName()));
+    docks::settle();
+    ASSERT_NE(document.currentModule(), nullptr);
+    EXPECT_LE((middleOf(*document.currentModule()) - place).manhattanLength(), 2);
+    // What was seen stays where it was.
+    EXPECT_EQ(middleOf(module("Hero")), hero);
+}
+
+TEST_F(NodeViewTest, ConnectingPansNothing)
+{
+    moveBy(module("Hat"), QPoint(20, 0));
+    const QTransform was = nodes().viewportTransform();
+    drag(*nodes().viewport(), port(module("Hero"), false, 0), port(module("Arm"), true, 0));
+    ASSERT_NE(module("Arm").inPort(0)->srcPort(), nullptr);
+    docks::settle();
+    EXPECT_EQ(nodes().viewportTransform(), was);
+}
+
+TEST_F(NodeViewTest, ThreeHundredInputsAreReadable)
+{
+    auto* const group = dynamic_cast<XUGroup*>(&module("Arm"));
+    while (group->nInPorts() < 320)
+        group->addInPort();
+    document.execute(std::move(*MO_connectCmd(module("Hero"), *group, 300)));
+    docks::settle();
+    // As near as one has to be to take hold of a single port.
+    nodes().resetTransform();
+    nodes().keepView();
+    nodes().centerOn(nodes().item(*group)->portPosition(true, 300));
+    const QPoint one = port(*group, true, 300);
+    const QPoint next = port(*group, true, 301);
+    EXPECT_GE(next.x() - one.x(), 16);
+    moveMouse(one);
+    EXPECT_EQ(nodes().item(*group)->toolTip(), QStringLiteral("Input 301: Hero"));
+    // The name stands where the node is seen, thousands of units from its left end.
+    const QRectF seen = nodes().mapToScene(nodes().viewport()->rect()).boundingRect();
+    EXPECT_TRUE(seen.contains(nodes().item(*group)->nameBox(seen).topLeft()));
+}
+
+TEST_F(NodeViewTest, AMenuOfHundredsOfLinksFitsTheScreen)
+{
+    auto* const group = dynamic_cast<XUGroup*>(&module("Arm"));
+    while (group->nInPorts() < 120)
+        group->addInPort();
+    for (unsigned i = 0; i < 120; ++i)
+        ASSERT_TRUE(MO_Scene::connect(module("Hero"), *group, i).ok());
+    docks::settle();
+    Q_EMIT nodes().menuWanted(QPoint(10, 10), group, {});
+    auto* const menu = nodes().findChild<QMenu*>(QStringLiteral("NodeMenu"));
+    ASSERT_NE(menu, nullptr);
+    const QSize screen = nodes().screen()->availableSize();
+    EXPECT_LE(menu->sizeHint().height(), screen.height());
+    bool found = false;
+    for (QMenu* const inner : menu->findChildren<QMenu*>()) {
+        found = found || inner->actions().size() == 120;
+        EXPECT_LE(inner->sizeHint().width(), screen.width());
+    }
+    EXPECT_TRUE(found);
 }
 
 TEST_F(NodeViewTest, InputsStandAboveWhatTheyFeedAndNoBoxesOverlap)

@@ -47,6 +47,7 @@ void build(MO_Scene& scene)
     auto& other = root.emplace<MO_ElementModule>();
     other.setEnabled(false);
     other.rotation()->setSurrogate(UT_makeShared<AT_AttrLink>(scene.pathOf(*element.rotation())));
+    other.setGraphPlace(MO_GraphPlace{120.5, -36.0});
     auto& group = root.emplace<XUGroup>();
     group.addInPort();
     group.addInPort();
@@ -73,6 +74,22 @@ void build(MO_Scene& scene)
     scene.setFrameHeight(540.0);
     scene.truckFactorAttr().setLocalValue(1.5);
     scene.resolveLinks();
+}
+
+TEST(SceneXml, APlaceInTheGraphThatMeansNothingIsLeftOutWithAWarning)
+{
+    MO_Scene scene;
+    auto& glue = scene.root().emplace<MO_GlueModule>();
+    glue.setGraphPlace(MO_GraphPlace{120.5, -36.0});
+    const QString good = scene.toXml();
+    ASSERT_TRUE(good.contains(text("place=\"120.5 -36\"")));
+    for (const char* const bad : {"", "1", "1 2 3", "a b", "1,5 2", "2000000 0", "nan 0", "0 inf"}) {
+        MO_Scene other;
+        QStringList warnings;
+        ASSERT_TRUE(read(other, QString(good).replace(text("120.5 -36"), text(bad)), &warnings).ok()) << bad;
+        EXPECT_EQ(warnings.size(), 1) << bad;
+        EXPECT_FALSE(other.root().modules().front()->graphPlace()) << bad;
+    }
 }
 
 TEST(SceneXml, ReadsBackWhatItWrote)

@@ -323,5 +323,9 @@ QPointF portPlace(const QRectF& box, bool isInput, unsigned index, unsigned coun
 
 GraphLayout layoutGraph(const XUGroup& group)
 {
-    return Layouter(group).result();
+    GraphLayout layout = Layouter(group).result();
+    for (const auto& module : group.modules())
+        if (const auto& place = module->graphPlace())
+            layout[module.get()].moveCenter({place->x, place->y});
+    return layout;
 }

@@ -1,8 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// GraphLayout: where the nodes of a group stand. Places follow from the graph alone and are saved nowhere: pictures
-// flow from the top to the bottom, each node stands in the row above its nearest consumer's, and within the rows nodes
-// are ordered and moved so that links are short and cross seldom. Nodes without any link stand to the right.
+// GraphLayout: where the nodes of a group stand. A node that somebody moved stands where it was put. The places of all
+// others follow from the graph alone and are saved nowhere: pictures flow from the top to the bottom, each node stands
+// in the row above its nearest consumer's, and within the rows nodes are ordered and moved so that links are short and
+// cross seldom. Nodes without any link stand to the right. Moving a node by hand moves no other one.
 //
 // The order within rows is found by the barycentre heuristic of layered drawings; the places by isotonic regression,
 // which moves a row's nodes as little as possible from where their links want them without overlap.

@@ -11,7 +11,20 @@
 #include <QMenu>
 
 #include <algorithm>
+#include <cmath>
 #include <ranges>
+
+namespace {
+
+constexpr unsigned kLinksInMenu = 6;
+
+// A menu of hundreds of entries scrolls: in columns side by side it would reach beyond the screen.
+void makeScrollable(QMenu& menu)
+{
+    menu.setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }"));
+}
+
+} // namespace
 
 NodeActions::NodeActions(NodeView& view, QWidget& owner)
     : QObject(&view)
@@ -25,6 +38,7 @@ NodeActions::NodeActions(NodeView& view, QWidget& owner)
     , _leave(make(tr("Leave Group"), QKeySequence(Qt::Key_Backspace), &NodeActions::leaveCurrent))
     , _selectAll(make(tr("Select All"), QKeySequence::SelectAll, &NodeActions::selectEverything))
     , _fit(make(tr("Show Everything"), QKeySequence(Qt::Key_F), &NodeActions::fitEverything))
+    , _arrange(make(tr("Arrange"), QKeySequence(Qt::Key_L), &NodeActions::arrangeSelected))
 {
     _toggle->setCheckable(true);
     connect(&view, &NodeView::groupChanged, this, &NodeActions::update);
@@ -65,7 +79,7 @@ void NodeActions::update()
     _selectAll->setEnabled(!_view.group().modules().empty());
 }
 
-bool NodeActions::addNode(const QString& keyword)
+bool NodeActions::addNode(const QString& keyword, std::optional<QPointF> place)
 {
     std::unique_ptr<MO_Module> module = MO_ModuleFactorySingleton().create(keyword);
     if (!module)
@@ -73,21 +87,32 @@ bool NodeActions::addNode(const QString& keyword)
     MO_Module* const added = module.get();
     const std::vector<MO_Module*> before = selected();
     MO_Module* const source = before.size() == 1 ? before.front() : nullptr;
+    const bool isLinked = source && source->nOutPorts() > 0 && added->nInPorts() > 0;
+    if (!place && !isLinked && !_view.group().modules().empty())
+        place = _view.freePlace();
+    if (place) {
+        added->setGraphPlace(MO_GraphPlace{std::round(place->x()), std::round(place->y())});
+        _view.keepView();
+    }
     if (!_view.document().execute(MO_addModuleCmd(_view.group(), std::move(module), source)))
         return false;
-    _view.document().setSelection({added});
+    if (place)
+        _view.selectHere({added});
+    else
+        _view.document().setSelection({added});
     return true;
 }
 
-void NodeActions::fillAddMenu(QMenu& menu)
+void NodeActions::fillAddMenu(QMenu& menu, std::optional<QPointF> place)
 {
+    makeScrollable(menu);
     std::vector<std::pair<QString, QString>> kinds;
     for (const QString& key : MO_ModuleFactorySingleton().keys())
         if (const auto sample = MO_ModuleFactorySingleton().create(key))
             kinds.emplace_back(sample->baseDisplayName(), key);
     std::ranges::sort(kinds, [](const auto& a, const auto& b) { return a.first.localeAwareCompare(b.first) < 0; });
     for (const auto& [name, key] : kinds) {
-        QAction* const action = menu.addAction(name, this, [this, keyword = key] { addNode(keyword); });
+        QAction* const action = menu.addAction(name, this, [this, keyword = key, place] { addNode(keyword, place); });
         action->setObjectName(QStringLiteral("add") + key);
     }
 }
@@ -144,6 +169,19 @@ void NodeActions::fitEverything()
     _view.fitAll();
 }
 
+// The graph's own order holds again for what is selected, or for everything when nothing is.
+void NodeActions::arrangeSelected()
+{
+    std::vector<MO_Module*> modules = selected();
+    if (modules.empty())
+        for (const auto& module : _view.group().modules())
+            modules.push_back(module.get());
+    std::vector<std::pair<MO_Module*, std::optional<MO_GraphPlace>>> places;
+    for (MO_Module* const module : modules)
+        places.emplace_back(module, std::nullopt);
+    _view.document().execute(MO_placeModulesCmd(places));
+}
+
 void NodeActions::showMenu(const QPoint& globalPosition, MO_Module* module, const NodePort& link)
 {
     auto* menu = new QMenu(&_view);
@@ -155,7 +193,7 @@ void NodeActions::showMenu(const QPoint& globalPosition, MO_Module* module, cons
         menu->addSeparator();
     }
     if (module && !dynamic_cast<MO_GroupBorderModule*>(module)) {
-        menu->addActions({_toggle, _rename, _duplicate, _remove});
+        menu->addActions({_toggle, _rename, _duplicate, _remove, _arrange});
         menu->addSeparator();
     }
     if (module)
@@ -165,11 +203,11 @@ void NodeActions::showMenu(const QPoint& globalPosition, MO_Module* module, cons
         addGroupMenus(*menu, *inner);
     }
     if (!module) {
-        fillAddMenu(*menu->addMenu(tr("Add")));
+        fillAddMenu(*menu->addMenu(tr("Add")), _view.mapToScene(_view.viewport()->mapFromGlobal(globalPosition)));
         if (_view.group().group())
             addGroupMenus(*menu, _view.group());
         menu->addSeparator();
-        menu->addActions({_selectAll, _fit, _leave});
+        menu->addActions({_selectAll, _fit, _arrange, _leave});
     }
     menu->popup(globalPosition);
 }
@@ -185,6 +223,7 @@ void NodeActions::addLinkMenus(QMenu& menu, MO_Module& module)
         targets.push_back(&_view.group().exit());
     if (module.nOutPorts() > 0 && !targets.empty()) {
         QMenu* const to = menu.addMenu(tr("Connect To"));
+        makeScrollable(*to);
         for (MO_Module* target : targets) {
             const NodeItem* const item = _view.item(*target);
             const NodePort input = item ? item->inputForDrop() : NodePort();
@@ -193,10 +232,16 @@ void NodeActions::addLinkMenus(QMenu& menu, MO_Module& module)
                 to->addAction(name, this, [this, input, &module] { _view.connectPorts({&module, false, 0}, input); });
         }
     }
+    // A node may have hundreds of links: a few stand in the menu itself, more in one of their own.
+    unsigned links = 0;
+    for (unsigned i = 0; i < module.nInPorts(); ++i)
+        links += module.inPort(i)->srcPort() ? 1 : 0;
+    QMenu& from = links > kLinksInMenu ? *menu.addMenu(tr("Disconnect")) : menu;
+    makeScrollable(from);
     for (unsigned i = 0; i < module.nInPorts(); ++i)
         if (const MO_Port* source = module.inPort(i)->srcPort()) {
             const QString name = source->node()->instanceName();
-            menu.addAction(tr("Disconnect \"%1\"").arg(name.isEmpty() ? source->module()->baseDisplayName() : name),
+            from.addAction(tr("Disconnect \"%1\"").arg(name.isEmpty() ? source->module()->baseDisplayName() : name),
                            this, [this, &module, i] {
                                _view.cutLink({&module, true, i});
                            });

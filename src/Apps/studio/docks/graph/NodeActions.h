@@ -28,12 +28,16 @@ public:
     QAction* leaveGroup() const { return _leave; }
     QAction* selectAll() const { return _selectAll; }
     QAction* fit() const { return _fit; }
+    QAction* arrange() const { return _arrange; }
 
     /// Adds a node of a kind that the factory knows, and selects it; true when that worked. A node that takes an input
     /// is linked to the one that is selected, where that is possible.
-    bool addNode(const QString& keyword);
-    /// Fills a menu with all kinds of nodes, by their names for people.
-    void fillAddMenu(QMenu& menu);
+    ///
+    /// @param place where the middle of the new node is put; without one, a node that is linked stands where the graph
+    /// puts it, and any other one in the middle of what is seen
+    bool addNode(const QString& keyword, std::optional<QPointF> place = std::nullopt);
+    /// Fills a menu with all kinds of nodes, by their names for people; they are added at the place.
+    void fillAddMenu(QMenu& menu, std::optional<QPointF> place = std::nullopt);
     /// Shows the menu for a node, a link or the group, and returns at once.
     void showMenu(const QPoint& globalPosition, MO_Module* module, const NodePort& link);
 
@@ -47,6 +51,7 @@ private:
     void leaveCurrent();
     void selectEverything();
     void fitEverything();
+    void arrangeSelected();
     void update();
     void addLinkMenus(QMenu& menu, MO_Module& module);
     void addGroupMenus(QMenu& menu, XUGroup& group);
@@ -62,4 +67,5 @@ private:
     QAction* _leave;
     QAction* _selectAll;
     QAction* _fit;
+    QAction* _arrange;
 };

@@ -13,12 +13,15 @@
 #include <QStyleOptionGraphicsItem>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace {
 
 constexpr double kRadius = 7.0;
 constexpr double kPortRadius = 5.0;
 constexpr double kStripe = 5.0;
 constexpr double kMargin = 12.0;
+constexpr double kLeastName = 140.0; // of the box, is left to the name
 
 QString nameForPeople(const MO_Module& module)
 {
@@ -43,12 +46,12 @@ NodeItem::NodeItem(MO_Module& module, const QRectF& box)
         _linkedOutputs.push_back(module.outPort(i)->isConnected());
     setFlag(ItemIsSelectable, !_isBorder);
     setZValue(1.0);
-    QString tip = QStringLiteral("%1\n%2").arg(_name, _kind);
+    _toolTip = QStringLiteral("%1\n%2").arg(_name, _kind);
     if (!_enabled)
-        tip += QLatin1Char('\n') + QCoreApplication::translate("NodeItem", "Disabled: passes on its first input");
+        _toolTip += QLatin1Char('\n') + QCoreApplication::translate("NodeItem", "Disabled: passes on its first input");
     if (_isGroup)
-        tip += QLatin1Char('\n') + QCoreApplication::translate("NodeItem", "Double click to look inside");
-    setToolTip(tip);
+        _toolTip += QLatin1Char('\n') + QCoreApplication::translate("NodeItem", "Double click to look inside");
+    setToolTip(_toolTip);
 }
 
 QPointF NodeItem::portPosition(bool isInput, unsigned index) const
@@ -85,16 +88,24 @@ NodePort NodeItem::inputForDrop() const
     return {&_module, true, 0};
 }
 
-QRectF NodeItem::nameBox() const
+void NodeItem::moveTo(const QPointF& middle)
 {
-    return {_box.left() + kMargin, _box.top() + 6.0, _box.width() - 2 * kMargin, _box.height() / 2 - 4.0};
+    prepareGeometryChange();
+    _box.moveCenter(middle);
 }
 
-void NodeItem::setHotPort(const NodePort& port)
+QRectF NodeItem::nameBox(const QRectF& seen) const
+{
+    const double left = std::clamp(seen.left(), _box.left(), std::max(_box.left(), _box.right() - kLeastName));
+    return {left + kMargin, _box.top() + 6.0, _box.right() - left - 2 * kMargin, _box.height() / 2 - 4.0};
+}
+
+void NodeItem::setHotPort(const NodePort& port, const QString& toolTip)
 {
     if (port == _hot)
         return;
     _hot = port;
+    setToolTip(port ? toolTip : _toolTip);
     update();
 }
 
@@ -145,16 +156,18 @@ void NodeItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget
     font.setWeight(QFont::DemiBold);
     painter->setFont(font);
     painter->setPen(_enabled ? text : quietText(palette));
-    const QString name = QFontMetricsF(font).elidedText(_name, Qt::ElideMiddle, nameBox().width());
-    painter->drawText(nameBox(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, name);
+    const QRectF seen = widget ? painter->worldTransform().inverted().mapRect(QRectF(widget->rect())) : boundingRect();
+    const QRectF nameBox = this->nameBox(seen);
+    const QString name = QFontMetricsF(font).elidedText(_name, Qt::ElideMiddle, nameBox.width());
+    painter->drawText(nameBox, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, name);
     font.setPixelSize(11);
     font.setWeight(QFont::Normal);
     painter->setFont(font);
     painter->setPen(quietText(palette));
     const QString kind = _enabled ? _kind : QCoreApplication::translate("NodeItem", "%1 (off)").arg(_kind);
-    painter->drawText(nameBox().translated(0, nameBox().height() + 1),
+    painter->drawText(nameBox.translated(0, nameBox.height() + 1),
                       Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                      QFontMetricsF(font).elidedText(kind, Qt::ElideRight, nameBox().width()));
+                      QFontMetricsF(font).elidedText(kind, Qt::ElideRight, nameBox.width()));
 
     for (unsigned i = 0; i < _linkedInputs.size(); ++i)
         paintPort(*painter, palette, true, i, _linkedInputs[i]);

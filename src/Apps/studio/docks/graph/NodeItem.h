@@ -37,16 +37,20 @@ public:
 
     MO_Module& module() const { return _module; }
     const QRectF& box() const { return _box; }
+    /// Puts the node somewhere else; its links stay behind.
+    void moveTo(const QPointF& middle);
     /// Where a port is, in the scene's units.
     QPointF portPosition(bool isInput, unsigned index) const;
     /// The port near a point, or none.
     NodePort portAt(const QPointF& point) const;
     /// The free input port that a link dropped on the box is for: the first free one, or else the first.
     NodePort inputForDrop() const;
-    /// Where the name stands.
-    QRectF nameBox() const;
+    /// Where the name stands in the part of the box that is seen: a node of hundreds of inputs is wider than any view.
+    QRectF nameBox(const QRectF& seen) const;
     /// Emphasises a port; none ends that.
-    void setHotPort(const NodePort& port);
+    ///
+    /// @param toolTip what is said of the port
+    void setHotPort(const NodePort& port, const QString& toolTip = {});
 
     int type() const override { return Type; }
     QRectF boundingRect() const override;
@@ -61,6 +65,7 @@ private:
     QString _name;
     QString _kind;
     QString _keyword;
+    QString _toolTip; // of the node as a whole
     bool _enabled;
     bool _isGroup;
     bool _isBorder;

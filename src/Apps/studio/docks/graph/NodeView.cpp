@@ -12,6 +12,8 @@
 #include <QCursor>
 #include <QLineEdit>
 #include <QPainter>
+#include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QStatusTipEvent>
 #include <QTextStream>
 #include <QToolTip>
@@ -34,8 +36,10 @@ NodeView::NodeView(StudioDocument& document, QWidget* parent)
     setFrameShape(QFrame::NoFrame);
     setDragMode(RubberBandDrag);
     setRenderHint(QPainter::Antialiasing);
+    // Names stand where the box is seen, so that a part of the picture cannot be scrolled.
+    setViewportUpdateMode(FullViewportUpdate);
     setTransformationAnchor(AnchorUnderMouse);
-    setResizeAnchor(AnchorViewCenter);
+    setResizeAnchor(NoAnchor); // panels nearby come and go, and pan nothing
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::StrongFocus);
@@ -91,6 +95,8 @@ QString NodeView::describeGraph() const
     for (const XUGroup* around = _group; around; around = around->group())
         stream << around << around->instanceName() << '\n';
     const auto describe = [&](const MO_Module& module) {
+        if (const auto& place = module.graphPlace())
+            stream << place->x << ' ' << place->y << ' ';
         stream << &module << module.keyword() << module.instanceName() << module.enabled() << module.nOutPorts();
         for (unsigned i = 0; i < module.nOutPorts(); ++i)
             stream << (module.outPort(i)->isConnected() ? '+' : '-');
@@ -112,6 +118,7 @@ void NodeView::rebuild()
 {
     const bool wasSynchronizing = std::exchange(_synchronizing, true);
     finishName(false);
+    endMove(false);
     dropLink();
     setHotPort({});
     _items.clear();
@@ -128,7 +135,13 @@ void NodeView::rebuild()
     QRectF all;
     for (const QRectF& box : std::as_const(_layout))
         all |= box;
-    setSceneRect(all.adjusted(-kRoomAround, -kRoomAround, kRoomAround, kRoomAround));
+    // What is seen stays where it is: the room around grows, and never shrinks while the group is shown.
+    const QRectF room = all.adjusted(-kRoomAround, -kRoomAround, kRoomAround, kRoomAround);
+    const QPoint origin = mapFromScene(QPointF());
+    setSceneRect(_fitsAll ? room : sceneRect() | room);
+    const QPoint shift = mapFromScene(QPointF()) - origin;
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + shift.x());
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + shift.y());
     _synchronizing = wasSynchronizing;
     showSelection();
     if (_fitsAll)
@@ -212,7 +225,13 @@ void NodeView::takeSelection()
     for (const auto& module : _group->modules())
         if (const NodeItem* found = item(*module); found && found->isSelected() && !selected.contains(module.get()))
             selected << module.get();
-    _document.setSelection(selected);
+    selectHere(selected);
+}
+
+void NodeView::selectHere(const QList<MO_Module*>& modules)
+{
+    const QScopedValueRollback taking(_taking, true);
+    _document.setSelection(modules);
 }
 
 // What is selected elsewhere may be in another group.
@@ -227,7 +246,8 @@ void NodeView::followSelection()
         Q_EMIT groupChanged();
     }
     showSelection();
-    if (const NodeItem* found = current ? item(*current) : nullptr; found && !_fitsAll)
+    // Whoever clicks a node sees it.
+    if (const NodeItem* found = current ? item(*current) : nullptr; found && !_fitsAll && !_taking)
         ensureVisible(found->sceneBoundingRect(), 20, 20);
 }
 

@@ -4,9 +4,10 @@
 // document; what people do becomes commands of the document (NodeActions.h has those of the menus).
 //
 //   click, rubber band     select            drag from port to port    connect
-//   double click a group   look inside       drag an input's link away cut it, or lead it to another input
-//   middle button          pan               wheel                     zoom
-//   arrow keys             go to the next node in that direction
+//   drag a node            move it           drag an input's link away cut it, or lead it to another input
+//   double click a group   look inside       wheel                     zoom
+//   middle button          pan               arrow keys                go to the next node in that direction
+//   Escape                 gives a drag up
 #pragma once
 
 #include "studio/docks/graph/GraphLayout.h"
@@ -47,9 +48,15 @@ public:
     void cutLink(const NodePort& input);
     /// Lets the person type a new name in the place of the old one.
     void editName(MO_Module& module);
+    /// The middle of what is seen, for what is added without a mouse; moved on until no node stands there.
+    QPointF freePlace() const;
     /// Shows everything, not larger than life.
     void fitAll() { fit(0.0); }
     void zoomBy(double factor);
+    /// Selects modules of the group that is shown, without panning to them.
+    void selectHere(const QList<MO_Module*>& modules);
+    /// From now on, no change of the graph changes what part of it is seen.
+    void keepView() { _fitsAll = false; }
     /// Tells the person why something was not done: at the mouse and in the status bar.
     void refuse(const QString& why);
     /// The module that a context menu is about; null for the group itself.
@@ -96,6 +103,11 @@ private:
     void moveLink(const QPoint& position);
     void endLink(const QPoint& position);
     void dropLink();
+    void beginMove(const QPoint& position);
+    void moveNodes(const QPoint& position);
+    void endMove(bool keep);
+    void placeLinks();
+    QString portText(const NodePort& port) const;
     void setHotPort(const NodePort& port);
     void goTo(int key);
     void finishName(bool keep);
@@ -106,11 +118,16 @@ private:
     GraphLayout _layout;
     QHash<const MO_Module*, NodeItem*> _items;
     bool _synchronizing = false;
-    bool _fitsAll = true; // until the person zooms or pans
+    bool _taking = false; // the selection was made here
+    bool _fitsAll = true; // until the person zooms, pans, or works with the mouse in the graph
     std::unique_ptr<LinkItem> _drawnLink;
     NodePort _fixedEnd;  // of the link that is being drawn
     NodePort _takenFrom; // the input that the link was taken from
     NodePort _hot;
+    std::vector<NodeItem*> _moved; // the nodes that the mouse holds, and where they were
+    std::vector<QPointF> _movedFrom;
+    QPoint _grabbed;
+    bool _moving = false; // far enough to be no click
     QPoint _panFrom;
     bool _panning = false;
     QLineEdit* _nameField = nullptr;

@@ -1,11 +1,14 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The node view's mouse and keyboard. Nodes are not moved by hand, so that a drag is a rubber band, a link or a pan.
+// The node view's mouse and keyboard. A drag that begins on a port is a link, on a node it moves what is selected, and
+// elsewhere it is a rubber band.
 #include "studio/docks/graph/LinkItem.h"
 
 #include "QuarvelSceneCore/editing/MO_LinkCommands.h"
 #include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
 #include "studio/docks/graph/NodeView.h"
+
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -13,6 +16,7 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -70,7 +74,7 @@ void NodeView::setHotPort(const NodePort& port)
         old->setHotPort({});
     _hot = port;
     if (NodeItem* now = _hot ? item(*_hot.module) : nullptr)
-        now->setHotPort(_hot);
+        now->setHotPort(_hot, portText(_hot));
 }
 
 void NodeView::mousePressEvent(QMouseEvent* event)
@@ -93,10 +97,95 @@ void NodeView::mousePressEvent(QMouseEvent* event)
         return;
     }
     QGraphicsView::mousePressEvent(event);
+    if (event->button() == Qt::LeftButton)
+        beginMove(position);
+}
+
+// All selected nodes move together; the border of a group stays where the graph puts it.
+void NodeView::beginMove(const QPoint& position)
+{
+    const MO_Module* const module = moduleAt(position);
+    const NodeItem* const held = module ? item(*module) : nullptr;
+    if (!held || !held->isSelected())
+        return;
+    for (NodeItem* const node : std::as_const(_items))
+        if (node->isSelected()) {
+            _moved.push_back(node);
+            _movedFrom.push_back(node->box().center());
+        }
+    _grabbed = position;
+}
+
+void NodeView::moveNodes(const QPoint& position)
+{
+    if (!_moving && (position - _grabbed).manhattanLength() < QApplication::startDragDistance())
+        return;
+    _moving = true;
+    keepView();
+    const QPointF way = mapToScene(position) - mapToScene(_grabbed);
+    for (std::size_t i = 0; i < _moved.size(); ++i)
+        _moved[i]->moveTo(_movedFrom[i] + way);
+    placeLinks();
+}
+
+void NodeView::endMove(bool keep)
+{
+    const std::vector<NodeItem*> moved = std::exchange(_moved, {});
+    const std::vector<QPointF> from = std::exchange(_movedFrom, {});
+    if (!std::exchange(_moving, false))
+        return;
+    std::vector<std::pair<MO_Module*, std::optional<MO_GraphPlace>>> places;
+    for (std::size_t i = 0; i < moved.size(); ++i) {
+        const QPointF middle = moved[i]->box().center();
+        const double limit = MO_GraphPlace::kLimit;
+        if (keep && middle != from[i])
+            places.emplace_back(&moved[i]->module(), MO_GraphPlace{std::clamp(std::round(middle.x()), -limit, limit),
+                                                                   std::clamp(std::round(middle.y()), -limit, limit)});
+        else
+            moved[i]->moveTo(from[i]);
+    }
+    placeLinks();
+    _document.execute(MO_placeModulesCmd(places));
+}
+
+void NodeView::placeLinks()
+{
+    for (QGraphicsItem* const each : scene()->items()) {
+        auto* const link = qgraphicsitem_cast<LinkItem*>(each);
+        const NodePort target = link ? link->target() : NodePort();
+        const MO_Port* const source = target ? target.module->inPort(target.index)->srcPort() : nullptr;
+        const NodeItem* const from = source ? item(*source->module()) : nullptr;
+        const NodeItem* const to = target ? item(*target.module) : nullptr;
+        if (from && to)
+            link->setEnds(from->portPosition(false, source->index()), to->portPosition(true, target.index));
+    }
+}
+
+QPointF NodeView::freePlace() const
+{
+    constexpr double kStep = 72.0;
+    QPointF place = mapToScene(viewport()->rect().center());
+    const auto isTaken = [&] {
+        return std::ranges::any_of(_items, [&](const NodeItem* node) {
+            return node->box().adjusted(-90.0, -30.0, 90.0, 30.0).contains(place);
+        });
+    };
+    while (isTaken())
+        place.ry() += kStep;
+    return place;
+}
+
+// What a port is linked to: with hundreds of them, links are hard to follow by eye.
+QString NodeView::portText(const NodePort& port) const
+{
+    const QString name = port.isInput ? tr("Input %1").arg(port.index + 1) : tr("Output %1").arg(port.index + 1);
+    const MO_Port* const source = port.isInput ? port.module->inPort(port.index)->srcPort() : nullptr;
+    return source ? QStringLiteral("%1: %2").arg(name, source->node()->instanceName()) : name;
 }
 
 void NodeView::beginLink(const NodePort& port, const QPoint& position)
 {
+    keepView();
     const MO_Port* const source = port.isInput ? port.module->inPort(port.index)->srcPort() : nullptr;
     _takenFrom = source ? port : NodePort();
     _fixedEnd = source ? NodePort{source->module(), false, source->index()} : port;
@@ -157,6 +246,8 @@ void NodeView::mouseMoveEvent(QMouseEvent* event)
     }
     if (_drawnLink)
         return moveLink(position);
+    if (!_moved.empty())
+        return moveNodes(position);
     if (event->buttons() == Qt::NoButton) {
         const NodePort port = portAt(position);
         setHotPort(port);
@@ -175,6 +266,8 @@ void NodeView::mouseReleaseEvent(QMouseEvent* event)
     if (event->button() == Qt::LeftButton && _drawnLink)
         return endLink(event->position().toPoint());
     QGraphicsView::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton)
+        endMove(true);
 }
 
 void NodeView::mouseDoubleClickEvent(QMouseEvent* event)
@@ -235,6 +328,8 @@ void NodeView::keyPressEvent(QKeyEvent* event)
             setHotPort({});
             return dropLink();
         }
+        if (_moving)
+            return endMove(false);
         return _document.setSelection({});
     default:
         QGraphicsView::keyPressEvent(event);
