@@ -626,6 +626,105 @@
     </message>
 </context>
 <context>
+    <name>HelpDialog</name>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;First Steps</source>
+        <translation>&amp;Erste Schritte</translation>
+    </message>
+    <message>
+        <source>&amp;Keys</source>
+        <translation>&amp;Tasten</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Drop a drawing&lt;/b&gt; on the window. Its parts become objects, each with a form of its own.</source>
+        <translation>&lt;b&gt;Eine Zeichnung&lt;/b&gt; auf das Fenster ziehen. Ihre Teile werden Objekte, jedes mit einer eigenen Form.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Click a part&lt;/b&gt; in the picture and pull its handles: bevel, elevation, smoothness.</source>
+        <translation>&lt;b&gt;Einen Teil anklicken&lt;/b&gt; und an seinen Griffen ziehen: Kante, Höhe, Rundung.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Drag the light&lt;/b&gt; over the picture to judge the volume from all sides.</source>
+        <translation>&lt;b&gt;Das Licht&lt;/b&gt; über das Bild ziehen, um das Volumen von allen Seiten zu beurteilen.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Export&lt;/b&gt; the normal map at the drawing&apos;s own size.</source>
+        <translation>Die Normal-Map in der Größe der Zeichnung &lt;b&gt;exportieren&lt;/b&gt;.</translation>
+    </message>
+    <message>
+        <source>First steps</source>
+        <translation>Erste Schritte</translation>
+    </message>
+    <message>
+        <source>Click again at the same place to reach the object below.</source>
+        <translation>Noch einmal an dieselbe Stelle klicken, um das Objekt darunter zu erreichen.</translation>
+    </message>
+    <message>
+        <source>Drag a rectangle, or hold Shift, to select several; they change together.</source>
+        <translation>Ein Rechteck aufziehen oder die Umschalttaste halten, um mehrere auszuwählen; sie ändern sich gemeinsam.</translation>
+    </message>
+    <message>
+        <source>The wheel zooms; the middle button pans, and so does the left one with Ctrl.</source>
+        <translation>Das Mausrad vergrößert und verkleinert; die mittlere Taste verschiebt, und die linke mit Strg ebenso.</translation>
+    </message>
+    <message>
+        <source>Hold Shift while a handle is pulled to change finely; Escape takes the pull back.</source>
+        <translation>Beim Ziehen eines Griffs die Umschalttaste halten, um fein zu ändern; Escape nimmt das Ziehen zurück.</translation>
+    </message>
+    <message>
+        <source>Hold Shift over the lit picture and turn the wheel to raise and lower the light.</source>
+        <translation>Über dem beleuchteten Bild mit Umschalttaste am Mausrad drehen, um das Licht zu heben und zu senken.</translation>
+    </message>
+    <message>
+        <source>Bevel</source>
+        <translation>Kante</translation>
+    </message>
+    <message>
+        <source>how far the rounding reaches in from the outline, in units of which the picture is 720 wide</source>
+        <translation>wie weit die Rundung vom Umriss nach innen reicht, in Einheiten, von denen das Bild 720 breit ist</translation>
+    </message>
+    <message>
+        <source>Elevation</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>how high the object rises; 1 is 37.5 of these units, negative values sink in</source>
+        <translation>wie hoch das Objekt steht; 1 sind 37,5 dieser Einheiten, negative Werte sinken ein</translation>
+    </message>
+    <message>
+        <source>Smoothness</source>
+        <translation>Rundung</translation>
+    </message>
+    <message>
+        <source>how round the profile is: more is fuller, less is more pointed</source>
+        <translation>wie rund das Profil ist: mehr ist voller, weniger ist spitzer</translation>
+    </message>
+    <message>
+        <source>The mouse in the picture</source>
+        <translation>Die Maus im Bild</translation>
+    </message>
+    <message>
+        <source>What the values mean</source>
+        <translation>Was die Werte bedeuten</translation>
+    </message>
+    <message>
+        <source>Search keys</source>
+        <translation>Tasten suchen</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>What it does</source>
+        <translation>Was geschieht</translation>
+    </message>
+</context>
+<context>
     <name>KeyButton</name>
     <message>
         <source>Remove the key at this frame</source>
@@ -1712,6 +1811,10 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <source>Puts all panels back where they were at first</source>
         <translation>Bringt alle Fenster wieder dorthin, wo sie anfangs waren</translation>
     </message>
+    <message>
+        <source>The first steps, and all keys</source>
+        <translation>Die ersten Schritte und alle Tasten</translation>
+    </message>
 </context>
 <context>
     <name>MessageBar</name>
@@ -2597,6 +2700,13 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     </message>
 </context>
 <context>
+    <name>Shortcuts</name>
+    <message>
+        <source>Everywhere</source>
+        <translation>Überall</translation>
+    </message>
+</context>
+<context>
     <name>StartPage</name>
     <message>
         <source>%1  -  in %2</source>
@@ -2633,6 +2743,14 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>&lt;span style=&apos;font-size:20pt; font-weight:600&apos;&gt;Quarvel Studio&lt;/span&gt;&lt;br&gt;Volume for flat drawings. Drop a drawing here to begin.</source>
         <translation>&lt;span style=&apos;font-size:20pt; font-weight:600&apos;&gt;Quarvel Studio&lt;/span&gt;&lt;br&gt;Volumen für flache Zeichnungen. Ziehen Sie eine Zeichnung hierher, um anzufangen.</translation>
+    </message>
+    <message>
+        <source>First steps</source>
+        <translation>Erste Schritte</translation>
+    </message>
+    <message>
+        <source>More help</source>
+        <translation>Mehr Hilfe</translation>
     </message>
 </context>
 <context>

@@ -19,6 +19,7 @@
 
 class MessageBar;
 class ColourPicker;
+class HelpDialog;
 class ObjectActions;
 class ObjectHands;
 class QActionGroup;
@@ -126,6 +127,7 @@ private:
     // MainWindowEdit.cpp
     void deleteSelected();
     void duplicateSelected();
+    void showHelp();
     void showAbout();
 
     StudioDocument _document;
@@ -144,6 +146,7 @@ private:
     ObjectHands* _hands = nullptr;
     ObjectActions* _objectActions = nullptr;
     ColourPicker* _colourPicker = nullptr;
+    HelpDialog* _help = nullptr; ///< once it was asked for
     QLabel* _pixelLabel = nullptr;
     QLabel* _stateLabel = nullptr;
     QLabel* _zoomLabel = nullptr;
@@ -175,6 +178,7 @@ private:
     QAction* _split = nullptr;
     QAction* _rawChannels = nullptr;
     QAction* _resetLayout = nullptr;
+    QAction* _showHelp = nullptr;
     QActionGroup* _channels = nullptr;
     QActionGroup* _pictures = nullptr;
     QActionGroup* _sizes = nullptr;

@@ -4,6 +4,7 @@
 #include "studio/window/MainWindow.h"
 
 #include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
+#include "studio/window/HelpDialog.h"
 #include "studio/window/Icons.h"
 
 #include <QCoreApplication>
@@ -28,6 +29,16 @@ void MainWindow::duplicateSelected()
     std::vector<MO_Module*> copies;
     if (_document.execute(MO_duplicateModulesCmd(modulesOf(_document.selection()), &copies)))
         _document.setSelection({copies.begin(), copies.end()});
+}
+
+void MainWindow::showHelp()
+{
+    if (!_help)
+        _help = new HelpDialog(*this);
+    _help->refresh();
+    _help->show();
+    _help->raise();
+    _help->activateWindow();
 }
 
 void MainWindow::showAbout()

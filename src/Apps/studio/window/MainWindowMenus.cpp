@@ -7,6 +7,7 @@
 #include "studio/preview/Viewer.h"
 #include "studio/window/Appearance.h"
 #include "studio/window/Icons.h"
+#include "studio/window/StartPage.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -197,6 +198,13 @@ void MainWindow::makeMenus()
     view->addMenu(tr("&Appearance"))->addActions(_appearances->actions());
 
     QMenu* const help = menuBar()->addMenu(tr("&Help"));
+    _showHelp =
+        makeAction({}, tr("&Help"), QKeySequence(QKeySequence::HelpContents), tr("The first steps, and all keys"));
+    _showHelp->setObjectName(QStringLiteral("showHelp"));
+    connect(_showHelp, &QAction::triggered, this, &MainWindow::showHelp);
+    connect(_start, &StartPage::helpRequested, this, &MainWindow::showHelp);
+    help->addAction(_showHelp);
+    help->addSeparator();
     connect(help->addAction(tr("&About Quarvel Studio")), &QAction::triggered, this, &MainWindow::showAbout);
 }
 

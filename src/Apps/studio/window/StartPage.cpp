@@ -4,6 +4,7 @@
 #include "studio/window/StartPage.h"
 
 #include "studio/document/RecentFiles.h"
+#include "studio/window/HelpDialog.h"
 #include "studio/window/Icons.h"
 
 #include <QCommandLinkButton>
@@ -43,9 +44,12 @@ StartPage::StartPage(RecentFiles& recent, QWidget* parent)
     layout->addSpacing(14);
     QFont bold = _recentTitle->font();
     bold.setBold(true);
+    addTour(*layout, bold);
+    layout->addSpacing(14);
     _recentTitle->setFont(bold);
     layout->addWidget(_recentTitle);
     _list->setObjectName(QStringLiteral("recentList"));
+    _list->setAccessibleName(_recentTitle->text());
     _list->setFrameShape(QFrame::NoFrame);
     _list->setTextElideMode(Qt::ElideMiddle);
     _list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -96,6 +100,22 @@ QCommandLinkButton* StartPage::addChoice(const QString& name, const QString& tit
     button->setIconSize(QSize(28, 28));
     _choices.append({button, name});
     return button;
+}
+
+void StartPage::addTour(QVBoxLayout& layout, const QFont& titleFont)
+{
+    auto* const title = new QLabel(tr("First steps"));
+    title->setFont(titleFont);
+    layout.addWidget(title);
+    auto* const steps =
+        new QLabel(HelpDialog::firstSteps() + QStringLiteral("<a href=\"help\">%1</a>").arg(tr("More help")));
+    steps->setObjectName(QStringLiteral("firstSteps"));
+    steps->setAccessibleName(title->text());
+    steps->setTextFormat(Qt::RichText);
+    steps->setWordWrap(true);
+    steps->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    connect(steps, &QLabel::linkActivated, this, &StartPage::helpRequested);
+    layout.addWidget(steps);
 }
 
 void StartPage::refill()

@@ -8,6 +8,7 @@
 class QCommandLinkButton;
 class QLabel;
 class QListWidget;
+class QVBoxLayout;
 class RecentFiles;
 
 class StartPage : public QWidget
@@ -22,10 +23,12 @@ Q_SIGNALS:
     void openRequested();
     void exampleRequested();
     void recentRequested(const QString& path);
+    void helpRequested();
 
 private:
     QWidget* heading();
     QCommandLinkButton* addChoice(const QString& name, const QString& title, const QString& text);
+    void addTour(QVBoxLayout& layout, const QFont& titleFont);
     void refill();
     void refreshIcons();
     void changeEvent(QEvent* event) override;
