@@ -1504,10 +1504,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <translation>Löscht die ausgewählten Module</translation>
     </message>
     <message>
-        <source>D&amp;uplicate</source>
-        <translation>&amp;Duplizieren</translation>
-    </message>
-    <message>
         <source>Ctrl+D</source>
         <translation>Ctrl+D</translation>
     </message>
@@ -1630,10 +1626,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>&amp;View</source>
         <translation>&amp;Ansicht</translation>
-    </message>
-    <message>
-        <source>&amp;Preview Size</source>
-        <translation>Vorschau&amp;größe</translation>
     </message>
     <message>
         <source>&amp;Panels</source>
@@ -1814,6 +1806,14 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>The first steps, and all keys</source>
         <translation>Die ersten Schritte und alle Tasten</translation>
+    </message>
+    <message>
+        <source>Dup&amp;licate</source>
+        <translation>&amp;Duplizieren</translation>
+    </message>
+    <message>
+        <source>Preview Si&amp;ze</source>
+        <translation>Vorschau&amp;größe</translation>
     </message>
 </context>
 <context>

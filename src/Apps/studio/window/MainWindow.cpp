@@ -128,6 +128,8 @@ void MainWindow::makeDocks()
     dock->setObjectName(QStringLiteral("lightsDock"));
     auto* const scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setAccessibleName(dock->windowTitle());
+    scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setWidgetResizable(true);
     scroll->setWidget(new LightPanel(_lights));
     dock->setWidget(scroll);

@@ -77,7 +77,7 @@ void MainWindow::makeEditActions()
     _undo = makeAction(QStringLiteral("undo"), tr("&Undo"), QKeySequence::Undo, tr("Takes the last change back"));
     _redo = makeAction(QStringLiteral("redo"), tr("&Redo"), QKeySequence::Redo, tr("Does again what was taken back"));
     _delete = makeAction({}, tr("&Delete"), QKeySequence::Delete, tr("Deletes the selected modules"));
-    _duplicate = makeAction({}, tr("D&uplicate"), QKeySequence(tr("Ctrl+D")), tr("Copies the selected modules"));
+    _duplicate = makeAction({}, tr("Dup&licate"), QKeySequence(tr("Ctrl+D")), tr("Copies the selected modules"));
     // The views have keys of their own for these, which must not be ambiguous.
     for (QAction* const action : {_delete, _duplicate}) {
         action->setShortcutContext(Qt::WidgetShortcut);
@@ -189,7 +189,7 @@ void MainWindow::makeMenus()
     fillViewOptions(*view);
     view->addSeparator();
     view->addAction(_followSelection);
-    view->addMenu(tr("&Preview Size"))->addActions(_sizes->actions());
+    view->addMenu(tr("Preview Si&ze"))->addActions(_sizes->actions());
     view->addSeparator();
     _docksMenu = view->addMenu(tr("&Panels"));
     connect(_docksMenu, &QMenu::aboutToShow, this, &MainWindow::fillViewMenu);

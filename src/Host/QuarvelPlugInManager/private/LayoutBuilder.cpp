@@ -7,6 +7,7 @@
 #include "QuarvelSceneCore/graph/MO_Node.h"
 #include "QuarvelSceneCore/graph/MO_NodeEditorComponentInterface.h"
 
+#include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -145,6 +146,10 @@ void LayoutBuilder::addCustom(const QDomElement& element, QGridLayout* grid)
     if (attr) {
         QLabel* const label = makeLabel(attr->label(), parent);
         grid->addWidget(label, grid->rowCount(), 0, 1, -1);
+        // Who cannot see the label above a table hears it with the table.
+        for (QAbstractItemView* const table : widget->findChildren<QAbstractItemView*>())
+            if (table->accessibleName().isEmpty())
+                table->setAccessibleName(attr->label());
     }
     grid->addWidget(widget, grid->rowCount(), 0, 1, -1);
     for (MO_NodeEditorComponentInterface* const component : widget->findChildren<MO_NodeEditorComponentInterface*>())
