@@ -47,6 +47,9 @@ QStringList DIO_bitmapSuffixes()
     for (const QByteArray& format : QImageReader::supportedImageFormats())
         if (isBitmapFormat(format))
             suffixes.append(QString::fromLatin1(format).toLower());
+    // Read as what they are besides: PNG files.
+    if (suffixes.contains(QLatin1String("png")))
+        suffixes.append(QStringLiteral("apng"));
     suffixes.removeDuplicates();
     suffixes.sort();
     return suffixes;

@@ -5,6 +5,7 @@
 
 #include "QuarvelBaseCore/UT_FileName.h"
 #include "QuarvelDrawingIO/DIO_BitmapReader.h"
+#include "QuarvelDrawingIO/DIO_LayeredReader.h"
 #include "QuarvelDrawingIO/DIO_SvgReader.h"
 
 #include <algorithm>
@@ -20,10 +21,15 @@ UT_Result<DIO_Drawing> readBitmap(const QString& path, DIO_Grouping, DIO_Blank)
 
 const std::vector<DIO_DrawingKind>& DIO_drawingKinds()
 {
-    static const std::vector<DIO_DrawingKind> kinds = {
-        {QStringLiteral("SVG drawing"), {QStringLiteral("svg"), QStringLiteral("svgz")}, false, DIO_readSvg},
-        {QStringLiteral("bitmap"), DIO_bitmapSuffixes(), true, readBitmap},
-    };
+    static const std::vector<DIO_DrawingKind> kinds = [] {
+        std::vector<DIO_DrawingKind> table = {
+            {QStringLiteral("SVG drawing"), {QStringLiteral("svg"), QStringLiteral("svgz")}, false, DIO_readSvg},
+            {QStringLiteral("bitmap"), DIO_bitmapSuffixes(), true, readBitmap},
+        };
+        for (const DIO_LayeredKind& layered : DIO_layeredKinds())
+            table.push_back({layered.name, layered.suffixes, false, DIO_readLayered});
+        return table;
+    }();
     return kinds;
 }
 

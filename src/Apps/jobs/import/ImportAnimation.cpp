@@ -46,19 +46,23 @@ UT_Result<DrawingSequence> readAnimation(const QStringList& files, const ImportS
     UT_Result<DIO_Animation> animation = DIO_readLottie(file, limits);
     if (!animation)
         return animation.error();
-    if (settings.form.objects == ObjectChoice::ONE)
-        animation->layers = {mergedLayers(*animation)};
+    return sequenceOf(std::move(*animation), file, settings);
+}
 
-    SequenceBuilder builder(animation->name);
-    for (const DIO_AnimatedLayer& layer : animation->layers)
-        builder.addLayer(layer.name, layer.drawings, animation->palette, layer.shown, kFirstFrame);
+DrawingSequence sequenceOf(DIO_Animation animation, const QString& file, const ImportSettings& settings)
+{
+    if (settings.form.objects == ObjectChoice::ONE)
+        animation.layers = {mergedLayers(animation)};
+    SequenceBuilder builder(animation.name);
+    for (const DIO_AnimatedLayer& layer : animation.layers)
+        builder.addLayer(layer.name, layer.drawings, animation.palette, layer.shown, kFirstFrame);
     DrawingSequence sequence = builder.take();
-    sequence.frame = animation->viewBox;
-    sequence.size = animation->size;
+    sequence.frame = animation.viewBox;
+    sequence.size = animation.size;
     sequence.firstFrame = kFirstFrame;
-    sequence.lastFrame = animation->frames;
-    sequence.frameRate = animation->frameRate;
-    for (const QString& warning : animation->warnings)
+    sequence.lastFrame = animation.frames;
+    sequence.frameRate = animation.frameRate;
+    for (const QString& warning : animation.warnings)
         sequence.warnings.append(file + QStringLiteral(": ") + warning);
     return sequence;
 }

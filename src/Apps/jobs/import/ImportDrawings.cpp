@@ -5,6 +5,7 @@
 
 #include "QuarvelBaseCore/UT_FileName.h"
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
+#include "QuarvelDrawingIO/DIO_LayeredReader.h"
 #include "jobs/drawing/OwnValues.h"
 #include "jobs/import/ImportKinds.h"
 #include "jobs/import/SequenceScene.h"
@@ -86,7 +87,14 @@ UT_Result<DrawingSequence> readSequence(const QStringList& files, const ImportSe
     QStringList sorted = files;
     sortNaturally(sorted);
     const UT_Result<const Kind*> kind = kindOfAll(sorted);
-    return kind ? (*kind)->read(sorted, settings) : kind.error();
+    if (!kind)
+        return kind.error();
+    if (sorted.size() > 1 || (*kind)->isOneFile)
+        return (*kind)->read(sorted, settings);
+    UT_Result<std::optional<DIO_Animation>> frames = DIO_readFrames(sorted.first());
+    if (!frames)
+        return frames.error();
+    return *frames ? sequenceOf(std::move(**frames), sorted.first(), settings) : (*kind)->read(sorted, settings);
 }
 
 UT_Result<ImportedScene> importDrawings(const QStringList& files, const ImportSettings& settings)

@@ -3,6 +3,7 @@
 // The readers behind readSequence(), one for each kind of files.
 #pragma once
 
+#include "QuarvelDrawingIO/DIO_Animation.h"
 #include "jobs/import/FrameNumbers.h"
 #include "jobs/import/ImportDrawings.h"
 
@@ -12,3 +13,8 @@ UT_Result<DrawingSequence> readLayeredSequence(const QStringList& files, const I
 UT_Result<DrawingSequence> readBitmapSequence(const QStringList& files, const ImportSettings& settings);
 /// @param files one
 UT_Result<DrawingSequence> readAnimation(const QStringList& files, const ImportSettings& settings);
+
+/// The sequence of an animation, from frame 1 on.
+///
+/// @param file that it was read from
+DrawingSequence sequenceOf(DIO_Animation animation, const QString& file, const ImportSettings& settings);

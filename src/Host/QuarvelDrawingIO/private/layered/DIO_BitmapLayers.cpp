@@ -1,0 +1,131 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Each picture is a rectangle that shows it. A layer's colour is the average of its first picture.
+#include "QuarvelDrawingIO/private/layered/DIO_BitmapLayers.h"
+
+#include "QuarvelDrawingIO/private/DIO_AverageColour.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace {
+
+bool isEmpty(const DIO_BitmapCel& cel)
+{
+    if (cel.image.isNull() || !(cel.opacity > 0.0))
+        return true;
+    const QImage pixels = cel.image.convertToFormat(QImage::Format_RGBA64);
+    for (int y = 0; y < pixels.height(); ++y) {
+        const std::span row(reinterpret_cast<const QRgba64*>(pixels.constScanLine(y)),
+                            static_cast<std::size_t>(pixels.width()));
+        if (std::ranges::any_of(row, [](const QRgba64& pixel) { return pixel.alpha() > 0; }))
+            return false;
+    }
+    return true;
+}
+
+int paintOf(const DIO_BitmapLayer& layer, std::vector<DIO_Paint>& palette)
+{
+    const QColor colour = QColor::fromRgb(DIO_averageColour(layer.cels.front().image).rgb());
+    const DIO_Paint paint{DIO_Paint::Kind::SOLID, colour, colour.name()};
+    const auto found = std::ranges::find(palette, paint);
+    if (found != palette.end())
+        return static_cast<int>(found - palette.begin());
+    palette.push_back(paint);
+    return static_cast<int>(palette.size()) - 1;
+}
+
+DIO_Shape shapeOf(const DIO_BitmapCel& cel, int paint)
+{
+    DIO_Shape shape;
+    shape.path.addRect(QRectF(cel.place, cel.image.size()));
+    shape.opacity = std::min(cel.opacity, 1.0);
+    shape.paint = paint;
+    shape.picture = cel.image;
+    return shape;
+}
+
+// The layer of the drawing that a layer of the file becomes part of.
+DIO_Layer& layerFor(const DIO_BitmapLayer& layer, DIO_Grouping grouping, DIO_Drawing& drawing)
+{
+    std::vector<DIO_Layer>& layers = drawing.layers;
+    const bool isGroup = grouping == DIO_Grouping::GROUPS && !layer.group.isEmpty();
+    const bool isOne = grouping == DIO_Grouping::ONE;
+    // What lies between the layers of a group keeps its place: the group begins anew above it.
+    if (!layers.empty() && (isOne || (isGroup && layers.back().name == layer.group)))
+        return layers.back();
+    layers.push_back({isOne ? drawing.name : isGroup ? layer.group : layer.name, !isOne, {}});
+    return layers.back();
+}
+
+} // namespace
+
+void DIO_warnOfBlendModes(const QStringList& modes, QStringList& warnings)
+{
+    if (modes.isEmpty())
+        return;
+    constexpr qsizetype kMost = 8;
+    const QString more = modes.size() > kMost ? QStringLiteral(" and %1 more").arg(modes.size() - kMost) : QString();
+    warnings.append(QStringLiteral("blend modes are shown as normal: %1%2").arg(modes.mid(0, kMost).join(u", "), more));
+}
+
+void DIO_tidyLayers(DIO_BitmapLayers& layers)
+{
+    for (DIO_BitmapLayer& layer : layers.layers) {
+        std::vector<int> places;
+        std::vector<DIO_BitmapCel> kept;
+        for (DIO_BitmapCel& cel : layer.cels) {
+            const bool shows = !isEmpty(cel);
+            places.push_back(shows ? static_cast<int>(kept.size()) : -1);
+            if (shows)
+                kept.push_back(std::move(cel));
+        }
+        layer.cels = std::move(kept);
+        for (int& shown : layer.shown)
+            shown = shown < 0 ? -1 : places[static_cast<std::size_t>(shown)];
+    }
+    std::erase_if(layers.layers, [](const DIO_BitmapLayer& layer) { return layer.cels.empty(); });
+    for (std::size_t i = 0; i < layers.layers.size(); ++i)
+        if (layers.layers[i].name.isEmpty())
+            layers.layers[i].name = QStringLiteral("Layer %1").arg(i + 1);
+}
+
+DIO_Drawing DIO_drawingOf(const DIO_BitmapLayers& layers, const QString& path, DIO_Grouping grouping)
+{
+    DIO_Drawing drawing;
+    drawing.name = QFileInfo(path).completeBaseName();
+    drawing.size = layers.size;
+    drawing.viewBox = QRectF(QPointF(), drawing.size);
+    drawing.warnings = layers.warnings;
+    for (const DIO_BitmapLayer& layer : layers.layers) {
+        const int cel = layer.shown.front();
+        if (cel < 0)
+            continue;
+        const int paint = paintOf(layer, drawing.palette);
+        layerFor(layer, grouping, drawing).shapes.push_back(shapeOf(layer.cels[static_cast<std::size_t>(cel)], paint));
+    }
+    if (layers.frames > 1)
+        drawing.warnings.append(QStringLiteral("only the first of %1 frames is read").arg(layers.frames));
+    return drawing;
+}
+
+DIO_Animation DIO_animationOf(const DIO_BitmapLayers& layers, const QString& path)
+{
+    constexpr double kUsualRate = 24.0;
+    DIO_Animation animation;
+    animation.name = QFileInfo(path).completeBaseName();
+    animation.size = layers.size;
+    animation.viewBox = QRectF(QPointF(), animation.size);
+    animation.frameRate = layers.frameRate > 0.0 ? layers.frameRate : kUsualRate;
+    animation.frames = layers.frames;
+    animation.warnings = layers.warnings;
+    for (const DIO_BitmapLayer& layer : layers.layers) {
+        const int paint = paintOf(layer, animation.palette);
+        DIO_AnimatedLayer animated{layer.name, {}, layer.shown};
+        for (const DIO_BitmapCel& cel : layer.cels)
+            animated.drawings.push_back({shapeOf(cel, paint)});
+        animation.layers.push_back(std::move(animated));
+    }
+    return animation;
+}

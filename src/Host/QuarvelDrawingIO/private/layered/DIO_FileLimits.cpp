@@ -1,0 +1,61 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+#include "QuarvelDrawingIO/private/layered/DIO_FileLimits.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <zlib.h>
+
+UT_Error DIO_damaged()
+{
+    return {QStringLiteral("the file is damaged or cut off; save it again from the program that made it")};
+}
+
+UT_Result<QByteArray> DIO_readBytes(const QString& path)
+{
+    constexpr qint64 kMost = 1'000'000'000;
+    const QFileInfo info(path);
+    QFile file(path);
+    if (!info.isFile() || !file.open(QIODevice::ReadOnly))
+        return UT_Error{info.exists() ? QStringLiteral("the file cannot be read; may you read it?")
+                                      : QStringLiteral("there is no such file")};
+    if (file.size() > kMost)
+        return UT_Error{QStringLiteral("the file is larger than the gigabyte that can be read")};
+    return file.readAll();
+}
+
+std::span<const std::uint8_t> DIO_bytesOf(const QByteArray& bytes)
+{
+    return {reinterpret_cast<const std::uint8_t*>(bytes.constData()), static_cast<std::size_t>(bytes.size())};
+}
+
+UT_Result<void> DIO_PixelBudget::take(std::int64_t width, std::int64_t height)
+{
+    if (width <= 0 || height <= 0)
+        return DIO_damaged();
+    // Each side is a number of 32 bits, so that the product cannot overflow.
+    if (width * height > DIO_kMostPixels)
+        return UT_Error{QStringLiteral("a picture in it has %1 x %2 pixels, more than the %3 million that can be read")
+                            .arg(width)
+                            .arg(height)
+                            .arg(DIO_kMostPixels / 1'000'000)};
+    _left -= width * height;
+    if (_left < 0)
+        return UT_Error{QStringLiteral("its pictures have more than the %1 million pixels that can be read together; "
+                                       "make it smaller, or split it")
+                            .arg(DIO_kMostPixelsInAll / 1'000'000)};
+    return {};
+}
+
+UT_Result<std::vector<std::uint8_t>> DIO_inflate(std::span<const std::uint8_t> packed, std::size_t size)
+{
+    // The format packs a byte into no less than a thousandth of one.
+    constexpr std::size_t kBestRatio = 1040;
+    if (size / kBestRatio > packed.size() + 1)
+        return DIO_damaged();
+    std::vector<std::uint8_t> bytes(size);
+    uLongf made = bytes.size();
+    const int end = uncompress(bytes.data(), &made, packed.data(), packed.size());
+    if (end != Z_OK || made != size)
+        return DIO_damaged();
+    return bytes;
+}

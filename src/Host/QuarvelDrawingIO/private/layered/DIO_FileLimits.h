@@ -1,0 +1,45 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// How much a file of pixels may ask for. Sizes are checked before memory is taken for them.
+#pragma once
+
+#include "QuarvelBaseCore/UT_Result.h"
+
+#include <QByteArray>
+#include <QSize>
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+inline constexpr int DIO_kMostLayers = 10'000;
+inline constexpr int DIO_kMostFrames = 10'000;
+/// Of one picture.
+inline constexpr std::int64_t DIO_kMostPixels = 30'000'000;
+/// Of all pictures of a file together.
+inline constexpr std::int64_t DIO_kMostPixelsInAll = 250'000'000;
+
+/// What is wrong with a file that ends early or contradicts itself.
+UT_Error DIO_damaged();
+
+/// The bytes of a file of at most a gigabyte.
+UT_Result<QByteArray> DIO_readBytes(const QString& path);
+
+/// The same bytes, for reading.
+std::span<const std::uint8_t> DIO_bytesOf(const QByteArray& bytes);
+
+/// Counts the pixels of a file's pictures.
+class DIO_PixelBudget
+{
+public:
+    /// @return an error when a picture has no pixels, too many, or more than are left
+    UT_Result<void> take(std::int64_t width, std::int64_t height);
+
+private:
+    std::int64_t _left = DIO_kMostPixelsInAll;
+};
+
+/// Unpacks data in the format of zlib, which are to become so many bytes.
+///
+/// @return an error when they become fewer or more, or are damaged
+UT_Result<std::vector<std::uint8_t>> DIO_inflate(std::span<const std::uint8_t> packed, std::size_t size);

@@ -1,0 +1,161 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// "stack.xml" lists layers and stacks of them from the top down.
+#include "QuarvelDrawingIO/private/layered/DIO_OpenRaster.h"
+
+#include "QuarvelDrawingIO/private/layered/DIO_FileLimits.h"
+#include "QuarvelDrawingIO/private/layered/DIO_ZipFile.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+
+namespace {
+
+// The stacks around a layer.
+struct Around
+{
+    QString names; // "head/eyes/"
+    QString group; // the outermost
+    double opacity = 1.0;
+    bool visible = true;
+};
+
+class StackReader
+{
+public:
+    explicit StackReader(const DIO_ZipFile& archive) : _archive(archive) {}
+
+    UT_Result<DIO_BitmapLayers> read()
+    {
+        constexpr qint64 kMostText = 16'000'000;
+        const UT_Result<QByteArray> text = _archive.read(QStringLiteral("stack.xml"), kMostText);
+        if (!text)
+            return text.error();
+        _xml.addData(*text);
+        if (!_xml.readNextStartElement() || _xml.name() != QLatin1String("image"))
+            return DIO_damaged();
+        if (UT_Result<void> sized = readSize(); !sized)
+            return sized.error();
+        while (_xml.readNextStartElement()) {
+            if (UT_Result<void> read = readElement({}, 0); !read)
+                return read.error();
+        }
+        if (_xml.hasError())
+            return DIO_damaged();
+        std::ranges::reverse(_made.layers);
+        DIO_warnOfBlendModes(_modes, _made.warnings);
+        return std::move(_made);
+    }
+
+private:
+    QString value(const char* name) const { return _xml.attributes().value(QLatin1String(name)).toString(); }
+
+    // The root of all stacks is an element "stack" of its own.
+    static constexpr int kDeepest = 100;
+
+    UT_Result<void> readSize()
+    {
+        const int width = value("w").toInt();
+        const int height = value("h").toInt();
+        _made.size = QSize(width, height);
+        DIO_PixelBudget canvas;
+        return canvas.take(width, height);
+    }
+
+    UT_Result<void> readElement(const Around& around, int depth)
+    {
+        const bool isLayer = _xml.name() == QLatin1String("layer");
+        if (!isLayer && _xml.name() != QLatin1String("stack")) {
+            _xml.skipCurrentElement();
+            return {};
+        }
+        if (depth > kDeepest)
+            return UT_Error{QStringLiteral("its groups lie more than %1 deep in each other").arg(kDeepest)};
+        const Around own = ownOf(around, depth);
+        if (isLayer) {
+            UT_Result<void> read = readLayer(own);
+            _xml.skipCurrentElement();
+            return read;
+        }
+        while (_xml.readNextStartElement())
+            if (UT_Result<void> read = readElement(own, depth + 1); !read)
+                return read;
+        return {};
+    }
+
+    // What the element adds to what is around it. The root has no name.
+    Around ownOf(const Around& around, int depth)
+    {
+        Around own = around;
+        bool isNumber = false;
+        const double opacity = value("opacity").toDouble(&isNumber);
+        own.opacity *= isNumber ? std::clamp(opacity, 0.0, 1.0) : 1.0;
+        own.visible = own.visible && value("visibility") != QLatin1String("hidden");
+        if (depth == 0)
+            return own;
+        const QString name = value("name");
+        if (own.group.isEmpty())
+            own.group = name;
+        const QString mode = value("composite-op").remove(QLatin1String("svg:"));
+        if (own.visible && !mode.isEmpty() && mode != QLatin1String("src-over"))
+            _modes << QStringLiteral("%1 (%2)").arg(mode, own.names + name);
+        own.names += name + QLatin1Char('/');
+        return own;
+    }
+
+    UT_Result<void> readLayer(const Around& own)
+    {
+        if (++_count > DIO_kMostLayers)
+            return UT_Error{QStringLiteral("it has more than the %1 layers that can be read").arg(DIO_kMostLayers)};
+        if (!own.visible || !(own.opacity > 0.0))
+            return {};
+        const UT_Result<QImage> image = readPicture(value("src"));
+        if (!image)
+            return image.error();
+        const QString name = own.names.chopped(1);
+        const bool isInGroup = own.group != name;
+        _made.layers.push_back({name,
+                                isInGroup ? own.group : QString(),
+                                {{*image, QPoint(value("x").toInt(), value("y").toInt()), own.opacity}},
+                                {0}});
+        return {};
+    }
+
+    UT_Result<QImage> readPicture(const QString& name)
+    {
+        constexpr qint64 kMostBytes = 500'000'000;
+        UT_Result<QByteArray> bytes = _archive.read(name, kMostBytes);
+        if (!bytes)
+            return bytes.error();
+        QBuffer buffer(&*bytes);
+        QImageReader reader(&buffer, "png");
+        const QSize size = reader.size();
+        if (UT_Result<void> taken = _budget.take(size.width(), size.height()); !taken)
+            return taken.error();
+        const QImage image = reader.read();
+        if (image.isNull())
+            return UT_Error{QStringLiteral("\"%1\" in it is no whole PNG file").arg(name.left(80))};
+        const bool isDeep = image.pixelFormat().redSize() > 8;
+        return image.convertToFormat(isDeep ? QImage::Format_RGBA64 : QImage::Format_ARGB32);
+    }
+
+    const DIO_ZipFile& _archive;
+    QXmlStreamReader _xml;
+    DIO_PixelBudget _budget;
+    DIO_BitmapLayers _made;
+    QStringList _modes;
+    int _count = 0;
+};
+
+} // namespace
+
+UT_Result<DIO_BitmapLayers> DIO_readOpenRaster(const QString& path)
+{
+    const UT_Result<DIO_ZipFile> archive = DIO_ZipFile::open(path);
+    if (!archive)
+        return archive.error();
+    return StackReader(*archive).read();
+}

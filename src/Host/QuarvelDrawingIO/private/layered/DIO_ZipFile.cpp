@@ -1,0 +1,50 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The size that an archive names is checked before memory is taken, and what is unpacked has to have it.
+#include "QuarvelDrawingIO/private/layered/DIO_ZipFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <zip.h>
+
+void DIO_ZipFile::Close::operator()(zip* archive) const
+{
+    // Nothing was changed, so there is nothing to write.
+    zip_discard(archive);
+}
+
+UT_Result<DIO_ZipFile> DIO_ZipFile::open(const QString& path)
+{
+    const QFileInfo info(path);
+    if (!info.isFile() || !info.isReadable())
+        return UT_Error{info.exists() ? QStringLiteral("the file cannot be read; may you read it?")
+                                      : QStringLiteral("there is no such file")};
+    int error = 0;
+    zip* const archive = zip_open(QFile::encodeName(path).constData(), ZIP_RDONLY, &error);
+    if (!archive)
+        return UT_Error{QStringLiteral("the file is no archive, as such files are; is it whole?")};
+    return DIO_ZipFile(archive);
+}
+
+bool DIO_ZipFile::contains(const QString& name) const
+{
+    return zip_name_locate(_archive.get(), name.toUtf8().constData(), 0) >= 0;
+}
+
+UT_Result<QByteArray> DIO_ZipFile::read(const QString& name, qint64 most) const
+{
+    const QByteArray key = name.toUtf8();
+    const QString shown = name.left(80);
+    zip_stat_t stat;
+    zip_stat_init(&stat);
+    if (zip_stat(_archive.get(), key.constData(), 0, &stat) != 0 || (stat.valid & ZIP_STAT_SIZE) == 0)
+        return UT_Error{QStringLiteral("\"%1\" is missing in it").arg(shown)};
+    if (stat.size > static_cast<zip_uint64_t>(most))
+        return UT_Error{QStringLiteral("\"%1\" in it is too large").arg(shown)};
+    const std::unique_ptr<zip_file_t, decltype(&zip_fclose)> file(zip_fopen_index(_archive.get(), stat.index, 0),
+                                                                  &zip_fclose);
+    QByteArray bytes(static_cast<qsizetype>(stat.size), Qt::Uninitialized);
+    if (!file || zip_fread(file.get(), bytes.data(), stat.size) != static_cast<zip_int64_t>(stat.size))
+        return UT_Error{QStringLiteral("\"%1\" in it is damaged or cut off").arg(shown)};
+    return bytes;
+}

@@ -1,0 +1,62 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Drawings as artists keep them, in layers and in frames, through the program.
+#include "ProgramFixture.h"
+
+#include <gmock/gmock.h>
+
+using testing::HasSubstr;
+
+namespace {
+
+class LayeredFiles : public Program
+{
+protected:
+    void fetch(const char* name) const
+    {
+        ASSERT_TRUE(QFile::copy(QStringLiteral(LAYERED_FILES "/") + QString::fromLatin1(name), path(name)));
+    }
+};
+
+} // namespace
+
+TEST_F(LayeredFiles, AFilmBecomesASceneOfItsFramesAtItsRate)
+{
+    fetch("blocks.gif");
+    const Outcome made = quarvel("import blocks.gif");
+    ASSERT_EQ(made.exitCode, 0) << made.messages;
+    EXPECT_THAT(made.output, HasSubstr("frames 1-4, elements: 1, drawings: 3"));
+    EXPECT_THAT(quarvel("inspect blocks.scene").output, HasSubstr("rate    10 frames a second"));
+}
+
+TEST_F(LayeredFiles, ADrawingOfAFilmIsItsFirstFrameWhichIsSaid)
+{
+    fetch("blocks.gif");
+    const Outcome made = quarvel("normalmap blocks.gif");
+    EXPECT_EQ(made.exitCode, 0);
+    EXPECT_THAT(made.messages, HasSubstr("only the first of 3 pictures is read"));
+    EXPECT_TRUE(exists("blocks_n.png"));
+}
+
+TEST_F(LayeredFiles, AnOpenRasterFileIsADrawingAndAScene)
+{
+    fetch("krita.ora");
+    EXPECT_EQ(quarvel("normalmap krita.ora").exitCode, 0);
+    EXPECT_TRUE(exists("krita_n.png"));
+    EXPECT_EQ(quarvel("import krita.ora").exitCode, 0);
+}
+
+TEST_F(LayeredFiles, WhatIsDamagedLeavesNothingBehind)
+{
+    fetch("krita.ora");
+    write("cut.ora", bytes("krita.ora").first(700));
+    write("cut.ase", QByteArray(64, '\1'));
+    for (const char* name : {"cut.ora", "cut.ase"}) {
+        const Outcome map = quarvel(QStringList{"normalmap", name});
+        EXPECT_EQ(map.exitCode, 1);
+        EXPECT_THAT(map.messages, HasSubstr(name));
+        EXPECT_EQ(quarvel(QStringList{"import", name, "-o", "cut.scene"}).exitCode, 1);
+    }
+    EXPECT_EQ(filesThere(), (QStringList{"cut.ase", "cut.ora", "krita.ora"}));
+    EXPECT_FALSE(exists("cut.scene"));
+}
