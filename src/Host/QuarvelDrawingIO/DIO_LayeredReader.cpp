@@ -8,6 +8,7 @@
 #include "QuarvelDrawingIO/private/layered/DIO_Aseprite.h"
 #include "QuarvelDrawingIO/private/layered/DIO_MovingPicture.h"
 #include "QuarvelDrawingIO/private/layered/DIO_OpenRaster.h"
+#include "QuarvelDrawingIO/private/layered/DIO_Psd.h"
 
 #include <algorithm>
 
@@ -27,6 +28,7 @@ const std::vector<Format>& formats()
         {{QStringLiteral("Aseprite file"), {QStringLiteral("aseprite"), QStringLiteral("ase")}},
          DIO_readAseprite,
          true},
+        {{QStringLiteral("PSD file"), {QStringLiteral("psd"), QStringLiteral("psb")}}, DIO_readPsd, false},
     };
     return table;
 }
