@@ -1,0 +1,226 @@
+#!/usr/bin/python3
+# Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+"""Every allocation and every call that changes files goes wrong once, in whole runs of the program.
+
+Each case is a command with a folder that it starts from. A first run counts its calls; then it is repeated with the first call
+failing, the second, and so on (--every N tries each N-th, so that a short run spreads over all of a command). After each run:
+
+  memory  no memory: the right files, or an exit code that is not 0 and a message; never a wrong picture with exit code 0. A crash is
+          accepted only where a library of others, such as Qt's rasteriser, asked for the memory.
+  error   the call fails as on a full disk: as above, and what was there before is unchanged where the command failed.
+  kill    the process is gone: what is under a file's name is the old file or the new one, and the same command does its work next.
+  stop    SIGTERM: exit code 143 and a line of what is done, and whole files.
+"""
+import argparse
+import concurrent.futures
+import errno
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+
+DRAWING = """<svg xmlns="http://www.w3.org/2000/svg" width="96" height="96">
+<g id="body"><rect x="12" y="12" width="72" height="72" rx="20" fill="#c03020"/></g>
+<g id="eye"><circle cx="48" cy="40" r="14" fill="#2040c0" stroke="#101010" stroke-width="3"/></g></svg>"""
+
+OWN_LIBRARIES = ("quarvel", "libQuarvel", "libBlurAlgo", "libMultiStageKvd", "libObjectDefinition", "Vallorin", "libVallorin")
+# Qt's tables ask for less, and end the program where they get nothing.
+SMALLEST_ALLOCATION = 8192
+
+
+class Case:
+    def __init__(self, name, prepare, words, results, kinds):
+        self.name = name
+        self.prepare = prepare  # commands that make the folder that the case starts from
+        self.words = words
+        self.results = results  # files and folders that the command makes or changes
+        self.kinds = kinds
+
+
+MAKE_SCENE = "import hero.svg --objects groups --shape rim -o s.scene"
+CASES = [
+    Case("normalmap", [], "normalmap hero.svg --objects groups --lit lit.png --elevation e.exr --size 128", ["hero_n.png", "lit.png", "e.exr"],
+         ["memory", "error", "kill", "stop"]),
+    Case("bitmap", ["normalmap hero.svg --drawing sprite.png -o x.png"], "normalmap sprite.png --float -o n.exr", ["n.exr"], ["memory"]),
+    Case("render", [MAKE_SCENE], "render s.scene -o n.####.png --resolution 96 --jobs 1", ["n.0001.png"], ["memory", "error", "kill", "stop"]),
+    Case("import", [], MAKE_SCENE, ["s.scene"], ["memory", "error", "kill", "stop"]),
+    Case("save", [MAKE_SCENE], "set s.scene Normal-Map.BlurScale 2.5", ["s.scene"], ["memory", "error", "kill", "stop"]),
+]
+
+
+class Failure(Exception):
+    pass
+
+
+def contents(place):
+    """The bytes below a place, by their names; nothing where it is missing or empty. What a save leaves for the next one is no content."""
+    if place.is_dir():
+        found = {str(path.relative_to(place)): path.read_bytes() for path in sorted(place.rglob("*"))
+                 if path.is_file() and not any(part.startswith(".") for part in path.relative_to(place).parts)}
+        return found or None
+    return place.read_bytes() if place.exists() else None
+
+
+class Runs:
+    def __init__(self, program, library, case, root):
+        self.program, self.library, self.case = program, library, case
+        self.root = pathlib.Path(root)
+        self.runtime = self.root / "runtime"
+        self.runtime.mkdir(mode=0o700)
+        self.start = self.root / "start"
+        self.start.mkdir()
+        (self.start / "hero.svg").write_text(DRAWING)
+        for words in case.prepare:
+            done = self.run(self.start, words)
+            if done.returncode != 0:
+                raise Failure(f"{case.name}: {words}: {done.stderr}")
+        self.before = {name: contents(self.start / name) for name in case.results}
+        folder = self.fresh("expected")
+        done = self.run(folder, case.words)
+        if done.returncode != 0:
+            raise Failure(f"{case.name}: {case.words}: {done.stderr}")
+        self.after = {name: contents(folder / name) for name in case.results}
+
+    def fresh(self, name):
+        folder = self.root / name
+        shutil.copytree(self.start, folder)
+        return folder
+
+    def run(self, folder, words, **fault):
+        environment = dict(os.environ, XDG_STATE_HOME=str(self.root / "state"), XDG_RUNTIME_DIR=str(self.runtime), QT_QPA_PLATFORM="offscreen")
+        environment.update({key: str(value) for key, value in fault.items()})
+        if fault:
+            environment["LD_PRELOAD"] = self.library
+        return subprocess.run([self.program, *words.split()], cwd=folder, env=environment, capture_output=True, text=True, errors="replace",
+                              timeout=300)
+
+    def count(self, kind):
+        folder, log = self.fresh(f"count-{kind}"), self.root / f"count-{kind}.log"
+        self.run(folder, self.case.words, FAULT_KIND=kind, FAULT_AT=0, FAULT_SIZE=SMALLEST_ALLOCATION, FAULT_LOG=log)
+        return int(log.read_text().split()[-1])
+
+    def attempt(self, kind, at):
+        """Runs the case with one fault. Returns what came of it."""
+        folder, log = self.fresh(f"{kind}-{at}"), self.root / f"{kind}-{at}.log"
+        try:
+            done = self.run(folder, self.case.words, FAULT_KIND=kind, FAULT_AT=at, FAULT_SIZE=SMALLEST_ALLOCATION, FAULT_LOG=log,
+                            FAULT_ERROR=errno.ENOSPC)
+            words = log.read_text().split() if log.exists() else []
+            if "fault" not in words:
+                return "passed"
+            caller = words[words.index("fault") + 1]
+            if kind != "kill":
+                self.settle(folder)
+            found = {name: contents(folder / name) for name in self.case.results}
+            return getattr(self, "judge_" + kind)(folder, done, caller, found)
+        except Failure as failure:
+            where = log.read_text().split("\n")[0] if log.exists() else ""
+            raise Failure(f"{self.case.name}, {kind} {at} ({where}): {failure}") from None
+        finally:
+            shutil.rmtree(folder, ignore_errors=True)
+
+    def settle(self, folder):
+        """A save counts from the moment its journal is in place; whoever opens the scene next does the rest."""
+        for name in self.case.results:
+            if name.endswith(".scene") and any((folder / name / file).exists() for file in ("scene.xml", ".journal")):
+                done = self.run(folder, "inspect " + name)
+                if done.returncode != 0:
+                    raise Failure(f"{name} cannot be opened afterwards: {done.stderr}")
+
+    def check_each_is_old_or_new(self, found, done):
+        for name, content in found.items():
+            if content not in (self.before[name], self.after[name]):
+                raise Failure(f"{name} is neither what it was nor what it should be (exit code {done.returncode})")
+
+    def judge_memory(self, folder, done, caller, found):
+        if done.returncode < 0:
+            if caller.startswith(OWN_LIBRARIES):
+                raise Failure(f"ended by signal {-done.returncode}: {done.stderr}")
+            self.check_each_is_old_or_new(found, done)
+            return "crashed in a library"
+        return self.judge_error(folder, done, caller, found)
+
+    def judge_error(self, folder, done, caller, found):
+        if done.returncode < 0:
+            raise Failure(f"ended by signal {-done.returncode}: {done.stderr}")
+        self.check_each_is_old_or_new(found, done)
+        if done.returncode == 0:
+            if found != self.after:
+                raise Failure("exit code 0, but the results are not there")
+            return "right"
+        if not done.stderr.strip():
+            raise Failure(f"exit code {done.returncode} without a message")
+        return "refused"
+
+    def judge_kill(self, folder, done, caller, found):
+        if done.returncode != -signal.SIGKILL:
+            raise Failure(f"expected to be killed, got {done.returncode}")
+        # An import that was complete is not made again; one that was not gives way to the next.
+        again = self.run(folder, self.case.words + (" --force" if self.case.name == "import" else ""))
+        if again.returncode != 0:
+            raise Failure(f"the command after it fails: {again.stderr}")
+        if {name: contents(folder / name) for name in self.case.results} != self.after:
+            raise Failure("the command after it makes something else")
+        for name, content in found.items():
+            if not (folder / name).is_dir() and content not in (self.before[name], self.after[name]):
+                raise Failure(f"{name} was neither what it was nor what it should be")
+        return "killed"
+
+    def judge_stop(self, folder, done, caller, found):
+        if done.returncode != 128 + signal.SIGTERM:
+            raise Failure(f"expected exit code 143, got {done.returncode}: {done.stderr}")
+        if "stopped" not in done.stderr:
+            raise Failure("no line says what is done")
+        self.check_each_is_old_or_new(found, done)
+        return "stopped"
+
+
+def run_case(program, library, case, kinds, every, most, threads):
+    failures = []
+    with tempfile.TemporaryDirectory() as root:
+        runs = Runs(program, library, case, root)
+        for kind in case.kinds:
+            if kind not in kinds:
+                continue
+            count = runs.count(kind)
+            step = max(every, -(-count // most) if most else 1)
+            sums = {}
+            with concurrent.futures.ThreadPoolExecutor(threads) as pool:
+                tried = [pool.submit(runs.attempt, kind, at) for at in range(1, count + 1, step)]
+                for attempt in concurrent.futures.as_completed(tried):
+                    try:
+                        outcome = attempt.result()
+                    except Failure as failure:
+                        failures.append(str(failure))
+                        outcome = "WRONG"
+                    sums[outcome] = sums.get(outcome, 0) + 1
+            told = ", ".join(f"{outcome} {number}" for outcome, number in sorted(sums.items()))
+            print(f"{case.name:10} {kind:7} {len(tried)} of {count} calls: {told}", flush=True)
+    return failures
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--program", required=True)
+    parser.add_argument("--library", required=True, help="the library that injects the faults")
+    parser.add_argument("--every", type=int, default=1, help="tries each N-th call")
+    parser.add_argument("--most", type=int, default=0, help="tries about as many calls of each kind at most")
+    parser.add_argument("--case", action="append", choices=[case.name for case in CASES])
+    parser.add_argument("--kind", action="append", choices=["memory", "error", "kill", "stop"])
+    arguments = parser.parse_args()
+    kinds = arguments.kind or ["memory", "error", "kill", "stop"]
+    failures = []
+    for case in CASES:
+        if not arguments.case or case.name in arguments.case:
+            failures += run_case(os.path.abspath(arguments.program), os.path.abspath(arguments.library), case, kinds, arguments.every,
+                                 arguments.most, os.cpu_count() or 1)
+    for failure in failures:
+        print(failure, file=sys.stderr)
+    return 1 if failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
