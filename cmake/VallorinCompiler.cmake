@@ -60,6 +60,10 @@ if(VALLORIN_SANITIZE)
   # GCC loses track of initialised variables among the sanitizers' checks.
   target_compile_options(vallorin_compiler INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   target_link_options(vallorin_compiler INTERFACE -fsanitize=${VALLORIN_SANITIZE})
+  # What GCC says by itself.
+  if(CMAKE_CXX_COMPILER_ID MATCHES "Clang" AND VALLORIN_SANITIZE MATCHES "address")
+    target_compile_definitions(vallorin_compiler INTERFACE __SANITIZE_ADDRESS__=1)
+  endif()
   # Type information crosses the plug-in's border, where the vptr check sees two copies of it.
   if(VALLORIN_SANITIZE MATCHES "undefined")
     target_compile_options(vallorin_compiler INTERFACE -fno-sanitize=vptr)

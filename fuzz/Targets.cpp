@@ -1,0 +1,79 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The table, and what all targets share.
+#include "Targets.h"
+
+#include "QuarvelPlugInManager/PLUG_Manager.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QGuiApplication>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+constexpr FuzzTarget kTargets[] = {
+    {"bitmap", fuzzBitmap},
+    {"frame", fuzzFrame},
+    {"lottie-document", fuzzLottieDocument},
+    {"lottie-stream", fuzzLottieStream},
+    {"scene", fuzzScene},
+    {"scene-file", fuzzSceneFile},
+    {"set-words", fuzzSetWords},
+    {"svg", fuzzSvg},
+    {"tables", fuzzTables},
+};
+
+// Remarks about single inputs would fill the screen.
+void saySilently(QtMsgType, const QMessageLogContext&, const QString&) {}
+
+} // namespace
+
+std::span<const FuzzTarget> fuzzTargets()
+{
+    return kTargets;
+}
+
+const FuzzTarget* findFuzzTarget(const char* name)
+{
+    const auto* const found =
+        std::ranges::find_if(kTargets, [&](const FuzzTarget& target) { return std::strcmp(target.name, name) == 0; });
+    return found == std::end(kTargets) ? nullptr : found;
+}
+
+void prepareFuzzing(int& argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static const QGuiApplication application(argc, argv);
+    if (const auto loaded = PLUG_Manager::loadAll(PLUG_Manager::defaultFolder()); !loaded) {
+        std::fprintf(stderr, "%s\n", qPrintable(loaded.error().text));
+        std::exit(2);
+    }
+    qInstallMessageHandler(saySilently);
+}
+
+QString fuzzFolder()
+{
+    static const QTemporaryDir folder;
+    return folder.path();
+}
+
+QString fuzzFile(const QString& name, const QByteArray& content)
+{
+    const QString path = fuzzFolder() + u'/' + name;
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    FUZZ_CHECK(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+    return path;
+}
+
+void fuzzFailed(const char* property, const char* file, int line)
+{
+    std::fprintf(stderr, "%s:%d: does not hold: %s\n", file, line, property);
+    std::abort();
+}
