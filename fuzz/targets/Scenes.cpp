@@ -30,7 +30,7 @@ std::unique_ptr<MO_Scene> makeFuzzScene()
 
 QMap<QString, QByteArray> filesOf(const MO_Scene& scene)
 {
-    auto files = SIO_sceneFiles(scene);
+    auto files = SIO_sceneFiles(scene, QString());
     FUZZ_CHECK(files.ok());
     return *files;
 }
@@ -42,7 +42,7 @@ void checkSceneIn(const QString& folder)
         FUZZ_CHECK(!loaded.error().sentence().isEmpty());
         return;
     }
-    const auto files = SIO_sceneFiles(*loaded->scene);
+    const auto files = SIO_sceneFiles(*loaded->scene, QString());
     // What no file can hold is refused.
     if (!files)
         return;
