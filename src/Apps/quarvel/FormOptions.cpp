@@ -8,7 +8,7 @@ std::vector<OptionRow<FormSettings>> formOptionRows()
 {
     const auto s = [](const char* name) { return QString::fromLatin1(name); };
     const auto takeObjects = [=](FormSettings& form, const QString& option, const QString& value) {
-        return keep(parseChoice(option, value, {s("auto"), s("layers"), s("groups"), s("shapes"), s("one")}),
+        return keep(parseChoice(option, value, objectChoiceWords()),
                     [&](int index) { form.objects = static_cast<ObjectChoice>(index); });
     };
     const auto takeShape = [=](FormSettings& form, const QString& option, const QString& value) {

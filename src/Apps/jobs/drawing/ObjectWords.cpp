@@ -117,3 +117,10 @@ UT_Result<void> takeObjectWords(ObjectWishes& wishes, const QString& words)
         wishes.namedObjects.emplace_back(meant, said);
     return {};
 }
+
+const QStringList& objectChoiceWords()
+{
+    static const QStringList words{QStringLiteral("auto"), QStringLiteral("layers"), QStringLiteral("groups"),
+                                   QStringLiteral("shapes"), QStringLiteral("one")};
+    return words;
+}

@@ -36,3 +36,6 @@ UT_Result<void> takeObjectWord(ObjectSettings& object, const QString& word);
 ///
 /// @return an error that says what was expected; then nothing is set
 UT_Result<void> takeObjectWords(ObjectWishes& wishes, const QString& words);
+
+/// The words for what becomes an object, in the order of ObjectChoice.
+const QStringList& objectChoiceWords();

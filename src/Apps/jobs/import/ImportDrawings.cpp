@@ -6,9 +6,15 @@
 #include "QuarvelBaseCore/UT_FileName.h"
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
 #include "QuarvelDrawingIO/DIO_LayeredReader.h"
+#include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "jobs/drawing/ObjectWords.h"
 #include "jobs/drawing/OwnValues.h"
 #include "jobs/import/ImportKinds.h"
 #include "jobs/import/SequenceScene.h"
+
+#include <QDir>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -68,6 +74,23 @@ UT_Result<const Kind*> kindOfAll(const QStringList& files)
     return first;
 }
 
+// The elements say where they came from, so that the files can be read again.
+void noteOrigin(const MO_Scene& scene, const QStringList& files, ObjectChoice objects)
+{
+    MO_DrawingOrigin origin;
+    for (const QString& file : files)
+        origin.files << QDir::cleanPath(QFileInfo(file).absoluteFilePath());
+    if (objects != FormSettings().objects)
+        origin.objects = objectChoiceWords()[static_cast<qsizetype>(objects)];
+    scene.root().forEachModule([&](MO_Module& module) {
+        auto* const element = dynamic_cast<MO_ElementModule*>(&module);
+        if (!element)
+            return;
+        origin.layer = element->drawingAttr()->getElementName();
+        element->setOrigin(origin);
+    });
+}
+
 } // namespace
 
 QStringList importableSuffixes()
@@ -111,5 +134,6 @@ UT_Result<ImportedScene> importDrawings(const QStringList& files, const ImportSe
         buildSequenceScene(*sequence, settings.form, {settings.wishes, *folder}, sequence->warnings);
     if (!scene)
         return scene.error();
+    noteOrigin(**scene, sorted, settings.form.objects);
     return ImportedScene{std::move(*scene), sequence->warnings};
 }

@@ -26,6 +26,8 @@ QRectF extentOf(const QPainterPath& path)
     return {least, most};
 }
 
+} // namespace
+
 QRectF extentOf(const CELVEC_Kvd& drawing)
 {
     QRectF extent;
@@ -36,8 +38,6 @@ QRectF extentOf(const CELVEC_Kvd& drawing)
         }
     return extent;
 }
-
-} // namespace
 
 QRectF extentOf(const MO_ElementModule& element, double frame, const std::pair<int, int>& resolution)
 {

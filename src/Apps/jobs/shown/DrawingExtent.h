@@ -11,6 +11,9 @@
 #include <utility>
 #include <vector>
 
+/// The rectangle around the control points of a drawing, in its own units; a null one where it has no shapes.
+QRectF extentOf(const CELVEC_Kvd& drawing);
+
 /// The rectangle that the drawing of an element may touch at a frame, in pixels of a frame of the resolution: x right,
 /// y down, the origin at the upper left corner. It may lie outside of the frame, and may be somewhat larger than what
 /// is painted. Empty when nothing is shown.

@@ -1,0 +1,491 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The steps are found out first; each looks at the scene as the steps before have left it.
+#include "jobs/import/UpdateDrawings.h"
+
+#include "ObjectDefinition/ObjectDefinition.h"
+#include "QuarvelSceneCore/attributes/AT_Curve.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/attributes/AT_IntAttr.h"
+#include "QuarvelSceneCore/editing/MO_AttrCommands.h"
+#include "QuarvelSceneCore/editing/MO_DrawingCommands.h"
+#include "QuarvelSceneCore/editing/MO_LinkCommands.h"
+#include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
+#include "QuarvelSceneCore/editing/MO_PaletteCommands.h"
+#include "QuarvelSceneCore/editing/MO_SceneCommands.h"
+#include "QuarvelSceneCore/graph/MO_Port.h"
+#include "QuarvelSceneCore/graph/MO_SceneCopy.h"
+#include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
+#include "jobs/import/LayerMatch.h"
+#include "jobs/import/StepsCommand.h"
+#include "jobs/shown/DrawingExtent.h"
+#include "jobs/shown/NormalMapNode.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+using Drawings = std::map<QString, UT_SharedPtr<CELVEC_Kvd>>;
+using PalettePtr = CM_SharedPtr<CM_Palette>;
+/// Scale and position, x and y.
+using Placing = std::array<double, 4>;
+
+std::array<AT_DoubleAttr*, 4> placingAttrs(const MO_ElementModule& element)
+{
+    return {element.scaleX(), element.scaleY(), element.positionX(), element.positionY()};
+}
+
+Placing placingOf(const MO_ElementModule& element)
+{
+    Placing placing{};
+    std::ranges::transform(placingAttrs(element), placing.begin(),
+                           [](const AT_DoubleAttr* attr) { return attr->localValue(); });
+    return placing;
+}
+
+std::vector<MO_ElementModule*> allElements(const MO_Scene& scene)
+{
+    std::vector<MO_ElementModule*> elements;
+    scene.root().forEachModule([&](MO_Module& module) {
+        if (auto* const element = dynamic_cast<MO_ElementModule*>(&module))
+            elements.push_back(element);
+    });
+    return elements;
+}
+
+template<typename Module>
+Module* firstOf(const MO_Scene& scene, const std::function<bool(Module&)>& isWanted)
+{
+    Module* found = nullptr;
+    scene.root().forEachModule([&](MO_Module& module) {
+        auto* const one = dynamic_cast<Module*>(&module);
+        if (!found && one && isWanted(*one))
+            found = one;
+    });
+    return found;
+}
+
+bool isSameDrawing(const CELVEC_Kvd& one, const CELVEC_Kvd& other)
+{
+    return std::ranges::all_of(kGR_allArts,
+                               [&](GR_Art art) { return std::ranges::equal(one.shapes(art), other.shapes(art)); });
+}
+
+bool haveSameNames(const Drawings& one, const Drawings& other)
+{
+    return std::ranges::equal(one, other, {}, &Drawings::value_type::first, &Drawings::value_type::first);
+}
+
+// The drawings that change, with the new ones.
+Drawings changedDrawings(const Drawings& before, const Drawings& fresh)
+{
+    Drawings changed;
+    for (const auto& [name, drawing] : fresh) {
+        const auto known = before.find(name);
+        if (known == before.end() || !isSameDrawing(*known->second, *drawing))
+            changed.emplace(name, drawing);
+    }
+    return changed;
+}
+
+bool isEmpty(const CELVEC_Kvd& drawing)
+{
+    return std::ranges::all_of(kGR_allArts, [&](GR_Art art) { return drawing.shapes(art).empty(); });
+}
+
+ObjectDefinition* definitionBehind(const MO_ElementModule& element)
+{
+    if (element.nOutPorts() == 0)
+        return nullptr;
+    for (const MO_Port* const sink : element.outPort(0)->sinks())
+        if (auto* const definition = dynamic_cast<ObjectDefinition*>(sink->module()))
+            return definition;
+    return nullptr;
+}
+
+// Looks for everything that an update has to do.
+class Update
+{
+public:
+    Update(MO_Scene& scene, const std::vector<MO_ElementModule*>& elements, const MO_Scene& fresh)
+        : _scene(scene), _elements(elements), _fresh(fresh)
+    {
+        for (const MO_ElementModule* const element : allElements(fresh))
+            _layers.push_back(element);
+        _match = matchLayers(elements, _layers);
+        _node = nodeOf();
+        _composite = compositeOf();
+    }
+
+    DrawingUpdate make(const QString& name)
+    {
+        DrawingUpdate update;
+        unifyPalettes();
+        const bool ownFrame = !_elements.empty() && _elements.size() == allElements(_scene).size();
+        if (ownFrame)
+            fitFrame();
+        std::vector<bool> met(_elements.size(), false);
+        for (std::size_t i = 0; i < _layers.size(); ++i) {
+            if (_match[i] < 0) {
+                update.added << _layers[i]->origin().layer;
+                addLayer(i, ownFrame);
+                continue;
+            }
+            met[static_cast<std::size_t>(_match[i])] = true;
+            renew(*_elements[static_cast<std::size_t>(_match[i])], *_layers[i], ownFrame);
+        }
+        for (std::size_t i = 0; i < _elements.size(); ++i) {
+            if (met[i])
+                continue;
+            if (const MO_ElementModule* const layer = layerOfCopy(*_elements[i]))
+                renew(*_elements[i], *layer, ownFrame);
+            else if (empty(*_elements[i]))
+                update.vanished << _elements[i]->instanceName();
+        }
+        wire();
+        if (_fresh.lastFrame() > _scene.lastFrame())
+            _steps.emplace_back([&scene = _scene, last = _fresh.lastFrame()] {
+                return MO_frameRangeCmd(scene, scene.firstFrame(), last);
+            });
+        if (!_steps.empty())
+            update.command = std::make_unique<StepsCommand>(name, std::move(_steps));
+        return update;
+    }
+
+private:
+    // A layer that is new, and the modules that are made for it.
+    struct Added
+    {
+        std::size_t layer;
+        MO_ElementModule* element = nullptr;
+        ObjectDefinition* definition = nullptr;
+    };
+
+    // An element may have been duplicated: the layer that was found for one of its layer holds for all of them.
+    const MO_ElementModule* layerOfCopy(const MO_ElementModule& element) const
+    {
+        for (std::size_t i = 0; i < _layers.size(); ++i)
+            if (_match[i] >= 0 && _elements[static_cast<std::size_t>(_match[i])]->origin() == element.origin())
+                return _layers[i];
+        return nullptr;
+    }
+
+    MO_Module* nodeOf() const
+    {
+        const auto shows = [&](const MO_Module& module) {
+            for (unsigned i = 0; i < module.nInPorts(); ++i)
+                for (const MO_ElementModule* const element : elementsBehind(*module.inPort(i)))
+                    if (std::ranges::find(_elements, element) != _elements.end())
+                        return true;
+            return false;
+        };
+        MO_Module* const own =
+            firstOf<MO_Module>(_scene, [&](MO_Module& module) { return NormalMapNode::is(module) && shows(module); });
+        return own ? own : firstOf<MO_Module>(_scene, [](MO_Module& module) { return NormalMapNode::is(module); });
+    }
+
+    // What shows the drawings as they are: a composite of elements alone.
+    MO_CompositeModule* compositeOf() const
+    {
+        return firstOf<MO_CompositeModule>(_scene, [](MO_CompositeModule& composite) {
+            bool any = false;
+            for (unsigned i = 0; i < composite.nInPorts(); ++i) {
+                const MO_Port* const source = composite.inPort(i)->srcPort();
+                if (source && !dynamic_cast<MO_ElementModule*>(source->module()))
+                    return false;
+                any = any || source;
+            }
+            return any;
+        });
+    }
+
+    // New colours join the palette that the drawings have, where colours may have been changed by hand.
+    void unifyPalettes()
+    {
+        if (_fresh.palettes().empty())
+            return;
+        const PalettePtr fresh = _fresh.palettes().front();
+        PalettePtr known;
+        for (const MO_ElementModule* const element : _elements)
+            if (!known && !element->drawings().empty())
+                known = element->drawings().begin()->second->palette();
+        for (const PalettePtr& palette : _scene.palettes())
+            if (!known && palette->GetId() == fresh->GetId())
+                known = palette;
+        if (!known) {
+            _palette = fresh;
+            _steps.emplace_back([&scene = _scene, fresh] { return MO_addPaletteCmd(scene, fresh); });
+            return;
+        }
+        auto joined = UT_makeShared<CM_Palette>(known->GetName(), known->GetId());
+        for (const auto& color : known->colors())
+            joined->addColor(color);
+        bool grows = false;
+        for (const auto& color : fresh->colors())
+            grows = joined->addColor(color) || grows;
+        _palette = grows ? joined : known;
+        if (grows)
+            _steps.emplace_back(
+                [&scene = _scene, known, joined] { return MO_replacePaletteCmd(scene, known, joined); });
+    }
+
+    // Where all drawings of the scene are read again, the frame is that of the drawing as it is now.
+    void fitFrame()
+    {
+        if (_scene.frameHeight() != _fresh.frameHeight())
+            _steps.emplace_back(
+                [&scene = _scene, height = _fresh.frameHeight()] { return MO_frameHeightCmd(scene, height); });
+    }
+
+    // Scale and position that most of the elements have, which those have that nobody moved.
+    Placing usualPlacing() const
+    {
+        std::map<Placing, int> counts;
+        for (const MO_ElementModule* const element : _elements)
+            ++counts[placingOf(*element)];
+        return std::ranges::max_element(counts, {}, &std::map<Placing, int>::value_type::second)->first;
+    }
+
+    void renew(MO_ElementModule& element, const MO_ElementModule& layer, bool ownFrame)
+    {
+        const Drawings changed = changedDrawings(element.drawings(), layer.drawings());
+        const bool sameNames = haveSameNames(element.drawings(), layer.drawings());
+        if (!changed.empty() || !sameNames)
+            _steps.emplace_back([&element, changed, names = layer.drawings(), palette = _palette] {
+                Drawings wanted;
+                for (const auto& [name, drawing] : names) {
+                    const auto found = changed.find(name);
+                    wanted[name] =
+                        found == changed.end() ? element.drawings().at(name) : found->second->withPalette(palette);
+                }
+                return MO_drawingsCmd(element, wanted);
+            });
+        if (!sameNames)
+            _steps.emplace_back([&element, sheet = layer.drawingAttr()->exposures()] {
+                return MO_exposuresCmd(*element.drawingAttr(), sheet);
+            });
+        if (element.origin() != layer.origin())
+            _steps.emplace_back([&element, origin = layer.origin()] { return MO_originCmd(element, origin); });
+        if (ownFrame && placingOf(element) == usualPlacing() && placingOf(element) != placingOf(layer))
+            place(element, placingOf(layer));
+    }
+
+    void place(MO_ElementModule& element, const Placing& placing)
+    {
+        for (std::size_t i = 0; i < placing.size(); ++i)
+            if (AT_DoubleAttr* const attr = placingAttrs(element)[i]; attr->curve().isEmpty())
+                _steps.emplace_back([attr, value = placing[i]] { return MO_constantCmd(*attr, value); });
+    }
+
+    // @return whether it was not empty before
+    bool empty(MO_ElementModule& element)
+    {
+        const bool isAlready =
+            std::ranges::all_of(element.drawings(), [](const auto& entry) { return isEmpty(*entry.second); });
+        if (isAlready)
+            return false;
+        _steps.emplace_back([&element] {
+            Drawings wanted;
+            for (const auto& [name, drawing] : element.drawings())
+                wanted[name] = UT_makeShared<CELVEC_Kvd>(drawing->palette());
+            return MO_drawingsCmd(element, wanted);
+        });
+        return true;
+    }
+
+    // The placing of a new element: as that of the others of the same drawing, or within the scene's frame.
+    Placing placingFor(const MO_ElementModule& layer, bool ownFrame) const
+    {
+        Placing placing = placingOf(layer);
+        if (ownFrame)
+            return placing;
+        if (!_elements.empty())
+            return usualPlacing();
+        const double fit = std::min(1.0, _scene.frameHeight() / _fresh.frameHeight());
+        for (double& value : placing)
+            value *= fit;
+        return placing;
+    }
+
+    int nextNumber() const
+    {
+        int highest = 0;
+        _scene.root().forEachModule([&](MO_Module& module) {
+            if (const auto* const definition = dynamic_cast<ObjectDefinition*>(&module))
+                highest = std::max(highest, definition->objectNumber()->localValue());
+        });
+        return highest + 1 + static_cast<int>(_added.size());
+    }
+
+    void addLayer(std::size_t index, bool ownFrame)
+    {
+        const MO_ElementModule& layer = *_layers[index];
+        const int number = nextNumber();
+        Added added{index};
+        auto element = MO_copyModule(layer);
+        added.element = &dynamic_cast<MO_ElementModule&>(*element);
+        for (const auto& [name, drawing] : layer.drawings())
+            added.element->setDrawing(name, drawing->withPalette(_palette));
+        const Placing placing = placingFor(layer, ownFrame);
+        for (std::size_t i = 0; i < placing.size(); ++i)
+            placingAttrs(*added.element)[i]->setLocalValue(placing[i]);
+        add(std::move(element), nullptr);
+        if (const ObjectDefinition* const known = definitionBehind(layer)) {
+            auto definition = MO_copyModule(*known);
+            added.definition = &dynamic_cast<ObjectDefinition&>(*definition);
+            const int before = known->objectNumber()->localValue();
+            if (before != 0)
+                added.definition->objectNumber()->setLocalValue(number);
+            add(std::move(definition), added.element);
+            addRow(before, number);
+        }
+        _added.push_back(added);
+    }
+
+    void add(std::unique_ptr<MO_Module> module, MO_Module* source)
+    {
+        // Functions are copied, so that the module is held by one that can be.
+        auto held = std::make_shared<std::unique_ptr<MO_Module>>(std::move(module));
+        _steps.emplace_back(
+            [&scene = _scene, held, source] { return MO_addModuleCmd(scene.root(), std::move(*held), source); });
+    }
+
+    // The row of the object table that was chosen for the new object.
+    void addRow(int before, int number)
+    {
+        if (!_node)
+            return;
+        MO_Module* const freshNode =
+            firstOf<MO_Module>(_fresh, [](MO_Module& module) { return NormalMapNode::is(module); });
+        if (!freshNode)
+            return;
+        for (NormalMapObject row : NormalMapNode(*freshNode).objects()) {
+            if (row.number != before)
+                continue;
+            row.number = number;
+            _steps.emplace_back([node = _node, row] {
+                std::vector<NormalMapObject> rows = NormalMapNode(*node).objects();
+                rows.push_back(row);
+                return NormalMapNode(*node).objectsCmd(rows);
+            });
+        }
+    }
+
+    // The inputs of a module after new ones were put where their layers lie among the others.
+    std::vector<MO_Module*> inputsWith(const MO_Module& target, const std::function<MO_Module*(const Added&)>& ownOf)
+    {
+        std::vector<MO_Module*> inputs;
+        for (unsigned i = 0; i < target.nInPorts(); ++i)
+            inputs.push_back(target.inPort(i)->srcPort() ? target.inPort(i)->srcPort()->module() : nullptr);
+        while (!inputs.empty() && !inputs.back())
+            inputs.pop_back();
+        for (const Added& added : _added) {
+            MO_Module* const own = ownOf(added);
+            if (own)
+                inputs.insert(inputs.begin() + placeAbove(target, inputs, added.layer), own);
+        }
+        return inputs;
+    }
+
+    // The place above the highest input that a lower layer goes to; at the top where there is none.
+    std::ptrdiff_t placeAbove(const MO_Module& target, const std::vector<MO_Module*>& inputs, std::size_t layer) const
+    {
+        for (std::size_t lower = layer; lower-- > 0;)
+            for (std::size_t place = inputs.size(); place-- > 0;)
+                if (inputs[place] && leadsTo(lower, *inputs[place], target))
+                    return static_cast<std::ptrdiff_t>(place) + 1;
+        // Below the lowest layer that was there: the new one is the drawing's ground.
+        if (!_elements.empty() && layer == 0)
+            for (std::size_t place = 0; place < inputs.size(); ++place)
+                for (std::size_t upper = 1; upper < _layers.size(); ++upper)
+                    if (inputs[place] && leadsTo(upper, *inputs[place], target))
+                        return static_cast<std::ptrdiff_t>(place);
+        return static_cast<std::ptrdiff_t>(inputs.size());
+    }
+
+    bool leadsTo(std::size_t layer, const MO_Module& input, const MO_Module&) const
+    {
+        for (const Added& added : _added)
+            if (added.layer == layer)
+                return added.element == &input || added.definition == &input;
+        if (_match[layer] < 0)
+            return false;
+        const MO_ElementModule* const element = _elements[static_cast<std::size_t>(_match[layer])];
+        if (element == &input)
+            return true;
+        for (unsigned i = 0; i < input.nInPorts(); ++i) {
+            const auto behind = elementsBehind(*input.inPort(i));
+            if (std::ranges::find(behind, element) != behind.end())
+                return true;
+        }
+        return false;
+    }
+
+    void wire()
+    {
+        if (_added.empty())
+            return;
+        if (_node)
+            rewire(*_node, inputsWith(*_node, [](const Added& added) -> MO_Module* { return added.definition; }));
+        if (_composite)
+            rewire(*_composite, inputsWith(*_composite, [](const Added& added) -> MO_Module* {
+                const bool cuts = added.definition && added.definition->objectNumber()->localValue() == 0;
+                return cuts ? nullptr : added.element;
+            }));
+    }
+
+    void rewire(MO_Module& target, const std::vector<MO_Module*>& inputs)
+    {
+        for (unsigned port = target.nInPorts(); port-- > 0;)
+            _steps.emplace_back([&target, port, inputs]() -> MO_EditCommand {
+                const MO_Port* const source = port < target.nInPorts() ? target.inPort(port)->srcPort() : nullptr;
+                const MO_Module* const wanted = port < inputs.size() ? inputs[port] : nullptr;
+                return source && source->module() != wanted ? MO_disconnectCmd(target, port) : nullptr;
+            });
+        for (std::size_t i = 0; i < inputs.size(); ++i)
+            if (inputs[i])
+                _steps.emplace_back([&target, source = inputs[i], port = static_cast<unsigned>(i)]() -> MO_EditCommand {
+                    auto linked = MO_connectCmd(*source, target, port);
+                    return linked ? std::move(*linked) : nullptr;
+                });
+    }
+
+    MO_Scene& _scene;
+    const std::vector<MO_ElementModule*>& _elements;
+    const MO_Scene& _fresh;
+    std::vector<const MO_ElementModule*> _layers; // of the fresh scene, bottom up
+    std::vector<int> _match;
+    MO_Module* _node = nullptr;
+    MO_CompositeModule* _composite = nullptr;
+    PalettePtr _palette;
+    std::vector<Added> _added;
+    std::vector<StepsCommand::Step> _steps;
+};
+
+} // namespace
+
+std::vector<MO_ElementModule*> elementsFrom(const MO_Scene& scene, const QStringList& files)
+{
+    std::vector<MO_ElementModule*> elements = allElements(scene);
+    std::erase_if(elements, [&](const MO_ElementModule* element) { return element->origin().files != files; });
+    return elements;
+}
+
+std::vector<QStringList> originsOf(const MO_Scene& scene)
+{
+    std::vector<QStringList> all;
+    for (const MO_ElementModule* const element : allElements(scene)) {
+        const QStringList& files = element->origin().files;
+        if (!files.isEmpty() && std::ranges::find(all, files) == all.end())
+            all.push_back(files);
+    }
+    return all;
+}
+
+DrawingUpdate updateDrawings(MO_Scene& scene, const std::vector<MO_ElementModule*>& elements, const MO_Scene& fresh,
+                             const QString& name)
+{
+    return Update(scene, elements, fresh).make(name);
+}
