@@ -11,15 +11,11 @@
 #include <QFileInfo>
 #include <QThread>
 
-namespace {
-
-bool isScene(const QFileInfo& file)
+bool OpenRequest::isScene(const QFileInfo& folder)
 {
-    return file.isDir() && (file.suffix() == QLatin1String("scene") ||
-                            QFileInfo::exists(file.filePath() + QStringLiteral("/scene.xml")));
+    return folder.isDir() && (folder.suffix() == QLatin1String("scene") ||
+                              QFileInfo::exists(folder.filePath() + QStringLiteral("/scene.xml")));
 }
-
-} // namespace
 
 QStringList OpenRequest::drawingPatterns()
 {

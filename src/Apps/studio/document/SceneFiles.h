@@ -16,6 +16,7 @@
 #include <functional>
 #include <memory>
 
+class QFileInfo;
 class QThread;
 class StudioDocument;
 
@@ -29,6 +30,8 @@ struct OpenRequest
     ///
     /// @return an error when there is nothing to open among them
     static UT_Result<OpenRequest> of(const QStringList& paths);
+    /// Whether a folder is a scene: it is called so, or holds one.
+    static bool isScene(const QFileInfo& folder);
     /// The endings of the files that can be imported, as "*.svg".
     static QStringList drawingPatterns();
 };

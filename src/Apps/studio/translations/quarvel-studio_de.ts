@@ -286,6 +286,37 @@
     </message>
 </context>
 <context>
+    <name>DrawingSources</name>
+    <message>
+        <source>The memory is not enough to open this.</source>
+        <translation>Der Speicher reicht nicht, um dies zu öffnen.</translation>
+    </message>
+    <message>
+        <source>%1 is being written.</source>
+        <translation>%1 wird gerade geschrieben.</translation>
+    </message>
+    <message>
+        <source>Add %1</source>
+        <translation>%1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>Reload %1</source>
+        <translation>%1 neu laden</translation>
+    </message>
+    <message>
+        <source>Replace %1</source>
+        <translation>%1 ersetzen</translation>
+    </message>
+    <message>
+        <source>Not in %1 any more: %2. What was set for it stays, should it come back.</source>
+        <translation>Nicht mehr in %1: %2. Was dafür eingestellt war, bleibt für den Fall, dass es zurückkommt.</translation>
+    </message>
+    <message>
+        <source>%1 The drawing stays as it was until the file can be read.</source>
+        <translation>%1 Die Zeichnung bleibt, wie sie war, bis die Datei gelesen werden kann.</translation>
+    </message>
+</context>
+<context>
     <name>ElementsView</name>
     <message>
         <source>Show at Frame</source>
@@ -322,6 +353,10 @@
     <message>
         <source>Show the selected drawing from frame %1 on</source>
         <translation>Die ausgewählte Zeichnung ab Bild %1 zeigen</translation>
+    </message>
+    <message>
+        <source>From %1</source>
+        <translation>Aus %1</translation>
     </message>
 </context>
 <context>
@@ -1328,10 +1363,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <translation>Möchten Sie sie speichern? Verworfenes lässt sich nicht zurückholen.</translation>
     </message>
     <message>
-        <source>Open a Scene (its folder)</source>
-        <translation>Szene öffnen (ihr Ordner)</translation>
-    </message>
-    <message>
         <source>Import Drawings</source>
         <translation>Zeichnungen importieren</translation>
     </message>
@@ -1814,6 +1845,54 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>Preview Si&amp;ze</source>
         <translation>Vorschau&amp;größe</translation>
+    </message>
+    <message>
+        <source>Add Drawings</source>
+        <translation>Zeichnungen hinzufügen</translation>
+    </message>
+    <message>
+        <source>Nobody knows which file the drawings of this scene came from.</source>
+        <translation>Niemand weiß, aus welcher Datei die Zeichnungen dieser Szene kamen.</translation>
+    </message>
+    <message>
+        <source>The scene has several drawings; select one of them in the elements first.</source>
+        <translation>Die Szene hat mehrere Zeichnungen; wählen Sie zuerst eine davon in den Elementen aus.</translation>
+    </message>
+    <message>
+        <source>Replace %1</source>
+        <translation>%1 ersetzen</translation>
+    </message>
+    <message>
+        <source>Add Dra&amp;wings...</source>
+        <translation>Zeichnungen &amp;hinzufügen …</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+I</source>
+        <translation>Ctrl+Shift+I</translation>
+    </message>
+    <message>
+        <source>Puts the drawings of other files on top of those of the scene</source>
+        <translation>Legt die Zeichnungen anderer Dateien über die der Szene</translation>
+    </message>
+    <message>
+        <source>Rep&amp;lace Drawing...</source>
+        <translation>Zeichnung e&amp;rsetzen …</translation>
+    </message>
+    <message>
+        <source>Takes another file for the selected drawing; what was set of its objects stays</source>
+        <translation>Nimmt eine andere Datei für die gewählte Zeichnung; was für ihre Objekte eingestellt war, bleibt</translation>
+    </message>
+    <message>
+        <source>Reload &amp;Drawings</source>
+        <translation>Zeichnungen neu &amp;laden</translation>
+    </message>
+    <message>
+        <source>F5</source>
+        <translation>F5</translation>
+    </message>
+    <message>
+        <source>Reads the drawings of the scene again; files that change are read by themselves</source>
+        <translation>Liest die Zeichnungen der Szene noch einmal; Dateien, die sich ändern, werden von selbst gelesen</translation>
     </message>
 </context>
 <context>
@@ -2678,6 +2757,25 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>a newer version of the program saved this</source>
         <translation>dies wurde mit einer neueren Programmversion gespeichert</translation>
+    </message>
+</context>
+<context>
+    <name>SceneDialog</name>
+    <message>
+        <source>Scene</source>
+        <translation>Szene</translation>
+    </message>
+    <message>
+        <source>Open a Scene</source>
+        <translation>Szene öffnen</translation>
+    </message>
+    <message>
+        <source>Scene:</source>
+        <translation>Szene:</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>Ö&amp;ffnen</translation>
     </message>
 </context>
 <context>

@@ -42,6 +42,7 @@ MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
     , _renders(_document)
     , _files(_document)
     , _lastExport(_document)
+    , _sources(_document)
     , _autosave(_document, recoveryFolder.isEmpty() ? Autosave::defaultFolder() : recoveryFolder)
 {
     setObjectName(QStringLiteral("mainWindow"));
@@ -57,6 +58,7 @@ MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
     makeMenus();
     makeToolBar();
     refreshIcons();
+    makeSources();
 
     connect(&_document, &StudioDocument::stateChanged, this, &MainWindow::updateActions);
     connect(&_document, &StudioDocument::selectionChanged, this, &MainWindow::updateActions);
@@ -253,6 +255,8 @@ void MainWindow::updateActions()
     const bool hasModules = !_document.scene().root().modules().empty();
     for (QAction* const action : {_save, _saveAs})
         action->setEnabled(started && !_files.isBusy());
+    for (QAction* const action : {_addDrawings, _replaceDrawing, _reload})
+        action->setEnabled(started && hasModules);
     _export->setEnabled(started && hasModules);
     _repeatExport->setEnabled(started && hasModules);
     for (QAction* const action : {_fit, _actualSize, _zoomIn, _zoomOut})

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "studio/document/Autosave.h"
+#include "studio/document/DrawingSources.h"
 #include "studio/document/RecentFiles.h"
 #include "studio/document/SceneFiles.h"
 #include "studio/document/StudioDocument.h"
@@ -44,6 +45,7 @@ public:
     Viewer& viewer() { return *_viewer; }
     MessageBar& messages() { return *_messages; }
     SceneFiles& files() { return _files; }
+    DrawingSources& sources() { return _sources; }
     Autosave& autosave() { return _autosave; }
     DocumentObjects& objects() { return _objects; }
     ObjectHands& hands() { return *_hands; }
@@ -116,6 +118,10 @@ private:
     void newScene();
     void askForScene();
     void askForDrawings();
+    QStringList chooseDrawings(const QString& title);
+    void addDrawings();
+    void replaceDrawing();
+    void makeSources();
     void openExample();
     void openRecent(const QString& path);
     void opened(const OpenRequest& request, const QString& remarks);
@@ -137,6 +143,7 @@ private:
     RenderService _renders;
     SceneFiles _files;
     LastExport _lastExport;
+    DrawingSources _sources;
     Autosave _autosave;
 
     MessageBar* _messages = nullptr;
@@ -153,7 +160,6 @@ private:
     QList<std::pair<QAction*, QString>> _icons;
     QByteArray _firstLayout; ///< how the docks stand before anybody moved them
     QString _nameOfImport;
-    QString _folderOfImport;
     std::optional<QPoint> _hovered;
     QList<QDockWidget*> _hiddenDocks; // by the start page
 
@@ -161,6 +167,9 @@ private:
     QAction* _open = nullptr;
     QAction* _import = nullptr;
     QAction* _example = nullptr;
+    QAction* _addDrawings = nullptr;
+    QAction* _replaceDrawing = nullptr;
+    QAction* _reload = nullptr;
     QAction* _save = nullptr;
     QAction* _saveAs = nullptr;
     QAction* _export = nullptr;

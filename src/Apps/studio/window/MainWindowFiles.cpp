@@ -3,6 +3,8 @@
 // Opening, saving and leaving.
 #include "studio/window/MainWindow.h"
 
+#include "studio/document/DialogFolders.h"
+#include "studio/document/SceneDialog.h"
 #include "studio/export/ExportDialog.h"
 #include "studio/window/BusyBar.h"
 #include "studio/window/MessageBar.h"
@@ -69,7 +71,6 @@ void MainWindow::newScene()
     if (!confirmLeaving())
         return;
     _nameOfImport.clear();
-    _folderOfImport.clear();
     _messages->clear();
     _document.replaceScene(std::make_unique<MO_Scene>(), {}, false);
     showStart(false);
@@ -77,18 +78,58 @@ void MainWindow::newScene()
 
 void MainWindow::askForScene()
 {
-    const QString folder = QFileDialog::getExistingDirectory(this, tr("Open a Scene (its folder)"));
-    if (!folder.isEmpty())
-        openPaths({folder});
+    SceneDialog dialog(dialogFolder(FileDialogKind::SCENES), this);
+    if (dialog.exec() == QDialog::Accepted)
+        openPaths({dialog.scene()});
+}
+
+QStringList MainWindow::chooseDrawings(const QString& title)
+{
+    return QFileDialog::getOpenFileNames(
+        this, title, dialogFolder(FileDialogKind::DRAWINGS),
+        tr("Drawings (%1);;All files (*)").arg(OpenRequest::drawingPatterns().join(QLatin1Char(' '))));
 }
 
 void MainWindow::askForDrawings()
 {
-    const QStringList files = QFileDialog::getOpenFileNames(
-        this, tr("Import Drawings"), {},
-        tr("Drawings (%1);;All files (*)").arg(OpenRequest::drawingPatterns().join(QLatin1Char(' '))));
+    const QStringList files = chooseDrawings(tr("Import Drawings"));
     if (!files.isEmpty())
         openPaths(files);
+}
+
+void MainWindow::addDrawings()
+{
+    const QStringList files = chooseDrawings(tr("Add Drawings"));
+    if (files.isEmpty())
+        return;
+    rememberDialogFolder(FileDialogKind::DRAWINGS, files.first());
+    _sources.add(files);
+}
+
+void MainWindow::replaceDrawing()
+{
+    const QStringList source = _sources.current();
+    if (source.isEmpty()) {
+        _messages->showNotice(_sources.all().empty()
+                                  ? tr("Nobody knows which file the drawings of this scene came from.")
+                                  : tr("The scene has several drawings; select one of them in the elements first."));
+        return;
+    }
+    const QStringList files = chooseDrawings(tr("Replace %1").arg(QFileInfo(source.first()).fileName()));
+    if (files.isEmpty())
+        return;
+    rememberDialogFolder(FileDialogKind::DRAWINGS, files.first());
+    _sources.replace(source, files);
+}
+
+void MainWindow::makeSources()
+{
+    connect(&_sources, &DrawingSources::updated, this, [this](const QString& remarks) {
+        _messages->clear();
+        if (!remarks.isEmpty())
+            _messages->showNotice(remarks);
+    });
+    connect(&_sources, &DrawingSources::failed, _messages, &MessageBar::showError);
 }
 
 void MainWindow::openExample()
@@ -128,9 +169,10 @@ void MainWindow::opened(const OpenRequest& request, const QString& remarks)
     const bool isImport = request.scene.isEmpty();
     const QString path = isImport ? request.drawings.first() : request.scene;
     _nameOfImport = isImport ? QFileInfo(path).completeBaseName() : QString();
-    _folderOfImport = isImport ? QFileInfo(path).absolutePath() : QString();
-    if (path != examplePath())
+    if (path != examplePath()) {
         _recent.add(path);
+        rememberDialogFolder(isImport ? FileDialogKind::DRAWINGS : FileDialogKind::SCENES, path);
+    }
     if (!remarks.isEmpty())
         _messages->showNotice(remarks);
     showStart(false);
@@ -144,8 +186,9 @@ bool MainWindow::save()
 
 bool MainWindow::saveAs()
 {
+    const QString name = _nameOfImport.isEmpty() ? tr("Untitled") : _nameOfImport;
     const QString proposed = _document.folder().isEmpty()
-                                 ? (_nameOfImport.isEmpty() ? tr("Untitled") : _nameOfImport) + QStringLiteral(".scene")
+                                 ? QDir(dialogFolder(FileDialogKind::SCENES)).filePath(name + QStringLiteral(".scene"))
                                  : _document.folder();
     const QString folder = QFileDialog::getSaveFileName(this, tr("Save the Scene"), proposed, tr("Scenes (*.scene)"),
                                                         nullptr, QFileDialog::DontConfirmOverwrite);
@@ -187,6 +230,7 @@ bool MainWindow::saveTo(const QString& folder)
     }
     _messages->clear();
     _recent.add(folder);
+    rememberDialogFolder(FileDialogKind::SCENES, folder);
     return true;
 }
 
@@ -194,9 +238,9 @@ bool MainWindow::saveTo(const QString& folder)
 QString MainWindow::drawingFolder() const
 {
     const QString& scene = _document.folder();
-    const QString folder = !_folderOfImport.isEmpty() ? _folderOfImport
-                           : scene.isEmpty()          ? QDir::homePath()
-                                                      : QFileInfo(scene).absolutePath();
+    const QString folder = !_sources.all().empty() ? QFileInfo(_sources.all().front().first()).absolutePath()
+                           : scene.isEmpty()       ? QDir::homePath()
+                                                   : QFileInfo(scene).absolutePath();
     return QFileInfo(folder).isWritable() ? folder : QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
 }
 
@@ -271,7 +315,6 @@ bool MainWindow::offerRecovery()
         }
         _document.setRecovered();
         _nameOfImport = left.savedAs.isEmpty() ? left.title : QString();
-        _folderOfImport.clear();
         showStart(false);
         _messages->showNotice(tr("Recovered \"%1\" as it was at %2. It is not saved yet.").arg(left.title, when));
         return true;

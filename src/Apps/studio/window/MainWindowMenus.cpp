@@ -53,6 +53,12 @@ void MainWindow::makeFileActions()
     _import = makeAction(QStringLiteral("import"), tr("&Import Drawings..."), QKeySequence(tr("Ctrl+I")),
                          tr("Makes a scene of SVG drawings, bitmaps or a Lottie animation"));
     _example = makeAction(QStringLiteral("example"), tr("Open E&xample"), {}, tr("Opens the example drawing"));
+    _addDrawings = makeAction({}, tr("Add Dra&wings..."), QKeySequence(tr("Ctrl+Shift+I")),
+                              tr("Puts the drawings of other files on top of those of the scene"));
+    _replaceDrawing = makeAction({}, tr("Rep&lace Drawing..."), {},
+                                 tr("Takes another file for the selected drawing; what was set of its objects stays"));
+    _reload = makeAction({}, tr("Reload &Drawings"), QKeySequence(tr("F5")),
+                         tr("Reads the drawings of the scene again; files that change are read by themselves"));
     _save = makeAction(QStringLiteral("save"), tr("&Save"), QKeySequence::Save, tr("Saves the scene"));
     _saveAs = makeAction({}, tr("Save &As..."), QKeySequence(tr("Ctrl+Shift+S")), tr("Saves the scene elsewhere"));
     _export = makeAction(QStringLiteral("export"), tr("&Export Frames..."), QKeySequence(tr("Ctrl+E")),
@@ -64,6 +70,9 @@ void MainWindow::makeFileActions()
     connect(_new, &QAction::triggered, this, &MainWindow::newScene);
     connect(_open, &QAction::triggered, this, &MainWindow::askForScene);
     connect(_import, &QAction::triggered, this, &MainWindow::askForDrawings);
+    connect(_addDrawings, &QAction::triggered, this, &MainWindow::addDrawings);
+    connect(_replaceDrawing, &QAction::triggered, this, &MainWindow::replaceDrawing);
+    connect(_reload, &QAction::triggered, &_sources, &DrawingSources::reloadAll);
     connect(_example, &QAction::triggered, this, &MainWindow::openExample);
     connect(_save, &QAction::triggered, this, &MainWindow::save);
     connect(_saveAs, &QAction::triggered, this, &MainWindow::saveAs);
@@ -166,6 +175,8 @@ void MainWindow::makeMenus()
     _recentMenu = file->addMenu(tr("&Recent"));
     connect(&_recent, &RecentFiles::changed, this, &MainWindow::fillRecentMenu);
     fillRecentMenu();
+    file->addSeparator();
+    file->addActions({_addDrawings, _replaceDrawing, _reload});
     file->addSeparator();
     file->addActions({_save, _saveAs, _export, _repeatExport});
     file->addSeparator();

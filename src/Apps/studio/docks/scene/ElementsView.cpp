@@ -8,6 +8,7 @@
 #include "studio/docks/scene/DrawingThumbnail.h"
 
 #include <QBoxLayout>
+#include <QDir>
 #include <QHeaderView>
 #include <QPushButton>
 #include <QTextStream>
@@ -128,7 +129,7 @@ QString ElementsView::describe() const
     QTextStream stream(&text);
     stream << scene.firstFrame() << ' ' << scene.lastFrame() << '\n';
     for (const MO_ElementModule* element : elementsOf(scene)) {
-        stream << element << element->instanceName() << '\n';
+        stream << element << element->instanceName() << element->origin().files.join(u' ') << '\n';
         for (const auto& [name, drawing] : element->drawings())
             stream << name << ' ' << drawing.get() << '\n';
         for (const auto& [frame, name] : element->drawingAttr()->exposures().exposures())
@@ -154,6 +155,8 @@ void ElementsView::rebuild()
     const MO_Scene& scene = _document.scene();
     for (MO_ElementModule* each : elementsOf(scene)) {
         auto* top = new QTreeWidgetItem(_tree, {each->instanceName()});
+        if (const QStringList& files = each->origin().files; !files.isEmpty())
+            top->setToolTip(0, tr("From %1").arg(QDir::toNativeSeparators(files.first())));
         if (element == each->instanceName())
             _tree->setCurrentItem(top);
         for (const auto& [name, kvd] : each->drawings()) {

@@ -1,0 +1,107 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// DrawingSources: the files that the drawings of the open scene came from. They are watched: when one changes, it is
+// read again in the background and the scene follows, as one step that can be undone (UpdateDrawings.h). Drawings are
+// added and replaced in the same way.
+//
+// Editors save in many ways: they write into the file, which is short of its end for a while; or they write another
+// file and rename it, so that the watched one is gone for a moment. So a change is looked at when it has been quiet for
+// kQuiet, and a file that cannot be read is tried again kAttempts times, each time after twice as long. Until it can be
+// read, the drawing stays as it is, and people are told once.
+#pragma once
+
+#include "QuarvelBaseCore/UT_Result.h"
+
+#include <QDateTime>
+#include <QFileSystemWatcher>
+#include <QObject>
+#include <QPointer>
+#include <QStringList>
+#include <QTimer>
+
+#include <memory>
+#include <vector>
+
+struct ImportedScene;
+class MO_ElementModule;
+class QThread;
+class StudioDocument;
+
+class DrawingSources : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// How long nothing has to happen to a file before it is read, in milliseconds.
+    static constexpr int kQuiet = 150;
+    static constexpr int kAttempts = 5;
+
+    explicit DrawingSources(StudioDocument& document, QObject* parent = nullptr);
+    ~DrawingSources() override;
+
+    /// The files of each source of the scene; files that were read together are one source.
+    const std::vector<QStringList>& all() const { return _sources; }
+    /// Where the selected element's drawings came from; the only source where nothing of one is selected. Empty when it
+    /// is not clear which one is meant.
+    QStringList current() const;
+
+    /// Reads all sources again, changed or not.
+    void reloadAll();
+    /// Adds the drawings of other files to the scene.
+    void add(const QStringList& files);
+    /// Takes the drawings of other files in place of those of a source.
+    void replace(const QStringList& source, const QStringList& files);
+
+Q_SIGNALS:
+    /// The scene follows its files now.
+    void updated(const QString& remarks);
+    /// A file cannot be read; the scene stays as it is.
+    void failed(const QString& error);
+
+private:
+    /// What is known of a file without reading it.
+    struct Stamp
+    {
+        bool exists = false;
+        qint64 size = 0;
+        QDateTime modified;
+
+        friend bool operator==(const Stamp&, const Stamp&) = default;
+    };
+    /// Files that are to be read.
+    struct Request
+    {
+        QStringList source; ///< what their drawings take the place of; empty: nothing
+        QStringList files;
+        int attempt = 0;
+    };
+    /// Files as they are read.
+    struct Reading;
+
+    static Stamp stampOf(const QString& file);
+    std::vector<Stamp> stampsOf(const QStringList& files) const;
+    void sceneReplaced();
+    void follow();
+    void watch();
+    void look();
+    void enqueue(const Request& request);
+    void startNext();
+    void finish(const std::shared_ptr<Reading>& reading);
+    void deliver(const std::shared_ptr<Reading>& reading);
+    void apply(Reading& reading);
+    void retry(const Request& request, const QString& error);
+    QString objectsOf(const QStringList& source) const;
+    void retireThread();
+
+    StudioDocument& _document;
+    std::vector<QStringList> _sources;
+    QHash<QString, Stamp> _seen; // of files as they were read, or were found when the scene was opened
+    QFileSystemWatcher _watcher;
+    QTimer _quiet;
+    QTimer _again; // for the next attempt, or for the end of a drag
+    std::vector<Request> _queue;
+    int _scenes = 0; // how many were opened; what was read for another one is of no use
+    QThread* _thread = nullptr;
+    QList<QPointer<QThread>> _retired;
+    QStringList _told; // files that people know cannot be read
+};

@@ -1,0 +1,72 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// It has to be Qt's own dialog: no system's dialog can be told that some folders are things to open.
+#include "studio/document/SceneDialog.h"
+
+#include "studio/document/SceneFiles.h"
+
+#include <QFileIconProvider>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QIcon>
+
+namespace {
+
+class SceneIcons : public QFileIconProvider
+{
+public:
+    QIcon icon(const QFileInfo& info) const override
+    {
+        return OpenRequest::isScene(info) ? QGuiApplication::windowIcon() : QFileIconProvider::icon(info);
+    }
+    using QFileIconProvider::icon;
+
+    QString type(const QFileInfo& info) const override
+    {
+        return OpenRequest::isScene(info) ? SceneDialog::tr("Scene") : QFileIconProvider::type(info);
+    }
+};
+
+class IconOwner : public QObject
+{
+public:
+    using QObject::QObject;
+
+    SceneIcons icons;
+};
+
+} // namespace
+
+SceneDialog::SceneDialog(const QString& folder, QWidget* parent) : QFileDialog(parent, tr("Open a Scene"), folder)
+{
+    setOption(DontUseNativeDialog);
+    setOption(ShowDirsOnly);
+    setFileMode(Directory);
+    // The dialog's model asks for icons until its end; it is an older child and goes before.
+    auto* const icons = new IconOwner(this);
+    setIconProvider(&icons->icons);
+    setLabelText(FileName, tr("Scene:"));
+    setLabelText(Accept, tr("&Open"));
+    connect(this, &QFileDialog::directoryEntered, this, &SceneDialog::entered);
+}
+
+// By a double click, or by Enter in the list.
+void SceneDialog::entered(const QString& folder)
+{
+    if (!OpenRequest::isScene(QFileInfo(folder)))
+        return;
+    _scene = folder;
+    done(Accepted);
+}
+
+void SceneDialog::accept()
+{
+    const QString chosen = selectedFiles().value(0);
+    if (OpenRequest::isScene(QFileInfo(chosen))) {
+        _scene = chosen;
+        done(Accepted);
+        return;
+    }
+    if (QFileInfo(chosen).isDir())
+        setDirectory(chosen);
+}
