@@ -10,7 +10,7 @@ QString normalMapHelp()
   quarvel normalmap DRAWING... [options]
 
 Each drawing is an SVG file, a bitmap with transparency (PNG, WebP and others), a file with
-layers of pixels (OpenRaster, PSD, Aseprite), of which the first frame is taken, a folder of
+layers of pixels (OpenRaster, Krita, PSD, Aseprite), of which the first frame is taken, a folder of
 drawings, or - for standard input. Its parts become objects, each with a rounded
 volume of its own. The normal map is written beside the drawing as NAME_n.png, pixel for
 pixel registered with it.

@@ -6,6 +6,7 @@
 #include "QuarvelBaseCore/UT_FileName.h"
 #include "QuarvelDrawingIO/DIO_BitmapReader.h"
 #include "QuarvelDrawingIO/private/layered/DIO_Aseprite.h"
+#include "QuarvelDrawingIO/private/layered/DIO_Krita.h"
 #include "QuarvelDrawingIO/private/layered/DIO_MovingPicture.h"
 #include "QuarvelDrawingIO/private/layered/DIO_OpenRaster.h"
 #include "QuarvelDrawingIO/private/layered/DIO_Psd.h"
@@ -29,6 +30,7 @@ const std::vector<Format>& formats()
          DIO_readAseprite,
          true},
         {{QStringLiteral("PSD file"), {QStringLiteral("psd"), QStringLiteral("psb")}}, DIO_readPsd, false},
+        {{QStringLiteral("Krita file"), {QStringLiteral("kra")}}, DIO_readKrita, false},
     };
     return table;
 }

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Reads drawings of pixels as artists keep them: in layers (OpenRaster, Aseprite, PSD) and in frames (Aseprite, GIF,
-// WebP, animated PNG). Each visible layer becomes a layer of the drawing, named with its groups: "head/eye". What
+// Reads drawings of pixels as artists keep them: in layers (OpenRaster, Aseprite, PSD, Krita) and in frames (Aseprite,
+// GIF, WebP, animated PNG). Each visible layer becomes a layer of the drawing, named with its groups: "head/eye". What
 // cannot be kept, blend modes above all, is said once.
 //
 // These files are treated as hostile: sizes are checked before memory is taken, and what is damaged is an error. Any

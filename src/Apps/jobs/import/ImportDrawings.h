@@ -5,7 +5,7 @@
 //   SVG drawings    one drawing a frame; layers of the same name are one element through all frames
 //   bitmaps         one layer a file, named after it; files that differ in the frame number alone are one layer
 //   one drawing     of either kind: its objects are chosen from the drawing
-//   layered files   OpenRaster, PSD, Aseprite: as SVG drawings
+//   layered files   OpenRaster, PSD, Krita, Aseprite: as SVG drawings
 //   an animation    in the Lottie format: its top-level layers become elements
 //   moving pictures one file of several frames, GIF, WebP, animated PNG or Aseprite: in the file's own frame rate
 //
