@@ -84,8 +84,8 @@ into a node "Normal-Map".
                  kept once; colours that are equal are one colour
   bitmaps        sprites with alpha, a layer each, named after the file; files that differ in the frame number alone are one
                  layer. Files without a number are shown all the time. The first name is the lowest layer
-  layered files  OpenRaster (.ora), PSD, Krita (.kra) and Aseprite (.aseprite, .ase), as SVG drawings: each visible layer is an element, named with
-                 its groups. Blend modes are not kept, which is said once
+  layered files  OpenRaster (.ora), PSD, Krita (.kra) and Aseprite (.aseprite, .ase), as SVG drawings: each visible layer is
+                 an element, named with its groups. Blend modes are not kept, which is said once
   a film         one file of several frames: GIF, WebP, animated PNG or Aseprite. It keeps its frame rate
   an animation   in the Lottie format (.json). Its layers become elements, its frames count from 1. What cannot be kept, such
                  as images, texts and effects, is said once
