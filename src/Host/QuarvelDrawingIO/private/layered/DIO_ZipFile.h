@@ -25,8 +25,6 @@ public:
     /// @return an error when there is none of that name, it is too large or damaged
     UT_Result<QByteArray> read(const QString& name, qint64 most) const;
 
-    bool contains(const QString& name) const;
-
 private:
     struct Close
     {
