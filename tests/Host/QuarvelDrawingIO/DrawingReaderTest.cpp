@@ -38,7 +38,7 @@ TEST(DrawingReader, theSuffixDecidesInAnyCase)
 
 TEST(DrawingReader, unknownKindsAreToldWhatCanBeRead)
 {
-    EXPECT_THAT(messageFor("hero.psd"), AllOf(HasSubstr("hero.psd"), HasSubstr(".psd files"), HasSubstr(".svg")));
+    EXPECT_THAT(messageFor("hero.xcf"), AllOf(HasSubstr("hero.xcf"), HasSubstr(".xcf files"), HasSubstr(".svg")));
     EXPECT_THAT(messageFor("hero"), AllOf(HasSubstr("without suffix"), HasSubstr(".svg")));
 }
 
