@@ -42,7 +42,7 @@ TEST_F(Page, ThatWouldBeWrittenTwiceIsRefused)
 {
     const Outcome outcome = quarvel("normalmap disc.svg tree.svg -o maps --html one.html");
     EXPECT_EQ(outcome.exitCode, 2);
-    EXPECT_THAT(outcome.messages, HasSubstr("one.html names one file, and there are several drawings"));
+    EXPECT_THAT(outcome.messages, HasSubstr("one.html names one page, and there are several drawings"));
     EXPECT_FALSE(exists("maps"));
 }
 

@@ -51,12 +51,13 @@ Place placeOfMap(const NormalMapOptions& options)
 // With several drawings the options name folders. A folder called one.png would surprise everybody.
 UT_Result<void> checkFolder(const Place& place)
 {
-    const bool isFile = IIO_pictureFormatOf(place.named) || LitPageFile::check(place.named);
+    const bool isPicture = IIO_pictureFormatOf(place.named).ok();
+    const bool isFile = isPicture || LitPageFile::check(place.named);
     if (place.named.isEmpty() || !isFile || QFileInfo(place.named).isDir())
         return {};
-    return UT_Error{QStringLiteral("%1 names one file, and there are several drawings; name a folder, which gets a "
-                                   "file of each, or give one drawing at a time")
-                        .arg(place.named)};
+    return UT_Error{QStringLiteral("%1 names one %2, and there are several drawings; name a folder, which gets a %2 of "
+                                   "each, or give one drawing at a time")
+                        .arg(place.named, isPicture ? QStringLiteral("picture") : QStringLiteral("page"))};
 }
 
 UT_Result<void> checkFormat(const QString& file)
