@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace {
 
@@ -64,9 +65,12 @@ LightModel::LightModel(StudioDocument& document, QObject* parent) : QObject(pare
     connect(&document, &StudioDocument::lightsChanged, this, &LightModel::refresh);
     connect(&document, &StudioDocument::currentFrameChanged, this, &LightModel::refresh);
     connect(&document, &StudioDocument::sceneReplaced, this, [this] {
+        // Only after the new scene's lights are known may anybody hear of another current one.
+        const bool isOther = std::exchange(_current, 0) != 0;
         setTurning(false);
-        setCurrent(0);
         refresh();
+        if (isOther)
+            Q_EMIT currentChanged();
     });
     refresh();
 }

@@ -340,4 +340,14 @@ TEST_F(LightTest, ATurningLightChangesThePictureAndNothingElse)
     EXPECT_EQ(light().intensity, 2.0);
 }
 
+TEST_F(LightTest, AnotherSceneIsOpenedWhileTheSecondLightIsCurrent)
+{
+    openDisc();
+    ASSERT_TRUE(window->lights().add());
+    window->lights().setCurrent(1);
+    document().replaceScene(std::make_unique<MO_Scene>(), {}, false);
+    EXPECT_EQ(window->lights().current(), 0);
+    EXPECT_EQ(window->lights().lights().size(), 1U);
+}
+
 } // namespace
