@@ -21,7 +21,7 @@ protected:
     QString readOut() const { return window->findChild<QLabel*>(QStringLiteral("pixelReadOut"))->text().simplified(); }
     void hover(const QPointF& picture)
     {
-        QTest::mouseMove(&viewer(), viewer().transform().toView(picture).toPoint());
+        studio_testing::moveMouse(viewer(), viewer().transform().toView(picture).toPoint());
         QCoreApplication::processEvents();
     }
 };
@@ -57,7 +57,7 @@ TEST_F(ViewerTest, TheMiddleButtonPans)
     viewer().zoomTo(2.0);
     const QPointF before = viewer().transform().toView(QPointF(200, 100));
     QTest::mousePress(&viewer(), Qt::MiddleButton, Qt::NoModifier, QPoint(200, 200));
-    QTest::mouseMove(&viewer(), QPoint(250, 170));
+    studio_testing::moveMouse(viewer(), QPoint(250, 170));
     QTest::mouseRelease(&viewer(), Qt::MiddleButton, Qt::NoModifier, QPoint(250, 170));
     const QPointF after = viewer().transform().toView(QPointF(200, 100));
     EXPECT_EQ(after - before, QPointF(50, -30));
@@ -170,7 +170,7 @@ TEST_F(ViewerTest, TheBorderBetweenBeforeAndAfterIsDragged)
     const QPoint border(static_cast<int>(*viewer().borderPlace()), 60);
     const int way = static_cast<int>(-120 * viewer().transform().scale());
     QTest::mousePress(&viewer(), Qt::LeftButton, Qt::NoModifier, border);
-    QTest::mouseMove(&viewer(), border + QPoint(way, 0));
+    studio_testing::moveMouse(viewer(), border + QPoint(way, 0));
     QTest::mouseRelease(&viewer(), Qt::LeftButton, Qt::NoModifier, border + QPoint(way, 0));
     EXPECT_EQ(seen(left), normal);
     QTest::keyClick(window.get(), Qt::Key_B, Qt::ControlModifier);
@@ -216,7 +216,7 @@ TEST_F(ViewerTest, TheLeftButtonWithCtrlPans)
     viewer().zoomTo(2.0);
     const QPointF before = viewer().transform().toView(QPointF(200, 100));
     QTest::mousePress(&viewer(), Qt::LeftButton, Qt::ControlModifier, QPoint(200, 200));
-    QTest::mouseMove(&viewer(), QPoint(250, 170));
+    studio_testing::moveMouse(viewer(), QPoint(250, 170));
     QTest::mouseRelease(&viewer(), Qt::LeftButton, Qt::ControlModifier, QPoint(250, 170));
     EXPECT_EQ(viewer().transform().toView(QPointF(200, 100)) - before, QPointF(50, -30));
 }
