@@ -1832,7 +1832,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     </message>
     <message>
         <source>Puts all panels back where they were at first</source>
-        <translation>Bringt alle Fenster wieder dorthin, wo sie anfangs waren</translation>
+        <translation>Bringt alle Bedienfelder wieder dorthin, wo sie anfangs waren</translation>
     </message>
     <message>
         <source>The first steps, and all keys</source>
