@@ -39,6 +39,32 @@ DIO_Paint averagePaint(const QImage& image)
     return {DIO_Paint::Kind::SOLID, colour, colour.name()};
 }
 
+bool isOpaque(QRgb pixel)
+{
+    return qAlpha(pixel) == 255;
+}
+
+// Whether nothing of a picture's edge lets anything through: then it has no outline to be seen.
+bool hasOpaqueEdge(const QImage& image)
+{
+    for (int x = 0; x < image.width(); ++x)
+        if (!isOpaque(image.pixel(x, 0)) || !isOpaque(image.pixel(x, image.height() - 1)))
+            return false;
+    for (int y = 0; y < image.height(); ++y)
+        if (!isOpaque(image.pixel(0, y)) || !isOpaque(image.pixel(image.width() - 1, y)))
+            return false;
+    return true;
+}
+
+bool showsNothing(const QImage& image)
+{
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qAlpha(image.pixel(x, y)) > 0)
+                return false;
+    return true;
+}
+
 } // namespace
 
 QStringList DIO_bitmapSuffixes()
@@ -115,5 +141,11 @@ UT_Result<DIO_Drawing> DIO_readBitmap(const QString& path)
     DIO_Drawing drawing = DIO_bitmapDrawing(*image, DIO_nameWithoutNumber(path));
     drawing.name = QFileInfo(path).completeBaseName();
     drawing.warnings = warnings;
+    if (hasOpaqueEdge(*image))
+        drawing.warnings.append(
+            QStringLiteral("the picture is opaque up to its borders, so nothing in it has an outline; "
+                           "make its background transparent if it has one"));
+    else if (showsNothing(*image))
+        drawing.warnings.append(QStringLiteral("the picture is transparent everywhere: nothing in it shows"));
     return drawing;
 }

@@ -113,3 +113,20 @@ TEST_F(BitmapReader, readsPicturesOfManyBits)
     ASSERT_TRUE(drawing);
     EXPECT_EQ(drawing->layers[0].shapes[0].picture.pixelColor(0, 0).rgba64().red(), 1000);
 }
+
+TEST_F(BitmapReader, APictureWithoutAnOutlineSaysSo)
+{
+    QImage image(4, 4, QImage::Format_ARGB32);
+    image.fill(QColor(255, 0, 0));
+    const UT_Result<DIO_Drawing> opaque = DIO_readDrawing(save("opaque.png", image));
+    ASSERT_TRUE(opaque);
+    ASSERT_EQ(opaque->warnings.size(), 1);
+    EXPECT_THAT(opaque->warnings[0].toStdString(), HasSubstr("opaque up to its borders"));
+    image.setPixelColor(3, 2, QColor(255, 0, 0, 254));
+    EXPECT_TRUE(DIO_readDrawing(save("hole.png", image))->warnings.isEmpty());
+    image.fill(QColor(255, 0, 0, 0));
+    const UT_Result<DIO_Drawing> clear = DIO_readDrawing(save("clear.png", image));
+    ASSERT_TRUE(clear);
+    ASSERT_EQ(clear->warnings.size(), 1);
+    EXPECT_THAT(clear->warnings[0].toStdString(), HasSubstr("transparent everywhere"));
+}

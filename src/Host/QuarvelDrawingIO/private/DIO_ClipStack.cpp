@@ -7,12 +7,7 @@
 
 void DIO_ClipStack::add(const QPainterPath& path)
 {
-    if (const std::optional<QPainterPath> both = DIO_united(*_gathered, path)) {
-        _gathered = both;
-    } else {
-        _gathered->addPath(path);
-        _gathered->setFillRule(Qt::WindingFill);
-    }
+    _gathered = DIO_united({*_gathered, path});
 }
 
 void DIO_ClipStack::end()

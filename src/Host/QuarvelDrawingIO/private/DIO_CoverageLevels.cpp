@@ -108,3 +108,17 @@ void DIO_CoverageLevels::change(const QPainterPath& area, bool inverted, double 
     }
     _levels = std::move(made);
 }
+
+// Opaque areas of one value are one area.
+void DIO_CoverageLevels::paint(std::span<const Painted> areas)
+{
+    for (std::size_t i = 0; i < areas.size();) {
+        const Painted& first = areas[i];
+        std::vector<QPainterPath> alike{first.area};
+        for (++i; first.opacity >= 1.0 && i < areas.size() && areas[i].opacity >= 1.0 &&
+                  std::abs(areas[i].value - first.value) < kSame;
+             ++i)
+            alike.push_back(areas[i].area);
+        paint(DIO_united(std::move(alike)), false, first.opacity, first.value);
+    }
+}

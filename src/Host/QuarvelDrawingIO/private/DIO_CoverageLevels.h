@@ -39,6 +39,17 @@ public:
         change(area, inverted, 1.0 - opacity, opacity * value);
     }
 
+    /// An area that is painted.
+    struct Painted
+    {
+        QPainterPath area;
+        double opacity;
+        double value;
+    };
+
+    /// Paints areas one over the other.
+    void paint(std::span<const Painted> areas);
+
     /// Makes each value v to 1 - v.
     void invert() { change(_page, false, -1.0, 1.0); }
 

@@ -77,10 +77,13 @@ DIO_CoverageLevels coverageOf(const std::vector<DIO_Shape>& matte, const std::ve
 {
     const bool byBrightness = kind == LUMA_MATTE || kind == LUMA_INVERTED_MATTE;
     DIO_CoverageLevels levels(pageOf(content, DIO_boundsOf(matte)), 0.0);
+    std::vector<DIO_CoverageLevels::Painted> areas;
     for (const DIO_Shape& shape : matte) {
         const QColor& colour = palette[static_cast<std::size_t>(shape.paint)].colour;
-        levels.paint(DIO_paintedArea(shape), false, shape.opacity, byBrightness ? brightness(colour) : 1.0);
+        if (shape.path.controlPointRect().intersects(content))
+            areas.push_back({DIO_paintedArea(shape), shape.opacity, byBrightness ? brightness(colour) : 1.0});
     }
+    levels.paint(areas);
     if (kind == ALPHA_INVERTED_MATTE || kind == LUMA_INVERTED_MATTE)
         levels.invert();
     return levels;

@@ -21,6 +21,15 @@ bool meet(const QPainterPath& a, const QPainterPath& b)
            second.top() <= first.bottom();
 }
 
+// Both areas as one path. It is their union as long as overlapping parts run the same way around.
+QPainterPath sideBySide(const QPainterPath& a, const QPainterPath& b)
+{
+    QPainterPath both = a;
+    both.addPath(b);
+    both.setFillRule(Qt::WindingFill);
+    return both;
+}
+
 bool contains(const QPainterPath& outer, const QPainterPath& inner)
 {
     return DIO_isRectangle(outer) && outer.controlPointRect().contains(inner.controlPointRect());
@@ -65,6 +74,23 @@ std::optional<QPainterPath> DIO_united(const QPainterPath& a, const QPainterPath
     if (areTooDetailed(a, b))
         return std::nullopt;
     return a.united(b);
+}
+
+// Neighbours first, and what came of them next: each area goes through few operations, and most of them are on small
+// ones.
+QPainterPath DIO_united(std::vector<QPainterPath> areas)
+{
+    while (areas.size() > 1) {
+        std::vector<QPainterPath> pairs;
+        for (std::size_t i = 0; i + 1 < areas.size(); i += 2) {
+            const std::optional<QPainterPath> both = DIO_united(areas[i], areas[i + 1]);
+            pairs.push_back(both ? *both : sideBySide(areas[i], areas[i + 1]));
+        }
+        if (areas.size() % 2 == 1)
+            pairs.push_back(std::move(areas.back()));
+        areas = std::move(pairs);
+    }
+    return areas.empty() ? QPainterPath() : areas.front();
 }
 
 std::optional<QPainterPath> DIO_intersected(const QPainterPath& a, const QPainterPath& b)

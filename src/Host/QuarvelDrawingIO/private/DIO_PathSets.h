@@ -8,6 +8,7 @@
 #include <QPainterPath>
 
 #include <optional>
+#include <vector>
 
 /// Whether a path is one rectangle with sides along the axes.
 bool DIO_isRectangle(const QPainterPath& path);
@@ -17,5 +18,8 @@ QPainterPath DIO_rectangle(const QRectF& rect);
 
 /// What lies in either area, in both, or in the first but not in the second. Nothing when they are too detailed.
 std::optional<QPainterPath> DIO_united(const QPainterPath& a, const QPainterPath& b);
+/// What lies in any of several areas. Where they are too detailed, they stay side by side in one path, which is filled
+/// by the winding rule; where such parts overlap and run around in different ways, they may cancel each other.
+QPainterPath DIO_united(std::vector<QPainterPath> areas);
 std::optional<QPainterPath> DIO_intersected(const QPainterPath& a, const QPainterPath& b);
 std::optional<QPainterPath> DIO_subtracted(const QPainterPath& a, const QPainterPath& b);

@@ -50,7 +50,7 @@ void DIO_ShapeGroups::endMask(const std::vector<DIO_Paint>& palette)
 {
     const Group mask = close();
     --_masksOpen;
-    std::vector<MaskPart>& parts = _open.emplace_back().mask;
+    std::vector<DIO_CoverageLevels::Painted>& parts = _open.emplace_back().mask;
     for (const Run& run : mask.runs)
         for (const DIO_Shape& shape : run.shapes) {
             const QColor& colour = palette[static_cast<std::size_t>(shape.paint)].colour;
@@ -65,8 +65,7 @@ void DIO_ShapeGroups::endMasked()
     for (const Run& run : group.runs)
         page |= DIO_boundsOf(run.shapes);
     DIO_CoverageLevels levels(page.adjusted(-1.0, -1.0, 1.0, 1.0), 0.0);
-    for (const MaskPart& part : group.mask)
-        levels.paint(part.area, false, part.opacity, part.value);
+    levels.paint(group.mask);
     _tooDetailed += levels.skipped();
     for (Run& run : group.runs)
         _tooDetailed += DIO_cut(run.shapes, levels);

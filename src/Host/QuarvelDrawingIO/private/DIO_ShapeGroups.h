@@ -47,18 +47,12 @@ public:
     int tooDetailed() const { return _tooDetailed; }
 
 private:
-    struct MaskPart
-    {
-        QPainterPath area;
-        double opacity;
-        double value;
-    };
     struct Group
     {
         std::vector<Run> runs;
         double opacity = 1.0;
         bool byCoverage = false;
-        std::vector<MaskPart> mask;
+        std::vector<DIO_CoverageLevels::Painted> mask;
     };
 
     Group close();
