@@ -9,6 +9,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QProcessEnvironment>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
@@ -60,6 +62,7 @@ protected:
     {
         QProcess process;
         process.setWorkingDirectory(_folder.path());
+        process.setProcessEnvironment(environment);
         if (!output.isEmpty())
             process.setStandardOutputFile(output);
         if (!input.isEmpty())
@@ -82,6 +85,7 @@ protected:
     int quarvel(const char* words) { return quarvel(QString::fromUtf8(words).split(u' ')); }
 
     std::string said;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
 
 private:
     QTemporaryDir _folder;
@@ -309,6 +313,21 @@ TEST_F(Words, ObjectsThatARowDoesNotNameStayInTheTable)
     EXPECT_EQ(quarvel({QStringLiteral("set"), QStringLiteral("s.scene"), QStringLiteral("Normal-Map.ObjectList"), {}}),
               0);
     EXPECT_EQ(table(), "");
+}
+
+TEST_F(Words, APictureThatDoesNotFitInMemoryIsRefusedWithTheSizeThatDoes)
+{
+    // What a scheduler gives to a job, in MiB.
+    environment.insert(QStringLiteral("SLURM_MEM_PER_NODE"), QStringLiteral("16"));
+    EXPECT_EQ(quarvel("normalmap hero.svg --size 4000"), 1);
+    const QRegularExpressionMatch fits =
+        QRegularExpression(QStringLiteral("; (\\d+ x \\d+) pixels fit")).match(QString::fromStdString(said));
+    ASSERT_TRUE(fits.hasMatch()) << said;
+    EXPECT_EQ(entries(), (QStringList{QStringLiteral("hero.svg"), QStringLiteral("tree.svg")}));
+    EXPECT_EQ(quarvel(QStringLiteral("normalmap hero.svg --size ").split(u' ', Qt::SkipEmptyParts) +
+                      QStringList(fits.captured(1).remove(u' '))),
+              0)
+        << said;
 }
 
 // A drawing in a pipe holds the program until the test lets go, so that the signal comes while it works.

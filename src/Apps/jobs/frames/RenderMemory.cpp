@@ -3,6 +3,8 @@
 // Divides the budget by the memory of a frame.
 #include "jobs/frames/RenderMemory.h"
 
+#include "jobs/shown/ShownMemory.h"
+
 #include <algorithm>
 
 namespace {
@@ -16,13 +18,16 @@ QString gigabytes(double bytes)
 
 UT_Result<int> framesAtOnce(int wanted, const RD_RenderParameters& parameters, double needed, double budget)
 {
-    if (needed > budget)
-        return UT_Error{
-            QStringLiteral("a frame of %1 x %2 pixels needs about %3 of memory and %4 are allowed; choose a smaller "
-                           "--resolution or a larger --memory")
-                .arg(parameters.resolution.first)
-                .arg(parameters.resolution.second)
-                .arg(gigabytes(needed), gigabytes(budget)),
-            UT_ErrorKind::NO_MEMORY};
+    if (needed > budget) {
+        const auto [width, height] = sizeThatFits(parameters.resolution, needed, budget);
+        return UT_Error{QStringLiteral("a frame of %1 x %2 pixels needs about %3 of memory and %4 are allowed; "
+                                       "%5 x %6 pixels fit, or allow more with --memory")
+                            .arg(parameters.resolution.first)
+                            .arg(parameters.resolution.second)
+                            .arg(gigabytes(needed), gigabytes(budget))
+                            .arg(width)
+                            .arg(height),
+                        UT_ErrorKind::NO_MEMORY};
+    }
     return std::clamp(static_cast<int>(std::min(budget / needed, 1e6)), 1, std::max(1, wanted));
 }

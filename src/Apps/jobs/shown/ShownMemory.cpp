@@ -9,6 +9,7 @@
 #include "jobs/shown/FrameMargin.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -54,6 +55,13 @@ double shownFrameBytes(const RD_RenderParameters& used, const ShownParts& wanted
         pixel * (1.0 + (wanted.drawing ? 1.0 : 0.0) + (wanted.channels ? 1.0 : 0.0)) + (wanted.drawing ? 56.0 : 20.0);
     const Math::Size2di size = RD_RenderJob(used).size();
     return static_cast<double>(size.width) * size.height * (std::max(rendering, writing) + 4.0);
+}
+
+std::pair<int, int> sizeThatFits(const std::pair<int, int>& resolution, double needed, double budget)
+{
+    const double factor = std::sqrt(std::min(1.0, budget / needed));
+    const auto side = [&](int length) { return std::max(1, static_cast<int>(length * factor)); };
+    return {side(resolution.first), side(resolution.second)};
 }
 
 double coveredShare(const ShownModule& shown, std::span<const int> frames)

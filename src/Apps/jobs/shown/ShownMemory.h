@@ -12,6 +12,7 @@
 #include "jobs/shown/ShownFrame.h"
 
 #include <span>
+#include <utility>
 
 /// Estimates the most memory that any of the frames takes, in bytes, including its pictures for files.
 ///
@@ -25,6 +26,14 @@ double shownFrameBytes(const ShownModule& shown, std::span<const int> frames, co
 /// @param used the parameters with which the node is rendered, including margins
 /// @param covered the sum of the objects' shares of the frame (coveredShare)
 double shownFrameBytes(const RD_RenderParameters& used, const ShownParts& wanted, double covered);
+
+/// The largest size with a picture's proportions that fits: memory grows with the number of pixels.
+///
+/// @param resolution the size of a picture that does not fit
+/// @param needed     the bytes that it takes
+/// @param budget     the bytes that there are, at least 1
+/// @return each side is at least 1
+std::pair<int, int> sizeThatFits(const std::pair<int, int>& resolution, double needed, double budget);
 
 /// The sum of the shares of the frame that the inputs of the module's nodes cover, at the examined frame where it is
 /// largest.

@@ -32,6 +32,8 @@ TEST(RenderMemory, RefusesAFrameThatDoesNotFitAloneAndSaysWhatItNeeds)
     EXPECT_THAT(refused.error().text.toStdString(), HasSubstr("99.99G"));
     EXPECT_THAT(refused.error().text.toStdString(), HasSubstr("4.00G"));
     EXPECT_THAT(refused.error().text.toStdString(), HasSubstr("32767 x 32767"));
+    // 32767 sqrt(4 / 99.99) = 6553.7
+    EXPECT_THAT(refused.error().text.toStdString(), HasSubstr("6553 x 6553 pixels fit"));
 }
 
 } // namespace

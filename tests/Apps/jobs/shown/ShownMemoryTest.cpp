@@ -37,6 +37,13 @@ TEST_F(ShownMemory, TakesTheFrameThatShowsMost)
     EXPECT_NEAR(share({1, 2, 3}), kAllBars, 0.01);
 }
 
+TEST_F(ShownMemory, SaysTheSizeThatFits)
+{
+    EXPECT_EQ(sizeThatFits({4000, 1000}, 400.0, 100.0), std::pair(2000, 500));
+    EXPECT_EQ(sizeThatFits({100, 1}, 1e9, 1.0), std::pair(1, 1));
+    EXPECT_EQ(sizeThatFits({100, 50}, 10.0, 20.0), std::pair(100, 50)) << "what fits is not made larger";
+}
+
 TEST_F(ShownMemory, GrowsWithPixelsObjectsAndTheirFormat)
 {
     const RD_RenderParameters wide{RD_RenderParameters::IMAGE_PROCESSING_16BIT, {200, 100}};
