@@ -8,12 +8,26 @@
 #include "jobs/drawing/ReadDrawing.h"
 
 #include <QDir>
+#include <QDirIterator>
+#include <QFile>
 
 namespace {
 
 constexpr const char* kDrawing = R"(<svg xmlns="http://www.w3.org/2000/svg" width="64" height="64">
   <g id="body"><rect x="8" y="8" width="48" height="48" rx="12" fill="#c03020"/></g>
   <g id="eye"><circle cx="32" cy="28" r="10" fill="#2040c0"/></g></svg>)";
+
+QMap<QString, QByteArray> contentsOf(const QString& folder)
+{
+    QMap<QString, QByteArray> contents;
+    QDirIterator files(folder, QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        QFile file(files.next());
+        FUZZ_CHECK(file.open(QIODevice::ReadOnly));
+        contents.insert(file.fileName(), file.readAll());
+    }
+    return contents;
+}
 
 } // namespace
 
@@ -37,7 +51,9 @@ QMap<QString, QByteArray> filesOf(const MO_Scene& scene)
 
 void checkSceneIn(const QString& folder)
 {
+    const QMap<QString, QByteArray> before = contentsOf(fuzzFolder() + u'/' + folder);
     const auto loaded = SIO_loadScene(fuzzFolder() + u'/' + folder);
+    FUZZ_CHECK(contentsOf(fuzzFolder() + u'/' + folder) == before);
     if (!loaded) {
         FUZZ_CHECK(!loaded.error().sentence().isEmpty());
         return;
