@@ -4,10 +4,15 @@
 #include "QuarvelPlugInManager/PLUG_EditorWidgets.h"
 
 #include <QFile>
-#include <QUiLoader>
 #include <QWidget>
 
+#ifndef VALLORIN_NO_UI_TOOLS
+#include <QUiLoader>
+#endif
+
 #include <algorithm>
+
+#ifndef VALLORIN_NO_UI_TOOLS
 
 namespace {
 
@@ -31,6 +36,8 @@ private:
 
 } // namespace
 
+#endif
+
 PLUG_EditorWidgets::PLUG_EditorWidgets() = default;
 
 PLUG_EditorWidgets::~PLUG_EditorWidgets() = default;
@@ -46,7 +53,14 @@ QWidget* PLUG_EditorWidgets::loadLayout(const QString& path, QWidget* parent)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return nullptr;
+#ifdef VALLORIN_NO_UI_TOOLS
+    Q_UNUSED(parent)
+    qWarning("\"%s\" is not shown: this copy was built without Qt's module UiTools, which reads layout files",
+             qUtf8Printable(path));
+    return nullptr;
+#else
     return Loader(*this).load(&file, parent);
+#endif
 }
 
 QWidget* PLUG_EditorWidgets::create(const QString& type, QWidget* parent, const QString& name) const

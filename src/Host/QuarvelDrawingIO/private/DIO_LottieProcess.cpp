@@ -26,6 +26,18 @@ QString programOf(const DIO_LottieLimits& limits)
     return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("quarvel-lottie-reader"));
 }
 
+QString whyItDoesNotRun(const QString& program)
+{
+#ifdef Q_OS_WIN
+    Q_UNUSED(program)
+    return QStringLiteral("animations are not read on Windows, where nothing confines their reader yet; import it on "
+                          "Linux and copy the scene here");
+#else
+    return QStringLiteral("animations are read by the program %1, which does not run; is the installation whole?")
+        .arg(program);
+#endif
+}
+
 // The program's own reason, a single line; anything else that stands there is not meant for people.
 QString reasonFrom(const QByteArray& remark)
 {
@@ -44,9 +56,7 @@ UT_Result<QByteArray> DIO_runLottieProgram(const QByteArray& document, const QSt
     const QDeadlineTimer deadline(qint64{limits.seconds} * 1000);
     process.start(QIODevice::ReadWrite);
     if (!process.waitForStarted())
-        return problem(path, QStringLiteral("animations are read by the program %1, which does not run; is the "
-                                            "installation whole?")
-                                 .arg(process.program()));
+        return problem(path, whyItDoesNotRun(process.program()));
     process.write(document);
     process.closeWriteChannel();
     QByteArray written;

@@ -89,7 +89,7 @@ void IIO_Deflate::pressWell(std::span<const std::uint8_t> bytes, bool isLast, By
         throw std::bad_alloc();
     constexpr std::size_t kFlushMark = 16;
     const std::size_t before = output.size();
-    output.resize(before + deflateBound(&stream, bytes.size()) + kFlushMark);
+    output.resize(before + deflateBound(&stream, static_cast<uLong>(bytes.size())) + kFlushMark);
     stream.next_in = const_cast<Bytef*>(bytes.data());
     stream.avail_in = static_cast<uInt>(bytes.size());
     stream.next_out = output.data() + before;

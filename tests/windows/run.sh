@@ -1,0 +1,76 @@
+#!/usr/bin/env bash
+# The programs for 64-bit Windows under Wine: what they write has to be what the programs of this machine write, byte for byte.
+#
+# usage: run.sh LINUX_PROGRAM WINDOWS_ZIP EXAMPLES      exit code 77: Wine does not run here
+set -euo pipefail
+linux=$1 zip=$2 examples=$3
+work=$(mktemp -d)
+export WINEPREFIX=$work/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml=" QT_QPA_PLATFORM=offscreen
+trap 'wineserver -k 2>/dev/null || true; rm -rf "$work"' EXIT
+timeout 300 wine wineboot --init >/dev/null 2>&1 || { echo "skipped: Wine does not run here"; exit 77; }
+
+# The zip runs in place, from a folder whose name has blanks and letters outside ASCII.
+home="$work/Tür und Tor 絵"
+mkdir "$home"
+(cd "$home" && cmake -E tar xf "$zip")
+checks=0
+
+quarvel() { wine "$home/vallorin/bin/quarvel.exe" "$@"; }
+passed() { checks=$((checks + 1)); echo "  ok: $1"; }
+fail() { echo "FAILED: $1" >&2; exit 1; }
+# same WHAT FILE FILE
+same() { cmp "$2" "$3" || fail "$1"; passed "$1"; }
+# says WORDS COMMAND...: the command fails, and its message has the words
+says() {
+    local words=$1 message status=0
+    shift
+    message=$("$@" 2>&1 >/dev/null) || status=$?
+    [ "$status" -ne 0 ] && grep -qF "$words" <<<"$message" || fail "expected an error with \"$words\", got $status: $message"
+    passed "says \"$words\""
+}
+
+cd "$work"
+cp "$examples/hero.svg" .
+sed 's/$/\r/' hero.svg >crlf.svg
+options=(--size 480 --elevation e.png --lit l.png --drawing d.exr)
+mkdir linux windows
+for drawing in hero.svg crlf.svg; do
+    (cd linux && "$linux" normalmap "../$drawing" -o "n.png" "${options[@]}" >/dev/null)
+    (cd windows && quarvel normalmap "..\\$drawing" -o n.png "${options[@]}" >/dev/null)
+    for file in n.png e.png l.png d.exr; do same "$drawing: $file" "linux/$file" "windows/$file"; done
+done
+
+"$linux" normalmap hero.svg -o exr.exr --size 300 >/dev/null
+quarvel normalmap "Z:$(tr / '\\' <<<"$work")\\hero.svg" -o "Z:$(tr / '\\' <<<"$work")\\drive.exr" --size 300 >/dev/null
+same "a path with a drive letter" exr.exr drive.exr
+
+"$linux" normalmap linux/l.png -o sprite.png >/dev/null
+quarvel normalmap linux/l.png -o sprite-windows.png >/dev/null
+same "a sprite" sprite.png sprite-windows.png
+
+"$linux" import hero.svg -o hero.scene >/dev/null
+"$linux" set hero.scene Normal-Map.BlurScale 1.5 >/dev/null
+cp -r hero.scene copy.scene
+"$linux" render hero.scene -o linux/f.png >/dev/null
+quarvel render hero.scene -o windows/f.png >/dev/null
+for file in linux/f*.png; do same "a frame of a scene from Linux" "$file" "windows/$(basename "$file")"; done
+"$linux" set hero.scene Normal-Map.BlurScale 2 >/dev/null
+quarvel set copy.scene Normal-Map.BlurScale 2 >/dev/null
+same "a scene that Windows saved" hero.scene/scene.xml copy.scene/scene.xml
+[ -z "$(find copy.scene -name '.*' -mindepth 1)" ] || fail "a save leaves files behind: $(find copy.scene -name '.*' -mindepth 1)"
+passed "a save leaves nothing behind"
+
+deep=$work/$(printf 'long-name-of-a-folder-%s/' {1..12})
+mkdir -p "$deep"
+quarvel normalmap hero.svg -o "$deep/n.png" --size 480 >/dev/null
+same "a path of ${#deep} letters" "$deep/n.png" linux/n.png
+
+echo '{"v":"5.5.0","fr":30,"ip":0,"op":30,"w":100,"h":100,"layers":[]}' >still.json
+says "not read on Windows" quarvel import still.json -o still.scene
+says "nowhere.svg" quarvel normalmap nowhere.svg
+[ ! -e still.scene ] || fail "a refused import left a scene"
+passed "a refused import leaves nothing"
+timeout 120 wine "$home/vallorin/bin/quarvel-studio.exe" --screenshots "$work/shots" >/dev/null 2>&1 || fail "the desktop application"
+[ "$(find shots -name '*.png' | wc -l)" -gt 3 ] || fail "the desktop application's pictures"
+passed "the desktop application paints its views"
+echo "Windows under Wine $(wine --version): $checks checks passed"
