@@ -95,18 +95,26 @@ isal() {
     install -D -m 644 -t "$folder/prefix/include/isa-l" "$folder"/unpacked/libisal/include/*.h
 }
 
+# Archives as OpenRaster files are: no codecs but zlib, no ciphers.
+libzip() {
+    local off=(COMMONCRYPTO GNUTLS MBEDTLS OPENSSL WINDOWS_CRYPTO BZIP2 LZMA ZSTD) options=() one
+    for one in "${off[@]}"; do options+=("-DENABLE_$one=OFF"); done
+    with_cmake libzip "$folder/unpacked/libzip" -DBUILD_TOOLS=OFF -DBUILD_REGRESS=OFF -DBUILD_EXAMPLES=OFF -DBUILD_DOC=OFF "${options[@]}"
+}
+
 # Of Highway the headers alone are used.
 highway() {
     mkdir -p "$folder/prefix/include"
     cp -r "$folder/unpacked/highway/hwy" "$folder/prefix/include/"
 }
 
-for package in qt6-base qtsvg-opensource-src onetbb imath openexr libisal highway; do fetch "$package"; done
+for package in qt6-base qtsvg-opensource-src onetbb imath openexr libisal libzip highway; do fetch "$package"; done
 once qtbase qtbase
 once qtsvg qtsvg
 once onetbb onetbb
 once imath imath
 once openexr openexr
 once isal isal
+once libzip libzip
 once highway highway
 echo "The libraries are in $folder/prefix"
