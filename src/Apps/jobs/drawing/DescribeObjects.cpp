@@ -7,6 +7,7 @@
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
 
 #include <QJsonObject>
+#include <QLocale>
 #include <QPainter>
 #include <QPainterPath>
 
