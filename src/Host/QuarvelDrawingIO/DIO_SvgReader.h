@@ -19,8 +19,9 @@
 //
 // What is not understood is left out, and said in the drawing's warnings: blend modes, filters. What
 // a filter is applied to stays, sharp and without the shadow or glow that the filter adds, since a map of what is not
-// there would only disturb the light. Gradients, patterns and embedded pictures keep their outline and opacity and are painted in their average
-// colour. The SVG library reports remarks of its own in the logging category "qt.svg"; programs may switch that off.
+// there would only disturb the light. Gradients, patterns and embedded pictures keep their outline and opacity and are
+// painted in their average colour. The SVG library reports remarks of its own in the logging category "qt.svg";
+// programs may switch that off.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"

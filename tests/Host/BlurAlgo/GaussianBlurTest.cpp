@@ -2,8 +2,8 @@
 //
 // What holds for every blur of a plane, however exact it is.
 #include "BlurAlgo/BA_GaussianBlur.h"
-#include "OneInstructionSet.h"
 #include "Host/BlurAlgo/DirectBlur.h"
+#include "OneInstructionSet.h"
 
 #include <gtest/gtest.h>
 #include <tbb/global_control.h>

@@ -4,8 +4,8 @@
 // deviation, it is compared bit by bit with the sums of all samples, in their order: the middle first, then the pairs
 // around it from the nearest to the farthest, rows before columns.
 #include "BlurAlgo/BA_GaussianBlur.h"
-#include "OneInstructionSet.h"
 #include "Host/BlurAlgo/DirectBlur.h"
+#include "OneInstructionSet.h"
 
 #include <gtest/gtest.h>
 #include <tbb/global_control.h>

@@ -3,8 +3,8 @@
 // What the history of a document promises.
 #include "QuarvelCommand/CO_CommandStack.h"
 
-#include "QuarvelCommand/CO_OrCommand.h"
 #include "Host/QuarvelCommand/Recorder.h"
+#include "QuarvelCommand/CO_OrCommand.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>

@@ -6,8 +6,8 @@
 //     score = overlap + 1/2 for the same name + 1/2 for the same shapes
 //
 // where overlap is the area that both bounding rectangles share, divided by the area that they cover together. Pairs
-// are made by falling score. A pair needs the same name or an overlap of kSamePlace. Where a drawing is one layer, before
-// and now, that is it, whatever its name: it is called after its file, which may be another one.
+// are made by falling score. A pair needs the same name or an overlap of kSamePlace. Where a drawing is one layer,
+// before and now, that is it, whatever its name: it is called after its file, which may be another one.
 #pragma once
 
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"

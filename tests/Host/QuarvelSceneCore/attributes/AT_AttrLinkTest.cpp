@@ -1,10 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // What links between attributes promise.
+#include "Host/QuarvelSceneCore/attributes/AttrTesting.h"
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "QuarvelSceneCore/editing/MO_AttrCommands.h"
-#include "Host/QuarvelSceneCore/attributes/AttrTesting.h"
 
 #include <QByteArray>
 

@@ -2,8 +2,8 @@
 //
 // What curves promise: their values, worked out by hand, and their form in files.
 #include "QuarvelSceneCore/attributes/AT_Curve.h"
-#include "Host/QuarvelSceneCore/attributes/AttrTesting.h"
 #include "Host/QuarvelPersistentObj/AnyValues.h"
+#include "Host/QuarvelSceneCore/attributes/AttrTesting.h"
 
 #include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>

@@ -1,11 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // What numeric attributes promise.
+#include "Host/QuarvelPersistentObj/AnyValues.h"
+#include "Host/QuarvelSceneCore/attributes/AttrTesting.h"
 #include "QuarvelCommand/CO_CommandStack.h"
 #include "QuarvelSceneCore/attributes/AT_IntAttr.h"
 #include "QuarvelSceneCore/editing/MO_AttrCommands.h"
-#include "Host/QuarvelSceneCore/attributes/AttrTesting.h"
-#include "Host/QuarvelPersistentObj/AnyValues.h"
 
 #include <rapidcheck/gtest.h>
 

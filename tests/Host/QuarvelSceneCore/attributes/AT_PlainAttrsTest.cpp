@@ -1,13 +1,13 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // What texts, truth values, references to drawings and visitors promise.
+#include "Host/QuarvelPersistentObj/AnyValues.h"
+#include "Host/QuarvelSceneCore/attributes/AttrTesting.h"
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
 #include "QuarvelSceneCore/attributes/AT_IntAttr.h"
 #include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "QuarvelSceneCore/editing/MO_AttrCommands.h"
-#include "Host/QuarvelSceneCore/attributes/AttrTesting.h"
-#include "Host/QuarvelPersistentObj/AnyValues.h"
 
 #include <rapidcheck/gtest.h>
 

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "ObjectDefinition/ObjectDefinition.h"
+#include "Plugins/Vallorin/parameters/TextPrinting.h"
 #include "QuarvelBaseCore/UT_DPI.h"
 #include "QuarvelCommand/CO_CommandStack.h"
 #include "QuarvelGraphicCore/CM_Palette.h"
@@ -18,7 +19,6 @@
 #include "QuarvelSceneCore/graph/MO_NodeEditorComponentInterface.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
-#include "Plugins/Vallorin/parameters/TextPrinting.h"
 
 #include <QAbstractButton>
 #include <QDoubleSpinBox>

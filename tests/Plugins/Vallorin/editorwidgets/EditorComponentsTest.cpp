@@ -2,6 +2,7 @@
 //
 // The two editors with an owner that only counts reports, and on incomplete widgets.
 #include "ObjectDefinition/ObjectDefinition.h"
+#include "Plugins/Vallorin/parameters/TextPrinting.h"
 #include "QuarvelBaseCore/UT_DPI.h"
 #include "QuarvelCommand/CO_OrCommand.h"
 #include "QuarvelPlugInManager/PLUG_Services.h"
@@ -13,7 +14,6 @@
 #include "editors/VolumetricColorEditor.h"
 #include "editors/VolumetricObjectListEditor.h"
 #include "node/Vallorin.h"
-#include "Plugins/Vallorin/parameters/TextPrinting.h"
 
 #include <QAbstractButton>
 #include <QHBoxLayout>

@@ -1,13 +1,13 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The translation context of the module's texts: the name of the class that shows them.
+#include "Plugins/Vallorin/parameters/TextPrinting.h"
 #include "QuarvelPlugInManager/PLUG_Services.h"
 #include "QuarvelSceneCore/graph/MO_NodeEditorComponentInterface.h"
 #include "editors/VolumetricColorEditor.h"
 #include "editors/VolumetricObjectListEditor.h"
 #include "node/Vallorin.h"
 #include "parameters/NormalQuality.h"
-#include "Plugins/Vallorin/parameters/TextPrinting.h"
 
 #include <QAction>
 #include <QCoreApplication>

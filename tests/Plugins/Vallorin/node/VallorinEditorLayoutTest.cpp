@@ -1,9 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Where the node's editor layout is read from.
+#include "Plugins/Vallorin/parameters/TextPrinting.h"
 #include "QuarvelPlugInManager/PLUG_Services.h"
 #include "node/Vallorin.h"
-#include "Plugins/Vallorin/parameters/TextPrinting.h"
 
 #include <QDir>
 #include <QFile>

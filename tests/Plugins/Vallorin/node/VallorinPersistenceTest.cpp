@@ -2,6 +2,7 @@
 //
 // How the node is written into a scene and read back, and how scenes without its newest attribute are read.
 #include "ObjectDefinition/ObjectDefinition.h"
+#include "Plugins/Vallorin/parameters/TextPrinting.h"
 #include "QuarvelPersistentObj/PO_XmlReading.h"
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
@@ -10,7 +11,6 @@
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "node/Vallorin.h"
 #include "parameters/NormalQuality.h"
-#include "Plugins/Vallorin/parameters/TextPrinting.h"
 #include "parameters/VallorinImpl.h"
 
 #include <gtest/gtest.h>

@@ -3,6 +3,7 @@
 // What the node contributes when a frame is scripted and rendered: its requests, and the parameters of its render
 // handler.
 #include "ObjectDefinition/ObjectDefinition.h"
+#include "Plugins/Vallorin/parameters/TextPrinting.h"
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/attributes/AT_IntAttr.h"
@@ -13,7 +14,6 @@
 #include "node/Vallorin.h"
 #include "node/VallorinRequestHandler.h"
 #include "parameters/NormalQuality.h"
-#include "Plugins/Vallorin/parameters/TextPrinting.h"
 #include "parameters/VallorinImpl.h"
 #include "render/VallorinRenderHandler.h"
 

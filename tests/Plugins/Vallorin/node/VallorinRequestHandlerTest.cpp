@@ -6,8 +6,8 @@
 #include "ObjectDefinition/ObjectDefinition.h"
 #include "ObjectDefinition/ObjectDefinitionEntry.h"
 #include "ObjectDefinition/ObjectDefinitionMessage.h"
-#include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "Plugins/Vallorin/node/CelTesting.h"
+#include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "node/Vallorin.h"
 
 namespace {

@@ -3,10 +3,10 @@
 // The node's identity, how it is made, and which visits it calls.
 #include "node/Vallorin.h"
 
+#include "Plugins/Vallorin/parameters/TextPrinting.h"
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 #include "QuarvelSceneCore/graph/MO_PortContext.h"
 #include "QuarvelSceneCore/kinds/MO_ModuleVisitor.h"
-#include "Plugins/Vallorin/parameters/TextPrinting.h"
 
 #include <QCoreApplication>
 #include <QTranslator>

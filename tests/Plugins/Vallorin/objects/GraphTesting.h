@@ -4,6 +4,7 @@
 #pragma once
 
 #include "ObjectDefinition/ObjectDefinition.h"
+#include "Plugins/Vallorin/parameters/TextPrinting.h"
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
 #include "QuarvelSceneCore/attributes/AT_IntAttr.h"
 #include "QuarvelSceneCore/graph/MO_OpaqueModule.h"
@@ -13,7 +14,6 @@
 #include "QuarvelSceneCore/kinds/MO_GlueModule.h"
 #include "node/Vallorin.h"
 #include "objects/ObjectDefinitionDiscovery.h"
-#include "Plugins/Vallorin/parameters/TextPrinting.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -3,9 +3,9 @@
 // The quality of normals as an attribute: its values, how it is read and written, whom it notifies.
 #include "parameters/NormalQuality.h"
 
+#include "Plugins/Vallorin/parameters/TextPrinting.h"
 #include "QuarvelCommand/CO_Command.h"
 #include "QuarvelPersistentObj/PO_XmlReading.h"
-#include "Plugins/Vallorin/parameters/TextPrinting.h"
 #include "parameters/VallorinImpl.h"
 
 #include <gmock/gmock.h>

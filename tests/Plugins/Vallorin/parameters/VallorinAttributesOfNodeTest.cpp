@@ -1,9 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The tables of a node as lists and as maps.
+#include "Plugins/Vallorin/parameters/TextPrinting.h"
 #include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "node/Vallorin.h"
-#include "Plugins/Vallorin/parameters/TextPrinting.h"
 #include "parameters/VallorinAttributes.h"
 
 #include <gmock/gmock.h>

@@ -3,11 +3,11 @@
 // The attributes of a new node: their order, defaults, labels and bounds.
 #include "parameters/VallorinImpl.h"
 
+#include "Plugins/Vallorin/parameters/TextPrinting.h"
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "parameters/NormalQuality.h"
-#include "Plugins/Vallorin/parameters/TextPrinting.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
