@@ -30,12 +30,8 @@ UT_Error folderAdvice(const QString& path)
 UT_Result<void> kindAdvice(const QString& path)
 {
     const QString suffix = UT_fileSuffix(path);
-    if (suffix == QLatin1String("svgz"))
-        return errorOf(path, QStringLiteral("this is a compressed SVG; unpack it: gunzip -S .svgz -c %1 > %2.svg")
-                                 .arg(path, QFileInfo(path).completeBaseName()));
-    static const QStringList kExportable = {QStringLiteral("ai"),   QStringLiteral("eps"),     QStringLiteral("pdf"),
-                                            QStringLiteral("psd"),  QStringLiteral("xcf"),     QStringLiteral("kra"),
-                                            QStringLiteral("clip"), QStringLiteral("afdesign")};
+    static const QStringList kExportable = {QStringLiteral("ai"),  QStringLiteral("eps"),  QStringLiteral("pdf"),
+                                            QStringLiteral("xcf"), QStringLiteral("clip"), QStringLiteral("afdesign")};
     if (kExportable.contains(suffix))
         return errorOf(path, QStringLiteral(".%1 files are not read; export the drawing as SVG, or as PNG with "
                                             "transparency")

@@ -159,5 +159,10 @@ bool SIO_isRoomForScene(const QString& folder)
 
 bool SIO_holdsScene(const QString& folder)
 {
-    return QFileInfo::exists(folder + u'/' + kSIO_mainFile) || QFileInfo::exists(folder + u'/' + kSIO_journalFile);
+    // A link that leads nowhere counts, so that reading the scene says what is wrong with it.
+    const auto isThere = [&](const QString& name) {
+        const QFileInfo file(folder + u'/' + name);
+        return file.exists() || file.isSymLink();
+    };
+    return isThere(kSIO_mainFile) || isThere(kSIO_journalFile);
 }

@@ -53,7 +53,7 @@ QUARVELSCENEIO_EXPORT UT_Result<SIO_SceneState> SIO_saveScene(const MO_Scene& sc
 /// True for an existing folder that is empty, apart from leftovers of a save that was interrupted before it took
 /// effect: a new scene can be saved there without replacing anything.
 QUARVELSCENEIO_EXPORT bool SIO_isRoomForScene(const QString& folder);
-/// True for a folder with a scene, or with a journal whose completion makes it one.
+/// True for a folder with a scene, even a damaged one, or with a journal whose completion makes it one.
 QUARVELSCENEIO_EXPORT bool SIO_holdsScene(const QString& folder);
 
 /// Saves a scene as SIO_saveScene() does, unless another program has changed the scene in the folder meanwhile.

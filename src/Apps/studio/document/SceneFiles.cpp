@@ -13,8 +13,7 @@
 
 bool OpenRequest::isScene(const QFileInfo& folder)
 {
-    return folder.isDir() && (folder.suffix() == QLatin1String("scene") ||
-                              QFileInfo::exists(folder.filePath() + QStringLiteral("/scene.xml")));
+    return folder.isDir() && (folder.suffix() == QLatin1String("scene") || SIO_holdsScene(folder.filePath()));
 }
 
 QStringList OpenRequest::drawingPatterns()
