@@ -53,8 +53,8 @@ UT_Result<std::vector<std::uint8_t>> DIO_inflate(std::span<const std::uint8_t> p
     if (size / kBestRatio > packed.size() + 1)
         return DIO_damaged();
     std::vector<std::uint8_t> bytes(size);
-    uLongf made = bytes.size();
-    const int end = uncompress(bytes.data(), &made, packed.data(), packed.size());
+    auto made = static_cast<uLongf>(bytes.size());
+    const int end = uncompress(bytes.data(), &made, packed.data(), static_cast<uLong>(packed.size()));
     if (end != Z_OK || made != size)
         return DIO_damaged();
     return bytes;
