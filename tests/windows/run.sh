@@ -14,6 +14,7 @@ home="$work/Tür und Tor 絵"
 mkdir "$home"
 (cd "$home" && cmake -E tar xf "$zip")
 checks=0
+trap 'echo "FAILED: line $LINENO: $BASH_COMMAND" >&2' ERR
 
 quarvel() { wine "$home/vallorin/bin/quarvel.exe" "$@"; }
 passed() { checks=$((checks + 1)); echo "  ok: $1"; }

@@ -99,8 +99,9 @@ void makeKey()
     QFile fresh(keyFolder() + QStringLiteral("/journal.key.") + name);
     if (writePrivately(fresh, randomBytes(kKeySize))) {
 #ifdef Q_OS_WIN
-        // Does not replace an existing file.
-        fresh.rename(keyPath());
+        // Does not replace an existing file. The file then has the key's name, and is not to be removed.
+        if (fresh.rename(keyPath()))
+            return;
 #else
         // Unlike rename(), link() does not replace an existing file.
         (void)::link(QFile::encodeName(fresh.fileName()).constData(), QFile::encodeName(keyPath()).constData());
