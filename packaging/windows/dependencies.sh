@@ -34,7 +34,7 @@ fetch() {
 with_cmake() {
     local name=$1 source=$2
     shift 2
-    cmake -S "$source" -B "$folder/build/$name" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$here/toolchain.cmake" -DCMAKE_BUILD_TYPE=Release \
+    cmake --fresh -S "$source" -B "$folder/build/$name" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$here/toolchain.cmake" -DCMAKE_BUILD_TYPE=Release \
         -DCMAKE_INSTALL_PREFIX="$folder/prefix" "$@"
     cmake --build "$folder/build/$name"
     cmake --install "$folder/build/$name"
