@@ -17,6 +17,10 @@
 #include <QCommandLineParser>
 #include <QMessageBox>
 
+#ifdef Q_OS_WIN
+#include <qt_windows.h>
+#endif
+
 namespace {
 
 int complain(const QString& text)
@@ -25,9 +29,7 @@ int complain(const QString& text)
     return 1;
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+int run(int argc, char** argv)
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quarvel-studio"));
@@ -74,4 +76,16 @@ int main(int argc, char** argv)
     if (!window.offerRecovery() && !parser.positionalArguments().isEmpty())
         window.openPaths(parser.positionalArguments());
     return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const int exitCode = run(argc, argv);
+#ifdef Q_OS_WIN
+    // The system ends all other threads before the libraries are told to go, and they would wait for their threads.
+    TerminateProcess(GetCurrentProcess(), static_cast<UINT>(exitCode));
+#endif
+    return exitCode;
 }
