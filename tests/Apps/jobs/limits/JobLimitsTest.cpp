@@ -116,14 +116,14 @@ TEST_F(ControlGroups, LimitNothingWhereThereAreNone)
 
 TEST_F(ControlGroups, OfVersion2CountWithThoseAboveThem)
 {
-    write("proc/self/cgroup", "0::/farm/job/step\n");
+    write("proc/self/cgroup", "0::/render/job/step\n");
     write("proc/self/mountinfo", "30 24 0:26 / /sys/fs/cgroup rw,nosuid shared:9 - cgroup2 cgroup2 rw\n");
-    write("sys/fs/cgroup/farm/memory.max", "4294967296\n");
-    write("sys/fs/cgroup/farm/cpu.max", "800000 100000\n");
-    write("sys/fs/cgroup/farm/job/memory.max", "2147483648\n");
-    write("sys/fs/cgroup/farm/job/cpu.max", "max 100000\n");
-    write("sys/fs/cgroup/farm/job/step/memory.max", "max\n");
-    write("sys/fs/cgroup/farm/job/step/cpu.max", "150000 100000\n");
+    write("sys/fs/cgroup/render/memory.max", "4294967296\n");
+    write("sys/fs/cgroup/render/cpu.max", "800000 100000\n");
+    write("sys/fs/cgroup/render/job/memory.max", "2147483648\n");
+    write("sys/fs/cgroup/render/job/cpu.max", "max 100000\n");
+    write("sys/fs/cgroup/render/job/step/memory.max", "max\n");
+    write("sys/fs/cgroup/render/job/step/cpu.max", "150000 100000\n");
     EXPECT_EQ(limits().memory, 2.0 * kGibibyte);
     EXPECT_EQ(limits().processors, 1.5);
 }

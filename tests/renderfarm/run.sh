@@ -3,7 +3,7 @@
 # One task is killed and comes back, one of the two nodes is drained in the middle and returns; what is there at the end is what a
 # single run makes, byte for byte. Before, the tasks of the Open Job Description template are checked and run, without any scheduler.
 #
-#   tests/farm/run.sh FOLDER_OF_QUARVEL ANIMATION.json
+#   tests/renderfarm/run.sh FOLDER_OF_QUARVEL ANIMATION.json
 #
 # Exit code 77 says that Slurm cannot run here, with the reason.
 set -euo pipefail
@@ -152,7 +152,7 @@ mkdir out single openjd
 "$programs/quarvel" render film.scene -o 'single/n.####.exr' --preview single.png --progress none >/dev/null
 [ "$(ls single | wc -l)" -eq 48 ] || failed "the single run made $(ls single | wc -l) of 48 frames"
 
-/usr/bin/python3 "$farms/../../tests/farm/openjd.py" "$farms/openjd/template.yaml" "$programs/quarvel" film.scene openjd 5
+/usr/bin/python3 "$farms/../../tests/renderfarm/openjd.py" "$farms/openjd/template.yaml" "$programs/quarvel" film.scene openjd 5
 cmp single.png openjd/lit.png && rm openjd/lit.png
 diff -rq single openjd >differences || failed "the frames of the Open Job Description are not those of a single run: $(head -n 3 differences)"
 

@@ -4,7 +4,7 @@
 
     openjd.py TEMPLATE QUARVEL SCENE OUTPUT_FOLDER TASKS
 
-The rules are those of "Template Schemas" in the specifications of Open Job Description: which properties an object has, how names are
+The rules are those of "Template Schemas", which Open Job Description publishes: which properties an object has, how names are
 written, and which values a format string may ask for where it stands.
 """
 import re
