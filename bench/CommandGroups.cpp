@@ -9,7 +9,7 @@
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelNormalMap/NM_NormalPicture.h"
-#include "SilencedOutput.h"
+#include "ResultStream.h"
 #include "jobs/drawing/NormalMapJob.h"
 #include "jobs/drawing/ReadDrawing.h"
 
@@ -83,7 +83,7 @@ public:
     void render()
     {
         // The node prints a line to standard output, which is for the table.
-        const SilencedOutput silenced(true);
+        const ResultStream othersAreSilent;
         *_rasterising = 0.0;
         _pictures = std::move(*expected(renderNormalMap(_drawing, _settings, {})));
     }

@@ -4,7 +4,7 @@
 // objects, and one with four times as many. The picture is small, so that the work for each layer dominates.
 #include "Groups.h"
 
-#include "SilencedOutput.h"
+#include "ResultStream.h"
 #include "jobs/drawing/NormalMapJob.h"
 #include "jobs/drawing/ReadDrawing.h"
 
@@ -49,7 +49,7 @@ public:
 
     void run()
     {
-        const SilencedOutput silenced(true);
+        const ResultStream othersAreSilent;
         const auto drawing = readDrawing(_path, _settings.form);
         if (!drawing)
             fail(drawing.error().text);
