@@ -77,6 +77,13 @@ void DIO_FlatWriter::clipPath(const QString& data, bool evenOdd, const QString& 
     _xml.writeEndElement();
 }
 
+void DIO_FlatWriter::clipTo(const QRectF& rectangle)
+{
+    mark(DIO_SvgMark::Command::CLIP_BEGIN);
+    clipPath(DIO_rectPath(rectangle.x(), rectangle.y(), rectangle.width(), rectangle.height()), false, {});
+    mark(DIO_SvgMark::Command::CLIP_END);
+}
+
 void DIO_FlatWriter::beginText(double x, double y, const DIO_SvgStyle& style, const Extras& extras)
 {
     beginElement(QStringLiteral("text"), extras);

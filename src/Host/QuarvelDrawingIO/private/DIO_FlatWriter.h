@@ -29,6 +29,8 @@ public:
     void serverPath(const QString& data, int server, const Extras& extras);
     /// A path that makes up a clip.
     void clipPath(const QString& data, bool evenOdd, const QString& transform);
+    /// Clips what follows to a rectangle, until the mark CLIP_POP.
+    void clipTo(const QRectF& rectangle);
     void beginText(double x, double y, const DIO_SvgStyle& style, const Extras& extras);
     void textRun(const QString& text, const DIO_SvgStyle& style);
     void endText();

@@ -3,6 +3,7 @@
 // Transforms are read function by function, each multiplied from the right: the last one acts first.
 #include "QuarvelDrawingIO/private/DIO_SvgTransform.h"
 
+#include "QuarvelDrawingIO/private/DIO_SvgGeometry.h"
 #include "QuarvelDrawingIO/private/DIO_SvgValues.h"
 
 #include <QRegularExpression>
@@ -117,6 +118,13 @@ QPointF originOf(const QString& text, const Reference& reference)
 }
 
 } // namespace
+
+QString DIO_matrixText(const QTransform& t)
+{
+    return QStringLiteral("matrix(%1 %2 %3 %4 %5 %6)")
+        .arg(DIO_number(t.m11()), DIO_number(t.m12()), DIO_number(t.m21()), DIO_number(t.m22()), DIO_number(t.dx()),
+             DIO_number(t.dy()));
+}
 
 std::optional<QTransform> DIO_styledTransform(const DIO_SvgProperties& properties, const QString& attribute,
                                               const QSizeF& viewport, double fontSize,

@@ -12,6 +12,9 @@
 #include <functional>
 #include <optional>
 
+/// A transform as an attribute's text, "matrix(…)".
+QString DIO_matrixText(const QTransform& t);
+
 /// The transform that properties ask for.
 ///
 /// @param attribute the element's attribute "transform", of use where the properties hold none
