@@ -20,12 +20,15 @@ struct Sigma
 
 constexpr Sigma kSigmas[] = {{"sigma3.3", 3.3}, {"sigma6.6", 6.6},   {"sigma13.3", 13.3}, {"sigma33", 33.0},
                              {"sigma66", 66.0}, {"sigma133", 133.0}, {"sigma266", 266.0}};
+// Small enough that the blur is the short filter alone.
+constexpr Sigma kShortSigmas[] = {{"sigma1.3", 1.3}, {"sigma2.7", 2.7}, {"sigma3.2", 3.2}};
 // OpenCV's own Gaussian takes too long for larger sigmas.
 constexpr double kLargestForGaussian = 14.0;
 
 struct Planes
 {
-    explicit Planes(const FrameSize& frame) : source(frame.height, frame.width, CV_32F), result(source.clone())
+    explicit Planes(const FrameSize& frame)
+        : source(frame.height, frame.width, CV_32F), result(source.clone()), uneven(source.clone())
     {
         BenchScene<CEL_PixelRGBAFloat> scene(frame, BenchScene<CEL_PixelRGBAFloat>::Objects::ONE);
         const auto& object = *scene.accumulators()[0];
@@ -33,6 +36,8 @@ struct Planes
             for (int x = 0; x < source.cols; ++x) {
                 const CEL_PixelRGBAFloat* pixel = object.find(x, y);
                 source.at<float>(y, x) = pixel ? pixel->r * pixel->a : 0.0F;
+                // No two neighbours are equal, and none is visibly different.
+                uneven.at<float>(y, x) = source.at<float>(y, x) + 1e-6F * static_cast<float>(1 + (x + y) % 3);
             }
     }
 
@@ -43,20 +48,38 @@ struct Planes
 
     cv::Mat source;
     cv::Mat result;
+    cv::Mat uneven; ///< the source without parts of one value, so that no shortcut for them is taken
     BA_GaussianBlur ours;
     OpenCvPyramid pyramid;
 };
+
+// The blur of one of the planes.
+Case oursCase(const std::string& name, const Lazy<Planes>& planes, double sigma, cv::Mat Planes::*plane)
+{
+    return {name, [=](benchmark::State& state) {
+                planes->ours.setSigmas(sigma, sigma);
+                const BA_Plane source = Planes::planeOf((*planes).*plane);
+                const BA_Plane result = Planes::planeOf(planes->result);
+                timeEach(state, [&] { planes->ours.run(source, result); });
+            }};
+}
+
+// What the short filter, which alone blurs by small sigmas, gains by summing parts of one value only once: it is given
+// the same plane without such parts.
+void addUneven(Group& group, const Lazy<Planes>& planes, const std::string& prefix, const Sigma& row)
+{
+    const std::string name = prefix + row.name;
+    group.cases.push_back(oursCase(name + "/even", planes, row.value, &Planes::source));
+    group.cases.push_back(oursCase(name + "/uneven", planes, row.value, &Planes::uneven));
+    group.figures.push_back({name + " without parts of one value : with them", name + "/uneven", name + "/even",
+                             Figure::kNoGoal, false, ""});
+}
 
 void addSigma(Group& group, const Lazy<Planes>& planes, const std::string& prefix, const Sigma& row)
 {
     const double sigma = row.value;
     const std::string name = prefix + row.name;
-    group.cases.push_back({name + "/ours", [=](benchmark::State& state) {
-                               planes->ours.setSigmas(sigma, sigma);
-                               const BA_Plane source = Planes::planeOf(planes->source);
-                               const BA_Plane result = Planes::planeOf(planes->result);
-                               timeEach(state, [&] { planes->ours.run(source, result); });
-                           }});
+    group.cases.push_back(oursCase(name + "/ours", planes, sigma, &Planes::source));
     group.cases.push_back({name + "/pyramid", [=](benchmark::State& state) {
                                timeEach(state, [&] { planes->pyramid.blur(planes->source, planes->result, sigma); });
                            }});
@@ -92,6 +115,8 @@ Group blurGroup(const FrameSize& frame)
                            }});
     for (const Sigma& sigma : kSigmas)
         addSigma(group, planes, prefix, sigma);
+    for (const Sigma& sigma : kShortSigmas)
+        addUneven(group, planes, prefix, sigma);
     const std::string reference = prefix + kSigmas[1].name + "/ours";
     for (const Sigma& sigma : kSigmas)
         if (sigma.value > kSigmas[1].value)
