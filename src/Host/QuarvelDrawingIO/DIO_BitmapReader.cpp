@@ -24,7 +24,7 @@ UT_Error problem(const QString& path, const QString& what)
     return {path + QStringLiteral(": ") + what};
 }
 
-// One form for all pictures, so that equal ones are equal however their files store them.
+// One pixel format for all pictures, so that equal pictures compare equal whatever their files store.
 QImage inOneForm(const QImage& image)
 {
     const bool deep = image.pixelFormat().redSize() > 8;
@@ -44,7 +44,7 @@ bool isOpaque(QRgb pixel)
     return qAlpha(pixel) == 255;
 }
 
-// Whether nothing of a picture's edge lets anything through: then it has no outline to be seen.
+// Whether all pixels at a picture's edge are opaque: then the picture has no visible outline.
 bool hasOpaqueEdge(const QImage& image)
 {
     for (int x = 0; x < image.width(); ++x)
@@ -73,7 +73,7 @@ QStringList DIO_bitmapSuffixes()
     for (const QByteArray& format : QImageReader::supportedImageFormats())
         if (isBitmapFormat(format))
             suffixes.append(QString::fromLatin1(format).toLower());
-    // Read as what they are besides: PNG files.
+    // Animated PNG files are PNG files, too: their first frame is read.
     if (suffixes.contains(QLatin1String("png")))
         suffixes.append(QStringLiteral("apng"));
     suffixes.removeDuplicates();

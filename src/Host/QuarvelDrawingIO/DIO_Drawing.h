@@ -41,7 +41,7 @@ struct DIO_Paint
 struct DIO_Shape
 {
     QPainterPath path;
-    std::optional<QPainterPath> clip; ///< nothing outside of it is painted
+    std::optional<QPainterPath> clip; ///< nothing outside it is painted
     double opacity = 1.0;             ///< above 0, up to 1: the paint's, the area's and its groups' together
     int paint = 0;                    ///< index into the palette
     /// What a sprite shows instead of the plain paint: pixels with coverage, stretched over the path's bounding

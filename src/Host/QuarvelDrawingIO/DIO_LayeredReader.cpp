@@ -50,7 +50,7 @@ UT_Error problem(const QString& path, const UT_Error& error)
 
 using Read = UT_Result<DIO_BitmapLayers> (*)(const QString& path);
 
-// Reads a file, without what shows nothing.
+// Reads a file and drops layers that show nothing.
 UT_Result<DIO_BitmapLayers> readTidy(const QString& path, Read read)
 {
     UT_Result<DIO_BitmapLayers> layers =

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The way of an animation: its document is checked, the other program says what it paints, frame by frame; what is
-// painted the same way twice becomes one drawing.
+// Reading an animation: the document is checked, the other program says what it paints frame by frame, and frames of a
+// layer that paint the same become one drawing.
 #include "QuarvelDrawingIO/DIO_LottieReader.h"
 
 #include "QuarvelDrawingIO/private/DIO_LottieDocument.h"

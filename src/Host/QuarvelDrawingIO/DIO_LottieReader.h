@@ -2,9 +2,9 @@
 //
 // Reads animations in the Lottie format (JSON).
 //
-// The library that knows what an animation shows at a frame cannot promise to survive a broken file. So it works in a
-// program of its own, quarvel-lottie-reader, within limits on memory and time and without the right to open anything;
-// what that program writes is taken for untrusted in its turn. A bad file costs a message.
+// The library that renders animations may crash on a broken file. It therefore runs in a program of its own,
+// quarvel-lottie-reader, with limits on memory and time and without the right to open anything, and what that program
+// writes is checked like any untrusted input. A bad file costs a message.
 //
 // Top-level layers become layers. Fills become areas, strokes their outlines, both cut by clips, masks (of every mode,
 // inverted, of any opacity) and mattes (by coverage or brightness, inverted). Solid paints become palette colours,
@@ -23,8 +23,7 @@ struct DIO_LottieLimits
     QString program;                          ///< that reads; empty: quarvel-lottie-reader beside the running program
     int seconds = 120;                        ///< of waiting for it
     qint64 bytes = qint64{512} * 1024 * 1024; ///< that it may write
-    /// Told every now and then how much is done, 0 to 1; 0 as long as the program has not finished. False stops the
-    /// reading. Empty: nobody wants to know.
+    /// Called now and then with how much is done, 0 to 1; returning false stops the reading. May be empty.
     std::function<bool(double done)> goOn = {};
 };
 

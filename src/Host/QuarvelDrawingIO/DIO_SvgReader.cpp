@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The way of an SVG file: bytes, tree, flattened document, painting on the recording device, drawing.
+// An SVG file passes through these stages: bytes, tree, flattened document, painting on the recording device, drawing.
 #include "QuarvelDrawingIO/DIO_SvgReader.h"
 
 #include "QuarvelDrawingIO/private/DIO_Gunzip.h"

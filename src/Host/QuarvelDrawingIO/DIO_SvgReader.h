@@ -5,23 +5,23 @@
 // The file is untrusted. It is parsed once into a plain tree (private/DIO_XmlTree), within limits on size, depth and
 // entity expansion; style sheets, links and references are resolved here, and a plain document without any of them is
 // written (private/DIO_SvgFlattener), which the SVG library then paints on a device that records the shapes. So nothing
-// outside of the file is ever opened, no script or animation runs, and the work is bounded.
+// outside the file is ever opened, no script or animation runs, and the work is bounded.
 //
 // Layers. Declared layers are the groups that vector editors mark as such:
 //   inkscape:groupmode="layer", i:layer="yes", sketch:type="MSLayerGroup", class="layer" with a <title> inside,
 //   a <metadata> child whose id contains "Corel-Layer", and top-level groups with a generated id ("Layer_1", "layer1",
 //   ...).
-// The topmost ones count: a layer within a layer is part of it. What stands outside of all layers (or, when grouping by
+// The topmost ones count: a layer within a layer is part of it. What stands outside all layers (or, when grouping by
 // groups, of all top-level groups) forms layers of its own between them, so that the order of painting is kept. Layers
 // that are hidden or paint nothing are left out with a warning.
 //
 // Masks cut, by brightness or by coverage; groups fade as one picture.
 //
 // What is not understood is left out, and said in the drawing's warnings: blend modes, filters. What
-// a filter is applied to stays, sharp and without the shadow or glow that the filter adds, since a map of what is not
-// there would only disturb the light. Gradients, patterns and embedded pictures keep their outline and opacity and are
-// painted in their average colour. The SVG library reports remarks of its own in the logging category "qt.svg";
-// programs may switch that off.
+// a filter is applied to stays, sharp and without the shadow or glow that the filter adds, since relief where
+// nothing solid is would only disturb the light. Gradients, patterns and embedded pictures keep their outline and
+// opacity and are painted in their average colour. The SVG library reports remarks of its own in the logging category
+// "qt.svg"; programs may switch that off.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -35,7 +35,7 @@ DIO_readSvg(const QString& path, DIO_Grouping grouping = DIO_Grouping::AUTO, DIO
 
 /// Reads an SVG document from memory.
 ///
-/// @param path what messages call it, and what the drawing is named after; nothing is opened
+/// @param path names the document in messages, and gives the drawing its name; it is not opened
 QUARVELDRAWINGIO_EXPORT UT_Result<DIO_Drawing> DIO_readSvgData(const QByteArray& data, const QString& path,
                                                                DIO_Grouping grouping = DIO_Grouping::AUTO,
                                                                DIO_Blank blank = DIO_Blank::REFUSED);

@@ -15,7 +15,7 @@
 QRectF extentOf(const CELVEC_Kvd& drawing);
 
 /// The rectangle that the drawing of an element may touch at a frame, in pixels of a frame of the resolution: x right,
-/// y down, the origin at the upper left corner. It may lie outside of the frame, and may be somewhat larger than what
+/// y down, the origin at the upper left corner. It may lie outside the frame, and may be somewhat larger than what
 /// is painted. Empty when nothing is shown.
 QRectF extentOf(const MO_ElementModule& element, double frame, const std::pair<int, int>& resolution);
 

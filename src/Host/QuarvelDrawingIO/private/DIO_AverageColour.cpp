@@ -63,7 +63,7 @@ QColor DIO_averageColour(const QGradient& gradient)
     QGradientStops stops = gradient.stops();
     if (stops.isEmpty())
         return {0, 0, 0, 0};
-    // The colours before the first stop and after the last are theirs.
+    // Before the first stop and after the last, the colour is that of the stop.
     stops.prepend({0.0, stops.first().second});
     stops.append({1.0, stops.last().second});
     Sum sum;

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Uniting and intersecting of clips; very detailed ones are not cut with each other at all.
+// Uniting and intersecting clips; very detailed ones are not intersected at all.
 #include "QuarvelDrawingIO/private/DIO_ClipStack.h"
 
 #include "QuarvelDrawingIO/private/DIO_PathSets.h"

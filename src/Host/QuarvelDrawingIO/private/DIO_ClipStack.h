@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// DIO_ClipStack: the clips that are in force at a moment, one within the other.
+// DIO_ClipStack: the clips in force, each inside the one before it.
 #pragma once
 
 #include <QPainterPath>
@@ -11,21 +11,21 @@
 class DIO_ClipStack
 {
 public:
-    /// From now on add() collects the paths of a new clip.
+    /// Begins a new clip; add() collects its paths.
     void begin() { _gathered = QPainterPath(); }
     bool isGathering() const { return _gathered.has_value(); }
     void add(const QPainterPath& path);
 
-    /// What was collected is in force, within what already was.
+    /// Puts the collected clip in force, inside those that already are.
     void end();
 
-    /// Lifts the newest clip.
+    /// Removes the newest clip.
     void pop();
 
     /// The clip in force, or null where nothing is cut off.
     const QPainterPath* current() const { return _clips.empty() ? nullptr : &_clips.back(); }
 
-    /// How many clips were too detailed to be cut with each other; there the inner one alone is in force.
+    /// How many clips were too detailed to be intersected; of those, the inner one alone is in force.
     int skippedIntersections() const { return _skipped; }
 
 private:

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Where a changed coverage is at least t: outside of the changed area, where it was at least t before; inside, where
+// Where a changed coverage is at least t: outside the changed area, where it was at least t before; inside, where
 // it was at least (or, for a falling change, at most) the value that becomes t.
 #include "QuarvelDrawingIO/private/DIO_CoverageLevels.h"
 
@@ -11,13 +11,13 @@
 
 namespace {
 
-// Values that differ by less are one: no picture of 8 bits shows it.
+// Values that differ by less count as equal: no 8-bit picture shows the difference.
 constexpr double kSame = 1.0 / 1024.0;
 
-// More different values than this are not told apart; each costs operations on paths for each change.
+// The largest number of different values; each costs path operations at every change.
 constexpr std::size_t kMaxLevels = 12;
 
-// The elements of paths that are gone through in all; honest drawings need a hundredth of it.
+// How many path elements may be visited in all; ordinary drawings need a hundredth of it.
 constexpr int kMaxWork = 200'000;
 
 std::optional<QPainterPath> united(const std::optional<QPainterPath>& a, const std::optional<QPainterPath>& b)
@@ -66,7 +66,7 @@ std::optional<QPainterPath> DIO_CoverageLevels::atLeastAfter(double value, const
         return change.inverted ? DIO_intersected(where, change.area) : DIO_subtracted(where, change.area);
     };
     const QPainterPath& stays = atLeast(value);
-    // A constant change gives all of the area or nothing of it.
+    // A constant change includes the whole area or none of it.
     if (std::abs(change.scale) < kSame)
         return change.offset >= value - kSame / 2 ? united(stays, inside(_page)) : outside(stays);
     const double before = (value - change.offset) / change.scale;
@@ -74,7 +74,7 @@ std::optional<QPainterPath> DIO_CoverageLevels::atLeastAfter(double value, const
         return united(outside(stays), before < 0.0 ? std::optional(QPainterPath())
                                                    : inside(DIO_subtracted(_page, atLeast(before + kSame))));
     const QPainterPath from = before > 1.0 + kSame ? QPainterPath() : atLeast(before);
-    // Where nothing falls, or nothing rises, one of the areas lies within the other and needs no edge along the change.
+    // Where no value falls, or none rises, one area contains the other, and no edge along the change is needed.
     if (change.offset >= 0.0 && change.scale + change.offset >= 1.0 - kSame)
         return united(stays, inside(from));
     if (change.offset <= 0.0 && change.scale <= 1.0)

@@ -27,13 +27,13 @@ public:
 
     /// The same coverage everywhere.
     ///
-    /// @param page what "everywhere" is; nothing is asked of other places
+    /// @param page what "everywhere" is; other places are never asked for
     DIO_CoverageLevels(const QRectF& page, double value);
 
-    /// Within an area (or, when inverted, outside of it), changes each value v to scale * v + offset, limited to 0..1.
+    /// Within an area (or, when inverted, outside it), changes each value v to scale * v + offset, limited to 0..1.
     void change(const QPainterPath& area, bool inverted, double scale, double offset);
 
-    /// Paints a value over an area (or outside of it) with an opacity.
+    /// Paints a value over an area (or outside it) with an opacity.
     void paint(const QPainterPath& area, bool inverted, double opacity, double value)
     {
         change(area, inverted, 1.0 - opacity, opacity * value);
@@ -56,7 +56,7 @@ public:
     /// The levels in ascending order of their values; none where nothing is let through.
     std::span<const Level> levels() const { return _levels; }
 
-    /// How often something was too detailed to be worked out. The coverage is then as if it had not been asked for.
+    /// How many changes were too detailed to be computed. The coverage ignores them.
     int skipped() const { return _skipped; }
 
 private:

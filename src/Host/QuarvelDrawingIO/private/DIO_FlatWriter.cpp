@@ -151,7 +151,8 @@ void DIO_FlatWriter::writeStroke(const DIO_SvgStyle& style)
     attribute("stroke-miterlimit", style.miterLimit);
     if (style.dashes.empty())
         return;
-    // The library forgets dashes without length, whose caps are dots; a thousandth of a width is not to be seen.
+    // The painting library drops dashes of no length, whose caps are dots. They are written a thousandth of a width
+    // long, which nobody sees.
     const double dot = style.lineCap == u"butt" ? 0.0 : style.strokeWidth / 1000.0;
     QStringList dashes;
     for (std::size_t i = 0; i < style.dashes.size(); ++i) {

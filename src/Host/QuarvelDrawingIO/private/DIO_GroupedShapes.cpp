@@ -10,7 +10,7 @@
 
 namespace {
 
-// Fainter than this is nothing, and a fading this slight is none: no picture of 8 bits shows it.
+// Opacities below this count as 0, and fading by less is left out: no 8-bit picture shows the difference.
 constexpr double kInvisible = 1.0 / 1024.0;
 
 double added(double reached, double wanted)
@@ -24,7 +24,7 @@ class Clipper
 public:
     explicit Clipper(const QPainterPath& area) : _area(area), _isRectangle(DIO_isRectangle(area)) {}
 
-    // Nothing when the result is too detailed; else the shape may have become empty.
+    // No result when it is too detailed; the shape may have become empty.
     bool clip(DIO_Shape& shape)
     {
         const QRectF bounds = shape.path.controlPointRect();
@@ -62,7 +62,8 @@ QRectF boundsOf(const DIO_Shape& shape)
     return shape.clip ? bounds & shape.clip->controlPointRect() : bounds;
 }
 
-// By shape: whether it meets no other one. Of very many shapes nobody compares all with all.
+// For each shape, whether it overlaps no other one. Of more shapes than can be compared in pairs, the later ones count
+// as standing alone.
 std::vector<bool> standAlone(const std::vector<DIO_Shape>& shapes)
 {
     constexpr std::size_t kMost = 3000;
@@ -77,8 +78,7 @@ std::vector<bool> standAlone(const std::vector<DIO_Shape>& shapes)
     return alone;
 }
 
-// How much of a shape is to be painted where a group above it, which is faded, covers it: less, the more opaque that
-// is.
+// The opacity of a shape under an already faded group: the more opaque that group is, the less is painted.
 DIO_CoverageLevels leftBelow(const DIO_CoverageLevels& above, const DIO_Shape& shape, double opacity)
 {
     DIO_CoverageLevels left(boundsOf(shape).adjusted(-1.0, -1.0, 1.0, 1.0), 1.0);

@@ -13,16 +13,16 @@ QPainterPath DIO_paintedArea(const DIO_Shape& shape);
 /// A rectangle around everything that shapes paint.
 QRectF DIO_boundsOf(const std::vector<DIO_Shape>& shapes);
 
-/// Leaves of shapes what a mask lets through. A shape that crosses several levels of the mask becomes one for each; its
-/// colour and the order of painting stay.
+/// Cuts shapes down to what a mask lets through. A shape that crosses several levels of the mask becomes one for each;
+/// its colour and the order of painting stay.
 ///
 /// @return how many shapes were too detailed to be cut and are left whole
 int DIO_cut(std::vector<DIO_Shape>& shapes, const DIO_CoverageLevels& mask);
 
-/// Leaves of shapes what lies in an area.
+/// Cuts shapes down to an area.
 int DIO_clip(std::vector<DIO_Shape>& shapes, const QPainterPath& area);
 
-/// Fades shapes as one picture: where one covers another, what lies below does not shine through, and the group is
+/// Fades shapes as one picture: where one covers another, the lower one does not shine through, and the group is
 /// nowhere more opaque than the opacity.
 ///
 /// @return how many shapes are too detailed for that and are faded by themselves

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A value ends where a comma or a closing bracket follows outside of all strings and brackets that it opened.
+// A value ends where a comma or a closing bracket follows outside all strings and brackets that it opened.
 #include "QuarvelDrawingIO/private/DIO_JsonText.h"
 
 namespace {

@@ -127,7 +127,7 @@ UT_Result<void> checkNumbers(const QJsonObject& root)
     return {};
 }
 
-// The document with its layers, and those of its compositions, in the form that leaves nothing open.
+// The document with all layers, also those of its compositions, rewritten without ambiguity.
 DIO_LottieDocument prepared(const QByteArray& text, const QJsonObject& root)
 {
     DIO_LottieLayers layers;

@@ -1,11 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A look at an animation's document before anything else reads it: is it one, and what does it use that cannot be kept.
+// Checks an animation's document before anything else reads it: whether it is one, and what in it cannot be kept.
 //
 // The library that paints animations does not say everything that it knows of a layer, and pairs a layer with the one
-// that cuts it by their places alone, where layers that it cannot paint have none. So it gets the document in a form
-// that leaves nothing open: layers have numbers for names, by which the rest is looked up, and a layer that is cut
-// comes right after what cuts it.
+// that cuts it by their places alone, where layers that it cannot paint have none. So it gets a document
+// without ambiguity: layers have numbers for names, by which the rest is looked up, and a layer that is cut comes
+// right after what cuts it.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -21,7 +21,7 @@ struct DIO_LottieLayerFacts
 {
     struct Mask
     {
-        bool isInverted; ///< what counts is outside of its path
+        bool isInverted; ///< what counts is outside its path
         bool isOff;      ///< it does nothing
     };
 

@@ -31,13 +31,13 @@ DIO_Paint paintOf(const DIO_LottieNode& node, double& opacity)
     return {DIO_Paint::Kind::SOLID, colour, colour.name()};
 }
 
-// What a mask or a matte covers lies within both rectangles; there nothing lets through what is not asked for.
+// Outside these two rectangles there is nothing to cut and nothing that cuts.
 QRectF pageOf(const QRectF& content, const QRectF& cutting)
 {
     return (content | cutting).adjusted(-1.0, -1.0, 1.0, 1.0);
 }
 
-// The first mask adds to nothing, or takes away from everything.
+// An adding mask starts from an empty area, a subtracting one from the whole page.
 DIO_CoverageLevels coverageOf(const std::vector<DIO_LottieMask>& masks, const QRectF& content)
 {
     QRectF cutting;

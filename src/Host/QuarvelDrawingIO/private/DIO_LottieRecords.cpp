@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Each read moves on by what it took, or fails for good; the loops end with the first failure.
+// Each read advances, or fails for good; the loops end at the first failure.
 #include "QuarvelDrawingIO/private/DIO_LottieRecords.h"
 
 #include <QtEndian>

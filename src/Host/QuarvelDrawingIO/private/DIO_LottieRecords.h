@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// DIO_LottieStreamReader: what the program that reads animations wrote, taken apart with care: every count is held
-// against what is left, every number against what can be painted.
+// DIO_LottieStreamReader: parses what the program that reads animations wrote. Every count is checked against the bytes
+// that are left, every number against what can be painted.
 #pragma once
 
 #include "QuarvelDrawingIO/DIO_LottieStream.h"
@@ -32,7 +32,7 @@ struct DIO_LottieMask
 {
     DIO_LottieStream::MaskMode mode = DIO_LottieStream::ADD_MASK;
     double opacity = 1.0;
-    bool inverted = false; ///< what counts is outside of the path
+    bool inverted = false; ///< what counts is outside the path
     QPainterPath path;
 };
 
@@ -59,7 +59,7 @@ struct DIO_LottieHeader
     int frames = 0;
 };
 
-/// Reads a stream from its beginning to its end. After a failure nothing more is to be asked for.
+/// Reads a stream from its beginning to its end. After a failure, no further function may be called.
 class DIO_LottieStreamReader
 {
 public:
@@ -69,11 +69,11 @@ public:
         : _bytes(bytes), _facts(facts)
     {}
 
-    /// The header; nothing when the stream is none or its numbers are of no use.
+    /// The header; none when the stream is not one of ours or its numbers are out of range.
     std::optional<DIO_LottieHeader> readHeader();
     /// The outermost layer of the next frame.
     std::optional<DIO_LottieLayer> readFrame();
-    /// Whether the stream ends here, as it should.
+    /// Whether the stream ends here.
     bool readEnd();
 
 private:

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The short cuts, and the limit on detail. The bounds are those of the control points, which are never too small.
+// The shortcuts, and the limit on detail. The bounds are those of the control points, which are never too small.
 #include "QuarvelDrawingIO/private/DIO_PathSets.h"
 
 namespace {
@@ -76,8 +76,8 @@ std::optional<QPainterPath> DIO_united(const QPainterPath& a, const QPainterPath
     return a.united(b);
 }
 
-// Neighbours first, and what came of them next: each area goes through few operations, and most of them are on small
-// ones.
+// Neighbours are united first, then their unions: each area takes part in few operations, and most of those are on
+// small ones.
 QPainterPath DIO_united(std::vector<QPainterPath> areas)
 {
     while (areas.size() > 1) {

@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Unions, intersections and differences of areas. Qt's path operations are exact enough for clips but slow on detailed
-// paths, so rectangles, which most clips are, go without them, and areas that do not meet are not worked on. Very
-// detailed areas are not combined at all; the functions then say so by returning nothing.
+// paths, so rectangles, which most clips are, and areas that do not meet are combined without them. Very
+// detailed areas are not combined at all; the functions then return no result.
 #pragma once
 
 #include <QPainterPath>

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The measures of the recording device.
+// The metrics that the recording device reports.
 #include "QuarvelDrawingIO/private/DIO_RecordingDevice.h"
 
 #include <cmath>

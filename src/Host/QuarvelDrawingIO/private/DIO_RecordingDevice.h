@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // DIO_RecordingDevice: a paint device that keeps shapes instead of pixels. Whatever a QPainter paints on it reaches a
-// sink as filled paths in device coordinates. It is as large as its size says only for those who ask; nothing is cut
-// off at its border. 96 dots are an inch, one is a pixel.
+// sink as filled paths in device coordinates. Its size is only what it reports; nothing is clipped to it. It
+// reports 96 dots an inch, and a dot is a pixel.
 #pragma once
 
 #include "QuarvelDrawingIO/private/DIO_RecordingEngine.h"

@@ -122,7 +122,7 @@ void DIO_RecordingEngine::stroke(const QPainterPath& path)
 void DIO_RecordingEngine::record(QPainterPath devicePath, const QBrush& brush)
 {
     DIO_RecordedShape shape{std::move(devicePath), brush, _opacity, {}, false};
-    // The painter knows its whole clip, in the coordinates of the moment.
+    // The painter knows its whole clip, in its current coordinates.
     if (painter() && painter()->hasClipping()) {
         shape.clipped = true;
         shape.clip = _toDevice.map(painter()->clipPath());

@@ -12,7 +12,7 @@
 
 namespace {
 
-// No picture reaches this far; what does, comes from a mistake in the file.
+// No picture reaches this far; larger coordinates come from a mistake in the file.
 constexpr double kFarthest = 1e9;
 
 // The SVG library stops reading a path once it has more than this many elements; a curve adds three at a time.
@@ -39,7 +39,7 @@ Extent extentOf(const QPainterPath& path)
     return bounds.width() > 0.0 && bounds.height() > 0.0 ? Extent::USABLE : Extent::NOTHING;
 }
 
-// QPainterPath's bounds forget what is not a number.
+// QPainterPath's bounds ignore coordinates that are NaN.
 bool isFinite(const QPainterPath& path)
 {
     for (int i = 0; i < path.elementCount(); ++i)

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A stack of open groups. What a group holds goes into the one around it when it ends.
+// A stack of open groups. When a group ends, its shapes go to the group around it.
 #include "QuarvelDrawingIO/private/DIO_ShapeGroups.h"
 
 #include <utility>

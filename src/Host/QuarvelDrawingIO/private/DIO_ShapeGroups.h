@@ -43,7 +43,7 @@ public:
     /// Takes out everything, in the order of painting. No group is open.
     std::vector<Run> take();
 
-    /// How often something was too detailed to be cut or faded with others.
+    /// How many shapes were too detailed to be cut or faded with others.
     int tooDetailed() const { return _tooDetailed; }
 
 private:

@@ -36,7 +36,7 @@ bool DIO_StrokeOutliner::affordsDashes(const QPainterPath& path, const QPen& pen
     const QList<qreal> pattern = pen.dashPattern();
     const double period = std::accumulate(pattern.begin(), pattern.end(), 0.0) * width;
     const double dashes = lengthAtMost(path) / period * static_cast<double>(pattern.size());
-    // Written so that a period of zero or not a number refuses, too.
+    // Written so that a period of 0 or NaN is refused, too.
     if (!(period > 0.0 && dashes <= kMaxDashesPerPath && dashes <= _dashesLeft)) {
         ++_undashed;
         return false;

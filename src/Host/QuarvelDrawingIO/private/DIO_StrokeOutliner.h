@@ -11,7 +11,7 @@
 /// own coordinates and then transformed, so that a skewed transform skews the pen too; only the stroke of a cosmetic
 /// pen (or one of width 0, which is 1 unit wide) is made after the transform.
 ///
-/// Dashes are limited, per path and in total: where a file asks for more of them than anybody can see, the line becomes
+/// Dashes are limited, per path and in total: where a file asks for more dashes than anybody can see, the line becomes
 /// solid. One outliner serves one drawing.
 class DIO_StrokeOutliner
 {

@@ -33,7 +33,7 @@ qsizetype endOfBlock(QStringView text, qsizetype open)
     return text.size();
 }
 
-// Splits at separators outside of quotes and parentheses, since a data URL holds semicolons.
+// Splits at separators outside quotes and parentheses, since a data URL holds semicolons.
 std::vector<QStringView> splitDeclarations(QStringView text)
 {
     std::vector<QStringView> parts;
@@ -193,7 +193,8 @@ bool DIO_StyleSheet::matches(const Rule& rule, std::span<const DIO_XmlNode* cons
         return std::all_of(compound.classes.begin(), compound.classes.end(),
                            [&](const QString& wanted) { return hasClass(classes, wanted); });
     };
-    // Ancestors are taken as near as possible. That can miss a match only where "a > b c" meets nested b's.
+    // Each ancestor selector takes the nearest ancestor that matches. That misses a match only for "a > b c" with
+    // nested b's.
     std::size_t node = ancestry.size();
     for (std::size_t i = rule.selector.size(); i-- > 0;) {
         const bool exactly = i + 1 == rule.selector.size() || rule.selector[i + 1].child;

@@ -4,7 +4,7 @@
 //
 // Understood are the selectors that drawing programs write: types, classes, ids and *, combined on one element and by
 // descent ("g .a") or parenthood ("g > .a"). Rules with other selectors, and at-rules (imports, fonts, media), have no
-// effect, so nothing outside of the file is ever looked for.
+// effect, so nothing outside the file is ever read.
 #pragma once
 
 #include "QuarvelDrawingIO/private/DIO_XmlTree.h"

@@ -115,7 +115,7 @@ private:
         }
     }
 
-    // A switch's branch only holds together what would else stand at the switch's place.
+    // The branch of a <switch> stands in its place, so its groups count as the parent's.
     bool isMereBranch(const DIO_XmlNode& node) const { return &node == _branch; }
 
     DIO_Grouping _grouping;

@@ -34,8 +34,7 @@ public:
     using PatternAverage = std::function<std::optional<QColor>(const DIO_XmlNode& pattern)>;
     void setPatternAverage(PatternAverage average) { _patternAverage = std::move(average); }
 
-    /// The server itself or the one that it links to, directly or not, of which something is true; null when there is
-    /// none.
+    /// The first of a server and those that it links to, in turn, for which a condition holds; null when there is none.
     const DIO_XmlNode* firstOf(const DIO_XmlNode& server,
                                const std::function<bool(const DIO_XmlNode&)>& isWanted) const;
 

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The vertices of SVG path data: where its segments begin and end, and which way the line runs there. The SVG library,
-// which paints the paths, does not tell, and forgets segments without length, whose caps are to be seen.
+// which paints the paths, does not report them, and drops segments of no length, whose caps would be visible.
 #pragma once
 
 #include <QPointF>

@@ -51,14 +51,14 @@ struct DIO_SvgStyle
     QString markerStart; ///< "url(#id)"; empty or "none": no marker
     QString markerMid;
     QString markerEnd;
-    DIO_SvgPaint contextFill; ///< inside of a marker: the paints of the line that has it
+    DIO_SvgPaint contextFill; ///< inside a marker: the paints of the line that has it
     DIO_SvgPaint contextStroke;
     QColor currentColour = Qt::black;
     bool visible = true;
     double fontSize = 16.0;
     QHash<QString, QString> font; ///< font-family, font-style, font-weight, font-variant, text-anchor
 
-    /// The style of an element inside of what this is the style of.
+    /// The style of an element inside what this is the style of.
     ///
     /// @param diagonal what a length of 100 % is for a stroke
     DIO_SvgStyle inheritedBy(const DIO_SvgProperties& properties, double diagonal) const;

@@ -20,7 +20,7 @@ QString DIO_matrixText(const QTransform& t);
 /// @param attribute the element's attribute "transform", of use where the properties hold none
 /// @param viewport what percentages are relative to
 /// @param box gives the rectangle that the element fills, for those that measure by it ("transform-box: fill-box")
-/// @return nothing when the attribute alone says it all; or when the text cannot be understood
+/// @return none when the attribute alone is to be used, or when the text cannot be understood
 std::optional<QTransform> DIO_styledTransform(const DIO_SvgProperties& properties, const QString& attribute,
                                               const QSizeF& viewport, double fontSize,
                                               const std::function<QRectF()>& box);

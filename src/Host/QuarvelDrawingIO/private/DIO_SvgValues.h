@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The values in SVG attributes: numbers, lengths, colours, boxes. Whatever is not finite counts as not there.
+// The values in SVG attributes: numbers, lengths, colours, boxes. Values that are not finite count as missing.
 #pragma once
 
 #include <QColor>
@@ -18,7 +18,7 @@ struct DIO_LengthContext
     double fontSize = 16.0;   ///< what 1em is
 };
 
-/// All numbers of a list that is separated by white space or commas, up to the first thing that is none.
+/// The numbers of a list separated by white space or commas, up to the first word that is not a number.
 std::vector<double> DIO_readNumbers(QStringView text);
 
 /// A number, or a percentage as its hundredth.

@@ -126,7 +126,7 @@ private:
     void addText(DIO_XmlNode& parent)
     {
         count(_xml.text().size());
-        // Drawings are full of white space between elements, which means something inside of text only.
+        // White space between elements matters only inside text.
         if (_xml.isWhitespace() && parent.name != u"text" && parent.name != u"tspan")
             return;
         DIO_XmlNode text;

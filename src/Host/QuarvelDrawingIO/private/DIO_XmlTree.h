@@ -50,7 +50,7 @@ struct DIO_XmlTree
     DIO_XmlTree& operator=(DIO_XmlTree&&) = delete;
     DIO_XmlTree& operator=(const DIO_XmlTree&) = delete;
 
-    /// Fills byId; to be called once the tree has come to rest at its address.
+    /// Fills byId. Call it when the tree will not be moved any more, since byId points into it.
     void index();
 
     /// The element that a "#id" names, or null.

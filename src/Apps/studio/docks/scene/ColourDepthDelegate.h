@@ -17,7 +17,7 @@ public:
     static QRect sliderRect(const QRect& cell);
     /// Where the handle of a depth is, as x in the cell's coordinates; depths outside the slider stand at its ends.
     static double handlePlace(const QRect& cell, int depth);
-    /// The depth at x; at the ends of the slider and outside of it, the least and the largest one.
+    /// The depth at x; at the ends of the slider and outside it, the least and the largest one.
     static int depthAt(const QRect& cell, double x);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;

@@ -39,7 +39,7 @@ QImage DIO_psdImage(const DIO_PsdPlanes& planes, const QSize& size, const DIO_Ps
 struct DIO_PsdMask
 {
     QRect place;
-    int outside = 255; ///< what it is outside of its place
+    int outside = 255; ///< what it is outside its place
     bool isOn = false;
     DIO_PsdPlane samples;
 };
