@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The options of a help text, and two languages to propose them in.
+// Reads the options out of a help text, and writes completion scripts for two shells.
 #include "Completion.h"
 
 #include "jobs/targets/Targets.h"

@@ -10,8 +10,8 @@
 struct CompletedOption
 {
     QStringList names;   ///< with their hyphens, the long one last
-    QString explanation; ///< the first line of it
-    QString value;       ///< what its value is called in the help; empty: it takes none
+    QString explanation; ///< its first line
+    QString value;       ///< what the help calls its value; empty: it takes none
     QStringList choices; ///< the words that it takes; empty: any
 };
 

@@ -31,7 +31,7 @@ void collect(const QDir& folder, const QSet<QString>& leftOut, QStringList& draw
     }
 }
 
-// What the run writes for the drawings, wherever it writes it: the names tell, whatever their formats.
+// The names, without endings, of the pictures that the run writes for the drawings, whatever their folders and formats.
 QSet<QString> namesOfResults(const QStringList& drawings, const NormalMapOptions& options)
 {
     QSet<QString> names;

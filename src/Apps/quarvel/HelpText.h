@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A command's help text, read for what it consists of: manual pages and the completion of shells are made of it, so
-// that an option is described in one place. The text keeps to four forms, with an empty line between its blocks:
+// Parses a command's help text. Manual pages and shell completion are made of the result, so that an option is
+// described in one place. A help text has four kinds of blocks, with an empty line between them:
 //
 //   quarvel COMMAND - what it does                the first line
 //   A paragraph, at the margin.
@@ -29,16 +29,16 @@ struct CommandHelp
 struct HelpEntry
 {
     QString term;     ///< "-o, --output FILE"
-    QStringList text; ///< the lines of its explanation, without the blanks before them
+    QStringList text; ///< the lines of its explanation, without indentation
 
     bool isOption() const { return term.startsWith(QLatin1Char('-')); }
     /// The names of an option, with their hyphens, as they are written in the term.
     QStringList optionNames() const;
-    /// What stands behind an option's names: "FILE", "up|down", or nothing where it takes no value.
+    /// The value after an option's names: "FILE", "up|down"; empty where it takes none.
     QString optionValue() const;
 };
 
-/// What stands between two empty lines: a heading or none, and one of the other three.
+/// The text between two empty lines: a heading or none, and one of the other three kinds.
 struct HelpBlock
 {
     QString heading;

@@ -93,7 +93,7 @@ int stopped(const ImportOptions& options, Report& report)
     return StopSignal::exitCode();
 }
 
-// A signal during the save lets the save end: it is short, and the scene is whole then.
+// A signal does not interrupt the save: it is short, and the scene is whole after it.
 int importAndSave(const ImportOptions& options, Report& report)
 {
     const auto failed = [&](const UT_Error& error) {

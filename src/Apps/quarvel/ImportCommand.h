@@ -27,8 +27,8 @@ UT_Result<ImportOptions> parseImportOptions(const QStringList& words);
 
 /// Runs the command.
 ///
-/// @param words what stands behind "import"
-/// @return the exit code: 0 when the scene was made, 1 when it was not, 2 when the words made no sense
+/// @param words the words after "import"
+/// @return the exit code: 0 when the scene was made, 1 when it was not, 2 when the command line was wrong
 int runImportCommand(const QStringList& words, Report& report);
 
 /// What "quarvel help import" prints.

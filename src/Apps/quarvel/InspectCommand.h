@@ -9,8 +9,8 @@ class Report;
 
 /// Runs the command.
 ///
-/// @param words what stands behind "inspect"
-/// @return the exit code: 0, 1 when a scene or a drawing could not be read, 2 when the words made no sense
+/// @param words the words after "inspect"
+/// @return the exit code: 0, 1 when a scene or a drawing could not be read, 2 when the command line was wrong
 int runInspectCommand(const QStringList& words, Report& report);
 
 /// What "quarvel help inspect" prints.

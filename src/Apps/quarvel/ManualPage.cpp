@@ -7,7 +7,7 @@
 
 namespace {
 
-// A text in which man takes nothing for an instruction of its own.
+// A text with everything escaped that man would take for an instruction.
 QString plain(QString text)
 {
     text.replace(QLatin1Char('\\'), QLatin1String("\\e")).replace(QLatin1Char('-'), QLatin1String("\\-"));
@@ -48,7 +48,7 @@ QString entry(const HelpEntry& entry)
     return page;
 }
 
-// The help text calls it by what people see, manuals by their own word.
+// The paragraph of exit codes becomes the section "EXIT STATUS", as manuals call it.
 constexpr QLatin1String kExitCode("Exit code: ");
 
 QString body(const HelpBlock& block)

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What a command line says of the form of normal maps. What it leaves out follows from the program that the maps are
-// made for.
+// The form of normal maps as a command line says it. What it leaves out follows from the program that the maps are made
+// for.
 #pragma once
 
 #include "jobs/shown/FramePicture.h"
@@ -22,7 +22,7 @@ struct MapFormOptions
 
     /// The form that is asked for.
     ///
-    /// @param otherwise holds where neither an option nor a target says anything
+    /// @param otherwise the form where neither an option nor a target decides
     NM_MapForm resolved(const NM_MapForm& otherwise) const
     {
         const NM_MapForm wanted = target ? target->form : otherwise;

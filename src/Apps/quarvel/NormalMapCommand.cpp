@@ -160,7 +160,7 @@ UT_Result<void> runOne(DrawingRun& run, const OutputFiles& files, const std::vec
                            [&] { return run.run(files, regions); });
 }
 
-// For whom the maps are right; empty where that is nobody's question.
+// The programs that the maps are right for; empty where the options decide that.
 QString formLine(const NormalMapOptions& options, const std::vector<OutputFiles>& files)
 {
     const QString& file = files.front().normalMap;

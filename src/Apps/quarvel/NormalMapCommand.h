@@ -9,6 +9,6 @@ class Report;
 
 /// Runs the command.
 ///
-/// @param words what stands behind "normalmap"
-/// @return the exit code: 0 when every drawing was done, 1 when one was not, 2 when the words made no sense
+/// @param words the words after "normalmap"
+/// @return the exit code: 0 when every drawing was done, 1 when one was not, 2 when the command line was wrong
 int runNormalMapCommand(const QStringList& words, Report& report);

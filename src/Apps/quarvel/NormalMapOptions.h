@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The words of "quarvel normalmap", turned into settings. Pure: it looks at no file. A word that makes no sense gives
-// an error that says what was meant to stand there.
+// The words of "quarvel normalmap", turned into settings. Pure: it looks at no file. A wrong word gives
+// an error that says what was expected.
 #pragma once
 
 #include "LightOption.h"

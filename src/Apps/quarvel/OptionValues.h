@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Single values of the command line: numbers, sizes, choices, colours. Each reader takes the option's name for its
-// message, and the message says what was meant to stand there.
+// message, which says what was expected.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ProgressLine: tells on standard error how far a run is.
+// ProgressLine: shows on standard error how much of a run is done.
 #pragma once
 
 #include "NormalMapOptions.h"

@@ -178,7 +178,7 @@ void warnWhereFramesHaveNoDigest(const RenderOptions& options, Report& report)
                            .arg(format->suffix));
 }
 
-// Pictures of colours lose nothing that anybody sees.
+// Pictures of colours lose nothing visible in 8 bits.
 void warnOfLosses(const RenderOptions& options, const Plan& plan, Report& report)
 {
     const auto format = IIO_pictureFormatOf(options.output);

@@ -9,7 +9,7 @@ class Report;
 
 /// Runs the command.
 ///
-/// @param words what stands behind "render"
+/// @param words the words after "render"
 /// @return the exit code: 0 when every frame was done, 1 when one was not or the scene cannot be rendered, 2 when the
-/// words made no sense, 130 when a signal stopped it
+/// command line was wrong, 130 when a signal stopped it
 int runRenderCommand(const QStringList& words, Report& report);

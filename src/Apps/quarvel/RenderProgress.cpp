@@ -108,7 +108,7 @@ void RenderProgress::clear()
 
 QString RenderProgress::timeLeft(double fraction) const
 {
-    // A pace needs something to be measured by.
+    // The first half of a percent is too little to tell the pace by.
     constexpr double kEnough = 0.005;
     if (fraction < kEnough)
         return {};

@@ -37,7 +37,7 @@ public:
     /// Where results go, for what is no report: pictures, and progress that schedulers read.
     std::FILE* results() const { return _results; }
 
-    /// Texts say name from now on where they would say path.
+    /// From now on texts name a path by another name.
     void call(const QString& path, const QString& name) { _names.emplace_back(path, name); }
 
     /// A result: its fields for scripts, and its lines for people, the last with its line break.

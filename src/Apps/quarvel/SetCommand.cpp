@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Loads, changes, saves. What would change nothing is not saved.
+// Loads, changes, saves. A change that changes nothing is not saved.
 #include "SetCommand.h"
 
 #include "FormOptions.h"
@@ -65,7 +65,7 @@ std::optional<int> tryChange(const SIO_LoadedScene& opened, const QString& folde
     tellChange(folder, *changed, report);
     if (!StopSignal::came())
         return 0;
-    // A signal during the save lets the save end: it is short, and the scene is whole then.
+    // A signal does not interrupt the save: it is short, and the scene is whole after it.
     report.error(QStringLiteral("stopped; the change of %1 is saved").arg(folder));
     return StopSignal::exitCode();
 }

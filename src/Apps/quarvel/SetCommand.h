@@ -9,9 +9,9 @@ class Report;
 
 /// Runs the command.
 ///
-/// @param words what stands behind "set"
-/// @return the exit code: 0 when it was done, 1 when the scene could not be read or written, 2 when the words made no
-/// sense; the scene is then as it was
+/// @param words the words after "set"
+/// @return the exit code: 0 when it was done, 1 when the scene could not be read or written, 2 when the command line
+/// was wrong; the scene is then unchanged
 int runSetCommand(const QStringList& words, Report& report);
 
 /// What "quarvel help set" prints.

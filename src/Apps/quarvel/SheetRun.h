@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// "quarvel normalmap" for pages of many sprites: every sprite is rendered alone, in its own frame's measure, and what
-// comes of it is laid where the sprite lies.
+// "quarvel normalmap" for pages of many sprites: every sprite is rendered alone, in its own frame's measure, and the
+// result is placed where the sprite lies on the page.
 #pragma once
 
 #include "NormalMapOptions.h"

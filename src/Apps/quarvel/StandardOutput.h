@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// StandardOutput: a picture that goes into a pipe. It is written as a file first, since encoders go back in what they
-// write, and since nothing should be sent of a picture that cannot be finished.
+// StandardOutput: a picture that goes into a pipe. It is written to a file first, since encoders seek in what they
+// write, and since no part of a picture should be sent that cannot be finished.
 #pragma once
 
 #include "NormalMapOptions.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Whether a stream goes to a person's eyes.
+// Whether a stream is shown on a terminal.
 #pragma once
 
 #include <cstdio>

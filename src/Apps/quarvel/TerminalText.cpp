@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Escaping what terminals obey.
+// Escapes what terminals would interpret.
 #include "TerminalText.h"
 
 #include "Terminal.h"

@@ -33,7 +33,7 @@ constexpr int kWrongUsage = 2;
 struct Command
 {
     const char* name;
-    const char* words; ///< what stands behind the name
+    const char* words; ///< the words after the name
     const char* purpose;
     int (*run)(const QStringList& words, Report& report);
     QString (*help)();
@@ -140,7 +140,7 @@ int help(const QStringList& words, Report& report)
     return print(command->help(), report);
 }
 
-// Takes --json out of the words, which every command understands. What stands behind "--" is no option.
+// Takes --json out of the words, which every command understands. Words after "--" are no options.
 ReportStyle takeStyle(QStringList& words)
 {
     const qsizetype end = words.indexOf(QStringLiteral("--"));
