@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -328,6 +329,24 @@ TEST_F(Words, APictureThatDoesNotFitInMemoryIsRefusedWithTheSizeThatDoes)
                       QStringList(fits.captured(1).remove(u' '))),
               0)
         << said;
+}
+
+// 37 million pixels, which take 149 MB.
+TEST_F(Words, ABitmapMayBeAsLargeAsTheMemoryOfTheJobAllows)
+{
+    QImage large(6200, 6000, QImage::Format_Indexed8);
+    large.setColorTable({qRgba(0, 0, 0, 0), qRgb(200, 80, 40)});
+    large.fill(0);
+    for (int y = 1000; y < 5000; ++y)
+        std::fill_n(large.scanLine(y) + 1000, 4000, uchar{1});
+    ASSERT_TRUE(large.save(path(QStringLiteral("large.png"))));
+    EXPECT_EQ(quarvel("normalmap large.png --size 62 -o map.png"), 0) << said;
+    EXPECT_EQ(QImage(path(QStringLiteral("map.png"))).size(), QSize(62, 60));
+
+    environment.insert(QStringLiteral("SLURM_MEM_PER_NODE"), QStringLiteral("500"));
+    EXPECT_EQ(quarvel("normalmap large.png --size 62 -o other.png"), 1);
+    EXPECT_THAT(said, HasSubstr("6200 x 6000 pixels, more than the 33 million for which there is memory"));
+    EXPECT_FALSE(entries().contains(QStringLiteral("other.png")));
 }
 
 // A drawing in a pipe holds the program until the test lets go, so that the signal comes while it works.

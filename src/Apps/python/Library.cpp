@@ -6,6 +6,7 @@
 #include "QuarvelPlugInManager/PLUG_Manager.h"
 #include "jobs/WorkerThreads.h"
 #include "jobs/limits/JobLimits.h"
+#include "jobs/limits/PictureLimit.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -47,7 +48,9 @@ private:
             // Never taken apart: Python ends in an order that nobody knows.
             static_cast<void>(new QGuiApplication(_count, _words));
         }
-        _threads = std::make_unique<WorkerThreads>(jobLimits().threads);
+        const JobLimits limits = jobLimits();
+        limitPictures(limits);
+        _threads = std::make_unique<WorkerThreads>(limits.threads);
         _loaded = PLUG_Manager::loadAll(pluginFolder());
     }
 

@@ -17,6 +17,7 @@
 #include "StopSignal.h"
 #include "jobs/WorkerThreads.h"
 #include "jobs/limits/JobLimits.h"
+#include "jobs/limits/PictureLimit.h"
 
 #include <QGuiApplication>
 
@@ -189,7 +190,9 @@ int runProgram(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(passGraveMessages);
     const QGuiApplication application(argc, argv);
-    const WorkerThreads threads(jobLimits().threads);
+    const JobLimits limits = jobLimits();
+    limitPictures(limits);
+    const WorkerThreads threads(limits.threads);
     const ResultStream results;
     return run(QCoreApplication::arguments().sliced(1), results.file());
 }

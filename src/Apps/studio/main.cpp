@@ -6,6 +6,7 @@
 #include "QuarvelPlugInManager/PLUG_Services.h"
 #include "jobs/WorkerThreads.h"
 #include "jobs/limits/JobLimits.h"
+#include "jobs/limits/PictureLimit.h"
 #include "studio/window/Appearance.h"
 #include "studio/window/Icons.h"
 #include "studio/window/MainWindow.h"
@@ -59,7 +60,9 @@ int run(int argc, char** argv)
     parser.addPositionalArgument(QStringLiteral("files"),
                                  QApplication::translate("main", "A scene, or drawings to import."));
     parser.process(application);
-    const WorkerThreads threads(jobLimits().threads);
+    const JobLimits limits = jobLimits();
+    limitPictures(limits);
+    const WorkerThreads threads(limits.threads);
 
     if (!loaded)
         return complain(loaded.error().sentence());

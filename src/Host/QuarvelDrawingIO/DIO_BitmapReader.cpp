@@ -4,6 +4,7 @@
 #include "QuarvelDrawingIO/DIO_BitmapReader.h"
 
 #include "QuarvelDrawingIO/private/DIO_AverageColour.h"
+#include "QuarvelDrawingIO/private/DIO_PixelLimit.h"
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
 
 #include <QFileInfo>
@@ -11,8 +12,6 @@
 #include <QRegularExpression>
 
 namespace {
-
-constexpr qint64 kMaxPixels = 30'000'000;
 
 bool isBitmapFormat(const QByteArray& format)
 {
@@ -22,6 +21,20 @@ bool isBitmapFormat(const QByteArray& format)
 UT_Error problem(const QString& path, const QString& what)
 {
     return {path + QStringLiteral(": ") + what};
+}
+
+bool isTooLarge(const QSize& size)
+{
+    return qint64{size.width()} * size.height() > DIO_mostPixels();
+}
+
+UT_Error tooLarge(const QString& path, const QSize& size)
+{
+    return problem(path, QStringLiteral("the picture has %1 x %2 pixels, more than the %3 million for which there is "
+                                        "memory; make it smaller")
+                             .arg(size.width())
+                             .arg(size.height())
+                             .arg(DIO_mostPixels() / 1'000'000));
 }
 
 // One pixel format for all pictures, so that equal pictures compare equal whatever their files store.
@@ -93,18 +106,14 @@ UT_Result<QImage> DIO_readImage(const QString& path, QStringList& warnings)
     if (!isBitmapFormat(reader.format()))
         return problem(path, QStringLiteral("the contents are no picture of a known kind; is the file whole?"));
     const QSize size = reader.size();
-    if (size.isValid() && qint64(size.width()) * size.height() > kMaxPixels)
-        return problem(path, QStringLiteral("the picture has %1 x %2 pixels, more than the %3 million that can be read")
-                                 .arg(size.width())
-                                 .arg(size.height())
-                                 .arg(kMaxPixels / 1'000'000));
+    if (size.isValid() && isTooLarge(size))
+        return tooLarge(path, size);
     const int count = reader.imageCount();
     const QImage image = reader.read();
     if (image.isNull())
         return problem(path, QStringLiteral("the picture is damaged: %1").arg(reader.errorString()));
-    if (qint64(image.width()) * image.height() > kMaxPixels)
-        return problem(path, QStringLiteral("the picture has more than the %1 million pixels that can be read")
-                                 .arg(kMaxPixels / 1'000'000));
+    if (isTooLarge(image.size()))
+        return tooLarge(path, image.size());
     if (count > 1)
         warnings.append(QStringLiteral("only the first of %1 pictures is read").arg(count));
     return inOneForm(image);

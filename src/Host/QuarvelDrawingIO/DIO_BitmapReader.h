@@ -15,10 +15,11 @@
 /// The ends of the names of bitmaps that can be read on this machine, lower case, without dot, sorted.
 QUARVELDRAWINGIO_EXPORT QStringList DIO_bitmapSuffixes();
 
-/// Reads a bitmap of up to 30 million pixels. What kind it is follows from its contents. Any thread may call it.
+/// Reads a bitmap. Its kind follows from its contents. A picture that needs more memory than
+/// QImageReader::allocationLimit() is an error. Any thread may call it.
 QUARVELDRAWINGIO_EXPORT UT_Result<DIO_Drawing> DIO_readBitmap(const QString& path);
 
-/// The pixels of a bitmap of up to 30 million, in the format RGBA64 where the file has more than 8 bits a channel, else
+/// The pixels of a bitmap, with the same limit, in the format RGBA64 where the file has more than 8 bits a channel, else
 /// ARGB32. Any thread may call it.
 ///
 /// @param warnings takes what is to be told

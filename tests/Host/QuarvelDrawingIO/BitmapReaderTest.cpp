@@ -8,6 +8,7 @@
 #include "QuarvelDrawingIO/DIO_KvdConversion.h"
 
 #include <QFile>
+#include <QImageReader>
 #include <QTemporaryDir>
 
 using testing::HasSubstr;
@@ -97,11 +98,13 @@ TEST_F(BitmapReader, refusesWhatIsNoPicture)
     EXPECT_THAT(refusalOf("none.png"), HasSubstr("there is no such file"));
 }
 
-TEST_F(BitmapReader, refusesPicturesBeyondThirtyMillionPixels)
+// 128 MiB at 4 bytes a pixel are 33.5 million pixels.
+TEST_F(BitmapReader, refusesPicturesBeyondTheLimitOnMemory)
 {
-    QImage wide(6000, 5001, QImage::Format_Mono);
+    ASSERT_EQ(QImageReader::allocationLimit(), 128);
+    QImage wide(6000, 5593, QImage::Format_Mono);
     wide.fill(0);
-    EXPECT_THAT(refusalOf(save("a.png", wide)), testing::AllOf(HasSubstr("6000 x 5001"), HasSubstr("30 million")));
+    EXPECT_THAT(refusalOf(save("a.png", wide)), testing::AllOf(HasSubstr("6000 x 5593"), HasSubstr("33 million")));
 }
 
 TEST_F(BitmapReader, readsPicturesOfManyBits)

@@ -132,5 +132,5 @@ TEST(KritaReader, DamagedTilesAreAnErrorAndNoHarm)
     writeKrita(path, head(1) + "900000000,0,LZF,1\n1");
     EXPECT_THAT(refusalOf(path), HasSubstr("damaged or cut off"));
     writeKrita(path, head(2) + "-900000,0,LZF,1\n1900000,0,LZF,1\n1");
-    EXPECT_THAT(refusalOf(path), HasSubstr("more than the 30 million"));
+    EXPECT_THAT(refusalOf(path), HasSubstr("more than the 33 million"));
 }

@@ -33,16 +33,17 @@ UT_Result<void> DIO_PixelBudget::take(std::int64_t width, std::int64_t height)
     if (width <= 0 || height <= 0)
         return DIO_damaged();
     // Each side is a number of 32 bits, so that the product cannot overflow.
-    if (width * height > DIO_kMostPixels)
-        return UT_Error{QStringLiteral("a picture in it has %1 x %2 pixels, more than the %3 million that can be read")
+    if (width * height > _most)
+        return UT_Error{QStringLiteral("a picture in it has %1 x %2 pixels, more than the %3 million for which "
+                                       "there is memory; make it smaller")
                             .arg(width)
                             .arg(height)
-                            .arg(DIO_kMostPixels / 1'000'000)};
+                            .arg(_most / 1'000'000)};
     _left -= width * height;
     if (_left < 0)
-        return UT_Error{QStringLiteral("its pictures have more than the %1 million pixels that can be read together; "
-                                       "make it smaller, or split it")
-                            .arg(DIO_kMostPixelsInAll / 1'000'000)};
+        return UT_Error{QStringLiteral("its pictures have more than the %1 million pixels for which there is memory "
+                                       "together; make it smaller, or split it")
+                            .arg(DIO_kMostPicturesInAll * _most / 1'000'000)};
     return {};
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
+#include "QuarvelDrawingIO/private/DIO_PixelLimit.h"
 
 #include <QByteArray>
 #include <QSize>
@@ -14,10 +15,8 @@
 
 inline constexpr int DIO_kMostLayers = 10'000;
 inline constexpr int DIO_kMostFrames = 10'000;
-/// Of one picture.
-inline constexpr std::int64_t DIO_kMostPixels = 30'000'000;
-/// Of all pictures of a file together.
-inline constexpr std::int64_t DIO_kMostPixelsInAll = 250'000'000;
+/// The pixels of all pictures of a file together, as a multiple of DIO_mostPixels().
+inline constexpr std::int64_t DIO_kMostPicturesInAll = 8;
 
 /// What is wrong with a file that ends early or contradicts itself.
 UT_Error DIO_damaged();
@@ -36,7 +35,8 @@ public:
     UT_Result<void> take(std::int64_t width, std::int64_t height);
 
 private:
-    std::int64_t _left = DIO_kMostPixelsInAll;
+    const std::int64_t _most = DIO_mostPixels();
+    std::int64_t _left = DIO_kMostPicturesInAll * _most;
 };
 
 /// Unpacks data in the format of zlib, which are to become so many bytes.
