@@ -61,6 +61,10 @@ protected:
     // The exit code; what it said on standard error is in said.
     int quarvel(const QStringList& words, const QString& output = {}, const QString& input = {})
     {
+        return run(QStringLiteral(QUARVEL_PROGRAM), words, output, input);
+    }
+    int run(const QString& program, const QStringList& words, const QString& output = {}, const QString& input = {})
+    {
         QProcess process;
         process.setWorkingDirectory(_folder.path());
         process.setProcessEnvironment(environment);
@@ -68,7 +72,7 @@ protected:
             process.setStandardOutputFile(output);
         if (!input.isEmpty())
             process.setStandardInputFile(input);
-        process.start(QStringLiteral(QUARVEL_PROGRAM), words);
+        process.start(program, words);
         EXPECT_TRUE(process.waitForFinished(120'000));
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
         said = process.readAllStandardError().toStdString();
@@ -329,6 +333,28 @@ TEST_F(Words, APictureThatDoesNotFitInMemoryIsRefusedWithTheSizeThatDoes)
                       QStringList(fits.captured(1).remove(u' '))),
               0)
         << said;
+}
+
+TEST_F(Words, AFileWhoseNameIsNoTextIsNamedAndLeftAlone)
+{
+    const QByteArray folder = QFile::encodeName(path(QStringLiteral("in")));
+    ASSERT_EQ(::mkdir(folder.constData(), 0700), 0);
+    draw(QStringLiteral("in/good.svg"));
+    const QByteArray bad = folder + "/caf\xe9.svg";
+    const int file = ::open(bad.constData(), O_CREAT | O_WRONLY, 0600);
+    if (file < 0)
+        GTEST_SKIP() << "this file system takes names in UTF-8 only";
+    ::close(file);
+
+    EXPECT_EQ(quarvel("normalmap in -o out"), 0);
+    EXPECT_THAT(said, HasSubstr("in: warning: left out: files whose names are not UTF-8 (1); rename them"));
+    EXPECT_TRUE(QFile::exists(path(QStringLiteral("out/good_n.png"))));
+    // A shell passes the bytes as they are; QProcess passes texts only.
+    EXPECT_EQ(run(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), QStringLiteral("exec \"$0\" normalmap in/caf*.svg"),
+                                              QStringLiteral(QUARVEL_PROGRAM)}),
+              1);
+    EXPECT_THAT(said, AllOf(HasSubstr("in/caf\\xe9.svg: the name is not UTF-8"), HasSubstr("rename it")));
+    EXPECT_EQ(::unlink(bad.constData()), 0);
 }
 
 // 37 million pixels, which take 149 MB.

@@ -3,6 +3,7 @@
 // Walks through folders without following links, so that the walk ends.
 #include "DrawingsInFolder.h"
 
+#include "NameEncoding.h"
 #include "OutputFiles.h"
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
@@ -19,15 +20,18 @@ QString absolute(const QString& path)
     return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
 }
 
-void collect(const QDir& folder, const QSet<QString>& leftOut, QStringList& drawings)
+void collect(const QDir& folder, const QSet<QString>& leftOut, QStringList& drawings, Report& report)
 {
+    if (const int unreadable = namesThatAreNoText(folder.path()); unreadable > 0)
+        report.warning(folder.path(),
+                       QStringLiteral("left out: files whose names are not UTF-8 (%1); rename them").arg(unreadable));
     for (const QFileInfo& entry : folder.entryInfoList(QDir::Dirs | QDir::Files | QDir::NoDotAndDotDot)) {
         const QString path = folder.filePath(entry.fileName());
         const bool isFolder = entry.isDir();
         if (!isFolder && DIO_drawingKindOf(path))
             drawings << path;
         if (isFolder && !entry.isSymLink() && !leftOut.contains(absolute(path)) && !SIO_holdsScene(path))
-            collect(QDir(path), leftOut, drawings);
+            collect(QDir(path), leftOut, drawings, report);
     }
 }
 
@@ -50,14 +54,14 @@ QString withoutSuffix(const QString& path)
     return info.dir().filePath(info.completeBaseName());
 }
 
-QStringList drawingsIn(const QString& folder, const NormalMapOptions& options)
+QStringList drawingsIn(const QString& folder, const NormalMapOptions& options, Report& report)
 {
     QSet<QString> leftOut;
     for (const QString& output : {options.output, options.elevation, options.lit, options.drawingPicture})
         if (!output.isEmpty())
             leftOut.insert(absolute(output));
     QStringList all;
-    collect(QDir(folder), leftOut, all);
+    collect(QDir(folder), leftOut, all, report);
     const QSet<QString> results = namesOfResults(all, options);
     QStringList drawings;
     for (const QString& path : all)
@@ -69,7 +73,7 @@ QStringList drawingsIn(const QString& folder, const NormalMapOptions& options)
 
 } // namespace
 
-UT_Result<void> takeDrawingsOfFolders(NormalMapOptions& options)
+UT_Result<void> takeDrawingsOfFolders(NormalMapOptions& options, Report& report)
 {
     QStringList drawings;
     for (const QString& named : options.drawings) {
@@ -77,7 +81,7 @@ UT_Result<void> takeDrawingsOfFolders(NormalMapOptions& options)
             drawings << named;
             continue;
         }
-        const QStringList found = drawingsIn(named, options);
+        const QStringList found = drawingsIn(named, options, report);
         if (found.isEmpty())
             return UT_Error{QStringLiteral("%1: there is no drawing in this folder; the readable kinds are .%2")
                                 .arg(named, DIO_readableSuffixes().join(QStringLiteral(", .")))};

@@ -4,10 +4,13 @@
 #pragma once
 
 #include "NormalMapOptions.h"
+#include "Report.h"
 
 /// Puts the drawings that lie in a folder and below it in the folder's place, in natural order, and notes where they
 /// lie. Left out are scenes, hidden folders, links to folders, and pictures that are called like what the run writes
 /// for another drawing there, which is what an earlier run wrote.
 ///
+/// Files whose names cannot be read are left out, with a warning.
+///
 /// @return an error that names a folder in which there is no drawing
-UT_Result<void> takeDrawingsOfFolders(NormalMapOptions& options);
+UT_Result<void> takeDrawingsOfFolders(NormalMapOptions& options, Report& report);

@@ -338,7 +338,7 @@ int runNormalMapCommand(const QStringList& words, Report& report)
         report.error(pages.error());
         return kFailed;
     }
-    if (const UT_Result<void> found = takeDrawingsOfFolders(*options); !found) {
+    if (const UT_Result<void> found = takeDrawingsOfFolders(*options, report); !found) {
         report.error(found.error());
         return kWrongUsage;
     }

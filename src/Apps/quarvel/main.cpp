@@ -5,6 +5,7 @@
 #include "ImportCommand.h"
 #include "InspectCommand.h"
 #include "ManualPage.h"
+#include "NameEncoding.h"
 #include "NearestWord.h"
 #include "NormalMapCommand.h"
 #include "NormalMapOptions.h"
@@ -24,6 +25,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <span>
 #include <vector>
 
 namespace {
@@ -185,6 +187,11 @@ int run(const QStringList& words, std::FILE* results)
 int runProgram(int argc, char** argv)
 {
     const StopSignal stopSignal;
+    const std::span words(argv, static_cast<std::size_t>(argc));
+    if (const UT_Result<void> readable = checkNamesAreText(words.subspan(1)); !readable) {
+        say(readable.error().text);
+        return kFailed;
+    }
     // No window is ever opened; without this a machine without a display could not even measure a text.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
