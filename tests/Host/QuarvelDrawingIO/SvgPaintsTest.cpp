@@ -53,15 +53,6 @@ TEST(SvgPaints, aGradientIsItsAverageWithAWarning)
     EXPECT_THAT(drawing.warnings, ElementsAre("gradients are painted in their average colour: Gradient g"));
 }
 
-TEST(SvgPaints, aFadingGradientKeepsItsAverageOpacity)
-{
-    const DIO_Drawing drawing = read("<radialGradient id='g'><stop offset='0' stop-color='#f00'/>"
-                                     "<stop offset='1' stop-color='#f00' stop-opacity='0'/></radialGradient>"
-                                     "<rect width='10' height='10' fill='url(#g)' opacity='0.5'/>");
-    EXPECT_EQ(onlyPaint(drawing).colour, QColor(255, 0, 0));
-    EXPECT_NEAR(shapesOf(drawing).at(0).opacity, 0.25, 1e-3);
-}
-
 TEST(SvgPaints, aGradientOfOneColourIsThatColour)
 {
     const DIO_Drawing drawing = read("<linearGradient id='swatch'><stop stop-color='#123456'/></linearGradient>"

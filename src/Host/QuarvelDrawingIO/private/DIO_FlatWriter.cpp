@@ -60,10 +60,12 @@ void DIO_FlatWriter::path(const QString& data, const DIO_SvgStyle& style, const 
     _xml.writeEndElement();
 }
 
-void DIO_FlatWriter::serverPath(const QString& data, int server, const Extras& extras)
+void DIO_FlatWriter::serverPath(const QString& data, int server, const Extras& extras, bool evenOdd)
 {
     beginElement(QStringLiteral("path"), extras);
     attribute("fill", serverReference(server));
+    if (evenOdd)
+        attribute("fill-rule", QStringLiteral("evenodd"));
     attribute("d", data);
     _xml.writeEndElement();
 }

@@ -26,7 +26,7 @@ public:
     void endGroup();
     void path(const QString& data, const DIO_SvgStyle& style, const Extras& extras);
     /// A path in the paint of a server.
-    void serverPath(const QString& data, int server, const Extras& extras);
+    void serverPath(const QString& data, int server, const Extras& extras, bool evenOdd = false);
     /// A path that makes up a clip.
     void clipPath(const QString& data, bool evenOdd, const QString& transform);
     /// Clips what follows to a rectangle, until the mark CLIP_POP.

@@ -5,12 +5,14 @@
 #include "QuarvelDrawingIO/private/DIO_SvgPaintServers.h"
 
 #include "QuarvelDrawingIO/private/DIO_AverageColour.h"
+#include "QuarvelDrawingIO/private/DIO_SvgTransform.h"
 #include "QuarvelDrawingIO/private/DIO_SvgValues.h"
 
 #include <QSet>
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace {
 
@@ -89,6 +91,59 @@ const DIO_XmlNode* DIO_SvgPaintServers::firstOf(const DIO_XmlNode& server,
             return node;
     }
     return nullptr;
+}
+
+QString DIO_SvgPaintServers::attributeOf(const DIO_XmlNode& server, const char* name) const
+{
+    const DIO_XmlNode* const owner =
+        firstOf(server, [name](const DIO_XmlNode& node) { return !node.attribute(QLatin1String(name)).isEmpty(); });
+    return owner ? owner->attribute(QLatin1String(name)) : QString();
+}
+
+int DIO_SvgPaintServers::opaqueTwinOf(int server)
+{
+    const auto known = _opaqueOf.constFind(server);
+    if (known != _opaqueOf.constEnd())
+        return *known;
+    const int index = static_cast<int>(_servers.size());
+    _servers.push_back({_servers[static_cast<std::size_t>(server)].paint, 1.0});
+    _opaqueOf.insert(server, index);
+    return index;
+}
+
+std::optional<DIO_GradientFade> DIO_SvgPaintServers::fadeOf(const QString& reference, const QSizeF& viewport) const
+{
+    const DIO_XmlNode* const node = _tree.find(reference);
+    if (!node || (node->name != u"linearGradient" && node->name != u"radialGradient"))
+        return std::nullopt;
+    const QString spread = attributeOf(*node, "spreadMethod");
+    const std::optional<QTransform> transform = DIO_readTransform(attributeOf(*node, "gradientTransform"));
+    const QGradientStops stops = stopsOf(*node);
+    if (stops.isEmpty() || spread == u"reflect" || spread == u"repeat" || !transform || !transform->isInvertible())
+        return std::nullopt;
+    DIO_GradientFade fade;
+    fade.isRadial = node->name == u"radialGradient";
+    fade.isInBox = attributeOf(*node, "gradientUnits") != u"userSpaceOnUse";
+    fade.transform = *transform;
+    for (const QGradientStop& stop : stops)
+        fade.stops.push_back({stop.first, static_cast<double>(stop.second.alphaF())});
+    const QSizeF whole = fade.isInBox ? QSizeF(1.0, 1.0) : viewport;
+    const auto length = [&](const char* name, double percentOf, double otherwise) {
+        return DIO_readLength(attributeOf(*node, name), {percentOf, DIO_LengthContext().fontSize}).value_or(otherwise);
+    };
+    const auto point = [&](const char* x, const char* y, const QPointF& otherwise) {
+        return QPointF(length(x, whole.width(), otherwise.x()), length(y, whole.height(), otherwise.y()));
+    };
+    if (fade.isRadial) {
+        fade.end = point("cx", "cy", QPointF(whole.width(), whole.height()) / 2.0);
+        fade.start = point("fx", "fy", fade.end);
+        const double diagonal = std::hypot(whole.width(), whole.height()) / std::numbers::sqrt2;
+        fade.radius = length("r", diagonal, diagonal / 2.0);
+    } else {
+        fade.start = point("x1", "y1", {});
+        fade.end = point("x2", "y2", {whole.width(), 0.0});
+    }
+    return fade.isVisible() ? std::optional(fade) : std::nullopt;
 }
 
 QGradientStops DIO_SvgPaintServers::stopsOf(const DIO_XmlNode& gradient) const

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "QuarvelDrawingIO/DIO_Drawing.h"
+#include "QuarvelDrawingIO/private/DIO_GradientFade.h"
 #include "QuarvelDrawingIO/private/DIO_SvgStyle.h"
 
 #include <QBrush>
@@ -27,6 +28,15 @@ public:
     /// The server that "#id" names, or -1 when it paints nothing.
     int find(const QString& reference);
 
+    /// The server that paints with the same paint, but opaque.
+    int opaqueTwinOf(int server);
+
+    /// How the opacity of the gradient that "#id" names runs; none when "#id" names no gradient, when it does not fade,
+    /// or when it repeats.
+    ///
+    /// @param viewport what percentages are relative to
+    std::optional<DIO_GradientFade> fadeOf(const QString& reference, const QSizeF& viewport) const;
+
     /// The server that stands for an embedded picture.
     int addPicture(const DIO_XmlNode& image, const QColor& average);
 
@@ -38,6 +48,9 @@ public:
     const DIO_XmlNode* firstOf(const DIO_XmlNode& server,
                                const std::function<bool(const DIO_XmlNode&)>& isWanted) const;
 
+    /// An attribute of a server or, where it has none, of the first that has one among those that it links to.
+    QString attributeOf(const DIO_XmlNode& server, const char* name) const;
+
     /// All servers in use.
     const std::vector<DIO_PaintServer>& servers() const { return _servers; }
 
@@ -48,6 +61,7 @@ private:
     const DIO_XmlTree& _tree;
     const DIO_StyleSheet& _sheet;
     QHash<const DIO_XmlNode*, int> _indexOf;
+    QHash<int, int> _opaqueOf;
     std::vector<DIO_PaintServer> _servers;
     PatternAverage _patternAverage;
 };

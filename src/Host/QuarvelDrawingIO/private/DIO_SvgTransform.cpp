@@ -126,6 +126,11 @@ QString DIO_matrixText(const QTransform& t)
              DIO_number(t.dy()));
 }
 
+std::optional<QTransform> DIO_readTransform(const QString& text)
+{
+    return transformOf(text, {});
+}
+
 std::optional<QTransform> DIO_styledTransform(const DIO_SvgProperties& properties, const QString& attribute,
                                               const QSizeF& viewport, double fontSize,
                                               const std::function<QRectF()>& box)

@@ -15,6 +15,9 @@
 /// A transform as an attribute's text, "matrix(…)".
 QString DIO_matrixText(const QTransform& t);
 
+/// The transform of an attribute in which all lengths are plain numbers; none when it cannot be understood.
+std::optional<QTransform> DIO_readTransform(const QString& text);
+
 /// The transform that properties ask for.
 ///
 /// @param attribute the element's attribute "transform", of use where the properties hold none

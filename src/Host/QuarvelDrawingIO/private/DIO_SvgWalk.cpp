@@ -194,16 +194,26 @@ void DIO_SvgWalk::writeShape(const Visited& visited, const DIO_FlatWriter::Extra
     const QString data = DIO_shapePath(node, around.viewport, style.fontSize);
     if (data.isEmpty())
         return;
-    if (around.inClip) {
-        _writer->clipPath(data, style.clipEvenOdd, extras.transform);
-    } else if (hasMarkers(node, style)) {
-        _writer->beginGroup(extras.transform, extras.opacity);
-        _writer->path(withDots(data, style), style, {{}, 1.0, extras.fixedStrokeWidth});
-        writeMarkers(data, style, around);
-        _writer->endGroup();
-    } else {
-        _writer->path(withDots(data, style), style, extras);
+    const std::optional<DIO_GradientFade> fade = around.inClip || style.fill.kind != DIO_SvgPaint::Kind::REFERENCE
+                                                     ? std::nullopt
+                                                     : _servers.fadeOf(style.fill.reference, around.viewport);
+    if (around.inClip)
+        return _writer->clipPath(data, style.clipEvenOdd, extras.transform);
+    if (!fade && !hasMarkers(node, style))
+        return _writer->path(withDots(data, style), style, extras);
+
+    DIO_SvgStyle rest = style;
+    // The opacity stands at what is painted: at the group, it would fade the mask, too.
+    _writer->beginGroup(extras.transform);
+    if (fade) {
+        writeFadingFill(visited, data, *fade, extras.opacity * style.fillOpacity);
+        rest.fill = {};
     }
+    if (!paintsNothing(rest))
+        _writer->path(withDots(data, rest), rest, {{}, extras.opacity, extras.fixedStrokeWidth});
+    if (hasMarkers(node, style))
+        writeMarkers(data, style, around);
+    _writer->endGroup();
 }
 
 void DIO_SvgWalk::writeText(const Visited& visited, const DIO_FlatWriter::Extras& extras)

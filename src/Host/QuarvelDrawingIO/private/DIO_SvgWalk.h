@@ -99,6 +99,9 @@ private:
     void write(const Visited& visited, const DIO_FlatWriter::Extras& extras);
     void writeShape(const Visited& visited, const DIO_FlatWriter::Extras& extras);
     void writeText(const Visited& visited, const DIO_FlatWriter::Extras& extras);
+
+    /// Writes the fill of a shape whose gradient fades: in its average colour, cut by a mask of the gradient's opacity.
+    void writeFadingFill(const Visited& visited, const QString& data, const DIO_GradientFade& fade, double opacity);
     QString transformOf(const Visited& visited); ///< as an attribute
     /// @}
 

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What cuts an element: clips, masks and the opacity of groups.
+// What cuts an element: clips, masks, the opacity of groups, and gradients that fade.
 #include "QuarvelDrawingIO/private/DIO_SvgWalk.h"
 
 #include "QuarvelDrawingIO/private/DIO_SvgGeometry.h"
@@ -154,4 +154,30 @@ bool DIO_SvgWalk::paintsSeveralShapes(const Visited& visited)
     const DIO_SvgStyle& style = visited.style;
     return !isSingle || (style.fill.kind != DIO_SvgPaint::Kind::NONE && style.stroke.kind != DIO_SvgPaint::Kind::NONE &&
                          style.strokeWidth > 0.0);
+}
+
+void DIO_SvgWalk::writeFadingFill(const Visited& visited, const QString& data, const DIO_GradientFade& fade,
+                                  double opacity)
+{
+    const QRectF box = boxOf(visited);
+    const QTransform toUser = fade.isInBox
+                                  ? fade.transform * QTransform(box.width(), 0.0, 0.0, box.height(), box.x(), box.y())
+                                  : fade.transform;
+    const int server = _servers.find(visited.style.fill.reference);
+    if (!toUser.isInvertible() || server < 0)
+        return;
+    // The mask is by brightness: opaque greys replace what they cover, so that each step has exactly its value.
+    _writer->mark(DIO_SvgMark::Command::MASK_BEGIN, 0);
+    _writer->beginGroup(DIO_matrixText(toUser));
+    DIO_SvgStyle painted;
+    painted.evenOdd = true;
+    for (const DIO_FadeArea& area : DIO_areasOf(fade, toUser.inverted().mapRect(box))) {
+        const auto grey = static_cast<float>(area.opacity);
+        painted.fill.colour = QColor::fromRgbF(grey, grey, grey);
+        _writer->path(area.path, painted, {});
+    }
+    _writer->endGroup();
+    _writer->mark(DIO_SvgMark::Command::MASK_END);
+    _writer->serverPath(data, _servers.opaqueTwinOf(server), {{}, opacity, false}, visited.style.evenOdd);
+    _writer->mark(DIO_SvgMark::Command::MASK_POP);
 }

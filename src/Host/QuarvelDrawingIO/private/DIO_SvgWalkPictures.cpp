@@ -47,11 +47,7 @@ void DIO_SvgWalk::writePicture(const Visited& visited, const DIO_FlatWriter::Ext
 
 std::optional<QColor> DIO_SvgWalk::averageOf(const DIO_XmlNode& pattern)
 {
-    const auto attribute = [&](const char* name) {
-        const DIO_XmlNode* const owner = _servers.firstOf(
-            pattern, [name](const DIO_XmlNode& node) { return !node.attribute(QLatin1String(name)).isEmpty(); });
-        return owner ? owner->attribute(QLatin1String(name)) : QString();
-    };
+    const auto attribute = [&](const char* name) { return _servers.attributeOf(pattern, name); };
     const DIO_XmlNode* const owner = _servers.firstOf(pattern, [](const DIO_XmlNode& node) {
         return std::ranges::any_of(node.children, [](const DIO_XmlNode& child) { return !child.isText(); });
     });
