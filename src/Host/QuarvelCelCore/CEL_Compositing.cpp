@@ -5,6 +5,8 @@
 
 #include <tbb/parallel_for.h>
 
+#include <algorithm>
+
 namespace {
 
 // A channel of the lower pixel, attenuated by the pixel above it.
@@ -27,22 +29,58 @@ struct Below
     double through;
 };
 
+// The same in integers, for channels that are not negative. The quotient below * through / 32767 is never halfway
+// between two integers, because 32767 is odd, and never nearer to that than 1 / 65534; so rounding it gives what the
+// formula in double precision gives. For n < 2^30, (n + (n >> 15) + 1) >> 15 is n / 32767, rounded down.
+struct WholeBelow
+{
+    explicit WholeBelow(const CEL_PixelRGBA16& top) : through(32767 - top.a) {}
+
+    static bool isPossible(const CEL_PixelRGBA16& top, const CEL_PixelRGBA16& bottom)
+    {
+        return (top.a | bottom.r | bottom.g | bottom.b | bottom.a) >= 0;
+    }
+
+    std::int16_t operator()(int above, int below) const
+    {
+        const int n = below * through + 16383;
+        const int sum = above + ((n + (n >> 15) + 1) >> 15);
+        return static_cast<std::int16_t>(std::clamp(sum, -32767, 32767));
+    }
+
+    int through;
+};
+
+template<typename Channel, typename Pixel>
+Pixel composed(const Channel& channel, const Pixel& above, const Pixel& below)
+{
+    return {channel(above.r, below.r), channel(above.g, below.g), channel(above.b, below.b), channel(above.a, below.a)};
+}
+
+// @param above what is painted: the top's own channels, or nothing where it only cuts
+template<typename Pixel>
+Pixel covered(const Pixel& top, const Pixel& above, const Pixel& bottom)
+{
+    if constexpr (std::is_same_v<Pixel, CEL_PixelRGBA16>)
+        if (WholeBelow::isPossible(top, bottom))
+            return composed(WholeBelow(top), above, bottom);
+    return composed(Below<Pixel>(top), above, bottom);
+}
+
 template<typename Pixel>
 Pixel over(const Pixel& top, const Pixel& bottom)
 {
-    const Below<Pixel> channel(top);
-    return {channel(top.r, bottom.r), channel(top.g, bottom.g), channel(top.b, bottom.b), channel(top.a, bottom.a)};
+    return covered(top, top, bottom);
 }
 
 template<typename Pixel>
 Pixel cut(const Pixel& shape, const Pixel& bottom)
 {
-    const Below<Pixel> channel(shape);
-    return {channel({}, bottom.r), channel({}, bottom.g), channel({}, bottom.b), channel({}, bottom.a)};
+    return covered(shape, Pixel{}, bottom);
 }
 
-template<typename Pixel, typename Operation>
-void work(const CEL_PixmapArea& top, CEL_PixmapArea& target, const Operation& operation)
+template<typename Pixel, auto kOperation>
+void work(const CEL_PixmapArea& top, CEL_PixmapArea& target)
 {
     const auto& source = static_cast<const CEL_PixmapOf<Pixel>&>(top);
     auto& pixels = static_cast<CEL_PixmapOf<Pixel>&>(target);
@@ -59,7 +97,7 @@ void work(const CEL_PixmapArea& top, CEL_PixmapArea& target, const Operation& op
             for (std::size_t i = 0; i < width; ++i)
                 // Where nothing is painted, the lower pixel stays unchanged.
                 if (above[i] != Pixel{})
-                    below[i] = operation(above[i], below[i]);
+                    below[i] = kOperation(above[i], below[i]);
         }
     });
 }
@@ -71,16 +109,16 @@ void CEL_paintOver(const CEL_PixmapArea& top, CEL_PixmapArea& target)
     assert(top.format() == target.format());
     target.reallocToFit(top);
     if (top.format() == CEL_FORMAT_RGBA16)
-        work<CEL_PixelRGBA16>(top, target, over<CEL_PixelRGBA16>);
+        work<CEL_PixelRGBA16, over<CEL_PixelRGBA16>>(top, target);
     else
-        work<CEL_PixelRGBAFloat>(top, target, over<CEL_PixelRGBAFloat>);
+        work<CEL_PixelRGBAFloat, over<CEL_PixelRGBAFloat>>(top, target);
 }
 
 void CEL_cutOut(const CEL_PixmapArea& shape, CEL_PixmapArea& target)
 {
     assert(shape.format() == target.format());
     if (shape.format() == CEL_FORMAT_RGBA16)
-        work<CEL_PixelRGBA16>(shape, target, cut<CEL_PixelRGBA16>);
+        work<CEL_PixelRGBA16, cut<CEL_PixelRGBA16>>(shape, target);
     else
-        work<CEL_PixelRGBAFloat>(shape, target, cut<CEL_PixelRGBAFloat>);
+        work<CEL_PixelRGBAFloat, cut<CEL_PixelRGBAFloat>>(shape, target);
 }
