@@ -3,7 +3,8 @@
 // An exact Euclidean nearest-pixel transform in two passes, after A. Meijster, J. Roerdink and W. Hesselink, "A general
 // algorithm for computing distance transforms in linear time" (2000): first, in every column, the nearest covered row;
 // then, in every row, the lower envelope of the parabolas that these distances define. All steps use integers, so that
-// nothing depends on rounding.
+// nothing depends on rounding. Covered pixels that are too far away do not count, so the picture is padded in bands:
+// each needs only the rows that are near enough, and its nearest rows fit into a processor's cache.
 #include "QuarvelNormalMap/NM_Padding.h"
 
 #include "QuarvelNormalMap/private/NM_Rows.h"
@@ -15,18 +16,19 @@ namespace {
 
 constexpr int kNone = -1;
 
-// For every pixel, the nearest covered row in its column, counted from the picture's first row; of two equally near
-// rows, the upper one.
+// For every pixel of some rows, the nearest of their covered rows in its column, counted from the picture's first row;
+// of two equally near rows, the upper one.
 class NearestRows
 {
 public:
+    // The rows from first to end - 1.
     template<typename Sample>
-    static NearestRows of(const IIO_Picture& picture)
+    static NearestRows of(const IIO_Picture& picture, int first, int end)
     {
-        NearestRows result(picture.width(), picture.height());
-        for (int y = 0; y < picture.height(); ++y)
+        NearestRows result(picture.width(), first, end);
+        for (int y = first; y < end; ++y)
             result.sweepDown(y, picture.row<Sample>(picture.dataWindow().y1 + y));
-        for (int y = picture.height() - 2; y >= 0; --y)
+        for (int y = end - 2; y >= first; --y)
             result.sweepUp(y);
         return result;
     }
@@ -34,17 +36,17 @@ public:
     std::span<const int> row(int y) const { return {_rows.data() + offset(y), static_cast<std::size_t>(_width)}; }
 
 private:
-    NearestRows(int width, int height)
-        : _width(width), _rows(static_cast<std::size_t>(width) * static_cast<std::size_t>(height))
+    NearestRows(int width, int first, int end)
+        : _width(width), _first(first), _rows(static_cast<std::size_t>(width) * static_cast<std::size_t>(end - first))
     {}
 
-    std::size_t offset(int y) const { return static_cast<std::size_t>(y) * static_cast<std::size_t>(_width); }
+    std::size_t offset(int y) const { return static_cast<std::size_t>(y - _first) * static_cast<std::size_t>(_width); }
 
     template<typename Sample>
     void sweepDown(int y, std::span<const Sample> pixels)
     {
         int* here = _rows.data() + offset(y);
-        const int* above = y == 0 ? nullptr : here - _width;
+        const int* above = y == _first ? nullptr : here - _width;
         for (std::size_t x = 0; x < static_cast<std::size_t>(_width); ++x) {
             const bool covered = pixels[4 * x + 3] > 0;
             const int inherited = above ? above[x] : kNone;
@@ -62,6 +64,7 @@ private:
     }
 
     int _width;
+    int _first;
     std::vector<int> _rows;
 };
 
@@ -153,18 +156,41 @@ void padRow(IIO_Picture& picture, const Envelope& envelope, std::span<const int>
     }
 }
 
-// Rows are padded in parallel: only pixels without coverage are written, and only pixels with coverage are copied.
+template<typename Sample>
+bool hasGaps(std::span<const Sample> pixels)
+{
+    for (std::size_t i = 3; i < pixels.size(); i += 4)
+        if (!(pixels[i] > 0))
+            return true;
+    return false;
+}
+
+template<typename Sample>
+void padBand(IIO_Picture& picture, int from, int to, int distance, Envelope& envelope)
+{
+    const int reach = std::min(distance, picture.height());
+    const NearestRows nearest =
+        NearestRows::of<Sample>(picture, std::max(0, from - reach), std::min(to + reach, picture.height()));
+    for (int y = from; y < to; ++y) {
+        if (!hasGaps<Sample>(picture.row<Sample>(picture.dataWindow().y1 + y)))
+            continue;
+        envelope.build(nearest.row(y), y, distance);
+        if (!envelope.isEmpty())
+            padRow<Sample>(picture, envelope, nearest.row(y), y, distance);
+    }
+}
+
+// Bands are padded in parallel: only pixels without coverage are written, and only pixels with coverage are copied.
 template<typename Sample>
 void pad(IIO_Picture& picture, int distance)
 {
-    const NearestRows nearest = NearestRows::of<Sample>(picture);
-    tbb::parallel_for(tbb::blocked_range<int>(0, picture.height()), [&](const tbb::blocked_range<int>& range) {
+    constexpr int kSmallest = 64;
+    const int rows = std::max(kSmallest, 2 * std::min(distance, picture.height()));
+    const int bands = (picture.height() + rows - 1) / rows;
+    tbb::parallel_for(tbb::blocked_range<int>(0, bands, 1), [&](const tbb::blocked_range<int>& range) {
         Envelope envelope(picture.width());
-        for (int y = range.begin(); y < range.end(); ++y) {
-            envelope.build(nearest.row(y), y, distance);
-            if (!envelope.isEmpty())
-                padRow<Sample>(picture, envelope, nearest.row(y), y, distance);
-        }
+        for (int i = range.begin(); i < range.end(); ++i)
+            padBand<Sample>(picture, i * rows, std::min((i + 1) * rows, picture.height()), distance, envelope);
     });
 }
 
