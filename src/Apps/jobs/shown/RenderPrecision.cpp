@@ -137,6 +137,24 @@ public:
     }
 };
 
+// Sets the coverage of pixels that the drawing lacks. Empty pixels stay as they are, so that those that were never
+// written to are not written now; -0.0 counts as empty.
+void uncover(std::span<CEL_PixelRGBAFloat> pixels)
+{
+    for (CEL_PixelRGBAFloat& pixel : pixels)
+        if (pixel != CEL_PixelRGBAFloat())
+            pixel.a = 0.0F;
+}
+
+template<typename Colour>
+void cover(std::span<CEL_PixelRGBAFloat> pixels, std::span<const Colour> colours)
+{
+    constexpr auto kFull = static_cast<float>(CEL_PixelTraits<Colour>::kFull);
+    for (std::size_t i = 0; i < pixels.size(); ++i)
+        if (pixels[i] != CEL_PixelRGBAFloat())
+            pixels[i].a = static_cast<float>(colours[i].a) / kFull;
+}
+
 } // namespace
 
 bool needsFloat(const std::vector<MO_Module*>& nodes, const RD_RenderParameters& parameters)
@@ -162,16 +180,21 @@ void closeSeams(MO_Module& node)
 void takeCoverage(CEL_PixmapAreaRGBAFloat& picture, const CEL_PixmapArea& drawing)
 {
     CEL_withFormat(drawing, [&](const auto& colours) {
-        using Traits = CEL_PixelTraits<CEL_PixelOf<decltype(colours)>>;
         const Math::Box2di& rect = picture.allocatedRect();
+        const Math::Box2di common = rect.getIntersection(colours.allocatedRect());
         tbb::parallel_for(tbb::blocked_range<int>(rect.y1, rect.y2, 16), [&](const tbb::blocked_range<int>& rows) {
             for (int y = rows.begin(); y < rows.end(); ++y) {
-                int x = rect.x1;
-                for (CEL_PixelRGBAFloat& pixel : picture.row(y)) {
-                    const auto* const colour = colours.find(x++, y);
-                    if (pixel != CEL_PixelRGBAFloat())
-                        pixel.a = colour ? static_cast<float>(colour->a) / static_cast<float>(Traits::kFull) : 0.0F;
+                const std::span<CEL_PixelRGBAFloat> row = picture.row(y);
+                if (common.isEmpty() || y < common.y1 || y >= common.y2) {
+                    uncover(row);
+                    continue;
                 }
+                const auto first = static_cast<std::size_t>(common.x1 - rect.x1);
+                const auto width = static_cast<std::size_t>(common.width());
+                uncover(row.first(first));
+                cover(row.subspan(first, width),
+                      colours.row(y).subspan(static_cast<std::size_t>(common.x1 - colours.allocatedRect().x1), width));
+                uncover(row.subspan(first + width));
             }
         });
     });
