@@ -85,13 +85,15 @@ void VallorinRenderHandler::acceptInputCel(const MO_SoftContext& context, CA_Cel
     if (!cel)
         return;
     takeMessage(*cel);
-    const UT_SharedPtr<CEL_PixmapArea> input = cel->convertTo(context.mainCelFormat2d())->pixmap();
+    const CA_CelRef converted = cel->convertTo(context.mainCelFormat2d());
+    const UT_SharedPtr<CEL_PixmapArea> input = converted->pixmap();
     const int objectId = currentObjectId();
     if (!input || objectId < 0)
         return;
     if (objectId != kCutOut)
         accumulate(context, objectId, input);
-    inputPixmaps[currentInput] = input->clone();
+    // Nobody else holds what was made by a conversion, so it needs no copy.
+    inputPixmaps[currentInput] = converted.get() == cel.get() ? input->clone() : input;
 }
 
 // The message that travels with the cel overrides the object's number found in the graph.
