@@ -101,6 +101,10 @@ public:
     {
         if (rect == allocatedRect())
             return;
+        if (isLargePart(rect)) {
+            shrinkInPlace(rect);
+            return;
+        }
         const Math::Box2di kept = rect.getIntersection(allocatedRect());
         Pixels pixels = allocate(rect);
         if (clear && !(kept == rect))
@@ -133,6 +137,22 @@ private:
         static_assert(std::is_trivially_copyable_v<Pixel> && std::is_trivially_destructible_v<Pixel>);
         const auto bytes = static_cast<std::size_t>(rect.area()) * sizeof(Pixel);
         return Pixels(bytes == 0 ? nullptr : static_cast<Pixel*>(UT_PixelMemory::take(bytes)), Deleter{bytes});
+    }
+
+    // Whether a rectangle lies in the allocated one and fills half of it or more, so that its pixels may remain in this
+    // memory.
+    bool isLargePart(const Math::Box2di& rect) const
+    {
+        return !rect.isEmpty() && allocatedRect().contains(rect) && 2 * rect.area() >= allocatedRect().area();
+    }
+
+    // No row moves to a higher address, so each can be moved after the rows above it.
+    void shrinkInPlace(const Math::Box2di& rect)
+    {
+        for (int y = rect.y1; y < rect.y2; ++y)
+            std::copy_n(rowStart(y) + (rect.x1 - allocatedRect().x1), rect.width(),
+                        _pixels.get() + offsetIn(rect, rect.x1, y));
+        setAllocatedRect(rect);
     }
 
     static std::ptrdiff_t offsetIn(const Math::Box2di& rect, int x, int y)

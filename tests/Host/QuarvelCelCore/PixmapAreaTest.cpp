@@ -71,6 +71,26 @@ TYPED_TEST(PixmapArea, KeepsWhatOverlapsWhenReallocatedAndZeroesTheRest)
     EXPECT_EQ(this->pixmap.find(1, 1), nullptr);
 }
 
+TYPED_TEST(PixmapArea, KeepsThePixelsOfAnyPartThatItIsCutTo)
+{
+    // The corners of each part are marked: the large part remains in its memory, the small one moves to another.
+    const auto mark = marked(typename TestFixture::Pixel{});
+    for (const Box2di& part : {Box2di(1, 1, 7, 6), Box2di(3, 2, 5, 4)}) {
+        this->pixmap.realloc(Box2di(), true);
+        this->pixmap.realloc(kCanvas, true);
+        for (const auto& [x, y] : {std::pair(part.x1, part.y1), std::pair(part.x2 - 1, part.y2 - 1)})
+            this->pixmap.at(x, y) = mark;
+        this->pixmap.realloc(part, true);
+        int marks = 0;
+        for (int y = part.y1; y < part.y2; ++y)
+            marks += static_cast<int>(std::ranges::count(this->pixmap.row(y), mark));
+        EXPECT_EQ(marks, 2);
+        EXPECT_EQ(this->pixmap.at(part.x1, part.y1), mark);
+        EXPECT_EQ(this->pixmap.at(part.x2 - 1, part.y2 - 1), mark);
+        EXPECT_EQ(this->pixmap.find(0, 0), nullptr);
+    }
+}
+
 TYPED_TEST(PixmapArea, GrowsToTheUnionWithAnother)
 {
     this->pixmap.realloc(Box2di(0, 0, 2, 2), true);
