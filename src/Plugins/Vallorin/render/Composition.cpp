@@ -26,7 +26,9 @@ template<typename Pixel>
 class VallorinRenderHandler::BasicAccumFunctor<Pixel>::WrittenColumns
 {
 public:
-    WrittenColumns(std::span<Pixel> row, VolumeRowKernels::Stores stores) : _row(row), _stores(stores) {}
+    WrittenColumns(std::span<Pixel> row, const ColumnSpan& columns, VolumeRowKernels::Stores stores)
+        : _row(row), _columns(columns), _stores(stores)
+    {}
 
     VolumeRowKernels::Stores stores() const { return _stores; }
     const ColumnSpan& columns() const { return _columns; }
@@ -73,8 +75,8 @@ private:
     }
 
     std::span<Pixel> _row;
-    VolumeRowKernels::Stores _stores;
     ColumnSpan _columns;
+    VolumeRowKernels::Stores _stores;
 };
 
 namespace {
@@ -86,6 +88,16 @@ std::map<int, UT_SharedPtr<CEL_PixmapOf<Pixel>>> typed(const VallorinRenderHandl
     for (const auto& [key, pixmap] : pixmaps)
         result[key] = pixmap.template dynamicCast<CEL_PixmapOf<Pixel>>();
     return result;
+}
+
+// Clears the columns of a row that have not been written.
+template<typename Pixel>
+void clearAround(const ColumnSpan& written, const ColumnSpan& columns, std::span<Pixel> row)
+{
+    const int first = written.isEmpty() ? columns.end : written.first;
+    const int end = written.isEmpty() ? columns.end : written.end;
+    std::fill(row.begin() + columns.first, row.begin() + first, Pixel{});
+    std::fill(row.begin() + end, row.begin() + columns.end, Pixel{});
 }
 
 template<typename Pixel>
@@ -120,7 +132,20 @@ void VallorinRenderHandler::BasicAccumFunctor<Pixel>::operator()(const tbb::bloc
     ports.reserve(_inputs.size());
     for (int y = rows.begin(); y < rows.end(); ++y) {
         findPorts(y, ports);
-        composeRow(y, ports);
+        WrittenColumns(_output.row(y), composeRow(y, ports, {}), _stores).finish();
+    }
+    VL_finishStores();
+}
+
+template<typename Pixel>
+void VallorinRenderHandler::BasicAccumFunctor<Pixel>::add(const tbb::blocked_range<int>& rows,
+                                                          std::span<ColumnSpan> written) const
+{
+    std::vector<PortRow> ports;
+    for (int y = rows.begin(); y < rows.end(); ++y) {
+        findPorts(y, ports);
+        ColumnSpan& columns = written[static_cast<std::size_t>(y - _output.allocatedRect().y1)];
+        columns = composeRow(y, ports, columns);
     }
     VL_finishStores();
 }
@@ -146,9 +171,12 @@ void VallorinRenderHandler::BasicAccumFunctor<Pixel>::findPorts(int y, std::vect
     }
 }
 
-// A row is written past the cache only if no other port reads it again.
+// A row is written past the cache only if no other of these ports reads it again.
+//
+// @return the columns that have been written, with the given ones
 template<typename Pixel>
-void VallorinRenderHandler::BasicAccumFunctor<Pixel>::composeRow(int y, const std::vector<PortRow>& ports) const
+ColumnSpan VallorinRenderHandler::BasicAccumFunctor<Pixel>::composeRow(int y, const std::vector<PortRow>& ports,
+                                                                       const ColumnSpan& columns) const
 {
     ColumnSpan all;
     bool isReadAgain = false;
@@ -156,10 +184,10 @@ void VallorinRenderHandler::BasicAccumFunctor<Pixel>::composeRow(int y, const st
         isReadAgain = isReadAgain || all.overlaps(port.columns);
         all = all.unitedWith(port.columns);
     }
-    WrittenColumns written(_output.row(y), isReadAgain ? VolumeRowKernels::Stores::CACHED : _stores);
+    WrittenColumns written(_output.row(y), columns, isReadAgain ? VolumeRowKernels::Stores::CACHED : _stores);
     for (const PortRow& port : ports)
         compose(port, written);
-    written.finish();
+    return written.columns();
 }
 
 template<typename Pixel>
@@ -230,4 +258,57 @@ void composeOutput(const VallorinRenderHandler& handler, CEL_PixmapArea& output,
         using Functor = VallorinRenderHandler::BasicAccumFunctor<CEL_PixelOf<decltype(typed)>>;
         forRowsInParallel(typed.allocatedRect(), Functor(handler, typed, inputs, results));
     });
+}
+
+PortComposition::PortComposition(const VallorinRenderHandler& handler, CEL_PixmapArea& output, const Math::Box2di& room)
+    : _handler(handler), _output(output), _room(room)
+{}
+
+void PortComposition::include(const Math::Box2di& rect)
+{
+    if (rect.isEmpty())
+        return;
+    _rect.add(rect);
+    const Math::Box2di before = _output.allocatedRect();
+    Math::Box2di needed = before.isEmpty() ? _room : before;
+    needed.add(rect);
+    if (needed == before)
+        return;
+    _output.realloc(needed, false);
+    std::vector<ColumnSpan> written(static_cast<std::size_t>(needed.height()));
+    for (std::size_t i = 0; i < _written.size(); ++i)
+        if (!_written[i].isEmpty())
+            written[i + static_cast<std::size_t>(before.y1 - needed.y1)] = _written[i].movedBy(before.x1 - needed.x1);
+    _written = std::move(written);
+}
+
+void PortComposition::add(int port, const UT_SharedPtr<CEL_PixmapArea>& input,
+                          const UT_SharedPtr<CEL_PixmapArea>& result)
+{
+    if (!input)
+        return;
+    VallorinRenderHandler::PixmapMap results;
+    if (result)
+        results[_handler.portObjectIds[static_cast<std::size_t>(port)]] = result;
+    CEL_withFormat(_output, [&](auto& typed) {
+        const VallorinRenderHandler::BasicAccumFunctor<CEL_PixelOf<decltype(typed)>> functor(_handler, typed,
+                                                                                             {{port, input}}, results);
+        forRowsInParallel(typed.allocatedRect().getIntersection(input->allocatedRect()),
+                          [&](const tbb::blocked_range<int>& rows) { functor.add(rows, _written); });
+    });
+}
+
+void PortComposition::finish()
+{
+    if (_rect.isEmpty())
+        return;
+    CEL_withFormat(_output, [&](auto& typed) {
+        const Math::Box2di whole = typed.allocatedRect();
+        forRowsInParallel(_rect, [&](const tbb::blocked_range<int>& rows) {
+            for (int y = rows.begin(); y < rows.end(); ++y)
+                clearAround(_written[static_cast<std::size_t>(y - whole.y1)],
+                            {_rect.x1 - whole.x1, _rect.x2 - whole.x1}, typed.row(y));
+        });
+    });
+    _output.realloc(_rect, false);
 }

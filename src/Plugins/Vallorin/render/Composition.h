@@ -7,6 +7,7 @@
 // so the distribution of rows over threads does not matter.
 #pragma once
 
+#include "render/ColumnSpan.h"
 #include "render/StreamKernels.h"
 #include "render/VallorinRenderHandler.h"
 
@@ -30,12 +31,18 @@ public:
     /// Composes the rows of the range; their earlier content is overwritten.
     void operator()(const tbb::blocked_range<int>& rows) const;
 
+    /// Adds the ports to rows to which earlier ones were added.
+    ///
+    /// @param written of each row of the output, from its top on: the columns that have been written, counted from its
+    /// left; the others are uninitialised
+    void add(const tbb::blocked_range<int>& rows, std::span<ColumnSpan> written) const;
+
 private:
     struct PortRow;
     class WrittenColumns;
 
     void findPorts(int y, std::vector<PortRow>& ports) const;
-    void composeRow(int y, const std::vector<PortRow>& ports) const;
+    ColumnSpan composeRow(int y, const std::vector<PortRow>& ports, const ColumnSpan& columns) const;
     void compose(const PortRow& port, WrittenColumns& written) const;
     void composeNormals(const PortRow& port, WrittenColumns& written) const;
     void cutOut(const PortRow& port, const WrittenColumns& written) const;
@@ -56,3 +63,31 @@ private:
 /// Composes the whole output, rows in parallel; its earlier content is overwritten.
 void composeOutput(const VallorinRenderHandler& handler, CEL_PixmapArea& output,
                    const VallorinRenderHandler::PixmapMap& inputs, const VallorinRenderHandler::PixmapMap& results);
+
+/// Composes an output port by port, in ascending order, so that the result of an object is needed only while its ports
+/// are added.
+class PortComposition
+{
+public:
+    /// @param output without pixels
+    /// @param room   where the results are expected to lie: the output gets memory for all of it at once
+    PortComposition(const VallorinRenderHandler& handler, CEL_PixmapArea& output, const Math::Box2di& room);
+
+    /// Makes the rectangle of an object's whole result part of the output's.
+    void include(const Math::Box2di& rect);
+
+    /// Adds a port, rows in parallel. The result's pixels must lie in a rectangle that was included.
+    ///
+    /// @param result none for a cut-out
+    void add(int port, const UT_SharedPtr<CEL_PixmapArea>& input, const UT_SharedPtr<CEL_PixmapArea>& result);
+
+    /// Clears what no port has written, and cuts the output to the rectangles that were included.
+    void finish();
+
+private:
+    const VallorinRenderHandler& _handler;
+    CEL_PixmapArea& _output;
+    Math::Box2di _room;
+    Math::Box2di _rect;
+    std::vector<ColumnSpan> _written; // of each row of the output
+};

@@ -1,6 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The render: inputs are merged as they arrive; at the end every listed object is built and all of them are composed.
+// The render: inputs are kept as they arrive; at the end the ports are composed one after the other. An object is built
+// when the first of its ports is composed, and its memory goes to the next one after the last of them. Merging its
+// inputs earlier would give the same accumulator, but all accumulators would exist beside all inputs then.
 #include "render/VallorinRenderHandler.h"
 
 #include "ObjectDefinition/ObjectDefinition.h"
@@ -35,15 +37,6 @@ double held(double product)
     return std::isnan(product) ? 0.0 : std::clamp(product, -kLargest, kLargest);
 }
 
-// An object that is listed twice is built twice, so its accumulator is kept until the last record.
-const VallorinAttributes::ObjectInformation*
-lastRecordOf(int objectId, const std::vector<VallorinAttributes::ObjectInformation>& objects)
-{
-    const auto last =
-        std::ranges::find(objects.rbegin(), objects.rend(), objectId, &VallorinAttributes::ObjectInformation::objectId);
-    return last == objects.rend() ? nullptr : &*last;
-}
-
 void mergeInto(CEL_PixmapArea& accumulator, const CEL_PixmapArea& input)
 {
     CEL_withFormat(accumulator, [&](auto& typed) {
@@ -53,9 +46,10 @@ void mergeInto(CEL_PixmapArea& accumulator, const CEL_PixmapArea& input)
     });
 }
 
-bool isRenderFormat(int format)
+bool isAccumulated(const CEL_PixmapArea& input)
 {
-    return format == CEL_FORMAT_RGBA16 || format == CEL_FORMAT_RGBAFLOAT;
+    const bool isRenderFormat = input.format() == CEL_FORMAT_RGBA16 || input.format() == CEL_FORMAT_RGBAFLOAT;
+    return isRenderFormat && input.size().width >= 1 && input.size().height >= 1;
 }
 
 } // namespace
@@ -91,7 +85,7 @@ void VallorinRenderHandler::acceptInputCel(const MO_SoftContext& context, CA_Cel
     if (!input || objectId < 0)
         return;
     if (objectId != kCutOut)
-        accumulate(context, objectId, input);
+        openAccumulator(context, objectId, *input);
     // Nobody else holds what was made by a conversion, so it needs no copy.
     inputPixmaps[currentInput] = converted.get() == cel.get() ? input->clone() : input;
 }
@@ -111,22 +105,33 @@ int VallorinRenderHandler::currentObjectId() const
     return index < portObjectIds.size() ? portObjectIds[index] : kNoObject;
 }
 
-void VallorinRenderHandler::accumulate(const MO_SoftContext& context, int objectId,
-                                       const UT_SharedPtr<CEL_PixmapArea>& input)
+void VallorinRenderHandler::openAccumulator(const MO_SoftContext& context, int objectId, const CEL_PixmapArea& input)
 {
     UT_SharedPtr<CEL_PixmapArea>& accumulator = objectAccumulators[objectId];
-    if (!isRenderFormat(input->format()) || input->size().width < 1 || input->size().height < 1)
-        return;
-    if (!accumulator)
-        accumulator = CEL_PixmapFactory::create2d(context.mainCelFormat2d(), input->size(), context.outputRect());
-    mergeInto(*accumulator, *input);
+    if (!accumulator && isAccumulated(input))
+        accumulator = CEL_PixmapFactory::create2d(context.mainCelFormat2d(), input.size(), context.outputRect());
 }
 
-std::map<int, Math::Box2di> VallorinRenderHandler::coveredRects() const
+void VallorinRenderHandler::accumulate(const std::vector<int>& ports, CEL_PixmapArea& accumulator) const
 {
-    std::map<int, Math::Box2di> covered;
+    for (const int port : ports)
+        if (const CEL_PixmapArea& input = *inputPixmaps.at(port); isAccumulated(input))
+            mergeInto(accumulator, input);
+}
+
+std::map<int, std::vector<int>> VallorinRenderHandler::portsOfObjects() const
+{
+    std::map<int, std::vector<int>> ports;
     for (const auto& [port, input] : inputPixmaps)
-        covered[portObjectIds[static_cast<std::size_t>(port)]].add(input->allocatedRect());
+        ports[portObjectIds[static_cast<std::size_t>(port)]].push_back(port);
+    return ports;
+}
+
+Math::Box2di VallorinRenderHandler::coveredBy(const std::vector<int>& ports) const
+{
+    Math::Box2di covered;
+    for (const int port : ports)
+        covered.add(inputPixmaps.at(port)->allocatedRect());
     return covered;
 }
 
@@ -142,48 +147,60 @@ void VallorinRenderHandler::finishRender(const MO_SoftContext& context, CA_CelRe
         MO_SoftRenderServices::setBlankCel(context, 0);
         return;
     }
-    auto output = UT_makeShared<CEL_Cel>();
-    output->setRepresentation(compose(context, *reference, buildVolumes(context, reference, objects)));
-    setCel(context, output);
+    const auto output =
+        CEL_PixmapFactory::create2d(context.mainCelFormat2d(), reference->size(), reference->canvasRect());
+    ObjectRecords records;
+    for (const VallorinAttributes::ObjectInformation& object : objects)
+        records.emplace(object.objectId, object);
+    composePorts(context, reference, records, *output);
+    auto cel = UT_makeShared<CEL_Cel>();
+    cel->setRepresentation(output);
+    setCel(context, cel);
 }
 
-std::map<int, ObjectVolume>
-VallorinRenderHandler::buildVolumes(const MO_SoftContext& context, const UT_SharedPtr<CEL_PixmapArea>& reference,
-                                    const std::vector<VallorinAttributes::ObjectInformation>& objects)
+ObjectVolume VallorinRenderHandler::buildVolume(const MO_SoftContext& context,
+                                                const UT_SharedPtr<CEL_PixmapArea>& reference, int objectId,
+                                                const std::vector<int>& ports, const ObjectRecords& records)
 {
+    const auto [first, end] = records.equal_range(objectId);
+    const auto accumulator = objectAccumulators.find(objectId);
+    if (first == end || accumulator == objectAccumulators.end() || !accumulator->second)
+        return {};
+    accumulate(ports, *accumulator->second);
     const double truckFactor = useTruckFactor ? context.portContext(0).truckFactor() : 1.0;
-    std::map<int, Math::Box2di> covered = coveredRects();
-    std::map<int, ObjectVolume> volumes;
-    for (const VallorinAttributes::ObjectInformation& object : objects) {
-        const auto accumulator = objectAccumulators.find(object.objectId);
-        if (accumulator == objectAccumulators.end() || !accumulator->second)
-            continue;
+    const Math::Box2di covered = coveredBy(ports);
+    ObjectVolume volume;
+    for (auto record = first; record != end; ++record) {
+        const VallorinAttributes::ObjectInformation& object = record->second;
         const double bevel = held(finiteOr(object.bevelSize, 0.0) * blurScale * truckFactor);
         const double elevation = held(finiteOr(object.elevation, 0.0) * truckFactor * elevationScale);
         const double smoothness = held(finiteOr(object.elevationSmoothness, 1.0) * elevationSmoothness);
-        std::pair<float, float>& range = elevationRanges[object.objectId];
-        volumes[object.objectId] =
+        volume =
             buildObjectVolume(reference, bevel, context.resolutionX(), generateNormals, elevation, accumulator->second,
-                              range, normalQuality, smoothness, clipBlurredWithGeometry, covered[object.objectId]);
-        // Frees the accumulator's memory for the next object's volume.
-        if (&object == lastRecordOf(object.objectId, objects))
-            accumulator->second = nullptr;
+                              elevationRanges[objectId], normalQuality, smoothness, clipBlurredWithGeometry, covered);
     }
-    return volumes;
+    accumulator->second = nullptr;
+    return volume;
 }
 
-UT_SharedPtr<CEL_PixmapArea> VallorinRenderHandler::compose(const MO_SoftContext& context,
-                                                            const CEL_PixmapArea& reference,
-                                                            const std::map<int, ObjectVolume>& volumes) const
+void VallorinRenderHandler::composePorts(const MO_SoftContext& context, const UT_SharedPtr<CEL_PixmapArea>& reference,
+                                         const ObjectRecords& records, CEL_PixmapArea& output)
 {
-    auto output = CEL_PixmapFactory::create2d(context.mainCelFormat2d(), reference.size(), reference.canvasRect());
-    Math::Box2di rect;
-    PixmapMap results;
-    for (const auto& [id, volume] : volumes) {
-        rect.add(volume.rect);
-        results[id] = volume.pixels;
+    const std::map<int, std::vector<int>> ports = portsOfObjects();
+    std::map<int, ObjectVolume> volumes;
+    PortComposition composition(*this, output, reference->canvasRect());
+    for (auto& [port, input] : inputPixmaps) {
+        const int objectId = portObjectIds[static_cast<std::size_t>(port)];
+        const std::vector<int>& all = ports.at(objectId);
+        const auto [volume, isNew] = volumes.try_emplace(objectId);
+        if (isNew && objectId > kCutOut) {
+            volume->second = buildVolume(context, reference, objectId, all, records);
+            composition.include(volume->second.rect);
+        }
+        composition.add(port, input, volume->second.pixels);
+        if (all.back() == port)
+            volumes.erase(volume);
+        input = nullptr;
     }
-    output->realloc(rect, false);
-    composeOutput(*this, *output, inputPixmaps, results);
-    return output;
+    composition.finish();
 }
