@@ -40,6 +40,8 @@ public:
     /// Sets how a vector picture becomes pixels: its place, resolution and extent. The renderer sets it before it
     /// delivers the cel; without it, a vector picture cannot be converted.
     void setRenderArgs(const CELVEC_RenderArgs& args);
+    /// What was set; nothing for a cel that was made of pixels.
+    const std::optional<CELVEC_RenderArgs>& renderArgs() const { return _renderArgs; }
 
     /// The cel with its picture as pixels of a format: vectors are rasterised, pixels converted. Messages are copied
     /// along.

@@ -36,7 +36,7 @@ CA_CelRef toPixels(const CA_CelRef& cel, const RD_RenderParameters& parameters)
 } // namespace
 
 UT_Result<CA_CelRef> RD_SoftRenderer::render(MO_Module& module, double frame, const RD_RenderParameters& parameters,
-                                             const Progress& progress)
+                                             const Progress& progress, RD_KeptInputs* kept)
 {
     const auto& [frameWidth, frameHeight] = parameters.resolution;
     const bool frameIsPossible = isPossible(frameWidth) && isPossible(frameHeight);
@@ -51,7 +51,7 @@ UT_Result<CA_CelRef> RD_SoftRenderer::render(MO_Module& module, double frame, co
                         UT_ErrorKind::REFUSED};
     const QString place = translated("\"%1\" was not rendered at frame %2").arg(module.instanceName()).arg(frame);
     try {
-        return toPixels(RD_FrameRender(frame, parameters, progress).render(module), parameters);
+        return toPixels(RD_FrameRender(frame, parameters, progress, kept).render(module), parameters);
     } catch (const RD_FrameRender::Aborted& aborted) {
         return aborted.reason.at(place);
     } catch (const std::bad_alloc&) {

@@ -7,8 +7,8 @@
 // makes a picture of them. At the leaves, the drawing shown at the frame is placed (position, scale and rotation of the
 // element, the camera's truck factor) and passed through the rendering requests on its way down.
 //
-// A renderer keeps nothing between calls and shares nothing with others: frames may be rendered on several threads at
-// once as long as the scene does not change.
+// A renderer keeps nothing between calls, unless the caller gives it a place to keep it in (RD_KeptInputs.h), and
+// shares nothing with others: frames may be rendered on several threads at once as long as the scene does not change.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -19,6 +19,7 @@
 #include <functional>
 
 class MO_Module;
+class RD_KeptInputs;
 
 /// Renders modules of scenes.
 class QUARVELSCENECORE_EXPORT RD_SoftRenderer
@@ -38,10 +39,11 @@ public:
     /// module without output ports: what comes in at its first input)
     /// @param parameters the resolution is from 1 to RD_RenderParameters::kMaxResolution on both axes
     /// @param progress   may be empty
+    /// @param kept       inputs of earlier renders to use, and to add to; may be null
     /// @return a cel whose picture is a pixmap in parameters.celFormat(), without pixels where nothing is shown;
     /// messages that came with the picture are still attached. An error when the resolution is out of range or the
     /// graph is too deep or has too many paths (REFUSED), the memory does not suffice (NO_MEMORY), or progress asked to
     /// stop (STOPPED).
     static UT_Result<CA_CelRef> render(MO_Module& module, double frame, const RD_RenderParameters& parameters,
-                                       const Progress& progress = {});
+                                       const Progress& progress = {}, RD_KeptInputs* kept = nullptr);
 };

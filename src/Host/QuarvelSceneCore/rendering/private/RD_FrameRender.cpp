@@ -10,6 +10,7 @@
 #include "QuarvelSceneCore/interfaces/MO_SoftContext.h"
 #include "QuarvelSceneCore/interfaces/MO_SoftRenderInterface.h"
 #include "QuarvelSceneCore/interfaces/node_render.h"
+#include "QuarvelSceneCore/rendering/RD_KeptInputs.h"
 
 #include <QCoreApplication>
 
@@ -67,11 +68,15 @@ const MO_Port* deliveringPort(MO_Module& module)
 } // namespace
 
 RD_FrameRender::RD_FrameRender(double frame, const RD_RenderParameters& parameters,
-                               const RD_SoftRenderer::Progress& progress)
+                               const RD_SoftRenderer::Progress& progress, RD_KeptInputs* kept)
     : _script(MO_FrameKey{frame}, RD_RenderJob(parameters))
     , _progress(progress)
+    , _kept(kept)
     , _limit(limitAround(_script.renderJob().canvas()))
-{}
+{
+    if (_kept)
+        _kept->beginRender();
+}
 
 CA_CelRef RD_FrameRender::render(MO_Module& module)
 {
@@ -131,7 +136,9 @@ CA_CelRef RD_FrameRender::renderInput(MO_Module& module, int port, bool rendersP
         throw Aborted{tooDeep()};
     const MO_PortContext context(_script.globalFrameKey(), _script.renderJob().parameters().resolution, &module, port);
     const Math::Box2di needed = module.computeInputRect(context, port, rect).getIntersection(_limit);
-    return renderSource(*source, needed, &step, span);
+    const int place = _links;
+    const CA_CelRef cel = renderSource(*source, needed, &step, span);
+    return _kept && rendersPixels ? _kept->pixelsOf(cel, place, _script.renderJob().parameters().celFormat()) : cel;
 }
 
 CA_CelRef RD_FrameRender::renderElement(const MO_ElementModule& element, const Math::Box2di& rect, const Step* path)

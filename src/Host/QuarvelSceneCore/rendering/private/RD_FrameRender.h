@@ -17,7 +17,8 @@ public:
         UT_Error reason;
     };
 
-    RD_FrameRender(double frame, const RD_RenderParameters& parameters, const RD_SoftRenderer::Progress& progress);
+    RD_FrameRender(double frame, const RD_RenderParameters& parameters, const RD_SoftRenderer::Progress& progress,
+                   RD_KeptInputs* kept);
 
     /// What the module delivers; null when it delivers nothing.
     ///
@@ -53,6 +54,7 @@ private:
 
     RD_ScriptContext _script;
     RD_SoftRenderer::Progress _progress;
+    RD_KeptInputs* _kept;
     Math::Box2di _limit;
     double _done = 0.0;
     int _links = 0;
