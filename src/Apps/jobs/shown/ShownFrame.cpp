@@ -24,9 +24,10 @@ RD_SoftRenderer::Progress part(const RD_SoftRenderer::Progress& progress, double
 
 UT_Result<UT_SharedPtr<CEL_PixmapArea>> renderModule(MO_Module& module, double frame,
                                                      const RD_RenderParameters& parameters,
-                                                     const RD_SoftRenderer::Progress& progress)
+                                                     const RD_SoftRenderer::Progress& progress,
+                                                     RD_KeptInputs* kept = nullptr)
 {
-    const UT_Result<CA_CelRef> cel = RD_SoftRenderer::render(module, frame, parameters, progress);
+    const UT_Result<CA_CelRef> cel = RD_SoftRenderer::render(module, frame, parameters, progress, kept);
     if (!cel)
         return cel.error();
     return (*cel)->pixmap();
@@ -55,7 +56,7 @@ ShownModule::ShownModule(MO_Module& module) : _module(module), _source(pictureSo
 ShownModule::~ShownModule() = default;
 
 UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameters& parameters, const ShownParts& wanted,
-                                          const RD_SoftRenderer::Progress& progress) const
+                                          const RD_SoftRenderer::Progress& progress, RD_KeptInputs* kept) const
 {
     ShownFrame made;
     made.kind = _source.kind;
@@ -65,7 +66,7 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
     const RD_RenderParameters used = usedFor(parameters, wanted);
     const bool repairs = !wanted.channels && isFloat(used) && made.kind == RenderedKind::NORMALS;
     auto picture = renderNode(frame, used, {.elevationInBlue = wanted.elevation, .closedSeams = repairs},
-                              part(progress, 0.0, firstEnds));
+                              part(progress, 0.0, firstEnds), wanted.channels ? nullptr : kept);
     if (!picture)
         return picture.error();
     made.picture = *picture;
@@ -82,8 +83,10 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
         made.drawing = wanted.drawing ? made.picture : nullptr;
     } else if (wanted.drawing || repairs) {
         const auto rest = part(progress, kNodeEnds, 1.0);
-        auto painted = wanted.inputs ? paintAndNote(frame, parameters, made.inputs, rest)
-                                     : renderModule(*drawing()->module, frame, parameters, rest);
+        const bool isKnown = wanted.knownDrawing && !wanted.drawing;
+        auto painted = isKnown         ? UT_Result<UT_SharedPtr<CEL_PixmapArea>>(wanted.knownDrawing)
+                       : wanted.inputs ? paintAndNote(frame, parameters, made.inputs, rest)
+                                       : renderModule(*drawing()->module, frame, parameters, rest);
         if (!painted)
             return painted.error();
         if (repairs)
@@ -117,7 +120,8 @@ UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderDrawing(double frame,
 
 UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderNode(double frame, const RD_RenderParameters& parameters,
                                                                 const Change& wanted,
-                                                                const RD_SoftRenderer::Progress& progress) const
+                                                                const RD_SoftRenderer::Progress& progress,
+                                                                RD_KeptInputs* kept) const
 {
     RD_RenderParameters wide = parameters;
     wide.margins = marginsFor(_source.nodes, frame, parameters);
@@ -127,7 +131,7 @@ UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderNode(double frame, co
     change.canvasFactor = canvasFactor(job.canvas());
     change.frameFactor = canvasFactor(job.frame());
     const std::shared_ptr<const Copy> copy = changed(change);
-    auto picture = renderModule(copy ? *copy->module : _module, frame, wide, progress);
+    auto picture = renderModule(copy ? *copy->module : _module, frame, wide, progress, kept);
     if (picture && !wide.margins.isEmpty())
         (*picture)->realloc((*picture)->allocatedRect().getIntersection(job.frame()), true);
     return picture;

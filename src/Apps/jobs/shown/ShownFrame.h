@@ -27,6 +27,7 @@
 #include <mutex>
 
 class MO_Scene;
+class RD_KeptInputs;
 
 /// The parts of a frame that are wanted besides its picture.
 struct ShownParts
@@ -37,6 +38,9 @@ struct ShownParts
     /// picture has this format too; else it is rendered in float where 16 bits would leave grain (RenderPrecision.h).
     bool channels = false;
     bool inputs = false; ///< the coverage of each input of the nodes; needs drawing
+    /// The drawing of this frame in this size, where an earlier render made it: where only its coverage is needed, it
+    /// is not painted again. Null if there is none.
+    UT_SharedPtr<CEL_PixmapArea> knownDrawing = nullptr;
 };
 
 /// A frame. All pixmaps share coordinates; parts that are not wanted are null.
@@ -74,9 +78,11 @@ public:
 
     /// Renders a frame.
     ///
+    /// @param kept pixels of the nodes' inputs to use and add to (RD_KeptInputs.h); may be null. One object may serve
+    /// all modules whose drawings are the same, but none from which channels are wanted.
     /// @return an error if the frame cannot be rendered or progress returned false
     UT_Result<ShownFrame> render(double frame, const RD_RenderParameters& parameters, const ShownParts& wanted,
-                                 const RD_SoftRenderer::Progress& progress = {}) const;
+                                 const RD_SoftRenderer::Progress& progress = {}, RD_KeptInputs* kept = nullptr) const;
 
     /// The parameters with which the node is rendered: the given ones, or the same in float.
     RD_RenderParameters usedFor(const RD_RenderParameters& parameters, const ShownParts& wanted) const;
@@ -110,8 +116,8 @@ private:
     };
 
     UT_Result<UT_SharedPtr<CEL_PixmapArea>> renderNode(double frame, const RD_RenderParameters& parameters,
-                                                       const Change& wanted,
-                                                       const RD_SoftRenderer::Progress& progress) const;
+                                                       const Change& wanted, const RD_SoftRenderer::Progress& progress,
+                                                       RD_KeptInputs* kept = nullptr) const;
     std::shared_ptr<const Copy> changed(const Change& change) const;
     std::shared_ptr<const Copy> drawing() const;
     Copy copy() const;

@@ -64,6 +64,17 @@ QByteArray drawingFrameOf(const MO_Scene& scene, double frame)
                         [allCount](const MO_Module& module) { return allCount || !NormalMapNode::is(module); });
 }
 
+QByteArray colourTablesOf(const MO_Scene& scene)
+{
+    QByteArray tables;
+    QDataStream out(&tables, QIODevice::WriteOnly);
+    scene.root().forEachModule([&](MO_Module& module) {
+        if (NormalMapNode::is(module))
+            out << module.instanceName() << colourTableText(NormalMapNode(module).colours());
+    });
+    return tables;
+}
+
 const PaintedDrawing* DrawingCache::find(const DrawingState& state, const QSize& size)
 {
     const auto found =
@@ -79,4 +90,13 @@ void DrawingCache::keep(const DrawingState& state, const QSize& size, const Pain
     _entries.push_front({state, size, drawing});
     if (_entries.size() > kMost)
         _entries.pop_back();
+}
+
+RD_KeptInputs& DrawingCache::inputsFor(const DrawingState& state, const QByteArray& colourTables)
+{
+    if (state != _inputsState || colourTables != _inputsTables)
+        _inputs.clear();
+    _inputsState = state;
+    _inputsTables = colourTables;
+    return _inputs;
 }

@@ -50,6 +50,7 @@ UT_Result<PaintedDrawing> paint(ShownFrame& shown)
     PaintedDrawing painted;
     if (const auto taken = takeImage(picture, painted.image); !taken)
         return taken.error();
+    painted.pixels = shown.drawing;
     painted.picture = std::make_shared<const IIO_Picture>(std::move(*picture));
     painted.inputs = std::make_shared<const ShownInputs>(std::move(shown.inputs));
     return painted;
@@ -107,8 +108,11 @@ UT_Result<std::shared_ptr<RenderedFrame>> SceneSnapshot::render(int frame, const
     if (mayBeKept)
         _state.frame = drawingFrameOf(*_scene, frame);
     const PaintedDrawing* const kept = mayBeKept ? drawings->find(_state, size) : nullptr;
-    auto shown =
-        module.render(frame, parametersOf(size), {.elevation = true, .drawing = !kept, .inputs = !kept}, progress);
+    RD_KeptInputs* const inputs = mayBeKept ? &drawings->inputsFor(_state, colourTablesOf(*_scene)) : nullptr;
+    auto shown = module.render(
+        frame, parametersOf(size),
+        {.elevation = true, .drawing = !kept, .inputs = !kept, .knownDrawing = kept ? kept->pixels : nullptr}, progress,
+        inputs);
     if (!shown)
         return shown.error();
     const auto painted = kept ? UT_Result<PaintedDrawing>(*kept) : paint(*shown);

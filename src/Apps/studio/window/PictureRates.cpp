@@ -38,10 +38,23 @@ public:
     {
         window.viewer().installEventFilter(this);
         connect(&window.lights(), &LightModel::changed, this, [this] { _isNew = true; });
-        connect(&window.renderService(), &RenderService::frameChanged, this, [this] { _isNew = true; });
+        connect(&window.renderService(), &RenderService::frameChanged, this, [this] {
+            _isNew = true;
+            if (const RenderedFramePtr& shown = _window.renderService().current()) {
+                ++_renders;
+                _sides += shown->size.width();
+            }
+        });
     }
 
     int count() const { return _count; }
+    /// The mean width of the pictures that were rendered since the last call; 0 if there were none.
+    int takeMeanWidth()
+    {
+        const int renders = std::exchange(_renders, 0);
+        const qint64 sides = std::exchange(_sides, 0);
+        return renders > 0 ? static_cast<int>(sides / renders) : 0;
+    }
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
@@ -54,6 +67,8 @@ private:
     MainWindow& _window;
     bool _isNew = false;
     int _count = 0;
+    int _renders = 0;
+    qint64 _sides = 0;
 };
 
 class Rates
@@ -85,6 +100,7 @@ public:
         since.start();
         double longest = 0.0;
         const int before = _pictures.count();
+        _pictures.takeMeanWidth();
         while (all.elapsed() < kDragged) {
             QElapsedTimer turn;
             turn.start();
@@ -96,6 +112,8 @@ public:
             longest = std::max(longest, static_cast<double>(turn.nsecsElapsed()) / 1e6);
         }
         print(what, (_pictures.count() - before) * 1000.0 / static_cast<double>(all.elapsed()), goal);
+        if (const int width = _pictures.takeMeanWidth(); width > 0)
+            std::printf("%-34s%8d of %d pixels\n", "  mean width of a picture", width, kLongestSide);
         std::printf("%-34s%8.1f ms\n", "  longest turn of the event loop", longest);
         _window.document().commands().endMerging();
     }
