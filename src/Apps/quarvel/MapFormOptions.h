@@ -19,6 +19,8 @@ struct MapFormOptions
     std::optional<int> pad; ///< pixels
     ExrContent exr = ExrContent::LAYERS;
     bool half = false; ///< 16-bit floats in OpenEXR files
+    /// Whether the layers of OpenEXR files contain the object numbers.
+    bool objectNumbers = false;
 
     /// The form that is asked for.
     ///

@@ -7,18 +7,22 @@
 #include "OptionTable.h"
 #include "OptionValues.h"
 
-/// "half", "map,half" and so on: how many bits a number has and what the default layer is.
+/// "half", "map,half" and so on: how many bits a number has, what the default layer is, and whether there are object
+/// numbers.
 inline Taken takeExr(MapFormOptions& form, const QString& option, const QString& value)
 {
-    static const QStringList words{QStringLiteral("float"), QStringLiteral("half"), QStringLiteral("layers"),
-                                   QStringLiteral("map"), QStringLiteral("signed")};
+    static const QStringList words{QStringLiteral("float"), QStringLiteral("half"),   QStringLiteral("layers"),
+                                   QStringLiteral("map"),   QStringLiteral("signed"), QStringLiteral("numbers")};
     constexpr int kContents = 2;
+    constexpr int kNumbers = 5;
     for (const QString& word : value.split(QLatin1Char(','))) {
         const auto index = parseChoice(option, word, words);
         if (!index)
             return index.error();
         if (*index < kContents)
             form.half = *index == 1;
+        else if (*index == kNumbers)
+            form.objectNumbers = true;
         else
             form.exr = static_cast<ExrContent>(*index - kContents);
     }

@@ -4,6 +4,7 @@
 #include "NormalMapCommand.h"
 
 #include "DrawingsInFolder.h"
+#include "GlossOption.h"
 #include "InputAdvice.h"
 #include "LoadPlugIns.h"
 #include "OutputFiles.h"
@@ -11,6 +12,7 @@
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
 #include "QuarvelImageIO/IIO_AtomicFile.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
+#include "RenderedDrawing.h"
 #include "Report.h"
 #include "SheetRun.h"
 #include "StandardInput.h"
@@ -19,7 +21,6 @@
 #include "WritePictures.h"
 #include "form/ChooseObjects.h"
 #include "jobs/drawing/DescribeObjects.h"
-#include "jobs/drawing/ObjectNames.h"
 #include "jobs/drawing/ReadDrawing.h"
 #include "jobs/sheets/ReadAtlas.h"
 #include "jobs/targets/Targets.h"
@@ -100,22 +101,18 @@ private:
         auto rendered = render(drawing, settingsForTiles(_options.settings, drawing.size, tiling), files);
         if (!rendered)
             return rendered.error();
-        rendered->window = middleOf(rendered->window, tiling);
+        rendered->frame.window = middleOf(rendered->frame.window, tiling);
         return writePictures(*rendered, _options, files, _drawing, part(kRenderEnds, 1.0));
     }
 
-    UT_Result<ShownFrame> render(const LayeredDrawing& drawing, const NormalMapSettings& chosen,
-                                 const OutputFiles& files)
+    UT_Result<RenderedDrawing> render(const LayeredDrawing& drawing, const NormalMapSettings& settings,
+                                      const OutputFiles& files)
     {
-        QStringList names;
-        for (const LayeredDrawing::Layer& layer : drawing.layers)
-            names << layer.name;
-        const auto wishes = withNumberedObjects(chosen, names);
-        if (!wishes)
-            return wishes.error();
-        NormalMapSettings settings = chosen;
-        static_cast<ObjectWishes&>(settings) = *wishes;
-        return renderNormalMap(drawing, settings, wantedPictures(_options, files), part(kReadEnds, kRenderEnds));
+        auto rendered = renderDrawing(drawing, settings, _options, files, part(kReadEnds, kRenderEnds));
+        if (rendered)
+            if (const QString warning = glossWarning(rendered->gloss.missing); !warning.isEmpty())
+                warn(warning);
+        return rendered;
     }
 
     QString chosenFor(const LayeredDrawing& drawing) const
@@ -172,10 +169,10 @@ QString formLine(const NormalMapOptions& options, const std::vector<OutputFiles>
 QJsonObject fieldsOf(const QString& drawing, const OutputFiles& files)
 {
     QJsonObject fields{{QStringLiteral("drawing"), drawing}};
-    const std::pair<const char*, const QString&> written[] = {{"normalMap", files.normalMap},
-                                                              {"elevation", files.elevation},
-                                                              {"lit", files.lit},
-                                                              {"drawingPicture", files.drawing}};
+    const std::pair<const char*, const QString&> written[] = {
+        {"normalMap", files.normalMap},    {"elevation", files.elevation}, {"lit", files.lit},
+        {"drawingPicture", files.drawing}, {"height", files.height},       {"occlusion", files.occlusion},
+        {"numbers", files.numbers},        {"gloss", files.gloss}};
     for (const auto& [key, file] : written)
         if (!file.isEmpty())
             fields.insert(QLatin1String(key), file);

@@ -24,17 +24,26 @@ Files
       --drawing FILE    also writes the drawing as a picture
       --html FILE       also writes a page for browsers that shows the drawing in a light which follows the pointer, and
                         holds the drawing, its map and its elevation: one file to pass on
-                        (with several drawings, these four take folders as well)
+      --height FILE     also writes how high each place lies, all objects in one measure and on top of each other: OpenEXR
+                        files in pixels, others from black, the picture's plane, to white, its highest place
+      --height-range H  white is H pixels, so that the heights of several pictures fit together
+      --occlusion FILE  also writes ambient occlusion: dark where the form keeps light out, such as creases and carved lines
+      --numbers FILE    also writes the number of the object that each pixel shows, 0 where there is none
+      --gloss C=G       also writes a mask of gloss, NAME_gloss.png: colour C has the gloss G, from 0 (dull, the default
+                        for every colour) to 1; C is a colour such as '#9aa', or all
+      --gloss-file FILE where the mask of gloss goes
+                        (with several drawings, all these take folders as well)
       --exr WORDS       OpenEXR files, several words joined by commas: float or half, 32 bits a number (default) or 16;
                         layers (default): the drawing as R G B A, linear and multiplied by coverage, so that every
                         program shows it, and the layers N.X N.Y N.Z, from -1 to 1, elevation.Y and coverage.A;
-                        map: the map as R G B A, opaque, from 0 to 1; signed: the same from -1 to 1
+                        map: the map as R G B A, opaque, from 0 to 1; signed: the same from -1 to 1;
+                        numbers: object.id beside the layers, the number of each pixel's object
       --suffix S        what the map's name adds to the drawing's (_n)
 
 For whom
       --for NAME        as the program wants it that takes the map: blender, compositor, gltf, godot, godot3, melonjs,
                         phaser, pixi, three, unity or unreal. Sets --y, --alpha, --bits, --pad and --suffix where they are
-                        not given. Without it the map is right in most of them, and the last line says in which
+                        not given, and the names of the pictures beside the map. Without it the map is right in most of them, and the last line says in which
       --y up|down       where the y of the vectors points; up (default) is what most engines call OpenGL, down DirectX
       --alpha opaque    the map's alpha is full (default of PNG files). Many engines multiply by alpha, which bends vectors
       --alpha coverage  the map's alpha is how much of a pixel is covered

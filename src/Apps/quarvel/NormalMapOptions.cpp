@@ -4,6 +4,7 @@
 #include "NormalMapOptions.h"
 
 #include "FormOptions.h"
+#include "GlossOption.h"
 #include "MapFormRows.h"
 #include "OptionTable.h"
 #include "OptionValues.h"
@@ -69,9 +70,19 @@ Taken takeLevel(NormalMapOptions& options, const QString& option, const QString&
     });
 }
 
+Taken takeGloss(NormalMapOptions& options, const QString& option, const QString& value)
+{
+    return addGloss(options.gloss, option, value);
+}
+
 Taken takeLight(NormalMapOptions& options, const QString& option, const QString& value)
 {
     return keep(parseLight(option, value), [&](const LightAngles& light) { options.light = light; });
+}
+
+Taken takeHeightRange(NormalMapOptions& options, const QString& option, const QString& value)
+{
+    return keep(parseNumber(option, value, 0.001, 1e6), [&](double pixels) { options.heightRange = pixels; });
 }
 
 Take<NormalMapOptions> choice(const QStringList& choices, std::function<void(NormalMapOptions&, int)> store)
@@ -125,6 +136,19 @@ UT_Result<void> checkSheet(NormalMapOptions& options)
     return {};
 }
 
+UT_Result<void> checkGloss(const NormalMapOptions& options)
+{
+    if (options.glossFile.isEmpty() && !options.gloss.isAny())
+        return {};
+    if (!options.gloss.isAny())
+        return UT_Error{QStringLiteral("--gloss-file goes with --gloss, which says what is glossy, such as "
+                                       "--gloss '#9aa=0.8'")};
+    const QString stream = QStringLiteral("-");
+    if (options.glossFile.isEmpty() && (options.output == stream || options.drawings.contains(stream)))
+        return UT_Error{QStringLiteral("say with --gloss-file where the mask of --gloss goes; - is for the map")};
+    return {};
+}
+
 // What is asked of a map's form and cannot be had.
 UT_Result<void> checkForm(const NormalMapOptions& options)
 {
@@ -156,6 +180,12 @@ std::vector<Row> rows()
         {{s("lit")}, true, text(&Options::lit)},
         {{s("drawing")}, true, text(&Options::drawingPicture)},
         {{s("html")}, true, text(&Options::page)},
+        {{s("height")}, true, text(&Options::height)},
+        {{s("height-range")}, true, takeHeightRange},
+        {{s("occlusion")}, true, text(&Options::occlusion)},
+        {{s("numbers")}, true, text(&Options::numbers)},
+        {{s("gloss")}, true, takeGloss},
+        {{s("gloss-file")}, true, text(&Options::glossFile)},
         {{s("layout")}, true, choice({s("tangent"), s("node")}, [](Options& o, int i) { o.nodeLayout = i == 1; })},
         {{s("suffix")}, true, takeSuffix},
         {{s("cells")}, true, takeCells},
@@ -250,6 +280,8 @@ UT_Result<NormalMapOptions> parseNormalMapOptions(const QStringList& words)
     if (const UT_Result<void> fits = checkForm(options); !fits)
         return fits.error();
     if (UT_Result<void> fits = checkSheet(options); !fits)
+        return fits.error();
+    if (const UT_Result<void> fits = checkGloss(options); !fits)
         return fits.error();
     if (options.drawings.isEmpty() && options.atlas.isEmpty() && !options.help)
         return UT_Error{QStringLiteral(

@@ -10,6 +10,7 @@
 #include "jobs/drawing/NormalMapSettings.h"
 #include "jobs/drawing/TileDrawing.h"
 #include "jobs/sheets/Sheet.h"
+#include "jobs/shown/GlossDrawing.h"
 
 #include <QHash>
 #include <QStringList>
@@ -36,11 +37,17 @@ struct NormalMapOptions
     QString lit;
     QString drawingPicture;
     QString page; ///< for browsers
+    QString height;
+    QString occlusion;
+    QString numbers;
+    QString glossFile; ///< empty: beside the map, if any gloss is given
 
     bool nodeLayout = false; ///< the node's own channels instead of tangent vectors
     MapFormOptions form;
     std::optional<QString> suffix; ///< of the map's name, where the drawing's name decides it
     LightAngles light;
+    std::optional<double> heightRange; ///< pixels that white stands for; nothing: the highest place of the picture
+    GlossSettings gloss;
 
     // Pages of many sprites.
     std::optional<CellGrid> cells; ///< the page's sprites, one a cell

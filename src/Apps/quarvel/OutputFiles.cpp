@@ -48,6 +48,20 @@ Place placeOfMap(const NormalMapOptions& options)
             true};
 }
 
+TargetCompanions companionsFor(const NormalMapOptions& options)
+{
+    return options.form.target ? options.form.target->beside : TargetCompanions{};
+}
+
+// Where a single drawing's map is named, a mask without a name goes into the map's folder.
+Place placeOfGloss(const NormalMapOptions& options, bool several)
+{
+    const bool besideMap = options.glossFile.isEmpty() && !several && !options.output.isEmpty();
+    const QString named = options.glossFile.isEmpty() ? options.output : options.glossFile;
+    return {besideMap && !QFileInfo(named).isDir() ? QFileInfo(named).path() : named,
+            QLatin1String(companionsFor(options).gloss), QStringLiteral("png"), options.gloss.isAny()};
+}
+
 // With several drawings the options name folders. A folder called one.png would surprise everybody.
 UT_Result<void> checkFolder(const Place& place)
 {
@@ -87,7 +101,7 @@ UT_Error sameFile(const QString& file, const QString& first, const QString& seco
 
 QStringList OutputFiles::all() const
 {
-    return {normalMap, elevation, lit, drawing, page};
+    return {normalMap, elevation, lit, drawing, page, height, occlusion, numbers, gloss};
 }
 
 QString suffixOfMaps(const NormalMapOptions& options)
@@ -104,9 +118,15 @@ UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options)
     const Place elevation{options.elevation, QStringLiteral("_e"), png, !options.elevation.isEmpty()};
     const Place lit{options.lit, QStringLiteral("_lit"), png, !options.lit.isEmpty()};
     const Place picture{options.drawingPicture, QStringLiteral("_drawing"), png, !options.drawingPicture.isEmpty()};
+    const TargetCompanions beside = companionsFor(options);
+    const Place height{options.height, QLatin1String(beside.height), png, !options.height.isEmpty()};
+    const Place occlusion{options.occlusion, QLatin1String(beside.occlusion), png, !options.occlusion.isEmpty()};
+    const Place numbers{options.numbers, QStringLiteral("_numbers"), png, !options.numbers.isEmpty()};
+    const Place gloss = placeOfGloss(options, several);
+    const bool glossInFolder = several || options.glossFile.isEmpty();
     const Place page{options.page, QString(), QStringLiteral("html"), !options.page.isEmpty()};
 
-    for (const Place& place : {normalMap, elevation, lit, picture, page})
+    for (const Place& place : {normalMap, elevation, lit, picture, page, height, occlusion, numbers, gloss})
         if (const UT_Result<void> isFolder = several ? checkFolder(place) : UT_Result<void>(); !isFolder)
             return isFolder.error();
 
@@ -118,9 +138,12 @@ UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options)
     std::vector<OutputFiles> all;
     for (const QString& drawing : options.drawings) {
         const QString below = options.folders.value(drawing);
-        const OutputFiles files{fileFor(drawing, normalMap, several, below),
-                                fileFor(drawing, elevation, several, below), fileFor(drawing, lit, several, below),
-                                fileFor(drawing, picture, several, below), fileFor(drawing, page, several, below)};
+        const OutputFiles files{
+            fileFor(drawing, normalMap, several, below),  fileFor(drawing, elevation, several, below),
+            fileFor(drawing, lit, several, below),        fileFor(drawing, picture, several, below),
+            fileFor(drawing, page, several, below),       fileFor(drawing, height, several, below),
+            fileFor(drawing, occlusion, several, below),  fileFor(drawing, numbers, several, below),
+            fileFor(drawing, gloss, glossInFolder, below)};
         for (const QString& file : files.all()) {
             if (UT_Result<void> known = file == files.page ? checkPage(file) : checkFormat(file); !known)
                 return known.error();

@@ -15,6 +15,10 @@ struct OutputFiles
     QString lit;
     QString drawing;
     QString page;
+    QString height;
+    QString occlusion;
+    QString numbers;
+    QString gloss;
 
     /// Every one of them.
     QStringList all() const;
@@ -23,8 +27,9 @@ struct OutputFiles
 /// The files of every drawing, in the order of the drawings.
 ///
 /// One drawing: what the options name, or NAME_n.png beside it. Several: the options name folders, in which the files
-/// are called NAME_n.png, NAME_e.png, NAME_lit.png, NAME_drawing.png and NAME.html, the map as its target or --suffix
-/// says; an existing folder is taken as one for a single drawing as well.
+/// are called NAME_n.png, NAME_e.png, NAME_lit.png, NAME_drawing.png, NAME_numbers.png and NAME.html, the map as its
+/// target or --suffix says, heights, occlusion and gloss as the target says; an existing folder is taken as one for a
+/// single drawing as well. A mask of gloss without a name lies beside the map.
 ///
 /// @return an error when two files would have the same name, an output would replace a drawing, or a name's ending is
 /// not that of a

@@ -4,8 +4,10 @@
 // and only then is anything rendered or written.
 #include "RenderCommand.h"
 
+#include "GlossOption.h"
 #include "OpenScene.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
+#include "QuarvelSceneCore/graph/MO_SceneCopy.h"
 #include "RenderOptions.h"
 #include "Report.h"
 #include "StopSignal.h"
@@ -15,6 +17,7 @@
 #include "jobs/frames/RenderMemory.h"
 #include "jobs/frames/RenderPage.h"
 #include "jobs/frames/RenderPreview.h"
+#include "jobs/frames/SurfaceFrames.h"
 #include "jobs/limits/JobLimits.h"
 #include "jobs/shown/ShownMemory.h"
 #include "jobs/targets/Targets.h"
@@ -34,8 +37,9 @@ struct Plan
 {
     std::unique_ptr<ShownModule> shown;
     RenderFramesSettings settings;
-    RenderFramesSettings lit;     ///< for the lit frames
-    RenderFramesSettings drawing; ///< for the drawings
+    RenderFramesSettings lit;                                       ///< for the lit frames
+    RenderFramesSettings drawing;                                   ///< for the drawings
+    std::vector<std::pair<QString, RenderFramesSettings>> surfaces; ///< what goes beside the maps, with the file's name
     double framesPerSecond = MO_Scene::kUsualFrameRate;
 };
 
@@ -110,6 +114,7 @@ FramePictureSettings pictureSettings(const RenderOptions& options, const Plan& p
     picture.floatFile = IIO_isFloatFile(options.output);
     // A map as the default layer of an OpenEXR file is opaque, as programs that show it expect.
     picture.exr = options.form.exr;
+    picture.objectNumbers = options.form.objectNumbers;
     const bool isMap = picture.floatFile && picture.exr != ExrContent::LAYERS;
     picture.form = options.form.resolved({.alpha = isMap ? NM_Alpha::FULL : NM_Alpha::COVERAGE});
     picture.half = options.half || options.form.half;
@@ -157,11 +162,63 @@ UT_Result<RenderFramesSettings> drawingSettings(const RenderOptions& options, co
     return drawing;
 }
 
+void warnOfMissingColours(const MO_Scene& scene, const RenderOptions& options, Report& report)
+{
+    if (!options.gloss.isAny())
+        return;
+    const std::unique_ptr<MO_Scene> copy = MO_copyScene(scene);
+    if (const QString warning = glossWarning(paintGloss(*copy, options.gloss)); !warning.isEmpty())
+        report.warning(options.scene, warning);
+}
+
+// A file of integers holds a range of heights, which must be the same for all frames.
+UT_Result<NM_HeightRange> heightRange(const RenderOptions& options)
+{
+    if (!options.heightRange && !IIO_isFloatFile(options.height))
+        return UT_Error{
+            QStringLiteral("say with --height-range how many pixels white is in %1, the same for all frames, "
+                           "or write .exr, which holds heights in pixels")
+                .arg(options.height)};
+    return NM_HeightRange{.black = 0.0, .white = options.heightRange.value_or(0.0)};
+}
+
+// The same frames in the same size: heights, occlusion, numbers and gloss, as far as they are wanted.
+UT_Result<void> planSurfaces(const RenderOptions& options, Plan& plan)
+{
+    const std::pair<const QString&, FrameContent> wanted[] = {{options.height, FrameContent::HEIGHT},
+                                                              {options.occlusion, FrameContent::OCCLUSION},
+                                                              {options.numbers, FrameContent::NUMBERS},
+                                                              {options.glossFile, FrameContent::GLOSS}};
+    const Target* const target = options.form.target;
+    for (const auto& [output, content] : wanted) {
+        if (output.isEmpty())
+            continue;
+        const auto file = fileOf(output, options, plan.settings.frames.size());
+        if (!file)
+            return file.error();
+        RenderFramesSettings settings = surfaceSettings(plan.settings, content, output);
+        settings.file = *file;
+        settings.gloss = options.gloss;
+        settings.roughness = target && target->beside.roughness;
+        if (content == FrameContent::HEIGHT) {
+            settings.picture.form.bits = options.form.bits.value_or(16);
+            const auto range = heightRange(options);
+            if (!range)
+                return range.error();
+            settings.heights = *range;
+        }
+        plan.surfaces.emplace_back(output, std::move(settings));
+    }
+    return {};
+}
+
 UT_Result<int> atOnceOf(const RenderOptions& options, const Plan& plan)
 {
     const RenderFramesSettings& settings = plan.settings;
     ShownParts parts = partsOf(settings.picture);
     parts.drawing = parts.drawing || !options.lit.isEmpty() || !options.drawing.isEmpty() || !options.page.isEmpty();
+    parts.objects = parts.objects || !options.height.isEmpty() || !options.occlusion.isEmpty();
+    parts.drawing = parts.drawing || parts.objects;
     const double needed = shownFrameBytes(*plan.shown, settings.frames, settings.parameters, parts);
     const JobLimits limits = jobLimits();
     return framesAtOnce(options.jobs > 0 ? options.jobs : limits.threads, settings.parameters, needed,
@@ -221,6 +278,9 @@ UT_Result<Plan> planOf(const MO_Scene& scene, const RenderOptions& options, Repo
     if (!drawing)
         return drawing.error();
     plan.drawing = std::move(*drawing);
+    if (const auto planned = planSurfaces(options, plan); !planned)
+        return planned.error();
+    warnOfMissingColours(scene, options, report);
     if (!options.page.isEmpty() && plan.settings.picture.shown != RenderedKind::NORMALS)
         return UT_Error{QStringLiteral("--html lights normals, and the picture of \"%1\" is none; name a node with "
                                        "--node, or say --as normals")
@@ -344,6 +404,9 @@ int renderAll(const Plan& plan, const RenderOptions& options, Report& report)
         exitCode = std::max(exitCode, renderFiles(plan, plan.lit, options, options.lit, report));
     if (!StopSignal::came())
         exitCode = std::max(exitCode, renderFiles(plan, plan.drawing, options, options.drawing, report));
+    for (const auto& [output, settings] : plan.surfaces)
+        if (!StopSignal::came())
+            exitCode = std::max(exitCode, renderFiles(plan, settings, options, output, report));
     if (!StopSignal::came())
         exitCode = std::max(exitCode, renderFilm(plan, options, report));
     if (!StopSignal::came())

@@ -16,9 +16,15 @@ Files
                         or out/n.%d.exr; n.$F4.exr and n.<frame04>.exr mean the same. The ending says the format: .exr (OpenEXR) or .png (16 bits a channel)
       --lit FILE        also writes the lit frames: lit/n.####.png
       --drawing FILE    also writes the drawing that belongs to the maps: flat/n.####.png
+      --height FILE     also writes heights: OpenEXR files in pixels, others from black to white, which is as many pixels as
+                        --height-range H says
+      --occlusion FILE  also writes ambient occlusion: ao/n.####.png
+      --numbers FILE    also writes the numbers of the objects
+      --gloss C=G       with --gloss-file FILE also writes masks of gloss: colour C, such as '#9aa' or all, has the gloss G,
+                        from 0 (dull, the default) to 1
       --half            16-bit floats in OpenEXR files instead of 32-bit ones
       --exr map|signed  the normal map as the default layer of OpenEXR files, from 0 to 1 or from -1 to 1, instead of the
-                        drawing with the map in layers
+                        drawing with the map in layers; --exr numbers adds the layer object.id
       --preview FILE    also makes a film of the lit frames, at most 960 pixels wide: .mp4 or .gif where ffmpeg is
                         installed, and .png (an animated PNG) everywhere
       --html FILE       also makes a page for browsers that plays the frames in a light which follows the pointer, at most

@@ -3,6 +3,7 @@
 // What the options of "quarvel render" take.
 #include "RenderOptions.h"
 
+#include "GlossOption.h"
 #include "MapFormRows.h"
 #include "OptionTable.h"
 #include "OptionValues.h"
@@ -128,6 +129,11 @@ Taken takeFramesPerSecond(RenderOptions& options, const QString& option, const Q
     return keep(parseNumber(option, value, 1.0, 240.0), [&](double number) { options.framesPerSecond = number; });
 }
 
+Taken takeHeightRange(RenderOptions& options, const QString& option, const QString& value)
+{
+    return keep(parseNumber(option, value, 0.001, 1e6), [&](double pixels) { options.heightRange = pixels; });
+}
+
 std::vector<Row> rows()
 {
     using Options = RenderOptions;
@@ -138,6 +144,14 @@ std::vector<Row> rows()
         {{s("lit")}, true, text(&Options::lit)},
         {{s("drawing")}, true, text(&Options::drawing)},
         {{s("html")}, true, text(&Options::page)},
+        {{s("height")}, true, text(&Options::height)},
+        {{s("height-range")}, true, takeHeightRange},
+        {{s("occlusion")}, true, text(&Options::occlusion)},
+        {{s("numbers")}, true, text(&Options::numbers)},
+        {{s("gloss-file")}, true, text(&Options::glossFile)},
+        {{s("gloss")},
+         true,
+         [](Options& o, const QString& option, const QString& value) { return addGloss(o.gloss, option, value); }},
         {{s("light")},
          true,
          [](Options& o, const QString& option, const QString& value) {
@@ -204,9 +218,14 @@ UT_Result<RenderOptions> parseRenderOptions(const QStringList& words)
     if (scenes.size() != 1)
         return missing(scenes.isEmpty() ? "which scene?" : "one scene at a time is rendered");
     options.scene = scenes.first();
-    if (options.output.isEmpty() && options.preview.isEmpty() && options.lit.isEmpty() && options.drawing.isEmpty() &&
-        options.page.isEmpty())
+    const QStringList outputs{options.output, options.preview,   options.lit,     options.drawing,  options.page,
+                              options.height, options.occlusion, options.numbers, options.glossFile};
+    if (outputs.join(QString()).isEmpty())
         return missing("where do the frames go?");
+    if (options.gloss.isAny() == options.glossFile.isEmpty())
+        return UT_Error{
+            QStringLiteral("--gloss says what is glossy and --gloss-file where the masks go; give both, such "
+                           "as --gloss '#9aa=0.8' --gloss-file out/gloss.####.png")};
     return options;
 }
 

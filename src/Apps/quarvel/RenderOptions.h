@@ -8,6 +8,7 @@
 #include "MapFormOptions.h"
 #include "QuarvelBaseCore/UT_Result.h"
 #include "RenderProgress.h"
+#include "jobs/shown/GlossDrawing.h"
 #include "jobs/shown/RenderedKind.h"
 
 #include <QSize>
@@ -25,13 +26,20 @@ struct RenderOptions
     QString lit;     ///< empty: none are written
     QString drawing; ///< the same
     QString page;    ///< for browsers; empty: none is made
-    QString frames;  ///< empty: all of the scene
-    QString node;    ///< empty: the scene's output
+    QString height;  ///< empty: none are written
+    QString occlusion;
+    QString numbers;
+    QString glossFile;
+    QString frames; ///< empty: all of the scene
+    QString node;   ///< empty: the scene's output
 
     std::optional<QSize> resolution; ///< in pixels; a height of 0 follows from the scene's shape
     int proxy = 1;                   ///< both sides are divided by this
     bool renderInFloat = false;
     bool half = false; ///< 16-bit floats in OpenEXR files
+
+    std::optional<double> heightRange; ///< pixels that white stands for in files of integers
+    GlossSettings gloss;
 
     std::optional<RenderedKind> shown; ///< what the node's picture is taken for
     NM_Layout layout = NM_Layout::TANGENT;

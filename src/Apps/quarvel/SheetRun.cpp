@@ -3,11 +3,12 @@
 // Read all sprites, share values among the frames of animations, render one after the other.
 #include "SheetRun.h"
 
+#include "GlossOption.h"
 #include "QuarvelDrawingIO/DIO_BitmapReader.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelNormalMap/NM_TurnVectors.h"
+#include "RenderedDrawing.h"
 #include "WritePictures.h"
-#include "jobs/drawing/ObjectNames.h"
 #include "jobs/drawing/ReadDrawing.h"
 #include "jobs/sheets/SharedForms.h"
 #include "jobs/sheets/SheetPictures.h"
@@ -52,24 +53,29 @@ public:
     {
         for (auto& [file, page] : _pages) {
             auto& [kind, picture] = page;
-            if (UT_Result<void> written = kind == PictureKind::NORMAL_MAP
-                                              ? writeMap(std::move(picture), file, _options, source)
-                                              : writePicture(std::move(picture), file, _options, source);
-                !written)
+            if (UT_Result<void> written = write(kind, std::move(picture), file, source); !written)
                 return written;
         }
         return {};
     }
 
 private:
-    // What lies between the sprites: nothing, and on maps a surface that faces the viewer.
-    static std::vector<Sample> blank(PictureKind kind, const IIO_Picture& sprite, const NM_MapForm& form)
+    // What lies between the sprites: nothing, on maps a surface that faces the viewer, and in pictures of what light
+    // does to a surface what they hold where there is none.
+    std::vector<Sample> blank(PictureKind kind, const IIO_Picture& sprite, const NM_MapForm& form) const
     {
         constexpr Sample kFull = 65535;
+        if (kind == PictureKind::OCCLUSION || (kind == PictureKind::GLOSS && takesRoughness(_options)))
+            return {kFull};
         if (kind != PictureKind::NORMAL_MAP)
             return std::vector<Sample>(static_cast<std::size_t>(sprite.channelCount()), 0);
         const Sample zero = form.bits == 8 ? 128 * 257 : 32768;
         return {zero, zero, kFull, form.alpha == NM_Alpha::FULL ? kFull : Sample{0}};
+    }
+
+    UT_Result<void> write(PictureKind kind, IIO_Picture picture, const QString& file, const QString& source) const
+    {
+        return writeFinished(kind, std::move(picture), file, _options, source);
     }
 
     QSize _size;
@@ -83,7 +89,7 @@ UT_Result<void> checkOptions(const NormalMapOptions& options, const OutputFiles&
         return UT_Error{QStringLiteral("--layout node is not written for sheets")};
     if (options.settings.size)
         return UT_Error{QStringLiteral("a sheet's pictures have the sheet's own size; leave out --size")};
-    for (const QString& file : {files.normalMap, files.elevation, files.lit, files.drawing})
+    for (const QString& file : files.all())
         if (!file.isEmpty() && IIO_isFloatFile(file))
             return UT_Error{QStringLiteral("%1: the pictures of a sheet are written as .png").arg(file)};
     return {};
@@ -121,20 +127,34 @@ void shareWithinAnimations(std::vector<Sprite>& sprites)
         shareForms(frames);
 }
 
-UT_Result<void> render(const Sprite& sprite, const NormalMapOptions& options, const OutputFiles& files, Pages& pages)
+// The colours of --gloss that no sprite has had so far.
+class MissingColours
 {
-    QStringList names;
-    for (const LayeredDrawing::Layer& layer : sprite.read.drawing.layers)
-        names << layer.name;
-    const auto wishes = withNumberedObjects(options.settings, names);
-    if (!wishes)
-        return wishes.error();
-    NormalMapSettings settings = options.settings;
-    static_cast<ObjectWishes&>(settings) = *wishes;
-    const auto frame = renderNormalMap(sprite.read.drawing, settings, wantedPictures(options, files));
-    if (!frame)
-        return frame.error();
-    return makePictures(*frame, options, files, [&](PictureKind kind, const QString& file, IIO_Picture picture) {
+public:
+    void add(const std::vector<QColor>& missing)
+    {
+        if (!_known)
+            _missing = missing;
+        _known = true;
+        std::erase_if(_missing,
+                      [&](const QColor& colour) { return std::ranges::find(missing, colour) == missing.end(); });
+    }
+
+    const std::vector<QColor>& missing() const { return _missing; }
+
+private:
+    bool _known = false;
+    std::vector<QColor> _missing;
+};
+
+UT_Result<void> render(const Sprite& sprite, const NormalMapOptions& options, const OutputFiles& files, Pages& pages,
+                       MissingColours& missing)
+{
+    const auto rendered = renderDrawing(sprite.read.drawing, options.settings, options, files);
+    if (!rendered)
+        return rendered.error();
+    missing.add(rendered->gloss.missing);
+    return makePictures(*rendered, options, files, [&](PictureKind kind, const QString& file, IIO_Picture picture) {
         return pages.lay(kind, file, std::move(picture), *sprite.region);
     });
 }
@@ -172,8 +192,9 @@ UT_Result<SheetResult> runSheet(const QString& page, const std::vector<SheetRegi
         return UT_Error{QStringLiteral("none of its %1 sprites shows anything").arg(all->size())};
     shareWithinAnimations(sprites);
     Pages pages(image->size(), options);
+    MissingColours missing;
     for (const Sprite& sprite : sprites) {
-        if (UT_Result<void> rendered = render(sprite, options, files, pages); !rendered)
+        if (UT_Result<void> rendered = render(sprite, options, files, pages, missing); !rendered)
             return rendered.error().at(QStringLiteral("\"%1\"").arg(sprite.region->name));
         ++result.sprites;
         if (progress)
@@ -181,5 +202,7 @@ UT_Result<SheetResult> runSheet(const QString& page, const std::vector<SheetRegi
     }
     if (UT_Result<void> written = pages.write(page); !written)
         return written.error();
+    if (const QString warning = glossWarning(missing.missing()); !warning.isEmpty())
+        result.warnings << warning;
     return result;
 }

@@ -5,15 +5,18 @@
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelNormalMap/NM_DrawingPicture.h"
+#include "QuarvelNormalMap/NM_HeightField.h"
 #include "QuarvelNormalMap/NM_Layers.h"
 #include "QuarvelNormalMap/NM_Lighting.h"
 #include "QuarvelNormalMap/NM_LinearPicture.h"
 #include "QuarvelNormalMap/NM_MapForm.h"
+#include "QuarvelNormalMap/NM_MaskPicture.h"
 #include "QuarvelNormalMap/NM_NormalPicture.h"
 #include "QuarvelNormalMap/NM_Padding.h"
 #include "QuarvelNormalMap/NM_TurnVectors.h"
 #include "jobs/page/LitPageFrames.h"
 #include "jobs/shown/LitSurface.h"
+#include "jobs/shown/SurfacePictures.h"
 #include "jobs/targets/Targets.h"
 
 #include <QFileInfo>
@@ -40,11 +43,12 @@ Made forFile(Made picture, const QString& file, const NormalMapOptions& options,
     return picture;
 }
 
-Made makeElevation(const ShownFrame& frame, const NormalMapOptions& options, const QString& file)
+Made makeElevation(const RenderedDrawing& rendered, const NormalMapOptions& options, const QString& file)
 {
     const auto samples = samplesFor(file);
     if (!samples)
         return samples.error();
+    const ShownFrame& frame = rendered.frame;
     Made picture = NM_elevationOf(*frame.picture, frame.elevationChannel(), frame.window, frame.window, *samples);
     if (picture && mapFormFor(options, file).bits == 8)
         NM_ditherTo8Bits(*picture);
@@ -54,13 +58,15 @@ Made makeElevation(const ShownFrame& frame, const NormalMapOptions& options, con
 Made makeLayers(const ShownFrame& frame, const NormalMapOptions& options, const QString& file)
 {
     const NM_YAxis yAxis = mapFormFor(options, file).yAxis;
-    return NM_layersPicture(*frame.picture, frame.window, frame.window, yAxis, true, frame.drawing.get());
+    Made layers = NM_layersPicture(*frame.picture, frame.window, frame.window, yAxis, true, frame.drawing.get());
+    return layers && options.form.objectNumbers ? withObjectNumbers(*layers, frame.objects) : std::move(layers);
 }
 
-Made makeNormalMap(const ShownFrame& frame, const NormalMapOptions& options, const QString& file)
+Made makeNormalMap(const RenderedDrawing& rendered, const NormalMapOptions& options, const QString& file)
 {
+    const ShownFrame& frame = rendered.frame;
     if (frame.kind == RenderedKind::ELEVATION && !options.nodeLayout)
-        return makeElevation(frame, options, file);
+        return makeElevation(rendered, options, file);
     if (holdsLayers(options, file))
         return makeLayers(frame, options, file);
     const auto samples = samplesFor(file);
@@ -81,20 +87,73 @@ Made makeNormalMap(const ShownFrame& frame, const NormalMapOptions& options, con
     return picture;
 }
 
-Made makeDrawing(const ShownFrame& frame, const NormalMapOptions& options, const QString& file)
+Made makeDrawing(const RenderedDrawing& rendered, const NormalMapOptions& options, const QString& file)
 {
     const auto samples = samplesFor(file);
     if (!samples)
         return samples.error();
-    return forFile(NM_drawingPicture(*frame.drawing, frame.window, *samples), file, options, false);
+    return forFile(NM_drawingPicture(*rendered.frame.drawing, rendered.frame.window, *samples), file, options, false);
 }
 
-Made makeLit(const ShownFrame& frame, const NormalMapOptions& options, const QString& file)
+Made makeLit(const RenderedDrawing& rendered, const NormalMapOptions& options, const QString& file)
 {
-    const UT_Result<NM_Surface> surface = litSurface(frame);
+    const UT_Result<NM_Surface> surface = litSurface(rendered.frame);
     if (!surface)
         return surface.error();
     return forFile(NM_litPicture(*surface, lightingOf(options.light)), file, options, true);
+}
+
+Made makeHeight(const RenderedDrawing& rendered, const NormalMapOptions&, const QString&)
+{
+    return heightPicture(rendered.frame);
+}
+
+Made makeOcclusion(const RenderedDrawing& rendered, const NormalMapOptions& options, const QString& file)
+{
+    const auto samples = samplesFor(file);
+    if (!samples)
+        return samples.error();
+    const NM_MapForm form = mapFormFor(options, file);
+    Made picture = occlusionPicture(rendered.frame, *samples, form.pad);
+    if (picture && form.bits == 8)
+        NM_ditherTo8Bits(*picture);
+    return picture;
+}
+
+Made makeNumbers(const RenderedDrawing& rendered, const NormalMapOptions& options, const QString& file)
+{
+    const auto samples = samplesFor(file);
+    if (!samples)
+        return samples.error();
+    return numbersPicture(rendered.frame, *samples, mapFormFor(options, file).bits);
+}
+
+Made makeGloss(const RenderedDrawing& rendered, const NormalMapOptions& options, const QString& file)
+{
+    const auto samples = samplesFor(file);
+    if (!samples)
+        return samples.error();
+    return NM_greyMaskPicture(*rendered.gloss.picture, rendered.frame.window, *samples, takesRoughness(options),
+                              mapFormFor(options, file).pad);
+}
+
+// Heights keep 16 bits for every program, because 8 of them are visible as steps; --bits says otherwise.
+UT_Result<void> writeHeights(IIO_Picture heights, const QString& file, const NormalMapOptions& options,
+                             const QString& drawing)
+{
+    NormalMapOptions own = options;
+    own.form.bits = options.form.bits.value_or(16);
+    if (IIO_isFloatFile(file))
+        return writePicture(std::move(heights), file, own, drawing);
+    NM_HeightRange range = NM_rangeOf(heights);
+    if (options.heightRange)
+        range = {.black = 0.0, .white = *options.heightRange};
+    Made coded = NM_codedHeights(heights, range);
+    if (!coded)
+        return coded.error();
+    if (mapFormFor(own, file).bits == 8)
+        NM_ditherTo8Bits(*coded);
+    return writePicture(std::move(*coded), file, own, drawing);
 }
 
 UT_Result<void> writeFlips(const IIO_Picture& map, const QString& file, const NormalMapOptions& options,
@@ -130,6 +189,11 @@ UT_Result<void> writePage(const ShownFrame& frame, const NormalMapOptions& optio
 
 } // namespace
 
+bool takesRoughness(const NormalMapOptions& options)
+{
+    return options.form.target && options.form.target->beside.roughness;
+}
+
 bool holdsLayers(const NormalMapOptions& options, const QString& file)
 {
     return IIO_isFloatFile(file) && !options.nodeLayout && options.form.exr == ExrContent::LAYERS;
@@ -139,28 +203,35 @@ ShownParts wantedPictures(const NormalMapOptions& options, const OutputFiles& fi
 {
     const bool layers = options.settings.generateNormals && holdsLayers(options, files.normalMap);
     const bool page = !files.page.isEmpty();
-    return {.elevation = layers || page || !files.elevation.isEmpty(),
-            .drawing = layers || page || !files.lit.isEmpty() || !files.drawing.isEmpty(),
-            .channels = options.nodeLayout};
+    const bool heights = !files.height.isEmpty() || !files.occlusion.isEmpty();
+    const bool objects = heights || !files.numbers.isEmpty() || (layers && options.form.objectNumbers);
+    return {.elevation = layers || page || heights || !files.elevation.isEmpty(),
+            .drawing = layers || page || objects || !files.lit.isEmpty() || !files.drawing.isEmpty(),
+            .channels = options.nodeLayout,
+            .objects = objects};
 }
 
-UT_Result<void> makePictures(const ShownFrame& frame, const NormalMapOptions& options, const OutputFiles& files,
+UT_Result<void> makePictures(const RenderedDrawing& rendered, const NormalMapOptions& options, const OutputFiles& files,
                              const TakePicture& take, const JobProgress& progress)
 {
     struct Work
     {
         PictureKind kind;
         const QString& file;
-        Made (*make)(const ShownFrame&, const NormalMapOptions&, const QString&);
+        Made (*make)(const RenderedDrawing&, const NormalMapOptions&, const QString&);
     };
     const Work work[] = {{PictureKind::NORMAL_MAP, files.normalMap, makeNormalMap},
                          {PictureKind::ELEVATION, files.elevation, makeElevation},
                          {PictureKind::LIT, files.lit, makeLit},
-                         {PictureKind::DRAWING, files.drawing, makeDrawing}};
+                         {PictureKind::DRAWING, files.drawing, makeDrawing},
+                         {PictureKind::HEIGHT, files.height, makeHeight},
+                         {PictureKind::OCCLUSION, files.occlusion, makeOcclusion},
+                         {PictureKind::NUMBERS, files.numbers, makeNumbers},
+                         {PictureKind::GLOSS, files.gloss, makeGloss}};
     double done = 0.0;
     for (const auto& [kind, file, make] : work) {
         if (!file.isEmpty()) {
-            Made picture = make(frame, options, file);
+            Made picture = make(rendered, options, file);
             if (!picture)
                 return picture.error();
             if (UT_Result<void> taken = take(kind, file, std::move(*picture)); !taken)
@@ -191,14 +262,26 @@ UT_Result<void> writeMap(IIO_Picture map, const QString& file, const NormalMapOp
     return writePicture(std::move(map), file, options, drawing);
 }
 
-UT_Result<void> writePictures(const ShownFrame& frame, const NormalMapOptions& options, const OutputFiles& files,
-                              const QString& drawing, const JobProgress& progress)
+UT_Result<void> writeFinished(PictureKind kind, IIO_Picture picture, const QString& file,
+                              const NormalMapOptions& options, const QString& drawing)
+{
+    switch (kind) {
+    case PictureKind::NORMAL_MAP:
+        return writeMap(std::move(picture), file, options, drawing);
+    case PictureKind::HEIGHT:
+        return writeHeights(std::move(picture), file, options, drawing);
+    default:
+        return writePicture(std::move(picture), file, options, drawing);
+    }
+}
+
+UT_Result<void> writePictures(const RenderedDrawing& rendered, const NormalMapOptions& options,
+                              const OutputFiles& files, const QString& drawing, const JobProgress& progress)
 {
     const auto write = [&](PictureKind kind, const QString& file, IIO_Picture picture) {
-        return kind == PictureKind::NORMAL_MAP ? writeMap(std::move(picture), file, options, drawing)
-                                               : writePicture(std::move(picture), file, options, drawing);
+        return writeFinished(kind, std::move(picture), file, options, drawing);
     };
-    if (UT_Result<void> made = makePictures(frame, options, files, write, progress); !made)
+    if (UT_Result<void> made = makePictures(rendered, options, files, write, progress); !made)
         return made;
-    return files.page.isEmpty() ? UT_Result<void>() : writePage(frame, options, files.page, drawing);
+    return files.page.isEmpty() ? UT_Result<void>() : writePage(rendered.frame, options, files.page, drawing);
 }

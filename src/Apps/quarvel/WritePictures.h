@@ -6,6 +6,7 @@
 #include "NormalMapOptions.h"
 #include "OutputFiles.h"
 #include "QuarvelImageIO/IIO_Picture.h"
+#include "RenderedDrawing.h"
 #include "jobs/drawing/NormalMapJob.h"
 
 #include <functional>
@@ -16,7 +17,11 @@ enum class PictureKind
     NORMAL_MAP,
     ELEVATION,
     LIT,
-    DRAWING
+    DRAWING,
+    HEIGHT, ///< floats until it is written, because the range of a file of integers follows from the whole picture
+    OCCLUSION,
+    NUMBERS,
+    GLOSS
 };
 
 /// Takes a picture that was made for a file.
@@ -25,13 +30,16 @@ using TakePicture = std::function<UT_Result<void>(PictureKind kind, const QStrin
 /// Whether a file of a normal map holds the drawing, with the vectors in layers of their own.
 bool holdsLayers(const NormalMapOptions& options, const QString& file);
 
+/// Whether masks of gloss are written as roughness.
+bool takesRoughness(const NormalMapOptions& options);
+
 /// What the files need rendered.
 ShownParts wantedPictures(const NormalMapOptions& options, const OutputFiles& files);
 
 /// Makes the pictures of the files that have a name, one after the other.
 ///
 /// @param progress told after each
-UT_Result<void> makePictures(const ShownFrame& frame, const NormalMapOptions& options, const OutputFiles& files,
+UT_Result<void> makePictures(const RenderedDrawing& rendered, const NormalMapOptions& options, const OutputFiles& files,
                              const TakePicture& take, const JobProgress& progress = {});
 
 /// Writes a picture, whole or not at all.
@@ -43,6 +51,10 @@ UT_Result<void> writePicture(IIO_Picture picture, const QString& file, const Nor
 /// The same for a normal map, with those for mirrored sprites where the options want them.
 UT_Result<void> writeMap(IIO_Picture map, const QString& file, const NormalMapOptions& options, const QString& drawing);
 
+/// Writes a picture of this kind, with what belongs to it.
+UT_Result<void> writeFinished(PictureKind kind, IIO_Picture picture, const QString& file,
+                              const NormalMapOptions& options, const QString& drawing);
+
 /// Makes and writes the pictures and the page. Each file appears whole or not at all.
-UT_Result<void> writePictures(const ShownFrame& frame, const NormalMapOptions& options, const OutputFiles& files,
-                              const QString& drawing, const JobProgress& progress);
+UT_Result<void> writePictures(const RenderedDrawing& rendered, const NormalMapOptions& options,
+                              const OutputFiles& files, const QString& drawing, const JobProgress& progress);

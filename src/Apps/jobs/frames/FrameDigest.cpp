@@ -80,11 +80,14 @@ void writeSettings(const RenderFramesSettings& settings, Bytes& out)
     const auto& [format, resolution, margins] = settings.parameters;
     out << format << resolution.first << resolution.second << static_cast<int>(settings.content);
     out << margins.left << margins.top << margins.right << margins.bottom;
-    const auto& [source, shown, layout, form, elevation, floatFile, floatRender, half, exr, scene, node] =
+    out << settings.heights.black << settings.heights.white << settings.roughness << settings.gloss.others;
+    for (const auto& [colour, gloss] : settings.gloss.colours)
+        out << colour.rgb() << gloss;
+    const auto& [source, shown, layout, form, elevation, floatFile, floatRender, half, exr, numbers, scene, node] =
         settings.picture;
     const auto& [yAxis, alpha, bits, pad] = form;
     out << static_cast<int>(source) << static_cast<int>(shown) << static_cast<int>(layout) << elevation << floatFile
-        << floatRender << half << static_cast<int>(exr);
+        << floatRender << half << static_cast<int>(exr) << numbers;
     out << static_cast<int>(yAxis) << static_cast<int>(alpha) << bits << pad;
 }
 

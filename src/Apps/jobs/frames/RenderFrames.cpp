@@ -10,6 +10,7 @@
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 #include "jobs/frames/FrameDigest.h"
 #include "jobs/frames/FrameOnDisk.h"
+#include "jobs/frames/SurfaceFrames.h"
 #include "jobs/limits/JobLimits.h"
 #include "jobs/shown/LitSurface.h"
 #include "jobs/shown/SceneLighting.h"
@@ -63,6 +64,7 @@ public:
         : _shown(shown)
         , _settings(settings)
         , _watcher(watcher)
+        , _surfaces(shown, settings)
         , _digests(digestsOf(shown.module(), settings))
         , _shots(shotsOf(_digests))
         , _done(settings.frames.size(), 0.0)
@@ -159,6 +161,8 @@ private:
         };
         if (_settings.content == FrameContent::DRAWING)
             return drawingPicture(number, goOn);
+        if (SurfaceFrames::makes(_settings.content))
+            return _surfaces.render(number, goOn);
         const bool isLit = _settings.content == FrameContent::LIT;
         const ShownParts parts = isLit ? ShownParts{.drawing = true} : partsOf(_settings.picture);
         const auto frame = _shown.render(number, _settings.parameters, parts, goOn);
@@ -166,7 +170,8 @@ private:
             return frame.error();
         if (isLit)
             return litPicture(*frame, number);
-        return framePicture(*frame->picture, frame->drawing.get(), frame->window, _settings.picture, number);
+        return framePicture(*frame->picture, frame->drawing.get(), frame->window, _settings.picture, number,
+                            &frame->objects);
     }
 
     UT_Result<IIO_Picture> litPicture(const ShownFrame& frame, int number) const
@@ -193,6 +198,8 @@ private:
 
     IIO_Metadata metadataOf(int number) const
     {
+        if (SurfaceFrames::makes(_settings.content))
+            return _surfaces.metadata(number);
         IIO_Metadata metadata = frameMetadata(_settings.picture, number);
         if (_settings.content != FrameContent::LIT)
             return metadata;
@@ -240,6 +247,7 @@ private:
     const ShownModule& _shown;
     const RenderFramesSettings& _settings;
     const RenderFramesWatcher& _watcher;
+    const SurfaceFrames _surfaces;
     const std::vector<QByteArray> _digests; ///< by the frame's index in the settings
     const std::vector<Shot> _shots;
     std::atomic<std::size_t> _next = 0;

@@ -5,10 +5,12 @@
 // rendered once. If a frame fails, the others are still rendered.
 #pragma once
 
+#include "QuarvelNormalMap/NM_HeightField.h"
 #include "QuarvelNormalMap/NM_Lighting.h"
 #include "QuarvelSceneCore/interfaces/RD_RenderParameters.h"
 #include "jobs/frames/FrameFileName.h"
 #include "jobs/shown/FramePicture.h"
+#include "jobs/shown/GlossDrawing.h"
 #include "jobs/shown/ShownFrame.h"
 
 #include <functional>
@@ -18,9 +20,13 @@
 /// What the files of a run hold.
 enum class FrameContent
 {
-    PICTURE, ///< the module's picture, as FramePictureSettings says
-    LIT,     ///< the drawing in light (16 bits, sRGB)
-    DRAWING  ///< the drawing that the module works on, as FramePictureSettings writes colours
+    PICTURE,   ///< the module's picture, as FramePictureSettings says
+    LIT,       ///< the drawing in light (16 bits, sRGB)
+    DRAWING,   ///< the drawing that the module works on, as FramePictureSettings writes colours
+    HEIGHT,    ///< how high each pixel lies (jobs/shown/SurfacePictures.h)
+    OCCLUSION, ///< how much light of all sides reaches it
+    NUMBERS,   ///< the number of its object
+    GLOSS      ///< the gloss of the drawing's colours (jobs/shown/GlossDrawing.h)
 };
 
 /// What is rendered, and how.
@@ -33,6 +39,9 @@ struct RenderFramesSettings
     std::optional<NM_LightingSettings> lighting; ///< for lit frames; nothing: the scene's own
     /// What the files of lit frames say of the light.
     QString lightNote = QStringLiteral("of the scene");
+    NM_HeightRange heights; ///< that files of integers with heights hold
+    GlossSettings gloss;
+    bool roughness = false; ///< files hold 1 - gloss
     FrameFileName file;
     int atOnce = 1; ///< the largest number of frames that are rendered at the same time
     /// Whether to skip frames whose file is complete and contains the frame's digest.

@@ -4,12 +4,11 @@
 #include "jobs/sheets/SheetPictures.h"
 
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
+#include "QuarvelImageIO/IIO_Samples.h"
 
 #include <algorithm>
 
 namespace {
-
-using Sample = std::uint16_t;
 
 template<typename Pixel>
 void copySprite(const QImage& page, const SheetRegion& region, QImage& sprite)
@@ -20,6 +19,36 @@ void copySprite(const QImage& page, const SheetRegion& region, QImage& sprite)
         for (int x = 0; x < size.width(); ++x) {
             const QPoint from = region.onPage(x, y);
             row[x] = reinterpret_cast<const Pixel*>(page.constScanLine(from.y()))[from.x()];
+        }
+    }
+}
+
+template<typename Sample>
+void fillPage(IIO_Picture& page, std::span<const std::uint16_t> pixel)
+{
+    for (int y = 0; y < page.height(); ++y) {
+        auto target = page.row<Sample>(y).begin();
+        for (int x = 0; x < page.width(); ++x)
+            target = std::ranges::transform(pixel, target, [](std::uint16_t code) {
+                         if constexpr (std::is_same_v<Sample, float>)
+                             return IIO_toSampleFloat(code);
+                         else
+                             return code;
+                     }).out;
+    }
+}
+
+template<typename Sample>
+void layOnto(const IIO_Picture& sprite, const SheetRegion& region, IIO_Picture& page)
+{
+    const QSize size = region.trimmed();
+    const auto channels = std::ptrdiff_t{sprite.channelCount()};
+    for (int y = 0; y < size.height(); ++y) {
+        const auto row = sprite.row<Sample>(sprite.dataWindow().y1 + region.offset.y() + y);
+        auto from = row.begin() + region.offset.x() * channels;
+        for (int x = 0; x < size.width(); ++x, from += channels) {
+            const QPoint to = region.onPage(x, y);
+            std::copy_n(from, channels, page.row<Sample>(to.y()).begin() + to.x() * channels);
         }
     }
 }
@@ -46,30 +75,23 @@ bool isTransparent(const QImage& image)
     return true;
 }
 
-UT_Result<IIO_Picture> emptyPage(const IIO_Picture& like, const QSize& size, std::span<const Sample> pixel)
+UT_Result<IIO_Picture> emptyPage(const IIO_Picture& like, const QSize& size, std::span<const std::uint16_t> pixel)
 {
-    auto page = IIO_Picture::create(IIO_SampleType::UINT16, {size.width(), size.height()}, like.channels());
+    auto page = IIO_Picture::create(like.sampleType(), {size.width(), size.height()}, like.channels());
     if (!page)
         return page;
     page->metadata() = like.metadata();
-    for (int y = 0; y < size.height(); ++y) {
-        auto target = page->row<Sample>(y).begin();
-        for (int x = 0; x < size.width(); ++x)
-            target = std::ranges::copy(pixel, target).out;
-    }
+    if (like.sampleType() == IIO_SampleType::UINT16)
+        fillPage<std::uint16_t>(*page, pixel);
+    else
+        fillPage<float>(*page, pixel);
     return page;
 }
 
 void layOntoPage(const IIO_Picture& sprite, const SheetRegion& region, IIO_Picture& page)
 {
-    const QSize size = region.trimmed();
-    const auto channels = std::ptrdiff_t{sprite.channelCount()};
-    for (int y = 0; y < size.height(); ++y) {
-        const auto row = sprite.row<Sample>(sprite.dataWindow().y1 + region.offset.y() + y);
-        auto from = row.begin() + region.offset.x() * channels;
-        for (int x = 0; x < size.width(); ++x, from += channels) {
-            const QPoint to = region.onPage(x, y);
-            std::copy_n(from, channels, page.row<Sample>(to.y()).begin() + to.x() * channels);
-        }
-    }
+    if (sprite.sampleType() == IIO_SampleType::UINT16)
+        layOnto<std::uint16_t>(sprite, region, page);
+    else
+        layOnto<float>(sprite, region, page);
 }

@@ -16,9 +16,9 @@ QImage spriteOf(const QImage& page, const SheetRegion& region);
 /// Whether all pixels of an image are transparent.
 bool isTransparent(const QImage& image);
 
-/// Makes a page of 16-bit samples with the channels and the metadata of a picture and equal pixels.
+/// Makes a page with the type, the channels and the metadata of a picture and equal pixels.
 ///
-/// @param pixel the samples of each pixel, as many as the picture has channels
+/// @param pixel the samples of each pixel, as many as the picture has channels; 0 .. 65535 stands for 0.0 .. 1.0
 UT_Result<IIO_Picture> emptyPage(const IIO_Picture& like, const QSize& size, std::span<const std::uint16_t> pixel);
 
 /// Copies the picture of a sprite to the sprite's place on the page, trimmed and turned. Does not turn vectors

@@ -10,6 +10,8 @@
 #include "QuarvelNormalMap/NM_NormalPicture.h"
 #include "QuarvelNormalMap/NM_Padding.h"
 
+#include "jobs/shown/SurfacePictures.h"
+
 #include <QStringList>
 
 namespace {
@@ -85,6 +87,12 @@ bool needsDrawing(const FramePictureSettings& settings)
     return settings.source == RenderedKind::NORMALS && settings.shown == RenderedKind::NORMALS && asLayers(settings);
 }
 
+QString layersEncoding(const FramePictureSettings& settings)
+{
+    const QString layers = NM_layersEncoding(needsDrawing(settings), settings.elevation);
+    return settings.objectNumbers && needsDrawing(settings) ? withObjectNumbers(layers) : layers;
+}
+
 IIO_Metadata normalsMetadata(const FramePictureSettings& settings)
 {
     if (settings.layout == NM_Layout::NODE || asLayers(settings))
@@ -142,7 +150,9 @@ FramePictureSettings drawingPictureSettings(FramePictureSettings settings, const
 ShownParts partsOf(const FramePictureSettings& settings)
 {
     const bool asTheyAre = settings.shown == RenderedKind::COLOURS || settings.layout == NM_Layout::NODE;
-    return {.elevation = settings.elevation, .drawing = needsDrawing(settings), .channels = asTheyAre};
+    const bool objects = settings.objectNumbers && needsDrawing(settings);
+    return {
+        .elevation = settings.elevation, .drawing = needsDrawing(settings), .channels = asTheyAre, .objects = objects};
 }
 
 IIO_Metadata frameMetadata(const FramePictureSettings& settings, int frame)
@@ -150,7 +160,7 @@ IIO_Metadata frameMetadata(const FramePictureSettings& settings, int frame)
     IIO_Metadata metadata =
         settings.shown == RenderedKind::NORMALS ? normalsMetadata(settings) : NM_metadataOf(layoutText(settings));
     if (settings.shown == RenderedKind::NORMALS && asLayers(settings))
-        metadata.set(QStringLiteral("Encoding"), NM_layersEncoding(needsDrawing(settings), settings.elevation));
+        metadata.set(QStringLiteral("Encoding"), layersEncoding(settings));
     if (settings.shown == RenderedKind::COLOURS && settings.floatFile)
         metadata.set(QStringLiteral("Encoding"), QStringLiteral("linear, multiplied by coverage"));
     metadata.set(QStringLiteral("Scene"), settings.scene);
@@ -161,9 +171,14 @@ IIO_Metadata frameMetadata(const FramePictureSettings& settings, int frame)
 }
 
 UT_Result<IIO_Picture> framePicture(const CEL_PixmapArea& pixmap, const CEL_PixmapArea* drawing,
-                                    const Math::Box2di& window, const FramePictureSettings& settings, int frame)
+                                    const Math::Box2di& window, const FramePictureSettings& settings, int frame,
+                                    const ObjectPlane* objects)
 {
     UT_Result<IIO_Picture> picture = pictureOf(pixmap, drawing, window, settings);
+    if (!picture)
+        return picture;
+    if (objects && settings.objectNumbers && needsDrawing(settings))
+        picture = withObjectNumbers(*picture, *objects);
     if (!picture)
         return picture;
     finish(*picture, settings);

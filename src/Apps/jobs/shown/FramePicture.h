@@ -36,8 +36,9 @@ struct FramePictureSettings
     bool floatRender = false; ///< recorded in the metadata
     bool half = false;        ///< 16-bit floats in OpenEXR files
     ExrContent exr = ExrContent::LAYERS;
-    QString scene; ///< the scene's name, recorded in the file's metadata
-    QString node;  ///< the node's name, recorded too
+    bool objectNumbers = false; ///< layers contain the object numbers
+    QString scene;              ///< the scene's name, recorded in the file's metadata
+    QString node;               ///< the node's name, recorded too
 };
 
 /// Whether the node must put the elevation into blue for these pictures.
@@ -59,5 +60,7 @@ IIO_Metadata frameMetadata(const FramePictureSettings& settings, int frame);
 /// @param pixmap the rendered pixels
 /// @param drawing the drawing that belongs to it, with associated colours, or null
 /// @param window  the frame's rectangle in the pixmaps' coordinates
+/// @param objects the object of each pixel, or null if the settings say no objectNumbers
 UT_Result<IIO_Picture> framePicture(const CEL_PixmapArea& pixmap, const CEL_PixmapArea* drawing,
-                                    const Math::Box2di& window, const FramePictureSettings& settings, int frame);
+                                    const Math::Box2di& window, const FramePictureSettings& settings, int frame,
+                                    const ObjectPlane* objects = nullptr);

@@ -7,6 +7,7 @@
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
+#include "QuarvelSceneCore/graph/MO_SceneCommon.h"
 
 #include <QLocale>
 #include <QStringList>
@@ -171,6 +172,23 @@ AT_DoubleAttr* NormalMapNode::bevelMultiplier() const
 AT_DoubleAttr* NormalMapNode::elevationMultiplier() const
 {
     return dynamic_cast<AT_DoubleAttr*>(_module->findAttr(kElevationMultiplier));
+}
+
+std::map<int, double> NormalMapNode::rises(double frame) const
+{
+    const double factor = riseFactor(frame);
+    std::map<int, double> rises;
+    for (const NormalMapObject& object : objects())
+        rises[object.number] = object.elevation * factor;
+    return rises;
+}
+
+double NormalMapNode::riseFactor(double frame) const
+{
+    const AT_DoubleAttr* const multiplier = elevationMultiplier();
+    const MO_SceneCommon* const scene = _module->sceneCommon();
+    const double truck = scene && usesTruckFactor() ? scene->truckFactor(frame) : 1.0;
+    return kRiseOfElevation * (multiplier ? multiplier->value(frame) : 1.0) * truck;
 }
 
 void NormalMapNode::scaleElevations(double factor) const

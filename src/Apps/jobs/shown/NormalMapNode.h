@@ -10,6 +10,7 @@
 #include "QuarvelCommand/CO_Command.h"
 #include "QuarvelSceneCore/graph/MO_Module.h"
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -49,6 +50,9 @@ struct NormalMapValues
     bool clipBlurredWithGeometry = true;
     bool useTruckFactor = false;
 };
+
+/// The height of the highest place of an object of elevation 1, in units of which the picture is 720 wide.
+inline constexpr double kRiseOfElevation = 37.5;
 
 /// A handle on a module of this kind; the module must outlive it.
 class NormalMapNode
@@ -96,6 +100,11 @@ public:
     /// of another kind.
     AT_DoubleAttr* bevelMultiplier() const;
     AT_DoubleAttr* elevationMultiplier() const;
+    /// The heights of the highest places of all objects of the table at a frame, in units of which the picture is 720
+    /// wide, by their numbers.
+    std::map<int, double> rises(double frame) const;
+    /// The factor from elevations of the table to these heights.
+    double riseFactor(double frame) const;
     /// Multiplies the elevation of every object.
     void scaleElevations(double factor) const;
     /// Whether the node clips the blur at the drawing's outline (attribute ClipBlurredWithGeometry).

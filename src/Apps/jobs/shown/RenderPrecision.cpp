@@ -22,8 +22,6 @@ namespace {
 
 constexpr double kGrain = 30000.0; // square pixels
 constexpr int kMostFrames = 200;
-// The node's height for elevation 1, in scene units.
-constexpr double kUnitHeight = 37.5;
 
 // The largest factor by which the multipliers enlarge bevel times height at any examined frame.
 double largestMultiplier(const NormalMapNode& node)
@@ -47,7 +45,7 @@ double widestRise(const NormalMapNode& node)
 {
     double widest = 0.0;
     for (const NormalMapObject& object : node.objects())
-        widest = std::max(widest, object.bevel * std::abs(object.elevation) * kUnitHeight);
+        widest = std::max(widest, object.bevel * std::abs(object.elevation) * kRiseOfElevation);
     return widest * largestMultiplier(node);
 }
 

@@ -84,9 +84,10 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
     } else if (wanted.drawing || repairs) {
         const auto rest = part(progress, kNodeEnds, 1.0);
         const bool isKnown = wanted.knownDrawing && !wanted.drawing;
-        auto painted = isKnown         ? UT_Result<UT_SharedPtr<CEL_PixmapArea>>(wanted.knownDrawing)
-                       : wanted.inputs ? paintAndNote(frame, parameters, made.inputs, rest)
-                                       : renderModule(*drawing()->module, frame, parameters, rest);
+        const bool isNoted = wanted.inputs || wanted.objects;
+        auto painted = isKnown   ? UT_Result<UT_SharedPtr<CEL_PixmapArea>>(wanted.knownDrawing)
+                       : isNoted ? paintAndNote(frame, parameters, wanted, made, rest)
+                                 : renderModule(*drawing()->module, frame, parameters, rest);
         if (!painted)
             return painted.error();
         if (repairs)
@@ -164,7 +165,7 @@ std::shared_ptr<const ShownModule::Copy> ShownModule::changed(const Change& chan
 
 // All stand-ins of the copy record into one list, so frames are painted one at a time.
 UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::paintAndNote(double frame, const RD_RenderParameters& parameters,
-                                                                  ShownInputs& inputs,
+                                                                  const ShownParts& wanted, ShownFrame& made,
                                                                   const RD_SoftRenderer::Progress& progress) const
 {
     const std::scoped_lock lock(_notingMutex);
@@ -172,9 +173,14 @@ UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::paintAndNote(double frame, 
         _noting = copy();
         _noting.module = &showDrawings(*_noting.scene, *_noting.module, &_noted);
     }
-    _noted.clear();
+    _noted = {.inputs = {}, .wantsObjects = wanted.objects, .objects = {}};
     auto painted = renderModule(*_noting.module, frame, parameters, progress);
-    inputs = std::exchange(_noted, {});
+    DrawingNotes notes = std::exchange(_noted, {});
+    made.inputs = std::move(notes.inputs);
+    made.objects = std::move(notes.objects);
+    for (MO_Module* const node : _source.nodes)
+        made.objects.setRises(node->instanceName(), NormalMapNode(*node).rises(frame),
+                              made.window.width() / MO_SceneCommon::kFrameWidth);
     return painted;
 }
 

@@ -21,6 +21,7 @@
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 #include "jobs/shown/InputCoverage.h"
 #include "jobs/shown/RenderedKind.h"
+#include "jobs/shown/VisibleDrawing.h"
 
 #include <map>
 #include <memory>
@@ -37,7 +38,8 @@ struct ShownParts
     /// The module's channels as its attributes define them, in the format of the parameters. If they are wanted, the
     /// picture has this format too; else it is rendered in float where 16 bits would leave grain (RenderPrecision.h).
     bool channels = false;
-    bool inputs = false; ///< the coverage of each input of the nodes; needs drawing
+    bool inputs = false;  ///< the coverage of each input of the nodes; needs drawing
+    bool objects = false; ///< the object of each pixel; needs drawing
     /// The drawing of this frame in this size, where an earlier render made it: where only its coverage is needed, it
     /// is not painted again. Null if there is none.
     UT_SharedPtr<CEL_PixmapArea> knownDrawing = nullptr;
@@ -53,6 +55,7 @@ struct ShownFrame
     UT_SharedPtr<CEL_PixmapArea> channels;
     UT_SharedPtr<CEL_PixmapArea> drawing; ///< associated colours
     ShownInputs inputs;
+    ObjectPlane objects;
 
     /// The channel of `picture` that holds the elevation.
     NM_ElevationChannel elevationChannel() const
@@ -122,7 +125,7 @@ private:
     std::shared_ptr<const Copy> drawing() const;
     Copy copy() const;
     UT_Result<UT_SharedPtr<CEL_PixmapArea>> paintAndNote(double frame, const RD_RenderParameters& parameters,
-                                                         ShownInputs& inputs,
+                                                         const ShownParts& wanted, ShownFrame& made,
                                                          const RD_SoftRenderer::Progress& progress) const;
 
     MO_Module& _module;
@@ -132,6 +135,6 @@ private:
     mutable std::map<Change, std::shared_ptr<const Copy>> _changed;
     mutable std::shared_ptr<const Copy> _drawing;
     mutable std::mutex _notingMutex;
-    mutable Copy _noting;       // protected by _notingMutex
-    mutable ShownInputs _noted; // protected by _notingMutex
+    mutable Copy _noting;        // protected by _notingMutex
+    mutable DrawingNotes _noted; // protected by _notingMutex
 };

@@ -70,7 +70,7 @@ class Painter final : public MO_CompositeModuleBitmapHandler
 {
 public:
     Painter(MO_Module* module, const RD_RenderJob& job, double frame,
-            const std::vector<node_render::PortRenderInfo>& ports, const QString& node, ShownInputs* inputs)
+            const std::vector<node_render::PortRenderInfo>& ports, const QString& node, DrawingNotes* notes)
         : MO_CompositeModuleBitmapHandler({module,
                                            job.parameters().celFormat() == CEL_FORMAT_RGBAFLOAT,
                                            job.parameters().celFormat() == CEL_FORMAT_RGBA16,
@@ -80,7 +80,7 @@ public:
         , _frame(frame)
         , _window(job.frame())
         , _node(node)
-        , _inputs(inputs)
+        , _notes(notes)
     {}
 
     void softRender(MO_SoftContext& context, int port) override
@@ -100,8 +100,11 @@ protected:
         const auto shape = pixels->pixmap();
         if (!shape)
             return;
-        if (_inputs)
-            _inputs->push_back({_node, _port, number, CoverageBits(*shape, _window)});
+        if (_notes) {
+            _notes->inputs.push_back({_node, _port, number, CoverageBits(*shape, _window)});
+            if (_notes->wantsObjects)
+                _notes->objects.paint(*shape, _node, number);
+        }
         if (number == 0 && _painted)
             CEL_cutOut(*shape, *_painted->pixmap());
         else if (number > 0 && !_painted)
@@ -127,7 +130,7 @@ private:
     double _frame;
     Math::Box2di _window;
     QString _node;
-    ShownInputs* _inputs;
+    DrawingNotes* _notes;
     int _port = 0;
     CA_CelRef _painted;
 };
@@ -136,7 +139,7 @@ private:
 class VisibleInputs final : public MO_CompositeModuleBase
 {
 public:
-    VisibleInputs(MO_Module& node, ShownInputs* inputs) : _node(&node), _inputs(inputs)
+    VisibleInputs(MO_Module& node, DrawingNotes* notes) : _node(&node), _notes(notes)
     {
         setEnabled(node.enabled());
         addInImagePort();
@@ -157,12 +160,12 @@ public:
                               const std::vector<node_render::PortRenderInfo>& ports) override
     {
         return UT_makeShared<Painter>(this, context.renderJob(), context.globalFrameKey().frame, ports,
-                                      _node->instanceName(), _inputs);
+                                      _node->instanceName(), _notes);
     }
 
 private:
     MO_Module* _node;
-    ShownInputs* _inputs;
+    DrawingNotes* _notes;
 };
 
 bool endsTheWalk(const MO_Module& module)
@@ -170,9 +173,9 @@ bool endsTheWalk(const MO_Module& module)
     return NormalMapNode::is(module) || dynamic_cast<const VisibleInputs*>(&module) != nullptr;
 }
 
-VisibleInputs& replace(MO_Module& node, ShownInputs* noted)
+VisibleInputs& replace(MO_Module& node, DrawingNotes* notes)
 {
-    auto& inputs = node.group()->emplace<VisibleInputs>(node, noted);
+    auto& inputs = node.group()->emplace<VisibleInputs>(node, notes);
     for (unsigned i = 0; i < node.nInPorts(); ++i)
         if (const MO_Port* const source = node.inPort(i)->srcPort(); source && source->module())
             (void)MO_Scene::connect(*source->module(), inputs, i, source->index());
@@ -196,7 +199,7 @@ int objectNumberBehind(const MO_Port& input, double frame)
     return numberBehind(source ? source->module() : nullptr, frame);
 }
 
-MO_Module& showDrawings(MO_Scene& scene, MO_Module& shown, ShownInputs* inputs)
+MO_Module& showDrawings(MO_Scene& scene, MO_Module& shown, DrawingNotes* notes)
 {
     std::vector<MO_Module*> nodes;
     scene.root().forEachModule([&](MO_Module& module) {
@@ -205,7 +208,7 @@ MO_Module& showDrawings(MO_Scene& scene, MO_Module& shown, ShownInputs* inputs)
     });
     MO_Module* result = &shown;
     for (MO_Module* const node : nodes) {
-        VisibleInputs& standIn = replace(*node, inputs);
+        VisibleInputs& standIn = replace(*node, notes);
         if (node == &shown)
             result = &standIn;
     }

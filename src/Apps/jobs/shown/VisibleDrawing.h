@@ -18,8 +18,17 @@
 
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "jobs/shown/InputCoverage.h"
+#include "jobs/shown/ObjectPlane.h"
 
 class ObjectDefinition;
+
+/// What is noted of the inputs while they are painted.
+struct DrawingNotes
+{
+    ShownInputs inputs;
+    bool wantsObjects = false;
+    ObjectPlane objects; ///< only if wanted
+};
 
 /// The number of the object that an input of a node shows at a frame according to the graph: 1 or more, 0 for a
 /// cut-out, -1 for none. (The messages of drawings may differ from it where several are joined or disabled.)
@@ -33,7 +42,6 @@ ObjectDefinition* objectDefinitionBehind(const MO_Port& input);
 /// to theirs. Use it only on copies of scenes that are not saved.
 ///
 /// @param shown a module of the scene
-/// @param inputs if not null, every render appends the coverage of each input to it; then only one frame may be
-/// rendered at a time
+/// @param notes if not null, every render adds each input to them; then only one frame may be rendered at a time
 /// @return the module to render for the drawing that belongs to the picture of `shown`
-MO_Module& showDrawings(MO_Scene& scene, MO_Module& shown, ShownInputs* inputs = nullptr);
+MO_Module& showDrawings(MO_Scene& scene, MO_Module& shown, DrawingNotes* notes = nullptr);

@@ -17,17 +17,17 @@ constexpr auto COVERAGE = NM_Alpha::COVERAGE;
 
 // Padding: engines that make mipmaps, or draw sprites reduced in size, mix pixels from farther away.
 constexpr Target kTargets[] = {
-    {"blender", "Blender", {UP, FULL, 16, 4}, "_n", "png", true},
-    {"compositor", "compositors", {UP, COVERAGE, 16, 0}, "_n", "exr", true},
-    {"gltf", "glTF", {UP, FULL, 8, 8}, "_normal", "png", true},
-    {"godot", "Godot 4", {UP, FULL, 8, 8}, "_n", "png", true},
-    {"godot3", "Godot 3", {DOWN, FULL, 8, 8}, "_n", "png", true},
-    {"melonjs", "melonJS", {UP, FULL, 8, 4}, "_n", "png", false},
-    {"phaser", "Phaser", {UP, FULL, 8, 4}, "_n", "png", false},
-    {"pixi", "PixiJS", {UP, FULL, 8, 4}, "_n", "png", false},
-    {"three", "three.js", {UP, FULL, 8, 8}, "_normal", "png", true},
-    {"unity", "Unity", {UP, FULL, 8, 8}, "_n", "png", true},
-    {"unreal", "Unreal Engine", {DOWN, FULL, 8, 8}, "_N", "png", true},
+    {"blender", "Blender", {UP, FULL, 16, 4}, "_n", "png", true, {"_height", "_ao", "_roughness", true}},
+    {"compositor", "compositors", {UP, COVERAGE, 16, 0}, "_n", "exr", true, {}},
+    {"gltf", "glTF", {UP, FULL, 8, 8}, "_normal", "png", true, {"_height", "_occlusion", "_roughness", true}},
+    {"godot", "Godot 4", {UP, FULL, 8, 8}, "_n", "png", true, {"_height", "_ao", "_specular"}},
+    {"godot3", "Godot 3", {DOWN, FULL, 8, 8}, "_n", "png", true, {"_height", "_ao", "_specular"}},
+    {"melonjs", "melonJS", {UP, FULL, 8, 4}, "_n", "png", false, {"_height", "_ao", "_specular"}},
+    {"phaser", "Phaser", {UP, FULL, 8, 4}, "_n", "png", false, {"_height", "_ao", "_specular"}},
+    {"pixi", "PixiJS", {UP, FULL, 8, 4}, "_n", "png", false, {"_height", "_ao", "_specular"}},
+    {"three", "three.js", {UP, FULL, 8, 8}, "_normal", "png", true, {"_height", "_ao", "_roughness", true}},
+    {"unity", "Unity", {UP, FULL, 8, 8}, "_n", "png", true, {"_height", "_ao", "_mask"}},
+    {"unreal", "Unreal Engine", {DOWN, FULL, 8, 8}, "_N", "png", true, {"_H", "_AO", "_R", true}},
 };
 
 QString pixels(int count)

@@ -9,6 +9,15 @@
 
 #include <span>
 
+/// What is added to a drawing's name for the names of the pictures beside its map, and what a mask of gloss holds.
+struct TargetCompanions
+{
+    const char* height = "_height";
+    const char* occlusion = "_ao";
+    const char* gloss = "_gloss";
+    bool roughness = false; ///< it takes 1 - gloss
+};
+
 /// A program, or a kind of programs, that takes normal maps.
 struct Target
 {
@@ -18,6 +27,7 @@ struct Target
     const char* suffix; ///< what is added to the drawing's name for the map's name
     const char* ending; ///< the suffix of the map's file: png or exr
     bool takesCoverage; ///< it lights maps correctly whose alpha is the coverage
+    TargetCompanions beside = {};
 
     QString titleText() const { return QString::fromUtf8(title); }
     QString suffixText() const { return QString::fromLatin1(suffix); }

@@ -1,0 +1,23 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// What the pictures of one drawing, or of one sprite of a sheet, are made of.
+#pragma once
+
+#include "NormalMapOptions.h"
+#include "OutputFiles.h"
+#include "jobs/drawing/GlossJob.h"
+#include "jobs/drawing/NormalMapJob.h"
+
+/// A drawing that was rendered.
+struct RenderedDrawing
+{
+    ShownFrame frame;
+    RenderedGloss gloss; ///< without a picture if no file needs it
+};
+
+/// Renders what the files need.
+///
+/// @param settings those of the options, or changed ones; objects that are named get their numbers here
+UT_Result<RenderedDrawing> renderDrawing(const LayeredDrawing& drawing, const NormalMapSettings& settings,
+                                         const NormalMapOptions& options, const OutputFiles& files,
+                                         const JobProgress& progress = {});
