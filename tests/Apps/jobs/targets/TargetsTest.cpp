@@ -19,14 +19,15 @@ const Target& named(const char* name)
     return *targetNamed(QString::fromLatin1(name)).value();
 }
 
-// The cells of the row in docs/targets.md that begins with the target's name.
-QStringList documentedRow(const Target& target)
+// The cells of a row in docs/targets.md that begins with the target's name: the first such row says what a map is like,
+// the second what goes beside it.
+QStringList documentedRow(const Target& target, int which = 0)
 {
     QFile file(QStringLiteral(DOCS "/targets.md"));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     const QString begin = QStringLiteral("| `%1` |").arg(QLatin1String(target.name));
     for (const QString& line : QString::fromUtf8(file.readAll()).split(QLatin1Char('\n')))
-        if (line.startsWith(begin)) {
+        if (line.startsWith(begin) && which-- == 0) {
             QStringList cells = line.split(QLatin1Char('|')).sliced(1);
             for (QString& cell : cells)
                 cell = cell.trimmed().remove(QLatin1Char('`'));
@@ -82,5 +83,18 @@ TEST(Targets, StandInTheDocumentsAsInTheTable)
         EXPECT_EQ(row[5], QString::number(target.form.pad)) << target.name;
         EXPECT_EQ(row[6], "NAME" + target.suffixText() + "." + target.endingText()) << target.name;
         EXPECT_FALSE(row[7].isEmpty()) << target.name << ": how it was verified";
+    }
+}
+
+TEST(Targets, NamesOfWhatGoesBesideTheMapAreDocumented)
+{
+    for (const Target& target : targets()) {
+        const QStringList row = documentedRow(target, 1);
+        ASSERT_GE(row.size(), 5) << target.name;
+        EXPECT_EQ(row[1], QStringLiteral("NAME") + QLatin1String(target.beside.height)) << target.name;
+        EXPECT_EQ(row[2], QStringLiteral("NAME") + QLatin1String(target.beside.occlusion)) << target.name;
+        EXPECT_EQ(row[3], QStringLiteral("NAME") + QLatin1String(target.beside.gloss)) << target.name;
+        EXPECT_EQ(row[4], target.beside.roughness ? QStringLiteral("roughness") : QStringLiteral("gloss"))
+            << target.name;
     }
 }
