@@ -6,6 +6,7 @@
 #include "form/choice/FewParts.h"
 #include "form/choice/Islands.h"
 #include "form/choice/LayerAssembly.h"
+#include "form/lines/LineDrawing.h"
 
 #include <algorithm>
 #include <map>
@@ -60,8 +61,10 @@ ChosenObjects chooseOfShapes(const DIO_Drawing& drawing, ObjectChoice choice)
         return believed(drawing);
     const Grid grid = gridFor(drawing);
     const bool everyOne = choice == ObjectChoice::SHAPES;
-    const DIO_Drawing shapes = everyOne ? drawing : splitIntoIslands(drawing, grid);
-    const std::vector<ShapeFacts> facts = collectFacts(shapes, grid);
+    DIO_Drawing shapes = everyOne ? drawing : splitIntoIslands(drawing, grid);
+    std::vector<ShapeFacts> facts = collectFacts(shapes, grid);
+    if (!everyOne)
+        fillBetweenLines(shapes, facts, grid);
     const FoundParts parts = everyOne ? everyShape(facts, grid) : fewerParts(findParts(facts, grid));
     return parts.parts.empty() ? believed(drawing) : assembleLayers(shapes, facts, parts, grid);
 }

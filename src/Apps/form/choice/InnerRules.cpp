@@ -113,11 +113,31 @@ Verdict judgeOtherHue(const InnerShape& inner)
     return mark("a long shape of another hue");
 }
 
+// An area of a line drawing inside a larger one: all have the paper's colour, so form and place decide.
+Verdict judgeClosedArea(const InnerShape& inner)
+{
+    const ShapeFacts& shape = inner.shape;
+    if (isSmall(inner))
+        return mark("a small mark");
+    if (inner.concentric)
+        return mark("a smaller copy of what it lies on");
+    if (inner.follows > kFollowing)
+        return mark("a pattern: it follows the outline of what it lies on");
+    if (isThin(inner))
+        return mark("a thin mark");
+    if (isRectangle(shape) && inner.siblings > 0)
+        return object("one of several windows", ObjectRole::OPENING);
+    return shape.roundness > 0.4 && shape.elongation() < 8.0 ? object("a compact area inside lines")
+                                                             : mark("a long area inside lines");
+}
+
 } // namespace
 
 Verdict judgeInner(const InnerShape& inner)
 {
     const ShapeFacts& shape = inner.shape;
+    if (shape.closedArea)
+        return judgeClosedArea(inner);
     if (shape.opacity < kSolid)
         return mark("a shadow or a shine");
     if (isSmall(inner))

@@ -22,6 +22,7 @@ struct ShapeFacts
     int paint = 0;
     bool plain = true; ///< painted in one colour, so that equal paints look equal
     double opacity = 1.0;
+    bool closedArea = false; ///< the paper between the lines of a line drawing
 
     /// The ratio of length to width; about 1.8 for a disc.
     double elongation() const { return width > 0.0 ? area / (width * width) : 0.0; }

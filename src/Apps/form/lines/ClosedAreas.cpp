@@ -1,0 +1,203 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Cells that are farther from all lines than half of a gap form the areas' cores. The cores grow over the free cells,
+// so that two areas meet in the middle of a gap, and then over the lines, so that they meet in the middle of a line.
+#include "form/lines/ClosedAreas.h"
+
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
+#include "form/bitmap/pixels/ConnectedPixels.h"
+#include "form/bitmap/pixels/PixelDistances.h"
+#include "form/lines/AreaOutline.h"
+#include "form/raster/Grid.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr int kCells = 640;              // along the longer side
+constexpr int kLeastCoverage = 24;       // of 255, so that hairlines have no gaps
+constexpr double kHalfGap = 0.006;       // of the longer side
+constexpr double kSmallest = 0.0006;     // of the picture
+constexpr double kLargestOpening = 0.42; // of an area's outline: the most that may lie on the picture's border
+constexpr double kMostLeft = 0.15;       // of the enclosed cells that lie in areas without form, as in a pattern
+constexpr std::size_t kMostAreas = 120;
+constexpr int kOutside = 0;
+
+PixelPlane<char> cellsOfLines(std::span<const DIO_Shape* const> lines, const Grid& grid)
+{
+    QImage image = GR_newImage(grid.bounds().size(), QImage::Format_Alpha8);
+    image.fill(0);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setTransform(grid.toCells());
+    for (const DIO_Shape* line : lines) {
+        painter.setClipping(false);
+        if (line->clip)
+            painter.setClipPath(*line->clip);
+        painter.fillPath(line->path, Qt::white);
+    }
+    painter.end();
+    PixelPlane<char> cells(grid.width, grid.height, 0);
+    for (int y = 0; y < grid.height; ++y) {
+        const uchar* const row = image.constScanLine(y);
+        for (int x = 0; x < grid.width; ++x)
+            cells.at(x, y) = row[x] >= kLeastCoverage ? 1 : 0;
+    }
+    return cells;
+}
+
+// The areas that lines and gaps separate, numbered; kNoLabel on lines and in areas narrower than a gap.
+PixelPlane<int> separateAreas(const PixelPlane<char>& lines, const Grid& grid)
+{
+    PixelPlane<int> free(grid.width, grid.height, kNoLabel);
+    PixelPlane<char> open(grid.width, grid.height, 0);
+    for (int i = 0; i < lines.count(); ++i) {
+        free[i] = lines[i] ? kNoLabel : 0;
+        open[i] = lines[i] ? 0 : 1;
+    }
+    const PixelPlane<int> depths = depthsInside(free);
+    const int far = static_cast<int>(kPixelStep * kHalfGap * grid.longSide());
+    PixelPlane<char> cores(grid.width, grid.height, 0);
+    for (int i = 0; i < lines.count(); ++i)
+        cores[i] = depths[i] > far ? 1 : 0;
+    return grown(connectedPartsOf(cores).labels, open).labels;
+}
+
+// What decides whether an area is closed. Lengths are in edges of cells.
+struct Enclosure
+{
+    int cells = 0;
+    int outline = 0;              // without the picture's border
+    std::array<int, 4> borders{}; // along the picture's left, top, right and bottom border
+
+    bool isClosed() const
+    {
+        const auto touched = std::ranges::count_if(borders, [](int edges) { return edges > 0; });
+        const int border = borders[0] + borders[1] + borders[2] + borders[3];
+        return touched == 0 || (touched == 1 && border < kLargestOpening * (border + outline));
+    }
+};
+
+std::vector<Enclosure> enclosuresOf(const PixelPlane<int>& areas)
+{
+    std::vector<Enclosure> found;
+    for (int y = 0; y < areas.height(); ++y)
+        for (int x = 0; x < areas.width(); ++x) {
+            const int area = areas.at(x, y);
+            if (area < 0)
+                continue;
+            if (found.size() <= static_cast<std::size_t>(area))
+                found.resize(static_cast<std::size_t>(area) + 1);
+            Enclosure& own = found[static_cast<std::size_t>(area)];
+            ++own.cells;
+            forEachNeighbour(areas, x, y, [&](int other) { own.outline += areas[other] != area ? 1 : 0; });
+            own.borders[0] += x == 0 ? 1 : 0;
+            own.borders[1] += y == 0 ? 1 : 0;
+            own.borders[2] += x == areas.width() - 1 ? 1 : 0;
+            own.borders[3] += y == areas.height() - 1 ? 1 : 0;
+        }
+    return found;
+}
+
+// Makes all areas that are not closed one area, kOutside, and numbers the others from 1; returns their number.
+int joinOutside(PixelPlane<int>& areas)
+{
+    std::vector<int> numbers;
+    int count = 0;
+    for (const Enclosure& area : enclosuresOf(areas))
+        numbers.push_back(area.isClosed() ? ++count : kOutside);
+    for (int i = 0; i < areas.count(); ++i)
+        if (areas[i] >= 0)
+            areas[i] = numbers[static_cast<std::size_t>(areas[i])];
+    return count;
+}
+
+// The cells between lines that are too close to each other for an area.
+int cellsInNarrowAreas(const PixelPlane<int>& areas, const PixelPlane<char>& lines)
+{
+    int cells = 0;
+    for (int i = 0; i < areas.count(); ++i)
+        cells += areas[i] < 0 && !lines[i] ? 1 : 0;
+    return cells;
+}
+
+// The cells of each area; the box of an area without cells is empty.
+std::vector<CellMask> masksOf(const PixelPlane<int>& areas, int count)
+{
+    std::vector<QRect> boxes(static_cast<std::size_t>(count) + 1);
+    const auto place = [&](int i) { return QRect(i % areas.width(), i / areas.width(), 1, 1); };
+    for (int i = 0; i < areas.count(); ++i)
+        if (areas[i] > kOutside)
+            boxes[static_cast<std::size_t>(areas[i])] |= place(i);
+    std::vector<CellMask> masks(boxes.begin() + 1, boxes.end());
+    for (int i = 0; i < areas.count(); ++i)
+        if (areas[i] > kOutside)
+            masks[static_cast<std::size_t>(areas[i]) - 1].set(place(i).x(), place(i).y());
+    return masks;
+}
+
+// The largest connected part of a mask.
+CellMask largestPart(const CellMask& mask)
+{
+    const QRect& box = mask.box();
+    PixelPlane<char> covered(box.width(), box.height(), 0);
+    mask.forEach([&](int x, int y) { covered.at(x - box.left(), y - box.top()) = 1; });
+    const ConnectedParts parts = connectedPartsOf(covered);
+    const auto largest = static_cast<int>(std::ranges::max_element(parts.pixels) - parts.pixels.begin());
+    CellMask part(box);
+    mask.forEach([&](int x, int y) { part.set(x, y, parts.labels.at(x - box.left(), y - box.top()) == largest); });
+    return part;
+}
+
+// The mask with what it surrounds.
+CellMask withoutHoles(const CellMask& mask)
+{
+    const QRect box = mask.box().adjusted(-1, -1, 1, 1);
+    PixelPlane<char> uncovered(box.width(), box.height(), 1);
+    mask.forEach([&](int x, int y) { uncovered.at(x - box.left(), y - box.top()) = 0; });
+    const PixelPlane<int> parts = connectedPartsOf(uncovered).labels;
+    const int around = parts.at(0, 0);
+    CellMask filled(mask.box());
+    for (int y = mask.box().top(); y <= mask.box().bottom(); ++y)
+        for (int x = mask.box().left(); x <= mask.box().right(); ++x)
+            filled.set(x, y, parts.at(x - box.left(), y - box.top()) != around);
+    return filled;
+}
+
+} // namespace
+
+std::vector<QPainterPath> closedAreas(std::span<const DIO_Shape* const> lines, const QRectF& frame)
+{
+    const Grid grid = Grid::over(frame, kCells);
+    const PixelPlane<char> inked = cellsOfLines(lines, grid);
+    PixelPlane<int> areas = separateAreas(inked, grid);
+    const int count = joinOutside(areas);
+    int left = cellsInNarrowAreas(areas, inked);
+    areas = grown(areas, PixelPlane<char>(grid.width, grid.height, 1)).labels;
+
+    const double least = kSmallest * grid.width * grid.height;
+    int enclosed = 0;
+    std::vector<std::pair<int, CellMask>> large; // area, mask
+    for (const CellMask& mask : masksOf(areas, count)) {
+        const int cells = mask.area();
+        (cells > least ? enclosed : left) += cells;
+        if (cells > least)
+            large.emplace_back(0, withoutHoles(largestPart(mask)));
+    }
+    if (left > kMostLeft * (enclosed + left))
+        return {};
+    for (auto& [cells, mask] : large)
+        cells = mask.area();
+    std::ranges::stable_sort(large, std::greater(), [](const auto& one) { return one.first; });
+    large.resize(std::min(large.size(), kMostAreas));
+
+    const QTransform toDrawing = grid.toCells().inverted();
+    std::vector<QPainterPath> outlines;
+    for (const auto& [cells, mask] : large)
+        outlines.push_back(toDrawing.map(outlineOf(mask)));
+    return outlines;
+}
