@@ -71,6 +71,16 @@ ChosenObjects chooseOfShapes(const DIO_Drawing& drawing, ObjectChoice choice)
 
 } // namespace
 
+QString ChosenObjects::warning() const
+{
+    const auto flat = static_cast<std::size_t>(std::ranges::count(objects, ObjectRole::FLAT, &ChosenObject::role));
+    const bool hasBackdrop = flat > 0 && flat < objects.size();
+    if (!drawing.opaqueEdge || hasBackdrop)
+        return {};
+    return QStringLiteral("the picture is opaque up to its borders, so nothing in it has an outline; make its "
+                          "background transparent if it has one");
+}
+
 DIO_Grouping groupingFor(ObjectChoice choice)
 {
     switch (choice) {

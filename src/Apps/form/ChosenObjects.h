@@ -42,6 +42,9 @@ struct ChosenObject
 /// A drawing in objects.
 struct ChosenObjects
 {
+    /// Says that an opaque bitmap shows nothing in front of a backdrop; empty for other drawings.
+    QString warning() const;
+
     DIO_Drawing drawing;               ///< its layers are the objects, bottom up
     std::vector<ChosenObject> objects; ///< one for every layer, in their order
 };

@@ -150,11 +150,8 @@ UT_Result<DIO_Drawing> DIO_readBitmap(const QString& path)
     DIO_Drawing drawing = DIO_bitmapDrawing(*image, DIO_nameWithoutNumber(path));
     drawing.name = QFileInfo(path).completeBaseName();
     drawing.warnings = warnings;
-    if (hasOpaqueEdge(*image))
-        drawing.warnings.append(
-            QStringLiteral("the picture is opaque up to its borders, so nothing in it has an outline; "
-                           "make its background transparent if it has one"));
-    else if (showsNothing(*image))
+    drawing.opaqueEdge = hasOpaqueEdge(*image);
+    if (showsNothing(*image))
         drawing.warnings.append(QStringLiteral("the picture is transparent everywhere: nothing in it shows"));
     return drawing;
 }

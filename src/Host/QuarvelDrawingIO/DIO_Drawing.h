@@ -67,6 +67,7 @@ struct DIO_Drawing
     QRectF viewBox;                 ///< the picture's part of the plane; as wide to high as the size is
     std::vector<DIO_Layer> layers;  ///< bottom up
     std::vector<DIO_Paint> palette; ///< each paint once, in the order of first use
+    bool opaqueEdge = false;        ///< a bitmap that is opaque up to its borders
     QStringList warnings;           ///< what was left out or simplified, a line each, for people to read
 };
 

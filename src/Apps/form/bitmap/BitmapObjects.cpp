@@ -3,7 +3,9 @@
 // Runs the steps in their order and puts the result together.
 #include "form/bitmap/BitmapObjects.h"
 
+#include "form/bitmap/pictures/Backdrop.h"
 #include "form/bitmap/pictures/FrameContinuation.h"
+#include "form/bitmap/pictures/LineArt.h"
 #include "form/bitmap/regions/BitmapRoles.h"
 #include "form/bitmap/regions/RegionMerging.h"
 
@@ -76,6 +78,22 @@ public:
         _chosen.objects.push_back(std::move(object));
     }
 
+    // The whole bitmap, flat, beneath what stands in front of its backdrop.
+    void addBackdrop(const CutOut& cut)
+    {
+        const int index = paintOf(cut.backdrop);
+        ChosenObject object;
+        object.name = _names.next(SeenColour::of(QColor::fromRgb(cut.backdrop)));
+        object.reason = QStringLiteral("the backdrop");
+        object.role = ObjectRole::FLAT;
+        object.colours = {_chosen.drawing.palette[static_cast<std::size_t>(index)].name};
+        object.share = cut.share;
+        DIO_Shape shape = _shape;
+        shape.paint = index;
+        _chosen.drawing.layers.push_back({object.name, false, {shape}});
+        _chosen.objects.push_back(std::move(object));
+    }
+
     ChosenObjects take() { return std::move(_chosen); }
 
 private:
@@ -136,7 +154,12 @@ bool isBitmap(const DIO_Drawing& drawing)
 
 ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing)
 {
-    const QImage& bitmap = drawing.layers.front().shapes.front().picture;
+    const std::optional<CutOut> cut = cutFromBackdrop(drawing.layers.front().shapes.front().picture);
+    const QImage& original = drawing.layers.front().shapes.front().picture;
+    const QImage& foreground = cut ? cut->foreground : original;
+    const std::optional<QImage> filled =
+        filledLineArt(foreground, cut ? cut->backdrop : qRgb(255, 255, 255), cut ? original : QImage());
+    const QImage& bitmap = filled ? *filled : foreground;
     const OwnPicture own = ownPictureOf(bitmap);
     const BitmapRegions regions = bitmapRegionsOf(own.colours);
     RegionGraph graph(regions, own.colours);
@@ -151,7 +174,9 @@ ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing)
     const std::vector<ObjectLabels> parts = objectLabels(regions, graph, stacking, roles);
     std::vector<ObjectPicture> pictures = objectPictures(bitmap, own, labels, parts);
 
-    Assembly assembly(drawing, parts.size() == 1);
+    Assembly assembly(drawing, parts.size() == 1 && !cut && !filled);
+    if (cut)
+        assembly.addBackdrop(*cut);
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const Region& region = graph.region(parts[i].label);
         endAtFrame(pictures[i], frame);

@@ -2,7 +2,9 @@
 //
 // BitmapObjects: finds the objects that a bitmap, such as a sprite, shows. The steps, each in its own file:
 //
-//     QImage ──► OwnPicture         one cell for each drawn pixel, or a reduced picture
+//     QImage ──► Backdrop           what stands in front of plain paper is cut out
+//            ──► LineArt            the areas inside drawn lines become paper
+//            ──► OwnPicture         one cell for each drawn pixel, or a reduced picture
 //            ──► BitmapRegions      areas of colour; lines and edges belong to the nearest area
 //            ──► RegionGraph        measurements of the regions and of the seams between them
 //            ──► RegionMerging      shading and marks join their body

@@ -27,7 +27,7 @@ constexpr double kMostLeft = 0.15;       // of the enclosed cells that lie in ar
 constexpr std::size_t kMostAreas = 120;
 constexpr int kOutside = 0;
 
-PixelPlane<char> cellsOfLines(std::span<const DIO_Shape* const> lines, const Grid& grid)
+QImage paintedLines(std::span<const DIO_Shape* const> lines, const Grid& grid)
 {
     QImage image = GR_newImage(grid.bounds().size(), QImage::Format_Alpha8);
     image.fill(0);
@@ -40,7 +40,11 @@ PixelPlane<char> cellsOfLines(std::span<const DIO_Shape* const> lines, const Gri
             painter.setClipPath(*line->clip);
         painter.fillPath(line->path, Qt::white);
     }
-    painter.end();
+    return image;
+}
+
+PixelPlane<char> cellsOfLines(const QImage& image, const Grid& grid)
+{
     PixelPlane<char> cells(grid.width, grid.height, 0);
     for (int y = 0; y < grid.height; ++y) {
         const uchar* const row = image.constScanLine(y);
@@ -168,11 +172,9 @@ CellMask withoutHoles(const CellMask& mask)
     return filled;
 }
 
-} // namespace
-
-std::vector<QPainterPath> closedAreas(std::span<const DIO_Shape* const> lines, const QRectF& frame)
+// @param lines a picture of the grid's size
+std::vector<QPainterPath> areasBetween(const QImage& lines, const Grid& grid)
 {
-    const Grid grid = Grid::over(frame, kCells);
     const PixelPlane<char> inked = cellsOfLines(lines, grid);
     PixelPlane<int> areas = separateAreas(inked, grid);
     const int count = joinOutside(areas);
@@ -200,4 +202,22 @@ std::vector<QPainterPath> closedAreas(std::span<const DIO_Shape* const> lines, c
     for (const auto& [cells, mask] : large)
         outlines.push_back(toDrawing.map(outlineOf(mask)));
     return outlines;
+}
+
+} // namespace
+
+std::vector<QPainterPath> closedAreas(std::span<const DIO_Shape* const> lines, const QRectF& frame)
+{
+    const Grid grid = Grid::over(frame, kCells);
+    return areasBetween(paintedLines(lines, grid), grid);
+}
+
+std::vector<QPainterPath> closedAreas(const QImage& lines)
+{
+    const Grid grid = Grid::over(QRectF(lines.rect()), std::min(kCells, std::max(lines.width(), lines.height())));
+    const QSize size = grid.bounds().size();
+    return areasBetween(lines.size() == size ? lines
+                                             : lines.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                                                   .convertToFormat(QImage::Format_Alpha8),
+                        grid);
 }

@@ -7,6 +7,7 @@
 
 #include "QuarvelDrawingIO/DIO_Drawing.h"
 
+#include <QImage>
 #include <QPainterPath>
 
 #include <span>
@@ -20,3 +21,8 @@
 /// @param lines the shapes that are lines
 /// @param frame the picture, not empty
 std::vector<QPainterPath> closedAreas(std::span<const DIO_Shape* const> lines, const QRectF& frame);
+
+/// The same for lines in a bitmap.
+///
+/// @param lines Alpha8: how much of each pixel lines cover
+std::vector<QPainterPath> closedAreas(const QImage& lines);

@@ -29,6 +29,8 @@ ReadDrawing chosenDrawing(const DIO_Drawing& drawing, const FormSettings& form, 
     read.drawing.frame = drawing.viewBox;
     read.drawing.size = drawing.size;
     ChosenObjects chosen = chooseObjects(drawing, form.objects);
+    if (const QString warning = chosen.warning(); !warning.isEmpty())
+        read.warnings.append(warning);
     // From the chosen drawing, because the objects of a bitmap get paints of their own.
     read.drawing.palette = DIO_toPalette(chosen.drawing);
     const std::vector<ObjectForm> forms = chooseForms(chosen, form);

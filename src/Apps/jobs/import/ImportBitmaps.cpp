@@ -75,6 +75,7 @@ public:
         const UT_Result<DIO_Drawing> drawing = read(frame, layers);
         if (!drawing)
             return drawing.error();
+        warnOf({*drawing, {}});
         _builder.addFrame(frame, *drawing);
         return {};
     }
@@ -85,7 +86,9 @@ public:
         const UT_Result<DIO_Drawing> drawing = read(frame, layers);
         if (!drawing)
             return drawing.error();
-        _builder.addFrame(frame, chooseObjects(*drawing, objects));
+        const ChosenObjects chosen = chooseObjects(*drawing, objects);
+        warnOf(chosen);
+        _builder.addFrame(frame, chosen);
         return {};
     }
 
@@ -113,6 +116,15 @@ private:
         return drawing;
     }
 
+    void warnOf(const ChosenObjects& chosen)
+    {
+        const QString warning = chosen.warning();
+        if (warning.isEmpty() || _opaque.contains(_latest))
+            return;
+        _warnings.add(_latest, {warning});
+        _opaque.insert(_latest);
+    }
+
     UT_Result<void> addLayer(DIO_Drawing& drawing, BitmapLayer& layer, const QString& file)
     {
         UT_Result<DIO_Drawing> read = readOnce(file);
@@ -124,6 +136,8 @@ private:
         }
         if (read->size != _size)
             read->warnings.append(QStringLiteral("its size differs from that of %1, which counts").arg(_sizedBy));
+        drawing.opaqueEdge = drawing.opaqueEdge || read->opaqueEdge;
+        _latest = file;
         if (!_warned.contains(file))
             _warnings.add(file, read->warnings);
         _warned.insert(file);
@@ -150,7 +164,9 @@ private:
 
     SequenceBuilder _builder;
     RepeatedWarnings _warnings;
+    QString _latest; // the file that was read last
     QSet<QString> _warned;
+    QSet<QString> _opaque; // the files that were said to be opaque
     QHash<QString, DIO_Drawing> _kept;
     QSizeF _size;
     QString _sizedBy;

@@ -1,0 +1,131 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// In a line drawing every pixel is the paper's, dark, or a mixture of both at the edge of a line. A grey pixel among
+// equal ones is not at an edge, but in a painted area.
+#include "form/bitmap/pictures/LineArt.h"
+
+#include "form/bitmap/pixels/MixedColours.h"
+#include "form/lines/ClosedAreas.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int kDark = 96;         // luma of 255
+constexpr int kLightPaper = 190;  // luma of 255
+constexpr double kPainted = 0.03; // of the covered pixels: more of other colours make it a painted drawing
+constexpr double kEdge = 0.2;     // a mixture with at least this share of either colour
+constexpr double kEnclosed = 1.5; // the largest enclosed area, as a multiple of the lines' area, at the least
+
+// The mean colour of the dark pixels; nothing if there are none.
+std::optional<QRgb> inkOf(const QImage& image)
+{
+    qint64 red = 0;
+    qint64 green = 0;
+    qint64 blue = 0;
+    qint64 count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* const row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(row[x]) < 128 || qGray(row[x]) >= kDark)
+                continue;
+            red += qRed(row[x]);
+            green += qGreen(row[x]);
+            blue += qBlue(row[x]);
+            ++count;
+        }
+    }
+    if (count == 0)
+        return std::nullopt;
+    return qRgb(static_cast<int>(red / count), static_cast<int>(green / count), static_cast<int>(blue / count));
+}
+
+bool isAmongEqual(const QImage& image, int x, int y)
+{
+    const QRgb pixel = image.pixel(x, y);
+    for (int i = 0; i < 9; ++i) {
+        const QPoint other(x - 1 + i % 3, y - 1 + i / 3);
+        if (image.valid(other) && (qAlpha(image.pixel(other)) < 255 || !areAlike(image.pixel(other), pixel)))
+            return false;
+    }
+    return true;
+}
+
+// How much of each pixel lines cover; null if there is more than lines.
+QImage linesOf(const QImage& image, QRgb paper, QRgb ink)
+{
+    QImage lines(image.size(), QImage::Format_Alpha8);
+    qint64 covered = 0;
+    qint64 painted = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* const row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        uchar* const line = lines.scanLine(y);
+        for (int x = 0; x < image.width(); ++x) {
+            const int alpha = qAlpha(row[x]);
+            // A dark pixel counts as ink in whatever shade.
+            const std::optional<double> share =
+                alpha == 0 ? std::optional(0.0)
+                           : (qGray(row[x]) < kDark ? std::optional(1.0) : mixedShare(row[x], paper, ink));
+            const double ofInk = std::clamp(share.value_or(0.0), 0.0, 1.0);
+            line[x] = static_cast<uchar>(std::lround(alpha * ofInk));
+            covered += alpha > 0 ? 1 : 0;
+            const bool mixed = ofInk > kEdge && ofInk < 1.0 - kEdge;
+            painted += !share || (mixed && isAmongEqual(image, x, y)) ? 1 : 0;
+        }
+    }
+    return static_cast<double>(painted) > kPainted * static_cast<double>(covered) ? QImage() : lines;
+}
+
+double areaOfLines(const QImage& lines)
+{
+    qint64 sum = 0;
+    for (int y = 0; y < lines.height(); ++y)
+        for (int x = 0; x < lines.width(); ++x)
+            sum += lines.constScanLine(y)[x];
+    return static_cast<double>(sum) / 255.0;
+}
+
+QImage paintedAreas(const std::vector<QPainterPath>& areas, const QSize& size)
+{
+    QImage mask(size, QImage::Format_Alpha8);
+    mask.fill(0);
+    QPainter painter(&mask);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (const QPainterPath& area : areas)
+        painter.fillPath(area, Qt::white);
+    return mask;
+}
+
+} // namespace
+
+std::optional<QImage> filledLineArt(const QImage& bitmap, QRgb paper, const QImage& background)
+{
+    const QImage image = bitmap.convertToFormat(QImage::Format_ARGB32);
+    const std::optional<QRgb> ink = inkOf(image);
+    if (!ink || qGray(paper) < kLightPaper)
+        return std::nullopt;
+    const QImage lines = linesOf(image, paper, *ink);
+    if (lines.isNull())
+        return std::nullopt;
+    const std::vector<QPainterPath> areas = closedAreas(lines);
+    if (areas.empty())
+        return std::nullopt;
+    if (areaOfLines(paintedAreas({areas.front()}, lines.size())) < kEnclosed * areaOfLines(lines))
+        return std::nullopt;
+
+    QImage sheet(bitmap.size(), bitmap.format());
+    sheet.fill(QColor::fromRgb(paper));
+    if (!background.isNull())
+        sheet = background;
+    QImage fill = sheet.convertToFormat(QImage::Format_RGBA64_Premultiplied);
+    QPainter painter(&fill);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+    painter.drawImage(0, 0, paintedAreas(areas, bitmap.size()));
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.drawImage(0, 0, bitmap);
+    painter.end();
+    return fill.convertToFormat(bitmap.format());
+}
