@@ -8,7 +8,7 @@
 #include "jobs/shown/ShownFrame.h"
 
 /// The parts of a frame that these pictures are made of.
-inline constexpr ShownParts surfaceParts()
+inline ShownParts surfaceParts()
 {
     return {.elevation = true, .drawing = true, .objects = true};
 }

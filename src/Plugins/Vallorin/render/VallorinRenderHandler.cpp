@@ -1,8 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The render: inputs are kept as they arrive; at the end the ports are composed one after the other. An object is built
-// when the first of its ports is composed, and its memory goes to the next one after the last of them. Merging its
-// inputs earlier would give the same accumulator, but all accumulators would exist beside all inputs then.
+// The render: inputs are merged as they arrive; at the end the ports are composed one after the other. An object is built
+// when the first of its ports is composed, and its memory goes to the next one after the last of them.
 #include "render/VallorinRenderHandler.h"
 
 #include "ObjectDefinition/ObjectDefinition.h"
@@ -46,10 +45,9 @@ void mergeInto(CEL_PixmapArea& accumulator, const CEL_PixmapArea& input)
     });
 }
 
-bool isAccumulated(const CEL_PixmapArea& input)
+bool isRenderFormat(int format)
 {
-    const bool isRenderFormat = input.format() == CEL_FORMAT_RGBA16 || input.format() == CEL_FORMAT_RGBAFLOAT;
-    return isRenderFormat && input.size().width >= 1 && input.size().height >= 1;
+    return format == CEL_FORMAT_RGBA16 || format == CEL_FORMAT_RGBAFLOAT;
 }
 
 } // namespace
@@ -85,7 +83,7 @@ void VallorinRenderHandler::acceptInputCel(const MO_SoftContext& context, CA_Cel
     if (!input || objectId < 0)
         return;
     if (objectId != kCutOut)
-        openAccumulator(context, objectId, *input);
+        accumulate(context, objectId, *input);
     // Nobody else holds what was made by a conversion, so it needs no copy.
     inputPixmaps[currentInput] = converted.get() == cel.get() ? input->clone() : input;
 }
@@ -105,18 +103,14 @@ int VallorinRenderHandler::currentObjectId() const
     return index < portObjectIds.size() ? portObjectIds[index] : kNoObject;
 }
 
-void VallorinRenderHandler::openAccumulator(const MO_SoftContext& context, int objectId, const CEL_PixmapArea& input)
+void VallorinRenderHandler::accumulate(const MO_SoftContext& context, int objectId, const CEL_PixmapArea& input)
 {
     UT_SharedPtr<CEL_PixmapArea>& accumulator = objectAccumulators[objectId];
-    if (!accumulator && isAccumulated(input))
+    if (!isRenderFormat(input.format()) || input.size().width < 1 || input.size().height < 1)
+        return;
+    if (!accumulator)
         accumulator = CEL_PixmapFactory::create2d(context.mainCelFormat2d(), input.size(), context.outputRect());
-}
-
-void VallorinRenderHandler::accumulate(const std::vector<int>& ports, CEL_PixmapArea& accumulator) const
-{
-    for (const int port : ports)
-        if (const CEL_PixmapArea& input = *inputPixmaps.at(port); isAccumulated(input))
-            mergeInto(accumulator, input);
+    mergeInto(*accumulator, input);
 }
 
 std::map<int, std::vector<int>> VallorinRenderHandler::portsOfObjects() const
@@ -166,7 +160,6 @@ ObjectVolume VallorinRenderHandler::buildVolume(const MO_SoftContext& context,
     const auto accumulator = objectAccumulators.find(objectId);
     if (first == end || accumulator == objectAccumulators.end() || !accumulator->second)
         return {};
-    accumulate(ports, *accumulator->second);
     const double truckFactor = useTruckFactor ? context.portContext(0).truckFactor() : 1.0;
     const Math::Box2di covered = coveredBy(ports);
     ObjectVolume volume;

@@ -36,7 +36,7 @@ public:
     void softRender(MO_SoftContext& context, int port) override;
 
     int currentInput = 0;           ///< the port whose cel is being delivered
-    PixmapMap objectAccumulators;   ///< object number to its inputs merged, from its first input to its volume
+    PixmapMap objectAccumulators;   ///< object number to all of its inputs merged, until its volume is built
     std::vector<int> portObjectIds; ///< object number of each port: -1 ignored, 0 a cut-out, 1 and above a volume
     PixmapMap inputPixmaps;         ///< port to its input in the render's format, until it is composed
     std::map<int, std::pair<float, float>> elevationRanges; ///< object number to the offset and scale of its elevation
@@ -63,12 +63,10 @@ private:
 
     void takeMessage(const CEL_Cel& cel);
     int currentObjectId() const;
-    void openAccumulator(const MO_SoftContext& context, int objectId, const CEL_PixmapArea& input);
+    void accumulate(const MO_SoftContext& context, int objectId, const CEL_PixmapArea& input);
     /// The ports of each object, in ascending order, by the object's number.
     std::map<int, std::vector<int>> portsOfObjects() const;
     Math::Box2di coveredBy(const std::vector<int>& ports) const;
-    /// Merges the inputs of these ports into an object's accumulator.
-    void accumulate(const std::vector<int>& ports, CEL_PixmapArea& accumulator) const;
     /// Builds the volume of an object as its records say; of several, the last one counts.
     ObjectVolume buildVolume(const MO_SoftContext& context, const UT_SharedPtr<CEL_PixmapArea>& reference, int objectId,
                              const std::vector<int>& ports, const ObjectRecords& records);

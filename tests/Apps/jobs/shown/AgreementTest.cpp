@@ -118,7 +118,7 @@ protected:
         OutputFiles files;
         files.normalMap = file + QStringLiteral("_n.png");
         files.lit = file + QStringLiteral("_lit.png");
-        const auto rendered = renderNormalMap(drawing, options.settings, wantedPictures(options, files));
+        const auto rendered = renderDrawing(drawing, options.settings, options, files);
         EXPECT_TRUE(rendered) << rendered.error().text.toStdString();
         const auto written = writePictures(*rendered, options, files, file, {});
         EXPECT_TRUE(written) << written.error().text.toStdString();

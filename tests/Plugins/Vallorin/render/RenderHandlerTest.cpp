@@ -174,6 +174,18 @@ TEST_F(RenderHandlerFloat, InputsAreConvertedToTheFormatOfTheRender)
     EXPECT_EQ(finish(*handler)->at(3, 3).a, 1.0F);
 }
 
+TEST_F(RenderHandler, InputsAreMergedAsTheyArrive)
+{
+    const auto handler = make(2, "1:0");
+    deliver(*handler, tagged(covering(16384), 1));
+    const auto merged = [&] {
+        return dynamic_cast<const CEL_PixmapAreaRGBA16&>(*handler->objectAccumulators.at(1)).at(3, 3).a;
+    };
+    EXPECT_EQ(merged(), 16384);
+    deliver(*handler, tagged(covering(32767), 1));
+    EXPECT_EQ(merged(), 32767);
+}
+
 TEST_F(RenderHandler, CutOutsNeverAccumulateAndOnlyCutAlpha)
 {
     const auto handler = make(2, "1:0");
