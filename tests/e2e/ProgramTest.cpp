@@ -185,6 +185,27 @@ TEST_F(Program, TakesSeveralDrawingsAndDoesTheRestWhenOneFails)
     EXPECT_THAT(outcome.messages, AllOf(HasSubstr("b.svg"), HasSubstr("missing.svg"), Not(HasSubstr("a.svg"))));
 }
 
+TEST_F(Program, MakesTheSameOfManyDrawingsHoweverManyAtOnce)
+{
+    QString drawings;
+    for (int i = 0; i < 12; ++i) {
+        const QString name = QStringLiteral("d%1.svg").arg(i);
+        write(name.toUtf8(), i == 5 ? "this is no drawing" : kTwoLayers);
+        drawings += QLatin1Char(' ') + name;
+    }
+    const Outcome one = quarvel("normalmap --jobs 1 -o one" + drawings);
+    const Outcome four = quarvel("normalmap --jobs 4 -o four" + drawings);
+    EXPECT_EQ(one.exitCode, 1);
+    EXPECT_EQ(four.exitCode, 1);
+    EXPECT_EQ(four.messages, one.messages);
+    EXPECT_EQ(four.text().replace("four/", "one/").toStdString(), one.output);
+    for (const int i : {0, 1, 4, 6, 11}) {
+        const QByteArray name = QStringLiteral("/d%1_n.png").arg(i).toUtf8();
+        EXPECT_EQ(bytes(("four" + name).constData()), bytes(("one" + name).constData())) << i;
+    }
+    EXPECT_EQ(quarvel("normalmap --jobs 0 d1.svg").exitCode, 2);
+}
+
 TEST_F(Program, SaysThatADrawingIsEmpty)
 {
     write("empty.svg", "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"10\" height=\"10\"/>");

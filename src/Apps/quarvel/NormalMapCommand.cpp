@@ -1,10 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// One drawing after the other: read, render, write. What goes wrong with one is said and does not stop the others.
+// Several drawings at once: read, render, write. What goes wrong with one is said and does not stop the others; results
+// and messages come in the drawings' order.
 #include "NormalMapCommand.h"
 
 #include "DrawingsInFolder.h"
 #include "GlossOption.h"
+#include "InOrder.h"
 #include "InputAdvice.h"
 #include "LoadPlugIns.h"
 #include "OutputFiles.h"
@@ -14,6 +16,7 @@
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "RenderedDrawing.h"
 #include "Report.h"
+#include "RunProgress.h"
 #include "SheetRun.h"
 #include "StandardInput.h"
 #include "StandardOutput.h"
@@ -30,6 +33,7 @@
 
 #include <cstdio>
 #include <new>
+#include <shared_mutex>
 
 namespace {
 
@@ -43,8 +47,13 @@ constexpr double kRenderEnds = 0.75;
 class DrawingRun
 {
 public:
-    DrawingRun(const NormalMapOptions& options, ProgressLine& line, Report& report, qsizetype index)
-        : _options(options), _line(line), _report(report), _drawing(options.drawings[index]), _index(index)
+    /// @param atOnce how many drawings are worked on at the same time
+    DrawingRun(const NormalMapOptions& options, RunProgress& progress, std::size_t index, int atOnce)
+        : _options(options)
+        , _progress(progress)
+        , _drawing(options.drawings[static_cast<qsizetype>(index)])
+        , _index(index)
+        , _atOnce(atOnce)
     {}
 
     /// @param regions of the atlas that the drawing is a page of; none for other drawings
@@ -59,6 +68,7 @@ public:
     /// What was chosen, for people: the objects' values as options, how many there are where they would fill the
     /// screen, or how many sprites there are.
     const QString& chosen() const { return _chosen; }
+    const QStringList& warnings() const { return _warnings; }
 
 private:
     UT_Result<void> runPage(const OutputFiles& files, const std::vector<SheetRegion>& regions)
@@ -66,8 +76,7 @@ private:
         const UT_Result<SheetResult> done = runSheet(_drawing, regions, _options, files, part(0.0, 1.0));
         if (!done)
             return done.error();
-        for (const QString& warning : done->warnings)
-            warn(warning);
+        _warnings = done->warnings;
         _chosen = QStringLiteral("sprites: %1").arg(done->sprites);
         return {};
     }
@@ -79,8 +88,7 @@ private:
         const UT_Result<ReadDrawing> read = readDrawing(_drawing, _options.settings.form, _options.tiling);
         if (!read)
             return read.error();
-        for (const QString& warning : read->warnings)
-            warn(warning);
+        _warnings = read->warnings;
         show(kReadEnds);
         return _options.tiling.isAny() ? renderTiled(read->drawing, files) : renderAlone(read->drawing, files);
     }
@@ -108,10 +116,10 @@ private:
     UT_Result<RenderedDrawing> render(const LayeredDrawing& drawing, const NormalMapSettings& settings,
                                       const OutputFiles& files)
     {
-        auto rendered = renderDrawing(drawing, settings, _options, files, part(kReadEnds, kRenderEnds));
+        auto rendered = renderDrawing(drawing, settings, _options, files, part(kReadEnds, kRenderEnds), _atOnce);
         if (rendered)
             if (const QString warning = glossWarning(rendered->gloss.missing); !warning.isEmpty())
-                warn(warning);
+                _warnings << warning;
         return rendered;
     }
 
@@ -123,11 +131,7 @@ private:
         return QStringLiteral("%1 objects; quarvel inspect %2 lists them").arg(drawing.layers.size()).arg(_drawing);
     }
 
-    void show(double done)
-    {
-        const auto count = static_cast<double>(_options.drawings.size());
-        _line.show((static_cast<double>(_index) + done) / count, _drawing);
-    }
+    void show(double done) { _progress.show(_index, done, _drawing); }
 
     JobProgress part(double from, double to)
     {
@@ -137,24 +141,37 @@ private:
         };
     }
 
-    void warn(const QString& warning)
-    {
-        _line.clear();
-        _report.warning(_drawing, warning);
-    }
-
     const NormalMapOptions& _options;
-    ProgressLine& _line;
-    Report& _report;
+    RunProgress& _progress;
     const QString& _drawing;
-    qsizetype _index;
+    std::size_t _index;
+    int _atOnce;
     QString _chosen;
+    QStringList _warnings;
 };
 
-UT_Result<void> runOne(DrawingRun& run, const OutputFiles& files, const std::vector<SheetRegion>& regions)
+/// What came of a drawing.
+struct DrawingEnd
 {
-    return UT_withinMemory(QStringLiteral("this drawing"), QStringLiteral("choose a smaller size"),
-                           [&] { return run.run(files, regions); });
+    UT_Result<void> done;
+    QString chosen;
+    QStringList warnings;
+};
+
+DrawingEnd runOne(DrawingRun run, const OutputFiles& files, const std::vector<SheetRegion>& regions)
+{
+    const auto done = UT_withinMemory(QStringLiteral("this drawing"), QStringLiteral("choose a smaller size"),
+                                      [&] { return run.run(files, regions); });
+    return {done, run.chosen(), run.warnings()};
+}
+
+// Pages come one after the other: what a page's sprites share is read from its folder.
+int drawingsAtOnce(const NormalMapOptions& options)
+{
+    if (options.cells || !options.atlas.isEmpty())
+        return 1;
+    const int most = options.jobs > 0 ? options.jobs : jobLimits().threads;
+    return static_cast<int>(std::clamp<qsizetype>(options.drawings.size(), 1, most));
 }
 
 // The programs that the maps are right for; empty where the options decide that.
@@ -190,41 +207,87 @@ void warnOfLosses(const std::vector<OutputFiles>& files, Report& report)
                             .arg(format->suffix, format->alpha ? QString() : QStringLiteral(" and no coverage")));
 }
 
-/// @param pages of an atlas, one for each drawing; none without one
-int runAll(const NormalMapOptions& options, const std::vector<OutputFiles>& files, const std::vector<Sheet>& pages,
-           Report& report)
+/// The runs of all drawings.
+class AllRuns
 {
-    ProgressLine line(options.quiet ? ProgressStyle::NONE : options.progress);
-    int exitCode = 0;
-    int written = 0;
-    for (qsizetype i = 0; i < options.drawings.size() && !StopSignal::came(); ++i) {
-        const OutputFiles& own = files[static_cast<std::size_t>(i)];
-        DrawingRun run(options, line, report, i);
-        const auto page = static_cast<std::size_t>(i);
-        const UT_Result<void> done =
-            runOne(run, own, page < pages.size() ? pages[page].regions : std::vector<SheetRegion>());
-        line.clear();
-        if (done) {
-            report.result(fieldsOf(options.drawings[i], own),
-                          QStringLiteral("%1 -> %2\n").arg(options.drawings[i], own.normalMap));
-            // Among many drawings the results would be lost between such lines.
-            if (options.drawings.size() == 1 && !run.chosen().isEmpty())
-                report.remark(run.chosen() + QLatin1Char('\n'));
-            ++written;
-            continue;
-        }
-        if (done.error().kind == UT_ErrorKind::STOPPED)
-            break;
-        report.error(done.error(), options.drawings[i]);
-        exitCode = kFailed;
+public:
+    /// @param pages of an atlas, one for each drawing; none without one
+    AllRuns(const NormalMapOptions& options, const std::vector<OutputFiles>& files, const std::vector<Sheet>& pages,
+            Report& report)
+        : _options(options)
+        , _files(files)
+        , _pages(pages)
+        , _report(report)
+        , _line(options.quiet ? ProgressStyle::NONE : options.progress)
+        , _progress(_line, files.size())
+        , _atOnce(drawingsAtOnce(options))
+    {}
+
+    /// @return the exit code
+    int run()
+    {
+        inOrder<DrawingEnd>(
+            _files.size(), _atOnce, [this](std::size_t i) { return make(i); },
+            [this](std::size_t i, const DrawingEnd& end) { return take(i, end); });
+        _progress.clear();
+        if (const QString fits = formLine(_options, _files); _written > 0 && !fits.isEmpty())
+            _report.remark(fits + QLatin1Char('\n'));
+        if (!StopSignal::came())
+            return _exitCode;
+        _report.error(QStringLiteral("stopped; %1 of %2 drawings are done").arg(_written).arg(_files.size()));
+        return StopSignal::exitCode();
     }
-    if (const QString fits = formLine(options, files); written > 0 && !fits.isEmpty())
-        report.remark(fits + QLatin1Char('\n'));
-    if (!StopSignal::came())
-        return exitCode;
-    report.error(QStringLiteral("stopped; %1 of %2 drawings are done").arg(written).arg(options.drawings.size()));
-    return StopSignal::exitCode();
-}
+
+private:
+    // A drawing for which there is no memory beside others is tried again alone.
+    DrawingEnd make(std::size_t i)
+    {
+        if (StopSignal::came())
+            return {UT_stopped(), {}, {}};
+        const std::vector<SheetRegion> regions = i < _pages.size() ? _pages[i].regions : std::vector<SheetRegion>();
+        {
+            const std::shared_lock beside(_alone);
+            DrawingEnd end = runOne({_options, _progress, i, _atOnce}, _files[i], regions);
+            if (_atOnce == 1 || end.done || end.done.error().kind != UT_ErrorKind::NO_MEMORY)
+                return end;
+        }
+        const std::unique_lock alone(_alone);
+        return runOne({_options, _progress, i, 1}, _files[i], regions);
+    }
+
+    bool take(std::size_t i, const DrawingEnd& end)
+    {
+        const QString& drawing = _options.drawings[static_cast<qsizetype>(i)];
+        if (!end.done && end.done.error().kind == UT_ErrorKind::STOPPED)
+            return false;
+        _progress.show(i, 1.0, drawing);
+        _progress.clear();
+        for (const QString& warning : end.warnings)
+            _report.warning(drawing, warning);
+        if (!end.done) {
+            _report.error(end.done.error(), drawing);
+            _exitCode = kFailed;
+            return true;
+        }
+        _report.result(fieldsOf(drawing, _files[i]), QStringLiteral("%1 -> %2\n").arg(drawing, _files[i].normalMap));
+        // Among many drawings the results would be lost between such lines.
+        if (_files.size() == 1 && !end.chosen.isEmpty())
+            _report.remark(end.chosen + QLatin1Char('\n'));
+        ++_written;
+        return true;
+    }
+
+    const NormalMapOptions& _options;
+    const std::vector<OutputFiles>& _files;
+    const std::vector<Sheet>& _pages;
+    Report& _report;
+    ProgressLine _line;
+    RunProgress _progress;
+    const int _atOnce;
+    std::shared_mutex _alone; // held alone by a drawing that is tried again
+    int _exitCode = 0;
+    int _written = 0;
+};
 
 // The atlas of the maps, beside the first of them.
 UT_Result<QString> writeAtlasOfMaps(const NormalMapOptions& options, const std::vector<OutputFiles>& files)
@@ -256,7 +319,7 @@ int runPages(const NormalMapOptions& options, const std::vector<Sheet>& pages, R
         return kWrongUsage;
     }
     warnOfLosses(*files, report);
-    const int exitCode = runAll(options, *files, pages, report);
+    const int exitCode = AllRuns(options, *files, pages, report).run();
     if (exitCode != 0 || pages.empty())
         return exitCode;
     const UT_Result<QString> atlas = writeAtlasOfMaps(options, *files);

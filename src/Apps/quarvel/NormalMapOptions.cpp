@@ -231,6 +231,11 @@ std::vector<Row> rows()
         {{s("depth-in-blue")}, false, flag(&Settings::depthInBlue, true)},
         {{s("no-clip")}, false, flag(&Settings::clipBlurredWithGeometry, false)},
         {{s("use-truck-factor")}, false, flag(&Settings::useTruckFactor, true)},
+        {{s("jobs")},
+         true,
+         [](Options& o, const QString& option, const QString& value) {
+             return keep(parseWholeNumber(option, value, 1, 1024), [&](int number) { o.jobs = number; });
+         }},
         {{s("progress")},
          false,
          [](Options& o, const QString&, const QString&) -> Taken {

@@ -59,6 +59,7 @@ struct NormalMapOptions
     Tiling tiling;      ///< the drawing repeats
     bool flips = false; ///< maps for mirrored sprites, too
 
+    int jobs = 0; ///< drawings at once; 0: as many as the job has threads
     ProgressStyle progress = ProgressStyle::AUTOMATIC;
     bool quiet = false;
     bool help = false;

@@ -25,12 +25,12 @@ UT_Result<NormalMapSettings> withNumbers(const LayeredDrawing& drawing, const No
 
 UT_Result<RenderedDrawing> renderDrawing(const LayeredDrawing& drawing, const NormalMapSettings& settings,
                                          const NormalMapOptions& options, const OutputFiles& files,
-                                         const JobProgress& progress)
+                                         const JobProgress& progress, int atOnce)
 {
     const auto numbered = withNumbers(drawing, settings);
     if (!numbered)
         return numbered.error();
-    auto frame = renderNormalMap(drawing, *numbered, wantedPictures(options, files), progress);
+    auto frame = renderNormalMap(drawing, *numbered, wantedPictures(options, files), progress, atOnce);
     if (!frame)
         return frame.error();
     RenderedDrawing rendered{std::move(*frame), {}};

@@ -18,6 +18,7 @@ struct RenderedDrawing
 /// Renders what the files need.
 ///
 /// @param settings those of the options, or changed ones; objects that are named get their numbers here
+/// @param atOnce how many drawings are rendered at the same time; each may take its share of the memory
 UT_Result<RenderedDrawing> renderDrawing(const LayeredDrawing& drawing, const NormalMapSettings& settings,
                                          const NormalMapOptions& options, const OutputFiles& files,
-                                         const JobProgress& progress = {});
+                                         const JobProgress& progress = {}, int atOnce = 1);

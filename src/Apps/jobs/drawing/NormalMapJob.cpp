@@ -21,11 +21,11 @@ UT_Result<void> checkSize(const RD_RenderParameters& parameters)
     return {};
 }
 
-UT_Result<void> checkMemory(const RD_RenderParameters& parameters, double needed)
+UT_Result<void> checkMemory(const RD_RenderParameters& parameters, double needed, int atOnce)
 {
     const auto [width, height] = parameters.resolution;
     constexpr double kGigabyte = 1e9;
-    const double present = jobLimits().memory;
+    const double present = jobLimits().memory / atOnce;
     if (needed <= present)
         return {};
     const auto [fittingWidth, fittingHeight] = sizeThatFits(parameters.resolution, needed, present);
@@ -43,7 +43,7 @@ UT_Result<void> checkMemory(const RD_RenderParameters& parameters, double needed
 } // namespace
 
 UT_Result<ShownFrame> renderNormalMap(const LayeredDrawing& drawing, const NormalMapSettings& settings,
-                                      const ShownParts& wanted, const JobProgress& progress)
+                                      const ShownParts& wanted, const JobProgress& progress, int atOnce)
 {
     const RD_RenderParameters parameters{settings.renderInFloat ? RD_RenderParameters::IMAGE_PROCESSING_FLOAT
                                                                 : RD_RenderParameters::IMAGE_PROCESSING_16BIT,
@@ -56,7 +56,7 @@ UT_Result<ShownFrame> renderNormalMap(const LayeredDrawing& drawing, const Norma
     const ShownModule shown(scene->normalMap());
     const int frame = scene->scene().firstFrame();
     const double needed = shownFrameBytes(shown, std::span(&frame, 1), parameters, wanted);
-    if (UT_Result<void> fits = checkMemory(parameters, needed); !fits)
+    if (UT_Result<void> fits = checkMemory(parameters, needed, atOnce); !fits)
         return fits.error();
     return shown.render(frame, parameters, wanted, progress);
 }
