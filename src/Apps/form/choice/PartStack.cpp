@@ -57,12 +57,15 @@ void PartStack::extend(int index, int shape)
 
 bool PartStack::mayExtend(int index, const Surroundings& around) const
 {
-    // Where two areas abut, the cells along the seam may show either of them.
-    const auto isHiddenBy = [&](int above) {
-        const Meeting meeting = around.with(above);
-        return meeting.overlap > std::max(4.0, kSeamCells * meeting.contact);
+    // Where two areas abut, the cells along the seam may show either of them. Of hundreds of parts above, the shape
+    // meets a few.
+    const std::ranges::subrange above(std::ranges::find(_order, index) + 1, _order.end());
+    const auto isHiddenBy = [&](const auto& met) {
+        const Meeting& meeting = met.second;
+        return meeting.overlap > std::max(4.0, kSeamCells * meeting.contact) &&
+               std::ranges::find(above, met.first) != above.end();
     };
-    return std::none_of(std::ranges::find(_order, index) + 1, _order.end(), isHiddenBy);
+    return std::ranges::none_of(around.parts, isHiddenBy);
 }
 
 const PartStack::Distances& PartStack::distancesTo(int index)
