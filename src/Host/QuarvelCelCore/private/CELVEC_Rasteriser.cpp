@@ -163,27 +163,29 @@ void paint(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect, QI
 }
 
 // Halving maps 0..65535 to 0..32767: exact at both ends and monotonic in between.
-CEL_PixelRGBA16 convertPixel(const QRgba64& from, CEL_PixelRGBA16)
+std::int16_t convertChannel(quint16 from, std::int16_t)
 {
-    const auto half = [](quint16 channel) { return static_cast<std::int16_t>(channel >> 1); };
-    return {half(from.red()), half(from.green()), half(from.blue()), half(from.alpha())};
+    return static_cast<std::int16_t>(from >> 1);
 }
 
-CEL_PixelRGBAFloat convertPixel(const QRgba64& from, CEL_PixelRGBAFloat)
+float convertChannel(quint16 from, float)
 {
-    const auto unit = [](quint16 channel) { return static_cast<float>(channel) / 65535.0F; };
-    return {unit(from.red()), unit(from.green()), unit(from.blue()), unit(from.alpha())};
+    return static_cast<float>(from) / 65535.0F;
 }
 
+// Channels lie one after the other in both, red first, which makes the loop one that compilers vectorise.
 template<typename Pixel>
 void copyPixels(const QImage& picture, const Math::Box2di& rect, CEL_PixmapOf<Pixel>& target)
 {
+    using Channel = decltype(Pixel::r);
+    static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "red is the first of a QRgba64's channels only there");
+    static_assert(sizeof(Pixel) == 4 * sizeof(Channel) && sizeof(QRgba64) == 4 * sizeof(quint16));
+    const auto channels = static_cast<std::size_t>(rect.width()) * 4;
     for (int y = rect.y1; y < rect.y2; ++y) {
-        const std::span source(reinterpret_cast<const QRgba64*>(picture.constScanLine(y - rect.y1)),
-                               static_cast<std::size_t>(rect.width()));
-        const std::span<Pixel> row = target.row(y);
-        for (std::size_t i = 0; i < row.size(); ++i)
-            row[i] = convertPixel(source[i], Pixel{});
+        const auto* const source = reinterpret_cast<const quint16*>(picture.constScanLine(y - rect.y1));
+        Channel* const row = &target.row(y).data()->r;
+        for (std::size_t i = 0; i < channels; ++i)
+            row[i] = convertChannel(source[i], Channel{});
     }
 }
 
