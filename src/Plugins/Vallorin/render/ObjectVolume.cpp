@@ -4,7 +4,6 @@
 #include "render/ObjectVolume.h"
 
 #include "BlurAlgo/BlurAlgo.h"
-#include "QuarvelCelCore/CEL_WithFormat.h"
 #include "render/CoverageMask.h"
 #include "render/ElevationPlane.h"
 #include "render/NormalMap.h"
@@ -100,7 +99,7 @@ void storeElevations(const ElevationPlane& plane, bool isBlurred, const Math::Bo
 
 // The visible part of a plane: where the clip leaves elevations, with room for the normals beside them, and where the
 // object is covered. A long blur reaches much further.
-Math::Box2di visibleRect(const ElevationPlane& plane, const CEL_PixmapArea& object, const Math::Box2di& covered,
+Math::Box2di visibleRect(const ElevationPlane& plane, const Math::Box2di& object, const Math::Box2di& covered,
                          const CEL_PixmapArea& reference)
 {
     const Math::Box2di& whole = plane.values->allocatedRect();
@@ -108,20 +107,22 @@ Math::Box2di visibleRect(const ElevationPlane& plane, const CEL_PixmapArea& obje
     if (!reference.allocatedRect().isEmpty())
         return whole;
     Math::Box2di visible = plane.inside;
-    visible.add(object.allocatedRect());
+    visible.add(object);
     visible.add(covered);
     return visible.getIntersection(whole);
 }
 
 template<typename Pixel>
-ObjectVolume build(const CEL_PixmapArea& reference, const CEL_PixmapOf<Pixel>& objectPixmap,
+ObjectVolume build(const CEL_PixmapArea& reference, UT_SharedPtr<CEL_PixmapOf<Pixel>> objectPixmap,
                    const VolumeSettings& settings, std::pair<float, float>& range)
 {
-    auto mask = makeMask<Pixel>(objectPixmap);
+    auto mask = makeMask<Pixel>(*objectPixmap);
+    const Math::Box2di object = objectPixmap->allocatedRect();
+    objectPixmap = nullptr;
     if (!mask)
         return {};
     const bool isBlurred = settings.bevel > 0.0;
-    const Math::Box2di maskRect = mask->allocatedRect().getIntersection(objectPixmap.allocatedRect());
+    const Math::Box2di maskRect = mask->allocatedRect().getIntersection(object);
     const ElevationPlane plane = isBlurred ? bevelled<Pixel>(*mask, reference, settings) : unbevelled(mask, reference);
     if (!plane.values)
         return {};
@@ -136,7 +137,7 @@ ObjectVolume build(const CEL_PixmapArea& reference, const CEL_PixmapOf<Pixel>& o
     }
     range = {0.0F, 1.0F};
     using Values = ElevationProfile::Values;
-    const Math::Box2di visible = visibleRect(plane, objectPixmap, settings.covered, reference);
+    const Math::Box2di visible = visibleRect(plane, object, settings.covered, reference);
     const ElevationProfile profile(plane.span, settings.smoothness,
                                    VolumeTraits<Pixel>::kIsWhole ? Values::WHOLE : Values::ANY, visible.area());
     const auto canvasFactor = static_cast<float>(plane.values->canvasRect().width() / kUnitsAcross);
@@ -148,7 +149,7 @@ ObjectVolume build(const CEL_PixmapArea& reference, const CEL_PixmapOf<Pixel>& o
 } // namespace
 
 ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel, int resolutionX,
-                               bool generateNormals, double elevation, const UT_SharedPtr<CEL_PixmapArea>& objectPixmap,
+                               bool generateNormals, double elevation, UT_SharedPtr<CEL_PixmapArea> objectPixmap,
                                std::pair<float, float>& range, int quality, double smoothness, bool clip,
                                const Math::Box2di& covered)
 {
@@ -156,8 +157,14 @@ ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, do
         return {};
     const VolumeSettings settings{bevel, resolutionX, generateNormals, elevation, quality, smoothness, clip, covered};
     ObjectVolume volume;
-    CEL_withFormat(std::as_const(*objectPixmap), [&](const auto& object) {
-        volume = build<CEL_PixelOf<decltype(object)>>(*reference, object, settings, range);
-    });
+    const auto buildFor = [&](auto typed) {
+        objectPixmap = nullptr;
+        using Pixel = typename std::decay_t<decltype(*typed)>::PixelType;
+        volume = build<Pixel>(*reference, std::move(typed), settings, range);
+    };
+    if (objectPixmap->format() == CEL_FORMAT_RGBA16)
+        buildFor(objectPixmap.dynamicCast<CEL_PixmapAreaRGBA16>());
+    else if (objectPixmap->format() == CEL_FORMAT_RGBAFLOAT)
+        buildFor(objectPixmap.dynamicCast<CEL_PixmapAreaRGBAFloat>());
     return volume;
 }

@@ -168,11 +168,13 @@ ObjectVolume VallorinRenderHandler::buildVolume(const MO_SoftContext& context,
         const double bevel = held(finiteOr(object.bevelSize, 0.0) * blurScale * truckFactor);
         const double elevation = held(finiteOr(object.elevation, 0.0) * truckFactor * elevationScale);
         const double smoothness = held(finiteOr(object.elevationSmoothness, 1.0) * elevationSmoothness);
+        UT_SharedPtr<CEL_PixmapArea> pixels = accumulator->second;
+        if (std::next(record) == end)
+            accumulator->second = nullptr;
         volume =
-            buildObjectVolume(reference, bevel, context.resolutionX(), generateNormals, elevation, accumulator->second,
+            buildObjectVolume(reference, bevel, context.resolutionX(), generateNormals, elevation, std::move(pixels),
                               elevationRanges[objectId], normalQuality, smoothness, clipBlurredWithGeometry, covered);
     }
-    accumulator->second = nullptr;
     return volume;
 }
 
