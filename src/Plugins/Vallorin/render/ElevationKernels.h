@@ -44,4 +44,11 @@ void elevate(std::span<const float> values, const LinearShare& profile, double r
 /// depth[i] = share[i] * rise, multiplied in double precision.
 void raise(std::span<const float> share, double rise, float* depth);
 
+/// The share of a power profile: exp(log(linearShare) / power) in double precision, rounded to float. Shares outside 0
+/// to 1 stay as they are.
+float powerShare(float linearShare, double power);
+
+/// share[i] is powerShare() of values[i] in the linear profile, with its bits, and 0 where values[i] is not positive.
+void elevatePowers(std::span<const float> values, const LinearShare& profile, double power, float* share);
+
 } // namespace VolumeRowKernels

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A linear profile is computed in vectors; powers are computed one by one or looked up.
+// Profiles are computed in vectors; the powers of whole numbers are looked up.
 #include "render/ElevationProfile.h"
 
 #include <algorithm>
@@ -16,7 +16,7 @@ ElevationProfile::ElevationProfile(const PositiveSpan& span, double smoothness, 
     if (_power == 0.0 || span.isEmpty() || values != Values::WHOLE || static_cast<float>(count) <= width)
         return;
     for (int i = 0; i <= static_cast<int>(width); ++i)
-        _table.push_back(powerOf(static_cast<float>(i) * _line.scale));
+        _table.push_back(VolumeRowKernels::powerShare(static_cast<float>(i) * _line.scale, _power));
 }
 
 void ElevationProfile::elevate(std::span<const float> values, double rise, float* share, float* depth) const
@@ -25,18 +25,11 @@ void ElevationProfile::elevate(std::span<const float> values, double rise, float
         VolumeRowKernels::elevate(values, _line, rise, share, depth);
         return;
     }
-    const auto shareOf = [&](float value) {
-        return _table.empty() ? powerOf((value - _line.lowest) * _line.scale)
-                              : _table[static_cast<std::size_t>(value - _line.lowest)];
-    };
-    for (std::size_t i = 0; i < values.size(); ++i)
-        share[i] = values[i] > 0.0F ? shareOf(values[i]) : 0.0F;
+    if (_table.empty()) {
+        VolumeRowKernels::elevatePowers(values, _line, _power, share);
+    } else {
+        for (std::size_t i = 0; i < values.size(); ++i)
+            share[i] = values[i] > 0.0F ? _table[static_cast<std::size_t>(values[i] - _line.lowest)] : 0.0F;
+    }
     VolumeRowKernels::raise({share, values.size()}, rise, depth);
-}
-
-float ElevationProfile::powerOf(float linearShare) const
-{
-    if (!(linearShare > 0.0F && linearShare < 1.0F))
-        return linearShare;
-    return static_cast<float>(std::exp(std::log(static_cast<double>(linearShare)) / _power));
 }

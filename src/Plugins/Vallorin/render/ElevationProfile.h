@@ -31,8 +31,6 @@ public:
     void elevate(std::span<const float> values, double rise, float* share, float* depth) const;
 
 private:
-    float powerOf(float linearShare) const;
-
     VolumeRowKernels::LinearShare _line;
     double _power;             ///< 0: linear
     std::vector<float> _table; ///< the shares of the span's whole numbers, from the lowest up
