@@ -107,15 +107,43 @@ protected:
         }
         if (number == 0 && _painted)
             CEL_cutOut(*shape, *_painted->pixmap());
-        else if (number > 0 && !_painted)
-            _painted = pixels->getWorkingCopy(format);
         else if (number > 0)
-            CEL_paintOver(*shape, *_painted->pixmap());
+            paint(cel, pixels, format);
     }
 
-    void finishRender(const MO_SoftContext& context, CA_CelRef) override { setCel(context, _painted); }
+    void finishRender(const MO_SoftContext& context, CA_CelRef) override
+    {
+        if (_painted)
+            _painted->pixmap()->realloc(_rect, true);
+        setCel(context, _painted);
+    }
 
 private:
+    void paint(const CA_CelRef& cel, const CA_CelRef& pixels, int format)
+    {
+        _rect.add(pixels->pixmap()->allocatedRect());
+        if (!_painted) {
+            // What was converted has no other holder.
+            _painted = pixels.get() == cel.get() ? cel->getWorkingCopy(format) : pixels;
+            return;
+        }
+        CEL_PixmapArea& painted = *_painted->pixmap();
+        if (!painted.allocatedRect().contains(_rect))
+            painted.realloc(withRoom(painted), true);
+        CEL_paintOver(*pixels->pixmap(), painted);
+    }
+
+    // A picture that has to grow once does so again, and each time takes new memory and a copy; so a large one gets the
+    // whole window at once.
+    Math::Box2di withRoom(const CEL_PixmapArea& painted) const
+    {
+        Math::Box2di room = painted.allocatedRect();
+        room.add(_rect);
+        if (4 * room.area() > _window.area())
+            room.add(_window);
+        return room;
+    }
+
     int numberOf(const CEL_Cel& cel) const
     {
         const auto message = cel.findMessage(ObjectDefinition::objectDefinitionMessageId());
@@ -133,6 +161,7 @@ private:
     DrawingNotes* _notes;
     int _port = 0;
     CA_CelRef _painted;
+    Math::Box2di _rect; // of all that is painted
 };
 
 // The stand-in for a node.
