@@ -62,8 +62,11 @@ template<typename Pixel>
 Pixel covered(const Pixel& top, const Pixel& above, const Pixel& bottom)
 {
     if constexpr (std::is_same_v<Pixel, CEL_PixelRGBA16>)
-        if (WholeBelow::isPossible(top, bottom))
+        if (WholeBelow::isPossible(top, bottom)) {
+            if (top.a == 32767 && (above.r | above.g | above.b) >= 0)
+                return above;
             return composed(WholeBelow(top), above, bottom);
+        }
     return composed(Below<Pixel>(top), above, bottom);
 }
 
