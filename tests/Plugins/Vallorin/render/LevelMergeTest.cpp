@@ -1,6 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The two layers made of a drawing's coverage and its greys, on single pixels worked out by hand.
+#include "OneInstructionSet.h"
+#include "RandomPictures.h"
 #include "SmallPixmaps.h"
 
 #include "render/LevelMerge.h"
@@ -78,4 +80,27 @@ TEST(LevelMerge, PixelsThatTheSourceLacksKeepTheDefault)
         for (int x = 0; x < 3; ++x)
             EXPECT_EQ(target->at(x, y),
                       x == 1 && y == 1 ? (Pixel16{kLevel, 5, 6, 32767}) : (Pixel16{kLevel, 0, 1024, 32767}));
+}
+
+TEST(LevelMerge, GivesTheSameBitsWithEveryInstructionSet)
+{
+    const auto mergedWith = [](std::int64_t target, int width, bool scaleByCoverage) {
+        const OneInstructionSet only(target);
+        RandomPictures random(static_cast<std::uint32_t>(width));
+        const Math::Box2di canvas(0, 0, width + 4, 6);
+        const auto drawing = random.picture<PixelFloat>({0, 0, width, 6}, canvas);
+        const auto greys = random.picture<PixelFloat>({2, 1, width + 4, 5}, canvas);
+        mergeLevel<PixelFloat>(*drawing, *greys, 0.75F, scaleByCoverage);
+        std::vector<PixelFloat> pixels;
+        for (int y = 0; y < 6; ++y)
+            pixels.insert(pixels.end(), drawing->row(y).begin(), drawing->row(y).end());
+        return pixels;
+    };
+    for (int width = 1; width <= 40; ++width)
+        for (const bool scaleByCoverage : {false, true}) {
+            const auto plain = mergedWith(HWY_SCALAR, width, scaleByCoverage);
+            for (std::int64_t rest = VL_supportedTargets(); rest != 0; rest &= rest - 1)
+                ASSERT_EQ(mergedWith(rest & -rest, width, scaleByCoverage), plain)
+                    << hwy::TargetName(rest & -rest) << ", width " << width;
+        }
 }

@@ -1,0 +1,31 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The rows of LevelMerge. Float pixels are merged vector by vector; a 16-bit pixel takes a division where greys are
+// scaled, and is merged by itself.
+#pragma once
+
+#include "QuarvelCelCore/CEL_Pixels.h"
+
+#include <span>
+
+namespace VolumeRowKernels {
+
+/// What happens to all pixels of a merge (LevelMerge.h).
+template<typename Pixel>
+struct LevelOf
+{
+    decltype(Pixel::r) level;
+    bool scaleByCoverage;
+};
+
+/// Merges a row in which the drawing has no greys.
+void setLevel(std::span<CEL_PixelRGBA16> target, const LevelOf<CEL_PixelRGBA16>& how);
+void setLevel(std::span<CEL_PixelRGBAFloat> target, const LevelOf<CEL_PixelRGBAFloat>& how);
+
+/// Merges a row with as many greys.
+void setLevelAndGreys(std::span<CEL_PixelRGBA16> target, const CEL_PixelRGBA16* greys,
+                      const LevelOf<CEL_PixelRGBA16>& how);
+void setLevelAndGreys(std::span<CEL_PixelRGBAFloat> target, const CEL_PixelRGBAFloat* greys,
+                      const LevelOf<CEL_PixelRGBAFloat>& how);
+
+} // namespace VolumeRowKernels
