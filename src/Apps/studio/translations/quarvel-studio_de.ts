@@ -1894,6 +1894,30 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <source>Reads the drawings of the scene again; files that change are read by themselves</source>
         <translation>Liest die Zeichnungen der Szene noch einmal; Dateien, die sich ändern, werden von selbst gelesen</translation>
     </message>
+    <message>
+        <source>Share</source>
+        <translation>Teilen</translation>
+    </message>
+    <message>
+        <source>Pages (*.html)</source>
+        <translation>Seiten (*.html)</translation>
+    </message>
+    <message>
+        <source>Sharing</source>
+        <translation>Wird geteilt</translation>
+    </message>
+    <message>
+        <source>Gives up the page</source>
+        <translation>Gibt die Seite auf</translation>
+    </message>
+    <message>
+        <source>S&amp;hare...</source>
+        <translation>&amp;Teilen …</translation>
+    </message>
+    <message>
+        <source>Writes one page for browsers that plays the drawing in a light which follows the pointer</source>
+        <translation>Schreibt eine Seite für Browser, die die Zeichnung in einem Licht abspielt, das dem Zeiger folgt</translation>
+    </message>
 </context>
 <context>
     <name>MessageBar</name>
@@ -2313,6 +2337,33 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>No node is selected</source>
         <translation>Kein Knoten ausgewählt</translation>
+    </message>
+</context>
+<context>
+    <name>PageShare</name>
+    <message>
+        <source>A page lights normals, and this scene shows none.</source>
+        <translation>Eine Seite beleuchtet Normalen, und diese Szene zeigt keine.</translation>
+    </message>
+    <message>
+        <source>the page</source>
+        <translation>die Seite</translation>
+    </message>
+    <message>
+        <source>close what else is open</source>
+        <translation>schließen Sie, was sonst geöffnet ist</translation>
+    </message>
+    <message>
+        <source>%1 is written. It is a page for any browser and needs no other file.</source>
+        <translation>%1 ist geschrieben. Die Seite läuft in jedem Browser und braucht keine andere Datei.</translation>
+    </message>
+    <message>
+        <source>Stopped; nothing was written.</source>
+        <translation>Angehalten; nichts wurde geschrieben.</translation>
+    </message>
+    <message>
+        <source>The page was not written: %1</source>
+        <translation>Die Seite wurde nicht geschrieben: %1</translation>
     </message>
 </context>
 <context>

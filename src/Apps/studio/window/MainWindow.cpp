@@ -42,6 +42,7 @@ MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
     , _renders(_document)
     , _files(_document)
     , _lastExport(_document)
+    , _pageShare(_document)
     , _sources(_document)
     , _autosave(_document, recoveryFolder.isEmpty() ? Autosave::defaultFolder() : recoveryFolder)
 {
@@ -259,6 +260,7 @@ void MainWindow::updateActions()
         action->setEnabled(started && hasModules);
     _export->setEnabled(started && hasModules);
     _repeatExport->setEnabled(started && hasModules);
+    _share->setEnabled(started && hasModules);
     for (QAction* const action : {_fit, _actualSize, _zoomIn, _zoomOut})
         action->setEnabled(started);
     _pictures->setEnabled(started);

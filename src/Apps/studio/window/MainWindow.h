@@ -10,6 +10,7 @@
 #include "studio/document/SceneFiles.h"
 #include "studio/document/StudioDocument.h"
 #include "studio/export/LastExport.h"
+#include "studio/export/PageShare.h"
 #include "studio/objects/DocumentObjects.h"
 #include "studio/preview/LightModel.h"
 #include "studio/preview/PictureKind.h"
@@ -127,8 +128,10 @@ private:
     void opened(const OpenRequest& request, const QString& remarks);
     void exportFrames();
     void repeatExport();
+    void sharePage();
     void makeBusyBars();
     QString drawingFolder() const;
+    QString nameOfWork() const;
 
     // MainWindowEdit.cpp
     void deleteSelected();
@@ -143,6 +146,7 @@ private:
     RenderService _renders;
     SceneFiles _files;
     LastExport _lastExport;
+    PageShare _pageShare;
     DrawingSources _sources;
     Autosave _autosave;
 
@@ -174,6 +178,7 @@ private:
     QAction* _saveAs = nullptr;
     QAction* _export = nullptr;
     QAction* _repeatExport = nullptr;
+    QAction* _share = nullptr;
     QAction* _quit = nullptr;
     QAction* _undo = nullptr;
     QAction* _redo = nullptr;

@@ -6,6 +6,7 @@
 #include "studio/document/DialogFolders.h"
 #include "studio/document/SceneDialog.h"
 #include "studio/export/ExportDialog.h"
+#include "studio/export/ExportMemory.h"
 #include "studio/window/BusyBar.h"
 #include "studio/window/MessageBar.h"
 
@@ -244,10 +245,16 @@ QString MainWindow::drawingFolder() const
     return QFileInfo(folder).isWritable() ? folder : QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
 }
 
+// The name for what is made of the document.
+QString MainWindow::nameOfWork() const
+{
+    return _document.folder().isEmpty() && !_nameOfImport.isEmpty() ? _nameOfImport : _document.title();
+}
+
 void MainWindow::exportFrames()
 {
     const QString& scene = _document.folder();
-    const QString name = scene.isEmpty() && !_nameOfImport.isEmpty() ? _nameOfImport : _document.title();
+    const QString name = nameOfWork();
     ExportOrigin origin{name, drawingFolder(), scene.isEmpty() ? name : QFileInfo(scene).fileName()};
     if (_document.scene().firstFrame() != _document.scene().lastFrame())
         origin.folder += QLatin1Char('/') + name + QStringLiteral("_frames");
@@ -265,6 +272,21 @@ void MainWindow::repeatExport()
         return exportFrames();
     _messages->clear();
     _lastExport.repeat();
+}
+
+void MainWindow::sharePage()
+{
+    const QString drawings = drawingFolder();
+    QFileDialog dialog(this, tr("Share"), ExportMemory::folderFor(drawings), tr("Pages (*.html)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("html"));
+    dialog.selectFile(nameOfWork() + QStringLiteral(".html"));
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const QString file = dialog.selectedFiles().value(0);
+    ExportMemory::rememberFolder(drawings, QFileInfo(file).absolutePath());
+    _messages->clear();
+    _pageShare.start(file, nameOfWork());
 }
 
 void MainWindow::makeBusyBars()
@@ -285,7 +307,17 @@ void MainWindow::makeBusyBars()
         else
             statusBar()->showMessage(report);
     });
-    for (BusyBar* const bar : {opening, exporting})
+    auto* const sharing = new BusyBar(QStringLiteral("cancelShare"), tr("Sharing"), tr("Gives up the page"));
+    connect(sharing, &BusyBar::cancelled, &_pageShare, &PageShare::stop);
+    connect(&_pageShare, &PageShare::runningChanged, sharing, &BusyBar::setBusy);
+    connect(&_pageShare, &PageShare::progressed, sharing, &BusyBar::showProgress);
+    connect(&_pageShare, &PageShare::ended, this, [this](const QString& report, bool isError) {
+        if (isError)
+            _messages->showError(report);
+        else
+            _messages->showNotice(report);
+    });
+    for (BusyBar* const bar : {opening, exporting, sharing})
         statusBar()->addPermanentWidget(bar);
 }
 

@@ -65,6 +65,9 @@ void MainWindow::makeFileActions()
                          tr("Renders frames into picture files"));
     _repeatExport = makeAction({}, tr("Re&peat Last Export"), QKeySequence(tr("Ctrl+Shift+E")),
                                tr("Exports as before, into the same files"));
+    _share = makeAction({}, tr("S&hare..."), {},
+                        tr("Writes one page for browsers that plays the drawing in a light which follows the pointer"));
+    _share->setObjectName(QStringLiteral("sharePage"));
     _quit = makeAction({}, tr("&Quit"), QKeySequence(tr("Ctrl+Q")), tr("Closes the application"));
     _quit->setMenuRole(QAction::QuitRole);
     connect(_new, &QAction::triggered, this, &MainWindow::newScene);
@@ -78,6 +81,7 @@ void MainWindow::makeFileActions()
     connect(_saveAs, &QAction::triggered, this, &MainWindow::saveAs);
     connect(_export, &QAction::triggered, this, &MainWindow::exportFrames);
     connect(_repeatExport, &QAction::triggered, this, &MainWindow::repeatExport);
+    connect(_share, &QAction::triggered, this, &MainWindow::sharePage);
     connect(_quit, &QAction::triggered, this, &MainWindow::close);
 }
 
@@ -178,7 +182,7 @@ void MainWindow::makeMenus()
     file->addSeparator();
     file->addActions({_addDrawings, _replaceDrawing, _reload});
     file->addSeparator();
-    file->addActions({_save, _saveAs, _export, _repeatExport});
+    file->addActions({_save, _saveAs, _export, _repeatExport, _share});
     file->addSeparator();
     file->addAction(_quit);
 

@@ -1,0 +1,52 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// PageShare: writes what is open as one page for browsers, in the background: the page of "quarvel render --html". All
+// frames play there in a light that follows the pointer. The scene is copied first, so that people go on working.
+#pragma once
+
+#include "QuarvelBaseCore/UT_Result.h"
+
+#include <QObject>
+
+#include <atomic>
+#include <memory>
+
+class QThread;
+class StudioDocument;
+
+class PageShare : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit PageShare(StudioDocument& document, QObject* parent = nullptr);
+    /// Stops and waits.
+    ~PageShare() override;
+
+    /// Begins to write a page. A page that is still being written is stopped first and waited for.
+    ///
+    /// @param file its name ends in .html or .htm; a file that exists is replaced once the page is complete
+    /// @param name the page's title, and the beginning of the names of its downloads
+    void start(const QString& file, const QString& name);
+    /// Leaves no new file.
+    void stop() { _stop = true; }
+    bool isRunning() const { return _thread != nullptr; }
+
+Q_SIGNALS:
+    void runningChanged(bool running);
+    void progressed(double done);
+    /// The page was written, or could not be; with a text for people.
+    void ended(const QString& report, bool isError);
+
+private:
+    struct Plan;
+
+    UT_Result<std::shared_ptr<Plan>> planOf(const QString& file, const QString& name) const;
+    void run(Plan& plan);
+    void finish(const Plan& plan);
+    void wait();
+
+    StudioDocument& _document;
+    QThread* _thread = nullptr;
+    std::atomic<bool> _stop = false;
+};
