@@ -4,32 +4,19 @@
 // It proposes what was chosen last, with the drawing's own size, folder and name, so that Enter exports.
 #pragma once
 
+#include "studio/export/ExportFields.h"
 #include "studio/export/ExportJob.h"
 #include "studio/export/ExportMemory.h"
 
 #include <QDialog>
 
-#include <map>
 #include <memory>
 #include <optional>
 
-class QCheckBox;
-class QComboBox;
 class QDialogButtonBox;
-class QFormLayout;
 class QLabel;
-class QLineEdit;
 class QProgressBar;
 class QPushButton;
-class QSpinBox;
-
-/// Where a drawing came from, for the names of what is made of it.
-struct ExportOrigin
-{
-    QString name;      ///< the files' names begin with it
-    QString folder;    ///< of the drawing
-    QString sceneName; ///< noted in the files; for a saved scene its folder's name
-};
 
 class ExportDialog : public QDialog
 {
@@ -54,11 +41,6 @@ public:
     void done(int result) override;
 
 private:
-    void addWhat(QFormLayout& form);
-    void addPictures(QFormLayout& form);
-    void addTarget(QFormLayout& form);
-    void addForm(QFormLayout& form);
-    void addWhere(QFormLayout& form);
     void addButtons();
     void connectFields();
     void takeMemory();
@@ -71,6 +53,7 @@ private:
     void takeForm(const NM_MapForm& form, bool exr, bool half);
     QString mapSuffix() const;
     QList<ExportPicture> pictures() const;
+    ExportFormat format() const;
     void update();
     void chooseFolder();
     /// Whether nothing is replaced, or the person agrees to it.
@@ -85,22 +68,7 @@ private:
     ExportPicture _named = ExportPicture::MAP; // the picture that the file's name is for
     bool _takesTarget = false;                 // the fields are being set by the target
 
-    QWidget* _fields;
-    QComboBox* _node = nullptr;
-    std::map<ExportPicture, QCheckBox*> _pictures;
-    QLineEdit* _frames = nullptr;
-    QSpinBox* _width = nullptr;
-    QLabel* _size = nullptr;
-    QComboBox* _target = nullptr;
-    QComboBox* _format = nullptr;
-    QComboBox* _layout = nullptr;
-    QComboBox* _yAxis = nullptr;
-    QComboBox* _alpha = nullptr;
-    QSpinBox* _pad = nullptr;
-    QCheckBox* _float = nullptr;
-    QLineEdit* _folder = nullptr;
-    QLineEdit* _file = nullptr;
-    QLabel* _files = nullptr;
+    ExportFields _fields;
     QLabel* _message = nullptr;
     QProgressBar* _progress = nullptr;
     QDialogButtonBox* _buttons = nullptr;
