@@ -16,14 +16,15 @@ export function setUp({ drawing, map, width, height, parent }) {
         this.lights.enable().setAmbientColor(0x000000);
         const lamp = this.lights.addLight(0, 0, REACH, 0xffffff, 1);
         const sprite = this.add.image(width / 2, height / 2, "sprite").setLighting(true);
+        const { game } = this;
         ready({
-          canvas: () => this.game.canvas,
+          canvas: () => game.canvas,
           show({ turn, flip, light }) {
             sprite.angle = turn;
             sprite.flipX = flip;
             lamp.setPosition(width / 2 + FAR * light[0], height / 2 - FAR * light[1]);
             lamp.z = FAR * light[2];
-            return new Promise((drawn) => this.game.events.once("postrender", drawn));
+            return new Promise((drawn) => game.events.once("postrender", drawn));
           },
         });
       },
