@@ -87,8 +87,8 @@ into a node "Normal-Map".
   layered files  OpenRaster (.ora), PSD, Krita (.kra) and Aseprite (.aseprite, .ase), as SVG drawings: each visible layer is
                  an element, named with its groups. Blend modes are not kept, which is said once
   a film         one file of several frames: GIF, WebP, animated PNG or Aseprite. It keeps its frame rate
-  an animation   in the Lottie format (.json). Its layers become elements, its frames count from 1. What cannot be kept, such
-                 as images, texts and effects, is said once
+  an animation   in the Lottie format (.json, and .lottie, of which the first animation is read). Its layers become elements,
+                 its frames count from 1. What cannot be kept, such as images, texts and effects, is said once
 
 A single drawing or animation may come through standard input: write - for it.
 

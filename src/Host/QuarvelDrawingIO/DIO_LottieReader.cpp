@@ -4,6 +4,7 @@
 // layer that paint the same become one drawing.
 #include "QuarvelDrawingIO/DIO_LottieReader.h"
 
+#include "QuarvelDrawingIO/private/DIO_LottieArchive.h"
 #include "QuarvelDrawingIO/private/DIO_LottieDocument.h"
 #include "QuarvelDrawingIO/private/DIO_LottiePainter.h"
 #include "QuarvelDrawingIO/private/DIO_LottieProcess.h"
@@ -30,6 +31,17 @@ UT_Result<QByteArray> readFile(const QString& path)
     if (bytes.size() > kMaxFileSize)
         return problem(path, QStringLiteral("the file is larger than the 64 MiB that can be read"));
     return bytes;
+}
+
+UT_Result<DIO_LottieArchive> readDocument(const QString& path)
+{
+    UT_Result<QByteArray> bytes = readFile(path);
+    if (!bytes)
+        return bytes.error();
+    if (!DIO_isLottieArchive(*bytes))
+        return DIO_LottieArchive{std::move(*bytes), {}};
+    UT_Result<DIO_LottieArchive> archive = DIO_readLottieArchive(path, kMaxFileSize);
+    return archive ? std::move(archive) : problem(path, archive.error().text);
 }
 
 // Gathers the frames of an animation.
@@ -127,10 +139,10 @@ void tidyLayers(std::vector<DIO_AnimatedLayer>& layers)
 
 UT_Result<DIO_Animation> DIO_readLottie(const QString& path, const DIO_LottieLimits& limits)
 {
-    const UT_Result<QByteArray> document = readFile(path);
-    if (!document)
-        return document.error();
-    const UT_Result<DIO_LottieDocument> prepared = DIO_prepareLottieDocument(*document);
+    const UT_Result<DIO_LottieArchive> file = readDocument(path);
+    if (!file)
+        return file.error();
+    const UT_Result<DIO_LottieDocument> prepared = DIO_prepareLottieDocument(file->document);
     if (!prepared)
         return problem(path, prepared.error().text);
     const UT_Result<QByteArray> stream = DIO_runLottieProgram(prepared->bytes, path, limits);
@@ -139,7 +151,9 @@ UT_Result<DIO_Animation> DIO_readLottie(const QString& path, const DIO_LottieLim
 
     DIO_Animation animation;
     animation.name = QFileInfo(path).completeBaseName();
-    animation.warnings = prepared->warnings;
+    if (!file->warning.isEmpty())
+        animation.warnings << file->warning;
+    animation.warnings += prepared->warnings;
     const Collected collected = collectFrames(*stream, prepared->layers, limits, animation);
     if (collected == Collected::STOPPED)
         return UT_stopped();

@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Reads animations in the Lottie format (JSON).
+// Reads animations in the Lottie format: documents (JSON), and archives of them (.lottie), of which the first animation
+// is read.
 //
 // The library that renders animations may crash on a broken file. It therefore runs in a program of its own,
 // quarvel-lottie-reader, with limits on memory and time and without the right to open anything, and what that program
@@ -27,7 +28,8 @@ struct DIO_LottieLimits
     std::function<bool(double done)> goOn = {};
 };
 
-/// Reads an animation of up to 64 MiB. Any thread may call it; it waits for the other program.
+/// Reads an animation of up to 64 MiB, unpacked. What kind the file is follows from its contents. Any thread may call
+/// it; it waits for the other program.
 ///
 /// @return an error of the kind STOPPED when limits.goOn said to stop
 QUARVELDRAWINGIO_EXPORT UT_Result<DIO_Animation> DIO_readLottie(const QString& path,

@@ -36,7 +36,7 @@ const std::vector<Kind>& kinds()
 {
     static const std::vector<Kind> table = [] {
         std::vector<Kind> rows = {
-            {QStringLiteral("animation"), {QStringLiteral("json")}, true, readAnimation},
+            {QStringLiteral("animation"), {QStringLiteral("json"), QStringLiteral("lottie")}, true, readAnimation},
         };
         for (const DIO_DrawingKind& drawings : DIO_drawingKinds())
             rows.push_back({drawings.name, drawings.suffixes, false,

@@ -26,6 +26,11 @@ UT_Result<DIO_ZipFile> DIO_ZipFile::open(const QString& path)
     return DIO_ZipFile(archive);
 }
 
+bool DIO_ZipFile::contains(const QString& name) const
+{
+    return zip_name_locate(_archive.get(), name.toUtf8().constData(), 0) >= 0;
+}
+
 UT_Result<QByteArray> DIO_ZipFile::read(const QString& name, qint64 most) const
 {
     const QByteArray key = name.toUtf8();

@@ -18,6 +18,9 @@ public:
     /// @return an error when there is no such file or it is no archive
     static UT_Result<DIO_ZipFile> open(const QString& path);
 
+    /// Whether there is a file of this name, with its folders.
+    bool contains(const QString& name) const;
+
     /// A file of the archive.
     ///
     /// @param name with its folders
