@@ -83,6 +83,21 @@ const char* const kAtlas = "page.png\nsize: 64, 32\nstraight\n  bounds: 1, 1, 17
 
 } // namespace
 
+// A sprite that lies turned: its pixels lie as on the page, each with the vector of the sprite alone.
+TEST_F(SheetProgram, LeavesVectorsAsTheyAreForProgramsThatTakeThemSo)
+{
+    savePage();
+    write("page.json", kJson);
+    ASSERT_EQ(quarvel("normalmap alone.png --for melonjs").exitCode, 0);
+    ASSERT_EQ(quarvel("normalmap --atlas page.json --for melonjs").exitCode, 0);
+    const IIO_Picture page = read("page_n.png");
+    const IIO_Picture alone = read("alone_n.png");
+    for (int y = 0; y < kTrimmed.height(); ++y)
+        for (int x = 0; x < kTrimmed.width(); ++x)
+            ASSERT_EQ(pixelAt(page, 24 + kTrimmed.height() - 1 - y, 1 + x), pixelAt(alone, 3 + x, 2 + y))
+                << x << ", " << y;
+}
+
 TEST_F(SheetProgram, EveryCellIsTheSpriteRenderedAlone)
 {
     QImage page(24 * 3 + 2 * 2 + 2, 16 + 2, QImage::Format_ARGB32);

@@ -3,14 +3,14 @@
 // PixiJS has no lights: the shader below is the simplest light, and reads both textures as PixiJS loads them.
 import { Application, Assets, Geometry, Mesh, Shader, GlProgram } from "pixi.js";
 
-const vertex = `
+export const vertex = `
 in vec2 aPosition; in vec2 aUV; out vec2 vUV;
 uniform mat3 uProjectionMatrix; uniform mat3 uWorldTransformMatrix; uniform mat3 uTransformMatrix;
 void main() {
   vUV = aUV;
   gl_Position = vec4((uProjectionMatrix * uWorldTransformMatrix * uTransformMatrix * vec3(aPosition, 1.0)).xy, 0.0, 1.0);
 }`;
-const fragment = `
+export const fragment = `
 in vec2 vUV;
 uniform sampler2D uDrawing; uniform sampler2D uMap; uniform vec3 uLight; uniform vec4 uTurn;
 void main() {

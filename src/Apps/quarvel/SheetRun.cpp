@@ -36,7 +36,8 @@ public:
     UT_Result<void> lay(PictureKind kind, const QString& file, IIO_Picture sprite, const SheetRegion& region)
     {
         const NM_MapForm form = mapFormFor(_options, file);
-        if (kind == PictureKind::NORMAL_MAP)
+        const Target* const target = _options.form.target;
+        if (kind == PictureKind::NORMAL_MAP && !(target && target->leavesPackedVectors))
             NM_turnVectors(sprite, region.quarterTurns, form.yAxis);
         auto page = _pages.find(file);
         if (page == _pages.end()) {

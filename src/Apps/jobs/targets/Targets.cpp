@@ -22,7 +22,7 @@ constexpr Target kTargets[] = {
     {"gltf", "glTF", {UP, FULL, 8, 8}, "_normal", "png", true, {"_height", "_occlusion", "_roughness", true}},
     {"godot", "Godot 4", {UP, FULL, 8, 8}, "_n", "png", true, {"_height", "_ao", "_specular"}},
     {"godot3", "Godot 3", {DOWN, FULL, 8, 8}, "_n", "png", true, {"_height", "_ao", "_specular"}},
-    {"melonjs", "melonJS", {UP, FULL, 8, 4}, "_n", "png", false, {"_height", "_ao", "_specular"}},
+    {"melonjs", "melonJS", {UP, FULL, 8, 4}, "_n", "png", false, {"_height", "_ao", "_specular"}, true},
     {"phaser", "Phaser", {UP, FULL, 8, 4}, "_n", "png", false, {"_height", "_ao", "_specular"}},
     {"pixi", "PixiJS", {UP, FULL, 8, 4}, "_n", "png", false, {"_height", "_ao", "_specular"}},
     {"three", "three.js", {UP, FULL, 8, 8}, "_normal", "png", true, {"_height", "_ao", "_roughness", true}},

@@ -28,6 +28,9 @@ struct Target
     const char* ending; ///< the suffix of the map's file: png or exr
     bool takesCoverage; ///< it lights maps correctly whose alpha is the coverage
     TargetCompanions beside = {};
+    /// It draws sprites that lie turned on an atlas' page upright and takes their vectors as they are stored, so
+    /// vectors on the page must not be turned with the pixels.
+    bool leavesPackedVectors = false;
 
     QString titleText() const { return QString::fromUtf8(title); }
     QString suffixText() const { return QString::fromLatin1(suffix); }
