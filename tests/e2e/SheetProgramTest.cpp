@@ -239,6 +239,38 @@ TEST_F(SheetProgram, LetsTheEdgesOfATileMeet)
     EXPECT_LT(lean(0) - lean(47), lean(9) / 2) << "no step at the border";
 }
 
+// Two tiles: ground that fills its cell, and ground that ends in the middle of its cell, in one colour.
+TEST_F(SheetProgram, ConnectedCellsAreNotRoundedWhereTheyTouch)
+{
+    QImage page(64, 32, QImage::Format_ARGB32);
+    page.fill(0);
+    QPainter(&page).fillRect(0, 0, 48, 32, QColor(120, 90, 60));
+    save("ground.png", page);
+    const QString how =
+        QStringLiteral("normalmap ground.png --cells 32x32 --bevel 60 -o %1.png --elevation %1_e.png%2");
+    ASSERT_EQ(quarvel(how.arg("single", "")).exitCode, 0);
+    ASSERT_EQ(quarvel(how.arg("connected", " --connected")).exitCode, 0);
+    const IIO_Picture single = read("single.png");
+    const IIO_Picture connected = read("connected.png");
+    EXPECT_EQ(connected.width(), 64);
+    constexpr U16 kFlat = 32768;
+    EXPECT_NE(pixelAt(single, 0, 16)[0], kFlat) << "a cell alone ends at its border";
+    for (int y = 0; y < 32; ++y) {
+        for (int x = 0; x < 32; ++x)
+            ASSERT_EQ(pixelAt(connected, x, y), (Pixel{kFlat, kFlat, 65535, 65535})) << x << ", " << y;
+        EXPECT_GT(pixelAt(connected, 47, y)[0], 40000) << "the ground's own end leans right";
+        EXPECT_EQ(pixelAt(connected, 47, y), pixelAt(connected, 47, 16)) << "and goes on straight";
+    }
+}
+
+TEST_F(SheetProgram, ConnectedGoesWithCells)
+{
+    save("alone.png", sprite());
+    const Outcome outcome = quarvel("normalmap alone.png --connected");
+    EXPECT_EQ(outcome.exitCode, 2);
+    EXPECT_THAT(outcome.messages, HasSubstr("go with --cells"));
+}
+
 TEST_F(SheetProgram, SaysWhatIsWrongWithAnAtlasAndWritesNothing)
 {
     savePage();

@@ -66,6 +66,8 @@ Sheets: pages of many sprites, each rendered alone, in its own frame's measure
       --margin N        pixels around all cells (0)
       --spacing N       pixels between two cells (0)
       --animation       all cells are frames of one animation and share one set of values; without it each has its own
+      --connected       the cells are tiles that may touch each other: what reaches a cell's border goes on beyond it instead
+                        of being rounded there, and all tiles share one set of values
       --atlas FILE      says where sprites lie, instead of drawings: .json of Aseprite or TexturePacker, .atlas of libGDX or
                         Spine, .tres of Godot. Frames of one animation share one set of values. The atlas of the maps is
                         written beside them

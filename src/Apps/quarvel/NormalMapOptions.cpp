@@ -123,8 +123,8 @@ UT_Result<void> checkSheet(NormalMapOptions& options)
     const bool atlas = !options.atlas.isEmpty();
     if ((atlas || options.cells) && !options.page.isEmpty())
         return UT_Error{QStringLiteral("--html shows one drawing and does not go with --cells or --atlas")};
-    if ((options.margin > 0 || options.spacing > 0 || options.animation) && !options.cells)
-        return UT_Error{QStringLiteral("--margin, --spacing and --animation go with --cells")};
+    if ((options.margin > 0 || options.spacing > 0 || options.animation || options.connected) && !options.cells)
+        return UT_Error{QStringLiteral("--margin, --spacing, --animation and --connected go with --cells")};
     if (atlas && (options.cells || !options.drawings.isEmpty()))
         return UT_Error{QStringLiteral("--atlas names its pages itself; give neither drawings nor --cells with it")};
     if ((atlas || options.cells) && options.tiling.isAny())
@@ -196,6 +196,12 @@ std::vector<Row> rows()
          false,
          [](Options& o, const QString&, const QString&) -> Taken {
              o.animation = true;
+             return {};
+         }},
+        {{s("connected")},
+         false,
+         [](Options& o, const QString&, const QString&) -> Taken {
+             o.connected = true;
              return {};
          }},
         {{s("tile")},

@@ -54,6 +54,7 @@ struct NormalMapOptions
     int margin = 0;                ///< as it was said; part of cells
     int spacing = 0;
     bool animation = false; ///< all cells are frames of one animation
+    bool connected = false; ///< neighbouring cells may touch
     QString atlas;          ///< the file that says where sprites lie; empty: none
 
     Tiling tiling;      ///< the drawing repeats

@@ -10,6 +10,7 @@
 #include "RenderedDrawing.h"
 #include "WritePictures.h"
 #include "jobs/drawing/ReadDrawing.h"
+#include "jobs/drawing/TileDrawing.h"
 #include "jobs/sheets/SharedForms.h"
 #include "jobs/sheets/SheetPictures.h"
 
@@ -107,13 +108,30 @@ std::vector<const SheetRegion*> places(const std::vector<SheetRegion>& regions)
     return different;
 }
 
-std::vector<Sprite> spritesOf(const QImage& page, const std::vector<SheetRegion>& regions, const FormSettings& form)
+// Cells that may touch are rendered with their surroundings, as drawings that repeat are.
+Tiling surroundings(const NormalMapOptions& options)
+{
+    return {.x = options.connected, .y = options.connected};
+}
+
+ReadDrawing readSprite(const QImage& image, const QString& name, const NormalMapOptions& options)
+{
+    const FormSettings& form = options.settings.form;
+    if (!options.connected)
+        return chosenDrawing(DIO_bitmapDrawing(image, name), form);
+    ReadDrawing read = chosenDrawing(DIO_bitmapDrawing(continuedSprite(image), name), form);
+    shrinkGivenForms(read.drawing, surroundings(options), form.shape);
+    return read;
+}
+
+std::vector<Sprite> spritesOf(const QImage& page, const std::vector<SheetRegion>& regions,
+                              const NormalMapOptions& options)
 {
     std::vector<Sprite> sprites;
     for (const SheetRegion* const region : places(regions)) {
         const QImage image = spriteOf(page, *region);
         if (!isTransparent(image))
-            sprites.push_back({region, chosenDrawing(DIO_bitmapDrawing(image, region->name), form)});
+            sprites.push_back({region, readSprite(image, region->name, options)});
     }
     return sprites;
 }
@@ -151,9 +169,14 @@ private:
 UT_Result<void> render(const Sprite& sprite, const NormalMapOptions& options, const OutputFiles& files, Pages& pages,
                        MissingColours& missing)
 {
-    const auto rendered = renderDrawing(sprite.read.drawing, options.settings, options, files);
+    const LayeredDrawing& drawing = sprite.read.drawing;
+    const Tiling tiling = surroundings(options);
+    const NormalMapSettings settings =
+        tiling.isAny() ? settingsForTiles(options.settings, drawing.size, tiling) : options.settings;
+    auto rendered = renderDrawing(drawing, settings, options, files);
     if (!rendered)
         return rendered.error();
+    rendered->frame.window = middleOf(rendered->frame.window, tiling);
     missing.add(rendered->gloss.missing);
     return makePictures(*rendered, options, files, [&](PictureKind kind, const QString& file, IIO_Picture picture) {
         return pages.lay(kind, file, std::move(picture), *sprite.region);
@@ -166,7 +189,7 @@ UT_Result<std::vector<SheetRegion>> regionsFor(const QSize& page, const std::vec
     if (!options.cells)
         return regions;
     UT_Result<std::vector<SheetRegion>> cells = cellsOf(page, *options.cells);
-    if (cells && options.animation)
+    if (cells && (options.animation || options.connected))
         for (SheetRegion& cell : *cells)
             cell.animation = QStringLiteral("all");
     return cells;
@@ -188,7 +211,7 @@ UT_Result<SheetResult> runSheet(const QString& page, const std::vector<SheetRegi
         return all.error();
     if (UT_Result<void> checked = checkRegions(*all, image->size()); !checked)
         return checked.error();
-    std::vector<Sprite> sprites = spritesOf(*image, *all, options.settings.form);
+    std::vector<Sprite> sprites = spritesOf(*image, *all, options);
     if (sprites.empty())
         return UT_Error{QStringLiteral("none of its %1 sprites shows anything").arg(all->size())};
     shareWithinAnimations(sprites);

@@ -23,6 +23,20 @@ void copySprite(const QImage& page, const SheetRegion& region, QImage& sprite)
     }
 }
 
+template<typename Pixel>
+void continuePixels(const QImage& sprite, QImage& continued)
+{
+    const int width = sprite.width();
+    const int height = sprite.height();
+    for (int y = 0; y < continued.height(); ++y) {
+        const auto* const from =
+            reinterpret_cast<const Pixel*>(sprite.constScanLine(std::clamp(y - height, 0, height - 1)));
+        auto* const to = reinterpret_cast<Pixel*>(continued.scanLine(y));
+        for (int x = 0; x < continued.width(); ++x)
+            to[x] = from[std::clamp(x - width, 0, width - 1)];
+    }
+}
+
 template<typename Sample>
 void fillPage(IIO_Picture& page, std::span<const std::uint16_t> pixel)
 {
@@ -64,6 +78,16 @@ QImage spriteOf(const QImage& page, const SheetRegion& region)
     else
         copySprite<std::uint32_t>(page, region, sprite);
     return sprite;
+}
+
+QImage continuedSprite(const QImage& sprite)
+{
+    QImage continued = GR_newImage(sprite.size() * 3, sprite.format());
+    if (sprite.depth() == 64)
+        continuePixels<std::uint64_t>(sprite, continued);
+    else
+        continuePixels<std::uint32_t>(sprite, continued);
+    return continued;
 }
 
 bool isTransparent(const QImage& image)

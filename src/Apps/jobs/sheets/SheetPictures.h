@@ -13,6 +13,12 @@
 /// @param page in the format ARGB32 or RGBA64
 QImage spriteOf(const QImage& page, const SheetRegion& region);
 
+/// A sprite in the middle of nine places of its size, with the pixels of its border continued straight outwards, so
+/// that it has no edge where a neighbour may touch it.
+///
+/// @param sprite in the format ARGB32 or RGBA64
+QImage continuedSprite(const QImage& sprite);
+
 /// Whether all pixels of an image are transparent.
 bool isTransparent(const QImage& image);
 
