@@ -98,6 +98,8 @@ Objects, numbered from the lowest, 1 up, and their form
                           coverage       multiplies the levels of its colours by its coverage
                           cutout         makes no volume: it cuts a hole into what lies below
                           hidden         leaves it out
+                          tilt=X,Y       faces X degrees to the right and Y degrees upwards instead of at the viewer (0,0);
+                                         below 0 to the left and down
       --level C=L       the level of a colour, from 0 (carves) to 255 (adds, the default for every colour);
                         C is a colour such as '#1b1b1b', or all
 

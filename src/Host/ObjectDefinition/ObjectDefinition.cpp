@@ -26,6 +26,11 @@ const AT_AttrMeta kScaleMeta(QStringLiteral("ScaleByCoverage"),
 const AT_AttrMeta kEnabledMeta(QStringLiteral("ObjectEnabled"),
                                QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Object Enabled")));
 
+const AT_DoubleAttrMeta kTiltXMeta(QStringLiteral("TiltX"), QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Tilt to the Right")),
+                                   QStringLiteral("DBL_STEP_TILT"), -90.0, 90.0, -60.0, 60.0, 1.0);
+const AT_DoubleAttrMeta kTiltYMeta(QStringLiteral("TiltY"), QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Tilt Upwards")),
+                                   QStringLiteral("DBL_STEP_TILT"), -90.0, 90.0, -60.0, 60.0, 1.0);
+
 const QString kAttributeChosenForm = QStringLiteral("chosenForm");
 
 // Its presence says that an object is switched off.
@@ -63,11 +68,15 @@ ObjectDefinition::ObjectDefinition()
     , _objectLevel(new AT_DoubleAttr(kLevelMeta, nullptr, AT_DoubleAttr::LINKABLE, 1.0, QString()))
     , _scaleByCoverage(new AT_BoolAttr(kScaleMeta, false))
     , _objectEnabled(new AT_BoolAttr(kEnabledMeta, true))
+    , _tiltX(new AT_DoubleAttr(kTiltXMeta, nullptr, AT_DoubleAttr::LINKABLE, 0.0, QString()))
+    , _tiltY(new AT_DoubleAttr(kTiltYMeta, nullptr, AT_DoubleAttr::LINKABLE, 0.0, QString()))
 {
     registerAttr(_objectNumber);
     registerAttr(_objectLevel);
     registerAttr(_scaleByCoverage);
     registerAttr(_objectEnabled);
+    registerAttr(_tiltX);
+    registerAttr(_tiltY);
     addInImagePort();
 }
 

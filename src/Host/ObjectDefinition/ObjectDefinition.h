@@ -19,7 +19,9 @@ class AT_IntAttr;
 
 /// Defines an object. Its attributes: "ObjectNumber" (integer, 1 by default; 0 makes a cut-out; animatable),
 /// "ObjectLevel" (0 to 1, 1 by default; animatable), "ScaleByCoverage" (off by default), "ObjectEnabled" (on by
-/// default).
+/// default), "TiltX" and "TiltY" (degrees, -90 to 90, 0 by default; animatable): how far the object faces to the right
+/// and upwards instead of facing the viewer. The nodes that make volumes know nothing of the tilt; programs apply it to
+/// what they rendered.
 class OBJECTDEFINITION_EXPORT ObjectDefinition : public MO_Module
 {
 public:
@@ -38,6 +40,8 @@ public:
     AT_DoubleAttr* objectLevel() const { return _objectLevel; }
     AT_BoolAttr* scaleByCoverage() const { return _scaleByCoverage; }
     AT_BoolAttr* objectEnabled() const { return _objectEnabled; }
+    AT_DoubleAttr* tiltX() const { return _tiltX; }
+    AT_DoubleAttr* tiltY() const { return _tiltY; }
 
     /// The form that the program chose for the object when its drawing came in, in the program's own words; empty for
     /// an object that nobody chose a form for. The node keeps it, so that the choice can be told again however the
@@ -66,4 +70,6 @@ private:
     AT_DoubleAttr* _objectLevel;
     AT_BoolAttr* _scaleByCoverage;
     AT_BoolAttr* _objectEnabled;
+    AT_DoubleAttr* _tiltX;
+    AT_DoubleAttr* _tiltY;
 };

@@ -116,7 +116,11 @@ TEST(ObjectDefinitionNode, HasItsAttributesWithTheirDefaultsAndOneInput)
     EXPECT_EQ(node.objectLevel()->upper(), 1.0);
     EXPECT_FALSE(node.scaleByCoverage()->localValue());
     EXPECT_TRUE(node.objectEnabled()->localValue());
-    EXPECT_EQ(node.attrs().size(), 4U);
+    EXPECT_EQ(node.tiltX()->localValue(), 0.0);
+    EXPECT_EQ(node.tiltY()->localValue(), 0.0);
+    EXPECT_EQ(node.tiltX()->lower(), -90.0);
+    EXPECT_EQ(node.tiltY()->upper(), 90.0);
+    EXPECT_EQ(node.attrs().size(), 6U);
     EXPECT_EQ(node.nInPorts(), 1U);
     EXPECT_EQ(node.nOutPorts(), 1U);
 }

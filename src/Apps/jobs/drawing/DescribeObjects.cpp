@@ -44,14 +44,20 @@ QString roleText(ObjectRole role)
     return {};
 }
 
+QString tiltText(const ObjectSettings& own)
+{
+    return own.tilt ? QStringLiteral(", tilt=%1,%2").arg(value(own.tilt->x), value(own.tilt->y)) : QString();
+}
+
 Row rowOf(std::size_t index, const ReadDrawing& read)
 {
     const ChosenObject& object = read.objects[index];
     const ObjectForm& form = read.drawing.layers[index].form;
-    return {QString::number(index + 1), object.name,
-            percent(object.share),      value(form.bevel),
-            value(form.elevation),      value(form.smoothness),
-            object.colours.join(u' '),  object.reason + roleText(object.role)};
+    return {
+        QString::number(index + 1), object.name,
+        percent(object.share),      value(form.bevel),
+        value(form.elevation),      value(form.smoothness),
+        object.colours.join(u' '),  object.reason + roleText(object.role) + tiltText(read.drawing.layers[index].own)};
 }
 
 // A text table; all cells of a column are as wide as the widest.

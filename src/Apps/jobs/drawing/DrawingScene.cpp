@@ -35,6 +35,7 @@ struct ObjectValues
     bool scaleByCoverage;
     bool cutOut;
     bool hidden;
+    ObjectTilt tilt;
 };
 
 ObjectValues valuesOf(int number, const LayeredDrawing::Layer& layer, const NormalMapSettings& settings)
@@ -49,7 +50,8 @@ ObjectValues valuesOf(int number, const LayeredDrawing::Layer& layer, const Norm
             own.level.value_or(1.0),
             own.scaleByCoverage.value_or(false),
             own.cutOut.value_or(false),
-            own.hidden.value_or(false)};
+            own.hidden.value_or(false),
+            own.tilt.value_or(ObjectTilt())};
 }
 
 std::vector<NormalMapObject> objectTable(const LayeredDrawing& drawing, const NormalMapSettings& settings)
@@ -162,6 +164,8 @@ ObjectDefinition& addDefinition(MO_Scene& scene, const QString& layerName, int n
     definition.objectLevel()->setLocalValue(values.level);
     definition.scaleByCoverage()->setLocalValue(values.scaleByCoverage);
     definition.objectEnabled()->setLocalValue(!values.hidden);
+    definition.tiltX()->setLocalValue(values.tilt.x);
+    definition.tiltY()->setLocalValue(values.tilt.y);
     definition.setChosenForm(objectFormText({number, values.bevel, values.elevation, values.smoothness}));
     return definition;
 }

@@ -15,6 +15,15 @@
 #include <utility>
 #include <vector>
 
+/// Where an object faces, in degrees: to the right and upwards of the viewer. Negative values face left and down.
+struct ObjectTilt
+{
+    double x = 0.0;
+    double y = 0.0;
+
+    friend bool operator==(const ObjectTilt&, const ObjectTilt&) = default;
+};
+
 /// Values set for one object; for the others, the chosen ones apply.
 struct ObjectSettings
 {
@@ -25,6 +34,7 @@ struct ObjectSettings
     std::optional<bool> scaleByCoverage; ///< multiply the colours' levels by the object's coverage
     std::optional<bool> cutOut;          ///< it has no volume but cuts a hole into the objects below
     std::optional<bool> hidden;          ///< it contributes nothing at all
+    std::optional<ObjectTilt> tilt;      ///< where it faces
 };
 
 /// Values set for a drawing's objects.

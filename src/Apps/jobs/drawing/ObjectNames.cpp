@@ -26,7 +26,8 @@ ObjectSettings merged(const ObjectSettings& first, const ObjectSettings& second)
             either(first.level, second.level),
             either(first.scaleByCoverage, second.scaleByCoverage),
             either(first.cutOut, second.cutOut),
-            either(first.hidden, second.hidden)};
+            either(first.hidden, second.hidden),
+            either(first.tilt, second.tilt)};
 }
 
 bool isNamedBy(const QString& name, const QString& word)

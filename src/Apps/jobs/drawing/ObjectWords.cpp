@@ -6,6 +6,7 @@
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "jobs/drawing/ObjectNames.h"
 
+#include <array>
 #include <cmath>
 #include <functional>
 #include <limits>
@@ -45,6 +46,25 @@ Take truth(std::optional<bool> ObjectSettings::*member)
     };
 }
 
+// Two numbers of degrees.
+bool takeTilt(ObjectSettings& object, const QString& text)
+{
+    constexpr double kMost = 90.0;
+    const QStringList parts = text.split(u',');
+    if (parts.size() != 2)
+        return false;
+    std::array<double, 2> degrees{};
+    for (std::size_t i = 0; i < degrees.size(); ++i) {
+        bool isNumber = false;
+        degrees[i] = parts[static_cast<qsizetype>(i)].trimmed().toDouble(&isNumber);
+        // Written so that NaN fails.
+        if (!isNumber || !(std::abs(degrees[i]) <= kMost))
+            return false;
+    }
+    object.tilt = ObjectTilt{degrees[0], degrees[1]};
+    return true;
+}
+
 const std::vector<ObjectWord>& objectWords()
 {
     static const std::vector<ObjectWord> table = [] {
@@ -61,6 +81,7 @@ const std::vector<ObjectWord>& objectWords()
             {QStringLiteral("coverage"), yes, truth(&ObjectSettings::scaleByCoverage)},
             {QStringLiteral("cutout"), yes, truth(&ObjectSettings::cutOut)},
             {QStringLiteral("hidden"), yes, truth(&ObjectSettings::hidden)},
+            {QStringLiteral("tilt"), QStringLiteral("two numbers of degrees from -90 to 90 such as 30,-10"), takeTilt},
         };
     }();
     return table;
@@ -86,8 +107,8 @@ UT_Result<void> takeObjectWord(ObjectSettings& object, const QString& word)
     const auto equals = word.indexOf(u'=');
     const ObjectWord* const known = find(equals < 0 ? word : word.left(equals));
     if (!known)
-        return UT_Error{QStringLiteral("an object has bevel=, elevation=, smoothness=, level=, coverage, cutout and "
-                                       "hidden, but no \"%1\"")
+        return UT_Error{QStringLiteral("an object has bevel=, elevation=, smoothness=, level=, tilt=, coverage, cutout "
+                                       "and hidden, but no \"%1\"")
                             .arg(word)};
     const QString value = equals < 0 ? QString() : word.mid(equals + 1).trimmed();
     if (!known->take(object, value))

@@ -14,6 +14,7 @@
 //     coverage       multiplies the levels of its colours by its coverage
 //     cutout         gives it no volume; it cuts a hole into the objects below
 //     hidden         leaves it out; the last three also take =yes and =no
+//     tilt=X,Y       it faces X degrees to the right and Y degrees upwards, -90 to 90; negative: to the left, down
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"

@@ -91,6 +91,10 @@ public:
             done = set(*definition.scaleByCoverage(), yesNo(*said.scaleByCoverage), object.number);
         if (done && said.hidden)
             done = set(*definition.objectEnabled(), yesNo(!*said.hidden), object.number);
+        if (done && said.tilt)
+            done = set(*definition.tiltX(), QString::number(said.tilt->x, 'g', 17), object.number);
+        if (done && said.tilt)
+            done = set(*definition.tiltY(), QString::number(said.tilt->y, 'g', 17), object.number);
         if (done && said.cutOut && *said.cutOut != (object.number == 0)) {
             if (!*said.cutOut)
                 return UT_Error{QStringLiteral("%1 cuts out; to give it a volume, give it a number: quarvel set SCENE "

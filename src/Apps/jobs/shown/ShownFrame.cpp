@@ -6,6 +6,7 @@
 #include "QuarvelSceneCore/graph/MO_SceneCopy.h"
 #include "jobs/shown/FrameMargin.h"
 #include "jobs/shown/NormalMapNode.h"
+#include "jobs/shown/ObjectTilts.h"
 #include "jobs/shown/RenderPrecision.h"
 #include "jobs/shown/VisibleDrawing.h"
 
@@ -64,6 +65,7 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
     const bool twice = _otherBlue && wanted.elevation && wanted.channels;
     const double firstEnds = twice ? kNodeEnds / 2.0 : kNodeEnds;
     const RD_RenderParameters used = usedFor(parameters, wanted);
+    const ObjectTilts tilts = made.kind == RenderedKind::NORMALS ? ObjectTilts(_source.nodes, frame) : ObjectTilts();
     const bool repairs = !wanted.channels && isFloat(used) && made.kind == RenderedKind::NORMALS;
     auto picture = renderNode(frame, used, {.elevationInBlue = wanted.elevation, .closedSeams = repairs},
                               part(progress, 0.0, firstEnds), wanted.channels ? nullptr : kept);
@@ -81,10 +83,10 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
     // Correcting a float picture needs the coverage of the drawing.
     if (made.kind == RenderedKind::COLOURS) {
         made.drawing = wanted.drawing ? made.picture : nullptr;
-    } else if (wanted.drawing || repairs) {
+    } else if (wanted.drawing || repairs || tilts.any()) {
         const auto rest = part(progress, kNodeEnds, 1.0);
-        const bool isKnown = wanted.knownDrawing && !wanted.drawing;
-        const bool isNoted = wanted.inputs || wanted.objects;
+        const bool isNoted = wanted.inputs || wanted.objects || tilts.any();
+        const bool isKnown = wanted.knownDrawing && !wanted.drawing && !isNoted;
         auto painted = isKnown   ? UT_Result<UT_SharedPtr<CEL_PixmapArea>>(wanted.knownDrawing)
                        : isNoted ? paintAndNote(frame, parameters, wanted, made, rest)
                                  : renderModule(*drawing()->module, frame, parameters, rest);
@@ -93,6 +95,9 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
         if (repairs)
             takeCoverage(dynamic_cast<CEL_PixmapAreaRGBAFloat&>(*made.picture), **painted);
         made.drawing = wanted.drawing ? *painted : nullptr;
+        tilts.apply(*made.picture, made.inputs);
+        if (made.channels && made.channels != made.picture)
+            tilts.apply(*made.channels, made.inputs);
     }
     return made;
 }

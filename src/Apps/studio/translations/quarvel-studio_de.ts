@@ -150,6 +150,14 @@
         <source>Highlights</source>
         <translation>Glanz</translation>
     </message>
+    <message>
+        <source>Tilt to the Right</source>
+        <translation>Neigung nach rechts</translation>
+    </message>
+    <message>
+        <source>Tilt Upwards</source>
+        <translation>Neigung nach oben</translation>
+    </message>
 </context>
 <context>
     <name>AT_BoolAttr</name>

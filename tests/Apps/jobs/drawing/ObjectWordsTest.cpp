@@ -36,7 +36,7 @@ std::string errorOf(const char* words)
 TEST(ObjectWords, SayAllValuesOfAnObject)
 {
     const ObjectWishes wishes =
-        said({"2:bevel=60:Elevation=-0.5:smoothness=2:level=0.25:coverage:cutout=no:hidden=yes"});
+        said({"2:bevel=60:Elevation=-0.5:smoothness=2:level=0.25:coverage:cutout=no:hidden=yes:tilt=30,-12.5"});
     const ObjectSettings& two = wishes.objects.at(2);
     EXPECT_EQ(two.bevel, 60.0);
     EXPECT_EQ(two.elevation, -0.5);
@@ -45,6 +45,7 @@ TEST(ObjectWords, SayAllValuesOfAnObject)
     EXPECT_EQ(two.scaleByCoverage, true);
     EXPECT_EQ(two.cutOut, false);
     EXPECT_EQ(two.hidden, true);
+    EXPECT_EQ(two.tilt, (ObjectTilt{30.0, -12.5}));
 }
 
 TEST(ObjectWords, CountByNumberBeforeNameAndByNameBeforeAll)
@@ -70,6 +71,9 @@ TEST(ObjectWords, SayWhatWasExpected)
     EXPECT_THAT(errorOf("head:bevel"), HasSubstr("bevel takes a number"));
     EXPECT_THAT(errorOf("head:level=2"), HasSubstr("from 0 to 1"));
     EXPECT_THAT(errorOf("head:hidden=perhaps"), HasSubstr("yes or no"));
+    for (const char* const words :
+         {"head:tilt=30", "head:tilt=91,0", "head:tilt=1,nan", "head:tilt=1,2,3", "head:tilt"})
+        EXPECT_THAT(errorOf(words), HasSubstr("tilt takes two numbers of degrees from -90 to 90 such as 30,-10"));
 }
 
 TEST(ObjectWords, AreTakenFromTheNamesOfLayers)
