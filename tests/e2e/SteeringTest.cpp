@@ -7,6 +7,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 using testing::AllOf;
 using testing::HasSubstr;
 
@@ -75,6 +77,15 @@ TEST_F(Steering, SetsWhatStandsInDefinitionsToo)
     ASSERT_EQ(quarvel("set plain.scene --object head:hidden=no").exitCode, 0);
     ASSERT_EQ(quarvel("render plain.scene -o shown.png --resolution 96").exitCode, 0);
     EXPECT_NE(bytes("hidden.png"), bytes("shown.png"));
+}
+
+TEST_F(Steering, ThatLeavesNothingToSeeIsSaidInOneLine)
+{
+    const Outcome hidden = quarvel("normalmap -q plain.svg -o none.png --object head:hidden --object foot:cutout");
+    EXPECT_EQ(hidden.exitCode, 0);
+    EXPECT_THAT(hidden.messages, HasSubstr("plain.svg: warning: all objects are hidden or cut out"));
+    EXPECT_EQ(std::ranges::count(hidden.messages, '\n'), 1);
+    EXPECT_EQ(quarvel("normalmap -q plain.svg -o some.png --object head:hidden").messages, "");
 }
 
 TEST_F(Steering, ChangesNothingOfASceneWhereAWordIsWrong)

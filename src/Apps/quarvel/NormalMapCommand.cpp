@@ -117,9 +117,12 @@ private:
                                       const OutputFiles& files)
     {
         auto rendered = renderDrawing(drawing, settings, _options, files, part(kReadEnds, kRenderEnds), _atOnce);
-        if (rendered)
-            if (const QString warning = glossWarning(rendered->gloss.missing); !warning.isEmpty())
-                _warnings << warning;
+        if (!rendered)
+            return rendered;
+        if (rendered->showsNothing)
+            _warnings << QStringLiteral("all objects are hidden or cut out, so nothing shows");
+        if (const QString warning = glossWarning(rendered->gloss.missing); !warning.isEmpty())
+            _warnings << warning;
         return rendered;
     }
 

@@ -4,6 +4,7 @@
 #include "RenderedDrawing.h"
 
 #include "WritePictures.h"
+#include "jobs/drawing/DrawingScene.h"
 #include "jobs/drawing/ObjectNames.h"
 
 namespace {
@@ -33,7 +34,7 @@ UT_Result<RenderedDrawing> renderDrawing(const LayeredDrawing& drawing, const No
     auto frame = renderNormalMap(drawing, *numbered, wantedPictures(options, files), progress, atOnce);
     if (!frame)
         return frame.error();
-    RenderedDrawing rendered{std::move(*frame), {}};
+    RenderedDrawing rendered{std::move(*frame), {}, showsNothing(drawing, *numbered)};
     if (files.gloss.isEmpty())
         return rendered;
     auto gloss = renderGloss(drawing, *numbered, options.gloss);

@@ -12,7 +12,8 @@
 struct RenderedDrawing
 {
     ShownFrame frame;
-    RenderedGloss gloss; ///< without a picture if no file needs it
+    RenderedGloss gloss;       ///< without a picture if no file needs it
+    bool showsNothing = false; ///< all objects are hidden or cut out
 };
 
 /// Renders what the files need.

@@ -172,6 +172,11 @@ ObjectDefinition& addDefinition(MO_Scene& scene, const QString& layerName, int n
 
 } // namespace
 
+bool showsNothing(const LayeredDrawing& drawing, const NormalMapSettings& settings)
+{
+    return objectTable(drawing, settings).empty();
+}
+
 std::pair<int, int> pictureSize(const QSizeF& drawing, const NormalMapSettings& settings)
 {
     const auto whole = [](double length) { return std::max(1, static_cast<int>(std::lround(std::min(length, 1e9)))); };

@@ -74,5 +74,10 @@ private:
     std::pair<int, int> _resolution;
 };
 
+/// Whether every object is hidden or a cut-out, so that nothing of the drawing shows.
+///
+/// @param settings with numbered objects
+bool showsNothing(const LayeredDrawing& drawing, const NormalMapSettings& settings);
+
 /// The size of the picture: that of the settings, or the drawing's natural size; at least 1 x 1.
 std::pair<int, int> pictureSize(const QSizeF& drawing, const NormalMapSettings& settings);
