@@ -117,6 +117,16 @@ TYPED_TEST(LargePicture, IsComposedAsItsRowsAre)
             composeOutput(handler, *whole, inputs, results);
             for (const auto& part : parts)
                 expectSameRows<TypeParam>(*whole, *part, part->allocatedRect().y1, part->allocatedRect().y2);
+            const auto portByPort = emptyPicture<TypeParam>(rect, {});
+            PortComposition composition(handler, *portByPort, {});
+            composition.include(rect);
+            for (const auto& [port, input] : inputs) {
+                const auto result = results.find(handler.portObjectIds[static_cast<std::size_t>(port)]);
+                composition.add(port, input, result == results.end() ? nullptr : result->second);
+            }
+            composition.finish();
+            ASSERT_EQ(portByPort->allocatedRect(), rect);
+            expectSameRows<TypeParam>(*whole, *portByPort, rect.y1, rect.y2);
         });
     }
 }
