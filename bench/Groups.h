@@ -20,7 +20,7 @@ GroupMakers stageGroups();
 GroupMakers blurGroups();
 /// Several objects, several threads, several frames.
 GroupMakers scalingGroups();
-/// The command from a drawing's file to its normal map's, step by step.
+/// The steps of the command from a drawing's file to its normal map's.
 GroupMakers commandGroups();
 /// The command on drawings of increasing numbers of layers and objects.
 GroupMakers growthGroups();
