@@ -261,8 +261,9 @@ private:
     bool take(std::size_t i, const DrawingEnd& end)
     {
         const QString& drawing = _options.drawings[static_cast<qsizetype>(i)];
+        // Later drawings may be done already.
         if (!end.done && end.done.error().kind == UT_ErrorKind::STOPPED)
-            return false;
+            return true;
         _progress.show(i, 1.0, drawing);
         _progress.clear();
         for (const QString& warning : end.warnings)
