@@ -126,7 +126,7 @@ private:
         if (entry.source < 1 || entry.source > static_cast<int>(sources.size()))
             return {};
         const SIO_Index::Source& source = sources[static_cast<std::size_t>(entry.source) - 1];
-        MO_DrawingOrigin origin{{}, entry.layer, source.objects};
+        MO_DrawingOrigin origin{{}, entry.layer, source.objects, source.digest};
         for (const QString& path : source.files)
             origin.files << SIO_sourceFile(path, _files.folder());
         return origin.files.contains(QString()) ? MO_DrawingOrigin() : origin;

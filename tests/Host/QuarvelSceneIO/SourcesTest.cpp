@@ -63,6 +63,21 @@ TEST(SceneSources, AreSharedByTheElementsOfTheSameFiles)
     EXPECT_EQ(mainFileOf(place.folder).count(text("<source>")), 1);
 }
 
+TEST(SceneSources, SayWhatTheFilesHeldWhenTheyWereRead)
+{
+    const ScenePlace place;
+    const auto scene = makeScene(1);
+    MO_DrawingOrigin origin{{text("/drawings/hero.svg")}, text("Head")};
+    origin.digest = text("9f86d081");
+    heroOf(*scene).setOrigin(origin);
+    save(*scene, place.folder);
+    EXPECT_TRUE(mainFileOf(place.folder).contains(text("<source digest=\"9f86d081\">")));
+    const auto loaded = SIO_loadScene(place.folder);
+    ASSERT_TRUE(loaded);
+    EXPECT_EQ(loaded->warnings, QStringList());
+    EXPECT_EQ(heroOf(*loaded->scene).origin(), origin);
+}
+
 TEST(SceneSources, OfNobodyKnowsWhereAreNotWritten)
 {
     const ScenePlace place;

@@ -10,6 +10,7 @@
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "jobs/drawing/ObjectWords.h"
 #include "jobs/drawing/OwnValues.h"
+#include "jobs/import/DrawingDigest.h"
 #include "jobs/import/ImportKinds.h"
 #include "jobs/import/SequenceScene.h"
 
@@ -75,11 +76,12 @@ UT_Result<const Kind*> kindOfAll(const QStringList& files)
 }
 
 // The elements say where they came from, so that the files can be read again.
-void noteOrigin(const MO_Scene& scene, const QStringList& files, ObjectChoice objects)
+void noteOrigin(const MO_Scene& scene, const QStringList& files, const QString& digest, ObjectChoice objects)
 {
     MO_DrawingOrigin origin;
     for (const QString& file : files)
         origin.files << QDir::cleanPath(QFileInfo(file).absoluteFilePath());
+    origin.digest = digest;
     if (objects != FormSettings().objects)
         origin.objects = objectChoiceWords()[static_cast<qsizetype>(objects)];
     scene.root().forEachModule([&](MO_Module& module) {
@@ -122,11 +124,13 @@ UT_Result<DrawingSequence> readSequence(const QStringList& files, const ImportSe
 
 UT_Result<ImportedScene> importDrawings(const QStringList& files, const ImportSettings& settings)
 {
+    QStringList sorted = files;
+    sortNaturally(sorted);
+    // Before the files are read: if one is written to meanwhile, it counts as changed later.
+    const QString digest = drawingDigest(sorted);
     UT_Result<DrawingSequence> sequence = readSequence(files, settings);
     if (!sequence)
         return sequence.error();
-    QStringList sorted = files;
-    sortNaturally(sorted);
     const UT_Result<ObjectWishes> folder = readFolderWishes(sorted.first());
     if (!folder)
         return folder.error();
@@ -134,6 +138,6 @@ UT_Result<ImportedScene> importDrawings(const QStringList& files, const ImportSe
         buildSequenceScene(*sequence, settings.form, {settings.wishes, *folder}, sequence->warnings);
     if (!scene)
         return scene.error();
-    noteOrigin(**scene, sorted, settings.form.objects);
+    noteOrigin(**scene, sorted, digest, settings.form.objects);
     return ImportedScene{std::move(*scene), sequence->warnings};
 }

@@ -5,6 +5,7 @@
 
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "jobs/drawing/ObjectWords.h"
+#include "jobs/import/DrawingDigest.h"
 #include "jobs/import/ImportDrawings.h"
 #include "jobs/import/UpdateDrawings.h"
 #include "studio/document/StudioDocument.h"
@@ -20,6 +21,7 @@ struct DrawingSources::Reading
 {
     Request request;
     std::vector<Stamp> stamps; // before the files were read
+    bool isUnchanged = false;  // so they were not read
     UT_Result<ImportedScene> result = UT_Error{};
 };
 
@@ -104,6 +106,23 @@ void DrawingSources::sceneReplaced()
     _told.clear();
     _sources.clear();
     follow();
+    // Drawings that were just imported are as their files are.
+    if (!_document.folder().isEmpty())
+        lookForOlderChanges();
+}
+
+// A layer that is in no file any more keeps the digest of the files that it came from; one that knows the newest speaks
+// for all.
+void DrawingSources::lookForOlderChanges()
+{
+    for (const QStringList& files : _sources) {
+        Request request{files, files};
+        for (const MO_ElementModule* const element : elementsFrom(_document.scene(), files))
+            if (const QString& digest = element->origin().digest; !digest.isEmpty())
+                request.known << digest;
+        if (!request.known.isEmpty())
+            enqueue(request);
+    }
 }
 
 // The scene's sources may be others after every change: elements come and go.
@@ -185,7 +204,15 @@ void DrawingSources::startNext()
     const QStringList& files = reading->request.files;
     reading->stamps = stampsOf(files);
     const QString objects = objectsOf(reading->request.source);
-    _thread = QThread::create([reading, objects] { reading->result = readFiles(reading->request.files, objects); });
+    _thread = QThread::create([reading, objects] {
+        const QStringList& known = reading->request.known;
+        // A file that is gone leaves the drawing as it is.
+        if (const QString digest = known.isEmpty() ? QString() : drawingDigest(reading->request.files);
+            !known.isEmpty() && (digest.isEmpty() || known.contains(digest)))
+            reading->isUnchanged = true;
+        else
+            reading->result = readFiles(reading->request.files, objects);
+    });
     connect(_thread, &QThread::finished, this, [this, reading] { finish(reading); });
     _thread->start();
 }
@@ -198,6 +225,10 @@ void DrawingSources::finish(const std::shared_ptr<Reading>& reading)
     if (reading->stamps != stampsOf(request.files)) {
         // It was written to meanwhile; what was read may be half of it.
         retry(request, tr("%1 is being written.").arg(nameOf(request.files)));
+        return;
+    }
+    if (reading->isUnchanged) {
+        startNext();
         return;
     }
     if (!reading->result) {
@@ -245,6 +276,9 @@ void DrawingSources::apply(Reading& reading)
     if (_document.execute(std::move(update.command)) && wasUntouched && request.source == request.files)
         _document.commands().setClean();
     QStringList remarks = reading.result->warnings;
+    if (!request.known.isEmpty())
+        remarks.prepend(tr("%1 has changed since the scene was saved and was read again. Undo brings the drawing back.")
+                            .arg(nameOf(request.files)));
     if (!update.vanished.isEmpty())
         remarks << tr("Not in %1 any more: %2. What was set for it stays, should it come back.")
                        .arg(nameOf(request.files), update.vanished.join(QStringLiteral(", ")));

@@ -8,6 +8,8 @@
 // file and rename it, so that the watched one is gone for a moment. So a change is looked at when it has been quiet for
 // kQuiet, and a file that cannot be read is tried again kAttempts times, each time after twice as long. Until it can be
 // read, the drawing stays as it is, and people are told once.
+//
+// When a scene is opened, files whose content is not what the scene was made of are read in the same way.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -73,6 +75,7 @@ private:
     {
         QStringList source; ///< what their drawings take the place of; empty: nothing
         QStringList files;
+        QStringList known = {}; ///< digests: files with one of them are not read
         int attempt = 0;
     };
     /// Files as they are read.
@@ -81,6 +84,7 @@ private:
     static Stamp stampOf(const QString& file);
     std::vector<Stamp> stampsOf(const QStringList& files) const;
     void sceneReplaced();
+    void lookForOlderChanges();
     void follow();
     void watch();
     void look();

@@ -323,6 +323,10 @@
         <source>%1 The drawing stays as it was until the file can be read.</source>
         <translation>%1 Die Zeichnung bleibt, wie sie war, bis die Datei gelesen werden kann.</translation>
     </message>
+    <message>
+        <source>%1 has changed since the scene was saved and was read again. Undo brings the drawing back.</source>
+        <translation>%1 wurde geändert, seit die Szene gespeichert wurde, und neu gelesen. Rückgängig bringt die alte Zeichnung zurück.</translation>
+    </message>
 </context>
 <context>
     <name>ElementsView</name>

@@ -29,6 +29,7 @@ struct MO_DrawingOrigin
     QStringList files;    ///< absolute paths, of all files that were read together; empty when nobody knows
     QString layer;        ///< what the layer is called in them
     QString objects = {}; ///< how their objects were chosen, in a word of the program that read them; empty: as usual
+    QString digest = {};  ///< of the files as they were read, in the form of the program that read them; may be empty
 
     friend bool operator==(const MO_DrawingOrigin&, const MO_DrawingOrigin&) = default;
 };

@@ -29,6 +29,7 @@ const QString kElementFile = QStringLiteral("file");
 const QString kAttributePath = QStringLiteral("path");
 const QString kAttributeSource = QStringLiteral("source");
 const QString kAttributeObjects = QStringLiteral("objects");
+const QString kAttributeDigest = QStringLiteral("digest");
 const QString kAttributeLayer = QStringLiteral("layer");
 const QString kAttributeId = QStringLiteral("id");
 const QString kAttributeInScene = QStringLiteral("inScene");
@@ -88,7 +89,8 @@ private:
     {
         SIO_Index::Source source;
         source.objects = PO_attribute(element, kAttributeObjects);
-        _context.keepOtherAttributes(element, {kAttributeObjects}, source.unknown);
+        source.digest = PO_attribute(element, kAttributeDigest);
+        _context.keepOtherAttributes(element, {kAttributeObjects, kAttributeDigest}, source.unknown);
         for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
             if (child.tagName() == kElementFile)
                 source.files << PO_attribute(child, kAttributePath);
@@ -243,6 +245,8 @@ void writeSources(const SIO_Index& index, PO_XmlWriter& writer)
         writer.startElement(kElementSource);
         if (!source.objects.isEmpty())
             writer.attribute(kAttributeObjects, source.objects);
+        if (!source.digest.isEmpty())
+            writer.attribute(kAttributeDigest, source.digest);
         source.unknown.writeAttributes(writer);
         for (const QString& file : source.files) {
             writer.startElement(kElementFile);

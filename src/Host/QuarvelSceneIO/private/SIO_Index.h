@@ -67,9 +67,13 @@ struct SIO_Index
     {
         QStringList files;
         QString objects = {}; ///< how their objects were chosen
+        QString digest = {};  ///< of the files as they were read
         PO_UnknownXml unknown = {};
 
-        bool isSameAs(const Source& other) const { return files == other.files && objects == other.objects; }
+        bool isSameAs(const Source& other) const
+        {
+            return files == other.files && objects == other.objects && digest == other.digest;
+        }
     };
 
     std::vector<Palette> palettes;

@@ -144,12 +144,12 @@ private:
     {
         if (origin.files.isEmpty())
             return 0;
-        SIO_Index::Source source{{}, origin.objects};
+        SIO_Index::Source source{{}, origin.objects, origin.digest};
         for (const QString& file : origin.files)
             source.files << SIO_sourcePath(file, _home);
         if (_loaded)
             for (const SIO_Index::Source& read : _loaded->index.sources)
-                if (read.isSameAs(source))
+                if (read.files == source.files && read.objects == source.objects)
                     source.unknown = read.unknown;
         return numberOf(source);
     }

@@ -71,6 +71,54 @@ TEST_F(WatchedDrawingsTest, FollowWhatIsWrittenIntoTheFile)
     EXPECT_TRUE(waitForCentre(70)) << "it is watched as before";
 }
 
+TEST_F(WatchedDrawingsTest, ADrawingThatChangedWhileItsSceneWasClosedIsReadWhenTheSceneIsOpened)
+{
+    openDisc();
+    const QString scene = folder.filePath(QStringLiteral("disc.scene"));
+    ASSERT_TRUE(window->saveTo(scene));
+    renew();
+    write(QStringLiteral("disc.svg"), disc(60));
+    drop({scene});
+    ASSERT_TRUE(waitForPicture());
+    ASSERT_TRUE(waitForCentre(60));
+    EXPECT_TRUE(window->messages().text().contains(QStringLiteral("disc.svg")));
+    EXPECT_FALSE(window->messages().isError());
+    EXPECT_TRUE(document().isModified());
+    document().undo();
+    EXPECT_NEAR(centre(), 100.0, 1.0);
+    document().redo();
+    ASSERT_TRUE(window->saveTo(scene));
+
+    renew();
+    drop({scene});
+    ASSERT_TRUE(waitForPicture());
+    write(QStringLiteral("disc.svg"), disc(70));
+    ASSERT_TRUE(waitForCentre(70)) << "it is watched as before";
+}
+
+TEST_F(WatchedDrawingsTest, ASceneWhoseFilesAreTheSameOrGoneOpensAsItWasSaved)
+{
+    openDisc();
+    const QString scene = folder.filePath(QStringLiteral("disc.scene"));
+    ASSERT_TRUE(window->saveTo(scene));
+    // Written again: another time, the same content.
+    write(QStringLiteral("disc.svg"), studio_testing::kDisc);
+    for (const bool isGone : {false, true}) {
+        renew();
+        if (isGone)
+            rename(QStringLiteral("disc.svg"), QStringLiteral("away.svg"));
+        drop({scene});
+        ASSERT_TRUE(waitForPicture());
+        // What is asked for after the look at the files is done after it.
+        window->sources().add({write(QStringLiteral("other.svg"), disc(60))});
+        ASSERT_TRUE(studio_testing::waitUntil([&] { return document().isModified(); }));
+        EXPECT_EQ(document().commands().undoName(), QStringLiteral("Add other.svg"));
+        EXPECT_EQ(window->messages().text(), QString());
+        document().undo();
+        EXPECT_FALSE(document().isModified());
+    }
+}
+
 TEST_F(WatchedDrawingsTest, FollowEditorsThatSaveByRenaming)
 {
     openDisc();
@@ -142,7 +190,9 @@ TEST_F(WatchedDrawingsTest, AreReadAgainByAKey)
     write(QStringLiteral("disc.svg"), disc(60));
     drop({scene});
     ASSERT_TRUE(waitForPicture());
-    EXPECT_NEAR(centre(), 100.0, 1.0) << "it changed while nobody looked";
+    ASSERT_TRUE(waitForCentre(60)) << "it changed while nobody looked";
+    document().undo();
+    EXPECT_NEAR(centre(), 100.0, 1.0);
     QAction* const reload = actionNamed(QStringLiteral("Reload Drawings"));
     EXPECT_EQ(reload->shortcut(), QKeySequence(QStringLiteral("F5")));
     reload->trigger();
