@@ -1,9 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Reading an animation: the document is checked, the other program says what it paints frame by frame, and frames of a
-// layer that paint the same become one drawing.
+// Reading an animation: the document is checked, the other program says what it paints frame by frame, each frame is
+// taken as soon as it has come, and frames of a layer that paint the same become one drawing.
 #include "QuarvelDrawingIO/DIO_LottieReader.h"
 
+#include "QuarvelDrawingIO/DIO_LottieStream.h"
 #include "QuarvelDrawingIO/private/DIO_LottieArchive.h"
 #include "QuarvelDrawingIO/private/DIO_LottieDocument.h"
 #include "QuarvelDrawingIO/private/DIO_LottiePainter.h"
@@ -12,6 +13,8 @@
 #include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
+
+#include <algorithm>
 
 namespace {
 
@@ -94,38 +97,97 @@ private:
     int _frames = 0;
 };
 
-enum class Collected
+// Takes frames out of a stream while the other program writes it.
+class StreamCollector
 {
-    ALL,
-    STOPPED,
-    DAMAGED
-};
+public:
+    // The stream and the layers outlive this.
+    StreamCollector(const QByteArray& stream, const std::vector<DIO_LottieLayerFacts>& layers,
+                    const DIO_LottieLimits& limits, DIO_Animation& animation)
+        : _stream(stream), _reader(stream, layers), _limits(limits), _animation(animation), _collector(animation)
+    {}
 
-Collected collectFrames(const QByteArray& stream, const std::vector<DIO_LottieLayerFacts>& layers,
-                        const DIO_LottieLimits& limits, DIO_Animation& animation)
-{
-    DIO_LottieStreamReader reader(stream, layers);
-    const std::optional<DIO_LottieHeader> header = reader.readHeader();
-    if (!header)
-        return Collected::DAMAGED;
-    animation.size = QSizeF(header->width, header->height);
-    animation.viewBox = QRectF(QPointF(), animation.size);
-    animation.frameRate = header->frameRate;
-    animation.frames = header->frames;
-    FrameCollector collector(animation);
-    for (int frame = 0; frame < header->frames; ++frame) {
-        if (limits.goOn && !limits.goOn(static_cast<double>(frame) / header->frames))
-            return Collected::STOPPED;
-        const std::optional<DIO_LottieLayer> root = reader.readFrame();
-        if (!root)
-            return Collected::DAMAGED;
-        collector.add(*root);
+    bool isStopped() const { return _stopped; }
+
+    // Takes the frames that have come. A frame that has come in part is not tried for every few bytes: the next one is
+    // about as large as the last. @return whether to go on
+    bool takeWhatCame()
+    {
+        if (!tellProgress())
+            return false;
+        if (_stream.size() >= _tryAt)
+            takeFrames();
+        return !_stopped;
     }
-    if (collector.tooDetailed() > 0)
-        animation.warnings.append(QStringLiteral("clips, masks or mattes that are too detailed do not cut: %1 times")
-                                      .arg(collector.tooDetailed()));
-    return reader.readEnd() ? Collected::ALL : Collected::DAMAGED;
-}
+
+    // Takes the rest of a stream that is complete. @return whether it was whole
+    bool takeRest()
+    {
+        takeFrames();
+        if (_stopped || !_hasHeader || _taken < _animation.frames)
+            return false;
+        if (_collector.tooDetailed() > 0)
+            _animation.warnings.append(
+                QStringLiteral("clips, masks or mattes that are too detailed do not cut: %1 times")
+                    .arg(_collector.tooDetailed()));
+        return _reader.readEnd();
+    }
+
+private:
+    // Where the stream's first frame begins.
+    static constexpr qsizetype kHeaderBytes = static_cast<qsizetype>(DIO_LottieStream::kMagic.size()) + 3 * 8 + 4;
+
+    bool tellProgress()
+    {
+        // All is done only when the other program has ended, too.
+        const double done =
+            _hasHeader ? static_cast<double>(std::min(_taken, _animation.frames - 1)) / _animation.frames : 0.0;
+        _stopped = _stopped || (_limits.goOn && !_limits.goOn(done));
+        return !_stopped;
+    }
+
+    bool takeHeader()
+    {
+        if (_hasHeader || _stream.size() < kHeaderBytes)
+            return _hasHeader;
+        const std::optional<DIO_LottieHeader> header = _reader.readHeader();
+        if (!header)
+            return false;
+        _animation.size = QSizeF(header->width, header->height);
+        _animation.viewBox = QRectF(QPointF(), _animation.size);
+        _animation.frameRate = header->frameRate;
+        _animation.frames = header->frames;
+        return _hasHeader = true;
+    }
+
+    void takeFrames()
+    {
+        if (!takeHeader())
+            return;
+        while (_taken < _animation.frames && tellProgress()) {
+            const qsizetype begin = _reader.position();
+            const std::optional<DIO_LottieLayer> root = _reader.readFrame();
+            if (!root) {
+                _tryAt = _stream.size() + _lastBytes;
+                return;
+            }
+            _collector.add(*root);
+            ++_taken;
+            _lastBytes = _reader.position() - begin;
+        }
+    }
+
+    const QByteArray& _stream;
+    DIO_LottieStreamReader _reader;
+    const DIO_LottieLimits& _limits;
+    DIO_Animation& _animation;
+    FrameCollector _collector;
+    bool _hasHeader = false;
+    bool _stopped = false;
+    int _taken = 0;
+    qsizetype _lastBytes = 0;
+    qsizetype _tryAt = kHeaderBytes;
+};
 
 void tidyLayers(std::vector<DIO_AnimatedLayer>& layers)
 {
@@ -145,19 +207,22 @@ UT_Result<DIO_Animation> DIO_readLottie(const QString& path, const DIO_LottieLim
     const UT_Result<DIO_LottieDocument> prepared = DIO_prepareLottieDocument(file->document);
     if (!prepared)
         return problem(path, prepared.error().text);
-    const UT_Result<QByteArray> stream = DIO_runLottieProgram(prepared->bytes, path, limits);
-    if (!stream)
-        return stream.error();
 
     DIO_Animation animation;
     animation.name = QFileInfo(path).completeBaseName();
     if (!file->warning.isEmpty())
         animation.warnings << file->warning;
     animation.warnings += prepared->warnings;
-    const Collected collected = collectFrames(*stream, prepared->layers, limits, animation);
-    if (collected == Collected::STOPPED)
+    QByteArray stream;
+    StreamCollector collector(stream, prepared->layers, limits, animation);
+    if (const UT_Result<void> ran =
+            DIO_runLottieProgram(prepared->bytes, path, limits, stream, [&] { return collector.takeWhatCame(); });
+        !ran)
+        return ran.error();
+    const bool isWhole = collector.takeRest();
+    if (collector.isStopped())
         return UT_stopped();
-    if (collected == Collected::DAMAGED)
+    if (!isWhole)
         return problem(path, QStringLiteral("reading it went wrong; the file is probably damaged"));
     tidyLayers(animation.layers);
     if (animation.layers.empty())

@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QProcess>
 
 namespace {
@@ -48,18 +49,17 @@ QString reasonFrom(const QByteArray& remark)
 
 } // namespace
 
-UT_Result<QByteArray> DIO_runLottieProgram(const QByteArray& document, const QString& path,
-                                           const DIO_LottieLimits& limits)
+UT_Result<void> DIO_runLottieProgram(const QByteArray& document, const QString& path, const DIO_LottieLimits& limits,
+                                     QByteArray& written, const std::function<bool()>& goOn)
 {
     QProcess process;
     process.setProgram(programOf(limits));
-    const QDeadlineTimer deadline(qint64{limits.seconds} * 1000);
+    QDeadlineTimer deadline(qint64{limits.seconds} * 1000);
     process.start(QIODevice::ReadWrite);
     if (!process.waitForStarted())
         return problem(path, whyItDoesNotRun(process.program()));
     process.write(document);
     process.closeWriteChannel();
-    QByteArray written;
     QByteArray remark;
     const auto collect = [&] {
         written += process.readAllStandardOutput();
@@ -75,10 +75,14 @@ UT_Result<QByteArray> DIO_runLottieProgram(const QByteArray& document, const QSt
             return problem(path,
                            QStringLiteral("reading it took more than %1 seconds; is it damaged?").arg(limits.seconds));
         }
-        if (limits.goOn && !limits.goOn(0.0)) {
+        QElapsedTimer ours;
+        ours.start();
+        if (!goOn()) {
             end();
             return UT_stopped();
         }
+        // What is done here with what came is not the program's time.
+        deadline += ours.elapsed();
         process.waitForReadyRead(static_cast<int>(std::clamp<qint64>(deadline.remainingTime(), 1, 200)));
         collect();
         if (written.size() > limits.bytes) {
@@ -91,5 +95,5 @@ UT_Result<QByteArray> DIO_runLottieProgram(const QByteArray& document, const QSt
         return problem(path, QStringLiteral("reading it went wrong; the file is probably damaged"));
     if (process.exitCode() != DIO_LottieStream::OK)
         return problem(path, reasonFrom(remark));
-    return written;
+    return {};
 }

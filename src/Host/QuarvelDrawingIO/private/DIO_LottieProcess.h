@@ -8,8 +8,13 @@
 
 #include <QByteArray>
 
-/// What the program writes about a document; an error when it fails, crashes, or goes beyond a limit.
+#include <functional>
+
+/// Runs the program on a document.
 ///
-/// @param path what messages call the document
-UT_Result<QByteArray> DIO_runLottieProgram(const QByteArray& document, const QString& path,
-                                           const DIO_LottieLimits& limits);
+/// @param path    what messages call the document
+/// @param written gets what the program writes, as it comes
+/// @param goOn    called now and then, at least five times a second, while the program runs; returns whether to go on
+/// @return an error when the program fails, crashes or goes beyond a limit, or goOn said to stop
+UT_Result<void> DIO_runLottieProgram(const QByteArray& document, const QString& path, const DIO_LottieLimits& limits,
+                                     QByteArray& written, const std::function<bool()>& goOn);

@@ -158,13 +158,16 @@ std::optional<DIO_LottieHeader> DIO_LottieStreamReader::readHeader()
 
 std::optional<DIO_LottieLayer> DIO_LottieStreamReader::readFrame()
 {
-    if (byte() != FRAME)
-        return std::nullopt;
+    const qsizetype begin = _at;
     DIO_LottieLayer root;
-    layer(root, 0);
-    if (!_ok)
-        return std::nullopt;
-    return root;
+    _ok = byte() == FRAME;
+    if (_ok)
+        layer(root, 0);
+    if (_ok)
+        return root;
+    _at = begin;
+    _ok = true;
+    return std::nullopt;
 }
 
 bool DIO_LottieStreamReader::readEnd()

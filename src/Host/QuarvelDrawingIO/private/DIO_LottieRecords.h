@@ -59,11 +59,12 @@ struct DIO_LottieHeader
     int frames = 0;
 };
 
-/// Reads a stream from its beginning to its end. After a failure, no further function may be called.
+/// Reads a stream from its beginning to its end, also while it still grows. After a failure of the header or the end, no
+/// further function may be called.
 class DIO_LottieStreamReader
 {
 public:
-    /// @param bytes outlive the reader and the layers
+    /// @param bytes outlive the reader; they may grow at their end between calls, which ends the life of all layers
     /// @param facts what the document says of the layers; outlives the reader
     DIO_LottieStreamReader(const QByteArray& bytes, const std::vector<DIO_LottieLayerFacts>& facts)
         : _bytes(bytes), _facts(facts)
@@ -71,8 +72,11 @@ public:
 
     /// The header; none when the stream is not one of ours or its numbers are out of range.
     std::optional<DIO_LottieHeader> readHeader();
-    /// The outermost layer of the next frame.
+    /// The outermost layer of the next frame; nothing when its bytes are damaged or have not all come. The frame can be
+    /// asked for again when there are more bytes.
     std::optional<DIO_LottieLayer> readFrame();
+    /// How many bytes were read.
+    qsizetype position() const { return _at; }
     /// Whether the stream ends here.
     bool readEnd();
 

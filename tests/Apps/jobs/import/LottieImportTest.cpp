@@ -4,6 +4,8 @@
 #include "Animations.h"
 #include "Files.h"
 
+#include <QProcess>
+
 using namespace files;
 using namespace animations;
 using testing::ElementsAre;
@@ -70,6 +72,41 @@ TEST(LottieImport, SaysHowFarItIsAndStops)
     const auto later = readSequence(file, settings);
     ASSERT_FALSE(later.ok());
     EXPECT_EQ(later.error().kind, UT_ErrorKind::STOPPED);
+}
+
+// A reader that holds its last bytes back until progress has been told: without progress it would wait for ever.
+TEST(LottieImport, SaysHowFarItIsWhileTheReaderStillWrites)
+{
+    const Folder folder;
+    const QByteArray json = document(layer("Box", kRedSquare, moving()));
+    QProcess reader;
+    reader.start(QStringLiteral(LOTTIE_READER), QStringList());
+    reader.write(json);
+    reader.closeWriteChannel();
+    ASSERT_TRUE(reader.waitForFinished());
+    const QByteArray stream = reader.readAllStandardOutput();
+    ASSERT_GT(stream.size(), 200);
+    const QString told = folder.path("told");
+    const QString begin = folder.write("begin", stream.chopped(10));
+    const QString end = folder.write("end", stream.last(10));
+    const QString program =
+        folder.write("reader", QStringLiteral("#!/bin/sh\ncat > /dev/null\ncat '%1'\n"
+                                              "while [ ! -e '%3' ]; do sleep 0.01; done\ncat '%2'\n")
+                                   .arg(begin, end, told)
+                                   .toUtf8());
+    ASSERT_TRUE(QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+
+    ImportSettings settings;
+    settings.lottie.program = program;
+    double atEnd = 0.0;
+    settings.goOn = [&](double done) {
+        if (done >= 0.5 && !QFile::exists(told))
+            folder.write("told", QByteArray("x"));
+        atEnd = done;
+        return true;
+    };
+    EXPECT_TRUE(readSequence({folder.write("bounce.json", json)}, settings).ok());
+    EXPECT_EQ(atEnd, 0.75);
 }
 
 TEST(LottieImport, LayersBecomeElementsFromTheBottomUp)
