@@ -13,6 +13,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QProgressBar>
@@ -83,6 +84,12 @@ void ExportDialog::addButtons()
     layout->addWidget(_buttons);
     // Only a button that is in the dialog becomes the dialog's default.
     _start->setDefault(true);
+    _start->setToolTip(tr("Writes the pictures"));
+    QPushButton* const close = _buttons->button(QDialogButtonBox::Close);
+    close->setToolTip(tr("Closes the dialog; while pictures are written, stops that"));
+    // The box places its buttons as the desktop wants them.
+    const bool isStartFirst = _buttons->layout()->indexOf(_start) < _buttons->layout()->indexOf(close);
+    setTabOrder(isStartFirst ? _start : close, isStartFirst ? close : _start);
 }
 
 void ExportDialog::connectFields()

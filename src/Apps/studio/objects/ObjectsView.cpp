@@ -55,6 +55,7 @@ ObjectsView::ObjectsView(DocumentObjects& objects, ObjectActions& actions, QWidg
     _search->setObjectName(QStringLiteral("ObjectsSearch"));
     _search->setPlaceholderText(tr("Search objects"));
     _search->setAccessibleName(tr("Search objects"));
+    _search->setToolTip(tr("Shows only the objects whose names hold this text"));
     _search->setClearButtonEnabled(true);
     _found->setSourceModel(_model);
     _found->setFilterKeyColumn(ObjectsModel::NAME);

@@ -274,6 +274,10 @@
         <source>Depth by colour</source>
         <translation>Tiefe nach Farbe</translation>
     </message>
+    <message>
+        <source>Shows only the colours whose names hold this text</source>
+        <translation>Zeigt nur die Farben, deren Namen diesen Text enthalten</translation>
+    </message>
 </context>
 <context>
     <name>ColourDepths</name>
@@ -618,6 +622,14 @@
             <numerusform>%n Bild wird berechnet …</numerusform>
             <numerusform>%n Bilder werden berechnet …</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Writes the pictures</source>
+        <translation>Schreibt die Bilder</translation>
+    </message>
+    <message>
+        <source>Closes the dialog; while pictures are written, stops that</source>
+        <translation>Schließt den Dialog; hält das Schreiben der Bilder an, wenn es läuft</translation>
     </message>
 </context>
 <context>
@@ -2342,6 +2354,10 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>Objects</source>
         <translation>Objekte</translation>
+    </message>
+    <message>
+        <source>Shows only the objects whose names hold this text</source>
+        <translation>Zeigt nur die Objekte, deren Namen diesen Text enthalten</translation>
     </message>
 </context>
 <context>

@@ -77,6 +77,7 @@ void NumberAttrEditor::build(const AT_AnimatableAttr& attr, const Range& range)
     if ((range.sliderUpper - range.sliderLower) / range.step <= kMostPositions) {
         buildSlider(attr.label());
         layout->addWidget(_slider, 1);
+        setTabOrder(_slider, _field);
     }
 
     _field->setRange(attr.lower(), attr.upper());
@@ -102,7 +103,7 @@ void NumberAttrEditor::buildSlider(const QString& label)
 {
     _slider = new QSlider(Qt::Horizontal, this);
     _slider->setRange(0, sliderPosition(_range.sliderUpper));
-    _slider->setMinimumWidth(120);
+    _slider->setMinimumWidth(60);
     prepare(*_slider);
     _slider->setAccessibleName(label);
     connect(_slider, &QSlider::valueChanged, this, [this](int position) { enterNumber(sliderValue(position)); });

@@ -3,9 +3,11 @@
 // Whoever cannot see the window hears what each of its controls is.
 #include "Apps/studio/objects/ObjectsTesting.h"
 
+#include "studio/export/ExportDialog.h"
 #include "studio/window/HelpDialog.h"
 
 #include <QAbstractItemView>
+#include <QAbstractScrollArea>
 #include <QAbstractSlider>
 #include <QAbstractSpinBox>
 #include <QAccessible>
@@ -49,6 +51,44 @@ protected:
                 QStringLiteral("%1 %2").arg(QLatin1String(each->metaObject()->className()), each->objectName()));
         return path.join(QStringLiteral(" > "));
     }
+    static bool isInOrder(const QRect& first, const QRect& second)
+    {
+        if (second.bottom() < first.top())
+            return false;
+        const bool isSameRow = second.top() <= first.bottom() && first.top() <= second.bottom();
+        return !isSameRow || second.right() > first.left();
+    }
+
+    // Tab goes on to the right, and down: no control comes after one that lies below it, or right of it in its row.
+    static void expectTabOrder(QWidget& root)
+    {
+        std::vector<const QWidget*> reached;
+        for (QWidget* each = root.window()->nextInFocusChain(); each != root.window(); each = each->nextInFocusChain())
+            if (root.isAncestorOf(each) && each->isVisible() && each->isEnabled() && !each->focusProxy() &&
+                (each->focusPolicy() & Qt::TabFocus))
+                reached.push_back(each);
+        const auto placeOf = [&](const QWidget* widget) {
+            return QRect(widget->mapTo(&root, QPoint()), widget->size());
+        };
+        EXPECT_GE(reached.size(), 1U) << qPrintable(pathOf(root));
+        for (std::size_t i = 1; i < reached.size(); ++i)
+            EXPECT_TRUE(isInOrder(placeOf(reached[i - 1]), placeOf(reached[i])))
+                << qPrintable(pathOf(*reached[i - 1])) << "\n   is followed by " << qPrintable(pathOf(*reached[i]));
+    }
+
+    // Lists, graph and timeline have tool tips of their own for each of their parts.
+    static void expectToolTips(const QWidget& root)
+    {
+        for (const QWidget* const widget : root.findChildren<QWidget*>()) {
+            if (!isInteractive(*widget) || qobject_cast<const QAbstractScrollArea*>(widget))
+                continue;
+            const QWidget* told = widget;
+            while (told->toolTip().isEmpty() && told != &root)
+                told = told->parentWidget();
+            EXPECT_FALSE(told->toolTip().isEmpty()) << qPrintable(pathOf(*widget));
+        }
+    }
+
     static void expectNames(const QWidget& root)
     {
         int looked = 0;
@@ -82,6 +122,35 @@ TEST_F(AccessibilityTest, EveryControlOfTheHelpHasAName)
 {
     window->findChild<QAction*>(QStringLiteral("showHelp"))->trigger();
     expectNames(*window->findChild<HelpDialog*>());
+}
+
+TEST_F(AccessibilityTest, TabFollowsTheEyeInEveryPanelAndDialog)
+{
+    openParts();
+    document().setSelection({object("Head").node});
+    QCoreApplication::processEvents();
+    for (QDockWidget* const dock : window->findChildren<QDockWidget*>()) {
+        dock->raise();
+        QCoreApplication::processEvents();
+        expectTabOrder(*dock->widget());
+    }
+    ExportDialog exporting(document().scene(), {QStringLiteral("parts"), folder.path(), QStringLiteral("parts")});
+    exporting.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&exporting));
+    expectTabOrder(exporting);
+    window->findChild<QAction*>(QStringLiteral("showHelp"))->trigger();
+    expectTabOrder(*window->findChild<HelpDialog*>());
+}
+
+TEST_F(AccessibilityTest, EveryControlSaysWhatItDoes)
+{
+    openParts();
+    document().setSelection({object("Head").node});
+    QCoreApplication::processEvents();
+    for (const QDockWidget* const dock : window->findChildren<QDockWidget*>())
+        expectToolTips(*dock->widget());
+    const ExportDialog exporting(document().scene(), {QStringLiteral("parts"), folder.path(), QStringLiteral("parts")});
+    expectToolTips(exporting);
 }
 
 TEST_F(AccessibilityTest, EveryMenuAndItsEntriesHaveMnemonicsOfTheirOwn)

@@ -31,5 +31,6 @@ QColor kindColor(const QString& keyword, const QPalette& palette)
                                           {QStringLiteral("COMPOSITE"), 32}, {QStringLiteral("GLUE"), 52},
                                           {QStringLiteral("GROUP"), 275},    {NormalMapNode::keyword(), 350}};
     const int hue = hues.value(keyword, static_cast<int>(UT_Id::fromName(keyword).value() % 360));
-    return QColor::fromHsl(hue, 150, isDark(palette) ? 150 : 120);
+    // As bright as yellow may be to stand out from the ground of the light theme.
+    return QColor::fromHsl(hue, 150, isDark(palette) ? 150 : 95);
 }

@@ -9,7 +9,7 @@
 #include <QToolButton>
 
 NodePanel::NodePanel(StudioDocument& document, QWidget* parent)
-    : QWidget(parent), _view(new NodeView(document, this)), _actions(new NodeActions(*_view, *_view)), _way(new QWidget)
+    : QWidget(parent), _view(new NodeView(document)), _actions(new NodeActions(*_view, *_view)), _way(new QWidget)
 {
     auto* bar = new QHBoxLayout;
     bar->setContentsMargins(6, 4, 6, 4);
@@ -21,6 +21,7 @@ NodePanel::NodePanel(StudioDocument& document, QWidget* parent)
     _actions->fillAddMenu(*kinds);
     add->setMenu(kinds);
     bar->addWidget(add);
+    _add = add;
 
     _wayLayout = new QHBoxLayout(_way);
     _wayLayout->setContentsMargins(6, 0, 0, 0);
@@ -32,6 +33,7 @@ NodePanel::NodePanel(StudioDocument& document, QWidget* parent)
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(0);
+    // Tab reaches children in the order in which they come to the panel.
     rows->addLayout(bar);
     rows->addWidget(_view, 1);
     setFocusProxy(_view);
@@ -62,6 +64,7 @@ void NodePanel::showWay()
         }
         delete old;
     }
+    QWidget* before = _add;
     for (qsizetype i = 0; i < way.size(); ++i) {
         auto* step = new QToolButton;
         const QString name = i == 0 ? tr("Scene") : way[i]->instanceName();
@@ -76,5 +79,7 @@ void NodePanel::showWay()
                 _view->leave();
         });
         _wayLayout->addWidget(step);
+        setTabOrder(before, step);
+        before = step;
     }
 }

@@ -27,6 +27,7 @@ private:
 
     NodeView* _view;
     NodeActions* _actions;
+    QWidget* _add = nullptr; ///< the first of the bar
     QWidget* _way;
     QHBoxLayout* _wayLayout;
 };

@@ -37,6 +37,7 @@ ColourDepthView::ColourDepthView(StudioDocument& document, QWidget* parent)
     _search->setObjectName(QStringLiteral("ColourDepthsSearch"));
     _search->setPlaceholderText(tr("Search colours"));
     _search->setAccessibleName(tr("Search colours"));
+    _search->setToolTip(tr("Shows only the colours whose names hold this text"));
     _search->setClearButtonEnabled(true);
     _pick->setObjectName(QStringLiteral("ColourDepthsPick"));
     _pick->setCheckable(true);

@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Thumbnails are painted by the window's own painter: they need no more than to be recognised.
+// Thumbnails are painted by the window's own painter: they need no more than to be recognised. A grey line around the
+// shapes has enough contrast with black, white and the grounds of both themes, so that no object fades into its ground.
 #include "studio/docks/scene/DrawingThumbnail.h"
 
 #include <QPainter>
@@ -10,6 +11,8 @@
 namespace {
 
 constexpr double kMargin = 2.0;
+constexpr QRgb kOutline = 0xff8a8a8a;
+constexpr double kOutlineWidth = 2.0; // half of it lies under the shape
 
 template<typename Function>
 void forEachShape(const CELVEC_Kvd& drawing, const Function& function)
@@ -18,6 +21,20 @@ void forEachShape(const CELVEC_Kvd& drawing, const Function& function)
         if (drawing.artSelector().isSelected(art))
             for (const CELVEC_Shape& shape : drawing.shapes(art))
                 function(shape);
+}
+
+// Pictures have no outline of their own.
+void paintOutline(QPainter& painter, const CELVEC_Shape& shape, double ratio)
+{
+    if (!shape.picture.isNull())
+        return;
+    QPen pen(QColor::fromRgb(kOutline), kOutlineWidth * ratio);
+    pen.setCosmetic(true);
+    painter.save();
+    if (shape.clip)
+        painter.setClipPath(*shape.clip);
+    painter.strokePath(shape.path, pen);
+    painter.restore();
 }
 
 void paintShape(QPainter& painter, const CELVEC_Kvd& drawing, const CELVEC_Shape& shape)
@@ -54,6 +71,7 @@ QPixmap drawingThumbnail(const CELVEC_Kvd& drawing, int side, double ratio)
     painter.translate(side / 2.0, side / 2.0);
     painter.scale((side - 2 * kMargin) / longest, (side - 2 * kMargin) / longest);
     painter.translate(-bounds.center());
+    forEachShape(drawing, [&](const CELVEC_Shape& shape) { paintOutline(painter, shape, ratio); });
     forEachShape(drawing, [&](const CELVEC_Shape& shape) { paintShape(painter, drawing, shape); });
     return pixmap;
 }

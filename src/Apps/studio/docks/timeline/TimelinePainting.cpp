@@ -101,7 +101,7 @@ void TimelineCanvas::paintRuler(QPainter& painter) const
         const bool isNumbered = toNext == 0 || (isFirst && static_cast<double>(toNext) * _frameWidth >= kRoomForNumber);
         if (!isNumbered && _frameWidth < 5.0)
             continue;
-        painter.setPen(QPen(blended(window, text, 0.45), 1));
+        painter.setPen(QPen(blended(window, text, 0.5), 1));
         painter.drawLine(QPointF(x, kRulerHeight - (isNumbered ? 8 : 4)), QPointF(x, kRulerHeight - 1));
         if (!isNumbered)
             continue;

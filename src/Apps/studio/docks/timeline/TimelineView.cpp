@@ -62,6 +62,8 @@ TimelineView::TimelineView(StudioDocument& document, QWidget* parent)
     rows->addLayout(bar);
     rows->addWidget(_canvas, 1);
     setFocusProxy(_canvas);
+    // The canvas is older than the bar above it.
+    setTabOrder(_rate, _canvas);
 
     addPlayAction();
     connect(_frame, &QSpinBox::valueChanged, this, &TimelineView::takeFrame);

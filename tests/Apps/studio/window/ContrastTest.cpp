@@ -1,0 +1,111 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// What is shown can be told from its ground in both themes: texts with a contrast of 4.5, parts of the window with one
+// of 3. The contrast is that of the Web Content Accessibility Guidelines 2.1.
+#include "studio/docks/graph/NodeColors.h"
+#include "studio/docks/scene/ColourSwatch.h"
+#include "studio/docks/scene/DrawingThumbnail.h"
+#include "studio/window/Appearance.h"
+
+#include <QApplication>
+#include <QStyle>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double kText = 4.5;
+constexpr double kPart = 3.0;
+
+double luminance(const QColor& colour)
+{
+    const auto linear = [](float channel) {
+        return channel <= 0.03928F ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other)
+{
+    const double first = luminance(one);
+    const double second = luminance(other);
+    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+class ContrastTest : public testing::TestWithParam<Appearance>
+{
+protected:
+    ContrastTest() { applyAppearance(GetParam()); }
+    ~ContrastTest() override { QApplication::setPalette(_before); }
+
+    static QColor colour(QPalette::ColorRole role) { return QApplication::palette().color(QPalette::Active, role); }
+
+    // The greatest contrast with the ground that any pixel of a line across the picture's middle has.
+    static double greatestContrast(const QImage& picture, const QColor& ground)
+    {
+        double greatest = 1.0;
+        for (int x = 0; x < picture.width(); ++x) {
+            const QColor pixel = picture.pixelColor(x, picture.height() / 2);
+            greatest = std::max(greatest, contrast(blended(ground, pixel, pixel.alphaF()), ground));
+        }
+        return greatest;
+    }
+
+private:
+    QPalette _before = QApplication::palette();
+};
+
+TEST_P(ContrastTest, TextsAreReadOnEveryGround)
+{
+    const std::pair<QPalette::ColorRole, QPalette::ColorRole> texts[] = {
+        {QPalette::WindowText, QPalette::Window},    {QPalette::Text, QPalette::Base},
+        {QPalette::Text, QPalette::AlternateBase},   {QPalette::ButtonText, QPalette::Button},
+        {QPalette::PlaceholderText, QPalette::Base}, {QPalette::HighlightedText, QPalette::Highlight},
+        {QPalette::Link, QPalette::Window},          {QPalette::ToolTipText, QPalette::ToolTipBase},
+    };
+    for (const auto& [text, ground] : texts)
+        EXPECT_GE(contrast(colour(text), colour(ground)), kText) << text << " on " << ground;
+    EXPECT_GE(contrast(quietText(QApplication::palette()), colour(QPalette::Base)), kText);
+}
+
+TEST_P(ContrastTest, WhatIsMarkedIsSeen)
+{
+    for (const auto ground : {QPalette::Base, QPalette::AlternateBase, QPalette::Window})
+        EXPECT_GE(contrast(colour(QPalette::Highlight), colour(ground)), kPart) << ground;
+    for (const char* const kind : {"READ", "DISPLAY", "COMPOSITE", "GLUE", "GROUP", "Vallorin"})
+        EXPECT_GE(contrast(kindColor(QLatin1String(kind), QApplication::palette()), colour(QPalette::Base)), kPart)
+            << kind;
+}
+
+TEST_P(ContrastTest, SwatchesAndThumbnailsOfAnyColourEndSomewhere)
+{
+    const QColor base = colour(QPalette::Base);
+    for (const QColor& own : {QColor(Qt::black), QColor(Qt::white), base}) {
+        const QImage swatch = colourSwatch(own, QApplication::palette(), 1.0).pixmap(kColourSwatch).toImage();
+        EXPECT_GE(greatestContrast(swatch, base), kPart) << qPrintable(own.name());
+
+        auto palette = UT_makeShared<CM_Palette>(UT_String("one"));
+        const CM_ColorId_t id(1);
+        auto colour = UT_makeShared<CM_Color>(UT_String(), 0, id);
+        colour->SetNominalColor({static_cast<unsigned char>(own.red()), static_cast<unsigned char>(own.green()),
+                                 static_cast<unsigned char>(own.blue()), 255});
+        palette->addColor(colour);
+        CELVEC_Kvd drawing(palette);
+        QPainterPath disc;
+        disc.addEllipse(QPointF(), 50, 50);
+        drawing.addShape(GR_Art::COLOUR, {disc, id, 1.0, {}});
+        for (const double ratio : {1.0, 2.0})
+            EXPECT_GE(greatestContrast(drawingThumbnail(drawing, 24, ratio).toImage(), base), kPart)
+                << qPrintable(own.name()) << " at " << ratio;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(BothThemes, ContrastTest, testing::Values(Appearance::LIGHT, Appearance::DARK),
+                         [](const auto& theme) {
+                             return std::string(theme.param == Appearance::DARK ? "Dark" : "Light");
+                         });
+
+} // namespace
