@@ -86,6 +86,8 @@ void ExportDialog::addButtons()
     _start->setDefault(true);
     _start->setToolTip(tr("Writes the pictures"));
     QPushButton* const close = _buttons->button(QDialogButtonBox::Close);
+    // The text of Qt is not translated where its own translations are not installed.
+    close->setText(tr("Close"));
     close->setToolTip(tr("Closes the dialog; while pictures are written, stops that"));
     // The box places its buttons as the desktop wants them.
     const bool isStartFirst = _buttons->layout()->indexOf(_start) < _buttons->layout()->indexOf(close);

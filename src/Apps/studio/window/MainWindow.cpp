@@ -152,7 +152,8 @@ void MainWindow::shareOutRoom()
     resizeDocks({objects, lights}, {540, 330}, Qt::Vertical);
     auto* const nodes = findChild<QDockWidget*>(QStringLiteral("NodesDock"));
     auto* const timeline = findChild<QDockWidget*>(QStringLiteral("TimelineDock"));
-    resizeDocks({nodes, timeline}, {400, 560}, Qt::Horizontal);
+    // On a screen 1440 wide, the timeline's bar is one line.
+    resizeDocks({nodes, timeline}, {330, 630}, Qt::Horizontal);
     resizeDocks({nodes}, {this->height() * 3 / 10}, Qt::Vertical);
 }
 

@@ -6,9 +6,11 @@
 #include "jobs/scene/LightPresets.h"
 #include "jobs/shown/NormalMapNode.h"
 #include "studio/docks/scene/LightPanel.h"
+#include "studio/document/SceneDialog.h"
 #include "studio/export/ExportDialog.h"
 #include "studio/preview/Viewer.h"
 #include "studio/window/Appearance.h"
+#include "studio/window/HelpDialog.h"
 #include "studio/window/MainWindow.h"
 #include "studio/window/MessageBar.h"
 
@@ -18,6 +20,7 @@
 #include <QDockWidget>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
+#include <QTreeView>
 
 #include <cstdio>
 
@@ -73,6 +76,17 @@ private:
     bool _good = true;
 };
 
+void selectNode(MainWindow& window)
+{
+    MO_Module* node = nullptr;
+    window.document().scene().root().forEachModule([&](MO_Module& module) {
+        if (NormalMapNode::is(module))
+            node = &module;
+    });
+    if (node)
+        window.document().setSelection({node});
+}
+
 void takePictures(Shooting& shooting, MainWindow& window)
 {
     const std::pair<PictureKind, QString> kinds[] = {{PictureKind::DRAWING, QStringLiteral("drawing")},
@@ -123,9 +137,34 @@ void takeObjects(Shooting& shooting, MainWindow& window)
     window.resize(1024, 768);
     resetLayout->trigger();
     shooting.take(window, QStringLiteral("small"));
+    selectNode(window);
+    raiseDock(window, QStringLiteral("PropertiesDock"));
+    shooting.take(window, QStringLiteral("small-properties"));
     window.resize(1440, 900);
     resetLayout->trigger();
     window.objects().select({});
+}
+
+void takeDialogs(Shooting& shooting, MainWindow& window)
+{
+    ExportDialog exporting(window.document().scene(),
+                           {QStringLiteral("hero"), QStringLiteral("/home/ada/drawings"), QStringLiteral("hero")});
+    exporting.adjustSize();
+    shooting.take(exporting, QStringLiteral("export"));
+    window.findChild<QAction*>(QStringLiteral("showHelp"))->trigger();
+    auto* const help = window.findChild<HelpDialog*>();
+    shooting.take(*help, QStringLiteral("help"));
+    help->close();
+    const QTemporaryDir scenes;
+    for (const char* const name : {"drawings", "hero.scene", "walk.scene"})
+        QDir(scenes.path()).mkdir(QLatin1String(name));
+    SceneDialog opening(scenes.path());
+    opening.show();
+    // The list is read in the background.
+    auto* const list = opening.findChild<QTreeView*>(QStringLiteral("treeView"));
+    if (!list || !waitFor([list] { return list->model()->rowCount(list->rootIndex()) == 3; }))
+        shooting.fail("the dialog for scenes shows no scenes");
+    shooting.take(opening, QStringLiteral("open-scene"));
 }
 
 void takeAll(Shooting& shooting)
@@ -145,13 +184,7 @@ void takeAll(Shooting& shooting)
         return;
     }
     window.messages().clear();
-    MO_Module* node = nullptr;
-    window.document().scene().root().forEachModule([&](MO_Module& module) {
-        if (NormalMapNode::is(module))
-            node = &module;
-    });
-    if (node)
-        window.document().setSelection({node});
+    selectNode(window);
     QCoreApplication::processEvents();
     takePictures(shooting, window);
     raiseDock(window, QStringLiteral("PropertiesDock"));
@@ -170,10 +203,7 @@ void takeAll(Shooting& shooting)
                                                "closed; repair the file or export it again"));
     shooting.take(window, QStringLiteral("error"));
     window.messages().clear();
-    ExportDialog dialog(window.document().scene(),
-                        {QStringLiteral("hero"), QStringLiteral("/home/ada/drawings"), QStringLiteral("hero")});
-    dialog.adjustSize();
-    shooting.take(dialog, QStringLiteral("export"));
+    takeDialogs(shooting, window);
     // Nothing is asked when the window goes.
     window.document().replaceScene(std::make_unique<MO_Scene>(), {}, false);
 }
