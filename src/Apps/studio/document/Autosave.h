@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Autosave: keeps a copy of what is not saved yet, every minute, so that a crash costs a minute's work at most.
+// Autosave: stores a copy of unsaved work every minute, so that a crash loses at most the work of one minute.
 //
 // Each running application has a folder of its own under the recovery folder, with a lock that ends with the process:
 //
@@ -8,7 +8,7 @@
 //     recovery/<random>/about.ini      the scene's title, its folder, when it was kept
 //     recovery/<random>/kept.scene/    the scene
 //
-// A folder whose lock nobody holds was left by a crash.
+// If no process holds a folder's lock, a crash left the folder.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -25,10 +25,10 @@ class StudioDocument;
 /// What a crash left.
 struct LeftScene
 {
-    QString folder;  ///< of the recovery, to be given back to Autosave
+    QString folder;  ///< of the recovery; identifies it for Autosave
     QString title;   ///< the scene's name
     QString savedAs; ///< where it was saved before; empty when it never was
-    QDateTime time;  ///< when it was kept
+    QDateTime time;  ///< when the copy was stored
 };
 
 class Autosave : public QObject
@@ -40,24 +40,24 @@ public:
 
     /// @param folder where recoveries lie; made when it is needed
     Autosave(StudioDocument& document, const QString& folder, QObject* parent = nullptr);
-    /// An orderly end leaves nothing behind.
+    /// Removes this process's recovery folder.
     ~Autosave() override;
 
-    /// The folder that is used unless another is named.
+    /// The default recovery folder.
     static QString defaultFolder();
 
     /// What crashes left, the latest first.
     QList<LeftScene> left() const;
     /// Opens what was left; it counts as not saved. The folder is kept until the document is saved or closed.
     UT_Result<QStringList> recover(const LeftScene& scene);
-    /// Throws away what was left.
+    /// Deletes what was left.
     void discard(const LeftScene& scene);
 
-    /// Keeps the document now, when it is modified and was not kept as it is.
+    /// Stores a copy of the document now, if it has changed since the last copy.
     UT_Result<void> keepNow();
 
 Q_SIGNALS:
-    /// The document could not be kept.
+    /// The copy could not be stored.
     void failed(const QString& error);
 
 private:

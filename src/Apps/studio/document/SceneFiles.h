@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// SceneFiles: opens scenes and imports drawings, on a thread of its own, so that a large file does not hold the window
-// up. What fails leaves the document as it is.
+// SceneFiles: opens scenes and imports drawings on a thread of its own, so that a large file does not block the window.
+// If that fails, the document stays unchanged.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -20,17 +20,17 @@ class QFileInfo;
 class QThread;
 class StudioDocument;
 
-/// What people give to be opened.
+/// What to open.
 struct OpenRequest
 {
     QString scene;        ///< a scene's folder; empty: drawings
     QStringList drawings; ///< files to import
 
-    /// Finds out what paths mean: one scene, or drawings, of which folders stand for all that lie in them.
+    /// Interprets paths: as one scene, or as drawings. A folder that is no scene stands for all drawings in it.
     ///
     /// @return an error when there is nothing to open among them
     static UT_Result<OpenRequest> of(const QStringList& paths);
-    /// Whether a folder is a scene: it is called so, or holds one.
+    /// Whether a folder is a scene: its name ends in ".scene", or it holds a scene.
     static bool isScene(const QFileInfo& folder);
     /// The endings of the files that can be imported, as "*.svg".
     static QStringList drawingPatterns();
@@ -45,18 +45,18 @@ public:
     explicit SceneFiles(StudioDocument& document, QObject* parent = nullptr);
     ~SceneFiles() override;
 
-    /// Starts to open; what is being opened already is given up.
+    /// Starts to open. If something else is being opened, that is cancelled.
     void open(const OpenRequest& request);
-    /// Gives up what is being opened; the document stays as it is.
+    /// Cancels opening at once; the document stays unchanged.
     void cancel();
     bool isBusy() const { return _thread != nullptr; }
 
 Q_SIGNALS:
-    /// Opening begins or has ended.
+    /// Opening started or ended.
     void busyChanged();
-    /// How much of what is being opened is read, 0 to 1; 0 where nobody knows.
+    /// The share that has been read, 0 to 1; 0 while it is unknown.
     void progressed(double done);
-    /// The document shows what was asked for. The text holds remarks, a line each.
+    /// The document has been opened. The text holds remarks, one per line.
     void opened(const OpenRequest& request, const QString& remarks);
     void failed(const QString& error);
 

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// StudioDocument: the scene that is open, with its history, the frame that is looked at and what is selected. All views
-// show the same document, change it through commands alone, and hear from it what changed.
+// StudioDocument: the open scene with its history, its current frame and its selection. All views show the same
+// document, change it only through commands, and are told by it what has changed.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -24,7 +24,7 @@ public:
     explicit StudioDocument(QObject* parent = nullptr);
     ~StudioDocument() override;
 
-    /// The scene; there always is one, an empty one to begin with.
+    /// The scene; an empty one at first.
     MO_Scene& scene() const { return *_scene; }
     /// The history. Commands go through execute().
     CO_CommandStack& commands() { return _commands; }
@@ -36,14 +36,14 @@ public:
     void undo();
     void redo();
 
-    /// Takes a scene in place of the one that is open.
+    /// Replaces the open scene.
     ///
     /// @param folder where it is saved; empty for one that was never saved
-    /// @param isModified true for what exists nowhere on disk yet (an import, a recovered scene)
-    /// @param state of the folder, as the scene was loaded from it; empty when nobody knows
+    /// @param isModified true if the scene is not on disk yet (an import, a recovered scene)
+    /// @param state the folder's state when the scene was loaded; empty if unknown
     void replaceScene(std::unique_ptr<MO_Scene> scene, const QString& folder, bool isModified,
                       SIO_SceneState state = {});
-    /// Opens a scene from disk; the document keeps what it has when that fails.
+    /// Opens a scene from disk. If that fails, the document stays unchanged.
     ///
     /// @return warnings for people
     UT_Result<QStringList> open(const QString& folder);
@@ -60,28 +60,28 @@ public:
     /// The name for people: the folder's, or "Untitled".
     QString title() const;
     bool isModified() const;
-    /// Whether something would be lost with the document that somebody made: a change, or a scene that was recovered. A
-    /// drawing that was opened and looked at is none: it can be opened again.
+    /// Whether closing the document would lose work: changes, or a recovered scene. A drawing that was opened and not
+    /// changed is no work, since it can be opened again.
     bool holdsWork() const { return _isRecovered || !_commands.isClean(); }
-    /// Says that the scene that is open was recovered after a crash.
+    /// Marks the open scene as recovered after a crash.
     void setRecovered();
 
-    /// The frame that is looked at; always one of the scene's.
+    /// The current frame; always one of the scene's.
     int currentFrame() const { return _frame; }
     void setCurrentFrame(int frame);
 
-    /// The modules that are selected, in the order of selection; none of them outlives the scene's graph.
+    /// The selected modules, in the order of selection. Modules that leave the graph leave the selection.
     const QList<MO_Module*>& selection() const { return _selection; }
     void setSelection(const QList<MO_Module*>& modules);
-    /// The module selected last; null when none is.
+    /// The module that was selected last; null if none is selected.
     MO_Module* currentModule() const { return _selection.isEmpty() ? nullptr : _selection.last(); }
 
 Q_SIGNALS:
-    /// Another scene is open; everything known of the old one is void.
+    /// Another scene is open; nothing of the old one may be used any more.
     void sceneReplaced();
-    /// Something in the scene changed; sent once for all changes of one turn of the event loop.
+    /// The scene changed; emitted once for all changes in one turn of the event loop.
     void sceneChanged();
-    /// The scene's lights changed. Sent at once for every change, and not beside sceneChanged().
+    /// The scene's lights changed; emitted at once for every change, instead of sceneChanged().
     void lightsChanged();
     /// What undo and redo would do, the title or whether there is anything to save may have changed.
     void stateChanged();

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A name is taken apart into its stem, the place of the frame's number with the sign before it, and the ending.
+// A name is divided into its stem, the place of the frame's number with the sign before it, and the extension.
 #include "studio/export/ExportChoices.h"
 
 #include "jobs/targets/Targets.h"

@@ -43,12 +43,12 @@ struct ExportChoices
     QStringList files() const;
 };
 
-/// What a picture's name adds to the drawing's: "_e" for elevation.
+/// The suffix of a picture's file name: "_e" for elevation.
 ///
-/// @param mapSuffix what a map's name adds; programs differ in it
+/// @param mapSuffix the suffix of normal maps, which depends on the program they are made for
 QString exportSuffix(ExportPicture picture, const QString& mapSuffix);
 
-/// The file with another end of its name: "walk_e.####.png" of "walk_n.####.png".
+/// Replaces the suffix of a file's name: "walk_n.####.png" becomes "walk_e.####.png".
 ///
-/// @param picture whose end stands there now; a name that ends otherwise only grows
+/// @param picture the picture whose suffix is replaced; if the name has another suffix, the new one is appended
 QString withExportSuffix(const QString& file, ExportPicture picture, const QString& suffix);

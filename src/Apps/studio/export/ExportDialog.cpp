@@ -82,14 +82,14 @@ void ExportDialog::addButtons()
     layout->addWidget(_message);
     layout->addWidget(_progress);
     layout->addWidget(_buttons);
-    // Only a button that is in the dialog becomes the dialog's default.
+    // setDefault() has an effect only after the button was added to the dialog.
     _start->setDefault(true);
     _start->setToolTip(tr("Writes the pictures"));
     QPushButton* const close = _buttons->button(QDialogButtonBox::Close);
-    // The text of Qt is not translated where its own translations are not installed.
+    // Qt translates its own text only where its translations are installed.
     close->setText(tr("Close"));
     close->setToolTip(tr("Closes the dialog; while pictures are written, stops that"));
-    // The box places its buttons as the desktop wants them.
+    // The order of the buttons depends on the desktop.
     const bool isStartFirst = _buttons->layout()->indexOf(_start) < _buttons->layout()->indexOf(close);
     setTabOrder(isStartFirst ? _start : close, isStartFirst ? close : _start);
 }
@@ -115,7 +115,7 @@ void ExportDialog::takeMemory()
     const ExportMemory memory = ExportMemory::load();
     for (const auto& [picture, check] : _fields.pictures)
         check->setChecked(memory.pictures.contains(picture));
-    // A node that makes no normals has another first picture; something is always proposed.
+    // The stored choice may not fit the node: then its first possible picture is chosen.
     if (pictures().isEmpty())
         for (const auto& [picture, check] : _fields.pictures)
             if (check->isEnabled()) {
@@ -204,7 +204,7 @@ void ExportDialog::formatChanged()
     update();
 }
 
-// The name is that of the first picture: when that is another one, the end of the name follows.
+// The file name is that of the first chosen picture, so its suffix follows the choice.
 void ExportDialog::picturesChanged()
 {
     const QList<ExportPicture> chosen = pictures();

@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ExportDialog: frames into picture files: which, which pictures of them, for which program, in which form and where.
-// It proposes what was chosen last, with the drawing's own size, folder and name, so that Enter exports.
+// ExportDialog: writes frames to picture files. People choose the frames, the pictures of each frame, the program that
+// they are for, their form and their folder. The first values are those of the last export with the drawing's own size,
+// folder and name, so that pressing Enter is enough.
 #pragma once
 
 #include "studio/export/ExportFields.h"
@@ -25,17 +26,17 @@ class ExportDialog : public QDialog
 public:
     ExportDialog(const MO_Scene& scene, const ExportOrigin& origin, QWidget* parent = nullptr);
 
-    /// What the dialog says now.
+    /// The values of the fields.
     ExportChoices choices() const;
-    /// Sets the fields to what was chosen before.
+    /// Sets the fields.
     void setChoices(const ExportChoices& choices);
-    /// What the last export wrote; nothing when there was none.
+    /// The choices of the last export; std::nullopt if nothing was exported.
     const std::optional<ExportChoices>& exported() const { return _exported; }
-    /// What the dialog tells under its fields.
+    /// The text below the fields.
     QString message() const;
     bool isRunning() const { return _job != nullptr; }
 
-    /// Does what the button "Export" does.
+    /// Starts the export, as the button "Export" does.
     void begin();
 
     void done(int result) override;
@@ -56,7 +57,7 @@ private:
     ExportFormat format() const;
     void update();
     void chooseFolder();
-    /// Whether nothing is replaced, or the person agrees to it.
+    /// Asks whether to replace existing files. @return true if there are none or the person agrees
     bool mayReplace();
     void setRunning(bool running);
     void ended();

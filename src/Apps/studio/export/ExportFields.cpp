@@ -23,13 +23,13 @@
 
 namespace {
 
-// The texts belong to the dialog.
+// The texts have the dialog's context in translations.
 struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(ExportDialog)
 };
 
-// A field with something beside it, which the label's key leads to.
+// A row of a field and another widget. The label's mnemonic moves the focus to the field.
 QWidget* rowOf(QWidget* field, QWidget* beside)
 {
     auto* const row = new QWidget;
@@ -52,7 +52,7 @@ QComboBox* choiceNamed(const char* name)
 {
     auto* const box = new QComboBox;
     box->setObjectName(QString::fromLatin1(name));
-    // Long texts do not make the dialog wide.
+    // Without this, long texts would make the dialog wide.
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(20);
     return box;

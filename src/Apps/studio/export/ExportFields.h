@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The fields of the dialog that exports frames, with their labels, tool tips and proposals. What follows from a field
-// is the dialog's affair (ExportDialog.h).
+// The fields of the dialog that exports frames, with their labels, tool tips and first values. The dialog reacts to
+// changes of the fields (ExportDialog.h).
 #pragma once
 
 #include "studio/export/ExportChoices.h"
@@ -48,7 +48,7 @@ struct ExportFields
     QComboBox* node = nullptr;
     QLineEdit* frames = nullptr;
     QSpinBox* width = nullptr;
-    QLabel* size = nullptr; ///< tells the height
+    QLabel* size = nullptr; ///< shows the height
     std::map<ExportPicture, QCheckBox*> pictures;
     QComboBox* target = nullptr;
     QComboBox* format = nullptr; ///< its data are ExportFormat
@@ -60,9 +60,9 @@ struct ExportFields
     QLineEdit* folder = nullptr;
     QToolButton* browse = nullptr; ///< chooses the folder
     QLineEdit* file = nullptr;
-    QLabel* files = nullptr; ///< tells what will be written
+    QLabel* files = nullptr; ///< shows the names of the files to write
 };
 
-/// Makes the fields, filled with what a scene proposes: its output node, all its frames, its drawings' own width and
-/// place.
+/// Makes the fields and fills them with the scene's output node, all its frames, and the width and folder of its
+/// drawings.
 ExportFields makeExportFields(const MO_Scene& scene, const ExportOrigin& origin);

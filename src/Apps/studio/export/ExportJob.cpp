@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// One kind of picture is written after the other. All that the thread finds out reaches the object by its event loop,
-// in order, so that the object's members belong to its thread alone.
+// Writes one kind of picture after the other. The worker thread passes every result through the event loop of the
+// object's thread, so only that thread uses the object's members.
 #include "studio/export/ExportJob.h"
 
 #include <QFileInfo>
@@ -9,7 +9,7 @@
 
 namespace {
 
-// The names of files without their folder; of many the first and the last.
+// The names of files without their folder; if there are many, only the first and the last.
 QString namesOf(const QStringList& files)
 {
     constexpr qsizetype kMost = 6;

@@ -25,16 +25,16 @@ public:
     ///
     /// @return an error, and nothing has begun, when the choices do not fit the scene
     UT_Result<void> start(const MO_Scene& scene, const ExportChoices& choices);
-    /// Files that are being written are finished; the others stay as they are.
+    /// Stops after the files that are being written. Other files stay unchanged.
     void stop() { _stop = true; }
 
-    /// How many pictures were asked for.
+    /// The number of pictures to write.
     int pictureCount() const;
     /// The files that were written, each of them complete.
     const QStringList& written() const { return _written; }
     /// Whether a picture failed or the job was stopped.
     bool isIncomplete() const { return _stopped || _failed > 0; }
-    /// How the job ended, for people.
+    /// A text for people that says how the job ended.
     QString report() const;
 
 Q_SIGNALS:

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What the settings hold may come from another version of the program: every value is checked.
+// Another version of the program may have written the settings, so every value is checked.
 #include "studio/export/ExportMemory.h"
 
 #include "jobs/targets/Targets.h"
@@ -81,7 +81,7 @@ void ExportMemory::store() const
     settings.setValue(kFloat, floatRender);
 }
 
-// Folders alternate in a list: of drawings, of their pictures. The latest come first.
+// A list of pairs, the latest first: the folder of drawings, then the folder of their pictures.
 QString ExportMemory::folderFor(const QString& drawings)
 {
     const QStringList known = QSettings().value(kFolders).toStringList();

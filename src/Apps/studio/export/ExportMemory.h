@@ -20,11 +20,12 @@ struct ExportMemory
     bool half = false;
     bool floatRender = false;
 
-    /// What the settings hold; the proposals of a new installation where they hold nothing.
+    /// Reads the settings; missing values get the defaults of a new installation.
     static ExportMemory load();
     void store() const;
 
-    /// Where the pictures of drawings in a folder go: where the last ones of that folder went, else there.
+    /// The folder for pictures of drawings in a folder: the one of the last export of such a drawing, otherwise the
+    /// drawings' own folder.
     static QString folderFor(const QString& drawings);
     static void rememberFolder(const QString& drawings, const QString& pictures);
 };

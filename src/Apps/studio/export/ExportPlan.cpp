@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The settings of each run are those that "quarvel render" makes of the same words, so that the files are the same.
+// Each run has the settings that "quarvel render" makes of the same choices, so the files are the same.
 #include "studio/export/ExportPlan.h"
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
@@ -61,7 +61,7 @@ RD_RenderParameters parametersOf(const MO_Scene& scene, const ExportChoices& cho
             {choices.width, height}};
 }
 
-// The module's own picture, which the settings of the others are made of.
+// The settings of the module's own picture; those of the other pictures are derived from them.
 FramePictureSettings ownPicture(const ExportChoices& choices, RenderedKind source)
 {
     FramePictureSettings picture;
@@ -196,7 +196,7 @@ UT_Result<ExportPlan> ExportPlan::of(const MO_Scene& scene, const ExportChoices&
         run.file = *file;
         run.parameters = parametersOf(scene, choices);
         setContent(run, picture, choices, *plan.shown);
-        // One at a time leaves the window a core to answer on.
+        // One frame at a time leaves a processor core for the window.
         const double needed = shownFrameBytes(*plan.shown, run.frames, run.parameters, partsOfRun(run));
         const auto atOnce = framesAtOnce(1, run.parameters, needed, jobLimits().memory / 2.0);
         if (!atOnce)

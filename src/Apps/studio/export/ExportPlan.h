@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ExportPlan: from what a person chose to the runs that the command line would make of it, one for each picture. What
-// does not fit the scene is found out here, before anything is rendered.
+// ExportPlan: converts a person's choices to the runs that the command line would make, one for each picture. Choices
+// that do not fit the scene are rejected here, before anything is rendered.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -12,7 +12,7 @@
 #include <memory>
 #include <vector>
 
-/// All that an export needs; it has a copy of the scene.
+/// Everything that an export needs, with its own copy of the scene.
 struct ExportPlan
 {
     std::unique_ptr<MO_Scene> scene;
@@ -26,9 +26,9 @@ struct ExportPlan
 /// The pictures that a module can give.
 QList<ExportPicture> exportPicturesOf(RenderedKind kind);
 
-/// The files that are there already and would be replaced. None where the choices do not fit the scene.
+/// The existing files that the export would replace; empty if the choices do not fit the scene.
 QStringList filesToReplace(const MO_Scene& scene, const ExportChoices& choices);
 
-/// The width at which a pixel of the picture is a unit of the drawing, which for a sprite is its own pixel; 1920 where
-/// the drawings of the scene have several sizes.
+/// The width at which a pixel of the picture is a unit of the drawing (for a sprite, one of its pixels); 1920 if the
+/// drawings of the scene have several scales.
 int ownWidth(const MO_Scene& scene);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The job works on a copy of the scene, so that people go on working meanwhile.
+// The job uses a copy of the scene, so people can go on working.
 #include "studio/export/LastExport.h"
 
 #include "studio/document/StudioDocument.h"
@@ -18,7 +18,7 @@ void LastExport::repeat()
     auto job = std::make_unique<ExportJob>();
     connect(job.get(), &ExportJob::progressed, this, &LastExport::progressed);
     connect(job.get(), &ExportJob::ended, this, [this] {
-        // Deleted later, because it is its own signal that is being delivered.
+        // Deleted later, because this slot is called from its signal.
         ExportJob* const done = _job.release();
         done->deleteLater();
         Q_EMIT runningChanged(false);

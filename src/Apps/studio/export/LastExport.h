@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// LastExport: the export that was made last of the open scene, and its repetition without a dialog: with the scene as
-// it is now, into the same files. Replacing them is what a repetition is for, so nobody is asked.
+// LastExport: the last export of the open scene, and its repetition without a dialog: the scene as it is now is written
+// to the same files. A repetition is meant to replace them, so it does not ask.
 #pragma once
 
 #include "studio/export/ExportJob.h"
@@ -19,11 +19,11 @@ public:
     /// Forgets the export when another scene is opened.
     explicit LastExport(StudioDocument& document, QObject* parent = nullptr);
 
-    /// What was chosen; nothing when this scene was not exported yet.
+    /// The choices; std::nullopt if this scene has not been exported.
     const std::optional<ExportChoices>& choices() const { return _choices; }
     void setChoices(const ExportChoices& choices) { _choices = choices; }
 
-    /// Exports once more; a repetition that still runs is stopped first and waited for.
+    /// Exports again. If a repetition is running, it is stopped first.
     void repeat();
     void stop();
     bool isRunning() const { return _job != nullptr; }
@@ -31,7 +31,7 @@ public:
 Q_SIGNALS:
     void runningChanged(bool running);
     void progressed(double done);
-    /// A repetition ended, or could not begin; with a text for people.
+    /// A repetition ended or could not start; the text is for people.
     void ended(const QString& report, bool isError);
 
 private:

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The settings are those that "quarvel render" makes, at the drawing's own width.
+// The settings are those of "quarvel render", with the drawing's own width.
 #include "studio/export/PageShare.h"
 
 #include "QuarvelSceneCore/graph/MO_SceneCopy.h"
@@ -35,7 +35,7 @@ PageShare::~PageShare()
     wait();
 }
 
-// The signal of a thread that ended meanwhile is not delivered.
+// After this, a thread that has already ended delivers no signal.
 void PageShare::wait()
 {
     if (!_thread)
@@ -72,7 +72,7 @@ UT_Result<std::shared_ptr<PageShare::Plan>> PageShare::planOf(const QString& fil
     settings.file = file;
     settings.name = name;
     settings.framesPerSecond = scene.frameRate();
-    // One at a time leaves the window a core to answer on.
+    // One frame at a time leaves a processor core for the window.
     const double needed = shownFrameBytes(*plan->shown, settings.frames, settings.parameters, {.drawing = true});
     const auto atOnce = framesAtOnce(1, settings.parameters, needed, jobLimits().memory / 2.0);
     if (!atOnce)

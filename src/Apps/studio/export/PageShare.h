@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// PageShare: writes what is open as one page for browsers, in the background: the page of "quarvel render --html". All
-// frames play there in a light that follows the pointer. The scene is copied first, so that people go on working.
+// PageShare: writes what is open as one page for browsers, in the background: the page of "quarvel render --html". The
+// page plays all frames in a light that follows the pointer. It is made from a copy of the scene, so people can go on
+// working.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -28,14 +29,14 @@ public:
     /// @param file its name ends in .html or .htm; a file that exists is replaced once the page is complete
     /// @param name the page's title, and the beginning of the names of its downloads
     void start(const QString& file, const QString& name);
-    /// Leaves no new file.
+    /// Stops; no new file is written.
     void stop() { _stop = true; }
     bool isRunning() const { return _thread != nullptr; }
 
 Q_SIGNALS:
     void runningChanged(bool running);
     void progressed(double done);
-    /// The page was written, or could not be; with a text for people.
+    /// The page was written, or writing it failed; the text is for people.
     void ended(const QString& report, bool isError);
 
 private:

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The style is the same in both, since the desktop's own may ignore the palette.
+// Both themes use the style Fusion, since the desktop's own style may ignore the palette.
 #include "studio/window/Appearance.h"
 
 #include <QApplication>
@@ -65,7 +65,7 @@ bool systemIsDark()
 
 void applyAppearance(Appearance appearance)
 {
-    // Asked before the first palette of ours hides the answer.
+    // This must be found out before the application's palette is replaced for the first time.
     const bool asSystem = systemIsDark();
     const bool dark = appearance == Appearance::DARK || (appearance == Appearance::SYSTEM && asSystem);
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Light or dark: as the desktop has it, or as the person wants it here.
+// The window's colours: light, dark, or as the desktop.
 #pragma once
 
 #include <QPalette>
@@ -15,6 +15,6 @@ enum class Appearance
 /// Gives the whole application this appearance.
 void applyAppearance(Appearance appearance);
 
-/// What was chosen lately, from the application's settings.
+/// The stored choice, from the application's settings.
 Appearance storedAppearance();
 void storeAppearance(Appearance appearance);

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The bar only runs to and fro until somebody knows how much there is to do.
+// While the progress is unknown, the bar shows only that something is going on.
 #include "studio/window/BusyBar.h"
 
 #include <QHBoxLayout>

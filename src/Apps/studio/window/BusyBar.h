@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// BusyBar: how far something in the background is, with a button that stops it. For the status bar; hidden when nothing
-// is going on, and for what is over in a moment.
+// BusyBar: shows the progress of background work in the status bar, with a button that cancels it. It is hidden while
+// nothing is going on, and for work that takes only a moment.
 #pragma once
 
 #include <QTimer>
@@ -15,7 +15,7 @@ class BusyBar : public QWidget
     Q_OBJECT
 
 public:
-    /// How long something goes on before anybody is told.
+    /// The time after which the bar appears.
     static constexpr int kPatience = 300;
 
     /// @param name   of the button among the window's objects
@@ -23,9 +23,9 @@ public:
     /// @param cancel what the button does
     BusyBar(const QString& name, const QString& what, const QString& cancel, QWidget* parent = nullptr);
 
-    /// Something begins or has ended.
+    /// The work begins or has ended.
     void setBusy(bool busy);
-    /// How much of it is done, 0 to 1; 0 where nobody knows.
+    /// Shows the share that is done, 0 to 1; 0 means unknown.
     void showProgress(double done);
 
 Q_SIGNALS:

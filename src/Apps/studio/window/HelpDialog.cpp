@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Keys are named nowhere but in the list that is made of the actions.
+// Only the list that is made from the actions names keys.
 #include "studio/window/HelpDialog.h"
 
 #include "studio/window/Shortcuts.h"

@@ -8,7 +8,7 @@
 class QMainWindow;
 class QTreeWidget;
 
-/// The help of a window. It stays open beside the window while people work.
+/// The help of a window. It can stay open while people work in the window.
 class HelpDialog : public QDialog
 {
     Q_OBJECT

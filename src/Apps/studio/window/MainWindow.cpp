@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// How the parts of the window hang together.
+// Makes the parts of the window and connects them.
 #include "studio/window/MainWindow.h"
 
 #include "studio/docks/scene/LightPanel.h"
@@ -91,9 +91,9 @@ MainWindow::~MainWindow()
     hide();
     if (QWidget* const focused = focusWidget())
         focused->clearFocus();
-    // The hands hold on to the viewer, which is a child.
+    // The hands use the viewer in their destructor.
     delete std::exchange(_hands, nullptr);
-    // The children show what the members know until they are gone: a header that loses a section asks its model again.
+    // The children use the members until they are destroyed: a header that loses a section asks its model again.
     qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
 }
 
@@ -123,7 +123,7 @@ void MainWindow::makeCentre()
 void MainWindow::makeDocks()
 {
     addStudioDocks(*this, _document);
-    // A frame whose picture never comes before the next one is due would never be seen.
+    // Otherwise a frame that takes longer to render than it is shown would never be seen.
     Playback& playback = findChild<TimelineView*>()->playback();
     playback.setIsBusy([this] { return _renders.isFrameAwaited(); });
     connect(&playback, &Playback::playingChanged, &_renders, &RenderService::setPlaying);
@@ -137,7 +137,7 @@ void MainWindow::makeDocks()
     scroll->setWidget(new LightPanel(_lights));
     dock->setWidget(scroll);
     addDockWidget(Qt::RightDockWidgetArea, dock);
-    // The properties have the right side to themselves, but for what else is looked at now and then.
+    // The other panels of the right side are needed less often, so they share it as tabs.
     tabifyDockWidget(findChild<QDockWidget*>(QStringLiteral("ElementsDock")), dock);
 }
 
@@ -159,7 +159,7 @@ void MainWindow::shareOutRoom()
 
 void MainWindow::raiseFirstDocks()
 {
-    // Objects and light are what people take hold of first. Docks take their order when they are laid out.
+    // People use objects and lights first. The order of tabs is known only after the docks were laid out.
     for (const char* const name : {"ObjectsDock", "lightsDock"}) {
         auto* const dock = findChild<QDockWidget*>(QLatin1String(name));
         QTimer::singleShot(0, dock, [dock] { dock->raise(); });
@@ -271,7 +271,7 @@ void MainWindow::updateActions()
 void MainWindow::showStart(bool start)
 {
     _pages->setCurrentWidget(start ? static_cast<QWidget*>(_start) : _viewer);
-    // Nothing to work with is shown while there is nothing to work on.
+    // Without a scene, the panels would be empty.
     if (start)
         for (QDockWidget* const dock : findChildren<QDockWidget*>())
             if (!dock->isHidden()) {

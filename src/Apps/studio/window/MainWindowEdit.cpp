@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What is done to the selection, and the words about the application.
+// Changes of the selected modules, the help, and the text about the application.
 #include "studio/window/MainWindow.h"
 
 #include "QuarvelSceneCore/editing/MO_ModuleCommands.h"

@@ -235,7 +235,7 @@ bool MainWindow::saveTo(const QString& folder)
     return true;
 }
 
-// Where the drawing lies, else the scene; a place of the person's own where nothing can be written there.
+// The folder of the drawing, otherwise that of the scene; if it cannot be written, the person's folder for pictures.
 QString MainWindow::drawingFolder() const
 {
     const QString& scene = _document.folder();
@@ -245,7 +245,7 @@ QString MainWindow::drawingFolder() const
     return QFileInfo(folder).isWritable() ? folder : QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
 }
 
-// The name for what is made of the document.
+// The base name of files that are made from the document.
 QString MainWindow::nameOfWork() const
 {
     return _document.folder().isEmpty() && !_nameOfImport.isEmpty() ? _nameOfImport : _document.title();

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// How the window lets people take hold of objects.
+// Connects the objects with the picture, their table and their menu.
 #include "studio/window/MainWindow.h"
 
 #include "jobs/shown/RenderedKind.h"
@@ -63,7 +63,7 @@ void MainWindow::makeColourPicker()
 
 void MainWindow::followSelection()
 {
-    // Whoever takes hold of an object in the picture wants to go on looking at that picture.
+    // Selecting an object in the picture must not change which picture is shown.
     if (_objects.isSelecting())
         return;
     const MO_Module* const module = _followSelection->isChecked() ? _document.currentModule() : nullptr;

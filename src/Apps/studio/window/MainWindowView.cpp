@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// How the picture is looked at: before and after, single channels, what lies behind it, raw numbers.
+// The options of the view: before and after, single channels, the background, raw numbers.
 #include "studio/window/MainWindow.h"
 
 #include "studio/preview/Viewer.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Texts are shown as they are; what stands in a file's name is never taken for markup.
+// Messages are plain text, so characters in a file's name are never taken for markup.
 #include "studio/window/MessageBar.h"
 
 #include <QHBoxLayout>
@@ -47,7 +47,7 @@ void MessageBar::clear()
 
 void MessageBar::show(const QString& text, bool error)
 {
-    // A file with a thousand remarks is not to fill the window.
+    // A file may cause a thousand remarks; they must not fill the window.
     constexpr qsizetype kMostLines = 6;
     QStringList lines = text.split(QLatin1Char('\n'));
     const qsizetype more = lines.size() - kMostLines;

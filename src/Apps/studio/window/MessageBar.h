@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// MessageBar: tells people what went wrong, or what was left out, above the picture, without stopping them.
+// MessageBar: shows errors and notices above the picture, without interrupting people.
 #pragma once
 
 #include <QFrame>
@@ -8,7 +8,7 @@
 class QLabel;
 class QToolButton;
 
-/// A line or a few of text that can be put away. Hidden as long as there is nothing to say.
+/// A few lines of text with a button that hides them. Hidden while there is no message.
 class MessageBar : public QFrame
 {
     Q_OBJECT
@@ -16,11 +16,11 @@ class MessageBar : public QFrame
 public:
     explicit MessageBar(QWidget* parent = nullptr);
 
-    /// Something did not work; stays until it is put away or the next message comes.
+    /// Shows an error until it is closed or the next message comes.
     void showError(const QString& text);
-    /// Something is worth knowing.
+    /// Shows a notice.
     void showNotice(const QString& text);
-    /// What is said; empty when nothing is.
+    /// The message; empty if there is none.
     QString text() const;
     bool isError() const { return _error; }
 

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Values change every few milliseconds, as a mouse moves, through the commands that a person's hand gives. What counts
-// is what the viewer paints: a picture or a light that it did not paint before.
+// Changes values every few milliseconds, as a moving mouse does, through the commands that the window uses. Counted are
+// the pictures and lights that the viewer paints for the first time.
 #include "studio/window/PictureRates.h"
 
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"

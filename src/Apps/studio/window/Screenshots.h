@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Pictures of every view, to be looked at.
+// Screenshots: writes pictures of every view and dialog, for people who check how the window looks.
 #pragma once
 
 #include <QString>

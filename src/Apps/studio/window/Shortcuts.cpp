@@ -16,7 +16,7 @@ namespace {
 
 QString withoutMnemonic(const QString& text)
 {
-    // A doubled ampersand is one that is seen.
+    // A doubled ampersand stands for a visible one.
     QString plain;
     for (qsizetype i = 0; i < text.size(); ++i) {
         if (text[i] == QLatin1Char('&') && i + 1 < text.size())
@@ -35,7 +35,7 @@ QString keysOf(const QAction& action)
     return keys.join(QStringLiteral(", "));
 }
 
-// The panel around a widget, or what the widget itself is called.
+// The title of the panel around a widget, or the widget's own name.
 QString placeOf(const QWidget& widget)
 {
     for (const QWidget* each = &widget; each; each = each->parentWidget())

@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The keys of a window, as its actions know them: a list for people that cannot say anything else than what the keys
-// do.
+// Lists the keys of a window from its actions, so that the list always agrees with what the keys do.
 #pragma once
 
 #include <QString>

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A column in the middle: the ways to begin, and what was open lately.
+// A column in the middle with the ways to begin and the recent files.
 #include "studio/window/StartPage.h"
 
 #include "studio/document/RecentFiles.h"

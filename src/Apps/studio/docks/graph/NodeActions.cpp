@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Actions that cannot do anything at the moment are disabled, so that menus tell what is possible.
+// Actions that would have no effect are disabled, so that menus show what is possible.
 #include "studio/docks/graph/NodeActions.h"
 
 #include "QuarvelSceneCore/editing/MO_GroupCommands.h"
@@ -169,7 +169,7 @@ void NodeActions::fitEverything()
     _view.fitAll();
 }
 
-// The graph's own order holds again for what is selected, or for everything when nothing is.
+// Gives the selected nodes, or all if none is selected, back to the automatic layout.
 void NodeActions::arrangeSelected()
 {
     std::vector<MO_Module*> modules = selected();
@@ -232,7 +232,7 @@ void NodeActions::addLinkMenus(QMenu& menu, MO_Module& module)
                 to->addAction(name, this, [this, input, &module] { _view.connectPorts({&module, false, 0}, input); });
         }
     }
-    // A node may have hundreds of links: a few stand in the menu itself, more in one of their own.
+    // A node may have hundreds of links: a few are in the menu itself, more get a submenu.
     unsigned links = 0;
     for (unsigned i = 0; i < module.nInPorts(); ++i)
         links += module.inPort(i)->srcPort() ? 1 : 0;

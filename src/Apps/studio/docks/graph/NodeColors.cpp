@@ -31,6 +31,6 @@ QColor kindColor(const QString& keyword, const QPalette& palette)
                                           {QStringLiteral("COMPOSITE"), 32}, {QStringLiteral("GLUE"), 52},
                                           {QStringLiteral("GROUP"), 275},    {NormalMapNode::keyword(), 350}};
     const int hue = hues.value(keyword, static_cast<int>(UT_Id::fromName(keyword).value() % 360));
-    // As bright as yellow may be to stand out from the ground of the light theme.
+    // In the light theme, yellow (the brightest hue) must have a contrast of 3 with the background.
     return QColor::fromHsl(hue, 150, isDark(palette) ? 150 : 95);
 }

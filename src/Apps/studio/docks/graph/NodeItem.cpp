@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The painting of nodes, and where their ports are.
+// Paints nodes, and finds their ports.
 #include "studio/docks/graph/NodeItem.h"
 
 #include "QuarvelSceneCore/graph/XUGroup.h"

@@ -37,7 +37,7 @@ public:
 
     MO_Module& module() const { return _module; }
     const QRectF& box() const { return _box; }
-    /// Puts the node somewhere else; its links stay behind.
+    /// Moves the node; its links do not follow.
     void moveTo(const QPointF& middle);
     /// Where a port is, in the scene's units.
     QPointF portPosition(bool isInput, unsigned index) const;
@@ -45,11 +45,11 @@ public:
     NodePort portAt(const QPointF& point) const;
     /// The free input port that a link dropped on the box is for: the first free one, or else the first.
     NodePort inputForDrop() const;
-    /// Where the name stands in the part of the box that is seen: a node of hundreds of inputs is wider than any view.
+    /// Moves the name into the visible part of the box: a node of hundreds of inputs is wider than any view.
     QRectF nameBox(const QRectF& seen) const;
-    /// Emphasises a port; none ends that.
+    /// Emphasises a port; without one, ends the emphasis.
     ///
-    /// @param toolTip what is said of the port
+    /// @param toolTip the port's tool tip
     void setHotPort(const NodePort& port, const QString& toolTip = {});
 
     int type() const override { return Type; }

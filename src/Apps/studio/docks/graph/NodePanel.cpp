@@ -33,7 +33,7 @@ NodePanel::NodePanel(StudioDocument& document, QWidget* parent)
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(0);
-    // Tab reaches children in the order in which they come to the panel.
+    // The tab order is the order in which the layout gives the children to the panel.
     rows->addLayout(bar);
     rows->addWidget(_view, 1);
     setFocusProxy(_view);
@@ -57,7 +57,7 @@ void NodePanel::showWay()
     for (XUGroup* group = &_view->group(); group; group = group->group())
         way.prepend(group);
     while (QLayoutItem* const old = _wayLayout->takeAt(0)) {
-        // A button that was just pressed is still at work.
+        // The signal of a button that was just pressed is still being handled.
         if (QWidget* widget = old->widget()) {
             widget->hide();
             widget->deleteLater();

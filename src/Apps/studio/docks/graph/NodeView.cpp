@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What the view shows. The graph is compared by a description of it that is cheap to make; only when that is another
-// one are the items made anew. How mouse and keyboard are answered stands in NodeViewInput.cpp.
+// Builds the items. A description of the graph, which is cheap to make, tells whether the graph has changed; only then
+// are the items made anew. Mouse and keyboard are handled in NodeViewInput.cpp.
 #include "studio/docks/graph/NodeView.h"
 
 #include "QuarvelSceneCore/editing/MO_LinkCommands.h"
@@ -36,7 +36,7 @@ NodeView::NodeView(StudioDocument& document, QWidget* parent)
     setFrameShape(QFrame::NoFrame);
     setDragMode(RubberBandDrag);
     setRenderHint(QPainter::Antialiasing);
-    // Names stand where the box is seen, so that a part of the picture cannot be scrolled.
+    // Names move with the visible part of their boxes, so scrolling cannot copy pixels.
     setViewportUpdateMode(FullViewportUpdate);
     setTransformationAnchor(AnchorUnderMouse);
     setResizeAnchor(NoAnchor); // panels nearby come and go, and pan nothing
@@ -56,7 +56,7 @@ NodeView::NodeView(StudioDocument& document, QWidget* parent)
 
 NodeView::~NodeView()
 {
-    // The graphics scene tells of the end of its selection while it goes, which is after this.
+    // While it is destroyed, after this object, the graphics scene would signal the end of its selection.
     disconnect(scene(), nullptr, this, nullptr);
     _drawnLink.reset();
 }
@@ -135,7 +135,7 @@ void NodeView::rebuild()
     QRectF all;
     for (const QRectF& box : std::as_const(_layout))
         all |= box;
-    // What is seen stays where it is: the room around grows, and never shrinks while the group is shown.
+    // The scrollable area grows but never shrinks while a group is shown, so that the view does not scroll by itself.
     const QRectF room = all.adjusted(-kRoomAround, -kRoomAround, kRoomAround, kRoomAround);
     const QPoint origin = mapFromScene(QPointF());
     setSceneRect(_fitsAll ? room : sceneRect() | room);
@@ -213,7 +213,7 @@ void NodeView::showSelection()
     _synchronizing = wasSynchronizing;
 }
 
-// The document's selection keeps its order; what is new comes last.
+// Modules keep their order in the document's selection; newly selected ones come last.
 void NodeView::takeSelection()
 {
     if (_synchronizing)
@@ -246,7 +246,7 @@ void NodeView::followSelection()
         Q_EMIT groupChanged();
     }
     showSelection();
-    // Whoever clicks a node sees it.
+    // A node that was clicked is visible already.
     if (const NodeItem* found = current ? item(*current) : nullptr; found && !_fitsAll && !_taking)
         ensureVisible(found->sceneBoundingRect(), 20, 20);
 }

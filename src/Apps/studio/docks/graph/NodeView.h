@@ -1,13 +1,13 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// NodeView: the graph of one group, to be looked at and edited with mouse and keyboard. What it shows follows the
-// document; what people do becomes commands of the document (NodeActions.h has those of the menus).
+// NodeView: shows the graph of one group, and lets people edit it with mouse and keyboard. The view follows the
+// document and changes it through commands (the menus' commands are in NodeActions.h).
 //
 //   click, rubber band     select            drag from port to port    connect
 //   drag a node            move it           drag an input's link away cut it, or lead it to another input
 //   double click a group   look inside       wheel                     zoom
 //   middle button          pan               arrow keys                go to the next node in that direction
-//   Escape                 gives a drag up
+//   Escape                 cancels a drag
 #pragma once
 
 #include "studio/docks/graph/GraphLayout.h"
@@ -30,11 +30,11 @@ public:
 
     StudioDocument& document() const { return _document; }
 
-    /// The group that is shown; the scene's outermost one to begin with.
+    /// The group that is shown; the scene's outermost one at first.
     XUGroup& group() const { return *_group; }
     /// Shows the inside of a group of the scene, and selects nothing.
     void enter(XUGroup& group);
-    /// Goes back to the group around and selects the one that was shown; nothing happens in the outermost one.
+    /// Shows the enclosing group and selects the one that was shown. Does nothing in the outermost group.
     void leave();
 
     /// The item of a module of the group; null when there is none.
@@ -42,20 +42,20 @@ public:
     /// Where a port is, in the pixels of the viewport.
     QPoint portPosition(const MO_Module& module, bool isInput, unsigned index) const;
 
-    /// Links an output to an input; says why when that is refused.
+    /// Links an output to an input; if that is refused, tells the person why.
     void connectPorts(const NodePort& source, const NodePort& target);
     /// Cuts the link of an input.
     void cutLink(const NodePort& input);
     /// Lets the person type a new name in the place of the old one.
     void editName(MO_Module& module);
-    /// The middle of what is seen, for what is added without a mouse; moved on until no node stands there.
+    /// The middle of the visible part, or the next place without a node; new nodes that are added by key go there.
     QPointF freePlace() const;
-    /// Shows everything, not larger than life.
+    /// Shows the whole graph, at most at its actual size.
     void fitAll() { fit(0.0); }
     void zoomBy(double factor);
     /// Selects modules of the group that is shown, without panning to them.
     void selectHere(const QList<MO_Module*>& modules);
-    /// From now on, no change of the graph changes what part of it is seen.
+    /// From now on, changes of the graph do not scroll the view.
     void keepView() { _fitsAll = false; }
     /// Tells the person why something was not done: at the mouse and in the status bar.
     void refuse(const QString& why);
@@ -67,7 +67,7 @@ public:
 Q_SIGNALS:
     /// Another group is shown, or the names on the way to it changed.
     void groupChanged();
-    /// Something was not done; the text says why.
+    /// An action was refused; the text says why.
     void refused(const QString& why);
     /// A context menu is wanted.
     void menuWanted(const QPoint& globalPosition, MO_Module* module, const NodePort& link);

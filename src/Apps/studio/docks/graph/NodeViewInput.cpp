@@ -175,7 +175,7 @@ QPointF NodeView::freePlace() const
     return place;
 }
 
-// What a port is linked to: with hundreds of them, links are hard to follow by eye.
+// Says what a port is linked to: among hundreds of links, one is hard to follow by eye.
 QString NodeView::portText(const NodePort& port) const
 {
     const QString name = port.isInput ? tr("Input %1").arg(port.index + 1) : tr("Output %1").arg(port.index + 1);
@@ -366,7 +366,7 @@ void NodeView::goTo(int key)
 
 void NodeView::editName(MO_Module& module)
 {
-    // First, since a name that is kept makes the items anew.
+    // First, because accepting a name makes the items anew.
     finishName(true);
     const NodeItem* const node = item(module);
     if (!node)

@@ -13,7 +13,7 @@ class ColourDepthDelegate : public QStyledItemDelegate
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    /// The part of a cell in which the slider is moved; the number stands to the right of it.
+    /// The part of a cell that the slider occupies; the number is to its right.
     static QRect sliderRect(const QRect& cell);
     /// Where the handle of a depth is, as x in the cell's coordinates; depths outside the slider stand at its ends.
     static double handlePlace(const QRect& cell, int depth);

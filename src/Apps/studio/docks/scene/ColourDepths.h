@@ -13,7 +13,7 @@
 #include <optional>
 #include <vector>
 
-/// The depths that mean something; a table in a file may hold others, which stay as they are until they are changed.
+/// The range of depths. A table in a file may hold others, which stay unchanged until they are edited.
 constexpr int kCarvedDepth = 0;  ///< the colour is carved in fully
 constexpr int kAddedDepth = 255; ///< the colour adds fully to the volume
 

@@ -53,7 +53,7 @@ LightPanel::LightPanel(LightModel& lights, QWidget* parent) : QWidget(parent), _
     form->addRow(line);
     addCommonRows(*form);
 
-    // Somebody who scrolls does not look at what lies under the mouse.
+    // Scrolling over a field must not change its value.
     for (QWidget* const child : findChildren<QWidget*>())
         if (qobject_cast<QAbstractSlider*>(child) || qobject_cast<QAbstractSpinBox*>(child) ||
             qobject_cast<QComboBox*>(child))
@@ -116,7 +116,7 @@ void LightPanel::chooseColour(const QString& title, const QColor& before, const 
     QColorDialog dialog(before, this);
     dialog.setWindowTitle(title);
     _lights.endChange();
-    // The picture answers while the colour is being chosen; all of it is one step.
+    // The picture follows while the colour is chosen; all of these changes are one undo step.
     connect(&dialog, &QColorDialog::currentColorChanged, this, set);
     set(dialog.exec() == QDialog::Accepted ? dialog.selectedColor() : before);
     _lights.endChange();

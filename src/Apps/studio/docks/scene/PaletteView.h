@@ -33,7 +33,7 @@ public:
     static QColor parseColor(const QString& text);
 
 Q_SIGNALS:
-    /// What was entered is of no use; the text says why.
+    /// The entered text was refused; the text says why.
     void refused(const QString& why);
 
 private:
