@@ -271,6 +271,41 @@ TEST_F(SheetProgram, ConnectedGoesWithCells)
     EXPECT_THAT(outcome.messages, HasSubstr("go with --cells"));
 }
 
+TEST_F(SheetProgram, JoinsPageMapAndGlossForGodot)
+{
+    savePage();
+    write("hero.tres", "[gd_resource type=\"SpriteFrames\" load_steps=3 format=3 uid=\"uid://a\"]\n"
+                       "[ext_resource type=\"Texture2D\" uid=\"uid://b\" path=\"page.png\" id=\"1\"]\n"
+                       "[sub_resource type=\"AtlasTexture\" id=\"f\"]\n"
+                       "atlas = ExtResource(\"1\")\nregion = Rect2(1, 1, 17, 12)\n");
+    const Outcome outcome =
+        quarvel("normalmap --atlas hero.tres --for godot --canvas --gloss #c85028=1 --gloss-file gloss.png");
+    ASSERT_EQ(outcome.exitCode, 0) << outcome.messages;
+    EXPECT_EQ(bytes("page_canvas.tres").toStdString(),
+              "[gd_resource type=\"CanvasTexture\" load_steps=4 format=3]\n\n"
+              "[ext_resource type=\"Texture2D\" path=\"page.png\" id=\"1\"]\n"
+              "[ext_resource type=\"Texture2D\" path=\"page_n.png\" id=\"2\"]\n"
+              "[ext_resource type=\"Texture2D\" path=\"gloss.png\" id=\"3\"]\n\n"
+              "[resource]\n"
+              "diffuse_texture = ExtResource(\"1\")\n"
+              "normal_texture = ExtResource(\"2\")\n"
+              "specular_texture = ExtResource(\"3\")\n");
+    EXPECT_THAT(bytes("hero_lit.tres").toStdString(), HasSubstr("path=\"page_canvas.tres\""));
+    EXPECT_THAT(bytes("hero_n.tres").toStdString(), HasSubstr("path=\"page_n.png\""));
+    // An identifier that stays would lead back to the page without light.
+    EXPECT_FALSE(bytes("hero_lit.tres").contains("uid:"));
+    EXPECT_FALSE(bytes("hero_n.tres").contains("uid:"));
+}
+
+TEST_F(SheetProgram, ACanvasNamesTheDrawingFromItsOwnFolder)
+{
+    save("alone.png", sprite());
+    ASSERT_EQ(quarvel("normalmap alone.png --for godot --canvas -o maps/alone_n.png").exitCode, 0);
+    EXPECT_THAT(bytes("maps/alone_canvas.tres").toStdString(), HasSubstr("path=\"../alone.png\""));
+    EXPECT_EQ(quarvel("normalmap alone.png --canvas").exitCode, 2);
+    EXPECT_THAT(quarvel("normalmap alone.png --for godot --canvas --size 64").messages, HasSubstr("--drawing"));
+}
+
 TEST_F(SheetProgram, SaysWhatIsWrongWithAnAtlasAndWritesNothing)
 {
     savePage();

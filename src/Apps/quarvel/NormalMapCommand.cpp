@@ -9,6 +9,7 @@
 #include "InOrder.h"
 #include "InputAdvice.h"
 #include "LoadPlugIns.h"
+#include "OptionTable.h"
 #include "OutputFiles.h"
 #include "ProgressLine.h"
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
@@ -26,6 +27,7 @@
 #include "jobs/drawing/DescribeObjects.h"
 #include "jobs/drawing/ReadDrawing.h"
 #include "jobs/sheets/ReadAtlas.h"
+#include "jobs/targets/CanvasTexture.h"
 #include "jobs/targets/Targets.h"
 
 #include <QDir>
@@ -43,6 +45,16 @@ constexpr int kWrongUsage = 2;
 // How much of a drawing's time its steps take, roughly.
 constexpr double kReadEnds = 0.05;
 constexpr double kRenderEnds = 0.75;
+
+// The file appears whole or not at all.
+UT_Result<void> writeText(const QString& path, const QByteArray& bytes)
+{
+    IIO_AtomicFile file(path);
+    if (const auto opened = file.open(); !opened)
+        return opened.error();
+    file.device().write(bytes);
+    return file.commit();
+}
 
 class DrawingRun
 {
@@ -62,7 +74,10 @@ public:
         show(0.0);
         if (UT_Result<void> made = makeFolders(files); !made)
             return made;
-        return _options.cells || !regions.empty() ? runPage(files, regions) : runDrawing(files);
+        if (UT_Result<void> done = _options.cells || !regions.empty() ? runPage(files, regions) : runDrawing(files);
+            !done)
+            return done;
+        return files.canvas.isEmpty() ? UT_Result<void>() : writeCanvas(files);
     }
 
     /// What was chosen, for people: the objects' values as options, how many there are where they would fill the
@@ -71,6 +86,12 @@ public:
     const QStringList& warnings() const { return _warnings; }
 
 private:
+    UT_Result<void> writeCanvas(const OutputFiles& files) const
+    {
+        const QString& drawing = files.drawing.isEmpty() ? _drawing : files.drawing;
+        return writeText(files.canvas, canvasTexture({files.canvas, drawing, files.normalMap, files.gloss}));
+    }
+
     UT_Result<void> runPage(const OutputFiles& files, const std::vector<SheetRegion>& regions)
     {
         const UT_Result<SheetResult> done = runSheet(_drawing, regions, _options, files, part(0.0, 1.0));
@@ -192,7 +213,7 @@ QJsonObject fieldsOf(const QString& drawing, const OutputFiles& files)
     const std::pair<const char*, const QString&> written[] = {
         {"normalMap", files.normalMap},    {"elevation", files.elevation}, {"lit", files.lit},
         {"drawingPicture", files.drawing}, {"height", files.height},       {"occlusion", files.occlusion},
-        {"numbers", files.numbers},        {"gloss", files.gloss}};
+        {"numbers", files.numbers},        {"gloss", files.gloss},         {"canvas", files.canvas}};
     for (const auto& [key, file] : written)
         if (!file.isEmpty())
             fields.insert(QLatin1String(key), file);
@@ -293,26 +314,39 @@ private:
     int _written = 0;
 };
 
-// The atlas of the maps, beside the first of them.
-UT_Result<QString> writeAtlasOfMaps(const NormalMapOptions& options, const std::vector<OutputFiles>& files)
+// The atlas with other pages, beside the first of them.
+UT_Result<QString> writeAtlas(const NormalMapOptions& options, QString OutputFiles::*page, const QString& suffix,
+                              const std::vector<OutputFiles>& files)
 {
     QStringList names;
-    for (const OutputFiles& page : files)
-        names << QFileInfo(page.normalMap).fileName();
+    for (const OutputFiles& each : files)
+        names << QFileInfo(each.*page).fileName();
     const UT_Result<QByteArray> bytes = atlasOfMaps(options.atlas, names);
     if (!bytes)
         return bytes.error();
     const QFileInfo atlas(options.atlas);
     const QDir folder = QFileInfo(files.front().normalMap).dir();
-    const QString path = QDir::cleanPath(
-        folder.filePath(atlas.completeBaseName() + suffixOfMaps(options) + QLatin1Char('.') + atlas.suffix()));
-    IIO_AtomicFile file(path);
-    if (const auto opened = file.open(); !opened)
-        return opened.error();
-    file.device().write(*bytes);
-    if (const auto written = file.commit(); !written)
+    const QString path =
+        QDir::cleanPath(folder.filePath(atlas.completeBaseName() + suffix + QLatin1Char('.') + atlas.suffix()));
+    if (const auto written = writeText(path, *bytes); !written)
         return written.error();
     return path;
+}
+
+// The atlas of the maps; and, for Godot's own atlases, one whose frames show drawing and map together.
+UT_Result<QStringList> writeAtlases(const NormalMapOptions& options, const std::vector<OutputFiles>& files)
+{
+    QStringList written;
+    const auto add = [&](QString OutputFiles::*page, const QString& suffix) -> UT_Result<void> {
+        return keep(writeAtlas(options, page, suffix, files), [&](const QString& path) { written << path; });
+    };
+    if (UT_Result<void> added = add(&OutputFiles::normalMap, suffixOfMaps(options)); !added)
+        return added.error();
+    const bool isGodots = options.atlas.endsWith(QLatin1String(".tres"), Qt::CaseInsensitive);
+    if (options.canvas && isGodots)
+        if (UT_Result<void> added = add(&OutputFiles::canvas, QStringLiteral("_lit")); !added)
+            return added.error();
+    return written;
 }
 
 int runPages(const NormalMapOptions& options, const std::vector<Sheet>& pages, Report& report)
@@ -326,13 +360,14 @@ int runPages(const NormalMapOptions& options, const std::vector<Sheet>& pages, R
     const int exitCode = AllRuns(options, *files, pages, report).run();
     if (exitCode != 0 || pages.empty())
         return exitCode;
-    const UT_Result<QString> atlas = writeAtlasOfMaps(options, *files);
-    if (!atlas) {
-        report.error(atlas.error());
+    const UT_Result<QStringList> atlases = writeAtlases(options, *files);
+    if (!atlases) {
+        report.error(atlases.error());
         return kFailed;
     }
-    report.result({{QStringLiteral("atlas"), options.atlas}, {QStringLiteral("normalMap"), *atlas}},
-                  QStringLiteral("%1 -> %2\n").arg(options.atlas, *atlas));
+    for (const QString& atlas : *atlases)
+        report.result({{QStringLiteral("atlas"), options.atlas}, {QStringLiteral("normalMap"), atlas}},
+                      QStringLiteral("%1 -> %2\n").arg(options.atlas, atlas));
     return 0;
 }
 

@@ -38,6 +38,8 @@ Files
                         program shows it, and the layers N.X N.Y N.Z, from -1 to 1, elevation.Y and coverage.A;
                         map: the map as R G B A, opaque, from 0 to 1; signed: the same from -1 to 1;
                         numbers: object.id beside the layers, the number of each pixel's object
+      --canvas          with --for godot: also writes NAME_canvas.tres, a CanvasTexture of the drawing, the map and the gloss,
+                        and with an .tres atlas NAME_lit.tres, whose frames show all of them
       --suffix S        what the map's name adds to the drawing's (_n)
 
 For whom

@@ -12,6 +12,7 @@
 #include "jobs/drawing/ObjectWords.h"
 
 #include <functional>
+#include <string_view>
 
 namespace {
 
@@ -155,6 +156,13 @@ UT_Result<void> checkForm(const NormalMapOptions& options)
     const MapFormOptions& form = options.form;
     if (!options.page.isEmpty() && !options.settings.generateNormals)
         return UT_Error{QStringLiteral("--html lights normals; leave out --no-normals")};
+    const Target* const target = form.target;
+    if (options.canvas && !(target && target->name == std::string_view("godot")))
+        return UT_Error{QStringLiteral("--canvas writes a resource of Godot 4; say --for godot with it")};
+    if (options.canvas && options.settings.size && options.drawingPicture.isEmpty())
+        return UT_Error{
+            QStringLiteral("--canvas joins drawing and map, which need one size; write the drawing in the size "
+                           "of --size, too, with --drawing")};
     if (options.nodeLayout && options.flips)
         return UT_Error{QStringLiteral("--flips goes with --layout tangent")};
     if (options.nodeLayout && (form.target || form.alpha))
@@ -207,6 +215,12 @@ std::vector<Row> rows()
         {{s("tile")},
          true,
          choice({s("x"), s("y"), s("both")}, [](Options& o, int i) { o.tiling = {.x = i != 1, .y = i != 0}; })},
+        {{s("canvas")},
+         false,
+         [](Options& o, const QString&, const QString&) -> Taken {
+             o.canvas = true;
+             return {};
+         }},
         {{s("flips")},
          false,
          [](Options& o, const QString&, const QString&) -> Taken {

@@ -57,8 +57,9 @@ struct NormalMapOptions
     bool connected = false; ///< neighbouring cells may touch
     QString atlas;          ///< the file that says where sprites lie; empty: none
 
-    Tiling tiling;      ///< the drawing repeats
-    bool flips = false; ///< maps for mirrored sprites, too
+    Tiling tiling;       ///< the drawing repeats
+    bool canvas = false; ///< a resource of Godot 4 that joins drawing and map
+    bool flips = false;  ///< maps for mirrored sprites, too
 
     int jobs = 0; ///< drawings at once; 0: as many as the job has threads
     ProgressStyle progress = ProgressStyle::AUTOMATIC;

@@ -76,10 +76,31 @@ UT_Result<void> checkFolder(const Place& place)
 
 UT_Result<void> checkFormat(const QString& file)
 {
-    if (file.isEmpty())
+    if (file.isEmpty() || file.endsWith(QLatin1String("_canvas.tres")))
         return {};
     const auto format = IIO_pictureFormatOf(file);
     return format ? UT_Result<void>() : format.error();
+}
+
+QString canvasFile(const QString& drawing, const QString& map, const NormalMapOptions& options)
+{
+    if (!options.canvas)
+        return {};
+    const QString name = QFileInfo(drawing).completeBaseName() + QStringLiteral("_canvas.tres");
+    return QDir::cleanPath(QFileInfo(map).dir().filePath(name));
+}
+
+// Godot imports these pictures itself.
+UT_Result<void> checkCanvas(const QString& drawing, const NormalMapOptions& options)
+{
+    static const QStringList imported{QStringLiteral("png"), QStringLiteral("svg"), QStringLiteral("webp"),
+                                      QStringLiteral("jpg"), QStringLiteral("bmp"), QStringLiteral("tga")};
+    if (!options.canvas || !options.drawingPicture.isEmpty() ||
+        imported.contains(QFileInfo(drawing).suffix().toLower()))
+        return {};
+    return UT_Error{QStringLiteral("%1 is no picture that Godot imports; write the drawing as a picture, too, with "
+                                   "--drawing")
+                        .arg(drawing)};
 }
 
 UT_Result<void> checkPage(const QString& file)
@@ -101,7 +122,7 @@ UT_Error sameFile(const QString& file, const QString& first, const QString& seco
 
 QStringList OutputFiles::all() const
 {
-    return {normalMap, elevation, lit, drawing, page, height, occlusion, numbers, gloss};
+    return {normalMap, elevation, lit, drawing, page, height, occlusion, numbers, gloss, canvas};
 }
 
 QString suffixOfMaps(const NormalMapOptions& options)
@@ -138,12 +159,18 @@ UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options)
     std::vector<OutputFiles> all;
     for (const QString& drawing : options.drawings) {
         const QString below = options.folders.value(drawing);
-        const OutputFiles files{
-            fileFor(drawing, normalMap, several, below),  fileFor(drawing, elevation, several, below),
-            fileFor(drawing, lit, several, below),        fileFor(drawing, picture, several, below),
-            fileFor(drawing, page, several, below),       fileFor(drawing, height, several, below),
-            fileFor(drawing, occlusion, several, below),  fileFor(drawing, numbers, several, below),
-            fileFor(drawing, gloss, glossInFolder, below)};
+        const OutputFiles files{fileFor(drawing, normalMap, several, below),
+                                fileFor(drawing, elevation, several, below),
+                                fileFor(drawing, lit, several, below),
+                                fileFor(drawing, picture, several, below),
+                                fileFor(drawing, page, several, below),
+                                fileFor(drawing, height, several, below),
+                                fileFor(drawing, occlusion, several, below),
+                                fileFor(drawing, numbers, several, below),
+                                fileFor(drawing, gloss, glossInFolder, below),
+                                canvasFile(drawing, fileFor(drawing, normalMap, several, below), options)};
+        if (UT_Result<void> fits = checkCanvas(drawing, options); !fits)
+            return fits.error();
         for (const QString& file : files.all()) {
             if (UT_Result<void> known = file == files.page ? checkPage(file) : checkFormat(file); !known)
                 return known.error();

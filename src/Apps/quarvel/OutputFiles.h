@@ -19,6 +19,7 @@ struct OutputFiles
     QString occlusion;
     QString numbers;
     QString gloss;
+    QString canvas;
 
     /// Every one of them.
     QStringList all() const;
@@ -29,7 +30,8 @@ struct OutputFiles
 /// One drawing: what the options name, or NAME_n.png beside it. Several: the options name folders, in which the files
 /// are called NAME_n.png, NAME_e.png, NAME_lit.png, NAME_drawing.png, NAME_numbers.png and NAME.html, the map as its
 /// target or --suffix says, heights, occlusion and gloss as the target says; an existing folder is taken as one for a
-/// single drawing as well. A mask of gloss without a name lies beside the map.
+/// single drawing as well. A mask of gloss without a name lies beside the map,
+/// and so does NAME_canvas.tres.
 ///
 /// @return an error when two files would have the same name, an output would replace a drawing, or a name's ending is
 /// not that of a

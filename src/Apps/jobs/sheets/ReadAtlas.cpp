@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <QRegularExpression>
 
 #include <array>
 
@@ -94,6 +95,17 @@ UT_Result<std::vector<Sheet>> readAtlas(const QString& path)
     return sheets;
 }
 
+namespace {
+
+// Godot finds resources by these identifiers first, which belong to the original files.
+QByteArray withoutIdentifiers(const QByteArray& bytes)
+{
+    static const QRegularExpression identifier(QStringLiteral(" uid=\"uid://[^\"]*\""));
+    return QString::fromUtf8(bytes).remove(identifier).toUtf8();
+}
+
+} // namespace
+
 UT_Result<QByteArray> atlasOfMaps(const QString& path, const QStringList& names)
 {
     UT_Result<QByteArray> bytes = bytesOf(path);
@@ -103,6 +115,8 @@ UT_Result<QByteArray> atlasOfMaps(const QString& path, const QStringList& names)
     const UT_Result<std::vector<Sheet>> sheets = kind ? (*kind)->parse(*bytes) : kind.error();
     if (!sheets)
         return sheets.error().at(path);
+    if ((*kind)->parse == parseAtlasGodot)
+        bytes = withoutIdentifiers(*bytes);
     for (std::size_t i = 0; i < sheets->size() && static_cast<qsizetype>(i) < names.size(); ++i) {
         const QString& page = (*sheets)[i].page;
         const qsizetype slash = page.lastIndexOf(QLatin1Char('/'));
