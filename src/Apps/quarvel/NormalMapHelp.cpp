@@ -23,7 +23,7 @@ Files
       --lit FILE        also writes the drawing lit by a light
       --drawing FILE    also writes the drawing as a picture
       --html FILE       also writes a page for browsers that shows the drawing in a light which follows the pointer, and
-                        holds the drawing, its map and its elevation: one file to pass on
+                        holds the drawing, its map and its elevation: one file to pass on. The cells of --animation play
       --height FILE     also writes how high each place lies, all objects in one measure and on top of each other: OpenEXR
                         files in pixels, others from black, the picture's plane, to white, its highest place
       --height-range H  white is H pixels, so that the heights of several pictures fit together

@@ -122,8 +122,6 @@ Take<NormalMapOptions> wholePixels(int& (*member)(NormalMapOptions&))
 UT_Result<void> checkSheet(NormalMapOptions& options)
 {
     const bool atlas = !options.atlas.isEmpty();
-    if ((atlas || options.cells) && !options.page.isEmpty())
-        return UT_Error{QStringLiteral("--html shows one drawing and does not go with --cells or --atlas")};
     if ((options.margin > 0 || options.spacing > 0 || options.animation || options.connected) && !options.cells)
         return UT_Error{QStringLiteral("--margin, --spacing, --animation and --connected go with --cells")};
     if (atlas && (options.cells || !options.drawings.isEmpty()))

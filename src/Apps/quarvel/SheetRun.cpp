@@ -8,6 +8,7 @@
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelNormalMap/NM_TurnVectors.h"
 #include "RenderedDrawing.h"
+#include "SheetHtml.h"
 #include "WritePictures.h"
 #include "jobs/drawing/ReadDrawing.h"
 #include "jobs/drawing/TileDrawing.h"
@@ -167,7 +168,7 @@ private:
 };
 
 UT_Result<void> render(const Sprite& sprite, const NormalMapOptions& options, const OutputFiles& files, Pages& pages,
-                       MissingColours& missing)
+                       SheetHtml& html, MissingColours& missing)
 {
     const LayeredDrawing& drawing = sprite.read.drawing;
     const Tiling tiling = surroundings(options);
@@ -178,6 +179,8 @@ UT_Result<void> render(const Sprite& sprite, const NormalMapOptions& options, co
         return rendered.error();
     rendered->frame.window = middleOf(rendered->frame.window, tiling);
     missing.add(rendered->gloss.missing);
+    if (UT_Result<void> added = html.add(rendered->frame, *sprite.region); !added)
+        return added;
     return makePictures(*rendered, options, files, [&](PictureKind kind, const QString& file, IIO_Picture picture) {
         return pages.lay(kind, file, std::move(picture), *sprite.region);
     });
@@ -216,15 +219,18 @@ UT_Result<SheetResult> runSheet(const QString& page, const std::vector<SheetRegi
         return UT_Error{QStringLiteral("none of its %1 sprites shows anything").arg(all->size())};
     shareWithinAnimations(sprites);
     Pages pages(image->size(), options);
+    SheetHtml html(options, files.page, page, image->size());
     MissingColours missing;
     for (const Sprite& sprite : sprites) {
-        if (UT_Result<void> rendered = render(sprite, options, files, pages, missing); !rendered)
+        if (UT_Result<void> rendered = render(sprite, options, files, pages, html, missing); !rendered)
             return rendered.error().at(QStringLiteral("\"%1\"").arg(sprite.region->name));
         ++result.sprites;
         if (progress)
             progress(static_cast<double>(result.sprites) / static_cast<double>(sprites.size()));
     }
     if (UT_Result<void> written = pages.write(page); !written)
+        return written.error();
+    if (UT_Result<void> written = html.finish(); !written)
         return written.error();
     if (const QString warning = glossWarning(missing.missing()); !warning.isEmpty())
         result.warnings << warning;
