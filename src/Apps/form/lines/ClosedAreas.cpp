@@ -18,12 +18,16 @@
 
 namespace {
 
-constexpr int kCells = 640;              // along the longer side
-constexpr int kLeastCoverage = 24;       // of 255, so that hairlines have no gaps
-constexpr double kHalfGap = 0.006;       // of the longer side
+constexpr int kCells = 480;        // along the longer side
+constexpr int kLeastCoverage = 24; // of 255, so that hairlines have no gaps
+constexpr double kHalfGap = 0.006; // of the longer side
+constexpr std::array kWiderHalfGaps{0.015, 0.03};
+constexpr double kSquareGaps = 12.0;     // the least area behind a wider gap, in squares of the gap
 constexpr double kSmallest = 0.0006;     // of the picture
 constexpr double kLargestOpening = 0.42; // of an area's outline: the most that may lie on the picture's border
 constexpr double kMostLeft = 0.15;       // of the enclosed cells that lie in areas without form, as in a pattern
+constexpr double kPiece = 0.015;         // of the enclosed cells: a smaller area is a piece of a pattern
+constexpr double kMostInPieces = 0.5;    // of the enclosed cells
 constexpr std::size_t kMostAreas = 120;
 constexpr int kOutside = 0;
 
@@ -54,20 +58,26 @@ PixelPlane<char> cellsOfLines(const QImage& image, const Grid& grid)
     return cells;
 }
 
-// The areas that lines and gaps separate, numbered; kNoLabel on lines and in areas narrower than a gap.
-PixelPlane<int> separateAreas(const PixelPlane<char>& lines, const Grid& grid)
+// How far each cell lies from the lines, as depthsInside() measures it.
+PixelPlane<int> depthsBetween(const PixelPlane<char>& lines)
 {
-    PixelPlane<int> free(grid.width, grid.height, kNoLabel);
-    PixelPlane<char> open(grid.width, grid.height, 0);
-    for (int i = 0; i < lines.count(); ++i) {
-        free[i] = lines[i] ? kNoLabel : 0;
-        open[i] = lines[i] ? 0 : 1;
-    }
-    const PixelPlane<int> depths = depthsInside(free);
-    const int far = static_cast<int>(kPixelStep * kHalfGap * grid.longSide());
-    PixelPlane<char> cores(grid.width, grid.height, 0);
+    PixelPlane<int> free(lines.width(), lines.height(), kNoLabel);
     for (int i = 0; i < lines.count(); ++i)
-        cores[i] = depths[i] > far ? 1 : 0;
+        free[i] = lines[i] ? kNoLabel : 0;
+    return depthsInside(free);
+}
+
+// The areas that lines and gaps separate in a part of the picture, numbered; kNoLabel outside that part and in areas
+// narrower than a gap.
+//
+// @param open    nonzero for the cells of the part
+// @param halfGap as a part of the longer side
+PixelPlane<int> separateAreas(const PixelPlane<int>& depths, const PixelPlane<char>& open, double halfGap)
+{
+    const int far = static_cast<int>(kPixelStep * halfGap * std::max(depths.width(), depths.height()));
+    PixelPlane<char> cores(depths.width(), depths.height(), 0);
+    for (int i = 0; i < depths.count(); ++i)
+        cores[i] = open[i] && depths[i] > far ? 1 : 0;
     return grown(connectedPartsOf(cores).labels, open).labels;
 }
 
@@ -120,6 +130,26 @@ int joinOutside(PixelPlane<int>& areas)
     return count;
 }
 
+// Finds areas outside that wider gaps separate, and numbers those that are closed and large compared with the gap from
+// count + 1; returns the last number. A wide gap is closed only towards the outside: inside an area it may be drawn.
+int closeWiderGaps(PixelPlane<int>& areas, const PixelPlane<int>& depths, int count)
+{
+    for (const double halfGap : kWiderHalfGaps) {
+        PixelPlane<char> outside(areas.width(), areas.height(), 0);
+        for (int i = 0; i < areas.count(); ++i)
+            outside[i] = areas[i] == kOutside ? 1 : 0;
+        const PixelPlane<int> found = separateAreas(depths, outside, halfGap);
+        const double gap = 2.0 * halfGap * std::max(areas.width(), areas.height());
+        std::vector<int> numbers;
+        for (const Enclosure& area : enclosuresOf(found))
+            numbers.push_back(area.isClosed() && area.cells > kSquareGaps * gap * gap ? ++count : kOutside);
+        for (int i = 0; i < areas.count(); ++i)
+            if (found[i] >= 0)
+                areas[i] = numbers[static_cast<std::size_t>(found[i])];
+    }
+    return count;
+}
+
 // The cells between lines that are too close to each other for an area.
 int cellsInNarrowAreas(const PixelPlane<int>& areas, const PixelPlane<char>& lines)
 {
@@ -142,6 +172,15 @@ std::vector<CellMask> masksOf(const PixelPlane<int>& areas, int count)
         if (areas[i] > kOutside)
             masks[static_cast<std::size_t>(areas[i]) - 1].set(place(i).x(), place(i).y());
     return masks;
+}
+
+// Whether the areas are the many pieces of a pattern, such as a net.
+bool isPattern(const std::vector<int>& sizes, int enclosed)
+{
+    int inPieces = 0;
+    for (const int cells : sizes)
+        inPieces += cells < kPiece * enclosed ? cells : 0;
+    return inPieces > kMostInPieces * enclosed;
 }
 
 // The largest connected part of a mask.
@@ -176,21 +215,28 @@ CellMask withoutHoles(const CellMask& mask)
 std::vector<QPainterPath> areasBetween(const QImage& lines, const Grid& grid)
 {
     const PixelPlane<char> inked = cellsOfLines(lines, grid);
-    PixelPlane<int> areas = separateAreas(inked, grid);
-    const int count = joinOutside(areas);
+    const PixelPlane<int> depths = depthsBetween(inked);
+    PixelPlane<char> open(grid.width, grid.height, 0);
+    for (int i = 0; i < inked.count(); ++i)
+        open[i] = inked[i] ? 0 : 1;
+    PixelPlane<int> areas = separateAreas(depths, open, kHalfGap);
+    const int count = closeWiderGaps(areas, depths, joinOutside(areas));
     int left = cellsInNarrowAreas(areas, inked);
     areas = grown(areas, PixelPlane<char>(grid.width, grid.height, 1)).labels;
 
     const double least = kSmallest * grid.width * grid.height;
     int enclosed = 0;
+    std::vector<int> sizes;
     std::vector<std::pair<int, CellMask>> large; // area, mask
     for (const CellMask& mask : masksOf(areas, count)) {
         const int cells = mask.area();
         (cells > least ? enclosed : left) += cells;
         if (cells > least)
+            sizes.push_back(cells);
+        if (cells > least)
             large.emplace_back(0, withoutHoles(largestPart(mask)));
     }
-    if (left > kMostLeft * (enclosed + left))
+    if (left > kMostLeft * (enclosed + left) || isPattern(sizes, enclosed))
         return {};
     for (auto& [cells, mask] : large)
         cells = mask.area();

@@ -1,8 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // ClosedAreas: the areas that the lines of a drawing enclose, such as the face inside a drawn circle. A gap in a line
-// that is narrow compared with the picture counts as closed. An area that the border of the picture cuts is closed if
-// that border is the smaller part of its outline, as the base of a bust is.
+// that is narrow compared with the picture counts as closed, and so does a wider one in the outline of a large area. An
+// area that the border of the picture cuts is closed if that border is the smaller part of its outline, as the base of
+// a bust is.
 #pragma once
 
 #include "QuarvelDrawingIO/DIO_Drawing.h"

@@ -13,7 +13,7 @@ constexpr double kLight = 75.0;  // lightness of paper
 constexpr double kSolid = 0.7;   // opacity
 constexpr double kPicture = 0.9; // share of the picture that a backdrop covers
 constexpr double kLines = 0.6;   // share of the drawn area that lines have, at the least
-// The largest enclosed area as a multiple of the drawn area, at the least: a thick ring is a ring.
+// The enclosed area as a multiple of the drawn area, at the least: a thick ring is a ring.
 constexpr double kEnclosed = 1.5;
 
 bool isPaper(const ShapeFacts& shape, const Grid& grid)
@@ -96,12 +96,12 @@ void fillBetweenLines(DIO_Drawing& drawing, std::vector<ShapeFacts>& facts, cons
     double drawn = 0.0;
     for (const ShapeFacts& line : lines)
         drawn += line.area;
-    double enclosed = 0.0;
+    CellMask enclosed;
     for (ShapeFacts& fill : found) {
-        enclosed = std::max<double>(enclosed, fill.area);
+        enclosed.unite(fill.mask);
         fill.closedArea = true;
     }
-    if (enclosed < kEnclosed * drawn)
+    if (enclosed.area() < kEnclosed * drawn)
         return;
     const auto [layer, place] = placeOf(first, drawing);
     const std::vector<DIO_Shape>& added = fills.layers.front().shapes;

@@ -68,6 +68,25 @@ TEST(LineDrawing, ASmallGapInALineIsClosed)
     EXPECT_TRUE(paints(chosen(line("M50.5 10h29.5v80h-60v-80h29.5")).drawing.layers[0], {50, 50}));
 }
 
+TEST(LineDrawing, AWiderGapIsClosedInTheOutlineOfALargeArea)
+{
+    const char* const outline = "M53 10h27v80h-60v-80h27";
+    EXPECT_TRUE(paints(chosen(line(outline)).drawing.layers[0], {50, 50}));
+    // The same gap in the outline of a small area, beside a large one.
+    const ChosenObjects found = chosen(line("M40 10h50v50h-50z") + line("M17 72h8v14h-22v-14h8"));
+    EXPECT_TRUE(paints(found.drawing.layers[0], {65, 35}));
+    for (const DIO_Layer& layer : found.drawing.layers)
+        EXPECT_FALSE(paints(layer, {14, 79}));
+}
+
+TEST(LineDrawing, SeveralSmallAreasMayMakeUpTheDrawing)
+{
+    QByteArray boxes = line("M3 97h94");
+    for (int i = 0; i < 4; ++i)
+        boxes += line(QStringLiteral("M%1 40h16v16h-16z").arg(6 + 24 * i).toUtf8().constData());
+    EXPECT_GE(countOf(boxes), 4U);
+}
+
 TEST(LineDrawing, AnOpenLineEnclosesNothing)
 {
     EXPECT_FALSE(paints(chosen(line("M20 20v60h60v-60")).drawing.layers[0], {50, 50}));

@@ -18,7 +18,7 @@ constexpr int kDark = 96;         // luma of 255
 constexpr int kLightPaper = 190;  // luma of 255
 constexpr double kPainted = 0.03; // of the covered pixels: more of other colours make it a painted drawing
 constexpr double kEdge = 0.2;     // a mixture with at least this share of either colour
-constexpr double kEnclosed = 1.5; // the largest enclosed area, as a multiple of the lines' area, at the least
+constexpr double kEnclosed = 1.5; // the enclosed area, as a multiple of the lines' area, at the least
 
 // The mean colour of the dark pixels; nothing if there are none.
 std::optional<QRgb> inkOf(const QImage& image)
@@ -54,30 +54,66 @@ bool isAmongEqual(const QImage& image, int x, int y)
     return true;
 }
 
-// How much of each pixel lines cover; null if there is more than lines.
-QImage linesOf(const QImage& image, QRgb paper, QRgb ink)
+// What a pixel is in a line drawing.
+struct Drawn
 {
-    QImage lines(image.size(), QImage::Format_Alpha8);
-    qint64 covered = 0;
-    qint64 painted = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        const auto* const row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-        uchar* const line = lines.scanLine(y);
-        for (int x = 0; x < image.width(); ++x) {
-            const int alpha = qAlpha(row[x]);
-            // A dark pixel counts as ink in whatever shade.
-            const std::optional<double> share =
-                alpha == 0 ? std::optional(0.0)
-                           : (qGray(row[x]) < kDark ? std::optional(1.0) : mixedShare(row[x], paper, ink));
-            const double ofInk = std::clamp(share.value_or(0.0), 0.0, 1.0);
-            line[x] = static_cast<uchar>(std::lround(alpha * ofInk));
-            covered += alpha > 0 ? 1 : 0;
-            const bool mixed = ofInk > kEdge && ofInk < 1.0 - kEdge;
-            painted += !share || (mixed && isAmongEqual(image, x, y)) ? 1 : 0;
-        }
+    double ink = 0.0;     // the share of ink in it
+    bool painted = false; // it is neither paper, ink nor an edge
+};
+
+class LineReader
+{
+public:
+    LineReader(const QImage& image, QRgb paper, QRgb ink) : _image(image), _paper(paper), _ink(ink) {}
+
+    // Whether the pixels of every step-th row are those of a line drawing.
+    bool areLines(int step) const
+    {
+        qint64 covered = 0;
+        qint64 painted = 0;
+        for (int y = 0; y < _image.height(); y += step)
+            for (int x = 0; x < _image.width(); ++x) {
+                covered += qAlpha(row(y)[x]) > 0 ? 1 : 0;
+                painted += drawn(x, y).painted ? 1 : 0;
+            }
+        return static_cast<double>(painted) <= kPainted * static_cast<double>(covered);
     }
-    return static_cast<double>(painted) > kPainted * static_cast<double>(covered) ? QImage() : lines;
-}
+
+    // How much of each pixel lines cover.
+    QImage lines() const
+    {
+        QImage lines(_image.size(), QImage::Format_Alpha8);
+        for (int y = 0; y < _image.height(); ++y) {
+            uchar* const line = lines.scanLine(y);
+            for (int x = 0; x < _image.width(); ++x)
+                line[x] = static_cast<uchar>(std::lround(qAlpha(row(y)[x]) * drawn(x, y).ink));
+        }
+        return lines;
+    }
+
+private:
+    const QRgb* row(int y) const { return reinterpret_cast<const QRgb*>(_image.constScanLine(y)); }
+
+    Drawn drawn(int x, int y) const
+    {
+        const QRgb pixel = row(y)[x];
+        if (qAlpha(pixel) == 0 || pixel == _paper)
+            return {};
+        // A dark pixel counts as ink in whatever shade.
+        if (qGray(pixel) < kDark)
+            return {1.0, false};
+        const std::optional<double> share = mixedShare(pixel, _paper, _ink);
+        if (!share)
+            return {0.0, true};
+        const double ink = std::clamp(*share, 0.0, 1.0);
+        const bool mixed = ink > kEdge && ink < 1.0 - kEdge;
+        return {ink, mixed && isAmongEqual(_image, x, y)};
+    }
+
+    const QImage& _image;
+    QRgb _paper;
+    QRgb _ink;
+};
 
 double areaOfLines(const QImage& lines)
 {
@@ -107,13 +143,16 @@ std::optional<QImage> filledLineArt(const QImage& bitmap, QRgb paper, const QIma
     const std::optional<QRgb> ink = inkOf(image);
     if (!ink || qGray(paper) < kLightPaper)
         return std::nullopt;
-    const QImage lines = linesOf(image, paper, *ink);
-    if (lines.isNull())
+    const LineReader reader(image, paper, *ink);
+    // A few rows tell most painted drawings.
+    constexpr int kFewRows = 16;
+    if (!reader.areLines(kFewRows) || !reader.areLines(1))
         return std::nullopt;
+    const QImage lines = reader.lines();
     const std::vector<QPainterPath> areas = closedAreas(lines);
     if (areas.empty())
         return std::nullopt;
-    if (areaOfLines(paintedAreas({areas.front()}, lines.size())) < kEnclosed * areaOfLines(lines))
+    if (areaOfLines(paintedAreas(areas, lines.size())) < kEnclosed * areaOfLines(lines))
         return std::nullopt;
 
     QImage sheet(bitmap.size(), bitmap.format());
