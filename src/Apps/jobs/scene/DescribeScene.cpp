@@ -10,6 +10,7 @@
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "jobs/scene/AttributeWords.h"
+#include "jobs/scene/SceneObjects.h"
 
 #include <QJsonArray>
 #include <QStringList>
@@ -98,16 +99,8 @@ void describeElements(const MO_Scene& scene, QStringList& lines)
 
 void describeObjects(const MO_Scene& scene, QStringList& lines)
 {
-    std::map<int, QStringList> byNumber;
-    scene.root().forEachModule([&](const MO_Module& module) {
-        if (const auto* definition = dynamic_cast<const ObjectDefinition*>(&module))
-            byNumber[definition->objectId(scene.firstFrame())] << definition->instanceName();
-    });
     lines << QString() << QStringLiteral("objects at frame %1").arg(scene.firstFrame());
-    for (const auto& [number, names] : byNumber)
-        lines << QStringLiteral("  %1%2  %3")
-                     .arg(number)
-                     .arg(number == 0 ? QStringLiteral(" (cuts)") : QString(), names.join(QStringLiteral(", ")));
+    lines << listSceneObjects(scene);
 }
 
 QString hexOf(const CM_Rgba& colour)
@@ -227,5 +220,6 @@ QJsonObject sceneFields(const MO_Scene& scene, DescribedAttributes attributes)
             {QStringLiteral("lights"), lightFields(scene)},
             {QStringLiteral("commonLight"), inWords(attributesOf(scene.lighting()))},
             {QStringLiteral("modules"), moduleFields(scene, attributes)},
+            {QStringLiteral("objects"), sceneObjectFields(scene)},
             {QStringLiteral("rendered"), output ? output->instanceName() : QString()}};
 }

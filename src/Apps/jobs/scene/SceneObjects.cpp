@@ -1,0 +1,135 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+#include "jobs/scene/SceneObjects.h"
+
+#include "ObjectDefinition/ObjectDefinition.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/graph/MO_Port.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "jobs/shown/DrawingExtent.h"
+#include "jobs/shown/NormalMapNode.h"
+#include "jobs/shown/VisibleDrawing.h"
+
+#include <QJsonObject>
+#include <QLocale>
+
+#include <algorithm>
+#include <optional>
+#include <set>
+
+namespace {
+
+struct Listed
+{
+    int number = 0;
+    QString name;
+    QString definition;
+    std::optional<NormalMapObject> values; // none for cut-outs and for definitions that lead to no node
+    double tiltX = 0.0;
+    double tiltY = 0.0;
+};
+
+Listed listedFor(const ObjectDefinition& definition, double frame)
+{
+    Listed object;
+    object.number = definition.objectId(frame);
+    object.name = object.definition = definition.instanceName();
+    object.tiltX = definition.tiltX()->value(frame);
+    object.tiltY = definition.tiltY()->value(frame);
+    return object;
+}
+
+Listed listedFor(const MO_Port& input, const ObjectDefinition& definition, const std::vector<NormalMapObject>& values,
+                 double frame)
+{
+    Listed object = listedFor(definition, frame);
+    QStringList names;
+    for (const MO_ElementModule* const element : elementsBehind(input))
+        names << element->instanceName();
+    if (!names.isEmpty())
+        object.name = names.join(QStringLiteral(", "));
+    // If several rows have the same number, the node uses the last.
+    const auto row = std::find_if(values.rbegin(), values.rend(),
+                                  [&](const NormalMapObject& value) { return value.number == object.number; });
+    if (object.number > 0 && row != values.rend())
+        object.values = *row;
+    return object;
+}
+
+std::vector<Listed> objectsOf(const MO_Scene& scene)
+{
+    const double frame = scene.firstFrame();
+    std::vector<Listed> objects;
+    std::set<const MO_Module*> listed;
+    scene.root().forEachModule([&](MO_Module& module) {
+        if (!NormalMapNode::is(module))
+            return;
+        const std::vector<NormalMapObject> values = NormalMapNode(module).objects();
+        for (unsigned i = 0; i < module.nInPorts(); ++i)
+            if (const ObjectDefinition* const definition = objectDefinitionBehind(*module.inPort(i))) {
+                objects.push_back(listedFor(*module.inPort(i), *definition, values, frame));
+                listed.insert(definition);
+            }
+    });
+    scene.root().forEachModule([&](MO_Module& module) {
+        if (const auto* const definition = dynamic_cast<const ObjectDefinition*>(&module);
+            definition && !listed.contains(definition))
+            objects.push_back(listedFor(*definition, frame));
+    });
+    std::ranges::stable_sort(objects, {}, &Listed::number);
+    return objects;
+}
+
+QString value(double number)
+{
+    return QString::number(number, 'g', QLocale::FloatingPointShortest);
+}
+
+QStringList cellsOf(const Listed& object)
+{
+    const bool tilted = object.tiltX != 0.0 || object.tiltY != 0.0;
+    QStringList cells{QString::number(object.number), object.name};
+    if (object.values)
+        cells << value(object.values->bevel) << value(object.values->elevation) << value(object.values->smoothness);
+    else
+        cells << (object.number == 0 ? QStringLiteral("cuts out") : QStringLiteral("-")) << QString() << QString();
+    return cells << (tilted ? value(object.tiltX) + u',' + value(object.tiltY) : QString());
+}
+
+} // namespace
+
+QStringList listSceneObjects(const MO_Scene& scene)
+{
+    std::vector<QStringList> rows{{QStringLiteral("number"), QStringLiteral("name"), QStringLiteral("bevel"),
+                                   QStringLiteral("elevation"), QStringLiteral("smoothness"), QStringLiteral("tilt")}};
+    for (const Listed& object : objectsOf(scene))
+        rows.push_back(cellsOf(object));
+    QStringList lines;
+    for (const QStringList& row : rows) {
+        QString line;
+        for (qsizetype column = 0; column < row.size(); ++column) {
+            const auto width = [column](const QStringList& cells) { return cells[column].size(); };
+            const QStringList& widest = *std::ranges::max_element(rows, {}, width);
+            line += row[column].leftJustified(width(widest) + 2);
+        }
+        lines << QStringLiteral("  ") + line.trimmed();
+    }
+    return lines;
+}
+
+QJsonArray sceneObjectFields(const MO_Scene& scene)
+{
+    QJsonArray all;
+    for (const Listed& object : objectsOf(scene)) {
+        QJsonObject fields{{QStringLiteral("number"), object.number},
+                           {QStringLiteral("name"), object.name},
+                           {QStringLiteral("definition"), object.definition}};
+        if (object.values) {
+            fields.insert(QStringLiteral("bevel"), object.values->bevel);
+            fields.insert(QStringLiteral("elevation"), object.values->elevation);
+            fields.insert(QStringLiteral("smoothness"), object.values->smoothness);
+            fields.insert(QStringLiteral("tilt"), QJsonArray{object.tiltX, object.tiltY});
+        }
+        all.append(fields);
+    }
+    return all;
+}
