@@ -77,9 +77,10 @@ PixelPlane<char> backdropPixels(const QImage& image, const std::vector<QPoint>& 
 {
     PixelPlane<char> backdrop(image.width(), image.height(), 0);
     std::vector<int> open;
+    // Rows of 32-bit pixels have no gaps between them.
+    const auto* const pixels = reinterpret_cast<const QRgb*>(image.constBits());
     const auto visit = [&](int index) {
-        const auto* const row = reinterpret_cast<const QRgb*>(image.constScanLine(index / image.width()));
-        const QRgb pixel = row[index % image.width()];
+        const QRgb pixel = pixels[index];
         if (backdrop[index] || qAlpha(pixel) == 0 || !areAlike(pixel, colour))
             return;
         backdrop[index] = 1;
@@ -115,11 +116,11 @@ private:
 
     bool isBesideBackdrop(int x, int y) const
     {
-        for (int i = 0; i < 9; ++i) {
-            const int nx = x - 1 + i % 3;
-            const int ny = y - 1 + i / 3;
-            if (_backdrop.contains(nx, ny) && _backdrop.at(nx, ny))
-                return true;
+        for (int ny = std::max(0, y - 1); ny < std::min(y + 2, _backdrop.height()); ++ny) {
+            const std::span row = _backdrop.row(ny);
+            for (int nx = std::max(0, x - 1); nx < std::min(x + 2, _backdrop.width()); ++nx)
+                if (row[static_cast<std::size_t>(nx)])
+                    return true;
         }
         return false;
     }
@@ -181,14 +182,16 @@ std::optional<CutOut> cutFromBackdrop(const QImage& bitmap)
     CutOut cut{bitmap, *colour, 0.0};
     int foreground = 0;
     int behind = 0;
-    for (int y = 0; y < bitmap.height(); ++y)
+    for (int y = 0; y < bitmap.height(); ++y) {
+        const auto* const row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
         for (int x = 0; x < bitmap.width(); ++x) {
             const double share = outlines.coverage(x, y);
-            foreground += share > 0.0 && qAlpha(image.pixel(x, y)) > 0 ? 1 : 0;
+            foreground += share > 0.0 && qAlpha(row[x]) > 0 ? 1 : 0;
             behind += backdrop.at(x, y);
             if (share < 1.0)
                 scaleAlpha(cut.foreground, x, y, share);
         }
+    }
     const double all = static_cast<double>(bitmap.width()) * bitmap.height();
     cut.share = behind / all;
     if (foreground < kLeastForeground * all)

@@ -4,11 +4,9 @@
 #include "form/bitmap/pixels/MixedColours.h"
 
 #include <array>
-#include <cstdlib>
 
 namespace {
 
-constexpr int kAlike = 14;      // of 255, in each channel
 constexpr double kMixed = 30.0; // of 255: how far from the line a mixture may lie
 
 using Vector = std::array<double, 3>;
@@ -25,12 +23,6 @@ double product(const Vector& a, const Vector& b)
 }
 
 } // namespace
-
-bool areAlike(QRgb one, QRgb other)
-{
-    return std::abs(qRed(one) - qRed(other)) <= kAlike && std::abs(qGreen(one) - qGreen(other)) <= kAlike &&
-           std::abs(qBlue(one) - qBlue(other)) <= kAlike;
-}
 
 double squaredDistance(QRgb one, QRgb other)
 {

@@ -8,7 +8,12 @@
 #include <optional>
 
 /// Whether two colours differ by no more than the noise of a good JPEG.
-bool areAlike(QRgb one, QRgb other);
+inline bool areAlike(QRgb one, QRgb other)
+{
+    constexpr int kAlike = 14; // of 255, in each channel
+    const auto near = [](int a, int b) { return a - b <= kAlike && b - a <= kAlike; };
+    return near(qRed(one), qRed(other)) && near(qGreen(one), qGreen(other)) && near(qBlue(one), qBlue(other));
+}
 
 /// The sum of the squared differences of the channels, each 0 to 255.
 double squaredDistance(QRgb one, QRgb other);
