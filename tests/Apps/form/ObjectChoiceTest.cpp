@@ -35,7 +35,7 @@ TEST(ObjectChoice, ALineBetweenTwoPartsBelongsToBoth)
         EXPECT_EQ(layer.shapes.size(), 3U);
 }
 
-TEST(ObjectChoice, ALineBesideNothingIsAnObject)
+TEST(ObjectChoice, ALineThatTouchesNoPartIsAnObject)
 {
     EXPECT_EQ(countOf(circle(50, 60, 20, "#c93434") + line("M10 10h80")), 2U);
 }
@@ -135,7 +135,7 @@ TEST(ObjectChoice, AShadowOnTheGroundIsFlat)
                 ElementsAre(FLAT, BODY));
 }
 
-TEST(ObjectChoice, WhatLiesOnABackdropLiesOnNothing)
+TEST(ObjectChoice, ShapesOnABackdropAreJudgedWithoutIt)
 {
     EXPECT_THAT(rolesOf(rect(0, 0, 100, 100, "#ffffff") + line("M10 30h80v40h-80z", "#dd2222", 4.0)),
                 ElementsAre(FLAT, BODY));

@@ -42,7 +42,7 @@ struct Part
     double border = 0.0; ///< how far its ink reaches outside its outline, in cells
     ObjectRole role = ObjectRole::BODY;
     QString reason;
-    bool isBackdrop = false;  ///< the picture's background; shapes on it count as lying on nothing
+    bool isBackdrop = false;  ///< the picture's background; shapes on it are judged as if it were not there
     bool ink = false;         ///< made of lines only
     bool translucent = false; ///< parts beneath it are visible through it
 };

@@ -30,8 +30,8 @@ public:
 
     /// Makes a shape a part above all others.
     void add(int shape, const Verdict& verdict);
-    /// Makes a shape a backdrop: a part that does not show on the map, so that later shapes on it count as lying on
-    /// nothing.
+    /// Makes a shape a backdrop: a part that does not show on the map, so that later shapes are judged as if it
+    /// were not there.
     void addBackdrop(int shape, const Verdict& verdict);
     /// Adds a piece to a part's body.
     void extend(int index, int shape);
