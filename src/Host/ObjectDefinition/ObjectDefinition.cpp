@@ -26,9 +26,11 @@ const AT_AttrMeta kScaleMeta(QStringLiteral("ScaleByCoverage"),
 const AT_AttrMeta kEnabledMeta(QStringLiteral("ObjectEnabled"),
                                QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Object Enabled")));
 
-const AT_DoubleAttrMeta kTiltXMeta(QStringLiteral("TiltX"), QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Tilt to the Right")),
+const AT_DoubleAttrMeta kTiltXMeta(QStringLiteral("TiltX"),
+                                   QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Tilt to the Right")),
                                    QStringLiteral("DBL_STEP_ANGLE"), -90.0, 90.0, -60.0, 60.0, 1.0);
-const AT_DoubleAttrMeta kTiltYMeta(QStringLiteral("TiltY"), QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Tilt Upwards")),
+const AT_DoubleAttrMeta kTiltYMeta(QStringLiteral("TiltY"),
+                                   QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Tilt Upwards")),
                                    QStringLiteral("DBL_STEP_ANGLE"), -90.0, 90.0, -60.0, 60.0, 1.0);
 
 const QString kAttributeChosenForm = QStringLiteral("chosenForm");

@@ -19,8 +19,8 @@ QUARVELDRAWINGIO_EXPORT QStringList DIO_bitmapSuffixes();
 /// QImageReader::allocationLimit() is an error. Any thread may call it.
 QUARVELDRAWINGIO_EXPORT UT_Result<DIO_Drawing> DIO_readBitmap(const QString& path);
 
-/// The pixels of a bitmap, with the same limit, in the format RGBA64 where the file has more than 8 bits a channel, else
-/// ARGB32. Any thread may call it.
+/// The pixels of a bitmap, with the same limit, in the format RGBA64 where the file has more than 8 bits a channel,
+/// else ARGB32. Any thread may call it.
 ///
 /// @param warnings takes what is to be told
 QUARVELDRAWINGIO_EXPORT UT_Result<QImage> DIO_readImage(const QString& path, QStringList& warnings);

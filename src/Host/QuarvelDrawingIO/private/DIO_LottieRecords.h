@@ -59,8 +59,8 @@ struct DIO_LottieHeader
     int frames = 0;
 };
 
-/// Reads a stream from its beginning to its end, also while it still grows. After a failure of the header or the end, no
-/// further function may be called.
+/// Reads a stream from its beginning to its end, also while it still grows. After a failure of the header or the end,
+/// no further function may be called.
 class DIO_LottieStreamReader
 {
 public:

@@ -5,6 +5,6 @@
 
 #include <cstdint>
 
-/// The most pixels of one picture, at 4 bytes each. It follows from QImageReader::allocationLimit(), which belongs to the
-/// process and which programs set to what their memory allows; by default that is 33 million.
+/// The most pixels of one picture, at 4 bytes each. It follows from QImageReader::allocationLimit(), which belongs to
+/// the process and which programs set to what their memory allows; by default that is 33 million.
 std::int64_t DIO_mostPixels();

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The render: inputs are merged as they arrive; at the end the ports are composed one after the other. An object is built
-// when the first of its ports is composed, and its memory goes to the next one after the last of them.
+// The render: inputs are merged as they arrive; at the end the ports are composed one after the other. An object is
+// built when the first of its ports is composed, and its memory goes to the next one after the last of them.
 #include "render/VallorinRenderHandler.h"
 
 #include "ObjectDefinition/ObjectDefinition.h"
