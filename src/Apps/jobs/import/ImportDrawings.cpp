@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What kind the files are of, and who reads them.
+// Finds the kind of the files, and calls its reader.
 #include "jobs/import/ImportDrawings.h"
 
 #include "QuarvelBaseCore/UT_FileName.h"

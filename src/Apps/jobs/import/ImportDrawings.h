@@ -25,8 +25,8 @@ struct ImportSettings
 {
     FormSettings form; ///< where the objects of a single drawing, and every object's values, come from
     DIO_LottieLimits lottie;
-    /// Told every now and then how much is done, 0 to 1, or 0 where nobody knows; false stops. Calls come from the
-    /// thread that imports. Empty: nobody wants to know.
+    /// Called now and then with how much is done, 0 to 1, or 0 where that is unknown; returning false stops. Calls come
+    /// from the importing thread. May be empty.
     std::function<bool(double done)> goOn = {};
     ObjectWishes wishes = {}; ///< what is said of the objects; holds before what the form gives
 };

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// All pairs are looked at; a scene has 320 objects at most.
+// Compares all pairs; a scene has at most 320 objects.
 #include "jobs/import/LayerMatch.h"
 
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"

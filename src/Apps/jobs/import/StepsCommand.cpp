@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A step that throws takes back those before it.
+// When a step throws, those before it are undone.
 #include "jobs/import/StepsCommand.h"
 
 #include <ranges>

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// StepsCommand: a change in steps of which the later ones are made for what the earlier ones left. Commands look at the
-// scene when they are made, so all of them cannot be made beforehand: each is made when its turn has come.
+// StepsCommand: a change in several steps, each made for the scene as the steps before it have left it. Commands look
+// at the scene when they are made, so each is made only when its turn has come.
 #pragma once
 
 #include "QuarvelCommand/CO_Command.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The steps are found out first; each looks at the scene as the steps before have left it.
+// First finds all steps; each then looks at the scene as the steps before have left it.
 #include "jobs/import/UpdateDrawings.h"
 
 #include "ObjectDefinition/ObjectDefinition.h"
@@ -105,7 +105,7 @@ ObjectDefinition* definitionBehind(const MO_ElementModule& element)
     return nullptr;
 }
 
-// Looks for everything that an update has to do.
+// Finds everything that an update has to do.
 class Update
 {
 public:
@@ -346,7 +346,7 @@ private:
 
     void add(std::unique_ptr<MO_Module> module, MO_Module* source)
     {
-        // Functions are copied, so that the module is held by one that can be.
+        // std::function copies what it holds, so the module is held by a shared pointer.
         auto held = std::make_shared<std::unique_ptr<MO_Module>>(std::move(module));
         _steps.emplace_back(
             [&scene = _scene, held, source] { return MO_addModuleCmd(scene.root(), std::move(*held), source); });

@@ -1,11 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Drawings of a scene that were read again: their shapes come from the files as they are now, everything that was set
-// of their objects stays. Objects are found again by their layers' names and by their shapes (LayerMatch.h).
+// Updates the drawings of a scene that were read again: their shapes come from the files as they are now, and
+// everything that was set for their objects stays. Objects are found again by their layers' names and by their shapes
+// (LayerMatch.h).
 //
 //   in both        the element gets the new drawings; number, bevel, keys, names, links and exposures stay
 //   only in files  an element with its Object Definition is added, where it lies among the others
-//   only in scene  the element is empty from now on and keeps all that was set, for the day when the layer is back
+//   only in scene  the element is empty from now on and keeps all that was set, in case the layer comes back
 #pragma once
 
 #include "QuarvelCommand/CO_Command.h"

@@ -27,7 +27,7 @@ struct Chunk
     Bytes data;
 };
 
-// The next chunk; nothing where there is no whole one. Qt checks the sums of what it reads.
+// The next chunk; none where it is incomplete. Qt checks the checksums of the chunks that it reads.
 std::optional<Chunk> nextChunk(Reader& file)
 {
     const std::size_t size = file.u32();
@@ -54,7 +54,7 @@ void append(QByteArray& file, const QByteArray& type, Bytes data)
         crc32(0, reinterpret_cast<const Bytef*>(body.constData()), static_cast<uInt>(body.size()))));
 }
 
-// What a chunk fcTL says.
+// The content of a chunk fcTL.
 struct Control
 {
     enum Dispose

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Animated PNG files: https://www.w3.org/TR/png-3/. Each frame is laid into a PNG file of its own, which Qt reads;
-// what is done here is what lies between frames: where they stand, what is cleared, what shines through.
+// Animated PNG files: https://www.w3.org/TR/png-3/. Each frame is put into a PNG file of its own, which Qt reads.
+// The code here composes the frames: their places, what is cleared between them, and how they are blended.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"

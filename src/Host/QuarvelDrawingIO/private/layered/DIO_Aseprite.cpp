@@ -244,7 +244,7 @@ private:
         return {};
     }
 
-    // Packets: so many entries are left alone, so many follow.
+    // Packets: the number of entries to skip, then the number of entries that follow.
     void readOldPalette(Reader& chunk, bool isSixBits)
     {
         std::size_t at = 0;

@@ -1,8 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What readers of files with layers and frames of pixels yield, whatever the format: layers from the bottom up, each
-// with its pictures and which of them is shown when. From here the way is the same for all of them: to a drawing, or
-// to an animation.
+// The common result of all readers of files with layers and frames of pixels: layers from the bottom up, each with its
+// pictures and which of them is shown when. It is converted to a drawing or to an animation.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -32,7 +31,7 @@ struct DIO_BitmapLayer
 struct DIO_BitmapLayers
 {
     QSize size;
-    double frameRate = 0.0; ///< 0: nobody says
+    double frameRate = 0.0; ///< 0: unknown
     int frames = 1;
     std::vector<DIO_BitmapLayer> layers; ///< bottom up
     QStringList warnings;

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// DIO_ByteReader: numbers and pieces out of the bytes of a file that nobody trusts. Whoever reads past the end gets
-// zeros and empty pieces, and has failed: one question at the end of a block replaces one at every number.
+// DIO_ByteReader: reads numbers and blocks from the bytes of an untrusted file. Reading past the end gives zeros and
+// empty blocks and marks the reader as failed, so that callers check once at the end of a block.
 #pragma once
 
 #include <cstdint>
@@ -32,7 +32,7 @@ public:
     std::int16_t i16() { return static_cast<std::int16_t>(u16()); }
     std::int32_t i32() { return static_cast<std::int32_t>(u32()); }
 
-    /// So many bytes; none where there are fewer.
+    /// The next bytes; none where fewer are left.
     Bytes bytes(std::size_t count)
     {
         if (count > _rest.size()) {
@@ -47,7 +47,7 @@ public:
 
     void skip(std::size_t count) { (void)bytes(count); }
 
-    /// A block of so many bytes, to be read by itself.
+    /// A reader of the next bytes alone.
     DIO_ByteReader block(std::size_t count) { return DIO_ByteReader(bytes(count)); }
 
     /// All that is left.

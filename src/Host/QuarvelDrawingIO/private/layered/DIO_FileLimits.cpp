@@ -49,7 +49,7 @@ UT_Result<void> DIO_PixelBudget::take(std::int64_t width, std::int64_t height)
 
 UT_Result<std::vector<std::uint8_t>> DIO_inflate(std::span<const std::uint8_t> packed, std::size_t size)
 {
-    // The format packs a byte into no less than a thousandth of one.
+    // The format cannot compress better than about 1 : 1030.
     constexpr std::size_t kBestRatio = 1040;
     if (size / kBestRatio > packed.size() + 1)
         return DIO_damaged();

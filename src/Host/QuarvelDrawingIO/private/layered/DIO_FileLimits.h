@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// How much a file of pixels may ask for. Sizes are checked before memory is taken for them.
+// Limits on files of pixels. Sizes are checked before memory is allocated for them.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -39,7 +39,7 @@ private:
     std::int64_t _left = DIO_kMostPicturesInAll * _most;
 };
 
-/// Unpacks data in the format of zlib, which are to become so many bytes.
+/// Unpacks data in the format of zlib.
 ///
 /// @return an error when they become fewer or more, or are damaged
 UT_Result<std::vector<std::uint8_t>> DIO_inflate(std::span<const std::uint8_t> packed, std::size_t size);

@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-/// A frame rate, and for how many of its frames each picture is shown.
+/// A frame rate, and the number of frames for which each picture is shown.
 struct DIO_FrameTimes
 {
     double frameRate = 0.0;

@@ -45,7 +45,7 @@ int numberOf(Reader& file, const char* name)
     return words.size() == 2 && words[0] == QLatin1String(name) ? words[1].toInt() : -1;
 }
 
-// Pieces of plain bytes, and repetitions of what was unpacked before. Empty where it is not just as much as a tile has.
+// LZF: runs of plain bytes, and repetitions of earlier output. Empty where the result has not exactly a tile's size.
 std::vector<std::uint8_t> unpackLzf(Bytes packed, std::size_t size)
 {
     std::vector<std::uint8_t> made;

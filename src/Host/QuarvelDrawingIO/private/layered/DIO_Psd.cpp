@@ -240,7 +240,7 @@ private:
         made.isOn = (mask.u8() & kOff) == 0;
     }
 
-    // Blocks behind the name; many kinds are of no interest.
+    // Blocks after the name; most kinds are skipped.
     void readMore(Reader& extra, Record& record) const
     {
         constexpr std::size_t kLeast = 12;

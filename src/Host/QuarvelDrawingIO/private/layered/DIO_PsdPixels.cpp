@@ -16,7 +16,7 @@ enum Packing
     DIFFERENCES = 3
 };
 
-// Runs of bytes, as PackBits writes them. False where they are not just as many as the row has.
+// PackBits. False where the result has not exactly the length of the row.
 bool unpackRuns(Bytes packed, std::span<std::uint8_t> row)
 {
     Reader reader(packed);
@@ -24,7 +24,7 @@ bool unpackRuns(Bytes packed, std::span<std::uint8_t> row)
         const int head = static_cast<std::int8_t>(reader.u8());
         if (reader.hasFailed())
             return false;
-        // -128 stands for nothing.
+        // -128 is a no-operation.
         if (head == -128)
             continue;
         const auto count = static_cast<std::size_t>(head < 0 ? 1 - head : head + 1);
