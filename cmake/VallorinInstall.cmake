@@ -9,4 +9,6 @@ write_basic_package_version_file("${CMAKE_BINARY_DIR}/generated/QuarvelConfigVer
 install(FILES "${CMAKE_BINARY_DIR}/generated/QuarvelConfig.cmake" "${CMAKE_BINARY_DIR}/generated/QuarvelConfigVersion.cmake"
         DESTINATION "${package_folder}")
 install(EXPORT QuarvelTargets NAMESPACE Quarvel:: DESTINATION "${package_folder}")
+# Extensions of other programs, to be copied into their folders.
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/integrations" DESTINATION "${CMAKE_INSTALL_DATADIR}/quarvel" PATTERN "__pycache__" EXCLUDE)
 install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" "${PROJECT_SOURCE_DIR}/README.md" DESTINATION "${CMAKE_INSTALL_DOCDIR}")

@@ -61,12 +61,14 @@ step="comparing the picture with that of the build"
     logged build/release/bin/quarvel normalmap examples/hero.svg -o "$work/hero_n.png" --size 320
     cmp "$work/hero_n.png" "$root/tmp/hero_n.png"
 }
+step="the Python package in the bare system"
+inside python3 -c 'import vallorin; maps = vallorin.normal_map("/tmp/hero.svg", width=320); assert maps.normals.shape == (320, 320, 3)'
 step="quarvel-studio in the bare system"
 inside env QT_QPA_PLATFORM=offscreen quarvel-studio --version
 step="quarvel from the tar.zst, in a folder of another name"
 mkdir "$root/tmp/unpacked"
 tar -C "$root/tmp/unpacked" --strip-components=1 -xf "$packages"/*.tar.zst
-inside apt-get remove -y quarvel quarvel-plugin-vallorin libquarvel0
+inside apt-get remove -y quarvel quarvel-plugin-vallorin libquarvel0 python3-vallorin
 inside /tmp/unpacked/bin/quarvel normalmap /tmp/hero.svg -o /tmp/unpacked_n.png --size 320
 cmp "$root/tmp/hero_n.png" "$root/tmp/unpacked_n.png"
 
