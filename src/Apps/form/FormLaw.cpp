@@ -4,13 +4,12 @@
 // rendered under lights from eight sides; changing one of them by 40 per cent raises the error by 3 to 9 per cent.
 #include "form/FormLaw.h"
 
+#include "form/ElevationUnit.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace {
-
-// The node's depth at elevation 1, in units of which the picture is 720 wide.
-constexpr double kDepthOfElevation = 37.5;
 
 // Bevel and height as multiples of the breadth.
 struct Profile
@@ -55,7 +54,7 @@ ObjectForm raised(const ObjectExtent& extent, FormShape shape)
     if (shape == FormShape::RIM)
         return kRimForm;
     const Profile profile = profileOf(extent, shape);
-    return {profile.bevel * extent.breadth, profile.height * extent.breadth / kDepthOfElevation, profile.smoothness};
+    return {profile.bevel * extent.breadth, profile.height * extent.breadth / kRiseOfElevation, profile.smoothness};
 }
 
 } // namespace

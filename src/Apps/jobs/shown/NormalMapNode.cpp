@@ -8,6 +8,7 @@
 #include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 #include "QuarvelSceneCore/graph/MO_SceneCommon.h"
+#include "form/ElevationUnit.h"
 
 #include <QLocale>
 #include <QStringList>

@@ -51,9 +51,6 @@ struct NormalMapValues
     bool useTruckFactor = false;
 };
 
-/// The height of the highest place of an object of elevation 1, in units of which the picture is 720 wide.
-inline constexpr double kRiseOfElevation = 37.5;
-
 /// A handle on a module of this kind; the module must outlive it.
 class NormalMapNode
 {

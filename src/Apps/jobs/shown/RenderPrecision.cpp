@@ -10,6 +10,7 @@
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "QuarvelSceneCore/interfaces/MO_RenderingRequestService.h"
 #include "QuarvelSceneCore/interfaces/RD_ScriptContext.h"
+#include "form/ElevationUnit.h"
 #include "jobs/shown/NormalMapNode.h"
 
 #include <tbb/parallel_for.h>

@@ -4,6 +4,7 @@
 #include "studio/window/PixelReadOut.h"
 
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "form/ElevationUnit.h"
 #include "studio/objects/ObjectsInFrame.h"
 
 #include <algorithm>
@@ -11,9 +12,6 @@
 #include <numbers>
 
 namespace {
-
-// The node's depth at elevation 1, in units of which the picture is 720 wide.
-constexpr double kDepthOfElevation = 37.5;
 
 QString number(double value, int width = 0)
 {
@@ -41,7 +39,7 @@ QString elevationText(double share, const SceneObject* object, double atFrame)
     if (!object || object->isCutOut())
         return PixelReadOut::tr("elevation 0");
     const AT_DoubleAttr* const multiplier = NormalMapNode(*object->node).elevationMultiplier();
-    const double whole = object->values.elevation * kDepthOfElevation * (multiplier ? multiplier->value(atFrame) : 1.0);
+    const double whole = object->values.elevation * kRiseOfElevation * (multiplier ? multiplier->value(atFrame) : 1.0);
     return PixelReadOut::tr("elevation %1 of %2 units")
         .arg(QString::number(share * whole, 'f', 1), QString::number(whole, 'f', 1));
 }
