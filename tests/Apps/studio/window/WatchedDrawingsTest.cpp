@@ -40,6 +40,18 @@ protected:
         QFile::remove(target);
         ASSERT_TRUE(QFile::rename(folder.filePath(from), target));
     }
+    // Saves a scene of the disc, changes the disc while no window shows it, and opens the scene again.
+    QString reopenAfterAChange()
+    {
+        openDisc();
+        const QString scene = folder.filePath(QStringLiteral("disc.scene"));
+        EXPECT_TRUE(window->saveTo(scene));
+        renew();
+        write(QStringLiteral("disc.svg"), disc(60));
+        drop({scene});
+        EXPECT_TRUE(waitForPicture());
+        return scene;
+    }
     QAction* actionNamed(const QString& text) const
     {
         for (QAction* const action : window->findChildren<QAction*>())
@@ -73,13 +85,7 @@ TEST_F(WatchedDrawingsTest, FollowWhatIsWrittenIntoTheFile)
 
 TEST_F(WatchedDrawingsTest, ADrawingThatChangedWhileItsSceneWasClosedIsReadWhenTheSceneIsOpened)
 {
-    openDisc();
-    const QString scene = folder.filePath(QStringLiteral("disc.scene"));
-    ASSERT_TRUE(window->saveTo(scene));
-    renew();
-    write(QStringLiteral("disc.svg"), disc(60));
-    drop({scene});
-    ASSERT_TRUE(waitForPicture());
+    const QString scene = reopenAfterAChange();
     ASSERT_TRUE(waitForCentre(60));
     EXPECT_TRUE(window->messages().text().contains(QStringLiteral("disc.svg")));
     EXPECT_FALSE(window->messages().isError());
@@ -183,13 +189,7 @@ TEST_F(WatchedDrawingsTest, AreKnownToASceneThatIsOpenedAgain)
 
 TEST_F(WatchedDrawingsTest, AreReadAgainByAKey)
 {
-    openDisc();
-    const QString scene = folder.filePath(QStringLiteral("disc.scene"));
-    ASSERT_TRUE(window->saveTo(scene));
-    renew();
-    write(QStringLiteral("disc.svg"), disc(60));
-    drop({scene});
-    ASSERT_TRUE(waitForPicture());
+    reopenAfterAChange();
     ASSERT_TRUE(waitForCentre(60)) << "it changed while nobody looked";
     document().undo();
     EXPECT_NEAR(centre(), 100.0, 1.0);

@@ -1,202 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The render handler as a host drives it: which inputs count, what a cut-out does, what the output holds.
-#include "SmallPixmaps.h"
-
-#include "ObjectDefinition/ObjectDefinition.h"
-#include "ObjectDefinition/ObjectDefinitionMessage.h"
-#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/attributes/AT_IntAttr.h"
-#include "QuarvelSceneCore/graph/MO_Scene.h"
-#include "render/VallorinRenderHandler.h"
+// What the render handler puts out: which records count, what a cut-out does, what the channels hold.
+#include "RenderHandlerFixture.h"
 
 #include <gmock/gmock.h>
 
-namespace {
-
 using testing::HasSubstr;
-
-// A module that gives the context a scene with a camera.
-class VallorinTestModule : public MO_Module
-{
-public:
-    VallorinTestModule() { addInImagePort(); }
-    QString keyword() const override { return QStringLiteral("TEST"); }
-    QString baseDisplayName() const override { return QStringLiteral("Test"); }
-};
-
-CA_CelRef celOf(const UT_SharedPtr<CEL_PixmapArea>& pixmap)
-{
-    auto cel = UT_makeShared<CEL_Cel>();
-    cel->setRepresentation(pixmap);
-    return cel;
-}
-
-CA_CelRef tagged(const UT_SharedPtr<CEL_PixmapArea>& pixmap, int objectId)
-{
-    CA_CelRef cel = celOf(pixmap);
-    cel->addMessage(ObjectDefinition::objectDefinitionMessageId(),
-                    UT_makeShared<ObjectDefinitionMessage>(objectId, 0.0, 0.0));
-    return cel;
-}
-
-// Renders inputs of 8 x 8, without a bevel unless the object list says so.
-template<typename Pixel>
-class RenderHandlerOf : public testing::Test
-{
-protected:
-    static constexpr int kSide = 8;
-
-    UT_SharedPtr<VallorinRenderHandler> make(std::size_t ports, const char* objectList)
-    {
-        return make(std::vector<node_render::PortRenderInfo>(ports), objectList);
-    }
-
-    UT_SharedPtr<VallorinRenderHandler> make(const std::vector<node_render::PortRenderInfo>& ports,
-                                             const char* objectList)
-    {
-        // The host passes on both formats unchanged.
-        MO_CompositeModuleBitmapHandler::CompositeModuleInterface module;
-        module.acceptsFloatCels = true;
-        module.accepts16BitCels = true;
-        UT_SharedPtr<VallorinRenderHandler> handler(new VallorinRenderHandler(1.0, module, ports));
-        handler->objectInformation = QString::fromLatin1(objectList);
-        return handler;
-    }
-
-    void deliver(VallorinRenderHandler& handler, const CA_CelRef& cel)
-    {
-        _context.setInputCel(_port, cel);
-        handler.softRender(_context, _port);
-        _context.setInputCel(_port, nullptr);
-        ++_port;
-    }
-
-    UT_SharedPtr<CEL_PixmapOf<Pixel>> finish(VallorinRenderHandler& handler)
-    {
-        handler.finish(_context);
-        const CA_CelRef output = _context.outputCel();
-        return output ? output->pixmap().template dynamicCast<CEL_PixmapOf<Pixel>>() : nullptr;
-    }
-
-    // An input whose pixels are all the same, as the object stage makes it.
-    static UT_SharedPtr<CEL_PixmapOf<Pixel>> covering(decltype(Pixel::a) coverage,
-                                                      decltype(Pixel::r) value = CEL_PixelTraits<Pixel>::kFull)
-    {
-        return filled<Pixel>(kSide, kSide, {value, 0, 0, coverage});
-    }
-
-    // The output for one object of number 1 whose input pixels are all the same.
-    Pixel shown(decltype(Pixel::a) coverage)
-    {
-        const auto handler = make(1, "1:0");
-        deliver(*handler, tagged(covering(coverage), 1));
-        return finish(*handler)->at(3, 3);
-    }
-
-    MO_Scene _scene;
-    MO_Module& _module = _scene.root().emplace<VallorinTestModule>();
-
-private:
-    static constexpr int kFormat = CEL_PixelTraits<Pixel>::kFormat == CEL_FORMAT_RGBA16
-                                       ? RD_RenderParameters::IMAGE_PROCESSING_16BIT
-                                       : RD_RenderParameters::IMAGE_PROCESSING_FLOAT;
-
-    RD_RenderJob _job{RD_RenderParameters{kFormat, {kSide, kSide}}};
-    MO_SoftContext _context{_job, MO_FrameKey{1.0}, &_module, _job.canvas()};
-    int _port = 0;
-};
-
-using RenderHandler = RenderHandlerOf<Pixel16>;
-using RenderHandlerFloat = RenderHandlerOf<PixelFloat>;
-
-} // namespace
-
-TEST_F(RenderHandler, APortWithoutDefinitionAndMessageIsIgnored)
-{
-    const auto handler = make(1, "1:0");
-    EXPECT_EQ(handler->portObjectIds, std::vector<int>{-1});
-    deliver(*handler, celOf(covering(32767)));
-    EXPECT_TRUE(handler->inputPixmaps.empty());
-    EXPECT_TRUE(finish(*handler)->allocatedRect().isEmpty());
-}
-
-TEST_F(RenderHandler, TakesTheNumberOfTheDefinitionBehindAPort)
-{
-    ObjectDefinition definition;
-    definition.objectNumber()->setLocalValue(5);
-    node_render::PortRenderInfo port;
-    port.sourceModule = &definition;
-    const auto handler = make(std::vector{port}, "5:0");
-    EXPECT_EQ(handler->portObjectIds, std::vector<int>{5});
-    EXPECT_TRUE(handler->objectAccumulators.contains(5));
-}
-
-TEST_F(RenderHandler, AMessageOverridesTheNumberOfThePort)
-{
-    const auto handler = make(1, "4:0");
-    deliver(*handler, tagged(covering(32767), 4));
-    EXPECT_EQ(handler->portObjectIds, std::vector<int>{4});
-    EXPECT_EQ(finish(*handler)->at(3, 3).b, 4) << "the object's number in blue";
-}
-
-TEST_F(RenderHandler, AMessageOverridesTheNumberOfTheDefinitionBehindThePort)
-{
-    ObjectDefinition definition;
-    definition.objectNumber()->setLocalValue(5);
-    node_render::PortRenderInfo port;
-    port.sourceModule = &definition;
-    const auto handler = make(std::vector{port}, "4:0;5:0");
-    deliver(*handler, tagged(covering(32767), 4));
-    EXPECT_EQ(handler->portObjectIds, std::vector<int>{4});
-    ASSERT_TRUE(handler->objectAccumulators.contains(5)) << "the key stays";
-    EXPECT_EQ(handler->objectAccumulators.at(5), nullptr);
-    EXPECT_EQ(finish(*handler)->at(3, 3).b, 4);
-}
-
-TEST_F(RenderHandler, InputsAreConvertedToTheFormatOfTheRender)
-{
-    const auto handler = make(1, "1:0");
-    deliver(*handler, tagged(filled<PixelFloat>(kSide, kSide, {1.0F, 0.0F, 0.0F, 1.0F}), 1));
-    ASSERT_EQ(handler->inputPixmaps.size(), 1U);
-    ASSERT_EQ(handler->inputPixmaps.at(0)->format(), CEL_FORMAT_RGBA16);
-    ASSERT_EQ(handler->objectAccumulators.at(1)->format(), CEL_FORMAT_RGBA16);
-    EXPECT_EQ(finish(*handler)->at(3, 3).a, 32767);
-}
-
-TEST_F(RenderHandlerFloat, InputsAreConvertedToTheFormatOfTheRender)
-{
-    const auto handler = make(1, "1:0");
-    deliver(*handler, tagged(filled<Pixel16>(kSide, kSide, {32767, 0, 0, 32767}), 1));
-    ASSERT_EQ(handler->inputPixmaps.size(), 1U);
-    ASSERT_EQ(handler->inputPixmaps.at(0)->format(), CEL_FORMAT_RGBAFLOAT);
-    ASSERT_EQ(handler->objectAccumulators.at(1)->format(), CEL_FORMAT_RGBAFLOAT);
-    EXPECT_EQ(finish(*handler)->at(3, 3).a, 1.0F);
-}
-
-TEST_F(RenderHandler, InputsAreMergedAsTheyArrive)
-{
-    const auto handler = make(2, "1:0");
-    deliver(*handler, tagged(covering(16384), 1));
-    const auto merged = [&] {
-        return dynamic_cast<const CEL_PixmapAreaRGBA16&>(*handler->objectAccumulators.at(1)).at(3, 3).a;
-    };
-    EXPECT_EQ(merged(), 16384);
-    deliver(*handler, tagged(covering(32767), 1));
-    EXPECT_EQ(merged(), 32767);
-}
-
-TEST_F(RenderHandler, CutOutsNeverAccumulateAndOnlyCutAlpha)
-{
-    const auto handler = make(2, "1:0");
-    deliver(*handler, tagged(covering(32767), 1));
-    deliver(*handler, tagged(covering(16384), 0));
-    EXPECT_FALSE(handler->objectAccumulators.contains(0));
-    // 32767 x (1 - 16384 / 32767) = 16383, truncated to 16382 or 16383.
-    const Pixel16 pixel = finish(*handler)->at(3, 3);
-    EXPECT_EQ((Pixel16{pixel.r, pixel.g, pixel.b, 0}), Pixel16{});
-    EXPECT_NEAR(pixel.a, 16383, 1);
-}
 
 TEST_F(RenderHandler, RecordsWithoutAPositiveNumberAreSkipped)
 {
@@ -207,16 +16,6 @@ TEST_F(RenderHandler, RecordsWithoutAPositiveNumberAreSkipped)
     deliver(*handler, tagged(covering(32767), 0));
     EXPECT_TRUE(finish(*handler)->allocatedRect().isEmpty());
     EXPECT_TRUE(handler->elevationRanges.empty());
-}
-
-TEST_F(RenderHandler, InputsWithoutAPositiveNumberAccumulateNothing)
-{
-    const auto handler = make(2, "1:0");
-    deliver(*handler, tagged(covering(32767), 0));
-    deliver(*handler, tagged(covering(32767), -3));
-    EXPECT_EQ(handler->inputPixmaps.size(), 1U) << "a cut-out cuts, a negative number is ignored";
-    for (const auto& [id, accumulator] : handler->objectAccumulators)
-        EXPECT_EQ(accumulator, nullptr) << id;
 }
 
 TEST_F(RenderHandler, OfAnObjectListedTwiceTheLaterResultWins)
@@ -464,15 +263,6 @@ TEST_F(RenderHandler, AnInputWithoutSizeMakesNoAccumulator)
     EXPECT_EQ(handler->objectAccumulators.at(1), nullptr);
     EXPECT_EQ(handler->inputPixmaps.size(), 1U);
     EXPECT_TRUE(finish(*handler)->allocatedRect().isEmpty());
-}
-
-TEST_F(RenderHandler, AnInputOfACelBeyondThePortsIsIgnored)
-{
-    const auto handler = make(1, "1:0");
-    deliver(*handler, tagged(covering(32767), 1));
-    deliver(*handler, tagged(covering(32767), 1));
-    EXPECT_EQ(handler->inputPixmaps.size(), 1U);
-    EXPECT_EQ(handler->currentInput, 2);
 }
 
 TEST_F(RenderHandler, NumbersThatAreNotFiniteRenderAsNoBevelNoElevationAndALinearProfile)
