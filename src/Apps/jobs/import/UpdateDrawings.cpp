@@ -10,51 +10,26 @@
 #include "QuarvelSceneCore/attributes/AT_IntAttr.h"
 #include "QuarvelSceneCore/editing/MO_AttrCommands.h"
 #include "QuarvelSceneCore/editing/MO_DrawingCommands.h"
-#include "QuarvelSceneCore/editing/MO_LinkCommands.h"
 #include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
 #include "QuarvelSceneCore/editing/MO_PaletteCommands.h"
 #include "QuarvelSceneCore/editing/MO_SceneCommands.h"
 #include "QuarvelSceneCore/graph/MO_Port.h"
 #include "QuarvelSceneCore/graph/MO_SceneCopy.h"
 #include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
+#include "jobs/import/LayerInputs.h"
 #include "jobs/import/LayerMatch.h"
+#include "jobs/import/SceneElements.h"
 #include "jobs/import/StepsCommand.h"
 #include "jobs/shown/DrawingExtent.h"
 #include "jobs/shown/NormalMapNode.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 
 namespace {
 
 using Drawings = std::map<QString, UT_SharedPtr<CELVEC_Kvd>>;
 using PalettePtr = CM_SharedPtr<CM_Palette>;
-/// Scale and position, x and y.
-using Placing = std::array<double, 4>;
-
-std::array<AT_DoubleAttr*, 4> placingAttrs(const MO_ElementModule& element)
-{
-    return {element.scaleX(), element.scaleY(), element.positionX(), element.positionY()};
-}
-
-Placing placingOf(const MO_ElementModule& element)
-{
-    Placing placing{};
-    std::ranges::transform(placingAttrs(element), placing.begin(),
-                           [](const AT_DoubleAttr* attr) { return attr->localValue(); });
-    return placing;
-}
-
-std::vector<MO_ElementModule*> allElements(const MO_Scene& scene)
-{
-    std::vector<MO_ElementModule*> elements;
-    scene.root().forEachModule([&](MO_Module& module) {
-        if (auto* const element = dynamic_cast<MO_ElementModule*>(&module))
-            elements.push_back(element);
-    });
-    return elements;
-}
-
 template<typename Module>
 Module* firstOf(const MO_Scene& scene, const std::function<bool(Module&)>& isWanted)
 {
@@ -155,14 +130,6 @@ public:
     }
 
 private:
-    // A layer that is new, and the modules that are made for it.
-    struct Added
-    {
-        std::size_t layer;
-        MO_ElementModule* element = nullptr;
-        ObjectDefinition* definition = nullptr;
-    };
-
     // An element may have been duplicated: the layer that was found for one of its layer holds for all of them.
     const MO_ElementModule* layerOfCopy(const MO_ElementModule& element) const
     {
@@ -239,15 +206,6 @@ private:
                 [&scene = _scene, height = _fresh.frameHeight()] { return MO_frameHeightCmd(scene, height); });
     }
 
-    // Scale and position that most of the elements have, which those have that nobody moved.
-    Placing usualPlacing() const
-    {
-        std::map<Placing, int> counts;
-        for (const MO_ElementModule* const element : _elements)
-            ++counts[placingOf(*element)];
-        return std::ranges::max_element(counts, {}, &std::map<Placing, int>::value_type::second)->first;
-    }
-
     void renew(MO_ElementModule& element, const MO_ElementModule& layer, bool ownFrame)
     {
         const Drawings changed = changedDrawings(element.drawings(), layer.drawings());
@@ -268,11 +226,11 @@ private:
             });
         if (element.origin() != layer.origin())
             _steps.emplace_back([&element, origin = layer.origin()] { return MO_originCmd(element, origin); });
-        if (ownFrame && placingOf(element) == usualPlacing() && placingOf(element) != placingOf(layer))
+        if (ownFrame && placingOf(element) == usualPlacing(_elements) && placingOf(element) != placingOf(layer))
             place(element, placingOf(layer));
     }
 
-    void place(MO_ElementModule& element, const Placing& placing)
+    void place(MO_ElementModule& element, const ElementPlacing& placing)
     {
         for (std::size_t i = 0; i < placing.size(); ++i)
             if (AT_DoubleAttr* const attr = placingAttrs(element)[i]; attr->curve().isEmpty())
@@ -296,13 +254,13 @@ private:
     }
 
     // The placing of a new element: as that of the others of the same drawing, or within the scene's frame.
-    Placing placingFor(const MO_ElementModule& layer, bool ownFrame) const
+    ElementPlacing placingFor(const MO_ElementModule& layer, bool ownFrame) const
     {
-        Placing placing = placingOf(layer);
+        ElementPlacing placing = placingOf(layer);
         if (ownFrame)
             return placing;
         if (!_elements.empty())
-            return usualPlacing();
+            return usualPlacing(_elements);
         const double fit = std::min(1.0, _scene.frameHeight() / _fresh.frameHeight());
         for (double& value : placing)
             value *= fit;
@@ -323,12 +281,12 @@ private:
     {
         const MO_ElementModule& layer = *_layers[index];
         const int number = nextNumber();
-        Added added{index};
+        AddedLayer added{.layer = index};
         auto element = MO_copyModule(layer);
         added.element = &dynamic_cast<MO_ElementModule&>(*element);
         for (const auto& [name, drawing] : layer.drawings())
             added.element->setDrawing(name, drawing->withPalette(_palette));
-        const Placing placing = placingFor(layer, ownFrame);
+        const ElementPlacing placing = placingFor(layer, ownFrame);
         for (std::size_t i = 0; i < placing.size(); ++i)
             placingAttrs(*added.element)[i]->setLocalValue(placing[i]);
         add(std::move(element), nullptr);
@@ -373,83 +331,21 @@ private:
         }
     }
 
-    // The inputs of a module after new ones were put where their layers lie among the others.
-    std::vector<MO_Module*> inputsWith(const MO_Module& target, const std::function<MO_Module*(const Added&)>& ownOf)
-    {
-        std::vector<MO_Module*> inputs;
-        for (unsigned i = 0; i < target.nInPorts(); ++i)
-            inputs.push_back(target.inPort(i)->srcPort() ? target.inPort(i)->srcPort()->module() : nullptr);
-        while (!inputs.empty() && !inputs.back())
-            inputs.pop_back();
-        for (const Added& added : _added) {
-            MO_Module* const own = ownOf(added);
-            if (own)
-                inputs.insert(inputs.begin() + placeAbove(target, inputs, added.layer), own);
-        }
-        return inputs;
-    }
-
-    // The place above the highest input that a lower layer goes to; at the top where there is none.
-    std::ptrdiff_t placeAbove(const MO_Module& target, const std::vector<MO_Module*>& inputs, std::size_t layer) const
-    {
-        for (std::size_t lower = layer; lower-- > 0;)
-            for (std::size_t place = inputs.size(); place-- > 0;)
-                if (inputs[place] && leadsTo(lower, *inputs[place], target))
-                    return static_cast<std::ptrdiff_t>(place) + 1;
-        // Below the lowest layer that was there: the new one is the drawing's ground.
-        if (!_elements.empty() && layer == 0)
-            for (std::size_t place = 0; place < inputs.size(); ++place)
-                for (std::size_t upper = 1; upper < _layers.size(); ++upper)
-                    if (inputs[place] && leadsTo(upper, *inputs[place], target))
-                        return static_cast<std::ptrdiff_t>(place);
-        return static_cast<std::ptrdiff_t>(inputs.size());
-    }
-
-    bool leadsTo(std::size_t layer, const MO_Module& input, const MO_Module&) const
-    {
-        for (const Added& added : _added)
-            if (added.layer == layer)
-                return added.element == &input || added.definition == &input;
-        if (_match[layer] < 0)
-            return false;
-        const MO_ElementModule* const element = _elements[static_cast<std::size_t>(_match[layer])];
-        if (element == &input)
-            return true;
-        for (unsigned i = 0; i < input.nInPorts(); ++i) {
-            const auto behind = elementsBehind(*input.inPort(i));
-            if (std::ranges::find(behind, element) != behind.end())
-                return true;
-        }
-        return false;
-    }
-
     void wire()
     {
         if (_added.empty())
             return;
+        const LayerInputs inputs(_elements, _match, _added);
+        const auto link = [&](MO_Module& target, const LayerInputs::Chosen& chosen) {
+            std::ranges::move(linkInputs(target, inputs.with(target, chosen)), std::back_inserter(_steps));
+        };
         if (_node)
-            rewire(*_node, inputsWith(*_node, [](const Added& added) -> MO_Module* { return added.definition; }));
+            link(*_node, [](const AddedLayer& added) -> MO_Module* { return added.definition; });
         if (_composite)
-            rewire(*_composite, inputsWith(*_composite, [](const Added& added) -> MO_Module* {
+            link(*_composite, [](const AddedLayer& added) -> MO_Module* {
                 const bool cuts = added.definition && added.definition->objectNumber()->localValue() == 0;
                 return cuts ? nullptr : added.element;
-            }));
-    }
-
-    void rewire(MO_Module& target, const std::vector<MO_Module*>& inputs)
-    {
-        for (unsigned port = target.nInPorts(); port-- > 0;)
-            _steps.emplace_back([&target, port, inputs]() -> MO_EditCommand {
-                const MO_Port* const source = port < target.nInPorts() ? target.inPort(port)->srcPort() : nullptr;
-                const MO_Module* const wanted = port < inputs.size() ? inputs[port] : nullptr;
-                return source && source->module() != wanted ? MO_disconnectCmd(target, port) : nullptr;
             });
-        for (std::size_t i = 0; i < inputs.size(); ++i)
-            if (inputs[i])
-                _steps.emplace_back([&target, source = inputs[i], port = static_cast<unsigned>(i)]() -> MO_EditCommand {
-                    auto linked = MO_connectCmd(*source, target, port);
-                    return linked ? std::move(*linked) : nullptr;
-                });
     }
 
     MO_Scene& _scene;
@@ -460,29 +356,11 @@ private:
     MO_Module* _node = nullptr;
     MO_CompositeModule* _composite = nullptr;
     PalettePtr _palette;
-    std::vector<Added> _added;
+    std::vector<AddedLayer> _added;
     std::vector<StepsCommand::Step> _steps;
 };
 
 } // namespace
-
-std::vector<MO_ElementModule*> elementsFrom(const MO_Scene& scene, const QStringList& files)
-{
-    std::vector<MO_ElementModule*> elements = allElements(scene);
-    std::erase_if(elements, [&](const MO_ElementModule* element) { return element->origin().files != files; });
-    return elements;
-}
-
-std::vector<QStringList> originsOf(const MO_Scene& scene)
-{
-    std::vector<QStringList> all;
-    for (const MO_ElementModule* const element : allElements(scene)) {
-        const QStringList& files = element->origin().files;
-        if (!files.isEmpty() && std::ranges::find(all, files) == all.end())
-            all.push_back(files);
-    }
-    return all;
-}
 
 DrawingUpdate updateDrawings(MO_Scene& scene, const std::vector<MO_ElementModule*>& elements, const MO_Scene& fresh,
                              const QString& name)

@@ -26,12 +26,6 @@ struct DrawingUpdate
     QStringList vanished;                ///< names of elements whose layers are in no file any more
 };
 
-/// The elements whose drawings were read from these files, in the order of the graph.
-std::vector<MO_ElementModule*> elementsFrom(const MO_Scene& scene, const QStringList& files);
-
-/// The files that the scene's drawings were read from: a list for each set of files that was read together, each once.
-std::vector<QStringList> originsOf(const MO_Scene& scene);
-
 /// Finds out what changes. Nothing is changed yet.
 ///
 /// @param scene    whose drawings are brought up to date

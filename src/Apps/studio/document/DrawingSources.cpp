@@ -7,6 +7,7 @@
 #include "jobs/drawing/ObjectWords.h"
 #include "jobs/import/DrawingDigest.h"
 #include "jobs/import/ImportDrawings.h"
+#include "jobs/import/SceneElements.h"
 #include "jobs/import/UpdateDrawings.h"
 #include "studio/document/StudioDocument.h"
 

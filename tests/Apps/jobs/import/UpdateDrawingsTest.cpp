@@ -10,6 +10,7 @@
 #include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
 #include "QuarvelSceneCore/editing/MO_PaletteCommands.h"
 #include "QuarvelSceneCore/graph/MO_Port.h"
+#include "jobs/import/SceneElements.h"
 #include "jobs/import/UpdateDrawings.h"
 #include "jobs/shown/DrawingExtent.h"
 #include "jobs/shown/NormalMapNode.h"

@@ -4,14 +4,18 @@
 // that need them, whatever their order is.
 #include "QuarvelDrawingIO/private/layered/DIO_Aseprite.h"
 
-#include "QuarvelDrawingIO/private/layered/DIO_AsepritePixels.h"
+#include "QuarvelDrawingIO/private/layered/DIO_AsepriteLayers.h"
 #include "QuarvelDrawingIO/private/layered/DIO_FrameTimes.h"
 
+#include <algorithm>
+#include <iterator>
 #include <map>
 
 namespace {
 
-using Reader = DIO_ByteReader<DIO_ByteOrder::LITTLE>;
+using Reader = DIO_AsepriteReader;
+using Layer = DIO_AsepriteLayer;
+using LayerType = DIO_AsepriteLayerType;
 
 enum Chunk : int
 {
@@ -23,50 +27,6 @@ enum Chunk : int
     PALETTE = 0x2019,
     TILES = 0x2023
 };
-
-enum LayerType
-{
-    PIXELS = 0,
-    GROUP = 1,
-    TILE_MAP = 2
-};
-
-struct Layer
-{
-    bool visible = false; // with all groups that it is in
-    bool background = false;
-    int type = PIXELS;
-    int level = 0;
-    int blend = 0;
-    double opacity = 1.0; // with that of its groups
-    QString name;         // the same
-    QString group;
-    QString groups; // what the names of the layers in it begin with
-    std::uint32_t tiles = 0;
-};
-
-struct Tag
-{
-    int from = 0;
-    int to = 0;
-    QString name;
-};
-
-QString textOf(Reader& reader)
-{
-    const auto bytes = reader.bytes(reader.u16());
-    return QString::fromUtf8(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
-}
-
-QString blendName(int blend)
-{
-    static const char* const names[] = {"normal",     "multiply",     "screen",      "overlay",    "darken",
-                                        "lighten",    "colour dodge", "colour burn", "hard light", "soft light",
-                                        "difference", "exclusion",    "hue",         "saturation", "colour",
-                                        "luminosity", "addition",     "subtract",    "divide"};
-    const auto index = static_cast<std::size_t>(blend);
-    return index < std::size(names) ? QString::fromLatin1(names[index]) : QString::number(blend);
-}
 
 class AsepriteFile
 {
@@ -96,8 +56,8 @@ private:
         _made.size = QSize(width, height);
         _mode.depth = header.u16();
         const std::uint32_t flags = header.u32();
-        _layersHaveOpacity = (flags & 1U) != 0;
-        _groupsHaveOpacity = (flags & 2U) != 0;
+        _opacities.ofLayers = (flags & 1U) != 0;
+        _opacities.ofGroups = (flags & 2U) != 0;
         header.skip(2 + 8);
         _mode.transparentIndex = header.u8();
         if (!isKnown)
@@ -164,15 +124,15 @@ private:
         case TILES:
             return readTiles(chunk);
         case TAGS:
-            readTags(chunk);
+            std::ranges::move(DIO_asepriteTags(chunk, _frames), std::back_inserter(_tags));
             return {};
         case PALETTE:
             _hasPalette = true;
-            return readPalette(chunk);
+            return DIO_readAsepritePalette(chunk, _mode.palette);
         case OLD_PALETTE:
         case OLDEST_PALETTE:
             if (!_hasPalette)
-                readOldPalette(chunk, type == OLDEST_PALETTE);
+                DIO_readOldAsepritePalette(chunk, type == OLDEST_PALETTE, _mode.palette);
             return {};
         default:
             return {};
@@ -181,102 +141,11 @@ private:
 
     UT_Result<void> readLayer(Reader& chunk)
     {
-        enum Flag : unsigned
-        {
-            VISIBLE = 1,
-            BACKGROUND = 8,
-            REFERENCE = 64
-        };
-        Layer layer;
-        const unsigned flags = chunk.u16();
-        layer.type = chunk.u16();
-        layer.level = chunk.u16();
-        chunk.skip(4);
-        layer.blend = chunk.u16();
-        const double opacity = chunk.u8() / 255.0;
-        chunk.skip(3);
-        layer.name = textOf(chunk);
-        layer.tiles = layer.type == TILE_MAP ? chunk.u32() : 0;
-        layer.visible = (flags & VISIBLE) != 0 && (flags & REFERENCE) == 0;
-        layer.background = (flags & BACKGROUND) != 0;
-        layer.opacity = (layer.type == GROUP ? _groupsHaveOpacity : _layersHaveOpacity) ? opacity : 1.0;
-        if (_layers.size() >= DIO_kMostLayers)
-            return UT_Error{QStringLiteral("it has more than the %1 layers that can be read").arg(DIO_kMostLayers)};
-        while (!_open.empty() && _layers[_open.back()].level >= layer.level)
-            _open.pop_back();
-        if (!_open.empty())
-            placeInto(_layers[_open.back()], layer);
-        layer.groups = layer.name + QLatin1Char('/');
-        if (layer.type == GROUP)
-            _open.push_back(_layers.size());
-        _layers.push_back(layer);
+        if (UT_Result<void> added = _layers.add(chunk, _opacities); !added)
+            return added;
+        const Layer& layer = _layers.all().back();
         _made.layers.push_back({layer.name, layer.group, {}, {}});
         return {};
-    }
-
-    void placeInto(const Layer& group, Layer& layer) const
-    {
-        layer.group = group.group.isEmpty() ? group.name : group.group;
-        layer.name = group.groups + layer.name;
-        layer.visible = layer.visible && group.visible;
-        layer.opacity *= group.opacity;
-    }
-
-    UT_Result<void> readPalette(Reader& chunk)
-    {
-        constexpr std::uint32_t kMost = 65536;
-        const std::uint32_t count = chunk.u32();
-        const std::uint32_t first = chunk.u32();
-        const std::uint32_t last = chunk.u32();
-        chunk.skip(8);
-        if (count > kMost || first > last || last >= kMost)
-            return DIO_damaged();
-        if (_mode.palette.size() <= last)
-            _mode.palette.resize(last + 1, 0);
-        for (std::uint32_t i = first; i <= last && !chunk.hasFailed(); ++i) {
-            const bool hasName = (chunk.u16() & 1U) != 0;
-            const auto colour = chunk.bytes(4);
-            if (!colour.empty())
-                _mode.palette[i] = qRgba(colour[0], colour[1], colour[2], colour[3]);
-            if (hasName)
-                (void)textOf(chunk);
-        }
-        return {};
-    }
-
-    // Packets: the number of entries to skip, then the number of entries that follow.
-    void readOldPalette(Reader& chunk, bool isSixBits)
-    {
-        std::size_t at = 0;
-        const int packets = chunk.u16();
-        for (int packet = 0; packet < packets && !chunk.hasFailed(); ++packet) {
-            at += chunk.u8();
-            const int count = chunk.u8();
-            for (int i = 0; i < (count == 0 ? 256 : count); ++i, ++at) {
-                const auto colour = chunk.bytes(3);
-                if (colour.empty())
-                    return;
-                const auto wide = [&](std::uint8_t value) { return isSixBits ? value * 255 / 63 : value; };
-                if (_mode.palette.size() <= at)
-                    _mode.palette.resize(at + 1, 0);
-                _mode.palette[at] = qRgb(wide(colour[0]), wide(colour[1]), wide(colour[2]));
-            }
-        }
-    }
-
-    void readTags(Reader& chunk)
-    {
-        const int count = chunk.u16();
-        chunk.skip(8);
-        for (int i = 0; i < count && !chunk.hasFailed(); ++i) {
-            Tag tag;
-            tag.from = chunk.u16();
-            tag.to = chunk.u16();
-            chunk.skip(1 + 2 + 6 + 3 + 1);
-            tag.name = textOf(chunk);
-            if (tag.from <= tag.to && tag.to < _frames)
-                _tags.push_back(tag);
-        }
     }
 
     UT_Result<void> readTiles(Reader& chunk)
@@ -294,7 +163,7 @@ private:
         const int height = chunk.u16();
         tiles.tile = QSize(width, height);
         chunk.skip(2 + 14);
-        (void)textOf(chunk);
+        (void)DIO_asepriteText(chunk);
         if ((flags & OUTSIDE) != 0)
             chunk.skip(8);
         if ((flags & INSIDE) == 0)
@@ -335,10 +204,10 @@ private:
         const int type = chunk.u16();
         _movesInDepth = _movesInDepth || chunk.i16() != 0;
         chunk.skip(5);
-        if (index >= _layers.size())
+        if (index >= _layers.all().size())
             return DIO_damaged();
-        const Layer& layer = _layers[index];
-        if (!layer.visible || layer.type == GROUP)
+        const Layer& layer = _layers.all()[index];
+        if (!layer.visible || layer.type == LayerType::GROUP)
             return {};
         if (type == LINK)
             return link(index, frame, chunk.u16());
@@ -411,6 +280,7 @@ private:
     UT_Result<DIO_BitmapLayers> finished()
     {
         constexpr std::size_t kMostPlaces = 20'000'000;
+        const std::size_t layers = _layers.all().size();
         const DIO_FrameTimes times = DIO_frameTimes(_times);
         std::vector<int> firsts;
         int frames = 0;
@@ -418,13 +288,12 @@ private:
             firsts.push_back(frames);
             frames += count;
         }
-        if (_layers.size() * static_cast<std::size_t>(frames) > kMostPlaces)
-            return UT_Error{QStringLiteral("it has %1 layers and %2 frames, which is too much together")
-                                .arg(_layers.size())
-                                .arg(frames)};
+        if (layers * static_cast<std::size_t>(frames) > kMostPlaces)
+            return UT_Error{
+                QStringLiteral("it has %1 layers and %2 frames, which is too much together").arg(layers).arg(frames)};
         _made.frames = frames;
         _made.frameRate = times.frameRate;
-        for (std::size_t layer = 0; layer < _layers.size(); ++layer)
+        for (std::size_t layer = 0; layer < layers; ++layer)
             for (int frame = 0; frame < _frames; ++frame) {
                 const auto found = _shown.find({layer, frame});
                 const int count = times.counts[static_cast<std::size_t>(frame)];
@@ -437,15 +306,11 @@ private:
 
     void warn(const std::vector<int>& firsts)
     {
-        QStringList modes;
-        for (const Layer& layer : _layers)
-            if (layer.visible && layer.blend != 0)
-                modes << QStringLiteral("%1 (%2)").arg(blendName(layer.blend), layer.name);
-        DIO_warnOfBlendModes(modes, _made.warnings);
+        DIO_warnOfBlendModes(_layers.blendModes(), _made.warnings);
         if (_movesInDepth)
             _made.warnings.append(QStringLiteral("layers keep their order in all frames; the file changes it in some"));
         QStringList tags;
-        for (const Tag& tag : _tags) {
+        for (const DIO_AsepriteTag& tag : _tags) {
             const auto next = static_cast<std::size_t>(tag.to) + 1;
             const int last = next < firsts.size() ? firsts[next] : _made.frames;
             tags << QStringLiteral("%1 is %2-%3")
@@ -461,15 +326,13 @@ private:
     DIO_BitmapLayers _made;
     DIO_AsepriteMode _mode;
     DIO_PixelBudget _budget;
-    std::vector<Layer> _layers;
-    std::vector<std::size_t> _open; ///< the groups around the next layer, by their indices
+    DIO_AsepriteLayers _layers;
     std::map<std::uint32_t, DIO_AsepriteTiles> _tiles;
     std::map<std::pair<std::size_t, int>, int> _shown; ///< of a layer at a frame of the file: its cel
-    std::vector<Tag> _tags;
+    std::vector<DIO_AsepriteTag> _tags;
     std::vector<int> _times;
     int _frames = 0;
-    bool _layersHaveOpacity = false;
-    bool _groupsHaveOpacity = false;
+    DIO_AsepriteOpacities _opacities;
     bool _hasPalette = false;
     bool _movesInDepth = false;
 };

@@ -1,10 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Records of all layers come first, from the bottom up, then the pixels of all of them in the same order. A group is a
-// record below its layers, which ends it, and one above them, which has its name.
+// A header, the records of the layers, and the picture of all layers together, which stands for a file without any.
 #include "QuarvelDrawingIO/private/layered/DIO_Psd.h"
 
-#include "QuarvelDrawingIO/private/layered/DIO_PsdPixels.h"
+#include "QuarvelDrawingIO/private/layered/DIO_PsdRecords.h"
 
 #include <QFileInfo>
 
@@ -13,56 +12,8 @@
 namespace {
 
 using Bytes = std::span<const std::uint8_t>;
-using Reader = DIO_ByteReader<DIO_ByteOrder::BIG>;
-
-enum Section : int
-{
-    NO_SECTION = 0,
-    OPEN_GROUP = 1,
-    CLOSED_GROUP = 2,
-    END_OF_GROUP = 3
-};
-
-struct Channel
-{
-    int id = 0; // 0 red, 1 green, 2 blue, -1 alpha, -2 mask
-    std::size_t size = 0;
-};
-
-struct Record
-{
-    QRect place;
-    std::vector<Channel> channels;
-    QByteArray blend;
-    double opacity = 1.0; // without that of its groups
-    bool visible = true;  // the same
-    bool clipped = false;
-    int section = NO_SECTION;
-    QString name;
-    DIO_PsdMask mask;
-    Bytes pixels;
-};
-
-QByteArray keyOf(Reader& reader)
-{
-    const Bytes bytes = reader.bytes(4);
-    return {reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())};
-}
-
-// Corners may be anything; a rectangle without pixels is empty.
-QRect rectOf(Reader& reader)
-{
-    const std::int64_t top = reader.i32();
-    const std::int64_t left = reader.i32();
-    const std::int64_t bottom = reader.i32();
-    const std::int64_t right = reader.i32();
-    constexpr std::int64_t kFarthest = 1'000'000;
-    const bool isSane = std::max({std::abs(top), std::abs(left), std::abs(bottom), std::abs(right)}) <= kFarthest;
-    if (!isSane || bottom <= top || right <= left)
-        return {};
-    return {static_cast<int>(left), static_cast<int>(top), static_cast<int>(right - left),
-            static_cast<int>(bottom - top)};
-}
+using Reader = DIO_PsdReader;
+using Record = DIO_PsdRecord;
 
 QString blendName(const QByteArray& key)
 {
@@ -88,11 +39,13 @@ public:
             return header.error();
         file.skip(file.u32()); // colours of indexed pictures
         file.skip(file.u32()); // resources: thumbnails, guides and so on
-        Reader all = file.block(length(file));
+        Reader all = file.block(DIO_psdLength(file, _form));
         if (file.hasFailed())
             return DIO_damaged();
-        if (UT_Result<void> read = readLayers(all); !read)
-            return read.error();
+        UT_Result<std::vector<Record>> records = DIO_psdRecords(all, _form);
+        if (!records)
+            return records.error();
+        _records = std::move(*records);
         if (UT_Result<void> made = hasPixels() ? makeLayers() : readWhole(file, path); !made)
             return made.error();
         DIO_warnOfBlendModes(_modes, _made.warnings);
@@ -109,21 +62,11 @@ private:
         return std::ranges::any_of(_records, [](const Record& record) { return !record.place.isEmpty(); });
     }
 
-    // A number of bytes: of 32 bits, in PSB files of 64.
-    std::size_t length(Reader& reader) const
-    {
-        const bool isTooLong = _form.isLarge && reader.u32() != 0;
-        const std::size_t size = reader.u32();
-        if (isTooLong)
-            reader.skip(reader.left() + 1);
-        return size;
-    }
-
     UT_Result<void> readHeader(Reader& file)
     {
         constexpr int kGrey = 1;
         constexpr int kRgb = 3;
-        const bool isKnown = keyOf(file) == "8BPS";
+        const bool isKnown = DIO_psdKey(file) == "8BPS";
         const int version = file.u16();
         file.skip(6);
         _channels = file.u16();
@@ -147,129 +90,6 @@ private:
         return {};
     }
 
-    // Layers of 16 bits stand behind others, in a block of their own.
-    UT_Result<void> readLayers(Reader& all)
-    {
-        if (all.left() == 0)
-            return {};
-        Reader layers = all.block(length(all));
-        if (all.hasFailed())
-            return DIO_damaged();
-        if (layers.left() > 0)
-            return readRecords(layers);
-        if (all.left() < 4)
-            return {};
-        all.skip(all.u32()); // the mask of the whole picture
-        constexpr std::size_t kLeast = 12;
-        while (all.left() >= kLeast) {
-            all.skip(4);
-            const QByteArray key = keyOf(all);
-            const bool isLong = _form.isLarge && (key == "Lr16" || key == "LMsk" || key == "Layr" || key == "Alph");
-            const std::size_t size = isLong ? length(all) : all.u32();
-            Reader block = all.block(size);
-            all.skip(std::min<std::size_t>((4 - size % 4) % 4, all.left()));
-            if (all.hasFailed())
-                return DIO_damaged();
-            if (key == "Lr16" || key == "Layr")
-                return readRecords(block);
-        }
-        return {};
-    }
-
-    UT_Result<void> readRecords(Reader& layers)
-    {
-        const int count = layers.i16();
-        if (std::abs(count) > DIO_kMostLayers)
-            return UT_Error{QStringLiteral("it has more than the %1 layers that can be read").arg(DIO_kMostLayers)};
-        for (int i = 0; i < std::abs(count); ++i) {
-            Record record;
-            if (UT_Result<void> read = readRecord(layers, record); !read)
-                return read;
-            _records.push_back(std::move(record));
-        }
-        for (Record& record : _records) {
-            std::size_t size = 0;
-            for (const Channel& channel : record.channels)
-                size += channel.size;
-            record.pixels = layers.bytes(size);
-        }
-        return layers.hasFailed() ? UT_Result<void>(DIO_damaged()) : UT_Result<void>();
-    }
-
-    UT_Result<void> readRecord(Reader& layers, Record& record)
-    {
-        constexpr int kMostChannels = 64;
-        constexpr unsigned kHidden = 2;
-        record.place = rectOf(layers);
-        const int channels = layers.u16();
-        if (channels > kMostChannels)
-            return DIO_damaged();
-        for (int i = 0; i < channels; ++i) {
-            const int id = layers.i16();
-            record.channels.push_back({id, length(layers)});
-        }
-        const bool isKnown = keyOf(layers) == "8BIM";
-        record.blend = keyOf(layers);
-        record.opacity = layers.u8() / 255.0;
-        record.clipped = layers.u8() != 0;
-        record.visible = (layers.u8() & kHidden) == 0;
-        layers.skip(1);
-        Reader extra = layers.block(layers.u32());
-        if (layers.hasFailed() || !isKnown)
-            return DIO_damaged();
-        Reader mask = extra.block(extra.u32());
-        readMask(mask, record.mask);
-        extra.skip(extra.u32()); // which brightnesses are blended
-        const std::size_t nameBytes = extra.u8();
-        const Bytes name = extra.bytes(nameBytes);
-        record.name =
-            QString::fromUtf8(reinterpret_cast<const char*>(name.data()), static_cast<qsizetype>(name.size()));
-        extra.skip(std::min<std::size_t>((4 - (nameBytes + 1) % 4) % 4, extra.left()));
-        readMore(extra, record);
-        return {};
-    }
-
-    static void readMask(Reader& mask, DIO_PsdMask& made)
-    {
-        constexpr unsigned kOff = 2;
-        constexpr std::size_t kLeast = 18;
-        if (mask.left() < kLeast)
-            return;
-        made.place = rectOf(mask);
-        made.outside = mask.u8();
-        made.isOn = (mask.u8() & kOff) == 0;
-    }
-
-    // Blocks after the name; most kinds are skipped.
-    void readMore(Reader& extra, Record& record) const
-    {
-        constexpr std::size_t kLeast = 12;
-        while (extra.left() >= kLeast) {
-            extra.skip(4);
-            const QByteArray key = keyOf(extra);
-            const std::size_t size = extra.u32();
-            Reader block = extra.block(size);
-            extra.skip(std::min<std::size_t>(size % 2, extra.left()));
-            if (key == "luni")
-                record.name = wideText(block);
-            else if (key == "lsct" || key == "lsdk")
-                record.section = static_cast<int>(block.u32());
-            else if (key == "iOpa")
-                record.opacity *= block.u8() / 255.0;
-        }
-    }
-
-    static QString wideText(Reader& block)
-    {
-        const std::size_t count = std::min<std::size_t>(block.u32(), block.left() / 2);
-        QString text;
-        for (std::size_t i = 0; i < count; ++i)
-            text.append(QChar(block.u16()));
-        while (text.endsWith(QChar(0)))
-            text.chop(1);
-        return text;
-    }
-
     struct Around
     {
         QString names;
@@ -284,7 +104,7 @@ private:
         std::vector<Around> open{Around()};
         for (auto record = _records.rbegin(); record != _records.rend(); ++record) {
             const Around& around = open.back();
-            if (record->section == END_OF_GROUP) {
+            if (record->section == DIO_PsdSection::END_OF_GROUP) {
                 if (open.size() > 1)
                     open.pop_back();
                 continue;
@@ -292,7 +112,7 @@ private:
             const bool visible = around.visible && record->visible;
             if (visible && record->blend != "norm" && record->blend != "pass")
                 _modes << QStringLiteral("%1 (%2)").arg(blendName(record->blend), around.names + record->name);
-            if (record->section == OPEN_GROUP || record->section == CLOSED_GROUP) {
+            if (record->section == DIO_PsdSection::OPEN_GROUP || record->section == DIO_PsdSection::CLOSED_GROUP) {
                 open.push_back({around.names + record->name + QLatin1Char('/'),
                                 around.group.isEmpty() ? record->name : around.group, around.opacity * record->opacity,
                                 visible});
@@ -315,7 +135,7 @@ private:
             return taken;
         DIO_PsdPlanes planes;
         Reader pixels(record.pixels);
-        for (const Channel& channel : record.channels)
+        for (const DIO_PsdChannel& channel : record.channels)
             if (UT_Result<void> read = readChannel(pixels.block(channel.size), channel.id, record, planes); !read)
                 return read;
         if (planes.red.empty())

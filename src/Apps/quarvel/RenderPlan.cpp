@@ -1,0 +1,268 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The node comes first, then the frames, then the files: each is needed to judge the next.
+#include "RenderPlan.h"
+
+#include "GlossOption.h"
+#include "QuarvelImageIO/IIO_PictureFile.h"
+#include "QuarvelSceneCore/graph/MO_SceneCopy.h"
+#include "jobs/frames/FilmFile.h"
+#include "jobs/frames/FrameRange.h"
+#include "jobs/frames/RenderMemory.h"
+#include "jobs/frames/RenderPage.h"
+#include "jobs/frames/SurfaceFrames.h"
+#include "jobs/limits/JobLimits.h"
+#include "jobs/shown/ShownMemory.h"
+#include "jobs/targets/Targets.h"
+
+#include <QDir>
+
+namespace {
+
+QString namesOf(const MO_Scene& scene)
+{
+    constexpr qsizetype kMost = 30;
+    QStringList names;
+    scene.root().forEachModule([&](const MO_Module& module) { names << module.instanceName(); });
+    const bool more = names.size() > kMost;
+    return names.mid(0, kMost).join(QStringLiteral(", ")) + (more ? QStringLiteral(", ...") : QString());
+}
+
+UT_Result<MO_Module*> moduleOf(const MO_Scene& scene, const RenderOptions& options)
+{
+    if (!options.node.isEmpty()) {
+        if (MO_Module* const module = scene.findModule(options.node))
+            return module;
+        return UT_Error{QStringLiteral("there is no node \"%1\"; there is %2").arg(options.node, namesOf(scene))};
+    }
+    if (MO_Module* const module = scene.outputModule())
+        return module;
+    return UT_Error{QStringLiteral("the scene has no display; name a node with --node, one of %1").arg(namesOf(scene))};
+}
+
+UT_Result<std::vector<int>> framesOf(const MO_Scene& scene, const RenderOptions& options, Report& report)
+{
+    const int first = scene.firstFrame();
+    const int last = scene.lastFrame();
+    const auto range = options.frames.isEmpty() ? FrameRange::all(first, last) : FrameRange::parse(options.frames);
+    if (!range)
+        return range.error();
+    const auto list = range->within(first, last);
+    if (!list)
+        return list.error();
+    const QString scenes = QStringLiteral("the scene's frames are %1 to %2").arg(first).arg(last);
+    if (list->frames.empty())
+        return UT_Error{QStringLiteral("there is nothing to render: %1").arg(scenes)};
+    if (list->outside > 0)
+        report.warning(options.scene,
+                       QStringLiteral("%1 of the frames are left out; %2").arg(list->outside).arg(scenes));
+    return shardOf(list->frames, options.shard.first, options.shard.second);
+}
+
+UT_Result<FrameFileName> fileOf(const QString& output, const RenderOptions& options, std::size_t frames)
+{
+    auto name = FrameFileName::parse(output);
+    if (name && !name->hasNumber() && (frames > 1 || options.shard.second > 1))
+        return UT_Error{QStringLiteral("%1 would be written over by every frame; write %2")
+                            .arg(output, FrameFileName::proposal(output))};
+    return name;
+}
+
+UT_Result<void> nameFiles(const RenderOptions& options, RenderFramesSettings& settings)
+{
+    if (!options.output.isEmpty()) {
+        const auto file = fileOf(options.output, options, settings.frames.size());
+        if (!file)
+            return file.error();
+        settings.file = *file;
+    }
+    if (const auto page = options.page.isEmpty() ? UT_Result<void>() : LitPageFile::check(options.page); !page)
+        return page;
+    return options.preview.isEmpty() ? UT_Result<void>() : FilmFile::check(options.preview);
+}
+
+FramePictureSettings pictureSettings(const RenderOptions& options, const RenderPlan& plan)
+{
+    FramePictureSettings picture;
+    picture.source = plan.shown->kind();
+    picture.shown = options.shown.value_or(plan.shown->kind());
+    picture.layout = options.layout;
+    picture.floatFile = IIO_isFloatFile(options.output);
+    // A map as the default layer of an OpenEXR file is opaque, as programs that show it expect.
+    picture.exr = options.form.exr;
+    picture.objectNumbers = options.form.objectNumbers;
+    const bool isMap = picture.floatFile && picture.exr != ExrContent::LAYERS;
+    picture.form = options.form.resolved({.alpha = isMap ? NM_Alpha::FULL : NM_Alpha::COVERAGE});
+    picture.half = options.half || options.form.half;
+    picture.scene = QDir(QDir(options.scene).absolutePath()).dirName();
+    picture.node = plan.shown->module().instanceName();
+    picture.elevation = needsElevationInBlue(picture);
+    picture.floatRender =
+        plan.shown->usedFor(plan.settings.parameters, partsOf(picture)).celFormat() == CEL_FORMAT_RGBAFLOAT;
+    return picture;
+}
+
+// The same frames in the same size, lit.
+UT_Result<RenderFramesSettings> litSettings(const RenderOptions& options, const RenderPlan& plan)
+{
+    RenderFramesSettings lit = plan.settings;
+    if (options.lit.isEmpty())
+        return lit;
+    const auto file = fileOf(options.lit, options, lit.frames.size());
+    if (!file)
+        return file.error();
+    if (IIO_isFloatFile(options.lit))
+        return UT_Error{QStringLiteral("--lit writes pictures for the eye; name a .png file, not %1").arg(options.lit)};
+    lit.file = *file;
+    lit.content = FrameContent::LIT;
+    lit.picture = litPictureSettings(plan.settings.picture);
+    if (options.light) {
+        lit.lighting = lightingOf(*options.light);
+        lit.lightNote = QStringLiteral("%1, %2").arg(options.light->azimuth).arg(options.light->height);
+    }
+    return lit;
+}
+
+// The same frames in the same size, as the drawing has them.
+UT_Result<RenderFramesSettings> drawingSettings(const RenderOptions& options, const RenderPlan& plan)
+{
+    RenderFramesSettings drawing = plan.settings;
+    if (options.drawing.isEmpty())
+        return drawing;
+    const auto file = fileOf(options.drawing, options, drawing.frames.size());
+    if (!file)
+        return file.error();
+    drawing.file = *file;
+    drawing.content = FrameContent::DRAWING;
+    drawing.picture = drawingPictureSettings(plan.settings.picture, options.drawing);
+    return drawing;
+}
+
+void warnOfMissingColours(const MO_Scene& scene, const RenderOptions& options, Report& report)
+{
+    if (!options.gloss.isAny())
+        return;
+    const std::unique_ptr<MO_Scene> copy = MO_copyScene(scene);
+    if (const QString warning = glossWarning(paintGloss(*copy, options.gloss)); !warning.isEmpty())
+        report.warning(options.scene, warning);
+}
+
+// A file of integers holds a range of heights, which must be the same for all frames.
+UT_Result<NM_HeightRange> heightRange(const RenderOptions& options)
+{
+    if (!options.heightRange && !IIO_isFloatFile(options.height))
+        return UT_Error{
+            QStringLiteral("say with --height-range how many pixels white is in %1, the same for all frames, "
+                           "or write .exr, which holds heights in pixels")
+                .arg(options.height)};
+    return NM_HeightRange{.black = 0.0, .white = options.heightRange.value_or(0.0)};
+}
+
+// The same frames in the same size: heights, occlusion, numbers and gloss, as far as they are wanted.
+UT_Result<void> planSurfaces(const RenderOptions& options, RenderPlan& plan)
+{
+    const std::pair<const QString&, FrameContent> wanted[] = {{options.height, FrameContent::HEIGHT},
+                                                              {options.occlusion, FrameContent::OCCLUSION},
+                                                              {options.numbers, FrameContent::NUMBERS},
+                                                              {options.glossFile, FrameContent::GLOSS}};
+    const Target* const target = options.form.target;
+    for (const auto& [output, content] : wanted) {
+        if (output.isEmpty())
+            continue;
+        const auto file = fileOf(output, options, plan.settings.frames.size());
+        if (!file)
+            return file.error();
+        RenderFramesSettings settings = surfaceSettings(plan.settings, content, output);
+        settings.file = *file;
+        settings.gloss = options.gloss;
+        settings.roughness = target && target->beside.roughness;
+        if (content == FrameContent::HEIGHT) {
+            settings.picture.form.bits = options.form.bits.value_or(16);
+            const auto range = heightRange(options);
+            if (!range)
+                return range.error();
+            settings.heights = *range;
+        }
+        plan.surfaces.emplace_back(output, std::move(settings));
+    }
+    return {};
+}
+
+UT_Result<int> atOnceOf(const RenderOptions& options, const RenderPlan& plan)
+{
+    const RenderFramesSettings& settings = plan.settings;
+    ShownParts parts = partsOf(settings.picture);
+    parts.drawing = parts.drawing || !options.lit.isEmpty() || !options.drawing.isEmpty() || !options.page.isEmpty();
+    parts.objects = parts.objects || !options.height.isEmpty() || !options.occlusion.isEmpty();
+    parts.drawing = parts.drawing || parts.objects;
+    const double needed = shownFrameBytes(*plan.shown, settings.frames, settings.parameters, parts);
+    const JobLimits limits = jobLimits();
+    return framesAtOnce(options.jobs > 0 ? options.jobs : limits.threads, settings.parameters, needed,
+                        options.memory > 0.0 ? options.memory : limits.memory / 2.0);
+}
+
+void warnWhereFramesHaveNoDigest(const RenderOptions& options, Report& report)
+{
+    const auto format = IIO_pictureFormatOf(options.output);
+    if (options.resume && format && !format->texts)
+        report.warning(options.output,
+                       QStringLiteral(".%1 files cannot say what they were made of, so --resume renders all frames "
+                                      "again; write .png or .exr")
+                           .arg(format->suffix));
+}
+
+// Pictures of colours lose nothing visible in 8 bits.
+void warnOfLosses(const RenderOptions& options, const RenderPlan& plan, Report& report)
+{
+    const auto format = IIO_pictureFormatOf(options.output);
+    if (!format || format->bitsPerChannel > 8 || plan.settings.picture.shown == RenderedKind::COLOURS)
+        return;
+    report.warning(options.output,
+                   QStringLiteral(".%1 files hold 8 bits a channel%2; write .png or .exr to keep everything")
+                       .arg(format->suffix, format->alpha ? QString() : QStringLiteral(" and no coverage")));
+}
+
+} // namespace
+
+UT_Result<RenderPlan> renderPlan(const MO_Scene& scene, const RenderOptions& options, Report& report)
+{
+    RenderPlan plan;
+    const auto module = moduleOf(scene, options);
+    if (!module)
+        return module.error();
+    plan.shown = std::make_unique<ShownModule>(**module);
+    const auto frames = framesOf(scene, options, report);
+    if (!frames)
+        return frames.error();
+    plan.settings.frames = *frames;
+    plan.settings.parameters = {options.renderInFloat ? RD_RenderParameters::IMAGE_PROCESSING_FLOAT
+                                                      : RD_RenderParameters::IMAGE_PROCESSING_16BIT,
+                                renderResolution(options, scene.frameHeight())};
+    if (const auto named = nameFiles(options, plan.settings); !named)
+        return named.error();
+    plan.settings.picture = pictureSettings(options, plan);
+    const auto atOnce = atOnceOf(options, plan);
+    if (!atOnce)
+        return atOnce.error();
+    plan.settings.atOnce = *atOnce;
+    plan.settings.resume = options.resume;
+    warnWhereFramesHaveNoDigest(options, report);
+    warnOfLosses(options, plan, report);
+    auto lit = litSettings(options, plan);
+    if (!lit)
+        return lit.error();
+    plan.lit = std::move(*lit);
+    auto drawing = drawingSettings(options, plan);
+    if (!drawing)
+        return drawing.error();
+    plan.drawing = std::move(*drawing);
+    if (const auto planned = planSurfaces(options, plan); !planned)
+        return planned.error();
+    warnOfMissingColours(scene, options, report);
+    if (!options.page.isEmpty() && plan.settings.picture.shown != RenderedKind::NORMALS)
+        return UT_Error{QStringLiteral("--html lights normals, and the picture of \"%1\" is none; name a node with "
+                                       "--node, or say --as normals")
+                            .arg(plan.settings.picture.node)};
+    plan.framesPerSecond = options.framesPerSecond.value_or(scene.frameRate());
+    return plan;
+}
