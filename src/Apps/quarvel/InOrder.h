@@ -4,9 +4,8 @@
 // program says does not depend on which of them was ready first.
 #pragma once
 
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 #include "jobs/limits/JobLimits.h"
-
-#include <tbb/task_arena.h>
 
 #include <algorithm>
 #include <atomic>
@@ -44,7 +43,7 @@ void inOrder(std::size_t count, int atOnce, const Make& make, const Take& take)
     const auto work = [&] {
         tbb::task_arena arena(share);
         for (std::size_t i = next++; i < count && goesOn; i = next++)
-            handIn(i, arena.execute([&] { return make(i); }));
+            handIn(i, VL_executeIn(arena, [&] { return make(i); }));
     };
     std::vector<std::jthread> others;
     for (int i = 1; i < workers; ++i)

@@ -8,9 +8,9 @@
 #include "BlurAlgo/private/DoublingStage.h"
 #include "BlurAlgo/private/FilterStage.h"
 #include "BlurAlgo/private/HalvingStage.h"
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 
 #include <tbb/enumerable_thread_specific.h>
-#include <tbb/parallel_for.h>
 #include <tbb/task_arena.h>
 
 #include <algorithm>
@@ -115,7 +115,7 @@ void forBands(Interval y, int width, const Work& work)
         work(y);
         return;
     }
-    tbb::parallel_for(0, bands, [&](int band) {
+    VL_parallelForEach(bands, [&](int band) {
         const auto edge = [&](int b) { return y.lo + static_cast<int>(std::int64_t{y.size()} * b / bands); };
         work(Interval{edge(band), edge(band + 1)});
     });

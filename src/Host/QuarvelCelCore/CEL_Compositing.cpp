@@ -2,8 +2,7 @@
 //
 // One loop over the rows that both pictures have; one formula a pixel.
 #include "QuarvelCelCore/CEL_Compositing.h"
-
-#include <tbb/parallel_for.h>
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 
 #include <algorithm>
 
@@ -93,7 +92,7 @@ void work(const CEL_PixmapArea& top, CEL_PixmapArea& target)
     const auto from = static_cast<std::size_t>(rect.x1 - source.allocatedRect().x1);
     const auto to = static_cast<std::size_t>(rect.x1 - pixels.allocatedRect().x1);
     const auto width = static_cast<std::size_t>(rect.width());
-    tbb::parallel_for(tbb::blocked_range<int>(rect.y1, rect.y2, 16), [&](const tbb::blocked_range<int>& rows) {
+    VL_parallelFor(tbb::blocked_range<int>(rect.y1, rect.y2, 16), [&](const tbb::blocked_range<int>& rows) {
         for (int y = rows.begin(); y < rows.end(); ++y) {
             const auto above = source.row(y).subspan(from, width);
             const auto below = pixels.row(y).subspan(to, width);

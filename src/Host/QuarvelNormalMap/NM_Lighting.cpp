@@ -9,6 +9,7 @@
 #include "QuarvelNormalMap/NM_Srgb.h"
 #include "QuarvelNormalMap/private/NM_LightAmounts.h"
 #include "QuarvelNormalMap/private/NM_Rows.h"
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 
 #include <cmath>
 
@@ -130,7 +131,7 @@ UT_Result<IIO_Picture> NM_litPicture(const NM_Surface& surface, const NM_Lightin
         return picture;
     picture->metadata() = NM_metadataOf(QStringLiteral("lit"));
     const Shader shader(settings, surface);
-    tbb::parallel_for(tbb::blocked_range<int>(0, surface.height()), [&](const tbb::blocked_range<int>& range) {
+    VL_parallelFor(tbb::blocked_range<int>(0, surface.height()), [&](const tbb::blocked_range<int>& range) {
         Buffers buffers(surface.width());
         for (int y = range.begin(); y < range.end(); ++y) {
             const NM_Surface::Row row = surface.row(y);

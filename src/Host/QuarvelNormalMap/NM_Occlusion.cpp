@@ -6,6 +6,7 @@
 
 #include "QuarvelNormalMap/NM_MaskPicture.h"
 #include "QuarvelNormalMap/private/NM_Rows.h"
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 
 #include <array>
 #include <cmath>
@@ -155,7 +156,7 @@ void walkAll(const NM_HeightField& heights, const NM_OcclusionDirection& directi
 {
     const std::vector<Place> places = beginnings(heights, direction);
     const Walk walk(heights, direction, openness);
-    tbb::parallel_for(tbb::blocked_range<std::size_t>(0, places.size()), [&](const auto& range) {
+    VL_parallelFor(tbb::blocked_range<std::size_t>(0, places.size()), [&](const auto& range) {
         std::vector<Passed> hull;
         for (std::size_t i = range.begin(); i < range.end(); ++i)
             walk.along(places[i], hull);

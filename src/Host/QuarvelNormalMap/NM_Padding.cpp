@@ -8,6 +8,7 @@
 #include "QuarvelNormalMap/NM_Padding.h"
 
 #include "QuarvelNormalMap/private/NM_Rows.h"
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 
 #include <cstdlib>
 #include <vector>
@@ -187,7 +188,7 @@ void pad(IIO_Picture& picture, int distance)
     constexpr int kSmallest = 64;
     const int rows = std::max(kSmallest, 2 * std::min(distance, picture.height()));
     const int bands = (picture.height() + rows - 1) / rows;
-    tbb::parallel_for(tbb::blocked_range<int>(0, bands, 1), [&](const tbb::blocked_range<int>& range) {
+    VL_parallelFor(tbb::blocked_range<int>(0, bands, 1), [&](const tbb::blocked_range<int>& range) {
         Envelope envelope(picture.width());
         for (int i = range.begin(); i < range.end(); ++i)
             padBand<Sample>(picture, i * rows, std::min((i + 1) * rows, picture.height()), distance, envelope);

@@ -5,9 +5,7 @@
 #include "QuarvelNormalMap/NM_Lighting.h"
 #include "QuarvelNormalMap/NM_Srgb.h"
 #include "QuarvelNormalMap/private/NM_LightAmounts.h"
-
-#include <tbb/blocked_range.h>
-#include <tbb/parallel_for.h>
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 
 #include <algorithm>
 #include <array>
@@ -163,7 +161,7 @@ void lightRows(const NM_Surface& surface, const NM_LightingSettings& settings, s
     const FastShader shader(settings, surface);
     const auto width = static_cast<std::size_t>(surface.width());
     auto* const pixels = reinterpret_cast<ScreenPixel*>(bytes.data());
-    tbb::parallel_for(tbb::blocked_range<int>(0, surface.height(), 16), [&](const tbb::blocked_range<int>& range) {
+    VL_parallelFor(tbb::blocked_range<int>(0, surface.height(), 16), [&](const tbb::blocked_range<int>& range) {
         for (int y = range.begin(); y < range.end(); ++y)
             shader.shade(surface.row(y), y, pixels + width * static_cast<std::size_t>(y), pixelOf);
     });

@@ -4,10 +4,9 @@
 // frames: films and pages.
 #pragma once
 
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 #include "jobs/frames/RenderFrames.h"
 #include "jobs/limits/JobLimits.h"
-
-#include <tbb/task_arena.h>
 
 #include <algorithm>
 #include <span>
@@ -35,7 +34,7 @@ UT_Result<void> framesInOrder(std::span<const int> frames, int atOnce, const QSt
         const int share = std::max(1, jobLimits().threads / static_cast<int>(numbers.size()));
         const auto work = [&](std::size_t i) {
             tbb::task_arena arena(share);
-            arena.execute([&] {
+            VL_executeIn(arena, [&] {
                 made[i] = UT_withinMemory(QStringLiteral("%1 of frame %2").arg(what).arg(numbers[i]),
                                           QStringLiteral("choose fewer jobs"), [&] { return make(numbers[i]); });
             });

@@ -8,6 +8,7 @@
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelNormalMap/NM_LinearPicture.h"
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 #include "jobs/frames/FrameDigest.h"
 #include "jobs/frames/FrameOnDisk.h"
 #include "jobs/frames/SurfaceFrames.h"
@@ -17,7 +18,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <tbb/task_arena.h>
 
 #include <algorithm>
 #include <atomic>
@@ -110,9 +110,7 @@ private:
                 _result.stopped = true;
                 return false;
             }
-            Ended ended;
-            arena.execute([&] { ended = tryFrame(index, picture); });
-            note(index, ended);
+            note(index, VL_executeIn(arena, [&] { return tryFrame(index, picture); }));
         }
         return true;
     }

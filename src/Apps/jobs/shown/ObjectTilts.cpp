@@ -8,9 +8,8 @@
 #include "QuarvelNormalMap/NM_Direction.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/graph/MO_Port.h"
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 #include "jobs/shown/VisibleDrawing.h"
-
-#include <tbb/parallel_for.h>
 
 #include <algorithm>
 #include <cmath>
@@ -128,7 +127,7 @@ void ObjectTilts::apply(CEL_PixmapArea& picture, const ShownInputs& inputs) cons
         if (rect.isEmpty())
             return;
         constexpr int kBand = 64;
-        tbb::parallel_for(tbb::blocked_range<int>(rect.y1, rect.y2, kBand), [&](const tbb::blocked_range<int>& band) {
+        VL_parallelFor(tbb::blocked_range<int>(rect.y1, rect.y2, kBand), [&](const tbb::blocked_range<int>& band) {
             std::array<Owners, 3> rows;
             for (Owners& row : rows)
                 row.resize(static_cast<std::size_t>(rect.width()));

@@ -10,10 +10,9 @@
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "QuarvelSceneCore/interfaces/MO_RenderingRequestService.h"
 #include "QuarvelSceneCore/interfaces/RD_ScriptContext.h"
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 #include "form/ElevationUnit.h"
 #include "jobs/shown/NormalMapNode.h"
-
-#include <tbb/parallel_for.h>
 
 #include <algorithm>
 #include <cmath>
@@ -95,7 +94,7 @@ private:
     static void close(CEL_PixmapAreaRGBAFloat& pixels)
     {
         const Math::Box2di& rect = pixels.allocatedRect();
-        tbb::parallel_for(tbb::blocked_range<int>(rect.y1, rect.y2, 16), [&](const tbb::blocked_range<int>& rows) {
+        VL_parallelFor(tbb::blocked_range<int>(rect.y1, rect.y2, 16), [&](const tbb::blocked_range<int>& rows) {
             for (int y = rows.begin(); y < rows.end(); ++y)
                 for (CEL_PixelRGBAFloat& pixel : pixels.row(y))
                     if (pixel.a > 0.0F && pixel.a < 1.0F) {
@@ -181,7 +180,7 @@ void takeCoverage(CEL_PixmapAreaRGBAFloat& picture, const CEL_PixmapArea& drawin
     CEL_withFormat(drawing, [&](const auto& colours) {
         const Math::Box2di& rect = picture.allocatedRect();
         const Math::Box2di common = rect.getIntersection(colours.allocatedRect());
-        tbb::parallel_for(tbb::blocked_range<int>(rect.y1, rect.y2, 16), [&](const tbb::blocked_range<int>& rows) {
+        VL_parallelFor(tbb::blocked_range<int>(rect.y1, rect.y2, 16), [&](const tbb::blocked_range<int>& rows) {
             for (int y = rows.begin(); y < rows.end(); ++y) {
                 const std::span<CEL_PixelRGBAFloat> row = picture.row(y);
                 if (common.isEmpty() || y < common.y1 || y >= common.y2) {

@@ -2,8 +2,7 @@
 //
 // Rows do not depend on each other and are converted in parallel.
 #include "studio/preview/FrameImages.h"
-
-#include <tbb/parallel_for.h>
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 
 namespace {
 
@@ -60,7 +59,7 @@ QImage imageOf(const IIO_Picture& picture)
     // Called once, before the loop, because bits() detaches a shared image.
     uchar* const bits = image.bits();
     const qsizetype stride = image.bytesPerLine();
-    tbb::parallel_for(0, picture.height(), [&](int y) {
+    VL_parallelForEach(picture.height(), [&](int y) {
         const auto samples = picture.row<std::uint16_t>(picture.dataWindow().y1 + y);
         auto* const target = reinterpret_cast<QRgb*>(bits + stride * y);
         for (std::size_t x = 0; x < samples.size() / channels; ++x)
@@ -78,7 +77,7 @@ QImage channelOf(const QImage& image, PictureChannel channel)
         return grey;
     uchar* const bits = grey.bits();
     const qsizetype stride = grey.bytesPerLine();
-    tbb::parallel_for(0, image.height(), [&](int y) {
+    VL_parallelForEach(image.height(), [&](int y) {
         const auto* const source = reinterpret_cast<const QRgb*>(image.constScanLine(y));
         auto* const target = reinterpret_cast<QRgb*>(bits + stride * y);
         for (int x = 0; x < image.width(); ++x) {

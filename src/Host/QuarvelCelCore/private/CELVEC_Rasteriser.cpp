@@ -9,11 +9,10 @@
 #include "QuarvelBaseCore/UT_PixelMemory.h"
 #include "QuarvelCelCore/CEL_WithFormat.h"
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 
 #include <QImage>
 #include <QPainter>
-#include <tbb/blocked_range.h>
-#include <tbb/parallel_for.h>
 
 #include <algorithm>
 #include <cmath>
@@ -243,7 +242,7 @@ void paintBands(const std::vector<PaintedShape>& shapes, CEL_PixmapOf<Pixel>& ta
     const Math::Box2di rect = target.allocatedRect();
     const int height = bandHeight(shapes, rect);
     const int bands = (rect.height() + height - 1) / height;
-    tbb::parallel_for(tbb::blocked_range<int>(0, bands), [&](const tbb::blocked_range<int>& range) {
+    VL_parallelFor(tbb::blocked_range<int>(0, bands), [&](const tbb::blocked_range<int>& range) {
         const Canvas canvas(rect.width(), height);
         for (int i = range.begin(); i < range.end(); ++i) {
             const int top = rect.y1 + i * height;

@@ -7,11 +7,10 @@
 
 #include "QuarvelImageIO/private/IIO_Deflate.h"
 #include "QuarvelImageIO/private/IIO_PngFilter.h"
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 
 #include <QtEndian>
-#include <tbb/blocked_range.h>
 #include <tbb/enumerable_thread_specific.h>
-#include <tbb/parallel_for.h>
 #include <zlib.h>
 
 #include <algorithm>
@@ -68,7 +67,7 @@ public:
         std::vector<Band> bands(static_cast<std::size_t>((_image.height() + _rowsPerBand - 1) / _rowsPerBand));
         // The header of the stream: a window of 32 KiB, and the check bits of the header.
         bands.front().pressed = {0x78, 0x01};
-        tbb::parallel_for(tbb::blocked_range<std::size_t>(0, bands.size(), 1), [&](const auto& range) {
+        VL_parallelFor(tbb::blocked_range<std::size_t>(0, bands.size(), 1), [&](const auto& range) {
             for (std::size_t i = range.begin(); i < range.end(); ++i)
                 press(bands[i], static_cast<int>(i) * _rowsPerBand, i + 1 == bands.size());
         });

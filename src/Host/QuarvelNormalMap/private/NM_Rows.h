@@ -5,8 +5,7 @@
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
 #include "QuarvelImageIO/IIO_Picture.h"
-
-#include <tbb/parallel_for.h>
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 
 #include <algorithm>
 #include <span>
@@ -30,7 +29,7 @@ bool NM_withColours(const CEL_PixmapArea& pixmap, const Work& work)
 template<typename Work>
 void NM_forRows(int first, int end, const Work& work)
 {
-    tbb::parallel_for(tbb::blocked_range<int>(first, end), [&](const tbb::blocked_range<int>& rows) {
+    VL_parallelFor(tbb::blocked_range<int>(first, end), [&](const tbb::blocked_range<int>& rows) {
         for (int y = rows.begin(); y < rows.end(); ++y)
             work(y);
     });

@@ -4,9 +4,8 @@
 #pragma once
 
 #include "QuarvelBaseCore/Math_Box2di.h"
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 
-#include <tbb/blocked_range.h>
-#include <tbb/parallel_for.h>
 #include <tbb/partitioner.h>
 #include <tbb/task_group.h>
 
@@ -19,5 +18,5 @@ void forRowsInParallel(const Math::Box2di& rect, const Work& work)
     if (rect.y1 >= rect.y2)
         return;
     tbb::task_group_context context;
-    tbb::parallel_for(tbb::blocked_range<int>(rect.y1, rect.y2, kGrain), work, tbb::auto_partitioner(), context);
+    VL_parallelFor(tbb::blocked_range<int>(rect.y1, rect.y2, kGrain), work, tbb::auto_partitioner(), context);
 }
