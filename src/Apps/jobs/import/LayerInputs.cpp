@@ -70,9 +70,9 @@ std::vector<StepsCommand::Step> linkInputs(MO_Module& target, const std::vector<
             const MO_Module* const wanted = port < inputs.size() ? inputs[port] : nullptr;
             return source && source->module() != wanted ? MO_disconnectCmd(target, port) : nullptr;
         });
-    for (std::size_t i = 0; i < inputs.size(); ++i)
-        if (inputs[i])
-            steps.emplace_back([&target, source = inputs[i], port = static_cast<unsigned>(i)]() -> MO_EditCommand {
+    for (unsigned port = 0; port < inputs.size(); ++port)
+        if (MO_Module* const source = inputs[port])
+            steps.emplace_back([&target, source, port]() -> MO_EditCommand {
                 auto linked = MO_connectCmd(*source, target, port);
                 return linked ? std::move(*linked) : nullptr;
             });
