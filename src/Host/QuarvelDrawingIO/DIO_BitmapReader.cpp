@@ -4,8 +4,8 @@
 #include "QuarvelDrawingIO/DIO_BitmapReader.h"
 
 #include "QuarvelDrawingIO/private/DIO_AverageColour.h"
+#include "QuarvelDrawingIO/private/DIO_PictureForm.h"
 #include "QuarvelDrawingIO/private/DIO_PixelLimit.h"
-#include "QuarvelGraphicCore/GR_ImageMemory.h"
 
 #include <QFileInfo>
 #include <QImageReader>
@@ -37,45 +37,10 @@ UT_Error tooLarge(const QString& path, const QSize& size)
                              .arg(DIO_mostPixels() / 1'000'000));
 }
 
-// One pixel format for all pictures, so that equal pictures compare equal whatever their files store.
-QImage inOneForm(const QImage& image)
-{
-    const bool deep = image.pixelFormat().redSize() > 8;
-    QImage pixels = GR_imageInFormat(image, deep ? QImage::Format_RGBA64 : QImage::Format_ARGB32);
-    pixels.setDevicePixelRatio(1.0);
-    return pixels;
-}
-
 DIO_Paint averagePaint(const QImage& image)
 {
     const QColor colour = QColor::fromRgb(DIO_averageColour(image).rgb());
     return {DIO_Paint::Kind::SOLID, colour, colour.name()};
-}
-
-bool isOpaque(QRgb pixel)
-{
-    return qAlpha(pixel) == 255;
-}
-
-// Whether all pixels at a picture's edge are opaque: then the picture has no visible outline.
-bool hasOpaqueEdge(const QImage& image)
-{
-    for (int x = 0; x < image.width(); ++x)
-        if (!isOpaque(image.pixel(x, 0)) || !isOpaque(image.pixel(x, image.height() - 1)))
-            return false;
-    for (int y = 0; y < image.height(); ++y)
-        if (!isOpaque(image.pixel(0, y)) || !isOpaque(image.pixel(image.width() - 1, y)))
-            return false;
-    return true;
-}
-
-bool showsNothing(const QImage& image)
-{
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            if (qAlpha(image.pixel(x, y)) > 0)
-                return false;
-    return true;
 }
 
 } // namespace
@@ -116,7 +81,7 @@ UT_Result<QImage> DIO_readImage(const QString& path, QStringList& warnings)
         return tooLarge(path, image.size());
     if (count > 1)
         warnings.append(QStringLiteral("only the first of %1 pictures is read").arg(count));
-    return inOneForm(image);
+    return DIO_inOneForm(image);
 }
 
 DIO_Drawing DIO_bitmapDrawing(const QImage& image, const QString& name)
@@ -150,8 +115,8 @@ UT_Result<DIO_Drawing> DIO_readBitmap(const QString& path)
     DIO_Drawing drawing = DIO_bitmapDrawing(*image, DIO_nameWithoutNumber(path));
     drawing.name = QFileInfo(path).completeBaseName();
     drawing.warnings = warnings;
-    drawing.opaqueEdge = hasOpaqueEdge(*image);
-    if (showsNothing(*image))
+    drawing.opaqueEdge = DIO_hasOpaqueEdge(*image);
+    if (!DIO_showsSomething(*image))
         drawing.warnings.append(QStringLiteral("the picture is transparent everywhere: nothing in it shows"));
     return drawing;
 }

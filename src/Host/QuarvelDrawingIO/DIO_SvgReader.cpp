@@ -103,7 +103,7 @@ UT_Result<DIO_Drawing> DIO_readSvgData(const QByteArray& data, const QString& pa
     if (!flat)
         return UT_Error{QStringLiteral("%1: the drawing %2").arg(path, flat.error().text)};
 
-    DIO_ShapeCollector collector(layers, flat->servers);
+    DIO_ShapeCollector collector(layers, flat->servers, flat->picturePixels);
     int undashed = 0;
     if (!DIO_recordSvg(flat->document, size.stretchY, collector, undashed))
         return UT_Error{QStringLiteral("%1: the SVG library cannot read the drawing").arg(path)};

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What areas are painted with: the palette, and what gradients, patterns and pictures come down to.
+// What areas are painted with: the palette, and what gradients and patterns come down to.
 #include "Drawings.h"
 
 using namespace drawings;
@@ -9,11 +9,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 namespace {
-
-// Two pixels, red and blue.
-constexpr const char* kTwoPixels =
-    "data:image/png;base64,iVBORw0KGgoAAAANSUhEUgAAAAIAAAABCAIAAAB7QOjdAAAADUlEQVR4nGP4zwAE/wEHAAH/"
-    "4iOeWQAAAABJRU5ErkJggg==";
 
 DIO_Paint onlyPaint(const DIO_Drawing& drawing)
 {
@@ -105,20 +100,6 @@ TEST(SvgPaints, aPatternIsTheAverageOfItsColours)
     EXPECT_NEAR(paint.colour.red(), 128, 1);
     EXPECT_NEAR(paint.colour.blue(), 128, 1);
     EXPECT_THAT(drawing.warnings, ElementsAre("patterns are painted in the average of their colours: Pattern p"));
-}
-
-TEST(SvgPaints, anEmbeddedPictureIsARectangleOfItsAverageColour)
-{
-    const DIO_Drawing drawing =
-        read("<image id='photo' x='20' y='20' width='40' height='40' href='" + QByteArray(kTwoPixels) + "'/>");
-    const DIO_Paint paint = onlyPaint(drawing);
-    EXPECT_EQ(paint.kind, DIO_Paint::Kind::PICTURE);
-    EXPECT_EQ(paint.name, "Picture photo");
-    EXPECT_NEAR(paint.colour.red(), 128, 1);
-    EXPECT_NEAR(paint.colour.blue(), 128, 1);
-    EXPECT_EQ(shapesOf(drawing).at(0).path.boundingRect(), QRectF(20, 30, 40, 20))
-        << "the picture's proportions are kept";
-    EXPECT_THAT(allWarnings(drawing).toStdString(), HasSubstr("Picture photo"));
 }
 
 TEST(SvgPaints, aDrawingEmbeddedAsAPictureIsNotRead)

@@ -130,6 +130,26 @@ private:
     Names _names;
 };
 
+// A drawing goes on beyond its own frame; a picture that ends inside that frame shows all that there is.
+FrameCuts frameCuts(const PixelPlane<int>& labels, const DIO_Drawing& drawing)
+{
+    const DIO_Shape& shape = drawing.layers.front().shapes.front();
+    const QRectF place = shape.path.boundingRect();
+    const QRectF& page = drawing.viewBox;
+    const double across = place.width() / shape.picture.width() / 2.0;
+    const double down = place.height() / shape.picture.height() / 2.0;
+    FrameCuts cuts(labels);
+    if (place.left() > page.left() + across)
+        cuts.endAt(FrameSide::LEFT);
+    if (place.top() > page.top() + down)
+        cuts.endAt(FrameSide::TOP);
+    if (place.right() < page.right() - across)
+        cuts.endAt(FrameSide::RIGHT);
+    if (place.bottom() < page.bottom() - down)
+        cuts.endAt(FrameSide::BOTTOM);
+    return cuts;
+}
+
 std::vector<ObjectLabels> objectLabels(const BitmapRegions& regions, const RegionGraph& graph,
                                        const StackingOrder& stacking, const std::vector<BitmapRole>& roles)
 {
@@ -168,7 +188,7 @@ ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing)
     if (!regions.painted)
         joinShadesAndMarks(graph, regions.hard);
     const PixelPlane<int> labels = graph.labels();
-    const BitmapFrame frame{bitmap.size(), own.cells, FrameCuts(labels)};
+    const BitmapFrame frame{bitmap.size(), own.cells, frameCuts(labels, drawing)};
     const StackingOrder stacking = stackingOrderOf(graph, labels);
     const std::vector<BitmapRole> roles = bitmapRolesOf(graph, stacking, regions.painted, frame.cuts.isCutAllAround());
     const std::vector<ObjectLabels> parts = objectLabels(regions, graph, stacking, roles);

@@ -12,8 +12,10 @@ namespace {
 
 bool isBitmap(const DIO_Drawing& drawing)
 {
-    return drawing.layers.size() == 1 && drawing.layers.front().shapes.size() == 1 &&
-           !drawing.layers.front().shapes.front().picture.isNull();
+    if (drawing.layers.size() != 1 || drawing.layers.front().shapes.size() != 1)
+        return false;
+    const DIO_Shape& shape = drawing.layers.front().shapes.front();
+    return !shape.picture.isNull() && !shape.clip && shape.path.boundingRect() == drawing.viewBox;
 }
 
 QImage tiled(const QImage& image, int columns, int rows)

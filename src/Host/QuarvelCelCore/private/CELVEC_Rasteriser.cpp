@@ -18,6 +18,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <map>
 #include <optional>
 
 namespace {
@@ -75,8 +76,6 @@ QImage premultiplied(const QImage& picture)
 // A sprite's own pixels or, where a colour transform says what colours there are, its coverage in the colour given.
 QImage pictureFor(const CELVEC_Kvd& drawing, const CELVEC_Shape& shape, const VS_RGBA& paint)
 {
-    if (shape.picture.isNull())
-        return {};
     if (!drawing.colorTransform())
         return shape.picture.format() == QImage::Format_RGBA64 ? premultiplied(shape.picture) : shape.picture;
     QImage tinted = premultiplied(shape.picture);
@@ -85,6 +84,27 @@ QImage pictureFor(const CELVEC_Kvd& drawing, const CELVEC_Shape& shape, const VS
     painter.fillRect(tinted.rect(), toQColor(paint, 1.0));
     return tinted;
 }
+
+// Copies of a picture in one paint share the memory of one.
+class PaintedPictures
+{
+public:
+    explicit PaintedPictures(const CELVEC_Kvd& drawing) : _drawing(drawing) {}
+
+    QImage of(const CELVEC_Shape& shape, const VS_RGBA& paint)
+    {
+        if (shape.picture.isNull())
+            return {};
+        QImage& made = _made[{shape.picture.cacheKey(), toQColor(paint, 1.0).rgba()}];
+        if (made.isNull())
+            made = pictureFor(_drawing, shape, paint);
+        return made;
+    }
+
+private:
+    const CELVEC_Kvd& _drawing;
+    std::map<std::pair<qint64, QRgb>, QImage> _made;
+};
 
 int toPixelCoordinate(double value)
 {
@@ -106,6 +126,7 @@ std::vector<PaintedShape> paintShapes(const CELVEC_Kvd& drawing, GR_GraphicOpsCo
                                       const QTransform& drawingToPixel)
 {
     std::vector<PaintedShape> painted;
+    PaintedPictures pictures(drawing);
     PathCopy path;
     for (const GR_Art art : kGR_allArts) {
         if (!drawing.artSelector().isSelected(art))
@@ -122,7 +143,7 @@ std::vector<PaintedShape> paintShapes(const CELVEC_Kvd& drawing, GR_GraphicOpsCo
             QTransform toPixel = drawingToPixel;
             if (colors.isAffectsMatrix())
                 colors.applyMatrixTransform(toPixel);
-            painted.push_back({&shape, toPixel, toQColor(paint, shape.opacity), pictureFor(drawing, shape, paint),
+            painted.push_back({&shape, toPixel, toQColor(paint, shape.opacity), pictures.of(shape, paint),
                                pixelsTouchedBy(path.of(shape.path), toPixel)});
         }
     }

@@ -5,6 +5,7 @@
 #include "QuarvelDrawingIO/private/DIO_GroupedShapes.h"
 
 #include "QuarvelDrawingIO/private/DIO_PathSets.h"
+#include "QuarvelDrawingIO/private/DIO_PictureForm.h"
 
 #include <algorithm>
 
@@ -155,7 +156,10 @@ int DIO_fade(std::vector<DIO_Shape>& shapes, double opacity)
         if (!alone[i]) {
             const DIO_CoverageLevels left = leftBelow(above, shape, opacity);
             tooDetailed += left.skipped() + DIO_cut(parts, left);
-            above.paint(DIO_paintedArea(shape), false, shape.opacity, 1.0);
+            if (shape.picture.isNull() || DIO_isOpaque(shape.picture))
+                above.paint(DIO_paintedArea(shape), false, shape.opacity, 1.0);
+            else
+                ++tooDetailed; // The outline of what a picture shows is no path.
         }
         faded.insert(faded.end(), parts.rbegin(), parts.rend());
     }

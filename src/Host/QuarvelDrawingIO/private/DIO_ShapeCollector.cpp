@@ -5,6 +5,7 @@
 
 #include "QuarvelDrawingIO/private/DIO_AverageColour.h"
 #include "QuarvelDrawingIO/private/DIO_PathSets.h"
+#include "QuarvelDrawingIO/private/DIO_PlacedPicture.h"
 #include "QuarvelDrawingIO/private/DIO_SvgMarks.h"
 
 #include <algorithm>
@@ -69,8 +70,9 @@ QString namesOf(const std::vector<DIO_Paint>& palette, DIO_Paint::Kind kind)
 
 } // namespace
 
-DIO_ShapeCollector::DIO_ShapeCollector(const DIO_SvgLayers& layers, const std::vector<DIO_PaintServer>& servers)
-    : _layers(layers), _servers(servers)
+DIO_ShapeCollector::DIO_ShapeCollector(const DIO_SvgLayers& layers, const std::vector<DIO_PaintServer>& servers,
+                                       qint64 picturePixels)
+    : _layers(layers), _servers(servers), _groups(picturePixels), _picturePixels(picturePixels)
 {}
 
 bool DIO_ShapeCollector::polyline(std::span<const QPointF> points)
@@ -108,7 +110,7 @@ bool DIO_ShapeCollector::polyline(std::span<const QPointF> points)
         _groups.endMask(_maskPalette);
         break;
     case Command::MASK_POP:
-        _groups.endMasked();
+        _groups.endMasked(_groups.isInMask() ? _maskPalette : _drawing.palette);
         break;
     }
     return true;
@@ -129,10 +131,33 @@ void DIO_ShapeCollector::shape(DIO_RecordedShape recorded)
         ++_cutShort;
     DIO_Shape shape;
     shape.opacity = recorded.opacity;
-    shape.paint = paintOf(recorded.brush, shape.opacity);
+    const DIO_PaintServer* const server = serverOf(recorded.brush);
+    shape.paint = paintOf(recorded.brush, server, shape.opacity);
     shape.path = std::move(recorded.path);
-    if (shape.paint >= 0 && applyClip(shape))
-        _groups.add(std::move(shape));
+    if (shape.paint < 0 || !applyClip(shape))
+        return;
+    if (server && !server->picture.isNull() && !applyPicture(shape, server->picture))
+        return;
+    _groups.add(std::move(shape));
+}
+
+// The path is the rectangle of the picture, as it lies in the drawing, from its top left corner clockwise.
+bool DIO_ShapeCollector::applyPicture(DIO_Shape& shape, const QImage& picture)
+{
+    if (shape.path.elementCount() < 4)
+        return false;
+    const QPointF topLeft = shape.path.elementAt(0);
+    const QPointF across = (QPointF(shape.path.elementAt(1)) - topLeft) / picture.width();
+    const QPointF down = (QPointF(shape.path.elementAt(3)) - topLeft) / picture.height();
+    const QTransform toDrawing(across.x(), across.y(), down.x(), down.y(), topLeft.x(), topLeft.y());
+    if (!toDrawing.isInvertible())
+        return false;
+    DIO_PlacedPicture placed = DIO_placePicture(picture, toDrawing, _picturePixels);
+    shape.path = std::move(placed.path);
+    shape.picture = std::move(placed.picture);
+    if (placed.clip)
+        shape.clip = shape.clip ? DIO_intersected(*shape.clip, *placed.clip).value_or(*shape.clip) : *placed.clip;
+    return true;
 }
 
 bool DIO_ShapeCollector::applyClip(DIO_Shape& shape) const
@@ -161,16 +186,20 @@ void DIO_ShapeCollector::collectLayers()
     }
 }
 
-// The palette's entry for a brush, or -1 when it paints nothing; its own opacity goes into the shape's.
-int DIO_ShapeCollector::paintOf(const QBrush& brush, double& opacity)
+// The server that a brush stands for, if it does.
+const DIO_PaintServer* DIO_ShapeCollector::serverOf(const QBrush& brush) const
 {
-    const DIO_PaintServer* server = nullptr;
-    if (const QGradient* const gradient = brush.gradient(); gradient && gradient->type() == QGradient::LinearGradient) {
-        const QPointF start = static_cast<const QLinearGradient*>(gradient)->start();
-        const auto index = static_cast<std::size_t>(std::max(0L, std::lround(start.y())));
-        if (start.x() == kDIO_serverX && index < _servers.size())
-            server = &_servers[index];
-    }
+    const QGradient* const gradient = brush.gradient();
+    if (!gradient || gradient->type() != QGradient::LinearGradient)
+        return nullptr;
+    const QPointF start = static_cast<const QLinearGradient*>(gradient)->start();
+    const auto index = static_cast<std::size_t>(std::max(0L, std::lround(start.y())));
+    return start.x() == kDIO_serverX && index < _servers.size() ? &_servers[index] : nullptr;
+}
+
+// The palette's entry for a brush, or -1 when it paints nothing; its own opacity goes into the shape's.
+int DIO_ShapeCollector::paintOf(const QBrush& brush, const DIO_PaintServer* server, double& opacity)
+{
     const QColor average = server ? QColor() : DIO_averageColour(brush);
     opacity = std::clamp(opacity * (server ? server->opacity : static_cast<double>(average.alphaF())), 0.0, 1.0);
     if (!(opacity > 0.0))
@@ -198,8 +227,6 @@ void DIO_ShapeCollector::addSimplificationWarnings()
     const std::pair<DIO_Paint::Kind, QString> kinds[] = {
         {DIO_Paint::Kind::GRADIENT, QStringLiteral("gradients are painted in their average colour: ")},
         {DIO_Paint::Kind::PATTERN, QStringLiteral("patterns are painted in the average of their colours: ")},
-        {DIO_Paint::Kind::PICTURE,
-         QStringLiteral("embedded pictures are painted as rectangles of their average colour: ")},
     };
     for (const auto& [kind, text] : kinds)
         if (const QString names = namesOf(_drawing.palette, kind); !names.isEmpty())

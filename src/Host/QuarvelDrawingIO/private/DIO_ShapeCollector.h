@@ -14,7 +14,8 @@ class DIO_ShapeCollector : public DIO_ShapeSink
 {
 public:
     /// @param layers, servers must outlive the collector
-    DIO_ShapeCollector(const DIO_SvgLayers& layers, const std::vector<DIO_PaintServer>& servers);
+    /// @param picturePixels for how many pixels of pictures that have to be sampled anew there is memory
+    DIO_ShapeCollector(const DIO_SvgLayers& layers, const std::vector<DIO_PaintServer>& servers, qint64 picturePixels);
 
     void shape(DIO_RecordedShape recorded) override;
     bool polyline(std::span<const QPointF> points) override;
@@ -24,7 +25,9 @@ public:
 
 private:
     void collectLayers();
-    int paintOf(const QBrush& brush, double& opacity);
+    const DIO_PaintServer* serverOf(const QBrush& brush) const;
+    int paintOf(const QBrush& brush, const DIO_PaintServer* server, double& opacity);
+    bool applyPicture(DIO_Shape& shape, const QImage& picture);
     int indexOfPaint(const DIO_Paint& paint);
     bool applyClip(DIO_Shape& shape) const;
     void addSimplificationWarnings();
@@ -34,6 +37,7 @@ private:
     DIO_Drawing _drawing;
     DIO_ClipStack _clips;
     DIO_ShapeGroups _groups;
+    qint64 _picturePixels;
     std::vector<DIO_Paint> _maskPalette;
     QHash<QString, int> _paintIndex;
     QHash<QString, int> _maskPaintIndex;

@@ -50,17 +50,33 @@ void DIO_ShapeGroups::endMask(const std::vector<DIO_Paint>& palette)
 {
     const Group mask = close();
     --_masksOpen;
-    std::vector<DIO_CoverageLevels::Painted>& parts = _open.emplace_back().mask;
+    std::vector<DIO_Shape> shapes;
     for (const Run& run : mask.runs)
-        for (const DIO_Shape& shape : run.shapes) {
-            const QColor& colour = palette[static_cast<std::size_t>(shape.paint)].colour;
-            parts.push_back({DIO_paintedArea(shape), shape.opacity, mask.byCoverage ? 1.0 : brightness(colour)});
-        }
+        shapes.insert(shapes.end(), run.shapes.begin(), run.shapes.end());
+    Group& masked = _open.emplace_back();
+    if (DIO_PictureMask::isNeededFor(shapes)) {
+        masked.pictureMask.emplace(shapes, palette, mask.byCoverage);
+        return;
+    }
+    for (const DIO_Shape& shape : shapes) {
+        const QColor& colour = palette[static_cast<std::size_t>(shape.paint)].colour;
+        masked.mask.push_back({DIO_paintedArea(shape), shape.opacity, mask.byCoverage ? 1.0 : brightness(colour)});
+    }
 }
 
-void DIO_ShapeGroups::endMasked()
+void DIO_ShapeGroups::endMasked(const std::vector<DIO_Paint>& palette)
 {
     Group group = close();
+    if (!group.pictureMask)
+        cutByLevels(group);
+    for (Run& run : group.runs)
+        if (group.pictureMask)
+            _tooDetailed += group.pictureMask->cut(run.shapes, palette, _picturePixels);
+    keep(group.runs);
+}
+
+void DIO_ShapeGroups::cutByLevels(Group& group)
+{
     QRectF page;
     for (const Run& run : group.runs)
         page |= DIO_boundsOf(run.shapes);
@@ -69,7 +85,6 @@ void DIO_ShapeGroups::endMasked()
     _tooDetailed += levels.skipped();
     for (Run& run : group.runs)
         _tooDetailed += DIO_cut(run.shapes, levels);
-    keep(group.runs);
 }
 
 std::vector<DIO_ShapeGroups::Run> DIO_ShapeGroups::take()

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "QuarvelDrawingIO/private/DIO_GroupedShapes.h"
+#include "QuarvelDrawingIO/private/DIO_PictureMask.h"
 
 class DIO_ShapeGroups
 {
@@ -19,7 +20,8 @@ public:
         std::vector<DIO_Shape> shapes;
     };
 
-    DIO_ShapeGroups() : _open(1) {}
+    /// @param picturePixels how many pixels of pictures may be made by masks
+    explicit DIO_ShapeGroups(qint64 picturePixels) : _open(1), _picturePixels(picturePixels) {}
 
     /// The shapes that follow belong to a layer.
     void setLayer(int layer);
@@ -38,7 +40,9 @@ public:
     ///
     /// @param palette of the mask's shapes
     void endMask(const std::vector<DIO_Paint>& palette);
-    void endMasked();
+
+    /// @param palette of the shapes that are cut
+    void endMasked(const std::vector<DIO_Paint>& palette);
 
     /// Takes out everything, in the order of painting. No group is open.
     std::vector<Run> take();
@@ -53,13 +57,16 @@ private:
         double opacity = 1.0;
         bool byCoverage = false;
         std::vector<DIO_CoverageLevels::Painted> mask;
+        std::optional<DIO_PictureMask> pictureMask; ///< instead, where the mask has pictures in it
     };
 
     Group close();
     void keep(const std::vector<Run>& runs);
+    void cutByLevels(Group& group);
     std::vector<DIO_Shape>& shapesOf(int layer, int number);
 
     std::vector<Group> _open; // never empty
+    qint64 _picturePixels;
     int _layer = kNoLayer;
     int _run = 0;
     int _masksOpen = 0;

@@ -18,6 +18,7 @@ struct DIO_FlatSvg
 {
     QByteArray document;
     std::vector<DIO_PaintServer> servers;
+    qint64 picturePixels = 0; ///< how many more pixels of pictures there is memory for
     QStringList hiddenLayers;
     QStringList warnings;
 };

@@ -56,9 +56,13 @@ int DIO_SvgPaintServers::find(const QString& reference)
     return average ? create(*node, DIO_Paint::Kind::PATTERN, {{0.0, *average}}) : -1;
 }
 
-int DIO_SvgPaintServers::addPicture(const DIO_XmlNode& image, const QColor& average)
+int DIO_SvgPaintServers::addPicture(const DIO_XmlNode& image, const QImage& picture)
 {
-    return create(image, DIO_Paint::Kind::PICTURE, {{0.0, average}});
+    const int index = create(image, DIO_Paint::Kind::PICTURE, {{0.0, DIO_averageColour(picture)}});
+    DIO_PaintServer& server = _servers[static_cast<std::size_t>(index)];
+    server.opacity = 1.0;
+    server.picture = picture;
+    return index;
 }
 
 int DIO_SvgPaintServers::create(const DIO_XmlNode& node, DIO_Paint::Kind kind, const QGradientStops& stops)

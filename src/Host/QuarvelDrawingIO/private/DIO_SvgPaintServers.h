@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// DIO_SvgPaintServers: the gradients, patterns and pictures that areas of an SVG file are painted with, each brought
-// down to its average colour.
+// DIO_SvgPaintServers: the gradients, patterns and pictures that areas of an SVG file are painted with. Gradients and
+// patterns are brought down to their average colour.
 #pragma once
 
 #include "QuarvelDrawingIO/DIO_Drawing.h"
@@ -9,6 +9,7 @@
 #include "QuarvelDrawingIO/private/DIO_SvgStyle.h"
 
 #include <QBrush>
+#include <QImage>
 
 #include <functional>
 #include <optional>
@@ -17,7 +18,8 @@
 struct DIO_PaintServer
 {
     DIO_Paint paint;
-    double opacity = 1.0; ///< the average of its colours' opacities
+    double opacity = 1.0; ///< the average of its colours' opacities; 1 of a picture, whose pixels have their own
+    QImage picture = {};  ///< what a picture shows, stretched over the rectangle that it paints; else null
 };
 
 class DIO_SvgPaintServers
@@ -38,7 +40,7 @@ public:
     std::optional<DIO_GradientFade> fadeOf(const QString& reference, const QSizeF& viewport) const;
 
     /// The server that stands for an embedded picture.
-    int addPicture(const DIO_XmlNode& image, const QColor& average);
+    int addPicture(const DIO_XmlNode& image, const QImage& picture);
 
     /// Gives the average colour of a pattern's tile, its gaps included; nothing when it paints nothing.
     using PatternAverage = std::function<std::optional<QColor>(const DIO_XmlNode& pattern)>;

@@ -40,8 +40,9 @@ bool DIO_recordSvg(const QByteArray& document, double stretchY, DIO_ShapeSink& s
 
 QColor DIO_averageOfSvg(const QByteArray& document, const QRectF& tile, const std::vector<DIO_PaintServer>& servers)
 {
+    constexpr qint64 kPicturePixels = 1024 * 1024;
     const DIO_SvgLayers noLayers;
-    DIO_ShapeCollector collector(noLayers, servers);
+    DIO_ShapeCollector collector(noLayers, servers, kPicturePixels);
     int undashed = 0;
     DIO_recordSvg(document, 1.0, collector, undashed);
     const DIO_Drawing drawing = collector.takeDrawing();
@@ -51,6 +52,7 @@ QColor DIO_averageOfSvg(const QByteArray& document, const QRectF& tile, const st
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.scale(kSide / tile.width(), kSide / tile.height());
     painter.translate(-tile.topLeft());
     for (const DIO_Layer& layer : drawing.layers)
@@ -60,7 +62,13 @@ QColor DIO_averageOfSvg(const QByteArray& document, const QRectF& tile, const st
             painter.setClipping(shape.clip.has_value());
             if (shape.clip)
                 painter.setClipPath(*shape.clip);
-            painter.fillPath(shape.path, colour);
+            if (shape.picture.isNull()) {
+                painter.fillPath(shape.path, colour);
+            } else {
+                painter.setOpacity(shape.opacity);
+                painter.drawImage(shape.path.boundingRect(), shape.picture);
+                painter.setOpacity(1.0);
+            }
         }
     painter.end();
     return DIO_averageColour(picture);

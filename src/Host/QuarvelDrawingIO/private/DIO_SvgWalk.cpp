@@ -3,6 +3,7 @@
 // The elements of the tree, and the limits.
 #include "QuarvelDrawingIO/private/DIO_SvgWalk.h"
 
+#include "QuarvelDrawingIO/private/DIO_PixelLimit.h"
 #include "QuarvelDrawingIO/private/DIO_SvgGeometry.h"
 #include "QuarvelDrawingIO/private/DIO_SvgText.h"
 #include "QuarvelDrawingIO/private/DIO_SvgTransform.h"
@@ -17,7 +18,6 @@ namespace {
 constexpr int kMaxInstances = 100'000;
 constexpr qint64 kMaxBytes = 256 * 1024 * 1024;
 constexpr int kMaxDepth = 800;
-constexpr qint64 kMaxPicturePixels = 256 * 1024 * 1024;
 
 bool paintsNothing(const DIO_SvgStyle& style)
 {
@@ -41,7 +41,7 @@ QString withDots(const QString& data, const DIO_SvgStyle& style)
 } // namespace
 
 DIO_SvgWalk::DIO_SvgWalk(const DIO_XmlTree& tree, const DIO_SvgLayers& layers)
-    : _tree(tree), _layers(layers), _servers(tree, _sheet), _main(_servers), _picturePixels(kMaxPicturePixels)
+    : _tree(tree), _layers(layers), _servers(tree, _sheet), _main(_servers), _picturePixels(DIO_mostPixels())
 {
     collectStyleSheets(tree.root);
     _servers.setPatternAverage([this](const DIO_XmlNode& pattern) { return averageOf(pattern); });
@@ -88,7 +88,7 @@ UT_Result<DIO_FlatSvg> DIO_SvgWalk::flatten(const QSizeF& viewport)
         refuse(QStringLiteral("has style sheets that take too long to apply"));
     if (!_problem.isEmpty())
         return UT_Error{_problem};
-    return DIO_FlatSvg{_writer->document(), _servers.servers(), _hidden, warnings()};
+    return DIO_FlatSvg{_writer->document(), _servers.servers(), _picturePixels, _hidden, warnings()};
 }
 
 void DIO_SvgWalk::collectStyleSheets(const DIO_XmlNode& node)

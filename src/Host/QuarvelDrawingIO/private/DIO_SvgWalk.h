@@ -48,9 +48,10 @@ private:
     /// What the walk is inside of.
     struct Surroundings
     {
-        QSizeF viewport;     ///< what percentages are relative to
-        bool inUse = false;  ///< inside a copy, whose layers are not the file's layers
-        bool inClip = false; ///< what is written makes up a clip
+        QSizeF viewport;       ///< what percentages are relative to
+        bool inUse = false;    ///< inside a copy, whose layers are not the file's layers
+        bool inClip = false;   ///< what is written makes up a clip
+        bool measured = false; ///< what is written is measured: of a picture, its frame
 
         /// What percentages of lengths without a direction are relative to.
         double diagonal() const { return std::hypot(viewport.width(), viewport.height()) / std::sqrt(2.0); }
@@ -83,11 +84,12 @@ private:
         bool isStart;
     };
 
-    /// An embedded picture: its average colour as a paint server, -1 when it cannot be decoded, and its size in pixels.
+    /// An embedded picture.
     struct Picture
     {
-        int server = -1;
-        QSize size;
+        int server = -1; ///< -1 when it cannot be decoded, or shows nothing
+        QSize size;      ///< in pixels; empty when it cannot be decoded
+        QString leftOut; ///< why it cannot be decoded
     };
 
     static Element elementOf(const QString& name);
@@ -167,6 +169,7 @@ private:
 
     /// @{ Pictures and patterns
     void writePicture(const Visited& visited, const DIO_FlatWriter::Extras& extras);
+    const Picture& pictureOf(const DIO_XmlNode& image); ///< decodes each picture once
 
     /// The average colour of a pattern's tile, gaps included; none when the tile has no size or nothing in it.
     std::optional<QColor> averageOf(const DIO_XmlNode& pattern);

@@ -142,6 +142,7 @@ QRectF DIO_SvgWalk::boxOf(const Visited& visited)
     DIO_FlatWriter* const before = std::exchange(_writer, &scratch);
     Surroundings inner = visited.around;
     inner.inClip = true;
+    inner.measured = true;
     write({visited.node, visited.element, visited.style, visited.properties, inner}, {});
     _writer = before;
     return DIO_boundsOfSvg(scratch.document());

@@ -1,9 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What is written as one colour, its average: embedded pictures, and patterns.
+// Embedded pictures, which keep their pixels, and patterns, which are written as one colour, their average.
 #include "QuarvelDrawingIO/private/DIO_SvgWalk.h"
 
-#include "QuarvelDrawingIO/private/DIO_PictureAverage.h"
+#include "QuarvelDrawingIO/private/DIO_EmbeddedPicture.h"
+#include "QuarvelDrawingIO/private/DIO_PictureForm.h"
 #include "QuarvelDrawingIO/private/DIO_SvgGeometry.h"
 #include "QuarvelDrawingIO/private/DIO_SvgRecording.h"
 #include "QuarvelDrawingIO/private/DIO_SvgValues.h"
@@ -11,38 +12,68 @@
 #include <algorithm>
 #include <utility>
 
+namespace {
+
+// Where an element says one side only, the other one follows from the picture's proportions.
+QSizeF naturalSize(const DIO_XmlNode& image, const QSizeF& viewport, const QSizeF& pixels)
+{
+    const auto width = DIO_readLength(image.attribute(QLatin1String("width")), {viewport.width(), 16.0});
+    const auto height = DIO_readLength(image.attribute(QLatin1String("height")), {viewport.height(), 16.0});
+    if (pixels.isEmpty() || width.has_value() == height.has_value())
+        return pixels;
+    return width ? QSizeF(*width, *width * pixels.height() / pixels.width())
+                 : QSizeF(*height * pixels.width() / pixels.height(), *height);
+}
+
+} // namespace
+
+const DIO_SvgWalk::Picture& DIO_SvgWalk::pictureOf(const DIO_XmlNode& image)
+{
+    const auto known = _pictures.constFind(&image);
+    if (known != _pictures.constEnd())
+        return *known;
+    Picture picture;
+    const UT_Result<QImage> decoded = DIO_decodePicture(image.link(), _picturePixels);
+    if (decoded) {
+        picture.size = decoded->size();
+        picture.server = DIO_showsSomething(*decoded) ? _servers.addPicture(image, *decoded) : -1;
+    } else {
+        picture.leftOut = decoded.error().text;
+    }
+    return *_pictures.insert(&image, picture);
+}
+
 void DIO_SvgWalk::writePicture(const Visited& visited, const DIO_FlatWriter::Extras& extras)
 {
-    const DIO_XmlNode& node = visited.node;
-    const Surroundings& around = visited.around;
-    const QString link = node.link();
-    if (around.inClip)
+    const auto& [node, element, style, properties, around] = visited;
+    if (!style.visible || (around.inClip && !around.measured))
         return;
-    if (!link.startsWith(u"data:", Qt::CaseInsensitive)) {
-        ++_leftOut[QStringLiteral("picture in a file of its own")];
-        return;
-    }
-    if (!_pictures.contains(&node)) {
-        Picture picture;
-        if (const std::optional<DIO_PictureAverage> average = DIO_averagePicture(link, _picturePixels)) {
-            picture.server = _servers.addPicture(node, average->colour);
-            picture.size = average->size;
-        }
-        _pictures.insert(&node, picture);
-    }
-    const Picture picture = _pictures.value(&node);
-    if (picture.server < 0) {
-        ++_leftOut[QStringLiteral("picture that cannot be decoded")];
-        return;
-    }
-    const QRectF box(QPointF(), QSizeF(picture.size));
-    const QRectF frame = frameOf(node, node, around, box.size());
+    const Picture picture = pictureOf(node);
+    const QRectF frame = frameOf(node, node, around, naturalSize(node, around.viewport, picture.size));
     if (!(frame.width() > 0.0 && frame.height() > 0.0))
         return;
+    if (around.measured)
+        return _writer->clipPath(DIO_rectPath(frame.x(), frame.y(), frame.width(), frame.height()), false,
+                                 extras.transform);
+    if (!picture.leftOut.isEmpty())
+        ++_leftOut[picture.leftOut];
+    if (picture.server < 0)
+        return;
+    const QRectF box(QPointF(), QSizeF(picture.size));
     const DIO_AspectFit fit = DIO_readAspectFit(node.attribute(QLatin1String("preserveAspectRatio")));
-    const QRectF painted = DIO_fitTransform(box, frame, fit).mapRect(box) & frame;
-    _writer->serverPath(DIO_rectPath(painted.x(), painted.y(), painted.width(), painted.height()), picture.server,
-                        extras);
+    const QRectF whole = DIO_fitTransform(box, frame, fit).mapRect(box);
+    // What a picture that fills its frame has too much of is cut off.
+    constexpr double kNothing = 1e-9;
+    const double slack = kNothing * std::max(frame.width(), frame.height());
+    const bool reachesOut = !frame.adjusted(-slack, -slack, slack, slack).contains(whole);
+    _writer->beginGroup(extras.transform);
+    if (reachesOut)
+        _writer->clipTo(frame);
+    _writer->serverPath(DIO_rectPath(whole.x(), whole.y(), whole.width(), whole.height()), picture.server,
+                        {{}, extras.opacity});
+    if (reachesOut)
+        _writer->mark(DIO_SvgMark::Command::CLIP_POP);
+    _writer->endGroup();
 }
 
 std::optional<QColor> DIO_SvgWalk::averageOf(const DIO_XmlNode& pattern)

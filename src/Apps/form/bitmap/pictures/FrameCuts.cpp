@@ -105,6 +105,11 @@ FrameCuts::FrameCuts(const PixelPlane<int>& labels)
         _cut[static_cast<std::size_t>(side)] = cutsAlong(SideView(labels, side));
 }
 
+void FrameCuts::endAt(FrameSide side)
+{
+    std::ranges::fill(_cut[static_cast<std::size_t>(side)], char(0));
+}
+
 bool FrameCuts::isCutAllAround() const
 {
     return std::ranges::all_of(_cut, [](const std::vector<char>& side) {

@@ -28,6 +28,9 @@ public:
     /// @param labels labels of regions; negative for uncovered pixels
     explicit FrameCuts(const PixelPlane<int>& labels);
 
+    /// Notes that the picture ends inside the drawing on a side: nothing continues there.
+    void endAt(FrameSide side);
+
     /// @param place the place along the side, from the left or the top
     bool isCut(FrameSide side, int place) const { return along(side)[static_cast<std::size_t>(place)] != 0; }
     /// Whether the whole border is covered and the drawing continues outside all of it.
