@@ -46,6 +46,17 @@ TEST_F(LayeredFiles, AnOpenRasterFileIsADrawingAndAScene)
     EXPECT_EQ(quarvel("import krita.ora").exitCode, 0);
 }
 
+TEST_F(LayeredFiles, ComeThroughStandardInputToo)
+{
+    for (const char* const name : {"krita.ora", "krita.kra", "agpsd.psd", "agpsd.psb"}) {
+        fetch(name);
+        ASSERT_EQ(quarvel(QStringList{"normalmap", name, "-o", "file.png"}).exitCode, 0) << name;
+        const Outcome outcome = piped(name, "normalmap - -o pipe.png");
+        ASSERT_EQ(outcome.exitCode, 0) << name << ": " << outcome.messages;
+        EXPECT_EQ(read("pipe.png").width(), read("file.png").width()) << name;
+    }
+}
+
 TEST_F(LayeredFiles, WhatIsDamagedLeavesNothingBehind)
 {
     fetch("krita.ora");

@@ -65,6 +65,16 @@ TEST_F(LottieArchive, IsReadLikeItsDocument)
     }
 }
 
+TEST_F(LottieArchive, ComesThroughStandardInputToo)
+{
+    writeArchive("a.lottie", {{"manifest.json", R"({"animations": [{"id": "bounce"}]})"},
+                              {"animations/bounce.json", animation("Ball")}});
+    const Outcome outcome = piped("a.lottie", "import - -o a.scene");
+    ASSERT_EQ(outcome.exitCode, 0) << outcome.messages;
+    EXPECT_THAT(quarvel("inspect a.scene").output, HasSubstr("Ball"));
+    EXPECT_THAT(piped("a.lottie", "normalmap - -o a.png").messages, HasSubstr("standard input: this is an animation"));
+}
+
 TEST_F(LottieArchive, OfSeveralAnimationsTheFirstOfTheManifestIsReadAndTheOthersAreNamed)
 {
     const Outcome outcome =

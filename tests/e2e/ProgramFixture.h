@@ -46,10 +46,13 @@ protected:
         return file.readAll();
     }
 
-    Outcome run(const QString& program, const QStringList& words) const
+    /// @param input the file that comes through standard input; none when it is empty
+    Outcome run(const QString& program, const QStringList& words, const QString& input = {}) const
     {
         QProcess process;
         process.setWorkingDirectory(_folder.path());
+        if (!input.isEmpty())
+            process.setStandardInputFile(input);
         process.start(program, words);
         EXPECT_TRUE(process.waitForFinished(120'000)) << process.errorString().toStdString();
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
@@ -61,6 +64,11 @@ protected:
     /// The words apart by single spaces.
     Outcome quarvel(const QString& words) const { return quarvel(words.split(QLatin1Char(' '))); }
     Outcome quarvel(const char* words) const { return quarvel(QString::fromUtf8(words)); }
+    /// With a file of the folder at standard input.
+    Outcome piped(const char* file, const char* words) const
+    {
+        return run(QStringLiteral(QUARVEL_PROGRAM), QString::fromUtf8(words).split(QLatin1Char(' ')), path(file));
+    }
 
     IIO_Picture read(const char* name) const
     {

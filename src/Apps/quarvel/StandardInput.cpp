@@ -31,8 +31,34 @@ UT_Result<QByteArray> readAll()
     return bytes;
 }
 
+// Zip archives: files with layers say near their beginning what they are.
+QString suffixOfArchive(const QByteArray& bytes)
+{
+    const QByteArray begin = bytes.left(128);
+    if (begin.contains("image/openraster"))
+        return QStringLiteral("ora");
+    if (begin.contains("application/x-krita"))
+        return QStringLiteral("kra");
+    return QStringLiteral("lottie");
+}
+
+// Kinds with bytes of their own at their beginning that no image reader knows; else nothing.
+QString suffixOfLayered(const QByteArray& bytes)
+{
+    constexpr qsizetype kPsdVersion = 5;
+    if (bytes.startsWith("PK\x03\x04"))
+        return suffixOfArchive(bytes);
+    if (bytes.startsWith("8BPS"))
+        return bytes.mid(kPsdVersion, 1) == "\x02" ? QStringLiteral("psb") : QStringLiteral("psd");
+    if (bytes.mid(4, 2) == "\xE0\xA5")
+        return QStringLiteral("aseprite");
+    return {};
+}
+
 QString suffixOf(QByteArray& bytes)
 {
+    if (const QString layered = suffixOfLayered(bytes); !layered.isEmpty())
+        return layered;
     const QByteArray begin = bytes.left(4096).trimmed();
     if (begin.startsWith('<') || begin.startsWith("\xEF\xBB\xBF<"))
         return QStringLiteral("svg");
