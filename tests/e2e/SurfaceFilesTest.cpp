@@ -186,13 +186,38 @@ TEST_F(SurfaceFiles, OfASceneAreThoseOfTheDrawing)
     EXPECT_TRUE(read("map.exr").channels().contains(QStringLiteral("object.id")));
 }
 
-TEST_F(SurfaceFiles, OfASceneWithIntegersNeedOneRangeForAllFrames)
+TEST_F(SurfaceFiles, OfASceneWithIntegersHaveOneRangeForAllFrames)
+{
+    // The second frame has the drawing at half its size, which is half as high.
+    write("f_1.svg", bytes("two.svg"));
+    QByteArray small = bytes("two.svg");
+    const auto end = small.indexOf('>') + 1;
+    write("f_2.svg", small.insert(end, "<g transform='scale(0.5)'>").replace("</svg>", "</g></svg>"));
+    ASSERT_EQ(quarvel("import f_1.svg f_2.svg -o two.scene --objects one").exitCode, 0);
+    const QString words = QStringLiteral("render two.scene --resolution 72x72 --height %1.#.%2");
+    const Outcome coded = quarvel(words.arg("h", "png"));
+    ASSERT_EQ(coded.exitCode, 0) << coded.messages;
+    EXPECT_THAT(coded.output, HasSubstr("pixels in all frames; --height-range says so to other runs"));
+    ASSERT_EQ(quarvel(words.arg("f", "exr")).exitCode, 0);
+    const IIO_Picture heights[] = {read("f.1.exr"), read("f.2.exr")};
+    const IIO_Picture codes[] = {read("h.1.png"), read("h.2.png")};
+    float most = 0.0F;
+    for (const IIO_Picture& frame : heights)
+        for (int y = 0; y < 72; ++y)
+            most = std::max(most, std::ranges::max(frame.row<float>(y)));
+    for (const int frame : {0, 1})
+        for (int y = 0; y < 72; ++y)
+            for (std::size_t x = 0; x < 72; ++x)
+                ASSERT_NEAR(codes[frame].row<U16>(y)[x], heights[frame].row<float>(y)[x] / most * 65535.0F, 1.0F);
+}
+
+TEST_F(SurfaceFiles, PartsOfARunNeedTheRangeToBeSaid)
 {
     ASSERT_EQ(quarvel("import two.svg -o two.scene").exitCode, 0);
-    const Outcome outcome = quarvel("render two.scene --height h.png");
+    const Outcome outcome = quarvel("render two.scene --height h.#.png --shard 1/2");
     EXPECT_EQ(outcome.exitCode, 2);
     EXPECT_THAT(outcome.messages, HasSubstr("--height-range"));
-    EXPECT_FALSE(exists("h.png"));
+    EXPECT_FALSE(exists("h.1.png"));
 }
 
 TEST_F(SurfaceFiles, GlossThatCannotBeReadIsSaid)

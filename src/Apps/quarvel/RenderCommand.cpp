@@ -8,6 +8,7 @@
 #include "RenderPlan.h"
 #include "Report.h"
 #include "StopSignal.h"
+#include "jobs/frames/HeightRange.h"
 #include "jobs/frames/RenderFrames.h"
 #include "jobs/frames/RenderPage.h"
 #include "jobs/frames/RenderPreview.h"
@@ -80,6 +81,21 @@ int exitCodeOf(const UT_Error& error, Report& report)
     return kFailed;
 }
 
+int renderSurface(const RenderPlan& plan, RenderFramesSettings settings, const RenderOptions& options,
+                  const QString& output, Report& report)
+{
+    if (settings.content == FrameContent::HEIGHT && plan.findsHeights) {
+        const auto range = heightRangeOf(*plan.shown, settings, stoppable());
+        if (!range)
+            return exitCodeOf(range.error(), report);
+        settings.heights = *range;
+        report.remark(QStringLiteral("%1: white is %2 pixels in all frames; --height-range says so to other runs\n")
+                          .arg(output)
+                          .arg(range->white));
+    }
+    return renderFiles(plan, settings, options, output, report);
+}
+
 int renderFilm(const RenderPlan& plan, const RenderOptions& options, Report& report)
 {
     if (options.preview.isEmpty())
@@ -138,7 +154,7 @@ int renderAll(const RenderPlan& plan, const RenderOptions& options, Report& repo
         exitCode = std::max(exitCode, renderFiles(plan, plan.drawing, options, options.drawing, report));
     for (const auto& [output, settings] : plan.surfaces)
         if (!StopSignal::came())
-            exitCode = std::max(exitCode, renderFiles(plan, settings, options, output, report));
+            exitCode = std::max(exitCode, renderSurface(plan, settings, options, output, report));
     if (!StopSignal::came())
         exitCode = std::max(exitCode, renderFilm(plan, options, report));
     if (!StopSignal::came())

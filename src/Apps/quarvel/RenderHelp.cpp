@@ -16,8 +16,8 @@ Files
                         or out/n.%d.exr; n.$F4.exr and n.<frame04>.exr mean the same. The ending says the format: .exr (OpenEXR) or .png (16 bits a channel)
       --lit FILE        also writes the lit frames: lit/n.####.png
       --drawing FILE    also writes the drawing that belongs to the maps: flat/n.####.png
-      --height FILE     also writes heights: OpenEXR files in pixels, others from black to white, which is as many pixels as
-                        --height-range H says
+      --height FILE     also writes heights: OpenEXR files in pixels, others from black to white, the highest place of all
+                        frames; --height-range H makes white H pixels instead
       --occlusion FILE  also writes ambient occlusion: ao/n.####.png
       --numbers FILE    also writes the numbers of the objects
       --gloss C=G       with --gloss-file FILE also writes masks of gloss: colour C, such as '#9aa' or all, has the gloss G,

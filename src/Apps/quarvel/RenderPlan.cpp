@@ -148,13 +148,13 @@ void warnOfMissingColours(const MO_Scene& scene, const RenderOptions& options, R
 }
 
 // A file of integers holds a range of heights, which must be the same for all frames.
-UT_Result<NM_HeightRange> heightRange(const RenderOptions& options)
+UT_Result<NM_HeightRange> givenHeightRange(const RenderOptions& options, bool isOpen)
 {
-    if (!options.heightRange && !IIO_isFloatFile(options.height))
-        return UT_Error{
-            QStringLiteral("say with --height-range how many pixels white is in %1, the same for all frames, "
-                           "or write .exr, which holds heights in pixels")
-                .arg(options.height)};
+    if (isOpen && options.shard.second > 1)
+        return UT_Error{QStringLiteral("say with --height-range how many pixels white is in %1, because the parts of a "
+                                       "run do not know each other's heights, or write .exr, which holds heights in "
+                                       "pixels")
+                            .arg(options.height)};
     return NM_HeightRange{.black = 0.0, .white = options.heightRange.value_or(0.0)};
 }
 
@@ -178,7 +178,8 @@ UT_Result<void> planSurfaces(const RenderOptions& options, RenderPlan& plan)
         settings.roughness = target && target->beside.roughness;
         if (content == FrameContent::HEIGHT) {
             settings.picture.form.bits = options.form.bits.value_or(16);
-            const auto range = heightRange(options);
+            plan.findsHeights = !options.heightRange && !IIO_isFloatFile(options.height);
+            const auto range = givenHeightRange(options, plan.findsHeights);
             if (!range)
                 return range.error();
             settings.heights = *range;

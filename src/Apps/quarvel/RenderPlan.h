@@ -21,6 +21,7 @@ struct RenderPlan
     RenderFramesSettings lit;                                       ///< for the lit frames
     RenderFramesSettings drawing;                                   ///< for the drawings
     std::vector<std::pair<QString, RenderFramesSettings>> surfaces; ///< what goes beside the maps, with the file's name
+    bool findsHeights = false; ///< the range of the heights is that of all frames, which the run has to find first
     double framesPerSecond = MO_Scene::kUsualFrameRate;
 };
 

@@ -1,0 +1,35 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The range that holds the ranges of all frames.
+#include "jobs/frames/HeightRange.h"
+
+#include "jobs/frames/FramesInOrder.h"
+#include "jobs/shown/SurfacePictures.h"
+
+#include <algorithm>
+
+UT_Result<NM_HeightRange> heightRangeOf(const ShownModule& shown, const RenderFramesSettings& settings,
+                                        const RenderFramesWatcher& watcher)
+{
+    const auto goOn = [&](double) { return !(watcher.stop && watcher.stop()); };
+    const auto rangeOfFrame = [&](int frame) -> UT_Result<NM_HeightRange> {
+        const auto rendered = shown.render(frame, settings.parameters, surfaceParts(), goOn);
+        if (!rendered)
+            return rendered.error();
+        const auto heights = heightPicture(*rendered);
+        if (!heights)
+            return heights.error();
+        return NM_rangeOf(*heights);
+    };
+    NM_HeightRange all;
+    const auto widen = [&](const NM_HeightRange& frame) -> UT_Result<void> {
+        all.black = std::min(all.black, frame.black);
+        all.white = std::max(all.white, frame.white);
+        return {};
+    };
+    if (const UT_Result<void> seen = framesInOrder<NM_HeightRange>(
+            settings.frames, settings.atOnce, QStringLiteral("the heights"), rangeOfFrame, widen, watcher);
+        !seen)
+        return seen.error();
+    return all;
+}
