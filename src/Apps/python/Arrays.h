@@ -12,11 +12,18 @@
 
 #include <pybind11/numpy.h>
 
+#include <optional>
+
 /// The layers of a rendered drawing or frame, as Python sees them.
 struct Maps
 {
     IIO_Picture layers; ///< N.X N.Y N.Z elevation.Y coverage.A
     QStringList warnings;
+    // Where they are asked for, each with the channel Y; floats.
+    std::optional<IIO_Picture> height = {};
+    std::optional<IIO_Picture> occlusion = {};
+    std::optional<IIO_Picture> numbers = {};
+    std::optional<IIO_Picture> gloss = {};
 };
 
 /// The layers of a frame that was rendered with its elevation.

@@ -4,9 +4,13 @@
 #include "Arrays.h"
 #include "Library.h"
 #include "QuarvelDrawingIO/DIO_BitmapReader.h"
+#include "QuarvelNormalMap/NM_MaskPicture.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
+#include "Surfaces.h"
+#include "jobs/drawing/GlossJob.h"
 #include "jobs/drawing/NormalMapJob.h"
 #include "jobs/drawing/ReadDrawing.h"
+#include "jobs/frames/SurfaceFrames.h"
 
 #include <pybind11/pybind11.h>
 #include <pybind11/stl.h>
@@ -18,6 +22,9 @@
 namespace py = pybind11;
 
 namespace {
+
+using Also = std::vector<std::string>;
+using Gloss = std::map<std::string, double>;
 
 /// vallorin.Error
 class PythonError : public std::runtime_error
@@ -65,16 +72,46 @@ FormSettings formOf(const std::string& objects, const std::string& shape, double
             .volume = volume};
 }
 
-Maps mapsOf(const ReadDrawing& read, const NormalMapSettings& settings)
+UT_Result<Maps> mapsOfFrame(const ShownFrame& frame, const SurfaceWishes& wishes, const QStringList& warnings)
 {
-    const auto work = [&]() -> UT_Result<IIO_Picture> {
-        const auto frame = renderNormalMap(read.drawing, settings, {.elevation = true});
+    UT_Result<IIO_Picture> layers = layersOf(frame);
+    if (!layers)
+        return layers.error();
+    Maps maps{std::move(*layers), warnings};
+    if (const auto added = addSurfaces(maps, frame, wishes); !added)
+        return added.error();
+    return maps;
+}
+
+UT_Result<void> addGlossOf(const ReadDrawing& read, const NormalMapSettings& settings, const GlossSettings& gloss,
+                           const Math::Box2di& window, Maps& maps)
+{
+    const auto painted = renderGloss(read.drawing, settings, gloss);
+    if (!painted)
+        return painted.error();
+    auto picture = NM_greyMaskPicture(*painted->picture, window, IIO_SampleType::FLOAT, false, 0);
+    if (!picture)
+        return picture.error();
+    maps.gloss = std::move(*picture);
+    for (const QColor& colour : painted->missing)
+        maps.warnings << QStringLiteral("no place has the colour %1 of gloss").arg(colour.name());
+    return {};
+}
+
+Maps mapsOf(const ReadDrawing& read, const NormalMapSettings& settings, const SurfaceWishes& wishes)
+{
+    const auto work = [&]() -> UT_Result<Maps> {
+        const auto frame = renderNormalMap(read.drawing, settings, wishes.parts());
         if (!frame)
             return frame.error();
-        return layersOf(*frame);
+        UT_Result<Maps> maps = mapsOfFrame(*frame, wishes, read.warnings);
+        if (!maps || !wishes.gloss.isAny())
+            return maps;
+        if (const auto added = addGlossOf(read, settings, wishes.gloss, frame->window, *maps); !added)
+            return added.error();
+        return maps;
     };
-    return {orRaise(UT_withinMemory(QStringLiteral("this drawing"), QStringLiteral("choose a smaller size"), work)),
-            read.warnings};
+    return orRaise(UT_withinMemory(QStringLiteral("this drawing"), QStringLiteral("choose a smaller size"), work));
 }
 
 NormalMapSettings settingsOf(const FormSettings& form, int width)
@@ -89,24 +126,26 @@ NormalMapSettings settingsOf(const FormSettings& form, int width)
 }
 
 Maps mapsOfArray(const py::array_t<std::uint8_t, py::array::c_style>& array, const std::string& objects,
-                 const std::string& shape, double volume, int width)
+                 const std::string& shape, double volume, int width, const Also& also, const Gloss& gloss)
 {
     const FormSettings form = formOf(objects, shape, volume);
     const NormalMapSettings settings = settingsOf(form, width);
+    const SurfaceWishes wishes = orRaise(surfaceWishes(also, gloss));
     const QImage image = orRaise(imageOf(array));
     const py::gil_scoped_release others;
     orRaise(startLibrary());
-    return mapsOf(chosenDrawing(DIO_bitmapDrawing(image, QStringLiteral("drawing")), form), settings);
+    return mapsOf(chosenDrawing(DIO_bitmapDrawing(image, QStringLiteral("drawing")), form), settings, wishes);
 }
 
 Maps mapsOfFile(const std::filesystem::path& path, const std::string& objects, const std::string& shape, double volume,
-                int width)
+                int width, const Also& also, const Gloss& gloss)
 {
     const FormSettings form = formOf(objects, shape, volume);
     const NormalMapSettings settings = settingsOf(form, width);
+    const SurfaceWishes wishes = orRaise(surfaceWishes(also, gloss));
     const py::gil_scoped_release others;
     orRaise(startLibrary());
-    return mapsOf(orRaise(readDrawing(QString::fromStdString(path.string()), form)), settings);
+    return mapsOf(orRaise(readDrawing(QString::fromStdString(path.string()), form)), settings, wishes);
 }
 
 /// vallorin.Scene
@@ -124,17 +163,23 @@ public:
     int lastFrame() const { return _loaded.scene->lastFrame(); }
     const QStringList& warnings() const { return _loaded.warnings; }
 
-    std::vector<Maps> render(const py::iterable& frames, int width) const
+    std::vector<Maps> render(const py::iterable& frames, int width, const Also& also, const Gloss& gloss) const
     {
         std::vector<int> numbers;
         for (const py::handle& frame : frames)
             numbers.push_back(frame.cast<int>());
         if (width < 1)
             throw PythonError({QStringLiteral("width takes a number of pixels, not %1").arg(width)});
+        const SurfaceWishes wishes = orRaise(surfaceWishes(also, gloss));
         const py::gil_scoped_release others;
+        const RenderFramesSettings settings = settingsFor(width, wishes);
+        const SurfaceFrames greys(*_shown, settings);
         std::vector<Maps> maps;
-        for (const int frame : numbers)
-            maps.push_back({orRaise(renderFrame(frame, width)), {}});
+        for (const int frame : numbers) {
+            maps.push_back(orRaise(renderFrame(frame, settings.parameters, wishes)));
+            if (wishes.gloss.isAny())
+                maps.back().gloss = orRaise(greys.render(frame, {}));
+        }
         return maps;
     }
 
@@ -147,25 +192,44 @@ private:
         _shown = std::make_unique<ShownModule>(*shown);
     }
 
-    UT_Result<IIO_Picture> renderFrame(int frame, int width) const
+    // Of a run whose pictures are gloss, where that is wanted.
+    RenderFramesSettings settingsFor(int width, const SurfaceWishes& wishes) const
+    {
+        const double height = width * _loaded.scene->frameHeight() / MO_SceneCommon::kFrameWidth;
+        RenderFramesSettings settings;
+        settings.parameters = {RD_RenderParameters::IMAGE_PROCESSING_16BIT,
+                               {width, std::max(1, static_cast<int>(std::lround(height)))}};
+        settings.picture.floatFile = true;
+        settings.content = wishes.gloss.isAny() ? FrameContent::GLOSS : FrameContent::PICTURE;
+        settings.gloss = wishes.gloss;
+        return settings;
+    }
+
+    UT_Result<Maps> renderFrame(int frame, const RD_RenderParameters& parameters, const SurfaceWishes& wishes) const
     {
         if (frame < firstFrame() || frame > lastFrame())
             return UT_Error{QStringLiteral("the scene's frames are %1 to %2, and %3 is none of them")
                                 .arg(firstFrame())
                                 .arg(lastFrame())
                                 .arg(frame)};
-        const double height = width * _loaded.scene->frameHeight() / MO_SceneCommon::kFrameWidth;
-        const RD_RenderParameters parameters{RD_RenderParameters::IMAGE_PROCESSING_16BIT,
-                                             {width, std::max(1, static_cast<int>(std::lround(height)))}};
-        const auto rendered = _shown->render(frame, parameters, {.elevation = true});
+        const auto rendered = _shown->render(frame, parameters, wishes.parts());
         if (!rendered)
             return rendered.error();
-        return layersOf(*rendered);
+        return mapsOfFrame(*rendered, wishes, {});
     }
 
     SIO_LoadedScene _loaded;
     std::unique_ptr<ShownModule> _shown;
 };
+
+// A picture that was asked for.
+py::array_t<float> askedFor(const std::optional<IIO_Picture>& picture, const char* what, const char* how)
+{
+    if (!picture)
+        throw PythonError({QStringLiteral("there is no %1: ask for it with %2")
+                               .arg(QString::fromLatin1(what), QString::fromLatin1(how))});
+    return channelsOf(*picture, 0, 1);
+}
 
 std::vector<std::string> texts(const QStringList& list)
 {
@@ -185,16 +249,29 @@ PYBIND11_MODULE(_vallorin, module)
         .def_property_readonly("normals", [](const Maps& maps) { return channelsOf(maps.layers, 0, 3); })
         .def_property_readonly("elevation", [](const Maps& maps) { return channelsOf(maps.layers, 3, 1); })
         .def_property_readonly("coverage", [](const Maps& maps) { return channelsOf(maps.layers, 4, 1); })
+        .def_property_readonly("height",
+                               [](const Maps& maps) { return askedFor(maps.height, "height", "also=[\"height\"]"); })
+        .def_property_readonly(
+            "occlusion", [](const Maps& maps) { return askedFor(maps.occlusion, "occlusion", "also=[\"occlusion\"]"); })
+        .def_property_readonly(
+            "numbers",
+            [](const Maps& maps) {
+                return askedFor(maps.numbers, "numbers", "also=[\"numbers\"]").attr("astype")("int32");
+            })
+        .def_property_readonly("gloss",
+                               [](const Maps& maps) { return askedFor(maps.gloss, "gloss", "gloss={\"#9aa\": 0.8}"); })
         .def_property_readonly("warnings", [](const Maps& maps) { return texts(maps.warnings); });
     py::class_<Scene>(module, "Scene")
         .def_static("open", &Scene::open, py::arg("folder"))
         .def_property_readonly("first_frame", &Scene::firstFrame)
         .def_property_readonly("last_frame", &Scene::lastFrame)
         .def_property_readonly("warnings", [](const Scene& scene) { return texts(scene.warnings()); })
-        .def("render", &Scene::render, py::arg("frames"), py::kw_only(), py::arg("width") = 1920);
+        .def("render", &Scene::render, py::arg("frames"), py::kw_only(), py::arg("width") = 1920,
+             py::arg("also") = Also(), py::arg("gloss") = Gloss());
     const auto define = [&](auto function) {
         module.def("normal_map", function, py::arg("drawing"), py::kw_only(), py::arg("objects") = "auto",
-                   py::arg("shape") = "auto", py::arg("volume") = 1.0, py::arg("width") = 0);
+                   py::arg("shape") = "auto", py::arg("volume") = 1.0, py::arg("width") = 0, py::arg("also") = Also(),
+                   py::arg("gloss") = Gloss());
     };
     define(&mapsOfFile);
     define(&mapsOfArray);

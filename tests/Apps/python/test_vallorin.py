@@ -64,6 +64,27 @@ class NormalMap(unittest.TestCase):
             file.write_bytes(b"P6 64 64 255\n" + rgba[..., :3].tobytes())
             np.testing.assert_array_equal(vallorin.normal_map(file).normals, vallorin.normal_map(rgba).normals)
 
+    def test_what_is_asked_for_beside_the_normals_is_there(self):
+        maps = vallorin.normal_map(disc(), also=["height", "occlusion", "numbers"], gloss={"#c82828": 0.75})
+        for array in (maps.height, maps.occlusion, maps.numbers, maps.gloss):
+            self.assertEqual(array.shape, (64, 64))
+        self.assertEqual(maps.numbers.dtype, np.int32)
+        self.assertEqual((maps.numbers[32, 32], maps.numbers[0, 0]), (1, 0))
+        self.assertEqual(maps.height[0, 0], 0)
+        self.assertGreater(maps.height[32, 32], 1, "in pixels")
+        self.assertEqual(maps.height.argmax() // 64 // 8, 3, "the highest place is the middle")
+        self.assertEqual(maps.occlusion[32, 32], 1, "nothing is higher")
+        self.assertAlmostEqual(maps.gloss[32, 32], 0.75, delta=1 / 255)
+
+    def test_what_was_not_asked_for_says_how_to(self):
+        with self.assertRaisesRegex(vallorin.Error, r'there is no height: ask for it with also=\["height"\]'):
+            vallorin.normal_map(disc()).height
+        with self.assertRaisesRegex(vallorin.Error, 'also takes height, occlusion, numbers, not "depth"'):
+            vallorin.normal_map(disc(), also=["depth"])
+        with self.assertRaisesRegex(vallorin.Error, "gloss takes 0 to 1 for a colour, not 2"):
+            vallorin.normal_map(disc(), gloss={"#fff": 2})
+        self.assertRegex(vallorin.normal_map(disc(), gloss={"#123456": 1}).warnings[0], "#123456")
+
     def test_errors_have_the_words_of_the_command_line(self):
         with self.assertRaisesRegex(vallorin.Error, "there is no such file"):
             vallorin.normal_map("/nowhere/hero.png")
@@ -104,6 +125,13 @@ class Scene(unittest.TestCase):
         self.assertEqual(maps.normals.shape[1], 96)
         np.testing.assert_allclose(np.linalg.norm(maps.normals, axis=2), 1, atol=1e-3)
         self.assertGreater(maps.elevation.max(), 0.1)
+
+    def test_frames_have_what_is_asked_for_too(self):
+        (maps,) = vallorin.Scene.open(self.path).render([1], width=96, also=["height", "numbers"], gloss={"all": 1})
+        drawing = vallorin.normal_map(EXAMPLES / "hero.svg", width=96, also=["height", "numbers"], gloss={"all": 1})
+        np.testing.assert_allclose(maps.height, drawing.height, atol=0.01)
+        np.testing.assert_array_equal(maps.numbers, drawing.numbers)
+        np.testing.assert_array_equal(maps.gloss, drawing.gloss)
 
     def test_what_is_no_frame_or_no_scene_is_an_error(self):
         with self.assertRaisesRegex(vallorin.Error, "the scene's frames are 1 to 1, and 7 is none of them"):
