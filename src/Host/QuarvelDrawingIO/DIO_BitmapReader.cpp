@@ -23,6 +23,16 @@ UT_Error problem(const QString& path, const QString& what)
     return {path + QStringLiteral(": ") + what};
 }
 
+// Of TIFF files there are kinds that Qt's reader refuses; nothing tells them from damaged ones.
+UT_Error unreadable(const QString& path, const QImageReader& reader)
+{
+    if (reader.format() == "tiff")
+        return problem(path,
+                       QStringLiteral("the TIFF file is damaged, or of a kind that is not read, such as 16 bits a "
+                                      "channel in tiles or in CMYK; save it as RGB in strips, or as PNG"));
+    return problem(path, QStringLiteral("the picture is damaged: %1").arg(reader.errorString()));
+}
+
 bool isTooLarge(const QSize& size)
 {
     return qint64{size.width()} * size.height() > DIO_mostPixels();
@@ -70,13 +80,14 @@ UT_Result<QImage> DIO_readImage(const QString& path, QStringList& warnings)
                                            : QStringLiteral("there is no such file"));
     if (!isBitmapFormat(reader.format()))
         return problem(path, QStringLiteral("the contents are no picture of a known kind; is the file whole?"));
+    // Asked first: once the reader of TIFF files has looked into one, it counts no more.
+    const int count = reader.imageCount();
     const QSize size = reader.size();
     if (size.isValid() && isTooLarge(size))
         return tooLarge(path, size);
-    const int count = reader.imageCount();
     const QImage image = reader.read();
     if (image.isNull())
-        return problem(path, QStringLiteral("the picture is damaged: %1").arg(reader.errorString()));
+        return unreadable(path, reader);
     if (isTooLarge(image.size()))
         return tooLarge(path, image.size());
     if (count > 1)
