@@ -1,70 +1,20 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Each band of rows keeps the owners of three rows: of the row itself and of those beside it, for pixels at outlines.
+// Turns the pixels that an object owns, one by one, in double precision.
 #include "jobs/shown/ObjectTilts.h"
 
 #include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelCelCore/CEL_WithFormat.h"
-#include "QuarvelNormalMap/NM_Direction.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/graph/MO_Port.h"
-#include "QuarvelVectorLanes/VL_ParallelFor.h"
+#include "jobs/shown/PixelOwners.h"
+#include "jobs/shown/SurfacePixel.h"
 #include "jobs/shown/VisibleDrawing.h"
 
-#include <algorithm>
 #include <cmath>
 #include <numbers>
 
 namespace {
-
-constexpr int kNobody = -1;
-
-// The index of the input that owns each pixel of a row.
-using Owners = std::vector<int>;
-
-void findOwners(const ShownInputs& inputs, const Math::Box2di& rect, int y, Owners& owners)
-{
-    std::ranges::fill(owners, kNobody);
-    for (std::size_t i = 0; i < inputs.size(); ++i) {
-        const CoverageBits& coverage = inputs[i].coverage;
-        const Math::Box2di known = coverage.rect().getIntersection(rect);
-        if (known.isEmpty() || y < known.y1 || y >= known.y2)
-            continue;
-        // A cut-out removes what lies below it.
-        const int owner = inputs[i].number == 0 ? kNobody : static_cast<int>(i);
-        for (int x = known.x1; x < known.x2; ++x)
-            if (coverage.covers(x, y))
-                owners[static_cast<std::size_t>(x - rect.x1)] = owner;
-    }
-}
-
-// The owner of a pixel, or the highest one around it.
-int ownerNear(const std::array<Owners, 3>& rows, std::size_t x)
-{
-    if (rows[1][x] != kNobody)
-        return rows[1][x];
-    int highest = kNobody;
-    for (const Owners& row : rows)
-        for (std::size_t near = x > 0 ? x - 1 : 0; near < std::min(x + 2, row.size()); ++near)
-            highest = std::max(highest, row[near]);
-    return highest;
-}
-
-template<typename Pixel>
-void store(const std::array<double, 3>& normal, Pixel& pixel)
-{
-    using Traits = CEL_PixelTraits<Pixel>;
-    using Channel = typename Traits::Channel;
-    const auto channel = [](double component) {
-        const double value = (component + 1.0) / 2.0 * static_cast<double>(Traits::kFull);
-        if constexpr (std::is_integral_v<Channel>)
-            return static_cast<Channel>(std::lround(value));
-        else
-            return static_cast<Channel>(value);
-    };
-    pixel.r = channel(normal[0]);
-    pixel.g = channel(normal[1]);
-}
 
 template<typename Pixel>
 void turn(const Rotation& rotation, Pixel& pixel)
@@ -74,7 +24,8 @@ void turn(const Rotation& rotation, Pixel& pixel)
         return;
     const Math::Vector3d normal = NM_directionOf(pixel);
     // The sign of blue is that of the elevation here, not of z: all surfaces of a drawing face the viewer.
-    store(rotation.turned({normal.x, normal.y, std::abs(normal.z)}), pixel);
+    const auto [x, y, z] = rotation.turned({normal.x, normal.y, std::abs(normal.z)});
+    storeDirection({x, y, z}, pixel);
 }
 
 } // namespace
@@ -123,25 +74,9 @@ void ObjectTilts::apply(CEL_PixmapArea& picture, const ShownInputs& inputs) cons
         rotations.push_back(found == _byInput.end() ? nullptr : &found->second);
     }
     CEL_withFormat(picture, [&](auto& pixels) {
-        const Math::Box2di& rect = pixels.allocatedRect();
-        if (rect.isEmpty())
-            return;
-        constexpr int kBand = 64;
-        VL_parallelFor(tbb::blocked_range<int>(rect.y1, rect.y2, kBand), [&](const tbb::blocked_range<int>& band) {
-            std::array<Owners, 3> rows;
-            for (Owners& row : rows)
-                row.resize(static_cast<std::size_t>(rect.width()));
-            findOwners(inputs, rect, band.begin() - 1, rows[1]);
-            findOwners(inputs, rect, band.begin(), rows[2]);
-            for (int y = band.begin(); y < band.end(); ++y) {
-                std::ranges::rotate(rows, rows.begin() + 1);
-                findOwners(inputs, rect, y + 1, rows[2]);
-                const auto row = pixels.row(y);
-                for (std::size_t x = 0; x < row.size(); ++x)
-                    if (const int owner = ownerNear(rows, x);
-                        owner != kNobody && rotations[static_cast<std::size_t>(owner)])
-                        turn(*rotations[static_cast<std::size_t>(owner)], row[x]);
-            }
+        forOwnedPixels(pixels, inputs, [&](auto& pixel, std::size_t owner, int, int) {
+            if (rotations[owner])
+                turn(*rotations[owner], pixel);
         });
     });
 }

@@ -43,8 +43,7 @@ public:
     /// Whether any object is tilted.
     bool any() const { return !_byInput.empty(); }
 
-    /// Turns the normals of a picture. A pixel belongs to the highest input that covers half of it or more; a pixel at
-    /// an outline that none covers so far, to the highest one beside it. Blue and alpha stay as they are.
+    /// Turns the normals of the pixels that tilted inputs own (PixelOwners.h). Blue and alpha stay as they are.
     ///
     /// @param inputs of the same frame, in the same coordinates
     void apply(CEL_PixmapArea& picture, const ShownInputs& inputs) const;
