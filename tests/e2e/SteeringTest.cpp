@@ -81,14 +81,15 @@ TEST_F(Steering, SetsWhatStandsInDefinitionsToo)
 
 TEST_F(Steering, IsListedForTheObjectsOfASceneAsForADrawing)
 {
-    ASSERT_EQ(quarvel("import plain.svg --object head:bevel=20:elevation=0.5:smoothness=2:tilt=5,6").exitCode, 0);
+    ASSERT_EQ(quarvel("import plain.svg --object head:bevel=20:elevation=0.5:smoothness=2:tilt=5,6:rim=3,0.8").exitCode,
+              0);
     ASSERT_EQ(quarvel("set plain.scene --object foot:cutout").exitCode, 0);
     const QStringList lines =
         quarvel("inspect plain.scene").text().section(QStringLiteral("objects at frame 1\n"), 1).split(u'\n');
     ASSERT_GE(lines.size(), 3);
-    EXPECT_EQ(lines[0].simplified(), QStringLiteral("number name bevel elevation smoothness tilt"));
+    EXPECT_EQ(lines[0].simplified(), QStringLiteral("number name bevel elevation smoothness tilt rim"));
     EXPECT_EQ(lines[1].simplified(), QStringLiteral("0 Foot cuts out"));
-    EXPECT_EQ(lines[2].simplified(), QStringLiteral("2 Head 20 0.5 2 5,6"));
+    EXPECT_EQ(lines[2].simplified(), QStringLiteral("2 Head 20 0.5 2 5,6 3,0.8"));
     EXPECT_THAT(quarvel("inspect plain.scene --json").output,
                 AllOf(HasSubstr(R"("definition": "Head-Definition")"), HasSubstr(R"("smoothness": 2)")));
 }

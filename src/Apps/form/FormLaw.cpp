@@ -27,10 +27,6 @@ constexpr Profile kRound{3.4, 1.575, 3.2};
 constexpr double kRoundFrom = 0.85;
 constexpr double kRoundTo = 0.93;
 
-// The elevation of objects without volume: the smallest that the node tells from 0. The node treats an object of
-// elevation 0 as empty.
-constexpr double kNoElevation = 1e-4;
-
 Profile between(const Profile& a, const Profile& b, double t)
 {
     const auto mix = [t](double from, double to) { return from + t * (to - from); };

@@ -102,6 +102,7 @@ Objects, numbered from the lowest, 1 up, and their form
                           hidden         leaves it out
                           tilt=X,Y       faces X degrees to the right and Y degrees upwards instead of at the viewer (0,0);
                                          below 0 to the left and down
+                          rim=B[,H]      a second, narrow bevel at its outline: B wide, and H times as high (1)
       --level C=L       the level of a colour, from 0 (carves) to 255 (adds, the default for every colour);
                         C is a colour such as '#1b1b1b', or all
 

@@ -33,6 +33,14 @@ const AT_DoubleAttrMeta kTiltYMeta(QStringLiteral("TiltY"),
                                    QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Tilt Upwards")),
                                    QStringLiteral("DBL_STEP_ANGLE"), -90.0, 90.0, -60.0, 60.0, 1.0);
 
+constexpr double kWidestRim = 720.0;
+const AT_DoubleAttrMeta kRimBevelMeta(QStringLiteral("RimBevel"),
+                                      QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Rim Bevel")),
+                                      QStringLiteral("DBL_STEP_BEVEL"), 0.0, kWidestRim, 0.0, 40.0, 1.0);
+const AT_DoubleAttrMeta kRimHeightMeta(QStringLiteral("RimHeight"),
+                                       QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Rim Height")),
+                                       QStringLiteral("DBL_STEP_RIM"), 0.0, 10.0, 0.0, 2.0, 0.1);
+
 const QString kAttributeChosenForm = QStringLiteral("chosenForm");
 
 // Its presence says that an object is switched off.
@@ -72,6 +80,8 @@ ObjectDefinition::ObjectDefinition()
     , _objectEnabled(new AT_BoolAttr(kEnabledMeta, true))
     , _tiltX(new AT_DoubleAttr(kTiltXMeta, nullptr, AT_DoubleAttr::LINKABLE, 0.0, QString()))
     , _tiltY(new AT_DoubleAttr(kTiltYMeta, nullptr, AT_DoubleAttr::LINKABLE, 0.0, QString()))
+    , _rimBevel(new AT_DoubleAttr(kRimBevelMeta, nullptr, AT_DoubleAttr::LINKABLE, 0.0, QString()))
+    , _rimHeight(new AT_DoubleAttr(kRimHeightMeta, nullptr, AT_DoubleAttr::LINKABLE, kRimHeight, QString()))
 {
     registerAttr(_objectNumber);
     registerAttr(_objectLevel);
@@ -79,6 +89,8 @@ ObjectDefinition::ObjectDefinition()
     registerAttr(_objectEnabled);
     registerAttr(_tiltX);
     registerAttr(_tiltY);
+    registerAttr(_rimBevel);
+    registerAttr(_rimHeight);
     addInImagePort();
 }
 

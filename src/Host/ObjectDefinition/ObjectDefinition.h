@@ -20,8 +20,10 @@ class AT_IntAttr;
 /// Defines an object. Its attributes: "ObjectNumber" (integer, 1 by default; 0 makes a cut-out; animatable),
 /// "ObjectLevel" (0 to 1, 1 by default; animatable), "ScaleByCoverage" (off by default), "ObjectEnabled" (on by
 /// default), "TiltX" and "TiltY" (degrees, -90 to 90, 0 by default; animatable): how far the object faces to the right
-/// and upwards instead of facing the viewer. The nodes that make volumes know nothing of the tilt; programs apply it to
-/// what they rendered.
+/// and upwards instead of facing the viewer; "RimBevel" (0 to 720, 0 by default; animatable): the width of a second
+/// bevel at the object's outline, in units of which the picture is 720 wide, 0 for none, and "RimHeight" (0 to 10,
+/// kRimHeight by default; animatable): its height in multiples of that width. The nodes that make volumes know nothing
+/// of tilts and rims; programs apply them to what they rendered.
 class OBJECTDEFINITION_EXPORT ObjectDefinition : public MO_Module
 {
 public:
@@ -42,6 +44,11 @@ public:
     AT_BoolAttr* objectEnabled() const { return _objectEnabled; }
     AT_DoubleAttr* tiltX() const { return _tiltX; }
     AT_DoubleAttr* tiltY() const { return _tiltY; }
+    AT_DoubleAttr* rimBevel() const { return _rimBevel; }
+    AT_DoubleAttr* rimHeight() const { return _rimHeight; }
+
+    /// The height of a rim for which none was given, in multiples of its bevel.
+    static constexpr double kRimHeight = 1.0;
 
     /// The form that the program chose for the object when its drawing came in, in the program's own words; empty for
     /// an object that nobody chose a form for. The node keeps it, so that the choice can be told again however the
@@ -72,4 +79,6 @@ private:
     AT_BoolAttr* _objectEnabled;
     AT_DoubleAttr* _tiltX;
     AT_DoubleAttr* _tiltY;
+    AT_DoubleAttr* _rimBevel;
+    AT_DoubleAttr* _rimHeight;
 };

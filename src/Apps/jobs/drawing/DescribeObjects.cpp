@@ -44,9 +44,15 @@ QString roleText(ObjectRole role)
     return {};
 }
 
-QString tiltText(const ObjectSettings& own)
+// The values that programs apply to the rendered object, as words.
+QString wordsOf(const ObjectSettings& own)
 {
-    return own.tilt ? QStringLiteral(", tilt=%1,%2").arg(value(own.tilt->x), value(own.tilt->y)) : QString();
+    QString words;
+    if (own.tilt)
+        words += QStringLiteral(", tilt=%1,%2").arg(value(own.tilt->x), value(own.tilt->y));
+    if (own.rim)
+        words += QStringLiteral(", rim=%1,%2").arg(value(own.rim->bevel), value(own.rim->height));
+    return words;
 }
 
 Row rowOf(std::size_t index, const ReadDrawing& read)
@@ -57,7 +63,7 @@ Row rowOf(std::size_t index, const ReadDrawing& read)
         QString::number(index + 1), object.name,
         percent(object.share),      value(form.bevel),
         value(form.elevation),      value(form.smoothness),
-        object.colours.join(u' '),  object.reason + roleText(object.role) + tiltText(read.drawing.layers[index].own)};
+        object.colours.join(u' '),  object.reason + roleText(object.role) + wordsOf(read.drawing.layers[index].own)};
 }
 
 // A text table; all cells of a column are as wide as the widest.

@@ -36,6 +36,7 @@ struct ObjectValues
     bool cutOut;
     bool hidden;
     ObjectTilt tilt;
+    ObjectRim rim;
 };
 
 ObjectValues valuesOf(int number, const LayeredDrawing::Layer& layer, const NormalMapSettings& settings)
@@ -51,7 +52,8 @@ ObjectValues valuesOf(int number, const LayeredDrawing::Layer& layer, const Norm
             own.scaleByCoverage.value_or(false),
             own.cutOut.value_or(false),
             own.hidden.value_or(false),
-            own.tilt.value_or(ObjectTilt())};
+            own.tilt.value_or(ObjectTilt()),
+            own.rim.value_or(ObjectRim{0.0, ObjectDefinition::kRimHeight})};
 }
 
 std::vector<NormalMapObject> objectTable(const LayeredDrawing& drawing, const NormalMapSettings& settings)
@@ -166,6 +168,8 @@ ObjectDefinition& addDefinition(MO_Scene& scene, const QString& layerName, int n
     definition.objectEnabled()->setLocalValue(!values.hidden);
     definition.tiltX()->setLocalValue(values.tilt.x);
     definition.tiltY()->setLocalValue(values.tilt.y);
+    definition.rimBevel()->setLocalValue(values.rim.bevel);
+    definition.rimHeight()->setLocalValue(values.rim.height);
     definition.setChosenForm(objectFormText({number, values.bevel, values.elevation, values.smoothness}));
     return definition;
 }

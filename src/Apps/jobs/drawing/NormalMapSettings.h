@@ -24,6 +24,15 @@ struct ObjectTilt
     friend bool operator==(const ObjectTilt&, const ObjectTilt&) = default;
 };
 
+/// A second, narrow bevel at an object's outline.
+struct ObjectRim
+{
+    double bevel = 0.0;  ///< in units of which the picture is 720 wide; 0: no rim
+    double height = 0.0; ///< in multiples of the bevel
+
+    friend bool operator==(const ObjectRim&, const ObjectRim&) = default;
+};
+
 /// Values set for one object; for the others, the chosen ones apply.
 struct ObjectSettings
 {
@@ -35,6 +44,7 @@ struct ObjectSettings
     std::optional<bool> cutOut;          ///< it has no volume but cuts a hole into the objects below
     std::optional<bool> hidden;          ///< it contributes nothing at all
     std::optional<ObjectTilt> tilt;      ///< where it faces
+    std::optional<ObjectRim> rim;
 };
 
 /// Values set for a drawing's objects.

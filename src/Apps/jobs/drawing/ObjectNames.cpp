@@ -27,7 +27,8 @@ ObjectSettings merged(const ObjectSettings& first, const ObjectSettings& second)
             either(first.scaleByCoverage, second.scaleByCoverage),
             either(first.cutOut, second.cutOut),
             either(first.hidden, second.hidden),
-            either(first.tilt, second.tilt)};
+            either(first.tilt, second.tilt),
+            either(first.rim, second.rim)};
 }
 
 bool isNamedBy(const QString& name, const QString& word)

@@ -3,10 +3,10 @@
 // A table of the values' names, each with the function that parses its value.
 #include "jobs/drawing/ObjectWords.h"
 
+#include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "jobs/drawing/ObjectNames.h"
 
-#include <array>
 #include <cmath>
 #include <functional>
 #include <limits>
@@ -46,22 +46,40 @@ Take truth(std::optional<bool> ObjectSettings::*member)
     };
 }
 
-// Two numbers of degrees.
+// The numbers between commas; empty if one of them is no finite number.
+std::vector<double> numbersIn(const QString& text)
+{
+    std::vector<double> numbers;
+    for (const QString& part : text.split(u',')) {
+        bool isNumber = false;
+        numbers.push_back(part.trimmed().toDouble(&isNumber));
+        if (!isNumber || !std::isfinite(numbers.back()))
+            return {};
+    }
+    return numbers;
+}
+
 bool takeTilt(ObjectSettings& object, const QString& text)
 {
     constexpr double kMost = 90.0;
-    const QStringList parts = text.split(u',');
-    if (parts.size() != 2)
+    const std::vector<double> degrees = numbersIn(text);
+    if (degrees.size() != 2 || std::abs(degrees[0]) > kMost || std::abs(degrees[1]) > kMost)
         return false;
-    std::array<double, 2> degrees{};
-    for (std::size_t i = 0; i < degrees.size(); ++i) {
-        bool isNumber = false;
-        degrees[i] = parts[static_cast<qsizetype>(i)].trimmed().toDouble(&isNumber);
-        // Written so that NaN fails.
-        if (!isNumber || !(std::abs(degrees[i]) <= kMost))
-            return false;
-    }
     object.tilt = ObjectTilt{degrees[0], degrees[1]};
+    return true;
+}
+
+// The bevel, with or without the height.
+bool takeRim(ObjectSettings& object, const QString& text)
+{
+    constexpr double kMostRim = 720.0;
+    constexpr double kMostHeight = 10.0;
+    std::vector<double> values = numbersIn(text);
+    if (values.size() == 1)
+        values.push_back(ObjectDefinition::kRimHeight);
+    if (values.size() != 2 || values[0] < 0.0 || values[0] > kMostRim || values[1] < 0.0 || values[1] > kMostHeight)
+        return false;
+    object.rim = ObjectRim{values[0], values[1]};
     return true;
 }
 
@@ -82,6 +100,8 @@ const std::vector<ObjectWord>& objectWords()
             {QStringLiteral("cutout"), yes, truth(&ObjectSettings::cutOut)},
             {QStringLiteral("hidden"), yes, truth(&ObjectSettings::hidden)},
             {QStringLiteral("tilt"), QStringLiteral("two numbers of degrees from -90 to 90 such as 30,-10"), takeTilt},
+            {QStringLiteral("rim"),
+             QStringLiteral("a bevel from 0 to 720 such as 3, and a height from 0 to 10 such as 3,0.8"), takeRim},
         };
     }();
     return table;
@@ -107,8 +127,8 @@ UT_Result<void> takeObjectWord(ObjectSettings& object, const QString& word)
     const auto equals = word.indexOf(u'=');
     const ObjectWord* const known = find(equals < 0 ? word : word.left(equals));
     if (!known)
-        return UT_Error{QStringLiteral("an object has bevel=, elevation=, smoothness=, level=, tilt=, coverage, cutout "
-                                       "and hidden, but no \"%1\"")
+        return UT_Error{QStringLiteral("an object has bevel=, elevation=, smoothness=, level=, tilt=, rim=, coverage, "
+                                       "cutout and hidden, but no \"%1\"")
                             .arg(word)};
     const QString value = equals < 0 ? QString() : word.mid(equals + 1).trimmed();
     if (!known->take(object, value))

@@ -15,6 +15,8 @@
 //     cutout         gives it no volume; it cuts a hole into the objects below
 //     hidden         leaves it out; the last three also take =yes and =no
 //     tilt=X,Y       it faces X degrees to the right and Y degrees upwards, -90 to 90; negative: to the left, down
+//     rim=B,H        a second bevel at its outline: B wide, 0 to 720, and H times as high, 0 to 10; =B alone takes
+//                    ObjectDefinition::kRimHeight
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"

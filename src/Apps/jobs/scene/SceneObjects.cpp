@@ -26,6 +26,8 @@ struct Listed
     std::optional<NormalMapObject> values; // none for cut-outs and for definitions that lead to no node
     double tiltX = 0.0;
     double tiltY = 0.0;
+    double rimBevel = 0.0;
+    double rimHeight = 0.0;
 };
 
 Listed listedFor(const ObjectDefinition& definition, double frame)
@@ -35,6 +37,8 @@ Listed listedFor(const ObjectDefinition& definition, double frame)
     object.name = object.definition = definition.instanceName();
     object.tiltX = definition.tiltX()->value(frame);
     object.tiltY = definition.tiltY()->value(frame);
+    object.rimBevel = definition.rimBevel()->value(frame);
+    object.rimHeight = definition.rimHeight()->value(frame);
     return object;
 }
 
@@ -92,7 +96,8 @@ QStringList cellsOf(const Listed& object)
         cells << value(object.values->bevel) << value(object.values->elevation) << value(object.values->smoothness);
     else
         cells << (object.number == 0 ? QStringLiteral("cuts out") : QStringLiteral("-")) << QString() << QString();
-    return cells << (tilted ? value(object.tiltX) + u',' + value(object.tiltY) : QString());
+    return cells << (tilted ? value(object.tiltX) + u',' + value(object.tiltY) : QString())
+                 << (object.rimBevel > 0.0 ? value(object.rimBevel) + u',' + value(object.rimHeight) : QString());
 }
 
 } // namespace
@@ -100,7 +105,8 @@ QStringList cellsOf(const Listed& object)
 QStringList listSceneObjects(const MO_Scene& scene)
 {
     std::vector<QStringList> rows{{QStringLiteral("number"), QStringLiteral("name"), QStringLiteral("bevel"),
-                                   QStringLiteral("elevation"), QStringLiteral("smoothness"), QStringLiteral("tilt")}};
+                                   QStringLiteral("elevation"), QStringLiteral("smoothness"), QStringLiteral("tilt"),
+                                   QStringLiteral("rim")}};
     for (const Listed& object : objectsOf(scene))
         rows.push_back(cellsOf(object));
     QStringList lines;
@@ -128,6 +134,7 @@ QJsonArray sceneObjectFields(const MO_Scene& scene)
             fields.insert(QStringLiteral("elevation"), object.values->elevation);
             fields.insert(QStringLiteral("smoothness"), object.values->smoothness);
             fields.insert(QStringLiteral("tilt"), QJsonArray{object.tiltX, object.tiltY});
+            fields.insert(QStringLiteral("rim"), QJsonArray{object.rimBevel, object.rimHeight});
         }
         all.append(fields);
     }

@@ -14,5 +14,6 @@
 /// `quarvel set SCENE --object` takes.
 QStringList listSceneObjects(const MO_Scene& scene);
 
-/// The same for scripts: number, name, definition and, where a node has them, bevel, elevation, smoothness and tilt.
+/// The same for scripts: number, name, definition and, where a node has them, bevel, elevation, smoothness, tilt and
+/// rim.
 QJsonArray sceneObjectFields(const MO_Scene& scene);

@@ -95,6 +95,10 @@ public:
             done = set(*definition.tiltX(), QString::number(said.tilt->x, 'g', 17), object.number);
         if (done && said.tilt)
             done = set(*definition.tiltY(), QString::number(said.tilt->y, 'g', 17), object.number);
+        if (done && said.rim)
+            done = set(*definition.rimBevel(), QString::number(said.rim->bevel, 'g', 17), object.number);
+        if (done && said.rim)
+            done = set(*definition.rimHeight(), QString::number(said.rim->height, 'g', 17), object.number);
         if (done && said.cutOut && *said.cutOut != (object.number == 0)) {
             if (!*said.cutOut)
                 return UT_Error{QStringLiteral("%1 cuts out; to give it a volume, give it a number: quarvel set SCENE "

@@ -197,7 +197,12 @@ void NormalMapNode::scaleElevations(double factor) const
     std::vector<NormalMapObject> scaled = objects();
     for (NormalMapObject& object : scaled)
         object.elevation *= factor;
-    (void)setText(*_module, kObjects, objectTableText(scaled));
+    setObjects(objectTableText(scaled));
+}
+
+void NormalMapNode::setObjects(const QString& table) const
+{
+    (void)setText(*_module, kObjects, table);
 }
 
 bool NormalMapNode::clips() const

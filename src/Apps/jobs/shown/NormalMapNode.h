@@ -89,6 +89,10 @@ public:
     /// Makes the undoable command that changes the object table; it merges with the next one. Null if nothing would
     /// change.
     std::unique_ptr<CO_Command> objectsCmd(const std::vector<NormalMapObject>& objects) const;
+    /// Sets the object table.
+    ///
+    /// @param table as objectTableText() makes it
+    void setObjects(const QString& table) const;
     /// The colour table.
     std::vector<NormalMapColour> colours() const;
     /// The undoable change of the colour table; it merges with the next one. Null when nothing would change.

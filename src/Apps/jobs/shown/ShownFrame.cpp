@@ -6,6 +6,7 @@
 #include "QuarvelSceneCore/graph/MO_SceneCopy.h"
 #include "jobs/shown/FrameMargin.h"
 #include "jobs/shown/NormalMapNode.h"
+#include "jobs/shown/ObjectRims.h"
 #include "jobs/shown/ObjectTilts.h"
 #include "jobs/shown/RenderPrecision.h"
 #include "jobs/shown/VisibleDrawing.h"
@@ -47,6 +48,14 @@ float canvasFactor(const Math::Box2di& canvas)
 
 } // namespace
 
+struct ShownModule::Rimmed
+{
+    explicit Rimmed(Copy changed) : copy(std::move(changed)), shown(*copy.module) {}
+
+    Copy copy;
+    ShownModule shown;
+};
+
 ShownModule::ShownModule(MO_Module& module) : _module(module), _source(pictureSourceOf(module))
 {
     if (_source.kind == RenderedKind::NORMALS)
@@ -66,6 +75,8 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
     const double firstEnds = twice ? kNodeEnds / 2.0 : kNodeEnds;
     const RD_RenderParameters used = usedFor(parameters, wanted);
     const ObjectTilts tilts = made.kind == RenderedKind::NORMALS ? ObjectTilts(_source.nodes, frame) : ObjectTilts();
+    const ObjectRims rims(_source.nodes, frame);
+    const bool changesObjects = tilts.any() || rims.any();
     const bool repairs = !wanted.channels && isFloat(used) && made.kind == RenderedKind::NORMALS;
     auto picture = renderNode(frame, used, {.elevationInBlue = wanted.elevation, .closedSeams = repairs},
                               part(progress, 0.0, firstEnds), wanted.channels ? nullptr : kept);
@@ -83,9 +94,9 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
     // Correcting a float picture needs the coverage of the drawing.
     if (made.kind == RenderedKind::COLOURS) {
         made.drawing = wanted.drawing ? made.picture : nullptr;
-    } else if (wanted.drawing || repairs || tilts.any()) {
+    } else if (wanted.drawing || repairs || changesObjects) {
         const auto rest = part(progress, kNodeEnds, 1.0);
-        const bool isNoted = wanted.inputs || wanted.objects || tilts.any();
+        const bool isNoted = wanted.inputs || wanted.objects || changesObjects;
         const bool isKnown = wanted.knownDrawing && !wanted.drawing && !isNoted;
         auto painted = isKnown   ? UT_Result<UT_SharedPtr<CEL_PixmapArea>>(wanted.knownDrawing)
                        : isNoted ? paintAndNote(frame, parameters, wanted, made, rest)
@@ -95,6 +106,9 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
         if (repairs)
             takeCoverage(dynamic_cast<CEL_PixmapAreaRGBAFloat&>(*made.picture), **painted);
         made.drawing = wanted.drawing ? *painted : nullptr;
+        if (rims.any())
+            if (UT_Result<void> added = addRims(rims, frame, parameters, wanted, progress, made); !added)
+                return added.error();
         tilts.apply(*made.picture, made.inputs);
         if (made.channels && made.channels != made.picture)
             tilts.apply(*made.channels, made.inputs);
@@ -122,6 +136,51 @@ UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderDrawing(double frame,
     if (_source.kind == RenderedKind::COLOURS)
         return renderNode(frame, parameters, {}, progress);
     return renderModule(*drawing()->module, frame, parameters, progress);
+}
+
+UT_Result<void> ShownModule::addRims(const ObjectRims& rims, double frame, const RD_RenderParameters& parameters,
+                                     const ShownParts& wanted, const RD_SoftRenderer::Progress& progress,
+                                     ShownFrame& made) const
+{
+    const std::shared_ptr<const Rimmed> copy = rimmed(rims);
+    const ShownModule& shown = copy->shown;
+    const RD_RenderParameters used = shown.usedFor(parameters, {});
+    const bool repairs = isFloat(used) && made.kind == RenderedKind::NORMALS;
+    const auto picture =
+        shown.renderNode(frame, used, {.elevationInBlue = true, .closedSeams = repairs}, part(progress, 1.0, 1.0));
+    if (!picture)
+        return picture.error();
+    rims.addTo(*made.picture, **picture, made.inputs, wanted.elevation);
+    if (made.channels && made.channels != made.picture)
+        rims.addTo(*made.channels, **picture, made.inputs, false);
+    noteRises(frame, rims, made);
+    return {};
+}
+
+std::shared_ptr<const ShownModule::Rimmed> ShownModule::rimmed(const ObjectRims& rims) const
+{
+    const std::scoped_lock lock(_mutex);
+    // Rims that are animated have other values at every frame.
+    constexpr std::size_t kMost = 8;
+    if (_rimmed.size() > kMost)
+        _rimmed.clear();
+    std::shared_ptr<const Rimmed>& known = _rimmed[rims.tables()];
+    if (known)
+        return known;
+    Copy made = copy();
+    for (MO_Module* const module : pictureSourceOf(*made.module).nodes)
+        if (const auto table = rims.tables().find(module->instanceName()); table != rims.tables().end())
+            NormalMapNode(*module).setObjects(table->second);
+    return known = std::make_shared<const Rimmed>(std::move(made));
+}
+
+void ShownModule::noteRises(double frame, const ObjectRims& rims, ShownFrame& made) const
+{
+    for (MO_Module* const node : _source.nodes) {
+        std::map<int, double> rises = NormalMapNode(*node).rises(frame);
+        rims.addRises(node->instanceName(), rises);
+        made.objects.setRises(node->instanceName(), rises, made.window.width() / MO_SceneCommon::kFrameWidth);
+    }
 }
 
 UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderNode(double frame, const RD_RenderParameters& parameters,
@@ -183,9 +242,7 @@ UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::paintAndNote(double frame, 
     DrawingNotes notes = std::exchange(_noted, {});
     made.inputs = std::move(notes.inputs);
     made.objects = std::move(notes.objects);
-    for (MO_Module* const node : _source.nodes)
-        made.objects.setRises(node->instanceName(), NormalMapNode(*node).rises(frame),
-                              made.window.width() / MO_SceneCommon::kFrameWidth);
+    noteRises(frame, {}, made);
     return painted;
 }
 

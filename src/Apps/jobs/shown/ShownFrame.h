@@ -13,6 +13,9 @@
 // If objects reach the frame's border, the node is rendered with a margin (FrameMargin.h) and the pixels in the margin
 // are dropped. The node scales heights by the width of the canvas, so the objects' elevations are divided by the factor
 // by which the margin widens it. These changes are made to copies of the scene, which are created when first needed.
+//
+// What the Object Definitions say of single objects and the node knows nothing of is applied to the rendered picture:
+// first rims (ObjectRims.h), then tilts (ObjectTilts.h).
 #pragma once
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
@@ -28,6 +31,7 @@
 #include <mutex>
 
 class MO_Scene;
+class ObjectRims;
 class RD_KeptInputs;
 
 /// The parts of a frame that are wanted besides its picture.
@@ -122,6 +126,13 @@ private:
                                                        const Change& wanted, const RD_SoftRenderer::Progress& progress,
                                                        RD_KeptInputs* kept = nullptr) const;
     std::shared_ptr<const Copy> changed(const Change& change) const;
+    /// A copy of the scene in which the nodes render the rims.
+    struct Rimmed;
+    UT_Result<void> addRims(const ObjectRims& rims, double frame, const RD_RenderParameters& parameters,
+                            const ShownParts& wanted, const RD_SoftRenderer::Progress& progress,
+                            ShownFrame& made) const;
+    std::shared_ptr<const Rimmed> rimmed(const ObjectRims& rims) const;
+    void noteRises(double frame, const ObjectRims& rims, ShownFrame& made) const;
     std::shared_ptr<const Copy> drawing() const;
     Copy copy() const;
     UT_Result<UT_SharedPtr<CEL_PixmapArea>> paintAndNote(double frame, const RD_RenderParameters& parameters,
@@ -133,6 +144,7 @@ private:
     bool _otherBlue = false;
     mutable std::mutex _mutex; // protects the copies
     mutable std::map<Change, std::shared_ptr<const Copy>> _changed;
+    mutable std::map<std::map<QString, QString>, std::shared_ptr<const Rimmed>> _rimmed; // by their object tables
     mutable std::shared_ptr<const Copy> _drawing;
     mutable std::mutex _notingMutex;
     mutable Copy _noting;        // protected by _notingMutex

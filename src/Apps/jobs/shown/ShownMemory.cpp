@@ -7,6 +7,7 @@
 #include "QuarvelSceneCore/graph/MO_SceneCommon.h"
 #include "jobs/shown/DrawingExtent.h"
 #include "jobs/shown/FrameMargin.h"
+#include "jobs/shown/ObjectRims.h"
 
 #include <algorithm>
 #include <cmath>
@@ -25,6 +26,11 @@ double shareAt(const MO_Port& input, int frame, const std::pair<int, int>& resol
     return extent.width() * extent.height() / (canvas.width() * canvas.height());
 }
 
+double pixelBytes(const RD_RenderParameters& used)
+{
+    return used.celFormat() == CEL_FORMAT_RGBA16 ? sizeof(CEL_PixelRGBA16) : sizeof(CEL_PixelRGBAFloat);
+}
+
 std::size_t stepThrough(std::span<const int> frames)
 {
     return std::max<std::size_t>(1, frames.size() / kMostFrames);
@@ -36,19 +42,24 @@ double shownFrameBytes(const ShownModule& shown, std::span<const int> frames, co
                        const ShownParts& wanted)
 {
     RD_RenderParameters used = shown.usedFor(parameters, wanted);
+    bool hasRims = false;
     for (std::size_t i = 0; i < frames.size(); i += stepThrough(frames)) {
         const RD_Margins margins = marginsFor(shown.nodes(), frames[i], parameters);
         used.margins.left = std::max(used.margins.left, margins.left);
         used.margins.top = std::max(used.margins.top, margins.top);
         used.margins.right = std::max(used.margins.right, margins.right);
         used.margins.bottom = std::max(used.margins.bottom, margins.bottom);
+        hasRims = hasRims || ObjectRims(shown.nodes(), frames[i]).any();
     }
-    return shownFrameBytes(used, wanted, coveredShare(shown, frames));
+    // The first picture and the drawing are kept while rims are rendered.
+    const Math::Size2di size = RD_RenderJob(used).size();
+    const double kept = hasRims ? 2.0 * pixelBytes(used) * size.width * size.height : 0.0;
+    return shownFrameBytes(used, wanted, coveredShare(shown, frames)) + kept;
 }
 
 double shownFrameBytes(const RD_RenderParameters& used, const ShownParts& wanted, double covered)
 {
-    const double pixel = used.celFormat() == CEL_FORMAT_RGBA16 ? sizeof(CEL_PixelRGBA16) : sizeof(CEL_PixelRGBAFloat);
+    const double pixel = pixelBytes(used);
     const double rendering = pixel * (2.0 * covered + 2.0);
     // Pictures for files have up to five floats per pixel; lighting needs a surface and a picture of its own.
     const double writing =

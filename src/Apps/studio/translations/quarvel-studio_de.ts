@@ -158,6 +158,14 @@
         <source>Tilt Upwards</source>
         <translation>Neigung nach oben</translation>
     </message>
+    <message>
+        <source>Rim Bevel</source>
+        <translation>Randkante</translation>
+    </message>
+    <message>
+        <source>Rim Height</source>
+        <translation>Höhe der Randkante</translation>
+    </message>
 </context>
 <context>
     <name>AT_BoolAttr</name>

@@ -35,8 +35,8 @@ std::string errorOf(const char* words)
 
 TEST(ObjectWords, SayAllValuesOfAnObject)
 {
-    const ObjectWishes wishes =
-        said({"2:bevel=60:Elevation=-0.5:smoothness=2:level=0.25:coverage:cutout=no:hidden=yes:tilt=30,-12.5"});
+    const ObjectWishes wishes = said(
+        {"2:bevel=60:Elevation=-0.5:smoothness=2:level=0.25:coverage:cutout=no:hidden=yes:tilt=30,-12.5:rim=3,0.8"});
     const ObjectSettings& two = wishes.objects.at(2);
     EXPECT_EQ(two.bevel, 60.0);
     EXPECT_EQ(two.elevation, -0.5);
@@ -46,6 +46,7 @@ TEST(ObjectWords, SayAllValuesOfAnObject)
     EXPECT_EQ(two.cutOut, false);
     EXPECT_EQ(two.hidden, true);
     EXPECT_EQ(two.tilt, (ObjectTilt{30.0, -12.5}));
+    EXPECT_EQ(two.rim, (ObjectRim{3.0, 0.8}));
 }
 
 TEST(ObjectWords, CountByNumberBeforeNameAndByNameBeforeAll)
@@ -74,6 +75,8 @@ TEST(ObjectWords, SayWhatWasExpected)
     for (const char* const words :
          {"head:tilt=30", "head:tilt=91,0", "head:tilt=1,nan", "head:tilt=1,2,3", "head:tilt"})
         EXPECT_THAT(errorOf(words), HasSubstr("tilt takes two numbers of degrees from -90 to 90 such as 30,-10"));
+    for (const char* const words : {"head:rim", "head:rim=-1", "head:rim=721", "head:rim=3,11", "head:rim=3,nan"})
+        EXPECT_THAT(errorOf(words), HasSubstr("rim takes a bevel from 0 to 720 such as 3"));
 }
 
 TEST(ObjectWords, AreTakenFromTheNamesOfLayers)
