@@ -3,8 +3,6 @@
 // A name is divided into its stem, the place of the frame's number with the sign before it, and the extension.
 #include "studio/export/ExportChoices.h"
 
-#include "jobs/targets/Targets.h"
-
 #include <QFileInfo>
 #include <QRegularExpression>
 
@@ -13,12 +11,10 @@ namespace {
 // The longest first, so that "_normal" is not taken for another suffix with something before it.
 QStringList knownSuffixes(ExportPicture picture)
 {
-    if (picture != ExportPicture::MAP)
-        return {exportSuffix(picture, {})};
-    QStringList suffixes{QString::fromLatin1(kSuffixForMost)};
+    QStringList suffixes{exportSuffix(picture, nullptr)};
     for (const Target& target : targets())
-        if (!suffixes.contains(target.suffixText()))
-            suffixes << target.suffixText();
+        if (const QString suffix = exportSuffix(picture, &target); !suffixes.contains(suffix))
+            suffixes << suffix;
     std::ranges::sort(suffixes, std::greater(), &QString::size);
     return suffixes;
 }
@@ -38,8 +34,9 @@ QString asPng(const QString& file)
 
 } // namespace
 
-QString exportSuffix(ExportPicture picture, const QString& mapSuffix)
+QString exportSuffix(ExportPicture picture, const Target* target)
 {
+    const TargetCompanions beside = target ? target->beside : TargetCompanions();
     switch (picture) {
     case ExportPicture::ELEVATION:
         return QStringLiteral("_e");
@@ -47,10 +44,18 @@ QString exportSuffix(ExportPicture picture, const QString& mapSuffix)
         return QStringLiteral("_lit");
     case ExportPicture::DRAWING:
         return QStringLiteral("_drawing");
+    case ExportPicture::HEIGHT:
+        return QString::fromLatin1(beside.height);
+    case ExportPicture::OCCLUSION:
+        return QString::fromLatin1(beside.occlusion);
+    case ExportPicture::NUMBERS:
+        return QStringLiteral("_numbers");
+    case ExportPicture::GLOSS:
+        return QString::fromLatin1(beside.gloss);
     case ExportPicture::MAP:
         break;
     }
-    return mapSuffix;
+    return target ? target->suffixText() : QString::fromLatin1(kSuffixForMost);
 }
 
 QString withExportSuffix(const QString& file, ExportPicture picture, const QString& suffix)
@@ -71,7 +76,7 @@ QString withExportSuffix(const QString& file, ExportPicture picture, const QStri
 QString ExportChoices::fileOf(ExportPicture picture) const
 {
     const bool isFirst = pictures.isEmpty() || picture == pictures.first();
-    const QString named = isFirst ? file : withExportSuffix(file, pictures.first(), exportSuffix(picture, {}));
+    const QString named = isFirst ? file : withExportSuffix(file, pictures.first(), exportSuffix(picture, target));
     return picture == ExportPicture::LIT ? asPng(named) : named;
 }
 

@@ -5,11 +5,13 @@
 #include "studio/export/ExportDialog.h"
 
 #include "jobs/targets/Targets.h"
+#include "studio/export/GlossDialog.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QDoubleSpinBox>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -36,11 +38,6 @@ QString endingOf(ExportFormat format)
     return isPng(format) ? QStringLiteral("png") : QStringLiteral("exr");
 }
 
-const Target& targetAt(int row)
-{
-    return targets()[static_cast<std::size_t>(row)];
-}
-
 template<typename Value>
 void choose(QComboBox& box, const Value& value)
 {
@@ -51,7 +48,11 @@ void choose(QComboBox& box, const Value& value)
 } // namespace
 
 ExportDialog::ExportDialog(const MO_Scene& scene, const ExportOrigin& origin, QWidget* parent)
-    : QDialog(parent), _scene(scene), _origin(origin), _fields(makeExportFields(scene, origin))
+    : QDialog(parent)
+    , _scene(scene)
+    , _origin(origin)
+    , _colours(drawnColours(scene))
+    , _fields(makeExportFields(scene, origin))
 {
     setWindowTitle(tr("Export Frames"));
     addButtons();
@@ -101,6 +102,7 @@ void ExportDialog::connectFields()
     connect(_fields.width, &QSpinBox::valueChanged, this, &ExportDialog::update);
     for (const auto& [picture, check] : _fields.pictures)
         connect(check, &QCheckBox::toggled, this, &ExportDialog::picturesChanged);
+    connect(_fields.gloss, &QToolButton::clicked, this, &ExportDialog::setGloss);
     connect(_fields.target, &QComboBox::currentIndexChanged, this, &ExportDialog::takeTarget);
     connect(_fields.format, &QComboBox::currentIndexChanged, this, &ExportDialog::formatChanged);
     connect(_fields.layout, &QComboBox::currentIndexChanged, this, &ExportDialog::update);
@@ -124,6 +126,7 @@ void ExportDialog::takeMemory()
             }
     choose(*_fields.layout, memory.layout);
     _fields.renderInFloat->setChecked(memory.floatRender);
+    _gloss = glossOf(_colours, memory.gloss);
     if (memory.asSet) {
         _fields.target->setCurrentIndex(_fields.target->findData(EXPORT_AS_SET));
         takeForm(memory.form, memory.ending == QLatin1String("exr"), memory.half);
@@ -139,10 +142,9 @@ ExportMemory ExportDialog::memory() const
 {
     ExportMemory memory;
     const ExportChoices now = choices();
-    const int target = _fields.target->currentData().toInt();
     memory.pictures = now.pictures;
-    memory.target = target >= 0 ? QString::fromLatin1(targetAt(target).name) : QString();
-    memory.asSet = target == EXPORT_AS_SET;
+    memory.target = now.target ? QString::fromLatin1(now.target->name) : QString();
+    memory.asSet = _fields.target->currentData().toInt() == EXPORT_AS_SET;
     memory.form = now.form;
     memory.form.alpha = _fields.alpha->currentData().value<NM_Alpha>();
     memory.form.pad = _fields.pad->value();
@@ -150,6 +152,7 @@ ExportMemory ExportDialog::memory() const
     memory.ending = endingOf(format());
     memory.half = now.half;
     memory.floatRender = now.floatRender;
+    memory.gloss = withGloss(ExportMemory::load().gloss, _colours, _gloss);
     return memory;
 }
 
@@ -160,6 +163,7 @@ void ExportDialog::setChoices(const ExportChoices& choices)
     _fields.width->setValue(choices.width);
     for (const auto& [picture, check] : _fields.pictures)
         check->setChecked(choices.pictures.contains(picture));
+    _fields.white->setValue(choices.white);
     const QFileInfo file(choices.file);
     _fields.folder->setText(QDir::toNativeSeparators(file.path()));
     _fields.file->setText(file.fileName());
@@ -167,13 +171,12 @@ void ExportDialog::setChoices(const ExportChoices& choices)
 
 void ExportDialog::takeTarget()
 {
-    const int target = _fields.target->currentData().toInt();
-    if (target == EXPORT_AS_SET)
+    if (_fields.target->currentData().toInt() == EXPORT_AS_SET)
         return;
-    const bool exr = target >= 0 && targetAt(target).endingText() == QLatin1String("exr");
-    takeForm(target >= 0 ? targetAt(target).form : kFormForMost, exr, false);
+    const Target* const named = target();
+    takeForm(named ? named->form : kFormForMost, named && named->endingText() == QLatin1String("exr"), false);
     _fields.file->setText(
-        QFileInfo(withExportSuffix(_fields.file->text(), _named, exportSuffix(_named, mapSuffix()))).fileName());
+        QFileInfo(withExportSuffix(_fields.file->text(), _named, exportSuffix(_named, named))).fileName());
 }
 
 void ExportDialog::takeForm(const NM_MapForm& form, bool exr, bool half)
@@ -209,17 +212,17 @@ void ExportDialog::picturesChanged()
 {
     const QList<ExportPicture> chosen = pictures();
     if (!chosen.isEmpty() && chosen.first() != _named) {
-        const QString name = withExportSuffix(_fields.file->text(), _named, exportSuffix(chosen.first(), mapSuffix()));
+        const QString name = withExportSuffix(_fields.file->text(), _named, exportSuffix(chosen.first(), target()));
         _named = chosen.first();
         _fields.file->setText(QFileInfo(name).fileName());
     }
     update();
 }
 
-QString ExportDialog::mapSuffix() const
+const Target* ExportDialog::target() const
 {
-    const int target = _fields.target->currentData().toInt();
-    return target >= 0 ? targetAt(target).suffixText() : QString::fromLatin1(kSuffixForMost);
+    const int row = _fields.target->currentData().toInt();
+    return row >= 0 ? &targets()[static_cast<std::size_t>(row)] : nullptr;
 }
 
 void ExportDialog::nodeChanged()
@@ -243,14 +246,18 @@ QList<ExportPicture> ExportDialog::pictures() const
 
 void ExportDialog::update()
 {
-    const bool normals = pictures().contains(ExportPicture::MAP);
+    const QList<ExportPicture> chosen = pictures();
+    const bool normals = chosen.contains(ExportPicture::MAP);
+    const bool isPadded = normals || chosen.contains(ExportPicture::OCCLUSION) || chosen.contains(ExportPicture::GLOSS);
     const bool node = _fields.layout->currentData().value<NM_Layout>() == NM_Layout::NODE;
     const bool png = isPng(format());
     _fields.target->setEnabled(!normals || !node);
     _fields.layout->setEnabled(normals);
     _fields.yAxis->setEnabled(normals && !node);
     _fields.alpha->setEnabled(normals && !node && png);
-    _fields.pad->setEnabled(normals && png);
+    _fields.pad->setEnabled(isPadded && png);
+    _fields.gloss->setEnabled(chosen.contains(ExportPicture::GLOSS));
+    _fields.white->setEnabled(chosen.contains(ExportPicture::HEIGHT) && png);
     const double height = _fields.width->value() * _scene.frameHeight() / MO_SceneCommon::kFrameWidth;
     _fields.size->setText(tr("x %1").arg(std::max(1, static_cast<int>(std::lround(height)))));
     QStringList names;
@@ -268,6 +275,13 @@ void ExportDialog::chooseFolder()
         _fields.folder->setText(QDir::toNativeSeparators(folder));
 }
 
+void ExportDialog::setGloss()
+{
+    GlossDialog dialog(_colours, _gloss, this);
+    if (dialog.exec() == QDialog::Accepted)
+        _gloss = dialog.gloss();
+}
+
 ExportFormat ExportDialog::format() const
 {
     return _fields.format->currentData().value<ExportFormat>();
@@ -281,6 +295,10 @@ ExportChoices ExportDialog::choices() const
     chosen.frames = _fields.frames->text();
     chosen.width = _fields.width->value();
     chosen.pictures = pictures();
+    chosen.target = target();
+    chosen.white = _fields.white->value();
+    if (chosen.pictures.contains(ExportPicture::GLOSS))
+        chosen.gloss = _gloss;
     chosen.layout = _fields.layout->currentData().value<NM_Layout>();
     chosen.form.yAxis = _fields.yAxis->currentData().value<NM_YAxis>();
     chosen.form.alpha = isPng(written) ? _fields.alpha->currentData().value<NM_Alpha>() : NM_Alpha::COVERAGE;

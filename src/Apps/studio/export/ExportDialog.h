@@ -52,11 +52,12 @@ private:
     void takeTarget();
     void forgetTarget();
     void takeForm(const NM_MapForm& form, bool exr, bool half);
-    QString mapSuffix() const;
+    const Target* target() const;
     QList<ExportPicture> pictures() const;
     ExportFormat format() const;
     void update();
     void chooseFolder();
+    void setGloss();
     /// Asks whether to replace existing files. @return true if there are none or the person agrees
     bool mayReplace();
     void setRunning(bool running);
@@ -66,6 +67,8 @@ private:
     ExportOrigin _origin;
     std::unique_ptr<ExportJob> _job;
     std::optional<ExportChoices> _exported;
+    std::vector<DrawnColour> _colours;
+    GlossSettings _gloss;                      // of these colours
     ExportPicture _named = ExportPicture::MAP; // the picture that the file's name is for
     bool _takesTarget = false;                 // the fields are being set by the target
 

@@ -13,6 +13,7 @@
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QDir>
+#include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -88,22 +89,46 @@ void addPictures(ExportFields& fields, QFormLayout& form)
     auto* const box = new QWidget;
     auto* const grid = new QGridLayout(box);
     grid->setContentsMargins(0, 0, 0, 0);
-    const auto add = [&](ExportPicture picture, const char* name, const QString& text, const QString& toolTip) {
+    const auto add = [&](ExportPicture picture, const char* name, const QString& text, const QString& toolTip,
+                         QWidget* beside = nullptr) {
         auto* const check = new QCheckBox(text);
         check->setObjectName(QString::fromLatin1(name));
         check->setToolTip(toolTip);
         const auto place = static_cast<int>(fields.pictures.size());
-        grid->addWidget(check, place / 2, place % 2);
+        grid->addWidget(beside ? rowOf(check, beside) : check, place / 2, place % 2);
         fields.pictures[picture] = check;
     };
     add(ExportPicture::MAP, "exportMap", Texts::tr("N&ormal map"), Texts::tr("Which way the surface faces"));
     add(ExportPicture::ELEVATION, "exportElevation", Texts::tr("Ele&vation"),
-        Texts::tr("How high the surface is: white is highest"));
+        Texts::tr("How high each object's surface is by itself: white is highest"));
     add(ExportPicture::LIT, "exportLit", Texts::tr("L&it drawing"),
         Texts::tr("The drawing in the scene's light, as PNG"));
     add(ExportPicture::DRAWING, "exportDrawing", Texts::tr("&Drawing"),
         Texts::tr("The drawing in the size of the map"));
+    add(ExportPicture::HEIGHT, "exportHeight", Texts::tr("&Height map"),
+        Texts::tr("How high each place lies in all, objects on top of each other, for displacement and parallax"));
+    add(ExportPicture::OCCLUSION, "exportOcclusion", Texts::tr("Ambient o&cclusion"),
+        Texts::tr("How much light from all sides reaches each place: corners are dark"));
+    add(ExportPicture::NUMBERS, "exportNumbers", Texts::tr("O&bject numbers"),
+        Texts::tr("The number of each place's object, as a value rather than a colour"));
+    fields.gloss = new QToolButton;
+    fields.gloss->setObjectName(QStringLiteral("exportGlossColours"));
+    fields.gloss->setText(Texts::tr("Colours..."));
+    fields.gloss->setToolTip(Texts::tr("Sets how glossy each colour of the drawing is"));
+    fields.gloss->setFocusPolicy(Qt::StrongFocus);
+    add(ExportPicture::GLOSS, "exportGloss", Texts::tr("Gloss mas&k"),
+        Texts::tr("How glossy each place is; roughness where the target takes that"), fields.gloss);
     form.addRow(Texts::tr("Pictures"), box);
+    fields.white = new QDoubleSpinBox;
+    fields.white->setObjectName(QStringLiteral("exportWhite"));
+    fields.white->setRange(0.0, kHighestWhite);
+    fields.white->setDecimals(3);
+    fields.white->setSuffix(Texts::tr(" pixels"));
+    fields.white->setSpecialValueText(Texts::tr("the highest place of all frames"));
+    form.addRow(Texts::tr("White &stands for"), fields.white);
+    explain(form, fields.white,
+            Texts::tr("The height that white stands for in PNG files of the height map, the same in all frames; "
+                      "OpenEXR files hold heights in pixels"));
 }
 
 void addTarget(ExportFields& fields, QFormLayout& form)

@@ -11,6 +11,7 @@
 class MO_Scene;
 class QCheckBox;
 class QComboBox;
+class QDoubleSpinBox;
 class QLabel;
 class QLineEdit;
 class QSpinBox;
@@ -50,6 +51,8 @@ struct ExportFields
     QSpinBox* width = nullptr;
     QLabel* size = nullptr; ///< shows the height
     std::map<ExportPicture, QCheckBox*> pictures;
+    QToolButton* gloss = nullptr;    ///< sets the gloss of the colours
+    QDoubleSpinBox* white = nullptr; ///< the height that white stands for; 0 is shown as a text
     QComboBox* target = nullptr;
     QComboBox* format = nullptr; ///< its data are ExportFormat
     QComboBox* layout = nullptr; ///< its data are NM_Layout

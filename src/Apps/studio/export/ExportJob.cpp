@@ -4,6 +4,8 @@
 // object's thread, so only that thread uses the object's members.
 #include "studio/export/ExportJob.h"
 
+#include "jobs/frames/MeasureHeights.h"
+
 #include <QFileInfo>
 #include <QThread>
 
@@ -56,7 +58,7 @@ void ExportJob::run()
     bool stopped = false;
     int failed = 0;
     for (std::size_t i = 0; i < _plan.runs.size() && !stopped; ++i) {
-        const RenderFramesResult result = renderFrames(*_plan.shown, _plan.runs[i], watcherOf(i));
+        const RenderFramesResult result = runOne(i);
         stopped = result.stopped;
         failed += result.failed;
     }
@@ -70,16 +72,55 @@ void ExportJob::run()
         Qt::QueuedConnection);
 }
 
-RenderFramesWatcher ExportJob::watcherOf(std::size_t run)
+RenderFramesResult ExportJob::runOne(std::size_t run)
 {
-    const double runs = static_cast<double>(_plan.runs.size());
+    const RenderFramesSettings& settings = _plan.runs[run];
+    const bool isMeasured =
+        settings.content == FrameContent::HEIGHT && !settings.picture.floatFile && settings.heights.white == 0.0;
+    if (isMeasured)
+        if (const UT_Result<void> measured = measure(run); !measured) {
+            const bool stopped = measured.error().kind == UT_ErrorKind::STOPPED;
+            if (!stopped)
+                tellFailure(measured.error().sentence());
+            return {.failed = stopped ? 0 : static_cast<int>(settings.frames.size()), .stopped = stopped};
+        }
+    RenderFramesWatcher watcher = watcherOf(run);
+    if (isMeasured)
+        watcher.progress = [this, run](double done) { tellProgress(run, 0.5 + 0.5 * done); };
+    return renderFrames(*_plan.shown, settings, watcher);
+}
+
+UT_Result<void> ExportJob::measure(std::size_t run)
+{
     RenderFramesWatcher watcher;
     watcher.stop = [this] { return _stop.load(); };
-    watcher.progress = [this, run, runs](double done) {
-        const double share = (static_cast<double>(run) + done) / runs;
-        QMetaObject::invokeMethod(
-            this, [this, share] { Q_EMIT progressed(share); }, Qt::QueuedConnection);
-    };
+    watcher.progress = [this, run](double done) { tellProgress(run, 0.5 * done); };
+    const auto range = UT_withinMemory(tr("the heights"), tr("choose a smaller width"),
+                                       [&] { return measureHeights(*_plan.shown, _plan.runs[run], watcher); });
+    if (!range)
+        return range.error();
+    _plan.runs[run].heights = *range;
+    return {};
+}
+
+void ExportJob::tellProgress(std::size_t run, double done)
+{
+    const double share = (static_cast<double>(run) + done) / static_cast<double>(_plan.runs.size());
+    QMetaObject::invokeMethod(
+        this, [this, share] { Q_EMIT progressed(share); }, Qt::QueuedConnection);
+}
+
+void ExportJob::tellFailure(const QString& reason)
+{
+    QMetaObject::invokeMethod(
+        this, [this, reason] { _failures << reason; }, Qt::QueuedConnection);
+}
+
+RenderFramesWatcher ExportJob::watcherOf(std::size_t run)
+{
+    RenderFramesWatcher watcher;
+    watcher.stop = [this] { return _stop.load(); };
+    watcher.progress = [this, run](double done) { tellProgress(run, done); };
     watcher.ended = [this, file = _plan.runs[run].file](int frame, FrameEnd end, const QString& reason) {
         QMetaObject::invokeMethod(
             this,

@@ -43,6 +43,11 @@ Q_SIGNALS:
 
 private:
     void run();
+    RenderFramesResult runOne(std::size_t run);
+    /// Finds the height that white stands for where nobody set one.
+    UT_Result<void> measure(std::size_t run);
+    void tellProgress(std::size_t run, double done);
+    void tellFailure(const QString& reason);
     RenderFramesWatcher watcherOf(std::size_t run);
     void finish();
 

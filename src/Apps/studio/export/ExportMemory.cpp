@@ -23,6 +23,7 @@ const QString kLayout = QStringLiteral("layout");
 const QString kEnding = QStringLiteral("ending");
 const QString kHalf = QStringLiteral("half");
 const QString kFloat = QStringLiteral("float");
+const QString kGloss = QStringLiteral("gloss");
 const QString kFolders = QStringLiteral("export/folders");
 
 template<typename Enum>
@@ -42,9 +43,9 @@ ExportMemory ExportMemory::load()
     if (settings.contains(kPictures)) {
         const int bits = settings.value(kPictures).toInt();
         memory.pictures.clear();
-        for (int i = 0; i <= static_cast<int>(ExportPicture::DRAWING); ++i)
-            if (bits & (1 << i))
-                memory.pictures << static_cast<ExportPicture>(i);
+        for (const ExportPicture picture : kExportPictures)
+            if (bits & (1 << static_cast<int>(picture)))
+                memory.pictures << picture;
     }
     memory.target = settings.value(kTarget).toString();
     if (!memory.target.isEmpty() && !targetNamed(memory.target))
@@ -58,6 +59,7 @@ ExportMemory ExportMemory::load()
     memory.ending = settings.value(kEnding).toString() == QLatin1String("exr") ? QStringLiteral("exr") : memory.ending;
     memory.half = settings.value(kHalf, false).toBool();
     memory.floatRender = settings.value(kFloat, false).toBool();
+    memory.gloss = glossOfTexts(settings.value(kGloss).toStringList());
     return memory;
 }
 
@@ -79,6 +81,7 @@ void ExportMemory::store() const
     settings.setValue(kEnding, ending);
     settings.setValue(kHalf, half);
     settings.setValue(kFloat, floatRender);
+    settings.setValue(kGloss, glossTexts(gloss));
 }
 
 // A list of pairs, the latest first: the folder of drawings, then the folder of their pictures.

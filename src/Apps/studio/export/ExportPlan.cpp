@@ -9,8 +9,10 @@
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "jobs/frames/FrameRange.h"
 #include "jobs/frames/RenderMemory.h"
+#include "jobs/frames/SurfaceFrames.h"
 #include "jobs/limits/JobLimits.h"
 #include "jobs/shown/ShownMemory.h"
+#include "jobs/shown/SurfacePictures.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -84,15 +86,28 @@ FramePictureSettings completed(FramePictureSettings picture, const ShownModule& 
     return picture;
 }
 
+// What goes beside maps.
+void setSurface(RenderFramesSettings& run, FrameContent content, ExportPicture picture, const ExportChoices& choices)
+{
+    run = surfaceSettings(run, content, choices.fileOf(picture));
+    run.gloss = choices.gloss;
+    run.roughness = choices.target && choices.target->beside.roughness;
+    if (content != FrameContent::HEIGHT)
+        return;
+    // 8 bits of a height are visible as steps, so only a person can ask for them, no program.
+    run.picture.form.bits = choices.target ? 16 : choices.form.bits;
+    run.heights.white = choices.white;
+}
+
 // The content of a run and its picture.
 void setContent(RenderFramesSettings& run, ExportPicture picture, const ExportChoices& choices,
                 const ShownModule& shown)
 {
     const FramePictureSettings own = ownPicture(choices, shown.kind());
     const FramePictureSettings base = completed(own, shown, run.parameters);
+    run.picture = base;
     switch (picture) {
     case ExportPicture::MAP:
-        run.picture = base;
         return;
     case ExportPicture::ELEVATION:
         run.picture = own;
@@ -104,18 +119,26 @@ void setContent(RenderFramesSettings& run, ExportPicture picture, const ExportCh
         run.picture = litPictureSettings(base);
         return;
     case ExportPicture::DRAWING:
-        if (shown.kind() == RenderedKind::COLOURS) {
-            run.picture = base;
+        if (shown.kind() == RenderedKind::COLOURS)
             return;
-        }
         run.content = FrameContent::DRAWING;
         run.picture = drawingPictureSettings(base, choices.fileOf(picture));
         return;
+    case ExportPicture::HEIGHT:
+        return setSurface(run, FrameContent::HEIGHT, picture, choices);
+    case ExportPicture::OCCLUSION:
+        return setSurface(run, FrameContent::OCCLUSION, picture, choices);
+    case ExportPicture::NUMBERS:
+        return setSurface(run, FrameContent::NUMBERS, picture, choices);
+    case ExportPicture::GLOSS:
+        return setSurface(run, FrameContent::GLOSS, picture, choices);
     }
 }
 
 ShownParts partsOfRun(const RenderFramesSettings& run)
 {
+    if (SurfaceFrames::makes(run.content))
+        return surfaceParts();
     ShownParts parts = partsOf(run.picture);
     parts.drawing = parts.drawing || run.content != FrameContent::PICTURE;
     return parts;
@@ -127,9 +150,10 @@ QList<ExportPicture> exportPicturesOf(RenderedKind kind)
 {
     switch (kind) {
     case RenderedKind::NORMALS:
-        return {ExportPicture::MAP, ExportPicture::ELEVATION, ExportPicture::LIT, ExportPicture::DRAWING};
+        return {std::begin(kExportPictures), std::end(kExportPictures)};
     case RenderedKind::ELEVATION:
-        return {ExportPicture::ELEVATION, ExportPicture::DRAWING};
+        return {ExportPicture::ELEVATION, ExportPicture::DRAWING, ExportPicture::HEIGHT,
+                ExportPicture::OCCLUSION, ExportPicture::NUMBERS, ExportPicture::GLOSS};
     case RenderedKind::COLOURS:
         break;
     }
@@ -177,6 +201,8 @@ UT_Result<ExportPlan> ExportPlan::of(const MO_Scene& scene, const ExportChoices&
         return frames.error();
     if (choices.pictures.isEmpty())
         return UT_Error{Texts::tr("Nothing is chosen to be written; choose one of the pictures.")};
+    if (choices.pictures.contains(ExportPicture::GLOSS) && !choices.gloss.isAny())
+        return UT_Error{Texts::tr("No colour is glossy yet; \"Colours...\" sets the gloss of each.")};
     ExportPlan plan;
     plan.scene = MO_copyScene(scene);
     MO_Module* const module = plan.scene->findModule(choices.node);

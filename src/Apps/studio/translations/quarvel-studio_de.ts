@@ -531,11 +531,7 @@
     </message>
     <message>
         <source>Ele&amp;vation</source>
-        <translation>Hö&amp;henkarte</translation>
-    </message>
-    <message>
-        <source>How high the surface is: white is highest</source>
-        <translation>Wie hoch die Oberfläche ist: Weiß ist am höchsten</translation>
+        <translation>Höhe &amp;pro Objekt</translation>
     </message>
     <message>
         <source>L&amp;it drawing</source>
@@ -639,6 +635,62 @@
         <source>Closes the dialog; while pictures are written, stops that</source>
         <translation>Schließt den Dialog; hält das Schreiben der Bilder an, wenn es läuft</translation>
     </message>
+    <message>
+        <source>&amp;Height map</source>
+        <translation>Hö&amp;henkarte</translation>
+    </message>
+    <message>
+        <source>How high each place lies in all, objects on top of each other, for displacement and parallax</source>
+        <translation>Wie hoch jede Stelle insgesamt liegt, Objekte aufeinander, für Displacement und Parallaxe</translation>
+    </message>
+    <message>
+        <source>Ambient o&amp;cclusion</source>
+        <translation>Umgebungs&amp;verdeckung</translation>
+    </message>
+    <message>
+        <source>How much light from all sides reaches each place: corners are dark</source>
+        <translation>Wie viel Licht von allen Seiten jede Stelle erreicht: Ecken sind dunkel</translation>
+    </message>
+    <message>
+        <source>O&amp;bject numbers</source>
+        <translation>Ob&amp;jektnummern</translation>
+    </message>
+    <message>
+        <source>The number of each place&apos;s object, as a value rather than a colour</source>
+        <translation>Die Nummer des Objekts an jeder Stelle, als Zahlenwert statt als Farbe</translation>
+    </message>
+    <message>
+        <source>Colours...</source>
+        <translation>Farben …</translation>
+    </message>
+    <message>
+        <source>Sets how glossy each colour of the drawing is</source>
+        <translation>Legt fest, wie stark jede Farbe der Zeichnung glänzt</translation>
+    </message>
+    <message>
+        <source>Gloss mas&amp;k</source>
+        <translation>&amp;Glanzmaske</translation>
+    </message>
+    <message>
+        <source>How glossy each place is; roughness where the target takes that</source>
+        <translation>Wie stark jede Stelle glänzt; die Rauheit, wenn das Ziel diese erwartet</translation>
+    </message>
+    <message>
+        <source>the highest place of all frames</source>
+        <translation>die höchste Stelle aller Bilder</translation>
+    </message>
+    <message>
+        <source>White &amp;stands for</source>
+        <translation>&amp;Weiß steht für</translation>
+    </message>
+    <message>
+        <source>The height that white stands for in PNG files of the height map, the same in all frames; OpenEXR files hold heights in pixels</source>
+        <translation>Die Höhe, für die Weiß in PNG-Dateien der Höhenkarte steht, dieselbe in allen Bildern; OpenEXR-Dateien enthalten Höhen in Pixeln</translation>
+    </message>
+    <message>
+        <source>How high each object&apos;s surface is by itself: white is highest</source>
+        <translation>Wie hoch die Oberfläche jedes Objekts für sich ist: Weiß ist am höchsten</translation>
+    </message>
 </context>
 <context>
     <name>ExportJob</name>
@@ -668,6 +720,14 @@
             <numerusform>%n Bilder sind misslungen.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>the heights</source>
+        <translation>die Höhen</translation>
+    </message>
+    <message>
+        <source>choose a smaller width</source>
+        <translation>wählen Sie eine kleinere Breite</translation>
+    </message>
 </context>
 <context>
     <name>ExportPlan</name>
@@ -690,6 +750,46 @@
     <message>
         <source>The node &quot;%1&quot; does not make all of these pictures any more.</source>
         <translation>Der Knoten „%1“ macht nicht mehr alle diese Bilder.</translation>
+    </message>
+    <message>
+        <source>No colour is glossy yet; &quot;Colours...&quot; sets the gloss of each.</source>
+        <translation>Noch glänzt keine Farbe; „Farben …“ legt den Glanz jeder Farbe fest.</translation>
+    </message>
+</context>
+<context>
+    <name>GlossDialog</name>
+    <message>
+        <source>%1 %</source>
+        <comment>the gloss of a colour</comment>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Gloss</source>
+        <translation>Glanz</translation>
+    </message>
+    <message>
+        <source>Gloss of the Colours</source>
+        <translation>Glanz der Farben</translation>
+    </message>
+    <message>
+        <source>How glossy each colour is: 0 % is dull, 100 % shines like polished metal.</source>
+        <translation>Wie stark jede Farbe glänzt: 0 % ist stumpf, 100 % glänzt wie poliertes Metall.</translation>
+    </message>
+    <message>
+        <source>Gloss of the colours</source>
+        <translation>Glanz der Farben</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>All other colours</source>
+        <translation>Alle anderen Farben</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>

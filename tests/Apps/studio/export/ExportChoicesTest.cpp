@@ -7,11 +7,12 @@
 
 namespace {
 
-QStringList filesFor(const QString& file, const QList<ExportPicture>& pictures)
+QStringList filesFor(const QString& file, const QList<ExportPicture>& pictures, const QString& target = {})
 {
     ExportChoices choices;
     choices.file = file;
     choices.pictures = pictures;
+    choices.target = target.isEmpty() ? nullptr : *targetNamed(target);
     return choices.files();
 }
 
@@ -45,6 +46,19 @@ TEST(ExportChoices, KnowWhatEveryTargetCallsAMap)
     EXPECT_EQ(filesFor("can_north.png", two)[1], "can_north_e.png");
     // A name never shrinks to nothing.
     EXPECT_EQ(filesFor("_n.png", two)[1], "_n_e.png");
+}
+
+TEST(ExportChoices, CallHeightsAndOcclusionAsTheTargetDoes)
+{
+    const QList<ExportPicture> surfaces{ExportPicture::MAP, ExportPicture::HEIGHT, ExportPicture::OCCLUSION,
+                                        ExportPicture::NUMBERS};
+    EXPECT_EQ(filesFor("hero_n.png", surfaces),
+              (QStringList{"hero_n.png", "hero_height.png", "hero_ao.png", "hero_numbers.png"}));
+    EXPECT_EQ(filesFor("hero_N.png", surfaces, "unreal"),
+              (QStringList{"hero_N.png", "hero_H.png", "hero_AO.png", "hero_numbers.png"}));
+    // Another target's name for the first picture is replaced too.
+    EXPECT_EQ(filesFor("hero_H.####.png", {ExportPicture::HEIGHT, ExportPicture::OCCLUSION}, "gltf")[1],
+              "hero_occlusion.####.png");
 }
 
 TEST(ExportChoices, WriteLitPicturesAsPng)

@@ -5,20 +5,29 @@
 #include "Apps/studio/window/WindowTesting.h"
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/editing/MO_SceneCommands.h"
+#include "jobs/shown/NormalMapNode.h"
 #include "jobs/targets/Targets.h"
 #include "studio/export/ExportDialog.h"
+#include "studio/export/GlossDialog.h"
+#include "studio/objects/DocumentObjects.h"
 
+#include <QAbstractSpinBox>
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QLineEdit>
 #include <QProcess>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QStatusBar>
+#include <QTableWidget>
 #include <QToolButton>
+
+#include <algorithm>
 
 namespace {
 
@@ -70,8 +79,38 @@ protected:
     }
     void checkAll()
     {
-        for (const char* const name : {"exportMap", "exportElevation", "exportLit", "exportDrawing"})
+        for (const char* const name : {"exportMap", "exportElevation", "exportLit", "exportDrawing", "exportHeight",
+                                       "exportOcclusion", "exportNumbers", "exportGloss"})
             check(name, true);
+    }
+    /// Types into a field for numbers.
+    void type(const char* name, const QString& keys) const
+    {
+        auto& number = field<QAbstractSpinBox>(name);
+        number.setFocus();
+        number.selectAll();
+        QTest::keyClicks(&number, keys);
+    }
+    /// Opens the table of colours by its button, and gives the colour with this tool tip a gloss in percent.
+    void setGlossOf(const QString& colour, int percent)
+    {
+        QTimer::singleShot(0, dialog.get(), [&] {
+            auto* const gloss = qobject_cast<GlossDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(gloss, nullptr);
+            QTableWidget& table = gloss->table();
+            int row = 0;
+            while (row < table.rowCount() && table.item(row, GlossDialog::COLOUR)->toolTip() != colour)
+                ++row;
+            ASSERT_LT(row, table.rowCount());
+            table.setFocus();
+            table.setCurrentCell(row, GlossDialog::GLOSS);
+            auto* const field = table.viewport()->findChild<QSpinBox*>();
+            ASSERT_NE(field, nullptr) << "the number is typed at once";
+            field->selectAll();
+            QTest::keyClicks(field, QString::number(percent));
+            gloss->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+        });
+        QTest::mouseClick(&field<QToolButton>("exportGlossColours"), Qt::LeftButton);
     }
     void pressEnter() { QTest::keyClick(&field<QLineEdit>("exportFile"), Qt::Key_Return); }
     void exportAll()
@@ -111,10 +150,7 @@ TEST_F(ExportDialogTest, SetsWhatATargetWantsUntilSomethingElseIsSet)
     chooseTarget(QStringLiteral("compositors"));
     EXPECT_TRUE(dialog->choices().file.endsWith(QLatin1String("/disc_n.exr")));
     chooseTarget(QStringLiteral("Phaser"));
-    auto& pad = field<QSpinBox>("exportPad");
-    pad.setFocus();
-    pad.selectAll();
-    QTest::keyClicks(&pad, QStringLiteral("9"));
+    type("exportPad", QStringLiteral("9"));
     choices = dialog->choices();
     EXPECT_EQ(choices.form.pad, 9);
     EXPECT_EQ(choices.form.bits, 8) << "the rest stays";
@@ -142,9 +178,13 @@ TEST_F(ExportDialogTest, EnterWritesTheBytesThatTheCommandLineWrites)
     show();
     chooseTarget(QStringLiteral("Godot 3"));
     checkAll();
+    type("exportWhite", QStringLiteral("15"));
+    setGlossOf(QStringLiteral("#D02020"), 80);
     exportAll();
-    EXPECT_EQ(filesThere(), (QStringList{QStringLiteral("disc_drawing.png"), QStringLiteral("disc_e.png"),
-                                         QStringLiteral("disc_lit.png"), QStringLiteral("disc_n.png")}))
+    EXPECT_EQ(filesThere(), (QStringList{QStringLiteral("disc_ao.png"), QStringLiteral("disc_drawing.png"),
+                                         QStringLiteral("disc_e.png"), QStringLiteral("disc_height.png"),
+                                         QStringLiteral("disc_lit.png"), QStringLiteral("disc_n.png"),
+                                         QStringLiteral("disc_numbers.png"), QStringLiteral("disc_specular.png")}))
         << dialog->message().toStdString();
 
     const auto run = [&](const QStringList& words) {
@@ -158,12 +198,58 @@ TEST_F(ExportDialogTest, EnterWritesTheBytesThatTheCommandLineWrites)
         ASSERT_EQ(program.exitCode(), 0) << program.readAllStandardError().toStdString();
     };
     run({QStringLiteral("-o"), QStringLiteral("n.png"), QStringLiteral("--lit"), QStringLiteral("lit.png"),
-         QStringLiteral("--drawing"), QStringLiteral("drawing.png")});
+         QStringLiteral("--drawing"), QStringLiteral("drawing.png"), QStringLiteral("--height"),
+         QStringLiteral("height.png"), QStringLiteral("--height-range"), QStringLiteral("15"),
+         QStringLiteral("--occlusion"), QStringLiteral("ao.png"), QStringLiteral("--numbers"),
+         QStringLiteral("numbers.png"), QStringLiteral("--gloss"), QStringLiteral("#d02020=0.8"),
+         QStringLiteral("--gloss-file"), QStringLiteral("specular.png")});
     run({QStringLiteral("-o"), QStringLiteral("e.png"), QStringLiteral("--as"), QStringLiteral("elevation")});
-    for (const char* const name : {"n", "e", "lit", "drawing"})
+    for (const char* const name : {"n", "e", "lit", "drawing", "height", "ao", "numbers", "specular"})
         EXPECT_EQ(bytesOf(QStringLiteral("out/disc_%1.png").arg(QLatin1String(name))),
                   bytesOf(QStringLiteral("%1.png").arg(QLatin1String(name))))
             << name;
+}
+
+TEST_F(ExportDialogTest, WhiteIsTheHighestPlaceOfAllFramesWhereNoHeightIsTyped)
+{
+    openDisc();
+    ASSERT_TRUE(document().execute(MO_frameRangeCmd(document().scene(), 1, 2)));
+    // The second frame is twice as high as the first.
+    AT_Curve doubles;
+    doubles.setKey({.frame = 1, .value = 1.0, .in = {}, .out = {}, .unknown = {}});
+    doubles.setKey({.frame = 2, .value = 2.0, .in = {}, .out = {}, .unknown = {}});
+    ASSERT_TRUE(NormalMapNode(*window->objects().all().front().node).elevationMultiplier()->setCurve(doubles));
+    ASSERT_TRUE(waitForPicture());
+    show();
+    check("exportMap", false);
+    check("exportHeight", true);
+    EXPECT_EQ(field<QLineEdit>("exportFile").text(), QStringLiteral("disc_height.####.png"));
+    exportAll();
+    const auto highest = [&](const char* name) {
+        const auto picture = IIO_read(out() + QLatin1Char('/') + QLatin1String(name));
+        EXPECT_TRUE(picture) << dialog->message().toStdString();
+        return picture ? *std::ranges::max_element(picture->row<std::uint16_t>(50)) : 0;
+    };
+    EXPECT_EQ(highest("disc_height.0002.png"), 65535);
+    EXPECT_NEAR(highest("disc_height.0001.png"), 65535 / 2, 2);
+}
+
+TEST_F(ExportDialogTest, AMaskOfGlossNeedsAGlossyColour)
+{
+    open();
+    EXPECT_FALSE(field<QToolButton>("exportGlossColours").isEnabled());
+    check("exportGloss", true);
+    pressEnter();
+    EXPECT_FALSE(dialog->isRunning());
+    EXPECT_TRUE(dialog->message().contains(QStringLiteral("No colour is glossy"))) << dialog->message().toStdString();
+    setGlossOf(QStringLiteral("#D02020"), 35);
+    exportAll();
+    EXPECT_TRUE(QFileInfo::exists(out() + QStringLiteral("/disc_gloss.png"))) << dialog->message().toStdString();
+    // It is known for the next drawing with this colour.
+    show();
+    const GlossSettings gloss = dialog->choices().gloss;
+    ASSERT_EQ(gloss.colours.size(), 1U);
+    EXPECT_EQ(gloss.colours.front().gloss, 0.35);
 }
 
 TEST_F(ExportDialogTest, WritesWholeAndHalfFloatsForCompositors)
