@@ -144,6 +144,13 @@ void ObjectActions::resetValues(std::optional<ObjectValue> value)
     _objects.change(giveValuesCmd(_objects.selected(), tr("Reset Values of %1"), chosenForm));
 }
 
+// Nobody chooses a tilt when a drawing is opened: where nothing else is said, an object faces the viewer.
+void ObjectActions::resetTilt()
+{
+    _objects.change(tiltCmd(_objects.selected(), _objects.document().currentFrame(),
+                            [](const SceneObject&) { return ObjectTilt(); }));
+}
+
 void ObjectActions::fillMenu(QMenu& menu)
 {
     menu.addActions({_carve, _cutOut, _hide, _solo});
@@ -157,6 +164,7 @@ void ObjectActions::fillMenu(QMenu& menu)
     resets->setEnabled(haveValues);
     for (const ObjectValue value : kObjectValues)
         resets->addAction(ObjectTexts::name(value), this, [this, value] { resetValues(value); });
+    resets->addAction(ObjectTexts::tiltName(), this, &ObjectActions::resetTilt);
     resets->addSeparator();
     resets->addAction(_reset);
 }

@@ -44,6 +44,7 @@ private:
     void copyValues();
     void pasteValues();
     void resetValues(std::optional<ObjectValue> value);
+    void resetTilt();
     void fillPresets(QMenu& menu);
     void applyPreset(const struct ObjectPreset& preset);
     void saveAsPreset();

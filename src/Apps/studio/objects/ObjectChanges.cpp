@@ -6,7 +6,9 @@
 
 #include "QuarvelCommand/CO_OrCommand.h"
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/attributes/AT_IntAttr.h"
+#include "QuarvelSceneCore/editing/MO_AttrCommands.h"
 #include "QuarvelSceneCore/editing/MO_NamedChange.h"
 
 #include <QLocale>
@@ -20,6 +22,7 @@ namespace {
 
 // The node treats an object of elevation 0 as empty.
 constexpr double kLeastElevation = 1e-4;
+constexpr double kMostTilt = 90.0;
 
 using Change = std::function<NormalMapObject(const SceneObject&)>;
 
@@ -132,6 +135,16 @@ QString ObjectTexts::explanation(ObjectValue value)
     return tr("How round the profile is: 1 is as the bevel falls, more is fuller, less is more pointed");
 }
 
+QString ObjectTexts::tiltName()
+{
+    return tr("Tilt");
+}
+
+QString ObjectTexts::tilt(const ObjectTilt& tilt)
+{
+    return tr("%1, %2", "a tilt to the right and upwards, in degrees").arg(number(tilt.x), number(tilt.y));
+}
+
 QString ObjectTexts::number(double value)
 {
     return QLocale().toString(std::round(value * 1e4) / 1e4, 'g', 6);
@@ -142,9 +155,14 @@ QString ObjectTexts::subject(const std::vector<SceneObject>& objects)
     return objects.size() == 1 ? objects.front().name : tr("%n objects", nullptr, static_cast<int>(objects.size()));
 }
 
+QString ObjectTexts::ofObjects(const QString& what, const std::vector<SceneObject>& objects)
+{
+    return tr("%1 of %2", "Bevel of Head").arg(what, subject(objects));
+}
+
 QString ObjectTexts::valueOf(ObjectValue value, const std::vector<SceneObject>& objects)
 {
-    return tr("%1 of %2", "Bevel of Head").arg(name(value), subject(objects));
+    return ofObjects(name(value), objects);
 }
 
 double valueOf(const NormalMapObject& values, ObjectValue value)
@@ -194,6 +212,31 @@ MO_EditCommand changeValueCmd(const std::vector<SceneObject>& objects, ObjectVal
 MO_EditCommand giveValuesCmd(const std::vector<SceneObject>& objects, const QString& name, const Change& values)
 {
     return named(tablesCmd(objects, values), {name.arg(ObjectTexts::subject(objects)), {}, {}});
+}
+
+MO_EditCommand tiltCmd(const std::vector<SceneObject>& objects, double frame,
+                       const std::function<ObjectTilt(const SceneObject&)>& change)
+{
+    const SceneObject* const current = currentOf(objects);
+    if (!current)
+        return nullptr;
+    const auto changed = [&](const SceneObject& object) {
+        const ObjectTilt tilt = change(object);
+        return ObjectTilt{std::clamp(tilt.x, -kMostTilt, kMostTilt), std::clamp(tilt.y, -kMostTilt, kMostTilt)};
+    };
+    std::vector<MO_NumberChange> numbers;
+    for (const SceneObject& object : objects) {
+        if (object.isCutOut())
+            continue;
+        const ObjectTilt tilt = changed(object);
+        for (const ObjectDefinition* const definition : object.definitions) {
+            numbers.push_back({definition->tiltX(), tilt.x});
+            numbers.push_back({definition->tiltY(), tilt.y});
+        }
+    }
+    const QString what = ObjectTexts::ofObjects(ObjectTexts::tiltName(), objects);
+    return MO_namedCmd(MO_numbersCmd(what, frame, numbers),
+                       {what, ObjectTexts::tilt(current->tilt), ObjectTexts::tilt(changed(*current))});
 }
 
 MO_EditCommand carveCmd(const std::vector<SceneObject>& objects, bool carve)

@@ -32,10 +32,16 @@ public:
     static QString name(ObjectValue value);
     /// What the value does, with its unit, for tool tips.
     static QString explanation(ObjectValue value);
+    /// "Tilt".
+    static QString tiltName();
     /// A number for people, without insignificant digits.
     static QString number(double value);
+    /// "12, -5".
+    static QString tilt(const ObjectTilt& tilt);
     /// "Head", or "3 objects".
     static QString subject(const std::vector<SceneObject>& objects);
+    /// "Tilt of Head", or "Tilt of 3 objects".
+    static QString ofObjects(const QString& what, const std::vector<SceneObject>& objects);
     /// "Bevel of Head".
     static QString valueOf(ObjectValue value, const std::vector<SceneObject>& objects);
 };
@@ -57,6 +63,13 @@ MO_EditCommand changeValueCmd(const std::vector<SceneObject>& objects, ObjectVal
 /// @param values computes an object's new values
 MO_EditCommand giveValuesCmd(const std::vector<SceneObject>& objects, const QString& name,
                              const std::function<NormalMapObject(const SceneObject&)>& values);
+
+/// Makes the objects face another direction at a frame, as an animated object does from there on; consecutive changes
+/// merge. Tilts are clamped to 90 degrees each way.
+///
+/// @param change computes an object's new tilt
+MO_EditCommand tiltCmd(const std::vector<SceneObject>& objects, double frame,
+                       const std::function<ObjectTilt(const SceneObject&)>& change);
 
 /// Lets the objects sink in (their elevation becomes negative) or rise.
 MO_EditCommand carveCmd(const std::vector<SceneObject>& objects, bool carve);

@@ -3,12 +3,13 @@
 // Handles are light discs with a dark rim, like the lights, so that they are visible on any picture and in any theme.
 #include "studio/objects/ObjectHandles.h"
 
-#include <QPainterPath>
 #include <QPalette>
+#include <QTransform>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <numbers>
 
 namespace {
 
@@ -18,6 +19,10 @@ constexpr double kInset = 16.0; // from the view's border
 constexpr double kApart = 30.0; // between handles of small objects
 constexpr double kPullOfOne = 100.0;
 constexpr double kWideBevel = 100.0;
+constexpr double kPullOfDegree = 2.0;
+constexpr double kMostTilt = 90.0;
+const QColor kDark(20, 20, 24);
+const QColor kLight(0xf4, 0xf5, 0xf7);
 
 QPointF heldIn(const QPointF& place, const QRectF& rect)
 {
@@ -25,8 +30,25 @@ QPointF heldIn(const QPointF& place, const QRectF& rect)
             std::clamp(place.y(), rect.top(), std::max(rect.top(), rect.bottom()))};
 }
 
-// A symbol for the handle's effect, within a square of side 12 around the origin.
-QPainterPath pictogram(ObjectValue value)
+// How a disc that faces as the tilt says is seen: from its own coordinates to those of the view, y down. Rotation
+// (jobs/shown/ObjectTilts.h) turns directions the same way.
+QTransform seenDisc(const ObjectTilt& tilt)
+{
+    const double x = tilt.x * std::numbers::pi / 180.0;
+    const double y = tilt.y * std::numbers::pi / 180.0;
+    return {std::cos(x), std::sin(x) * std::sin(y), 0.0, std::cos(y), 0.0, 0.0};
+}
+
+// The tip of a needle of length 1 upright on that disc.
+QPointF seenNeedle(const ObjectTilt& tilt)
+{
+    const double x = tilt.x * std::numbers::pi / 180.0;
+    const double y = tilt.y * std::numbers::pi / 180.0;
+    return {std::sin(x), -std::cos(x) * std::sin(y)};
+}
+
+// A symbol for the value, within a square of side 12 around the origin.
+QPainterPath symbolOf(ObjectValue value)
 {
     QPainterPath path;
     switch (value) {
@@ -61,14 +83,22 @@ double rounded(double value, double step)
 
 } // namespace
 
-ObjectHandles::ObjectHandles(const QRectF& object, const QRectF& view) : _isEmpty(object.isEmpty())
+std::optional<ObjectValue> valueOf(ObjectHandle handle)
+{
+    if (handle == ObjectHandle::TILT)
+        return std::nullopt;
+    return kObjectValues[static_cast<std::size_t>(handle)];
+}
+
+ObjectHandles::ObjectHandles(const QRectF& object, const QRectF& view, const ObjectTilt& tilt)
+    : _isEmpty(object.isEmpty()), _tilt(tilt)
 {
     const QRectF usable = view.adjusted(kInset, kInset, -kInset, -kInset);
     const double halfWidth = std::max(object.width() / 2.0, kApart);
     const double halfHeight = std::max(object.height() / 2.0, kApart);
     const QPointF middle = object.center();
-    const std::array<QPointF, 3> wanted = {middle + QPointF(halfWidth, 0.0), middle - QPointF(0.0, halfHeight),
-                                           middle + QPointF(halfWidth, halfHeight)};
+    const std::array<QPointF, 4> wanted = {middle + QPointF(halfWidth, 0.0), middle - QPointF(0.0, halfHeight),
+                                           middle + QPointF(halfWidth, halfHeight), middle - QPointF(halfWidth, 0.0)};
     std::ranges::transform(wanted, _places, [&](const QPointF& place) { return heldIn(place, usable); });
     // Handles that were moved into the view may overlap in a corner.
     for (std::size_t i = 1; i < wanted.size(); ++i)
@@ -77,33 +107,49 @@ ObjectHandles::ObjectHandles(const QRectF& object, const QRectF& view) : _isEmpt
                 _places[i] = heldIn(_places[j] + (i == 1 ? QPointF(-kApart, 0.0) : QPointF(0.0, kApart)), usable);
 }
 
-std::optional<ObjectValue> ObjectHandles::at(const QPointF& place) const
+std::optional<ObjectHandle> ObjectHandles::at(const QPointF& place) const
 {
     if (_isEmpty)
         return std::nullopt;
-    for (const ObjectValue value : kObjectValues) {
-        const QPointF away = this->place(value) - place;
+    for (const ObjectHandle handle : kObjectHandles) {
+        const QPointF away = this->place(handle) - place;
         if (std::hypot(away.x(), away.y()) <= kReach)
-            return value;
+            return handle;
     }
     return std::nullopt;
 }
 
-void ObjectHandles::paint(QPainter& painter, const QPalette& palette, std::optional<ObjectValue> hot) const
+// A ball is crossed by the needle's shadow; its tip shows where the object faces.
+QPainterPath ObjectHandles::pictogram(ObjectHandle handle) const
+{
+    if (const auto value = valueOf(handle))
+        return symbolOf(*value);
+    constexpr double kNeedle = 6.0;
+    constexpr double kTip = 1.6;
+    const QPointF tip = seenNeedle(_tilt) * kNeedle;
+    QPainterPath path;
+    path.moveTo(-kNeedle, 0.0);
+    path.lineTo(kNeedle, 0.0);
+    path.moveTo(0.0, -kNeedle);
+    path.lineTo(0.0, kNeedle);
+    path.addEllipse(tip, kTip, kTip);
+    return path;
+}
+
+void ObjectHandles::paint(QPainter& painter, const QPalette& palette, std::optional<ObjectHandle> hot) const
 {
     if (_isEmpty)
         return;
     painter.setRenderHint(QPainter::Antialiasing);
-    const QColor dark(20, 20, 24);
-    for (const ObjectValue value : kObjectValues) {
-        const bool isHot = hot == value;
-        painter.setPen(QPen(dark, 2.0));
-        painter.setBrush(isHot ? palette.color(QPalette::Highlight) : QColor(0xf4, 0xf5, 0xf7));
-        painter.drawEllipse(place(value), kRadius, kRadius);
+    for (const ObjectHandle handle : kObjectHandles) {
+        const bool isHot = hot == handle;
+        painter.setPen(QPen(kDark, 2.0));
+        painter.setBrush(isHot ? palette.color(QPalette::Highlight) : kLight);
+        painter.drawEllipse(place(handle), kRadius, kRadius);
         painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(isHot ? palette.color(QPalette::HighlightedText) : dark, 1.8, Qt::SolidLine, Qt::RoundCap,
+        painter.setPen(QPen(isHot ? palette.color(QPalette::HighlightedText) : kDark, 1.8, Qt::SolidLine, Qt::RoundCap,
                             Qt::RoundJoin));
-        painter.drawPath(pictogram(value).translated(place(value)));
+        painter.drawPath(pictogram(handle).translated(place(handle)));
     }
 }
 
@@ -121,6 +167,34 @@ double pulled(double from, ObjectValue value, const QPointF& way, double unit, b
         break;
     }
     return std::max(0.0, rounded(from + way.x() / kPullOfOne * care, carefully ? 0.01 : 0.05));
+}
+
+ObjectTilt pulledTilt(const ObjectTilt& from, const QPointF& way, bool carefully)
+{
+    const double step = carefully ? 0.1 : 1.0;
+    const double degrees = carefully ? 0.1 / kPullOfDegree : 1.0 / kPullOfDegree;
+    const auto turned = [&](double angle, double pull) {
+        return std::clamp(rounded(angle + pull * degrees, step), -kMostTilt, kMostTilt);
+    };
+    return {turned(from.x, way.x()), turned(from.y, -way.y())};
+}
+
+void paintFacing(QPainter& painter, const QPointF& place, const ObjectTilt& tilt)
+{
+    constexpr double kDisc = 30.0;
+    constexpr double kNeedle = 44.0;
+    QPainterPath facing;
+    facing.addEllipse(QPointF(), kDisc, kDisc);
+    facing = seenDisc(tilt).map(facing);
+    facing.moveTo(QPointF());
+    facing.lineTo(seenNeedle(tilt) * kNeedle);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::NoBrush);
+    // Light on dark, so that it is visible on any picture.
+    for (const auto& [colour, width] : {std::pair(kDark, 4.5), std::pair(kLight, 2.0)}) {
+        painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPath(facing.translated(place));
+    }
 }
 
 void paintBesideMouse(QPainter& painter, const QPointF& mouse, const QRectF& view, const QString& text)

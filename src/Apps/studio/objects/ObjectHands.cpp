@@ -88,7 +88,7 @@ ObjectHandles ObjectHands::handles() const
     if (selected.empty() || selected.back().isCutOut())
         return {};
     const QRectF object = rectOf(selected.back());
-    return object.isEmpty() ? ObjectHandles() : ObjectHandles(object, QRectF(_viewer.rect()));
+    return object.isEmpty() ? ObjectHandles() : ObjectHandles(object, QRectF(_viewer.rect()), selected.back().tilt);
 }
 
 void ObjectHands::press(const QPointF& place, Qt::KeyboardModifiers)
@@ -101,8 +101,7 @@ void ObjectHands::press(const QPointF& place, Qt::KeyboardModifiers)
     _pulledAny = false;
     _before.clear();
     if (_hot)
-        for (const SceneObject& object : _objects.selected())
-            _before.push_back(object.values);
+        _before = _objects.selected();
     update();
 }
 
@@ -122,14 +121,21 @@ void ObjectHands::pull(const QPointF& to, bool carefully)
 {
     // A selected module may have been removed while the handle was held.
     const std::vector<SceneObject> selected = _objects.selected();
-    if (selected.size() != _before.size() || !_hot)
-        return;
-    const ObjectValue value = *_hot;
-    const auto numberOf = [&](const SceneObject& object) {
-        const auto index = static_cast<std::size_t>(&object - selected.data());
-        return pulled(valueOf(_before[index], value), value, to - _from, unit(), carefully);
+    if (selected.size() == _before.size() && _hot)
+        _pulledAny = _objects.changeOn(pullCmd(selected, to - _from, carefully)) || _pulledAny;
+}
+
+MO_EditCommand ObjectHands::pullCmd(const std::vector<SceneObject>& objects, const QPointF& way, bool carefully) const
+{
+    const auto before = [&](const SceneObject& object) -> const SceneObject& {
+        return _before[static_cast<std::size_t>(&object - objects.data())];
     };
-    _pulledAny = _objects.changeOn(changeValueCmd(selected, value, numberOf)) || _pulledAny;
+    if (const auto value = valueOf(*_hot))
+        return changeValueCmd(objects, *value, [&](const SceneObject& object) {
+            return pulled(valueOf(before(object).values, *value), *value, way, unit(), carefully);
+        });
+    return tiltCmd(objects, _objects.document().currentFrame(),
+                   [&](const SceneObject& object) { return pulledTilt(before(object).tilt, way, carefully); });
 }
 
 void ObjectHands::release(const QPointF& place, Qt::KeyboardModifiers modifiers)
@@ -155,7 +161,9 @@ void ObjectHands::release(const QPointF& place, Qt::KeyboardModifiers modifiers)
 void ObjectHands::finishPull()
 {
     const std::vector<SceneObject>& selected = _objects.selected();
-    const bool isAsBefore = std::ranges::equal(selected, _before, {}, &SceneObject::values);
+    const bool isAsBefore = std::ranges::equal(selected, _before, [](const SceneObject& now, const SceneObject& then) {
+        return now.values == then.values && now.tilt == then.tilt;
+    });
     if (_pulledAny && isAsBefore)
         _objects.document().commands().drop();
     _objects.finishChange();
@@ -241,7 +249,9 @@ Qt::CursorShape ObjectHands::cursor(const QPointF& place) const
     const auto handle = _doing == Doing::PULL ? _hot : handles().at(place);
     if (!handle || _doing == Doing::RECTANGLE)
         return Qt::ArrowCursor;
-    return *handle == ObjectValue::ELEVATION ? Qt::SizeVerCursor : Qt::SizeHorCursor;
+    if (*handle == ObjectHandle::TILT)
+        return Qt::SizeAllCursor;
+    return *handle == ObjectHandle::ELEVATION ? Qt::SizeVerCursor : Qt::SizeHorCursor;
 }
 
 const QPainterPath& ObjectHands::outlineFor(const SceneObject& object)
@@ -289,6 +299,8 @@ void ObjectHands::paint(QPainter& painter)
         painter.setBrush(inside);
         painter.drawRect(QRectF(_from, _now).normalized());
     } else {
+        if (_hot == ObjectHandle::TILT && !_objects.selected().empty())
+            paintFacing(painter, rectOf(_objects.selected().back()).center(), _objects.selected().back().tilt);
         handles().paint(painter, _viewer.palette(), _hot);
     }
     paintWords(painter);
@@ -299,11 +311,13 @@ void ObjectHands::paintWords(QPainter& painter) const
     const std::vector<SceneObject>& selected = _objects.selected();
     if (!_hot || selected.empty())
         return;
-    QString words = QStringLiteral("%1  %2").arg(ObjectTexts::name(*_hot),
-                                                 ObjectTexts::number(valueOf(selected.back().values, *_hot)));
+    const std::optional<ObjectValue> value = valueOf(*_hot);
+    const QString name = value ? ObjectTexts::name(*value) : ObjectTexts::tiltName();
+    const auto numbers = [&](const SceneObject& object) {
+        return value ? ObjectTexts::number(valueOf(object.values, *value)) : ObjectTexts::tilt(object.tilt);
+    };
+    QString words = QStringLiteral("%1  %2").arg(name, numbers(selected.back()));
     if (_doing == Doing::PULL && !_before.empty())
-        words = QStringLiteral("%1  %2 \u2192 %3")
-                    .arg(ObjectTexts::name(*_hot), ObjectTexts::number(valueOf(_before.back(), *_hot)),
-                         ObjectTexts::number(valueOf(selected.back().values, *_hot)));
+        words = QStringLiteral("%1  %2 \u2192 %3").arg(name, numbers(_before.back()), numbers(selected.back()));
     paintBesideMouse(painter, _now, QRectF(_viewer.rect()), words);
 }

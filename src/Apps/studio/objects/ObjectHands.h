@@ -5,7 +5,7 @@
 //   click               selects the topmost object; again at the same place, the one below it
 //   click with Shift    adds an object to the selection, or takes it out
 //   drag                selects the objects inside a rectangle; with Shift, adds them to the selection
-//   drag a handle       changes bevel, elevation or smoothness of all selected objects; with Shift, in fine steps
+//   drag a handle       changes bevel, elevation, smoothness or tilt of all selected objects; with Shift, in fine steps
 //   Escape              cancels a drag; otherwise clears the selection
 #pragma once
 
@@ -63,6 +63,7 @@ private:
     void click(const QPointF& place, bool adds);
     void takeRectangle(const QPointF& to, bool adds);
     void pull(const QPointF& to, bool carefully);
+    MO_EditCommand pullCmd(const std::vector<SceneObject>& objects, const QPointF& way, bool carefully) const;
     void finishPull();
     std::vector<SceneObject> under(const QPointF& place) const;
     QRectF rectOf(const SceneObject& object) const;
@@ -77,8 +78,8 @@ private:
     Doing _doing = Doing::NOTHING;
     QPointF _from;
     QPointF _now;
-    std::optional<ObjectValue> _hot;
-    std::vector<NormalMapObject> _before; // the values of the selected objects before a pull
+    std::optional<ObjectHandle> _hot;
+    std::vector<SceneObject> _before; // the selected objects before a pull; only their values and tilts are used
     bool _pulledAny = false;
     QPointF _lastClick{-1000.0, -1000.0};
     RenderedFramePtr _outlinesOf;

@@ -4,6 +4,7 @@
 #include "studio/objects/SceneObjects.h"
 
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 
 #include <algorithm>
 #include <map>
@@ -102,6 +103,7 @@ void addObjects(MO_Module& node, double frame, std::vector<SceneObject>& all)
                                  .elements = {},
                                  .ports = {},
                                  .values = valuesOf(table, number),
+                                 .tilt = {definition.tiltX()->value(frame), definition.tiltY()->value(frame)},
                                  .isHidden = true});
             byDefinition.emplace(&definition, index);
             byNumber.emplace(number, index);

@@ -7,6 +7,7 @@
 #include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "jobs/drawing/NormalMapSettings.h"
 #include "jobs/shown/NormalMapNode.h"
 
 #include <QList>
@@ -24,6 +25,7 @@ struct SceneObject
     std::vector<MO_ElementModule*> elements; ///< the elements of its drawings
     std::vector<int> ports;                  ///< the inputs of the node that show it
     NormalMapObject values;                  ///< the number is 0 for a cut-out, which has no values
+    ObjectTilt tilt;                         ///< of the first definition
     bool isHidden = false;
 
     int number() const { return values.number; }

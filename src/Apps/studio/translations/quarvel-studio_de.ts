@@ -2421,6 +2421,15 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <source>Balloon</source>
         <translation>Ballon</translation>
     </message>
+    <message>
+        <source>Tilt</source>
+        <translation>Neigung</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>a tilt to the right and upwards, in degrees</comment>
+        <translation>%1; %2</translation>
+    </message>
 </context>
 <context>
     <name>ObjectsModel</name>

@@ -5,6 +5,7 @@
 
 #include "QuarvelSceneCore/attributes/AT_AttrLink.h"
 #include "QuarvelSceneCore/attributes/AT_ChangeCmd.h"
+#include "QuarvelSceneCore/editing/private/MO_NumbersCmd.h"
 #include "QuarvelSceneCore/editing/private/MO_StateCmd.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 
@@ -72,6 +73,18 @@ MO_EditCommand MO_constantCmd(AT_AnimatableAttr& attr, double value)
     if (!std::isfinite(value))
         return nullptr;
     return numberCmd(attr, {std::clamp(value, attr.lower(), attr.upper()), AT_Curve()});
+}
+
+MO_EditCommand MO_numbersCmd(const QString& name, double frame, const std::vector<MO_NumberChange>& changes)
+{
+    MO_NumbersCmd::Numbers numbers;
+    MO_NumbersCmd::States after;
+    for (const auto& [number, value] : changes) {
+        numbers.push_back(number);
+        after.push_back(number->stateWith(frame, value));
+    }
+    auto command = std::make_unique<MO_NumbersCmd>(name, nullptr, numbers, after);
+    return command->hasEffect() ? std::move(command) : nullptr;
 }
 
 MO_EditCommand MO_exposuresCmd(AT_DrawingAttr& attr, const AT_ExposureSheet& exposures)

@@ -23,6 +23,19 @@ QUARVELSCENECORE_EXPORT MO_EditCommand MO_curveCmd(AT_AnimatableAttr& attr, cons
 /// @return null when nothing would change, or the value is not finite
 QUARVELSCENECORE_EXPORT MO_EditCommand MO_constantCmd(AT_AnimatableAttr& attr, double value);
 
+/// A number and the value that it gets.
+struct MO_NumberChange
+{
+    AT_AnimatableAttr* number = nullptr;
+    double value = 0.0;
+};
+
+/// Sets several numbers at a frame as one change, as AT_DoubleAttr::setValueCmd() sets one: the key of a number that is
+/// animated, the local value of any other. Consecutive commands of the same name for the same numbers merge, even if
+/// each of them leaves some of the numbers unchanged. @return null when nothing would change
+QUARVELSCENECORE_EXPORT MO_EditCommand MO_numbersCmd(const QString& name, double frame,
+                                                     const std::vector<MO_NumberChange>& changes);
+
 /// Replaces the exposures of a drawing attribute. @return null when nothing would change
 QUARVELSCENECORE_EXPORT MO_EditCommand MO_exposuresCmd(AT_DrawingAttr& attr, const AT_ExposureSheet& exposures);
 

@@ -5,51 +5,15 @@
 #include "QuarvelSceneCore/editing/MO_LightCommands.h"
 
 #include "QuarvelCommand/CO_OrCommand.h"
+#include "QuarvelSceneCore/editing/private/MO_NumbersCmd.h"
 #include "QuarvelSceneCore/editing/private/MO_StateCmd.h"
 
 #include <optional>
 
 namespace {
 
-using Numbers = std::vector<AT_AnimatableAttr*>;
-using States = std::vector<AT_AnimatableAttr::State>;
-
-// Changes several numbers as one change.
-class NumbersCmd : public CO_Command
-{
-public:
-    /// @param keeper keeps the numbers alive; null where the scene does so
-    NumbersCmd(const QString& name, const std::shared_ptr<void>& keeper, const Numbers& numbers, const States& after)
-        : _name(name), _keeper(keeper), _numbers(numbers), _after(after)
-    {
-        for (const AT_AnimatableAttr* const number : numbers)
-            _before.push_back(number->state());
-    }
-
-    QString name() const override { return _name; }
-    void execute() override { put(_after); }
-    void undo() override { put(_before); }
-    bool hasEffect() const override { return _before != _after; }
-    bool canMergeWith(const CO_Command& later) const override
-    {
-        const auto* const other = dynamic_cast<const NumbersCmd*>(&later);
-        return other && other->_name == _name && other->_numbers == _numbers;
-    }
-    void mergeWith(const CO_Command& later) override { _after = static_cast<const NumbersCmd&>(later)._after; }
-
-private:
-    void put(const States& states) const
-    {
-        for (std::size_t i = 0; i < _numbers.size(); ++i)
-            _numbers[i]->setState(states[i]);
-    }
-
-    QString _name;
-    std::shared_ptr<void> _keeper;
-    Numbers _numbers;
-    States _before;
-    States _after;
-};
+using Numbers = MO_NumbersCmd::Numbers;
+using States = MO_NumbersCmd::States;
 
 // The name of the changed value of a light; empty where several are changed.
 struct Subject
@@ -104,7 +68,7 @@ MO_EditCommand numbersCmd(const std::shared_ptr<MO_Light>& light, const MO_Light
         if (changes)
             subject.add(isPlace ? MO_CommandTexts::tr("Place") : subjectOf(number, i, MO_Light::RED));
     }
-    return std::make_unique<NumbersCmd>(lightName(lighting, *light, subject), light, numbers, after);
+    return std::make_unique<MO_NumbersCmd>(lightName(lighting, *light, subject), light, numbers, after);
 }
 
 MO_EditCommand listCmd(MO_Lighting& lighting, const QString& name, const MO_Lighting::Lights& after)
@@ -167,7 +131,7 @@ MO_EditCommand MO_lightingCmd(MO_Scene& scene, double frame, const MO_LightingVa
             subject.add(i <= MO_Lighting::AMBIENT_BLUE ? MO_CommandTexts::tr("Ambient Colour") : number.label());
     }
     const QString what = subject.text.value_or(QString());
-    auto command = std::make_unique<NumbersCmd>(
+    auto command = std::make_unique<MO_NumbersCmd>(
         MO_CommandTexts::tr("Change %1").arg(what.isEmpty() ? MO_CommandTexts::tr("Lights") : what), nullptr, numbers,
         after);
     return command->hasEffect() ? std::move(command) : nullptr;
@@ -218,6 +182,6 @@ MO_EditCommand MO_lightRigCmd(MO_Scene& scene, const QString& name, const MO_Lig
     }
     auto whole = std::make_unique<CO_OrCommand>(name);
     whole->append(listCmd(lighting, name, lights));
-    whole->append(std::make_unique<NumbersCmd>(name, nullptr, numbers, after));
+    whole->append(std::make_unique<MO_NumbersCmd>(name, nullptr, numbers, after));
     return whole;
 }

@@ -20,10 +20,10 @@ class ObjectHandsTest : public studio_testing::ObjectsTest
 {
 protected:
     ObjectBar& bar() const { return *window->findChild<ObjectBar*>(); }
-    void pressOn(ObjectValue value)
+    void pressOn(ObjectHandle handle)
     {
         ASSERT_FALSE(window->hands().handles().isEmpty());
-        _handle = window->hands().handles().place(value).toPoint();
+        _handle = window->hands().handles().place(handle).toPoint();
         QTest::mousePress(&viewer(), Qt::LeftButton, Qt::NoModifier, _handle);
     }
     void pullTo(const QPoint& way)
@@ -32,9 +32,9 @@ protected:
         studio_testing::moveMouse(viewer(), _handle + way, Qt::LeftButton);
     }
     void letGo(const QPoint& way) { QTest::mouseRelease(&viewer(), Qt::LeftButton, Qt::NoModifier, _handle + way); }
-    void pull(ObjectValue value, const QPoint& way)
+    void pull(ObjectHandle handle, const QPoint& way)
     {
-        pressOn(value);
+        pressOn(handle);
         pullTo(way);
         letGo(way);
         QCoreApplication::processEvents();
@@ -153,7 +153,7 @@ TEST_F(ObjectHandsTest, PullingTheBevelInwardsWidensItInOneStepThatSaysSo)
     click(kHead);
     ASSERT_EQ(valuesOf("Head").bevel, 24.0);
     const int way = static_cast<int>(std::lround(36.0 * unit()));
-    pull(ObjectValue::BEVEL, QPoint(-way, 0));
+    pull(ObjectHandle::BEVEL, QPoint(-way, 0));
     EXPECT_NEAR(valuesOf("Head").bevel, 60.0, 1.0);
     EXPECT_EQ(document().commands().undoNames(),
               QStringList({QStringLiteral("Bevel of Head 24 \u2192 %1").arg(valuesOf("Head").bevel)}));
@@ -166,10 +166,10 @@ TEST_F(ObjectHandsTest, PullingUpRaisesAndPullingToTheRightRounds)
 {
     openParts();
     click(kHead);
-    pull(ObjectValue::ELEVATION, QPoint(0, -50));
+    pull(ObjectHandle::ELEVATION, QPoint(0, -50));
     EXPECT_EQ(valuesOf("Head").elevation, 1.5);
     EXPECT_EQ(document().commands().undoName(), QStringLiteral("Elevation of Head 1 \u2192 1.5"));
-    pull(ObjectValue::SMOOTHNESS, QPoint(80, 0));
+    pull(ObjectHandle::SMOOTHNESS, QPoint(80, 0));
     EXPECT_EQ(valuesOf("Head").smoothness, 1.8);
     EXPECT_EQ(document().commands().undoNames().size(), 2);
 }
@@ -178,7 +178,7 @@ TEST_F(ObjectHandsTest, EscapeTakesAPullBackAndLeavesNoTrace)
 {
     openParts();
     click(kHead);
-    pressOn(ObjectValue::ELEVATION);
+    pressOn(ObjectHandle::ELEVATION);
     pullTo(QPoint(0, -50));
     EXPECT_EQ(valuesOf("Head").elevation, 1.5);
     QTest::keyClick(&viewer(), Qt::Key_Escape);
@@ -196,7 +196,7 @@ TEST_F(ObjectHandsTest, APullBackToWhereItBeganIsNoStep)
 {
     openParts();
     click(kHead);
-    pressOn(ObjectValue::ELEVATION);
+    pressOn(ObjectHandle::ELEVATION);
     pullTo(QPoint(0, -50));
     pullTo(QPoint(0, 0));
     letGo(QPoint(0, 0));
@@ -207,13 +207,79 @@ TEST_F(ObjectHandsTest, SeveralObjectsArePulledTogetherEachFromItsOwnValue)
 {
     openParts();
     click(kHead);
-    pull(ObjectValue::ELEVATION, QPoint(0, -50));
+    pull(ObjectHandle::ELEVATION, QPoint(0, -50));
     click(kBody, Qt::ShiftModifier);
     ASSERT_EQ(selected(), QStringList({"Head", "Body"}));
-    pull(ObjectValue::ELEVATION, QPoint(0, -100));
+    pull(ObjectHandle::ELEVATION, QPoint(0, -100));
     EXPECT_EQ(valuesOf("Head").elevation, 2.5);
     EXPECT_EQ(valuesOf("Body").elevation, 2.0);
     EXPECT_EQ(document().commands().undoName(), QStringLiteral("Elevation of 2 objects 1 \u2192 2"));
+}
+
+TEST_F(ObjectHandsTest, RollingTheBallTiltsTheObjectInOneStepThatSaysSo)
+{
+    openParts();
+    click(kHead);
+    // Two pixels are a degree. The ball is rolled to the right first and upwards afterwards.
+    pressOn(ObjectHandle::TILT);
+    pullTo(QPoint(24, 0));
+    pullTo(QPoint(24, 10));
+    letGo(QPoint(24, 10));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(object("Head").tilt, (ObjectTilt{12.0, -5.0}));
+    EXPECT_EQ(document().commands().undoNames(), QStringList({QStringLiteral("Tilt of Head 0, 0 \u2192 12, -5")}));
+    EXPECT_EQ(object("Body").tilt, ObjectTilt());
+    document().undo();
+    EXPECT_EQ(object("Head").tilt, ObjectTilt());
+    EXPECT_FALSE(document().commands().canUndo());
+}
+
+TEST_F(ObjectHandsTest, ATiltEndsAtTheHorizonAndIsTakenBackByEscape)
+{
+    openParts();
+    click(kHead);
+    pressOn(ObjectHandle::TILT);
+    pullTo(QPoint(0, -500));
+    EXPECT_EQ(object("Head").tilt, (ObjectTilt{0.0, 90.0}));
+    pullTo(QPoint(-500, -500));
+    EXPECT_EQ(object("Head").tilt, (ObjectTilt{-90.0, 90.0}));
+    QTest::keyClick(&viewer(), Qt::Key_Escape);
+    EXPECT_EQ(object("Head").tilt, ObjectTilt());
+    letGo(QPoint(-500, -500));
+    EXPECT_FALSE(document().commands().canUndo());
+    EXPECT_FALSE(document().commands().canRedo());
+}
+
+TEST_F(ObjectHandsTest, SeveralObjectsAreTiltedTogetherEachFromItsOwnTilt)
+{
+    openParts();
+    click(kHead);
+    pull(ObjectHandle::TILT, QPoint(20, 0));
+    click(kBody, Qt::ShiftModifier);
+    pull(ObjectHandle::TILT, QPoint(0, -30));
+    EXPECT_EQ(object("Head").tilt, (ObjectTilt{10.0, 15.0}));
+    EXPECT_EQ(object("Body").tilt, (ObjectTilt{0.0, 15.0}));
+    EXPECT_EQ(document().commands().undoName(), QStringLiteral("Tilt of 2 objects 0, 0 \u2192 0, 15"));
+    entry(menuOfBar(), QStringLiteral("Tilt"))->trigger();
+    EXPECT_EQ(object("Head").tilt, ObjectTilt());
+    EXPECT_EQ(object("Body").tilt, ObjectTilt());
+}
+
+TEST_F(ObjectHandsTest, ATiltTurnsThePictureAndIsSavedWithTheScene)
+{
+    openParts();
+    click(kHead);
+    pull(ObjectHandle::TILT, QPoint(60, 0));
+    ASSERT_TRUE(waitForPicture());
+    // The head's flat middle faces 30 degrees to the right: sin 30 is 0.5.
+    const auto pixel = pixelOf(*window->renderService().current(), QPoint(200, 100));
+    ASSERT_TRUE(pixel);
+    EXPECT_NEAR(pixel->normal[0], 0.5, 0.01);
+    EXPECT_NEAR(pixel->normal[1], 0.0, 0.01);
+    ASSERT_TRUE(window->saveTo(folder.filePath(QStringLiteral("parts.scene"))));
+    renew();
+    ASSERT_TRUE(document().open(folder.filePath(QStringLiteral("parts.scene"))).ok());
+    EXPECT_EQ(object("Head").tilt, (ObjectTilt{30.0, 0.0}));
 }
 
 TEST_F(ObjectHandsTest, TheLightMovesByItsHandleAlone)
@@ -232,7 +298,7 @@ TEST_F(ObjectHandsTest, ThePictureFollowsAPull)
     click(kHead);
     const auto elevation = [&] { return pixelOf(*window->renderService().current(), QPoint(200, 100))->normal[2]; };
     const double before = elevation();
-    pull(ObjectValue::BEVEL, QPoint(-200, 0));
+    pull(ObjectHandle::BEVEL, QPoint(-200, 0));
     ASSERT_TRUE(waitForPicture());
     EXPECT_NE(elevation(), before);
 }
@@ -272,7 +338,7 @@ TEST_F(ObjectHandsTest, ACutOutIsAnObjectAgainWithItsOldValues)
 {
     openParts();
     click(kHead);
-    pull(ObjectValue::ELEVATION, QPoint(0, -50));
+    pull(ObjectHandle::ELEVATION, QPoint(0, -50));
     toggle("bar-cut-out");
     EXPECT_EQ(definition("Head").objectId(1), 0);
     EXPECT_EQ(document().commands().undoName(), QStringLiteral("Cut out Head"));
@@ -316,7 +382,7 @@ TEST_F(ObjectHandsTest, ValuesAreCopiedAndPastedByKey)
 {
     openParts();
     click(kHead);
-    pull(ObjectValue::ELEVATION, QPoint(0, -50));
+    pull(ObjectHandle::ELEVATION, QPoint(0, -50));
     viewer().setFocus();
     QTest::keyClick(&viewer(), Qt::Key_C, Qt::ControlModifier);
     click(kBody);
@@ -346,7 +412,7 @@ TEST_F(ObjectHandsTest, OwnPresetsAreKeptInTheSettings)
 {
     openParts();
     click(kHead);
-    pull(ObjectValue::ELEVATION, QPoint(0, -50));
+    pull(ObjectHandle::ELEVATION, QPoint(0, -50));
     QTimer::singleShot(0, window.get(), [] {
         auto* const dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(dialog, nullptr);
@@ -372,9 +438,9 @@ TEST_F(ObjectHandsTest, ResetGivesTheFormThatWasChosenWhenTheDrawingCameIn)
     ASSERT_NE(chosen, valuesOf("Body"));
     window->objects().select({object("Head")});
     QCoreApplication::processEvents();
-    pull(ObjectValue::ELEVATION, QPoint(0, -50));
-    pull(ObjectValue::SMOOTHNESS, QPoint(80, 0));
-    pull(ObjectValue::BEVEL, QPoint(-10, 0));
+    pull(ObjectHandle::ELEVATION, QPoint(0, -50));
+    pull(ObjectHandle::SMOOTHNESS, QPoint(80, 0));
+    pull(ObjectHandle::BEVEL, QPoint(-10, 0));
     const NormalMapObject pulled = valuesOf("Head");
     ASSERT_NE(pulled.bevel, chosen.bevel);
     entry(menuOfBar(), QStringLiteral("Elevation"))->trigger();

@@ -76,7 +76,7 @@ protected:
         ASSERT_TRUE(waitForPicture());
         const ObjectHandles handles = window->hands().handles();
         if (!handles.isEmpty())
-            pullFrom(handles.place(kObjectValues[static_cast<std::size_t>(upTo(2))]).toPoint());
+            pullFrom(handles.place(kObjectHandles[static_cast<std::size_t>(upTo(3))]).toPoint());
     }
     void pullLight()
     {
