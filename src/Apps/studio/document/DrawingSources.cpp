@@ -60,6 +60,7 @@ DrawingSources::DrawingSources(StudioDocument& document, QObject* parent) : QObj
     connect(&_watcher, &QFileSystemWatcher::directoryChanged, this, [this] { _quiet.start(); });
     connect(&_document, &StudioDocument::sceneReplaced, this, &DrawingSources::sceneReplaced);
     connect(&_document, &StudioDocument::sceneChanged, this, &DrawingSources::follow);
+    connect(&_document, &StudioDocument::aboutToSave, this, &DrawingSources::noteKnownVersions);
 }
 
 DrawingSources::~DrawingSources()
@@ -104,6 +105,7 @@ void DrawingSources::sceneReplaced()
     _again.stop();
     _queue.clear();
     _seen.clear();
+    _read.clear();
     _told.clear();
     _sources.clear();
     follow();
@@ -262,6 +264,8 @@ void DrawingSources::apply(Reading& reading)
         _told.removeAll(file);
     }
     MO_Scene& scene = _document.scene();
+    for (const MO_ElementModule* const element : elementsFrom(*reading.result->scene, request.files))
+        _read.insert(request.files, element->origin().digest);
     const bool adds = request.source.isEmpty();
     const std::vector<MO_ElementModule*> elements =
         adds ? std::vector<MO_ElementModule*>() : elementsFrom(scene, request.source);
@@ -284,6 +288,26 @@ void DrawingSources::apply(Reading& reading)
         remarks << tr("Not in %1 any more: %2. What was set for it stays, should it come back.")
                        .arg(nameOf(request.files), update.vanished.join(QStringLiteral(", ")));
     Q_EMIT updated(remarks.join(QLatin1Char('\n')));
+}
+
+// Undo brought the older digests back with the older drawings.
+void DrawingSources::noteKnownVersions() const
+{
+    for (const QStringList& files : _sources) {
+        const QString digest = _read.value(files);
+        if (digest.isEmpty())
+            continue;
+        const std::vector<MO_ElementModule*> elements = elementsFrom(_document.scene(), files);
+        const bool isNoted =
+            std::ranges::any_of(elements, [&](const MO_ElementModule* one) { return one->origin().digest == digest; });
+        if (isNoted)
+            continue;
+        for (MO_ElementModule* const element : elements) {
+            MO_DrawingOrigin origin = element->origin();
+            origin.digest = digest;
+            element->setOrigin(origin);
+        }
+    }
 }
 
 void DrawingSources::retry(const Request& request, const QString& error)

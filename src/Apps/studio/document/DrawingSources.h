@@ -9,7 +9,8 @@
 // kQuiet, and a file that cannot be read is tried again kAttempts times, each time after twice as long. Until it can be
 // read, the drawing stays as it is, and people are told once.
 //
-// When a scene is opened, files whose content is not what the scene was made of are read in the same way.
+// When a scene is opened, files whose content is not what the scene was made of are read in the same way. A version of
+// a file that was read and undone counts as known from the next save on: whoever keeps the older drawing keeps it.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -95,11 +96,13 @@ private:
     void apply(Reading& reading);
     void retry(const Request& request, const QString& error);
     QString objectsOf(const QStringList& source) const;
+    void noteKnownVersions() const;
     void retireThread();
 
     StudioDocument& _document;
     std::vector<QStringList> _sources;
-    QHash<QString, Stamp> _seen; // of files as they were read, or were found when the scene was opened
+    QHash<QStringList, QString> _read; // the digest of each source's version that was read last
+    QHash<QString, Stamp> _seen;       // of files as they were read, or were found when the scene was opened
     QFileSystemWatcher _watcher;
     QTimer _quiet;
     QTimer _again; // for the next attempt, or for the end of a drag

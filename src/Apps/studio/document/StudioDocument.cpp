@@ -82,6 +82,7 @@ UT_Result<QStringList> StudioDocument::open(const QString& folder)
 
 UT_Result<void> StudioDocument::save(const QString& folder)
 {
+    Q_EMIT aboutToSave();
     const auto saved = SIO_saveScene(*_scene, folder);
     if (!saved)
         return saved.error();
@@ -95,6 +96,7 @@ UT_Result<bool> StudioDocument::saveUnlessOthersDid(const QString& folder)
         const auto saved = save(folder);
         return saved ? UT_Result<bool>(true) : saved.error();
     }
+    Q_EMIT aboutToSave();
     const auto saved = SIO_saveSceneOver(_state, *_scene, folder);
     if (!saved)
         return saved.error();

@@ -83,6 +83,8 @@ Q_SIGNALS:
     void sceneChanged();
     /// The scene's lights changed; emitted at once for every change, instead of sceneChanged().
     void lightsChanged();
+    /// The scene is written next. Whoever keeps something for it writes that into the scene now.
+    void aboutToSave();
     /// What undo and redo would do, the title or whether there is anything to save may have changed.
     void stateChanged();
     void currentFrameChanged(int frame);

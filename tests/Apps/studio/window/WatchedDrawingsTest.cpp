@@ -102,6 +102,27 @@ TEST_F(WatchedDrawingsTest, ADrawingThatChangedWhileItsSceneWasClosedIsReadWhenT
     ASSERT_TRUE(waitForCentre(70)) << "it is watched as before";
 }
 
+TEST_F(WatchedDrawingsTest, AnOlderDrawingThatUndoBroughtBackIsKeptOnceItIsSaved)
+{
+    const QString scene = reopenAfterAChange();
+    ASSERT_TRUE(waitForCentre(60));
+    document().undo();
+    ASSERT_TRUE(window->saveTo(scene));
+    EXPECT_FALSE(document().isModified());
+
+    renew();
+    drop({scene});
+    ASSERT_TRUE(waitForPicture());
+    // What is asked for after the look at the files is done after it.
+    window->sources().add({write(QStringLiteral("other.svg"), disc(20))});
+    ASSERT_TRUE(studio_testing::waitUntil([&] { return document().isModified(); }));
+    EXPECT_EQ(document().commands().undoName(), QStringLiteral("Add other.svg"));
+    document().undo();
+    EXPECT_NEAR(centre(), 100.0, 1.0);
+    write(QStringLiteral("disc.svg"), disc(70));
+    EXPECT_TRUE(waitForCentre(70)) << "a newer version is read";
+}
+
 TEST_F(WatchedDrawingsTest, ASceneWhoseFilesAreTheSameOrGoneOpensAsItWasSaved)
 {
     openDisc();
