@@ -61,16 +61,16 @@ public:
         std::vector<QRectF> added;
         if (_cut.left && frame.left() - _bounds.left() < enough)
             for (const Stretch& s : along(false, _grid.bounds().left()))
-                added.push_back(QRectF(QPointF(frame.left() - _far, top(s)), QPointF(frame.left(), bottom(s))));
+                added.emplace_back(QPointF(frame.left() - _far, top(s)), QPointF(frame.left(), bottom(s)));
         if (_cut.right && _bounds.right() - frame.right() < enough)
             for (const Stretch& s : along(false, _grid.bounds().right()))
-                added.push_back(QRectF(QPointF(frame.right(), top(s)), QPointF(frame.right() + _far, bottom(s))));
+                added.emplace_back(QPointF(frame.right(), top(s)), QPointF(frame.right() + _far, bottom(s)));
         if (_cut.top && frame.top() - _bounds.top() < enough)
             for (const Stretch& s : along(true, _grid.bounds().top()))
-                added.push_back(QRectF(QPointF(left(s), frame.top() - _far), QPointF(right(s), frame.top())));
+                added.emplace_back(QPointF(left(s), frame.top() - _far), QPointF(right(s), frame.top()));
         if (_cut.bottom && _bounds.bottom() - frame.bottom() < enough)
             for (const Stretch& s : along(true, _grid.bounds().bottom()))
-                added.push_back(QRectF(QPointF(left(s), frame.bottom()), QPointF(right(s), frame.bottom() + _far)));
+                added.emplace_back(QPointF(left(s), frame.bottom()), QPointF(right(s), frame.bottom() + _far));
         return added;
     }
 

@@ -20,7 +20,7 @@ struct StraightEncoder
             std::fill_n(samples, 4, Sample{});
             return;
         }
-        const double coverage = static_cast<double>(pixel.a);
+        const auto coverage = static_cast<double>(pixel.a);
         samples[0] = NM_fractionToSample<Sample>(static_cast<double>(pixel.r) / coverage);
         samples[1] = NM_fractionToSample<Sample>(static_cast<double>(pixel.g) / coverage);
         samples[2] = NM_fractionToSample<Sample>(static_cast<double>(pixel.b) / coverage);

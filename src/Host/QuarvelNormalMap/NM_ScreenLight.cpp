@@ -67,7 +67,7 @@ public:
         for (const NM_Light& light : settings.lights)
             _lights.emplace_back(light, surface.width(), surface.height());
         const double exponent = std::max(static_cast<double>(settings.sharpness), 1.0);
-        const double last = static_cast<double>(_power.size() - 1);
+        const auto last = static_cast<double>(_power.size() - 1);
         for (std::size_t i = 0; i < _power.size(); ++i)
             _power[i] = static_cast<float>(std::pow(static_cast<double>(i) / last, exponent)) * settings.highlight;
     }

@@ -56,6 +56,7 @@ private:
     static std::vector<Slot> slotsOf(const std::vector<float*>& buffers)
     {
         std::vector<Slot> slots;
+        slots.reserve(buffers.size());
         for (float* buffer : buffers)
             slots.push_back({buffer, 0, nullptr});
         return slots;

@@ -59,11 +59,11 @@ bool PartStack::mayExtend(int index, const Surroundings& around) const
 {
     // Where two areas abut, the cells along the seam may show either of them. Of hundreds of parts above, the shape
     // meets a few.
-    const std::ranges::subrange above(std::ranges::find(_order, index) + 1, _order.end());
+    const auto above = std::ranges::find(_order, index) + 1;
     const auto isHiddenBy = [&](const auto& met) {
         const Meeting& meeting = met.second;
         return meeting.overlap > std::max(4.0, kSeamCells * meeting.contact) &&
-               std::ranges::find(above, met.first) != above.end();
+               std::find(above, _order.end(), met.first) != _order.end();
     };
     return std::ranges::none_of(around.parts, isHiddenBy);
 }

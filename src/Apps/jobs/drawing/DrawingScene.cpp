@@ -18,7 +18,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 
 namespace {
 
@@ -108,16 +107,17 @@ UT_Result<void> checkObjects(const LayeredDrawing& drawing, const NormalMapSetti
 UT_Result<void> checkColours(const LayeredDrawing& drawing, const NormalMapSettings& settings)
 {
     for (const ColourLevel& set : settings.levels) {
+        constexpr std::size_t kMostNamed = 30;
         const auto& colors = drawing.palette->colors();
         const auto isSet = [&](const auto& color) { return colourOf(*color).rgb() == set.colour.rgb(); };
         if (std::ranges::any_of(colors, isSet))
             continue;
         QStringList known;
-        for (const auto& color : colors | std::views::take(30))
-            known.append(colourOf(*color).name());
+        for (std::size_t i = 0; i < std::min(colors.size(), kMostNamed); ++i)
+            known.append(colourOf(*colors[i]).name());
         return UT_Error{QStringLiteral("the drawing has no colour %1; its colours are %2%3")
                             .arg(set.colour.name(), known.join(QStringLiteral(", ")),
-                                 colors.size() > 30 ? QStringLiteral(", ...") : QString())};
+                                 colors.size() > kMostNamed ? QStringLiteral(", ...") : QString())};
     }
     return {};
 }

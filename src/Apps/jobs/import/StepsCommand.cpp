@@ -3,8 +3,6 @@
 // When a step throws, those before it are undone.
 #include "jobs/import/StepsCommand.h"
 
-#include <ranges>
-
 StepsCommand::StepsCommand(QString name, std::vector<Step> steps) : _name(std::move(name)), _steps(std::move(steps)) {}
 
 StepsCommand::~StepsCommand() = default;
@@ -27,8 +25,8 @@ void StepsCommand::execute()
 
 void StepsCommand::undo()
 {
-    for (const auto& command : _done | std::views::reverse)
-        command->undo();
+    for (auto command = _done.rbegin(); command != _done.rend(); ++command)
+        (*command)->undo();
 }
 
 void StepsCommand::redo()

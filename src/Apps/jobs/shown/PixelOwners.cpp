@@ -16,7 +16,7 @@ PixelOwners::PixelOwners(const ShownInputs& inputs, const Math::Box2di& rect, in
 
 void PixelOwners::next()
 {
-    std::ranges::rotate(_rows, _rows.begin() + 1);
+    std::rotate(_rows.begin(), _rows.begin() + 1, _rows.end());
     find(++_next, _rows[2]);
 }
 

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 
 namespace {
 
@@ -41,7 +40,9 @@ std::vector<SceneObject> objectsAt(const RenderedFrame& frame, const std::vector
     const int x = static_cast<int>(std::floor(here.x()));
     const int y = static_cast<int>(std::floor(here.y()));
     std::vector<SceneObject> found;
-    for (const ShownInput& input : std::views::reverse(inputsOf(frame))) {
+    const auto& inputs = inputsOf(frame);
+    for (auto shown = inputs.rbegin(); shown != inputs.rend(); ++shown) {
+        const ShownInput& input = *shown;
         if (!input.coverage.covers(x, y))
             continue;
         const auto object = std::ranges::find_if(objects, [&](const SceneObject& one) { return belongs(input, one); });

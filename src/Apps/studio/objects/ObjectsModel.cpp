@@ -130,7 +130,8 @@ std::vector<SceneObject> ObjectsModel::changedBy(int row) const
         return {*object};
     // The edited row comes last, because the last object names the change.
     std::vector<SceneObject> objects = _objects.selected();
-    std::ranges::stable_partition(objects, [&](const SceneObject& one) { return !isSame(one, *object); });
+    std::stable_partition(objects.begin(), objects.end(),
+                          [&](const SceneObject& one) { return !isSame(one, *object); });
     return objects;
 }
 

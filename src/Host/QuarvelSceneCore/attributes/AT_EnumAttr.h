@@ -54,7 +54,7 @@ public:
     QString displayText(double frame) const override
     {
         const ValueTable& table = valueTable();
-        const Iterator row = table.find(effectiveInt(frame));
+        const auto row = table.find(effectiveInt(frame));
         return row == table.end() ? QString() : row->second.label;
     }
 
@@ -147,7 +147,7 @@ protected:
     QString localValueXml() const override
     {
         const ValueTable& table = valueTable();
-        const Iterator row = table.find(_localValue);
+        const auto row = table.find(_localValue);
         return row == table.end() ? QString() : row->second.keyword;
     }
 

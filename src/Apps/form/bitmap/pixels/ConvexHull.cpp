@@ -28,8 +28,7 @@ void append(std::vector<QPoint>& chain, std::size_t from, const QPoint& point)
 ConvexHull::ConvexHull(std::vector<QPoint> points)
 {
     std::ranges::sort(points, {}, [](const QPoint& p) { return std::pair(p.x(), p.y()); });
-    const auto repeated = std::ranges::unique(points);
-    points.erase(repeated.begin(), repeated.end());
+    points.erase(std::unique(points.begin(), points.end()), points.end());
     if (points.size() < 3)
         return;
     for (const QPoint& point : points)

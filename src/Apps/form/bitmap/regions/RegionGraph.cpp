@@ -264,8 +264,7 @@ void RegionGraph::join(int into, int part)
     for (const int point : std::exchange(_pointsOf[static_cast<std::size_t>(part)], {}))
         points.push_back(point);
     std::ranges::sort(points);
-    const auto repeated = std::ranges::unique(points);
-    points.erase(repeated.begin(), repeated.end());
+    points.erase(std::unique(points.begin(), points.end()), points.end());
 }
 
 int RegionGraph::now(int number) const

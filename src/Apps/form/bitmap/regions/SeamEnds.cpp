@@ -37,8 +37,7 @@ std::vector<int> around(const PixelPlane<int>& labels, int x, int y)
 {
     std::vector<int> found = {labels.at(x - 1, y - 1), labels.at(x, y - 1), labels.at(x - 1, y), labels.at(x, y)};
     std::ranges::sort(found);
-    const auto repeated = std::ranges::unique(found);
-    found.erase(repeated.begin(), repeated.end());
+    found.erase(std::unique(found.begin(), found.end()), found.end());
     return found;
 }
 
