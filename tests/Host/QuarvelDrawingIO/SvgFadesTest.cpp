@@ -3,6 +3,7 @@
 // Gradients that fade: their one colour covers as much as the gradient does, place by place, in steps of an eighth.
 #include "Drawings.h"
 
+#include <algorithm>
 #include <cmath>
 
 using namespace drawings;
@@ -51,6 +52,21 @@ TEST(SvgFades, AGradientsTransformTurnsItsFading)
     for (const double x : {1.0, 50.0, 99.0})
         for (const double y : {1.0, 20.0, 45.0, 70.0, 99.0})
             EXPECT_NEAR(opacityAt(drawing, x, y), 1.0 - y / 100.0, kNear) << x << ", " << y;
+}
+
+// The strips of its steps end at the sides of the shape, whose corners rounding leaves nearly equal.
+TEST(SvgFades, ASlantedGradientCoversAllOfItsShape)
+{
+    const DIO_Drawing drawing =
+        read("<linearGradient id='g' gradientUnits='userSpaceOnUse' x1='383' x2='399' y1='667' y2='980'>"
+             "<stop stop-color='#f00'/><stop offset='1' stop-color='#f00' stop-opacity='0.29'/></linearGradient>"
+             "<rect x='90' y='670' width='600' height='280' fill='url(#g)' transform='translate(-63 -140)'/>");
+    for (const double x : {91.0, 300.0, 500.0, 689.0})
+        for (const double y : {671.0, 740.0, 810.0, 880.0, 949.0}) {
+            const double along = ((x - 383.0) * 16.0 + (y - 667.0) * 313.0) / (16.0 * 16.0 + 313.0 * 313.0);
+            EXPECT_NEAR(opacityAt(drawing, x - 63.0, y - 140.0), std::clamp(1.0 - 0.71 * along, 0.29, 1.0), kNear)
+                << x << ", " << y;
+        }
 }
 
 TEST(SvgFades, BeyondItsEndsAGradientStaysAsItsEnds)
