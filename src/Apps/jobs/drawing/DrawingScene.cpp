@@ -174,6 +174,14 @@ ObjectDefinition& addDefinition(MO_Scene& scene, const QString& layerName, int n
     return definition;
 }
 
+double frameHeight(const QSizeF& drawing, const std::pair<int, int>& resolution, FrameShape shape)
+{
+    const bool isExact = shape == FrameShape::DRAWING && drawing.width() > 0.0 && drawing.height() > 0.0;
+    const double proportion =
+        isExact ? drawing.height() / drawing.width() : static_cast<double>(resolution.second) / resolution.first;
+    return MO_SceneCommon::kFrameWidth * proportion;
+}
+
 } // namespace
 
 bool showsNothing(const LayeredDrawing& drawing, const NormalMapSettings& settings)
@@ -191,7 +199,8 @@ std::pair<int, int> pictureSize(const QSizeF& drawing, const NormalMapSettings& 
     return {width, height > 0 ? height : whole(width * drawing.height() / drawing.width())};
 }
 
-UT_Result<DrawingScene> DrawingScene::build(const LayeredDrawing& drawing, const NormalMapSettings& settings)
+UT_Result<DrawingScene> DrawingScene::build(const LayeredDrawing& drawing, const NormalMapSettings& settings,
+                                            FrameShape shape)
 {
     if (UT_Result<void> checked = checkObjects(drawing, settings); !checked)
         return checked.error();
@@ -202,8 +211,7 @@ UT_Result<DrawingScene> DrawingScene::build(const LayeredDrawing& drawing, const
     built._resolution = pictureSize(drawing.size, settings);
     built._scene = std::make_unique<MO_Scene>();
     MO_Scene& scene = *built._scene;
-    const auto [width, height] = built._resolution;
-    scene.setFrameHeight(MO_SceneCommon::kFrameWidth * height / width);
+    scene.setFrameHeight(frameHeight(drawing.size, built._resolution, shape));
     scene.truckFactorAttr().setLocalValue(settings.truck);
     scene.addPalette(drawing.palette);
 

@@ -42,6 +42,13 @@ struct LayeredDrawing
     CM_SharedPtr<CM_Palette> palette;
 };
 
+/// The proportions of a scene's frame.
+enum class FrameShape
+{
+    PICTURE, ///< those of the picture, whose sides are whole pixels
+    DRAWING  ///< exactly the drawing's, for scenes that are rendered in any size
+};
+
 /// A scene with a drawing's normal map and the drawing itself.
 class DrawingScene
 {
@@ -50,7 +57,8 @@ public:
     ///
     /// @return an error if the settings name an object or a colour that the drawing does not have, or if the plug-in is
     /// not loaded
-    static UT_Result<DrawingScene> build(const LayeredDrawing& drawing, const NormalMapSettings& settings);
+    static UT_Result<DrawingScene> build(const LayeredDrawing& drawing, const NormalMapSettings& settings,
+                                         FrameShape shape = FrameShape::PICTURE);
 
     MO_Scene& scene() const { return *_scene; }
     /// The Vallorin node.

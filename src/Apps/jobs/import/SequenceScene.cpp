@@ -61,7 +61,7 @@ UT_Result<std::unique_ptr<MO_Scene>> buildSequenceScene(const DrawingSequence& s
     NormalMapSettings settings;
     static_cast<ObjectWishes&>(settings) = *numbered;
     UT_Result<DrawingScene> built =
-        DrawingScene::build(firstDrawings(sequence, form, wishes.folder, warnings), settings);
+        DrawingScene::build(firstDrawings(sequence, form, wishes.folder, warnings), settings, FrameShape::DRAWING);
     if (!built)
         return built.error();
     for (std::size_t i = 0; i < sequence.layers.size(); ++i)

@@ -211,6 +211,17 @@ TEST(SvgSequence, ADifferentSizeIsSaidOnce)
                 AllOf(HasSubstr("a2.svg and 1 more"), HasSubstr("differs from that of"), HasSubstr("a1.svg")));
 }
 
+// A scene is rendered in any size, so its frame is not rounded to the drawing's pixels.
+TEST(SvgSequence, TheFrameHasTheDrawingsOwnProportions)
+{
+    const Folder folder;
+    const QString path = folder.write("small.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='12.5' height='7.5'>"
+                                                   "<rect width='9' height='9'/></svg>");
+    const auto imported = importDrawings({path}, {.form = {.shape = FormShape::RIM}, .lottie = {}});
+    ASSERT_TRUE(imported) << imported.error().text.toStdString();
+    EXPECT_DOUBLE_EQ(imported->scene->frameHeight(), 720.0 * 7.5 / 12.5);
+}
+
 TEST(SvgSequence, BecomesAGraphWithNumberedObjects)
 {
     const Folder folder;
