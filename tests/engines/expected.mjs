@@ -25,8 +25,10 @@ function filtered(picture, x, y, read) {
  *
  * turn: degrees clockwise; flip: mirrored left to right before it is turned; light: a unit vector, x right, y up, z towards the viewer.
  * turnsVectors and turnsMirrored: whether the engine turns vectors with a turned sprite, and mirrors those of a mirrored one.
+ * readsDown: whether it takes maps with y down. infersZ: whether it works out z from x and y instead of reading it.
+ * power: of the cosine between vector and light; 1 for a surface with diffuse reflection.
  */
-export function expectedPicture(drawing, map, { turn, flip, light, turnsVectors = true, turnsMirrored = true }) {
+export function expectedPicture(drawing, map, { turn, flip, light, turnsVectors = true, turnsMirrored = true, readsDown = false, infersZ = false, power = 1 }) {
   const { width, height } = drawing;
   const angle = (turn * Math.PI) / 180;
   const [cos, sin] = [Math.round(Math.cos(angle) * 1e12) / 1e12, Math.round(Math.sin(angle) * 1e12) / 1e12];
@@ -41,11 +43,13 @@ export function expectedPicture(drawing, map, { turn, flip, light, turnsVectors 
       const coverage = filtered(drawing, u, v, (i, j) => texel(drawing, i, j, 3));
       if (coverage === 0) continue;
       const n = [0, 1, 2].map((c) => 2 * filtered(map, u, v, (i, j) => texel(map, i, j, c)) - 1);
+      if (readsDown) n[1] = -n[1];
+      if (infersZ) n[2] = Math.sqrt(Math.max(0, 1 - n[0] * n[0] - n[1] * n[1]));
       const length = Math.hypot(...n);
       const nx = ((flip && turnsMirrored ? -1 : 1) * n[0]) / length;
       const ny = n[1] / length;
       const turned = !turnsVectors ? [nx, ny, n[2] / length] : [cos * nx + sin * ny, -sin * nx + cos * ny, n[2] / length];
-      const lit = Math.max(0, turned[0] * light[0] + turned[1] * light[1] + turned[2] * light[2]);
+      const lit = Math.max(0, turned[0] * light[0] + turned[1] * light[1] + turned[2] * light[2]) ** power;
       for (let c = 0; c < 3; c++) {
         const colour = filtered(drawing, u, v, (i, j) => texel(drawing, i, j, c) * texel(drawing, i, j, 3));
         shown[3 * (y * width + x) + c] = Math.min(1, colour * lit);

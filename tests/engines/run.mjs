@@ -15,6 +15,7 @@ import { dirname, extname, join, normalize } from "node:path";
 import { fileURLToPath } from "node:url";
 import { frameNames, makeAtlases, SPRITES, TURNED } from "./atlases.mjs";
 import { expectedPicture } from "./expected.mjs";
+import * as godot3 from "./godot3.mjs";
 import { readPng } from "./png.mjs";
 
 const HERE = dirname(fileURLToPath(import.meta.url));
@@ -30,24 +31,28 @@ const LIMIT_COARSE = 3 / 255;
 // these: the test checks that it does what is listed here, and docs/targets.md says so. freely: sprites can be compared
 // at any angle; melonJS draws them a fraction of a pixel off at angles other than right ones. unturns: sprites that lie
 // turned on the page of an atlas are drawn upright; Phaser 4.2 draws them mirrored and out of shape, with or without light.
-// atlases: the formats that belong to the engine.
+// atlases: the formats that belong to the engine. runner: what runs the engine instead of a browser.
+//
+// Godot 3 takes maps with y down, works out z from x and y, and lets the cosine between vector and light count twice: it
+// multiplies the colour and the coverage with which a lamp's light is added. It filters straight colours, which darkens
+// edges at angles other than right ones, whatever the map is.
 const ENGINES = {
   phaser: { turns: true, mirrors: false, freely: true, unturns: false, atlases: ["array", "hash", "aseprite"] },
   pixi: { turns: true, mirrors: true, freely: true, unturns: true, atlases: ["hash"] },
   melonjs: { turns: false, mirrors: false, freely: false, unturns: true, atlases: ["array"] },
   three: { turns: true, mirrors: true, freely: true, unturns: true, atlases: [] },
+  godot3: { turns: true, mirrors: false, freely: false, atlases: [], runner: godot3, readsDown: true, infersZ: true, power: 2 },
 };
 
 const [program, examples, modules, ...chosen] = process.argv.slice(2);
 
-function skip(reason) {
-  console.log(`skipped: ${reason}`);
-  process.exit(77);
+// What is missing to run an engine; nothing when all is there.
+function missingFor(engine) {
+  if (ENGINES[engine].runner) return ENGINES[engine].runner.missing();
+  if (!existsSync(CHROMIUM)) return `${CHROMIUM} is missing; it is in Debian's package chromium`;
+  const name = ["melonjs", "phaser", "pixi.js", "playwright-core", "three"].find((name) => !existsSync(join(modules, name)));
+  return name && `the npm package ${name} is missing in ${modules}`;
 }
-if (!existsSync(CHROMIUM)) skip(`${CHROMIUM} is missing; it is in Debian's package chromium`);
-for (const name of ["melonjs", "phaser", "pixi.js", "playwright-core", "three"])
-  if (!existsSync(join(modules, name))) skip(`the npm package ${name} is missing in ${modules}`);
-const { chromium } = createRequire(join(modules, "playwright-core/package.json"))("playwright-core");
 
 const TYPES = { ".json": "application/json", ".html": "text/html", ".mjs": "text/javascript", ".js": "text/javascript", ".png": "image/png" };
 
@@ -64,13 +69,14 @@ function serve(folder) {
 
 const DISC = `<svg xmlns="http://www.w3.org/2000/svg" width="128" height="128"><circle cx="64" cy="64" r="50.3" fill="#fff"/></svg>`;
 
-// The pictures of a drawing for an engine: written with --for, and without.
+// The pictures of a drawing for an engine: written with --for and, unless it takes other maps than most, without.
 function makeSprites(folder, engine) {
+  const ways = ENGINES[engine].readsDown ? [["--for", engine]] : [["--for", engine], []];
   writeFileSync(join(folder, "disc.svg"), DISC);
   const sprites = [];
   for (const [name, file, size] of [["disc", join(folder, "disc.svg"), "128"], ["example", join(examples, "hero.svg"), "160"]])
     // The default options are tested on the disc, which shows every possible fault.
-    for (const words of name === "disc" ? [["--for", engine], []] : [["--for", engine]]) {
+    for (const words of name === "disc" ? ways : ways.slice(0, 1)) {
       const base = `${engine}-${name}${words.length ? "" : "-default"}`;
       const [map, drawing] = [`${base}_n.png`, `${base}.png`];
       execFileSync(program, ["normalmap", file, "-q", "--size", size, "-o", join(folder, map), "--drawing", join(folder, drawing), ...words]);
@@ -81,7 +87,7 @@ function makeSprites(folder, engine) {
 }
 
 // Free angles are compared on the disc alone: where vectors of two parts meet, the filter's weights dominate.
-function views({ turns, mirrors, freely }, isSmooth) {
+function views({ turns, mirrors, freely, readsDown, infersZ, power }, isSmooth) {
   const all = [];
   for (let side = 0; side < 8; side++) {
     const angle = (side * Math.PI) / 4;
@@ -90,7 +96,7 @@ function views({ turns, mirrors, freely }, isSmooth) {
     for (const turn of isSmooth && freely ? [90, 180, 30] : [90, 180]) all.push({ light, turn, flip: false });
     all.push({ light, turn: 0, flip: true });
   }
-  return all.map((view) => ({ ...view, turnsVectors: turns, turnsMirrored: mirrors }));
+  return all.map((view) => ({ ...view, turnsVectors: turns, turnsMirrored: mirrors, readsDown, infersZ, power }));
 }
 
 function compare(shown, expected, drawing) {
@@ -115,18 +121,28 @@ async function openPage(browser, port) {
   return { page, messages };
 }
 
-async function check(browser, port, folder, engine) {
+// Draws a sprite in every view, in a page of the browser: the pixels of each, R G B A bytes.
+async function drawInPage(browser, port, engine, sprite, all) {
+  const { page, messages } = await openPage(browser, port);
+  const { width, height } = sprite;
+  await page.evaluate(([name, what]) => window.setUp(name, what), [engine, { drawing: `/${sprite.drawing}`, map: `/${sprite.map}`, width, height }])
+    .catch((error) => { throw new Error(`${engine}: ${error.message}\n${messages.join("\n")}`); });
+  const pictures = [];
+  for (const view of all) pictures.push(Buffer.from(await page.evaluate((v) => window.draw(v), view), "base64"));
+  for (const message of messages) console.log(`  the page says: ${message}`);
+  await page.close();
+  return pictures;
+}
+
+async function check(folder, engine, draw) {
   let wrong = 0;
   for (const sprite of makeSprites(folder, engine)) {
-    const { page, messages } = await openPage(browser, port);
-    const { width, height } = sprite;
-    await page.evaluate(([name, what]) => window.setUp(name, what), [engine, { drawing: `/${sprite.drawing}`, map: `/${sprite.map}`, width, height }])
-      .catch((error) => { throw new Error(`${engine}: ${error.message}\n${messages.join("\n")}`); });
+    const all = views(ENGINES[engine], sprite.isSmooth);
+    const pictures = await draw(sprite, all);
     const [drawing, map] = [readPng(join(folder, sprite.drawing)), readPng(join(folder, sprite.map))];
     const worst = {};
-    for (const view of views(ENGINES[engine], sprite.isSmooth)) {
-      const shown = Buffer.from(await page.evaluate((v) => window.draw(v), view), "base64");
-      const found = compare(shown, expectedPicture(drawing, map, view), drawing);
+    for (const [i, view] of all.entries()) {
+      const found = compare(pictures[i], expectedPicture(drawing, map, view), drawing);
       const kind = view.flip ? "mirrored" : view.turn === 0 ? "straight" : `turned ${view.turn}`;
       worst[kind] = { inside: Math.max(worst[kind]?.inside ?? 0, found.inside), edge: Math.max(worst[kind]?.edge ?? 0, found.edge) };
     }
@@ -136,8 +152,6 @@ async function check(browser, port, folder, engine) {
       wrong += right ? 0 : 1;
       console.log(`${right ? "right" : "WRONG"}  ${sprite.name}, ${kind}: inside ${(255 * inside).toFixed(2)}, edge ${(255 * edge).toFixed(2)} of 255`);
     }
-    for (const message of messages) console.log(`  the page says: ${message}`);
-    await page.close();
   }
   return wrong;
 }
@@ -189,20 +203,40 @@ async function checkAtlas(browser, port, folder, engine, format, atlas) {
   return wrong;
 }
 
+async function checkInBrowser(folder, engines) {
+  const { chromium } = createRequire(join(modules, "playwright-core/package.json"))("playwright-core");
+  const server = await serve(folder);
+  const browser = await chromium.launch({ executablePath: CHROMIUM, args: FLAGS });
+  let wrong = 0;
+  try {
+    const { port } = server.address();
+    for (const engine of engines) {
+      wrong += await check(folder, engine, (sprite, all) => drawInPage(browser, port, engine, sprite, all));
+      const atlases = ENGINES[engine].atlases.length ? makeAtlases(program, folder, engine) : {};
+      for (const format of ENGINES[engine].atlases) wrong += await checkAtlas(browser, port, folder, engine, format, atlases[format]);
+    }
+  } finally {
+    await browser.close();
+    server.close();
+  }
+  return wrong;
+}
+
+const wanted = chosen.length ? chosen : Object.keys(ENGINES);
+const engines = wanted.filter((engine) => {
+  const reason = missingFor(engine);
+  if (reason) console.log(`skipped: ${engine}: ${reason}`);
+  return !reason;
+});
+if (engines.length === 0) process.exit(77);
+const inBrowser = engines.filter((engine) => !ENGINES[engine].runner);
 const folder = mkdtempSync(join(tmpdir(), "engines-"));
-const server = await serve(folder);
-const browser = await chromium.launch({ executablePath: CHROMIUM, args: FLAGS });
 let wrong = 0;
 try {
-  const { port } = server.address();
-  for (const engine of chosen.length ? chosen : Object.keys(ENGINES)) {
-    wrong += await check(browser, port, folder, engine);
-    const atlases = ENGINES[engine].atlases.length ? makeAtlases(program, folder, engine) : {};
-    for (const format of ENGINES[engine].atlases) wrong += await checkAtlas(browser, port, folder, engine, format, atlases[format]);
-  }
+  for (const engine of engines.filter((engine) => ENGINES[engine].runner))
+    wrong += await check(folder, engine, (sprite, all) => ENGINES[engine].runner.draw(folder, sprite, all));
+  if (inBrowser.length) wrong += await checkInBrowser(folder, inBrowser);
 } finally {
-  await browser.close();
-  server.close();
   rmSync(folder, { recursive: true });
 }
 process.exit(wrong ? 1 : 0);
