@@ -203,6 +203,27 @@ async function checkAtlas(browser, port, folder, engine, format, atlas) {
   return wrong;
 }
 
+// The frames of an atlas of the engine's own, in a runner.
+function checkRunnersAtlas(folder, engine) {
+  makeAtlases(program, folder, engine);
+  let wrong = 0;
+  for (const sprite of SPRITES.slice(0, TURNED)) {
+    const drawing = onScreen(readPng(join(folder, `${sprite}.png`)));
+    const map = onScreen(readPng(join(folder, `${sprite}_n.png`)));
+    const all = views({ ...ENGINES[engine], freely: false }, false).filter(({ turn, flip }) => turn === 0 && !flip);
+    const pictures = ENGINES[engine].runner.drawAtlas(program, folder, sprite, SCREEN, all);
+    let worst = 0;
+    for (const [i, view] of all.entries()) {
+      const { inside, edge } = compare(pictures[i], expectedPicture(drawing, map, view), drawing);
+      worst = Math.max(worst, inside, edge);
+    }
+    const right = worst <= LIMIT;
+    wrong += right ? 0 : 1;
+    console.log(`${right ? "right" : "WRONG"}  ${engine}, .tres atlas, ${sprite}: ${(255 * worst).toFixed(2)} of 255`);
+  }
+  return wrong;
+}
+
 async function checkInBrowser(folder, engines) {
   const { chromium } = createRequire(join(modules, "playwright-core/package.json"))("playwright-core");
   const server = await serve(folder);
@@ -233,8 +254,10 @@ const inBrowser = engines.filter((engine) => !ENGINES[engine].runner);
 const folder = mkdtempSync(join(tmpdir(), "engines-"));
 let wrong = 0;
 try {
-  for (const engine of engines.filter((engine) => ENGINES[engine].runner))
+  for (const engine of engines.filter((engine) => ENGINES[engine].runner)) {
     wrong += await check(folder, engine, (sprite, all) => ENGINES[engine].runner.draw(folder, sprite, all));
+    wrong += checkRunnersAtlas(folder, engine);
+  }
   if (inBrowser.length) wrong += await checkInBrowser(folder, inBrowser);
 } finally {
   rmSync(folder, { recursive: true });
