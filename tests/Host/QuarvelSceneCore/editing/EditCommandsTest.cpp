@@ -272,6 +272,34 @@ TEST_F(EditCommands, CopiesHaveTheLinksAmongThemTheValuesAndTheDrawings)
     EXPECT_EQ(innerCopy.drawings(), inner.drawings());
 }
 
+TEST_F(EditCommands, SeveralNumbersChangeInOneStepHoweverADragReachesThem)
+{
+    AT_DoubleAttr& x = *hero.positionX();
+    AT_DoubleAttr& y = *hero.positionY();
+    const QString name = QStringLiteral("Move Hero");
+    const QString before = savedText(scene);
+    // Across first, then up as well; single commands for each number would not merge.
+    ASSERT_TRUE(stack.execute(MO_numbersCmd(name, 1.0, {{&x, 5.0}, {&y, 0.0}})));
+    ASSERT_TRUE(stack.execute(MO_numbersCmd(name, 1.0, {{&x, 5.0}, {&y, 7.0}})));
+    EXPECT_EQ(MO_numbersCmd(name, 1.0, {{&x, 5.0}, {&y, 7.0}}), nullptr);
+    EXPECT_EQ(stack.undoNames(), QStringList{name});
+    stack.undo();
+    EXPECT_EQ(savedText(scene), before);
+    stack.redo();
+    EXPECT_EQ(x.localValue(), 5.0);
+    EXPECT_EQ(y.localValue(), 7.0);
+}
+
+TEST_F(EditCommands, NumbersThatAreAnimatedGetAKey)
+{
+    AT_DoubleAttr& x = *hero.positionX();
+    execute(MO_addKeyCmd(x, 1.0));
+    execute(MO_numbersCmd(QStringLiteral("Move Hero"), 9.0, {{&x, 4.0}, {hero.positionY(), 3.0}}));
+    EXPECT_EQ(x.value(1.0), 0.0);
+    EXPECT_EQ(x.value(9.0), 4.0);
+    EXPECT_EQ(hero.positionY()->value(1.0), 3.0);
+}
+
 TEST_F(EditCommands, ModulesOfDifferentGroupsAreNotTakenTogether)
 {
     auto& group = root.emplace<XUGroup>();
