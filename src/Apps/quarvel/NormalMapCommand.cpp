@@ -33,7 +33,9 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <atomic>
 #include <cstdio>
+#include <functional>
 #include <new>
 #include <shared_mutex>
 
@@ -60,12 +62,15 @@ class DrawingRun
 {
 public:
     /// @param atOnce how many drawings are worked on at the same time
-    DrawingRun(const NormalMapOptions& options, RunProgress& progress, std::size_t index, int atOnce)
+    /// @param stops  whether the run must stop
+    DrawingRun(const NormalMapOptions& options, RunProgress& progress, std::size_t index, int atOnce,
+               std::function<bool()> stops)
         : _options(options)
         , _progress(progress)
         , _drawing(options.drawings[static_cast<qsizetype>(index)])
         , _index(index)
         , _atOnce(atOnce)
+        , _stops(std::move(stops))
     {}
 
     /// @param regions of the atlas that the drawing is a page of; none for other drawings
@@ -161,7 +166,7 @@ private:
     {
         return [this, from, to](double done) {
             show(from + (to - from) * done);
-            return !StopSignal::came();
+            return !_stops();
         };
     }
 
@@ -170,6 +175,7 @@ private:
     const QString& _drawing;
     std::size_t _index;
     int _atOnce;
+    std::function<bool()> _stops;
     QString _chosen;
     QStringList _warnings;
 };
@@ -256,27 +262,44 @@ public:
         _progress.clear();
         if (const QString fits = formLine(_options, _files); _written > 0 && !fits.isEmpty())
             _report.remark(fits + QLatin1Char('\n'));
-        if (!StopSignal::came())
-            return _exitCode;
-        _report.error(QStringLiteral("stopped; %1 of %2 drawings are done").arg(_written).arg(_files.size()));
-        return StopSignal::exitCode();
+        if (stops() && (_files.size() > 1 || StopSignal::came()))
+            _report.error(QStringLiteral("stopped; %1 of %2 drawings are done").arg(_written).arg(_files.size()));
+        return StopSignal::came() ? StopSignal::exitCode() : _exitCode;
     }
 
 private:
-    // A drawing for which there is no memory beside others is tried again alone.
+    // On a full disk, the files of the drawings that are still to come would not fit either.
+    bool stops() const { return StopSignal::came() || _diskIsFull; }
+
     DrawingEnd make(std::size_t i)
     {
-        if (StopSignal::came())
+        if (stops())
             return {UT_stopped(), {}, {}};
+        DrawingEnd end = makeNow(i);
+        const bool isFull = !end.done && end.done.error().kind == UT_ErrorKind::DISK_FULL;
+        // One message is enough for all drawings that meet it.
+        if (isFull && _diskIsFull.exchange(true))
+            end.done = UT_stopped();
+        return end;
+    }
+
+    // A drawing for which there is no memory beside others is tried again alone.
+    DrawingEnd makeNow(std::size_t i)
+    {
         const std::vector<SheetRegion> regions = i < _pages.size() ? _pages[i].regions : std::vector<SheetRegion>();
         {
             const std::shared_lock beside(_alone);
-            DrawingEnd end = runOne({_options, _progress, i, _atOnce}, _files[i], regions);
+            DrawingEnd end = runOne(runOf(i, _atOnce), _files[i], regions);
             if (_atOnce == 1 || end.done || end.done.error().kind != UT_ErrorKind::NO_MEMORY)
                 return end;
         }
         const std::unique_lock alone(_alone);
-        return runOne({_options, _progress, i, 1}, _files[i], regions);
+        return runOne(runOf(i, 1), _files[i], regions);
+    }
+
+    DrawingRun runOf(std::size_t i, int atOnce)
+    {
+        return {_options, _progress, i, atOnce, [this] { return stops(); }};
     }
 
     bool take(std::size_t i, const DrawingEnd& end)
@@ -309,6 +332,7 @@ private:
     ProgressLine _line;
     RunProgress _progress;
     const int _atOnce;
+    std::atomic<bool> _diskIsFull = false;
     std::shared_mutex _alone; // held alone by a drawing that is tried again
     int _exitCode = 0;
     int _written = 0;

@@ -19,6 +19,7 @@ enum class UT_ErrorKind
     FAILED,    ///< something did not work
     REFUSED,   ///< the input is not acceptable, and trying again will not change that
     NO_MEMORY, ///< there is not enough memory
+    DISK_FULL, ///< there is no space left on the disk, so that other files will not fit either
     STOPPED    ///< somebody asked to stop; nothing is wrong
 };
 

@@ -14,6 +14,20 @@
 #include <cerrno>
 #include <cstring>
 
+namespace {
+
+// Whether an error of a system call means that there is no space left.
+bool saysFull(int error)
+{
+#ifdef Q_OS_UNIX
+    if (error == EDQUOT)
+        return true;
+#endif
+    return error == ENOSPC;
+}
+
+} // namespace
+
 class IIO_AtomicFile::Device final : public QSaveFile
 {
 public:
@@ -62,10 +76,7 @@ private:
     {
         if (_failed)
             return;
-        _diskIsFull = errno == ENOSPC;
-#ifdef Q_OS_UNIX
-        _diskIsFull = _diskIsFull || errno == EDQUOT;
-#endif
+        _diskIsFull = saysFull(errno);
         _reason = reason;
         _failed = true;
     }
@@ -77,9 +88,15 @@ private:
 
 namespace {
 
-UT_Error cannotWrite(const QString& path, const QString& why)
+UT_Error cannotWrite(const QString& path, const QString& why, UT_ErrorKind kind = UT_ErrorKind::FAILED)
 {
-    return {QStringLiteral("cannot write \"%1\": %2").arg(path, why)};
+    return {QStringLiteral("cannot write \"%1\": %2").arg(path, why), kind};
+}
+
+UT_Error diskIsFull(const QString& path)
+{
+    return cannotWrite(path, QStringLiteral("the disk is full; free some space and try again"),
+                       UT_ErrorKind::DISK_FULL);
 }
 
 // The reason why the path cannot become a file, as far as this can be checked beforehand; empty if there is none.
@@ -117,8 +134,11 @@ UT_Result<void> IIO_AtomicFile::open()
         return cannotWrite(_path, why);
     _device = std::make_unique<Device>(_path);
     // Unbuffered, so that every failed write shows at once and with its own reason.
+    errno = 0;
     if (!_device->open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return cannotWrite(_path, QStringLiteral("%1; name another place").arg(_device->errorString()));
+        return saysFull(errno)
+                   ? diskIsFull(_path)
+                   : cannotWrite(_path, QStringLiteral("%1; name another place").arg(_device->errorString()));
     return {};
 }
 
@@ -155,6 +175,6 @@ UT_Result<void> IIO_AtomicFile::abandon()
 UT_Error IIO_AtomicFile::failure() const
 {
     if (_device->diskIsFull())
-        return cannotWrite(_path, QStringLiteral("the disk is full; free some space and try again"));
+        return diskIsFull(_path);
     return cannotWrite(_path, QStringLiteral("%1; what was there before is unchanged").arg(_device->reason()));
 }

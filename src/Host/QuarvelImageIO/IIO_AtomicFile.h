@@ -35,8 +35,8 @@ public:
 
     /// Forces the data to the disk and gives the file its name.
     ///
-    /// @return an error if a write failed (for instance because the disk is full) or the file cannot be renamed; the
-    /// old file is then unchanged
+    /// @return an error if a write failed or the file cannot be renamed; the old file is then unchanged. Its kind is
+    /// DISK_FULL if there was no space left
     UT_Result<void> commit();
 
     /// Removes the temporary file; the old file is unchanged.

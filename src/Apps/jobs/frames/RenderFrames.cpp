@@ -91,7 +91,8 @@ private:
         bool stopped = false;
     };
 
-    bool stop() const { return _watcher.stop && _watcher.stop(); }
+    // The files of other frames will not fit on a full disk either.
+    bool stop() const { return _diskIsFull || (_watcher.stop && _watcher.stop()); }
 
     void work(int threads)
     {
@@ -106,8 +107,7 @@ private:
         std::optional<IIO_Picture> picture;
         for (const std::size_t index : shot) {
             if (stop()) {
-                const std::scoped_lock lock(_mutex);
-                _result.stopped = true;
+                noteStop();
                 return false;
             }
             note(index, VL_executeIn(arena, [&] { return tryFrame(index, picture); }));
@@ -123,7 +123,10 @@ private:
                 [&] { return frame(index, picture); });
             if (ended)
                 return {*ended, {}, false};
-            return {FrameEnd::FAILED, ended.error().sentence(), ended.error().kind == UT_ErrorKind::STOPPED};
+            const UT_ErrorKind kind = ended.error().kind;
+            // One message is enough for all frames that meet a full disk.
+            const bool isKnown = kind == UT_ErrorKind::DISK_FULL && _diskIsFull.exchange(true);
+            return {FrameEnd::FAILED, ended.error().sentence(), kind == UT_ErrorKind::STOPPED || isKnown};
         } catch (const std::exception& error) {
             return {FrameEnd::FAILED, QString::fromUtf8(error.what()), false};
         }
@@ -226,15 +229,21 @@ private:
             _watcher.progress(std::min(1.0, _sum / static_cast<double>(_done.size())));
     }
 
+    // A full disk counts as a failure of the frame that met it.
+    void noteStop()
+    {
+        const std::scoped_lock lock(_mutex);
+        _result.stopped = _result.stopped || !_diskIsFull;
+    }
+
     void note(std::size_t index, const Ended& ended)
     {
-        if (!ended.stopped)
-            show(index, 1.0);
-        const std::scoped_lock lock(_mutex);
         if (ended.stopped) {
-            _result.stopped = true;
+            noteStop();
             return;
         }
+        show(index, 1.0);
+        const std::scoped_lock lock(_mutex);
         ++(ended.end == FrameEnd::WRITTEN ? _result.written
            : ended.end == FrameEnd::KEPT  ? _result.kept
                                           : _result.failed);
@@ -249,6 +258,7 @@ private:
     const std::vector<QByteArray> _digests; ///< by the frame's index in the settings
     const std::vector<Shot> _shots;
     std::atomic<std::size_t> _next = 0;
+    std::atomic<bool> _diskIsFull = false;
     std::mutex _mutex;
     std::vector<double> _done;
     double _sum = 0.0;

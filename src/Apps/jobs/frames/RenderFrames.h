@@ -2,7 +2,7 @@
 //
 // RenderFrames: renders frames of a scene into files, several at once. Each file appears complete or not at all, and
 // its bytes do not depend on how many frames are rendered at once. Frames with equal digests (FrameDigest.h) are
-// rendered once. If a frame fails, the others are still rendered.
+// rendered once. If a frame fails, the others are still rendered, unless the disk is full.
 #pragma once
 
 #include "QuarvelNormalMap/NM_HeightField.h"
