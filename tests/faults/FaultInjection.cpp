@@ -7,6 +7,7 @@
 //   FAULT_KIND  memory  the call returns no memory
 //               error   the call fails with FAULT_ERROR, a number of errno.h
 //               kill    the process is killed before the call
+//               full    this call to write and all later ones fail, as on a disk that is full from then on
 //               stop    the process gets SIGTERM before the call, and the call is made
 //   FAULT_AT    which call, counted from 1; 0: none, calls are only counted
 //   FAULT_SIZE  allocations of fewer bytes are not counted
@@ -45,6 +46,7 @@ enum class Kind
     MEMORY,
     ERROR,
     KILL,
+    FULL,
     STOP
 };
 
@@ -71,6 +73,8 @@ Kind kindNamed(const char* name)
         return Kind::ERROR;
     if (std::strcmp(name, "kill") == 0)
         return Kind::KILL;
+    if (std::strcmp(name, "full") == 0)
+        return Kind::FULL;
     return std::strcmp(name, "stop") == 0 ? Kind::STOP : Kind::NONE;
 }
 
@@ -128,9 +132,25 @@ bool failsAllocation(std::size_t size, const char* call)
     return true;
 }
 
+// Whether there is no space for what this call writes; errno is set then.
+bool isFull(const char* call)
+{
+    if (isInside || std::strcmp(call, "write") != 0)
+        return false;
+    const long number = ++calls;
+    if (plan.at == 0 || number < plan.at)
+        return false;
+    if (number == plan.at)
+        logFault(call);
+    errno = ENOSPC;
+    return true;
+}
+
 // Whether this call fails; errno is set then.
 bool failsCall(const char* call)
 {
+    if (plan.kind == Kind::FULL)
+        return isFull(call);
     if (plan.kind == Kind::NONE || plan.kind == Kind::MEMORY || isInside || ++calls != plan.at)
         return false;
     isInside = true;

@@ -8,6 +8,7 @@ failing, the second, and so on (--every N tries each N-th, so that a short run s
   memory  no memory: the right files, or an exit code that is not 0 and a message; never a wrong picture with exit code 0. A crash is
           accepted only where a library of others, such as Qt's rasteriser, asked for the memory.
   error   the call fails as on a full disk: as above, and what was there before is unchanged where the command failed.
+  full    this call to write and all later ones fail: one message, whatever the number of drawings, and --resume does the rest.
   kill    the process is gone: what is under a file's name is the old file or the new one, and the same command does its work next.
   stop    SIGTERM: exit code 143 and a line of what is done, and whole files.
 """
@@ -25,6 +26,8 @@ import tempfile
 DRAWING = """<svg xmlns="http://www.w3.org/2000/svg" width="96" height="96">
 <g id="body"><rect x="12" y="12" width="72" height="72" rx="20" fill="#c03020"/></g>
 <g id="eye"><circle cx="48" cy="40" r="14" fill="#2040c0" stroke="#101010" stroke-width="3"/></g></svg>"""
+
+DRAWINGS = ["hero", "tree", "sun", "cloud"]
 
 OWN_LIBRARIES = ("quarvel", "libQuarvel", "libBlurAlgo", "libMultiStageKvd", "libObjectDefinition", "Vallorin", "libVallorin")
 # Qt's tables ask for less, and end the program where they get nothing.
@@ -44,11 +47,17 @@ MAKE_SCENE = "import hero.svg --objects groups --shape rim -o s.scene"
 CASES = [
     Case("normalmap", [], "normalmap hero.svg --objects groups --lit lit.png --elevation e.exr --size 128", ["hero_n.png", "lit.png", "e.exr"],
          ["memory", "error", "kill", "stop"]),
+    Case("several", [], "normalmap hero.svg tree.svg sun.svg cloud.svg --size 64 --lit lit -o maps",
+         [f"{folder}/{name}_{ending}.png" for name in DRAWINGS for folder, ending in (("maps", "n"), ("lit", "lit"))], ["full"]),
+    Case("frames", [MAKE_SCENE], "render s.scene --frames 1-3 -o n.####.png --resolution 96", [f"n.000{i}.png" for i in range(1, 4)], ["full"]),
     Case("bitmap", ["normalmap hero.svg --drawing sprite.png -o x.png"], "normalmap sprite.png --float -o n.exr", ["n.exr"], ["memory"]),
     Case("render", [MAKE_SCENE], "render s.scene -o n.####.png --resolution 96 --jobs 1", ["n.0001.png"], ["memory", "error", "kill", "stop"]),
     Case("import", [], MAKE_SCENE, ["s.scene"], ["memory", "error", "kill", "stop"]),
     Case("save", [MAKE_SCENE], "set s.scene Normal-Map.BlurScale 2.5", ["s.scene"], ["memory", "error", "kill", "stop"]),
 ]
+
+
+KINDS = ["memory", "error", "full", "kill", "stop"]
 
 
 class Failure(Exception):
@@ -72,7 +81,8 @@ class Runs:
         self.runtime.mkdir(mode=0o700)
         self.start = self.root / "start"
         self.start.mkdir()
-        (self.start / "hero.svg").write_text(DRAWING)
+        for name in DRAWINGS:
+            (self.start / f"{name}.svg").write_text(DRAWING)
         for words in case.prepare:
             done = self.run(self.start, words)
             if done.returncode != 0:
@@ -155,6 +165,17 @@ class Runs:
             raise Failure(f"exit code {done.returncode} without a message")
         return "refused"
 
+    def judge_full(self, folder, done, caller, found):
+        self.check_each_is_old_or_new(found, done)
+        if done.returncode != 1:
+            raise Failure(f"expected exit code 1, got {done.returncode}: {done.stderr}")
+        if done.stderr.count("the disk is full") != 1:
+            raise Failure(f"expected one message, got: {done.stderr}")
+        again = self.run(folder, self.case.words + " --resume")
+        if again.returncode != 0 or {name: contents(folder / name) for name in self.case.results} != self.after:
+            raise Failure(f"--resume does not make what is missing: {again.stderr}")
+        return "told once"
+
     def judge_kill(self, folder, done, caller, found):
         if done.returncode != -signal.SIGKILL:
             raise Failure(f"expected to be killed, got {done.returncode}")
@@ -209,9 +230,9 @@ def main():
     parser.add_argument("--every", type=int, default=1, help="tries each N-th call")
     parser.add_argument("--most", type=int, default=0, help="tries about as many calls of each kind at most")
     parser.add_argument("--case", action="append", choices=[case.name for case in CASES])
-    parser.add_argument("--kind", action="append", choices=["memory", "error", "kill", "stop"])
+    parser.add_argument("--kind", action="append", choices=KINDS)
     arguments = parser.parse_args()
-    kinds = arguments.kind or ["memory", "error", "kill", "stop"]
+    kinds = arguments.kind or KINDS
     failures = []
     for case in CASES:
         if not arguments.case or case.name in arguments.case:

@@ -8,6 +8,7 @@
 #include "GlossOption.h"
 #include "InOrder.h"
 #include "InputAdvice.h"
+#include "KeptMaps.h"
 #include "LoadPlugIns.h"
 #include "OptionTable.h"
 #include "OutputFiles.h"
@@ -79,8 +80,9 @@ public:
         show(0.0);
         if (UT_Result<void> made = makeFolders(files); !made)
             return made;
-        if (UT_Result<void> done = _options.cells || !regions.empty() ? runPage(files, regions) : runDrawing(files);
-            !done)
+        _digest = digestOfMaps(_options, _drawing, files);
+        _isKept = _options.resume && areMapsOnDisk(_options, files, _digest);
+        if (UT_Result<void> done = _isKept ? UT_Result<void>() : makeMaps(files, regions); !done)
             return done;
         return files.canvas.isEmpty() ? UT_Result<void>() : writeCanvas(files);
     }
@@ -89,8 +91,17 @@ public:
     /// screen, or how many sprites there are.
     const QString& chosen() const { return _chosen; }
     const QStringList& warnings() const { return _warnings; }
+    /// Whether the maps were complete before.
+    bool isKept() const { return _isKept; }
 
 private:
+    UT_Result<void> makeMaps(const OutputFiles& files, const std::vector<SheetRegion>& regions)
+    {
+        return _options.cells || !regions.empty() ? runPage(files, regions) : runDrawing(files);
+    }
+
+    PictureOrigin origin() const { return {_drawing, _digest}; }
+
     UT_Result<void> writeCanvas(const OutputFiles& files) const
     {
         const QString& drawing = files.drawing.isEmpty() ? _drawing : files.drawing;
@@ -99,7 +110,7 @@ private:
 
     UT_Result<void> runPage(const OutputFiles& files, const std::vector<SheetRegion>& regions)
     {
-        const UT_Result<SheetResult> done = runSheet(_drawing, regions, _options, files, part(0.0, 1.0));
+        const UT_Result<SheetResult> done = runSheet(origin(), regions, _options, files, part(0.0, 1.0));
         if (!done)
             return done.error();
         _warnings = done->warnings;
@@ -125,7 +136,7 @@ private:
         const auto rendered = render(drawing, _options.settings, files);
         if (!rendered)
             return rendered.error();
-        return writePictures(*rendered, _options, files, _drawing, part(kRenderEnds, 1.0));
+        return writePictures(*rendered, _options, files, origin(), part(kRenderEnds, 1.0));
     }
 
     UT_Result<void> renderTiled(LayeredDrawing drawing, const OutputFiles& files)
@@ -136,7 +147,7 @@ private:
         if (!rendered)
             return rendered.error();
         rendered->frame.window = middleOf(rendered->frame.window, tiling);
-        return writePictures(*rendered, _options, files, _drawing, part(kRenderEnds, 1.0));
+        return writePictures(*rendered, _options, files, origin(), part(kRenderEnds, 1.0));
     }
 
     UT_Result<RenderedDrawing> render(const LayeredDrawing& drawing, const NormalMapSettings& settings,
@@ -176,6 +187,8 @@ private:
     std::size_t _index;
     int _atOnce;
     std::function<bool()> _stops;
+    QByteArray _digest;
+    bool _isKept = false;
     QString _chosen;
     QStringList _warnings;
 };
@@ -186,13 +199,14 @@ struct DrawingEnd
     UT_Result<void> done;
     QString chosen;
     QStringList warnings;
+    bool isKept = false;
 };
 
 DrawingEnd runOne(DrawingRun run, const OutputFiles& files, const std::vector<SheetRegion>& regions)
 {
     const auto done = UT_withinMemory(QStringLiteral("this drawing"), QStringLiteral("choose a smaller size"),
                                       [&] { return run.run(files, regions); });
-    return {done, run.chosen(), run.warnings()};
+    return {done, run.chosen(), run.warnings(), run.isKept()};
 }
 
 // Pages come one after the other: what a page's sprites share is read from its folder.
@@ -263,7 +277,9 @@ public:
         if (const QString fits = formLine(_options, _files); _written > 0 && !fits.isEmpty())
             _report.remark(fits + QLatin1Char('\n'));
         if (stops() && (_files.size() > 1 || StopSignal::came()))
-            _report.error(QStringLiteral("stopped; %1 of %2 drawings are done").arg(_written).arg(_files.size()));
+            _report.error(QStringLiteral("stopped; %1 of %2 drawings are done; --resume goes on from here")
+                              .arg(_written)
+                              .arg(_files.size()));
         return StopSignal::came() ? StopSignal::exitCode() : _exitCode;
     }
 
@@ -317,7 +333,11 @@ private:
             _exitCode = kFailed;
             return true;
         }
-        _report.result(fieldsOf(drawing, _files[i]), QStringLiteral("%1 -> %2\n").arg(drawing, _files[i].normalMap));
+        QJsonObject fields = fieldsOf(drawing, _files[i]);
+        if (_options.resume)
+            fields.insert(QStringLiteral("kept"), end.isKept);
+        const QString note = end.isKept ? QStringLiteral(" (complete already)") : QString();
+        _report.result(fields, QStringLiteral("%1 -> %2%3\n").arg(drawing, _files[i].normalMap, note));
         // Among many drawings the results would be lost between such lines.
         if (_files.size() == 1 && !end.chosen.isEmpty())
             _report.remark(end.chosen + QLatin1Char('\n'));
@@ -381,6 +401,7 @@ int runPages(const NormalMapOptions& options, const std::vector<Sheet>& pages, R
         return kWrongUsage;
     }
     warnOfLosses(*files, report);
+    warnOfFilesWithoutDigest(options, files->front(), report);
     const int exitCode = AllRuns(options, *files, pages, report).run();
     if (exitCode != 0 || pages.empty())
         return exitCode;

@@ -11,6 +11,7 @@
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "jobs/drawing/ObjectWords.h"
 
+#include <algorithm>
 #include <functional>
 #include <string_view>
 
@@ -175,6 +176,29 @@ UT_Result<void> checkForm(const NormalMapOptions& options)
 
 const QStringList kQualities = {QStringLiteral("low"), QStringLiteral("medium"), QStringLiteral("high")};
 
+// The options that do not change what a picture holds.
+bool isOfRun(const Row& row)
+{
+    static const QStringList names{
+        QStringLiteral("output"),    QStringLiteral("elevation"), QStringLiteral("lit"),
+        QStringLiteral("drawing"),   QStringLiteral("html"),      QStringLiteral("height"),
+        QStringLiteral("occlusion"), QStringLiteral("numbers"),   QStringLiteral("gloss-file"),
+        QStringLiteral("atlas"),     QStringLiteral("resume"),    QStringLiteral("jobs"),
+        QStringLiteral("progress"),  QStringLiteral("quiet"),     QStringLiteral("help")};
+    return names.contains(row.names.last());
+}
+
+// Notes the words of options that change it.
+void noteWords(Row& row)
+{
+    if (isOfRun(row))
+        return;
+    row.take = [take = row.take](NormalMapOptions& options, const QString& option, const QString& value) {
+        options.pictureWords << option << value;
+        return take(options, option, value);
+    };
+}
+
 std::vector<Row> rows()
 {
     using Settings = NormalMapSettings;
@@ -249,6 +273,12 @@ std::vector<Row> rows()
         {{s("depth-in-blue")}, false, flag(&Settings::depthInBlue, true)},
         {{s("no-clip")}, false, flag(&Settings::clipBlurredWithGeometry, false)},
         {{s("use-truck-factor")}, false, flag(&Settings::useTruckFactor, true)},
+        {{s("resume")},
+         false,
+         [](Options& o, const QString&, const QString&) -> Taken {
+             o.resume = true;
+             return {};
+         }},
         {{s("jobs")},
          true,
          [](Options& o, const QString& option, const QString& value) {
@@ -277,6 +307,7 @@ std::vector<Row> rows()
     all.insert(all.end(), form.begin(), form.end());
     const auto map = mapFormRows<Options>([](Options& o) -> MapFormOptions& { return o.form; });
     all.insert(all.end(), map.begin(), map.end());
+    std::ranges::for_each(all, noteWords);
     return all;
 }
 

@@ -61,7 +61,12 @@ struct NormalMapOptions
     bool canvas = false; ///< a resource of Godot 4 that joins drawing and map
     bool flips = false;  ///< maps for mirrored sprites, too
 
-    int jobs = 0; ///< drawings at once; 0: as many as the job has threads
+    /// The options that determine what the pictures hold, each followed by its value; the others say where files go and
+    /// how the run goes.
+    QStringList pictureWords;
+
+    bool resume = false; ///< leaves alone what is complete
+    int jobs = 0;        ///< drawings at once; 0: as many as the job has threads
     ProgressStyle progress = ProgressStyle::AUTOMATIC;
     bool quiet = false;
     bool help = false;

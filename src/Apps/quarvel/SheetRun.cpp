@@ -9,7 +9,6 @@
 #include "QuarvelNormalMap/NM_TurnVectors.h"
 #include "RenderedDrawing.h"
 #include "SheetHtml.h"
-#include "WritePictures.h"
 #include "jobs/drawing/ReadDrawing.h"
 #include "jobs/drawing/TileDrawing.h"
 #include "jobs/sheets/SharedForms.h"
@@ -52,7 +51,7 @@ public:
         return {};
     }
 
-    UT_Result<void> write(const QString& source)
+    UT_Result<void> write(const PictureOrigin& source)
     {
         for (auto& [file, page] : _pages) {
             auto& [kind, picture] = page;
@@ -76,7 +75,7 @@ private:
         return {zero, zero, kFull, form.alpha == NM_Alpha::FULL ? kFull : Sample{0}};
     }
 
-    UT_Result<void> write(PictureKind kind, IIO_Picture picture, const QString& file, const QString& source) const
+    UT_Result<void> write(PictureKind kind, IIO_Picture picture, const QString& file, const PictureOrigin& source) const
     {
         return writeFinished(kind, std::move(picture), file, _options, source);
     }
@@ -200,13 +199,13 @@ UT_Result<std::vector<SheetRegion>> regionsFor(const QSize& page, const std::vec
 
 } // namespace
 
-UT_Result<SheetResult> runSheet(const QString& page, const std::vector<SheetRegion>& regions,
+UT_Result<SheetResult> runSheet(const PictureOrigin& page, const std::vector<SheetRegion>& regions,
                                 const NormalMapOptions& options, const OutputFiles& files, const JobProgress& progress)
 {
     if (UT_Result<void> checked = checkOptions(options, files); !checked)
         return checked.error();
     SheetResult result;
-    const UT_Result<QImage> image = DIO_readImage(page, result.warnings);
+    const UT_Result<QImage> image = DIO_readImage(page.drawing, result.warnings);
     if (!image)
         return image.error();
     const UT_Result<std::vector<SheetRegion>> all = regionsFor(image->size(), regions, options);
@@ -219,7 +218,7 @@ UT_Result<SheetResult> runSheet(const QString& page, const std::vector<SheetRegi
         return UT_Error{QStringLiteral("none of its %1 sprites shows anything").arg(all->size())};
     shareWithinAnimations(sprites);
     Pages pages(image->size(), options);
-    SheetHtml html(options, files.page, page, image->size());
+    SheetHtml html(options, files.page, page.drawing, image->size());
     MissingColours missing;
     for (const Sprite& sprite : sprites) {
         if (UT_Result<void> rendered = render(sprite, options, files, pages, html, missing); !rendered)

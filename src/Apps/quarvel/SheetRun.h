@@ -6,6 +6,7 @@
 
 #include "NormalMapOptions.h"
 #include "OutputFiles.h"
+#include "WritePictures.h"
 #include "jobs/drawing/NormalMapJob.h"
 #include "jobs/sheets/Sheet.h"
 
@@ -18,6 +19,7 @@ struct SheetResult
 
 /// Renders a page and writes its pictures. Nothing is written unless all of it was rendered.
 ///
+/// @param page    its path, and what its pictures say of it
 /// @param regions of an atlas, or none where the options say cells
-UT_Result<SheetResult> runSheet(const QString& page, const std::vector<SheetRegion>& regions,
+UT_Result<SheetResult> runSheet(const PictureOrigin& page, const std::vector<SheetRegion>& regions,
                                 const NormalMapOptions& options, const OutputFiles& files, const JobProgress& progress);

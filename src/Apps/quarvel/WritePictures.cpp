@@ -3,6 +3,7 @@
 // One function a picture: make it, write it.
 #include "WritePictures.h"
 
+#include "KeptMaps.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelNormalMap/NM_DrawingPicture.h"
 #include "QuarvelNormalMap/NM_HeightField.h"
@@ -14,6 +15,7 @@
 #include "QuarvelNormalMap/NM_NormalPicture.h"
 #include "QuarvelNormalMap/NM_Padding.h"
 #include "QuarvelNormalMap/NM_TurnVectors.h"
+#include "jobs/frames/FrameDigest.h"
 #include "jobs/page/LitPageFrames.h"
 #include "jobs/shown/LitSurface.h"
 #include "jobs/shown/SurfacePictures.h"
@@ -137,14 +139,37 @@ Made makeGloss(const RenderedDrawing& rendered, const NormalMapOptions& options,
                               mapFormFor(options, file).pad);
 }
 
+Made make(PictureKind kind, const RenderedDrawing& rendered, const NormalMapOptions& options, const QString& file)
+{
+    switch (kind) {
+    case PictureKind::NORMAL_MAP:
+        return makeNormalMap(rendered, options, file);
+    case PictureKind::ELEVATION:
+        return makeElevation(rendered, options, file);
+    case PictureKind::LIT:
+        return makeLit(rendered, options, file);
+    case PictureKind::DRAWING:
+        return makeDrawing(rendered, options, file);
+    case PictureKind::HEIGHT:
+        return makeHeight(rendered, options, file);
+    case PictureKind::OCCLUSION:
+        return makeOcclusion(rendered, options, file);
+    case PictureKind::NUMBERS:
+        return makeNumbers(rendered, options, file);
+    case PictureKind::GLOSS:
+        return makeGloss(rendered, options, file);
+    }
+    return UT_Error{QStringLiteral("%1: there is no such picture").arg(file), UT_ErrorKind::REFUSED};
+}
+
 // Heights keep 16 bits for every program, because 8 of them are visible as steps; --bits says otherwise.
 UT_Result<void> writeHeights(IIO_Picture heights, const QString& file, const NormalMapOptions& options,
-                             const QString& drawing)
+                             const PictureOrigin& origin)
 {
     NormalMapOptions own = options;
     own.form.bits = options.form.bits.value_or(16);
     if (IIO_isFloatFile(file))
-        return writePicture(std::move(heights), file, own, drawing);
+        return writePicture(std::move(heights), file, own, origin);
     NM_HeightRange range = NM_rangeOf(heights);
     if (options.heightRange)
         range = {.black = 0.0, .white = *options.heightRange};
@@ -153,11 +178,11 @@ UT_Result<void> writeHeights(IIO_Picture heights, const QString& file, const Nor
         return coded.error();
     if (mapFormFor(own, file).bits == 8)
         NM_ditherTo8Bits(*coded);
-    return writePicture(std::move(*coded), file, own, drawing);
+    return writePicture(std::move(*coded), file, own, origin);
 }
 
 UT_Result<void> writeFlips(const IIO_Picture& map, const QString& file, const NormalMapOptions& options,
-                           const QString& drawing)
+                           const PictureOrigin& origin)
 {
     for (const bool leftRight : {true, false}) {
         Made flipped = map.clone();
@@ -165,21 +190,21 @@ UT_Result<void> writeFlips(const IIO_Picture& map, const QString& file, const No
             return flipped.error();
         NM_mirrorVectors(*flipped, leftRight, !leftRight);
         const QString name = flippedFile(file, leftRight);
-        if (UT_Result<void> written = writePicture(std::move(*flipped), name, options, drawing); !written)
+        if (UT_Result<void> written = writePicture(std::move(*flipped), name, options, origin); !written)
             return written;
     }
     return {};
 }
 
 UT_Result<void> writePage(const ShownFrame& frame, const NormalMapOptions& options, const QString& file,
-                          const QString& drawing)
+                          const PictureOrigin& origin)
 {
     const NM_MapForm form = options.form.resolved(kFormForMost);
     UT_Result<LitPageFrame> shown = litPageFrame(frame, form, true);
     if (!shown)
         return shown.error();
     shown->lighting = lightingOf(options.light);
-    LitPageFile page(file, {.name = QFileInfo(drawing).completeBaseName(), .yAxis = form.yAxis});
+    LitPageFile page(file, {.name = QFileInfo(origin.drawing).completeBaseName(), .yAxis = form.yAxis});
     if (UT_Result<void> opened = page.open(); !opened)
         return opened;
     if (UT_Result<void> added = page.add(*shown); !added)
@@ -188,6 +213,20 @@ UT_Result<void> writePage(const ShownFrame& frame, const NormalMapOptions& optio
 }
 
 } // namespace
+
+std::vector<WantedPicture> picturesOf(const OutputFiles& files)
+{
+    std::vector<WantedPicture> wanted{{PictureKind::NORMAL_MAP, files.normalMap},
+                                      {PictureKind::ELEVATION, files.elevation},
+                                      {PictureKind::LIT, files.lit},
+                                      {PictureKind::DRAWING, files.drawing},
+                                      {PictureKind::HEIGHT, files.height},
+                                      {PictureKind::OCCLUSION, files.occlusion},
+                                      {PictureKind::NUMBERS, files.numbers},
+                                      {PictureKind::GLOSS, files.gloss}};
+    std::erase_if(wanted, [](const WantedPicture& picture) { return picture.file.isEmpty(); });
+    return wanted;
+}
 
 bool takesRoughness(const NormalMapOptions& options)
 {
@@ -214,30 +253,15 @@ ShownParts wantedPictures(const NormalMapOptions& options, const OutputFiles& fi
 UT_Result<void> makePictures(const RenderedDrawing& rendered, const NormalMapOptions& options, const OutputFiles& files,
                              const TakePicture& take, const JobProgress& progress)
 {
-    struct Work
-    {
-        PictureKind kind;
-        const QString& file;
-        Made (*make)(const RenderedDrawing&, const NormalMapOptions&, const QString&);
-    };
-    const Work work[] = {{PictureKind::NORMAL_MAP, files.normalMap, makeNormalMap},
-                         {PictureKind::ELEVATION, files.elevation, makeElevation},
-                         {PictureKind::LIT, files.lit, makeLit},
-                         {PictureKind::DRAWING, files.drawing, makeDrawing},
-                         {PictureKind::HEIGHT, files.height, makeHeight},
-                         {PictureKind::OCCLUSION, files.occlusion, makeOcclusion},
-                         {PictureKind::NUMBERS, files.numbers, makeNumbers},
-                         {PictureKind::GLOSS, files.gloss, makeGloss}};
+    const std::vector<WantedPicture> wanted = picturesOf(files);
     double done = 0.0;
-    for (const auto& [kind, file, make] : work) {
-        if (!file.isEmpty()) {
-            Made picture = make(rendered, options, file);
-            if (!picture)
-                return picture.error();
-            if (UT_Result<void> taken = take(kind, file, std::move(*picture)); !taken)
-                return taken;
-        }
-        done += 1.0 / std::size(work);
+    for (const auto& [kind, file] : wanted) {
+        Made picture = make(kind, rendered, options, file);
+        if (!picture)
+            return picture.error();
+        if (UT_Result<void> taken = take(kind, file, std::move(*picture)); !taken)
+            return taken;
+        done += 1.0 / static_cast<double>(wanted.size());
         if (progress)
             progress(done);
     }
@@ -245,43 +269,47 @@ UT_Result<void> makePictures(const RenderedDrawing& rendered, const NormalMapOpt
 }
 
 UT_Result<void> writePicture(IIO_Picture picture, const QString& file, const NormalMapOptions& options,
-                             const QString& drawing)
+                             const PictureOrigin& origin)
 {
-    picture.metadata().set(QStringLiteral("Source"), QFileInfo(drawing).fileName());
+    picture.metadata().set(QStringLiteral("Source"), QFileInfo(origin.drawing).fileName());
+    if (!origin.digest.isEmpty())
+        picture.metadata().set(kFrameDigestKey, QLatin1String(origin.digest));
     IIO_WriteOptions how;
     how.pngBits = mapFormFor(options, file).bits;
     how.exrDepth = options.form.half ? IIO_ExrDepth::HALF : IIO_ExrDepth::FLOAT;
     return IIO_write(file, picture, how);
 }
 
-UT_Result<void> writeMap(IIO_Picture map, const QString& file, const NormalMapOptions& options, const QString& drawing)
+UT_Result<void> writeMap(IIO_Picture map, const QString& file, const NormalMapOptions& options,
+                         const PictureOrigin& origin)
 {
     if (options.flips)
-        if (UT_Result<void> written = writeFlips(map, file, options, drawing); !written)
+        if (UT_Result<void> written = writeFlips(map, file, options, origin); !written)
             return written;
-    return writePicture(std::move(map), file, options, drawing);
+    return writePicture(std::move(map), file, options, origin);
 }
 
 UT_Result<void> writeFinished(PictureKind kind, IIO_Picture picture, const QString& file,
-                              const NormalMapOptions& options, const QString& drawing)
+                              const NormalMapOptions& options, const PictureOrigin& origin)
 {
+    const PictureOrigin own{origin.drawing, digestOfPicture(origin.digest, kind)};
     switch (kind) {
     case PictureKind::NORMAL_MAP:
-        return writeMap(std::move(picture), file, options, drawing);
+        return writeMap(std::move(picture), file, options, own);
     case PictureKind::HEIGHT:
-        return writeHeights(std::move(picture), file, options, drawing);
+        return writeHeights(std::move(picture), file, options, own);
     default:
-        return writePicture(std::move(picture), file, options, drawing);
+        return writePicture(std::move(picture), file, options, own);
     }
 }
 
 UT_Result<void> writePictures(const RenderedDrawing& rendered, const NormalMapOptions& options,
-                              const OutputFiles& files, const QString& drawing, const JobProgress& progress)
+                              const OutputFiles& files, const PictureOrigin& origin, const JobProgress& progress)
 {
     const auto write = [&](PictureKind kind, const QString& file, IIO_Picture picture) {
-        return writeFinished(kind, std::move(picture), file, options, drawing);
+        return writeFinished(kind, std::move(picture), file, options, origin);
     };
     if (UT_Result<void> made = makePictures(rendered, options, files, write, progress); !made)
         return made;
-    return files.page.isEmpty() ? UT_Result<void>() : writePage(rendered.frame, options, files.page, drawing);
+    return files.page.isEmpty() ? UT_Result<void>() : writePage(rendered.frame, options, files.page, origin);
 }

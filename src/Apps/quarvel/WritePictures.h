@@ -11,6 +11,13 @@
 
 #include <functional>
 
+/// What a picture was made of, as its file says.
+struct PictureOrigin
+{
+    QString drawing;   ///< the drawing's path, of which the name is noted
+    QByteArray digest; ///< of all that determines the drawing's files (KeptMaps.h); empty: none
+};
+
 /// The pictures that a run makes.
 enum class PictureKind
 {
@@ -23,6 +30,16 @@ enum class PictureKind
     NUMBERS,
     GLOSS
 };
+
+/// A picture that is made for a file.
+struct WantedPicture
+{
+    PictureKind kind;
+    QString file;
+};
+
+/// The pictures that have a file, in the order in which they are made.
+std::vector<WantedPicture> picturesOf(const OutputFiles& files);
 
 /// Takes a picture that was made for a file.
 using TakePicture = std::function<UT_Result<void>(PictureKind kind, const QString& file, IIO_Picture picture)>;
@@ -43,18 +60,17 @@ UT_Result<void> makePictures(const RenderedDrawing& rendered, const NormalMapOpt
                              const TakePicture& take, const JobProgress& progress = {});
 
 /// Writes a picture, whole or not at all.
-///
-/// @param drawing the drawing's path, noted in the file
 UT_Result<void> writePicture(IIO_Picture picture, const QString& file, const NormalMapOptions& options,
-                             const QString& drawing);
+                             const PictureOrigin& origin);
 
 /// The same for a normal map, with those for mirrored sprites where the options want them.
-UT_Result<void> writeMap(IIO_Picture map, const QString& file, const NormalMapOptions& options, const QString& drawing);
+UT_Result<void> writeMap(IIO_Picture map, const QString& file, const NormalMapOptions& options,
+                         const PictureOrigin& origin);
 
 /// Writes a picture of this kind, with what belongs to it.
 UT_Result<void> writeFinished(PictureKind kind, IIO_Picture picture, const QString& file,
-                              const NormalMapOptions& options, const QString& drawing);
+                              const NormalMapOptions& options, const PictureOrigin& origin);
 
 /// Makes and writes the pictures and the page. Each file appears whole or not at all.
 UT_Result<void> writePictures(const RenderedDrawing& rendered, const NormalMapOptions& options,
-                              const OutputFiles& files, const QString& drawing, const JobProgress& progress);
+                              const OutputFiles& files, const PictureOrigin& origin, const JobProgress& progress);

@@ -215,3 +215,19 @@ TEST(NormalMapOptions, TheHelpNamesEveryOption)
                                "--help"})
         EXPECT_THAT(help, HasSubstr(option));
 }
+
+TEST(NormalMapOptions, NotesWhatDeterminesThePictures)
+{
+    EXPECT_EQ(parsed("a.svg --bevel 24 --float").pictureWords, parsed("b.svg --float --bevel 24").pictureWords);
+    EXPECT_NE(parsed("a.svg --bevel 24").pictureWords, parsed("a.svg --bevel 25").pictureWords);
+    EXPECT_NE(parsed("a.svg --object 1:bevel=4 --object 2:bevel=5").pictureWords,
+              parsed("a.svg --object 2:bevel=5 --object 1:bevel=4").pictureWords);
+    EXPECT_NE(parsed("a.svg --for unity").pictureWords, parsed("a.svg --for godot").pictureWords);
+}
+
+TEST(NormalMapOptions, PlacesAndTheRunDoNotDetermineThePictures)
+{
+    EXPECT_TRUE(parsed("a.svg -o m --elevation e --lit l --drawing d --html h --height x --occlusion y --numbers z "
+                       "--jobs 2 --resume --progress -q")
+                    .pictureWords.isEmpty());
+}

@@ -67,10 +67,14 @@ void takeValuesFromNames(DIO_Drawing& drawing)
     }
 }
 
+QString folderWishesFile(const QString& drawing)
+{
+    return QFileInfo(drawing).dir().filePath(QStringLiteral("vallorin.objects"));
+}
+
 UT_Result<ObjectWishes> readFolderWishes(const QString& drawing)
 {
-    const QFileInfo about(drawing);
-    const QString path = about.dir().filePath(QStringLiteral("vallorin.objects"));
+    const QString path = folderWishesFile(drawing);
     if (!QFileInfo(path).isFile())
         return ObjectWishes();
     QFile file(path);
@@ -79,7 +83,7 @@ UT_Result<ObjectWishes> readFolderWishes(const QString& drawing)
     const QByteArray bytes = file.read(kMaxBytes + 1);
     if (bytes.size() > kMaxBytes)
         return UT_Error{QStringLiteral("%1: it is larger than 1 MiB, the most that is read of it").arg(path)};
-    FolderLines lines(about.fileName());
+    FolderLines lines(QFileInfo(drawing).fileName());
     int number = 0;
     for (const QString& line : QString::fromUtf8(bytes).split(u'\n')) {
         ++number;

@@ -23,6 +23,9 @@
 /// Moves the values after the names of layers to the layers' values. A name always keeps its first word.
 void takeValuesFromNames(DIO_Drawing& drawing);
 
+/// The path of the file in which a drawing's folder gives values, whether there is one or not.
+QString folderWishesFile(const QString& drawing);
+
 /// Reads the values that a drawing's folder gives to its objects; empty if there is no such file. Names that no object
 /// has are not an error, because the file is for many drawings.
 ///

@@ -120,7 +120,7 @@ protected:
         files.lit = file + QStringLiteral("_lit.png");
         const auto rendered = renderDrawing(drawing, options.settings, options, files);
         EXPECT_TRUE(rendered) << rendered.error().text.toStdString();
-        const auto written = writePictures(*rendered, options, files, file, {});
+        const auto written = writePictures(*rendered, options, files, {.drawing = file, .digest = {}}, {});
         EXPECT_TRUE(written) << written.error().text.toStdString();
         return lookAt(QImage(files.lit));
     }
