@@ -41,3 +41,8 @@ void MultiStageKvd::render(const CELVEC_RenderArgs& args, CEL_PixmapArea& target
     for (const UT_SharedPtr<RenderingStage>& stage : _stages)
         stage->render(*this, args, target);
 }
+
+std::optional<Math::Box2di> MultiStageKvd::renderedRect(const CELVEC_RenderArgs& args) const
+{
+    return _primary->renderedRect(args);
+}

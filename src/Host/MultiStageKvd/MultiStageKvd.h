@@ -19,7 +19,7 @@ public:
     public:
         ~RenderingStage() override;
 
-        /// Works on the pixels.
+        /// Works on the pixels; leaves the allocated rectangle as it is.
         ///
         /// @param drawing the drawing that is rendered; target holds what its primary() painted
         /// @param args    how it is rendered
@@ -41,6 +41,8 @@ public:
     std::span<const CELVEC_Shape> shapes(GR_Art art) const override;
     UT_SharedPtr<CELVEC_Kvd> shareForRendering() const override;
     void render(const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const override;
+    /// The primary drawing's: stages work on the pixels that are there.
+    std::optional<Math::Box2di> renderedRect(const CELVEC_RenderArgs& args) const override;
 
 private:
     explicit MultiStageKvd(UT_SharedPtr<CELVEC_Kvd> primary);

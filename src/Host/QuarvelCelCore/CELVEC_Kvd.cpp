@@ -69,3 +69,11 @@ void CELVEC_Kvd::render(const CELVEC_RenderArgs& args, CEL_PixmapArea& target) c
     GR_GraphicOpsColorTransform fromPalette(_palette);
     CELVEC_rasterise(*this, fromPalette, args, target);
 }
+
+std::optional<Math::Box2di> CELVEC_Kvd::renderedRect(const CELVEC_RenderArgs& args) const
+{
+    if (_transform)
+        return std::nullopt;
+    GR_GraphicOpsColorTransform fromPalette(_palette);
+    return CELVEC_rasterisedRect(*this, fromPalette, args);
+}

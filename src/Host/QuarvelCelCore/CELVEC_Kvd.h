@@ -76,6 +76,12 @@ public:
     /// format stays empty.
     virtual void render(const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const;
 
+    /// The allocated rectangle that render() makes, found without painting, so that painting can wait
+    /// (CEL_DeferredPixels). A class that overrides render() overrides this as well where it changes the rectangle.
+    ///
+    /// @return nothing where only painting finds it, as with a colour transform, which may depend on being asked once
+    virtual std::optional<Math::Box2di> renderedRect(const CELVEC_RenderArgs& args) const;
+
 protected:
     CELVEC_Kvd(const CELVEC_Kvd&);
     void setPalette(const CM_SharedPtr<CM_Palette>& palette) { _palette = palette; }

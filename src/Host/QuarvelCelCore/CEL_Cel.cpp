@@ -7,6 +7,27 @@
 #include "QuarvelCelCore/CEL_PixmapConversion.h"
 #include "QuarvelCelCore/CEL_PixmapFactory.h"
 
+namespace {
+
+bool isColour(int format)
+{
+    return format == CEL_FORMAT_RGBA16 || format == CEL_FORMAT_RGBAFLOAT;
+}
+
+CEL_DeferredPixels::Make painterOf(const UT_SharedPtr<CELVEC_Kvd>& drawing, const CELVEC_RenderArgs& args, int format,
+                                   const Math::Box2di& rect)
+{
+    return [=] {
+        auto target = CEL_PixmapFactory::create2d(format, args.size, args.canvas);
+        drawing->render(args, *target);
+        // A stage that keeps to its description left the rectangle as it was.
+        target->realloc(rect, true);
+        return target;
+    };
+}
+
+} // namespace
+
 CEL_Message::~CEL_Message() = default;
 
 CEL_Cel::CEL_Cel() = default;
@@ -75,8 +96,14 @@ UT_SharedPtr<CEL_PixmapArea> CEL_Cel::makePixmap(int format) const
     const auto drawing = findBestVectorRepresentation();
     if (!drawing || !_renderArgs)
         return nullptr;
-    auto target = CEL_PixmapFactory::create2d(format, _renderArgs->size, _renderArgs->canvas);
-    if (target)
-        drawing->render(*_renderArgs, *target);
+    const CELVEC_RenderArgs& args = *_renderArgs;
+    auto target = CEL_PixmapFactory::create2d(format, args.size, args.canvas);
+    if (!target)
+        return nullptr;
+    const std::optional<Math::Box2di> rect = drawing->renderedRect(args);
+    if (rect && isColour(format))
+        target->defer(*rect, painterOf(drawing->shareForRendering(), args, format, *rect));
+    else
+        drawing->render(args, *target);
     return target;
 }

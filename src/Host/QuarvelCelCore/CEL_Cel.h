@@ -44,7 +44,7 @@ public:
     const std::optional<CELVEC_RenderArgs>& renderArgs() const { return _renderArgs; }
 
     /// The cel with its picture as pixels of a format: vectors are rasterised, pixels converted. Messages are copied
-    /// along.
+    /// along. Rasterising may wait until a pixel is asked for (CEL_PixmapArea::makePixels).
     ///
     /// @param format a value of CEL_Format
     /// @return this cel itself when there is nothing to convert; an empty cel when it cannot be converted to that

@@ -14,12 +14,17 @@ void CEL_PixmapArea::reallocToFit(const CEL_PixmapArea& other)
     realloc(rect, true);
 }
 
-void CEL_PixmapArea::reallocToFitAndClipToCanvas(const CEL_PixmapArea& other, bool clear)
+Math::Box2di CEL_PixmapArea::unitedInCanvas(const CEL_PixmapArea& other) const
 {
     Math::Box2di rect = _allocated;
     rect.add(other._allocated);
     const Math::Box2di clipped = rect.getIntersection(_canvas);
-    realloc(clipped.isEmpty() ? Math::Box2di() : clipped, clear);
+    return clipped.isEmpty() ? Math::Box2di() : clipped;
+}
+
+void CEL_PixmapArea::reallocToFitAndClipToCanvas(const CEL_PixmapArea& other, bool clear)
+{
+    realloc(unitedInCanvas(other), clear);
 }
 
 void CEL_PixmapArea::clipToCanvas()

@@ -6,6 +6,8 @@
 // stores the pixels of its allocated rectangle, which may lie anywhere, inside the canvas or outside. A pixel outside
 // the allocated rectangle is missing: find() returns null for it, and no reader makes up a value.
 //
+// The pixels may be deferred: then the rectangle is known, and they are made when a pixel is first asked for.
+//
 // Thread rule: any number of threads may read a pixmap, or write disjoint rows of it; changing its rectangle needs
 // exclusive access.
 #pragma once
@@ -13,6 +15,7 @@
 #include "QuarvelBaseCore/Math_Box2di.h"
 #include "QuarvelBaseCore/Math_Size2di.h"
 #include "QuarvelBaseCore/UT_PixelMemory.h"
+#include "QuarvelCelCore/CEL_DeferredPixels.h"
 #include "QuarvelCelCore/CEL_Pixels.h"
 #include "QuarvelCelCore/CEL_Representation.h"
 
@@ -46,11 +49,25 @@ public:
     /// Grows the allocated rectangle to the union of both pixmaps' rectangles; new pixels are zero.
     void reallocToFit(const CEL_PixmapArea& other);
 
-    /// The same, clipped to this pixmap's canvas; clear as in realloc().
+    /// The union of both pixmaps' rectangles, clipped to this pixmap's canvas.
+    Math::Box2di unitedInCanvas(const CEL_PixmapArea& other) const;
+
+    /// Makes that the allocated rectangle; clear as in realloc().
     void reallocToFitAndClipToCanvas(const CEL_PixmapArea& other, bool clear);
 
     /// Drops the pixels outside the canvas.
     void clipToCanvas();
+
+    /// Gives an empty pixmap a rectangle of pixels that are made when one of them is first asked for.
+    ///
+    /// @param make returns a pixmap of this class with this allocated rectangle, which nobody else holds
+    virtual void defer(const Math::Box2di& rect, CEL_DeferredPixels::Make make) = 0;
+
+    /// Whether the pixels are deferred and have not been made.
+    virtual bool isDeferred() const = 0;
+
+    /// Makes deferred pixels now, before what they are made of changes.
+    virtual void makePixels() const = 0;
 
 protected:
     CEL_PixmapArea(const Math::Size2di& size, const Math::Box2di& canvas) : _size(size), _canvas(canvas) {}
@@ -101,6 +118,8 @@ public:
     {
         if (rect == allocatedRect())
             return;
+        makePixels();
+        _deferred = nullptr;
         if (isLargePart(rect)) {
             shrinkInPlace(rect);
             return;
@@ -116,10 +135,30 @@ public:
         setAllocatedRect(rect);
     }
 
+    void defer(const Math::Box2di& rect, CEL_DeferredPixels::Make make) override
+    {
+        _pixels = nullptr;
+        _deferred = rect.isEmpty() ? nullptr : std::make_unique<CEL_DeferredPixels>(std::move(make));
+        setAllocatedRect(rect);
+    }
+
+    bool isDeferred() const override { return _deferred && !_deferred->areMade(); }
+
+    void makePixels() const override
+    {
+        if (isDeferred())
+            _deferred->make([this](CEL_PixmapArea& made) {
+                made.makePixels();
+                assert(made.format() == format() && made.allocatedRect() == allocatedRect());
+                _pixels = std::move(static_cast<CEL_PixelStore&>(made)._pixels);
+            });
+    }
+
 protected:
     CEL_PixelStore(const Math::Size2di& size, const Math::Box2di& canvas) : CEL_PixmapArea(size, canvas) {}
     CEL_PixelStore(const CEL_PixelStore& other) : CEL_PixmapArea(other), _pixels(allocate(other.allocatedRect()))
     {
+        other.makePixels();
         std::copy_n(other._pixels.get(), allocatedRect().area(), _pixels.get());
     }
 
@@ -162,16 +201,21 @@ private:
 
     Pixel* rowStart(int y)
     {
+        if (_deferred)
+            makePixels();
         assert(y >= allocatedRect().y1 && y < allocatedRect().y2);
         return _pixels.get() + offsetIn(allocatedRect(), allocatedRect().x1, y);
     }
     const Pixel* rowStart(int y) const
     {
+        if (_deferred)
+            makePixels();
         assert(y >= allocatedRect().y1 && y < allocatedRect().y2);
         return _pixels.get() + offsetIn(allocatedRect(), allocatedRect().x1, y);
     }
 
-    Pixels _pixels;
+    mutable Pixels _pixels; // written by readers where they are deferred, by one of them
+    std::unique_ptr<CEL_DeferredPixels> _deferred;
 };
 
 /// A pixmap of four signed 16-bit channels.

@@ -90,6 +90,11 @@ public:
             close(*pixels);
     }
 
+    std::optional<Math::Box2di> renderedRect(const CELVEC_RenderArgs& args) const override
+    {
+        return colorTransform() ? std::nullopt : _drawing->renderedRect(args);
+    }
+
 private:
     static void close(CEL_PixmapAreaRGBAFloat& pixels)
     {

@@ -27,7 +27,8 @@ struct PaintedShape
 {
     const CELVEC_Shape* shape; // of the drawing, which outlives this
     QTransform toPixel;
-    QColor paint;
+    VS_RGBA colour;
+    QColor paint;        // the colour with the shape's opacity
     QImage picture;      // null: the paint alone
     Math::Box2di pixels; // that it may touch
 };
@@ -122,11 +123,11 @@ Math::Box2di pixelsTouchedBy(const QPainterPath& path, const QTransform& toPixel
         .getEnlarged(1);
 }
 
+// The shapes that have a paint, without their pictures.
 std::vector<PaintedShape> paintShapes(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& colors,
                                       const QTransform& drawingToPixel)
 {
     std::vector<PaintedShape> painted;
-    PaintedPictures pictures(drawing);
     PathCopy path;
     for (const GR_Art art : kGR_allArts) {
         if (!drawing.artSelector().isSelected(art))
@@ -143,12 +144,22 @@ std::vector<PaintedShape> paintShapes(const CELVEC_Kvd& drawing, GR_GraphicOpsCo
             QTransform toPixel = drawingToPixel;
             if (colors.isAffectsMatrix())
                 colors.applyMatrixTransform(toPixel);
-            painted.push_back({&shape, toPixel, toQColor(paint, shape.opacity), pictures.of(shape, paint),
+            painted.push_back({&shape, toPixel, paint, toQColor(paint, shape.opacity), QImage(),
                                pixelsTouchedBy(path.of(shape.path), toPixel)});
         }
     }
     colors.closingColorTransform();
     return painted;
+}
+
+// Empty where no shape has a paint.
+Math::Box2di rectOf(const std::vector<PaintedShape>& shapes, const CELVEC_RenderArgs& args)
+{
+    Math::Box2di touched;
+    for (const PaintedShape& painted : shapes)
+        touched.add(painted.pixels);
+    const Math::Box2di rect = touched.getIntersection(args.wanted);
+    return rect.isEmpty() ? Math::Box2di() : rect;
 }
 
 void paintPicture(QPainter& painter, const PaintedShape& painted, const QRectF& place)
@@ -277,17 +288,22 @@ void paintBands(const std::vector<PaintedShape>& shapes, CEL_PixmapOf<Pixel>& ta
 void CELVEC_rasterise(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& colors, const CELVEC_RenderArgs& args,
                       CEL_PixmapArea& target)
 {
-    const std::vector<PaintedShape> shapes = paintShapes(drawing, colors, args.drawingToPixel);
-    Math::Box2di touched;
-    for (const PaintedShape& painted : shapes)
-        touched.add(painted.pixels);
-    const Math::Box2di rect = touched.getIntersection(args.wanted);
-
+    std::vector<PaintedShape> shapes = paintShapes(drawing, colors, args.drawingToPixel);
+    const Math::Box2di rect = rectOf(shapes, args);
     target.realloc(Math::Box2di(), true);
     if (rect.isEmpty())
         return;
+    PaintedPictures pictures(drawing);
+    for (PaintedShape& painted : shapes)
+        painted.picture = pictures.of(*painted.shape, painted.colour);
     CEL_withFormat(target, [&](auto& typed) {
         typed.realloc(rect, false);
         paintBands<CEL_PixelOf<decltype(typed)>>(shapes, typed);
     });
+}
+
+Math::Box2di CELVEC_rasterisedRect(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& colors,
+                                   const CELVEC_RenderArgs& args)
+{
+    return rectOf(paintShapes(drawing, colors, args.drawingToPixel), args);
 }

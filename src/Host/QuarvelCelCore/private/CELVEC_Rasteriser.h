@@ -9,3 +9,7 @@
 /// describes.
 void CELVEC_rasterise(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& colors, const CELVEC_RenderArgs& args,
                       CEL_PixmapArea& target);
+
+/// The rectangle of the pixels that it would paint.
+Math::Box2di CELVEC_rasterisedRect(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& colors,
+                                   const CELVEC_RenderArgs& args);

@@ -54,8 +54,11 @@ CA_CelRef RD_KeptInputs::pixelsOf(const CA_CelRef& cel, int place, int format)
     }
     ++_painted;
     const CA_CelRef pixels = cel->convertTo(format);
-    if (const auto pixmap = pixels->pixmap())
+    if (const auto pixmap = pixels->pixmap()) {
+        // The drawing may change before the next render asks for them.
+        pixmap->makePixels();
         keep({place, format, args, pixels, bytesOf(*pixmap), _render});
+    }
     return pixels;
 }
 

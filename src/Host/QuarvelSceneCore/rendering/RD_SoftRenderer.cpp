@@ -25,8 +25,11 @@ bool isPossible(int pixels)
 CA_CelRef toPixels(const CA_CelRef& cel, const RD_RenderParameters& parameters)
 {
     const CA_CelRef converted = cel ? cel->convertTo(parameters.celFormat()) : nullptr;
-    if (converted && converted->pixmap())
+    if (const auto pixels = converted ? converted->pixmap() : nullptr) {
+        // The scene may change as soon as the caller has the picture.
+        pixels->makePixels();
         return converted;
+    }
     const RD_RenderJob job(parameters);
     auto blank = UT_makeShared<CEL_Cel>();
     blank->setRepresentation(CEL_PixmapFactory::create2d(parameters.celFormat(), job.size(), job.canvas()));
