@@ -285,11 +285,14 @@ void PortComposition::include(const Math::Box2di& rect)
 void PortComposition::add(int port, const UT_SharedPtr<CEL_PixmapArea>& input,
                           const UT_SharedPtr<CEL_PixmapArea>& result)
 {
-    if (!input)
+    const int objectId = _handler.portObjectIds[static_cast<std::size_t>(port)];
+    if (!input || (objectId > 0 && !result))
         return;
+    // Before the threads of the loop below wait for each other.
+    input->makePixels();
     VallorinRenderHandler::PixmapMap results;
     if (result)
-        results[_handler.portObjectIds[static_cast<std::size_t>(port)]] = result;
+        results[objectId] = result;
     CEL_withFormat(_output, [&](auto& typed) {
         const VallorinRenderHandler::BasicAccumFunctor<CEL_PixelOf<decltype(typed)>> functor(_handler, typed,
                                                                                              {{port, input}}, results);

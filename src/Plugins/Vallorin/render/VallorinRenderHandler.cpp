@@ -45,6 +45,22 @@ void mergeInto(CEL_PixmapArea& accumulator, const CEL_PixmapArea& input)
     });
 }
 
+// Pixels that are still to be painted are merged when the accumulator is read, which is when its object is built: until
+// then, neither they nor the accumulator take memory.
+void merge(UT_SharedPtr<CEL_PixmapArea>& accumulator, const UT_SharedPtr<CEL_PixmapArea>& input)
+{
+    if (!input->isDeferred()) {
+        mergeInto(*accumulator, *input);
+        return;
+    }
+    const auto before = accumulator;
+    accumulator = CEL_PixmapFactory::create2d(before->format(), before->size(), before->canvasRect());
+    accumulator->defer(before->unitedInCanvas(*input), [before, input] {
+        mergeInto(*before, *input);
+        return before;
+    });
+}
+
 bool isRenderFormat(int format)
 {
     return format == CEL_FORMAT_RGBA16 || format == CEL_FORMAT_RGBAFLOAT;
@@ -83,7 +99,7 @@ void VallorinRenderHandler::acceptInputCel(const MO_SoftContext& context, CA_Cel
     if (!input || objectId < 0)
         return;
     if (objectId != kCutOut)
-        accumulate(context, objectId, *input);
+        accumulate(context, objectId, input);
     // Nobody else holds what was made by a conversion, so it needs no copy.
     inputPixmaps[currentInput] = converted.get() == cel.get() ? input->clone() : input;
 }
@@ -103,14 +119,15 @@ int VallorinRenderHandler::currentObjectId() const
     return index < portObjectIds.size() ? portObjectIds[index] : kNoObject;
 }
 
-void VallorinRenderHandler::accumulate(const MO_SoftContext& context, int objectId, const CEL_PixmapArea& input)
+void VallorinRenderHandler::accumulate(const MO_SoftContext& context, int objectId,
+                                       const UT_SharedPtr<CEL_PixmapArea>& input)
 {
     UT_SharedPtr<CEL_PixmapArea>& accumulator = objectAccumulators[objectId];
-    if (!isRenderFormat(input.format()) || input.size().width < 1 || input.size().height < 1)
+    if (!isRenderFormat(input->format()) || input->size().width < 1 || input->size().height < 1)
         return;
     if (!accumulator)
-        accumulator = CEL_PixmapFactory::create2d(context.mainCelFormat2d(), input.size(), context.outputRect());
-    mergeInto(*accumulator, input);
+        accumulator = CEL_PixmapFactory::create2d(context.mainCelFormat2d(), input->size(), context.outputRect());
+    merge(accumulator, input);
 }
 
 std::map<int, std::vector<int>> VallorinRenderHandler::portsOfObjects() const

@@ -63,7 +63,7 @@ private:
 
     void takeMessage(const CEL_Cel& cel);
     int currentObjectId() const;
-    void accumulate(const MO_SoftContext& context, int objectId, const CEL_PixmapArea& input);
+    void accumulate(const MO_SoftContext& context, int objectId, const UT_SharedPtr<CEL_PixmapArea>& input);
     /// The ports of each object, in ascending order, by the object's number.
     std::map<int, std::vector<int>> portsOfObjects() const;
     Math::Box2di coveredBy(const std::vector<int>& ports) const;
