@@ -1,8 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Sizes are rounded up to steps of an eighth of their power of two, so that pictures of nearly the same size, such as
-// the frames of an animation, fit into each other's blocks. Without a block of the exact size, one of up to twice the
-// size is lent; its address tells its true size when it comes back.
+// the frames of an animation, fit into each other's blocks. Without a block of the exact size, a larger one is lent;
+// its address tells its true size when it comes back. Where none is large enough, as many bytes of smaller blocks are
+// freed as are taken from the system, so that pictures of many sizes do not add up.
 #include "QuarvelBaseCore/UT_PixelMemory.h"
 
 #include <algorithm>
@@ -20,6 +21,9 @@ constexpr std::align_val_t kAligned{kAlignment};
 
 // A block that stayed unused while this many others came back, a frame's worth or more, belongs to work that is over.
 constexpr std::uint64_t kForgottenAfter = 200;
+
+// A block is lent to pictures of at least this part of its size.
+constexpr std::size_t kMostLent = 8;
 
 struct Block
 {
@@ -65,7 +69,8 @@ std::vector<Block>::iterator bestOf(std::vector<Block>& blocks, std::size_t byte
 {
     auto best = blocks.end();
     for (auto block = blocks.begin(); block != blocks.end(); ++block)
-        if (block->bytes >= bytes && block->bytes / 2 <= bytes && (best == blocks.end() || block->bytes <= best->bytes))
+        if (block->bytes >= bytes && block->bytes / kMostLent <= bytes &&
+            (best == blocks.end() || block->bytes <= best->bytes))
             best = block;
     return best;
 }
@@ -83,6 +88,22 @@ void* takeIdle(std::size_t bytes)
     kept.blocks.erase(found);
     kept.bytes -= block.bytes;
     return block.start;
+}
+
+// Frees smaller blocks, the longest idle ones first: as many bytes of them as are about to be taken, or all.
+void exchangeSmaller(std::size_t bytes)
+{
+    Idle& kept = idle();
+    const std::lock_guard guard(kept.lock);
+    std::size_t freed = 0;
+    std::erase_if(kept.blocks, [&](const Block& block) {
+        if (block.bytes >= bytes || freed >= bytes)
+            return false;
+        freed += block.bytes;
+        free(block);
+        return true;
+    });
+    kept.bytes -= freed;
 }
 
 /// The block with its true size, which is larger than given when the block was lent.
@@ -116,6 +137,7 @@ void* take(std::size_t bytes)
     const std::size_t rounded = roundedUp(bytes);
     if (void* const block = takeIdle(rounded))
         return block;
+    exchangeSmaller(rounded);
     try {
         return ::operator new(rounded, kAligned);
     } catch (const std::bad_alloc&) {

@@ -68,12 +68,12 @@ TEST_F(PixelMemory, APictureOfNearlyTheSameSizeTakesTheBlock)
     UT_PixelMemory::give(other, 9 * kMegabyte);
 }
 
-TEST_F(PixelMemory, APictureOfMoreThanHalfTheSizeTakesTheBlockAndGivesAllOfItBack)
+TEST_F(PixelMemory, APictureOfAnEighthOfTheSizeTakesTheBlockAndGivesAllOfItBack)
 {
     UT_PixelMemory::give(UT_PixelMemory::take(8 * kMegabyte), 8 * kMegabyte);
-    void* const smaller = UT_PixelMemory::take(5 * kMegabyte);
+    void* const smaller = UT_PixelMemory::take(kMegabyte);
     EXPECT_EQ(UT_PixelMemory::idleBytes(), 0U);
-    UT_PixelMemory::give(smaller, 5 * kMegabyte);
+    UT_PixelMemory::give(smaller, kMegabyte);
     EXPECT_EQ(UT_PixelMemory::idleBytes(), kept(8 * kMegabyte));
 }
 
@@ -93,9 +93,22 @@ TEST_F(PixelMemory, TheSmallestBlockThatServesIsTaken)
 TEST_F(PixelMemory, AMuchSmallerPictureLeavesTheBlockToOthers)
 {
     UT_PixelMemory::give(UT_PixelMemory::take(8 * kMegabyte), 8 * kMegabyte);
-    void* const small = UT_PixelMemory::take(2 * kMegabyte);
+    void* const small = UT_PixelMemory::take(kMegabyte / 2);
     EXPECT_EQ(UT_PixelMemory::idleBytes(), kept(8 * kMegabyte));
-    UT_PixelMemory::give(small, 2 * kMegabyte);
+    UT_PixelMemory::give(small, kMegabyte / 2);
+}
+
+TEST_F(PixelMemory, NewMemoryTakesThePlaceOfBlocksThatAreTooSmall)
+{
+    std::vector<void*> blocks;
+    for (int i = 0; i < 3; ++i)
+        blocks.push_back(UT_PixelMemory::take(4 * kMegabyte));
+    for (void* const block : blocks)
+        UT_PixelMemory::give(block, 4 * kMegabyte);
+    EXPECT_EQ(UT_PixelMemory::idleBytes(), kept(12 * kMegabyte));
+    void* const larger = UT_PixelMemory::take(8 * kMegabyte);
+    EXPECT_EQ(UT_PixelMemory::idleBytes(), kept(4 * kMegabyte));
+    UT_PixelMemory::give(larger, 8 * kMegabyte);
 }
 
 TEST_F(PixelMemory, SmallBlocksAreNotKept)
