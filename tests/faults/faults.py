@@ -13,21 +13,39 @@ failing, the second, and so on (--every N tries each N-th, so that a short run s
   stop    SIGTERM: exit code 143 and a line of what is done, and whole files.
 """
 import argparse
+import base64
 import concurrent.futures
 import errno
 import os
 import pathlib
 import shutil
 import signal
+import struct
 import subprocess
 import sys
 import tempfile
+import zlib
 
 DRAWING = """<svg xmlns="http://www.w3.org/2000/svg" width="96" height="96">
 <g id="body"><rect x="12" y="12" width="72" height="72" rx="20" fill="#c03020"/></g>
 <g id="eye"><circle cx="48" cy="40" r="14" fill="#2040c0" stroke="#101010" stroke-width="3"/></g></svg>"""
 
 DRAWINGS = ["hero", "tree", "sun", "cloud"]
+
+
+def png(side):
+    """A square of one colour, half of it transparent."""
+    def chunk(kind, data):
+        return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
+    row = b"\0" + b"\x40\x80\xc0\xff" * (side // 2) + bytes(4 * (side - side // 2))
+    header = struct.pack(">IIBBBBB", side, side, 8, 6, 0, 0, 0)
+    return b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", zlib.compress(row * side)) + chunk(b"IEND", b"")
+
+
+# A picture within a drawing: upright, turned, and as the mask of a shape.
+PICTURES = """<svg xmlns="http://www.w3.org/2000/svg" width="96" height="96">
+<defs><image id="i" width="64" height="64" href="data:image/png;base64,{0}"/><mask id="m"><use href="#i"/></mask></defs>
+<use href="#i"/><use href="#i" transform="translate(60 0) rotate(30)"/><circle cx="40" cy="70" r="20" fill="#f00" mask="url(#m)"/></svg>"""
 
 OWN_LIBRARIES = ("quarvel", "libQuarvel", "libBlurAlgo", "libMultiStageKvd", "libObjectDefinition", "Vallorin", "libVallorin")
 # Qt's tables ask for less, and end the program where they get nothing.
@@ -51,6 +69,7 @@ CASES = [
          [f"{folder}/{name}_{ending}.png" for name in DRAWINGS for folder, ending in (("maps", "n"), ("lit", "lit"))], ["full"]),
     Case("frames", [MAKE_SCENE], "render s.scene --frames 1-3 -o n.####.png --resolution 96", [f"n.000{i}.png" for i in range(1, 4)], ["full"]),
     Case("bitmap", ["normalmap hero.svg --drawing sprite.png -o x.png"], "normalmap sprite.png --float -o n.exr", ["n.exr"], ["memory"]),
+    Case("pictures", [], "normalmap pictures.svg -o n.png", ["n.png"], ["memory"]),
     Case("render", [MAKE_SCENE], "render s.scene -o n.####.png --resolution 96 --jobs 1", ["n.0001.png"], ["memory", "error", "kill", "stop"]),
     Case("import", [], MAKE_SCENE, ["s.scene"], ["memory", "error", "kill", "stop"]),
     Case("save", [MAKE_SCENE], "set s.scene Normal-Map.BlurScale 2.5", ["s.scene"], ["memory", "error", "kill", "stop"]),
@@ -83,6 +102,7 @@ class Runs:
         self.start.mkdir()
         for name in DRAWINGS:
             (self.start / f"{name}.svg").write_text(DRAWING)
+        (self.start / "pictures.svg").write_text(PICTURES.format(base64.b64encode(png(64)).decode()))
         for words in case.prepare:
             done = self.run(self.start, words)
             if done.returncode != 0:

@@ -40,7 +40,7 @@ void paint(QPainter& painter, const DIO_Shape& shape, QPainterPath& copy)
     if (shape.picture.isNull())
         painter.fillPath(copy, Qt::white);
     else
-        painter.drawImage(shape.path.boundingRect(), shape.picture.convertToFormat(QImage::Format_Alpha8));
+        painter.drawImage(shape.path.boundingRect(), GR_imageInFormat(shape.picture, QImage::Format_Alpha8));
 }
 
 } // namespace
