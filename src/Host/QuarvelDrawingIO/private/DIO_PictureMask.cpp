@@ -15,7 +15,14 @@
 
 namespace {
 
-constexpr double kMostPixels = 16.0 * 1024 * 1024;
+// The most pixels that a mask has, within the budget, and that all its shapes together may paint.
+double mostPixels(std::size_t shapes, qint64 pixelBudget)
+{
+    constexpr double kMostPixels = 16.0 * 1024 * 1024;
+    constexpr double kMostPainted = 256.0 * 1024 * 1024;
+    return std::min({kMostPixels, kMostPainted / static_cast<double>(shapes),
+                     static_cast<double>(std::max<qint64>(pixelBudget, 1))});
+}
 
 QSizeF pixelOf(const DIO_Shape& shape)
 {
@@ -105,19 +112,21 @@ bool DIO_PictureMask::isNeededFor(std::span<const DIO_Shape> shapes)
     return std::ranges::any_of(shapes, [](const DIO_Shape& shape) { return !shape.picture.isNull(); });
 }
 
-DIO_PictureMask::DIO_PictureMask(std::span<const DIO_Shape> shapes, std::span<const DIO_Paint> palette, bool byCoverage)
+DIO_PictureMask::DIO_PictureMask(std::span<const DIO_Shape> shapes, std::span<const DIO_Paint> palette, bool byCoverage,
+                                 qint64& pixelBudget)
 {
     const DIO_Shape& finest = finestOf(shapes);
     const QRectF all = DIO_boundsOf({shapes.begin(), shapes.end()});
     if (all.isEmpty())
         return;
     _pixel = pixelOf(finest);
-    const double tooMany = areaOf(all.size()) / areaOf(_pixel) / kMostPixels;
+    const double tooMany = areaOf(all.size()) / areaOf(_pixel) / mostPixels(shapes.size(), pixelBudget);
     if (tooMany > 1.0)
         _pixel *= std::sqrt(tooMany);
     _area = onGrid(all, finest.path.boundingRect().topLeft(), _pixel);
     const QSize size(std::max(1, qRound(_area.width() / _pixel.width())),
                      std::max(1, qRound(_area.height() / _pixel.height())));
+    pixelBudget -= qint64{size.width()} * size.height();
     QImage painted = GR_newImage(size, QImage::Format_ARGB32_Premultiplied);
     painted.fill(Qt::transparent);
     QPainter painter(&painted);

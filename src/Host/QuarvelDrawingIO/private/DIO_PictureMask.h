@@ -14,7 +14,11 @@ public:
     /// @param shapes     what the mask paints, in the order of painting; one of them is a picture
     /// @param palette    of these shapes
     /// @param byCoverage the mask lets through where it is painted; else where it is painted brightly
-    DIO_PictureMask(std::span<const DIO_Shape> shapes, std::span<const DIO_Paint> palette, bool byCoverage);
+    /// @param pixelBudget how many pixels of pictures may be made; lessened by the mask's. When it runs out, masks
+    /// become
+    ///                   coarser
+    DIO_PictureMask(std::span<const DIO_Shape> shapes, std::span<const DIO_Paint> palette, bool byCoverage,
+                    qint64& pixelBudget);
 
     /// Whether any of the shapes is a picture.
     static bool isNeededFor(std::span<const DIO_Shape> shapes);

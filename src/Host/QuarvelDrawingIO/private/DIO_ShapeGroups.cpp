@@ -55,7 +55,7 @@ void DIO_ShapeGroups::endMask(const std::vector<DIO_Paint>& palette)
         shapes.insert(shapes.end(), run.shapes.begin(), run.shapes.end());
     Group& masked = _open.emplace_back();
     if (DIO_PictureMask::isNeededFor(shapes)) {
-        masked.pictureMask.emplace(shapes, palette, mask.byCoverage);
+        masked.pictureMask.emplace(shapes, palette, mask.byCoverage, _picturePixels);
         return;
     }
     for (const DIO_Shape& shape : shapes) {
