@@ -11,6 +11,7 @@
 #include <QDockWidget>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QTableView>
 
@@ -57,6 +58,27 @@ TEST_F(LayoutTest, TheObjectsNamesAreReadInFullOnASmallScreen)
     for (int column = 0; column < ObjectsModel::COLUMN_COUNT; ++column)
         EXPECT_GE(header.sectionSize(column), header.sectionSizeHint(column)) << column;
     EXPECT_LE(header.length(), table.viewport()->width());
+}
+
+TEST_F(LayoutTest, TheNodesEditorShowsAllColumnsOnASmallScreenWithoutScrollingSideways)
+{
+    drop({MainWindow::examplePath()});
+    ASSERT_TRUE(waitForPicture());
+    makeSmall();
+    dock("PropertiesDock").raise();
+    QCoreApplication::processEvents();
+    const auto* const area = dock("PropertiesDock").findChild<QScrollArea*>();
+    ASSERT_NE(area, nullptr);
+    EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0);
+    const auto tables = area->findChildren<QTableView*>();
+    ASSERT_EQ(tables.size(), 1);
+    const QHeaderView& header = *tables.front()->horizontalHeader();
+    for (int column = 0; column < header.count(); ++column) {
+        const QString title = header.model()->headerData(column, Qt::Horizontal).toString();
+        EXPECT_GT(header.sectionSize(column), header.fontMetrics().horizontalAdvance(title)) << title.toStdString();
+    }
+    EXPECT_LE(header.length(), tables.front()->viewport()->width());
+    EXPECT_GT(viewer().width(), dock("PropertiesDock").width());
 }
 
 TEST_F(LayoutTest, TheTimelinesBarBreaksIntoLinesWhereItIsNarrow)

@@ -8,14 +8,40 @@
 
 #include <QBoxLayout>
 #include <QCheckBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStyle>
+#include <QTableView>
+
+#include <algorithm>
 
 namespace {
 
 // The normal-map node's own editor of its colour table, in place of which the window has ColourDepthView.
 const QString kColourTableEditor = QStringLiteral("VallorinVolumetricColorDefinition");
+
+// The most width that an editor gets without scrolling sideways: half of the narrowest screen, because the picture is
+// to be the larger part.
+constexpr int kMostWidth = 508;
+// Of frames and groups around a table.
+constexpr int kAroundTables = 48;
+
+// Makes the columns as wide as their titles and contents, also when the editor fills its table anew; the last one takes
+// the rest.
+//
+// @return the width of a table that shows all of them in full
+int fitColumns(QTableView& table)
+{
+    QHeaderView& header = *table.horizontalHeader();
+    header.setSectionResizeMode(QHeaderView::ResizeToContents);
+    int width = table.verticalHeader()->isHidden() ? 0 : table.verticalHeader()->sizeHint().width();
+    for (int column = 0; column < header.count(); ++column)
+        width += std::max(header.sectionSize(column), header.sectionSizeHint(column));
+    return width + table.verticalScrollBar()->sizeHint().width() + 2 * table.frameWidth();
+}
 
 } // namespace
 
@@ -75,11 +101,24 @@ void PropertiesView::follow()
         // A name that was being typed was meant for the other node.
         _name->setModified(false);
         _panel->setModule(current);
+        makeRoom();
     }
     _head->setVisible(current != nullptr);
     _panel->setVisible(current != nullptr);
     _hint->setVisible(current == nullptr);
     synchronize();
+}
+
+// The editor is as wide as its fields and tables need.
+void PropertiesView::makeRoom()
+{
+    const QWidget* const content = _panel->content();
+    if (!content)
+        return setMinimumWidth(0);
+    int width = content->minimumSizeHint().width();
+    for (QTableView* const table : content->findChildren<QTableView*>())
+        width = std::max(width, fitColumns(*table) + kAroundTables);
+    setMinimumWidth(std::min(width + style()->pixelMetric(QStyle::PM_ScrollBarExtent), kMostWidth));
 }
 
 void PropertiesView::synchronize()

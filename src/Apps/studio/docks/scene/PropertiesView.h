@@ -32,6 +32,7 @@ Q_SIGNALS:
 private:
     void follow();
     void synchronize();
+    void makeRoom();
     void takeName();
     void takeEnabled(bool enabled);
 
