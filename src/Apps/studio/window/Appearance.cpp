@@ -1,11 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Both themes use the style Fusion, since the desktop's own style may ignore the palette.
+// Both themes use a style of ours, since the desktop's own style may ignore the palette.
 #include "studio/window/Appearance.h"
+
+#include "studio/window/StudioStyle.h"
 
 #include <QApplication>
 #include <QSettings>
-#include <QStyleFactory>
 
 namespace {
 
@@ -68,7 +69,7 @@ void applyAppearance(Appearance appearance)
     // This must be found out before the application's palette is replaced for the first time.
     const bool asSystem = systemIsDark();
     const bool dark = appearance == Appearance::DARK || (appearance == Appearance::SYSTEM && asSystem);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new StudioStyle);
     QApplication::setPalette(paletteOf(dark ? kDark : kLight));
 }
 

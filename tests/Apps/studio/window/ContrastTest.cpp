@@ -5,10 +5,13 @@
 #include "studio/docks/graph/NodeColors.h"
 #include "studio/docks/scene/ColourSwatch.h"
 #include "studio/docks/scene/DrawingThumbnail.h"
+#include "studio/objects/ObjectHandles.h"
 #include "studio/window/Appearance.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QStyle>
+#include <QStyleOptionViewItem>
 
 #include <gtest/gtest.h>
 
@@ -101,6 +104,40 @@ TEST_P(ContrastTest, SwatchesAndThumbnailsOfAnyColourEndSomewhere)
             EXPECT_GE(greatestContrast(drawingThumbnail(drawing, 24, ratio).toImage(), base), kPart)
                 << qPrintable(own.name()) << " at " << ratio;
     }
+}
+
+TEST_P(ContrastTest, EmptyBoxesToTickAreSeenOnEveryGround)
+{
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::AlternateBase})
+        for (const auto element : {QStyle::PE_IndicatorCheckBox, QStyle::PE_IndicatorItemViewItemCheck}) {
+            QImage picture(16, 16, QImage::Format_ARGB32_Premultiplied);
+            picture.fill(colour(role));
+            QPainter painter(&picture);
+            QStyleOptionViewItem box;
+            box.rect = picture.rect();
+            box.palette = QApplication::palette();
+            box.state = QStyle::State_Enabled | QStyle::State_Off;
+            box.checkState = Qt::Unchecked;
+            QApplication::style()->drawPrimitive(element, &box, &painter);
+            painter.end();
+            EXPECT_GE(greatestContrast(picture, colour(role)), kPart) << role;
+        }
+}
+
+TEST_P(ContrastTest, HandlesOfObjectsAreSeenOnAnyPicture)
+{
+    const QRectF view(0, 0, 200, 200);
+    const ObjectHandles handles(QRectF(60, 60, 80, 80), view);
+    for (const QColor& ground : {QColor(Qt::black), QColor(Qt::white), QColor(118, 118, 118)})
+        for (const ObjectHandle handle : kObjectHandles) {
+            QImage picture(200, 200, QImage::Format_ARGB32_Premultiplied);
+            picture.fill(ground);
+            QPainter painter(&picture);
+            handles.paint(painter, QApplication::palette(), std::nullopt);
+            painter.end();
+            const QRect around(handles.place(handle).toPoint() - QPoint(12, 0), QSize(25, 1));
+            EXPECT_GE(greatestContrast(picture.copy(around), ground), kPart) << qPrintable(ground.name());
+        }
 }
 
 INSTANTIATE_TEST_SUITE_P(BothThemes, ContrastTest, testing::Values(Appearance::LIGHT, Appearance::DARK),
