@@ -41,7 +41,7 @@ UT_Result<ImportedScene> readFiles(const QStringList& files, const QString& obje
     try {
         return importDrawings(files, settings);
     } catch (const std::bad_alloc&) {
-        return UT_Error{DrawingSources::tr("The memory is not enough to open this.")};
+        return UT_Error{DrawingSources::tr("There is not enough memory to open this.")};
     } catch (const std::exception& error) {
         return UT_Error{QString::fromUtf8(error.what())};
     }
@@ -282,10 +282,11 @@ void DrawingSources::apply(Reading& reading)
         _document.commands().setClean();
     QStringList remarks = reading.result->warnings;
     if (!request.known.isEmpty())
-        remarks.prepend(tr("%1 has changed since the scene was saved and was read again. Undo brings the drawing back.")
-                            .arg(nameOf(request.files)));
+        remarks.prepend(
+            tr("%1 has changed since the scene was saved and was read again. Undo brings the older drawing back.")
+                .arg(nameOf(request.files)));
     if (!update.vanished.isEmpty())
-        remarks << tr("Not in %1 any more: %2. What was set for it stays, should it come back.")
+        remarks << tr("No longer in %1: %2. The settings are kept in case it comes back.")
                        .arg(nameOf(request.files), update.vanished.join(QStringLiteral(", ")));
     Q_EMIT updated(remarks.join(QLatin1Char('\n')));
 }

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QIcon>
+#include <QWidget>
 
 namespace {
 
@@ -47,6 +48,11 @@ SceneDialog::SceneDialog(const QString& folder, QWidget* parent) : QFileDialog(p
     setIconProvider(&icons->icons);
     setLabelText(FileName, tr("Scene:"));
     setLabelText(Accept, tr("&Open"));
+    // Only folders are shown, so there is no type to choose; and the dates are read in full.
+    for (const char* const name : {"fileTypeLabel", "fileTypeCombo"})
+        if (auto* const part = findChild<QWidget*>(QLatin1String(name)))
+            part->hide();
+    resize(760, 480);
     connect(this, &QFileDialog::directoryEntered, this, &SceneDialog::entered);
 }
 

@@ -119,7 +119,7 @@ SceneFiles::Outcome SceneFiles::load(const OpenRequest& request, const std::func
             return {nullptr, {}, imported.error().sentence()};
         return {std::move(imported->scene), imported->warnings, {}};
     } catch (const std::bad_alloc&) {
-        return {nullptr, {}, tr("The memory is not enough to open this.")};
+        return {nullptr, {}, tr("There is not enough memory to open this.")};
     } catch (const std::exception& error) {
         return {nullptr, {}, QString::fromUtf8(error.what())};
     }

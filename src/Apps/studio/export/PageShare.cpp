@@ -116,7 +116,7 @@ void PageShare::finish(const Plan& plan)
     Q_EMIT runningChanged(false);
     const QString name = QFileInfo(plan.settings.file).fileName();
     if (plan.result)
-        Q_EMIT ended(tr("%1 is written. It is a page for any browser and needs no other file.").arg(name), false);
+        Q_EMIT ended(tr("%1 was written. The page works in any browser and needs no other file.").arg(name), false);
     else if (plan.result.error().kind == UT_ErrorKind::STOPPED)
         Q_EMIT ended(tr("Stopped; nothing was written."), true);
     else

@@ -52,7 +52,7 @@ ObjectActions::ObjectActions(DocumentObjects& objects, QWidget& window)
     , _objects(objects)
     , _window(window)
     , _carve(make(tr("Carve"), tr("Lets the selected objects sink in instead of rising"), QKeySequence(Qt::Key_V)))
-    , _cutOut(make(tr("Cut Out"), tr("Makes holes of the selected objects: what lies below is taken away"),
+    , _cutOut(make(tr("Cut Out"), tr("Turns the selected objects into holes: whatever lies below them is removed"),
                    QKeySequence(Qt::Key_X)))
     , _hide(make(tr("Hide"), tr("Hides the selected objects"), QKeySequence(Qt::Key_H)))
     , _solo(make(tr("Solo"), tr("Shows the selected objects alone"), QKeySequence(Qt::Key_S)))

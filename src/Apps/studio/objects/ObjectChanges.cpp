@@ -132,7 +132,7 @@ QString ObjectTexts::explanation(ObjectValue value)
     case ObjectValue::SMOOTHNESS:
         break;
     }
-    return tr("How round the profile is: 1 is as the bevel falls, more is fuller, less is more pointed");
+    return tr("How round the profile is: 1 follows the bevel, more is fuller, less is more pointed");
 }
 
 QString ObjectTexts::tiltName()

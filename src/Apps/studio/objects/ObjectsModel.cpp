@@ -108,7 +108,7 @@ QVariant ObjectsModel::data(const QModelIndex& index, int role) const
         if (role == Qt::DisplayRole)
             return object->isCutOut() ? tr("cut") : QString::number(object->number());
         if (role == Qt::ToolTipRole && object->isCutOut())
-            return tr("A cut-out: what lies below it is taken away");
+            return tr("A cut-out: whatever lies below it is removed");
         return {};
     }
     if (object->isCutOut())

@@ -16,7 +16,7 @@ using Clock = std::chrono::steady_clock;
 QString textOf(const UT_Error& error)
 {
     if (error.kind == UT_ErrorKind::NO_MEMORY)
-        return RenderService::tr("The memory is not enough for this picture; choose a smaller preview.");
+        return RenderService::tr("There is not enough memory for this picture; choose a smaller preview.");
     return error.sentence();
 }
 

@@ -244,10 +244,6 @@
         <translation>%1: eine Farbe, die in keiner Palette mehr ist</translation>
     </message>
     <message>
-        <source>0 is carved in fully, 255 adds fully to the volume; without a number the object&apos;s own level holds</source>
-        <translation>0 ist ganz eingegraben, 255 trägt ganz zum Volumen bei; ohne Zahl gilt die Stufe des Objekts</translation>
-    </message>
-    <message>
         <source>Colour</source>
         <translation>Farbe</translation>
     </message>
@@ -262,6 +258,10 @@
     <message>
         <source>How deep a colour lies: drag the slider, or double-click the number</source>
         <translation>Wie tief eine Farbe liegt: den Regler ziehen oder die Zahl doppelklicken</translation>
+    </message>
+    <message>
+        <source>0 carves fully, 255 adds fully to the volume; without a number, the object&apos;s own level applies</source>
+        <translation>0 gräbt ganz ein, 255 trägt ganz zum Volumen bei; ohne Zahl gilt die Stufe des Objekts</translation>
     </message>
 </context>
 <context>
@@ -308,10 +308,6 @@
 <context>
     <name>DrawingSources</name>
     <message>
-        <source>The memory is not enough to open this.</source>
-        <translation>Der Speicher reicht nicht, um dies zu öffnen.</translation>
-    </message>
-    <message>
         <source>%1 is being written.</source>
         <translation>%1 wird gerade geschrieben.</translation>
     </message>
@@ -328,16 +324,20 @@
         <translation>%1 ersetzen</translation>
     </message>
     <message>
-        <source>Not in %1 any more: %2. What was set for it stays, should it come back.</source>
-        <translation>Nicht mehr in %1: %2. Was dafür eingestellt war, bleibt für den Fall, dass es zurückkommt.</translation>
-    </message>
-    <message>
         <source>%1 The drawing stays as it was until the file can be read.</source>
         <translation>%1 Die Zeichnung bleibt, wie sie war, bis die Datei gelesen werden kann.</translation>
     </message>
     <message>
-        <source>%1 has changed since the scene was saved and was read again. Undo brings the drawing back.</source>
-        <translation>%1 wurde geändert, seit die Szene gespeichert wurde, und neu gelesen. Rückgängig bringt die alte Zeichnung zurück.</translation>
+        <source>There is not enough memory to open this.</source>
+        <translation>Der Speicher reicht nicht, um das zu öffnen.</translation>
+    </message>
+    <message>
+        <source>%1 has changed since the scene was saved and was read again. Undo brings the older drawing back.</source>
+        <translation>%1 wurde geändert, seit die Szene gespeichert wurde, und neu gelesen. Rückgängig bringt die ältere Zeichnung zurück.</translation>
+    </message>
+    <message>
+        <source>No longer in %1: %2. The settings are kept in case it comes back.</source>
+        <translation>Nicht mehr in %1: %2. Die Einstellungen bleiben erhalten, falls es zurückkommt.</translation>
     </message>
 </context>
 <context>
@@ -811,10 +811,6 @@
         <translation>&lt;b&gt;Eine Zeichnung&lt;/b&gt; auf das Fenster ziehen. Ihre Teile werden Objekte, jedes mit einer eigenen Form.</translation>
     </message>
     <message>
-        <source>&lt;b&gt;Click a part&lt;/b&gt; in the picture and pull its handles: bevel, elevation, smoothness.</source>
-        <translation>&lt;b&gt;Einen Teil anklicken&lt;/b&gt; und an seinen Griffen ziehen: Kante, Höhe, Rundung.</translation>
-    </message>
-    <message>
         <source>&lt;b&gt;Drag the light&lt;/b&gt; over the picture to judge the volume from all sides.</source>
         <translation>&lt;b&gt;Das Licht&lt;/b&gt; über das Bild ziehen, um das Volumen von allen Seiten zu beurteilen.</translation>
     </message>
@@ -890,6 +886,18 @@
         <source>What it does</source>
         <translation>Was geschieht</translation>
     </message>
+    <message>
+        <source>&lt;b&gt;Click a part&lt;/b&gt; in the picture and pull its handles: bevel, elevation, smoothness, tilt.</source>
+        <translation>&lt;b&gt;Einen Teil anklicken&lt;/b&gt; und an seinen Griffen ziehen: Kante, Höhe, Rundung, Neigung.</translation>
+    </message>
+    <message>
+        <source>Tilt</source>
+        <translation>Neigung</translation>
+    </message>
+    <message>
+        <source>where the object faces, in degrees to the right and upwards; 0, 0 faces the viewer</source>
+        <translation>wohin das Objekt zeigt, in Grad nach rechts und nach oben; 0; 0 zeigt zum Betrachter</translation>
+    </message>
 </context>
 <context>
     <name>KeyButton</name>
@@ -906,15 +914,15 @@
     <name>LightKeyButton</name>
     <message>
         <source>Key of %1</source>
-        <translation>Schlüssel von %1</translation>
-    </message>
-    <message>
-        <source>Takes the key at this frame away</source>
-        <translation>Nimmt den Schlüssel an diesem Bild weg</translation>
+        <translation>Keyframe von %1</translation>
     </message>
     <message>
         <source>Sets a key at this frame</source>
-        <translation>Setzt einen Schlüssel an diesem Bild</translation>
+        <translation>Setzt einen Keyframe an diesem Bild</translation>
+    </message>
+    <message>
+        <source>Removes the key at this frame</source>
+        <translation>Entfernt den Keyframe an diesem Bild</translation>
     </message>
 </context>
 <context>
@@ -925,11 +933,11 @@
     </message>
     <message>
         <source>Remove Key of Light</source>
-        <translation>Schlüssel eines Lichts entfernen</translation>
+        <translation>Keyframe eines Lichts entfernen</translation>
     </message>
     <message>
         <source>Set Key of Light</source>
-        <translation>Schlüssel eines Lichts setzen</translation>
+        <translation>Keyframe eines Lichts setzen</translation>
     </message>
 </context>
 <context>
@@ -1034,7 +1042,7 @@
     </message>
     <message>
         <source>Adds a light like this one, keys included</source>
-        <translation>Fügt ein Licht wie dieses hinzu, samt seinen Schlüsseln</translation>
+        <translation>Fügt ein Licht wie dieses hinzu, samt seinen Keyframes</translation>
     </message>
     <message>
         <source>&amp;On</source>
@@ -1049,16 +1057,8 @@
         <translation>S&amp;olo</translation>
     </message>
     <message>
-        <source>As long as a light is solo, only such lights shine</source>
-        <translation>Solange ein Licht auf Solo steht, leuchten nur solche Lichter</translation>
-    </message>
-    <message>
         <source>&amp;Turn</source>
         <translation>&amp;Drehen</translation>
-    </message>
-    <message>
-        <source>Lets the light go round to judge the volume; nothing in the scene changes</source>
-        <translation>Lässt das Licht kreisen, um das Volumen zu beurteilen; an der Szene ändert sich nichts</translation>
     </message>
     <message>
         <source>What the light is called</source>
@@ -1107,10 +1107,6 @@ Punktlicht: von dort, wo das Licht steht, mit der Entfernung schwächer</transla
         <translation>&amp;Vorlagen</translation>
     </message>
     <message>
-        <source>Puts lights that somebody arranged in the place of these</source>
-        <translation>Ersetzt diese Lichter durch fertig eingerichtete</translation>
-    </message>
-    <message>
         <source>Standard</source>
         <translation>Standard</translation>
     </message>
@@ -1125,6 +1121,18 @@ Punktlicht: von dort, wo das Licht steht, mit der Entfernung schwächer</transla
     <message>
         <source>Torch</source>
         <translation>Fackel</translation>
+    </message>
+    <message>
+        <source>While any light is solo, only solo lights shine</source>
+        <translation>Solange ein Licht auf Solo steht, leuchten nur die Solo-Lichter</translation>
+    </message>
+    <message>
+        <source>Moves the light in a circle, to judge the volume; the scene itself does not change</source>
+        <translation>Lässt das Licht kreisen, um das Volumen zu beurteilen; die Szene selbst ändert sich nicht</translation>
+    </message>
+    <message>
+        <source>Replaces these lights by a ready-made set</source>
+        <translation>Ersetzt diese Lichter durch fertig eingerichtete</translation>
     </message>
 </context>
 <context>
@@ -1491,10 +1499,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <translation>„%1“ hat ungespeicherte Änderungen.</translation>
     </message>
     <message>
-        <source>Save them? What is discarded cannot be brought back.</source>
-        <translation>Möchten Sie sie speichern? Verworfenes lässt sich nicht zurückholen.</translation>
-    </message>
-    <message>
         <source>Import Drawings</source>
         <translation>Zeichnungen importieren</translation>
     </message>
@@ -1653,10 +1657,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>Takes the last change back</source>
         <translation>Nimmt die letzte Änderung zurück</translation>
-    </message>
-    <message>
-        <source>Does again what was taken back</source>
-        <translation>Stellt die zurückgenommene Änderung wieder her</translation>
     </message>
     <message>
         <source>&amp;Delete</source>
@@ -1855,10 +1855,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <translation>Ctrl+B</translation>
     </message>
     <message>
-        <source>Shows the drawing as it was left of a border that can be dragged; hold B to see all of it</source>
-        <translation>Zeigt links einer verschiebbaren Grenze die Zeichnung, wie sie war; solange B gedrückt ist, die ganze</translation>
-    </message>
-    <message>
         <source>&amp;All</source>
         <translation>&amp;Alle</translation>
     </message>
@@ -1931,10 +1927,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <translation>Öffnen</translation>
     </message>
     <message>
-        <source>Gives up opening; what is open stays</source>
-        <translation>Bricht das Öffnen ab; was offen ist, bleibt</translation>
-    </message>
-    <message>
         <source>Exporting</source>
         <translation>Export</translation>
     </message>
@@ -1983,10 +1975,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <translation>Zeichnungen hinzufügen</translation>
     </message>
     <message>
-        <source>Nobody knows which file the drawings of this scene came from.</source>
-        <translation>Niemand weiß, aus welcher Datei die Zeichnungen dieser Szene kamen.</translation>
-    </message>
-    <message>
         <source>The scene has several drawings; select one of them in the elements first.</source>
         <translation>Die Szene hat mehrere Zeichnungen; wählen Sie zuerst eine davon in den Elementen aus.</translation>
     </message>
@@ -2009,10 +1997,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>Rep&amp;lace Drawing...</source>
         <translation>Zeichnung e&amp;rsetzen …</translation>
-    </message>
-    <message>
-        <source>Takes another file for the selected drawing; what was set of its objects stays</source>
-        <translation>Nimmt eine andere Datei für die gewählte Zeichnung; was für ihre Objekte eingestellt war, bleibt</translation>
     </message>
     <message>
         <source>Reload &amp;Drawings</source>
@@ -2049,6 +2033,30 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>Writes one page for browsers that plays the drawing in a light which follows the pointer</source>
         <translation>Schreibt eine Seite für Browser, die die Zeichnung in einem Licht abspielt, das dem Zeiger folgt</translation>
+    </message>
+    <message>
+        <source>Do you want to save them? Discarded changes cannot be restored.</source>
+        <translation>Möchten Sie sie speichern? Verworfene Änderungen lassen sich nicht wiederherstellen.</translation>
+    </message>
+    <message>
+        <source>The scene does not say which file its drawings came from.</source>
+        <translation>Die Szene gibt nicht an, aus welcher Datei ihre Zeichnungen stammen.</translation>
+    </message>
+    <message>
+        <source>Cancels opening; what is open now stays</source>
+        <translation>Bricht das Öffnen ab; was jetzt offen ist, bleibt</translation>
+    </message>
+    <message>
+        <source>Replaces the selected drawing by another file; the settings of its objects are kept</source>
+        <translation>Ersetzt die gewählte Zeichnung durch eine andere Datei; die Einstellungen ihrer Objekte bleiben erhalten</translation>
+    </message>
+    <message>
+        <source>Repeats the change that was undone</source>
+        <translation>Stellt die zurückgenommene Änderung wieder her</translation>
+    </message>
+    <message>
+        <source>Splits the view: on the left of a border that can be dragged, the flat drawing; hold B to see the flat drawing alone</source>
+        <translation>Teilt die Ansicht: links einer verschiebbaren Grenze die flache Zeichnung; solange B gedrückt ist, nur sie</translation>
     </message>
 </context>
 <context>
@@ -2224,10 +2232,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <translation>Ausschneiden</translation>
     </message>
     <message>
-        <source>Makes holes of the selected objects: what lies below is taken away</source>
-        <translation>Macht die ausgewählten Objekte zu Löchern: Was darunter liegt, wird weggenommen</translation>
-    </message>
-    <message>
         <source>Hide</source>
         <translation>Ausblenden</translation>
     </message>
@@ -2308,6 +2312,10 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <source>Gives the selected objects the values that were chosen for them when the drawing was opened</source>
         <translation>Gibt den ausgewählten Objekten die Werte, die beim Öffnen der Zeichnung für sie gewählt wurden</translation>
     </message>
+    <message>
+        <source>Turns the selected objects into holes: whatever lies below them is removed</source>
+        <translation>Macht die ausgewählten Objekte zu Löchern: Was darunter liegt, wird entfernt</translation>
+    </message>
 </context>
 <context>
     <name>ObjectBar</name>
@@ -2352,10 +2360,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>How high the object rises; 1 is 37.5 units of a picture 720 wide, negative values sink in</source>
         <translation>Wie hoch sich das Objekt erhebt; 1 sind 37,5 Einheiten eines 720 breiten Bildes, negative Werte sinken ein</translation>
-    </message>
-    <message>
-        <source>How round the profile is: 1 is as the bevel falls, more is fuller, less is more pointed</source>
-        <translation>Wie rund das Profil ist: 1 ist so, wie die Kante abfällt, mehr ist voller, weniger spitzer</translation>
     </message>
     <message numerus="yes">
         <source>%n objects</source>
@@ -2430,6 +2434,10 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <comment>a tilt to the right and upwards, in degrees</comment>
         <translation>%1; %2</translation>
     </message>
+    <message>
+        <source>How round the profile is: 1 follows the bevel, more is fuller, less is more pointed</source>
+        <translation>Wie rund das Profil ist: 1 folgt der Kante, mehr ist voller, weniger ist spitzer</translation>
+    </message>
 </context>
 <context>
     <name>ObjectsModel</name>
@@ -2440,10 +2448,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>cut</source>
         <translation>Loch</translation>
-    </message>
-    <message>
-        <source>A cut-out: what lies below it is taken away</source>
-        <translation>Ein Ausschnitt: Was darunter liegt, wird weggenommen</translation>
     </message>
     <message>
         <source>Object</source>
@@ -2460,6 +2464,10 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>The object&apos;s number; drawings of the same number are one object</source>
         <translation>Die Nummer des Objekts; Zeichnungen gleicher Nummer sind ein Objekt</translation>
+    </message>
+    <message>
+        <source>A cut-out: whatever lies below it is removed</source>
+        <translation>Ein Ausschnitt: Was darunter liegt, wird entfernt</translation>
     </message>
 </context>
 <context>
@@ -2499,16 +2507,16 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <translation>schließen Sie, was sonst geöffnet ist</translation>
     </message>
     <message>
-        <source>%1 is written. It is a page for any browser and needs no other file.</source>
-        <translation>%1 ist geschrieben. Die Seite läuft in jedem Browser und braucht keine andere Datei.</translation>
-    </message>
-    <message>
         <source>Stopped; nothing was written.</source>
         <translation>Angehalten; nichts wurde geschrieben.</translation>
     </message>
     <message>
         <source>The page was not written: %1</source>
         <translation>Die Seite wurde nicht geschrieben: %1</translation>
+    </message>
+    <message>
+        <source>%1 was written. The page works in any browser and needs no other file.</source>
+        <translation>%1 wurde geschrieben. Die Seite läuft in jedem Browser und braucht keine andere Datei.</translation>
     </message>
 </context>
 <context>
@@ -2618,7 +2626,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
 <context>
     <name>RenderService</name>
     <message>
-        <source>The memory is not enough for this picture; choose a smaller preview.</source>
+        <source>There is not enough memory for this picture; choose a smaller preview.</source>
         <translation>Der Speicher reicht für dieses Bild nicht; wählen Sie eine kleinere Vorschau.</translation>
     </message>
 </context>
@@ -2989,7 +2997,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <translation>Hier gibt es nichts zu öffnen: weder eine Szene noch Zeichnungen (%1).</translation>
     </message>
     <message>
-        <source>The memory is not enough to open this.</source>
+        <source>There is not enough memory to open this.</source>
         <translation>Der Speicher reicht nicht, um das zu öffnen.</translation>
     </message>
 </context>
@@ -3013,10 +3021,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>&amp;Import drawings</source>
         <translation>Zeichnungen &amp;importieren</translation>
-    </message>
-    <message>
-        <source>SVG, PNG or a Lottie animation, one file or many</source>
-        <translation>SVG, PNG oder eine Lottie-Animation, eine Datei oder viele</translation>
     </message>
     <message>
         <source>&amp;Open a scene</source>
@@ -3045,6 +3049,10 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>More help</source>
         <translation>Mehr Hilfe</translation>
+    </message>
+    <message>
+        <source>SVG, PNG, PSD, Krita, Aseprite or Lottie, one file or many</source>
+        <translation>SVG, PNG, PSD, Krita, Aseprite oder Lottie, eine Datei oder viele</translation>
     </message>
 </context>
 <context>

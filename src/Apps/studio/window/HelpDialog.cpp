@@ -34,7 +34,7 @@ QString HelpDialog::firstSteps()
 {
     return QStringLiteral("<ol><li>%1</li><li>%2</li><li>%3</li><li>%4</li></ol>")
         .arg(tr("<b>Drop a drawing</b> on the window. Its parts become objects, each with a form of its own."),
-             tr("<b>Click a part</b> in the picture and pull its handles: bevel, elevation, smoothness."),
+             tr("<b>Click a part</b> in the picture and pull its handles: bevel, elevation, smoothness, tilt."),
              tr("<b>Drag the light</b> over the picture to judge the volume from all sides."),
              tr("<b>Export</b> the normal map at the drawing's own size."));
 }
@@ -52,13 +52,14 @@ QWidget* HelpDialog::stepsPage()
                  tr("Hold Shift while a handle is pulled to change finely; Escape takes the pull back."),
                  tr("Hold Shift over the lit picture and turn the wheel to raise and lower the light."));
     const QString words =
-        QStringLiteral(
-            "<dl><dt><b>%1</b></dt><dd>%2</dd><dt><b>%3</b></dt><dd>%4</dd><dt><b>%5</b></dt><dd>%6</dd></dl>")
+        QStringLiteral("<dl><dt><b>%1</b></dt><dd>%2</dd><dt><b>%3</b></dt><dd>%4</dd><dt><b>%5</b></dt><dd>%6</dd>"
+                       "<dt><b>%7</b></dt><dd>%8</dd></dl>")
             .arg(tr("Bevel"),
                  tr("how far the rounding reaches in from the outline, in units of which the picture is "
                     "720 wide"),
                  tr("Elevation"), tr("how high the object rises; 1 is 37.5 of these units, negative values sink in"),
-                 tr("Smoothness"), tr("how round the profile is: more is fuller, less is more pointed"));
+                 tr("Smoothness"), tr("how round the profile is: more is fuller, less is more pointed"), tr("Tilt"),
+                 tr("where the object faces, in degrees to the right and upwards; 0, 0 faces the viewer"));
     text->setHtml(QStringLiteral("<h3>%1</h3>%2<h3>%3</h3>%4<h3>%5</h3>%6")
                       .arg(tr("First steps"), firstSteps(), tr("The mouse in the picture"), mouse,
                            tr("What the values mean"), words));

@@ -55,7 +55,7 @@ bool MainWindow::confirmLeaving()
     QMessageBox question(QMessageBox::Warning, tr("Unsaved Changes"),
                          tr("\"%1\" has changes that are not saved.").arg(_document.title()),
                          QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
-    question.setInformativeText(tr("Save them? What is discarded cannot be brought back."));
+    question.setInformativeText(tr("Do you want to save them? Discarded changes cannot be restored."));
     question.setDefaultButton(QMessageBox::Save);
     switch (question.exec()) {
     case QMessageBox::Save:
@@ -112,7 +112,7 @@ void MainWindow::replaceDrawing()
     const QStringList source = _sources.current();
     if (source.isEmpty()) {
         _messages->showNotice(_sources.all().empty()
-                                  ? tr("Nobody knows which file the drawings of this scene came from.")
+                                  ? tr("The scene does not say which file its drawings came from.")
                                   : tr("The scene has several drawings; select one of them in the elements first."));
         return;
     }
@@ -292,7 +292,7 @@ void MainWindow::sharePage()
 void MainWindow::makeBusyBars()
 {
     auto* const opening =
-        new BusyBar(QStringLiteral("cancelOpening"), tr("Opening"), tr("Gives up opening; what is open stays"));
+        new BusyBar(QStringLiteral("cancelOpening"), tr("Opening"), tr("Cancels opening; what is open now stays"));
     connect(opening, &BusyBar::cancelled, &_files, &SceneFiles::cancel);
     connect(&_files, &SceneFiles::busyChanged, opening, [this, opening] { opening->setBusy(_files.isBusy()); });
     connect(&_files, &SceneFiles::progressed, opening, &BusyBar::showProgress);

@@ -55,8 +55,9 @@ void MainWindow::makeFileActions()
     _example = makeAction(QStringLiteral("example"), tr("Open E&xample"), {}, tr("Opens the example drawing"));
     _addDrawings = makeAction({}, tr("Add Dra&wings..."), QKeySequence(tr("Ctrl+Shift+I")),
                               tr("Puts the drawings of other files on top of those of the scene"));
-    _replaceDrawing = makeAction({}, tr("Rep&lace Drawing..."), {},
-                                 tr("Takes another file for the selected drawing; what was set of its objects stays"));
+    _replaceDrawing =
+        makeAction({}, tr("Rep&lace Drawing..."), {},
+                   tr("Replaces the selected drawing by another file; the settings of its objects are kept"));
     _reload = makeAction({}, tr("Reload &Drawings"), QKeySequence(tr("F5")),
                          tr("Reads the drawings of the scene again; files that change are read by themselves"));
     _save = makeAction(QStringLiteral("save"), tr("&Save"), QKeySequence::Save, tr("Saves the scene"));
@@ -88,7 +89,8 @@ void MainWindow::makeFileActions()
 void MainWindow::makeEditActions()
 {
     _undo = makeAction(QStringLiteral("undo"), tr("&Undo"), QKeySequence::Undo, tr("Takes the last change back"));
-    _redo = makeAction(QStringLiteral("redo"), tr("&Redo"), QKeySequence::Redo, tr("Does again what was taken back"));
+    _redo =
+        makeAction(QStringLiteral("redo"), tr("&Redo"), QKeySequence::Redo, tr("Repeats the change that was undone"));
     _delete = makeAction({}, tr("&Delete"), QKeySequence::Delete, tr("Deletes the selected modules"));
     _duplicate = makeAction({}, tr("Dup&licate"), QKeySequence(tr("Ctrl+D")), tr("Copies the selected modules"));
     // The views have keys of their own for these, which must not be ambiguous.

@@ -24,9 +24,9 @@ const QString kBackdropPicture = QStringLiteral("backdrop/picture");
 
 void MainWindow::makeViewOptions()
 {
-    _split =
-        makeAction(QStringLiteral("split"), tr("&Before and After"), QKeySequence(tr("Ctrl+B")),
-                   tr("Shows the drawing as it was left of a border that can be dragged; hold B to see all of it"));
+    _split = makeAction(QStringLiteral("split"), tr("&Before and After"), QKeySequence(tr("Ctrl+B")),
+                        tr("Splits the view: on the left of a border that can be dragged, the flat drawing; hold B to "
+                           "see the flat drawing alone"));
     _split->setObjectName(QStringLiteral("splitView"));
     _split->setCheckable(true);
     connect(_split, &QAction::toggled, this, [this](bool on) {

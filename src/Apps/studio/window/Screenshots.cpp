@@ -8,6 +8,7 @@
 #include "studio/docks/scene/LightPanel.h"
 #include "studio/document/SceneDialog.h"
 #include "studio/export/ExportDialog.h"
+#include "studio/export/GlossDialog.h"
 #include "studio/preview/Viewer.h"
 #include "studio/window/Appearance.h"
 #include "studio/window/HelpDialog.h"
@@ -151,6 +152,10 @@ void takeDialogs(Shooting& shooting, MainWindow& window)
                            {QStringLiteral("hero"), QStringLiteral("/home/ada/drawings"), QStringLiteral("hero")});
     exporting.adjustSize();
     shooting.take(exporting, QStringLiteral("export"));
+    GlossDialog gloss(drawnColours(window.document().scene()), {});
+    gloss.show();
+    shooting.take(gloss, QStringLiteral("gloss"));
+    gloss.close();
     window.findChild<QAction*>(QStringLiteral("showHelp"))->trigger();
     auto* const help = window.findChild<HelpDialog*>();
     shooting.take(*help, QStringLiteral("help"));

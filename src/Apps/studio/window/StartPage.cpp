@@ -35,7 +35,7 @@ StartPage::StartPage(RecentFiles& recent, QWidget* parent)
     layout->addWidget(heading());
     layout->addSpacing(14);
     auto* const import = addChoice(QStringLiteral("import"), tr("&Import drawings"),
-                                   tr("SVG, PNG or a Lottie animation, one file or many"));
+                                   tr("SVG, PNG, PSD, Krita, Aseprite or Lottie, one file or many"));
     auto* const open = addChoice(QStringLiteral("open"), tr("&Open a scene"), tr("One that was saved before"));
     auto* const example = addChoice(QStringLiteral("example"), tr("Look at the &example"),
                                     tr("A drawing with volume, and a light to move over it"));

@@ -115,7 +115,7 @@ QVariant ColourDepthModel::depthData(const ColourDepth& colour, int role)
     case Qt::EditRole:
         return colour.depth.value_or(kAddedDepth);
     case Qt::ToolTipRole:
-        return tr("0 is carved in fully, 255 adds fully to the volume; without a number the object's own level holds");
+        return tr("0 carves fully, 255 adds fully to the volume; without a number, the object's own level applies");
     default:
         return {};
     }

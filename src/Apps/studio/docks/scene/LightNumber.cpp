@@ -65,7 +65,7 @@ void LightKeyButton::changeEvent(QEvent* event)
 void LightKeyButton::paintIcon()
 {
     _button->setIcon(keyIcon(_isKeyed, palette(), devicePixelRatioF()));
-    _button->setToolTip(_isKeyed ? tr("Takes the key at this frame away") : tr("Sets a key at this frame"));
+    _button->setToolTip(_isKeyed ? tr("Removes the key at this frame") : tr("Sets a key at this frame"));
 }
 
 LightNumber::LightNumber(const QString& what, const QString& toolTip, double low, double high, QWidget* parent)

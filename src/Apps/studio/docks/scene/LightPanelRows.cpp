@@ -84,11 +84,11 @@ QWidget* LightPanel::switchRow()
         return box;
     };
     _on = addSwitch("lightOn", tr("&On"), tr("Whether the light shines"), &StudioLight::on);
-    _solo = addSwitch("lightSolo", tr("&Solo"), tr("As long as a light is solo, only such lights shine"),
-                      &StudioLight::solo);
+    _solo =
+        addSwitch("lightSolo", tr("&Solo"), tr("While any light is solo, only solo lights shine"), &StudioLight::solo);
     layout.addStretch();
     _turn = addButton(layout, "turnLight", tr("&Turn"),
-                      tr("Lets the light go round to judge the volume; nothing in the scene changes"));
+                      tr("Moves the light in a circle, to judge the volume; the scene itself does not change"));
     _turn->setCheckable(true);
     connect(_turn, &QToolButton::clicked, &_lights, &LightModel::setTurning);
     return row;
@@ -215,8 +215,8 @@ void LightPanel::addCommonRows(QFormLayout& form)
                     &MO_LightingValues::highlight);
     auto* const row = new QWidget;
     QHBoxLayout& layout = *rowOf(*row);
-    QToolButton* const presets = addButton(layout, "lightPresets", tr("&Presets"),
-                                           tr("Puts lights that somebody arranged in the place of these"));
+    QToolButton* const presets =
+        addButton(layout, "lightPresets", tr("&Presets"), tr("Replaces these lights by a ready-made set"));
     presets->setPopupMode(QToolButton::InstantPopup);
     presets->setToolButtonStyle(Qt::ToolButtonTextOnly);
     fillPresets(*presets);
