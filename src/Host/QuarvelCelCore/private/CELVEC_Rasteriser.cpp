@@ -8,6 +8,7 @@
 
 #include "QuarvelBaseCore/UT_PixelMemory.h"
 #include "QuarvelCelCore/CEL_WithFormat.h"
+#include "QuarvelCelCore/private/CELVEC_PainterThread.h"
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
 #include "QuarvelVectorLanes/VL_ParallelFor.h"
 
@@ -220,13 +221,9 @@ void copyPixels(const QImage& picture, const Math::Box2di& rect, CEL_PixmapOf<Pi
     }
 }
 
-// The rows of a band. Pictures are resampled by steps that are rounded from where the band begins, so what has some is
-// painted as one.
-int bandHeight(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect)
+bool hasPictures(const std::vector<PaintedShape>& shapes)
 {
-    constexpr int kRows = 128;
-    const auto isPicture = [](const PaintedShape& painted) { return !painted.picture.isNull(); };
-    return std::ranges::any_of(shapes, isPicture) ? std::max(rect.height(), 1) : kRows;
+    return std::ranges::any_of(shapes, [](const PaintedShape& painted) { return !painted.picture.isNull(); });
 }
 
 // The picture that bands are painted on. It is reused, because fresh memory for each would cost as much as the
@@ -271,16 +268,26 @@ void paintBand(const std::vector<PaintedShape>& shapes, const Math::Box2di& band
 template<typename Pixel>
 void paintBands(const std::vector<PaintedShape>& shapes, CEL_PixmapOf<Pixel>& target)
 {
+    constexpr int kRows = 128;
     const Math::Box2di rect = target.allocatedRect();
-    const int height = bandHeight(shapes, rect);
+    // Pictures are resampled by steps that are rounded from where a band, or a part that Qt makes of a fill, begins. So
+    // what has some is painted as one band, in Qt's own parts.
+    const bool isOne = hasPictures(shapes);
+    const int height = isOne ? std::max(rect.height(), 1) : kRows;
     const int bands = (rect.height() + height - 1) / height;
-    VL_parallelFor(tbb::blocked_range<int>(0, bands), [&](const tbb::blocked_range<int>& range) {
+    const auto paintRange = [&](const tbb::blocked_range<int>& range) {
         const Canvas canvas(rect.width(), height);
         for (int i = range.begin(); i < range.end(); ++i) {
             const int top = rect.y1 + i * height;
             paintBand<Pixel>(shapes, {rect.x1, top, rect.x2, std::min(top + height, rect.y2)}, canvas, target);
         }
-    });
+    };
+    if (isOne) {
+        paintRange({0, bands});
+        return;
+    }
+    VL_parallelFor(tbb::blocked_range<int>(0, bands),
+                   [&](const tbb::blocked_range<int>& range) { CELVEC_onPainterThread([&] { paintRange(range); }); });
 }
 
 } // namespace

@@ -1,0 +1,64 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The two flags repeat what the pool's own locks ensure already. Thread sanitizers see no locks of libraries that were
+// built without them.
+#include "QuarvelCelCore/private/CELVEC_PainterThread.h"
+
+#include <QRunnable>
+#include <QThread>
+#include <QThreadPool>
+
+#include <atomic>
+#include <exception>
+#include <semaphore>
+
+namespace {
+
+class Errand final : public QRunnable
+{
+public:
+    explicit Errand(const std::function<void()>& work) : _work(work)
+    {
+        setAutoDelete(false);
+        _isReady.store(true, std::memory_order_release);
+    }
+
+    void run() override
+    {
+        (void)_isReady.load(std::memory_order_acquire);
+        try {
+            _work();
+        } catch (...) {
+            _failure = std::current_exception();
+        }
+        _isDone.release();
+    }
+
+    void wait()
+    {
+        _isDone.acquire();
+        if (_failure)
+            std::rethrow_exception(_failure);
+    }
+
+private:
+    const std::function<void()>& _work;
+    std::exception_ptr _failure;
+    std::atomic<bool> _isReady = false;
+    std::binary_semaphore _isDone{0};
+};
+
+} // namespace
+
+void CELVEC_onPainterThread(const std::function<void()>& work)
+{
+    QThreadPool* const pool = QThreadPool::globalInstance();
+    if (pool->contains(QThread::currentThread())) {
+        work();
+        return;
+    }
+    Errand errand(work);
+    pool->reserveThread();
+    pool->startOnReservedThread(&errand);
+    errand.wait();
+}
