@@ -2,6 +2,7 @@
 #include "form/ChooseObjects.h"
 
 #include "form/ContinueBeyondFrame.h"
+#include "form/ReliefLayers.h"
 #include "form/bitmap/BitmapObjects.h"
 #include "form/choice/FewParts.h"
 #include "form/choice/Islands.h"
@@ -69,6 +70,16 @@ ChosenObjects chooseOfShapes(const DIO_Drawing& drawing, ObjectChoice choice)
     return parts.parts.empty() ? believed(drawing) : assembleLayers(shapes, facts, parts, grid);
 }
 
+ChosenObjects chooseOfSeen(const DIO_Drawing& drawing, ObjectChoice choice)
+{
+    if (choice == ObjectChoice::AUTO && !hasLayers(drawing) && isBitmap(drawing))
+        return chooseBitmapObjects(drawing);
+    ChosenObjects chosen = chooseOfShapes(drawing, choice);
+    if (choice == ObjectChoice::AUTO)
+        continueBeyondFrame(chosen);
+    return chosen;
+}
+
 } // namespace
 
 QString ChosenObjects::warning() const
@@ -98,10 +109,12 @@ DIO_Grouping groupingFor(ObjectChoice choice)
 
 ChosenObjects chooseObjects(const DIO_Drawing& drawing, ObjectChoice choice)
 {
-    if (choice == ObjectChoice::AUTO && !hasLayers(drawing) && isBitmap(drawing))
-        return chooseBitmapObjects(drawing);
-    ChosenObjects chosen = chooseOfShapes(drawing, choice);
-    if (choice == ObjectChoice::AUTO)
-        continueBeyondFrame(chosen);
+    DIO_Drawing seen = drawing;
+    std::vector<std::size_t> places;
+    const std::vector<DIO_Layer> reliefs = takeReliefLayers(seen, places);
+    ChosenObjects chosen = chooseOfSeen(seen, choice);
+    if (choice == ObjectChoice::AUTO && !hasLayers(seen))
+        places.clear();
+    addReliefLayers(reliefs, places, drawing.palette, chosen);
     return chosen;
 }

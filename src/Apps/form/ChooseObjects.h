@@ -11,7 +11,8 @@ DIO_Grouping groupingFor(ObjectChoice choice);
 
 /// Chooses the objects of a drawing that was read with the grouping groupingFor(choice).
 ///
-/// Painted one over the other, the objects show the unchanged drawing, except for the antialiasing where objects share
+/// Layers that bend the surface (ReliefLayers.h) are objects of the role RELIEF. Painted one over the other, the other
+/// objects show the unchanged drawing without these layers, except for the antialiasing where objects share
 /// a line. With AUTO, an object that the picture's border cuts continues outside it. Moved, scaled or mirrored drawings
 /// get the same objects, moved, scaled or mirrored.
 ChosenObjects chooseObjects(const DIO_Drawing& drawing, ObjectChoice choice);

@@ -21,7 +21,8 @@ enum class ObjectRole
     BODY,    ///< it rises from its outline
     OPENING, ///< it sinks below its surroundings: a mouth, a socket, a window
     SLAB,    ///< it gets a rim and is flat inside: a tile that fills the picture
-    FLAT     ///< it gets no volume: a shadow on the ground, a backdrop
+    FLAT,    ///< it gets no volume: a shadow on the ground, a backdrop
+    RELIEF   ///< it is not seen: its strokes bend the surface of what lies below (ReliefLayers.h)
 };
 
 /// An object's properties, apart from its shapes.

@@ -61,7 +61,8 @@ ObjectForm formFor(const ObjectExtent& extent, ObjectRole role, const FormSettin
     form.elevation *= settings.volume;
     if (role == ObjectRole::OPENING)
         form.elevation = -form.elevation;
-    const bool flat = settings.shape == FormShape::OFF || role == ObjectRole::FLAT || form.elevation == 0.0;
+    const bool flat = settings.shape == FormShape::OFF || role == ObjectRole::FLAT || role == ObjectRole::RELIEF ||
+                      form.elevation == 0.0;
     if (flat)
         form.elevation = kNoElevation;
     // Rounded to few digits, so that people can read and type the values. A hundredth of a unit is far less than a

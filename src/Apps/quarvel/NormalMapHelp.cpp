@@ -103,6 +103,9 @@ Objects, numbered from the lowest, 1 up, and their form
                           tilt=X,Y       faces X degrees to the right and Y degrees upwards instead of at the viewer (0,0);
                                          below 0 to the left and down
                           rim=B[,H]      a second, narrow bevel at its outline: B wide, and H times as high (1)
+                          role=crease    is not seen: its strokes are grooves in what lies below; role=ridge: ridges; role=object:
+                                         none. Layers called crease or ridge have this role
+                          relief=R       the same, R halves of a stroke's width high, below 0 deep (crease: -0.5)
       --level C=L       the level of a colour, from 0 (carves) to 255 (adds, the default for every colour);
                         C is a colour such as '#1b1b1b', or all
 

@@ -40,6 +40,9 @@ const AT_DoubleAttrMeta kRimBevelMeta(QStringLiteral("RimBevel"),
 const AT_DoubleAttrMeta kRimHeightMeta(QStringLiteral("RimHeight"),
                                        QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Rim Height")),
                                        QStringLiteral("DBL_STEP_RIM"), 0.0, 10.0, 0.0, 2.0, 0.1);
+const AT_DoubleAttrMeta kReliefMeta(QStringLiteral("Relief"),
+                                    QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Relief")),
+                                    QStringLiteral("DBL_STEP_RELIEF"), -4.0, 4.0, -1.0, 1.0, 0.1);
 
 const QString kAttributeChosenForm = QStringLiteral("chosenForm");
 
@@ -82,6 +85,7 @@ ObjectDefinition::ObjectDefinition()
     , _tiltY(new AT_DoubleAttr(kTiltYMeta, nullptr, AT_DoubleAttr::LINKABLE, 0.0, QString()))
     , _rimBevel(new AT_DoubleAttr(kRimBevelMeta, nullptr, AT_DoubleAttr::LINKABLE, 0.0, QString()))
     , _rimHeight(new AT_DoubleAttr(kRimHeightMeta, nullptr, AT_DoubleAttr::LINKABLE, kRimHeight, QString()))
+    , _relief(new AT_DoubleAttr(kReliefMeta, nullptr, AT_DoubleAttr::LINKABLE, 0.0, QString()))
 {
     registerAttr(_objectNumber);
     registerAttr(_objectLevel);
@@ -91,6 +95,7 @@ ObjectDefinition::ObjectDefinition()
     registerAttr(_tiltY);
     registerAttr(_rimBevel);
     registerAttr(_rimHeight);
+    registerAttr(_relief);
     addInImagePort();
 }
 

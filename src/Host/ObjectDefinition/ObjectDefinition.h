@@ -46,6 +46,7 @@ public:
     AT_DoubleAttr* tiltY() const { return _tiltY; }
     AT_DoubleAttr* rimBevel() const { return _rimBevel; }
     AT_DoubleAttr* rimHeight() const { return _rimHeight; }
+    AT_DoubleAttr* relief() const { return _relief; }
 
     /// The height of a rim for which none was given, in multiples of its bevel.
     static constexpr double kRimHeight = 1.0;
@@ -81,4 +82,5 @@ private:
     AT_DoubleAttr* _tiltY;
     AT_DoubleAttr* _rimBevel;
     AT_DoubleAttr* _rimHeight;
+    AT_DoubleAttr* _relief;
 };

@@ -39,6 +39,7 @@ QString roleText(ObjectRole role)
     case ObjectRole::SLAB:
         return QStringLiteral(", a slab");
     case ObjectRole::BODY:
+    case ObjectRole::RELIEF:
         break;
     }
     return {};
@@ -52,6 +53,8 @@ QString wordsOf(const ObjectSettings& own)
         words += QStringLiteral(", tilt=%1,%2").arg(value(own.tilt->x), value(own.tilt->y));
     if (own.rim)
         words += QStringLiteral(", rim=%1,%2").arg(value(own.rim->bevel), value(own.rim->height));
+    if (own.relief)
+        words += QStringLiteral(", relief=%1").arg(value(*own.relief));
     return words;
 }
 
@@ -206,6 +209,8 @@ QString objectOptions(const LayeredDrawing& drawing)
 {
     QStringList words;
     for (std::size_t i = 0; i < drawing.layers.size(); ++i) {
+        if (drawing.layers[i].own.relief.value_or(0.0) != 0.0)
+            continue;
         const ObjectForm& form = drawing.layers[i].form;
         words << QStringLiteral("--object %1:bevel=%2:elevation=%3:smoothness=%4")
                      .arg(i + 1)

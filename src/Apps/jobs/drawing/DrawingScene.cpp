@@ -36,6 +36,10 @@ struct ObjectValues
     bool hidden;
     ObjectTilt tilt;
     ObjectRim rim;
+    double relief;
+
+    // Whether it is an object with a volume.
+    bool isSolid() const { return !cutOut && !hidden && relief == 0.0; }
 };
 
 ObjectValues valuesOf(int number, const LayeredDrawing::Layer& layer, const NormalMapSettings& settings)
@@ -52,7 +56,8 @@ ObjectValues valuesOf(int number, const LayeredDrawing::Layer& layer, const Norm
             own.cutOut.value_or(false),
             own.hidden.value_or(false),
             own.tilt.value_or(ObjectTilt()),
-            own.rim.value_or(ObjectRim{0.0, ObjectDefinition::kRimHeight})};
+            own.rim.value_or(ObjectRim{0.0, ObjectDefinition::kRimHeight}),
+            own.relief.value_or(0.0)};
 }
 
 std::vector<NormalMapObject> objectTable(const LayeredDrawing& drawing, const NormalMapSettings& settings)
@@ -61,7 +66,7 @@ std::vector<NormalMapObject> objectTable(const LayeredDrawing& drawing, const No
     for (int number = 1; number <= static_cast<int>(drawing.layers.size()); ++number) {
         const LayeredDrawing::Layer& layer = drawing.layers[static_cast<std::size_t>(number) - 1];
         const ObjectValues values = valuesOf(number, layer, settings);
-        if (!values.cutOut && !values.hidden)
+        if (values.isSolid())
             objects.push_back({number, values.bevel, values.elevation, values.smoothness});
     }
     return objects;
@@ -165,7 +170,8 @@ ObjectDefinition& addDefinition(MO_Scene& scene, const QString& layerName, int n
     definition.objectNumber()->setLocalValue(values.cutOut ? 0 : number);
     definition.objectLevel()->setLocalValue(values.level);
     definition.scaleByCoverage()->setLocalValue(values.scaleByCoverage);
-    definition.objectEnabled()->setLocalValue(!values.hidden);
+    definition.objectEnabled()->setLocalValue(!values.hidden && values.relief == 0.0);
+    definition.relief()->setLocalValue(values.hidden ? 0.0 : values.relief);
     definition.tiltX()->setLocalValue(values.tilt.x);
     definition.tiltY()->setLocalValue(values.tilt.y);
     definition.rimBevel()->setLocalValue(values.rim.bevel);
@@ -249,7 +255,7 @@ UT_Result<DrawingScene> DrawingScene::build(const LayeredDrawing& drawing, const
         if (UT_Result<void> linked = MO_Scene::connect(definition, *built._normalMap, static_cast<unsigned>(i));
             !linked)
             return linked.error();
-        if (values.cutOut || values.hidden)
+        if (!values.isSolid())
             continue;
         if (UT_Result<void> linked = MO_Scene::connect(element, composite, compositePort++); !linked)
             return linked.error();

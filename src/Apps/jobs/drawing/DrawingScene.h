@@ -9,6 +9,9 @@
 //     element 3 ──► Object Definition 0 ──┘                      (number 0: a cut-out)
 //     elements 1, 2 ──────────────────────────► composite        (the drawing)
 //
+// The definition of a drawing that bends the surface is switched off, so that the node ignores it
+// (shown/SurfaceLines.h).
+//
 // The node is made by its keyword and set through its attributes' keys, as any host does it.
 #pragma once
 

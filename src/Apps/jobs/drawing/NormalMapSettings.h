@@ -45,6 +45,9 @@ struct ObjectSettings
     std::optional<bool> hidden;          ///< it contributes nothing at all
     std::optional<ObjectTilt> tilt;      ///< where it faces
     std::optional<ObjectRim> rim;
+    /// It is not seen; its strokes bend the surface below: this many halves of their width up, or down below 0. 0: it
+    /// is an object as others.
+    std::optional<double> relief;
 };
 
 /// Values set for a drawing's objects.

@@ -28,7 +28,8 @@ ObjectSettings merged(const ObjectSettings& first, const ObjectSettings& second)
             either(first.cutOut, second.cutOut),
             either(first.hidden, second.hidden),
             either(first.tilt, second.tilt),
-            either(first.rim, second.rim)};
+            either(first.rim, second.rim),
+            either(first.relief, second.relief)};
 }
 
 bool isNamedBy(const QString& name, const QString& word)

@@ -5,6 +5,7 @@
 
 #include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+#include "form/ReliefLayers.h"
 #include "jobs/drawing/ObjectNames.h"
 
 #include <cmath>
@@ -83,6 +84,15 @@ bool takeRim(ObjectSettings& object, const QString& text)
     return true;
 }
 
+bool takeRole(ObjectSettings& object, const QString& text)
+{
+    const double relief = reliefCalled(text);
+    if (relief == 0.0 && text.compare(QLatin1String("object"), Qt::CaseInsensitive) != 0)
+        return false;
+    object.relief = relief;
+    return true;
+}
+
 const std::vector<ObjectWord>& objectWords()
 {
     static const std::vector<ObjectWord> table = [] {
@@ -102,6 +112,9 @@ const std::vector<ObjectWord>& objectWords()
             {QStringLiteral("tilt"), QStringLiteral("two numbers of degrees from -90 to 90 such as 30,-10"), takeTilt},
             {QStringLiteral("rim"),
              QStringLiteral("a bevel from 0 to 720 such as 3, and a height from 0 to 10 such as 3,0.8"), takeRim},
+            {QStringLiteral("relief"), QStringLiteral("a number from -%1 to %1 such as -0.5").arg(kMostRelief),
+             number(&ObjectSettings::relief, -kMostRelief, kMostRelief)},
+            {QStringLiteral("role"), QStringLiteral("crease, ridge or object"), takeRole},
         };
     }();
     return table;
@@ -127,9 +140,10 @@ UT_Result<void> takeObjectWord(ObjectSettings& object, const QString& word)
     const auto equals = word.indexOf(u'=');
     const ObjectWord* const known = find(equals < 0 ? word : word.left(equals));
     if (!known)
-        return UT_Error{QStringLiteral("an object has bevel=, elevation=, smoothness=, level=, tilt=, rim=, coverage, "
-                                       "cutout and hidden, but no \"%1\"")
-                            .arg(word)};
+        return UT_Error{
+            QStringLiteral("an object has bevel=, elevation=, smoothness=, level=, tilt=, rim=, relief=, role=, "
+                           "coverage, cutout and hidden, but no \"%1\"")
+                .arg(word)};
     const QString value = equals < 0 ? QString() : word.mid(equals + 1).trimmed();
     if (!known->take(object, value))
         return UT_Error{QStringLiteral("%1 takes %2, not \"%3\"").arg(known->key, known->expected, value)};

@@ -17,6 +17,9 @@
 //     tilt=X,Y       it faces X degrees to the right and Y degrees upwards, -90 to 90; negative: to the left, down
 //     rim=B,H        a second bevel at its outline: B wide, 0 to 720, and H times as high, 0 to 10; =B alone takes
 //                    ObjectDefinition::kRimHeight
+//     relief=R       it is not seen, but bends the surface below along its strokes: R halves of their width up, below 0
+//                    down, -4 to 4; 0: it is an object again
+//     role=crease    a relief of -0.5, role=ridge one of 0.5, role=object none
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -26,6 +29,9 @@
 
 /// The largest accepted bevel: it reaches across the picture more than a hundred times.
 inline constexpr double kMostBevel = 100'000.0;
+
+/// The highest relief.
+inline constexpr double kMostRelief = 4.0;
 
 /// Whether a text is the name of a value, such as "bevel", in upper or lower case.
 bool isObjectWord(const QString& key);

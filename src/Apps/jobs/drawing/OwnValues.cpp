@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 #include "jobs/drawing/OwnValues.h"
 
+#include "form/ReliefLayers.h"
 #include "jobs/drawing/ObjectNames.h"
 #include "jobs/drawing/ObjectWords.h"
 
@@ -94,11 +95,14 @@ UT_Result<ObjectWishes> readFolderWishes(const QString& drawing)
 }
 
 ObjectSettings ownSettings(const QStringList& values, const ObjectWishes& folder, int number, const QString& name,
-                           QStringList& warnings)
+                           ObjectRole role, QStringList& warnings)
 {
     ObjectSettings own;
     for (const QString& value : values)
         if (const UT_Result<void> taken = takeObjectWord(own, value); !taken)
             warnings.append(QStringLiteral("the values of \"%1\": %2").arg(name, taken.error().sentence()));
-    return merged(own, wishesFor(folder, number, {name}));
+    ObjectSettings all = merged(own, wishesFor(folder, number, {name}));
+    if (role == ObjectRole::RELIEF && !all.relief)
+        all.relief = reliefCalled(name);
+    return all;
 }

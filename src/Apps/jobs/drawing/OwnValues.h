@@ -18,6 +18,7 @@
 
 #include "QuarvelBaseCore/UT_Result.h"
 #include "QuarvelDrawingIO/DIO_Drawing.h"
+#include "form/ChosenObjects.h"
 #include "jobs/drawing/NormalMapSettings.h"
 
 /// Moves the values after the names of layers to the layers' values. A name always keeps its first word.
@@ -32,9 +33,10 @@ QString folderWishesFile(const QString& drawing);
 /// @return an error with file and line if a line is invalid
 UT_Result<ObjectWishes> readFolderWishes(const QString& drawing);
 
-/// Combines the values that the drawing and its folder give to an object.
+/// Combines the values that the drawing and its folder give to an object. A layer with the role RELIEF has the
+/// relief of its name (form/ReliefLayers.h) if nothing else gives it one.
 ///
 /// @param values   see DIO_Layer::values
 /// @param warnings receives a line for each invalid value
 ObjectSettings ownSettings(const QStringList& values, const ObjectWishes& folder, int number, const QString& name,
-                           QStringList& warnings);
+                           ObjectRole role, QStringList& warnings);

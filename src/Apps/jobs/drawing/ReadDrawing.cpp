@@ -37,7 +37,8 @@ ReadDrawing chosenDrawing(const DIO_Drawing& drawing, const FormSettings& form, 
     for (std::size_t i = 0; i < chosen.objects.size(); ++i) {
         const ChosenObject& object = chosen.objects[i];
         LayeredDrawing::Layer layer{object.name, DIO_toKvd(chosen.drawing, i, read.drawing.palette), forms[i]};
-        takeOwn(layer, ownSettings(object.values, folder, static_cast<int>(i) + 1, object.name, read.warnings));
+        takeOwn(layer,
+                ownSettings(object.values, folder, static_cast<int>(i) + 1, object.name, object.role, read.warnings));
         read.drawing.layers.push_back(std::move(layer));
     }
     read.objects = std::move(chosen.objects);

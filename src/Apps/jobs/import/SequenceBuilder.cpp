@@ -5,6 +5,7 @@
 #include "jobs/import/SequenceBuilder.h"
 
 #include "QuarvelDrawingIO/DIO_KvdConversion.h"
+#include "form/ReliefLayers.h"
 
 #include <QBuffer>
 #include <QCryptographicHash>
@@ -91,6 +92,8 @@ std::size_t SequenceBuilder::layerFor(const QString& key, const DIO_Layer& layer
     _layers.insert(_layers.begin() + static_cast<std::ptrdiff_t>(above),
                    Layer{key, layer.name, layer.declared, {}, 0.0, {}});
     _layers[above].built.values = layer.values;
+    if (bendsTheSurface(layer))
+        _layers[above].built.role = ObjectRole::RELIEF;
     return above;
 }
 

@@ -25,7 +25,7 @@ LayeredDrawing firstDrawings(const DrawingSequence& sequence, const FormSettings
         const auto number = static_cast<int>(drawing.layers.size()) + 1;
         drawing.layers.push_back({layer.name, layer.drawings.begin()->second,
                                   formFor(measureExtent(layer.measured, sequence.frame), layer.role, form),
-                                  ownSettings(layer.values, folder, number, layer.name, warnings)});
+                                  ownSettings(layer.values, folder, number, layer.name, layer.role, warnings)});
     }
     return drawing;
 }

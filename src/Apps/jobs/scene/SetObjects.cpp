@@ -89,8 +89,8 @@ public:
             done = set(*definition.objectLevel(), QString::number(*said.level, 'g', 17), object.number);
         if (done && said.scaleByCoverage)
             done = set(*definition.scaleByCoverage(), yesNo(*said.scaleByCoverage), object.number);
-        if (done && said.hidden)
-            done = set(*definition.objectEnabled(), yesNo(!*said.hidden), object.number);
+        if (done)
+            done = show(object, said);
         if (done && said.tilt)
             done = set(*definition.tiltX(), QString::number(said.tilt->x, 'g', 17), object.number);
         if (done && said.tilt)
@@ -106,6 +106,21 @@ public:
                                     .arg(object.names.first(), definition.instanceName())};
             done = set(*definition.objectNumber(), QStringLiteral("0"), object.number);
         }
+        return done;
+    }
+
+    // What bends the surface is switched off and has a relief; hidden, it has none.
+    UT_Result<void> show(const SceneObject& object, const ObjectSettings& said)
+    {
+        ObjectDefinition& definition = *object.definition;
+        const double before = definition.relief()->localValue();
+        const bool hides = said.hidden.value_or(false);
+        const double relief = hides ? 0.0 : said.relief.value_or(before);
+        UT_Result<void> done;
+        if (relief != before)
+            done = set(*definition.relief(), QString::number(relief, 'g', 17), object.number);
+        if (done && (said.hidden || said.relief))
+            done = set(*definition.objectEnabled(), yesNo(!hides && relief == 0.0), object.number);
         return done;
     }
 

@@ -9,6 +9,7 @@
 #include "jobs/shown/ObjectRims.h"
 #include "jobs/shown/ObjectTilts.h"
 #include "jobs/shown/RenderPrecision.h"
+#include "jobs/shown/SurfaceLines.h"
 #include "jobs/shown/VisibleDrawing.h"
 
 #include <algorithm>
@@ -46,7 +47,22 @@ float canvasFactor(const Math::Box2di& canvas)
     return static_cast<float>(canvas.width() / MO_SceneCommon::kFrameWidth);
 }
 
+void noteRises(const SurfaceRises& rises, ShownFrame& made)
+{
+    for (const auto& [node, ofObjects] : rises)
+        made.objects.setRises(node, ofObjects, 1.0);
+}
+
 } // namespace
+
+struct ShownModule::ObjectChanges
+{
+    ObjectRims rims;
+    std::vector<SurfaceLine> lines;
+    ObjectTilts tilts;
+
+    bool any() const { return rims.any() || !lines.empty() || tilts.any(); }
+};
 
 struct ShownModule::Rimmed
 {
@@ -74,9 +90,7 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
     const bool twice = _otherBlue && wanted.elevation && wanted.channels;
     const double firstEnds = twice ? kNodeEnds / 2.0 : kNodeEnds;
     const RD_RenderParameters used = usedFor(parameters, wanted);
-    const ObjectTilts tilts = made.kind == RenderedKind::NORMALS ? ObjectTilts(_source.nodes, frame) : ObjectTilts();
-    const ObjectRims rims(_source.nodes, frame);
-    const bool changesObjects = tilts.any() || rims.any();
+    const ObjectChanges changes = objectChanges(frame);
     const bool repairs = !wanted.channels && isFloat(used) && made.kind == RenderedKind::NORMALS;
     auto picture = renderNode(frame, used, {.elevationInBlue = wanted.elevation, .closedSeams = repairs},
                               part(progress, 0.0, firstEnds), wanted.channels ? nullptr : kept);
@@ -94,9 +108,9 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
     // Correcting a float picture needs the coverage of the drawing.
     if (made.kind == RenderedKind::COLOURS) {
         made.drawing = wanted.drawing ? made.picture : nullptr;
-    } else if (wanted.drawing || repairs || changesObjects) {
+    } else if (wanted.drawing || repairs || changes.any()) {
         const auto rest = part(progress, kNodeEnds, 1.0);
-        const bool isNoted = wanted.inputs || wanted.objects || changesObjects;
+        const bool isNoted = wanted.inputs || wanted.objects || changes.any();
         const bool isKnown = wanted.knownDrawing && !wanted.drawing && !isNoted;
         auto painted = isKnown   ? UT_Result<UT_SharedPtr<CEL_PixmapArea>>(wanted.knownDrawing)
                        : isNoted ? paintAndNote(frame, parameters, wanted, made, rest)
@@ -106,12 +120,9 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
         if (repairs)
             takeCoverage(dynamic_cast<CEL_PixmapAreaRGBAFloat&>(*made.picture), **painted);
         made.drawing = wanted.drawing ? *painted : nullptr;
-        if (rims.any())
-            if (UT_Result<void> added = addRims(rims, frame, parameters, wanted, progress, made); !added)
-                return added.error();
-        tilts.apply(*made.picture, made.inputs);
-        if (made.channels && made.channels != made.picture)
-            tilts.apply(*made.channels, made.inputs);
+        if (changes.any())
+            if (UT_Result<void> done = change(changes, frame, parameters, wanted, progress, made); !done)
+                return done.error();
     }
     return made;
 }
@@ -138,23 +149,62 @@ UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderDrawing(double frame,
     return renderModule(*drawing()->module, frame, parameters, progress);
 }
 
-UT_Result<void> ShownModule::addRims(const ObjectRims& rims, double frame, const RD_RenderParameters& parameters,
-                                     const ShownParts& wanted, const RD_SoftRenderer::Progress& progress,
-                                     ShownFrame& made) const
+ShownModule::ObjectChanges ShownModule::objectChanges(double frame) const
+{
+    const bool hasNormals = _source.kind == RenderedKind::NORMALS;
+    return {ObjectRims(_source.nodes, frame), surfaceLinesOf(_source.nodes, frame),
+            hasNormals ? ObjectTilts(_source.nodes, frame) : ObjectTilts()};
+}
+
+UT_Result<void> ShownModule::change(const ObjectChanges& changes, double frame, const RD_RenderParameters& parameters,
+                                    const ShownParts& wanted, const RD_SoftRenderer::Progress& progress,
+                                    ShownFrame& made) const
+{
+    const auto rest = part(progress, 1.0, 1.0);
+    const auto forPictures = [&](const auto& apply) {
+        apply(*made.picture, wanted.elevation);
+        if (made.channels && made.channels != made.picture)
+            apply(*made.channels, false);
+    };
+    SurfaceRises rises = risesOf(frame, changes.rims, made.window.width());
+    if (changes.rims.any()) {
+        const auto rims = renderRims(changes.rims, frame, parameters, rest);
+        if (!rims)
+            return rims.error();
+        forPictures([&](CEL_PixmapArea& picture, bool elevationInBlue) {
+            changes.rims.addTo(picture, **rims, made.inputs, elevationInBlue);
+        });
+    }
+    if (!changes.lines.empty()) {
+        std::vector<SurfaceLine> lines = changes.lines;
+        for (SurfaceLine& line : lines) {
+            const auto strokes = renderModule(*showing(line)->module, frame, parameters, rest);
+            if (!strokes)
+                return strokes.error();
+            line.strokes = StrokeRelief(**strokes, made.window);
+        }
+        const SurfaceRises before = rises;
+        forPictures([&](CEL_PixmapArea& picture, bool elevationInBlue) {
+            SurfaceRises widened = before;
+            addSurfaceLines(picture, lines, _source.nodes, made.inputs, elevationInBlue, widened);
+            if (&picture == made.picture.get())
+                rises = widened;
+        });
+    }
+    forPictures([&](CEL_PixmapArea& picture, bool) { changes.tilts.apply(picture, made.inputs); });
+    noteRises(rises, made);
+    return {};
+}
+
+UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderRims(const ObjectRims& rims, double frame,
+                                                                const RD_RenderParameters& parameters,
+                                                                const RD_SoftRenderer::Progress& progress) const
 {
     const std::shared_ptr<const Rimmed> copy = rimmed(rims);
     const ShownModule& shown = copy->shown;
     const RD_RenderParameters used = shown.usedFor(parameters, {});
-    const bool repairs = isFloat(used) && made.kind == RenderedKind::NORMALS;
-    const auto picture =
-        shown.renderNode(frame, used, {.elevationInBlue = true, .closedSeams = repairs}, part(progress, 1.0, 1.0));
-    if (!picture)
-        return picture.error();
-    rims.addTo(*made.picture, **picture, made.inputs, wanted.elevation);
-    if (made.channels && made.channels != made.picture)
-        rims.addTo(*made.channels, **picture, made.inputs, false);
-    noteRises(frame, rims, made);
-    return {};
+    const bool repairs = isFloat(used) && _source.kind == RenderedKind::NORMALS;
+    return shown.renderNode(frame, used, {.elevationInBlue = true, .closedSeams = repairs}, progress);
 }
 
 std::shared_ptr<const ShownModule::Rimmed> ShownModule::rimmed(const ObjectRims& rims) const
@@ -174,13 +224,29 @@ std::shared_ptr<const ShownModule::Rimmed> ShownModule::rimmed(const ObjectRims&
     return known = std::make_shared<const Rimmed>(std::move(made));
 }
 
-void ShownModule::noteRises(double frame, const ObjectRims& rims, ShownFrame& made) const
+std::shared_ptr<const ShownModule::Copy> ShownModule::showing(const SurfaceLine& line) const
 {
+    const std::scoped_lock lock(_mutex);
+    std::shared_ptr<const Copy>& known = _lines[{line.node, line.port}];
+    if (known)
+        return known;
+    Copy made = copy();
+    showOnly(*made.scene, line);
+    made.module = &showDrawings(*made.scene, *made.module);
+    return known = std::make_shared<const Copy>(std::move(made));
+}
+
+SurfaceRises ShownModule::risesOf(double frame, const ObjectRims& rims, int width) const
+{
+    SurfaceRises all;
     for (MO_Module* const node : _source.nodes) {
-        std::map<int, double> rises = NormalMapNode(*node).rises(frame);
+        std::map<int, double>& rises = all[node->instanceName()];
+        rises = NormalMapNode(*node).rises(frame);
         rims.addRises(node->instanceName(), rises);
-        made.objects.setRises(node->instanceName(), rises, made.window.width() / MO_SceneCommon::kFrameWidth);
+        for (auto& [number, rise] : rises)
+            rise *= width / MO_SceneCommon::kFrameWidth;
     }
+    return all;
 }
 
 UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderNode(double frame, const RD_RenderParameters& parameters,
@@ -242,7 +308,7 @@ UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::paintAndNote(double frame, 
     DrawingNotes notes = std::exchange(_noted, {});
     made.inputs = std::move(notes.inputs);
     made.objects = std::move(notes.objects);
-    noteRises(frame, {}, made);
+    noteRises(risesOf(frame, {}, made.window.width()), made);
     return painted;
 }
 

@@ -15,7 +15,7 @@
 // by which the margin widens it. These changes are made to copies of the scene, which are created when first needed.
 //
 // What the Object Definitions say of single objects and the node knows nothing of is applied to the rendered picture:
-// first rims (ObjectRims.h), then tilts (ObjectTilts.h).
+// first rims (ObjectRims.h), then strokes that bend the surface (SurfaceLines.h), then tilts (ObjectTilts.h).
 #pragma once
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
@@ -33,6 +33,7 @@
 class MO_Scene;
 class ObjectRims;
 class RD_KeptInputs;
+struct SurfaceLine;
 
 /// The parts of a frame that are wanted besides its picture.
 struct ShownParts
@@ -126,13 +127,21 @@ private:
                                                        const Change& wanted, const RD_SoftRenderer::Progress& progress,
                                                        RD_KeptInputs* kept = nullptr) const;
     std::shared_ptr<const Copy> changed(const Change& change) const;
+    /// What the Object Definitions say of single objects and the nodes know nothing of.
+    struct ObjectChanges;
+    ObjectChanges objectChanges(double frame) const;
+    UT_Result<void> change(const ObjectChanges& changes, double frame, const RD_RenderParameters& parameters,
+                           const ShownParts& wanted, const RD_SoftRenderer::Progress& progress, ShownFrame& made) const;
+    UT_Result<UT_SharedPtr<CEL_PixmapArea>> renderRims(const ObjectRims& rims, double frame,
+                                                       const RD_RenderParameters& parameters,
+                                                       const RD_SoftRenderer::Progress& progress) const;
     /// A copy of the scene in which the nodes render the rims.
     struct Rimmed;
-    UT_Result<void> addRims(const ObjectRims& rims, double frame, const RD_RenderParameters& parameters,
-                            const ShownParts& wanted, const RD_SoftRenderer::Progress& progress,
-                            ShownFrame& made) const;
     std::shared_ptr<const Rimmed> rimmed(const ObjectRims& rims) const;
-    void noteRises(double frame, const ObjectRims& rims, ShownFrame& made) const;
+    /// A copy of the scene that shows nothing but the strokes.
+    std::shared_ptr<const Copy> showing(const SurfaceLine& line) const;
+    /// How high the objects rise, in pixels.
+    std::map<QString, std::map<int, double>> risesOf(double frame, const ObjectRims& rims, int width) const;
     std::shared_ptr<const Copy> drawing() const;
     Copy copy() const;
     UT_Result<UT_SharedPtr<CEL_PixmapArea>> paintAndNote(double frame, const RD_RenderParameters& parameters,
@@ -145,6 +154,7 @@ private:
     mutable std::mutex _mutex; // protects the copies
     mutable std::map<Change, std::shared_ptr<const Copy>> _changed;
     mutable std::map<std::map<QString, QString>, std::shared_ptr<const Rimmed>> _rimmed; // by their object tables
+    mutable std::map<std::pair<QString, int>, std::shared_ptr<const Copy>> _lines;       // by node and port
     mutable std::shared_ptr<const Copy> _drawing;
     mutable std::mutex _notingMutex;
     mutable Copy _noting;        // protected by _notingMutex

@@ -8,6 +8,7 @@
 #include "jobs/shown/DrawingExtent.h"
 #include "jobs/shown/FrameMargin.h"
 #include "jobs/shown/ObjectRims.h"
+#include "jobs/shown/SurfaceLines.h"
 
 #include <algorithm>
 #include <cmath>
@@ -43,6 +44,7 @@ double shownFrameBytes(const ShownModule& shown, std::span<const int> frames, co
 {
     RD_RenderParameters used = shown.usedFor(parameters, wanted);
     bool hasRims = false;
+    bool hasLines = false;
     for (std::size_t i = 0; i < frames.size(); i += stepThrough(frames)) {
         const RD_Margins margins = marginsFor(shown.nodes(), frames[i], parameters);
         used.margins.left = std::max(used.margins.left, margins.left);
@@ -50,10 +52,14 @@ double shownFrameBytes(const ShownModule& shown, std::span<const int> frames, co
         used.margins.right = std::max(used.margins.right, margins.right);
         used.margins.bottom = std::max(used.margins.bottom, margins.bottom);
         hasRims = hasRims || ObjectRims(shown.nodes(), frames[i]).any();
+        hasLines = hasLines || !surfaceLinesOf(shown.nodes(), frames[i]).empty();
     }
-    // The first picture and the drawing are kept while rims are rendered.
+    // The first picture and the drawing are kept while rims are rendered, and while the heights of strokes are found,
+    // which takes up to seven planes of floats.
     const Math::Size2di size = RD_RenderJob(used).size();
-    const double kept = hasRims ? 2.0 * pixelBytes(used) * size.width * size.height : 0.0;
+    const double perPixel =
+        (hasRims || hasLines ? 2.0 * pixelBytes(used) : 0.0) + (hasLines ? 7.0 * sizeof(float) : 0.0);
+    const double kept = perPixel * size.width * size.height;
     return shownFrameBytes(used, wanted, coveredShare(shown, frames)) + kept;
 }
 

@@ -166,6 +166,10 @@
         <source>Rim Height</source>
         <translation>Höhe der Randkante</translation>
     </message>
+    <message>
+        <source>Relief</source>
+        <translation>Relief</translation>
+    </message>
 </context>
 <context>
     <name>AT_BoolAttr</name>

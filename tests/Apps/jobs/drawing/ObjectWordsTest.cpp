@@ -35,8 +35,8 @@ std::string errorOf(const char* words)
 
 TEST(ObjectWords, SayAllValuesOfAnObject)
 {
-    const ObjectWishes wishes = said(
-        {"2:bevel=60:Elevation=-0.5:smoothness=2:level=0.25:coverage:cutout=no:hidden=yes:tilt=30,-12.5:rim=3,0.8"});
+    const ObjectWishes wishes = said({"2:bevel=60:Elevation=-0.5:smoothness=2:level=0.25:coverage:cutout=no:hidden=yes:"
+                                      "tilt=30,-12.5:rim=3,0.8:relief=-1.5"});
     const ObjectSettings& two = wishes.objects.at(2);
     EXPECT_EQ(two.bevel, 60.0);
     EXPECT_EQ(two.elevation, -0.5);
@@ -47,6 +47,9 @@ TEST(ObjectWords, SayAllValuesOfAnObject)
     EXPECT_EQ(two.hidden, true);
     EXPECT_EQ(two.tilt, (ObjectTilt{30.0, -12.5}));
     EXPECT_EQ(two.rim, (ObjectRim{3.0, 0.8}));
+    EXPECT_EQ(two.relief, -1.5);
+    EXPECT_EQ(said({"2:role=Ridge"}).objects.at(2).relief, 0.5);
+    EXPECT_EQ(said({"2:role=crease:role=object"}).objects.at(2).relief, 0.0);
 }
 
 TEST(ObjectWords, CountByNumberBeforeNameAndByNameBeforeAll)
@@ -77,6 +80,8 @@ TEST(ObjectWords, SayWhatWasExpected)
         EXPECT_THAT(errorOf(words), HasSubstr("tilt takes two numbers of degrees from -90 to 90 such as 30,-10"));
     for (const char* const words : {"head:rim", "head:rim=-1", "head:rim=721", "head:rim=3,11", "head:rim=3,nan"})
         EXPECT_THAT(errorOf(words), HasSubstr("rim takes a bevel from 0 to 720 such as 3"));
+    EXPECT_THAT(errorOf("head:relief=5"), HasSubstr("relief takes a number from -4 to 4 such as -0.5"));
+    EXPECT_THAT(errorOf("head:role=hair"), HasSubstr("role takes crease, ridge or object"));
 }
 
 TEST(ObjectWords, AreTakenFromTheNamesOfLayers)
@@ -92,7 +97,7 @@ TEST(ObjectWords, AreTakenFromTheNamesOfLayers)
     EXPECT_EQ(drawing.layers[2].name, "bevel=40") << "a name keeps a word";
     EXPECT_EQ(drawing.layers[3].name, "a b");
     QStringList warnings;
-    EXPECT_EQ(ownSettings(drawing.layers[0].values, {}, 1, "Head", warnings).bevel, 50.0);
+    EXPECT_EQ(ownSettings(drawing.layers[0].values, {}, 1, "Head", ObjectRole::BODY, warnings).bevel, 50.0);
     EXPECT_TRUE(warnings.isEmpty());
 }
 
