@@ -178,3 +178,12 @@ UT_Error IIO_AtomicFile::failure() const
         return diskIsFull(_path);
     return cannotWrite(_path, QStringLiteral("%1; what was there before is unchanged").arg(_device->reason()));
 }
+
+UT_Result<void> IIO_writeFile(const QString& path, const QByteArray& bytes)
+{
+    IIO_AtomicFile file(path);
+    if (UT_Result<void> opened = file.open(); !opened)
+        return opened;
+    file.device().write(bytes);
+    return file.commit();
+}

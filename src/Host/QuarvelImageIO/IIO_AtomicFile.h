@@ -9,6 +9,7 @@
 #include "QuarvelBaseCore/UT_Result.h"
 #include "QuarvelImageIO/QuarvelImageIOExport.h"
 
+#include <QByteArray>
 #include <QIODevice>
 
 #include <memory>
@@ -52,3 +53,6 @@ private:
     QString _path;
     std::unique_ptr<Device> _device;
 };
+
+/// Writes a whole file in this way.
+QUARVELIMAGEIO_EXPORT UT_Result<void> IIO_writeFile(const QString& path, const QByteArray& bytes);
