@@ -69,9 +69,11 @@ UT_Result<void> checkKnown(const std::vector<SceneObject>& objects, const Object
     for (const auto& [number, said] : wishes.objects)
         if (std::ranges::find(objects, number, &SceneObject::number) == objects.end())
             return unknown(QString::number(number));
-    for (const auto& [word, said] : wishes.namedObjects)
-        if (std::ranges::none_of(objects, [&](const SceneObject& object) { return isNamedBy(object.names, word); }))
-            return unknown(QStringLiteral("called \"%1\"").arg(word));
+    for (const auto& wish : wishes.namedObjects) {
+        const auto isMeant = [&wish](const SceneObject& object) { return isNamedBy(object.names, wish.first); };
+        if (std::ranges::none_of(objects, isMeant))
+            return unknown(QStringLiteral("called \"%1\"").arg(wish.first));
+    }
     return {};
 }
 
