@@ -8,7 +8,7 @@ Both programs run in turn on the same processors: first on one, then on two. rsv
 8-bit PNG file. The figures of a run are the operating system's: time on the clock, processor time of the user and of the
 system, the largest resident size. Every figure is the median of the runs. Memory is what a run takes above one that makes
 a picture of 16 x 16 pixels. The other rows are ratios of two runs of the program: four times the work, and many drawings
-on one processor and on two.
+or frames of a film on one processor and on two. A frame's time is also compared with what rlottie takes to draw it.
 """
 import argparse
 import json
@@ -20,6 +20,8 @@ import tempfile
 import time
 from dataclasses import dataclass
 from pathlib import Path
+
+import film
 
 EXAMPLE = Path(__file__).resolve().parent.parent / "examples" / "hero.svg"
 FORMS = {"default": [], "narrow": ["--shape", "rim"]}
@@ -156,6 +158,31 @@ def measure_many(options, processors, folder):
     return [Figure(f"{options.many} drawings: time on one processor : on two", made[1].wall / made[2].wall, 1.8, at_least=True)]
 
 
+def rlottie_frame(film_file, size, processors, runs):
+    """Seconds that rlottie takes to draw a frame."""
+    words = [sys.executable, Path(film.__file__), film_file, *size]
+    pinned = ["taskset", "--cpu-list", ",".join(map(str, processors)), *map(str, words)]
+    return statistics.median(float(subprocess.run(pinned, capture_output=True, check=True).stdout) for _ in range(runs))
+
+
+def measure_film(options, processors, folder):
+    """The frames of an animation at 1080p, painted, rendered and encoded; each of them differs."""
+    size = (1920, 1080)
+    film_file, scene = folder / "film.json", folder / "film.scene"
+    film.write_film(film_file)
+    run([options.program, "import", film_file, "-o", scene], processors)
+    words = [options.program, "render", scene, "-o", folder / "frame.####.png", "--resolution", "x".join(map(str, size)), "--frames"]
+    commands = {"first": [*words, "1"], "all": [*words, f"1-{film.FRAMES}"]}
+    made = {count: in_turn(commands, processors[:count], options.runs) for count in (1, 2)}
+    for count, done in made.items():
+        print_run(f"{film.FRAMES} frames, 1080p, {counted(count)}", done["all"], done["all"].peak / size[0] / size[1])
+    frame = (made[2]["all"].wall - made[2]["first"].wall) / (film.FRAMES - 1)
+    return [
+        Figure("a film at 1080p: time on one processor : on two", made[1]["all"].wall / made[2]["all"].wall, 1.8, at_least=True),
+        Figure("a film's frame, two processors : rlottie draws it", frame / rlottie_frame(film_file, size, processors, options.runs), 2.0),
+    ]
+
+
 def two_processors():
     processors = sorted(os.sched_getaffinity(0))[:2]
     if len(processors) < 2:
@@ -192,6 +219,7 @@ def main():
                 figures += measure_drawing(drawing, options, processors[:count], folder)
         figures += measure_growth(options, processors, folder)
         figures += measure_many(options, processors, folder)
+        figures += measure_film(options, processors, folder)
     print(f"\n{'figure':<68} {'value':>7} {'goal':>8}")
     for figure in figures:
         goal = f"{'>=' if figure.at_least else '<='} {figure.goal:g}"
