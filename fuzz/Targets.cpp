@@ -49,6 +49,9 @@ const FuzzTarget* findFuzzTarget(const char* name)
 void prepareFuzzing(int& argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    // In MiB. What needs more is refused, as it is in a job of a render farm; on a machine with much memory it would be
+    // rendered, and count as too much for the fuzzer.
+    qputenv("SLURM_MEM_PER_NODE", "512");
     static const QGuiApplication application(argc, argv);
     if (const auto loaded = PLUG_Manager::loadAll(PLUG_Manager::defaultFolder()); !loaded) {
         std::fprintf(stderr, "%s\n", qPrintable(loaded.error().text));
