@@ -10,12 +10,14 @@
 #include "jobs/shown/NormalMapNode.h"
 #include "studio/docks/timeline/Playback.h"
 #include "studio/docks/timeline/TimelineView.h"
+#include "studio/objects/DocumentObjects.h"
 #include "studio/preview/Viewer.h"
 #include "studio/window/MainWindow.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEvent>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <cmath>
@@ -29,6 +31,8 @@ constexpr int kPatience = 120000;
 constexpr int kLongestSide = 1440;
 constexpr qint64 kDragged = 5000; // milliseconds
 constexpr int kMouseEvery = 8;
+constexpr int kManyLayers = 320;
+constexpr int kSingleChanges = 8;
 
 // Counts what the viewer paints for the first time.
 class PaintedPictures : public QObject
@@ -146,6 +150,27 @@ public:
         print(what, (_pictures.count() - before) / seconds, scene.frameRate());
     }
 
+    // Changes something several times, each time when all is quiet, and prints how long the next picture took.
+    template<typename Change>
+    void change(const char* what, double goal, const Change& change)
+    {
+        double longest = 0.0;
+        double sum = 0.0;
+        for (int i = 0; i < kSingleChanges && waitForPicture(); ++i) {
+            const int before = _pictures.count();
+            QElapsedTimer timer;
+            timer.start();
+            change(i);
+            while (_pictures.count() == before && timer.elapsed() < kPatience)
+                QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 5);
+            const double took = static_cast<double>(timer.nsecsElapsed()) / 1e6;
+            longest = std::max(longest, took);
+            sum += took;
+        }
+        std::printf("%-34s%8.0f ms, longest %.0f ms, goal %g ms\n", what, sum / kSingleChanges, longest, goal);
+        _window.document().commands().endMerging();
+    }
+
 private:
     static void print(const char* what, double rate, double goal)
     {
@@ -208,6 +233,46 @@ void playKeyedBevel(Rates& rates, StudioDocument& document, MO_Module& node)
     rates.play("24 frames played, from loop 2 on");
 }
 
+// Discs in rows, each in a layer of its own.
+QByteArray drawingOfManyLayers()
+{
+    constexpr int kInRow = 20;
+    QByteArray text = R"(<svg xmlns="http://www.w3.org/2000/svg" width="1920" height="1080"
+  xmlns:inkscape="http://www.inkscape.org/namespaces/inkscape">)";
+    for (int i = 0; i < kManyLayers; ++i)
+        text += QStringLiteral("<g inkscape:groupmode=\"layer\" inkscape:label=\"L%1\">"
+                               "<circle cx=\"%2\" cy=\"%3\" r=\"60\" fill=\"hsl(%4,60%,50%)\"/></g>")
+                    .arg(i)
+                    .arg(60 + i % kInRow * 94)
+                    .arg(60 + i / kInRow * 64)
+                    .arg(i % 12 * 30)
+                    .toUtf8();
+    return text + "</svg>";
+}
+
+// How long a drawing of many layers takes to show a change of a node's value, and one of a drawing's.
+bool changeManyLayers(Rates& rates, MainWindow& window, const QString& folder)
+{
+    QFile file(folder + QStringLiteral("/layers.svg"));
+    if (!file.open(QIODevice::WriteOnly) || file.write(drawingOfManyLayers()) < 0)
+        return false;
+    file.close();
+    window.document().commands().setClean();
+    window.openPaths({file.fileName()});
+    MO_Module* const node = rates.waitForPicture() ? nodeOf(window.document().scene()) : nullptr;
+    std::vector<NormalMapObject> objects = node ? NormalMapNode(*node).objects() : std::vector<NormalMapObject>();
+    if (objects.size() < kManyLayers)
+        return false;
+    rates.change("bevel of one of 320 layers", 500.0, [&](int i) {
+        objects[static_cast<std::size_t>(i) * 40].bevel += 10.0;
+        window.document().execute(NormalMapNode(*node).objectsCmd(objects));
+    });
+    const std::vector<SceneObject>& all = window.objects().all();
+    rates.change("one of 320 layers hidden", 500.0,
+                 [&](int i) { window.objects().change(hideCmd({all[static_cast<std::size_t>(i) * 40]}, true)); });
+    return true;
+}
+
 } // namespace
 
 int printPictureRates()
@@ -228,5 +293,9 @@ int printPictureRates()
     if (rates.waitForPicture())
         dragLight(rates, window.lights());
     playKeyedBevel(rates, window.document(), *node);
+    if (!changeManyLayers(rates, window, folder.path())) {
+        std::fprintf(stderr, "the drawing of %d layers was not rendered\n", kManyLayers);
+        return 1;
+    }
     return 0;
 }
