@@ -902,6 +902,10 @@
         <source>where the object faces, in degrees to the right and upwards; 0, 0 faces the viewer</source>
         <translation>wohin das Objekt zeigt, in Grad nach rechts und nach oben; 0; 0 zeigt zum Betrachter</translation>
     </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
 </context>
 <context>
     <name>KeyButton</name>

@@ -10,6 +10,7 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTextBrowser>
 #include <QTreeWidget>
@@ -22,11 +23,13 @@ HelpDialog::HelpDialog(QMainWindow& window) : QDialog(&window), _window(window),
     pages->addTab(stepsPage(), tr("&First Steps"));
     pages->addTab(keysPage(), tr("&Keys"));
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    // Qt translates its own text only where its translations are installed.
+    buttons->button(QDialogButtonBox::Close)->setText(tr("Close"));
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
     auto* const rows = new QVBoxLayout(this);
     rows->addWidget(pages, 1);
     rows->addWidget(buttons);
-    resize(560, 560);
+    resize(560, 660);
     refresh();
 }
 
