@@ -33,16 +33,16 @@ private:
 
 } // namespace
 
-QByteArray frameStateOf(const MO_Scene& scene, double frame, const std::function<bool(const MO_Module& module)>& counts)
+QByteArray frameStateOf(const MO_Scene& scene, double frame,
+                        const std::function<bool(const MO_Module& module, const AT_Attr& attr)>& counts)
 {
     QByteArray state;
     StateWriter writer(state, frame);
     scene.truckFactorAttr().accept(writer);
     scene.root().forEachModule([&](const MO_Module& module) {
-        if (counts && !counts(module))
-            return;
         for (AT_Attr* const attr : module.attrs())
-            attr->accept(writer);
+            if (!counts || counts(module, *attr))
+                attr->accept(writer);
     });
     return state;
 }

@@ -8,6 +8,7 @@
 
 #include <functional>
 
+class AT_Attr;
 class MO_Module;
 class MO_Scene;
 
@@ -17,6 +18,6 @@ class MO_Scene;
 ///
 /// @return a key that is equal for two frames of one scene only if all these values are equal
 ///
-/// @param counts tells which modules count; all if empty
+/// @param counts tells which attributes count; all if empty
 QByteArray frameStateOf(const MO_Scene& scene, double frame,
-                        const std::function<bool(const MO_Module& module)>& counts = {});
+                        const std::function<bool(const MO_Module& module, const AT_Attr& attr)>& counts = {});

@@ -110,8 +110,9 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
         made.drawing = wanted.drawing ? made.picture : nullptr;
     } else if (wanted.drawing || repairs || changes.any()) {
         const auto rest = part(progress, kNodeEnds, 1.0);
+        const bool isKnown = wanted.knownDrawing && (wanted.knownInputs || !changes.any()) && !wanted.drawing &&
+                             !wanted.inputs && !wanted.objects;
         const bool isNoted = wanted.inputs || wanted.objects || changes.any();
-        const bool isKnown = wanted.knownDrawing && !wanted.drawing && !isNoted;
         auto painted = isKnown   ? UT_Result<UT_SharedPtr<CEL_PixmapArea>>(wanted.knownDrawing)
                        : isNoted ? paintAndNote(frame, parameters, wanted, made, rest)
                                  : renderModule(*drawing()->module, frame, parameters, rest);
@@ -120,8 +121,9 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
         if (repairs)
             takeCoverage(dynamic_cast<CEL_PixmapAreaRGBAFloat&>(*made.picture), **painted);
         made.drawing = wanted.drawing ? *painted : nullptr;
+        const ShownInputs& inputs = isKnown && wanted.knownInputs ? *wanted.knownInputs : made.inputs;
         if (changes.any())
-            if (UT_Result<void> done = change(changes, frame, parameters, wanted, progress, made); !done)
+            if (UT_Result<void> done = change(changes, inputs, frame, parameters, wanted, progress, made); !done)
                 return done.error();
     }
     return made;
@@ -156,9 +158,9 @@ ShownModule::ObjectChanges ShownModule::objectChanges(double frame) const
             hasNormals ? ObjectTilts(_source.nodes, frame) : ObjectTilts()};
 }
 
-UT_Result<void> ShownModule::change(const ObjectChanges& changes, double frame, const RD_RenderParameters& parameters,
-                                    const ShownParts& wanted, const RD_SoftRenderer::Progress& progress,
-                                    ShownFrame& made) const
+UT_Result<void> ShownModule::change(const ObjectChanges& changes, const ShownInputs& inputs, double frame,
+                                    const RD_RenderParameters& parameters, const ShownParts& wanted,
+                                    const RD_SoftRenderer::Progress& progress, ShownFrame& made) const
 {
     const auto rest = part(progress, 1.0, 1.0);
     const auto forPictures = [&](const auto& apply) {
@@ -172,7 +174,7 @@ UT_Result<void> ShownModule::change(const ObjectChanges& changes, double frame, 
         if (!rims)
             return rims.error();
         forPictures([&](CEL_PixmapArea& picture, bool elevationInBlue) {
-            changes.rims.addTo(picture, **rims, made.inputs, elevationInBlue);
+            changes.rims.addTo(picture, **rims, inputs, elevationInBlue);
         });
     }
     if (!changes.lines.empty()) {
@@ -186,12 +188,12 @@ UT_Result<void> ShownModule::change(const ObjectChanges& changes, double frame, 
         const SurfaceRises before = rises;
         forPictures([&](CEL_PixmapArea& picture, bool elevationInBlue) {
             SurfaceRises widened = before;
-            addSurfaceLines(picture, lines, _source.nodes, made.inputs, elevationInBlue, widened);
+            addSurfaceLines(picture, lines, _source.nodes, inputs, elevationInBlue, widened);
             if (&picture == made.picture.get())
                 rises = widened;
         });
     }
-    forPictures([&](CEL_PixmapArea& picture, bool) { changes.tilts.apply(picture, made.inputs); });
+    forPictures([&](CEL_PixmapArea& picture, bool) { changes.tilts.apply(picture, inputs); });
     noteRises(rises, made);
     return {};
 }

@@ -48,6 +48,9 @@ struct ShownParts
     /// The drawing of this frame in this size, where an earlier render made it: where only its coverage is needed, it
     /// is not painted again. Null if there is none.
     UT_SharedPtr<CEL_PixmapArea> knownDrawing = nullptr;
+    /// The inputs that belong to it, by which single objects are changed (rims, strokes, tilts); null if there are
+    /// none.
+    std::shared_ptr<const ShownInputs> knownInputs = nullptr;
 };
 
 /// A frame. All pixmaps share coordinates; parts that are not wanted are null.
@@ -130,8 +133,9 @@ private:
     /// What the Object Definitions say of single objects and the nodes know nothing of.
     struct ObjectChanges;
     ObjectChanges objectChanges(double frame) const;
-    UT_Result<void> change(const ObjectChanges& changes, double frame, const RD_RenderParameters& parameters,
-                           const ShownParts& wanted, const RD_SoftRenderer::Progress& progress, ShownFrame& made) const;
+    UT_Result<void> change(const ObjectChanges& changes, const ShownInputs& inputs, double frame,
+                           const RD_RenderParameters& parameters, const ShownParts& wanted,
+                           const RD_SoftRenderer::Progress& progress, ShownFrame& made) const;
     UT_Result<UT_SharedPtr<CEL_PixmapArea>> renderRims(const ObjectRims& rims, double frame,
                                                        const RD_RenderParameters& parameters,
                                                        const RD_SoftRenderer::Progress& progress) const;

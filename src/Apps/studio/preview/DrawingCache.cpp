@@ -1,9 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Which drawings are visible depends on the links of a normal-map node and on whether it is enabled (VisibleDrawing.h),
-// but not on its values. So its values count only if another attribute reads one of them.
+// but not on its values, and not on where objects face. So these values count only if another attribute reads one.
 #include "studio/preview/DrawingCache.h"
 
+#include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/graph/MO_GroupBorderModule.h"
 #include "jobs/frames/FrameState.h"
@@ -33,6 +34,15 @@ void addLinks(const MO_Module& target, QDataStream& out)
     }
 }
 
+// Whether the drawing depends on an attribute that no other one reads.
+bool isDrawn(const MO_Module& module, const AT_Attr& attr)
+{
+    if (NormalMapNode::is(module))
+        return false;
+    const auto* const object = dynamic_cast<const ObjectDefinition*>(&module);
+    return !object || (&attr != object->tiltX() && &attr != object->tiltY());
+}
+
 } // namespace
 
 QByteArray drawingGraphOf(const MO_Scene& scene, const QString& shown)
@@ -43,12 +53,16 @@ QByteArray drawingGraphOf(const MO_Scene& scene, const QString& shown)
     out << shown << scene.frameHeight() << scene.truckFactorAttr().toXml();
     scene.root().forEachModule([&](const MO_Module& module) {
         const auto* const group = dynamic_cast<const XUGroup*>(&module);
-        const bool isNode = NormalMapNode::is(module);
+        out << module.keyword() << module.instanceName() << module.enabled();
         // The modules inside a group are visited separately.
-        if (group || (isNode && !allCount))
-            out << module.keyword() << module.instanceName() << module.enabled();
-        else
+        const bool hasUndrawn = NormalMapNode::is(module) || dynamic_cast<const ObjectDefinition*>(&module);
+        if (!group && hasUndrawn && !allCount) {
+            for (const AT_Attr* const attr : module.attrs())
+                if (isDrawn(module, *attr))
+                    out << attr->toXml();
+        } else if (!group) {
             out << module.toXml();
+        }
         out << (module.group() ? module.group()->instanceName() : QString());
         addLinks(module, out);
         if (group)
@@ -60,8 +74,9 @@ QByteArray drawingGraphOf(const MO_Scene& scene, const QString& shown)
 QByteArray drawingFrameOf(const MO_Scene& scene, double frame)
 {
     const bool allCount = readsAnother(scene);
-    return frameStateOf(scene, frame,
-                        [allCount](const MO_Module& module) { return allCount || !NormalMapNode::is(module); });
+    return frameStateOf(scene, frame, [allCount](const MO_Module& module, const AT_Attr& attr) {
+        return allCount || isDrawn(module, attr);
+    });
 }
 
 QByteArray colourTablesOf(const MO_Scene& scene)

@@ -109,10 +109,13 @@ UT_Result<std::shared_ptr<RenderedFrame>> SceneSnapshot::render(int frame, const
         _state.frame = drawingFrameOf(*_scene, frame);
     const PaintedDrawing* const kept = mayBeKept ? drawings->find(_state, size) : nullptr;
     RD_KeptInputs* const inputs = mayBeKept ? &drawings->inputsFor(_state, colourTablesOf(*_scene)) : nullptr;
-    auto shown = module.render(
-        frame, parametersOf(size),
-        {.elevation = true, .drawing = !kept, .inputs = !kept, .knownDrawing = kept ? kept->pixels : nullptr}, progress,
-        inputs);
+    auto shown = module.render(frame, parametersOf(size),
+                               {.elevation = true,
+                                .drawing = !kept,
+                                .inputs = !kept,
+                                .knownDrawing = kept ? kept->pixels : nullptr,
+                                .knownInputs = kept ? kept->inputs : nullptr},
+                               progress, inputs);
     if (!shown)
         return shown.error();
     const auto painted = kept ? UT_Result<PaintedDrawing>(*kept) : paint(*shown);

@@ -8,7 +8,10 @@
 #include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "jobs/shown/NormalMapNode.h"
+#include "studio/objects/DocumentObjects.h"
 #include "studio/preview/SceneSnapshot.h"
+
+#include <cmath>
 
 namespace {
 
@@ -96,6 +99,24 @@ TEST_F(DraggedValuesTest, ABevelPaintsNoDrawingAndShowsTheSameAsARenderOfEveryth
         setObjects([](NormalMapObject& object) { object.smoothness = 3.0; });
         EXPECT_EQ(paintedFor(size), 0);
     }
+}
+
+TEST_F(DraggedValuesTest, ATiltPaintsNoDrawingAndTurnsWhatWasKept)
+{
+    open(write(QStringLiteral("three.svg"), kThree));
+    setObjects([](NormalMapObject& object) { object.bevel = 20.0; });
+    ASSERT_EQ(paintedFor({240, 120}), 3);
+    const ObjectDefinition& disc = *window->objects().all().back().definitions.front();
+    for (const double tilt : {25.0, -40.0}) {
+        disc.tiltX()->setLocalValue(tilt);
+        disc.tiltY()->setLocalValue(tilt / 2.0);
+        EXPECT_EQ(paintedFor({240, 120}), 0) << tilt;
+        setObjects([&](NormalMapObject& object) { object.bevel = object.number == 1 ? std::abs(tilt) / 5.0 : 20.0; });
+        EXPECT_EQ(paintedFor({240, 120}), 0) << "a bevel of what is tilted";
+    }
+    disc.tiltX()->setLocalValue(0.0);
+    disc.tiltY()->setLocalValue(0.0);
+    EXPECT_EQ(paintedFor({240, 120}), 0);
 }
 
 // The frame's margin and the requested rectangle grow with the bevel. The discs lie inside all of them.
