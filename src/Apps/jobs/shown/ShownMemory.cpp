@@ -9,9 +9,11 @@
 #include "jobs/shown/FrameMargin.h"
 #include "jobs/shown/ObjectRims.h"
 #include "jobs/shown/SurfaceLines.h"
+#include "jobs/shown/VisibleDrawing.h"
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 namespace {
 
@@ -30,6 +32,19 @@ double shareAt(const MO_Port& input, int frame, const std::pair<int, int>& resol
 double pixelBytes(const RD_RenderParameters& used)
 {
     return used.celFormat() == CEL_FORMAT_RGBA16 ? sizeof(CEL_PixelRGBA16) : sizeof(CEL_PixelRGBAFloat);
+}
+
+double shareHeldBy(const MO_Module& node, int frame, const std::pair<int, int>& resolution)
+{
+    double composed = 0.0;
+    std::map<int, double> painted; // by the object's number
+    for (unsigned i = 0; i < node.nInPorts(); ++i) {
+        const MO_Port& input = *node.inPort(i);
+        const bool isComposed = elementsBehind(input).size() > 1;
+        (isComposed ? composed : painted[objectNumberBehind(input, frame)]) += shareAt(input, frame, resolution);
+    }
+    const auto largest = std::ranges::max_element(painted, {}, [](const auto& object) { return object.second; });
+    return composed + (largest == painted.end() ? 0.0 : largest->second);
 }
 
 std::size_t stepThrough(std::span<const int> frames)
@@ -60,16 +75,16 @@ double shownFrameBytes(const ShownModule& shown, std::span<const int> frames, co
     const double perPixel =
         (hasRims || hasLines ? 2.0 * pixelBytes(used) : 0.0) + (hasLines ? 7.0 * sizeof(float) : 0.0);
     const double kept = perPixel * size.width * size.height;
-    return shownFrameBytes(used, wanted, coveredShare(shown, frames)) + kept;
+    return shownFrameBytes(used, wanted, heldShare(shown, frames)) + kept;
 }
 
-double shownFrameBytes(const RD_RenderParameters& used, const ShownParts& wanted, double covered)
+double shownFrameBytes(const RD_RenderParameters& used, const ShownParts& wanted, double held)
 {
     const double pixel = pixelBytes(used);
-    const double rendering = pixel * (2.0 * covered + 2.0);
+    const double rendering = pixel * (2.0 * held + 2.0);
     // Pictures for files have up to five floats per pixel; lighting needs a surface and a picture of its own.
     const double writing =
-        pixel * (1.0 + (wanted.drawing ? 1.0 : 0.0) + (wanted.channels ? 1.0 : 0.0)) + (wanted.drawing ? 56.0 : 20.0);
+        pixel * (1.0 + (wanted.drawing ? 1.0 : 0.0) + (wanted.channels ? 1.0 : 0.0)) + (wanted.drawing ? 60.0 : 20.0);
     const Math::Size2di size = RD_RenderJob(used).size();
     return static_cast<double>(size.width) * size.height * (std::max(rendering, writing) + 4.0);
 }
@@ -81,18 +96,14 @@ std::pair<int, int> sizeThatFits(const std::pair<int, int>& resolution, double n
     return {side(resolution.first), side(resolution.second)};
 }
 
-double coveredShare(const ShownModule& shown, std::span<const int> frames)
+double heldShare(const ShownModule& shown, std::span<const int> frames)
 {
     const MO_SceneCommon* const scene = shown.module().sceneCommon();
     const double height = scene ? scene->frameHeight() : kWidth;
     const std::pair<int, int> resolution(kWidth, std::max(1, static_cast<int>(height)));
     double largest = 0.0;
-    for (std::size_t i = 0; i < frames.size(); i += stepThrough(frames)) {
-        double sum = 0.0;
+    for (std::size_t i = 0; i < frames.size(); i += stepThrough(frames))
         for (const MO_Module* const node : shown.nodes())
-            for (unsigned port = 0; port < node->nInPorts(); ++port)
-                sum += shareAt(*node->inPort(port), frames[i], resolution);
-        largest = std::max(largest, sum);
-    }
+            largest = std::max(largest, shareHeldBy(*node, frames[i], resolution));
     return largest;
 }

@@ -2,11 +2,10 @@
 //
 // Estimates how much memory a frame takes while it is rendered and written.
 //
-// The node holds an input and a result of the object's size for every object, and its output and a working pixmap: P (2
-// S + 2) bytes per pixel, where P is the size of a pixel (8 bytes, 16 in float) and S the sum of the shares of the
-// frame that the objects cover. The later steps take less as soon as there are a few objects. Measured peaks with 1, 4
-// and 12 objects of the frame's size: 29, 83 and 209 bytes per pixel in 16 bits, 57, 151 and 401 in float; lit, with
-// one object, 65 and 93.
+// The node holds the pixels of one object at a time, an input and a result of its size, and its output and a working
+// pixmap: P (2 S + 2) bytes per pixel, where P is the size of a pixel (8 bytes, 16 in float) and S the largest share of
+// the frame that an object covers. Measured peaks with 1, 4 and 12 objects of the frame's size: 26, 35 and 34 bytes per
+// pixel in 16 bits, 51, 66 and 67 in float; lit 54, 62 and 63, and 78, 94 and 94.
 #pragma once
 
 #include "jobs/shown/ShownFrame.h"
@@ -24,8 +23,8 @@ double shownFrameBytes(const ShownModule& shown, std::span<const int> frames, co
 /// The same, computed from numbers alone.
 ///
 /// @param used the parameters with which the node is rendered, including margins
-/// @param covered the sum of the objects' shares of the frame (coveredShare)
-double shownFrameBytes(const RD_RenderParameters& used, const ShownParts& wanted, double covered);
+/// @param held the share of the frame whose inputs are held at once (heldShare)
+double shownFrameBytes(const RD_RenderParameters& used, const ShownParts& wanted, double held);
 
 /// The largest size with a picture's proportions that fits: memory grows with the number of pixels.
 ///
@@ -35,6 +34,7 @@ double shownFrameBytes(const RD_RenderParameters& used, const ShownParts& wanted
 /// @return each side is at least 1
 std::pair<int, int> sizeThatFits(const std::pair<int, int>& resolution, double needed, double budget);
 
-/// The sum of the shares of the frame that the inputs of the module's nodes cover, at the examined frame where it is
-/// largest.
-double coveredShare(const ShownModule& shown, std::span<const int> frames);
+/// The share of the frame whose inputs a node holds as pixels at the same time, at the examined frame where it is
+/// largest: the inputs of the largest object, because drawings are painted when their object is built, and all inputs
+/// that several drawings were composed into before.
+double heldShare(const ShownModule& shown, std::span<const int> frames);

@@ -5,36 +5,45 @@
 
 #include "Apps/jobs/shown/ColumnScene.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/attributes/AT_IntAttr.h"
 
 namespace {
 
 class ShownMemory : public ColumnScene
 {
 protected:
-    double share(const std::vector<int>& frames) const { return coveredShare(ShownModule(node()), frames); }
+    double share(const std::vector<int>& frames) const { return heldShare(ShownModule(node()), frames); }
 };
 
-// Three bars of 28 x 48 and one of that size with a foot 96 wide and 24 high, whose rectangle is 124 x 48.
-constexpr double kAllBars = (3.0 * 28.0 + 124.0) / 128.0;
+// A bar is 28 x 48; the last one has a foot 96 wide and 24 high, so that its rectangle is 124 x 48.
+constexpr double kBar = 28.0 / 128.0;
+constexpr double kBarWithFoot = 124.0 / 128.0;
 
-TEST_F(ShownMemory, AddsUpWhatTheObjectsCover)
+TEST_F(ShownMemory, HoldsOneObjectAtATime)
 {
-    EXPECT_NEAR(share({1}), kAllBars, 0.01);
+    EXPECT_NEAR(share({1}), kBarWithFoot, 0.01);
+}
+
+TEST_F(ShownMemory, HoldsAllInputsOfAnObject)
+{
+    // The object with the foot gets the first bar, too.
+    definition(0).objectNumber()->setLocalValue(kColumns);
+    EXPECT_NEAR(share({1}), kBarWithFoot + kBar, 0.01);
 }
 
 TEST_F(ShownMemory, TakesTheFrameThatShowsMost)
 {
-    // The first bar leaves the frame to the left, from frame 1 to frame 3.
+    // The bar with the foot leaves the frame to the left, from frame 1 to frame 3.
     AT_Curve moves;
     for (const int frame : {1, 3})
         moves.setKey({.frame = static_cast<double>(frame),
-                      .value = element(0).positionX()->localValue() - (frame == 1 ? 2000.0 : 0.0),
+                      .value = element(kColumns - 1).positionX()->localValue() - (frame == 1 ? 2000.0 : 0.0),
                       .in = {},
                       .out = {},
                       .unknown = {}});
-    ASSERT_TRUE(element(0).positionX()->setCurve(moves));
-    EXPECT_NEAR(share({1}), kAllBars - 28.0 / 128.0, 0.01);
-    EXPECT_NEAR(share({1, 2, 3}), kAllBars, 0.01);
+    ASSERT_TRUE(element(kColumns - 1).positionX()->setCurve(moves));
+    EXPECT_NEAR(share({1}), kBar, 0.01);
+    EXPECT_NEAR(share({1, 2, 3}), kBarWithFoot, 0.01);
 }
 
 TEST_F(ShownMemory, SaysTheSizeThatFits)
@@ -48,7 +57,7 @@ TEST_F(ShownMemory, GrowsWithPixelsObjectsAndTheirFormat)
 {
     const RD_RenderParameters wide{RD_RenderParameters::IMAGE_PROCESSING_16BIT, {200, 100}};
     const RD_RenderParameters fine{RD_RenderParameters::IMAGE_PROCESSING_FLOAT, {200, 100}};
-    // An input and a result for each of ten objects, the output and a working pixmap: 22 pixmaps.
+    // Inputs and results that cover the frame ten times, the output and a working pixmap: 22 pixmaps.
     EXPECT_EQ(shownFrameBytes(wide, {}, 10.0), 20000.0 * (22 * 8 + 4));
     EXPECT_EQ(shownFrameBytes(fine, {}, 10.0), 20000.0 * (22 * 16 + 4));
     // With a single object, lighting takes the most memory.
