@@ -112,10 +112,19 @@ TEST_F(ResumeMaps, ThePicturesOfAMovedFolderAreStillComplete)
 
 TEST_F(ResumeMaps, TwoPicturesThatExchangeTheirPlacesAreMade)
 {
-    ASSERT_EQ(quarvel("normalmap art/a.svg -o one.png --elevation two.png").exitCode, 0);
+    ASSERT_EQ(quarvel("normalmap art/a.svg -o one.png --elevation two.png --resume").exitCode, 0);
     EXPECT_EQ(kept("normalmap art/a.svg -o two.png --elevation one.png"), QStringList());
-    ASSERT_EQ(quarvel("normalmap art/b.svg -o one/b.png --elevation two/b.png").exitCode, 0);
+    ASSERT_EQ(quarvel("normalmap art/b.svg -o one/b.png --elevation two/b.png --resume").exitCode, 0);
     EXPECT_EQ(kept("normalmap art/b.svg -o two/b.png --elevation one/b.png"), QStringList());
+}
+
+TEST_F(ResumeMaps, ASingleDrawingSaysWhatItWasMadeOfOnlyWhereItIsAsked)
+{
+    ASSERT_EQ(quarvel("normalmap art/a.svg -o plain.png").exitCode, 0);
+    ASSERT_EQ(quarvel("normalmap art/a.svg -o resumed.png --resume").exitCode, 0);
+    EXPECT_FALSE(bytes("plain.png").contains("Digest"));
+    EXPECT_TRUE(bytes("resumed.png").contains("Digest"));
+    EXPECT_EQ(kept("normalmap art/a.svg -o resumed.png"), QStringList(QStringLiteral("a.svg")));
 }
 
 TEST_F(ResumeMaps, SaysWhichFilesCannotTell)
@@ -135,7 +144,7 @@ TEST_F(ResumeMaps, APageOfSpritesIsLeftAlone)
         for (int y = 4; y < 12; ++y)
             page.setPixel(x, y, 0xffc03020);
     ASSERT_TRUE(page.save(path("page.png")));
-    ASSERT_EQ(quarvel("normalmap page.png --cells 16x16 --flips").exitCode, 0);
+    ASSERT_EQ(quarvel("normalmap page.png --cells 16x16 --flips --resume").exitCode, 0);
     EXPECT_EQ(kept("normalmap page.png --cells 16x16 --flips"), QStringList(QStringLiteral("page.png")));
     EXPECT_EQ(kept("normalmap page.png --cells 16x16"), QStringList());
 }

@@ -68,6 +68,9 @@ std::vector<WantedPicture> filesWithDigest(const NormalMapOptions& options, cons
 
 QByteArray digestOfMaps(const NormalMapOptions& options, const QString& drawing, const OutputFiles& files)
 {
+    const bool isOne = options.drawings.size() == 1 && options.folders.isEmpty();
+    if (isOne && !options.resume)
+        return {};
     QByteArray bytes;
     QDataStream out(&bytes, QIODevice::WriteOnly);
     out.setVersion(QDataStream::Qt_6_0);

@@ -123,7 +123,7 @@ How it runs
       --jobs N          how many drawings are worked on at once; default: as many as the job has threads (affinity,
                         control groups and SLURM_CPUS_PER_TASK count). Pages of sprites come one after the other
       --resume          leaves alone the maps that are complete and made of the same: drawing, options and program. The
-                        times of files do not count
+                        times of files do not count. A single drawing needs it in the first run, too
       --progress        a line for every percent on standard error; without it, a line that is rewritten, on a terminal
       --json            results, warnings and errors as JSON on standard output
   -q, --quiet           nothing on standard output, and no progress
