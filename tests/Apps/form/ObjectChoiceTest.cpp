@@ -97,6 +97,16 @@ TEST(ObjectChoice, ADarkShapeThatHoldsOthersIsAnOpening)
         ElementsAre(BODY, OPENING, BODY));
 }
 
+TEST(ObjectChoice, AWhiteDiscWhereARoundFaceHasItsMouthSinks)
+{
+    EXPECT_THAT(rolesOf(kFace + circle(50, 72, 6, "#ffffff")), ElementsAre(BODY, OPENING));
+    EXPECT_THAT(rolesOf(kFace + circle(50, 50, 6, "#ffffff")), ElementsAre(BODY, BODY)) << "a nose";
+    EXPECT_THAT(rolesOf(kFace + circle(32, 72, 6, "#ffffff")), ElementsAre(BODY, BODY)) << "a cheek";
+    EXPECT_THAT(rolesOf(kFace + circle(50, 72, 6, "#e8596e")), ElementsAre(BODY, BODY)) << "a tongue";
+    EXPECT_THAT(rolesOf(rect(5, 5, 90, 90, "#ffcc4d") + circle(50, 72, 6, "#ffffff")), ElementsAre(BODY, BODY))
+        << "a button";
+}
+
 TEST(ObjectChoice, ALargeDarkShapeIsAHoleASmallOneABead)
 {
     EXPECT_THAT(rolesOf(kFace + circle(50, 55, 12, "#333333")), ElementsAre(BODY, OPENING));

@@ -29,6 +29,12 @@ constexpr double kPupil = 0.15;        // of a round body's area: larger dark sh
 constexpr double kLargestDial = 0.8;   // of the body's area
 constexpr double kBright = 85.0;       // lightness of highlights
 constexpr double kFullBox = 0.9;       // a rectangle's share of its box
+// A mouth's middle lies this near to the axis of the face, and this far below its middle, in widths and heights of the
+// face.
+constexpr double kOnAxis = 0.06;
+constexpr double kBelowMiddle = 0.14;
+constexpr double kLargestMouth = 0.25; // of the face's area
+constexpr double kRoundFace = 0.92;    // roundness; a square has 0.89
 
 Verdict mark(const char* reason)
 {
@@ -60,6 +66,19 @@ bool isRectangle(const ShapeFacts& shape)
 {
     const QRect box = shape.mask.box();
     return shape.area > kFullBox * box.width() * box.height();
+}
+
+// Whether the shape is the round white mouth of a round face: alone of its colour, below the middle. Eyes have
+// siblings, teeth lie on a dark mouth. (Dark mouths are holes like others.)
+bool isWhiteMouth(const InnerShape& inner)
+{
+    const QRect shape = inner.shape.mask.box();
+    const QRect face = inner.body.mask.box();
+    const double aside = (shape.left() + shape.right() - face.left() - face.right()) / 2.0;
+    const double below = (shape.top() + shape.bottom() - face.top() - face.bottom()) / 2.0;
+    return inner.shape.colour.lightness > kBright && inner.shape.roundness > kRound && inner.siblings == 0 &&
+           inner.ground.colour.lightness > kDark && inner.body.roundness > kRoundFace && inner.share < kLargestMouth &&
+           std::abs(aside) < kOnAxis * face.width() && below > kBelowMiddle * face.height();
 }
 
 Verdict judgeConcentric(const InnerShape& inner)
@@ -103,6 +122,8 @@ Verdict judgeOtherHue(const InnerShape& inner)
     const bool free = inner.follows < kOffTheRim && inner.share < kHalfOfBase;
     if (free && isRectangle(shape) && inner.siblings > 0)
         return object("one of several windows", ObjectRole::OPENING);
+    if (free && isWhiteMouth(inner))
+        return object("a mouth", ObjectRole::OPENING);
     if (free && isMuchDarker(inner) && shape.roundness > kEllipse)
         return judgeDark(inner);
     const bool shine = shape.colour.lightness > kBright && shape.colour.lightness > inner.ground.colour.lightness;
