@@ -104,6 +104,18 @@ TEST_F(Relief, IsNotSeenAndLeavesWhatItDoesNotTouchAsItWas)
     EXPECT_GT(changed, 400);
 }
 
+TEST_F(Relief, GoesOnBeyondTheFrame)
+{
+    const char* const everywhere = R"(<rect x="-40" y="-40" width="224" height="224" fill="#338833"/>)";
+    const char* const slanted = R"(<path d="M-40 32L100 172" stroke="#cc0000" stroke-width="12" fill="none"/>)";
+    write("cut.svg", drawing(layer("\"Cloth\"", everywhere) + layer("\"Crease\"", slanted)));
+    const QImage cut = map("cut.svg --shape off");
+    // Along the stroke nothing changes, up to the last pixel.
+    for (int step = 0; step < 10; ++step)
+        EXPECT_NEAR(leanAt(cut, step, 69 + step), leanAt(cut, 20, 89), 4) << step;
+    EXPECT_GT(std::abs(leanAt(cut, 20, 89)), 40);
+}
+
 TEST_F(Relief, BendsOnlyWhatLiesBelow)
 {
     const QByteArray badge = layer("\"Badge\"", R"(<rect x="60" y="40" width="24" height="24" fill="#eeee00"/>)");

@@ -47,6 +47,17 @@ float canvasFactor(const Math::Box2di& canvas)
     return static_cast<float>(canvas.width() / MO_SceneCommon::kFrameWidth);
 }
 
+// With a margin in which strokes that leave the frame go on.
+RD_RenderParameters beyondTheFrame(const RD_RenderParameters& parameters)
+{
+    constexpr int kBeyond = 32;
+    RD_RenderParameters wide = parameters;
+    const auto [width, height] = parameters.resolution;
+    if (std::max(width, height) + 2 * kBeyond <= RD_RenderParameters::kMaxResolution)
+        wide.margins = {kBeyond, kBeyond, kBeyond, kBeyond};
+    return wide;
+}
+
 void noteRises(const SurfaceRises& rises, ShownFrame& made)
 {
     for (const auto& [node, ofObjects] : rises)
@@ -180,10 +191,11 @@ UT_Result<void> ShownModule::change(const ObjectChanges& changes, const ShownInp
     if (!changes.lines.empty()) {
         std::vector<SurfaceLine> lines = changes.lines;
         for (SurfaceLine& line : lines) {
-            const auto strokes = renderModule(*showing(line)->module, frame, parameters, rest);
+            const RD_RenderParameters wide = beyondTheFrame(parameters);
+            const auto strokes = renderModule(*showing(line)->module, frame, wide, rest);
             if (!strokes)
                 return strokes.error();
-            line.strokes = StrokeRelief(**strokes, made.window);
+            line.strokes = StrokeRelief(**strokes, RD_RenderJob(wide).canvas());
         }
         const SurfaceRises before = rises;
         forPictures([&](CEL_PixmapArea& picture, bool elevationInBlue) {

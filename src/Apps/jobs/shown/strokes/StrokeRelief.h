@@ -25,7 +25,7 @@ public:
     /// No strokes.
     StrokeRelief() = default;
     /// @param strokes colours with coverage (RGBA, 16 bits or float)
-    /// @param window  the rectangle of the frame; strokes that leave it go on beyond its border
+    /// @param window  the rectangle to look at; strokes that leave it go on beyond its border
     StrokeRelief(const CEL_PixmapArea& strokes, const Math::Box2di& window);
 
     /// The rectangle outside which all heights are 0.
