@@ -216,6 +216,7 @@ TEST_F(Relief, IsKeptByScenes)
         EXPECT_EQ(quarvel("render crease.scene -o n.png --resolution 144 --pad 0").exitCode, 0);
         return QImage(path("n.png"));
     };
+    EXPECT_THAT(quarvel("inspect crease.scene").output, HasSubstr("relief=-0.5"));
     const QImage kept = render();
     ASSERT_FALSE(kept.isNull());
     EXPECT_GT(leanAt(kept, 69, 70), leanAt(kept, 75, 70) + 60);

@@ -7,6 +7,7 @@
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "jobs/shown/DrawingExtent.h"
 #include "jobs/shown/NormalMapNode.h"
+#include "jobs/shown/SurfaceLines.h"
 #include "jobs/shown/VisibleDrawing.h"
 
 #include <QJsonObject>
@@ -28,6 +29,7 @@ struct Listed
     double tiltY = 0.0;
     double rimBevel = 0.0;
     double rimHeight = 0.0;
+    double relief = 0.0;
 };
 
 Listed listedFor(const ObjectDefinition& definition, double frame)
@@ -39,6 +41,7 @@ Listed listedFor(const ObjectDefinition& definition, double frame)
     object.tiltY = definition.tiltY()->value(frame);
     object.rimBevel = definition.rimBevel()->value(frame);
     object.rimHeight = definition.rimHeight()->value(frame);
+    object.relief = bendsTheSurface(definition, frame) ? definition.relief()->value(frame) : 0.0;
     return object;
 }
 
@@ -92,6 +95,9 @@ QStringList cellsOf(const Listed& object)
 {
     const bool tilted = object.tiltX != 0.0 || object.tiltY != 0.0;
     QStringList cells{QString::number(object.number), object.name};
+    if (object.relief != 0.0)
+        return cells << QStringLiteral("relief=") + value(object.relief) << QString() << QString() << QString()
+                     << QString();
     if (object.values)
         cells << value(object.values->bevel) << value(object.values->elevation) << value(object.values->smoothness);
     else
@@ -129,6 +135,8 @@ QJsonArray sceneObjectFields(const MO_Scene& scene)
         QJsonObject fields{{QStringLiteral("number"), object.number},
                            {QStringLiteral("name"), object.name},
                            {QStringLiteral("definition"), object.definition}};
+        if (object.relief != 0.0)
+            fields.insert(QStringLiteral("relief"), object.relief);
         if (object.values) {
             fields.insert(QStringLiteral("bevel"), object.values->bevel);
             fields.insert(QStringLiteral("elevation"), object.values->elevation);

@@ -15,5 +15,5 @@
 QStringList listSceneObjects(const MO_Scene& scene);
 
 /// The same for scripts: number, name, definition and, where a node has them, bevel, elevation, smoothness, tilt and
-/// rim.
+/// rim; of a drawing that bends the surface its relief.
 QJsonArray sceneObjectFields(const MO_Scene& scene);
