@@ -22,8 +22,10 @@ class AT_IntAttr;
 /// default), "TiltX" and "TiltY" (degrees, -90 to 90, 0 by default; animatable): how far the object faces to the right
 /// and upwards instead of facing the viewer; "RimBevel" (0 to 720, 0 by default; animatable): the width of a second
 /// bevel at the object's outline, in units of which the picture is 720 wide, 0 for none, and "RimHeight" (0 to 10,
-/// kRimHeight by default; animatable): its height in multiples of that width. The nodes that make volumes know nothing
-/// of tilts and rims; programs apply them to what they rendered.
+/// kRimHeight by default; animatable): its height in multiples of that width; "Relief" (-4 to 4, 0 by default;
+/// animatable): of an object that is switched off, how high its strokes bend the surface below them, in multiples of
+/// half of their width, below 0 downwards. The nodes that make volumes know nothing of tilts, rims and reliefs;
+/// programs apply them to what they rendered.
 class OBJECTDEFINITION_EXPORT ObjectDefinition : public MO_Module
 {
 public:
