@@ -2,7 +2,8 @@
 //
 // UT_PixelMemory: where the pixels of pixmaps and pictures live. The system hands out fresh memory page by page, which
 // for a large picture costs more than writing it. So large blocks are kept for a while after they are given back, and
-// the next picture that fits takes the smallest that is large enough; new memory replaces kept blocks that are too small.
+// the next picture that fits takes the smallest that is large enough; new memory replaces kept blocks that are too
+// small.
 #pragma once
 
 #include "QuarvelBaseCore/QuarvelBaseCoreExport.h"

@@ -20,9 +20,9 @@
 // What is not understood is left out, and said in the drawing's warnings: blend modes, filters. What a filter is
 // applied to stays, sharp and without the shadow or glow that the filter adds, since relief where nothing solid is
 // would only disturb the light. Gradients and patterns keep their outline and opacity and are painted in their average
-// colour; a gradient covers less where it fades (DIO_GradientFade). Pictures that the file holds in data URLs are shapes
-// with pixels (DIO_Shape::picture); those in files of their own are left out. The SVG library reports remarks of its own
-// in the logging category "qt.svg"; programs may switch that off.
+// colour; a gradient covers less where it fades (DIO_GradientFade). Pictures that the file holds in data URLs are
+// shapes with pixels (DIO_Shape::picture); those in files of their own are left out. The SVG library reports remarks of
+// its own in the logging category "qt.svg"; programs may switch that off.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"

@@ -6,10 +6,11 @@
 
 #include "jobs/frames/RenderFrames.h"
 
-/// The lowest and the highest of the heights of all frames of a run. Each frame is rendered once for it.
+/// The lowest and the highest of the heights of all frames of a run, and 0, the picture's plane. Equal frames are
+/// rendered once.
 ///
 /// @param settings of the run; its frames, parameters and atOnce count
 /// @param watcher  of it, progress and stop are used
-/// @return an error if a frame cannot be rendered, or that watcher.stop said to stop
+/// @return an error if a frame cannot be rendered or has no heights, or that watcher.stop said to stop
 UT_Result<NM_HeightRange> heightRangeOf(const ShownModule& shown, const RenderFramesSettings& settings,
                                         const RenderFramesWatcher& watcher);

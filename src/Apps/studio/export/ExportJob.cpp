@@ -4,7 +4,7 @@
 // object's thread, so only that thread uses the object's members.
 #include "studio/export/ExportJob.h"
 
-#include "jobs/frames/MeasureHeights.h"
+#include "jobs/frames/HeightRange.h"
 
 #include <QFileInfo>
 #include <QThread>
@@ -96,7 +96,7 @@ UT_Result<void> ExportJob::measure(std::size_t run)
     watcher.stop = [this] { return _stop.load(); };
     watcher.progress = [this, run](double done) { tellProgress(run, 0.5 * done); };
     const auto range = UT_withinMemory(tr("the heights"), tr("choose a smaller width"),
-                                       [&] { return measureHeights(*_plan.shown, _plan.runs[run], watcher); });
+                                       [&] { return heightRangeOf(*_plan.shown, _plan.runs[run], watcher); });
     if (!range)
         return range.error();
     _plan.runs[run].heights = *range;

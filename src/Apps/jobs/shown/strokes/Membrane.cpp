@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 #include "jobs/shown/strokes/Membrane.h"
-
-#include <tbb/parallel_for.h>
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 
 #include <algorithm>
 
@@ -24,7 +23,7 @@ template<typename Work>
 void forRows(int height, const Work& work)
 {
     constexpr int kBand = 16;
-    tbb::parallel_for(tbb::blocked_range<int>(0, height, kBand), [&](const tbb::blocked_range<int>& rows) {
+    VL_parallelFor(tbb::blocked_range<int>(0, height, kBand), [&](const tbb::blocked_range<int>& rows) {
         for (int y = rows.begin(); y < rows.end(); ++y)
             work(y);
     });
@@ -113,16 +112,16 @@ void relax(const CellField& coverage, int sweeps, CellField& membrane)
     const std::vector<Run> runs = runsOf(coverage);
     constexpr std::size_t kBand = 64;
     for (int sweep = 0; sweep < 2 * sweeps; ++sweep)
-        tbb::parallel_for(tbb::blocked_range<std::size_t>(0, runs.size(), kBand),
-                          [&](const tbb::blocked_range<std::size_t>& some) {
-                              for (std::size_t i = some.begin(); i < some.end(); ++i) {
-                                  const auto& [y, begin, end] = runs[i];
-                                  for (int x = begin + ((begin + y + sweep) % 2); x < end; x += 2) {
-                                      float& own = membrane.at(x, y);
-                                      own += kRelaxation * (balanced(coverage, membrane, x, y) - own);
-                                  }
-                              }
-                          });
+        VL_parallelFor(tbb::blocked_range<std::size_t>(0, runs.size(), kBand),
+                       [&](const tbb::blocked_range<std::size_t>& some) {
+                           for (std::size_t i = some.begin(); i < some.end(); ++i) {
+                               const auto& [y, begin, end] = runs[i];
+                               for (int x = begin + ((begin + y + sweep) % 2); x < end; x += 2) {
+                                   float& own = membrane.at(x, y);
+                                   own += kRelaxation * (balanced(coverage, membrane, x, y) - own);
+                               }
+                           }
+                       });
 }
 
 CellField solved(const CellField& coverage, int sweeps)

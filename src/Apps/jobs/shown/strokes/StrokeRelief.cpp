@@ -2,9 +2,8 @@
 #include "jobs/shown/strokes/StrokeRelief.h"
 
 #include "QuarvelCelCore/CEL_WithFormat.h"
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 #include "jobs/shown/strokes/Membrane.h"
-
-#include <tbb/parallel_for.h>
 
 #include <algorithm>
 #include <cmath>
@@ -92,7 +91,7 @@ StrokeRelief::StrokeRelief(const CEL_PixmapArea& strokes, const Math::Box2di& wi
     const CellField membrane = membraneOver(coverage);
     CellField squares(coverage.width, coverage.height);
     const auto forCells = [&](const auto& work) {
-        tbb::parallel_for(0, coverage.height, [&](int y) {
+        VL_parallelForEach(coverage.height, [&](int y) {
             for (int x = 0; x < coverage.width; ++x)
                 if (membrane.at(x, y) > 0.0F)
                     work(x, y);
