@@ -100,10 +100,21 @@ private:
         if (own.group.isEmpty())
             own.group = name;
         const QString mode = value("composite-op").remove(QLatin1String("svg:"));
-        if (own.visible && !mode.isEmpty() && mode != QLatin1String("src-over"))
+        // MyPaint's usual mode mixes colours as pigments do; coverage is that of the normal mode.
+        const bool isUsual =
+            mode.isEmpty() || mode == QLatin1String("src-over") || mode == QLatin1String("mypaint:spectral-wgm");
+        if (own.visible && !isUsual)
             _modes << QStringLiteral("%1 (%2)").arg(mode, own.names + name);
         own.names += name + QLatin1Char('/');
         return own;
+    }
+
+    // What MyPaint puts below all layers: it fills the picture, and belongs to the place where one paints.
+    bool isPaper() const
+    {
+        return std::ranges::any_of(_xml.attributes(), [](const QXmlStreamAttribute& attribute) {
+            return attribute.name() == QLatin1String("background-tile");
+        });
     }
 
     UT_Result<void> readLayer(const Around& own)
@@ -112,6 +123,10 @@ private:
             return UT_Error{QStringLiteral("it has more than the %1 layers that can be read").arg(DIO_kMostLayers)};
         if (!own.visible || !(own.opacity > 0.0))
             return {};
+        if (isPaper()) {
+            _made.warnings.append(QStringLiteral("MyPaint's paper is left out: %1").arg(own.names.chopped(1)));
+            return {};
+        }
         const UT_Result<QImage> image = readPicture(value("src"));
         if (!image)
             return image.error();
