@@ -46,6 +46,22 @@ TEST_F(LayeredFiles, AnOpenRasterFileIsADrawingAndAScene)
     EXPECT_EQ(quarvel("import krita.ora").exitCode, 0);
 }
 
+// Of 24 by 16 pixels the body covers 120, of which the eye covers 12; the eye covers 24.
+TEST_F(LayeredFiles, AreListedWithWhatIsSeenOfTheirLayers)
+{
+    fetch("gimp.psd");
+    const Outcome listed = quarvel("inspect gimp.psd");
+    EXPECT_THAT(listed.output, testing::ContainsRegex("body +28 %"));
+    EXPECT_THAT(listed.output, testing::ContainsRegex("head/eye +6 %"));
+    write("layers.svg",
+          R"(<svg xmlns="http://www.w3.org/2000/svg" xmlns:inkscape="http://www.inkscape.org/namespaces/inkscape"
+        width="100" height="100"><g inkscape:groupmode="layer" inkscape:label="ground"><path d="M0 0h50v100h-50z" fill="#102030"/></g>
+        <g inkscape:groupmode="layer" inkscape:label="tree"><path d="M0 0h25v100h-25z" fill="#405060"/></g></svg>)");
+    const Outcome drawn = quarvel("inspect layers.svg");
+    EXPECT_THAT(drawn.output, testing::ContainsRegex("ground +25 %.*#102030"));
+    EXPECT_THAT(drawn.output, testing::ContainsRegex("tree +25 %.*#405060"));
+}
+
 TEST_F(LayeredFiles, ComeThroughStandardInputToo)
 {
     for (const char* const name : {"krita.ora", "krita.kra", "agpsd.psd", "agpsd.psb"}) {

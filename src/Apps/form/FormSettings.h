@@ -28,6 +28,7 @@ struct FormSettings
 {
     ObjectChoice objects = ObjectChoice::AUTO;
     FormShape shape = FormShape::AUTO;
+    bool listed = false; ///< shares and colours are found for a drawing's own layers, too (ObjectShares.h)
     double volume = 1.0; ///< factor on the elevation, 0 (flat) to kMaxVolume
 
     static constexpr double kMaxVolume = 2.0;

@@ -89,7 +89,9 @@ UT_Result<Description> describeDrawing(const QString& path, const InspectOptions
 {
     if (const UT_Result<void> readable = checkIsDrawing(path); !readable)
         return readable.error();
-    const UT_Result<ReadDrawing> read = readDrawing(path, options.form);
+    FormSettings form = options.form;
+    form.listed = true;
+    const UT_Result<ReadDrawing> read = readDrawing(path, form);
     if (!read)
         return read.error();
     for (const QString& warning : read->warnings)

@@ -5,6 +5,8 @@
 // same.
 #include "form/choice/LayerAssembly.h"
 
+#include "form/choice/ObjectShares.h"
+
 #include <QPainterPathStroker>
 
 #include <algorithm>
@@ -35,7 +37,6 @@ QPainterPath grownLoop(const QPainterPath& outline, const QPainterPath& stroke)
 }
 
 constexpr int kElementsToUnite = 400;
-constexpr std::size_t kColoursNamed = 4;
 
 class LayerAssembly
 {
@@ -196,15 +197,10 @@ private:
         ChosenObject object;
         object.reason = part.reason;
         object.role = part.role;
-        std::vector<std::pair<int, int>> areas; // negative area, paint
         int cells = 0;
-        for (const auto& [paint, area] : _visible[index]) {
-            areas.emplace_back(-area, paint);
+        for (const auto& [paint, area] : _visible[index])
             cells += area;
-        }
-        std::ranges::sort(areas);
-        for (std::size_t i = 0; i < std::min(areas.size(), kColoursNamed); ++i)
-            object.colours.append(_drawing.palette[static_cast<std::size_t>(areas[i].second)].name);
+        nameColours(_visible[index], _drawing, object);
         object.share = static_cast<double>(cells) / (static_cast<double>(_grid.width) * _grid.height);
         object.name = nameFor(part);
         return object;

@@ -7,6 +7,7 @@
 #include "QuarvelDrawingIO/DIO_KvdConversion.h"
 #include "form/ChooseForms.h"
 #include "form/ChooseObjects.h"
+#include "form/choice/ObjectShares.h"
 #include "jobs/drawing/OwnValues.h"
 
 namespace {
@@ -29,6 +30,8 @@ ReadDrawing chosenDrawing(const DIO_Drawing& drawing, const FormSettings& form, 
     read.drawing.frame = drawing.viewBox;
     read.drawing.size = drawing.size;
     ChosenObjects chosen = chooseObjects(drawing, form.objects);
+    if (form.listed)
+        measureShares(chosen);
     if (const QString warning = chosen.warning(); !warning.isEmpty())
         read.warnings.append(warning);
     // From the chosen drawing, because the objects of a bitmap get paints of their own.
