@@ -13,7 +13,6 @@
 #include "QuarvelSceneCore/editing/MO_KeyCommands.h"
 #include "QuarvelSceneCore/editing/MO_LinkCommands.h"
 #include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
-#include "QuarvelSceneCore/editing/MO_NamedChange.h"
 #include "QuarvelSceneCore/editing/MO_PaletteCommands.h"
 #include "QuarvelSceneCore/editing/MO_SceneCommands.h"
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
@@ -422,29 +421,6 @@ RC_GTEST_PROP(EditCommandsOfAnyKind, UndoAndRedoBringBackTheBytes, ())
         RC_ASSERT(savedText(scene) == text);
         stack.redo();
     }
-}
-
-TEST(NamedChange, TellsTheFirstValueAndTheLastOneAndIsOneStep)
-{
-    const AT_DoubleAttrMeta meta(QStringLiteral("Width"), QStringLiteral("Width"), QString(), 0.0, 10.0, 0.0, 10.0,
-                                 1.0);
-    AT_DoubleAttr width(meta, nullptr, AT_DoubleAttr::NOT_LINKABLE, 1.0, QString());
-    CO_CommandStack stack;
-    const auto change = [&](const QString& what, double to) {
-        stack.execute(MO_namedCmd(MO_EditCommand(width.setValueCmd(0.0, to)),
-                                  {what, QString::number(width.localValue()), QString::number(to)}));
-    };
-    change(QStringLiteral("Width of Head"), 2.0);
-    change(QStringLiteral("Width of Head"), 3.0);
-    EXPECT_EQ(stack.undoNames(), QStringList(QStringLiteral("Width of Head 1 \u2192 3")));
-    change(QStringLiteral("Width of Hat"), 4.0);
-    EXPECT_EQ(stack.undoNames().size(), 2);
-    stack.undo();
-    stack.undo();
-    EXPECT_EQ(width.localValue(), 1.0);
-    stack.redo();
-    EXPECT_EQ(width.localValue(), 3.0);
-    EXPECT_EQ(MO_namedCmd(nullptr, {QStringLiteral("Nothing"), {}, {}}), nullptr);
 }
 
 // Counts the scene's notifications.
