@@ -76,7 +76,7 @@ UT_Result<void> nameFiles(const RenderOptions& options, RenderFramesSettings& se
             return file.error();
         settings.file = *file;
     }
-    if (const auto page = options.page.isEmpty() ? UT_Result<void>() : LitPageFile::check(options.page); !page)
+    if (auto page = options.page.isEmpty() ? UT_Result<void>() : LitPageFile::check(options.page); !page)
         return page;
     return options.preview.isEmpty() ? UT_Result<void>() : FilmFile::check(options.preview);
 }
@@ -102,39 +102,42 @@ FramePictureSettings pictureSettings(const RenderOptions& options, const RenderP
     return picture;
 }
 
-// The same frames in the same size, lit.
-UT_Result<RenderFramesSettings> litSettings(const RenderOptions& options, const RenderPlan& plan)
+// The same frames in the same size, in other files; without a name they are not wanted.
+UT_Result<RenderFramesSettings> inFiles(const QString& output, const RenderOptions& options, const RenderPlan& plan)
 {
-    RenderFramesSettings lit = plan.settings;
-    if (options.lit.isEmpty())
-        return lit;
-    const auto file = fileOf(options.lit, options, lit.frames.size());
+    RenderFramesSettings settings = plan.settings;
+    if (output.isEmpty())
+        return settings;
+    const auto file = fileOf(output, options, settings.frames.size());
     if (!file)
         return file.error();
+    settings.file = *file;
+    return settings;
+}
+
+UT_Result<RenderFramesSettings> litSettings(const RenderOptions& options, const RenderPlan& plan)
+{
+    UT_Result<RenderFramesSettings> lit = inFiles(options.lit, options, plan);
+    if (!lit || options.lit.isEmpty())
+        return lit;
     if (IIO_isFloatFile(options.lit))
         return UT_Error{QStringLiteral("--lit writes pictures for the eye; name a .png file, not %1").arg(options.lit)};
-    lit.file = *file;
-    lit.content = FrameContent::LIT;
-    lit.picture = litPictureSettings(plan.settings.picture);
+    lit->content = FrameContent::LIT;
+    lit->picture = litPictureSettings(plan.settings.picture);
     if (options.light) {
-        lit.lighting = lightingOf(*options.light);
-        lit.lightNote = QStringLiteral("%1, %2").arg(options.light->azimuth).arg(options.light->height);
+        lit->lighting = lightingOf(*options.light);
+        lit->lightNote = QStringLiteral("%1, %2").arg(options.light->azimuth).arg(options.light->height);
     }
     return lit;
 }
 
-// The same frames in the same size, as the drawing has them.
 UT_Result<RenderFramesSettings> drawingSettings(const RenderOptions& options, const RenderPlan& plan)
 {
-    RenderFramesSettings drawing = plan.settings;
-    if (options.drawing.isEmpty())
+    UT_Result<RenderFramesSettings> drawing = inFiles(options.drawing, options, plan);
+    if (!drawing || options.drawing.isEmpty())
         return drawing;
-    const auto file = fileOf(options.drawing, options, drawing.frames.size());
-    if (!file)
-        return file.error();
-    drawing.file = *file;
-    drawing.content = FrameContent::DRAWING;
-    drawing.picture = drawingPictureSettings(plan.settings.picture, options.drawing);
+    drawing->content = FrameContent::DRAWING;
+    drawing->picture = drawingPictureSettings(plan.settings.picture, options.drawing);
     return drawing;
 }
 
