@@ -25,7 +25,7 @@ pybind11::array_t<float> channelsOf(const IIO_Picture& picture, int first, int c
     float* to = array.mutable_data();
     for (int y = picture.dataWindow().y1; y < picture.dataWindow().y1 + picture.height(); ++y) {
         const std::span<const float> row = picture.row<float>(y);
-        for (std::size_t i = static_cast<std::size_t>(first); i < row.size();
+        for (auto i = static_cast<std::size_t>(first); i < row.size();
              i += static_cast<std::size_t>(picture.channelCount()))
             to = std::copy_n(row.begin() + static_cast<std::ptrdiff_t>(i), count, to);
     }

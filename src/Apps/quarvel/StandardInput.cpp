@@ -57,7 +57,7 @@ QString suffixOfLayered(const QByteArray& bytes)
 
 QString suffixOf(QByteArray& bytes)
 {
-    if (const QString layered = suffixOfLayered(bytes); !layered.isEmpty())
+    if (QString layered = suffixOfLayered(bytes); !layered.isEmpty())
         return layered;
     const QByteArray begin = bytes.left(4096).trimmed();
     if (begin.startsWith('<') || begin.startsWith("\xEF\xBB\xBF<"))

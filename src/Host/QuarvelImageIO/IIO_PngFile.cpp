@@ -52,7 +52,7 @@ UT_Result<void> IIO_writePng(const QString& path, const IIO_Picture& picture, co
     if (!image)
         return image.error().at(writing(path));
     IIO_AtomicFile file(path);
-    if (const auto opened = file.open(); !opened)
+    if (auto opened = file.open(); !opened)
         return opened;
     try {
         writeChunks(file.device(), *image, options.compression);

@@ -71,6 +71,7 @@ std::vector<int> matchLayers(const std::vector<MO_ElementModule*>& before,
                              const std::vector<const MO_ElementModule*>& fresh)
 {
     std::vector<Layer> known;
+    known.reserve(before.size());
     for (const MO_ElementModule* const element : before)
         known.push_back(layerOf(*element));
     const bool isOne = !known.empty() &&

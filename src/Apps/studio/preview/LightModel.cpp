@@ -196,6 +196,7 @@ bool LightModel::hasKey(MO_Lighting::Number number) const
 void LightModel::toggleLightKey(const std::vector<MO_Light::Number>& numbers)
 {
     std::vector<AT_AnimatableAttr*> attrs;
+    attrs.reserve(numbers.size());
     for (const MO_Light::Number number : numbers)
         attrs.push_back(&currentLight().number(number));
     toggleKeys(attrs);
@@ -204,6 +205,7 @@ void LightModel::toggleLightKey(const std::vector<MO_Light::Number>& numbers)
 void LightModel::toggleCommonKey(const std::vector<MO_Lighting::Number>& numbers)
 {
     std::vector<AT_AnimatableAttr*> attrs;
+    attrs.reserve(numbers.size());
     for (const MO_Lighting::Number number : numbers)
         attrs.push_back(&_document.scene().lighting().number(number));
     toggleKeys(attrs);

@@ -28,6 +28,7 @@ void MO_CompositeModuleBitmapHandler::finish(MO_SoftContext& context)
     finishRender(context, _delivered ? MO_SoftRenderServices::createBlankCel(context) : nullptr);
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): nodes that keep the cel override this.
 void MO_CompositeModuleBitmapHandler::acceptInputCel(const MO_SoftContext&, CA_CelRef) {}
 
 void MO_CompositeModuleBitmapHandler::setCel(const MO_SoftContext& context, const CA_CelRef& cel)

@@ -34,7 +34,7 @@ public:
     SliderSpinBoxCombo(Callback* callback, int id, int value);
     ~SliderSpinBoxCombo() override;
 
-public Q_SLOTS:
+public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): the functions above are not slots
     /// The slider is dragged: the spin box shows the percentage, and reports nothing from then on.
     void onSliderMoved(int value);
     /// The slider was released: its level is reported.

@@ -42,7 +42,7 @@ public:
     /// @param path the folder of the layout files, with a separator at its end; only the first one given is used
     static void registerFactory(const QString& path);
 
-public Q_SLOTS:
+public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): the functions above are not slots
     /// Rebuilds the menu from the node's palettes. Does nothing without a menu.
     void refreshMenu();
     /// Adds the colour of a menu action; any other action removes the selected rows.

@@ -52,7 +52,7 @@ public:
     /// A text, translated; empty for an unknown id.
     static QString getString(eStringId id);
 
-public Q_SLOTS:
+public Q_SLOTS: // NOLINT(readability-redundant-access-specifiers): the functions above are not slots
     /// Rebuilds the menu from the objects that are defined upstream. Does nothing without an owner or a menu.
     void refreshMenu();
     /// Adds the object or the objects of a menu action, or removes the selected ones. For an action without a number,

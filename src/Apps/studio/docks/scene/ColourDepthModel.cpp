@@ -28,7 +28,7 @@ void ColourDepthModel::follow()
     if (std::ranges::equal(colours, _colours, {}, &ColourDepth::id, &ColourDepth::id)) {
         _colours = std::move(colours);
         if (!_colours.empty())
-            Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, COLUMN_COUNT - 1));
+            Q_EMIT dataChanged(index(0, 0), index(static_cast<int>(_colours.size()) - 1, COLUMN_COUNT - 1));
         return;
     }
     beginResetModel();

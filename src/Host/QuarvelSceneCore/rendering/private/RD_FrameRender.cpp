@@ -80,13 +80,14 @@ RD_FrameRender::RD_FrameRender(double frame, const RD_RenderParameters& paramete
 
 CA_CelRef RD_FrameRender::render(MO_Module& module)
 {
-    const MO_Port* const source = deliveringPort(module);
-    if (!source || !source->module())
+    const MO_Port* const port = deliveringPort(module);
+    MO_Module* const source = port ? port->module() : nullptr;
+    if (!source)
         return nullptr;
-    _script.scriptPorts(*source->module());
+    _script.scriptPorts(*source);
     if (_script.isTooDeep())
         throw Aborted{tooDeep()};
-    return renderSource(*source, _script.renderJob().canvas(), nullptr, Span{0.0, 1.0});
+    return renderSource(*source, port->index(), _script.renderJob().canvas(), nullptr, Span{0.0, 1.0});
 }
 
 RD_FrameRender::Span RD_FrameRender::Span::part(std::size_t index, std::size_t count) const
@@ -96,10 +97,9 @@ RD_FrameRender::Span RD_FrameRender::Span::part(std::size_t index, std::size_t c
     return {from + each * static_cast<double>(index), from + each * static_cast<double>(index + 1)};
 }
 
-CA_CelRef RD_FrameRender::renderSource(const MO_Port& source, const Math::Box2di& rect, const Step* path,
+CA_CelRef RD_FrameRender::renderSource(MO_Module& module, unsigned outPort, const Math::Box2di& rect, const Step* path,
                                        const Span& span)
 {
-    MO_Module& module = *source.module();
     CA_CelRef cel;
     if (const auto* element = dynamic_cast<const MO_ElementModule*>(&module)) {
         cel = renderElement(*element, rect, path);
@@ -114,7 +114,7 @@ CA_CelRef RD_FrameRender::renderSource(const MO_Port& source, const Math::Box2di
                 context.setInputCel(port, nullptr);
             }
             renderer->finish(context);
-            cel = context.outputCel(static_cast<int>(source.index()));
+            cel = context.outputCel(static_cast<int>(outPort));
         } else if (!inputs.empty()) {
             cel = renderInput(module, inputs.front().port, false, rect, path, span);
         }
@@ -126,8 +126,9 @@ CA_CelRef RD_FrameRender::renderSource(const MO_Port& source, const Math::Box2di
 CA_CelRef RD_FrameRender::renderInput(MO_Module& module, int port, bool rendersPixels, const Math::Box2di& rect,
                                       const Step* path, const Span& span)
 {
-    const MO_Port* const source = module.inPort(static_cast<unsigned>(port))->realSrcPort();
-    if (!source || !source->module())
+    const MO_Port* const sourcePort = module.inPort(static_cast<unsigned>(port))->realSrcPort();
+    MO_Module* const source = sourcePort ? sourcePort->module() : nullptr;
+    if (!source)
         return nullptr;
     if (++_links > RD_SoftRenderer::kMaxLinks)
         throw Aborted{tooEntangled()};
@@ -137,7 +138,7 @@ CA_CelRef RD_FrameRender::renderInput(MO_Module& module, int port, bool rendersP
     const MO_PortContext context(_script.globalFrameKey(), _script.renderJob().parameters().resolution, &module, port);
     const Math::Box2di needed = module.computeInputRect(context, port, rect).getIntersection(_limit);
     const int place = _links;
-    const CA_CelRef cel = renderSource(*source, needed, &step, span);
+    CA_CelRef cel = renderSource(*source, sourcePort->index(), needed, &step, span);
     return _kept && rendersPixels ? _kept->pixelsOf(cel, place, _script.renderJob().parameters().celFormat()) : cel;
 }
 
@@ -152,7 +153,7 @@ CA_CelRef RD_FrameRender::renderElement(const MO_ElementModule& element, const M
     MO_RenderingRequestHandler::BaseContext context(cel, _script.globalFrameKey());
     process(context, path);
 
-    const CA_CelRef result = context.drawing();
+    CA_CelRef result = context.drawing();
     if (!result)
         return nullptr;
     const RD_RenderJob& job = _script.renderJob();

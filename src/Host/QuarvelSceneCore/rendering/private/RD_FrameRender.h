@@ -45,7 +45,8 @@ private:
         Span part(std::size_t index, std::size_t count) const;
     };
 
-    CA_CelRef renderSource(const MO_Port& source, const Math::Box2di& rect, const Step* path, const Span& span);
+    CA_CelRef renderSource(MO_Module& module, unsigned outPort, const Math::Box2di& rect, const Step* path,
+                           const Span& span);
     CA_CelRef renderInput(MO_Module& module, int port, bool rendersPixels, const Math::Box2di& rect, const Step* path,
                           const Span& span);
     CA_CelRef renderElement(const MO_ElementModule& element, const Math::Box2di& rect, const Step* path);
