@@ -59,9 +59,9 @@ UT_Result<const Kind*> kindOf(const QString& file)
 
 UT_Result<const Kind*> kindOfAll(const QStringList& files)
 {
-    const UT_Result<const Kind*> first = kindOf(files.first());
+    UT_Result<const Kind*> first = kindOf(files.first());
     for (const QString& file : files) {
-        const UT_Result<const Kind*> kind = kindOf(file);
+        UT_Result<const Kind*> kind = kindOf(file);
         if (!kind)
             return kind;
         if (*kind != *first)

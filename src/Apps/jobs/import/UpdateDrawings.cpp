@@ -148,7 +148,7 @@ private:
                         return true;
             return false;
         };
-        MO_Module* const own =
+        auto* const own =
             firstOf<MO_Module>(_scene, [&](MO_Module& module) { return NormalMapNode::is(module) && shows(module); });
         return own ? own : firstOf<MO_Module>(_scene, [](MO_Module& module) { return NormalMapNode::is(module); });
     }
@@ -315,8 +315,7 @@ private:
     {
         if (!_node)
             return;
-        MO_Module* const freshNode =
-            firstOf<MO_Module>(_fresh, [](MO_Module& module) { return NormalMapNode::is(module); });
+        auto* const freshNode = firstOf<MO_Module>(_fresh, [](MO_Module& module) { return NormalMapNode::is(module); });
         if (!freshNode)
             return;
         for (NormalMapObject row : NormalMapNode(*freshNode).objects()) {

@@ -74,6 +74,7 @@ UT_Result<void> checkRegions(const std::vector<SheetRegion>& regions, const QSiz
         if (UT_Result<void> checked = checkAlone(region, page); !checked)
             return checked;
     std::vector<const SheetRegion*> byTop;
+    byTop.reserve(regions.size());
     for (const SheetRegion& region : regions)
         byTop.push_back(&region);
     std::ranges::stable_sort(byTop, {}, [](const SheetRegion* region) { return region->place.top(); });

@@ -123,6 +123,8 @@ private:
         float canvasFactor = 1.0F; ///< the node's factor for heights, with the margin
         float frameFactor = 1.0F;  ///< the same factor without a margin
 
+        // NOLINTNEXTLINE(modernize-use-nullptr): the check takes the comparison with 0 that the compiler makes for
+        // ours.
         friend auto operator<=>(const Change&, const Change&) = default;
     };
 

@@ -8,6 +8,8 @@
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "studio/docks/scene/ColourSwatch.h"
 
+#include <QLocale>
+#include <QStringList>
 #include <algorithm>
 #include <cmath>
 #include <map>

@@ -48,7 +48,7 @@ void ObjectsModel::follow()
         _thumbnails.clear();
         endResetModel();
     } else if (!_rows.empty()) {
-        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, COLUMN_COUNT - 1));
+        Q_EMIT dataChanged(index(0, 0), index(static_cast<int>(_rows.size()) - 1, COLUMN_COUNT - 1));
     }
 }
 

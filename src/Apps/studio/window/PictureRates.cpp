@@ -260,7 +260,9 @@ bool changeManyLayers(Rates& rates, MainWindow& window, const QString& folder)
     window.document().commands().setClean();
     window.openPaths({file.fileName()});
     MO_Module* const node = rates.waitForPicture() ? nodeOf(window.document().scene()) : nullptr;
-    std::vector<NormalMapObject> objects = node ? NormalMapNode(*node).objects() : std::vector<NormalMapObject>();
+    if (!node)
+        return false;
+    std::vector<NormalMapObject> objects = NormalMapNode(*node).objects();
     if (objects.size() < kManyLayers)
         return false;
     rates.change("bevel of one of 320 layers", 500.0, [&](int i) {

@@ -19,7 +19,7 @@ UT_Result<QStringList> animationsOf(const DIO_ZipFile& archive)
     if (!manifest)
         return manifest.error();
     QStringList names;
-    for (const QJsonValue& animation : QJsonDocument::fromJson(*manifest)[QLatin1String("animations")].toArray())
+    for (const QJsonValue animation : QJsonDocument::fromJson(*manifest)[QLatin1String("animations")].toArray())
         if (const QString name = animation[QLatin1String("id")].toString(); !name.isEmpty())
             names << name;
     if (names.isEmpty())

@@ -56,7 +56,7 @@ struct Layer
         const auto word = [](bool value) { return value ? "true" : "false"; };
         QByteArray made = text.sliced(0, text.size() - 1).toByteArray();
         made += said.isEmpty() ? "" : ",";
-        made += "\"nm\":\"" + QByteArray::number(static_cast<qulonglong>(number)) + "\",\"hasMask\":" + word(hasMasks) +
+        made += R"("nm":")" + QByteArray::number(static_cast<qulonglong>(number)) + R"(","hasMask":)" + word(hasMasks) +
                 ",\"hd\":" + word(hidden);
         if (isCut(said) && !cut)
             made += ",\"tt\":0";
@@ -124,7 +124,7 @@ QByteArray DIO_LottieLayers::rewritten(const QJsonArray& layers, QByteArrayView 
 std::size_t DIO_LottieLayers::note(const QJsonObject& layer)
 {
     DIO_LottieLayerFacts facts{layer.value(QLatin1String("nm")).toString().simplified(), {}};
-    for (const QJsonValue& value : layer.value(QLatin1String("masksProperties")).toArray()) {
+    for (const QJsonValue value : layer.value(QLatin1String("masksProperties")).toArray()) {
         const QJsonObject mask = value.toObject();
         facts.masks.push_back({mask.value(QLatin1String("inv")).toBool(),
                                mask.value(QLatin1String("mode")).toString() == QLatin1String("n")});

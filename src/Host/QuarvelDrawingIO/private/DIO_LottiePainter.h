@@ -45,7 +45,7 @@ private:
 template<typename Function>
 void DIO_forEachPainted(const std::vector<DIO_LottieLayer>& layers, const Function& function)
 {
-    constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+    constexpr auto kNone = static_cast<std::size_t>(-1);
     std::size_t matted = kNone;
     for (std::size_t i = 0; i < layers.size(); ++i) {
         if (layers[i].matte != DIO_LottieStream::NO_MATTE) {

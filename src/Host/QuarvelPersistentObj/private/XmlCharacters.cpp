@@ -59,9 +59,7 @@ QString XmlCharacters::escape(const QString& text, Underscores underscores)
         if (isPair(text, i)) {
             result += c;
             result += text[++i];
-        } else if (c.isSurrogate() || !isPlain(c)) {
-            result += escapeOf(c);
-        } else if (underscores == Underscores::ESCAPED && beginsEscape(text, i)) {
+        } else if (c.isSurrogate() || !isPlain(c) || (underscores == Underscores::ESCAPED && beginsEscape(text, i))) {
             result += escapeOf(c);
         } else {
             result += c;

@@ -59,7 +59,7 @@ UT_Result<void> MO_Scene::mayConnect(const MO_Module& source, const MO_Module& t
 
 UT_Result<void> MO_Scene::connect(MO_Module& source, MO_Module& target, unsigned inPort, unsigned outPort)
 {
-    if (const auto possible = mayConnect(source, target, inPort, outPort); !possible)
+    if (auto possible = mayConnect(source, target, inPort, outPort); !possible)
         return possible;
     while (target.nInPorts() <= inPort)
         target.portManipulator()->insertInPort(target.nInPorts());

@@ -170,7 +170,7 @@ QString XUGroup::claimName(MO_Node& node, const QString& wanted)
         return wanted;
     XUGroup& all = outermost();
     const QString base = wanted.isEmpty() ? node.keyword() : wanted;
-    const QString current = module->instanceName();
+    QString current = module->instanceName();
     if (all._names.value(current) == module) {
         if (all._names.value(base, module) != module && isNumbered(current, base))
             return current;

@@ -53,7 +53,7 @@ CA_CelRef RD_KeptInputs::pixelsOf(const CA_CelRef& cel, int place, int format)
         return known->pixels;
     }
     ++_painted;
-    const CA_CelRef pixels = cel->convertTo(format);
+    CA_CelRef pixels = cel->convertTo(format);
     if (const auto pixmap = pixels->pixmap()) {
         // The drawing may change before the next render asks for them.
         pixmap->makePixels();

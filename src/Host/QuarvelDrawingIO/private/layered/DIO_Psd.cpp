@@ -187,7 +187,7 @@ private:
         const QSize& size = _made.size;
         if (file.hasFailed() || _channels < wanted || packing > 1)
             return DIO_damaged();
-        const std::size_t height = static_cast<std::size_t>(size.height());
+        const auto height = static_cast<std::size_t>(size.height());
         const std::size_t countBytes = _form.isLarge ? 4 : 2;
         const Bytes counts =
             packing == 1 ? file.bytes(countBytes * height * static_cast<std::size_t>(_channels)) : Bytes();

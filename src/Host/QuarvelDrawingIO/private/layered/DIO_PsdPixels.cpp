@@ -21,7 +21,8 @@ bool unpackRuns(Bytes packed, std::span<std::uint8_t> row)
 {
     Reader reader(packed);
     while (!row.empty()) {
-        const int head = static_cast<std::int8_t>(reader.u8());
+        const int byte = reader.u8();
+        const int head = byte < 128 ? byte : byte - 256;
         if (reader.hasFailed())
             return false;
         // -128 is a no-operation.

@@ -16,6 +16,8 @@ public:
         MO_Module* module;
         unsigned port;
 
+        // NOLINTNEXTLINE(modernize-use-nullptr): the check takes the comparison with 0 that the compiler makes for
+        // ours.
         friend auto operator<=>(const Input&, const Input&) = default;
     };
     struct Output
