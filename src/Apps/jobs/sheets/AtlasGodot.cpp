@@ -138,3 +138,13 @@ UT_Result<std::vector<Sheet>> parseAtlasGodot(const QByteArray& bytes)
         return UT_Error{QStringLiteral("it has no AtlasTexture; SpriteFrames of whole pictures need no atlas")};
     return sheets;
 }
+
+QByteArray renamePagesGodot(const QByteArray& bytes, const PageNames& maps)
+{
+    static const QRegularExpression identifier(QStringLiteral(" uid=\"uid://[^\"]*\""));
+    static const QString path = QStringLiteral("path=\"%1\"");
+    QString text = QString::fromUtf8(bytes).remove(identifier);
+    for (auto map = maps.cbegin(); map != maps.cend(); ++map)
+        text.replace(path.arg(map.key()), path.arg(map.value()));
+    return text.toUtf8();
+}

@@ -10,3 +10,9 @@
 
 /// Parses the pages of a file. Their names are those in the file, usually "res://...".
 UT_Result<std::vector<Sheet>> parseAtlasGodot(const QByteArray& bytes);
+
+/// The same text with other names of its pages; everything else stays, other names that equal a page's included, but
+/// for the identifiers by which Godot finds resources first, which belong to the original pages.
+///
+/// @param maps the new name of each page
+QByteArray renamePagesGodot(const QByteArray& bytes, const PageNames& maps);

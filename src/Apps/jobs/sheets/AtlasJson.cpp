@@ -8,6 +8,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 
 namespace {
 
@@ -103,4 +104,24 @@ UT_Result<std::vector<Sheet>> parseAtlasJson(const QByteArray& bytes)
             return added.error();
     }
     return sheets;
+}
+
+QByteArray renamePagesJson(const QByteArray& bytes, const PageNames& maps)
+{
+    // Written anew, the document would lose the order of its frames, which tags refer to.
+    static const QRegularExpression image(QStringLiteral(R"re("image"\s*:\s*("(?:[^"\\]|\\.)*"))re"));
+    const QString text = QString::fromUtf8(bytes);
+    QString renamed;
+    qsizetype end = 0;
+    for (auto it = image.globalMatch(text); it.hasNext();) {
+        const QRegularExpressionMatch match = it.next();
+        const QJsonDocument value = QJsonDocument::fromJson('[' + match.captured(1).toUtf8() + ']');
+        const auto map = maps.constFind(value[0].toString());
+        if (map == maps.cend())
+            continue;
+        const QByteArray quoted = QJsonDocument(QJsonArray{*map}).toJson(QJsonDocument::Compact);
+        renamed += text.mid(end, match.capturedStart(1) - end) + QString::fromUtf8(quoted.sliced(1, quoted.size() - 2));
+        end = match.capturedEnd(1);
+    }
+    return (renamed + text.mid(end)).toUtf8();
 }

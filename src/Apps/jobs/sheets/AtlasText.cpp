@@ -65,10 +65,9 @@ UT_Result<SheetRegion> regionOf(const Said& said)
 {
     if (said.degrees % 90 != 0)
         return UT_Error{QStringLiteral("the region \"%1\" is turned by %2 degrees; quarter turns can be read")
-                            .arg(said.name)
-                            .arg(said.degrees)};
+                            .arg(said.name, QString::number(said.degrees))};
     SheetRegion region;
-    region.name = said.index < 0 ? said.name : QStringLiteral("%1_%2").arg(said.name).arg(said.index);
+    region.name = said.index < 0 ? said.name : QStringLiteral("%1_%2").arg(said.name, QString::number(said.index));
     region.quarterTurns = ((-said.degrees / 90) % 4 + 4) % 4;
     const QSize trimmed = said.bounds.size();
     region.place = QRect(said.bounds.topLeft(), region.quarterTurns % 2 == 0 ? trimmed : trimmed.transposed());
@@ -142,4 +141,19 @@ UT_Result<std::vector<Sheet>> parseAtlasText(const QByteArray& bytes)
     for (Sheet& sheet : sheets)
         nameAnimations(sheet.regions);
     return sheets;
+}
+
+QByteArray renamePagesText(const QByteArray& bytes, const PageNames& maps)
+{
+    QStringList lines = QString::fromUtf8(bytes).split(QLatin1Char('\n'));
+    bool expectsPage = true;
+    for (QString& line : lines) {
+        const QString name = line.trimmed();
+        if (expectsPage && maps.contains(name))
+            line.replace(name, maps.value(name));
+        // Sizes and other properties may precede a page's name.
+        if (name.isEmpty() || !name.contains(QLatin1Char(':')))
+            expectsPage = name.isEmpty();
+    }
+    return lines.join(QLatin1Char('\n')).toUtf8();
 }

@@ -10,3 +10,8 @@
 
 /// Parses the pages of a file. Their names are those in the file.
 UT_Result<std::vector<Sheet>> parseAtlasText(const QByteArray& bytes);
+
+/// The same text with other names of its pages; everything else stays, other names that equal a page's included.
+///
+/// @param maps the new name of each page
+QByteArray renamePagesText(const QByteArray& bytes, const PageNames& maps);

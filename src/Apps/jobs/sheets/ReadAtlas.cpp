@@ -10,9 +10,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QHash>
-#include <QRegularExpression>
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -23,10 +22,13 @@ constexpr qint64 kMostBytes = 64 * 1024 * 1024;
 struct Kind
 {
     const char* suffix;
-    UT_Result<std::vector<Sheet>> (*parse)(const QByteArray&);
+    UT_Result<std::vector<Sheet>> (*parse)(const QByteArray& bytes);
+    QByteArray (*renamePages)(const QByteArray& bytes, const PageNames& maps);
 };
 
-constexpr std::array kKinds{Kind{"json", parseAtlasJson}, Kind{"atlas", parseAtlasText}, Kind{"tres", parseAtlasGodot}};
+constexpr std::array kKinds{Kind{"json", parseAtlasJson, renamePagesJson},
+                            Kind{"atlas", parseAtlasText, renamePagesText},
+                            Kind{"tres", parseAtlasGodot, renamePagesGodot}};
 
 UT_Result<const Kind*> kindOf(const QString& path)
 {
@@ -97,36 +99,39 @@ UT_Result<std::vector<Sheet>> readAtlas(const QString& path)
 
 namespace {
 
-// Godot finds resources by these identifiers first, which belong to the original files.
-QByteArray withoutIdentifiers(const QByteArray& bytes)
+// Where the map lies beside its page, with the map's name in place of the page's.
+QString besidePage(const QString& page, const QString& map)
 {
-    static const QRegularExpression identifier(QStringLiteral(" uid=\"uid://[^\"]*\""));
-    return QString::fromUtf8(bytes).remove(identifier).toUtf8();
+    return page.left(page.lastIndexOf(QLatin1Char('/')) + 1) + map;
+}
+
+bool names(const std::vector<Sheet>& sheets, const PageNames& maps)
+{
+    const QStringList pages = maps.values();
+    return std::ranges::all_of(sheets, [&](const Sheet& sheet) { return pages.contains(sheet.page); });
 }
 
 } // namespace
 
-UT_Result<QByteArray> atlasOfMaps(const QString& path, const QStringList& names)
+UT_Result<QByteArray> atlasOfMaps(const QString& path, const QStringList& mapNames)
 {
-    UT_Result<QByteArray> bytes = bytesOf(path);
+    const UT_Result<const Kind*> kind = kindOf(path);
+    if (!kind)
+        return kind.error();
+    const UT_Result<QByteArray> bytes = bytesOf(path);
     if (!bytes)
         return bytes;
-    const UT_Result<const Kind*> kind = kindOf(path);
-    const UT_Result<std::vector<Sheet>> sheets = kind ? (*kind)->parse(*bytes) : kind.error();
+    const UT_Result<std::vector<Sheet>> sheets = (*kind)->parse(*bytes);
     if (!sheets)
         return sheets.error().at(path);
-    if ((*kind)->parse == parseAtlasGodot)
-        bytes = withoutIdentifiers(*bytes);
-    for (std::size_t i = 0; i < sheets->size() && static_cast<qsizetype>(i) < names.size(); ++i) {
-        const QString& page = (*sheets)[i].page;
-        const qsizetype slash = page.lastIndexOf(QLatin1Char('/'));
-        const QString map = page.left(slash + 1) + names[static_cast<qsizetype>(i)];
-        // Names are in quotes or, in .atlas files, on a line of their own.
-        bytes->replace('"' + page.toUtf8() + '"', '"' + map.toUtf8() + '"');
-        if (bytes->startsWith(page.toUtf8() + '\n') || bytes->startsWith(page.toUtf8() + '\r'))
-            bytes->replace(0, page.toUtf8().size(), map.toUtf8());
-        bytes->replace('\n' + page.toUtf8() + '\n', '\n' + map.toUtf8() + '\n');
-        bytes->replace('\n' + page.toUtf8() + "\r\n", '\n' + map.toUtf8() + "\r\n");
-    }
-    return bytes;
+    PageNames maps;
+    for (std::size_t i = 0; i < sheets->size() && static_cast<qsizetype>(i) < mapNames.size(); ++i)
+        maps.insert((*sheets)[i].page, besidePage((*sheets)[i].page, mapNames[static_cast<qsizetype>(i)]));
+    QByteArray renamed = (*kind)->renamePages(*bytes, maps);
+    const UT_Result<std::vector<Sheet>> made = (*kind)->parse(renamed);
+    if (!made || !names(*made, maps))
+        return UT_Error{QStringLiteral("%1: the names of its pages cannot be replaced by those of their maps; simpler "
+                                       "names of pages help")
+                            .arg(path)};
+    return renamed;
 }

@@ -19,5 +19,6 @@ UT_Result<std::vector<Sheet>> readAtlas(const QString& path);
 
 /// Makes an atlas for the normal maps of an atlas's pages: the same text with other names of pages.
 ///
-/// @param names the maps' file names, one for each page as readAtlas() gives them
-UT_Result<QByteArray> atlasOfMaps(const QString& path, const QStringList& names);
+/// @param mapNames the maps' file names, one for each page as readAtlas() gives them
+/// @return an error if the atlas cannot be read or a page's name cannot be replaced
+UT_Result<QByteArray> atlasOfMaps(const QString& path, const QStringList& mapNames);

@@ -6,6 +6,7 @@
 
 #include "QuarvelBaseCore/UT_Result.h"
 
+#include <QHash>
 #include <QPoint>
 #include <QRect>
 #include <QSize>
@@ -35,6 +36,9 @@ struct Sheet
     QString page; ///< the picture's file
     std::vector<SheetRegion> regions;
 };
+
+/// Other names for the pages of an atlas, by the names that it gives them.
+using PageNames = QHash<QString, QString>;
 
 /// Cells of one size in rows.
 struct CellGrid

@@ -221,3 +221,25 @@ TEST_F(AtlasFile, OfTheMapsNamesThePagesOfMaps)
     EXPECT_EQ(*text, "a_n.png\nx\n bounds: 0, 0, 1, 1\n\nb_n.png\ny\n bounds: 0, 0, 1, 1\n");
     EXPECT_FALSE(atlasOfMaps(write("a.txt", ""), {}));
 }
+
+// Frames keep their names and their order, whatever they are called and however a program spelt the page's name.
+TEST_F(AtlasFile, OfTheMapsKeepsTheNamesOfFrames)
+{
+    const QString atlas = write("page.json", R"({"frames": {
+        "z": {"frame": {"x": 0, "y": 0, "w": 4, "h": 4}},
+        "h\u00e9ro.png": {"frame": {"x": 4, "y": 0, "w": 4, "h": 4}}},
+        "meta": {"image": "art\/h\u00e9ro.png", "app": "art/héro.png"}})");
+    const auto maps = atlasOfMaps(atlas, {"héro_n.png"});
+    ASSERT_TRUE(maps) << errorOf(maps);
+    EXPECT_EQ(parseAtlasJson(*maps)->front().page, "art/héro_n.png");
+    EXPECT_THAT(maps->toStdString(), HasSubstr("\"h\\u00e9ro.png\": {"));
+    EXPECT_THAT(maps->toStdString(), HasSubstr("\"app\": \"art/héro.png\""));
+    EXPECT_LT(maps->indexOf("\"z\""), maps->indexOf("\"h\\u00e9ro"));
+}
+
+TEST_F(AtlasFile, OfTheMapsKeepsARegionThatIsCalledLikeItsPage)
+{
+    const auto maps = atlasOfMaps(write("p.atlas", "\na.png\nsize: 8, 8\na.png\n bounds: 0, 0, 1, 1\n"), {"a_n.png"});
+    ASSERT_TRUE(maps) << errorOf(maps);
+    EXPECT_EQ(*maps, "\na_n.png\nsize: 8, 8\na.png\n bounds: 0, 0, 1, 1\n");
+}
