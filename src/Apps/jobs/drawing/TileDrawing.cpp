@@ -7,6 +7,8 @@
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 
 namespace {
 
@@ -59,6 +61,9 @@ void shrink(ObjectSettings& object)
 {
     shrink(object.bevel);
     shrink(object.elevation);
+    // Its height is measured in bevels.
+    if (object.rim)
+        object.rim->bevel /= kTileCopies;
 }
 
 } // namespace
@@ -88,7 +93,11 @@ NormalMapSettings settingsForTiles(const NormalMapSettings& settings, const QSiz
     NormalMapSettings result = settings;
     const QSizeF alone(size.width() / tiling.columns(), size.height() / tiling.rows());
     const auto [width, height] = pictureSize(alone, settings);
-    result.size = {width * tiling.columns(), height * tiling.rows()};
+    // Sizes beyond every limit stay beyond it, and representable.
+    const auto copies = [](int side, int count) {
+        return static_cast<int>(std::min<std::int64_t>(std::int64_t{side} * count, std::numeric_limits<int>::max()));
+    };
+    result.size = {copies(width, tiling.columns()), copies(height, tiling.rows())};
     if (!tiling.x)
         return result;
     shrink(result.allObjects);
