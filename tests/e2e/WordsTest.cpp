@@ -387,16 +387,21 @@ protected:
         draw(QStringLiteral("pipe_3.svg"));
     }
 
-    // The exit code of a run that gets the signal while it reads the pipe.
-    int stopped(const char* words, int signal)
+    // The exit code of a run that gets the signal while it reads the pipe, through which the drawing comes then.
+    int stopped(const char* words, int signal, const char* pipeName = "pipe_2.svg",
+                const char* drawingName = "hero.svg")
     {
         QProcess process;
         process.setWorkingDirectory(path(QString()));
         process.start(QStringLiteral(QUARVEL_PROGRAM), QString::fromUtf8(words).split(u' '));
         EXPECT_TRUE(process.waitForStarted());
-        const int pipe = openPipe(process);
+        const int pipe = openPipe(process, pipeName);
+        // A process that has ended has the number 0, which as a receiver means everybody.
+        EXPECT_GE(pipe, 0) << process.readAllStandardError().toStdString();
+        if (pipe < 0)
+            return -1;
         ::kill(static_cast<pid_t>(process.processId()), signal);
-        QFile drawing(path(QStringLiteral("hero.svg")));
+        QFile drawing(path(QString::fromLatin1(drawingName)));
         EXPECT_TRUE(drawing.open(QIODevice::ReadOnly));
         const QByteArray bytes = drawing.readAll();
         EXPECT_EQ(::write(pipe, bytes.constData(), static_cast<std::size_t>(bytes.size())), bytes.size());
@@ -409,9 +414,9 @@ protected:
 
 private:
     // Opening for writing works as soon as the program has opened the pipe for reading.
-    int openPipe(QProcess& process) const
+    int openPipe(QProcess& process, const char* pipeName) const
     {
-        const QByteArray name = QFile::encodeName(path(QStringLiteral("pipe_2.svg")));
+        const QByteArray name = QFile::encodeName(path(QString::fromLatin1(pipeName)));
         int pipe = ::open(name.constData(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
         while (pipe < 0 && process.state() == QProcess::Running) {
             process.waitForFinished(1);
@@ -429,6 +434,21 @@ TEST_F(StoppedRun, OfMapsLeavesWholeFilesAndSaysHowMany)
     EXPECT_EQ(QDir(path(QStringLiteral("maps"))).entryList(QDir::Files | QDir::Hidden),
               QStringList(QStringLiteral("pipe_1_n.png")));
     EXPECT_TRUE(IIO_read(path(QStringLiteral("maps/pipe_1_n.png"))));
+}
+
+TEST_F(StoppedRun, OfAPageOfSpritesWritesNothing)
+{
+    QImage page(64, 64, QImage::Format_ARGB32);
+    page.fill(Qt::red);
+    ASSERT_TRUE(page.save(path(QStringLiteral("page.png"))));
+    QFile atlas(path(QStringLiteral("page.json")));
+    ASSERT_TRUE(atlas.open(QIODevice::WriteOnly));
+    atlas.write(R"({"frames": {"a": {"frame": {"x": 0, "y": 0, "w": 32, "h": 64}},
+                               "b": {"frame": {"x": 32, "y": 0, "w": 32, "h": 64}}}, "meta": {"image": "page.png"}})");
+    atlas.close();
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path(QStringLiteral("pipe.json"))).constData(), 0600), 0);
+    EXPECT_EQ(stopped("normalmap --atlas pipe.json -o n.png", SIGINT, "pipe.json", "page.json"), 130);
+    EXPECT_FALSE(QFile::exists(path(QStringLiteral("n.png"))));
 }
 
 TEST_F(StoppedRun, OfAnImportMakesNoScene)

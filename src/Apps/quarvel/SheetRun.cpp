@@ -167,13 +167,13 @@ private:
 };
 
 UT_Result<void> render(const Sprite& sprite, const NormalMapOptions& options, const OutputFiles& files, Pages& pages,
-                       SheetHtml& html, MissingColours& missing)
+                       SheetHtml& html, MissingColours& missing, const JobProgress& progress)
 {
     const LayeredDrawing& drawing = sprite.read.drawing;
     const Tiling tiling = surroundings(options);
     const NormalMapSettings settings =
         tiling.isAny() ? settingsForTiles(options.settings, drawing.size, tiling) : options.settings;
-    auto rendered = renderDrawing(drawing, settings, options, files);
+    auto rendered = renderDrawing(drawing, settings, options, files, progress);
     if (!rendered)
         return rendered.error();
     rendered->frame.window = middleOf(rendered->frame.window, tiling);
@@ -220,12 +220,15 @@ UT_Result<SheetResult> runSheet(const PictureOrigin& page, const std::vector<She
     Pages pages(image->size(), options);
     SheetHtml html(options, files.page, page.drawing, image->size());
     MissingColours missing;
+    const JobProgress ofSprite = [&](double done) {
+        return !progress || progress((result.sprites + done) / static_cast<double>(sprites.size()));
+    };
     for (const Sprite& sprite : sprites) {
-        if (UT_Result<void> rendered = render(sprite, options, files, pages, html, missing); !rendered)
+        if (UT_Result<void> rendered = render(sprite, options, files, pages, html, missing, ofSprite); !rendered)
             return rendered.error().at(QStringLiteral("\"%1\"").arg(sprite.region->name));
         ++result.sprites;
-        if (progress)
-            progress(static_cast<double>(result.sprites) / static_cast<double>(sprites.size()));
+        if (!ofSprite(0.0))
+            return UT_stopped();
     }
     if (UT_Result<void> written = pages.write(page); !written)
         return written.error();

@@ -262,6 +262,7 @@ UT_Result<void> makePictures(const RenderedDrawing& rendered, const NormalMapOpt
         if (UT_Result<void> taken = take(kind, file, std::move(*picture)); !taken)
             return taken;
         done += 1.0 / static_cast<double>(wanted.size());
+        // Whoever asks to stop now gets all pictures of the drawing, which are quick to make once it is rendered.
         if (progress)
             progress(done);
     }
