@@ -5,6 +5,7 @@
 
 #include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+#include "form/ElevationUnit.h"
 #include "form/ReliefLayers.h"
 #include "jobs/drawing/ObjectNames.h"
 
@@ -34,6 +35,17 @@ Take number(std::optional<double> ObjectSettings::*member, double low, double hi
         object.*member = value;
         return true;
     };
+}
+
+// The node takes an object of elevation 0 for an empty one, which whoever asks for a flat object does not mean.
+bool takeElevation(ObjectSettings& object, const QString& text)
+{
+    constexpr double kMost = std::numeric_limits<double>::max();
+    if (!number(&ObjectSettings::elevation, -kMost, kMost)(object, text))
+        return false;
+    if (object.elevation == 0.0)
+        object.elevation = kNoElevation;
+    return true;
 }
 
 // The word without a value means yes.
@@ -96,13 +108,11 @@ bool takeRole(ObjectSettings& object, const QString& text)
 const std::vector<ObjectWord>& objectWords()
 {
     static const std::vector<ObjectWord> table = [] {
-        constexpr double kMost = std::numeric_limits<double>::max();
         const QString yes = QStringLiteral("yes or no");
         return std::vector<ObjectWord>{
             {QStringLiteral("bevel"), QStringLiteral("a number from 0 to %1 such as 24").arg(kMostBevel, 0, 'f', 0),
              number(&ObjectSettings::bevel, 0.0, kMostBevel)},
-            {QStringLiteral("elevation"), QStringLiteral("a number such as 1 or -0.5"),
-             number(&ObjectSettings::elevation, -kMost, kMost)},
+            {QStringLiteral("elevation"), QStringLiteral("a number such as 1 or -0.5"), takeElevation},
             {QStringLiteral("smoothness"), QStringLiteral("a number from 0.01 to 128 such as 1.7"),
              number(&ObjectSettings::smoothness, 0.01, 128.0)},
             {QStringLiteral("level"), QStringLiteral("a number from 0 to 1"), number(&ObjectSettings::level, 0.0, 1.0)},

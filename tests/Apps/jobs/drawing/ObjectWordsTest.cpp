@@ -48,6 +48,9 @@ TEST(ObjectWords, SayAllValuesOfAnObject)
     EXPECT_EQ(two.tilt, (ObjectTilt{30.0, -12.5}));
     EXPECT_EQ(two.rim, (ObjectRim{3.0, 0.8}));
     EXPECT_EQ(two.relief, -1.5);
+    // 0 would be an empty object for the node.
+    EXPECT_NEAR(*said({"2:elevation=0"}).objects.at(2).elevation, 0.0, 1e-3);
+    EXPECT_NE(said({"2:elevation=0"}).objects.at(2).elevation, 0.0);
     EXPECT_EQ(said({"2:role=Ridge"}).objects.at(2).relief, 0.5);
     EXPECT_EQ(said({"2:role=crease:role=object"}).objects.at(2).relief, 0.0);
 }
