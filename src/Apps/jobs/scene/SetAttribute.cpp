@@ -56,9 +56,13 @@ MadeCommand changeFrames(MO_Scene& scene, const QString& word)
 {
     static const QRegularExpression range(QStringLiteral("^(-?\\d+)-(-?\\d+)$"));
     const QRegularExpressionMatch match = range.match(word);
-    if (!match.hasMatch())
+    bool hasFirst = false;
+    bool hasLast = false;
+    const int first = match.captured(1).toInt(&hasFirst);
+    const int last = match.captured(2).toInt(&hasLast);
+    if (!hasFirst || !hasLast || last < first)
         return error(QStringLiteral("expected the first and the last frame, as in 1-48, got \"%1\"").arg(word));
-    return MO_EditCommand(MO_frameRangeCmd(scene, match.captured(1).toInt(), match.captured(2).toInt()));
+    return MO_EditCommand(MO_frameRangeCmd(scene, first, last));
 }
 
 MadeCommand changeFrameHeight(MO_Scene& scene, const QString& word)

@@ -129,6 +129,8 @@ TEST_F(SetInScene, MistakesSayWhatWasMeantToStandThere)
     EXPECT_THAT(errorOf("Hero.Drawing", {"walk"}), HasSubstr("FRAME:DRAWING"));
     EXPECT_THAT(errorOf("Hero.enabled", {"perhaps"}), HasSubstr("yes or no"));
     EXPECT_THAT(errorOf("frames", {"48"}), HasSubstr("1-48"));
+    EXPECT_THAT(errorOf("frames", {"48-1"}), HasSubstr("1-48"));
+    EXPECT_THAT(errorOf("frames", {"1-99999999999"}), HasSubstr("1-48"));
     EXPECT_THAT(errorOf("height", {"-3"}), HasSubstr("more than 0"));
     EXPECT_THAT(errorOf("Hero.PositionX", {}), HasSubstr("new value"));
 }
