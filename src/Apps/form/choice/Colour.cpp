@@ -49,7 +49,8 @@ QString wordOfHue(const SeenColour& colour)
         return QStringLiteral("green");
     if (hue < 225.0)
         return QStringLiteral("turquoise");
-    if (hue < 300.0)
+    // The bluest colour of a screen lies at 306 degrees.
+    if (hue < 309.0)
         return QStringLiteral("blue");
     return light > 70.0 ? QStringLiteral("pink") : QStringLiteral("purple");
 }
