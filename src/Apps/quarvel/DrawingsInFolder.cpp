@@ -35,14 +35,15 @@ void collect(const QDir& folder, const QSet<QString>& leftOut, QStringList& draw
     }
 }
 
-// The names, without endings, of the pictures that the run writes for the drawings, whatever their folders and formats.
+// The names, without endings, of the pictures that such a run writes for the drawings, whatever their folders and
+// formats.
 QSet<QString> namesOfResults(const QStringList& drawings, const NormalMapOptions& options)
 {
+    const QStringList suffixes = suffixesOfPictures(options);
     QSet<QString> names;
     for (const QString& drawing : drawings) {
         const QFileInfo info(drawing);
-        for (const QString& suffix :
-             {suffixOfMaps(options), QStringLiteral("_e"), QStringLiteral("_lit"), QStringLiteral("_drawing")})
+        for (const QString& suffix : suffixes)
             names.insert(info.dir().filePath(info.completeBaseName() + suffix));
     }
     return names;
@@ -57,9 +58,8 @@ QString withoutSuffix(const QString& path)
 QStringList drawingsIn(const QString& folder, const NormalMapOptions& options, Report& report)
 {
     QSet<QString> leftOut;
-    for (const QString& output : {options.output, options.elevation, options.lit, options.drawingPicture})
-        if (!output.isEmpty())
-            leftOut.insert(absolute(output));
+    for (const QString& output : namedPlaces(options))
+        leftOut.insert(absolute(output));
     QStringList all;
     collect(QDir(folder), leftOut, all, report);
     const QSet<QString> results = namesOfResults(all, options);

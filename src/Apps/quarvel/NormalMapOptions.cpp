@@ -9,6 +9,7 @@
 #include "OptionTable.h"
 #include "OptionValues.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
+#include "StandardInput.h"
 #include "jobs/drawing/ObjectWords.h"
 
 #include <algorithm>
@@ -143,9 +144,23 @@ UT_Result<void> checkGloss(const NormalMapOptions& options)
     if (!options.gloss.isAny())
         return UT_Error{QStringLiteral("--gloss-file goes with --gloss, which says what is glossy, such as "
                                        "--gloss '#9aa=0.8'")};
-    const QString stream = QStringLiteral("-");
-    if (options.glossFile.isEmpty() && (options.output == stream || options.drawings.contains(stream)))
+    if (options.glossFile.isEmpty() &&
+        (options.output == kStandardStream || options.drawings.contains(kStandardStream)))
         return UT_Error{QStringLiteral("say with --gloss-file where the mask of --gloss goes; - is for the map")};
+    return {};
+}
+
+// A drawing that comes through standard input has neither a folder nor a name for what lies beside it.
+UT_Result<void> checkStreams(const NormalMapOptions& options)
+{
+    if (!options.drawings.contains(kStandardStream))
+        return {};
+    if (options.drawings.size() > 1 && options.output.isEmpty())
+        return UT_Error{QStringLiteral("standard input has no folder that its map could lie in; name a folder for all "
+                                       "maps with -o")};
+    if (options.canvas && options.drawingPicture.isEmpty())
+        return UT_Error{QStringLiteral("--canvas names the drawing's file, and standard input has none; write the "
+                                       "drawing as a picture, too, with --drawing")};
     return {};
 }
 
@@ -317,11 +332,7 @@ NM_MapForm mapFormFor(const NormalMapOptions& options, const QString& file)
 {
     const bool layers = IIO_isFloatFile(file) && options.form.exr == ExrContent::LAYERS;
     const bool plain = options.nodeLayout || layers;
-    NM_MapForm form = options.form.resolved(plain ? NM_MapForm{} : kFormForMost);
-    const UT_Result<IIO_PictureFormat> format = IIO_pictureFormatOf(file);
-    if (format && format->bitsPerChannel < form.bits)
-        form.bits = format->bitsPerChannel;
-    return form;
+    return formInFile(options.form.resolved(plain ? NM_MapForm{} : kFormForMost), file);
 }
 
 UT_Result<NormalMapOptions> parseNormalMapOptions(const QStringList& words)
@@ -336,6 +347,8 @@ UT_Result<NormalMapOptions> parseNormalMapOptions(const QStringList& words)
     if (UT_Result<void> fits = checkSheet(options); !fits)
         return fits.error();
     if (const UT_Result<void> fits = checkGloss(options); !fits)
+        return fits.error();
+    if (const UT_Result<void> fits = checkStreams(options); !fits)
         return fits.error();
     if (options.drawings.isEmpty() && options.atlas.isEmpty() && !options.help)
         return UT_Error{QStringLiteral(

@@ -3,6 +3,8 @@
 // Readers of single command line values.
 #include "OptionValues.h"
 
+#include "QuarvelSceneCore/interfaces/RD_RenderParameters.h"
+
 #include <cmath>
 
 namespace {
@@ -52,6 +54,11 @@ UT_Result<QSize> parseSize(const QString& option, const QString& text)
                         text);
     if (width < 1 || (numbers.size() == 2 && height < 1))
         return UT_Error{QStringLiteral("%1 %2: a picture is at least 1 pixel wide and 1 pixel high").arg(option, text)};
+    constexpr int kMost = RD_RenderParameters::kMaxResolution;
+    if (width > kMost || height > kMost)
+        return UT_Error{QStringLiteral("%1 %2: a picture is at most %3 pixels wide and %3 pixels high")
+                            .arg(option, text)
+                            .arg(kMost)};
     return QSize(width, height);
 }
 

@@ -4,22 +4,26 @@
 #include "OutputFiles.h"
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
+#include "TakenFiles.h"
 #include "jobs/page/LitPageFile.h"
+#include "jobs/shown/SurfacePictures.h"
 #include "jobs/targets/Targets.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QHash>
 #include <QSet>
 
 namespace {
 
+// One of the files that a drawing's run may write.
 struct Place
 {
-    QString named;  // what the command line says; empty: nothing
+    QString OutputFiles::*file;
+    QString named;  // what the command line says; empty: beside the drawing
     QString suffix; // what is added to the drawing's name
     QString ending; // of the file, without a dot
     bool wanted;
+    bool isFolder; // what is named is a folder whether it exists or not
 };
 
 // Drawings that were found in a folder keep their places below it.
@@ -30,36 +34,58 @@ QString besideOrIn(const QString& drawing, const Place& place, const QString& be
     return QDir::cleanPath(where.filePath(info.completeBaseName() + place.suffix + QLatin1Char('.') + place.ending));
 }
 
-QString fileFor(const QString& drawing, const Place& place, bool isFolder, const QString& below)
+QString fileFor(const QString& drawing, const Place& place, const QString& below)
 {
     if (!place.wanted)
         return {};
-    if (place.named.isEmpty() || isFolder || QFileInfo(place.named).isDir())
+    if (place.named.isEmpty() || place.isFolder || QFileInfo(place.named).isDir())
         return besideOrIn(drawing, place, below);
     return place.named;
 }
 
-Place placeOfMap(const NormalMapOptions& options)
+Place placeOfMap(const NormalMapOptions& options, bool several)
 {
     const Target* const target = options.form.target;
     // Pages of sprites are written as PNG whoever takes them.
     const bool page = options.cells || !options.atlas.isEmpty();
-    return {options.output, suffixOfMaps(options), target && !page ? target->endingText() : QStringLiteral("png"),
-            true};
-}
-
-TargetCompanions companionsFor(const NormalMapOptions& options)
-{
-    return options.form.target ? options.form.target->beside : TargetCompanions{};
+    return {&OutputFiles::normalMap,
+            options.output,
+            suffixOfMaps(options),
+            target && !page ? target->endingText() : QStringLiteral("png"),
+            true,
+            several};
 }
 
 // Where a single drawing's map is named, a mask without a name goes into the map's folder.
-Place placeOfGloss(const NormalMapOptions& options, bool several)
+Place placeOfGloss(const NormalMapOptions& options, const QString& suffix, bool several)
 {
     const bool besideMap = options.glossFile.isEmpty() && !several && !options.output.isEmpty();
     const QString named = options.glossFile.isEmpty() ? options.output : options.glossFile;
-    return {besideMap && !QFileInfo(named).isDir() ? QFileInfo(named).path() : named,
-            QLatin1String(companionsFor(options).gloss), QStringLiteral("png"), options.gloss.isAny()};
+    return {&OutputFiles::gloss,
+            besideMap && !QFileInfo(named).isDir() ? QFileInfo(named).path() : named,
+            suffix,
+            QStringLiteral("png"),
+            options.gloss.isAny(),
+            several || options.glossFile.isEmpty()};
+}
+
+// All files but the one that joins others; it is named after them.
+std::vector<Place> placesOf(const NormalMapOptions& options, bool several)
+{
+    const TargetCompanions beside = options.form.target ? options.form.target->beside : TargetCompanions{};
+    const auto place = [several](QString OutputFiles::*file, const QString& named, const char* suffix,
+                                 const char* ending = "png") {
+        return Place{file, named, QLatin1String(suffix), QLatin1String(ending), !named.isEmpty(), several};
+    };
+    return {placeOfMap(options, several),
+            place(&OutputFiles::elevation, options.elevation, "_e"),
+            place(&OutputFiles::lit, options.lit, "_lit"),
+            place(&OutputFiles::drawing, options.drawingPicture, "_drawing"),
+            place(&OutputFiles::page, options.page, "", "html"),
+            place(&OutputFiles::height, options.height, beside.height),
+            place(&OutputFiles::occlusion, options.occlusion, beside.occlusion),
+            place(&OutputFiles::numbers, options.numbers, "_numbers"),
+            placeOfGloss(options, QLatin1String(beside.gloss), several)};
 }
 
 // With several drawings the options name folders. A folder called one.png would surprise everybody.
@@ -67,7 +93,7 @@ UT_Result<void> checkFolder(const Place& place)
 {
     const bool isPicture = IIO_pictureFormatOf(place.named).ok();
     const bool isFile = isPicture || LitPageFile::check(place.named);
-    if (place.named.isEmpty() || !isFile || QFileInfo(place.named).isDir())
+    if (!place.isFolder || place.named.isEmpty() || !isFile || QFileInfo(place.named).isDir())
         return {};
     return UT_Error{QStringLiteral("%1 names one %2, and there are several drawings; name a folder, which gets a %2 of "
                                    "each, or give one drawing at a time")
@@ -103,6 +129,11 @@ UT_Result<void> checkCanvas(const QString& drawing, const NormalMapOptions& opti
                         .arg(drawing)};
 }
 
+QString suffixOfFlip(bool leftRight)
+{
+    return leftRight ? QStringLiteral("_flipx") : QStringLiteral("_flipy");
+}
+
 UT_Result<void> checkPage(const QString& file)
 {
     return file.isEmpty() ? UT_Result<void>() : LitPageFile::check(file);
@@ -116,6 +147,29 @@ UT_Error sameFile(const QString& file, const QString& first, const QString& seco
             : QStringLiteral("%2 and %3 would both be written to %1; rename one of them, or run quarvel once for "
                              "each, with another folder behind -o");
     return UT_Error{first == second ? text.arg(file, first) : text.arg(file, first, second)};
+}
+
+UT_Result<void> checkName(const QString& file, const OutputFiles& files)
+{
+    if (file == files.page)
+        return checkPage(file);
+    return !file.isEmpty() && file == files.numbers ? checkNumbersFile(file) : checkFormat(file);
+}
+
+// The files of one drawing, which no other drawing has, and which are no drawings.
+UT_Result<void> take(const OutputFiles& files, const QString& drawing, const QSet<QString>& drawings, TakenFiles& taken)
+{
+    for (const QString& file : files.all()) {
+        if (UT_Result<void> known = checkName(file, files); !known)
+            return known;
+        if (!file.isEmpty() && drawings.contains(QFileInfo(file).absoluteFilePath()))
+            return UT_Error{QStringLiteral("%1 would be written over by what is made of %2; name another file or "
+                                           "folder with -o")
+                                .arg(file, drawing)};
+        if (const auto before = taken.take(file, drawing))
+            return sameFile(file, *before, drawing);
+    }
+    return {};
 }
 
 } // namespace
@@ -134,67 +188,55 @@ QString suffixOfMaps(const NormalMapOptions& options)
 UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options)
 {
     const bool several = options.drawings.size() > 1 || !options.folders.isEmpty();
-    const QString png = QStringLiteral("png");
-    const Place normalMap = placeOfMap(options);
-    const Place elevation{options.elevation, QStringLiteral("_e"), png, !options.elevation.isEmpty()};
-    const Place lit{options.lit, QStringLiteral("_lit"), png, !options.lit.isEmpty()};
-    const Place picture{options.drawingPicture, QStringLiteral("_drawing"), png, !options.drawingPicture.isEmpty()};
-    const TargetCompanions beside = companionsFor(options);
-    const Place height{options.height, QLatin1String(beside.height), png, !options.height.isEmpty()};
-    const Place occlusion{options.occlusion, QLatin1String(beside.occlusion), png, !options.occlusion.isEmpty()};
-    const Place numbers{options.numbers, QStringLiteral("_numbers"), png, !options.numbers.isEmpty()};
-    const Place gloss = placeOfGloss(options, several);
-    const bool glossInFolder = several || options.glossFile.isEmpty();
-    const Place page{options.page, QString(), QStringLiteral("html"), !options.page.isEmpty()};
-
-    for (const Place& place : {normalMap, elevation, lit, picture, page, height, occlusion, numbers, gloss})
-        if (const UT_Result<void> isFolder = several ? checkFolder(place) : UT_Result<void>(); !isFolder)
+    const std::vector<Place> places = placesOf(options, several);
+    for (const Place& place : places)
+        if (const UT_Result<void> isFolder = checkFolder(place); !isFolder)
             return isFolder.error();
-
-    QHash<QString, QString> takenBy;
     QSet<QString> drawings;
     for (const QString& drawing : options.drawings)
         drawings.insert(QFileInfo(drawing).absoluteFilePath());
-
+    TakenFiles taken;
     std::vector<OutputFiles> all;
+    all.reserve(static_cast<std::size_t>(options.drawings.size()));
     for (const QString& drawing : options.drawings) {
-        const QString below = options.folders.value(drawing);
-        const OutputFiles files{fileFor(drawing, normalMap, several, below),
-                                fileFor(drawing, elevation, several, below),
-                                fileFor(drawing, lit, several, below),
-                                fileFor(drawing, picture, several, below),
-                                fileFor(drawing, page, several, below),
-                                fileFor(drawing, height, several, below),
-                                fileFor(drawing, occlusion, several, below),
-                                fileFor(drawing, numbers, several, below),
-                                fileFor(drawing, gloss, glossInFolder, below),
-                                canvasFile(drawing, fileFor(drawing, normalMap, several, below), options)};
+        OutputFiles files;
+        for (const Place& place : places)
+            files.*place.file = fileFor(drawing, place, options.folders.value(drawing));
+        files.canvas = canvasFile(drawing, files.normalMap, options);
         if (UT_Result<void> fits = checkCanvas(drawing, options); !fits)
             return fits.error();
-        for (const QString& file : files.all()) {
-            if (UT_Result<void> known = file == files.page ? checkPage(file) : checkFormat(file); !known)
-                return known.error();
-            const QString path = QFileInfo(file).absoluteFilePath();
-            if (file.isEmpty())
-                continue;
-            if (drawings.contains(path))
-                return UT_Error{QStringLiteral("%1 would be written over by what is made of %2; name another file or "
-                                               "folder with -o")
-                                    .arg(file, drawing)};
-            if (takenBy.contains(path))
-                return sameFile(file, takenBy.value(path), drawing);
-            takenBy.insert(path, drawing);
-        }
-        all.push_back(files);
+        if (UT_Result<void> free = take(files, drawing, drawings, taken); !free)
+            return free.error();
+        all.push_back(std::move(files));
     }
     return all;
+}
+
+QStringList suffixesOfPictures(const NormalMapOptions& options)
+{
+    QStringList suffixes;
+    for (const Place& place : placesOf(options, true))
+        if (place.file != &OutputFiles::page)
+            suffixes << place.suffix;
+    for (const bool leftRight : {true, false})
+        suffixes << suffixOfMaps(options) + suffixOfFlip(leftRight);
+    return suffixes;
+}
+
+QStringList namedPlaces(const NormalMapOptions& options)
+{
+    QStringList named;
+    for (const Place& place : placesOf(options, true))
+        if (!place.named.isEmpty())
+            named << place.named;
+    return named;
 }
 
 QString flippedFile(const QString& file, bool leftRight)
 {
     const QFileInfo info(file);
-    const QString ending = leftRight ? QStringLiteral("_flipx.") : QStringLiteral("_flipy.");
-    return QDir::cleanPath(info.dir().filePath(info.completeBaseName() + ending + info.suffix()));
+    return QDir::cleanPath(
+        info.dir().filePath(info.completeBaseName() + suffixOfFlip(leftRight) + QLatin1Char('.') + info.suffix()));
 }
 
 UT_Result<void> makeFolders(const OutputFiles& files)

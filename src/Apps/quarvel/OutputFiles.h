@@ -34,12 +34,17 @@ struct OutputFiles
 /// and so does NAME_canvas.tres.
 ///
 /// @return an error when two files would have the same name, an output would replace a drawing, or a name's ending is
-/// not that of a
-///         picture format or, for a page, of a page
+///         not that of a picture format or, for a page, of a page
 UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options);
 
 /// What the name of a map adds to its drawing's.
 QString suffixOfMaps(const NormalMapOptions& options);
+
+/// What the names of all pictures that such a run can write add to their drawing's, wanted or not.
+QStringList suffixesOfPictures(const NormalMapOptions& options);
+
+/// The files and folders that the options name for pictures and pages.
+QStringList namedPlaces(const NormalMapOptions& options);
 
 /// The file of the map for sprites that are mirrored: NAME_flipx.png of NAME.png.
 ///

@@ -6,6 +6,7 @@
 #include "GlossOption.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelSceneCore/graph/MO_SceneCopy.h"
+#include "TakenFiles.h"
 #include "jobs/frames/FilmFile.h"
 #include "jobs/frames/FrameRange.h"
 #include "jobs/frames/RenderMemory.h"
@@ -13,6 +14,7 @@
 #include "jobs/frames/SurfaceFrames.h"
 #include "jobs/limits/JobLimits.h"
 #include "jobs/shown/ShownMemory.h"
+#include "jobs/shown/SurfacePictures.h"
 #include "jobs/targets/Targets.h"
 
 #include <QDir>
@@ -169,18 +171,22 @@ UT_Result<void> planSurfaces(const RenderOptions& options, RenderPlan& plan)
                                                               {options.numbers, FrameContent::NUMBERS},
                                                               {options.glossFile, FrameContent::GLOSS}};
     const Target* const target = options.form.target;
+    if (const auto exact = options.numbers.isEmpty() ? UT_Result<void>() : checkNumbersFile(options.numbers); !exact)
+        return exact;
     for (const auto& [output, content] : wanted) {
         if (output.isEmpty())
             continue;
         const auto file = fileOf(output, options, plan.settings.frames.size());
         if (!file)
             return file.error();
-        RenderFramesSettings settings = surfaceSettings(plan.settings, content, output);
+        RenderFramesSettings run = plan.settings;
+        if (content == FrameContent::HEIGHT)
+            run.picture.form.bits = options.form.bits.value_or(16);
+        RenderFramesSettings settings = surfaceSettings(run, content, output);
         settings.file = *file;
         settings.gloss = options.gloss;
         settings.roughness = target && target->beside.roughness;
         if (content == FrameContent::HEIGHT) {
-            settings.picture.form.bits = options.form.bits.value_or(16);
             plan.findsHeights = !options.heightRange && !IIO_isFloatFile(options.height);
             const auto range = givenHeightRange(options, plan.findsHeights);
             if (!range)
@@ -226,6 +232,36 @@ void warnOfLosses(const RenderOptions& options, const RenderPlan& plan, Report& 
                        .arg(format->suffix, format->alpha ? QString() : QStringLiteral(" and no coverage")));
 }
 
+UT_Error sameFile(const QString& first, const QString& second, const QString& file)
+{
+    return UT_Error{QStringLiteral("%1 and %2 would both write %3; name different files").arg(first, second, file)};
+}
+
+// No picture of the run replaces another one.
+UT_Result<void> checkFilesDiffer(const RenderOptions& options, const std::vector<int>& frames)
+{
+    const std::pair<const char*, const QString&> frameFiles[] = {{"-o", options.output},
+                                                                 {"--lit", options.lit},
+                                                                 {"--drawing", options.drawing},
+                                                                 {"--height", options.height},
+                                                                 {"--occlusion", options.occlusion},
+                                                                 {"--numbers", options.numbers},
+                                                                 {"--gloss-file", options.glossFile}};
+    std::vector<std::pair<QString, FrameFileName>> names;
+    for (const auto& [option, output] : frameFiles)
+        if (const auto name = FrameFileName::parse(output))
+            names.emplace_back(QLatin1String(option), *name);
+    TakenFiles taken;
+    for (const int frame : frames)
+        for (const auto& [option, name] : names)
+            if (auto before = taken.take(name.of(frame), option))
+                return sameFile(*before, option, name.of(frame));
+    for (const auto& [option, file] : {std::pair("--preview", options.preview), std::pair("--html", options.page)})
+        if (auto before = taken.take(file, QLatin1String(option)))
+            return sameFile(*before, QLatin1String(option), file);
+    return {};
+}
+
 } // namespace
 
 UT_Result<RenderPlan> renderPlan(const MO_Scene& scene, const RenderOptions& options, Report& report)
@@ -262,6 +298,8 @@ UT_Result<RenderPlan> renderPlan(const MO_Scene& scene, const RenderOptions& opt
     plan.drawing = std::move(*drawing);
     if (const auto planned = planSurfaces(options, plan); !planned)
         return planned.error();
+    if (const auto differ = checkFilesDiffer(options, plan.settings.frames); !differ)
+        return differ.error();
     warnOfMissingColours(scene, options, report);
     if (!options.page.isEmpty() && plan.settings.picture.shown != RenderedKind::NORMALS)
         return UT_Error{QStringLiteral("--html lights normals, and the picture of \"%1\" is none; name a node with "

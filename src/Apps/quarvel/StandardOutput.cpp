@@ -14,6 +14,9 @@ UT_Result<QString> StandardOutput::prepare(const NormalMapOptions& options, Repo
     if (options.drawings.size() != 1)
         return UT_Error{QStringLiteral("-o - writes one picture to standard output, and there are %1 drawings")
                             .arg(options.drawings.size())};
+    if (options.canvas)
+        return UT_Error{QStringLiteral("-o - writes one picture to standard output, and --canvas joins files; name the "
+                                       "map's file with -o")};
     if (options.flips)
         return UT_Error{QStringLiteral("-o - writes one picture to standard output, and --flips makes three")};
     if (report.isJson())
@@ -38,6 +41,8 @@ UT_Result<void> StandardOutput::send(const Report& report) const
     if (!file.open(QIODevice::ReadOnly))
         return UT_Error{QStringLiteral("the picture cannot be read again: %1").arg(file.errorString())};
     const QByteArray bytes = file.readAll();
+    if (bytes.size() != file.size())
+        return UT_Error{QStringLiteral("the picture cannot be read again: %1").arg(file.errorString())};
     if (std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), report.results()) !=
         static_cast<std::size_t>(bytes.size()))
         return UT_Error{QStringLiteral("the picture cannot be written to standard output")};

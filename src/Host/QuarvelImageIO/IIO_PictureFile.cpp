@@ -44,9 +44,9 @@ UT_Result<IIO_Picture> readEightBit(const QString& path)
 }
 
 template<bool alpha>
-Format eightBit(const QString& suffix, bool texts)
+Format eightBit(const QString& suffix, bool texts, bool exact)
 {
-    return {{suffix, IIO_SampleType::UINT16, 8, alpha, texts}, writeEightBit<alpha>, readEightBit};
+    return {{suffix, IIO_SampleType::UINT16, 8, alpha, texts, exact}, writeEightBit<alpha>, readEightBit};
 }
 
 const std::vector<Format>& table()
@@ -58,10 +58,10 @@ const std::vector<Format>& table()
              IIO_readPng,
              "0000000049454e44ae426082"},
             {{QStringLiteral("exr"), IIO_SampleType::FLOAT, 32, true}, IIO_writeExr, IIO_readExr},
-            eightBit<false>(QStringLiteral("jpg"), true),
-            eightBit<false>(QStringLiteral("jpeg"), true),
-            eightBit<false>(QStringLiteral("bmp"), false),
-            eightBit<true>(QStringLiteral("webp"), false),
+            eightBit<false>(QStringLiteral("jpg"), true, false),
+            eightBit<false>(QStringLiteral("jpeg"), true, false),
+            eightBit<false>(QStringLiteral("bmp"), false, true),
+            eightBit<true>(QStringLiteral("webp"), false, false),
         };
         const QList<QByteArray> known = QImageWriter::supportedImageFormats();
         std::erase_if(rows, [&](const Format& format) {

@@ -22,6 +22,8 @@ struct IIO_PictureFormat
     bool alpha = true;
     /// False: the metadata are not written.
     bool texts = true;
+    /// False: a sample that is read back may differ from the one written by more than the rounding to its bits.
+    bool exact = true;
 };
 
 /// The formats that can be written on this machine: png, exr, and the 8-bit ones that Qt offers (jpg, jpeg, bmp, webp).

@@ -8,6 +8,7 @@
 #include "QuarvelNormalMap/NM_MaskPicture.h"
 #include "QuarvelSceneCore/graph/MO_SceneCopy.h"
 #include "jobs/shown/SurfacePictures.h"
+#include "jobs/targets/Targets.h"
 
 namespace {
 
@@ -101,6 +102,7 @@ RenderFramesSettings surfaceSettings(RenderFramesSettings run, FrameContent cont
     // Numbers as they are, not colours.
     run.picture.shown = RenderedKind::ELEVATION;
     run.picture.floatFile = IIO_isFloatFile(file);
+    run.picture.form = formInFile(run.picture.form, file);
     run.picture.half = run.picture.half && run.picture.floatFile;
     run.picture.objectNumbers = false;
     return run;

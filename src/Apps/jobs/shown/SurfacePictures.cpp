@@ -3,6 +3,7 @@
 // Joins what the node made with the objects that were noted while the drawing was painted.
 #include "jobs/shown/SurfacePictures.h"
 
+#include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelNormalMap/NM_HeightField.h"
 #include "QuarvelNormalMap/NM_Occlusion.h"
 #include "jobs/shown/StackedHeights.h"
@@ -71,14 +72,28 @@ UT_Result<IIO_Picture> occlusionPicture(const ShownFrame& frame, IIO_SampleType 
     return NM_occlusionPicture(*openness, rect, *frame.picture, frame.window, samples, pad);
 }
 
+UT_Result<void> checkNumbersFile(const QString& file)
+{
+    const UT_Result<IIO_PictureFormat> format = IIO_pictureFormatOf(file);
+    if (!format)
+        return format.error();
+    if (!format->exact)
+        return UT_Error{QStringLiteral("%1: .%2 files do not keep numbers exactly; name a .png, .bmp or .exr file for "
+                                       "the objects' numbers")
+                            .arg(file, format->suffix)};
+    return {};
+}
+
 UT_Result<IIO_Picture> numbersPicture(const ShownFrame& frame, IIO_SampleType samples, int bits)
 {
     const bool isFloat = samples == IIO_SampleType::FLOAT;
     const int most = bits == 8 ? 255 : 65535;
     if (const int largest = largestNumber(frame.objects); !isFloat && largest > most)
-        return UT_Error{QStringLiteral("object number %1 does not fit into %2 bits; say --bits 16, or write .exr")
+        return UT_Error{QStringLiteral("object number %1 does not fit into %2 bits; %3 holds it")
                             .arg(largest)
-                            .arg(bits)};
+                            .arg(bits)
+                            .arg(bits == 8 ? QStringLiteral("a .png file of 16 bits, or an .exr file,")
+                                           : QStringLiteral("an .exr file"))};
     auto picture = IIO_Picture::create(samples, frame.window, frame.window, IIO_channelsGrey());
     if (!picture)
         return picture;

@@ -24,6 +24,11 @@ UT_Result<IIO_Picture> heightPicture(const ShownFrame& frame);
 /// @param pad how far the values continue outside the silhouette, in pixels
 UT_Result<IIO_Picture> occlusionPicture(const ShownFrame& frame, IIO_SampleType samples, int pad);
 
+/// Whether a file of this name can hold object numbers.
+///
+/// @return an error for a name that ends in no known format, and for formats that do not keep samples exactly
+UT_Result<void> checkNumbersFile(const QString& file);
+
 /// Makes a picture of the object numbers in the channel Y; 0 where there is no object. A float is the number itself. In
 /// a picture of integers that is written with 8 or 16 bits, the file's sample is the number.
 ///

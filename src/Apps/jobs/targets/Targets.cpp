@@ -3,6 +3,8 @@
 // The table of programs and the look-ups in it.
 #include "jobs/targets/Targets.h"
 
+#include "QuarvelImageIO/IIO_PictureFile.h"
+
 #include <QStringList>
 
 #include <algorithm>
@@ -36,6 +38,13 @@ QString pixels(int count)
 }
 
 } // namespace
+
+NM_MapForm formInFile(NM_MapForm form, const QString& file)
+{
+    if (const UT_Result<IIO_PictureFormat> format = IIO_pictureFormatOf(file))
+        form.bits = std::min(form.bits, format->bitsPerChannel);
+    return form;
+}
 
 std::span<const Target> targets()
 {

@@ -42,6 +42,9 @@ inline constexpr NM_MapForm kFormForMost{.yAxis = NM_YAxis::UP, .alpha = NM_Alph
 /// What is added to the drawing's name for such a map's name.
 inline constexpr const char* kSuffixForMost = "_n";
 
+/// The form that a file's format can hold: with at most its bits. Unchanged for a name that ends in no known format.
+NM_MapForm formInFile(NM_MapForm form, const QString& file);
+
 /// All rows, by name.
 std::span<const Target> targets();
 
