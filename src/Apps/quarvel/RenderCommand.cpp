@@ -90,8 +90,7 @@ int renderSurface(const RenderPlan& plan, RenderFramesSettings settings, const R
             return exitCodeOf(range.error(), report);
         settings.heights = *range;
         report.remark(QStringLiteral("%1: white is %2 pixels in all frames; --height-range says so to other runs\n")
-                          .arg(output)
-                          .arg(range->white));
+                          .arg(output, QString::number(range->white)));
     }
     return renderFiles(plan, settings, options, output, report);
 }

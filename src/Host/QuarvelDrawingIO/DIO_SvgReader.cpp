@@ -82,8 +82,7 @@ UT_Result<DIO_Drawing> DIO_readSvgData(const QByteArray& data, const QString& pa
 {
     if (data.size() > kMaxFileSize)
         return UT_Error{QStringLiteral("%1: the file is larger than %2 MiB, the most that is read of a drawing")
-                            .arg(path)
-                            .arg(kMaxFileSize / (1024 * 1024))};
+                            .arg(path, QString::number(kMaxFileSize / (1024 * 1024)))};
     if (data.trimmed().isEmpty())
         return UT_Error{QStringLiteral("%1: the file is empty").arg(path)};
     if (DIO_isGzip(data)) {

@@ -12,7 +12,6 @@
 #include <QSaveFile>
 
 #include <cerrno>
-#include <cstring>
 
 namespace {
 
@@ -39,7 +38,7 @@ public:
     bool sync()
     {
         if (!UT_syncDescriptor(handle()))
-            remember(QString::fromLocal8Bit(std::strerror(errno)));
+            remember(qt_error_string(errno));
         return !_failed;
     }
 

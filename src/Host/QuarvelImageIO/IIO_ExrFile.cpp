@@ -180,12 +180,12 @@ UT_Result<void> IIO_writeExr(const QString& path, const IIO_Picture& picture, co
     if (const QString key = unfitKey(picture.metadata()); !key.isEmpty())
         return UT_Error{QStringLiteral("cannot write \"%1\": \"%2\" cannot be a metadata key").arg(path, key)};
     IIO_AtomicFile file(path);
-    if (const auto opened = file.open(); !opened)
+    if (auto opened = file.open(); !opened)
         return opened;
     try {
         writeStream(file.device(), path.toUtf8(), picture, options);
     } catch (const std::exception& exception) {
-        if (const auto abandoned = file.abandon(); !abandoned)
+        if (auto abandoned = file.abandon(); !abandoned)
             return abandoned;
         return UT_Error{QStringLiteral("cannot write \"%1\": %2").arg(path, QString::fromLocal8Bit(exception.what()))};
     }

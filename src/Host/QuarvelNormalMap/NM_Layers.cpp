@@ -102,7 +102,7 @@ struct LinearEncoder
             std::fill_n(samples, 4, 0.0F);
             return;
         }
-        const double coverage = static_cast<double>(pixel.a);
+        const auto coverage = static_cast<double>(pixel.a);
         const float alpha = NM_clampSample(NM_toSample<float>(pixel.a));
         const auto linear = [&](auto channel) {
             return NM_linearOfSrgb(static_cast<float>(static_cast<double>(channel) / coverage)) * alpha;

@@ -83,6 +83,7 @@ template<typename Sample, typename Pixel>
 void encode(const CEL_PixelStore<Pixel>& source, IIO_Picture& picture, const NM_PictureSettings& settings)
 {
     const double ySign = settings.yAxis == NM_YAxis::UP ? -1.0 : 1.0;
+    // NOLINTNEXTLINE(bugprone-branch-clone): the encoders differ.
     if (settings.layout == NM_Layout::NODE)
         NM_encodeRows<Sample>(source, picture, NodeEncoder<Sample>{});
     else if constexpr (std::is_same_v<Sample, std::uint16_t> && std::is_same_v<Pixel, CEL_PixelRGBA16>)

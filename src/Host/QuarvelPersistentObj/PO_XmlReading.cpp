@@ -96,7 +96,7 @@ QString findError(QXmlStreamReader& reader, qint64 maxParts)
 
 UT_Error errorAt(const QString& source, qint64 line, const QString& reason)
 {
-    return {translated("%1, line %2: %3").arg(source).arg(line).arg(reason)};
+    return {translated("%1, line %2: %3").arg(source, QString::number(line), reason)};
 }
 
 qint64 lineAt(const QByteArray& bytes, qsizetype offset)

@@ -118,6 +118,7 @@ std::vector<std::size_t> islandsOf(const std::vector<QPainterPath>& loops, const
     std::vector<std::size_t> islands(loops.size());
     std::iota(islands.begin(), islands.end(), std::size_t{0});
     std::vector<int> area;
+    area.reserve(loops.size());
     for (const QPainterPath& loop : loops)
         area.push_back(areas.of(loop, grid.toCells()));
     for (std::size_t i = 0; i < loops.size(); ++i)

@@ -97,6 +97,7 @@ private:
         std::vector<int> siblings = _inner.siblings(_shape, base);
         std::erase_if(siblings, [&](int sibling) { return _ink.isInk(facts(sibling)); });
         std::vector<Verdict> verdicts;
+        verdicts.reserve(siblings.size());
         for (const int sibling : siblings)
             verdicts.push_back(judgeInner(_inner.of(sibling, base, around, static_cast<int>(siblings.size()) - 1)));
         const auto isObject = [](const Verdict& verdict) { return verdict.kind == Verdict::Kind::OBJECT; };
@@ -130,8 +131,7 @@ private:
             return {};
         for (const int piece : part.body) {
             const QRect near = facts(piece).mask.box().adjusted(-2, -2, 2, 2);
-            const QString reason =
-                near.intersects(facts().mask.box()) ? joins(facts(), facts(piece), meeting) : QString();
+            QString reason = near.intersects(facts().mask.box()) ? joins(facts(), facts(piece), meeting) : QString();
             if (!reason.isEmpty())
                 return reason;
         }

@@ -118,8 +118,8 @@ QPolygonF simplified(const QPolygonF& points)
         if (at < 0)
             continue;
         kept[static_cast<std::size_t>(at)] = true;
-        open.push_back({from, at});
-        open.push_back({at, to});
+        open.emplace_back(from, at);
+        open.emplace_back(at, to);
     }
     QPolygonF simple;
     for (qsizetype i = 0; i < points.size(); ++i)

@@ -245,6 +245,7 @@ std::vector<QPainterPath> areasBetween(const QImage& lines, const Grid& grid)
 
     const QTransform toDrawing = grid.toCells().inverted();
     std::vector<QPainterPath> outlines;
+    outlines.reserve(large.size());
     for (const auto& [cells, mask] : large)
         outlines.push_back(toDrawing.map(outlineOf(mask)));
     return outlines;

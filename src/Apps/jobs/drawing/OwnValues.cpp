@@ -89,7 +89,8 @@ UT_Result<ObjectWishes> readFolderWishes(const QString& drawing)
     for (const QString& line : QString::fromUtf8(bytes).split(u'\n')) {
         ++number;
         if (const UT_Result<void> taken = lines.take(line.trimmed()); !taken)
-            return UT_Error{QStringLiteral("%1, line %2: %3").arg(path).arg(number).arg(taken.error().sentence())};
+            return UT_Error{
+                QStringLiteral("%1, line %2: %3").arg(path, QString::number(number), taken.error().sentence())};
     }
     return std::move(lines.wishes);
 }

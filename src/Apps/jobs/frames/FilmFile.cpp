@@ -15,7 +15,6 @@
 #include <QTemporaryDir>
 
 #include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <system_error>
 
@@ -95,7 +94,7 @@ public:
             _process.exitCode() != 0)
             return failure();
         if (!UT_syncPath(_part))
-            return cannotWrite(QString::fromLocal8Bit(std::strerror(errno)));
+            return cannotWrite(qt_error_string(errno));
         if (const auto whole = readBackFilm(_programs, _part, _frames); !whole)
             return cannotWrite(whole.error().sentence());
         std::error_code error;

@@ -35,7 +35,7 @@ UT_Result<void> framesInOrder(std::span<const int> frames, int atOnce, const QSt
         const auto work = [&](std::size_t i) {
             tbb::task_arena arena(share);
             VL_executeIn(arena, [&] {
-                made[i] = UT_withinMemory(QStringLiteral("%1 of frame %2").arg(what).arg(numbers[i]),
+                made[i] = UT_withinMemory(QStringLiteral("%1 of frame %2").arg(what, QString::number(numbers[i])),
                                           QStringLiteral("choose fewer jobs"), [&] { return make(numbers[i]); });
             });
         };

@@ -187,7 +187,7 @@ void SequenceBuilder::nameLayers()
             name = _name;
         QString unique = name;
         for (int n = 2; taken.contains(unique); ++n)
-            unique = QStringLiteral("%1 %2").arg(name).arg(n);
+            unique = QStringLiteral("%1 %2").arg(name, QString::number(n));
         taken.insert(unique);
         layer.built.name = unique;
     }

@@ -154,7 +154,7 @@ UT_Result<int> LitPageFile::indexOf(const IIO_Picture& picture)
         return *known;
     const int index = static_cast<int>(_pictures.size());
     _pictures.insert(digest, index);
-    write("<script type=\"text/plain\" id=\"picture-" + QByteArray::number(index) + "\">" + png->toBase64() +
+    write(R"(<script type="text/plain" id="picture-)" + QByteArray::number(index) + "\">" + png->toBase64() +
           "</script>\n");
     return index;
 }

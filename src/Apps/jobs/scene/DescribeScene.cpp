@@ -89,11 +89,10 @@ void describeElements(const MO_Scene& scene, QStringList& lines)
         const int first = scene.firstFrame();
         const QString shown = element->drawingAttr()->drawing(first);
         lines << QStringLiteral("  %1  %2 %3, %4 at frame %5")
-                     .arg(element->instanceName())
-                     .arg(count)
-                     .arg(count == 1 ? QStringLiteral("drawing") : QStringLiteral("drawings"),
-                          shown.isEmpty() ? QStringLiteral("none") : QStringLiteral("\"%1\"").arg(shown))
-                     .arg(first);
+                     .arg(element->instanceName(), QString::number(count),
+                          count == 1 ? QStringLiteral("drawing") : QStringLiteral("drawings"),
+                          shown.isEmpty() ? QStringLiteral("none") : QStringLiteral("\"%1\"").arg(shown),
+                          QString::number(first));
     });
 }
 
@@ -115,7 +114,8 @@ void describePalettes(const MO_Scene& scene, QStringList& lines)
 {
     lines << QString() << QStringLiteral("palettes");
     for (const auto& palette : scene.palettes()) {
-        lines << QStringLiteral("  %1  %2 colours").arg(palette->GetName().ToQString()).arg(palette->colors().size());
+        lines << QStringLiteral("  %1  %2 colours")
+                     .arg(palette->GetName().ToQString(), QString::number(palette->colors().size()));
         for (const auto& colour : palette->colors())
             lines << QStringLiteral("    %1  %2")
                          .arg(hexOf(colour->GetNominalColor()), colour->GetColorName().ToQString());

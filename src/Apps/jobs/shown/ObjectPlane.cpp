@@ -49,7 +49,7 @@ void ObjectPlane::take(const CEL_PixelStore<Pixel>& pixels, std::uint32_t index)
         const std::span<std::uint32_t> target = row(y).subspan(static_cast<std::size_t>(rect.x1 - _rect.x1));
         const auto source = pixels.row(y);
         for (std::size_t i = 0; i < source.size(); ++i) {
-            const double coverage = static_cast<double>(source[i].a);
+            const auto coverage = static_cast<double>(source[i].a);
             const bool isHalf = coverage * 2.0 >= static_cast<double>(CEL_PixelTraits<Pixel>::kFull);
             if (isHalf || (coverage > 0.0 && target[i] == 0))
                 target[i] = index;

@@ -30,7 +30,8 @@ QByteArray canvasTexture(const CanvasTextureFiles& files)
     int id = 0;
     for (const auto& [property, file] : textures) {
         const QString path = folder.relativeFilePath(QFileInfo(file).absoluteFilePath());
-        named += QStringLiteral("[ext_resource type=\"Texture2D\" path=%1 id=\"%2\"]\n").arg(quoted(path)).arg(++id);
+        named += QStringLiteral("[ext_resource type=\"Texture2D\" path=%1 id=\"%2\"]\n")
+                     .arg(quoted(path), QString::number(++id));
         used += QStringLiteral("%1 = ExtResource(\"%2\")\n").arg(property).arg(id);
     }
     return QStringLiteral("[gd_resource type=\"CanvasTexture\" load_steps=%1 format=3]\n\n%2\n[resource]\n%3")

@@ -63,7 +63,7 @@ void addOnce(std::vector<Item>& items, const Item& item)
 
 QString nameOf(const ObjectDefinition& definition)
 {
-    const QString name = definition.instanceName();
+    const QString& name = definition.instanceName();
     return name.endsWith(kSuffix) && name.size() > kSuffix.size() ? name.chopped(kSuffix.size()) : name;
 }
 
@@ -164,6 +164,7 @@ std::vector<SceneObject> selectedOf(const std::vector<SceneObject>& objects, con
     }
     std::ranges::stable_sort(selected, {}, &std::pair<qsizetype, const SceneObject*>::first);
     std::vector<SceneObject> result;
+    result.reserve(selected.size());
     for (const auto& [place, object] : selected)
         result.push_back(*object);
     return result;

@@ -37,9 +37,9 @@ UT_Result<void> takeVolume(const ShownFrame& shown, RenderedFrame& made)
     made.node = shown.picture;
     const auto elevation =
         NM_elevationOf(*shown.picture, shown.elevationChannel(), shown.window, shown.window, IIO_SampleType::UINT16);
-    if (const auto taken = takeImage(elevation, made.elevation); !taken || shown.kind != RenderedKind::NORMALS)
+    if (auto taken = takeImage(elevation, made.elevation); !taken || shown.kind != RenderedKind::NORMALS)
         return taken;
-    if (const auto taken = takeImage(NM_toPicture(*shown.picture, shown.window, {}), made.normals); !taken)
+    if (auto taken = takeImage(NM_toPicture(*shown.picture, shown.window, {}), made.normals); !taken)
         return taken;
     return made.surface.setNormals(*shown.picture, shown.window);
 }
@@ -126,18 +126,18 @@ UT_Result<std::shared_ptr<RenderedFrame>> SceneSnapshot::render(int frame, const
     auto surface = NM_Surface::create({size.width(), size.height()});
     if (!surface)
         return surface.error();
-    auto made = std::shared_ptr<RenderedFrame>(new RenderedFrame{.frame = frame,
-                                                                 .fullSize = fullSize,
-                                                                 .size = size,
-                                                                 .nodeName = _shown->module().instanceName(),
-                                                                 .kind = _shown->kind(),
-                                                                 .drawing = painted->image,
-                                                                 .elevation = {},
-                                                                 .normals = {},
-                                                                 .surface = std::move(*surface),
-                                                                 .node = {},
-                                                                 .channels = {},
-                                                                 .inputs = painted->inputs});
+    auto made = std::make_shared<RenderedFrame>(RenderedFrame{.frame = frame,
+                                                              .fullSize = fullSize,
+                                                              .size = size,
+                                                              .nodeName = _shown->module().instanceName(),
+                                                              .kind = _shown->kind(),
+                                                              .drawing = painted->image,
+                                                              .elevation = {},
+                                                              .normals = {},
+                                                              .surface = std::move(*surface),
+                                                              .node = {},
+                                                              .channels = {},
+                                                              .inputs = painted->inputs});
     if (const auto done = takeVolume(*shown, *made); !done)
         return done.error();
     if (const auto set = made->surface.setDrawing(*painted->picture); !set)

@@ -119,9 +119,9 @@ void DIO_RecordingEngine::stroke(const QPainterPath& path)
         record(_outliner.outline(path, _pen, _toDevice), _pen.brush());
 }
 
-void DIO_RecordingEngine::record(QPainterPath devicePath, const QBrush& brush)
+void DIO_RecordingEngine::record(const QPainterPath& devicePath, const QBrush& brush)
 {
-    DIO_RecordedShape shape{std::move(devicePath), brush, _opacity, {}, false};
+    DIO_RecordedShape shape{devicePath, brush, _opacity, {}, false};
     // The painter knows its whole clip, in its current coordinates.
     if (painter() && painter()->hasClipping()) {
         shape.clipped = true;

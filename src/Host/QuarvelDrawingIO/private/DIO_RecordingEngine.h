@@ -43,7 +43,7 @@ public:
 private:
     void fill(const QPainterPath& path, const QBrush& brush);
     void stroke(const QPainterPath& path);
-    void record(QPainterPath devicePath, const QBrush& brush);
+    void record(const QPainterPath& devicePath, const QBrush& brush);
 
     DIO_ShapeSink& _sink;
     DIO_StrokeOutliner _outliner;

@@ -65,7 +65,7 @@ QString namesOf(const std::vector<DIO_Paint>& palette, DIO_Paint::Kind kind)
         else if (paint.kind == kind)
             ++more;
     const QString list = names.join(QStringLiteral(", "));
-    return more == 0 ? list : QStringLiteral("%1 and %2 more").arg(list).arg(more);
+    return more == 0 ? list : QStringLiteral("%1 and %2 more").arg(list, QString::number(more));
 }
 
 } // namespace

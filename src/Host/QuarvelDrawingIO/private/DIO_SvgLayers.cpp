@@ -76,7 +76,7 @@ QString nameOf(const DIO_XmlNode& node, qsizetype number)
                                   node.attribute(QLatin1String("data-name")),
                                   decodedId(node.attribute(QLatin1String("id")))};
     for (const QString& candidate : candidates)
-        if (const QString name = candidate.simplified(); !name.isEmpty())
+        if (QString name = candidate.simplified(); !name.isEmpty())
             return name;
     return QStringLiteral("Layer %1").arg(number);
 }

@@ -151,13 +151,13 @@ private:
     UT_Error failure() const
     {
         if (!_problem.isEmpty())
-            return {QStringLiteral("%1, line %2: the file %3").arg(_path).arg(_xml.lineNumber()).arg(_problem)};
+            return {
+                QStringLiteral("%1, line %2: the file %3").arg(_path, QString::number(_xml.lineNumber()), _problem)};
         return {QStringLiteral(
                     "%1, line %2: this is not well-formed XML (%3); save the drawing again from the program that "
                     "made it")
-                    .arg(_path)
-                    .arg(_xml.lineNumber())
-                    .arg(_xml.errorString().remove(QRegularExpression(QStringLiteral("\\.\\s*$"))))};
+                    .arg(_path, QString::number(_xml.lineNumber()),
+                         _xml.errorString().remove(QRegularExpression(QStringLiteral("\\.\\s*$"))))};
     }
 
     QXmlStreamReader _xml;

@@ -135,9 +135,7 @@ public:
         if (element.tagName() != _module.getXmlElementName() ||
             PO_attribute(element, kAttributeType) != _module.keyword()) {
             warn(QCoreApplication::translate("MO_Module", "The element <%1> at line %2 is no module of the kind \"%3\"")
-                     .arg(element.tagName())
-                     .arg(element.lineNumber())
-                     .arg(_module.keyword()));
+                     .arg(element.tagName(), QString::number(element.lineNumber()), _module.keyword()));
             return false;
         }
         _module._graphPlace.reset();

@@ -109,7 +109,7 @@ UT_Result<void> MO_Port::mayConnect(const MO_Port& source) const
 
 UT_Result<void> MO_Port::connect(MO_Port& source)
 {
-    if (const auto possible = mayConnect(source); !possible)
+    if (auto possible = mayConnect(source); !possible)
         return possible;
     if (_source == &source)
         return {};

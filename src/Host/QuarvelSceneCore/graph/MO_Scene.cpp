@@ -49,11 +49,11 @@ UT_Result<void> MO_Scene::mayConnect(const MO_Module& source, const MO_Module& t
 {
     const MO_Port* const from = source.outPort(outPort);
     if (!from)
-        return UT_Error{Texts::tr("\"%1\" has no output port %2").arg(source.instanceName()).arg(outPort)};
+        return UT_Error{Texts::tr("\"%1\" has no output port %2").arg(source.instanceName(), QString::number(outPort))};
     if (const MO_Port* const to = target.inPort(inPort))
         return to->mayConnect(*from);
     if (inPort >= target.maxInPorts())
-        return UT_Error{Texts::tr("\"%1\" has no input port %2").arg(target.instanceName()).arg(inPort)};
+        return UT_Error{Texts::tr("\"%1\" has no input port %2").arg(target.instanceName(), QString::number(inPort))};
     return MO_Port::mayLink(source, target);
 }
 

@@ -180,7 +180,7 @@ QString XUGroup::claimName(MO_Node& node, const QString& wanted)
     if (all._names.contains(name)) {
         int& number = all._nextNumbers[base];
         do
-            name = QStringLiteral("%1_%2").arg(base).arg(++number);
+            name = QStringLiteral("%1_%2").arg(base, QString::number(++number));
         while (all._names.contains(name));
     }
     all._names.insert(name, module);

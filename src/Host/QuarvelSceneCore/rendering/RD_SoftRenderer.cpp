@@ -24,7 +24,7 @@ bool isPossible(int pixels)
 
 CA_CelRef toPixels(const CA_CelRef& cel, const RD_RenderParameters& parameters)
 {
-    const CA_CelRef converted = cel ? cel->convertTo(parameters.celFormat()) : nullptr;
+    CA_CelRef converted = cel ? cel->convertTo(parameters.celFormat()) : nullptr;
     if (const auto pixels = converted ? converted->pixmap() : nullptr) {
         // The scene may change as soon as the caller has the picture.
         pixels->makePixels();
@@ -52,7 +52,8 @@ UT_Result<CA_CelRef> RD_SoftRenderer::render(MO_Module& module, double frame, co
                             .arg(height)
                             .arg(RD_RenderParameters::kMaxResolution),
                         UT_ErrorKind::REFUSED};
-    const QString place = translated("\"%1\" was not rendered at frame %2").arg(module.instanceName()).arg(frame);
+    const QString place =
+        translated("\"%1\" was not rendered at frame %2").arg(module.instanceName(), QString::number(frame));
     try {
         return toPixels(RD_FrameRender(frame, parameters, progress, kept).render(module), parameters);
     } catch (const RD_FrameRender::Aborted& aborted) {

@@ -11,7 +11,6 @@
 #include <QFileInfo>
 
 #include <cerrno>
-#include <cstring>
 #include <filesystem>
 
 namespace {
@@ -63,8 +62,7 @@ UT_Result<void> SIO_FileSystem::writeFile(const QString& path, const QByteArray&
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered) || !writeAll(file, bytes))
         return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot write \"%1\": %2"), path, file.errorString());
     if (!UT_syncDescriptor(file.handle()))
-        return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot write \"%1\": %2"), path,
-                       QString::fromLocal8Bit(std::strerror(errno)));
+        return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot write \"%1\": %2"), path, qt_error_string(errno));
     return {};
 }
 
@@ -113,6 +111,6 @@ UT_Result<void> SIO_FileSystem::sync(const QString& folder)
 {
     if (!UT_syncPath(folder))
         return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot write the folder \"%1\": %2"), folder,
-                       QString::fromLocal8Bit(std::strerror(errno)));
+                       qt_error_string(errno));
     return {};
 }

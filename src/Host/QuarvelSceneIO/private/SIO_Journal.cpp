@@ -240,7 +240,7 @@ UT_Result<void> SIO_changeFiles(const QString& folder, const QMap<QString, QByte
     if (changed.isEmpty() && deletes.isEmpty())
         return {};
     const auto journal = stage(folder, changed, deletes, disk);
-    const auto committed = journal ? commit(folder, disk) : UT_Result<void>(journal.error());
+    auto committed = journal ? commit(folder, disk) : UT_Result<void>(journal.error());
     if (!committed) {
         (void)dropStaging(folder, disk);
         return committed;

@@ -13,7 +13,6 @@
 
 #ifdef Q_OS_UNIX
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -45,8 +44,7 @@ UT_Error isNoPlainFile(const QString& path)
 UT_Error isTooLarge(const QString& path, qint64 maxBytes)
 {
     return {QCoreApplication::translate("SIO_SafeFile", "\"%1\" is larger than %2 MiB")
-                .arg(QDir::toNativeSeparators(path))
-                .arg(maxBytes >> 20)};
+                .arg(QDir::toNativeSeparators(path), QString::number(maxBytes >> 20))};
 }
 
 UT_Error isUnreadable(const QString& path, const QString& reason)
@@ -91,7 +89,7 @@ UT_Result<Bytes> failure(const QString& path, int reason)
         return Bytes();
     if (reason == ELOOP)
         return isLink(path);
-    return isUnreadable(path, QString::fromLocal8Bit(std::strerror(reason)));
+    return isUnreadable(path, qt_error_string(reason));
 }
 
 UT_Result<Bytes> readOpened(int file, const QString& path, qint64 size, qint64 maxBytes)

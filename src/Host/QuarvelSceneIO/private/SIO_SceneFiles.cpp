@@ -67,11 +67,11 @@ private:
     void addFile(const QString& path, const QByteArray& bytes)
     {
         if (bytes.size() > SIO_maxBytesOf(path))
-            fail(Texts::tr("\"%1\" would be larger than %2 MiB").arg(path).arg(SIO_maxBytesOf(path) >> 20));
+            fail(
+                Texts::tr("\"%1\" would be larger than %2 MiB").arg(path, QString::number(SIO_maxBytesOf(path) >> 20)));
         if (partsOf(bytes) > SIO_maxPartsOf(path))
             fail(Texts::tr("\"%1\" would have more than %2 elements and attributes")
-                     .arg(path)
-                     .arg(SIO_maxPartsOf(path)));
+                     .arg(path, QString::number(SIO_maxPartsOf(path))));
         _files.insert(path, bytes);
     }
 

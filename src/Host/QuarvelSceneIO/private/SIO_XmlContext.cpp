@@ -25,7 +25,7 @@ UT_Error SIO_XmlContext::error(const QDomElement& element, const QString& reason
 
 QString SIO_XmlContext::placeOf(const QDomElement& element) const
 {
-    return Texts::tr("%1, line %2").arg(_file).arg(element.lineNumber());
+    return Texts::tr("%1, line %2").arg(_file, QString::number(element.lineNumber()));
 }
 
 void SIO_XmlContext::warn(const QDomElement& element, const QString& reason) const

@@ -53,7 +53,7 @@ void merge(UT_SharedPtr<CEL_PixmapArea>& accumulator, const UT_SharedPtr<CEL_Pix
         mergeInto(*accumulator, *input);
         return;
     }
-    const auto before = accumulator;
+    auto before = accumulator;
     accumulator = CEL_PixmapFactory::create2d(before->format(), before->size(), before->canvasRect());
     accumulator->defer(before->unitedInCanvas(*input), [before, input] {
         mergeInto(*before, *input);

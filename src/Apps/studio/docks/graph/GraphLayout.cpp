@@ -191,6 +191,7 @@ private:
     void pack(std::vector<int>& row)
     {
         std::vector<double> places;
+        places.reserve(row.size());
         for (const int index : row)
             places.push_back(node(index).x);
         place(row, places);
@@ -208,6 +209,7 @@ private:
         for (int sweep = 0; sweep < kOrderSweeps; ++sweep)
             forEachRow(sweep % 2 == 0, [&](std::vector<int>& row, bool above) {
                 std::vector<std::pair<double, int>> keys;
+                keys.reserve(row.size());
                 for (const int index : row)
                     keys.emplace_back(wanted(node(index), above), index);
                 std::ranges::stable_sort(keys, {}, &std::pair<double, int>::first);
@@ -221,6 +223,7 @@ private:
         for (int sweep = 0; sweep < kPlaceSweeps; ++sweep)
             forEachRow(sweep % 2 == 0, [&](std::vector<int>& row, bool above) {
                 std::vector<double> places;
+                places.reserve(row.size());
                 for (const int index : row)
                     places.push_back(wanted(node(index), above));
                 place(row, places);

@@ -382,7 +382,7 @@ bool TimelineCanvas::viewportEvent(QEvent* event)
     const QString text =
         help->pos().x() < kNameWidth
             ? found.label
-            : tr("%1, frame %2: %3").arg(found.label).arg(frame).arg(value.isEmpty() ? tr("nothing") : value);
+            : tr("%1, frame %2: %3").arg(found.label, QString::number(frame), value.isEmpty() ? tr("nothing") : value);
     QToolTip::showText(help->globalPos(), text, viewport());
     return true;
 }

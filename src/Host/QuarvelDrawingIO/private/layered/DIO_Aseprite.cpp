@@ -314,9 +314,8 @@ private:
             const auto next = static_cast<std::size_t>(tag.to) + 1;
             const int last = next < firsts.size() ? firsts[next] : _made.frames;
             tags << QStringLiteral("%1 is %2-%3")
-                        .arg(tag.name)
-                        .arg(firsts[static_cast<std::size_t>(tag.from)] + 1)
-                        .arg(last);
+                        .arg(tag.name, QString::number(firsts[static_cast<std::size_t>(tag.from)] + 1),
+                             QString::number(last));
         }
         if (_made.frames > 1 && !tags.isEmpty())
             _made.warnings.append(

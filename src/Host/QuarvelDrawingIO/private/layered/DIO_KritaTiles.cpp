@@ -75,7 +75,7 @@ std::vector<std::uint8_t> unpackLzf(Bytes packed, std::size_t size)
 QRgba64 pixelOf(Bytes bytes, const DIO_KritaForm& form)
 {
     const auto sample = [&](int channel) {
-        const auto at = static_cast<std::size_t>(channel * form.bytes);
+        const auto at = static_cast<std::size_t>(channel) * static_cast<std::size_t>(form.bytes);
         return static_cast<quint16>(form.bytes == 1 ? bytes[at] * 257 : bytes[at] | bytes[at + 1] << 8);
     };
     if (form.channels == 2)
@@ -149,7 +149,7 @@ private:
         for (int y = 0; y < kSide; ++y) {
             auto* const row = reinterpret_cast<QRgba64*>(image.scanLine(corner.y() + y)) + corner.x();
             for (int x = 0; x < kSide; ++x) {
-                const auto at = static_cast<std::size_t>(y * kSide + x);
+                const auto at = static_cast<std::size_t>(y) * kSide + static_cast<std::size_t>(x);
                 for (std::size_t byte = 0; byte < _form.pixelBytes(); ++byte)
                     pixel[byte] = isPacked ? bytes[byte * kTilePixels + at] : bytes[at * _form.pixelBytes() + byte];
                 row[x] = pixelOf(pixel, _form);
