@@ -3,6 +3,7 @@
 // Reads, builds, saves; a scene that is there already stays unless it may be written over.
 #include "ImportCommand.h"
 
+#include "ExitCodes.h"
 #include "InputAdvice.h"
 #include "LoadPlugIns.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
@@ -19,9 +20,6 @@
 #include <new>
 
 namespace {
-
-constexpr int kFailed = 1;
-constexpr int kWrongUsage = 2;
 
 // Checked before anything is read, so that nobody waits for a refusal.
 UT_Result<void> checkOutput(const ImportOptions& options)

@@ -28,7 +28,8 @@ UT_Result<ImportOptions> parseImportOptions(const QStringList& words);
 /// Runs the command.
 ///
 /// @param words the words after "import"
-/// @return the exit code: 0 when the scene was made, 1 when it was not, 2 when the command line was wrong
+/// @return the exit code (ExitCodes.h): 0 when the scene was made, 1 when it was not, 2 when the command line was
+/// wrong, 130 or 143 when a signal stopped it
 int runImportCommand(const QStringList& words, Report& report);
 
 /// What "quarvel help import" prints.

@@ -3,6 +3,7 @@
 // A scene is a folder; a picture that was rendered of a scene says so; anything else is taken for a drawing.
 #include "InspectCommand.h"
 
+#include "ExitCodes.h"
 #include "FormOptions.h"
 #include "InputAdvice.h"
 #include "OpenScene.h"
@@ -20,8 +21,6 @@
 
 namespace {
 
-constexpr int kFailed = 1;
-constexpr int kWrongUsage = 2;
 constexpr int kExplainedWidth = 1024;
 
 struct InspectOptions

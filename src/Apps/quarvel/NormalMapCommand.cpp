@@ -7,6 +7,7 @@
 #include "AtlasFiles.h"
 #include "DrawingRun.h"
 #include "DrawingsInFolder.h"
+#include "ExitCodes.h"
 #include "InOrder.h"
 #include "KeptMaps.h"
 #include "LoadPlugIns.h"
@@ -30,9 +31,6 @@
 #include <shared_mutex>
 
 namespace {
-
-constexpr int kFailed = 1;
-constexpr int kWrongUsage = 2;
 
 // Pages come one after the other: what a page's sprites share is read from its folder.
 int drawingsAtOnce(const NormalMapOptions& options)

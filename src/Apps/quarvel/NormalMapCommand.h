@@ -10,5 +10,6 @@ class Report;
 /// Runs the command.
 ///
 /// @param words the words after "normalmap"
-/// @return the exit code: 0 when every drawing was done, 1 when one was not, 2 when the command line was wrong
+/// @return the exit code (ExitCodes.h): 0 when every drawing was done, 1 when one was not, 2 when the command line was
+/// wrong, 130 or 143 when a signal stopped it
 int runNormalMapCommand(const QStringList& words, Report& report);

@@ -3,6 +3,7 @@
 // From the words to a run: the plan is made first, and only then is anything rendered or written.
 #include "RenderCommand.h"
 
+#include "ExitCodes.h"
 #include "OpenScene.h"
 #include "RenderOptions.h"
 #include "RenderPlan.h"
@@ -18,9 +19,6 @@
 #include <algorithm>
 
 namespace {
-
-constexpr int kFailed = 1;
-constexpr int kWrongUsage = 2;
 
 RenderFramesResult run(const RenderPlan& plan, const RenderFramesSettings& settings, const RenderOptions& options,
                        Report& report)

@@ -10,6 +10,6 @@ class Report;
 /// Runs the command.
 ///
 /// @param words the words after "render"
-/// @return the exit code: 0 when every frame was done, 1 when one was not or the scene cannot be rendered, 2 when the
-/// command line was wrong, 130 when a signal stopped it
+/// @return the exit code (ExitCodes.h): 0 when every frame was done, 1 when one was not or the scene cannot be
+/// rendered, 2 when the command line was wrong, 130 or 143 when a signal stopped it
 int runRenderCommand(const QStringList& words, Report& report);

@@ -3,6 +3,7 @@
 // Loads, changes, saves. A change that changes nothing is not saved.
 #include "SetCommand.h"
 
+#include "ExitCodes.h"
 #include "FormOptions.h"
 #include "OpenScene.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
@@ -16,9 +17,6 @@
 #include <optional>
 
 namespace {
-
-constexpr int kFailed = 1;
-constexpr int kWrongUsage = 2;
 
 bool isObjectOption(const QString& word)
 {

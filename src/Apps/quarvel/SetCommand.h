@@ -10,8 +10,8 @@ class Report;
 /// Runs the command.
 ///
 /// @param words the words after "set"
-/// @return the exit code: 0 when it was done, 1 when the scene could not be read or written, 2 when the command line
-/// was wrong; the scene is then unchanged
+/// @return the exit code (ExitCodes.h): 0 when it was done, 1 when the scene could not be read or written, 2 when the
+/// command line was wrong, 130 or 143 when a signal stopped it. After 1 and 2 the scene is unchanged
 int runSetCommand(const QStringList& words, Report& report);
 
 /// What "quarvel help set" prints.

@@ -2,6 +2,7 @@
 //
 // quarvel: the command line. Its first word names a command.
 #include "Completion.h"
+#include "ExitCodes.h"
 #include "ImportCommand.h"
 #include "InspectCommand.h"
 #include "ManualPage.h"
@@ -29,9 +30,6 @@
 #include <vector>
 
 namespace {
-
-constexpr int kFailed = 1;
-constexpr int kWrongUsage = 2;
 
 struct Command
 {
