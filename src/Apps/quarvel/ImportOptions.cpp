@@ -29,14 +29,6 @@ Taken takeOutput(ImportOptions& options, const QString& option, const QString& v
     return {};
 }
 
-Take<ImportOptions> flag(bool ImportOptions::*member)
-{
-    return [member](ImportOptions& options, const QString&, const QString&) -> Taken {
-        options.*member = true;
-        return {};
-    };
-}
-
 std::vector<Row> rows()
 {
     std::vector<Row> all{{{QStringLiteral("o"), QStringLiteral("output")}, true, takeOutput},

@@ -34,12 +34,6 @@ struct InspectOptions
 
 std::vector<OptionRow<InspectOptions>> rows()
 {
-    const auto flag = [](bool InspectOptions::*member) {
-        return [member](InspectOptions& options, const QString&, const QString&) -> Taken {
-            options.*member = true;
-            return {};
-        };
-    };
     const auto takeExplain = [](InspectOptions& options, const QString& option, const QString& value) -> Taken {
         if (QFileInfo(value).suffix().compare(QLatin1String("png"), Qt::CaseInsensitive) != 0)
             return UT_Error{QStringLiteral("%1 takes the name of a .png file, not \"%2\"").arg(option, value)};

@@ -39,8 +39,7 @@ Take<NormalMapOptions> number(Member member, double low, double high)
     };
 }
 
-template<typename Member>
-Take<NormalMapOptions> flag(Member member, bool value)
+Take<NormalMapOptions> setting(bool NormalMapSettings::*member, bool value)
 {
     return [=](NormalMapOptions& options, const QString&, const QString&) -> Taken {
         options.settings.*member = value;
@@ -237,40 +236,20 @@ std::vector<Row> rows()
         {{s("margin")}, true, wholePixels([](Options& o) -> int& { return o.margin; })},
         {{s("spacing")}, true, wholePixels([](Options& o) -> int& { return o.spacing; })},
         {{s("atlas")}, true, text(&Options::atlas)},
-        {{s("animation")},
-         false,
-         [](Options& o, const QString&, const QString&) -> Taken {
-             o.animation = true;
-             return {};
-         }},
-        {{s("connected")},
-         false,
-         [](Options& o, const QString&, const QString&) -> Taken {
-             o.connected = true;
-             return {};
-         }},
+        {{s("animation")}, false, flag(&Options::animation)},
+        {{s("connected")}, false, flag(&Options::connected)},
         {{s("tile")},
          true,
          choice({s("x"), s("y"), s("both")}, [](Options& o, int i) { o.tiling = {.x = i != 1, .y = i != 0}; })},
-        {{s("canvas")},
-         false,
-         [](Options& o, const QString&, const QString&) -> Taken {
-             o.canvas = true;
-             return {};
-         }},
-        {{s("flips")},
-         false,
-         [](Options& o, const QString&, const QString&) -> Taken {
-             o.flips = true;
-             return {};
-         }},
+        {{s("canvas")}, false, flag(&Options::canvas)},
+        {{s("flips")}, false, flag(&Options::flips)},
         {{s("light")}, true, takeLight},
         {{s("size")},
          true,
          [](Options& o, const QString& option, const QString& value) {
              return keep(parseSize(option, value), [&](QSize size) { o.settings.size = size; });
          }},
-        {{s("float")}, false, flag(&Settings::renderInFloat, true)},
+        {{s("float")}, false, setting(&Settings::renderInFloat, true)},
         {{s("truck")}, true, number(&Settings::truck, 0.001, 1000.0)},
         objectOptionRow<Options>([](Options& o) -> ObjectWishes& { return o.settings; }),
         {{s("bevel")}, true, takeBevel},
@@ -284,16 +263,11 @@ std::vector<Row> rows()
                 [](Options& o, int i) {
                     o.settings.normalQuality = kQualities[i].toUpper() + QStringLiteral("_NORMAL_QUALITY");
                 })},
-        {{s("no-normals")}, false, flag(&Settings::generateNormals, false)},
-        {{s("depth-in-blue")}, false, flag(&Settings::depthInBlue, true)},
-        {{s("no-clip")}, false, flag(&Settings::clipBlurredWithGeometry, false)},
-        {{s("use-truck-factor")}, false, flag(&Settings::useTruckFactor, true)},
-        {{s("resume")},
-         false,
-         [](Options& o, const QString&, const QString&) -> Taken {
-             o.resume = true;
-             return {};
-         }},
+        {{s("no-normals")}, false, setting(&Settings::generateNormals, false)},
+        {{s("depth-in-blue")}, false, setting(&Settings::depthInBlue, true)},
+        {{s("no-clip")}, false, setting(&Settings::clipBlurredWithGeometry, false)},
+        {{s("use-truck-factor")}, false, setting(&Settings::useTruckFactor, true)},
+        {{s("resume")}, false, flag(&Options::resume)},
         {{s("jobs")},
          true,
          [](Options& o, const QString& option, const QString& value) {
@@ -305,18 +279,8 @@ std::vector<Row> rows()
              o.progress = ProgressStyle::LINES;
              return {};
          }},
-        {{s("q"), s("quiet")},
-         false,
-         [](Options& o, const QString&, const QString&) -> Taken {
-             o.quiet = true;
-             return {};
-         }},
-        {{s("h"), s("help")},
-         false,
-         [](Options& o, const QString&, const QString&) -> Taken {
-             o.help = true;
-             return {};
-         }},
+        {{s("q"), s("quiet")}, false, flag(&Options::quiet)},
+        {{s("h"), s("help")}, false, flag(&Options::help)},
     };
     const auto form = formOptionRows<Options>([](Options& o) -> FormSettings& { return o.settings.form; });
     all.insert(all.end(), form.begin(), form.end());

@@ -38,6 +38,16 @@ Taken keep(const UT_Result<T>& parsed, Store store)
     return {};
 }
 
+/// For an option without a value: makes a member true.
+template<typename Options>
+Take<Options> flag(bool Options::*member)
+{
+    return [member](Options& options, const QString&, const QString&) -> Taken {
+        options.*member = true;
+        return {};
+    };
+}
+
 /// An option as people write it. The one-letter option "y" is written as a long one.
 inline QString spelled(const QString& name)
 {

@@ -29,14 +29,6 @@ Take<RenderOptions> text(QString RenderOptions::*member)
     };
 }
 
-Take<RenderOptions> flag(bool RenderOptions::*member)
-{
-    return [member](RenderOptions& options, const QString&, const QString&) -> Taken {
-        options.*member = true;
-        return {};
-    };
-}
-
 Take<RenderOptions> wholeNumber(int RenderOptions::*member, int low, int high)
 {
     return [=](RenderOptions& options, const QString& option, const QString& value) {
