@@ -7,20 +7,17 @@
 
 Taken addGloss(GlossSettings& settings, const QString& option, const QString& value)
 {
-    const auto equals = value.lastIndexOf(QLatin1Char('='));
-    if (equals < 1)
-        return UT_Error{
-            QStringLiteral("%1 takes a colour and its gloss, such as '#9aa=0.8', not \"%2\"").arg(option, value)};
-    const auto gloss = parseNumber(option + QStringLiteral(" (the gloss)"), value.mid(equals + 1), 0.0, 1.0);
+    const auto words = splitColourValue(option, value, QStringLiteral("a colour and its gloss, such as '#9aa=0.8'"));
+    if (!words)
+        return words.error();
+    const auto gloss = parseNumber(option + QStringLiteral(" (the gloss)"), words->second, 0.0, 1.0);
     if (!gloss)
         return gloss.error();
-    const QString colourText = value.left(equals);
-    if (colourText == QLatin1String("all")) {
-        settings.others = *gloss;
-        return {};
-    }
-    return keep(parseColour(option, colourText), [&](const QColor& colour) {
-        settings.colours.push_back({colour, *gloss});
+    return keep(parseColourOrAll(option, words->first), [&](const std::optional<QColor>& colour) {
+        if (colour)
+            settings.colours.push_back({*colour, *gloss});
+        else
+            settings.others = *gloss;
     });
 }
 

@@ -55,20 +55,17 @@ Taken takeBevel(NormalMapOptions& options, const QString& option, const QString&
 
 Taken takeLevel(NormalMapOptions& options, const QString& option, const QString& value)
 {
-    const auto equals = value.lastIndexOf(QLatin1Char('='));
-    if (equals < 1)
-        return UT_Error{
-            QStringLiteral("%1 takes a colour and its level, such as '#1b1b1b=0', not \"%2\"").arg(option, value)};
-    const auto level = parseWholeNumber(option + QStringLiteral(" (the level)"), value.mid(equals + 1), 0, 255);
+    const auto words = splitColourValue(option, value, QStringLiteral("a colour and its level, such as '#1b1b1b=0'"));
+    if (!words)
+        return words.error();
+    const auto level = parseWholeNumber(option + QStringLiteral(" (the level)"), words->second, 0, 255);
     if (!level)
         return level.error();
-    const QString colourText = value.left(equals);
-    if (colourText == QLatin1String("all")) {
-        options.settings.levelOfAllColours = *level;
-        return {};
-    }
-    return keep(parseColour(option, colourText), [&](const QColor& colour) {
-        options.settings.levels.push_back({colour, *level});
+    return keep(parseColourOrAll(option, words->first), [&](const std::optional<QColor>& colour) {
+        if (colour)
+            options.settings.levels.push_back({*colour, *level});
+        else
+            options.settings.levelOfAllColours = *level;
     });
 }
 

@@ -70,6 +70,24 @@ UT_Result<QColor> parseColour(const QString& option, const QString& text)
     return colour;
 }
 
+UT_Result<std::pair<QString, QString>> splitColourValue(const QString& option, const QString& text, const QString& what)
+{
+    const auto equals = text.lastIndexOf(QLatin1Char('='));
+    if (equals < 1)
+        return expected(option, what, text);
+    return std::pair{text.left(equals), text.mid(equals + 1)};
+}
+
+UT_Result<std::optional<QColor>> parseColourOrAll(const QString& option, const QString& text)
+{
+    if (text == QLatin1String("all"))
+        return std::optional<QColor>();
+    const UT_Result<QColor> colour = parseColour(option, text);
+    if (!colour)
+        return colour.error();
+    return std::optional<QColor>(*colour);
+}
+
 UT_Result<int> parseChoice(const QString& option, const QString& text, const QStringList& choices)
 {
     const auto index = choices.indexOf(text.toLower());

@@ -10,6 +10,9 @@
 #include <QSize>
 #include <QStringList>
 
+#include <optional>
+#include <utility>
+
 /// A finite number, with a point as the decimal separator.
 UT_Result<double> parseNumber(const QString& option, const QString& text);
 /// A finite number from low to high.
@@ -20,5 +23,12 @@ UT_Result<int> parseWholeNumber(const QString& option, const QString& text, int 
 UT_Result<QSize> parseSize(const QString& option, const QString& text);
 /// "#rrggbb", "#rgb" or a colour's name; opaque.
 UT_Result<QColor> parseColour(const QString& option, const QString& text);
+/// The two sides of a value that gives something to a colour, such as "#1b1b1b=0": the colour, and what it gets.
+///
+/// @param what is expected, with an example: "a colour and its level, such as '#1b1b1b=0'"
+UT_Result<std::pair<QString, QString>> splitColourValue(const QString& option, const QString& text,
+                                                        const QString& what);
+/// A colour, or nothing for the word "all", which means all colours.
+UT_Result<std::optional<QColor>> parseColourOrAll(const QString& option, const QString& text);
 /// The index of the word among the choices, in any case.
 UT_Result<int> parseChoice(const QString& option, const QString& text, const QStringList& choices);
