@@ -9,7 +9,7 @@
 
 #include <optional>
 
-/// The values of --for, --y, --alpha, --bits, --pad and --exr.
+/// The values of --for, --y, --alpha, --bits, --pad and --exr; of render also --half.
 struct MapFormOptions
 {
     const Target* target = nullptr; ///< null: none is named

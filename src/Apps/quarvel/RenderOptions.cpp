@@ -155,7 +155,6 @@ std::vector<Row> rows()
         {{s("resolution")}, true, takeResolution},
         {{s("proxy")}, true, takeProxy},
         {{s("float")}, false, flag(&Options::renderInFloat)},
-        {{s("half")}, false, flag(&Options::half)},
         {{s("as")},
          true,
          choice({s("normals"), s("elevation"), s("colours")},
@@ -176,6 +175,11 @@ std::vector<Row> rows()
     };
     const auto map = mapFormRows<Options>([](Options& o) -> MapFormOptions& { return o.form; });
     all.insert(all.end(), map.begin(), map.end());
+    // After --exr, whose values are taken first: --half holds whatever that says.
+    all.push_back({{s("half")}, false, [](Options& o, const QString&, const QString&) -> Taken {
+                       o.form.half = true;
+                       return {};
+                   }});
     return all;
 }
 

@@ -36,7 +36,6 @@ struct RenderOptions
     std::optional<QSize> resolution; ///< in pixels; a height of 0 follows from the scene's shape
     int proxy = 1;                   ///< both sides are divided by this
     bool renderInFloat = false;
-    bool half = false; ///< 16-bit floats in OpenEXR files
 
     std::optional<double> heightRange; ///< pixels that white stands for in files of integers
     GlossSettings gloss;

@@ -95,7 +95,7 @@ FramePictureSettings pictureSettings(const RenderOptions& options, const RenderP
     picture.objectNumbers = options.form.objectNumbers;
     const bool isMap = picture.floatFile && picture.exr != ExrContent::LAYERS;
     picture.form = options.form.resolved({.alpha = isMap ? NM_Alpha::FULL : NM_Alpha::COVERAGE});
-    picture.half = options.half || options.form.half;
+    picture.half = options.form.half;
     picture.scene = QDir(QDir(options.scene).absolutePath()).dirName();
     picture.node = plan.shown->module().instanceName();
     picture.elevation = needsElevationInBlue(picture);

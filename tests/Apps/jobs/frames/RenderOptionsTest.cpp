@@ -114,6 +114,15 @@ TEST(RenderOptions, TakeWhatThePictureIsTakenFor)
     EXPECT_EQ(options("--y down").form.resolved({}).yAxis, NM_YAxis::DOWN);
 }
 
+TEST(RenderOptions, TakeHalfFloatsByEitherOption)
+{
+    EXPECT_FALSE(options("").form.half);
+    EXPECT_TRUE(options("--half").form.half);
+    EXPECT_TRUE(options("--exr map,half").form.half);
+    EXPECT_TRUE(options("--half --exr map").form.half);
+    EXPECT_TRUE(options("--half --exr float").form.half);
+}
+
 TEST(RenderResolution, IsAFullHdWidthInTheScenesShape)
 {
     EXPECT_THAT(renderResolution(options(""), 405.0), Pair(1920, 1080));
