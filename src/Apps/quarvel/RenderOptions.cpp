@@ -183,18 +183,6 @@ std::vector<Row> rows()
     return all;
 }
 
-// A value that begins with a minus, as negative frames do, would be taken for an option.
-QStringList withJoinedFrames(const QStringList& words)
-{
-    QStringList joined;
-    for (qsizetype i = 0; i < words.size(); ++i) {
-        const bool takesNext = words[i] == QLatin1String("--frames") && i + 1 < words.size();
-        joined << (takesNext ? words[i] + QLatin1Char('=') + words[i + 1] : words[i]);
-        i += takesNext ? 1 : 0;
-    }
-    return joined;
-}
-
 UT_Error missing(const char* what)
 {
     return {QString::fromLatin1(what) + QStringLiteral("; for instance: quarvel render walk.scene -o out/n.####.exr")};
@@ -205,7 +193,7 @@ UT_Error missing(const char* what)
 UT_Result<RenderOptions> parseRenderOptions(const QStringList& words)
 {
     RenderOptions options;
-    const auto others = takeOptions(QStringLiteral("render"), withJoinedFrames(words), rows(), options);
+    const auto others = takeOptions(QStringLiteral("render"), words, rows(), options);
     if (!others)
         return others.error();
     if (options.help)
