@@ -3,6 +3,7 @@
 // The time left is what the rest takes at the pace so far.
 #include "RenderProgress.h"
 
+#include "SpokenTime.h"
 #include "Terminal.h"
 #include "TerminalText.h"
 
@@ -10,7 +11,6 @@
 #include <QJsonObject>
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 
 namespace {
@@ -125,15 +125,4 @@ void RenderProgress::drawBar(double fraction)
     std::fflush(stderr);
     _visible = true;
     _drawn = Clock::now();
-}
-
-QString spokenTime(double seconds)
-{
-    const auto whole = static_cast<long long>(std::ceil(std::clamp(seconds, 0.0, 1e12)));
-    const auto two = [](long long number) { return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')); };
-    if (whole < 60)
-        return QStringLiteral("%1 s").arg(whole);
-    if (whole < 3600)
-        return QStringLiteral("%1 min %2 s").arg(whole / 60).arg(two(whole % 60));
-    return QStringLiteral("%1 h %2 min").arg(whole / 3600).arg(two(whole / 60 % 60));
 }

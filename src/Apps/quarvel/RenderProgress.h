@@ -59,6 +59,3 @@ private:
     Clock::time_point _begin = Clock::now();
     Clock::time_point _drawn;
 };
-
-/// A span of time for people: "12 s", "3 min 05 s", "2 h 07 min".
-QString spokenTime(double seconds);

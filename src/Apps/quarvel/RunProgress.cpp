@@ -3,7 +3,9 @@
 // The time left is that of the part that is done, scaled to the rest.
 #include "RunProgress.h"
 
-#include <cmath>
+#include "SpokenTime.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -13,11 +15,7 @@ QString timeLeft(double fraction, double seconds)
     constexpr double kSoonest = 3.0;
     if (seconds < kSoonest || fraction <= 0.0)
         return {};
-    const double left = seconds / fraction * (1.0 - fraction);
-    constexpr double kMinute = 60.0;
-    if (left < kMinute)
-        return QStringLiteral(", %1 s left").arg(std::ceil(left));
-    return QStringLiteral(", %1 min left").arg(std::ceil(left / kMinute));
+    return QStringLiteral(", %1 left").arg(spokenTime(seconds / fraction * (1.0 - fraction)));
 }
 
 } // namespace

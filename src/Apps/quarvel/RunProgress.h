@@ -23,7 +23,7 @@ public:
     /// Makes room for a message.
     void clear();
 
-    /// "12 of 480, 3 min left: hero.svg".
+    /// "12 of 480, 3 min 05 s left: hero.svg".
     ///
     /// @param seconds since the run began; nothing is said of the time left in the first few
     static QString text(int done, std::size_t all, double fraction, double seconds, const QString& drawing);

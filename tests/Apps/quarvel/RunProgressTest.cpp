@@ -25,7 +25,8 @@ TEST(RunProgress, CountsManyDrawings)
 TEST(RunProgress, SaysHowLongTheRestTakesAtTheSpeedSoFar)
 {
     EXPECT_EQ(said(1, 4, 0.25, 10.0), "1 of 4, 30 s left: hero.svg");
-    EXPECT_EQ(said(120, 480, 0.25, 100.0), "120 of 480, 5 min left: hero.svg");
+    EXPECT_EQ(said(120, 480, 0.25, 100.0), "120 of 480, 5 min 00 s left: hero.svg");
+    EXPECT_EQ(said(1, 480, 1.0 / 480.0, 15.2), "1 of 480, 2 h 01 min left: hero.svg");
     EXPECT_EQ(said(480, 480, 1.0, 100.0), "480 of 480, 0 s left: hero.svg");
 }
 

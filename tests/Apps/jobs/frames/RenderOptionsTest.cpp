@@ -139,12 +139,4 @@ TEST(RenderResolution, IsDividedByTheProxy)
     EXPECT_THAT(refused("s -o n.exr --proxy 1/0"), HasSubstr("1/2"));
 }
 
-TEST(SpokenTime, FitsItsLength)
-{
-    EXPECT_EQ(spokenTime(0.0).toStdString(), "0 s");
-    EXPECT_EQ(spokenTime(11.2).toStdString(), "12 s");
-    EXPECT_EQ(spokenTime(185.0).toStdString(), "3 min 05 s");
-    EXPECT_EQ(spokenTime(7620.0).toStdString(), "2 h 07 min");
-}
-
 } // namespace
