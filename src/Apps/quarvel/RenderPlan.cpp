@@ -16,6 +16,7 @@
 #include "jobs/shown/ShownMemory.h"
 #include "jobs/shown/SurfacePictures.h"
 #include "jobs/targets/Targets.h"
+#include "jobs/text/NameList.h"
 
 #include <QDir>
 
@@ -23,11 +24,9 @@ namespace {
 
 QString namesOf(const MO_Scene& scene)
 {
-    constexpr qsizetype kMost = 30;
     QStringList names;
     scene.root().forEachModule([&](const MO_Module& module) { names << module.instanceName(); });
-    const bool more = names.size() > kMost;
-    return names.mid(0, kMost).join(QStringLiteral(", ")) + (more ? QStringLiteral(", ...") : QString());
+    return namesForPeople(names);
 }
 
 UT_Result<MO_Module*> moduleOf(const MO_Scene& scene, const RenderOptions& options)

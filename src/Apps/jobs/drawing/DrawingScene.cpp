@@ -13,6 +13,7 @@
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "jobs/drawing/ObjectNames.h"
 #include "jobs/shown/NormalMapNode.h"
+#include "jobs/text/NameList.h"
 
 #include <QStringList>
 
@@ -102,27 +103,24 @@ UT_Result<void> checkObjects(const LayeredDrawing& drawing, const NormalMapSetti
     if (beyond == settings.objects.end())
         return {};
     QStringList names;
-    for (int i = 0; i < std::min(count, 30); ++i)
-        names.append(QStringLiteral("%1 %2").arg(i + 1).arg(drawing.layers[static_cast<std::size_t>(i)].name));
-    return UT_Error{QStringLiteral("there is no object %1; the objects are %2%3")
-                        .arg(beyond->first)
-                        .arg(names.join(QStringLiteral(", ")), count > 30 ? QStringLiteral(", ...") : QString())};
+    for (const LayeredDrawing::Layer& layer : drawing.layers)
+        names.append(QStringLiteral("%1 %2").arg(names.size() + 1).arg(layer.name));
+    return UT_Error{
+        QStringLiteral("there is no object %1; the objects are %2").arg(beyond->first).arg(namesForPeople(names))};
 }
 
 UT_Result<void> checkColours(const LayeredDrawing& drawing, const NormalMapSettings& settings)
 {
     for (const ColourLevel& set : settings.levels) {
-        constexpr std::size_t kMostNamed = 30;
         const auto& colors = drawing.palette->colors();
         const auto isSet = [&](const auto& color) { return colourOf(*color).rgb() == set.colour.rgb(); };
         if (std::ranges::any_of(colors, isSet))
             continue;
         QStringList known;
-        for (std::size_t i = 0; i < std::min(colors.size(), kMostNamed); ++i)
-            known.append(colourOf(*colors[i]).name());
-        return UT_Error{QStringLiteral("the drawing has no colour %1; its colours are %2%3")
-                            .arg(set.colour.name(), known.join(QStringLiteral(", ")),
-                                 colors.size() > kMostNamed ? QStringLiteral(", ...") : QString())};
+        for (const auto& color : colors)
+            known.append(colourOf(*color).name());
+        return UT_Error{QStringLiteral("the drawing has no colour %1; its colours are %2")
+                            .arg(set.colour.name(), namesForPeople(known))};
     }
     return {};
 }

@@ -1,21 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 #include "jobs/drawing/ObjectNames.h"
 
+#include "jobs/text/NameList.h"
+
 #include <QRegularExpression>
 
 #include <algorithm>
-
-namespace {
-
-UT_Error noSuchName(const QString& word, const QStringList& names)
-{
-    constexpr qsizetype kMost = 30;
-    const bool more = names.size() > kMost;
-    return {QStringLiteral("there is no object called \"%1\"; the objects are %2%3")
-                .arg(word, names.mid(0, kMost).join(QStringLiteral(", ")), more ? QStringLiteral(", ...") : QString())};
-}
-
-} // namespace
 
 ObjectSettings merged(const ObjectSettings& first, const ObjectSettings& second)
 {
@@ -65,7 +55,8 @@ UT_Result<ObjectWishes> withNumberedObjects(const ObjectWishes& wishes, const QS
             known = merged(object, known);
         }
         if (!isKnown)
-            return noSuchName(word, names);
+            return UT_Error{QStringLiteral("there is no object called \"%1\"; the objects are %2")
+                                .arg(word, namesForPeople(names))};
     }
     for (const auto& [number, object] : byName)
         numbered.objects[number] = merged(numbered.objects[number], object);

@@ -10,6 +10,7 @@
 #include "jobs/scene/AttributeWords.h"
 #include "jobs/scene/LightPresets.h"
 #include "jobs/shown/NormalMapNode.h"
+#include "jobs/text/NameList.h"
 
 #include <QRegularExpression>
 
@@ -195,7 +196,7 @@ MadeCommand commandFor(MO_Scene& scene, const QString& subject, const QStringLis
         return changeByWords(scene, *attr, words);
     if (!module)
         return error(QStringLiteral("expected MODULE.ATTRIBUTE, the module one of %1, got \"%2\"")
-                         .arg(moduleNames(scene).join(QStringLiteral(", ")), subject));
+                         .arg(namesForPeople(moduleNames(scene)), subject));
     if (words.size() == 1 && (key == QLatin1String("name") || key == QLatin1String("enabled")))
         return changeModule(*module, key, words.first());
     return error(QStringLiteral("\"%1\" has no attribute \"%2\"; it has %3")

@@ -15,6 +15,7 @@
 #include "jobs/shown/DrawingExtent.h"
 #include "jobs/shown/NormalMapNode.h"
 #include "jobs/shown/VisibleDrawing.h"
+#include "jobs/text/NameList.h"
 
 #include <algorithm>
 #include <set>
@@ -63,8 +64,7 @@ UT_Result<void> checkKnown(const std::vector<SceneObject>& objects, const Object
         known << shownName(object);
     known.removeDuplicates();
     const auto unknown = [&](const QString& what) {
-        return UT_Error{
-            QStringLiteral("there is no object %1; the objects are %2").arg(what, known.join(QStringLiteral(", ")))};
+        return UT_Error{QStringLiteral("there is no object %1; the objects are %2").arg(what, namesForPeople(known))};
     };
     for (const auto& [number, said] : wishes.objects)
         if (std::ranges::find(objects, number, &SceneObject::number) == objects.end())
