@@ -5,6 +5,7 @@
 #include "jobs/drawing/DescribeObjects.h"
 
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
+#include "jobs/text/TextTable.h"
 
 #include <QJsonObject>
 #include <QLocale>
@@ -15,8 +16,6 @@
 #include <cmath>
 
 namespace {
-
-using Row = QStringList;
 
 QString value(double number)
 {
@@ -58,7 +57,7 @@ QString wordsOf(const ObjectSettings& own)
     return words;
 }
 
-Row rowOf(std::size_t index, const ReadDrawing& read)
+QStringList rowOf(std::size_t index, const ReadDrawing& read)
 {
     const ChosenObject& object = read.objects[index];
     const ObjectForm& form = read.drawing.layers[index].form;
@@ -67,23 +66,6 @@ Row rowOf(std::size_t index, const ReadDrawing& read)
         percent(object.share),      value(form.bevel),
         value(form.elevation),      value(form.smoothness),
         object.colours.join(u' '),  object.reason + roleText(object.role) + wordsOf(read.drawing.layers[index].own)};
-}
-
-// A text table; all cells of a column are as wide as the widest.
-QString tableOf(const std::vector<Row>& rows)
-{
-    std::vector<qsizetype> widths(static_cast<std::size_t>(rows.front().size()), 0);
-    for (const Row& row : rows)
-        for (std::size_t i = 0; i < widths.size(); ++i)
-            widths[i] = std::max(widths[i], row[static_cast<qsizetype>(i)].size());
-    QString text;
-    for (const Row& row : rows) {
-        QString line;
-        for (std::size_t i = 0; i < widths.size(); ++i)
-            line += row[static_cast<qsizetype>(i)].leftJustified(widths[i] + 2);
-        text += QStringLiteral("  ") + line.trimmed() + u'\n';
-    }
-    return text;
 }
 
 // Hues are a golden angle apart, so that neighbouring objects have different colours.
@@ -179,12 +161,12 @@ void paintNumber(QPainter& painter, const QPoint& place, const QString& number)
 
 QString describeObjects(const ReadDrawing& read)
 {
-    std::vector<Row> rows{{QStringLiteral("number"), QStringLiteral("name"), QStringLiteral("share"),
-                           QStringLiteral("bevel"), QStringLiteral("elevation"), QStringLiteral("smoothness"),
-                           QStringLiteral("colours"), QStringLiteral("why")}};
+    std::vector<QStringList> rows{{QStringLiteral("number"), QStringLiteral("name"), QStringLiteral("share"),
+                                   QStringLiteral("bevel"), QStringLiteral("elevation"), QStringLiteral("smoothness"),
+                                   QStringLiteral("colours"), QStringLiteral("why")}};
     for (std::size_t i = 0; i < read.objects.size(); ++i)
         rows.push_back(rowOf(i, read));
-    return tableOf(rows);
+    return tableLines(rows).join(u'\n') + u'\n';
 }
 
 QJsonArray objectFields(const ReadDrawing& read)

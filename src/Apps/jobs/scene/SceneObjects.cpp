@@ -9,6 +9,7 @@
 #include "jobs/shown/NormalMapNode.h"
 #include "jobs/shown/SurfaceLines.h"
 #include "jobs/shown/VisibleDrawing.h"
+#include "jobs/text/TextTable.h"
 
 #include <QJsonObject>
 #include <QLocale>
@@ -115,17 +116,7 @@ QStringList listSceneObjects(const MO_Scene& scene)
                                    QStringLiteral("rim")}};
     for (const Listed& object : objectsOf(scene))
         rows.push_back(cellsOf(object));
-    QStringList lines;
-    for (const QStringList& row : rows) {
-        QString line;
-        for (qsizetype column = 0; column < row.size(); ++column) {
-            const auto width = [column](const QStringList& cells) { return cells[column].size(); };
-            const QStringList& widest = *std::ranges::max_element(rows, {}, width);
-            line += row[column].leftJustified(width(widest) + 2);
-        }
-        lines << QStringLiteral("  ") + line.trimmed();
-    }
-    return lines;
+    return tableLines(rows);
 }
 
 QJsonArray sceneObjectFields(const MO_Scene& scene)
