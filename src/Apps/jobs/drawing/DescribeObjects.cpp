@@ -5,10 +5,10 @@
 #include "jobs/drawing/DescribeObjects.h"
 
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
+#include "QuarvelPersistentObj/PO_XmlText.h"
 #include "jobs/text/TextTable.h"
 
 #include <QJsonObject>
-#include <QLocale>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -16,11 +16,6 @@
 #include <cmath>
 
 namespace {
-
-QString value(double number)
-{
-    return QString::number(number, 'g', QLocale::FloatingPointShortest);
-}
 
 QString percent(double share)
 {
@@ -49,11 +44,11 @@ QString wordsOf(const ObjectSettings& own)
 {
     QString words;
     if (own.tilt)
-        words += QStringLiteral(", tilt=%1,%2").arg(value(own.tilt->x), value(own.tilt->y));
+        words += QStringLiteral(", tilt=%1,%2").arg(PO_formatDouble(own.tilt->x), PO_formatDouble(own.tilt->y));
     if (own.rim)
-        words += QStringLiteral(", rim=%1,%2").arg(value(own.rim->bevel), value(own.rim->height));
+        words += QStringLiteral(", rim=%1,%2").arg(PO_formatDouble(own.rim->bevel), PO_formatDouble(own.rim->height));
     if (own.relief)
-        words += QStringLiteral(", relief=%1").arg(value(*own.relief));
+        words += QStringLiteral(", relief=%1").arg(PO_formatDouble(*own.relief));
     return words;
 }
 
@@ -61,11 +56,14 @@ QStringList rowOf(std::size_t index, const ReadDrawing& read)
 {
     const ChosenObject& object = read.objects[index];
     const ObjectForm& form = read.drawing.layers[index].form;
-    return {
-        QString::number(index + 1), object.name,
-        percent(object.share),      value(form.bevel),
-        value(form.elevation),      value(form.smoothness),
-        object.colours.join(u' '),  object.reason + roleText(object.role) + wordsOf(read.drawing.layers[index].own)};
+    return {QString::number(index + 1),
+            object.name,
+            percent(object.share),
+            PO_formatDouble(form.bevel),
+            PO_formatDouble(form.elevation),
+            PO_formatDouble(form.smoothness),
+            object.colours.join(u' '),
+            object.reason + roleText(object.role) + wordsOf(read.drawing.layers[index].own)};
 }
 
 // Hues are a golden angle apart, so that neighbouring objects have different colours.
@@ -196,7 +194,8 @@ QString objectOptions(const LayeredDrawing& drawing)
         const ObjectForm& form = drawing.layers[i].form;
         words << QStringLiteral("--object %1:bevel=%2:elevation=%3:smoothness=%4")
                      .arg(i + 1)
-                     .arg(value(form.bevel), value(form.elevation), value(form.smoothness));
+                     .arg(PO_formatDouble(form.bevel), PO_formatDouble(form.elevation),
+                          PO_formatDouble(form.smoothness));
     }
     return words.join(u' ');
 }

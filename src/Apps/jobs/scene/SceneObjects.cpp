@@ -2,6 +2,7 @@
 #include "jobs/scene/SceneObjects.h"
 
 #include "ObjectDefinition/ObjectDefinition.h"
+#include "QuarvelPersistentObj/PO_XmlText.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/graph/MO_Port.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
@@ -12,7 +13,6 @@
 #include "jobs/text/TextTable.h"
 
 #include <QJsonObject>
-#include <QLocale>
 
 #include <algorithm>
 #include <optional>
@@ -87,24 +87,21 @@ std::vector<Listed> objectsOf(const MO_Scene& scene)
     return objects;
 }
 
-QString value(double number)
-{
-    return QString::number(number, 'g', QLocale::FloatingPointShortest);
-}
-
 QStringList cellsOf(const Listed& object)
 {
     const bool tilted = object.tiltX != 0.0 || object.tiltY != 0.0;
     QStringList cells{QString::number(object.number), object.name};
     if (object.relief != 0.0)
-        return cells << QStringLiteral("relief=") + value(object.relief) << QString() << QString() << QString()
-                     << QString();
+        return cells << QStringLiteral("relief=") + PO_formatDouble(object.relief) << QString() << QString()
+                     << QString() << QString();
     if (object.values)
-        cells << value(object.values->bevel) << value(object.values->elevation) << value(object.values->smoothness);
+        cells << PO_formatDouble(object.values->bevel) << PO_formatDouble(object.values->elevation)
+              << PO_formatDouble(object.values->smoothness);
     else
         cells << (object.number == 0 ? QStringLiteral("cuts out") : QStringLiteral("-")) << QString() << QString();
-    return cells << (tilted ? value(object.tiltX) + u',' + value(object.tiltY) : QString())
-                 << (object.rimBevel > 0.0 ? value(object.rimBevel) + u',' + value(object.rimHeight) : QString());
+    return cells << (tilted ? PO_formatDouble(object.tiltX) + u',' + PO_formatDouble(object.tiltY) : QString())
+                 << (object.rimBevel > 0.0 ? PO_formatDouble(object.rimBevel) + u',' + PO_formatDouble(object.rimHeight)
+                                           : QString());
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "jobs/scene/SetObjects.h"
 
 #include "ObjectDefinition/ObjectDefinition.h"
+#include "QuarvelPersistentObj/PO_XmlText.h"
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/attributes/AT_IntAttr.h"
@@ -88,19 +89,19 @@ public:
         ObjectDefinition& definition = *object.definition;
         UT_Result<void> done;
         if (said.level)
-            done = set(*definition.objectLevel(), QString::number(*said.level, 'g', 17), object.number);
+            done = set(*definition.objectLevel(), PO_formatDouble(*said.level), object.number);
         if (done && said.scaleByCoverage)
             done = set(*definition.scaleByCoverage(), yesNo(*said.scaleByCoverage), object.number);
         if (done)
             done = show(object, said);
         if (done && said.tilt)
-            done = set(*definition.tiltX(), QString::number(said.tilt->x, 'g', 17), object.number);
+            done = set(*definition.tiltX(), PO_formatDouble(said.tilt->x), object.number);
         if (done && said.tilt)
-            done = set(*definition.tiltY(), QString::number(said.tilt->y, 'g', 17), object.number);
+            done = set(*definition.tiltY(), PO_formatDouble(said.tilt->y), object.number);
         if (done && said.rim)
-            done = set(*definition.rimBevel(), QString::number(said.rim->bevel, 'g', 17), object.number);
+            done = set(*definition.rimBevel(), PO_formatDouble(said.rim->bevel), object.number);
         if (done && said.rim)
-            done = set(*definition.rimHeight(), QString::number(said.rim->height, 'g', 17), object.number);
+            done = set(*definition.rimHeight(), PO_formatDouble(said.rim->height), object.number);
         if (done && said.cutOut && *said.cutOut != (object.number == 0)) {
             if (!*said.cutOut)
                 return UT_Error{QStringLiteral("%1 cuts out; to give it a volume, give it a number: quarvel set SCENE "
@@ -120,7 +121,7 @@ public:
         const double relief = hides ? 0.0 : said.relief.value_or(before);
         UT_Result<void> done;
         if (relief != before)
-            done = set(*definition.relief(), QString::number(relief, 'g', 17), object.number);
+            done = set(*definition.relief(), PO_formatDouble(relief), object.number);
         if (done && (said.hidden || said.relief))
             done = set(*definition.objectEnabled(), yesNo(!hides && relief == 0.0), object.number);
         return done;

@@ -3,6 +3,7 @@
 // The node's keys, and the conversion of its values to and from texts.
 #include "jobs/shown/NormalMapNode.h"
 
+#include "QuarvelPersistentObj/PO_XmlText.h"
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/attributes/AT_StringAttr.h"
@@ -10,7 +11,6 @@
 #include "QuarvelSceneCore/graph/MO_SceneCommon.h"
 #include "form/ElevationUnit.h"
 
-#include <QLocale>
 #include <QStringList>
 
 #include <cmath>
@@ -28,12 +28,6 @@ const QString kGenerateNormals = QStringLiteral("GenerateNormals");
 const QString kDepthInBlue = QStringLiteral("DepthInBlue");
 const QString kClip = QStringLiteral("ClipBlurredWithGeometry");
 const QString kUseTruckFactor = QStringLiteral("UseTruckFactor");
-
-// The shortest text from which the same double is read back.
-QString numberText(double value)
-{
-    return QString::number(value, 'g', QLocale::FloatingPointShortest);
-}
 
 QString yesNo(bool value)
 {
@@ -112,9 +106,9 @@ UT_Result<void> NormalMapNode::set(const NormalMapValues& values) const
     const std::pair<const QString&, QString> texts[] = {
         {kColours, colourTableText(values.colours)},
         {kObjects, objectTableText(values.objects)},
-        {kBevelMultiplier, numberText(values.bevelMultiplier)},
-        {kElevationMultiplier, numberText(values.elevationMultiplier)},
-        {kSmoothnessMultiplier, numberText(values.smoothnessMultiplier)},
+        {kBevelMultiplier, PO_formatDouble(values.bevelMultiplier)},
+        {kElevationMultiplier, PO_formatDouble(values.elevationMultiplier)},
+        {kSmoothnessMultiplier, PO_formatDouble(values.smoothnessMultiplier)},
         {kGenerateNormals, yesNo(values.generateNormals)},
         {kUseTruckFactor, yesNo(values.useTruckFactor)},
         {kDepthInBlue, yesNo(values.depthInBlue)},
@@ -217,7 +211,8 @@ bool NormalMapNode::usesTruckFactor() const
 
 QString objectFormText(const NormalMapObject& object)
 {
-    return QStringList({numberText(object.bevel), numberText(object.elevation), numberText(object.smoothness)})
+    return QStringList(
+               {PO_formatDouble(object.bevel), PO_formatDouble(object.elevation), PO_formatDouble(object.smoothness)})
         .join(QLatin1Char(':'));
 }
 
@@ -240,7 +235,8 @@ QString objectTableText(const std::vector<NormalMapObject>& objects)
     for (const NormalMapObject& object : objects)
         rows.append(QStringLiteral("%1:%2:%3:%4")
                         .arg(object.number)
-                        .arg(numberText(object.bevel), numberText(object.elevation), numberText(object.smoothness)));
+                        .arg(PO_formatDouble(object.bevel), PO_formatDouble(object.elevation),
+                             PO_formatDouble(object.smoothness)));
     return rows.join(QLatin1Char(';'));
 }
 
