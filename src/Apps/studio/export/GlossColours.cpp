@@ -5,10 +5,10 @@
 
 #include "QuarvelCelCore/CELVEC_Kvd.h"
 #include "QuarvelGraphicCore/CM_Color.h"
+#include "QuarvelPersistentObj/PO_XmlText.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "studio/docks/scene/ColourSwatch.h"
 
-#include <QLocale>
 #include <QStringList>
 #include <algorithm>
 #include <cmath>
@@ -93,7 +93,7 @@ GlossSettings withGloss(const GlossSettings& known, const std::vector<DrawnColou
 QStringList glossTexts(const GlossSettings& gloss)
 {
     const auto text = [](const QString& colour, double value) {
-        return colour + QLatin1Char('=') + QString::number(value, 'g', QLocale::FloatingPointShortest);
+        return colour + QLatin1Char('=') + PO_formatDouble(value);
     };
     QStringList texts{text(kOthers, gloss.others)};
     for (const ColourGloss& one : gloss.colours)
