@@ -4,16 +4,12 @@
 #include "jobs/frames/FrameDigest.h"
 
 #include "QuarvelPersistentObj/PO_XmlWriter.h"
-#include "QuarvelSceneCore/attributes/AT_AttrVisitor.h"
-#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
-#include "QuarvelSceneCore/attributes/AT_EnumAttrBase.h"
-#include "QuarvelSceneCore/attributes/AT_IntAttr.h"
 #include "QuarvelSceneCore/graph/MO_Port.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "QuarvelSceneIO/SIO_DrawingDigest.h"
+#include "jobs/frames/FrameValues.h"
 #include "jobs/shown/SceneLighting.h"
 
 #include <QCryptographicHash>
@@ -35,22 +31,13 @@ public:
     }
 };
 
-class ValueWriter : public AT_AttrVisitor
+// The content of a drawing counts (drawingAt()), not its name.
+class ValueWriter final : public FrameValueWriter
 {
 public:
-    ValueWriter(Bytes& out, double frame) : _out(out), _frame(frame) {}
+    using FrameValueWriter::FrameValueWriter;
 
-    void visitAttr(AT_Attr& attr) override { _out << attr.displayText(_frame); }
-    void visitBool(AT_BoolAttr& attr) override { _out << attr.value(_frame); }
-    void visitDouble(AT_DoubleAttr& attr) override { _out << attr.value(_frame); }
-    void visitInt(AT_IntAttr& attr) override { _out << attr.value(_frame); }
-    void visitEnum(AT_EnumAttrBase& attr) override { _out << attr.effectiveInt(_frame); }
-    // The content of the drawing counts (drawingAt()), not its name.
     void visitDrawing(AT_DrawingAttr&) override {}
-
-private:
-    Bytes& _out;
-    double _frame;
 };
 
 // Writes the properties of a module, without the values of its attributes and its drawings.
