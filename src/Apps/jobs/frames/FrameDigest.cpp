@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Every value is written with its length, so that different lists of values never give the same bytes.
+// Lists and texts are written with their lengths and every other value in a fixed number of bytes, so that different
+// values never give the same bytes.
 #include "jobs/frames/FrameDigest.h"
 
 #include "QuarvelPersistentObj/PO_XmlWriter.h"
@@ -60,22 +61,44 @@ void writeModule(const MO_Module& module, Bytes& out)
     }
 }
 
-// Structured bindings, so that the code does not compile after a member was added until somebody decides whether it
-// counts.
-void writeSettings(const RenderFramesSettings& settings, Bytes& out)
+// The functions below use structured bindings, so that they do not compile after a member was added until somebody
+// decides whether it counts.
+
+void writeParameters(const RD_RenderParameters& parameters, Bytes& out)
 {
-    const auto& [format, resolution, margins] = settings.parameters;
-    out << format << resolution.first << resolution.second << static_cast<int>(settings.content);
-    out << margins.left << margins.top << margins.right << margins.bottom;
-    out << settings.heights.black << settings.heights.white << settings.roughness << settings.gloss.others;
-    for (const auto& [colour, gloss] : settings.gloss.colours)
+    const auto& [format, resolution, margins] = parameters;
+    const auto& [left, top, right, bottom] = margins;
+    out << format << resolution.first << resolution.second << left << top << right << bottom;
+}
+
+void writeGloss(const GlossSettings& settings, Bytes& out)
+{
+    const auto& [colours, others] = settings;
+    out << others << static_cast<qint64>(colours.size());
+    for (const auto& [colour, gloss] : colours)
         out << colour.rgb() << gloss;
+}
+
+void writePicture(const FramePictureSettings& picture, Bytes& out)
+{
     const auto& [source, shown, layout, form, elevation, floatFile, floatRender, half, exr, numbers, scene, node] =
-        settings.picture;
+        picture;
     const auto& [yAxis, alpha, bits, pad] = form;
     out << static_cast<int>(source) << static_cast<int>(shown) << static_cast<int>(layout) << elevation << floatFile
         << floatRender << half << static_cast<int>(exr) << numbers;
     out << static_cast<int>(yAxis) << static_cast<int>(alpha) << bits << pad;
+}
+
+// The light is written for each frame (of()).
+void writeSettings(const RenderFramesSettings& settings, Bytes& out)
+{
+    const auto& [frames, parameters, picture, content, lighting, lightNote, heights, gloss, roughness, file, atOnce,
+                 resume] = settings;
+    const auto& [black, white] = heights;
+    writeParameters(parameters, out);
+    out << static_cast<int>(content) << black << white << roughness;
+    writeGloss(gloss, out);
+    writePicture(picture, out);
 }
 
 void writeColour(const NM_LightColour& colour, Bytes& out)
@@ -92,8 +115,10 @@ void writeLighting(const NM_LightingSettings& lighting, Bytes& out)
     for (const auto& [azimuth, height, colour, place] : lights) {
         out << azimuth << height << place.has_value();
         writeColour(colour, out);
-        if (place)
-            out << place->x << place->y << place->height << place->reach;
+        if (place) {
+            const auto& [x, y, above, reach] = *place;
+            out << x << y << above << reach;
+        }
     }
 }
 

@@ -158,6 +158,27 @@ TEST_F(RenderFramesTest, HaveOtherDigestsWhereTheSettingsChange)
     EXPECT_EQ(digest(1, other), digest(1, made)) << "names do not change pixels";
 }
 
+TEST_F(RenderFramesTest, HaveOtherDigestsWhereTheHeightsOrTheGlossChange)
+{
+    const RenderFramesSettings made = settings("n.####.png", {1});
+    std::vector<QByteArray> digests{digest(1, made)};
+    const auto isNew = [&](const auto& change) {
+        RenderFramesSettings other = made;
+        change(other);
+        const bool known = std::ranges::find(digests, digest(1, other)) != digests.end();
+        digests.push_back(digest(1, other));
+        return !known;
+    };
+    const QColor red(Qt::red);
+    EXPECT_TRUE(isNew([](RenderFramesSettings& other) { other.heights.black = -1.0; }));
+    EXPECT_TRUE(isNew([](RenderFramesSettings& other) { other.heights.white = -1.0; }));
+    EXPECT_TRUE(isNew([](RenderFramesSettings& other) { other.roughness = true; }));
+    EXPECT_TRUE(isNew([](RenderFramesSettings& other) { other.gloss.others = 0.5; }));
+    EXPECT_TRUE(isNew([&](RenderFramesSettings& other) { other.gloss.colours = {{red, 0.5}}; }));
+    EXPECT_TRUE(isNew([&](RenderFramesSettings& other) { other.gloss.colours = {{red, 0.25}}; }));
+    EXPECT_TRUE(isNew([&](RenderFramesSettings& other) { other.gloss.colours = {{red, 0.5}, {red, 0.25}}; }));
+}
+
 TEST_F(RenderFramesTest, HoldUnitVectorsInNamedLayers)
 {
     render(settings("n.#.exr", {24}));
