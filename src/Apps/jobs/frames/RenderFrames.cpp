@@ -6,7 +6,6 @@
 #include "jobs/frames/RenderFrames.h"
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
-#include "QuarvelNormalMap/NM_LinearPicture.h"
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 #include "QuarvelVectorLanes/VL_ParallelFor.h"
 #include "jobs/frames/FrameDigest.h"
@@ -182,8 +181,6 @@ private:
             return surface.error();
         UT_Result<IIO_Picture> picture =
             NM_litPicture(*surface, _settings.lighting ? *_settings.lighting : sceneLighting(_shown.module(), number));
-        if (picture && _settings.picture.floatFile)
-            return NM_linearPicture(*picture);
         if (picture && _settings.picture.form.bits == 8)
             NM_ditherTo8Bits(*picture);
         return picture;

@@ -21,7 +21,7 @@
 enum class FrameContent
 {
     PICTURE,   ///< the module's picture, as FramePictureSettings says
-    LIT,       ///< the drawing in light (16 bits, sRGB)
+    LIT,       ///< the drawing in light, sRGB; 16 bits, or 8 if the picture's form says so
     DRAWING,   ///< the drawing that the module works on, as FramePictureSettings writes colours
     HEIGHT,    ///< how high each pixel lies (jobs/shown/SurfacePictures.h)
     OCCLUSION, ///< how much light of all sides reaches it
