@@ -105,7 +105,7 @@ private:
     QHash<QString, Stamp> _seen;       // of files as they were read, or were found when the scene was opened
     QFileSystemWatcher _watcher;
     QTimer _quiet;
-    QTimer _again; // for the next attempt, or for the end of a drag
+    QTimer _again; // for the next attempt
     std::vector<Request> _queue;
     int _scenes = 0; // how many were opened; what was read for another one is of no use
     QThread* _thread = nullptr;

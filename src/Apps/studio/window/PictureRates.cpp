@@ -5,7 +5,6 @@
 #include "studio/window/PictureRates.h"
 
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "QuarvelSceneCore/editing/MO_SceneCommands.h"
 #include "jobs/shown/NormalMapNode.h"
 #include "studio/docks/timeline/Playback.h"
@@ -201,13 +200,12 @@ MO_Module* nodeOf(const MO_Scene& scene)
 
 void dragBevel(Rates& rates, StudioDocument& document, MO_Module& node)
 {
-    auto* const table = dynamic_cast<AT_StringAttr*>(node.findAttr(QStringLiteral("ObjectList")));
     std::vector<NormalMapObject> objects = NormalMapNode(node).objects();
-    if (!table || objects.empty())
+    if (objects.empty())
         return;
     rates.drag("bevel of one object, dragged", 12.0, [&](double share) {
         objects.front().bevel = 5.0 + 60.0 * share;
-        document.execute(MO_EditCommand(table->setValueCmd(0.0, objectTableText(objects))));
+        document.execute(NormalMapNode(node).objectsCmd(objects));
     });
 }
 
