@@ -14,8 +14,8 @@
 /// The digest of all that determines the files of a drawing: 64 hexadecimal digits. Folders do not count, so that maps
 /// may be moved.
 ///
-/// @return empty for a single drawing without --resume, whose files are the same bytes whoever makes them and in
-/// whatever words; and if a file that counts cannot be read, or only once, as a pipe can
+/// @return empty for a single drawing without --resume, so that its files do not depend on how the command was spelt;
+/// and if a file that counts cannot be read, or only once, as a pipe can
 QByteArray digestOfMaps(const NormalMapOptions& options, const QString& drawing, const OutputFiles& files);
 
 /// The digest that a picture of this kind holds.

@@ -73,7 +73,7 @@ struct NormalMapOptions
 };
 
 /// The form of the map that a file gets. Files of the layout NODE and layers of floats keep the coverage and have no
-/// padding unless it is asked for; a format of 8 bits a channel has those.
+/// padding unless it is asked for; a file format of 8 bits lowers the form's bits to 8.
 NM_MapForm mapFormFor(const NormalMapOptions& options, const QString& file);
 
 /// Reads the words after "normalmap".

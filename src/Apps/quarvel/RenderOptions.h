@@ -44,8 +44,8 @@ struct RenderOptions
     NM_Layout layout = NM_Layout::TANGENT;
     MapFormOptions form;
 
-    int jobs = 0;        ///< frames at once; 0: as many as the machine has threads
-    double memory = 0.0; ///< bytes; 0: half of what the machine has
+    int jobs = 0;        ///< frames at once; 0: as many as the job may use threads (JobLimits.h)
+    double memory = 0.0; ///< bytes; 0: half of what the job may use
     bool resume = false;
     std::pair<int, int> shard{1, 1};       ///< the first of, say, four: 1, 4
     std::optional<double> framesPerSecond; ///< of the preview; nothing: the scene's

@@ -26,8 +26,8 @@ public:
 
     bool areMade() const { return _areMade.load(std::memory_order_acquire); }
 
-    /// Makes the pixels unless they are made, and waits while another thread makes them. Loops that run in parallel
-    /// inside of it are never interrupted by work of the loop that asks, which may ask, too.
+    /// Makes the pixels unless they are made, and waits while another thread makes them. Parallel loops inside run
+    /// isolated, so that a thread waiting in one never picks up work that asks for these same pixels.
     ///
     /// @param take receives what was made, once
     /// @throws what making throws; the next call tries again

@@ -33,9 +33,9 @@ struct NM_OcclusionDirection
 /// All directions, in the order in which they are added up.
 QUARVELNORMALMAP_EXPORT std::span<const NM_OcclusionDirection> NM_occlusionDirections();
 
-/// Computes the light that reaches each pixel: 1 where nothing is in the way. The rows of a line's slopes are computed
-/// in double precision, sums in single precision, always in the same order, so the result is the same on every machine
-/// and for any number of threads.
+/// Computes the light that reaches each pixel: 1 where nothing is in the way. Slopes are computed in double precision,
+/// sums in single precision, always in the same order, so the result is the same on every machine and for any number of
+/// threads.
 ///
 /// @return a field of the same size with values from 0 to 1, or an error if it does not fit in memory
 QUARVELNORMALMAP_EXPORT UT_Result<NM_HeightField> NM_openness(const NM_HeightField& heights);

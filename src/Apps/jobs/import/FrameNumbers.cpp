@@ -15,7 +15,7 @@ namespace {
 constexpr int kNoNumber = -1;
 constexpr qsizetype kMaxDigits = 9;
 
-// The parts of a text that are digits, and those that are not, in turn.
+// The run of digits, or of other characters, that begins here.
 QString partAt(const QString& text, qsizetype at)
 {
     qsizetype end = at;

@@ -28,8 +28,8 @@ struct FramePictureSettings
     RenderedKind source = RenderedKind::NORMALS; ///< what the node renders
     RenderedKind shown = RenderedKind::NORMALS;  ///< the part that is written
     NM_Layout layout = NM_Layout::TANGENT;
-    /// The padding applies to all pictures except layers, the rest to maps of normals that are not layers; the bits
-    /// also to elevations.
+    /// The padding applies to pictures in R G B A, which layers and elevations are not; the rest to maps of normals
+    /// that are not layers; the bits also to elevations and to lit frames.
     NM_MapForm form;
     bool elevation = false;   ///< the blue channel holds the elevation (DepthInBlue)
     bool floatFile = false;   ///< the file is OpenEXR
