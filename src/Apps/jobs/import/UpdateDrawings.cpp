@@ -324,7 +324,7 @@ private:
             row.number = number;
             _steps.emplace_back([node = _node, row] {
                 std::vector<NormalMapObject> rows = NormalMapNode(*node).objects();
-                rows.push_back(row);
+                putRow(rows, row);
                 return NormalMapNode(*node).objectsCmd(rows);
             });
         }

@@ -55,10 +55,7 @@ Listed listedFor(const MO_Port& input, const ObjectDefinition& definition, const
         names << element->instanceName();
     if (!names.isEmpty())
         object.name = names.join(QStringLiteral(", "));
-    // If several rows have the same number, the node uses the last.
-    const auto row = std::find_if(values.rbegin(), values.rend(),
-                                  [&](const NormalMapObject& value) { return value.number == object.number; });
-    if (object.number > 0 && row != values.rend())
+    if (const NormalMapObject* const row = findRow(values, object.number))
         object.values = *row;
     return object;
 }

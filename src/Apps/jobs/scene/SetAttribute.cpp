@@ -155,17 +155,10 @@ MadeCommand changeObjectTable(MO_Scene& scene, MO_Module& node, AT_Attr& table, 
 {
     const QString text = words.join(u';');
     std::vector<NormalMapObject> rows = NormalMapNode(node).objects();
-    for (const NormalMapObject& given : objectsOfTable(text)) {
-        const auto same = [&](const NormalMapObject& row) { return row.number == given.number; };
-        const auto place = std::ranges::find_if(rows, same);
-        if (place == rows.end()) {
-            rows.push_back(given);
-            continue;
-        }
-        *place = given;
-        rows.erase(std::remove_if(place + 1, rows.end(), same), rows.end());
-    }
-    if (!text.trimmed().isEmpty() && objectsOfTable(text).empty())
+    const std::vector<NormalMapObject> given = objectsOfTable(text);
+    for (const NormalMapObject& row : given)
+        putRow(rows, row);
+    if (!text.trimmed().isEmpty() && given.empty())
         return error(
             QStringLiteral("expected NUMBER:BEVEL:ELEVATION:SMOOTHNESS, as in 1:60:1:1, got \"%1\"").arg(text));
     return changeByWords(scene, table, {text.trimmed().isEmpty() ? QString() : objectTableText(rows)});

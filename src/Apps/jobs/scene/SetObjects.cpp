@@ -132,7 +132,7 @@ public:
         std::vector<NormalMapObject> rows = NormalMapNode(node).objects();
         for (const auto& [number, settings] : said)
             if (settings.bevel || settings.elevation || settings.smoothness)
-                raise(rowOf(rows, number), settings);
+                raise(rows, number, settings);
         AT_Attr* const table = node.findAttr(NormalMapNode::objectTableKey());
         return table ? add(*table, objectTableText(rows)) : UT_Result<void>();
     }
@@ -147,23 +147,15 @@ public:
 private:
     static QString yesNo(bool value) { return value ? QStringLiteral("yes") : QStringLiteral("no"); }
 
-    // If several rows have the same number, the node uses the last.
-    static NormalMapObject& rowOf(std::vector<NormalMapObject>& rows, int number)
+    void raise(std::vector<NormalMapObject>& rows, int number, const ObjectSettings& said)
     {
-        const auto found =
-            std::find_if(rows.rbegin(), rows.rend(), [&](const NormalMapObject& row) { return row.number == number; });
-        if (found != rows.rend())
-            return *found;
-        rows.push_back({.number = number});
-        return rows.back();
-    }
-
-    void raise(NormalMapObject& row, const ObjectSettings& said)
-    {
-        const NormalMapObject before = row;
+        const NormalMapObject* const known = findRow(rows, number);
+        const NormalMapObject before = known ? *known : NormalMapObject{.number = number};
+        NormalMapObject row = before;
         row.bevel = said.bevel.value_or(row.bevel);
         row.elevation = said.elevation.value_or(row.elevation);
         row.smoothness = said.smoothness.value_or(row.smoothness);
+        putRow(rows, row);
         if (row != before)
             _changed.insert(row.number);
     }

@@ -13,6 +13,7 @@
 
 #include <QStringList>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -243,6 +244,7 @@ QString objectTableText(const std::vector<NormalMapObject>& objects)
 std::vector<NormalMapObject> objectsOfTable(const QString& text)
 {
     std::vector<NormalMapObject> objects;
+    std::map<int, std::size_t> places; // by number
     for (const QString& row : text.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
         const QStringList fields = row.split(QLatin1Char(':'), Qt::SkipEmptyParts);
         // A number alone is a row; a number with only a colon after it is not.
@@ -254,10 +256,30 @@ std::vector<NormalMapObject> objectsOfTable(const QString& text)
         object.bevel = numberAt(fields, 1, object.bevel);
         object.elevation = numberAt(fields, 2, object.elevation);
         object.smoothness = numberAt(fields, 3, object.smoothness);
-        if (isNumber && object.number >= 1)
+        if (!isNumber || object.number < 1)
+            continue;
+        const auto [place, isNew] = places.try_emplace(object.number, objects.size());
+        if (isNew)
             objects.push_back(object);
+        else
+            objects[place->second] = object;
     }
     return objects;
+}
+
+const NormalMapObject* findRow(const std::vector<NormalMapObject>& table, int number)
+{
+    const auto found = std::ranges::find(table, number, &NormalMapObject::number);
+    return found == table.end() ? nullptr : &*found;
+}
+
+void putRow(std::vector<NormalMapObject>& table, const NormalMapObject& row)
+{
+    const auto found = std::ranges::find(table, row.number, &NormalMapObject::number);
+    if (found == table.end())
+        table.push_back(row);
+    else
+        *found = row;
 }
 
 QString colourTableText(const std::vector<NormalMapColour>& colours)

@@ -83,8 +83,7 @@ public:
     /// The key of the attribute with this name for people, such as "bevel-multiplier" or "Bevel Multiplier"; empty if
     /// there is none.
     static QString keyCalled(const QString& name);
-    /// The object table, without the rows that the node ignores. If several rows have the same number, the node uses
-    /// the last.
+    /// The object table, without the rows that the node ignores; each number occurs once.
     std::vector<NormalMapObject> objects() const;
     /// Makes the undoable command that changes the object table; it merges with the next one. Null if nothing would
     /// change.
@@ -119,8 +118,13 @@ private:
 
 /// The object table as the attribute's text: rows "number:bevel:elevation:smoothness", joined by semicolons.
 QString objectTableText(const std::vector<NormalMapObject>& objects);
-/// The inverse, as the node reads the text: missing values get the defaults above, invalid rows are left out.
+/// The inverse, as the node reads the text: missing values get the defaults above, invalid rows are left out, and of
+/// several rows with the same number the last counts.
 std::vector<NormalMapObject> objectsOfTable(const QString& text);
+/// The row of an object in such a table; null if there is none.
+const NormalMapObject* findRow(const std::vector<NormalMapObject>& table, int number);
+/// Puts a row in the place of the row with its number, or at the end.
+void putRow(std::vector<NormalMapObject>& table, const NormalMapObject& row);
 /// What an Object Definition keeps of the form that the program chose for its object: "bevel:elevation:smoothness".
 QString objectFormText(const NormalMapObject& object);
 /// The reverse; nothing for a text that is no such form. The number is that of a new row.

@@ -62,7 +62,6 @@ ObjectRims::ObjectRims(const std::vector<MO_Module*>& nodes, double frame)
         Node& known = _nodes[module->instanceName()];
         known = {node.generatesNormals(), node.hasElevationInBlue(), {}};
         std::vector<NormalMapObject> rows;
-        // If several rows have the same number, the node uses the last.
         for (const NormalMapObject& object : node.objects()) {
             rows.push_back(rowFor(object, values));
             const double rise = rows.back().elevation * node.riseFactor(frame);

@@ -69,12 +69,8 @@ QString nameOf(const ObjectDefinition& definition)
 
 NormalMapObject valuesOf(const std::vector<NormalMapObject>& table, int number)
 {
-    NormalMapObject values;
-    values.number = number;
-    for (const NormalMapObject& row : table)
-        if (row.number == number)
-            values = row;
-    return values;
+    const NormalMapObject* const row = findRow(table, number);
+    return row ? *row : NormalMapObject{.number = number};
 }
 
 void addObjects(MO_Module& node, double frame, std::vector<SceneObject>& all)
