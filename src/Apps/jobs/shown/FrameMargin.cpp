@@ -3,7 +3,6 @@
 // Treats each object as a rectangle and measures how far it reaches outside each side of the frame.
 #include "jobs/shown/FrameMargin.h"
 
-#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/graph/MO_Port.h"
 #include "QuarvelSceneCore/graph/MO_SceneCommon.h"
 #include "jobs/shown/DrawingExtent.h"
@@ -42,11 +41,7 @@ std::map<int, QRectF> extentsOf(const MO_Module& node, double frame, const std::
 // In pixels.
 double blurReach(const NormalMapNode& node, double bevel, double frame, int width)
 {
-    const AT_DoubleAttr* const multiplier = node.bevelMultiplier();
-    const MO_SceneCommon* const scene = node.module().sceneCommon();
-    const double truck = node.usesTruckFactor() && scene ? scene->truckFactor(frame) : 1.0;
-    const double sigma =
-        bevel * (multiplier ? multiplier->value(frame) : 1.0) * truck / MO_SceneCommon::kFrameWidth * width / 4.0;
+    const double sigma = bevel * node.bevelFactor(frame) / MO_SceneCommon::kFrameWidth * width / 4.0;
     return std::isfinite(sigma) && sigma > 0.0 ? std::ceil(4.0 * sigma) : 0.0;
 }
 

@@ -182,9 +182,19 @@ std::map<int, double> NormalMapNode::rises(double frame) const
 double NormalMapNode::riseFactor(double frame) const
 {
     const AT_DoubleAttr* const multiplier = elevationMultiplier();
+    return kRiseOfElevation * (multiplier ? multiplier->value(frame) : 1.0) * truckFactor(frame);
+}
+
+double NormalMapNode::bevelFactor(double frame) const
+{
+    const AT_DoubleAttr* const multiplier = bevelMultiplier();
+    return (multiplier ? multiplier->value(frame) : 1.0) * truckFactor(frame);
+}
+
+double NormalMapNode::truckFactor(double frame) const
+{
     const MO_SceneCommon* const scene = _module->sceneCommon();
-    const double truck = scene && usesTruckFactor() ? scene->truckFactor(frame) : 1.0;
-    return kRiseOfElevation * (multiplier ? multiplier->value(frame) : 1.0) * truck;
+    return scene && usesTruckFactor() ? scene->truckFactor(frame) : 1.0;
 }
 
 void NormalMapNode::scaleElevations(double factor) const

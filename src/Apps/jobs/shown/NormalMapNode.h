@@ -105,6 +105,8 @@ public:
     std::map<int, double> rises(double frame) const;
     /// The factor from elevations of the table to these heights.
     double riseFactor(double frame) const;
+    /// The factor from bevels of the table to those that the node uses at a frame.
+    double bevelFactor(double frame) const;
     /// Multiplies the elevation of every object.
     void scaleElevations(double factor) const;
     /// Whether the node clips the blur at the drawing's outline (attribute ClipBlurredWithGeometry).
@@ -113,6 +115,8 @@ public:
     bool usesTruckFactor() const;
 
 private:
+    double truckFactor(double frame) const;
+
     MO_Module* _module;
 };
 

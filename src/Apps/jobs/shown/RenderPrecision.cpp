@@ -5,7 +5,6 @@
 
 #include "QuarvelCelCore/CELVEC_Kvd.h"
 #include "QuarvelCelCore/CEL_WithFormat.h"
-#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/graph/MO_Port.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "QuarvelSceneCore/interfaces/MO_RenderingRequestService.h"
@@ -23,20 +22,16 @@ namespace {
 constexpr double kGrain = 30000.0; // square pixels
 constexpr int kMostFrames = 200;
 
-// The largest factor by which the multipliers enlarge bevel times height at any examined frame.
-double largestMultiplier(const NormalMapNode& node)
+// The largest factor from the table's bevel times elevation to bevel times height at any examined frame.
+double largestFactor(const NormalMapNode& node)
 {
     const MO_SceneCommon* const scene = node.module().sceneCommon();
-    const AT_DoubleAttr* const bevel = node.bevelMultiplier();
-    const AT_DoubleAttr* const elevation = node.elevationMultiplier();
-    if (!scene || !bevel || !elevation)
-        return 1.0;
+    if (!scene)
+        return kRiseOfElevation;
     const int step = std::max(1, (scene->lastFrame() - scene->firstFrame()) / kMostFrames);
     double largest = 0.0;
-    for (int frame = scene->firstFrame(); frame <= scene->lastFrame(); frame += step) {
-        const double truck = node.usesTruckFactor() ? scene->truckFactor(frame) : 1.0;
-        largest = std::max(largest, bevel->value(frame) * std::abs(elevation->value(frame)) * truck * truck);
-    }
+    for (int frame = scene->firstFrame(); frame <= scene->lastFrame(); frame += step)
+        largest = std::max(largest, node.bevelFactor(frame) * std::abs(node.riseFactor(frame)));
     return largest;
 }
 
@@ -45,8 +40,8 @@ double widestRise(const NormalMapNode& node)
 {
     double widest = 0.0;
     for (const NormalMapObject& object : node.objects())
-        widest = std::max(widest, object.bevel * std::abs(object.elevation) * kRiseOfElevation);
-    return widest * largestMultiplier(node);
+        widest = std::max(widest, object.bevel * std::abs(object.elevation));
+    return widest * largestFactor(node);
 }
 
 // Whether every colour of the scene is listed at the full level.
