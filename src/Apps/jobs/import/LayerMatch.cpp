@@ -40,12 +40,6 @@ double overlapOf(const QRectF& one, const QRectF& other)
     return all > 0.0 ? shared / all : 0.0;
 }
 
-bool haveSameShapes(const CELVEC_Kvd& one, const CELVEC_Kvd& other)
-{
-    return std::ranges::all_of(kGR_allArts,
-                               [&](GR_Art art) { return std::ranges::equal(one.shapes(art), other.shapes(art)); });
-}
-
 struct Pair
 {
     double score;
@@ -66,6 +60,12 @@ double scoreOf(const Layer& before, const Layer& fresh)
 }
 
 } // namespace
+
+bool haveSameShapes(const CELVEC_Kvd& one, const CELVEC_Kvd& other)
+{
+    return std::ranges::all_of(kGR_allArts,
+                               [&](GR_Art art) { return std::ranges::equal(one.shapes(art), other.shapes(art)); });
+}
 
 std::vector<int> matchLayers(const std::vector<MO_ElementModule*>& before,
                              const std::vector<const MO_ElementModule*>& fresh)

@@ -17,6 +17,9 @@
 /// Without the same name, layers that overlap less than this are different ones.
 inline constexpr double kSamePlace = 0.7;
 
+/// Whether two drawings have equal shapes, painted in the same colours of their palettes.
+bool haveSameShapes(const CELVEC_Kvd& one, const CELVEC_Kvd& other);
+
 /// @return for each fresh element the index of the earlier element that it matches; -1 for a new one
 std::vector<int> matchLayers(const std::vector<MO_ElementModule*>& before,
                              const std::vector<const MO_ElementModule*>& fresh);

@@ -42,12 +42,6 @@ Module* firstOf(const MO_Scene& scene, const std::function<bool(Module&)>& isWan
     return found;
 }
 
-bool isSameDrawing(const CELVEC_Kvd& one, const CELVEC_Kvd& other)
-{
-    return std::ranges::all_of(kGR_allArts,
-                               [&](GR_Art art) { return std::ranges::equal(one.shapes(art), other.shapes(art)); });
-}
-
 bool haveSameNames(const Drawings& one, const Drawings& other)
 {
     return std::ranges::equal(one, other, {}, &Drawings::value_type::first, &Drawings::value_type::first);
@@ -59,7 +53,7 @@ Drawings changedDrawings(const Drawings& before, const Drawings& fresh)
     Drawings changed;
     for (const auto& [name, drawing] : fresh) {
         const auto known = before.find(name);
-        if (known == before.end() || !isSameDrawing(*known->second, *drawing))
+        if (known == before.end() || !haveSameShapes(*known->second, *drawing))
             changed.emplace(name, drawing);
     }
     return changed;
