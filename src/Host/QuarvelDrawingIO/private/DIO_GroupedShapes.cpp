@@ -102,8 +102,7 @@ QRectF DIO_boundsOf(const std::vector<DIO_Shape>& shapes)
 {
     QRectF bounds;
     for (const DIO_Shape& shape : shapes)
-        bounds |=
-            shape.clip ? shape.path.controlPointRect() & shape.clip->controlPointRect() : shape.path.controlPointRect();
+        bounds |= boundsOf(shape);
     return bounds;
 }
 
