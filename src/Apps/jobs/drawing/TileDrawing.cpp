@@ -5,6 +5,7 @@
 #include "jobs/drawing/TileDrawing.h"
 
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
+#include "form/bitmap/BitmapObjects.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -12,12 +13,10 @@
 
 namespace {
 
-bool isBitmap(const DIO_Drawing& drawing)
+// Whether one picture fills the drawing.
+bool isFilledByBitmap(const DIO_Drawing& drawing)
 {
-    if (drawing.layers.size() != 1 || drawing.layers.front().shapes.size() != 1)
-        return false;
-    const DIO_Shape& shape = drawing.layers.front().shapes.front();
-    return !shape.picture.isNull() && !shape.clip && shape.path.boundingRect() == drawing.viewBox;
+    return isBitmap(drawing) && drawing.layers.front().shapes.front().path.boundingRect() == drawing.viewBox;
 }
 
 QImage tiled(const QImage& image, int columns, int rows)
@@ -76,7 +75,7 @@ DIO_Drawing tiled(const DIO_Drawing& drawing, const Tiling& tiling)
     DIO_Drawing result = drawing;
     result.size = {drawing.size.width() * columns, drawing.size.height() * rows};
     result.viewBox.setSize({step.width() * columns, step.height() * rows});
-    if (isBitmap(drawing)) {
+    if (isFilledByBitmap(drawing)) {
         DIO_Shape& shape = result.layers.front().shapes.front();
         shape.picture = tiled(shape.picture, columns, rows);
         shape.path = {};
