@@ -64,7 +64,7 @@ bool isEmpty(const CELVEC_Kvd& drawing)
     return std::ranges::all_of(kGR_allArts, [&](GR_Art art) { return drawing.shapes(art).empty(); });
 }
 
-ObjectDefinition* definitionBehind(const MO_ElementModule& element)
+ObjectDefinition* definitionFedBy(const MO_ElementModule& element)
 {
     if (element.nOutPorts() == 0)
         return nullptr;
@@ -284,7 +284,7 @@ private:
         for (std::size_t i = 0; i < placing.size(); ++i)
             placingAttrs(*added.element)[i]->setLocalValue(placing[i]);
         add(std::move(element), nullptr);
-        if (const ObjectDefinition* const known = definitionBehind(layer)) {
+        if (const ObjectDefinition* const known = definitionFedBy(layer)) {
             auto definition = MO_copyModule(*known);
             added.definition = &dynamic_cast<ObjectDefinition&>(*definition);
             const int before = known->objectNumber()->localValue();
