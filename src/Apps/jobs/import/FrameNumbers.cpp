@@ -12,7 +12,6 @@
 
 namespace {
 
-constexpr int kNoNumber = -1;
 constexpr qsizetype kMaxDigits = 9;
 
 // The run of digits, or of other characters, that begins here.
@@ -67,15 +66,23 @@ UT_Result<std::vector<NumberedFile>> inTurn(const QStringList& paths)
     return files;
 }
 
-UT_Result<void> checkNumbers(const std::vector<NumberedFile>& files)
+// What a file's name says of its frame.
+struct NamedFile
+{
+    QString path;
+    std::optional<int> frame;
+};
+
+// @param files by their numbers, those without one first
+UT_Result<void> checkNumbers(const std::vector<NamedFile>& files)
 {
     for (std::size_t i = 1; i < files.size(); ++i) {
-        if (files[0].frame == kNoNumber)
+        if (!files[0].frame)
             return UT_Error{QStringLiteral("%1 has no frame number in its name and %2 has; number all of them or none")
                                 .arg(files[0].path, files.back().path)};
         if (files[i].frame == files[i - 1].frame)
             return UT_Error{QStringLiteral("%1 and %2 have the same frame number, %3; rename one, or leave it out")
-                                .arg(files[i - 1].path, files[i].path, QString::number(files[i].frame))};
+                                .arg(files[i - 1].path, files[i].path, QString::number(*files[i].frame))};
     }
     return {};
 }
@@ -87,35 +94,38 @@ void sortNaturally(QStringList& paths)
     std::ranges::sort(paths, comesBefore);
 }
 
-UT_Result<int> frameNumberOf(const QString& path)
+UT_Result<std::optional<int>> frameNumberOf(const QString& path)
 {
     static const QRegularExpression lastDigits(QStringLiteral("([0-9]+)[^0-9]*$"));
     const QRegularExpressionMatch match = lastDigits.match(QFileInfo(path).completeBaseName());
     if (!match.hasMatch())
-        return kNoNumber;
+        return std::optional<int>();
     const QString digits = withoutLeadingZeros(match.captured(1));
     if (digits.size() > kMaxDigits)
         return UT_Error{QStringLiteral("%1: %2 is too large for a frame number").arg(path, digits)};
-    return digits.toInt();
+    return std::optional(digits.toInt());
 }
 
 UT_Result<std::vector<NumberedFile>> numberFrames(QStringList paths)
 {
     sortNaturally(paths);
-    std::vector<NumberedFile> files;
+    std::vector<NamedFile> files;
     for (const QString& path : std::as_const(paths)) {
-        const UT_Result<int> frame = frameNumberOf(path);
+        const UT_Result<std::optional<int>> frame = frameNumberOf(path);
         if (!frame)
             return frame.error();
         files.push_back({path, *frame});
     }
-    const auto hasNone = [](const NumberedFile& file) { return file.frame == kNoNumber; };
+    const auto hasNone = [](const NamedFile& file) { return !file.frame; };
     if (files.size() == 1 || std::ranges::all_of(files, hasNone))
         return inTurn(paths);
-    std::ranges::stable_sort(files, {}, &NumberedFile::frame);
+    std::ranges::stable_sort(files, {}, &NamedFile::frame);
     if (UT_Result<void> checked = checkNumbers(files); !checked)
         return checked.error();
-    return files;
+    std::vector<NumberedFile> numbered;
+    for (const NamedFile& file : files)
+        numbered.push_back({file.path, *file.frame});
+    return numbered;
 }
 
 QString sequenceName(QStringList paths)

@@ -7,6 +7,7 @@
 
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 /// A file and its place in time.
@@ -20,10 +21,10 @@ struct NumberedFile
 /// stand in the order of their characters, so that the order never depends on how the names came in.
 void sortNaturally(QStringList& paths);
 
-/// The number that a file's name has: the last run of digits before the suffix; -1 if there is none.
+/// The number that a file's name has: the last run of digits before the suffix; nothing if there is none.
 ///
 /// @return an error if the number is too large
-UT_Result<int> frameNumberOf(const QString& path);
+UT_Result<std::optional<int>> frameNumberOf(const QString& path);
 
 /// Gives each file of a sequence its frame. A single file, and files of which none has a number, are numbered from 1 in
 /// natural order.

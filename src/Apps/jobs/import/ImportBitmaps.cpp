@@ -15,13 +15,11 @@
 
 namespace {
 
-constexpr int kAlways = -1;
-
-// The files of a layer by their frames.
+// The files of a layer by their frames; the file without a frame is shown at all frames that have no other.
 struct BitmapLayer
 {
     QString name;
-    std::map<int, QString> files;
+    std::map<std::optional<int>, QString> files;
     std::optional<DIO_Paint> paint; // of the first picture, for all of them
 };
 
@@ -29,7 +27,7 @@ UT_Result<std::vector<BitmapLayer>> layersOf(const QStringList& files)
 {
     std::vector<BitmapLayer> layers;
     for (const QString& file : files) {
-        const UT_Result<int> number = files.size() == 1 ? kAlways : frameNumberOf(file);
+        const UT_Result<std::optional<int>> number = files.size() == 1 ? std::optional<int>() : frameNumberOf(file);
         if (!number)
             return number.error();
         const QString name = files.size() == 1 ? sequenceName(files) : DIO_nameWithoutNumber(file);
@@ -50,8 +48,8 @@ std::set<int> framesOf(const std::vector<BitmapLayer>& layers)
     std::set<int> frames;
     for (const BitmapLayer& layer : layers)
         for (const auto& [frame, file] : layer.files)
-            if (frame != kAlways)
-                frames.insert(frame);
+            if (frame)
+                frames.insert(*frame);
     if (frames.empty())
         frames.insert(1);
     return frames;
@@ -60,7 +58,7 @@ std::set<int> framesOf(const std::vector<BitmapLayer>& layers)
 const QString* fileAt(const BitmapLayer& layer, int frame)
 {
     const auto numbered = layer.files.find(frame);
-    const auto found = numbered != layer.files.end() ? numbered : layer.files.find(kAlways);
+    const auto found = numbered != layer.files.end() ? numbered : layer.files.find(std::nullopt);
     return found == layer.files.end() ? nullptr : &found->second;
 }
 
@@ -157,7 +155,7 @@ private:
         if (const auto found = _kept.constFind(file); found != _kept.constEnd())
             return *found;
         UT_Result<DIO_Drawing> read = DIO_readBitmap(file);
-        if (const UT_Result<int> number = frameNumberOf(file); read && number && *number == kAlways)
+        if (const auto number = frameNumberOf(file); read && number && !*number)
             _kept.insert(file, *read);
         return read;
     }

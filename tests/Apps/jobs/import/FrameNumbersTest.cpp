@@ -37,7 +37,7 @@ TEST(FrameNumbers, AreTheLastDigitsOfTheName)
     EXPECT_EQ(*frameNumberOf("art/take2/walk 7 final.svg"), 7);
     EXPECT_EQ(*frameNumberOf("take2/walk.v3.svg"), 3);
     EXPECT_EQ(*frameNumberOf("000.svg"), 0);
-    EXPECT_EQ(*frameNumberOf("take2/walk.svg"), -1);
+    EXPECT_EQ(*frameNumberOf("take2/walk.svg"), std::nullopt);
 }
 
 TEST(FrameNumbers, BeyondAllReasonAreRefused)
