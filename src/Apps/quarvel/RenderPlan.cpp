@@ -197,17 +197,43 @@ UT_Result<void> planSurfaces(const RenderOptions& options, RenderPlan& plan)
     return {};
 }
 
-UT_Result<int> atOnceOf(const RenderOptions& options, const RenderPlan& plan)
+// The parts of a frame that any of the runs needs. They follow each other, so that this is more than each needs.
+ShownParts partsOfAll(const RenderOptions& options, const RenderPlan& plan)
+{
+    ShownParts all = partsOf(plan.settings);
+    const auto add = [&all](const ShownParts& parts) {
+        all.elevation = all.elevation || parts.elevation;
+        all.drawing = all.drawing || parts.drawing;
+        all.channels = all.channels || parts.channels;
+        all.objects = all.objects || parts.objects;
+    };
+    if (!options.lit.isEmpty())
+        add(partsOf(plan.lit));
+    if (!options.drawing.isEmpty())
+        add(partsOf(plan.drawing));
+    for (const auto& [output, surface] : plan.surfaces)
+        add(partsOf(surface));
+    all.drawing = all.drawing || !options.page.isEmpty();
+    return all;
+}
+
+UT_Result<void> chooseAtOnce(const RenderOptions& options, RenderPlan& plan)
 {
     const RenderFramesSettings& settings = plan.settings;
-    ShownParts parts = partsOf(settings.picture);
-    parts.drawing = parts.drawing || !options.lit.isEmpty() || !options.drawing.isEmpty() || !options.page.isEmpty();
-    parts.objects = parts.objects || !options.height.isEmpty() || !options.occlusion.isEmpty();
-    parts.drawing = parts.drawing || parts.objects;
-    const double needed = shownFrameBytes(*plan.shown, settings.frames, settings.parameters, parts);
     const JobLimits limits = jobLimits();
-    return framesAtOnce(options.jobs > 0 ? options.jobs : limits.threads, settings.parameters, needed,
-                        options.memory > 0.0 ? options.memory : limits.memory / 2.0);
+    const double needed = shownFrameBytes(*plan.shown, settings.frames, settings.parameters, partsOfAll(options, plan));
+    const UT_Result<int> atOnce =
+        framesAtOnce(options.jobs > 0 ? options.jobs : limits.threads, settings.parameters, needed,
+                     options.memory > 0.0 ? options.memory : limits.memoryForFrames());
+    if (!atOnce) {
+        UT_Error error = atOnce.error();
+        error.text += QStringLiteral(", or allow more with --memory");
+        return error;
+    }
+    plan.settings.atOnce = plan.lit.atOnce = plan.drawing.atOnce = *atOnce;
+    for (auto& [output, surface] : plan.surfaces)
+        surface.atOnce = *atOnce;
+    return {};
 }
 
 void warnWhereFramesHaveNoDigest(const RenderOptions& options, Report& report)
@@ -280,10 +306,6 @@ UT_Result<RenderPlan> renderPlan(const MO_Scene& scene, const RenderOptions& opt
     if (const auto named = nameFiles(options, plan.settings); !named)
         return named.error();
     plan.settings.picture = pictureSettings(options, plan);
-    const auto atOnce = atOnceOf(options, plan);
-    if (!atOnce)
-        return atOnce.error();
-    plan.settings.atOnce = *atOnce;
     plan.settings.resume = options.resume;
     warnWhereFramesHaveNoDigest(options, report);
     warnOfLosses(options, plan, report);
@@ -299,6 +321,8 @@ UT_Result<RenderPlan> renderPlan(const MO_Scene& scene, const RenderOptions& opt
         return planned.error();
     if (const auto differ = checkFilesDiffer(options, plan.settings.frames); !differ)
         return differ.error();
+    if (const auto chosen = chooseAtOnce(options, plan); !chosen)
+        return chosen.error();
     warnOfMissingColours(scene, options, report);
     if (!options.page.isEmpty() && plan.settings.picture.shown != RenderedKind::NORMALS)
         return UT_Error{QStringLiteral("--html lights normals, and the picture of \"%1\" is none; name a node with "

@@ -23,21 +23,10 @@ UT_Result<void> checkSize(const RD_RenderParameters& parameters)
 
 UT_Result<void> checkMemory(const RD_RenderParameters& parameters, double needed, int atOnce)
 {
-    const auto [width, height] = parameters.resolution;
-    constexpr double kGigabyte = 1e9;
     const double present = jobLimits().memory / atOnce;
     if (needed <= present)
         return {};
-    const auto [fittingWidth, fittingHeight] = sizeThatFits(parameters.resolution, needed, present);
-    return UT_Error{QStringLiteral("a picture of %1 x %2 pixels needs about %3 GB of memory and there are %4 GB; "
-                                   "%5 x %6 pixels fit")
-                        .arg(width)
-                        .arg(height)
-                        .arg(needed / kGigabyte, 0, 'f', 2)
-                        .arg(present / kGigabyte, 0, 'f', 2)
-                        .arg(fittingWidth)
-                        .arg(fittingHeight),
-                    UT_ErrorKind::NO_MEMORY};
+    return tooLarge(QStringLiteral("a picture"), parameters.resolution, needed, present);
 }
 
 } // namespace

@@ -14,6 +14,7 @@
 #include "jobs/limits/JobLimits.h"
 #include "jobs/shown/LitSurface.h"
 #include "jobs/shown/SceneLighting.h"
+#include "jobs/shown/SurfacePictures.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -163,12 +164,10 @@ private:
             return drawingPicture(number, goOn);
         if (SurfaceFrames::makes(_settings.content))
             return _surfaces.render(number, goOn);
-        const bool isLit = _settings.content == FrameContent::LIT;
-        const ShownParts parts = isLit ? ShownParts{.drawing = true} : partsOf(_settings.picture);
-        const auto frame = _shown.render(number, _settings.parameters, parts, goOn);
+        const auto frame = _shown.render(number, _settings.parameters, partsOf(_settings), goOn);
         if (!frame)
             return frame.error();
-        if (isLit)
+        if (_settings.content == FrameContent::LIT)
             return litPicture(*frame, number);
         return framePicture(*frame->picture, frame->drawing.get(), frame->window, _settings.picture, number,
                             &frame->objects);
@@ -263,6 +262,23 @@ private:
 };
 
 } // namespace
+
+ShownParts partsOf(const RenderFramesSettings& run)
+{
+    switch (run.content) {
+    case FrameContent::PICTURE:
+        return partsOf(run.picture);
+    case FrameContent::LIT:
+    case FrameContent::DRAWING:
+    case FrameContent::GLOSS:
+        return {.drawing = true};
+    case FrameContent::HEIGHT:
+    case FrameContent::OCCLUSION:
+    case FrameContent::NUMBERS:
+        break;
+    }
+    return surfaceParts();
+}
 
 RenderFramesResult renderFrames(const ShownModule& shown, const RenderFramesSettings& settings,
                                 const RenderFramesWatcher& watcher)

@@ -48,6 +48,9 @@ struct RenderFramesSettings
     bool resume = false;
 };
 
+/// What the frames of a run are made of.
+ShownParts partsOf(const RenderFramesSettings& run);
+
 /// How a frame ended.
 enum class FrameEnd
 {

@@ -55,7 +55,7 @@ UT_Result<IIO_Picture> SurfaceFrames::render(int frame, const RD_SoftRenderer::P
 {
     if (_settings.content == FrameContent::GLOSS)
         return gloss(frame, progress);
-    const auto shown = _shown.render(frame, _settings.parameters, surfaceParts(), progress);
+    const auto shown = _shown.render(frame, _settings.parameters, partsOf(_settings), progress);
     if (!shown)
         return shown.error();
     const NM_MapForm& form = _settings.picture.form;

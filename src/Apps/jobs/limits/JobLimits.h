@@ -20,6 +20,10 @@ struct JobLimits
 {
     int threads = 1;     ///< at least 1
     double memory = 0.0; ///< bytes
+
+    /// The bytes that the frames of a run may take together unless somebody says otherwise: half, because what they are
+    /// made of, their files and other programs take memory, too.
+    double memoryForFrames() const { return memory / 2.0; }
 };
 
 /// The limits of the different sources.

@@ -89,6 +89,23 @@ double shownFrameBytes(const RD_RenderParameters& used, const ShownParts& wanted
     return static_cast<double>(size.width) * size.height * (std::max(rendering, writing) + 4.0);
 }
 
+UT_Error tooLarge(const QString& what, const std::pair<int, int>& resolution, double needed, double budget)
+{
+    // As --memory takes it.
+    const auto gigabytes = [](double bytes) {
+        return QString::number(bytes / (1024.0 * 1024.0 * 1024.0), 'f', 2) + QStringLiteral("G");
+    };
+    const auto [width, height] = sizeThatFits(resolution, needed, budget);
+    return {QStringLiteral("%1 of %2 x %3 pixels needs about %4 of memory and %5 are allowed; %6 x %7 pixels fit")
+                .arg(what)
+                .arg(resolution.first)
+                .arg(resolution.second)
+                .arg(gigabytes(needed), gigabytes(budget))
+                .arg(width)
+                .arg(height),
+            UT_ErrorKind::NO_MEMORY};
+}
+
 std::pair<int, int> sizeThatFits(const std::pair<int, int>& resolution, double needed, double budget)
 {
     const double factor = std::sqrt(std::min(1.0, budget / needed));

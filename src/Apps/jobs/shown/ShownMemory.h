@@ -34,6 +34,11 @@ double shownFrameBytes(const RD_RenderParameters& used, const ShownParts& wanted
 /// @return each side is at least 1
 std::pair<int, int> sizeThatFits(const std::pair<int, int>& resolution, double needed, double budget);
 
+/// The error for a picture that needs more bytes than it may take; it names the size that fits.
+///
+/// @param what "a frame", "a picture"
+UT_Error tooLarge(const QString& what, const std::pair<int, int>& resolution, double needed, double budget);
+
 /// The share of the frame whose inputs a node holds as pixels at the same time, at the examined frame where it is
 /// largest: the inputs of the largest object, because drawings are painted when their object is built, and all inputs
 /// that several drawings were composed into before.

@@ -12,7 +12,6 @@
 #include "jobs/frames/SurfaceFrames.h"
 #include "jobs/limits/JobLimits.h"
 #include "jobs/shown/ShownMemory.h"
-#include "jobs/shown/SurfacePictures.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -135,15 +134,6 @@ void setContent(RenderFramesSettings& run, ExportPicture picture, const ExportCh
     }
 }
 
-ShownParts partsOfRun(const RenderFramesSettings& run)
-{
-    if (SurfaceFrames::makes(run.content))
-        return surfaceParts();
-    ShownParts parts = partsOf(run.picture);
-    parts.drawing = parts.drawing || run.content != FrameContent::PICTURE;
-    return parts;
-}
-
 } // namespace
 
 QList<ExportPicture> exportPicturesOf(RenderedKind kind)
@@ -223,8 +213,8 @@ UT_Result<ExportPlan> ExportPlan::of(const MO_Scene& scene, const ExportChoices&
         run.parameters = parametersOf(scene, choices);
         setContent(run, picture, choices, *plan.shown);
         // One frame at a time leaves a processor core for the window.
-        const double needed = shownFrameBytes(*plan.shown, run.frames, run.parameters, partsOfRun(run));
-        const auto atOnce = framesAtOnce(1, run.parameters, needed, jobLimits().memory / 2.0);
+        const double needed = shownFrameBytes(*plan.shown, run.frames, run.parameters, partsOf(run));
+        const auto atOnce = framesAtOnce(1, run.parameters, needed, jobLimits().memoryForFrames());
         if (!atOnce)
             return atOnce.error();
         run.atOnce = *atOnce;

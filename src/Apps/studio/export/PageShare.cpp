@@ -74,7 +74,7 @@ UT_Result<std::shared_ptr<PageShare::Plan>> PageShare::planOf(const QString& fil
     settings.framesPerSecond = scene.frameRate();
     // One frame at a time leaves a processor core for the window.
     const double needed = shownFrameBytes(*plan->shown, settings.frames, settings.parameters, {.drawing = true});
-    const auto atOnce = framesAtOnce(1, settings.parameters, needed, jobLimits().memory / 2.0);
+    const auto atOnce = framesAtOnce(1, settings.parameters, needed, jobLimits().memoryForFrames());
     if (!atOnce)
         return atOnce.error();
     settings.atOnce = *atOnce;

@@ -3,6 +3,8 @@
 // The number of frames at once within a memory budget.
 #include "jobs/frames/RenderMemory.h"
 
+#include "jobs/frames/RenderFrames.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -34,6 +36,22 @@ TEST(RenderMemory, RefusesAFrameThatDoesNotFitAloneAndSaysWhatItNeeds)
     EXPECT_THAT(refused.error().text.toStdString(), HasSubstr("32767 x 32767"));
     // 32767 sqrt(4 / 99.99) = 6553.7
     EXPECT_THAT(refused.error().text.toStdString(), HasSubstr("6553 x 6553 pixels fit"));
+}
+
+TEST(RenderMemory, CountsWhatTheContentOfARunIsMadeOf)
+{
+    RenderFramesSettings run;
+    for (const FrameContent content : {FrameContent::HEIGHT, FrameContent::OCCLUSION, FrameContent::NUMBERS}) {
+        run.content = content;
+        const ShownParts parts = partsOf(run);
+        EXPECT_TRUE(parts.objects && parts.drawing && parts.elevation);
+    }
+    for (const FrameContent content : {FrameContent::LIT, FrameContent::DRAWING, FrameContent::GLOSS}) {
+        run.content = content;
+        const ShownParts parts = partsOf(run);
+        EXPECT_TRUE(parts.drawing);
+        EXPECT_FALSE(parts.objects || parts.elevation || parts.channels);
+    }
 }
 
 } // namespace
