@@ -5,6 +5,7 @@
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "TakenFiles.h"
+#include "jobs/frames/OutputFolder.h"
 #include "jobs/page/LitPageFile.h"
 #include "jobs/shown/SurfacePictures.h"
 #include "jobs/targets/Targets.h"
@@ -241,12 +242,8 @@ QString flippedFile(const QString& file, bool leftRight)
 
 UT_Result<void> makeFolders(const OutputFiles& files)
 {
-    for (const QString& file : files.all()) {
-        if (file.isEmpty())
-            continue;
-        const QString folder = QFileInfo(file).absolutePath();
-        if (!QDir().mkpath(folder))
-            return UT_Error{QStringLiteral("the folder %1 cannot be made; choose one where you may write").arg(folder)};
-    }
+    for (const QString& file : files.all())
+        if (UT_Result<void> made = file.isEmpty() ? UT_Result<void>() : makeFolderFor(file); !made)
+            return made;
     return {};
 }

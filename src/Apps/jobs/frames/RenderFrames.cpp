@@ -10,14 +10,12 @@
 #include "QuarvelVectorLanes/VL_ParallelFor.h"
 #include "jobs/frames/FrameDigest.h"
 #include "jobs/frames/FrameOnDisk.h"
+#include "jobs/frames/OutputFolder.h"
 #include "jobs/frames/SurfaceFrames.h"
 #include "jobs/limits/JobLimits.h"
 #include "jobs/shown/LitSurface.h"
 #include "jobs/shown/SceneLighting.h"
 #include "jobs/shown/SurfacePictures.h"
-
-#include <QDir>
-#include <QFileInfo>
 
 #include <algorithm>
 #include <atomic>
@@ -207,9 +205,8 @@ private:
 
     UT_Result<void> write(const IIO_Picture& picture, const QString& file) const
     {
-        const QString folder = QFileInfo(file).absolutePath();
-        if (!QDir().mkpath(folder))
-            return UT_Error{QStringLiteral("the folder %1 cannot be made; choose one where you may write").arg(folder)};
+        if (UT_Result<void> made = makeFolderFor(file); !made)
+            return made;
         IIO_WriteOptions how;
         how.pngBits = _settings.picture.form.bits;
         how.exrDepth = _settings.picture.half ? IIO_ExrDepth::HALF : IIO_ExrDepth::FLOAT;

@@ -4,12 +4,10 @@
 #include "jobs/frames/RenderPage.h"
 
 #include "jobs/frames/FramesInOrder.h"
+#include "jobs/frames/OutputFolder.h"
 #include "jobs/page/LitPageFrames.h"
 #include "jobs/shown/LitFrames.h"
 #include "jobs/shown/SceneLighting.h"
-
-#include <QDir>
-#include <QFileInfo>
 
 UT_Result<void> renderPage(const ShownModule& shown, const RenderPageSettings& settings,
                            const RenderFramesWatcher& watcher)
@@ -28,7 +26,8 @@ UT_Result<void> renderPage(const ShownModule& shown, const RenderPageSettings& s
         made->lighting = settings.lighting ? *settings.lighting : sceneLighting(shown.module(), number);
         return made;
     };
-    QDir().mkpath(QFileInfo(settings.file).absolutePath());
+    if (UT_Result<void> made = makeFolderFor(settings.file); !made)
+        return made;
     LitPageFile page(
         settings.file,
         {.name = settings.name, .yAxis = settings.form.yAxis, .framesPerSecond = settings.framesPerSecond});

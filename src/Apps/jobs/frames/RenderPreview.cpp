@@ -5,16 +5,15 @@
 
 #include "jobs/frames/FilmFile.h"
 #include "jobs/frames/FramesInOrder.h"
-
-#include <QDir>
-#include <QFileInfo>
+#include "jobs/frames/OutputFolder.h"
 
 UT_Result<QString> renderPreview(const ShownModule& shown, const RenderPreviewSettings& settings,
                                  const RenderFramesWatcher& watcher)
 {
     using Pixels = std::vector<std::uint8_t>;
     const LitFrames lit(shown, settings.shown, settings.parameters, settings.lighting);
-    QDir().mkpath(QFileInfo(settings.file).absolutePath());
+    if (const UT_Result<void> made = makeFolderFor(settings.file); !made)
+        return made.error();
     auto film = FilmFile::create(settings.file, QSize(lit.size().first, lit.size().second), settings.framesPerSecond);
     if (!film)
         return film.error();

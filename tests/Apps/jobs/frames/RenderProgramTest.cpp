@@ -184,6 +184,18 @@ TEST_F(RenderProgram, RefusesWhatTheMemoryDoesNotHold)
     EXPECT_THAT(outcome.messages, HasSubstr("--memory"));
 }
 
+TEST_F(RenderProgram, SaysThatAFolderCannotBeMade)
+{
+    QFile taken(path("taken"));
+    ASSERT_TRUE(taken.open(QIODevice::WriteOnly));
+    for (const char* output : {"-o taken/n.png", "--preview taken/lit.png", "--html taken/hero.html"}) {
+        const QByteArray words = QByteArray("small.scene --frames 1 --resolution 32 ") + output;
+        const Outcome outcome = quarvel(words.constData());
+        EXPECT_EQ(outcome.exitCode, 1) << output;
+        EXPECT_THAT(outcome.messages, AllOf(HasSubstr(path("taken").toStdString()), HasSubstr("cannot be made")));
+    }
+}
+
 TEST_F(RenderProgram, ReportsAFrameThatFailsAndGoesOn)
 {
     ASSERT_TRUE(QDir().mkpath(path("out/n.2.png")));
