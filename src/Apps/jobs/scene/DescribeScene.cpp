@@ -10,7 +10,7 @@
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "jobs/scene/AttributeWords.h"
-#include "jobs/scene/SceneObjects.h"
+#include "jobs/scene/ObjectList.h"
 
 #include <QJsonArray>
 #include <QStringList>

@@ -4,18 +4,15 @@
 // commands change different attributes.
 #include "jobs/scene/SetObjects.h"
 
-#include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelPersistentObj/PO_XmlText.h"
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/attributes/AT_IntAttr.h"
 #include "QuarvelSceneCore/attributes/AT_StringAttr.h"
-#include "QuarvelSceneCore/graph/MO_Port.h"
 #include "jobs/drawing/ObjectNames.h"
 #include "jobs/scene/AttributeWords.h"
-#include "jobs/shown/DrawingExtent.h"
+#include "jobs/scene/ObjectInputs.h"
 #include "jobs/shown/NormalMapNode.h"
-#include "jobs/shown/VisibleDrawing.h"
 #include "jobs/text/NameList.h"
 
 #include <algorithm>
@@ -23,8 +20,8 @@
 
 namespace {
 
-// An input of a Vallorin node that shows an object.
-struct SceneObject
+// An object with the names that words may call it by.
+struct NamedObject
 {
     MO_Module* node;
     int number;
@@ -32,46 +29,34 @@ struct SceneObject
     QStringList names;
 };
 
-std::vector<SceneObject> objectsOf(MO_Scene& scene)
+std::vector<NamedObject> namedObjectsOf(const MO_Scene& scene)
 {
-    std::vector<SceneObject> objects;
-    scene.root().forEachModule([&](MO_Module& module) {
-        if (!NormalMapNode::is(module))
-            return;
-        for (unsigned i = 0; i < module.nInPorts(); ++i) {
-            const MO_Port& input = *module.inPort(i);
-            ObjectDefinition* const definition = objectDefinitionBehind(input);
-            if (!definition)
-                continue;
-            SceneObject object{&module, definition->objectId(scene.firstFrame()), definition, {}};
-            for (const MO_ElementModule* element : elementsBehind(input))
-                object.names << element->instanceName();
-            object.names << definition->instanceName();
-            objects.push_back(std::move(object));
-        }
-    });
+    std::vector<NamedObject> objects;
+    for (const ObjectInput& input : objectInputsOf(scene))
+        objects.push_back({input.node, input.definition->objectId(scene.firstFrame()), input.definition,
+                           input.elements + QStringList{input.definition->instanceName()}});
     return objects;
 }
 
-QString shownName(const SceneObject& object)
+QString shownName(const NamedObject& object)
 {
     return QStringLiteral("%1 %2").arg(object.number).arg(object.names.first());
 }
 
-UT_Result<void> checkKnown(const std::vector<SceneObject>& objects, const ObjectWishes& wishes)
+UT_Result<void> checkKnown(const std::vector<NamedObject>& objects, const ObjectWishes& wishes)
 {
     QStringList known;
-    for (const SceneObject& object : objects)
+    for (const NamedObject& object : objects)
         known << shownName(object);
     known.removeDuplicates();
     const auto unknown = [&](const QString& what) {
         return UT_Error{QStringLiteral("there is no object %1; the objects are %2").arg(what, namesForPeople(known))};
     };
     for (const auto& [number, said] : wishes.objects)
-        if (std::ranges::find(objects, number, &SceneObject::number) == objects.end())
+        if (std::ranges::find(objects, number, &NamedObject::number) == objects.end())
             return unknown(QString::number(number));
     for (const auto& wish : wishes.namedObjects) {
-        const auto isMeant = [&wish](const SceneObject& object) { return isNamedBy(object.names, wish.first); };
+        const auto isMeant = [&wish](const NamedObject& object) { return isNamedBy(object.names, wish.first); };
         if (std::ranges::none_of(objects, isMeant))
             return unknown(QStringLiteral("called \"%1\"").arg(wish.first));
     }
@@ -84,7 +69,7 @@ class Changes
 public:
     explicit Changes(MO_Scene& scene) : _scene(scene) {}
 
-    UT_Result<void> define(const SceneObject& object, const ObjectSettings& said)
+    UT_Result<void> define(const NamedObject& object, const ObjectSettings& said)
     {
         ObjectDefinition& definition = *object.definition;
         UT_Result<void> done;
@@ -113,7 +98,7 @@ public:
     }
 
     // What bends the surface is switched off and has a relief; hidden, it has none.
-    UT_Result<void> show(const SceneObject& object, const ObjectSettings& said)
+    UT_Result<void> show(const NamedObject& object, const ObjectSettings& said)
     {
         ObjectDefinition& definition = *object.definition;
         const double before = definition.relief()->localValue();
@@ -188,7 +173,7 @@ private:
 
 UT_Result<std::vector<int>> setObjectsInScene(MO_Scene& scene, CO_CommandStack& stack, const ObjectWishes& wishes)
 {
-    const std::vector<SceneObject> objects = objectsOf(scene);
+    const std::vector<NamedObject> objects = namedObjectsOf(scene);
     if (objects.empty())
         return UT_Error{
             QStringLiteral("the scene has no objects: nothing leads through an Object Definition to a node %1")
@@ -198,7 +183,7 @@ UT_Result<std::vector<int>> setObjectsInScene(MO_Scene& scene, CO_CommandStack& 
     Changes changes(scene);
     std::map<MO_Module*, std::map<int, ObjectSettings>> raised;
     std::set<const ObjectDefinition*> defined;
-    for (const SceneObject& object : objects) {
+    for (const NamedObject& object : objects) {
         const ObjectSettings said = wishesFor(wishes, object.number, object.names);
         ObjectSettings& known = raised[object.node][object.number];
         known = merged(known, said);

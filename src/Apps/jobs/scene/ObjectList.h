@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// SceneObjects: lists the objects of a scene with their values, as the objects of a drawing are listed
+// ObjectList: lists the objects of a scene with their values, as the objects of a drawing are listed
 // (jobs/drawing/DescribeObjects.h).
 #pragma once
 

@@ -1,20 +1,17 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
-#include "jobs/scene/SceneObjects.h"
+#include "jobs/scene/ObjectList.h"
 
-#include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelPersistentObj/PO_XmlText.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
-#include "QuarvelSceneCore/graph/MO_Port.h"
-#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
-#include "jobs/shown/DrawingExtent.h"
+#include "jobs/scene/ObjectInputs.h"
 #include "jobs/shown/NormalMapNode.h"
 #include "jobs/shown/SurfaceLines.h"
-#include "jobs/shown/VisibleDrawing.h"
 #include "jobs/text/TextTable.h"
 
 #include <QJsonObject>
 
 #include <algorithm>
+#include <map>
 #include <optional>
 #include <set>
 
@@ -46,35 +43,29 @@ Listed listedFor(const ObjectDefinition& definition, double frame)
     return object;
 }
 
-Listed listedFor(const MO_Port& input, const ObjectDefinition& definition, const std::vector<NormalMapObject>& values,
-                 double frame)
+Listed listedFor(const ObjectInput& input, const std::vector<NormalMapObject>& values, double frame)
 {
-    Listed object = listedFor(definition, frame);
-    QStringList names;
-    for (const MO_ElementModule* const element : elementsBehind(input))
-        names << element->instanceName();
-    if (!names.isEmpty())
-        object.name = names.join(QStringLiteral(", "));
+    Listed object = listedFor(*input.definition, frame);
+    if (!input.elements.isEmpty())
+        object.name = input.elements.join(QStringLiteral(", "));
     if (const NormalMapObject* const row = findRow(values, object.number))
         object.values = *row;
     return object;
 }
 
-std::vector<Listed> objectsOf(const MO_Scene& scene)
+std::vector<Listed> listedOf(const MO_Scene& scene)
 {
     const double frame = scene.firstFrame();
     std::vector<Listed> objects;
     std::set<const MO_Module*> listed;
-    scene.root().forEachModule([&](MO_Module& module) {
-        if (!NormalMapNode::is(module))
-            return;
-        const std::vector<NormalMapObject> values = NormalMapNode(module).objects();
-        for (unsigned i = 0; i < module.nInPorts(); ++i)
-            if (const ObjectDefinition* const definition = objectDefinitionBehind(*module.inPort(i))) {
-                objects.push_back(listedFor(*module.inPort(i), *definition, values, frame));
-                listed.insert(definition);
-            }
-    });
+    std::map<const MO_Module*, std::vector<NormalMapObject>> tables;
+    for (const ObjectInput& input : objectInputsOf(scene)) {
+        const auto [table, isNew] = tables.try_emplace(input.node);
+        if (isNew)
+            table->second = NormalMapNode(*input.node).objects();
+        objects.push_back(listedFor(input, table->second, frame));
+        listed.insert(input.definition);
+    }
     scene.root().forEachModule([&](MO_Module& module) {
         if (const auto* const definition = dynamic_cast<const ObjectDefinition*>(&module);
             definition && !listed.contains(definition))
@@ -108,7 +99,7 @@ QStringList listSceneObjects(const MO_Scene& scene)
     std::vector<QStringList> rows{{QStringLiteral("number"), QStringLiteral("name"), QStringLiteral("bevel"),
                                    QStringLiteral("elevation"), QStringLiteral("smoothness"), QStringLiteral("tilt"),
                                    QStringLiteral("rim")}};
-    for (const Listed& object : objectsOf(scene))
+    for (const Listed& object : listedOf(scene))
         rows.push_back(cellsOf(object));
     return tableLines(rows);
 }
@@ -116,7 +107,7 @@ QStringList listSceneObjects(const MO_Scene& scene)
 QJsonArray sceneObjectFields(const MO_Scene& scene)
 {
     QJsonArray all;
-    for (const Listed& object : objectsOf(scene)) {
+    for (const Listed& object : listedOf(scene)) {
         QJsonObject fields{{QStringLiteral("number"), object.number},
                            {QStringLiteral("name"), object.name},
                            {QStringLiteral("definition"), object.definition}};
