@@ -19,9 +19,9 @@ constexpr double kFramesPerSecond = 12.0;
 // What lies between the sprites: nothing, on the map a surface that faces the viewer.
 std::vector<std::uint16_t> blankMap(const NM_MapForm& form)
 {
-    constexpr std::uint16_t kZero = 32768;
     constexpr std::uint16_t kFull = 65535;
-    return {kZero, kZero, kFull, form.alpha == NM_Alpha::FULL ? kFull : std::uint16_t{0}};
+    const auto& [x, y, z] = NM_kFacingSamples;
+    return {x, y, z, form.alpha == NM_Alpha::FULL ? kFull : std::uint16_t{0}};
 }
 
 UT_Result<IIO_Picture> blank(const IIO_Picture& like, const QSize& size)

@@ -71,8 +71,10 @@ private:
             return {kFull};
         if (kind != PictureKind::NORMAL_MAP)
             return std::vector<Sample>(static_cast<std::size_t>(sprite.channelCount()), 0);
-        const Sample zero = form.bits == 8 ? 128 * 257 : 32768;
-        return {zero, zero, kFull, form.alpha == NM_Alpha::FULL ? kFull : Sample{0}};
+        auto [x, y, z] = NM_kFacingSamples;
+        if (form.bits == 8)
+            x = y = 128 * 257;
+        return {x, y, z, form.alpha == NM_Alpha::FULL ? kFull : Sample{0}};
     }
 
     UT_Result<void> write(PictureKind kind, IIO_Picture picture, const QString& file, const PictureOrigin& source) const

@@ -29,8 +29,8 @@ void setAlpha(IIO_Picture& picture, bool onlyCovered)
 
 bool facesViewer(std::span<const std::uint16_t> pixel)
 {
-    constexpr std::uint16_t kZero = 32768;
-    return pixel.size() >= 3 && pixel[0] == kZero && pixel[1] == kZero && pixel[2] == kFull<std::uint16_t>;
+    const auto& [x, y, z] = NM_kFacingSamples;
+    return pixel.size() >= NM_kFacingSamples.size() && pixel[0] == x && pixel[1] == y && pixel[2] == z;
 }
 
 // The largest multiple of 257 up to value + 257 threshold.

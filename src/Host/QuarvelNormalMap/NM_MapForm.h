@@ -11,6 +11,9 @@
 #include "QuarvelImageIO/IIO_Picture.h"
 #include "QuarvelNormalMap/NM_Layout.h"
 
+#include <array>
+#include <cstdint>
+
 /// What the alpha of a normal map holds.
 enum class NM_Alpha
 {
@@ -18,6 +21,9 @@ enum class NM_Alpha
     COVERAGE, ///< the covered share of the pixel
     HARD      ///< 1 for pixels with any coverage, else 0
 };
+
+/// The 16-bit samples R G B of a vector that faces the viewer. In 8 bits it is 128, 128, 255.
+inline constexpr std::array<std::uint16_t, 3> NM_kFacingSamples{32768, 32768, 65535};
 
 /// The form of a normal map in the layout TANGENT.
 struct NM_MapForm

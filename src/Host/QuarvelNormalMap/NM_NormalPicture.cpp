@@ -5,6 +5,7 @@
 #include "QuarvelNormalMap/NM_NormalPicture.h"
 
 #include "QuarvelNormalMap/NM_Direction.h"
+#include "QuarvelNormalMap/NM_MapForm.h"
 #include "QuarvelNormalMap/private/NM_FineTangentKernels.h"
 #include "QuarvelNormalMap/private/NM_Rows.h"
 #include "QuarvelNormalMap/private/NM_Samples.h"
@@ -47,7 +48,8 @@ struct TangentEncoder
 
 void encodeTangents(const CEL_PixelStore<CEL_PixelRGBA16>& source, IIO_Picture& picture, double ySign)
 {
-    constexpr std::array<std::uint16_t, 4> kMissing{32768, 32768, 65535, 0};
+    constexpr std::array<std::uint16_t, 4> kMissing{NM_kFacingSamples[0], NM_kFacingSamples[1], NM_kFacingSamples[2],
+                                                    0};
     const Math::Box2di window = picture.dataWindow();
     NM_forRows(window.y1, window.y2, [&](int y) {
         const auto samplesAt = [&, row = picture.row<std::uint16_t>(y).data()](int x) {
