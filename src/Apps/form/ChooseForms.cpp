@@ -8,19 +8,11 @@
 #include <cmath>
 #include <numbers>
 
-namespace {
-
-// Cells along the longer side of the picture. The breadth of an object that is a hundred cells wide is then right to
-// about one per cent; an error of a fifth would hardly be seen.
-constexpr int kCells = 384;
-
-} // namespace
-
 ObjectExtent measureExtent(std::span<const DIO_Shape> shapes, const QRectF& frame)
 {
     if (frame.isEmpty())
         return {};
-    const Grid grid = Grid::over(frame, kCells);
+    const Grid grid = Grid::over(frame, kCellsMeasured);
     const OutlineDistance measured = measureOutlineDistance(CellMask::of(shapes, grid), grid.bounds());
     if (measured.area == 0)
         return {};

@@ -201,7 +201,7 @@ ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing)
         const Region& region = graph.region(parts[i].label);
         endAtFrame(pictures[i], frame);
         if (roles[i].role != ObjectRole::FLAT)
-            continueBeyondFrame(pictures[i], frame, marginFor(region, own.cells, bitmap.size()));
+            repeatBeyondFrame(pictures[i], frame, marginFor(region, own.cells, bitmap.size()));
         assembly.add(pictures[i], parts[i].colour, region.colour, roles[i],
                      double(region.pixels) / own.colours.count());
     }

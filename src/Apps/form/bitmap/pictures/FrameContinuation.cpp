@@ -4,14 +4,12 @@
 // too.
 #include "form/bitmap/pictures/FrameContinuation.h"
 
+#include "form/ChooseForms.h"
+
 #include <algorithm>
 #include <cstring>
 
 namespace {
-
-// The form is measured on this many cells along the longer side of a picture (ChooseForms.cpp), so the ring that is
-// removed must be at least one of these cells wide.
-constexpr int kPlacesMeasured = 384;
 
 bool touches(const QRect& place, const BitmapFrame& frame, FrameSide side)
 {
@@ -78,7 +76,7 @@ void clearPixel(QImage& mask, const QRect& place, int x, int y)
 
 } // namespace
 
-void continueBeyondFrame(ObjectPicture& picture, const BitmapFrame& frame, int margin)
+void repeatBeyondFrame(ObjectPicture& picture, const BitmapFrame& frame, int margin)
 {
     const QRect old = picture.place;
     const auto added = [&](FrameSide side) { return isCutAnywhere(old, frame, side) ? margin : 0; };
@@ -110,7 +108,8 @@ void endAtFrame(ObjectPicture& picture, const BitmapFrame& frame)
 {
     const int width = frame.size.width();
     const int height = frame.size.height();
-    const int ring = 1 + std::max(width, height) / kPlacesMeasured;
+    // At least as wide as one of the cells that the form is measured on.
+    const int ring = 1 + std::max(width, height) / kCellsMeasured;
     const bool any = std::ranges::any_of(kFrameSides, [&](FrameSide side) {
         return touches(picture.place, frame, side) && !isCutAnywhere(picture.place, frame, side);
     });

@@ -18,7 +18,7 @@ struct BitmapFrame
 /// Repeats the outermost pixels of an object's picture outside the border where the border cuts it.
 ///
 /// @param margin how far, in pixels
-void continueBeyondFrame(ObjectPicture& picture, const BitmapFrame& frame, int margin);
+void repeatBeyondFrame(ObjectPicture& picture, const BitmapFrame& frame, int margin);
 
 /// Removes the outermost pixels from the picture that an object is measured on where the object touches the border and
 /// ends there. Without this gap, measuring would see no outline at the border.
