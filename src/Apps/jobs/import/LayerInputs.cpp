@@ -8,6 +8,7 @@
 #include "jobs/shown/DrawingExtent.h"
 
 #include <algorithm>
+#include <iterator>
 
 LayerInputs::LayerInputs(const std::vector<MO_ElementModule*>& elements, const std::vector<int>& match,
                          const std::vector<AddedLayer>& added)
@@ -30,30 +31,42 @@ std::vector<MO_Module*> LayerInputs::with(const MO_Module& target, const Chosen&
 // At the top where no lower layer has an input; at the bottom where the layer is the drawing's lowest.
 std::ptrdiff_t LayerInputs::placeFor(std::size_t layer, const std::vector<MO_Module*>& inputs) const
 {
-    for (std::size_t lower = layer; lower-- > 0;)
-        for (std::size_t place = inputs.size(); place-- > 0;)
-            if (inputs[place] && leadsTo(lower, *inputs[place]))
-                return static_cast<std::ptrdiff_t>(place) + 1;
-    if (!_elements.empty() && layer == 0)
-        for (std::size_t place = 0; place < inputs.size(); ++place)
-            for (std::size_t upper = 1; upper < _match.size(); ++upper)
-                if (inputs[place] && leadsTo(upper, *inputs[place]))
-                    return static_cast<std::ptrdiff_t>(place);
-    return static_cast<std::ptrdiff_t>(inputs.size());
+    for (std::size_t lower = layer; lower-- > 0;) {
+        const auto highest =
+            std::find_if(inputs.rbegin(), inputs.rend(), [&](const MO_Module* input) { return leadsTo(lower, input); });
+        if (highest != inputs.rend())
+            return inputs.rend() - highest;
+    }
+    if (_elements.empty() || layer > 0)
+        return std::ssize(inputs);
+    const auto lowest = std::ranges::find_if(inputs, [&](const MO_Module* input) { return isAboveLowest(input); });
+    return lowest - inputs.begin();
 }
 
-bool LayerInputs::leadsTo(std::size_t layer, const MO_Module& input) const
+// Whether another layer than the drawing's lowest leads to the input.
+bool LayerInputs::isAboveLowest(const MO_Module* input) const
 {
+    for (std::size_t upper = 1; upper < _match.size(); ++upper)
+        if (leadsTo(upper, input))
+            return true;
+    return false;
+}
+
+// False for an input without a link.
+bool LayerInputs::leadsTo(std::size_t layer, const MO_Module* input) const
+{
+    if (!input)
+        return false;
     for (const AddedLayer& added : _added)
         if (added.layer == layer)
-            return added.element == &input || added.definition == &input;
+            return added.element == input || added.definition == input;
     if (_match[layer] < 0)
         return false;
     const MO_ElementModule* const element = _elements[static_cast<std::size_t>(_match[layer])];
-    if (element == &input)
+    if (element == input)
         return true;
-    for (unsigned i = 0; i < input.nInPorts(); ++i) {
-        const auto behind = elementsBehind(*input.inPort(i));
+    for (unsigned i = 0; i < input->nInPorts(); ++i) {
+        const auto behind = elementsBehind(*input->inPort(i));
         if (std::ranges::find(behind, element) != behind.end())
             return true;
     }

@@ -36,7 +36,8 @@ public:
 
 private:
     std::ptrdiff_t placeFor(std::size_t layer, const std::vector<MO_Module*>& inputs) const;
-    bool leadsTo(std::size_t layer, const MO_Module& input) const;
+    bool leadsTo(std::size_t layer, const MO_Module* input) const;
+    bool isAboveLowest(const MO_Module* input) const;
 
     const std::vector<MO_ElementModule*>& _elements;
     const std::vector<int>& _match;
