@@ -98,46 +98,69 @@ UT_Result<ShownFrame> ShownModule::render(double frame, const RD_RenderParameter
     ShownFrame made;
     made.kind = _source.kind;
     made.window = RD_RenderJob(parameters).frame();
+    if (UT_Result<void> done = addPicture(frame, parameters, wanted, progress, kept, made); !done)
+        return done.error();
+    if (UT_Result<void> done = addDrawing(frame, parameters, wanted, progress, made); !done)
+        return done.error();
+    return made;
+}
+
+UT_Result<void> ShownModule::addPicture(double frame, const RD_RenderParameters& parameters, const ShownParts& wanted,
+                                        const RD_SoftRenderer::Progress& progress, RD_KeptInputs* kept,
+                                        ShownFrame& made) const
+{
+    const RD_RenderParameters used = usedFor(parameters, wanted);
+    const bool repairs = !wanted.channels && made.kind == RenderedKind::NORMALS && isFloat(used);
     const bool twice = _otherBlue && wanted.elevation && wanted.channels;
     const double firstEnds = twice ? kNodeEnds / 2.0 : kNodeEnds;
-    const RD_RenderParameters used = usedFor(parameters, wanted);
-    const ObjectChanges changes = objectChanges(frame);
-    const bool repairs = !wanted.channels && isFloat(used) && made.kind == RenderedKind::NORMALS;
     auto picture = renderNode(frame, used, {.elevationInBlue = wanted.elevation, .closedSeams = repairs},
                               part(progress, 0.0, firstEnds), wanted.channels ? nullptr : kept);
     if (!picture)
         return picture.error();
     made.picture = *picture;
-    if (twice) {
-        auto channels = renderChannels(frame, parameters, part(progress, firstEnds, kNodeEnds));
-        if (!channels)
-            return channels.error();
-        made.channels = *channels;
-    } else if (wanted.channels) {
+    if (!wanted.channels)
+        return {};
+    if (!twice) {
         made.channels = made.picture;
+        return {};
     }
-    // Correcting a float picture needs the coverage of the drawing.
+    auto channels = renderChannels(frame, parameters, part(progress, firstEnds, kNodeEnds));
+    if (!channels)
+        return channels.error();
+    made.channels = *channels;
+    return {};
+}
+
+UT_Result<void> ShownModule::addDrawing(double frame, const RD_RenderParameters& parameters, const ShownParts& wanted,
+                                        const RD_SoftRenderer::Progress& progress, ShownFrame& made) const
+{
     if (made.kind == RenderedKind::COLOURS) {
         made.drawing = wanted.drawing ? made.picture : nullptr;
-    } else if (wanted.drawing || repairs || changes.any()) {
-        const auto rest = part(progress, kNodeEnds, 1.0);
-        const bool isKnown = wanted.knownDrawing && (wanted.knownInputs || !changes.any()) && !wanted.drawing &&
-                             !wanted.inputs && !wanted.objects;
-        const bool isNoted = wanted.inputs || wanted.objects || changes.any();
-        auto painted = isKnown   ? UT_Result<UT_SharedPtr<CEL_PixmapArea>>(wanted.knownDrawing)
-                       : isNoted ? paintAndNote(frame, parameters, wanted, made, rest)
-                                 : renderModule(*drawing()->module, frame, parameters, rest);
-        if (!painted)
-            return painted.error();
-        if (repairs)
-            takeCoverage(dynamic_cast<CEL_PixmapAreaRGBAFloat&>(*made.picture), **painted);
-        made.drawing = wanted.drawing ? *painted : nullptr;
-        const ShownInputs& inputs = isKnown && wanted.knownInputs ? *wanted.knownInputs : made.inputs;
-        if (changes.any())
-            if (UT_Result<void> done = change(changes, inputs, frame, parameters, wanted, progress, made); !done)
-                return done.error();
+        return {};
     }
-    return made;
+    const ObjectChanges changes = objectChanges(frame);
+    // Correcting a float picture needs the coverage of the drawing.
+    const bool repairs = !wanted.channels && made.kind == RenderedKind::NORMALS;
+    auto* const corrected = repairs ? dynamic_cast<CEL_PixmapAreaRGBAFloat*>(made.picture.get()) : nullptr;
+    if (!wanted.drawing && !corrected && !changes.any())
+        return {};
+    const bool notes = wanted.inputs || wanted.objects || changes.any();
+    const bool isKnown = wanted.knownDrawing && (wanted.knownInputs || !changes.any()) && !wanted.drawing &&
+                         !wanted.inputs && !wanted.objects;
+    const auto rest = part(progress, kNodeEnds, 1.0);
+    UT_Result<UT_SharedPtr<CEL_PixmapArea>> painted = wanted.knownDrawing;
+    if (!isKnown)
+        painted = notes ? paintAndNote(frame, parameters, wanted, made, rest)
+                        : renderModule(*drawing()->module, frame, parameters, rest);
+    if (!painted)
+        return painted.error();
+    if (corrected)
+        takeCoverage(*corrected, **painted);
+    made.drawing = wanted.drawing ? *painted : nullptr;
+    if (!changes.any())
+        return {};
+    const ShownInputs& inputs = isKnown && wanted.knownInputs ? *wanted.knownInputs : made.inputs;
+    return change(changes, inputs, frame, parameters, wanted, progress, made);
 }
 
 RD_RenderParameters ShownModule::usedFor(const RD_RenderParameters& parameters, const ShownParts& wanted) const

@@ -131,6 +131,12 @@ private:
     UT_Result<UT_SharedPtr<CEL_PixmapArea>> renderNode(double frame, const RD_RenderParameters& parameters,
                                                        const Change& wanted, const RD_SoftRenderer::Progress& progress,
                                                        RD_KeptInputs* kept = nullptr) const;
+    /// Adds the picture to a frame and, if they are wanted, the channels.
+    UT_Result<void> addPicture(double frame, const RD_RenderParameters& parameters, const ShownParts& wanted,
+                               const RD_SoftRenderer::Progress& progress, RD_KeptInputs* kept, ShownFrame& made) const;
+    /// Adds the drawing and does to the picture what needs it.
+    UT_Result<void> addDrawing(double frame, const RD_RenderParameters& parameters, const ShownParts& wanted,
+                               const RD_SoftRenderer::Progress& progress, ShownFrame& made) const;
     std::shared_ptr<const Copy> changed(const Change& change) const;
     /// What the Object Definitions say of single objects and the nodes know nothing of.
     struct ObjectChanges;
