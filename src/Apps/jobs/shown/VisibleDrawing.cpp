@@ -19,12 +19,14 @@ constexpr int kNoObject = -1;
 
 bool endsTheWalk(const MO_Module& module);
 
-// The enabled definition that is farthest upstream along the first inputs.
-ObjectDefinition* definitionBehind(MO_Module* module)
+// The definition that is farthest upstream along the first inputs.
+//
+// @param disabled whether disabled definitions count, too
+ObjectDefinition* definitionBehind(MO_Module* module, bool disabled)
 {
     ObjectDefinition* definition = nullptr;
     while (module && !endsTheWalk(*module)) {
-        if (auto* const found = dynamic_cast<ObjectDefinition*>(module); found && module->enabled())
+        if (auto* const found = dynamic_cast<ObjectDefinition*>(module); found && (disabled || module->enabled()))
             definition = found;
         const MO_Port* const input = module->inPort(0);
         const MO_Port* const source = input ? input->realSrcPort() : nullptr;
@@ -35,7 +37,7 @@ ObjectDefinition* definitionBehind(MO_Module* module)
 
 int numberBehind(MO_Module* module, double frame)
 {
-    const ObjectDefinition* const definition = definitionBehind(module);
+    const ObjectDefinition* const definition = definitionBehind(module, false);
     return definition ? definition->objectId(frame) : kNoObject;
 }
 
@@ -219,7 +221,13 @@ VisibleInputs& replace(MO_Module& node, DrawingNotes* notes)
 ObjectDefinition* objectDefinitionBehind(const MO_Port& input)
 {
     const MO_Port* const source = input.realSrcPort();
-    return source ? definitionBehind(source->module()) : nullptr;
+    return source ? definitionBehind(source->module(), false) : nullptr;
+}
+
+ObjectDefinition* anyDefinitionBehind(const MO_Port& input)
+{
+    const MO_Port* const source = input.realSrcPort();
+    return source ? definitionBehind(source->module(), true) : nullptr;
 }
 
 int objectNumberBehind(const MO_Port& input, double frame)

@@ -1,10 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Searches upstream from each input of a node. For each drawing, the definition nearest to it applies.
+// An input of a node shows the object of the definition that jobs/shown/VisibleDrawing.h finds.
 #include "studio/objects/SceneObjects.h"
 
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "QuarvelSceneCore/graph/MO_Port.h"
+#include "jobs/shown/VisibleDrawing.h"
 
 #include <algorithm>
 #include <map>
@@ -20,37 +22,37 @@ struct Source
     MO_ElementModule* element = nullptr;
 };
 
-// The drawings and definitions upstream of an input. A module is visited once for every definition that applies on a
-// path to it.
+// The definition that gives an input its object. Where none is enabled, the one that would, so that people can enable
+// it.
+ObjectDefinition* definitionOf(const MO_Port& input)
+{
+    ObjectDefinition* const shown = objectDefinitionBehind(input);
+    return shown ? shown : anyDefinitionBehind(input);
+}
+
+// The definition and the elements upstream of an input, those of the first inputs first. Without an element yet, the
+// definition alone.
 std::vector<Source> sourcesOf(const MO_Port& input)
 {
+    ObjectDefinition* const definition = definitionOf(input);
+    if (!definition)
+        return {};
     std::vector<Source> sources;
-    std::set<std::pair<const MO_Module*, const ObjectDefinition*>> met;
-    std::vector<std::pair<const MO_Port*, ObjectDefinition*>> open{{&input, nullptr}};
+    std::set<const MO_Module*> met;
+    std::vector<const MO_Port*> open{&input};
     while (!open.empty()) {
-        auto [port, definition] = open.back();
+        const MO_Port* const source = open.back()->realSrcPort();
         open.pop_back();
-        const MO_Port* const source = port->realSrcPort();
         MO_Module* const module = source ? source->module() : nullptr;
-        if (!module || NormalMapNode::is(*module))
+        if (!module || NormalMapNode::is(*module) || !met.insert(module).second)
             continue;
-        if (auto* const own = dynamic_cast<ObjectDefinition*>(module))
-            definition = own;
-        if (!met.emplace(module, definition).second)
-            continue;
-        if (definition && (module == definition || module->nInPorts() == 0))
-            sources.push_back({definition, dynamic_cast<MO_ElementModule*>(module)});
+        if (auto* const element = dynamic_cast<MO_ElementModule*>(module))
+            sources.push_back({definition, element});
         for (unsigned i = module->nInPorts(); i-- > 0;)
-            open.emplace_back(module->inPort(i), definition);
+            open.push_back(module->inPort(i));
     }
-    // Removes definitions that others between them and the drawings override. If there is no drawing yet, all are kept.
-    const auto hasDrawing = [&](const ObjectDefinition* definition) {
-        return std::ranges::any_of(
-            sources, [&](const Source& one) { return one.definition == definition && one.element != nullptr; });
-    };
-    const bool any = std::ranges::any_of(sources, [](const Source& one) { return one.element != nullptr; });
-    if (any)
-        std::erase_if(sources, [&](const Source& one) { return !hasDrawing(one.definition); });
+    if (sources.empty())
+        sources.push_back({definition, nullptr});
     return sources;
 }
 
