@@ -46,6 +46,21 @@ TEST_F(LayeredFiles, AnOpenRasterFileIsADrawingAndAScene)
     EXPECT_EQ(quarvel("import krita.ora").exitCode, 0);
 }
 
+TEST_F(LayeredFiles, ADrawingOfTenThousandLayersBecomesAMap)
+{
+    QByteArray drawing = R"(<svg xmlns="http://www.w3.org/2000/svg" width="100" height="100">)";
+    for (int i = 0; i < 10'000; ++i)
+        drawing += QStringLiteral(R"(<g id="part%1"><path d="M%2 %3h1v1h-1z" fill="#c04020"/></g>)")
+                       .arg(i)
+                       .arg(i % 100)
+                       .arg(i / 100)
+                       .toUtf8();
+    write("parts.svg", drawing + "</svg>");
+    const Outcome made = quarvel("normalmap parts.svg --objects groups --size 100");
+    EXPECT_EQ(made.exitCode, 0) << made.messages;
+    EXPECT_EQ(read("parts_n.png").width(), 100);
+}
+
 // Of 24 by 16 pixels the body covers 120, of which the eye covers 12; the eye covers 24.
 TEST_F(LayeredFiles, AreListedWithWhatIsSeenOfTheirLayers)
 {

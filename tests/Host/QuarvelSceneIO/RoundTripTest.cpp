@@ -49,6 +49,23 @@ TEST(SceneRoundTrip, LoadsWhatWasSaved)
     EXPECT_EQ(drawing->shapes(GR_Art::LINE)[1].picture, testPicture(QImage::Format_ARGB32_Premultiplied));
 }
 
+TEST(SceneRoundTrip, AGraphHasAsManyModulesAsCanBeLoaded)
+{
+    const ScenePlace place;
+    MO_Scene scene;
+    for (int i = 0; i < XUGroup::kMaxModulesInFile; ++i)
+        scene.root().emplace<MO_GlueModule>();
+    save(scene, place.folder);
+    const auto loaded = SIO_loadScene(place.folder);
+    ASSERT_TRUE(loaded) << qPrintable(loaded.error().text);
+    EXPECT_EQ(loaded->scene->root().modules().size(), static_cast<std::size_t>(XUGroup::kMaxModulesInFile));
+
+    scene.root().emplace<MO_GlueModule>();
+    const auto files = SIO_sceneFiles(scene, QString());
+    ASSERT_FALSE(files);
+    EXPECT_EQ(files.error().text, text("the graph would have more than 30000 modules"));
+}
+
 TEST(SceneRoundTrip, AFileThatDidNotChangeIsNotWrittenAgain)
 {
     const ScenePlace place;

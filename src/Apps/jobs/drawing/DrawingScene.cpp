@@ -8,6 +8,7 @@
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
 #include "QuarvelSceneCore/attributes/AT_IntAttr.h"
+#include "QuarvelSceneCore/graph/XUGroup.h"
 #include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
 #include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
@@ -138,6 +139,10 @@ NormalMapValues valuesOf(const LayeredDrawing& drawing, const NormalMapSettings&
             .clipBlurredWithGeometry = settings.clipBlurredWithGeometry,
             .useTruckFactor = settings.useTruckFactor};
 }
+
+// Every scene that is built can be copied and saved: an object is an element and an Object Definition, and a few
+// modules are for all objects.
+static_assert(XUGroup::kMaxModulesInFile > 2 * MO_Node::kMaxPorts + 10);
 
 // Fits the drawing's frame into the picture's, centred, with the same scale for both axes.
 void place(MO_ElementModule& element, const QRectF& frame, double sceneHeight)

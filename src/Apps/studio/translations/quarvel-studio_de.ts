@@ -2933,6 +2933,10 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <translation>„%1“ hätte mehr als %2 Elemente und Attribute</translation>
     </message>
     <message>
+        <source>the graph would have more than %1 modules</source>
+        <translation>der Graph hätte mehr als %1 Module</translation>
+    </message>
+    <message>
         <source>two different palettes have the identifier %1</source>
         <translation>zwei verschiedene Paletten haben die Kennung %1</translation>
     </message>

@@ -29,8 +29,9 @@
 class QUARVELSCENECORE_EXPORT XUGroup : public MO_Module
 {
 public:
-    /// The largest number of modules in a graph read from a file, including those in inner groups.
-    static constexpr int kMaxModulesInFile = 10000;
+    /// The largest number of modules in a graph read from a file, including those in inner groups: enough for a node
+    /// with MO_Node::kMaxPorts inputs, each an element behind an Object Definition.
+    static constexpr int kMaxModulesInFile = 30000;
 
     /// A group without ports.
     XUGroup();

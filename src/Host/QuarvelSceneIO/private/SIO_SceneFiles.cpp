@@ -5,6 +5,7 @@
 #include "QuarvelSceneIO/private/SIO_SceneFiles.h"
 
 #include "QuarvelSceneCore/graph/MO_OpaqueModule.h"
+#include "QuarvelSceneCore/graph/XUGroup.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "QuarvelSceneIO/private/SIO_FileNames.h"
 #include "QuarvelSceneIO/private/SIO_Limits.h"
@@ -46,7 +47,13 @@ public:
         }
         for (const auto& palette : _scene.palettes())
             addPalette(palette, true);
-        _scene.root().forEachModule([this](const MO_Module& module) { addModule(module); });
+        int modules = 0;
+        _scene.root().forEachModule([&](const MO_Module& module) {
+            ++modules;
+            addModule(module);
+        });
+        if (modules > XUGroup::kMaxModulesInFile)
+            fail(Texts::tr("the graph would have more than %1 modules").arg(XUGroup::kMaxModulesInFile));
         // It is unknown which of these palettes the drawings of unknown modules need, so all are kept.
         if (_loaded && _hasKept)
             for (const auto& palette : _loaded->otherPalettes)
