@@ -131,6 +131,27 @@ TEST(SvgPaints, aPatternCoversWhatItsTileCovers)
     EXPECT_NEAR(drawing.palette.at(0).colour.blue(), 85, 2);
 }
 
+TEST(SvgPaints, aPatternWhoseTileIsAPartOfAShapesBoxCoversWhatItCoversThere)
+{
+    // The tile is a tenth of each box: 5 x 5 of which 2 x 5 are covered, and 2 x 4 of which all is.
+    const DIO_Drawing drawing =
+        read("<pattern id='p' width='0.1' height='10%'><rect width='2' height='50' fill='#f00'/>"
+             "</pattern><rect width='50' height='50' fill='url(#p)'/>"
+             "<rect x='60' width='20' height='40' fill='url(#p)'/>");
+    EXPECT_NEAR(opacityAt(drawing, 20, 20), 0.4, 0.01);
+    EXPECT_NEAR(opacityAt(drawing, 70, 20), 1.0, 0.01);
+    EXPECT_THAT(drawing.warnings, ElementsAre("patterns are painted in the average of their colours: Pattern p"));
+}
+
+TEST(SvgPaints, aPatternInPartsOfABoxPaintedWithItselfPaintsNothing)
+{
+    const DIO_Drawing drawing =
+        read("<pattern id='p' width='.1' height='.1'><rect width='4' height='4' fill='url(#p)'/>"
+             "<rect width='2' height='2' fill='url(#p)'/></pattern>"
+             "<rect width='50' height='50' fill='url(#p)'/><rect width='5' height='5'/>");
+    EXPECT_EQ(shapesOf(drawing).size(), 1U);
+}
+
 TEST(SvgPaints, aPatternPaintedWithItselfPaintsNothing)
 {
     const DIO_Drawing drawing = read("<pattern id='p' width='8' height='8' patternUnits='userSpaceOnUse'>"

@@ -130,7 +130,8 @@ void DIO_FlatWriter::writeStyle(const DIO_SvgStyle& style)
 
 bool DIO_FlatWriter::writePaint(const char* name, const DIO_SvgPaint& paint, double opacity)
 {
-    const int server = paint.kind == DIO_SvgPaint::Kind::REFERENCE ? _servers.find(paint.reference) : -1;
+    const bool isReference = paint.kind == DIO_SvgPaint::Kind::REFERENCE;
+    const int server = !isReference ? -1 : paint.server >= 0 ? paint.server : _servers.find(paint.reference);
     if (server >= 0) {
         attribute(name, serverReference(server));
     } else if (paint.kind != DIO_SvgPaint::Kind::NONE && paint.colour.isValid()) {

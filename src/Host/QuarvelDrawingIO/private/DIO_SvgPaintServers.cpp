@@ -8,8 +8,6 @@
 #include "QuarvelDrawingIO/private/DIO_SvgTransform.h"
 #include "QuarvelDrawingIO/private/DIO_SvgValues.h"
 
-#include <QSet>
-
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -52,8 +50,34 @@ int DIO_SvgPaintServers::find(const QString& reference)
         return -1;
     // A pattern that is painted with itself paints nothing.
     _indexOf.insert(node, -1);
-    const std::optional<QColor> average = _patternAverage ? _patternAverage(*node) : std::nullopt;
+    const std::optional<QColor> average = _patternAverage ? _patternAverage(*node, {}) : std::nullopt;
     return average ? create(*node, DIO_Paint::Kind::PATTERN, {{0.0, *average}}) : -1;
+}
+
+bool DIO_SvgPaintServers::dependsOnBox(const QString& reference) const
+{
+    const DIO_XmlNode* const node = _tree.find(reference);
+    return node && node->name == u"pattern" && attributeOf(*node, "patternUnits") != u"userSpaceOnUse" &&
+           attributeOf(*node, "patternContentUnits") != u"objectBoundingBox" && attributeOf(*node, "viewBox").isEmpty();
+}
+
+int DIO_SvgPaintServers::findFor(const QString& reference, const QSizeF& box)
+{
+    // Each average is painted anew. No drawing of a person has so many boxes; further ones share an average.
+    constexpr std::size_t kMostBoxes = 1000;
+    const DIO_XmlNode* const node = _tree.find(reference);
+    const std::tuple key(node, box.width(), box.height());
+    if (const auto known = _boxedIndexOf.find(key); known != _boxedIndexOf.end())
+        return known->second;
+    if (!node || !_patternAverage || box.isEmpty() || _boxedIndexOf.size() >= kMostBoxes)
+        return find(reference);
+    // A pattern that is painted with itself paints nothing.
+    if (_averaged.contains(node))
+        return -1;
+    _averaged.insert(node);
+    const std::optional<QColor> average = _patternAverage(*node, box);
+    _averaged.remove(node);
+    return _boxedIndexOf[key] = average ? create(*node, DIO_Paint::Kind::PATTERN, {{0.0, *average}}) : -1;
 }
 
 int DIO_SvgPaintServers::addPicture(const DIO_XmlNode& image, const QImage& picture)

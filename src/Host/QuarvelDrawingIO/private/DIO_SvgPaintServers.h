@@ -10,9 +10,12 @@
 
 #include <QBrush>
 #include <QImage>
+#include <QSet>
 
 #include <functional>
+#include <map>
 #include <optional>
+#include <tuple>
 
 /// A paint server in use.
 struct DIO_PaintServer
@@ -30,6 +33,13 @@ public:
     /// The server that "#id" names, or -1 when it paints nothing.
     int find(const QString& reference);
 
+    /// Whether "#id" names a pattern whose tile is a part of the box of what it paints while its content is not, so
+    /// that each box has an average of its own.
+    bool dependsOnBox(const QString& reference) const;
+
+    /// The server that such a pattern is for a shape with a box of this size, or -1 when it paints nothing.
+    int findFor(const QString& reference, const QSizeF& box);
+
     /// The server that paints with the same paint, but opaque.
     int opaqueTwinOf(int server);
 
@@ -42,8 +52,9 @@ public:
     /// The server that stands for an embedded picture.
     int addPicture(const DIO_XmlNode& image, const QImage& picture);
 
-    /// Gives the average colour of a pattern's tile, its gaps included; nothing when it paints nothing.
-    using PatternAverage = std::function<std::optional<QColor>(const DIO_XmlNode& pattern)>;
+    /// Gives the average colour of a pattern's tile, its gaps included, where the box of what it paints has this size;
+    /// an empty box stands for the page. Gives nothing when it paints nothing.
+    using PatternAverage = std::function<std::optional<QColor>(const DIO_XmlNode& pattern, const QSizeF& box)>;
     void setPatternAverage(PatternAverage average) { _patternAverage = std::move(average); }
 
     /// The first of a server and those that it links to, in turn, for which a condition holds; null when there is none.
@@ -63,6 +74,8 @@ private:
     const DIO_XmlTree& _tree;
     const DIO_StyleSheet& _sheet;
     QHash<const DIO_XmlNode*, int> _indexOf;
+    std::map<std::tuple<const DIO_XmlNode*, double, double>, int> _boxedIndexOf;
+    QSet<const DIO_XmlNode*> _averaged; // at this moment
     QHash<int, int> _opaqueOf;
     std::vector<DIO_PaintServer> _servers;
     PatternAverage _patternAverage;

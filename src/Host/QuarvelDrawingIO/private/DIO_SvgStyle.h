@@ -31,6 +31,7 @@ struct DIO_SvgPaint
     Kind kind = Kind::NONE;
     QColor colour;
     QString reference; ///< "#id"
+    int server = -1;   ///< what the reference leads to, where that depends on the shape; else -1
 };
 
 /// The inherited properties. A default one is what a drawing's root starts with.

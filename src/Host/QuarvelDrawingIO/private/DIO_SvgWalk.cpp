@@ -44,7 +44,8 @@ DIO_SvgWalk::DIO_SvgWalk(const DIO_XmlTree& tree, const DIO_SvgLayers& layers)
     : _tree(tree), _layers(layers), _servers(tree, _sheet), _main(_servers), _picturePixels(DIO_mostPixels())
 {
     collectStyleSheets(tree.root);
-    _servers.setPatternAverage([this](const DIO_XmlNode& pattern) { return averageOf(pattern); });
+    _servers.setPatternAverage(
+        [this](const DIO_XmlNode& pattern, const QSizeF& box) { return averageOf(pattern, box); });
 }
 
 DIO_SvgWalk::Element DIO_SvgWalk::elementOf(const QString& name)
@@ -199,10 +200,10 @@ void DIO_SvgWalk::writeShape(const Visited& visited, const DIO_FlatWriter::Extra
                                                      : _servers.fadeOf(style.fill.reference, around.viewport);
     if (around.inClip)
         return _writer->clipPath(data, style.clipEvenOdd, extras.transform);
+    DIO_SvgStyle rest = withPatterns(visited);
     if (!fade && !hasMarkers(node, style))
-        return _writer->path(withDots(data, style), style, extras);
+        return _writer->path(withDots(data, rest), rest, extras);
 
-    DIO_SvgStyle rest = style;
     // The opacity stands at what is painted: at the group, it would fade the mask, too.
     _writer->beginGroup(extras.transform);
     if (fade) {

@@ -172,7 +172,11 @@ private:
     const Picture& pictureOf(const DIO_XmlNode& image); ///< decodes each picture once
 
     /// The average colour of a pattern's tile, gaps included; none when the tile has no size or nothing in it.
-    std::optional<QColor> averageOf(const DIO_XmlNode& pattern);
+    ///
+    /// @param box the size of the box of what is painted; empty: that of the page
+    std::optional<QColor> averageOf(const DIO_XmlNode& pattern, const QSizeF& box);
+    /// The style with the servers of its patterns, where they depend on the shape's box.
+    DIO_SvgStyle withPatterns(const Visited& visited);
     /// @}
 
     const DIO_XmlTree& _tree;

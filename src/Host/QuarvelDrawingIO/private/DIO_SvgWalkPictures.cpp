@@ -76,7 +76,20 @@ void DIO_SvgWalk::writePicture(const Visited& visited, const DIO_FlatWriter::Ext
     _writer->endGroup();
 }
 
-std::optional<QColor> DIO_SvgWalk::averageOf(const DIO_XmlNode& pattern)
+DIO_SvgStyle DIO_SvgWalk::withPatterns(const Visited& visited)
+{
+    DIO_SvgStyle style = visited.style;
+    for (DIO_SvgPaint* const paint : {&style.fill, &style.stroke}) {
+        if (paint->kind != DIO_SvgPaint::Kind::REFERENCE || !_servers.dependsOnBox(paint->reference))
+            continue;
+        paint->server = _servers.findFor(paint->reference, boxOf(visited).size());
+        if (paint->server < 0)
+            paint->kind = paint->colour.isValid() ? DIO_SvgPaint::Kind::COLOUR : DIO_SvgPaint::Kind::NONE;
+    }
+    return style;
+}
+
+std::optional<QColor> DIO_SvgWalk::averageOf(const DIO_XmlNode& pattern, const QSizeF& box)
 {
     const auto attribute = [&](const char* name) { return _servers.attributeOf(pattern, name); };
     const DIO_XmlNode* const owner = _servers.firstOf(pattern, [](const DIO_XmlNode& node) {
@@ -84,11 +97,10 @@ std::optional<QColor> DIO_SvgWalk::averageOf(const DIO_XmlNode& pattern)
     });
     if (!owner)
         return std::nullopt;
-    // Without the box of what is painted, parts of it are taken for parts of the page; only the content's own units
-    // make a difference then.
     const bool inParts = attribute("patternUnits") != u"userSpaceOnUse";
     const bool contentInParts = attribute("patternContentUnits") == u"objectBoundingBox";
-    const QSizeF whole = inParts && contentInParts ? QSizeF(1.0, 1.0) : _viewport;
+    const QSizeF page = box.isEmpty() || !inParts ? _viewport : box;
+    const QSizeF whole = inParts && contentInParts ? QSizeF(1.0, 1.0) : page;
     const auto length = [&](const char* name, double percentOf) {
         const QString text = attribute(name);
         const double value = DIO_readLength(text, {percentOf, 16.0}).value_or(0.0);
