@@ -46,10 +46,11 @@ TEST_F(LayeredFiles, AnOpenRasterFileIsADrawingAndAScene)
     EXPECT_EQ(quarvel("import krita.ora").exitCode, 0);
 }
 
-TEST_F(LayeredFiles, ADrawingOfTenThousandLayersBecomesAMap)
+// Each is two modules of a scene, of which files hold 30,000.
+TEST_F(LayeredFiles, ADrawingOfFiveThousandObjectsBecomesAMap)
 {
     QByteArray drawing = R"(<svg xmlns="http://www.w3.org/2000/svg" width="100" height="100">)";
-    for (int i = 0; i < 10'000; ++i)
+    for (int i = 0; i < 5'001; ++i)
         drawing += QStringLiteral(R"(<g id="part%1"><path d="M%2 %3h1v1h-1z" fill="#c04020"/></g>)")
                        .arg(i)
                        .arg(i % 100)
