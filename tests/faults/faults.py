@@ -24,6 +24,7 @@ import struct
 import subprocess
 import sys
 import tempfile
+import zipfile
 import zlib
 
 DRAWING = """<svg xmlns="http://www.w3.org/2000/svg" width="96" height="96">
@@ -33,13 +34,48 @@ DRAWING = """<svg xmlns="http://www.w3.org/2000/svg" width="96" height="96">
 DRAWINGS = ["hero", "tree", "sun", "cloud"]
 
 
-def png(side):
-    """A square of one colour, half of it transparent."""
-    def chunk(kind, data):
-        return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
-    row = b"\0" + b"\x40\x80\xc0\xff" * (side // 2) + bytes(4 * (side - side // 2))
-    header = struct.pack(">IIBBBBB", side, side, 8, 6, 0, 0, 0)
-    return b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", zlib.compress(row * side)) + chunk(b"IEND", b"")
+def chunk(kind, data):
+    return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
+
+
+def png(side, rows=None, film=()):
+    """A square of one colour, half of it transparent, or of the rows given; as a film of the squares given it is animated."""
+    row = b"\x40\x80\xc0\xff" * (side // 2) + bytes(4 * (side - side // 2))
+    data = [zlib.compress(b"".join(b"\0" + row for row in rows)) for rows in film or [rows or [row] * side]]
+    file = b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", side, side, 8, 6, 0, 0, 0))
+    if film:
+        file += chunk(b"acTL", struct.pack(">II", len(film), 0))
+    for number, pixels in enumerate(data):
+        if film:
+            # A tenth of a second; then what was there before comes back.
+            file += chunk(b"fcTL", struct.pack(">IIIIIHHBB", 2 * number, side, side, 0, 0, 1, 10, 2 if number else 0, 1))
+        file += chunk(b"fdAT", struct.pack(">I", 2 * number - 1) + pixels) if number else chunk(b"IDAT", pixels)
+    return file + chunk(b"IEND", b"")
+
+
+def lines(side):
+    """A thin black ring on white paper, which is filled."""
+    def pixel(x, y):
+        away = ((x - side / 2) ** 2 + (y - side / 2) ** 2) ** 0.5
+        return b"\x10\x10\x10\xff" if abs(away - side / 3) < 1.5 else b"\xff\xff\xff\xff"
+    return png(side, [b"".join(pixel(x, y) for x in range(side)) for y in range(side)])
+
+
+def film(side):
+    """A bar that moves."""
+    def frame(at):
+        row = bytes(4 * at) + b"\xc0\x30\x20\xff" * (side // 4)
+        return [row + bytes(4 * side - len(row))] * side
+    return png(side, film=[frame(at) for at in range(0, side // 2, side // 8)])
+
+
+def write_layers(path):
+    """An OpenRaster file of two layers."""
+    with zipfile.ZipFile(path, "w") as archive:
+        archive.writestr("mimetype", "image/openraster")
+        archive.writestr("stack.xml", '<image w="64" h="64"><stack><layer name="eye" src="a.png" x="16"/><layer name="body" src="a.png"/>'
+                                      "</stack></image>")
+        archive.writestr("a.png", png(64))
 
 
 # A picture within a drawing: upright, turned, and as the mask of a shape.
@@ -70,6 +106,9 @@ CASES = [
     Case("frames", [MAKE_SCENE], "render s.scene --frames 1-3 -o n.####.png --resolution 96", [f"n.000{i}.png" for i in range(1, 4)], ["full"]),
     Case("bitmap", ["normalmap hero.svg --drawing sprite.png -o x.png"], "normalmap sprite.png --float -o n.exr", ["n.exr"], ["memory"]),
     Case("pictures", [], "normalmap pictures.svg -o n.png", ["n.png"], ["memory"]),
+    Case("lines", [], "normalmap lines.png -o n.png", ["n.png"], ["memory"]),
+    Case("layers", [], "normalmap layers.ora -o n.png", ["n.png"], ["memory"]),
+    Case("film", [], "import film.apng -o film.scene", ["film.scene"], ["memory"]),
     Case("render", [MAKE_SCENE], "render s.scene -o n.####.png --resolution 96 --jobs 1", ["n.0001.png"], ["memory", "error", "kill", "stop"]),
     Case("import", [], MAKE_SCENE, ["s.scene"], ["memory", "error", "kill", "stop"]),
     Case("save", [MAKE_SCENE], "set s.scene Normal-Map.BlurScale 2.5", ["s.scene"], ["memory", "error", "kill", "stop"]),
@@ -103,6 +142,9 @@ class Runs:
         for name in DRAWINGS:
             (self.start / f"{name}.svg").write_text(DRAWING)
         (self.start / "pictures.svg").write_text(PICTURES.format(base64.b64encode(png(64)).decode()))
+        (self.start / "lines.png").write_bytes(lines(96))
+        (self.start / "film.apng").write_bytes(film(64))
+        write_layers(self.start / "layers.ora")
         for words in case.prepare:
             done = self.run(self.start, words)
             if done.returncode != 0:

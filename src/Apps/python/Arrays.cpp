@@ -3,6 +3,7 @@
 // Everything is copied once, so that an array outlives what it was made of.
 #include "Arrays.h"
 
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
 #include "QuarvelNormalMap/NM_Layers.h"
 
 #include <algorithm>
@@ -44,5 +45,5 @@ UT_Result<QImage> imageOf(const pybind11::array_t<std::uint8_t, pybind11::array:
             QStringLiteral("expected 1 to %1 rows and columns, got %2 x %3").arg(kMost).arg(height).arg(width)};
     const QImage view(array.data(), static_cast<int>(width), static_cast<int>(height),
                       static_cast<qsizetype>(width * 4), QImage::Format_RGBA8888);
-    return view.convertToFormat(QImage::Format_ARGB32);
+    return GR_imageInFormat(view, QImage::Format_ARGB32);
 }

@@ -19,6 +19,16 @@ inline QImage GR_newImage(const QSize& size, QImage::Format format)
     return image;
 }
 
+/// What one of QImage's own functions, such as copy() or scaled(), made of an image with pixels.
+///
+/// @throws std::bad_alloc if it is null
+inline QImage GR_withPixels(QImage made)
+{
+    if (made.isNull())
+        throw std::bad_alloc();
+    return made;
+}
+
 /// The image in another format; null stays null.
 ///
 /// @throws std::bad_alloc

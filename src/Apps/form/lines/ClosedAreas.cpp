@@ -263,8 +263,8 @@ std::vector<QPainterPath> closedAreas(const QImage& lines)
 {
     const Grid grid = Grid::over(QRectF(lines.rect()), std::min(kCells, std::max(lines.width(), lines.height())));
     const QSize size = grid.bounds().size();
-    return areasBetween(lines.size() == size ? lines
-                                             : lines.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                                                   .convertToFormat(QImage::Format_Alpha8),
-                        grid);
+    if (lines.size() == size)
+        return areasBetween(lines, grid);
+    const QImage scaled = GR_withPixels(lines.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    return areasBetween(GR_imageInFormat(scaled, QImage::Format_Alpha8), grid);
 }

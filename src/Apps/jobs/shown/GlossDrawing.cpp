@@ -4,6 +4,7 @@
 #include "jobs/shown/GlossDrawing.h"
 
 #include "QuarvelCelCore/CELVEC_Kvd.h"
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 
 #include <algorithm>
@@ -120,7 +121,7 @@ private:
     {
         if (picture.isNull())
             return picture;
-        QImage greys = picture.convertToFormat(QImage::Format_ARGB32);
+        QImage greys = GR_imageInFormat(picture, QImage::Format_ARGB32);
         for (int y = 0; y < greys.height(); ++y) {
             auto* const row = reinterpret_cast<QRgb*>(greys.scanLine(y));
             for (QRgb& pixel : std::span(row, static_cast<std::size_t>(greys.width()))) {

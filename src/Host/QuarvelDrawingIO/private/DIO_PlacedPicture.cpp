@@ -34,18 +34,11 @@ bool isUpright(const QTransform& t, const QSize& size)
 }
 
 // A QImage that gets no memory is null and says nothing.
-QImage withMemory(QImage image)
-{
-    if (image.isNull())
-        throw std::bad_alloc();
-    return image;
-}
-
 // The picture as the transform mirrors it.
 QImage mirroredAs(const QImage& image, const QTransform& t)
 {
     const bool mirrors = t.m11() < 0.0 || t.m22() < 0.0;
-    return mirrors ? withMemory(image.mirrored(t.m11() < 0.0, t.m22() < 0.0)) : image;
+    return mirrors ? GR_withPixels(image.mirrored(t.m11() < 0.0, t.m22() < 0.0)) : image;
 }
 
 // One pixel between four, colours weighted by coverage.
@@ -158,7 +151,7 @@ DIO_PlacedPicture DIO_placePicture(const QImage& image, const QTransform& toDraw
     // A picture that lies on its side is first laid down, pixel by pixel.
     const QTransform laidDown = QTransform(0.0, 1.0, -1.0, 0.0, image.height(), 0.0).inverted() * toDrawing;
     if (isUpright(laidDown, image.size().transposed())) {
-        const QImage turned = withMemory(image.transformed(QTransform(0.0, 1.0, -1.0, 0.0, 0.0, 0.0)));
+        const QImage turned = GR_withPixels(image.transformed(QTransform(0.0, 1.0, -1.0, 0.0, 0.0, 0.0)));
         return {rectanglePath(toDrawing.mapRect(whole)), std::nullopt, mirroredAs(turned, laidDown)};
     }
     return sampled(image, toDrawing, pixelBudget);

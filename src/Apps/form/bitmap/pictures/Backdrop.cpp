@@ -4,6 +4,7 @@
 // inside. It keeps its mixed colour, because the backdrop's object shows the same pixel beneath it.
 #include "form/bitmap/pictures/Backdrop.h"
 
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
 #include "form/bitmap/pixels/MixedColours.h"
 #include "form/bitmap/pixels/PixelPlane.h"
 
@@ -170,7 +171,7 @@ void scaleAlpha(QImage& image, int x, int y, double share)
 
 std::optional<CutOut> cutFromBackdrop(const QImage& bitmap)
 {
-    const QImage image = bitmap.convertToFormat(QImage::Format_ARGB32);
+    const QImage image = GR_imageInFormat(bitmap, QImage::Format_ARGB32);
     const std::vector<QPoint> border = borderOf(coveredBox(image));
     if (border.empty())
         return std::nullopt;

@@ -5,6 +5,7 @@
 #include "form/bitmap/pictures/FrameContinuation.h"
 
 #include "form/ChooseForms.h"
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
 
 #include <algorithm>
 #include <cstring>
@@ -88,7 +89,7 @@ void repeatBeyondFrame(ObjectPicture& picture, const BitmapFrame& frame, int mar
         return;
     picture.place = old.adjusted(-left, -top, right, bottom);
     // QImage::copy() leaves the pixels outside the source transparent.
-    picture.whole = picture.whole.copy(QRect(QPoint(-left, -top), picture.place.size()));
+    picture.whole = GR_withPixels(picture.whole.copy(QRect(QPoint(-left, -top), picture.place.size())));
     for (int y = 0; y < old.height(); ++y) {
         if (left > 0 && isCutAt(frame, FrameSide::LEFT, old.top() + y))
             repeatColumn(picture.whole, left, -1, left, top + y);
@@ -116,7 +117,7 @@ void endAtFrame(ObjectPicture& picture, const BitmapFrame& frame)
     if (!any)
         return;
     if (picture.shown.isNull()) {
-        picture.shown = picture.whole.convertToFormat(QImage::Format_Alpha8);
+        picture.shown = GR_imageInFormat(picture.whole, QImage::Format_Alpha8);
         picture.shownPlace = picture.place;
     }
     for (int away = 0; away < ring; ++away) {

@@ -4,6 +4,7 @@
 // equal ones is not at an edge, but in a painted area.
 #include "form/bitmap/pictures/LineArt.h"
 
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
 #include "form/bitmap/pixels/MixedColours.h"
 #include "form/lines/ClosedAreas.h"
 
@@ -82,7 +83,7 @@ public:
     // How much of each pixel lines cover.
     QImage lines() const
     {
-        QImage lines(_image.size(), QImage::Format_Alpha8);
+        QImage lines = GR_newImage(_image.size(), QImage::Format_Alpha8);
         for (int y = 0; y < _image.height(); ++y) {
             uchar* const line = lines.scanLine(y);
             for (int x = 0; x < _image.width(); ++x)
@@ -126,7 +127,7 @@ double areaOfLines(const QImage& lines)
 
 QImage paintedAreas(const std::vector<QPainterPath>& areas, const QSize& size)
 {
-    QImage mask(size, QImage::Format_Alpha8);
+    QImage mask = GR_newImage(size, QImage::Format_Alpha8);
     mask.fill(0);
     QPainter painter(&mask);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -139,7 +140,7 @@ QImage paintedAreas(const std::vector<QPainterPath>& areas, const QSize& size)
 
 std::optional<QImage> filledLineArt(const QImage& bitmap, QRgb paper, const QImage& background)
 {
-    const QImage image = bitmap.convertToFormat(QImage::Format_ARGB32);
+    const QImage image = GR_imageInFormat(bitmap, QImage::Format_ARGB32);
     const std::optional<QRgb> ink = inkOf(image);
     if (!ink || qGray(paper) < kLightPaper)
         return std::nullopt;
@@ -155,16 +156,16 @@ std::optional<QImage> filledLineArt(const QImage& bitmap, QRgb paper, const QIma
     if (areaOfLines(paintedAreas(areas, lines.size())) < kEnclosed * areaOfLines(lines))
         return std::nullopt;
 
-    QImage sheet(bitmap.size(), bitmap.format());
+    QImage sheet = GR_newImage(bitmap.size(), bitmap.format());
     sheet.fill(QColor::fromRgb(paper));
     if (!background.isNull())
         sheet = background;
-    QImage fill = sheet.convertToFormat(QImage::Format_RGBA64_Premultiplied);
+    QImage fill = GR_imageInFormat(sheet, QImage::Format_RGBA64_Premultiplied);
     QPainter painter(&fill);
     painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
     painter.drawImage(0, 0, paintedAreas(areas, bitmap.size()));
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     painter.drawImage(0, 0, bitmap);
     painter.end();
-    return fill.convertToFormat(bitmap.format());
+    return GR_imageInFormat(fill, bitmap.format());
 }

@@ -3,6 +3,7 @@
 
 #include "QuarvelDrawingIO/private/layered/DIO_ByteReader.h"
 #include "QuarvelDrawingIO/private/layered/DIO_FileLimits.h"
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
 
 #include <QPainter>
 #include <QRect>
@@ -178,7 +179,7 @@ private:
         QImage picture = QImage::fromData(frameFile(), "png");
         if (picture.size() != _control->place.size())
             return DIO_damaged();
-        const QImage before = _control->dispose == Control::BACK ? _canvas.copy() : QImage();
+        const QImage before = _control->dispose == Control::BACK ? GR_withPixels(_canvas.copy()) : QImage();
         lay(picture);
         if (UT_Result<void> taken = _take(_canvas, _control->milliseconds); !taken)
             return taken;

@@ -4,6 +4,7 @@
 #include "QuarvelDrawingIO/private/layered/DIO_BitmapLayers.h"
 
 #include "QuarvelDrawingIO/private/DIO_AverageColour.h"
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
 
 #include <QFileInfo>
 
@@ -16,7 +17,7 @@ bool isEmpty(const DIO_BitmapCel& cel)
 {
     if (cel.image.isNull() || !(cel.opacity > 0.0))
         return true;
-    const QImage pixels = cel.image.convertToFormat(QImage::Format_RGBA64);
+    const QImage pixels = GR_imageInFormat(cel.image, QImage::Format_RGBA64);
     for (int y = 0; y < pixels.height(); ++y) {
         const std::span row(reinterpret_cast<const QRgba64*>(pixels.constScanLine(y)),
                             static_cast<std::size_t>(pixels.width()));

@@ -2,6 +2,7 @@
 #include "QuarvelDrawingIO/private/layered/DIO_KritaTiles.h"
 
 #include "QuarvelDrawingIO/private/layered/DIO_ByteReader.h"
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
 
 #include <QRect>
 #include <QString>
@@ -107,7 +108,8 @@ public:
         for (const Tile& tile : _tiles)
             if (!lay(tile, all.topLeft(), image))
                 return DIO_damaged();
-        return DIO_KritaPixels{_form.bytes == 1 ? image.convertToFormat(QImage::Format_ARGB32) : image, all.topLeft()};
+        return DIO_KritaPixels{_form.bytes == 1 ? GR_imageInFormat(image, QImage::Format_ARGB32) : image,
+                               all.topLeft()};
     }
 
 private:

@@ -6,6 +6,7 @@
 #include "QuarvelDrawingIO/private/layered/DIO_Apng.h"
 #include "QuarvelDrawingIO/private/layered/DIO_FileLimits.h"
 #include "QuarvelDrawingIO/private/layered/DIO_FrameTimes.h"
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -22,7 +23,7 @@ public:
         if (_layer.cels.size() >= DIO_kMostFrames)
             return UT_Error{QStringLiteral("it has more than the %1 frames that can be read").arg(DIO_kMostFrames)};
         const bool isDeep = picture.pixelFormat().redSize() > 8;
-        const QImage form = picture.convertToFormat(isDeep ? QImage::Format_RGBA64 : QImage::Format_ARGB32);
+        const QImage form = GR_imageInFormat(picture, isDeep ? QImage::Format_RGBA64 : QImage::Format_ARGB32);
         const bool isNew = _layer.cels.empty() || _layer.cels.back().image != form;
         if (isNew) {
             if (UT_Result<void> taken = _budget.take(form.width(), form.height()); !taken)

@@ -5,6 +5,7 @@
 
 #include "QuarvelDrawingIO/private/layered/DIO_FileLimits.h"
 #include "QuarvelDrawingIO/private/layered/DIO_ZipFile.h"
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -154,7 +155,7 @@ private:
         if (image.isNull())
             return UT_Error{QStringLiteral("\"%1\" in it is no whole PNG file").arg(name.left(80))};
         const bool isDeep = image.pixelFormat().redSize() > 8;
-        return image.convertToFormat(isDeep ? QImage::Format_RGBA64 : QImage::Format_ARGB32);
+        return GR_imageInFormat(image, isDeep ? QImage::Format_RGBA64 : QImage::Format_ARGB32);
     }
 
     const DIO_ZipFile& _archive;

@@ -1,6 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 #include "QuarvelDrawingIO/private/layered/DIO_PsdPixels.h"
 
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
+
 #include <algorithm>
 
 namespace {
@@ -124,7 +126,7 @@ QImage DIO_psdImage(const DIO_PsdPlanes& planes, const QSize& size, const DIO_Ps
                                          sampleOf(planes.blue, planes.red, at),
                                          planes.alpha.empty() ? std::uint16_t{65535} : planes.alpha[at]);
     }
-    return form.depth == 8 ? image.convertToFormat(QImage::Format_ARGB32) : image;
+    return form.depth == 8 ? GR_imageInFormat(image, QImage::Format_ARGB32) : image;
 }
 
 void DIO_applyPsdMask(DIO_PsdPlane& alpha, const QRect& place, const DIO_PsdMask& mask)
