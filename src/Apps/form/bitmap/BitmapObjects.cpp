@@ -159,7 +159,8 @@ std::vector<ObjectLabels> objectLabels(const BitmapRegions& regions, const Regio
         // A flat region has no volume that could continue beneath others.
         const bool goesOn = roles[i].role != ObjectRole::FLAT;
         objects.push_back({number, goesOn ? stacking.beneath[i] : std::vector<int>(), stacking.inside[i],
-                           regions.colours[static_cast<std::size_t>(number)].average(), graph.region(number).hull});
+                           regions.colours[static_cast<std::size_t>(number)].average(), graph.region(number).hull,
+                           stacking.round[i]});
     }
     return objects;
 }

@@ -133,3 +133,33 @@ TEST(BitmapFrame, onePlainColourToAllBordersIsFlat)
     ASSERT_EQ(chosen.objects.size(), 1U);
     EXPECT_EQ(chosen.objects[0].role, ObjectRole::FLAT);
 }
+
+TEST(BitmapStacking, aRoundHeadBehindAScarfGoesOnAsADisc)
+{
+    const QImage image = painted({200, 200}, [](QPainter& painter) {
+        painter.setBrush(kCream);
+        painter.drawEllipse(QPointF(100, 80), 60, 60);
+        painter.setBrush(kRed);
+        painter.drawRoundedRect(QRectF(20, 110, 160, 70), 10, 10);
+    });
+    const ChosenObjects chosen = objectsOf(image);
+    ASSERT_EQ(chosen.objects.size(), 2U);
+    EXPECT_EQ(objectAt(chosen, 100, 150), 1) << "the scarf on top";
+    EXPECT_NEAR(measuredPixels(chosen, 0), 3.1416 * 60 * 60, 0.02 * 3.1416 * 60 * 60) << "measured as a whole disc";
+    EXPECT_EQ(layerOf(chosen, 0).pixelColor(100, 137).alpha(), 255) << "inside the disc, hidden";
+    EXPECT_EQ(layerOf(chosen, 0).pixelColor(100, 145).alpha(), 0) << "outside the disc";
+}
+
+TEST(BitmapStacking, aDiscWhoseOutlineIsTheSeamLiesOnTop)
+{
+    const QImage image = painted({240, 200}, [](QPainter& painter) {
+        painter.setBrush(kRed);
+        painter.drawRoundedRect(QRectF(10, 90, 220, 100), 45, 45);
+        painter.setBrush(kCream);
+        painter.drawEllipse(QPointF(60, 70), 52, 52);
+    });
+    const ChosenObjects chosen = objectsOf(image);
+    ASSERT_EQ(chosen.objects.size(), 2U);
+    EXPECT_EQ(objectAt(chosen, 60, 110), 1);
+    EXPECT_EQ(layerOf(chosen, 0).pixelColor(60, 110).alpha(), 255) << "the body goes on beneath the head";
+}

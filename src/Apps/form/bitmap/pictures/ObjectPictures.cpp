@@ -248,18 +248,24 @@ private:
             std::copy(pixels + from, pixels + to, target(targets->own, from, y));
             markShown(canvas(targets->own), pixels, from, to, y);
             for (const Targets::Lower& lower : targets->beneath) {
-                fillBeneath(lower.object, pixels, from, to, y);
-                const auto [first, last] = lower.inside ? std::pair(from, to) : hulled(lower.object, from, to, y);
+                const auto [first, last] = lower.inside ? std::pair(from, to) : measured(lower.object, from, to, y);
                 markShown(canvas(lower.object), pixels, first, last, y);
+                if (hasOutline(lower.object))
+                    fillBeneath(lower.object, pixels, first, last, y);
+                else
+                    fillBeneath(lower.object, pixels, from, to, y);
             }
         }
     }
 
-    // The part of a run that lies inside an object's hull.
-    std::pair<int, int> hulled(int object, int from, int to, int y) const
+    bool hasOutline(int object) const { return _objects[static_cast<std::size_t>(object)].outline.has_value(); }
+
+    // The part of a run that lies inside an object's outline or, if that is not known, its hull.
+    std::pair<int, int> measured(int object, int from, int to, int y) const
     {
-        const ConvexHull& hull = _objects[static_cast<std::size_t>(object)].hull;
-        const auto [first, last] = hull.pixelsIn(_cells.cellY(y));
+        const ObjectLabels& labels = _objects[static_cast<std::size_t>(object)];
+        const int row = _cells.cellY(y);
+        const auto [first, last] = labels.outline ? labels.outline->pixelsIn(row, 0.0) : labels.hull.pixelsIn(row);
         return {std::max(from, first * _cells.size - _cells.offsetX),
                 std::min(to, last * _cells.size - _cells.offsetX)};
     }

@@ -10,6 +10,7 @@
 
 #include "form/bitmap/pictures/OwnResolution.h"
 #include "form/bitmap/pixels/ConvexHull.h"
+#include "form/bitmap/pixels/EllipseFit.h"
 
 #include <QImage>
 #include <QRect>
@@ -21,8 +22,8 @@ struct ObjectPicture
 {
     QRect place;  ///< the rectangle of `whole` in the bitmap
     QImage whole; ///< in the bitmap's format
-    /// The visible part of the object and the part that others hide inside its convex hull, as coverage alone; null if
-    /// that is the whole object.
+    /// The visible part of the object and the part that others hide inside its convex hull, or inside its outline if
+    /// that is known, as coverage alone; null if that is the whole object.
     QImage shown;
     QRect shownPlace; ///< the rectangle of `shown` in the bitmap
 };
@@ -35,6 +36,8 @@ struct ObjectLabels
     std::vector<int> inside;  ///< those of `beneath` that lie inside it
     QRgb colour;              ///< the average of the region
     ConvexHull hull;          ///< the convex hull of the region
+    /// The whole outline, if it is known: beneath others the object continues only inside it.
+    std::optional<Ellipse> outline = {};
 };
 
 /// Makes the pictures of the objects.

@@ -16,6 +16,8 @@ constexpr int kSamples = 256;
 // The weight of an outline that continues straight; a smaller region that lies completely in the larger one's hull has
 // weight 1.
 constexpr double kStraightness = 0.6;
+// The weight of a seam that lies on the outline of a round region.
+constexpr double kOnRound = 1.0;
 
 // The number of samples of each other region inside a region's hull.
 std::map<int, int> insideHull(const ConvexHull& hull, int own, const PixelPlane<int>& labels, int stride)
@@ -73,13 +75,27 @@ std::vector<int> leftOf(const RegionGraph& graph)
     return left;
 }
 
-std::vector<Precedence> pairsOf(const RegionGraph& graph, const PixelPlane<int>& labels)
+// Above 0 if the seam lies on the outline of b, which is round, below 0 if on that of a; -1 to 1.
+double roundness(const RoundOutlines& outlines, const std::map<int, std::optional<Ellipse>>& round, int a, int b)
+{
+    const auto share = [&](int own) {
+        const std::optional<Ellipse>& ellipse = round.at(own);
+        // Where another region cuts a round one off, the ends of the seam lie near the ellipse, too.
+        return ellipse ? std::max(0.0, 2.0 * outlines.seamShare(a, b, *ellipse) - 1.0) : 0.0;
+    };
+    return share(b) - share(a);
+}
+
+std::vector<Precedence> pairsOf(const RegionGraph& graph, const PixelPlane<int>& labels, const RoundOutlines& outlines)
 {
     const int stride = std::max(1, std::max(labels.width(), labels.height()) / kSamples);
     const std::vector<int> left = leftOf(graph);
     std::map<int, std::map<int, int>> inside;
-    for (const int number : left)
+    std::map<int, std::optional<Ellipse>> round;
+    for (const int number : left) {
         inside[number] = insideHull(graph.region(number).hull, number, labels, stride);
+        round[number] = outlines.of(number);
+    }
     std::vector<Precedence> pairs;
     for (const int a : left)
         for (const auto& [b, seam] : graph.seamsOf(a)) {
@@ -88,8 +104,8 @@ std::vector<Precedence> pairsOf(const RegionGraph& graph, const PixelPlane<int>&
             const int smaller = std::min(graph.region(a).pixels, graph.region(b).pixels);
             const double unit = static_cast<double>(stride) * stride / smaller;
             // Numbers are ordered by size, so for two regions without any evidence, the smaller one lies on top.
-            const double clearness =
-                unit * (inside[a][b] - inside[b][a]) + kStraightness * graph.straightness(a, b) + 0.02;
+            const double clearness = unit * (inside[a][b] - inside[b][a]) + kStraightness * graph.straightness(a, b) +
+                                     kOnRound * roundness(outlines, round, a, b) + 0.02;
             pairs.push_back({std::abs(clearness), clearness > 0 ? a : b, clearness > 0 ? b : a});
         }
     std::ranges::stable_sort(pairs, std::greater(), &Precedence::clearness);
@@ -166,12 +182,24 @@ std::vector<int> regionsInside(const RegionGraph& graph, int own, std::vector<in
     return candidates;
 }
 
+// The outline of a round region; its seams with regions that do not lie above it are a part of it.
+std::optional<Ellipse> wholeOutline(const RegionGraph& graph, const RoundOutlines& outlines, int own,
+                                    const std::vector<int>& above)
+{
+    std::vector<int> below;
+    for (const auto& [other, seam] : graph.seamsOf(own))
+        if (std::ranges::find(above, other) == above.end())
+            below.push_back(other);
+    return outlines.of(own, below);
+}
+
 } // namespace
 
 StackingOrder stackingOrderOf(const RegionGraph& graph, const PixelPlane<int>& labels)
 {
+    const RoundOutlines outlines(labels, graph.regions().size());
     PartialOrder order(graph.regions().size());
-    for (const Precedence& pair : pairsOf(graph, labels))
+    for (const Precedence& pair : pairsOf(graph, labels, outlines))
         if (!order.isAbove(pair.above, pair.below))
             order.add(pair.below, pair.above);
     StackingOrder stacking;
@@ -179,6 +207,7 @@ StackingOrder stackingOrderOf(const RegionGraph& graph, const PixelPlane<int>& l
     for (std::size_t i = 0; i < stacking.bottomUp.size(); ++i) {
         stacking.beneath.push_back(regionsAbove(graph, stacking.bottomUp, i));
         stacking.inside.push_back(regionsInside(graph, stacking.bottomUp[i], stacking.beneath.back()));
+        stacking.round.push_back(wholeOutline(graph, outlines, stacking.bottomUp[i], stacking.beneath.back()));
     }
     return stacking;
 }
