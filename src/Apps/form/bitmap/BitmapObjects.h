@@ -7,8 +7,8 @@
 //            ──► OwnPicture         one cell for each drawn pixel, or a reduced picture
 //            ──► BitmapRegions      areas of colour; lines and edges belong to the nearest area
 //            ──► RegionGraph        measurements of the regions and of the seams between them
-//            ──► RegionMerging      shading and marks join their body
-//            ──► StackingOrder      which region lies over which, and continues beneath it
+//            ──► RegionMerging      shading and marks join their body (InnerRegions judges what lies inside others)
+//            ──► StackingOrder      which region lies over which, continues beneath it, and is round
 //            ──► BitmapRoles        which region rises, sinks or stays flat
 //            ──► ObjectPictures     a picture for each object
 //            ──► FrameContinuation  objects that the picture's border cuts continue outside it

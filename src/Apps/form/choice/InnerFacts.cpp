@@ -20,21 +20,6 @@ constexpr double kCopyVaries = 0.06; // of the larger one's side
 constexpr std::array<std::array<int, 2>, 8> kAround{
     {{-1, 0}, {1, 0}, {0, -1}, {0, 1}, {-1, -1}, {1, -1}, {-1, 1}, {1, 1}}};
 
-// Whether a shape has the region's proportions and centre.
-bool isConcentric(const ShapeFacts& shape, const CellMask& region, double share)
-{
-    if (share < kSmallestCopy || share > kLargestCopy)
-        return false;
-    const QRect inner = shape.mask.box();
-    const QRect outer = region.box();
-    const double scale = std::sqrt(share);
-    const double tolerance = kCopyVaries * std::max(outer.width(), outer.height());
-    const auto near = [&](double a, double b) { return std::abs(a - b) < tolerance; };
-    return near(inner.width(), scale * outer.width()) && near(inner.height(), scale * outer.height()) &&
-           near(inner.left() + inner.right(), outer.left() + outer.right()) &&
-           near(inner.top() + inner.bottom(), outer.top() + outer.bottom());
-}
-
 } // namespace
 
 double coveredBy(const CellMask& mask, const CellMask& region)
@@ -48,6 +33,20 @@ double coveredBy(const CellMask& mask, const CellMask& region)
         covered += region.at(x, y) ? 1 : 0;
     });
     return area > 0 ? static_cast<double>(covered) / area : 0.0;
+}
+
+bool isConcentric(const ShapeFacts& shape, const CellMask& region, double share)
+{
+    if (share < kSmallestCopy || share > kLargestCopy)
+        return false;
+    const QRect inner = shape.mask.box();
+    const QRect outer = region.box();
+    const double scale = std::sqrt(share);
+    const double tolerance = kCopyVaries * std::max(outer.width(), outer.height());
+    const auto near = [&](double a, double b) { return std::abs(a - b) < tolerance; };
+    return near(inner.width(), scale * outer.width()) && near(inner.height(), scale * outer.height()) &&
+           near(inner.left() + inner.right(), outer.left() + outer.right()) &&
+           near(inner.top() + inner.bottom(), outer.top() + outer.bottom());
 }
 
 InnerShape InnerFacts::of(int shape, const Part& base, const Surroundings& around, int siblings) const

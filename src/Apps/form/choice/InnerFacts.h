@@ -11,6 +11,11 @@
 /// The share of a mask that a region covers.
 double coveredBy(const CellMask& mask, const CellMask& region);
 
+/// Whether a shape is a smaller copy of a region, around the same centre.
+///
+/// @param share the shape's area, divided by the region's
+bool isConcentric(const ShapeFacts& shape, const CellMask& region, double share);
+
 class InnerFacts
 {
 public:

@@ -4,8 +4,6 @@
 // the grid's resolution.
 #include "form/choice/ShapeFacts.h"
 
-#include "form/raster/OutlineDistance.h"
-
 #include <cmath>
 #include <numbers>
 
@@ -21,11 +19,7 @@ ShapeFacts factsOf(const DIO_Shape& shape, const DIO_Paint& paint, const Grid& g
     ShapeFacts facts;
     facts.mask = CellMask::of(std::span(&shape, 1), grid);
     const OutlineDistance measured = measureOutlineDistance(facts.mask, grid.bounds());
-    facts.area = measured.area;
-    facts.width = 4.0 * measured.mean;
-    facts.inscribed = measured.largest;
-    facts.roundness = measured.area > 0 ? measured.largest / std::sqrt(measured.area / std::numbers::pi) : 0.0;
-    facts.cut = measured.cut;
+    measureShape(measured, facts);
     facts.mask.forEachAtOutline([&](int, int) { facts.outline += 1.0; });
     facts.colour = SeenColour::of(paint.colour);
     facts.paint = shape.paint;
@@ -35,6 +29,15 @@ ShapeFacts factsOf(const DIO_Shape& shape, const DIO_Paint& paint, const Grid& g
 }
 
 } // namespace
+
+void measureShape(const OutlineDistance& measured, ShapeFacts& facts)
+{
+    facts.area = measured.area;
+    facts.width = 4.0 * measured.mean;
+    facts.inscribed = measured.largest;
+    facts.roundness = measured.area > 0 ? measured.largest / std::sqrt(measured.area / std::numbers::pi) : 0.0;
+    facts.cut = measured.cut;
+}
 
 std::vector<const DIO_Shape*> shapesInOrder(const DIO_Drawing& drawing)
 {

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "form/choice/Colour.h"
-#include "form/raster/CellMask.h"
+#include "form/raster/OutlineDistance.h"
 
 #include <vector>
 
@@ -27,6 +27,9 @@ struct ShapeFacts
     /// The ratio of length to width; about 1.8 for a disc.
     double elongation() const { return width > 0.0 ? area / (width * width) : 0.0; }
 };
+
+/// Takes an area's size, width and roundness from the distances of its cells to its outline.
+void measureShape(const OutlineDistance& measured, ShapeFacts& facts);
 
 /// The drawing's shapes in the order of painting, over all layers.
 std::vector<const DIO_Shape*> shapesInOrder(const DIO_Drawing& drawing);

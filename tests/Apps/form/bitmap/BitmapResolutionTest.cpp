@@ -55,7 +55,7 @@ TEST(BitmapResolution, largePicturesAreReduced)
         painter.setBrush(Qt::red);
         painter.drawEllipse(QPointF(1000, 450), 400.5, 400.5);
         painter.setBrush(Qt::blue);
-        painter.drawEllipse(QPointF(1000, 450), 200.5, 200.5);
+        painter.drawEllipse(QPointF(1100, 450), 200.5, 200.5);
     });
     const OwnPicture own = ownPictureOf(image);
     EXPECT_TRUE(own.reduced);
@@ -64,6 +64,6 @@ TEST(BitmapResolution, largePicturesAreReduced)
     ASSERT_EQ(chosen.objects.size(), 2U);
     EXPECT_EQ(paintedAgain(chosen.drawing), paintedAgain(bitmapDrawing(image)));
     // The edge between the two is exact to the pixel, although a cell is three pixels wide.
-    EXPECT_EQ(layerOf(chosen, 1).pixelColor(803, 450), QColor(Qt::blue));
-    EXPECT_EQ(layerOf(chosen, 1).pixelColor(797, 450).alpha(), 0);
+    EXPECT_EQ(layerOf(chosen, 1).pixelColor(903, 450), QColor(Qt::blue));
+    EXPECT_EQ(layerOf(chosen, 1).pixelColor(897, 450).alpha(), 0);
 }

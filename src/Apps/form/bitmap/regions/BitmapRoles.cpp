@@ -3,6 +3,8 @@
 // A backdrop lies along the picture's border, an opening is dark and holds other regions, a shadow is translucent.
 #include "form/bitmap/regions/BitmapRoles.h"
 
+#include "form/bitmap/regions/InnerRegions.h"
+
 #include <algorithm>
 
 namespace {
@@ -19,7 +21,7 @@ constexpr double kHeld = 0.1;
 class Roles
 {
 public:
-    Roles(const RegionGraph& graph, const StackingOrder& stacking, bool opaque) : _graph(graph)
+    Roles(const RegionGraph& graph, const StackingOrder& stacking, bool opaque) : _graph(graph), _inner(graph)
     {
         int along = 0;
         for (const int number : stacking.bottomUp) {
@@ -34,7 +36,7 @@ public:
             _backdrop = -1;
     }
 
-    BitmapRole of(int number) const
+    BitmapRole of(int number)
     {
         const Region& region = _graph.region(number);
         if (number == _backdrop)
@@ -43,11 +45,20 @@ public:
             return {ObjectRole::FLAT, QStringLiteral("semi-transparent")};
         if (isOpening(number))
             return {ObjectRole::OPENING, QStringLiteral("dark and holds others")};
+        if (const int base = _graph.mainNeighbour(number); base >= 0 && isInside(number, base))
+            if (const Verdict verdict = _inner.judge(number, base); verdict.kind == Verdict::Kind::OBJECT)
+                return {verdict.role, verdict.reason};
         return {ObjectRole::BODY, _graph.seamsOf(number).empty() ? QStringLiteral("a part of its own")
                                                                  : QStringLiteral("a region of one colour")};
     }
 
 private:
+    bool isInside(int number, int base) const
+    {
+        return _graph.region(base).pixels > _graph.region(number).pixels &&
+               _graph.seamShare(number, base) >= kInsideShare;
+    }
+
     bool isOpening(int number) const
     {
         const Region& own = _graph.region(number);
@@ -65,6 +76,7 @@ private:
     }
 
     const RegionGraph& _graph;
+    InnerRegions _inner;
     int _backdrop = -1;
     int _translucent = 0; // pixels
 };
@@ -74,7 +86,7 @@ private:
 std::vector<BitmapRole> bitmapRolesOf(const RegionGraph& graph, const StackingOrder& stacking, bool painted,
                                       bool opaque)
 {
-    const Roles roles(graph, stacking, opaque);
+    Roles roles(graph, stacking, opaque);
     std::vector<BitmapRole> result;
     for (const int number : stacking.bottomUp)
         result.push_back(painted && !opaque ? BitmapRole{ObjectRole::BODY, QStringLiteral("painted; a part of its own")}

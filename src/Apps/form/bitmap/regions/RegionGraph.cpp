@@ -3,6 +3,7 @@
 // All counts come from two passes over the pixels; joining regions adds their counts.
 #include "form/bitmap/regions/RegionGraph.h"
 
+#include "form/bitmap/pixels/ConnectedPixels.h"
 #include "form/bitmap/pixels/PixelDistances.h"
 
 #include <algorithm>
@@ -228,6 +229,36 @@ int RegionGraph::filledPixels(int number) const
         if (region(other).pixels < region(number).pixels && seamShare(other, number) >= kInsideShare)
             pixels += region(other).pixels;
     return pixels;
+}
+
+CellMask RegionGraph::filledMask(int number, int scale) const
+{
+    const ConvexHull& hull = region(number).hull;
+    QRect box;
+    for (int y = hull.top(); y < hull.bottom(); ++y)
+        if (const auto [first, last] = hull.pixelsIn(y); first < last)
+            box |= QRect(first, y, last - first, 1);
+    box &= QRect(QPoint(), size());
+
+    // The others that can be reached from outside the box are not surrounded. A frame of one pixel stands for outside.
+    PixelPlane<char> others(box.width() + 2, box.height() + 2, 1);
+    for (int y = 0; y < box.height(); ++y)
+        for (int x = 0; x < box.width(); ++x) {
+            const int label = _labels.at(box.left() + x, box.top() + y);
+            others.at(x + 1, y + 1) = label < 0 || now(label) != number ? 1 : 0;
+        }
+    const PixelPlane<int> parts = connectedPartsOf(others).labels;
+    CellMask mask({box.topLeft() * scale, box.size() * scale});
+    const auto isFilled = [&](int x, int y) {
+        const int part = parts.at(x - box.left() + 1, y - box.top() + 1);
+        return part != parts.at(0, 0) && _labels.at(x, y) >= 0;
+    };
+    for (int y = box.top(); y <= box.bottom(); ++y)
+        for (int x = box.left(); x <= box.right(); ++x)
+            if (isFilled(x, y))
+                for (int i = 0; i < scale * scale; ++i)
+                    mask.set(x * scale + i % scale, y * scale + i / scale);
+    return mask;
 }
 
 double RegionGraph::solidity(int number) const

@@ -8,6 +8,7 @@
 #include "form/bitmap/regions/BitmapRegions.h"
 #include "form/bitmap/regions/SeamEnds.h"
 #include "form/choice/Colour.h"
+#include "form/raster/CellMask.h"
 
 #include <map>
 
@@ -75,6 +76,12 @@ public:
     int filledPixels(int number) const;
     /// The share of its convex hull that it fills, 0 to 1; holes that other regions fill count as filled.
     double solidity(int number) const;
+    /// The cells of a region and of what it surrounds, without uncovered pixels.
+    ///
+    /// @param scale cells along the side of a pixel
+    CellMask filledMask(int number, int scale) const;
+    /// The size of the picture, in pixels.
+    QSize size() const { return {_labels.width(), _labels.height()}; }
     int coveredPixels() const { return _covered; }
     /// The length of the picture's border.
     int frameEdges() const { return 2 * (_labels.width() + _labels.height()); }

@@ -4,9 +4,10 @@
 // similar colours first.
 #include "form/bitmap/regions/RegionMerging.h"
 
+#include "form/bitmap/regions/InnerRegions.h"
+
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <numeric>
 #include <optional>
 
@@ -20,10 +21,16 @@ constexpr double kLargestHighlight = 0.12;
 // A pupil is larger than this part of the white around it, and this share of its outline lies along the white.
 constexpr double kLeastPupil = 0.06;
 constexpr double kPupilInEye = 0.6;
+// A pupil is darker than the white by more than this, and smaller than this multiple of the white that is left.
+constexpr double kPupilDarker = 23.0;
+constexpr double kLargestPupil = 4.0;
+// The share of its hull that an eye fills.
+constexpr double kWholeEye = 0.88;
 // The ratio of length to width above which a region is a stripe.
 constexpr double kStripe = 5.0;
 // At least this share of a stripe's outline lies along the body on either side of it.
 constexpr double kStripeSide = 0.28;
+constexpr double kStripeSides = 0.6; // on both sides together
 // If a region hides the middle of another, more than this share of each visible part's outline lies along it.
 constexpr double kClinging = 0.3;
 // Tolerance, because outlines of pixels never fill their hulls completely.
@@ -49,13 +56,6 @@ bool isWhite(const SeenColour& colour)
     return colour.lightness > 77.0 && colour.chroma() < kGrey;
 }
 
-bool isRound(const RegionGraph& graph, int number)
-{
-    const Region& region = graph.region(number);
-    const double disc = std::numbers::pi / 4.0 * region.hull.span() * region.hull.span();
-    return graph.solidity(number) > 0.92 && graph.filledPixels(number) > 0.55 * disc;
-}
-
 // Compares length over width, computed for a ribbon of the region's area and depth.
 bool isStripe(const Region& region)
 {
@@ -65,25 +65,29 @@ bool isStripe(const Region& region)
 class Rules
 {
 public:
-    Rules(RegionGraph& graph, bool hard) : _graph(graph), _hard(hard) {}
+    Rules(RegionGraph& graph, bool hard) : _graph(graph), _inner(graph), _hard(hard) {}
 
     bool joinInside();
     bool joinBeside();
     bool joinStripes();
     bool joinBehind();
+    bool joinEyes();
 
 private:
     const Region& region(int number) const { return _graph.region(number); }
     std::vector<int> smallestFirst() const;
     bool holdsOthers(int number) const;
-    bool isPaint(int number, int base) const;
+    bool isPaint(int number, int base);
     bool isPupil(int number, int base) const;
-    bool areSiblingsPaint(int number, int base) const;
+    bool areSiblingsPaint(int number, int base);
     bool isShadeOfOneBody(int a, int b) const;
     bool isStripeAcross(int stripe, int a, int b) const;
     bool isOneBodyBehind(int front, int a, int b) const;
+    bool reachesOutside(int number) const;
+    bool areWhiteAndPupil(int white, int dark) const;
 
     RegionGraph& _graph;
+    InnerRegions _inner;
     bool _hard;
 };
 
@@ -106,7 +110,7 @@ bool Rules::holdsOthers(int number) const
 }
 
 // Whether a region inside another is only painted onto it.
-bool Rules::isPaint(int number, int base) const
+bool Rules::isPaint(int number, int base)
 {
     const Region& own = region(number);
     const Region& below = region(base);
@@ -114,9 +118,12 @@ bool Rules::isPaint(int number, int base) const
         return false;
     if (colourDistance(own.colour, below.colour) < kSameColour)
         return true;
-    if (areShadesOfOneColour(own.colour, below.colour))
-        return !isRound(_graph, number) || own.pixels > 0.5 * below.pixels || own.pixels < 0.01 * below.pixels;
-    if (holdsOthers(number))
+    const bool shade = areShadesOfOneColour(own.colour, below.colour);
+    if (!shade && holdsOthers(number))
+        return false;
+    if (_inner.judge(number, base).kind == Verdict::Kind::MARK)
+        return true;
+    if (shade)
         return false;
     const double lighter = own.colour.lightness - below.colour.lightness;
     const bool highlight = !own.detailed && lighter > kHighlight && own.pixels < kLargestHighlight * below.pixels &&
@@ -125,20 +132,21 @@ bool Rules::isPaint(int number, int base) const
     return isStripe(own) || highlight || isPupil(number, base) || glint;
 }
 
-// Whether a region is a dark one in a white one. A pupil may come so close to the eye's outline that the white between
-// them is too thin to be seen, so it need not lie inside completely.
+// Whether a region is the only dark one in a white one. A pupil may come so close to the eye's outline that the white
+// between them is too thin to be seen, so it need not lie inside completely.
 bool Rules::isPupil(int number, int base) const
 {
     const Region& own = region(number);
     const Region& below = region(base);
-    return isWhite(below.colour) && own.clearEdges == 0 && own.colour.lightness < below.colour.lightness - 23.0 &&
-           own.pixels > kLeastPupil * below.pixels && own.pixels < below.pixels &&
-           _graph.seamShare(number, base) > kPupilInEye && !_graph.seam(number, base).isInked();
+    return isWhite(below.colour) && own.clearEdges == 0 && _inner.siblings(number, base).size() <= 1 &&
+           own.colour.lightness < below.colour.lightness - kPupilDarker && own.pixels > kLeastPupil * below.pixels &&
+           own.pixels < below.pixels && _graph.seamShare(number, base) > kPupilInEye &&
+           !_graph.seam(number, base).isInked();
 }
 
 // Regions of one colour inside one base are either all paint or all objects: the rule that holds for most of their
 // pixels decides.
-bool Rules::areSiblingsPaint(int number, int base) const
+bool Rules::areSiblingsPaint(int number, int base)
 {
     int paint = 0;
     int objects = 0;
@@ -243,21 +251,60 @@ bool Rules::joinBehind()
     return false;
 }
 
+// Whether a region is seen beside what hides it, towards uncovered pixels or the picture's border.
+bool Rules::reachesOutside(int number) const
+{
+    return region(number).clearEdges + region(number).frameEdges > 0;
+}
+
 bool Rules::isOneBodyBehind(int front, int a, int b) const
 {
     const auto clings = [&](int number) {
         const double share = _graph.seamShare(number, front);
-        return share > kClinging && share < kInsideShare && _graph.straightness(number, front) > 0.0;
+        return reachesOutside(number) && share > kClinging && share < kInsideShare &&
+               _graph.straightness(number, front) > 0.0;
     };
     return colourDistance(region(a).colour, region(b).colour) < kSameColour && clings(a) && clings(b) &&
            _graph.clearShare(ConvexHull::around(region(a).hull, region(b).hull)) < kSlack;
+}
+
+// Joins pupils that touch the outline of their eye to the white that is left of it.
+bool Rules::joinEyes()
+{
+    for (const int dark : smallestFirst())
+        for (const auto& [white, seam] : _graph.seamsOf(dark))
+            if (areWhiteAndPupil(white, dark)) {
+                _graph.setDetailed(white);
+                _graph.join(white, dark);
+                return true;
+            }
+    return false;
+}
+
+// Whether a white region and a dark one together are a complete shape inside a larger region.
+bool Rules::areWhiteAndPupil(int white, int dark) const
+{
+    const Region& eye = region(white);
+    const Region& pupil = region(dark);
+    if (!isWhite(eye.colour) || pupil.colour.lightness > eye.colour.lightness - kPupilDarker ||
+        pupil.pixels > kLargestPupil * eye.pixels || reachesOutside(white) || reachesOutside(dark))
+        return false;
+    const ConvexHull both = ConvexHull::around(eye.hull, pupil.hull);
+    if (eye.pixels + pupil.pixels < kWholeEye * both.area())
+        return false;
+    const int outline = _graph.outline(white) + _graph.outline(dark) - 2 * _graph.seam(white, dark).edges;
+    return std::ranges::any_of(_graph.seamsOf(white), [&](const auto& neighbour) {
+        const int base = neighbour.first;
+        const int edges = neighbour.second.edges + _graph.seam(dark, base).edges;
+        return base != dark && region(base).pixels > eye.pixels + pupil.pixels && edges > kInsideShare * outline;
+    });
 }
 
 bool Rules::isStripeAcross(int stripe, int a, int b) const
 {
     const double shareA = _graph.seamShare(stripe, a);
     const double shareB = _graph.seamShare(stripe, b);
-    if (shareA < kStripeSide || shareB < kStripeSide || shareA + shareB < 2.5 * kStripeSide ||
+    if (shareA < kStripeSide || shareB < kStripeSide || shareA + shareB < kStripeSides ||
         _graph.seam(stripe, a).isInked() || _graph.seam(stripe, b).isInked() ||
         !areShadesOfOneColour(region(a).colour, region(b).colour))
         return false;
@@ -302,5 +349,5 @@ void joinShadesAndMarks(RegionGraph& graph, bool hard)
     do
         while (rules.joinInside()) {
         }
-    while (rules.joinBeside() || rules.joinStripes() || rules.joinBehind());
+    while (rules.joinBeside() || rules.joinStripes() || rules.joinBehind() || rules.joinEyes());
 }
