@@ -12,11 +12,17 @@ ConnectedParts connectedPartsOf(const PixelPlane<char>& marked)
             const int i = y * width + x;
             if (!marked[i])
                 continue;
+            // What the neighbours that were visited before share an edge with is joined to them already.
+            if (y > 0 && marked[i - width]) {
+                sets.join(i, i - width);
+                continue;
+            }
             if (x > 0 && marked[i - 1])
                 sets.join(i, i - 1);
-            for (int nx = std::max(0, x - 1); y > 0 && nx < std::min(width, x + 2); ++nx)
-                if (marked.at(nx, y - 1))
-                    sets.join(i, i - x - width + nx);
+            else if (x > 0 && y > 0 && marked[i - width - 1])
+                sets.join(i, i - width - 1);
+            if (y > 0 && x + 1 < width && marked[i - width + 1])
+                sets.join(i, i - width + 1);
         }
     ConnectedParts parts{PixelPlane<int>(width, marked.height(), kNoLabel), {}};
     for (int i = 0; i < marked.count(); ++i) {

@@ -121,31 +121,32 @@ NearestAreas grown(const PixelPlane<int>& labels, const PixelPlane<char>& open)
             nearest.labels[i] = labels[i];
             nearest.distances[i] = 0;
         }
-    const auto relaxAround = [&](int pixel) {
-        const int x = pixel % labels.width();
-        const int y = pixel / labels.width();
-        for (const Neighbour& n : kAround) {
-            if (!labels.contains(x + n.x, y + n.y))
-                continue;
-            const int other = pixel + n.y * labels.width() + n.x;
-            const int distance = nearest.distances[pixel] + n.step;
-            if (!open[other] || labels[other] >= 0 || distance > nearest.distances[other])
-                continue;
-            if (distance < nearest.distances[other]) {
-                nearest.distances[other] = distance;
-                nearest.labels[other] = nearest.labels[pixel];
-                front.add(other, distance);
-            } else
-                nearest.labels[other] = std::min(nearest.labels[other], nearest.labels[pixel]);
-        }
+    const int width = labels.width();
+    const auto relax = [&](int pixel, int other, int step) {
+        const int distance = nearest.distances[pixel] + step;
+        if (!open[other] || labels[other] >= 0 || distance > nearest.distances[other])
+            return;
+        if (distance < nearest.distances[other]) {
+            nearest.distances[other] = distance;
+            nearest.labels[other] = nearest.labels[pixel];
+            front.add(other, distance);
+        } else
+            nearest.labels[other] = std::min(nearest.labels[other], nearest.labels[pixel]);
     };
-    for (int i = 0; i < labels.count(); ++i)
-        if (labels[i] >= 0)
-            relaxAround(i);
+    const auto relaxAround = [&](int pixel, int x, int y) {
+        const bool inner = x > 0 && y > 0 && x + 1 < width && y + 1 < labels.height();
+        for (const Neighbour& n : kAround)
+            if (inner || labels.contains(x + n.x, y + n.y))
+                relax(pixel, pixel + n.y * width + n.x, n.step);
+    };
+    for (int y = 0; y < labels.height(); ++y)
+        for (int x = 0; x < width; ++x)
+            if (labels.at(x, y) >= 0)
+                relaxAround(y * width + x, x, y);
     for (int distance = 1; !front.isEmpty(); ++distance)
         for (const int pixel : front.take(distance))
             // A shorter path may have been found after the pixel was added.
             if (nearest.distances[pixel] == distance)
-                relaxAround(pixel);
+                relaxAround(pixel, pixel % width, pixel / width);
     return nearest;
 }
