@@ -6,6 +6,9 @@
 #include "render/LayerMerge.h"
 #include "render/PixelTraits.h"
 
+#include <bit>
+#include <type_traits>
+
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "render/AccumulatorKernels.cpp"
 #include <hwy/foreach_target.h>
@@ -21,51 +24,155 @@ namespace vl = VL::HWY_NAMESPACE;
 
 // ---- the accumulator
 
-HWY_INLINE void mergeLayersOneByOne(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator)
+/// What an accumulator holds before a merge.
+enum class Before
+{
+    EMPTY, ///< nothing yet: its pixels are uninitialised and count as zeros
+    FILLED
+};
+
+template<Before kBefore, typename Pixel>
+HWY_INLINE void mergeLayersOneByOne(std::span<const Pixel> input, Pixel* accumulator)
 {
     for (std::size_t i = 0; i < input.size(); ++i)
-        accumulator[i] = mergePixel(accumulator[i], input[i]);
+        accumulator[i] = mergePixel(kBefore == Before::FILLED ? accumulator[i] : Pixel{}, input[i]);
 }
 
 #if HWY_TARGET == HWY_SCALAR
-void mergeLayers16(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator)
+template<Before kBefore, typename Pixel>
+HWY_INLINE void mergeLayersRow(std::span<const Pixel> input, Pixel* accumulator)
 {
-    mergeLayersOneByOne(input, accumulator);
+    mergeLayersOneByOne<kBefore>(input, accumulator);
 }
 #else
-// Nearly everywhere both layers cover fully or not at all, and the result is one of three known pixels. A pixel is one
-// 64-bit lane, with red in its lowest bits.
-void mergeLayers16(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* HWY_RESTRICT accumulator)
+// Nearly everywhere both layers cover fully or not at all, and the result is one of three known pixels.
+
+/// Merges vectors of 16-bit pixels: each is one 64-bit lane, with red in its lowest bits.
+class Merge16
 {
-    const hn::ScalableTag<std::int64_t> d;
-    const hn::Repartition<std::int16_t, decltype(d)> d16;
-    const std::size_t step = hn::Lanes(d);
-    const auto full = hn::Set(d, 32767);
-    const auto red = hn::Set(d, 0xFFFF);
-    const auto fullAlpha = hn::ShiftLeft<48>(full);
-    const auto redAndAlpha = hn::Or(hn::ShiftLeft<48>(red), red);
+public:
+    using Tag = hn::ScalableTag<std::int64_t>;
+    using Pixels = hn::Vec<Tag>;
+    static constexpr std::size_t kLanesPerPixel = 1;
+
+    Merge16() : _full(hn::Set(Tag(), 32767)), _red(hn::Set(Tag(), 0xFFFF)) {}
+
+    static HWY_INLINE Pixels load(const CEL_PixelRGBA16* pixels)
+    {
+        return hn::BitCast(Tag(), hn::LoadU(Channels(), &pixels->r));
+    }
+    static HWY_INLINE void store(Pixels pixels, CEL_PixelRGBA16* to)
+    {
+        hn::StoreU(hn::BitCast(Channels(), pixels), Channels(), &to->r);
+    }
+
+    static HWY_INLINE Pixels firstCoverage(Pixels input) { return hn::ShiftRight<48>(input); }
+    static HWY_INLINE Pixels secondCoverage(Pixels input) { return hn::ShiftRight<48>(hn::ShiftLeft<16>(input)); }
+    HWY_INLINE hn::Mask<Tag> isFull(Pixels coverage) const { return hn::Eq(coverage, _full); }
+    HWY_INLINE hn::Mask<Tag> isFirst(Pixels coverage) const { return hn::Gt(coverage, hn::Zero(Tag())); }
+    HWY_INLINE hn::Mask<Tag> isSecond(Pixels coverage) const { return hn::Gt(coverage, hn::Set(Tag(), 1024)); }
+
+    HWY_INLINE Pixels first(Pixels input) const { return hn::Or(hn::And(input, _red), hn::ShiftLeft<48>(_full)); }
+    HWY_INLINE Pixels second(Pixels input) const { return first(hn::ShiftRight<16>(input)); }
+    HWY_INLINE Pixels kept(Pixels before) const { return hn::And(before, hn::Or(_red, hn::ShiftLeft<48>(_red))); }
+
+private:
+    using Channels = hn::Repartition<std::int16_t, Tag>;
+
+    Pixels _full;
+    Pixels _red;
+};
+
+/// The same for float pixels: each is 16 bytes of a vector.
+class MergeFloat
+{
+public:
+    using Tag = hn::ScalableTag<float>;
+    using Pixels = hn::Vec<Tag>;
+    static constexpr std::size_t kLanesPerPixel = 4;
+
+    MergeFloat()
+        : _red(bits(~0U, 0)), _redAndAlpha(bits(~0U, ~0U)), _fullAlpha(bits(0, std::bit_cast<std::uint32_t>(1.0F)))
+    {}
+
+    static HWY_INLINE Pixels load(const CEL_PixelRGBAFloat* pixels) { return hn::LoadU(Tag(), &pixels->r); }
+    static HWY_INLINE void store(Pixels pixels, CEL_PixelRGBAFloat* to) { hn::StoreU(pixels, Tag(), &to->r); }
+
+    static HWY_INLINE Pixels firstCoverage(Pixels input) { return hn::Broadcast<3>(input); }
+    static HWY_INLINE Pixels secondCoverage(Pixels input) { return hn::Broadcast<2>(input); }
+    static HWY_INLINE hn::Mask<Tag> isFull(Pixels coverage) { return hn::Ge(coverage, hn::Set(Tag(), 1.0F)); }
+    static HWY_INLINE hn::Mask<Tag> isFirst(Pixels coverage) { return hn::Gt(coverage, hn::Zero(Tag())); }
+    static HWY_INLINE hn::Mask<Tag> isSecond(Pixels coverage) { return hn::Gt(coverage, hn::Zero(Tag())); }
+
+    HWY_INLINE Pixels first(Pixels input) const { return hn::Or(hn::And(input, _red), _fullAlpha); }
+    HWY_INLINE Pixels second(Pixels input) const { return first(hn::Broadcast<1>(input)); }
+    HWY_INLINE Pixels kept(Pixels before) const { return hn::And(before, _redAndAlpha); }
+
+private:
+    static HWY_INLINE Pixels bits(std::uint32_t red, std::uint32_t alpha)
+    {
+        alignas(16) const std::uint32_t pixel[] = {red, 0, 0, alpha};
+        return hn::BitCast(Tag(), hn::LoadDup128(hn::RebindToUnsigned<Tag>(), pixel));
+    }
+
+    Pixels _red;
+    Pixels _redAndAlpha;
+    Pixels _fullAlpha;
+};
+
+template<typename Pixel>
+using MergeOf = std::conditional_t<std::is_same_v<Pixel, CEL_PixelRGBA16>, Merge16, MergeFloat>;
+
+template<Before kBefore, typename Pixel>
+HWY_INLINE void mergeLayersRow(std::span<const Pixel> input, Pixel* HWY_RESTRICT accumulator)
+{
+    using Merge = MergeOf<Pixel>;
+    const typename Merge::Tag d;
+    const std::size_t step = hn::Lanes(d) / Merge::kLanesPerPixel;
+    const Merge merge;
     std::size_t i = 0;
     for (; i + step <= input.size(); i += step) {
-        const auto in = hn::BitCast(d, hn::LoadU(d16, &input[i].r));
-        const auto a = hn::ShiftRight<48>(in);
-        const auto b = hn::ShiftRight<48>(hn::ShiftLeft<16>(in));
-        const auto isFirst = hn::Eq(a, full);
-        const auto isSecond = hn::Eq(b, full);
+        const auto in = Merge::load(&input[i]);
+        const auto a = Merge::firstCoverage(in);
+        const auto b = Merge::secondCoverage(in);
+        const auto fullFirst = merge.isFull(a);
+        const auto fullSecond = merge.isFull(b);
         const auto isPartly =
-            hn::Or(hn::AndNot(isFirst, hn::Gt(a, hn::Zero(d))), hn::AndNot(isSecond, hn::Gt(b, hn::Set(d, 1024))));
+            hn::Or(hn::AndNot(fullFirst, merge.isFirst(a)), hn::AndNot(fullSecond, merge.isSecond(b)));
         if (!hn::AllFalse(d, isPartly)) {
-            mergeLayersOneByOne(input.subspan(i, step), accumulator + i);
+            mergeLayersOneByOne<kBefore>(input.subspan(i, step), accumulator + i);
             continue;
         }
-        const auto kept = hn::And(hn::BitCast(d, hn::LoadU(d16, &accumulator[i].r)), redAndAlpha);
-        const auto first = hn::Or(hn::And(in, red), fullAlpha);
-        const auto second = hn::Or(hn::And(hn::ShiftRight<16>(in), red), fullAlpha);
-        const auto merged = hn::IfThenElse(isSecond, second, hn::IfThenElse(isFirst, first, kept));
-        hn::StoreU(hn::BitCast(d16, merged), d16, &accumulator[i].r);
+        auto kept = hn::Zero(d);
+        if constexpr (kBefore == Before::FILLED)
+            kept = merge.kept(Merge::load(accumulator + i));
+        const auto merged =
+            hn::IfThenElse(fullSecond, merge.second(in), hn::IfThenElse(fullFirst, merge.first(in), kept));
+        Merge::store(merged, accumulator + i);
     }
-    mergeLayersOneByOne(input.subspan(i), accumulator + i);
+    mergeLayersOneByOne<kBefore>(input.subspan(i), accumulator + i);
 }
 #endif
+
+void mergeLayers16(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator)
+{
+    mergeLayersRow<Before::FILLED>(input, accumulator);
+}
+
+void mergeLayersFloat(std::span<const CEL_PixelRGBAFloat> input, CEL_PixelRGBAFloat* accumulator)
+{
+    mergeLayersRow<Before::FILLED>(input, accumulator);
+}
+
+void placeLayers16(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator)
+{
+    mergeLayersRow<Before::EMPTY>(input, accumulator);
+}
+
+void placeLayersFloat(std::span<const CEL_PixelRGBAFloat> input, CEL_PixelRGBAFloat* accumulator)
+{
+    mergeLayersRow<Before::EMPTY>(input, accumulator);
+}
 
 // ---- the mask
 
@@ -129,6 +236,9 @@ HWY_AFTER_NAMESPACE();
 namespace VolumeRowKernels {
 
 VL_EXPORT(mergeLayers16);
+VL_EXPORT(mergeLayersFloat);
+VL_EXPORT(placeLayers16);
+VL_EXPORT(placeLayersFloat);
 VL_EXPORT(weigh16);
 VL_EXPORT(weighFloat);
 
@@ -139,8 +249,17 @@ void mergeLayers(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumu
 
 void mergeLayers(std::span<const CEL_PixelRGBAFloat> input, CEL_PixelRGBAFloat* accumulator)
 {
-    for (std::size_t i = 0; i < input.size(); ++i)
-        accumulator[i] = mergePixel(accumulator[i], input[i]);
+    VL_CALL(mergeLayersFloat)(input, accumulator);
+}
+
+void placeLayers(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator)
+{
+    VL_CALL(placeLayers16)(input, accumulator);
+}
+
+void placeLayers(std::span<const CEL_PixelRGBAFloat> input, CEL_PixelRGBAFloat* accumulator)
+{
+    VL_CALL(placeLayersFloat)(input, accumulator);
 }
 
 void weigh(std::span<const CEL_PixelRGBA16> accumulated, float* mask)

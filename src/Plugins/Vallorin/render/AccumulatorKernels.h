@@ -17,6 +17,10 @@ namespace VolumeRowKernels {
 void mergeLayers(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator);
 void mergeLayers(std::span<const CEL_PixelRGBAFloat> input, CEL_PixelRGBAFloat* accumulator);
 
+/// The same for an accumulator whose pixels are uninitialised and count as zeros: they are not read.
+void placeLayers(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator);
+void placeLayers(std::span<const CEL_PixelRGBAFloat> input, CEL_PixelRGBAFloat* accumulator);
+
 /// mask[i] = value times coverage of accumulated[i] (VolumeTraits::weighted).
 void weigh(std::span<const CEL_PixelRGBA16> accumulated, float* mask);
 void weigh(std::span<const CEL_PixelRGBAFloat> accumulated, float* mask);

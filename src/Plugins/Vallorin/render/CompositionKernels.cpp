@@ -36,6 +36,12 @@ void blendNormals16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRG
 {
     blendNormalsOneByOne(coverage, object, blue, output);
 }
+
+void blendNormalsFloat(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
+                       CEL_PixelRGBAFloat* output)
+{
+    blendNormalsOneByOne(coverage, object, blue, output);
+}
 #else
 // One lane per channel.
 template<typename Pixel>
@@ -52,42 +58,25 @@ HWY_INLINE hn::Vec<ChannelTag<Pixel>> loadChannels(const Pixel* pixels)
 class Placement16
 {
 public:
-    using PixelTag = hn::ScalableTag<std::int64_t>;
-    using Pixels = hn::Vec<PixelTag>;
+    using Tag = hn::ScalableTag<std::int64_t>;
+    using Pixels = hn::Vec<Tag>;
 
     explicit Placement16(const Blue& blue)
-        : _kept(hn::Set(PixelTag(), blue.isElevation ? 0x0000FFFFFFFFFFFF : 0x00000000FFFFFFFF))
-        , _given(
-              hn::Set(PixelTag(), blue.isElevation ? 0 : std::int64_t{static_cast<std::uint16_t>(blue.number)} << 32))
+        : _kept(hn::Set(Tag(), blue.isElevation ? 0x0000FFFFFFFFFFFF : 0x00000000FFFFFFFF))
+        , _given(hn::Set(Tag(), blue.isElevation ? 0 : std::int64_t{static_cast<std::uint16_t>(blue.number)} << 32))
     {}
-
-    /// The object's pixels where there is coverage, and zeros elsewhere. Where nothing is covered, they are not even
-    /// loaded.
-    HWY_INLINE auto over(const CEL_PixelRGBA16* coverage, const CEL_PixelRGBA16* object) const
-    {
-        const PixelTag d;
-        const auto alpha = alphaOf(load(coverage));
-        const auto covers = hn::Gt(alpha, hn::Zero(d));
-        auto pixels = hn::Zero(d);
-        if (!hn::AllFalse(d, covers))
-            pixels = hn::IfThenElseZero(covers, placed(alpha, object));
-        return hn::BitCast(ChannelTag<CEL_PixelRGBA16>(), pixels);
-    }
 
     HWY_INLINE Pixels placed(Pixels alpha, const CEL_PixelRGBA16* object) const
     {
-        const auto stored = hn::IfThenElse(isSaturated(alpha), hn::Set(PixelTag(), 32767), alpha);
+        const auto stored = hn::IfThenElse(isSaturated(alpha), hn::Set(Tag(), 32767), alpha);
         return hn::Or(hn::Or(hn::And(load(object), _kept), _given), hn::ShiftLeft<48>(stored));
     }
 
-    static HWY_INLINE Pixels load(const CEL_PixelRGBA16* pixels)
-    {
-        return hn::BitCast(PixelTag(), loadChannels(pixels));
-    }
+    static HWY_INLINE Pixels load(const CEL_PixelRGBA16* pixels) { return hn::BitCast(Tag(), loadChannels(pixels)); }
 
     static HWY_INLINE Pixels alphaOf(Pixels pixels) { return hn::ShiftRight<48>(pixels); }
 
-    static HWY_INLINE hn::Mask<PixelTag> isSaturated(Pixels alpha) { return hn::Gt(alpha, hn::Set(PixelTag(), 32439)); }
+    static HWY_INLINE hn::Mask<Tag> isSaturated(Pixels alpha) { return hn::Gt(alpha, hn::Set(Tag(), 32439)); }
 
 private:
     Pixels _kept;
@@ -99,36 +88,54 @@ class PlacementFloat
 {
 public:
     using Tag = ChannelTag<CEL_PixelRGBAFloat>;
+    using Pixels = hn::Vec<Tag>;
 
     explicit PlacementFloat(const Blue& blue)
         : _kept(repeated(~0U, ~0U, blue.isElevation ? ~0U : 0, 0)), _alpha(repeated(0, 0, 0, ~0U))
     {}
 
-    HWY_INLINE auto over(const CEL_PixelRGBAFloat* coverage, const CEL_PixelRGBAFloat* object) const
+    HWY_INLINE Pixels placed(Pixels alpha, const CEL_PixelRGBAFloat* object) const
+    {
+        const auto stored = hn::IfThenElse(isSaturated(alpha), hn::Set(Tag(), 1.0F), alpha);
+        return hn::Or(hn::And(stored, _alpha), hn::And(load(object), _kept));
+    }
+
+    static HWY_INLINE Pixels load(const CEL_PixelRGBAFloat* pixels) { return loadChannels(pixels); }
+
+    static HWY_INLINE Pixels alphaOf(Pixels pixels) { return hn::Broadcast<3>(pixels); }
+
+    static HWY_INLINE hn::Mask<Tag> isSaturated(Pixels alpha)
     {
         // The largest float that is not saturated.
         constexpr auto kBelow = static_cast<float>(VolumeTraits<CEL_PixelRGBAFloat>::kSaturated);
         static_assert(kBelow < VolumeTraits<CEL_PixelRGBAFloat>::kSaturated);
-        const Tag d;
-        const auto alpha = hn::Broadcast<3>(loadChannels(coverage));
-        const auto covers = hn::Gt(alpha, hn::Zero(d));
-        if (hn::AllFalse(d, covers))
-            return hn::Zero(d);
-        const auto stored = hn::IfThenElse(hn::Gt(alpha, hn::Set(d, kBelow)), hn::Set(d, 1.0F), alpha);
-        const auto placed = hn::Or(hn::And(stored, _alpha), hn::And(loadChannels(object), _kept));
-        return hn::IfThenElseZero(covers, placed);
+        return hn::Gt(alpha, hn::Set(Tag(), kBelow));
     }
 
 private:
-    static HWY_INLINE hn::Vec<Tag> repeated(std::uint32_t r, std::uint32_t g, std::uint32_t b, std::uint32_t a)
+    static HWY_INLINE Pixels repeated(std::uint32_t r, std::uint32_t g, std::uint32_t b, std::uint32_t a)
     {
         alignas(16) const std::uint32_t bits[] = {r, g, b, a};
         return hn::BitCast(Tag(), hn::LoadDup128(hn::RebindToUnsigned<Tag>(), bits));
     }
 
-    hn::Vec<Tag> _kept; // the mask of the channels that come from the object
-    hn::Vec<Tag> _alpha;
+    Pixels _kept; // the mask of the channels that come from the object
+    Pixels _alpha;
 };
+
+/// The object's pixels where there is coverage, and zeros elsewhere. Where nothing is covered, they are not even
+/// loaded.
+template<class Placement, typename Pixel>
+HWY_INLINE auto placedOrEmpty(const Placement& placement, const Pixel* coverage, const Pixel* object)
+{
+    const typename Placement::Tag d;
+    const auto alpha = Placement::alphaOf(Placement::load(coverage));
+    const auto covers = hn::Gt(alpha, hn::Zero(d));
+    auto pixels = hn::Zero(d);
+    if (!hn::AllFalse(d, covers))
+        pixels = hn::IfThenElseZero(covers, placement.placed(alpha, object));
+    return hn::BitCast(ChannelTag<Pixel>(), pixels);
+}
 
 template<class Placement, bool kPastCache, typename Pixel>
 HWY_INLINE void placeNormalsRow(std::span<const Pixel> coverage, const Pixel* object, const Blue& blue,
@@ -141,7 +148,7 @@ HWY_INLINE void placeNormalsRow(std::span<const Pixel> coverage, const Pixel* ob
     std::size_t i = kPastCache ? std::min(coverage.size(), vl::untilAligned(d, output)) : 0;
     placeNormalsOneByOne(coverage.first(i), object, blue, output);
     for (; i + step <= coverage.size(); i += step) {
-        const auto pixels = placement.over(&coverage[i], object + i);
+        const auto pixels = placedOrEmpty(placement, &coverage[i], object + i);
         if constexpr (kPastCache)
             hn::Stream(pixels, d, &output[i].r);
         else
@@ -172,23 +179,25 @@ void placeNormalsFloat(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_P
     placeNormalsOf<PlacementFloat>(coverage, object, blue, output, stores);
 }
 
-void blendNormals16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
-                    CEL_PixelRGBA16* HWY_RESTRICT output)
+template<class Placement, typename Pixel>
+HWY_INLINE void blendNormalsRow(std::span<const Pixel> coverage, const Pixel* object, const Blue& blue,
+                                Pixel* HWY_RESTRICT output)
 {
-    const Placement16::PixelTag d;
-    const ChannelTag<CEL_PixelRGBA16> channels;
+    constexpr std::size_t kChannels = 4;
+    const typename Placement::Tag d;
+    const ChannelTag<Pixel> channels;
     const auto zero = hn::Zero(d);
-    const std::size_t step = hn::Lanes(d);
-    const Placement16 placement(blue);
+    const std::size_t step = hn::Lanes(channels) / kChannels;
+    const Placement placement(blue);
     std::size_t i = 0;
     for (; i + step <= coverage.size(); i += step) {
-        const auto alpha = Placement16::alphaOf(Placement16::load(&coverage[i]));
+        const auto alpha = Placement::alphaOf(Placement::load(&coverage[i]));
         const auto covers = hn::Gt(alpha, zero);
         if (hn::AllFalse(d, covers))
             continue;
-        const auto before = Placement16::load(output + i);
-        const auto isThere = hn::Gt(Placement16::alphaOf(before), zero);
-        const auto isBlended = hn::And(hn::AndNot(Placement16::isSaturated(alpha), covers), isThere);
+        const auto before = Placement::load(output + i);
+        const auto isThere = hn::Gt(Placement::alphaOf(before), zero);
+        const auto isBlended = hn::And(hn::AndNot(Placement::isSaturated(alpha), covers), isThere);
         if (!hn::AllFalse(d, isBlended)) {
             blendNormalsOneByOne(coverage.subspan(i, step), object + i, blue, output + i);
             continue;
@@ -197,6 +206,18 @@ void blendNormals16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRG
         hn::StoreU(hn::BitCast(channels, pixels), channels, &output[i].r);
     }
     blendNormalsOneByOne(coverage.subspan(i), object + i, blue, output + i);
+}
+
+void blendNormals16(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
+                    CEL_PixelRGBA16* output)
+{
+    blendNormalsRow<Placement16>(coverage, object, blue, output);
+}
+
+void blendNormalsFloat(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
+                       CEL_PixelRGBAFloat* output)
+{
+    blendNormalsRow<PlacementFloat>(coverage, object, blue, output);
 }
 #endif
 
@@ -212,6 +233,7 @@ namespace VolumeRowKernels {
 VL_EXPORT(placeNormals16);
 VL_EXPORT(placeNormalsFloat);
 VL_EXPORT(blendNormals16);
+VL_EXPORT(blendNormalsFloat);
 
 void placeNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA16* object, const Blue& blue,
                   CEL_PixelRGBA16* output, Stores stores)
@@ -234,7 +256,7 @@ void blendNormals(std::span<const CEL_PixelRGBA16> coverage, const CEL_PixelRGBA
 void blendNormals(std::span<const CEL_PixelRGBAFloat> coverage, const CEL_PixelRGBAFloat* object, const Blue& blue,
                   CEL_PixelRGBAFloat* output)
 {
-    blendNormalsOneByOne(coverage, object, blue, output);
+    VL_CALL(blendNormalsFloat)(coverage, object, blue, output);
 }
 
 } // namespace VolumeRowKernels

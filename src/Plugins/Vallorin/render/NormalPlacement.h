@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The composition of an object's normals pixel by pixel, for both formats: the fallback of the vector code, and all of
-// the float code's blending.
+// The composition of an object's normals pixel by pixel, for both formats: the fallback of the vector code, and all
+// blending.
 #pragma once
 
 #include "render/CompositionKernels.h"
