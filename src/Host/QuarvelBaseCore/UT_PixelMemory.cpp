@@ -2,9 +2,12 @@
 //
 // Sizes are rounded up to steps of an eighth of their power of two, so that pictures of nearly the same size, such as
 // the frames of an animation, fit into each other's blocks. Without a block of the exact size, a larger one is lent;
-// its address tells its true size when it comes back. Where none is large enough, as many bytes of smaller blocks are
-// freed as are taken from the system, so that pictures of many sizes do not add up.
+// its address tells its true size when it comes back. Where none is large enough, a new block takes over the pages of
+// as many smaller ones as fit into it, or frees them where pages cannot be moved, so that pictures of many sizes do not
+// add up.
 #include "QuarvelBaseCore/UT_PixelMemory.h"
+
+#include "QuarvelBaseCore/private/UT_PageBlock.h"
 
 #include <algorithm>
 #include <bit>
@@ -25,22 +28,22 @@ constexpr std::uint64_t kForgottenAfter = 200;
 // A block is lent to pictures of at least this part of its size.
 constexpr std::size_t kMostLent = 8;
 
-struct Block
+struct IdleBlock
 {
-    void* start;
-    std::size_t bytes;
-    std::uint64_t idleSince = 0; ///< the number of blocks that had come back when this one did
+    UT_PageBlock block;
+    std::uint64_t since = 0; ///< the number of blocks that had come back when this one did
 };
 
-/// The kept blocks, the longest idle one first, and the lent ones, which are larger than their users asked for.
+/// The kept blocks, the longest idle one first, and the lent ones that address and size do not tell all about: they are
+/// larger than their users asked for, or joined.
 struct Idle
 {
     // Reserves room for all blocks that can be kept, so that giving one back never allocates.
     Idle() { blocks.reserve(kLargestIdle / kSmallestKept); }
 
     std::mutex lock;
-    std::vector<Block> blocks;
-    std::vector<Block> lent;
+    std::vector<IdleBlock> blocks;
+    std::vector<UT_PageBlock> lent;
     std::size_t bytes = 0;
     std::uint64_t given = 0; ///< how many blocks have come back
 };
@@ -54,24 +57,29 @@ Idle& idle()
 
 std::size_t roundedUp(std::size_t bytes)
 {
-    const std::size_t step = std::max(std::bit_floor(bytes) / 8, std::size_t{1});
+    const std::size_t step = std::max(std::bit_floor(bytes) / 8, UT_PageBlock::kUnit);
     return (bytes + step - 1) / step * step;
 }
 
-void free(const Block& block)
+void* lend(Idle& kept, UT_PageBlock block, std::size_t bytes)
 {
-    ::operator delete(block.start, kAligned);
+    if (block.bytes() == bytes && !block.isJoined())
+        return block.release();
+    void* const start = block.start();
+    kept.lent.push_back(std::move(block));
+    return start;
 }
 
 /// The smallest block that is large enough; of several, the one given back last, whose bytes are most likely to be in
 /// the cache.
-std::vector<Block>::iterator bestOf(std::vector<Block>& blocks, std::size_t bytes)
+std::vector<IdleBlock>::iterator bestOf(std::vector<IdleBlock>& blocks, std::size_t bytes)
 {
     auto best = blocks.end();
-    for (auto block = blocks.begin(); block != blocks.end(); ++block)
-        if (block->bytes >= bytes && block->bytes / kMostLent <= bytes &&
-            (best == blocks.end() || block->bytes <= best->bytes))
-            best = block;
+    for (auto idle = blocks.begin(); idle != blocks.end(); ++idle) {
+        const std::size_t size = idle->block.bytes();
+        if (size >= bytes && size / kMostLent <= bytes && (best == blocks.end() || size <= best->block.bytes()))
+            best = idle;
+    }
     return best;
 }
 
@@ -82,37 +90,46 @@ void* takeIdle(std::size_t bytes)
     const auto found = bestOf(kept.blocks, bytes);
     if (found == kept.blocks.end())
         return nullptr;
-    const Block block = *found;
-    if (block.bytes != bytes)
-        kept.lent.push_back(block);
+    UT_PageBlock block = std::move(found->block);
     kept.blocks.erase(found);
-    kept.bytes -= block.bytes;
-    return block.start;
+    kept.bytes -= block.bytes();
+    return lend(kept, std::move(block), bytes);
 }
 
-// Frees smaller blocks, the longest idle ones first: as many bytes of them as are about to be taken, or all.
-void exchangeSmaller(std::size_t bytes)
+// Smaller blocks, the longest idle ones first: as many bytes of them as are about to be taken, or all.
+std::vector<UT_PageBlock> removeSmaller(std::size_t bytes)
 {
     Idle& kept = idle();
     const std::lock_guard guard(kept.lock);
-    std::size_t freed = 0;
-    std::erase_if(kept.blocks, [&](const Block& block) {
-        if (block.bytes >= bytes || freed >= bytes)
-            return false;
-        freed += block.bytes;
-        free(block);
-        return true;
-    });
-    kept.bytes -= freed;
+    std::vector<UT_PageBlock> removed;
+    removed.reserve(kept.blocks.size());
+    std::size_t sum = 0;
+    for (IdleBlock& idle : kept.blocks)
+        if (idle.block.bytes() < bytes && sum < bytes) {
+            sum += idle.block.bytes();
+            removed.push_back(std::move(idle.block));
+        }
+    std::erase_if(kept.blocks, [](const IdleBlock& idle) { return idle.block.bytes() == 0; });
+    kept.bytes -= sum;
+    return removed;
+}
+
+void* takeNew(std::size_t bytes)
+{
+    std::vector<UT_PageBlock> smaller = removeSmaller(bytes);
+    UT_PageBlock block = smaller.empty() ? UT_PageBlock::make(bytes) : UT_PageBlock::join(bytes, std::move(smaller));
+    Idle& kept = idle();
+    const std::lock_guard guard(kept.lock);
+    return lend(kept, std::move(block), bytes);
 }
 
 /// The block with its true size, which is larger than given when the block was lent.
-Block returned(Idle& kept, const Block& given)
+UT_PageBlock returned(Idle& kept, void* start, std::size_t bytes)
 {
-    const auto found = std::ranges::find(kept.lent, given.start, [](const Block& block) { return block.start; });
+    const auto found = std::ranges::find(kept.lent, start, &UT_PageBlock::start);
     if (found == kept.lent.end())
-        return given;
-    const Block block = *found;
+        return UT_PageBlock::adopt(start, bytes);
+    UT_PageBlock block = std::move(*found);
     kept.lent.erase(found);
     return block;
 }
@@ -120,10 +137,9 @@ Block returned(Idle& kept, const Block& given)
 // Frees blocks that have been idle for too long, until this many bytes fit or no such block is left.
 void makeRoom(Idle& kept, std::size_t bytes)
 {
-    const auto isForgotten = [&](const Block& block) { return kept.given - block.idleSince > kForgottenAfter; };
+    const auto isForgotten = [&](const IdleBlock& idle) { return kept.given - idle.since > kForgottenAfter; };
     while (kept.bytes + bytes > kLargestIdle && !kept.blocks.empty() && isForgotten(kept.blocks.front())) {
-        kept.bytes -= kept.blocks.front().bytes;
-        free(kept.blocks.front());
+        kept.bytes -= kept.blocks.front().block.bytes();
         kept.blocks.erase(kept.blocks.begin());
     }
 }
@@ -137,12 +153,11 @@ void* take(std::size_t bytes)
     const std::size_t rounded = roundedUp(bytes);
     if (void* const block = takeIdle(rounded))
         return block;
-    exchangeSmaller(rounded);
     try {
-        return ::operator new(rounded, kAligned);
+        return takeNew(rounded);
     } catch (const std::bad_alloc&) {
         trim();
-        return ::operator new(rounded, kAligned);
+        return takeNew(rounded);
     }
 }
 
@@ -151,28 +166,24 @@ void give(void* block, std::size_t bytes) noexcept
     if (!block)
         return;
     if (bytes < kSmallestKept) {
-        free({block, bytes});
+        ::operator delete(block, kAligned);
         return;
     }
     Idle& kept = idle();
     const std::lock_guard guard(kept.lock);
-    Block given = returned(kept, {block, roundedUp(bytes)});
-    given.idleSince = ++kept.given;
-    makeRoom(kept, given.bytes);
-    if (kept.bytes + given.bytes > kLargestIdle) {
-        free(given);
+    UT_PageBlock given = returned(kept, block, roundedUp(bytes));
+    ++kept.given;
+    makeRoom(kept, given.bytes());
+    if (kept.bytes + given.bytes() > kLargestIdle)
         return;
-    }
-    kept.blocks.push_back(given);
-    kept.bytes += given.bytes;
+    kept.bytes += given.bytes();
+    kept.blocks.push_back({std::move(given), kept.given});
 }
 
 void trim() noexcept
 {
     Idle& kept = idle();
     const std::lock_guard guard(kept.lock);
-    for (const Block& block : kept.blocks)
-        free(block);
     kept.blocks.clear();
     kept.bytes = 0;
 }

@@ -8,7 +8,14 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
+#include <utility>
 #include <vector>
+
+#if defined(__linux__)
+#include <sys/mman.h>
+#include <unistd.h>
+#endif
 
 namespace {
 
@@ -110,6 +117,58 @@ TEST_F(PixelMemory, NewMemoryTakesThePlaceOfBlocksThatAreTooSmall)
     EXPECT_EQ(UT_PixelMemory::idleBytes(), kept(4 * kMegabyte));
     UT_PixelMemory::give(larger, 8 * kMegabyte);
 }
+
+TEST_F(PixelMemory, ALargerBlockMayBeWrittenFromEndToEndWhateverItIsMadeOf)
+{
+    std::vector<std::pair<unsigned char*, std::size_t>> blocks;
+    const auto take = [&](std::size_t bytes) {
+        blocks.emplace_back(static_cast<unsigned char*>(UT_PixelMemory::take(bytes)), bytes);
+        std::fill_n(blocks.back().first, bytes, static_cast<unsigned char>(blocks.size()));
+    };
+    const auto giveAll = [&] {
+        for (const auto& [start, bytes] : blocks)
+            UT_PixelMemory::give(start, bytes);
+        blocks.clear();
+    };
+    for (const std::size_t megabytes : {3, 2, 4, 1})
+        take(megabytes * kMegabyte);
+    giveAll();
+    // From 3, 2 and a part of 4, while another user takes what is left.
+    take(7 * kMegabyte);
+    take(kMegabyte);
+    take(3 * kMegabyte);
+    giveAll();
+    // From blocks that were made of others already.
+    take(10 * kMegabyte);
+    take(2 * kMegabyte);
+    for (std::size_t i = 0; i < blocks.size(); ++i)
+        EXPECT_EQ(std::count(blocks[i].first, blocks[i].first + blocks[i].second, i + 1),
+                  static_cast<std::ptrdiff_t>(blocks[i].second))
+            << "block " << i << " is nobody else's";
+    giveAll();
+}
+
+#if defined(__linux__)
+TEST_F(PixelMemory, ALargerBlockTakesOverThePagesOfSmallerOnes)
+{
+    if (UT_PixelMemory::kLargestIdle == 0)
+        GTEST_SKIP() << "this build keeps no blocks";
+    std::vector<void*> blocks;
+    for (int i = 0; i < 2; ++i) {
+        blocks.push_back(UT_PixelMemory::take(4 * kMegabyte));
+        std::memset(blocks.back(), 1, 4 * kMegabyte);
+    }
+    for (void* const block : blocks)
+        UT_PixelMemory::give(block, 4 * kMegabyte);
+    void* const larger = UT_PixelMemory::take(10 * kMegabyte);
+    const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+    std::vector<unsigned char> isThere(10 * kMegabyte / page);
+    ASSERT_EQ(::mincore(larger, 10 * kMegabyte, isThere.data()), 0);
+    EXPECT_EQ(std::ranges::count_if(isThere, [](unsigned char flags) { return (flags & 1U) != 0; }),
+              static_cast<std::ptrdiff_t>(8 * kMegabyte / page));
+    UT_PixelMemory::give(larger, 10 * kMegabyte);
+}
+#endif
 
 TEST_F(PixelMemory, SmallBlocksAreNotKept)
 {
