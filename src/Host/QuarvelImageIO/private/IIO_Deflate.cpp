@@ -28,13 +28,27 @@ std::size_t roomFor(std::size_t bytes)
     return bytes + bytes / 1024 + 256;
 }
 
+// Finding the symbols takes nearly as long as the compression. So they are looked for in a quarter of many bytes only,
+// in parts that are long enough for matches across several rows of a picture. That makes files larger by 3 to 5
+// thousandths.
+void countSymbols(std::span<const std::uint8_t> bytes, isal_huff_histogram& histogram)
+{
+    constexpr std::size_t kPart = std::size_t{64} << 10;
+    constexpr std::size_t kStep = 4 * kPart;
+    const std::size_t part = bytes.size() < kStep ? kStep : kPart;
+    for (std::size_t from = 0; from < bytes.size(); from += kStep) {
+        const auto some = bytes.subspan(from, std::min(part, bytes.size() - from));
+        isal_update_histogram(const_cast<std::uint8_t*>(some.data()), static_cast<int>(some.size()), &histogram);
+    }
+}
+
 // Huffman codes that are short for frequent symbols of the bytes and cover all other symbols too. Null if they cannot
 // be made.
 std::unique_ptr<isal_hufftables> codesFor(std::span<const std::uint8_t> bytes)
 {
     const auto histogram = std::make_unique<isal_huff_histogram>();
     auto codes = std::make_unique<isal_hufftables>();
-    isal_update_histogram(const_cast<std::uint8_t*>(bytes.data()), static_cast<int>(bytes.size()), histogram.get());
+    countSymbols(bytes, *histogram);
     return isal_create_hufftables(codes.get(), histogram.get()) == 0 ? std::move(codes) : nullptr;
 }
 
