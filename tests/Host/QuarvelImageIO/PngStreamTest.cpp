@@ -109,6 +109,25 @@ TEST_F(PngStream, TextsThatAreNotLatinAreWrittenAsUtf8)
     EXPECT_EQ(dataOf(chunks, "tEXt"), QByteArray("Source\0\xe9", 8));
 }
 
+// Some of the bands of rows are compressed but once.
+TEST_F(PngStream, RowsThatRepeatComeBackBetweenOthers)
+{
+    constexpr int kWidth = 700;
+    constexpr int kHeight = 900;
+    IIO_Picture picture = slopes(kWidth, kHeight, IIO_channelsRgba());
+    for (int y = 101; y < 800; ++y)
+        std::ranges::copy(picture.row<U16>(100), picture.row<U16>(y).begin());
+    for (const IIO_Compression compression : kCompressions) {
+        ASSERT_TRUE(IIO_writePng(path(QStringLiteral("p.png")), picture, {.compression = compression}).ok());
+        const auto back = IIO_readPng(path(QStringLiteral("p.png")));
+        ASSERT_TRUE(back.ok()) << back.error().text.toStdString();
+        EXPECT_TRUE(samplesOf<U16>(*back) == samplesOf<U16>(picture));
+        constexpr qsizetype kLength = qsizetype{kHeight} * (1 + 8 * kWidth);
+        const QByteArray data = dataOf(chunksOf(content(QStringLiteral("p.png"))), "IDAT");
+        EXPECT_EQ(inflated(data, kLength).size(), kLength) << "with the right checksum";
+    }
+}
+
 struct Shape
 {
     const char* name;

@@ -16,6 +16,8 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
+#include <cstring>
+#include <mutex>
 
 namespace {
 
@@ -86,11 +88,48 @@ private:
     void press(Band& band, int firstRow, bool isLast)
     {
         Workplace& place = _places.local();
-        filterRows(place, firstRow, std::min(firstRow + _rowsPerBand, _image.height()));
-        band.length = place.filtered.size();
-        band.checksum = IIO_Deflate::checksumOf(place.filtered);
-        _deflate.press(place.filtered, isLast, band.pressed);
+        const int end = std::min(firstRow + _rowsPerBand, _image.height());
+        if (!isLast && repeatsRowAbove(firstRow, end)) {
+            band = unchanged(place);
+            return;
+        }
+        filterRows(place, firstRow, end);
+        pressFiltered(band, place.filtered, isLast);
+    }
+
+    void pressFiltered(Band& band, std::span<const std::uint8_t> filtered, bool isLast) const
+    {
+        band.length = filtered.size();
+        band.checksum = IIO_Deflate::checksumOf(filtered);
+        _deflate.press(filtered, isLast, band.pressed);
         band.pressed.shrink_to_fit();
+    }
+
+    // Whether all these rows look as the one above the first of them does. Usually these are the empty ones above and
+    // below a drawing.
+    bool repeatsRowAbove(int first, int end) const
+    {
+        if (first == 0 || _compression == IIO_Compression::NONE)
+            return false;
+        const auto bytes = static_cast<std::size_t>(_image.width()) * static_cast<std::size_t>(_image.depth() / 8);
+        for (int y = first; y < end; ++y)
+            if (std::memcmp(_image.constScanLine(y), _image.constScanLine(y - 1), bytes) != 0)
+                return false;
+        return true;
+    }
+
+    // A whole band of such rows, which is the same everywhere, so that it is compressed once.
+    Band unchanged(Workplace& place)
+    {
+        std::call_once(_unchangedOnce, [&] {
+            place.above.assign(_bytesPerRow, 0);
+            place.filtered.resize(static_cast<std::size_t>(_rowsPerBand) * (_bytesPerRow + 1));
+            std::span<std::uint8_t> rest = place.filtered;
+            for (int y = 0; y < _rowsPerBand; ++y, rest = rest.subspan(_bytesPerRow + 1))
+                IIO_filterPngRow(place.above, place.above, _bytesPerPixel, rest.first(_bytesPerRow + 1));
+            pressFiltered(_unchanged, place.filtered, false);
+        });
+        return _unchanged;
     }
 
     void filterRows(Workplace& place, int from, int to) const
@@ -127,6 +166,8 @@ private:
     const int _rowsPerBand;
     const IIO_Deflate _deflate{_compression};
     tbb::enumerable_thread_specific<Workplace> _places;
+    std::once_flag _unchangedOnce;
+    Band _unchanged;
 };
 
 } // namespace
