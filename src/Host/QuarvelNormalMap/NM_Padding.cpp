@@ -79,8 +79,9 @@ public:
         _starts.reserve(static_cast<std::size_t>(width));
     }
 
-    // rows: the nearest covered row of every column. Columns whose covered row is farther from y than the distance are
-    // left out.
+    // rows: the nearest covered row of every column. Left out are columns whose covered row is farther from y than the
+    // distance, and those whose neighbours are covered in row y as they are: for every pixel without coverage, one of
+    // the ends of that run of covered pixels is nearer.
     void build(std::span<const int> rows, int y, int distance)
     {
         _columns.clear();
@@ -88,7 +89,8 @@ public:
         _rows = rows;
         _y = y;
         for (int column = 0; column < static_cast<int>(rows.size()); ++column)
-            if (rows[static_cast<std::size_t>(column)] != kNone && std::abs(verticalDistance(column)) <= distance)
+            if (rows[static_cast<std::size_t>(column)] != kNone && std::abs(verticalDistance(column)) <= distance &&
+                !isInsideRun(column))
                 add(column);
     }
 
@@ -107,6 +109,12 @@ public:
 
 private:
     int verticalDistance(int column) const { return _rows[static_cast<std::size_t>(column)] - _y; }
+
+    bool isInsideRun(int column) const
+    {
+        return column > 0 && column + 1 < static_cast<int>(_rows.size()) && verticalDistance(column - 1) == 0 &&
+               verticalDistance(column) == 0 && verticalDistance(column + 1) == 0;
+    }
 
     void add(int column)
     {
