@@ -4,6 +4,7 @@
 // program says does not depend on which of them was ready first.
 #pragma once
 
+#include "QuarvelCelCore/CELVEC_PainterThread.h"
 #include "QuarvelVectorLanes/VL_ParallelFor.h"
 #include "jobs/limits/JobLimits.h"
 
@@ -40,11 +41,13 @@ void inOrder(std::size_t count, int atOnce, const Make& make, const Take& take)
             ready.erase(first);
         }
     };
-    const auto work = [&] {
+    const auto makeAndTake = [&] {
         tbb::task_arena arena(share);
         for (std::size_t i = next++; i < count && goesOn; i = next++)
             handIn(i, VL_executeIn(arena, [&] { return make(i); }));
     };
+    // Drawings are painted on these threads.
+    const auto work = [&] { CELVEC_workOnPainterThread(makeAndTake); };
     std::vector<std::jthread> others;
     for (int i = 1; i < workers; ++i)
         others.emplace_back(work);

@@ -4,6 +4,7 @@
 // frames: films and pages.
 #pragma once
 
+#include "QuarvelCelCore/CELVEC_PainterThread.h"
 #include "QuarvelVectorLanes/VL_ParallelFor.h"
 #include "jobs/frames/RenderFrames.h"
 #include "jobs/limits/JobLimits.h"
@@ -39,10 +40,11 @@ UT_Result<void> framesInOrder(std::span<const int> frames, int atOnce, const QSt
                                           QStringLiteral("choose fewer jobs"), [&] { return make(numbers[i]); });
             });
         };
+        const auto workOnPainterThread = [&](std::size_t i) { CELVEC_workOnPainterThread([&] { work(i); }); };
         std::vector<std::jthread> others;
         for (std::size_t i = 1; i < numbers.size(); ++i)
-            others.emplace_back(work, i);
-        work(0);
+            others.emplace_back(workOnPainterThread, i);
+        workOnPainterThread(0);
         others.clear();
         for (UT_Result<Made>& frame : made) {
             if (!frame)

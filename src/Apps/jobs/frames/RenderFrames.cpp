@@ -5,6 +5,7 @@
 // does not multiply the number of threads.
 #include "jobs/frames/RenderFrames.h"
 
+#include "QuarvelCelCore/CELVEC_PainterThread.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 #include "QuarvelVectorLanes/VL_ParallelFor.h"
@@ -94,9 +95,11 @@ private:
 
     void work(int threads)
     {
-        tbb::task_arena arena(threads);
-        for (std::size_t i = _next++; i < _shots.size() && workOn(_shots[i], arena); i = _next++)
-            continue;
+        CELVEC_workOnPainterThread([&] {
+            tbb::task_arena arena(threads);
+            for (std::size_t i = _next++; i < _shots.size() && workOn(_shots[i], arena); i = _next++)
+                continue;
+        });
     }
 
     // @return false if the run must stop

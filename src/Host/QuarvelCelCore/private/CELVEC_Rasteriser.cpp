@@ -7,8 +7,8 @@
 #include "QuarvelCelCore/private/CELVEC_Rasteriser.h"
 
 #include "QuarvelBaseCore/UT_PixelMemory.h"
+#include "QuarvelCelCore/CELVEC_PainterThread.h"
 #include "QuarvelCelCore/CEL_WithFormat.h"
-#include "QuarvelCelCore/private/CELVEC_PainterThread.h"
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
 #include "QuarvelVectorLanes/VL_ParallelFor.h"
 

@@ -2,7 +2,7 @@
 //
 // The two flags repeat what the pool's own locks ensure already. Thread sanitizers see no locks of libraries that were
 // built without them.
-#include "QuarvelCelCore/private/CELVEC_PainterThread.h"
+#include "QuarvelCelCore/CELVEC_PainterThread.h"
 
 #include <QRunnable>
 #include <QThread>
@@ -48,7 +48,26 @@ private:
     std::binary_semaphore _isDone{0};
 };
 
+// Lets the pool run one more thread while this one lives. Work that may wait for other threads of the pool could wait
+// for ever if all places were taken by such work.
+class Uncounted
+{
+public:
+    Uncounted() { QThreadPool::globalInstance()->releaseThread(); }
+    ~Uncounted() { QThreadPool::globalInstance()->reserveThread(); }
+    Uncounted(const Uncounted&) = delete;
+    Uncounted& operator=(const Uncounted&) = delete;
+};
+
 } // namespace
+
+void CELVEC_workOnPainterThread(const std::function<void()>& work)
+{
+    CELVEC_onPainterThread([&work] {
+        const Uncounted uncounted;
+        work();
+    });
+}
 
 void CELVEC_onPainterThread(const std::function<void()>& work)
 {
@@ -58,7 +77,6 @@ void CELVEC_onPainterThread(const std::function<void()>& work)
         return;
     }
     Errand errand(work);
-    pool->reserveThread();
-    pool->startOnReservedThread(&errand);
+    pool->start(&errand);
     errand.wait();
 }
