@@ -131,7 +131,7 @@ TEST_F(Page, OfASceneIsAFileOfItsOwn)
 TEST_F(Page, ThatCannotBeWrittenLeavesTheOldOne)
 {
     write("disc.html", "old");
-    ASSERT_EQ(quarvel("normalmap disc.svg --size 70000 --html disc.html").exitCode, 1);
+    ASSERT_EQ(quarvel("normalmap disc.svg --object 9:cutout --html disc.html").exitCode, 1);
     EXPECT_EQ(bytes("disc.html"), "old");
     EXPECT_EQ(filesThere(), (QStringList{"disc.html", "disc.svg", "tree.svg"}));
 }

@@ -92,6 +92,7 @@ void passGraveMessages(QtMsgType type, const QMessageLogContext&, const QString&
 std::vector<CommandHelp> commandHelps()
 {
     std::vector<CommandHelp> helps;
+    helps.reserve(std::size(kCommands));
     for (const Command& command : kCommands)
         helps.push_back({QLatin1String(command.name), command.help()});
     return helps;

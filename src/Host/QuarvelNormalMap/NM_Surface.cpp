@@ -105,7 +105,7 @@ void NM_Surface::readDrawing(const IIO_Picture& drawing)
 
 UT_Result<void> NM_Surface::setDrawing(const IIO_Picture& drawing)
 {
-    if (const auto checked = checkPicture(drawing); !checked)
+    if (auto checked = checkPicture(drawing); !checked)
         return checked;
     if (drawing.sampleType() == IIO_SampleType::UINT16)
         readDrawing<std::uint16_t>(drawing);
@@ -156,7 +156,7 @@ void NM_Surface::readNormals(const IIO_Picture& normalMap, double ySign)
 
 UT_Result<void> NM_Surface::setNormals(const IIO_Picture& normalMap, NM_YAxis yAxis)
 {
-    if (const auto checked = checkPicture(normalMap); !checked)
+    if (auto checked = checkPicture(normalMap); !checked)
         return checked;
     const double ySign = yAxis == NM_YAxis::UP ? 1.0 : -1.0;
     if (normalMap.sampleType() == IIO_SampleType::UINT16)

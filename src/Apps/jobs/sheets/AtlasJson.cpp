@@ -44,7 +44,7 @@ std::vector<SheetRegion> regionsOf(const QJsonValue& frames)
         for (auto it = named.begin(); it != named.end(); ++it)
             regions.push_back(regionOf(it.key(), it.value().toObject()));
     }
-    for (const QJsonValue& frame : frames.toArray())
+    for (const QJsonValue frame : frames.toArray())
         regions.push_back(regionOf(frame[QLatin1String("filename")].toString(), frame.toObject()));
     return regions;
 }
@@ -52,7 +52,7 @@ std::vector<SheetRegion> regionsOf(const QJsonValue& frames)
 // Aseprite's tags name ranges of frames by their indices in the array.
 void nameTags(std::vector<SheetRegion>& regions, const QJsonArray& tags)
 {
-    for (const QJsonValue& tag : tags) {
+    for (const QJsonValue tag : tags) {
         const int from = std::max(0, tag[QLatin1String("from")].toInt());
         const int to = std::min(tag[QLatin1String("to")].toInt(-1), static_cast<int>(regions.size()) - 1);
         for (int i = from; i <= to; ++i)
@@ -93,7 +93,7 @@ UT_Result<std::vector<Sheet>> parseAtlasJson(const QByteArray& bytes)
         return {};
     };
     const QJsonArray textures = root[QLatin1String("textures")].toArray();
-    for (const QJsonValue& texture : textures)
+    for (const QJsonValue texture : textures)
         if (UT_Result<void> added = add(texture[QLatin1String("frames")], texture[QLatin1String("image")], {}); !added)
             return added.error();
     if (textures.isEmpty()) {

@@ -64,7 +64,8 @@ std::vector<const MO_ElementModule*> elementsBehind(const MO_Port& input)
         if (const auto* element = dynamic_cast<const MO_ElementModule*>(module))
             elements.push_back(element);
         for (unsigned i = 0; i < module->nInPorts(); ++i)
-            open.push_back(module->inPort(i));
+            if (const MO_Port* const port = module->inPort(i))
+                open.push_back(port);
     }
     return elements;
 }

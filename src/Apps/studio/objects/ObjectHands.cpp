@@ -264,7 +264,8 @@ const QPainterPath& ObjectHands::outlineFor(const SceneObject& object)
     const auto known = std::ranges::find(_outlines, key, &Outline::definition);
     if (known != _outlines.end())
         return known->path;
-    return _outlines.emplace_back(key, outlineOf(*_outlinesOf, object)).path;
+    _outlines.push_back({key, outlineOf(*_outlinesOf, object)});
+    return _outlines.back().path;
 }
 
 void ObjectHands::paintOutline(QPainter& painter, const SceneObject& object, bool isSelected)

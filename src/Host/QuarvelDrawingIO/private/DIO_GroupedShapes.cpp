@@ -70,6 +70,7 @@ std::vector<bool> standAlone(const std::vector<DIO_Shape>& shapes)
     constexpr std::size_t kMost = 3000;
     std::vector<bool> alone(shapes.size(), true);
     std::vector<QRectF> bounds;
+    bounds.reserve(shapes.size());
     for (const DIO_Shape& shape : shapes)
         bounds.push_back(boundsOf(shape));
     for (std::size_t i = 0; i < std::min(shapes.size(), kMost); ++i)

@@ -28,7 +28,7 @@ public:
     {
         if (value.isArray()) {
             const QJsonArray array = value.toArray();
-            for (const QJsonValue& item : array)
+            for (const QJsonValue item : array)
                 visit(item);
         } else if (value.isObject()) {
             visitObject(value.toObject());
@@ -59,7 +59,7 @@ private:
             countInShape(object, kind.toString());
         if (of(object, "x").isString() && (object.contains(QLatin1String("k")) || object.contains(QLatin1String("a"))))
             count("expressions");
-        for (const QJsonValue& value : object)
+        for (const QJsonValue value : object)
             visit(value);
     }
 

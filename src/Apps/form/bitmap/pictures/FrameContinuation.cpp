@@ -4,8 +4,8 @@
 // too.
 #include "form/bitmap/pictures/FrameContinuation.h"
 
-#include "form/ChooseForms.h"
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
+#include "form/ChooseForms.h"
 
 #include <algorithm>
 #include <cstring>
