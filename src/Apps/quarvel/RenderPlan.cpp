@@ -197,7 +197,7 @@ UT_Result<void> planSurfaces(const RenderOptions& options, RenderPlan& plan)
     return {};
 }
 
-// The parts of a frame that any of the runs needs. They follow each other, so that this is more than each needs.
+// The parts of a frame that any of the runs needs. One run follows another, so each takes at most the memory for these.
 ShownParts partsOfAll(const RenderOptions& options, const RenderPlan& plan)
 {
     ShownParts all = partsOf(plan.settings);
