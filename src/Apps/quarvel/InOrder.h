@@ -4,16 +4,11 @@
 // program says does not depend on which of them was ready first.
 #pragma once
 
-#include "QuarvelCelCore/CELVEC_PainterThread.h"
-#include "QuarvelVectorLanes/VL_ParallelFor.h"
-#include "jobs/limits/JobLimits.h"
+#include "jobs/limits/JobWorkers.h"
 
-#include <algorithm>
 #include <atomic>
 #include <map>
 #include <mutex>
-#include <thread>
-#include <vector>
 
 /// Makes and takes the things with the numbers 0 to count - 1. None of the functions may throw.
 ///
@@ -24,8 +19,6 @@
 template<typename Made, typename Make, typename Take>
 void inOrder(std::size_t count, int atOnce, const Make& make, const Take& take)
 {
-    const int workers = static_cast<int>(std::clamp<std::size_t>(count, 1, static_cast<std::size_t>(atOnce)));
-    const int share = std::max(1, jobLimits().threads / workers);
     std::atomic<std::size_t> next = 0;
     std::atomic<bool> goesOn = true;
     std::mutex mutex;
@@ -41,15 +34,8 @@ void inOrder(std::size_t count, int atOnce, const Make& make, const Take& take)
             ready.erase(first);
         }
     };
-    const auto makeAndTake = [&] {
-        tbb::task_arena arena(share);
+    onWorkers(workersFor(count, atOnce), [&](tbb::task_arena& share) {
         for (std::size_t i = next++; i < count && goesOn; i = next++)
-            handIn(i, VL_executeIn(arena, [&] { return make(i); }));
-    };
-    // Drawings are painted on these threads.
-    const auto work = [&] { CELVEC_workOnPainterThread(makeAndTake); };
-    std::vector<std::jthread> others;
-    for (int i = 1; i < workers; ++i)
-        others.emplace_back(work);
-    work();
+            handIn(i, VL_executeIn(share, [&] { return make(i); }));
+    });
 }

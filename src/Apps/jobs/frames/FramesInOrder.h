@@ -4,14 +4,12 @@
 // frames: films and pages.
 #pragma once
 
-#include "QuarvelCelCore/CELVEC_PainterThread.h"
-#include "QuarvelVectorLanes/VL_ParallelFor.h"
 #include "jobs/frames/RenderFrames.h"
-#include "jobs/limits/JobLimits.h"
+#include "jobs/limits/JobWorkers.h"
 
 #include <algorithm>
+#include <atomic>
 #include <span>
-#include <thread>
 
 /// Makes frames and hands them on.
 ///
@@ -32,20 +30,14 @@ UT_Result<void> framesInOrder(std::span<const int> frames, int atOnce, const QSt
         std::vector<UT_Result<Made>> made;
         for (std::size_t i = 0; i < numbers.size(); ++i)
             made.emplace_back(UT_stopped());
-        const int share = std::max(1, jobLimits().threads / static_cast<int>(numbers.size()));
-        const auto work = [&](std::size_t i) {
-            tbb::task_arena arena(share);
-            VL_executeIn(arena, [&] {
+        std::atomic<std::size_t> next = 0;
+        onWorkers(numbers.size(), [&](tbb::task_arena& share) {
+            const std::size_t i = next++;
+            VL_executeIn(share, [&] {
                 made[i] = UT_withinMemory(QStringLiteral("%1 of frame %2").arg(what, QString::number(numbers[i])),
                                           QStringLiteral("choose fewer jobs"), [&] { return make(numbers[i]); });
             });
-        };
-        const auto workOnPainterThread = [&](std::size_t i) { CELVEC_workOnPainterThread([&] { work(i); }); };
-        std::vector<std::jthread> others;
-        for (std::size_t i = 1; i < numbers.size(); ++i)
-            others.emplace_back(workOnPainterThread, i);
-        workOnPainterThread(0);
-        others.clear();
+        });
         for (UT_Result<Made>& frame : made) {
             if (!frame)
                 return frame.error();

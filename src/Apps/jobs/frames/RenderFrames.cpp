@@ -1,19 +1,16 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Frames with the same picture form a shot, which is rendered once. Workers take the next shot from a common list until
-// it is empty. Each worker renders within its share of the machine's threads, so that rendering many frames at once
-// does not multiply the number of threads.
+// it is empty.
 #include "jobs/frames/RenderFrames.h"
 
-#include "QuarvelCelCore/CELVEC_PainterThread.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
-#include "QuarvelVectorLanes/VL_ParallelFor.h"
 #include "jobs/frames/FrameDigest.h"
 #include "jobs/frames/FrameOnDisk.h"
 #include "jobs/frames/OutputFolder.h"
 #include "jobs/frames/SurfaceFrames.h"
-#include "jobs/limits/JobLimits.h"
+#include "jobs/limits/JobWorkers.h"
 #include "jobs/shown/LitSurface.h"
 #include "jobs/shown/SceneLighting.h"
 #include "jobs/shown/SurfacePictures.h"
@@ -24,7 +21,6 @@
 #include <mutex>
 #include <new>
 #include <optional>
-#include <thread>
 
 namespace {
 
@@ -71,14 +67,10 @@ public:
 
     RenderFramesResult run()
     {
-        const auto workers = static_cast<unsigned>(
-            std::clamp<std::size_t>(_shots.size(), 1, static_cast<std::size_t>(std::max(1, _settings.atOnce))));
-        const int share = std::max(1, jobLimits().threads / static_cast<int>(workers));
-        std::vector<std::jthread> others;
-        for (unsigned i = 1; i < workers; ++i)
-            others.emplace_back([this, share] { work(share); });
-        work(share);
-        others.clear();
+        onWorkers(workersFor(_shots.size(), _settings.atOnce), [this](tbb::task_arena& share) {
+            for (std::size_t i = _next++; i < _shots.size() && workOn(_shots[i], share); i = _next++)
+                continue;
+        });
         return _result;
     }
 
@@ -92,15 +84,6 @@ private:
 
     // The files of other frames will not fit on a full disk either.
     bool stop() const { return _diskIsFull || (_watcher.stop && _watcher.stop()); }
-
-    void work(int threads)
-    {
-        CELVEC_workOnPainterThread([&] {
-            tbb::task_arena arena(threads);
-            for (std::size_t i = _next++; i < _shots.size() && workOn(_shots[i], arena); i = _next++)
-                continue;
-        });
-    }
 
     // @return false if the run must stop
     bool workOn(const Shot& shot, tbb::task_arena& arena)
