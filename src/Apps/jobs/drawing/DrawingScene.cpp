@@ -126,6 +126,20 @@ UT_Result<void> checkColours(const LayeredDrawing& drawing, const NormalMapSetti
     return {};
 }
 
+UT_Result<void> check(const LayeredDrawing& drawing, const NormalMapSettings& settings)
+{
+    if (UT_Result<void> checked = checkObjects(drawing, settings); !checked)
+        return checked;
+    if (UT_Result<void> checked = checkColours(drawing, settings); !checked)
+        return checked;
+    if (drawing.layers.size() > MO_Node::kMaxPorts)
+        return UT_Error{
+            QStringLiteral("these are %1 objects and a scene has room for %2; --objects auto joins small ones")
+                .arg(drawing.layers.size())
+                .arg(MO_Node::kMaxPorts)};
+    return {};
+}
+
 NormalMapValues valuesOf(const LayeredDrawing& drawing, const NormalMapSettings& settings)
 {
     return {.objects = objectTable(drawing, settings),
@@ -143,6 +157,16 @@ NormalMapValues valuesOf(const LayeredDrawing& drawing, const NormalMapSettings&
 // Every scene that is built can be copied and saved: an object is an element and an Object Definition, and a few
 // modules are for all objects.
 static_assert(XUGroup::kMaxModulesInFile > 2 * MO_Node::kMaxPorts + 10);
+
+UT_Result<std::unique_ptr<MO_Module>> nodeFor(const LayeredDrawing& drawing, const NormalMapSettings& settings)
+{
+    std::unique_ptr<MO_Module> node = NormalMapNode::make();
+    if (!node)
+        return UT_Error{QStringLiteral("the plug-in %1 is not loaded").arg(NormalMapNode::keyword())};
+    if (UT_Result<void> done = NormalMapNode(*node).set(valuesOf(drawing, settings)); !done)
+        return done.error();
+    return node;
+}
 
 // Fits the drawing's frame into the picture's, centred, with the same scale for both axes.
 void place(MO_ElementModule& element, const QRectF& frame, double sceneHeight)
@@ -211,59 +235,52 @@ std::pair<int, int> pictureSize(const QSizeF& drawing, const NormalMapSettings& 
 UT_Result<DrawingScene> DrawingScene::build(const LayeredDrawing& drawing, const NormalMapSettings& settings,
                                             FrameShape shape)
 {
-    if (UT_Result<void> checked = checkObjects(drawing, settings); !checked)
+    if (UT_Result<void> checked = check(drawing, settings); !checked)
         return checked.error();
-    if (UT_Result<void> checked = checkColours(drawing, settings); !checked)
-        return checked.error();
-
+    UT_Result<std::unique_ptr<MO_Module>> node = nodeFor(drawing, settings);
+    if (!node)
+        return node.error();
     DrawingScene built;
     built._resolution = pictureSize(drawing.size, settings);
     built._scene = std::make_unique<MO_Scene>();
-    MO_Scene& scene = *built._scene;
-    scene.setFrameHeight(frameHeight(drawing.size, built._resolution, shape));
-    scene.truckFactorAttr().setLocalValue(settings.truck);
-    scene.addPalette(drawing.palette);
-
-    if (drawing.layers.size() > MO_Node::kMaxPorts)
-        return UT_Error{
-            QStringLiteral("these are %1 objects and a scene has room for %2; --objects auto joins small ones")
-                .arg(drawing.layers.size())
-                .arg(MO_Node::kMaxPorts)};
-    std::unique_ptr<MO_Module> node = NormalMapNode::make();
-    if (!node)
-        return UT_Error{QStringLiteral("the plug-in %1 is not loaded").arg(NormalMapNode::keyword())};
-    if (UT_Result<void> done = NormalMapNode(*node).set(valuesOf(drawing, settings)); !done)
-        return done.error();
-
-    auto& composite = scene.root().emplace<MO_CompositeModule>();
-    composite.setCompositeOrder(MO_CompositeType::PORT_ORDER);
-    built._flatDrawing = &composite;
-    built._normalMap = &scene.root().add(std::move(node));
-    auto& display = scene.root().emplace<MO_DisplayModule>();
-    // Before the layers are added, so that no layer can have taken one of these names.
-    composite.setInstanceName(QStringLiteral("Drawing"));
-    built._normalMap->setInstanceName(QStringLiteral("Normal-Map"));
-    display.setInstanceName(QStringLiteral("Display"));
-
-    unsigned compositePort = 0;
-    for (std::size_t i = 0; i < drawing.layers.size(); ++i) {
-        const auto number = static_cast<int>(i) + 1;
-        const ObjectValues values = valuesOf(number, drawing.layers[i], settings);
-        MO_ElementModule& element = addElement(scene, drawing.layers[i]);
-        built._elements.push_back(&element);
-        place(element, drawing.frame, scene.frameHeight());
-        ObjectDefinition& definition = addDefinition(scene, drawing.layers[i].name, number, values);
-        if (UT_Result<void> linked = MO_Scene::connect(element, definition); !linked)
-            return linked.error();
-        if (UT_Result<void> linked = MO_Scene::connect(definition, *built._normalMap, static_cast<unsigned>(i));
-            !linked)
-            return linked.error();
-        if (!values.isSolid())
-            continue;
-        if (UT_Result<void> linked = MO_Scene::connect(element, composite, compositePort++); !linked)
-            return linked.error();
-    }
-    if (UT_Result<void> linked = MO_Scene::connect(*built._normalMap, display); !linked)
-        return linked.error();
+    built._scene->setFrameHeight(frameHeight(drawing.size, built._resolution, shape));
+    built._scene->truckFactorAttr().setLocalValue(settings.truck);
+    built._scene->addPalette(drawing.palette);
+    if (UT_Result<void> added = built.addModules(std::move(*node)); !added)
+        return added.error();
+    while (built._elements.size() < drawing.layers.size())
+        if (UT_Result<void> added = built.addLayer(drawing, settings); !added)
+            return added.error();
     return built;
+}
+
+// Called before the layers are added, so that no layer can have taken one of these names.
+UT_Result<void> DrawingScene::addModules(std::unique_ptr<MO_Module> node)
+{
+    auto& composite = _scene->root().emplace<MO_CompositeModule>();
+    composite.setCompositeOrder(MO_CompositeType::PORT_ORDER);
+    _flatDrawing = &composite;
+    _normalMap = &_scene->root().add(std::move(node));
+    auto& display = _scene->root().emplace<MO_DisplayModule>();
+    composite.setInstanceName(QStringLiteral("Drawing"));
+    _normalMap->setInstanceName(QStringLiteral("Normal-Map"));
+    display.setInstanceName(QStringLiteral("Display"));
+    return MO_Scene::connect(*_normalMap, display);
+}
+
+UT_Result<void> DrawingScene::addLayer(const LayeredDrawing& drawing, const NormalMapSettings& settings)
+{
+    const auto index = static_cast<unsigned>(_elements.size());
+    const LayeredDrawing::Layer& layer = drawing.layers[index];
+    const auto number = static_cast<int>(index) + 1;
+    const ObjectValues values = valuesOf(number, layer, settings);
+    MO_ElementModule& element = addElement(*_scene, layer);
+    _elements.push_back(&element);
+    place(element, drawing.frame, _scene->frameHeight());
+    ObjectDefinition& definition = addDefinition(*_scene, layer.name, number, values);
+    if (UT_Result<void> linked = MO_Scene::connect(element, definition); !linked)
+        return linked;
+    if (UT_Result<void> linked = MO_Scene::connect(definition, *_normalMap, index); !linked)
+        return linked;
+    return values.isSolid() ? MO_Scene::connect(element, *_flatDrawing, _flatPorts++) : UT_Result<void>();
 }

@@ -77,11 +77,16 @@ public:
 
 private:
     DrawingScene() = default;
+    /// Adds everything but the layers.
+    UT_Result<void> addModules(std::unique_ptr<MO_Module> node);
+    /// Adds the modules of the next layer and links them.
+    UT_Result<void> addLayer(const LayeredDrawing& drawing, const NormalMapSettings& settings);
 
     std::unique_ptr<MO_Scene> _scene;
     MO_Module* _normalMap = nullptr;
     MO_Module* _flatDrawing = nullptr;
     std::vector<MO_ElementModule*> _elements;
+    unsigned _flatPorts = 0; // of flatDrawing, those with a link
     std::pair<int, int> _resolution;
 };
 
