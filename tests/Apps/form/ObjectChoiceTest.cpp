@@ -220,3 +220,11 @@ TEST(ObjectChoice, SaysWhatItFound)
     EXPECT_THAT(found.objects[1].colours, ElementsAre(QStringLiteral("#dd2e44")));
     EXPECT_NEAR(found.objects[1].share, 3.1416 * 0.25 * 0.25, 0.004);
 }
+
+TEST(ObjectChoice, PanesOfGlassInACarSink)
+{
+    const QByteArray body = "<path d='M5 80v-25l15 -5l15 -30h35l15 30l10 5v25z' fill='#dd2e44'/>";
+    const QByteArray front = "<path d='M26 48l12 -22h10v22z' fill='#bbddf5'/>";
+    const QByteArray back = "<path d='M54 48v-22h12l10 22z' fill='#bbddf5'/>";
+    EXPECT_THAT(rolesOf(body + front + back), ElementsAre(BODY, OPENING, OPENING));
+}

@@ -29,6 +29,10 @@ constexpr double kPupil = 0.15;        // of a round body's area: larger dark sh
 constexpr double kLargestDial = 0.8;   // of the body's area
 constexpr double kBright = 85.0;       // lightness of highlights
 constexpr double kFullBox = 0.9;       // a rectangle's share of its box
+// The colour of glass in the sky's light: its lightness, and the limits of its b and a.
+constexpr double kPale = 60.0;
+constexpr double kBlue = -7.0;
+constexpr double kNotPurple = 3.0;
 // A mouth's middle lies this near to the axis of the face, and this far below its middle, in widths and heights of the
 // face.
 constexpr double kOnAxis = 0.06;
@@ -81,6 +85,14 @@ bool isWhiteMouth(const InnerShape& inner)
            std::abs(aside) < kOnAxis * face.width() && below > kBelowMiddle * face.height();
 }
 
+// Whether the shape is one of several panes of glass: pale blue, and not round.
+bool isPane(const InnerShape& inner)
+{
+    const SeenColour& colour = inner.shape.colour;
+    return inner.siblings > 0 && colour.lightness > kPale && colour.b < kBlue && colour.a < kNotPurple &&
+           inner.shape.roundness < kRound && inner.shape.elongation() < kLongLine;
+}
+
 Verdict judgeConcentric(const InnerShape& inner)
 {
     // Many drawings draw outlines as a black shape beneath the coloured one.
@@ -107,6 +119,8 @@ Verdict judgeShade(const InnerShape& inner)
     const bool free = inner.follows < kOffTheRim && inner.share < kHalfOfBase;
     if (free && darker && isRectangle(shape) && inner.siblings > 0)
         return object("one of several panels", ObjectRole::OPENING);
+    if (free && isPane(inner))
+        return object("one of several windows", ObjectRole::OPENING);
     if (free && isMuchDarker(inner) && shape.roundness > kEllipse)
         return judgeDark(inner);
     if (free && shape.roundness > kRound && darker && inner.siblings > 1)
@@ -120,7 +134,7 @@ Verdict judgeOtherHue(const InnerShape& inner)
 {
     const ShapeFacts& shape = inner.shape;
     const bool free = inner.follows < kOffTheRim && inner.share < kHalfOfBase;
-    if (free && isRectangle(shape) && inner.siblings > 0)
+    if (free && ((isRectangle(shape) && inner.siblings > 0) || isPane(inner)))
         return object("one of several windows", ObjectRole::OPENING);
     if (free && isWhiteMouth(inner))
         return object("a mouth", ObjectRole::OPENING);
