@@ -24,6 +24,8 @@ struct Profile
 constexpr Profile kOrdinary{1.1, 1.05, 1.7};
 // Round objects get a wider blur, whose profile is closer to a sphere's.
 constexpr Profile kRound{3.4, 1.575, 3.2};
+// The rim of a slab, at the most.
+constexpr double kWidestRim = 0.4;
 constexpr double kRoundFrom = 0.85;
 constexpr double kRoundTo = 0.93;
 
@@ -38,6 +40,13 @@ Profile profileOf(const ObjectExtent& extent, FormShape shape)
     if (shape == FormShape::PILLOW)
         return kRound;
     return between(kOrdinary, kRound, std::clamp((extent.roundness - kRoundFrom) / (kRoundTo - kRoundFrom), 0.0, 1.0));
+}
+
+// A rim that leaves the middle of the object flat.
+ObjectForm rimFor(const ObjectExtent& extent)
+{
+    const double bevel = std::min(kRimForm.bevel, kWidestRim * extent.breadth);
+    return {bevel, kRimForm.elevation * bevel / kRimForm.bevel, kRimForm.smoothness};
 }
 
 double rounded(double value, double steps)
@@ -57,7 +66,7 @@ ObjectForm raised(const ObjectExtent& extent, FormShape shape)
 
 ObjectForm formFor(const ObjectExtent& extent, ObjectRole role, const FormSettings& settings)
 {
-    ObjectForm form = role == ObjectRole::SLAB ? kRimForm : raised(extent, settings.shape);
+    ObjectForm form = role == ObjectRole::SLAB ? rimFor(extent) : raised(extent, settings.shape);
     form.elevation *= settings.volume;
     if (role == ObjectRole::OPENING)
         form.elevation = -form.elevation;

@@ -228,3 +228,12 @@ TEST(ObjectChoice, PanesOfGlassInACarSink)
     const QByteArray back = "<path d='M54 48v-22h12l10 22z' fill='#bbddf5'/>";
     EXPECT_THAT(rolesOf(body + front + back), ElementsAre(BODY, OPENING, OPENING));
 }
+
+TEST(ObjectChoice, WheelsThatCarrySomethingAreFlatInsideTheirRims)
+{
+    const QByteArray wheels = circle(25, 75, 12, "#d0cfce") + circle(75, 75, 12, "#d0cfce") +
+                              line("M13 75a12 12 0 1 0 24 0a12 12 0 1 0 -24 0z", "#111111", 3.0) +
+                              line("M63 75a12 12 0 1 0 24 0a12 12 0 1 0 -24 0z", "#111111", 3.0);
+    EXPECT_THAT(rolesOf(rect(10, 20, 80, 45, "#dd2e44") + wheels), ElementsAre(BODY, SLAB, SLAB));
+    EXPECT_THAT(rolesOf(wheels), ElementsAre(BODY, BODY)) << "two balls";
+}

@@ -8,6 +8,7 @@
 #include "form/choice/InnerFacts.h"
 #include "form/choice/JoinRules.h"
 #include "form/choice/PartStack.h"
+#include "form/choice/Wheels.h"
 #include "form/raster/CutSides.h"
 
 #include <algorithm>
@@ -170,5 +171,7 @@ private:
 
 FoundParts findParts(const std::vector<ShapeFacts>& facts, const Grid& grid)
 {
-    return PartFinder(facts, grid).find();
+    FoundParts found = PartFinder(facts, grid).find();
+    findWheels(found, facts);
+    return found;
 }
