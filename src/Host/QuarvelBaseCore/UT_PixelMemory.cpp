@@ -7,6 +7,7 @@
 // add up.
 #include "QuarvelBaseCore/UT_PixelMemory.h"
 
+#include "QuarvelBaseCore/UT_PixelZeros.h"
 #include "QuarvelBaseCore/private/UT_PageBlock.h"
 
 #include <algorithm>
@@ -28,6 +29,9 @@ constexpr std::uint64_t kForgottenAfter = 200;
 // A block is lent to pictures of at least this part of its size.
 constexpr std::size_t kMostLent = 8;
 
+// Of smaller blocks, nobody needs to know which held zeros; there are too many of them.
+constexpr std::size_t kSmallestNoted = std::size_t{8} << 20;
+
 struct IdleBlock
 {
     UT_PageBlock block;
@@ -35,7 +39,7 @@ struct IdleBlock
 };
 
 /// The kept blocks, the longest idle one first, and the lent ones that address and size do not tell all about: they are
-/// larger than their users asked for, or joined.
+/// larger than their users asked for, joined, or large and new.
 struct Idle
 {
     // Reserves room for all blocks that can be kept, so that giving one back never allocates.
@@ -63,7 +67,8 @@ std::size_t roundedUp(std::size_t bytes)
 
 void* lend(Idle& kept, UT_PageBlock block, std::size_t bytes)
 {
-    if (block.bytes() == bytes && !block.isJoined())
+    const bool isNew = block.zerosFrom() < block.bytes() && bytes >= kSmallestNoted;
+    if (block.bytes() == bytes && !block.isJoined() && !isNew)
         return block.release();
     void* const start = block.start();
     kept.lent.push_back(std::move(block));
@@ -172,6 +177,7 @@ void give(void* block, std::size_t bytes) noexcept
     Idle& kept = idle();
     const std::lock_guard guard(kept.lock);
     UT_PageBlock given = returned(kept, block, roundedUp(bytes));
+    given.forgetZeros();
     ++kept.given;
     makeRoom(kept, given.bytes());
     if (kept.bytes + given.bytes() > kLargestIdle)
@@ -186,6 +192,14 @@ void trim() noexcept
     const std::lock_guard guard(kept.lock);
     kept.blocks.clear();
     kept.bytes = 0;
+}
+
+std::size_t zerosFrom(const void* block, std::size_t bytes) noexcept
+{
+    Idle& kept = idle();
+    const std::lock_guard guard(kept.lock);
+    const auto found = std::ranges::find(kept.lent, block, &UT_PageBlock::start);
+    return found == kept.lent.end() ? bytes : std::min(found->zerosFrom(), bytes);
 }
 
 std::size_t idleBytes() noexcept

@@ -2,6 +2,7 @@
 //
 // Blocks for pixels: which are kept, for how long, and who gets them.
 #include "QuarvelBaseCore/UT_PixelMemory.h"
+#include "QuarvelBaseCore/UT_PixelZeros.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -20,6 +21,11 @@
 namespace {
 
 constexpr std::size_t kMegabyte = std::size_t{1} << 20;
+#if defined(__linux__)
+constexpr bool kMovesPages = true;
+#else
+constexpr bool kMovesPages = false;
+#endif
 
 class PixelMemory : public testing::Test
 {
@@ -169,6 +175,26 @@ TEST_F(PixelMemory, ALargerBlockTakesOverThePagesOfSmallerOnes)
     UT_PixelMemory::give(larger, 10 * kMegabyte);
 }
 #endif
+
+TEST_F(PixelMemory, WhatIsSaidToHoldZerosDoes)
+{
+    constexpr std::size_t kBytes = 16 * kMegabyte;
+    for (const std::size_t used : {std::size_t{0}, kBytes / 4, kBytes}) {
+        UT_PixelMemory::trim();
+        if (used > 0) {
+            void* const block = UT_PixelMemory::take(used);
+            std::memset(block, 1, used);
+            UT_PixelMemory::give(block, used);
+        }
+        auto* const bytes = static_cast<unsigned char*>(UT_PixelMemory::take(kBytes));
+        const std::size_t from = UT_PixelMemory::zerosFrom(bytes, kBytes);
+        EXPECT_TRUE(std::all_of(bytes + from, bytes + kBytes, [](unsigned char byte) { return byte == 0; })) << used;
+        if (UT_PixelMemory::kLargestIdle > 0 && kMovesPages) {
+            EXPECT_EQ(from, used) << "all but the pages that were used before";
+        }
+        UT_PixelMemory::give(bytes, kBytes);
+    }
+}
 
 TEST_F(PixelMemory, SmallBlocksAreNotKept)
 {

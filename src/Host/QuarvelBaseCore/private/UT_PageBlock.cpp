@@ -29,6 +29,8 @@ namespace {
 
 #if defined(QUARVEL_UT_MOVES_PAGES)
 
+constexpr bool kIsNewMemoryZero = true;
+
 // @param at where; null: anywhere
 void* map(void* at, std::size_t bytes)
 {
@@ -55,6 +57,7 @@ void movePages(char* from, char* to, std::size_t bytes)
 
 #else
 
+constexpr bool kIsNewMemoryZero = false;
 constexpr std::align_val_t kAligned{UT_PixelMemory::kAlignment};
 
 void* map(void*, std::size_t bytes)
@@ -74,17 +77,18 @@ void unmap(void* start, std::size_t) noexcept
 UT_PageBlock UT_PageBlock::make(std::size_t bytes)
 {
     assert(bytes > 0 && bytes % kUnit == 0);
-    return {map(nullptr, bytes), bytes};
+    return {map(nullptr, bytes), bytes, kIsNewMemoryZero ? 0 : bytes};
 }
 
 UT_PageBlock UT_PageBlock::adopt(void* start, std::size_t bytes) noexcept
 {
-    return {start, bytes};
+    return {start, bytes, bytes};
 }
 
 UT_PageBlock::UT_PageBlock(UT_PageBlock&& other) noexcept
     : _start(std::exchange(other._start, nullptr))
     , _bytes(std::exchange(other._bytes, 0))
+    , _zerosFrom(std::exchange(other._zerosFrom, 0))
     , _pieces(std::exchange(other._pieces, {}))
 {}
 
@@ -92,6 +96,7 @@ UT_PageBlock& UT_PageBlock::operator=(UT_PageBlock&& other) noexcept
 {
     std::swap(_start, other._start);
     std::swap(_bytes, other._bytes);
+    std::swap(_zerosFrom, other._zerosFrom);
     std::swap(_pieces, other._pieces);
     return *this;
 }
@@ -119,6 +124,7 @@ UT_PageBlock UT_PageBlock::join(std::size_t bytes, std::vector<UT_PageBlock> oth
         joined.takePages(other, filled);
     if (filled < bytes)
         joined._pieces.push_back(bytes - filled);
+    joined._zerosFrom = filled;
     return joined;
 }
 

@@ -44,16 +44,24 @@ public:
     /// Whether address and size do not tell all about the block, so that it cannot be released.
     bool isJoined() const { return !_pieces.empty(); }
 
+    /// From which byte on the block holds zeros, if nobody has written to it; bytes() where that is not known.
+    std::size_t zerosFrom() const { return _zerosFrom; }
+    /// Says that somebody may have written to it.
+    void forgetZeros() { _zerosFrom = _bytes; }
+
     /// Leaves the memory to the caller. @return its address
     void* release() noexcept;
 
 private:
-    UT_PageBlock(void* start, std::size_t bytes) : _start(start), _bytes(bytes) {}
+    UT_PageBlock(void* start, std::size_t bytes, std::size_t zerosFrom)
+        : _start(start), _bytes(bytes), _zerosFrom(zerosFrom)
+    {}
 
     void takePages(UT_PageBlock& other, std::size_t& filled);
 
     void* _start = nullptr;
     std::size_t _bytes = 0;
+    std::size_t _zerosFrom = 0;
     /// Of a joined block, the sizes of the parts that were mapped at once, from its start to its end: the system moves
     /// pages of one part at a time.
     std::vector<std::size_t> _pieces;

@@ -2,14 +2,44 @@
 //
 // A row is composed port by port. What is the same for the whole row is looked up once, and the pixels of the three
 // pictures are read in step. The columns written so far form one span: columns outside it need not be cleared or read
-// before an object is placed there.
+// before an object is placed there. Where the output's memory is new, they are zeros already, and pages of them that
+// are never written take no memory.
 #include "render/Composition.h"
 
+#include "QuarvelBaseCore/UT_PixelZeros.h"
 #include "QuarvelCelCore/CEL_WithFormat.h"
 #include "render/ColumnSpan.h"
 #include "render/CompositionKernels.h"
 #include "render/ParallelRows.h"
 #include "render/PixelTraits.h"
+
+#include <functional>
+
+namespace {
+
+// @param zeros the address from which on all that has not been written is zero; null: none is
+template<typename Pixel>
+bool areZeros(std::span<Pixel> unwritten, const void* zeros)
+{
+    return zeros && std::greater_equal<const void*>()(unwritten.data(), zeros);
+}
+
+// The address from which on a pixmap's new memory holds zeros; null where none of it does.
+const void* zerosOf(CEL_PixmapArea& pixmap)
+{
+    const void* zeros = nullptr;
+    CEL_withFormat(pixmap, [&](auto& typed) {
+        using Pixel = CEL_PixelOf<decltype(typed)>;
+        const Math::Box2di& rect = typed.allocatedRect();
+        const auto bytes = static_cast<std::size_t>(rect.area()) * sizeof(Pixel);
+        const auto* const start = reinterpret_cast<const std::byte*>(typed.row(rect.y1).data());
+        const std::size_t from = UT_PixelMemory::zerosFrom(start, bytes);
+        zeros = from < bytes ? start + from : nullptr;
+    });
+    return zeros;
+}
+
+} // namespace
 
 // What one port adds to a row: columns of the output, counted from its left, with the input's pixels there.
 template<typename Pixel>
@@ -26,8 +56,8 @@ template<typename Pixel>
 class VallorinRenderHandler::BasicAccumFunctor<Pixel>::WrittenColumns
 {
 public:
-    WrittenColumns(std::span<Pixel> row, const ColumnSpan& columns, VolumeRowKernels::Stores stores)
-        : _row(row), _columns(columns), _stores(stores)
+    WrittenColumns(std::span<Pixel> row, const ColumnSpan& columns, VolumeRowKernels::Stores stores, const void* zeros)
+        : _row(row), _columns(columns), _stores(stores), _zeros(zeros)
     {}
 
     VolumeRowKernels::Stores stores() const { return _stores; }
@@ -70,13 +100,14 @@ public:
 private:
     void clear(const ColumnSpan& columns) const
     {
-        if (!columns.isEmpty())
+        if (!columns.isEmpty() && !areZeros(pixels(columns), _zeros))
             VolumeRowKernels::fillPixels(pixels(columns), Pixel{}, _stores);
     }
 
     std::span<Pixel> _row;
     ColumnSpan _columns;
     VolumeRowKernels::Stores _stores;
+    const void* _zeros;
 };
 
 namespace {
@@ -132,7 +163,7 @@ void VallorinRenderHandler::BasicAccumFunctor<Pixel>::operator()(const tbb::bloc
     ports.reserve(_inputs.size());
     for (int y = rows.begin(); y < rows.end(); ++y) {
         findPorts(y, ports);
-        WrittenColumns(_output.row(y), composeRow(y, ports, {}), _stores).finish();
+        WrittenColumns(_output.row(y), composeRow(y, ports, {}), _stores, _zeros).finish();
     }
     VL_finishStores();
 }
@@ -184,7 +215,7 @@ ColumnSpan VallorinRenderHandler::BasicAccumFunctor<Pixel>::composeRow(int y, co
         isReadAgain = isReadAgain || all.overlaps(port.columns);
         all = all.unitedWith(port.columns);
     }
-    WrittenColumns written(_output.row(y), columns, isReadAgain ? VolumeRowKernels::Stores::CACHED : _stores);
+    WrittenColumns written(_output.row(y), columns, isReadAgain ? VolumeRowKernels::Stores::CACHED : _stores, _zeros);
     for (const PortRow& port : ports)
         compose(port, written);
     return written.columns();
@@ -275,6 +306,8 @@ void PortComposition::include(const Math::Box2di& rect)
     if (needed == before)
         return;
     _output.realloc(needed, false);
+    // Pixels that were copied from other memory may be uninitialised.
+    _zeros = before.isEmpty() ? zerosOf(_output) : nullptr;
     std::vector<ColumnSpan> written(static_cast<std::size_t>(needed.height()));
     for (std::size_t i = 0; i < _written.size(); ++i)
         if (!_written[i].isEmpty())
@@ -294,8 +327,9 @@ void PortComposition::add(int port, const UT_SharedPtr<CEL_PixmapArea>& input,
     if (result)
         results[objectId] = result;
     CEL_withFormat(_output, [&](auto& typed) {
-        const VallorinRenderHandler::BasicAccumFunctor<CEL_PixelOf<decltype(typed)>> functor(_handler, typed,
-                                                                                             {{port, input}}, results);
+        VallorinRenderHandler::BasicAccumFunctor<CEL_PixelOf<decltype(typed)>> functor(_handler, typed, {{port, input}},
+                                                                                       results);
+        functor.setZeros(_zeros);
         forRowsInParallel(typed.allocatedRect().getIntersection(input->allocatedRect()),
                           [&](const tbb::blocked_range<int>& rows) { functor.add(rows, _written); });
     });
@@ -309,8 +343,9 @@ void PortComposition::finish()
         const Math::Box2di whole = typed.allocatedRect();
         forRowsInParallel(_rect, [&](const tbb::blocked_range<int>& rows) {
             for (int y = rows.begin(); y < rows.end(); ++y)
-                clearAround(_written[static_cast<std::size_t>(y - whole.y1)],
-                            {_rect.x1 - whole.x1, _rect.x2 - whole.x1}, typed.row(y));
+                if (!areZeros(typed.row(y), _zeros))
+                    clearAround(_written[static_cast<std::size_t>(y - whole.y1)],
+                                {_rect.x1 - whole.x1, _rect.x2 - whole.x1}, typed.row(y));
         });
     });
     _output.realloc(_rect, false);

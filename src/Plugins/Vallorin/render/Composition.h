@@ -37,6 +37,9 @@ public:
     /// left; the others are uninitialised
     void add(const tbb::blocked_range<int>& rows, std::span<ColumnSpan> written) const;
 
+    /// Says that the output's pixels from this address on are zeros until they are written.
+    void setZeros(const void* from) { _zeros = from; }
+
 private:
     struct PortRow;
     class WrittenColumns;
@@ -58,6 +61,7 @@ private:
     const std::vector<int>* _portIds;
     bool _generateNormals;
     bool _depthInBlue;
+    const void* _zeros = nullptr; // null: unwritten pixels are uninitialised everywhere
 };
 
 /// Composes the whole output, rows in parallel; its earlier content is overwritten.
@@ -90,4 +94,5 @@ private:
     Math::Box2di _room;
     Math::Box2di _rect;
     std::vector<ColumnSpan> _written; // of each row of the output
+    const void* _zeros = nullptr;     // from here on, what has not been written is zero; null: it is so nowhere
 };

@@ -7,11 +7,13 @@
 #include "RandomPictures.h"
 #include "SmallPixmaps.h"
 
+#include "QuarvelBaseCore/UT_PixelMemory.h"
 #include "render/Composition.h"
 #include "render/StreamKernels.h"
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <vector>
 
 namespace {
@@ -128,6 +130,40 @@ TYPED_TEST(LargePicture, IsComposedAsItsRowsAre)
             ASSERT_EQ(portByPort->allocatedRect(), rect);
             expectSameRows<TypeParam>(*whole, *portByPort, rect.y1, rect.y2);
         });
+    }
+}
+
+TYPED_TEST(LargePicture, IsTheSameInNewMemoryAndInUsedMemory)
+{
+    const Math::Box2di rect(0, 0, 1301, 900);
+    RandomPictures random(4);
+    VallorinRenderHandler handler(1.0, MO_CompositeModuleBitmapHandler::CompositeModuleInterface{}, {});
+    handler.portObjectIds = {1, 2, 2};
+    // With a gap between the first two, which the third covers in part, and empty rows and columns around them.
+    const Math::Box2di boxes[] = {{701, 30, 1250, 400}, {11, 100, 300, 800}, {250, 350, 900, 500}};
+    VallorinRenderHandler::PixmapMap inputs;
+    for (int port = 0; port < 3; ++port)
+        inputs[port] = random.picture<TypeParam>(boxes[port], rect);
+    const VallorinRenderHandler::PixmapMap results{{1, random.picture<TypeParam>(rect, rect)},
+                                                   {2, random.picture<TypeParam>(rect, rect)}};
+    const auto whole = emptyPicture<TypeParam>(rect, rect);
+    composeOutput(handler, *whole, inputs, results);
+    const std::size_t bytes = static_cast<std::size_t>(rect.area()) * sizeof(TypeParam);
+    for (const std::size_t used : {std::size_t{0}, bytes / 2, bytes}) {
+        SCOPED_TRACE(used);
+        UT_PixelMemory::trim();
+        if (used > 0) {
+            void* const block = UT_PixelMemory::take(used);
+            std::memset(block, 0x5A, used);
+            UT_PixelMemory::give(block, used);
+        }
+        const auto portByPort = emptyPicture<TypeParam>(rect, {});
+        PortComposition composition(handler, *portByPort, rect);
+        composition.include(rect);
+        for (const auto& [port, input] : inputs)
+            composition.add(port, input, results.at(handler.portObjectIds[static_cast<std::size_t>(port)]));
+        composition.finish();
+        expectSameRows<TypeParam>(*whole, *portByPort, rect.y1, rect.y2);
     }
 }
 
