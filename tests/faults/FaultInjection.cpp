@@ -25,6 +25,7 @@
 #include <dlfcn.h>
 #include <execinfo.h>
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/types.h>
@@ -253,6 +254,16 @@ void* aligned_alloc(std::size_t alignment, std::size_t size)
         return nullptr;
     }
     return __libc_memalign(alignment, size);
+}
+
+// Memory for pixels comes from the system itself.
+void* mmap(void* at, std::size_t size, int protection, int flags, int file, off_t offset)
+{
+    if ((flags & MAP_ANONYMOUS) != 0 && failsAllocation(size, "mmap")) {
+        errno = ENOMEM;
+        return MAP_FAILED;
+    }
+    return reinterpret_cast<void*>(::syscall(SYS_mmap, at, size, protection, flags, file, offset));
 }
 
 int posix_memalign(void** memory, std::size_t alignment, std::size_t size)
