@@ -329,10 +329,18 @@ TEST_F(SheetProgram, SaysWhatIsWrongWithAnAtlasAndWritesNothing)
     EXPECT_THAT(
         refused(R"({"frames": {"a": {"frame": {"x": 0, "y": 0, "w": 1, "h": 1}}}, "meta": {"image": "gone.png"}})"),
         HasSubstr("gone.png is missing"));
+    EXPECT_THAT(
+        refused(R"({"frames": {"a": {"frame": {"x": "0", "y": 0, "w": 1, "h": 1}}}, "meta": {"image": "page.png"}})"),
+        AllOf(HasSubstr("\"a\""), HasSubstr("whole numbers")));
+    EXPECT_THAT(
+        refused(R"({"frames": {"a": {"frame": {"x": 0, "y": 0, "w": 1, "h": 1}}}, "meta": {"image": "../out.png"}})"),
+        HasSubstr("outside the atlas' folder"));
     EXPECT_THAT(refused("{\"frames\": "), HasSubstr("bad.json"));
     EXPECT_EQ(quarvel("normalmap page.png --atlas page.json").exitCode, 2);
     EXPECT_EQ(quarvel("normalmap page.png --margin 2").exitCode, 2);
     EXPECT_EQ(quarvel("normalmap page.png --cells 8 --tile x").exitCode, 2);
     EXPECT_EQ(quarvel("normalmap page.png --cells 100").exitCode, 1);
+    write("page.svg", "<svg/>");
+    EXPECT_THAT(quarvel("normalmap page.svg --cells 8").messages, HasSubstr("page.svg: a page of sprites is a bitmap"));
     EXPECT_EQ(quarvel("normalmap page.png --cells 8 -o page_n.exr").exitCode, 1);
 }

@@ -4,7 +4,9 @@
 #include "SheetRun.h"
 
 #include "GlossOption.h"
+#include "QuarvelBaseCore/UT_FileName.h"
 #include "QuarvelDrawingIO/DIO_BitmapReader.h"
+#include "QuarvelDrawingIO/DIO_DrawingReader.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelNormalMap/NM_TurnVectors.h"
 #include "RenderedDrawing.h"
@@ -187,6 +189,15 @@ UT_Result<void> render(const Sprite& sprite, const NormalMapOptions& options, co
     });
 }
 
+UT_Result<void> checkIsBitmap(const QString& page)
+{
+    const bool isOther = DIO_drawingKindOf(page) && !DIO_bitmapSuffixes().contains(UT_fileSuffix(page));
+    if (!isOther)
+        return {};
+    return UT_Error{QStringLiteral("a page of sprites is a bitmap, such as a .png file; export this drawing as one")}
+        .at(page);
+}
+
 UT_Result<std::vector<SheetRegion>> regionsFor(const QSize& page, const std::vector<SheetRegion>& regions,
                                                const NormalMapOptions& options)
 {
@@ -205,6 +216,8 @@ UT_Result<SheetResult> runSheet(const PictureOrigin& page, const std::vector<She
                                 const NormalMapOptions& options, const OutputFiles& files, const JobProgress& progress)
 {
     if (UT_Result<void> checked = checkOptions(options, files); !checked)
+        return checked.error();
+    if (UT_Result<void> checked = checkIsBitmap(page.drawing); !checked)
         return checked.error();
     SheetResult result;
     const UT_Result<QImage> image = DIO_readImage(page.drawing, result.warnings);

@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace {
@@ -57,15 +58,22 @@ QString referenceOf(const QString& value)
     return reference.match(value).captured(1);
 }
 
-// Rect2(x, y, w, h); null if there is none.
-QRect rectOf(const QString& value)
+// Rect2(x, y, w, h); null for an empty text.
+UT_Result<QRect> rectOf(const QString& region, const QString& value)
 {
     static const QRegularExpression rect(QStringLiteral("Rect2i?\\(([^)]*)\\)"));
+    if (value.isEmpty())
+        return QRect();
     const QStringList parts = rect.match(value).captured(1).split(QLatin1Char(','));
-    if (parts.size() != 4)
-        return {};
-    const auto number = [&](qsizetype i) { return static_cast<int>(std::lround(parts[i].trimmed().toDouble())); };
-    return {number(0), number(1), number(2), number(3)};
+    std::array<int, 4> numbers{};
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        bool isNumber = false;
+        const double number = parts.value(static_cast<qsizetype>(i)).trimmed().toDouble(&isNumber);
+        if (!isNumber || !(std::abs(number) <= kMostSheetPixels))
+            return notPixels(region, value);
+        numbers[i] = static_cast<int>(std::lround(number));
+    }
+    return QRect{numbers[0], numbers[1], numbers[2], numbers[3]};
 }
 
 // The animation of each region, by the id of its section. In each animation's list the frames precede the animation's
@@ -95,15 +103,21 @@ bool isRegion(const Section& section)
            !propertyOf(section.body, QStringLiteral("region")).isEmpty();
 }
 
-SheetRegion regionOf(const Section& section)
+UT_Result<SheetRegion> regionOf(const Section& section)
 {
-    const QRect margin = rectOf(propertyOf(section.body, QStringLiteral("margin")));
     const QString id = wordOf(section.head, QStringLiteral("id"));
+    const QString name = id.isEmpty() ? QStringLiteral("resource") : id;
+    const auto margin = rectOf(name, propertyOf(section.body, QStringLiteral("margin")));
+    if (!margin)
+        return margin.error();
+    const auto place = rectOf(name, propertyOf(section.body, QStringLiteral("region")));
+    if (!place)
+        return place.error();
     SheetRegion region;
-    region.name = id.isEmpty() ? QStringLiteral("resource") : id;
-    region.place = rectOf(propertyOf(section.body, QStringLiteral("region")));
-    region.offset = margin.isNull() ? QPoint() : margin.topLeft();
-    region.whole = region.place.size() + (margin.isNull() ? QSize(0, 0) : margin.size());
+    region.name = name;
+    region.place = *place;
+    region.offset = margin->isNull() ? QPoint() : margin->topLeft();
+    region.whole = region.place.size() + (margin->isNull() ? QSize(0, 0) : margin->size());
     return region;
 }
 
@@ -131,7 +145,10 @@ UT_Result<std::vector<Sheet>> parseAtlasGodot(const QByteArray& bytes)
         auto sheet = std::ranges::find(sheets, page, &Sheet::page);
         if (sheet == sheets.end())
             sheet = sheets.insert(sheets.end(), {page, {}});
-        sheet->regions.push_back(regionOf(section));
+        const UT_Result<SheetRegion> region = regionOf(section);
+        if (!region)
+            return region.error();
+        sheet->regions.push_back(*region);
         sheet->regions.back().animation = animations.value(sheet->regions.back().name);
     }
     if (sheets.empty())

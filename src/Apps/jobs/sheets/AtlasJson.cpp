@@ -10,42 +10,65 @@
 #include <QJsonObject>
 #include <QRegularExpression>
 
+#include <cmath>
+#include <limits>
+
 namespace {
 
-QRect rectOf(const QJsonObject& object)
+// What is not there counts as 0.
+bool isPixels(const QJsonValue& value)
 {
-    return {object[QLatin1String("x")].toInt(), object[QLatin1String("y")].toInt(), object[QLatin1String("w")].toInt(),
-            object[QLatin1String("h")].toInt()};
+    const double number = value.toDouble(value.isUndefined() ? 0.0 : std::numeric_limits<double>::infinity());
+    return std::abs(number) <= kMostSheetPixels && number == std::trunc(number);
 }
 
-SheetRegion regionOf(const QString& name, const QJsonObject& object)
+UT_Result<QRect> rectOf(const QString& region, const QJsonValue& value)
 {
+    const QJsonObject object = value.toObject();
+    for (const char* const key : {"x", "y", "w", "h"})
+        if (!isPixels(object[QLatin1String(key)]))
+            return notPixels(region, QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)));
+    return QRect{object[QLatin1String("x")].toInt(), object[QLatin1String("y")].toInt(),
+                 object[QLatin1String("w")].toInt(), object[QLatin1String("h")].toInt()};
+}
+
+UT_Result<SheetRegion> regionOf(const QString& name, const QJsonObject& object)
+{
+    const auto frame = rectOf(name, object[QLatin1String("frame")]);
+    const auto trimmed = rectOf(name, object[QLatin1String("spriteSourceSize")]);
+    const auto source = rectOf(name, object[QLatin1String("sourceSize")]);
+    for (const auto* const rect : {&frame, &trimmed, &source})
+        if (!*rect)
+            return rect->error();
     SheetRegion region;
     region.name = name;
-    region.place = rectOf(object[QLatin1String("frame")].toObject());
+    region.place = *frame;
     region.whole = region.place.size();
     if (object[QLatin1String("rotated")].toBool()) {
         region.quarterTurns = 1;
         region.place.setSize(region.place.size().transposed());
     }
     if (object[QLatin1String("trimmed")].toBool()) {
-        region.offset = rectOf(object[QLatin1String("spriteSourceSize")].toObject()).topLeft();
-        const QRect source = rectOf(object[QLatin1String("sourceSize")].toObject());
-        region.whole = source.size();
+        region.offset = trimmed->topLeft();
+        region.whole = source->size();
     }
     return region;
 }
 
-std::vector<SheetRegion> regionsOf(const QJsonValue& frames)
+UT_Result<std::vector<SheetRegion>> regionsOf(const QJsonValue& frames)
 {
-    std::vector<SheetRegion> regions;
-    if (frames.isObject()) {
-        const QJsonObject named = frames.toObject();
-        for (auto it = named.begin(); it != named.end(); ++it)
-            regions.push_back(regionOf(it.key(), it.value().toObject()));
-    }
+    std::vector<UT_Result<SheetRegion>> read;
+    const QJsonObject named = frames.toObject();
+    for (auto it = named.begin(); it != named.end(); ++it)
+        read.push_back(regionOf(it.key(), it.value().toObject()));
     for (const QJsonValue frame : frames.toArray())
-        regions.push_back(regionOf(frame[QLatin1String("filename")].toString(), frame.toObject()));
+        read.push_back(regionOf(frame[QLatin1String("filename")].toString(), frame.toObject()));
+    std::vector<SheetRegion> regions;
+    for (UT_Result<SheetRegion>& region : read) {
+        if (!region)
+            return region.error();
+        regions.push_back(std::move(*region));
+    }
     return regions;
 }
 
@@ -62,7 +85,10 @@ void nameTags(std::vector<SheetRegion>& regions, const QJsonArray& tags)
 
 UT_Result<Sheet> sheetOf(const QJsonValue& frames, const QJsonValue& image, const QJsonArray& tags)
 {
-    Sheet sheet{image.toString(), regionsOf(frames)};
+    UT_Result<std::vector<SheetRegion>> regions = regionsOf(frames);
+    if (!regions)
+        return regions.error();
+    Sheet sheet{image.toString(), std::move(*regions)};
     if (sheet.page.isEmpty())
         return UT_Error{QStringLiteral("it names no page (\"image\"); export it together with its picture")};
     if (sheet.regions.empty())

@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <array>
+#include <cstdlib>
 #include <optional>
 #include <utility>
 
@@ -23,14 +24,29 @@ struct Said
     QSize whole;
     int degrees = 0;
     int index = -1;
+    QString broken = {}; // the first line with a place or a size that is none
 };
 
-std::array<int, 4> numbersOf(const QString& value)
+// The properties of a region that are pixels.
+bool isPixels(const QString& key)
+{
+    static const QStringList keys{QStringLiteral("bounds"), QStringLiteral("xy"),      QStringLiteral("size"),
+                                  QStringLiteral("offset"), QStringLiteral("offsets"), QStringLiteral("orig")};
+    return keys.contains(key);
+}
+
+// Up to four numbers of pixels; nothing where one of them is none.
+std::optional<std::array<int, 4>> numbersOf(const QString& value)
 {
     std::array<int, 4> numbers{};
     const QStringList parts = value.split(QLatin1Char(','));
-    for (qsizetype i = 0; i < std::min<qsizetype>(4, parts.size()); ++i)
-        numbers[static_cast<std::size_t>(i)] = parts[i].trimmed().toInt();
+    for (qsizetype i = 0; i < std::min<qsizetype>(4, parts.size()); ++i) {
+        bool isNumber = false;
+        const int number = parts[i].trimmed().toInt(&isNumber);
+        if (!isNumber || std::abs(number) > kMostSheetPixels)
+            return std::nullopt;
+        numbers[static_cast<std::size_t>(i)] = number;
+    }
     return numbers;
 }
 
@@ -41,7 +57,10 @@ int degreesOf(const QString& value)
 
 void take(Said& said, const QString& key, const QString& value)
 {
-    const auto [a, b, c, d] = numbersOf(value);
+    const std::optional<std::array<int, 4>> numbers = numbersOf(value);
+    if (isPixels(key) && !numbers && said.broken.isEmpty())
+        said.broken = key + QStringLiteral(": ") + value;
+    const auto [a, b, c, d] = numbers.value_or(std::array<int, 4>{});
     if (key == QLatin1String("bounds"))
         said.bounds = {a, b, c, d};
     else if (key == QLatin1String("xy"))
@@ -63,6 +82,8 @@ void take(Said& said, const QString& key, const QString& value)
 
 UT_Result<SheetRegion> regionOf(const Said& said)
 {
+    if (!said.broken.isEmpty())
+        return notPixels(said.name, said.broken);
     if (said.degrees % 90 != 0)
         return UT_Error{QStringLiteral("the region \"%1\" is turned by %2 degrees; quarter turns can be read")
                             .arg(said.name, QString::number(said.degrees))};

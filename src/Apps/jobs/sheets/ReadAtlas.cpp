@@ -64,12 +64,28 @@ QDir projectOf(const QString& path)
     return folder;
 }
 
+// Maps are written beside their pages, and an atlas may come from anybody: it names no page outside its own folder.
+bool leavesFolder(const QString& name)
+{
+    const QString clean = QDir::cleanPath(name);
+    return QDir::isAbsolutePath(clean) || clean == QLatin1String("..") || clean.startsWith(QLatin1String("../"));
+}
+
 UT_Result<QString> pageFile(const QString& path, const QString& name)
 {
     const QDir beside = QFileInfo(path).dir();
     static const QString res = QStringLiteral("res://");
-    const QString file = name.startsWith(res) ? projectOf(path).filePath(name.mid(res.size())) : beside.filePath(name);
-    const QString found = QFileInfo(file).isFile() ? file : beside.filePath(QFileInfo(name).fileName());
+    const bool inProject = name.startsWith(res);
+    const QString inside = inProject ? name.mid(res.size()) : name;
+    const QString fileName = QFileInfo(name).fileName();
+    const bool leaves = leavesFolder(inside);
+    const QString file = leaves ? beside.filePath(fileName) : (inProject ? projectOf(path) : beside).filePath(inside);
+    const QString found = QFileInfo(file).isFile() ? file : beside.filePath(fileName);
+    if (leaves && !QFileInfo(found).isFile())
+        return UT_Error{
+            QStringLiteral("%1: its page %2 is outside the atlas' folder, where nothing is read or written; "
+                           "put %3 beside the atlas")
+                .arg(path, name, fileName)};
     if (!QFileInfo(found).isFile())
         return UT_Error{QStringLiteral("%1: its page %2 is missing; it is looked for at %3").arg(path, name, file)};
     return QDir::cleanPath(found);
@@ -99,10 +115,11 @@ UT_Result<std::vector<Sheet>> readAtlas(const QString& path)
 
 namespace {
 
-// Where the map lies beside its page, with the map's name in place of the page's.
+// Where the map lies beside its page. A page that was found beside the atlas instead of outside its folder has its map
+// there.
 QString besidePage(const QString& page, const QString& map)
 {
-    return page.left(page.lastIndexOf(QLatin1Char('/')) + 1) + map;
+    return leavesFolder(page) ? map : page.left(page.lastIndexOf(QLatin1Char('/')) + 1) + map;
 }
 
 bool names(const std::vector<Sheet>& sheets, const PageNames& maps)

@@ -33,6 +33,13 @@ UT_Result<void> checkAlone(const SheetRegion& region, const QSize& page)
 
 } // namespace
 
+UT_Error notPixels(const QString& region, const QString& words)
+{
+    return UT_Error{QStringLiteral("the region \"%1\" has \"%2\", expected whole numbers of at most %3 pixels")
+                        .arg(region, words.left(80))
+                        .arg(kMostSheetPixels)};
+}
+
 QPoint SheetRegion::onPage(int x, int y) const
 {
     const QSize size = trimmed();

@@ -30,6 +30,12 @@ struct SheetRegion
     QPoint onPage(int x, int y) const;
 };
 
+/// The largest place and size, in pixels, that an atlas may say. Sums of several of them are integers still.
+inline constexpr int kMostSheetPixels = 1'000'000;
+
+/// The error for a region with words where a number of pixels should be.
+UT_Error notPixels(const QString& region, const QString& words);
+
 /// A page with its sprites.
 struct Sheet
 {

@@ -13,6 +13,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+using testing::AllOf;
 using testing::HasSubstr;
 
 namespace {
@@ -96,6 +97,15 @@ TEST(AtlasJson, SaysWhatIsMissing)
     EXPECT_THAT(errorOf(parseAtlasJson(R"({"meta": {"image": "a.png"}})")), HasSubstr("no \"frames\""));
 }
 
+TEST(AtlasJson, RefusesPlacesThatAreNoPixels)
+{
+    for (const char* const x : {"\"4\"", "1e300", "0.5", "-1000001", "true", "null", "[4]"}) {
+        const QByteArray json = QByteArray(R"({"meta": {"image": "p.png"}, "frames": {"hat": {"frame": {"x": )") + x +
+                                R"(, "y": 0, "w": 4, "h": 4}}}})";
+        EXPECT_THAT(errorOf(parseAtlasJson(json)), AllOf(HasSubstr("\"hat\""), HasSubstr("whole numbers"))) << x;
+    }
+}
+
 TEST(AtlasText, ReadsTheWordsOfTodayAndOfBefore)
 {
     const auto sheets = parseAtlasText("page.png\nsize: 64, 64\nfilter: Linear, Linear\n"
@@ -120,6 +130,25 @@ TEST(AtlasText, RefusesTurnsThatAreNoQuarters)
 {
     EXPECT_THAT(errorOf(parseAtlasText("p.png\na\n rotate: 45\n bounds: 0, 0, 1, 1\n")), HasSubstr("45 degrees"));
     EXPECT_THAT(errorOf(parseAtlasText("just words\n")), HasSubstr("no page with regions"));
+}
+
+TEST(AtlasText, RefusesPlacesThatAreNoPixels)
+{
+    for (const char* const place : {"bounds: 0, 0, 4, x", "bounds: 0, 0, 4, 4000000000", "xy: 1.5, 2", "orig: , 3"})
+        EXPECT_THAT(errorOf(parseAtlasText(QByteArray("p.png\nhat\n ") + place + "\n")),
+                    AllOf(HasSubstr("\"hat\""), HasSubstr(place)))
+            << place;
+    EXPECT_TRUE(parseAtlasText("p.png\nhat\n bounds: 0, 0, 4, 4\n rotate: false\n who: me\n"));
+}
+
+TEST(AtlasGodot, RefusesPlacesThatAreNoPixels)
+{
+    for (const char* const place : {"Rect2(0, 0, 4)", "Rect2(0, 0, 4, 1e300)", "Rect2(nan, 0, 4, 4)", "4"})
+        EXPECT_THAT(errorOf(parseAtlasGodot(QByteArray("[ext_resource path=\"res://p.png\" id=\"1\"]\n[resource]\n"
+                                                       "atlas = ExtResource(\"1\")\nregion = ") +
+                                            place + "\n")),
+                    HasSubstr("whole numbers"))
+            << place;
 }
 
 TEST(AtlasGodot, ReadsRegionsMarginsAndAnimations)
@@ -208,6 +237,29 @@ TEST_F(AtlasFile, FindsItsPageBesideItAndBelowTheProject)
     const auto godot = readAtlas(tres);
     ASSERT_TRUE(godot) << errorOf(godot);
     EXPECT_TRUE(godot->front().page.endsWith("game/art/page.png"));
+}
+
+TEST_F(AtlasFile, NamesNoPageOutsideItsFolder)
+{
+    write("outside/page.png", "");
+    for (const char* const page : {"../outside/page.png", "x/../../outside/page.png"}) {
+        QDir().remove(write("in/page.png", ""));
+        const QString atlas = write("in/page.atlas", QByteArray(page) + "\nx\n bounds: 0, 0, 1, 1\n");
+        EXPECT_THAT(errorOf(readAtlas(atlas)), HasSubstr("outside the atlas' folder")) << page;
+        write("in/page.png", "");
+        const auto sheets = readAtlas(atlas);
+        ASSERT_TRUE(sheets) << errorOf(sheets);
+        EXPECT_TRUE(sheets->front().page.endsWith("in/page.png"));
+    }
+    const QString tres =
+        write("in/hero.tres", "[ext_resource path=\"res://../outside/other.png\" id=\"1\"]\n[resource]\n"
+                              "atlas = ExtResource(\"1\")\nregion = Rect2(0, 0, 4, 4)\n");
+    write("outside/other.png", "");
+    EXPECT_THAT(errorOf(readAtlas(tres)), HasSubstr("outside the atlas' folder"));
+    const auto maps =
+        atlasOfMaps(write("in/far.atlas", "../outside/page.png\nx\n bounds: 0, 0, 1, 1\n"), {"page_n.png"});
+    ASSERT_TRUE(maps) << errorOf(maps);
+    EXPECT_EQ(*maps, "page_n.png\nx\n bounds: 0, 0, 1, 1\n");
 }
 
 TEST_F(AtlasFile, OfTheMapsNamesThePagesOfMaps)
