@@ -13,7 +13,8 @@ SCENE is a scene's folder. Each frame goes into a file of its own, which appears
 
 Files
   -o, --output FILE     where the frames go: out/n.####.exr or out/n.%04d.exr, where the number is filled up with zeros,
-                        or out/n.%d.exr; n.$F4.exr and n.<frame04>.exr mean the same. The ending says the format: .exr (OpenEXR) or .png (16 bits a channel)
+                        or out/n.%d.exr; n.$F4.exr and n.<frame04>.exr mean the same. The ending says the format:
+                        .exr (OpenEXR) or .png (16 bits a channel)
       --lit FILE        also writes the lit frames: lit/n.####.png
       --drawing FILE    also writes the drawing that belongs to the maps: flat/n.####.png
       --height FILE     also writes heights: OpenEXR files in pixels, others from black to white, the highest place of all
@@ -45,15 +46,17 @@ What is rendered
 
 How normals are written
       --layout tangent  vectors of unit length (default). OpenEXR files get the drawing as R G B A, linear and multiplied
-                        by coverage, and the layers N.X N.Y N.Z, from -1 to 1, elevation.Y and coverage.A; others x, y, z
-                        and coverage in the range of colours
+                        by coverage, and the layers N.X N.Y N.Z, from -1 to 1, elevation.Y and coverage.A; others x, y and
+                        z in the range of colours
       --layout node     the node's own four channels as they are
       --for NAME        as the program wants it that takes the maps: sets --y, --alpha, --bits and --pad where they are not
-                        given. quarvel help normalmap lists the names
+                        given. quarvel help normalmap lists the names. Without it PNG maps are right in most of them, and a
+                        line at the end says in which
       --y up|down       where the y of the vectors points (up)
-      --alpha coverage|opaque|hard   what the alpha of PNG maps holds (coverage)
+      --alpha coverage|opaque|hard   what the alpha of PNG maps holds (opaque)
       --bits 16|8       of a channel of PNG files (16); 8 are dithered
-      --pad N           grows the colours N pixels past the silhouette, in files that have no layers (0)
+      --pad N           grows the colours N pixels past the silhouette, in files that have no layers (PNG maps: 4;
+                        others: 0)
 
 OpenEXR files keep what spreads beyond the frame: their data window may be larger than their display window.
 
@@ -83,7 +86,7 @@ Examples
   quarvel render bounce.scene -o out/n.####.exr --shard 3/8 --progress json
   quarvel render bounce.scene -o out/line.####.png --node Composite --resolution 3840x2160
 
-Exit code: 0 when every frame was done, 1 when one was not (the others are), 2 when the command line made no sense, 130 when
-Ctrl-C stopped the run, 143 when the system did (SIGTERM).
+Exit code: 0 when every frame was done, 1 when one was not (the others are), 2 when the command line made no sense, 130
+when Ctrl-C stopped the run, 143 when the system did (SIGTERM).
 )");
 }

@@ -20,6 +20,8 @@
 
 #include <QDir>
 
+#include <algorithm>
+
 namespace {
 
 QString namesOf(const MO_Scene& scene)
@@ -82,6 +84,16 @@ UT_Result<void> nameFiles(const RenderOptions& options, RenderFramesSettings& se
     return options.preview.isEmpty() ? UT_Result<void>() : FilmFile::check(options.preview);
 }
 
+// The form where neither an option nor a target decides.
+NM_MapForm usualForm(const FramePictureSettings& picture)
+{
+    if (isIntegerMap(picture))
+        return kFormForMost;
+    // A map as the default layer of an OpenEXR file is opaque, as programs that show it expect.
+    const bool isMap = picture.floatFile && picture.exr != ExrContent::LAYERS;
+    return {.alpha = isMap ? NM_Alpha::FULL : NM_Alpha::COVERAGE};
+}
+
 FramePictureSettings pictureSettings(const RenderOptions& options, const RenderPlan& plan)
 {
     FramePictureSettings picture;
@@ -89,12 +101,15 @@ FramePictureSettings pictureSettings(const RenderOptions& options, const RenderP
     picture.shown = options.shown.value_or(plan.shown->kind());
     picture.layout = options.layout;
     picture.floatFile = IIO_isFloatFile(options.output);
-    // A map as the default layer of an OpenEXR file is opaque, as programs that show it expect.
     picture.exr = options.form.exr;
     picture.objectNumbers = options.form.objectNumbers;
     const bool isMap = picture.floatFile && picture.exr != ExrContent::LAYERS;
     picture.form = options.form.resolved({.alpha = isMap ? NM_Alpha::FULL : NM_Alpha::COVERAGE});
     picture.half = options.form.half;
+    picture.form = options.form.resolved(usualForm(picture));
+    if (const auto format = IIO_pictureFormatOf(options.output))
+        picture.form.bits = std::min(picture.form.bits, format->bitsPerChannel);
+    picture.half = options.half || options.form.half;
     picture.scene = QDir(QDir(options.scene).absolutePath()).dirName();
     picture.node = plan.shown->module().instanceName();
     picture.elevation = needsElevationInBlue(picture);
@@ -125,6 +140,8 @@ UT_Result<RenderFramesSettings> litSettings(const RenderOptions& options, const 
         return UT_Error{QStringLiteral("--lit writes pictures for the eye; name a .png file, not %1").arg(options.lit)};
     lit->content = FrameContent::LIT;
     lit->picture = litPictureSettings(plan.settings.picture);
+    // The map's own padding is not the picture's.
+    lit->picture.form.pad = options.form.resolved({}).pad;
     if (options.light) {
         lit->lighting = lightingOf(*options.light);
         lit->lightNote = QStringLiteral("%1, %2").arg(options.light->azimuth).arg(options.light->height);
@@ -288,6 +305,11 @@ UT_Result<void> checkFilesDiffer(const RenderOptions& options, const std::vector
 }
 
 } // namespace
+
+bool isIntegerMap(const FramePictureSettings& picture)
+{
+    return !picture.floatFile && picture.shown == RenderedKind::NORMALS && picture.layout == NM_Layout::TANGENT;
+}
 
 UT_Result<RenderPlan> renderPlan(const MO_Scene& scene, const RenderOptions& options, Report& report)
 {

@@ -25,6 +25,9 @@ struct RenderPlan
     double framesPerSecond = MO_Scene::kUsualFrameRate;
 };
 
+/// Whether the frames are normal maps of integers, whose form decides which programs light them correctly.
+bool isIntegerMap(const FramePictureSettings& picture);
+
 /// Makes the plan of a run. Warns about frames outside the scene and about what the wanted files cannot hold.
 ///
 /// @param scene which must outlive the plan

@@ -81,6 +81,20 @@ TEST_F(RenderProgram, RendersWhatTheDisplayShows)
     EXPECT_TRUE(picture->channels().contains(QStringLiteral("N.X")));
 }
 
+TEST_F(RenderProgram, WritesMapsOfIntegersAsMostProgramsTakeThem)
+{
+    const Outcome outcome = quarvel("small.scene -o n.png --lit lit.png --frames 1 --resolution 64");
+    ASSERT_EQ(outcome.exitCode, 0) << outcome.messages;
+    EXPECT_THAT(outcome.output, HasSubstr("y up, opaque, 16 bits, 4 pixels of padding: right for Blender"));
+    EXPECT_EQ(IIO_read(path("n.png"))->metadata().value(QStringLiteral("Alpha")), QStringLiteral("opaque"));
+    EXPECT_EQ(QImage(path("n.png")).pixelColor(0, 0).alpha(), 255);
+    EXPECT_EQ(QImage(path("lit.png")).pixelColor(0, 0).alpha(), 0);
+    EXPECT_EQ(quarvel("small.scene -o c.png --alpha coverage --frames 1 --resolution 64").exitCode, 0);
+    EXPECT_EQ(QImage(path("c.png")).pixelColor(0, 0).alpha(), 0);
+    EXPECT_EQ(quarvel("small.scene -o d.png --as colours --frames 1 --resolution 64").exitCode, 0);
+    EXPECT_EQ(QImage(path("d.png")).pixelColor(0, 0).alpha(), 0);
+}
+
 TEST_F(RenderProgram, RendersAllFramesAlikeWithOneJobAndTwo)
 {
     EXPECT_EQ(quarvel("small.scene -o one/n.##.exr --resolution 64 --jobs 1 -q").exitCode, 0);
