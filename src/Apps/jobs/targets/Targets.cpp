@@ -21,6 +21,7 @@ constexpr auto COVERAGE = NM_Alpha::COVERAGE;
 constexpr Target kTargets[] = {
     {"blender", "Blender", {UP, FULL, 16, 4}, "_n", "png", true, {"_height", "_ao", "_roughness", true}},
     {"compositor", "compositors", {UP, COVERAGE, 16, 0}, "_n", "exr", true, {}},
+    {"gamemaker", "GameMaker", {UP, FULL, 8, 4}, "_n", "png", false, {"_height", "_ao", "_specular"}},
     {"gltf", "glTF", {UP, FULL, 8, 8}, "_normal", "png", true, {"_height", "_occlusion", "_roughness", true}},
     {"godot", "Godot 4", {UP, FULL, 8, 8}, "_n", "png", true, {"_height", "_ao", "_specular"}},
     {"godot3", "Godot 3", {DOWN, FULL, 8, 8}, "_n", "png", true, {"_height", "_ao", "_specular"}},

@@ -69,7 +69,8 @@ TEST(Targets, WhatIsWrittenForMostSaysWhomItFits)
     EXPECT_THAT(line, HasSubstr("y up, opaque, 16 bits, 4 pixels of padding: right for Blender"));
     EXPECT_THAT(line, HasSubstr("PixiJS"));
     EXPECT_THAT(line, HasSubstr("--for godot3|unreal for others"));
-    EXPECT_THAT(fitsLine({.alpha = NM_Alpha::COVERAGE}).toStdString(), HasSubstr("--for godot3|melonjs|phaser|pixi"));
+    EXPECT_THAT(fitsLine({.alpha = NM_Alpha::COVERAGE}).toStdString(),
+                HasSubstr("--for gamemaker|godot3|melonjs|phaser|pixi"));
 }
 
 TEST(Targets, StandInTheDocumentsAsInTheTable)
