@@ -69,25 +69,26 @@ QString importHelp()
 
   quarvel import FILE... [-o NAME.scene] [options]
 
-Files of one kind become one scene, in which every layer is an element with an Object Definition behind it, and all of them go
-into a node "Normal-Map".
+Files of one kind become one scene, in which every layer is an element with an Object Definition behind it, and all of them
+go into a node "Normal-Map".
 
-  SVG drawings   one drawing a frame. Layers of the same name are one element through all frames; drawings that are equal are
-                 kept once; colours that are equal are one colour
+  SVG drawings   one drawing a frame. Layers of the same name are one element through all frames; drawings that are
+                 equal are kept once; colours that are equal are one colour
   bitmaps        sprites with alpha, a layer each, named after the file; files that differ in the frame number alone are one
-                 layer. Files without a number are shown all the time. The first name is the lowest layer
+                 layer. Files without a number are shown all the time. Layers lie in the order of their names, from the
+                 lowest up
   layered files  OpenRaster (.ora), PSD, Krita (.kra) and Aseprite (.aseprite, .ase), as SVG drawings: each visible layer is
                  an element, named with its groups. Blend modes are not kept, which is said once
   a film         one file of several frames: GIF, WebP, animated PNG or Aseprite. It keeps its frame rate
-  an animation   in the Lottie format (.json, and .lottie, of which the first animation is read). Its layers become elements,
-                 its frames count from 1. What cannot be kept, such as images, texts and effects, is said once
+  an animation   in the Lottie format (.json, and .lottie, of which the first animation is read). Its layers become
+                 elements, its frames count from 1. What cannot be kept, such as images, texts and effects, is said once
 
 A single drawing or animation may come through standard input: write - for it.
 
 The frame number is the last run of digits in a file's name: walk_0012.svg is frame 12. A single file, and files without any
 number, count from 1. Where numbers are left out, the drawing before holds.
 
-  -o, --output NAME       the scene, a folder. Default: the first file's name without the number, and .scene
+  -o, --output NAME       the scene, a folder. Default: the name of the first file, by name, without the number, and .scene
       --objects auto      what the drawing suggests (default): the layers that it declares; in a single drawing without
                           layers its parts, found by how shapes, colours and lines lie on each other; in several
                           drawings without layers the whole drawing is one object
@@ -99,7 +100,8 @@ number, count from 1. Where numbers are left out, the drawing before holds.
                           all of its breadth, or flat. One set of values holds for all frames: those that fit the
                           object where it is largest
       --volume V          how strong the form is, 0 to 2 (1): 0.5 for a flatter look
-      --object N:...      sets one object's values, as in quarvel normalmap: head:bevel=60:elevation=0.5, 'eye*:cutout', 2:hidden
+      --object N:...      sets one object's values, as in quarvel normalmap: head:bevel=60:elevation=0.5,
+                          'eye*:cutout', 2:hidden
       --force             writes over a scene that is there already
       --json              the result, warnings and errors as JSON on standard output
   -q, --quiet             nothing on standard output

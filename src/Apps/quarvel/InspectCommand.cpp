@@ -173,22 +173,26 @@ QString inspectHelp()
   quarvel inspect DRAWING... [options]
   quarvel inspect FRAME...
 
-Of a scene: its frames, the lights, the modules with what flows into them, the attributes that were changed (--all: every attribute), the
-elements with their drawings, the objects and the palettes. Values are written as "quarvel set" takes them.
+Of a scene: its frames, the lights, the modules with what flows into them, the attributes that were changed (--all: every
+attribute), the elements with their drawings, the objects and the palettes. Values are written as "quarvel set" takes them.
 
-Of a drawing: the objects that "quarvel normalmap" and "quarvel import" choose in it, with their numbers, names, shares of the
-picture, values, colours, and why each is an object. A number or a name goes into --object.
+Of a drawing: the objects that "quarvel normalmap" and "quarvel import" choose in it, with their numbers, names, shares of
+the picture, values, colours, and why each is an object. A number or a name goes into --object.
 
-Of a frame that "quarvel render" wrote: its scene, node, number and settings, and the digest of what it was made of. Frames of equal
-digests have equal pixels; "quarvel render --resume" leaves them alone.
+Of a frame that "quarvel render" wrote: its scene, node, number and settings, and the digest of what it was made of. Frames
+of equal digests have equal pixels; "quarvel render --resume" leaves them alone.
 
       --explain FILE.png  also paints the objects, each in a colour of its own and with its number
       --objects, --shape, --volume
                           as for quarvel normalmap
       --json              what is found, warnings and errors as JSON on standard output
+  -h, --help              this text
 
 Examples
   quarvel inspect walk.scene
   quarvel inspect hero.svg --explain hero_objects.png
+
+Exit code: 0 when everything could be read, 1 when something could not (the rest is told), 2 when the command line made no
+sense.
 )");
 }

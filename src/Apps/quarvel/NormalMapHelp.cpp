@@ -38,14 +38,15 @@ Files
                         program shows it, and the layers N.X N.Y N.Z, from -1 to 1, elevation.Y and coverage.A;
                         map: the map as R G B A, opaque, from 0 to 1; signed: the same from -1 to 1;
                         numbers: object.id beside the layers, the number of each pixel's object
-      --canvas          with --for godot: also writes NAME_canvas.tres, a CanvasTexture of the drawing, the map and the gloss,
-                        and with an .tres atlas NAME_lit.tres, whose frames show all of them
+      --canvas          with --for godot: also writes NAME_canvas.tres, a CanvasTexture of the drawing, the map and the
+                        gloss, and with an .tres atlas NAME_lit.tres, whose frames show all of them
       --suffix S        what the map's name adds to the drawing's (_n)
 
 For whom
-      --for NAME        as the program wants it that takes the map: blender, compositor, gltf, godot, godot3, melonjs,
-                        phaser, pixi, three, unity or unreal. Sets --y, --alpha, --bits, --pad and --suffix where they are
-                        not given, and the names of the pictures beside the map. Without it the map is right in most of them, and the last line says in which
+      --for NAME        as the program wants it that takes the map: blender, compositor, gamemaker, gltf, godot,
+                        godot3, melonjs, phaser, pixi, three, unity or unreal. Sets --y, --alpha, --bits, --pad and
+                        --suffix where they are not given, and the names of the pictures beside the map. Without it the
+                        map is right in most of them, and the last line says in which
       --y up|down       where the y of the vectors points; up (default) is what most engines call OpenGL, down DirectX
       --alpha opaque    the map's alpha is full (default of PNG files). Many engines multiply by alpha, which bends vectors
       --alpha coverage  the map's alpha is how much of a pixel is covered
@@ -54,8 +55,8 @@ For whom
       --pad N           grows the vectors N pixels past the silhouette, for texture filtering (4)
 
 The picture
-      --size WxH        its size in pixels; W alone takes the height from the drawing's shape. Default: the drawing's own size.
-                        A drawing of another shape is centred
+      --size WxH        its size in pixels; W alone takes the height from the drawing's shape. Default: the drawing's own
+                        size. A drawing of another shape is centred
       --float           renders everything in 32-bit float; without it only wide forms, where 16 bits would leave grain
       --layout tangent  x, y and z, what game engines and lighting tools take (default)
       --layout node     the node's own four channels as they are
@@ -68,8 +69,8 @@ Sheets: pages of many sprites, each rendered alone, in its own frame's measure
       --margin N        pixels around all cells (0)
       --spacing N       pixels between two cells (0)
       --animation       all cells are frames of one animation and share one set of values; without it each has its own
-      --connected       the cells are tiles that may touch each other: what reaches a cell's border goes on beyond it instead
-                        of being rounded there, and all tiles share one set of values
+      --connected       the cells are tiles that may touch each other: what reaches a cell's border goes on beyond it
+                        instead of being rounded there, and all tiles share one set of values
       --atlas FILE      says where sprites lie, instead of drawings: .json of Aseprite or TexturePacker, .atlas of libGDX or
                         Spine, .tres of Godot. Frames of one animation share one set of values. The atlas of the maps is
                         written beside them
@@ -103,14 +104,15 @@ Objects, numbered from the lowest, 1 up, and their form
                           tilt=X,Y       faces X degrees to the right and Y degrees upwards instead of at the viewer (0,0);
                                          below 0 to the left and down
                           rim=B[,H]      a second, narrow bevel at its outline: B wide, and H times as high (1)
-                          role=crease    is not seen: its strokes are grooves in what lies below; role=ridge: ridges; role=object:
-                                         none. Layers called crease or ridge have this role
+                          role=crease    is not seen: its strokes are grooves in what lies below; role=ridge: ridges;
+                                         role=object: none. Layers called crease or ridge have this role
                           relief=R       the same, R halves of a stroke's width high, below 0 deep (crease: -0.5)
       --level C=L       the level of a colour, from 0 (carves) to 255 (adds, the default for every colour);
                         C is a colour such as '#1b1b1b', or all
 
 The node's other attributes
-      --quality low|medium|high      how normals are derived: from four neighbours, from eight, or from eight and smoothed (low)
+      --quality low|medium|high      how normals are derived: from four neighbours, from eight, or from eight and
+                                     smoothed (low)
       --bevel-multiplier M           multiplies every bevel, 0 to 10 (1)
       --elevation-multiplier M       multiplies every elevation, 0 to 10 (1)
       --smoothness-multiplier M      multiplies every smoothness, 0.1 to 128 (1)

@@ -185,7 +185,7 @@ std::vector<Row> rows()
 
 UT_Error missing(const char* what)
 {
-    return {QString::fromLatin1(what) + QStringLiteral("; for instance: quarvel render walk.scene -o out/n.####.exr")};
+    return {QString::fromLatin1(what) + QStringLiteral(" For instance: quarvel render walk.scene -o out/n.####.exr")};
 }
 
 } // namespace
@@ -200,7 +200,7 @@ UT_Result<RenderOptions> parseRenderOptions(const QStringList& words)
         return options;
     const QStringList& scenes = *others;
     if (scenes.size() != 1)
-        return missing(scenes.isEmpty() ? "which scene?" : "one scene at a time is rendered");
+        return missing(scenes.isEmpty() ? "which scene?" : "one scene at a time is rendered.");
     options.scene = scenes.first();
     const QStringList outputs{options.output, options.preview,   options.lit,     options.drawing,  options.page,
                               options.height, options.occlusion, options.numbers, options.glossFile};

@@ -173,6 +173,7 @@ QString setHelp()
         "      --object N:...   sets one object's values, in the words of quarvel normalmap; all other objects stay\n"
         "  -q, --quiet          nothing on standard output; before the scene or at the end\n"
         "      --json           the change as JSON on standard output, with warnings and errors\n"
+        "  -h, --help           this text\n"
         "\n"
         "Examples\n"
         "  quarvel set walk.scene --object head:bevel=40 --object 'eye*:elevation=0.5'\n"
@@ -196,5 +197,11 @@ QString setHelp()
         "                                                               or add, or remove 2\n"
         "  quarvel set walk.scene rate 25                               the frames a second\n"
         "  quarvel set walk.scene frames 1-48                           the frames of the scene\n"
-        "  quarvel set walk.scene height 405                            the frame's height; it is 720 wide\n");
+        "  quarvel set walk.scene height 405                            the frame's height; it is 720 wide\n"
+        "\n"
+        "Exit code: 0 when the change is saved, or the scene was like this already; 1 when the scene could not be read "
+        "or\n"
+        "saved; 2 when the change made no sense; 130 or 143 when a signal stopped it (Ctrl-C, SIGTERM): then the last "
+        "line\n"
+        "says whether the change is saved.\n");
 }
