@@ -180,6 +180,8 @@ TEST_F(Words, AFileOfAnotherKindIsAnsweredWithTheNextStep)
     ASSERT_EQ(quarvel("import hero.svg -o s.scene"), 0) << said;
     EXPECT_EQ(quarvel("normalmap a.json"), 1);
     EXPECT_EQ(said, "quarvel: a.json: this is an animation; run quarvel import a.json\n");
+    EXPECT_EQ(quarvel("normalmap missing.json"), 1);
+    EXPECT_EQ(said, "quarvel: missing.json: there is no such file\n");
     EXPECT_EQ(quarvel("normalmap s.scene"), 1);
     EXPECT_EQ(said, "quarvel: s.scene: this is a scene; run quarvel render s.scene -o n.####.png\n");
     EXPECT_EQ(quarvel("import art -o art.scene"), 1);

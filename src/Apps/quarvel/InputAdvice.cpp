@@ -47,6 +47,8 @@ UT_Result<void> checkIsDrawing(const QString& path)
         return folderAdvice(path);
     if (DIO_drawingKindOf(path))
         return {};
+    if (!QFileInfo::exists(path))
+        return errorOf(path, QStringLiteral("there is no such file"));
     if (importableSuffixes().contains(UT_fileSuffix(path)))
         return errorOf(path, QStringLiteral("this is an animation; run quarvel import %1").arg(path));
     return kindAdvice(path);

@@ -27,6 +27,12 @@ struct Place
     bool isFolder; // what is named is a folder whether it exists or not
 };
 
+// A folder that exists, or one that is to be made.
+bool isFolderName(const QString& named)
+{
+    return named.endsWith(QLatin1Char('/')) || QFileInfo(named).isDir();
+}
+
 // Drawings that were found in a folder keep their places below it.
 QString besideOrIn(const QString& drawing, const Place& place, const QString& below)
 {
@@ -39,7 +45,7 @@ QString fileFor(const QString& drawing, const Place& place, const QString& below
 {
     if (!place.wanted)
         return {};
-    if (place.named.isEmpty() || place.isFolder || QFileInfo(place.named).isDir())
+    if (place.named.isEmpty() || place.isFolder || isFolderName(place.named))
         return besideOrIn(drawing, place, below);
     return place.named;
 }
@@ -63,7 +69,7 @@ Place placeOfGloss(const NormalMapOptions& options, const QString& suffix, bool 
     const bool besideMap = options.glossFile.isEmpty() && !several && !options.output.isEmpty();
     const QString named = options.glossFile.isEmpty() ? options.output : options.glossFile;
     return {&OutputFiles::gloss,
-            besideMap && !QFileInfo(named).isDir() ? QFileInfo(named).path() : named,
+            besideMap && !isFolderName(named) ? QFileInfo(named).path() : named,
             suffix,
             QStringLiteral("png"),
             options.gloss.isAny(),
@@ -94,7 +100,7 @@ UT_Result<void> checkFolder(const Place& place)
 {
     const bool isPicture = IIO_pictureFormatOf(place.named).ok();
     const bool isFile = isPicture || LitPageFile::check(place.named);
-    if (!place.isFolder || place.named.isEmpty() || !isFile || QFileInfo(place.named).isDir())
+    if (!place.isFolder || place.named.isEmpty() || !isFile || isFolderName(place.named))
         return {};
     return UT_Error{QStringLiteral("%1 names one %2, and there are several drawings; name a folder, which gets a %2 of "
                                    "each, or give one drawing at a time")
@@ -106,7 +112,11 @@ UT_Result<void> checkFormat(const QString& file)
     if (file.isEmpty() || file.endsWith(QLatin1String("_canvas.tres")))
         return {};
     const auto format = IIO_pictureFormatOf(file);
-    return format ? UT_Result<void>() : format.error();
+    if (format)
+        return {};
+    if (QFileInfo(file).suffix().isEmpty())
+        return UT_Error{QStringLiteral("%1; or write %2/ for a folder").arg(format.error().text, file)};
+    return format.error();
 }
 
 QString canvasFile(const QString& drawing, const QString& map, const NormalMapOptions& options)

@@ -71,6 +71,21 @@ TEST(OutputFiles, OfOneDrawingGoIntoAFolderThatExists)
     EXPECT_EQ(files->front().normalMap, QDir(folder.path()).filePath("hero_n.png"));
 }
 
+TEST(OutputFiles, OfOneDrawingGoIntoAFolderThatASlashNames)
+{
+    NormalMapOptions options = optionsFor({"hero.svg"});
+    options.output = "maps/";
+    options.lit = "lit/";
+    options.gloss.others = 0.5;
+    const auto files = outputFiles(options);
+    ASSERT_TRUE(files) << files.error().text.toStdString();
+    EXPECT_EQ(files->front().normalMap, "maps/hero_n.png");
+    EXPECT_EQ(files->front().lit, "lit/hero_lit.png");
+    EXPECT_EQ(files->front().gloss, "maps/hero_gloss.png");
+    options.output = "maps";
+    EXPECT_THAT(errorOf(options), HasSubstr("or write maps/ for a folder"));
+}
+
 TEST(OutputFiles, RefuseToMeetInOneName)
 {
     NormalMapOptions options = optionsFor({"left/hero.svg", "right/hero.svg"});
