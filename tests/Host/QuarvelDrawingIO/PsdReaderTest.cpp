@@ -122,6 +122,20 @@ TEST(PsdReader, LayersOfSixteenBitsKeepThem)
     expectDeepSquare(shapeOf(ofKrita, 0));
 }
 
+TEST(PsdReader, TheUsualModeMayBeWrittenBackwards)
+{
+    QFile original(fileOf("imagemagick16.psd"));
+    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
+    QByteArray bytes = original.readAll();
+    ASSERT_TRUE(bytes.contains("8BIMnorm"));
+    const QTemporaryDir folder;
+    QFile backwards(folder.filePath(QStringLiteral("a.psd")));
+    ASSERT_TRUE(backwards.open(QIODevice::WriteOnly));
+    backwards.write(bytes.replace("8BIMnorm", "8BIMmron"));
+    backwards.close();
+    EXPECT_TRUE(drawingOf(backwards.fileName()).warnings.isEmpty());
+}
+
 TEST(PsdReader, DamagedFilesDoNoHarm)
 {
     const QTemporaryDir folder;

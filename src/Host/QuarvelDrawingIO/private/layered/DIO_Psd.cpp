@@ -29,6 +29,12 @@ QString blendName(const QByteArray& key)
     return QString::fromLatin1(key).simplified();
 }
 
+// ImageMagick writes the key of the usual mode backwards.
+bool isUsual(const QByteArray& blend)
+{
+    return blend == "norm" || blend == "mron" || blend == "pass";
+}
+
 class PsdFile
 {
 public:
@@ -110,7 +116,7 @@ private:
                 continue;
             }
             const bool visible = around.visible && record->visible;
-            if (visible && record->blend != "norm" && record->blend != "pass")
+            if (visible && !isUsual(record->blend))
                 _modes << QStringLiteral("%1 (%2)").arg(blendName(record->blend), around.names + record->name);
             if (record->section == DIO_PsdSection::OPEN_GROUP || record->section == DIO_PsdSection::CLOSED_GROUP) {
                 open.push_back({around.names + record->name + QLatin1Char('/'),
