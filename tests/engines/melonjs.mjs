@@ -25,10 +25,12 @@ export async function setUp({ drawing, map, width, height, parent }) {
       lamp.pos.x = width / 2 + FAR * light[0];
       lamp.pos.y = height / 2 - FAR * light[1];
       lamp.lightHeight = FAR * light[2];
-      return new Promise((drawn) => {
+      const frame = () => new Promise((drawn) => {
         me.event.once(me.event.GAME_AFTER_DRAW, drawn);
         app.repaint();
       });
+      // What was just added or changed is seen from the next frame on, which on a busy machine is the first one.
+      return frame().then(frame);
     },
   };
 }
