@@ -7,6 +7,7 @@
 #include "QuarvelImageIO/IIO_Samples.h"
 #include "QuarvelImageIO/private/IIO_ExrHeader.h"
 #include "QuarvelImageIO/private/IIO_ExrStream.h"
+#include "QuarvelImageIO/private/IIO_KritaLayers.h"
 
 #include <OpenEXR/ImfChannelList.h>
 #include <OpenEXR/ImfFrameBuffer.h>
@@ -18,6 +19,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -59,6 +61,8 @@ Imf::Header headerOf(const IIO_Picture& picture, const IIO_WriteOptions& options
         header.channels().insert(channel.toStdString(), Imf::Channel(type));
     for (const auto& [key, value] : picture.metadata().entries())
         header.insert(key.toStdString(), Imf::StringAttribute(value.toStdString()));
+    if (const auto hidden = IIO_kritaLayers(header.channels()))
+        header.insert(kIIO_kritaLayers, Imf::StringAttribute(*hidden));
     return header;
 }
 
@@ -163,7 +167,8 @@ UT_Result<IIO_Picture> readStream(QIODevice& device, const QByteArray& name)
     file.setFrameBuffer(frameBufferOf(channels, *dataWindow, picture->row<float>(dataWindow->y1).data()));
     file.readPixels(dataWindow->y1, dataWindow->y2 - 1);
     for (auto it = file.header().begin(); it != file.header().end(); ++it)
-        if (const auto* text = dynamic_cast<const Imf::StringAttribute*>(&it.attribute()))
+        if (const auto* text = dynamic_cast<const Imf::StringAttribute*>(&it.attribute());
+            text && std::string_view(it.name()) != kIIO_kritaLayers)
             picture->metadata().set(QString::fromUtf8(it.name()), QString::fromStdString(text->value()));
     return picture;
 }

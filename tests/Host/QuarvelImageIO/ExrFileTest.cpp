@@ -88,6 +88,25 @@ TEST_F(ExrFile, MetadataComesBack)
         EXPECT_EQ(back->metadata().value(key), value);
 }
 
+// Krita lays all layers of a file on top of each other, unless this attribute names them all and hides them.
+TEST_F(ExrFile, LayersBesideAPictureAreHiddenInKrita)
+{
+    const QString file = path(QStringLiteral("p.exr"));
+    const auto said = [&](const QStringList& channels) {
+        EXPECT_TRUE(IIO_writeExr(file, randomFloats({0, 0, 4, 4}, {0, 0, 4, 4}, channels, 1), {}).ok());
+        EXPECT_TRUE(IIO_readExr(file)->metadata().entries().empty()) << "it is no text of the picture";
+        QFile written(file);
+        EXPECT_TRUE(written.open(QIODevice::ReadOnly));
+        return written.readAll();
+    };
+    const QStringList layers{QStringLiteral("N.X"), QStringLiteral("N.Y"), QStringLiteral("a&b.Y")};
+    EXPECT_TRUE(said(IIO_channelsRgba() + layers)
+                    .contains("<krita_layers_info><layer exr_name=\"N\" visible=\"0\"/>"
+                              "<layer exr_name=\"a&amp;b\" visible=\"0\"/></krita_layers_info>"));
+    EXPECT_FALSE(said(layers).contains("krita")) << "nothing else could be seen";
+    EXPECT_FALSE(said(IIO_channelsRgba()).contains("krita"));
+}
+
 TEST_F(ExrFile, AKeyOfTheFormatItselfIsRefused)
 {
     for (const char* key : {"dataWindow", "channels", "compression", "tiles"}) {
