@@ -24,12 +24,16 @@ SIDE = 512
 SECONDS = 60
 
 
+# Of an inch of 96 pixels; width and height need not have the same unit.
+PIXELS = {"": 1.0, "px": 1.0, "pt": 96 / 72, "pc": 16.0, "mm": 96 / 25.4, "cm": 96 / 2.54, "in": 96.0, "em": 16.0, "ex": 8.0}
+
+
 def page_of(drawing: Path) -> tuple[float, float]:
-    """Width and height, in any unit."""
+    """Width and height, in pixels."""
     root = ElementTree.parse(drawing).getroot()
-    numbers = [re.match(r"[\d.]+(?!.*%)", root.get(name, "")) for name in ("width", "height")]
-    if all(numbers):
-        return float(numbers[0].group()), float(numbers[1].group())
+    lengths = [re.fullmatch(r"\s*([\d.]+)\s*([a-z]*)\s*", root.get(name, "")) for name in ("width", "height")]
+    if all(length and length.group(2) in PIXELS for length in lengths):
+        return tuple(float(length.group(1)) * PIXELS[length.group(2)] for length in lengths)
     box = re.split(r"[\s,]+", root.get("viewBox", "0 0 1 1").strip())
     return float(box[2]), float(box[3])
 
