@@ -239,7 +239,7 @@ TEST_F(Program, RefusesSizesThatDoNotFitBeforeItTriesThem)
     EXPECT_EQ(large.exitCode, 2);
     EXPECT_THAT(large.messages, HasSubstr("--size 1000000x1000000: a picture is at most 32767 pixels wide"));
     // A width alone lets the height follow from the drawing, which is seen only then.
-    write("tall.svg", QByteArray(kTwoLayers).replace("viewBox=\"0 0 72 72\"", "viewBox=\"0 0 72 1440\""));
+    write("tall.svg", QByteArray(kTwoLayers).replace("height=\"64\"", "height=\"1280\""));
     EXPECT_EQ(quarvel("normalmap tall.svg --size 30000").exitCode, 1);
     QFile::remove(path("tall.svg"));
     EXPECT_EQ(quarvel("normalmap hero.svg --size 0x10").exitCode, 2);

@@ -4,6 +4,7 @@
 // program says does not depend on which of them was ready first.
 #pragma once
 
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 #include "jobs/limits/JobWorkers.h"
 
 #include <atomic>

@@ -90,6 +90,19 @@ NM_MapForm usualForm(const FramePictureSettings& picture)
     if (isIntegerMap(picture))
         return kFormForMost;
     // A map as the default layer of an OpenEXR file is opaque, as programs that show it expect.
+    const bool isMap = picture.floatFile && picture.exr != ExrContent::LAYERS;
+    return {.alpha = isMap ? NM_Alpha::FULL : NM_Alpha::COVERAGE};
+}
+
+FramePictureSettings pictureSettings(const RenderOptions& options, const RenderPlan& plan)
+{
+    FramePictureSettings picture;
+    picture.source = plan.shown->kind();
+    picture.shown = options.shown.value_or(plan.shown->kind());
+    picture.layout = options.layout;
+    picture.floatFile = IIO_isFloatFile(options.output);
+    picture.exr = options.form.exr;
+    picture.objectNumbers = options.form.objectNumbers;
     picture.form = formInFile(options.form.resolved(usualForm(picture)), options.output);
     picture.half = options.form.half;
     picture.scene = QDir(QDir(options.scene).absolutePath()).dirName();

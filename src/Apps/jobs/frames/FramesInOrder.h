@@ -4,6 +4,7 @@
 // frames: films and pages.
 #pragma once
 
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 #include "jobs/frames/RenderFrames.h"
 #include "jobs/limits/JobWorkers.h"
 

@@ -6,6 +6,7 @@
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 #include "jobs/frames/FrameDigest.h"
 #include "jobs/frames/FrameOnDisk.h"
 #include "jobs/frames/OutputFolder.h"
