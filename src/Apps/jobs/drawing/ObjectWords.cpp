@@ -9,6 +9,8 @@
 #include "form/ReliefLayers.h"
 #include "jobs/drawing/ObjectNames.h"
 
+#include <QLocale>
+
 #include <cmath>
 #include <functional>
 #include <limits>
@@ -74,9 +76,8 @@ std::vector<double> numbersIn(const QString& text)
 
 bool takeTilt(ObjectSettings& object, const QString& text)
 {
-    constexpr double kMost = 90.0;
     const std::vector<double> degrees = numbersIn(text);
-    if (degrees.size() != 2 || std::abs(degrees[0]) > kMost || std::abs(degrees[1]) > kMost)
+    if (degrees.size() != 2 || std::abs(degrees[0]) > kMostTilt || std::abs(degrees[1]) > kMostTilt)
         return false;
     object.tilt = ObjectTilt{degrees[0], degrees[1]};
     return true;
@@ -85,7 +86,6 @@ bool takeTilt(ObjectSettings& object, const QString& text)
 // The bevel, with or without the height.
 bool takeRim(ObjectSettings& object, const QString& text)
 {
-    constexpr double kMostRim = 720.0;
     constexpr double kMostHeight = 10.0;
     std::vector<double> values = numbersIn(text);
     if (values.size() == 1)
@@ -114,7 +114,7 @@ const std::vector<ObjectWord>& objectWords()
              number(&ObjectSettings::bevel, 0.0, kMostBevel)},
             {QStringLiteral("elevation"), QStringLiteral("a number such as 1 or -0.5"), takeElevation},
             {QStringLiteral("smoothness"), QStringLiteral("a number from 0.01 to 128 such as 1.7"),
-             number(&ObjectSettings::smoothness, 0.01, 128.0)},
+             number(&ObjectSettings::smoothness, kLeastSmoothness, kMostSmoothness)},
             {QStringLiteral("level"), QStringLiteral("a number from 0 to 1"), number(&ObjectSettings::level, 0.0, 1.0)},
             {QStringLiteral("coverage"), yes, truth(&ObjectSettings::scaleByCoverage)},
             {QStringLiteral("cutout"), yes, truth(&ObjectSettings::cutOut)},
@@ -181,6 +181,23 @@ UT_Result<void> takeObjectWords(ObjectWishes& wishes, const QString& words)
     else
         wishes.namedObjects.emplace_back(meant, said);
     return {};
+}
+
+QString objectWords(const ObjectSettings& object)
+{
+    const auto text = [](double value) { return QString::number(value, 'g', QLocale::FloatingPointShortest); };
+    QStringList words;
+    if (object.bevel)
+        words << QStringLiteral("bevel=%1").arg(text(*object.bevel));
+    if (object.elevation)
+        words << QStringLiteral("elevation=%1").arg(text(*object.elevation));
+    if (object.smoothness)
+        words << QStringLiteral("smoothness=%1").arg(text(*object.smoothness));
+    if (object.tilt)
+        words << QStringLiteral("tilt=%1,%2").arg(text(object.tilt->x), text(object.tilt->y));
+    if (object.rim)
+        words << QStringLiteral("rim=%1,%2").arg(text(object.rim->bevel), text(object.rim->height));
+    return words.join(u':');
 }
 
 const QStringList& objectChoiceWords()

@@ -30,6 +30,16 @@
 /// The largest accepted bevel: it reaches across the picture more than a hundred times.
 inline constexpr double kMostBevel = 100'000.0;
 
+/// The limits of a smoothness.
+inline constexpr double kLeastSmoothness = 0.01;
+inline constexpr double kMostSmoothness = 128.0;
+
+/// The largest tilt each way, in degrees.
+inline constexpr double kMostTilt = 90.0;
+
+/// The widest rim: as wide as the picture.
+inline constexpr double kMostRim = 720.0;
+
 /// The highest relief.
 inline constexpr double kMostRelief = 4.0;
 
@@ -45,6 +55,10 @@ UT_Result<void> takeObjectWord(ObjectSettings& object, const QString& word);
 ///
 /// @return an error that says what was expected; then nothing is set
 UT_Result<void> takeObjectWords(ObjectWishes& wishes, const QString& words);
+
+/// The words for bevel, elevation, smoothness, tilt and rim, of those that are set: "bevel=24:elevation=0.5:rim=3,1".
+/// takeObjectWord() takes each of them.
+QString objectWords(const ObjectSettings& object);
 
 /// The words for what becomes an object, in the order of ObjectChoice.
 const QStringList& objectChoiceWords();

@@ -1,9 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Copied values are text on the clipboard that people can read, "bevel 24 elevation 1 smoothness 1.8", so that they can
-// be sent in a message and pasted from there.
+// Copied values are text on the clipboard that people can read, "bevel=24:elevation=1:smoothness=1.8:tilt=0,0:rim=0,1",
+// so that they can be sent in a message and pasted from there, or used on the command line after --object NAME:.
 #include "studio/objects/ObjectActions.h"
 
+#include "jobs/drawing/ObjectWords.h"
 #include "studio/objects/ObjectPresets.h"
 #include "studio/window/Icons.h"
 
@@ -12,37 +13,32 @@
 #include <QClipboard>
 #include <QInputDialog>
 #include <QMenu>
-#include <QRegularExpression>
 #include <QWidget>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
-QString textOf(const NormalMapObject& values)
+std::optional<ObjectSettings> valuesIn(const QString& text)
 {
-    const auto text = [](double value) { return QString::number(value, 'g', QLocale::FloatingPointShortest); };
-    return QStringLiteral("bevel %1 elevation %2 smoothness %3")
-        .arg(text(values.bevel), text(values.elevation), text(values.smoothness));
+    ObjectSettings values;
+    for (const QString& word : text.trimmed().split(u':'))
+        if (!takeObjectWord(values, word))
+            return std::nullopt;
+    return values;
 }
 
-std::optional<NormalMapObject> valuesIn(const QString& text)
+// What the program chose for the object when its drawing was opened. It chooses neither rims nor tilts.
+ObjectSettings chosenSettings(const SceneObject& object)
 {
-    static const QRegularExpression pattern(QStringLiteral(R"(^\s*bevel (\S+) elevation (\S+) smoothness (\S+)\s*$)"));
-    const QRegularExpressionMatch match = pattern.match(text);
-    if (!match.hasMatch())
-        return std::nullopt;
-    NormalMapObject values;
-    int index = 1;
-    for (const ObjectValue value : kObjectValues) {
-        bool isNumber = false;
-        const double number = match.captured(index++).toDouble(&isNumber);
-        if (!isNumber || !std::isfinite(number))
-            return std::nullopt;
-        setValue(values, value, number);
-    }
-    return values;
+    const NormalMapObject form = chosenForm(object);
+    ObjectSettings settings;
+    settings.bevel = form.bevel;
+    settings.elevation = form.elevation;
+    settings.smoothness = form.smoothness;
+    settings.rim = ObjectRim{0.0, ObjectDefinition::kRimHeight};
+    settings.tilt = ObjectTilt();
+    return settings;
 }
 
 } // namespace
@@ -56,7 +52,7 @@ ObjectActions::ObjectActions(DocumentObjects& objects, QWidget& window)
                    QKeySequence(Qt::Key_X)))
     , _hide(make(tr("Hide"), tr("Hides the selected objects"), QKeySequence(Qt::Key_H)))
     , _solo(make(tr("Solo"), tr("Shows the selected objects alone"), QKeySequence(Qt::Key_S)))
-    , _copy(make(tr("Copy Values"), tr("Copies bevel, elevation and smoothness of the selected object"),
+    , _copy(make(tr("Copy Values"), tr("Copies bevel, elevation, smoothness, tilt and rim of the selected object"),
                  QKeySequence::Copy))
     , _paste(make(tr("Paste Values"), tr("Gives the copied values to the selected objects"), QKeySequence::Paste))
     , _reset(make(tr("Reset Values"),
@@ -69,10 +65,10 @@ ObjectActions::ObjectActions(DocumentObjects& objects, QWidget& window)
     _cutOut->setObjectName(QStringLiteral("cut-out"));
     _hide->setObjectName(QStringLiteral("hide"));
     _solo->setObjectName(QStringLiteral("solo"));
-    connect(_carve, &QAction::triggered, this, [this](bool on) { _objects.change(carveCmd(_objects.selected(), on)); });
-    connect(_cutOut, &QAction::triggered, this, [this](bool on) {
-        _objects.change(cutOutCmd(_objects.selected(), _objects.all(), on, _objects.document().currentFrame()));
-    });
+    connect(_carve, &QAction::triggered, this,
+            [this](bool on) { _objects.change(carveCmd(_objects.selected(), frame(), on)); });
+    connect(_cutOut, &QAction::triggered, this,
+            [this](bool on) { _objects.change(cutOutCmd(_objects.selected(), _objects.all(), on, frame())); });
     connect(_hide, &QAction::triggered, this, [this](bool on) { _objects.change(hideCmd(_objects.selected(), on)); });
     connect(_solo, &QAction::triggered, this,
             [this](bool on) { _objects.change(soloCmd(_objects.selected(), _objects.all(), on)); });
@@ -125,30 +121,33 @@ void ObjectActions::update()
 void ObjectActions::copyValues()
 {
     if (!_objects.selected().empty())
-        QApplication::clipboard()->setText(textOf(_objects.selected().back().values));
+        QApplication::clipboard()->setText(objectWords(settingsOf(_objects.selected().back())));
 }
 
 void ObjectActions::pasteValues()
 {
     if (const auto values = valuesIn(QApplication::clipboard()->text()))
-        _objects.change(
-            giveValuesCmd(_objects.selected(), tr("Paste Values to %1"), [&](const SceneObject&) { return *values; }));
+        _objects.change(giveValuesCmd(_objects.selected(), frame(), tr("Paste Values to %1"),
+                                      [&](const SceneObject&) { return *values; }));
 }
 
 void ObjectActions::resetValues(std::optional<ObjectValue> value)
 {
     if (value)
-        return _objects.change(changeValueCmd(_objects.selected(), *value, [&](const SceneObject& object) {
-            return valueOf(chosenForm(object), *value);
+        return _objects.change(changeValueCmd(_objects.selected(), *value, frame(), [&](const SceneObject& object) {
+            return isInTable(*value) ? valueOf(chosenForm(object), *value) : 0.0;
         }));
-    _objects.change(giveValuesCmd(_objects.selected(), tr("Reset Values of %1"), chosenForm));
+    _objects.change(giveValuesCmd(_objects.selected(), frame(), tr("Reset Values of %1"), chosenSettings));
 }
 
-// Nobody chooses a tilt when a drawing is opened: where nothing else is said, an object faces the viewer.
 void ObjectActions::resetTilt()
 {
-    _objects.change(tiltCmd(_objects.selected(), _objects.document().currentFrame(),
-                            [](const SceneObject&) { return ObjectTilt(); }));
+    _objects.change(tiltCmd(_objects.selected(), frame(), [](const SceneObject&) { return ObjectTilt(); }));
+}
+
+double ObjectActions::frame() const
+{
+    return _objects.document().currentFrame();
 }
 
 void ObjectActions::fillMenu(QMenu& menu)
@@ -162,7 +161,8 @@ void ObjectActions::fillMenu(QMenu& menu)
     fillPresets(*presets);
     QMenu* const resets = menu.addMenu(tr("Reset"));
     resets->setEnabled(haveValues);
-    for (const ObjectValue value : kObjectValues)
+    for (const ObjectValue value :
+         {ObjectValue::BEVEL, ObjectValue::ELEVATION, ObjectValue::SMOOTHNESS, ObjectValue::RIM})
         resets->addAction(ObjectTexts::name(value), this, [this, value] { resetValues(value); });
     resets->addAction(ObjectTexts::tiltName(), this, &ObjectActions::resetTilt);
     resets->addSeparator();
@@ -193,7 +193,7 @@ void ObjectActions::applyPreset(const ObjectPreset& preset)
 {
     // %1 is replaced later by the objects; the preset's name may contain a % itself.
     const QString name = tr("%2 for %1", "a preset for an object").replace(QStringLiteral("%2"), preset.name);
-    _objects.change(giveValuesCmd(_objects.selected(), name, [&](const SceneObject& object) {
+    _objects.change(giveValuesCmd(_objects.selected(), frame(), name, [&](const SceneObject& object) {
         return valuesOf(preset, _breadth ? _breadth(object) : 0.0);
     }));
 }
@@ -202,7 +202,7 @@ void ObjectActions::saveAsPreset()
 {
     if (_objects.selected().empty())
         return;
-    const NormalMapObject values = _objects.selected().back().values;
+    const ObjectSettings values = settingsOf(_objects.selected().back());
     const QString name =
         QInputDialog::getText(&_window, tr("Save Values as Preset"), tr("The preset's name:")).trimmed();
     if (!name.isEmpty())

@@ -45,6 +45,7 @@ private:
     void pasteValues();
     void resetValues(std::optional<ObjectValue> value);
     void resetTilt();
+    double frame() const;
     void fillPresets(QMenu& menu);
     void applyPreset(const struct ObjectPreset& preset);
     void saveAsPreset();

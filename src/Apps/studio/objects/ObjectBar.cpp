@@ -80,16 +80,19 @@ ObjectBar::ObjectBar(DocumentObjects& objects, ObjectActions& actions, ObjectHan
     auto* const values = new QGridLayout;
     values->setHorizontalSpacing(6);
     values->setVerticalSpacing(1);
+    constexpr int kColumns = 3;
     for (const ObjectValue value : kObjectValues) {
-        const auto column = static_cast<int>(value);
+        const auto index = static_cast<int>(value);
+        const int column = index % kColumns;
+        const int row = 2 * (index / kColumns);
         auto* const field = new ValueField(value);
-        field->setObjectName(QStringLiteral("bar-value-%1").arg(column));
+        field->setObjectName(QStringLiteral("bar-value-%1").arg(index));
         field->setFixedWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("-000.0000")) + 28);
         auto* const caption = new QLabel(ObjectTexts::name(value));
         caption->setBuddy(field);
-        values->addWidget(caption, 0, column);
-        values->addWidget(field, 1, column);
-        _fields[column] = field;
+        values->addWidget(caption, row, column);
+        values->addWidget(field, row + 1, column);
+        _fields[index] = field;
         connect(field, &QDoubleSpinBox::valueChanged, this, [this, value](double number) { take(value, number); });
         connect(field, &QDoubleSpinBox::editingFinished, &objects, &DocumentObjects::finishChange);
     }
@@ -125,7 +128,7 @@ void ObjectBar::showValues()
     for (const ObjectValue value : kObjectValues) {
         ValueField& shown = field(value);
         const QSignalBlocker quiet(shown);
-        shown.setValue(valueOf(current.values, value));
+        shown.setValue(valueOf(current, value));
         shown.setEnabled(!current.isCutOut());
     }
 }
@@ -146,7 +149,8 @@ void ObjectBar::place(const QRectF& object)
 
 void ObjectBar::take(ObjectValue value, double number)
 {
-    _objects.changeOn(changeValueCmd(_objects.selected(), value, [number](const SceneObject&) { return number; }));
+    _objects.changeOn(changeValueCmd(_objects.selected(), value, _objects.document().currentFrame(),
+                                     [number](const SceneObject&) { return number; }));
 }
 
 void ObjectBar::keyPressEvent(QKeyEvent* event)

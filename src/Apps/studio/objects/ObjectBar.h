@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// ObjectBar: a small panel in the picture near the selected object, with its name, its three values and the most used
+// ObjectBar: a small panel in the picture near the selected object, with its name, its values and the most used
 // actions. Entered values apply to all selected objects.
 #pragma once
 
@@ -38,5 +38,5 @@ private:
     ObjectHands& _hands;
     Viewer& _viewer;
     QLabel* _name;
-    ValueField* _fields[3] = {};
+    ValueField* _fields[std::size(kObjectValues)] = {};
 };

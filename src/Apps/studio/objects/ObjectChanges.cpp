@@ -11,18 +11,13 @@
 #include "QuarvelSceneCore/editing/MO_AttrCommands.h"
 #include "QuarvelSceneCore/editing/MO_NamedChange.h"
 
-#include <QLocale>
-
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <map>
 #include <set>
 
 namespace {
-
-// The node treats an object of elevation 0 as empty.
-constexpr double kLeastElevation = 1e-4;
-constexpr double kMostTilt = 90.0;
 
 using Change = std::function<NormalMapObject(const SceneObject&)>;
 
@@ -47,7 +42,9 @@ std::unique_ptr<CO_OrCommand> tablesCmd(const std::vector<SceneObject>& objects,
         }
         NormalMapObject values = change(object);
         values.number = object.number();
-        table->second[values.number] = values;
+        // An object without a row has the values of a new one.
+        if (values != object.values || table->second.contains(values.number))
+            table->second[values.number] = values;
     }
     auto all = std::make_unique<CO_OrCommand>();
     for (MO_Module* const node : nodes) {
@@ -57,6 +54,76 @@ std::unique_ptr<CO_OrCommand> tablesCmd(const std::vector<SceneObject>& objects,
         all->append(NormalMapNode(*node).objectsCmd(rows));
     }
     return all;
+}
+
+// An object's row in the table with one other value.
+NormalMapObject rowWith(const SceneObject& object, ObjectValue value,
+                        const std::function<double(const SceneObject&)>& change)
+{
+    NormalMapObject row = object.values;
+    (value == ObjectValue::BEVEL       ? row.bevel
+     : value == ObjectValue::ELEVATION ? row.elevation
+                                       : row.smoothness) = change(object);
+    return row;
+}
+
+// The row with the values that are set.
+NormalMapObject rowWith(const SceneObject& object, const ObjectSettings& settings)
+{
+    NormalMapObject row = object.values;
+    row.bevel = settings.bevel.value_or(row.bevel);
+    row.elevation = settings.elevation.value_or(row.elevation);
+    row.smoothness = settings.smoothness.value_or(row.smoothness);
+    return row;
+}
+
+AT_AnimatableAttr* numberOf(const ObjectDefinition& definition, ObjectValue value)
+{
+    switch (value) {
+    case ObjectValue::RIM:
+        return definition.rimBevel();
+    case ObjectValue::TILT_RIGHT:
+        return definition.tiltX();
+    default:
+        return definition.tiltY();
+    }
+}
+
+// The numbers of the objects' definitions; cut-outs have no values.
+std::vector<MO_NumberChange> numbersOf(const std::vector<SceneObject>& objects, ObjectValue value,
+                                       const std::function<double(const SceneObject&)>& change)
+{
+    std::vector<MO_NumberChange> numbers;
+    for (const SceneObject& object : objects)
+        if (!object.isCutOut())
+            for (const ObjectDefinition* const definition : object.definitions)
+                numbers.push_back({numberOf(*definition, value), change(object)});
+    return numbers;
+}
+
+// Only the numbers that are different, because an animated one would get a key even for the value that it has.
+std::vector<MO_NumberChange> numbersThatChange(const std::vector<SceneObject>& objects, double frame,
+                                               const std::function<ObjectSettings(const SceneObject&)>& values)
+{
+    std::vector<MO_NumberChange> numbers;
+    const auto add = [&](AT_DoubleAttr* number, double value) {
+        if (number->value(frame) != value)
+            numbers.push_back({number, value});
+    };
+    for (const SceneObject& object : objects) {
+        const ObjectSettings given = object.isCutOut() ? ObjectSettings() : values(object);
+        for (const ObjectDefinition* const definition : object.definitions) {
+            if (given.tilt) {
+                add(definition->tiltX(), given.tilt->x);
+                add(definition->tiltY(), given.tilt->y);
+            }
+            if (given.rim) {
+                add(definition->rimBevel(), given.rim->bevel);
+                add(definition->rimHeight(), given.rim->height);
+            }
+        }
+    }
+    return numbers;
 }
 
 const SceneObject* currentOf(const std::vector<SceneObject>& objects)
@@ -109,109 +176,30 @@ private:
 
 } // namespace
 
-QString ObjectTexts::name(ObjectValue value)
-{
-    switch (value) {
-    case ObjectValue::BEVEL:
-        return tr("Bevel");
-    case ObjectValue::ELEVATION:
-        return tr("Elevation");
-    case ObjectValue::SMOOTHNESS:
-        break;
-    }
-    return tr("Smoothness");
-}
-
-QString ObjectTexts::explanation(ObjectValue value)
-{
-    switch (value) {
-    case ObjectValue::BEVEL:
-        return tr("How far the rounding reaches in from the outline; the picture is 720 units wide");
-    case ObjectValue::ELEVATION:
-        return tr("How high the object rises; 1 is 37.5 units of a picture 720 wide, negative values sink in");
-    case ObjectValue::SMOOTHNESS:
-        break;
-    }
-    return tr("How round the profile is: 1 follows the bevel, more is fuller, less is more pointed");
-}
-
-QString ObjectTexts::tiltName()
-{
-    return tr("Tilt");
-}
-
-QString ObjectTexts::tilt(const ObjectTilt& tilt)
-{
-    return tr("%1, %2", "a tilt to the right and upwards, in degrees").arg(number(tilt.x), number(tilt.y));
-}
-
-QString ObjectTexts::number(double value)
-{
-    return QLocale().toString(std::round(value * 1e4) / 1e4, 'g', 6);
-}
-
-QString ObjectTexts::subject(const std::vector<SceneObject>& objects)
-{
-    return objects.size() == 1 ? objects.front().name : tr("%n objects", nullptr, static_cast<int>(objects.size()));
-}
-
-QString ObjectTexts::ofObjects(const QString& what, const std::vector<SceneObject>& objects)
-{
-    return tr("%1 of %2", "Bevel of Head").arg(what, subject(objects));
-}
-
-QString ObjectTexts::valueOf(ObjectValue value, const std::vector<SceneObject>& objects)
-{
-    return ofObjects(name(value), objects);
-}
-
-double valueOf(const NormalMapObject& values, ObjectValue value)
-{
-    switch (value) {
-    case ObjectValue::BEVEL:
-        return values.bevel;
-    case ObjectValue::ELEVATION:
-        return values.elevation;
-    case ObjectValue::SMOOTHNESS:
-        break;
-    }
-    return values.smoothness;
-}
-
-void setValue(NormalMapObject& values, ObjectValue value, double number)
-{
-    switch (value) {
-    case ObjectValue::BEVEL:
-        values.bevel = std::max(0.0, number);
-        break;
-    case ObjectValue::ELEVATION:
-        values.elevation = std::abs(number) < kLeastElevation ? kLeastElevation : number;
-        break;
-    case ObjectValue::SMOOTHNESS:
-        values.smoothness = std::max(0.0, number);
-        break;
-    }
-}
-
-MO_EditCommand changeValueCmd(const std::vector<SceneObject>& objects, ObjectValue value,
+MO_EditCommand changeValueCmd(const std::vector<SceneObject>& objects, ObjectValue value, double frame,
                               const std::function<double(const SceneObject&)>& change)
 {
-    const auto changed = [&](const SceneObject& object) {
-        NormalMapObject values = object.values;
-        setValue(values, value, change(object));
-        return values;
-    };
     const SceneObject* const current = currentOf(objects);
     if (!current)
         return nullptr;
-    return named(tablesCmd(objects, changed),
-                 {ObjectTexts::valueOf(value, objects), ObjectTexts::number(valueOf(current->values, value)),
-                  ObjectTexts::number(valueOf(changed(*current), value))});
+    const auto changed = [&](const SceneObject& object) { return clampedTo(value, change(object)); };
+    const QString what = ObjectTexts::valueOf(value, objects);
+    const MO_ChangeWords words{what, ObjectTexts::number(valueOf(*current, value)),
+                               ObjectTexts::number(changed(*current))};
+    if (isInTable(value))
+        return named(tablesCmd(objects, [&](const SceneObject& object) { return rowWith(object, value, changed); }),
+                     words);
+    return MO_namedCmd(MO_numbersCmd(what, frame, numbersOf(objects, value, changed)), words);
 }
 
-MO_EditCommand giveValuesCmd(const std::vector<SceneObject>& objects, const QString& name, const Change& values)
+MO_EditCommand giveValuesCmd(const std::vector<SceneObject>& objects, double frame, const QString& name,
+                             const std::function<ObjectSettings(const SceneObject&)>& values)
 {
-    return named(tablesCmd(objects, values), {name.arg(ObjectTexts::subject(objects)), {}, {}});
+    const auto given = [&](const SceneObject& object) { return clamped(values(object)); };
+    auto changes = tablesCmd(objects, [&](const SceneObject& object) { return rowWith(object, given(object)); });
+    const QString words = name.arg(ObjectTexts::subject(objects));
+    changes->append(MO_numbersCmd(words, frame, numbersThatChange(objects, frame, given)));
+    return named(std::move(changes), {words, {}, {}});
 }
 
 MO_EditCommand tiltCmd(const std::vector<SceneObject>& objects, double frame,
@@ -221,31 +209,28 @@ MO_EditCommand tiltCmd(const std::vector<SceneObject>& objects, double frame,
     if (!current)
         return nullptr;
     const auto changed = [&](const SceneObject& object) {
-        const ObjectTilt tilt = change(object);
-        return ObjectTilt{std::clamp(tilt.x, -kMostTilt, kMostTilt), std::clamp(tilt.y, -kMostTilt, kMostTilt)};
+        ObjectSettings settings;
+        settings.tilt = change(object);
+        return *clamped(settings).tilt;
     };
-    std::vector<MO_NumberChange> numbers;
-    for (const SceneObject& object : objects) {
-        if (object.isCutOut())
-            continue;
-        const ObjectTilt tilt = changed(object);
-        for (const ObjectDefinition* const definition : object.definitions) {
-            numbers.push_back({definition->tiltX(), tilt.x});
-            numbers.push_back({definition->tiltY(), tilt.y});
-        }
-    }
+    std::vector<MO_NumberChange> numbers =
+        numbersOf(objects, ObjectValue::TILT_RIGHT, [&](const SceneObject& object) { return changed(object).x; });
+    std::ranges::copy(
+        numbersOf(objects, ObjectValue::TILT_UP, [&](const SceneObject& object) { return changed(object).y; }),
+        std::back_inserter(numbers));
     const QString what = ObjectTexts::ofObjects(ObjectTexts::tiltName(), objects);
     return MO_namedCmd(MO_numbersCmd(what, frame, numbers),
                        {what, ObjectTexts::tilt(current->tilt), ObjectTexts::tilt(changed(*current))});
 }
 
-MO_EditCommand carveCmd(const std::vector<SceneObject>& objects, bool carve)
+MO_EditCommand carveCmd(const std::vector<SceneObject>& objects, double frame, bool carve)
 {
-    return giveValuesCmd(objects, carve ? ObjectTexts::tr("Carve %1") : ObjectTexts::tr("Raise %1"),
+    return giveValuesCmd(objects, frame, carve ? ObjectTexts::tr("Carve %1") : ObjectTexts::tr("Raise %1"),
                          [carve](const SceneObject& object) {
-                             NormalMapObject values = object.values;
-                             values.elevation = carve ? -std::abs(values.elevation) : std::abs(values.elevation);
-                             return values;
+                             const double rise = std::abs(object.values.elevation);
+                             ObjectSettings settings;
+                             settings.elevation = carve ? -rise : rise;
+                             return settings;
                          });
 }
 

@@ -67,7 +67,7 @@ QPainterPath symbolOf(ObjectValue value)
         path.lineTo(0, 6);
         path.lineTo(3, 3);
         break;
-    case ObjectValue::SMOOTHNESS: // a dome
+    default: // a dome, for smoothness; rim and tilt have no such handle
         path.moveTo(-6, 4);
         path.cubicTo(-6, -6, 6, -6, 6, 4);
         break;
@@ -163,7 +163,7 @@ double pulled(double from, ObjectValue value, const QPointF& way, double unit, b
                                      carefully ? 0.1 : 1.0));
     case ObjectValue::ELEVATION:
         return rounded(from - way.y() / kPullOfOne * care, carefully ? 0.01 : 0.05);
-    case ObjectValue::SMOOTHNESS:
+    default:
         break;
     }
     return std::max(0.0, rounded(from + way.x() / kPullOfOne * care, carefully ? 0.01 : 0.05));

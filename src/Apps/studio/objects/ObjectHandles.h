@@ -6,7 +6,7 @@
 // pull changes the value.
 #pragma once
 
-#include "studio/objects/ObjectChanges.h"
+#include "studio/objects/ObjectValues.h"
 
 #include <QPainter>
 #include <QPainterPath>

@@ -130,11 +130,12 @@ MO_EditCommand ObjectHands::pullCmd(const std::vector<SceneObject>& objects, con
     const auto before = [&](const SceneObject& object) -> const SceneObject& {
         return _before[static_cast<std::size_t>(&object - objects.data())];
     };
+    const double frame = _objects.document().currentFrame();
     if (const auto value = valueOf(*_hot))
-        return changeValueCmd(objects, *value, [&](const SceneObject& object) {
-            return pulled(valueOf(before(object).values, *value), *value, way, unit(), carefully);
+        return changeValueCmd(objects, *value, frame, [&](const SceneObject& object) {
+            return pulled(valueOf(before(object), *value), *value, way, unit(), carefully);
         });
-    return tiltCmd(objects, _objects.document().currentFrame(),
+    return tiltCmd(objects, frame,
                    [&](const SceneObject& object) { return pulledTilt(before(object).tilt, way, carefully); });
 }
 
@@ -315,7 +316,7 @@ void ObjectHands::paintWords(QPainter& painter) const
     const std::optional<ObjectValue> value = valueOf(*_hot);
     const QString name = value ? ObjectTexts::name(*value) : ObjectTexts::tiltName();
     const auto numbers = [&](const SceneObject& object) {
-        return value ? ObjectTexts::number(valueOf(object.values, *value)) : ObjectTexts::tilt(object.tilt);
+        return value ? ObjectTexts::number(valueOf(object, *value)) : ObjectTexts::tilt(object.tilt);
     };
     QString words = QStringLiteral("%1  %2").arg(name, numbers(selected.back()));
     if (_doing == Doing::PULL && !_before.empty())

@@ -4,7 +4,9 @@
 // the middle.
 #include "studio/objects/ObjectPresets.h"
 
-#include "studio/objects/ObjectChanges.h"
+#include "ObjectDefinition/ObjectDefinition.h"
+#include "jobs/drawing/ObjectWords.h"
+#include "studio/objects/ObjectValues.h"
 
 #include <QSettings>
 
@@ -25,29 +27,42 @@ void write(const std::vector<ObjectPreset>& presets)
     for (const ObjectPreset& preset : presets) {
         settings.setArrayIndex(index++);
         settings.setValue(QStringLiteral("name"), preset.name);
-        settings.setValue(QStringLiteral("bevel"), preset.values.bevel);
-        settings.setValue(QStringLiteral("elevation"), preset.values.elevation);
-        settings.setValue(QStringLiteral("smoothness"), preset.values.smoothness);
+        settings.setValue(QStringLiteral("values"), objectWords(preset.values));
     }
     settings.endArray();
 }
 
-double finite(const QVariant& value, double otherwise)
+// Earlier versions stored three numbers instead of words.
+QString storedWords(const QSettings& settings)
 {
-    bool isNumber = false;
-    const double number = value.toDouble(&isNumber);
-    return isNumber && std::isfinite(number) ? number : otherwise;
+    const QString words = settings.value(QStringLiteral("values")).toString();
+    const auto number = [&](const char* key) { return settings.value(QLatin1String(key)).toString(); };
+    if (!words.isEmpty())
+        return words;
+    return QStringLiteral("bevel=%1:elevation=%2:smoothness=%3")
+        .arg(number("bevel"), number("elevation"), number("smoothness"));
+}
+
+// A form without a rim. It leaves the object facing where it does.
+ObjectPreset builtIn(const QString& name, double bevelOfBreadth, double bevel, double elevation, double smoothness)
+{
+    ObjectPreset preset{name, bevelOfBreadth, {}};
+    preset.values.bevel = bevel;
+    preset.values.elevation = elevation;
+    preset.values.smoothness = smoothness;
+    preset.values.rim = ObjectRim{0.0, ObjectDefinition::kRimHeight};
+    return preset;
 }
 
 } // namespace
 
 std::vector<ObjectPreset> builtInPresets()
 {
-    return {{ObjectTexts::tr("Soft Pillow"), 2.6, {0, 0.0, 1.2, 1.8}},
-            {ObjectTexts::tr("Hard Chamfer"), 0.0, {0, 14.0, 0.8, 1.0}},
-            {ObjectTexts::tr("Coin"), 0.0, {0, 8.0, 0.25, 1.6}},
-            {ObjectTexts::tr("Paper"), 0.0, {0, 2.0, 0.06, 1.0}},
-            {ObjectTexts::tr("Balloon"), 4.0, {0, 0.0, 2.4, 3.4}}};
+    return {builtIn(ObjectTexts::tr("Soft Pillow"), 2.6, 0.0, 1.2, 1.8),
+            builtIn(ObjectTexts::tr("Hard Chamfer"), 0.0, 14.0, 0.8, 1.0),
+            builtIn(ObjectTexts::tr("Coin"), 0.0, 8.0, 0.25, 1.6),
+            builtIn(ObjectTexts::tr("Paper"), 0.0, 2.0, 0.06, 1.0),
+            builtIn(ObjectTexts::tr("Balloon"), 4.0, 0.0, 2.4, 3.4)};
 }
 
 std::vector<ObjectPreset> ownPresets()
@@ -59,10 +74,9 @@ std::vector<ObjectPreset> ownPresets()
         settings.setArrayIndex(i);
         ObjectPreset preset;
         preset.name = settings.value(QStringLiteral("name")).toString();
-        // Settings may have been edited by hand, so invalid values are replaced.
-        setValue(preset.values, ObjectValue::BEVEL, finite(settings.value(QStringLiteral("bevel")), 5.0));
-        setValue(preset.values, ObjectValue::ELEVATION, finite(settings.value(QStringLiteral("elevation")), 1.0));
-        setValue(preset.values, ObjectValue::SMOOTHNESS, finite(settings.value(QStringLiteral("smoothness")), 1.0));
+        // Settings may have been edited by hand, so invalid words are ignored.
+        for (const QString& word : storedWords(settings).split(u':'))
+            (void)takeObjectWord(preset.values, word);
         if (!preset.name.isEmpty())
             presets.push_back(preset);
     }
@@ -70,7 +84,7 @@ std::vector<ObjectPreset> ownPresets()
     return presets;
 }
 
-void saveOwnPreset(const QString& name, const NormalMapObject& values)
+void saveOwnPreset(const QString& name, const ObjectSettings& values)
 {
     std::vector<ObjectPreset> presets = ownPresets();
     const auto found = std::ranges::find(presets, name, &ObjectPreset::name);
@@ -86,9 +100,9 @@ void removeOwnPreset(const QString& name)
     write(presets);
 }
 
-NormalMapObject valuesOf(const ObjectPreset& preset, double breadth)
+ObjectSettings valuesOf(const ObjectPreset& preset, double breadth)
 {
-    NormalMapObject values = preset.values;
+    ObjectSettings values = preset.values;
     if (preset.bevelOfBreadth > 0.0) {
         const double half = (breadth > 0.0 ? breadth : kMiddlingBreadth) / 2.0;
         values.bevel = std::round(preset.bevelOfBreadth * half * 10.0) / 10.0;

@@ -12,7 +12,7 @@ struct ObjectPreset
     QString name;
     /// The bevel as a multiple of half the object's breadth; 0 if values.bevel is used instead.
     double bevelOfBreadth = 0.0;
-    NormalMapObject values; ///< bevel is used if bevelOfBreadth is 0; number is unused
+    ObjectSettings values; ///< bevel is used if bevelOfBreadth is 0; values that are not set are left as they are
 };
 
 /// The program's presets.
@@ -21,11 +21,11 @@ std::vector<ObjectPreset> builtInPresets();
 /// The user's own presets, in the order in which they were saved.
 std::vector<ObjectPreset> ownPresets();
 /// Stores values with a name and replaces a preset with the same name.
-void saveOwnPreset(const QString& name, const NormalMapObject& values);
+void saveOwnPreset(const QString& name, const ObjectSettings& values);
 void removeOwnPreset(const QString& name);
 
 /// The values that a preset gives to an object.
 ///
 /// @param breadth the shorter side of the object's rectangle in scene units, of which the picture is 720 wide; 0 if it
 /// is unknown, which counts as a medium one
-NormalMapObject valuesOf(const ObjectPreset& preset, double breadth);
+ObjectSettings valuesOf(const ObjectPreset& preset, double breadth);

@@ -113,7 +113,7 @@ QVariant ObjectsModel::data(const QModelIndex& index, int role) const
     }
     if (object->isCutOut())
         return {};
-    const double value = ::valueOf(object->values, valueOf(column));
+    const double value = ::valueOf(*object, valueOf(column));
     if (role == Qt::DisplayRole)
         return compact(value);
     if (role == Qt::ToolTipRole)
@@ -148,7 +148,8 @@ bool ObjectsModel::setData(const QModelIndex& index, const QVariant& value, int 
     const double number = value.toDouble(&isNumber);
     if (!isValue(index.column()) || role != Qt::EditRole || !isNumber)
         return false;
-    _objects.change(changeValueCmd(objects, valueOf(index.column()), [number](const SceneObject&) { return number; }));
+    _objects.change(changeValueCmd(objects, valueOf(index.column()), _objects.document().currentFrame(),
+                                   [number](const SceneObject&) { return number; }));
     return true;
 }
 

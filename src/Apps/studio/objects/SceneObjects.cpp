@@ -102,6 +102,7 @@ void addObjects(MO_Module& node, double frame, std::vector<SceneObject>& all)
                                  .ports = {},
                                  .values = valuesOf(table, number),
                                  .tilt = {definition.tiltX()->value(frame), definition.tiltY()->value(frame)},
+                                 .rim = {definition.rimBevel()->value(frame), definition.rimHeight()->value(frame)},
                                  .isHidden = true});
             byDefinition.emplace(&definition, index);
             byNumber.emplace(number, index);

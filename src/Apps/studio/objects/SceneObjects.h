@@ -26,6 +26,7 @@ struct SceneObject
     std::vector<int> ports;                  ///< the inputs of the node that show it
     NormalMapObject values;                  ///< the number is 0 for a cut-out, which has no values
     ObjectTilt tilt;                         ///< of the first definition
+    ObjectRim rim;                           ///< of the first definition
     bool isHidden = false;
 
     int number() const { return values.number; }

@@ -13,8 +13,9 @@ ValueField::ValueField(ObjectValue value, QWidget* parent) : QDoubleSpinBox(pare
     setAccelerated(true);
     setToolTip(ObjectTexts::explanation(value));
     setAccessibleName(ObjectTexts::name(value));
-    setRange(value == ObjectValue::ELEVATION ? -1000.0 : 0.0, value == ObjectValue::BEVEL ? 10000.0 : 1000.0);
-    setSingleStep(value == ObjectValue::BEVEL ? 1.0 : 0.1);
+    const ValueRange range = rangeOf(value);
+    setRange(range.least, range.most);
+    setSingleStep(range.step);
 }
 
 QString ValueField::textFromValue(double value) const

@@ -4,7 +4,7 @@
 // ignores the wheel without the focus, so that the surrounding view scrolls.
 #pragma once
 
-#include "studio/objects/ObjectChanges.h"
+#include "studio/objects/ObjectValues.h"
 
 #include <QDoubleSpinBox>
 

@@ -906,6 +906,14 @@
         <source>Close</source>
         <translation>Schließen</translation>
     </message>
+    <message>
+        <source>Rim</source>
+        <translation>Randkante</translation>
+    </message>
+    <message>
+        <source>the width of a second, narrow bevel at the outline, in the same units; 0 is no rim</source>
+        <translation>die Breite einer zweiten, schmalen Kante am Umriss, in denselben Einheiten; 0 ist keine</translation>
+    </message>
 </context>
 <context>
     <name>KeyButton</name>
@@ -2260,10 +2268,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <translation>Werte kopieren</translation>
     </message>
     <message>
-        <source>Copies bevel, elevation and smoothness of the selected object</source>
-        <translation>Kopiert Kante, Höhe und Rundung des ausgewählten Objekts</translation>
-    </message>
-    <message>
         <source>Paste Values</source>
         <translation>Werte einfügen</translation>
     </message>
@@ -2323,6 +2327,10 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>Turns the selected objects into holes: whatever lies below them is removed</source>
         <translation>Macht die ausgewählten Objekte zu Löchern: Was darunter liegt, wird entfernt</translation>
+    </message>
+    <message>
+        <source>Copies bevel, elevation, smoothness, tilt and rim of the selected object</source>
+        <translation>Kopiert Kante, Höhe, Rundung, Neigung und Randkante des ausgewählten Objekts</translation>
     </message>
 </context>
 <context>
@@ -2445,6 +2453,31 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     <message>
         <source>How round the profile is: 1 follows the bevel, more is fuller, less is more pointed</source>
         <translation>Wie rund das Profil ist: 1 folgt der Kante, mehr ist voller, weniger ist spitzer</translation>
+    </message>
+    <message>
+        <source>Rim</source>
+        <comment>a second, narrow bevel</comment>
+        <translation>Randkante</translation>
+    </message>
+    <message>
+        <source>Tilt right</source>
+        <translation>Neigung rechts</translation>
+    </message>
+    <message>
+        <source>Tilt up</source>
+        <translation>Neigung oben</translation>
+    </message>
+    <message>
+        <source>The width of a second, narrow bevel at the outline, like the edge of a coin; the picture is 720 units wide, 0 is no rim</source>
+        <translation>Die Breite einer zweiten, schmalen Kante am Umriss, wie der Rand einer Münze; das Bild ist 720 Einheiten breit, 0 ist keine</translation>
+    </message>
+    <message>
+        <source>How many degrees the object is turned to the right; negative values turn it to the left</source>
+        <translation>Um wie viel Grad das Objekt nach rechts gedreht ist; negative Werte drehen es nach links</translation>
+    </message>
+    <message>
+        <source>How many degrees the object is turned upwards; negative values turn it down</source>
+        <translation>Um wie viel Grad das Objekt nach oben gedreht ist; negative Werte drehen es nach unten</translation>
     </message>
 </context>
 <context>

@@ -56,12 +56,13 @@ QWidget* HelpDialog::stepsPage()
                  tr("Hold Shift over the lit picture and turn the wheel to raise and lower the light."));
     const QString words =
         QStringLiteral("<dl><dt><b>%1</b></dt><dd>%2</dd><dt><b>%3</b></dt><dd>%4</dd><dt><b>%5</b></dt><dd>%6</dd>"
-                       "<dt><b>%7</b></dt><dd>%8</dd></dl>")
+                       "<dt><b>%7</b></dt><dd>%8</dd><dt><b>%9</b></dt><dd>%10</dd></dl>")
             .arg(tr("Bevel"),
                  tr("how far the rounding reaches in from the outline, in units of which the picture is "
                     "720 wide"),
                  tr("Elevation"), tr("how high the object rises; 1 is 37.5 of these units, negative values sink in"),
-                 tr("Smoothness"), tr("how round the profile is: more is fuller, less is more pointed"), tr("Tilt"),
+                 tr("Smoothness"), tr("how round the profile is: more is fuller, less is more pointed"), tr("Rim"),
+                 tr("the width of a second, narrow bevel at the outline, in the same units; 0 is no rim"), tr("Tilt"),
                  tr("where the object faces, in degrees to the right and upwards; 0, 0 faces the viewer"));
     text->setHtml(QStringLiteral("<h3>%1</h3>%2<h3>%3</h3>%4<h3>%5</h3>%6")
                       .arg(tr("First steps"), firstSteps(), tr("The mouse in the picture"), mouse,

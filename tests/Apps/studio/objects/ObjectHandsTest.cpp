@@ -4,8 +4,6 @@
 // history.
 #include "Apps/studio/objects/ObjectsTesting.h"
 
-#include "studio/objects/ObjectBar.h"
-#include "studio/objects/ObjectHands.h"
 #include "studio/objects/ValueField.h"
 
 #include <QAction>
@@ -17,59 +15,7 @@
 namespace {
 
 class ObjectHandsTest : public studio_testing::ObjectsTest
-{
-protected:
-    ObjectBar& bar() const { return *window->findChild<ObjectBar*>(); }
-    void pressOn(ObjectHandle handle)
-    {
-        ASSERT_FALSE(window->hands().handles().isEmpty());
-        _handle = window->hands().handles().place(handle).toPoint();
-        QTest::mousePress(&viewer(), Qt::LeftButton, Qt::NoModifier, _handle);
-    }
-    void pullTo(const QPoint& way)
-    {
-        studio_testing::moveMouse(viewer(), _handle + way / 2, Qt::LeftButton);
-        studio_testing::moveMouse(viewer(), _handle + way, Qt::LeftButton);
-    }
-    void letGo(const QPoint& way) { QTest::mouseRelease(&viewer(), Qt::LeftButton, Qt::NoModifier, _handle + way); }
-    void pull(ObjectHandle handle, const QPoint& way)
-    {
-        pressOn(handle);
-        pullTo(way);
-        letGo(way);
-        QCoreApplication::processEvents();
-    }
-    /// The size of a scene unit in the view.
-    double unit() { return 400.0 / 720.0 * viewer().transform().scale(); }
-    void toggle(const char* name)
-    {
-        auto* const button = bar().findChild<QToolButton*>(QLatin1String(name));
-        ASSERT_NE(button, nullptr) << name;
-        ASSERT_TRUE(button->isVisible());
-        QTest::mouseClick(button, Qt::LeftButton);
-        QCoreApplication::processEvents();
-    }
-    QMenu& menuOfBar()
-    {
-        QMenu* const menu = bar().findChild<QToolButton*>(QStringLiteral("bar-more"))->menu();
-        Q_EMIT menu->aboutToShow();
-        return *menu;
-    }
-    static QAction* entry(const QMenu& menu, const QString& text)
-    {
-        for (QAction* const action : menu.actions()) {
-            if (action->text() == text)
-                return action;
-            if (action->menu())
-                if (QAction* const inside = entry(*action->menu(), text))
-                    return inside;
-        }
-        return nullptr;
-    }
-
-private:
-    QPoint _handle;
-};
+{};
 
 TEST_F(ObjectHandsTest, AClickSelectsTheTopmostObjectInEveryViewAndItsModulesWithIt)
 {
@@ -389,7 +335,7 @@ TEST_F(ObjectHandsTest, ValuesAreCopiedAndPastedByKey)
     QTest::keyClick(&viewer(), Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(valuesOf("Body").elevation, 1.5);
     EXPECT_EQ(document().commands().undoName(), QStringLiteral("Paste Values to Body"));
-    QApplication::clipboard()->setText(QStringLiteral("bevel nan elevation 1 smoothness 1"));
+    QApplication::clipboard()->setText(QStringLiteral("bevel=nan:elevation=1:smoothness=1"));
     QTest::keyClick(&viewer(), Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(valuesOf("Body").elevation, 1.5);
 }
@@ -457,7 +403,8 @@ TEST_F(ObjectHandsTest, TheChosenFormIsSavedWithTheScene)
     drop({write(QStringLiteral("parts.svg"), studio_testing::kParts)});
     ASSERT_TRUE(waitForPicture());
     const NormalMapObject chosen = valuesOf("Head");
-    window->objects().change(changeValueCmd({object("Head")}, ObjectValue::BEVEL, [](const auto&) { return 3.0; }));
+    window->objects().change(
+        changeValueCmd({object("Head")}, ObjectValue::BEVEL, 1.0, [](const auto&) { return 3.0; }));
     ASSERT_TRUE(window->saveTo(folder.filePath(QStringLiteral("parts.scene"))));
     renew();
     ASSERT_TRUE(document().open(folder.filePath(QStringLiteral("parts.scene"))).ok());

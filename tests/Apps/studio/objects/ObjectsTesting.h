@@ -1,12 +1,18 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // A window with a drawing of two objects: a body of 320 x 160 pixels, and in its middle a head of 80 x 80, both with a
-// narrow rim. Functions for finding and clicking them.
+// narrow rim. Functions for finding and clicking them, for pulling handles, and for the bar.
 #pragma once
 
 #include "Apps/studio/window/WindowTesting.h"
 
 #include "studio/objects/DocumentObjects.h"
+#include "studio/objects/ObjectBar.h"
+#include "studio/objects/ObjectHands.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QToolButton>
 
 #include <cmath>
 
@@ -84,6 +90,57 @@ protected:
         QTest::mouseRelease(&viewer(), Qt::LeftButton, Qt::NoModifier, inView(to));
         QCoreApplication::processEvents();
     }
+
+    ObjectBar& bar() const { return *window->findChild<ObjectBar*>(); }
+    void pressOn(ObjectHandle handle)
+    {
+        ASSERT_FALSE(window->hands().handles().isEmpty());
+        _handle = window->hands().handles().place(handle).toPoint();
+        QTest::mousePress(&viewer(), Qt::LeftButton, Qt::NoModifier, _handle);
+    }
+    void pullTo(const QPoint& way)
+    {
+        moveMouse(viewer(), _handle + way / 2, Qt::LeftButton);
+        moveMouse(viewer(), _handle + way, Qt::LeftButton);
+    }
+    void letGo(const QPoint& way) { QTest::mouseRelease(&viewer(), Qt::LeftButton, Qt::NoModifier, _handle + way); }
+    void pull(ObjectHandle handle, const QPoint& way)
+    {
+        pressOn(handle);
+        pullTo(way);
+        letGo(way);
+        QCoreApplication::processEvents();
+    }
+    /// The size of a scene unit in the view.
+    double unit() { return 400.0 / 720.0 * viewer().transform().scale(); }
+    void toggle(const char* name)
+    {
+        auto* const button = bar().findChild<QToolButton*>(QLatin1String(name));
+        ASSERT_NE(button, nullptr) << name;
+        ASSERT_TRUE(button->isVisible());
+        QTest::mouseClick(button, Qt::LeftButton);
+        QCoreApplication::processEvents();
+    }
+    QMenu& menuOfBar()
+    {
+        QMenu* const menu = bar().findChild<QToolButton*>(QStringLiteral("bar-more"))->menu();
+        Q_EMIT menu->aboutToShow();
+        return *menu;
+    }
+    static QAction* entry(const QMenu& menu, const QString& text)
+    {
+        for (QAction* const action : menu.actions()) {
+            if (action->text() == text)
+                return action;
+            if (action->menu())
+                if (QAction* const inside = entry(*action->menu(), text))
+                    return inside;
+        }
+        return nullptr;
+    }
+
+private:
+    QPoint _handle;
 };
 
 } // namespace studio_testing

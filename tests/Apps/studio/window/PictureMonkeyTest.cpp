@@ -126,7 +126,8 @@ protected:
     }
     void useBar()
     {
-        ValueField& field = window->findChild<ObjectBar*>()->field(kObjectValues[static_cast<std::size_t>(upTo(2))]);
+        const auto value = static_cast<std::size_t>(upTo(static_cast<int>(std::size(kObjectValues)) - 1));
+        ValueField& field = window->findChild<ObjectBar*>()->field(kObjectValues[value]);
         if (field.isVisible() && field.isEnabled())
             field.stepBy(chance(50) ? 2 : -2);
     }

@@ -1,0 +1,193 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Rim and tilt are values as bevel, elevation and smoothness are: the bar shows and takes them, they are copied, kept
+// in presets and reset.
+#include "Apps/studio/objects/ObjectsTesting.h"
+
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "studio/objects/ObjectPresets.h"
+#include "studio/objects/ValueField.h"
+
+#include <QClipboard>
+#include <QInputDialog>
+
+namespace {
+
+class ObjectBarTest : public studio_testing::ObjectsTest
+{
+protected:
+    void enter(ObjectValue value, const QString& text)
+    {
+        ValueField& field = bar().field(value);
+        field.setFocus();
+        field.selectAll();
+        QTest::keyClicks(&field, text);
+        QTest::keyClick(&field, Qt::Key_Return);
+        QCoreApplication::processEvents();
+    }
+    /// Gives the head a rim and a tilt.
+    void shapeHead()
+    {
+        click(kHead);
+        shapeSelected();
+    }
+    void shapeSelected()
+    {
+        enter(ObjectValue::RIM, QStringLiteral("4"));
+        enter(ObjectValue::TILT_RIGHT, QStringLiteral("12"));
+        enter(ObjectValue::TILT_UP, QStringLiteral("-5"));
+    }
+    void key(Qt::Key key)
+    {
+        viewer().setFocus();
+        QTest::keyClick(&viewer(), key, Qt::ControlModifier);
+        QCoreApplication::processEvents();
+    }
+    void choose(const QString& text)
+    {
+        QAction* const action = entry(menuOfBar(), text);
+        ASSERT_NE(action, nullptr) << qPrintable(text);
+        action->trigger();
+        QCoreApplication::processEvents();
+    }
+    static constexpr ObjectTilt kTilt{12.0, -5.0};
+    static constexpr ObjectRim kRim{4.0, 1.0};
+};
+
+TEST_F(ObjectBarTest, RimAndTiltAreTypedAndAreStepsThatSaySo)
+{
+    openParts();
+    shapeHead();
+    EXPECT_EQ(object("Head").rim, kRim);
+    EXPECT_EQ(object("Head").tilt, kTilt);
+    EXPECT_EQ(object("Body").rim, (ObjectRim{0.0, 1.0}));
+    EXPECT_EQ(document().commands().undoNames(),
+              QStringList({QStringLiteral("Rim of Head 0 \u2192 4"), QStringLiteral("Tilt right of Head 0 \u2192 12"),
+                           QStringLiteral("Tilt up of Head 0 \u2192 -5")}));
+    document().commands().undo();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(bar().field(ObjectValue::TILT_UP).value(), 0.0);
+    EXPECT_EQ(bar().field(ObjectValue::TILT_RIGHT).value(), 12.0);
+    EXPECT_EQ(bar().field(ObjectValue::RIM).value(), 4.0);
+}
+
+TEST_F(ObjectBarTest, ARimChangesThePicture)
+{
+    openParts();
+    // The middle of the head's rim on its right, 3 of its 80 pixels inside.
+    const auto seen = [this] { return window->renderService().current()->normals.pixelColor(237, 100); };
+    click(kHead);
+    const QColor before = seen();
+    enter(ObjectValue::RIM, QStringLiteral("8"));
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_GT(seen().red(), before.red()) << "a second bevel makes the border steeper";
+}
+
+TEST_F(ObjectBarTest, CopiedValuesHaveRimAndTiltInTheWordsOfTheCommandLine)
+{
+    openParts();
+    shapeHead();
+    key(Qt::Key_C);
+    EXPECT_EQ(QApplication::clipboard()->text(),
+              QStringLiteral("bevel=24:elevation=1:smoothness=1:tilt=12,-5:rim=4,1"));
+    click(kBody);
+    const auto steps = document().commands().undoNames().size();
+    key(Qt::Key_V);
+    EXPECT_EQ(object("Body").rim, kRim);
+    EXPECT_EQ(object("Body").tilt, kTilt);
+    EXPECT_EQ(document().commands().undoNames().size(), steps + 1);
+    EXPECT_EQ(document().commands().undoName(), QStringLiteral("Paste Values to Body"));
+}
+
+TEST_F(ObjectBarTest, WordsThatArePastedLeaveAllOtherValuesAlone)
+{
+    openParts();
+    shapeHead();
+    AT_Curve curve;
+    curve.setKey({3.0, 12.0, AT_Curve::Interpolation::LINEAR, {}, {}, {}});
+    definition("Head").tiltX()->setCurve(curve);
+    QApplication::clipboard()->setText(QStringLiteral("rim=3,0.5:bevel=9"));
+    key(Qt::Key_V);
+    EXPECT_EQ(object("Head").rim, (ObjectRim{3.0, 0.5}));
+    EXPECT_EQ(valuesOf("Head").bevel, 9.0);
+    EXPECT_EQ(valuesOf("Head").elevation, 1.0);
+    EXPECT_EQ(object("Head").tilt, kTilt);
+    // A paste with the tilt that the object has anyway adds no key.
+    QApplication::clipboard()->setText(QStringLiteral("tilt=12,-5:bevel=7"));
+    key(Qt::Key_V);
+    EXPECT_EQ(valuesOf("Head").bevel, 7.0);
+    EXPECT_EQ(definition("Head").tiltX()->curve().keys().size(), 1U);
+    QApplication::clipboard()->setText(QStringLiteral("bevel=3:what=4"));
+    key(Qt::Key_V);
+    EXPECT_EQ(valuesOf("Head").bevel, 7.0) << "a text with an unknown word is no copy of values";
+}
+
+TEST_F(ObjectBarTest, OwnPresetsKeepRimAndTilt)
+{
+    openParts();
+    shapeHead();
+    QTimer::singleShot(0, window.get(), [] {
+        auto* const dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        dialog->setTextValue(QStringLiteral("Button"));
+        dialog->accept();
+    });
+    choose(QStringLiteral("Save Values as Preset..."));
+    renew();
+    openParts();
+    click(kBody);
+    choose(QStringLiteral("Button"));
+    EXPECT_EQ(object("Body").rim, kRim);
+    EXPECT_EQ(object("Body").tilt, kTilt);
+}
+
+TEST_F(ObjectBarTest, PresetsOfEarlierVersionsLeaveRimAndTiltAlone)
+{
+    {
+        QSettings settings;
+        settings.beginWriteArray(QStringLiteral("objectPresets"));
+        settings.setArrayIndex(0);
+        settings.setValue(QStringLiteral("name"), QStringLiteral("Old"));
+        settings.setValue(QStringLiteral("bevel"), 3.0);
+        settings.setValue(QStringLiteral("elevation"), 0.5);
+        settings.setValue(QStringLiteral("smoothness"), QStringLiteral("nan"));
+        settings.endArray();
+    }
+    openParts();
+    shapeHead();
+    choose(QStringLiteral("Old"));
+    EXPECT_EQ(valuesOf("Head").bevel, 3.0);
+    EXPECT_EQ(valuesOf("Head").elevation, 0.5);
+    EXPECT_EQ(valuesOf("Head").smoothness, 1.0);
+    EXPECT_EQ(object("Head").rim, kRim);
+    EXPECT_EQ(object("Head").tilt, kTilt);
+}
+
+TEST_F(ObjectBarTest, ThePresetsOfTheProgramHaveNoRimAndTurnNothing)
+{
+    openParts();
+    shapeHead();
+    choose(QStringLiteral("Paper"));
+    EXPECT_EQ(object("Head").rim, (ObjectRim{0.0, 1.0}));
+    EXPECT_EQ(object("Head").tilt, kTilt);
+    EXPECT_EQ(document().commands().undoName(), QStringLiteral("Paper for Head"));
+}
+
+TEST_F(ObjectBarTest, RimAndTiltAreResetAloneAndWithTheOthers)
+{
+    openParts();
+    shapeHead();
+    choose(QStringLiteral("Rim"));
+    EXPECT_EQ(object("Head").rim, (ObjectRim{0.0, 1.0}));
+    EXPECT_EQ(object("Head").tilt, kTilt);
+    choose(QStringLiteral("Tilt"));
+    EXPECT_EQ(object("Head").tilt, ObjectTilt());
+    shapeSelected();
+    ASSERT_EQ(object("Head").rim, kRim);
+    choose(QStringLiteral("Reset Values"));
+    EXPECT_EQ(object("Head").rim, (ObjectRim{0.0, 1.0}));
+    EXPECT_EQ(object("Head").tilt, ObjectTilt());
+    EXPECT_EQ(document().commands().undoName(), QStringLiteral("Reset Values of Head"));
+}
+
+} // namespace
