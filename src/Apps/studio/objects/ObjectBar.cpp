@@ -1,10 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The bar is below the object, or above it if there is no room, and always inside the view. During a drag it does not
-// move.
+// The bar is below the object, or at another side of it if there is no room or a handle would be covered, and always
+// inside the view. During a drag of a value it does not move.
 #include "studio/objects/ObjectBar.h"
 
 #include "studio/objects/ObjectActions.h"
+#include "studio/objects/ObjectHandles.h"
 #include "studio/objects/ObjectHands.h"
 #include "studio/objects/ValueField.h"
 #include "studio/preview/Viewer.h"
@@ -34,6 +35,48 @@ QToolButton* buttonFor(QAction* action)
     button->setIconSize(QSize(18, 18));
     button->setAccessibleName(action->text());
     return button;
+}
+
+// How many handles a rectangle covers.
+std::ptrdiff_t covered(const std::vector<QPointF>& handles, const QRectF& rect)
+{
+    constexpr double kHandle = 14.0;
+    const QRectF around = rect.adjusted(-kHandle, -kHandle, kHandle, kHandle);
+    return std::ranges::count_if(handles, [&](const QPointF& handle) { return around.contains(handle); });
+}
+
+double areaOf(const QRectF& rect)
+{
+    return rect.isValid() ? rect.width() * rect.height() : 0.0;
+}
+
+// The first of the places around the object and in the view's corners that covers the fewest handles; of several ones
+// that cover equally many, the one that covers the least of the object.
+QPoint bestPlace(const QSizeF& size, const QRectF& view, const QRectF& object, const std::vector<QPointF>& handles)
+{
+    const QRectF centred(object.center() - QPointF(size.width(), size.height()) / 2.0, size);
+    const QPointF far = view.bottomRight() - QPointF(size.width(), size.height());
+    const QPointF wanted[] = {{centred.x(), object.bottom() + kGap},
+                              {centred.x(), object.top() - kGap - size.height()},
+                              {object.right() + kGap, centred.y()},
+                              {object.left() - kGap - size.width(), centred.y()},
+                              far,
+                              {view.left(), far.y()},
+                              {far.x(), view.top()},
+                              view.topLeft()};
+    QRectF best;
+    std::pair<std::ptrdiff_t, double> least;
+    for (const QPointF& place : wanted) {
+        const QPointF held(std::clamp(place.x(), view.left(), std::max(view.left(), far.x())),
+                           std::clamp(place.y(), view.top(), std::max(view.top(), far.y())));
+        const QRectF rect(held, size);
+        const std::pair cost(covered(handles, rect), areaOf(rect & object));
+        if (!best.isNull() && cost >= least)
+            continue;
+        best = rect;
+        least = cost;
+    }
+    return best.topLeft().toPoint();
 }
 
 } // namespace
@@ -104,6 +147,7 @@ ObjectBar::ObjectBar(DocumentObjects& objects, ObjectActions& actions, ObjectHan
     hide();
     connect(&objects, &DocumentObjects::changed, this, &ObjectBar::follow);
     connect(&viewer, &Viewer::viewChanged, this, &ObjectBar::follow);
+    connect(&viewer, &Viewer::lightHandlesChanged, this, &ObjectBar::stepAside);
 }
 
 void ObjectBar::follow()
@@ -114,7 +158,10 @@ void ObjectBar::follow()
     if (!isSeen)
         return hide();
     showValues();
-    if (!object.isEmpty() && !_hands.isDragging())
+    // A light that moves elsewhere must not move the bar.
+    const bool isWellPlaced =
+        object == _placedFor && _viewer.rect().contains(geometry()) && covered(handles(), geometry()) == 0;
+    if (!object.isEmpty() && !_hands.isDragging() && !isWellPlaced)
         place(object);
     show();
 }
@@ -133,18 +180,37 @@ void ObjectBar::showValues()
     }
 }
 
+// All handles that can be pulled in the picture.
+std::vector<QPointF> ObjectBar::handles() const
+{
+    std::vector<QPointF> places = _viewer.lightHandles();
+    const ObjectHandles own = _hands.handles();
+    if (!own.isEmpty())
+        for (const ObjectHandle handle : kObjectHandles)
+            places.push_back(own.place(handle));
+    return places;
+}
+
+// Makes way for a light that comes under the bar.
+void ObjectBar::stepAside()
+{
+    const QRectF object = _hands.selectedRect();
+    if (isVisible() && !object.isEmpty() && covered(handles(), geometry()) > 0)
+        place(object);
+}
+
 void ObjectBar::place(const QRectF& object)
 {
     adjustSize();
-    const QRect view = _viewer.rect().adjusted(kMargin, kMargin, -kMargin, -kMargin);
-    const auto top = static_cast<int>(object.top());
-    const auto bottom = static_cast<int>(object.bottom());
-    int y = bottom + kGap;
-    if (y + height() > view.bottom())
-        y = top - kGap - height() >= view.top() ? top - kGap - height() : view.bottom() - height();
-    const int x = static_cast<int>(object.center().x()) - width() / 2;
-    move(std::clamp(x, view.left(), std::max(view.left(), view.right() - width())),
-         std::clamp(y, view.top(), std::max(view.top(), view.bottom() - height())));
+    _placedFor = object;
+    // The handles of a small object are outside it.
+    QRectF around = object;
+    const ObjectHandles own = _hands.handles();
+    if (!own.isEmpty())
+        for (const ObjectHandle handle : kObjectHandles)
+            around |= QRectF(own.place(handle) - QPointF(1.0, 1.0), QSizeF(2.0, 2.0));
+    const QRectF view = QRectF(_viewer.rect()).adjusted(kMargin, kMargin, -kMargin, -kMargin);
+    move(bestPlace(size(), view, around, handles()));
 }
 
 void ObjectBar::take(ObjectValue value, double number)

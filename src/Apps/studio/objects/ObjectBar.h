@@ -8,6 +8,8 @@
 
 #include <QFrame>
 
+#include <vector>
+
 class ObjectActions;
 class ObjectHands;
 class QLabel;
@@ -29,7 +31,9 @@ protected:
 
 private:
     void follow();
+    void stepAside();
     void place(const QRectF& object);
+    std::vector<QPointF> handles() const;
     void showValues();
     void take(ObjectValue value, double number);
 
@@ -38,5 +42,6 @@ private:
     ObjectHands& _hands;
     Viewer& _viewer;
     QLabel* _name;
+    QRectF _placedFor; // the rectangle around the selected objects
     ValueField* _fields[std::size(kObjectValues)] = {};
 };

@@ -9,7 +9,9 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -79,6 +81,7 @@ void Viewer::setKind(PictureKind kind)
     _kind = kind;
     update();
     Q_EMIT kindChanged(kind);
+    Q_EMIT lightHandlesChanged();
 }
 
 QSizeF Viewer::pictureSize() const
@@ -158,7 +161,16 @@ void Viewer::wheelEvent(QWheelEvent* event)
 
 bool Viewer::showsLights() const
 {
-    return seenKind() == PictureKind::LIT && _frame;
+    return seenKind() == PictureKind::LIT && _frame && _frame->kind == RenderedKind::NORMALS;
+}
+
+std::vector<QPointF> Viewer::lightHandles() const
+{
+    std::vector<QPointF> handles;
+    if (showsLights())
+        std::ranges::transform(_lights.lights(), std::back_inserter(handles),
+                               [this](const StudioLight& light) { return handle(light); });
+    return handles;
 }
 
 QPointF Viewer::handle(const StudioLight& light) const
@@ -396,6 +408,9 @@ void Viewer::updateCursor(const QPointF& place)
 void Viewer::lightChanged()
 {
     _lit.lightChanged();
-    if (_kind == PictureKind::LIT)
-        update();
+    if (_kind != PictureKind::LIT)
+        return;
+    update();
+    if (!_lights.isTurning())
+        Q_EMIT lightHandlesChanged();
 }

@@ -54,6 +54,8 @@ public:
 
     /// The place of a light's handle.
     QPointF handle(const StudioLight& light) const;
+    /// The places of the handles that are shown; empty if the picture is not lit.
+    std::vector<QPointF> lightHandles() const;
     /// The shown image (right of the border, if there is one), in the frame's pixels; null if there is none.
     QImage shownImage();
     /// The place of the border between before and after in the view, if there is one.
@@ -76,6 +78,8 @@ Q_SIGNALS:
     void kindChanged(PictureKind kind);
     /// The frame or its visible part has changed.
     void viewChanged();
+    /// Handles of lights have appeared, gone, or moved, except by turning.
+    void lightHandlesChanged();
     /// The right button or the menu key was pressed.
     void menuWanted(const QPoint& place);
 

@@ -176,7 +176,7 @@ void Viewer::paintBorder(QPainter& painter, const QRectF& shown) const
 
 void Viewer::paintLights(QPainter& painter) const
 {
-    if (!showsLights() || _frame->kind != RenderedKind::NORMALS)
+    if (!showsLights())
         return;
     painter.setRenderHint(QPainter::Antialiasing);
     for (int i = 0; i < _lights.count(); ++i)

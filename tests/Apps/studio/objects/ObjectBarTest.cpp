@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Rim and tilt are values as bevel, elevation and smoothness are: the bar shows and takes them, they are copied, kept
-// in presets and reset.
+// in presets and reset. And the bar hides no handle.
 #include "Apps/studio/objects/ObjectsTesting.h"
 
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
@@ -50,6 +50,24 @@ protected:
         action->trigger();
         QCoreApplication::processEvents();
     }
+    /// Those that the bar covers.
+    int coveredHandles()
+    {
+        const ObjectHandles own = window->hands().handles();
+        std::vector<QPointF> places = viewer().lightHandles();
+        for (const ObjectHandle handle : kObjectHandles)
+            places.push_back(own.place(handle));
+        return static_cast<int>(std::ranges::count_if(
+            places, [&](const QPointF& place) { return QRectF(bar().geometry()).contains(place); }));
+    }
+    void placeLight(const QPointF& place)
+    {
+        StudioLight light = window->lights().lights().front();
+        light.place = place;
+        window->lights().setLight(0, light);
+        QCoreApplication::processEvents();
+    }
+
     static constexpr ObjectTilt kTilt{12.0, -5.0};
     static constexpr ObjectRim kRim{4.0, 1.0};
 };
@@ -188,6 +206,35 @@ TEST_F(ObjectBarTest, RimAndTiltAreResetAloneAndWithTheOthers)
     EXPECT_EQ(object("Head").rim, (ObjectRim{0.0, 1.0}));
     EXPECT_EQ(object("Head").tilt, ObjectTilt());
     EXPECT_EQ(document().commands().undoName(), QStringLiteral("Reset Values of Head"));
+}
+
+TEST_F(ObjectBarTest, TheBarCoversNoLightAndNoHandle)
+{
+    openParts();
+    // Below the head's lower edge, where the bar would be: the picture is 200 high, and a light's unit is 100 pixels.
+    placeLight(QPointF(0.0, -0.7));
+    click(kHead);
+    ASSERT_TRUE(bar().isVisible());
+    EXPECT_EQ(coveredHandles(), 0);
+    // Small objects have their handles around them.
+    window->viewer().zoomTo(viewer().zoom() / 6.0);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(coveredHandles(), 0);
+}
+
+TEST_F(ObjectBarTest, TheBarMakesWayForALightThatIsDraggedUnderIt)
+{
+    openParts();
+    click(kHead);
+    ASSERT_TRUE(bar().isVisible());
+    const QPoint from = viewer().lightHandles().front().toPoint();
+    const QPoint to = bar().geometry().center();
+    QTest::mousePress(&viewer(), Qt::LeftButton, Qt::NoModifier, from);
+    studio_testing::moveMouse(viewer(), to, Qt::LeftButton);
+    QTest::mouseRelease(&viewer(), Qt::LeftButton, Qt::NoModifier, to);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(viewer().lightHandles().front().toPoint(), to);
+    EXPECT_EQ(coveredHandles(), 0);
 }
 
 } // namespace
