@@ -223,6 +223,13 @@ void ObjectHands::leave()
     update();
 }
 
+void ObjectHands::aim(const QPointF& place)
+{
+    const std::vector<SceneObject> found = under(place);
+    if (!found.empty() && !_objects.isSelected(found.front()))
+        _objects.select({found.front()});
+}
+
 bool ObjectHands::cancel()
 {
     switch (std::exchange(_doing, Doing::NOTHING)) {

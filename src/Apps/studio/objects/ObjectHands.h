@@ -6,6 +6,7 @@
 //   click with Shift    adds an object to the selection, or takes it out
 //   drag                selects the objects inside a rectangle; with Shift, adds them to the selection
 //   drag a handle       changes bevel, elevation, smoothness or tilt of all selected objects; with Shift, in fine steps
+//   right click         selects the topmost object for the menu, unless it is selected already
 //   Escape              cancels a drag; otherwise clears the selection
 #pragma once
 
@@ -41,6 +42,7 @@ public:
     void release(const QPointF& place, Qt::KeyboardModifiers modifiers) override;
     void hover(const QPointF& place) override;
     void leave() override;
+    void aim(const QPointF& place) override;
     bool cancel() override;
     Qt::CursorShape cursor(const QPointF& place) const override;
     void paint(QPainter& painter) override;

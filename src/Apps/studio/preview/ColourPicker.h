@@ -25,6 +25,7 @@ public:
     void release(const QPointF& place, Qt::KeyboardModifiers modifiers) override;
     void hover(const QPointF& place) override;
     void leave() override;
+    void aim(const QPointF&) override {}
     bool cancel() override;
     Qt::CursorShape cursor(const QPointF& place) const override;
     void paint(QPainter& painter) override;

@@ -383,6 +383,8 @@ void Viewer::focusOutEvent(QFocusEvent* event)
 
 void Viewer::contextMenuEvent(QContextMenuEvent* event)
 {
+    if (_tool && _frame && event->reason() == QContextMenuEvent::Mouse)
+        _tool->aim(event->pos());
     Q_EMIT menuWanted(event->reason() == QContextMenuEvent::Keyboard ? rect().center() : event->pos());
 }
 

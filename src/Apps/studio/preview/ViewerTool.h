@@ -25,6 +25,8 @@ public:
     /// The mouse was moved without a button, or left the view.
     virtual void hover(const QPointF& place) = 0;
     virtual void leave() = 0;
+    /// The right button was pressed, and a menu for what is there comes next.
+    virtual void aim(const QPointF& place) = 0;
     /// Cancels the current action and undoes it. @return whether there was anything to cancel
     virtual bool cancel() = 0;
 

@@ -82,6 +82,29 @@ TEST_F(ObjectHandsTest, TheMouseOverAnObjectOutlinesItAndLeavesTheSelectionAlone
     EXPECT_EQ(window->objects().hovered(), nullptr);
 }
 
+TEST_F(ObjectHandsTest, TheRightButtonSelectsWhatItsMenuIsFor)
+{
+    openParts();
+    click(kHead);
+    const auto askForMenu = [&](QContextMenuEvent::Reason reason, const QPoint& place) {
+        QContextMenuEvent wanted(reason, place, viewer().mapToGlobal(place));
+        QCoreApplication::sendEvent(&viewer(), &wanted);
+        QCoreApplication::processEvents();
+        auto* const menu = window->findChild<QMenu*>(QStringLiteral("objectMenu"));
+        ASSERT_NE(menu, nullptr);
+        delete menu;
+    };
+    askForMenu(QContextMenuEvent::Mouse, inView(kBody));
+    EXPECT_EQ(selected(), QStringList({"Body"}));
+    // What is selected stays so, and keys point at nothing.
+    click(kHead, Qt::ShiftModifier);
+    askForMenu(QContextMenuEvent::Mouse, inView(kBody));
+    EXPECT_EQ(selected(), QStringList({"Body", "Head"}));
+    click(kBody);
+    askForMenu(QContextMenuEvent::Keyboard, inView(kHead));
+    EXPECT_EQ(selected(), QStringList({"Body"}));
+}
+
 TEST_F(ObjectHandsTest, WhatIsSelectedInTheGraphIsOutlinedInThePicture)
 {
     openParts();
