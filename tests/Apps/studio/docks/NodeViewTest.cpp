@@ -72,6 +72,21 @@ TEST_F(NodeViewTest, ASelectionMadeElsewhereIsShown)
     EXPECT_FALSE(nodes().item(module("Hero"))->isSelected());
 }
 
+TEST_F(NodeViewTest, ASelectionMadeElsewhereIsBroughtIntoViewInAGraphThatDoesNotFit)
+{
+    auto scene = docks::smallScene();
+    for (int i = 0; i < 60; ++i)
+        scene->root().emplace<MO_ElementModule>().setInstanceName(QStringLiteral("Extra%1").arg(i));
+    document.replaceScene(std::move(scene), QString(), false);
+    docks::settle();
+    for (const char* const name : {"Extra0", "Extra59", "Display"}) {
+        document.setSelection({&module(name)});
+        docks::settle();
+        const QRect box = nodes().mapFromScene(nodes().item(module(name))->box()).boundingRect();
+        EXPECT_TRUE(nodes().viewport()->rect().contains(box)) << name;
+    }
+}
+
 TEST_F(NodeViewTest, ADragFromAnOutputToAnInputConnects)
 {
     MO_Module& arm = module("Arm");

@@ -21,7 +21,8 @@
 namespace {
 
 constexpr double kMargin = 24.0;
-constexpr double kLegible = 0.6; // the smallest scale that is chosen without being asked for
+constexpr int kMarginOfSelected = 12; // less than fit() leaves
+constexpr double kLegible = 0.6;      // the smallest scale that is chosen without being asked for
 constexpr double kRoomAround = 600.0;
 constexpr double kDotSpacing = 24.0;
 
@@ -246,9 +247,10 @@ void NodeView::followSelection()
         Q_EMIT groupChanged();
     }
     showSelection();
-    // A node that was clicked is visible already.
-    if (const NodeItem* found = current ? item(*current) : nullptr; found && !_fitsAll && !_taking)
-        ensureVisible(found->sceneBoundingRect(), 20, 20);
+    // A node that was clicked is visible already. A large graph does not fit into the view, even if all of it is
+    // wanted.
+    if (const NodeItem* found = current ? item(*current) : nullptr; found && !_taking)
+        ensureVisible(found->sceneBoundingRect(), kMarginOfSelected, kMarginOfSelected);
 }
 
 void NodeView::connectPorts(const NodePort& source, const NodePort& target)
