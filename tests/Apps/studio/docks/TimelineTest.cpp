@@ -191,6 +191,21 @@ TEST_F(TimelineTest, AClickOnARowsNameSelectsTheNode)
     EXPECT_EQ(document.currentModule(), &module("Hat"));
 }
 
+TEST_F(TimelineTest, TheRowsOfSelectedElementsAreMarked)
+{
+    const auto groundOf = [this](const char* name) {
+        const int middle = canvas().cellCenter(rowOf(QLatin1String(name)), 1).y();
+        // Right of the name.
+        return port().grab().toImage().pixelColor(TimelineCanvas::kNameWidth - 4, middle);
+    };
+    document.setSelection({&module("Display")});
+    docks::settle();
+    EXPECT_EQ(groundOf("Hat"), groundOf("Hero"));
+    document.setSelection({&module("Hat"), &module("Display")});
+    docks::settle();
+    EXPECT_NE(groundOf("Hat"), groundOf("Hero"));
+}
+
 TEST_F(TimelineTest, TheFieldsChangeTheFramesOfTheScene)
 {
     auto* last = view<TimelineView>().findChild<QSpinBox*>(QStringLiteral("LastFrame"));

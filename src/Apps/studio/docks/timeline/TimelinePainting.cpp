@@ -213,8 +213,9 @@ void TimelineCanvas::paintNames(QPainter& painter) const
         const TimelineRow& shown = _rows[static_cast<std::size_t>(row)];
         const QRectF place(0, rowTop(row), kNameWidth, kRowHeight);
         const bool isCurrent = row == _currentRow;
-        if (isCurrent)
-            painter.fillRect(place, blended(window, palette().color(QPalette::Highlight), hasFocus() ? 0.45 : 0.2));
+        const bool isSelected = shown.element && _document.selection().contains(shown.module);
+        const double share = !isCurrent ? (isSelected ? 0.2 : 0.0) : hasFocus() ? 0.45 : 0.2;
+        painter.fillRect(place, blended(window, palette().color(QPalette::Highlight), share));
         const double indent = shown.element ? 8 : 18;
         const QRectF room = place.adjusted(indent, 0, -6, 0);
         painter.setPen(shown.element || isCurrent ? text : blended(window, text, 0.75));
