@@ -2,6 +2,8 @@
 //
 // What is shown can be told from its ground in both themes: texts with a contrast of 4.5, parts of the window with one
 // of 3. The contrast is that of the Web Content Accessibility Guidelines 2.1.
+#include "Apps/studio/docks/DocksTesting.h"
+
 #include "studio/docks/graph/NodeColors.h"
 #include "studio/docks/scene/ColourSwatch.h"
 #include "studio/docks/scene/DrawingThumbnail.h"
@@ -9,7 +11,11 @@
 #include "studio/window/Appearance.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QPainter>
+#include <QSlider>
+#include <QSpinBox>
 #include <QStyle>
 #include <QStyleOptionViewItem>
 
@@ -55,6 +61,16 @@ protected:
             greatest = std::max(greatest, contrast(blended(ground, pixel, pixel.alphaF()), ground));
         }
         return greatest;
+    }
+
+    // What a widget looks like in a window.
+    static QImage shown(QWidget& widget)
+    {
+        widget.resize(120, widget.sizeHint().height());
+        QImage picture(widget.size(), QImage::Format_ARGB32_Premultiplied);
+        picture.fill(colour(QPalette::Window));
+        widget.render(&picture, QPoint(), QRegion(), QWidget::DrawChildren);
+        return picture;
     }
 
 private:
@@ -122,6 +138,48 @@ TEST_P(ContrastTest, EmptyBoxesToTickAreSeenOnEveryGround)
             painter.end();
             EXPECT_GE(greatestContrast(picture, colour(role)), kPart) << role;
         }
+}
+
+TEST_P(ContrastTest, FieldsHaveOutlines)
+{
+    QLineEdit line;
+    QSpinBox number;
+    QDoubleSpinBox fraction;
+    QComboBox choice;
+    for (QWidget* const field : std::initializer_list<QWidget*>{&line, &number, &fraction, &choice}) {
+        const QImage border = shown(*field).copy(0, 0, 3, field->height());
+        EXPECT_GE(greatestContrast(border, colour(QPalette::Window)), kPart) << field->metaObject()->className();
+    }
+}
+
+TEST_P(ContrastTest, HandlesOfSlidersAreSeen)
+{
+    QSlider slider(Qt::Horizontal);
+    slider.setRange(0, 100);
+    slider.setValue(50);
+    // A column through the handle.
+    const QImage column = shown(slider).copy(60, 0, 1, slider.height()).transformed(QTransform().rotate(90));
+    EXPECT_GE(greatestContrast(column, colour(QPalette::Window)), kPart);
+}
+
+TEST_P(ContrastTest, TicksAndCursorOfTheTimelineAreSeenAlsoOnTheFramesThatArePlayed)
+{
+    StudioDocument document;
+    document.replaceScene(docks::smallScene(), QString(), false);
+    document.setCurrentFrame(9);
+    TimelineCanvas canvas(document);
+    canvas.resize(700, 160);
+    canvas.showLoop(std::pair(5, 16));
+    const QImage picture = canvas.viewport()->grab().toImage();
+    const auto placeOf = [&](double frame) { return canvas.cellCenter(-1, frame).x(); };
+    const auto ground = [&](int frame, int y) { return picture.pixelColor(placeOf(frame), y); };
+    constexpr int kTick = TimelineCanvas::kRulerHeight - 3;
+    for (const int frame : {2, 7, 12, 20}) {
+        const int border = (placeOf(frame - 1) + placeOf(frame)) / 2;
+        EXPECT_GE(greatestContrast(picture.copy(border - 2, kTick, 5, 1), ground(frame, kTick)), kPart) << frame;
+    }
+    constexpr int kHead = TimelineCanvas::kRulerHeight - 9;
+    EXPECT_GE(contrast(ground(9, kHead), ground(12, kHead)), kPart);
 }
 
 TEST_P(ContrastTest, HandlesOfObjectsAreSeenOnAnyPicture)

@@ -101,7 +101,7 @@ void TimelineCanvas::paintRuler(QPainter& painter) const
         const bool isNumbered = toNext == 0 || (isFirst && static_cast<double>(toNext) * _frameWidth >= kRoomForNumber);
         if (!isNumbered && _frameWidth < 5.0)
             continue;
-        painter.setPen(QPen(blended(window, text, 0.5), 1));
+        painter.setPen(QPen(blended(window, text, 0.7), 1));
         painter.drawLine(QPointF(x, kRulerHeight - (isNumbered ? 8 : 4)), QPointF(x, kRulerHeight - 1));
         if (!isNumbered)
             continue;
@@ -175,7 +175,7 @@ void TimelineCanvas::paintKeys(QPainter& painter, const TimelineRow& row, int to
     }
     const QColor base = palette().color(QPalette::Base);
     const QColor text = palette().color(QPalette::Text);
-    const QColor highlight = palette().color(QPalette::Highlight);
+    const QColor current = palette().color(QPalette::Link);
     const bool isCurrentRow = _currentRow >= 0 && &row == &_rows[static_cast<std::size_t>(_currentRow)];
     const double y = top + kRowHeight / 2.0 - 0.5;
     const auto place = [&](const AT_Curve::Key& key) { return QPointF(xOf(key.frame) + _frameWidth / 2, y); };
@@ -183,13 +183,13 @@ void TimelineCanvas::paintKeys(QPainter& painter, const TimelineRow& row, int to
     for (std::size_t i = 0; i + 1 < keys.size(); ++i) {
         const bool holds = keys[i].interpolation == AT_Curve::Interpolation::HOLD;
         const bool isSmooth = keys[i].interpolation == AT_Curve::Interpolation::BEZIER;
-        painter.setPen(QPen(blended(base, text, 0.4), isSmooth ? 2.5 : 1.2, holds ? Qt::DotLine : Qt::SolidLine));
+        painter.setPen(QPen(blended(base, text, 0.6), isSmooth ? 2.5 : 1.2, holds ? Qt::DotLine : Qt::SolidLine));
         painter.drawLine(place(keys[i]), place(keys[i + 1]));
     }
     for (const AT_Curve::Key& key : keys) {
         const bool isCurrent = key.frame == _document.currentFrame() && isCurrentRow;
-        painter.setPen(QPen(isCurrent ? highlight : blended(base, text, 0.75), 1.3));
-        painter.setBrush(isCurrent ? highlight : blended(base, text, 0.3));
+        painter.setPen(QPen(isCurrent ? current : blended(base, text, 0.75), 1.3));
+        painter.setBrush(isCurrent ? current : blended(base, text, 0.3));
         if (key.interpolation == AT_Curve::Interpolation::HOLD)
             painter.drawRect(QRectF(place(key) - QPointF(4.5, 4.5), QSizeF(9, 9)));
         else if (key.interpolation == AT_Curve::Interpolation::BEZIER)
@@ -230,7 +230,8 @@ void TimelineCanvas::paintNames(QPainter& painter) const
 
 void TimelineCanvas::paintCursor(QPainter& painter) const
 {
-    const QColor highlight = palette().color(QPalette::Highlight);
+    // The accent itself is too faint on the frames that are played.
+    const QColor colour = palette().color(QPalette::Link);
     const double left = xOf(_document.currentFrame());
     const double middle = left + _frameWidth / 2;
     const double width = std::max(_frameWidth, 9.0);
@@ -240,7 +241,7 @@ void TimelineCanvas::paintCursor(QPainter& painter) const
     head.lineTo(middle, kRulerHeight - 1);
     head.lineTo(middle - width / 2, kRulerHeight - 6);
     head.closeSubpath();
-    painter.fillPath(head, highlight);
-    painter.setPen(QPen(highlight, 1.2));
+    painter.fillPath(head, colour);
+    painter.setPen(QPen(colour, 1.2));
     painter.drawLine(QPointF(middle, kRulerHeight - 2), QPointF(middle, viewport()->height()));
 }
