@@ -113,6 +113,13 @@ TEST_F(SurfaceFiles, GlossIsThatOfTheColours)
     EXPECT_EQ(codeAt("two_gloss.png", 11, 36), 0);
 }
 
+TEST_F(SurfaceFiles, GlossIsNoCoarserThanItsFile)
+{
+    ASSERT_EQ(made(" --gloss #ff0000=0.3 --gloss all=0.001").exitCode, 0);
+    EXPECT_NEAR(codeAt("two_gloss.png", 20, 20), 0.3 * 65535, 2);
+    EXPECT_NEAR(codeAt("two_gloss.png", 36, 36), 0.001 * 65535, 2);
+}
+
 TEST_F(SurfaceFiles, GlossBecomesRoughnessForProgramsThatTakeThat)
 {
     ASSERT_EQ(made(" --gloss #00f=1 --for three").exitCode, 0);

@@ -89,7 +89,7 @@ UT_Result<void> addGlossOf(const ReadDrawing& read, const NormalMapSettings& set
     const auto painted = renderGloss(read.drawing, settings, gloss);
     if (!painted)
         return painted.error();
-    auto picture = NM_greyMaskPicture(*painted->picture, window, IIO_SampleType::FLOAT, false, 0);
+    auto picture = NM_paintedMaskPicture(*painted->picture, window, IIO_SampleType::FLOAT, false, 0);
     if (!picture)
         return picture.error();
     maps.gloss = std::move(*picture);

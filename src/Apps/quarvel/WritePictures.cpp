@@ -135,8 +135,8 @@ Made makeGloss(const RenderedDrawing& rendered, const NormalMapOptions& options,
     const auto samples = samplesFor(file);
     if (!samples)
         return samples.error();
-    return NM_greyMaskPicture(*rendered.gloss.picture, rendered.frame.window, *samples, takesRoughness(options),
-                              mapFormFor(options, file).pad);
+    return NM_paintedMaskPicture(*rendered.gloss.picture, rendered.frame.window, *samples, takesRoughness(options),
+                                 mapFormFor(options, file).pad);
 }
 
 Made make(PictureKind kind, const RenderedDrawing& rendered, const NormalMapOptions& options, const QString& file)

@@ -72,13 +72,14 @@ UT_Result<IIO_Picture> NM_maskPicture(const CEL_PixmapArea& coverage, const Math
                   [&](int x, int y, const auto&) { return static_cast<double>(value(x, y)); });
 }
 
-UT_Result<IIO_Picture> NM_greyMaskPicture(const CEL_PixmapArea& greys, const Math::Box2di& frame,
-                                          IIO_SampleType samples, bool isInverted, int pad)
+UT_Result<IIO_Picture> NM_paintedMaskPicture(const CEL_PixmapArea& painted, const Math::Box2di& frame,
+                                             IIO_SampleType samples, bool isInverted, int pad)
 {
     const float beyond = isInverted ? 1.0F : 0.0F;
-    auto picture = maskOf(greys, frame, samples, beyond, pad, [&](int, int, const auto& pixel) {
-        const double grey = static_cast<double>(pixel.r) / static_cast<double>(pixel.a);
-        return isInverted ? 1.0 - grey : grey;
+    auto picture = maskOf(painted, frame, samples, beyond, pad, [&](int, int, const auto& pixel) {
+        const double whole = static_cast<double>(pixel.r) + static_cast<double>(pixel.g) / 255.0;
+        const double value = whole / static_cast<double>(pixel.a);
+        return isInverted ? 1.0 - value : value;
     });
     if (picture)
         picture->metadata() = NM_metadataOf(isInverted ? QStringLiteral("roughness") : QStringLiteral("gloss"));

@@ -26,9 +26,10 @@ QUARVELNORMALMAP_EXPORT UT_Result<IIO_Picture> NM_maskPicture(const CEL_PixmapAr
                                                               IIO_SampleType samples, const NM_ValueOfPixel& value,
                                                               float beyond, int pad);
 
-/// The same of a drawing that was painted in greys: the value is the drawing's grey, straight.
+/// The same of a drawing that was painted in values instead of colours, each in two parts because colours have 8 bits:
+/// red holds the value, and green what is missing in it, in 255ths of a step of 1/255.
 ///
 /// @param isInverted 1 - the value instead, for programs that take roughness instead of gloss
-QUARVELNORMALMAP_EXPORT UT_Result<IIO_Picture> NM_greyMaskPicture(const CEL_PixmapArea& greys,
-                                                                  const Math::Box2di& frame, IIO_SampleType samples,
-                                                                  bool isInverted, int pad);
+QUARVELNORMALMAP_EXPORT UT_Result<IIO_Picture> NM_paintedMaskPicture(const CEL_PixmapArea& painted,
+                                                                     const Math::Box2di& frame, IIO_SampleType samples,
+                                                                     bool isInverted, int pad);

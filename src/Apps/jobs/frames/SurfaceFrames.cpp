@@ -82,8 +82,8 @@ UT_Result<IIO_Picture> SurfaceFrames::gloss(int frame, const RD_SoftRenderer::Pr
     const auto greys = _greys->renderDrawing(frame, _settings.parameters, progress);
     if (!greys)
         return greys.error();
-    return NM_greyMaskPicture(**greys, RD_RenderJob(_settings.parameters).frame(), samplesOf(_settings),
-                              _settings.roughness, _settings.picture.form.pad);
+    return NM_paintedMaskPicture(**greys, RD_RenderJob(_settings.parameters).frame(), samplesOf(_settings),
+                                 _settings.roughness, _settings.picture.form.pad);
 }
 
 IIO_Metadata SurfaceFrames::metadata(int frame) const

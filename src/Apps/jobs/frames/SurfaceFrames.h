@@ -14,7 +14,7 @@ public:
     /// Whether such pictures are made here.
     static bool makes(FrameContent content);
 
-    /// Copies the scene and paints it in greys if the pictures hold gloss.
+    /// Copies the scene and paints it in values if the pictures hold gloss.
     ///
     /// @param shown, settings of the run; must outlive this object
     SurfaceFrames(const ShownModule& shown, const RenderFramesSettings& settings);

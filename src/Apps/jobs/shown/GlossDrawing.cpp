@@ -13,48 +13,55 @@
 
 namespace {
 
+// A value from 0 to 1 in two parts, since colours have 8 bits: steps of 1/255, and the rest in 255ths of a step.
+struct SplitValue
+{
+    std::uint8_t steps = 0;
+    std::uint8_t rest = 0;
+};
+
+SplitValue split(double value)
+{
+    const long code = std::lround(std::clamp(value, 0.0, 1.0) * 255.0 * 255.0);
+    return {static_cast<std::uint8_t>(code / 255), static_cast<std::uint8_t>(code % 255)};
+}
+
 class GlossColours
 {
 public:
-    explicit GlossColours(const GlossSettings& settings) : _others(codeOf(settings.others))
+    explicit GlossColours(const GlossSettings& settings) : _others(split(settings.others))
     {
         for (const ColourGloss& set : settings.colours)
-            _codes[set.colour.rgb()] = {codeOf(set.gloss), false};
+            _values[set.colour.rgb()] = {split(set.gloss), false};
     }
 
-    // The grey of a colour, 0 to 255.
-    std::uint8_t of(QRgb colour)
+    SplitValue of(QRgb colour)
     {
-        const auto found = _codes.find(colour | 0xff000000U);
-        if (found == _codes.end())
+        const auto found = _values.find(colour | 0xff000000U);
+        if (found == _values.end())
             return _others;
         found->second.occurs = true;
-        return found->second.grey;
+        return found->second.value;
     }
 
     std::vector<QColor> missing() const
     {
         std::vector<QColor> missing;
-        for (const auto& [colour, code] : _codes)
-            if (!code.occurs)
+        for (const auto& [colour, value] : _values)
+            if (!value.occurs)
                 missing.emplace_back(colour);
         return missing;
     }
 
 private:
-    struct Code
+    struct Value
     {
-        std::uint8_t grey;
+        SplitValue value;
         bool occurs;
     };
 
-    static std::uint8_t codeOf(double gloss)
-    {
-        return static_cast<std::uint8_t>(std::lround(std::clamp(gloss, 0.0, 1.0) * 255.0));
-    }
-
-    std::uint8_t _others;
-    std::map<QRgb, Code> _codes;
+    SplitValue _others;
+    std::map<QRgb, Value> _values;
 };
 
 class GlossScene
@@ -82,9 +89,9 @@ private:
     UT_SharedPtr<CELVEC_Kvd> painted(const UT_SharedPtr<CELVEC_Kvd>& drawing)
     {
         Painted& known = _drawings[drawing.get()];
-        if (!known.greys)
+        if (!known.values)
             known = {drawing, paint(*drawing)};
-        return known.greys;
+        return known.values;
     }
 
     UT_SharedPtr<CELVEC_Kvd> paint(const CELVEC_Kvd& drawing)
@@ -103,39 +110,39 @@ private:
     {
         if (!colours)
             return colours;
-        CM_SharedPtr<CM_Palette>& greys = _palettes[colours.get()];
-        if (greys)
-            return greys;
-        greys = UT_makeShared<CM_Palette>(colours->GetName());
+        CM_SharedPtr<CM_Palette>& values = _palettes[colours.get()];
+        if (values)
+            return values;
+        values = UT_makeShared<CM_Palette>(colours->GetName());
         for (const auto& colour : colours->colors()) {
             const CM_Rgba& nominal = colour->GetNominalColor();
-            const std::uint8_t grey = _colours.of(qRgb(nominal.red, nominal.green, nominal.blue));
+            const SplitValue gloss = _colours.of(qRgb(nominal.red, nominal.green, nominal.blue));
             auto own = UT_makeShared<CM_Color>(colour->GetColorName(), CM_Color::NORMAL_COLOR, colour->GetColorId());
-            own->SetNominalColor({grey, grey, grey, nominal.alpha});
-            greys->addColor(own);
+            own->SetNominalColor({gloss.steps, gloss.rest, 0, nominal.alpha});
+            values->addColor(own);
         }
-        return greys;
+        return values;
     }
 
     QImage pixels(const QImage& picture)
     {
         if (picture.isNull())
             return picture;
-        QImage greys = GR_imageInFormat(picture, QImage::Format_ARGB32);
-        for (int y = 0; y < greys.height(); ++y) {
-            auto* const row = reinterpret_cast<QRgb*>(greys.scanLine(y));
-            for (QRgb& pixel : std::span(row, static_cast<std::size_t>(greys.width()))) {
-                const std::uint8_t grey = qAlpha(pixel) > 0 ? _colours.of(pixel) : std::uint8_t{0};
-                pixel = qRgba(grey, grey, grey, qAlpha(pixel));
+        QImage values = GR_imageInFormat(picture, QImage::Format_ARGB32);
+        for (int y = 0; y < values.height(); ++y) {
+            auto* const row = reinterpret_cast<QRgb*>(values.scanLine(y));
+            for (QRgb& pixel : std::span(row, static_cast<std::size_t>(values.width()))) {
+                const SplitValue gloss = qAlpha(pixel) > 0 ? _colours.of(pixel) : SplitValue();
+                pixel = qRgba(gloss.steps, gloss.rest, 0, qAlpha(pixel));
             }
         }
-        return greys;
+        return values;
     }
 
     struct Painted
     {
         UT_SharedPtr<CELVEC_Kvd> colours; // kept, so that no other drawing gets its address
-        UT_SharedPtr<CELVEC_Kvd> greys;
+        UT_SharedPtr<CELVEC_Kvd> values;
     };
 
     GlossColours _colours;

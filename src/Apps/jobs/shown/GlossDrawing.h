@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Paints the drawings of a scene in the gloss of their colours: grey instead of each colour, from black for dull to
-// white for glossy. Edges stay as exact as in the drawing, because the same shapes are painted. Palette colours are
+// Paints the drawings of a scene in the gloss of their colours, as NM_paintedMaskPicture() takes it: red and green hold
+// the value. Edges stay as exact as in the drawing, because the same shapes are painted. Palette colours are
 // found by their colour, pixels of sprites by theirs, which must be the same in red, green and blue.
 #pragma once
 
