@@ -3,18 +3,17 @@
 // The node comes first, then the frames, then the files: each is needed to judge the next.
 #include "RenderPlan.h"
 
+#include "FrameFileNames.h"
 #include "GlossOption.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelSceneCore/graph/MO_SceneCopy.h"
-#include "TakenFiles.h"
+#include "SurfacePlan.h"
 #include "jobs/frames/FilmFile.h"
 #include "jobs/frames/FrameRange.h"
 #include "jobs/frames/RenderMemory.h"
 #include "jobs/frames/RenderPage.h"
-#include "jobs/frames/SurfaceFrames.h"
 #include "jobs/limits/JobLimits.h"
 #include "jobs/shown/ShownMemory.h"
-#include "jobs/shown/SurfacePictures.h"
 #include "jobs/targets/Targets.h"
 #include "jobs/text/NameList.h"
 
@@ -62,19 +61,10 @@ UT_Result<std::vector<int>> framesOf(const MO_Scene& scene, const RenderOptions&
     return shardOf(list->frames, options.shard.first, options.shard.second);
 }
 
-UT_Result<FrameFileName> fileOf(const QString& output, const RenderOptions& options, std::size_t frames)
-{
-    auto name = FrameFileName::parse(output);
-    if (name && !name->hasNumber() && (frames > 1 || options.shard.second > 1))
-        return UT_Error{QStringLiteral("%1 would be written over by every frame; write %2")
-                            .arg(output, FrameFileName::proposal(output))};
-    return name;
-}
-
 UT_Result<void> nameFiles(const RenderOptions& options, RenderFramesSettings& settings)
 {
     if (!options.output.isEmpty()) {
-        const auto file = fileOf(options.output, options, settings.frames.size());
+        const auto file = frameFileOf(options.output, options, settings.frames.size());
         if (!file)
             return file.error();
         settings.file = *file;
@@ -119,7 +109,7 @@ UT_Result<RenderFramesSettings> inFiles(const QString& output, const RenderOptio
     RenderFramesSettings settings = plan.settings;
     if (output.isEmpty())
         return settings;
-    const auto file = fileOf(output, options, settings.frames.size());
+    const auto file = frameFileOf(output, options, settings.frames.size());
     if (!file)
         return file.error();
     settings.file = *file;
@@ -161,52 +151,6 @@ void warnOfMissingColours(const MO_Scene& scene, const RenderOptions& options, R
     const std::unique_ptr<MO_Scene> copy = MO_copyScene(scene);
     if (const QString warning = glossWarning(paintGloss(*copy, options.gloss)); !warning.isEmpty())
         report.warning(options.scene, warning);
-}
-
-// A file of integers holds a range of heights, which must be the same for all frames.
-UT_Result<NM_HeightRange> givenHeightRange(const RenderOptions& options, bool isOpen)
-{
-    if (isOpen && options.shard.second > 1)
-        return UT_Error{QStringLiteral("say with --height-range how many pixels white is in %1, because the parts of a "
-                                       "run do not know each other's heights, or write .exr, which holds heights in "
-                                       "pixels")
-                            .arg(options.height)};
-    return NM_HeightRange{.black = 0.0, .white = options.heightRange.value_or(0.0)};
-}
-
-// The same frames in the same size: heights, occlusion, numbers and gloss, as far as they are wanted.
-UT_Result<void> planSurfaces(const RenderOptions& options, RenderPlan& plan)
-{
-    const std::pair<const QString&, FrameContent> wanted[] = {{options.height, FrameContent::HEIGHT},
-                                                              {options.occlusion, FrameContent::OCCLUSION},
-                                                              {options.numbers, FrameContent::NUMBERS},
-                                                              {options.glossFile, FrameContent::GLOSS}};
-    const Target* const target = options.form.target;
-    if (const auto exact = options.numbers.isEmpty() ? UT_Result<void>() : checkNumbersFile(options.numbers); !exact)
-        return exact;
-    for (const auto& [output, content] : wanted) {
-        if (output.isEmpty())
-            continue;
-        const auto file = fileOf(output, options, plan.settings.frames.size());
-        if (!file)
-            return file.error();
-        RenderFramesSettings run = plan.settings;
-        if (content == FrameContent::HEIGHT)
-            run.picture.form.bits = options.form.bits.value_or(16);
-        RenderFramesSettings settings = surfaceSettings(run, content, output);
-        settings.file = *file;
-        settings.gloss = options.gloss;
-        settings.roughness = target && target->beside.roughness;
-        if (content == FrameContent::HEIGHT) {
-            plan.findsHeights = !options.heightRange && !IIO_isFloatFile(options.height);
-            const auto range = givenHeightRange(options, plan.findsHeights);
-            if (!range)
-                return range.error();
-            settings.heights = *range;
-        }
-        plan.surfaces.emplace_back(output, std::move(settings));
-    }
-    return {};
 }
 
 // The parts of a frame that any of the runs needs. One run follows another, so each takes at most the memory for these.
@@ -267,36 +211,6 @@ void warnOfLosses(const RenderOptions& options, const RenderPlan& plan, Report& 
     report.warning(options.output,
                    QStringLiteral(".%1 files hold 8 bits a channel%2; write .png or .exr to keep everything")
                        .arg(format->suffix, format->alpha ? QString() : QStringLiteral(" and no coverage")));
-}
-
-UT_Error sameFile(const QString& first, const QString& second, const QString& file)
-{
-    return UT_Error{QStringLiteral("%1 and %2 would both write %3; name different files").arg(first, second, file)};
-}
-
-// No picture of the run replaces another one.
-UT_Result<void> checkFilesDiffer(const RenderOptions& options, const std::vector<int>& frames)
-{
-    const std::pair<const char*, const QString&> frameFiles[] = {{"-o", options.output},
-                                                                 {"--lit", options.lit},
-                                                                 {"--drawing", options.drawing},
-                                                                 {"--height", options.height},
-                                                                 {"--occlusion", options.occlusion},
-                                                                 {"--numbers", options.numbers},
-                                                                 {"--gloss-file", options.glossFile}};
-    std::vector<std::pair<QString, FrameFileName>> names;
-    for (const auto& [option, output] : frameFiles)
-        if (const auto name = FrameFileName::parse(output))
-            names.emplace_back(QLatin1String(option), *name);
-    TakenFiles taken;
-    for (const int frame : frames)
-        for (const auto& [option, name] : names)
-            if (auto before = taken.take(name.of(frame), option))
-                return sameFile(*before, option, name.of(frame));
-    for (const auto& [option, file] : {std::pair("--preview", options.preview), std::pair("--html", options.page)})
-        if (auto before = taken.take(file, QLatin1String(option)))
-            return sameFile(*before, QLatin1String(option), file);
-    return {};
 }
 
 } // namespace

@@ -1,0 +1,22 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The files of a run's frames, as the options name them.
+#pragma once
+
+#include "RenderOptions.h"
+#include "jobs/frames/FrameFileName.h"
+
+#include <cstddef>
+#include <vector>
+
+/// The names that an option gives to the files of several frames.
+///
+/// @param output what the option says
+/// @param frames how many frames this run renders
+/// @return an error for a name that ends in no picture format, or that all frames would share
+UT_Result<FrameFileName> frameFileOf(const QString& output, const RenderOptions& options, std::size_t frames);
+
+/// Checks that no picture, film or page of the run replaces another one.
+///
+/// @return an error that names the two options and their common file
+UT_Result<void> checkFilesDiffer(const RenderOptions& options, const std::vector<int>& frames);
