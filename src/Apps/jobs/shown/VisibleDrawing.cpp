@@ -19,6 +19,15 @@ constexpr int kNoObject = -1;
 
 bool endsTheWalk(const MO_Module& module);
 
+// The module that delivers to an input.
+//
+// @param disabled whether it may be disabled; otherwise the next one that is not
+MO_Module* moduleAt(const MO_Port& input, bool disabled)
+{
+    const MO_Port* const source = disabled ? input.realDisabledSrcPort() : input.realSrcPort();
+    return source ? source->module() : nullptr;
+}
+
 // The definition that is farthest upstream along the first inputs.
 //
 // @param disabled whether disabled definitions count, too
@@ -29,8 +38,7 @@ ObjectDefinition* definitionBehind(MO_Module* module, bool disabled)
         if (auto* const found = dynamic_cast<ObjectDefinition*>(module); found && (disabled || module->enabled()))
             definition = found;
         const MO_Port* const input = module->inPort(0);
-        const MO_Port* const source = input ? input->realSrcPort() : nullptr;
-        module = source ? source->module() : nullptr;
+        module = input ? moduleAt(*input, disabled) : nullptr;
     }
     return definition;
 }
@@ -220,20 +228,17 @@ VisibleInputs& replace(MO_Module& node, DrawingNotes* notes)
 
 ObjectDefinition* objectDefinitionBehind(const MO_Port& input)
 {
-    const MO_Port* const source = input.realSrcPort();
-    return source ? definitionBehind(source->module(), false) : nullptr;
+    return definitionBehind(moduleAt(input, false), false);
 }
 
 ObjectDefinition* anyDefinitionBehind(const MO_Port& input)
 {
-    const MO_Port* const source = input.realSrcPort();
-    return source ? definitionBehind(source->module(), true) : nullptr;
+    return definitionBehind(moduleAt(input, true), true);
 }
 
 int objectNumberBehind(const MO_Port& input, double frame)
 {
-    const MO_Port* const source = input.realSrcPort();
-    return numberBehind(source ? source->module() : nullptr, frame);
+    return numberBehind(moduleAt(input, false), frame);
 }
 
 MO_Module& showDrawings(MO_Scene& scene, MO_Module& shown, DrawingNotes* notes)
