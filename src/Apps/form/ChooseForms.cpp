@@ -3,6 +3,7 @@
 // Each layer is measured on a small picture of all its shapes together.
 #include "form/ChooseForms.h"
 
+#include "form/PageFrame.h"
 #include "form/raster/OutlineDistance.h"
 
 #include <cmath>
@@ -22,12 +23,13 @@ ObjectExtent measureExtent(std::span<const DIO_Shape> shapes, const QRectF& fram
 
 std::vector<ObjectForm> chooseForms(const ChosenObjects& chosen, const FormSettings& settings)
 {
+    const QRectF page = pageAround(chosen.drawing.viewBox, settings.aspect);
     std::vector<ObjectForm> forms;
     for (std::size_t i = 0; i < chosen.drawing.layers.size(); ++i) {
         const std::vector<DIO_Shape>& layer = chosen.drawing.layers[i].shapes;
         const ChosenObject& object = chosen.objects[i];
         const auto& shapes = object.measured.empty() ? layer : object.measured;
-        forms.push_back(formFor(measureExtent(shapes, chosen.drawing.viewBox), object.role, settings));
+        forms.push_back(formFor(measureExtent(shapes, page), object.role, settings));
     }
     return forms;
 }

@@ -2,6 +2,7 @@
 #include "form/ChooseObjects.h"
 
 #include "form/ContinueBeyondFrame.h"
+#include "form/PageFrame.h"
 #include "form/ReliefLayers.h"
 #include "form/bitmap/BitmapObjects.h"
 #include "form/choice/FewParts.h"
@@ -70,13 +71,14 @@ ChosenObjects chooseOfShapes(const DIO_Drawing& drawing, ObjectChoice choice)
     return parts.parts.empty() ? believed(drawing) : assembleLayers(shapes, facts, parts, grid);
 }
 
-ChosenObjects chooseOfSeen(const DIO_Drawing& drawing, ObjectChoice choice)
+ChosenObjects chooseOfSeen(const DIO_Drawing& drawing, ObjectChoice choice, double aspect)
 {
+    const QRectF page = pageAround(drawing.viewBox, aspect);
     if (choice == ObjectChoice::AUTO && !hasLayers(drawing) && isBitmap(drawing))
-        return chooseBitmapObjects(drawing);
+        return chooseBitmapObjects(drawing, page);
     ChosenObjects chosen = chooseOfShapes(drawing, choice);
     if (choice == ObjectChoice::AUTO)
-        continueBeyondFrame(chosen);
+        continueBeyondFrame(chosen, page);
     return chosen;
 }
 
@@ -107,12 +109,12 @@ DIO_Grouping groupingFor(ObjectChoice choice)
     return DIO_Grouping::AUTO;
 }
 
-ChosenObjects chooseObjects(const DIO_Drawing& drawing, ObjectChoice choice)
+ChosenObjects chooseObjects(const DIO_Drawing& drawing, ObjectChoice choice, double aspect)
 {
     DIO_Drawing seen = drawing;
     std::vector<std::size_t> places;
     const std::vector<DIO_Layer> reliefs = takeReliefLayers(seen, places);
-    ChosenObjects chosen = chooseOfSeen(seen, choice);
+    ChosenObjects chosen = chooseOfSeen(seen, choice, aspect);
     if (choice == ObjectChoice::AUTO && !hasLayers(seen))
         places.clear();
     addReliefLayers(reliefs, places, drawing.palette, chosen);

@@ -15,4 +15,5 @@ DIO_Grouping groupingFor(ObjectChoice choice);
 /// objects show the unchanged drawing without these layers, except for the antialiasing where objects share
 /// a line. With AUTO, an object that the picture's border cuts continues outside it. Moved, scaled or mirrored drawings
 /// get the same objects, moved, scaled or mirrored.
-ChosenObjects chooseObjects(const DIO_Drawing& drawing, ObjectChoice choice);
+/// @param aspect of the picture (FormSettings::aspect)
+ChosenObjects chooseObjects(const DIO_Drawing& drawing, ObjectChoice choice, double aspect = 0.0);

@@ -43,12 +43,16 @@ std::vector<Stretch> stretches(int count, IsCovered isCovered)
 class Continuation
 {
 public:
-    Continuation(const DIO_Layer& layer, const QRectF& frame)
+    Continuation(const DIO_Layer& layer, const QRectF& frame, const QRectF& page)
         : _grid(Grid::over(frame, kCells))
         , _mask(CellMask::of(layer.shapes, _grid))
         , _cut(cutSides(_mask, _grid.bounds()))
         , _far(kBeyond * std::max(frame.width(), frame.height()))
     {
+        _cut.left = _cut.left && page.left() == frame.left();
+        _cut.right = _cut.right && page.right() == frame.right();
+        _cut.top = _cut.top && page.top() == frame.top();
+        _cut.bottom = _cut.bottom && page.bottom() == frame.bottom();
         for (const DIO_Shape& shape : layer.shapes)
             _bounds |= shape.clip ? shape.path.boundingRect() & shape.clip->boundingRect() : shape.path.boundingRect();
     }
@@ -103,7 +107,7 @@ private:
 
 } // namespace
 
-void continueBeyondFrame(ChosenObjects& chosen)
+void continueBeyondFrame(ChosenObjects& chosen, const QRectF& page)
 {
     const QRectF& frame = chosen.drawing.viewBox;
     for (std::size_t i = 0; i < chosen.objects.size(); ++i) {
@@ -112,7 +116,7 @@ void continueBeyondFrame(ChosenObjects& chosen)
         if (role == ObjectRole::SLAB || role == ObjectRole::FLAT || frame.isEmpty())
             continue;
         const int paint = layer.shapes.front().paint;
-        for (const QRectF& rectangle : Continuation(layer, frame).rectangles()) {
+        for (const QRectF& rectangle : Continuation(layer, frame, page).rectangles()) {
             DIO_Shape shape;
             shape.path.addRect(rectangle);
             shape.paint = paint;

@@ -9,4 +9,7 @@
 
 /// Continues every layer that the picture's border cuts, by half of the picture's longer side. Layers that continue
 /// outside the picture by themselves stay unchanged, and so do tiles (SLAB) and backdrops (FLAT).
-void continueBeyondFrame(ChosenObjects& chosen);
+///
+/// @param page the frame of the picture; a side where it lies outside the drawing's shows where the drawing ends, and
+///             nothing continues there
+void continueBeyondFrame(ChosenObjects& chosen, const QRectF& page);

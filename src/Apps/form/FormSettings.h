@@ -29,6 +29,8 @@ struct FormSettings
     ObjectChoice objects = ObjectChoice::AUTO;
     FormShape shape = FormShape::AUTO;
     bool listed = false; ///< shares and colours are found for a drawing's own layers, too (ObjectShares.h)
+    /// Width over height of the picture that the drawing is fitted into; 0 for the drawing's own (PageFrame.h).
+    double aspect = 0.0;
     double volume = 1.0; ///< factor on the elevation, 0 (flat) to kMaxVolume
 
     static constexpr double kMaxVolume = 2.0;

@@ -74,12 +74,22 @@ private:
     {
         if (const UT_Result<void> readable = checkIsDrawing(_drawing); !readable)
             return readable.error();
-        const UT_Result<ReadDrawing> read = readDrawing(_drawing, _options.settings.form, _options.tiling);
+        const UT_Result<ReadDrawing> read = readDrawing(_drawing, formSettings(), _options.tiling);
         if (!read)
             return read.error();
         _warnings = read->warnings;
         show(kReadEnds);
         return _options.tiling.isAny() ? renderTiled(read->drawing, files) : renderAlone(read->drawing, files);
+    }
+
+    // A tile repeats beyond its border, whatever the picture's shape is.
+    FormSettings formSettings() const
+    {
+        FormSettings form = _options.settings.form;
+        const std::optional<QSize>& size = _options.settings.size;
+        if (size && size->height() > 0 && !_options.tiling.isAny())
+            form.aspect = static_cast<double>(size->width()) / size->height();
+        return form;
     }
 
     UT_Result<void> renderAlone(const LayeredDrawing& drawing, const OutputFiles& files)

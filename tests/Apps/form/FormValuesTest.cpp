@@ -110,3 +110,15 @@ TEST(FormValues, AreMeasuredOnWhatIsSeenOfACompletedPart)
     found.objects[0].measured = read(circle(50, 50, 20, "#ffcc4d")).layers[0].shapes;
     EXPECT_EQ(chooseForms(found, {}), chooseForms(chosen(circle(50, 50, 20, "#ffcc4d")), {}));
 }
+
+TEST(FormValues, AreInUnitsOfThePictureThatTheDrawingIsFittedInto)
+{
+    const ChosenObjects found = chosen(circle(50, 50, 25, "#ffcc4d"));
+    const double own = chooseForms(found, {}).front().bevel;
+    FormSettings wide;
+    wide.aspect = 2.0;
+    FormSettings high;
+    high.aspect = 0.5;
+    EXPECT_NEAR(chooseForms(found, wide).front().bevel, own / 2.0, 0.03 * own) << "the drawing takes half of the width";
+    EXPECT_NEAR(chooseForms(found, high).front().bevel, own, 0.03 * own) << "it takes the whole width";
+}

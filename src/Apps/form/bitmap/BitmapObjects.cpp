@@ -131,23 +131,19 @@ private:
 };
 
 // A drawing goes on beyond its own frame; a picture that ends inside that frame shows all that there is.
-FrameCuts frameCuts(const PixelPlane<int>& labels, const DIO_Drawing& drawing)
+void endInside(const QRectF& frame, const DIO_Shape& shape, FrameCuts& cuts)
 {
-    const DIO_Shape& shape = drawing.layers.front().shapes.front();
     const QRectF place = shape.path.boundingRect();
-    const QRectF& page = drawing.viewBox;
     const double across = place.width() / shape.picture.width() / 2.0;
     const double down = place.height() / shape.picture.height() / 2.0;
-    FrameCuts cuts(labels);
-    if (place.left() > page.left() + across)
+    if (place.left() > frame.left() + across)
         cuts.endAt(FrameSide::LEFT);
-    if (place.top() > page.top() + down)
+    if (place.top() > frame.top() + down)
         cuts.endAt(FrameSide::TOP);
-    if (place.right() < page.right() - across)
+    if (place.right() < frame.right() - across)
         cuts.endAt(FrameSide::RIGHT);
-    if (place.bottom() < page.bottom() - down)
+    if (place.bottom() < frame.bottom() - down)
         cuts.endAt(FrameSide::BOTTOM);
-    return cuts;
 }
 
 std::vector<ObjectLabels> objectLabels(const BitmapRegions& regions, const RegionGraph& graph,
@@ -173,7 +169,7 @@ bool isBitmap(const DIO_Drawing& drawing)
            !drawing.layers.front().shapes.front().picture.isNull() && !drawing.layers.front().shapes.front().clip;
 }
 
-ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing)
+ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing, const QRectF& page)
 {
     const std::optional<CutOut> cut = cutFromBackdrop(drawing.layers.front().shapes.front().picture);
     const QImage& original = drawing.layers.front().shapes.front().picture;
@@ -189,9 +185,12 @@ ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing)
     if (!regions.painted)
         joinShadesAndMarks(graph, regions.hard);
     const PixelPlane<int> labels = graph.labels();
-    const BitmapFrame frame{bitmap.size(), own.cells, frameCuts(labels, drawing)};
+    BitmapFrame frame{bitmap.size(), own.cells, FrameCuts(labels)};
+    endInside(drawing.viewBox, drawing.layers.front().shapes.front(), frame.cuts);
+    const bool opaque = frame.cuts.isCutAllAround();
+    endInside(page, drawing.layers.front().shapes.front(), frame.cuts);
     const StackingOrder stacking = stackingOrderOf(graph, labels);
-    const std::vector<BitmapRole> roles = bitmapRolesOf(graph, stacking, regions.painted, frame.cuts.isCutAllAround());
+    const std::vector<BitmapRole> roles = bitmapRolesOf(graph, stacking, regions.painted, opaque);
     const std::vector<ObjectLabels> parts = objectLabels(regions, graph, stacking, roles);
     std::vector<ObjectPicture> pictures = objectPictures(bitmap, own, labels, parts);
 

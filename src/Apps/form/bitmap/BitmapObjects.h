@@ -24,4 +24,5 @@ bool isBitmap(const DIO_Drawing& drawing);
 /// Moving or mirroring the picture, or enlarging it by a whole number, does not change its objects. Painted one over
 /// the other, they show the bitmap, pixel for pixel.
 /// @param drawing a drawing for which isBitmap() is true
-ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing);
+/// @param page    the frame of the picture that shows the drawing (PageFrame.h)
+ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing, const QRectF& page);

@@ -29,7 +29,7 @@ ReadDrawing chosenDrawing(const DIO_Drawing& drawing, const FormSettings& form, 
     read.warnings = drawing.warnings;
     read.drawing.frame = drawing.viewBox;
     read.drawing.size = drawing.size;
-    ChosenObjects chosen = chooseObjects(drawing, form.objects);
+    ChosenObjects chosen = chooseObjects(drawing, form.objects, form.aspect);
     if (form.listed)
         measureShares(chosen);
     if (const QString warning = chosen.warning(); !warning.isEmpty())

@@ -121,10 +121,10 @@ TEST(Backdrop, AnOpaquePictureWithoutOneSaysThatNothingHasAnOutline)
 {
     DIO_Drawing plain = bitmapDrawing(onPaper([](QPainter&) {}, Qt::white));
     plain.opaqueEdge = true;
-    EXPECT_FALSE(chooseBitmapObjects(plain).warning().isEmpty());
+    EXPECT_FALSE(chooseBitmapObjects(plain, plain.viewBox).warning().isEmpty());
     DIO_Drawing figure = bitmapDrawing(onPaper(paintFigure, Qt::white));
     figure.opaqueEdge = true;
-    EXPECT_TRUE(chooseBitmapObjects(figure).warning().isEmpty());
+    EXPECT_TRUE(chooseBitmapObjects(figure, figure.viewBox).warning().isEmpty());
 }
 
 TEST(LineArt, TheAreaInsideADrawnLineIsABody)

@@ -39,7 +39,8 @@ inline DIO_Drawing bitmapDrawing(const QImage& image)
 
 inline ChosenObjects objectsOf(const QImage& image)
 {
-    return chooseBitmapObjects(bitmapDrawing(image));
+    const DIO_Drawing drawing = bitmapDrawing(image);
+    return chooseBitmapObjects(drawing, drawing.viewBox);
 }
 
 /// The drawing's pictures, painted one over the other at their places. With 8 bits a channel, because with 16 bits Qt
