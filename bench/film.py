@@ -20,9 +20,11 @@ def still(value):
 
 
 def moving(values):
-    """A property with a key at each of some frames that are evenly apart."""
+    """A property with a key at each of some frames that are evenly apart. rlottie takes a last key with a curve for one that
+    ends at frame 0, and stands still."""
     step = FRAMES / (len(values) - 1)
     keys = [{"t": i * step, "s": value, "i": {"x": [0.6], "y": [1]}, "o": {"x": [0.4], "y": [0]}} for i, value in enumerate(values)]
+    keys[-1] = {"t": FRAMES, "s": values[-1]}
     return {"a": 1, "k": keys}
 
 
@@ -73,11 +75,16 @@ def draw(path, width, height):
     if not animation:
         sys.exit(f"film.py: rlottie cannot read {path}")
     picture = ctypes.create_string_buffer(width * height * 4)
+
+    def render(frame):
+        library.lottie_animation_render(animation, frame, picture, width, height, width * 4)
+        return picture.raw
+
+    if len({render(frame) for frame in range(FRAMES)}) < FRAMES:
+        sys.exit(f"film.py: two frames of {path} are equal, so that they would not be rendered twice")
     begin = time.monotonic()
     for frame in range(FRAMES):
         library.lottie_animation_render(animation, frame, picture, width, height, width * 4)
-    if not any(picture.raw):
-        sys.exit(f"film.py: rlottie draws nothing of {path}")
     return (time.monotonic() - begin) / FRAMES
 
 
