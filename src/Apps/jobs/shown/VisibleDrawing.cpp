@@ -19,33 +19,23 @@ constexpr int kNoObject = -1;
 
 bool endsTheWalk(const MO_Module& module);
 
-// The module that delivers to an input.
-//
-// @param disabled whether it may be disabled; otherwise the next one that is not
-MO_Module* moduleAt(const MO_Port& input, bool disabled)
-{
-    const MO_Port* const source = disabled ? input.realDisabledSrcPort() : input.realSrcPort();
-    return source ? source->module() : nullptr;
-}
-
-// The definition that is farthest upstream along the first inputs.
-//
-// @param disabled whether disabled definitions count, too
-ObjectDefinition* definitionBehind(MO_Module* module, bool disabled)
+// The enabled definition that is farthest upstream along the first inputs.
+ObjectDefinition* definitionBehind(MO_Module* module)
 {
     ObjectDefinition* definition = nullptr;
     while (module && !endsTheWalk(*module)) {
-        if (auto* const found = dynamic_cast<ObjectDefinition*>(module); found && (disabled || module->enabled()))
+        if (auto* const found = dynamic_cast<ObjectDefinition*>(module); found && module->enabled())
             definition = found;
         const MO_Port* const input = module->inPort(0);
-        module = input ? moduleAt(*input, disabled) : nullptr;
+        const MO_Port* const source = input ? input->realSrcPort() : nullptr;
+        module = source ? source->module() : nullptr;
     }
     return definition;
 }
 
 int numberBehind(MO_Module* module, double frame)
 {
-    const ObjectDefinition* const definition = definitionBehind(module, false);
+    const ObjectDefinition* const definition = definitionBehind(module);
     return definition ? definition->objectId(frame) : kNoObject;
 }
 
@@ -228,17 +218,14 @@ VisibleInputs& replace(MO_Module& node, DrawingNotes* notes)
 
 ObjectDefinition* objectDefinitionBehind(const MO_Port& input)
 {
-    return definitionBehind(moduleAt(input, false), false);
-}
-
-ObjectDefinition* anyDefinitionBehind(const MO_Port& input)
-{
-    return definitionBehind(moduleAt(input, true), true);
+    const MO_Port* const source = input.realSrcPort();
+    return source ? definitionBehind(source->module()) : nullptr;
 }
 
 int objectNumberBehind(const MO_Port& input, double frame)
 {
-    return numberBehind(moduleAt(input, false), frame);
+    const MO_Port* const source = input.realSrcPort();
+    return numberBehind(source ? source->module() : nullptr, frame);
 }
 
 MO_Module& showDrawings(MO_Scene& scene, MO_Module& shown, DrawingNotes* notes)

@@ -37,9 +37,6 @@ int objectNumberBehind(const MO_Port& input, double frame);
 /// The definition that determines this number; null if there is none.
 ObjectDefinition* objectDefinitionBehind(const MO_Port& input);
 
-/// The definition that would determine it if all definitions were enabled; null if there is none.
-ObjectDefinition* anyDefinitionBehind(const MO_Port& input);
-
 /// Changes a scene so that it shows the drawing instead of normal maps: connects everything that was connected to a
 /// node to a module that paints the node's inputs. The nodes stay in the scene, because other attributes may be linked
 /// to theirs. Use it only on copies of scenes that are not saved.

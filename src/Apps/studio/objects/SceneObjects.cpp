@@ -22,19 +22,11 @@ struct Source
     MO_ElementModule* element = nullptr;
 };
 
-// The definition that gives an input its object. Where none is enabled, the one that would, so that people can enable
-// it.
-ObjectDefinition* definitionOf(const MO_Port& input)
-{
-    ObjectDefinition* const shown = objectDefinitionBehind(input);
-    return shown ? shown : anyDefinitionBehind(input);
-}
-
 // The definition and the elements upstream of an input, those of the first inputs first. Without an element yet, the
 // definition alone.
 std::vector<Source> sourcesOf(const MO_Port& input)
 {
-    ObjectDefinition* const definition = definitionOf(input);
+    ObjectDefinition* const definition = objectDefinitionBehind(input);
     if (!definition)
         return {};
     std::vector<Source> sources;

@@ -76,14 +76,14 @@ TEST_F(SceneObjectsTest, FollowTheDefinitionNearestToTheDrawing)
     EXPECT_THAT(onlyObject().definitions, ElementsAre(&outer));
 }
 
-TEST_F(SceneObjectsTest, KeepADisabledDefinitionWithinReach)
+TEST_F(SceneObjectsTest, LeaveOutDefinitionsThatAreDisabled)
 {
     MO_ElementModule& arm = element();
     ObjectDefinition& only = definition(1);
     connect(arm, only);
     connect(only, *node);
     only.setEnabled(false);
-    EXPECT_THAT(onlyObject().definitions, ElementsAre(&only));
+    EXPECT_TRUE(objectsOf(scene, 1.0).empty());
 }
 
 } // namespace
