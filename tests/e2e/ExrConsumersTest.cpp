@@ -140,16 +140,6 @@ TEST_F(ExrConsumers, GimpShowsTheDrawing)
     }
 }
 
-TEST_F(ExrConsumers, KritaShowsTheDrawing)
-{
-    NEEDS("krita", "krita");
-    NEEDS("xvfb-run", "xvfb");
-    const Outcome outcome = run("env", {"HOME=" + path("."), "xvfb-run", "-a", "krita", "square.exr", "--export",
-                                        "--export-filename", "shown.png"});
-    ASSERT_TRUE(exists("shown.png")) << outcome.messages;
-    expectSquare("shown.png");
-}
-
 TEST_F(ExrConsumers, TheMapAloneIsOpaqueCodedOrSigned)
 {
     ASSERT_EQ(quarvel("normalmap square.svg -o coded.exr --exr map,half -q").exitCode, 0);
