@@ -12,15 +12,15 @@
 #include <new>
 #include <utility>
 
-#if defined(__SANITIZE_ADDRESS__)
-#define QUARVEL_UT_CHECKS_ADDRESSES 1
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#define QUARVEL_UT_IS_SANITIZED 1
 #elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define QUARVEL_UT_CHECKS_ADDRESSES 1
+#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
+#define QUARVEL_UT_IS_SANITIZED 1
 #endif
 #endif
 
-#if defined(__linux__) && !defined(QUARVEL_UT_CHECKS_ADDRESSES)
+#if defined(__linux__) && !defined(QUARVEL_UT_IS_SANITIZED)
 #define QUARVEL_UT_MOVES_PAGES 1
 #include <sys/mman.h>
 #endif
