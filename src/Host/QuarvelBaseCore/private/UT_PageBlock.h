@@ -4,8 +4,8 @@
 // the system clears it and notes it down. Moving a page that the process has already to another address costs a
 // hundredth of that, so a large block can take over the pages of smaller ones that nobody needs.
 //
-// Only Linux can move pages. Elsewhere, and under the address and thread sanitizers, which follow no page that is moved,
-// blocks come from the C++ library.
+// Only Linux can move pages. Elsewhere, and under the address and thread sanitizers, which follow no page that is
+// moved, blocks come from the C++ library.
 #pragma once
 
 #include <cstddef>
