@@ -13,7 +13,6 @@
 
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QThread>
 
 #include <algorithm>
 #include <new>
@@ -33,9 +32,11 @@ QString nameOf(const QStringList& files)
     return QFileInfo(files.first()).fileName();
 }
 
-UT_Result<ImportedScene> readFiles(const QStringList& files, const QString& objects)
+UT_Result<ImportedScene> readFiles(const QStringList& files, const QString& objects,
+                                   const ReadingThread::GivenUp& givenUp)
 {
     ImportSettings settings;
+    settings.goOn = [givenUp](double) { return !*givenUp; };
     if (const qsizetype choice = objectChoiceWords().indexOf(objects); choice >= 0)
         settings.form.objects = static_cast<ObjectChoice>(choice);
     try {
@@ -63,26 +64,7 @@ DrawingSources::DrawingSources(StudioDocument& document, QObject* parent) : QObj
     connect(&_document, &StudioDocument::aboutToSave, this, &DrawingSources::noteKnownVersions);
 }
 
-DrawingSources::~DrawingSources()
-{
-    retireThread();
-    for (const QPointer<QThread>& thread : std::as_const(_retired))
-        if (thread) {
-            thread->wait();
-            delete thread;
-        }
-}
-
-// What is read for a scene that is not open any more is of no use; nobody waits for it.
-void DrawingSources::retireThread()
-{
-    if (!_thread)
-        return;
-    _thread->disconnect(this);
-    connect(_thread, &QThread::finished, _thread, &QObject::deleteLater);
-    _retired.removeIf([](const QPointer<QThread>& thread) { return thread.isNull(); });
-    _retired << std::exchange(_thread, nullptr);
-}
+DrawingSources::~DrawingSources() = default;
 
 DrawingSources::Stamp DrawingSources::stampOf(const QString& file)
 {
@@ -100,8 +82,9 @@ std::vector<DrawingSources::Stamp> DrawingSources::stampsOf(const QStringList& f
 
 void DrawingSources::sceneReplaced()
 {
-    retireThread();
-    ++_scenes;
+    // What is read for a scene that is not open any more is of no use.
+    _thread.giveUp();
+    _held.reset();
     _again.stop();
     _queue.clear();
     _seen.clear();
@@ -199,7 +182,7 @@ void DrawingSources::enqueue(const Request& request)
 
 void DrawingSources::startNext()
 {
-    if (_thread || _queue.empty() || _again.isActive())
+    if (_thread.isReading() || _held || _queue.empty() || _again.isActive())
         return;
     auto reading = std::make_shared<Reading>();
     reading->request = _queue.front();
@@ -207,23 +190,20 @@ void DrawingSources::startNext()
     const QStringList& files = reading->request.files;
     reading->stamps = stampsOf(files);
     const QString objects = objectsOf(reading->request.source);
-    _thread = QThread::create([reading, objects] {
+    const auto read = [reading, objects](const ReadingThread::GivenUp& givenUp) {
         const QStringList& known = reading->request.known;
         // A file that is gone leaves the drawing as it is.
         if (const QString digest = known.isEmpty() ? QString() : drawingDigest(reading->request.files);
             !known.isEmpty() && (digest.isEmpty() || known.contains(digest)))
             reading->isUnchanged = true;
         else
-            reading->result = readFiles(reading->request.files, objects);
-    });
-    connect(_thread, &QThread::finished, this, [this, reading] { finish(reading); });
-    _thread->start();
+            reading->result = readFiles(reading->request.files, objects, givenUp);
+    };
+    _thread.start(read, [this, reading] { finish(reading); });
 }
 
 void DrawingSources::finish(const std::shared_ptr<Reading>& reading)
 {
-    _thread->wait();
-    std::exchange(_thread, nullptr)->deleteLater();
     const Request& request = reading->request;
     if (reading->stamps != stampsOf(request.files)) {
         // It was written to meanwhile; what was read may be half of it.
@@ -241,16 +221,19 @@ void DrawingSources::finish(const std::shared_ptr<Reading>& reading)
     deliver(reading);
 }
 
-// The scene does not change under a hand that drags something.
+// The scene does not change under a hand that drags something. Nothing else is read meanwhile, so that what was read
+// last is applied last.
 void DrawingSources::deliver(const std::shared_ptr<Reading>& reading)
 {
     if (QGuiApplication::mouseButtons() != Qt::NoButton) {
-        QTimer::singleShot(kQuiet, this, [this, reading, scenes = _scenes] {
-            if (scenes == _scenes)
+        _held = reading;
+        QTimer::singleShot(kQuiet, this, [this, reading] {
+            if (_held == reading)
                 deliver(reading);
         });
         return;
     }
+    _held.reset();
     apply(*reading);
     startNext();
 }

@@ -14,11 +14,11 @@
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
+#include "studio/document/ReadingThread.h"
 
 #include <QDateTime>
 #include <QFileSystemWatcher>
 #include <QObject>
-#include <QPointer>
 #include <QStringList>
 #include <QTimer>
 
@@ -27,7 +27,6 @@
 
 struct ImportedScene;
 class MO_ElementModule;
-class QThread;
 class StudioDocument;
 
 class DrawingSources : public QObject
@@ -97,7 +96,6 @@ private:
     void retry(const Request& request, const QString& error);
     QString objectsOf(const QStringList& source) const;
     void noteKnownVersions() const;
-    void retireThread();
 
     StudioDocument& _document;
     std::vector<QStringList> _sources;
@@ -107,8 +105,7 @@ private:
     QTimer _quiet;
     QTimer _again; // for the next attempt
     std::vector<Request> _queue;
-    int _scenes = 0; // how many were opened; what was read for another one is of no use
-    QThread* _thread = nullptr;
-    QList<QPointer<QThread>> _retired;
+    std::shared_ptr<Reading> _held; // until no mouse button is down
+    ReadingThread _thread;
     QStringList _told; // files that people know cannot be read
 };

@@ -9,7 +9,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QThread>
 
 bool OpenRequest::isScene(const QFileInfo& folder)
 {
@@ -52,54 +51,32 @@ UT_Result<OpenRequest> OpenRequest::of(const QStringList& paths)
 
 SceneFiles::SceneFiles(StudioDocument& document, QObject* parent) : QObject(parent), _document(document) {}
 
-SceneFiles::~SceneFiles()
-{
-    retireThread();
-    for (const QPointer<QThread>& thread : std::as_const(_retired))
-        if (thread) {
-            thread->wait();
-            delete thread;
-        }
-}
-
-// What reads drawings looks at the flag several times a second; what it reads just then is not waited for.
-void SceneFiles::retireThread()
-{
-    if (!_thread)
-        return;
-    *_cancelled = true;
-    _thread->disconnect(this);
-    connect(_thread, &QThread::finished, _thread, &QObject::deleteLater);
-    _retired.removeIf([](const QPointer<QThread>& thread) { return thread.isNull(); });
-    _retired << std::exchange(_thread, nullptr);
-}
+SceneFiles::~SceneFiles() = default;
 
 void SceneFiles::cancel()
 {
-    if (!_thread)
+    if (!isBusy())
         return;
-    retireThread();
+    _reading.giveUp();
     Q_EMIT busyChanged();
 }
 
 void SceneFiles::open(const OpenRequest& request)
 {
-    retireThread();
     auto outcome = std::make_shared<Outcome>();
-    _cancelled = std::make_shared<std::atomic<bool>>(false);
-    const auto goOn = [this, cancelled = _cancelled](double done) {
-        QMetaObject::invokeMethod(
-            this,
-            [this, cancelled, done] {
-                if (!*cancelled)
-                    Q_EMIT progressed(done);
-            },
-            Qt::QueuedConnection);
-        return !*cancelled;
+    const auto read = [this, request, outcome](const ReadingThread::GivenUp& givenUp) {
+        *outcome = load(request, [this, givenUp](double done) {
+            QMetaObject::invokeMethod(
+                this,
+                [this, givenUp, done] {
+                    if (!*givenUp)
+                        Q_EMIT progressed(done);
+                },
+                Qt::QueuedConnection);
+            return !*givenUp;
+        });
     };
-    _thread = QThread::create([request, outcome, goOn] { *outcome = load(request, goOn); });
-    connect(_thread, &QThread::finished, this, [this, request, outcome] { finish(request, *outcome); });
-    _thread->start();
+    _reading.start(read, [this, request, outcome] { finish(request, *outcome); });
     Q_EMIT busyChanged();
 }
 
@@ -127,8 +104,6 @@ SceneFiles::Outcome SceneFiles::load(const OpenRequest& request, const std::func
 
 void SceneFiles::finish(const OpenRequest& request, Outcome& outcome)
 {
-    _thread->wait();
-    std::exchange(_thread, nullptr)->deleteLater();
     Q_EMIT busyChanged();
     if (!outcome.scene) {
         Q_EMIT failed(outcome.error);

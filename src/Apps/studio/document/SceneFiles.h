@@ -7,17 +7,15 @@
 #include "QuarvelBaseCore/UT_Result.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
+#include "studio/document/ReadingThread.h"
 
 #include <QObject>
-#include <QPointer>
 #include <QStringList>
 
-#include <atomic>
 #include <functional>
 #include <memory>
 
 class QFileInfo;
-class QThread;
 class StudioDocument;
 
 /// What to open.
@@ -49,7 +47,7 @@ public:
     void open(const OpenRequest& request);
     /// Cancels opening at once; the document stays unchanged.
     void cancel();
-    bool isBusy() const { return _thread != nullptr; }
+    bool isBusy() const { return _reading.isReading(); }
 
 Q_SIGNALS:
     /// Opening started or ended.
@@ -70,11 +68,8 @@ private:
     };
 
     static Outcome load(const OpenRequest& request, const std::function<bool(double)>& goOn);
-    void retireThread();
     void finish(const OpenRequest& request, Outcome& outcome);
 
     StudioDocument& _document;
-    QThread* _thread = nullptr;
-    std::shared_ptr<std::atomic<bool>> _cancelled; // of the thread
-    QList<QPointer<QThread>> _retired;             // given up, and perhaps still at work
+    ReadingThread _reading;
 };

@@ -60,6 +60,7 @@ void StudioDocument::replaceScene(std::unique_ptr<MO_Scene> scene, const QString
     _commands.clear();
     listen();
     _folder = folder;
+    _nameOfDrawings.clear();
     _state = std::move(state);
     _modifiedFromTheStart = isModified;
     _isRecovered = false;
@@ -117,7 +118,15 @@ void StudioDocument::setSaved(const QString& folder, const SIO_SceneState& state
 
 QString StudioDocument::title() const
 {
-    return _folder.isEmpty() ? tr("Untitled") : QFileInfo(_folder).completeBaseName();
+    if (!_folder.isEmpty())
+        return QFileInfo(_folder).completeBaseName();
+    return _nameOfDrawings.isEmpty() ? tr("Untitled") : _nameOfDrawings;
+}
+
+void StudioDocument::setNameOfDrawings(const QString& name)
+{
+    _nameOfDrawings = name;
+    Q_EMIT stateChanged();
 }
 
 bool StudioDocument::isModified() const

@@ -57,8 +57,10 @@ public:
 
     /// The scene's folder; empty when it was never saved.
     const QString& folder() const { return _folder; }
-    /// The name for people: the folder's, or "Untitled".
+    /// The name for people: the folder's, else that of the drawings, else "Untitled".
     QString title() const;
+    /// Names the drawings that the scene was made of, until another scene is opened.
+    void setNameOfDrawings(const QString& name);
     bool isModified() const;
     /// Whether closing the document would lose work: changes, or a recovered scene. A drawing that was opened and not
     /// changed is no work, since it can be opened again.
@@ -100,6 +102,7 @@ private:
     std::unique_ptr<MO_Scene> _scene;
     CO_CommandStack _commands;
     QString _folder;
+    QString _nameOfDrawings;
     SIO_SceneState _state; ///< of the folder, when the scene was last loaded or saved there
     bool _modifiedFromTheStart = false;
     bool _isRecovered = false;

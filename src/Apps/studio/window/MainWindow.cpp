@@ -233,9 +233,8 @@ void MainWindow::showZoom()
 
 void MainWindow::updateTitle()
 {
-    const QString name = _document.folder().isEmpty() && !_nameOfImport.isEmpty() ? _nameOfImport : _document.title();
     const bool started = _pages->currentWidget() == _viewer;
-    setWindowTitle(started ? tr("%1[*] - Quarvel Studio").arg(name) : tr("Quarvel Studio[*]"));
+    setWindowTitle(started ? tr("%1[*] - Quarvel Studio").arg(_document.title()) : tr("Quarvel Studio[*]"));
     setWindowModified(_document.isModified());
 }
 

@@ -131,7 +131,6 @@ private:
     void sharePage();
     void makeBusyBars();
     QString drawingFolder() const;
-    QString nameOfWork() const;
 
     // MainWindowEdit.cpp
     void deleteSelected();
@@ -163,7 +162,6 @@ private:
     QLabel* _zoomLabel = nullptr;
     QList<std::pair<QAction*, QString>> _icons;
     QByteArray _firstLayout; ///< how the docks stand before anybody moved them
-    QString _nameOfImport;
     std::optional<QPoint> _hovered;
     QList<QDockWidget*> _hiddenDocks; // by the start page
 

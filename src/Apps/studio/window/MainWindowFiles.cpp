@@ -71,7 +71,6 @@ void MainWindow::newScene()
 {
     if (!confirmLeaving())
         return;
-    _nameOfImport.clear();
     _messages->clear();
     _document.replaceScene(std::make_unique<MO_Scene>(), {}, false);
     showStart(false);
@@ -169,7 +168,8 @@ void MainWindow::opened(const OpenRequest& request, const QString& remarks)
 {
     const bool isImport = request.scene.isEmpty();
     const QString path = isImport ? request.drawings.first() : request.scene;
-    _nameOfImport = isImport ? QFileInfo(path).completeBaseName() : QString();
+    if (isImport)
+        _document.setNameOfDrawings(QFileInfo(path).completeBaseName());
     if (path != examplePath()) {
         _recent.add(path);
         rememberDialogFolder(isImport ? FileDialogKind::DRAWINGS : FileDialogKind::SCENES, path);
@@ -187,10 +187,9 @@ bool MainWindow::save()
 
 bool MainWindow::saveAs()
 {
-    const QString name = _nameOfImport.isEmpty() ? tr("Untitled") : _nameOfImport;
-    const QString proposed = _document.folder().isEmpty()
-                                 ? QDir(dialogFolder(FileDialogKind::SCENES)).filePath(name + QStringLiteral(".scene"))
-                                 : _document.folder();
+    const QString name = _document.title() + QStringLiteral(".scene");
+    const QString proposed =
+        _document.folder().isEmpty() ? QDir(dialogFolder(FileDialogKind::SCENES)).filePath(name) : _document.folder();
     const QString folder = QFileDialog::getSaveFileName(this, tr("Save the Scene"), proposed, tr("Scenes (*.scene)"),
                                                         nullptr, QFileDialog::DontConfirmOverwrite);
     if (folder.isEmpty())
@@ -245,16 +244,10 @@ QString MainWindow::drawingFolder() const
     return QFileInfo(folder).isWritable() ? folder : QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
 }
 
-// The base name of files that are made from the document.
-QString MainWindow::nameOfWork() const
-{
-    return _document.folder().isEmpty() && !_nameOfImport.isEmpty() ? _nameOfImport : _document.title();
-}
-
 void MainWindow::exportFrames()
 {
     const QString& scene = _document.folder();
-    const QString name = nameOfWork();
+    const QString name = _document.title();
     ExportOrigin origin{name, drawingFolder(), scene.isEmpty() ? name : QFileInfo(scene).fileName()};
     if (_document.scene().firstFrame() != _document.scene().lastFrame())
         origin.folder += QLatin1Char('/') + name + QStringLiteral("_frames");
@@ -280,13 +273,13 @@ void MainWindow::sharePage()
     QFileDialog dialog(this, tr("Share"), ExportMemory::folderFor(drawings), tr("Pages (*.html)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("html"));
-    dialog.selectFile(nameOfWork() + QStringLiteral(".html"));
+    dialog.selectFile(_document.title() + QStringLiteral(".html"));
     if (dialog.exec() != QDialog::Accepted)
         return;
     const QString file = dialog.selectedFiles().value(0);
     ExportMemory::rememberFolder(drawings, QFileInfo(file).absolutePath());
     _messages->clear();
-    _pageShare.start(file, nameOfWork());
+    _pageShare.start(file, _document.title());
 }
 
 void MainWindow::makeBusyBars()
@@ -346,7 +339,8 @@ bool MainWindow::offerRecovery()
             continue;
         }
         _document.setRecovered();
-        _nameOfImport = left.savedAs.isEmpty() ? left.title : QString();
+        if (left.savedAs.isEmpty())
+            _document.setNameOfDrawings(left.title);
         showStart(false);
         _messages->showNotice(tr("Recovered \"%1\" as it was at %2. It is not saved yet.").arg(left.title, when));
         return true;

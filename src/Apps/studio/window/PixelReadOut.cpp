@@ -3,8 +3,6 @@
 // Numbers have fixed widths, so that the line does not jump while the mouse moves.
 #include "studio/window/PixelReadOut.h"
 
-#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
-#include "form/ElevationUnit.h"
 #include "studio/objects/ObjectsInFrame.h"
 
 #include <algorithm>
@@ -38,8 +36,7 @@ QString elevationText(double share, const SceneObject* object, double atFrame)
 {
     if (!object || object->isCutOut())
         return PixelReadOut::tr("elevation 0");
-    const AT_DoubleAttr* const multiplier = NormalMapNode(*object->node).elevationMultiplier();
-    const double whole = object->values.elevation * kRiseOfElevation * (multiplier ? multiplier->value(atFrame) : 1.0);
+    const double whole = object->values.elevation * NormalMapNode(*object->node).riseFactor(atFrame);
     return PixelReadOut::tr("elevation %1 of %2 units")
         .arg(QString::number(share * whole, 'f', 1), QString::number(whole, 'f', 1));
 }

@@ -2,6 +2,8 @@
 //
 // The viewer with mouse and keyboard, and the values that it shows for a pixel.
 #include "Apps/studio/window/WindowTesting.h"
+#include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 
 #include <QAction>
 #include <QLabel>
@@ -118,6 +120,19 @@ TEST_F(ViewerTest, TheReadOutTellsTheElevationInUnitsAndTheObject)
     EXPECT_EQ(readOut(),
               QStringLiteral("200, 100 elevation %1 of %2 units %3")
                   .arg(QString::number(share * whole, 'f', 1), QString::number(whole, 'f', 1), objects.front().name));
+}
+
+TEST_F(ViewerTest, TheReadOutsUnitsFollowTheTruckFactor)
+{
+    openDisc();
+    viewer().setKind(PictureKind::ELEVATION);
+    const SceneObject object = window->objects().all().front();
+    dynamic_cast<AT_BoolAttr&>(*object.node->findAttr(QStringLiteral("UseTruckFactor"))).setLocalValue(true);
+    document().scene().truckFactorAttr().setLocalValue(1.4);
+    ASSERT_TRUE(waitForPicture());
+    hover(QPointF(200.5, 100.5));
+    const QString whole = QString::number(object.values.elevation * 37.5 * 1.4, 'f', 1);
+    EXPECT_TRUE(readOut().contains(QStringLiteral("of %1 units").arg(whole))) << qPrintable(readOut());
 }
 
 TEST_F(ViewerTest, TheReadOutTellsTheRawChannelsWhereTheyAreAskedFor)

@@ -182,6 +182,16 @@ TEST_F(WindowFilesTest, LeavingAsksAndCancelStays)
     EXPECT_TRUE(window->isVisible());
 }
 
+TEST_F(WindowFilesTest, LeavingNamesTheDrawingThatTheSceneWasMadeOf)
+{
+    drop({write(QStringLiteral("fox.svg"), studio_testing::kDisc)});
+    ASSERT_TRUE(waitForPicture());
+    change();
+    answerNext(QMessageBox::Cancel);
+    EXPECT_FALSE(window->close());
+    EXPECT_TRUE(asked.contains(QStringLiteral("\"fox\" has changes"))) << qPrintable(asked);
+}
+
 TEST_F(WindowFilesTest, LeavingAsksAndDiscardLeaves)
 {
     openDisc();
