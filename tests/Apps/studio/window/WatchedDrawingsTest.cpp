@@ -220,6 +220,22 @@ TEST_F(WatchedDrawingsTest, AreReadAgainByAKey)
     EXPECT_TRUE(waitForCentre(60));
 }
 
+TEST_F(WatchedDrawingsTest, StayUnderAHandAndFollowTheNewestFileThen)
+{
+    openDisc();
+    const QPoint place(1, window->height() - 2);
+    QTest::mousePress(window->windowHandle(), Qt::LeftButton, Qt::NoModifier, place);
+    ASSERT_EQ(QGuiApplication::mouseButtons(), Qt::LeftButton);
+    for (const int x : {60, 70}) {
+        write(QStringLiteral("disc.svg"), disc(x));
+        window->sources().reloadAll();
+        QTest::qWait(400);
+        EXPECT_NEAR(centre(), 100.0, 1.0);
+    }
+    QTest::mouseRelease(window->windowHandle(), Qt::LeftButton, Qt::NoModifier, place);
+    EXPECT_TRUE(waitForCentre(70));
+}
+
 TEST_F(WatchedDrawingsTest, AreReplacedAndAddedTo)
 {
     openDisc();
