@@ -1531,10 +1531,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <translation>%1 gibt es nicht mehr. Wurde es verschoben oder umbenannt?</translation>
     </message>
     <message>
-        <source>Untitled</source>
-        <translation>Unbenannt</translation>
-    </message>
-    <message>
         <source>Save the Scene</source>
         <translation>Szene speichern</translation>
     </message>
