@@ -17,6 +17,7 @@
 #include "Say.h"
 #include "SetCommand.h"
 #include "StopSignal.h"
+#include "jobs/ProgramEnd.h"
 #include "jobs/WorkerThreads.h"
 #include "jobs/limits/JobLimits.h"
 #include "jobs/limits/PictureLimit.h"
@@ -208,7 +209,7 @@ int runProgram(int argc, char** argv)
 int main(int argc, char** argv)
 {
     try {
-        return runProgram(argc, argv);
+        return endProgram(runProgram(argc, argv));
     } catch (const std::bad_alloc&) {
         std::fputs("quarvel: not enough memory to begin\n", stderr);
         return kFailed;

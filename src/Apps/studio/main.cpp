@@ -4,6 +4,7 @@
 #include "QuarvelPlugInManager/PLUG_EditorWidgets.h"
 #include "QuarvelPlugInManager/PLUG_Manager.h"
 #include "QuarvelPlugInManager/PLUG_Services.h"
+#include "jobs/ProgramEnd.h"
 #include "jobs/WorkerThreads.h"
 #include "jobs/limits/JobLimits.h"
 #include "jobs/limits/PictureLimit.h"
@@ -17,10 +18,6 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QMessageBox>
-
-#ifdef Q_OS_WIN
-#include <qt_windows.h>
-#endif
 
 namespace {
 
@@ -85,10 +82,5 @@ int run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    const int exitCode = run(argc, argv);
-#ifdef Q_OS_WIN
-    // The system ends all other threads before the libraries are told to go, and they would wait for their threads.
-    TerminateProcess(GetCurrentProcess(), static_cast<UINT>(exitCode));
-#endif
-    return exitCode;
+    return endProgram(run(argc, argv));
 }
