@@ -9,8 +9,9 @@
 #include <QThreadPool>
 
 #include <atomic>
+#include <condition_variable>
 #include <exception>
-#include <semaphore>
+#include <mutex>
 
 namespace {
 
@@ -31,12 +32,18 @@ public:
         } catch (...) {
             _failure = std::current_exception();
         }
-        _isDone.release();
+        // Within the lock, because the waiting thread destroys the condition as soon as it can.
+        const std::scoped_lock lock(_mutex);
+        _isDone = true;
+        _done.notify_one();
     }
 
     void wait()
     {
-        _isDone.acquire();
+        {
+            std::unique_lock lock(_mutex);
+            _done.wait(lock, [this] { return _isDone; });
+        }
         if (_failure)
             std::rethrow_exception(_failure);
     }
@@ -45,7 +52,10 @@ private:
     const std::function<void()>& _work;
     std::exception_ptr _failure;
     std::atomic<bool> _isReady = false;
-    std::binary_semaphore _isDone{0};
+    std::mutex _mutex;
+    // No semaphore: where the system has no futex, GCC 12's sleeps on although it was released.
+    std::condition_variable _done;
+    bool _isDone = false;
 };
 
 // Lets the pool run one more thread while this one lives. Work that may wait for other threads of the pool could wait
