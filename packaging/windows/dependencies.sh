@@ -102,13 +102,18 @@ libzip() {
     with_cmake libzip "$folder/unpacked/libzip" -DBUILD_TOOLS=OFF -DBUILD_REGRESS=OFF -DBUILD_EXAMPLES=OFF -DBUILD_DOC=OFF "${options[@]}"
 }
 
+# The tests stand on it. Static, because they link it into one program each.
+googletest() {
+    with_cmake googletest "$folder/unpacked/googletest" -DBUILD_SHARED_LIBS=OFF
+}
+
 # Of Highway the headers alone are used.
 highway() {
     mkdir -p "$folder/prefix/include"
     cp -r "$folder/unpacked/highway/hwy" "$folder/prefix/include/"
 }
 
-for package in qt6-base qtsvg-opensource-src onetbb imath openexr libisal libzip highway; do fetch "$package"; done
+for package in qt6-base qtsvg-opensource-src onetbb imath openexr libisal libzip highway googletest; do fetch "$package"; done
 once qtbase qtbase
 once qtsvg qtsvg
 once onetbb onetbb
@@ -117,4 +122,5 @@ once openexr openexr
 once isal isal
 once libzip libzip
 once highway highway
+once googletest googletest
 echo "The libraries are in $folder/prefix"

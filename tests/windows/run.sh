@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
-# The programs for 64-bit Windows under Wine: what they write has to be what the programs of this machine write, byte for byte.
+# The programs for 64-bit Windows under Wine: what they write has to be what the programs of this machine write, byte for byte. Then
+# the tests of functions, as far as they do not ask for Linux (left-out.txt).
 #
-# usage: run.sh LINUX_PROGRAM WINDOWS_ZIP EXAMPLES      exit code 77: Wine does not run here
+# usage: run.sh LINUX_PROGRAM WINDOWS_ZIP EXAMPLES TEST_PROGRAMS LIBRARIES      exit code 77: Wine does not run here
 set -euo pipefail
-linux=$1 zip=$2 examples=$3
+here=$(cd "$(dirname "$0")" && pwd)
+linux=$1 zip=$2 examples=$3 programs=$4 libraries=$5
 work=$(mktemp -d)
 export WINEPREFIX=$work/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml=" QT_QPA_PLATFORM=offscreen
 trap 'wineserver -k 2>/dev/null || true; rm -rf "$work"' EXIT
@@ -75,4 +77,18 @@ passed "a refused import leaves nothing"
 timeout 600 wine "$home/vallorin/bin/quarvel-studio.exe" --screenshots "$work/shots" >/dev/null 2>&1 || fail "the desktop application"
 [ "$(find shots -name '*.png' | wc -l)" -gt 3 ] || fail "the desktop application's pictures"
 passed "the desktop application paints its views"
-echo "Windows under Wine $(wine --version): $checks checks passed"
+
+# The libraries that are not beside the tests are where the cross-build found them.
+WINEPATH=$(for folder in "$libraries" /usr/lib/gcc/x86_64-w64-mingw32/*-posix /usr/x86_64-w64-mingw32/lib; do
+    printf 'Z:%s;' "$(tr / '\\' <<<"$folder")"
+done)
+export WINEPATH RC_PARAMS=seed=1
+left_out=$(sed -n 's/^\([^ #][^ ]*\) .*/\1/p' "$here/left-out.txt" | paste -sd:)
+functions=0
+for program in "$programs"/test_*.exe; do
+    timeout 900 wine "$program" --gtest_brief=1 "--gtest_filter=-$left_out" >said.txt 2>&1 || { cat said.txt >&2; fail "$program"; }
+    count=$(sed -n 's/^\[  PASSED  \] \([0-9]*\) tests\{0,1\}\..*/\1/p' said.txt)
+    functions=$((functions + ${count:-0}))
+done
+[ "$functions" -gt 1000 ] || fail "expected more than 1000 tests of functions, got $functions"
+echo "Windows under $(wine --version): $checks checks of programs and $functions tests of functions passed"

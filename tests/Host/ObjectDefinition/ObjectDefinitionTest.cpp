@@ -121,7 +121,7 @@ TEST(ObjectDefinitionNode, HasItsAttributesWithTheirDefaultsAndOneInput)
     EXPECT_EQ(node.tiltX()->lower(), -90.0);
     EXPECT_EQ(node.tiltY()->upper(), 90.0);
     EXPECT_EQ(node.rimBevel()->localValue(), 0.0);
-    EXPECT_EQ(node.rimHeight()->localValue(), ObjectDefinition::kRimHeight);
+    EXPECT_EQ(node.rimHeight()->localValue(), double{ObjectDefinition::kRimHeight});
     EXPECT_EQ(node.relief()->localValue(), 0.0);
     EXPECT_EQ(node.attrs().size(), 9U);
     EXPECT_EQ(node.nInPorts(), 1U);

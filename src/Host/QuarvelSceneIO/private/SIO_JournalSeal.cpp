@@ -115,31 +115,33 @@ void makeKey()
     fresh.remove();
 }
 
-// Distinguishes a folder from its copies; empty if the system does not tell.
+// Distinguishes a folder from its copies, and from folders that took its place; empty if the system does not tell.
 QByteArray identityOf(const QString& folder)
 {
-    QByteArray number;
 #ifdef Q_OS_WIN
     const QString native = QDir::toNativeSeparators(folder);
     const HANDLE handle = CreateFileW(reinterpret_cast<const wchar_t*>(native.utf16()), 0,
                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
                                       FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (handle == INVALID_HANDLE_VALUE)
+        return {};
     BY_HANDLE_FILE_INFORMATION information = {};
-    if (handle != INVALID_HANDLE_VALUE) {
-        if (GetFileInformationByHandle(handle, &information))
-            number = QByteArray::number((quint64{information.nFileIndexHigh} << 32) | information.nFileIndexLow) + ' ' +
-                     QByteArray::number(qulonglong{information.dwVolumeSerialNumber});
-        CloseHandle(handle);
-    }
+    const bool isTold = GetFileInformationByHandle(handle, &information) != 0;
+    CloseHandle(handle);
+    if (!isTold)
+        return {};
+    // The index counts how often its place was used, so it needs no time beside it. Wine's times of making change with
+    // what is in the folder.
+    const quint64 index = (quint64{information.nFileIndexHigh} << 32) | information.nFileIndexLow;
+    return QByteArray::number(index) + ' ' + QByteArray::number(qulonglong{information.dwVolumeSerialNumber});
 #else
     struct stat status = {};
-    if (::stat(QFile::encodeName(folder).constData(), &status) == 0)
-        number = QByteArray::number(static_cast<qulonglong>(status.st_ino));
-#endif
-    if (number.isEmpty())
+    if (::stat(QFile::encodeName(folder).constData(), &status) != 0)
         return {};
     const QDateTime born = QFileInfo(folder).birthTime();
-    return number + ' ' + QByteArray::number(born.isValid() ? born.toMSecsSinceEpoch() : 0);
+    return QByteArray::number(static_cast<qulonglong>(status.st_ino)) + ' ' +
+           QByteArray::number(born.isValid() ? born.toMSecsSinceEpoch() : 0);
+#endif
 }
 
 QByteArray sealOf(const QByteArray& text, const QByteArray& identity, const QByteArray& key)
