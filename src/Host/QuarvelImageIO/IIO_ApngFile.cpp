@@ -46,7 +46,7 @@ UT_Result<void> IIO_ApngWriter::add(std::span<const std::uint8_t> rgba)
     assert(_file && rgba.size() == std::size_t{4} * static_cast<std::size_t>(_size.width()) *
                                        static_cast<std::size_t>(_size.height()));
     try {
-        writeFrame(IIO_pressPngPixels(imageOf(rgba, _size), IIO_Compression::SMALL));
+        writeFrame(IIO_compressPngPixels(imageOf(rgba, _size), IIO_Compression::SMALL));
     } catch (const std::bad_alloc&) {
         return UT_noMemory(QStringLiteral("the film"), QStringLiteral("make it smaller"))
             .at(QStringLiteral("cannot write \"%1\"").arg(_path));

@@ -27,7 +27,7 @@ void writeChunks(QIODevice& device, const QImage& image, IIO_Compression compres
     chunks.writeDensity(image.dotsPerMeterX());
     for (const QString& key : image.textKeys())
         chunks.writeText(key, image.text(key));
-    for (const auto& part : IIO_pressPngPixels(image, compression))
+    for (const auto& part : IIO_compressPngPixels(image, compression))
         chunks.write("IDAT", {}, part);
     chunks.write("IEND", {});
 }

@@ -59,15 +59,15 @@ std::uint32_t IIO_Deflate::checksumOf(std::span<const std::uint8_t> bytes)
     return isal_adler32(1, bytes.data(), bytes.size());
 }
 
-void IIO_Deflate::press(std::span<const std::uint8_t> bytes, bool isLast, Bytes& output) const
+void IIO_Deflate::compress(std::span<const std::uint8_t> bytes, bool isLast, Bytes& output) const
 {
     if (_compression == IIO_Compression::FAST)
-        pressFast(bytes, isLast, output);
+        compressFast(bytes, isLast, output);
     else
-        pressWell(bytes, isLast, output);
+        compressWell(bytes, isLast, output);
 }
 
-void IIO_Deflate::pressFast(std::span<const std::uint8_t> bytes, bool isLast, Bytes& output)
+void IIO_Deflate::compressFast(std::span<const std::uint8_t> bytes, bool isLast, Bytes& output)
 {
     const std::unique_ptr<isal_hufftables> codes = codesFor(bytes);
     isal_zstream stream{};
@@ -92,7 +92,7 @@ void IIO_Deflate::pressFast(std::span<const std::uint8_t> bytes, bool isLast, By
     output.resize(before + stream.total_out);
 }
 
-void IIO_Deflate::pressWell(std::span<const std::uint8_t> bytes, bool isLast, Bytes& output) const
+void IIO_Deflate::compressWell(std::span<const std::uint8_t> bytes, bool isLast, Bytes& output) const
 {
     constexpr int kRawStream = -15;
     constexpr int kMostMemory = 9;

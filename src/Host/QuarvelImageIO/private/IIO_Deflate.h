@@ -20,14 +20,14 @@ public:
     /// Appends the piece for at most 1 GiB of bytes. Throws std::bad_alloc if there is not enough memory.
     ///
     /// @param isLast whether the stream ends with this piece
-    void press(std::span<const std::uint8_t> bytes, bool isLast, std::vector<std::uint8_t>& output) const;
+    void compress(std::span<const std::uint8_t> bytes, bool isLast, std::vector<std::uint8_t>& output) const;
 
     /// Adler-32, the checksum at the end of a zlib stream.
     static std::uint32_t checksumOf(std::span<const std::uint8_t> bytes);
 
 private:
-    static void pressFast(std::span<const std::uint8_t> bytes, bool isLast, std::vector<std::uint8_t>& output);
-    void pressWell(std::span<const std::uint8_t> bytes, bool isLast, std::vector<std::uint8_t>& output) const;
+    static void compressFast(std::span<const std::uint8_t> bytes, bool isLast, std::vector<std::uint8_t>& output);
+    void compressWell(std::span<const std::uint8_t> bytes, bool isLast, std::vector<std::uint8_t>& output) const;
 
     IIO_Compression _compression;
 };

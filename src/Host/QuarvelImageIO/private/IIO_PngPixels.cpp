@@ -29,7 +29,7 @@ constexpr std::size_t kBandBytes = std::size_t{1} << 19U;
 
 struct Band
 {
-    Bytes pressed;
+    Bytes compressed;
     std::size_t length = 0; ///< in bytes, uncompressed
     std::uint32_t checksum = 0;
 };
@@ -52,10 +52,10 @@ void takeRow(const uchar* source, const IIO_PngForm& form, std::span<std::uint8_
             qToBigEndian(samples[c], bytes + (i + c) * sizeof(Sample));
 }
 
-class BandPress
+class BandCompressor
 {
 public:
-    BandPress(const QImage& image, IIO_Compression compression)
+    BandCompressor(const QImage& image, IIO_Compression compression)
         : _image(image)
         , _compression(compression)
         , _form(IIO_pngFormOf(image))
@@ -64,14 +64,14 @@ public:
         , _rowsPerBand(static_cast<int>(std::max<std::size_t>(1, kBandBytes / (_bytesPerRow + 1))))
     {}
 
-    std::vector<Band> pressAll()
+    std::vector<Band> compressAll()
     {
         std::vector<Band> bands(static_cast<std::size_t>((_image.height() + _rowsPerBand - 1) / _rowsPerBand));
         // The header of the stream: a window of 32 KiB, and the check bits of the header.
-        bands.front().pressed = {0x78, 0x01};
+        bands.front().compressed = {0x78, 0x01};
         VL_parallelFor(tbb::blocked_range<std::size_t>(0, bands.size(), 1), [&](const auto& range) {
             for (std::size_t i = range.begin(); i < range.end(); ++i)
-                press(bands[i], static_cast<int>(i) * _rowsPerBand, i + 1 == bands.size());
+                compress(bands[i], static_cast<int>(i) * _rowsPerBand, i + 1 == bands.size());
         });
         return bands;
     }
@@ -85,7 +85,7 @@ private:
         Bytes filtered;
     };
 
-    void press(Band& band, int firstRow, bool isLast)
+    void compress(Band& band, int firstRow, bool isLast)
     {
         Workplace& place = _places.local();
         const int end = std::min(firstRow + _rowsPerBand, _image.height());
@@ -94,15 +94,15 @@ private:
             return;
         }
         filterRows(place, firstRow, end);
-        pressFiltered(band, place.filtered, isLast);
+        compressFiltered(band, place.filtered, isLast);
     }
 
-    void pressFiltered(Band& band, std::span<const std::uint8_t> filtered, bool isLast) const
+    void compressFiltered(Band& band, std::span<const std::uint8_t> filtered, bool isLast) const
     {
         band.length = filtered.size();
         band.checksum = IIO_Deflate::checksumOf(filtered);
-        _deflate.press(filtered, isLast, band.pressed);
-        band.pressed.shrink_to_fit();
+        _deflate.compress(filtered, isLast, band.compressed);
+        band.compressed.shrink_to_fit();
     }
 
     // Whether all these rows look as the one above the first of them does. Usually these are the empty ones above and
@@ -127,7 +127,7 @@ private:
             std::span<std::uint8_t> rest = place.filtered;
             for (int y = 0; y < _rowsPerBand; ++y, rest = rest.subspan(_bytesPerRow + 1))
                 IIO_filterPngRow(place.above, place.above, _bytesPerPixel, rest.first(_bytesPerRow + 1));
-            pressFiltered(_unchanged, place.filtered, false);
+            compressFiltered(_unchanged, place.filtered, false);
         });
         return _unchanged;
     }
@@ -191,16 +191,16 @@ IIO_PngForm IIO_pngFormOf(const QImage& image)
     }
 }
 
-std::vector<Bytes> IIO_pressPngPixels(const QImage& image, IIO_Compression compression)
+std::vector<Bytes> IIO_compressPngPixels(const QImage& image, IIO_Compression compression)
 {
     assert(!image.isNull());
-    std::vector<Band> bands = BandPress(image, compression).pressAll();
+    std::vector<Band> bands = BandCompressor(image, compression).compressAll();
     uLong checksum = 1;
     std::vector<Bytes> parts;
     parts.reserve(bands.size());
     for (Band& band : bands) {
         checksum = adler32_combine(checksum, band.checksum, static_cast<z_off_t>(band.length));
-        parts.push_back(std::move(band.pressed));
+        parts.push_back(std::move(band.compressed));
     }
     std::array<std::uint8_t, 4> trailer{};
     qToBigEndian(static_cast<std::uint32_t>(checksum), trailer.data());

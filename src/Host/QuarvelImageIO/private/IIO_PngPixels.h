@@ -30,4 +30,4 @@ IIO_PngForm IIO_pngFormOf(const QImage& image);
 ///
 /// @param image not empty, in a format of IIO_pngFormOf()
 /// @return the zlib stream in parts, none of them empty
-std::vector<std::vector<std::uint8_t>> IIO_pressPngPixels(const QImage& image, IIO_Compression compression);
+std::vector<std::vector<std::uint8_t>> IIO_compressPngPixels(const QImage& image, IIO_Compression compression);
