@@ -10,7 +10,7 @@
 #include "OptionValues.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "StandardInput.h"
-#include "jobs/drawing/ObjectWords.h"
+#include "jobs/drawing/ObjectLimits.h"
 
 #include <algorithm>
 #include <functional>
@@ -49,7 +49,7 @@ Take<NormalMapOptions> setting(bool NormalMapSettings::*member, bool value)
 
 Taken takeBevel(NormalMapOptions& options, const QString& option, const QString& value)
 {
-    return keep(parseNumber(option, value, 0.0, kMostBevel),
+    return keep(parseNumber(option, value, ObjectLimits::kBevel.least, ObjectLimits::kBevel.most),
                 [&](double bevel) { options.settings.allObjects.bevel = bevel; });
 }
 

@@ -28,21 +28,25 @@ const AT_AttrMeta kEnabledMeta(QStringLiteral("ObjectEnabled"),
 
 const AT_DoubleAttrMeta kTiltXMeta(QStringLiteral("TiltX"),
                                    QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Tilt to the Right")),
-                                   QStringLiteral("DBL_STEP_ANGLE"), -90.0, 90.0, -60.0, 60.0, 1.0);
+                                   QStringLiteral("DBL_STEP_ANGLE"), -ObjectDefinition::kMostTilt,
+                                   ObjectDefinition::kMostTilt, -60.0, 60.0, 1.0);
 const AT_DoubleAttrMeta kTiltYMeta(QStringLiteral("TiltY"),
                                    QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Tilt Upwards")),
-                                   QStringLiteral("DBL_STEP_ANGLE"), -90.0, 90.0, -60.0, 60.0, 1.0);
+                                   QStringLiteral("DBL_STEP_ANGLE"), -ObjectDefinition::kMostTilt,
+                                   ObjectDefinition::kMostTilt, -60.0, 60.0, 1.0);
 
-constexpr double kWidestRim = 720.0;
 const AT_DoubleAttrMeta kRimBevelMeta(QStringLiteral("RimBevel"),
                                       QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Rim Bevel")),
-                                      QStringLiteral("DBL_STEP_BEVEL"), 0.0, kWidestRim, 0.0, 40.0, 1.0);
+                                      QStringLiteral("DBL_STEP_BEVEL"), 0.0, ObjectDefinition::kMostRimBevel, 0.0, 40.0,
+                                      1.0);
 const AT_DoubleAttrMeta kRimHeightMeta(QStringLiteral("RimHeight"),
                                        QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Rim Height")),
-                                       QStringLiteral("DBL_STEP_RIM"), 0.0, 10.0, 0.0, 2.0, 0.1);
+                                       QStringLiteral("DBL_STEP_RIM"), 0.0, ObjectDefinition::kMostRimHeight, 0.0, 2.0,
+                                       0.1);
 const AT_DoubleAttrMeta kReliefMeta(QStringLiteral("Relief"),
                                     QStringLiteral(QT_TRANSLATE_NOOP("AT_AttrMeta", "Relief")),
-                                    QStringLiteral("DBL_STEP_RELIEF"), -4.0, 4.0, -1.0, 1.0, 0.1);
+                                    QStringLiteral("DBL_STEP_RELIEF"), -ObjectDefinition::kMostRelief,
+                                    ObjectDefinition::kMostRelief, -1.0, 1.0, 0.1);
 
 const QString kAttributeChosenForm = QStringLiteral("chosenForm");
 

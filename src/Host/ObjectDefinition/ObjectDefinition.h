@@ -19,13 +19,13 @@ class AT_IntAttr;
 
 /// Defines an object. Its attributes: "ObjectNumber" (integer, 1 by default; 0 makes a cut-out; animatable),
 /// "ObjectLevel" (0 to 1, 1 by default; animatable), "ScaleByCoverage" (off by default), "ObjectEnabled" (on by
-/// default), "TiltX" and "TiltY" (degrees, -90 to 90, 0 by default; animatable): how far the object faces to the right
-/// and upwards instead of facing the viewer; "RimBevel" (0 to 720, 0 by default; animatable): the width of a second
-/// bevel at the object's outline, in units of which the picture is 720 wide, 0 for none, and "RimHeight" (0 to 10,
-/// kRimHeight by default; animatable): its height in multiples of that width; "Relief" (-4 to 4, 0 by default;
-/// animatable): of an object that is switched off, how high its strokes bend the surface below them, in multiples of
-/// half of their width, below 0 downwards. The nodes that make volumes know nothing of tilts, rims and reliefs;
-/// programs apply them to what they rendered.
+/// default), "TiltX" and "TiltY" (degrees up to kMostTilt each way, 0 by default; animatable): how far the object faces
+/// to the right and upwards instead of facing the viewer; "RimBevel" (0 to kMostRimBevel, 0 by default; animatable):
+/// the width of a second bevel at the object's outline, in units of which the picture is 720 wide, 0 for none, and
+/// "RimHeight" (0 to kMostRimHeight, kRimHeight by default; animatable): its height in multiples of that width;
+/// "Relief" (up to kMostRelief each way, 0 by default; animatable): of an object that is switched off, how high its
+/// strokes bend the surface below them, in multiples of half of their width, below 0 downwards. The nodes that make
+/// volumes know nothing of tilts, rims and reliefs; programs apply them to what they rendered.
 class OBJECTDEFINITION_EXPORT ObjectDefinition : public MO_Module
 {
 public:
@@ -49,6 +49,12 @@ public:
     AT_DoubleAttr* rimBevel() const { return _rimBevel; }
     AT_DoubleAttr* rimHeight() const { return _rimHeight; }
     AT_DoubleAttr* relief() const { return _relief; }
+
+    /// The limits of its values, each included: the tilt's and the relief's both ways.
+    static constexpr double kMostTilt = 90.0;
+    static constexpr double kMostRimBevel = 720.0;
+    static constexpr double kMostRimHeight = 10.0;
+    static constexpr double kMostRelief = 4.0;
 
     /// The height of a rim for which none was given, in multiples of its bevel.
     static constexpr double kRimHeight = 1.0;

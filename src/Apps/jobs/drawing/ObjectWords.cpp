@@ -3,17 +3,16 @@
 // A table of the values' names, each with the function that parses its value.
 #include "jobs/drawing/ObjectWords.h"
 
-#include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "form/ElevationUnit.h"
 #include "form/ReliefLayers.h"
+#include "jobs/drawing/ObjectLimits.h"
 #include "jobs/drawing/ObjectNames.h"
 
 #include <QLocale>
 
 #include <cmath>
 #include <functional>
-#include <limits>
 
 namespace {
 
@@ -27,27 +26,30 @@ struct ObjectWord
     Take take;
 };
 
-Take number(std::optional<double> ObjectSettings::*member, double low, double high)
+Take number(std::optional<double> ObjectSettings::*member, const ValueLimits& limits)
 {
     return [=](ObjectSettings& object, const QString& text) {
         bool isNumber = false;
         const double value = text.toDouble(&isNumber);
-        if (!isNumber || !std::isfinite(value) || value < low || value > high)
+        if (!isNumber || !limits.hold(value))
             return false;
         object.*member = value;
         return true;
     };
 }
 
-// The node takes an object of elevation 0 for an empty one, which whoever asks for a flat object does not mean.
 bool takeElevation(ObjectSettings& object, const QString& text)
 {
-    constexpr double kMost = std::numeric_limits<double>::max();
-    if (!number(&ObjectSettings::elevation, -kMost, kMost)(object, text))
+    if (!number(&ObjectSettings::elevation, ObjectLimits::kElevation)(object, text))
         return false;
-    if (object.elevation == 0.0)
-        object.elevation = kNoElevation;
+    object.elevation = givenElevation(*object.elevation);
     return true;
+}
+
+// "from 0 to 1".
+QString fromTo(const ValueLimits& limits)
+{
+    return QStringLiteral("from %1 to %2").arg(limits.least, 0, 'g', 10).arg(limits.most, 0, 'g', 10);
 }
 
 // The word without a value means yes.
@@ -77,7 +79,7 @@ std::vector<double> numbersIn(const QString& text)
 bool takeTilt(ObjectSettings& object, const QString& text)
 {
     const std::vector<double> degrees = numbersIn(text);
-    if (degrees.size() != 2 || std::abs(degrees[0]) > kMostTilt || std::abs(degrees[1]) > kMostTilt)
+    if (degrees.size() != 2 || !ObjectLimits::kTilt.hold(degrees[0]) || !ObjectLimits::kTilt.hold(degrees[1]))
         return false;
     object.tilt = ObjectTilt{degrees[0], degrees[1]};
     return true;
@@ -86,11 +88,10 @@ bool takeTilt(ObjectSettings& object, const QString& text)
 // The bevel, with or without the height.
 bool takeRim(ObjectSettings& object, const QString& text)
 {
-    constexpr double kMostHeight = 10.0;
     std::vector<double> values = numbersIn(text);
     if (values.size() == 1)
         values.push_back(ObjectDefinition::kRimHeight);
-    if (values.size() != 2 || values[0] < 0.0 || values[0] > kMostRim || values[1] < 0.0 || values[1] > kMostHeight)
+    if (values.size() != 2 || !ObjectLimits::kRimBevel.hold(values[0]) || !ObjectLimits::kRimHeight.hold(values[1]))
         return false;
     object.rim = ObjectRim{values[0], values[1]};
     return true;
@@ -108,22 +109,28 @@ bool takeRole(ObjectSettings& object, const QString& text)
 const std::vector<ObjectWord>& objectWords()
 {
     static const std::vector<ObjectWord> table = [] {
+        using Limits = ObjectLimits;
         const QString yes = QStringLiteral("yes or no");
         return std::vector<ObjectWord>{
-            {QStringLiteral("bevel"), QStringLiteral("a number from 0 to %1 such as 24").arg(kMostBevel, 0, 'f', 0),
-             number(&ObjectSettings::bevel, 0.0, kMostBevel)},
-            {QStringLiteral("elevation"), QStringLiteral("a number such as 1 or -0.5"), takeElevation},
-            {QStringLiteral("smoothness"), QStringLiteral("a number from 0.01 to 128 such as 1.7"),
-             number(&ObjectSettings::smoothness, kLeastSmoothness, kMostSmoothness)},
-            {QStringLiteral("level"), QStringLiteral("a number from 0 to 1"), number(&ObjectSettings::level, 0.0, 1.0)},
+            {QStringLiteral("bevel"), QStringLiteral("a number %1 such as 24").arg(fromTo(Limits::kBevel)),
+             number(&ObjectSettings::bevel, Limits::kBevel)},
+            {QStringLiteral("elevation"),
+             QStringLiteral("a number %1 such as 1 or -0.5").arg(fromTo(Limits::kElevation)), takeElevation},
+            {QStringLiteral("smoothness"), QStringLiteral("a number %1 such as 1.7").arg(fromTo(Limits::kSmoothness)),
+             number(&ObjectSettings::smoothness, Limits::kSmoothness)},
+            {QStringLiteral("level"), QStringLiteral("a number %1").arg(fromTo(Limits::kLevel)),
+             number(&ObjectSettings::level, Limits::kLevel)},
             {QStringLiteral("coverage"), yes, truth(&ObjectSettings::scaleByCoverage)},
             {QStringLiteral("cutout"), yes, truth(&ObjectSettings::cutOut)},
             {QStringLiteral("hidden"), yes, truth(&ObjectSettings::hidden)},
-            {QStringLiteral("tilt"), QStringLiteral("two numbers of degrees from -90 to 90 such as 30,-10"), takeTilt},
+            {QStringLiteral("tilt"),
+             QStringLiteral("two numbers of degrees %1 such as 30,-10").arg(fromTo(Limits::kTilt)), takeTilt},
             {QStringLiteral("rim"),
-             QStringLiteral("a bevel from 0 to 720 such as 3, and a height from 0 to 10 such as 3,0.8"), takeRim},
-            {QStringLiteral("relief"), QStringLiteral("a number from -%1 to %1 such as -0.5").arg(kMostRelief),
-             number(&ObjectSettings::relief, -kMostRelief, kMostRelief)},
+             QStringLiteral("a bevel %1 such as 3, and a height %2 such as 3,0.8")
+                 .arg(fromTo(Limits::kRimBevel), fromTo(Limits::kRimHeight)),
+             takeRim},
+            {QStringLiteral("relief"), QStringLiteral("a number %1 such as -0.5").arg(fromTo(Limits::kRelief)),
+             number(&ObjectSettings::relief, Limits::kRelief)},
             {QStringLiteral("role"), QStringLiteral("crease, ridge or object"), takeRole},
         };
     }();

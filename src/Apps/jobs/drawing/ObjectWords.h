@@ -6,42 +6,27 @@
 //     2:cutout                        object 2
 //     all:smoothness=3                every object
 //
-//     bevel=B        how far the rounding reaches inwards from the edge; the picture is 720 units wide; 0 to
-//                    kMostBevel
+//     bevel=B        how far the rounding reaches inwards from the edge; the picture is 720 units wide
 //     elevation=E    how high it rises; below 0 it sinks
-//     smoothness=S   the shape of the rise, 0.01 to 128
+//     smoothness=S   the shape of the rise
 //     level=L        the object's own level, 0 to 1
 //     coverage       multiplies the levels of its colours by its coverage
 //     cutout         gives it no volume; it cuts a hole into the objects below
 //     hidden         leaves it out; the last three also take =yes and =no
-//     tilt=X,Y       it faces X degrees to the right and Y degrees upwards, -90 to 90; negative: to the left, down
-//     rim=B,H        a second bevel at its outline: B wide, 0 to 720, and H times as high, 0 to 10; =B alone takes
+//     tilt=X,Y       it faces X degrees to the right and Y degrees upwards; negative: to the left, down
+//     rim=B,H        a second bevel at its outline: B wide, and H times as high; =B alone takes
 //                    ObjectDefinition::kRimHeight
 //     relief=R       it is not seen, but bends the surface below along its strokes: R halves of their width up, below 0
-//                    down, -4 to 4; 0: it is an object again
+//                    down; 0: it is an object again
 //     role=crease    a relief of -0.5, role=ridge one of 0.5, role=object none
+//
+// Numbers lie within ObjectLimits.h.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
 #include "jobs/drawing/NormalMapSettings.h"
 
 #include <QStringList>
-
-/// The largest accepted bevel: it reaches across the picture more than a hundred times.
-inline constexpr double kMostBevel = 100'000.0;
-
-/// The limits of a smoothness.
-inline constexpr double kLeastSmoothness = 0.01;
-inline constexpr double kMostSmoothness = 128.0;
-
-/// The largest tilt each way, in degrees.
-inline constexpr double kMostTilt = 90.0;
-
-/// The widest rim: as wide as the picture.
-inline constexpr double kMostRim = 720.0;
-
-/// The highest relief.
-inline constexpr double kMostRelief = 4.0;
 
 /// Whether a text is the name of a value, such as "bevel", in upper or lower case.
 bool isObjectWord(const QString& key);

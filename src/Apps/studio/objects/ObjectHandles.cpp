@@ -20,7 +20,6 @@ constexpr double kApart = 30.0; // between handles of small objects
 constexpr double kPullOfOne = 100.0;
 constexpr double kWideBevel = 100.0;
 constexpr double kPullOfDegree = 2.0;
-constexpr double kMostTilt = 90.0;
 const QColor kDark(20, 20, 24);
 const QColor kLight(0xf4, 0xf5, 0xf7);
 
@@ -174,7 +173,7 @@ ObjectTilt pulledTilt(const ObjectTilt& from, const QPointF& way, bool carefully
     const double step = carefully ? 0.1 : 1.0;
     const double degrees = carefully ? 0.1 / kPullOfDegree : 1.0 / kPullOfDegree;
     const auto turned = [&](double angle, double pull) {
-        return std::clamp(rounded(angle + pull * degrees, step), -kMostTilt, kMostTilt);
+        return clampedTo(ObjectValue::TILT_RIGHT, rounded(angle + pull * degrees, step));
     };
     return {turned(from.x, way.x()), turned(from.y, -way.y())};
 }

@@ -1,21 +1,13 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The limits are those of the command line's words, so that copied values are accepted there as well.
+// The limits are those of the words that values are copied as, so that whatever reads the words accepts them.
 #include "studio/objects/ObjectValues.h"
 
-#include "jobs/drawing/ObjectWords.h"
+#include "form/ElevationUnit.h"
 
 #include <QLocale>
 
-#include <algorithm>
 #include <cmath>
-
-namespace {
-
-// The node treats an object of elevation 0 as empty.
-constexpr double kLeastElevation = 1e-4;
-
-} // namespace
 
 double valueOf(const NormalMapObject& values, ObjectValue value)
 {
@@ -43,22 +35,28 @@ double valueOf(const SceneObject& object, ObjectValue value)
     }
 }
 
-double clampedTo(ObjectValue value, double number)
+const ValueLimits& limitsOf(ObjectValue value)
 {
     switch (value) {
     case ObjectValue::BEVEL:
-        return std::clamp(number, 0.0, kMostBevel);
-    case ObjectValue::SMOOTHNESS:
-        return std::clamp(number, kLeastSmoothness, kMostSmoothness);
+        return ObjectLimits::kBevel;
     case ObjectValue::ELEVATION:
-        return std::abs(number) < kLeastElevation ? kLeastElevation : number;
+        return ObjectLimits::kElevation;
+    case ObjectValue::SMOOTHNESS:
+        return ObjectLimits::kSmoothness;
     case ObjectValue::RIM:
-        return std::clamp(number, 0.0, kMostRim);
+        return ObjectLimits::kRimBevel;
     case ObjectValue::TILT_RIGHT:
     case ObjectValue::TILT_UP:
         break;
     }
-    return std::clamp(number, -kMostTilt, kMostTilt);
+    return ObjectLimits::kTilt;
+}
+
+double clampedTo(ObjectValue value, double number)
+{
+    const double clamped = limitsOf(value).clamp(number);
+    return value == ObjectValue::ELEVATION ? givenElevation(clamped) : clamped;
 }
 
 ObjectSettings settingsOf(const SceneObject& object)
@@ -89,22 +87,9 @@ ObjectSettings clamped(ObjectSettings settings)
     return settings;
 }
 
-ValueRange rangeOf(ObjectValue value)
+double stepOf(ObjectValue value)
 {
-    switch (value) {
-    case ObjectValue::BEVEL:
-        return {0.0, kMostBevel, 1.0};
-    case ObjectValue::ELEVATION:
-        return {-1000.0, 1000.0, 0.1};
-    case ObjectValue::SMOOTHNESS:
-        return {kLeastSmoothness, kMostSmoothness, 0.1};
-    case ObjectValue::RIM:
-        return {0.0, kMostRim, 1.0};
-    case ObjectValue::TILT_RIGHT:
-    case ObjectValue::TILT_UP:
-        break;
-    }
-    return {-kMostTilt, kMostTilt, 1.0};
+    return value == ObjectValue::ELEVATION || value == ObjectValue::SMOOTHNESS ? 0.1 : 1.0;
 }
 
 QString ObjectTexts::name(ObjectValue value)

@@ -4,6 +4,7 @@
 // table. The others belong to the Object Definitions of its drawings, where they can be animated.
 #pragma once
 
+#include "jobs/drawing/ObjectLimits.h"
 #include "studio/objects/SceneObjects.h"
 
 #include <QCoreApplication>
@@ -31,23 +32,19 @@ constexpr bool isInTable(ObjectValue value)
 double valueOf(const NormalMapObject& values, ObjectValue value); ///< of the table
 double valueOf(const SceneObject& object, ObjectValue value);
 
-/// The nearest number within the limits of jobs/drawing/ObjectWords.h. An elevation of 0, with which the node would
-/// treat the object as empty, becomes the smallest possible one.
+/// The limits of a value, which a field offers as its range.
+const ValueLimits& limitsOf(ObjectValue value);
+/// By how much a step of a field changes a value.
+double stepOf(ObjectValue value);
+
+/// The nearest number within the limits. An elevation of 0, with which the node would treat the object as empty,
+/// becomes the smallest possible one (givenElevation).
 double clampedTo(ObjectValue value, double number);
 
 /// Bevel, elevation, smoothness, rim and tilt of an object.
 ObjectSettings settingsOf(const SceneObject& object);
 /// The settings with all numbers clamped.
 ObjectSettings clamped(ObjectSettings settings);
-
-/// What a field offers for a value.
-struct ValueRange
-{
-    double least;
-    double most;
-    double step;
-};
-ValueRange rangeOf(ObjectValue value);
 
 /// The texts of this folder outside widgets.
 class ObjectTexts

@@ -1,6 +1,4 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
-//
-// The ranges are wide, so that they only exclude typing errors.
 #include "studio/objects/ValueField.h"
 
 #include <QWheelEvent>
@@ -13,9 +11,8 @@ ValueField::ValueField(ObjectValue value, QWidget* parent) : QDoubleSpinBox(pare
     setAccelerated(true);
     setToolTip(ObjectTexts::explanation(value));
     setAccessibleName(ObjectTexts::name(value));
-    const ValueRange range = rangeOf(value);
-    setRange(range.least, range.most);
-    setSingleStep(range.step);
+    setRange(limitsOf(value).least, limitsOf(value).most);
+    setSingleStep(stepOf(value));
 }
 
 QString ValueField::textFromValue(double value) const

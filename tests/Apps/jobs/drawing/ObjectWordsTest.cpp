@@ -51,6 +51,8 @@ TEST(ObjectWords, SayAllValuesOfAnObject)
     // 0 would be an empty object for the node.
     EXPECT_NEAR(*said({"2:elevation=0"}).objects.at(2).elevation, 0.0, 1e-3);
     EXPECT_NE(said({"2:elevation=0"}).objects.at(2).elevation, 0.0);
+    EXPECT_EQ(said({"2:elevation=-0.00001"}).objects.at(2).elevation, said({"2:elevation=0"}).objects.at(2).elevation)
+        << "too small to tell from 0";
     EXPECT_EQ(said({"2:role=Ridge"}).objects.at(2).relief, 0.5);
     EXPECT_EQ(said({"2:role=crease:role=object"}).objects.at(2).relief, 0.0);
 }
@@ -74,6 +76,8 @@ TEST(ObjectWords, SayWhatWasExpected)
     EXPECT_THAT(errorOf("head:colour=red"), AllOf(HasSubstr("bevel="), HasSubstr("\"colour=red\"")));
     EXPECT_THAT(errorOf("head:bevel=nan"), HasSubstr("bevel takes a number from 0 to 100000 such as 24, not \"nan\""));
     EXPECT_THAT(errorOf("head:bevel=-4"), HasSubstr("bevel takes a number from 0 to 100000"));
+    for (const char* const words : {"head:elevation=100001", "head:elevation=-1e9", "head:elevation=nan"})
+        EXPECT_THAT(errorOf(words), HasSubstr("elevation takes a number from -100000 to 100000 such as 1 or -0.5"));
     EXPECT_THAT(errorOf("head:smoothness=0"), HasSubstr("smoothness takes a number from 0.01 to 128"));
     EXPECT_THAT(errorOf("head:bevel"), HasSubstr("bevel takes a number"));
     EXPECT_THAT(errorOf("head:level=2"), HasSubstr("from 0 to 1"));
