@@ -1,6 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 #include "form/ReliefLayers.h"
 
+#include "QuarvelDrawingIO/DIO_Palette.h"
+
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -10,14 +12,6 @@ namespace {
 // Slopes of up to 38 degrees: the surface is bent clearly, and no side of a groove turns away from the light
 // altogether.
 constexpr double kRelief = 0.5;
-
-int indexIn(std::vector<DIO_Paint>& palette, const DIO_Paint& paint)
-{
-    auto found = std::ranges::find(palette, paint);
-    if (found == palette.end())
-        found = palette.insert(found, paint);
-    return static_cast<int>(found - palette.begin());
-}
 
 } // namespace
 
@@ -67,7 +61,7 @@ void addReliefLayers(const std::vector<DIO_Layer>& layers, const std::vector<std
     for (std::size_t i = 0; i < layers.size(); ++i) {
         DIO_Layer layer = layers[i];
         for (DIO_Shape& shape : layer.shapes)
-            shape.paint = indexIn(chosen.drawing.palette, palette[static_cast<std::size_t>(shape.paint)]);
+            shape.paint = DIO_paintIndex(chosen.drawing.palette, palette[static_cast<std::size_t>(shape.paint)]);
         ChosenObject object;
         object.name = layer.name;
         object.reason = QStringLiteral("bends the surface below it");

@@ -3,6 +3,7 @@
 // Bitmaps by way of Qt's image readers. Those that read drawings are left out: they would open other files.
 #include "QuarvelDrawingIO/DIO_BitmapReader.h"
 
+#include "QuarvelDrawingIO/DIO_Palette.h"
 #include "QuarvelDrawingIO/private/DIO_AverageColour.h"
 #include "QuarvelDrawingIO/private/DIO_PictureForm.h"
 #include "QuarvelDrawingIO/private/DIO_PixelLimit.h"
@@ -49,8 +50,7 @@ UT_Error tooLarge(const QString& path, const QSize& size)
 
 DIO_Paint averagePaint(const QImage& image)
 {
-    const QColor colour = QColor::fromRgb(DIO_averageColour(image).rgb());
-    return {DIO_Paint::Kind::SOLID, colour, colour.name()};
+    return DIO_solidPaint(DIO_averageColour(image));
 }
 
 } // namespace

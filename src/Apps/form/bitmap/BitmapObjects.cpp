@@ -3,6 +3,7 @@
 // Runs the steps in their order and puts the result together.
 #include "form/bitmap/BitmapObjects.h"
 
+#include "QuarvelDrawingIO/DIO_Palette.h"
 #include "form/bitmap/pictures/Backdrop.h"
 #include "form/bitmap/pictures/FrameContinuation.h"
 #include "form/bitmap/pictures/LineArt.h"
@@ -113,14 +114,7 @@ private:
 
     int paintOf(QRgb colour)
     {
-        std::vector<DIO_Paint>& palette = _chosen.drawing.palette;
-        const QColor opaque = QColor::fromRgb(colour | 0xff000000U);
-        const DIO_Paint paint{DIO_Paint::Kind::SOLID, opaque, opaque.name()};
-        const auto found = std::ranges::find(palette, paint);
-        if (found != palette.end())
-            return static_cast<int>(found - palette.begin());
-        palette.push_back(paint);
-        return static_cast<int>(palette.size()) - 1;
+        return DIO_paintIndex(_chosen.drawing.palette, DIO_solidPaint(QColor::fromRgb(colour)));
     }
 
     const DIO_Drawing& _source;

@@ -1,10 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 #include "form/lines/LineDrawing.h"
 
+#include "QuarvelDrawingIO/DIO_Palette.h"
 #include "form/choice/Ink.h"
 #include "form/lines/ClosedAreas.h"
-
-#include <algorithm>
 
 namespace {
 
@@ -44,15 +43,6 @@ bool areLines(std::span<const ShapeFacts> shapes, const Ink& ink)
     return all > 0.0 && lines >= kLines * all;
 }
 
-int paintOf(std::vector<DIO_Paint>& palette, const DIO_Paint& paint)
-{
-    const auto found = std::ranges::find(palette, paint);
-    if (found != palette.end())
-        return static_cast<int>(found - palette.begin());
-    palette.push_back(paint);
-    return static_cast<int>(palette.size()) - 1;
-}
-
 // The layer and the place in it where the shapes behind the first ones begin.
 std::pair<DIO_Layer*, std::size_t> placeOf(std::size_t shape, DIO_Drawing& drawing)
 {
@@ -87,10 +77,10 @@ void fillBetweenLines(DIO_Drawing& drawing, std::vector<ShapeFacts>& facts, cons
     const std::vector<const DIO_Shape*> shapes = shapesInOrder(drawing);
     const std::vector<QPainterPath> areas = closedAreas(std::span(shapes).subspan(first), drawing.viewBox);
 
-    DIO_Paint paper{DIO_Paint::Kind::SOLID, QColor(Qt::white), QStringLiteral("#ffffff")};
+    DIO_Paint paper = DIO_solidPaint(Qt::white);
     if (first > 0)
         paper = drawing.palette[static_cast<std::size_t>(facts.front().paint)];
-    const int paint = paintOf(drawing.palette, paper);
+    const int paint = DIO_paintIndex(drawing.palette, paper);
     const DIO_Drawing fills = fillsOf(areas, drawing, paint);
     std::vector<ShapeFacts> found = collectFacts(fills, grid);
     double drawn = 0.0;

@@ -3,6 +3,7 @@
 // Flattening of an animation's layers.
 #include "QuarvelDrawingIO/private/DIO_LottiePainter.h"
 
+#include "QuarvelDrawingIO/DIO_Palette.h"
 #include "QuarvelDrawingIO/private/DIO_AverageColour.h"
 #include "QuarvelDrawingIO/private/DIO_GroupedShapes.h"
 
@@ -28,7 +29,7 @@ DIO_Paint paintOf(const DIO_LottieNode& node, double& opacity)
     colour = QColor::fromRgb(colour.rgb());
     if (isGradient)
         return {DIO_Paint::Kind::GRADIENT, colour, QStringLiteral("gradient ") + colour.name()};
-    return {DIO_Paint::Kind::SOLID, colour, colour.name()};
+    return DIO_solidPaint(colour);
 }
 
 // Outside these two rectangles there is nothing to cut and nothing that cuts.

@@ -3,6 +3,7 @@
 // From recorded shapes to layers and palette.
 #include "QuarvelDrawingIO/private/DIO_ShapeCollector.h"
 
+#include "QuarvelDrawingIO/DIO_Palette.h"
 #include "QuarvelDrawingIO/private/DIO_AverageColour.h"
 #include "QuarvelDrawingIO/private/DIO_PathSets.h"
 #include "QuarvelDrawingIO/private/DIO_PlacedPicture.h"
@@ -47,11 +48,6 @@ bool isFinite(const QPainterPath& path)
         if (!std::isfinite(path.elementAt(i).x) || !std::isfinite(path.elementAt(i).y))
             return false;
     return true;
-}
-
-DIO_Paint solidPaint(const QColor& colour)
-{
-    return {DIO_Paint::Kind::SOLID, QColor::fromRgb(colour.rgb()), colour.name()};
 }
 
 QString namesOf(const std::vector<DIO_Paint>& palette, DIO_Paint::Kind kind)
@@ -204,7 +200,7 @@ int DIO_ShapeCollector::paintOf(const QBrush& brush, const DIO_PaintServer* serv
     opacity = std::clamp(opacity * (server ? server->opacity : static_cast<double>(average.alphaF())), 0.0, 1.0);
     if (!(opacity > 0.0))
         return -1;
-    return indexOfPaint(server ? server->paint : solidPaint(average));
+    return indexOfPaint(server ? server->paint : DIO_solidPaint(average));
 }
 
 // The colours of a mask are not the drawing's.

@@ -3,6 +3,7 @@
 // Each picture is a rectangle that shows it. A layer's colour is the average of its first picture.
 #include "QuarvelDrawingIO/private/layered/DIO_BitmapLayers.h"
 
+#include "QuarvelDrawingIO/DIO_Palette.h"
 #include "QuarvelDrawingIO/private/DIO_AverageColour.h"
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
 
@@ -29,13 +30,7 @@ bool isEmpty(const DIO_BitmapCel& cel)
 
 int paintOf(const DIO_BitmapLayer& layer, std::vector<DIO_Paint>& palette)
 {
-    const QColor colour = QColor::fromRgb(DIO_averageColour(layer.cels.front().image).rgb());
-    const DIO_Paint paint{DIO_Paint::Kind::SOLID, colour, colour.name()};
-    const auto found = std::ranges::find(palette, paint);
-    if (found != palette.end())
-        return static_cast<int>(found - palette.begin());
-    palette.push_back(paint);
-    return static_cast<int>(palette.size()) - 1;
+    return DIO_paintIndex(palette, DIO_solidPaint(DIO_averageColour(layer.cels.front().image)));
 }
 
 DIO_Shape shapeOf(const DIO_BitmapCel& cel, int paint)
