@@ -8,7 +8,6 @@
 #include <QTransform>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -36,14 +35,12 @@ QTransform toFull(const RenderedFrame& frame)
 std::vector<SceneObject> objectsAt(const RenderedFrame& frame, const std::vector<SceneObject>& objects,
                                    const QPointF& place)
 {
-    const QPointF here = toFull(frame).inverted().map(place);
-    const int x = static_cast<int>(std::floor(here.x()));
-    const int y = static_cast<int>(std::floor(here.y()));
+    const QPoint here = frame.pixelAt(place, frame.size);
     std::vector<SceneObject> found;
     const auto& inputs = inputsOf(frame);
     for (auto shown = inputs.rbegin(); shown != inputs.rend(); ++shown) {
         const ShownInput& input = *shown;
-        if (!input.coverage.covers(x, y))
+        if (!input.coverage.covers(here.x(), here.y()))
             continue;
         const auto object = std::ranges::find_if(objects, [&](const SceneObject& one) { return belongs(input, one); });
         const bool isNew = object != objects.end() &&

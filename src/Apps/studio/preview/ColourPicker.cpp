@@ -5,8 +5,6 @@
 
 #include "studio/preview/Viewer.h"
 
-#include <cmath>
-
 ColourPicker::ColourPicker(Viewer& viewer, QObject* parent) : QObject(parent), _viewer(viewer) {}
 
 ColourPicker::~ColourPicker() = default;
@@ -16,10 +14,7 @@ QColor ColourPicker::colourAt(const QPointF& place) const
     const RenderedFramePtr& frame = _viewer.frame();
     if (!frame || frame->fullSize.isEmpty())
         return {};
-    // A quick picture has fewer pixels than the full one.
-    const QPointF full = _viewer.transform().toPicture(place);
-    const QPoint pixel(static_cast<int>(std::floor(full.x() * frame->size.width() / frame->fullSize.width())),
-                       static_cast<int>(std::floor(full.y() * frame->size.height() / frame->fullSize.height())));
+    const QPoint pixel = frame->pixelAt(_viewer.transform().toPicture(place), frame->drawing.size());
     if (!frame->drawing.rect().contains(pixel))
         return {};
     const QColor colour = frame->drawing.pixelColor(pixel);

@@ -5,6 +5,8 @@
 
 #include "QuarvelNormalMap/NM_Direction.h"
 
+#include <cmath>
+
 namespace {
 
 template<typename Pixel>
@@ -35,6 +37,17 @@ std::array<double, 4> coloursAt(const QImage& image, const QPoint& place)
 
 } // namespace
 
+QPoint RenderedFrame::pixelAt(const QPointF& place, const QSize& image) const
+{
+    return {static_cast<int>(std::floor(place.x() * image.width() / fullSize.width())),
+            static_cast<int>(std::floor(place.y() * image.height() / fullSize.height()))};
+}
+
+QPoint RenderedFrame::pixelAt(const QPoint& pixel, const QSize& image) const
+{
+    return pixelAt(QPointF(pixel) + QPointF(0.5, 0.5), image);
+}
+
 qsizetype RenderedFrame::bytes() const
 {
     // The node's pixels are float where 16 bits would leave grain.
@@ -47,12 +60,11 @@ qsizetype RenderedFrame::bytes() const
     return qsizetype{size.width()} * size.height() * (kBytesPerPixel + finer + others) + bits;
 }
 
-std::optional<FramePixel> pixelOf(const RenderedFrame& frame, const QPoint& place)
+std::optional<FramePixel> pixelOf(const RenderedFrame& frame, const QPoint& pixel)
 {
-    if (!QRect(QPoint(), frame.fullSize).contains(place))
+    if (!QRect(QPoint(), frame.fullSize).contains(pixel))
         return std::nullopt;
-    const QPoint here(place.x() * frame.size.width() / frame.fullSize.width(),
-                      place.y() * frame.size.height() / frame.fullSize.height());
+    const QPoint here = frame.pixelAt(pixel, frame.size);
     FramePixel read;
     if (frame.kind == RenderedKind::COLOURS) {
         read.channels = coloursAt(frame.drawing, here);
@@ -62,13 +74,13 @@ std::optional<FramePixel> pixelOf(const RenderedFrame& frame, const QPoint& plac
     read.hasElevation = true;
     read.hasNormal = hasNormals;
     read.normal = {0.0, 0.0, 1.0};
-    withPixel(frame.node, here, [&](const auto& pixel) {
-        read.channels = fractionsOf(pixel);
-        read.elevation = hasNormals ? (pixel.a > 0 ? read.channels[2] : 0.0) : read.channels[0];
-        const Math::Vector3d normal = hasNormals ? NM_directionOf(pixel) : NM_kFacingViewer;
+    withPixel(frame.node, here, [&](const auto& shown) {
+        read.channels = fractionsOf(shown);
+        read.elevation = hasNormals ? (shown.a > 0 ? read.channels[2] : 0.0) : read.channels[0];
+        const Math::Vector3d normal = hasNormals ? NM_directionOf(shown) : NM_kFacingViewer;
         read.normal = {normal.x, -normal.y, normal.z};
     });
     if (frame.channels)
-        withPixel(frame.channels, here, [&](const auto& pixel) { read.channels = fractionsOf(pixel); });
+        withPixel(frame.channels, here, [&](const auto& shown) { read.channels = fractionsOf(shown); });
     return read;
 }

@@ -37,6 +37,13 @@ struct RenderedFrame
     std::shared_ptr<const ShownInputs> inputs;
 
     bool isFull() const { return size == fullSize; }
+    /// The pixel of an image of this frame that shows a place of the full picture; outside the image where the place is
+    /// outside the picture. The frame must not be empty.
+    ///
+    /// @param image the image's size, which is `size` or that of an image which was lit before this frame came
+    QPoint pixelAt(const QPointF& place, const QSize& image) const;
+    /// The same for the middle of a pixel of the full picture.
+    QPoint pixelAt(const QPoint& pixel, const QSize& image) const;
     /// The approximate memory per pixel: the surface, three images, and one picture of the node.
     static constexpr qsizetype kBytesPerPixel = 28 + 3 * 4 + 8;
     /// The approximate memory of the frame.
@@ -55,5 +62,5 @@ struct FramePixel
     bool hasElevation = false;
 };
 
-/// The pixel at a place of the full picture; std::nullopt outside it.
-std::optional<FramePixel> pixelOf(const RenderedFrame& frame, const QPoint& place);
+/// What a pixel of the full picture shows; std::nullopt outside it.
+std::optional<FramePixel> pixelOf(const RenderedFrame& frame, const QPoint& pixel);

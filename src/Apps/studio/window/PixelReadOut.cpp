@@ -18,9 +18,7 @@ QString number(double value, int width = 0)
 
 QString colourText(const QImage& image, const RenderedFrame& frame, const QPoint& place)
 {
-    const QPoint here(place.x() * image.width() / frame.fullSize.width(),
-                      place.y() * image.height() / frame.fullSize.height());
-    const QColor colour = image.pixelColor(here);
+    const QColor colour = image.pixelColor(frame.pixelAt(place, image.size()));
     if (colour.alpha() == 0)
         return PixelReadOut::tr("nothing");
     const QString text = PixelReadOut::tr("%1   red %2  green %3  blue %4")
