@@ -13,6 +13,7 @@
 #include "jobs/frames/RenderMemory.h"
 #include "jobs/frames/RenderPage.h"
 #include "jobs/limits/JobLimits.h"
+#include "jobs/scene/DescribeScene.h"
 #include "jobs/shown/ShownMemory.h"
 #include "jobs/targets/Targets.h"
 #include "jobs/text/NameList.h"
@@ -25,9 +26,7 @@ namespace {
 
 QString namesOf(const MO_Scene& scene)
 {
-    QStringList names;
-    scene.root().forEachModule([&](const MO_Module& module) { names << module.instanceName(); });
-    return namesForPeople(names);
+    return namesForPeople(moduleNames(scene));
 }
 
 UT_Result<MO_Module*> moduleOf(const MO_Scene& scene, const RenderOptions& options)

@@ -193,6 +193,13 @@ QJsonArray lightFields(const MO_Scene& scene)
 
 } // namespace
 
+QStringList moduleNames(const MO_Scene& scene)
+{
+    QStringList names;
+    scene.root().forEachModule([&](const MO_Module& module) { names << module.instanceName(); });
+    return names;
+}
+
 QString describeScene(const MO_Scene& scene, DescribedAttributes attributes)
 {
     QStringList lines;

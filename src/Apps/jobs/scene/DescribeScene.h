@@ -6,6 +6,10 @@
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 
 #include <QJsonObject>
+#include <QStringList>
+
+/// The names of all modules of a scene, those in groups after their group.
+QStringList moduleNames(const MO_Scene& scene);
 
 /// How much is told of the attributes.
 enum class DescribedAttributes

@@ -8,6 +8,7 @@
 #include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
 #include "QuarvelSceneCore/editing/MO_SceneCommands.h"
 #include "jobs/scene/AttributeWords.h"
+#include "jobs/scene/DescribeScene.h"
 #include "jobs/scene/LightPresets.h"
 #include "jobs/shown/NormalMapNode.h"
 #include "jobs/text/NameList.h"
@@ -26,13 +27,6 @@ using MadeCommand = UT_Result<MO_EditCommand>;
 UT_Error error(const QString& text)
 {
     return UT_Error{text};
-}
-
-QStringList moduleNames(const MO_Scene& scene)
-{
-    QStringList names;
-    scene.root().forEachModule([&](const MO_Module& module) { names << module.instanceName(); });
-    return names;
 }
 
 QStringList keysOf(const MO_Module& module)
