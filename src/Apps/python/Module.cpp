@@ -195,10 +195,9 @@ private:
     // Of a run whose pictures are gloss, where that is wanted.
     RenderFramesSettings settingsFor(int width, const SurfaceWishes& wishes) const
     {
-        const double height = width * _loaded.scene->frameHeight() / MO_SceneCommon::kFrameWidth;
         RenderFramesSettings settings;
         settings.parameters = {RD_RenderParameters::IMAGE_PROCESSING_16BIT,
-                               {width, std::max(1, static_cast<int>(std::lround(height)))}};
+                               {width, _loaded.scene->heightInPixels(width)}};
         settings.picture.floatFile = true;
         settings.content = wishes.gloss.isAny() ? FrameContent::GLOSS : FrameContent::PICTURE;
         settings.gloss = wishes.gloss;

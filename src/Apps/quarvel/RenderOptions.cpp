@@ -11,7 +11,6 @@
 
 #include <QRegularExpression>
 
-#include <algorithm>
 #include <cmath>
 #include <functional>
 
@@ -216,9 +215,8 @@ UT_Result<RenderOptions> parseRenderOptions(const QStringList& words)
 std::pair<int, int> renderResolution(const RenderOptions& options, double frameHeight)
 {
     constexpr int kUsualWidth = 1920;
-    const auto whole = [](double length) { return std::max(1, static_cast<int>(std::lround(std::min(length, 1e9)))); };
     const QSize size = options.resolution.value_or(QSize(kUsualWidth, 0));
     const double width = size.width();
     const double height = size.height() > 0 ? size.height() : width * frameHeight / MO_SceneCommon::kFrameWidth;
-    return {whole(width / options.proxy), whole(height / options.proxy)};
+    return {MO_SceneCommon::wholePixels(width / options.proxy), MO_SceneCommon::wholePixels(height / options.proxy)};
 }

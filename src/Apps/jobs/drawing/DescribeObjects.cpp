@@ -6,6 +6,7 @@
 
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
 #include "QuarvelPersistentObj/PO_XmlText.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "jobs/text/TextTable.h"
 
 #include <QJsonObject>
@@ -202,8 +203,9 @@ QString objectOptions(const LayeredDrawing& drawing)
 
 QImage paintObjects(const LayeredDrawing& drawing, int width)
 {
+    constexpr int kHighest = 100'000;
     const double height = width * drawing.frame.height() / drawing.frame.width();
-    const QSize size(width, std::max(1, static_cast<int>(std::lround(std::min(height, 1e5)))));
+    const QSize size(width, std::min(kHighest, MO_Scene::wholePixels(height)));
     QImage image = painted(drawing, size, true, [](std::size_t i) { return colourOf(i); });
     const QImage numbers = painted(drawing, size, false,
                                    [](std::size_t i) { return QColor::fromRgb(static_cast<QRgb>(i) | 0xff000000U); });

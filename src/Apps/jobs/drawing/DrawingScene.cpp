@@ -19,7 +19,6 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -224,12 +223,11 @@ bool showsNothing(const LayeredDrawing& drawing, const NormalMapSettings& settin
 
 std::pair<int, int> pictureSize(const QSizeF& drawing, const NormalMapSettings& settings)
 {
-    const auto whole = [](double length) { return std::max(1, static_cast<int>(std::lround(std::min(length, 1e9)))); };
     if (!settings.size)
-        return {whole(drawing.width()), whole(drawing.height())};
+        return {MO_Scene::wholePixels(drawing.width()), MO_Scene::wholePixels(drawing.height())};
     const int width = settings.size->width();
     const int height = settings.size->height();
-    return {width, height > 0 ? height : whole(width * drawing.height() / drawing.width())};
+    return {width, height > 0 ? height : MO_Scene::wholePixels(width * drawing.height() / drawing.width())};
 }
 
 UT_Result<DrawingScene> DrawingScene::build(const LayeredDrawing& drawing, const NormalMapSettings& settings,

@@ -6,11 +6,9 @@
 #include "QuarvelImageIO/IIO_Samples.h"
 #include "QuarvelNormalMap/NM_DrawingPicture.h"
 #include "QuarvelNormalMap/NM_Layers.h"
+#include "QuarvelSceneCore/graph/MO_SceneCommon.h"
 #include "jobs/shown/LitSurface.h"
 #include "jobs/shown/SceneLighting.h"
-
-#include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -64,7 +62,7 @@ std::pair<int, int> previewSize(const std::pair<int, int>& size)
     if (size.first <= LitFrames::kMaxWidth)
         return size;
     const double height = static_cast<double>(size.second) * LitFrames::kMaxWidth / size.first;
-    return {LitFrames::kMaxWidth, std::max(1, static_cast<int>(std::lround(height)))};
+    return {LitFrames::kMaxWidth, MO_SceneCommon::wholePixels(height)};
 }
 
 LitFrames::LitFrames(const ShownModule& module, RenderedKind shown, const RD_RenderParameters& final,

@@ -24,8 +24,6 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include <cmath>
-
 namespace {
 
 bool isPng(ExportFormat format)
@@ -258,8 +256,7 @@ void ExportDialog::update()
     _fields.pad->setEnabled(isPadded && png);
     _fields.gloss->setEnabled(chosen.contains(ExportPicture::GLOSS));
     _fields.white->setEnabled(chosen.contains(ExportPicture::HEIGHT) && png);
-    const double height = _fields.width->value() * _scene.frameHeight() / MO_SceneCommon::kFrameWidth;
-    _fields.size->setText(tr("x %1").arg(std::max(1, static_cast<int>(std::lround(height)))));
+    _fields.size->setText(tr("x %1").arg(_scene.heightInPixels(_fields.width->value())));
     QStringList names;
     for (const QString& file : choices().files())
         names << QFileInfo(file).fileName();

@@ -55,11 +55,9 @@ UT_Result<FrameFileName> nameOf(const QString& pattern, std::size_t frames)
 
 RD_RenderParameters parametersOf(const MO_Scene& scene, const ExportChoices& choices)
 {
-    const int height =
-        std::max(1, static_cast<int>(std::lround(choices.width * scene.frameHeight() / MO_SceneCommon::kFrameWidth)));
     return {choices.floatRender ? RD_RenderParameters::IMAGE_PROCESSING_FLOAT
                                 : RD_RenderParameters::IMAGE_PROCESSING_16BIT,
-            {choices.width, height}};
+            {choices.width, scene.heightInPixels(choices.width)}};
 }
 
 // The settings of the module's own picture; those of the other pictures are derived from them.

@@ -17,9 +17,6 @@
 #include <QFileInfo>
 #include <QThread>
 
-#include <algorithm>
-#include <cmath>
-
 struct PageShare::Plan
 {
     std::unique_ptr<MO_Scene> scene;
@@ -65,9 +62,7 @@ UT_Result<std::shared_ptr<PageShare::Plan>> PageShare::planOf(const QString& fil
         return frames.error();
     settings.frames = frames->frames;
     const int width = ownWidth(scene);
-    const double height = width * scene.frameHeight() / MO_SceneCommon::kFrameWidth;
-    settings.parameters = {RD_RenderParameters::IMAGE_PROCESSING_16BIT,
-                           {width, std::max(1, static_cast<int>(std::lround(height)))}};
+    settings.parameters = {RD_RenderParameters::IMAGE_PROCESSING_16BIT, {width, scene.heightInPixels(width)}};
     settings.form = kFormForMost;
     settings.file = file;
     settings.name = name;

@@ -35,6 +35,11 @@ bool MO_SceneCommon::setFrameHeight(double height)
     return true;
 }
 
+int MO_SceneCommon::wholePixels(double length)
+{
+    return static_cast<int>(std::lround(std::clamp(length, 1.0, 1e9)));
+}
+
 bool MO_SceneCommon::setFrameRange(int first, int last)
 {
     if (last < first)

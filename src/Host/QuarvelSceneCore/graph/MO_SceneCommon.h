@@ -37,6 +37,10 @@ public:
     double frameHeight() const { return _frameHeight; }
     /// @return false, and nothing changes, when the height is not a positive number
     bool setFrameHeight(double height);
+    /// The height of a picture of the frame that is so many pixels wide.
+    int heightInPixels(int width) const { return wholePixels(width * _frameHeight / kFrameWidth); }
+    /// A side of a picture: the nearest whole number, at least 1, and 1e9 for all lengths beyond it.
+    static int wholePixels(double length);
 
     /// The frames that the scene consists of, both included; 1 to 1 by default.
     int firstFrame() const { return _firstFrame; }

@@ -152,6 +152,18 @@ TEST(SceneFrames, ARangeThatEndsBeforeItBeginsIsRefused)
     EXPECT_EQ(scene.frameHeight(), 405.0);
 }
 
+TEST(SceneFrames, APictureHasWholeSides)
+{
+    MO_Scene scene; // 16 to 9
+    EXPECT_EQ(scene.heightInPixels(1920), 1080);
+    EXPECT_EQ(scene.heightInPixels(721), 406) << "405.56";
+    EXPECT_EQ(scene.heightInPixels(1), 1) << "0.56";
+    scene.setFrameHeight(0.001);
+    EXPECT_EQ(scene.heightInPixels(1920), 1) << "a picture has a pixel";
+    scene.setFrameHeight(1e300);
+    EXPECT_EQ(scene.heightInPixels(1920), 1'000'000'000) << "no int holds the height";
+}
+
 TEST(PaletteCollector, GivesThePalettesOfTheNodesSceneInOrder)
 {
     MO_Scene scene;
