@@ -55,7 +55,7 @@ MadeCommand changeFrames(MO_Scene& scene, const QString& word)
     bool hasLast = false;
     const int first = match.captured(1).toInt(&hasFirst);
     const int last = match.captured(2).toInt(&hasLast);
-    if (!hasFirst || !hasLast || last < first)
+    if (!hasFirst || !hasLast || !MO_Scene::mayHaveFrames(first, last))
         return error(QStringLiteral("expected the first and the last frame, as in 1-48, got \"%1\"").arg(word));
     return MO_EditCommand(MO_frameRangeCmd(scene, first, last));
 }

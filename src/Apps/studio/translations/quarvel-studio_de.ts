@@ -1428,8 +1428,8 @@ Punktlicht: von dort, wo das Licht steht, mit der Entfernung schwächer</transla
         <translation>Die Szene wurde mit einer neueren Programmversion gespeichert</translation>
     </message>
     <message>
-        <source>The last frame lies before the first; the scene has the frames %1 to %2</source>
-        <translation>Das letzte Bild liegt vor dem ersten; die Szene hat die Bilder %1 bis %2</translation>
+        <source>The scene cannot have the frames that its file names; it has the frames %1 to %2</source>
+        <translation>Die Szene kann die Bilder nicht haben, die ihre Datei nennt; sie hat die Bilder %1 bis %2</translation>
     </message>
     <message>
         <source>The height of the frame is not a positive number</source>

@@ -11,7 +11,7 @@ MO_EditCommand MO_frameRangeCmd(MO_Scene& scene, int first, int last)
 {
     const std::pair before(scene.firstFrame(), scene.lastFrame());
     const std::pair after(first, last);
-    if (before == after || last < first)
+    if (before == after || !MO_SceneCommon::mayHaveFrames(first, last))
         return nullptr;
     return MO_makeStateCmd(
         MO_CommandTexts::tr("Change Frames"), before, after,

@@ -178,7 +178,7 @@ UT_Result<void> MO_Scene::readXml(const QDomElement& element, QStringList* warni
 
     if (!setFrameRange(PO_intAttribute(element, kAttributeFirst).value_or(1),
                        PO_intAttribute(element, kAttributeLast).value_or(1)))
-        warn(Texts::tr("The last frame lies before the first; the scene has the frames %1 to %2")
+        warn(Texts::tr("The scene cannot have the frames that its file names; it has the frames %1 to %2")
                  .arg(firstFrame())
                  .arg(lastFrame()));
     if (!setFrameHeight(PO_doubleAttribute(element, kAttributeHeight).value_or(405.0)))

@@ -40,9 +40,14 @@ int MO_SceneCommon::wholePixels(double length)
     return static_cast<int>(std::lround(std::clamp(length, 1.0, 1e9)));
 }
 
+bool MO_SceneCommon::mayHaveFrames(int first, int last)
+{
+    return first <= last && first >= -kFarthestFrame && last <= kFarthestFrame;
+}
+
 bool MO_SceneCommon::setFrameRange(int first, int last)
 {
-    if (last < first)
+    if (!mayHaveFrames(first, last))
         return false;
     _firstFrame = first;
     _lastFrame = last;

@@ -45,7 +45,12 @@ public:
     /// The frames that the scene consists of, both included; 1 to 1 by default.
     int firstFrame() const { return _firstFrame; }
     int lastFrame() const { return _lastFrame; }
-    /// @return false, and nothing changes, when last < first
+    /// The number of the last frame that a scene may have, and with a minus that of the first: 999 999 999.
+    static constexpr int kFarthestFrame = 999'999'999;
+    /// Whether a scene may have these frames: the last is not before the first, and both are within kFarthestFrame, so
+    /// that the number of frames is an int.
+    static bool mayHaveFrames(int first, int last);
+    /// @return false, and nothing changes, when it may not have them
     bool setFrameRange(int first, int last);
 
     /// How many frames are played a second; 24 by default, from kSlowest to kFastest.

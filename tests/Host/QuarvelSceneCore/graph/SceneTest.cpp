@@ -152,6 +152,18 @@ TEST(SceneFrames, ARangeThatEndsBeforeItBeginsIsRefused)
     EXPECT_EQ(scene.frameHeight(), 405.0);
 }
 
+TEST(SceneFrames, ARangeWhoseFramesNoIntCountsIsRefused)
+{
+    MO_Scene scene;
+    constexpr int kFar = MO_Scene::kFarthestFrame;
+    EXPECT_TRUE(scene.setFrameRange(-kFar, kFar));
+    EXPECT_EQ(scene.lastFrame() - scene.firstFrame(), 2 * 999'999'999);
+    EXPECT_FALSE(scene.setFrameRange(1, kFar + 1));
+    EXPECT_FALSE(scene.setFrameRange(-kFar - 1, 1));
+    EXPECT_EQ(scene.firstFrame(), -kFar);
+    EXPECT_EQ(scene.lastFrame(), kFar);
+}
+
 TEST(SceneFrames, APictureHasWholeSides)
 {
     MO_Scene scene; // 16 to 9
