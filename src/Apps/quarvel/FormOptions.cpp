@@ -1,20 +1,16 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 #include "FormOptions.h"
 
-#include "OptionValues.h"
 #include "jobs/drawing/ObjectWords.h"
 
 std::vector<OptionRow<FormSettings>> formOptionRows()
 {
     const auto s = [](const char* name) { return QString::fromLatin1(name); };
-    const auto takeObjects = [=](FormSettings& form, const QString& option, const QString& value) {
-        return keep(parseChoice(option, value, objectChoiceWords()),
-                    [&](int index) { form.objects = static_cast<ObjectChoice>(index); });
-    };
-    const auto takeShape = [=](FormSettings& form, const QString& option, const QString& value) {
-        return keep(parseChoice(option, value, {s("auto"), s("rim"), s("pillow"), s("off")}),
-                    [&](int index) { form.shape = static_cast<FormShape>(index); });
-    };
+    const auto takeObjects = choice<FormSettings>(
+        objectChoiceWords(), [](FormSettings& form, int index) { form.objects = static_cast<ObjectChoice>(index); });
+    const auto takeShape =
+        choice<FormSettings>({s("auto"), s("rim"), s("pillow"), s("off")},
+                             [](FormSettings& form, int index) { form.shape = static_cast<FormShape>(index); });
     const auto takeVolume = [](FormSettings& form, const QString& option, const QString& value) {
         return keep(parseNumber(option, value, 0.0, FormSettings::kMaxVolume),
                     [&](double volume) { form.volume = volume; });

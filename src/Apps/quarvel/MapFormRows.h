@@ -36,11 +36,6 @@ template<typename Options, typename FormOf>
 std::vector<OptionRow<Options>> mapFormRows(FormOf formOf)
 {
     const auto s = [](const char* name) { return QString::fromLatin1(name); };
-    const auto choice = [](const QStringList& choices, auto store) -> Take<Options> {
-        return [=](Options& options, const QString& option, const QString& value) {
-            return keep(parseChoice(option, value, choices), [&](int index) { store(options, index); });
-        };
-    };
     return {
         {{s("for")},
          true,
@@ -49,15 +44,15 @@ std::vector<OptionRow<Options>> mapFormRows(FormOf formOf)
          }},
         {{s("y")},
          true,
-         choice({s("up"), s("down")},
-                [=](Options& options, int i) { formOf(options).yAxis = static_cast<NM_YAxis>(i); })},
+         choice<Options>({s("up"), s("down")},
+                         [=](Options& options, int i) { formOf(options).yAxis = static_cast<NM_YAxis>(i); })},
         {{s("alpha")},
          true,
-         choice({NM_nameOf(NM_Alpha::FULL), NM_nameOf(NM_Alpha::COVERAGE), NM_nameOf(NM_Alpha::HARD)},
-                [=](Options& options, int i) { formOf(options).alpha = static_cast<NM_Alpha>(i); })},
+         choice<Options>({NM_nameOf(NM_Alpha::FULL), NM_nameOf(NM_Alpha::COVERAGE), NM_nameOf(NM_Alpha::HARD)},
+                         [=](Options& options, int i) { formOf(options).alpha = static_cast<NM_Alpha>(i); })},
         {{s("bits")},
          true,
-         choice({s("8"), s("16")}, [=](Options& options, int i) { formOf(options).bits = i == 0 ? 8 : 16; })},
+         choice<Options>({s("8"), s("16")}, [=](Options& options, int i) { formOf(options).bits = i == 0 ? 8 : 16; })},
         {{s("exr")},
          true,
          [=](Options& options, const QString& option, const QString& value) {

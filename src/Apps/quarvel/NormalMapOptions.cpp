@@ -13,7 +13,6 @@
 #include "jobs/drawing/ObjectLimits.h"
 
 #include <algorithm>
-#include <functional>
 #include <string_view>
 
 namespace {
@@ -72,23 +71,6 @@ Taken takeLevel(NormalMapOptions& options, const QString& option, const QString&
 Taken takeGloss(NormalMapOptions& options, const QString& option, const QString& value)
 {
     return addGloss(options.gloss, option, value);
-}
-
-Taken takeLight(NormalMapOptions& options, const QString& option, const QString& value)
-{
-    return keep(parseLight(option, value), [&](const LightAngles& light) { options.light = light; });
-}
-
-Taken takeHeightRange(NormalMapOptions& options, const QString& option, const QString& value)
-{
-    return keep(parseNumber(option, value, 0.001, 1e6), [&](double pixels) { options.heightRange = pixels; });
-}
-
-Take<NormalMapOptions> choice(const QStringList& choices, std::function<void(NormalMapOptions&, int)> store)
-{
-    return [=](NormalMapOptions& options, const QString& option, const QString& value) {
-        return keep(parseChoice(option, value, choices), [&](int index) { store(options, index); });
-    };
 }
 
 Taken takeSuffix(NormalMapOptions& options, const QString& option, const QString& value)
@@ -222,12 +204,14 @@ std::vector<Row> rows()
         {{s("drawing")}, true, text(&Options::drawingPicture)},
         {{s("html")}, true, text(&Options::page)},
         {{s("height")}, true, text(&Options::height)},
-        {{s("height-range")}, true, takeHeightRange},
+        {{s("height-range")}, true, stored<Options>(parseHeightRange, &Options::heightRange)},
         {{s("occlusion")}, true, text(&Options::occlusion)},
         {{s("numbers")}, true, text(&Options::numbers)},
         {{s("gloss")}, true, takeGloss},
         {{s("gloss-file")}, true, text(&Options::glossFile)},
-        {{s("layout")}, true, choice({s("tangent"), s("node")}, [](Options& o, int i) { o.nodeLayout = i == 1; })},
+        {{s("layout")},
+         true,
+         choice<Options>({s("tangent"), s("node")}, [](Options& o, int i) { o.nodeLayout = i == 1; })},
         {{s("suffix")}, true, takeSuffix},
         {{s("cells")}, true, takeCells},
         {{s("margin")}, true, wholePixels([](Options& o) -> int& { return o.margin; })},
@@ -237,10 +221,11 @@ std::vector<Row> rows()
         {{s("connected")}, false, flag(&Options::connected)},
         {{s("tile")},
          true,
-         choice({s("x"), s("y"), s("both")}, [](Options& o, int i) { o.tiling = {.x = i != 1, .y = i != 0}; })},
+         choice<Options>({s("x"), s("y"), s("both")},
+                         [](Options& o, int i) { o.tiling = {.x = i != 1, .y = i != 0}; })},
         {{s("canvas")}, false, flag(&Options::canvas)},
         {{s("flips")}, false, flag(&Options::flips)},
-        {{s("light")}, true, takeLight},
+        {{s("light")}, true, stored<Options>(parseLight, &Options::light)},
         {{s("size")},
          true,
          [](Options& o, const QString& option, const QString& value) {
@@ -256,10 +241,10 @@ std::vector<Row> rows()
         {{s("smoothness-multiplier")}, true, number(&Settings::elevationSmoothness, 0.1, 128.0)},
         {{s("quality")},
          true,
-         choice(kQualities,
-                [](Options& o, int i) {
-                    o.settings.normalQuality = kQualities[i].toUpper() + QStringLiteral("_NORMAL_QUALITY");
-                })},
+         choice<Options>(kQualities,
+                         [](Options& o, int i) {
+                             o.settings.normalQuality = kQualities[i].toUpper() + QStringLiteral("_NORMAL_QUALITY");
+                         })},
         {{s("no-normals")}, false, setting(&Settings::generateNormals, false)},
         {{s("depth-in-blue")}, false, setting(&Settings::depthInBlue, true)},
         {{s("no-clip")}, false, setting(&Settings::clipBlurredWithGeometry, false)},

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "NearestWord.h"
+#include "OptionValues.h"
 #include "QuarvelBaseCore/UT_Result.h"
 
 #include <QCommandLineParser>
@@ -45,6 +46,24 @@ Take<Options> flag(bool Options::*member)
     return [member](Options& options, const QString&, const QString&) -> Taken {
         options.*member = true;
         return {};
+    };
+}
+
+/// Stores what a function of OptionValues.h makes of the value in a member.
+template<typename Options, typename Parse, typename Member>
+Take<Options> stored(Parse parse, Member member)
+{
+    return [=](Options& options, const QString& option, const QString& value) {
+        return keep(parse(option, value), [&](const auto& made) { options.*member = made; });
+    };
+}
+
+/// For an option whose value is one of a few words: stores the word's index.
+template<typename Options>
+Take<Options> choice(const QStringList& choices, const std::function<void(Options&, int)>& store)
+{
+    return [=](Options& options, const QString& option, const QString& value) {
+        return keep(parseChoice(option, value, choices), [&](int index) { store(options, index); });
     };
 }
 

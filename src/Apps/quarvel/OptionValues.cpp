@@ -42,6 +42,11 @@ UT_Result<int> parseWholeNumber(const QString& option, const QString& text, int 
     return value;
 }
 
+UT_Result<double> parseHeightRange(const QString& option, const QString& text)
+{
+    return parseNumber(option, text, 0.001, 1e6);
+}
+
 UT_Result<QSize> parseSize(const QString& option, const QString& text)
 {
     const QStringList numbers = text.toLower().split(QLatin1Char('x'));

@@ -19,6 +19,8 @@ UT_Result<double> parseNumber(const QString& option, const QString& text);
 UT_Result<double> parseNumber(const QString& option, const QString& text, double low, double high);
 /// A whole number from low to high.
 UT_Result<int> parseWholeNumber(const QString& option, const QString& text, int low, int high);
+/// How many pixels of height are white, for --height-range.
+UT_Result<double> parseHeightRange(const QString& option, const QString& text);
 /// "1920x1080", or "1920" alone, whose height comes out as 0.
 UT_Result<QSize> parseSize(const QString& option, const QString& text);
 /// "#rrggbb", "#rgb" or a colour's name; opaque.

@@ -12,7 +12,6 @@
 #include <QRegularExpression>
 
 #include <cmath>
-#include <functional>
 
 namespace {
 
@@ -32,13 +31,6 @@ Take<RenderOptions> wholeNumber(int RenderOptions::*member, int low, int high)
 {
     return [=](RenderOptions& options, const QString& option, const QString& value) {
         return keep(parseWholeNumber(option, value, low, high), [&](int number) { options.*member = number; });
-    };
-}
-
-Take<RenderOptions> choice(const QStringList& choices, std::function<void(RenderOptions&, int)> store)
-{
-    return [=](RenderOptions& options, const QString& option, const QString& value) {
-        return keep(parseChoice(option, value, choices), [&](int index) { store(options, index); });
     };
 }
 
@@ -110,19 +102,9 @@ Taken takeMemory(RenderOptions& options, const QString& option, const QString& v
     return {};
 }
 
-Taken takeResolution(RenderOptions& options, const QString& option, const QString& value)
-{
-    return keep(parseSize(option, value), [&](QSize size) { options.resolution = size; });
-}
-
 Taken takeFramesPerSecond(RenderOptions& options, const QString& option, const QString& value)
 {
     return keep(parseNumber(option, value, 1.0, 240.0), [&](double number) { options.framesPerSecond = number; });
-}
-
-Taken takeHeightRange(RenderOptions& options, const QString& option, const QString& value)
-{
-    return keep(parseNumber(option, value, 0.001, 1e6), [&](double pixels) { options.heightRange = pixels; });
 }
 
 std::vector<Row> rows()
@@ -136,39 +118,35 @@ std::vector<Row> rows()
         {{s("drawing")}, true, text(&Options::drawing)},
         {{s("html")}, true, text(&Options::page)},
         {{s("height")}, true, text(&Options::height)},
-        {{s("height-range")}, true, takeHeightRange},
+        {{s("height-range")}, true, stored<Options>(parseHeightRange, &Options::heightRange)},
         {{s("occlusion")}, true, text(&Options::occlusion)},
         {{s("numbers")}, true, text(&Options::numbers)},
         {{s("gloss-file")}, true, text(&Options::glossFile)},
         {{s("gloss")},
          true,
          [](Options& o, const QString& option, const QString& value) { return addGloss(o.gloss, option, value); }},
-        {{s("light")},
-         true,
-         [](Options& o, const QString& option, const QString& value) {
-             return keep(parseLight(option, value), [&](const LightAngles& light) { o.light = light; });
-         }},
+        {{s("light")}, true, stored<Options>(parseLight, &Options::light)},
         {{s("fps")}, true, takeFramesPerSecond},
         {{s("frames")}, true, text(&Options::frames)},
         {{s("node")}, true, text(&Options::node)},
-        {{s("resolution")}, true, takeResolution},
+        {{s("resolution")}, true, stored<Options>(parseSize, &Options::resolution)},
         {{s("proxy")}, true, takeProxy},
         {{s("float")}, false, flag(&Options::renderInFloat)},
         {{s("as")},
          true,
-         choice({s("normals"), s("elevation"), s("colours")},
-                [](Options& o, int i) { o.shown = static_cast<RenderedKind>(i); })},
+         choice<Options>({s("normals"), s("elevation"), s("colours")},
+                         [](Options& o, int i) { o.shown = static_cast<RenderedKind>(i); })},
         {{s("layout")},
          true,
-         choice({s("tangent"), s("node")}, [](Options& o, int i) { o.layout = static_cast<NM_Layout>(i); })},
+         choice<Options>({s("tangent"), s("node")}, [](Options& o, int i) { o.layout = static_cast<NM_Layout>(i); })},
         {{s("jobs")}, true, wholeNumber(&Options::jobs, 1, 1024)},
         {{s("memory")}, true, takeMemory},
         {{s("resume")}, false, flag(&Options::resume)},
         {{s("shard")}, true, takeShard},
         {{s("progress")},
          true,
-         choice({s("auto"), s("bar"), s("lines"), s("json"), s("none"), s("percent"), s("openjd")},
-                [](Options& o, int i) { o.progress = static_cast<RenderProgressStyle>(i); })},
+         choice<Options>({s("auto"), s("bar"), s("lines"), s("json"), s("none"), s("percent"), s("openjd")},
+                         [](Options& o, int i) { o.progress = static_cast<RenderProgressStyle>(i); })},
         {{s("q"), s("quiet")}, false, flag(&Options::quiet)},
         {{s("h"), s("help")}, false, flag(&Options::help)},
     };
