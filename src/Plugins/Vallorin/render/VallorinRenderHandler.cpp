@@ -16,7 +16,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <deque>
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -45,28 +47,34 @@ void mergeInto(CEL_PixmapArea& accumulator, const CEL_PixmapArea& input)
     });
 }
 
-// Pixels that are still to be painted are merged when the accumulator is read, which is when its object is built: until
-// then, neither they nor the accumulator take memory.
-void merge(UT_SharedPtr<CEL_PixmapArea>& accumulator, const UT_SharedPtr<CEL_PixmapArea>& input)
-{
-    if (!input->isDeferred()) {
-        mergeInto(*accumulator, *input);
-        return;
-    }
-    auto before = accumulator;
-    accumulator = CEL_PixmapFactory::create2d(before->format(), before->size(), before->canvasRect());
-    accumulator->defer(before->unitedInCanvas(*input), [before, input] {
-        mergeInto(*before, *input);
-        return before;
-    });
-}
-
 bool isRenderFormat(int format)
 {
     return format == CEL_FORMAT_RGBA16 || format == CEL_FORMAT_RGBAFLOAT;
 }
 
 } // namespace
+
+// Inputs of an object whose pixels are still to be painted, in the order of their ports. They are merged when the
+// accumulator is read, which is when the object is built: until then, neither they nor the accumulator take memory.
+class VallorinRenderHandler::MergeLater
+{
+public:
+    explicit MergeLater(UT_SharedPtr<CEL_PixmapArea> before) : _merged(std::move(before)) {}
+
+    void add(const UT_SharedPtr<CEL_PixmapArea>& input) { _inputs.push_back(input); }
+
+    // Merges what was added since, and gives it away.
+    UT_SharedPtr<CEL_PixmapArea> merge()
+    {
+        for (; !_inputs.empty(); _inputs.pop_front())
+            mergeInto(*_merged, *_inputs.front());
+        return std::move(_merged);
+    }
+
+private:
+    UT_SharedPtr<CEL_PixmapArea> _merged;
+    std::deque<UT_SharedPtr<CEL_PixmapArea>> _inputs;
+};
 
 VallorinRenderHandler::VallorinRenderHandler(double frame, const CompositeModuleInterface& module,
                                              const std::vector<node_render::PortRenderInfo>& ports)
@@ -127,7 +135,25 @@ void VallorinRenderHandler::accumulate(const MO_SoftContext& context, int object
         return;
     if (!accumulator)
         accumulator = CEL_PixmapFactory::create2d(context.mainCelFormat2d(), input->size(), context.outputRect());
-    merge(accumulator, input);
+    if (input->isDeferred())
+        accumulateLater(objectId, input);
+    else
+        mergeInto(*accumulator, *input);
+}
+
+// All inputs of an object wait in one list. If each waited for the one before it, as many calls as there are inputs
+// would be nested in each other when the last is read.
+void VallorinRenderHandler::accumulateLater(int objectId, const UT_SharedPtr<CEL_PixmapArea>& input)
+{
+    UT_SharedPtr<CEL_PixmapArea>& accumulator = objectAccumulators[objectId];
+    std::weak_ptr<MergeLater>& waiting = waitingMerges[objectId];
+    std::shared_ptr<MergeLater> merge = waiting.lock();
+    if (!merge)
+        waiting = merge = std::make_shared<MergeLater>(accumulator);
+    merge->add(input);
+    const Math::Box2di rect = accumulator->unitedInCanvas(*input);
+    accumulator = CEL_PixmapFactory::create2d(accumulator->format(), accumulator->size(), accumulator->canvasRect());
+    accumulator->defer(rect, [merge] { return merge->merge(); });
 }
 
 std::map<int, std::vector<int>> VallorinRenderHandler::portsOfObjects() const
@@ -162,7 +188,7 @@ void VallorinRenderHandler::finishRender(const MO_SoftContext& context, CA_CelRe
         CEL_PixmapFactory::create2d(context.mainCelFormat2d(), reference->size(), reference->canvasRect());
     ObjectRecords records;
     for (const VallorinAttributes::ObjectInformation& object : objects)
-        records.emplace(object.objectId, object);
+        records.insert_or_assign(object.objectId, object);
     composePorts(context, reference, records, *output);
     auto cel = UT_makeShared<CEL_Cel>();
     cel->setRepresentation(output);
@@ -173,26 +199,18 @@ ObjectVolume VallorinRenderHandler::buildVolume(const MO_SoftContext& context,
                                                 const UT_SharedPtr<CEL_PixmapArea>& reference, int objectId,
                                                 const std::vector<int>& ports, const ObjectRecords& records)
 {
-    const auto [first, end] = records.equal_range(objectId);
+    const auto record = records.find(objectId);
     const auto accumulator = objectAccumulators.find(objectId);
-    if (first == end || accumulator == objectAccumulators.end() || !accumulator->second)
+    if (record == records.end() || accumulator == objectAccumulators.end() || !accumulator->second)
         return {};
+    const VallorinAttributes::ObjectInformation& object = record->second;
     const double truckFactor = useTruckFactor ? context.portContext(0).truckFactor() : 1.0;
-    const Math::Box2di covered = coveredBy(ports);
-    ObjectVolume volume;
-    for (auto record = first; record != end; ++record) {
-        const VallorinAttributes::ObjectInformation& object = record->second;
-        const double bevel = held(finiteOr(object.bevelSize, 0.0) * blurScale * truckFactor);
-        const double elevation = held(finiteOr(object.elevation, 0.0) * truckFactor * elevationScale);
-        const double smoothness = held(finiteOr(object.elevationSmoothness, 1.0) * elevationSmoothness);
-        UT_SharedPtr<CEL_PixmapArea> pixels = accumulator->second;
-        if (std::next(record) == end)
-            accumulator->second = nullptr;
-        volume =
-            buildObjectVolume(reference, bevel, context.resolutionX(), generateNormals, elevation, std::move(pixels),
-                              elevationRanges[objectId], normalQuality, smoothness, clipBlurredWithGeometry, covered);
-    }
-    return volume;
+    const double bevel = held(finiteOr(object.bevelSize, 0.0) * blurScale * truckFactor);
+    const double elevation = held(finiteOr(object.elevation, 0.0) * truckFactor * elevationScale);
+    const double smoothness = held(finiteOr(object.elevationSmoothness, 1.0) * elevationSmoothness);
+    return buildObjectVolume(reference, bevel, context.resolutionX(), generateNormals, elevation,
+                             std::exchange(accumulator->second, nullptr), elevationRanges[objectId], normalQuality,
+                             smoothness, clipBlurredWithGeometry, coveredBy(ports));
 }
 
 void VallorinRenderHandler::composePorts(const MO_SoftContext& context, const UT_SharedPtr<CEL_PixmapArea>& reference,

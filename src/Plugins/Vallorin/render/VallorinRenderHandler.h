@@ -12,6 +12,7 @@
 #include <QString>
 
 #include <map>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -58,18 +59,23 @@ protected:
     void finishRender(const MO_SoftContext& context, CA_CelRef delivered) override;
 
 private:
-    /// The records of the object list, by the object's number and in the list's order.
-    using ObjectRecords = std::multimap<int, VallorinAttributes::ObjectInformation>;
+    /// The records of the object list by the object's number; of several, the last one counts.
+    using ObjectRecords = std::map<int, VallorinAttributes::ObjectInformation>;
+    class MergeLater;
 
     void takeMessage(const CEL_Cel& cel);
     int currentObjectId() const;
     void accumulate(const MO_SoftContext& context, int objectId, const UT_SharedPtr<CEL_PixmapArea>& input);
+    void accumulateLater(int objectId, const UT_SharedPtr<CEL_PixmapArea>& input);
     /// The ports of each object, in ascending order, by the object's number.
     std::map<int, std::vector<int>> portsOfObjects() const;
     Math::Box2di coveredBy(const std::vector<int>& ports) const;
-    /// Builds the volume of an object as its records say; of several, the last one counts.
+    /// Builds the volume of an object as its record says.
     ObjectVolume buildVolume(const MO_SoftContext& context, const UT_SharedPtr<CEL_PixmapArea>& reference, int objectId,
                              const std::vector<int>& ports, const ObjectRecords& records);
     void composePorts(const MO_SoftContext& context, const UT_SharedPtr<CEL_PixmapArea>& reference,
                       const ObjectRecords& records, CEL_PixmapArea& output);
+
+    /// By object number; they belong to the accumulators, which promise what they make.
+    std::map<int, std::weak_ptr<MergeLater>> waitingMerges;
 };

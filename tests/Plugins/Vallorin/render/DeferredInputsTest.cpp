@@ -81,6 +81,33 @@ TYPED_TEST(DeferredInputs, GiveWhatPixelsGive)
         EXPECT_TRUE(std::ranges::equal(output->row(y), expected->row(y))) << y;
 }
 
+TYPED_TEST(DeferredInputs, OfOneObjectMayBeAsManyAsANodeHasPorts)
+{
+    // Painted inside each other, they would need more stack than a thread has.
+    const CA_CelRef cel = drawing(1, {-3.5, -3.0, 4.0, 4.5});
+    const auto output = this->finish(*this->delivered(std::vector<CA_CelRef>(MO_Node::kMaxPorts, cel)));
+    const auto once = this->finish(*this->delivered({cel}));
+    ASSERT_TRUE(output && once);
+    EXPECT_EQ(output->allocatedRect(), once->allocatedRect());
+}
+
+TYPED_TEST(DeferredInputs, BeforeAndAfterOneWithPixelsAreMergedInTheOrderOfTheirPorts)
+{
+    const auto all = drawings();
+    const auto painted = [](CA_CelRef cel) {
+        cel = cel->convertTo(TestFixture::kFormat);
+        cel->pixmap()->makePixels();
+        return cel;
+    };
+    const auto mixed = this->delivered({all[0], painted(all[2]), all[0], all[2]});
+    const auto expected = this->delivered({painted(all[0]), painted(all[2]), painted(all[0]), painted(all[2])});
+    const auto output = this->finish(*mixed);
+    const auto same = this->finish(*expected);
+    ASSERT_EQ(output->allocatedRect(), same->allocatedRect());
+    for (int y = output->allocatedRect().y1; y < output->allocatedRect().y2; ++y)
+        EXPECT_TRUE(std::ranges::equal(output->row(y), same->row(y))) << y;
+}
+
 TYPED_TEST(DeferredInputs, ThatNoObjectNeedsAreNeverPainted)
 {
     const auto cels = drawings();
