@@ -150,6 +150,17 @@ TEST_F(HostileLayered, StacksThatNestWithoutEndAreRefused)
     EXPECT_THAT(refusalOf(path(QStringLiteral("deep.ora"))), HasSubstr("deep in each other"));
 }
 
+TEST_F(HostileLayered, LayersThatLieFartherAwayThanAnyPictureAreRefused)
+{
+    for (const char* const x : {"1000001", "-1000001", "-2147483648"}) {
+        const QByteArray stack = R"(<image w="2" h="2"><stack><layer name="a" src="a.png" x=")" + QByteArray(x) +
+                                 R"(" y="0"/></stack></image>)";
+        writeArchive(path(QStringLiteral("far.ora")),
+                     {{"stack.xml", stack}, {"a.png", pngOf(QImage(1, 1, QImage::Format_ARGB32))}});
+        EXPECT_THAT(refusalOf(path(QStringLiteral("far.ora"))), HasSubstr("damaged or cut off")) << x;
+    }
+}
+
 TEST_F(HostileLayered, PiecesThatAreMissingOrNoPicturesAreNamed)
 {
     const char* const stack = R"(<image w="2" h="2"><stack><layer name="a" src="data/a.png"/></stack></image>)";

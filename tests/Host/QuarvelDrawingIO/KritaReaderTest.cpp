@@ -39,11 +39,13 @@ void expectRamp(const DIO_Layer& layer, const QRect& place)
 }
 
 // A file of one layer of 8 bits.
-void writeKrita(const QString& path, const QByteArray& tiles, const QByteArray& usual = QByteArray(4, '\0'))
+void writeKrita(const QString& path, const QByteArray& tiles, const QByteArray& usual = QByteArray(4, '\0'),
+                const QByteArray& x = "0")
 {
-    const char* const text = R"(<DOC><IMAGE name="a" width="70" height="9"><layers><layer name="one" filename="layer1"
-        nodetype="paintlayer" colorspacename="RGBA" visible="1" opacity="255" compositeop="normal" x="0" y="0"/>
+    QByteArray text = R"(<DOC><IMAGE name="a" width="70" height="9"><layers><layer name="one" filename="layer1"
+        nodetype="paintlayer" colorspacename="RGBA" visible="1" opacity="255" compositeop="normal" x="X" y="0"/>
         </layers></IMAGE></DOC>)";
+    text.replace("\"X\"", '"' + x + '"');
     writeArchive(path, {{"maindoc.xml", text}, {"a/layers/layer1", tiles}, {"a/layers/layer1.defaultpixel", usual}});
 }
 
@@ -131,6 +133,12 @@ TEST(KritaReader, DamagedTilesAreAnErrorAndNoHarm)
     }
     writeKrita(path, head(1) + "900000000,0,LZF,1\n1");
     EXPECT_THAT(refusalOf(path), HasSubstr("damaged or cut off"));
+    writeKrita(path, head(1) + "-2147483648,0,LZF,1\n1");
+    EXPECT_THAT(refusalOf(path), HasSubstr("damaged or cut off"));
+    writeKrita(path, whole, QByteArray(4, '\0'), "2147483647");
+    EXPECT_THAT(refusalOf(path), HasSubstr("damaged or cut off")) << "no int holds the place of the second pixel";
+    writeKrita(path, whole, QByteArray(4, '\0'), "-1000000");
+    EXPECT_EQ(refusalOf(path), "it was read");
     writeKrita(path, head(2) + "-900000,0,LZF,1\n1900000,0,LZF,1\n1");
     EXPECT_THAT(refusalOf(path), HasSubstr("more than the 33 million"));
 }

@@ -7,6 +7,7 @@
 #include "QuarvelDrawingIO/private/DIO_PixelLimit.h"
 
 #include <QByteArray>
+#include <QPoint>
 #include <QSize>
 
 #include <cstdint>
@@ -17,6 +18,15 @@ inline constexpr int DIO_kMostLayers = 10'000;
 inline constexpr int DIO_kMostFrames = 10'000;
 /// The pixels of all pictures of a file together, as a multiple of DIO_mostPixels().
 inline constexpr std::int64_t DIO_kMostPicturesInAll = 8;
+
+/// How far from the picture's upper left corner pixels may lie, each way.
+inline constexpr int DIO_kFarthest = 1'000'000;
+/// Whether a place that a file names is that close, so that sums of two such places are ints.
+inline bool DIO_isClose(const QPoint& place)
+{
+    const auto isWithin = [](int number) { return number >= -DIO_kFarthest && number <= DIO_kFarthest; };
+    return isWithin(place.x()) && isWithin(place.y());
+}
 
 /// What is wrong with a file that ends early or contradicts itself.
 UT_Error DIO_damaged();

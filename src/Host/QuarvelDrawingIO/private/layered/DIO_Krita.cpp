@@ -145,8 +145,10 @@ private:
         const auto pixels = DIO_readKritaTiles(DIO_bytesOf(*tiles), form, DIO_bytesOf(*usual), _made.size, _budget);
         if (!pixels)
             return pixels.error();
-        const QPoint place = pixels->place + QPoint(value("x").toInt(), value("y").toInt());
-        _made.layers.push_back({own.names, own.group, {{pixels->image, place, own.opacity}}, {0}});
+        const QPoint offset(value("x").toInt(), value("y").toInt());
+        if (!DIO_isClose(offset))
+            return DIO_damaged();
+        _made.layers.push_back({own.names, own.group, {{pixels->image, pixels->place + offset, own.opacity}}, {0}});
         return {};
     }
 

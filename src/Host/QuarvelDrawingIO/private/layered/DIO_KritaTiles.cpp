@@ -115,7 +115,6 @@ public:
 private:
     UT_Result<void> listTiles(Reader& file)
     {
-        constexpr int kFarthest = 1'000'000;
         constexpr int kMostTiles = 100'000;
         const bool isKnown = numberOf(file, "VERSION") == 2 && numberOf(file, "TILEWIDTH") == kSide &&
                              numberOf(file, "TILEHEIGHT") == kSide &&
@@ -128,7 +127,7 @@ private:
             if (words.size() != 4 || words[2] != QLatin1String("LZF"))
                 return DIO_damaged();
             const QPoint place(words[0].toInt(), words[1].toInt());
-            if (std::abs(place.x()) > kFarthest || std::abs(place.y()) > kFarthest)
+            if (!DIO_isClose(place))
                 return DIO_damaged();
             _tiles.push_back({place, file.bytes(words[3].toUInt())});
         }

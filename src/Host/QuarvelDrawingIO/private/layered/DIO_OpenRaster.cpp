@@ -128,15 +128,15 @@ private:
             _made.warnings.append(QStringLiteral("MyPaint's paper is left out: %1").arg(own.names.chopped(1)));
             return {};
         }
+        const QPoint place(value("x").toInt(), value("y").toInt());
+        if (!DIO_isClose(place))
+            return DIO_damaged();
         const UT_Result<QImage> image = readPicture(value("src"));
         if (!image)
             return image.error();
         const QString name = own.names.chopped(1);
         const bool isInGroup = own.group != name;
-        _made.layers.push_back({name,
-                                isInGroup ? own.group : QString(),
-                                {{*image, QPoint(value("x").toInt(), value("y").toInt()), own.opacity}},
-                                {0}});
+        _made.layers.push_back({name, isInGroup ? own.group : QString(), {{*image, place, own.opacity}}, {0}});
         return {};
     }
 

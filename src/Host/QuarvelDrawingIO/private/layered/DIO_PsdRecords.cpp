@@ -17,8 +17,7 @@ QRect rectOf(Reader& reader)
     const std::int64_t left = reader.i32();
     const std::int64_t bottom = reader.i32();
     const std::int64_t right = reader.i32();
-    constexpr std::int64_t kFarthest = 1'000'000;
-    const bool isSane = std::max({std::abs(top), std::abs(left), std::abs(bottom), std::abs(right)}) <= kFarthest;
+    const bool isSane = std::max({std::abs(top), std::abs(left), std::abs(bottom), std::abs(right)}) <= DIO_kFarthest;
     if (!isSane || bottom <= top || right <= left)
         return {};
     return {static_cast<int>(left), static_cast<int>(top), static_cast<int>(right - left),
