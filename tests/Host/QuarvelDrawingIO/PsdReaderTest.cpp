@@ -7,6 +7,7 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <QtEndian>
 
 #include <random>
 
@@ -120,6 +121,39 @@ TEST(PsdReader, LayersOfSixteenBitsKeepThem)
     const DIO_Drawing ofKrita = drawingOf(fileOf("krita16.psd"));
     ASSERT_EQ(ofKrita.layers.size(), 1u);
     expectDeepSquare(shapeOf(ofKrita, 0));
+}
+
+// A large document's layers may stand after blocks of other kinds, whose lengths have eight bytes too.
+TEST(PsdReader, LayersOfALargeDocumentMayStandBehindOtherBlocks)
+{
+    QFile original(fileOf("agpsd.psb"));
+    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
+    const QByteArray bytes = original.readAll();
+    const auto number = [](quint64 value) {
+        QByteArray text(8, '\0');
+        qToBigEndian(value, text.data());
+        return text;
+    };
+    qsizetype section = 26;
+    for (int skipped = 0; skipped < 2; ++skipped)
+        section += 4 + static_cast<qsizetype>(qFromBigEndian<quint32>(bytes.constData() + section));
+    const auto size = static_cast<qsizetype>(qFromBigEndian<quint64>(bytes.constData() + section));
+    const auto layersSize = static_cast<qsizetype>(qFromBigEndian<quint64>(bytes.constData() + section + 8));
+    const QByteArray layers = bytes.mid(section + 16, layersSize);
+    QByteArray blocks = number(0) + QByteArray(4, '\0');
+    for (const char* const kind : {"Mt16", "FMsk", "lnk2", "PxSD"})
+        blocks += QByteArray("8BIM") + kind + number(4) + "abcd";
+    blocks += "8BIMLayr" + number(static_cast<quint64>(layersSize)) + layers;
+    const QTemporaryDir folder;
+    QFile moved(folder.filePath(QStringLiteral("a.psb")));
+    ASSERT_TRUE(moved.open(QIODevice::WriteOnly));
+    moved.write(bytes.first(section) + number(static_cast<quint64>(blocks.size())) + blocks +
+                bytes.mid(section + 8 + size));
+    moved.close();
+    const DIO_Drawing drawing = drawingOf(moved.fileName());
+    ASSERT_EQ(drawing.layers.size(), 4u);
+    expectRamp(shapeOf(drawing, 0).picture, {16, 12});
+    EXPECT_EQ(drawing.layers[3].name, "shade");
 }
 
 TEST(PsdReader, TheUsualModeMayBeWrittenBackwards)

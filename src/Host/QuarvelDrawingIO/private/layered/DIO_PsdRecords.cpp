@@ -61,14 +61,24 @@ QString wideText(Reader& block)
     return text;
 }
 
+// The length of a block with a key. Those of large documents have eight bytes for some kinds of blocks, as the format's
+// published description lists them.
+std::size_t blockLength(Reader& reader, const DIO_PsdForm& form, const QByteArray& key)
+{
+    static constexpr const char* kLong[] = {"LMsk", "Lr16", "Lr32", "Layr", "Mt16", "Mt32", "Mtrn",
+                                            "Alph", "FMsk", "lnk2", "FEid", "FXid", "PxSD"};
+    const bool isLong = std::ranges::any_of(kLong, [&](const char* name) { return key == name; });
+    return isLong ? DIO_psdLength(reader, form) : reader.u32();
+}
+
 // Blocks after the name; most kinds are skipped.
-void readMore(Reader& extra, DIO_PsdRecord& record)
+void readMore(Reader& extra, const DIO_PsdForm& form, DIO_PsdRecord& record)
 {
     constexpr std::size_t kLeast = 12;
     while (extra.left() >= kLeast) {
         extra.skip(4);
         const QByteArray key = DIO_psdKey(extra);
-        const std::size_t size = extra.u32();
+        const std::size_t size = blockLength(extra, form, key);
         Reader block = extra.block(size);
         skipPadding(extra, size, 2);
         if (key == "luni")
@@ -106,7 +116,7 @@ UT_Result<DIO_PsdRecord> readRecord(Reader& layers, const DIO_PsdForm& form)
     readMask(mask, record.mask);
     extra.skip(extra.u32()); // which brightnesses are blended
     record.name = shortText(extra);
-    readMore(extra, record);
+    readMore(extra, form, record);
     return record;
 }
 
@@ -168,8 +178,7 @@ UT_Result<std::vector<DIO_PsdRecord>> DIO_psdRecords(DIO_PsdReader& all, const D
     while (all.left() >= kLeast) {
         all.skip(4);
         const QByteArray key = DIO_psdKey(all);
-        const bool isLong = form.isLarge && (key == "Lr16" || key == "LMsk" || key == "Layr" || key == "Alph");
-        const std::size_t size = isLong ? DIO_psdLength(all, form) : all.u32();
+        const std::size_t size = blockLength(all, form, key);
         Reader block = all.block(size);
         skipPadding(all, size, 4);
         if (all.hasFailed())
