@@ -198,8 +198,12 @@ void XUGroup::readLink(const QDomElement& element, const QHash<QString, MO_Modul
     MO_Module* const target = end(kAttributeTo, *_exit);
     const auto outPort = portIndex(element, kAttributeFromPort);
     const auto inPort = portIndex(element, kAttributeToPort);
-    const bool portsAreFew = target && inPort && (*inPort <= target->nInPorts() || mayAddFreePorts(*inPort)) &&
-                             source && outPort && (*outPort <= source->nOutPorts() || mayAddFreePorts(*outPort));
+    // Only the ports between those that there are and the link's stay free.
+    const auto mayReach = [this](unsigned port, unsigned count) {
+        return port <= count || mayAddFreePorts(port - count);
+    };
+    const bool portsAreFew = target && inPort && mayReach(*inPort, target->nInPorts()) && source && outPort &&
+                             mayReach(*outPort, source->nOutPorts());
     if (!portsAreFew) {
         addWarning(warnings, element, Texts::tr("The link leads from or to nowhere and is left out"));
         return;

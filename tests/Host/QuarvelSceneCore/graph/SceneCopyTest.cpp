@@ -52,6 +52,14 @@ TEST_F(SceneCopy, SaysTheSame)
     EXPECT_EQ(copy->palettes(), scene.palettes());
 }
 
+TEST_F(SceneCopy, KeepsLinksBesideFreeInputsOfALargeNode)
+{
+    auto& composite = scene.root().emplace<MO_CompositeModule>();
+    for (unsigned port = 0; port < 3000; port += 3)
+        ASSERT_TRUE(MO_Scene::connect(hero, composite, port).ok()) << port;
+    EXPECT_EQ(savedText(*MO_copyScene(scene)), savedText(scene));
+}
+
 TEST_F(SceneCopy, ShowsTheSameDrawingsInGroupsToo)
 {
     const auto copy = MO_copyScene(scene);
