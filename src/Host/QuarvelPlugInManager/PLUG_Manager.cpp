@@ -40,9 +40,10 @@ UT_Result<void> load(const QDir& folder)
     QLibrary library(path);
     // A missing symbol must be reported here, not in the middle of a render.
     library.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
-    if (!library.load())
-        return UT_Error{QStringLiteral("the plug-in %1 does not load: %2").arg(path, library.errorString())};
-    return {};
+    if (library.load())
+        return {};
+    PLUG_Services::setPluginPath(folder.dirName(), QString());
+    return UT_Error{QStringLiteral("the plug-in %1 does not load: %2").arg(path, library.errorString())};
 }
 
 bool everybodyMayChange(const QString& path)

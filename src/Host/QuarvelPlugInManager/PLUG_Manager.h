@@ -22,7 +22,6 @@ namespace PLUG_Manager {
 /// Anybody who can put a file into that folder can run code as the user. So the variable is ignored, with a critical
 /// message of Qt, when its path is relative, or when everybody may change the folder, an entry up to two levels below
 /// it, or a folder above it (folders that protect their users' files from each other, such as /tmp, are allowed above).
-/// why it was ignored.
 QUARVELPLUGINMANAGER_EXPORT QString defaultFolder();
 
 /// Loads every plug-in of a folder, in the order of their names. Plug-ins stay loaded until the process ends; one that

@@ -43,6 +43,6 @@ public:
     /// For the program: sets what it provides. Not owned; null withdraws it.
     static void setWidgetFactoryRegistry(PLUG_WidgetFactoryRegistry* registry);
     static void setCurrentFrameInterface(PLUG_CurrentFrameInterface* frames);
-    /// For the loader: notes a plug-in's folder.
+    /// For the loader: notes a plug-in's folder; empty for one that did not load.
     static void setPluginPath(const QString& keyword, const QString& folder);
 };
