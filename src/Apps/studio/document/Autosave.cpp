@@ -32,7 +32,14 @@ QString aboutOf(const QString& folder)
 
 const QString kTitle = QStringLiteral("title");
 const QString kSavedAs = QStringLiteral("savedAs");
+const QString kState = QStringLiteral("state");
 const QString kTime = QStringLiteral("time");
+
+SIO_SceneState stateIn(const QSettings& about)
+{
+    const QByteArray digest = QByteArray::fromHex(about.value(kState).toByteArray());
+    return {digest.isEmpty() ? QByteArrayLiteral("unknown") : digest};
+}
 
 } // namespace
 
@@ -70,7 +77,7 @@ QList<LeftScene> Autosave::left() const
             continue;
         const QSettings about(aboutOf(folder), QSettings::IniFormat);
         found.append({folder, about.value(kTitle).toString(), about.value(kSavedAs).toString(),
-                      about.value(kTime).toDateTime()});
+                      about.value(kTime).toDateTime(), stateIn(about)});
     }
     std::ranges::sort(found, std::greater(), &LeftScene::time);
     return found;
@@ -81,7 +88,7 @@ UT_Result<QStringList> Autosave::recover(const LeftScene& scene)
     UT_Result<SIO_LoadedScene> loaded = SIO_loadScene(sceneOf(scene.folder));
     if (!loaded)
         return loaded.error();
-    _document.replaceScene(std::move(loaded->scene), scene.savedAs, true);
+    _document.replaceScene(std::move(loaded->scene), scene.savedAs, true, scene.state);
     // Kept anew under this process's name before the old copy goes.
     _stale = true;
     if (keepNow())
@@ -114,6 +121,7 @@ UT_Result<void> Autosave::keepNow()
     QSettings about(aboutOf(_own), QSettings::IniFormat);
     about.setValue(kTitle, _document.title());
     about.setValue(kSavedAs, _document.folder());
+    about.setValue(kState, _document.state().digest.toHex());
     about.setValue(kTime, QDateTime::currentDateTime());
     about.sync();
     _stale = false;

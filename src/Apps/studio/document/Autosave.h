@@ -5,13 +5,14 @@
 // Each running application has a folder of its own under the recovery folder, with a lock that ends with the process:
 //
 //     recovery/<random>/lock           held while the application runs
-//     recovery/<random>/about.ini      the scene's title, its folder, when it was kept
+//     recovery/<random>/about.ini      the scene's title, its folder and that folder's state, when it was kept
 //     recovery/<random>/kept.scene/    the scene
 //
 // If no process holds a folder's lock, a crash left the folder.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
+#include "QuarvelSceneIO/SIO_SceneFolder.h"
 
 #include <QDateTime>
 #include <QLockFile>
@@ -29,6 +30,9 @@ struct LeftScene
     QString title;   ///< the scene's name
     QString savedAs; ///< where it was saved before; empty when it never was
     QDateTime time;  ///< when the copy was stored
+    /// That folder's state when the scene was loaded or saved there. Where it is unknown, it is no folder's state, so
+    /// that the person is asked before the folder's scene is replaced.
+    SIO_SceneState state;
 };
 
 class Autosave : public QObject

@@ -57,6 +57,8 @@ public:
 
     /// The scene's folder; empty when it was never saved.
     const QString& folder() const { return _folder; }
+    /// The folder's state when the scene was last loaded or saved there.
+    const SIO_SceneState& state() const { return _state; }
     /// The name for people: the folder's, else that of the drawings, else "Untitled".
     QString title() const;
     /// Names the drawings that the scene was made of, until another scene is opened.

@@ -338,6 +338,48 @@ TEST_F(WindowFilesTest, ACrashLosesNothingThatWasKept)
     EXPECT_FALSE(window->messages().text().isEmpty());
 }
 
+TEST_F(WindowFilesTest, ARecoveredSceneReplacesWhatOthersSavedSinceOnlyWhereToldTo)
+{
+    openDisc();
+    const QString scene = folder.filePath(QStringLiteral("disc.scene"));
+    ASSERT_TRUE(window->saveTo(scene));
+    change();
+    const QString left = leaveAsAfterACrash();
+    window.reset();
+    auto others = SIO_loadScene(scene);
+    ASSERT_TRUE(others);
+    MO_frameRangeCmd(*others->scene, 1, 9)->execute();
+    ASSERT_TRUE(SIO_saveScene(*others->scene, scene));
+    const QString theirs = xmlOf(*others->scene);
+
+    window = std::make_unique<MainWindow>(left);
+    window->show();
+    answerNext(QStringLiteral("Recover"));
+    window->offerRecovery();
+    answerNext(QMessageBox::Cancel);
+    EXPECT_FALSE(window->saveTo(scene));
+    EXPECT_TRUE(asked.contains(QStringLiteral("Another program saved \"disc\""))) << qPrintable(asked);
+    EXPECT_EQ(xmlOf(*SIO_loadScene(scene)->scene), theirs);
+}
+
+TEST_F(WindowFilesTest, ARecoveredSceneIsSavedWithoutAQuestionWhereNobodyElseSaved)
+{
+    openDisc();
+    const QString scene = folder.filePath(QStringLiteral("disc.scene"));
+    ASSERT_TRUE(window->saveTo(scene));
+    change();
+    const QString left = leaveAsAfterACrash();
+    window.reset();
+    window = std::make_unique<MainWindow>(left);
+    window->show();
+    answerNext(QStringLiteral("Recover"));
+    window->offerRecovery();
+    asked.clear();
+    EXPECT_TRUE(window->saveTo(scene));
+    EXPECT_EQ(asked, QString());
+    EXPECT_EQ(xmlOf(*SIO_loadScene(scene)->scene), xmlOf(document().scene()));
+}
+
 TEST_F(WindowFilesTest, WhatACrashLeftCanBeDiscarded)
 {
     openDisc();
