@@ -9,12 +9,36 @@
 #include <algorithm>
 #include <cmath>
 #include <new>
+#include <utility>
 
 namespace {
 
 QImage imageOf(std::span<const std::uint8_t> rgba, const QSize& size)
 {
     return QImage(rgba.data(), size.width(), size.height(), qsizetype{4} * size.width(), QImage::Format_RGBA8888);
+}
+
+// How long a frame is shown, in seconds, as a fraction of two 16-bit numbers: ten thousandths where they are exact.
+// Whole rates are exact, too, and so are those of television, such as 24000/1001; for others the divisor is as large as
+// it can be.
+std::pair<std::uint16_t, std::uint16_t> delayOf(double framesPerSecond)
+{
+    constexpr double kMost = 65535.0;
+    constexpr double kTenThousandths = 10000.0;
+    const auto isWhole = [](double number) {
+        return number >= 1.0 && number <= kMost && std::abs(number - std::round(number)) <= 1e-6 * number;
+    };
+    const auto fraction = [](double count, double divisor) {
+        return std::pair(static_cast<std::uint16_t>(std::lround(count)),
+                         static_cast<std::uint16_t>(std::lround(divisor)));
+    };
+    if (const double count = kTenThousandths / framesPerSecond; isWhole(count))
+        return fraction(count, kTenThousandths);
+    for (const double count : {1.0, 1001.0, 1000.0})
+        if (isWhole(count * framesPerSecond))
+            return fraction(count, count * framesPerSecond);
+    const double count = std::max(1.0, std::floor(kMost / std::max(framesPerSecond, 1.0)));
+    return fraction(count, count * framesPerSecond);
 }
 
 } // namespace
@@ -80,16 +104,11 @@ void IIO_ApngWriter::writeAnimationControl()
 void IIO_ApngWriter::writeFrameControl()
 {
     constexpr std::uint32_t kOrigin = 0;
-    constexpr double kDenominator = 10000.0;
-    const double seconds = 1.0 / _framesPerSecond;
-    // The delay is a fraction of two 16-bit numbers: short delays count ten thousandths of a second, long ones
-    // hundredths.
-    const double unit = seconds < 6.0 ? kDenominator : 100.0;
+    const auto [count, divisor] = delayOf(_framesPerSecond);
     writeChunk("fcTL", IIO_bigEndian(_sequence++) + IIO_bigEndian(static_cast<std::uint32_t>(_size.width())) +
                            IIO_bigEndian(static_cast<std::uint32_t>(_size.height())) + IIO_bigEndian(kOrigin) +
-                           IIO_bigEndian(kOrigin) +
-                           IIO_bigEndian(static_cast<std::uint16_t>(std::lround(seconds * unit))) +
-                           IIO_bigEndian(static_cast<std::uint16_t>(unit)) + QByteArray(2, '\0'));
+                           IIO_bigEndian(kOrigin) + IIO_bigEndian(count) + IIO_bigEndian(divisor) +
+                           QByteArray(2, '\0'));
 }
 
 void IIO_ApngWriter::writeFrame(const std::vector<std::vector<std::uint8_t>>& parts)

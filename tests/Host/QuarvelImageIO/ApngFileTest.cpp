@@ -142,6 +142,28 @@ TEST_F(Apng, ShowsEachFrameForItsTimeInItsWholeSize)
     }
 }
 
+TEST_F(Apng, KeepsTimeWithSoundThatRunsBesideIt)
+{
+    using Fraction = std::pair<int, int>;
+    const std::pair<double, Fraction> expected[] = {{24.0, {1, 24}},      {30.0, {1, 30}},
+                                                    {12.0, {1, 12}},      {24000.0 / 1001.0, {1001, 24000}},
+                                                    {12.5, {800, 10000}}, {0.1, {1000, 100}}};
+    for (const auto& [rate, delay] : expected) {
+        make(rate);
+        for (const Chunk& chunk : chunks())
+            if (chunk.type == "fcTL") {
+                EXPECT_EQ(qFromBigEndian<std::uint16_t>(chunk.data.constData() + 20), delay.first) << rate;
+                EXPECT_EQ(qFromBigEndian<std::uint16_t>(chunk.data.constData() + 22), delay.second) << rate;
+            }
+    }
+    // A rate that no such fraction is: an hour is less than half a second off.
+    make(23.7654321);
+    const Chunk control = chunks()[2];
+    const double seconds = static_cast<double>(qFromBigEndian<std::uint16_t>(control.data.constData() + 20)) /
+                           qFromBigEndian<std::uint16_t>(control.data.constData() + 22);
+    EXPECT_NEAR(3600.0 * 23.7654321 * seconds, 3600.0, 0.5);
+}
+
 TEST_F(Apng, KeepsTheFramesPixels)
 {
     make();
