@@ -25,6 +25,7 @@ UT_Result<DrawingSequence> readLayeredSequence(const QStringList& files, const I
     SequenceBuilder builder(sequenceName(files));
     RepeatedWarnings warnings;
     DrawingSequence place;
+    QString placedBy; // the file whose place counts
     const ObjectChoice objects = settings.form.objects;
     double read = 0.0;
     for (const NumberedFile& file : *numbered) {
@@ -37,11 +38,12 @@ UT_Result<DrawingSequence> readLayeredSequence(const QStringList& files, const I
         if (place.frame.isEmpty()) {
             place.frame = drawing->viewBox;
             place.size = drawing->size;
+            placedBy = file.path;
         }
         const bool hasPlace = !drawing->viewBox.isEmpty();
         if (hasPlace && !showsTheSamePlace(place, *drawing))
             drawing->warnings.append(
-                QStringLiteral("its size or place differs from that of %1, which counts").arg(numbered->front().path));
+                QStringLiteral("its size or place differs from that of %1, which counts").arg(placedBy));
         warnings.add(file.path, drawing->warnings);
         // Objects found in each drawing separately would not correspond from frame to frame.
         if (numbered->size() == 1)
