@@ -4,6 +4,7 @@
 #include "QuarvelDrawingIO/private/DIO_PictureMask.h"
 
 #include "QuarvelDrawingIO/private/DIO_GroupedShapes.h"
+#include "QuarvelDrawingIO/private/DIO_MaskBrightness.h"
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
 
 #include <QPainter>
@@ -71,10 +72,10 @@ void paint(QPainter& painter, const DIO_Shape& shape, const QColor& colour, cons
         painter.drawImage(toPixels.mapRect(shape.path.boundingRect()), shape.picture);
 }
 
-// The weights that SVG gives to the colours of a mask; the colours are multiplied by coverage.
+// Of colours that are multiplied by coverage, 0 to 255.
 double brightness(QRgb pixel)
 {
-    return 0.2125 * qRed(pixel) + 0.7154 * qGreen(pixel) + 0.0721 * qBlue(pixel);
+    return DIO_maskBrightness(qRed(pixel), qGreen(pixel), qBlue(pixel));
 }
 
 int toByte(double value)

@@ -3,15 +3,16 @@
 // A stack of open groups. When a group ends, its shapes go to the group around it.
 #include "QuarvelDrawingIO/private/DIO_ShapeGroups.h"
 
+#include "QuarvelDrawingIO/private/DIO_MaskBrightness.h"
+
 #include <utility>
 
 namespace {
 
-// The weights that SVG gives to the colours of a mask.
 double brightness(const QColor& colour)
 {
-    return 0.2125 * static_cast<double>(colour.redF()) + 0.7154 * static_cast<double>(colour.greenF()) +
-           0.0721 * static_cast<double>(colour.blueF());
+    return DIO_maskBrightness(static_cast<double>(colour.redF()), static_cast<double>(colour.greenF()),
+                              static_cast<double>(colour.blueF()));
 }
 
 } // namespace
