@@ -9,6 +9,7 @@
 #include "Surfaces.h"
 #include "jobs/drawing/GlossJob.h"
 #include "jobs/drawing/NormalMapJob.h"
+#include "jobs/drawing/ObjectWords.h"
 #include "jobs/drawing/ReadDrawing.h"
 #include "jobs/frames/SurfaceFrames.h"
 
@@ -16,7 +17,6 @@
 #include <pybind11/stl.h>
 #include <pybind11/stl/filesystem.h>
 
-#include <array>
 #include <filesystem>
 
 namespace py = pybind11;
@@ -47,28 +47,22 @@ void orRaise(const UT_Result<void>& result)
         throw PythonError(result.error());
 }
 
-template<std::size_t Count>
-int indexOf(const std::array<const char*, Count>& words, const std::string& word, const char* what)
+int indexOf(const QStringList& words, const std::string& word, const char* what)
 {
-    QStringList all;
-    for (std::size_t i = 0; i < Count; ++i) {
-        if (word == words[i])
-            return static_cast<int>(i);
-        all << QString::fromLatin1(words[i]);
-    }
+    const auto index = words.indexOf(QString::fromStdString(word));
+    if (index >= 0)
+        return static_cast<int>(index);
     throw PythonError(
         {QStringLiteral("%1 takes %2, not \"%3\"")
-             .arg(QString::fromLatin1(what), all.join(QStringLiteral(", ")), QString::fromStdString(word))});
+             .arg(QString::fromLatin1(what), words.join(QStringLiteral(", ")), QString::fromStdString(word))});
 }
 
 FormSettings formOf(const std::string& objects, const std::string& shape, double volume)
 {
-    constexpr std::array kObjects{"auto", "layers", "groups", "shapes", "one"};
-    constexpr std::array kShapes{"auto", "rim", "pillow", "off"};
     if (!(volume >= 0.0 && volume <= FormSettings::kMaxVolume))
         throw PythonError({QStringLiteral("volume takes 0 to %1, not %2").arg(FormSettings::kMaxVolume).arg(volume)});
-    return {.objects = static_cast<ObjectChoice>(indexOf(kObjects, objects, "objects")),
-            .shape = static_cast<FormShape>(indexOf(kShapes, shape, "shape")),
+    return {.objects = static_cast<ObjectChoice>(indexOf(objectChoiceWords(), objects, "objects")),
+            .shape = static_cast<FormShape>(indexOf(formShapeWords(), shape, "shape")),
             .volume = volume};
 }
 

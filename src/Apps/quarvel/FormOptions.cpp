@@ -8,9 +8,8 @@ std::vector<OptionRow<FormSettings>> formOptionRows()
     const auto s = [](const char* name) { return QString::fromLatin1(name); };
     const auto takeObjects = choice<FormSettings>(
         objectChoiceWords(), [](FormSettings& form, int index) { form.objects = static_cast<ObjectChoice>(index); });
-    const auto takeShape =
-        choice<FormSettings>({s("auto"), s("rim"), s("pillow"), s("off")},
-                             [](FormSettings& form, int index) { form.shape = static_cast<FormShape>(index); });
+    const auto takeShape = choice<FormSettings>(
+        formShapeWords(), [](FormSettings& form, int index) { form.shape = static_cast<FormShape>(index); });
     const auto takeVolume = [](FormSettings& form, const QString& option, const QString& value) {
         return keep(parseNumber(option, value, 0.0, FormSettings::kMaxVolume),
                     [&](double volume) { form.volume = volume; });

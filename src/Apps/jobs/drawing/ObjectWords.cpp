@@ -213,3 +213,10 @@ const QStringList& objectChoiceWords()
                                    QStringLiteral("shapes"), QStringLiteral("one")};
     return words;
 }
+
+const QStringList& formShapeWords()
+{
+    static const QStringList words{QStringLiteral("auto"), QStringLiteral("rim"), QStringLiteral("pillow"),
+                                   QStringLiteral("off")};
+    return words;
+}

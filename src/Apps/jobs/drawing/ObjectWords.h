@@ -47,3 +47,6 @@ QString objectWords(const ObjectSettings& object);
 
 /// The words for what becomes an object, in the order of ObjectChoice.
 const QStringList& objectChoiceWords();
+
+/// The words for the form that objects get, in the order of FormShape.
+const QStringList& formShapeWords();
