@@ -9,7 +9,6 @@
 namespace {
 
 constexpr double kDark = 40.0;      // lightness
-constexpr double kSolid = 0.7;      // opacity
 constexpr double kWidest = 0.05;    // of the picture's longer side
 constexpr double kLong = 6.0;       // elongation
 constexpr double kShort = 2.5;      // elongation of the shortest line

@@ -10,7 +10,6 @@
 namespace {
 
 constexpr double kInside = 0.85; // of an area
-constexpr double kSolid = 0.7;   // opacity
 constexpr double kAlike = 4.0;   // ratio of two siblings' areas
 // The area of a smaller copy, as a part of the original's: neither tiny nor almost the same.
 constexpr double kSmallestCopy = 0.16;

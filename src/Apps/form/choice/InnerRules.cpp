@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr double kSolid = 0.7;             // below this opacity a shape is a shadow or a shine
 constexpr double kSmallest = 0.0004;       // of the picture
 constexpr double kFollowing = 0.25;        // of the outline
 constexpr double kFollowingOfBodies = 0.4; // of the outline, for compact shapes of another hue

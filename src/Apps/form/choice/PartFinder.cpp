@@ -17,7 +17,6 @@ namespace {
 
 constexpr double kInside = 0.85;  // of a shape's area
 constexpr double kBackdrop = 0.9; // of the picture
-constexpr double kSolid = 0.7;    // opacity
 
 Verdict verdictOf(Verdict::Kind kind, const char* reason, ObjectRole role = ObjectRole::BODY)
 {

@@ -13,7 +13,6 @@ namespace {
 constexpr double kAlone = 0.6;      // of a shape's area: if more lies outside all parts, it is an object of its own
 constexpr double kLeftOver = 0.004; // of a shape's area: if less lies outside all parts, one of them gets it
 constexpr double kSeamCells = 0.6;  // overlapping cells permitted for each cell of contact
-constexpr double kSolid = 0.7;      // opacity
 constexpr double kWhole = 0.995;    // of a shape's area: if this much lies inside a part, no clip is needed
 // How far a clipped mark continues outside the outline, in cells, so that the antialiased pixels of the outline show
 // it.

@@ -9,6 +9,9 @@
 
 #include <vector>
 
+/// The opacity below which an area is a shadow or a shine.
+inline constexpr double kSolid = 0.7;
+
 struct ShapeFacts
 {
     CellMask mask;

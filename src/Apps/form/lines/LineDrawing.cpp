@@ -9,7 +9,6 @@ namespace {
 
 constexpr double kDark = 40.0;   // lightness
 constexpr double kLight = 75.0;  // lightness of paper
-constexpr double kSolid = 0.7;   // opacity
 constexpr double kPicture = 0.9; // share of the picture that a backdrop covers
 constexpr double kLines = 0.6;   // share of the drawn area that lines have, at the least
 // The enclosed area as a multiple of the drawn area, at the least: a thick ring is a ring.
