@@ -5,29 +5,13 @@
 
 #include "QuarvelPersistentObj/PO_XmlText.h"
 #include "QuarvelSceneCore/attributes/AT_ChangeCmd.h"
+#include "QuarvelSceneCore/attributes/AT_CurveKeys.h"
 
 #include <QDomElement>
 
 #include <algorithm>
 #include <cassert>
 #include <cmath>
-
-namespace {
-
-// The key that gives a curve a value at a frame, with the interpolation of the keys around it.
-AT_Curve::Key keyFor(const AT_Curve& curve, double frame, double value)
-{
-    AT_Curve::Key key;
-    if (const AT_Curve::Key* same = curve.keyAt(frame))
-        key = *same;
-    else if (const AT_Curve::Key* before = curve.keyBefore(frame))
-        key.interpolation = before->interpolation;
-    key.frame = frame;
-    key.value = value;
-    return key;
-}
-
-} // namespace
 
 AT_AnimatableAttr::AT_AnimatableAttr(const AT_AttrMeta& meta, AT_Attr* parent, Linkable linkable, double defaultValue,
                                      double lower, double upper)
@@ -119,7 +103,7 @@ AT_AnimatableAttr::State AT_AnimatableAttr::stateWith(double frame, double value
     if (!std::isfinite(value))
         return after;
     if (isAnimated())
-        after.curve.setKey(keyFor(_state.curve, frame, held(value)));
+        AT_putValue(after.curve, frame, held(value));
     else
         after.local = held(value);
     return after;

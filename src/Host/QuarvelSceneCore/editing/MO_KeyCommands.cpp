@@ -3,42 +3,15 @@
 // Each change is made on a copy of the curve or sheet, which then replaces the old one.
 #include "QuarvelSceneCore/editing/MO_KeyCommands.h"
 
+#include "QuarvelSceneCore/attributes/AT_CurveKeys.h"
 #include "QuarvelSceneCore/editing/MO_AttrCommands.h"
-
-#include <algorithm>
-
-namespace {
-
-// The handles reach a third of the way to the neighbours and are horizontal, so that the value leaves and reaches keys
-// smoothly.
-void ease(AT_Curve& curve, const AT_Curve::Key& key)
-{
-    const auto& keys = curve.keys();
-    const auto next = std::ranges::find_if(keys, [&](const AT_Curve::Key& each) { return each.frame > key.frame; });
-    AT_Curve::Key from = key;
-    if (next != keys.end()) {
-        AT_Curve::Key to = *next;
-        const double third = (to.frame - from.frame) / 3.0;
-        from.out = {third, 0.0};
-        to.in = {-third, 0.0};
-        curve.setKey(to);
-    }
-    curve.setKey(from);
-}
-
-} // namespace
 
 MO_EditCommand MO_addKeyCmd(AT_AnimatableAttr& attr, double frame)
 {
     if (attr.curve().keyAt(frame))
         return nullptr;
     AT_Curve curve = attr.curve();
-    AT_Curve::Key key;
-    if (const AT_Curve::Key* before = curve.keyBefore(frame))
-        key.interpolation = before->interpolation;
-    key.frame = frame;
-    key.value = attr.scalarValue(frame).value_or(0.0);
-    curve.setKey(key);
+    AT_putValue(curve, frame, attr.scalarValue(frame).value_or(0.0));
     return MO_curveCmd(attr, curve);
 }
 
@@ -69,14 +42,17 @@ MO_EditCommand MO_moveKeyCmd(AT_AnimatableAttr& attr, double from, double to)
 MO_EditCommand MO_interpolationCmd(AT_AnimatableAttr& attr, double frame, AT_Curve::Interpolation interpolation)
 {
     const AT_Curve::Key* const key = attr.curve().keyAt(frame);
-    if (!key || key->interpolation == interpolation)
+    if (!key)
+        return nullptr;
+    // A key without handles goes straight to the next one, whatever it is called.
+    const bool makesHandles = interpolation == AT_Curve::Interpolation::BEZIER && key->out == AT_Curve::Handle();
+    if (key->interpolation == interpolation && !makesHandles)
         return nullptr;
     AT_Curve curve = attr.curve();
     AT_Curve::Key changed = *key;
     changed.interpolation = interpolation;
-    const bool hasHandles = changed.out != AT_Curve::Handle();
-    if (interpolation == AT_Curve::Interpolation::BEZIER && !hasHandles)
-        ease(curve, changed);
+    if (makesHandles)
+        AT_ease(curve, changed);
     else
         curve.setKey(changed);
     return MO_curveCmd(attr, curve);

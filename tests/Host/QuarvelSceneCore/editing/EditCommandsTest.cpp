@@ -256,6 +256,50 @@ TEST_F(EditCommands, TheLastKeyLeavesItsValue)
     EXPECT_EQ(x.localValue(), 7.0);
 }
 
+TEST_F(EditCommands, AKeyInASmoothStretchLeavesItsForm)
+{
+    AT_DoubleAttr& x = *hero.positionX();
+    execute(MO_addKeyCmd(x, 1.0));
+    execute(MO_EditCommand(x.setValueCmd(13.0, 7.0)));
+    execute(MO_interpolationCmd(x, 1.0, AT_Curve::Interpolation::BEZIER));
+    const AT_Curve before = x.curve();
+    EXPECT_GT(before.value(2.0), 0.0);
+    EXPECT_LT(before.value(2.0), 7.0 / 12.0) << "it leaves smoothly";
+    execute(MO_addKeyCmd(x, 5.0));
+    execute(MO_addKeyCmd(x, 10.0));
+    ASSERT_EQ(x.curve().keys().size(), 4U);
+    for (double frame = 1.0; frame <= 13.0; frame += 0.25)
+        EXPECT_NEAR(x.value(frame), before.value(frame), 1e-9) << frame;
+    // Another value at a key moves its handles along.
+    execute(MO_EditCommand(x.setValueCmd(7.0, 20.0)));
+    EXPECT_EQ(x.value(7.0), 20.0);
+    EXPECT_NE(x.curve().keyAt(7.0)->out, AT_Curve::Handle());
+}
+
+TEST_F(EditCommands, AKeyBehindASmoothLastOneIsReachedSmoothly)
+{
+    AT_DoubleAttr& x = *hero.positionX();
+    execute(MO_addKeyCmd(x, 1.0));
+    execute(MO_interpolationCmd(x, 1.0, AT_Curve::Interpolation::BEZIER));
+    execute(MO_EditCommand(x.setValueCmd(13.0, 12.0)));
+    EXPECT_NEAR(x.value(7.0), 6.0, 1e-9);
+    EXPECT_LT(x.value(2.0), 0.5) << "in a straight line it would be 1";
+    EXPECT_GT(x.value(12.0), 11.5);
+}
+
+TEST_F(EditCommands, ASmoothKeyWithoutHandlesCanBeMadeSmooth)
+{
+    AT_DoubleAttr& x = *hero.positionX();
+    AT_Curve curve;
+    curve.setKey({1.0, 0.0, AT_Curve::Interpolation::BEZIER, {}, {}, {}});
+    curve.setKey({13.0, 12.0, AT_Curve::Interpolation::LINEAR, {}, {}, {}});
+    x.setCurve(curve);
+    EXPECT_NEAR(x.value(2.0), 1.0, 1e-9);
+    execute(MO_interpolationCmd(x, 1.0, AT_Curve::Interpolation::BEZIER));
+    EXPECT_LT(x.value(2.0), 0.5);
+    EXPECT_FALSE(MO_interpolationCmd(x, 1.0, AT_Curve::Interpolation::BEZIER)) << "it is smooth now";
+}
+
 TEST_F(EditCommands, CopiesHaveTheLinksAmongThemTheValuesAndTheDrawings)
 {
     auto& group = root.emplace<XUGroup>();
