@@ -27,6 +27,51 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(MO_Scene)
 };
 
+void warn(QStringList* warnings, const QString& text)
+{
+    if (warnings)
+        *warnings << text;
+}
+
+// What this version does not know of an element, so that it is written back; each of the known elements counts once.
+PO_UnknownXml unknownIn(const QDomElement& element, QStringList knownElements, const QStringList& knownAttributes,
+                        QStringList* warnings)
+{
+    PO_UnknownXml unknown;
+    for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
+        if (knownElements.removeOne(child.tagName()))
+            continue;
+        unknown.addElement(child);
+        warn(warnings, Texts::tr("<%1> is not understood by this version of the program").arg(child.tagName()));
+    }
+    const QDomNamedNodeMap attributes = element.attributes();
+    for (int i = 0; i < attributes.count(); ++i) {
+        const QString name = attributes.item(i).nodeName();
+        if (knownAttributes.contains(name))
+            continue;
+        unknown.addAttribute(name, attributes.item(i).nodeValue());
+        warn(warnings, Texts::tr("\"%1\" is not understood by this version of the program").arg(name));
+    }
+    return unknown;
+}
+
+void readFrames(MO_Scene& scene, const QDomElement& element, QStringList* warnings)
+{
+    if (PO_intAttribute(element, kPIO_atributeVersion).value_or(MO_Scene::kVersion) > MO_Scene::kVersion)
+        warn(warnings, Texts::tr("The scene was saved by a newer version of the program"));
+    if (!scene.setFrameRange(PO_intAttribute(element, kAttributeFirst).value_or(1),
+                             PO_intAttribute(element, kAttributeLast).value_or(1)))
+        warn(warnings, Texts::tr("The scene cannot have the frames that its file names; it has the frames %1 to %2")
+                           .arg(scene.firstFrame())
+                           .arg(scene.lastFrame()));
+    if (!scene.setFrameHeight(PO_doubleAttribute(element, kAttributeHeight).value_or(405.0)))
+        warn(warnings, Texts::tr("The height of the frame is not a positive number"));
+    if (!scene.setFrameRate(PO_doubleAttribute(element, kAttributeRate).value_or(MO_Scene::kUsualFrameRate)))
+        warn(warnings, Texts::tr("The frame rate is no number from %1 to %2; it stays as it was")
+                           .arg(MO_Scene::kSlowest)
+                           .arg(MO_Scene::kFastest));
+}
+
 } // namespace
 
 MO_Scene::MO_Scene() : _root(std::make_unique<XUGroup>())
@@ -134,6 +179,7 @@ void MO_Scene::writeXmlAttributes(PO_XmlWriter& writer) const
 void MO_Scene::writeXmlSubnodes(PO_XmlWriter& writer) const
 {
     writer.startElement(kElementCamera);
+    _unknownCamera.writeAttributes(writer);
     truckFactorAttr().writeXml(writer);
     _unknownCamera.writeElements(writer);
     writer.endElement();
@@ -147,47 +193,18 @@ UT_Result<void> MO_Scene::readXml(const QDomElement& element, QStringList* warni
 {
     if (element.tagName() != getXmlElementName())
         return UT_Error{Texts::tr("Line %1: <%2> is no scene").arg(element.lineNumber()).arg(element.tagName())};
-    const auto warn = [&](const QString& text) {
-        if (warnings)
-            *warnings << text;
-    };
-
     // Reading the graph can fail, so it is read into a new group first; reading the rest cannot.
     auto root = std::make_unique<XUGroup>();
-    PO_UnknownXml unknown;
-    for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
-        if (child.tagName() == kElementGraph) {
-            if (auto graph = root->readGraph(child, warnings); !graph)
-                return graph.error();
-        } else if (child.tagName() != kElementCamera && child.tagName() != lighting().getXmlElementName()) {
-            unknown.addElement(child);
-            warn(Texts::tr("<%1> is not understood by this version of the program").arg(child.tagName()));
-        }
-    }
-    const QDomNamedNodeMap attributes = element.attributes();
-    for (int i = 0; i < attributes.count(); ++i) {
-        const QString name = attributes.item(i).nodeName();
-        if (name == kPIO_atributeVersion || name == kAttributeFirst || name == kAttributeLast ||
-            name == kAttributeHeight || name == kAttributeRate)
-            continue;
-        unknown.addAttribute(name, attributes.item(i).nodeValue());
-        warn(Texts::tr("\"%1\" is not understood by this version of the program").arg(name));
-    }
-    if (PO_intAttribute(element, kPIO_atributeVersion).value_or(kVersion) > kVersion)
-        warn(Texts::tr("The scene was saved by a newer version of the program"));
-
-    if (!setFrameRange(PO_intAttribute(element, kAttributeFirst).value_or(1),
-                       PO_intAttribute(element, kAttributeLast).value_or(1)))
-        warn(Texts::tr("The scene cannot have the frames that its file names; it has the frames %1 to %2")
-                 .arg(firstFrame())
-                 .arg(lastFrame()));
-    if (!setFrameHeight(PO_doubleAttribute(element, kAttributeHeight).value_or(405.0)))
-        warn(Texts::tr("The height of the frame is not a positive number"));
-    if (!setFrameRate(PO_doubleAttribute(element, kAttributeRate).value_or(kUsualFrameRate)))
-        warn(Texts::tr("The frame rate is no number from %1 to %2; it stays as it was").arg(kSlowest).arg(kFastest));
+    if (const QDomElement graph = element.firstChildElement(kElementGraph); !graph.isNull())
+        if (auto read = root->readGraph(graph, warnings); !read)
+            return read.error();
+    const QString lights = lighting().getXmlElementName();
+    _unknown =
+        unknownIn(element, {kElementGraph, kElementCamera, lights},
+                  {kPIO_atributeVersion, kAttributeFirst, kAttributeLast, kAttributeHeight, kAttributeRate}, warnings);
+    readFrames(*this, element, warnings);
     readCamera(element.firstChildElement(kElementCamera), warnings);
-    lighting().readXml(element.firstChildElement(lighting().getXmlElementName()), warnings);
-    _unknown = unknown;
+    lighting().readXml(element.firstChildElement(lights), warnings);
     root->setScene(this);
     _root = std::move(root);
     resolveLinks();
@@ -201,14 +218,7 @@ void MO_Scene::readCamera(const QDomElement& camera, QStringList* warnings)
     truck.setLocalValue(1.0);
     truck.setCurve(AT_Curve());
     truck.setSurrogate(nullptr);
-    _unknownCamera.clear();
-    for (QDomElement child = camera.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
-        if (child.tagName() == truck.keyword()) {
-            truck.parseXml(child, warnings);
-            continue;
-        }
-        _unknownCamera.addElement(child);
-        if (warnings)
-            *warnings << Texts::tr("<%1> is not understood by this version of the program").arg(child.tagName());
-    }
+    _unknownCamera = unknownIn(camera, {truck.keyword()}, {}, warnings);
+    if (const QDomElement factor = camera.firstChildElement(truck.keyword()); !factor.isNull())
+        truck.parseXml(factor, warnings);
 }

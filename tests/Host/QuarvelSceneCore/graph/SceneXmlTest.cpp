@@ -174,16 +174,17 @@ TEST(SceneXml, KeepsModulesOfUnknownKindsAndTheirLinks)
 TEST(SceneXml, KeepsWhatANewerVersionAdds)
 {
     const QString xml =
-        text("<scene version=\"2\" mood=\"dark\"><camera><Shake val=\"3\"/></camera>"
+        text("<scene version=\"2\" mood=\"dark\"><camera lens=\"50\"><Shake val=\"3\"/></camera>"
              "<graph grid=\"8\"><module type=\"GLUE\" name=\"G\" tint=\"red\"><attrs><New val=\"1\"/></attrs></module>"
-             "<note>hello</note></graph><audio/></scene>");
+             "<note>hello</note></graph><audio/><camera number=\"2\"/><graph number=\"2\"/></scene>");
     MO_Scene scene;
     QStringList warnings;
     ASSERT_TRUE(read(scene, xml, &warnings).ok());
     EXPECT_FALSE(warnings.isEmpty());
     const QString once = scene.toXml();
-    for (const char* kept : {"mood=\"dark\"", "<Shake val=\"3\"/>", "grid=\"8\"", "tint=\"red\"", "<New val=\"1\"/>",
-                             "<note>hello</note>", "<audio/>"})
+    for (const char* kept :
+         {"mood=\"dark\"", "<camera lens=\"50\">", "<Shake val=\"3\"/>", "grid=\"8\"", "tint=\"red\"",
+          "<New val=\"1\"/>", "<note>hello</note>", "<audio/>", "<camera number=\"2\"/>", "<graph number=\"2\"/>"})
         EXPECT_TRUE(once.contains(text(kept))) << kept;
     MO_Scene again;
     ASSERT_TRUE(read(again, once).ok());
