@@ -141,7 +141,9 @@ private:
         for (std::size_t c = 0; c < 3; ++c)
             for (std::size_t i = 0; i < count; ++i) {
                 const float amount = colours[c][i] * run.light[c][i] + run.highlight[c][i];
-                steps[c][i] = static_cast<std::int32_t>(std::min(amount, 1.0F) * kSteps + 0.5F);
+                // In this order, NaN becomes 0.
+                const float held = std::max(0.0F, std::min(amount, 1.0F));
+                steps[c][i] = static_cast<std::int32_t>(held * kSteps + 0.5F);
             }
         const auto byteOf = [&](std::size_t c, std::size_t i) { return bytes[static_cast<std::size_t>(steps[c][i])]; };
         for (std::size_t i = 0; i < count; ++i)
