@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The limits of a scene's files. Saving respects the same limits as loading, so that every saved scene can be loaded.
+// The limits of a scene's files. Saving respects the same limits as loading, so that every saved scene can be loaded,
+// unless the program that loads it bounds pictures more closely (QImageReader::setAllocationLimit).
 #pragma once
 
 #include <QString>
