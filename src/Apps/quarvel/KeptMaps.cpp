@@ -3,6 +3,7 @@
 // Every part of the digest is written with its length, so that different parts never give the same bytes.
 #include "KeptMaps.h"
 
+#include "QuarvelBaseCore/UT_FileName.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "jobs/drawing/OwnValues.h"
 #include "jobs/frames/FrameOnDisk.h"
@@ -115,5 +116,5 @@ void warnOfFilesWithoutDigest(const NormalMapOptions& options, const OutputFiles
     for (const QString& file : without)
         report.warning(file, QStringLiteral(".%1 files cannot say what they were made of, so --resume makes all maps "
                                             "again; write .png or .exr")
-                                 .arg(QFileInfo(file).suffix().toLower()));
+                                 .arg(UT_fileSuffix(file)));
 }

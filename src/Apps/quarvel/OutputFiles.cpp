@@ -3,6 +3,7 @@
 // Names of output files.
 #include "OutputFiles.h"
 
+#include "QuarvelBaseCore/UT_FileName.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "TakenFiles.h"
 #include "jobs/frames/OutputFolder.h"
@@ -132,8 +133,7 @@ UT_Result<void> checkCanvas(const QString& drawing, const NormalMapOptions& opti
 {
     static const QStringList imported{QStringLiteral("png"), QStringLiteral("svg"), QStringLiteral("webp"),
                                       QStringLiteral("jpg"), QStringLiteral("bmp"), QStringLiteral("tga")};
-    if (!options.canvas || !options.drawingPicture.isEmpty() ||
-        imported.contains(QFileInfo(drawing).suffix().toLower()))
+    if (!options.canvas || !options.drawingPicture.isEmpty() || imported.contains(UT_fileSuffix(drawing)))
         return {};
     return UT_Error{QStringLiteral("%1 is no picture that Godot imports; write the drawing as a picture, too, with "
                                    "--drawing")

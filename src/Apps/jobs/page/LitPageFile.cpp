@@ -3,12 +3,12 @@
 // The template up to the pictures, the pictures as they come, the rest of the template with what is known at the end.
 #include "jobs/page/LitPageFile.h"
 
+#include "QuarvelBaseCore/UT_FileName.h"
 #include "QuarvelImageIO/IIO_AtomicFile.h"
 #include "QuarvelImageIO/IIO_PngFile.h"
 
 #include <QCryptographicHash>
 #include <QFile>
-#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -63,7 +63,7 @@ QJsonObject lightingJson(const NM_LightingSettings& lighting)
 
 UT_Result<void> LitPageFile::check(const QString& path)
 {
-    const QString suffix = QFileInfo(path).suffix().toLower();
+    const QString suffix = UT_fileSuffix(path);
     if (suffix == QLatin1String("html") || suffix == QLatin1String("htm"))
         return {};
     return UT_Error{QStringLiteral("\"%1\" is no page; its name is to end in .html").arg(path)};

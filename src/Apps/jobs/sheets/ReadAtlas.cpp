@@ -3,6 +3,7 @@
 // The suffix of the file's name determines the parser. Pages are looked for beside the atlas or in its Godot project.
 #include "jobs/sheets/ReadAtlas.h"
 
+#include "QuarvelBaseCore/UT_FileName.h"
 #include "jobs/sheets/AtlasGodot.h"
 #include "jobs/sheets/AtlasJson.h"
 #include "jobs/sheets/AtlasText.h"
@@ -32,7 +33,7 @@ constexpr std::array kKinds{Kind{"json", parseAtlasJson, renamePagesJson},
 
 UT_Result<const Kind*> kindOf(const QString& path)
 {
-    const QString suffix = QFileInfo(path).suffix().toLower();
+    const QString suffix = UT_fileSuffix(path);
     for (const Kind& kind : kKinds)
         if (suffix == QLatin1String(kind.suffix))
             return &kind;
