@@ -193,6 +193,20 @@ TEST_F(SurfaceFiles, OfASceneAreThoseOfTheDrawing)
     EXPECT_TRUE(read("map.exr").channels().contains(QStringLiteral("object.id")));
 }
 
+TEST_F(SurfaceFiles, OfHeightsAreRefusedForANodeWithoutThemBeforeAnythingIsRendered)
+{
+    ASSERT_EQ(quarvel("import two.svg -o two.scene").exitCode, 0);
+    for (const char* const option : {"--height", "--occlusion"}) {
+        const Outcome refused =
+            quarvel(QStringLiteral("render two.scene --node Drawing --resolution 72x72 -o map.png %1 surface.exr")
+                        .arg(QLatin1String(option)));
+        EXPECT_NE(refused.exitCode, 0);
+        EXPECT_EQ(refused.messages, "quarvel: heights follow from normals or elevation, and the node makes neither; "
+                                    "choose a Vallorin node with --node\n");
+        EXPECT_FALSE(exists("map.png")) << option;
+    }
+}
+
 TEST_F(SurfaceFiles, OfASceneWithIntegersHaveOneRangeForAllFrames)
 {
     // The second frame has the drawing at half its size, which is half as high.

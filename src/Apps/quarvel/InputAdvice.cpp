@@ -41,6 +41,12 @@ UT_Result<void> kindAdvice(const QString& path)
 
 } // namespace
 
+UT_Error withAdvice(UT_Error error, const QString& more)
+{
+    error.text += more;
+    return error;
+}
+
 UT_Result<void> checkIsDrawing(const QString& path)
 {
     if (QFileInfo(path).isDir())

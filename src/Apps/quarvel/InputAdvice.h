@@ -1,11 +1,15 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What to do about a file that a command cannot read and another program or command can.
+// What to do about a file that a command cannot read and another program or command can, and which option helps where
+// something else is refused: the window shows the same errors and has no options.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
 
 #include <QString>
+
+/// The same error with the option that helps, such as " with --frames".
+UT_Error withAdvice(UT_Error error, const QString& more);
 
 /// Whether a path may name a drawing; the file itself is judged by who reads it.
 ///

@@ -5,6 +5,7 @@
 
 #include "FrameFileNames.h"
 #include "GlossOption.h"
+#include "InputAdvice.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelSceneCore/graph/MO_SceneCopy.h"
 #include "SurfacePlan.h"
@@ -50,7 +51,7 @@ UT_Result<std::vector<int>> framesOf(const MO_Scene& scene, const RenderOptions&
         return range.error();
     const auto list = range->within(first, last);
     if (!list)
-        return list.error();
+        return withAdvice(list.error(), QStringLiteral(" with --frames"));
     const QString scenes = QStringLiteral("the scene's frames are %1 to %2").arg(first).arg(last);
     if (list->frames.empty())
         return UT_Error{QStringLiteral("there is nothing to render: %1").arg(scenes)};
@@ -180,11 +181,8 @@ UT_Result<void> chooseAtOnce(const RenderOptions& options, RenderPlan& plan)
     const UT_Result<int> atOnce =
         framesAtOnce(options.jobs > 0 ? options.jobs : limits.threads, settings.parameters, needed,
                      options.memory > 0.0 ? options.memory : limits.memoryForFrames());
-    if (!atOnce) {
-        UT_Error error = atOnce.error();
-        error.text += QStringLiteral(", or allow more with --memory");
-        return error;
-    }
+    if (!atOnce)
+        return withAdvice(atOnce.error(), QStringLiteral(", or allow more with --memory"));
     plan.settings.atOnce = plan.lit.atOnce = plan.drawing.atOnce = *atOnce;
     for (auto& [output, surface] : plan.surfaces)
         surface.atOnce = *atOnce;

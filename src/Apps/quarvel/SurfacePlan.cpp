@@ -4,6 +4,7 @@
 #include "SurfacePlan.h"
 
 #include "FrameFileNames.h"
+#include "InputAdvice.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "jobs/frames/SurfaceFrames.h"
 #include "jobs/shown/SurfacePictures.h"
@@ -57,6 +58,9 @@ UT_Result<void> planSurfaces(const RenderOptions& options, RenderPlan& plan)
     for (const auto& [output, content] : wanted) {
         if (output.isEmpty())
             continue;
+        const bool needsHeights = content == FrameContent::HEIGHT || content == FrameContent::OCCLUSION;
+        if (const auto has = checkHasHeights(plan.shown->kind()); needsHeights && !has)
+            return withAdvice(has.error(), QStringLiteral(" with --node"));
         UT_Result<RenderFramesSettings> settings = settingsFor(content, output, options, plan);
         if (!settings)
             return settings.error();

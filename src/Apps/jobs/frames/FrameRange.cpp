@@ -25,6 +25,12 @@ QStringList partsOf(const QString& text)
     return QString(text).replace(aroundSigns, QStringLiteral("\\1")).trimmed().split(between);
 }
 
+UT_Error tooMany()
+{
+    return {QStringLiteral("one run renders at most %1 frames; choose fewer").arg(FrameRange::kMaxFrames),
+            UT_ErrorKind::REFUSED};
+}
+
 } // namespace
 
 UT_Result<FrameRange> FrameRange::parse(const QString& text)
@@ -69,16 +75,12 @@ UT_Result<FrameList> FrameRange::within(int first, int last) const
         const std::int64_t inside = start > end ? 0 : (end - start) / part.step + 1;
         list.outside += written - inside;
         if (inside > kMaxFrames)
-            return UT_Error{QStringLiteral("%1 frames are more than one run renders; at most %2 are possible, so "
-                                           "choose fewer with --frames")
-                                .arg(inside)
-                                .arg(kMaxFrames)};
+            return tooMany();
         for (std::int64_t i = 0; i < inside; ++i)
             if (const auto frame = static_cast<int>(start + i * part.step); listed.insert(frame).second)
                 list.frames.push_back(frame);
         if (static_cast<std::int64_t>(list.frames.size()) > kMaxFrames)
-            return UT_Error{
-                QStringLiteral("more than %1 frames are not rendered in one run; choose fewer").arg(kMaxFrames)};
+            return tooMany();
     }
     return list;
 }

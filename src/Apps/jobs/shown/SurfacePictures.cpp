@@ -16,10 +16,8 @@ const QString kNumberChannel = QStringLiteral("object.id");
 
 UT_Result<NM_HeightField> heightsIn(const ShownFrame& frame, const Math::Box2di& rect)
 {
-    if (frame.kind == RenderedKind::COLOURS)
-        return UT_Error{
-            QStringLiteral("heights follow from normals or elevation, and this module makes neither; name a "
-                           "Vallorin node with --node")};
+    if (const UT_Result<void> checked = checkHasHeights(frame.kind); !checked)
+        return checked.error();
     const auto rises = [&](int y, std::span<float> row) { frame.objects.risesOfRow(y, rect.x1, row); };
     auto heights = NM_HeightField::create(*frame.picture, frame.elevationChannel(), rect, rises);
     if (heights)
@@ -49,6 +47,15 @@ int largestNumber(const ObjectPlane& objects)
 }
 
 } // namespace
+
+UT_Result<void> checkHasHeights(RenderedKind kind)
+{
+    if (kind != RenderedKind::COLOURS)
+        return {};
+    return UT_Error{QStringLiteral("heights follow from normals or elevation, and the node makes neither; choose a "
+                                   "Vallorin node"),
+                    UT_ErrorKind::REFUSED};
+}
 
 UT_Result<IIO_Picture> heightPicture(const ShownFrame& frame)
 {

@@ -13,6 +13,11 @@ inline ShownParts surfaceParts()
     return {.elevation = true, .drawing = true, .objects = true};
 }
 
+/// Whether frames of a kind have heights: those of normals and of elevation have.
+///
+/// @return an error for the others
+UT_Result<void> checkHasHeights(RenderedKind kind);
+
 /// Makes a picture of the heights of all objects in one measure: floats in the channel Y, in pixels (NM_HeightField.h).
 /// Objects lie on each other (StackedHeights.h).
 ///

@@ -113,6 +113,15 @@ TEST_F(RenderProgram, WarnsOfFramesThatTheSceneDoesNotHave)
     EXPECT_EQ(quarvel("small.scene -o n.#.png --frames 60").exitCode, 2);
 }
 
+TEST_F(RenderProgram, SaysHowToRenderFewerFramesWhereASceneHasTooMany)
+{
+    ASSERT_EQ(command("set small.scene frames 1-2000000").exitCode, 0);
+    const Outcome refused = quarvel("small.scene -o n.#.png --resolution 32");
+    EXPECT_EQ(refused.exitCode, 2);
+    EXPECT_THAT(refused.messages, HasSubstr("one run renders at most 1000000 frames; choose fewer with --frames"));
+    EXPECT_NE(command("set small.scene frames 1-2147483647").exitCode, 0) << "more frames than an int counts";
+}
+
 TEST_F(RenderProgram, LightsFramesAndFilmsAsTheSceneSays)
 {
     EXPECT_EQ(quarvel("small.scene --lit old.##.png --preview old.png --frames 1-2 --resolution 64 -q").exitCode, 0);
