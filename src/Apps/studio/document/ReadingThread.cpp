@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Threads that were given up delete themselves at their end.
+// A thread is deleted when the event loop learns of its end, whether it was given up or not.
 #include "studio/document/ReadingThread.h"
 
 #include <utility>
@@ -22,9 +22,13 @@ void ReadingThread::start(const std::function<void(const GivenUp& givenUp)>& rea
     giveUp();
     _givenUp = std::make_shared<std::atomic<bool>>(false);
     _thread = QThread::create([read, givenUp = GivenUp(_givenUp)] { read(givenUp); });
-    connect(_thread, &QThread::finished, this, [this, done] {
-        _thread->wait();
-        std::exchange(_thread, nullptr)->deleteLater();
+    // The news of an end may be on its way already when the reading is given up, and another one started.
+    connect(_thread, &QThread::finished, this, [this, done, thread = _thread, givenUp = _givenUp] {
+        thread->wait();
+        thread->deleteLater();
+        if (*givenUp)
+            return;
+        _thread = nullptr;
         done();
     });
     _thread->start();
@@ -35,8 +39,6 @@ void ReadingThread::giveUp()
     if (!_thread)
         return;
     *_givenUp = true;
-    _thread->disconnect(this);
-    connect(_thread, &QThread::finished, _thread, &QObject::deleteLater);
     _retired.removeIf([](const QPointer<QThread>& thread) { return thread.isNull(); });
     _retired << std::exchange(_thread, nullptr);
 }
