@@ -7,8 +7,17 @@
 #include "jobs/import/ImportDrawings.h"
 #include "studio/document/StudioDocument.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QTimer>
+
+namespace {
+
+// Between two looks at whether the scene may be replaced, in milliseconds.
+constexpr int kPause = 50;
+
+} // namespace
 
 bool OpenRequest::isScene(const QFileInfo& folder)
 {
@@ -49,7 +58,11 @@ UT_Result<OpenRequest> OpenRequest::of(const QStringList& paths)
     return request;
 }
 
-SceneFiles::SceneFiles(StudioDocument& document, QObject* parent) : QObject(parent), _document(document) {}
+SceneFiles::SceneFiles(StudioDocument& document, QObject* parent) : QObject(parent), _document(document)
+{
+    connect(&document, &StudioDocument::stateChanged, this, [this] { _changed = true; });
+    connect(&document, &StudioDocument::sceneReplaced, this, &SceneFiles::cancel);
+}
 
 SceneFiles::~SceneFiles() = default;
 
@@ -58,11 +71,15 @@ void SceneFiles::cancel()
     if (!isBusy())
         return;
     _reading.giveUp();
+    _read.reset();
     Q_EMIT busyChanged();
 }
 
 void SceneFiles::open(const OpenRequest& request)
 {
+    _read.reset();
+    _changed = false;
+    _heldAtFirst = QGuiApplication::mouseButtons();
     auto outcome = std::make_shared<Outcome>();
     const auto read = [this, request, outcome](const ReadingThread::GivenUp& givenUp) {
         *outcome = load(request, [this, givenUp](double done) {
@@ -76,7 +93,7 @@ void SceneFiles::open(const OpenRequest& request)
             return !*givenUp;
         });
     };
-    _reading.start(read, [this, request, outcome] { finish(request, *outcome); });
+    _reading.start(read, [this, outcome] { finish(outcome); });
     Q_EMIT busyChanged();
 }
 
@@ -86,30 +103,57 @@ SceneFiles::Outcome SceneFiles::load(const OpenRequest& request, const std::func
         if (!request.scene.isEmpty()) {
             auto loaded = SIO_loadScene(request.scene);
             if (!loaded)
-                return {nullptr, {}, loaded.error().sentence()};
-            return {std::move(loaded->scene), loaded->warnings, {}, loaded->state};
+                return {request, nullptr, {}, loaded.error().sentence()};
+            return {request, std::move(loaded->scene), loaded->warnings, {}, loaded->state};
         }
         ImportSettings settings;
         settings.goOn = goOn;
         auto imported = importDrawings(request.drawings, settings);
         if (!imported)
-            return {nullptr, {}, imported.error().sentence()};
-        return {std::move(imported->scene), imported->warnings, {}};
+            return {request, nullptr, {}, imported.error().sentence()};
+        return {request, std::move(imported->scene), imported->warnings, {}};
     } catch (const std::bad_alloc&) {
-        return {nullptr, {}, tr("There is not enough memory to open this.")};
+        return {request, nullptr, {}, tr("There is not enough memory to open this.")};
     } catch (const std::exception& error) {
-        return {nullptr, {}, QString::fromUtf8(error.what())};
+        return {request, nullptr, {}, QString::fromUtf8(error.what())};
     }
 }
 
-void SceneFiles::finish(const OpenRequest& request, Outcome& outcome)
+void SceneFiles::finish(const std::shared_ptr<Outcome>& outcome)
 {
-    Q_EMIT busyChanged();
-    if (!outcome.scene) {
-        Q_EMIT failed(outcome.error);
+    if (!outcome->scene) {
+        Q_EMIT busyChanged();
+        Q_EMIT failed(outcome->error);
         return;
     }
+    _read = outcome;
+    deliver(outcome);
+}
+
+bool SceneFiles::isSceneHeld() const
+{
+    return QApplication::activeModalWidget() || QApplication::activePopupWidget() ||
+           (QGuiApplication::mouseButtons() & ~_heldAtFirst) != Qt::NoButton;
+}
+
+void SceneFiles::deliver(const std::shared_ptr<Outcome>& outcome)
+{
+    if (_read != outcome)
+        return;
+    if (isSceneHeld()) {
+        QTimer::singleShot(kPause, this, [this, outcome] { deliver(outcome); });
+        return;
+    }
+    const bool mayReplace = !_changed || !_mayReplace || _mayReplace();
+    // It may have been cancelled during the question.
+    if (_read != outcome)
+        return;
+    _read.reset();
+    Q_EMIT busyChanged();
+    if (!mayReplace)
+        return;
+    const OpenRequest& request = outcome->request;
     const bool isImport = request.scene.isEmpty();
-    _document.replaceScene(std::move(outcome.scene), request.scene, isImport, outcome.state);
-    Q_EMIT opened(request, outcome.warnings.join(QLatin1Char('\n')));
+    _document.replaceScene(std::move(outcome->scene), request.scene, isImport, outcome->state);
+    Q_EMIT opened(request, outcome->warnings.join(QLatin1Char('\n')));
 }

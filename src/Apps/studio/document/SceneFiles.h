@@ -2,6 +2,9 @@
 //
 // SceneFiles: opens scenes and imports drawings on a thread of its own, so that a large file does not block the window.
 // If that fails, the document stays unchanged.
+//
+// People go on working while files are read. A dialog, a menu or a drag that they have begun refers to the open scene,
+// so what was read waits until it ends. If another scene is opened meanwhile in any other way, what is read is dropped.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -43,11 +46,16 @@ public:
     explicit SceneFiles(StudioDocument& document, QObject* parent = nullptr);
     ~SceneFiles() override;
 
+    /// Sets what is asked before what was read replaces a document that was changed after open(): whether it may. If it
+    /// may not, what was read is dropped. Without a question, it may.
+    void setMayReplace(const std::function<bool()>& mayReplace) { _mayReplace = mayReplace; }
     /// Starts to open. If something else is being opened, that is cancelled.
     void open(const OpenRequest& request);
     /// Cancels opening at once; the document stays unchanged.
     void cancel();
-    bool isBusy() const { return _reading.isReading(); }
+    bool isBusy() const { return _reading.isReading() || isWaiting(); }
+    /// Whether something was read and waits for the end of a dialog, a menu or a drag.
+    bool isWaiting() const { return _read != nullptr; }
 
 Q_SIGNALS:
     /// Opening started or ended.
@@ -61,6 +69,7 @@ Q_SIGNALS:
 private:
     struct Outcome
     {
+        OpenRequest request;
         std::unique_ptr<MO_Scene> scene;
         QStringList warnings;
         QString error;
@@ -68,8 +77,14 @@ private:
     };
 
     static Outcome load(const OpenRequest& request, const std::function<bool(double)>& goOn);
-    void finish(const OpenRequest& request, Outcome& outcome);
+    void finish(const std::shared_ptr<Outcome>& outcome);
+    void deliver(const std::shared_ptr<Outcome>& outcome);
+    bool isSceneHeld() const;
 
     StudioDocument& _document;
     ReadingThread _reading;
+    std::shared_ptr<Outcome> _read; ///< until the document takes it
+    std::function<bool()> _mayReplace;
+    bool _changed = false;         ///< the document, perhaps, after open()
+    Qt::MouseButtons _heldAtFirst; ///< when open() was called, as a drop leaves them on some systems
 };

@@ -67,6 +67,7 @@ MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
     connect(&_renders, &RenderService::frameChanged, this, &MainWindow::frameChanged);
     connect(&_renders, &RenderService::stateChanged, this, &MainWindow::renderStateChanged);
     connect(&_renders, &RenderService::progressed, _viewer, &Viewer::setProgress);
+    _files.setMayReplace([this] { return confirmLeaving(); });
     connect(&_files, &SceneFiles::opened, this, &MainWindow::opened);
     connect(&_files, &SceneFiles::failed, _messages, &MessageBar::showError);
     connect(&_files, &SceneFiles::busyChanged, this, [this] {

@@ -5,11 +5,14 @@
 
 #include "QuarvelSceneCore/editing/MO_SceneCommands.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
+#include "studio/docks/graph/NodePanel.h"
 
 #include <QAbstractItemView>
 #include <QAction>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QMenu>
+#include <QSpinBox>
 #include <QToolButton>
 
 namespace {
@@ -30,6 +33,14 @@ protected:
             if (action->text().remove(QLatin1Char('&')).startsWith(start))
                 return action;
         return nullptr;
+    }
+    // A folder of 50 drawings.
+    QString writeLong()
+    {
+        EXPECT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("long")));
+        for (int i = 1; i <= 50; ++i)
+            write(QStringLiteral("long/walk_%1.svg").arg(i), studio_testing::kDisc);
+        return folder.filePath(QStringLiteral("long"));
     }
     // What a process that was killed leaves: the files without the lock.
     QString leaveAsAfterACrash()
@@ -93,11 +104,9 @@ TEST_F(WindowFilesTest, OpeningIsGivenUpByItsButton)
 {
     openDisc();
     const QString before = xmlOf(document().scene());
-    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("long")));
-    for (int i = 1; i <= 50; ++i)
-        write(QStringLiteral("long/walk_%1.svg").arg(i), studio_testing::kDisc);
+    const QString drawings = writeLong();
     answerNext(QMessageBox::Discard);
-    drop({folder.filePath(QStringLiteral("long"))});
+    drop({drawings});
     ASSERT_TRUE(window->files().isBusy());
     auto* const cancel = window->findChild<QToolButton*>(QStringLiteral("cancelOpening"));
     ASSERT_NE(cancel, nullptr);
@@ -108,7 +117,107 @@ TEST_F(WindowFilesTest, OpeningIsGivenUpByItsButton)
     EXPECT_TRUE(window->messages().text().isEmpty());
     // What was given up keeps nobody from opening it again.
     answerNext(QMessageBox::Discard);
-    drop({folder.filePath(QStringLiteral("long"))});
+    drop({drawings});
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(document().scene().lastFrame(), 50);
+}
+
+TEST_F(WindowFilesTest, WhatIsChangedWhileADrawingIsReadIsAskedAbout)
+{
+    openDisc();
+    const QString drawings = writeLong();
+    answerNext(QMessageBox::Cancel);
+    drop({drawings});
+    ASSERT_TRUE(window->files().isBusy());
+    EXPECT_EQ(asked, QString());
+    // Before the event loop can learn that the drawings were read.
+    ASSERT_TRUE(document().execute(MO_frameRangeCmd(document().scene(), 1, 7)));
+    const QString changed = xmlOf(document().scene());
+    ASSERT_TRUE(waitForFiles());
+    EXPECT_TRUE(asked.contains(QStringLiteral("\"disc\" has changes"))) << qPrintable(asked);
+    EXPECT_EQ(xmlOf(document().scene()), changed);
+    EXPECT_TRUE(document().isModified());
+
+    // What was discarded is not asked about twice.
+    answerNext(QMessageBox::Discard);
+    drop({drawings});
+    EXPECT_FALSE(asked.isEmpty());
+    answerNext(QMessageBox::Cancel);
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(asked, QString());
+    EXPECT_EQ(document().scene().lastFrame(), 50);
+}
+
+TEST_F(WindowFilesTest, ANewSceneEndsTheReadingOfAnother)
+{
+    openDisc();
+    drop({writeLong()});
+    ASSERT_TRUE(window->files().isBusy());
+    actionNamed(QStringLiteral("New"))->trigger();
+    EXPECT_FALSE(window->files().isBusy());
+    EXPECT_TRUE(document().scene().root().modules().empty());
+}
+
+TEST_F(WindowFilesTest, ADialogKeepsTheSceneThatItShows)
+{
+    openDisc();
+    const MO_Scene* const before = &document().scene();
+    drop({writeLong()});
+    ASSERT_TRUE(window->files().isBusy());
+    auto* const timer = new QTimer(window.get());
+    bool wasOpen = false;
+    QObject::connect(timer, &QTimer::timeout, timer, [&] {
+        QWidget* const dialog = QApplication::activeModalWidget();
+        if (!dialog || !(window->files().isWaiting() || !window->files().isBusy()))
+            return;
+        timer->stop();
+        wasOpen = true;
+        EXPECT_TRUE(window->files().isWaiting());
+        EXPECT_EQ(&document().scene(), before);
+        dialog->findChild<QSpinBox*>(QStringLiteral("exportWidth"))->setValue(77);
+        dialog->close();
+    });
+    timer->start(10);
+    actionNamed(QStringLiteral("Export"))->trigger();
+    EXPECT_TRUE(wasOpen);
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(document().scene().lastFrame(), 50);
+}
+
+TEST_F(WindowFilesTest, AMenuKeepsTheSceneThatItIsAbout)
+{
+    openDisc();
+    NodeView& nodes = window->findChild<NodePanel*>()->view();
+    MO_Module* const node = document().currentModule();
+    ASSERT_NE(node, nullptr);
+    const std::size_t modules = document().scene().root().modules().size();
+    drop({writeLong()});
+    Q_EMIT nodes.menuWanted(QPoint(10, 10), node, {});
+    auto* const menu = nodes.findChild<QMenu*>(QStringLiteral("NodeMenu"));
+    ASSERT_NE(menu, nullptr);
+    ASSERT_TRUE(studio_testing::waitUntil([this] { return window->files().isWaiting() || !window->files().isBusy(); }));
+    ASSERT_TRUE(window->files().isWaiting());
+    answerNext(QMessageBox::Discard);
+    QAction* const duplicate = window->findChild<NodePanel*>()->actions().duplicate();
+    ASSERT_TRUE(menu->actions().contains(duplicate));
+    duplicate->trigger();
+    EXPECT_EQ(document().scene().root().modules().size(), modules + 1);
+    menu->close();
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_FALSE(asked.isEmpty()) << "the menu changed the scene";
+    EXPECT_EQ(document().scene().lastFrame(), 50);
+}
+
+TEST_F(WindowFilesTest, ADragKeepsTheSceneThatItChanges)
+{
+    openDisc();
+    const MO_Scene* const before = &document().scene();
+    drop({writeLong()});
+    const QPoint place(1, window->height() - 2);
+    QTest::mousePress(window->windowHandle(), Qt::LeftButton, Qt::NoModifier, place);
+    ASSERT_TRUE(studio_testing::waitUntil([this] { return window->files().isWaiting() || !window->files().isBusy(); }));
+    EXPECT_EQ(&document().scene(), before);
+    QTest::mouseRelease(window->windowHandle(), Qt::LeftButton, Qt::NoModifier, place);
     ASSERT_TRUE(waitForPicture());
     EXPECT_EQ(document().scene().lastFrame(), 50);
 }
