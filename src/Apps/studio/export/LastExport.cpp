@@ -12,9 +12,8 @@ LastExport::LastExport(StudioDocument& document, QObject* parent) : QObject(pare
 
 void LastExport::repeat()
 {
-    if (!_choices)
+    if (!_choices || isRunning())
         return;
-    _job.reset();
     auto job = std::make_unique<ExportJob>();
     connect(job.get(), &ExportJob::progressed, this, &LastExport::progressed);
     connect(job.get(), &ExportJob::ended, this, [this] {

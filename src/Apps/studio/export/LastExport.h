@@ -23,7 +23,7 @@ public:
     const std::optional<ExportChoices>& choices() const { return _choices; }
     void setChoices(const ExportChoices& choices) { _choices = choices; }
 
-    /// Exports again. If a repetition is running, it is stopped first.
+    /// Exports again, unless a repetition is running.
     void repeat();
     void stop();
     bool isRunning() const { return _job != nullptr; }

@@ -29,18 +29,10 @@ PageShare::PageShare(StudioDocument& document, QObject* parent) : QObject(parent
 
 PageShare::~PageShare()
 {
-    wait();
-}
-
-// After this, a thread that has already ended delivers no signal.
-void PageShare::wait()
-{
-    if (!_thread)
-        return;
     _stop = true;
-    _thread->disconnect(this);
-    _thread->wait();
-    delete std::exchange(_thread, nullptr);
+    if (_thread)
+        _thread->wait();
+    delete _thread;
 }
 
 UT_Result<std::shared_ptr<PageShare::Plan>> PageShare::planOf(const QString& file, const QString& name) const
@@ -78,7 +70,8 @@ UT_Result<std::shared_ptr<PageShare::Plan>> PageShare::planOf(const QString& fil
 
 void PageShare::start(const QString& file, const QString& name)
 {
-    wait();
+    if (isRunning())
+        return;
     const auto plan = planOf(file, name);
     if (!plan) {
         Q_EMIT runningChanged(false);

@@ -24,7 +24,7 @@ public:
     /// Stops and waits.
     ~PageShare() override;
 
-    /// Begins to write a page. A page that is still being written is stopped first and waited for.
+    /// Begins to write a page, unless one is being written.
     ///
     /// @param file its name ends in .html or .htm; a file that exists is replaced once the page is complete
     /// @param name the page's title, and the beginning of the names of its downloads
@@ -45,7 +45,6 @@ private:
     UT_Result<std::shared_ptr<Plan>> planOf(const QString& file, const QString& name) const;
     void run(Plan& plan);
     void finish(const Plan& plan);
-    void wait();
 
     StudioDocument& _document;
     QThread* _thread = nullptr;

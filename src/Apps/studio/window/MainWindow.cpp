@@ -78,6 +78,8 @@ MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
         updateActions();
     });
     connect(&_autosave, &Autosave::failed, _messages, &MessageBar::showError);
+    connect(&_lastExport, &LastExport::runningChanged, this, &MainWindow::updateActions);
+    connect(&_pageShare, &PageShare::runningChanged, this, &MainWindow::updateActions);
 
     resize(QSize(1440, 900).boundedTo(screen()->availableSize()));
     _firstLayout = saveState();
@@ -260,8 +262,8 @@ void MainWindow::updateActions()
     for (QAction* const action : {_addDrawings, _replaceDrawing, _reload})
         action->setEnabled(started && hasModules);
     _export->setEnabled(started && hasModules);
-    _repeatExport->setEnabled(started && hasModules);
-    _share->setEnabled(started && hasModules);
+    _repeatExport->setEnabled(started && hasModules && !_lastExport.isRunning());
+    _share->setEnabled(started && hasModules && !_pageShare.isRunning());
     for (QAction* const action : {_fit, _actualSize, _zoomIn, _zoomOut})
         action->setEnabled(started);
     _pictures->setEnabled(started);

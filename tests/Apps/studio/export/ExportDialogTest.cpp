@@ -370,6 +370,18 @@ TEST_F(WindowExportTest, RepeatsWithTheSceneAsItIsNow)
     EXPECT_EQ(asked, QString());
 }
 
+TEST_F(WindowExportTest, RunsOneRepetitionAtATime)
+{
+    openDisc();
+    exportByKeys();
+    QAction* const repeat = actionNamed(QStringLiteral("Repeat Last Export"));
+    repeat->trigger();
+    EXPECT_FALSE(repeat->isEnabled());
+    ASSERT_TRUE(studio_testing::waitUntil([&] { return !window->statusBar()->currentMessage().isEmpty(); }));
+    EXPECT_TRUE(repeat->isEnabled());
+    EXPECT_TRUE(bytesOf(QStringLiteral("disc_n.png")).startsWith("\x89PNG"));
+}
+
 TEST_F(WindowExportTest, OpensTheDialogWhereNothingWasExportedYet)
 {
     openDisc();

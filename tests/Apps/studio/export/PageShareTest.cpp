@@ -77,6 +77,27 @@ TEST_F(PageShareTest, WritesThePageOfTheCommandLine)
     EXPECT_EQ(bytesOf(folder.filePath(QStringLiteral("disc.html"))), ofCommandLine(scene));
 }
 
+TEST_F(PageShareTest, OnePageIsWrittenAtATime)
+{
+    openDisc();
+    const QString first = folder.filePath(QStringLiteral("first.html"));
+    shareAs(first);
+    EXPECT_FALSE(share().isEnabled());
+    PageShare sharing(document());
+    QStringList said;
+    QObject::connect(&sharing, &PageShare::ended, &sharing, [&](const QString& report, bool) { said << report; });
+    sharing.start(folder.filePath(QStringLiteral("second.html")), QStringLiteral("second"));
+    ASSERT_TRUE(sharing.isRunning());
+    sharing.start(folder.filePath(QStringLiteral("third.html")), QStringLiteral("third"));
+    ASSERT_TRUE(waitUntilSaid());
+    EXPECT_TRUE(share().isEnabled());
+    ASSERT_TRUE(studio_testing::waitUntil([&] { return !sharing.isRunning(); }));
+    ASSERT_EQ(said.size(), 1);
+    EXPECT_TRUE(said.first().contains(QStringLiteral("second.html"))) << said.first().toStdString();
+    EXPECT_EQ(QDir(folder.path()).entryList({QStringLiteral("*.html*")}, QDir::Files | QDir::Hidden, QDir::Name),
+              QStringList({QStringLiteral("first.html"), QStringLiteral("second.html")}));
+}
+
 TEST_F(PageShareTest, AllFramesOfAnAnimationPlayInTheScenesLight)
 {
     ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("walk")));
