@@ -119,9 +119,9 @@ void ObjectHands::drag(const QPointF& place, Qt::KeyboardModifiers modifiers)
 
 void ObjectHands::pull(const QPointF& to, bool carefully)
 {
-    // A selected module may have been removed while the handle was held.
+    // While the handle was held, objects may have left the selection, and others joined it.
     const std::vector<SceneObject> selected = _objects.selected();
-    if (selected.size() == _before.size() && _hot)
+    if (_hot && std::ranges::equal(selected, _before, isSame))
         _pulledAny = _objects.changeOn(pullCmd(selected, to - _from, carefully)) || _pulledAny;
 }
 
@@ -163,7 +163,7 @@ void ObjectHands::finishPull()
 {
     const std::vector<SceneObject>& selected = _objects.selected();
     const bool isAsBefore = std::ranges::equal(selected, _before, [](const SceneObject& now, const SceneObject& then) {
-        return now.values == then.values && now.tilt == then.tilt;
+        return isSame(now, then) && now.values == then.values && now.tilt == then.tilt;
     });
     if (_pulledAny && isAsBefore)
         _objects.document().commands().drop();

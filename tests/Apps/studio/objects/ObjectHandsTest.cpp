@@ -116,6 +116,22 @@ TEST_F(ObjectHandsTest, WhatIsSelectedInTheGraphIsOutlinedInThePicture)
     EXPECT_NE(viewer().grab().toImage(), before);
 }
 
+TEST_F(ObjectHandsTest, APullEndsWhereAnotherObjectIsSelectedMeanwhile)
+{
+    openParts();
+    click(kHead);
+    pressOn(ObjectHandle::BEVEL);
+    window->objects().select({object("Body")});
+    QCoreApplication::processEvents();
+    const QPoint way(40, 0);
+    pullTo(way);
+    letGo(way);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(document().commands().undoNames(), QStringList());
+    EXPECT_EQ(valuesOf("Body").bevel, 24.0);
+    EXPECT_EQ(valuesOf("Head").bevel, 24.0);
+}
+
 TEST_F(ObjectHandsTest, PullingTheBevelInwardsWidensItInOneStepThatSaysSo)
 {
     openParts();
