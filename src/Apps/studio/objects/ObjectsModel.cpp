@@ -38,14 +38,14 @@ ObjectsModel::~ObjectsModel() = default;
 
 void ObjectsModel::follow()
 {
+    // Drawings that nothing else holds have left the scene and its history.
+    std::erase_if(_thumbnails, [](const auto& known) { return known.second.drawing->refCount() == 1; });
     std::vector<const ObjectDefinition*> rows;
     for (const SceneObject& object : _objects.all())
         rows.push_back(object.definitions.front());
     if (rows != _rows) {
         beginResetModel();
         _rows = std::move(rows);
-        // Drawings may have been deleted, and new ones may have the same addresses.
-        _thumbnails.clear();
         endResetModel();
     } else if (!_rows.empty()) {
         Q_EMIT dataChanged(index(0, 0), index(static_cast<int>(_rows.size()) - 1, COLUMN_COUNT - 1));
@@ -81,8 +81,8 @@ QPixmap ObjectsModel::thumbnail(const SceneObject& object) const
         return {};
     auto [known, isNew] = _thumbnails.try_emplace(shown->second.get());
     if (isNew)
-        known->second = drawingThumbnail(*shown->second, kThumbnail, qGuiApp->devicePixelRatio());
-    return known->second;
+        known->second = {shown->second, drawingThumbnail(*shown->second, kThumbnail, qGuiApp->devicePixelRatio())};
+    return known->second.picture;
 }
 
 QVariant ObjectsModel::data(const QModelIndex& index, int role) const

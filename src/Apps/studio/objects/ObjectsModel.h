@@ -44,11 +44,17 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:
+    struct Thumbnail
+    {
+        UT_SharedPtr<CELVEC_Kvd> drawing; ///< kept alive, so that no other drawing can get the same address
+        QPixmap picture;
+    };
+
     void follow();
     std::vector<SceneObject> changedBy(int row) const;
     QPixmap thumbnail(const SceneObject& object) const;
 
     DocumentObjects& _objects;
     std::vector<const ObjectDefinition*> _rows; // the rows that the view knows; never dereferenced
-    mutable std::map<const void*, QPixmap> _thumbnails;
+    mutable std::map<const CELVEC_Kvd*, Thumbnail> _thumbnails;
 };

@@ -3,6 +3,7 @@
 // The table of objects: its contents, and that it always agrees with the picture.
 #include "Apps/studio/objects/ObjectsTesting.h"
 
+#include "studio/docks/scene/PaletteView.h"
 #include "studio/objects/ObjectsModel.h"
 #include "studio/objects/ObjectsView.h"
 
@@ -20,6 +21,13 @@ protected:
     ObjectsView& view() const { return *window->findChild<ObjectsView*>(); }
     QTableView& table() const { return view().table(); }
     QString text(int row, int column) const { return table().model()->index(row, column).data().toString(); }
+    /// The colour in the middle of a row's picture; invalid without a picture.
+    QColor pictureOf(int row) const
+    {
+        const QImage image =
+            table().model()->index(row, ObjectsModel::NAME).data(Qt::DecorationRole).value<QPixmap>().toImage();
+        return image.isNull() ? QColor() : image.pixelColor(image.width() / 2, image.height() / 2);
+    }
     QPoint middleOf(int row, int column) const
     {
         return table().visualRect(table().model()->index(row, column)).center();
@@ -50,10 +58,28 @@ TEST_F(ObjectsViewTest, ShowsAllObjectsTheTopmostFirstWithPictures)
     EXPECT_EQ(text(0, ObjectsModel::NAME), QStringLiteral("Head"));
     EXPECT_EQ(text(1, ObjectsModel::NAME), QStringLiteral("Body"));
     EXPECT_EQ(text(0, ObjectsModel::BEVEL), QStringLiteral("24"));
-    const auto picture = table().model()->index(0, 0).data(Qt::DecorationRole).value<QPixmap>();
-    ASSERT_FALSE(picture.isNull());
-    const QImage image = picture.toImage();
-    EXPECT_EQ(image.pixelColor(image.width() / 2, image.height() / 2), QColor(0xd0, 0xa0, 0x20));
+    EXPECT_EQ(pictureOf(0), QColor(0xd0, 0xa0, 0x20));
+}
+
+// Undo frees the recoloured drawing, whose address the next one may get.
+TEST_F(ObjectsViewTest, PicturesFollowColoursThatAreTriedAndUndone)
+{
+    openParts();
+    const CM_SharedPtr<CM_Palette> palette = document().scene().palettes().front();
+    const auto head = std::ranges::find_if(palette->colors(), [](const auto& color) {
+        return color->GetNominalColor() == CM_Rgba{0xd0, 0xa0, 0x20, 0xff};
+    });
+    ASSERT_NE(head, palette->colors().end());
+    for (const QColor colour : {QColor(255, 0, 0), QColor(0, 255, 0), QColor(0, 0, 255), QColor(255, 255, 0)}) {
+        window->findChild<PaletteView*>()->recolor(palette, (*head)->GetColorId(), colour);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(pictureOf(0), colour);
+        ASSERT_TRUE(waitForPicture());
+        document().undo();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(pictureOf(0), QColor(0xd0, 0xa0, 0x20));
+        ASSERT_TRUE(waitForPicture());
+    }
 }
 
 TEST_F(ObjectsViewTest, ARowSelectsTheObjectAndAnObjectItsRow)
