@@ -120,8 +120,8 @@ void ObjectActions::update()
 
 void ObjectActions::copyValues()
 {
-    if (!_objects.selected().empty())
-        QApplication::clipboard()->setText(objectWords(settingsOf(_objects.selected().back())));
+    if (const SceneObject* const current = currentOf(_objects.selected()))
+        QApplication::clipboard()->setText(objectWords(settingsOf(*current)));
 }
 
 void ObjectActions::pasteValues()
@@ -200,9 +200,10 @@ void ObjectActions::applyPreset(const ObjectPreset& preset)
 
 void ObjectActions::saveAsPreset()
 {
-    if (_objects.selected().empty())
+    const SceneObject* const current = currentOf(_objects.selected());
+    if (!current)
         return;
-    const ObjectSettings values = settingsOf(_objects.selected().back());
+    const ObjectSettings values = settingsOf(*current);
     const QString name =
         QInputDialog::getText(&_window, tr("Save Values as Preset"), tr("The preset's name:")).trimmed();
     if (!name.isEmpty())

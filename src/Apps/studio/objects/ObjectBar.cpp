@@ -168,7 +168,8 @@ void ObjectBar::follow()
 
 void ObjectBar::showValues()
 {
-    const SceneObject& current = _objects.selected().back();
+    const SceneObject* const withValues = currentOf(_objects.selected());
+    const SceneObject& current = withValues ? *withValues : _objects.selected().back();
     const int room = 150;
     _name->setText(_name->fontMetrics().elidedText(ObjectTexts::subject(_objects.selected()), Qt::ElideRight, room));
     _name->setToolTip(current.name);
@@ -176,7 +177,7 @@ void ObjectBar::showValues()
         ValueField& shown = field(value);
         const QSignalBlocker quiet(shown);
         shown.setValue(valueOf(current, value));
-        shown.setEnabled(!current.isCutOut());
+        shown.setEnabled(withValues != nullptr);
     }
 }
 

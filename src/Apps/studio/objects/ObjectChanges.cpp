@@ -126,13 +126,6 @@ std::vector<MO_NumberChange> numbersThatChange(const std::vector<SceneObject>& o
     return numbers;
 }
 
-const SceneObject* currentOf(const std::vector<SceneObject>& objects)
-{
-    const auto found =
-        std::find_if(objects.rbegin(), objects.rend(), [](const SceneObject& one) { return !one.isCutOut(); });
-    return found == objects.rend() ? nullptr : &*found;
-}
-
 bool contains(const std::vector<SceneObject>& objects, const SceneObject& object)
 {
     return std::ranges::any_of(objects, [&](const SceneObject& one) { return isSame(one, object); });

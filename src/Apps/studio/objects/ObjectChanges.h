@@ -1,9 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Makes undoable commands that change objects, with names that tell what happened: "Bevel of Head 24 → 60". Picture,
-// table and bar all use them. Every function takes the current objects of the scene, changes all of them, uses the last
-// one (the current object) in the name, and returns null if nothing would change. A change at a frame sets keys there
-// for values that are animated.
+// table and bar all use them. Every function takes the current objects of the scene, changes all of them, uses the
+// current one (SceneObjects.h) in the name, and returns null if nothing would change. A change at a frame sets keys
+// there for values that are animated.
 #pragma once
 
 #include "QuarvelSceneCore/editing/MO_EditCommand.h"

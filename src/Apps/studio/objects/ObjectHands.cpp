@@ -84,11 +84,11 @@ double ObjectHands::unit() const
 
 ObjectHandles ObjectHands::handles() const
 {
-    const std::vector<SceneObject>& selected = _objects.selected();
-    if (selected.empty() || selected.back().isCutOut())
+    const SceneObject* const current = currentOf(_objects.selected());
+    if (!current)
         return {};
-    const QRectF object = rectOf(selected.back());
-    return object.isEmpty() ? ObjectHandles() : ObjectHandles(object, QRectF(_viewer.rect()), selected.back().tilt);
+    const QRectF object = rectOf(*current);
+    return object.isEmpty() ? ObjectHandles() : ObjectHandles(object, QRectF(_viewer.rect()), current->tilt);
 }
 
 void ObjectHands::press(const QPointF& place, Qt::KeyboardModifiers)
@@ -308,8 +308,8 @@ void ObjectHands::paint(QPainter& painter)
         painter.setBrush(inside);
         painter.drawRect(QRectF(_from, _now).normalized());
     } else {
-        if (_hot == ObjectHandle::TILT && !_objects.selected().empty())
-            paintFacing(painter, rectOf(_objects.selected().back()).center(), _objects.selected().back().tilt);
+        if (const SceneObject* const current = currentOf(_objects.selected()); current && _hot == ObjectHandle::TILT)
+            paintFacing(painter, rectOf(*current).center(), current->tilt);
         handles().paint(painter, _viewer.palette(), _hot);
     }
     paintWords(painter);
@@ -317,16 +317,16 @@ void ObjectHands::paint(QPainter& painter)
 
 void ObjectHands::paintWords(QPainter& painter) const
 {
-    const std::vector<SceneObject>& selected = _objects.selected();
-    if (!_hot || selected.empty())
+    const SceneObject* const current = currentOf(_objects.selected());
+    if (!_hot || !current)
         return;
     const std::optional<ObjectValue> value = valueOf(*_hot);
     const QString name = value ? ObjectTexts::name(*value) : ObjectTexts::tiltName();
     const auto numbers = [&](const SceneObject& object) {
         return value ? ObjectTexts::number(valueOf(object, *value)) : ObjectTexts::tilt(object.tilt);
     };
-    QString words = QStringLiteral("%1  %2").arg(name, numbers(selected.back()));
-    if (_doing == Doing::PULL && !_before.empty())
-        words = QStringLiteral("%1  %2 \u2192 %3").arg(name, numbers(_before.back()), numbers(selected.back()));
+    QString words = QStringLiteral("%1  %2").arg(name, numbers(*current));
+    if (const SceneObject* const before = currentOf(_before); before && _doing == Doing::PULL)
+        words = QStringLiteral("%1  %2 \u2192 %3").arg(name, numbers(*before), numbers(*current));
     paintBesideMouse(painter, _now, QRectF(_viewer.rect()), words);
 }

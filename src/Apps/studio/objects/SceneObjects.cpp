@@ -182,6 +182,13 @@ NormalMapObject chosenForm(const SceneObject& object)
     return {};
 }
 
+const SceneObject* currentOf(const std::vector<SceneObject>& objects)
+{
+    const auto found =
+        std::find_if(objects.rbegin(), objects.rend(), [](const SceneObject& one) { return !one.isCutOut(); });
+    return found == objects.rend() ? nullptr : &*found;
+}
+
 bool isSame(const SceneObject& one, const SceneObject& other)
 {
     return one.node == other.node && std::ranges::any_of(one.definitions, [&](ObjectDefinition* definition) {

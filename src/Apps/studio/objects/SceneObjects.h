@@ -44,6 +44,10 @@ std::vector<SceneObject> objectsOf(const MO_Scene& scene, double frame);
 /// selected. In the order of the selection, the one selected last at the end.
 std::vector<SceneObject> selectedOf(const std::vector<SceneObject>& objects, const QList<MO_Module*>& selection);
 
+/// The object whose values stand for all of them: the last one that is no cut-out, since cut-outs have no values. Null
+/// if there is none.
+const SceneObject* currentOf(const std::vector<SceneObject>& objects);
+
 /// The modules of objects, each once, in the order of the objects.
 QList<MO_Module*> modulesOf(const std::vector<SceneObject>& objects);
 

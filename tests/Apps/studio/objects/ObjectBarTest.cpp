@@ -117,6 +117,29 @@ TEST_F(ObjectBarTest, CopiedValuesHaveRimAndTiltInTheWordsOfTheCommandLine)
     EXPECT_EQ(document().commands().undoName(), QStringLiteral("Paste Values to Body"));
 }
 
+TEST_F(ObjectBarTest, ACutOutThatIsSelectedLastLeavesTheValuesOfTheOtherObjects)
+{
+    openParts();
+    click(kHead);
+    enter(ObjectValue::BEVEL, QStringLiteral("31"));
+    click(kBody);
+    toggle("bar-cut-out");
+    ASSERT_TRUE(object("Body").isCutOut());
+    window->objects().select({object("Head"), object("Body")});
+    QCoreApplication::processEvents();
+    const ValueField& bevel = bar().field(ObjectValue::BEVEL);
+    EXPECT_TRUE(bevel.isEnabled());
+    EXPECT_EQ(bevel.value(), 31.0);
+    EXPECT_FALSE(window->hands().handles().isEmpty());
+    key(Qt::Key_C);
+    EXPECT_TRUE(QApplication::clipboard()->text().startsWith(QStringLiteral("bevel=31:")))
+        << qPrintable(QApplication::clipboard()->text());
+    window->objects().select({object("Body")});
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(bevel.isEnabled());
+    EXPECT_TRUE(window->hands().handles().isEmpty());
+}
+
 TEST_F(ObjectBarTest, WordsThatArePastedLeaveAllOtherValuesAlone)
 {
     openParts();
