@@ -74,7 +74,7 @@ ObjectActions::ObjectActions(DocumentObjects& objects, QWidget& window)
             [this](bool on) { _objects.change(soloCmd(_objects.selected(), _objects.all(), on)); });
     connect(_copy, &QAction::triggered, this, &ObjectActions::copyValues);
     connect(_paste, &QAction::triggered, this, &ObjectActions::pasteValues);
-    connect(_reset, &QAction::triggered, this, [this] { resetValues(std::nullopt); });
+    connect(_reset, &QAction::triggered, this, &ObjectActions::resetValues);
     connect(&objects, &DocumentObjects::changed, this, &ObjectActions::update);
     refreshIcons();
     update();
@@ -131,13 +131,25 @@ void ObjectActions::pasteValues()
                                       [&](const SceneObject&) { return *values; }));
 }
 
-void ObjectActions::resetValues(std::optional<ObjectValue> value)
+void ObjectActions::resetValues()
 {
-    if (value)
-        return _objects.change(changeValueCmd(_objects.selected(), *value, frame(), [&](const SceneObject& object) {
-            return isInTable(*value) ? valueOf(chosenForm(object), *value) : 0.0;
-        }));
     _objects.change(giveValuesCmd(_objects.selected(), frame(), tr("Reset Values of %1"), chosenSettings));
+}
+
+void ObjectActions::resetInTable(ObjectValue value)
+{
+    _objects.change(changeValueCmd(_objects.selected(), value, frame(),
+                                   [value](const SceneObject& object) { return valueOf(chosenForm(object), value); }));
+}
+
+// A rim has a height, too, which no field shows.
+void ObjectActions::resetRim()
+{
+    _objects.change(giveValuesCmd(_objects.selected(), frame(), tr("Reset Rim of %1"), [](const SceneObject& object) {
+        ObjectSettings settings;
+        settings.rim = chosenSettings(object).rim;
+        return settings;
+    }));
 }
 
 void ObjectActions::resetTilt()
@@ -161,9 +173,9 @@ void ObjectActions::fillMenu(QMenu& menu)
     fillPresets(*presets);
     QMenu* const resets = menu.addMenu(tr("Reset"));
     resets->setEnabled(haveValues);
-    for (const ObjectValue value :
-         {ObjectValue::BEVEL, ObjectValue::ELEVATION, ObjectValue::SMOOTHNESS, ObjectValue::RIM})
-        resets->addAction(ObjectTexts::name(value), this, [this, value] { resetValues(value); });
+    for (const ObjectValue value : {ObjectValue::BEVEL, ObjectValue::ELEVATION, ObjectValue::SMOOTHNESS})
+        resets->addAction(ObjectTexts::name(value), this, [this, value] { resetInTable(value); });
+    resets->addAction(ObjectTexts::name(ObjectValue::RIM), this, &ObjectActions::resetRim);
     resets->addAction(ObjectTexts::tiltName(), this, &ObjectActions::resetTilt);
     resets->addSeparator();
     resets->addAction(_reset);

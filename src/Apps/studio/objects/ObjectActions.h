@@ -43,7 +43,9 @@ private:
     void update();
     void copyValues();
     void pasteValues();
-    void resetValues(std::optional<ObjectValue> value);
+    void resetValues();
+    void resetInTable(ObjectValue value);
+    void resetRim();
     void resetTilt();
     double frame() const;
     void fillPresets(QMenu& menu);

@@ -2328,6 +2328,10 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <source>Copies bevel, elevation, smoothness, tilt and rim of the selected object</source>
         <translation>Kopiert Kante, Höhe, Rundung, Neigung und Randkante des ausgewählten Objekts</translation>
     </message>
+    <message>
+        <source>Reset Rim of %1</source>
+        <translation>Randkante von %1 zurücksetzen</translation>
+    </message>
 </context>
 <context>
     <name>ObjectBar</name>

@@ -218,9 +218,11 @@ TEST_F(ObjectBarTest, RimAndTiltAreResetAloneAndWithTheOthers)
 {
     openParts();
     shapeHead();
+    definition("Head").rimHeight()->setLocalValue(2.5);
     choose(QStringLiteral("Rim"));
-    EXPECT_EQ(object("Head").rim, (ObjectRim{0.0, 1.0}));
+    EXPECT_EQ(object("Head").rim, (ObjectRim{0.0, 1.0})) << "its height, too";
     EXPECT_EQ(object("Head").tilt, kTilt);
+    EXPECT_EQ(document().commands().undoName(), QStringLiteral("Reset Rim of Head"));
     choose(QStringLiteral("Tilt"));
     EXPECT_EQ(object("Head").tilt, ObjectTilt());
     shapeSelected();
