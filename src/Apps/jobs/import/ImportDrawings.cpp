@@ -12,10 +12,8 @@
 #include "jobs/drawing/OwnValues.h"
 #include "jobs/import/DrawingDigest.h"
 #include "jobs/import/ImportKinds.h"
+#include "jobs/import/SceneElements.h"
 #include "jobs/import/SequenceScene.h"
-
-#include <QDir>
-#include <QFileInfo>
 
 #include <algorithm>
 
@@ -79,8 +77,7 @@ UT_Result<const Kind*> kindOfAll(const QStringList& files)
 void noteOrigin(const MO_Scene& scene, const QStringList& files, const QString& digest, ObjectChoice objects)
 {
     MO_DrawingOrigin origin;
-    for (const QString& file : files)
-        origin.files << QDir::cleanPath(QFileInfo(file).absoluteFilePath());
+    origin.files = originPaths(files);
     origin.digest = digest;
     if (objects != FormSettings().objects)
         origin.objects = objectChoiceWords()[static_cast<qsizetype>(objects)];

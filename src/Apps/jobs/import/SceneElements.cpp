@@ -5,6 +5,9 @@
 
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 #include <algorithm>
 #include <map>
 
@@ -16,6 +19,14 @@ std::vector<MO_ElementModule*> allElements(const MO_Scene& scene)
             elements.push_back(element);
     });
     return elements;
+}
+
+QStringList originPaths(const QStringList& files)
+{
+    QStringList paths;
+    for (const QString& file : files)
+        paths << QDir::cleanPath(QFileInfo(file).absoluteFilePath());
+    return paths;
 }
 
 std::vector<MO_ElementModule*> elementsFrom(const MO_Scene& scene, const QStringList& files)

@@ -14,6 +14,9 @@
 /// All elements, in the order of the graph.
 std::vector<MO_ElementModule*> allElements(const MO_Scene& scene);
 
+/// Paths as elements keep them: absolute, and each file in one spelling.
+QStringList originPaths(const QStringList& files);
+
 /// The elements whose drawings were read from these files, in the order of the graph.
 std::vector<MO_ElementModule*> elementsFrom(const MO_Scene& scene, const QStringList& files);
 

@@ -161,12 +161,12 @@ void DrawingSources::reloadAll()
 
 void DrawingSources::add(const QStringList& files)
 {
-    enqueue({{}, files});
+    enqueue({{}, originPaths(files)});
 }
 
 void DrawingSources::replace(const QStringList& source, const QStringList& files)
 {
-    enqueue({source, files});
+    enqueue({source, originPaths(files)});
 }
 
 void DrawingSources::enqueue(const Request& request)
@@ -243,7 +243,7 @@ void DrawingSources::apply(Reading& reading)
     const Request& request = reading.request;
     for (std::size_t i = 0; i < reading.stamps.size(); ++i) {
         const QString& file = request.files[static_cast<qsizetype>(i)];
-        _seen.insert(QFileInfo(file).absoluteFilePath(), reading.stamps[i]);
+        _seen.insert(file, reading.stamps[i]);
         _told.removeAll(file);
     }
     MO_Scene& scene = _document.scene();
@@ -304,12 +304,12 @@ void DrawingSources::retry(const Request& request, const QString& error)
         return;
     }
     // The next change of the file brings the next attempt.
-    for (const QString& file : request.files)
-        if (const Stamp stamp = stampOf(file); !request.source.isEmpty())
-            _seen.insert(file, stamp);
-    const QString& known = request.files.first();
-    if (!_told.contains(known) || request.source != request.files) {
-        _told << known;
+    if (!request.source.isEmpty())
+        for (const QString& file : request.files)
+            _seen.insert(file, stampOf(file));
+    const QString& first = request.files.first();
+    if (!_told.contains(first) || request.source != request.files) {
+        _told << first;
         const bool isWatched = request.source == request.files;
         Q_EMIT failed(isWatched ? tr("%1 The drawing stays as it was until the file can be read.").arg(error) : error);
     }
