@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Which drawings are visible depends on the links of a normal-map node and on whether it is enabled (VisibleDrawing.h),
-// but not on its values, and not on where objects face. So these values count only if another attribute reads one.
+// but not on its values, and not on tilts and rims, which are done to objects after the node rendered them. So these
+// values count only if another attribute reads one.
 #include "studio/preview/DrawingCache.h"
 
 #include "ObjectDefinition/ObjectDefinition.h"
@@ -13,6 +14,7 @@
 #include <QDataStream>
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -40,7 +42,11 @@ bool isDrawn(const MO_Module& module, const AT_Attr& attr)
     if (NormalMapNode::is(module))
         return false;
     const auto* const object = dynamic_cast<const ObjectDefinition*>(&module);
-    return !object || (&attr != object->tiltX() && &attr != object->tiltY());
+    if (!object)
+        return true;
+    const std::array<const AT_Attr*, 4> undrawn{object->tiltX(), object->tiltY(), object->rimBevel(),
+                                                object->rimHeight()};
+    return std::ranges::find(undrawn, &attr) == undrawn.end();
 }
 
 } // namespace

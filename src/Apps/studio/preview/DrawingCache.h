@@ -20,7 +20,7 @@
 /// All that a shown drawing depends on. Equal states have equal drawings.
 struct DrawingState
 {
-    QByteArray graph; ///< the saved form of the scene, without the values of normal-map nodes and without tilts
+    QByteArray graph; ///< the saved form of the scene, without the values of normal-map nodes, without tilts and rims
     QByteArray frame; ///< the values of the same modules at the frame
     std::vector<UT_SharedPtr<CELVEC_Kvd>> drawings; ///< kept alive, so that no other drawing can get the same address
 

@@ -119,6 +119,19 @@ TEST_F(DraggedValuesTest, ATiltPaintsNoDrawingAndTurnsWhatWasKept)
     EXPECT_EQ(paintedFor({240, 120}), 0);
 }
 
+TEST_F(DraggedValuesTest, ARimPaintsNeitherDrawingNorInputs)
+{
+    open(write(QStringLiteral("three.svg"), kThree));
+    setObjects([](NormalMapObject& object) { object.bevel = 20.0; });
+    ASSERT_EQ(paintedFor({240, 120}), 3);
+    const ObjectDefinition& disc = *window->objects().all().back().definitions.front();
+    for (const double bevel : {4.0, 9.0, 0.0}) {
+        disc.rimBevel()->setLocalValue(bevel);
+        disc.rimHeight()->setLocalValue(1.0 + bevel);
+        EXPECT_EQ(paintedFor({240, 120}), 0) << bevel;
+    }
+}
+
 // The frame's margin and the requested rectangle grow with the bevel. The discs lie inside all of them.
 TEST_F(DraggedValuesTest, AWideBevelPaintsOnlyWhatReachesBeyondTheRequestedRectangle)
 {
