@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Writes one kind of picture after the other. The worker thread passes every result through the event loop of the
-// object's thread, so only that thread uses the object's members.
+// Writes one kind of picture after the other. After start(), only the worker thread changes the plan, and nothing but
+// the heights in it. It passes every result through the event loop of the object's thread, which alone uses the members
+// for results.
 #include "studio/export/ExportJob.h"
 
 #include "jobs/frames/HeightRange.h"

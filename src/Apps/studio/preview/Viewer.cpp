@@ -16,7 +16,6 @@
 
 namespace {
 
-constexpr double kFitMargin = 16.0;
 constexpr double kZoomStep = 1.25;
 constexpr double kHandleReach = 16.0;
 

@@ -107,6 +107,9 @@ private:
         TOOL
     };
 
+    /// Around a picture that fits into the view, in the view's coordinates.
+    static constexpr double kFitMargin = 16.0;
+
     QSizeF pictureSize() const;
     QRectF pictureRect() const;
     void setTransform(const ViewTransform& transform, bool fitted);

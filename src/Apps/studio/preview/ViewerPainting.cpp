@@ -56,7 +56,7 @@ void Viewer::paintEvent(QPaintEvent*)
     if (_transform.density != devicePixelRatioF()) {
         _transform.density = devicePixelRatioF();
         if (_fitted)
-            _transform.fit(pictureSize(), 16.0);
+            _transform.fit(pictureSize(), kFitMargin);
     }
     QPainter painter(this);
     painter.fillRect(rect(), surroundings(palette()));
