@@ -169,8 +169,9 @@ void ExportDialog::setChoices(const ExportChoices& choices)
 
 void ExportDialog::takeTarget()
 {
+    // The pictures beside the map have the endings of a target, or those of none.
     if (_fields.target->currentData().toInt() == EXPORT_AS_SET)
-        return;
+        return update();
     const Target* const named = target();
     takeForm(named ? named->form : kFormForMost, named && named->endingText() == QLatin1String("exr"), false);
     _fields.file->setText(

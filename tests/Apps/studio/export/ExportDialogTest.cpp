@@ -170,6 +170,25 @@ TEST_F(ExportDialogTest, NamesTheFileAfterTheFirstPicture)
     EXPECT_EQ(field<QLineEdit>("exportFile").text(), QStringLiteral("disc_n.png"));
 }
 
+TEST_F(ExportDialogTest, NamesTheFilesThatItWritesAlsoAfterATargetIsLeft)
+{
+    open();
+    chooseTarget(QStringLiteral("Unreal Engine"));
+    check("exportHeight", true);
+    check("exportOcclusion", true);
+    const auto named = [this] {
+        QStringList names;
+        for (const QString& file : dialog->choices().files())
+            names << QFileInfo(file).fileName();
+        return names.join(QStringLiteral(", "));
+    };
+    EXPECT_EQ(field<QLabel>("exportFiles").text(), named());
+    type("exportPad", QStringLiteral("9"));
+    EXPECT_EQ(field<QComboBox>("exportTarget").currentText(), QStringLiteral("As set below"));
+    EXPECT_EQ(named(), QStringLiteral("disc_N.png, disc_height.png, disc_ao.png"));
+    EXPECT_EQ(field<QLabel>("exportFiles").text(), named());
+}
+
 TEST_F(ExportDialogTest, EnterWritesTheBytesThatTheCommandLineWrites)
 {
     openDisc();
