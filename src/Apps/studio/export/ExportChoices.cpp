@@ -6,7 +6,11 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
+#include <array>
+
 namespace {
+
+constexpr std::array kEndings{"png", "exr"};
 
 // The longest first, so that "_normal" is not taken for another suffix with something before it.
 QStringList knownSuffixes(ExportPicture picture)
@@ -24,6 +28,14 @@ std::pair<QString, QString> split(const QString& file)
 {
     const qsizetype slash = file.lastIndexOf(QLatin1Char('/')) + 1;
     return {file.left(slash), file.mid(slash)};
+}
+
+// The stem, the place of the frame's number with the sign before it, and the extension with its dot.
+QRegularExpressionMatch partsOf(const QString& name)
+{
+    static const QRegularExpression form(
+        QStringLiteral("^(.*?)([._-]?(?:#+|%0?[0-9]*d|\\$F[0-9]*|<frame[0-9]*>))?(\\.[^.]*)?$"));
+    return form.match(name);
 }
 
 QString asPng(const QString& file)
@@ -58,12 +70,21 @@ QString exportSuffix(ExportPicture picture, const Target* target)
     return target ? target->suffixText() : QString::fromLatin1(kSuffixForMost);
 }
 
+QString withExportEnding(const QString& file, const QString& ending)
+{
+    const auto [folder, name] = split(file);
+    const QRegularExpressionMatch parts = partsOf(name);
+    const QString after = parts.captured(3);
+    const bool isEnding = std::ranges::any_of(kEndings, [&](const char* known) {
+        return after.mid(1).compare(QLatin1String(known), Qt::CaseInsensitive) == 0;
+    });
+    return folder + parts.captured(1) + parts.captured(2) + (isEnding ? QString() : after) + QLatin1Char('.') + ending;
+}
+
 QString withExportSuffix(const QString& file, ExportPicture picture, const QString& suffix)
 {
-    static const QRegularExpression form(
-        QStringLiteral("^(.*?)([._-]?(?:#+|%0?[0-9]*d|\\$F[0-9]*|<frame[0-9]*>))?(\\.[^.]*)?$"));
     const auto [folder, name] = split(file);
-    const QRegularExpressionMatch match = form.match(name);
+    const QRegularExpressionMatch match = partsOf(name);
     QString stem = match.captured(1);
     for (const QString& known : knownSuffixes(picture))
         if (stem.size() > known.size() && stem.endsWith(known)) {

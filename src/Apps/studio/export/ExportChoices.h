@@ -65,6 +65,10 @@ struct ExportChoices
 /// @param target the program that the pictures are for; null: no single one
 QString exportSuffix(ExportPicture picture, const Target* target);
 
+/// Gives a file's name an ending, "png" or "exr", in place of the one that it has. Another word after a dot is no
+/// ending: "walk_n.####" becomes "walk_n.####.png".
+QString withExportEnding(const QString& file, const QString& ending);
+
 /// Replaces the suffix of a file's name: "walk_n.####.png" becomes "walk_e.####.png".
 ///
 /// @param picture the picture whose suffix is replaced; if the name has another suffix, the new one is appended

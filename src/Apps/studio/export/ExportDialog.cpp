@@ -199,9 +199,7 @@ void ExportDialog::forgetTarget()
 
 void ExportDialog::formatChanged()
 {
-    const QString text = _fields.file->text();
-    const qsizetype dot = text.lastIndexOf(QLatin1Char('.'));
-    _fields.file->setText((dot < 0 ? text : text.left(dot)) + QLatin1Char('.') + endingOf(format()));
+    _fields.file->setText(withExportEnding(_fields.file->text(), endingOf(format())));
     forgetTarget();
     update();
 }

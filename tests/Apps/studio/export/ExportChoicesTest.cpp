@@ -37,6 +37,17 @@ TEST(ExportChoices, KeepThePlaceOfTheNumberAndTheDotsOfAName)
     EXPECT_EQ(filesFor("a.b/walk_n.png", two)[1], "a.b/walk_e.png");
 }
 
+TEST(ExportChoices, TakeOnlyAFormatsEndingForAnEnding)
+{
+    const auto named = [](const char* file) { return withExportEnding(QLatin1String(file), QStringLiteral("exr")); };
+    EXPECT_EQ(named("walk_n.####.png"), "walk_n.####.exr");
+    EXPECT_EQ(named("walk_n.####"), "walk_n.####.exr");
+    EXPECT_EQ(named("walk_n.%04d.PNG"), "walk_n.%04d.exr");
+    EXPECT_EQ(named("a.b/hero_n"), "a.b/hero_n.exr");
+    EXPECT_EQ(named("v1.2_n"), "v1.2_n.exr");
+    EXPECT_EQ(named("v1.2_n.exr"), "v1.2_n.exr");
+}
+
 TEST(ExportChoices, KnowWhatEveryTargetCallsAMap)
 {
     const QList<ExportPicture> two{ExportPicture::MAP, ExportPicture::ELEVATION};
