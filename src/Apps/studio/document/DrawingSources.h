@@ -47,6 +47,9 @@ public:
     /// is not clear which one is meant.
     QStringList current() const;
 
+    /// Whether files are read, or wait to be read, also for another attempt.
+    bool isBusy() const { return _thread.isReading() || _held || !_queue.empty(); }
+
     /// Reads all sources again, changed or not.
     void reloadAll();
     /// Adds the drawings of other files to the scene.

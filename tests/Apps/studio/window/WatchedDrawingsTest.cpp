@@ -180,6 +180,9 @@ TEST_F(WatchedDrawingsTest, KeepADrawingWhoseFileIsHalfWritten)
     // It is told once, however long somebody works on it.
     window->messages().clear();
     write(QStringLiteral("disc.svg"), disc(60).left(95));
+    ASSERT_TRUE(studio_testing::waitUntil([this] { return window->sources().isBusy(); }));
+    ASSERT_TRUE(studio_testing::waitUntil([this] { return !window->sources().isBusy(); }));
+    EXPECT_EQ(window->messages().text(), QString());
     write(QStringLiteral("disc.svg"), disc(60));
     ASSERT_TRUE(waitForCentre(60));
 }
