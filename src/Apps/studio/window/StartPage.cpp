@@ -12,6 +12,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QListWidget>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 namespace {
@@ -69,12 +70,21 @@ StartPage::StartPage(RecentFiles& recent, QWidget* parent)
     connect(import, &QCommandLinkButton::clicked, this, &StartPage::importRequested);
     connect(open, &QCommandLinkButton::clicked, this, &StartPage::openRequested);
     connect(example, &QCommandLinkButton::clicked, this, &StartPage::exampleRequested);
-    connect(_list, &QListWidget::itemActivated, this,
-            [this](const QListWidgetItem* item) { Q_EMIT recentRequested(item->data(Qt::UserRole).toString()); });
-    connect(_list, &QListWidget::itemClicked, _list, &QListWidget::itemActivated);
+    // Not by the list's own activation, which a double click causes as well as a click.
+    connect(_list, &QListWidget::itemClicked, this, &StartPage::request);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* const enter = new QShortcut(key, _list, nullptr, nullptr, Qt::WidgetShortcut);
+        connect(enter, &QShortcut::activated, this, [this] { request(_list->currentItem()); });
+    }
     connect(&recent, &RecentFiles::changed, this, &StartPage::refill);
     refill();
     refreshIcons();
+}
+
+void StartPage::request(const QListWidgetItem* item)
+{
+    if (item)
+        Q_EMIT recentRequested(item->data(Qt::UserRole).toString());
 }
 
 QWidget* StartPage::heading()

@@ -8,6 +8,7 @@
 class QCommandLinkButton;
 class QLabel;
 class QListWidget;
+class QListWidgetItem;
 class QVBoxLayout;
 class RecentFiles;
 
@@ -26,6 +27,7 @@ Q_SIGNALS:
     void helpRequested();
 
 private:
+    void request(const QListWidgetItem* item);
     QWidget* heading();
     QCommandLinkButton* addChoice(const QString& name, const QString& title, const QString& text);
     void addTour(QVBoxLayout& layout, const QFont& titleFont);

@@ -6,12 +6,14 @@
 #include "QuarvelSceneCore/editing/MO_SceneCommands.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
 #include "studio/docks/graph/NodePanel.h"
+#include "studio/window/StartPage.h"
 
 #include <QAbstractItemView>
 #include <QAction>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QMenu>
+#include <QSignalSpy>
 #include <QSpinBox>
 #include <QToolButton>
 
@@ -428,6 +430,33 @@ TEST_F(WindowFilesTest, WhatWasOpenedStandsAmongTheRecentFilesAfterANewStart)
     ASSERT_NE(list, nullptr);
     ASSERT_EQ(list->model()->rowCount(), 1);
     EXPECT_TRUE(list->model()->index(0, 0).data().toString().startsWith(QStringLiteral("disc.svg")));
+}
+
+TEST_F(WindowFilesTest, ARecentFileIsOpenedOnceByADoubleClickOrByEnter)
+{
+    openDisc();
+    for (const bool isKey : {false, true}) {
+        renew();
+        auto* const list = window->findChild<QAbstractItemView*>(QStringLiteral("recentList"));
+        ASSERT_NE(list, nullptr);
+        window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        const QSignalSpy requested(window->findChild<StartPage*>(), &StartPage::recentRequested);
+        const QModelIndex first = list->model()->index(0, 0);
+        if (isKey) {
+            list->setFocus();
+            list->setCurrentIndex(first);
+            QTest::keyClick(list, Qt::Key_Return);
+        } else {
+            // What a hand does: the function makes the second press alone.
+            const QPoint place = list->visualRect(first).center();
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+            QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+            QTest::mouseRelease(list->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+        }
+        ASSERT_TRUE(waitForPicture());
+        EXPECT_EQ(requested.size(), 1) << isKey;
+    }
 }
 
 TEST_F(WindowFilesTest, ACrashLosesNothingThatWasKept)
