@@ -149,6 +149,9 @@ void Viewer::wheelEvent(QWheelEvent* event)
     const QPoint turned = event->angleDelta();
     const double steps = (turned.y() != 0 ? turned.y() : turned.x()) / 120.0;
     event->accept();
+    // A touchpad tells of fingers that rest on it, too.
+    if (turned.isNull())
+        return;
     if (event->modifiers().testFlag(Qt::ShiftModifier) && showsLights()) {
         raiseLight(std::pow(1.1, steps));
         return;

@@ -5,6 +5,7 @@
 
 #include "QuarvelSceneCore/editing/MO_LinkCommands.h"
 #include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
+#include <QDockWidget>
 #include <QGraphicsView>
 #include <QLineEdit>
 #include <QToolButton>
@@ -338,6 +339,19 @@ TEST_F(NodeViewTest, TheWheelZoomsAndTheMiddleButtonPans)
     QTest::mouseRelease(nodes().viewport(), Qt::MiddleButton, Qt::NoModifier, QPoint(130, 80));
     EXPECT_EQ(middleOf(module("Hero")), at + QPoint(30, 20));
     expectNoChange();
+}
+
+TEST_F(NodeViewTest, FingersThatRestOnATouchpadLeaveTheGraphFitted)
+{
+    QWheelEvent rest(QPointF(100, 60), nodes().viewport()->mapToGlobal(QPointF(100, 60)), QPoint(), QPoint(),
+                     Qt::NoButton, Qt::NoModifier, Qt::ScrollBegin, false);
+    nodes().fitAll();
+    QCoreApplication::sendEvent(nodes().viewport(), &rest);
+    const double before = nodes().transform().m11();
+    window.resizeDocks({window.findChild<QDockWidget*>(QStringLiteral("NodesDock"))}, {120}, Qt::Vertical);
+    window.resize(1500, 500);
+    docks::settle();
+    EXPECT_LT(nodes().transform().m11(), before);
 }
 
 TEST_F(NodeViewTest, ALinkIsNoNode)

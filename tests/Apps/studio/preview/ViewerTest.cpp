@@ -76,6 +76,17 @@ TEST_F(ViewerTest, FitShowsTheWholePictureAlsoWhenTheWindowGrows)
     EXPECT_GT(shown.width(), viewer().width() - 64.0);
 }
 
+TEST_F(ViewerTest, FingersThatRestOnATouchpadLeaveThePictureFitted)
+{
+    openDisc();
+    viewer().fit();
+    turnWheel(QPointF(100, 100), 0);
+    const double before = viewer().zoom();
+    window->resize(1500, 950);
+    QCoreApplication::processEvents();
+    EXPECT_GT(viewer().zoom(), before);
+}
+
 TEST_F(ViewerTest, AtOneHundredPerCentAPixelIsAPixel)
 {
     openDisc();

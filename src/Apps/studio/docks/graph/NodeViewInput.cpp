@@ -294,7 +294,9 @@ void NodeView::zoomBy(double factor)
 
 void NodeView::wheelEvent(QWheelEvent* event)
 {
-    zoomBy(std::pow(1.0015, event->angleDelta().y()));
+    // A touchpad tells of fingers that rest on it, too.
+    if (const int turned = event->angleDelta().y(); turned != 0)
+        zoomBy(std::pow(1.0015, turned));
     event->accept();
 }
 
