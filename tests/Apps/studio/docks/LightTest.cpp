@@ -249,6 +249,27 @@ TEST_F(LightTest, ASliderThatIsDraggedIsOneStep)
     EXPECT_EQ(row->slider().value(), 50);
 }
 
+TEST_F(LightTest, AFieldShowsAndStepsWhatIsBeyondItsSlider)
+{
+    openDisc();
+    StudioLight far = light();
+    far.kind = MO_LightKind::POINT;
+    far.place = {5.0, -3.0};
+    far.reach = 9.0;
+    window->lights().setLight(0, far);
+    QCoreApplication::processEvents();
+    const auto box = [this](const char* name) -> QDoubleSpinBox& {
+        return window->findChild<LightNumber*>(QLatin1String(name))->box();
+    };
+    EXPECT_EQ(box("lightX").value(), 5.0);
+    EXPECT_EQ(box("lightY").value(), -3.0);
+    EXPECT_EQ(box("lightReach").value(), 9.0);
+    box("lightX").stepUp();
+    EXPECT_NEAR(light().place.x(), 5.05, 1e-9);
+    box("lightReach").setValue(16.0);
+    EXPECT_EQ(light().reach, 16.0);
+}
+
 TEST_F(LightTest, AKeyLetsAValueChangeOverTimeAndTheTimelineShowsIt)
 {
     openDisc();

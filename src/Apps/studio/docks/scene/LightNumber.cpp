@@ -68,18 +68,19 @@ void LightKeyButton::paintIcon()
     _button->setToolTip(_isKeyed ? tr("Removes the key at this frame") : tr("Sets a key at this frame"));
 }
 
-LightNumber::LightNumber(const QString& what, const QString& toolTip, double low, double high, QWidget* parent)
+LightNumber::LightNumber(const QString& what, const QString& toolTip, const AT_DoubleAttrMetaContainer& limits,
+                         QWidget* parent)
     : QWidget(parent), _slider(new QSlider(Qt::Horizontal)), _box(new QDoubleSpinBox), _key(new LightKeyButton(what))
 {
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
-    _slider->setRange(static_cast<int>(std::lround(low * kSliderSteps)),
-                      static_cast<int>(std::lround(high * kSliderSteps)));
+    _slider->setRange(static_cast<int>(std::lround(limits.sliderLower * kSliderSteps)),
+                      static_cast<int>(std::lround(limits.sliderUpper * kSliderSteps)));
     _slider->setToolTip(toolTip);
     _slider->setAccessibleName(what);
     _slider->setMinimumWidth(60);
-    _box->setRange(low, high);
+    _box->setRange(limits.lower, limits.upper);
     _box->setSingleStep(0.05);
     _box->setDecimals(2);
     _box->setToolTip(toolTip);

@@ -4,6 +4,8 @@
 // frame.
 #pragma once
 
+#include "QuarvelSceneCore/attributes/AT_DoubleAttrMeta.h"
+
 #include <QWidget>
 
 class QDoubleSpinBox;
@@ -42,7 +44,9 @@ class LightNumber : public QWidget
 public:
     /// @param what    the number's name
     /// @param toolTip what it means
-    LightNumber(const QString& what, const QString& toolTip, double low, double high, QWidget* parent = nullptr);
+    /// @param limits  of the field; the slider has a range of its own in them
+    LightNumber(const QString& what, const QString& toolTip, const AT_DoubleAttrMetaContainer& limits,
+                QWidget* parent = nullptr);
 
     /// Shows a value; nobody is told.
     void show(double value, bool isKeyed);

@@ -35,7 +35,8 @@ private:
     QWidget* switchRow();
     QWidget* colourRow(QPushButton*& button, LightKeyButton*& key, const QString& what);
     QToolButton* addButton(QHBoxLayout& row, const char* name, const QString& text, const QString& toolTip);
-    LightNumber* addNumber(QFormLayout& form, const QString& label, const QString& toolTip, double low, double high);
+    LightNumber* addNumber(QFormLayout& form, const QString& label, const QString& toolTip,
+                           const AT_DoubleAttrMetaContainer& limits);
     LightNumber* addLightNumber(QFormLayout& form, MO_Light::Number which, const QString& label, const QString& toolTip,
                                 double StudioLight::*member);
     LightNumber* addCommonNumber(QFormLayout& form, MO_Lighting::Number which, const QString& label,

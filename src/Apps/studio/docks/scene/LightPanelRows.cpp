@@ -108,10 +108,10 @@ QWidget* LightPanel::colourRow(QPushButton*& button, LightKeyButton*& key, const
     return row;
 }
 
-LightNumber* LightPanel::addNumber(QFormLayout& form, const QString& label, const QString& toolTip, double low,
-                                   double high)
+LightNumber* LightPanel::addNumber(QFormLayout& form, const QString& label, const QString& toolTip,
+                                   const AT_DoubleAttrMetaContainer& limits)
 {
-    auto* const row = new LightNumber(QString(label).remove(QLatin1Char('&')), toolTip, low, high);
+    auto* const row = new LightNumber(QString(label).remove(QLatin1Char('&')), toolTip, limits);
     form.addRow(label, row);
     form.labelForField(row)->setToolTip(toolTip);
     connect(row, &LightNumber::finished, &_lights, &LightModel::endChange);
@@ -121,8 +121,7 @@ LightNumber* LightPanel::addNumber(QFormLayout& form, const QString& label, cons
 LightNumber* LightPanel::addLightNumber(QFormLayout& form, MO_Light::Number which, const QString& label,
                                         const QString& toolTip, double StudioLight::*member)
 {
-    const AT_DoubleAttrMetaContainer limits = MO_Light().number(which).doubleMeta().container();
-    LightNumber* const row = addNumber(form, label, toolTip, limits.sliderLower, limits.sliderUpper);
+    LightNumber* const row = addNumber(form, label, toolTip, MO_Light().number(which).doubleMeta().container());
     row->setObjectName(QStringLiteral("light") + MO_Light().number(which).keyword());
     connect(row, &LightNumber::changed, this,
             [this, member](double value) { changeCurrent([=](StudioLight& light) { light.*member = value; }); });
@@ -134,7 +133,7 @@ LightNumber* LightPanel::addLightNumber(QFormLayout& form, MO_Light::Number whic
 LightNumber* LightPanel::addCommonNumber(QFormLayout& form, MO_Lighting::Number which, const QString& label,
                                          const QString& toolTip, double MO_LightingValues::*member)
 {
-    LightNumber* const row = addNumber(form, label, toolTip, 0.0, 1.0);
+    LightNumber* const row = addNumber(form, label, toolTip, MO_Lighting().number(which).doubleMeta().container());
     row->setObjectName(QStringLiteral("lights") + MO_Lighting().number(which).keyword());
     connect(row, &LightNumber::changed, this, [this, member](double value) {
         MO_LightingValues common = _lights.common();
@@ -176,7 +175,7 @@ void LightPanel::addLightRows(QFormLayout& form)
 
     const auto place = [&](MO_Light::Number which, const QString& label, const QString& toolTip,
                            void (QPointF::*set)(qreal)) {
-        LightNumber* const row = addNumber(form, label, toolTip, -2.0, 2.0);
+        LightNumber* const row = addNumber(form, label, toolTip, MO_Light().number(which).doubleMeta().container());
         row->setObjectName(QStringLiteral("light") + MO_Light().number(which).keyword());
         connect(row, &LightNumber::changed, this,
                 [this, set](double value) { changeCurrent([=](StudioLight& light) { (light.place.*set)(value); }); });
