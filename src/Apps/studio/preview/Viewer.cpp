@@ -17,6 +17,8 @@
 namespace {
 
 constexpr double kZoomStep = 1.25;
+// Steps of the wheel and the keys that follow each other faster are one change, in milliseconds.
+constexpr int kOneChange = 1000;
 constexpr double kHandleReach = 16.0;
 
 double halfShorterSide(const QSizeF& size)
@@ -35,6 +37,9 @@ Viewer::Viewer(LightModel& lights, QWidget* parent) : QWidget(parent), _lights(l
     setAccessibleName(tr("Picture"));
     connect(&lights, &LightModel::changed, this, &Viewer::lightChanged);
     connect(&lights, &LightModel::currentChanged, this, [this] { update(); });
+    _lightRests.setSingleShot(true);
+    _lightRests.setInterval(kOneChange);
+    connect(&_lightRests, &QTimer::timeout, &lights, &LightModel::endChange);
 }
 
 void Viewer::setFrame(const RenderedFramePtr& frame)
@@ -212,14 +217,21 @@ void Viewer::nudgeLight(const QPointF& by)
     constexpr double kNudge = 0.05;
     StudioLight light = _lights.lights().at(static_cast<std::size_t>(_lights.current()));
     light.place += kNudge * QPointF(by.x(), -by.y());
-    _lights.setLight(_lights.current(), light);
+    changeLight(light);
 }
 
 void Viewer::raiseLight(double factor)
 {
     StudioLight light = _lights.lights().at(static_cast<std::size_t>(_lights.current()));
     light.height *= factor;
+    changeLight(light);
+}
+
+// Nobody tells of the last step.
+void Viewer::changeLight(const StudioLight& light)
+{
     _lights.setLight(_lights.current(), light);
+    _lightRests.start();
 }
 
 std::optional<double> Viewer::borderPlace() const
@@ -264,6 +276,8 @@ void Viewer::mousePressEvent(QMouseEvent* event)
         _grabbed = place;
     } else if (light >= 0) {
         _drag = Drag::LIGHT;
+        _lightRests.stop();
+        _lights.endChange();
         _lights.setCurrent(light);
         _grabbed = handle(_lights.lights().at(static_cast<std::size_t>(light))) - place;
     } else if (isOnBorder(place)) {

@@ -17,6 +17,7 @@
 #include "studio/preview/ViewOptions.h"
 #include "studio/preview/ViewTransform.h"
 
+#include <QTimer>
 #include <QWidget>
 
 #include <optional>
@@ -115,6 +116,7 @@ private:
     void setTransform(const ViewTransform& transform, bool fitted);
     void pan(const QPointF& by);
     int lightAt(const QPointF& place) const;
+    void changeLight(const StudioLight& light);
     void moveLight(const QPointF& handle);
     void nudgeLight(const QPointF& by);
     void raiseLight(double factor);
@@ -148,6 +150,7 @@ private:
     ViewerTool* _tool = nullptr;
     ViewOptions _options;
     bool _looksBack = false;
+    QTimer _lightRests; // after steps of the wheel and the keys
     Drag _drag = Drag::NONE;
     QPointF _grabbed; // the last place of the mouse; for a light, the vector from the mouse to its handle
 };

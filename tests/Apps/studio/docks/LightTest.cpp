@@ -137,6 +137,19 @@ TEST_F(LightTest, TheArrowKeysWithAltMoveTheLight)
     EXPECT_GT(light().place.y(), before.y());
 }
 
+TEST_F(LightTest, KeysAndADragAreTwoSteps)
+{
+    openDisc();
+    QTest::keyClick(&viewer(), Qt::Key_Right, Qt::AltModifier);
+    QTest::keyClick(&viewer(), Qt::Key_Right, Qt::AltModifier);
+    const StudioLight nudged = light();
+    EXPECT_EQ(document().commands().undoNames().size(), 1);
+    dragLight(viewer().transform().toView(QPointF(300, 100)));
+    EXPECT_EQ(document().commands().undoNames().size(), 2);
+    document().undo();
+    EXPECT_EQ(light(), nudged);
+}
+
 TEST_F(LightTest, LightsAreAddedUpAndTakenAway)
 {
     openDisc();
