@@ -13,10 +13,12 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QColorDialog>
 #include <QComboBox>
 #include <QDockWidget>
 #include <QDoubleSpinBox>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSlider>
@@ -317,6 +319,33 @@ TEST_F(LightTest, AKeyLetsAValueChangeOverTimeAndTheTimelineShowsIt)
     document().setCurrentFrame(11);
     QTest::mouseClick(key, Qt::LeftButton);
     EXPECT_EQ(lightRows(), 0);
+}
+
+TEST_F(LightTest, AColourThatIsChosenDuringTheAnimationSetsNothingElse)
+{
+    openDisc();
+    ASSERT_TRUE(document().execute(MO_frameRangeCmd(document().scene(), 1, 11)));
+    window->lights().toggleLightKey({MO_Light::INTENSITY});
+    document().setCurrentFrame(11);
+    StudioLight bright = light();
+    bright.intensity = 2.0;
+    window->lights().setLight(0, bright);
+    document().setCurrentFrame(1);
+    QTimer chooser;
+    QObject::connect(&chooser, &QTimer::timeout, &chooser, [&] {
+        auto* const dialog = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        chooser.stop();
+        document().setCurrentFrame(6);
+        dialog->setCurrentColor(QColor(200, 40, 40));
+        dialog->accept();
+    });
+    chooser.start(10);
+    QTest::mouseClick(window->findChild<QPushButton*>(QStringLiteral("lightColour")), Qt::LeftButton);
+    EXPECT_EQ(light().colour, QColor(200, 40, 40));
+    EXPECT_EQ(light().intensity, 1.5);
+    EXPECT_FALSE(window->lights().hasKey(MO_Light::INTENSITY));
 }
 
 TEST_F(LightTest, TheWheelOverThePanelScrollsAndChangesNothing)

@@ -88,25 +88,20 @@ void LightPanel::changeCurrent(const std::function<void(StudioLight&)>& change)
 
 void LightPanel::chooseLightColour()
 {
-    const int index = _lights.current();
-    const StudioLight before = currentLight();
-    chooseColour(tr("Colour of the light"), before.colour, [&](const QColor& colour) {
-        StudioLight light = before;
-        light.colour = colour;
-        _lights.setLight(index, light);
-    });
+    // The rest of the light may change while the dialog is open: the animation plays on.
+    chooseColour(tr("Colour of the light"), currentLight().colour,
+                 [this](const QColor& colour) { changeCurrent([&](StudioLight& light) { light.colour = colour; }); });
 }
 
 void LightPanel::chooseAmbientColour()
 {
     const MO_LightingValues before = _lights.common();
     chooseColour(tr("Colour of the ambient light"), ambientColour(before), [&](const QColor& colour) {
-        MO_LightingValues common = before;
-        if (colour != ambientColour(before)) {
-            common.ambientRed = colour.red();
-            common.ambientGreen = colour.green();
-            common.ambientBlue = colour.blue();
-        }
+        const bool isChosen = colour != ambientColour(before);
+        MO_LightingValues common = _lights.common();
+        common.ambientRed = isChosen ? colour.red() : before.ambientRed;
+        common.ambientGreen = isChosen ? colour.green() : before.ambientGreen;
+        common.ambientBlue = isChosen ? colour.blue() : before.ambientBlue;
         _lights.setCommon(common);
     });
 }
