@@ -8,6 +8,7 @@
 
 #include <QFileInfo>
 #include <QMetaObject>
+#include <QSet>
 
 #include <algorithm>
 #include <utility>
@@ -182,7 +183,9 @@ void StudioDocument::told(XUTeller& teller)
 
 void StudioDocument::dropLostSelection()
 {
-    QList<MO_Module*> inGraph;
+    if (_selection.isEmpty())
+        return;
+    QSet<MO_Module*> inGraph;
     _scene->root().forEachModule([&](MO_Module& module) { inGraph << &module; });
     QList<MO_Module*> left = _selection;
     left.removeIf([&](MO_Module* module) { return !inGraph.contains(module); });
