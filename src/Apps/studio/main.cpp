@@ -46,13 +46,16 @@ int run(int argc, char** argv)
     parser.setApplicationDescription(QApplication::translate("main", "Volume for flat drawings"));
     parser.addHelpOption();
     parser.addVersionOption();
-    const QCommandLineOption screenshots(QStringLiteral("screenshots"),
-                                         QApplication::translate("main", "Write pictures of the windows and end."),
-                                         QStringLiteral("folder"));
+    // For the makers of the program.
+    QCommandLineOption screenshots(QStringLiteral("screenshots"),
+                                   QApplication::translate("main", "Write pictures of the windows and end."),
+                                   QStringLiteral("folder"));
+    screenshots.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOption(screenshots);
-    const QCommandLineOption pictureRates(
+    QCommandLineOption pictureRates(
         QStringLiteral("picture-rates"),
         QApplication::translate("main", "Print how many pictures a second the window shows, and end."));
+    pictureRates.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOption(pictureRates);
     parser.addPositionalArgument(QStringLiteral("files"),
                                  QApplication::translate("main", "A scene, or drawings to import."));
