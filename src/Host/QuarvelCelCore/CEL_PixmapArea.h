@@ -81,7 +81,8 @@ private:
     Math::Box2di _allocated;
 };
 
-/// The storage shared by all pixmaps of one pixel type: rows without gaps, the first one aligned to 64 bytes.
+/// The storage shared by all pixmaps of one pixel type. The first row of new memory is aligned to 64 bytes. Where a
+/// pixmap loses less than half of its pixels, the others stay where they are, so rows may have gaps between them.
 template<typename Pixel>
 class CEL_PixelStore : public CEL_PixmapArea
 {
@@ -121,7 +122,7 @@ public:
         makePixels();
         _deferred = nullptr;
         if (isLargePart(rect)) {
-            shrinkInPlace(rect);
+            setAllocatedRect(rect);
             return;
         }
         const Math::Box2di kept = rect.getIntersection(allocatedRect());
@@ -131,15 +132,13 @@ public:
         for (int y = kept.y1; y < kept.y2 && kept.x1 < kept.x2; ++y)
             std::copy_n(rowStart(y) + (kept.x1 - allocatedRect().x1), kept.width(),
                         pixels.get() + offsetIn(rect, kept.x1, y));
-        _pixels = std::move(pixels);
-        setAllocatedRect(rect);
+        setPixels(std::move(pixels), rect);
     }
 
     void defer(const Math::Box2di& rect, CEL_DeferredPixels::Make make) override
     {
-        _pixels = nullptr;
+        setPixels(nullptr, rect);
         _deferred = rect.isEmpty() ? nullptr : std::make_unique<CEL_DeferredPixels>(std::move(make));
-        setAllocatedRect(rect);
     }
 
     bool isDeferred() const override { return _deferred && !_deferred->areMade(); }
@@ -150,16 +149,20 @@ public:
             _deferred->make([this](CEL_PixmapArea& made) {
                 made.makePixels();
                 assert(made.format() == format() && made.allocatedRect() == allocatedRect());
-                _pixels = std::move(static_cast<CEL_PixelStore&>(made)._pixels);
+                auto& store = static_cast<CEL_PixelStore&>(made);
+                _pixels = std::move(store._pixels);
+                _inMemory = store._inMemory;
             });
     }
 
 protected:
     CEL_PixelStore(const Math::Size2di& size, const Math::Box2di& canvas) : CEL_PixmapArea(size, canvas) {}
-    CEL_PixelStore(const CEL_PixelStore& other) : CEL_PixmapArea(other), _pixels(allocate(other.allocatedRect()))
+    CEL_PixelStore(const CEL_PixelStore& other)
+        : CEL_PixmapArea(other), _pixels(allocate(other.allocatedRect())), _inMemory(other.allocatedRect())
     {
         other.makePixels();
-        std::copy_n(other._pixels.get(), allocatedRect().area(), _pixels.get());
+        for (int y = allocatedRect().y1; y < allocatedRect().y2; ++y)
+            std::ranges::copy(other.row(y), rowStart(y));
     }
 
 private:
@@ -178,19 +181,17 @@ private:
         return Pixels(bytes == 0 ? nullptr : static_cast<Pixel*>(UT_PixelMemory::take(bytes)), Deleter{bytes});
     }
 
-    // Whether a rectangle lies in the allocated one and fills half of it or more, so that its pixels may remain in this
-    // memory.
+    // Whether a rectangle lies in the allocated one and takes half of the memory or more, so that its pixels may remain
+    // there.
     bool isLargePart(const Math::Box2di& rect) const
     {
-        return !rect.isEmpty() && allocatedRect().contains(rect) && 2 * rect.area() >= allocatedRect().area();
+        return !rect.isEmpty() && allocatedRect().contains(rect) && 2 * rect.area() >= _inMemory.area();
     }
 
-    // No row moves to a higher address, so each can be moved after the rows above it.
-    void shrinkInPlace(const Math::Box2di& rect)
+    void setPixels(Pixels pixels, const Math::Box2di& rect)
     {
-        for (int y = rect.y1; y < rect.y2; ++y)
-            std::copy_n(rowStart(y) + (rect.x1 - allocatedRect().x1), rect.width(),
-                        _pixels.get() + offsetIn(rect, rect.x1, y));
+        _pixels = std::move(pixels);
+        _inMemory = rect;
         setAllocatedRect(rect);
     }
 
@@ -204,17 +205,18 @@ private:
         if (_deferred)
             makePixels();
         assert(y >= allocatedRect().y1 && y < allocatedRect().y2);
-        return _pixels.get() + offsetIn(allocatedRect(), allocatedRect().x1, y);
+        return _pixels.get() + offsetIn(_inMemory, allocatedRect().x1, y);
     }
     const Pixel* rowStart(int y) const
     {
         if (_deferred)
             makePixels();
         assert(y >= allocatedRect().y1 && y < allocatedRect().y2);
-        return _pixels.get() + offsetIn(allocatedRect(), allocatedRect().x1, y);
+        return _pixels.get() + offsetIn(_inMemory, allocatedRect().x1, y);
     }
 
-    mutable Pixels _pixels; // written by readers where they are deferred, by one of them
+    mutable Pixels _pixels;         // written by readers where they are deferred, by one of them
+    mutable Math::Box2di _inMemory; // the rectangle that they are, of which the allocated one is a part
     std::unique_ptr<CEL_DeferredPixels> _deferred;
 };
 

@@ -91,6 +91,23 @@ TYPED_TEST(PixmapArea, KeepsThePixelsOfAnyPartThatItIsCutTo)
     }
 }
 
+TYPED_TEST(PixmapArea, KeepsItsPixelsWhenItIsCutAgainClonedAndGrown)
+{
+    const auto mark = marked(typename TestFixture::Pixel{});
+    this->pixmap.realloc(kCanvas, true);
+    this->pixmap.at(3, 3) = mark;
+    this->pixmap.realloc(Box2di(1, 1, 8, 6), true);
+    this->pixmap.realloc(Box2di(2, 2, 7, 6), true);
+    const auto clone = this->pixmap.clone().template dynamicCast<TypeParam>();
+    this->pixmap.realloc(Box2di(-1, 0, 9, 7), true);
+    for (int y = 0; y < 7; ++y)
+        for (int x = -1; x < 9; ++x)
+            ASSERT_EQ(this->pixmap.at(x, y) == mark, x == 3 && y == 3) << x << ", " << y;
+    for (int y = 2; y < 6; ++y)
+        for (int x = 2; x < 7; ++x)
+            ASSERT_EQ(clone->at(x, y) == mark, x == 3 && y == 3) << x << ", " << y;
+}
+
 TYPED_TEST(PixmapArea, GrowsToTheUnionWithAnother)
 {
     this->pixmap.realloc(Box2di(0, 0, 2, 2), true);
