@@ -38,7 +38,9 @@ public:
 
 private:
     NearestRows(int width, int first, int end)
-        : _width(width), _first(first), _rows(static_cast<std::size_t>(width) * static_cast<std::size_t>(end - first))
+        : _width(width)
+        , _first(first)
+        , _rows(static_cast<std::size_t>(width) * static_cast<std::size_t>(end - first), kNone)
     {}
 
     std::size_t offset(int y) const { return static_cast<std::size_t>(y - _first) * static_cast<std::size_t>(_width); }
@@ -47,21 +49,23 @@ private:
     void sweepDown(int y, std::span<const Sample> pixels)
     {
         int* here = _rows.data() + offset(y);
-        const int* above = y == _first ? nullptr : here - _width;
-        for (std::size_t x = 0; x < static_cast<std::size_t>(_width); ++x) {
-            const bool covered = pixels[4 * x + 3] > 0;
-            const int inherited = above ? above[x] : kNone;
-            here[x] = covered ? y : inherited;
-        }
+        // The row above, or this one, which holds kNone.
+        const int* above = y == _first ? here : here - _width;
+        for (std::size_t x = 0; x < static_cast<std::size_t>(_width); ++x)
+            here[x] = pixels[4 * x + 3] > 0 ? y : above[x];
     }
 
     void sweepUp(int y)
     {
         int* here = _rows.data() + offset(y);
         const int* below = here + _width;
-        for (int x = 0; x < _width; ++x)
-            if (below[x] != kNone && (here[x] == kNone || below[x] - y < y - here[x]))
-                here[x] = below[x];
+        // Without branches, so that compilers vectorise it.
+        for (int x = 0; x < _width; ++x) {
+            const int lower = below[x];
+            const int upper = here[x];
+            const bool isNearer = (upper == kNone) | (lower - y < y - upper);
+            here[x] = (lower != kNone) & isNearer ? lower : upper;
+        }
     }
 
     int _width;
@@ -146,22 +150,25 @@ private:
     int _y = 0;
 };
 
+// Visits only the pixels that are near enough to the column that is the nearest for them.
 template<typename Sample>
 void padRow(IIO_Picture& picture, const Envelope& envelope, std::span<const int> rows, int y, int distance)
 {
     const int firstRow = picture.dataWindow().y1;
     const std::span<Sample> pixels = picture.row<Sample>(firstRow + y);
     const std::int64_t furthest = std::int64_t{distance} * distance;
-    std::size_t i = envelope.size() - 1;
-    for (int x = picture.width() - 1; x >= 0; --x) {
-        while (x < envelope.start(i))
-            --i;
-        Sample* target = pixels.data() + 4 * static_cast<std::size_t>(x);
+    for (std::size_t i = 0; i < envelope.size(); ++i) {
         const int column = envelope.column(i);
-        if (target[3] > 0 || envelope.squaredDistance(x, column) > furthest)
-            continue;
+        const std::int64_t next = i + 1 < envelope.size() ? envelope.start(i + 1) : picture.width();
+        const std::int64_t first = std::max(envelope.start(i), std::int64_t{column} - distance);
+        const std::int64_t end = std::min(next, std::int64_t{column} + distance + 1);
         const auto sourceRow = firstRow + rows[static_cast<std::size_t>(column)];
-        std::copy_n(picture.row<Sample>(sourceRow).data() + 4 * static_cast<std::size_t>(column), 3, target);
+        const Sample* const source = picture.row<Sample>(sourceRow).data() + 4 * static_cast<std::size_t>(column);
+        for (std::int64_t x = first; x < end; ++x) {
+            Sample* const target = pixels.data() + 4 * x;
+            if (!(target[3] > 0) && envelope.squaredDistance(x, column) <= furthest)
+                std::copy_n(source, 3, target);
+        }
     }
 }
 
