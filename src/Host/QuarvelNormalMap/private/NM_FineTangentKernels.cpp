@@ -3,6 +3,8 @@
 // Each vector register holds one channel of several pixels.
 #include "QuarvelNormalMap/private/NM_FineTangentKernels.h"
 
+#include "QuarvelNormalMap/NM_MapForm.h"
+
 #include <array>
 
 #undef HWY_TARGET_INCLUDE
@@ -45,6 +47,15 @@ HWY_INLINE hn::Vec<Samples<D>> coverageSamples(D d, hn::Vec<D> coverage)
     return cut(d, hn::Add(hn::Mul(clamped, hn::Set(d, 65535.0F)), hn::Set(d, 0.5F)));
 }
 
+// Pixels without a direction, which make up the surroundings of most drawings, face the viewer.
+template<class D>
+HWY_INLINE void storeFacing(D d, hn::Vec<D> alpha, std::uint16_t* samples)
+{
+    const auto& [x, y, z] = NM_kFacingSamples;
+    const Samples<D> d16;
+    hn::StoreInterleaved4(hn::Set(d16, x), hn::Set(d16, y), hn::Set(d16, z), coverageSamples(d, alpha), d16, samples);
+}
+
 template<class D>
 HWY_INLINE void encode(D d, const float* pixels, const float* thresholds, float ySign, std::uint16_t* samples)
 {
@@ -54,6 +65,11 @@ HWY_INLINE void encode(D d, const float* pixels, const float* thresholds, float 
     hn::Vec<D> alpha;
     hn::LoadInterleaved4(d, pixels, red, green, blue, alpha);
     const auto zero = hn::Zero(d);
+    const auto isMarked = hn::And(hn::Eq(red, zero), hn::Eq(green, zero));
+    if (hn::AllTrue(d, isMarked)) {
+        storeFacing(d, alpha, samples);
+        return;
+    }
     const auto one = hn::Set(d, 1.0F);
     const auto two = hn::Set(d, 2.0F);
     const auto x = hn::Sub(hn::Mul(two, red), one);
@@ -67,7 +83,6 @@ HWY_INLINE void encode(D d, const float* pixels, const float* thresholds, float 
     const auto unitZ = hn::Div(z, length);
 
     const auto faces = hn::Set(d, NM_kFaces);
-    const auto isMarked = hn::And(hn::Eq(red, zero), hn::Eq(green, zero));
     const auto isDirection = hn::AndNot(isMarked, hn::Le(flat, hn::Set(d, 1.001F)));
     const auto isLevel =
         hn::And(hn::And(hn::Lt(hn::Abs(unitX), faces), hn::Lt(hn::Abs(unitY), faces)), hn::Gt(unitZ, zero));
