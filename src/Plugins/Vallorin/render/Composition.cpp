@@ -123,12 +123,18 @@ std::map<int, UT_SharedPtr<CEL_PixmapOf<Pixel>>> typed(const VallorinRenderHandl
 
 // Clears the columns of a row that have not been written.
 template<typename Pixel>
-void clearAround(const ColumnSpan& written, const ColumnSpan& columns, std::span<Pixel> row)
+void clearAround(const ColumnSpan& written, const ColumnSpan& columns, std::span<Pixel> row,
+                 VolumeRowKernels::Stores stores)
 {
     const int first = written.isEmpty() ? columns.end : written.first;
     const int end = written.isEmpty() ? columns.end : written.end;
-    std::fill(row.begin() + columns.first, row.begin() + first, Pixel{});
-    std::fill(row.begin() + end, row.begin() + columns.end, Pixel{});
+    const auto clear = [&](int from, int to) {
+        VolumeRowKernels::fillPixels(
+            row.subspan(static_cast<std::size_t>(from), static_cast<std::size_t>(std::max(0, to - from))), Pixel{},
+            stores);
+    };
+    clear(columns.first, first);
+    clear(end, columns.end);
 }
 
 template<typename Pixel>
@@ -340,12 +346,16 @@ void PortComposition::finish()
     if (_rect.isEmpty())
         return;
     CEL_withFormat(_output, [&](auto& typed) {
+        using Pixel = CEL_PixelOf<decltype(typed)>;
         const Math::Box2di whole = typed.allocatedRect();
+        const auto stores = VolumeRowKernels::storesFor(whole.area() * static_cast<std::int64_t>(sizeof(Pixel)),
+                                                        VolumeRowKernels::Reader::LATER);
         forRowsInParallel(_rect, [&](const tbb::blocked_range<int>& rows) {
             for (int y = rows.begin(); y < rows.end(); ++y)
                 if (!areZeros(typed.row(y), _zeros))
-                    clearAround(_written[static_cast<std::size_t>(y - whole.y1)],
-                                {_rect.x1 - whole.x1, _rect.x2 - whole.x1}, typed.row(y));
+                    clearAround<Pixel>(_written[static_cast<std::size_t>(y - whole.y1)],
+                                       {_rect.x1 - whole.x1, _rect.x2 - whole.x1}, typed.row(y), stores);
+            VL_finishStores();
         });
     });
     _output.realloc(_rect, false);
