@@ -3,6 +3,8 @@
 // The drawing that is rasterised in stages.
 #include "MultiStageKvd/MultiStageKvd.h"
 
+#include "QuarvelCelCore/CELVEC_SeamClosing.h"
+
 MultiStageKvd::RenderingStage::~RenderingStage() = default;
 
 UT_SharedPtr<MultiStageKvd> MultiStageKvd::embed(UT_SharedPtr<CELVEC_Kvd> primary)
@@ -37,9 +39,14 @@ UT_SharedPtr<CELVEC_Kvd> MultiStageKvd::shareForRendering() const
 
 void MultiStageKvd::render(const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const
 {
-    _primary->render(args, target);
+    // Seams are closed once, in the finished pixels.
+    CELVEC_RenderArgs open = args;
+    open.closesSeams = false;
+    _primary->render(open, target);
     for (const UT_SharedPtr<RenderingStage>& stage : _stages)
-        stage->render(*this, args, target);
+        stage->render(*this, open, target);
+    if (args.closesSeams)
+        CELVEC_closeSeams(target);
 }
 
 std::optional<Math::Box2di> MultiStageKvd::renderedRect(const CELVEC_RenderArgs& args) const

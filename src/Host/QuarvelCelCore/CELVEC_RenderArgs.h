@@ -15,4 +15,7 @@ struct CELVEC_RenderArgs
     Math::Size2di size;        ///< the picture's size in pixels
     Math::Box2di canvas;       ///< the picture's rectangle
     Math::Box2di wanted;       ///< the requested pixels; they may lie outside the canvas
+    /// Whether float pixels get the coverage 1 - (1 - a)^2 instead of a, as if they were painted twice. Pixels of other
+    /// formats, and those of a drawing with a colour transform, stay as they are.
+    bool closesSeams = false;
 };

@@ -203,6 +203,48 @@ TEST(VectorDrawing, RendersTheSameInFloat)
     EXPECT_EQ(target.at(0, 0), (CEL_PixelRGBAFloat{1.0F, 0.0F, 0.0F, 1.0F}));
 }
 
+TEST(VectorDrawing, ClosesSeamsInFloatOnly)
+{
+    // A quarter in x and a half in y: an eighth of the pixel.
+    const auto drawing = drawingOf({rectangle(0.75, 0.5, 1.0, 1.0), rectangle(2, 0, 9, 1)});
+    CELVEC_RenderArgs args = pixels(9, 1);
+    CEL_PixmapAreaRGBAFloat open(args.size, args.canvas);
+    drawing->render(args, open);
+    const auto whole = render16(*drawing, args);
+    args.closesSeams = true;
+    CEL_PixmapAreaRGBAFloat closed(args.size, args.canvas);
+    drawing->render(args, closed);
+    const float alpha = open.at(0, 0).a;
+    EXPECT_NEAR(closed.at(0, 0).a, 1.0F - (1.0F - alpha) * (1.0F - alpha), 1e-6F);
+    EXPECT_EQ(closed.at(0, 0).r, closed.at(0, 0).a) << "colours are multiplied by coverage";
+    EXPECT_EQ(closed.at(1, 0), CEL_PixelRGBAFloat{});
+    for (int x = 2; x < 9; ++x)
+        EXPECT_EQ(closed.at(x, 0), (CEL_PixelRGBAFloat{1.0F, 0.0F, 0.0F, 1.0F})) << x;
+    EXPECT_EQ(render16(*drawing, args)->at(0, 0), whole->at(0, 0));
+}
+
+TEST(VectorDrawing, IsTransparentWhereNoShapeIs)
+{
+    // Shapes in some bands of rows and some columns of them, over earlier pixels of the same memory.
+    const auto drawing =
+        drawingOf({rectangle(10, 0, 20, 40), rectangle(50, 600, 60, 700), rectangle(90, 650, 99, 700)});
+    const CELVEC_RenderArgs args = pixels(100, 700);
+    {
+        CEL_PixmapAreaRGBA16 before(args.size, args.canvas);
+        before.realloc(args.canvas, false);
+        for (int y = 0; y < 700; ++y)
+            std::ranges::fill(before.row(y), CEL_PixelRGBA16{1, 2, 3, 4});
+    }
+    const auto picture = render16(*drawing, args);
+    int covered = 0;
+    for (int y = picture->allocatedRect().y1; y < picture->allocatedRect().y2; ++y)
+        for (const CEL_PixelRGBA16& pixel : picture->row(y)) {
+            ASSERT_TRUE(pixel == CEL_PixelRGBA16{} || pixel == (CEL_PixelRGBA16{32767, 0, 0, 32767})) << y;
+            covered += pixel.a > 0 ? 1 : 0;
+        }
+    EXPECT_EQ(covered, 10 * 40 + 10 * 100 + 9 * 50);
+}
+
 TEST(VectorDrawing, IsTheSameHoweverMuchOfItIsWanted)
 {
     // Slanted outlines over 700 rows, one of them clipped.
@@ -230,6 +272,25 @@ TEST(MultiStageDrawing, RunsItsStagesInOrderOnThePrimaryPicture)
     staged->addStage(UT_makeShared<AddOneToRed>());
     staged->addStage(UT_makeShared<AddOneToRed>());
     EXPECT_EQ(render16(*staged, pixels(1, 1))->at(0, 0), (CEL_PixelRGBA16{2, 0, 32767, 32767}));
+}
+
+TEST(MultiStageDrawing, ClosesSeamsAfterItsStages)
+{
+    class CoverHalf final : public MultiStageKvd::RenderingStage
+    {
+    public:
+        void render(const MultiStageKvd&, const CELVEC_RenderArgs&, CEL_PixmapArea& target) const override
+        {
+            dynamic_cast<CEL_PixmapAreaRGBAFloat&>(target).at(0, 0) = {0.5F, 0.0F, 0.0F, 0.5F};
+        }
+    };
+    const auto staged = MultiStageKvd::embed(drawingOf({rectangle(0, 0, 1, 1, kBlue)}));
+    staged->addStage(UT_makeShared<CoverHalf>());
+    CELVEC_RenderArgs args = pixels(1, 1);
+    args.closesSeams = true;
+    CEL_PixmapAreaRGBAFloat target(args.size, args.canvas);
+    staged->render(args, target);
+    EXPECT_EQ(target.at(0, 0), (CEL_PixelRGBAFloat{0.75F, 0.0F, 0.0F, 0.75F}));
 }
 
 TEST(Cel, RasterisesAVectorDrawingWhenConverted)

@@ -4,6 +4,7 @@
 #include "jobs/shown/RenderPrecision.h"
 
 #include "QuarvelCelCore/CELVEC_Kvd.h"
+#include "QuarvelCelCore/CELVEC_SeamClosing.h"
 #include "QuarvelCelCore/CEL_WithFormat.h"
 #include "QuarvelSceneCore/graph/MO_Port.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
@@ -14,7 +15,10 @@
 #include "jobs/shown/NormalMapNode.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <set>
 
 namespace {
@@ -77,12 +81,11 @@ public:
 
     void render(const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const override
     {
-        const UT_SharedPtr<CELVEC_Kvd> own = _drawing->shareForRendering();
-        own->setArtSelector(artSelector());
-        own->setColorTransform(colorTransform());
-        own->render(args, target);
-        if (auto* const pixels = dynamic_cast<CEL_PixmapAreaRGBAFloat*>(&target); pixels && !colorTransform())
-            close(*pixels);
+        CELVEC_RenderArgs closing = args;
+        closing.closesSeams = true;
+        own()->render(closing, target);
+        if (args.closesSeams && !colorTransform())
+            CELVEC_closeSeams(target);
     }
 
     std::optional<Math::Box2di> renderedRect(const CELVEC_RenderArgs& args) const override
@@ -91,17 +94,13 @@ public:
     }
 
 private:
-    static void close(CEL_PixmapAreaRGBAFloat& pixels)
+    // The drawing with this one's settings.
+    UT_SharedPtr<CELVEC_Kvd> own() const
     {
-        const Math::Box2di& rect = pixels.allocatedRect();
-        VL_parallelFor(tbb::blocked_range<int>(rect.y1, rect.y2, 16), [&](const tbb::blocked_range<int>& rows) {
-            for (int y = rows.begin(); y < rows.end(); ++y)
-                for (CEL_PixelRGBAFloat& pixel : pixels.row(y))
-                    if (pixel.a > 0.0F && pixel.a < 1.0F) {
-                        const float twice = 2.0F - pixel.a;
-                        pixel = {pixel.r * twice, pixel.g * twice, pixel.b * twice, pixel.a * twice};
-                    }
-        });
+        UT_SharedPtr<CELVEC_Kvd> made = _drawing->shareForRendering();
+        made->setArtSelector(artSelector());
+        made->setColorTransform(colorTransform());
+        return made;
     }
 
     UT_SharedPtr<CELVEC_Kvd> _drawing;
@@ -135,22 +134,64 @@ public:
     }
 };
 
-// Sets the coverage of pixels that the drawing lacks. Empty pixels stay as they are, so that those that were never
-// written to are not written now; -0.0 counts as empty.
+// Pixels without a value in any channel stay as they are, so that those that were never written to are not written
+// now; -0.0 counts as none.
+bool isEmpty(const CEL_PixelRGBAFloat& pixel)
+{
+    constexpr std::uint64_t kWithoutSigns = 0x7FFFFFFF7FFFFFFF;
+    const auto [low, high] = std::bit_cast<std::array<std::uint64_t, 2>>(pixel);
+    return ((low | high) & kWithoutSigns) == 0;
+}
+
+// Sets the coverage of pixels that the drawing lacks.
 void uncover(std::span<CEL_PixelRGBAFloat> pixels)
 {
     for (CEL_PixelRGBAFloat& pixel : pixels)
-        if (pixel != CEL_PixelRGBAFloat())
+        if (!isEmpty(pixel))
             pixel.a = 0.0F;
+}
+
+float fractionOf(std::int16_t coverage)
+{
+    return static_cast<float>(coverage) / 32767.0F;
+}
+float fractionOf(const CEL_PixelRGBA16& colour)
+{
+    return fractionOf(colour.a);
+}
+float fractionOf(const CEL_PixelRGBAFloat& colour)
+{
+    return colour.a;
 }
 
 template<typename Colour>
 void cover(std::span<CEL_PixelRGBAFloat> pixels, std::span<const Colour> colours)
 {
-    constexpr auto kFull = static_cast<float>(CEL_PixelTraits<Colour>::kFull);
     for (std::size_t i = 0; i < pixels.size(); ++i)
-        if (pixels[i] != CEL_PixelRGBAFloat())
-            pixels[i].a = static_cast<float>(colours[i].a) / kFull;
+        if (!isEmpty(pixels[i]))
+            pixels[i].a = fractionOf(colours[i]);
+}
+
+// @param rowOf the coverage of a row of the rectangle known
+template<typename RowOf>
+void takeCoverageOf(CEL_PixmapAreaRGBAFloat& picture, const Math::Box2di& known, const RowOf& rowOf)
+{
+    const Math::Box2di& rect = picture.allocatedRect();
+    const Math::Box2di common = rect.getIntersection(known);
+    VL_parallelFor(tbb::blocked_range<int>(rect.y1, rect.y2, 16), [&](const tbb::blocked_range<int>& rows) {
+        for (int y = rows.begin(); y < rows.end(); ++y) {
+            const std::span<CEL_PixelRGBAFloat> row = picture.row(y);
+            if (common.isEmpty() || y < common.y1 || y >= common.y2) {
+                uncover(row);
+                continue;
+            }
+            const auto first = static_cast<std::size_t>(common.x1 - rect.x1);
+            const auto width = static_cast<std::size_t>(common.width());
+            uncover(row.first(first));
+            cover(row.subspan(first, width), rowOf(y).subspan(static_cast<std::size_t>(common.x1 - known.x1), width));
+            uncover(row.subspan(first + width));
+        }
+    });
 }
 
 } // namespace
@@ -178,22 +219,6 @@ void closeSeams(MO_Module& node)
 void takeCoverage(CEL_PixmapAreaRGBAFloat& picture, const CEL_PixmapArea& drawing)
 {
     CEL_withFormat(drawing, [&](const auto& colours) {
-        const Math::Box2di& rect = picture.allocatedRect();
-        const Math::Box2di common = rect.getIntersection(colours.allocatedRect());
-        VL_parallelFor(tbb::blocked_range<int>(rect.y1, rect.y2, 16), [&](const tbb::blocked_range<int>& rows) {
-            for (int y = rows.begin(); y < rows.end(); ++y) {
-                const std::span<CEL_PixelRGBAFloat> row = picture.row(y);
-                if (common.isEmpty() || y < common.y1 || y >= common.y2) {
-                    uncover(row);
-                    continue;
-                }
-                const auto first = static_cast<std::size_t>(common.x1 - rect.x1);
-                const auto width = static_cast<std::size_t>(common.width());
-                uncover(row.first(first));
-                cover(row.subspan(first, width),
-                      colours.row(y).subspan(static_cast<std::size_t>(common.x1 - colours.allocatedRect().x1), width));
-                uncover(row.subspan(first + width));
-            }
-        });
+        takeCoverageOf(picture, colours.allocatedRect(), [&](int y) { return colours.row(y); });
     });
 }

@@ -3,12 +3,14 @@
 // The rasteriser. Qt's painter does the work, on a picture of 16 bits a channel: its scan conversion gives the exact
 // area that a shape covers of each pixel, in 256 steps. First every shape's paint is looked up; then the shapes with a
 // paint are painted in bands of rows, each on a small picture of its own that is converted to the target's format while
-// it is in the cache. Bands are painted in parallel; their borders do not depend on the number of threads.
+// it is in the cache; what no shape may touch of a band is neither cleared nor converted. Bands are painted in
+// parallel; their borders do not depend on the number of threads.
 #include "QuarvelCelCore/private/CELVEC_Rasteriser.h"
 
 #include "QuarvelBaseCore/UT_PixelMemory.h"
 #include "QuarvelCelCore/CELVEC_PainterThread.h"
 #include "QuarvelCelCore/CEL_WithFormat.h"
+#include "QuarvelCelCore/private/CELVEC_RowKernels.h"
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
 #include "QuarvelVectorLanes/VL_ParallelFor.h"
 
@@ -20,7 +22,6 @@
 #include <cstring>
 #include <limits>
 #include <map>
-#include <optional>
 
 namespace {
 
@@ -194,33 +195,6 @@ void paint(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect, QI
     }
 }
 
-// Halving maps 0..65535 to 0..32767: exact at both ends and monotonic in between.
-std::int16_t convertChannel(quint16 from, std::int16_t)
-{
-    return static_cast<std::int16_t>(from >> 1);
-}
-
-float convertChannel(quint16 from, float)
-{
-    return static_cast<float>(from) / 65535.0F;
-}
-
-// Channels lie one after the other in both, red first, which makes the loop one that compilers vectorise.
-template<typename Pixel>
-void copyPixels(const QImage& picture, const Math::Box2di& rect, CEL_PixmapOf<Pixel>& target)
-{
-    using Channel = decltype(Pixel::r);
-    static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "red is the first of a QRgba64's channels only there");
-    static_assert(sizeof(Pixel) == 4 * sizeof(Channel) && sizeof(QRgba64) == 4 * sizeof(quint16));
-    const auto channels = static_cast<std::size_t>(rect.width()) * 4;
-    for (int y = rect.y1; y < rect.y2; ++y) {
-        const auto* const source = reinterpret_cast<const quint16*>(picture.constScanLine(y - rect.y1));
-        Channel* const row = &target.row(y).data()->r;
-        for (std::size_t i = 0; i < channels; ++i)
-            row[i] = convertChannel(source[i], Channel{});
-    }
-}
-
 bool hasPictures(const std::vector<PaintedShape>& shapes)
 {
     return std::ranges::any_of(shapes, [](const PaintedShape& painted) { return !painted.picture.isNull(); });
@@ -240,12 +214,18 @@ public:
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;
 
-    // The first rows of the picture, transparent.
-    QImage cleared(int rows) const
+    // A picture for a band, transparent in a part of it and uninitialised elsewhere.
+    QImage cleared(const Math::Box2di& band, const Math::Box2di& part) const
     {
-        const auto bytesPerRow = static_cast<qsizetype>(sizeof(QRgba64)) * _width;
-        std::memset(_pixels, 0, static_cast<std::size_t>(rows * bytesPerRow));
-        return {_pixels, _width, rows, bytesPerRow, QImage::Format_RGBA64_Premultiplied};
+        constexpr auto kBytes = static_cast<qsizetype>(sizeof(QRgba64));
+        const qsizetype bytesPerRow = kBytes * _width;
+        QImage picture(_pixels, _width, band.height(), bytesPerRow, QImage::Format_RGBA64_Premultiplied);
+        if (picture.isNull())
+            throw std::bad_alloc();
+        for (int y = part.y1; y < part.y2; ++y)
+            std::memset(_pixels + (y - band.y1) * bytesPerRow + (part.x1 - band.x1) * kBytes, 0,
+                        static_cast<std::size_t>(part.width()) * sizeof(QRgba64));
+        return picture;
     }
 
 private:
@@ -254,22 +234,46 @@ private:
     uchar* _pixels;
 };
 
-template<typename Pixel>
-void paintBand(const std::vector<PaintedShape>& shapes, const Math::Box2di& band, const Canvas& canvas,
-               CEL_PixmapOf<Pixel>& target)
+// What shapes may touch of a band.
+Math::Box2di touchedPart(const std::vector<PaintedShape>& shapes, const Math::Box2di& band)
 {
-    QImage picture = canvas.cleared(band.height());
-    if (picture.isNull())
-        throw std::bad_alloc();
-    paint(shapes, band, picture);
-    copyPixels<Pixel>(picture, band, target);
+    Math::Box2di touched;
+    for (const PaintedShape& painted : shapes)
+        touched.add(painted.pixels.getIntersection(band));
+    return touched;
 }
 
-template<typename Pixel>
-void paintBands(const std::vector<PaintedShape>& shapes, CEL_PixmapOf<Pixel>& target)
+// The painted pixels of a part of a band, which is empty where there are none.
+class PaintedPart
+{
+public:
+    PaintedPart(const QImage& picture, const Math::Box2di& band, const Math::Box2di& part)
+        : _picture(picture), _band(band), _part(part)
+    {}
+
+    const Math::Box2di& band() const { return _band; }
+    const Math::Box2di& part() const { return _part; }
+
+    // The four channels of pixel (x, y) of the part, with those right of it after them.
+    const std::uint16_t* at(int x, int y) const
+    {
+        static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "red is the first of a QRgba64's channels only there");
+        static_assert(sizeof(QRgba64) == 4 * sizeof(std::uint16_t));
+        return reinterpret_cast<const std::uint16_t*>(_picture.constScanLine(y - _band.y1)) +
+               std::ptrdiff_t{x - _band.x1} * 4;
+    }
+
+private:
+    const QImage& _picture;
+    Math::Box2di _band;
+    Math::Box2di _part;
+};
+
+// Calls take(painted) for the bands of a rectangle, several at once.
+template<typename Take>
+void paintBands(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect, const Take& take)
 {
     constexpr int kRows = 128;
-    const Math::Box2di rect = target.allocatedRect();
     // Pictures are resampled by steps that are rounded from where a band, or a part that Qt makes of a fill, begins. So
     // what has some is painted as one band, in Qt's own parts.
     const bool isOne = hasPictures(shapes);
@@ -279,7 +283,12 @@ void paintBands(const std::vector<PaintedShape>& shapes, CEL_PixmapOf<Pixel>& ta
         const Canvas canvas(rect.width(), height);
         for (int i = range.begin(); i < range.end(); ++i) {
             const int top = rect.y1 + i * height;
-            paintBand<Pixel>(shapes, {rect.x1, top, rect.x2, std::min(top + height, rect.y2)}, canvas, target);
+            const Math::Box2di band(rect.x1, top, rect.x2, std::min(top + height, rect.y2));
+            const Math::Box2di part = isOne ? band : touchedPart(shapes, band);
+            QImage picture = canvas.cleared(band, part);
+            if (!part.isEmpty())
+                paint(shapes, band, picture);
+            take(PaintedPart(picture, band, part));
         }
     };
     if (isOne) {
@@ -288,6 +297,32 @@ void paintBands(const std::vector<PaintedShape>& shapes, CEL_PixmapOf<Pixel>& ta
     }
     VL_parallelFor(tbb::blocked_range<int>(0, bands),
                    [&](const tbb::blocked_range<int>& range) { CELVEC_onPainterThread([&] { paintRange(range); }); });
+}
+
+// Writes the rows of a band, which have the target's columns.
+template<typename Pixel>
+void takePixels(const PaintedPart& painted, CELVEC_RowKernels::Coverage coverage, CEL_PixmapOf<Pixel>& target)
+{
+    const Math::Box2di& part = painted.part();
+    for (int y = painted.band().y1; y < painted.band().y2; ++y) {
+        const std::span<Pixel> row = target.row(y);
+        if (part.isEmpty() || y < part.y1 || y >= part.y2) {
+            std::ranges::fill(row, Pixel{});
+            continue;
+        }
+        const auto first = static_cast<std::size_t>(part.x1 - painted.band().x1);
+        const auto width = static_cast<std::size_t>(part.width());
+        std::ranges::fill(row.first(first), Pixel{});
+        CELVEC_RowKernels::convert(painted.at(part.x1, y), coverage, row.subspan(first, width));
+        std::ranges::fill(row.subspan(first + width), Pixel{});
+    }
+}
+
+void addPictures(const CELVEC_Kvd& drawing, std::vector<PaintedShape>& shapes)
+{
+    PaintedPictures pictures(drawing);
+    for (PaintedShape& painted : shapes)
+        painted.picture = pictures.of(*painted.shape, painted.colour);
 }
 
 } // namespace
@@ -300,12 +335,14 @@ void CELVEC_rasterise(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& co
     target.realloc(Math::Box2di(), true);
     if (rect.isEmpty())
         return;
-    PaintedPictures pictures(drawing);
-    for (PaintedShape& painted : shapes)
-        painted.picture = pictures.of(*painted.shape, painted.colour);
+    addPictures(drawing, shapes);
+    const bool isClosed = args.closesSeams && !drawing.colorTransform();
+    const auto coverage = isClosed ? CELVEC_RowKernels::Coverage::CLOSED : CELVEC_RowKernels::Coverage::KEPT;
     CEL_withFormat(target, [&](auto& typed) {
         typed.realloc(rect, false);
-        paintBands<CEL_PixelOf<decltype(typed)>>(shapes, typed);
+        paintBands(shapes, rect, [&](const PaintedPart& painted) {
+            takePixels<CEL_PixelOf<decltype(typed)>>(painted, coverage, typed);
+        });
     });
 }
 

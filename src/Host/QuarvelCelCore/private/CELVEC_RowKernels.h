@@ -1,0 +1,29 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Painted rows, as Qt's painter leaves them, as the pixels of pixmaps. A painted row has four channels
+// of unsigned 16 bits a pixel, red first, associated. All rows are as long as the row that is written.
+#pragma once
+
+#include "QuarvelCelCore/CEL_Pixels.h"
+
+#include <cstdint>
+#include <span>
+
+namespace CELVEC_RowKernels {
+
+/// What happens to the coverage of a pixel.
+enum class Coverage
+{
+    KEPT,
+    CLOSED ///< a becomes 1 - (1 - a)^2, and the colours grow in proportion (CELVEC_RenderArgs::closesSeams)
+};
+
+/// Halves every channel: exact at both ends of the range and monotonic in between. 16-bit pixels cannot be closed.
+void convert(const std::uint16_t* painted, Coverage coverage, std::span<CEL_PixelRGBA16> row);
+/// Divides every channel by 65535.
+void convert(const std::uint16_t* painted, Coverage coverage, std::span<CEL_PixelRGBAFloat> row);
+
+/// Closes pixels that are converted already.
+void close(std::span<CEL_PixelRGBAFloat> row);
+
+} // namespace CELVEC_RowKernels
