@@ -48,6 +48,13 @@ public:
         *_seconds += secondsSince(start);
     }
 
+    void addCoverage(const CELVEC_RenderArgs& args, CEL_CoverageStep step, CEL_CoveragePlane& coverage) const override
+    {
+        const Clock::time_point start = Clock::now();
+        CELVEC_Kvd::addCoverage(args, step, coverage);
+        *_seconds += secondsSince(start);
+    }
+
 private:
     std::shared_ptr<double> _seconds;
 };

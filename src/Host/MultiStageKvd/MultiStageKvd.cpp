@@ -49,6 +49,11 @@ void MultiStageKvd::render(const CELVEC_RenderArgs& args, CEL_PixmapArea& target
         CELVEC_closeSeams(target);
 }
 
+void MultiStageKvd::addCoverage(const CELVEC_RenderArgs& args, CEL_CoverageStep step, CEL_CoveragePlane& coverage) const
+{
+    addRenderedCoverage(args, step, coverage);
+}
+
 std::optional<Math::Box2di> MultiStageKvd::renderedRect(const CELVEC_RenderArgs& args) const
 {
     return _primary->renderedRect(args);

@@ -41,6 +41,7 @@ public:
     std::span<const CELVEC_Shape> shapes(GR_Art art) const override;
     UT_SharedPtr<CELVEC_Kvd> shareForRendering() const override;
     void render(const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const override;
+    void addCoverage(const CELVEC_RenderArgs& args, CEL_CoverageStep step, CEL_CoveragePlane& coverage) const override;
     /// The primary drawing's: stages work on the pixels that are there.
     std::optional<Math::Box2di> renderedRect(const CELVEC_RenderArgs& args) const override;
 

@@ -62,12 +62,26 @@ void CELVEC_Kvd::setColorTransform(UT_SharedPtr<CEL_ColorTransform> transform)
 
 void CELVEC_Kvd::render(const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const
 {
-    if (_transform) {
-        CELVEC_rasterise(*this, *_transform->createGraphicOpsTransform(), args, target);
-        return;
-    }
-    GR_GraphicOpsColorTransform fromPalette(_palette);
-    CELVEC_rasterise(*this, fromPalette, args, target);
+    CELVEC_rasterise(*this, *colours(), args, target);
+}
+
+void CELVEC_Kvd::addCoverage(const CELVEC_RenderArgs& args, CEL_CoverageStep step, CEL_CoveragePlane& coverage) const
+{
+    CELVEC_rasteriseCoverage(*this, *colours(), args, step, coverage);
+}
+
+void CELVEC_Kvd::addRenderedCoverage(const CELVEC_RenderArgs& args, CEL_CoverageStep step,
+                                     CEL_CoveragePlane& coverage) const
+{
+    CEL_PixmapAreaRGBA16 picture(args.size, args.canvas);
+    render(args, picture);
+    coverage.add(picture, step);
+}
+
+std::unique_ptr<GR_GraphicOpsColorTransform> CELVEC_Kvd::colours() const
+{
+    return _transform ? _transform->createGraphicOpsTransform()
+                      : std::make_unique<GR_GraphicOpsColorTransform>(_palette);
 }
 
 std::optional<Math::Box2di> CELVEC_Kvd::renderedRect(const CELVEC_RenderArgs& args) const

@@ -8,6 +8,7 @@
 
 #include "QuarvelCelCore/CELVEC_RenderArgs.h"
 #include "QuarvelCelCore/CEL_ColorTransform.h"
+#include "QuarvelCelCore/CEL_CoveragePlane.h"
 #include "QuarvelCelCore/CEL_PixmapArea.h"
 #include "QuarvelGraphicCore/CM_Palette.h"
 #include "QuarvelGraphicCore/GR_ArtSelector.h"
@@ -76,6 +77,10 @@ public:
     /// format stays empty.
     virtual void render(const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const;
 
+    /// Paints the coverage that render() makes in 16 bits over the coverage of what lies below, or cuts it out, without
+    /// a picture in between. A class that overrides render() overrides this as well where it changes the coverage.
+    virtual void addCoverage(const CELVEC_RenderArgs& args, CEL_CoverageStep step, CEL_CoveragePlane& coverage) const;
+
     /// The allocated rectangle that render() makes, found without painting, so that painting can wait
     /// (CEL_DeferredPixels). A class that overrides render() overrides this as well where it changes the rectangle.
     ///
@@ -84,10 +89,14 @@ public:
 
 protected:
     CELVEC_Kvd(const CELVEC_Kvd&);
+    /// addCoverage() by way of render(), for classes that change its pixels.
+    void addRenderedCoverage(const CELVEC_RenderArgs& args, CEL_CoverageStep step, CEL_CoveragePlane& coverage) const;
     void setPalette(const CM_SharedPtr<CM_Palette>& palette) { _palette = palette; }
 
 private:
     struct Geometry;
+
+    std::unique_ptr<GR_GraphicOpsColorTransform> colours() const;
 
     CM_SharedPtr<CM_Palette> _palette;
     std::shared_ptr<Geometry> _geometry;

@@ -88,6 +88,11 @@ public:
             CELVEC_closeSeams(target);
     }
 
+    void addCoverage(const CELVEC_RenderArgs& args, CEL_CoverageStep step, CEL_CoveragePlane& coverage) const override
+    {
+        own()->addCoverage(args, step, coverage);
+    }
+
     std::optional<Math::Box2di> renderedRect(const CELVEC_RenderArgs& args) const override
     {
         return colorTransform() ? std::nullopt : _drawing->renderedRect(args);
@@ -221,4 +226,9 @@ void takeCoverage(CEL_PixmapAreaRGBAFloat& picture, const CEL_PixmapArea& drawin
     CEL_withFormat(drawing, [&](const auto& colours) {
         takeCoverageOf(picture, colours.allocatedRect(), [&](int y) { return colours.row(y); });
     });
+}
+
+void takeCoverage(CEL_PixmapAreaRGBAFloat& picture, const CEL_CoveragePlane& coverage)
+{
+    takeCoverageOf(picture, coverage.rect(), [&](int y) { return coverage.row(y); });
 }

@@ -19,6 +19,7 @@
 // pixel, the node's float output has no coverage at all, so it gets the coverage of the drawing.
 #pragma once
 
+#include "QuarvelCelCore/CEL_CoveragePlane.h"
 #include "QuarvelCelCore/CEL_PixmapArea.h"
 #include "QuarvelSceneCore/graph/MO_Module.h"
 #include "QuarvelSceneCore/interfaces/RD_RenderParameters.h"
@@ -36,3 +37,5 @@ void closeSeams(MO_Module& node);
 /// Gives the pixels of a float picture the coverage of its drawing. Empty pixels, zero in all four channels, stay
 /// unchanged.
 void takeCoverage(CEL_PixmapAreaRGBAFloat& picture, const CEL_PixmapArea& drawing);
+/// The same where the drawing was painted in 16 bits and only its coverage is known.
+void takeCoverage(CEL_PixmapAreaRGBAFloat& picture, const CEL_CoveragePlane& coverage);

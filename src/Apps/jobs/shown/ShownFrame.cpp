@@ -148,6 +148,9 @@ UT_Result<void> ShownModule::addDrawing(double frame, const RD_RenderParameters&
     const bool isKnown = wanted.knownDrawing && (wanted.knownInputs || !changes.any()) && !wanted.drawing &&
                          !wanted.inputs && !wanted.objects;
     const auto rest = part(progress, kNodeEnds, 1.0);
+    if (corrected && !wanted.drawing && !notes && !isKnown)
+        if (const UT_Result<bool> done = takeCoverageAlone(*corrected, frame, parameters, rest); !done || *done)
+            return done ? UT_Result<void>() : done.error();
     UT_Result<UT_SharedPtr<CEL_PixmapArea>> painted = wanted.knownDrawing;
     if (!isKnown)
         painted = notes ? paintAndNote(frame, parameters, wanted, made, rest)
@@ -357,6 +360,40 @@ std::shared_ptr<const ShownModule::Copy> ShownModule::drawing() const
     Copy made = copy();
     made.module = &showDrawings(*made.scene, *made.module);
     return _drawing = std::make_shared<const Copy>(std::move(made));
+}
+
+std::shared_ptr<const ShownModule::Copy> ShownModule::coverage() const
+{
+    const std::scoped_lock lock(_mutex);
+    if (_coverage)
+        return _coverage;
+    Copy made = copy();
+    made.module = showCoverage(*made.scene, *made.module);
+    return _coverage = std::make_shared<const Copy>(std::move(made));
+}
+
+// Modules that join pictures pass no coverage on, and the graph is the same at every frame.
+UT_Result<bool> ShownModule::takeCoverageAlone(CEL_PixmapAreaRGBAFloat& picture, double frame,
+                                               const RD_RenderParameters& parameters,
+                                               const RD_SoftRenderer::Progress& progress) const
+{
+    if (isFloat(parameters) || !_passesCoverage)
+        return false;
+    const std::shared_ptr<const Copy> copy = coverage();
+    if (!copy->module) {
+        _passesCoverage = false;
+        return false;
+    }
+    const UT_Result<CA_CelRef> rendered = RD_SoftRenderer::render(*copy->module, frame, parameters, progress);
+    if (!rendered)
+        return rendered.error();
+    const auto painted = coverageOf(**rendered);
+    if (!painted) {
+        _passesCoverage = false;
+        return false;
+    }
+    takeCoverage(picture, *painted);
+    return true;
 }
 
 ShownModule::Copy ShownModule::copy() const

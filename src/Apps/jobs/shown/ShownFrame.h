@@ -26,6 +26,7 @@
 #include "jobs/shown/RenderedKind.h"
 #include "jobs/shown/VisibleDrawing.h"
 
+#include <atomic>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -155,6 +156,13 @@ private:
     /// How high the objects rise, in pixels.
     std::map<QString, std::map<int, double>> risesOf(double frame, const ObjectRims& rims, int width) const;
     std::shared_ptr<const Copy> drawing() const;
+    std::shared_ptr<const Copy> coverage() const;
+    /// Gives a float picture the drawing's coverage without painting the drawing's colours.
+    ///
+    /// @return whether that was possible
+    UT_Result<bool> takeCoverageAlone(CEL_PixmapAreaRGBAFloat& picture, double frame,
+                                      const RD_RenderParameters& parameters,
+                                      const RD_SoftRenderer::Progress& progress) const;
     Copy copy() const;
     UT_Result<UT_SharedPtr<CEL_PixmapArea>> paintAndNote(double frame, const RD_RenderParameters& parameters,
                                                          const ShownParts& wanted, ShownFrame& made,
@@ -168,6 +176,8 @@ private:
     mutable std::map<std::map<QString, QString>, std::shared_ptr<const Rimmed>> _rimmed; // by their object tables
     mutable std::map<std::pair<QString, int>, std::shared_ptr<const Copy>> _lines;       // by node and port
     mutable std::shared_ptr<const Copy> _drawing;
+    mutable std::shared_ptr<const Copy> _coverage;
+    mutable std::atomic<bool> _passesCoverage = true; ///< whether coverageOf() may find one
     mutable std::mutex _notingMutex;
     mutable Copy _noting;        // protected by _notingMutex
     mutable DrawingNotes _noted; // protected by _notingMutex

@@ -6,9 +6,11 @@
 
 #include "ObjectDefinition/ObjectDefinition.h"
 #include "ObjectDefinition/ObjectDefinitionMessage.h"
+#include "QuarvelCelCore/CELVEC_Kvd.h"
 #include "QuarvelCelCore/CEL_Compositing.h"
 #include "QuarvelSceneCore/interfaces/MO_CompositeModuleBitmapHandler.h"
 #include "QuarvelSceneCore/interfaces/MO_RenderingRequestService.h"
+#include "QuarvelSceneCore/interfaces/MO_SoftRenderServices.h"
 #include "QuarvelSceneCore/interfaces/RD_ScriptContext.h"
 #include "QuarvelSceneCore/kinds/MO_CompositeModuleBase.h"
 #include "jobs/shown/NormalMapNode.h"
@@ -65,12 +67,12 @@ private:
     std::unique_ptr<MO_RenderingRequestHandler> _nodes;
 };
 
-// Paints the inputs in the order of the ports.
-class Painter final : public MO_CompositeModuleBitmapHandler
+// Receives the inputs in the order of the ports.
+class InputHandler : public MO_CompositeModuleBitmapHandler
 {
 public:
-    Painter(MO_Module* module, const RD_RenderJob& job, double frame,
-            const std::vector<node_render::PortRenderInfo>& ports, const QString& node, DrawingNotes* notes)
+    InputHandler(MO_Module* module, const RD_RenderJob& job, double frame,
+                 const std::vector<node_render::PortRenderInfo>& ports)
         : MO_CompositeModuleBitmapHandler({module,
                                            job.parameters().celFormat() == CEL_FORMAT_RGBAFLOAT,
                                            job.parameters().celFormat() == CEL_FORMAT_RGBA16,
@@ -79,8 +81,6 @@ public:
                                           ports)
         , _frame(frame)
         , _window(job.frame())
-        , _node(node)
-        , _notes(notes)
     {}
 
     void softRender(MO_SoftContext& context, int port) override
@@ -88,6 +88,37 @@ public:
         _port = port;
         MO_CompositeModuleBitmapHandler::softRender(context, port);
     }
+
+protected:
+    // Of the input that is received.
+    int port() const { return _port; }
+    const Math::Box2di& window() const { return _window; }
+
+    int numberOf(const CEL_Cel& cel) const
+    {
+        const auto message = cel.findMessage(ObjectDefinition::objectDefinitionMessageId());
+        if (const auto object = message.dynamicCast<ObjectDefinitionMessage>())
+            return object->objectId();
+        for (const node_render::PortRenderInfo& info : ports())
+            if (info.port == _port)
+                return numberBehind(info.sourceModule, _frame);
+        return kNoObject;
+    }
+
+private:
+    double _frame;
+    Math::Box2di _window;
+    int _port = 0;
+};
+
+// Paints the inputs.
+class Painter final : public InputHandler
+{
+public:
+    Painter(MO_Module* module, const RD_RenderJob& job, double frame,
+            const std::vector<node_render::PortRenderInfo>& ports, const QString& node, DrawingNotes* notes)
+        : InputHandler(module, job, frame, ports), _node(node), _notes(notes)
+    {}
 
 protected:
     void acceptInputCel(const MO_SoftContext& context, CA_CelRef cel) override
@@ -101,7 +132,7 @@ protected:
         if (!shape)
             return;
         if (_notes) {
-            _notes->inputs.push_back({_node, _port, number, CoverageBits(*shape, _window)});
+            _notes->inputs.push_back({_node, port(), number, CoverageBits(*shape, window())});
             if (_notes->wantsObjects)
                 _notes->objects.paint(*shape, _node, number);
         }
@@ -139,36 +170,66 @@ private:
     {
         Math::Box2di room = painted.allocatedRect();
         room.add(_rect);
-        if (4 * room.area() > _window.area())
-            room.add(_window);
+        if (4 * room.area() > window().area())
+            room.add(window());
         return room;
     }
 
-    int numberOf(const CEL_Cel& cel) const
-    {
-        const auto message = cel.findMessage(ObjectDefinition::objectDefinitionMessageId());
-        if (const auto object = message.dynamicCast<ObjectDefinitionMessage>())
-            return object->objectId();
-        for (const node_render::PortRenderInfo& info : ports())
-            if (info.port == _port)
-                return numberBehind(info.sourceModule, _frame);
-        return kNoObject;
-    }
-
-    double _frame;
-    Math::Box2di _window;
     QString _node;
     DrawingNotes* _notes;
-    int _port = 0;
     CA_CelRef _painted;
     Math::Box2di _rect; // of all that is painted
+};
+
+constinit const UT_DynKey kCoverage("coverage of the drawing");
+
+// Paints the coverage of the inputs alone.
+class CoveragePainter final : public InputHandler
+{
+public:
+    CoveragePainter(MO_Module* module, const RD_RenderJob& job, double frame,
+                    const std::vector<node_render::PortRenderInfo>& ports)
+        : InputHandler(module, job, frame, ports), _coverage(UT_makeShared<CEL_CoveragePlane>(window()))
+    {}
+
+protected:
+    void acceptInputCel(const MO_SoftContext&, CA_CelRef cel) override
+    {
+        const int number = numberOf(*cel);
+        if (number < 0)
+            return;
+        const auto step = number == 0 ? CEL_CoverageStep::CUT_OUT : CEL_CoverageStep::PAINT_OVER;
+        if (const auto drawing = cel->findBestVectorRepresentation(); drawing && cel->renderArgs()) {
+            drawing->addCoverage(*cel->renderArgs(), step, *_coverage);
+            return;
+        }
+        const auto pixels = cel->convertTo(CEL_FORMAT_RGBA16)->pixmap();
+        if (const auto colours = pixels.dynamicCast<CEL_PixmapAreaRGBA16>())
+            _coverage->add(*colours, step);
+    }
+
+    void finishRender(const MO_SoftContext& context, CA_CelRef) override
+    {
+        const CA_CelRef blank = MO_SoftRenderServices::createBlankCel(context);
+        blank->addMessage(kCoverage, _coverage);
+        setCel(context, blank);
+    }
+
+private:
+    UT_SharedPtr<CEL_CoveragePlane> _coverage;
 };
 
 // The stand-in for a node.
 class VisibleInputs final : public MO_CompositeModuleBase
 {
 public:
-    VisibleInputs(MO_Module& node, DrawingNotes* notes) : _node(&node), _notes(notes)
+    enum class Paints
+    {
+        COLOURS,
+        COVERAGE
+    };
+
+    VisibleInputs(MO_Module& node, Paints paints, DrawingNotes* notes) : _node(&node), _paints(paints), _notes(notes)
     {
         setEnabled(node.enabled());
         addInImagePort();
@@ -188,12 +249,15 @@ public:
     createSoftRenderInterface(const RD_ScriptContext& context,
                               const std::vector<node_render::PortRenderInfo>& ports) override
     {
+        if (_paints == Paints::COVERAGE)
+            return UT_makeShared<CoveragePainter>(this, context.renderJob(), context.globalFrameKey().frame, ports);
         return UT_makeShared<Painter>(this, context.renderJob(), context.globalFrameKey().frame, ports,
                                       _node->instanceName(), _notes);
     }
 
 private:
     MO_Module* _node;
+    Paints _paints;
     DrawingNotes* _notes;
 };
 
@@ -202,9 +266,9 @@ bool endsTheWalk(const MO_Module& module)
     return NormalMapNode::is(module) || dynamic_cast<const VisibleInputs*>(&module) != nullptr;
 }
 
-VisibleInputs& replace(MO_Module& node, DrawingNotes* notes)
+VisibleInputs& replace(MO_Module& node, VisibleInputs::Paints paints, DrawingNotes* notes)
 {
-    auto& inputs = node.group()->emplace<VisibleInputs>(node, notes);
+    auto& inputs = node.group()->emplace<VisibleInputs>(node, paints, notes);
     for (unsigned i = 0; i < node.nInPorts(); ++i)
         if (const MO_Port* const source = node.inPort(i)->srcPort(); source && source->module())
             (void)MO_Scene::connect(*source->module(), inputs, i, source->index());
@@ -212,6 +276,29 @@ VisibleInputs& replace(MO_Module& node, DrawingNotes* notes)
     for (MO_Port* const sink : sinks)
         (void)sink->connect(*inputs.outPort(0));
     return inputs;
+}
+
+std::vector<MO_Module*> nodesOf(MO_Scene& scene)
+{
+    std::vector<MO_Module*> nodes;
+    scene.root().forEachModule([&](MO_Module& module) {
+        if (NormalMapNode::is(module))
+            nodes.push_back(&module);
+    });
+    return nodes;
+}
+
+// @return what delivers the picture of `shown` then
+MO_Module& replaceAll(const std::vector<MO_Module*>& nodes, MO_Module& shown, VisibleInputs::Paints paints,
+                      DrawingNotes* notes)
+{
+    MO_Module* result = &shown;
+    for (MO_Module* const node : nodes) {
+        VisibleInputs& standIn = replace(*node, paints, notes);
+        if (node == &shown)
+            result = &standIn;
+    }
+    return *result;
 }
 
 } // namespace
@@ -230,16 +317,16 @@ int objectNumberBehind(const MO_Port& input, double frame)
 
 MO_Module& showDrawings(MO_Scene& scene, MO_Module& shown, DrawingNotes* notes)
 {
-    std::vector<MO_Module*> nodes;
-    scene.root().forEachModule([&](MO_Module& module) {
-        if (NormalMapNode::is(module))
-            nodes.push_back(&module);
-    });
-    MO_Module* result = &shown;
-    for (MO_Module* const node : nodes) {
-        VisibleInputs& standIn = replace(*node, notes);
-        if (node == &shown)
-            result = &standIn;
-    }
-    return *result;
+    return replaceAll(nodesOf(scene), shown, VisibleInputs::Paints::COLOURS, notes);
+}
+
+MO_Module* showCoverage(MO_Scene& scene, MO_Module& shown)
+{
+    const std::vector<MO_Module*> nodes = nodesOf(scene);
+    return nodes.size() == 1 ? &replaceAll(nodes, shown, VisibleInputs::Paints::COVERAGE, nullptr) : nullptr;
+}
+
+UT_SharedPtr<CEL_CoveragePlane> coverageOf(const CEL_Cel& picture)
+{
+    return picture.findMessage(kCoverage).dynamicCast<CEL_CoveragePlane>();
 }

@@ -16,6 +16,8 @@
 // at once.
 #pragma once
 
+#include "QuarvelCelCore/CEL_Cel.h"
+#include "QuarvelCelCore/CEL_CoveragePlane.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "jobs/shown/InputCoverage.h"
 #include "jobs/shown/ObjectPlane.h"
@@ -45,3 +47,13 @@ ObjectDefinition* objectDefinitionBehind(const MO_Port& input);
 /// @param notes if not null, every render adds each input to them; then only one frame may be rendered at a time
 /// @return the module to render for the drawing that belongs to the picture of `shown`
 MO_Module& showDrawings(MO_Scene& scene, MO_Module& shown, DrawingNotes* notes = nullptr);
+
+/// The same for the drawing's coverage alone, which takes half of the time. The module's pictures have no pixels then;
+/// coverageOf() has what they carry.
+///
+/// @return null in scenes with several nodes, of which one may be an input of another
+MO_Module* showCoverage(MO_Scene& scene, MO_Module& shown);
+
+/// The drawing's coverage that a picture carries, in 16 bits; null where the modules between a node and the one that
+/// was rendered do not pass it on.
+UT_SharedPtr<CEL_CoveragePlane> coverageOf(const CEL_Cel& picture);

@@ -318,6 +318,17 @@ void takePixels(const PaintedPart& painted, CELVEC_RowKernels::Coverage coverage
     }
 }
 
+void takeCoverage(const PaintedPart& painted, CEL_CoverageStep step, CEL_CoveragePlane& coverage)
+{
+    const Math::Box2di common = painted.part().getIntersection(coverage.rect());
+    if (common.isEmpty())
+        return;
+    const auto work = step == CEL_CoverageStep::PAINT_OVER ? CELVEC_RowKernels::paintOver : CELVEC_RowKernels::cutOut;
+    for (int y = common.y1; y < common.y2; ++y)
+        work(painted.at(common.x1, y), coverage.row(y).subspan(static_cast<std::size_t>(common.x1 - coverage.rect().x1),
+                                                               static_cast<std::size_t>(common.width())));
+}
+
 void addPictures(const CELVEC_Kvd& drawing, std::vector<PaintedShape>& shapes)
 {
     PaintedPictures pictures(drawing);
@@ -344,6 +355,17 @@ void CELVEC_rasterise(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& co
             takePixels<CEL_PixelOf<decltype(typed)>>(painted, coverage, typed);
         });
     });
+}
+
+void CELVEC_rasteriseCoverage(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& colors,
+                              const CELVEC_RenderArgs& args, CEL_CoverageStep step, CEL_CoveragePlane& coverage)
+{
+    std::vector<PaintedShape> shapes = paintShapes(drawing, colors, args.drawingToPixel);
+    const Math::Box2di rect = rectOf(shapes, args);
+    if (rect.isEmpty())
+        return;
+    addPictures(drawing, shapes);
+    paintBands(shapes, rect, [&](const PaintedPart& painted) { takeCoverage(painted, step, coverage); });
 }
 
 Math::Box2di CELVEC_rasterisedRect(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& colors,

@@ -10,6 +10,10 @@
 void CELVEC_rasterise(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& colors, const CELVEC_RenderArgs& args,
                       CEL_PixmapArea& target);
 
+/// Paints it into a coverage, as CELVEC_Kvd::addCoverage describes.
+void CELVEC_rasteriseCoverage(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& colors,
+                              const CELVEC_RenderArgs& args, CEL_CoverageStep step, CEL_CoveragePlane& coverage);
+
 /// The rectangle of the pixels that it would paint.
 Math::Box2di CELVEC_rasterisedRect(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& colors,
                                    const CELVEC_RenderArgs& args);

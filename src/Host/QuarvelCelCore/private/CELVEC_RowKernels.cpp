@@ -3,6 +3,8 @@
 // Nearly all pixels are covered fully or not at all, so that whole vectors of them need no arithmetic.
 #include "QuarvelCelCore/private/CELVEC_RowKernels.h"
 
+#include "QuarvelCelCore/private/CEL_PixelOver.h"
+
 #include <cstddef>
 
 #undef HWY_TARGET_INCLUDE
@@ -82,6 +84,26 @@ void convertToClosed(const std::uint16_t* HWY_RESTRICT painted, std::span<CEL_Pi
 }
 #endif
 
+// The coverage of a painted pixel alone.
+HWY_INLINE CEL_PixelRGBA16 halvedAlpha(const std::uint16_t* painted, std::size_t pixel)
+{
+    return {0, 0, 0, static_cast<std::int16_t>(painted[kChannels * pixel + 3] >> 1)};
+}
+
+void paintOverRow(const std::uint16_t* HWY_RESTRICT painted, std::span<std::int16_t> coverage)
+{
+    for (std::size_t i = 0; i < coverage.size(); ++i)
+        if (const CEL_PixelRGBA16 above = halvedAlpha(painted, i); above.a > 0)
+            coverage[i] = CEL_WholeBelow(above)(above.a, coverage[i]);
+}
+
+void cutOutRow(const std::uint16_t* HWY_RESTRICT painted, std::span<std::int16_t> coverage)
+{
+    for (std::size_t i = 0; i < coverage.size(); ++i)
+        if (const CEL_PixelRGBA16 above = halvedAlpha(painted, i); above.a > 0)
+            coverage[i] = CEL_WholeBelow(above)(0, coverage[i]);
+}
+
 } // namespace CELVEC_RowKernels::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
 
@@ -95,6 +117,8 @@ VL_EXPORT(convertTo16);
 VL_EXPORT(convertToFloat);
 VL_EXPORT(convertToClosed);
 VL_EXPORT(closeRow);
+VL_EXPORT(paintOverRow);
+VL_EXPORT(cutOutRow);
 
 void convert(const std::uint16_t* painted, Coverage, std::span<CEL_PixelRGBA16> row)
 {
@@ -112,6 +136,16 @@ void convert(const std::uint16_t* painted, Coverage coverage, std::span<CEL_Pixe
 void close(std::span<CEL_PixelRGBAFloat> row)
 {
     VL_CALL(closeRow)(row);
+}
+
+void paintOver(const std::uint16_t* painted, std::span<std::int16_t> coverage)
+{
+    VL_CALL(paintOverRow)(painted, coverage);
+}
+
+void cutOut(const std::uint16_t* painted, std::span<std::int16_t> coverage)
+{
+    VL_CALL(cutOutRow)(painted, coverage);
 }
 
 } // namespace CELVEC_RowKernels

@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Painted rows, as Qt's painter leaves them, as the pixels of pixmaps. A painted row has four channels
+// Painted rows, as Qt's painter leaves them, as the pixels of pixmaps and as coverage. A painted row has four channels
 // of unsigned 16 bits a pixel, red first, associated. All rows are as long as the row that is written.
 #pragma once
 
@@ -25,5 +25,10 @@ void convert(const std::uint16_t* painted, Coverage coverage, std::span<CEL_Pixe
 
 /// Closes pixels that are converted already.
 void close(std::span<CEL_PixelRGBAFloat> row);
+
+/// Paints the row's coverage, halved as above, over another (CEL_paintOver()).
+void paintOver(const std::uint16_t* painted, std::span<std::int16_t> coverage);
+/// Cuts it out of another (CEL_cutOut()).
+void cutOut(const std::uint16_t* painted, std::span<std::int16_t> coverage);
 
 } // namespace CELVEC_RowKernels

@@ -176,6 +176,20 @@ TEST_F(RenderPrecision, LeavesCoverageAsTheDrawingHasIt)
     EXPECT_GT(soft, 500);
 }
 
+TEST_F(RenderPrecision, IsTheSameWhetherOrNotTheDrawingIsWanted)
+{
+    // Without the drawing's colours, its coverage is found in another way.
+    const LayeredDrawing drawing = read(kTwoDiscs, ObjectChoice::SHAPES);
+    const ShownFrame with = render(drawing, wide(), {.drawing = true});
+    const ShownFrame without = render(drawing, wide());
+    ASSERT_TRUE(isFloat(with));
+    ASSERT_EQ(with.picture->allocatedRect(), without.picture->allocatedRect());
+    const auto& a = dynamic_cast<const CEL_PixmapAreaRGBAFloat&>(*with.picture);
+    const auto& b = dynamic_cast<const CEL_PixmapAreaRGBAFloat&>(*without.picture);
+    for (int y = a.allocatedRect().y1; y < a.allocatedRect().y2; ++y)
+        ASSERT_TRUE(std::ranges::equal(a.row(y), b.row(y))) << y;
+}
+
 TEST_F(RenderPrecision, ShowsNoSeamBetweenShapesThatAbut)
 {
     NormalMapSettings settings = form(60.0, 1.3);
