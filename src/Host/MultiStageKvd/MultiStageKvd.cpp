@@ -3,6 +3,7 @@
 // The drawing that is rasterised in stages.
 #include "MultiStageKvd/MultiStageKvd.h"
 
+#include "QuarvelCelCore/CELVEC_KeptAlpha.h"
 #include "QuarvelCelCore/CELVEC_SeamClosing.h"
 
 MultiStageKvd::RenderingStage::~RenderingStage() = default;
@@ -42,6 +43,9 @@ void MultiStageKvd::render(const CELVEC_RenderArgs& args, CEL_PixmapArea& target
     // Seams are closed once, in the finished pixels.
     CELVEC_RenderArgs open = args;
     open.closesSeams = false;
+    // Stages often paint the drawing again.
+    CELVEC_KeptAlpha alpha;
+    open.keptAlpha = _stages.empty() ? nullptr : &alpha;
     _primary->render(open, target);
     for (const UT_SharedPtr<RenderingStage>& stage : _stages)
         stage->render(*this, open, target);

@@ -274,6 +274,86 @@ TEST(MultiStageDrawing, RunsItsStagesInOrderOnThePrimaryPicture)
     EXPECT_EQ(render16(*staged, pixels(1, 1))->at(0, 0), (CEL_PixelRGBA16{2, 0, 32767, 32767}));
 }
 
+// A stage that paints the drawing again in one colour, and takes that picture.
+class PaintAgain final : public MultiStageKvd::RenderingStage
+{
+public:
+    PaintAgain(VS_RGBA paint, bool sharesAlpha) : _paint(paint), _sharesAlpha(sharesAlpha) {}
+
+    void render(const MultiStageKvd& drawing, const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const override
+    {
+        CELVEC_RenderArgs own = args;
+        if (!_sharesAlpha)
+            own.keptAlpha = nullptr;
+        const auto again = drawing.primary()->shareForRendering();
+        again->setColorTransform(UT_makeShared<AllIn>(_paint));
+        again->render(own, target);
+    }
+
+private:
+    class AllIn final : public CEL_ColorTransform
+    {
+    public:
+        explicit AllIn(VS_RGBA paint) : _paint(paint) {}
+        std::unique_ptr<GR_GraphicOpsColorTransform> createGraphicOpsTransform() override
+        {
+            return std::make_unique<Ops>(_paint);
+        }
+
+    private:
+        class Ops final : public GR_GraphicOpsColorTransform
+        {
+        public:
+            explicit Ops(VS_RGBA paint) : GR_GraphicOpsColorTransform(palette()), _paint(paint) {}
+            VS_RGBA GetColorValue(const CM_SharedPtr<CM_BaseColorObj>&) override { return _paint; }
+
+        private:
+            VS_RGBA _paint;
+        };
+        VS_RGBA _paint;
+    };
+
+    VS_RGBA _paint;
+    bool _sharesAlpha;
+};
+
+template<typename Pixmap>
+UT_SharedPtr<Pixmap> paintedAgain(const UT_SharedPtr<CELVEC_Kvd>& drawing, VS_RGBA paint, bool sharesAlpha)
+{
+    const auto staged = MultiStageKvd::embed(drawing);
+    staged->addStage(UT_makeShared<PaintAgain>(paint, sharesAlpha));
+    CELVEC_RenderArgs args = pixels(80, 400);
+    args.wanted = Box2di(0, 30, 80, 400);
+    auto target = UT_makeShared<Pixmap>(args.size, args.canvas);
+    staged->render(args, *target);
+    return target;
+}
+
+TEST(MultiStageDrawing, PaintsAgainInAnyColourWhatItPaintsAnew)
+{
+    // Soft outlines, opacities, a clip, holes and several bands of rows.
+    QPainterPath ring;
+    ring.addEllipse(QPointF(40.3, 200.1), 30.7, 180.4);
+    ring.addEllipse(QPointF(40.3, 200.1), 12.2, 90.9);
+    QPainterPath slanted;
+    slanted.addPolygon(QPolygonF({{3.3, 12.1}, {71.7, 250.2}, {9.4, 398.6}}));
+    CELVEC_Shape clipped{ring, kBlue, 0.7, {}};
+    clipped.clip = slanted;
+    const auto drawing = drawingOf({{ring, kRed, 1.0, {}}, {slanted, kBlue, 0.35, {}}, clipped});
+    for (const VS_RGBA paint : {VS_RGBA{255, 255, 255, 255}, VS_RGBA{255, 255, 255, 120}, VS_RGBA{90, 90, 90, 255}}) {
+        const auto shared = paintedAgain<CEL_PixmapAreaRGBA16>(drawing, paint, true);
+        const auto anew = paintedAgain<CEL_PixmapAreaRGBA16>(drawing, paint, false);
+        const auto sharedFloat = paintedAgain<CEL_PixmapAreaRGBAFloat>(drawing, paint, true);
+        const auto anewFloat = paintedAgain<CEL_PixmapAreaRGBAFloat>(drawing, paint, false);
+        const Box2di& rect = anew->allocatedRect();
+        ASSERT_EQ(shared->allocatedRect(), rect);
+        for (int y = rect.y1; y < rect.y2; ++y) {
+            ASSERT_TRUE(std::ranges::equal(shared->row(y), anew->row(y))) << y;
+            ASSERT_TRUE(std::ranges::equal(sharedFloat->row(y), anewFloat->row(y))) << y;
+        }
+    }
+}
+
 TEST(MultiStageDrawing, ClosesSeamsAfterItsStages)
 {
     class CoverHalf final : public MultiStageKvd::RenderingStage

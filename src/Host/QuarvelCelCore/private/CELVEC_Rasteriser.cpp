@@ -10,6 +10,7 @@
 #include "QuarvelBaseCore/UT_PixelMemory.h"
 #include "QuarvelCelCore/CELVEC_PainterThread.h"
 #include "QuarvelCelCore/CEL_WithFormat.h"
+#include "QuarvelCelCore/private/CELVEC_AlphaPainting.h"
 #include "QuarvelCelCore/private/CELVEC_RowKernels.h"
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
 #include "QuarvelVectorLanes/VL_ParallelFor.h"
@@ -336,6 +337,74 @@ void addPictures(const CELVEC_Kvd& drawing, std::vector<PaintedShape>& shapes)
         painted.picture = pictures.of(*painted.shape, painted.colour);
 }
 
+std::vector<CELVEC_OpaqueShape> opaqueShapes(const std::vector<PaintedShape>& shapes)
+{
+    std::vector<CELVEC_OpaqueShape> opaque;
+    opaque.reserve(shapes.size());
+    for (const PaintedShape& painted : shapes)
+        opaque.push_back({painted.shape, painted.toPixel, painted.paint.rgba64().alpha()});
+    return opaque;
+}
+
+bool areWhite(const std::vector<PaintedShape>& shapes)
+{
+    return std::ranges::all_of(shapes, [](const PaintedShape& painted) {
+        const VS_RGBA& colour = painted.colour;
+        return painted.picture.isNull() && colour.red == 255 && colour.green == 255 && colour.blue == 255;
+    });
+}
+
+// Keeps the alphas of a band, whose columns are the painting's.
+void keepAlphas(const PaintedPart& painted, const CELVEC_KeptAlpha::Painting& kept)
+{
+    const Math::Box2di& part = painted.part();
+    for (int y = painted.band().y1; y < painted.band().y2; ++y) {
+        const std::span<std::uint16_t> row = kept.row(y);
+        if (part.isEmpty() || y < part.y1 || y >= part.y2) {
+            std::ranges::fill(row, std::uint16_t{0});
+            continue;
+        }
+        const auto first = static_cast<std::size_t>(part.x1 - painted.band().x1);
+        const auto width = static_cast<std::size_t>(part.width());
+        std::ranges::fill(row.first(first), std::uint16_t{0});
+        CELVEC_RowKernels::takeAlphas(painted.at(part.x1, y), row.subspan(first, width));
+        std::ranges::fill(row.subspan(first + width), std::uint16_t{0});
+    }
+}
+
+template<typename Pixel>
+void spreadAlphas(const CELVEC_KeptAlpha::Painting& kept, CEL_PixmapOf<Pixel>& target)
+{
+    const Math::Box2di& rect = target.allocatedRect();
+    VL_parallelFor(tbb::blocked_range<int>(rect.y1, rect.y2, 16), [&](const tbb::blocked_range<int>& rows) {
+        for (int y = rows.begin(); y < rows.end(); ++y)
+            CELVEC_RowKernels::spread(kept.row(y).data(), target.row(y));
+    });
+}
+
+// Paints shapes into a target with a rectangle, or takes over what another painting of them left.
+template<typename Pixel>
+void paintPixels(const std::vector<PaintedShape>& shapes, CELVEC_RowKernels::Coverage coverage, CELVEC_KeptAlpha* alpha,
+                 CEL_PixmapOf<Pixel>& target)
+{
+    const Math::Box2di& rect = target.allocatedRect();
+    const CELVEC_KeptAlpha::Painting* kept = nullptr;
+    if (alpha && !hasPictures(shapes)) {
+        std::vector<CELVEC_OpaqueShape> opaque = opaqueShapes(shapes);
+        if (alpha->painting() && areWhite(shapes) && alpha->painting()->isOf(opaque, rect)) {
+            spreadAlphas<Pixel>(*alpha->painting(), target);
+            return;
+        }
+        alpha->keep(std::make_unique<CELVEC_KeptAlpha::Painting>(std::move(opaque), rect));
+        kept = alpha->painting().get();
+    }
+    paintBands(shapes, rect, [&](const PaintedPart& painted) {
+        takePixels<Pixel>(painted, coverage, target);
+        if (kept)
+            keepAlphas(painted, *kept);
+    });
+}
+
 } // namespace
 
 void CELVEC_rasterise(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& colors, const CELVEC_RenderArgs& args,
@@ -351,9 +420,7 @@ void CELVEC_rasterise(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& co
     const auto coverage = isClosed ? CELVEC_RowKernels::Coverage::CLOSED : CELVEC_RowKernels::Coverage::KEPT;
     CEL_withFormat(target, [&](auto& typed) {
         typed.realloc(rect, false);
-        paintBands(shapes, rect, [&](const PaintedPart& painted) {
-            takePixels<CEL_PixelOf<decltype(typed)>>(painted, coverage, typed);
-        });
+        paintPixels<CEL_PixelOf<decltype(typed)>>(shapes, coverage, args.keptAlpha, typed);
     });
 }
 
