@@ -22,6 +22,8 @@ constexpr Sigma kSigmas[] = {{"sigma3.3", 3.3}, {"sigma6.6", 6.6},   {"sigma13.3
                              {"sigma66", 66.0}, {"sigma133", 133.0}, {"sigma266", 266.0}};
 // Small enough that the blur is the short filter alone.
 constexpr Sigma kShortSigmas[] = {{"sigma1.3", 1.3}, {"sigma2.7", 2.7}, {"sigma3.2", 3.2}};
+// With one, two and several doublings.
+constexpr Sigma kStoredSigmas[] = {{"sigma6.6", 6.6}, {"sigma13.3", 13.3}, {"sigma66", 66.0}};
 // OpenCV's own Gaussian takes too long for larger sigmas.
 constexpr double kLargestForGaussian = 14.0;
 
@@ -62,6 +64,41 @@ Case oursCase(const std::string& name, const Lazy<Planes>& planes, double sigma,
                 const BA_Plane result = Planes::planeOf(planes->result);
                 timeEach(state, [&] { planes->ours.run(source, result); });
             }};
+}
+
+// The rows of a plane, as one that reads them takes them or as one that wants them in the cache.
+class PlaneRows final : public BA_RowSource, public BA_RowSink
+{
+public:
+    PlaneRows(cv::Mat& mat, bool isReadSoon) : _mat(mat), _isReadSoon(isReadSoon) {}
+
+    const float* row(int y, float*) const override { return _mat.ptr<float>(y); }
+    float* begin(int y, float*) override { return _mat.ptr<float>(y); }
+    void end(int, const float*) override {}
+    bool isReadSoon() const override { return _isReadSoon; }
+
+private:
+    cv::Mat& _mat;
+    bool _isReadSoon;
+};
+
+// What writing past the cache gains where doubling makes the result.
+void addStores(Group& group, const Lazy<Planes>& planes, const std::string& prefix, const Sigma& row)
+{
+    const auto caseOf = [&](const std::string& name, bool isReadSoon) {
+        return Case{name, [=, sigma = row.value](benchmark::State& state) {
+                        planes->ours.setSigmas(sigma, sigma);
+                        const PlaneRows source(planes->source, false);
+                        PlaneRows result(planes->result, isReadSoon);
+                        const Math::Box2di rect(0, 0, planes->source.cols, planes->source.rows);
+                        timeEach(state, [&] { planes->ours.run(source, rect, result, rect); });
+                    }};
+    };
+    const std::string name = prefix + row.name;
+    group.cases.push_back(caseOf(name + "/past-cache", false));
+    group.cases.push_back(caseOf(name + "/cached", true));
+    group.figures.push_back(
+        {name + " in the cache : past it", name + "/cached", name + "/past-cache", Figure::kNoGoal, false, ""});
 }
 
 // What the short filter, which alone blurs by small sigmas, gains by summing parts of one value only once: it is given
@@ -117,6 +154,8 @@ Group blurGroup(const FrameSize& frame)
         addSigma(group, planes, prefix, sigma);
     for (const Sigma& sigma : kShortSigmas)
         addUneven(group, planes, prefix, sigma);
+    for (const Sigma& sigma : kStoredSigmas)
+        addStores(group, planes, prefix, sigma);
     const std::string reference = prefix + kSigmas[1].name + "/ours";
     for (const Sigma& sigma : kSigmas)
         if (sigma.value > kSigmas[1].value)

@@ -48,6 +48,10 @@ public:
 
     /// Row y has been written to where begin() said.
     virtual void end(int y, const float* row) = 0;
+
+    /// Whether rows are read again so soon that they had better stay in the cache. By default not: rows of large
+    /// results are written past it. The values are the same.
+    virtual bool isReadSoon() const { return false; }
 };
 
 /// A plane of floats in memory, rows of one rectangle.

@@ -207,6 +207,34 @@ TEST(GaussianBlur, GivesTheSamePixelsInALargePlaneHoweverItLiesInMemory)
         }
 }
 
+TEST(GaussianBlur, GivesTheSameBitsWhetherOrNotTheyAreReadSoon)
+{
+    class Rows final : public BA_RowSource, public BA_RowSink
+    {
+    public:
+        Rows(Plane& plane, bool isReadSoon) : _plane(plane), _isReadSoon(isReadSoon) {}
+        const float* row(int y, float*) const override { return &_plane.at(_plane.rect.x1, y); }
+        float* begin(int y, float*) override { return &_plane.at(_plane.rect.x1, y); }
+        void end(int, const float*) override {}
+        bool isReadSoon() const override { return _isReadSoon; }
+
+    private:
+        Plane& _plane;
+        bool _isReadSoon;
+    };
+    // Large enough to be written past the cache.
+    Plane source = noise(Box2di(0, 0, 1104, 1000));
+    Plane soon(source.rect);
+    Plane later(source.rect);
+    Rows rows(source, false);
+    Rows intoCache(soon, true);
+    Rows pastCache(later, false);
+    BA_GaussianBlur blur(9.0, 9.0);
+    blur.run(rows, source.rect, intoCache, soon.rect);
+    blur.run(rows, source.rect, pastCache, later.rect);
+    EXPECT_TRUE(sameBits(soon, later));
+}
+
 TEST(GaussianBlur, WritesOnlyItsRectangleOfAWiderMemory)
 {
     const Plane source = noise(Box2di(0, 0, 30, 30));

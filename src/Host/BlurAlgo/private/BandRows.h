@@ -128,7 +128,8 @@ public:
     bool worthStreaming() const
     {
         const auto isOwn = [this](std::size_t j) { return _rows[j] != _buffers[j] + _left; };
-        return std::int64_t{_out.rect.width()} * _out.rect.height() >= kStreamedSamples && isOwn(0) && isOwn(kRows - 1);
+        return std::int64_t{_out.rect.width()} * _out.rect.height() >= kStreamedSamples && !_out.rows.isReadSoon() &&
+               isOwn(0) && isOwn(kRows - 1);
     }
 
     /// The rows of the latest begin() have been written.
