@@ -8,7 +8,7 @@
 #include "form/bitmap/pixels/ConnectedPixels.h"
 #include "form/bitmap/pixels/PixelDistances.h"
 #include "form/lines/AreaOutline.h"
-#include "form/raster/Grid.h"
+#include "form/raster/CellMask.h"
 
 #include <QImage>
 #include <QPainter>
@@ -33,7 +33,7 @@ constexpr int kOutside = 0;
 
 QImage paintedLines(std::span<const DIO_Shape* const> lines, const Grid& grid)
 {
-    QImage image = GR_newImage(grid.bounds().size(), QImage::Format_Alpha8);
+    QImage image = GR_newImage(grid.bounds().size(), kFormatPainted);
     image.fill(0);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -44,7 +44,8 @@ QImage paintedLines(std::span<const DIO_Shape* const> lines, const Grid& grid)
             painter.setClipPath(*line->clip);
         painter.fillPath(line->path, Qt::white);
     }
-    return image;
+    painter.end();
+    return GR_imageInFormat(image, QImage::Format_Alpha8);
 }
 
 PixelPlane<char> cellsOfLines(const QImage& image, const Grid& grid)
@@ -67,18 +68,44 @@ PixelPlane<int> depthsBetween(const PixelPlane<char>& lines)
     return depthsInside(free);
 }
 
-// The areas that lines and gaps separate in a part of the picture, numbered; kNoLabel outside that part and in areas
-// narrower than a gap.
+// The cores of the areas in a part of the picture: what is farther from all lines than half of a gap.
 //
 // @param open    nonzero for the cells of the part
 // @param halfGap as a part of the longer side
-PixelPlane<int> separateAreas(const PixelPlane<int>& depths, const PixelPlane<char>& open, double halfGap)
+ConnectedParts coresOf(const PixelPlane<int>& depths, const PixelPlane<char>& open, double halfGap)
 {
     const int far = static_cast<int>(kPixelStep * halfGap * std::max(depths.width(), depths.height()));
     PixelPlane<char> cores(depths.width(), depths.height(), 0);
     for (int i = 0; i < depths.count(); ++i)
         cores[i] = open[i] && depths[i] > far ? 1 : 0;
-    return grown(connectedPartsOf(cores).labels, open).labels;
+    return connectedPartsOf(cores);
+}
+
+// The areas that lines and gaps separate in a part of the picture, numbered; kNoLabel outside that part and in areas
+// narrower than a gap.
+PixelPlane<int> separateAreas(const ConnectedParts& cores, const PixelPlane<char>& open)
+{
+    return grown(cores.labels, open).labels;
+}
+
+// Whether a core may be that of a closed area, which reaches the picture's border on one side at the most.
+bool mayBeClosed(const ConnectedParts& cores)
+{
+    const PixelPlane<int>& labels = cores.labels;
+    std::vector<std::array<bool, 4>> touches(cores.pixels.size(), std::array{false, false, false, false});
+    const auto touch = [&](int x, int y, std::size_t side) {
+        if (const int core = labels.at(x, y); core >= 0)
+            touches[static_cast<std::size_t>(core)][side] = true;
+    };
+    for (int y = 0; y < labels.height(); ++y) {
+        touch(0, y, 0);
+        touch(labels.width() - 1, y, 1);
+    }
+    for (int x = 0; x < labels.width(); ++x) {
+        touch(x, 0, 2);
+        touch(x, labels.height() - 1, 3);
+    }
+    return std::ranges::any_of(touches, [](const auto& sides) { return std::ranges::count(sides, true) < 2; });
 }
 
 // What decides whether an area is closed. Lengths are in edges of cells.
@@ -138,7 +165,10 @@ int closeWiderGaps(PixelPlane<int>& areas, const PixelPlane<int>& depths, int co
         PixelPlane<char> outside(areas.width(), areas.height(), 0);
         for (int i = 0; i < areas.count(); ++i)
             outside[i] = areas[i] == kOutside ? 1 : 0;
-        const PixelPlane<int> found = separateAreas(depths, outside, halfGap);
+        const ConnectedParts cores = coresOf(depths, outside, halfGap);
+        if (!mayBeClosed(cores))
+            continue;
+        const PixelPlane<int> found = separateAreas(cores, outside);
         const double gap = 2.0 * halfGap * std::max(areas.width(), areas.height());
         std::vector<int> numbers;
         for (const Enclosure& area : enclosuresOf(found))
@@ -219,7 +249,7 @@ std::vector<QPainterPath> areasBetween(const QImage& lines, const Grid& grid)
     PixelPlane<char> open(grid.width, grid.height, 0);
     for (int i = 0; i < inked.count(); ++i)
         open[i] = inked[i] ? 0 : 1;
-    PixelPlane<int> areas = separateAreas(depths, open, kHalfGap);
+    PixelPlane<int> areas = separateAreas(coresOf(depths, open, kHalfGap), open);
     const int count = closeWiderGaps(areas, depths, joinOutside(areas));
     int left = cellsInNarrowAreas(areas, inked);
     areas = grown(areas, PixelPlane<char>(grid.width, grid.height, 1)).labels;

@@ -9,6 +9,7 @@
 namespace {
 
 constexpr double kFar = 1e12;
+constexpr int kNoCell = 1 << 19; // steps: more than any grid has rows
 
 // The lower envelope of the parabolas (x - i)^2 + heights[i], evaluated at every x, in place.
 class Envelope
@@ -51,6 +52,29 @@ private:
     std::vector<double> _heights;
 };
 
+// The squared distances along every column. A cell is covered or not, so counting down the rows and up again does what
+// the envelope does.
+void measureColumns(const CellMask& mask, const QRect& box, bool toCovered, std::vector<double>& squares)
+{
+    const auto width = static_cast<std::size_t>(box.width());
+    const auto height = static_cast<std::size_t>(box.height());
+    std::vector<int> steps(width, kNoCell);
+    const auto square = [](int count) { return count >= kNoCell ? kFar : static_cast<double>(count) * count; };
+    for (std::size_t y = 0; y < height; ++y)
+        for (std::size_t x = 0; x < width; ++x) {
+            const bool covered = mask.at(box.left() + static_cast<int>(x), box.top() + static_cast<int>(y));
+            steps[x] = covered == toCovered ? 0 : std::min(steps[x] + 1, kNoCell);
+            squares[y * width + x] = square(steps[x]);
+        }
+    std::ranges::fill(steps, kNoCell);
+    for (std::size_t y = height; y-- > 0;)
+        for (std::size_t x = 0; x < width; ++x) {
+            double& above = squares[y * width + x];
+            steps[x] = above == 0.0 ? 0 : std::min(steps[x] + 1, kNoCell);
+            above = std::min(above, square(steps[x]));
+        }
+}
+
 } // namespace
 
 std::vector<double> squaredDistances(const CellMask& mask, const QRect& box, bool toCovered)
@@ -58,16 +82,9 @@ std::vector<double> squaredDistances(const CellMask& mask, const QRect& box, boo
     const auto width = static_cast<std::size_t>(box.width());
     const auto height = static_cast<std::size_t>(box.height());
     std::vector<double> squares(width * height);
-    std::vector<double> line(std::max(width, height));
-    Envelope envelope(line.size());
-    for (std::size_t x = 0; x < width; ++x) {
-        for (std::size_t y = 0; y < height; ++y)
-            line[y] =
-                mask.at(box.left() + static_cast<int>(x), box.top() + static_cast<int>(y)) != toCovered ? kFar : 0.0;
-        envelope.replace(line, height);
-        for (std::size_t y = 0; y < height; ++y)
-            squares[y * width + x] = line[y];
-    }
+    measureColumns(mask, box, toCovered, squares);
+    std::vector<double> line(width);
+    Envelope envelope(width);
     for (std::size_t y = 0; y < height; ++y) {
         const auto row = squares.begin() + static_cast<std::ptrdiff_t>(y * width);
         std::copy_n(row, width, line.begin());

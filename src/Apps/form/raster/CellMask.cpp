@@ -43,6 +43,11 @@ void paint(QPainter& painter, const DIO_Shape& shape, QPainterPath& copy)
         painter.drawImage(shape.path.boundingRect(), GR_imageInFormat(shape.picture, QImage::Format_Alpha8));
 }
 
+std::span<const QRgb> pixelRow(const QImage& image, int y)
+{
+    return {reinterpret_cast<const QRgb*>(image.constScanLine(y)), static_cast<std::size_t>(image.width())};
+}
+
 } // namespace
 
 CellMask::CellMask(const QRect& box) : _box(box)
@@ -59,7 +64,7 @@ CellMask CellMask::of(std::span<const DIO_Shape> shapes, const Grid& grid)
     CellMask mask(box);
     if (box.isEmpty())
         return mask;
-    QImage image = GR_newImage(box.size(), QImage::Format_Alpha8);
+    QImage image = GR_newImage(box.size(), kFormatPainted);
     image.fill(0);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -71,15 +76,14 @@ CellMask CellMask::of(std::span<const DIO_Shape> shapes, const Grid& grid)
     painter.end();
 
     int most = 0;
-    for (int y = 0; y < box.height(); ++y) {
-        const std::span row(image.constScanLine(y), static_cast<std::size_t>(box.width()));
-        most = std::max<int>(most, *std::ranges::max_element(row));
-    }
+    for (int y = 0; y < box.height(); ++y)
+        for (const QRgb pixel : pixelRow(image, y))
+            most = std::max(most, qAlpha(pixel));
     const int least = std::max(1, std::min(kHalf, most / 2));
     std::size_t i = 0;
     for (int y = 0; y < box.height(); ++y)
-        for (const uchar coverage : std::span(image.constScanLine(y), static_cast<std::size_t>(box.width())))
-            mask._cells[i++] = coverage >= least ? 1 : 0;
+        for (const QRgb pixel : pixelRow(image, y))
+            mask._cells[i++] = qAlpha(pixel) >= least ? 1 : 0;
     return mask;
 }
 

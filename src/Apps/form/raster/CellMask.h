@@ -8,9 +8,15 @@
 #include "QuarvelDrawingIO/DIO_Drawing.h"
 #include "form/raster/Grid.h"
 
+#include <QImage>
+
 #include <cstdint>
 #include <span>
 #include <vector>
+
+/// The format to paint coverage in, as alpha. Into eight-bit pictures Qt paints several times slower: it hands every
+/// longer row to other threads.
+inline constexpr QImage::Format kFormatPainted = QImage::Format_ARGB32_Premultiplied;
 
 class CellMask
 {
@@ -23,7 +29,7 @@ public:
     static CellMask of(std::span<const DIO_Shape> shapes, const Grid& grid);
 
     const QRect& box() const { return _box; }
-    bool at(int x, int y) const { return _box.contains(x, y) && _cells[index(x, y)] != 0; }
+    bool at(int x, int y) const { return contains(x, y) && _cells[index(x, y)] != 0; }
     /// @param x, y inside the box
     void set(int x, int y, bool covered = true) { _cells[index(x, y)] = covered ? 1 : 0; }
     /// The number of covered cells.
@@ -52,6 +58,11 @@ public:
     }
 
 private:
+    // QRect::contains() is a call into Qt's library, which costs more than the comparison.
+    bool contains(int x, int y) const
+    {
+        return x >= _box.left() && x <= _box.right() && y >= _box.top() && y <= _box.bottom();
+    }
     std::size_t index(int x, int y) const
     {
         return static_cast<std::size_t>(y - _box.top()) * static_cast<std::size_t>(_box.width()) +
