@@ -156,6 +156,21 @@ TEST(ObjectChoice, ATileIsASlab)
     EXPECT_THAT(rolesOf("<rect width='100' height='100' rx='12' fill='#dd2e44'/>"), ElementsAre(SLAB));
 }
 
+TEST(ObjectChoice, AnOutlineInADarkerShadeBelongsToItsShape)
+{
+    const QByteArray outlined = "<circle cx='50' cy='50' r='30' fill='#f2b134' stroke='#9a6a10' stroke-width='4'/>";
+    const ChosenObjects found = chosen(outlined);
+    ASSERT_EQ(found.objects.size(), 1U);
+    EXPECT_EQ(found.drawing.layers[0].shapes.size(), 2U);
+    EXPECT_EQ(countOf(outlined + "<circle cx='75' cy='75' r='15' fill='#f2b134' stroke='#9a6a10' stroke-width='4'/>"),
+              2U);
+}
+
+TEST(ObjectChoice, AFrameOfAnotherColourIsAnObject)
+{
+    EXPECT_EQ(countOf("<circle cx='50' cy='50' r='30' fill='#bfe4ef' stroke='#c9362f' stroke-width='5'/>"), 2U);
+}
+
 TEST(ObjectChoice, AStrokeOfAFillsOwnColourIsAPieceOfIt)
 {
     EXPECT_EQ(countOf("<circle cx='50' cy='50' r='30' fill='#b1cc33' stroke='#b1cc33' stroke-width='4'/>" +

@@ -44,5 +44,5 @@ bool Ink::isInk(const ShapeFacts& shape) const
 {
     const bool byThePen =
         isDark(shape) && shape.elongation() > kShort && std::abs(shape.width - _pen) < kPenVaries * _pen;
-    return byThePen || isLongLine(shape);
+    return shape.isOutline || byThePen || isLongLine(shape);
 }

@@ -8,7 +8,7 @@
 #include <vector>
 
 /// Recognises a drawing's ink: dark lines that are thin compared with the picture and long compared with their width,
-/// and short lines drawn with the same pen.
+/// short lines drawn with the same pen, and the outlines of shapes in darker shades of their colours.
 class Ink
 {
 public:

@@ -11,6 +11,12 @@ namespace {
 
 constexpr int kFinest = 320;
 constexpr int kCoarsest = 128;
+constexpr double kSolid = 0.7;          // opacity
+constexpr double kLine = 6.0;           // elongation
+constexpr double kShade = 5.0;          // lightness
+constexpr double kWidestOutline = 0.05; // of the picture's longer side
+constexpr double kAlongOutline = 0.9;   // of the outline
+constexpr std::size_t kIslandsBefore = 16;
 // Measured in about a third of a second.
 constexpr double kCellsInAll = 8e6;
 
@@ -26,6 +32,27 @@ ShapeFacts factsOf(const DIO_Shape& shape, const DIO_Paint& paint, const Grid& g
     facts.plain = paint.kind == DIO_Paint::Kind::SOLID && shape.picture.isNull();
     facts.opacity = shape.opacity;
     return facts;
+}
+
+// Whether a shape is a line along the outline of another one, in a darker shade of its colour.
+bool outlines(const ShapeFacts& line, const ShapeFacts& fill, const Grid& grid)
+{
+    const bool isLine = line.plain && line.opacity >= kSolid && line.elongation() > kLine &&
+                        line.width < kWidestOutline * grid.longSide();
+    const bool isDarker = line.colour.lightness < fill.colour.lightness - kShade && isSameHue(line.colour, fill.colour);
+    if (!isLine || !isDarker || fill.area == 0 || !line.mask.box().contains(fill.mask.box()))
+        return false;
+    int along = 0;
+    fill.mask.forEachAtOutline([&](int x, int y) { along += line.mask.at(x, y) ? 1 : 0; });
+    return along > kAlongOutline * fill.outline;
+}
+
+// The outline of a shape follows it in the order of painting, that of several islands after all of them.
+void findOutlines(std::vector<ShapeFacts>& facts, const Grid& grid)
+{
+    for (std::size_t i = 1; i < facts.size(); ++i)
+        for (std::size_t back = 1; back <= std::min(i, kIslandsBefore) && !facts[i].isOutline; ++back)
+            facts[i].isOutline = outlines(facts[i], facts[i - back], grid);
 }
 
 } // namespace
@@ -65,5 +92,6 @@ std::vector<ShapeFacts> collectFacts(const DIO_Drawing& drawing, const Grid& gri
     std::vector<ShapeFacts> facts;
     for (const DIO_Shape* shape : shapesInOrder(drawing))
         facts.push_back(factsOf(*shape, drawing.palette[static_cast<std::size_t>(shape->paint)], grid));
+    findOutlines(facts, grid);
     return facts;
 }

@@ -26,6 +26,7 @@ struct ShapeFacts
     bool plain = true; ///< painted in one colour, so that equal paints look equal
     double opacity = 1.0;
     bool closedArea = false; ///< the paper between the lines of a line drawing
+    bool isOutline = false;  ///< a line along the outline of a shape painted before it, in a darker shade of its colour
 
     /// The ratio of length to width; about 1.8 for a disc.
     double elongation() const { return width > 0.0 ? area / (width * width) : 0.0; }
