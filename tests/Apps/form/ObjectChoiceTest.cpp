@@ -125,9 +125,9 @@ TEST(ObjectChoice, ADialIsFlatInItsRim)
 
 TEST(ObjectChoice, WindowsSink)
 {
-    EXPECT_THAT(
-        rolesOf(rect(10, 20, 80, 70, "#ffe8b6") + rect(20, 40, 15, 15, "#55acee") + rect(65, 40, 15, 15, "#55acee")),
-        ElementsAre(BODY, OPENING, OPENING));
+    EXPECT_THAT(rolesOf("<rect x='10' y='20' width='80' height='70' rx='20' fill='#ffe8b6'/>" +
+                        rect(20, 40, 15, 15, "#55acee") + rect(65, 40, 15, 15, "#55acee")),
+                ElementsAre(BODY, OPENING, OPENING));
 }
 
 TEST(ObjectChoice, SiblingsAreDecidedTogether)
@@ -154,6 +154,22 @@ TEST(ObjectChoice, ShapesOnABackdropAreJudgedWithoutIt)
 TEST(ObjectChoice, ATileIsASlab)
 {
     EXPECT_THAT(rolesOf("<rect width='100' height='100' rx='12' fill='#dd2e44'/>"), ElementsAre(SLAB));
+}
+
+TEST(ObjectChoice, ARectangleThatTheOthersArePaintedOnIsABoardWithARim)
+{
+    const QByteArray card = rect(10, 15, 80, 60, "#f2b134");
+    EXPECT_THAT(rolesOf(card + circle(50, 45, 15, "#66aa44")), ElementsAre(SLAB, BODY));
+    EXPECT_THAT(rolesOf(card), ElementsAre(BODY));
+    EXPECT_THAT(rolesOf(card + circle(85, 70, 25, "#66aa44")), ElementsAre(BODY, BODY));
+}
+
+TEST(ObjectChoice, ThePaperBehindADrawingIsFlatAndItsShapesAreJudgedWithoutIt)
+{
+    const QByteArray paper = rect(10, 15, 80, 60, "#ffffff");
+    const QByteArray figure = circle(50, 45, 20, "#d8d8d8");
+    EXPECT_THAT(rolesOf(paper + figure), ElementsAre(FLAT, BODY));
+    EXPECT_THAT(rolesOf(paper + figure + line("M10 15h80v60h-80z")), ElementsAre(SLAB, BODY));
 }
 
 TEST(ObjectChoice, AnOutlineInADarkerShadeBelongsToItsShape)

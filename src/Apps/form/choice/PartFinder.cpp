@@ -8,6 +8,7 @@
 #include "form/choice/InnerFacts.h"
 #include "form/choice/JoinRules.h"
 #include "form/choice/PartStack.h"
+#include "form/choice/Sheet.h"
 #include "form/choice/Wheels.h"
 #include "form/raster/CutSides.h"
 
@@ -32,6 +33,7 @@ public:
         for (const ShapeFacts& shape : facts)
             if (_ink.isInk(shape))
                 _stack.map().addInk(shape.mask);
+        _sheet = sheetBeneath(facts, _ink);
     }
 
     FoundParts find()
@@ -60,6 +62,9 @@ private:
         if (fillsPicture())
             return reachesCorners() ? verdictOf(OBJECT, "a backdrop", ObjectRole::FLAT)
                                     : verdictOf(OBJECT, "a tile", ObjectRole::SLAB);
+        if (_sheet && _stack.parts().empty())
+            return _sheet == Sheet::PAPER ? verdictOf(OBJECT, "the paper behind the drawing", ObjectRole::FLAT)
+                                          : verdictOf(OBJECT, "the board that the others lie on", ObjectRole::SLAB);
         if (liesInside(around))
             return judgeInside(around);
         if (facts().opacity < kSolid)
@@ -81,6 +86,9 @@ private:
     {
         return facts().area > kBackdrop * _grid.width * _grid.height && cutSides(facts().mask, _grid.bounds()).all();
     }
+
+    // Whether later shapes are judged as if the shape were not there.
+    bool isBackground() const { return fillsPicture() || (_sheet == Sheet::PAPER && _stack.parts().empty()); }
 
     bool reachesCorners() const
     {
@@ -142,7 +150,7 @@ private:
     {
         switch (verdict.kind) {
         case Verdict::Kind::OBJECT:
-            if (fillsPicture())
+            if (isBackground())
                 _stack.addBackdrop(_shape, verdict);
             else
                 _stack.add(_shape, verdict);
@@ -162,6 +170,7 @@ private:
     Ink _ink;
     InnerFacts _inner;
     PartStack _stack;
+    std::optional<Sheet> _sheet;
     std::map<int, Verdict> _decided;
     int _shape = 0;
 };

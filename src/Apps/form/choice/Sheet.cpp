@@ -1,0 +1,71 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+#include "form/choice/Sheet.h"
+
+#include <algorithm>
+#include <span>
+
+namespace {
+
+constexpr double kFullBox = 0.97;   // a rectangle's share of its box
+constexpr double kLargeBox = 0.5;   // of the box of all shapes
+constexpr double kInside = 0.85;    // of a shape's area
+constexpr double kMostInside = 0.8; // of the area of the later shapes
+constexpr double kLeastHeld = 0.03; // of the rectangle's area: with less on it, it is a shape like others
+constexpr double kWhite = 92.0;     // lightness
+constexpr double kColourless = 6.0; // chroma
+constexpr double kSolid = 0.7;      // opacity
+constexpr double kOutlined = 0.3;   // of the outline
+
+bool isRectangle(const ShapeFacts& shape)
+{
+    const QRect& box = shape.mask.box();
+    return shape.opacity >= kSolid && shape.area > kFullBox * box.width() * box.height();
+}
+
+double coveredArea(const ShapeFacts& shape, const QRect& box)
+{
+    double covered = 0.0;
+    shape.mask.forEach([&](int x, int y) {
+        covered += x >= box.left() && x <= box.right() && y >= box.top() && y <= box.bottom() ? 1.0 : 0.0;
+    });
+    return covered;
+}
+
+// Whether a line runs along the rectangle's outline.
+bool isOutlined(const ShapeFacts& rectangle, std::span<const ShapeFacts> later, const Ink& ink)
+{
+    return std::ranges::any_of(later, [&](const ShapeFacts& shape) {
+        if (!ink.isInk(shape))
+            return false;
+        double along = 0.0;
+        rectangle.mask.forEachAtOutline([&](int x, int y) { along += shape.mask.at(x, y) ? 1.0 : 0.0; });
+        return along > kOutlined * rectangle.outline;
+    });
+}
+
+} // namespace
+
+std::optional<Sheet> sheetBeneath(const std::vector<ShapeFacts>& facts, const Ink& ink)
+{
+    const auto first = std::ranges::find_if(facts, [](const ShapeFacts& shape) { return shape.area > 0; });
+    if (first == facts.end() || !isRectangle(*first) || ink.isInk(*first))
+        return {};
+    const std::span<const ShapeFacts> later(first + 1, facts.end());
+    QRect drawn = first->mask.box();
+    double area = 0.0;
+    double inside = 0.0;
+    for (const ShapeFacts& shape : later) {
+        if (shape.area == 0)
+            continue;
+        drawn |= shape.mask.box();
+        const double covered = coveredArea(shape, first->mask.box());
+        // Half of a line along the rectangle's outline lies outside.
+        area += ink.isInk(shape) ? covered : shape.area;
+        inside += ink.isInk(shape) || covered >= kInside * shape.area ? covered : 0.0;
+    }
+    const bool isLarge = first->area > kLargeBox * drawn.width() * drawn.height();
+    if (!isLarge || inside < kMostInside * area || inside < kLeastHeld * first->area)
+        return {};
+    const bool isWhite = first->plain && first->colour.lightness > kWhite && first->colour.chroma() < kColourless;
+    return isWhite && !isOutlined(*first, later, ink) ? Sheet::PAPER : Sheet::BOARD;
+}
