@@ -107,7 +107,7 @@ def main():
     words = words[:words.index("--")] if "--" in words else words
     parser = argparse.ArgumentParser(prog="./dev bench form", usage="%(prog)s [options] [-- normalmap's options]", description=__doc__,
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--set", choices=("tuned", "held", "all"), default="tuned",
+    parser.add_argument("--set", choices=("tuned", "held", "probe", "all"), default="tuned",
                         help="which forms; the held ones are for final measurements alone (tuned)")
     parser.add_argument("--size", type=int, default=256, help="pixels each way (256)")
     parser.add_argument("--program", help="the quarvel to measure, instead of the one that ./dev builds")

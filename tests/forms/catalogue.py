@@ -1,9 +1,12 @@
 # Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
-"""All forms, and which of them may be looked at while values are tuned. The held ones are for the final measurement alone."""
+"""All forms, and which of them may be looked at while values are tuned. The held ones are for the final measurement alone; the probes
+were written after the rules, with other habits of drawing, to find out which rules fail on what nobody had in mind."""
 import creatures
+import household
 import things
+import wildlife
 
-TUNED, HELD = "tuned", "held"
+TUNED, HELD, PROBE = "tuned", "held", "probe"
 
 FORMS = {
     "ball": (TUNED, things.ball),
@@ -46,6 +49,30 @@ FORMS = {
     "butterfly": (HELD, creatures.butterfly),
     "octopus": (HELD, creatures.octopus),
     "house": (HELD, things.house),
+    "elephant": (PROBE, wildlife.elephant),
+    "penguin": (PROBE, wildlife.penguin),
+    "spider": (PROBE, wildlife.spider),
+    "turtle": (PROBE, wildlife.turtle),
+    "snail": (PROBE, wildlife.snail),
+    "crab": (PROBE, wildlife.crab),
+    "pointing_hand": (PROBE, wildlife.pointing_hand),
+    "runner": (PROBE, wildlife.runner),
+    "rabbit": (PROBE, wildlife.rabbit),
+    "angler": (PROBE, wildlife.angler),
+    "lorry": (PROBE, household.lorry),
+    "yurt": (PROBE, household.yurt),
+    "kettle": (PROBE, household.kettle),
+    "toadstools": (PROBE, household.toadstools),
+    "tin_robot": (PROBE, household.tin_robot),
+    "leaves": (PROBE, household.leaves),
+    "fruit_bowl": (PROBE, household.fruit_bowl),
+    "balloon": (PROBE, household.balloon),
+    "cactus": (PROBE, household.cactus),
+    "lamp": (PROBE, household.lamp),
+    "guitar": (PROBE, household.guitar),
+    "chess_pawn": (PROBE, household.chess_pawn),
+    "sword": (PROBE, household.sword),
+    "fish_bowl": (PROBE, household.fish_bowl),
 }
 
 

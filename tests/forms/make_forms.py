@@ -33,6 +33,6 @@ if __name__ == "__main__":
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("folder")
     parser.add_argument("--size", type=int, default=256, help="pixels of the truth and the sprites, each way (256)")
-    parser.add_argument("--set", choices=("tuned", "held", "all"), default="all")
+    parser.add_argument("--set", choices=("tuned", "held", "probe", "all"), default="all")
     options = parser.parse_args()
     make_all([name for name, (which, _) in FORMS.items() if options.set in ("all", which)], options.folder, options.size)
