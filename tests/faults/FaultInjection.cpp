@@ -347,6 +347,7 @@ VALLORIN_FAULT(mkdirat, (int folder, const char* path, mode_t mode), (folder, pa
 VALLORIN_FAULT(rmdir, (const char* path), (path))
 VALLORIN_FAULT(fsync, (int file), (file))
 VALLORIN_FAULT(fdatasync, (int file), (file))
+VALLORIN_FAULT(syncfs, (int file), (file))
 VALLORIN_FAULT(ftruncate, (int file, off_t length), (file, length))
 VALLORIN_FAULT(ftruncate64, (int file, off64_t length), (file, length))
 VALLORIN_FAULT(fchmod, (int file, mode_t mode), (file, mode))

@@ -3,10 +3,17 @@
 
 #include <QFile>
 
-#ifdef Q_OS_UNIX
+#include <algorithm>
+#include <array>
 #include <cerrno>
+#include <cstdint>
+
+#ifdef Q_OS_UNIX
 #include <fcntl.h>
 #include <unistd.h>
+#endif
+#ifdef Q_OS_LINUX
+#include <sys/vfs.h>
 #endif
 
 #ifdef Q_OS_UNIX
@@ -45,3 +52,66 @@ bool UT_syncPath(const QString&)
 }
 
 #endif
+
+namespace {
+
+// More than the files of most scenes, whose saving shall not wait for what other programs wrote.
+constexpr qsizetype kMany = 64;
+
+#ifdef Q_OS_LINUX
+
+// File systems whose syncfs() promises what fsync() does for each file. Those that a program of the user serves (FUSE)
+// are not told of it.
+bool forcesAllAtOnce(int descriptor)
+{
+    constexpr std::array<std::uint32_t, 6> kKnown = {
+        0x0000ef53U, // ext2, ext3, ext4
+        0x58465342U, // XFS
+        0x9123683eU, // Btrfs
+        0xf2f52010U, // F2FS
+        0x01021994U, // tmpfs
+        0x794c7630U, // overlay
+    };
+    struct statfs status = {};
+    return ::fstatfs(descriptor, &status) == 0 &&
+           std::ranges::find(kKnown, static_cast<std::uint32_t>(status.f_type)) != kKnown.end();
+}
+
+bool syncFileSystemOf(const QString& path)
+{
+    const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (descriptor < 0)
+        return false;
+    const bool synced = forcesAllAtOnce(descriptor) && ::syncfs(descriptor) == 0;
+    ::close(descriptor);
+    return synced;
+}
+
+#else
+
+bool syncFileSystemOf(const QString&)
+{
+    return false;
+}
+
+#endif
+
+} // namespace
+
+std::optional<QString> UT_syncPaths(const QStringList& paths)
+{
+    // Where that fails, the calls for each file find the one that it fails for.
+    if (paths.size() > kMany && syncFileSystemOf(paths.first()))
+        return std::nullopt;
+    const auto missing = std::ranges::find_if_not(paths, &UT_syncPath);
+    return missing == paths.end() ? std::nullopt : std::optional(*missing);
+}
+
+bool UT_saysDiskIsFull(int error)
+{
+#ifdef Q_OS_UNIX
+    if (error == EDQUOT)
+        return true;
+#endif
+    return error == ENOSPC;
+}

@@ -13,20 +13,6 @@
 
 #include <cerrno>
 
-namespace {
-
-// Whether an error of a system call means that there is no space left.
-bool saysFull(int error)
-{
-#ifdef Q_OS_UNIX
-    if (error == EDQUOT)
-        return true;
-#endif
-    return error == ENOSPC;
-}
-
-} // namespace
-
 class IIO_AtomicFile::Device final : public QSaveFile
 {
 public:
@@ -75,7 +61,7 @@ private:
     {
         if (_failed)
             return;
-        _diskIsFull = saysFull(errno);
+        _diskIsFull = UT_saysDiskIsFull(errno);
         _reason = reason;
         _failed = true;
     }
@@ -135,7 +121,7 @@ UT_Result<void> IIO_AtomicFile::open()
     // Unbuffered, so that every failed write shows at once and with its own reason.
     errno = 0;
     if (!_device->open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return saysFull(errno)
+        return UT_saysDiskIsFull(errno)
                    ? diskIsFull(_path)
                    : cannotWrite(_path, QStringLiteral("%1; name another place").arg(_device->errorString()));
     return {};

@@ -113,7 +113,7 @@ UT_Result<std::optional<SIO_SceneState>> save(const MO_Scene& scene, const QStri
     if (isNew) {
         if (const auto made = disk.makeFolder(home); !made)
             return made.error();
-        if (const auto synced = disk.sync(QFileInfo(home).path()); !synced) {
+        if (const auto synced = disk.sync({QFileInfo(home).path()}); !synced) {
             (void)disk.removeFolder(home);
             return synced.error();
         }

@@ -59,9 +59,9 @@ public:
     {
         return trick([&] { return SIO_FileSystem::removeFolder(path); });
     }
-    UT_Result<void> sync(const QString& folder) override
+    UT_Result<void> sync(const QStringList& paths) override
     {
-        return trick([&] { return SIO_FileSystem::sync(folder); });
+        return trick([&] { return SIO_FileSystem::sync(paths); });
     }
 
 private:
@@ -85,6 +85,55 @@ private:
 public:
     static constexpr int kDied = 7;
     static constexpr int kNever = 1 << 20;
+};
+
+// Knows what a crash of the machine would still take back, and expects that nothing builds on it.
+class WatchedDisk : public SIO_FileSystem
+{
+public:
+    int syncs() const { return _syncs; }
+
+    UT_Result<void> makeFolder(const QString& path) override
+    {
+        _loose.insert(folderOf(path));
+        return SIO_FileSystem::makeFolder(path);
+    }
+    UT_Result<void> writeFile(const QString& path, const QByteArray& bytes) override
+    {
+        _loose.insert(path);
+        _loose.insert(folderOf(path));
+        return SIO_FileSystem::writeFile(path, bytes);
+    }
+    UT_Result<void> rename(const QString& from, const QString& to) override
+    {
+        if (to.endsWith(text("/.journal"))) {
+            EXPECT_EQ(loose(), "") << "the journal counts from now on";
+        }
+        EXPECT_FALSE(_loose.contains(folderOf(folderOf(to)))) << "the folder of " << qPrintable(to);
+        _loose.insert(folderOf(to));
+        return SIO_FileSystem::rename(from, to);
+    }
+    UT_Result<void> removeFile(const QString& path) override
+    {
+        if (path.endsWith(text("/.journal"))) {
+            EXPECT_EQ(loose(), "") << "nobody will move files any more";
+        }
+        return SIO_FileSystem::removeFile(path);
+    }
+    UT_Result<void> sync(const QStringList& paths) override
+    {
+        ++_syncs;
+        for (const QString& path : paths)
+            _loose.remove(path);
+        return SIO_FileSystem::sync(paths);
+    }
+
+private:
+    static QString folderOf(const QString& path) { return QFileInfo(path).path(); }
+    std::string loose() const { return _loose.values().join(u' ').toStdString(); }
+
+    QSet<QString> _loose;
+    int _syncs = 0;
 };
 
 // Runs a function in a child process. @return its exit code
@@ -144,6 +193,29 @@ TEST_F(AtomicSave, KilledAtAnyOperationLeavesTheOldOrTheNewScene)
             wasOld |= !isNew;
         }
     EXPECT_TRUE(wasOld && wasNew);
+}
+
+TEST_F(AtomicSave, NothingCountsBeforeTheDiskHasWhatItBuildsOn)
+{
+    for (const MO_Scene* scene : {oldScene.get(), newScene.get(), oldScene.get()}) {
+        WatchedDisk disk;
+        EXPECT_TRUE(SIO_saveSceneOn(*scene, place.folder, disk));
+    }
+}
+
+// The disk takes milliseconds each time, so that thousands of files are forced to it together.
+TEST_F(AtomicSave, ManyFilesAreForcedToTheDiskTogether)
+{
+    MO_Scene scene;
+    const auto palette = testPalette(0xa1);
+    scene.addPalette(palette);
+    for (int i = 0; i < 300; ++i)
+        scene.root().emplace<MO_ElementModule>().setDrawing(text("1"), testDrawing(palette, 10.0 + i));
+    WatchedDisk disk;
+    ASSERT_TRUE(SIO_saveSceneOn(scene, place.folder, disk));
+    EXPECT_EQ(difference(filesIn(place.folder), filesOf(scene)), "");
+    // The new folder, ".save", the new files, the journal's name, new folders, files in place, and the journal's end.
+    EXPECT_EQ(disk.syncs(), 7);
 }
 
 TEST_F(AtomicSave, KilledWhileASaveIsFinishedLeavesTheNewScene)

@@ -2765,8 +2765,8 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <translation>der Ordner „%1“ lässt sich nicht entfernen: %2</translation>
     </message>
     <message>
-        <source>cannot write the folder &quot;%1&quot;: %2</source>
-        <translation>der Ordner „%1“ lässt sich nicht schreiben: %2</translation>
+        <source>the disk is full; free some space and try again</source>
+        <translation>die Platte ist voll; schaffen Sie Platz und versuchen Sie es noch einmal</translation>
     </message>
 </context>
 <context>

@@ -29,6 +29,17 @@ std::filesystem::path native(const QString& path)
 #endif
 }
 
+UT_Error cannotWrite(const QString& path, int error, const QString& reason)
+{
+    if (!UT_saysDiskIsFull(error))
+        return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot write \"%1\": %2"), path, reason);
+    UT_Error full =
+        failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot write \"%1\": %2"), path,
+                QCoreApplication::translate("SIO_FileSystem", "the disk is full; free some space and try again"));
+    full.kind = UT_ErrorKind::DISK_FULL;
+    return full;
+}
+
 bool writeAll(QFile& file, const QByteArray& bytes)
 {
     for (qint64 written = 0; written < bytes.size();) {
@@ -59,11 +70,11 @@ UT_Result<void> SIO_FileSystem::writeFile(const QString& path, const QByteArray&
     QFile file(path);
     // Unbuffered, so that every failed write shows at once and with its own reason. NewOnly, so that nothing is written
     // through a link with this name.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered) || !writeAll(file, bytes))
-        return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot write \"%1\": %2"), path, file.errorString());
-    if (!UT_syncDescriptor(file.handle()))
-        return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot write \"%1\": %2"), path, qt_error_string(errno));
-    return {};
+    errno = 0;
+    if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered) && writeAll(file, bytes))
+        return {};
+    const int error = errno;
+    return cannotWrite(path, error, file.errorString());
 }
 
 UT_Result<void> SIO_FileSystem::rename(const QString& from, const QString& to)
@@ -107,10 +118,9 @@ UT_Result<void> SIO_FileSystem::removeFolder(const QString& path)
     return {};
 }
 
-UT_Result<void> SIO_FileSystem::sync(const QString& folder)
+UT_Result<void> SIO_FileSystem::sync(const QStringList& paths)
 {
-    if (!UT_syncPath(folder))
-        return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot write the folder \"%1\": %2"), folder,
-                       qt_error_string(errno));
+    if (const std::optional<QString> missing = UT_syncPaths(paths))
+        return cannotWrite(*missing, errno, qt_error_string(errno));
     return {};
 }

@@ -8,10 +8,10 @@
 #include "QuarvelSceneIO/QuarvelSceneIOExport.h"
 
 #include <QByteArray>
-#include <QString>
+#include <QStringList>
 
-/// The disk. The effect of an operation survives a crash of the machine only after sync() of the folder that it
-/// changed.
+/// The disk. What an operation did survives a crash of the machine only after sync(): of the file for its bytes, of the
+/// folder for its names.
 class QUARVELSCENEIO_EXPORT SIO_FileSystem
 {
 public:
@@ -22,8 +22,8 @@ public:
 
     /// Makes a folder; its parent must exist. An existing folder is not an error.
     virtual UT_Result<void> makeFolder(const QString& path);
-    /// Makes a file and forces its bytes to the disk. It is an error if anything has this name already. After any other
-    /// error a part of the file may exist.
+    /// Makes a file. It is an error if anything has this name already. After any other error a part of the file may
+    /// exist.
     virtual UT_Result<void> writeFile(const QString& path, const QByteArray& bytes);
     /// Moves a file and atomically replaces the file at the new path, if there is one.
     virtual UT_Result<void> rename(const QString& from, const QString& to);
@@ -31,6 +31,6 @@ public:
     virtual UT_Result<void> removeFile(const QString& path);
     /// Removes a folder if it is empty. A missing folder, or one that is not empty, is not an error.
     virtual UT_Result<void> removeFolder(const QString& path);
-    /// Forces the names in a folder to the disk.
-    virtual UT_Result<void> sync(const QString& folder);
+    /// Forces the bytes of files and the names in folders to the disk.
+    virtual UT_Result<void> sync(const QStringList& paths);
 };

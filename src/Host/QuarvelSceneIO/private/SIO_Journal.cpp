@@ -14,6 +14,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -32,22 +33,8 @@ bool isSafePlace(const QString& folder, const QString& relative)
     return SIO_hasNoLinks(folder, slash < 0 ? QString() : relative.left(slash));
 }
 
-// Makes the folders between the scene's folder and a file.
-UT_Result<void> makeFoldersFor(const QString& folder, const QString& relative, SIO_FileSystem& disk)
-{
-    for (auto slash = relative.indexOf(u'/'); slash >= 0; slash = relative.indexOf(u'/', slash + 1)) {
-        const QString path = folder + u'/' + relative.left(slash);
-        if (QFileInfo(path).isDir())
-            continue;
-        if (auto made = disk.makeFolder(path); !made)
-            return made;
-        if (auto synced = disk.sync(QFileInfo(path).path()); !synced)
-            return synced;
-    }
-    return {};
-}
-
-// Carries out a journal and then forces the changed folders to the disk.
+// Carries out a journal: makes the missing folders and forces them to the disk, moves and removes files, and forces the
+// changed folders to the disk. Each of the two is done for all folders together, since a scene may have thousands.
 class Carrier
 {
 public:
@@ -55,34 +42,69 @@ public:
 
     UT_Result<void> carryOut(const SIO_Journal& journal)
     {
-        for (const SIO_Journal::Write& write : journal.writes)
-            if (auto done = moveInPlace(write); !done)
+        std::vector<const SIO_Journal::Write*> waiting;
+        for (const SIO_Journal::Write& write : journal.writes) {
+            const auto waits = isWaiting(write);
+            if (!waits)
+                return waits.error();
+            if (*waits)
+                waiting.push_back(&write);
+        }
+        for (const SIO_Journal::Write* const write : waiting)
+            if (auto done = makeFoldersFor(write->target); !done)
                 return done;
+        if (auto done = syncTouched(); !done)
+            return done;
+        for (const SIO_Journal::Write* const write : waiting) {
+            const QString target = _folder + u'/' + write->target;
+            _touched.insert(QFileInfo(target).path());
+            if (auto done = _disk.rename(_folder + u'/' + write->staged, target); !done)
+                return done;
+        }
         for (const QString& path : journal.deletes)
             if (auto done = remove(path); !done)
                 return done;
-        for (const QString& touched : _touched)
-            if (auto done = _disk.sync(touched); QFileInfo(touched).isDir() && !done)
-                return done;
-        return {};
+        return syncTouched();
     }
 
 private:
-    UT_Result<void> moveInPlace(const SIO_Journal::Write& write)
+    // Whether a file is still to be moved; if not, it is in its place already.
+    UT_Result<bool> isWaiting(const SIO_Journal::Write& write) const
     {
         const QString staged = _folder + u'/' + write.staged;
-        const QString target = _folder + u'/' + write.target;
         if (!SIO_hasNoLinks(_folder, write.staged) || !isSafePlace(_folder, write.target))
             return UT_Error{Texts::tr("\"%1\" is reached through a link").arg(write.target)};
-        if (!QFileInfo::exists(staged)) {
-            if (QFileInfo::exists(target))
-                return {};
-            return UT_Error{Texts::tr("\"%1\" is missing").arg(QDir::toNativeSeparators(staged))};
+        if (QFileInfo::exists(staged))
+            return true;
+        if (QFileInfo::exists(_folder + u'/' + write.target))
+            return false;
+        return UT_Error{Texts::tr("\"%1\" is missing").arg(QDir::toNativeSeparators(staged))};
+    }
+
+    // Makes the folders between the scene's folder and a file.
+    UT_Result<void> makeFoldersFor(const QString& relative)
+    {
+        for (auto slash = relative.indexOf(u'/'); slash >= 0; slash = relative.indexOf(u'/', slash + 1)) {
+            const QString path = _folder + u'/' + relative.left(slash);
+            if (QFileInfo(path).isDir())
+                continue;
+            if (auto made = _disk.makeFolder(path); !made)
+                return made;
+            _touched.insert(QFileInfo(path).path());
         }
-        if (auto made = makeFoldersFor(_folder, write.target, _disk); !made)
-            return made;
-        _touched.insert(QFileInfo(target).path());
-        return _disk.rename(staged, target);
+        return {};
+    }
+
+    UT_Result<void> syncTouched()
+    {
+        QStringList folders;
+        for (const QString& folder : std::as_const(_touched))
+            if (QFileInfo(folder).isDir())
+                folders << folder;
+        _touched.clear();
+        // In an order of their own, so that the same save does the same in every run.
+        folders.sort();
+        return folders.isEmpty() ? UT_Result<void>() : _disk.sync(folders);
     }
 
     UT_Result<void> remove(const QString& relative)
@@ -128,7 +150,7 @@ UT_Result<void> finish(const QString& folder, const SIO_Journal& journal, SIO_Fi
         return done;
     if (auto done = disk.removeFile(folder + u'/' + kSIO_journalFile); !done)
         return done;
-    if (auto done = disk.sync(folder); !done)
+    if (auto done = disk.sync({folder}); !done)
         return done;
     return dropStaging(folder, disk);
 }
@@ -147,22 +169,25 @@ UT_Result<SIO_Journal> stage(const QString& folder, const QMap<QString, QByteArr
     if (const auto made = disk.makeFolder(staging); !made)
         return made.error();
     // Otherwise a crash of the machine could leave a journal whose staging folder is missing.
-    if (const auto synced = disk.sync(folder); !synced)
+    if (const auto synced = disk.sync({folder}); !synced)
         return synced.error();
+    QStringList made;
     SIO_Journal journal;
     journal.deletes = deletes;
     for (auto file = files.cbegin(); file != files.cend(); ++file) {
         const QString staged = SIO_stagedPath(QByteArray::number(static_cast<qulonglong>(journal.writes.size())));
         if (const auto written = disk.writeFile(folder + u'/' + staged, file.value()); !written)
             return written.error();
+        made << folder + u'/' + staged;
         journal.writes.push_back({staged, file.key(), SIO_digest(file.value())});
     }
     const auto text = SIO_sealed(SIO_journalText(journal), folder);
     if (!text)
         return text.error();
-    if (const auto written = disk.writeFile(staging + QStringLiteral("/journal"), *text); !written)
+    made << staging + QStringLiteral("/journal");
+    if (const auto written = disk.writeFile(made.last(), *text); !written)
         return written.error();
-    if (const auto synced = disk.sync(staging); !synced)
+    if (const auto synced = disk.sync(made << staging); !synced)
         return synced.error();
     return journal;
 }
@@ -173,7 +198,7 @@ UT_Result<void> commit(const QString& folder, SIO_FileSystem& disk)
     const QString journal = folder + u'/' + kSIO_journalFile;
     if (auto renamed = disk.rename(folder + u'/' + kSIO_stagingFolder + QStringLiteral("/journal"), journal); !renamed)
         return renamed;
-    const auto synced = disk.sync(folder);
+    const auto synced = disk.sync({folder});
     if (synced)
         return {};
     // It is unknown whether the new name has reached the disk. Before the save is reported as failed, the journal must
