@@ -126,9 +126,60 @@ TEST(SvgPaints, aPatternCoversWhatItsTileCovers)
         read("<pattern id='p' width='8' height='8' patternUnits='userSpaceOnUse'><rect width='4' height='4' "
              "fill='#ff0000'/><rect x='4' width='4' height='2' fill='#0000ff'/></pattern>"
              "<rect width='50' height='50' fill='url(#p)'/>");
-    EXPECT_NEAR(opacityAt(drawing, 20, 20), 0.375, 0.005);
+    EXPECT_EQ(shapesOf(drawing).size(), 1U) << "it is one area";
+    EXPECT_NEAR(opacityAt(drawing, 18, 18), 1.0, 0.01) << "red";
+    EXPECT_NEAR(opacityAt(drawing, 22, 17), 1.0, 0.01) << "blue";
+    EXPECT_EQ(opacityAt(drawing, 22, 19), 0.0);
+    EXPECT_EQ(opacityAt(drawing, 18, 22), 0.0);
+    EXPECT_EQ(opacityAt(drawing, 50.5, 18), 0.0) << "the shape cuts it";
     EXPECT_NEAR(drawing.palette.at(0).colour.red(), 170, 2);
     EXPECT_NEAR(drawing.palette.at(0).colour.blue(), 85, 2);
+}
+
+TEST(SvgPaints, aPatternFadesAsItsTileFades)
+{
+    const DIO_Drawing drawing =
+        read("<pattern id='p' width='8' height='8' patternUnits='userSpaceOnUse'><rect width='4' height='8' "
+             "fill-opacity='0.5'/></pattern><rect width='50' height='50' fill='url(#p)' fill-opacity='0.5'/>");
+    EXPECT_NEAR(opacityAt(drawing, 18, 18), 0.25, 0.005);
+    EXPECT_EQ(opacityAt(drawing, 22, 18), 0.0);
+}
+
+TEST(SvgPaints, aPatternStandsWhereItsTilesStand)
+{
+    const char* const bar = "<rect width='2' height='10'/></pattern>";
+    const DIO_Drawing moved =
+        read(QByteArray("<pattern id='p' x='5' width='10' height='10' patternUnits='userSpaceOnUse'>") + bar +
+             "<rect width='50' height='50' fill='url(#p)'/>");
+    EXPECT_NEAR(opacityAt(moved, 16, 16), 1.0, 0.01);
+    EXPECT_EQ(opacityAt(moved, 11, 16), 0.0);
+    const DIO_Drawing inBox = read(QByteArray("<pattern id='p' x='0.1' width='0.2' height='1'>") + bar +
+                                   "<rect x='20' width='50' height='10' fill='url(#p)'/>");
+    EXPECT_NEAR(opacityAt(inBox, 26, 5), 1.0, 0.01) << "a tenth of the box from its left side";
+    EXPECT_EQ(opacityAt(inBox, 28, 5), 0.0);
+    EXPECT_NEAR(opacityAt(inBox, 36, 5), 1.0, 0.01);
+    const DIO_Drawing turned = read(QByteArray("<pattern id='p' width='10' height='10' patternUnits='userSpaceOnUse' "
+                                               "patternTransform='rotate(90)'>") +
+                                    bar + "<rect width='50' height='50' fill='url(#p)'/>");
+    EXPECT_NEAR(opacityAt(turned, 25, 21), 1.0, 0.01) << "bars lie";
+    EXPECT_EQ(opacityAt(turned, 21, 25), 0.0);
+}
+
+TEST(SvgPaints, aPatternsViewBoxIsFittedIntoItsTile)
+{
+    const DIO_Drawing drawing =
+        read("<pattern id='p' width='10' height='10' patternUnits='userSpaceOnUse' viewBox='0 0 2 2'>"
+             "<rect width='1' height='2'/></pattern><rect width='50' height='50' fill='url(#p)'/>");
+    EXPECT_NEAR(opacityAt(drawing, 24, 16), 1.0, 0.01);
+    EXPECT_EQ(opacityAt(drawing, 26, 16), 0.0);
+}
+
+TEST(SvgPaints, aPatternThatIsTooFineHasItsAverageCoverage)
+{
+    const DIO_Drawing drawing = read(
+        "<pattern id='p' width='.1' height='.1' patternUnits='userSpaceOnUse'><rect width='.05' height='.1'/></pattern>"
+        "<rect width='50' height='50' fill='url(#p)'/>");
+    EXPECT_NEAR(opacityAt(drawing, 20, 20), 0.5, 0.01);
 }
 
 TEST(SvgPaints, aPatternWhoseTileIsAPartOfAShapesBoxCoversWhatItCoversThere)
@@ -138,7 +189,8 @@ TEST(SvgPaints, aPatternWhoseTileIsAPartOfAShapesBoxCoversWhatItCoversThere)
         read("<pattern id='p' width='0.1' height='10%'><rect width='2' height='50' fill='#f00'/>"
              "</pattern><rect width='50' height='50' fill='url(#p)'/>"
              "<rect x='60' width='20' height='40' fill='url(#p)'/>");
-    EXPECT_NEAR(opacityAt(drawing, 20, 20), 0.4, 0.01);
+    EXPECT_NEAR(opacityAt(drawing, 21, 20), 1.0, 0.01);
+    EXPECT_EQ(opacityAt(drawing, 23, 20), 0.0);
     EXPECT_NEAR(opacityAt(drawing, 70, 20), 1.0, 0.01);
     EXPECT_THAT(drawing.warnings, ElementsAre("patterns are painted in the average of their colours: Pattern p"));
 }

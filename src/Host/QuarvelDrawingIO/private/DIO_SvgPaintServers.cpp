@@ -54,11 +54,18 @@ int DIO_SvgPaintServers::find(const QString& reference)
     return average ? create(*node, DIO_Paint::Kind::PATTERN, {{0.0, *average}}) : -1;
 }
 
-bool DIO_SvgPaintServers::dependsOnBox(const QString& reference) const
+const DIO_XmlNode* DIO_SvgPaintServers::patternCalled(const QString& reference) const
 {
     const DIO_XmlNode* const node = _tree.find(reference);
-    return node && node->name == u"pattern" && attributeOf(*node, "patternUnits") != u"userSpaceOnUse" &&
-           attributeOf(*node, "patternContentUnits") != u"objectBoundingBox" && attributeOf(*node, "viewBox").isEmpty();
+    return node && node->name == u"pattern" ? node : nullptr;
+}
+
+// A view box is fitted into the tile, whatever the units of the content.
+bool DIO_SvgPaintServers::dependsOnBox(const DIO_XmlNode& pattern) const
+{
+    const bool isInParts = attributeOf(pattern, "patternUnits") != u"userSpaceOnUse";
+    const bool isContentInParts = attributeOf(pattern, "patternContentUnits") == u"objectBoundingBox";
+    return attributeOf(pattern, "viewBox").isEmpty() ? isInParts != isContentInParts : isInParts;
 }
 
 int DIO_SvgPaintServers::findFor(const QString& reference, const QSizeF& box)

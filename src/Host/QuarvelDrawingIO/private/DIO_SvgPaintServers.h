@@ -33,9 +33,12 @@ public:
     /// The server that "#id" names, or -1 when it paints nothing.
     int find(const QString& reference);
 
-    /// Whether "#id" names a pattern whose tile is a part of the box of what it paints while its content is not, so
-    /// that each box has an average of its own.
-    bool dependsOnBox(const QString& reference) const;
+    /// The pattern that "#id" names; null when it names none.
+    const DIO_XmlNode* patternCalled(const QString& reference) const;
+
+    /// Whether one of a pattern's tile and its content is a part of the box of what it paints while the other is not,
+    /// so that each box has an average of its own.
+    bool dependsOnBox(const DIO_XmlNode& pattern) const;
 
     /// The server that such a pattern is for a shape with a box of this size, or -1 when it paints nothing.
     int findFor(const QString& reference, const QSizeF& box);

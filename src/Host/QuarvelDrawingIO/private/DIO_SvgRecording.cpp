@@ -4,6 +4,7 @@
 #include "QuarvelDrawingIO/private/DIO_SvgRecording.h"
 
 #include "QuarvelDrawingIO/private/DIO_AverageColour.h"
+#include "QuarvelDrawingIO/private/DIO_PathSets.h"
 #include "QuarvelDrawingIO/private/DIO_RecordingDevice.h"
 #include "QuarvelDrawingIO/private/DIO_ShapeCollector.h"
 
@@ -20,6 +21,19 @@ public:
 
     QRectF all;
 };
+
+// What is averaged is painted this large.
+constexpr int kSide = 64;
+
+DIO_Drawing drawingOf(const QByteArray& document, const std::vector<DIO_PaintServer>& servers)
+{
+    constexpr qint64 kPicturePixels = 1024 * 1024;
+    const DIO_SvgLayers noLayers;
+    DIO_ShapeCollector collector(noLayers, servers, kPicturePixels);
+    int undashed = 0;
+    DIO_recordSvg(document, 1.0, collector, undashed);
+    return collector.takeDrawing();
+}
 
 } // namespace
 
@@ -40,14 +54,7 @@ bool DIO_recordSvg(const QByteArray& document, double stretchY, DIO_ShapeSink& s
 
 QColor DIO_averageOfSvg(const QByteArray& document, const QRectF& tile, const std::vector<DIO_PaintServer>& servers)
 {
-    constexpr qint64 kPicturePixels = 1024 * 1024;
-    const DIO_SvgLayers noLayers;
-    DIO_ShapeCollector collector(noLayers, servers, kPicturePixels);
-    int undashed = 0;
-    DIO_recordSvg(document, 1.0, collector, undashed);
-    const DIO_Drawing drawing = collector.takeDrawing();
-
-    constexpr int kSide = 64;
+    const DIO_Drawing drawing = drawingOf(document, servers);
     QImage picture(kSide, kSide, QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
@@ -72,6 +79,35 @@ QColor DIO_averageOfSvg(const QByteArray& document, const QRectF& tile, const st
         }
     painter.end();
     return DIO_averageColour(picture);
+}
+
+std::optional<QPainterPath> DIO_areaOfSvg(const QByteArray& document, const std::vector<DIO_PaintServer>& servers)
+{
+    const DIO_Drawing drawing = drawingOf(document, servers);
+    std::vector<QPainterPath> areas;
+    for (const DIO_Layer& layer : drawing.layers)
+        for (const DIO_Shape& shape : layer.shapes) {
+            if (!shape.picture.isNull())
+                return std::nullopt;
+            const auto area = shape.clip ? DIO_intersected(shape.path, *shape.clip) : std::optional(shape.path);
+            if (!area)
+                return std::nullopt;
+            areas.push_back(*area);
+        }
+    return DIO_united(std::move(areas));
+}
+
+double DIO_shareOf(const QPainterPath& area, const QRectF& place)
+{
+    QImage picture(kSide, kSide, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(kSide / place.width(), kSide / place.height());
+    painter.translate(-place.topLeft());
+    painter.fillPath(area, Qt::black);
+    painter.end();
+    return static_cast<double>(DIO_averageColour(picture).alphaF());
 }
 
 QRectF DIO_boundsOfSvg(const QByteArray& document)

@@ -201,13 +201,18 @@ void DIO_SvgWalk::writeShape(const Visited& visited, const DIO_FlatWriter::Extra
     if (around.inClip)
         return _writer->clipPath(data, style.clipEvenOdd, extras.transform);
     DIO_SvgStyle rest = withPatterns(visited);
-    if (!fade && !hasMarkers(node, style))
+    const std::optional<TiledFill> tiled = tiledFillOf(visited, rest.fill);
+    if (!fade && !tiled && !hasMarkers(node, style))
         return _writer->path(withDots(data, rest), rest, extras);
 
     // The opacity stands at what is painted: at the group, it would fade the mask, too.
     _writer->beginGroup(extras.transform);
     if (fade) {
         writeFadingFill(visited, data, *fade, extras.opacity * style.fillOpacity);
+        rest.fill = {};
+    }
+    if (tiled) {
+        writeTiledFill(visited, data, *tiled, extras.opacity * style.fillOpacity);
         rest.fill = {};
     }
     if (!paintsNothing(rest))

@@ -6,7 +6,7 @@
 //
 // Its functions stand in files by what they write: DIO_SvgWalk.cpp the elements, DIO_SvgWalkCuts.cpp clips, masks and
 // group opacity, DIO_SvgWalkMarkers.cpp markers, DIO_SvgWalkCopies.cpp copies, symbols and inner drawings,
-// DIO_SvgWalkPictures.cpp embedded pictures and patterns.
+// DIO_SvgWalkPictures.cpp embedded pictures, DIO_SvgWalkPatterns.cpp patterns.
 #pragma once
 
 #include "QuarvelDrawingIO/private/DIO_FlatWriter.h"
@@ -16,9 +16,14 @@
 
 #include <QHash>
 #include <QMap>
+#include <QPainterPath>
+#include <QSet>
+#include <QTransform>
 
 #include <cmath>
+#include <map>
 #include <optional>
+#include <tuple>
 #include <vector>
 
 /// The walk. Used once, by one thread.
@@ -90,6 +95,28 @@ private:
         int server = -1; ///< -1 when it cannot be decoded, or shows nothing
         QSize size;      ///< in pixels; empty when it cannot be decoded
         QString leftOut; ///< why it cannot be decoded
+    };
+
+    /// Where the tiles of a pattern lie, and what they show.
+    struct PatternTile
+    {
+        const DIO_XmlNode* content = nullptr; ///< its children are painted
+        QSizeF size;                          ///< tiles lie side by side in steps of it
+        QTransform toUser;                    ///< from the first tile, whose corner is 0, 0, to the shape's own units
+        QTransform fromContent;               ///< from the content's units to the first tile
+
+        /// What a tile shows, in the content's units.
+        QRectF shown() const { return fromContent.inverted().mapRect(QRectF(QPointF(), size)); }
+    };
+
+    /// The areas of a pattern within a shape.
+    struct TiledFill
+    {
+        QString data;
+        QString transform; ///< from the data's units to the shape's
+        int server = -1;
+        double opacity = 1.0; ///< of what is painted
+        bool evenOdd = false;
     };
 
     static Element elementOf(const QString& name);
@@ -167,9 +194,16 @@ private:
                      const Surroundings& around);
     /// @}
 
-    /// @{ Pictures and patterns
+    /// @{ Pictures
     void writePicture(const Visited& visited, const DIO_FlatWriter::Extras& extras);
     const Picture& pictureOf(const DIO_XmlNode& image); ///< decodes each picture once
+    /// @}
+
+    /// @{ Patterns
+
+    /// @param box of what is painted; none when nothing can be shown
+    std::optional<PatternTile> tileOf(const DIO_XmlNode& pattern, const QRectF& box) const;
+    QByteArray contentOf(const PatternTile& tile); ///< as a flattened document
 
     /// The average colour of a pattern's tile, gaps included; none when the tile has no size or nothing in it.
     ///
@@ -177,6 +211,14 @@ private:
     std::optional<QColor> averageOf(const DIO_XmlNode& pattern, const QSizeF& box);
     /// The style with the servers of its patterns, where they depend on the shape's box.
     DIO_SvgStyle withPatterns(const Visited& visited);
+    /// What a tile paints, from 0, 0 to its size; empty when that is too detailed, null when the pattern is painted
+    /// with itself or there are too many boxes.
+    ///
+    /// @param box the size of the box of what is painted
+    const QPainterPath* areaOf(const DIO_XmlNode& pattern, const PatternTile& tile, const QSizeF& box);
+    /// The fill of a shape by a pattern with gaps; none for other fills, and where it would be too much.
+    std::optional<TiledFill> tiledFillOf(const Visited& visited, const DIO_SvgPaint& fill);
+    void writeTiledFill(const Visited& visited, const QString& data, const TiledFill& tiled, double opacity);
     /// @}
 
     const DIO_XmlTree& _tree;
@@ -188,6 +230,9 @@ private:
     DIO_FlatWriter* _writer = &_main;          ///< the document, or a scratch document while something is measured
     std::vector<const DIO_XmlNode*> _ancestry; ///< from the root to the element that is visited
     QHash<const DIO_XmlNode*, Picture> _pictures;
+    std::map<std::tuple<const DIO_XmlNode*, double, double>, QPainterPath> _patternAreas;
+    QSet<const DIO_XmlNode*> _openPatterns; ///< whose areas are put together at this moment
+    int _patternElements = 0;
     QMap<QString, int> _leftOut; ///< what was left out, and how often
     QStringList _hidden;
     QString _problem;
