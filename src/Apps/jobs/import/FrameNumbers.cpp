@@ -128,10 +128,9 @@ UT_Result<std::vector<NumberedFile>> numberFrames(QStringList paths)
     return numbered;
 }
 
-QString sequenceName(QStringList paths)
+QString sequenceName(const QStringList& paths)
 {
     if (paths.size() == 1)
         return QFileInfo(paths.first()).completeBaseName();
-    sortNaturally(paths);
     return paths.isEmpty() ? QString() : DIO_nameWithoutNumber(paths.first());
 }

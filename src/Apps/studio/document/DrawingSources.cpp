@@ -6,6 +6,7 @@
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "jobs/drawing/ObjectWords.h"
 #include "jobs/import/DrawingDigest.h"
+#include "jobs/import/FrameNumbers.h"
 #include "jobs/import/ImportDrawings.h"
 #include "jobs/import/SceneElements.h"
 #include "jobs/import/UpdateDrawings.h"
@@ -159,13 +160,15 @@ void DrawingSources::reloadAll()
         enqueue({files, files});
 }
 
-void DrawingSources::add(const QStringList& files)
+void DrawingSources::add(QStringList files)
 {
+    sortNaturally(files);
     enqueue({{}, originPaths(files)});
 }
 
-void DrawingSources::replace(const QStringList& source, const QStringList& files)
+void DrawingSources::replace(const QStringList& source, QStringList files)
 {
+    sortNaturally(files);
     enqueue({source, originPaths(files)});
 }
 
