@@ -5,6 +5,7 @@
 
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "QuarvelVectorLanes/VL_ParallelFor.h"
 #include "form/ChooseForms.h"
 #include "jobs/drawing/DrawingScene.h"
 #include "jobs/drawing/ObjectNames.h"
@@ -17,14 +18,20 @@ namespace {
 LayeredDrawing firstDrawings(const DrawingSequence& sequence, const FormSettings& form, const ObjectWishes& folder,
                              QStringList& warnings)
 {
+    // To measure a layer takes milliseconds, and files have up to thousands of layers.
+    std::vector<ObjectExtent> extents(sequence.layers.size());
+    VL_parallelForEach(static_cast<int>(extents.size()), [&](int i) {
+        const auto at = static_cast<std::size_t>(i);
+        extents[at] = measureExtent(sequence.layers[at].measured, sequence.frame);
+    });
     LayeredDrawing drawing;
     drawing.frame = sequence.frame;
     drawing.size = sequence.size;
     drawing.palette = sequence.palette;
     for (const SequenceLayer& layer : sequence.layers) {
+        const ObjectExtent& extent = extents[drawing.layers.size()];
         const auto number = static_cast<int>(drawing.layers.size()) + 1;
-        drawing.layers.push_back({layer.name, layer.drawings.begin()->second,
-                                  formFor(measureExtent(layer.measured, sequence.frame), layer.role, form),
+        drawing.layers.push_back({layer.name, layer.drawings.begin()->second, formFor(extent, layer.role, form),
                                   ownSettings(layer.values, folder, number, layer.name, layer.role, warnings)});
     }
     return drawing;
