@@ -7,7 +7,7 @@
 Every drawing is imported and painted at about 512 pixels on its longer side, at the size nearest to that at which the
 page is whole pixels, and painted by rsvg-convert (librsvg2-bin) at the same size. The agreement of a drawing is 1 minus
 the mean difference of coverage over all pixels. The worst ones are listed, then the share of drawings that reach 0.999
-and 0.99.
+and 0.99, then those that were not compared, each with its reason.
 """
 import argparse
 import re
@@ -52,33 +52,37 @@ def size_of(drawing: Path) -> tuple[int, int]:
     return (side, other) if width >= height else (other, side)
 
 
-def run(*words: str) -> bool:
+class NotCompared(Exception):
+    """Why."""
+
+
+def run(*words: str) -> None:
+    name = Path(words[0]).name
     try:
-        return subprocess.run(words, capture_output=True, timeout=SECONDS, check=False).returncode == 0
+        done = subprocess.run(words, capture_output=True, timeout=SECONDS, check=False, text=True, errors="replace")
     except subprocess.TimeoutExpired:
-        return False
+        raise NotCompared(f"{name} {words[1]} takes more than {SECONDS} s") from None
+    if done.returncode != 0:
+        said = done.stderr.strip().splitlines()
+        raise NotCompared(f"{name} ends with {done.returncode}: {said[-1] if said else 'nothing said'}")
 
 
 def coverage(picture: Path) -> numpy.ndarray:
     return numpy.asarray(Image.open(picture).convert("RGBA"))[..., 3] / 255.0
 
 
-def agreement(program: str, drawing: Path, folder: Path) -> float | None:
-    """1 minus the mean difference; None when either program refuses the drawing."""
+def agreement(program: str, drawing: Path, folder: Path) -> float:
+    """1 minus the mean difference; NotCompared when either program refuses the drawing."""
     theirs, scene, ours = folder / "theirs.png", folder / "scene", folder / "ours.0001.png"
     try:
         width, height = size_of(drawing)
-    except (ElementTree.ParseError, ValueError, IndexError, ZeroDivisionError):
-        return None
-    if not run("rsvg-convert", "-w", str(width), "-h", str(height), str(drawing), "-o", str(theirs)):
-        return None
+    except (ElementTree.ParseError, ValueError, IndexError, ZeroDivisionError) as error:
+        raise NotCompared(f"its size is not understood: {error}") from None
+    run("rsvg-convert", "-w", str(width), "-h", str(height), str(drawing), "-o", str(theirs))
     wanted = coverage(theirs)
-    size = f"{width}x{height}"
-    if not run(program, "import", str(drawing), "-o", str(scene), "--objects", "one"):
-        return None
-    if not run(program, "render", str(scene), "-o", str(folder / "ours.####.png"), "--frames", "1", "--node", "Drawing",
-               "--as", "colours", "--resolution", size):
-        return None
+    run(program, "import", str(drawing), "-o", str(scene), "--objects", "one")
+    run(program, "render", str(scene), "-o", str(folder / "ours.####.png"), "--frames", "1", "--node", "Drawing",
+        "--as", "colours", "--resolution", f"{width}x{height}")
     return 1.0 - float(numpy.abs(coverage(ours) - wanted).mean())
 
 
@@ -91,20 +95,21 @@ def main() -> int:
     drawings = sorted(path for folder in options.folders for path in
                       (folder.rglob("*.svg") if folder.is_dir() else [folder]))[::options.every]
     found: list[tuple[float, Path]] = []
-    refused = 0
+    refused: list[tuple[str, Path]] = []
     for drawing in drawings:
         with tempfile.TemporaryDirectory() as folder:
-            value = agreement(options.program, drawing, Path(folder))
-        if value is None:
-            refused += 1
-        else:
-            found.append((value, drawing))
+            try:
+                found.append((agreement(options.program, drawing, Path(folder)), drawing))
+            except NotCompared as why:
+                refused.append((str(why), drawing))
     for value, drawing in sorted(found)[:40]:
         print(f"{value:.4f} {drawing}")
     count = max(len(found), 1)
     for limit in (0.999, 0.99, 0.95):
         print(f"{sum(value >= limit for value, _ in found) / count:.3f} of {len(found)} drawings reach {limit}")
-    print(f"{refused} drawings were not compared")
+    print(f"{len(refused)} drawings were not compared")
+    for why, drawing in refused:
+        print(f"{drawing}: {why}")
     return 0
 
 
