@@ -11,6 +11,7 @@
 #include "studio/window/Appearance.h"
 #include "studio/window/Icons.h"
 #include "studio/window/MainWindow.h"
+#include "studio/window/MessageBar.h"
 #include "studio/window/PictureRates.h"
 #include "studio/window/Screenshots.h"
 #include "studio/window/Translations.h"
@@ -76,8 +77,14 @@ int run(int argc, char** argv)
     window.show();
     // What a crash left comes first, whatever the program was started with. Files do not take the place of what was
     // just recovered.
-    if (!window.offerRecovery() && !parser.positionalArguments().isEmpty())
-        window.openPaths(parser.positionalArguments());
+    const bool isRecovered = window.offerRecovery();
+    const QStringList files = parser.positionalArguments();
+    if (!files.isEmpty() && !isRecovered)
+        window.openPaths(files);
+    else if (!files.isEmpty())
+        window.messages().showNotice(window.messages().text() + QLatin1Char('\n') +
+                                     QApplication::translate("main", "Not opened, because a scene was recovered: %1")
+                                         .arg(files.join(QStringLiteral(", "))));
     return QApplication::exec();
 }
 

@@ -3343,5 +3343,9 @@ Schalten Sie in seinen Eigenschaften „Normalen erzeugen“ ein.</translation>
         <source>Print how many pictures a second the window shows, and end.</source>
         <translation>Ausgeben, wie viele Bilder je Sekunde das Fenster zeigt, und beenden.</translation>
     </message>
+    <message>
+        <source>Not opened, because a scene was recovered: %1</source>
+        <translation>Nicht geöffnet, weil eine Szene wiederhergestellt wurde: %1</translation>
+    </message>
 </context>
 </TS>
