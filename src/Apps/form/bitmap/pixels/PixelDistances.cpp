@@ -139,10 +139,16 @@ NearestAreas grown(const PixelPlane<int>& labels, const PixelPlane<char>& open)
             if (inner || labels.contains(x + n.x, y + n.y))
                 relax(pixel, pixel + n.y * width + n.x, n.step);
     };
+    // Most pixels lie in areas, so the first steps are looked for from the pixels that do not.
     for (int y = 0; y < labels.height(); ++y)
-        for (int x = 0; x < width; ++x)
-            if (labels.at(x, y) >= 0)
-                relaxAround(y * width + x, x, y);
+        for (int x = 0; x < width; ++x) {
+            const int pixel = y * width + x;
+            if (labels[pixel] >= 0 || !open[pixel])
+                continue;
+            for (const Neighbour& n : kAround)
+                if (labels.contains(x + n.x, y + n.y) && labels.at(x + n.x, y + n.y) >= 0)
+                    relax(pixel + n.y * width + n.x, pixel, n.step);
+        }
     for (int distance = 1; !front.isEmpty(); ++distance)
         for (const int pixel : front.take(distance))
             // A shorter path may have been found after the pixel was added.
