@@ -16,7 +16,7 @@ bool change(MO_Scene& scene, CO_CommandStack& stack, const QStringList& words)
 {
     if (words.first() != QLatin1String("--object")) {
         const auto changed = setInScene(scene, stack, words.first(), words.sliced(1));
-        return changed && *changed;
+        return changed && !changed->empty();
     }
     ObjectWishes wishes;
     for (const QString& word : words.sliced(1))

@@ -279,6 +279,10 @@ TEST_F(Words, JsonHoldsResultsWarningsAndErrorsOfEveryCommand)
 
     told = json("set s.scene Normal-Map.BlurScale 2 --json");
     EXPECT_EQ(told[QStringLiteral("results")][0][QStringLiteral("changed")], true);
+    const QJsonValue change = told[QStringLiteral("results")][0][QStringLiteral("changes")][0];
+    EXPECT_EQ(change[QStringLiteral("what")], QStringLiteral("Normal-Map.BlurScale"));
+    EXPECT_EQ(change[QStringLiteral("before")], QStringLiteral("1"));
+    EXPECT_EQ(change[QStringLiteral("after")], QStringLiteral("2"));
 
     told = json("render s.scene -o n.png --resolution 16 --json");
     EXPECT_EQ(told[QStringLiteral("results")][0][QStringLiteral("written")], 1);
@@ -296,6 +300,26 @@ TEST_F(Words, ProgressIsToldWhereNobodyWatchesOnlyWhenAskedFor)
     EXPECT_EQ(said, "");
     EXPECT_EQ(quarvel("render s.scene -o n.png --resolution 16 --progress lines"), 0);
     EXPECT_THAT(said, HasSubstr("100%\n"));
+}
+
+TEST_F(Words, AChangeIsAnsweredWithWhatWasTypedAndBothValues)
+{
+    ASSERT_EQ(quarvel("import hero.svg --shape rim -o s.scene"), 0) << said;
+    const auto answer = [this](const char* words) {
+        EXPECT_EQ(quarvel(QString::fromUtf8(words).split(u' '), path(QStringLiteral("answer"))), 0) << said;
+        QFile file(path(QStringLiteral("answer")));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll().toStdString();
+    };
+    EXPECT_EQ(answer("set s.scene Normal-Map.bevel-multiplier 2.5"),
+              "s.scene: Normal-Map.bevel-multiplier: 1 -> 2.5\n");
+    EXPECT_EQ(answer("set s.scene Normal-Map.ObjectList 1:60:1:1"),
+              "s.scene: Normal-Map.ObjectList: 1:24:1:1 -> 1:60:1:1\n");
+    EXPECT_EQ(answer("set s.scene --object 1:bevel=30:tilt=10,0"),
+              "s.scene: object 1 hero, bevel: 60 -> 30\ns.scene: object 1 hero, tilt: 0,0 -> 10,0\n");
+    EXPECT_EQ(answer("set s.scene --object all:cutout"), "s.scene: object 1 hero, cutout: no -> yes\n");
+    EXPECT_EQ(answer("set s.scene rate 25"), "s.scene: rate: 24 -> 25\n");
+    EXPECT_EQ(answer("set s.scene rate 25"), "s.scene: nothing to change\n");
 }
 
 TEST_F(Words, ObjectsThatARowDoesNotNameStayInTheTable)

@@ -3,9 +3,9 @@
 // The options of a command as a table: each row has an option's names and the function that takes its value.
 #pragma once
 
-#include "NearestWord.h"
 #include "OptionValues.h"
 #include "QuarvelBaseCore/UT_Result.h"
+#include "jobs/text/NearestWord.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>

@@ -26,13 +26,33 @@ bool isObjectOption(const QString& word)
 // How often a change is made again because others saved the scene first.
 constexpr int kAttempts = 100;
 
-void tellChange(const QString& folder, const QString& change, Report& report)
+using Changes = std::vector<ChangedValue>;
+
+QString inWords(const ChangedValue& change)
 {
-    report.result(
-        {{QStringLiteral("scene"), folder},
-         {QStringLiteral("changed"), !change.isEmpty()},
-         {QStringLiteral("change"), change}},
-        QStringLiteral("%1: %2\n").arg(folder, change.isEmpty() ? QStringLiteral("nothing to change") : change));
+    // An empty value is written as a shell takes it.
+    const auto shown = [](const QString& value) { return value.isEmpty() ? QStringLiteral("''") : value; };
+    return QStringLiteral("%1: %2 -> %3").arg(change.what, shown(change.before), shown(change.after));
+}
+
+void tellChanges(const QString& folder, const Changes& changes, Report& report)
+{
+    QJsonArray values;
+    QStringList lines;
+    for (const ChangedValue& change : changes) {
+        values.append(QJsonObject{{QStringLiteral("what"), change.what},
+                                  {QStringLiteral("before"), change.before},
+                                  {QStringLiteral("after"), change.after}});
+        lines << inWords(change);
+    }
+    QString text;
+    for (const QString& line : lines.isEmpty() ? QStringList(QStringLiteral("nothing to change")) : lines)
+        text += QStringLiteral("%1: %2\n").arg(folder, line);
+    report.result({{QStringLiteral("scene"), folder},
+                   {QStringLiteral("changed"), !changes.empty()},
+                   {QStringLiteral("change"), lines.join(u'\n')},
+                   {QStringLiteral("changes"), values}},
+                  text);
 }
 
 // @return the exit code; nothing when somebody else saved the scene after it was loaded
@@ -40,7 +60,7 @@ template<typename Change>
 std::optional<int> tryChange(const SIO_LoadedScene& opened, const QString& folder, const Change& change, Report& report)
 {
     CO_CommandStack stack;
-    const UT_Result<QString> changed = change(*opened.scene, stack);
+    const UT_Result<Changes> changed = change(*opened.scene, stack);
     if (!changed) {
         report.error(changed.error(), folder);
         return kWrongUsage;
@@ -49,8 +69,8 @@ std::optional<int> tryChange(const SIO_LoadedScene& opened, const QString& folde
         report.error(QStringLiteral("stopped; %1 is as it was").arg(folder));
         return StopSignal::exitCode();
     }
-    if (changed->isEmpty()) {
-        tellChange(folder, *changed, report);
+    if (changed->empty()) {
+        tellChanges(folder, *changed, report);
         return 0;
     }
     const auto saved = SIO_saveSceneOver(opened.state, *opened.scene, folder);
@@ -60,7 +80,7 @@ std::optional<int> tryChange(const SIO_LoadedScene& opened, const QString& folde
     }
     if (!*saved)
         return std::nullopt;
-    tellChange(folder, *changed, report);
+    tellChanges(folder, *changed, report);
     if (!StopSignal::came())
         return 0;
     // A signal does not interrupt the save: it is short, and the scene is whole after it.
@@ -68,7 +88,7 @@ std::optional<int> tryChange(const SIO_LoadedScene& opened, const QString& folde
     return StopSignal::exitCode();
 }
 
-// @param change gets the scene and a stack; gives an error, or what it changed in words: nothing when nothing
+// @param change gets the scene and a stack; gives an error, or what it changed
 template<typename Change>
 int changeScene(const QString& folder, const Change& change, Report& report)
 {
@@ -87,11 +107,8 @@ int changeScene(const QString& folder, const Change& change, Report& report)
 
 int setAttribute(const QStringList& words, Report& report)
 {
-    const auto change = [&](MO_Scene& scene, CO_CommandStack& stack) -> UT_Result<QString> {
-        const UT_Result<bool> changed = setInScene(scene, stack, words[1], words.sliced(2));
-        if (!changed)
-            return changed.error();
-        return *changed ? stack.undoName() : QString();
+    const auto change = [&](MO_Scene& scene, CO_CommandStack& stack) {
+        return setInScene(scene, stack, words[1], words.sliced(2));
     };
     return changeScene(words.first(), change, report);
 }
@@ -111,14 +128,8 @@ int setObjects(const QStringList& words, Report& report)
             "set --object wants one scene, such as walk.scene; attributes are set by a call of their own"));
         return kWrongUsage;
     }
-    const auto change = [&](MO_Scene& scene, CO_CommandStack& stack) -> UT_Result<QString> {
-        const UT_Result<std::vector<int>> changed = setObjectsInScene(scene, stack, wishes);
-        if (!changed)
-            return changed.error();
-        QStringList numbers;
-        for (const int number : *changed)
-            numbers << QString::number(number);
-        return numbers.isEmpty() ? QString() : QStringLiteral("changed: object ") + numbers.join(QStringLiteral(", "));
+    const auto change = [&](MO_Scene& scene, CO_CommandStack& stack) {
+        return setObjectsInScene(scene, stack, wishes);
     };
     return changeScene(rest->first(), change, report);
 }

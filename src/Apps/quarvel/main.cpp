@@ -7,7 +7,6 @@
 #include "InspectCommand.h"
 #include "ManualPage.h"
 #include "NameEncoding.h"
-#include "NearestWord.h"
 #include "NormalMapCommand.h"
 #include "NormalMapOptions.h"
 #include "RenderCommand.h"
@@ -21,6 +20,7 @@
 #include "jobs/WorkerThreads.h"
 #include "jobs/limits/JobLimits.h"
 #include "jobs/limits/PictureLimit.h"
+#include "jobs/text/NearestWord.h"
 
 #include <QGuiApplication>
 

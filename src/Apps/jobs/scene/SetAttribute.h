@@ -22,12 +22,17 @@
 #include "QuarvelBaseCore/UT_Result.h"
 #include "QuarvelCommand/CO_CommandStack.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "jobs/scene/ChangedValue.h"
 
 #include <QStringList>
+
+#include <vector>
 
 /// Changes the scene by undoable commands. If any word is invalid, nothing changes.
 ///
 /// @param subject the subject, as above
 /// @param words   its new value, at least one
-/// @return whether anything changed, or an error that says what was expected
-UT_Result<bool> setInScene(MO_Scene& scene, CO_CommandStack& stack, const QString& subject, const QStringList& words);
+/// @return the value that changed, of tables the rows that did; empty if nothing would change; or an error that says
+/// what was expected
+UT_Result<std::vector<ChangedValue>> setInScene(MO_Scene& scene, CO_CommandStack& stack, const QString& subject,
+                                                const QStringList& words);

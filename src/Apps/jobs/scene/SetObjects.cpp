@@ -15,6 +15,8 @@
 #include "jobs/shown/NormalMapNode.h"
 #include "jobs/text/NameList.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <set>
 
@@ -63,7 +65,70 @@ UT_Result<void> checkKnown(const std::vector<NamedObject>& objects, const Object
     return {};
 }
 
-// The commands, and the numbers of the objects whose values they change.
+// The words of an object's values, and the values.
+using ValueWords = std::vector<std::pair<QString, QString>>;
+
+QString yesNo(bool value)
+{
+    return value ? QStringLiteral("yes") : QStringLiteral("no");
+}
+
+QString pair(AT_Attr& first, AT_Attr& second)
+{
+    return attributeInWords(first) + u',' + attributeInWords(second);
+}
+
+// The values of all objects, in the words of ObjectWords.h.
+std::vector<ValueWords> valuesOf(const std::vector<NamedObject>& objects, const MO_Scene& scene)
+{
+    std::map<const MO_Module*, std::vector<NormalMapObject>> tables;
+    std::vector<ValueWords> all;
+    for (const NamedObject& object : objects) {
+        const auto [table, isNew] = tables.try_emplace(object.node);
+        if (isNew)
+            table->second = NormalMapNode(*object.node).objects();
+        const ObjectDefinition& definition = *object.definition;
+        // By the number that it had, so that what cuts out from now on does not seem to lose its values as well.
+        const NormalMapObject* const row = findRow(table->second, object.number);
+        const auto inRow = [row](double NormalMapObject::*value) {
+            return row ? PO_formatDouble(row->*value) : QStringLiteral("-");
+        };
+        const bool isShown = definition.objectEnabled()->localValue() || definition.relief()->localValue() != 0.0;
+        all.push_back({{QStringLiteral("bevel"), inRow(&NormalMapObject::bevel)},
+                       {QStringLiteral("elevation"), inRow(&NormalMapObject::elevation)},
+                       {QStringLiteral("smoothness"), inRow(&NormalMapObject::smoothness)},
+                       {QStringLiteral("level"), attributeInWords(*definition.objectLevel())},
+                       {QStringLiteral("coverage"), attributeInWords(*definition.scaleByCoverage())},
+                       {QStringLiteral("cutout"), yesNo(definition.objectId(scene.firstFrame()) == 0)},
+                       {QStringLiteral("hidden"), yesNo(!isShown)},
+                       {QStringLiteral("tilt"), pair(*definition.tiltX(), *definition.tiltY())},
+                       {QStringLiteral("rim"), pair(*definition.rimBevel(), *definition.rimHeight())},
+                       {QStringLiteral("relief"), attributeInWords(*definition.relief())}});
+    }
+    return all;
+}
+
+// An object that several nodes have is told once where they agree.
+std::vector<ChangedValue> changesBetween(const std::vector<NamedObject>& objects, const std::vector<ValueWords>& before,
+                                         const std::vector<ValueWords>& after)
+{
+    std::vector<ChangedValue> changes;
+    QSet<QString> told;
+    for (std::size_t i = 0; i < objects.size(); ++i)
+        for (std::size_t j = 0; j < before[i].size(); ++j) {
+            if (before[i][j] == after[i][j])
+                continue;
+            const ChangedValue change{QStringLiteral("object %1, %2").arg(shownName(objects[i]), before[i][j].first),
+                                      before[i][j].second, after[i][j].second};
+            if (const QString all = change.what + u'\n' + change.before + u'\n' + change.after; !told.contains(all)) {
+                told.insert(all);
+                changes.push_back(change);
+            }
+        }
+    return changes;
+}
+
+// The commands of a change.
 class Changes
 {
 public:
@@ -74,25 +139,25 @@ public:
         ObjectDefinition& definition = *object.definition;
         UT_Result<void> done;
         if (said.level)
-            done = set(*definition.objectLevel(), PO_formatDouble(*said.level), object.number);
+            done = set(*definition.objectLevel(), PO_formatDouble(*said.level));
         if (done && said.scaleByCoverage)
-            done = set(*definition.scaleByCoverage(), yesNo(*said.scaleByCoverage), object.number);
+            done = set(*definition.scaleByCoverage(), yesNo(*said.scaleByCoverage));
         if (done)
             done = show(object, said);
         if (done && said.tilt)
-            done = set(*definition.tiltX(), PO_formatDouble(said.tilt->x), object.number);
+            done = set(*definition.tiltX(), PO_formatDouble(said.tilt->x));
         if (done && said.tilt)
-            done = set(*definition.tiltY(), PO_formatDouble(said.tilt->y), object.number);
+            done = set(*definition.tiltY(), PO_formatDouble(said.tilt->y));
         if (done && said.rim)
-            done = set(*definition.rimBevel(), PO_formatDouble(said.rim->bevel), object.number);
+            done = set(*definition.rimBevel(), PO_formatDouble(said.rim->bevel));
         if (done && said.rim)
-            done = set(*definition.rimHeight(), PO_formatDouble(said.rim->height), object.number);
+            done = set(*definition.rimHeight(), PO_formatDouble(said.rim->height));
         if (done && said.cutOut && *said.cutOut != (object.number == 0)) {
             if (!*said.cutOut)
                 return UT_Error{QStringLiteral("%1 cuts out; to give it a volume, give it a number: quarvel set SCENE "
                                                "%2.ObjectNumber 7")
                                     .arg(object.names.first(), definition.instanceName())};
-            done = set(*definition.objectNumber(), QStringLiteral("0"), object.number);
+            done = set(*definition.objectNumber(), QStringLiteral("0"));
         }
         return done;
     }
@@ -106,9 +171,9 @@ public:
         const double relief = hides ? 0.0 : said.relief.value_or(before);
         UT_Result<void> done;
         if (relief != before)
-            done = set(*definition.relief(), PO_formatDouble(relief), object.number);
+            done = set(*definition.relief(), PO_formatDouble(relief));
         if (done && (said.hidden || said.relief))
-            done = set(*definition.objectEnabled(), yesNo(!hides && relief == 0.0), object.number);
+            done = set(*definition.objectEnabled(), yesNo(!hides && relief == 0.0));
         return done;
     }
 
@@ -119,42 +184,27 @@ public:
             if (settings.bevel || settings.elevation || settings.smoothness)
                 raise(rows, number, settings);
         AT_Attr* const table = node.findAttr(NormalMapNode::objectTableKey());
-        return table ? add(*table, objectTableText(rows)) : UT_Result<void>();
+        return table ? set(*table, objectTableText(rows)) : UT_Result<void>();
     }
 
-    std::vector<int> execute(CO_CommandStack& stack)
+    void execute(CO_CommandStack& stack)
     {
         for (MO_EditCommand& command : _commands)
             stack.execute(std::move(command));
-        return {_changed.begin(), _changed.end()};
     }
 
 private:
-    static QString yesNo(bool value) { return value ? QStringLiteral("yes") : QStringLiteral("no"); }
-
-    void raise(std::vector<NormalMapObject>& rows, int number, const ObjectSettings& said)
+    static void raise(std::vector<NormalMapObject>& rows, int number, const ObjectSettings& said)
     {
         const NormalMapObject* const known = findRow(rows, number);
-        const NormalMapObject before = known ? *known : NormalMapObject{.number = number};
-        NormalMapObject row = before;
+        NormalMapObject row = known ? *known : NormalMapObject{.number = number};
         row.bevel = said.bevel.value_or(row.bevel);
         row.elevation = said.elevation.value_or(row.elevation);
         row.smoothness = said.smoothness.value_or(row.smoothness);
         putRow(rows, row);
-        if (row != before)
-            _changed.insert(row.number);
     }
 
-    UT_Result<void> set(AT_Attr& attr, const QString& word, int number)
-    {
-        const std::size_t before = _commands.size();
-        UT_Result<void> done = add(attr, word);
-        if (_commands.size() > before)
-            _changed.insert(number);
-        return done;
-    }
-
-    UT_Result<void> add(AT_Attr& attr, const QString& word)
+    UT_Result<void> set(AT_Attr& attr, const QString& word)
     {
         UT_Result<MO_EditCommand> command = changeByWords(_scene, attr, {word});
         if (!command)
@@ -166,12 +216,12 @@ private:
 
     MO_Scene& _scene;
     std::vector<MO_EditCommand> _commands;
-    std::set<int> _changed;
 };
 
 } // namespace
 
-UT_Result<std::vector<int>> setObjectsInScene(MO_Scene& scene, CO_CommandStack& stack, const ObjectWishes& wishes)
+UT_Result<std::vector<ChangedValue>> setObjectsInScene(MO_Scene& scene, CO_CommandStack& stack,
+                                                       const ObjectWishes& wishes)
 {
     const std::vector<NamedObject> objects = namedObjectsOf(scene);
     if (objects.empty())
@@ -197,5 +247,7 @@ UT_Result<std::vector<int>> setObjectsInScene(MO_Scene& scene, CO_CommandStack& 
         if (UT_Result<void> done = changes.raise(*node, said); !done)
             return done.error();
     }
-    return changes.execute(stack);
+    const std::vector<ValueWords> before = valuesOf(objects, scene);
+    changes.execute(stack);
+    return changesBetween(objects, before, valuesOf(objects, scene));
 }

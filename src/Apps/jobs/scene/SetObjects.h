@@ -10,8 +10,12 @@
 #include "QuarvelCommand/CO_CommandStack.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "jobs/drawing/NormalMapSettings.h"
+#include "jobs/scene/ChangedValue.h"
+
+#include <vector>
 
 /// Changes the scene by undoable commands. If any wish is invalid, nothing changes.
 ///
-/// @return the numbers of the changed objects, or an error that lists the existing objects
-UT_Result<std::vector<int>> setObjectsInScene(MO_Scene& scene, CO_CommandStack& stack, const ObjectWishes& wishes);
+/// @return the values that changed, an object after the other; or an error that lists the existing objects
+UT_Result<std::vector<ChangedValue>> setObjectsInScene(MO_Scene& scene, CO_CommandStack& stack,
+                                                       const ObjectWishes& wishes);

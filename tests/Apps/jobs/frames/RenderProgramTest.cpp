@@ -127,7 +127,7 @@ TEST_F(RenderProgram, LightsFramesAndFilmsAsTheSceneSays)
     EXPECT_EQ(quarvel("small.scene --lit old.##.png --preview old.png --frames 1-2 --resolution 64 -q").exitCode, 0);
     const Outcome set = command("set small.scene lights torch");
     EXPECT_EQ(set.exitCode, 0) << set.messages;
-    EXPECT_THAT(set.output, HasSubstr("Lights: Torch"));
+    EXPECT_THAT(set.output, HasSubstr("small.scene: lights: Light 1 -> Torch"));
     EXPECT_EQ(command("set small.scene .Light1.Intensity 1:0.5 2:3").exitCode, 0);
     EXPECT_EQ(command("set small.scene .Lights.Highlight 0.5").exitCode, 0);
     const Outcome listed = command("inspect small.scene");

@@ -23,9 +23,29 @@ struct SetInScene : testing::Test
     CO_CommandStack stack;
     MO_ElementModule& hero = scene.root().emplace<MO_ElementModule>();
 
+    /// Whether anything changed.
     UT_Result<bool> set(const char* subject, const QStringList& words)
     {
-        return setInScene(scene, stack, QString::fromUtf8(subject), words);
+        const auto changed = setInScene(scene, stack, QString::fromUtf8(subject), words);
+        return changed ? UT_Result<bool>(!changed->empty()) : UT_Result<bool>(changed.error());
+    }
+
+    void draw(const QStringList& names)
+    {
+        const auto palette = UT_makeShared<CM_Palette>(UT_String("ink"), UT_Id(1));
+        for (const QString& name : names)
+            hero.setDrawing(name, UT_makeShared<CELVEC_Kvd>(palette));
+    }
+
+    /// The answer to a change: before and after.
+    std::string told(const char* subject, const QStringList& words)
+    {
+        const auto changed = setInScene(scene, stack, QString::fromUtf8(subject), words);
+        EXPECT_TRUE(changed && changed->size() == 1) << subject;
+        if (!changed || changed->size() != 1)
+            return {};
+        EXPECT_EQ(changed->front().what, QString::fromUtf8(subject));
+        return (changed->front().before + QStringLiteral(" -> ") + changed->front().after).toStdString();
     }
 
     std::string errorOf(const char* subject, const QStringList& words)
@@ -97,6 +117,7 @@ TEST_F(SetInScene, AnAttributeReadsAnotherAndStopsToDoSo)
 
 TEST_F(SetInScene, ExposuresSayWhichDrawingIsShown)
 {
+    draw({"walk_1", "walk_2"});
     ASSERT_TRUE(set("Hero.Drawing", {"1:walk_1", "3:walk_2", "9:"}));
     EXPECT_EQ(hero.drawingAttr()->drawing(2.0), QStringLiteral("walk_1"));
     EXPECT_EQ(hero.drawingAttr()->drawing(8.0), QStringLiteral("walk_2"));
@@ -127,7 +148,10 @@ TEST_F(SetInScene, MistakesSayWhatWasMeantToStandThere)
     EXPECT_THAT(errorOf("Hero.PositionX", {"1:0:soft"}), HasSubstr("hold, linear or bezier"));
     EXPECT_THAT(errorOf("Hero.PositionX", {"=Hero.Nothing"}), HasSubstr("Hero.Nothing"));
     EXPECT_THAT(errorOf("Hero.Drawing", {"walk"}), HasSubstr("FRAME:DRAWING"));
+    EXPECT_THAT(errorOf("Hero.Drawing", {"1:walk"}), HasSubstr("there is no drawing \"walk\""));
     EXPECT_THAT(errorOf("Hero.enabled", {"perhaps"}), HasSubstr("yes or no"));
+    EXPECT_THAT(errorOf("rate", {"24", "25"}), HasSubstr("rate: expected one value, got 2"));
+    EXPECT_THAT(errorOf("Hero.ScaleX", {"x"}), HasSubstr("Hero.ScaleX: expected a number"));
     EXPECT_THAT(errorOf("frames", {"48"}), HasSubstr("1-48"));
     EXPECT_THAT(errorOf("frames", {"48-1"}), HasSubstr("1-48"));
     EXPECT_THAT(errorOf("frames", {"1-99999999999"}), HasSubstr("1-48"));
@@ -135,9 +159,35 @@ TEST_F(SetInScene, MistakesSayWhatWasMeantToStandThere)
     EXPECT_THAT(errorOf("Hero.PositionX", {}), HasSubstr("new value"));
 }
 
+TEST_F(SetInScene, AMistypedSubjectIsAnsweredWithTheNearest)
+{
+    hero.setInstanceName(QStringLiteral("Hero-Body"));
+    EXPECT_THAT(errorOf("HeroBody.ScaleX", {"1"}),
+                HasSubstr("there is no module \"HeroBody\"; did you mean Hero-Body?"));
+    EXPECT_THAT(errorOf("Hero-Body.SkaleX", {"1"}), HasSubstr("did you mean ScaleX?"));
+    EXPECT_THAT(errorOf(".Light1.Intensiti", {"1"}), HasSubstr("did you mean Intensity?"));
+    EXPECT_THAT(errorOf("bla", {"1"}), HasSubstr("expected MODULE.ATTRIBUTE, the module one of Hero-Body, or lights"));
+}
+
+TEST_F(SetInScene, TheAnswerHoldsWhatWasTypedAndBothValues)
+{
+    EXPECT_EQ(told("Hero.ScaleX", {"2"}), "1 -> 2");
+    EXPECT_EQ(told("Hero.ScaleX", {"1:0.5", "24:2"}), "2 -> 1:0.5 24:2");
+    EXPECT_EQ(told("Hero.ScaleX", {"=Hero.ScaleY"}), "1:0.5 24:2 -> =Hero.ScaleY");
+    EXPECT_EQ(told("Hero.enabled", {"off"}), "yes -> no");
+    EXPECT_EQ(told("rate", {"25"}), "24 -> 25");
+    EXPECT_EQ(told("frames", {"1-48"}), "1-1 -> 1-48");
+    EXPECT_EQ(told("height", {"720"}), "405 -> 720");
+    EXPECT_EQ(told(".TruckFactor", {"1.5"}), "1 -> 1.5");
+    EXPECT_EQ(told("lights", {"sunset"}), "Light 1 -> Sun, Sky");
+    EXPECT_EQ(told(".Light2.Intensity", {"1"}), "0.3 -> 1");
+    EXPECT_EQ(told("Hero.name", {"Heroine"}), "Hero -> Heroine");
+}
+
 TEST_F(SetInScene, WhatIsDescribedCanBeSet)
 {
     ASSERT_TRUE(set("Hero.PositionX", {"1:0:hold", "24:2.5", "30:1e-3:bezier"}));
+    draw({"a"});
     ASSERT_TRUE(set("Hero.Drawing", {"1:a", "5:"}));
     const QString described = describeScene(scene, DescribedAttributes::CHANGED);
     EXPECT_TRUE(described.contains(QStringLiteral("PositionX  1:0:hold 24:2.5 30:0.001:bezier")))

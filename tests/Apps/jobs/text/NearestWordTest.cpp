@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // What is proposed to somebody who mistyped a word.
-#include "NearestWord.h"
+#include "jobs/text/NearestWord.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 //
 // The distance of Damerau and Levenshtein in its restricted form (optimal string alignment), by three rows of its
 // table.
-#include "NearestWord.h"
+#include "jobs/text/NearestWord.h"
 
 #include <algorithm>
 #include <vector>
