@@ -108,6 +108,17 @@ TEST_F(Words, AMistypedOptionOrCommandIsAnsweredWithTheNearest)
     EXPECT_THAT(said, HasSubstr("did you mean normalmap?"));
 }
 
+TEST_F(Words, AnOptionWithoutItsValueIsNamed)
+{
+    for (const char* option : {"--html", "-o"}) {
+        EXPECT_EQ(quarvel({QStringLiteral("normalmap"), QStringLiteral("hero.svg"), QString::fromUtf8(option)}), 2);
+        EXPECT_EQ(said, std::string("quarvel: ") + option +
+                            " is followed by its value, and there is none; quarvel help normalmap says which\n");
+    }
+    EXPECT_EQ(quarvel("normalmap hero.svg --quiet=yes"), 2);
+    EXPECT_THAT(said, HasSubstr("--quiet"));
+}
+
 TEST_F(Words, AFileThatLooksLikeAnOptionGetsAWayOut)
 {
     draw(QStringLiteral("-dash.svg"));
@@ -138,6 +149,16 @@ TEST_F(Words, AnOptionThatWouldBeIgnoredIsRefused)
     EXPECT_EQ(quarvel("normalmap hero.svg --layout node --y up"), 2);
     EXPECT_THAT(said, HasSubstr("--y up goes with --layout tangent"));
     EXPECT_EQ(quarvel("normalmap hero.svg --layout node --y down"), 0) << said;
+}
+
+TEST_F(Words, ALayerOfNumbersNeedsLayers)
+{
+    for (const char* words :
+         {"normalmap hero.svg -o n.exr --exr signed,numbers", "render s.scene -o n.exr --exr numbers --exr map"}) {
+        EXPECT_EQ(quarvel(words), 2);
+        EXPECT_THAT(said, HasSubstr("--exr numbers adds a layer"));
+    }
+    EXPECT_EQ(quarvel("normalmap hero.svg -o n.exr --exr half,numbers"), 0) << said;
 }
 
 TEST_F(Words, AKeyWithoutItsFrameIsNoKey)
@@ -188,6 +209,19 @@ TEST_F(Words, AFileOfAnotherKindIsAnsweredWithTheNextStep)
     EXPECT_EQ(said, "quarvel: art: this is a folder; write art/*.svg\n");
     EXPECT_EQ(quarvel("normalmap art"), 2);
     EXPECT_THAT(said, HasSubstr("art: there is no drawing in this folder"));
+    write(QStringLiteral("art/a.PNG"), "");
+    EXPECT_EQ(quarvel("import art -o art.scene"), 1);
+    EXPECT_EQ(said, "quarvel: art: this is a folder; write art/*.PNG\n");
+    EXPECT_EQ(quarvel("inspect missing.svg"), 1);
+    EXPECT_EQ(said, "quarvel: missing.svg: there is no such file or folder\n");
+    for (const char* words : {"set hero.svg rate 25", "render hero.svg -o n.png"}) {
+        EXPECT_EQ(quarvel(words), 1);
+        EXPECT_EQ(
+            said,
+            "quarvel: hero.svg: this is a file, and a scene is a folder; make one of it: quarvel import hero.svg\n");
+    }
+    EXPECT_EQ(quarvel("set missing.scene rate 25"), 1);
+    EXPECT_THAT(said, HasSubstr("there is no scene \"missing.scene\""));
 }
 
 TEST_F(Words, TheNameOfAFileThatCannotBeReadStandsOnce)

@@ -18,12 +18,21 @@ UT_Error errorOf(const QString& path, const QString& text)
     return UT_Error{text}.at(path);
 }
 
+// "*.png" for a folder of sprites.
+QString filesToName(const QDir& folder)
+{
+    for (const QString& name : folder.entryList(QDir::Files, QDir::Name))
+        if (importableSuffixes().contains(UT_fileSuffix(name)))
+            return QStringLiteral("*.") + QFileInfo(name).suffix();
+    return QStringLiteral("*.svg");
+}
+
 UT_Error folderAdvice(const QString& path)
 {
     if (SIO_holdsScene(path))
         return errorOf(path, QStringLiteral("this is a scene; run quarvel render %1 -o n.####.png").arg(path));
-    return errorOf(path,
-                   QStringLiteral("this is a folder; write %1").arg(QDir(path).filePath(QStringLiteral("*.svg"))));
+    const QDir folder(path);
+    return errorOf(path, QStringLiteral("this is a folder; write %1").arg(folder.filePath(filesToName(folder))));
 }
 
 // How to get a drawing out of files that hold one and are not read.
@@ -65,4 +74,16 @@ UT_Result<void> checkIsImportable(const QString& path)
     if (QFileInfo(path).isDir())
         return folderAdvice(path);
     return importableSuffixes().contains(UT_fileSuffix(path)) ? UT_Result<void>() : kindAdvice(path);
+}
+
+UT_Result<void> checkIsScene(const QString& path)
+{
+    const QFileInfo place(path);
+    if (!place.exists() || place.isDir())
+        return {};
+    if (importableSuffixes().contains(UT_fileSuffix(path)))
+        return errorOf(
+            path,
+            QStringLiteral("this is a file, and a scene is a folder; make one of it: quarvel import %1").arg(path));
+    return errorOf(path, QStringLiteral("this is a file, and a scene is a folder such as walk.scene"));
 }

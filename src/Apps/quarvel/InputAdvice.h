@@ -18,3 +18,8 @@ UT_Result<void> checkIsDrawing(const QString& path);
 
 /// Whether a path may name a file that a scene is made of.
 UT_Result<void> checkIsImportable(const QString& path);
+
+/// Whether a path may name a scene; who opens it says what is wrong with a folder, and that there is none.
+///
+/// @return an error for files, which says how a scene is made of them
+UT_Result<void> checkIsScene(const QString& path);

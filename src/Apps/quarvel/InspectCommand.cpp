@@ -99,7 +99,9 @@ UT_Result<Description> describeDrawing(const QString& path, const InspectOptions
 UT_Result<Description> describe(const QString& place, const InspectOptions& options, Report& report)
 {
     const QFileInfo info(place);
-    if (info.exists() && !info.isDir()) {
+    if (!info.exists() && !info.isSymLink())
+        return UT_Error{QStringLiteral("there is no such file or folder")}.at(place);
+    if (!info.isDir()) {
         const auto frame = readFrame(place);
         if (!frame)
             return frame.error();

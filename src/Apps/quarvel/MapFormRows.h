@@ -29,6 +29,17 @@ inline Taken takeExr(MapFormOptions& form, const QString& option, const QString&
     return {};
 }
 
+/// Whether the words of --exr go together, wherever they were said.
+inline UT_Result<void> checkExr(const MapFormOptions& form)
+{
+    if (!form.objectNumbers || form.exr == ExrContent::LAYERS)
+        return {};
+    return UT_Error{
+        QStringLiteral("--exr numbers adds a layer to --exr layers, and --exr %1 writes none; --numbers FILE "
+                       "writes a file of its own")
+            .arg(form.exr == ExrContent::SIGNED ? QStringLiteral("signed") : QStringLiteral("map"))};
+}
+
 /// The rows --for, --y, --alpha, --bits, --pad and --exr.
 ///
 /// @param formOf the MapFormOptions of a command's options

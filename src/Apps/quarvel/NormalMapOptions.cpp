@@ -290,6 +290,8 @@ UT_Result<NormalMapOptions> parseNormalMapOptions(const QStringList& words)
     options.drawings = *drawings;
     if (const UT_Result<void> fits = checkForm(options); !fits)
         return fits.error();
+    if (const UT_Result<void> fits = checkExr(options.form); !fits)
+        return fits.error();
     if (UT_Result<void> fits = checkSheet(options); !fits)
         return fits.error();
     if (const UT_Result<void> fits = checkGloss(options); !fits)

@@ -101,6 +101,18 @@ inline QString wordOf(const QString& name, const QStringList& words)
     return spelled(name);
 }
 
+/// What is wrong with options that are known: only the last word can lack its value, others take the next word.
+///
+/// @param otherwise the parser's own words for all else
+inline UT_Error valueMistake(const QStringList& words, const QString& command, const QString& otherwise)
+{
+    const QString& last = words.last();
+    if (last.startsWith(QLatin1Char('-')) && otherwise.contains(last))
+        return {QStringLiteral("%1 is followed by its value, and there is none; quarvel help %2 says which")
+                    .arg(last, command)};
+    return {QStringLiteral("%1; quarvel help %2 lists what there is").arg(otherwise.chopped(1), command)};
+}
+
 /// Stores the values of all options that are among the words, each as often as it is given.
 ///
 /// @param command its name, as it is typed
@@ -122,9 +134,9 @@ UT_Result<QStringList> takeOptions(const QString& command, const QStringList& wo
             names += row.names;
         return unknownOption(command, wordOf(unknown.first(), words), names);
     }
+    // All that is left to be wrong is a value that is missing, or one that is too many.
     if (!isParsed)
-        return UT_Error{
-            QStringLiteral("%1; quarvel help %2 lists what there is").arg(parser.errorText().chopped(1), command)};
+        return valueMistake(words, command, parser.errorText());
     for (const auto& row : table) {
         if (!parser.isSet(row.names.last()))
             continue;

@@ -183,6 +183,8 @@ UT_Result<RenderOptions> parseRenderOptions(const QStringList& words)
                               options.height, options.occlusion, options.numbers, options.glossFile};
     if (outputs.join(QString()).isEmpty())
         return missing("where do the frames go?");
+    if (const UT_Result<void> fits = checkExr(options.form); !fits)
+        return fits.error();
     if (options.gloss.isAny() == options.glossFile.isEmpty())
         return UT_Error{
             QStringLiteral("--gloss says what is glossy and --gloss-file where the masks go; give both, such "
