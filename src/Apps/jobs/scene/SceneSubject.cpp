@@ -11,6 +11,7 @@
 #include "QuarvelSceneCore/editing/MO_SceneCommands.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "jobs/scene/AttributeWords.h"
+#include "jobs/scene/DescribeScene.h"
 #include "jobs/scene/LightPresets.h"
 #include "jobs/shown/NormalMapNode.h"
 #include "jobs/text/NameList.h"
@@ -254,8 +255,7 @@ Found ofModule(MO_Scene& scene, MO_Module& module, const QString& key)
 
 UT_Error unknownSubject(const MO_Scene& scene, const QString& subject, const QString& node)
 {
-    QStringList modules;
-    scene.root().forEachModule([&modules](const MO_Module& module) { modules << module.instanceName(); });
+    const QStringList modules = moduleNames(scene);
     if (!node.isEmpty())
         return error(QStringLiteral("there is no module \"%1\"; %2")
                          .arg(node, proposal(node, modules, QStringLiteral("there is"))));

@@ -347,11 +347,11 @@ TEST_F(NodeViewTest, FingersThatRestOnATouchpadLeaveTheGraphFitted)
                      Qt::NoButton, Qt::NoModifier, Qt::ScrollBegin, false);
     nodes().fitAll();
     QCoreApplication::sendEvent(nodes().viewport(), &rest);
-    const double before = nodes().transform().m11();
+    const double scale = nodes().transform().m11();
     window.resizeDocks({window.findChild<QDockWidget*>(QStringLiteral("NodesDock"))}, {120}, Qt::Vertical);
     window.resize(1500, 500);
     docks::settle();
-    EXPECT_LT(nodes().transform().m11(), before);
+    EXPECT_LT(nodes().transform().m11(), scale);
 }
 
 TEST_F(NodeViewTest, ALinkIsNoNode)
