@@ -39,6 +39,30 @@ TEST_F(ChosenObjectsOfAFigure, GiveTheSameBytesWhenTheirValuesArePastedAsOptions
     EXPECT_NE(bytes("chosen.png"), bytes("rim.png"));
 }
 
+TEST_F(ChosenObjectsOfAFigure, AreToldWithTheValuesThatWereSaidForThem)
+{
+    const Outcome chosen = quarvel("normalmap figure.svg -o chosen.png --bevel 24 --object 2:elevation=0.5");
+    ASSERT_EQ(chosen.exitCode, 0) << chosen.messages;
+    const QString options = chosen.text().section(QStringLiteral("chosen: "), 1).section(QLatin1Char('\n'), 0, 0);
+    EXPECT_EQ(options.count(QStringLiteral(":bevel=24:")), 3) << qPrintable(options);
+    EXPECT_TRUE(options.contains(QStringLiteral("--object 2:bevel=24:elevation=0.5:"))) << qPrintable(options);
+    ASSERT_EQ(quarvel("normalmap figure.svg -o pasted.png " + options).exitCode, 0);
+    EXPECT_EQ(bytes("chosen.png"), bytes("pasted.png"));
+}
+
+TEST_F(ChosenObjectsOfAFigure, AreListedWithTheValuesThatTheDrawingSays)
+{
+    QByteArray figure = kFigure;
+    write("own.svg", figure.replace("<svg", "<svg data-not-ours='1'")
+                         .replace("</svg>", "<g data-vallorin-bevel='41.5'>"
+                                            "<rect x='2' y='2' width='6' height='6' fill='#ff00ff'/></g></svg>"));
+    const Outcome listed = quarvel("inspect own.svg --objects groups");
+    ASSERT_EQ(listed.exitCode, 0) << listed.messages;
+    EXPECT_THAT(listed.output, HasSubstr(" 41.5 "));
+    const Outcome made = quarvel("normalmap own.svg --objects groups -o own.png");
+    EXPECT_THAT(made.output, HasSubstr(":bevel=41.5:"));
+}
+
 TEST_F(ChosenObjectsOfAFigure, AreListedWithTheirNumbersNamesAndColours)
 {
     const Outcome outcome = quarvel("inspect figure.svg");

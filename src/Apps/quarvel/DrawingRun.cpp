@@ -129,7 +129,7 @@ private:
     {
         constexpr std::size_t kFitScreen = 24;
         if (drawing.layers.size() <= kFitScreen)
-            return objectOptions(drawing);
+            return objectOptions(drawing, _options.settings);
         return QStringLiteral("%1 objects; quarvel inspect %2 lists them").arg(drawing.layers.size()).arg(_drawing);
     }
 

@@ -7,6 +7,7 @@
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
 #include "QuarvelPersistentObj/PO_XmlText.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "jobs/drawing/ObjectNames.h"
 #include "jobs/text/TextTable.h"
 
 #include <QJsonObject>
@@ -53,18 +54,25 @@ QString wordsOf(const ObjectSettings& own)
     return words;
 }
 
+// The form of a layer where some of its values are given.
+ObjectForm formWith(const ObjectSettings& given, const LayeredDrawing::Layer& layer)
+{
+    ObjectForm form = layer.form;
+    form.bevel = given.bevel.value_or(form.bevel);
+    form.elevation = given.elevation.value_or(form.elevation);
+    form.smoothness = given.smoothness.value_or(form.smoothness);
+    return form;
+}
+
 QStringList rowOf(std::size_t index, const ReadDrawing& read)
 {
     const ChosenObject& object = read.objects[index];
-    const ObjectForm& form = read.drawing.layers[index].form;
-    return {QString::number(index + 1),
-            object.name,
-            percent(object.share),
-            PO_formatDouble(form.bevel),
-            PO_formatDouble(form.elevation),
-            PO_formatDouble(form.smoothness),
-            object.colours.join(u' '),
-            object.reason + roleText(object.role) + wordsOf(read.drawing.layers[index].own)};
+    const LayeredDrawing::Layer& layer = read.drawing.layers[index];
+    const ObjectForm form = formWith(layer.own, layer);
+    return {QString::number(index + 1),      object.name,
+            percent(object.share),           PO_formatDouble(form.bevel),
+            PO_formatDouble(form.elevation), PO_formatDouble(form.smoothness),
+            object.colours.join(u' '),       object.reason + roleText(object.role) + wordsOf(layer.own)};
 }
 
 // Hues are a golden angle apart, so that neighbouring objects have different colours.
@@ -173,7 +181,8 @@ QJsonArray objectFields(const ReadDrawing& read)
     QJsonArray all;
     for (std::size_t i = 0; i < read.objects.size(); ++i) {
         const ChosenObject& object = read.objects[i];
-        const ObjectForm& form = read.drawing.layers[i].form;
+        const LayeredDrawing::Layer& layer = read.drawing.layers[i];
+        const ObjectForm form = formWith(layer.own, layer);
         all.append(QJsonObject{{QStringLiteral("number"), static_cast<int>(i) + 1},
                                {QStringLiteral("name"), object.name},
                                {QStringLiteral("share"), object.share},
@@ -186,13 +195,15 @@ QJsonArray objectFields(const ReadDrawing& read)
     return all;
 }
 
-QString objectOptions(const LayeredDrawing& drawing)
+QString objectOptions(const LayeredDrawing& drawing, const ObjectWishes& said)
 {
     QStringList words;
     for (std::size_t i = 0; i < drawing.layers.size(); ++i) {
-        if (drawing.layers[i].own.relief.value_or(0.0) != 0.0)
+        const LayeredDrawing::Layer& layer = drawing.layers[i];
+        const ObjectSettings given = merged(wishesFor(said, static_cast<int>(i) + 1, {layer.name}), layer.own);
+        if (given.relief.value_or(0.0) != 0.0)
             continue;
-        const ObjectForm& form = drawing.layers[i].form;
+        const ObjectForm form = formWith(given, layer);
         words << QStringLiteral("--object %1:bevel=%2:elevation=%3:smoothness=%4")
                      .arg(i + 1)
                      .arg(PO_formatDouble(form.bevel), PO_formatDouble(form.elevation),

@@ -16,9 +16,10 @@ QString describeObjects(const ReadDrawing& read);
 /// and why for each.
 QJsonArray objectFields(const ReadDrawing& read);
 
-/// The chosen values as words of a command line: --object 1:bevel=53.2:elevation=1.42:smoothness=2 and so on. They give
-/// the picture that the choice gives.
-QString objectOptions(const LayeredDrawing& drawing);
+/// The objects' values as words of a command line: --object 1:bevel=53.2:elevation=1.42:smoothness=2 and so on. They
+/// give the same picture again: what is said of an object holds before what the drawing says, and this before what was
+/// chosen.
+QString objectOptions(const LayeredDrawing& drawing, const ObjectWishes& said);
 
 /// Paints each object in a colour of its own, with its number.
 ///
