@@ -93,6 +93,23 @@ TEST_F(HostileLayered, AFileThatIsCutOffIsAnErrorWherever)
     }
 }
 
+// Layers come before the picture of all of them, so that what is cut off may be of no use to anybody.
+TEST_F(HostileLayered, APsdFileThatIsCutOffBehindItsLayersSaysSo)
+{
+    for (const char* name : {"agpsd.psd", "gimp.psd", "krita16.psd", "imagemagick16.psd"}) {
+        const QByteArray whole = fixture(name);
+        const auto cutOff = [&](qsizetype size) {
+            const auto read = DIO_readDrawing(write(QStringLiteral("cut.psd"), whole.first(size)));
+            return !read || read->warnings.join(u' ').contains(QStringLiteral("cut off"));
+        };
+        EXPECT_FALSE(cutOff(whole.size())) << name;
+        const qsizetype step = std::max<qsizetype>(1, whole.size() / 40);
+        for (qsizetype size = 0; size < whole.size(); size += step)
+            EXPECT_TRUE(cutOff(size)) << name << ' ' << size;
+        EXPECT_TRUE(cutOff(whole.size() - 1)) << name;
+    }
+}
+
 TEST_F(HostileLayered, BitsThatAreTurnedDoNoHarm)
 {
     std::mt19937 random(20261122);

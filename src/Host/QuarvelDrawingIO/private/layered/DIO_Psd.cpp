@@ -54,6 +54,10 @@ public:
         _records = std::move(*records);
         if (UT_Result<void> made = hasPixels() ? makeLayers() : readWhole(file, path); !made)
             return made.error();
+        if (hasPixels() && !holdsWhole(file))
+            _made.warnings.append(
+                QStringLiteral("the file is cut off behind its layers, which are all there; save it again "
+                               "from the program that made it"));
         DIO_warnOfBlendModes(_modes, _made.warnings);
         if (!_clipped.isEmpty())
             _made.warnings.append(QStringLiteral("layers that others clip are shown whole: %1")
@@ -182,6 +186,18 @@ private:
             return plane.error();
         *target = std::move(*plane);
         return {};
+    }
+
+    // Whether the picture of all layers is there. Who reads the layers does not need it, but every program writes it.
+    bool holdsWhole(Reader file) const
+    {
+        const int packing = file.u16();
+        const std::size_t rows = static_cast<std::size_t>(_channels) * static_cast<std::size_t>(_made.size.height());
+        if (packing == 0)
+            return file.left() >=
+                   rows * static_cast<std::size_t>(_made.size.width()) * static_cast<std::size_t>(_form.depth / 8);
+        const Bytes counts = packing == 1 ? file.bytes((_form.isLarge ? 4 : 2) * rows) : Bytes();
+        return !file.hasFailed() && file.left() >= sumOf(counts);
     }
 
     // The picture of all layers, which stands at the end of the file: one packing, then the channels, one after the
