@@ -11,7 +11,6 @@ namespace {
 
 constexpr int kFinest = 320;
 constexpr int kCoarsest = 128;
-constexpr double kSolid = 0.7;          // opacity
 constexpr double kLine = 6.0;           // elongation
 constexpr double kShade = 5.0;          // lightness
 constexpr double kWidestOutline = 0.05; // of the picture's longer side

@@ -13,7 +13,6 @@ constexpr double kMostInside = 0.8; // of the area of the later shapes
 constexpr double kLeastHeld = 0.03; // of the rectangle's area: with less on it, it is a shape like others
 constexpr double kWhite = 92.0;     // lightness
 constexpr double kColourless = 6.0; // chroma
-constexpr double kSolid = 0.7;      // opacity
 constexpr double kOutlined = 0.3;   // of the outline
 
 bool isRectangle(const ShapeFacts& shape)
