@@ -51,7 +51,8 @@ public:
     /// The rectangle, enlarged on every side by the largest bevel of the object table, times BlurScale, in units of a
     /// 720th of the picture's width. NaN and infinite bevels count as 0. The growth is clamped to four diagonals of the
     /// picture, beyond which a larger bevel looks the same. A truck factor does not enlarge it, although it multiplies
-    /// bevels where UseTruckFactor is on: who wants objects beyond the frame's border whole renders more than the frame.
+    /// bevels where UseTruckFactor is on: who wants objects beyond the frame's border whole renders more than the
+    /// frame.
     Math::Box2di computeInputRect(const MO_PortContext& context, int port, const Math::Box2di& rect) override;
 
     /// PORT_ORDER.
