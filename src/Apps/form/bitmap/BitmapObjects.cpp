@@ -12,6 +12,7 @@
 
 #include <cmath>
 #include <map>
+#include <span>
 
 namespace {
 
@@ -140,6 +141,28 @@ void endInside(const QRectF& frame, const DIO_Shape& shape, FrameCuts& cuts)
         cuts.endAt(FrameSide::BOTTOM);
 }
 
+// The share of the bitmap that each label has. The first and the last cell of a row or column may be incomplete.
+std::map<int, double> sharesOf(const PixelPlane<int>& labels, const PixelCells& cells, const QSize& bitmap)
+{
+    const auto pixelsPerCell = [](int pixels, int count, auto cellOf) {
+        std::vector<double> numbers(static_cast<std::size_t>(count));
+        for (int i = 0; i < pixels; ++i)
+            ++numbers[static_cast<std::size_t>(cellOf(i))];
+        return numbers;
+    };
+    const auto columns = pixelsPerCell(bitmap.width(), labels.width(), [&](int x) { return cells.cellX(x); });
+    const auto rows = pixelsPerCell(bitmap.height(), labels.height(), [&](int y) { return cells.cellY(y); });
+    std::map<int, double> shares;
+    for (std::size_t y = 0; y < rows.size(); ++y) {
+        const std::span<const int> row = labels.row(static_cast<int>(y));
+        for (std::size_t x = 0; x < row.size(); ++x)
+            shares[row[x]] += rows[y] * columns[x];
+    }
+    for (auto& [label, share] : shares)
+        share /= static_cast<double>(bitmap.width()) * bitmap.height();
+    return shares;
+}
+
 std::vector<ObjectLabels> objectLabels(const BitmapRegions& regions, const RegionGraph& graph,
                                        const StackingOrder& stacking, const std::vector<BitmapRole>& roles)
 {
@@ -188,6 +211,7 @@ ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing, const QRectF& page
     const std::vector<ObjectLabels> parts = objectLabels(regions, graph, stacking, roles);
     std::vector<ObjectPicture> pictures = objectPictures(bitmap, own, labels, parts);
 
+    std::map<int, double> shares = sharesOf(labels, own.cells, bitmap.size());
     Assembly assembly(drawing, parts.size() == 1 && !cut && !filled);
     if (cut)
         assembly.addBackdrop(*cut);
@@ -196,8 +220,7 @@ ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing, const QRectF& page
         endAtFrame(pictures[i], frame);
         if (roles[i].role != ObjectRole::FLAT)
             repeatBeyondFrame(pictures[i], frame, marginFor(region, own.cells, bitmap.size()));
-        assembly.add(pictures[i], parts[i].colour, region.colour, roles[i],
-                     double(region.pixels) / own.colours.count());
+        assembly.add(pictures[i], parts[i].colour, region.colour, roles[i], shares[parts[i].label]);
     }
     return assembly.take();
 }

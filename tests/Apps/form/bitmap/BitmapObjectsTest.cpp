@@ -85,6 +85,13 @@ TEST(BitmapObjects, anOnlyObjectKeepsTheLayersName)
     EXPECT_NEAR(chosen.objects[0].share, 0.307, 0.02);
 }
 
+// The square of 96 is one drawn pixel; the ones around it are cut by the border to a quarter of their width.
+TEST(BitmapObjects, sharesCountPixelsWhereTheBorderCutsDrawnOnes)
+{
+    const QImage square = painted({144, 144}, [](QPainter& painter) { painter.fillRect(24, 24, 96, 96, Qt::red); });
+    EXPECT_DOUBLE_EQ(objectsOf(square).objects.front().share, 96.0 * 96.0 / (144.0 * 144.0));
+}
+
 TEST(BitmapObjects, nothingCoveredIsOneObject)
 {
     const ChosenObjects chosen = objectsOf(pictureOf({}));
