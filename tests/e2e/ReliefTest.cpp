@@ -3,7 +3,10 @@
 // Layers whose strokes bend the surface: creases and ridges.
 #include "ProgramFixture.h"
 
+#include <QBuffer>
 #include <QImage>
+#include <QPainter>
+#include <zip.h>
 
 #include <gmock/gmock.h>
 
@@ -49,6 +52,36 @@ protected:
     {
         make("-o map.png " + words);
         return QImage(path("map.png"));
+    }
+
+    void writeArchive(const char* name, const std::vector<std::pair<QByteArray, QByteArray>>& files) const
+    {
+        zip* const archive = zip_open(QFile::encodeName(path(name)).constData(), ZIP_CREATE | ZIP_TRUNCATE, nullptr);
+        ASSERT_NE(archive, nullptr);
+        for (const auto& [inside, bytes] : files) {
+            zip_source_t* const source =
+                zip_source_buffer(archive, bytes.constData(), static_cast<zip_uint64_t>(bytes.size()), 0);
+            ASSERT_GE(zip_file_add(archive, inside.constData(), source, ZIP_FL_ENC_UTF_8), 0);
+        }
+        ASSERT_EQ(zip_close(archive), 0);
+    }
+
+    void renameLayer(const char* name, const QByteArray& from, const QByteArray& to) const
+    {
+        zip* const archive = zip_open(QFile::encodeName(path(name)).constData(), 0, nullptr);
+        ASSERT_NE(archive, nullptr);
+        const zip_int64_t index = zip_name_locate(archive, "maindoc.xml", 0);
+        ASSERT_GE(index, 0);
+        zip_file_t* const file = zip_fopen_index(archive, static_cast<zip_uint64_t>(index), 0);
+        QByteArray text(1 << 16, '\0');
+        text.truncate(zip_fread(file, text.data(), static_cast<zip_uint64_t>(text.size())));
+        zip_fclose(file);
+        ASSERT_EQ(text.count("name=\"" + from + '"'), 1);
+        text.replace("name=\"" + from + '"', "name=\"" + to + '"');
+        zip_source_t* const source =
+            zip_source_buffer(archive, text.constData(), static_cast<zip_uint64_t>(text.size()), 0);
+        ASSERT_EQ(zip_file_replace(archive, static_cast<zip_uint64_t>(index), source, 0), 0);
+        ASSERT_EQ(zip_close(archive), 0);
     }
 
     // How far the normal leans to the right: -255 to 255; what faces the viewer has -1, since 8 bits have no middle.
@@ -193,6 +226,62 @@ TEST_F(Relief, IsNotToldByTheNameOfAFileOrOfTheOnlyLayer)
     EXPECT_EQ(map("ridge.svg"), map("cloth.svg"));
     write("alone.svg", drawing(layer("\"Ridge\"", kCloth)));
     EXPECT_EQ(map("alone.svg"), map("cloth.svg"));
+}
+
+// A layer of pixels bends the surface as a layer of shapes does.
+TEST_F(Relief, IsALayerOfAnOpenRasterFileToo)
+{
+    const auto pixels = [](const QRect& painted, Qt::GlobalColor colour) {
+        QImage image(144, 144, QImage::Format_ARGB32);
+        image.fill(Qt::transparent);
+        QPainter(&image).fillRect(painted, colour);
+        QBuffer file;
+        EXPECT_TRUE(image.save(&file, "png"));
+        return file.data();
+    };
+    writeArchive("cloth.ora", {{"mimetype", "image/openraster"},
+                               {"data/0.png", pixels({24, 24, 96, 96}, Qt::green)},
+                               {"data/1.png", pixels({66, 8, 12, 72}, Qt::red)},
+                               {"stack.xml", R"(<image w="144" h="144"><stack>
+  <layer name="Crease" src="data/1.png"/><layer name="Cloth" src="data/0.png"/></stack></image>)"}});
+    const QImage groove = map("cloth.ora --shape off");
+    const QImage drawn = map("crease.svg --shape off");
+    for (int x = 60; x < 84; ++x)
+        EXPECT_NEAR(leanAt(groove, x, 50), leanAt(drawn, x, 50), 3) << x;
+    EXPECT_GT(leanAt(groove, 69, 50), 40);
+}
+
+TEST_F(Relief, IsALayerOfAKritaFileToo)
+{
+    const QString file = path("painted.kra");
+    ASSERT_TRUE(QFile::copy(QStringLiteral(LAYERED_FILES "/krita.kra"), file));
+    const QImage without = map("painted.kra --object shade:hidden");
+    ASSERT_NO_FATAL_FAILURE(renameLayer("painted.kra", "shade", "crease"));
+    EXPECT_THAT(quarvel("inspect painted.kra").output, HasSubstr("bends the surface below it, relief=-0.5"));
+    const QImage groove = map("painted.kra");
+    EXPECT_EQ(groove.size(), without.size());
+    EXPECT_NE(groove, without);
+    EXPECT_EQ(map("painted.kra --object crease:hidden"), without);
+}
+
+// Rims, tilts and grooves are added in passes of their own over the rendered map.
+TEST_F(Relief, RimsAndTiltsGiveTheSameBytesWithAnyNumberOfThreads)
+{
+    write("all.svg", drawing(layer("\"Cloth\"", kCloth) + layer("\"Crease\"", kStroke) +
+                             layer("\"Badge\"", R"(<circle cx="96" cy="96" r="30" fill="#eeee00"/>)")));
+    const auto bytes = [&](const QString& processors) {
+        const Outcome outcome =
+            run("/bin/sh", {"-c", "taskset -c " + processors +
+                                      " " QUARVEL_PROGRAM " normalmap all.svg --size 700 -o all.png"
+                                      " --object cloth:tilt=20,10 --object badge:rim=12,2:tilt=-15,0"});
+        EXPECT_EQ(outcome.exitCode, 0) << outcome.messages;
+        QFile file(path("all.png"));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    };
+    const QByteArray one = bytes("0");
+    EXPECT_FALSE(one.isEmpty());
+    EXPECT_EQ(one, bytes("0-1"));
 }
 
 TEST_F(Relief, BelongsToEveryFrameOfASequence)
