@@ -87,9 +87,10 @@ TEST_F(Steering, IsListedForTheObjectsOfASceneAsForADrawing)
     const QStringList lines =
         quarvel("inspect plain.scene").text().section(QStringLiteral("objects at frame 1\n"), 1).split(u'\n');
     ASSERT_GE(lines.size(), 3);
-    EXPECT_EQ(lines[0].simplified(), QStringLiteral("number name bevel elevation smoothness tilt rim"));
-    EXPECT_EQ(lines[1].simplified(), QStringLiteral("0 Foot cuts out"));
-    EXPECT_EQ(lines[2].simplified(), QStringLiteral("2 Head 20 0.5 2 5,6 3,0.8"));
+    // The head is a disc of 34; of the foot, 1508 of 96 x 96, it hides about 300.
+    EXPECT_EQ(lines[0].simplified(), QStringLiteral("number name share bevel elevation smoothness tilt rim colours"));
+    EXPECT_EQ(lines[1].simplified(), QStringLiteral("0 Foot 13 % cuts out #338833"));
+    EXPECT_EQ(lines[2].simplified(), QStringLiteral("2 Head 39 % 20 0.5 2 5,6 3,0.8 #e0a060"));
     EXPECT_THAT(quarvel("inspect plain.scene --json").output,
                 AllOf(HasSubstr(R"("definition": "Head-Definition")"), HasSubstr(R"("smoothness": 2)")));
 }

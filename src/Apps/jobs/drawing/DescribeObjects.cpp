@@ -19,12 +19,6 @@
 
 namespace {
 
-QString percent(double share)
-{
-    return share > 0.0 && share < 0.01 ? QStringLiteral("<1 %")
-                                       : QStringLiteral("%1 %").arg(std::lround(share * 100.0));
-}
-
 QString roleText(ObjectRole role)
 {
     switch (role) {
@@ -70,7 +64,7 @@ QStringList rowOf(std::size_t index, const ReadDrawing& read)
     const LayeredDrawing::Layer& layer = read.drawing.layers[index];
     const ObjectForm form = formWith(layer.own, layer);
     return {QString::number(index + 1),      object.name,
-            percent(object.share),           PO_formatDouble(form.bevel),
+            shareInWords(object.share),      PO_formatDouble(form.bevel),
             PO_formatDouble(form.elevation), PO_formatDouble(form.smoothness),
             object.colours.join(u' '),       object.reason + roleText(object.role) + wordsOf(layer.own)};
 }
@@ -165,6 +159,12 @@ void paintNumber(QPainter& painter, const QPoint& place, const QString& number)
 }
 
 } // namespace
+
+QString shareInWords(double share)
+{
+    return share > 0.0 && share < 0.01 ? QStringLiteral("<1 %")
+                                       : QStringLiteral("%1 %").arg(std::lround(share * 100.0));
+}
 
 QString describeObjects(const ReadDrawing& read)
 {

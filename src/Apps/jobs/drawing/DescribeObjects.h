@@ -8,6 +8,9 @@
 #include <QImage>
 #include <QJsonArray>
 
+/// A share of the picture, 0 to 1, in per cent.
+QString shareInWords(double share);
+
 /// A line of headings and a line for each object: its number, name, share of the picture, values, colours and why it is
 /// an object.
 QString describeObjects(const ReadDrawing& read);

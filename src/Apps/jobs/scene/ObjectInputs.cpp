@@ -16,7 +16,7 @@ std::vector<ObjectInput> objectInputsOf(const MO_Scene& scene)
             ObjectDefinition* const definition = objectDefinitionBehind(*module.inPort(i));
             if (!definition)
                 continue;
-            inputs.push_back({&module, definition, {}});
+            inputs.push_back({&module, module.inPort(i), definition, {}});
             for (const MO_ElementModule* const element : elementsBehind(*module.inPort(i)))
                 inputs.back().elements << element->instanceName();
         }

@@ -14,6 +14,7 @@
 struct ObjectInput
 {
     MO_Module* node;
+    const MO_Port* port;
     ObjectDefinition* definition; ///< gives the input its object (objectDefinitionBehind)
     QStringList elements;         ///< the names of the elements upstream of it
 };

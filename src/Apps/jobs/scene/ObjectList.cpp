@@ -3,7 +3,9 @@
 
 #include "QuarvelPersistentObj/PO_XmlText.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "jobs/drawing/DescribeObjects.h"
 #include "jobs/scene/ObjectInputs.h"
+#include "jobs/scene/ObjectsSeen.h"
 #include "jobs/shown/NormalMapNode.h"
 #include "jobs/shown/SurfaceLines.h"
 #include "jobs/text/TextTable.h"
@@ -28,6 +30,7 @@ struct Listed
     double rimBevel = 0.0;
     double rimHeight = 0.0;
     double relief = 0.0;
+    std::optional<SeenObject> seen; // none for definitions that lead to no node
 };
 
 Listed listedFor(const ObjectDefinition& definition, double frame)
@@ -53,17 +56,35 @@ Listed listedFor(const ObjectInput& input, const std::vector<NormalMapObject>& v
     return object;
 }
 
+// What is seen of each input's object, node by node.
+std::vector<SeenObject> seenOf(const MO_Scene& scene, std::span<const ObjectInput> inputs)
+{
+    std::vector<SeenObject> all;
+    while (!inputs.empty()) {
+        const auto next = std::ranges::find_if(
+            inputs, [&](const MO_Module* node) { return node != inputs.front().node; }, &ObjectInput::node);
+        const auto count = static_cast<std::size_t>(next - inputs.begin());
+        std::ranges::move(objectsSeen(scene, inputs.first(count), scene.firstFrame()), std::back_inserter(all));
+        inputs = inputs.subspan(count);
+    }
+    return all;
+}
+
 std::vector<Listed> listedOf(const MO_Scene& scene)
 {
     const double frame = scene.firstFrame();
     std::vector<Listed> objects;
     std::set<const MO_Module*> listed;
     std::map<const MO_Module*, std::vector<NormalMapObject>> tables;
-    for (const ObjectInput& input : objectInputsOf(scene)) {
+    const std::vector<ObjectInput> inputs = objectInputsOf(scene);
+    const std::vector<SeenObject> seen = seenOf(scene, inputs);
+    for (std::size_t i = 0; i < inputs.size(); ++i) {
+        const ObjectInput& input = inputs[i];
         const auto [table, isNew] = tables.try_emplace(input.node);
         if (isNew)
             table->second = NormalMapNode(*input.node).objects();
         objects.push_back(listedFor(input, table->second, frame));
+        objects.back().seen = seen[i];
         listed.insert(input.definition);
     }
     scene.root().forEachModule([&](MO_Module& module) {
@@ -78,10 +99,12 @@ std::vector<Listed> listedOf(const MO_Scene& scene)
 QStringList cellsOf(const Listed& object)
 {
     const bool tilted = object.tiltX != 0.0 || object.tiltY != 0.0;
-    QStringList cells{QString::number(object.number), object.name};
+    QStringList cells{QString::number(object.number), object.name,
+                      object.seen ? shareInWords(object.seen->share) : QString()};
+    const QString colours = object.seen ? object.seen->colours.join(u' ') : QString();
     if (object.relief != 0.0)
         return cells << QStringLiteral("relief=") + PO_formatDouble(object.relief) << QString() << QString()
-                     << QString() << QString();
+                     << QString() << QString() << colours;
     if (object.values)
         cells << PO_formatDouble(object.values->bevel) << PO_formatDouble(object.values->elevation)
               << PO_formatDouble(object.values->smoothness);
@@ -89,16 +112,17 @@ QStringList cellsOf(const Listed& object)
         cells << (object.number == 0 ? QStringLiteral("cuts out") : QStringLiteral("-")) << QString() << QString();
     return cells << (tilted ? PO_formatDouble(object.tiltX) + u',' + PO_formatDouble(object.tiltY) : QString())
                  << (object.rimBevel > 0.0 ? PO_formatDouble(object.rimBevel) + u',' + PO_formatDouble(object.rimHeight)
-                                           : QString());
+                                           : QString())
+                 << colours;
 }
 
 } // namespace
 
 QStringList listSceneObjects(const MO_Scene& scene)
 {
-    std::vector<QStringList> rows{{QStringLiteral("number"), QStringLiteral("name"), QStringLiteral("bevel"),
-                                   QStringLiteral("elevation"), QStringLiteral("smoothness"), QStringLiteral("tilt"),
-                                   QStringLiteral("rim")}};
+    std::vector<QStringList> rows{{QStringLiteral("number"), QStringLiteral("name"), QStringLiteral("share"),
+                                   QStringLiteral("bevel"), QStringLiteral("elevation"), QStringLiteral("smoothness"),
+                                   QStringLiteral("tilt"), QStringLiteral("rim"), QStringLiteral("colours")}};
     for (const Listed& object : listedOf(scene))
         rows.push_back(cellsOf(object));
     return tableLines(rows);
@@ -111,6 +135,10 @@ QJsonArray sceneObjectFields(const MO_Scene& scene)
         QJsonObject fields{{QStringLiteral("number"), object.number},
                            {QStringLiteral("name"), object.name},
                            {QStringLiteral("definition"), object.definition}};
+        if (object.seen) {
+            fields.insert(QStringLiteral("share"), object.seen->share);
+            fields.insert(QStringLiteral("colours"), QJsonArray::fromStringList(object.seen->colours));
+        }
         if (object.relief != 0.0)
             fields.insert(QStringLiteral("relief"), object.relief);
         if (object.values) {

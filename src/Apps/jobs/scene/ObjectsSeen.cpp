@@ -1,0 +1,69 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The drawings are put on a small picture of the scene's frame and measured as those of a single drawing are.
+#include "jobs/scene/ObjectsSeen.h"
+
+#include "QuarvelSceneCore/graph/MO_SceneCommon.h"
+#include "form/choice/ObjectShares.h"
+#include "jobs/shown/DrawingExtent.h"
+#include "jobs/shown/SurfaceLines.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int kWidth = 720; // pixels
+
+int paintOf(const CELVEC_Kvd& drawing, const CELVEC_Shape& shape, std::vector<DIO_Paint>& palette)
+{
+    const auto colour = drawing.palette() ? drawing.palette()->findColor(shape.color) : nullptr;
+    const CM_Rgba rgba = colour ? colour->GetNominalColor() : CM_Rgba();
+    const QColor opaque(rgba.red, rgba.green, rgba.blue);
+    const DIO_Paint paint{DIO_Paint::Kind::SOLID, opaque, opaque.name()};
+    const auto found = std::ranges::find(palette, paint);
+    if (found != palette.end())
+        return static_cast<int>(found - palette.begin());
+    palette.push_back(paint);
+    return static_cast<int>(palette.size()) - 1;
+}
+
+void addShapes(const CELVEC_Kvd& drawing, const QTransform& toPixel, DIO_Layer& layer, std::vector<DIO_Paint>& palette)
+{
+    for (const CELVEC_Shape& shape : drawing.shapes(GR_Art::COLOUR)) {
+        DIO_Shape seen;
+        seen.path = toPixel.map(shape.path);
+        if (shape.clip)
+            seen.clip = toPixel.map(*shape.clip);
+        seen.opacity = shape.opacity;
+        seen.paint = paintOf(drawing, shape, palette);
+        seen.picture = shape.picture;
+        layer.shapes.push_back(std::move(seen));
+    }
+}
+
+} // namespace
+
+std::vector<SeenObject> objectsSeen(const MO_Scene& scene, std::span<const ObjectInput> inputs, double frame)
+{
+    const int height = std::max(1, static_cast<int>(std::lround(kWidth * scene.frameHeight() / MO_Scene::kFrameWidth)));
+    ChosenObjects chosen;
+    chosen.drawing.viewBox = QRectF(0, 0, kWidth, height);
+    for (const ObjectInput& input : inputs) {
+        DIO_Layer layer;
+        for (const MO_ElementModule* const element : elementsBehind(*input.port))
+            if (const auto drawing = element->drawingAt(frame)) {
+                const QTransform toPixel = scene.sceneToPixel(frame, {kWidth, height});
+                addShapes(*drawing, element->drawingToScene(frame) * toPixel, layer, chosen.drawing.palette);
+            }
+        ChosenObject object;
+        object.role = bendsTheSurface(*input.definition, frame) ? ObjectRole::RELIEF : ObjectRole::BODY;
+        chosen.objects.push_back(object);
+        chosen.drawing.layers.push_back(std::move(layer));
+    }
+    measureShares(chosen);
+    std::vector<SeenObject> seen;
+    for (ChosenObject& object : chosen.objects)
+        seen.push_back({object.share, std::move(object.colours)});
+    return seen;
+}
