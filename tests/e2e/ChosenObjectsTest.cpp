@@ -164,3 +164,22 @@ TEST_F(ChosenObjectsOfAFigure, AreRefusedWhereThereAreMoreThanASceneHolds)
 }
 
 } // namespace
+
+// A bar from border to border of a square drawing goes on beyond it where the picture ends, and ends in a wider one.
+TEST_F(ChosenObjectsOfAFigure, EndAtTheDrawingsBorderInAPictureOfAnotherShape)
+{
+    write("bar.svg", R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 100 100" width="100" height="100">
+<path d="M0 30h100v40h-100z" fill="#c06030"/><circle cx="50" cy="16" r="12" fill="#30c060"/></svg>)");
+    ASSERT_EQ(quarvel("normalmap bar.svg -q --pad 0 --size 100x100 -o square.png").exitCode, 0);
+    ASSERT_EQ(quarvel("normalmap bar.svg -q --pad 0 --size 200x100 -o wide.png").exitCode, 0);
+    // How far the normal leans to the right: -255 to 255; what faces the viewer has -1, since 8 bits have no middle.
+    const auto leanAt = [](const QImage& map, int x) { return 2 * qRed(map.pixel(x, 50)) - 255; };
+    const QImage square(path("square.png"));
+    const QImage wide(path("wide.png"));
+    EXPECT_NEAR(leanAt(square, 1), 0, 4);
+    EXPECT_NEAR(leanAt(square, 98), 0, 4);
+    EXPECT_LT(leanAt(wide, 51), -100);
+    EXPECT_GT(leanAt(wide, 148), 100);
+    for (const int x : {5, 45, 155, 195})
+        EXPECT_EQ(leanAt(wide, x), 1) << "nothing lies beside the drawing, " << x;
+}
