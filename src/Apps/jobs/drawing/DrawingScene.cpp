@@ -12,6 +12,7 @@
 #include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
 #include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "jobs/drawing/ChosenForm.h"
 #include "jobs/drawing/ObjectNames.h"
 #include "jobs/shown/NormalMapNode.h"
 #include "jobs/text/NameList.h"
@@ -41,6 +42,18 @@ struct ObjectValues
 
     // Whether it is an object with a volume.
     bool isSolid() const { return !cutOut && !hidden && relief == 0.0; }
+
+    // What the object gets back when a person resets it.
+    ObjectSettings form() const
+    {
+        ObjectSettings settings;
+        settings.bevel = bevel;
+        settings.elevation = elevation;
+        settings.smoothness = smoothness;
+        settings.tilt = tilt;
+        settings.rim = rim;
+        return settings;
+    }
 };
 
 ObjectValues valuesOf(int number, const LayeredDrawing::Layer& layer, const NormalMapSettings& settings)
@@ -202,7 +215,7 @@ ObjectDefinition& addDefinition(MO_Scene& scene, const QString& layerName, int n
     definition.tiltY()->setLocalValue(values.tilt.y);
     definition.rimBevel()->setLocalValue(values.rim.bevel);
     definition.rimHeight()->setLocalValue(values.rim.height);
-    definition.setChosenForm(objectFormText({number, values.bevel, values.elevation, values.smoothness}));
+    definition.setChosenForm(chosenFormText(values.form()));
     return definition;
 }
 

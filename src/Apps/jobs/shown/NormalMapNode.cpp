@@ -15,7 +15,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace {
 
@@ -218,26 +217,6 @@ bool NormalMapNode::clips() const
 bool NormalMapNode::usesTruckFactor() const
 {
     return isOn(*_module, kUseTruckFactor, false);
-}
-
-QString objectFormText(const NormalMapObject& object)
-{
-    return QStringList(
-               {PO_formatDouble(object.bevel), PO_formatDouble(object.elevation), PO_formatDouble(object.smoothness)})
-        .join(QLatin1Char(':'));
-}
-
-std::optional<NormalMapObject> objectFormOf(const QString& text)
-{
-    constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
-    const QStringList fields = text.split(QLatin1Char(':'));
-    NormalMapObject object;
-    object.bevel = numberAt(fields, 0, kNoNumber);
-    object.elevation = numberAt(fields, 1, kNoNumber);
-    object.smoothness = numberAt(fields, 2, kNoNumber);
-    const bool isForm = fields.size() == 3 && std::isfinite(object.bevel) && std::isfinite(object.elevation) &&
-                        std::isfinite(object.smoothness);
-    return isForm ? std::optional(object) : std::nullopt;
 }
 
 QString objectTableText(const std::vector<NormalMapObject>& objects)

@@ -12,7 +12,6 @@
 
 #include <map>
 #include <memory>
-#include <optional>
 #include <vector>
 
 class AT_DoubleAttr;
@@ -129,10 +128,6 @@ std::vector<NormalMapObject> objectsOfTable(const QString& text);
 const NormalMapObject* findRow(const std::vector<NormalMapObject>& table, int number);
 /// Puts a row in the place of the row with its number, or at the end.
 void putRow(std::vector<NormalMapObject>& table, const NormalMapObject& row);
-/// What an Object Definition keeps of the form that the program chose for its object: "bevel:elevation:smoothness".
-QString objectFormText(const NormalMapObject& object);
-/// The reverse; nothing for a text that is no such form. The number is that of a new row.
-std::optional<NormalMapObject> objectFormOf(const QString& text);
 /// The colour table as its attribute holds it: "id:level:name", joined by semicolons.
 QString colourTableText(const std::vector<NormalMapColour>& colours);
 /// The inverse; a row without a level gets 255.

@@ -28,19 +28,6 @@ std::optional<ObjectSettings> valuesIn(const QString& text)
     return values;
 }
 
-// What the program chose for the object when its drawing was opened. It chooses neither rims nor tilts.
-ObjectSettings chosenSettings(const SceneObject& object)
-{
-    const NormalMapObject form = chosenForm(object);
-    ObjectSettings settings;
-    settings.bevel = form.bevel;
-    settings.elevation = form.elevation;
-    settings.smoothness = form.smoothness;
-    settings.rim = ObjectRim{0.0, ObjectDefinition::kRimHeight};
-    settings.tilt = ObjectTilt();
-    return settings;
-}
-
 } // namespace
 
 ObjectActions::ObjectActions(DocumentObjects& objects, QWidget& window)
@@ -133,13 +120,14 @@ void ObjectActions::pasteValues()
 
 void ObjectActions::resetValues()
 {
-    _objects.change(giveValuesCmd(_objects.selected(), frame(), tr("Reset Values of %1"), chosenSettings));
+    _objects.change(giveValuesCmd(_objects.selected(), frame(), tr("Reset Values of %1"),
+                                  [](const SceneObject& object) { return settingsOf(asChosen(object)); }));
 }
 
 void ObjectActions::resetInTable(ObjectValue value)
 {
     _objects.change(changeValueCmd(_objects.selected(), value, frame(),
-                                   [value](const SceneObject& object) { return valueOf(chosenForm(object), value); }));
+                                   [value](const SceneObject& object) { return valueOf(asChosen(object), value); }));
 }
 
 // A rim has a height, too, which no field shows.
@@ -147,14 +135,15 @@ void ObjectActions::resetRim()
 {
     _objects.change(giveValuesCmd(_objects.selected(), frame(), tr("Reset Rim of %1"), [](const SceneObject& object) {
         ObjectSettings settings;
-        settings.rim = chosenSettings(object).rim;
+        settings.rim = asChosen(object).rim;
         return settings;
     }));
 }
 
 void ObjectActions::resetTilt()
 {
-    _objects.change(tiltCmd(_objects.selected(), frame(), [](const SceneObject&) { return ObjectTilt(); }));
+    _objects.change(
+        tiltCmd(_objects.selected(), frame(), [](const SceneObject& object) { return asChosen(object).tilt; }));
 }
 
 double ObjectActions::frame() const

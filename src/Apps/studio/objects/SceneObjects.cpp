@@ -6,6 +6,7 @@
 #include "QuarvelSceneCore/attributes/AT_BoolAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/graph/MO_Port.h"
+#include "jobs/drawing/ChosenForm.h"
 #include "jobs/shown/VisibleDrawing.h"
 
 #include <algorithm>
@@ -174,12 +175,22 @@ QList<MO_Module*> modulesOf(const std::vector<SceneObject>& objects)
     return modules;
 }
 
-NormalMapObject chosenForm(const SceneObject& object)
+SceneObject asChosen(const SceneObject& object)
 {
+    ObjectSettings form;
     for (const ObjectDefinition* const definition : object.definitions)
-        if (const auto form = objectFormOf(definition->chosenForm()))
-            return *form;
-    return {};
+        if (const auto chosen = chosenFormOf(definition->chosenForm())) {
+            form = *chosen;
+            break;
+        }
+    const NormalMapObject fresh;
+    SceneObject chosen = object;
+    chosen.values.bevel = form.bevel.value_or(fresh.bevel);
+    chosen.values.elevation = form.elevation.value_or(fresh.elevation);
+    chosen.values.smoothness = form.smoothness.value_or(fresh.smoothness);
+    chosen.tilt = form.tilt.value_or(ObjectTilt());
+    chosen.rim = form.rim.value_or(ObjectRim{0.0, ObjectDefinition::kRimHeight});
+    return chosen;
 }
 
 const SceneObject* currentOf(const std::vector<SceneObject>& objects)

@@ -51,9 +51,10 @@ const SceneObject* currentOf(const std::vector<SceneObject>& objects);
 /// The modules of objects, each once, in the order of the objects.
 QList<MO_Module*> modulesOf(const std::vector<SceneObject>& objects);
 
-/// The form that the program chose for the object when its drawing came in: that of the first definition that has one.
-/// The values of a new row for an object that was made by hand.
-NormalMapObject chosenForm(const SceneObject& object);
+/// The object with the values, the tilt and the rim that it got when its drawing came in, whether the program chose
+/// them or the drawing gave them: those of the first definition that keeps them. An object that was made by hand has
+/// the values of a new row, faces the viewer and has no rim.
+SceneObject asChosen(const SceneObject& object);
 
 /// Whether both mean the same object: a definition of one is a definition of the other.
 bool isSame(const SceneObject& one, const SceneObject& other);

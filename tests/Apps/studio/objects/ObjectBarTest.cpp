@@ -233,6 +233,29 @@ TEST_F(ObjectBarTest, RimAndTiltAreResetAloneAndWithTheOthers)
     EXPECT_EQ(document().commands().undoName(), QStringLiteral("Reset Values of Head"));
 }
 
+TEST_F(ObjectBarTest, ResetReturnsToTheRimAndTheTiltThatTheDrawingSays)
+{
+    QByteArray said = studio_testing::kParts;
+    said.replace("\"Head\"", "\"Head tilt=12,-5 rim=4\"");
+    drop({write(QStringLiteral("said.svg"), said)});
+    ASSERT_TRUE(waitForPicture()) << qPrintable(window->messages().text());
+    window->objects().select({object("Head")});
+    QCoreApplication::processEvents();
+    ASSERT_EQ(object("Head").rim, kRim);
+    enter(ObjectValue::RIM, QStringLiteral("9"));
+    enter(ObjectValue::TILT_RIGHT, QStringLiteral("40"));
+    ASSERT_EQ(object("Head").tilt, (ObjectTilt{40.0, -5.0}));
+    choose(QStringLiteral("Rim"));
+    EXPECT_EQ(object("Head").rim, kRim);
+    choose(QStringLiteral("Tilt"));
+    EXPECT_EQ(object("Head").tilt, kTilt);
+    enter(ObjectValue::RIM, QStringLiteral("0"));
+    enter(ObjectValue::TILT_UP, QStringLiteral("60"));
+    choose(QStringLiteral("Reset Values"));
+    EXPECT_EQ(object("Head").rim, kRim);
+    EXPECT_EQ(object("Head").tilt, kTilt);
+}
+
 TEST_F(ObjectBarTest, TheBarCoversNoLightAndNoHandle)
 {
     openParts();

@@ -448,9 +448,7 @@ TEST_F(ObjectHandsTest, TheChosenFormIsSavedWithTheScene)
     renew();
     ASSERT_TRUE(document().open(folder.filePath(QStringLiteral("parts.scene"))).ok());
     ASSERT_EQ(valuesOf("Head").bevel, 3.0);
-    EXPECT_EQ(chosenForm(object("Head")).bevel, chosen.bevel);
-    EXPECT_EQ(chosenForm(object("Head")).elevation, chosen.elevation);
-    EXPECT_EQ(chosenForm(object("Head")).smoothness, chosen.smoothness);
+    EXPECT_EQ(asChosen(object("Head")).values, chosen);
 }
 
 TEST_F(ObjectHandsTest, LettersThatAreTypedIntoAFieldSwitchNothing)
