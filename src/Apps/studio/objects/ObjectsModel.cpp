@@ -81,7 +81,9 @@ QPixmap ObjectsModel::thumbnail(const SceneObject& object) const
         return {};
     auto [known, isNew] = _thumbnails.try_emplace(shown->second.get());
     if (isNew)
-        known->second = {shown->second, drawingThumbnail(*shown->second, kThumbnail, qGuiApp->devicePixelRatio())};
+        known->second = {shown->second, drawingThumbnail(*shown->second, kThumbnail, qGuiApp->devicePixelRatio(),
+                                                         frameInDrawing(_objects.document().scene(), element,
+                                                                        _objects.document().currentFrame()))};
     return known->second.picture;
 }
 

@@ -89,4 +89,20 @@ TEST(ThumbnailTest, ShowsTheShapesInTheirColoursFittedIntoTheSquare)
     EXPECT_TRUE(drawingThumbnail(CELVEC_Kvd(), 40, 1.0).toImage().pixelColor(20, 20).alpha() == 0);
 }
 
+TEST(ThumbnailTest, LeavesOutWhatGoesOnOutsideOfTheFrame)
+{
+    auto palette = UT_makeShared<CM_Palette>(UT_String("p"), UT_Id(1));
+    palette->addColor(docks::color("red", docks::kSkin, {255, 0, 0, 255}));
+    CELVEC_Kvd drawing(palette);
+    drawing.addShape(GR_Art::COLOUR, docks::rectangle(QRectF(80, 40, 20, 20), docks::kSkin));
+    drawing.addShape(GR_Art::COLOUR, docks::rectangle(QRectF(100, 40, 500, 20), docks::kSkin));
+    const auto seen = [&](const QRectF& frame) {
+        return drawingThumbnail(drawing, 40, 1.0, frame).toImage().pixelColor(20, 8) == QColor(255, 0, 0);
+    };
+    EXPECT_TRUE(seen(QRectF(0, 0, 100, 100))) << "a square fills the square";
+    EXPECT_FALSE(seen(QRectF(0, 0, 110, 100))) << "the second shape begins in the frame";
+    EXPECT_FALSE(seen(QRectF(0, 0, 50, 100))) << "all shapes are outside";
+    EXPECT_FALSE(seen(QRectF()));
+}
+
 } // namespace

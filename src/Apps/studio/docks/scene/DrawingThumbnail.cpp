@@ -4,9 +4,12 @@
 // shapes has enough contrast with black, white and the grounds of both themes, so that no object fades into its ground.
 #include "studio/docks/scene/DrawingThumbnail.h"
 
+#include "QuarvelSceneCore/graph/MO_SceneCommon.h"
+
 #include <QPainter>
 
 #include <algorithm>
+#include <vector>
 
 namespace {
 
@@ -14,13 +17,28 @@ constexpr double kMargin = 2.0;
 constexpr QRgb kOutline = 0xff8a8a8a;
 constexpr double kOutlineWidth = 2.0; // half of it lies under the shape
 
-template<typename Function>
-void forEachShape(const CELVEC_Kvd& drawing, const Function& function)
+std::vector<const CELVEC_Shape*> allShapes(const CELVEC_Kvd& drawing)
 {
+    std::vector<const CELVEC_Shape*> shapes;
     for (const GR_Art art : kGR_allArts)
         if (drawing.artSelector().isSelected(art))
             for (const CELVEC_Shape& shape : drawing.shapes(art))
-                function(shape);
+                shapes.push_back(&shape);
+    return shapes;
+}
+
+// What reaches the frame's border goes on in shapes beyond it, so that the border is no outline. Nobody sees those.
+// All shapes if none is in the frame.
+std::vector<const CELVEC_Shape*> shapesIn(const CELVEC_Kvd& drawing, const QRectF& frame)
+{
+    constexpr double kRounding = 1e-6; // of the frame's size
+    const QRectF inside = frame.adjusted(kRounding * frame.width(), kRounding * frame.height(),
+                                         -kRounding * frame.width(), -kRounding * frame.height());
+    std::vector<const CELVEC_Shape*> shapes = allShapes(drawing);
+    const auto isSeen = [&](const CELVEC_Shape* shape) { return shape->path.controlPointRect().intersects(inside); };
+    if (std::ranges::any_of(shapes, isSeen))
+        std::erase_if(shapes, [&](const CELVEC_Shape* shape) { return !isSeen(shape); });
+    return shapes;
 }
 
 // Pictures have no outline of their own.
@@ -55,14 +73,25 @@ void paintShape(QPainter& painter, const CELVEC_Kvd& drawing, const CELVEC_Shape
 
 } // namespace
 
-QPixmap drawingThumbnail(const CELVEC_Kvd& drawing, int side, double ratio)
+QRectF frameInDrawing(const MO_Scene& scene, const MO_ElementModule& element, double frame)
 {
+    const double height = scene.frameHeight();
+    const QRectF all(-MO_SceneCommon::kFrameWidth / 2.0, -height / 2.0, MO_SceneCommon::kFrameWidth, height);
+    bool isPossible = false;
+    const QTransform toDrawing = element.drawingToScene(frame).inverted(&isPossible);
+    return isPossible ? toDrawing.mapRect(all) : QRectF();
+}
+
+QPixmap drawingThumbnail(const CELVEC_Kvd& drawing, int side, double ratio, const QRectF& frame)
+{
+    const std::vector<const CELVEC_Shape*> shapes = shapesIn(drawing, frame);
     const int pixels = std::max(1, static_cast<int>(side * ratio));
     QPixmap pixmap(pixels, pixels);
     pixmap.setDevicePixelRatio(ratio);
     pixmap.fill(Qt::transparent);
     QRectF bounds;
-    forEachShape(drawing, [&](const CELVEC_Shape& shape) { bounds |= shape.path.controlPointRect(); });
+    for (const CELVEC_Shape* const shape : shapes)
+        bounds |= shape->path.controlPointRect();
     const double longest = std::max(bounds.width(), bounds.height());
     if (!(longest > 0.0))
         return pixmap;
@@ -71,7 +100,9 @@ QPixmap drawingThumbnail(const CELVEC_Kvd& drawing, int side, double ratio)
     painter.translate(side / 2.0, side / 2.0);
     painter.scale((side - 2 * kMargin) / longest, (side - 2 * kMargin) / longest);
     painter.translate(-bounds.center());
-    forEachShape(drawing, [&](const CELVEC_Shape& shape) { paintOutline(painter, shape, ratio); });
-    forEachShape(drawing, [&](const CELVEC_Shape& shape) { paintShape(painter, drawing, shape); });
+    for (const CELVEC_Shape* const shape : shapes)
+        paintOutline(painter, *shape, ratio);
+    for (const CELVEC_Shape* const shape : shapes)
+        paintShape(painter, drawing, *shape);
     return pixmap;
 }

@@ -4,6 +4,8 @@
 #pragma once
 
 #include "QuarvelCelCore/CELVEC_Kvd.h"
+#include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 
 #include <QPixmap>
 
@@ -11,4 +13,8 @@
 ///
 /// @param side  the square's side in device-independent pixels
 /// @param ratio device pixels a device-independent one
-QPixmap drawingThumbnail(const CELVEC_Kvd& drawing, int side, double ratio);
+/// @param frame shapes that lie outside of it are left out unless all do; empty: none is
+QPixmap drawingThumbnail(const CELVEC_Kvd& drawing, int side, double ratio, const QRectF& frame = {});
+
+/// The scene's frame in the coordinates of an element's drawings; empty where the element is scaled to nothing.
+QRectF frameInDrawing(const MO_Scene& scene, const MO_ElementModule& element, double frame);

@@ -34,8 +34,9 @@ std::vector<MO_ElementModule*> elementsOf(const MO_Scene& scene)
 class ElementsView::DrawingRow : public QTreeWidgetItem
 {
 public:
-    DrawingRow(QTreeWidgetItem* parent, const QString& name, UT_SharedPtr<CELVEC_Kvd> drawing, double ratio)
-        : QTreeWidgetItem(parent, {name}), _drawing(std::move(drawing)), _ratio(ratio)
+    DrawingRow(QTreeWidgetItem* parent, const QString& name, UT_SharedPtr<CELVEC_Kvd> drawing, double ratio,
+               const QRectF& frame)
+        : QTreeWidgetItem(parent, {name}), _drawing(std::move(drawing)), _ratio(ratio), _frame(frame)
     {}
 
     QVariant data(int column, int role) const override
@@ -43,13 +44,14 @@ public:
         if (role != Qt::DecorationRole || column != 0 || !_drawing)
             return QTreeWidgetItem::data(column, role);
         if (_thumbnail.isNull())
-            _thumbnail = drawingThumbnail(*_drawing, kThumbnail, _ratio);
+            _thumbnail = drawingThumbnail(*_drawing, kThumbnail, _ratio, _frame);
         return _thumbnail;
     }
 
 private:
     UT_SharedPtr<CELVEC_Kvd> _drawing;
     double _ratio;
+    QRectF _frame;
     mutable QPixmap _thumbnail;
 };
 
@@ -159,8 +161,9 @@ void ElementsView::rebuild()
             top->setToolTip(0, tr("From %1").arg(QDir::toNativeSeparators(files.first())));
         if (element == each->instanceName())
             _tree->setCurrentItem(top);
+        const QRectF frame = frameInDrawing(scene, *each, _document.currentFrame());
         for (const auto& [name, kvd] : each->drawings()) {
-            auto* row = new DrawingRow(top, name, kvd, devicePixelRatioF());
+            auto* row = new DrawingRow(top, name, kvd, devicePixelRatioF(), frame);
             row->setText(kFramesColumn,
                          framesOf(each->drawingAttr()->exposures(), name, scene.firstFrame(), scene.lastFrame()));
             row->setToolTip(0, tr("Double click to show this drawing from the current frame on"));
