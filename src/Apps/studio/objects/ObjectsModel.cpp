@@ -15,6 +15,21 @@
 
 namespace {
 
+// Short titles, so that all columns are seen in a narrow window; the tool tips have the words.
+QString columnTitle(ObjectValue value)
+{
+    switch (value) {
+    case ObjectValue::RIM:
+        return ObjectsModel::tr("Rim", "the title of a narrow column");
+    case ObjectValue::TILT_RIGHT:
+        return ObjectsModel::tr("Tilt \u2192", "the title of a narrow column: a tilt to the right");
+    case ObjectValue::TILT_UP:
+        return ObjectsModel::tr("Tilt \u2191", "the title of a narrow column: a tilt upwards");
+    default:
+        return ObjectTexts::name(value);
+    }
+}
+
 // Few digits, so that the columns leave room for the names; the field that opens over a number has all of them.
 QString compact(double value)
 {
@@ -161,6 +176,8 @@ QVariant ObjectsModel::headerData(int section, Qt::Orientation orientation, int 
         return {};
     if (isValue(section)) {
         if (role == Qt::DisplayRole)
+            return columnTitle(valueOf(section));
+        if (role == Qt::AccessibleTextRole)
             return ObjectTexts::name(valueOf(section));
         return role == Qt::ToolTipRole ? QVariant(ObjectTexts::explanation(valueOf(section))) : QVariant();
     }

@@ -24,6 +24,9 @@ public:
         BEVEL, ///< the values in the order of ObjectValue
         ELEVATION,
         SMOOTHNESS,
+        RIM,
+        TILT_RIGHT,
+        TILT_UP,
         COLUMN_COUNT
     };
     static constexpr int kThumbnail = 28;
@@ -33,7 +36,7 @@ public:
 
     /// The object of a row; null if there is no such row.
     const SceneObject* object(int row) const;
-    static bool isValue(int column) { return column >= BEVEL && column <= SMOOTHNESS; }
+    static bool isValue(int column) { return column >= BEVEL && column <= TILT_UP; }
     static ObjectValue valueOf(int column) { return kObjectValues[column - BEVEL]; }
 
     int rowCount(const QModelIndex& parent = {}) const override;

@@ -108,14 +108,18 @@ void ObjectsView::makeTable()
     _table->verticalHeader()->setDefaultSectionSize(kRowHeight);
     QHeaderView* const header = _table->horizontalHeader();
     header->setHighlightSections(false);
-    header->setMinimumSectionSize(36);
+    // Titles are wider than numbers, and eight columns are seen beside the picture on a small screen.
+    QFont small = header->font();
+    small.setPointSizeF(0.88 * small.pointSizeF());
+    header->setFont(small);
+    header->setMinimumSectionSize(32);
     // The columns are as wide as their titles and contents; the names take the rest.
     for (int column = 0; column < ObjectsModel::COLUMN_COUNT; ++column)
         header->setSectionResizeMode(column, column == ObjectsModel::NAME ? QHeaderView::Stretch
                                                                           : QHeaderView::ResizeToContents);
     _table->viewport()->installEventFilter(this);
     // All columns are always seen.
-    constexpr int kNameWidth = 140;
+    constexpr int kNameWidth = 156;
     int width = kNameWidth + _table->verticalScrollBar()->sizeHint().width() + kSideMargins;
     for (int column = ObjectsModel::NUMBER; column < ObjectsModel::COLUMN_COUNT; ++column)
         width += std::max(header->sectionSizeHint(column), header->minimumSectionSize());

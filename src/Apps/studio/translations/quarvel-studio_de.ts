@@ -2510,6 +2510,21 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <source>A cut-out: whatever lies below it is removed</source>
         <translation>Ein Ausschnitt: Was darunter liegt, wird entfernt</translation>
     </message>
+    <message>
+        <source>Rim</source>
+        <comment>the title of a narrow column</comment>
+        <translation>Rand</translation>
+    </message>
+    <message>
+        <source>Tilt →</source>
+        <comment>the title of a narrow column: a tilt to the right</comment>
+        <translation>Neig. →</translation>
+    </message>
+    <message>
+        <source>Tilt ↑</source>
+        <comment>the title of a narrow column: a tilt upwards</comment>
+        <translation>Neig. ↑</translation>
+    </message>
 </context>
 <context>
     <name>ObjectsView</name>
