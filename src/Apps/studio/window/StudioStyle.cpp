@@ -64,3 +64,8 @@ void StudioStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
         paintOutline(*painter, option->palette, proxy()->subControlRect(control, option, SC_SliderHandle, widget),
                      kRounding);
 }
+
+QPixmap StudioStyle::generatedIconPixmap(QIcon::Mode mode, const QPixmap& pixmap, const QStyleOption* option) const
+{
+    return mode == QIcon::Selected ? pixmap : QProxyStyle::generatedIconPixmap(mode, pixmap, option);
+}

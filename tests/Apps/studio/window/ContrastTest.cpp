@@ -122,6 +122,14 @@ TEST_P(ContrastTest, SwatchesAndThumbnailsOfAnyColourEndSomewhere)
     }
 }
 
+TEST_P(ContrastTest, SwatchesKeepTheirColoursInSelectedRows)
+{
+    const QColor yellow(0xff, 0xd9, 0x83);
+    const QIcon swatch = colourSwatch(yellow, QApplication::palette(), 1.0);
+    const QImage selected = swatch.pixmap(QSize(kColourSwatch, kColourSwatch), 1.0, QIcon::Selected).toImage();
+    EXPECT_EQ(selected.pixelColor(kColourSwatch / 2, kColourSwatch / 2), yellow);
+}
+
 TEST_P(ContrastTest, EmptyBoxesToTickAreSeenOnEveryGround)
 {
     for (const auto role : {QPalette::Window, QPalette::Base, QPalette::AlternateBase})
