@@ -70,6 +70,11 @@ void ExportDialog::addButtons()
     _progress = new QProgressBar;
     _progress->setRange(0, 1000);
     _progress->setValue(0);
+    // Nothing moves when it appears.
+    QSizePolicy place = _progress->sizePolicy();
+    place.setRetainSizeWhenHidden(true);
+    _progress->setSizePolicy(place);
+    _progress->hide();
     _buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     _start = _buttons->addButton(tr("E&xport"), QDialogButtonBox::AcceptRole);
     _start->setObjectName(QStringLiteral("startExport"));
@@ -319,7 +324,7 @@ bool ExportDialog::mayReplace()
         return true;
     const QString what = files.size() == 1
                              ? tr("%1 exists already. Replace it?").arg(QFileInfo(files.front()).fileName())
-                             : tr("%n file(s) exist already. Replace them?", nullptr, static_cast<int>(files.size()));
+                             : tr("%n files exist already. Replace them?", nullptr, static_cast<int>(files.size()));
     return QMessageBox::question(this, tr("Export Frames"), what) == QMessageBox::Yes;
 }
 
@@ -340,8 +345,10 @@ void ExportDialog::begin()
     _exported = chosen;
     memory().store();
     ExportMemory::rememberFolder(_origin.folder, QFileInfo(chosen.file).absolutePath());
-    _message->setText(tr("Rendering %n picture(s)...", nullptr, _job->pictureCount()));
+    const int count = _job->pictureCount();
+    _message->setText(count == 1 ? tr("Rendering 1 picture...") : tr("Rendering %n pictures...", nullptr, count));
     _progress->setValue(0);
+    _progress->show();
     setRunning(true);
 }
 

@@ -3,7 +3,9 @@
 // One function for each group of fields, from the top of the dialog to its bottom. Nothing is connected here.
 #include "studio/export/ExportFields.h"
 
+#include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelNormalMap/NM_MapForm.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "jobs/targets/Targets.h"
 #include "studio/export/ExportMemory.h"
 #include "studio/export/ExportPlan.h"
@@ -19,6 +21,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSet>
 #include <QSpinBox>
 #include <QToolButton>
 
@@ -59,6 +62,21 @@ QComboBox* choiceNamed(const char* name)
     return box;
 }
 
+// Whether the scene has more to export than the map of its objects and the drawing: modules that a person added.
+bool hasChoiceOfNodes(const MO_Scene& scene)
+{
+    QSet<QString> kinds;
+    bool isChoice = false;
+    scene.root().forEachModule([&](const MO_Module& module) {
+        const bool isOfObjects =
+            dynamic_cast<const MO_ElementModule*>(&module) || dynamic_cast<const ObjectDefinition*>(&module);
+        isChoice = isChoice || (!isOfObjects && kinds.contains(module.keyword()));
+        if (!isOfObjects)
+            kinds.insert(module.keyword());
+    });
+    return isChoice;
+}
+
 void addWhat(ExportFields& fields, QFormLayout& form, const MO_Scene& scene)
 {
     fields.node = choiceNamed("exportNode");
@@ -67,6 +85,7 @@ void addWhat(ExportFields& fields, QFormLayout& form, const MO_Scene& scene)
         fields.node->setCurrentText(shown->instanceName());
     form.addRow(Texts::tr("&Node"), fields.node);
     explain(form, fields.node, Texts::tr("Whose pictures are written"));
+    form.setRowVisible(fields.node, hasChoiceOfNodes(scene));
     fields.frames = new QLineEdit(QStringLiteral("%1-%2").arg(scene.firstFrame()).arg(scene.lastFrame()));
     if (scene.firstFrame() == scene.lastFrame())
         fields.frames->setText(QString::number(scene.firstFrame()));

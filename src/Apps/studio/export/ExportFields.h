@@ -46,7 +46,7 @@ enum ExportTarget
 struct ExportFields
 {
     QWidget* widget = nullptr;
-    QComboBox* node = nullptr;
+    QComboBox* node = nullptr; ///< hidden where the scene has one map and one drawing
     QLineEdit* frames = nullptr;
     QSpinBox* width = nullptr;
     QLabel* size = nullptr; ///< shows the height

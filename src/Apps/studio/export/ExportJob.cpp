@@ -138,13 +138,15 @@ RenderFramesWatcher ExportJob::watcherOf(std::size_t run)
 
 QString ExportJob::report() const
 {
-    QString text = tr("%n picture(s) written.", nullptr, static_cast<int>(_written.size()));
+    QString text = _written.size() == 1 ? tr("1 picture written.")
+                                        : tr("%n pictures written.", nullptr, static_cast<int>(_written.size()));
     if (_stopped)
         text = _written.isEmpty() ? tr("Stopped; nothing was written.")
                                   : tr("Stopped; these files are complete: %1").arg(namesOf(_written));
     if (_failed > 0)
-        text +=
-            QLatin1Char(' ') + tr("%n picture(s) failed.", nullptr, _failed) + QLatin1Char('\n') + _failures.value(0);
+        text += QLatin1Char(' ') +
+                (_failed == 1 ? tr("1 picture failed.") : tr("%n pictures failed.", nullptr, _failed)) +
+                QLatin1Char('\n') + _failures.value(0);
     return text;
 }
 

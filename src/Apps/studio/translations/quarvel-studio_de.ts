@@ -617,20 +617,6 @@
         <source>%1 exists already. Replace it?</source>
         <translation>%1 gibt es schon. Ersetzen?</translation>
     </message>
-    <message numerus="yes">
-        <source>%n file(s) exist already. Replace them?</source>
-        <translation>
-            <numerusform>%n Datei gibt es schon. Ersetzen?</numerusform>
-            <numerusform>%n Dateien gibt es schon. Ersetzen?</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>Rendering %n picture(s)...</source>
-        <translation>
-            <numerusform>%n Bild wird berechnet …</numerusform>
-            <numerusform>%n Bilder werden berechnet …</numerusform>
-        </translation>
-    </message>
     <message>
         <source>Writes the pictures</source>
         <translation>Schreibt die Bilder</translation>
@@ -695,19 +681,30 @@
         <source>How high each object&apos;s surface is by itself: white is highest</source>
         <translation>Wie hoch die Oberfläche jedes Objekts für sich ist: Weiß ist am höchsten</translation>
     </message>
+    <message numerus="yes">
+        <source>%n files exist already. Replace them?</source>
+        <translation>
+            <numerusform>%n Datei gibt es schon. Ersetzen?</numerusform>
+            <numerusform>%n Dateien gibt es schon. Ersetzen?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Rendering 1 picture...</source>
+        <translation>1 Bild wird berechnet …</translation>
+    </message>
+    <message numerus="yes">
+        <source>Rendering %n pictures...</source>
+        <translation>
+            <numerusform>%n Bild wird berechnet …</numerusform>
+            <numerusform>%n Bilder werden berechnet …</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ExportJob</name>
     <message>
         <source>Frame %1: %2</source>
         <translation>Bild %1: %2</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n picture(s) written.</source>
-        <translation>
-            <numerusform>%n Bild geschrieben.</numerusform>
-            <numerusform>%n Bilder geschrieben.</numerusform>
-        </translation>
     </message>
     <message>
         <source>Stopped; nothing was written.</source>
@@ -717,13 +714,6 @@
         <source>Stopped; these files are complete: %1</source>
         <translation>Angehalten; diese Dateien sind vollständig: %1</translation>
     </message>
-    <message numerus="yes">
-        <source>%n picture(s) failed.</source>
-        <translation>
-            <numerusform>%n Bild ist misslungen.</numerusform>
-            <numerusform>%n Bilder sind misslungen.</numerusform>
-        </translation>
-    </message>
     <message>
         <source>the heights</source>
         <translation>die Höhen</translation>
@@ -731,6 +721,28 @@
     <message>
         <source>choose a smaller width</source>
         <translation>wählen Sie eine kleinere Breite</translation>
+    </message>
+    <message>
+        <source>1 picture written.</source>
+        <translation>1 Bild geschrieben.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n pictures written.</source>
+        <translation>
+            <numerusform>%n Bild geschrieben.</numerusform>
+            <numerusform>%n Bilder geschrieben.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 picture failed.</source>
+        <translation>1 Bild ist fehlgeschlagen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n pictures failed.</source>
+        <translation>
+            <numerusform>%n Bild ist fehlgeschlagen.</numerusform>
+            <numerusform>%n Bilder sind fehlgeschlagen.</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -7,6 +7,7 @@
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/editing/MO_SceneCommands.h"
+#include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
 #include "jobs/shown/NormalMapNode.h"
 #include "jobs/targets/Targets.h"
 #include "studio/export/ExportDialog.h"
@@ -21,6 +22,7 @@
 #include <QDir>
 #include <QLineEdit>
 #include <QProcess>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QStatusBar>
@@ -138,6 +140,18 @@ TEST_F(ExportDialogTest, ProposesTheDrawingsOwnSizeAndAMapForMostPrograms)
     EXPECT_EQ(choices.form, kFormForMost);
     EXPECT_EQ(choices.pictures, QList<ExportPicture>{ExportPicture::MAP});
     EXPECT_EQ(choices.file, out() + QStringLiteral("/disc_n.png"));
+}
+
+TEST_F(ExportDialogTest, AsksForTheNodeOnlyWhereAPersonAddedOne)
+{
+    open();
+    EXPECT_FALSE(field<QComboBox>("exportNode").isVisible());
+    EXPECT_FALSE(dialog->findChild<QProgressBar*>()->isVisible()) << "nothing is on its way";
+    dialog.reset();
+    document().scene().root().emplace<MO_CompositeModule>().setInstanceName(QStringLiteral("Extra"));
+    show();
+    EXPECT_TRUE(field<QComboBox>("exportNode").isVisible());
+    EXPECT_EQ(dialog->choices().node, QStringLiteral("Display"));
 }
 
 TEST_F(ExportDialogTest, SetsWhatATargetWantsUntilSomethingElseIsSet)
