@@ -89,6 +89,9 @@ UT_Result<QStringList> Autosave::recover(const LeftScene& scene)
     if (!loaded)
         return loaded.error();
     _document.replaceScene(std::move(loaded->scene), scene.savedAs, true, scene.state);
+    _document.setRecovered();
+    if (scene.savedAs.isEmpty())
+        _document.setNameOfDrawings(scene.title);
     // Kept anew under this process's name before the old copy goes.
     _stale = true;
     if (keepNow())
@@ -103,7 +106,7 @@ void Autosave::discard(const LeftScene& scene)
 
 UT_Result<void> Autosave::keepNow()
 {
-    if (!_stale || !_document.isModified())
+    if (!_stale || !_document.holdsWork())
         return {};
     if (_own.isEmpty()) {
         const QString own = _folder + QLatin1Char('/') + QUuid::createUuid().toString(QUuid::WithoutBraces);
@@ -139,7 +142,7 @@ void Autosave::tick()
 
 void Autosave::documentChanged()
 {
-    if (!_document.isModified())
+    if (!_document.holdsWork())
         forget();
 }
 

@@ -57,7 +57,8 @@ public:
     /// Deletes what was left.
     void discard(const LeftScene& scene);
 
-    /// Stores a copy of the document now, if it has changed since the last copy.
+    /// Stores a copy of the document now, if it holds work (StudioDocument::holdsWork) and has changed since the last
+    /// copy.
     UT_Result<void> keepNow();
 
 Q_SIGNALS:

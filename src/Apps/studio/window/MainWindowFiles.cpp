@@ -338,9 +338,6 @@ bool MainWindow::offerRecovery()
             _messages->showError(tr("\"%1\" cannot be recovered: %2").arg(left.title, recovered.error().sentence()));
             continue;
         }
-        _document.setRecovered();
-        if (left.savedAs.isEmpty())
-            _document.setNameOfDrawings(left.title);
         showStart(false);
         _messages->showNotice(tr("Recovered \"%1\" as it was at %2. It is not saved yet.").arg(left.title, when));
         return true;

@@ -45,16 +45,16 @@ protected:
         return folder.filePath(QStringLiteral("long"));
     }
     // What a process that was killed leaves: the files without the lock.
-    QString leaveAsAfterACrash()
+    QString leaveAsAfterACrash() { return leaveAsAfterACrash(recovery.path(), QStringLiteral("crashed")); }
+    QString leaveAsAfterACrash(const QString& recoveryFolder, const QString& name)
     {
         EXPECT_TRUE(window->autosave().keepNow().ok());
-        const QStringList kept = QDir(recovery.path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+        const QStringList kept = QDir(recoveryFolder).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
         EXPECT_EQ(kept.size(), 1);
-        const QString from = recovery.filePath(kept.value(0));
-        const QString to = folder.filePath(QStringLiteral("crashed/session"));
-        copyFolder(from, to);
+        const QString to = folder.filePath(name + QStringLiteral("/session"));
+        copyFolder(QDir(recoveryFolder).filePath(kept.value(0)), to);
         QFile::remove(to + QStringLiteral("/lock"));
-        return folder.filePath(QStringLiteral("crashed"));
+        return folder.filePath(name);
     }
     static void copyFolder(const QString& from, const QString& to)
     {
@@ -541,11 +541,43 @@ TEST_F(WindowFilesTest, AnOrderlyEndLeavesNothingToRecover)
 }
 
 TEST_F(WindowFilesTest, WhatAnotherWindowKeepsIsNotOffered)
+TEST_F(WindowFilesTest, ASceneKeepsItsNameThroughASecondCrash)
+{
+    openDisc();
+    change();
+    QString left = leaveAsAfterACrash();
+    for (int crash = 0; crash < 2; ++crash) {
+        window.reset();
+        window = std::make_unique<MainWindow>(left);
+        window->show();
+        answerNext(QStringLiteral("Recover"));
+        window->offerRecovery();
+        EXPECT_TRUE(asked.contains(QStringLiteral("\"disc\""))) << qPrintable(asked);
+        EXPECT_EQ(document().title(), QStringLiteral("disc"));
+        left = leaveAsAfterACrash(left, QStringLiteral("crashed again %1").arg(crash));
+    }
+}
+
+TEST_F(WindowFilesTest, ADrawingThatNobodyChangedIsNotKept)
 {
     openDisc();
     ASSERT_TRUE(window->autosave().keepNow().ok());
+    EXPECT_TRUE(QDir(recovery.path()).isEmpty()) << "it can be opened again";
+    change();
+    ASSERT_TRUE(window->autosave().keepNow().ok());
+    EXPECT_FALSE(QDir(recovery.path()).isEmpty());
+    document().undo();
+    EXPECT_TRUE(QDir(recovery.path()).isEmpty());
+}
+
+{
+    openDisc();
+    ASSERT_TRUE(window->autosave().keepNow().ok());
+    change();
     MainWindow other(recovery.path());
     EXPECT_TRUE(other.autosave().left().isEmpty());
 }
 
 } // namespace
+    change();
+    change();
