@@ -59,6 +59,20 @@ UT_Result<OpenRequest> OpenRequest::of(const QStringList& paths)
     return request;
 }
 
+QString OpenRequest::path() const
+{
+    if (!scene.isEmpty() || drawings.size() == 1)
+        return scene.isEmpty() ? drawings.first() : scene;
+    const QString folder = QFileInfo(drawings.first()).absolutePath();
+    UT_Result<OpenRequest> whole = of({folder});
+    if (!whole)
+        return drawings.first();
+    QStringList these = drawings;
+    these.sort();
+    whole->drawings.sort();
+    return whole->drawings == these ? folder : drawings.first();
+}
+
 SceneFiles::SceneFiles(StudioDocument& document, QObject* parent) : QObject(parent), _document(document)
 {
     connect(&document, &StudioDocument::stateChanged, this, [this] { _changed = true; });

@@ -31,6 +31,9 @@ struct OpenRequest
     ///
     /// @return an error when there is nothing to open among them
     static UT_Result<OpenRequest> of(const QStringList& paths);
+    /// The one path that opens the same again: the scene, the only drawing, or the folder that holds these drawings and
+    /// no others. Otherwise the first drawing.
+    QString path() const;
     /// Whether a folder is a scene: its name ends in ".scene", or it holds a scene.
     static bool isScene(const QFileInfo& folder);
     /// The endings of the files that can be imported, as "*.svg".

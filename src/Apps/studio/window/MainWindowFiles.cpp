@@ -3,6 +3,7 @@
 // Opening, saving and leaving.
 #include "studio/window/MainWindow.h"
 
+#include "jobs/import/FrameNumbers.h"
 #include "studio/document/DialogFolders.h"
 #include "studio/document/SceneDialog.h"
 #include "studio/export/ExportDialog.h"
@@ -167,12 +168,12 @@ void MainWindow::openPaths(const QStringList& paths)
 void MainWindow::opened(const OpenRequest& request, const QString& remarks)
 {
     const bool isImport = request.scene.isEmpty();
-    const QString path = isImport ? request.drawings.first() : request.scene;
     if (isImport)
-        _document.setNameOfDrawings(QFileInfo(path).completeBaseName());
-    if (path != examplePath()) {
+        _document.setNameOfDrawings(sequenceName(request.drawings));
+    if (const QString path = request.path(); path != examplePath()) {
         _recent.add(path);
-        rememberDialogFolder(isImport ? FileDialogKind::DRAWINGS : FileDialogKind::SCENES, path);
+        rememberDialogFolder(isImport ? FileDialogKind::DRAWINGS : FileDialogKind::SCENES,
+                             isImport ? request.drawings.first() : path);
     }
     if (!remarks.isEmpty())
         _messages->showNotice(remarks);

@@ -12,6 +12,7 @@
 #include <QAction>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QListWidget>
 #include <QMenu>
 #include <QSignalSpy>
 #include <QSpinBox>
@@ -100,6 +101,28 @@ TEST_F(WindowFilesTest, AFolderOfDrawingsIsAsGoodAsTheDrawings)
     ASSERT_TRUE(waitForPicture());
     EXPECT_EQ(document().scene().firstFrame(), 1);
     EXPECT_EQ(document().scene().lastFrame(), 3);
+}
+
+TEST_F(WindowFilesTest, ASequenceHasTheNameThatItsFilesShareAndIsOpenedWholeAgain)
+{
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("walk")));
+    const QString first = write(QStringLiteral("walk/walk_1.svg"), studio_testing::kDisc);
+    const QString third = write(QStringLiteral("walk/walk_3.svg"), studio_testing::kDisc);
+    drop({third, first});
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(document().title(), QStringLiteral("walk"));
+    renew();
+    auto* const recent = window->findChild<QListWidget*>(QStringLiteral("recentList"));
+    ASSERT_EQ(recent->count(), 1);
+    QTest::mouseClick(recent->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      recent->visualItemRect(recent->item(0)).center());
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(document().scene().lastFrame(), 3);
+    // Beside other drawings, the folder would be something else.
+    write(QStringLiteral("walk/other.svg"), studio_testing::kDisc);
+    drop({third, first});
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_TRUE(recent->item(0)->data(Qt::UserRole).toString().endsWith(QStringLiteral(".svg")));
 }
 
 TEST_F(WindowFilesTest, OpeningIsGivenUpByItsButton)
@@ -518,29 +541,6 @@ TEST_F(WindowFilesTest, ARecoveredSceneIsSavedWithoutAQuestionWhereNobodyElseSav
     EXPECT_EQ(xmlOf(*SIO_loadScene(scene)->scene), xmlOf(document().scene()));
 }
 
-TEST_F(WindowFilesTest, WhatACrashLeftCanBeDiscarded)
-{
-    openDisc();
-    const QString left = leaveAsAfterACrash();
-    window.reset();
-    window = std::make_unique<MainWindow>(left);
-    window->show();
-    answerNext(QStringLiteral("Discard"));
-    window->offerRecovery();
-    EXPECT_TRUE(window->autosave().left().isEmpty());
-    EXPECT_TRUE(document().scene().root().modules().empty());
-}
-
-TEST_F(WindowFilesTest, AnOrderlyEndLeavesNothingToRecover)
-{
-    openDisc();
-    ASSERT_TRUE(window->autosave().keepNow().ok());
-    EXPECT_FALSE(QDir(recovery.path()).isEmpty());
-    window.reset();
-    EXPECT_TRUE(QDir(recovery.path()).isEmpty());
-}
-
-TEST_F(WindowFilesTest, WhatAnotherWindowKeepsIsNotOffered)
 TEST_F(WindowFilesTest, ASceneKeepsItsNameThroughASecondCrash)
 {
     openDisc();
@@ -570,14 +570,37 @@ TEST_F(WindowFilesTest, ADrawingThatNobodyChangedIsNotKept)
     EXPECT_TRUE(QDir(recovery.path()).isEmpty());
 }
 
+TEST_F(WindowFilesTest, WhatACrashLeftCanBeDiscarded)
 {
     openDisc();
-    ASSERT_TRUE(window->autosave().keepNow().ok());
     change();
+    const QString left = leaveAsAfterACrash();
+    window.reset();
+    window = std::make_unique<MainWindow>(left);
+    window->show();
+    answerNext(QStringLiteral("Discard"));
+    window->offerRecovery();
+    EXPECT_TRUE(window->autosave().left().isEmpty());
+    EXPECT_TRUE(document().scene().root().modules().empty());
+}
+
+TEST_F(WindowFilesTest, AnOrderlyEndLeavesNothingToRecover)
+{
+    openDisc();
+    change();
+    ASSERT_TRUE(window->autosave().keepNow().ok());
+    EXPECT_FALSE(QDir(recovery.path()).isEmpty());
+    window.reset();
+    EXPECT_TRUE(QDir(recovery.path()).isEmpty());
+}
+
+TEST_F(WindowFilesTest, WhatAnotherWindowKeepsIsNotOffered)
+{
+    openDisc();
+    change();
+    ASSERT_TRUE(window->autosave().keepNow().ok());
     MainWindow other(recovery.path());
     EXPECT_TRUE(other.autosave().left().isEmpty());
 }
 
 } // namespace
-    change();
-    change();
