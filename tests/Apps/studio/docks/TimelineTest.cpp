@@ -7,6 +7,7 @@
 #include "studio/docks/timeline/Playback.h"
 
 #include <QDoubleSpinBox>
+#include <QLineEdit>
 #include <QLocale>
 #include <QSpinBox>
 #include <QToolButton>
@@ -286,7 +287,13 @@ TEST_F(TimelineTest, TheSpaceBarPlaysWhereverNoTextIsTyped)
     window.setAttribute(Qt::WA_KeyboardFocusChange, true);
     EXPECT_FALSE(press(*button, Qt::TabFocusReason));
     EXPECT_EQ(document.currentFrame(), 1);
-    EXPECT_FALSE(press(*field, Qt::MouseFocusReason));
+    // A number has no space; a name may have one.
+    EXPECT_TRUE(press(*field, Qt::MouseFocusReason));
+    EXPECT_EQ(field->text(), QStringLiteral("1"));
+    QLineEdit name(&window);
+    name.show();
+    EXPECT_FALSE(press(name, Qt::MouseFocusReason));
+    EXPECT_EQ(name.text(), QStringLiteral(" "));
 }
 
 TEST_F(TimelineTest, APartOfTheFramesIsPlayedAgainAndAgain)

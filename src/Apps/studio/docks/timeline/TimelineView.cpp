@@ -151,11 +151,15 @@ void TimelineView::addPlayAction()
     qApp->installEventFilter(this);
 }
 
-// Where text is typed, the field takes the space before it becomes a shortcut. Who goes from button to button by the
-// keyboard presses them with it.
+// Where text is typed, the field takes the space before it becomes a shortcut. A field for numbers would take it as
+// well, but no number has a space. Who goes from button to button by the keyboard presses them with it.
 bool TimelineView::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space) {
+        if (qobject_cast<QAbstractSpinBox*>(watched)) {
+            event->ignore();
+            return true;
+        }
         const auto* const button = qobject_cast<QAbstractButton*>(watched);
         if (button && button->window()->testAttribute(Qt::WA_KeyboardFocusChange))
             event->accept();
