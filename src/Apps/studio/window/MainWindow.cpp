@@ -5,6 +5,7 @@
 
 #include "studio/docks/scene/LightPanel.h"
 #include "studio/docks/timeline/Playback.h"
+#include "studio/docks/timeline/TimelineCanvas.h"
 #include "studio/docks/timeline/TimelineView.h"
 #include "studio/objects/ObjectHands.h"
 #include "studio/preview/Viewer.h"
@@ -33,6 +34,7 @@ namespace {
 
 const QString kGeometryKey = QStringLiteral("window/geometry");
 const QString kStateKey = QStringLiteral("window/state");
+const QString kTimelineNamesKey = QStringLiteral("window/timelineNames");
 
 } // namespace
 
@@ -172,6 +174,7 @@ void MainWindow::raiseFirstDocks()
 void MainWindow::resetLayout()
 {
     restoreState(_firstLayout);
+    findChild<TimelineCanvas*>()->setNameWidth(TimelineCanvas::kFirstNameWidth);
     shareOutRoom();
     raiseFirstDocks();
 }
@@ -283,8 +286,11 @@ void MainWindow::showStart(bool start)
     if (!start && !_hiddenDocks.isEmpty()) {
         for (QDockWidget* const dock : std::exchange(_hiddenDocks, {}))
             dock->show();
-        if (!QSettings().contains(kStateKey))
+        // Panels that were hidden have lost the sizes that they had.
+        if (const QByteArray layout = QSettings().value(kStateKey).toByteArray(); layout.isEmpty())
             shareOutRoom();
+        else
+            restoreState(layout);
         raiseFirstDocks();
     }
     if (!start)
@@ -297,14 +303,18 @@ void MainWindow::restoreLayout()
     const QSettings settings;
     restoreGeometry(settings.value(kGeometryKey).toByteArray());
     restoreState(settings.value(kStateKey).toByteArray());
+    findChild<TimelineCanvas*>()->setNameWidth(
+        settings.value(kTimelineNamesKey, TimelineCanvas::kFirstNameWidth).toInt());
 }
 
 void MainWindow::storeLayout()
 {
     QSettings settings;
     settings.setValue(kGeometryKey, saveGeometry());
-    if (_hiddenDocks.isEmpty())
-        settings.setValue(kStateKey, saveState());
+    if (!_hiddenDocks.isEmpty())
+        return;
+    settings.setValue(kStateKey, saveState());
+    settings.setValue(kTimelineNamesKey, findChild<TimelineCanvas*>()->nameWidth());
 }
 
 void MainWindow::changeEvent(QEvent* event)

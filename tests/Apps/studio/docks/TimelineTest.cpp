@@ -192,12 +192,27 @@ TEST_F(TimelineTest, AClickOnARowsNameSelectsTheNode)
     EXPECT_EQ(document.currentModule(), &module("Hat"));
 }
 
+TEST_F(TimelineTest, TheBorderOfTheNamesIsDragged)
+{
+    const int width = canvas().nameWidth();
+    const int gap = canvas().cellCenter(-1, 1).x() - width;
+    const auto dragTo = [&](int x) { drag(port(), QPoint(canvas().nameWidth(), 60), QPoint(x, 60)); };
+    dragTo(width + 50);
+    EXPECT_EQ(canvas().nameWidth(), width + 50);
+    EXPECT_EQ(canvas().cellCenter(-1, 1).x() - canvas().nameWidth(), gap) << "the frames move along";
+    EXPECT_EQ(document.currentFrame(), 1) << "no frame was meant";
+    dragTo(-100);
+    EXPECT_GT(canvas().nameWidth(), 0);
+    dragTo(port().width() + 100);
+    EXPECT_LT(canvas().nameWidth(), port().width()) << "the border can be taken again";
+}
+
 TEST_F(TimelineTest, TheRowsOfSelectedElementsAreMarked)
 {
     const auto groundOf = [this](const char* name) {
         const int middle = canvas().cellCenter(rowOf(QLatin1String(name)), 1).y();
         // Right of the name.
-        return port().grab().toImage().pixelColor(TimelineCanvas::kNameWidth - 4, middle);
+        return port().grab().toImage().pixelColor(canvas().nameWidth() - 6, middle);
     };
     document.setSelection({&module("Display")});
     docks::settle();

@@ -3,6 +3,7 @@
 // The window on a small screen, and the way back to the first arrangement of its panels.
 #include "Apps/studio/window/WindowTesting.h"
 
+#include "studio/docks/timeline/TimelineCanvas.h"
 #include "studio/docks/timeline/TimelineView.h"
 #include "studio/objects/ObjectsModel.h"
 #include "studio/objects/ObjectsView.h"
@@ -115,6 +116,24 @@ TEST_F(LayoutTest, ResetLayoutBringsPanelsBackToWhereTheyWere)
     EXPECT_FALSE(dock("PaletteDock").isFloating());
     EXPECT_EQ(window->dockWidgetArea(&dock("ObjectsDock")), Qt::RightDockWidgetArea);
     EXPECT_EQ(nodes.geometry().topLeft(), before.topLeft());
+}
+
+TEST_F(LayoutTest, PanelsAndTheTimelinesNamesKeepTheirWidths)
+{
+    openDisc();
+    window->resizeDocks({&dock("NodesDock"), &dock("TimelineDock")}, {200, 400}, Qt::Horizontal);
+    QCoreApplication::processEvents();
+    const int width = dock("TimelineDock").width();
+    const auto names = [this] { return window->findChild<TimelineCanvas*>()->nameWidth(); };
+    ASSERT_EQ(names(), TimelineCanvas::kFirstNameWidth);
+    window->findChild<TimelineCanvas*>()->setNameWidth(190);
+    window->close();
+    renew();
+    openDisc();
+    EXPECT_EQ(dock("TimelineDock").width(), width) << "the panels have their sizes again";
+    EXPECT_EQ(names(), 190);
+    resetLayout();
+    EXPECT_EQ(names(), TimelineCanvas::kFirstNameWidth);
 }
 
 TEST_F(LayoutTest, ThereIsNoLayoutToResetOnTheStartPage)

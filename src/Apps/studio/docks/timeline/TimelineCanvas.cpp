@@ -1,19 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What the timeline does; how it is painted stands in TimelinePainting.cpp.
+// What the timeline shows and where; TimelineInput.cpp says what mouse and keys do, TimelinePainting.cpp how it is
+// painted.
 #include "studio/docks/timeline/TimelineCanvas.h"
 
-#include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
-#include "QuarvelSceneCore/editing/MO_AttrCommands.h"
-
-#include <QContextMenuEvent>
-#include <QHelpEvent>
-#include <QKeyEvent>
-#include <QMenu>
-#include <QMouseEvent>
 #include <QScrollBar>
-#include <QToolTip>
-#include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -23,6 +14,9 @@ namespace {
 constexpr double kLeastFrameWidth = 2.0;
 constexpr double kMostFrameWidth = 60.0;
 constexpr double kReach = 8.0;
+constexpr int kLeastNameWidth = 60;
+constexpr int kRoomForFrames = 80; // beside the names
+constexpr int kBorderReach = 4;    // of the mouse around the names' border
 
 } // namespace
 
@@ -83,7 +77,7 @@ void TimelineCanvas::fitRange()
 {
     const MO_Scene& scene = _document.scene();
     const double frames = static_cast<double>(scene.lastFrame()) - scene.firstFrame() + 1.0;
-    const int width = viewport()->width() - kNameWidth;
+    const int width = viewport()->width() - nameWidth();
     const int height = viewport()->height() - kRulerHeight;
     const double needed = std::min(frames * _frameWidth + 2 * kReach, 1.0e9);
     horizontalScrollBar()->setRange(0, std::max(0, static_cast<int>(needed) - width));
@@ -98,22 +92,39 @@ void TimelineCanvas::showFrame()
 {
     const double x = xOf(_document.currentFrame());
     QScrollBar& bar = *horizontalScrollBar();
-    if (x < kNameWidth)
-        bar.setValue(bar.value() + static_cast<int>(x - kNameWidth));
+    if (x < nameWidth())
+        bar.setValue(bar.value() + static_cast<int>(x - nameWidth()));
     else if (x + _frameWidth > viewport()->width())
         bar.setValue(bar.value() + static_cast<int>(x + _frameWidth - viewport()->width()));
     viewport()->update();
 }
 
+int TimelineCanvas::nameWidth() const
+{
+    return std::max(kLeastNameWidth, std::min(_nameWidth, viewport()->width() - kRoomForFrames));
+}
+
+void TimelineCanvas::setNameWidth(int width)
+{
+    _nameWidth = std::max(kLeastNameWidth, width);
+    fitRange();
+    viewport()->update();
+}
+
+bool TimelineCanvas::isNameBorder(int x) const
+{
+    return std::abs(x - nameWidth()) <= kBorderReach;
+}
+
 double TimelineCanvas::xOf(double frame) const
 {
-    return kNameWidth + kReach + (frame - _document.scene().firstFrame()) * _frameWidth -
+    return nameWidth() + kReach + (frame - _document.scene().firstFrame()) * _frameWidth -
            horizontalScrollBar()->value();
 }
 
 double TimelineCanvas::frameAt(int x) const
 {
-    return _document.scene().firstFrame() + (x - kNameWidth - kReach + horizontalScrollBar()->value()) / _frameWidth;
+    return _document.scene().firstFrame() + (x - nameWidth() - kReach + horizontalScrollBar()->value()) / _frameWidth;
 }
 
 int TimelineCanvas::nearestFrame(int x) const
@@ -174,62 +185,6 @@ void TimelineCanvas::execute(MO_EditCommand command)
     _document.execute(std::move(command));
 }
 
-void TimelineCanvas::mousePressEvent(QMouseEvent* event)
-{
-    if (event->button() != Qt::LeftButton)
-        return;
-    const QPoint position = event->position().toPoint();
-    const int row = rowAt(position.y());
-    if (row >= 0)
-        setCurrentRow(row);
-    if (position.x() < kNameWidth) {
-        if (MO_Module* const module = row >= 0 ? _rows[static_cast<std::size_t>(row)].module : nullptr)
-            _document.setSelection({module});
-        return;
-    }
-    const std::optional<double> start = row >= 0 ? startNear(row, position.x()) : std::nullopt;
-    _dragging = start ? Dragging::START : Dragging::FRAME;
-    _dragGrab = nearestFrame(position.x());
-    if (start) {
-        _dragFrom = *start;
-        _dragTo = static_cast<int>(std::floor(*start));
-    }
-    _document.setCurrentFrame(_dragGrab);
-}
-
-void TimelineCanvas::mouseMoveEvent(QMouseEvent* event)
-{
-    const int frame = nearestFrame(event->position().toPoint().x());
-    if (_dragging == Dragging::FRAME) {
-        _document.setCurrentFrame(frame);
-    } else if (_dragging == Dragging::START) {
-        const MO_Scene& scene = _document.scene();
-        const double to = std::floor(_dragFrom) + frame - _dragGrab;
-        _dragTo = static_cast<int>(std::clamp<double>(to, scene.firstFrame(), scene.lastFrame()));
-        viewport()->update();
-    }
-}
-
-void TimelineCanvas::mouseReleaseEvent(QMouseEvent* event)
-{
-    if (event->button() != Qt::LeftButton)
-        return;
-    const Dragging dragged = std::exchange(_dragging, Dragging::NOTHING);
-    if (dragged == Dragging::START && _currentRow >= 0 && _dragTo != std::floor(_dragFrom)) {
-        execute(moveCmd(_rows[static_cast<std::size_t>(_currentRow)], _dragFrom, _dragTo));
-        _document.setCurrentFrame(_dragTo);
-    }
-    viewport()->update();
-}
-
-void TimelineCanvas::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    const QPoint position = event->position().toPoint();
-    const int row = rowAt(position.y());
-    if (event->button() == Qt::LeftButton && row >= 0 && position.x() >= kNameWidth && !startNear(row, position.x()))
-        execute(addKeyCmd(_rows[static_cast<std::size_t>(row)], nearestFrame(position.x())));
-}
-
 void TimelineCanvas::zoomBy(double factor)
 {
     _frameWidth = std::clamp(_frameWidth * factor, kLeastFrameWidth, kMostFrameWidth);
@@ -241,110 +196,6 @@ void TimelineCanvas::showLoop(const std::optional<std::pair<int, int>>& loop)
 {
     _loop = loop;
     viewport()->update();
-}
-
-void TimelineCanvas::wheelEvent(QWheelEvent* event)
-{
-    if (!(event->modifiers() & Qt::ControlModifier))
-        return QAbstractScrollArea::wheelEvent(event);
-    zoomBy(std::pow(1.0015, event->angleDelta().y()));
-    event->accept();
-}
-
-void TimelineCanvas::keyPressEvent(QKeyEvent* event)
-{
-    const int frame = _document.currentFrame();
-    const MO_Scene& scene = _document.scene();
-    const bool hasRow = _currentRow >= 0;
-    switch (event->key()) {
-    case Qt::Key_Left:
-        return _document.setCurrentFrame(frame > scene.firstFrame() ? frame - 1 : frame);
-    case Qt::Key_Right:
-        return _document.setCurrentFrame(frame < scene.lastFrame() ? frame + 1 : frame);
-    case Qt::Key_Home:
-        return _document.setCurrentFrame(scene.firstFrame());
-    case Qt::Key_End:
-        return _document.setCurrentFrame(scene.lastFrame());
-    case Qt::Key_Up:
-        return setCurrentRow(std::max(0, _currentRow - 1));
-    case Qt::Key_Down:
-        return setCurrentRow(_currentRow + 1);
-    case Qt::Key_Plus:
-        return zoomBy(1.25);
-    case Qt::Key_Minus:
-        return zoomBy(0.8);
-    case Qt::Key_K:
-        return hasRow ? execute(addKeyCmd(_rows[static_cast<std::size_t>(_currentRow)], frame)) : void();
-    case Qt::Key_Delete:
-    case Qt::Key_Backspace:
-        return hasRow ? execute(removeCmd(_rows[static_cast<std::size_t>(_currentRow)], frame)) : void();
-    case Qt::Key_Escape:
-        _dragging = Dragging::NOTHING;
-        return viewport()->update();
-    default:
-        QAbstractScrollArea::keyPressEvent(event);
-    }
-}
-
-QMenu* TimelineCanvas::makeMenu(int row, int frame)
-{
-    if (row < 0 || row >= static_cast<int>(_rows.size()))
-        return nullptr;
-    const TimelineRow found = _rows[static_cast<std::size_t>(row)];
-    auto* menu = new QMenu(this);
-    const std::optional<double> start = startAtCell(row, frame);
-    const auto add = [&](QMenu& to, const QString& text, auto command) {
-        return to.addAction(text, this, [this, command] { execute(command()); });
-    };
-    if (found.element) {
-        AT_DrawingAttr* const attr = found.element->drawingAttr();
-        QMenu* const drawings = menu->addMenu(tr("Show from Frame %1").arg(frame));
-        for (const auto& [name, kvd] : found.element->drawings())
-            add(*drawings, name, [attr, frame, drawing = name] { return MO_exposeCmd(*attr, frame, drawing); });
-        add(*menu, tr("Show Nothing from Frame %1").arg(frame),
-            [attr, frame] { return MO_exposeCmd(*attr, frame, QString()); });
-        if (start)
-            add(*menu, tr("Remove Exposure"), [found, frame] { return removeCmd(found, frame); });
-        return menu;
-    }
-    if (!start) {
-        add(*menu, tr("Add Key at Frame %1").arg(frame), [found, frame] { return addKeyCmd(found, frame); });
-        return menu;
-    }
-    const AT_Curve::Interpolation now = found.attribute->curve().keyAt(frame)->interpolation;
-    using Interpolation = AT_Curve::Interpolation;
-    for (const auto& [kind, text] : {std::pair(Interpolation::HOLD, tr("Hold until the Next Key")),
-                                     std::pair(Interpolation::LINEAR, tr("Straight to the Next Key")),
-                                     std::pair(Interpolation::BEZIER, tr("Smooth to the Next Key"))}) {
-        QAction* const action =
-            add(*menu, text, [found, frame, kind = kind] { return interpolationCmd(found, frame, kind); });
-        action->setCheckable(true);
-        action->setChecked(kind == now);
-    }
-    menu->addSeparator();
-    add(*menu, tr("Delete Key"), [found, frame] { return removeCmd(found, frame); });
-    return menu;
-}
-
-void TimelineCanvas::contextMenuEvent(QContextMenuEvent* event)
-{
-    const bool byKeyboard = event->reason() == QContextMenuEvent::Keyboard;
-    const int row = byKeyboard ? _currentRow : rowAt(event->pos().y());
-    if (!byKeyboard && row >= 0)
-        setCurrentRow(row);
-    if (!byKeyboard && event->pos().x() >= kNameWidth) {
-        const std::optional<double> start = row >= 0 && _rows[static_cast<std::size_t>(row)].attribute
-                                                ? startNear(row, event->pos().x())
-                                                : std::nullopt;
-        _document.setCurrentFrame(start ? static_cast<int>(std::floor(*start)) : nearestFrame(event->pos().x()));
-    }
-    const int frame = _document.currentFrame();
-    QMenu* const menu = makeMenu(row, frame);
-    if (!menu)
-        return;
-    menu->setObjectName(QStringLiteral("TimelineMenu"));
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->popup(byKeyboard ? viewport()->mapToGlobal(cellCenter(row, frame)) : event->globalPos());
 }
 
 void TimelineCanvas::resizeEvent(QResizeEvent* event)
@@ -363,26 +214,4 @@ void TimelineCanvas::focusOutEvent(QFocusEvent* event)
 {
     QAbstractScrollArea::focusOutEvent(event);
     viewport()->update();
-}
-
-bool TimelineCanvas::viewportEvent(QEvent* event)
-{
-    if (event->type() != QEvent::ToolTip)
-        return QAbstractScrollArea::viewportEvent(event);
-    const auto* help = static_cast<QHelpEvent*>(event);
-    const int row = rowAt(help->pos().y());
-    if (row < 0) {
-        QToolTip::showText(help->globalPos(), tr("Click or drag to go to a frame"), viewport());
-        return true;
-    }
-    const TimelineRow& found = _rows[static_cast<std::size_t>(row)];
-    const int frame = nearestFrame(help->pos().x());
-    const QString value =
-        found.attribute ? found.attribute->displayText(frame) : found.element->drawingAttr()->drawing(frame);
-    const QString text =
-        help->pos().x() < kNameWidth
-            ? found.label
-            : tr("%1, frame %2: %3").arg(found.label, QString::number(frame), value.isEmpty() ? tr("nothing") : value);
-    QToolTip::showText(help->globalPos(), text, viewport());
-    return true;
 }

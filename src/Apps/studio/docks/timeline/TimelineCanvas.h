@@ -6,6 +6,7 @@
 //   key, exposure: drag        move it                Up, Down                another row
 //   double click among keys    add a key              K, Delete               add a key, take one away
 //   row's name: click          select the node        menu                    drawings and interpolation
+//   border of the names: drag  make them wider
 //
 // A drag shows where things would go and becomes one command when the mouse is released.
 #pragma once
@@ -24,7 +25,7 @@ class TimelineCanvas : public QAbstractScrollArea
 
 public:
     /// Sizes in device-independent pixels.
-    static constexpr int kNameWidth = 150;
+    static constexpr int kFirstNameWidth = 150;
     static constexpr int kRulerHeight = 26;
     static constexpr int kRowHeight = 24;
 
@@ -36,6 +37,9 @@ public:
     /// The row that keys work on; -1 when there is none.
     int currentRow() const { return _currentRow; }
     void setCurrentRow(int row);
+    /// The width of the rows' names, in device-independent pixels. The frames keep room for some of them.
+    int nameWidth() const;
+    void setNameWidth(int width);
     /// Marks the frames that are played; nothing for all.
     void showLoop(const std::optional<std::pair<int, int>>& loop);
     /// The menu for a cell; the caller owns it. Null when there is nothing to choose.
@@ -62,13 +66,15 @@ private:
     {
         NOTHING,
         FRAME,
-        START
+        START,
+        NAME_BORDER
     };
 
     void refresh();
     void follow();
     void fitRange();
     void showFrame();
+    bool isNameBorder(int x) const;
     double xOf(double frame) const;
     double frameAt(int x) const;
     int nearestFrame(int x) const;
@@ -92,7 +98,8 @@ private:
     double _frameWidth = 14.0;
     std::optional<std::pair<int, int>> _loop;
     Dragging _dragging = Dragging::NOTHING;
-    double _dragFrom = 0.0; // the start that is moved
-    int _dragGrab = 0;      // the frame under the mouse when the drag began
-    int _dragTo = 0;        // where it would go
+    int _nameWidth = kFirstNameWidth; // may be too wide for the window: see nameWidth()
+    double _dragFrom = 0.0;           // the start that is moved
+    int _dragGrab = 0;                // the frame under the mouse when the drag began
+    int _dragTo = 0;                  // where it would go
 };

@@ -45,10 +45,10 @@ void TimelineCanvas::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(viewport()->rect(), palette().color(QPalette::Base));
     painter.save();
-    painter.setClipRect(QRect(kNameWidth, 0, viewport()->width() - kNameWidth, viewport()->height()));
+    painter.setClipRect(QRect(nameWidth(), 0, viewport()->width() - nameWidth(), viewport()->height()));
     paintGrid(painter);
     painter.save();
-    painter.setClipRect(QRect(kNameWidth, kRulerHeight, viewport()->width(), viewport()->height()), Qt::IntersectClip);
+    painter.setClipRect(QRect(nameWidth(), kRulerHeight, viewport()->width(), viewport()->height()), Qt::IntersectClip);
     for (int row = 0; row < static_cast<int>(_rows.size()); ++row)
         if (rowTop(row) < viewport()->height() && rowTop(row) + kRowHeight > kRulerHeight)
             paintRow(painter, row);
@@ -67,7 +67,7 @@ void TimelineCanvas::paintGrid(QPainter& painter) const
     const int step = rulerStep(_frameWidth);
     const double end = xOf(scene.lastFrame() + 1.0);
     painter.setPen(QPen(blended(base, text, 0.07), 1));
-    const qint64 from = nearestFrame(kNameWidth);
+    const qint64 from = nearestFrame(nameWidth());
     const qint64 to = nearestFrame(viewport()->width());
     for (qint64 frame = from - (from % step + step) % step; frame <= to; frame += step)
         painter.drawLine(QPointF(xOf(static_cast<double>(frame)) + 0.5, kRulerHeight),
@@ -81,7 +81,7 @@ void TimelineCanvas::paintRuler(QPainter& painter) const
 {
     const QColor window = palette().color(QPalette::Window);
     const QColor text = palette().color(QPalette::WindowText);
-    painter.fillRect(QRect(kNameWidth, 0, viewport()->width(), kRulerHeight), window);
+    painter.fillRect(QRect(nameWidth(), 0, viewport()->width(), kRulerHeight), window);
     if (_loop) {
         const QRectF played(xOf(_loop->first), 0, xOf(_loop->second + 1.0) - xOf(_loop->first), kRulerHeight);
         painter.fillRect(played, blended(window, palette().color(QPalette::Highlight), 0.3));
@@ -91,7 +91,7 @@ void TimelineCanvas::paintRuler(QPainter& painter) const
     QFont font = this->font();
     font.setPixelSize(11);
     painter.setFont(font);
-    const qint64 from = nearestFrame(kNameWidth);
+    const qint64 from = nearestFrame(nameWidth());
     const qint64 to = nearestFrame(viewport()->width());
     for (qint64 frame = std::max<qint64>(from - (from % step + step) % step, scene.firstFrame()); frame <= to;
          ++frame) {
@@ -121,7 +121,8 @@ void TimelineCanvas::paintRow(QPainter& painter, int row) const
     const TimelineRow& shown = _rows[static_cast<std::size_t>(row)];
     const bool isDragged = _dragging == Dragging::START && row == _currentRow;
     painter.setPen(QPen(blended(base, text, 0.1), 1));
-    painter.drawLine(QPointF(kNameWidth, top + kRowHeight - 0.5), QPointF(viewport()->width(), top + kRowHeight - 0.5));
+    painter.drawLine(QPointF(nameWidth(), top + kRowHeight - 0.5),
+                     QPointF(viewport()->width(), top + kRowHeight - 0.5));
     if (shown.element)
         paintExposures(painter, shown, top, isDragged);
     else
@@ -149,14 +150,14 @@ void TimelineCanvas::paintExposures(QPainter& painter, const TimelineRow& row, i
         const auto next = std::next(it);
         const double left = xOf(it->first);
         const double right = std::min(xOf(next == exposures.end() ? end : next->first), xOf(end));
-        if (it->second.isEmpty() || right <= left || right < kNameWidth || left > viewport()->width())
+        if (it->second.isEmpty() || right <= left || right < nameWidth() || left > viewport()->width())
             continue;
         const QRectF block(left + 0.5, top + 3.5, right - left - 1.5, kRowHeight - 8);
         painter.setPen(QPen(color, 1));
         painter.setBrush(fill);
         painter.drawRoundedRect(block, 3, 3);
         painter.setPen(palette().color(QPalette::Text));
-        const QRectF room = block.adjusted(4, 0, -2, 0).intersected(QRectF(kNameWidth + 2, 0, 1.0e6, 1.0e6));
+        const QRectF room = block.adjusted(4, 0, -2, 0).intersected(QRectF(nameWidth() + 2, 0, 1.0e6, 1.0e6));
         if (room.width() > 6)
             painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                              QFontMetricsF(font).elidedText(it->second, Qt::ElideRight, room.width()));
@@ -203,15 +204,15 @@ void TimelineCanvas::paintNames(QPainter& painter) const
 {
     const QColor window = palette().color(QPalette::Window);
     const QColor text = palette().color(QPalette::WindowText);
-    painter.fillRect(QRect(0, 0, kNameWidth, viewport()->height()), window);
+    painter.fillRect(QRect(0, 0, nameWidth(), viewport()->height()), window);
     painter.save();
-    painter.setClipRect(QRect(0, kRulerHeight, kNameWidth, viewport()->height()));
+    painter.setClipRect(QRect(0, kRulerHeight, nameWidth(), viewport()->height()));
     QFont font = this->font();
     font.setPixelSize(12);
     painter.setFont(font);
     for (int row = 0; row < static_cast<int>(_rows.size()); ++row) {
         const TimelineRow& shown = _rows[static_cast<std::size_t>(row)];
-        const QRectF place(0, rowTop(row), kNameWidth, kRowHeight);
+        const QRectF place(0, rowTop(row), nameWidth(), kRowHeight);
         const bool isCurrent = row == _currentRow;
         const bool isSelected = shown.element && _document.selection().contains(shown.module);
         const double share = !isCurrent ? (isSelected ? 0.2 : 0.0) : hasFocus() ? 0.45 : 0.2;
@@ -224,8 +225,8 @@ void TimelineCanvas::paintNames(QPainter& painter) const
     }
     painter.restore();
     painter.setPen(QPen(blended(window, text, 0.25), 1));
-    painter.drawLine(QPointF(kNameWidth - 0.5, 0), QPointF(kNameWidth - 0.5, viewport()->height()));
-    painter.drawLine(QPointF(0, kRulerHeight - 0.5), QPointF(kNameWidth, kRulerHeight - 0.5));
+    painter.drawLine(QPointF(nameWidth() - 0.5, 0), QPointF(nameWidth() - 0.5, viewport()->height()));
+    painter.drawLine(QPointF(0, kRulerHeight - 0.5), QPointF(nameWidth(), kRulerHeight - 0.5));
 }
 
 void TimelineCanvas::paintCursor(QPainter& painter) const
