@@ -261,11 +261,15 @@ void DrawingSources::apply(Reading& reading)
     const QString name = adds                              ? tr("Add %1").arg(nameOf(request.files))
                          : request.source == request.files ? tr("Reload %1").arg(nameOf(request.files))
                                                            : tr("Replace %1").arg(nameOf(request.source));
+    const std::vector<MO_ElementModule*> before = elementsFrom(scene, request.files);
     DrawingUpdate update = updateDrawings(scene, elements, *reading.result->scene, name);
     // What was only looked at can still be left without a question: the drawing can be opened again.
     const bool wasUntouched = _document.folder().isEmpty() && !_document.holdsWork();
-    if (_document.execute(std::move(update.command)) && wasUntouched && request.source == request.files)
+    const bool isDone = _document.execute(std::move(update.command));
+    if (isDone && wasUntouched && request.source == request.files)
         _document.commands().setClean();
+    if (isDone && adds)
+        selectAdded(request.files, before);
     QStringList remarks = reading.result->warnings;
     if (!request.known.isEmpty())
         remarks.prepend(
@@ -275,6 +279,16 @@ void DrawingSources::apply(Reading& reading)
         remarks << tr("No longer in %1: %2. The settings are kept in case it comes back.")
                        .arg(nameOf(request.files), update.vanished.join(QStringLiteral(", ")));
     Q_EMIT updated(remarks.join(QLatin1Char('\n')));
+}
+
+// What was added lies on top of everything and is what a person goes on with.
+void DrawingSources::selectAdded(const QStringList& files, const std::vector<MO_ElementModule*>& before)
+{
+    QList<MO_Module*> added;
+    for (MO_ElementModule* const element : elementsFrom(_document.scene(), files))
+        if (std::ranges::find(before, element) == before.end())
+            added << element;
+    _document.setSelection(added);
 }
 
 // Undo brought the older digests back with the older drawings.

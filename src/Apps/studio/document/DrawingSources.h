@@ -98,6 +98,7 @@ private:
     void apply(Reading& reading);
     void retry(const Request& request, const QString& error);
     QString objectsOf(const QStringList& source) const;
+    void selectAdded(const QStringList& files, const std::vector<MO_ElementModule*>& before);
     void noteKnownVersions() const;
 
     StudioDocument& _document;

@@ -254,6 +254,10 @@ TEST_F(WatchedDrawingsTest, AreReplacedAndAddedTo)
     window->sources().add({write(QStringLiteral("second.svg"), disc(140))});
     ASSERT_TRUE(studio_testing::waitUntil([&] { return window->sources().all().size() == 2U; }));
     EXPECT_EQ(NormalMapNode(*document().scene().findModule(QStringLiteral("Normal-Map"))).objects().size(), 2U);
+    ASSERT_EQ(document().selection().size(), 1) << "what was added is selected";
+    const auto* const added = dynamic_cast<const MO_ElementModule*>(document().selection().front());
+    ASSERT_NE(added, nullptr);
+    EXPECT_EQ(added->origin().files, QStringList{folder.filePath(QStringLiteral("second.svg"))});
     write(QStringLiteral("second.svg"), disc(150));
     ASSERT_TRUE(waitForCentre(150));
 }
