@@ -57,6 +57,11 @@ QWidget* LightPanel::listRow()
     _duplicate = addButton(layout, "duplicateLight", tr("Duplicate"), tr("Adds a light like this one, keys included"));
     _remove = addButton(layout, "removeLight", tr("Remove"), tr("Takes this light away"));
     layout.addStretch();
+    QToolButton* const presets =
+        addButton(layout, "lightPresets", tr("&Presets"), tr("Replaces these lights by a ready-made set"));
+    presets->setPopupMode(QToolButton::InstantPopup);
+    presets->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    fillPresets(*presets);
     connect(_which, &QComboBox::activated, &_lights, &LightModel::setCurrent);
     connect(_add, &QToolButton::clicked, this, [this] {
         _lights.add({.place = {0.6, 0.4}, .height = 0.6, .colour = QColor(0xff, 0xd9, 0xa0), .intensity = 0.6});
@@ -212,13 +217,4 @@ void LightPanel::addCommonRows(QFormLayout& form)
     });
     addCommonNumber(form, MO_Lighting::HIGHLIGHT, tr("Hi&ghlights"), tr("How much the surface gleams"),
                     &MO_LightingValues::highlight);
-    auto* const row = new QWidget;
-    QHBoxLayout& layout = *rowOf(*row);
-    QToolButton* const presets =
-        addButton(layout, "lightPresets", tr("&Presets"), tr("Replaces these lights by a ready-made set"));
-    presets->setPopupMode(QToolButton::InstantPopup);
-    presets->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    fillPresets(*presets);
-    layout.addStretch();
-    form.addRow(QString(), row);
 }
