@@ -527,7 +527,7 @@
     </message>
     <message>
         <source>N&amp;ormal map</source>
-        <translation>N&amp;ormalen-Map</translation>
+        <translation>N&amp;ormal-Map</translation>
     </message>
     <message>
         <source>Which way the surface faces</source>
@@ -575,7 +575,7 @@
     </message>
     <message>
         <source>PNG, 8 bits a channel, dithered</source>
-        <translation>PNG, 8 Bit je Kanal, gerastert</translation>
+        <translation>PNG, 8 Bit pro Kanal, mit Dithering</translation>
     </message>
     <message>
         <source>Forma&amp;t</source>
@@ -603,7 +603,7 @@
     </message>
     <message>
         <source>What the alpha of the normal map holds</source>
-        <translation>Was das Alpha der Normalen-Map enthält</translation>
+        <translation>Was das Alpha der Normal-Map enthält</translation>
     </message>
     <message>
         <source>&amp;Padding</source>
@@ -631,7 +631,7 @@
     </message>
     <message>
         <source>How high each place lies in all, objects on top of each other, for displacement and parallax</source>
-        <translation>Wie hoch jede Stelle insgesamt liegt, Objekte aufeinander, für Displacement und Parallaxe</translation>
+        <translation>Wie hoch jede Stelle insgesamt liegt, alle Objekte übereinander, für Displacement und Parallaxe</translation>
     </message>
     <message>
         <source>Ambient o&amp;cclusion</source>
@@ -931,11 +931,11 @@
     <name>KeyButton</name>
     <message>
         <source>Remove the key at this frame</source>
-        <translation>Keyframe an diesem Bild entfernen</translation>
+        <translation>Keyframe bei diesem Bild entfernen</translation>
     </message>
     <message>
         <source>Set a key at this frame</source>
-        <translation>Keyframe an diesem Bild setzen</translation>
+        <translation>Keyframe bei diesem Bild setzen</translation>
     </message>
 </context>
 <context>
@@ -946,11 +946,11 @@
     </message>
     <message>
         <source>Sets a key at this frame</source>
-        <translation>Setzt einen Keyframe an diesem Bild</translation>
+        <translation>Setzt einen Keyframe bei diesem Bild</translation>
     </message>
     <message>
         <source>Removes the key at this frame</source>
-        <translation>Entfernt den Keyframe an diesem Bild</translation>
+        <translation>Entfernt den Keyframe bei diesem Bild</translation>
     </message>
 </context>
 <context>
@@ -1748,7 +1748,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     </message>
     <message>
         <source>Shows a pixel as a pixel</source>
-        <translation>Zeigt ein Pixel als ein Pixel</translation>
+        <translation>Zeigt jedes Pixel in seiner wahren Größe</translation>
     </message>
     <message>
         <source>Zoom &amp;In</source>
@@ -1848,7 +1848,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     </message>
     <message>
         <source>Replace that scene by this one? To keep both, cancel and save this one as another.</source>
-        <translation>Jene Szene durch diese ersetzen? Um beide zu behalten, brechen Sie ab und speichern diese unter anderem Namen.</translation>
+        <translation>Jene Szene durch diese ersetzen? Um beide zu behalten, brechen Sie ab und speichern Sie diese unter anderem Namen.</translation>
     </message>
     <message>
         <source>&amp;Replace</source>
@@ -1900,7 +1900,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     </message>
     <message>
         <source>Shows one channel of the picture as grey, or all of them</source>
-        <translation>Zeigt einen Kanal des Bildes als Grau oder alle</translation>
+        <translation>Zeigt einen einzelnen Kanal des Bildes in Grau, oder alle</translation>
     </message>
     <message>
         <source>Ra&amp;w Channels in the Status Bar</source>
@@ -2048,7 +2048,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     </message>
     <message>
         <source>Gives up the page</source>
-        <translation>Gibt die Seite auf</translation>
+        <translation>Bricht das Schreiben der Seite ab</translation>
     </message>
     <message>
         <source>S&amp;hare...</source>
@@ -2249,7 +2249,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     </message>
     <message>
         <source>Lets the selected objects sink in instead of rising</source>
-        <translation>Lässt die ausgewählten Objekte einsinken, statt sich zu erheben</translation>
+        <translation>Lässt die ausgewählten Objekte einsinken statt aufragen</translation>
     </message>
     <message>
         <source>Cut Out</source>
@@ -2407,7 +2407,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     </message>
     <message>
         <source>Raise %1</source>
-        <translation>%1 erheben</translation>
+        <translation>%1 anheben</translation>
     </message>
     <message>
         <source>Cut out %1</source>
@@ -3283,7 +3283,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
     </message>
     <message>
         <source> fps</source>
-        <translation> B/s</translation>
+        <translation> fps</translation>
     </message>
     <message>
         <source>Loop &amp;From This Frame</source>
