@@ -34,7 +34,7 @@ void addObjects(Group& group, const std::string& prefix, const Lazy<Scene>& one,
     group.cases.push_back({prefix + "one-object", render(one, 1)});
     group.cases.push_back({prefix + "five-objects", render(five, 1)});
     group.cases.push_back({prefix + "five-objects-two-threads", render(five, 2)});
-    group.figures.push_back({prefix + "five-objects : one-object", prefix + "five-objects", prefix + "one-object", 1.25,
+    group.figures.push_back({prefix + "five-objects : one-object", prefix + "five-objects", prefix + "one-object", 1.15,
                              false, "five objects : one of the same area"});
     // No goal: only the composition of the module runs in parallel. A whole frame, with its drawings, has a goal
     // (CommandGroups.cpp).
