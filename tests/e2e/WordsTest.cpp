@@ -461,6 +461,8 @@ protected:
         if (pipe < 0)
             return -1;
         ::kill(static_cast<pid_t>(process.processId()), signal);
+        while (process.state() == QProcess::Running && catches(process.processId(), signal))
+            process.waitForFinished(1);
         QFile drawing(path(QString::fromLatin1(drawingName)));
         EXPECT_TRUE(drawing.open(QIODevice::ReadOnly));
         const QByteArray bytes = drawing.readAll();
@@ -473,6 +475,18 @@ protected:
     }
 
 private:
+    // Whether a process would still handle the signal by itself. It gives that up when it was told to stop, which may
+    // be a while after the signal was sent.
+    static bool catches(qint64 process, int signal)
+    {
+        QFile status(QStringLiteral("/proc/%1/status").arg(process));
+        if (!status.open(QIODevice::ReadOnly))
+            return false;
+        const QByteArray text = status.readAll();
+        const qsizetype mask = text.indexOf("SigCgt:\t") + 8;
+        return (text.mid(mask, 16).toULongLong(nullptr, 16) >> (signal - 1) & 1U) != 0;
+    }
+
     // Opening for writing works as soon as the program has opened the pipe for reading.
     int openPipe(QProcess& process, const char* pipeName) const
     {
