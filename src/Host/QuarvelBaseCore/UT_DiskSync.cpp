@@ -15,6 +15,11 @@
 #ifdef Q_OS_LINUX
 #include <sys/vfs.h>
 #endif
+#ifdef Q_OS_WIN
+#include <QDir>
+#include <QFileInfo>
+#include <qt_windows.h>
+#endif
 
 #ifdef Q_OS_UNIX
 
@@ -46,10 +51,28 @@ bool UT_syncDescriptor(int)
     return true;
 }
 
+#ifdef Q_OS_WIN
+// Folders cannot be forced there.
+bool UT_syncPath(const QString& path)
+{
+    if (QFileInfo(path).isDir())
+        return true;
+    const QString native = QDir::toNativeSeparators(path);
+    const HANDLE handle =
+        CreateFileW(reinterpret_cast<const wchar_t*>(native.utf16()), GENERIC_WRITE,
+                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (handle == INVALID_HANDLE_VALUE)
+        return false;
+    const bool synced = FlushFileBuffers(handle) != 0;
+    CloseHandle(handle);
+    return synced;
+}
+#else
 bool UT_syncPath(const QString&)
 {
     return true;
 }
+#endif
 
 #endif
 
