@@ -16,6 +16,7 @@
 #include <QFormLayout>
 #include <QFrame>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPainter>
 #include <QPushButton>
 #include <QScopedValueRollback>
@@ -117,7 +118,7 @@ void LightPanel::chooseColour(const QString& title, const QColor& before, const 
     _lights.endChange();
 }
 
-void LightPanel::fillPresets(QToolButton& button)
+void LightPanel::fillPresets(QMenu& menu)
 {
     const QMap<QString, QString> labels{{QStringLiteral("standard"), tr("Standard")},
                                         {QStringLiteral("key-and-rim"), tr("Key and Rim")},
@@ -125,11 +126,9 @@ void LightPanel::fillPresets(QToolButton& button)
                                         {QStringLiteral("torch"), tr("Torch")}};
     for (const LightPreset& preset : lightPresets()) {
         const QString label = labels.value(preset.keyword, preset.label);
-        auto* const action = new QAction(label, &button);
+        QAction* const action = menu.addAction(
+            label, this, [this, label, rig = preset.rig] { _lights.use(tr("Lights: %1").arg(label), rig); });
         action->setObjectName(QStringLiteral("lightPreset-") + preset.keyword);
-        connect(action, &QAction::triggered, this,
-                [this, label, rig = preset.rig] { _lights.use(tr("Lights: %1").arg(label), rig); });
-        button.addAction(action);
     }
 }
 

@@ -17,6 +17,7 @@ class QComboBox;
 class QFormLayout;
 class QHBoxLayout;
 class QLineEdit;
+class QMenu;
 class QPushButton;
 class QToolButton;
 
@@ -43,7 +44,7 @@ private:
                                  const QString& toolTip, double MO_LightingValues::*member);
     void addLightRows(QFormLayout& form);
     void addCommonRows(QFormLayout& form);
-    void fillPresets(QToolButton& button);
+    void fillPresets(QMenu& menu);
     StudioLight currentLight() const;
     void changeCurrent(const std::function<void(StudioLight&)>& change);
     void chooseLightColour();

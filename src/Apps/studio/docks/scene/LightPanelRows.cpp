@@ -10,6 +10,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QToolButton>
 
@@ -57,11 +58,13 @@ QWidget* LightPanel::listRow()
     _duplicate = addButton(layout, "duplicateLight", tr("Duplicate"), tr("Adds a light like this one, keys included"));
     _remove = addButton(layout, "removeLight", tr("Remove"), tr("Takes this light away"));
     layout.addStretch();
-    QToolButton* const presets =
-        addButton(layout, "lightPresets", tr("&Presets"), tr("Replaces these lights by a ready-made set"));
-    presets->setPopupMode(QToolButton::InstantPopup);
-    presets->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    fillPresets(*presets);
+    auto* const presets = new QPushButton(tr("&Presets"));
+    presets->setObjectName(QStringLiteral("lightPresets"));
+    presets->setToolTip(tr("Replaces these lights by a ready-made set"));
+    auto* const menu = new QMenu(presets);
+    fillPresets(*menu);
+    presets->setMenu(menu);
+    layout.addWidget(presets);
     connect(_which, &QComboBox::activated, &_lights, &LightModel::setCurrent);
     connect(_add, &QToolButton::clicked, this, [this] {
         _lights.add({.place = {0.6, 0.4}, .height = 0.6, .colour = QColor(0xff, 0xd9, 0xa0), .intensity = 0.6});
