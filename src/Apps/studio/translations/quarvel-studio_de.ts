@@ -364,7 +364,7 @@
     </message>
     <message>
         <source>Frames</source>
-        <translation>Bilder</translation>
+        <translation>Einzelbilder</translation>
     </message>
     <message>
         <source>Show nothing of the element from the current frame on</source>
