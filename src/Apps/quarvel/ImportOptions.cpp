@@ -15,7 +15,9 @@ using Row = OptionRow<ImportOptions>;
 // Beside the first file, under its name without the frame number.
 QString defaultOutput(const QStringList& files)
 {
-    const QFileInfo first(files.first());
+    QStringList sorted = files;
+    sortNaturally(sorted);
+    const QFileInfo first(sorted.first());
     return QDir::cleanPath(first.dir().filePath(sequenceName(files) + QStringLiteral(".scene")));
 }
 
@@ -73,8 +75,8 @@ go into a node "Normal-Map".
   SVG drawings   one drawing a frame. Layers of the same name are one element through all frames; drawings that are
                  equal are kept once; colours that are equal are one colour
   bitmaps        sprites with alpha, a layer each, named after the file; files that differ in the frame number alone are one
-                 layer. Files without a number are shown all the time. The first file is the lowest layer, the last one
-                 the topmost
+                 layer. Files without a number are shown all the time. Layers lie in the order of their names, from the
+                 lowest up
   layered files  OpenRaster (.ora), PSD, Krita (.kra) and Aseprite (.aseprite, .ase), as SVG drawings: each visible layer is
                  an element, named with its groups. Blend modes are not kept, which is said once
   a film         one file of several frames: GIF, WebP, animated PNG or Aseprite. It keeps its frame rate
@@ -86,7 +88,7 @@ A single drawing or animation may come through standard input: write - for it.
 The frame number is the last run of digits in a file's name: walk_0012.svg is frame 12. A single file, and files without any
 number, count from 1. Where numbers are left out, the drawing before holds.
 
-  -o, --output NAME       the scene, a folder. Default: the name of the first file, without the number, and .scene
+  -o, --output NAME       the scene, a folder. Default: the name of the first file, by name, without the number, and .scene
       --objects auto      what the drawing suggests (default): the layers that it declares; in a single drawing without
                           layers its parts, found by how shapes, colours and lines lie on each other; in several
                           drawings without layers the whole drawing is one object

@@ -128,9 +128,10 @@ UT_Result<std::vector<NumberedFile>> numberFrames(QStringList paths)
     return numbered;
 }
 
-QString sequenceName(const QStringList& paths)
+QString sequenceName(QStringList paths)
 {
     if (paths.size() == 1)
         return QFileInfo(paths.first()).completeBaseName();
+    sortNaturally(paths);
     return paths.isEmpty() ? QString() : DIO_nameWithoutNumber(paths.first());
 }

@@ -34,4 +34,4 @@ UT_Result<std::vector<NumberedFile>> numberFrames(QStringList paths);
 
 /// The name of a sequence: that of its first file without folder, number and suffix. The digits of a single file are a
 /// part of its name and are kept.
-QString sequenceName(const QStringList& paths);
+QString sequenceName(QStringList paths);

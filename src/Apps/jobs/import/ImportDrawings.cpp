@@ -27,7 +27,6 @@ struct Kind
     QString name;
     QStringList suffixes;
     bool isOneFile; // several of them never make one scene
-    bool isInOrder; // the files lie on each other as they are named; of other kinds only their names count
     Read read;
 };
 
@@ -36,14 +35,10 @@ const std::vector<Kind>& kinds()
 {
     static const std::vector<Kind> table = [] {
         std::vector<Kind> rows = {
-            {QStringLiteral("animation"),
-             {QStringLiteral("json"), QStringLiteral("lottie")},
-             true,
-             false,
-             readAnimation},
+            {QStringLiteral("animation"), {QStringLiteral("json"), QStringLiteral("lottie")}, true, readAnimation},
         };
         for (const DIO_DrawingKind& drawings : DIO_drawingKinds())
-            rows.push_back({drawings.name, drawings.suffixes, false, drawings.isBitmap,
+            rows.push_back({drawings.name, drawings.suffixes, false,
                             drawings.isBitmap ? readBitmapSequence : readLayeredSequence});
         return rows;
     }();
@@ -78,13 +73,6 @@ UT_Result<const Kind*> kindOfAll(const QStringList& files)
     return first;
 }
 
-QStringList inOrder(QStringList files)
-{
-    if (const UT_Result<const Kind*> kind = kindOf(files.first()); !kind || !(*kind)->isInOrder)
-        sortNaturally(files);
-    return files;
-}
-
 // The elements say where they came from, so that the files can be read again.
 void noteOrigin(const MO_Scene& scene, const QStringList& files, const QString& digest, ObjectChoice objects)
 {
@@ -117,35 +105,36 @@ UT_Result<DrawingSequence> readSequence(const QStringList& files, const ImportSe
 {
     if (files.isEmpty())
         return UT_Error{QStringLiteral("there is no file to import")};
-    const QStringList ordered = inOrder(files);
-    const UT_Result<const Kind*> kind = kindOfAll(ordered);
+    // The first in natural order speaks for all, whatever the order they came in.
+    QStringList sorted = files;
+    sortNaturally(sorted);
+    const UT_Result<const Kind*> kind = kindOfAll(sorted);
     if (!kind)
         return kind.error();
-    if (ordered.size() > 1 || (*kind)->isOneFile)
-        return (*kind)->read(ordered, settings);
-    UT_Result<std::optional<DIO_Animation>> frames = DIO_readFrames(ordered.first());
+    if (sorted.size() > 1 || (*kind)->isOneFile)
+        return (*kind)->read(sorted, settings);
+    UT_Result<std::optional<DIO_Animation>> frames = DIO_readFrames(sorted.first());
     if (!frames)
         return frames.error();
-    return *frames ? sequenceOf(std::move(**frames), ordered.first(), settings) : (*kind)->read(ordered, settings);
+    return *frames ? sequenceOf(std::move(**frames), sorted.first(), settings) : (*kind)->read(sorted, settings);
 }
 
 UT_Result<ImportedScene> importDrawings(const QStringList& files, const ImportSettings& settings)
 {
-    if (files.isEmpty())
-        return readSequence(files, settings).error();
-    const QStringList ordered = inOrder(files);
+    QStringList sorted = files;
+    sortNaturally(sorted);
     // Before the files are read: if one is written to meanwhile, it counts as changed later.
-    const QString digest = drawingDigest(ordered);
-    UT_Result<DrawingSequence> sequence = readSequence(ordered, settings);
+    const QString digest = drawingDigest(sorted);
+    UT_Result<DrawingSequence> sequence = readSequence(files, settings);
     if (!sequence)
         return sequence.error();
-    const UT_Result<ObjectWishes> folder = readFolderWishes(ordered.first());
+    const UT_Result<ObjectWishes> folder = readFolderWishes(sorted.first());
     if (!folder)
         return folder.error();
     UT_Result<std::unique_ptr<MO_Scene>> scene =
         buildSequenceScene(*sequence, settings.form, {settings.wishes, *folder}, sequence->warnings);
     if (!scene)
         return scene.error();
-    noteOrigin(**scene, ordered, digest, settings.form.objects);
+    noteOrigin(**scene, sorted, digest, settings.form.objects);
     return ImportedScene{std::move(*scene), sequence->warnings};
 }

@@ -3,16 +3,13 @@
 // Import: drawings, sequences of them, and animations become scenes.
 //
 //   SVG drawings    one drawing a frame; layers of the same name are one element through all frames
-//   bitmaps         one layer a file, named after it; files that differ in the frame number alone are one layer; the
-//   layer
-//                   of the first file is the lowest
+//   bitmaps         one layer a file, named after it; files that differ in the frame number alone are one layer
 //   one drawing     of either kind: its objects are chosen from the drawing
 //   layered files   OpenRaster, PSD, Krita, Aseprite: as SVG drawings
 //   an animation    in the Lottie format: its top-level layers become elements
 //   moving pictures one file of several frames, GIF, WebP, animated PNG or Aseprite: in the file's own frame rate
 //
-// The frame number is the last run of digits in a file's name. The result does not depend on the order
-// of files of other kinds than bitmaps.
+// The frame number is the last run of digits in a file's name. The result does not depend on the order of the files.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"

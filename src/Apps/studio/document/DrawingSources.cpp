@@ -6,7 +6,6 @@
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "jobs/drawing/ObjectWords.h"
 #include "jobs/import/DrawingDigest.h"
-#include "jobs/import/FrameNumbers.h"
 #include "jobs/import/ImportDrawings.h"
 #include "jobs/import/SceneElements.h"
 #include "jobs/import/UpdateDrawings.h"
@@ -160,15 +159,13 @@ void DrawingSources::reloadAll()
         enqueue({files, files});
 }
 
-void DrawingSources::add(QStringList files)
+void DrawingSources::add(const QStringList& files)
 {
-    sortNaturally(files);
     enqueue({{}, originPaths(files)});
 }
 
-void DrawingSources::replace(const QStringList& source, QStringList files)
+void DrawingSources::replace(const QStringList& source, const QStringList& files)
 {
-    sortNaturally(files);
     enqueue({source, originPaths(files)});
 }
 

@@ -53,9 +53,9 @@ public:
     /// Reads all sources again, changed or not.
     void reloadAll();
     /// Adds the drawings of other files to the scene.
-    void add(QStringList files);
+    void add(const QStringList& files);
     /// Takes the drawings of other files in place of those of a source.
-    void replace(const QStringList& source, QStringList files);
+    void replace(const QStringList& source, const QStringList& files);
 
 Q_SIGNALS:
     /// The scene follows its files now.

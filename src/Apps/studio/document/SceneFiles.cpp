@@ -4,7 +4,6 @@
 #include "studio/document/SceneFiles.h"
 
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
-#include "jobs/import/FrameNumbers.h"
 #include "jobs/import/ImportDrawings.h"
 #include "studio/document/StudioDocument.h"
 
@@ -123,10 +122,7 @@ SceneFiles::Outcome SceneFiles::load(const OpenRequest& request, const std::func
         }
         ImportSettings settings;
         settings.goOn = goOn;
-        // Those that are dropped together come in no order of a person's.
-        QStringList drawings = request.drawings;
-        sortNaturally(drawings);
-        auto imported = importDrawings(drawings, settings);
+        auto imported = importDrawings(request.drawings, settings);
         if (!imported)
             return {request, nullptr, {}, imported.error().sentence()};
         return {request, std::move(imported->scene), imported->warnings, {}};

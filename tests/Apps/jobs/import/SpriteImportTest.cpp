@@ -46,10 +46,10 @@ TEST(SpriteImport, NumbersMakeFramesAndNamesMakeLayers)
     const QStringList paths = {folder.write("b_1.png", sprite(0, 0)), folder.write("b_3.png", sprite(8, 0)),
                                folder.write("a_1.png", sprite(0, 8)), folder.write("a_2.png", sprite(0, 8))};
     const DrawingSequence sequence = sequenceOf(paths);
-    ASSERT_EQ(layerNames(sequence), QStringList({"b", "a"})) << "the file that is named first is the lowest";
+    ASSERT_EQ(layerNames(sequence), QStringList({"a", "b"}));
     EXPECT_EQ(sequence.lastFrame, 3);
-    EXPECT_THAT(sequence.layers[0].exposures, ElementsAre(Pair(1, 1), Pair(2, kNothing), Pair(3, 3)));
-    EXPECT_THAT(sequence.layers[1].exposures, ElementsAre(Pair(1, 1), Pair(3, kNothing)));
+    EXPECT_THAT(sequence.layers[0].exposures, ElementsAre(Pair(1, 1), Pair(3, kNothing)));
+    EXPECT_THAT(sequence.layers[1].exposures, ElementsAre(Pair(1, 1), Pair(2, kNothing), Pair(3, 3)));
 }
 
 TEST(SpriteImport, FilesWithoutNumbersAreShownAllTheTime)
@@ -58,9 +58,9 @@ TEST(SpriteImport, FilesWithoutNumbersAreShownAllTheTime)
     const QStringList paths = {folder.write("body.png", sprite(0, 0)), folder.write("arm_5.png", sprite(8, 0)),
                                folder.write("arm_6.png", sprite(8, 8))};
     const DrawingSequence sequence = sequenceOf(paths);
-    ASSERT_EQ(layerNames(sequence), QStringList({"body", "arm"}));
+    ASSERT_EQ(layerNames(sequence), QStringList({"arm", "body"}));
     EXPECT_EQ(sequence.firstFrame, 5);
-    EXPECT_THAT(sequence.layers[0].exposures, ElementsAre(Pair(5, 5)));
+    EXPECT_THAT(sequence.layers[1].exposures, ElementsAre(Pair(5, 5)));
 }
 
 TEST(SpriteImport, ALayerHasOneColourThroughAllFrames)
