@@ -160,7 +160,7 @@ TEST_F(ChosenObjectsOfAFigure, AreRefusedWhereThereAreMoreThanASceneHolds)
     const Outcome refused = quarvel("normalmap specks.svg -o specks.png --objects shapes");
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_EQ(refused.messages, "quarvel: specks.svg: these are 10001 objects and a scene has room for 10000; "
-                                "--objects auto joins small ones\n");
+                                "join layers in the drawing, or let \"auto\" choose them\n");
 }
 
 } // namespace

@@ -145,10 +145,10 @@ UT_Result<void> check(const LayeredDrawing& drawing, const NormalMapSettings& se
     if (UT_Result<void> checked = checkColours(drawing, settings); !checked)
         return checked;
     if (drawing.layers.size() > MO_Node::kMaxPorts)
-        return UT_Error{
-            QStringLiteral("these are %1 objects and a scene has room for %2; --objects auto joins small ones")
-                .arg(drawing.layers.size())
-                .arg(MO_Node::kMaxPorts)};
+        return UT_Error{QStringLiteral("these are %1 objects and a scene has room for %2; join layers in the drawing, "
+                                       "or let \"auto\" choose them")
+                            .arg(drawing.layers.size())
+                            .arg(MO_Node::kMaxPorts)};
     return {};
 }
 
