@@ -90,6 +90,17 @@ TEST(ObjectChoice, ALongSeamOfTwoColoursJoinsThem)
               1U);
 }
 
+TEST(ObjectChoice, BandsThatFillARectangleAreOneObjectWhicheverIsPaintedLast)
+{
+    const QByteArray top = rect(10, 20, 80, 20, "#d90012");
+    const QByteArray middle = rect(10, 40, 80, 20, "#0033a0");
+    const QByteArray bottom = rect(10, 60, 80, 20, "#f2a800");
+    for (const QByteArray& flag : {top + middle + bottom, top + bottom + middle, bottom + top + middle})
+        EXPECT_EQ(countOf(flag), 1U) << flag.constData();
+    EXPECT_EQ(countOf(top + bottom + middle + line("M10 60h80") + line("M10 20h80v60h-80z")), 2U) << "ink on a seam";
+    EXPECT_EQ(countOf(top + rect(30, 60, 40, 20, "#f2a800") + middle), 2U) << "no rectangle together";
+}
+
 TEST(ObjectChoice, ADarkShapeThatHoldsOthersIsAnOpening)
 {
     EXPECT_THAT(

@@ -4,6 +4,8 @@
 // unchanged drawing after they have been joined in one layer.
 #include "form/choice/FewParts.h"
 
+#include "form/choice/JoinedParts.h"
+
 #include <algorithm>
 
 namespace {
@@ -77,38 +79,6 @@ bool areFew(const FoundParts& found)
     return found.order.size() <= kMostParts && picturesFilled(found, all) <= kMostPictures;
 }
 
-void wear(Part& part, const WornShape& worn)
-{
-    const auto same = std::ranges::find(part.worn, worn.shape, &WornShape::shape);
-    if (same == part.worn.end()) {
-        part.worn.push_back(worn);
-        return;
-    }
-    same->whole = same->whole || worn.whole;
-    same->reach = std::max(same->reach, worn.reach);
-}
-
-void join(Part& part, const Part& next)
-{
-    part.body.insert(part.body.end(), next.body.begin(), next.body.end());
-    for (const WornShape& worn : next.worn)
-        wear(part, worn);
-    part.region.unite(next.region);
-    part.border = std::max(part.border, next.border);
-    part.ink = part.ink && next.ink;
-    part.translucent = part.translucent || next.translucent;
-    part.reason = QStringLiteral("small parts together");
-}
-
-void showParts(PartMap& map, const std::vector<int>& renamed)
-{
-    const QRect bounds = map.bounds();
-    for (int y = 0; y < bounds.height(); ++y)
-        for (int x = 0; x < bounds.width(); ++x)
-            if (const int part = map.partAt(x, y); part != PartMap::kNone)
-                map.setCell(x, y, map.shapeAt(x, y), renamed[placeOf(part)]);
-}
-
 } // namespace
 
 FoundParts fewerParts(FoundParts found)
@@ -116,22 +86,12 @@ FoundParts fewerParts(FoundParts found)
     if (areFew(found))
         return found;
     const std::vector<bool> stays = largestParts(found);
-    std::vector<int> renamed(found.parts.size(), PartMap::kNone);
-    std::vector<Part> parts;
-    bool joining = false;
+    std::vector<int> home(found.parts.size());
+    int before = PartMap::kNone;
     for (const int index : found.order) {
-        Part& part = found.parts[placeOf(index)];
-        if (joining && !stays[placeOf(index)])
-            join(parts.back(), part);
-        else
-            parts.push_back(std::move(part));
-        joining = !stays[placeOf(index)];
-        renamed[placeOf(index)] = static_cast<int>(parts.size()) - 1;
+        const bool joins = before != PartMap::kNone && !stays[placeOf(index)];
+        home[placeOf(index)] = joins ? before : index;
+        before = stays[placeOf(index)] ? PartMap::kNone : home[placeOf(index)];
     }
-    found.parts = std::move(parts);
-    found.order.resize(found.parts.size());
-    for (std::size_t i = 0; i < found.order.size(); ++i)
-        found.order[i] = static_cast<int>(i);
-    showParts(found.map, renamed);
-    return found;
+    return joinedParts(std::move(found), home, QStringLiteral("small parts together"));
 }

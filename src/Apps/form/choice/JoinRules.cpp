@@ -11,7 +11,6 @@ constexpr double kNotched =
 constexpr double kLongSeam = 0.32; // of the shorter outline
 constexpr double kLine = 6.0;      // elongation
 constexpr double kHalfCovered = 0.3;
-constexpr double kAbutting = 0.12; // of the smaller area; a larger overlap is not abutting
 
 bool isAbutting(const ShapeFacts& shape, const ShapeFacts& piece, const Meeting& meeting)
 {
@@ -44,4 +43,19 @@ QString joins(const ShapeFacts& shape, const ShapeFacts& piece, const Meeting& m
         return {};
     return isSameHue(shape.colour, piece.colour) ? QStringLiteral("a shade beside it")
                                                  : QStringLiteral("a colour beside it");
+}
+
+QString joinsPart(const ShapeFacts& shape, const Part& part, const std::vector<ShapeFacts>& facts,
+                  const Meeting& meeting)
+{
+    if (part.role != ObjectRole::BODY)
+        return {};
+    for (const int index : part.body) {
+        const ShapeFacts& piece = facts[static_cast<std::size_t>(index)];
+        const QRect near = piece.mask.box().adjusted(-2, -2, 2, 2);
+        QString reason = near.intersects(shape.mask.box()) ? joins(shape, piece, meeting) : QString();
+        if (!reason.isEmpty())
+            return reason;
+    }
+    return {};
 }

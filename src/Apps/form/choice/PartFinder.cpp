@@ -4,6 +4,7 @@
 // (JoinRules)?
 #include "form/choice/PartFinder.h"
 
+#include "form/choice/Bands.h"
 #include "form/choice/Ink.h"
 #include "form/choice/InnerFacts.h"
 #include "form/choice/JoinRules.h"
@@ -123,27 +124,13 @@ private:
     Verdict judgeBeside(const Surroundings& around) const
     {
         for (const auto& [index, meeting] : around.parts)
-            if (const QString reason = reasonToJoin(index, meeting);
+            if (const QString reason = joinsPart(facts(), _stack.part(index), _facts, meeting);
                 !reason.isEmpty() && _stack.mayExtend(index, around))
                 return {Verdict::Kind::MERGED, reason, ObjectRole::BODY, index};
         const Meeting most = around.with(around.base);
         if (most.overlap > 3 * most.contact)
             return verdictOf(Verdict::Kind::OBJECT, "a part over a part");
         return verdictOf(Verdict::Kind::OBJECT, around.parts.empty() ? "a part by itself" : "a part beside a part");
-    }
-
-    QString reasonToJoin(int index, const Meeting& meeting) const
-    {
-        const Part& part = _stack.part(index);
-        if (part.role != ObjectRole::BODY)
-            return {};
-        for (const int piece : part.body) {
-            const QRect near = facts(piece).mask.box().adjusted(-2, -2, 2, 2);
-            QString reason = near.intersects(facts().mask.box()) ? joins(facts(), facts(piece), meeting) : QString();
-            if (!reason.isEmpty())
-                return reason;
-        }
-        return {};
     }
 
     void carryOut(const Verdict& verdict, const Surroundings& around)
@@ -179,7 +166,7 @@ private:
 
 FoundParts findParts(const std::vector<ShapeFacts>& facts, const Grid& grid)
 {
-    FoundParts found = PartFinder(facts, grid).find();
+    FoundParts found = joinedBands(PartFinder(facts, grid).find(), facts);
     findWheels(found, facts);
     return found;
 }
