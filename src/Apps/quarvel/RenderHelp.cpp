@@ -23,7 +23,7 @@ Files
       --numbers FILE    also writes the numbers of the objects
       --gloss C=G       with --gloss-file FILE also writes masks of gloss: colour C, such as '#9aa' or all, has the gloss G,
                         from 0 (dull, the default) to 1
-      --half            16-bit floats in OpenEXR files instead of 32-bit ones
+      --half            16-bit floats in OpenEXR files instead of 32-bit ones: enough to light by, and much smaller
       --exr map|signed  the normal map as the default layer of OpenEXR files, from 0 to 1 or from -1 to 1, instead of the
                         drawing with the map in layers; --exr numbers adds the layer object.id
       --preview FILE    also makes a film of the lit frames, at most 960 pixels wide: .mp4 or .gif where ffmpeg is
