@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// What was written is on the disk only when the system says so: until then a crash of the machine can take it back, and
-// a network disk may still find out that it is full. A file's bytes and the name that it has in its folder are two
-// questions; who renames a file into place asks both.
+// Forces written files to the disk. Until the system confirms that, a crash of the machine can lose what was written,
+// and a network disk may still report that it is full. A file's bytes and its name are stored separately, the name in
+// the folder: code that renames a file into place forces the file first and its folder afterwards.
 #pragma once
 
 #include "QuarvelBaseCore/QuarvelBaseCoreExport.h"
@@ -17,8 +17,8 @@
 /// @return false when the disk does not have it; errno says why
 QUARVELBASECORE_EXPORT bool UT_syncDescriptor(int descriptor);
 
-/// The same for a file or a folder by its path; a folder's content are the names in it. Always true on systems that
-/// have no such call for paths.
+/// The same for a file or a folder by its path; the content of a folder is the names in it. Always true on systems
+/// that have no such call for paths.
 QUARVELBASECORE_EXPORT bool UT_syncPath(const QString& path);
 
 /// The same for files and folders of one file system. Of many, a single call forces all of the file system, since the

@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Memory for pixels (UT_PixelMemory.h) that comes fresh from the system holds zeros. Whoever wants zeros where nothing
-// else is written need not write them there, and pages that nobody writes take no memory.
+// Which part of a block of memory for pixels (UT_PixelMemory.h) is zero already: memory that comes fresh from the
+// system is. Code that needs zeros there does not write them, which saves time, and memory pages that are never written
+// take up none.
 #pragma once
 
 #include "QuarvelBaseCore/QuarvelBaseCoreExport.h"
