@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// CELVEC_KeptAlpha: what one painting of a drawing leaves for the next. A drawing is often painted in its colours and
-// then in opaque white, to find where it is; then all channels of the second picture are the alpha of the first.
+// CELVEC_KeptAlpha: the alpha of a painted drawing, kept for its next painting. A drawing is often painted twice, in
+// its colours and in opaque white, which tells where it is. Every channel of the white picture equals the alpha of the
+// coloured one, so the second painting is a copy.
 #pragma once
 
 #include "QuarvelBaseCore/Math_Box2di.h"

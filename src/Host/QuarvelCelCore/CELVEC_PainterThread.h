@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Where Qt's painter works best. From most threads it passes every large fill to a pool of its own in parts, and waits
-// for them: thousands of times in a picture. On a thread of that pool it fills by itself.
+// Runs painting on threads of the pool that Qt's painter uses. On any other thread the painter splits each large fill
+// into parts, passes these to its pool and waits for them, thousands of times in a picture. On a thread of the pool it
+// fills directly, which is faster.
 #pragma once
 
 #include "QuarvelCelCore/QuarvelCelCoreExport.h"

@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// CEL_CoveragePlane: the coverage of a picture without its colours. Where only that is needed, painting into it takes a
-// quarter of the memory, and no picture of one drawing after the other:
+// CEL_CoveragePlane: the coverage of a picture without its colours. Code that needs only the coverage of several
+// drawings paints them into one plane, which takes a quarter of the memory of a colour picture, and needs no picture of
+// each drawing:
 //
 //     auto coverage = UT_makeShared<CEL_CoveragePlane>(canvas);
 //     lower.addCoverage(args, CEL_CoverageStep::PAINT_OVER, *coverage);
