@@ -8,9 +8,8 @@
 //     ... change a value that no drawing depends on ...
 //     RD_SoftRenderer::render(module, frame, parameters, {}, &kept); // paints no drawing
 //
-// An input is found again by its place in the walk up the graph, the format and all that says how the drawing becomes
-// pixels. Whether the drawings themselves are the same is for the caller to know, who calls clear() where they may not
-// be.
+// An input is recognised by its place in the walk up the graph, its format, and the arguments of its rasterisation. The
+// drawings themselves are not compared: the caller calls clear() when one of them may have changed.
 //
 // The requested rectangle often changes with the dragged value. A drawing that lies inside the rectangle it was painted
 // for, touching no side of it, has the same pixels in every other rectangle around it.
