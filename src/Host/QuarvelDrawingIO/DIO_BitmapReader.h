@@ -1,10 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Reads bitmaps as drawings: sprites that have no vector source. A bitmap is one layer with one shape, the rectangle of
-// its pixels, which shows them; what they cover is what the drawing covers. A drawing's unit is a pixel.
+// Reads bitmaps as drawings: sprites that have no vector source. The drawing has one layer with one shape, a rectangle
+// that shows the pixels, and covers what they cover. Its unit is a pixel.
 //
-// The layer is named after the file, without the digits of a frame number. The palette has one colour, the
-// average of what is covered.
+// The layer is named after the file, without the digits of a frame number. The palette has one colour, the average of
+// the covered pixels.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
