@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Images that have their pixels. A QImage that gets no memory is null and says nothing; a painter on it paints nothing,
-// and what comes of that is a wrong picture. These functions throw instead, as any other allocation does.
+// Makes images, or throws where there is no memory for them, as any other allocation does. QImage itself reports
+// nothing: it becomes a null image, on which a painter paints nothing, so that the result would be a wrong picture.
 #pragma once
 
 #include <QImage>
