@@ -31,8 +31,8 @@ struct ObjectVolume
 /// @param quality         a value of eNormalQuality
 /// @param smoothness      the exponent of the profile is its inverse
 /// @param clip            whether the blur is clipped where there is no drawing near
-/// @param covered         where inputs cover the object beyond the accumulator's rectangle: an input of zero width or
-/// height has coverage although it is not accumulated
+/// @param covered         a rectangle that holds all coverage of the inputs. It may exceed the accumulator's: an input
+/// of zero width or height is not accumulated although it has coverage
 /// @return none when a pixmap is missing, when their formats are not the same colour format, when the accumulator holds
 /// no pixels, or when the blur would be larger than it can be
 /// @throws std::bad_alloc when there is no memory for it, which ends the render
