@@ -1,12 +1,13 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The drawing is painted twice: in colours for the eye, and without antialiasing with object numbers as pixel values.
-// The second picture tells which pixels show an object, and so where to put its number.
+// The second picture tells which pixels show an object, and so where its number goes.
 #include "jobs/drawing/DescribeObjects.h"
 
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
 #include "QuarvelPersistentObj/PO_XmlText.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
+#include "jobs/drawing/LabelPlaces.h"
 #include "jobs/drawing/ObjectNames.h"
 #include "jobs/text/TextTable.h"
 
@@ -115,40 +116,6 @@ QImage painted(const LayeredDrawing& drawing, const QSize& size, bool smooth, Co
     return image;
 }
 
-// For each object, the visible pixel nearest to the centre of its visible pixels; std::nullopt if it is invisible.
-std::vector<std::optional<QPoint>> middles(const QImage& numbers, std::size_t count)
-{
-    struct Sum
-    {
-        double x = 0.0;
-        double y = 0.0;
-        double pixels = 0.0;
-    };
-    const auto forPixels = [&](auto function) {
-        for (int y = 0; y < numbers.height(); ++y)
-            for (int x = 0; x < numbers.width(); ++x)
-                if (const QRgb pixel = numbers.pixel(x, y); qAlpha(pixel) == 255 && (pixel & RGB_MASK) < count)
-                    function(static_cast<std::size_t>(pixel & RGB_MASK), x, y);
-    };
-    std::vector<Sum> sums(count);
-    forPixels([&](std::size_t object, int x, int y) {
-        sums[object].x += x;
-        sums[object].y += y;
-        sums[object].pixels += 1.0;
-    });
-    std::vector<std::optional<QPoint>> middles(count);
-    std::vector<double> nearest(count, 0.0);
-    forPixels([&](std::size_t object, int x, int y) {
-        const Sum& sum = sums[object];
-        const double distance = std::hypot(x - sum.x / sum.pixels, y - sum.y / sum.pixels);
-        if (middles[object] && distance >= nearest[object])
-            return;
-        middles[object] = QPoint(x, y);
-        nearest[object] = distance;
-    });
-    return middles;
-}
-
 void paintNumber(QPainter& painter, const QPoint& place, const QString& number)
 {
     QPainterPath text;
@@ -226,7 +193,7 @@ QImage paintObjects(const LayeredDrawing& drawing, int width)
     font.setPixelSize(std::max(10, width / 45));
     font.setBold(true);
     painter.setFont(font);
-    const auto places = middles(numbers, drawing.layers.size());
+    const auto places = labelPlaces(numbers, drawing.layers.size());
     for (std::size_t i = 0; i < places.size(); ++i)
         if (places[i])
             paintNumber(painter, *places[i], QString::number(i + 1));
