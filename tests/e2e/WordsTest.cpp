@@ -194,6 +194,28 @@ TEST_F(Words, AFormatThatKeepsLessIsNamed)
     EXPECT_EQ(said, "");
 }
 
+TEST_F(Words, AnAtlasIsNotTakenForAnAnimation)
+{
+    write(QStringLiteral("atlas.json"), R"({"frames": {"a": {"frame": {"x": 0, "y": 0, "w": 8, "h": 8}}},
+        "meta": {"image": "missing.png"}})");
+    for (const char* command : {"normalmap", "inspect"}) {
+        EXPECT_EQ(quarvel(QStringList{QLatin1String(command), QStringLiteral("atlas.json")}), 1);
+        EXPECT_EQ(said, "quarvel: atlas.json: this is an atlas; run quarvel normalmap --atlas atlas.json\n");
+    }
+}
+
+TEST_F(Words, AFileInPlaceOfACommandIsAnsweredWithItsCommand)
+{
+    write(QStringLiteral("a.json"), "{}");
+    ASSERT_EQ(quarvel("import hero.svg -o s.scene"), 0) << said;
+    EXPECT_EQ(quarvel("hero.svg"), 2);
+    EXPECT_EQ(said, "quarvel: there is no command \"hero.svg\"; did you mean quarvel normalmap hero.svg?\n");
+    EXPECT_EQ(quarvel("a.json"), 2);
+    EXPECT_THAT(said, HasSubstr("did you mean quarvel import a.json?"));
+    EXPECT_EQ(quarvel("s.scene"), 2);
+    EXPECT_THAT(said, HasSubstr("did you mean quarvel render s.scene -o n.####.png?"));
+}
+
 TEST_F(Words, AFileOfAnotherKindIsAnsweredWithTheNextStep)
 {
     write(QStringLiteral("a.json"), "{}");

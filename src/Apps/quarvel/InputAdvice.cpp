@@ -7,6 +7,7 @@
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
 #include "jobs/import/ImportDrawings.h"
+#include "jobs/sheets/ReadAtlas.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -30,7 +31,7 @@ QString filesToName(const QDir& folder)
 UT_Error folderAdvice(const QString& path)
 {
     if (SIO_holdsScene(path))
-        return errorOf(path, QStringLiteral("this is a scene; run quarvel render %1 -o n.####.png").arg(path));
+        return errorOf(path, QStringLiteral("this is a scene; run ") + commandFor(path));
     const QDir folder(path);
     return errorOf(path, QStringLiteral("this is a folder; write %1").arg(folder.filePath(filesToName(folder))));
 }
@@ -50,6 +51,19 @@ UT_Result<void> kindAdvice(const QString& path)
 
 } // namespace
 
+QString commandFor(const QString& path)
+{
+    if (SIO_holdsScene(path))
+        return QStringLiteral("quarvel render %1 -o n.####.png").arg(path);
+    if (DIO_drawingKindOf(path))
+        return QStringLiteral("quarvel normalmap %1").arg(path);
+    if (holdsAtlas(path))
+        return QStringLiteral("quarvel normalmap --atlas %1").arg(path);
+    if (importableSuffixes().contains(UT_fileSuffix(path)))
+        return QStringLiteral("quarvel import %1").arg(path);
+    return {};
+}
+
 UT_Error withAdvice(UT_Error error, const QString& more)
 {
     error.text += more;
@@ -64,8 +78,10 @@ UT_Result<void> checkIsDrawing(const QString& path)
         return {};
     if (!QFileInfo::exists(path))
         return errorOf(path, QStringLiteral("there is no such file"));
+    if (holdsAtlas(path))
+        return errorOf(path, QStringLiteral("this is an atlas; run ") + commandFor(path));
     if (importableSuffixes().contains(UT_fileSuffix(path)))
-        return errorOf(path, QStringLiteral("this is an animation; run quarvel import %1").arg(path));
+        return errorOf(path, QStringLiteral("this is an animation; run ") + commandFor(path));
     return kindAdvice(path);
 }
 

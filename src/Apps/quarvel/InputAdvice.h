@@ -8,6 +8,9 @@
 
 #include <QString>
 
+/// The command that makes something of a drawing, an atlas, an animation or a scene; empty for any other name.
+QString commandFor(const QString& path);
+
 /// The same error with the option that helps, such as " with --frames".
 UT_Error withAdvice(UT_Error error, const QString& more);
 

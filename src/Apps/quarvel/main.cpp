@@ -4,6 +4,7 @@
 #include "Completion.h"
 #include "ExitCodes.h"
 #include "ImportCommand.h"
+#include "InputAdvice.h"
 #include "InspectCommand.h"
 #include "ManualPage.h"
 #include "NameEncoding.h"
@@ -75,10 +76,11 @@ int noSuchCommand(const QString& name)
     QStringList names;
     for (const Command& command : kCommands)
         names << QLatin1String(command.name);
-    const QString nearest = nearestWord(name, names);
+    const QString forFile = commandFor(name);
+    const QString meant = forFile.isEmpty() ? nearestWord(name, names) : forFile;
     say(QStringLiteral("there is no command \"%1\"; %2")
-            .arg(name, nearest.isEmpty() ? QStringLiteral("there is ") + names.join(QStringLiteral(", "))
-                                         : QStringLiteral("did you mean %1?").arg(nearest)));
+            .arg(name, meant.isEmpty() ? QStringLiteral("there is ") + names.join(QStringLiteral(", "))
+                                       : QStringLiteral("did you mean %1?").arg(meant)));
     return kWrongUsage;
 }
 

@@ -92,9 +92,8 @@ UT_Result<QString> pageFile(const QString& path, const QString& name)
     return QDir::cleanPath(found);
 }
 
-} // namespace
-
-UT_Result<std::vector<Sheet>> readAtlas(const QString& path)
+// The sheets with the pages' names as the file has them.
+UT_Result<std::vector<Sheet>> parseFile(const QString& path)
 {
     const UT_Result<const Kind*> kind = kindOf(path);
     if (!kind)
@@ -105,6 +104,16 @@ UT_Result<std::vector<Sheet>> readAtlas(const QString& path)
     UT_Result<std::vector<Sheet>> sheets = (*kind)->parse(*bytes);
     if (!sheets)
         return sheets.error().at(path);
+    return sheets;
+}
+
+} // namespace
+
+UT_Result<std::vector<Sheet>> readAtlas(const QString& path)
+{
+    UT_Result<std::vector<Sheet>> sheets = parseFile(path);
+    if (!sheets)
+        return sheets;
     for (Sheet& sheet : *sheets) {
         const UT_Result<QString> page = pageFile(path, sheet.page);
         if (!page)
@@ -112,6 +121,11 @@ UT_Result<std::vector<Sheet>> readAtlas(const QString& path)
         sheet.page = *page;
     }
     return sheets;
+}
+
+bool holdsAtlas(const QString& path)
+{
+    return static_cast<bool>(parseFile(path));
 }
 
 namespace {

@@ -17,6 +17,9 @@
 /// (checkRegions)
 UT_Result<std::vector<Sheet>> readAtlas(const QString& path);
 
+/// Whether a file holds an atlas, wherever its pages are: an animation and an atlas may both end in .json.
+bool holdsAtlas(const QString& path);
+
 /// Makes an atlas for the normal maps of an atlas's pages: the same text with other names of pages.
 ///
 /// @param mapNames the maps' file names, one for each page as readAtlas() gives them
