@@ -44,6 +44,14 @@ TEST_F(Program, KeepsStandardOutputForItsResultsAndKeepsQuietWhenAsked)
     EXPECT_EQ(quiet.output + quiet.messages, "");
 }
 
+TEST_F(Program, NamesEveryFileThatItWrote)
+{
+    write("hero.svg", kTwoLayers);
+    EXPECT_THAT(quarvel("normalmap hero.svg --lit lit.png --gloss all=0.5 --html hero.html").output,
+                StartsWith("hero.svg -> hero_n.png, lit.png, hero.html, hero_gloss.png\n"));
+    EXPECT_THAT(quarvel("normalmap hero.svg --html hero.html --json").output, HasSubstr("\"page\": \"hero.html\""));
+}
+
 TEST_F(Program, EveryTangentVectorHasUnitLengthAndFacesTheViewerWhereNothingIs)
 {
     write("hero.svg", kTwoLayers);

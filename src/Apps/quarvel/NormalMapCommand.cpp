@@ -55,12 +55,21 @@ QJsonObject fieldsOf(const QString& drawing, const OutputFiles& files)
     QJsonObject fields{{QStringLiteral("drawing"), drawing}};
     const std::pair<const char*, const QString&> written[] = {
         {"normalMap", files.normalMap},    {"elevation", files.elevation}, {"lit", files.lit},
-        {"drawingPicture", files.drawing}, {"height", files.height},       {"occlusion", files.occlusion},
-        {"numbers", files.numbers},        {"gloss", files.gloss},         {"canvas", files.canvas}};
+        {"drawingPicture", files.drawing}, {"page", files.page},           {"height", files.height},
+        {"occlusion", files.occlusion},    {"numbers", files.numbers},     {"gloss", files.gloss},
+        {"canvas", files.canvas}};
     for (const auto& [key, file] : written)
         if (!file.isEmpty())
             fields.insert(QLatin1String(key), file);
     return fields;
+}
+
+// What was made of a drawing, for people: the map, then what lies beside it.
+QString resultLine(const QString& drawing, const OutputFiles& files, const QString& note)
+{
+    QStringList written = files.all();
+    written.removeAll(QString());
+    return QStringLiteral("%1 -> %2%3\n").arg(drawing, written.join(QStringLiteral(", ")), note);
 }
 
 // What a format loses. Said once for all drawings.
@@ -160,7 +169,7 @@ private:
         if (_options.resume)
             fields.insert(QStringLiteral("kept"), end.isKept);
         const QString note = end.isKept ? QStringLiteral(" (complete already)") : QString();
-        _report.result(fields, QStringLiteral("%1 -> %2%3\n").arg(drawing, _files[i].normalMap, note));
+        _report.result(fields, resultLine(drawing, _files[i], note));
         // Among many drawings the results would be lost between such lines.
         if (_files.size() == 1 && !end.chosen.isEmpty())
             _report.remark(end.chosen + QLatin1Char('\n'));
