@@ -52,6 +52,20 @@ TEST_F(Program, NamesEveryFileThatItWrote)
     EXPECT_THAT(quarvel("normalmap hero.svg --html hero.html --json").output, HasSubstr("\"page\": \"hero.html\""));
 }
 
+// Icons say how large they are in a line of text.
+TEST_F(Program, SaysWhatMakesASmallMapLarger)
+{
+    write("hero.svg", kTwoLayers);
+    write("large.svg", R"(<svg xmlns="http://www.w3.org/2000/svg" width="256" height="64">
+        <rect x="16" y="16" width="32" height="32" fill="#ff0000"/></svg>)");
+    EXPECT_THAT(quarvel("normalmap hero.svg large.svg -o maps").output,
+                HasSubstr("maps of less than 256 pixels a side, because their drawings say so: 1; --size 1024"));
+    const auto saysNothing = Not(HasSubstr("--size"));
+    EXPECT_THAT(quarvel("normalmap large.svg").output, saysNothing);
+    EXPECT_THAT(quarvel("normalmap hero.svg --size 64").output, saysNothing);
+    EXPECT_THAT(quarvel("normalmap hero_n.png -o sprite_n.png").output, saysNothing) << "a sprite has its pixels";
+}
+
 TEST_F(Program, EveryTangentVectorHasUnitLengthAndFacesTheViewerWhereNothingIs)
 {
     write("hero.svg", kTwoLayers);

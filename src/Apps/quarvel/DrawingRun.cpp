@@ -6,6 +6,8 @@
 #include "GlossOption.h"
 #include "InputAdvice.h"
 #include "KeptMaps.h"
+#include "QuarvelDrawingIO/DIO_DrawingReader.h"
+#include "QuarvelDrawingIO/DIO_LayeredReader.h"
 #include "QuarvelImageIO/IIO_AtomicFile.h"
 #include "RenderedDrawing.h"
 #include "SheetRun.h"
@@ -14,11 +16,21 @@
 #include "jobs/drawing/ReadDrawing.h"
 #include "jobs/targets/CanvasTexture.h"
 
+#include <algorithm>
+
 namespace {
 
 // How much of a drawing's time its steps take, roughly.
 constexpr double kReadEnds = 0.05;
 constexpr double kRenderEnds = 0.75;
+
+// Whether a larger map of a drawing would show more of it.
+bool isVector(const QString& path)
+{
+    const DIO_DrawingKind* const kind = DIO_drawingKindOf(path);
+    const auto isLayered = [&](const DIO_LayeredKind& layered) { return layered.name == kind->name; };
+    return kind && !kind->isBitmap && std::ranges::none_of(DIO_layeredKinds(), isLayered);
+}
 
 class DrawingRun
 {
@@ -45,6 +57,7 @@ public:
     const QString& chosen() const { return _chosen; }
     const QStringList& warnings() const { return _warnings; }
     bool isKept() const { return _isKept; }
+    int ownSide() const { return _ownSide; }
 
 private:
     UT_Result<void> makeMaps(const OutputFiles& files, const std::vector<SheetRegion>& regions)
@@ -98,6 +111,8 @@ private:
         const auto rendered = render(drawing, _options.settings, files);
         if (!rendered)
             return rendered.error();
+        if (isVector(_drawing) && !_options.settings.size)
+            _ownSide = std::max(rendered->frame.window.width(), rendered->frame.window.height());
         return writePictures(*rendered, _options, files, origin(), part(kRenderEnds, 1.0));
     }
 
@@ -149,6 +164,7 @@ private:
     const QString& _drawing;
     QByteArray _digest;
     bool _isKept = false;
+    int _ownSide = 0;
     QString _chosen;
     QStringList _warnings;
 };
@@ -161,5 +177,5 @@ DrawingEnd runDrawing(const NormalMapOptions& options, const DrawingTask& task, 
     DrawingRun run(options, task, progress);
     const auto done = UT_withinMemory(QStringLiteral("this drawing"), QStringLiteral("choose a smaller size"),
                                       [&] { return run.run(files, regions); });
-    return {done, run.chosen(), run.warnings(), run.isKept()};
+    return {done, run.chosen(), run.warnings(), run.isKept(), run.ownSide()};
 }

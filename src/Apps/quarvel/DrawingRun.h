@@ -29,6 +29,7 @@ struct DrawingEnd
                           ///< screen, or how many sprites there are
     QStringList warnings; ///< of the drawing
     bool isKept = false;  ///< the maps were complete before
+    int ownSide = 0;      ///< the longer side of the map in pixels, if a vector drawing decided it; else 0
 };
 
 /// Makes the maps of a drawing and shows how far they are. Several may be made at once, on a thread each.

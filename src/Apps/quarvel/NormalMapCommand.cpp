@@ -72,6 +72,18 @@ QString resultLine(const QString& drawing, const OutputFiles& files, const QStri
     return QStringLiteral("%1 -> %2%3\n").arg(drawing, written.join(QStringLiteral(", ")), note);
 }
 
+// Icons name sizes for a line of text; whoever lights a drawing rarely means those.
+constexpr int kSmallSide = 256;
+
+// How small maps become larger.
+QString sizeLine(int small)
+{
+    return QStringLiteral("maps of less than %1 pixels a side, because their drawings say so: %2; --size 1024 makes "
+                          "them larger")
+        .arg(kSmallSide)
+        .arg(small);
+}
+
 // What a format loses. Said once for all drawings.
 void warnOfLosses(const std::vector<OutputFiles>& files, Report& report)
 {
@@ -108,6 +120,8 @@ public:
         _progress.clear();
         if (const QString fits = formLine(_options, _files); _written > 0 && !fits.isEmpty())
             _report.remark(fits + QLatin1Char('\n'));
+        if (_small > 0)
+            _report.remark(sizeLine(_small) + QLatin1Char('\n'));
         if (stops() && (_files.size() > 1 || StopSignal::came()))
             _report.error(QStringLiteral("stopped; %1 of %2 drawings are done; --resume goes on from here")
                               .arg(_written)
@@ -174,6 +188,8 @@ private:
         if (_files.size() == 1 && !end.chosen.isEmpty())
             _report.remark(end.chosen + QLatin1Char('\n'));
         ++_written;
+        if (end.ownSide > 0 && end.ownSide < kSmallSide)
+            ++_small;
         return true;
     }
 
@@ -188,6 +204,7 @@ private:
     std::shared_mutex _alone; // held alone by a drawing that is tried again
     int _exitCode = 0;
     int _written = 0;
+    int _small = 0; // of these, those whose drawings say a small size
 };
 
 int runPages(const NormalMapOptions& options, const std::vector<Sheet>& pages, Report& report)
