@@ -47,7 +47,7 @@ QString formLine(const NormalMapOptions& options, const std::vector<OutputFiles>
     const QString& file = files.front().normalMap;
     if (options.nodeLayout || !options.settings.generateNormals || IIO_isFloatFile(file))
         return {};
-    return fitsLine(mapFormFor(options, file));
+    return fitsLine(mapFormFor(options, file), options.form.target);
 }
 
 QJsonObject fieldsOf(const QString& drawing, const OutputFiles& files)

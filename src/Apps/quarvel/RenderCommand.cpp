@@ -146,7 +146,7 @@ int renderAll(const RenderPlan& plan, const RenderOptions& options, Report& repo
     }
     int exitCode = renderFiles(plan, plan.settings, options, options.output, report);
     if (exitCode == 0 && !options.output.isEmpty() && isIntegerMap(plan.settings.picture))
-        report.remark(fitsLine(plan.settings.picture.form) + QLatin1Char('\n'));
+        report.remark(fitsLine(plan.settings.picture.form, options.form.target) + QLatin1Char('\n'));
     if (!StopSignal::came())
         exitCode = std::max(exitCode, renderFiles(plan, plan.lit, options, options.lit, report));
     if (!StopSignal::came())

@@ -83,8 +83,10 @@ QString wordsOf(const NM_MapForm& form)
     return words.join(QStringLiteral(", "));
 }
 
-QString fitsLine(const NM_MapForm& form)
+QString fitsLine(const NM_MapForm& form, const Target* named)
 {
+    if (named && lights(*named, form))
+        return QStringLiteral("%1: right for %2").arg(wordsOf(form), named->titleText());
     QStringList right;
     QStringList others;
     for (const Target& target : kTargets) {

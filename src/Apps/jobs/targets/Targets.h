@@ -57,5 +57,8 @@ bool lights(const Target& target, const NM_MapForm& form);
 /// A map's form in words, for people: "y up, opaque, 16 bits, 4 pixels of padding".
 QString wordsOf(const NM_MapForm& form);
 
-/// One line for people: for which programs a PNG map of this form is correct, and for which it is not.
-QString fitsLine(const NM_MapForm& form);
+/// One line for people: for which programs a PNG map of this form is correct, and for which it is not. Where one was
+/// named and the map is correct for it, the line names no other.
+///
+/// @param named null: none
+QString fitsLine(const NM_MapForm& form, const Target* named = nullptr);

@@ -73,6 +73,14 @@ TEST(Targets, WhatIsWrittenForMostSaysWhomItFits)
                 HasSubstr("--for gamemaker|godot3|melonjs|phaser|pixi"));
 }
 
+TEST(Targets, WhatIsWrittenForANamedProgramNamesNoOther)
+{
+    const Target& godot3 = named("godot3");
+    EXPECT_EQ(fitsLine(godot3.form, &godot3), "y down, opaque, 8 bits, 8 pixels of padding: right for Godot 3");
+    EXPECT_THAT(fitsLine(kFormForMost, &godot3).toStdString(), HasSubstr("--for godot3|unreal for others"))
+        << "options that were said beside --for make it wrong there";
+}
+
 TEST(Targets, StandInTheDocumentsAsInTheTable)
 {
     for (const Target& target : targets()) {
