@@ -10,6 +10,7 @@
 
 using testing::AllOf;
 using testing::HasSubstr;
+using testing::Not;
 
 namespace {
 
@@ -111,6 +112,7 @@ TEST_F(SheetProgram, EveryCellIsTheSpriteRenderedAlone)
     const Outcome outcome = quarvel("normalmap page.png --cells 24x16 --margin 1 --spacing 2 --lit lit.png");
     EXPECT_EQ(outcome.exitCode, 0) << outcome.messages;
     EXPECT_THAT(outcome.output, HasSubstr("sprites: 3"));
+    EXPECT_EQ(outcome.messages, "");
     ASSERT_EQ(quarvel("normalmap alone.png --lit alone_lit.png").exitCode, 0);
     for (const auto& [ofPage, ofSprite] : {std::pair{"page_n.png", "alone_n.png"}, {"lit.png", "alone_lit.png"}}) {
         const IIO_Picture map = read(ofPage);
@@ -123,6 +125,29 @@ TEST_F(SheetProgram, EveryCellIsTheSpriteRenderedAlone)
                     ASSERT_EQ(pixelAt(map, 1 + 26 * i + x, 1 + y), pixelAt(alone, x, y)) << i << ": " << x << ", " << y;
     }
     EXPECT_EQ(pixelAt(read("page_n.png"), 0, 0), (Pixel{32768, 32768, 65535, 65535})) << "between the cells it is flat";
+}
+
+TEST_F(SheetProgram, WarnsOfCellsThatMissAPartOfThePage)
+{
+    QImage page(48, 16, QImage::Format_ARGB32);
+    page.fill(0);
+    QPainter painter(&page);
+    painter.drawImage(0, 0, sprite());
+    painter.drawImage(24, 0, sprite());
+    painter.end();
+    save("page.png", page);
+    // The first cell ends within the second sprite, and the second cell would leave the page.
+    const Outcome missed = quarvel("normalmap page.png --cells 32x16");
+    EXPECT_EQ(missed.exitCode, 0);
+    EXPECT_THAT(missed.messages, HasSubstr("page.png: warning: something on the page lies in none of the 1 cells"));
+    // Where the whole page is painted, what lies between cells may be its backdrop.
+    QImage opaque(48, 16, QImage::Format_ARGB32);
+    opaque.fill(Qt::white);
+    QPainter over(&opaque);
+    over.drawImage(0, 0, page);
+    over.end();
+    save("opaque.png", opaque);
+    EXPECT_THAT(quarvel("normalmap opaque.png --cells 32x16").messages, Not(HasSubstr("cells")));
 }
 
 TEST_F(SheetProgram, TurnsVectorsWithSpritesThatAnAtlasTurned)

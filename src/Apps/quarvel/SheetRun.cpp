@@ -228,6 +228,11 @@ UT_Result<SheetResult> runSheet(const PictureOrigin& page, const std::vector<She
         return all.error();
     if (UT_Result<void> checked = checkRegions(*all, image->size()); !checked)
         return checked.error();
+    if (options.cells && showsBetween(*image, *all))
+        result.warnings << QStringLiteral(
+                               "something on the page lies in none of the %1 cells; compare --cells, --margin "
+                               "and --spacing with the page")
+                               .arg(all->size());
     std::vector<Sprite> sprites = spritesOf(*image, *all, options);
     if (sprites.empty())
         return UT_Error{QStringLiteral("none of its %1 sprites shows anything").arg(all->size())};

@@ -6,9 +6,20 @@
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
 #include "QuarvelImageIO/IIO_Samples.h"
 
+#include <QPainter>
+
 #include <algorithm>
 
 namespace {
+
+bool isOpaque(const QImage& image)
+{
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (image.pixelColor(x, y).alpha() < 255)
+                return false;
+    return true;
+}
 
 template<typename Pixel>
 void copySprite(const QImage& page, const SheetRegion& region, QImage& sprite)
@@ -97,6 +108,19 @@ bool isTransparent(const QImage& image)
             if (image.pixelColor(x, y).rgba64().alpha() > 0)
                 return false;
     return true;
+}
+
+bool showsBetween(const QImage& page, const std::vector<SheetRegion>& regions)
+{
+    if (isOpaque(page))
+        return false;
+    QImage rest = GR_withPixels(page.copy());
+    QPainter painter(&rest);
+    painter.setCompositionMode(QPainter::CompositionMode_Clear);
+    for (const SheetRegion& region : regions)
+        painter.fillRect(region.place, Qt::transparent);
+    painter.end();
+    return !isTransparent(rest);
 }
 
 UT_Result<IIO_Picture> emptyPage(const IIO_Picture& like, const QSize& size, std::span<const std::uint16_t> pixel)

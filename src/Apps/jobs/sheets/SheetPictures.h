@@ -22,6 +22,12 @@ QImage continuedSprite(const QImage& sprite);
 /// Whether all pixels of an image are transparent.
 bool isTransparent(const QImage& image);
 
+/// Whether a page shows something that lies in no region, as it does where cells have the wrong size. An opaque page
+/// shows its backdrop everywhere and does not count.
+///
+/// @param page in the format ARGB32 or RGBA64
+bool showsBetween(const QImage& page, const std::vector<SheetRegion>& regions);
+
 /// Makes a page with the type, the channels and the metadata of a picture and equal pixels.
 ///
 /// @param pixel the samples of each pixel, as many as the picture has channels; 0 .. 65535 stands for 0.0 .. 1.0
