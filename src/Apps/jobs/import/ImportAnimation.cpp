@@ -64,5 +64,10 @@ DrawingSequence sequenceOf(DIO_Animation animation, const QString& file, const I
     sequence.frameRate = animation.frameRate;
     for (const QString& warning : animation.warnings)
         sequence.warnings.append(file + QStringLiteral(": ") + warning);
+    const ObjectChoice objects = settings.form.objects;
+    if (objects == ObjectChoice::GROUPS || objects == ObjectChoice::SHAPES)
+        sequence.warnings.append(
+            file +
+            QStringLiteral(": its layers are its objects; groups and shapes are chosen in single drawings alone"));
     return sequence;
 }

@@ -60,5 +60,9 @@ UT_Result<DrawingSequence> readLayeredSequence(const QStringList& files, const I
     sequence.firstFrame = numbered->front().frame;
     sequence.lastFrame = numbered->back().frame;
     sequence.warnings += warnings.lines();
+    if (numbered->size() > 1 && objects == ObjectChoice::SHAPES)
+        sequence.warnings.append(
+            QStringLiteral("the objects are the layers that the drawings have in common; shapes are "
+                           "chosen in single drawings alone"));
     return sequence;
 }

@@ -230,6 +230,15 @@ TEST(LottieImport, OneObjectHoldsAllLayers)
     EXPECT_EQ(sequence.layers[0].drawings.at(1)->shapes(GR_Art::COLOUR).size(), 2U);
 }
 
+TEST(LottieImport, SaysThatGroupsAndShapesAreNotChosen)
+{
+    const QByteArray json = document(layer("Box", kRedSquare));
+    for (const ObjectChoice objects : {ObjectChoice::GROUPS, ObjectChoice::SHAPES})
+        EXPECT_THAT(warningsOf(imported(json, objects)), HasSubstr("bounce.json: its layers are its objects"));
+    for (const ObjectChoice objects : {ObjectChoice::LAYERS, ObjectChoice::ONE})
+        EXPECT_EQ(warningsOf(imported(json, objects)), "");
+}
+
 TEST(LottieImport, OneAnimationAtATime)
 {
     const Folder folder;

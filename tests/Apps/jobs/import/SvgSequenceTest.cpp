@@ -171,6 +171,18 @@ TEST(SvgSequence, ObjectsAreWhatIsAskedFor)
     EXPECT_EQ(sequenceOf({path}, {.form = {.objects = ObjectChoice::GROUPS}, .lottie = {}}).layers.size(), 2U);
 }
 
+TEST(SvgSequence, SaysThatShapesAreNotChosenInSeveralDrawings)
+{
+    const Folder folder;
+    const QStringList paths = {folder.write("ball_1.svg", svg("<circle r='5'/>")),
+                               folder.write("ball_2.svg", svg("<circle r='6'/>"))};
+    const ImportSettings shapes{.form = {.objects = ObjectChoice::SHAPES}, .lottie = {}};
+    const QStringList several = sequenceOf(paths, shapes).warnings;
+    ASSERT_EQ(several.size(), 1);
+    EXPECT_THAT(several.first().toStdString(), testing::HasSubstr("shapes are chosen in single drawings alone"));
+    EXPECT_EQ(sequenceOf({paths.first()}, shapes).warnings, QStringList());
+}
+
 TEST(SvgSequence, ASingleDrawingIsImportedInTheObjectsThatItSuggests)
 {
     const Folder folder;
