@@ -204,6 +204,13 @@ TEST_F(Words, AnAtlasIsNotTakenForAnAnimation)
     }
 }
 
+TEST_F(Words, APipeIsNotOpenedToSeeWhatItHolds)
+{
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path(QStringLiteral("pipe.json"))).constData(), 0600), 0);
+    EXPECT_EQ(quarvel("normalmap pipe.json"), 1);
+    EXPECT_EQ(said, "quarvel: pipe.json: this is an animation; run quarvel import pipe.json\n");
+}
+
 TEST_F(Words, AFileInPlaceOfACommandIsAnsweredWithItsCommand)
 {
     write(QStringLiteral("a.json"), "{}");

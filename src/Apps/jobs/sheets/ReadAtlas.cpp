@@ -125,7 +125,8 @@ UT_Result<std::vector<Sheet>> readAtlas(const QString& path)
 
 bool holdsAtlas(const QString& path)
 {
-    return static_cast<bool>(parseFile(path));
+    // A pipe would wait for somebody to write.
+    return QFileInfo(path).isFile() && parseFile(path);
 }
 
 namespace {
