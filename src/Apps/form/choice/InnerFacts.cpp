@@ -25,13 +25,8 @@ double coveredBy(const CellMask& mask, const CellMask& region)
 {
     if (!mask.box().intersects(region.box()))
         return 0.0;
-    int covered = 0;
-    int area = 0;
-    mask.forEach([&](int x, int y) {
-        ++area;
-        covered += region.at(x, y) ? 1 : 0;
-    });
-    return area > 0 ? static_cast<double>(covered) / area : 0.0;
+    const int area = mask.area();
+    return area > 0 ? static_cast<double>(mask.overlap(region)) / area : 0.0;
 }
 
 bool isConcentric(const ShapeFacts& shape, const CellMask& region, double share)

@@ -3,8 +3,6 @@
 // A part's outline is that of its body; worn ink within its reach outside the outline belongs to the part as well.
 #include "form/choice/PartStack.h"
 
-#include "form/raster/CellDistances.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -17,6 +15,12 @@ constexpr double kWhole = 0.995;    // of a shape's area: if this much lies insi
 // How far a clipped mark continues outside the outline, in cells, so that the antialiased pixels of the outline show
 // it.
 constexpr double kOverlap = 0.5;
+
+// QRect::contains() is a call into Qt's library.
+bool contains(const QRect& box, int x, int y)
+{
+    return x >= box.left() && x <= box.right() && y >= box.top() && y <= box.bottom();
+}
 
 } // namespace
 
@@ -67,17 +71,16 @@ bool PartStack::mayExtend(int index, const Surroundings& around) const
     return std::ranges::none_of(around.parts, isHiddenBy);
 }
 
-const PartStack::Distances& PartStack::distancesTo(int index)
+const DistanceToCovered& PartStack::distancesTo(int index)
 {
     Distances& distances = _distances[index];
     const Part& measured = part(index);
     if (distances.pieces != measured.body.size()) {
         const int margin = _map.bounds().width() / 8;
-        distances.box = measured.region.box().adjusted(-margin, -margin, margin, margin) & _map.bounds();
-        distances.squares = squaredDistances(measured.region, distances.box, true);
-        distances.pieces = measured.body.size();
+        const QRect box = measured.region.box().adjusted(-margin, -margin, margin, margin) & _map.bounds();
+        distances = {DistanceToCovered(measured.region, box), measured.body.size()};
     }
-    return distances;
+    return distances.toRegion;
 }
 
 // Assigns every cell of a shape to a part: the part that the cell shows, or else the nearest within reach.
@@ -86,30 +89,25 @@ std::vector<PartStack::Claim> PartStack::claimCells(int shape, double reach)
     const CellMask& mask = facts(shape).mask;
     std::vector<Claim> claims;
     mask.forEach([&](int x, int y) { claims.push_back({x, y, _map.partAt(x, y)}); });
-    if (reach == 0.0)
+    const auto isClaimed = [](const Claim& claim) { return claim.part != PartMap::kNone; };
+    if (reach == 0.0 || std::ranges::all_of(claims, isClaimed))
         return claims;
     const int margin = static_cast<int>(std::ceil(reach));
     const QRect around = mask.box().adjusted(-margin, -margin, margin, margin);
-    std::vector<const Distances*> near;
-    std::vector<int> parts;
+    std::vector<std::pair<int, const DistanceToCovered*>> near;
     for (const int index : _order)
-        if (part(index).region.box().intersects(around) && !part(index).isBackdrop) {
-            near.push_back(&distancesTo(index));
-            parts.push_back(index);
-        }
+        if (part(index).region.box().intersects(around) && !part(index).isBackdrop)
+            near.emplace_back(index, &distancesTo(index));
     for (Claim& claim : claims) {
-        if (claim.part != PartMap::kNone)
+        if (isClaimed(claim))
             continue;
-        double nearest = reach * reach;
-        for (std::size_t i = 0; i < near.size(); ++i) {
-            const QRect& box = near[i]->box;
-            if (!box.contains(claim.x, claim.y))
+        int nearest = static_cast<int>(reach * reach);
+        for (const auto& [index, distances] : near) {
+            if (!contains(distances->box(), claim.x, claim.y))
                 continue;
-            const auto cell = static_cast<std::size_t>(claim.y - box.top()) * static_cast<std::size_t>(box.width()) +
-                              static_cast<std::size_t>(claim.x - box.left());
-            if (near[i]->squares[cell] <= nearest) {
-                nearest = near[i]->squares[cell];
-                claim.part = parts[i];
+            if (const int square = distances->squared(claim.x, claim.y, nearest); square <= nearest) {
+                nearest = square;
+                claim.part = index;
             }
         }
     }

@@ -11,6 +11,7 @@
 
 #include "form/choice/Part.h"
 #include "form/choice/PartMap.h"
+#include "form/raster/CellDistances.h"
 
 #include <map>
 #include <vector>
@@ -51,19 +52,18 @@ private:
         int y;
         int part;
     };
-    // Squared distances to a part's region, in a box around it.
+    // The distances to a part's region in a box around it.
     struct Distances
     {
-        QRect box;
-        std::vector<double> squares;
-        std::size_t pieces = 0; // pieces of the body when it was measured
+        DistanceToCovered toRegion;
+        std::size_t pieces = 0; // pieces of the body when they were found
     };
 
     const ShapeFacts& facts(int shape) const { return _facts[static_cast<std::size_t>(shape)]; }
     Part& changing(int index) { return _parts[static_cast<std::size_t>(index)]; }
     int insert(int shape, const Verdict& verdict, std::size_t place);
     std::vector<Claim> claimCells(int shape, double reach);
-    const Distances& distancesTo(int index);
+    const DistanceToCovered& distancesTo(int index);
     bool wouldShowTwice(int shape, const std::map<int, int>& cells, int unclaimed) const;
     void standAlone(int shape, const Surroundings& around, Verdict verdict);
     void layBeneath(int shape, const Verdict& verdict, const std::map<int, int>& cells,

@@ -1,95 +1,161 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Squared distances are integers, so they are exact in double precision in any order of the steps.
+// A cell is covered or not, so along columns counting down the rows and up again does what the envelope does. Along
+// rows, no uncovered cell beyond the ends of a run of covered cells is nearer than those ends.
 #include "form/raster/CellDistances.h"
 
 #include <algorithm>
 #include <limits>
+#include <span>
 
 namespace {
 
-constexpr double kFar = 1e12;
-constexpr int kNoCell = 1 << 19; // steps: more than any grid has rows
+constexpr int kNoCell = 1 << 14; // steps: more than any grid has rows
+constexpr int kFar = std::numeric_limits<int>::max();
 
-// The lower envelope of the parabolas (x - i)^2 + heights[i], evaluated at every x, in place.
+// The number of steps along its column from every cell of a box, row by row, to the nearest cell that is covered, or
+// uncovered; kNoCell and above where the column has none.
+std::vector<int> stepsAlongColumns(const CellMask& mask, const QRect& box, bool toCovered)
+{
+    if (box.isEmpty())
+        return {};
+    const auto width = static_cast<std::size_t>(box.width());
+    std::vector<int> steps(width * static_cast<std::size_t>(box.height()));
+    const QRect inside = mask.box() & box;
+    std::vector<int> before(width, kNoCell);
+    for (int y = box.top(); y <= box.bottom(); ++y) {
+        const std::span row = std::span(steps).subspan(static_cast<std::size_t>(y - box.top()) * width, width);
+        for (std::size_t x = 0; x < width; ++x)
+            row[x] = toCovered ? before[x] + 1 : 0;
+        if (y >= inside.top() && y <= inside.bottom()) {
+            const auto first = static_cast<std::size_t>(inside.left() - box.left());
+            const std::span covered = mask.row(y).subspan(static_cast<std::size_t>(inside.left() - mask.box().left()));
+            for (std::size_t i = 0; i < static_cast<std::size_t>(inside.width()); ++i)
+                row[first + i] = (covered[i] != 0) == toCovered ? 0 : before[first + i] + 1;
+        }
+        std::ranges::copy(row, before.begin());
+    }
+    for (std::size_t end = steps.size() - width; end > 0; end -= width) {
+        const std::span row = std::span(steps).subspan(end - width, width);
+        const std::span below = std::span(steps).subspan(end, width);
+        for (std::size_t x = 0; x < width; ++x)
+            row[x] = std::min(row[x], below[x] + 1);
+    }
+    return steps;
+}
+
+// The lower envelope of the parabolas (x - i)^2 + steps[i]^2, evaluated at every x.
 class Envelope
 {
 public:
-    explicit Envelope(std::size_t longest) : _places(longest), _starts(longest + 1), _heights(longest) {}
-
-    void replace(std::vector<double>& line, std::size_t count)
+    explicit Envelope(std::size_t longest)
+        : _places(longest), _heights(longest), _starts(longest + 1), _reciprocals(longest + 1)
     {
-        std::copy_n(line.begin(), count, _heights.begin());
-        std::size_t last = 0;
-        _places[0] = 0;
-        _starts[0] = -std::numeric_limits<double>::infinity();
-        for (std::size_t i = 1; i < count; ++i) {
-            double start = meeting(i, _places[last]);
-            while (start <= _starts[last])
-                start = meeting(i, _places[--last]);
-            _places[++last] = i;
-            _starts[last] = start;
+        for (std::size_t i = 1; i <= longest; ++i)
+            _reciprocals[i] = 0.5 / static_cast<double>(i);
+    }
+
+    /// Replaces the steps along columns by squared distances.
+    void replace(std::span<int> line)
+    {
+        find(line);
+        if (_count == 0) {
+            std::ranges::fill(line, kFar);
+            return;
         }
         std::size_t at = 0;
-        for (std::size_t x = 0; x < count; ++x) {
-            while (at < last && _starts[at + 1] < static_cast<double>(x))
+        for (std::size_t x = 0; x < line.size(); ++x) {
+            while (at + 1 < _count && _starts[at + 1] < static_cast<double>(x))
                 ++at;
-            const double distance = static_cast<double>(x) - static_cast<double>(_places[at]);
-            line[x] = distance * distance + _heights[_places[at]];
+            const int distance = static_cast<int>(x) - _places[at];
+            line[x] = distance * distance + _heights[at];
         }
     }
 
 private:
-    double meeting(std::size_t i, std::size_t j) const
+    void find(std::span<const int> line)
     {
-        const auto a = static_cast<double>(i);
-        const auto b = static_cast<double>(j);
-        return ((_heights[i] + a * a) - (_heights[j] + b * b)) / (2.0 * (a - b));
+        _count = 0;
+        for (std::size_t i = 0; i < line.size(); ++i) {
+            if (line[i] >= kNoCell)
+                continue;
+            const int place = static_cast<int>(i);
+            const int height = line[i] * line[i];
+            double start = -std::numeric_limits<double>::infinity();
+            while (_count > 0 && (start = meeting(place, height)) <= _starts[_count - 1])
+                --_count;
+            _places[_count] = place;
+            _heights[_count] = height;
+            _starts[_count] = _count == 0 ? -std::numeric_limits<double>::infinity() : start;
+            ++_count;
+        }
     }
 
-    std::vector<std::size_t> _places;
+    // Where a parabola meets the last one. The product may be off by its rounding, which matters nowhere: at a whole
+    // number both parabolas are equally high there, or the place lies farther from it than the error.
+    double meeting(int place, int height) const
+    {
+        const int last = _places[_count - 1];
+        const int difference = (height + place * place) - (_heights[_count - 1] + last * last);
+        return difference * _reciprocals[static_cast<std::size_t>(place - last)];
+    }
+
+    std::vector<int> _places;
+    std::vector<int> _heights;
     std::vector<double> _starts;
-    std::vector<double> _heights;
+    std::vector<double> _reciprocals;
+    std::size_t _count = 0;
 };
 
-// The squared distances along every column. A cell is covered or not, so counting down the rows and up again does what
-// the envelope does.
-void measureColumns(const CellMask& mask, const QRect& box, bool toCovered, std::vector<double>& squares)
+// Calls a function with every run of steps above zero, and the zeros beside it.
+template<typename Function>
+void forEachRun(std::span<int> row, Function function)
 {
-    const auto width = static_cast<std::size_t>(box.width());
-    const auto height = static_cast<std::size_t>(box.height());
-    std::vector<int> steps(width, kNoCell);
-    const auto square = [](int count) { return count >= kNoCell ? kFar : static_cast<double>(count) * count; };
-    for (std::size_t y = 0; y < height; ++y)
-        for (std::size_t x = 0; x < width; ++x) {
-            const bool covered = mask.at(box.left() + static_cast<int>(x), box.top() + static_cast<int>(y));
-            steps[x] = covered == toCovered ? 0 : std::min(steps[x] + 1, kNoCell);
-            squares[y * width + x] = square(steps[x]);
+    std::size_t x = 0;
+    while (x < row.size()) {
+        if (row[x] == 0) {
+            ++x;
+            continue;
         }
-    std::ranges::fill(steps, kNoCell);
-    for (std::size_t y = height; y-- > 0;)
-        for (std::size_t x = 0; x < width; ++x) {
-            double& above = squares[y * width + x];
-            steps[x] = above == 0.0 ? 0 : std::min(steps[x] + 1, kNoCell);
-            above = std::min(above, square(steps[x]));
-        }
+        const std::size_t first = x == 0 ? 0 : x - 1;
+        while (x < row.size() && row[x] != 0)
+            ++x;
+        function(row.subspan(first, std::min(x + 1, row.size()) - first));
+    }
 }
 
 } // namespace
 
-std::vector<double> squaredDistances(const CellMask& mask, const QRect& box, bool toCovered)
+std::vector<int> squaredDistancesInside(const CellMask& mask, const QRect& box)
 {
+    std::vector<int> squares = stepsAlongColumns(mask, box, false);
     const auto width = static_cast<std::size_t>(box.width());
-    const auto height = static_cast<std::size_t>(box.height());
-    std::vector<double> squares(width * height);
-    measureColumns(mask, box, toCovered, squares);
-    std::vector<double> line(width);
     Envelope envelope(width);
-    for (std::size_t y = 0; y < height; ++y) {
-        const auto row = squares.begin() + static_cast<std::ptrdiff_t>(y * width);
-        std::copy_n(row, width, line.begin());
-        envelope.replace(line, width);
-        std::copy_n(line.begin(), width, row);
-    }
+    for (std::size_t start = 0; start < squares.size(); start += width)
+        forEachRun(std::span(squares).subspan(start, width), [&](std::span<int> run) { envelope.replace(run); });
     return squares;
+}
+
+DistanceToCovered::DistanceToCovered(const CellMask& mask, const QRect& box)
+    : _box(box), _steps(stepsAlongColumns(mask, box, true))
+{}
+
+int DistanceToCovered::squared(int x, int y, int most) const
+{
+    const auto width = static_cast<std::size_t>(_box.width());
+    const std::span row = std::span(_steps).subspan(static_cast<std::size_t>(y - _box.top()) * width, width);
+    const int place = x - _box.left();
+    int nearest = most + 1;
+    const auto look = [&](int at, int across) {
+        if (at < 0 || at >= _box.width())
+            return;
+        if (const int steps = row[static_cast<std::size_t>(at)]; steps < kNoCell)
+            nearest = std::min(nearest, across * across + steps * steps);
+    };
+    look(place, 0);
+    for (int across = 1; across * across < nearest && across < _box.width(); ++across) {
+        look(place - across, across);
+        look(place + across, across);
+    }
+    return nearest;
 }

@@ -10,6 +10,26 @@
 
 #include <vector>
 
-/// The squared distance of every cell of a box, row by row, to the nearest covered (or uncovered) cell inside the box.
-/// If the box holds no such cell, all are larger than any distance.
-std::vector<double> squaredDistances(const CellMask& mask, const QRect& box, bool toCovered);
+/// The squared distance of every cell of a box, row by row, to the nearest uncovered cell inside the box; 0 for an
+/// uncovered cell. If the box holds no uncovered cell, all are larger than any distance.
+std::vector<int> squaredDistancesInside(const CellMask& mask, const QRect& box);
+
+/// The distances from cells of a box to the nearest covered cell of a mask, for callers that ask for few cells.
+class DistanceToCovered
+{
+public:
+    DistanceToCovered() = default;
+    DistanceToCovered(const CellMask& mask, const QRect& box);
+
+    const QRect& box() const { return _box; }
+
+    /// The squared distance of a cell; any number above `most` if it is larger than that.
+    ///
+    /// @param x, y inside the box
+    /// @param most at most a billion
+    int squared(int x, int y, int most) const;
+
+private:
+    QRect _box;
+    std::vector<int> _steps; // along the column of each cell
+};

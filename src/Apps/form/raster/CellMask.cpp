@@ -43,6 +43,17 @@ void paint(QPainter& painter, const DIO_Shape& shape, QPainterPath& copy)
         painter.drawImage(shape.path.boundingRect(), GR_imageInFormat(shape.picture, QImage::Format_Alpha8));
 }
 
+// Whether all pixels of a box are opaque, so that what is painted there changes nothing.
+bool isOpaque(const QImage& image, const QRect& box)
+{
+    for (int y = box.top(); y <= box.bottom(); ++y) {
+        const QRgb* const row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        if (!std::all_of(row + box.left(), row + box.right() + 1, [](QRgb pixel) { return qAlpha(pixel) == 255; }))
+            return false;
+    }
+    return true;
+}
+
 std::span<const QRgb> pixelRow(const QImage& image, int y)
 {
     return {reinterpret_cast<const QRgb*>(image.constScanLine(y)), static_cast<std::size_t>(image.width())};
@@ -58,9 +69,10 @@ CellMask::CellMask(const QRect& box) : _box(box)
 
 CellMask CellMask::of(std::span<const DIO_Shape> shapes, const Grid& grid)
 {
+    std::vector<QRect> boxes;
     QRect box;
     for (const DIO_Shape& shape : shapes)
-        box |= boundsInCells(shape, grid);
+        box |= boxes.emplace_back(boundsInCells(shape, grid));
     CellMask mask(box);
     if (box.isEmpty())
         return mask;
@@ -71,8 +83,10 @@ CellMask CellMask::of(std::span<const DIO_Shape> shapes, const Grid& grid)
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.setTransform(grid.toCells() * QTransform::fromTranslate(-box.left(), -box.top()));
     QPainterPath copy;
-    for (const DIO_Shape& shape : shapes)
-        paint(painter, shape, copy);
+    for (std::size_t i = 0; i < shapes.size(); ++i)
+        // A cell around the box, since edges at its border may be painted into the next one.
+        if (!isOpaque(image, boxes[i].adjusted(-1, -1, 1, 1).translated(-box.topLeft()) & image.rect()))
+            paint(painter, shapes[i], copy);
     painter.end();
 
     int most = 0;
@@ -92,12 +106,35 @@ int CellMask::area() const
     return std::accumulate(_cells.begin(), _cells.end(), 0);
 }
 
+int CellMask::overlap(const CellMask& other) const
+{
+    const QRect common = _box & other._box;
+    int cells = 0;
+    for (int y = common.top(); y <= common.bottom(); ++y) {
+        const std::uint8_t* const own = &_cells[index(common.left(), y)];
+        const std::uint8_t* const others = &other._cells[other.index(common.left(), y)];
+        for (int i = 0; i < common.width(); ++i)
+            cells += own[i] & others[i];
+    }
+    return cells;
+}
+
 void CellMask::unite(const CellMask& other)
 {
     if (!_box.contains(other._box)) {
         CellMask larger(_box | other._box);
-        forEach([&](int x, int y) { larger.set(x, y); });
+        larger.add(*this);
         *this = std::move(larger);
     }
-    other.forEach([&](int x, int y) { set(x, y); });
+    add(other);
+}
+
+void CellMask::add(const CellMask& other)
+{
+    for (int y = other._box.top(); y <= other._box.bottom(); ++y) {
+        std::uint8_t* const own = &_cells[index(other._box.left(), y)];
+        const std::span<const std::uint8_t> others = other.row(y);
+        for (std::size_t i = 0; i < others.size(); ++i)
+            own[i] |= others[i];
+    }
 }

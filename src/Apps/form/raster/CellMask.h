@@ -32,8 +32,17 @@ public:
     bool at(int x, int y) const { return contains(x, y) && _cells[index(x, y)] != 0; }
     /// @param x, y inside the box
     void set(int x, int y, bool covered = true) { _cells[index(x, y)] = covered ? 1 : 0; }
+    /// The cells of a row of the box: 1 for a covered one, 0 for an uncovered one.
+    ///
+    /// @param y inside the box
+    std::span<const std::uint8_t> row(int y) const
+    {
+        return std::span(_cells).subspan(index(_box.left(), y), static_cast<std::size_t>(_box.width()));
+    }
     /// The number of covered cells.
     int area() const;
+    /// The number of cells that another mask covers, too.
+    int overlap(const CellMask& other) const;
     /// Adds what another mask covers.
     void unite(const CellMask& other);
 
@@ -41,10 +50,14 @@ public:
     template<typename Function>
     void forEach(Function function) const
     {
-        for (int y = _box.top(); y <= _box.bottom(); ++y)
-            for (int x = _box.left(); x <= _box.right(); ++x)
-                if (_cells[index(x, y)])
+        for (int y = _box.top(); y <= _box.bottom(); ++y) {
+            int x = _box.left();
+            for (const std::uint8_t cell : row(y)) {
+                if (cell)
                     function(x, y);
+                ++x;
+            }
+        }
     }
 
     /// Calls a function with x and y of every covered cell that has an uncovered one beside it.
@@ -52,12 +65,24 @@ public:
     void forEachAtOutline(Function function) const
     {
         forEach([&](int x, int y) {
-            if (!at(x - 1, y) || !at(x + 1, y) || !at(x, y - 1) || !at(x, y + 1))
+            if (!isSurrounded(x, y))
                 function(x, y);
         });
     }
 
 private:
+    // Whether the four cells beside a cell are covered.
+    bool isSurrounded(int x, int y) const
+    {
+        if (x == _box.left() || x == _box.right() || y == _box.top() || y == _box.bottom())
+            return false;
+        const std::size_t i = index(x, y);
+        const auto width = static_cast<std::size_t>(_box.width());
+        return (_cells[i - 1] & _cells[i + 1] & _cells[i - width] & _cells[i + width]) != 0;
+    }
+    // Adds what a mask covers whose box lies inside the own one.
+    void add(const CellMask& other);
+
     // QRect::contains() is a call into Qt's library, which costs more than the comparison.
     bool contains(int x, int y) const
     {

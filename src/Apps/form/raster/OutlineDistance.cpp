@@ -17,19 +17,16 @@ OutlineDistance measureOutlineDistance(const CellMask& mask, const QRect& grid)
     const CutSides cut = cutSides(mask, grid);
     measured.cut = cut.any();
     const QRect box = mask.box().adjusted(cut.left ? 0 : -1, cut.top ? 0 : -1, cut.right ? 0 : 1, cut.bottom ? 0 : 1);
-    const std::vector<double> squares = squaredDistances(mask, box, false);
     const double longest = std::max(grid.width(), grid.height()) / 2.0;
     double sum = 0.0;
-    std::size_t i = 0;
-    for (int y = box.top(); y <= box.bottom(); ++y)
-        for (int x = box.left(); x <= box.right(); ++x, ++i) {
-            if (!mask.at(x, y))
-                continue;
-            const double distance = std::min(std::sqrt(squares[i]) - 0.5, longest);
-            sum += distance;
-            measured.largest = std::max(measured.largest, distance);
-            ++measured.area;
-        }
+    for (const int square : squaredDistancesInside(mask, box)) {
+        if (square == 0)
+            continue;
+        const double distance = std::min(std::sqrt(static_cast<double>(square)) - 0.5, longest);
+        sum += distance;
+        measured.largest = std::max(measured.largest, distance);
+        ++measured.area;
+    }
     if (measured.area > 0)
         measured.mean = sum / measured.area;
     return measured;

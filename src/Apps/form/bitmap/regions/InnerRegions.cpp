@@ -49,7 +49,7 @@ const InnerRegions::Base& InnerRegions::base(int number)
         known.facts = factsOf(number, std::move(mask));
         const double near = std::max(2.0, kNear * std::max(_grid.width(), _grid.height()));
         const QRect box = known.facts.mask.box().adjusted(-1, -1, 1, 1) & _grid;
-        const std::vector<double> squares = squaredDistances(known.facts.mask, box, false);
+        const std::vector<int> squares = squaredDistancesInside(known.facts.mask, box);
         known.insides = CellMask(box);
         std::size_t i = 0;
         for (int y = box.top(); y <= box.bottom(); ++y)
