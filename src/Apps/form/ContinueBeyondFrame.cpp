@@ -40,21 +40,37 @@ std::vector<Stretch> stretches(int count, IsCovered isCovered)
     return found;
 }
 
+QRectF boundsOf(const DIO_Layer& layer)
+{
+    QRectF bounds;
+    for (const DIO_Shape& shape : layer.shapes)
+        bounds |= shape.clip ? shape.path.boundingRect() & shape.clip->boundingRect() : shape.path.boundingRect();
+    return bounds;
+}
+
+// Whether an area comes near enough to the frame's border to cover cells along it.
+bool reachesBorder(const QRectF& bounds, const Grid& grid)
+{
+    constexpr double kNear = 2.0; // cells
+    const double margin = kNear * std::max(grid.frame.width() / grid.width, grid.frame.height() / grid.height);
+    return !grid.frame.adjusted(margin, margin, -margin, -margin).contains(bounds);
+}
+
 class Continuation
 {
 public:
-    Continuation(const DIO_Layer& layer, const QRectF& frame, const QRectF& page)
-        : _grid(Grid::over(frame, kCells))
+    Continuation(const DIO_Layer& layer, const QRectF& bounds, const Grid& grid, const QRectF& page)
+        : _grid(grid)
         , _mask(CellMask::of(layer.shapes, _grid))
         , _cut(cutSides(_mask, _grid.bounds()))
-        , _far(kBeyond * std::max(frame.width(), frame.height()))
+        , _far(kBeyond * std::max(grid.frame.width(), grid.frame.height()))
+        , _bounds(bounds)
     {
+        const QRectF& frame = grid.frame;
         _cut.left = _cut.left && page.left() == frame.left();
         _cut.right = _cut.right && page.right() == frame.right();
         _cut.top = _cut.top && page.top() == frame.top();
         _cut.bottom = _cut.bottom && page.bottom() == frame.bottom();
-        for (const DIO_Shape& shape : layer.shapes)
-            _bounds |= shape.clip ? shape.path.boundingRect() & shape.clip->boundingRect() : shape.path.boundingRect();
     }
 
     /// The rectangles to add.
@@ -110,13 +126,17 @@ private:
 void continueBeyondFrame(ChosenObjects& chosen, const QRectF& page)
 {
     const QRectF& frame = chosen.drawing.viewBox;
+    if (frame.isEmpty())
+        return;
+    const Grid grid = Grid::over(frame, kCells);
     for (std::size_t i = 0; i < chosen.objects.size(); ++i) {
         const ObjectRole role = chosen.objects[i].role;
         DIO_Layer& layer = chosen.drawing.layers[i];
-        if (role == ObjectRole::SLAB || role == ObjectRole::FLAT || frame.isEmpty())
+        const QRectF bounds = boundsOf(layer);
+        if (role == ObjectRole::SLAB || role == ObjectRole::FLAT || !reachesBorder(bounds, grid))
             continue;
         const int paint = layer.shapes.front().paint;
-        for (const QRectF& rectangle : Continuation(layer, frame, page).rectangles()) {
+        for (const QRectF& rectangle : Continuation(layer, bounds, grid, page).rectangles()) {
             DIO_Shape shape;
             shape.path.addRect(rectangle);
             shape.paint = paint;

@@ -66,14 +66,26 @@ private:
     void countVisible()
     {
         const QRect bounds = _found.map.bounds();
+        int lastPart = PartMap::kNone;
+        int lastShape = PartMap::kNone;
+        int* cells = nullptr;
         for (int y = 0; y < bounds.height(); ++y)
-            for (int x = 0; x < bounds.width(); ++x)
-                if (const int part = _found.map.partAt(x, y); part != PartMap::kNone)
-                    ++_visible[part][_facts[static_cast<std::size_t>(_found.map.shapeAt(x, y))].paint];
+            for (int x = 0; x < bounds.width(); ++x) {
+                const int part = _found.map.partAt(x, y);
+                const int shape = _found.map.shapeAt(x, y);
+                if (part == PartMap::kNone)
+                    continue;
+                // Neighbouring cells mostly show the same shape.
+                if (part != lastPart || shape != lastShape)
+                    cells = &_visible[part][_facts[static_cast<std::size_t>(shape)].paint];
+                lastPart = part;
+                lastShape = shape;
+                ++*cells;
+            }
     }
 
     // The part's body and worn shapes in the order of painting.
-    std::vector<DIO_Shape> shapesOf(const Part& part) const
+    std::vector<DIO_Shape> shapesOf(const Part& part)
     {
         std::multimap<int, DIO_Shape> ordered;
         for (const int body : part.body)
@@ -90,7 +102,7 @@ private:
         return shapes;
     }
 
-    std::vector<DIO_Shape> clipped(const WornShape& worn, const Part& part) const
+    std::vector<DIO_Shape> clipped(const WornShape& worn, const Part& part)
     {
         const double unit = _grid.frame.width() / _grid.width;
         const double reach = worn.reach * unit;
@@ -102,11 +114,11 @@ private:
             const DIO_Shape& body = shape(piece);
             if (!body.path.boundingRect().adjusted(-reach, -reach, reach, reach).intersects(bounds))
                 continue;
-            const QPainterPath outline = closed(body.clip ? body.path.intersected(*body.clip) : body.path);
             if (original.opacity < 1.0)
-                addTo(together, outline, reach);
+                addTo(together, outlineOf(body), reach);
             else
-                addGrown(copies, original, outline, _facts[static_cast<std::size_t>(piece)].mask, reach);
+                for (const QPainterPath& area : grown(piece, worn.reach))
+                    copies.push_back(held(original, area));
         }
         // A translucent shape is painted once: a second copy would be visible.
         if (!together.isEmpty())
@@ -127,31 +139,42 @@ private:
         }
     }
 
+    static QPainterPath outlineOf(const DIO_Shape& body)
+    {
+        return closed(body.clip ? body.path.intersected(*body.clip) : body.path);
+    }
+
+    // The areas that make up a piece of a body, grown by a reach in cells. Many lines may lie on one piece.
+    const std::vector<QPainterPath>& grown(int piece, double reach)
+    {
+        const auto [known, isNew] = _grown.try_emplace({piece, reach});
+        if (isNew) {
+            const double unit = _grid.frame.width() / _grid.width;
+            known->second =
+                grownAreas(outlineOf(shape(piece)), _facts[static_cast<std::size_t>(piece)].mask, reach * unit);
+        }
+        return known->second;
+    }
+
     // A single loop and the stroke along it make one area if both turn the same way. A loop that crosses itself turns
     // both ways, and the part that turns against the stroke cuts a hole into it; comparing cells on the grid detects
     // this.
-    void addGrown(std::vector<DIO_Shape>& copies, const DIO_Shape& original, const QPainterPath& outline,
-                  const CellMask& covered, double reach) const
+    std::vector<QPainterPath> grownAreas(const QPainterPath& outline, const CellMask& covered, double reach) const
     {
         const QPainterPath stroke = strokeAlong(outline, reach);
         if (outline.toSubpathPolygons().size() == 1) {
-            const QPainterPath grown = grownLoop(outline, stroke);
-            if (covers(grown, covered)) {
-                copies.push_back(held(original, grown));
-                return;
-            }
+            const QPainterPath area = grownLoop(outline, stroke);
+            if (covers(area, covered))
+                return {area};
         }
-        copies.push_back(held(original, outline));
-        copies.push_back(held(original, stroke));
+        return {outline, stroke};
     }
 
     bool covers(const QPainterPath& path, const CellMask& covered) const
     {
         const DIO_Shape shape{path, std::nullopt, 1.0, 0, {}};
         const CellMask mask = CellMask::of(std::span(&shape, 1), _grid);
-        bool all = true;
-        covered.forEach([&](int x, int y) { all = all && mask.at(x, y); });
-        return all;
+        return mask.overlap(covered) == covered.area();
     }
 
     static DIO_Shape held(const DIO_Shape& original, const QPainterPath& outline)
@@ -219,7 +242,8 @@ private:
     const FoundParts& _found;
     const Grid& _grid;
     std::vector<const DIO_Shape*> _shapes;
-    std::map<int, std::map<int, int>> _visible; // the number of cells, by part and paint
+    std::map<int, std::map<int, int>> _visible;                         // the number of cells, by part and paint
+    std::map<std::pair<int, double>, std::vector<QPainterPath>> _grown; // by piece and reach
     std::map<QString, int> _names;
 };
 

@@ -10,6 +10,28 @@ namespace {
 constexpr std::array<std::array<int, 2>, 4> kAcross{{{-1, 0}, {1, 0}, {0, -1}, {0, 1}}};
 constexpr int kReach = 2;
 
+// Counts by number. Neighbouring cells mostly have the same one, so the last one is remembered.
+template<typename Value>
+class Counts
+{
+public:
+    explicit Counts(std::map<int, Value>& counts) : _counts(counts) {}
+
+    Value& of(int number)
+    {
+        if (!_value || number != _number) {
+            _value = &_counts[number];
+            _number = number;
+        }
+        return *_value;
+    }
+
+private:
+    std::map<int, Value>& _counts;
+    Value* _value = nullptr;
+    int _number = 0;
+};
+
 } // namespace
 
 PartMap::PartMap(const Grid& grid) : _width(grid.width), _height(grid.height)
@@ -38,12 +60,13 @@ void PartMap::addInk(const CellMask& mask)
 
 void PartMap::countOverlaps(const ShapeFacts& facts, Surroundings& found) const
 {
+    Counts parts(found.parts);
     facts.mask.forEach([&](int x, int y) {
-        const int part = partAt(x, y);
+        const int part = _parts[index(x, y)];
         if (part == kNone)
             ++found.bare;
         else
-            ++found.parts[part].overlap;
+            ++parts.of(part).overlap;
     });
     int most = 0;
     for (const auto& [part, meeting] : found.parts)
@@ -51,10 +74,13 @@ void PartMap::countOverlaps(const ShapeFacts& facts, Surroundings& found) const
             most = meeting.overlap;
             found.base = part;
         }
+    if (found.base == kNone)
+        return;
     std::map<int, int> grounds;
+    Counts shapes(grounds);
     facts.mask.forEach([&](int x, int y) {
-        if (found.base != kNone && partAt(x, y) == found.base)
-            ++grounds[shapeAt(x, y)];
+        if (const std::size_t cell = index(x, y); _parts[cell] == found.base)
+            ++shapes.of(_shapes[cell]);
     });
     most = 0;
     for (const auto& [shape, cells] : grounds)
@@ -68,10 +94,11 @@ void PartMap::countContacts(const ShapeFacts& facts, const std::vector<ShapeFact
 {
     int outlined = 0;
     int cells = 0;
+    Counts parts(found.parts);
     facts.mask.forEachAtOutline([&](int x, int y) {
         std::array<int, kAcross.size() * kReach> met{};
         std::size_t count = 0;
-        bool ink = inkAt(x, y);
+        bool ink = _ink[index(x, y)] != 0;
         bool other = false;
         for (const auto& [dx, dy] : kAcross)
             for (int far = 1; far <= kReach; ++far) {
@@ -79,15 +106,16 @@ void PartMap::countContacts(const ShapeFacts& facts, const std::vector<ShapeFact
                 const int qy = y + far * dy;
                 if (facts.mask.at(qx, qy) || !contains(qx, qy))
                     continue;
-                ink = ink || inkAt(qx, qy);
-                const int shape = shapeAt(qx, qy);
+                const std::size_t cell = index(qx, qy);
+                ink = ink || _ink[cell] != 0;
+                const int shape = _shapes[cell];
                 other = other || shape == kNone || all[static_cast<std::size_t>(shape)].paint != facts.paint;
-                const int part = partAt(qx, qy);
+                const int part = _parts[cell];
                 if (part != kNone && std::find(met.begin(), met.begin() + count, part) == met.begin() + count)
                     met[count++] = part;
             }
         for (std::size_t i = 0; i < count; ++i) {
-            Meeting& meeting = found.parts[met[i]];
+            Meeting& meeting = parts.of(met[i]);
             ++meeting.contact;
             meeting.inked += ink ? 1 : 0;
         }

@@ -62,7 +62,6 @@ private:
     {
         return static_cast<std::size_t>(y) * static_cast<std::size_t>(_width) + static_cast<std::size_t>(x);
     }
-    bool inkAt(int x, int y) const { return contains(x, y) && _ink[index(x, y)] != 0; }
     void countOverlaps(const ShapeFacts& facts, Surroundings& found) const;
     void countContacts(const ShapeFacts& facts, const std::vector<ShapeFacts>& all, Surroundings& found) const;
 
