@@ -76,8 +76,13 @@ ConnectedParts coresOf(const PixelPlane<int>& depths, const PixelPlane<char>& op
 {
     const int far = static_cast<int>(kPixelStep * halfGap * std::max(depths.width(), depths.height()));
     PixelPlane<char> cores(depths.width(), depths.height(), 0);
-    for (int i = 0; i < depths.count(); ++i)
-        cores[i] = open[i] && depths[i] > far ? 1 : 0;
+    for (int y = 0; y < depths.height(); ++y) {
+        const std::span<const int> depth = depths.row(y);
+        const std::span<const char> isOpen = open.row(y);
+        const std::span<char> core = cores.row(y);
+        for (std::size_t x = 0; x < core.size(); ++x)
+            core[x] = isOpen[x] != 0 && depth[x] > far ? 1 : 0;
+    }
     return connectedPartsOf(cores);
 }
 
@@ -123,24 +128,46 @@ struct Enclosure
     }
 };
 
+// Calls a function with the area, the first cell and the cell after the last one of every stretch of a row that lies in
+// one area.
+template<typename Function>
+void forEachStretch(std::span<const int> row, Function function)
+{
+    for (std::size_t from = 0, to = 0; from < row.size(); from = to) {
+        while (to < row.size() && row[to] == row[from])
+            ++to;
+        if (row[from] >= 0)
+            function(static_cast<std::size_t>(row[from]), from, to);
+    }
+}
+
+// How many cells of a stretch have another area beside them in a neighbouring row.
+int otherCells(std::span<const int> neighbours, int area)
+{
+    return static_cast<int>(neighbours.size() - static_cast<std::size_t>(std::ranges::count(neighbours, area)));
+}
+
 std::vector<Enclosure> enclosuresOf(const PixelPlane<int>& areas)
 {
     std::vector<Enclosure> found;
+    const auto width = static_cast<std::size_t>(areas.width());
     for (int y = 0; y < areas.height(); ++y)
-        for (int x = 0; x < areas.width(); ++x) {
-            const int area = areas.at(x, y);
-            if (area < 0)
-                continue;
-            if (found.size() <= static_cast<std::size_t>(area))
-                found.resize(static_cast<std::size_t>(area) + 1);
-            Enclosure& own = found[static_cast<std::size_t>(area)];
-            ++own.cells;
-            forEachNeighbour(areas, x, y, [&](int other) { own.outline += areas[other] != area ? 1 : 0; });
-            own.borders[0] += x == 0 ? 1 : 0;
-            own.borders[1] += y == 0 ? 1 : 0;
-            own.borders[2] += x == areas.width() - 1 ? 1 : 0;
-            own.borders[3] += y == areas.height() - 1 ? 1 : 0;
-        }
+        forEachStretch(areas.row(y), [&](std::size_t area, std::size_t from, std::size_t to) {
+            if (found.size() <= area)
+                found.resize(area + 1);
+            Enclosure& own = found[area];
+            const int cells = static_cast<int>(to - from);
+            own.cells += cells;
+            ++(from > 0 ? own.outline : own.borders[0]);
+            ++(to < width ? own.outline : own.borders[2]);
+            for (const bool below : {false, true}) {
+                const int other = below ? y + 1 : y - 1;
+                if (other >= 0 && other < areas.height())
+                    own.outline += otherCells(areas.row(other).subspan(from, to - from), static_cast<int>(area));
+                else
+                    own.borders[below ? 3 : 1] += cells;
+            }
+        });
     return found;
 }
 
@@ -193,14 +220,16 @@ int cellsInNarrowAreas(const PixelPlane<int>& areas, const PixelPlane<char>& lin
 std::vector<CellMask> masksOf(const PixelPlane<int>& areas, int count)
 {
     std::vector<QRect> boxes(static_cast<std::size_t>(count) + 1);
-    const auto place = [&](int i) { return QRect(i % areas.width(), i / areas.width(), 1, 1); };
-    for (int i = 0; i < areas.count(); ++i)
-        if (areas[i] > kOutside)
-            boxes[static_cast<std::size_t>(areas[i])] |= place(i);
+    for (int y = 0; y < areas.height(); ++y)
+        forEachStretch(areas.row(y), [&](std::size_t area, std::size_t from, std::size_t to) {
+            boxes[area] |= QRect(static_cast<int>(from), y, static_cast<int>(to - from), 1);
+        });
     std::vector<CellMask> masks(boxes.begin() + 1, boxes.end());
-    for (int i = 0; i < areas.count(); ++i)
-        if (areas[i] > kOutside)
-            masks[static_cast<std::size_t>(areas[i]) - 1].set(place(i).x(), place(i).y());
+    for (int y = 0; y < areas.height(); ++y)
+        forEachStretch(areas.row(y), [&](std::size_t area, std::size_t from, std::size_t to) {
+            for (std::size_t x = from; x < to && area > kOutside; ++x)
+                masks[area - 1].set(static_cast<int>(x), y);
+        });
     return masks;
 }
 

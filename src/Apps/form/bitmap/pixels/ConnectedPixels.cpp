@@ -1,40 +1,76 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Parts are numbered by their first pixel.
+// Marked pixels beside each other in a row are a run. Runs are joined instead of pixels, since there are far fewer.
+// Parts are numbered by their first pixel, which is that of their first run.
 #include "form/bitmap/pixels/ConnectedPixels.h"
+
+#include <ranges>
+
+namespace {
+
+struct Run
+{
+    int row;
+    int from;
+    int to; // after the last pixel
+};
+
+// The runs row by row, from left to right.
+std::vector<Run> runsOf(const PixelPlane<char>& marked)
+{
+    std::vector<Run> runs;
+    for (int y = 0; y < marked.height(); ++y) {
+        const std::span<const char> row = marked.row(y);
+        int from = -1;
+        for (int x = 0; x < marked.width(); ++x) {
+            const bool isMarked = row[static_cast<std::size_t>(x)] != 0;
+            if (isMarked && from < 0)
+                from = x;
+            if (!isMarked && from >= 0) {
+                runs.push_back({y, from, x});
+                from = -1;
+            }
+        }
+        if (from >= 0)
+            runs.push_back({y, from, marked.width()});
+    }
+    return runs;
+}
+
+// Joins runs of neighbouring rows that share an edge or a corner.
+PixelSets joined(std::span<const Run> runs)
+{
+    PixelSets sets(static_cast<int>(runs.size()));
+    std::size_t above = 0;
+    for (std::size_t i = 0; i < runs.size(); ++i) {
+        const Run& run = runs[i];
+        while (runs[above].row < run.row - 1 || (runs[above].row == run.row - 1 && runs[above].to < run.from))
+            ++above;
+        for (std::size_t j = above; runs[j].row == run.row - 1 && runs[j].from <= run.to; ++j)
+            sets.join(static_cast<int>(i), static_cast<int>(j));
+    }
+    return sets;
+}
+
+} // namespace
 
 ConnectedParts connectedPartsOf(const PixelPlane<char>& marked)
 {
-    const int width = marked.width();
-    PixelSets sets(marked.count());
-    for (int y = 0; y < marked.height(); ++y)
-        for (int x = 0; x < width; ++x) {
-            const int i = y * width + x;
-            if (!marked[i])
-                continue;
-            // What the neighbours that were visited before share an edge with is joined to them already.
-            if (y > 0 && marked[i - width]) {
-                sets.join(i, i - width);
-                continue;
-            }
-            if (x > 0 && marked[i - 1])
-                sets.join(i, i - 1);
-            else if (x > 0 && y > 0 && marked[i - width - 1])
-                sets.join(i, i - width - 1);
-            if (y > 0 && x + 1 < width && marked[i - width + 1])
-                sets.join(i, i - width + 1);
-        }
-    ConnectedParts parts{PixelPlane<int>(width, marked.height(), kNoLabel), {}};
-    for (int i = 0; i < marked.count(); ++i) {
-        if (!marked[i])
-            continue;
-        const int first = sets.find(i);
+    const std::vector<Run> runs = runsOf(marked);
+    PixelSets sets = joined(runs);
+    ConnectedParts parts{PixelPlane<int>(marked.width(), marked.height(), kNoLabel), {}};
+    std::vector<int> numbers(runs.size());
+    for (std::size_t i = 0; i < runs.size(); ++i) {
+        const auto first = static_cast<std::size_t>(sets.find(static_cast<int>(i)));
         if (first == i) {
-            parts.labels[i] = static_cast<int>(parts.pixels.size());
+            numbers[i] = static_cast<int>(parts.pixels.size());
             parts.pixels.push_back(0);
-        } else
-            parts.labels[i] = parts.labels[first];
-        ++parts.pixels[static_cast<std::size_t>(parts.labels[i])];
+        }
+        const int number = numbers[i] = numbers[first];
+        const auto [y, from, to] = runs[i];
+        parts.pixels[static_cast<std::size_t>(number)] += to - from;
+        std::ranges::fill(
+            parts.labels.row(y).subspan(static_cast<std::size_t>(from), static_cast<std::size_t>(to - from)), number);
     }
     return parts;
 }

@@ -8,7 +8,8 @@
 #include <algorithm>
 #include <numeric>
 
-/// Disjoint sets of pixels. Each pixel starts as a set of its own; a set is identified by its first pixel.
+/// Disjoint sets of pixels, or of runs of them. Each pixel starts as a set of its own; a set is identified by its first
+/// pixel.
 class PixelSets
 {
 public:

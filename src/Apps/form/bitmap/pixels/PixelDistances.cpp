@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <span>
 
 namespace {
 
@@ -20,50 +21,61 @@ struct Neighbour
     int step;
 };
 
-constexpr std::array kBefore = {Neighbour{-1, 0, kPixelStep}, Neighbour{-1, -1, kDiagonalStep},
-                                Neighbour{0, -1, kPixelStep}, Neighbour{1, -1, kDiagonalStep}};
 constexpr std::array kAround = {Neighbour{-1, 0, kPixelStep},     Neighbour{1, 0, kPixelStep},
                                 Neighbour{0, -1, kPixelStep},     Neighbour{0, 1, kPixelStep},
                                 Neighbour{-1, -1, kDiagonalStep}, Neighbour{1, -1, kDiagonalStep},
                                 Neighbour{-1, 1, kDiagonalStep},  Neighbour{1, 1, kDiagonalStep}};
 
-// The shortest path to another label over the neighbours that the sweep has visited already; sign is -1 for the sweep
-// from the last pixel to the first.
-int overNeighbours(const PixelPlane<int>& labels, const PixelPlane<int>& distances, int x, int y, int sign)
+// A row of a plane of labels, and of the depths of its pixels.
+struct DepthRow
 {
-    int least = distances.at(x, y);
-    for (const Neighbour& n : kBefore) {
-        const int nx = x + sign * n.x;
-        const int ny = y + sign * n.y;
-        if (!distances.contains(nx, ny))
-            continue;
-        const bool own = labels.at(nx, ny) == labels.at(x, y);
-        least = std::min(least, n.step + (own ? distances.at(nx, ny) : 0));
+    std::span<const int> labels;
+    std::span<int> depths;
+};
+
+// Shortens the paths of a row by those over a pixel of the row that was visited before.
+//
+// @param shift the neighbour's x minus the pixel's, -1 to 1
+void comeFrom(const DepthRow& before, const DepthRow& row, int shift, int step)
+{
+    const std::size_t count = row.depths.size() - (shift == 0 ? 0 : 1);
+    const std::size_t from = shift > 0 ? 1 : 0;
+    const std::size_t to = shift < 0 ? 1 : 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const bool own = before.labels[from + i] == row.labels[to + i];
+        row.depths[to + i] = std::min(row.depths[to + i], step + (own ? before.depths[from + i] : 0));
     }
-    return least;
 }
 
-// The same for a pixel that is not at the picture's border. `before` is the index offset to the neighbour in the row
-// that was visited before.
-int overInnerNeighbours(const PixelPlane<int>& labels, const PixelPlane<int>& distances, int i, int before, int sign)
+// Shortens the paths of a row by those over the pixel that was visited before in the row itself.
+//
+// @param sign 1 for the sweep from left to right, -1 for the other one
+void goAlong(const DepthRow& row, int sign)
 {
-    const int own = labels[i];
-    const auto over = [&](int other, int step) { return step + (labels[other] == own ? distances[other] : 0); };
-    return std::min({distances[i], over(i - sign, kPixelStep), over(i + before - sign, kDiagonalStep),
-                     over(i + before, kPixelStep), over(i + before + sign, kDiagonalStep)});
-}
-
-void sweepRow(const PixelPlane<int>& labels, PixelPlane<int>& depths, int y, int sign)
-{
-    const int width = labels.width();
-    const bool inner = y > 0 && y + 1 < labels.height();
+    const auto width = static_cast<int>(row.depths.size());
+    int label = row.labels[static_cast<std::size_t>(sign > 0 ? 0 : width - 1)];
+    int depth = std::numeric_limits<int>::max() - kPixelStep;
     for (int k = 0; k < width; ++k) {
-        const int x = sign > 0 ? k : width - 1 - k;
-        const int i = y * width + x;
-        if (labels[i] < 0)
-            continue;
-        depths[i] = inner && x > 0 && x + 1 < width ? overInnerNeighbours(labels, depths, i, -sign * width, sign)
-                                                    : overNeighbours(labels, depths, x, y, sign);
+        const auto x = static_cast<std::size_t>(sign > 0 ? k : width - 1 - k);
+        depth = std::min(row.depths[x], kPixelStep + (row.labels[x] == label ? depth : 0));
+        label = row.labels[x];
+        row.depths[x] = depth;
+    }
+}
+
+// Outside all areas the depth stays 0 through both sweeps.
+void sweep(const PixelPlane<int>& labels, PixelPlane<int>& depths, int sign)
+{
+    for (int k = 0; k < labels.height(); ++k) {
+        const int y = sign > 0 ? k : labels.height() - 1 - k;
+        const DepthRow row{labels.row(y), depths.row(y)};
+        if (k > 0) {
+            const DepthRow before{labels.row(y - sign), depths.row(y - sign)};
+            comeFrom(before, row, 0, kPixelStep);
+            comeFrom(before, row, -1, kDiagonalStep);
+            comeFrom(before, row, 1, kDiagonalStep);
+        }
+        goAlong(row, sign);
     }
 }
 
@@ -100,10 +112,8 @@ PixelPlane<int> depthsInside(const PixelPlane<int>& labels)
     PixelPlane<int> depths(labels.width(), labels.height(), 0);
     for (int i = 0; i < labels.count(); ++i)
         depths[i] = labels[i] < 0 ? 0 : kFar;
-    for (int y = 0; y < labels.height(); ++y)
-        sweepRow(labels, depths, y, 1);
-    for (int y = labels.height() - 1; y >= 0; --y)
-        sweepRow(labels, depths, y, -1);
+    sweep(labels, depths, 1);
+    sweep(labels, depths, -1);
     // An area without a border would be infinitely deep.
     const int most = kPixelStep * (std::max(labels.width(), labels.height()) / 2 + 1);
     for (int i = 0; i < depths.count(); ++i)
@@ -145,9 +155,11 @@ NearestAreas grown(const PixelPlane<int>& labels, const PixelPlane<char>& open)
             const int pixel = y * width + x;
             if (labels[pixel] >= 0 || !open[pixel])
                 continue;
+            const bool inner = x > 0 && y > 0 && x + 1 < width && y + 1 < labels.height();
             for (const Neighbour& n : kAround)
-                if (labels.contains(x + n.x, y + n.y) && labels.at(x + n.x, y + n.y) >= 0)
-                    relax(pixel + n.y * width + n.x, pixel, n.step);
+                if (const int other = pixel + n.y * width + n.x;
+                    (inner || labels.contains(x + n.x, y + n.y)) && labels[other] >= 0)
+                    relax(other, pixel, n.step);
         }
     for (int distance = 1; !front.isEmpty(); ++distance)
         for (const int pixel : front.take(distance))
