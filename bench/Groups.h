@@ -22,6 +22,8 @@ GroupMakers blurGroups();
 GroupMakers scalingGroups();
 /// The steps of the command from a drawing's file to its normal map's.
 GroupMakers commandGroups();
+/// The choice of objects and forms beside painting the drawing once.
+GroupMakers choiceGroups();
 /// The command on drawings of increasing numbers of layers and objects.
 GroupMakers growthGroups();
 

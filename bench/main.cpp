@@ -108,7 +108,7 @@ void runGroup(const Group& group, const Filter& accepts, TimeCollector& times)
 void runAll(const Filter& accepts, Findings& findings)
 {
     for (const GroupMakers& makers :
-         {wholeGroups(), blurGroups(), stageGroups(), scalingGroups(), commandGroups(), growthGroups()})
+         {wholeGroups(), blurGroups(), stageGroups(), scalingGroups(), commandGroups(), choiceGroups(), growthGroups()})
         for (const auto& makeGroup : makers) {
             const Group group = makeGroup();
             std::cerr << "measuring " << group.cases.front().name << " and similar cases\n";
