@@ -4,6 +4,8 @@
 // the grid's resolution.
 #include "form/choice/ShapeFacts.h"
 
+#include "form/raster/ShapePainter.h"
+
 #include <cmath>
 #include <numbers>
 
@@ -19,11 +21,11 @@ constexpr std::size_t kIslandsBefore = 16;
 // Measured in about a third of a second.
 constexpr double kCellsInAll = 8e6;
 
-ShapeFacts factsOf(const DIO_Shape& shape, const DIO_Paint& paint, const Grid& grid)
+ShapeFacts factsOf(const DIO_Shape& shape, const DIO_Paint& paint, ShapePainter& painter)
 {
     ShapeFacts facts;
-    facts.mask = CellMask::of(std::span(&shape, 1), grid);
-    const OutlineDistance measured = measureOutlineDistance(facts.mask, grid.bounds());
+    facts.mask = painter.mask(std::span(&shape, 1));
+    const OutlineDistance measured = measureOutlineDistance(facts.mask, painter.grid().bounds());
     measureShape(measured, facts);
     facts.mask.forEachAtOutline([&](int, int) { facts.outline += 1.0; });
     facts.colour = SeenColour::of(paint.colour);
@@ -89,8 +91,9 @@ Grid gridFor(const DIO_Drawing& drawing)
 std::vector<ShapeFacts> collectFacts(const DIO_Drawing& drawing, const Grid& grid)
 {
     std::vector<ShapeFacts> facts;
+    ShapePainter painter(grid);
     for (const DIO_Shape* shape : shapesInOrder(drawing))
-        facts.push_back(factsOf(*shape, drawing.palette[static_cast<std::size_t>(shape->paint)], grid));
+        facts.push_back(factsOf(*shape, drawing.palette[static_cast<std::size_t>(shape->paint)], painter));
     findOutlines(facts, grid);
     return facts;
 }

@@ -28,6 +28,11 @@ public:
     /// The cells inside the grid that shapes cover together, whatever their opacity.
     static CellMask of(std::span<const DIO_Shape> shapes, const Grid& grid);
 
+    /// The cells that count as covered.
+    ///
+    /// @param coverage how much of each cell of the box is covered, row by row, 0 to 255
+    static CellMask ofCoverage(const QRect& box, std::span<const std::uint8_t> coverage);
+
     const QRect& box() const { return _box; }
     bool at(int x, int y) const { return contains(x, y) && _cells[index(x, y)] != 0; }
     /// @param x, y inside the box

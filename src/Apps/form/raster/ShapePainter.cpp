@@ -1,0 +1,207 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Coverage has 256 levels, and coverages are multiplied and laid over each other as Qt's painter does it: products are
+// divided by 255 and rounded.
+#include "form/raster/ShapePainter.h"
+
+#include "QuarvelGraphicCore/GR_ImageMemory.h"
+
+#include <QHash>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::size_t kMostCellsKept = 32 << 20;
+
+QRect boundsInCells(const QRectF& bounds, const Grid& grid)
+{
+    if (bounds.isNull())
+        return {};
+    // A number of cells far outside the grid may not fit into an int.
+    const QRectF reach = QRectF(grid.bounds()).adjusted(-1.0, -1.0, 1.0, 1.0);
+    return (grid.toCells().mapRect(bounds) & reach).toAlignedRect() & grid.bounds();
+}
+
+QRect boundsInCells(const DIO_Shape& shape, const Grid& grid)
+{
+    const QRectF bounds = shape.path.boundingRect();
+    return boundsInCells(shape.clip ? bounds & shape.clip->boundingRect() : bounds, grid);
+}
+
+// The box with a cell around it: what is painted up to a cell's border may reach into the next one by a rounding.
+QRect withMargin(const QRect& box, const Grid& grid)
+{
+    return box.isEmpty() ? QRect() : box.adjusted(-1, -1, 1, 1) & grid.bounds();
+}
+
+// The painter caches about three kilobytes in every path that it paints.
+QPainterPath withoutCache(const QPainterPath& path)
+{
+    QPainterPath copy;
+    copy.addPath(path);
+    copy.setFillRule(path.fillRule());
+    return copy;
+}
+
+std::size_t hashOf(const QPainterPath& path, bool isClip)
+{
+    std::size_t hash = qHashMulti(0, path.elementCount(), static_cast<int>(path.fillRule()), isClip);
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const QPainterPath::Element element = path.elementAt(i);
+        hash = qHashMulti(hash, element.x, element.y, static_cast<int>(element.type));
+    }
+    return hash;
+}
+
+unsigned product(unsigned a, unsigned b)
+{
+    const unsigned whole = a * b;
+    return (whole + (whole >> 8) + 128U) >> 8;
+}
+
+// Lays coverage over other coverage.
+void layOver(std::span<const std::uint8_t> coverage, std::span<std::uint8_t> below)
+{
+    for (std::size_t i = 0; i < below.size(); ++i)
+        below[i] = static_cast<std::uint8_t>(coverage[i] + product(below[i], 255U - coverage[i]));
+}
+
+void layOver(std::span<const std::uint8_t> coverage, std::span<const std::uint8_t> clip, std::span<std::uint8_t> below)
+{
+    for (std::size_t i = 0; i < below.size(); ++i) {
+        const unsigned inside = product(coverage[i], clip[i]);
+        below[i] = static_cast<std::uint8_t>(inside + product(below[i], 255U - inside));
+    }
+}
+
+} // namespace
+
+// The cells of a row of a part of the box.
+std::span<const std::uint8_t> ShapePainter::Coverage::row(const QRect& part, int y) const
+{
+    const auto width = static_cast<std::size_t>(box.width());
+    const auto first =
+        static_cast<std::size_t>(y - box.top()) * width + static_cast<std::size_t>(part.left() - box.left());
+    return std::span(cells).subspan(first, static_cast<std::size_t>(part.width()));
+}
+
+std::span<std::uint8_t> ShapePainter::Coverage::row(const QRect& part, int y)
+{
+    const auto width = static_cast<std::size_t>(box.width());
+    const auto first =
+        static_cast<std::size_t>(y - box.top()) * width + static_cast<std::size_t>(part.left() - box.left());
+    return std::span(cells).subspan(first, static_cast<std::size_t>(part.width()));
+}
+
+// Calls a function with a painter on the grid; what it paints in a box is the coverage.
+//
+// @param origin the cell that lies in the canvas's corner
+template<typename Paint>
+ShapePainter::Coverage ShapePainter::painted(const QRect& box, const QPoint& origin, Paint paint)
+{
+    Coverage coverage{box, {}};
+    if (box.isEmpty())
+        return coverage;
+    if (_canvas.isNull())
+        _canvas = GR_newImage(_grid.bounds().size(), kFormatPainted);
+    const auto row = [&](int y) {
+        QRgb* const pixels = reinterpret_cast<QRgb*>(_canvas.scanLine(y - origin.y()));
+        return std::span(pixels, static_cast<std::size_t>(_canvas.width()))
+            .subspan(static_cast<std::size_t>(box.left() - origin.x()), static_cast<std::size_t>(box.width()));
+    };
+    for (int y = box.top(); y <= box.bottom(); ++y)
+        std::ranges::fill(row(y), 0U);
+    QPainter painter(&_canvas);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setTransform(_grid.toCells() * QTransform::fromTranslate(-origin.x(), -origin.y()));
+    paint(painter);
+    painter.end();
+    coverage.cells.resize(static_cast<std::size_t>(box.width()) * static_cast<std::size_t>(box.height()));
+    for (int y = box.top(); y <= box.bottom(); ++y)
+        std::ranges::transform(row(y), coverage.row(box, y).begin(),
+                               [](QRgb pixel) { return static_cast<std::uint8_t>(qAlpha(pixel)); });
+    return coverage;
+}
+
+// Without its clip.
+//
+// @param part where it is wanted
+ShapePainter::Coverage ShapePainter::ofShape(const DIO_Shape& shape, const QRect& part, const QPoint& origin)
+{
+    const QRect box = withMargin(boundsInCells(shape.path.boundingRect(), _grid), _grid) & part;
+    return painted(box, origin, [&](QPainter& painter) {
+        if (shape.picture.isNull())
+            painter.fillPath(withoutCache(shape.path), Qt::white);
+        else
+            painter.drawImage(shape.path.boundingRect(), GR_imageInFormat(shape.picture, QImage::Format_Alpha8));
+    });
+}
+
+ShapePainter::Coverage ShapePainter::ofClip(const QPainterPath& clip)
+{
+    const QRect box = withMargin(boundsInCells(clip.boundingRect(), _grid), _grid);
+    return painted(box, {}, [&](QPainter& painter) {
+        painter.setClipPath(withoutCache(clip));
+        painter.resetTransform();
+        painter.fillRect(box, Qt::white);
+    });
+}
+
+const ShapePainter::Coverage& ShapePainter::kept(const QPainterPath& path, bool isClip)
+{
+    const std::size_t hash = hashOf(path, isClip);
+    const auto [first, last] = _kept.equal_range(hash);
+    const auto known = std::find_if(first, last, [&](const auto& entry) { return entry.second.path == path; });
+    if (known != last)
+        return known->second.coverage;
+    Kept added{path, isClip ? ofClip(path) : ofShape({path, std::nullopt, 1.0, 0, {}}, _grid.bounds(), {})};
+    _cellsKept += added.coverage.cells.size();
+    return _kept.emplace(hash, std::move(added))->second.coverage;
+}
+
+// Lays what a shape covers over what others cover.
+//
+// @param part the box of the shape, inside that of the others
+void ShapePainter::add(const DIO_Shape& shape, const QRect& part, Coverage& together)
+{
+    const auto isFull = [](std::uint8_t cell) { return cell == 255; };
+    bool changes = false;
+    for (int y = part.top(); y <= part.bottom() && !changes; ++y)
+        changes = !std::ranges::all_of(together.row(part, y), isFull);
+    if (!changes)
+        return;
+    if (!shape.clip) {
+        const Coverage own = ofShape(shape, part, together.box.topLeft());
+        for (int y = own.box.top(); y <= own.box.bottom(); ++y)
+            layOver(own.row(own.box, y), together.row(own.box, y));
+        return;
+    }
+    const Coverage picture = shape.picture.isNull() ? Coverage() : ofShape(shape, part, together.box.topLeft());
+    const Coverage& own = shape.picture.isNull() ? kept(shape.path, false) : picture;
+    const Coverage& clip = kept(*shape.clip, true);
+    const QRect common = part & own.box & clip.box;
+    for (int y = common.top(); y <= common.bottom(); ++y)
+        layOver(own.row(common, y), clip.row(common, y), together.row(common, y));
+}
+
+CellMask ShapePainter::mask(std::span<const DIO_Shape> shapes)
+{
+    std::vector<QRect> boxes;
+    QRect box;
+    for (const DIO_Shape& shape : shapes)
+        box |= boxes.emplace_back(boundsInCells(shape, _grid));
+    if (box.isEmpty())
+        return CellMask(box);
+    if (_cellsKept > kMostCellsKept) {
+        _kept.clear();
+        _cellsKept = 0;
+    }
+    const auto cells = static_cast<std::size_t>(box.width()) * static_cast<std::size_t>(box.height());
+    Coverage together{box, std::vector<std::uint8_t>(cells)};
+    for (std::size_t i = 0; i < shapes.size(); ++i)
+        add(shapes[i], withMargin(boxes[i], _grid) & box, together);
+    return CellMask::ofCoverage(box, together.cells);
+}
