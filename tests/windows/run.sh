@@ -68,6 +68,10 @@ mkdir -p "$deep"
 "$linux" normalmap hero.svg -o short.png --size 480 >/dev/null
 quarvel normalmap hero.svg -o "${deep}n.png" --size 480 >/dev/null
 same "a path of ${#deep} letters" short.png "${deep}n.png"
+cp -r hero.scene "${deep}h.scene"
+"$linux" set hero.scene Normal-Map.BlurScale 2.5 >/dev/null
+quarvel set "${deep}h.scene" Normal-Map.BlurScale 2.5 >/dev/null
+same "a scene in such a path" hero.scene/scene.xml "${deep}h.scene/scene.xml"
 
 echo '{"v":"5.5.0","fr":30,"ip":0,"op":30,"w":100,"h":100,"layers":[]}' >still.json
 says "not read on Windows" quarvel import still.json -o still.scene

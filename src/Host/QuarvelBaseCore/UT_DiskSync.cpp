@@ -1,6 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 #include "QuarvelBaseCore/UT_DiskSync.h"
 
+#include "QuarvelBaseCore/UT_NativePath.h"
+
 #include <QFile>
 
 #include <algorithm>
@@ -16,7 +18,6 @@
 #include <sys/vfs.h>
 #endif
 #ifdef Q_OS_WIN
-#include <QDir>
 #include <QFileInfo>
 #include <qt_windows.h>
 #endif
@@ -57,10 +58,9 @@ bool UT_syncPath(const QString& path)
 {
     if (QFileInfo(path).isDir())
         return true;
-    const QString native = QDir::toNativeSeparators(path);
     const HANDLE handle =
-        CreateFileW(reinterpret_cast<const wchar_t*>(native.utf16()), GENERIC_WRITE,
-                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING, 0, nullptr);
+        CreateFileW(UT_nativePath(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                    nullptr, OPEN_EXISTING, 0, nullptr);
     if (handle == INVALID_HANDLE_VALUE)
         return false;
     const bool synced = FlushFileBuffers(handle) != 0;

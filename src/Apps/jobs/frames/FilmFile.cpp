@@ -6,6 +6,7 @@
 
 #include "QuarvelBaseCore/UT_DiskSync.h"
 #include "QuarvelBaseCore/UT_FileName.h"
+#include "QuarvelBaseCore/UT_NativePath.h"
 #include "QuarvelImageIO/IIO_ApngFile.h"
 #include "jobs/frames/FilmReadBack.h"
 
@@ -98,8 +99,7 @@ public:
         if (const auto whole = readBackFilm(_programs, _part, _frames); !whole)
             return cannotWrite(whole.error().sentence());
         std::error_code error;
-        std::filesystem::rename(QFileInfo(_part).filesystemAbsoluteFilePath(),
-                                QFileInfo(path()).filesystemAbsoluteFilePath(), error);
+        std::filesystem::rename(UT_nativePath(_part), UT_nativePath(path()), error);
         if (error)
             return cannotWrite(QString::fromLocal8Bit(error.message().c_str()));
         (void)UT_syncPath(QFileInfo(path()).absolutePath());

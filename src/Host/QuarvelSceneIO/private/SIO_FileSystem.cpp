@@ -4,6 +4,7 @@
 #include "QuarvelSceneIO/private/SIO_FileSystem.h"
 
 #include "QuarvelBaseCore/UT_DiskSync.h"
+#include "QuarvelBaseCore/UT_NativePath.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -18,15 +19,6 @@ namespace {
 UT_Error failure(const char* text, const QString& path, const QString& reason)
 {
     return {QCoreApplication::translate("SIO_FileSystem", text).arg(QDir::toNativeSeparators(path), reason)};
-}
-
-std::filesystem::path native(const QString& path)
-{
-#ifdef Q_OS_WIN
-    return path.toStdWString();
-#else
-    return QFile::encodeName(path).toStdString();
-#endif
 }
 
 UT_Error cannotWrite(const QString& path, int error, const QString& reason)
@@ -57,12 +49,12 @@ SIO_FileSystem::~SIO_FileSystem() = default;
 
 UT_Result<void> SIO_FileSystem::makeFolder(const QString& path)
 {
-    std::error_code error;
-    std::filesystem::create_directory(native(path), error);
-    if (error || !QFileInfo(path).isDir())
-        return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot make the folder \"%1\": %2"), path,
-                       QString::fromStdString(error.message()));
-    return {};
+    if (QDir().mkdir(path))
+        return {};
+    const QString reason = qt_error_string();
+    if (QFileInfo(path).isDir())
+        return {};
+    return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot make the folder \"%1\": %2"), path, reason);
 }
 
 UT_Result<void> SIO_FileSystem::writeFile(const QString& path, const QByteArray& bytes)
@@ -80,7 +72,7 @@ UT_Result<void> SIO_FileSystem::writeFile(const QString& path, const QByteArray&
 UT_Result<void> SIO_FileSystem::rename(const QString& from, const QString& to)
 {
     std::error_code error;
-    std::filesystem::rename(native(from), native(to), error);
+    std::filesystem::rename(UT_nativePath(from), UT_nativePath(to), error);
     if (error)
         return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot put \"%1\" in place: %2"), to,
                        QString::fromStdString(error.message()));
@@ -89,18 +81,15 @@ UT_Result<void> SIO_FileSystem::rename(const QString& from, const QString& to)
 
 UT_Result<void> SIO_FileSystem::removeFile(const QString& path)
 {
-    std::error_code error;
-    const auto file = native(path);
-    const auto status = std::filesystem::symlink_status(file, error);
-    if (!std::filesystem::exists(status))
+    const QFileInfo info(path);
+    if (!info.isSymLink() && !info.exists())
         return {};
-    if (std::filesystem::is_directory(status))
+    if (!info.isSymLink() && info.isDir())
         return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot remove \"%1\": %2"), path,
                        QCoreApplication::translate("SIO_FileSystem", "it is a folder"));
-    std::filesystem::remove(file, error);
-    if (error)
-        return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot remove \"%1\": %2"), path,
-                       QString::fromStdString(error.message()));
+    QFile file(path);
+    if (!file.remove())
+        return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot remove \"%1\": %2"), path, file.errorString());
     return {};
 }
 
@@ -110,11 +99,9 @@ UT_Result<void> SIO_FileSystem::removeFolder(const QString& path)
     if (folder.isSymLink() || !folder.isDir() ||
         !QDir(path).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot))
         return {};
-    std::error_code error;
-    std::filesystem::remove(native(path), error);
-    if (error)
+    if (!QDir().rmdir(path))
         return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot remove the folder \"%1\": %2"), path,
-                       QString::fromStdString(error.message()));
+                       qt_error_string());
     return {};
 }
 

@@ -4,6 +4,8 @@
 // files stay in the folder. A process that has locked a file which was just removed tries again with a new file.
 #include "QuarvelSceneIO/private/SIO_FolderLock.h"
 
+#include "QuarvelBaseCore/UT_NativePath.h"
+
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QDir>
@@ -79,9 +81,8 @@ bool SIO_FolderLock::isHeldByOthers(const QString& folder)
 // No other process can open the file while it is open here; the system removes it when it is closed.
 SIO_FolderLock::Attempt SIO_FolderLock::tryLockOfFile()
 {
-    const QString native = QDir::toNativeSeparators(_path);
-    const HANDLE file = CreateFileW(reinterpret_cast<const wchar_t*>(native.utf16()), GENERIC_WRITE, 0, nullptr,
-                                    OPEN_ALWAYS, FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    const HANDLE file = CreateFileW(UT_nativePath(_path).c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
+                                    FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
     if (file != INVALID_HANDLE_VALUE) {
         _file = reinterpret_cast<std::intptr_t>(file);
         return Attempt::LOCKED;

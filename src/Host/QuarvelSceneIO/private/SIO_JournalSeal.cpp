@@ -3,6 +3,8 @@
 // Makes and reads the key, and computes seals with it.
 #include "QuarvelSceneIO/private/SIO_JournalSeal.h"
 
+#include "QuarvelBaseCore/UT_NativePath.h"
+
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDateTime>
@@ -119,10 +121,9 @@ void makeKey()
 QByteArray identityOf(const QString& folder)
 {
 #ifdef Q_OS_WIN
-    const QString native = QDir::toNativeSeparators(folder);
-    const HANDLE handle = CreateFileW(reinterpret_cast<const wchar_t*>(native.utf16()), 0,
-                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
-                                      FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    const HANDLE handle =
+        CreateFileW(UT_nativePath(folder).c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
     if (handle == INVALID_HANDLE_VALUE)
         return {};
     BY_HANDLE_FILE_INFORMATION information = {};
