@@ -73,6 +73,14 @@ cp -r hero.scene "${deep}h.scene"
 quarvel set "${deep}h.scene" Normal-Map.BlurScale 2.5 >/dev/null
 same "a scene in such a path" hero.scene/scene.xml "${deep}h.scene/scene.xml"
 
+letters="Bär 絵"
+cp hero.svg "$letters.svg"
+"$linux" normalmap "$letters.svg" -o "$letters.png" --size 300 >said-linux.txt
+quarvel normalmap "$letters.svg" -o "$letters-windows.png" --size 300 >said-windows.txt
+same "a drawing named $letters" "$letters.png" "$letters-windows.png"
+sed -i 's/-windows//' said-windows.txt
+same "what is said of $letters" said-linux.txt said-windows.txt
+
 echo '{"v":"5.5.0","fr":30,"ip":0,"op":30,"w":100,"h":100,"layers":[]}' >still.json
 says "not read on Windows" quarvel import still.json -o still.scene
 says "nowhere.svg" quarvel normalmap nowhere.svg

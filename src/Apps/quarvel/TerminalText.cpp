@@ -42,5 +42,6 @@ QString visibleText(const QString& text)
 
 void writeText(std::FILE* stream, const QString& text)
 {
-    std::fputs(qPrintable(stream == stderr || isTerminal(stream) ? visibleText(text) : text), stream);
+    const QString shown = stream == stderr || isTerminal(stream) ? visibleText(text) : text;
+    std::fputs(shown.toUtf8().constData(), stream);
 }

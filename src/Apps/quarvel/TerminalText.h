@@ -13,6 +13,6 @@
 /// and the marks that change the direction of writing, as "\x1b" and "\u202e".
 QString visibleText(const QString& text);
 
-/// Writes a text to a stream, in the system's encoding; as visibleText() where somebody watches the stream on a
+/// Writes a text to a stream, in UTF-8 on every system; as visibleText() where somebody watches the stream on a
 /// terminal, or it is standard error, which is for people alone and is looked at on a terminal later.
 void writeText(std::FILE* stream, const QString& text);

@@ -17,6 +17,7 @@
 #include "Say.h"
 #include "SetCommand.h"
 #include "StopSignal.h"
+#include "TerminalModes.h"
 #include "jobs/ProgramEnd.h"
 #include "jobs/WorkerThreads.h"
 #include "jobs/limits/JobLimits.h"
@@ -188,6 +189,7 @@ int run(const QStringList& words, std::FILE* results)
 
 int runProgram(int argc, char** argv)
 {
+    const TerminalModes terminal;
     const StopSignal stopSignal;
     const std::span words(argv, static_cast<std::size_t>(argc));
     if (const UT_Result<void> readable = checkNamesAreText(words.subspan(1)); !readable) {
