@@ -107,6 +107,17 @@ QString obstacle(const QString& path)
     return {};
 }
 
+// What to do where a finished file cannot get its name. On Windows a program can keep others from replacing the file
+// that it has open, and the system says no more than that access is denied.
+QString adviceForHeldFile()
+{
+#ifdef Q_OS_WIN
+    return QStringLiteral("close the programs that have it open; ");
+#else
+    return {};
+#endif
+}
+
 } // namespace
 
 IIO_AtomicFile::IIO_AtomicFile(const QString& path) : _path(path) {}
@@ -161,7 +172,8 @@ UT_Error IIO_AtomicFile::failure() const
 {
     if (_device->diskIsFull())
         return diskIsFull(_path);
-    return cannotWrite(_path, QStringLiteral("%1; what was there before is unchanged").arg(_device->reason()));
+    return cannotWrite(_path, QStringLiteral("%1; %2what was there before is unchanged")
+                                  .arg(_device->reason(), _device->failed() ? QString() : adviceForHeldFile()));
 }
 
 UT_Result<void> IIO_writeFile(const QString& path, const QByteArray& bytes)

@@ -2784,6 +2784,10 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <translation>„%1“ lässt sich nicht an seinen Platz bringen: %2</translation>
     </message>
     <message>
+        <source>%1; close the programs that have it open</source>
+        <translation>%1; schließen Sie die Programme, die sie geöffnet haben</translation>
+    </message>
+    <message>
         <source>cannot remove &quot;%1&quot;: %2</source>
         <translation>„%1“ lässt sich nicht entfernen: %2</translation>
     </message>

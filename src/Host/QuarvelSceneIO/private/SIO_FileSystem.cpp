@@ -73,10 +73,15 @@ UT_Result<void> SIO_FileSystem::rename(const QString& from, const QString& to)
 {
     std::error_code error;
     std::filesystem::rename(UT_nativePath(from), UT_nativePath(to), error);
-    if (error)
-        return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot put \"%1\" in place: %2"), to,
-                       QString::fromStdString(error.message()));
-    return {};
+    if (!error)
+        return {};
+    QString reason = QString::fromStdString(error.message());
+#ifdef Q_OS_WIN
+    // A program can keep others from replacing the file that it has open, and the system says only that it is not
+    // permitted.
+    reason = QCoreApplication::translate("SIO_FileSystem", "%1; close the programs that have it open").arg(reason);
+#endif
+    return failure(QT_TRANSLATE_NOOP("SIO_FileSystem", "cannot put \"%1\" in place: %2"), to, reason);
 }
 
 UT_Result<void> SIO_FileSystem::removeFile(const QString& path)
