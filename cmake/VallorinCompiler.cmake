@@ -33,7 +33,10 @@ endif()
 add_library(vallorin_compiler INTERFACE)
 target_compile_definitions(vallorin_compiler INTERFACE QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
 if(MSVC)
-  target_compile_options(vallorin_compiler INTERFACE /W4 $<$<BOOL:${VALLORIN_WERROR}>:/WX> /permissive- /utf-8 /fp:precise)
+  # 4251, 4275: an exported class has members and bases of the standard library, which every library here gets from one compiler.
+  # 5030: attributes of other compilers.
+  target_compile_options(vallorin_compiler INTERFACE /W4 $<$<BOOL:${VALLORIN_WERROR}>:/WX> /permissive- /utf-8 /fp:precise /bigobj /wd4251
+                                                     /wd4275 /wd5030)
 else()
   target_compile_options(
     vallorin_compiler

@@ -2,7 +2,7 @@
 #include "jobs/ProgramEnd.h"
 
 #ifdef _WIN32
-#include <windows.h>
+#include <qt_windows.h>
 
 #include <cstdio>
 #endif

@@ -12,7 +12,7 @@
 #include <thread>
 
 #ifdef _WIN32
-#include <windows.h>
+#include <qt_windows.h>
 #else
 #include <sched.h>
 #include <unistd.h>
