@@ -23,8 +23,10 @@ bool CO_CommandStack::execute(std::unique_ptr<CO_Command> command)
         _commands.push_back(std::move(command));
         ++_done;
         enforceLimit();
+        _mayMerge = true;
+    } else if (!_commands[_done - 1]->hasEffect()) {
+        forgetNewest();
     }
-    _mayMerge = true;
     tell();
     return true;
 }
@@ -40,14 +42,12 @@ bool CO_CommandStack::undo()
     return true;
 }
 
-bool CO_CommandStack::drop()
+bool CO_CommandStack::dropRun()
 {
-    if (!canUndo())
+    if (!_mayMerge)
         return false;
     _commands[_done - 1]->undo();
-    --_done;
-    discardUndone();
-    _mayMerge = false;
+    forgetNewest();
     tell();
     return true;
 }
@@ -125,8 +125,16 @@ void CO_CommandStack::enforceLimit()
 
 bool CO_CommandStack::mergeIntoNewest(const CO_Command& command)
 {
-    if (!_mayMerge || !canUndo() || !_commands[_done - 1]->canMergeWith(command))
+    if (!_mayMerge || !_commands[_done - 1]->canMergeWith(command))
         return false;
     _commands[_done - 1]->mergeWith(command);
     return true;
+}
+
+// What follows must not continue the run before the forgotten one.
+void CO_CommandStack::forgetNewest()
+{
+    _commands.pop_back();
+    --_done;
+    _mayMerge = false;
 }

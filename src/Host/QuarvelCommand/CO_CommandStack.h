@@ -17,7 +17,6 @@
 ///
 /// When a command throws, the exception passes through and the history is unchanged. Used on the thread that owns the
 /// document.
-/// thread that owns the document.
 class QUARVELCOMMAND_EXPORT CO_CommandStack : public XUTeller
 {
 public:
@@ -28,16 +27,17 @@ public:
     /// effect, is dropped without being executed.
     ///
     /// A command that continues the newest one (CO_Command::canMergeWith) becomes part of it, unless something came
-    /// between them: undo(), redo(), setClean(), endMerging().
+    /// between them: undo(), redo(), setClean(), endMerging(). A run of changes that ends where it began leaves no
+    /// command behind.
     ///
     /// @return whether anything was executed
     bool execute(std::unique_ptr<CO_Command> command);
 
     /// Undoes the newest command. @return false when there is none
     bool undo();
-    /// Undoes the newest command and forgets it: a change that was given up before it was finished, such as a drag that
-    /// the person breaks off. @return false when there is none
-    bool drop();
+    /// Undoes the run of changes that is under way and forgets it, as when a drag is cancelled.
+    /// @return false when there is none: after endMerging() nothing was executed, or only what cancelled out
+    bool dropRun();
     /// Redoes the command undone last. @return false when there is none
     bool redo();
 
@@ -69,10 +69,11 @@ private:
     void discardUndone();
     void enforceLimit();
     bool mergeIntoNewest(const CO_Command& command);
+    void forgetNewest();
 
     std::vector<std::unique_ptr<CO_Command>> _commands;
     std::size_t _done = 0;
     std::size_t _limit = 0;
     std::optional<std::size_t> _clean = 0;
-    bool _mayMerge = false;
+    bool _mayMerge = false; ///< the newest command belongs to a run of changes that goes on
 };

@@ -22,12 +22,32 @@ public:
     int count = 0;
 };
 
+// Moves a slider. Moves that follow each other are one change.
+class Slide : public CO_Command
+{
+public:
+    Slide(int& place, int way) : _place(place), _way(way) {}
+
+    QString name() const override { return QStringLiteral("Slide"); }
+    void execute() override { _place += _way; }
+    void undo() override { _place -= _way; }
+    bool hasEffect() const override { return _way != 0; }
+    bool canMergeWith(const CO_Command& later) const override { return dynamic_cast<const Slide*>(&later); }
+    void mergeWith(const CO_Command& later) override { _way += static_cast<const Slide&>(later)._way; }
+
+private:
+    int& _place;
+    int _way;
+};
+
 class CommandStack : public testing::Test
 {
 protected:
     bool run(char letter) { return stack.execute(Append::make(text, letter)); }
+    bool slide(int way) { return stack.execute(std::make_unique<Slide>(place, way)); }
 
     QString text;
+    int place = 0;
     CO_CommandStack stack;
 };
 
@@ -76,21 +96,57 @@ TEST_F(CommandStack, ForgetsWhatWasUndoneWhenSomethingNewIsDone)
     EXPECT_EQ(text, QStringLiteral("B"));
 }
 
-TEST_F(CommandStack, ForgetsAChangeThatWasGivenUp)
+TEST_F(CommandStack, ForgetsARunOfChangesThatWasGivenUp)
 {
-    run('A');
+    slide(7);
     stack.setClean();
-    run('B');
-    EXPECT_TRUE(stack.drop());
-    EXPECT_EQ(text, QStringLiteral("A"));
+    slide(1);
+    slide(2);
+    EXPECT_TRUE(stack.dropRun());
+    EXPECT_EQ(place, 7);
     EXPECT_FALSE(stack.canRedo());
     EXPECT_TRUE(stack.isClean());
-    EXPECT_TRUE(stack.drop());
-    EXPECT_EQ(text, QString());
-    EXPECT_FALSE(stack.drop());
-    // What was clean is gone for good.
-    run('C');
-    EXPECT_FALSE(stack.isClean());
+    // What was done before the run stays.
+    EXPECT_FALSE(stack.dropRun());
+    EXPECT_EQ(place, 7);
+}
+
+TEST_F(CommandStack, HasNoRunToForgetAfterItsEnd)
+{
+    slide(7);
+    stack.endMerging();
+    EXPECT_FALSE(stack.dropRun());
+    slide(2);
+    stack.undo();
+    EXPECT_FALSE(stack.dropRun());
+    EXPECT_EQ(place, 7);
+}
+
+TEST_F(CommandStack, KeepsNothingOfARunThatEndsWhereItBegan)
+{
+    slide(7);
+    stack.setClean();
+    slide(3);
+    slide(-2);
+    EXPECT_TRUE(stack.canUndo());
+    EXPECT_TRUE(slide(-1));
+    EXPECT_EQ(place, 7);
+    EXPECT_TRUE(stack.isClean());
+    EXPECT_EQ(stack.undoNames().size(), 1);
+    stack.undo();
+    EXPECT_EQ(place, 0);
+}
+
+TEST_F(CommandStack, DoesNotTakeARunBeyondItsBeginningIntoTheRunBefore)
+{
+    slide(7);
+    stack.endMerging();
+    slide(3);
+    slide(-3);
+    slide(2);
+    EXPECT_EQ(stack.undoNames().size(), 2);
+    EXPECT_TRUE(stack.dropRun());
+    EXPECT_EQ(place, 7);
 }
 
 TEST_F(CommandStack, DropsCommandsWithoutEffect)

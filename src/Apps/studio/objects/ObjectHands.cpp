@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A pull is one step in the history: its changes merge, and a pull that ends at the initial values leaves no step.
+// A pull is one step in the history: its changes merge, and one that ends at the initial values leaves no step.
 #include "studio/objects/ObjectHands.h"
 
 #include "QuarvelSceneCore/graph/MO_SceneCommon.h"
@@ -150,24 +150,13 @@ void ObjectHands::release(const QPointF& place, Qt::KeyboardModifiers modifiers)
         takeRectangle(place, adds);
         break;
     case Doing::PULL:
-        finishPull();
+        _objects.finishChange();
         break;
     case Doing::NOTHING:
         break;
     }
     hover(place);
     update();
-}
-
-void ObjectHands::finishPull()
-{
-    const std::vector<SceneObject>& selected = _objects.selected();
-    const bool isAsBefore = std::ranges::equal(selected, _before, [](const SceneObject& now, const SceneObject& then) {
-        return isSame(now, then) && now.values == then.values && now.tilt == then.tilt;
-    });
-    if (_pulledAny && isAsBefore)
-        _objects.document().commands().drop();
-    _objects.finishChange();
 }
 
 void ObjectHands::click(const QPointF& place, bool adds)
@@ -235,7 +224,7 @@ bool ObjectHands::cancel()
     switch (std::exchange(_doing, Doing::NOTHING)) {
     case Doing::PULL:
         if (_pulledAny)
-            _objects.document().commands().drop();
+            _objects.document().commands().dropRun();
         _objects.finishChange();
         break;
     case Doing::RECTANGLE:

@@ -66,7 +66,6 @@ private:
     void takeRectangle(const QPointF& to, bool adds);
     void pull(const QPointF& to, bool carefully);
     MO_EditCommand pullCmd(const std::vector<SceneObject>& objects, const QPointF& way, bool carefully) const;
-    void finishPull();
     std::vector<SceneObject> under(const QPointF& place) const;
     QRectF rectOf(const SceneObject& object) const;
     double unit() const;

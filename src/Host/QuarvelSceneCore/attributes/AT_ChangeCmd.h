@@ -14,7 +14,7 @@
 /// Changes the state of an attribute.
 ///
 /// @tparam Attr the attribute's class
-/// @tparam State what changes, a value
+/// @tparam State what changes, a value that can be compared
 template<typename Attr, typename State>
 class AT_ChangeCmd : public CO_Command
 {
@@ -36,6 +36,7 @@ public:
     QString name() const override { return _name; }
     void execute() override { put(_after); }
     void undo() override { put(_before); }
+    bool hasEffect() const override { return !(_before == _after); }
 
     bool canMergeWith(const CO_Command& later) const override
     {

@@ -67,6 +67,11 @@ void AT_EnumAttrBase::SetLocalValueCmd::undo()
         attr->setLocalInt(_before);
 }
 
+bool AT_EnumAttrBase::SetLocalValueCmd::hasEffect() const
+{
+    return _before != _after;
+}
+
 bool AT_EnumAttrBase::SetLocalValueCmd::canMergeWith(const CO_Command& later) const
 {
     const auto* other = dynamic_cast<const SetLocalValueCmd*>(&later);

@@ -76,6 +76,7 @@ public:
     QString name() const override;
     void execute() override;
     void undo() override;
+    bool hasEffect() const override;
     bool canMergeWith(const CO_Command& later) const override;
     void mergeWith(const CO_Command& later) override;
 

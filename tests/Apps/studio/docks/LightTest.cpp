@@ -348,6 +348,27 @@ TEST_F(LightTest, AColourThatIsChosenDuringTheAnimationSetsNothingElse)
     EXPECT_FALSE(window->lights().hasKey(MO_Light::INTENSITY));
 }
 
+TEST_F(LightTest, AColourThatIsTriedAndCancelledLeavesNoTrace)
+{
+    openDisc();
+    const StudioLight before = light();
+    QTimer chooser;
+    QObject::connect(&chooser, &QTimer::timeout, &chooser, [&] {
+        auto* const dialog = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        chooser.stop();
+        dialog->setCurrentColor(QColor(200, 40, 40));
+        EXPECT_EQ(light().colour, QColor(200, 40, 40));
+        dialog->reject();
+    });
+    chooser.start(10);
+    QTest::mouseClick(window->findChild<QPushButton*>(QStringLiteral("lightColour")), Qt::LeftButton);
+    EXPECT_EQ(light(), before);
+    EXPECT_FALSE(document().commands().canUndo());
+    EXPECT_FALSE(document().holdsWork());
+}
+
 TEST_F(LightTest, TheWheelOverThePanelScrollsAndChangesNothing)
 {
     openDisc();

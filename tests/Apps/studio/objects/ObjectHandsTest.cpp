@@ -177,6 +177,21 @@ TEST_F(ObjectHandsTest, EscapeTakesAPullBackAndLeavesNoTrace)
     EXPECT_EQ(selected(), QStringList());
 }
 
+TEST_F(ObjectHandsTest, EscapeTakesNothingBackThatWasDoneBeforeThePull)
+{
+    openParts();
+    click(kHead);
+    pull(ObjectHandle::ELEVATION, QPoint(0, -50));
+    // The second pull goes away and back: at the moment of Escape it has changed nothing.
+    pressOn(ObjectHandle::ELEVATION);
+    pullTo(QPoint(0, -20));
+    pullTo(QPoint(0, 0));
+    QTest::keyClick(&viewer(), Qt::Key_Escape);
+    letGo(QPoint(0, 0));
+    EXPECT_EQ(valuesOf("Head").elevation, 1.5);
+    EXPECT_EQ(document().commands().undoNames().size(), 1);
+}
+
 TEST_F(ObjectHandsTest, APullBackToWhereItBeganIsNoStep)
 {
     openParts();
