@@ -409,6 +409,67 @@ TEST_F(NodeViewTest, ArrangeLetsTheGraphPlaceTheNodesAgain)
     EXPECT_EQ(middleInGraph("Hat"), was);
 }
 
+TEST_F(NodeViewTest, ConnectingMovesNoNodeUntilTheGraphIsArranged)
+{
+    const QStringList names{QStringLiteral("Hero"), QStringLiteral("Hat"), QStringLiteral("Composite"),
+                            QStringLiteral("Display"), QStringLiteral("Arm")};
+    const auto places = [&] {
+        QList<QPointF> middles;
+        for (const QString& name : names)
+            middles << middleInGraph(qPrintable(name));
+        return middles;
+    };
+    const QList<QPointF> first = places();
+    // By itself, the layout would put the arm into a row above the composite.
+    drag(*nodes().viewport(), port(module("Arm"), false, 0), port(module("Composite"), true, 2));
+    ASSERT_NE(module("Composite").inPort(2)->srcPort(), nullptr);
+    docks::settle();
+    EXPECT_EQ(places(), first);
+    document.undo();
+    docks::settle();
+    EXPECT_EQ(places(), first);
+    document.redo();
+    document.setSelection({});
+    QTest::keyClick(&nodes(), Qt::Key_L);
+    docks::settle();
+    const GraphLayout arranged = layoutGraph(document.scene().root());
+    for (const QString& name : names)
+        EXPECT_EQ(middleInGraph(qPrintable(name)), arranged[&module(qPrintable(name))].center()) << qPrintable(name);
+    EXPECT_NE(places(), first);
+}
+
+TEST_F(NodeViewTest, ANodeKeepsItsPlaceWhileAnotherGroupIsLookedAt)
+{
+    drag(*nodes().viewport(), port(module("Arm"), false, 0), port(module("Composite"), true, 2));
+    docks::settle();
+    const QPointF was = middleInGraph("Arm");
+    nodes().enter(dynamic_cast<XUGroup&>(module("Arm")));
+    nodes().leave();
+    docks::settle();
+    EXPECT_EQ(middleInGraph("Arm"), was);
+}
+
+TEST_F(NodeViewTest, WhatIsNewGivesWayToWhatStands)
+{
+    const GraphLayout alone = layoutGraph(document.scene().root());
+    // Everything stands a little higher than the layout would have it, and the arm where the new node would come.
+    NodePlaces standing;
+    for (auto node = alone.cbegin(); node != alone.cend(); ++node)
+        standing.insert(node.key(), node->center() - QPointF(0.0, 10.0));
+    auto& added = document.scene().root().emplace<MO_DisplayModule>();
+    ASSERT_TRUE(MO_Scene::connect(module("Hat"), added).ok());
+    const QRectF wanted = layoutGraph(document.scene().root())[&added];
+    standing[&module("Arm")] = wanted.center();
+    const GraphLayout layout = layoutGraph(document.scene().root(), standing);
+    for (const auto& [node, place] : standing.asKeyValueRange())
+        EXPECT_EQ(layout[node].center(), place);
+    for (auto node = layout.cbegin(); node != layout.cend(); ++node)
+        if (node.key() != &added) {
+            EXPECT_FALSE(node->intersects(layout[&added]));
+        }
+    EXPECT_EQ(layout[&added].center().y(), wanted.center().y() - 10.0);
+}
+
 TEST_F(NodeViewTest, ANewNodeAppearsWhereTheMenuWasOpened)
 {
     const QPoint place(40, nodes().viewport()->height() - 40);

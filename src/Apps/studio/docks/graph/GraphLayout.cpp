@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Rows, then the order within them, then the places.
+// Rows, then the order within them, then the places; at last, nodes that stood elsewhere go back there.
 #include "studio/docks/graph/GraphLayout.h"
 
 #include <algorithm>
@@ -310,6 +310,46 @@ private:
     std::vector<std::vector<int>> _rows; // by levels
 };
 
+// How far new nodes have to go so that they are again where the layout has them beside the nodes that they are linked
+// to, which stand elsewhere.
+NodePlaces waysToNewNodes(const XUGroup& group, const GraphLayout& layout, const NodePlaces& standing)
+{
+    NodePlaces ways;
+    QHash<const MO_Module*, int> counts;
+    const auto follow = [&](const MO_Module* one, const MO_Module* other) {
+        const auto place = standing.constFind(other);
+        if (place == standing.constEnd() || standing.contains(one) || !layout.contains(other))
+            return;
+        ways[one] += *place - layout[other].center();
+        ++counts[one];
+    };
+    const auto followLinks = [&](const MO_Module& module) {
+        for (unsigned i = 0; i < module.nInPorts(); ++i)
+            if (const MO_Port* const source = module.inPort(i)->srcPort()) {
+                follow(&module, source->module());
+                follow(source->module(), &module);
+            }
+    };
+    for (const auto& module : group.modules())
+        followLinks(*module);
+    followLinks(group.exit());
+    for (auto way = ways.begin(); way != ways.end(); ++way)
+        *way /= counts[way.key()];
+    return ways;
+}
+
+// Puts a new node where it covers no other one: as far to the right as it has to be.
+void giveRoom(GraphLayout& layout, const MO_Module& module, const QPointF& way)
+{
+    QRectF box = layout.take(&module).translated(way);
+    const auto inTheWay = [&] {
+        return std::ranges::find_if(std::as_const(layout), [&](const QRectF& other) { return other.intersects(box); });
+    };
+    for (auto other = inTheWay(); other != std::as_const(layout).end(); other = inTheWay())
+        box.moveLeft(other->right() + kColumnGap);
+    layout.insert(&module, box);
+}
+
 } // namespace
 
 QSizeF nodeSize(const MO_Module& module)
@@ -324,11 +364,21 @@ QPointF portPlace(const QRectF& box, bool isInput, unsigned index, unsigned coun
     return {x, isInput ? box.top() : box.bottom()};
 }
 
-GraphLayout layoutGraph(const XUGroup& group)
+GraphLayout layoutGraph(const XUGroup& group, const NodePlaces& standing)
 {
     GraphLayout layout = Layouter(group).result();
-    for (const auto& module : group.modules())
-        if (const auto& place = module->graphPlace())
-            layout[module.get()].moveCenter({place->x, place->y});
+    const NodePlaces ways = waysToNewNodes(group, layout, standing);
+    for (auto node = layout.begin(); node != layout.end(); ++node) {
+        if (const auto& place = node.key()->graphPlace())
+            node->moveCenter({place->x, place->y});
+        else if (standing.contains(node.key()))
+            node->moveCenter(standing[node.key()]);
+    }
+    const bool isSeenFirst =
+        std::ranges::none_of(group.modules(), [&](const auto& each) { return standing.contains(each.get()); });
+    if (!isSeenFirst)
+        for (const auto& module : group.modules())
+            if (!module->graphPlace() && !standing.contains(module.get()))
+                giveRoom(layout, *module, ways.value(module.get()));
     return layout;
 }

@@ -176,11 +176,7 @@ void NodeActions::arrangeSelected()
     if (modules.empty())
         for (const auto& module : _view.group().modules())
             modules.push_back(module.get());
-    std::vector<std::pair<MO_Module*, std::optional<MO_GraphPlace>>> places;
-    places.reserve(modules.size());
-    for (MO_Module* const module : modules)
-        places.emplace_back(module, std::nullopt);
-    _view.document().execute(MO_placeModulesCmd(places));
+    _view.arrange(modules);
 }
 
 void NodeActions::showMenu(const QPoint& globalPosition, MO_Module* module, const NodePort& link)

@@ -5,6 +5,7 @@
 #include "studio/docks/graph/NodeView.h"
 
 #include "QuarvelSceneCore/editing/MO_LinkCommands.h"
+#include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
 #include "studio/docks/graph/LinkItem.h"
 #include "studio/docks/graph/NodeColors.h"
 
@@ -66,6 +67,7 @@ void NodeView::forgetScene()
 {
     _group = &_document.scene().root();
     _fitsAll = true;
+    _standing.clear();
     rebuild();
     Q_EMIT groupChanged();
 }
@@ -125,7 +127,7 @@ void NodeView::rebuild()
     _items.clear();
     scene()->clear();
     _shown = describeGraph();
-    _layout = layoutGraph(*_group);
+    layOut();
     for (const auto& module : _group->modules())
         addNode(*module);
     addNode(_group->entry());
@@ -148,6 +150,35 @@ void NodeView::rebuild()
     if (_fitsAll)
         fit(kLegible);
     viewport()->update();
+}
+
+void NodeView::layOut()
+{
+    _standing.removeIf([](const auto& node) { return !node.value().node.get(); });
+    NodePlaces places;
+    for (auto node = _standing.cbegin(); node != _standing.cend(); ++node)
+        places.insert(node.key(), node->place);
+    _layout = layoutGraph(*_group, places);
+    const auto note = [this](MO_Module& module) {
+        if (const auto box = _layout.constFind(&module); box != _layout.constEnd() && !module.graphPlace())
+            _standing.insert(&module, {UT_WeakPtr<MO_Module>(&module), box->center()});
+    };
+    for (const auto& module : _group->modules())
+        note(*module);
+    note(_group->entry());
+    note(_group->exit());
+}
+
+void NodeView::arrange(const std::vector<MO_Module*>& modules)
+{
+    std::vector<std::pair<MO_Module*, std::optional<MO_GraphPlace>>> places;
+    places.reserve(modules.size());
+    for (MO_Module* const module : modules) {
+        _standing.remove(module);
+        places.emplace_back(module, std::nullopt);
+    }
+    if (!_document.execute(MO_placeModulesCmd(places)))
+        rebuild();
 }
 
 void NodeView::addNode(MO_Module& module)

@@ -46,6 +46,8 @@ public:
     void connectPorts(const NodePort& source, const NodePort& target);
     /// Cuts the link of an input.
     void cutLink(const NodePort& input);
+    /// Gives nodes back to the automatic layout.
+    void arrange(const std::vector<MO_Module*>& modules);
     /// Lets the person type a new name in the place of the old one.
     void editName(MO_Module& module);
     /// The middle of the visible part, or the next place without a node; new nodes that are added by key go there.
@@ -86,12 +88,20 @@ protected:
     void drawForeground(QPainter* painter, const QRectF& rect) override;
 
 private:
+    /// Where the layout put a node.
+    struct StandingNode
+    {
+        UT_WeakPtr<MO_Module> node; ///< null after its end, when another one may have its address
+        QPointF place;
+    };
+
     void forgetScene();
     void refresh();
     void rebuild();
     void fit(double leastScale);
     void addNode(MO_Module& module);
     void addLinks(MO_Module& module);
+    void layOut();
     bool isInScene(const XUGroup& group) const;
     QString describeGraph() const;
     void showSelection();
@@ -116,6 +126,7 @@ private:
     XUGroup* _group;
     QString _shown; // describes what the items show
     GraphLayout _layout;
+    QHash<const MO_Module*, StandingNode> _standing; ///< of all groups that were looked at
     QHash<const MO_Module*, NodeItem*> _items;
     bool _synchronizing = false;
     bool _taking = false; // the selection was made here
