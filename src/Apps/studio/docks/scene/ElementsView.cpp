@@ -11,8 +11,9 @@
 #include <QDir>
 #include <QHeaderView>
 #include <QPushButton>
-#include <QTextStream>
 #include <QTreeWidget>
+
+#include <algorithm>
 
 namespace {
 
@@ -30,6 +31,28 @@ std::vector<MO_ElementModule*> elementsOf(const MO_Scene& scene)
 }
 
 } // namespace
+
+// What the rows of an element show. A drawing that changes is replaced by another object.
+struct ElementsView::ShownElement
+{
+    QString name;
+    QStringList files;
+    std::map<QString, UT_SharedPtr<CELVEC_Kvd>> drawings;
+    AT_ExposureSheet exposures;
+
+    explicit ShownElement(const MO_ElementModule& element)
+        : name(element.instanceName())
+        , files(element.origin().files)
+        , drawings(element.drawings())
+        , exposures(element.drawingAttr()->exposures())
+    {}
+
+    bool shows(const MO_ElementModule& element) const
+    {
+        return name == element.instanceName() && files == element.origin().files && drawings == element.drawings() &&
+               exposures == element.drawingAttr()->exposures();
+    }
+};
 
 class ElementsView::DrawingRow : public QTreeWidgetItem
 {
@@ -124,25 +147,18 @@ QString ElementsView::framesOf(const AT_ExposureSheet& sheet, const QString& dra
     return parts.join(QStringLiteral(", "));
 }
 
-QString ElementsView::describe() const
+// Asked after every command, also while a value is dragged, so it copies nothing.
+bool ElementsView::isShown() const
 {
     const MO_Scene& scene = _document.scene();
-    QString text;
-    QTextStream stream(&text);
-    stream << scene.firstFrame() << ' ' << scene.lastFrame() << '\n';
-    for (const MO_ElementModule* element : elementsOf(scene)) {
-        stream << element << element->instanceName() << element->origin().files.join(u' ') << '\n';
-        for (const auto& [name, drawing] : element->drawings())
-            stream << name << ' ' << drawing.get() << '\n';
-        for (const auto& [frame, name] : element->drawingAttr()->exposures().exposures())
-            stream << frame << ' ' << name << '\n';
-    }
-    return text;
+    return _shownFrames == std::pair(scene.firstFrame(), scene.lastFrame()) &&
+           std::ranges::equal(_shown, elementsOf(scene),
+                              [](const ShownElement& shown, const MO_ElementModule* now) { return shown.shows(*now); });
 }
 
 void ElementsView::refresh()
 {
-    if (describe() != _shown)
+    if (!isShown())
         rebuild();
 }
 
@@ -153,9 +169,11 @@ void ElementsView::rebuild()
     const QString drawing = current && current->parent() ? current->text(0) : QString();
     const QString element = !current ? QString() : current->parent() ? current->parent()->text(0) : current->text(0);
     _tree->clear();
-    _shown = describe();
+    _shown.clear();
     const MO_Scene& scene = _document.scene();
+    _shownFrames = {scene.firstFrame(), scene.lastFrame()};
     for (MO_ElementModule* each : elementsOf(scene)) {
+        _shown.emplace_back(*each);
         auto* top = new QTreeWidgetItem(_tree, {each->instanceName()});
         if (const QStringList& files = each->origin().files; !files.isEmpty())
             top->setToolTip(0, tr("From %1").arg(QDir::toNativeSeparators(files.first())));

@@ -9,6 +9,8 @@
 
 #include <QWidget>
 
+#include <vector>
+
 class QPushButton;
 class QTreeWidget;
 class QTreeWidgetItem;
@@ -34,10 +36,11 @@ public:
 
 private:
     class DrawingRow;
+    struct ShownElement;
 
     void refresh();
     void rebuild();
-    QString describe() const;
+    bool isShown() const;
     void showFrame();
     void showSelection();
     void takeSelection();
@@ -48,6 +51,7 @@ private:
     QTreeWidget* _tree;
     QPushButton* _expose;
     QPushButton* _nothing;
-    QString _shown;
+    std::vector<ShownElement> _shown;
+    std::pair<int, int> _shownFrames; ///< the scene's first and last
     bool _synchronizing = false;
 };
