@@ -310,6 +310,17 @@
     </message>
 </context>
 <context>
+    <name>DepthHint</name>
+    <message>
+        <source>Hardly seen: the bevel of %1, %2, is too wide for parts this narrow. Lower it to about %3, or draw them as a layer of their own and carve that.</source>
+        <translation>Kaum zu sehen: Die Kante von %1, %2, ist zu breit für so schmale Teile. Senken Sie sie auf etwa %3, oder zeichnen Sie die Teile als eigene Ebene und vertiefen Sie diese.</translation>
+    </message>
+    <message>
+        <source>Not seen: %1 has no other colour, and a depth shows only beside another. Its elevation raises or carves it as a whole.</source>
+        <translation>Nicht zu sehen: %1 hat keine andere Farbe, und eine Tiefe zeigt sich nur neben einer anderen. Die Höhe des Objekts hebt oder vertieft es als Ganzes.</translation>
+    </message>
+</context>
+<context>
     <name>DrawingSources</name>
     <message>
         <source>%1 is being written.</source>

@@ -5,8 +5,10 @@
 
 #include "studio/docks/scene/ColourDepthView.h"
 #include "studio/docks/scene/PropertiesView.h"
+#include "studio/objects/ValueField.h"
 
 #include <QDockWidget>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
@@ -104,6 +106,46 @@ TEST_F(ColourDepthTest, ThePictureFollowsWhileTheSliderIsDragged)
     release(kGold, 40);
     EXPECT_NEAR(depth(kGold).toInt(), 40, kReach);
     EXPECT_EQ(depth(kBlue), QStringLiteral("255"));
+}
+
+TEST_F(ColourDepthTest, SaysThatABevelIsTooWideForTheDepthOfANarrowPartAndWhichOneWouldDo)
+{
+    // An eye of 20 x 20 in a picture of 200 is 72 scene units broad: well seen with a bevel of 144.
+    drop({write(QStringLiteral("face.svg"), R"(<svg xmlns="http://www.w3.org/2000/svg" width="200" height="100"
+     xmlns:inkscape="http://www.inkscape.org/namespaces/inkscape"><g inkscape:groupmode="layer" inkscape:label="Face">
+  <rect x="20" y="10" width="160" height="80" fill="#3060c0"/><rect x="60" y="30" width="20" height="20" fill="#d0a020"/>
+</g><g inkscape:groupmode="layer" inkscape:label="Hat"><rect x="20" y="2" width="160" height="6" fill="#208020"/></g>
+</svg>)")});
+    ASSERT_TRUE(waitForPicture());
+    window->findChild<QDockWidget*>(QStringLiteral("ColourDepthDock"))->raise();
+    QCoreApplication::processEvents();
+    click(QPointF(60.5, 100.5));
+    ValueField& bevel = bar().field(ObjectValue::BEVEL);
+    bevel.setValue(400.0);
+    press(kGold, 0);
+    release(kGold, 0);
+    const auto* const hint = view().findChild<QLabel*>(QStringLiteral("ColourDepthsHint"));
+    ASSERT_TRUE(studio_testing::waitUntil([&] { return hint->isVisible(); }));
+    EXPECT_TRUE(hint->text().contains(QStringLiteral("bevel of Face, 400, is too wide"))) << qPrintable(hint->text());
+    EXPECT_TRUE(hint->text().contains(QStringLiteral("about 144"))) << qPrintable(hint->text());
+    bevel.setValue(144.0);
+    EXPECT_TRUE(studio_testing::waitUntil([&] { return !hint->isVisible(); }));
+    // The face itself is broad enough for any of these bevels.
+    bevel.setValue(400.0);
+    ASSERT_TRUE(studio_testing::waitUntil([&] { return hint->isVisible(); }));
+    press(kBlue, 100);
+    release(kBlue, 100);
+    EXPECT_TRUE(studio_testing::waitUntil([&] { return !hint->isVisible(); }));
+}
+
+TEST_F(ColourDepthTest, SaysThatTheOnlyColourOfAnObjectHasNothingToLieDeeperThan)
+{
+    openDepths();
+    press(kGold, 40);
+    release(kGold, 40);
+    const auto* const hint = view().findChild<QLabel*>(QStringLiteral("ColourDepthsHint"));
+    ASSERT_TRUE(studio_testing::waitUntil([&] { return hint->isVisible(); }));
+    EXPECT_TRUE(hint->text().contains(QStringLiteral("Head has no other colour"))) << qPrintable(hint->text());
 }
 
 TEST_F(ColourDepthTest, ADragIsOneStepThatSaysWhatChangedAndUndoRestoresTheVeryValue)

@@ -5,6 +5,7 @@
 #include "studio/docks/scene/ColourDepthModel.h"
 
 #include "studio/docks/scene/ColourSwatch.h"
+#include "studio/docks/scene/DepthHint.h"
 #include "studio/docks/scene/PaletteView.h"
 
 #include <QGuiApplication>
@@ -54,6 +55,12 @@ int ColourDepthModel::nearestRow(const QColor& seen) const
         if (colour(row)->colour.isValid() && (nearest < 0 || distance(*colour(row)) < distance(*colour(nearest))))
             nearest = row;
     return nearest;
+}
+
+QString ColourDepthModel::whyUnseen(int row) const
+{
+    const MO_Module* const node = this->node();
+    return node && colour(row) ? whyDepthIsUnseen(_document, *node, *colour(row)) : QString();
 }
 
 void ColourDepthModel::changeOn(int row, std::optional<int> depth)

@@ -30,6 +30,8 @@ public:
     const ColourDepth* colour(int row) const;
     /// The row whose colour is nearest to one that was seen; -1 when there is none.
     int nearestRow(const QColor& seen) const;
+    /// Why the depth of a row cannot be seen in the picture; empty where it can.
+    QString whyUnseen(int row) const;
     /// Which rows change together with a row; itself alone to begin with.
     void setTogether(std::function<QList<int>(int row)> together) { _together = std::move(together); }
 

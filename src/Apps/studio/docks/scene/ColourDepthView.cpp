@@ -9,6 +9,7 @@
 #include <QBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -22,6 +23,7 @@ namespace {
 
 constexpr int kRowHeight = 30;
 constexpr int kFarStep = 16;
+constexpr int kRest = 200; // milliseconds
 
 } // namespace
 
@@ -32,6 +34,7 @@ ColourDepthView::ColourDepthView(StudioDocument& document, QWidget* parent)
     , _search(new QLineEdit)
     , _pick(new QPushButton(tr("&Pick from Picture")))
     , _table(new QTableView)
+    , _hint(new QLabel)
 {
     setObjectName(QStringLiteral("ColourDepths"));
     _search->setObjectName(QStringLiteral("ColourDepthsSearch"));
@@ -46,6 +49,7 @@ ColourDepthView::ColourDepthView(StudioDocument& document, QWidget* parent)
     _found->setFilterKeyColumn(ColourDepthModel::NAME);
     _found->setFilterCaseSensitivity(Qt::CaseInsensitive);
     makeTable();
+    makeHint(document);
 
     auto* const bar = new QHBoxLayout;
     bar->addWidget(_search, 1);
@@ -55,6 +59,7 @@ ColourDepthView::ColourDepthView(StudioDocument& document, QWidget* parent)
     rows->setSpacing(6);
     rows->addLayout(bar);
     rows->addWidget(_table, 1);
+    rows->addWidget(_hint);
     setFocusProxy(_table);
 
     _model->setTogether([this](int row) { return rowsTogether(row); });
@@ -87,6 +92,31 @@ void ColourDepthView::makeTable()
     _table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     _table->viewport()->installEventFilter(this);
     _table->installEventFilter(this);
+}
+
+void ColourDepthView::makeHint(const StudioDocument& document)
+{
+    _hint->setObjectName(QStringLiteral("ColourDepthsHint"));
+    _hint->setWordWrap(true);
+    _hint->setMargin(4);
+    _hint->hide();
+    _rest.setSingleShot(true);
+    _rest.setInterval(kRest);
+    const auto wait = [this] { _rest.start(); };
+    connect(_model, &QAbstractItemModel::dataChanged, this, wait);
+    connect(_model, &QAbstractItemModel::modelReset, this, wait);
+    connect(_table->selectionModel(), &QItemSelectionModel::currentChanged, this, wait);
+    connect(&document, &StudioDocument::currentFrameChanged, this, wait);
+    connect(&_rest, &QTimer::timeout, this, &ColourDepthView::showHint);
+}
+
+void ColourDepthView::showHint()
+{
+    // Looking through all drawings takes time that a drag does not have.
+    if (_dragged.isValid())
+        return _rest.start();
+    _hint->setText(_model->whyUnseen(_found->mapToSource(_table->currentIndex()).row()));
+    _hint->setVisible(!_hint->text().isEmpty());
 }
 
 QPoint ColourDepthView::sliderPlace(const QModelIndex& index, int depth) const

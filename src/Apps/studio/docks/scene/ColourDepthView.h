@@ -9,12 +9,16 @@
 //   double click, F2       types the number
 //   box                    gives the colour a depth of its own, or takes it away
 //   Pick from Picture      the next click in the picture selects the colour that is seen there
+//
+// Where the depth of the current colour cannot be seen, the panel says why.
 #pragma once
 
 #include "studio/docks/scene/ColourDepthModel.h"
 
+#include <QTimer>
 #include <QWidget>
 
+class QLabel;
 class QLineEdit;
 class QMouseEvent;
 class QPushButton;
@@ -48,6 +52,8 @@ protected:
 
 private:
     void makeTable();
+    void makeHint(const StudioDocument& document);
+    void showHint();
     QList<int> rowsTogether(int row) const;
     bool press(const QMouseEvent& event);
     void dragTo(const QPoint& place);
@@ -59,5 +65,7 @@ private:
     QLineEdit* _search;
     QPushButton* _pick;
     QTableView* _table;
+    QLabel* _hint;                  ///< why the depth of the current row cannot be seen; hidden where it can
+    QTimer _rest;                   ///< runs out when nothing has changed for a moment
     QPersistentModelIndex _dragged; ///< of the model, in the column of depths
 };
