@@ -73,15 +73,6 @@ void StudioDocument::replaceScene(std::unique_ptr<MO_Scene> scene, const QString
     Q_EMIT stateChanged();
 }
 
-UT_Result<QStringList> StudioDocument::open(const QString& folder)
-{
-    UT_Result<SIO_LoadedScene> loaded = SIO_loadScene(folder);
-    if (!loaded)
-        return loaded.error();
-    replaceScene(std::move(loaded->scene), folder, false, loaded->state);
-    return loaded->warnings;
-}
-
 UT_Result<void> StudioDocument::save(const QString& folder)
 {
     Q_EMIT aboutToSave();

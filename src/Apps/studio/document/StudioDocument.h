@@ -11,7 +11,6 @@
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
 
 #include <QObject>
-#include <QStringList>
 
 #include <memory>
 
@@ -43,10 +42,6 @@ public:
     /// @param state the folder's state when the scene was loaded; empty if unknown
     void replaceScene(std::unique_ptr<MO_Scene> scene, const QString& folder, bool isModified,
                       SIO_SceneState state = {});
-    /// Opens a scene from disk. If that fails, the document stays unchanged.
-    ///
-    /// @return warnings for people
-    UT_Result<QStringList> open(const QString& folder);
     /// Saves the scene, whatever is in the folder.
     UT_Result<void> save(const QString& folder);
     /// Saves the scene, unless the folder is its own and somebody else saved another scene there after this one was

@@ -209,7 +209,7 @@ TEST_F(LightTest, EachSceneHasItsOwnLightsAndKeepsThem)
 
     document().replaceScene(std::make_unique<MO_Scene>(), {}, false);
     EXPECT_EQ(light(), StudioLight{});
-    ASSERT_TRUE(document().open(scene).ok());
+    openScene(scene);
     EXPECT_EQ(light(), saved);
     EXPECT_FALSE(document().isModified());
 }

@@ -278,7 +278,7 @@ TEST_F(ObjectHandsTest, ATiltTurnsThePictureAndIsSavedWithTheScene)
     EXPECT_NEAR(pixel->normal[1], 0.0, 0.01);
     ASSERT_TRUE(window->saveTo(folder.filePath(QStringLiteral("parts.scene"))));
     renew();
-    ASSERT_TRUE(document().open(folder.filePath(QStringLiteral("parts.scene"))).ok());
+    openScene(folder.filePath(QStringLiteral("parts.scene")));
     EXPECT_EQ(object("Head").tilt, (ObjectTilt{30.0, 0.0}));
 }
 
@@ -461,7 +461,7 @@ TEST_F(ObjectHandsTest, TheChosenFormIsSavedWithTheScene)
         changeValueCmd({object("Head")}, ObjectValue::BEVEL, 1.0, [](const auto&) { return 3.0; }));
     ASSERT_TRUE(window->saveTo(folder.filePath(QStringLiteral("parts.scene"))));
     renew();
-    ASSERT_TRUE(document().open(folder.filePath(QStringLiteral("parts.scene"))).ok());
+    openScene(folder.filePath(QStringLiteral("parts.scene")));
     ASSERT_EQ(valuesOf("Head").bevel, 3.0);
     EXPECT_EQ(asChosen(object("Head")).values, chosen);
 }

@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Ten thousand random steps through all docks, always the same ones: nodes come and go while their editors are open,
-// panels close, and undo and redo run in between. Nothing crashes, and undoing everything brings back the first bytes.
+// panels close, undo and redo run in between, and other scenes are opened. Nothing crashes, and undoing everything
+// brings back the first bytes of the last scene.
 #include "Apps/studio/docks/DocksTesting.h"
 
 #include "QuarvelPlugInManager/PLUG_EditorPanel.h"
@@ -224,6 +225,14 @@ protected:
         menu->close();
         delete menu;
     }
+    void openAnotherScene()
+    {
+        if (chance(90))
+            return;
+        _changes += document.commands().undoNames().size();
+        document.replaceScene(docks::smallScene(), QString(), false);
+        before = state();
+    }
     void lookAtEverything() { window.grab(); }
 
     QPoint anyPlace(const QWidget& widget)
@@ -235,14 +244,17 @@ protected:
     {
         // The steps that change something stand there more than once.
         static constexpr std::array kAll{
-            &MonkeyTest::select,      &MonkeyTest::select,        &MonkeyTest::select,        &MonkeyTest::select,
-            &MonkeyTest::addNode,     &MonkeyTest::addNode,       &MonkeyTest::removeNodes,   &MonkeyTest::duplicate,
-            &MonkeyTest::toggle,      &MonkeyTest::dragLink,      &MonkeyTest::dragLink,      &MonkeyTest::dragLink,
-            &MonkeyTest::rename,      &MonkeyTest::enterGroup,    &MonkeyTest::leaveGroup,    &MonkeyTest::leaveGroup,
-            &MonkeyTest::togglePanel, &MonkeyTest::togglePanel,   &MonkeyTest::editWidget,    &MonkeyTest::editWidget,
-            &MonkeyTest::editWidget,  &MonkeyTest::editAttribute, &MonkeyTest::editAttribute, &MonkeyTest::undo,
-            &MonkeyTest::redo,        &MonkeyTest::useTimeline,   &MonkeyTest::useTimeline,   &MonkeyTest::changeFrames,
-            &MonkeyTest::usePalette,  &MonkeyTest::useElements,   &MonkeyTest::useMenu};
+            &MonkeyTest::select,        &MonkeyTest::select,          &MonkeyTest::select,
+            &MonkeyTest::select,        &MonkeyTest::addNode,         &MonkeyTest::addNode,
+            &MonkeyTest::removeNodes,   &MonkeyTest::duplicate,       &MonkeyTest::toggle,
+            &MonkeyTest::dragLink,      &MonkeyTest::dragLink,        &MonkeyTest::dragLink,
+            &MonkeyTest::rename,        &MonkeyTest::enterGroup,      &MonkeyTest::leaveGroup,
+            &MonkeyTest::leaveGroup,    &MonkeyTest::togglePanel,     &MonkeyTest::togglePanel,
+            &MonkeyTest::editWidget,    &MonkeyTest::editWidget,      &MonkeyTest::editWidget,
+            &MonkeyTest::editAttribute, &MonkeyTest::editAttribute,   &MonkeyTest::undo,
+            &MonkeyTest::redo,          &MonkeyTest::useTimeline,     &MonkeyTest::useTimeline,
+            &MonkeyTest::changeFrames,  &MonkeyTest::usePalette,      &MonkeyTest::useElements,
+            &MonkeyTest::useMenu,       &MonkeyTest::openAnotherScene};
         (this->*any(kAll))();
         if (chance(25))
             docks::settle();
@@ -250,8 +262,11 @@ protected:
             lookAtEverything();
     }
 
+    qsizetype changes() { return _changes + document.commands().undoNames().size(); }
+
 private:
     std::mt19937 _random{kSeed};
+    qsizetype _changes = 0; ///< in the scenes before this one
 };
 
 TEST_F(MonkeyTest, TenThousandRandomStepsAreUndoneToTheFirstByte)
@@ -259,7 +274,7 @@ TEST_F(MonkeyTest, TenThousandRandomStepsAreUndoneToTheFirstByte)
     for (int i = 0; i < kSteps; ++i)
         step();
     // Something was done at all, and kept.
-    EXPECT_GT(document.commands().undoNames().size(), 500);
+    EXPECT_GT(changes(), 500);
     docks::settle();
     const QString after = state();
     // The last of the steps may have been undo: there can be more to redo than was undone here.

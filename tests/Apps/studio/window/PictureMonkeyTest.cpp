@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Random steps in the picture, always the same ones: objects are picked and their handles pulled, lights are moved and
-// come and go, depths are dragged, scenes are saved and read again, drawings opened over them. Nothing crashes, and
-// undoing everything brings back the bytes that were opened.
+// come and go, depths are dragged, scenes are saved and read again, drawings opened over them and replaced by others,
+// and all goes on while files are read. Nothing crashes, and undoing everything brings back the bytes that were opened.
 #include "Apps/studio/objects/ObjectsTesting.h"
 
 #include "studio/docks/scene/ColourDepthView.h"
@@ -22,6 +22,14 @@ namespace {
 constexpr int kSteps = 400;
 constexpr unsigned kSeed = 20261122;
 
+// The drawing again, with another head and a hat.
+const char* const kOther = R"(<svg xmlns="http://www.w3.org/2000/svg" width="200" height="100"
+     xmlns:inkscape="http://www.inkscape.org/namespaces/inkscape">
+  <g inkscape:groupmode="layer" inkscape:label="Body"><rect x="20" y="10" width="160" height="80" fill="#3060c0"/></g>
+  <g inkscape:groupmode="layer" inkscape:label="Head"><circle cx="90" cy="50" r="30" fill="#d0a020"/></g>
+  <g inkscape:groupmode="layer" inkscape:label="Hat"><rect x="70" y="12" width="40" height="20" fill="#a02020"/></g>
+</svg>)";
+
 class PictureMonkeyTest : public studio_testing::ObjectsTest
 {
 protected:
@@ -38,10 +46,14 @@ protected:
         return kAll[static_cast<std::size_t>(upTo(3))];
     }
 
+    // The document with an empty history.
     void begin()
     {
-        ASSERT_TRUE(waitForPicture());
-        _base = document().scene().toXml();
+        const auto note = [this] { _base = document().scene().toXml(); };
+        QObject::connect(&document(), &StudioDocument::sceneReplaced, &document(), note);
+        note();
+        window->files().setMayReplace([] { return true; });
+        write(QStringLiteral("other.svg"), kOther);
     }
 
     // What is under the mouse depends on the picture that is shown, so that has to be there.
@@ -156,23 +168,43 @@ protected:
         for (int i = upTo(3); i >= 0; --i)
             document().redo();
     }
-    void reload()
+    // What was read may take effect at any of these steps, or after them.
+    void goOnWhileFilesAreRead()
+    {
+        static constexpr std::array kAll{&PictureMonkeyTest::pullLight, &PictureMonkeyTest::changeLights,
+                                         &PictureMonkeyTest::press,     &PictureMonkeyTest::useBar,
+                                         &PictureMonkeyTest::useDepths, &PictureMonkeyTest::undo,
+                                         &PictureMonkeyTest::redo};
+        for (int i = upTo(4); i > 0; --i) {
+            (this->*kAll[static_cast<std::size_t>(upTo(static_cast<int>(kAll.size()) - 1))])();
+            QCoreApplication::processEvents();
+        }
+        ASSERT_TRUE(
+            studio_testing::waitUntil([this] { return !window->files().isBusy() && !window->sources().isBusy(); }));
+    }
+    void open()
     {
         if (chance(60))
             return;
         const QString scene = folder.filePath(QStringLiteral("monkey.scene"));
         ASSERT_TRUE(document().save(scene).ok());
-        if (chance(70)) {
-            ASSERT_TRUE(document().open(scene).ok());
-        } else {
-            drop({write(QStringLiteral("parts.svg"), studio_testing::kParts)});
-        }
-        begin();
+        drop({chance(70) ? scene : write(QStringLiteral("parts.svg"), studio_testing::kParts)});
+        goOnWhileFilesAreRead();
+    }
+    void replaceDrawing()
+    {
+        if (chance(60) || window->sources().all().empty())
+            return;
+        const QStringList source = window->sources().all().front();
+        const bool isFirst = source.first().endsWith(QStringLiteral("parts.svg"));
+        window->sources().replace(
+            source, {folder.filePath(isFirst ? QStringLiteral("other.svg") : QStringLiteral("parts.svg"))});
+        goOnWhileFilesAreRead();
     }
 
     void step()
     {
-        static constexpr std::array<Step, 22> kAll{
+        static constexpr std::array<Step, 23> kAll{
             &PictureMonkeyTest::pick,        &PictureMonkeyTest::pick,           &PictureMonkeyTest::pick,
             &PictureMonkeyTest::pick,        &PictureMonkeyTest::hoverSomewhere, &PictureMonkeyTest::dragAnywhere,
             &PictureMonkeyTest::pullHandle,  &PictureMonkeyTest::pullHandle,     &PictureMonkeyTest::pullHandle,
@@ -180,7 +212,7 @@ protected:
             &PictureMonkeyTest::turnWheel,   &PictureMonkeyTest::press,          &PictureMonkeyTest::press,
             &PictureMonkeyTest::resetValues, &PictureMonkeyTest::switchPicture,  &PictureMonkeyTest::useBar,
             &PictureMonkeyTest::useDepths,   &PictureMonkeyTest::undo,           &PictureMonkeyTest::redo,
-            &PictureMonkeyTest::reload};
+            &PictureMonkeyTest::open,        &PictureMonkeyTest::replaceDrawing};
         (this->*kAll[static_cast<std::size_t>(upTo(static_cast<int>(kAll.size()) - 1))])();
         if (chance(25))
             QCoreApplication::processEvents();
@@ -190,7 +222,7 @@ protected:
 
 private:
     std::mt19937 _random{kSeed};
-    QString _base; // the scene as it was opened last
+    QString _base; ///< the scene as it was opened last
 };
 
 TEST_F(PictureMonkeyTest, RandomStepsInThePictureAreUndoneToTheFirstByte)

@@ -110,6 +110,12 @@ protected:
                    return !renders.isRendering() && renders.current() && renders.current()->isFull();
                });
     }
+    void openScene(const QString& scene)
+    {
+        drop({scene});
+        ASSERT_TRUE(waitForFiles());
+        ASSERT_EQ(document().folder(), scene) << qPrintable(window->messages().text());
+    }
     void openDisc()
     {
         drop({write(QStringLiteral("disc.svg"), kDisc)});
