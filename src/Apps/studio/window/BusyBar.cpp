@@ -31,6 +31,8 @@ BusyBar::BusyBar(const QString& name, const QString& what, const QString& cancel
     _patience.setSingleShot(true);
     _patience.setInterval(kPatience);
     connect(&_patience, &QTimer::timeout, this, &QWidget::show);
+    // Otherwise the status bar would pull the progress and its button apart.
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     hide();
 }
 

@@ -34,6 +34,11 @@ namespace {
 
 const QString kGeometryKey = QStringLiteral("window/geometry");
 const QString kStateKey = QStringLiteral("window/state");
+// What a desktop draws around a window is not known before it is shown, and the status bar must not lie below the
+// screen.
+constexpr QSize kFirstSize(1440, 900);
+constexpr QSize kFrameAround(8, 48);
+
 const QString kTimelineNamesKey = QStringLiteral("window/timelineNames");
 
 } // namespace
@@ -83,7 +88,7 @@ MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
     connect(&_lastExport, &LastExport::runningChanged, this, &MainWindow::updateActions);
     connect(&_pageShare, &PageShare::runningChanged, this, &MainWindow::updateActions);
 
-    resize(QSize(1440, 900).boundedTo(screen()->availableSize()));
+    resize(kFirstSize.boundedTo(screen()->availableSize() - kFrameAround));
     _firstLayout = saveState();
     restoreLayout();
     showStart(true);

@@ -18,6 +18,8 @@
 #include <QSpinBox>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace {
 
 class WindowFilesTest : public studio_testing::WindowTest
@@ -145,6 +147,37 @@ TEST_F(WindowFilesTest, OpeningIsGivenUpByItsButton)
     drop({drawings});
     ASSERT_TRUE(waitForPicture());
     EXPECT_EQ(document().scene().lastFrame(), 50);
+}
+
+TEST_F(WindowFilesTest, OpeningAnAnimationTellsHowFarItIsAndIsGivenUpOnTheWay)
+{
+    openDisc();
+    const QString before = xmlOf(document().scene());
+    const QString animation = write(QStringLiteral("slide.json"), studio_testing::slide(200));
+    auto* const cancel = window->findChild<QToolButton*>(QStringLiteral("cancelOpening"));
+    QList<double> told;
+    const auto giveUp = QObject::connect(&window->files(), &SceneFiles::progressed, cancel, [&](double done) {
+        told << done;
+        if (done > 0.0)
+            cancel->click();
+    });
+    drop({animation});
+    ASSERT_TRUE(waitForFiles());
+    QTest::qWait(200);
+    ASSERT_FALSE(told.isEmpty());
+    EXPECT_GT(told.last(), 0.0);
+    EXPECT_LT(told.last(), 1.0);
+    EXPECT_EQ(xmlOf(document().scene()), before);
+    // Read to its end, it tells of its way there, and never goes back.
+    QObject::disconnect(giveUp);
+    told.clear();
+    QObject::connect(&window->files(), &SceneFiles::progressed, cancel, [&](double done) { told << done; });
+    drop({animation});
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(document().scene().lastFrame(), 200);
+    EXPECT_TRUE(std::ranges::is_sorted(told));
+    ASSERT_FALSE(told.isEmpty());
+    EXPECT_GT(told.last(), 0.9);
 }
 
 TEST_F(WindowFilesTest, WhatIsChangedWhileADrawingIsReadIsAskedAbout)

@@ -43,6 +43,20 @@ inline void moveMouse(QWidget& widget, const QPoint& to, Qt::MouseButtons button
 inline const char* const kDisc = R"(<svg xmlns="http://www.w3.org/2000/svg" width="200" height="100">
   <circle cx="100" cy="50" r="40" fill="#d02020"/></svg>)";
 
+/// A Lottie animation in which a rectangle slides for a number of frames.
+inline QByteArray slide(int frames)
+{
+    return QByteArray(R"({"v":"5.5.7","fr":24,"ip":0,"op":FRAMES,"w":200,"h":100,"nm":"slide","ddd":0,"assets":[],
+"layers":[{"ddd":0,"ind":1,"ty":4,"nm":"Box","sr":1,"ks":{"o":{"a":0,"k":100},"r":{"a":0,"k":0},
+"p":{"a":1,"k":[{"t":0,"s":[40,50,0],"e":[160,50,0],"i":{"x":1,"y":1},"o":{"x":0,"y":0},"to":[0,0,0],"ti":[0,0,0]},
+{"t":FRAMES}]},"a":{"a":0,"k":[0,0,0]},"s":{"a":0,"k":[100,100,100]}},"ao":0,
+"shapes":[{"ty":"gr","nm":"g","it":[{"ty":"rc","nm":"r","d":1,"s":{"a":0,"k":[40,40]},"p":{"a":0,"k":[0,0]},
+"r":{"a":0,"k":0}},{"ty":"fl","nm":"f","c":{"a":0,"k":[0.8,0.1,0.1,1]},"o":{"a":0,"k":100},"r":1},
+{"ty":"tr","p":{"a":0,"k":[0,0]},"a":{"a":0,"k":[0,0]},"s":{"a":0,"k":[100,100]},"r":{"a":0,"k":0},
+"o":{"a":0,"k":100},"sk":{"a":0,"k":0},"sa":{"a":0,"k":0}}]}],"ip":0,"op":FRAMES,"st":0,"bm":0}]})")
+        .replace("FRAMES", QByteArray::number(frames));
+}
+
 class WindowTest : public testing::Test
 {
 protected:
