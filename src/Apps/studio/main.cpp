@@ -22,44 +22,69 @@
 
 namespace {
 
+const QString kScreenshots = QStringLiteral("screenshots");
+const QString kPictureRates = QStringLiteral("picture-rates");
+
 int complain(const QString& text)
 {
     QMessageBox::critical(nullptr, QApplication::applicationDisplayName(), text);
     return 1;
 }
 
-int run(int argc, char** argv)
+void nameApplication()
 {
-    QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quarvel-studio"));
     QApplication::setApplicationDisplayName(QStringLiteral("Quarvel Studio"));
     QApplication::setOrganizationName(QStringLiteral("Vallorin"));
     QApplication::setApplicationVersion(QStringLiteral(QUARVEL_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("org.vallorin.QuarvelStudio"));
     QApplication::setWindowIcon(applicationIcon());
+}
 
+// The options are for the makers of the program.
+void addOptions(QCommandLineParser& parser)
+{
+    parser.setApplicationDescription(QApplication::translate("main", "Volume for flat drawings"));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    QCommandLineOption screenshots(kScreenshots,
+                                   QApplication::translate("main", "Write pictures of the windows and end."),
+                                   QStringLiteral("folder"));
+    screenshots.setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOption(screenshots);
+    QCommandLineOption pictureRates(
+        kPictureRates, QApplication::translate("main", "Print how many pictures a second the window shows, and end."));
+    pictureRates.setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOption(pictureRates);
+    parser.addPositionalArgument(QStringLiteral("files"),
+                                 QApplication::translate("main", "A scene, or drawings to import."));
+}
+
+// What a crash left comes first, whatever the program was started with. Files do not take the place of what was just
+// recovered.
+void beginWith(MainWindow& window, const QStringList& files)
+{
+    const bool isRecovered = window.offerRecovery();
+    if (files.isEmpty())
+        return;
+    if (!isRecovered)
+        return window.openPaths(files);
+    window.messages().showNotice(window.messages().text() + QLatin1Char('\n') +
+                                 QApplication::translate("main", "Not opened, because a scene was recovered: %1")
+                                     .arg(files.join(QStringLiteral(", "))));
+}
+
+int run(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    nameApplication();
     PLUG_EditorWidgets widgets;
     PLUG_Services::setWidgetFactoryRegistry(&widgets);
     const auto loaded = PLUG_Manager::loadAll(PLUG_Manager::defaultFolder());
     installTranslations(QLocale());
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QApplication::translate("main", "Volume for flat drawings"));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    // For the makers of the program.
-    QCommandLineOption screenshots(QStringLiteral("screenshots"),
-                                   QApplication::translate("main", "Write pictures of the windows and end."),
-                                   QStringLiteral("folder"));
-    screenshots.setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOption(screenshots);
-    QCommandLineOption pictureRates(
-        QStringLiteral("picture-rates"),
-        QApplication::translate("main", "Print how many pictures a second the window shows, and end."));
-    pictureRates.setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOption(pictureRates);
-    parser.addPositionalArgument(QStringLiteral("files"),
-                                 QApplication::translate("main", "A scene, or drawings to import."));
+    addOptions(parser);
     parser.process(application);
     const JobLimits limits = jobLimits();
     limitPictures(limits);
@@ -67,24 +92,15 @@ int run(int argc, char** argv)
 
     if (!loaded)
         return complain(loaded.error().sentence());
-    if (parser.isSet(screenshots))
-        return makeScreenshots(parser.value(screenshots));
-    if (parser.isSet(pictureRates))
+    if (parser.isSet(kScreenshots))
+        return makeScreenshots(parser.value(kScreenshots));
+    if (parser.isSet(kPictureRates))
         return printPictureRates();
     applyAppearance(storedAppearance());
 
     MainWindow window;
     window.show();
-    // What a crash left comes first, whatever the program was started with. Files do not take the place of what was
-    // just recovered.
-    const bool isRecovered = window.offerRecovery();
-    const QStringList files = parser.positionalArguments();
-    if (!files.isEmpty() && !isRecovered)
-        window.openPaths(files);
-    else if (!files.isEmpty())
-        window.messages().showNotice(window.messages().text() + QLatin1Char('\n') +
-                                     QApplication::translate("main", "Not opened, because a scene was recovered: %1")
-                                         .arg(files.join(QStringLiteral(", "))));
+    beginWith(window, parser.positionalArguments());
     return QApplication::exec();
 }
 

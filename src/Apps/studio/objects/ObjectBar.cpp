@@ -98,11 +98,30 @@ ObjectBar::ObjectBar(DocumentObjects& objects, ObjectActions& actions, ObjectHan
     bold.setBold(true);
     _name->setFont(bold);
 
+    auto* const rows = new QVBoxLayout(this);
+    rows->setContentsMargins(8, 5, 8, 7);
+    rows->setSpacing(3);
+    rows->addLayout(makeHead());
+    rows->addLayout(makeFields());
+    hide();
+    connect(&objects, &DocumentObjects::changed, this, &ObjectBar::follow);
+    connect(&viewer, &Viewer::viewChanged, this, &ObjectBar::follow);
+    connect(&viewer, &Viewer::lightHandlesChanged, this, &ObjectBar::stepAside);
+}
+
+QLayout* ObjectBar::makeHead()
+{
     auto* const head = new QHBoxLayout;
     head->setSpacing(1);
     head->addWidget(_name, 1);
-    for (QAction* const action : {actions.carve(), actions.cutOut(), actions.hide(), actions.solo()})
+    for (QAction* const action : {_actions.carve(), _actions.cutOut(), _actions.hide(), _actions.solo()})
         head->addWidget(buttonFor(action));
+    head->addWidget(makeMoreButton());
+    return head;
+}
+
+QToolButton* ObjectBar::makeMoreButton()
+{
     auto* const more = new QToolButton;
     more->setObjectName(QStringLiteral("bar-more"));
     more->setText(QStringLiteral("\u2026"));
@@ -118,8 +137,11 @@ ObjectBar::ObjectBar(DocumentObjects& objects, ObjectActions& actions, ObjectHan
         _actions.fillMenu(*menu);
     });
     more->setMenu(menu);
-    head->addWidget(more);
+    return more;
+}
 
+QLayout* ObjectBar::makeFields()
+{
     auto* const values = new QGridLayout;
     values->setHorizontalSpacing(6);
     values->setVerticalSpacing(1);
@@ -137,17 +159,9 @@ ObjectBar::ObjectBar(DocumentObjects& objects, ObjectActions& actions, ObjectHan
         values->addWidget(field, row + 1, column);
         _fields[index] = field;
         connect(field, &QDoubleSpinBox::valueChanged, this, [this, value](double number) { take(value, number); });
-        connect(field, &QDoubleSpinBox::editingFinished, &objects, &DocumentObjects::finishChange);
+        connect(field, &QDoubleSpinBox::editingFinished, &_objects, &DocumentObjects::finishChange);
     }
-    auto* const rows = new QVBoxLayout(this);
-    rows->setContentsMargins(8, 5, 8, 7);
-    rows->setSpacing(3);
-    rows->addLayout(head);
-    rows->addLayout(values);
-    hide();
-    connect(&objects, &DocumentObjects::changed, this, &ObjectBar::follow);
-    connect(&viewer, &Viewer::viewChanged, this, &ObjectBar::follow);
-    connect(&viewer, &Viewer::lightHandlesChanged, this, &ObjectBar::stepAside);
+    return values;
 }
 
 void ObjectBar::follow()

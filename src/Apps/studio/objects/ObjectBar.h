@@ -13,6 +13,8 @@
 class ObjectActions;
 class ObjectHands;
 class QLabel;
+class QLayout;
+class QToolButton;
 class ValueField;
 class Viewer;
 
@@ -30,6 +32,9 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    QLayout* makeHead();
+    QToolButton* makeMoreButton();
+    QLayout* makeFields();
     void follow();
     void stepAside();
     void place(const QRectF& object);

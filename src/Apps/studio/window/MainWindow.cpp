@@ -126,6 +126,7 @@ void MainWindow::makeCentre()
     connect(_start, &StartPage::openRequested, this, &MainWindow::askForScene);
     connect(_start, &StartPage::exampleRequested, this, &MainWindow::openExample);
     connect(_start, &StartPage::recentRequested, this, &MainWindow::openRecent);
+    connect(_start, &StartPage::helpRequested, this, &MainWindow::showHelp);
     connect(_viewer, &Viewer::hovered, this, &MainWindow::showPixel);
     connect(_viewer, &Viewer::zoomChanged, this, &MainWindow::showZoom);
 }

@@ -19,6 +19,9 @@
 
 #include <QMainWindow>
 
+#include <functional>
+#include <initializer_list>
+
 class MessageBar;
 class ColourPicker;
 class HelpDialog;
@@ -70,6 +73,8 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    struct PlainAction;
+
     // MainWindow.cpp
     void makeCentre();
     void makeDocks();
@@ -89,15 +94,25 @@ private:
 
     // MainWindowMenus.cpp
     void makeActions();
-    void makeFileActions();
+    void makePlainActions(std::initializer_list<PlainAction> plain);
+    void makeSceneActions();
+    void makeDrawingActions();
+    void makeExportActions();
     void makeEditActions();
-    void makeViewActions();
+    void makePictureActions();
+    void makeZoomActions();
+    void makeSizeActions();
+    void makeAppearanceActions();
     void makeMenus();
+    void fillFileMenu(QMenu& menu);
+    void fillEditMenu(QMenu& menu);
+    void fillViewMenu(QMenu& menu);
     void makeToolBar();
     QAction* makeAction(const QString& icon, const QString& text, const QKeySequence& keys, const QString& toolTip);
     void makePictureAction(PictureKind kind, const QString& icon, const QString& text, const QString& toolTip, int key);
     void fillRecentMenu();
-    void fillViewMenu();
+    void makeChoice(QActionGroup& group, const QString& text, const QString& toolTip, bool isChosen,
+                    const std::function<void()>& chosen);
     void refreshIcons();
 
     // MainWindowObjects.cpp
@@ -196,5 +211,4 @@ private:
     QActionGroup* _sizes = nullptr;
     QActionGroup* _appearances = nullptr;
     QMenu* _recentMenu = nullptr;
-    QMenu* _docksMenu = nullptr;
 };

@@ -41,18 +41,13 @@ void MainWindow::makeViewOptions()
                                                            {PictureChannel::GREEN, tr("&Green")},
                                                            {PictureChannel::BLUE, tr("&Blue")},
                                                            {PictureChannel::ALPHA, tr("&Opacity")}};
-    for (const auto& [channel, text] : channels) {
-        QAction* const action =
-            makeAction({}, text, {}, tr("Shows one channel of the picture as grey, or all of them"));
-        action->setCheckable(true);
-        action->setChecked(channel == PictureChannel::ALL);
-        _channels->addAction(action);
-        connect(action, &QAction::triggered, this, [this, channel = channel] {
-            ViewOptions options = _viewer->options();
-            options.channel = channel;
-            _viewer->setOptions(options);
-        });
-    }
+    for (const auto& [channel, text] : channels)
+        makeChoice(*_channels, text, tr("Shows one channel of the picture as grey, or all of them"),
+                   channel == PictureChannel::ALL, [this, channel = channel] {
+                       ViewOptions options = _viewer->options();
+                       options.channel = channel;
+                       _viewer->setOptions(options);
+                   });
     _rawChannels = makeAction({}, tr("Ra&w Channels in the Status Bar"), {},
                               tr("Tells what the node delivers for the pixel under the mouse, channel by channel"));
     _rawChannels->setCheckable(true);

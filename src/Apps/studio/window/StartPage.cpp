@@ -35,28 +35,14 @@ StartPage::StartPage(RecentFiles& recent, QWidget* parent)
     layout->setSpacing(4);
     layout->addWidget(heading());
     layout->addSpacing(14);
-    auto* const import = addChoice(QStringLiteral("import"), tr("&Import drawings"),
-                                   tr("SVG, PNG, PSD, Krita, Aseprite or Lottie, one file or many"));
-    auto* const open = addChoice(QStringLiteral("open"), tr("&Open a scene"), tr("One that was saved before"));
-    auto* const example = addChoice(QStringLiteral("example"), tr("Look at the &example"),
-                                    tr("A drawing with volume, and a light to move over it"));
-    for (const auto& [button, icon] : _choices)
-        layout->addWidget(button);
+    addChoices(*layout);
     layout->addSpacing(14);
     QFont bold = _recentTitle->font();
     bold.setBold(true);
     addTour(*layout, bold);
     layout->addSpacing(14);
     _recentTitle->setFont(bold);
-    layout->addWidget(_recentTitle);
-    _list->setObjectName(QStringLiteral("recentList"));
-    _list->setAccessibleName(_recentTitle->text());
-    _list->setFrameShape(QFrame::NoFrame);
-    _list->setTextElideMode(Qt::ElideMiddle);
-    _list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    _list->setMaximumHeight(190);
-    _list->viewport()->setAutoFillBackground(false);
-    layout->addWidget(_list);
+    addRecent(*layout);
 
     auto* const all = new QHBoxLayout(this);
     auto* const middle = new QVBoxLayout;
@@ -66,19 +52,45 @@ StartPage::StartPage(RecentFiles& recent, QWidget* parent)
     all->addStretch(1);
     all->addLayout(middle, 6);
     all->addStretch(1);
+    connect(&recent, &RecentFiles::changed, this, &StartPage::refill);
+    refill();
+    refreshIcons();
+}
 
-    connect(import, &QCommandLinkButton::clicked, this, &StartPage::importRequested);
-    connect(open, &QCommandLinkButton::clicked, this, &StartPage::openRequested);
-    connect(example, &QCommandLinkButton::clicked, this, &StartPage::exampleRequested);
+void StartPage::addChoices(QVBoxLayout& layout)
+{
+    const auto add = [&](const char* name, const QString& title, const QString& text, void (StartPage::*requested)()) {
+        auto* const button = new QCommandLinkButton(title, text);
+        button->setObjectName(QLatin1String(name) + QStringLiteral("Choice"));
+        button->setIconSize(QSize(28, 28));
+        connect(button, &QCommandLinkButton::clicked, this, requested);
+        layout.addWidget(button);
+        _choices.append({button, QLatin1String(name)});
+    };
+    add("import", tr("&Import drawings"), tr("SVG, PNG, PSD, Krita, Aseprite or Lottie, one file or many"),
+        &StartPage::importRequested);
+    add("open", tr("&Open a scene"), tr("One that was saved before"), &StartPage::openRequested);
+    add("example", tr("Look at the &example"), tr("A drawing with volume, and a light to move over it"),
+        &StartPage::exampleRequested);
+}
+
+void StartPage::addRecent(QVBoxLayout& layout)
+{
+    layout.addWidget(_recentTitle);
+    _list->setObjectName(QStringLiteral("recentList"));
+    _list->setAccessibleName(_recentTitle->text());
+    _list->setFrameShape(QFrame::NoFrame);
+    _list->setTextElideMode(Qt::ElideMiddle);
+    _list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    _list->setMaximumHeight(190);
+    _list->viewport()->setAutoFillBackground(false);
+    layout.addWidget(_list);
     // Not by the list's own activation, which a double click causes as well as a click.
     connect(_list, &QListWidget::itemClicked, this, &StartPage::request);
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
         auto* const enter = new QShortcut(key, _list, nullptr, nullptr, Qt::WidgetShortcut);
         connect(enter, &QShortcut::activated, this, [this] { request(_list->currentItem()); });
     }
-    connect(&recent, &RecentFiles::changed, this, &StartPage::refill);
-    refill();
-    refreshIcons();
 }
 
 void StartPage::request(const QListWidgetItem* item)
@@ -101,15 +113,6 @@ QWidget* StartPage::heading()
     layout->addWidget(icon);
     layout->addWidget(text, 1);
     return row;
-}
-
-QCommandLinkButton* StartPage::addChoice(const QString& name, const QString& title, const QString& text)
-{
-    auto* const button = new QCommandLinkButton(title, text);
-    button->setObjectName(name + QStringLiteral("Choice"));
-    button->setIconSize(QSize(28, 28));
-    _choices.append({button, name});
-    return button;
 }
 
 void StartPage::addTour(QVBoxLayout& layout, const QFont& titleFont)

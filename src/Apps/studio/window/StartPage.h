@@ -29,7 +29,8 @@ Q_SIGNALS:
 private:
     void request(const QListWidgetItem* item);
     QWidget* heading();
-    QCommandLinkButton* addChoice(const QString& name, const QString& title, const QString& text);
+    void addChoices(QVBoxLayout& layout);
+    void addRecent(QVBoxLayout& layout);
     void addTour(QVBoxLayout& layout, const QFont& titleFont);
     void refill();
     void refreshIcons();

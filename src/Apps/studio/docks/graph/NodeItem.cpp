@@ -124,55 +124,58 @@ QPainterPath NodeItem::shape() const
 void NodeItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget* widget)
 {
     const QPalette palette = widget ? widget->palette() : QPalette();
-    const bool dark = isDark(palette);
-    const QColor ground = palette.color(QPalette::Base);
-    const QColor text = palette.color(QPalette::Text);
-    const QColor accent = _enabled ? kindColor(_keyword, palette) : blended(text, ground, 0.6);
-    const QColor fill = dark ? blended(ground, text, 0.13) : blended(ground, text, 0.02);
-
     painter->setRenderHint(QPainter::Antialiasing);
-    QPainterPath outline;
-    outline.addRoundedRect(_box, kRadius, kRadius);
-    painter->fillPath(outline, _enabled ? fill : blended(fill, ground, 0.6));
-    painter->save();
-    painter->setClipPath(outline);
-    painter->fillRect(QRectF(_box.left(), _box.top(), kStripe, _box.height()), accent);
-    painter->restore();
-
-    QPen border(isSelected() ? palette.color(QPalette::Highlight) : blended(text, ground, 0.55),
-                isSelected() ? 2.5 : 1.0);
-    if (!_enabled)
-        border.setStyle(Qt::DashLine);
-    if (_isGroup) {
-        painter->setPen(QPen(blended(text, ground, 0.7), 1.0));
-        painter->drawRoundedRect(_box.adjusted(kStripe + 2, 3, -3, -3), kRadius - 3, kRadius - 3);
-    }
-    painter->setPen(border);
-    painter->setBrush(Qt::NoBrush);
-    painter->drawPath(outline);
-
-    QFont font = widget ? widget->font() : QFont();
-    font.setPixelSize(13);
-    font.setWeight(QFont::DemiBold);
-    painter->setFont(font);
-    painter->setPen(_enabled ? text : quietText(palette));
+    paintBox(*painter, palette);
     const QRectF seen = widget ? painter->worldTransform().inverted().mapRect(QRectF(widget->rect())) : boundingRect();
-    const QRectF nameBox = this->nameBox(seen);
-    const QString name = QFontMetricsF(font).elidedText(_name, Qt::ElideMiddle, nameBox.width());
-    painter->drawText(nameBox, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, name);
-    font.setPixelSize(11);
-    font.setWeight(QFont::Normal);
-    painter->setFont(font);
-    painter->setPen(quietText(palette));
-    const QString kind = _enabled ? _kind : QCoreApplication::translate("NodeItem", "%1 (off)").arg(_kind);
-    painter->drawText(nameBox.translated(0, nameBox.height() + 1),
-                      Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                      QFontMetricsF(font).elidedText(kind, Qt::ElideRight, nameBox.width()));
-
+    paintNames(*painter, palette, widget ? widget->font() : QFont(), nameBox(seen));
     for (unsigned i = 0; i < _linkedInputs.size(); ++i)
         paintPort(*painter, palette, true, i, _linkedInputs[i]);
     for (unsigned i = 0; i < _linkedOutputs.size(); ++i)
         paintPort(*painter, palette, false, i, _linkedOutputs[i]);
+}
+
+void NodeItem::paintBox(QPainter& painter, const QPalette& palette) const
+{
+    const QColor ground = palette.color(QPalette::Base);
+    const QColor text = palette.color(QPalette::Text);
+    const QColor accent = _enabled ? kindColor(_keyword, palette) : blended(text, ground, 0.6);
+    const QColor fill = blended(ground, text, isDark(palette) ? 0.13 : 0.02);
+    QPainterPath outline;
+    outline.addRoundedRect(_box, kRadius, kRadius);
+    painter.fillPath(outline, _enabled ? fill : blended(fill, ground, 0.6));
+    painter.save();
+    painter.setClipPath(outline);
+    painter.fillRect(QRectF(_box.left(), _box.top(), kStripe, _box.height()), accent);
+    painter.restore();
+    if (_isGroup) {
+        painter.setPen(QPen(blended(text, ground, 0.7), 1.0));
+        painter.drawRoundedRect(_box.adjusted(kStripe + 2, 3, -3, -3), kRadius - 3, kRadius - 3);
+    }
+    QPen border(isSelected() ? palette.color(QPalette::Highlight) : blended(text, ground, 0.55),
+                isSelected() ? 2.5 : 1.0);
+    if (!_enabled)
+        border.setStyle(Qt::DashLine);
+    painter.setPen(border);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPath(outline);
+}
+
+void NodeItem::paintNames(QPainter& painter, const QPalette& palette, QFont font, const QRectF& nameBox) const
+{
+    constexpr int kFlags = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine;
+    const auto paint = [&](const QRectF& box, const QString& text, Qt::TextElideMode elided) {
+        painter.setFont(font);
+        painter.drawText(box, kFlags, QFontMetricsF(font).elidedText(text, elided, box.width()));
+    };
+    font.setPixelSize(13);
+    font.setWeight(QFont::DemiBold);
+    painter.setPen(_enabled ? palette.color(QPalette::Text) : quietText(palette));
+    paint(nameBox, _name, Qt::ElideMiddle);
+    font.setPixelSize(11);
+    font.setWeight(QFont::Normal);
+    painter.setPen(quietText(palette));
+    paint(nameBox.translated(0, nameBox.height() + 1),
+          _enabled ? _kind : QCoreApplication::translate("NodeItem", "%1 (off)").arg(_kind), Qt::ElideRight);
 }
 
 void NodeItem::paintPort(QPainter& painter, const QPalette& palette, bool isInput, unsigned index, bool isLinked) const

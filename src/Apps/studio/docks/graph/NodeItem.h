@@ -58,6 +58,8 @@ public:
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
 
 private:
+    void paintBox(QPainter& painter, const QPalette& palette) const;
+    void paintNames(QPainter& painter, const QPalette& palette, QFont font, const QRectF& nameBox) const;
     void paintPort(QPainter& painter, const QPalette& palette, bool isInput, unsigned index, bool isLinked) const;
 
     MO_Module& _module;

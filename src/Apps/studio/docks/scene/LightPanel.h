@@ -40,9 +40,13 @@ private:
                            const AT_DoubleAttrMetaContainer& limits);
     LightNumber* addLightNumber(QFormLayout& form, MO_Light::Number which, const QString& label, const QString& toolTip,
                                 double StudioLight::*member);
+    LightNumber* addPlaceNumber(QFormLayout& form, MO_Light::Number which, const QString& label, const QString& toolTip,
+                                void (QPointF::*set)(qreal));
     LightNumber* addCommonNumber(QFormLayout& form, MO_Lighting::Number which, const QString& label,
                                  const QString& toolTip, double MO_LightingValues::*member);
     void addLightRows(QFormLayout& form);
+    void addNameRow(QFormLayout& form);
+    void addKindRow(QFormLayout& form);
     void addCommonRows(QFormLayout& form);
     void fillPresets(QMenu& menu);
     StudioLight currentLight() const;

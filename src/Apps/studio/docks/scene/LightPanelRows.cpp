@@ -153,46 +153,28 @@ LightNumber* LightPanel::addCommonNumber(QFormLayout& form, MO_Lighting::Number 
     return row;
 }
 
+LightNumber* LightPanel::addPlaceNumber(QFormLayout& form, MO_Light::Number which, const QString& label,
+                                        const QString& toolTip, void (QPointF::*set)(qreal))
+{
+    LightNumber* const row = addNumber(form, label, toolTip, MO_Light().number(which).doubleMeta().container());
+    row->setObjectName(QStringLiteral("light") + MO_Light().number(which).keyword());
+    connect(row, &LightNumber::changed, this,
+            [this, set](double value) { changeCurrent([=](StudioLight& light) { (light.place.*set)(value); }); });
+    connect(row, &LightNumber::keyClicked, this, [this, which] { _lights.toggleLightKey({which}); });
+    return row;
+}
+
 void LightPanel::addLightRows(QFormLayout& form)
 {
     form.addRow(tr("&Light"), listRow());
     form.itemAt(0, QFormLayout::LabelRole)->widget()->setToolTip(tr("Which light is shown below"));
     form.addRow(QString(), switchRow());
-    _name = new QLineEdit;
-    _name->setObjectName(QStringLiteral("lightName"));
-    _name->setToolTip(tr("What the light is called"));
-    connect(_name, &QLineEdit::editingFinished, this, [this] {
-        if (!_name->isModified())
-            return;
-        _name->setModified(false);
-        const QString name = _name->text().trimmed();
-        changeCurrent([&](StudioLight& light) { light.name = name; });
-        _lights.endChange();
-    });
-    form.addRow(tr("&Name"), _name);
-    _kind = new QComboBox;
-    _kind->setObjectName(QStringLiteral("lightKind"));
-    _kind->addItems({tr("Directional"), tr("Point")});
-    _kind->setToolTip(tr("Directional: as from far away, the same everywhere.\n"
-                         "Point: from where the light stands, weaker with the distance"));
-    connect(_kind, &QComboBox::activated, this, [this](int index) {
-        changeCurrent([=](StudioLight& light) { light.kind = static_cast<MO_LightKind>(index); });
-        _lights.endChange();
-    });
-    form.addRow(tr("&Kind"), _kind);
-
-    const auto place = [&](MO_Light::Number which, const QString& label, const QString& toolTip,
-                           void (QPointF::*set)(qreal)) {
-        LightNumber* const row = addNumber(form, label, toolTip, MO_Light().number(which).doubleMeta().container());
-        row->setObjectName(QStringLiteral("light") + MO_Light().number(which).keyword());
-        connect(row, &LightNumber::changed, this,
-                [this, set](double value) { changeCurrent([=](StudioLight& light) { (light.place.*set)(value); }); });
-        connect(row, &LightNumber::keyClicked, this, [this, which] { _lights.toggleLightKey({which}); });
-        return row;
-    };
-    _x =
-        place(MO_Light::X, tr("&Across"), tr("How far right of the picture's centre the light stands"), &QPointF::setX);
-    _y = place(MO_Light::Y, tr("&Up"), tr("How far above the picture's centre the light stands"), &QPointF::setY);
+    addNameRow(form);
+    addKindRow(form);
+    _x = addPlaceNumber(form, MO_Light::X, tr("&Across"), tr("How far right of the picture's centre the light stands"),
+                        &QPointF::setX);
+    _y = addPlaceNumber(form, MO_Light::Y, tr("&Up"), tr("How far above the picture's centre the light stands"),
+                        &QPointF::setY);
     addLightNumber(form, MO_Light::HEIGHT, tr("&Height"),
                    tr("How high the light hangs over the drawing: low light grazes, high light flattens\n"
                       "(Shift and the wheel over the picture)"),
@@ -206,6 +188,36 @@ void LightPanel::addLightRows(QFormLayout& form)
     connect(_colourKey, &LightKeyButton::clicked, this, [this] {
         _lights.toggleLightKey({MO_Light::RED, MO_Light::GREEN, MO_Light::BLUE});
     });
+}
+
+void LightPanel::addNameRow(QFormLayout& form)
+{
+    _name = new QLineEdit;
+    _name->setObjectName(QStringLiteral("lightName"));
+    _name->setToolTip(tr("What the light is called"));
+    connect(_name, &QLineEdit::editingFinished, this, [this] {
+        if (!_name->isModified())
+            return;
+        _name->setModified(false);
+        const QString name = _name->text().trimmed();
+        changeCurrent([&](StudioLight& light) { light.name = name; });
+        _lights.endChange();
+    });
+    form.addRow(tr("&Name"), _name);
+}
+
+void LightPanel::addKindRow(QFormLayout& form)
+{
+    _kind = new QComboBox;
+    _kind->setObjectName(QStringLiteral("lightKind"));
+    _kind->addItems({tr("Directional"), tr("Point")});
+    _kind->setToolTip(tr("Directional: as from far away, the same everywhere.\n"
+                         "Point: from where the light stands, weaker with the distance"));
+    connect(_kind, &QComboBox::activated, this, [this](int index) {
+        changeCurrent([=](StudioLight& light) { light.kind = static_cast<MO_LightKind>(index); });
+        _lights.endChange();
+    });
+    form.addRow(tr("&Kind"), _kind);
 }
 
 void LightPanel::addCommonRows(QFormLayout& form)

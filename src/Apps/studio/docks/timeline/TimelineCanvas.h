@@ -16,6 +16,8 @@
 
 #include <QAbstractScrollArea>
 
+#include <functional>
+
 class QMenu;
 
 /// The drawn part of the timeline. Lives on the window's thread; must not outlive the document.
@@ -83,6 +85,9 @@ private:
     std::optional<double> startNear(int row, int x) const;
     std::optional<double> startAtCell(int row, int frame) const;
     void execute(MO_EditCommand command);
+    QAction* addEntry(QMenu& menu, const QString& text, const std::function<MO_EditCommand()>& command);
+    void fillDrawingMenu(QMenu& menu, const TimelineRow& row, int frame, bool isStart);
+    void fillKeyMenu(QMenu& menu, const TimelineRow& row, int frame);
     void zoomBy(double factor);
     void paintGrid(QPainter& painter) const;
     void paintRuler(QPainter& painter) const;

@@ -126,44 +126,53 @@ void TimelineCanvas::keyPressEvent(QKeyEvent* event)
     }
 }
 
+QAction* TimelineCanvas::addEntry(QMenu& menu, const QString& text, const std::function<MO_EditCommand()>& command)
+{
+    return menu.addAction(text, this, [this, command] { execute(command()); });
+}
+
 QMenu* TimelineCanvas::makeMenu(int row, int frame)
 {
     if (row < 0 || row >= static_cast<int>(_rows.size()))
         return nullptr;
-    const TimelineRow found = _rows[static_cast<std::size_t>(row)];
-    auto* menu = new QMenu(this);
-    const std::optional<double> start = startAtCell(row, frame);
-    const auto add = [&](QMenu& to, const QString& text, auto command) {
-        return to.addAction(text, this, [this, command] { execute(command()); });
-    };
-    if (found.element) {
-        AT_DrawingAttr* const attr = found.element->drawingAttr();
-        QMenu* const drawings = menu->addMenu(tr("Show from Frame %1").arg(frame));
-        for (const auto& [name, kvd] : found.element->drawings())
-            add(*drawings, name, [attr, frame, drawing = name] { return MO_exposeCmd(*attr, frame, drawing); });
-        add(*menu, tr("Show Nothing from Frame %1").arg(frame),
-            [attr, frame] { return MO_exposeCmd(*attr, frame, QString()); });
-        if (start)
-            add(*menu, tr("Remove Exposure"), [found, frame] { return removeCmd(found, frame); });
-        return menu;
-    }
-    if (!start) {
-        add(*menu, tr("Add Key at Frame %1").arg(frame), [found, frame] { return addKeyCmd(found, frame); });
-        return menu;
-    }
-    const AT_Curve::Interpolation now = found.attribute->curve().keyAt(frame)->interpolation;
+    const TimelineRow& found = _rows[static_cast<std::size_t>(row)];
+    auto* const menu = new QMenu(this);
+    const bool isStart = startAtCell(row, frame).has_value();
+    if (found.element)
+        fillDrawingMenu(*menu, found, frame, isStart);
+    else if (isStart)
+        fillKeyMenu(*menu, found, frame);
+    else
+        addEntry(*menu, tr("Add Key at Frame %1").arg(frame), [found, frame] { return addKeyCmd(found, frame); });
+    return menu;
+}
+
+void TimelineCanvas::fillDrawingMenu(QMenu& menu, const TimelineRow& row, int frame, bool isStart)
+{
+    AT_DrawingAttr* const attr = row.element->drawingAttr();
+    QMenu* const drawings = menu.addMenu(tr("Show from Frame %1").arg(frame));
+    for (const auto& [name, kvd] : row.element->drawings())
+        addEntry(*drawings, name, [attr, frame, drawing = name] { return MO_exposeCmd(*attr, frame, drawing); });
+    addEntry(menu, tr("Show Nothing from Frame %1").arg(frame),
+             [attr, frame] { return MO_exposeCmd(*attr, frame, QString()); });
+    if (isStart)
+        addEntry(menu, tr("Remove Exposure"), [row, frame] { return removeCmd(row, frame); });
+}
+
+void TimelineCanvas::fillKeyMenu(QMenu& menu, const TimelineRow& row, int frame)
+{
     using Interpolation = AT_Curve::Interpolation;
+    const Interpolation now = row.attribute->curve().keyAt(frame)->interpolation;
     for (const auto& [kind, text] : {std::pair(Interpolation::HOLD, tr("Hold until the Next Key")),
                                      std::pair(Interpolation::LINEAR, tr("Straight to the Next Key")),
                                      std::pair(Interpolation::BEZIER, tr("Smooth to the Next Key"))}) {
         QAction* const action =
-            add(*menu, text, [found, frame, kind = kind] { return interpolationCmd(found, frame, kind); });
+            addEntry(menu, text, [row, frame, kind = kind] { return interpolationCmd(row, frame, kind); });
         action->setCheckable(true);
         action->setChecked(kind == now);
     }
-    menu->addSeparator();
-    add(*menu, tr("Delete Key"), [found, frame] { return removeCmd(found, frame); });
-    return menu;
+    menu.addSeparator();
+    addEntry(menu, tr("Delete Key"), [row, frame] { return removeCmd(row, frame); });
 }
 
 void TimelineCanvas::contextMenuEvent(QContextMenuEvent* event)

@@ -33,6 +33,32 @@ TimelineView::TimelineView(StudioDocument& document, QWidget* parent)
     , _playback(new Playback(document, this))
 {
     setObjectName(QStringLiteral("Timeline"));
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
+    rows->addLayout(makeBar());
+    rows->addWidget(_canvas, 1);
+    setFocusProxy(_canvas);
+    // The canvas is older than the bar above it.
+    setTabOrder(_rate, _canvas);
+
+    addPlayAction();
+    connect(_frame, &QSpinBox::valueChanged, this, &TimelineView::takeFrame);
+    connect(_first, &QSpinBox::valueChanged, this, &TimelineView::takeFirst);
+    connect(_last, &QSpinBox::valueChanged, this, &TimelineView::takeLast);
+    connect(_rate, &QDoubleSpinBox::valueChanged, this, &TimelineView::takeRate);
+    connect(_playback, &Playback::playingChanged, this, &TimelineView::showIcons);
+    connect(_playback, &Playback::loopChanged, this, [this] { _canvas->showLoop(_playback->loop()); });
+    connect(&_document, &StudioDocument::sceneReplaced, this, &TimelineView::synchronize);
+    connect(&_document, &StudioDocument::sceneChanged, this, &TimelineView::synchronize);
+    connect(&_document, &StudioDocument::stateChanged, this, &TimelineView::synchronize);
+    connect(&_document, &StudioDocument::currentFrameChanged, this, &TimelineView::synchronize);
+    synchronize();
+    showIcons();
+}
+
+QLayout* TimelineView::makeBar()
+{
     auto* const bar = new WrappingRow(8);
     bar->setContentsMargins(6, 4, 6, 4);
     const auto addPart = [bar]() -> QHBoxLayout& {
@@ -56,28 +82,7 @@ TimelineView::TimelineView(StudioDocument& document, QWidget* parent)
     _first = addField(range, "FirstFrame", tr("From"), tr("The scene's first frame"));
     _last = addField(range, "LastFrame", tr("to"), tr("The scene's last frame"));
     addRateField(addPart());
-    auto* rows = new QVBoxLayout(this);
-    rows->setContentsMargins(0, 0, 0, 0);
-    rows->setSpacing(0);
-    rows->addLayout(bar);
-    rows->addWidget(_canvas, 1);
-    setFocusProxy(_canvas);
-    // The canvas is older than the bar above it.
-    setTabOrder(_rate, _canvas);
-
-    addPlayAction();
-    connect(_frame, &QSpinBox::valueChanged, this, &TimelineView::takeFrame);
-    connect(_first, &QSpinBox::valueChanged, this, &TimelineView::takeFirst);
-    connect(_last, &QSpinBox::valueChanged, this, &TimelineView::takeLast);
-    connect(_rate, &QDoubleSpinBox::valueChanged, this, &TimelineView::takeRate);
-    connect(_playback, &Playback::playingChanged, this, &TimelineView::showIcons);
-    connect(_playback, &Playback::loopChanged, this, [this] { _canvas->showLoop(_playback->loop()); });
-    connect(&_document, &StudioDocument::sceneReplaced, this, &TimelineView::synchronize);
-    connect(&_document, &StudioDocument::sceneChanged, this, &TimelineView::synchronize);
-    connect(&_document, &StudioDocument::stateChanged, this, &TimelineView::synchronize);
-    connect(&_document, &StudioDocument::currentFrameChanged, this, &TimelineView::synchronize);
-    synchronize();
-    showIcons();
+    return bar;
 }
 
 QToolButton* TimelineView::addButton(QHBoxLayout& bar, const char* name, const QString& tip,

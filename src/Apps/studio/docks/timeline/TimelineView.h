@@ -35,6 +35,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    QLayout* makeBar();
     QToolButton* addButton(QHBoxLayout& bar, const char* name, const QString& tip, void (TimelineView::*slot)());
     QSpinBox* addField(QHBoxLayout& bar, const char* name, const QString& label, const QString& tip);
     void addRateField(QHBoxLayout& bar);
@@ -58,13 +59,13 @@ private:
     TimelineCanvas* _canvas;
     Playback* _playback;
     QAction* _playAction = nullptr;
-    QToolButton* _toFirst;
-    QToolButton* _back;
-    QToolButton* _play;
-    QToolButton* _forth;
-    QToolButton* _toLast;
-    QSpinBox* _frame;
-    QSpinBox* _first;
-    QSpinBox* _last;
+    QToolButton* _toFirst = nullptr;
+    QToolButton* _back = nullptr;
+    QToolButton* _play = nullptr;
+    QToolButton* _forth = nullptr;
+    QToolButton* _toLast = nullptr;
+    QSpinBox* _frame = nullptr;
+    QSpinBox* _first = nullptr;
+    QSpinBox* _last = nullptr;
     QDoubleSpinBox* _rate = nullptr;
 };
