@@ -136,6 +136,34 @@ TEST_F(LayeredReader, GroupsAreKeptInNamesAndHideWhatIsInThem)
     EXPECT_EQ(one.layers[0].shapes.size(), 2u);
 }
 
+TEST_F(LayeredReader, GroupsOfOneNameAreDifferentObjectsAndALayerOfThatNameIsInNone)
+{
+    AsepriteFile file(4, 4);
+    file.frame(100);
+    file.layer("arm", AsepriteFile::kVisible);
+    for (int group = 0; group < 2; ++group) {
+        file.layer("arm", AsepriteFile::kVisible, 1);
+        file.layer("upper", AsepriteFile::kVisible, 0, 1);
+        file.layer("lower", AsepriteFile::kVisible, 0, 1);
+    }
+    for (const int layer : {0, 2, 3, 5, 6})
+        file.packedCel(layer, 0, 0, 1, 1, kRed);
+    const DIO_Drawing aseprite = drawingOf(write("arms.ase", file.bytes()), DIO_Grouping::GROUPS);
+    const QByteArray group =
+        R"(<stack name="arm"><layer name="lower" src="a.png"/><layer name="upper" src="a.png"/></stack>)";
+    QImage dot(1, 1, QImage::Format_ARGB32);
+    dot.fill(Qt::red);
+    writeArchive(path("arms.ora"), {{"stack.xml", R"(<image w="4" h="4"><stack>)" + group + group +
+                                                      R"(<layer name="arm" src="a.png"/></stack></image>)"},
+                                    {"a.png", pngOf(dot)}});
+    for (const DIO_Drawing& drawing : {aseprite, drawingOf(path("arms.ora"), DIO_Grouping::GROUPS)}) {
+        ASSERT_EQ(namesOf(drawing), (QStringList{"arm", "arm", "arm"}));
+        EXPECT_EQ(drawing.layers[0].shapes.size(), 1u);
+        EXPECT_EQ(drawing.layers[1].shapes.size(), 2u);
+        EXPECT_EQ(drawing.layers[2].shapes.size(), 2u);
+    }
+}
+
 TEST_F(LayeredReader, PalettesAndGreysOfAsepriteBecomeColours)
 {
     AsepriteFile indexed(2, 2, 8);

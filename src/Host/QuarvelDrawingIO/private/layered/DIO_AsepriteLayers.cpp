@@ -44,9 +44,9 @@ DIO_AsepriteLayer readLayer(Reader& chunk, const DIO_AsepriteOpacities& opacitie
     return layer;
 }
 
-void placeInto(const DIO_AsepriteLayer& group, DIO_AsepriteLayer& layer)
+void placeInto(const DIO_AsepriteLayer& group, int number, DIO_AsepriteLayer& layer)
 {
-    layer.group = group.group.isEmpty() ? group.name : group.group;
+    layer.group = DIO_outermost(group.group, group.name, number);
     layer.name = group.name + QLatin1Char('/') + layer.name;
     layer.visible = layer.visible && group.visible;
     layer.opacity *= group.opacity;
@@ -69,7 +69,7 @@ UT_Result<void> DIO_AsepriteLayers::add(DIO_AsepriteReader& chunk, const DIO_Ase
     while (!_open.empty() && _layers[_open.back()].level >= layer.level)
         _open.pop_back();
     if (!_open.empty())
-        placeInto(_layers[_open.back()], layer);
+        placeInto(_layers[_open.back()], static_cast<int>(_open.back()) + 1, layer);
     if (layer.type == DIO_AsepriteLayerType::GROUP)
         _open.push_back(_layers.size());
     _layers.push_back(std::move(layer));

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "QuarvelDrawingIO/private/layered/DIO_AsepritePixels.h"
+#include "QuarvelDrawingIO/private/layered/DIO_BitmapLayers.h"
 
 #include <QString>
 
@@ -28,7 +29,7 @@ struct DIO_AsepriteLayer
     int blend = 0;           ///< 0 is the usual mode
     double opacity = 1.0;    ///< 0 to 1, with that of its groups
     QString name;            ///< with those of its groups, "body/head"
-    QString group;           ///< the name of the outermost group that it is in; empty in none
+    DIO_BitmapGroup group;   ///< the outermost one that it is in
     std::uint32_t tiles = 0; ///< the number of a tile map's tiles
 };
 

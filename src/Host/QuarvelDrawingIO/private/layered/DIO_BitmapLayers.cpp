@@ -44,15 +44,19 @@ DIO_Shape shapeOf(const DIO_BitmapCel& cel, int paint)
 }
 
 // The layer of the drawing that a layer of the file becomes part of.
-DIO_Layer& layerFor(const DIO_BitmapLayer& layer, DIO_Grouping grouping, DIO_Drawing& drawing)
+//
+// @param below the layer of the file below it that is shown; null for the lowest
+DIO_Layer& layerFor(const DIO_BitmapLayer& layer, const DIO_BitmapLayer* below, DIO_Grouping grouping,
+                    DIO_Drawing& drawing)
 {
     std::vector<DIO_Layer>& layers = drawing.layers;
-    const bool isGroup = grouping == DIO_Grouping::GROUPS && !layer.group.isEmpty();
+    const bool isGroup = grouping == DIO_Grouping::GROUPS && layer.group.number > 0;
     const bool isOne = grouping == DIO_Grouping::ONE;
     // What lies between the layers of a group keeps its place: the group begins anew above it.
-    if (!layers.empty() && (isOne || (isGroup && layers.back().name == layer.group)))
+    if (below && (isOne || (isGroup && below->group.number == layer.group.number)))
         return layers.back();
-    layers.push_back({isOne ? drawing.name : isGroup ? layer.group : layer.name, !isOne, {}});
+    const QString& ownName = isGroup && !layer.group.name.isEmpty() ? layer.group.name : layer.name;
+    layers.push_back({isOne ? drawing.name : ownName, !isOne, {}});
     return layers.back();
 }
 
@@ -95,12 +99,15 @@ DIO_Drawing DIO_drawingOf(const DIO_BitmapLayers& layers, const QString& path, D
     drawing.size = layers.size;
     drawing.viewBox = QRectF(QPointF(), drawing.size);
     drawing.warnings = layers.warnings;
+    const DIO_BitmapLayer* below = nullptr;
     for (const DIO_BitmapLayer& layer : layers.layers) {
         const int cel = layer.shown.front();
         if (cel < 0)
             continue;
         const int paint = paintOf(layer, drawing.palette);
-        layerFor(layer, grouping, drawing).shapes.push_back(shapeOf(layer.cels[static_cast<std::size_t>(cel)], paint));
+        layerFor(layer, below, grouping, drawing)
+            .shapes.push_back(shapeOf(layer.cels[static_cast<std::size_t>(cel)], paint));
+        below = &layer;
     }
     if (layers.frames > 1)
         drawing.warnings.append(QStringLiteral("only the first of %1 frames is read").arg(layers.frames));

@@ -18,11 +18,27 @@ struct DIO_BitmapCel
     double opacity = 1.0;
 };
 
+/// A group of layers. Several groups of a file may have the same name, which may be that of a layer, too.
+struct DIO_BitmapGroup
+{
+    QString name;
+    int number = 0; ///< from 1, different for every group of the file; 0: none
+};
+
+/// The outermost of the groups around a layer that is in a group.
+///
+/// @param around the outermost of the groups around that group
+/// @param number of that group
+inline DIO_BitmapGroup DIO_outermost(const DIO_BitmapGroup& around, const QString& name, int number)
+{
+    return around.number > 0 ? around : DIO_BitmapGroup{name, number};
+}
+
 /// A layer.
 struct DIO_BitmapLayer
 {
-    QString name;  ///< with the names of its groups: "head/eye"
-    QString group; ///< the outermost one; empty: none
+    QString name;          ///< with the names of its groups: "head/eye"
+    DIO_BitmapGroup group; ///< the outermost one
     std::vector<DIO_BitmapCel> cels;
     std::vector<int> shown; ///< by frame: the index of a cel, or -1
 };

@@ -16,8 +16,8 @@ namespace {
 // The groups around a layer.
 struct Around
 {
-    QString names; // "head/eyes/"
-    QString group; // the outermost
+    QString names;         // "head/eyes/"
+    DIO_BitmapGroup group; // the outermost
     double opacity = 1.0;
     bool visible = true;
     int depth = 0;
@@ -106,7 +106,7 @@ private:
         if (own.visible && mode != QLatin1String("normal") && !mode.isEmpty())
             _modes << QStringLiteral("%1 (%2)").arg(mode, own.names);
         if (type == QLatin1String("grouplayer")) {
-            own.group = around.group.isEmpty() ? name : around.group;
+            own.group = DIO_outermost(around.group, name, _count);
             own.names += QLatin1Char('/');
             ++own.depth;
             return readLists(own);

@@ -18,8 +18,8 @@ namespace {
 // The stacks around a layer.
 struct Around
 {
-    QString names; // "head/eyes/"
-    QString group; // the outermost
+    QString names;         // "head/eyes/"
+    DIO_BitmapGroup group; // the outermost
     double opacity = 1.0;
     bool visible = true;
 };
@@ -75,12 +75,14 @@ private:
         }
         if (depth > kDeepest)
             return UT_Error{QStringLiteral("its groups lie more than %1 deep in each other").arg(kDeepest)};
-        const Around own = ownOf(around, depth);
+        Around own = ownOf(around, depth);
         if (isLayer) {
             UT_Result<void> read = readLayer(own);
             _xml.skipCurrentElement();
             return read;
         }
+        if (depth > 0)
+            own.group = DIO_outermost(around.group, value("name"), ++_groups);
         while (_xml.readNextStartElement())
             if (UT_Result<void> read = readElement(own, depth + 1); !read)
                 return read;
@@ -98,8 +100,6 @@ private:
         if (depth == 0)
             return own;
         const QString name = value("name");
-        if (own.group.isEmpty())
-            own.group = name;
         const QString mode = value("composite-op").remove(QLatin1String("svg:"));
         // MyPaint's usual mode mixes colours as pigments do; coverage is that of the normal mode.
         const bool isUsual =
@@ -134,9 +134,7 @@ private:
         const UT_Result<QImage> image = readPicture(value("src"));
         if (!image)
             return image.error();
-        const QString name = own.names.chopped(1);
-        const bool isInGroup = own.group != name;
-        _made.layers.push_back({name, isInGroup ? own.group : QString(), {{*image, place, own.opacity}}, {0}});
+        _made.layers.push_back({own.names.chopped(1), own.group, {{*image, place, own.opacity}}, {0}});
         return {};
     }
 
@@ -163,7 +161,8 @@ private:
     DIO_PixelBudget _budget;
     DIO_BitmapLayers _made;
     QStringList _modes;
-    int _count = 0;
+    int _count = 0; // of layers
+    int _groups = 0;
 };
 
 } // namespace

@@ -103,7 +103,7 @@ private:
     struct Around
     {
         QString names;
-        QString group;
+        DIO_BitmapGroup group;
         double opacity = 1.0;
         bool visible = true;
     };
@@ -112,6 +112,7 @@ private:
     UT_Result<void> makeLayers()
     {
         std::vector<Around> open{Around()};
+        int groups = 0;
         for (auto record = _records.rbegin(); record != _records.rend(); ++record) {
             const Around& around = open.back();
             if (record->section == DIO_PsdSection::END_OF_GROUP) {
@@ -124,7 +125,7 @@ private:
                 _modes << QStringLiteral("%1 (%2)").arg(blendName(record->blend), around.names + record->name);
             if (record->section == DIO_PsdSection::OPEN_GROUP || record->section == DIO_PsdSection::CLOSED_GROUP) {
                 open.push_back({around.names + record->name + QLatin1Char('/'),
-                                around.group.isEmpty() ? record->name : around.group, around.opacity * record->opacity,
+                                DIO_outermost(around.group, record->name, ++groups), around.opacity * record->opacity,
                                 visible});
                 continue;
             }
