@@ -93,7 +93,12 @@ void BenchScene<Pixel>::addObject(double centreX, double centreY, double radiusX
 template<typename Pixel>
 void BenchScene<Pixel>::compose(const VallorinRenderHandler::PixmapMap& results)
 {
-    composeOutput(*_handler, *_output, _inputMap, results);
+    _output->realloc(Math::Box2di(), false);
+    PortComposition composition(*_handler, *_output, _canvas);
+    composition.include(_canvas);
+    for (const auto& [port, input] : _inputMap)
+        composition.add(port, input, results.at(_handler->portObjectIds[static_cast<std::size_t>(port)]));
+    composition.finish();
 }
 
 template<typename Pixel>

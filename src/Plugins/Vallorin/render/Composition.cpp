@@ -90,13 +90,6 @@ public:
         _columns = all;
     }
 
-    // Clears all columns that have not been written.
-    void finish()
-    {
-        clear({0, _columns.first});
-        clear({_columns.end, static_cast<int>(_row.size())});
-    }
-
 private:
     void clear(const ColumnSpan& columns) const
     {
@@ -148,7 +141,8 @@ std::span<const Pixel> pixelsOf(const CEL_PixmapOf<Pixel>& pixmap, int y, int x1
 
 template<typename Pixel>
 VallorinRenderHandler::BasicAccumFunctor<Pixel>::BasicAccumFunctor(const VallorinRenderHandler& handler, Pixmap& output,
-                                                                   const PixmapMap& inputs, const PixmapMap& results)
+                                                                   const PixmapMap& inputs, const PixmapMap& results,
+                                                                   std::span<ColumnSpan> written, const void* zeros)
     : _handler(handler)
     , _x1(output.allocatedRect().x1)
     , _x2(output.allocatedRect().x2)
@@ -160,6 +154,8 @@ VallorinRenderHandler::BasicAccumFunctor<Pixel>::BasicAccumFunctor(const Vallori
     , _portIds(&handler.portObjectIds)
     , _generateNormals(handler.generateNormals)
     , _depthInBlue(handler.depthInBlue)
+    , _written(written)
+    , _zeros(zeros)
 {}
 
 template<typename Pixel>
@@ -169,19 +165,7 @@ void VallorinRenderHandler::BasicAccumFunctor<Pixel>::operator()(const tbb::bloc
     ports.reserve(_inputs.size());
     for (int y = rows.begin(); y < rows.end(); ++y) {
         findPorts(y, ports);
-        WrittenColumns(_output.row(y), composeRow(y, ports, {}), _stores, _zeros).finish();
-    }
-    VL_finishStores();
-}
-
-template<typename Pixel>
-void VallorinRenderHandler::BasicAccumFunctor<Pixel>::add(const tbb::blocked_range<int>& rows,
-                                                          std::span<ColumnSpan> written) const
-{
-    std::vector<PortRow> ports;
-    for (int y = rows.begin(); y < rows.end(); ++y) {
-        findPorts(y, ports);
-        ColumnSpan& columns = written[static_cast<std::size_t>(y - _output.allocatedRect().y1)];
+        ColumnSpan& columns = _written[static_cast<std::size_t>(y - _output.allocatedRect().y1)];
         columns = composeRow(y, ports, columns);
     }
     VL_finishStores();
@@ -288,15 +272,6 @@ void VallorinRenderHandler::BasicAccumFunctor<Pixel>::raise(const PortRow& port,
 template class VallorinRenderHandler::BasicAccumFunctor<CEL_PixelRGBA16>;
 template class VallorinRenderHandler::BasicAccumFunctor<CEL_PixelRGBAFloat>;
 
-void composeOutput(const VallorinRenderHandler& handler, CEL_PixmapArea& output,
-                   const VallorinRenderHandler::PixmapMap& inputs, const VallorinRenderHandler::PixmapMap& results)
-{
-    CEL_withFormat(output, [&](auto& typed) {
-        using Functor = VallorinRenderHandler::BasicAccumFunctor<CEL_PixelOf<decltype(typed)>>;
-        forRowsInParallel(typed.allocatedRect(), Functor(handler, typed, inputs, results));
-    });
-}
-
 PortComposition::PortComposition(const VallorinRenderHandler& handler, CEL_PixmapArea& output, const Math::Box2di& room)
     : _handler(handler), _output(output), _room(room)
 {}
@@ -333,11 +308,9 @@ void PortComposition::add(int port, const UT_SharedPtr<CEL_PixmapArea>& input,
     if (result)
         results[objectId] = result;
     CEL_withFormat(_output, [&](auto& typed) {
-        VallorinRenderHandler::BasicAccumFunctor<CEL_PixelOf<decltype(typed)>> functor(_handler, typed, {{port, input}},
-                                                                                       results);
-        functor.setZeros(_zeros);
+        using Functor = VallorinRenderHandler::BasicAccumFunctor<CEL_PixelOf<decltype(typed)>>;
         forRowsInParallel(typed.allocatedRect().getIntersection(input->allocatedRect()),
-                          [&](const tbb::blocked_range<int>& rows) { functor.add(rows, _written); });
+                          Functor(_handler, typed, {{port, input}}, results, _written, _zeros));
     });
 }
 

@@ -25,20 +25,16 @@ public:
     using TypedMap = std::map<int, UT_SharedPtr<Pixmap>>;
 
     /// Inputs and results in another format than the output's count as absent.
-    BasicAccumFunctor(const VallorinRenderHandler& handler, Pixmap& output, const PixmapMap& inputs,
-                      const PixmapMap& results);
-
-    /// Composes the rows of the range; their earlier content is overwritten.
-    void operator()(const tbb::blocked_range<int>& rows) const;
-
-    /// Adds the ports to rows to which earlier ones were added.
     ///
     /// @param written of each row of the output, from its top on: the columns that have been written, counted from its
-    /// left; the others are uninitialised
-    void add(const tbb::blocked_range<int>& rows, std::span<ColumnSpan> written) const;
+    /// left; must outlive this object
+    /// @param zeros the output's pixels from this address on are zeros until they are written, the others
+    /// uninitialised; null: all are uninitialised
+    BasicAccumFunctor(const VallorinRenderHandler& handler, Pixmap& output, const PixmapMap& inputs,
+                      const PixmapMap& results, std::span<ColumnSpan> written, const void* zeros = nullptr);
 
-    /// Says that the output's pixels from this address on are zeros until they are written.
-    void setZeros(const void* from) { _zeros = from; }
+    /// Adds the ports to the rows of the range, and to the columns that have been written in them.
+    void operator()(const tbb::blocked_range<int>& rows) const;
 
 private:
     struct PortRow;
@@ -61,12 +57,9 @@ private:
     const std::vector<int>* _portIds;
     bool _generateNormals;
     bool _depthInBlue;
-    const void* _zeros = nullptr; // null: unwritten pixels are uninitialised everywhere
+    std::span<ColumnSpan> _written;
+    const void* _zeros;
 };
-
-/// Composes the whole output, rows in parallel; its earlier content is overwritten.
-void composeOutput(const VallorinRenderHandler& handler, CEL_PixmapArea& output,
-                   const VallorinRenderHandler::PixmapMap& inputs, const VallorinRenderHandler::PixmapMap& results);
 
 /// Composes an output port by port, in ascending order, so that the result of an object is needed only while its ports
 /// are added.
@@ -80,7 +73,7 @@ public:
     /// Makes the rectangle of an object's whole result part of the output's.
     void include(const Math::Box2di& rect);
 
-    /// Adds a port, rows in parallel. The result's pixels must lie in a rectangle that was included.
+    /// Adds a port, rows in parallel. What lies outside the rectangles that were included is left out.
     ///
     /// @param result none for a cut-out
     void add(int port, const UT_SharedPtr<CEL_PixmapArea>& input, const UT_SharedPtr<CEL_PixmapArea>& result);

@@ -225,7 +225,9 @@ TYPED_TEST(Render, GivesTheSameBytesForAnySplitOfTheRows)
         const auto composed = [&](std::initializer_list<int> cuts) {
             auto output = UT_makeShared<CEL_PixmapOf<TypeParam>>(Math::Size2di{30, 20}, canvas);
             output->realloc(canvas, true);
-            const VallorinRenderHandler::BasicAccumFunctor<TypeParam> functor(*handler, *output, inputs, results);
+            std::vector<ColumnSpan> written(20);
+            const VallorinRenderHandler::BasicAccumFunctor<TypeParam> functor(*handler, *output, inputs, results,
+                                                                              written);
             int from = 0;
             for (const int cut : cuts) {
                 functor(tbb::blocked_range<int>(from, cut));
@@ -237,7 +239,9 @@ TYPED_TEST(Render, GivesTheSameBytesForAnySplitOfTheRows)
         const auto composedAtOnce = [&] {
             auto output = UT_makeShared<CEL_PixmapOf<TypeParam>>(Math::Size2di{30, 20}, canvas);
             output->realloc(canvas, true);
-            const VallorinRenderHandler::BasicAccumFunctor<TypeParam> functor(*handler, *output, inputs, results);
+            std::vector<ColumnSpan> written(20);
+            const VallorinRenderHandler::BasicAccumFunctor<TypeParam> functor(*handler, *output, inputs, results,
+                                                                              written);
             std::barrier start(7);
             std::vector<std::jthread> threads;
             for (int from = 0; from < 20; from += 3)

@@ -51,8 +51,11 @@ std::vector<Pixel> renderedWith(std::int64_t target, const Job& job)
     VallorinRenderHandler handler(1.0, MO_CompositeModuleBitmapHandler::CompositeModuleInterface{}, {});
     handler.portObjectIds = {1, 1};
     CEL_PixmapOf<Pixel> output({canvas.width(), canvas.height()}, canvas);
-    output.realloc(canvas, true);
-    composeOutput(handler, output, {{0, first}, {1, second}}, {{1, result}});
+    PortComposition composition(handler, output, canvas);
+    composition.include(canvas);
+    composition.add(0, first, result);
+    composition.add(1, second, result);
+    composition.finish();
     std::vector<Pixel> pixels = pixelsOf<Pixel>(*result);
     const std::vector<Pixel> composed = pixelsOf<Pixel>(output);
     pixels.insert(pixels.end(), composed.begin(), composed.end());

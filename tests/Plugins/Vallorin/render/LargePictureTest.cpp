@@ -67,6 +67,23 @@ UT_SharedPtr<CEL_PixmapAreaZ> rowsOf(const CEL_PixmapAreaZ& depth, int y1, int y
     return rows;
 }
 
+// The composition of all ports inside a rectangle.
+template<typename Pixel>
+UT_SharedPtr<CEL_PixmapOf<Pixel>> composed(const VallorinRenderHandler& handler, const Math::Box2di& canvas,
+                                           const Math::Box2di& rect, const VallorinRenderHandler::PixmapMap& inputs,
+                                           const VallorinRenderHandler::PixmapMap& results)
+{
+    const auto output = emptyPicture<Pixel>(canvas, {});
+    PortComposition composition(handler, *output, rect);
+    composition.include(rect);
+    for (const auto& [port, input] : inputs) {
+        const auto result = results.find(handler.portObjectIds[static_cast<std::size_t>(port)]);
+        composition.add(port, input, result == results.end() ? nullptr : result->second);
+    }
+    composition.finish();
+    return output;
+}
+
 template<typename Pixel>
 void expectSameRows(const CEL_PixmapOf<Pixel>& whole, const CEL_PixmapOf<Pixel>& part, int y1, int y2)
 {
@@ -111,24 +128,14 @@ TYPED_TEST(LargePicture, IsComposedAsItsRowsAre)
         handler.depthInBlue = depthInBlue;
         std::vector<UT_SharedPtr<CEL_PixmapOf<TypeParam>>> parts;
         for (int y = rect.y1; y < rect.y2; y += kStripRows) {
-            parts.push_back(emptyPicture<TypeParam>(rect, {rect.x1, y, rect.x2, std::min(y + kStripRows, rect.y2)}));
-            composeOutput(handler, *parts.back(), inputs, results);
+            const Math::Box2di strip(rect.x1, y, rect.x2, std::min(y + kStripRows, rect.y2));
+            parts.push_back(composed<TypeParam>(handler, rect, strip, inputs, results));
         }
         withEachInstructionSet([&] {
-            const auto whole = emptyPicture<TypeParam>(rect, rect);
-            composeOutput(handler, *whole, inputs, results);
+            const auto whole = composed<TypeParam>(handler, rect, rect, inputs, results);
+            ASSERT_EQ(whole->allocatedRect(), rect);
             for (const auto& part : parts)
                 expectSameRows<TypeParam>(*whole, *part, part->allocatedRect().y1, part->allocatedRect().y2);
-            const auto portByPort = emptyPicture<TypeParam>(rect, {});
-            PortComposition composition(handler, *portByPort, {});
-            composition.include(rect);
-            for (const auto& [port, input] : inputs) {
-                const auto result = results.find(handler.portObjectIds[static_cast<std::size_t>(port)]);
-                composition.add(port, input, result == results.end() ? nullptr : result->second);
-            }
-            composition.finish();
-            ASSERT_EQ(portByPort->allocatedRect(), rect);
-            expectSameRows<TypeParam>(*whole, *portByPort, rect.y1, rect.y2);
         });
     }
 }
@@ -146,24 +153,20 @@ TYPED_TEST(LargePicture, IsTheSameInNewMemoryAndInUsedMemory)
         inputs[port] = random.picture<TypeParam>(boxes[port], rect);
     const VallorinRenderHandler::PixmapMap results{{1, random.picture<TypeParam>(rect, rect)},
                                                    {2, random.picture<TypeParam>(rect, rect)}};
-    const auto whole = emptyPicture<TypeParam>(rect, rect);
-    composeOutput(handler, *whole, inputs, results);
     const std::size_t bytes = static_cast<std::size_t>(rect.area()) * sizeof(TypeParam);
-    for (const std::size_t used : {std::size_t{0}, bytes / 2, bytes}) {
-        SCOPED_TRACE(used);
+    const auto composedIn = [&](std::size_t used) {
         UT_PixelMemory::trim();
         if (used > 0) {
             void* const block = UT_PixelMemory::take(used);
             std::memset(block, 0x5A, used);
             UT_PixelMemory::give(block, used);
         }
-        const auto portByPort = emptyPicture<TypeParam>(rect, {});
-        PortComposition composition(handler, *portByPort, rect);
-        composition.include(rect);
-        for (const auto& [port, input] : inputs)
-            composition.add(port, input, results.at(handler.portObjectIds[static_cast<std::size_t>(port)]));
-        composition.finish();
-        expectSameRows<TypeParam>(*whole, *portByPort, rect.y1, rect.y2);
+        return composed<TypeParam>(handler, rect, rect, inputs, results);
+    };
+    const auto inUsedMemory = composedIn(bytes);
+    for (const std::size_t used : {std::size_t{0}, bytes / 2}) {
+        SCOPED_TRACE(used);
+        expectSameRows<TypeParam>(*inUsedMemory, *composedIn(used), rect.y1, rect.y2);
     }
 }
 
