@@ -127,8 +127,8 @@ private:
             return {};
         const SIO_Index::Source& source = sources[static_cast<std::size_t>(entry.source) - 1];
         MO_DrawingOrigin origin{{}, entry.layer, source.objects, source.digest};
-        for (const QString& path : source.files)
-            origin.files << SIO_sourceFile(path, _files.folder());
+        for (const SIO_Index::SourceFile& file : source.files)
+            origin.files << SIO_sourceFile(file.path, _files.folder());
         return origin.files.contains(QString()) ? MO_DrawingOrigin() : origin;
     }
 

@@ -95,6 +95,23 @@ TEST_F(NewerVersion, OfTheMainFileIsKept)
         expectKept("scene.xml", what);
 }
 
+TEST_F(NewerVersion, OfASourceAndItsFilesIsKept)
+{
+    const auto scene = makeScene(1);
+    auto& element = dynamic_cast<MO_ElementModule&>(*scene->findModule(text("Only 1")));
+    const QString drawing = QFileInfo(place.folder).absolutePath() + text("/hero.svg");
+    element.setOrigin({{drawing}, text("Hero"), {}, text("abc")});
+    save(*scene, place.folder);
+    edit("scene.xml", "<source digest", "<source reader=\"2\" digest");
+    edit("scene.xml", "<file path=\"../hero.svg\"/>",
+         "<file page=\"3\" path=\"../hero.svg\"><range to=\"4\"/></file><folder path=\"..\"/>");
+    const QString warned = warnings();
+    for (const char* what : {"reader", "page", "range", "folder"})
+        EXPECT_TRUE(warned.contains(text(what))) << what;
+    for (const char* what : {"reader=\"2\"", "page=\"3\"", "<range to=\"4\"/>", "<folder path=\"..\"/>"})
+        expectKept("scene.xml", what);
+}
+
 TEST_F(NewerVersion, DrawingsOfModulesOfUnknownKindsAreKept)
 {
     const QString mainFile = place.folder + text("/scene.xml");

@@ -93,11 +93,19 @@ private:
         _context.keepOtherAttributes(element, {kAttributeObjects, kAttributeDigest}, source.unknown);
         for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
             if (child.tagName() == kElementFile)
-                source.files << PO_attribute(child, kAttributePath);
+                source.files.push_back(sourceFileOf(child));
             else
                 _context.keepElement(child, source.unknown);
         }
         _index.sources.push_back(std::move(source));
+    }
+
+    SIO_Index::SourceFile sourceFileOf(const QDomElement& element) const
+    {
+        SIO_Index::SourceFile file{PO_attribute(element, kAttributePath)};
+        _context.keepOtherAttributes(element, {kAttributePath}, file.unknown);
+        _context.keepAllElements(element, file.unknown);
+        return file;
     }
 
     UT_Result<void> readPalette(const QDomElement& element)
@@ -248,9 +256,11 @@ void writeSources(const SIO_Index& index, PO_XmlWriter& writer)
         if (!source.digest.isEmpty())
             writer.attribute(kAttributeDigest, source.digest);
         source.unknown.writeAttributes(writer);
-        for (const QString& file : source.files) {
+        for (const SIO_Index::SourceFile& file : source.files) {
             writer.startElement(kElementFile);
-            writer.attribute(kAttributePath, file);
+            writer.attribute(kAttributePath, file.path);
+            file.unknown.writeAttributes(writer);
+            file.unknown.writeElements(writer);
             writer.endElement();
         }
         source.unknown.writeElements(writer);

@@ -26,6 +26,7 @@
 #include "QuarvelPersistentObj/PIO_XmlWritable.h"
 #include "QuarvelSceneIO/private/SIO_XmlContext.h"
 
+#include <algorithm>
 #include <vector>
 
 /// The index, with the unknown parts that a newer version wrote.
@@ -62,17 +63,26 @@ struct SIO_Index
         QString pathOf(const Drawing& drawing) const;
     };
 
-    /// Files that were read together, relative to the scene's folder where that is possible. The first has number 1.
+    struct SourceFile
+    {
+        QString path; ///< relative to the scene's folder where that is possible
+        PO_UnknownXml unknown = {};
+    };
+    /// Files that were read together. The first source has number 1.
     struct Source
     {
-        QStringList files;
+        std::vector<SourceFile> files;
         QString objects = {}; ///< how their objects were chosen
         QString digest = {};  ///< of the files as they were read
         PO_UnknownXml unknown = {};
 
+        bool hasSameFiles(const Source& other) const
+        {
+            return std::ranges::equal(files, other.files, {}, &SourceFile::path, &SourceFile::path);
+        }
         bool isSameAs(const Source& other) const
         {
-            return files == other.files && objects == other.objects && digest == other.digest;
+            return hasSameFiles(other) && objects == other.objects && digest == other.digest;
         }
     };
 

@@ -153,10 +153,11 @@ private:
             return 0;
         SIO_Index::Source source{{}, origin.objects, origin.digest};
         for (const QString& file : origin.files)
-            source.files << SIO_sourcePath(file, _home);
+            source.files.push_back({SIO_sourcePath(file, _home)});
         if (_loaded)
             for (const SIO_Index::Source& read : _loaded->index.sources)
-                if (read.files == source.files && read.objects == source.objects)
+                if (read.hasSameFiles(source) && read.objects == source.objects) {
+                    source.files = read.files;
                     source.unknown = read.unknown;
         return numberOf(source);
     }
