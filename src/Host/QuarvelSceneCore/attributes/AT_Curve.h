@@ -54,6 +54,9 @@ public:
         Handle out;
         /// Unknown XML of the key, from a newer version.
         PO_UnknownXml unknown;
+        /// The name of an interpolation that this version does not know, which counts as linear; empty: none. Who
+        /// chooses another interpolation clears it.
+        QString otherType = {};
 
         friend bool operator==(const Key&, const Key&) = default;
     };

@@ -50,10 +50,10 @@ void writeKey(PO_XmlWriter& writer, const Key& key)
     writer.startElement(kKeyElement);
     writer.attribute(kFrame, key.frame);
     writer.attribute(kPIO_attributeValue, key.value);
-    writer.attribute(kType, kTypeNames[static_cast<std::size_t>(key.interpolation)]);
+    writer.attribute(kType, key.otherType.isEmpty() ? QString(kTypeNames[static_cast<std::size_t>(key.interpolation)])
+                                                    : key.otherType);
     writeHandle(writer, kInFrame, kInValue, key.in);
     writeHandle(writer, kOutFrame, kOutValue, key.out);
-    // Last, so that an unknown type replaces the one written above.
     key.unknown.writeAttributes(writer);
     key.unknown.writeElements(writer);
     writer.endElement();
@@ -66,12 +66,12 @@ bool isKnownName(const QString& name)
 }
 
 // Keeps the key's unknown XML. @return whether there was any
-bool keepUnknown(const QDomElement& element, Key& key, bool typeKnown)
+bool keepUnknown(const QDomElement& element, Key& key)
 {
     const QDomNamedNodeMap attributes = element.attributes();
     for (int i = 0; i < attributes.count(); ++i) {
         const QString name = attributes.item(i).nodeName();
-        if (!isKnownName(name) || (name == kType && !typeKnown))
+        if (!isKnownName(name))
             key.unknown.addAttribute(name, attributes.item(i).nodeValue());
     }
     for (QDomElement inner = element.firstChildElement(); !inner.isNull(); inner = inner.nextSiblingElement())
@@ -79,16 +79,17 @@ bool keepUnknown(const QDomElement& element, Key& key, bool typeKnown)
     return !key.unknown.isEmpty();
 }
 
-// Reads a type; an unknown one leaves the target unchanged.
-bool readType(const QDomElement& element, Interpolation& target)
+// Reads a type. @return whether it is known
+bool readType(const QDomElement& element, Key& key)
 {
-    const QString name = element.attribute(kType);
+    const QString name = PO_attribute(element, kType);
     for (std::size_t i = 0; i < kTypeNames.size(); ++i)
         if (name == kTypeNames[i]) {
-            target = static_cast<Interpolation>(i);
+            key.interpolation = static_cast<Interpolation>(i);
             return true;
         }
-    return false;
+    key.otherType = name;
+    return name.isEmpty();
 }
 
 // Reads an optional number.
@@ -141,8 +142,8 @@ bool AT_Curve::parseKey(const QDomElement& element, QStringList* warnings)
     const bool readable =
         frame && value && readNumber(element, kInFrame, key.in.frame) && readNumber(element, kInValue, key.in.value) &&
         readNumber(element, kOutFrame, key.out.frame) && readNumber(element, kOutValue, key.out.value);
-    const bool typeKnown = readType(element, key.interpolation);
-    const bool anyUnknown = keepUnknown(element, key, typeKnown);
+    const bool typeKnown = readType(element, key);
+    const bool anyUnknown = keepUnknown(element, key) || !typeKnown;
     if (!readable || !setKey(key)) {
         warn(warnings, Texts::tr("a key of the curve (frame \"%1\") cannot be read and is left out")
                            .arg(element.attribute(kFrame)));

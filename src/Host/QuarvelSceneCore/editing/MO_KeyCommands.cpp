@@ -46,11 +46,12 @@ MO_EditCommand MO_interpolationCmd(AT_AnimatableAttr& attr, double frame, AT_Cur
         return nullptr;
     // A key without handles goes straight to the next one, whatever it is called.
     const bool makesHandles = interpolation == AT_Curve::Interpolation::BEZIER && key->out == AT_Curve::Handle();
-    if (key->interpolation == interpolation && !makesHandles)
+    if (key->interpolation == interpolation && key->otherType.isEmpty() && !makesHandles)
         return nullptr;
     AT_Curve curve = attr.curve();
     AT_Curve::Key changed = *key;
     changed.interpolation = interpolation;
+    changed.otherType.clear();
     if (makesHandles)
         AT_ease(curve, changed);
     else

@@ -20,6 +20,8 @@
 #include "QuarvelSceneCore/kinds/MO_DisplayModule.h"
 #include "QuarvelSceneCore/kinds/MO_GlueModule.h"
 
+#include <QDomDocument>
+
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
@@ -298,6 +300,26 @@ TEST_F(EditCommands, ASmoothKeyWithoutHandlesCanBeMadeSmooth)
     execute(MO_interpolationCmd(x, 1.0, AT_Curve::Interpolation::BEZIER));
     EXPECT_LT(x.value(2.0), 0.5);
     EXPECT_FALSE(MO_interpolationCmd(x, 1.0, AT_Curve::Interpolation::BEZIER)) << "it is smooth now";
+}
+
+TEST_F(EditCommands, AnInterpolationReplacesOneThatThisVersionDoesNotKnow)
+{
+    const auto curveOf = [](const QString& type) {
+        QDomDocument document;
+        document.setContent(
+            QStringLiteral("<curve><key frame=\"1\" type=\"%1\" val=\"2\" mood=\"3\"/></curve>").arg(type));
+        AT_Curve curve;
+        (void)curve.parseXml(document.documentElement(), nullptr);
+        return curve;
+    };
+    AT_DoubleAttr& x = *hero.positionX();
+    for (const auto& [chosen, name] : {std::pair(AT_Curve::Interpolation::HOLD, QStringLiteral("hold")),
+                                       std::pair(AT_Curve::Interpolation::LINEAR, QStringLiteral("linear"))}) {
+        x.setCurve(curveOf(QStringLiteral("spring")));
+        execute(MO_interpolationCmd(x, 1.0, chosen));
+        EXPECT_EQ(x.curve(), curveOf(name));
+        EXPECT_FALSE(MO_interpolationCmd(x, 1.0, chosen));
+    }
 }
 
 TEST_F(EditCommands, CopiesHaveTheLinksAmongThemTheValuesAndTheDrawings)
