@@ -4,6 +4,7 @@
 #include "jobs/sheets/Sheet.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace {
 
@@ -84,12 +85,19 @@ UT_Result<void> checkRegions(const std::vector<SheetRegion>& regions, const QSiz
     byTop.reserve(regions.size());
     for (const SheetRegion& region : regions)
         byTop.push_back(&region);
-    std::ranges::stable_sort(byTop, {}, [](const SheetRegion* region) { return region->place.top(); });
+    const auto place = [](const SheetRegion* region) { return region->place; };
+    std::ranges::stable_sort(byTop, {}, [](const SheetRegion* region) {
+        const QRect& at = region->place;
+        return std::tuple(at.top(), at.left(), at.bottom(), at.right());
+    });
+    // Only one of the regions at the same place, so that no more are open than columns of the page.
+    const auto repeated = std::ranges::unique(byTop, {}, place);
+    byTop.erase(repeated.begin(), repeated.end());
     std::vector<const SheetRegion*> open;
     for (const SheetRegion* region : byTop) {
         std::erase_if(open, [&](const SheetRegion* other) { return other->place.bottom() < region->place.top(); });
         for (const SheetRegion* other : open)
-            if (other->place != region->place && other->place.intersects(region->place))
+            if (other->place.intersects(region->place))
                 return UT_Error{QStringLiteral("the regions \"%1\" (%2) and \"%3\" (%4) overlap")
                                     .arg(other->name, text(other->place), region->name, text(region->place))};
         open.push_back(region);

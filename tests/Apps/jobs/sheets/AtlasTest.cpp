@@ -213,6 +213,9 @@ TEST(Regions, HaveToLieOnThePageAndApart)
         << "one sprite, two names";
     EXPECT_THAT(errorOf(checkRegions({region("a", {0, 0, 4, 4}), region("b", {3, 0, 4, 4})}, {8, 4})),
                 HasSubstr("overlap"));
+    EXPECT_THAT(errorOf(checkRegions({region("a", {3, 0, 4, 4}), region("b", {0, 0, 4, 4}), region("c", {3, 0, 4, 4})},
+                                     {8, 4})),
+                HasSubstr("\"b\" (0, 0, 4 x 4) and \"a\" (3, 0, 4 x 4) overlap"));
     EXPECT_THAT(errorOf(checkRegions({region("a", {5, 0, 4, 4})}, {8, 4})), HasSubstr("leaves the page"));
     EXPECT_THAT(errorOf(checkRegions({region("a", {1, 1, 0, 4})}, {8, 4})), HasSubstr("no pixels"));
     SheetRegion wide = region("a", {0, 0, 4, 4});
