@@ -144,13 +144,16 @@ UT_Result<RenderFramesSettings> drawingSettings(const RenderOptions& options, co
     return drawing;
 }
 
-void warnOfMissingColours(const MO_Scene& scene, const RenderOptions& options, Report& report)
+UT_Result<void> warnOfMissingColours(const MO_Scene& scene, const RenderOptions& options, Report& report)
 {
     if (!options.gloss.isAny())
-        return;
-    const std::unique_ptr<MO_Scene> copy = MO_copyScene(scene);
-    if (const QString warning = glossWarning(paintGloss(*copy, options.gloss)); !warning.isEmpty())
+        return {};
+    const auto copy = MO_copyScene(scene);
+    if (!copy)
+        return copy.error();
+    if (const QString warning = glossWarning(paintGloss(**copy, options.gloss)); !warning.isEmpty())
         report.warning(options.scene, warning);
+    return {};
 }
 
 // The parts of a frame that any of the runs needs. One run follows another, so each takes at most the memory for these.
@@ -251,7 +254,8 @@ UT_Result<RenderPlan> renderPlan(const MO_Scene& scene, const RenderOptions& opt
         return differ.error();
     if (const auto chosen = chooseAtOnce(options, plan); !chosen)
         return chosen.error();
-    warnOfMissingColours(scene, options, report);
+    if (const auto warned = warnOfMissingColours(scene, options, report); !warned)
+        return warned.error();
     if (!options.page.isEmpty() && plan.settings.picture.shown != RenderedKind::NORMALS)
         return UT_Error{QStringLiteral("--html lights normals, and the picture of \"%1\" is none; name a node with "
                                        "--node, or say --as normals")

@@ -66,6 +66,23 @@ TEST(SceneRoundTrip, AGraphHasAsManyModulesAsCanBeLoaded)
     EXPECT_EQ(files.error().text, text("the graph would have more than 30000 modules"));
 }
 
+TEST(SceneRoundTrip, GroupsLieInEachOtherAsDeepAsCanBeLoaded)
+{
+    const ScenePlace place;
+    MO_Scene scene;
+    XUGroup* deepest = &scene.root();
+    for (int i = 0; i < XUGroup::kMaxDepthInFile; ++i)
+        deepest = &deepest->emplace<XUGroup>();
+    deepest->emplace<MO_GlueModule>();
+    save(scene, place.folder);
+    const auto loaded = SIO_loadScene(place.folder);
+    ASSERT_TRUE(loaded) << qPrintable(loaded.error().text);
+    EXPECT_EQ(loaded->scene->toXml(), scene.toXml());
+
+    deepest->emplace<XUGroup>();
+    EXPECT_FALSE(SIO_sceneFiles(scene, QString()));
+}
+
 TEST(SceneRoundTrip, AFileThatDidNotChangeIsNotWrittenAgain)
 {
     const ScenePlace place;

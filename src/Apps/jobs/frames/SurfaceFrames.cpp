@@ -6,7 +6,6 @@
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelNormalMap/NM_MapForm.h"
 #include "QuarvelNormalMap/NM_MaskPicture.h"
-#include "QuarvelSceneCore/graph/MO_SceneCopy.h"
 #include "jobs/shown/SurfacePictures.h"
 #include "jobs/targets/Targets.h"
 
@@ -42,11 +41,19 @@ bool SurfaceFrames::makes(FrameContent content)
 SurfaceFrames::SurfaceFrames(const ShownModule& shown, const RenderFramesSettings& settings)
     : _shown(shown), _settings(settings)
 {
-    if (settings.content != FrameContent::GLOSS)
-        return;
-    _greyScene = MO_copyScene(dynamic_cast<const MO_Scene&>(*shown.module().sceneCommon()));
-    paintGloss(*_greyScene, settings.gloss);
-    _greys = std::make_unique<ShownModule>(*_greyScene->findModule(shown.module().instanceName()));
+    if (settings.content == FrameContent::GLOSS)
+        _painted = paintGreys();
+}
+
+UT_Result<void> SurfaceFrames::paintGreys()
+{
+    UT_Result<SceneCopy> copy = copySceneOf(_shown.module());
+    if (!copy)
+        return copy.error();
+    _greyScene = std::move(*copy);
+    paintGloss(*_greyScene.scene, _settings.gloss);
+    _greys = std::make_unique<ShownModule>(*_greyScene.module);
+    return {};
 }
 
 SurfaceFrames::~SurfaceFrames() = default;
@@ -79,6 +86,8 @@ UT_Result<IIO_Picture> SurfaceFrames::heights(const ShownFrame& frame) const
 
 UT_Result<IIO_Picture> SurfaceFrames::gloss(int frame, const RD_SoftRenderer::Progress& progress) const
 {
+    if (!_painted)
+        return _painted.error();
     const auto greys = _greys->renderDrawing(frame, _settings.parameters, progress);
     if (!greys)
         return greys.error();

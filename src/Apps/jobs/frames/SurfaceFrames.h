@@ -4,6 +4,7 @@
 #pragma once
 
 #include "jobs/frames/RenderFrames.h"
+#include "jobs/shown/SceneCopies.h"
 
 #include <memory>
 
@@ -28,13 +29,15 @@ public:
     IIO_Metadata metadata(int frame) const;
 
 private:
+    UT_Result<void> paintGreys();
     UT_Result<IIO_Picture> gloss(int frame, const RD_SoftRenderer::Progress& progress) const;
     UT_Result<IIO_Picture> heights(const ShownFrame& frame) const;
 
     const ShownModule& _shown;
     const RenderFramesSettings& _settings;
-    std::unique_ptr<MO_Scene> _greyScene;
+    SceneCopy _greyScene;
     std::unique_ptr<ShownModule> _greys;
+    UT_Result<void> _painted; // whether there are greys, where they are wanted
 };
 
 /// The settings for the frames of such pictures.

@@ -64,6 +64,12 @@ bool isEmpty(const CELVEC_Kvd& drawing)
     return std::ranges::all_of(kGR_allArts, [&](GR_Art art) { return drawing.shapes(art).empty(); });
 }
 
+// Only copies of groups can fail.
+std::unique_ptr<MO_Module> copyOf(const MO_Module& module)
+{
+    return std::move(*MO_copyModule(module));
+}
+
 ObjectDefinition* definitionFedBy(const MO_ElementModule& element)
 {
     if (element.nOutPorts() == 0)
@@ -276,7 +282,7 @@ private:
         const MO_ElementModule& layer = *_layers[index];
         const int number = nextNumber();
         AddedLayer added{.layer = index};
-        auto element = MO_copyModule(layer);
+        auto element = copyOf(layer);
         added.element = &dynamic_cast<MO_ElementModule&>(*element);
         for (const auto& [name, drawing] : layer.drawings())
             added.element->setDrawing(name, drawing->withPalette(_palette));
@@ -285,7 +291,7 @@ private:
             placingAttrs(*added.element)[i]->setLocalValue(placing[i]);
         add(std::move(element), nullptr);
         if (const ObjectDefinition* const known = definitionFedBy(layer)) {
-            auto definition = MO_copyModule(*known);
+            auto definition = copyOf(*known);
             added.definition = &dynamic_cast<ObjectDefinition&>(*definition);
             const int before = known->objectNumber()->localValue();
             if (before != 0)

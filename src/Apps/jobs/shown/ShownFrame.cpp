@@ -3,7 +3,6 @@
 // Renders each part of a frame from the scene, or from the copy that the part needs.
 #include "jobs/shown/ShownFrame.h"
 
-#include "QuarvelSceneCore/graph/MO_SceneCopy.h"
 #include "jobs/shown/FrameMargin.h"
 #include "jobs/shown/NormalMapNode.h"
 #include "jobs/shown/ObjectRims.h"
@@ -77,9 +76,9 @@ struct ShownModule::ObjectChanges
 
 struct ShownModule::Rimmed
 {
-    explicit Rimmed(Copy changed) : copy(std::move(changed)), shown(*copy.module) {}
+    explicit Rimmed(SceneCopy changed) : copy(std::move(changed)), shown(*copy.module) {}
 
-    Copy copy;
+    SceneCopy copy;
     ShownModule shown;
 };
 
@@ -153,8 +152,7 @@ UT_Result<void> ShownModule::addDrawing(double frame, const RD_RenderParameters&
             return done ? UT_Result<void>() : done.error();
     UT_Result<UT_SharedPtr<CEL_PixmapArea>> painted = wanted.knownDrawing;
     if (!isKnown)
-        painted = notes ? paintAndNote(frame, parameters, wanted, made, rest)
-                        : renderModule(*drawing()->module, frame, parameters, rest);
+        painted = notes ? paintAndNote(frame, parameters, wanted, made, rest) : paint(frame, parameters, rest);
     if (!painted)
         return painted.error();
     if (corrected)
@@ -185,7 +183,7 @@ UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderDrawing(double frame,
 {
     if (_source.kind == RenderedKind::COLOURS)
         return renderNode(frame, parameters, {}, progress);
-    return renderModule(*drawing()->module, frame, parameters, progress);
+    return paint(frame, parameters, progress);
 }
 
 ShownModule::ObjectChanges ShownModule::objectChanges(double frame) const
@@ -218,7 +216,10 @@ UT_Result<void> ShownModule::change(const ObjectChanges& changes, const ShownInp
         std::vector<SurfaceLine> lines = changes.lines;
         for (SurfaceLine& line : lines) {
             const RD_RenderParameters wide = beyondTheFrame(parameters);
-            const auto strokes = renderModule(*showing(line)->module, frame, wide, rest);
+            const CopyResult copy = showing(line);
+            if (!copy)
+                return copy.error();
+            const auto strokes = renderModule(*(*copy)->module, frame, wide, rest);
             if (!strokes)
                 return strokes.error();
             line.strokes = StrokeRelief(**strokes, RD_RenderJob(wide).canvas());
@@ -240,40 +241,38 @@ UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderRims(const ObjectRims
                                                                 const RD_RenderParameters& parameters,
                                                                 const RD_SoftRenderer::Progress& progress) const
 {
-    const std::shared_ptr<const Rimmed> copy = rimmed(rims);
-    const ShownModule& shown = copy->shown;
+    const auto copy = rimmed(rims);
+    if (!copy)
+        return copy.error();
+    const ShownModule& shown = (*copy)->shown;
     const RD_RenderParameters used = shown.usedFor(parameters, {});
     const bool repairs = isFloat(used) && _source.kind == RenderedKind::NORMALS;
     return shown.renderNode(frame, used, {.elevationInBlue = true, .closedSeams = repairs}, progress);
 }
 
-std::shared_ptr<const ShownModule::Rimmed> ShownModule::rimmed(const ObjectRims& rims) const
+UT_Result<std::shared_ptr<const ShownModule::Rimmed>> ShownModule::rimmed(const ObjectRims& rims) const
 {
-    const std::scoped_lock lock(_mutex);
-    // Rims that are animated have other values at every frame.
-    constexpr std::size_t kMost = 8;
-    if (_rimmed.size() > kMost)
-        _rimmed.clear();
-    std::shared_ptr<const Rimmed>& known = _rimmed[rims.tables()];
-    if (known)
-        return known;
-    Copy made = copy();
-    for (MO_Module* const module : pictureSourceOf(*made.module).nodes)
-        if (const auto table = rims.tables().find(module->instanceName()); table != rims.tables().end())
-            NormalMapNode(*module).setObjects(table->second);
-    return known = std::make_shared<const Rimmed>(std::move(made));
+    return _rimmed.of(rims.tables(), [&] {
+        UT_Result<SceneCopy> made = copySceneOf(_module);
+        if (!made)
+            return made;
+        for (MO_Module* const module : pictureSourceOf(*made->module).nodes)
+            if (const auto table = rims.tables().find(module->instanceName()); table != rims.tables().end())
+                NormalMapNode(*module).setObjects(table->second);
+        return made;
+    });
 }
 
-std::shared_ptr<const ShownModule::Copy> ShownModule::showing(const SurfaceLine& line) const
+ShownModule::CopyResult ShownModule::showing(const SurfaceLine& line) const
 {
-    const std::scoped_lock lock(_mutex);
-    std::shared_ptr<const Copy>& known = _lines[{line.node, line.port}];
-    if (known)
-        return known;
-    Copy made = copy();
-    showOnly(*made.scene, line);
-    made.module = &showDrawings(*made.scene, *made.module);
-    return known = std::make_shared<const Copy>(std::move(made));
+    return _lines.of({line.node, line.port}, [&] {
+        UT_Result<SceneCopy> made = copySceneOf(_module);
+        if (!made)
+            return made;
+        showOnly(*made->scene, line);
+        made->module = &showDrawings(*made->scene, *made->module);
+        return made;
+    });
 }
 
 SurfaceRises ShownModule::risesOf(double frame, const ObjectRims& rims, int width) const
@@ -301,36 +300,44 @@ UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderNode(double frame, co
     change.elevationInBlue = wanted.elevationInBlue && _otherBlue;
     change.canvasFactor = canvasFactor(job.canvas());
     change.frameFactor = canvasFactor(job.frame());
-    const std::shared_ptr<const Copy> copy = changed(change);
-    auto picture = renderModule(copy ? *copy->module : _module, frame, wide, progress, kept);
+    const CopyResult copy = changed(change);
+    if (!copy)
+        return copy.error();
+    auto picture = renderModule(*copy ? *(*copy)->module : _module, frame, wide, progress, kept);
     if (picture && !wide.margins.isEmpty())
         (*picture)->realloc((*picture)->allocatedRect().getIntersection(job.frame()), true);
     return picture;
 }
 
-std::shared_ptr<const ShownModule::Copy> ShownModule::changed(const Change& change) const
+ShownModule::CopyResult ShownModule::changed(const Change& change) const
 {
     if (!change.elevationInBlue && !change.closedSeams && change.canvasFactor == change.frameFactor)
-        return nullptr;
-    const std::scoped_lock lock(_mutex);
-    // The margins of frames are multiples of 32 pixels, so more different copies are rare.
-    constexpr std::size_t kMost = 16;
-    if (_changed.size() > kMost)
-        _changed.clear();
-    std::shared_ptr<const Copy>& known = _changed[change];
-    if (known)
-        return known;
-    Copy made = copy();
-    for (MO_Module* const module : pictureSourceOf(*made.module).nodes) {
-        const NormalMapNode node(*module);
-        if (change.elevationInBlue)
-            node.putElevationInBlue();
-        if (change.closedSeams)
-            closeSeams(*module);
-        if (change.canvasFactor != change.frameFactor)
-            node.scaleElevations(static_cast<double>(change.frameFactor) / static_cast<double>(change.canvasFactor));
-    }
-    return known = std::make_shared<const Copy>(std::move(made));
+        return std::shared_ptr<const SceneCopy>();
+    return _changed.of(change, [&] {
+        UT_Result<SceneCopy> made = copySceneOf(_module);
+        if (!made)
+            return made;
+        for (MO_Module* const module : pictureSourceOf(*made->module).nodes) {
+            const NormalMapNode node(*module);
+            if (change.elevationInBlue)
+                node.putElevationInBlue();
+            if (change.closedSeams)
+                closeSeams(*module);
+            if (change.canvasFactor != change.frameFactor)
+                node.scaleElevations(static_cast<double>(change.frameFactor) /
+                                     static_cast<double>(change.canvasFactor));
+        }
+        return made;
+    });
+}
+
+UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::paint(double frame, const RD_RenderParameters& parameters,
+                                                           const RD_SoftRenderer::Progress& progress) const
+{
+    const CopyResult copy = drawing();
+    if (!copy)
+        return copy.error();
+    return renderModule(*(*copy)->module, frame, parameters, progress);
 }
 
 // All stand-ins of the copy record into one list, so frames are painted one at a time.
@@ -340,7 +347,10 @@ UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::paintAndNote(double frame, 
 {
     const std::scoped_lock lock(_notingMutex);
     if (!_noting.module) {
-        _noting = copy();
+        UT_Result<SceneCopy> copy = copySceneOf(_module);
+        if (!copy)
+            return copy.error();
+        _noting = std::move(*copy);
         _noting.module = &showDrawings(*_noting.scene, *_noting.module, &_noted);
     }
     _noted = {.inputs = {}, .wantsObjects = wanted.objects, .objects = {}};
@@ -352,24 +362,24 @@ UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::paintAndNote(double frame, 
     return painted;
 }
 
-std::shared_ptr<const ShownModule::Copy> ShownModule::drawing() const
+ShownModule::CopyResult ShownModule::drawing() const
 {
-    const std::scoped_lock lock(_mutex);
-    if (_drawing)
-        return _drawing;
-    Copy made = copy();
-    made.module = &showDrawings(*made.scene, *made.module);
-    return _drawing = std::make_shared<const Copy>(std::move(made));
+    return _drawing.of({}, [&] {
+        UT_Result<SceneCopy> made = copySceneOf(_module);
+        if (made)
+            made->module = &showDrawings(*made->scene, *made->module);
+        return made;
+    });
 }
 
-std::shared_ptr<const ShownModule::Copy> ShownModule::coverage() const
+ShownModule::CopyResult ShownModule::coverage() const
 {
-    const std::scoped_lock lock(_mutex);
-    if (_coverage)
-        return _coverage;
-    Copy made = copy();
-    made.module = showCoverage(*made.scene, *made.module);
-    return _coverage = std::make_shared<const Copy>(std::move(made));
+    return _coverage.of({}, [&] {
+        UT_Result<SceneCopy> made = copySceneOf(_module);
+        if (made)
+            made->module = showCoverage(*made->scene, *made->module);
+        return made;
+    });
 }
 
 // Modules that join pictures pass no coverage on, and the graph is the same at every frame.
@@ -379,12 +389,15 @@ UT_Result<bool> ShownModule::takeCoverageAlone(CEL_PixmapAreaRGBAFloat& picture,
 {
     if (isFloat(parameters) || !_passesCoverage)
         return false;
-    const std::shared_ptr<const Copy> copy = coverage();
-    if (!copy->module) {
+    const CopyResult copy = coverage();
+    if (!copy)
+        return copy.error();
+    MO_Module* const module = (*copy)->module;
+    if (!module) {
         _passesCoverage = false;
         return false;
     }
-    const UT_Result<CA_CelRef> rendered = RD_SoftRenderer::render(*copy->module, frame, parameters, progress);
+    const UT_Result<CA_CelRef> rendered = RD_SoftRenderer::render(*module, frame, parameters, progress);
     if (!rendered)
         return rendered.error();
     const auto painted = coverageOf(**rendered);
@@ -394,12 +407,4 @@ UT_Result<bool> ShownModule::takeCoverageAlone(CEL_PixmapAreaRGBAFloat& picture,
     }
     takeCoverage(picture, *painted);
     return true;
-}
-
-ShownModule::Copy ShownModule::copy() const
-{
-    Copy made;
-    made.scene = MO_copyScene(dynamic_cast<const MO_Scene&>(*_module.sceneCommon()));
-    made.module = made.scene->findModule(_module.instanceName());
-    return made;
 }

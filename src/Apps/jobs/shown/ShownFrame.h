@@ -12,7 +12,7 @@
 //
 // If objects reach the frame's border, the node is rendered with a margin (FrameMargin.h) and the pixels in the margin
 // are dropped. The node scales heights by the width of the canvas, so the objects' elevations are divided by the factor
-// by which the margin widens it. These changes are made to copies of the scene, which are created when first needed.
+// by which the margin widens it. These changes are made to copies of the scene (SceneCopies.h).
 //
 // What the Object Definitions say of single objects and the node knows nothing of is applied to the rendered picture:
 // first rims (ObjectRims.h), then strokes that bend the surface (SurfaceLines.h), then tilts (ObjectTilts.h).
@@ -24,14 +24,15 @@
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 #include "jobs/shown/InputCoverage.h"
 #include "jobs/shown/RenderedKind.h"
+#include "jobs/shown/SceneCopies.h"
 #include "jobs/shown/VisibleDrawing.h"
 
 #include <atomic>
 #include <map>
 #include <memory>
 #include <mutex>
+#include <variant>
 
-class MO_Scene;
 class ObjectRims;
 class RD_KeptInputs;
 struct SurfaceLine;
@@ -110,12 +111,6 @@ public:
                                                           const RD_SoftRenderer::Progress& progress = {}) const;
 
 private:
-    /// A copy of the scene, and the module in it.
-    struct Copy
-    {
-        std::unique_ptr<MO_Scene> scene;
-        MO_Module* module = nullptr;
-    };
     /// The changes to the scene for a render of the node.
     struct Change
     {
@@ -138,7 +133,9 @@ private:
     /// Adds the drawing and does to the picture what needs it.
     UT_Result<void> addDrawing(double frame, const RD_RenderParameters& parameters, const ShownParts& wanted,
                                const RD_SoftRenderer::Progress& progress, ShownFrame& made) const;
-    std::shared_ptr<const Copy> changed(const Change& change) const;
+    using CopyResult = UT_Result<std::shared_ptr<const SceneCopy>>;
+    /// Null where the scene itself serves.
+    CopyResult changed(const Change& change) const;
     /// What the Object Definitions say of single objects and the nodes know nothing of.
     struct ObjectChanges;
     ObjectChanges objectChanges(double frame) const;
@@ -150,20 +147,24 @@ private:
                                                        const RD_SoftRenderer::Progress& progress) const;
     /// A copy of the scene in which the nodes render the rims.
     struct Rimmed;
-    std::shared_ptr<const Rimmed> rimmed(const ObjectRims& rims) const;
+    UT_Result<std::shared_ptr<const Rimmed>> rimmed(const ObjectRims& rims) const;
     /// A copy of the scene that shows nothing but the strokes.
-    std::shared_ptr<const Copy> showing(const SurfaceLine& line) const;
+    CopyResult showing(const SurfaceLine& line) const;
     /// How high the objects rise, in pixels.
     std::map<QString, std::map<int, double>> risesOf(double frame, const ObjectRims& rims, int width) const;
-    std::shared_ptr<const Copy> drawing() const;
-    std::shared_ptr<const Copy> coverage() const;
+    /// A copy of the scene that shows the drawing, with the module that does.
+    CopyResult drawing() const;
+    /// A copy of the scene that shows the drawing's coverage; its module is null where there is none that does.
+    CopyResult coverage() const;
     /// Gives a float picture the drawing's coverage without painting the drawing's colours.
     ///
     /// @return whether that was possible
     UT_Result<bool> takeCoverageAlone(CEL_PixmapAreaRGBAFloat& picture, double frame,
                                       const RD_RenderParameters& parameters,
                                       const RD_SoftRenderer::Progress& progress) const;
-    Copy copy() const;
+    /// Paints the drawing alone.
+    UT_Result<UT_SharedPtr<CEL_PixmapArea>> paint(double frame, const RD_RenderParameters& parameters,
+                                                  const RD_SoftRenderer::Progress& progress) const;
     UT_Result<UT_SharedPtr<CEL_PixmapArea>> paintAndNote(double frame, const RD_RenderParameters& parameters,
                                                          const ShownParts& wanted, ShownFrame& made,
                                                          const RD_SoftRenderer::Progress& progress) const;
@@ -171,14 +172,15 @@ private:
     MO_Module& _module;
     PictureSource _source;
     bool _otherBlue = false;
-    mutable std::mutex _mutex; // protects the copies
-    mutable std::map<Change, std::shared_ptr<const Copy>> _changed;
-    mutable std::map<std::map<QString, QString>, std::shared_ptr<const Rimmed>> _rimmed; // by their object tables
-    mutable std::map<std::pair<QString, int>, std::shared_ptr<const Copy>> _lines;       // by node and port
-    mutable std::shared_ptr<const Copy> _drawing;
-    mutable std::shared_ptr<const Copy> _coverage;
+    // The margins of frames are multiples of 32 pixels, so more different changes are rare.
+    mutable SceneCopies<Change> _changed{16};
+    // By their object tables. Rims that are animated have other tables at every frame.
+    mutable SceneCopies<std::map<QString, QString>, Rimmed> _rimmed{8};
+    mutable SceneCopies<std::pair<QString, int>> _lines; // by node and port
+    mutable SceneCopies<std::monostate> _drawing;
+    mutable SceneCopies<std::monostate> _coverage;
     mutable std::atomic<bool> _passesCoverage = true; ///< whether coverageOf() may find one
     mutable std::mutex _notingMutex;
-    mutable Copy _noting;        // protected by _notingMutex
+    mutable SceneCopy _noting;   // protected by _notingMutex
     mutable DrawingNotes _noted; // protected by _notingMutex
 };

@@ -192,7 +192,10 @@ UT_Result<ExportPlan> ExportPlan::of(const MO_Scene& scene, const ExportChoices&
     if (choices.pictures.contains(ExportPicture::GLOSS) && !choices.gloss.isAny())
         return UT_Error{Texts::tr("No colour is glossy yet; \"Colours...\" sets the gloss of each.")};
     ExportPlan plan;
-    plan.scene = MO_copyScene(scene);
+    auto copy = MO_copyScene(scene);
+    if (!copy)
+        return copy.error();
+    plan.scene = std::move(*copy);
     MO_Module* const module = plan.scene->findModule(choices.node);
     if (!module)
         return UT_Error{Texts::tr("There is no node \"%1\" any more.").arg(choices.node)};

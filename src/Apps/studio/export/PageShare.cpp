@@ -38,7 +38,10 @@ PageShare::~PageShare()
 UT_Result<std::shared_ptr<PageShare::Plan>> PageShare::planOf(const QString& file, const QString& name) const
 {
     auto plan = std::make_shared<Plan>();
-    plan->scene = MO_copyScene(_document.scene());
+    auto copy = MO_copyScene(_document.scene());
+    if (!copy)
+        return copy.error();
+    plan->scene = std::move(*copy);
     MO_Module* const module = shownModule(*plan->scene);
     if (module)
         plan->shown = std::make_unique<ShownModule>(*module);

@@ -86,14 +86,23 @@ SceneSnapshot::SceneSnapshot(const MO_Scene& scene, const QString& nodeName) : _
     });
 }
 
-ShownModule& SceneSnapshot::source()
+UT_Result<ShownModule*> SceneSnapshot::source()
 {
-    if (!_shown) {
-        _scene = _capture.makeScene();
-        _shown = std::make_unique<ShownModule>(*_scene->findModule(_module));
-        _state.graph = drawingGraphOf(*_scene, _module);
-    }
-    return *_shown;
+    if (_shown)
+        return _shown.get();
+    auto scene = _capture.makeScene();
+    if (!scene)
+        return scene.error();
+    _scene = std::move(*scene);
+    _shown = std::make_unique<ShownModule>(*_scene->findModule(_module));
+    _state.graph = drawingGraphOf(*_scene, _module);
+    return _shown.get();
+}
+
+bool SceneSnapshot::hasOtherBlue()
+{
+    const UT_Result<ShownModule*> shown = source();
+    return shown && (*shown)->hasOtherBlue();
 }
 
 SceneSnapshot::~SceneSnapshot() = default;
@@ -102,7 +111,10 @@ UT_Result<std::shared_ptr<RenderedFrame>> SceneSnapshot::render(int frame, const
                                                                 const RD_SoftRenderer::Progress& progress,
                                                                 DrawingCache* drawings)
 {
-    const ShownModule& module = source();
+    const UT_Result<ShownModule*> copy = source();
+    if (!copy)
+        return copy.error();
+    const ShownModule& module = **copy;
     // The picture of another module is its drawing, so there is nothing to reuse.
     const bool mayBeKept = drawings && module.kind() != RenderedKind::COLOURS;
     if (mayBeKept)
@@ -148,5 +160,6 @@ UT_Result<std::shared_ptr<RenderedFrame>> SceneSnapshot::render(int frame, const
 UT_Result<UT_SharedPtr<CEL_PixmapArea>> SceneSnapshot::renderChannels(int frame, const QSize& size,
                                                                       const RD_SoftRenderer::Progress& progress)
 {
-    return source().renderChannels(frame, parametersOf(size), progress);
+    const UT_Result<ShownModule*> copy = source();
+    return copy ? (*copy)->renderChannels(frame, parametersOf(size), progress) : copy.error();
 }

@@ -38,14 +38,14 @@ public:
                                                      DrawingCache* drawings = nullptr);
 
     /// Whether the node's own blue channel is not the elevation, so that renderChannels() gives a different picture
-    /// than render().
-    bool hasOtherBlue() { return source().hasOtherBlue(); }
+    /// than render(); false where nothing can be rendered.
+    bool hasOtherBlue();
     /// Renders the node's picture with its attributes unchanged.
     UT_Result<UT_SharedPtr<CEL_PixmapArea>> renderChannels(int frame, const QSize& size,
                                                            const RD_SoftRenderer::Progress& progress);
 
 private:
-    ShownModule& source();
+    UT_Result<ShownModule*> source();
 
     QString _module; // its name
     DrawingState _state;

@@ -6,6 +6,7 @@
 #include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
 #include "studio/window/HelpDialog.h"
 #include "studio/window/Icons.h"
+#include "studio/window/MessageBar.h"
 
 #include <QCoreApplication>
 #include <QMessageBox>
@@ -27,7 +28,10 @@ void MainWindow::deleteSelected()
 void MainWindow::duplicateSelected()
 {
     std::vector<MO_Module*> copies;
-    if (_document.execute(MO_duplicateModulesCmd(modulesOf(_document.selection()), &copies)))
+    UT_Result<MO_EditCommand> command = MO_duplicateModulesCmd(modulesOf(_document.selection()), &copies);
+    if (!command)
+        return _messages->showError(command.error().text);
+    if (_document.execute(std::move(*command)))
         _document.setSelection({copies.begin(), copies.end()});
 }
 

@@ -158,15 +158,21 @@ constexpr double kAside = 36.0;
 
 } // namespace
 
-MO_EditCommand MO_duplicateModulesCmd(const std::vector<MO_Module*>& modules, std::vector<MO_Module*>* copies)
+UT_Result<MO_EditCommand> MO_duplicateModulesCmd(const std::vector<MO_Module*>& modules,
+                                                 std::vector<MO_Module*>* copies)
 {
     XUGroup* const group = commonGroup(modules);
     if (!group)
-        return nullptr;
+        return MO_EditCommand();
+    if (const auto room = group->mayAdd({modules.begin(), modules.end()}); !room)
+        return room.error();
     std::map<const MO_Node*, MO_Module*> copyFor;
     std::vector<ModulesCmd::Entry> entries;
     for (MO_Module* module : modules) {
-        std::unique_ptr<MO_Module> copy = MO_copyModule(*module);
+        UT_Result<std::unique_ptr<MO_Module>> copied = MO_copyModule(*module);
+        if (!copied)
+            return copied.error();
+        std::unique_ptr<MO_Module>& copy = *copied;
         copyFor[module] = copy.get();
         if (const auto& place = module->graphPlace())
             copy->setGraphPlace(MO_GraphPlace{place->x + kAside, place->y + kAside});
@@ -181,8 +187,8 @@ MO_EditCommand MO_duplicateModulesCmd(const std::vector<MO_Module*>& modules, st
             if (source && copyFor.contains(source->node()))
                 links.push_back({copyFor[source->node()], source->index(), copyFor[module], i});
         }
-    return std::make_unique<AddModulesCmd>(MO_CommandTexts::tr("Duplicate %1").arg(quoted(modules)), *group,
-                                           std::move(entries), std::move(links));
+    return MO_EditCommand(std::make_unique<AddModulesCmd>(MO_CommandTexts::tr("Duplicate %1").arg(quoted(modules)),
+                                                          *group, std::move(entries), std::move(links)));
 }
 
 namespace {

@@ -27,9 +27,10 @@ QUARVELSCENECORE_EXPORT MO_EditCommand MO_removeModulesCmd(const std::vector<MO_
 /// are those of the originals; the names get a number.
 ///
 /// @param copies if not null, gets the modules that the command will add, in the order of the originals
-/// @return null when there are none or they are not all of one group
-QUARVELSCENECORE_EXPORT MO_EditCommand MO_duplicateModulesCmd(const std::vector<MO_Module*>& modules,
-                                                              std::vector<MO_Module*>* copies = nullptr);
+/// @return null when there are none or they are not all of one group; an error when the scene would have more modules
+/// than its file may (XUGroup::kMaxModulesInFile)
+QUARVELSCENECORE_EXPORT UT_Result<MO_EditCommand> MO_duplicateModulesCmd(const std::vector<MO_Module*>& modules,
+                                                                         std::vector<MO_Module*>* copies = nullptr);
 
 /// Renames a module; a name that is taken gets a number. @return null when it has the name
 QUARVELSCENECORE_EXPORT MO_EditCommand MO_renameCmd(MO_Module& module, const QString& name);

@@ -9,7 +9,7 @@
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 #include "QuarvelSceneCore/graph/MO_OpaqueModule.h"
 
-#include <QDomDocument>
+#include <QCoreApplication>
 
 namespace {
 
@@ -25,10 +25,9 @@ QString textOf(const PIO_XmlWritable& object)
     return text;
 }
 
-QDomDocument documentOf(const QString& text)
+UT_Result<QDomDocument> documentOf(const QString& text)
 {
-    const auto document = PO_parseDocument(text.toUtf8(), QString());
-    return document ? *document : QDomDocument();
+    return PO_parseDocument(text.toUtf8(), QCoreApplication::translate("MO_SceneCopy", "the copy"));
 }
 
 // The copy has the same modules in the same order.
@@ -45,8 +44,12 @@ void shareFiles(const MO_Module& original, MO_Module& copy, MO_FileSharing shari
 
 } // namespace
 
-MO_SceneCapture::MO_SceneCapture(const MO_Scene& scene) : _xml(textOf(scene)), _palettes(scene.palettes())
+MO_SceneCapture::MO_SceneCapture(const MO_Scene& scene)
+    : _mayBeCopied(scene.root().mayBeFiled()), _palettes(scene.palettes())
 {
+    if (!_mayBeCopied)
+        return;
+    _xml = textOf(scene);
     scene.root().forEachModule([this](const MO_Module& module) {
         std::unique_ptr<MO_Module> files;
         if (module.hasFiles())
@@ -59,11 +62,16 @@ MO_SceneCapture::MO_SceneCapture(const MO_Scene& scene) : _xml(textOf(scene)), _
 
 MO_SceneCapture::~MO_SceneCapture() = default;
 
-std::unique_ptr<MO_Scene> MO_SceneCapture::makeScene()
+UT_Result<std::unique_ptr<MO_Scene>> MO_SceneCapture::makeScene()
 {
+    if (!_mayBeCopied)
+        return _mayBeCopied.error();
+    const auto document = documentOf(_xml);
+    if (!document)
+        return document.error();
     auto scene = std::make_unique<MO_Scene>();
-    // What the program wrote a moment ago, it can read.
-    (void)scene->readXml(documentOf(_xml).documentElement(), nullptr);
+    if (const auto read = scene->readXml(document->documentElement(), nullptr); !read)
+        return read.error();
     for (const auto& palette : _palettes)
         scene->addPalette(palette);
     // The two have the same modules in the same order.
@@ -76,17 +84,23 @@ std::unique_ptr<MO_Scene> MO_SceneCapture::makeScene()
     return scene;
 }
 
-std::unique_ptr<MO_Scene> MO_copyScene(const MO_Scene& scene)
+UT_Result<std::unique_ptr<MO_Scene>> MO_copyScene(const MO_Scene& scene)
 {
     return MO_SceneCapture(scene).makeScene();
 }
 
-std::unique_ptr<MO_Module> MO_copyModule(const MO_Module& module)
+UT_Result<std::unique_ptr<MO_Module>> MO_copyModule(const MO_Module& module)
 {
+    if (const auto* const group = dynamic_cast<const XUGroup*>(&module))
+        if (const auto small = group->mayBeFiled(); !small)
+            return small.error();
+    const auto document = documentOf(textOf(module));
+    if (!document)
+        return document.error();
     auto copy = MO_ModuleFactorySingleton().create(module.keyword());
     if (!copy)
         copy = std::make_unique<MO_OpaqueModule>(module.keyword());
-    copy->componentReader()->readElement(documentOf(textOf(module)).documentElement(), nullptr);
+    copy->componentReader()->readElement(document->documentElement(), nullptr);
     shareFiles(module, *copy, MO_FileSharing::SAME_OBJECTS);
     return copy;
 }

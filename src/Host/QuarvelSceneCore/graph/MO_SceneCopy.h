@@ -21,9 +21,12 @@ public:
     MO_SceneCapture& operator=(const MO_SceneCapture&) = delete;
 
     /// The scene as it was; see MO_copyScene(). To be called once.
-    std::unique_ptr<MO_Scene> makeScene();
+    ///
+    /// @return an error when the scene is larger than its file may be (XUGroup::mayBeFiled())
+    UT_Result<std::unique_ptr<MO_Scene>> makeScene();
 
 private:
+    UT_Result<void> _mayBeCopied;
     QString _xml;
     std::vector<CM_SharedPtr<CM_Palette>> _palettes;
     /// Modules that hold nothing but what lies in files, in the order of the scene's modules; null for those that have
@@ -34,7 +37,11 @@ private:
 /// A scene of its own that equals the one given. Modules, attributes, animation and links are new objects; drawings are
 /// new ones that share their shapes; palettes are the same objects, so they must not be changed while the copy renders.
 /// To be called on the scene's thread; the copy may then be used on another one.
-QUARVELSCENECORE_EXPORT std::unique_ptr<MO_Scene> MO_copyScene(const MO_Scene& scene);
+///
+/// @return an error when the scene is larger than its file may be (XUGroup::mayBeFiled())
+QUARVELSCENECORE_EXPORT UT_Result<std::unique_ptr<MO_Scene>> MO_copyScene(const MO_Scene& scene);
 
 /// A module equal to the one given, outside any graph; its drawings are the same objects.
-QUARVELSCENECORE_EXPORT std::unique_ptr<MO_Module> MO_copyModule(const MO_Module& module);
+///
+/// @return an error when it is a group that is larger than a file may be (XUGroup::mayBeFiled())
+QUARVELSCENECORE_EXPORT UT_Result<std::unique_ptr<MO_Module>> MO_copyModule(const MO_Module& module);

@@ -32,6 +32,8 @@ public:
     /// The largest number of modules in a graph read from a file, including those in inner groups: enough for a node
     /// with MO_Node::kMaxPorts inputs, each an element behind an Object Definition.
     static constexpr int kMaxModulesInFile = 30000;
+    /// How many groups of a file may lie in each other.
+    static constexpr int kMaxDepthInFile = 90;
 
     /// A group without ports.
     XUGroup();
@@ -88,6 +90,15 @@ public:
     void setScene(MO_SceneCommon* scene) { _scene = scene; }
     MO_SceneCommon* sceneCommon() const override;
 
+    /// Whether a file with this group's graph can be read back.
+    ///
+    /// @return an error when there are more than kMaxModulesInFile modules, or more than kMaxDepthInFile groups in each
+    /// other
+    UT_Result<void> mayBeFiled() const;
+    /// Whether the scene's file can be read back when this group has got these modules, which are in no graph yet.
+    ///
+    /// @return an error for the same reasons
+    UT_Result<void> mayAdd(const std::vector<const MO_Module*>& modules) const;
     /// Writes the modules and the links as the element "graph". Links are in the order of the modules they lead to,
     /// then in the order of the ports.
     void writeGraph(PO_XmlWriter& writer) const;
@@ -121,6 +132,7 @@ private:
     UT_Result<void> readModule(const QDomElement& element, QHash<QString, MO_Module*>& byFileName,
                                QStringList* warnings);
     void readLink(const QDomElement& element, const QHash<QString, MO_Module*>& byFileName, QStringList* warnings);
+    int depth() const;
     void keepUnknownOfLink(const QDomElement& element, const MO_Port& target, QStringList* warnings);
     void writeLinksTo(const MO_Module& target, PO_XmlWriter& writer) const;
 

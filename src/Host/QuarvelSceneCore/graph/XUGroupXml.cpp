@@ -10,6 +10,8 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 namespace {
 
 const QString kElementGraph = QStringLiteral("graph");
@@ -43,6 +45,37 @@ QString linkKey(const MO_Port& source, const MO_Port& target)
     };
     const QString from = end(source);
     return QString::number(from.size()) + u'/' + from + end(target);
+}
+
+// A module and all that lie in it.
+int modulesIn(const MO_Module& module)
+{
+    int count = 1;
+    if (const auto* const group = dynamic_cast<const XUGroup*>(&module))
+        group->forEachModule([&count](const MO_Module&) { ++count; });
+    return count;
+}
+
+int groupsInEachOther(const MO_Module& module)
+{
+    const auto* const group = dynamic_cast<const XUGroup*>(&module);
+    if (!group)
+        return 0;
+    int most = 0;
+    for (const auto& inner : group->modules())
+        most = std::max(most, groupsInEachOther(*inner));
+    return 1 + most;
+}
+
+UT_Result<void> checkExtent(int modules, int groupsInEachOther)
+{
+    if (modules > XUGroup::kMaxModulesInFile)
+        return UT_Error{Texts::tr("the graph would have more than %1 modules").arg(XUGroup::kMaxModulesInFile),
+                        UT_ErrorKind::REFUSED};
+    if (groupsInEachOther > XUGroup::kMaxDepthInFile)
+        return UT_Error{Texts::tr("more than %1 groups would lie in each other").arg(XUGroup::kMaxDepthInFile),
+                        UT_ErrorKind::REFUSED};
+    return {};
 }
 
 // The port index in a file's text; nothing when it is not an allowed one.
@@ -87,6 +120,32 @@ void XUGroup::writeLinksTo(const MO_Module& target, PO_XmlWriter& writer) const
         unknown.writeElements(writer);
         writer.endElement();
     }
+}
+
+UT_Result<void> XUGroup::mayBeFiled() const
+{
+    // The group itself is not in its graph.
+    return checkExtent(modulesIn(*this) - 1, groupsInEachOther(*this) - 1);
+}
+
+UT_Result<void> XUGroup::mayAdd(const std::vector<const MO_Module*>& modules) const
+{
+    int count = modulesIn(outermost()) - 1;
+    int deepest = 0;
+    for (const MO_Module* module : modules) {
+        count += modulesIn(*module);
+        deepest = std::max(deepest, depth() + groupsInEachOther(*module));
+    }
+    return checkExtent(count, deepest);
+}
+
+// How many groups this group lies in.
+int XUGroup::depth() const
+{
+    int depth = 0;
+    for (const XUGroup* around = group(); around; around = around->group())
+        ++depth;
+    return depth;
 }
 
 void XUGroup::writeGraph(PO_XmlWriter& writer) const
@@ -168,6 +227,10 @@ UT_Result<void> XUGroup::readModule(const QDomElement& element, QHash<QString, M
                             .arg(element.lineNumber())
                             .arg(kMaxModulesInFile)};
     const QString type = PO_attribute(element, QStringLiteral("type"));
+    if (type == Keyword() && depth() >= kMaxDepthInFile)
+        return UT_Error{Texts::tr("Line %1: more than %2 groups in each other are not read")
+                            .arg(element.lineNumber())
+                            .arg(kMaxDepthInFile)};
     const QString fileName = PO_attribute(element, QStringLiteral("name"));
     std::unique_ptr<MO_Module> made = MO_ModuleFactorySingleton().create(type);
     if (!made) {

@@ -47,13 +47,9 @@ public:
         }
         for (const auto& palette : _scene.palettes())
             addPalette(palette, true);
-        int modules = 0;
-        _scene.root().forEachModule([&](const MO_Module& module) {
-            ++modules;
-            addModule(module);
-        });
-        if (modules > XUGroup::kMaxModulesInFile)
-            fail(Texts::tr("the graph would have more than %1 modules").arg(XUGroup::kMaxModulesInFile));
+        _scene.root().forEachModule([this](const MO_Module& module) { addModule(module); });
+        if (const auto small = _scene.root().mayBeFiled(); !small)
+            fail(small.error().text);
         // It is unknown which of these palettes the drawings of unknown modules need, so all are kept.
         if (_loaded && _hasKept)
             for (const auto& palette : _loaded->otherPalettes)
@@ -159,6 +155,7 @@ private:
                 if (read.hasSameFiles(source) && read.objects == source.objects) {
                     source.files = read.files;
                     source.unknown = read.unknown;
+                }
         return numberOf(source);
     }
 

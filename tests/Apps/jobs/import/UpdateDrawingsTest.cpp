@@ -173,7 +173,7 @@ TEST_F(UpdateDrawingsTest, FollowsElementsThatPeopleRenamedOrDuplicated)
 {
     import(part("Body", 10) + part("Arm", 20));
     std::vector<MO_Module*> copies;
-    MO_duplicateModulesCmd({&element("Arm")}, &copies)->execute();
+    (*MO_duplicateModulesCmd({&element("Arm")}, &copies))->execute();
     ASSERT_EQ(copies.size(), 1U);
     element("Arm").setInstanceName(QStringLiteral("Wing"));
     update(part("Body", 10) + part("Arm", 60));

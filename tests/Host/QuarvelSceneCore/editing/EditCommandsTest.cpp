@@ -329,7 +329,7 @@ TEST_F(EditCommands, CopiesHaveTheLinksAmongThemTheValuesAndTheDrawings)
     link(hero, glue);
     hero.positionX()->setLocalValue(3.5);
     std::vector<MO_Module*> copies;
-    execute(MO_duplicateModulesCmd({&hero, &glue, &group}, &copies));
+    execute(std::move(*MO_duplicateModulesCmd({&hero, &glue, &group}, &copies)));
     ASSERT_EQ(copies.size(), 3U);
     EXPECT_EQ(copies[1]->inPort(0)->srcPort()->node(), copies[0]);
     EXPECT_EQ(dynamic_cast<MO_ElementModule&>(*copies[0]).positionX()->value(1.0), 3.5);
@@ -371,7 +371,18 @@ TEST_F(EditCommands, ModulesOfDifferentGroupsAreNotTakenTogether)
     auto& inner = group.emplace<MO_GlueModule>();
     EXPECT_FALSE(MO_removeModulesCmd({&glue, &inner}));
     EXPECT_FALSE(MO_removeModulesCmd({}));
-    EXPECT_FALSE(MO_duplicateModulesCmd({&glue, &inner}));
+    EXPECT_FALSE(*MO_duplicateModulesCmd({&glue, &inner}));
+}
+
+TEST_F(EditCommands, DuplicatesOnlyAsManyModulesAsASceneCanBeSavedWith)
+{
+    auto& group = root.emplace<XUGroup>();
+    while (group.modules().size() < XUGroup::kMaxModulesInFile / 2)
+        group.emplace<MO_GlueModule>();
+    const auto refused = MO_duplicateModulesCmd({&group});
+    ASSERT_FALSE(refused.ok());
+    EXPECT_TRUE(refused.error().text.contains(QString::number(XUGroup::kMaxModulesInFile)));
+    EXPECT_TRUE(MO_duplicateModulesCmd({&hero}).ok());
 }
 
 unsigned anyPort()
@@ -445,7 +456,7 @@ MO_EditCommand anyChange(MO_Scene& scene)
     case 3:
         return MO_removeModulesCmd(one == two ? std::vector{one} : std::vector{one, two});
     case 4:
-        return MO_duplicateModulesCmd({one});
+        return std::move(*MO_duplicateModulesCmd({one}));
     case 5:
         return MO_disconnectCmd(*two, anyPort());
     case 6:

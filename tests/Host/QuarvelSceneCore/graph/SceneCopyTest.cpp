@@ -9,6 +9,7 @@
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 #include "QuarvelSceneCore/graph/MO_SceneCopy.h"
 #include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
+#include "QuarvelSceneCore/kinds/MO_GlueModule.h"
 
 #include <gtest/gtest.h>
 
@@ -24,6 +25,13 @@ QString savedText(const MO_Scene& scene)
     scene.writeXml(writer);
     writer.endDocument();
     return text;
+}
+
+std::unique_ptr<MO_Scene> copyOf(const MO_Scene& scene)
+{
+    auto copy = MO_copyScene(scene);
+    EXPECT_TRUE(copy.ok()) << (copy ? "" : qPrintable(copy.error().text));
+    return std::move(*copy);
 }
 
 struct SceneCopy : testing::Test
@@ -47,7 +55,7 @@ struct SceneCopy : testing::Test
 
 TEST_F(SceneCopy, SaysTheSame)
 {
-    const auto copy = MO_copyScene(scene);
+    const auto copy = copyOf(scene);
     EXPECT_EQ(savedText(*copy), savedText(scene));
     EXPECT_EQ(copy->palettes(), scene.palettes());
 }
@@ -57,12 +65,12 @@ TEST_F(SceneCopy, KeepsLinksBesideFreeInputsOfALargeNode)
     auto& composite = scene.root().emplace<MO_CompositeModule>();
     for (unsigned port = 0; port < 3000; port += 3)
         ASSERT_TRUE(MO_Scene::connect(hero, composite, port).ok()) << port;
-    EXPECT_EQ(savedText(*MO_copyScene(scene)), savedText(scene));
+    EXPECT_EQ(savedText(*copyOf(scene)), savedText(scene));
 }
 
 TEST_F(SceneCopy, ShowsTheSameDrawingsInGroupsToo)
 {
-    const auto copy = MO_copyScene(scene);
+    const auto copy = copyOf(scene);
     for (const MO_ElementModule* element : {&hero, &inner}) {
         const auto& copied = dynamic_cast<MO_ElementModule&>(*copy->findModule(element->instanceName()));
         const auto drawing = element->drawingAt(1.0);
@@ -74,7 +82,7 @@ TEST_F(SceneCopy, ShowsTheSameDrawingsInGroupsToo)
 
 TEST_F(SceneCopy, LinksOfTheCopyReadTheCopy)
 {
-    const auto copy = MO_copyScene(scene);
+    const auto copy = copyOf(scene);
     hero.scaleX()->setLocalValue(5.0);
     auto& copied = dynamic_cast<MO_ElementModule&>(*copy->findModule(hero.instanceName()));
     EXPECT_EQ(copied.positionX()->value(1.0), 1.0);
@@ -84,7 +92,7 @@ TEST_F(SceneCopy, LinksOfTheCopyReadTheCopy)
 
 TEST_F(SceneCopy, IsNotTouchedByWhatHappensToTheOriginal)
 {
-    const auto copy = MO_copyScene(scene);
+    const auto copy = copyOf(scene);
     const QString before = savedText(*copy);
     hero.setDrawing(QStringLiteral("1"), nullptr);
     hero.positionY()->setLocalValue(3.0);
@@ -95,9 +103,30 @@ TEST_F(SceneCopy, IsNotTouchedByWhatHappensToTheOriginal)
 
 TEST_F(SceneCopy, OfAModuleBelongsToNoGraph)
 {
-    const auto copy = MO_copyModule(hero);
+    const auto copy = std::move(*MO_copyModule(hero));
     EXPECT_EQ(copy->group(), nullptr);
     EXPECT_EQ(dynamic_cast<MO_ElementModule&>(*copy).drawingAt(1.0), hero.drawingAt(1.0));
+}
+
+TEST_F(SceneCopy, OfMoreModulesThanAFileMayHaveIsRefused)
+{
+    while (inner.group()->modules().size() < XUGroup::kMaxModulesInFile)
+        inner.group()->emplace<MO_GlueModule>();
+    EXPECT_FALSE(MO_copyScene(scene).ok());
+    group.emplace<MO_GlueModule>();
+    EXPECT_FALSE(MO_copyModule(group).ok());
+}
+
+TEST_F(SceneCopy, OfGroupsInEachOtherEndsWhereFilesEnd)
+{
+    XUGroup* deepest = &group;
+    for (int depth = 1; depth < XUGroup::kMaxDepthInFile; ++depth)
+        deepest = &deepest->emplace<XUGroup>();
+    EXPECT_EQ(savedText(*copyOf(scene)), savedText(scene));
+    const std::vector<const MO_Module*> another = {&group};
+    EXPECT_FALSE(deepest->mayAdd(another).ok());
+    deepest->emplace<XUGroup>();
+    EXPECT_FALSE(MO_copyScene(scene).ok());
 }
 
 } // namespace

@@ -214,6 +214,19 @@ TEST(SceneXml, AGraphWithTooManyModulesIsRefusedWhole)
     EXPECT_EQ(scene.toXml(), before);
 }
 
+TEST(SceneXml, TooManyGroupsInEachOtherAreRefusedWhole)
+{
+    const auto nested = [](int groups) {
+        return text("<scene><graph>") + text("<module type=\"GROUP\" name=\"G\"><graph>").repeated(groups) +
+               text("</graph></module>").repeated(groups) + text("</graph></scene>");
+    };
+    MO_Scene scene;
+    EXPECT_TRUE(read(scene, nested(XUGroup::kMaxDepthInFile)).ok());
+    const QString before = scene.toXml();
+    EXPECT_FALSE(read(scene, nested(XUGroup::kMaxDepthInFile + 1)).ok());
+    EXPECT_EQ(scene.toXml(), before);
+}
+
 TEST(SceneXml, LinksThatCannotBeMadeAreLeftOutWithAWarning)
 {
     const QString modules =

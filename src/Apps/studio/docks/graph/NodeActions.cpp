@@ -85,6 +85,10 @@ bool NodeActions::addNode(const QString& keyword, std::optional<QPointF> place)
     if (!module)
         return false;
     MO_Module* const added = module.get();
+    if (const auto room = _view.group().mayAdd({added}); !room) {
+        _view.refuse(room.error().text);
+        return false;
+    }
     const std::vector<MO_Module*> before = selected();
     MO_Module* const source = before.size() == 1 ? before.front() : nullptr;
     const bool isLinked = source && source->nOutPorts() > 0 && added->nInPorts() > 0;
@@ -125,8 +129,10 @@ void NodeActions::removeSelected()
 void NodeActions::duplicateSelected()
 {
     std::vector<MO_Module*> copies;
-    MO_EditCommand command = MO_duplicateModulesCmd(selected(), &copies);
-    if (_view.document().execute(std::move(command)))
+    UT_Result<MO_EditCommand> command = MO_duplicateModulesCmd(selected(), &copies);
+    if (!command)
+        return _view.refuse(command.error().text);
+    if (_view.document().execute(std::move(*command)))
         _view.document().setSelection(QList<MO_Module*>(copies.begin(), copies.end()));
 }
 
