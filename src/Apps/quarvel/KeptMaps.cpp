@@ -59,9 +59,8 @@ bool canHoldDigest(const QString& file)
 std::vector<WantedPicture> filesWithDigest(const NormalMapOptions& options, const OutputFiles& files)
 {
     std::vector<WantedPicture> wanted = picturesOf(files);
-    if (options.flips)
-        for (const bool leftRight : {true, false})
-            wanted.push_back({PictureKind::NORMAL_MAP, flippedFile(files.normalMap, leftRight)});
+    for (const QString& flipped : flippedFiles(options, files.normalMap))
+        wanted.push_back({PictureKind::NORMAL_MAP, flipped});
     return wanted;
 }
 

@@ -167,19 +167,42 @@ UT_Result<void> checkName(const QString& file, const OutputFiles& files)
     return !file.isEmpty() && file == files.numbers ? checkNumbersFile(file) : checkFormat(file);
 }
 
-// The files of one drawing, which no other drawing has, and which are no drawings.
-UT_Result<void> take(const OutputFiles& files, const QString& drawing, const QSet<QString>& drawings, TakenFiles& taken)
+// The files that a run reads and those that it writes.
+class RunFiles
 {
-    for (const QString& file : files.all()) {
+public:
+    explicit RunFiles(const NormalMapOptions& options)
+    {
+        for (const QString& source : options.drawings)
+            _sources.insert(QFileInfo(source).absoluteFilePath());
+        if (!options.atlas.isEmpty())
+            _sources.insert(QFileInfo(options.atlas).absoluteFilePath());
+    }
+
+    // Takes files for what is made of a source: nothing else is written to them, and none of them is a source.
+    UT_Result<void> take(const QStringList& files, const QString& source)
+    {
+        for (const QString& file : files) {
+            if (!file.isEmpty() && _sources.contains(QFileInfo(file).absoluteFilePath()))
+                return UT_Error{QStringLiteral("%1 would be written over by what is made of %2; name another file or "
+                                               "folder with -o")
+                                    .arg(file, source)};
+            if (const auto before = _taken.take(file, source))
+                return sameFile(file, *before, source);
+        }
+        return {};
+    }
+
+private:
+    QSet<QString> _sources;
+    TakenFiles _taken;
+};
+
+UT_Result<void> checkNames(const OutputFiles& files)
+{
+    for (const QString& file : files.all())
         if (UT_Result<void> known = checkName(file, files); !known)
             return known;
-        if (!file.isEmpty() && drawings.contains(QFileInfo(file).absoluteFilePath()))
-            return UT_Error{QStringLiteral("%1 would be written over by what is made of %2; name another file or "
-                                           "folder with -o")
-                                .arg(file, drawing)};
-        if (const auto before = taken.take(file, drawing))
-            return sameFile(file, *before, drawing);
-    }
     return {};
 }
 
@@ -203,10 +226,7 @@ UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options)
     for (const Place& place : places)
         if (const UT_Result<void> isFolder = checkFolder(place); !isFolder)
             return isFolder.error();
-    QSet<QString> drawings;
-    for (const QString& drawing : options.drawings)
-        drawings.insert(QFileInfo(drawing).absoluteFilePath());
-    TakenFiles taken;
+    RunFiles run(options);
     std::vector<OutputFiles> all;
     all.reserve(static_cast<std::size_t>(options.drawings.size()));
     for (const QString& drawing : options.drawings) {
@@ -216,10 +236,17 @@ UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options)
         files.canvas = canvasFile(drawing, files.normalMap, options);
         if (UT_Result<void> fits = checkCanvas(drawing, options); !fits)
             return fits.error();
-        if (UT_Result<void> free = take(files, drawing, drawings, taken); !free)
+        if (UT_Result<void> known = checkNames(files); !known)
+            return known.error();
+        if (UT_Result<void> free = run.take(files.all() + flippedFiles(options, files.normalMap), drawing); !free)
             return free.error();
         all.push_back(std::move(files));
     }
+    if (options.atlas.isEmpty() || all.empty())
+        return all;
+    const auto [maps, canvases] = atlasFiles(options, all.front().normalMap);
+    if (UT_Result<void> free = run.take({maps, canvases}, options.atlas); !free)
+        return free.error();
     return all;
 }
 
@@ -248,6 +275,22 @@ QString flippedFile(const QString& file, bool leftRight)
     const QFileInfo info(file);
     return QDir::cleanPath(
         info.dir().filePath(info.completeBaseName() + suffixOfFlip(leftRight) + QLatin1Char('.') + info.suffix()));
+}
+
+QStringList flippedFiles(const NormalMapOptions& options, const QString& map)
+{
+    return options.flips ? QStringList{flippedFile(map, true), flippedFile(map, false)} : QStringList();
+}
+
+AtlasFiles atlasFiles(const NormalMapOptions& options, const QString& firstMap)
+{
+    const QFileInfo atlas(options.atlas);
+    const QDir folder = QFileInfo(firstMap).dir();
+    const auto file = [&](const QString& suffix) {
+        return QDir::cleanPath(folder.filePath(atlas.completeBaseName() + suffix + QLatin1Char('.') + atlas.suffix()));
+    };
+    const bool isGodots = options.atlas.endsWith(QLatin1String(".tres"), Qt::CaseInsensitive);
+    return {file(suffixOfMaps(options)), options.canvas && isGodots ? file(QStringLiteral("_lit")) : QString()};
 }
 
 UT_Result<void> makeFolders(const OutputFiles& files)

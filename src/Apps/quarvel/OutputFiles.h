@@ -33,8 +33,9 @@ struct OutputFiles
 /// single drawing as well. A mask of gloss without a name lies beside the map,
 /// and so does NAME_canvas.tres.
 ///
-/// @return an error when two files would have the same name, an output would replace a drawing, or a name's ending is
-///         not that of a picture format or, for a page, of a page
+/// @return an error when two files would have the same name, an output would replace a drawing or the atlas, or a
+/// name's
+///         ending is not that of a picture format or, for a page, of a page
 UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options);
 
 /// What the name of a map adds to its drawing's.
@@ -50,6 +51,18 @@ QStringList namedPlaces(const NormalMapOptions& options);
 ///
 /// @param leftRight mirrored left to right, else upside down
 QString flippedFile(const QString& file, bool leftRight);
+
+/// The files of the maps for mirrored sprites that the options want beside a map.
+QStringList flippedFiles(const NormalMapOptions& options, const QString& map);
+
+/// The files of the atlases that a run with an atlas writes beside its first map: that of the maps and, for Godot, that
+/// of the textures with both, which may be missing.
+struct AtlasFiles
+{
+    QString maps;
+    QString canvases;
+};
+AtlasFiles atlasFiles(const NormalMapOptions& options, const QString& firstMap);
 
 /// Makes the folders that the files go into.
 UT_Result<void> makeFolders(const OutputFiles& files);

@@ -100,6 +100,33 @@ TEST(OutputFiles, RefuseToReplaceADrawing)
     EXPECT_THAT(errorOf(options), HasSubstr("hero.png"));
 }
 
+TEST(OutputFiles, RefuseToReplaceADrawingOrAPictureByAMapForMirroredSprites)
+{
+    NormalMapOptions options = optionsFor({"hero_flipx.png"});
+    options.output = "hero.png";
+    EXPECT_EQ(errorOf(options), "no error");
+    options.flips = true;
+    EXPECT_THAT(errorOf(options), HasSubstr("hero_flipx.png would be written over"));
+    options = optionsFor({"hero.svg"});
+    options.flips = true;
+    options.elevation = "hero_n_flipy.png";
+    EXPECT_THAT(errorOf(options), HasSubstr("would be written to hero_n_flipy.png"));
+}
+
+TEST(OutputFiles, RefuseToReplaceTheAtlas)
+{
+    NormalMapOptions options = optionsFor({"pages/hero.png"});
+    options.atlas = "hero.json";
+    EXPECT_EQ(errorOf(options), "no error");
+    options.suffix = "";
+    options.output = "map.png";
+    EXPECT_THAT(errorOf(options), HasSubstr("hero.json would be written over"));
+    options = optionsFor({"hero.png"});
+    options.atlas = "hero_canvas.tres";
+    options.canvas = true;
+    EXPECT_THAT(errorOf(options), HasSubstr("hero_canvas.tres would be written over"));
+}
+
 TEST(OutputFiles, SayWhichFormatsThereAre)
 {
     NormalMapOptions options = optionsFor({"hero.svg"});
