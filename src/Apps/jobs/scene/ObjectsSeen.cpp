@@ -46,7 +46,7 @@ void addShapes(const CELVEC_Kvd& drawing, const QTransform& toPixel, DIO_Layer& 
 
 std::vector<SeenObject> objectsSeen(const MO_Scene& scene, std::span<const ObjectInput> inputs, double frame)
 {
-    const int height = std::max(1, static_cast<int>(std::lround(kWidth * scene.frameHeight() / MO_Scene::kFrameWidth)));
+    const int height = scene.heightInPixels(kWidth);
     ChosenObjects chosen;
     chosen.drawing.viewBox = QRectF(0, 0, kWidth, height);
     for (const ObjectInput& input : inputs) {

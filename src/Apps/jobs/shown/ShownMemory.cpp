@@ -116,8 +116,7 @@ std::pair<int, int> sizeThatFits(const std::pair<int, int>& resolution, double n
 double heldShare(const ShownModule& shown, std::span<const int> frames)
 {
     const MO_SceneCommon* const scene = shown.module().sceneCommon();
-    const double height = scene ? scene->frameHeight() : kWidth;
-    const std::pair<int, int> resolution(kWidth, std::max(1, static_cast<int>(height)));
+    const std::pair<int, int> resolution(kWidth, scene ? scene->heightInPixels(kWidth) : kWidth);
     double largest = 0.0;
     for (std::size_t i = 0; i < frames.size(); i += stepThrough(frames))
         for (const MO_Module* const node : shown.nodes())
