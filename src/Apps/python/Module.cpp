@@ -47,6 +47,16 @@ void orRaise(const UT_Result<void>& result)
         throw PythonError(result.error());
 }
 
+QString textOf(const std::filesystem::path& path)
+{
+    try {
+        return QString::fromStdU16String(path.u16string());
+    } catch (const std::filesystem::filesystem_error&) {
+        throw PythonError({QStringLiteral("%1: the name is not UTF-8, and no other names are read; rename it")
+                               .arg(QString::fromStdString(path.string()))});
+    }
+}
+
 int indexOf(const QStringList& words, const std::string& word, const char* what)
 {
     const auto index = words.indexOf(QString::fromStdString(word));
@@ -139,8 +149,29 @@ Maps mapsOfFile(const std::filesystem::path& path, const std::string& objects, c
     const SurfaceWishes wishes = orRaise(surfaceWishes(also, gloss));
     const py::gil_scoped_release others;
     orRaise(startLibrary());
-    return mapsOf(orRaise(readDrawing(QString::fromStdString(path.string()), form)), settings, wishes);
+    return mapsOf(orRaise(readDrawing(textOf(path), form)), settings, wishes);
 }
+
+class Scene;
+
+/// What vallorin.Scene.render gives: an iterator that renders a frame when it is asked for the next one.
+class Frames
+{
+public:
+    /// @param scene must outlive this object
+    Frames(const Scene& scene, std::vector<int> numbers, const RenderFramesSettings& settings,
+           const SurfaceWishes& wishes);
+
+    Maps next();
+
+private:
+    const Scene& _scene;
+    const std::vector<int> _numbers;
+    const RenderFramesSettings _settings;
+    const SurfaceWishes _wishes;
+    const SurfaceFrames _greys; // of the settings
+    std::size_t _next = 0;
+};
 
 /// vallorin.Scene
 class Scene
@@ -150,31 +181,25 @@ public:
     {
         const py::gil_scoped_release others;
         orRaise(startLibrary());
-        return std::unique_ptr<Scene>(new Scene(orRaise(SIO_loadScene(QString::fromStdString(folder.string())))));
+        return std::unique_ptr<Scene>(new Scene(orRaise(SIO_loadScene(textOf(folder)))));
     }
 
     int firstFrame() const { return _loaded.scene->firstFrame(); }
     int lastFrame() const { return _loaded.scene->lastFrame(); }
     const QStringList& warnings() const { return _loaded.warnings; }
 
-    std::vector<Maps> render(const py::iterable& frames, int width, const Also& also, const Gloss& gloss) const
+    const ShownModule& shown() const { return *_shown; }
+
+    std::unique_ptr<Frames> render(const py::iterable& frames, int width, const Also& also, const Gloss& gloss) const
     {
         std::vector<int> numbers;
         for (const py::handle& frame : frames)
-            numbers.push_back(frame.cast<int>());
+            numbers.push_back(checked(frame.cast<int>()));
         if (width < 1)
             throw PythonError({QStringLiteral("width takes a number of pixels, not %1").arg(width)});
         const SurfaceWishes wishes = orRaise(surfaceWishes(also, gloss));
         const py::gil_scoped_release others;
-        const RenderFramesSettings settings = settingsFor(width, wishes);
-        const SurfaceFrames greys(*_shown, settings);
-        std::vector<Maps> maps;
-        for (const int frame : numbers) {
-            maps.push_back(orRaise(renderFrame(frame, settings.parameters, wishes)));
-            if (wishes.gloss.isAny())
-                maps.back().gloss = orRaise(greys.render(frame, {}));
-        }
-        return maps;
+        return std::make_unique<Frames>(*this, std::move(numbers), settingsFor(width, wishes), wishes);
     }
 
 private:
@@ -198,22 +223,44 @@ private:
         return settings;
     }
 
-    UT_Result<Maps> renderFrame(int frame, const RD_RenderParameters& parameters, const SurfaceWishes& wishes) const
+    int checked(int frame) const
     {
-        if (frame < firstFrame() || frame > lastFrame())
-            return UT_Error{QStringLiteral("the scene's frames are %1 to %2, and %3 is none of them")
-                                .arg(firstFrame())
-                                .arg(lastFrame())
-                                .arg(frame)};
-        const auto rendered = _shown->render(frame, parameters, wishes.parts());
-        if (!rendered)
-            return rendered.error();
-        return mapsOfFrame(*rendered, wishes, {});
+        if (frame >= firstFrame() && frame <= lastFrame())
+            return frame;
+        throw PythonError({QStringLiteral("the scene's frames are %1 to %2, and %3 is none of them")
+                               .arg(firstFrame())
+                               .arg(lastFrame())
+                               .arg(frame)});
     }
 
     SIO_LoadedScene _loaded;
     std::unique_ptr<ShownModule> _shown;
 };
+
+Frames::Frames(const Scene& scene, std::vector<int> numbers, const RenderFramesSettings& settings,
+               const SurfaceWishes& wishes)
+    : _scene(scene)
+    , _numbers(std::move(numbers))
+    , _settings(settings)
+    , _wishes(wishes)
+    , _greys(scene.shown(), _settings)
+{}
+
+Maps Frames::next()
+{
+    if (_next >= _numbers.size())
+        throw py::stop_iteration();
+    // Taken under Python's lock, so that threads that share the iterator get different frames.
+    const int frame = _numbers[_next++];
+    const py::gil_scoped_release others;
+    const auto rendered = _scene.shown().render(frame, _settings.parameters, _wishes.parts());
+    if (!rendered)
+        throw PythonError(rendered.error());
+    Maps maps = orRaise(mapsOfFrame(*rendered, _wishes, {}));
+    if (_wishes.gloss.isAny())
+        maps.gloss = orRaise(_greys.render(frame, {}));
+    return maps;
+}
 
 // A picture that was asked for.
 py::array_t<float> askedFor(const std::optional<IIO_Picture>& picture, const char* what, const char* how)
@@ -254,13 +301,16 @@ PYBIND11_MODULE(_vallorin, module)
         .def_property_readonly("gloss",
                                [](const Maps& maps) { return askedFor(maps.gloss, "gloss", "gloss={\"#9aa\": 0.8}"); })
         .def_property_readonly("warnings", [](const Maps& maps) { return texts(maps.warnings); });
+    py::class_<Frames>(module, "_Frames")
+        .def("__iter__", [](Frames& frames) -> Frames& { return frames; })
+        .def("__next__", &Frames::next);
     py::class_<Scene>(module, "Scene")
         .def_static("open", &Scene::open, py::arg("folder"))
         .def_property_readonly("first_frame", &Scene::firstFrame)
         .def_property_readonly("last_frame", &Scene::lastFrame)
         .def_property_readonly("warnings", [](const Scene& scene) { return texts(scene.warnings()); })
-        .def("render", &Scene::render, py::arg("frames"), py::kw_only(), py::arg("width") = 1920,
-             py::arg("also") = Also(), py::arg("gloss") = Gloss());
+        .def("render", &Scene::render, py::keep_alive<0, 1>(), py::arg("frames"), py::kw_only(),
+             py::arg("width") = 1920, py::arg("also") = Also(), py::arg("gloss") = Gloss());
     const auto define = [&](auto function) {
         module.def("normal_map", function, py::arg("drawing"), py::kw_only(), py::arg("objects") = "auto",
                    py::arg("shape") = "auto", py::arg("volume") = 1.0, py::arg("width") = 0, py::arg("also") = Also(),

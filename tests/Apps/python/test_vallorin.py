@@ -4,6 +4,7 @@
 
     test_vallorin.py QUARVEL EXAMPLES
 """
+import os
 import pathlib
 import subprocess
 import sys
@@ -132,6 +133,23 @@ class Scene(unittest.TestCase):
         np.testing.assert_allclose(maps.height, drawing.height, atol=0.01)
         np.testing.assert_array_equal(maps.numbers, drawing.numbers)
         np.testing.assert_array_equal(maps.gloss, drawing.gloss)
+
+    def test_a_frame_is_rendered_when_it_is_asked_for(self):
+        # Each turn gives one picture of a frame, and the scene lives as long as somebody renders it.
+        frames = vallorin.Scene.open(self.path).render([1, 1], width=32)
+        self.assertIs(iter(frames), frames)
+        first = next(frames)
+        np.testing.assert_array_equal(next(frames).normals, first.normals)
+        with self.assertRaises(StopIteration):
+            next(frames)
+        # All of these together would take hundreds of gigabytes.
+        endless = vallorin.Scene.open(self.path).render([1] * 100_000, width=1920)
+        self.assertEqual(next(endless).normals.shape[1], 1920)
+
+    @unittest.skipIf(sys.platform == "win32", "names are UTF-16 there")
+    def test_a_name_that_is_not_utf8_is_an_error(self):
+        with self.assertRaisesRegex(vallorin.Error, "not UTF-8"):
+            vallorin.normal_map(os.fsdecode(b"hero\xe9.svg"))
 
     def test_what_is_no_frame_or_no_scene_is_an_error(self):
         with self.assertRaisesRegex(vallorin.Error, "the scene's frames are 1 to 1, and 7 is none of them"):

@@ -1,6 +1,6 @@
 # Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 import os
-from typing import Iterable, List, Literal, Mapping, Sequence, Union
+from typing import Iterable, Iterator, List, Literal, Mapping, Sequence, Union
 
 import numpy as np
 import numpy.typing as npt
@@ -71,5 +71,5 @@ class Scene:
         width: int = 1920,
         also: Sequence[Literal["height", "occlusion", "numbers"]] = (),
         gloss: Mapping[str, float] = {},
-    ) -> List[Maps]:
-        """The maps of frames, one after another; the height follows from the scene's shape."""
+    ) -> Iterator[Maps]:
+        """The maps of frames, each rendered when it is asked for; the height follows from the scene's shape."""
