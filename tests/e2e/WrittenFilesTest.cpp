@@ -46,6 +46,17 @@ TEST_F(WrittenFiles, OfFramesDifferFromEachOther)
     EXPECT_EQ(quarvel("render two.scene -o n.#.png --lit l.#.png --resolution 36x36").exitCode, 0);
 }
 
+TEST_F(WrittenFiles, OfAFilmWithoutItsEncoderReplaceNoPicture)
+{
+    importScene();
+    const QStringList before = filesThere();
+    const QByteArray programs = qgetenv("PATH");
+    qputenv("PATH", "/nowhere");
+    const Outcome outcome = quarvel("render two.scene -o n.1.png --lit film.png --preview film.mp4");
+    qputenv("PATH", programs);
+    expectRefused(outcome, "--lit and --preview would both write film.png", before);
+}
+
 TEST_F(WrittenFiles, OfStandardInputHaveAPlace)
 {
     const QStringList before = filesThere();

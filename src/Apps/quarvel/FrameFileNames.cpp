@@ -4,6 +4,7 @@
 #include "FrameFileNames.h"
 
 #include "TakenFiles.h"
+#include "jobs/frames/FilmFile.h"
 
 #include <utility>
 
@@ -43,7 +44,8 @@ UT_Result<void> checkFilesDiffer(const RenderOptions& options, const std::vector
         for (const auto& [option, name] : names)
             if (auto before = taken.take(name.of(frame), option))
                 return sameFile(*before, option, name.of(frame));
-    for (const auto& [option, file] : {std::pair("--preview", options.preview), std::pair("--html", options.page)})
+    const QString film = FilmFile::fileFor(options.preview);
+    for (const auto& [option, file] : {std::pair("--preview", film), std::pair("--html", options.page)})
         if (auto before = taken.take(file, QLatin1String(option)))
             return sameFile(*before, QLatin1String(option), file);
     return {};

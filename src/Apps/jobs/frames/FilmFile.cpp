@@ -172,6 +172,18 @@ private:
     int _frames = 0;
 };
 
+bool isPng(const QString& path)
+{
+    return UT_fileSuffix(path) == QLatin1String("png");
+}
+
+QString fileBy(const FilmPrograms& programs, const QString& path)
+{
+    if (isPng(path) || programs.isComplete())
+        return path;
+    return path.chopped(UT_fileSuffix(path).size()) + QStringLiteral("png");
+}
+
 template<typename Film>
 UT_Result<std::unique_ptr<FilmFile>> opened(std::unique_ptr<Film> film)
 {
@@ -193,9 +205,14 @@ UT_Result<std::unique_ptr<FilmFile>> FilmFile::create(const QString& path, const
 {
     if (const auto known = check(path); !known)
         return known.error();
-    const bool png = UT_fileSuffix(path) == QLatin1String("png");
-    if (FilmPrograms programs = FilmPrograms::find(); !png && programs.isComplete())
-        return opened(std::make_unique<EncodedFilm>(std::move(programs), path, size, framesPerSecond));
-    const QString ownPath = png ? path : path.chopped(UT_fileSuffix(path).size()) + QStringLiteral("png");
-    return opened(std::make_unique<PngFilm>(ownPath, size, framesPerSecond));
+    FilmPrograms programs = FilmPrograms::find();
+    const QString file = fileBy(programs, path);
+    if (isPng(file))
+        return opened(std::make_unique<PngFilm>(file, size, framesPerSecond));
+    return opened(std::make_unique<EncodedFilm>(std::move(programs), file, size, framesPerSecond));
+}
+
+QString FilmFile::fileFor(const QString& path)
+{
+    return path.isEmpty() ? QString() : fileBy(FilmPrograms::find(), path);
 }

@@ -29,7 +29,11 @@ public:
     /// Returns an error if the path's suffix is not that of a film.
     static UT_Result<void> check(const QString& path);
 
-    /// The path of the film. If ffmpeg is missing, its suffix is .png instead of the requested one.
+    /// The file that create() makes now for this path: if ffmpeg is missing, its suffix is .png instead of the
+    /// requested one. Empty for an empty path.
+    static QString fileFor(const QString& path);
+
+    /// The path of the film; see fileFor().
     const QString& path() const { return _path; }
 
     /// Adds a frame: bytes R G B A, straight, rows without gaps.
