@@ -3,6 +3,7 @@
 // Converts samples to the file's type in bands of rows, so that no second copy of the picture is in memory.
 #include "QuarvelImageIO/IIO_ExrFile.h"
 
+#include "QuarvelBaseCore/UT_PlainFile.h"
 #include "QuarvelImageIO/IIO_AtomicFile.h"
 #include "QuarvelImageIO/IIO_Samples.h"
 #include "QuarvelImageIO/private/IIO_ExrHeader.h"
@@ -200,8 +201,8 @@ UT_Result<void> IIO_writeExr(const QString& path, const IIO_Picture& picture, co
 UT_Result<IIO_Picture> IIO_readExr(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return readError(path, file.errorString());
+    if (const UT_Result<void> opened = UT_openPlainFile(file); !opened)
+        return readError(path, opened.error().text);
     if (const auto checked = IIO_checkExrHeader(file); !checked)
         return checked.error().at(QStringLiteral("cannot read \"%1\"").arg(path));
     try {

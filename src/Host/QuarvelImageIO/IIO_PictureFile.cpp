@@ -4,6 +4,7 @@
 #include "QuarvelImageIO/IIO_PictureFile.h"
 
 #include "QuarvelBaseCore/UT_FileName.h"
+#include "QuarvelBaseCore/UT_PlainFile.h"
 #include "QuarvelImageIO/IIO_ExrFile.h"
 #include "QuarvelImageIO/IIO_PngFile.h"
 #include "QuarvelImageIO/private/IIO_QtImage.h"
@@ -119,8 +120,7 @@ bool IIO_hasEnd(const QString& path)
     if (end.isEmpty())
         return true;
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) && file.seek(std::max<qint64>(0, file.size() - end.size())) &&
-           file.readAll() == end;
+    return UT_openPlainFile(file) && file.seek(std::max<qint64>(0, file.size() - end.size())) && file.readAll() == end;
 }
 
 UT_Result<void> IIO_write(const QString& path, const IIO_Picture& picture, const IIO_WriteOptions& options)
@@ -132,5 +132,9 @@ UT_Result<void> IIO_write(const QString& path, const IIO_Picture& picture, const
 UT_Result<IIO_Picture> IIO_read(const QString& path)
 {
     const Format* const format = formatOf(path);
-    return format ? format->read(path) : unknownSuffix(path);
+    if (!format)
+        return unknownSuffix(path);
+    if (const UT_Result<void> checked = UT_checkPlainFile(path); !checked)
+        return checked.error().at(QStringLiteral("cannot read \"%1\"").arg(path));
+    return format->read(path);
 }

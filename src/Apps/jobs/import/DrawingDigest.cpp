@@ -4,6 +4,8 @@
 // alone has the digest that other tools give it.
 #include "jobs/import/DrawingDigest.h"
 
+#include "QuarvelBaseCore/UT_PlainFile.h"
+
 #include <QCryptographicHash>
 #include <QFile>
 
@@ -12,7 +14,7 @@ QString drawingDigest(const QStringList& files)
     QCryptographicHash hash(QCryptographicHash::Sha256);
     for (const QString& name : files) {
         QFile file(name);
-        if (!file.open(QIODevice::ReadOnly))
+        if (!UT_openPlainFile(file))
             return {};
         if (files.size() > 1)
             hash.addData(QByteArray::number(file.size()) + '\n');

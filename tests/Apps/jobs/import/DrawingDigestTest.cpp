@@ -6,6 +6,7 @@
 #include "jobs/import/DrawingDigest.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -34,6 +35,18 @@ TEST(DrawingDigest, OfAFileThatIsGoneIsEmpty)
     const files::Folder folder;
     EXPECT_EQ(drawingDigest({folder.write(QStringLiteral("a"), "abc"), folder.path(QStringLiteral("none"))}),
               QString());
+}
+
+// A pipe would keep the program waiting, and what came through it would be gone when the drawing is read.
+TEST(DrawingDigest, OfWhatIsNoOrdinaryFileIsEmpty)
+{
+    const files::Folder folder;
+    const QString pipe = folder.path(QStringLiteral("pipe"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    const QString endless = folder.path(QStringLiteral("endless"));
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), endless));
+    EXPECT_EQ(drawingDigest({pipe}), QString());
+    EXPECT_EQ(drawingDigest({endless}), QString());
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 // GIF and WebP by Qt's readers, which put the frames together; animated PNG by our own.
 #include "QuarvelDrawingIO/private/layered/DIO_MovingPicture.h"
 
+#include "QuarvelBaseCore/UT_PlainFile.h"
 #include "QuarvelDrawingIO/private/layered/DIO_Apng.h"
 #include "QuarvelDrawingIO/private/layered/DIO_FileLimits.h"
 #include "QuarvelDrawingIO/private/layered/DIO_FrameTimes.h"
@@ -80,6 +81,8 @@ UT_Result<void> readByQt(const QByteArray& bytes, Film& film)
 
 bool DIO_isMovingPicture(const QString& path)
 {
+    if (!UT_checkPlainFile(path))
+        return false;
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
     if (reader.format() == "png") {
