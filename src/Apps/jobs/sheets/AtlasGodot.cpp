@@ -6,8 +6,8 @@
 
 #include <QHash>
 #include <QRegularExpression>
+#include <QStringTokenizer>
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -38,17 +38,33 @@ std::vector<Section> sectionsOf(const QString& text)
 }
 
 // The value of name="value" or name=value in the head of a section.
-QString wordOf(const QString& head, const QString& name)
+QString wordOf(const QString& head, const QRegularExpression& word)
 {
-    const QRegularExpression word(QStringLiteral("\\b%1=(?:\"([^\"]*)\"|([^ \\]]*))").arg(name));
     const QRegularExpressionMatch match = word.match(head);
     return match.captured(1).isEmpty() ? match.captured(2) : match.captured(1);
 }
 
+QString idOf(const QString& head)
+{
+    static const QRegularExpression id(QStringLiteral("\\bid=(?:\"([^\"]*)\"|([^ \\]]*))"));
+    return wordOf(head, id);
+}
+
+QString pathOf(const QString& head)
+{
+    static const QRegularExpression path(QStringLiteral("\\bpath=(?:\"([^\"]*)\"|([^ \\]]*))"));
+    return wordOf(head, path);
+}
+
+// The value of the first line "name = value"; null where there is none.
 QString propertyOf(const QString& body, const QString& name)
 {
-    const QRegularExpression property(QStringLiteral("^%1 *= *(.*)$").arg(name), QRegularExpression::MultilineOption);
-    return property.match(body).captured(1).trimmed();
+    for (const QStringView line : QStringTokenizer(body, u'\n')) {
+        const QStringView rest = line.startsWith(name) ? line.mid(name.size()).trimmed() : QStringView();
+        if (rest.startsWith(u'='))
+            return rest.mid(1).trimmed().toString();
+    }
+    return {};
 }
 
 // ExtResource("1_abc") or, in older files, ExtResource( 1 ).
@@ -105,7 +121,7 @@ bool isRegion(const Section& section)
 
 UT_Result<SheetRegion> regionOf(const Section& section)
 {
-    const QString id = wordOf(section.head, QStringLiteral("id"));
+    const QString id = idOf(section.head);
     const QString name = id.isEmpty() ? QStringLiteral("resource") : id;
     const auto margin = rectOf(name, propertyOf(section.body, QStringLiteral("margin")));
     if (!margin)
@@ -130,26 +146,29 @@ UT_Result<std::vector<Sheet>> parseAtlasGodot(const QByteArray& bytes)
     QHash<QString, QString> animations;
     for (const Section& section : sections) {
         if (section.head.startsWith(QLatin1String("ext_resource")))
-            pages.insert(wordOf(section.head, QStringLiteral("id")), wordOf(section.head, QStringLiteral("path")));
+            pages.insert(idOf(section.head), pathOf(section.head));
         if (section.head == QLatin1String("resource"))
             animations = animationsOf(section.body);
     }
     std::vector<Sheet> sheets;
+    QHash<QString, std::size_t> indexOf; // of the sheet of a page
     for (const Section& section : sections) {
         if (!isRegion(section))
             continue;
         const QString page = pages.value(referenceOf(propertyOf(section.body, QStringLiteral("atlas"))));
         if (page.isEmpty())
-            return UT_Error{QStringLiteral("the region \"%1\" names a page that is not in the file")
-                                .arg(wordOf(section.head, QStringLiteral("id")))};
-        auto sheet = std::ranges::find(sheets, page, &Sheet::page);
-        if (sheet == sheets.end())
-            sheet = sheets.insert(sheets.end(), {page, {}});
+            return UT_Error{
+                QStringLiteral("the region \"%1\" names a page that is not in the file").arg(idOf(section.head))};
+        if (!indexOf.contains(page)) {
+            indexOf.insert(page, sheets.size());
+            sheets.push_back({page, {}});
+        }
+        Sheet& sheet = sheets[indexOf.value(page)];
         const UT_Result<SheetRegion> region = regionOf(section);
         if (!region)
             return region.error();
-        sheet->regions.push_back(*region);
-        sheet->regions.back().animation = animations.value(sheet->regions.back().name);
+        sheet.regions.push_back(*region);
+        sheet.regions.back().animation = animations.value(sheet.regions.back().name);
     }
     if (sheets.empty())
         return UT_Error{QStringLiteral("it has no AtlasTexture; SpriteFrames of whole pictures need no atlas")};

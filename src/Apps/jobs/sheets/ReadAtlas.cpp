@@ -19,6 +19,7 @@ namespace {
 
 // Real atlases are much smaller.
 constexpr qint64 kMostBytes = 64 * 1024 * 1024;
+constexpr std::size_t kMostRegions = 100'000;
 
 struct Kind
 {
@@ -48,9 +49,11 @@ UT_Result<QByteArray> bytesOf(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return UT_Error{QStringLiteral("%1: %2").arg(path, file.errorString())};
-    if (file.size() > kMostBytes)
+    // One byte more than is allowed, whatever size the file claims to have.
+    QByteArray bytes = file.read(kMostBytes + 1);
+    if (bytes.size() > kMostBytes)
         return UT_Error{QStringLiteral("%1: an atlas of more than 64 MB is not read").arg(path)};
-    return file.readAll();
+    return bytes;
 }
 
 // The folder that res:// means: that of the nearest project.godot at or above the atlas, else that of the atlas.
@@ -72,6 +75,14 @@ bool leavesFolder(const QString& name)
     return QDir::isAbsolutePath(clean) || clean == QLatin1String("..") || clean.startsWith(QLatin1String("../"));
 }
 
+// A folder may have come with links in it. A page that is a link itself is read where the link leads, and its map lies
+// beside the link.
+bool linksLeaveFolder(const QDir& folder, const QString& file)
+{
+    const QFileInfo place(QFileInfo(file).path());
+    return place.exists() && leavesFolder(QDir(folder.canonicalPath()).relativeFilePath(place.canonicalFilePath()));
+}
+
 UT_Result<QString> pageFile(const QString& path, const QString& name)
 {
     const QDir beside = QFileInfo(path).dir();
@@ -79,8 +90,9 @@ UT_Result<QString> pageFile(const QString& path, const QString& name)
     const bool inProject = name.startsWith(res);
     const QString inside = inProject ? name.mid(res.size()) : name;
     const QString fileName = QFileInfo(name).fileName();
-    const bool leaves = leavesFolder(inside);
-    const QString file = leaves ? beside.filePath(fileName) : (inProject ? projectOf(path) : beside).filePath(inside);
+    const QDir folder = inProject ? projectOf(path) : beside;
+    const bool leaves = leavesFolder(inside) || linksLeaveFolder(folder, folder.filePath(inside));
+    const QString file = leaves ? beside.filePath(fileName) : folder.filePath(inside);
     const QString found = QFileInfo(file).isFile() ? file : beside.filePath(fileName);
     if (leaves && !QFileInfo(found).isFile())
         return UT_Error{
@@ -114,6 +126,14 @@ UT_Result<std::vector<Sheet>> readAtlas(const QString& path)
     UT_Result<std::vector<Sheet>> sheets = parseFile(path);
     if (!sheets)
         return sheets;
+    std::size_t regions = 0;
+    for (const Sheet& sheet : *sheets)
+        regions += sheet.regions.size();
+    if (regions > kMostRegions)
+        return UT_Error{QStringLiteral("%1: it has %2 sprites, more than the %3 that can be read")
+                            .arg(path)
+                            .arg(regions)
+                            .arg(kMostRegions)};
     for (Sheet& sheet : *sheets) {
         const UT_Result<QString> page = pageFile(path, sheet.page);
         if (!page)

@@ -215,12 +215,47 @@ TEST(Regions, HaveToLieOnThePageAndApart)
                 HasSubstr("overlap"));
     EXPECT_THAT(errorOf(checkRegions({region("a", {3, 0, 4, 4}), region("b", {0, 0, 4, 4}), region("c", {3, 0, 4, 4})},
                                      {8, 4})),
-                HasSubstr("\"b\" (0, 0, 4 x 4) and \"a\" (3, 0, 4 x 4) overlap"));
+                HasSubstr("\"a\" (3, 0, 4 x 4) and \"b\" (0, 0, 4 x 4) overlap"));
     EXPECT_THAT(errorOf(checkRegions({region("a", {5, 0, 4, 4})}, {8, 4})), HasSubstr("leaves the page"));
     EXPECT_THAT(errorOf(checkRegions({region("a", {1, 1, 0, 4})}, {8, 4})), HasSubstr("no pixels"));
     SheetRegion wide = region("a", {0, 0, 4, 4});
     wide.offset = {1, 0};
     EXPECT_THAT(errorOf(checkRegions({wide}, {8, 4})), HasSubstr("does not fit"));
+}
+
+// Beside each other, in as many ways as there are: the sweep compares each with its neighbours alone.
+TEST(Regions, AreComparedWithAllThatTheyCanMeet)
+{
+    const auto region = [](const QRect& place) {
+        SheetRegion made;
+        made.name = QStringLiteral("%1,%2").arg(place.x()).arg(place.y());
+        made.place = place;
+        made.whole = place.size();
+        return made;
+    };
+    const QSize page(1000, 1000);
+    std::vector<SheetRegion> grid;
+    for (int y = 0; y < 1000; y += 10)
+        for (int x = y % 7; x + 8 < 1000; x += 8)
+            grid.push_back(region({x, y, 8, 10}));
+    EXPECT_TRUE(checkRegions(grid, page)) << errorOf(checkRegions(grid, page));
+    for (const QRect& place : {QRect(0, 500, 1000, 1), QRect(500, 0, 1, 1000), QRect(504, 333, 3, 3)}) {
+        auto more = grid;
+        more.push_back(region(place));
+        EXPECT_THAT(errorOf(checkRegions(more, page)), HasSubstr("overlap")) << place.x() << ", " << place.y();
+    }
+    auto twins = grid;
+    twins.insert(twins.end(), grid.begin(), grid.end());
+    EXPECT_TRUE(checkRegions(twins, page)) << "one sprite with two names";
+}
+
+TEST_F(AtlasFile, HasNoMoreSpritesThanCanBeRead)
+{
+    write("page.png", "");
+    QByteArray atlas = "page.png\n";
+    for (int i = 0; i <= 100'000; ++i)
+        atlas += "s\n bounds: 0, 0, 1, 1\n";
+    EXPECT_THAT(errorOf(readAtlas(write("many.atlas", atlas))), HasSubstr("100001 sprites, more than the 100000"));
 }
 
 TEST_F(AtlasFile, FindsItsPageBesideItAndBelowTheProject)
@@ -263,6 +298,28 @@ TEST_F(AtlasFile, NamesNoPageOutsideItsFolder)
         atlasOfMaps(write("in/far.atlas", "../outside/page.png\nx\n bounds: 0, 0, 1, 1\n"), {"page_n.png"});
     ASSERT_TRUE(maps) << errorOf(maps);
     EXPECT_EQ(*maps, "page_n.png\nx\n bounds: 0, 0, 1, 1\n");
+}
+
+// Maps are written beside pages.
+TEST_F(AtlasFile, NamesNoPageInAFolderThatALinkLeadsOutOf)
+{
+    write("outside/page.png", "");
+    const QString atlas = write("in/page.atlas", "sub/page.png\nx\n bounds: 0, 0, 1, 1\n");
+    const QDir in = QFileInfo(atlas).dir();
+    ASSERT_TRUE(QFile::link(QStringLiteral("../outside"), in.filePath(QStringLiteral("sub"))));
+    EXPECT_THAT(errorOf(readAtlas(atlas)), HasSubstr("outside the atlas' folder"));
+    ASSERT_TRUE(QFile::remove(in.filePath(QStringLiteral("sub"))));
+
+    write("in/art/page.png", "");
+    ASSERT_TRUE(QFile::link(QStringLiteral("art"), in.filePath(QStringLiteral("sub"))));
+    EXPECT_TRUE(readAtlas(atlas)) << "within the folder, links are welcome";
+}
+
+TEST_F(AtlasFile, HasALimitWhateverSizeItClaimsToHave)
+{
+    const QString endless = QFileInfo(write("page.png", "")).dir().filePath(QStringLiteral("endless.json"));
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), endless));
+    EXPECT_THAT(errorOf(readAtlas(endless)), HasSubstr("more than 64 MB"));
 }
 
 TEST_F(AtlasFile, OfTheMapsNamesThePagesOfMaps)
