@@ -167,11 +167,22 @@ UT_Result<void> checkName(const QString& file, const OutputFiles& files)
     return !file.isEmpty() && file == files.numbers ? checkNumbersFile(file) : checkFormat(file);
 }
 
+// Checks a name that follows from another file's. Where such a name is a link, it came with the folder, and may lead to
+// any file of the user's.
+UT_Result<void> checkIsNoLink(const QString& file)
+{
+    if (file.isEmpty() || !QFileInfo(file).isSymLink())
+        return {};
+    return UT_Error{QStringLiteral("%1 is a link, and links are written through only where they are named; name it or "
+                                   "another file with -o, or remove it")
+                        .arg(file)};
+}
+
 // The files that a run reads and those that it writes.
 class RunFiles
 {
 public:
-    explicit RunFiles(const NormalMapOptions& options)
+    explicit RunFiles(const NormalMapOptions& options) : _named(namedPlaces(options))
     {
         for (const QString& source : options.drawings)
             _sources.insert(QFileInfo(source).absoluteFilePath());
@@ -187,6 +198,8 @@ public:
                 return UT_Error{QStringLiteral("%1 would be written over by what is made of %2; name another file or "
                                                "folder with -o")
                                     .arg(file, source)};
+            if (UT_Result<void> own = _named.contains(file) ? UT_Result<void>() : checkIsNoLink(file); !own)
+                return own;
             if (const auto before = _taken.take(file, source))
                 return sameFile(file, *before, source);
         }
@@ -195,6 +208,7 @@ public:
 
 private:
     QSet<QString> _sources;
+    QStringList _named; // by the options; these alone may be links
     TakenFiles _taken;
 };
 

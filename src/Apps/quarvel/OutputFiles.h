@@ -33,9 +33,9 @@ struct OutputFiles
 /// single drawing as well. A mask of gloss without a name lies beside the map,
 /// and so does NAME_canvas.tres.
 ///
-/// @return an error when two files would have the same name, an output would replace a drawing or the atlas, or a
-/// name's
-///         ending is not that of a picture format or, for a page, of a page
+/// @return an error when two files would have the same name, an output would replace a drawing or the atlas, a name's
+///         ending is not that of a picture format or, for a page, of a page, or a name that the options do not say is a
+///         link
 UT_Result<std::vector<OutputFiles>> outputFiles(const NormalMapOptions& options);
 
 /// What the name of a map adds to its drawing's.

@@ -61,6 +61,20 @@ TEST(OutputFiles, OfSeveralDrawingsGoIntoTheNamedFolders)
     EXPECT_EQ((*files)[1].lit, "lit/b_lit.png");
 }
 
+// A folder from a stranger may hold hero_n.png as a link to a file of the user's.
+TEST(OutputFiles, AreNotWrittenThroughALinkThatNobodyNamed)
+{
+    const QTemporaryDir folder;
+    const QString link = QDir(folder.path()).filePath("hero_n.png");
+    ASSERT_TRUE(QFile::link(QDir(folder.path()).filePath("precious"), link));
+    NormalMapOptions options = optionsFor({QDir(folder.path()).filePath("hero.svg")});
+    EXPECT_THAT(errorOf(options), HasSubstr("hero_n.png is a link"));
+    options.output = link;
+    EXPECT_EQ(errorOf(options), "no error") << "whoever names a link means it";
+    options.output = folder.path();
+    EXPECT_THAT(errorOf(options), HasSubstr("hero_n.png is a link"));
+}
+
 TEST(OutputFiles, OfOneDrawingGoIntoAFolderThatExists)
 {
     const QTemporaryDir folder;
