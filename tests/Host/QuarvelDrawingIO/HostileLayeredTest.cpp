@@ -167,6 +167,31 @@ TEST_F(HostileLayered, StacksThatNestWithoutEndAreRefused)
     EXPECT_THAT(refusalOf(path(QStringLiteral("deep.ora"))), HasSubstr("deep in each other"));
 }
 
+// 10,000 layers in a group with a name of eight million letters would take 160 GB.
+TEST_F(HostileLayered, NamesAreAsLongAsAPersonReads)
+{
+    const QByteArray stack = "<image w=\"2\" h=\"2\"><stack><stack name=\"" + QByteArray(100'000, 'x') +
+                             R"("><layer name="eye" src="a.png"/></stack></stack></image>)";
+    QImage dot(1, 1, QImage::Format_ARGB32);
+    dot.fill(Qt::red);
+    writeArchive(path(QStringLiteral("long.ora")), {{"stack.xml", stack}, {"a.png", pngOf(dot)}});
+    const auto drawing = DIO_readDrawing(path(QStringLiteral("long.ora")));
+    ASSERT_TRUE(drawing) << drawing.error().text.toStdString();
+    EXPECT_EQ(drawing->layers.front().name, QString(996, u'x') + QStringLiteral("/eye"));
+}
+
+// A picture of thirty megabytes of zeros, which take thirty kilobytes, is the picture of every layer.
+TEST_F(HostileLayered, AnArchiveThatUnpacksToFarMoreThanItIsIsRefused)
+{
+    QByteArray stack = R"(<image w="2" h="2"><stack>)";
+    for (int i = 0; i < 20; ++i)
+        stack += R"(<layer name="a" src="a.png"/>)";
+    writeArchive(path(QStringLiteral("bomb.ora")),
+                 {{"stack.xml", stack + "</stack></image>"},
+                  {"a.png", pngOf(QImage(1, 1, QImage::Format_ARGB32)) + QByteArray(30'000'000, '\0')}});
+    EXPECT_THAT(refusalOf(path(QStringLiteral("bomb.ora"))), HasSubstr("unpacks to far more"));
+}
+
 TEST_F(HostileLayered, LayersThatLieFartherAwayThanAnyPictureAreRefused)
 {
     for (const char* const x : {"1000001", "-1000001", "-2147483648"}) {

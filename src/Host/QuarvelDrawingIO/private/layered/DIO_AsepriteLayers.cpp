@@ -47,7 +47,7 @@ DIO_AsepriteLayer readLayer(Reader& chunk, const DIO_AsepriteOpacities& opacitie
 void placeInto(const DIO_AsepriteLayer& group, int number, DIO_AsepriteLayer& layer)
 {
     layer.group = DIO_outermost(group.group, group.name, number);
-    layer.name = group.name + QLatin1Char('/') + layer.name;
+    layer.name = DIO_layerName(group.name + QLatin1Char('/'), layer.name);
     layer.visible = layer.visible && group.visible;
     layer.opacity *= group.opacity;
 }

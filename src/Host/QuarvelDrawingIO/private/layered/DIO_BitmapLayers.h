@@ -6,6 +6,7 @@
 
 #include "QuarvelBaseCore/UT_Result.h"
 #include "QuarvelDrawingIO/DIO_Animation.h"
+#include "QuarvelDrawingIO/private/layered/DIO_FileLimits.h"
 
 #include <QPoint>
 #include <QSize>
@@ -31,7 +32,7 @@ struct DIO_BitmapGroup
 /// @param number of that group
 inline DIO_BitmapGroup DIO_outermost(const DIO_BitmapGroup& around, const QString& name, int number)
 {
-    return around.number > 0 ? around : DIO_BitmapGroup{name, number};
+    return around.number > 0 ? around : DIO_BitmapGroup{DIO_layerName({}, name), number};
 }
 
 /// A layer.

@@ -5,6 +5,12 @@
 #include <QFileInfo>
 #include <zlib.h>
 
+QString DIO_layerName(const QString& groups, const QString& name)
+{
+    constexpr qsizetype kMostLetters = 1000;
+    return (groups + name.right(kMostLetters)).right(kMostLetters);
+}
+
 UT_Error DIO_damaged()
 {
     return {QStringLiteral("the file is damaged or cut off; save it again from the program that made it")};

@@ -28,6 +28,12 @@ inline bool DIO_isClose(const QPoint& place)
     return isWithin(place.x()) && isWithin(place.y());
 }
 
+/// The name of a layer with those of its groups before it: "head/eye". Of more than a thousand letters the last ones
+/// stay, since every layer keeps the names of all groups around it.
+///
+/// @param groups "head/", or empty
+QString DIO_layerName(const QString& groups, const QString& name);
+
 /// What is wrong with a file that ends early or contradicts itself.
 UT_Error DIO_damaged();
 

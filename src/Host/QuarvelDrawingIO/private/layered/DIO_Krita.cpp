@@ -96,10 +96,10 @@ private:
     {
         if (++_count > DIO_kMostLayers)
             return UT_Error{QStringLiteral("it has more than the %1 layers that can be read").arg(DIO_kMostLayers)};
-        const QString name = value("name");
+        const QString name = DIO_layerName({}, value("name"));
         const QString type = value("nodetype");
         Around own = around;
-        own.names += name;
+        own.names = DIO_layerName(around.names, name);
         own.opacity *= std::clamp(value("opacity").toInt(), 0, 255) / 255.0;
         own.visible = own.visible && value("visible") == QLatin1String("1");
         const QString mode = value("compositeop");

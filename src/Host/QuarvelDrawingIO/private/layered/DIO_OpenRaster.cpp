@@ -99,14 +99,14 @@ private:
         own.visible = own.visible && value("visibility") != QLatin1String("hidden");
         if (depth == 0)
             return own;
-        const QString name = value("name");
+        const QString name = DIO_layerName({}, value("name"));
         const QString mode = value("composite-op").remove(QLatin1String("svg:"));
         // MyPaint's usual mode mixes colours as pigments do; coverage is that of the normal mode.
         const bool isUsual =
             mode.isEmpty() || mode == QLatin1String("src-over") || mode == QLatin1String("mypaint:spectral-wgm");
         if (own.visible && !isUsual)
             _modes << QStringLiteral("%1 (%2)").arg(mode, own.names + name);
-        own.names += name + QLatin1Char('/');
+        own.names = DIO_layerName(around.names, name) + QLatin1Char('/');
         return own;
     }
 

@@ -122,9 +122,10 @@ private:
             }
             const bool visible = around.visible && record->visible;
             if (visible && !isUsual(record->blend))
-                _modes << QStringLiteral("%1 (%2)").arg(blendName(record->blend), around.names + record->name);
+                _modes << QStringLiteral("%1 (%2)").arg(blendName(record->blend),
+                                                        DIO_layerName(around.names, record->name));
             if (record->section == DIO_PsdSection::OPEN_GROUP || record->section == DIO_PsdSection::CLOSED_GROUP) {
-                open.push_back({around.names + record->name + QLatin1Char('/'),
+                open.push_back({DIO_layerName(around.names, record->name) + QLatin1Char('/'),
                                 DIO_outermost(around.group, record->name, ++groups), around.opacity * record->opacity,
                                 visible});
                 continue;
@@ -132,7 +133,7 @@ private:
             if (!visible || record->place.isEmpty())
                 continue;
             if (record->clipped)
-                _clipped << around.names + record->name;
+                _clipped << DIO_layerName(around.names, record->name);
             if (UT_Result<void> made = makeLayer(*record, around); !made)
                 return made;
         }
@@ -159,7 +160,7 @@ private:
         const QImage image = DIO_psdImage(planes, record.place.size(), _form);
         if (image.isNull())
             return UT_noMemory(QStringLiteral("its pictures"), QStringLiteral("make it smaller"));
-        _made.layers.push_back({around.names + record.name,
+        _made.layers.push_back({DIO_layerName(around.names, record.name),
                                 around.group,
                                 {{image, record.place.topLeft(), record.opacity * around.opacity}},
                                 {0}});

@@ -7,6 +7,19 @@
 #include <QFileInfo>
 #include <zip.h>
 
+namespace {
+
+// Pictures are packed already when they come into an archive, and hardly shrink in it. Large ones of a single colour
+// do.
+std::uint64_t mostUnpacked(qint64 archiveBytes)
+{
+    constexpr std::uint64_t kAlways = 256'000'000;
+    constexpr std::uint64_t kPerByte = 200;
+    return kAlways + kPerByte * static_cast<std::uint64_t>(archiveBytes);
+}
+
+} // namespace
+
 void DIO_ZipFile::Close::operator()(zip* archive) const
 {
     // Nothing was changed, so there is nothing to write.
@@ -23,7 +36,7 @@ UT_Result<DIO_ZipFile> DIO_ZipFile::open(const QString& path)
     zip* const archive = zip_open(QFile::encodeName(path).constData(), ZIP_RDONLY, &error);
     if (!archive)
         return UT_Error{QStringLiteral("the file is no archive, as such files are; is it whole?")};
-    return DIO_ZipFile(archive);
+    return DIO_ZipFile(archive, mostUnpacked(info.size()));
 }
 
 bool DIO_ZipFile::contains(const QString& name) const
@@ -41,6 +54,9 @@ UT_Result<QByteArray> DIO_ZipFile::read(const QString& name, qint64 most) const
         return UT_Error{QStringLiteral("\"%1\" is missing in it").arg(shown)};
     if (stat.size > static_cast<zip_uint64_t>(most))
         return UT_Error{QStringLiteral("\"%1\" in it is too large").arg(shown)};
+    if (stat.size > _left)
+        return UT_Error{QStringLiteral("it unpacks to far more than such files hold; is it damaged?")};
+    _left -= stat.size;
     const std::unique_ptr<zip_file_t, decltype(&zip_fclose)> file(zip_fopen_index(_archive.get(), stat.index, 0),
                                                                   &zip_fclose);
     QByteArray bytes(static_cast<qsizetype>(stat.size), Qt::Uninitialized);

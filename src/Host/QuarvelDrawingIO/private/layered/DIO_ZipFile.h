@@ -7,11 +7,14 @@
 
 #include <QByteArray>
 
+#include <cstdint>
 #include <memory>
 
 struct zip;
 
-/// An archive, open for reading. For one thread at a time.
+/// An archive, open for reading. For one thread at a time. A small archive may list one file, or many that are nothing
+/// but zeros, as the pictures of ten thousand layers; so what is unpacked in all has a limit that follows the archive's
+/// size.
 class DIO_ZipFile
 {
 public:
@@ -25,7 +28,8 @@ public:
     ///
     /// @param name with its folders
     /// @param most how many bytes it may have when it is unpacked
-    /// @return an error when there is none of that name, it is too large or damaged
+    /// @return an error when there is none of that name, it is too large or damaged, or when all that was read is too
+    ///         large together
     UT_Result<QByteArray> read(const QString& name, qint64 most) const;
 
 private:
@@ -34,7 +38,8 @@ private:
         void operator()(zip* archive) const;
     };
 
-    explicit DIO_ZipFile(zip* archive) : _archive(archive) {}
+    DIO_ZipFile(zip* archive, std::uint64_t most) : _archive(archive), _left(most) {}
 
     std::unique_ptr<zip, Close> _archive;
+    mutable std::uint64_t _left; // bytes that may still be unpacked
 };
