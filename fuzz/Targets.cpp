@@ -18,8 +18,10 @@
 namespace {
 
 constexpr FuzzTarget kTargets[] = {
+    {"atlas", fuzzAtlas},
     {"bitmap", fuzzBitmap},
     {"frame", fuzzFrame},
+    {"layered", fuzzLayered},
     {"lottie-document", fuzzLottieDocument},
     {"lottie-stream", fuzzLottieStream},
     {"scene", fuzzScene},
@@ -73,6 +75,22 @@ QString fuzzFile(const QString& name, const QByteArray& content)
     QFile file(path);
     FUZZ_CHECK(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
     return path;
+}
+
+std::vector<std::pair<QString, QByteArray>> fuzzFilesIn(const QByteArray& input)
+{
+    const QByteArray mark = "=== ";
+    std::vector<std::pair<QString, QByteArray>> files;
+    for (qsizetype at = input.indexOf(mark); at >= 0;) {
+        const qsizetype end = input.indexOf('\n', at);
+        if (end < 0)
+            break;
+        const qsizetype next = input.indexOf("\n" + mark, end);
+        files.emplace_back(QString::fromUtf8(input.mid(at + mark.size(), end - at - mark.size())),
+                           input.mid(end + 1, next < 0 ? -1 : next - end));
+        at = next < 0 ? -1 : next + 1;
+    }
+    return files;
 }
 
 void fuzzFailed(const char* property, const char* file, int line)

@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 
 #include <span>
+#include <utility>
+#include <vector>
 
 /// Tries one input. A property that does not hold ends the program (FUZZ_CHECK); whatever else ends it is found, too.
 using FuzzFunction = void (*)(const QByteArray& input);
@@ -34,12 +36,17 @@ QString fuzzFolder();
 /// Writes a file in that folder, in new folders where its name has some.
 QString fuzzFile(const QString& name, const QByteArray& content);
 
+/// The files of an input that holds several: they follow each other, each behind a line "=== " and its name.
+std::vector<std::pair<QString, QByteArray>> fuzzFilesIn(const QByteArray& input);
+
 /// Ends the program with the property that does not hold.
 #define FUZZ_CHECK(property) ((property) ? void() : fuzzFailed(#property, __FILE__, __LINE__))
 [[noreturn]] void fuzzFailed(const char* property, const char* file, int line);
 
+void fuzzAtlas(const QByteArray& input);
 void fuzzBitmap(const QByteArray& input);
 void fuzzFrame(const QByteArray& input);
+void fuzzLayered(const QByteArray& input);
 void fuzzLottieDocument(const QByteArray& input);
 void fuzzLottieStream(const QByteArray& input);
 void fuzzScene(const QByteArray& input);

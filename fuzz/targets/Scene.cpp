@@ -1,7 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// A whole scene, with what else its folder may hold: files follow each other in the input, each behind a line "=== "
-// and its name.
+// A whole scene, with what else its folder may hold (fuzzFilesIn).
 #include "Scenes.h"
 #include "Targets.h"
 
@@ -35,16 +34,8 @@ void fuzzScene(const QByteArray& input)
     const QString path = fuzzFolder() + u'/' + folder;
     QDir(path).removeRecursively();
     QDir().mkpath(path);
-    const QByteArray mark = "=== ";
-    for (qsizetype at = input.indexOf(mark); at >= 0;) {
-        const qsizetype end = input.indexOf('\n', at);
-        const qsizetype next = end < 0 ? -1 : input.indexOf("\n" + mark, end);
-        if (end < 0)
-            break;
-        const QString name = QString::fromUtf8(input.mid(at + mark.size(), end - at - mark.size()));
+    for (const auto& [name, content] : fuzzFilesIn(input))
         if (isInside(name))
-            writeIfPossible(path + u'/' + name, input.mid(end + 1, next < 0 ? -1 : next - end));
-        at = next < 0 ? -1 : next + 1;
-    }
+            writeIfPossible(path + u'/' + name, content);
     checkSceneIn(folder);
 }
