@@ -9,6 +9,7 @@
 #include "QuarvelDrawingIO/private/DIO_LottieDocument.h"
 #include "QuarvelDrawingIO/private/DIO_LottiePainter.h"
 #include "QuarvelDrawingIO/private/DIO_LottieProcess.h"
+#include "QuarvelDrawingIO/private/DIO_RoundedShapes.h"
 
 #include <QCryptographicHash>
 #include <QFile>
@@ -51,7 +52,11 @@ UT_Result<DIO_LottieArchive> readDocument(const QString& path)
 class FrameCollector
 {
 public:
-    explicit FrameCollector(DIO_Animation& animation) : _animation(animation), _painter(animation.palette) {}
+    explicit FrameCollector(DIO_Animation& animation)
+        : _animation(animation)
+        , _painter(animation.palette)
+        , _rounded(std::max(animation.size.width(), animation.size.height()))
+    {}
 
     void add(const DIO_LottieLayer& root)
     {
@@ -76,7 +81,7 @@ private:
 
     int drawingOf(std::size_t index, const DIO_LottieLayer& layer, const DIO_LottieLayer* matte)
     {
-        QCryptographicHash hash(QCryptographicHash::Sha1);
+        QCryptographicHash hash(QCryptographicHash::Blake2b_256);
         hash.addData(layer.bytes);
         hash.addData(matte ? matte->bytes : QByteArray());
         const QByteArray key = hash.result();
@@ -84,6 +89,7 @@ private:
         if (found != _known[index].constEnd())
             return *found;
         std::vector<DIO_Shape> shapes = _painter.paint(layer, matte);
+        _rounded.round(shapes);
         auto& drawings = _animation.layers[index].drawings;
         const int drawing = shapes.empty() ? kNothing : static_cast<int>(drawings.size());
         if (!shapes.empty())
@@ -93,6 +99,7 @@ private:
 
     DIO_Animation& _animation;
     DIO_LottiePainter _painter;
+    DIO_RoundedShapes _rounded;
     std::vector<QHash<QByteArray, int>> _known; // by layer: the drawings by what they were made from
     int _frames = 0;
 };
@@ -104,7 +111,7 @@ public:
     // The stream and the layers outlive this.
     StreamCollector(const QByteArray& stream, const std::vector<DIO_LottieLayerFacts>& layers,
                     const DIO_LottieLimits& limits, DIO_Animation& animation)
-        : _stream(stream), _reader(stream, layers), _limits(limits), _animation(animation), _collector(animation)
+        : _stream(stream), _reader(stream, layers), _limits(limits), _animation(animation)
     {}
 
     bool isStopped() const { return _stopped; }
@@ -124,12 +131,12 @@ public:
     bool takeRest()
     {
         takeFrames();
-        if (_stopped || !_hasHeader || _taken < _animation.frames)
+        if (_stopped || !_collector || _taken < _animation.frames)
             return false;
-        if (_collector.tooDetailed() > 0)
+        if (_collector->tooDetailed() > 0)
             _animation.warnings.append(
                 QStringLiteral("clips, masks or mattes that are too detailed do not cut: %1 times")
-                    .arg(_collector.tooDetailed()));
+                    .arg(_collector->tooDetailed()));
         return _reader.readEnd();
     }
 
@@ -141,15 +148,15 @@ private:
     {
         // All is done only when the other program has ended, too.
         const double done =
-            _hasHeader ? static_cast<double>(std::min(_taken, _animation.frames - 1)) / _animation.frames : 0.0;
+            _collector ? static_cast<double>(std::min(_taken, _animation.frames - 1)) / _animation.frames : 0.0;
         _stopped = _stopped || (_limits.goOn && !_limits.goOn(done));
         return !_stopped;
     }
 
     bool takeHeader()
     {
-        if (_hasHeader || _stream.size() < kHeaderBytes)
-            return _hasHeader;
+        if (_collector || _stream.size() < kHeaderBytes)
+            return _collector.has_value();
         const std::optional<DIO_LottieHeader> header = _reader.readHeader();
         if (!header)
             return false;
@@ -157,7 +164,8 @@ private:
         _animation.viewBox = QRectF(QPointF(), _animation.size);
         _animation.frameRate = header->frameRate;
         _animation.frames = header->frames;
-        return _hasHeader = true;
+        _collector.emplace(_animation);
+        return true;
     }
 
     void takeFrames()
@@ -171,7 +179,7 @@ private:
                 _tryAt = _stream.size() + _lastBytes;
                 return;
             }
-            _collector.add(*root);
+            _collector->add(*root);
             ++_taken;
             _lastBytes = _reader.position() - begin;
         }
@@ -181,8 +189,7 @@ private:
     DIO_LottieStreamReader _reader;
     const DIO_LottieLimits& _limits;
     DIO_Animation& _animation;
-    FrameCollector _collector;
-    bool _hasHeader = false;
+    std::optional<FrameCollector> _collector; // once the header has come
     bool _stopped = false;
     int _taken = 0;
     qsizetype _lastBytes = 0;

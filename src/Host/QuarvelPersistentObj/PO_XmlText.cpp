@@ -59,16 +59,27 @@ QString PO_unescape(const QString& text)
 
 QString PO_formatDouble(double value)
 {
-    if (std::isnan(value))
-        return QStringLiteral("nan");
-    if (std::isinf(value))
-        return value < 0.0 ? QStringLiteral("-inf") : QStringLiteral("inf");
+    QString text;
+    PO_appendDouble(text, value);
+    return text;
+}
+
+void PO_appendDouble(QString& text, double value)
+{
+    if (std::isnan(value)) {
+        text += u"nan";
+        return;
+    }
+    if (std::isinf(value)) {
+        text += value < 0.0 ? u"-inf" : u"inf";
+        return;
+    }
     const double size = std::fabs(value);
     const bool plain = size == 0.0 || (size >= kSmallestPlain && size < kLargestPlain);
     std::array<char, kLongestNumber> buffer;
     const auto format = plain ? std::chars_format::fixed : std::chars_format::scientific;
     const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format);
-    return QString::fromLatin1(buffer.data(), error == std::errc() ? end - buffer.data() : 0);
+    text += QLatin1String(buffer.data(), error == std::errc() ? end - buffer.data() : 0);
 }
 
 std::optional<double> PO_parseDouble(const QString& text)

@@ -26,6 +26,9 @@ QUARVELPERSISTENTOBJ_EXPORT QString PO_unescape(const QString& text);
 /// 1e15, exponents outside; "inf", "-inf" and "nan" for infinite values and NaN.
 QUARVELPERSISTENTOBJ_EXPORT QString PO_formatDouble(double value);
 
+/// Appends what PO_formatDouble() gives to a text.
+QUARVELPERSISTENTOBJ_EXPORT void PO_appendDouble(QString& text, double value);
+
 /// Reads a decimal number, with a point and perhaps an exponent; also "inf", "-inf" and "nan". Nothing for any other
 /// text: white space, a comma, a plus sign, hexadecimal, a number too large for a double.
 QUARVELPERSISTENTOBJ_EXPORT std::optional<double> PO_parseDouble(const QString& text);

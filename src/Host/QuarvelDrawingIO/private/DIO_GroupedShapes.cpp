@@ -29,7 +29,7 @@ public:
     bool clip(DIO_Shape& shape)
     {
         const QRectF bounds = shape.path.controlPointRect();
-        if (_isRectangle && _area.controlPointRect().contains(bounds))
+        if (contains(bounds))
             return true;
         if (!shape.clip) {
             shape.clip = _area;
@@ -45,6 +45,15 @@ public:
     }
 
 private:
+    // Of detailed areas, the clip itself is cheaper than the question.
+    bool contains(const QRectF& bounds) const
+    {
+        constexpr int kDetailed = 32;
+        if (!_area.controlPointRect().contains(bounds))
+            return false;
+        return _isRectangle || (_area.elementCount() < kDetailed && _area.contains(bounds));
+    }
+
     const QPainterPath& _area;
     bool _isRectangle;
     std::optional<QPainterPath> _before;

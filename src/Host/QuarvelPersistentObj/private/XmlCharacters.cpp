@@ -38,6 +38,12 @@ bool isPlain(QChar c)
     return c == u'\t' || c == u'\n' || (c >= u' ' && c != QChar(0xfffe) && c != QChar(0xffff));
 }
 
+// Whether a text is plain everywhere and has no underscore, as coordinates are.
+bool needsNoEscape(const QString& text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return isPlain(c) && !c.isSurrogate() && c != u'_'; });
+}
+
 bool isPair(QStringView text, qsizetype at)
 {
     return at + 1 < text.size() && text[at].isHighSurrogate() && text[at + 1].isLowSurrogate();
@@ -52,6 +58,8 @@ QString XmlCharacters::escapeOf(QChar c)
 
 QString XmlCharacters::escape(const QString& text, Underscores underscores)
 {
+    if (needsNoEscape(text))
+        return text;
     QString result;
     result.reserve(text.size());
     for (qsizetype i = 0; i < text.size(); ++i) {

@@ -113,7 +113,10 @@ std::optional<QString> SIO_pathText(const QPainterPath& path)
     // Setting the fill rule of an empty path adds one element at the origin; the path still counts as empty.
     if (path.elementCount() == 1 && path.elementAt(0).x == 0.0 && path.elementAt(0).y == 0.0)
         return QString();
+    // A point of most drawings takes less than this.
+    constexpr qsizetype kUsualLength = 24;
     QString text;
+    text.reserve(kUsualLength * path.elementCount());
     for (int i = 0; i < path.elementCount(); ++i) {
         const Element& element = path.elementAt(i);
         if (!isCoordinate(element.x) || !isCoordinate(element.y))
@@ -124,7 +127,9 @@ std::optional<QString> SIO_pathText(const QPainterPath& path)
             text += QChar(letter);
             text += u' ';
         }
-        text += PO_formatDouble(element.x) + u' ' + PO_formatDouble(element.y);
+        PO_appendDouble(text, element.x);
+        text += u' ';
+        PO_appendDouble(text, element.y);
     }
     return text;
 }
