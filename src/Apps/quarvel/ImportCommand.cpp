@@ -6,6 +6,7 @@
 #include "ExitCodes.h"
 #include "InputAdvice.h"
 #include "LoadPlugIns.h"
+#include "ProgressLine.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
@@ -17,7 +18,7 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include <new>
+#include <chrono>
 
 namespace {
 
@@ -46,7 +47,34 @@ UT_Result<void> checkOutput(const ImportOptions& options)
     return {};
 }
 
-UT_Result<ImportedScene> importFiles(const ImportOptions& options)
+// What a run of import shows while it works. Reading and saving take about as long.
+class ImportProgress
+{
+public:
+    explicit ImportProgress(const ImportOptions& options)
+        : _options(options), _line(options.quiet ? ProgressStyle::NONE : ProgressStyle::AUTOMATIC)
+    {}
+
+    bool reads(double done) { return show(done / 2.0, _options.files.first()); }
+    bool saves(double done) { return show((1.0 + done) / 2.0, _options.output); }
+    void clear() { _line.clear(); }
+
+private:
+    // Short runs show nothing. @return whether to go on
+    bool show(double done, const QString& what)
+    {
+        constexpr auto kSoonest = std::chrono::milliseconds(500);
+        if (std::chrono::steady_clock::now() - _start >= kSoonest)
+            _line.show(done, what);
+        return !StopSignal::came();
+    }
+
+    const ImportOptions& _options;
+    ProgressLine _line;
+    std::chrono::steady_clock::time_point _start = std::chrono::steady_clock::now();
+};
+
+UT_Result<ImportedScene> importFiles(const ImportOptions& options, ImportProgress& progress)
 {
     for (const QString& file : options.files)
         if (const UT_Result<void> importable = checkIsImportable(file); !importable)
@@ -54,7 +82,7 @@ UT_Result<ImportedScene> importFiles(const ImportOptions& options)
     ImportSettings settings;
     settings.form = options.form;
     settings.wishes = options.wishes;
-    settings.goOn = [](double) { return !StopSignal::came(); };
+    settings.goOn = [&](double done) { return progress.reads(done); };
     return UT_withinMemory(QStringLiteral("all these drawings"), QStringLiteral("import fewer frames at once"),
                            [&] { return importDrawings(options.files, settings); });
 }
@@ -91,7 +119,7 @@ int stopped(const ImportOptions& options, Report& report)
     return StopSignal::exitCode();
 }
 
-// A signal does not interrupt the save: it is short, and the scene is whole after it.
+// Once the save has taken effect a signal is too late: the scene is whole then.
 int importAndSave(const ImportOptions& options, Report& report)
 {
     const auto failed = [&](const UT_Error& error) {
@@ -100,15 +128,20 @@ int importAndSave(const ImportOptions& options, Report& report)
     };
     if (const UT_Result<void> loaded = loadPlugIns(); !loaded)
         return failed(loaded.error());
-    const UT_Result<ImportedScene> imported = importFiles(options);
+    ImportProgress progress(options);
+    const UT_Result<ImportedScene> imported = importFiles(options, progress);
+    progress.clear();
     if (StopSignal::came())
         return stopped(options, report);
     if (!imported)
         return failed(imported.error());
     for (const QString& warning : imported->warnings)
         report.warning({}, warning);
-    if (const auto saved = SIO_saveScene(*imported->scene, options.output); !saved)
-        return failed(saved.error());
+    const auto saved =
+        SIO_saveScene(*imported->scene, options.output, [&](double done) { return progress.saves(done); });
+    progress.clear();
+    if (!saved)
+        return saved.error().kind == UT_ErrorKind::STOPPED ? stopped(options, report) : failed(saved.error());
     tellWhatWasMade(options, *imported->scene, report);
     if (!StopSignal::came())
         return 0;

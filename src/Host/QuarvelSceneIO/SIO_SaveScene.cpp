@@ -56,14 +56,6 @@ SIO_SceneState stateOnDisk(const QString& folder, const QStringList& paths)
     return files.state();
 }
 
-SIO_SceneState stateOf(const QMap<QString, QByteArray>& files)
-{
-    QMap<QString, QByteArray> digests;
-    for (auto file = files.cbegin(); file != files.cend(); ++file)
-        digests.insert(file.key(), SIO_digest(file.value()));
-    return SIO_stateOf(digests);
-}
-
 // The files of the scene on the disk that the new scene does not have.
 QStringList leftOver(const QString& folder, const QStringList& before, const QMap<QString, QByteArray>& files)
 {
@@ -85,7 +77,8 @@ QStringList leftOver(const QString& folder, const QStringList& before, const QMa
 
 // @return std::nullopt if a state is expected and the folder has another one
 UT_Result<std::optional<SIO_SceneState>> saveFiles(const QMap<QString, QByteArray>& files, const QString& folder,
-                                                   const SIO_SceneState* expected, SIO_FileSystem& disk)
+                                                   const SIO_SceneState* expected, SIO_FileSystem& disk,
+                                                   const SIO_Progress& goOn)
 {
     SIO_FolderLock lock(folder);
     if (const auto locked = lock.lock(); !locked)
@@ -97,16 +90,22 @@ UT_Result<std::optional<SIO_SceneState>> saveFiles(const QMap<QString, QByteArra
         return before.error();
     if (expected && stateOnDisk(folder, *before) != *expected)
         return std::optional<SIO_SceneState>();
-    if (const auto changed = SIO_changeFiles(folder, files, leftOver(folder, *before, files), disk); !changed)
+    const QMap<QString, QByteArray> digests = SIO_digests(files);
+    if (const auto changed = SIO_changeFiles(folder, files, digests, leftOver(folder, *before, files), disk, goOn);
+        !changed)
         return changed.error();
-    return std::optional(stateOf(files));
+    return std::optional(SIO_stateOf(digests));
 }
 
 UT_Result<std::optional<SIO_SceneState>> save(const MO_Scene& scene, const QString& folder,
-                                              const SIO_SceneState* expected, SIO_FileSystem& disk)
+                                              const SIO_SceneState* expected, SIO_FileSystem& disk,
+                                              const SIO_Progress& goOn = {})
 {
+    // Making the files and writing them take about as long.
+    const auto firstHalf = [&](double done) { return !goOn || goOn(done / 2.0); };
+    const auto secondHalf = [&](double done) { return !goOn || goOn((1.0 + done) / 2.0); };
     const QString home = QDir::cleanPath(QFileInfo(folder).absoluteFilePath());
-    const auto files = SIO_sceneFiles(scene, home);
+    const auto files = SIO_sceneFiles(scene, home, firstHalf);
     if (!files)
         return files.error();
     const bool isNew = !QFileInfo::exists(home);
@@ -120,7 +119,7 @@ UT_Result<std::optional<SIO_SceneState>> save(const MO_Scene& scene, const QStri
     } else if (!QFileInfo(home).isDir()) {
         return UT_Error{Texts::tr("\"%1\" is a file; a scene is a folder").arg(QDir::toNativeSeparators(home))};
     }
-    auto saved = saveFiles(*files, home, expected, disk);
+    auto saved = saveFiles(*files, home, expected, disk, secondHalf);
     if (isNew && (!saved || !*saved))
         (void)disk.removeFolder(home);
     return saved;
@@ -134,10 +133,10 @@ UT_Result<void> SIO_saveSceneOn(const MO_Scene& scene, const QString& folder, SI
     return saved ? UT_Result<void>() : saved.error();
 }
 
-UT_Result<SIO_SceneState> SIO_saveScene(const MO_Scene& scene, const QString& folder)
+UT_Result<SIO_SceneState> SIO_saveScene(const MO_Scene& scene, const QString& folder, const SIO_Progress& goOn)
 {
     SIO_FileSystem disk;
-    auto saved = save(scene, folder, nullptr, disk);
+    auto saved = save(scene, folder, nullptr, disk, goOn);
     return saved ? UT_Result<SIO_SceneState>(std::move(**saved)) : saved.error();
 }
 

@@ -17,6 +17,7 @@
 
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -43,12 +44,18 @@ struct SIO_LoadedScene
 /// @return an error with file, line and reason if anything is damaged or missing; a scene is never loaded in part
 QUARVELSCENEIO_EXPORT UT_Result<SIO_LoadedScene> SIO_loadScene(const QString& folder);
 
+/// Called now and then with how much of a save is done, 0 to 1, by the thread that saves; returning false stops.
+using SIO_Progress = std::function<bool(double done)>;
+
 /// Saves a scene. A crash, a full disk or a kill at any moment leaves either the complete old scene or the complete new
 /// one. Processes that save at the same time wait for each other.
 ///
 /// @param folder the scene's folder; created if it does not exist. Its parent must exist.
-/// @return the folder's new state, or an error; after an error the scene on disk is unchanged
-QUARVELSCENEIO_EXPORT UT_Result<SIO_SceneState> SIO_saveScene(const MO_Scene& scene, const QString& folder);
+/// @param goOn   may be empty; the save cannot be stopped any more once it has taken effect
+/// @return the folder's new state, or an error, of the kind STOPPED when goOn said to stop; after an error the scene on
+///         disk is unchanged
+QUARVELSCENEIO_EXPORT UT_Result<SIO_SceneState> SIO_saveScene(const MO_Scene& scene, const QString& folder,
+                                                              const SIO_Progress& goOn = {});
 
 /// True for an existing folder that is empty, apart from leftovers of a save that was interrupted before it took
 /// effect: a new scene can be saved there without replacing anything.

@@ -9,6 +9,7 @@
 
 #include <QElapsedTimer>
 
+#include <algorithm>
 #include <csignal>
 #include <functional>
 #include <random>
@@ -278,6 +279,32 @@ TEST_F(AtomicSave, AnyOperationThatFailsLeavesTheOldSceneAndSaysSo)
         }
     // Every file that is written, and the journal with its operations, in both ways of failing.
     EXPECT_GE(failures, 2 * static_cast<int>(newFiles.size() + 3));
+}
+
+TEST_F(AtomicSave, StoppedWhereverItAsksItLeavesTheOldSceneOrNone)
+{
+    save(*oldScene, place.folder);
+    std::vector<double> told;
+    const auto listen = [&](double done) {
+        told.push_back(done);
+        return true;
+    };
+    ASSERT_TRUE(SIO_saveScene(*newScene, place.folder, listen));
+    EXPECT_TRUE(std::ranges::is_sorted(told));
+    EXPECT_TRUE(told.front() >= 0.0 && told.back() <= 1.0);
+    ASSERT_GT(told.size(), 3U);
+    const QString another = place.home.path() + text("/another.scene");
+    for (std::size_t stop = 0; stop < told.size(); ++stop) {
+        save(*oldScene, place.folder);
+        for (const QString& folder : {place.folder, another}) {
+            std::size_t calls = 0;
+            const auto saved = SIO_saveScene(*newScene, folder, [&](double) { return calls++ < stop; });
+            ASSERT_FALSE(saved) << stop;
+            EXPECT_EQ(saved.error().kind, UT_ErrorKind::STOPPED);
+        }
+        EXPECT_EQ(difference(filesIn(place.folder), oldFiles), "") << stop;
+        EXPECT_FALSE(QFileInfo::exists(another)) << stop;
+    }
 }
 
 TEST_F(AtomicSave, WithoutSpaceTheOldFilesAreAllThatIsThere)

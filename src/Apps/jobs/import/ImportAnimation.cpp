@@ -49,13 +49,16 @@ UT_Result<DrawingSequence> readAnimation(const QStringList& files, const ImportS
     return sequenceOf(std::move(*animation), file, settings);
 }
 
-DrawingSequence sequenceOf(DIO_Animation animation, const QString& file, const ImportSettings& settings)
+UT_Result<DrawingSequence> sequenceOf(DIO_Animation animation, const QString& file, const ImportSettings& settings)
 {
     if (settings.form.objects == ObjectChoice::ONE)
         animation.layers = {mergedLayers(animation)};
+    // All of the file is read.
+    const auto goesOn = [&] { return !settings.goOn || settings.goOn(1.0); };
     SequenceBuilder builder(animation.name);
     for (const DIO_AnimatedLayer& layer : animation.layers)
-        builder.addLayer(layer.name, layer.drawings, animation.palette, layer.shown, kFirstFrame);
+        if (!builder.addLayer(layer.name, layer.drawings, animation.palette, layer.shown, kFirstFrame, goesOn))
+            return UT_stopped();
     DrawingSequence sequence = builder.take();
     sequence.frame = animation.viewBox;
     sequence.size = animation.size;

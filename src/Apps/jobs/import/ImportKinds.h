@@ -17,4 +17,5 @@ UT_Result<DrawingSequence> readAnimation(const QStringList& files, const ImportS
 /// The sequence of an animation, from frame 1 on.
 ///
 /// @param file that it was read from
-DrawingSequence sequenceOf(DIO_Animation animation, const QString& file, const ImportSettings& settings);
+/// @return an error when settings.goOn said to stop
+UT_Result<DrawingSequence> sequenceOf(DIO_Animation animation, const QString& file, const ImportSettings& settings);

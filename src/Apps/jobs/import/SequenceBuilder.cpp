@@ -35,7 +35,7 @@ QByteArray digest(std::span<const DIO_Shape> shapes, std::span<const DIO_Paint> 
         out << static_cast<quint64>(DIO_colorId(paint).value());
         writePicture(out, shape.picture);
     }
-    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Blake2b_256);
 }
 
 // The covered share of a picture, estimated from some of its pixels.
@@ -131,25 +131,39 @@ void SequenceBuilder::addFrame(int frame, const ChosenObjects& chosen)
     }
 }
 
-void SequenceBuilder::addLayer(const QString& name, const std::vector<std::vector<DIO_Shape>>& drawings,
-                               std::span<const DIO_Paint> paints, std::span<const int> shown, int firstFrame)
+bool SequenceBuilder::addLayer(const QString& name, const std::vector<std::vector<DIO_Shape>>& drawings,
+                               std::span<const DIO_Paint> paints, std::span<const int> shown, int firstFrame,
+                               const std::function<bool()>& goOn)
 {
     addColours(paints);
     Layer layer{QString::number(_layers.size()), name, true, {}, 0.0, {}};
-    int before = SequenceLayer::kNothing;
+    std::vector<int> keys(drawings.size(), SequenceLayer::kNothing); // under which each drawing is stored
     for (std::size_t i = 0; i < shown.size(); ++i) {
         const int frame = firstFrame + static_cast<int>(i);
-        if (shown[i] < 0)
+        if (shown[i] < 0) {
             exposeNothing(layer, frame);
-        else if (i == 0 || shown[i] != before)
-            expose(layer, frame, drawings[static_cast<std::size_t>(shown[i])], paints);
-        before = shown[i];
+            continue;
+        }
+        const auto drawing = static_cast<std::size_t>(shown[i]);
+        if (keys[drawing] == SequenceLayer::kNothing) {
+            if (!goOn())
+                return false;
+            keys[drawing] = keyFor(layer, frame, drawings[drawing], paints);
+        }
+        setExposure(layer, frame, keys[drawing]);
     }
     _layers.push_back(std::move(layer));
+    return true;
 }
 
 void SequenceBuilder::expose(Layer& layer, int frame, std::span<const DIO_Shape> shapes,
                              std::span<const DIO_Paint> paints)
+{
+    setExposure(layer, frame, keyFor(layer, frame, shapes, paints));
+}
+
+int SequenceBuilder::keyFor(Layer& layer, int frame, std::span<const DIO_Shape> shapes,
+                            std::span<const DIO_Paint> paints)
 {
     const QByteArray key = digest(shapes, paints);
     auto found = layer.known.constFind(key);
@@ -161,7 +175,7 @@ void SequenceBuilder::expose(Layer& layer, int frame, std::span<const DIO_Shape>
         }
         found = layer.known.insert(key, frame);
     }
-    setExposure(layer, frame, *found);
+    return *found;
 }
 
 void SequenceBuilder::exposeNothing(Layer& layer, int frame)

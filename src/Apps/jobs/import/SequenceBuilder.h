@@ -9,6 +9,7 @@
 
 #include <QHash>
 
+#include <functional>
 #include <span>
 
 class SequenceBuilder
@@ -28,8 +29,11 @@ public:
     /// Adds a layer in which a drawing is shown from a frame on; for readers that know all frames of a layer at once.
     ///
     /// @param shown by frame, from firstFrame on: indices of drawings, or -1 for nothing
-    void addLayer(const QString& name, const std::vector<std::vector<DIO_Shape>>& drawings,
-                  std::span<const DIO_Paint> paints, std::span<const int> shown, int firstFrame);
+    /// @param goOn  asked for each drawing
+    /// @return whether goOn() always said to go on; if not, the sequence is unusable
+    bool addLayer(const QString& name, const std::vector<std::vector<DIO_Shape>>& drawings,
+                  std::span<const DIO_Paint> paints, std::span<const int> shown, int firstFrame,
+                  const std::function<bool()>& goOn);
 
     /// Returns the sequence without its frame, size and range, which the builder does not know. Layers without a name
     /// of their own get one, and no two have the same.
@@ -49,6 +53,8 @@ private:
     // The index of a layer; a new one is put above the one at an index.
     std::size_t layerFor(const QString& key, const DIO_Layer& layer, std::size_t above, bool& outOfOrder);
     void expose(Layer& layer, int frame, std::span<const DIO_Shape> shapes, std::span<const DIO_Paint> paints);
+    // The key under which a layer stores what is drawn, the frame where it is new.
+    int keyFor(Layer& layer, int frame, std::span<const DIO_Shape> shapes, std::span<const DIO_Paint> paints);
     void exposeNothing(Layer& layer, int frame);
     static void setExposure(Layer& layer, int frame, int drawing);
     void addColours(std::span<const DIO_Paint> paints);

@@ -162,8 +162,9 @@ bool hasBytes(const QString& folder, const QString& relative, const QByteArray& 
 }
 
 // Writes the new files and the journal into the staging folder.
-UT_Result<SIO_Journal> stage(const QString& folder, const QMap<QString, QByteArray>& files, const QStringList& deletes,
-                             SIO_FileSystem& disk)
+UT_Result<SIO_Journal> stage(const QString& folder, const QMap<QString, QByteArray>& files,
+                             const QMap<QString, QByteArray>& digests, const QStringList& deletes, SIO_FileSystem& disk,
+                             const SIO_Progress& goOn)
 {
     const QString staging = folder + u'/' + kSIO_stagingFolder;
     if (const auto made = disk.makeFolder(staging); !made)
@@ -175,11 +176,13 @@ UT_Result<SIO_Journal> stage(const QString& folder, const QMap<QString, QByteArr
     SIO_Journal journal;
     journal.deletes = deletes;
     for (auto file = files.cbegin(); file != files.cend(); ++file) {
+        if (goOn && !goOn(static_cast<double>(journal.writes.size()) / static_cast<double>(files.size())))
+            return UT_stopped();
         const QString staged = SIO_stagedPath(QByteArray::number(static_cast<qulonglong>(journal.writes.size())));
         if (const auto written = disk.writeFile(folder + u'/' + staged, file.value()); !written)
             return written.error();
         made << folder + u'/' + staged;
-        journal.writes.push_back({staged, file.key(), SIO_digest(file.value())});
+        journal.writes.push_back({staged, file.key(), digests.value(file.key())});
     }
     const auto text = SIO_sealed(SIO_journalText(journal), folder);
     if (!text)
@@ -251,7 +254,8 @@ UT_Result<void> SIO_recover(const QString& folder, SIO_FileSystem& disk)
 }
 
 UT_Result<void> SIO_changeFiles(const QString& folder, const QMap<QString, QByteArray>& files,
-                                const QStringList& deletes, SIO_FileSystem& disk)
+                                const QMap<QString, QByteArray>& digests, const QStringList& deletes,
+                                SIO_FileSystem& disk, const SIO_Progress& goOn)
 {
     QMap<QString, QByteArray> changed;
     for (auto file = files.cbegin(); file != files.cend(); ++file) {
@@ -264,7 +268,7 @@ UT_Result<void> SIO_changeFiles(const QString& folder, const QMap<QString, QByte
     }
     if (changed.isEmpty() && deletes.isEmpty())
         return {};
-    const auto journal = stage(folder, changed, deletes, disk);
+    const auto journal = stage(folder, changed, digests, deletes, disk, goOn);
     auto committed = journal ? commit(folder, disk) : UT_Result<void>(journal.error());
     if (!committed) {
         (void)dropStaging(folder, disk);

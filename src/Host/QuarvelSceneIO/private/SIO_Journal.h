@@ -11,6 +11,7 @@
 // into the folder is refused until a person has removed the journal.
 #pragma once
 
+#include "QuarvelSceneIO/SIO_SceneFolder.h"
 #include "QuarvelSceneIO/private/SIO_FileSystem.h"
 #include "QuarvelSceneIO/private/SIO_JournalText.h"
 
@@ -37,8 +38,12 @@ QUARVELSCENEIO_EXPORT UT_Result<void> SIO_recover(const QString& folder, SIO_Fil
 /// Changes files of a scene, all or none. The caller must hold the scene's lock and have called SIO_recover().
 ///
 /// @param files paths within the folder, with their new bytes; files that have these bytes already are not written
+/// @param digests of these files (SIO_digests)
 /// @param deletes paths within the folder of files to remove
+/// @param goOn    called while files are written, before the change takes effect; may be empty
 /// @return an error if nothing has changed. Without an error the new files are valid, even if the next program that
 /// opens the scene has to finish moving them into place
 QUARVELSCENEIO_EXPORT UT_Result<void> SIO_changeFiles(const QString& folder, const QMap<QString, QByteArray>& files,
-                                                      const QStringList& deletes, SIO_FileSystem& disk);
+                                                      const QMap<QString, QByteArray>& digests,
+                                                      const QStringList& deletes, SIO_FileSystem& disk,
+                                                      const SIO_Progress& goOn = {});

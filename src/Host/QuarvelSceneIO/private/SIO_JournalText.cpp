@@ -3,6 +3,7 @@
 // Writes and parses the text of journals.
 #include "QuarvelSceneIO/private/SIO_JournalText.h"
 
+#include "QuarvelSceneIO/private/SIO_ForEach.h"
 #include "QuarvelSceneIO/private/SIO_Index.h"
 #include "QuarvelSceneIO/private/SIO_PathInside.h"
 
@@ -77,6 +78,17 @@ bool SIO_isScenePath(const QString& relative)
 QByteArray SIO_digest(const QByteArray& bytes)
 {
     return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
+}
+
+QMap<QString, QByteArray> SIO_digests(const QMap<QString, QByteArray>& files)
+{
+    const QList<QByteArray> contents = files.values();
+    std::vector<QByteArray> found(static_cast<std::size_t>(contents.size()));
+    SIO_forEach(found.size(), [&](std::size_t i) { found[i] = SIO_digest(contents[static_cast<qsizetype>(i)]); });
+    QMap<QString, QByteArray> digests;
+    for (std::size_t i = 0; const QString& path : files.keys())
+        digests.insert(path, found[i++]);
+    return digests;
 }
 
 QByteArray SIO_journalText(const SIO_Journal& journal)

@@ -12,6 +12,7 @@
 #include "QuarvelSceneIO/QuarvelSceneIOExport.h"
 
 #include <QByteArray>
+#include <QMap>
 #include <QStringList>
 
 #include <optional>
@@ -46,6 +47,8 @@ QUARVELSCENEIO_EXPORT bool SIO_isScenePath(const QString& relative);
 
 /// SHA-256 in hexadecimal digits.
 QUARVELSCENEIO_EXPORT QByteArray SIO_digest(const QByteArray& bytes);
+/// The SIO_digest() of each file's bytes, by the file's path.
+QMap<QString, QByteArray> SIO_digests(const QMap<QString, QByteArray>& files);
 
 /// The text of a journal, without its seal.
 QUARVELSCENEIO_EXPORT QByteArray SIO_journalText(const SIO_Journal& journal);

@@ -8,6 +8,7 @@
 #include "QuarvelSceneCore/graph/XUGroup.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "QuarvelSceneIO/private/SIO_FileNames.h"
+#include "QuarvelSceneIO/private/SIO_ForEach.h"
 #include "QuarvelSceneIO/private/SIO_Limits.h"
 #include "QuarvelSceneIO/private/SIO_Scene.h"
 #include "QuarvelSceneIO/private/SIO_SourcePath.h"
@@ -33,9 +34,14 @@ qint64 partsOf(const QByteArray& bytes)
 class Collector
 {
 public:
-    Collector(const MO_Scene& scene, const QString& home)
-        : _scene(scene), _home(home), _loaded(dynamic_cast<const SIO_Scene*>(&scene))
-    {}
+    Collector(const MO_Scene& scene, const QString& home, const SIO_Progress& goOn)
+        : _scene(scene), _home(home), _goOn(goOn), _loaded(dynamic_cast<const SIO_Scene*>(&scene))
+    {
+        scene.root().forEachModule([this](const MO_Module& module) {
+            if (const auto* element = dynamic_cast<const MO_ElementModule*>(&module))
+                _drawings += element->drawings().size();
+        });
+    }
 
     UT_Result<QMap<QString, QByteArray>> collect()
     {
@@ -54,6 +60,8 @@ public:
         if (_loaded && _hasKept)
             for (const auto& palette : _loaded->otherPalettes)
                 addPalette(palette, false);
+        if (_stopped)
+            return UT_stopped();
         addFile(kSIO_mainFile, SIO_writeMainFile(_index, _scene));
         if (!_problem.isEmpty())
             return UT_Error{_problem};
@@ -99,6 +107,8 @@ private:
 
     void addModule(const MO_Module& module)
     {
+        if (_stopped)
+            return;
         if (const auto* element = dynamic_cast<const MO_ElementModule*>(&module))
             addElement(*element);
         else if (_loaded && dynamic_cast<const MO_OpaqueModule*>(&module))
@@ -126,13 +136,14 @@ private:
         entry.source = sourceOf(element.origin());
         entry.layer = element.origin().layer;
         SIO_FileNames names;
-        for (const auto& [name, drawing] : element.drawings()) {
+        const std::vector<UT_Result<QByteArray>> texts = textsOf(element, entry.module);
+        for (std::size_t i = 0; const auto& [name, drawing] : element.drawings()) {
+            const UT_Result<QByteArray>& bytes = texts[i++];
             SIO_Index::Drawing file{name, names.add(name) + QStringLiteral(".kvr")};
             if (const auto* loaded = dynamic_cast<const SIO_Drawing*>(drawing.get()))
                 file.unknown = loaded->unknownOfEntry;
             if (drawing->palette())
                 addPalette(drawing->palette(), false);
-            const auto bytes = SIO_writeDrawing(*drawing, entry.module + QStringLiteral(": ") + name);
             if (!bytes)
                 fail(bytes.error().text);
             else
@@ -140,6 +151,33 @@ private:
             entry.drawings.push_back(std::move(file));
         }
         _index.elements.push_back(std::move(entry));
+    }
+
+    // The documents of an element's drawings, in their order. An animation has thousands of them.
+    std::vector<UT_Result<QByteArray>> textsOf(const MO_ElementModule& element, const QString& module)
+    {
+        // So many are made between two calls of goOn.
+        constexpr std::size_t kAtOnce = 64;
+        using Entry = std::remove_cvref_t<decltype(element.drawings())>::const_pointer;
+        std::vector<Entry> drawings;
+        for (const auto& drawing : element.drawings())
+            drawings.push_back(&drawing);
+        std::vector<UT_Result<QByteArray>> texts(drawings.size(), QByteArray());
+        for (std::size_t first = 0; first < drawings.size() && goesOn(); first += kAtOnce) {
+            const std::size_t count = std::min(kAtOnce, drawings.size() - first);
+            SIO_forEach(count, [&](std::size_t i) {
+                const auto& [name, drawing] = *drawings[first + i];
+                texts[first + i] = SIO_writeDrawing(*drawing, module + QStringLiteral(": ") + name);
+            });
+            _made += count;
+        }
+        return texts;
+    }
+
+    bool goesOn()
+    {
+        _stopped = _stopped || (_goOn && !_goOn(static_cast<double>(_made) / static_cast<double>(_drawings)));
+        return !_stopped;
     }
 
     // The number of the source with these files; a new one where there is none yet.
@@ -192,18 +230,23 @@ private:
 
     const MO_Scene& _scene;
     QString _home;
+    const SIO_Progress& _goOn;
     const SIO_Scene* _loaded;
     SIO_Index _index;
     SIO_FileNames _folders;
     std::map<UT_Id, const CM_Palette*> _palettes;
     QMap<QString, QByteArray> _files;
     bool _hasKept = false;
+    std::size_t _drawings = 0;
+    std::size_t _made = 0;
+    bool _stopped = false;
     QString _problem;
 };
 
 } // namespace
 
-UT_Result<QMap<QString, QByteArray>> SIO_sceneFiles(const MO_Scene& scene, const QString& home)
+UT_Result<QMap<QString, QByteArray>> SIO_sceneFiles(const MO_Scene& scene, const QString& home,
+                                                    const SIO_Progress& goOn)
 {
-    return Collector(scene, home).collect();
+    return Collector(scene, home, goOn).collect();
 }
