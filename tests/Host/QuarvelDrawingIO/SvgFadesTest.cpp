@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Gradients that fade: their one colour covers as much as the gradient does, place by place, in steps of an eighth.
+// Gradients that fade: their one colour covers as much as the gradient does, place by place, in steps of a sixteenth.
 #include "Drawings.h"
 
 #include <algorithm>
@@ -12,7 +12,7 @@ using testing::ElementsAre;
 namespace {
 
 // Half a step.
-constexpr double kNear = 1.0 / 16.0 + 1e-3;
+constexpr double kNear = 1.0 / 32.0 + 1e-3;
 
 const QByteArray kRedToNothing = "<stop stop-color='#f00'/><stop offset='1' stop-color='#f00' stop-opacity='0'/>";
 const QByteArray kSquare = "<rect width='100' height='100' fill='url(#g)'/>";

@@ -15,7 +15,7 @@ namespace {
 constexpr double kSame = 1.0 / 1024.0;
 
 // The largest number of different values; each costs path operations at every change.
-constexpr std::size_t kMaxLevels = 12;
+constexpr std::size_t kMaxLevels = 20;
 
 // How many path elements may be visited in all; ordinary drawings need a hundredth of it.
 constexpr int kMaxWork = 200'000;

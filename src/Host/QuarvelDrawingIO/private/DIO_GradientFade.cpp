@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int kSteps = 8;
+constexpr int kSteps = 16;
 constexpr double kEndless = std::numeric_limits<double>::infinity();
 
 /// Places from low to high, along the gradient.

@@ -3,7 +3,7 @@
 // DIO_GradientFade: how the opacity of a gradient runs over the plane. A gradient is painted in one colour, its
 // average, but where it fades it covers less, down to nothing: a glow is not the rectangle that it is painted on.
 //
-// The opacity is approximated by steps of an eighth.
+// The opacity is approximated by steps of a sixteenth.
 #pragma once
 
 #include <QRectF>
