@@ -55,6 +55,15 @@ public:
         *_seconds += secondsSince(start);
     }
 
+    std::unique_ptr<CELVEC_AlphaPlane> sharedAlpha(const CELVEC_RenderArgs& args,
+                                                   const CELVEC_Kvd& white) const override
+    {
+        const Clock::time_point start = Clock::now();
+        auto alpha = CELVEC_Kvd::sharedAlpha(args, white);
+        *_seconds += secondsSince(start);
+        return alpha;
+    }
+
 private:
     std::shared_ptr<double> _seconds;
 };

@@ -3,10 +3,14 @@
 // The drawing that is rasterised in stages.
 #include "MultiStageKvd/MultiStageKvd.h"
 
-#include "QuarvelCelCore/CELVEC_KeptAlpha.h"
 #include "QuarvelCelCore/CELVEC_SeamClosing.h"
 
 MultiStageKvd::RenderingStage::~RenderingStage() = default;
+
+bool MultiStageKvd::RenderingStage::paint(const MultiStageKvd&, const CELVEC_RenderArgs&, CEL_PixmapArea&) const
+{
+    return false;
+}
 
 UT_SharedPtr<MultiStageKvd> MultiStageKvd::embed(UT_SharedPtr<CELVEC_Kvd> primary)
 {
@@ -43,11 +47,12 @@ void MultiStageKvd::render(const CELVEC_RenderArgs& args, CEL_PixmapArea& target
     // Seams are closed once, in the finished pixels.
     CELVEC_RenderArgs open = args;
     open.closesSeams = false;
-    // Stages often paint the drawing again.
-    CELVEC_KeptAlpha alpha;
-    open.keptAlpha = _stages.empty() ? nullptr : &alpha;
-    _primary->render(open, target);
-    for (const UT_SharedPtr<RenderingStage>& stage : _stages)
+    std::span<const UT_SharedPtr<RenderingStage>> stages = _stages;
+    if (!stages.empty() && stages.front()->paint(*this, open, target))
+        stages = stages.subspan(1);
+    else
+        _primary->render(open, target);
+    for (const UT_SharedPtr<RenderingStage>& stage : stages)
         stage->render(*this, open, target);
     if (args.closesSeams)
         CELVEC_closeSeams(target);
@@ -61,4 +66,9 @@ void MultiStageKvd::addCoverage(const CELVEC_RenderArgs& args, CEL_CoverageStep 
 std::optional<Math::Box2di> MultiStageKvd::renderedRect(const CELVEC_RenderArgs& args) const
 {
     return _primary->renderedRect(args);
+}
+
+std::unique_ptr<CELVEC_AlphaPlane> MultiStageKvd::sharedAlpha(const CELVEC_RenderArgs&, const CELVEC_Kvd&) const
+{
+    return nullptr;
 }

@@ -26,6 +26,13 @@ public:
         /// @param target  the pixels after the primary drawing and the stages before this one
         virtual void render(const MultiStageKvd& drawing, const CELVEC_RenderArgs& args,
                             CEL_PixmapArea& target) const = 0;
+
+        /// For the first stage: makes the pixels that painting the primary drawing and render() would make, if it can
+        /// do so for less. It is asked before anything is painted.
+        ///
+        /// @param target as CELVEC_Kvd::render() gets it
+        /// @return whether it did; otherwise the target is as it was
+        virtual bool paint(const MultiStageKvd& drawing, const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const;
     };
 
     /// Embeds a drawing; there are no stages yet.
@@ -44,6 +51,9 @@ public:
     void addCoverage(const CELVEC_RenderArgs& args, CEL_CoverageStep step, CEL_CoveragePlane& coverage) const override;
     /// The primary drawing's: stages work on the pixels that are there.
     std::optional<Math::Box2di> renderedRect(const CELVEC_RenderArgs& args) const override;
+    /// None: what stages make is no painting.
+    std::unique_ptr<CELVEC_AlphaPlane> sharedAlpha(const CELVEC_RenderArgs& args,
+                                                   const CELVEC_Kvd& white) const override;
 
 private:
     explicit MultiStageKvd(UT_SharedPtr<CELVEC_Kvd> primary);

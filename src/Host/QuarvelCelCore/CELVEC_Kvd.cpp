@@ -70,6 +70,13 @@ void CELVEC_Kvd::addCoverage(const CELVEC_RenderArgs& args, CEL_CoverageStep ste
     CELVEC_rasteriseCoverage(*this, *colours(), args, step, coverage);
 }
 
+std::unique_ptr<CELVEC_AlphaPlane> CELVEC_Kvd::sharedAlpha(const CELVEC_RenderArgs& args, const CELVEC_Kvd& white) const
+{
+    if (_transform || !white._transform)
+        return nullptr;
+    return CELVEC_rasteriseSharedAlpha({*this, *colours()}, {white, *white.colours()}, args);
+}
+
 void CELVEC_Kvd::addRenderedCoverage(const CELVEC_RenderArgs& args, CEL_CoverageStep step,
                                      CEL_CoveragePlane& coverage) const
 {

@@ -6,6 +6,7 @@
 // by art layer. The result is associated colour: red, green and blue multiplied by alpha.
 #pragma once
 
+#include "QuarvelCelCore/CELVEC_AlphaPlane.h"
 #include "QuarvelCelCore/CELVEC_RenderArgs.h"
 #include "QuarvelCelCore/CEL_ColorTransform.h"
 #include "QuarvelCelCore/CEL_CoveragePlane.h"
@@ -86,6 +87,16 @@ public:
     ///
     /// @return nothing where only painting finds it, as with a colour transform, which may depend on being asked once
     virtual std::optional<Math::Box2di> renderedRect(const CELVEC_RenderArgs& args) const;
+
+    /// Paints the alpha that render() gives this drawing and another one, without colours, if the other is this one in
+    /// opaque white: then all channels of its pixels are their alpha. A class that overrides render() overrides this as
+    /// well where it changes pixels.
+    ///
+    /// @param white a drawing of this one's class with a colour transform
+    /// @return null where the other has other shapes or paints, where shapes have pictures, and where this drawing has
+    /// a colour transform; nothing is painted then
+    virtual std::unique_ptr<CELVEC_AlphaPlane> sharedAlpha(const CELVEC_RenderArgs& args,
+                                                           const CELVEC_Kvd& white) const;
 
 protected:
     CELVEC_Kvd(const CELVEC_Kvd&);

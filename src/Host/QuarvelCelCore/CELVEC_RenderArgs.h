@@ -8,8 +8,6 @@
 
 #include <QTransform>
 
-class CELVEC_KeptAlpha;
-
 /// Where and at which resolution a vector drawing is rasterised.
 struct CELVEC_RenderArgs
 {
@@ -20,7 +18,4 @@ struct CELVEC_RenderArgs
     /// Whether float pixels get the coverage 1 - (1 - a)^2 instead of a, as if they were painted twice. Pixels of other
     /// formats, and those of a drawing with a colour transform, stay as they are.
     bool closesSeams = false;
-    /// Where the painter keeps what another painting of the same drawing with these arguments can use; null: nowhere.
-    /// It outlives the rendering.
-    CELVEC_KeptAlpha* keptAlpha = nullptr;
 };

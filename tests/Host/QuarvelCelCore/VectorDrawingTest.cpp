@@ -274,64 +274,41 @@ TEST(MultiStageDrawing, RunsItsStagesInOrderOnThePrimaryPicture)
     EXPECT_EQ(render16(*staged, pixels(1, 1))->at(0, 0), (CEL_PixelRGBA16{2, 0, 32767, 32767}));
 }
 
-// A stage that paints the drawing again in one colour, and takes that picture.
-class PaintAgain final : public MultiStageKvd::RenderingStage
+// Paints every colour in one.
+class AllIn final : public CEL_ColorTransform
 {
 public:
-    PaintAgain(VS_RGBA paint, bool sharesAlpha) : _paint(paint), _sharesAlpha(sharesAlpha) {}
-
-    void render(const MultiStageKvd& drawing, const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const override
+    explicit AllIn(VS_RGBA paint) : _paint(paint) {}
+    std::unique_ptr<GR_GraphicOpsColorTransform> createGraphicOpsTransform() override
     {
-        CELVEC_RenderArgs own = args;
-        if (!_sharesAlpha)
-            own.keptAlpha = nullptr;
-        const auto again = drawing.primary()->shareForRendering();
-        again->setColorTransform(UT_makeShared<AllIn>(_paint));
-        again->render(own, target);
+        return std::make_unique<Ops>(_paint);
     }
 
 private:
-    class AllIn final : public CEL_ColorTransform
+    class Ops final : public GR_GraphicOpsColorTransform
     {
     public:
-        explicit AllIn(VS_RGBA paint) : _paint(paint) {}
-        std::unique_ptr<GR_GraphicOpsColorTransform> createGraphicOpsTransform() override
-        {
-            return std::make_unique<Ops>(_paint);
-        }
+        explicit Ops(VS_RGBA paint) : GR_GraphicOpsColorTransform(palette()), _paint(paint) {}
+        VS_RGBA GetColorValue(const CM_SharedPtr<CM_BaseColorObj>&) override { return _paint; }
 
     private:
-        class Ops final : public GR_GraphicOpsColorTransform
-        {
-        public:
-            explicit Ops(VS_RGBA paint) : GR_GraphicOpsColorTransform(palette()), _paint(paint) {}
-            VS_RGBA GetColorValue(const CM_SharedPtr<CM_BaseColorObj>&) override { return _paint; }
-
-        private:
-            VS_RGBA _paint;
-        };
         VS_RGBA _paint;
     };
-
     VS_RGBA _paint;
-    bool _sharesAlpha;
 };
 
-template<typename Pixmap>
-UT_SharedPtr<Pixmap> paintedAgain(const UT_SharedPtr<CELVEC_Kvd>& drawing, VS_RGBA paint, bool sharesAlpha)
+UT_SharedPtr<CELVEC_Kvd> inOneColour(const CELVEC_Kvd& drawing, VS_RGBA paint)
 {
-    const auto staged = MultiStageKvd::embed(drawing);
-    staged->addStage(UT_makeShared<PaintAgain>(paint, sharesAlpha));
-    CELVEC_RenderArgs args = pixels(80, 400);
-    args.wanted = Box2di(0, 30, 80, 400);
-    auto target = UT_makeShared<Pixmap>(args.size, args.canvas);
-    staged->render(args, *target);
-    return target;
+    UT_SharedPtr<CELVEC_Kvd> made = drawing.shareForRendering();
+    made->setColorTransform(UT_makeShared<AllIn>(paint));
+    return made;
 }
 
-TEST(MultiStageDrawing, PaintsAgainInAnyColourWhatItPaintsAnew)
+constexpr VS_RGBA kWhite{255, 255, 255, 255};
+
+// Soft outlines, opacities, a clip and holes, larger than a band of rows.
+UT_SharedPtr<CELVEC_Kvd> softDrawing()
 {
-    // Soft outlines, opacities, a clip, holes and several bands of rows.
     QPainterPath ring;
     ring.addEllipse(QPointF(40.3, 200.1), 30.7, 180.4);
     ring.addEllipse(QPointF(40.3, 200.1), 12.2, 90.9);
@@ -339,19 +316,110 @@ TEST(MultiStageDrawing, PaintsAgainInAnyColourWhatItPaintsAnew)
     slanted.addPolygon(QPolygonF({{3.3, 12.1}, {71.7, 250.2}, {9.4, 398.6}}));
     CELVEC_Shape clipped{ring, kBlue, 0.7, {}};
     clipped.clip = slanted;
-    const auto drawing = drawingOf({{ring, kRed, 1.0, {}}, {slanted, kBlue, 0.35, {}}, clipped});
-    for (const VS_RGBA paint : {VS_RGBA{255, 255, 255, 255}, VS_RGBA{255, 255, 255, 120}, VS_RGBA{90, 90, 90, 255}}) {
-        const auto shared = paintedAgain<CEL_PixmapAreaRGBA16>(drawing, paint, true);
-        const auto anew = paintedAgain<CEL_PixmapAreaRGBA16>(drawing, paint, false);
-        const auto sharedFloat = paintedAgain<CEL_PixmapAreaRGBAFloat>(drawing, paint, true);
-        const auto anewFloat = paintedAgain<CEL_PixmapAreaRGBAFloat>(drawing, paint, false);
-        const Box2di& rect = anew->allocatedRect();
-        ASSERT_EQ(shared->allocatedRect(), rect);
-        for (int y = rect.y1; y < rect.y2; ++y) {
-            ASSERT_TRUE(std::ranges::equal(shared->row(y), anew->row(y))) << y;
-            ASSERT_TRUE(std::ranges::equal(sharedFloat->row(y), anewFloat->row(y))) << y;
-        }
+    return drawingOf({{ring, kRed, 1.0, {}}, {slanted, kBlue, 0.35, {}}, clipped});
+}
+
+CELVEC_RenderArgs softDrawingArgs()
+{
+    CELVEC_RenderArgs args = pixels(80, 400);
+    args.wanted = Box2di(0, 30, 80, 400);
+    return args;
+}
+
+// Compares a plane with the pictures of a drawing and of the same one in white.
+template<typename Pixmap>
+void expectAlphasOf(const CELVEC_Kvd& drawing, const CELVEC_RenderArgs& args)
+{
+    const auto white = inOneColour(drawing, kWhite);
+    const auto plane = drawing.sharedAlpha(args, *white);
+    ASSERT_TRUE(plane);
+    Pixmap own(args.size, args.canvas);
+    Pixmap inWhite(args.size, args.canvas);
+    drawing.render(args, own);
+    white->render(args, inWhite);
+    ASSERT_EQ(plane->rect(), own.allocatedRect());
+    std::vector<decltype(Pixmap::PixelType::a)> alphas(static_cast<std::size_t>(plane->rect().width()));
+    for (int y = plane->rect().y1; y < plane->rect().y2; ++y) {
+        plane->readOwn(y, alphas);
+        ASSERT_TRUE(std::ranges::equal(alphas, own.row(y), {}, {}, &Pixmap::PixelType::a)) << y;
+        plane->readWhite(y, alphas);
+        for (const auto channel :
+             {&Pixmap::PixelType::r, &Pixmap::PixelType::g, &Pixmap::PixelType::b, &Pixmap::PixelType::a})
+            ASSERT_TRUE(std::ranges::equal(alphas, inWhite.row(y), {}, {}, channel)) << y;
     }
+}
+
+TEST(VectorDrawing, SharesItsAlphaWithItselfInOpaqueWhite)
+{
+    const auto drawing = softDrawing();
+    CELVEC_RenderArgs args = softDrawingArgs();
+    for (const bool closesSeams : {false, true}) {
+        args.closesSeams = closesSeams;
+        expectAlphasOf<CEL_PixmapAreaRGBA16>(*drawing, args);
+        expectAlphasOf<CEL_PixmapAreaRGBAFloat>(*drawing, args);
+    }
+}
+
+TEST(VectorDrawing, SharesAnAlphaWithoutPixelsWhereNothingIsDrawn)
+{
+    const auto drawing = drawingOf({rectangle(20, 20, 30, 30)});
+    const auto plane = drawing->sharedAlpha(pixels(4, 4), *inOneColour(*drawing, kWhite));
+    ASSERT_TRUE(plane);
+    EXPECT_TRUE(plane->rect().isEmpty());
+}
+
+TEST(VectorDrawing, SharesItsAlphaWithNothingElse)
+{
+    const auto drawing = softDrawing();
+    const CELVEC_RenderArgs args = softDrawingArgs();
+    for (const VS_RGBA paint : {VS_RGBA{255, 255, 255, 120}, VS_RGBA{90, 90, 90, 255}, VS_RGBA{255, 255, 254, 255}})
+        EXPECT_FALSE(drawing->sharedAlpha(args, *inOneColour(*drawing, paint)));
+    EXPECT_FALSE(drawing->sharedAlpha(args, *drawing)) << "in its own colours";
+    EXPECT_FALSE(inOneColour(*drawing, kWhite)->sharedAlpha(args, *inOneColour(*drawing, kWhite)))
+        << "a transform's colours may depend on being asked once";
+    EXPECT_FALSE(drawing->sharedAlpha(args, *inOneColour(*softDrawing(), kWhite))) << "another drawing's shapes";
+    CELVEC_Shape sprite = rectangle(0, 0, 2, 2);
+    sprite.picture = QImage(2, 2, QImage::Format_RGBA64);
+    sprite.picture.fill(Qt::red);
+    const auto pictures = drawingOf({sprite});
+    EXPECT_FALSE(pictures->sharedAlpha(args, *inOneColour(*pictures, kWhite)));
+    const auto staged = MultiStageKvd::embed(drawing);
+    EXPECT_FALSE(staged->sharedAlpha(args, *inOneColour(*drawing, kWhite))) << "stages change pixels";
+}
+
+TEST(MultiStageDrawing, LeavesThePaintingToAFirstStageThatCanDoIt)
+{
+    class PaintsBlue final : public MultiStageKvd::RenderingStage
+    {
+    public:
+        explicit PaintsBlue(bool paints) : _paints(paints) {}
+        bool paint(const MultiStageKvd&, const CELVEC_RenderArgs&, CEL_PixmapArea& target) const override
+        {
+            if (_paints) {
+                target.realloc({0, 0, 1, 1}, false);
+                dynamic_cast<CEL_PixmapAreaRGBA16&>(target).at(0, 0) = {0, 0, 9, 9};
+            }
+            return _paints;
+        }
+        void render(const MultiStageKvd&, const CELVEC_RenderArgs&, CEL_PixmapArea& target) const override
+        {
+            dynamic_cast<CEL_PixmapAreaRGBA16&>(target).at(0, 0).g += 100;
+        }
+
+    private:
+        bool _paints;
+    };
+    const auto rendered = [](bool paints, bool isFirst) {
+        const auto staged = MultiStageKvd::embed(drawingOf({rectangle(0, 0, 1, 1)}));
+        if (!isFirst)
+            staged->addStage(UT_makeShared<AddOneToRed>());
+        staged->addStage(UT_makeShared<PaintsBlue>(paints));
+        staged->addStage(UT_makeShared<AddOneToRed>());
+        return render16(*staged, pixels(1, 1))->at(0, 0);
+    };
+    EXPECT_EQ(rendered(true, true), (CEL_PixelRGBA16{1, 0, 9, 9}));
+    EXPECT_EQ(rendered(false, true).g, 100);
+    EXPECT_EQ(rendered(true, false).g, 100) << "a later stage works on pixels";
 }
 
 TEST(MultiStageDrawing, ClosesSeamsAfterItsStages)

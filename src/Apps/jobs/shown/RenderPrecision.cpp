@@ -98,6 +98,16 @@ public:
         return colorTransform() ? std::nullopt : _drawing->renderedRect(args);
     }
 
+    std::unique_ptr<CELVEC_AlphaPlane> sharedAlpha(const CELVEC_RenderArgs& args,
+                                                   const CELVEC_Kvd& white) const override
+    {
+        if (args.closesSeams)
+            return nullptr; // the seams would be closed twice
+        CELVEC_RenderArgs closing = args;
+        closing.closesSeams = true;
+        return own()->sharedAlpha(closing, white);
+    }
+
 private:
     // The drawing with this one's settings.
     UT_SharedPtr<CELVEC_Kvd> own() const

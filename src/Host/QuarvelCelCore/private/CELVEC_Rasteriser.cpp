@@ -10,7 +10,6 @@
 #include "QuarvelBaseCore/UT_PixelMemory.h"
 #include "QuarvelCelCore/CELVEC_PainterThread.h"
 #include "QuarvelCelCore/CEL_WithFormat.h"
-#include "QuarvelCelCore/private/CELVEC_AlphaPainting.h"
 #include "QuarvelCelCore/private/CELVEC_RowKernels.h"
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
 #include "QuarvelVectorLanes/VL_ParallelFor.h"
@@ -337,25 +336,24 @@ void addPictures(const CELVEC_Kvd& drawing, std::vector<PaintedShape>& shapes)
         painted.picture = pictures.of(*painted.shape, painted.colour);
 }
 
-std::vector<CELVEC_OpaqueShape> opaqueShapes(const std::vector<PaintedShape>& shapes)
+bool arePlain(const std::vector<PaintedShape>& shapes)
 {
-    std::vector<CELVEC_OpaqueShape> opaque;
-    opaque.reserve(shapes.size());
-    for (const PaintedShape& painted : shapes)
-        opaque.push_back({painted.shape, painted.toPixel, painted.paint.rgba64().alpha()});
-    return opaque;
+    return std::ranges::all_of(shapes, [](const PaintedShape& painted) { return painted.shape->picture.isNull(); });
 }
 
-bool areWhite(const std::vector<PaintedShape>& shapes)
+// Whether these are the same shapes at the same places, as opaque, and white.
+bool areSameInWhite(const std::vector<PaintedShape>& shapes, const std::vector<PaintedShape>& whites)
 {
-    return std::ranges::all_of(shapes, [](const PaintedShape& painted) {
-        const VS_RGBA& colour = painted.colour;
-        return painted.picture.isNull() && colour.red == 255 && colour.green == 255 && colour.blue == 255;
+    return std::ranges::equal(shapes, whites, [](const PaintedShape& painted, const PaintedShape& white) {
+        const VS_RGBA& colour = white.colour;
+        return painted.shape == white.shape && painted.toPixel == white.toPixel &&
+               painted.paint.rgba64().alpha() == white.paint.rgba64().alpha() && colour.red == 255 &&
+               colour.green == 255 && colour.blue == 255;
     });
 }
 
 // Keeps the alphas of a band, whose columns are the painting's.
-void keepAlphas(const PaintedPart& painted, const CELVEC_KeptAlpha::Painting& kept)
+void keepAlphas(const PaintedPart& painted, CELVEC_AlphaPlane& kept)
 {
     const Math::Box2di& part = painted.part();
     for (int y = painted.band().y1; y < painted.band().y2; ++y) {
@@ -370,39 +368,6 @@ void keepAlphas(const PaintedPart& painted, const CELVEC_KeptAlpha::Painting& ke
         CELVEC_RowKernels::takeAlphas(painted.at(part.x1, y), row.subspan(first, width));
         std::ranges::fill(row.subspan(first + width), std::uint16_t{0});
     }
-}
-
-template<typename Pixel>
-void spreadAlphas(const CELVEC_KeptAlpha::Painting& kept, CEL_PixmapOf<Pixel>& target)
-{
-    const Math::Box2di& rect = target.allocatedRect();
-    VL_parallelFor(tbb::blocked_range<int>(rect.y1, rect.y2, 16), [&](const tbb::blocked_range<int>& rows) {
-        for (int y = rows.begin(); y < rows.end(); ++y)
-            CELVEC_RowKernels::spread(kept.row(y).data(), target.row(y));
-    });
-}
-
-// Paints shapes into a target with a rectangle, or takes over what another painting of them left.
-template<typename Pixel>
-void paintPixels(const std::vector<PaintedShape>& shapes, CELVEC_RowKernels::Coverage coverage, CELVEC_KeptAlpha* alpha,
-                 CEL_PixmapOf<Pixel>& target)
-{
-    const Math::Box2di& rect = target.allocatedRect();
-    const CELVEC_KeptAlpha::Painting* kept = nullptr;
-    if (alpha && !hasPictures(shapes)) {
-        std::vector<CELVEC_OpaqueShape> opaque = opaqueShapes(shapes);
-        if (alpha->painting() && areWhite(shapes) && alpha->painting()->isOf(opaque, rect)) {
-            spreadAlphas<Pixel>(*alpha->painting(), target);
-            return;
-        }
-        alpha->keep(std::make_unique<CELVEC_KeptAlpha::Painting>(std::move(opaque), rect));
-        kept = alpha->painting().get();
-    }
-    paintBands(shapes, rect, [&](const PaintedPart& painted) {
-        takePixels<Pixel>(painted, coverage, target);
-        if (kept)
-            keepAlphas(painted, *kept);
-    });
 }
 
 } // namespace
@@ -420,7 +385,8 @@ void CELVEC_rasterise(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& co
     const auto coverage = isClosed ? CELVEC_RowKernels::Coverage::CLOSED : CELVEC_RowKernels::Coverage::KEPT;
     CEL_withFormat(target, [&](auto& typed) {
         typed.realloc(rect, false);
-        paintPixels<CEL_PixelOf<decltype(typed)>>(shapes, coverage, args.keptAlpha, typed);
+        using Pixel = CEL_PixelOf<decltype(typed)>;
+        paintBands(shapes, rect, [&](const PaintedPart& painted) { takePixels<Pixel>(painted, coverage, typed); });
     });
 }
 
@@ -433,6 +399,18 @@ void CELVEC_rasteriseCoverage(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTrans
         return;
     addPictures(drawing, shapes);
     paintBands(shapes, rect, [&](const PaintedPart& painted) { takeCoverage(painted, step, coverage); });
+}
+
+std::unique_ptr<CELVEC_AlphaPlane> CELVEC_rasteriseSharedAlpha(const CELVEC_ColouredDrawing& own,
+                                                               const CELVEC_ColouredDrawing& white,
+                                                               const CELVEC_RenderArgs& args)
+{
+    const std::vector<PaintedShape> shapes = paintShapes(own.drawing, own.colors, args.drawingToPixel);
+    if (!arePlain(shapes) || !areSameInWhite(shapes, paintShapes(white.drawing, white.colors, args.drawingToPixel)))
+        return nullptr;
+    auto alpha = std::make_unique<CELVEC_AlphaPlane>(rectOf(shapes, args), args.closesSeams);
+    paintBands(shapes, alpha->rect(), [&](const PaintedPart& painted) { keepAlphas(painted, *alpha); });
+    return alpha;
 }
 
 Math::Box2di CELVEC_rasterisedRect(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& colors,

@@ -84,28 +84,32 @@ void convertToClosed(const std::uint16_t* HWY_RESTRICT painted, std::span<CEL_Pi
 }
 #endif
 
-void spreadTo16(const std::uint16_t* HWY_RESTRICT alphas, std::span<CEL_PixelRGBA16> row)
-{
-    auto* const to = reinterpret_cast<std::uint16_t*>(row.data());
-    vl::forLanes<std::uint16_t>(row.size(), [&](auto d, std::size_t i) HWY_ATTR {
-        const auto halved = hn::ShiftRight<1>(hn::LoadU(d, alphas + i));
-        hn::StoreInterleaved4(halved, halved, halved, halved, d, to + kChannels * i);
-    });
-}
-
-void spreadToFloat(const std::uint16_t* HWY_RESTRICT alphas, std::span<CEL_PixelRGBAFloat> row)
-{
-    float* const to = &row.data()->r;
-    vl::forLanes<float>(row.size(), [&](auto d, std::size_t i) HWY_ATTR {
-        const auto fractions = asFloats(d, alphas + i);
-        hn::StoreInterleaved4(fractions, fractions, fractions, fractions, d, to + kChannels * i);
-    });
-}
-
 void takeAlphasOfRow(const std::uint16_t* HWY_RESTRICT painted, std::span<std::uint16_t> alphas)
 {
     for (std::size_t i = 0; i < alphas.size(); ++i)
         alphas[i] = painted[kChannels * i + 3];
+}
+
+void convertAlphasTo16(const std::uint16_t* HWY_RESTRICT painted, std::span<std::int16_t> alphas)
+{
+    for (std::size_t i = 0; i < alphas.size(); ++i)
+        alphas[i] = static_cast<std::int16_t>(painted[i] >> 1);
+}
+
+void convertAlphasToFloat(const std::uint16_t* HWY_RESTRICT painted, std::span<float> alphas)
+{
+    vl::forLanes<float>(alphas.size(), [&](auto d, std::size_t i)
+                                           HWY_ATTR { hn::StoreU(asFloats(d, painted + i), d, alphas.data() + i); });
+}
+
+void convertAlphasToClosed(const std::uint16_t* HWY_RESTRICT painted, std::span<float> alphas)
+{
+    vl::forLanes<float>(alphas.size(), [&](auto d, std::size_t i) HWY_ATTR {
+        const auto alpha = asFloats(d, painted + i);
+        const auto isPartly = hn::And(hn::Gt(alpha, hn::Zero(d)), hn::Lt(alpha, hn::Set(d, 1.0F)));
+        const auto closed = hn::Mul(alpha, hn::Sub(hn::Set(d, 2.0F), alpha));
+        hn::StoreU(hn::IfThenElse(isPartly, closed, alpha), d, alphas.data() + i);
+    });
 }
 
 // The coverage of a painted pixel alone.
@@ -141,9 +145,10 @@ VL_EXPORT(convertTo16);
 VL_EXPORT(convertToFloat);
 VL_EXPORT(convertToClosed);
 VL_EXPORT(closeRow);
-VL_EXPORT(spreadTo16);
-VL_EXPORT(spreadToFloat);
 VL_EXPORT(takeAlphasOfRow);
+VL_EXPORT(convertAlphasTo16);
+VL_EXPORT(convertAlphasToFloat);
+VL_EXPORT(convertAlphasToClosed);
 VL_EXPORT(paintOverRow);
 VL_EXPORT(cutOutRow);
 
@@ -165,19 +170,22 @@ void close(std::span<CEL_PixelRGBAFloat> row)
     VL_CALL(closeRow)(row);
 }
 
-void spread(const std::uint16_t* alphas, std::span<CEL_PixelRGBA16> row)
-{
-    VL_CALL(spreadTo16)(alphas, row);
-}
-
-void spread(const std::uint16_t* alphas, std::span<CEL_PixelRGBAFloat> row)
-{
-    VL_CALL(spreadToFloat)(alphas, row);
-}
-
 void takeAlphas(const std::uint16_t* painted, std::span<std::uint16_t> alphas)
 {
     VL_CALL(takeAlphasOfRow)(painted, alphas);
+}
+
+void convertAlphas(const std::uint16_t* painted, std::span<std::int16_t> alphas)
+{
+    VL_CALL(convertAlphasTo16)(painted, alphas);
+}
+
+void convertAlphas(const std::uint16_t* painted, Coverage coverage, std::span<float> alphas)
+{
+    if (coverage == Coverage::CLOSED)
+        VL_CALL(convertAlphasToClosed)(painted, alphas);
+    else
+        VL_CALL(convertAlphasToFloat)(painted, alphas);
 }
 
 void paintOver(const std::uint16_t* painted, std::span<std::int16_t> coverage)

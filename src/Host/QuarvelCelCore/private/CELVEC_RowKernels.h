@@ -23,12 +23,12 @@ void convert(const std::uint16_t* painted, Coverage coverage, std::span<CEL_Pixe
 /// Divides every channel by 65535.
 void convert(const std::uint16_t* painted, Coverage coverage, std::span<CEL_PixelRGBAFloat> row);
 
-/// The pixels of a painting in opaque white whose alphas are known: all channels are the alpha.
-void spread(const std::uint16_t* alphas, std::span<CEL_PixelRGBA16> row);
-void spread(const std::uint16_t* alphas, std::span<CEL_PixelRGBAFloat> row);
-
 /// The alphas of a painted row.
 void takeAlphas(const std::uint16_t* painted, std::span<std::uint16_t> alphas);
+
+/// Alphas of a painted row, converted as the pixels are.
+void convertAlphas(const std::uint16_t* painted, std::span<std::int16_t> alphas);
+void convertAlphas(const std::uint16_t* painted, Coverage coverage, std::span<float> alphas);
 
 /// Closes pixels that are converted already.
 void close(std::span<CEL_PixelRGBAFloat> row);

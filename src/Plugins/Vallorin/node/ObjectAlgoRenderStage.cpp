@@ -27,14 +27,32 @@ void VallorinRequestHandler::ObjectAlgoRenderStage::render(const MultiStageKvd& 
     const UT_SharedPtr<CEL_PixmapArea> source = CEL_PixmapFactory::create2d(target.format(), args.size, args.canvas);
     if (!source)
         return;
-    const UT_SharedPtr<CELVEC_Kvd> greys = drawing.primary()->shareForRendering();
-    greys->setArtSelector(GR_ArtSelector());
-    greys->setColorTransform(UT_makeShared<VallorinLib::DepthComputationCelColorTransform>(_colorInformation));
-    greys->render(args, *source);
+    greysOf(drawing)->render(args, *source);
 
     CEL_withFormat(target, [&](auto& typed) {
         using Pixel = CEL_PixelOf<decltype(typed)>;
         mergeLevel<Pixel>(typed, *CEL_asFormat<Pixel>(*source), VolumeTraits<Pixel>::levelOf(_objectLevel),
                           _scaleByCoverage);
     });
+}
+
+bool VallorinRequestHandler::ObjectAlgoRenderStage::paint(const MultiStageKvd& drawing, const CELVEC_RenderArgs& args,
+                                                          CEL_PixmapArea& target) const
+{
+    const std::unique_ptr<CELVEC_AlphaPlane> alpha = drawing.primary()->sharedAlpha(args, *greysOf(drawing));
+    if (!alpha)
+        return false;
+    CEL_withFormat(target, [&](auto& typed) {
+        using Pixel = CEL_PixelOf<decltype(typed)>;
+        placeLevel<Pixel>(*alpha, VolumeTraits<Pixel>::levelOf(_objectLevel), _scaleByCoverage, typed);
+    });
+    return true;
+}
+
+UT_SharedPtr<CELVEC_Kvd> VallorinRequestHandler::ObjectAlgoRenderStage::greysOf(const MultiStageKvd& drawing) const
+{
+    UT_SharedPtr<CELVEC_Kvd> greys = drawing.primary()->shareForRendering();
+    greys->setArtSelector(GR_ArtSelector());
+    greys->setColorTransform(UT_makeShared<VallorinLib::DepthComputationCelColorTransform>(_colorInformation));
+    return greys;
 }

@@ -34,7 +34,13 @@ public:
     /// A target that has neither of the two colour formats stays unchanged.
     void render(const MultiStageKvd& drawing, const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const override;
 
+    /// Where all greys are white, the alpha alone is painted, once for both pictures: of the drawing's own colours,
+    /// render() reads nothing else.
+    bool paint(const MultiStageKvd& drawing, const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const override;
+
 private:
+    UT_SharedPtr<CELVEC_Kvd> greysOf(const MultiStageKvd& drawing) const;
+
     double _frame;
     std::int32_t _objectId;
     bool _scaleByCoverage;

@@ -10,10 +10,13 @@
 #include <hwy/foreach_target.h>
 #include <hwy/highway.h>
 
+#include "QuarvelVectorLanes/VL_Lanes-inl.h"
+
 HWY_BEFORE_NAMESPACE();
 namespace VolumeRowKernels::HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
+namespace vl = VL::HWY_NAMESPACE;
 
 template<typename Pixel>
 HWY_INLINE Pixel leveled(const Pixel& target, const LevelOf<Pixel>& how)
@@ -138,6 +141,51 @@ void setLevelAndGreys16(std::span<CEL_PixelRGBA16> target, const CEL_PixelRGBA16
         target[i] = leveledWithGrey(target[i], greys[i], how);
 }
 
+// In 16 bits, greys may be scaled by a division, but not where the drawing covers fully or not at all, which is nearly
+// everywhere.
+void placeLevelAndWhite16(const std::int16_t* HWY_RESTRICT coverage, const std::int16_t* HWY_RESTRICT white,
+                          const LevelOf<CEL_PixelRGBA16>& how, std::span<CEL_PixelRGBA16> target)
+{
+    using Traits = VolumeTraits<CEL_PixelRGBA16>;
+    auto* const channels = reinterpret_cast<std::int16_t*>(target.data());
+    vl::forLanes<std::int16_t>(target.size(), [&](auto d, std::size_t i) HWY_ATTR {
+        const auto zero = hn::Zero(d);
+        const auto covered = hn::LoadU(d, coverage + i);
+        const auto covers = hn::Gt(covered, zero);
+        const auto isPartly = hn::And(covers, hn::Ne(covered, hn::Set(d, Traits::kFull)));
+        if (how.scaleByCoverage && !hn::AllFalse(d, isPartly)) {
+            for (std::size_t j = i; j < i + hn::Lanes(d); ++j)
+                target[j] = leveledWithGrey({0, 0, 0, coverage[j]}, {white[j], 0, 0, white[j]}, how);
+            return;
+        }
+        const auto level = hn::IfThenElseZero(covers, hn::Set(d, how.level));
+        const auto none = hn::IfThenElseZero(covers, hn::Set(d, Traits::kDefaultBlue));
+        const auto alpha = hn::IfThenElseZero(covers, covered);
+        const auto whole = hn::LoadU(d, white + i);
+        const auto isWhite = hn::Gt(whole, zero);
+        const auto grey = hn::IfThenElseZero(how.scaleByCoverage ? hn::And(isWhite, covers) : isWhite, whole);
+        hn::StoreInterleaved4(level, grey, hn::IfThenElse(isWhite, grey, none), alpha, d, channels + 4 * i);
+    });
+}
+
+void placeLevelAndWhiteFloat(const float* HWY_RESTRICT coverage, const float* HWY_RESTRICT white,
+                             const LevelOf<CEL_PixelRGBAFloat>& how, std::span<CEL_PixelRGBAFloat> target)
+{
+    auto* const channels = reinterpret_cast<float*>(target.data());
+    vl::forLanes<float>(target.size(), [&](auto d, std::size_t i) HWY_ATTR {
+        const auto zero = hn::Zero(d);
+        const auto covered = hn::LoadU(d, coverage + i);
+        const auto covers = hn::Gt(covered, zero);
+        const auto level = hn::IfThenElseZero(covers, hn::Set(d, how.level));
+        const auto none = hn::IfThenElseZero(covers, hn::Set(d, VolumeTraits<CEL_PixelRGBAFloat>::kDefaultBlue));
+        const auto alpha = hn::IfThenElseZero(covers, covered);
+        const auto whole = hn::LoadU(d, white + i);
+        const auto isWhite = hn::Gt(whole, zero);
+        const auto grey = hn::IfThenElseZero(isWhite, hn::Trunc(how.scaleByCoverage ? hn::Mul(whole, alpha) : whole));
+        hn::StoreInterleaved4(level, grey, hn::IfThenElse(isWhite, grey, none), alpha, d, channels + 4 * i);
+    });
+}
+
 } // namespace VolumeRowKernels::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
 
@@ -151,6 +199,8 @@ VL_EXPORT(setLevel16);
 VL_EXPORT(setLevelFloat);
 VL_EXPORT(setLevelAndGreys16);
 VL_EXPORT(setLevelAndGreysFloat);
+VL_EXPORT(placeLevelAndWhite16);
+VL_EXPORT(placeLevelAndWhiteFloat);
 
 void setLevel(std::span<CEL_PixelRGBA16> target, const LevelOf<CEL_PixelRGBA16>& how)
 {
@@ -172,6 +222,18 @@ void setLevelAndGreys(std::span<CEL_PixelRGBAFloat> target, const CEL_PixelRGBAF
                       const LevelOf<CEL_PixelRGBAFloat>& how)
 {
     VL_CALL(setLevelAndGreysFloat)(target, greys, how);
+}
+
+void placeLevelAndWhite(const std::int16_t* coverage, const std::int16_t* white, const LevelOf<CEL_PixelRGBA16>& how,
+                        std::span<CEL_PixelRGBA16> target)
+{
+    VL_CALL(placeLevelAndWhite16)(coverage, white, how, target);
+}
+
+void placeLevelAndWhite(const float* coverage, const float* white, const LevelOf<CEL_PixelRGBAFloat>& how,
+                        std::span<CEL_PixelRGBAFloat> target)
+{
+    VL_CALL(placeLevelAndWhiteFloat)(coverage, white, how, target);
 }
 
 } // namespace VolumeRowKernels

@@ -6,6 +6,7 @@
 
 #include "QuarvelCelCore/CEL_Pixels.h"
 
+#include <cstdint>
 #include <span>
 
 namespace VolumeRowKernels {
@@ -27,5 +28,12 @@ void setLevelAndGreys(std::span<CEL_PixelRGBA16> target, const CEL_PixelRGBA16* 
                       const LevelOf<CEL_PixelRGBA16>& how);
 void setLevelAndGreys(std::span<CEL_PixelRGBAFloat> target, const CEL_PixelRGBAFloat* greys,
                       const LevelOf<CEL_PixelRGBAFloat>& how);
+
+/// Makes a row of a drawing whose greys are all white, from the alpha of the drawing and that of its greys. Of the
+/// pixels, nothing is read.
+void placeLevelAndWhite(const std::int16_t* coverage, const std::int16_t* white, const LevelOf<CEL_PixelRGBA16>& how,
+                        std::span<CEL_PixelRGBA16> target);
+void placeLevelAndWhite(const float* coverage, const float* white, const LevelOf<CEL_PixelRGBAFloat>& how,
+                        std::span<CEL_PixelRGBAFloat> target);
 
 } // namespace VolumeRowKernels

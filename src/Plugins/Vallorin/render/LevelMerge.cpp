@@ -5,6 +5,8 @@
 
 #include "render/LevelKernels.h"
 
+#include <vector>
+
 template<typename Pixel>
 void mergeLevel(CEL_PixmapOf<Pixel>& target, const CEL_PixmapOf<Pixel>& source,
                 typename CEL_PixelTraits<Pixel>::Channel level, bool scaleByCoverage)
@@ -27,5 +29,24 @@ void mergeLevel(CEL_PixmapOf<Pixel>& target, const CEL_PixmapOf<Pixel>& source,
     }
 }
 
+template<typename Pixel>
+void placeLevel(const CELVEC_AlphaPlane& alpha, typename CEL_PixelTraits<Pixel>::Channel level, bool scaleByCoverage,
+                CEL_PixmapOf<Pixel>& target)
+{
+    using Channel = typename CEL_PixelTraits<Pixel>::Channel;
+    const VolumeRowKernels::LevelOf<Pixel> how{level, scaleByCoverage};
+    const Math::Box2di& rect = alpha.rect();
+    target.realloc(rect, false);
+    std::vector<Channel> coverage(static_cast<std::size_t>(rect.width()));
+    std::vector<Channel> white(coverage.size());
+    for (int y = rect.y1; y < rect.y2; ++y) {
+        alpha.readOwn(y, coverage);
+        alpha.readWhite(y, white);
+        VolumeRowKernels::placeLevelAndWhite(coverage.data(), white.data(), how, target.row(y));
+    }
+}
+
 template void mergeLevel<CEL_PixelRGBA16>(CEL_PixmapAreaRGBA16&, const CEL_PixmapAreaRGBA16&, std::int16_t, bool);
 template void mergeLevel<CEL_PixelRGBAFloat>(CEL_PixmapAreaRGBAFloat&, const CEL_PixmapAreaRGBAFloat&, float, bool);
+template void placeLevel<CEL_PixelRGBA16>(const CELVEC_AlphaPlane&, std::int16_t, bool, CEL_PixmapAreaRGBA16&);
+template void placeLevel<CEL_PixelRGBAFloat>(const CELVEC_AlphaPlane&, float, bool, CEL_PixmapAreaRGBAFloat&);

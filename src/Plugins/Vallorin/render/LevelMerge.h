@@ -4,6 +4,7 @@
 // the levels of its colours (VolumeModel.h).
 #pragma once
 
+#include "QuarvelCelCore/CELVEC_AlphaPlane.h"
 #include "QuarvelCelCore/CEL_PixmapArea.h"
 
 /// Merges, on every pixel of the target: A stays the drawing's coverage and R becomes the object's level where it is
@@ -18,3 +19,10 @@
 template<typename Pixel>
 void mergeLevel(CEL_PixmapOf<Pixel>& target, const CEL_PixmapOf<Pixel>& source,
                 typename CEL_PixelTraits<Pixel>::Channel level, bool scaleByCoverage);
+
+/// The same for a drawing and its greys of which only the alpha was painted, because all greys are white.
+///
+/// @param target its pixels are replaced
+template<typename Pixel>
+void placeLevel(const CELVEC_AlphaPlane& alpha, typename CEL_PixelTraits<Pixel>::Channel level, bool scaleByCoverage,
+                CEL_PixmapOf<Pixel>& target);

@@ -86,6 +86,48 @@ TEST(ObjectAlgoRenderStage, AListedColourOfFullCarvingStillCovers)
     EXPECT_EQ(pixelAt<Pixel16>(cel, 0), (Pixel16{32767, 0, 32767, 32767}));
 }
 
+TEST(ObjectAlgoRenderStage, PaintsWhiteGreysAsItRendersThem)
+{
+    class RendersOnly final : public MultiStageKvd::RenderingStage
+    {
+    public:
+        explicit RendersOnly(const UT_SharedPtr<Stage>& stage) : _stage(stage) {}
+        void render(const MultiStageKvd& drawing, const CELVEC_RenderArgs& args, CEL_PixmapArea& target) const override
+        {
+            _stage->render(drawing, args, target);
+        }
+
+    private:
+        UT_SharedPtr<Stage> _stage;
+    };
+    // Coverage of many strengths.
+    QPainterPath slanted;
+    slanted.addPolygon(QPolygonF({{0.3, 0.1}, {9.7, 0.9}, {0.1, 1.0}}));
+    const auto drawing = UT_makeShared<CELVEC_Kvd>(CelTesting::palette());
+    drawing->addShape(GR_Art::COLOUR, {slanted, kListed, 0.8, {}});
+    drawing->addShape(GR_Art::LINE, CelTesting::rectangle(kListed, 5, 0, 7, 0.5));
+    for (const int grey : {255, 200})
+        for (const bool scaleByCoverage : {false, true}) {
+            const auto stage =
+                UT_makeShared<Stage>(1.0, 3, scaleByCoverage, 0.7,
+                                     std::vector<VallorinAttributes::ColorInformation>{{kListed, grey, QString()}});
+            const auto made = [&](const UT_SharedPtr<MultiStageKvd::RenderingStage>& used, CEL_Format format) {
+                const auto staged = MultiStageKvd::embed(drawing);
+                staged->addStage(used);
+                return CelTesting::celOf(staged, rowArgs(12))->convertTo(format);
+            };
+            const auto rendersOnly = UT_makeShared<RendersOnly>(stage);
+            CEL_PixmapAreaRGBA16 target({12, 1}, {0, 0, 12, 1});
+            EXPECT_EQ(stage->paint(*MultiStageKvd::embed(drawing), rowArgs(12), target), grey == 255);
+            for (int x = 0; x < 12; ++x) {
+                EXPECT_EQ(pixelAt<Pixel16>(made(stage, CEL_FORMAT_RGBA16), x),
+                          pixelAt<Pixel16>(made(rendersOnly, CEL_FORMAT_RGBA16), x));
+                EXPECT_EQ(pixelAt<PixelFloat>(made(stage, CEL_FORMAT_RGBAFLOAT), x),
+                          pixelAt<PixelFloat>(made(rendersOnly, CEL_FORMAT_RGBAFLOAT), x));
+            }
+        }
+}
+
 TEST(ObjectAlgoRenderStage, In16BitTheLevelHas8Bits)
 {
     EXPECT_EQ(red16(0.5), 16319) << "127.5 is 127; 127 x 32767 / 255";

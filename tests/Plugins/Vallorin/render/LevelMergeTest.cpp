@@ -7,6 +7,8 @@
 
 #include "render/LevelMerge.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr std::int16_t kLevel = 16319;
@@ -80,6 +82,67 @@ TEST(LevelMerge, PixelsThatTheSourceLacksKeepTheDefault)
         for (int x = 0; x < 3; ++x)
             EXPECT_EQ(target->at(x, y),
                       x == 1 && y == 1 ? (Pixel16{kLevel, 5, 6, 32767}) : (Pixel16{kLevel, 0, 1024, 32767}));
+}
+
+namespace {
+
+// Fills a plane with all alphas that there are; its rows begin at all places of a vector.
+void fillWithAll(CELVEC_AlphaPlane& plane)
+{
+    unsigned alpha = 0;
+    for (int y = plane.rect().y1; y < plane.rect().y2; ++y)
+        for (std::uint16_t& value : plane.row(y))
+            value = static_cast<std::uint16_t>(std::min(alpha++, 65535U));
+}
+
+// What the plane promises, as two pictures that are merged.
+template<typename Pixel>
+UT_SharedPtr<CEL_PixmapOf<Pixel>> mergedPictures(const CELVEC_AlphaPlane& plane, decltype(Pixel::r) level,
+                                                 bool scaleByCoverage)
+{
+    const Math::Box2di& rect = plane.rect();
+    const auto own = UT_makeShared<CEL_PixmapOf<Pixel>>(Math::Size2di{rect.width(), rect.height()}, rect);
+    CEL_PixmapOf<Pixel> greys(own->size(), rect);
+    own->realloc(rect, true);
+    greys.realloc(rect, true);
+    std::vector<decltype(Pixel::r)> alphas(static_cast<std::size_t>(rect.width()));
+    for (int y = rect.y1; y < rect.y2; ++y) {
+        plane.readOwn(y, alphas);
+        for (std::size_t i = 0; i < alphas.size(); ++i)
+            own->row(y)[i].a = alphas[i];
+        plane.readWhite(y, alphas);
+        for (std::size_t i = 0; i < alphas.size(); ++i)
+            greys.row(y)[i] = {alphas[i], alphas[i], alphas[i], alphas[i]};
+    }
+    mergeLevel<Pixel>(*own, greys, level, scaleByCoverage);
+    return own;
+}
+
+template<typename Pixel>
+void expectPlacedAsMerged(const CELVEC_AlphaPlane& plane, decltype(Pixel::r) level, bool scaleByCoverage)
+{
+    const auto expected = mergedPictures<Pixel>(plane, level, scaleByCoverage);
+    CEL_PixmapOf<Pixel> placed(expected->size(), plane.rect());
+    placeLevel<Pixel>(plane, level, scaleByCoverage, placed);
+    ASSERT_EQ(placed.allocatedRect(), plane.rect());
+    for (int y = plane.rect().y1; y < plane.rect().y2; ++y)
+        ASSERT_TRUE(std::ranges::equal(placed.row(y), expected->row(y))) << y;
+}
+
+} // namespace
+
+TEST(LevelMerge, OfAnAlphaAloneGivesWhatTheTwoPicturesGiveWithEveryInstructionSet)
+{
+    for (std::int64_t rest = VL_supportedTargets() | HWY_SCALAR; rest != 0; rest &= rest - 1) {
+        const OneInstructionSet only(rest & -rest);
+        for (const bool isClosed : {false, true})
+            for (const bool scaleByCoverage : {false, true}) {
+                CELVEC_AlphaPlane plane({3, -2, 3 + 1371, -2 + 48}, isClosed);
+                fillWithAll(plane);
+                expectPlacedAsMerged<Pixel16>(plane, kLevel, scaleByCoverage);
+                expectPlacedAsMerged<PixelFloat>(plane, 0.75F, scaleByCoverage);
+            }
+    }
 }
 
 TEST(LevelMerge, GivesTheSameBitsWithEveryInstructionSet)
