@@ -3,9 +3,11 @@
 // Nearly all pixels of inputs and accumulators are covered fully or not at all; those need no arithmetic.
 #include "render/AccumulatorKernels.h"
 
+#include "QuarvelVectorLanes/VL_Strips.h"
 #include "render/LayerMerge.h"
 #include "render/PixelTraits.h"
 
+#include <array>
 #include <bit>
 #include <type_traits>
 
@@ -226,6 +228,48 @@ void weighFloat(std::span<const CEL_PixelRGBAFloat> accumulated, float* HWY_REST
     });
 }
 
+// The merged pixels of a few at a time stay in the first-level cache.
+void weighLayers16(std::span<const CEL_PixelRGBA16> input, float* HWY_RESTRICT mask)
+{
+    std::array<CEL_PixelRGBA16, 256> merged;
+    VL_forStrips(input.size(), merged.size(), [&](std::size_t first, std::size_t count) HWY_ATTR {
+        mergeLayersRow<Before::EMPTY>(input.subspan(first, count), merged.data());
+        weigh16(std::span<const CEL_PixelRGBA16>(merged).first(count), mask + first);
+    });
+}
+
+void weighLayersFloatOneByOne(std::span<const CEL_PixelRGBAFloat> input, float* mask)
+{
+    for (std::size_t i = 0; i < input.size(); ++i) {
+        const CEL_PixelRGBAFloat merged = mergePixel(CEL_PixelRGBAFloat{}, input[i]);
+        mask[i] = VolumeTraits<CEL_PixelRGBAFloat>::weighted(merged.r, merged.a);
+    }
+}
+
+// On an empty accumulator, the first layer leaves its own value and coverage: what it adds to is 0. The second layer
+// mostly covers fully or not at all; the formula computes the others.
+void weighLayersFloat(std::span<const CEL_PixelRGBAFloat> input, float* HWY_RESTRICT mask)
+{
+    vl::forLanes<float>(input.size(), [&](auto d, std::size_t i) HWY_ATTR {
+        hn::Vec<decltype(d)> r;
+        hn::Vec<decltype(d)> g;
+        hn::Vec<decltype(d)> b;
+        hn::Vec<decltype(d)> a;
+        hn::LoadInterleaved4(d, &input[i].r, r, g, b, a);
+        const auto zero = hn::Zero(d);
+        const auto one = hn::Set(d, 1.0F);
+        const auto isSecond = hn::Ge(b, one);
+        if (!hn::AllFalse(d, hn::AndNot(isSecond, hn::Gt(b, zero)))) {
+            weighLayersFloatOneByOne(input.subspan(i, hn::Lanes(d)), mask + i);
+            return;
+        }
+        const auto isFull = hn::Ge(a, one);
+        const auto isPartly = hn::And(hn::Gt(a, zero), hn::Gt(r, zero));
+        const auto first = hn::IfThenElseZero(hn::Or(isFull, isPartly), hn::Mul(r, hn::IfThenElse(isFull, one, a)));
+        hn::StoreU(hn::IfThenElse(isSecond, g, first), d, mask + i);
+    });
+}
+
 } // namespace VolumeRowKernels::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
 
@@ -241,6 +285,8 @@ VL_EXPORT(placeLayers16);
 VL_EXPORT(placeLayersFloat);
 VL_EXPORT(weigh16);
 VL_EXPORT(weighFloat);
+VL_EXPORT(weighLayers16);
+VL_EXPORT(weighLayersFloat);
 
 void mergeLayers(std::span<const CEL_PixelRGBA16> input, CEL_PixelRGBA16* accumulator)
 {
@@ -270,6 +316,16 @@ void weigh(std::span<const CEL_PixelRGBA16> accumulated, float* mask)
 void weigh(std::span<const CEL_PixelRGBAFloat> accumulated, float* mask)
 {
     VL_CALL(weighFloat)(accumulated, mask);
+}
+
+void weighLayers(std::span<const CEL_PixelRGBA16> input, float* mask)
+{
+    VL_CALL(weighLayers16)(input, mask);
+}
+
+void weighLayers(std::span<const CEL_PixelRGBAFloat> input, float* mask)
+{
+    VL_CALL(weighLayersFloat)(input, mask);
 }
 
 } // namespace VolumeRowKernels

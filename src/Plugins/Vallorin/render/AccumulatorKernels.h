@@ -25,4 +25,8 @@ void placeLayers(std::span<const CEL_PixelRGBAFloat> input, CEL_PixelRGBAFloat* 
 void weigh(std::span<const CEL_PixelRGBA16> accumulated, float* mask);
 void weigh(std::span<const CEL_PixelRGBAFloat> accumulated, float* mask);
 
+/// The same for an accumulator into which nothing but this input is merged.
+void weighLayers(std::span<const CEL_PixelRGBA16> input, float* mask);
+void weighLayers(std::span<const CEL_PixelRGBAFloat> input, float* mask);
+
 } // namespace VolumeRowKernels

@@ -3,8 +3,6 @@
 // First the box of the positive values is found; then the mask is computed inside it only.
 #include "render/CoverageMask.h"
 
-#include "render/AccumulatorKernels.h"
-
 #include <algorithm>
 
 namespace {
@@ -17,38 +15,36 @@ bool isPositive(const Pixel& pixel)
     return pixel.r > 0;
 }
 
-template<typename Pixel>
-bool hasPositive(std::span<const Pixel> row)
-{
-    return std::ranges::any_of(row, isPositive<Pixel>);
-}
-
 // Skips the pixels inside the box that is known so far.
 template<typename Pixel>
-Math::Box2di positiveBox(const CEL_PixmapOf<Pixel>& pixmap)
+Math::Box2di positiveBox(AccumulatedRows<Pixel>& accumulator)
 {
-    const Math::Box2di& rect = pixmap.allocatedRect();
+    const Math::Box2di& rect = accumulator.rect();
+    const auto hasPositive = [&](int y) {
+        return std::ranges::any_of(accumulator.pixels(y, rect.x1, rect.x2), isPositive<Pixel>);
+    };
     int top = rect.y1;
-    while (top < rect.y2 && !hasPositive(pixmap.row(top)))
+    while (top < rect.y2 && !hasPositive(top))
         ++top;
     if (top == rect.y2)
         return {};
     int bottom = rect.y2;
-    while (!hasPositive(pixmap.row(bottom - 1)))
+    while (!hasPositive(bottom - 1))
         --bottom;
-    std::ptrdiff_t first = rect.width();
-    std::ptrdiff_t end = 0;
+    int first = rect.x2;
+    int end = rect.x1;
     for (int y = top; y < bottom; ++y) {
-        const std::span<const Pixel> row = pixmap.row(y);
-        first = std::find_if(row.begin(), row.begin() + first, isPositive<Pixel>) - row.begin();
-        end = row.rend() - std::find_if(row.rbegin(), row.rend() - end, isPositive<Pixel>);
+        const std::span<const Pixel> left = accumulator.pixels(y, rect.x1, first);
+        first = rect.x1 + static_cast<int>(std::ranges::find_if(left, isPositive<Pixel>) - left.begin());
+        const std::span<const Pixel> right = accumulator.pixels(y, end, rect.x2);
+        end += static_cast<int>(right.rend() - std::find_if(right.rbegin(), right.rend(), isPositive<Pixel>));
     }
-    return {rect.x1 + static_cast<int>(first), top, rect.x1 + static_cast<int>(end), bottom};
+    return {first, top, end, bottom};
 }
 
 // Row y of the mask. It may extend beyond the columns that it shares with the accumulator.
 template<typename Pixel>
-void weighRow(const CEL_PixmapOf<Pixel>& accumulator, const Math::Box2di& common, int y, std::span<CEL_PixelFloat> row,
+void weighRow(AccumulatedRows<Pixel>& accumulator, const Math::Box2di& common, int y, std::span<CEL_PixelFloat> row,
               int x1)
 {
     if (y < common.y1 || y >= common.y2) {
@@ -59,16 +55,16 @@ void weighRow(const CEL_PixmapOf<Pixel>& accumulator, const Math::Box2di& common
     const auto width = static_cast<std::size_t>(common.width());
     std::ranges::fill(row.first(first), CEL_PixelFloat{});
     std::ranges::fill(row.subspan(first + width), CEL_PixelFloat{});
-    const auto from = static_cast<std::size_t>(common.x1 - accumulator.allocatedRect().x1);
-    VolumeRowKernels::weigh(accumulator.row(y).subspan(from, width), &row[first].value);
+    if (width > 0)
+        accumulator.weigh(y, common.x1, common.x2, &row[first].value);
 }
 
 } // namespace
 
 template<typename Pixel>
-UT_SharedPtr<CEL_PixmapAreaZ> makeMask(const CEL_PixmapOf<Pixel>& accumulator)
+UT_SharedPtr<CEL_PixmapAreaZ> makeMask(AccumulatedRows<Pixel> accumulator)
 {
-    const Math::Box2di& rect = accumulator.allocatedRect();
+    const Math::Box2di& rect = accumulator.rect();
     if (rect.isEmpty())
         return nullptr;
     auto mask = UT_makeShared<CEL_PixmapAreaZ>(accumulator.size(), accumulator.canvasRect());
@@ -80,5 +76,5 @@ UT_SharedPtr<CEL_PixmapAreaZ> makeMask(const CEL_PixmapOf<Pixel>& accumulator)
     return mask;
 }
 
-template UT_SharedPtr<CEL_PixmapAreaZ> makeMask<CEL_PixelRGBA16>(const CEL_PixmapAreaRGBA16&);
-template UT_SharedPtr<CEL_PixmapAreaZ> makeMask<CEL_PixelRGBAFloat>(const CEL_PixmapAreaRGBAFloat&);
+template UT_SharedPtr<CEL_PixmapAreaZ> makeMask<CEL_PixelRGBA16>(AccumulatedRows<CEL_PixelRGBA16>);
+template UT_SharedPtr<CEL_PixmapAreaZ> makeMask<CEL_PixelRGBAFloat>(AccumulatedRows<CEL_PixelRGBAFloat>);

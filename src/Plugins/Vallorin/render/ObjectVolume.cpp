@@ -113,16 +113,16 @@ Math::Box2di visibleRect(const ElevationPlane& plane, const Math::Box2di& object
 }
 
 template<typename Pixel>
-ObjectVolume build(const CEL_PixmapArea& reference, UT_SharedPtr<CEL_PixmapOf<Pixel>> objectPixmap,
-                   const VolumeSettings& settings, std::pair<float, float>& range)
+ObjectVolume build(const CEL_PixmapArea& reference, AccumulatedObject object, const VolumeSettings& settings,
+                   std::pair<float, float>& range)
 {
-    auto mask = makeMask<Pixel>(*objectPixmap);
-    const Math::Box2di object = objectPixmap->allocatedRect();
-    objectPixmap = nullptr;
+    auto mask = makeMask(AccumulatedRows<Pixel>(object));
+    const Math::Box2di objectRect = object.rect;
+    object = {};
     if (!mask)
         return {};
     const bool isBlurred = settings.bevel > 0.0;
-    const Math::Box2di maskRect = mask->allocatedRect().getIntersection(object);
+    const Math::Box2di maskRect = mask->allocatedRect().getIntersection(objectRect);
     const ElevationPlane plane = isBlurred ? bevelled<Pixel>(*mask, reference, settings) : unbevelled(mask, reference);
     if (!plane.values)
         return {};
@@ -137,7 +137,7 @@ ObjectVolume build(const CEL_PixmapArea& reference, UT_SharedPtr<CEL_PixmapOf<Pi
     }
     range = {0.0F, 1.0F};
     using Values = ElevationProfile::Values;
-    const Math::Box2di visible = visibleRect(plane, object, settings.covered, reference);
+    const Math::Box2di visible = visibleRect(plane, objectRect, settings.covered, reference);
     const ElevationProfile profile(plane.span, settings.smoothness,
                                    VolumeTraits<Pixel>::kIsWhole ? Values::WHOLE : Values::ANY, visible.area());
     const auto canvasFactor = static_cast<float>(plane.values->canvasRect().width() / kUnitsAcross);
@@ -149,22 +149,27 @@ ObjectVolume build(const CEL_PixmapArea& reference, UT_SharedPtr<CEL_PixmapOf<Pi
 } // namespace
 
 ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel, int resolutionX,
+                               bool generateNormals, double elevation, AccumulatedObject object,
+                               std::pair<float, float>& range, int quality, double smoothness, bool clip,
+                               const Math::Box2di& covered)
+{
+    if (!reference || !object.merged || reference->format() != object.merged->format())
+        return {};
+    const VolumeSettings settings{bevel, resolutionX, generateNormals, elevation, quality, smoothness, clip, covered};
+    if (reference->format() == CEL_FORMAT_RGBA16)
+        return build<CEL_PixelRGBA16>(*reference, std::move(object), settings, range);
+    if (reference->format() == CEL_FORMAT_RGBAFLOAT)
+        return build<CEL_PixelRGBAFloat>(*reference, std::move(object), settings, range);
+    return {};
+}
+
+ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel, int resolutionX,
                                bool generateNormals, double elevation, UT_SharedPtr<CEL_PixmapArea> objectPixmap,
                                std::pair<float, float>& range, int quality, double smoothness, bool clip,
                                const Math::Box2di& covered)
 {
-    if (!reference || !objectPixmap || reference->format() != objectPixmap->format())
-        return {};
-    const VolumeSettings settings{bevel, resolutionX, generateNormals, elevation, quality, smoothness, clip, covered};
-    ObjectVolume volume;
-    const auto buildFor = [&](auto typed) {
-        objectPixmap = nullptr;
-        using Pixel = typename std::decay_t<decltype(*typed)>::PixelType;
-        volume = build<Pixel>(*reference, std::move(typed), settings, range);
-    };
-    if (objectPixmap->format() == CEL_FORMAT_RGBA16)
-        buildFor(objectPixmap.dynamicCast<CEL_PixmapAreaRGBA16>());
-    else if (objectPixmap->format() == CEL_FORMAT_RGBAFLOAT)
-        buildFor(objectPixmap.dynamicCast<CEL_PixmapAreaRGBAFloat>());
-    return volume;
+    const Math::Box2di rect = objectPixmap ? objectPixmap->allocatedRect() : Math::Box2di();
+    return buildObjectVolume(reference, bevel, resolutionX, generateNormals, elevation,
+                             AccumulatedObject{std::move(objectPixmap), {}, rect}, range, quality, smoothness, clip,
+                             covered);
 }

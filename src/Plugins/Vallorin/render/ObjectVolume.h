@@ -4,7 +4,7 @@
 // normals.
 #pragma once
 
-#include "QuarvelCelCore/CEL_PixmapArea.h"
+#include "render/AccumulatedRows.h"
 
 #include <utility>
 
@@ -24,7 +24,7 @@ struct ObjectVolume
 /// @param resolutionX     the picture's width in pixels
 /// @param generateNormals false: the result is the blurred mask itself, its elevation in R
 /// @param elevation       1.0 rises by 37.5 of 720 units of the canvas's width
-/// @param objectPixmap    the accumulator; unchanged, and released as soon as its mask is made: who moves it in gives
+/// @param object          the accumulator; unchanged, and released as soon as its mask is made: who moves it in gives
 /// its memory to the rest of the work
 /// @param range           receives offset and scale that map R to 0 .. 1 when normals are off, and (0, 1) when they are
 /// on; unchanged when there is no result
@@ -36,6 +36,12 @@ struct ObjectVolume
 /// @return none when a pixmap is missing, when their formats are not the same colour format, when the accumulator holds
 /// no pixels, or when the blur would be larger than it can be
 /// @throws std::bad_alloc when there is no memory for it, which ends the render
+ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel, int resolutionX,
+                               bool generateNormals, double elevation, AccumulatedObject object,
+                               std::pair<float, float>& range, int quality, double smoothness, bool clip,
+                               const Math::Box2di& covered = {});
+
+/// The same for an accumulator into which all inputs are merged.
 ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel, int resolutionX,
                                bool generateNormals, double elevation, UT_SharedPtr<CEL_PixmapArea> objectPixmap,
                                std::pair<float, float>& range, int quality, double smoothness, bool clip,

@@ -63,6 +63,9 @@ public:
 
     void add(const UT_SharedPtr<CEL_PixmapArea>& input) { _inputs.push_back(input); }
 
+    const UT_SharedPtr<CEL_PixmapArea>& merged() const { return _merged; }
+    const std::deque<UT_SharedPtr<CEL_PixmapArea>>& inputs() const { return _inputs; }
+
     // Merges what was added since, and gives it away.
     UT_SharedPtr<CEL_PixmapArea> merge()
     {
@@ -156,6 +159,18 @@ void VallorinRenderHandler::accumulateLater(int objectId, const UT_SharedPtr<CEL
     accumulator->defer(rect, [merge] { return merge->merge(); });
 }
 
+AccumulatedObject VallorinRenderHandler::takeAccumulator(int objectId)
+{
+    const auto found = objectAccumulators.find(objectId);
+    if (found == objectAccumulators.end() || !found->second)
+        return {};
+    const UT_SharedPtr<CEL_PixmapArea> accumulator = std::exchange(found->second, nullptr);
+    const std::shared_ptr<MergeLater> merge = accumulator->isDeferred() ? waitingMerges[objectId].lock() : nullptr;
+    if (!merge)
+        return {accumulator, {}, accumulator->allocatedRect()};
+    return {merge->merged(), {merge->inputs().begin(), merge->inputs().end()}, accumulator->allocatedRect()};
+}
+
 std::map<int, std::vector<int>> VallorinRenderHandler::portsOfObjects() const
 {
     std::map<int, std::vector<int>> ports;
@@ -200,8 +215,10 @@ ObjectVolume VallorinRenderHandler::buildVolume(const MO_SoftContext& context,
                                                 const std::vector<int>& ports, const ObjectRecords& records)
 {
     const auto record = records.find(objectId);
-    const auto accumulator = objectAccumulators.find(objectId);
-    if (record == records.end() || accumulator == objectAccumulators.end() || !accumulator->second)
+    if (record == records.end())
+        return {};
+    AccumulatedObject accumulated = takeAccumulator(objectId);
+    if (!accumulated.merged)
         return {};
     const VallorinAttributes::ObjectInformation& object = record->second;
     const double truckFactor = useTruckFactor ? context.portContext(0).truckFactor() : 1.0;
@@ -209,8 +226,8 @@ ObjectVolume VallorinRenderHandler::buildVolume(const MO_SoftContext& context,
     const double elevation = held(finiteOr(object.elevation, 0.0) * truckFactor * elevationScale);
     const double smoothness = held(finiteOr(object.elevationSmoothness, 1.0) * elevationSmoothness);
     return buildObjectVolume(reference, bevel, context.resolutionX(), generateNormals, elevation,
-                             std::exchange(accumulator->second, nullptr), elevationRanges[objectId], normalQuality,
-                             smoothness, clipBlurredWithGeometry, coveredBy(ports));
+                             std::move(accumulated), elevationRanges[objectId], normalQuality, smoothness,
+                             clipBlurredWithGeometry, coveredBy(ports));
 }
 
 void VallorinRenderHandler::composePorts(const MO_SoftContext& context, const UT_SharedPtr<CEL_PixmapArea>& reference,

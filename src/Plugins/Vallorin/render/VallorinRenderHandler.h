@@ -67,6 +67,8 @@ private:
     int currentObjectId() const;
     void accumulate(const MO_SoftContext& context, int objectId, const UT_SharedPtr<CEL_PixmapArea>& input);
     void accumulateLater(int objectId, const UT_SharedPtr<CEL_PixmapArea>& input);
+    /// Gives an object's accumulator away, without merging what waits.
+    AccumulatedObject takeAccumulator(int objectId);
     /// The ports of each object, in ascending order, by the object's number.
     std::map<int, std::vector<int>> portsOfObjects() const;
     Math::Box2di coveredBy(const std::vector<int>& ports) const;
