@@ -178,14 +178,15 @@ void raise(std::span<const float> share, double rise, float* HWY_RESTRICT depth)
 /// that float; elsewhere, for about one value in ten thousand, the formula decides.
 constexpr double kMargin = 0x1p-40;
 
+/// @param inverse of the power; multiplying by it instead of dividing adds half a unit in the last place
 /// @return whether the share of a vector of linear shares is certain everywhere; it is stored in any case
 template<class D>
-HWY_INLINE bool powerAt(D d, hn::Vec<hn::Rebind<float, D>> linear, double power, float* share)
+HWY_INLINE bool powerAt(D d, hn::Vec<hn::Rebind<float, D>> linear, double inverse, float* share)
 {
     const hn::Rebind<float, D> df;
     const auto isBetween = hn::And(hn::Gt(linear, hn::Zero(df)), hn::Lt(linear, hn::Set(df, 1.0F)));
     const auto inside = hn::IfThenElse(isBetween, linear, hn::Set(df, 0.5F));
-    const auto y = hn::Exp(d, hn::Div(hn::Log(d, hn::PromoteTo(d, inside)), hn::Set(d, power)));
+    const auto y = hn::Exp(d, hn::Mul(hn::Log(d, hn::PromoteTo(d, inside)), hn::Set(d, inverse)));
     const auto low = hn::DemoteTo(df, hn::Mul(y, hn::Set(d, 1.0 - kMargin)));
     const auto high = hn::DemoteTo(df, hn::Mul(y, hn::Set(d, 1.0 + kMargin)));
     hn::StoreU(hn::IfThenElse(isBetween, low, linear), df, share);
@@ -194,6 +195,7 @@ HWY_INLINE bool powerAt(D d, hn::Vec<hn::Rebind<float, D>> linear, double power,
 
 void elevatePowers(std::span<const float> values, const LinearShare& profile, double power, float* HWY_RESTRICT share)
 {
+    const double inverse = 1.0 / power;
     vl::forLanes<double>(values.size(), [&](auto d, std::size_t i) HWY_ATTR {
         const hn::Rebind<float, decltype(d)> df;
         const auto value = hn::LoadU(df, values.data() + i);
@@ -203,7 +205,7 @@ void elevatePowers(std::span<const float> values, const LinearShare& profile, do
             return;
         }
         const auto x = hn::Mul(hn::Sub(value, hn::Set(df, profile.lowest)), hn::Set(df, profile.scale));
-        if (powerAt(d, hn::IfThenElseZero(isThere, x), power, share + i))
+        if (powerAt(d, hn::IfThenElseZero(isThere, x), inverse, share + i))
             return;
         for (std::size_t k = i; k < i + hn::Lanes(d); ++k)
             share[k] = values[k] > 0.0F ? powerShare((values[k] - profile.lowest) * profile.scale, power) : 0.0F;
