@@ -28,6 +28,13 @@ std::size_t roomFor(std::size_t bytes)
     return bytes + bytes / 1024 + 256;
 }
 
+// New bytes of a vector are cleared, which takes as long as a tenth of the compression.
+void growTo(std::size_t bytes, Bytes& room)
+{
+    if (room.size() < bytes)
+        room.resize(bytes);
+}
+
 // Finding the symbols takes nearly as long as the compression. So they are looked for in a quarter of many bytes only,
 // in parts that are long enough for matches across several rows of a picture. That makes files larger by 3 to 5
 // thousandths.
@@ -59,15 +66,14 @@ std::uint32_t IIO_Deflate::checksumOf(std::span<const std::uint8_t> bytes)
     return isal_adler32(1, bytes.data(), bytes.size());
 }
 
-void IIO_Deflate::compress(std::span<const std::uint8_t> bytes, bool isLast, Bytes& output) const
+std::span<const std::uint8_t> IIO_Deflate::compress(std::span<const std::uint8_t> bytes, bool isLast, Bytes& room) const
 {
-    if (_compression == IIO_Compression::FAST)
-        compressFast(bytes, isLast, output);
-    else
-        compressWell(bytes, isLast, output);
+    const std::size_t length =
+        _compression == IIO_Compression::FAST ? compressFast(bytes, isLast, room) : compressWell(bytes, isLast, room);
+    return std::span<const std::uint8_t>(room).first(length);
 }
 
-void IIO_Deflate::compressFast(std::span<const std::uint8_t> bytes, bool isLast, Bytes& output)
+std::size_t IIO_Deflate::compressFast(std::span<const std::uint8_t> bytes, bool isLast, Bytes& room)
 {
     const std::unique_ptr<isal_hufftables> codes = codesFor(bytes);
     isal_zstream stream{};
@@ -78,21 +84,20 @@ void IIO_Deflate::compressFast(std::span<const std::uint8_t> bytes, bool isLast,
     stream.flush = isLast ? NO_FLUSH : SYNC_FLUSH;
     stream.next_in = const_cast<std::uint8_t*>(bytes.data());
     stream.avail_in = static_cast<std::uint32_t>(bytes.size());
-    const std::size_t before = output.size();
     do {
         // One pass is enough unless the output exceeds roomFor().
-        const std::size_t used = before + stream.total_out;
-        output.resize(used + roomFor(bytes.size()));
-        stream.next_out = output.data() + used;
-        stream.avail_out = static_cast<std::uint32_t>(output.size() - used);
+        const std::size_t used = stream.total_out;
+        growTo(used + roomFor(bytes.size()), room);
+        stream.next_out = room.data() + used;
+        stream.avail_out = static_cast<std::uint32_t>(room.size() - used);
         [[maybe_unused]] const int state = isal_deflate(&stream);
         assert(state == COMP_OK);
     } while (stream.avail_out == 0);
     assert(stream.avail_in == 0);
-    output.resize(before + stream.total_out);
+    return stream.total_out;
 }
 
-void IIO_Deflate::compressWell(std::span<const std::uint8_t> bytes, bool isLast, Bytes& output) const
+std::size_t IIO_Deflate::compressWell(std::span<const std::uint8_t> bytes, bool isLast, Bytes& room) const
 {
     constexpr int kRawStream = -15;
     constexpr int kMostMemory = 9;
@@ -102,14 +107,14 @@ void IIO_Deflate::compressWell(std::span<const std::uint8_t> bytes, bool isLast,
                      isSmall ? Z_FILTERED : Z_DEFAULT_STRATEGY) != Z_OK)
         throw std::bad_alloc();
     constexpr std::size_t kFlushMark = 16;
-    const std::size_t before = output.size();
-    output.resize(before + deflateBound(&stream, static_cast<uLong>(bytes.size())) + kFlushMark);
+    growTo(deflateBound(&stream, static_cast<uLong>(bytes.size())) + kFlushMark, room);
     stream.next_in = const_cast<Bytef*>(bytes.data());
     stream.avail_in = static_cast<uInt>(bytes.size());
-    stream.next_out = output.data() + before;
-    stream.avail_out = static_cast<uInt>(output.size() - before);
+    stream.next_out = room.data();
+    stream.avail_out = static_cast<uInt>(room.size());
     deflate(&stream, isLast ? Z_FINISH : Z_SYNC_FLUSH);
     assert(stream.avail_in == 0 && stream.avail_out > 0);
-    output.resize(before + stream.total_out);
+    const std::size_t length = stream.total_out;
     deflateEnd(&stream);
+    return length;
 }

@@ -17,17 +17,20 @@ class IIO_Deflate
 public:
     explicit IIO_Deflate(IIO_Compression compression) : _compression(compression) {}
 
-    /// Appends the piece for at most 1 GiB of bytes. Throws std::bad_alloc if there is not enough memory.
+    /// Makes the piece for at most 1 GiB of bytes. Throws std::bad_alloc if there is not enough memory.
     ///
     /// @param isLast whether the stream ends with this piece
-    void compress(std::span<const std::uint8_t> bytes, bool isLast, std::vector<std::uint8_t>& output) const;
+    /// @param room   grows to hold the piece; one that is used again for as many bytes need not grow
+    /// @return the piece, at the room's start
+    std::span<const std::uint8_t> compress(std::span<const std::uint8_t> bytes, bool isLast,
+                                           std::vector<std::uint8_t>& room) const;
 
     /// Adler-32, the checksum at the end of a zlib stream.
     static std::uint32_t checksumOf(std::span<const std::uint8_t> bytes);
 
 private:
-    static void compressFast(std::span<const std::uint8_t> bytes, bool isLast, std::vector<std::uint8_t>& output);
-    void compressWell(std::span<const std::uint8_t> bytes, bool isLast, std::vector<std::uint8_t>& output) const;
+    static std::size_t compressFast(std::span<const std::uint8_t> bytes, bool isLast, std::vector<std::uint8_t>& room);
+    std::size_t compressWell(std::span<const std::uint8_t> bytes, bool isLast, std::vector<std::uint8_t>& room) const;
 
     IIO_Compression _compression;
 };

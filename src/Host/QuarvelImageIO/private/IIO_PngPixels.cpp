@@ -83,6 +83,7 @@ private:
         Bytes row;
         Bytes above;
         Bytes filtered;
+        Bytes room; ///< for the compressed bytes
     };
 
     void compress(Band& band, int firstRow, bool isLast)
@@ -94,15 +95,17 @@ private:
             return;
         }
         filterRows(place, firstRow, end);
-        compressFiltered(band, place.filtered, isLast);
+        compressFiltered(band, place, isLast);
     }
 
-    void compressFiltered(Band& band, std::span<const std::uint8_t> filtered, bool isLast) const
+    // Appends to the band, with no more memory than the compressed bytes take.
+    void compressFiltered(Band& band, Workplace& place, bool isLast) const
     {
-        band.length = filtered.size();
-        band.checksum = IIO_Deflate::checksumOf(filtered);
-        _deflate.compress(filtered, isLast, band.compressed);
-        band.compressed.shrink_to_fit();
+        band.length = place.filtered.size();
+        band.checksum = IIO_Deflate::checksumOf(place.filtered);
+        const std::span<const std::uint8_t> piece = _deflate.compress(place.filtered, isLast, place.room);
+        band.compressed.reserve(band.compressed.size() + piece.size());
+        band.compressed.insert(band.compressed.end(), piece.begin(), piece.end());
     }
 
     // Whether all these rows look as the one above the first of them does. Usually these are the empty ones above and
@@ -127,7 +130,7 @@ private:
             std::span<std::uint8_t> rest = place.filtered;
             for (int y = 0; y < _rowsPerBand; ++y, rest = rest.subspan(_bytesPerRow + 1))
                 IIO_filterPngRow(place.above, place.above, _bytesPerPixel, rest.first(_bytesPerRow + 1));
-            compressFiltered(_unchanged, place.filtered, false);
+            compressFiltered(_unchanged, place, false);
         });
         return _unchanged;
     }
