@@ -15,9 +15,9 @@
 
 namespace {
 
-// The standard deviation of the blur is a quarter of the bevel. Of the depth of a disc, the blur leaves a fifth where
-// the disc's diameter is a third of the bevel, and nearly half where it is half of the bevel.
-constexpr double kHardlySeen = 1.0 / 3.0;
+// The standard deviation of the blur is a quarter of the bevel. Of the depth of a disc, the blur leaves an eighth where
+// the disc's diameter is a quarter of the bevel, and two fifths where it is half of the bevel.
+constexpr double kHardlySeen = 1.0 / 4.0;
 constexpr double kWellSeen = 1.0 / 2.0;
 
 struct Texts
