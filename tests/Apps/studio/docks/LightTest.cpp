@@ -289,7 +289,7 @@ TEST_F(LightTest, AKeyLetsAValueChangeOverTimeAndTheTimelineShowsIt)
 {
     openDisc();
     ASSERT_TRUE(document().execute(MO_frameRangeCmd(document().scene(), 1, 11)));
-    document().setSelection({});
+    ASSERT_FALSE(document().selection().isEmpty());
     const auto lightRows = [&] {
         int count = 0;
         for (const TimelineRow& row : timelineRows(document()))
@@ -301,6 +301,8 @@ TEST_F(LightTest, AKeyLetsAValueChangeOverTimeAndTheTimelineShowsIt)
     auto* const key = row->findChild<QToolButton*>();
     ASSERT_NE(key, nullptr);
     QTest::mouseClick(key, Qt::LeftButton);
+    EXPECT_EQ(lightRows(), 1);
+    document().setSelection({});
     EXPECT_EQ(lightRows(), 1);
     EXPECT_TRUE(window->lights().hasKey(MO_Light::INTENSITY));
     const QByteArray first = bytesOf(viewer().shownImage());

@@ -46,14 +46,15 @@ std::vector<TimelineRow> timelineRows(const StudioDocument& document)
         if (auto* element = dynamic_cast<MO_ElementModule*>(&module))
             rows.push_back({element, nullptr, element, element->instanceName()});
     });
-    if (MO_Module* const current = document.currentModule()) {
+    MO_Module* const current = document.currentModule();
+    if (current)
         addKeyRows(rows, *current, current);
-    } else {
-        AT_DoubleAttr& truck = document.scene().truckFactorAttr();
+    // What moves the whole picture is seen whatever is selected.
+    AT_DoubleAttr& truck = document.scene().truckFactorAttr();
+    if (!current || truck.isAnimated())
         rows.push_back(
             {nullptr, &truck, nullptr, QCoreApplication::translate("TimelineRows", "Camera: %1").arg(truck.label())});
-        addLightRows(rows, document.scene().lighting());
-    }
+    addLightRows(rows, document.scene().lighting());
     return rows;
 }
 

@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // TimelineRows: what the timeline shows below its ruler: a row for the exposures of each element, and one for each
-// attribute of the selected node that may change over time (those of the camera, and of the lights where they have
-// keys, when no node is selected); with the commands for what people do to a row.
+// attribute of the selected node that may change over time, and one for each number of the camera and the lights that
+// has keys (the camera's also without keys, when no node is selected); with the commands for what people do to a row.
 #pragma once
 
 #include "QuarvelSceneCore/attributes/AT_AnimatableAttr.h"
