@@ -83,22 +83,23 @@ same "what is said of $letters" said-linux.txt said-windows.txt
 
 # cmd.exe opens what is read as standard input so that nobody can replace it.
 printf '@"%%QUARVEL%%" %%* < %%HELD%%\r\n' >holding.cmd
-holding() { HELD=$1 QUARVEL="Z:$(tr / '\\' <<<"$home")\vallorin\bin\quarvel.exe" wine cmd /c holding.cmd "${@:2}"; }
+holding() { HELD=$1 QUARVEL="Z:$(tr / '\\' <<<"$home")\\vallorin\\bin\\quarvel.exe" wine cmd /c holding.cmd "${@:2}"; }
 cp short.png held.png
 says "close the programs that have it open" holding held.png normalmap hero.svg -o held.png
 same "a picture that another program holds open" short.png held.png
 [ -z "$(find . -maxdepth 1 -name 'held.png?*')" ] || fail "a refused picture leaves files behind"
+# A frame says the name of its scene, so that both have the same.
+cp -r hero.scene windows/
 "$linux" set hero.scene Normal-Map.BlurScale 3 >/dev/null
-holding 'copy.scene\scene.xml' set copy.scene Normal-Map.BlurScale 3 >/dev/null
-quarvel render copy.scene -o windows/held.png >/dev/null
+holding 'windows\hero.scene\scene.xml' set windows/hero.scene Normal-Map.BlurScale 3 >/dev/null
 "$linux" render hero.scene -o linux/held.png >/dev/null
+quarvel render windows/hero.scene -o windows/held.png >/dev/null
 same "a scene saved while another program holds its file open" linux/held.png windows/held.png
-same "that file, when it is free again" hero.scene/scene.xml copy.scene/scene.xml
-holding 'copy.scene\scene.xml' set copy.scene Normal-Map.BlurScale 4 >/dev/null
-says "close the programs that have it open" holding 'copy.scene\scene.xml' set copy.scene Normal-Map.BlurScale 5
-"$linux" set hero.scene Normal-Map.BlurScale 4 >/dev/null
-quarvel inspect copy.scene >/dev/null
-same "the scene after a refused save" hero.scene/scene.xml copy.scene/scene.xml
+holding 'windows\hero.scene\scene.xml' set windows/hero.scene Normal-Map.BlurScale 4 >/dev/null
+says "close the programs that have it open" holding 'windows\hero.scene\scene.xml' set windows/hero.scene Normal-Map.BlurScale 5
+"$linux" set hero.scene Normal-Map.BlurScale 2 >/dev/null
+quarvel set windows/hero.scene Normal-Map.BlurScale 2 >/dev/null
+same "the file when it is free again" hero.scene/scene.xml windows/hero.scene/scene.xml
 
 echo '{"v":"5.5.0","fr":30,"ip":0,"op":30,"w":100,"h":100,"layers":[]}' >still.json
 says "not read on Windows" quarvel import still.json -o still.scene
