@@ -45,7 +45,7 @@ while read -r file; do add_libraries "$file"; done < <(find "$target" -name '*.e
 # Whoever passes the libraries on passes their licences on.
 mkdir -p "$target/licences"
 for package in "$libraries"/unpacked/*/; do
-    [ "$(basename "$package")" != googletest ] || continue # the tests alone stand on it
+    case $(basename "$package") in googletest | rapidcheck) continue ;; esac # the tests alone stand on these
     cp "$package/debian/copyright" "$target/licences/$(basename "$package").txt"
 done
 cp "$sources/LICENSE" "$target/licences/vallorin.txt"

@@ -8,26 +8,55 @@ here=$(cd "$(dirname "$0")" && pwd)
 mkdir -p "${1:?expected the folder for the libraries}"
 folder=$(cd "$1" && pwd)
 export VALLORIN_WINDOWS_PREFIX=$folder/prefix
-mkdir -p "$folder"/{lists/partial,sources,unpacked,build,done,prefix}
+mkdir -p "$folder"/{lists,sources,unpacked,build,done,prefix}
 
-# apt with a list of source packages of its own, so that the machine's lists stay as they are.
-apt_sources() {
-    local release
-    release=$(. /etc/os-release && echo "$VERSION_CODENAME")
-    echo "deb-src http://deb.debian.org/debian $release main" >"$folder/sources.list"
-    apt-get -qq -o "Dir::Etc::SourceList=$folder/sources.list" -o Dir::Etc::SourceParts=- -o "Dir::State::Lists=$folder/lists" \
-        -o APT::Sandbox::User= "$@"
+step=preparing
+finish() {
+    local status=$?
+    [ $status -eq 0 ] || echo "dependencies: $step failed; what was finished stays in $folder, and the next run goes on from there" >&2
+}
+trap finish EXIT
+
+# apt_get RELEASE WORDS...: apt-get with a list of that release's source packages alone, so that the machine's lists stay as they are.
+apt_get() {
+    local release=$1 lists=$folder/lists/$1
+    shift
+    mkdir -p "$lists/partial"
+    echo "deb-src http://deb.debian.org/debian $release main" >"$lists.list"
+    apt-get -qq -o "Dir::Etc::SourceList=$lists.list" -o Dir::Etc::SourceParts=- -o "Dir::State::Lists=$lists" -o APT::Sandbox::User= "$@"
+}
+
+# download RELEASE PACKAGE [options of apt-get]: into sources/PACKAGE, whole or not at all. apt compares the digests that Debian signed.
+download() {
+    local release=$1 package=$2
+    shift 2
+    step="fetching the sources of $package"
+    echo "$step" >&2
+    [ -n "$(ls "$folder/lists/$release" 2>/dev/null | grep Sources || true)" ] || apt_get "$release" update
+    rm -rf "$folder/sources/$package"
+    mkdir "$folder/sources/$package"
+    (cd "$folder/sources/$package" && apt_get "$release" source --download-only "$@" "$package")
 }
 
 # fetch PACKAGE: its sources, patched as Debian does, in unpacked/PACKAGE.
 fetch() {
     [ ! -d "$folder/unpacked/$1" ] || return 0
-    echo "fetching the sources of $1" >&2
-    [ -n "$(ls "$folder/lists" | grep Sources || true)" ] || apt_sources update
-    (cd "$folder/sources" && apt_sources source --download-only "$1")
+    download "$(. /etc/os-release && echo "$VERSION_CODENAME")" "$1"
     rm -rf "$folder/unpacked/$1.new"
-    dpkg-source --no-check -x "$folder/sources/$1"_*.dsc "$folder/unpacked/$1.new" >/dev/null
+    dpkg-source --no-check -x "$folder/sources/$1"/*.dsc "$folder/unpacked/$1.new" >/dev/null
     mv "$folder/unpacked/$1.new" "$folder/unpacked/$1"
+}
+
+# Debian's changes to RapidCheck concern the packaging alone, so the archive of its authors is enough: that of Debian 13, because not
+# every mirror keeps Debian 12's.
+fetch_rapidcheck() {
+    local target=$folder/unpacked/rapidcheck
+    [ ! -d "$target" ] || return 0
+    download trixie rapidcheck --tar-only
+    rm -rf "$target.new"
+    mkdir "$target.new"
+    tar -C "$target.new" -xf "$folder"/sources/rapidcheck/*.orig.tar.*
+    mv "$target.new" "$target"
 }
 
 # with_cmake NAME SOURCE [options]
@@ -45,12 +74,13 @@ once() {
     local name=$1
     shift
     [ ! -e "$folder/done/$name" ] || return 0
-    echo "building $name" >&2
+    step="building $name"
+    echo "$step" >&2
     # In the background, because the shell ignores failing commands inside a condition.
     ("$@") >"$folder/build/$name.log" 2>&1 &
     if ! wait $!; then
         tail -30 "$folder/build/$name.log" >&2
-        echo "error: $name could not be built; the whole log is $folder/build/$name.log" >&2
+        echo "the whole log is $folder/build/$name.log" >&2
         exit 1
     fi
     touch "$folder/done/$name"
@@ -102,9 +132,13 @@ libzip() {
     with_cmake libzip "$folder/unpacked/libzip" -DBUILD_TOOLS=OFF -DBUILD_REGRESS=OFF -DBUILD_EXAMPLES=OFF -DBUILD_DOC=OFF "${options[@]}"
 }
 
-# The tests stand on it. Static, because they link it into one program each.
+# The tests stand on these two. Static, because they link them into one program each.
 googletest() {
     with_cmake googletest "$folder/unpacked/googletest" -DBUILD_SHARED_LIBS=OFF
+}
+
+rapidcheck() {
+    with_cmake rapidcheck "$folder/unpacked/rapidcheck" -DBUILD_SHARED_LIBS=OFF -DRC_ENABLE_GTEST=ON
 }
 
 # Of Highway the headers alone are used.
@@ -114,6 +148,7 @@ highway() {
 }
 
 for package in qt6-base qtsvg-opensource-src onetbb imath openexr libisal libzip highway googletest; do fetch "$package"; done
+fetch_rapidcheck
 once qtbase qtbase
 once qtsvg qtsvg
 once onetbb onetbb
@@ -123,4 +158,5 @@ once isal isal
 once libzip libzip
 once highway highway
 once googletest googletest
+once rapidcheck rapidcheck
 echo "The libraries are in $folder/prefix"
