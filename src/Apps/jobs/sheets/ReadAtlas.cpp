@@ -173,7 +173,7 @@ UT_Result<QByteArray> atlasOfMaps(const QString& path, const QStringList& mapNam
         return kind.error();
     const UT_Result<QByteArray> bytes = bytesOf(path);
     if (!bytes)
-        return bytes;
+        return bytes.error();
     const UT_Result<std::vector<Sheet>> sheets = (*kind)->parse(*bytes);
     if (!sheets)
         return sheets.error().at(path);
