@@ -64,11 +64,12 @@ void printUsage(std::FILE* stream)
     std::fputs("quarvel - volume for flat drawings\n\n", stream);
     for (const Command& command : kCommands)
         std::fprintf(stream, "  quarvel %-10s%-31s%s\n", command.name, command.words, command.purpose);
-    std::fputs("  quarvel help COMMAND                   explains all of a command's options, with examples\n"
-               "  quarvel --version                      says which version this is\n"
+    std::fputs("  quarvel help COMMAND                             explains all of a command's options, with examples\n"
+               "  quarvel --version                                says which version this is\n"
                "\n"
-               "Begin with: quarvel normalmap hero.svg\n"
-               "The normal map is written beside the drawing, as hero_n.png.\n",
+               "Begin with: quarvel normalmap hero.svg --lit hero_lit.png\n"
+               "The normal map is written beside the drawing, as hero_n.png; the other picture shows what it does.\n"
+               "The same in a window: quarvel-studio hero.svg\n",
                stream);
 }
 
