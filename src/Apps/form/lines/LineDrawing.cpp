@@ -5,6 +5,8 @@
 #include "form/choice/Ink.h"
 #include "form/lines/ClosedAreas.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr double kDark = 40.0;   // lightness
@@ -13,6 +15,9 @@ constexpr double kPicture = 0.9; // share of the picture that a backdrop covers
 constexpr double kLines = 0.6;   // share of the drawn area that lines have, at the least
 // The enclosed area as a multiple of the drawn area, at the least: a thick ring is a ring.
 constexpr double kEnclosed = 1.5;
+// An area whose largest disc has a radius of this many widths of the lines is a body, however long the other lines are;
+// a ring of that radius encloses kEnclosed times what is drawn.
+constexpr double kBody = 2.0 * kEnclosed;
 
 bool isPaper(const ShapeFacts& shape, const Grid& grid)
 {
@@ -40,6 +45,22 @@ bool areLines(std::span<const ShapeFacts> shapes, const Ink& ink)
         lines += ink.isInk(shape) ? shape.area : 0;
     }
     return all > 0.0 && lines >= kLines * all;
+}
+
+// Whether areas are bodies and not only what lies between lines.
+bool areBodies(const std::vector<ShapeFacts>& areas, std::span<const ShapeFacts> lines)
+{
+    double drawn = 0.0;
+    double widths = 0.0;
+    for (const ShapeFacts& line : lines) {
+        drawn += line.area;
+        widths += line.area * line.width;
+    }
+    CellMask enclosed;
+    for (const ShapeFacts& area : areas)
+        enclosed.unite(area.mask);
+    const auto isBody = [&](const ShapeFacts& area) { return area.inscribed * drawn >= kBody * widths; };
+    return enclosed.area() >= kEnclosed * drawn || std::ranges::any_of(areas, isBody);
 }
 
 // The layer and the place in it where the shapes behind the first ones begin.
@@ -82,16 +103,10 @@ void fillBetweenLines(DIO_Drawing& drawing, std::vector<ShapeFacts>& facts, cons
     const int paint = DIO_paintIndex(drawing.palette, paper);
     const DIO_Drawing fills = fillsOf(areas, drawing, paint);
     std::vector<ShapeFacts> found = collectFacts(fills, grid);
-    double drawn = 0.0;
-    for (const ShapeFacts& line : lines)
-        drawn += line.area;
-    CellMask enclosed;
-    for (ShapeFacts& fill : found) {
-        enclosed.unite(fill.mask);
-        fill.closedArea = true;
-    }
-    if (enclosed.area() < kEnclosed * drawn)
+    if (!areBodies(found, lines))
         return;
+    for (ShapeFacts& fill : found)
+        fill.closedArea = true;
     const auto [layer, place] = placeOf(first, drawing);
     const std::vector<DIO_Shape>& added = fills.layers.front().shapes;
     layer->shapes.insert(layer->shapes.begin() + static_cast<std::ptrdiff_t>(place), added.begin(), added.end());

@@ -87,6 +87,23 @@ TEST(LineDrawing, SeveralSmallAreasMayMakeUpTheDrawing)
     EXPECT_GE(countOf(boxes), 4U);
 }
 
+TEST(LineDrawing, AHeadIsABodyHoweverLongTheOpenLinesBesideIt)
+{
+    const QByteArray head = line("M38 25a12 12 0 1 0 24 0a12 12 0 1 0 -24 0z");
+    const QByteArray limbs = line("M8 52h30M62 52h30M20 62v30M80 62v30M50 48v44M30 62v30M70 62v30");
+    const ChosenObjects found = chosen(head + limbs);
+    EXPECT_TRUE(std::ranges::any_of(found.drawing.layers, [](const DIO_Layer& layer) {
+        return paints(layer, {50, 25});
+    }));
+}
+
+TEST(LineDrawing, AThickRingIsARing)
+{
+    const ChosenObjects found = chosen(line("M35 50a15 15 0 1 0 30 0a15 15 0 1 0 -30 0z", "#111111", 6.0));
+    ASSERT_EQ(found.objects.size(), 1U);
+    EXPECT_FALSE(paints(found.drawing.layers[0], {50, 50}));
+}
+
 TEST(LineDrawing, AnOpenLineEnclosesNothing)
 {
     EXPECT_FALSE(paints(chosen(line("M20 20v60h60v-60")).drawing.layers[0], {50, 50}));
