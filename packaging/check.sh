@@ -65,6 +65,11 @@ step="comparing the picture with that of the build"
     logged build/release/bin/quarvel normalmap examples/hero.svg -o "$work/hero_n.png" --size 320
     cmp "$work/hero_n.png" "$root/tmp/hero_n.png"
 }
+step="./dev demo in the bare system"
+mkdir "$root/tmp/tree"
+cp -r dev CMakeLists.txt examples "$root/tmp/tree/"
+inside /tmp/tree/dev demo
+for picture in hero hero_n hero_e hero_lit; do [ -s "$root/tmp/tree/out/demo/$picture.png" ]; done
 step="the Python package in the bare system"
 inside python3 -c 'import vallorin; maps = vallorin.normal_map("/tmp/hero.svg", width=320); assert maps.normals.shape == (320, 320, 3)'
 step="quarvel-studio in the bare system"
