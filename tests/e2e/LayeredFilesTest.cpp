@@ -80,7 +80,8 @@ TEST_F(LayeredFiles, AreListedWithWhatIsSeenOfTheirLayers)
 
 TEST_F(LayeredFiles, ComeThroughStandardInputToo)
 {
-    for (const char* const name : {"krita.ora", "krita.kra", "agpsd.psd", "agpsd.psb"}) {
+    for (const char* const name : {"krita.ora", "krita.kra", "agpsd.psd", "agpsd.psb", "blocks.apng", "blocks.gif",
+                                   "blocks.webp", "tiff8-straight.tif"}) {
         fetch(name);
         ASSERT_EQ(quarvel(QStringList{"normalmap", name, "-o", "file.png"}).exitCode, 0) << name;
         const Outcome outcome = piped(name, "normalmap - -o pipe.png");

@@ -67,6 +67,8 @@ QString suffixOf(QByteArray& bytes)
     if (begin.startsWith("\x1F\x8B"))
         return QStringLiteral("svgz");
     QBuffer buffer(&bytes);
+    // The reader looks only into a device that is open.
+    buffer.open(QIODevice::ReadOnly);
     return QString::fromLatin1(QImageReader::imageFormat(&buffer));
 }
 
