@@ -41,10 +41,8 @@ void addBevel(Group& group, const Lazy<Whole<Pixel>>& whole, const std::string& 
                            }});
     const bool is16 = sizeof(Pixel) == 8;
     group.figures.push_back({name + " : OpenCV program", name + "/ours", name + "/opencv",
-                             !hasGoals ? Figure::kNoGoal
-                             : is16    ? 0.4
-                                       : 0.5,
-                             false, std::string("whole, ") + formatName<Pixel>() + " : OpenCV program"});
+                             hasGoals ? 0.4 : Figure::kNoGoal, false,
+                             std::string("whole, ") + formatName<Pixel>() + " : OpenCV program"});
     if (is16)
         group.figures.push_back({name + " : copy of the frame", name + "/ours", prefix + "copy",
                                  hasGoals ? kGoalAgainstCopy[quality] : Figure::kNoGoal, false,
