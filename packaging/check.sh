@@ -88,4 +88,4 @@ inside dpkg --purge $ours
 files >"$work/after"
 step="comparing the files before and after"
 diff "$work/before" "$work/after" >"$work/log"
-echo "package check: installed in a bare Debian 12, quarvel normalmap draws the same there, and $(wc -w <<<"$ours") packages left nothing"
+echo "package check: installed in a bare Debian 12, quarvel normalmap draws the same there, ./dev demo and Python work, and $(wc -w <<<"$ours") packages left nothing"
