@@ -1464,6 +1464,13 @@ Punktlicht: von dort, wo das Licht steht, mit der Entfernung schwächer</transla
     </message>
 </context>
 <context>
+    <name>MO_SceneCopy</name>
+    <message>
+        <source>the copy</source>
+        <translation>die Kopie</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Opening...</source>
@@ -3008,10 +3015,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <translation>„%1“ hätte mehr als %2 Elemente und Attribute</translation>
     </message>
     <message>
-        <source>the graph would have more than %1 modules</source>
-        <translation>der Graph hätte mehr als %1 Module</translation>
-    </message>
-    <message>
         <source>two different palettes have the identifier %1</source>
         <translation>zwei verschiedene Paletten haben die Kennung %1</translation>
     </message>
@@ -3365,6 +3368,18 @@ Schalten Sie in seinen Eigenschaften „Normalen erzeugen“ ein.</translation>
     <message>
         <source>&quot;%1&quot; is not understood by this version</source>
         <translation>„%1“ versteht diese Version nicht</translation>
+    </message>
+    <message>
+        <source>the graph would have more than %1 modules</source>
+        <translation>der Graph hätte mehr als %1 Module</translation>
+    </message>
+    <message>
+        <source>more than %1 groups would lie in each other</source>
+        <translation>mehr als %1 Gruppen lägen ineinander</translation>
+    </message>
+    <message>
+        <source>Line %1: more than %2 groups in each other are not read</source>
+        <translation>Zeile %1: Mehr als %2 Gruppen ineinander werden nicht gelesen</translation>
     </message>
 </context>
 <context>

@@ -11,6 +11,7 @@
 #include "studio/preview/Viewer.h"
 #include "studio/window/MessageBar.h"
 #include "studio/window/PixelReadOut.h"
+#include "studio/window/PlainTexts.h"
 #include "studio/window/StartPage.h"
 #include "studio/window/StudioDocks.h"
 
@@ -54,6 +55,7 @@ MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
     , _autosave(_document, recoveryFolder.isEmpty() ? Autosave::defaultFolder() : recoveryFolder)
 {
     setObjectName(QStringLiteral("mainWindow"));
+    new PlainTexts(this);
     setAcceptDrops(true);
     setDockNestingEnabled(true);
     makeCentre();

@@ -50,6 +50,7 @@ void MainWindow::showAbout()
     QMessageBox about(this);
     about.setWindowTitle(tr("About Quarvel Studio"));
     about.setIconPixmap(applicationIcon().pixmap(QSize(96, 96), devicePixelRatioF()));
+    about.setTextFormat(Qt::RichText);
     about.setText(tr("<h3>Quarvel Studio %1</h3>Volume for flat drawings: elevation, normal maps, light.")
                       .arg(QCoreApplication::applicationVersion().toHtmlEscaped()));
     about.setInformativeText(tr("Copyright 2026 The Vallorin developers. Free software under the Apache License 2.0."));
