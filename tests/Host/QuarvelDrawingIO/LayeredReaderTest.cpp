@@ -313,6 +313,15 @@ TEST_F(LayeredReader, LayersOfOpenRasterLieFromTheBottomUp)
     EXPECT_EQ(drawing.warnings, QStringList{"blend modes are shown as normal: multiply (hat)"});
 }
 
+TEST_F(LayeredReader, ALayerOfOpenRasterThatIsInNoStackIsReadByItsName)
+{
+    writeArchive(path("bare.ora"),
+                 {{"mimetype", "image/openraster"},
+                  {"stack.xml", R"(<image w="4" h="4"><layer name="eye" src="data/eye.png"/></image>)"},
+                  {"data/eye.png", pngOf(filled(3, 2, QColor(10, 20, 30)))}});
+    EXPECT_EQ(namesOf(drawingOf(path("bare.ora"))), QStringList{"eye"});
+}
+
 TEST_F(LayeredReader, OpenRasterOfKritaShowsItsPixels)
 {
     const DIO_Drawing drawing = drawingOf(QStringLiteral(TEST_FILES "/krita.ora"));

@@ -75,7 +75,7 @@ private:
         }
         if (depth > kDeepest)
             return UT_Error{QStringLiteral("its groups lie more than %1 deep in each other").arg(kDeepest)};
-        Around own = ownOf(around, depth);
+        Around own = ownOf(around, depth == 0 && !isLayer);
         if (isLayer) {
             UT_Result<void> read = readLayer(own);
             _xml.skipCurrentElement();
@@ -89,15 +89,15 @@ private:
         return {};
     }
 
-    // What the element adds to what is around it. The root has no name.
-    Around ownOf(const Around& around, int depth)
+    // What the element adds to what is around it. The root of all stacks has no name; a layer in its place has one.
+    Around ownOf(const Around& around, bool isRoot)
     {
         Around own = around;
         bool isNumber = false;
         const double opacity = value("opacity").toDouble(&isNumber);
         own.opacity *= isNumber ? std::clamp(opacity, 0.0, 1.0) : 1.0;
         own.visible = own.visible && value("visibility") != QLatin1String("hidden");
-        if (depth == 0)
+        if (isRoot)
             return own;
         const QString name = DIO_layerName({}, value("name"));
         const QString mode = value("composite-op").remove(QLatin1String("svg:"));
