@@ -98,7 +98,7 @@ SlurmdParameters=config_overrides
 SchedulerParameters=sched_interval=2,batch_sched_delay=0
 MpiDefault=none
 ReturnToService=2
-MinJobAge=0
+MinJobAge=86400
 KillWait=10
 NodeName=farm1 NodeHostname=$host NodeAddr=127.0.0.1 Port=$first CPUs=1 RealMemory=2048 State=UNKNOWN
 NodeName=farm2 NodeHostname=$host NodeAddr=127.0.0.1 Port=$second CPUs=1 RealMemory=2048 State=UNKNOWN
