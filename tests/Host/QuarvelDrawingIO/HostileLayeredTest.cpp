@@ -143,6 +143,9 @@ TEST_F(HostileLayered, PicturesThatAreLargerThanTheirBytesAreRefusedBeforeMemory
     empty.layer("a");
     empty.packedCel(0, 0, 0, 0, 0, {});
     EXPECT_THAT(refusalOf(write(QStringLiteral("empty.ase"), empty.bytes())), HasSubstr("damaged or cut off"));
+    // The product of these sides is more than 63 bits hold.
+    const QByteArray header = QByteArray::fromHex("384250530001000000000000 0003 ffffffff fd000010 0008 0003 00000000");
+    EXPECT_THAT(refusalOf(write(QStringLiteral("sides.psd"), header)), HasSubstr("4244635664 x 4294967295 pixels"));
 }
 
 TEST_F(HostileLayered, TooManyLayersAreRefused)

@@ -38,8 +38,8 @@ UT_Result<void> DIO_PixelBudget::take(std::int64_t width, std::int64_t height)
 {
     if (width <= 0 || height <= 0)
         return DIO_damaged();
-    // Each side is a number of 32 bits, so that the product cannot overflow.
-    if (width * height > _most)
+    // The product of two numbers of 32 bits may be more than 64 bits with a sign hold.
+    if (width > _most / height)
         return UT_Error{QStringLiteral("a picture in it has %1 x %2 pixels, more than the %3 million for which "
                                        "there is memory; make it smaller")
                             .arg(width)
