@@ -25,13 +25,6 @@ namespace {
 class WindowFilesTest : public studio_testing::WindowTest
 {
 protected:
-    static QString xmlOf(const MO_Scene& scene) { return scene.toXml(); }
-
-    void change()
-    {
-        ASSERT_TRUE(document().execute(MO_frameRangeCmd(document().scene(), 1, document().scene().lastFrame() + 5)));
-        QCoreApplication::processEvents();
-    }
     QAction* actionNamed(const QString& start) const
     {
         for (QAction* const action : window->findChildren<QAction*>())
@@ -46,30 +39,6 @@ protected:
         for (int i = 1; i <= 50; ++i)
             write(QStringLiteral("long/walk_%1.svg").arg(i), studio_testing::kDisc);
         return folder.filePath(QStringLiteral("long"));
-    }
-    // What a process that was killed leaves: the files without the lock.
-    QString leaveAsAfterACrash() { return leaveAsAfterACrash(recovery.path(), QStringLiteral("crashed")); }
-    QString leaveAsAfterACrash(const QString& recoveryFolder, const QString& name)
-    {
-        EXPECT_TRUE(window->autosave().keepNow().ok());
-        const QStringList kept = QDir(recoveryFolder).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-        EXPECT_EQ(kept.size(), 1);
-        const QString to = folder.filePath(name + QStringLiteral("/session"));
-        copyFolder(QDir(recoveryFolder).filePath(kept.value(0)), to);
-        QFile::remove(to + QStringLiteral("/lock"));
-        return folder.filePath(name);
-    }
-    static void copyFolder(const QString& from, const QString& to)
-    {
-        EXPECT_TRUE(QDir().mkpath(to));
-        for (const QFileInfo& entry :
-             QDir(from).entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot)) {
-            const QString target = to + QLatin1Char('/') + entry.fileName();
-            if (entry.isDir())
-                copyFolder(entry.filePath(), target);
-            else
-                QFile::copy(entry.filePath(), target);
-        }
     }
 };
 
@@ -382,21 +351,6 @@ TEST_F(WindowFilesTest, WhatNobodyTouchedIsLeftWithoutAsking)
     EXPECT_EQ(asked, QString());
 }
 
-TEST_F(WindowFilesTest, ASceneThatWasRecoveredIsAskedAbout)
-{
-    openDisc();
-    change();
-    const QString left = leaveAsAfterACrash();
-    window.reset();
-    window = std::make_unique<MainWindow>(left);
-    window->show();
-    answerNext(QStringLiteral("Recover"));
-    EXPECT_TRUE(window->offerRecovery());
-    answerNext(QMessageBox::Cancel);
-    EXPECT_FALSE(window->close());
-    EXPECT_FALSE(asked.isEmpty());
-}
-
 TEST_F(WindowFilesTest, AfterOpeningTheNodeThatMattersIsSelected)
 {
     openDisc();
@@ -513,127 +467,6 @@ TEST_F(WindowFilesTest, ARecentFileIsOpenedOnceByADoubleClickOrByEnter)
         ASSERT_TRUE(waitForPicture());
         EXPECT_EQ(requested.size(), 1) << isKey;
     }
-}
-
-TEST_F(WindowFilesTest, ACrashLosesNothingThatWasKept)
-{
-    openDisc();
-    change();
-    const QString before = xmlOf(document().scene());
-    const QString left = leaveAsAfterACrash();
-    window.reset();
-    window = std::make_unique<MainWindow>(left);
-    window->show();
-    answerNext(QStringLiteral("Recover"));
-    window->offerRecovery();
-    EXPECT_TRUE(asked.contains(QStringLiteral("never saved"))) << qPrintable(asked);
-    EXPECT_EQ(xmlOf(document().scene()), before);
-    EXPECT_TRUE(window->isWindowModified());
-    EXPECT_FALSE(window->messages().text().isEmpty());
-}
-
-TEST_F(WindowFilesTest, ARecoveredSceneReplacesWhatOthersSavedSinceOnlyWhereToldTo)
-{
-    openDisc();
-    const QString scene = folder.filePath(QStringLiteral("disc.scene"));
-    ASSERT_TRUE(window->saveTo(scene));
-    change();
-    const QString left = leaveAsAfterACrash();
-    window.reset();
-    auto others = SIO_loadScene(scene);
-    ASSERT_TRUE(others);
-    MO_frameRangeCmd(*others->scene, 1, 9)->execute();
-    ASSERT_TRUE(SIO_saveScene(*others->scene, scene));
-    const QString theirs = xmlOf(*others->scene);
-
-    window = std::make_unique<MainWindow>(left);
-    window->show();
-    answerNext(QStringLiteral("Recover"));
-    window->offerRecovery();
-    answerNext(QMessageBox::Cancel);
-    EXPECT_FALSE(window->saveTo(scene));
-    EXPECT_TRUE(asked.contains(QStringLiteral("Another program saved \"disc\""))) << qPrintable(asked);
-    EXPECT_EQ(xmlOf(*SIO_loadScene(scene)->scene), theirs);
-}
-
-TEST_F(WindowFilesTest, ARecoveredSceneIsSavedWithoutAQuestionWhereNobodyElseSaved)
-{
-    openDisc();
-    const QString scene = folder.filePath(QStringLiteral("disc.scene"));
-    ASSERT_TRUE(window->saveTo(scene));
-    change();
-    const QString left = leaveAsAfterACrash();
-    window.reset();
-    window = std::make_unique<MainWindow>(left);
-    window->show();
-    answerNext(QStringLiteral("Recover"));
-    window->offerRecovery();
-    asked.clear();
-    EXPECT_TRUE(window->saveTo(scene));
-    EXPECT_EQ(asked, QString());
-    EXPECT_EQ(xmlOf(*SIO_loadScene(scene)->scene), xmlOf(document().scene()));
-}
-
-TEST_F(WindowFilesTest, ASceneKeepsItsNameThroughASecondCrash)
-{
-    openDisc();
-    change();
-    QString left = leaveAsAfterACrash();
-    for (int crash = 0; crash < 2; ++crash) {
-        window.reset();
-        window = std::make_unique<MainWindow>(left);
-        window->show();
-        answerNext(QStringLiteral("Recover"));
-        window->offerRecovery();
-        EXPECT_TRUE(asked.contains(QStringLiteral("\"disc\""))) << qPrintable(asked);
-        EXPECT_EQ(document().title(), QStringLiteral("disc"));
-        left = leaveAsAfterACrash(left, QStringLiteral("crashed again %1").arg(crash));
-    }
-}
-
-TEST_F(WindowFilesTest, ADrawingThatNobodyChangedIsNotKept)
-{
-    openDisc();
-    ASSERT_TRUE(window->autosave().keepNow().ok());
-    EXPECT_TRUE(QDir(recovery.path()).isEmpty()) << "it can be opened again";
-    change();
-    ASSERT_TRUE(window->autosave().keepNow().ok());
-    EXPECT_FALSE(QDir(recovery.path()).isEmpty());
-    document().undo();
-    EXPECT_TRUE(QDir(recovery.path()).isEmpty());
-}
-
-TEST_F(WindowFilesTest, WhatACrashLeftCanBeDiscarded)
-{
-    openDisc();
-    change();
-    const QString left = leaveAsAfterACrash();
-    window.reset();
-    window = std::make_unique<MainWindow>(left);
-    window->show();
-    answerNext(QStringLiteral("Discard"));
-    window->offerRecovery();
-    EXPECT_TRUE(window->autosave().left().isEmpty());
-    EXPECT_TRUE(document().scene().root().modules().empty());
-}
-
-TEST_F(WindowFilesTest, AnOrderlyEndLeavesNothingToRecover)
-{
-    openDisc();
-    change();
-    ASSERT_TRUE(window->autosave().keepNow().ok());
-    EXPECT_FALSE(QDir(recovery.path()).isEmpty());
-    window.reset();
-    EXPECT_TRUE(QDir(recovery.path()).isEmpty());
-}
-
-TEST_F(WindowFilesTest, WhatAnotherWindowKeepsIsNotOffered)
-{
-    openDisc();
-    change();
-    ASSERT_TRUE(window->autosave().keepNow().ok());
-    MainWindow other(recovery.path());
-    EXPECT_TRUE(other.autosave().left().isEmpty());
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 // The application's window with drawings made for tests, and ways to wait for what happens in the background.
 #pragma once
 
+#include "QuarvelSceneCore/editing/MO_SceneCommands.h"
 #include "studio/preview/Viewer.h"
 #include "studio/window/MainWindow.h"
 #include "studio/window/MessageBar.h"
@@ -136,6 +137,14 @@ protected:
         ASSERT_TRUE(waitForPicture()) << qPrintable(window->messages().text())
                                       << qPrintable(window->renderService().error());
     }
+
+    /// Changes something that is undone and saved.
+    void change()
+    {
+        ASSERT_TRUE(document().execute(MO_frameRangeCmd(document().scene(), 1, document().scene().lastFrame() + 5)));
+        QCoreApplication::processEvents();
+    }
+    static QString xmlOf(const MO_Scene& scene) { return scene.toXml(); }
 
     /// Answers the next question that is asked by a button, and keeps its text.
     void answerNext(QMessageBox::StandardButton button)
