@@ -1,6 +1,7 @@
 # The kinds of targets of the project. A folder is a target: its sources are the files in it.
 
 include(GenerateExportHeader)
+include(VallorinWindowsResource)
 
 # quarvel_add_library(NAME [ROOMS folder...] [PUBLIC dep...] [PRIVATE dep...])
 #
@@ -26,6 +27,7 @@ function(quarvel_add_library name)
     PUBLIC ${arg_PUBLIC}
     PRIVATE ${arg_PRIVATE} $<BUILD_INTERFACE:vallorin_compiler>)
   vallorin_use_precompiled(${name} host)
+  vallorin_describe_for_windows(${name} "Library ${name} of Quarvel")
   set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} INSTALL_RPATH "$ORIGIN"
                                            EXPORT_NAME ${name})
   install(

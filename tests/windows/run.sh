@@ -8,7 +8,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 linux=$1 zip=$2 examples=$3 programs=$4 libraries=$5
 work=$(mktemp -d)
 export WINEPREFIX=$work/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml=" QT_QPA_PLATFORM=offscreen
-trap 'wineserver -k 2>/dev/null || true; rm -rf "$work"' EXIT
+trap 'wineserver -k 2>/dev/null || true; umount "$work/small" 2>/dev/null || true; rm -rf "$work"' EXIT
 timeout 300 wine wineboot --init >/dev/null 2>&1 || { echo "skipped: Wine does not run here"; exit 77; }
 
 # The zip runs in place, from a folder whose name has blanks and letters outside ASCII.
@@ -33,6 +33,14 @@ says() {
 }
 
 cd "$work"
+
+# What Windows' own windows show of the programs.
+version=$("$linux" --version | sed 's/.* //')
+for file in bin/quarvel.exe bin/quarvel-studio.exe lib/quarvel/plugins/Vallorin/libVallorin.dll; do
+    [ "$(strings -el "$home/vallorin/$file" | grep -A 1 '^ProductVersion$' | tail -1)" = "$version" ] || fail "$file: its version"
+    passed "$file names its version"
+done
+
 cp "$examples/hero.svg" .
 sed 's/$/\r/' hero.svg >crlf.svg
 options=(--size 480 --elevation e.png --lit l.png --drawing d.exr)
@@ -100,6 +108,14 @@ says "close the programs that have it open" holding 'windows\hero.scene\scene.xm
 "$linux" set hero.scene Normal-Map.BlurScale 2 >/dev/null
 quarvel set windows/hero.scene Normal-Map.BlurScale 2 >/dev/null
 same "the file when it is free again" hero.scene/scene.xml windows/hero.scene/scene.xml
+
+# Only root can make a disk that is full soon.
+if mkdir small && mount -t tmpfs -o size=64k small small 2>/dev/null; then
+    says "the disk is full" quarvel normalmap hero.svg -o 'small\n.png'
+    [ -z "$(find small -mindepth 1)" ] || fail "a picture that found no room leaves files: $(find small -mindepth 1)"
+    passed "a full disk keeps nothing of the picture"
+    umount small
+fi
 
 echo '{"v":"5.5.0","fr":30,"ip":0,"op":30,"w":100,"h":100,"layers":[]}' >still.json
 says "not read on Windows" quarvel import still.json -o still.scene

@@ -2,6 +2,7 @@
 #include "QuarvelBaseCore/UT_DiskSync.h"
 
 #include "QuarvelBaseCore/UT_NativePath.h"
+#include "QuarvelBaseCore/UT_SystemError.h"
 
 #include <QFile>
 
@@ -39,9 +40,9 @@ bool UT_syncPath(const QString& path)
     if (descriptor < 0)
         return false;
     const bool synced = UT_syncDescriptor(descriptor);
-    const int reason = errno;
+    const int reason = UT_systemError();
     ::close(descriptor);
-    errno = reason;
+    UT_setSystemError(reason);
     return synced;
 }
 
@@ -64,7 +65,9 @@ bool UT_syncPath(const QString& path)
     if (handle == INVALID_HANDLE_VALUE)
         return false;
     const bool synced = FlushFileBuffers(handle) != 0;
+    const int reason = UT_systemError();
     CloseHandle(handle);
+    UT_setSystemError(reason);
     return synced;
 }
 #else
@@ -128,13 +131,4 @@ std::optional<QString> UT_syncPaths(const QStringList& paths)
         return std::nullopt;
     const auto missing = std::ranges::find_if_not(paths, &UT_syncPath);
     return missing == paths.end() ? std::nullopt : std::optional(*missing);
-}
-
-bool UT_saysDiskIsFull(int error)
-{
-#ifdef Q_OS_UNIX
-    if (error == EDQUOT)
-        return true;
-#endif
-    return error == ENOSPC;
 }

@@ -14,7 +14,7 @@
 /// Waits until the disk has all that was written through a descriptor. A call that a signal cut short is made again.
 /// File systems that cannot be forced to write count as having written.
 ///
-/// @return false when the disk does not have it; errno says why
+/// @return false when the disk does not have it; UT_systemError() says why
 QUARVELBASECORE_EXPORT bool UT_syncDescriptor(int descriptor);
 
 /// The same for a file or a folder by its path; the content of a folder is the names in it. Always true on systems
@@ -24,8 +24,5 @@ QUARVELBASECORE_EXPORT bool UT_syncPath(const QString& path);
 /// The same for files and folders of one file system. Of many, a single call forces all of the file system, since the
 /// disk takes milliseconds for each call, however little it writes.
 ///
-/// @return the first path that the disk does not have, errno says why; nothing when it has all of them
+/// @return the first path that the disk does not have, UT_systemError() says why; nothing when it has all of them
 QUARVELBASECORE_EXPORT std::optional<QString> UT_syncPaths(const QStringList& paths);
-
-/// Whether an error of a system call (errno) means that there is no space left.
-QUARVELBASECORE_EXPORT bool UT_saysDiskIsFull(int error);

@@ -6,12 +6,11 @@
 #include "QuarvelImageIO/IIO_AtomicFile.h"
 
 #include "QuarvelBaseCore/UT_DiskSync.h"
+#include "QuarvelBaseCore/UT_SystemError.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
-
-#include <cerrno>
 
 class IIO_AtomicFile::Device final : public QSaveFile
 {
@@ -24,7 +23,7 @@ public:
     bool sync()
     {
         if (!UT_syncDescriptor(handle()))
-            remember(qt_error_string(errno));
+            remember(qt_error_string(UT_systemError()));
         return !_failed;
     }
 
@@ -55,13 +54,13 @@ protected:
     }
 
 private:
-    // Must be called right after the failure, while errno tells its kind. Keeps the first failure, which explains the
-    // later ones.
+    // Must be called right after the failure, while UT_systemError() tells its kind. Keeps the first failure, which
+    // explains the later ones.
     void remember(const QString& reason)
     {
         if (_failed)
             return;
-        _diskIsFull = UT_saysDiskIsFull(errno);
+        _diskIsFull = UT_saysDiskIsFull(UT_systemError());
         _reason = reason;
         _failed = true;
     }
@@ -130,9 +129,9 @@ UT_Result<void> IIO_AtomicFile::open()
         return cannotWrite(_path, why);
     _device = std::make_unique<Device>(_path);
     // Unbuffered, so that every failed write shows at once and with its own reason.
-    errno = 0;
+    UT_setSystemError(0);
     if (!_device->open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return UT_saysDiskIsFull(errno)
+        return UT_saysDiskIsFull(UT_systemError())
                    ? diskIsFull(_path)
                    : cannotWrite(_path, QStringLiteral("%1; name another place").arg(_device->errorString()));
     return {};
@@ -153,6 +152,10 @@ UT_Result<void> IIO_AtomicFile::commit()
     }
     if (!_device->commit())
         return failure();
+#ifdef Q_OS_WIN
+    // A save file has no descriptor there that could be forced, the finished file has a path.
+    (void)UT_syncPath(_path);
+#endif
     // Forces the new name to the disk. A failure does not matter: after a crash of the machine, either the complete new
     // file or the old one is there.
     (void)UT_syncPath(QFileInfo(_path).absolutePath());

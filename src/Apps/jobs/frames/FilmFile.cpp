@@ -7,6 +7,7 @@
 #include "QuarvelBaseCore/UT_DiskSync.h"
 #include "QuarvelBaseCore/UT_FileName.h"
 #include "QuarvelBaseCore/UT_NativePath.h"
+#include "QuarvelBaseCore/UT_SystemError.h"
 #include "QuarvelImageIO/IIO_ApngFile.h"
 #include "jobs/frames/FilmReadBack.h"
 
@@ -15,7 +16,6 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
@@ -95,7 +95,7 @@ public:
             _process.exitCode() != 0)
             return failure();
         if (!UT_syncPath(_part))
-            return cannotWrite(qt_error_string(errno));
+            return cannotWrite(qt_error_string(UT_systemError()));
         if (const auto whole = readBackFilm(_programs, _part, _frames); !whole)
             return cannotWrite(whole.error().sentence());
         std::error_code error;

@@ -5,13 +5,13 @@
 
 #include "QuarvelBaseCore/UT_DiskSync.h"
 #include "QuarvelBaseCore/UT_NativePath.h"
+#include "QuarvelBaseCore/UT_SystemError.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
-#include <cerrno>
 #include <filesystem>
 
 namespace {
@@ -62,10 +62,10 @@ UT_Result<void> SIO_FileSystem::writeFile(const QString& path, const QByteArray&
     QFile file(path);
     // Unbuffered, so that every failed write shows at once and with its own reason. NewOnly, so that nothing is written
     // through a link with this name.
-    errno = 0;
+    UT_setSystemError(0);
     if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered) && writeAll(file, bytes))
         return {};
-    const int error = errno;
+    const int error = UT_systemError();
     return cannotWrite(path, error, file.errorString());
 }
 
@@ -112,7 +112,9 @@ UT_Result<void> SIO_FileSystem::removeFolder(const QString& path)
 
 UT_Result<void> SIO_FileSystem::sync(const QStringList& paths)
 {
-    if (const std::optional<QString> missing = UT_syncPaths(paths))
-        return cannotWrite(*missing, errno, qt_error_string(errno));
-    return {};
+    const std::optional<QString> missing = UT_syncPaths(paths);
+    if (!missing)
+        return {};
+    const int error = UT_systemError();
+    return cannotWrite(*missing, error, qt_error_string(error));
 }
