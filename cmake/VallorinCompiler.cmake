@@ -67,6 +67,10 @@ if(VALLORIN_SANITIZE)
   if(CMAKE_CXX_COMPILER_ID MATCHES "Clang" AND VALLORIN_SANITIZE MATCHES "address")
     target_compile_definitions(vallorin_compiler INTERFACE __SANITIZE_ADDRESS__=1)
   endif()
+  if(VALLORIN_SANITIZE MATCHES "thread")
+    target_sources(vallorin_compiler INTERFACE
+                   $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:${PROJECT_SOURCE_DIR}/tests/sanitizers/CloneWithOwnMemory.cpp>)
+  endif()
   # Type information crosses the plug-in's border, where the vptr check sees two copies of it.
   if(VALLORIN_SANITIZE MATCHES "undefined")
     target_compile_options(vallorin_compiler INTERFACE -fno-sanitize=vptr)
