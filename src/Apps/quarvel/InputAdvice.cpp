@@ -4,6 +4,7 @@
 #include "InputAdvice.h"
 
 #include "QuarvelBaseCore/UT_FileName.h"
+#include "QuarvelBaseCore/UT_PlainFile.h"
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
 #include "jobs/import/ImportDrawings.h"
@@ -76,8 +77,8 @@ UT_Result<void> checkIsDrawing(const QString& path)
         return folderAdvice(path);
     if (DIO_drawingKindOf(path))
         return {};
-    if (!QFileInfo::exists(path))
-        return errorOf(path, QStringLiteral("there is no such file"));
+    if (const UT_Result<void> plain = UT_checkPlainFile(path); !plain)
+        return plain.error().at(path);
     if (holdsAtlas(path))
         return errorOf(path, QStringLiteral("this is an atlas; run ") + commandFor(path));
     if (importableSuffixes().contains(UT_fileSuffix(path)))

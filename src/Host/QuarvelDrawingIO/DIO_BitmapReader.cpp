@@ -3,6 +3,7 @@
 // Bitmaps by way of Qt's image readers. Those that read drawings are left out: they would open other files.
 #include "QuarvelDrawingIO/DIO_BitmapReader.h"
 
+#include "QuarvelBaseCore/UT_PlainFile.h"
 #include "QuarvelDrawingIO/DIO_Palette.h"
 #include "QuarvelDrawingIO/private/DIO_AverageColour.h"
 #include "QuarvelDrawingIO/private/DIO_PictureForm.h"
@@ -71,13 +72,12 @@ QStringList DIO_bitmapSuffixes()
 
 UT_Result<QImage> DIO_readImage(const QString& path, QStringList& warnings)
 {
-    QImageReader reader(path);
+    QFile file(path);
+    if (const UT_Result<void> opened = UT_openPlainFile(file); !opened)
+        return problem(path, opened.error().text);
+    QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
-    const QFileInfo info(path);
-    if (!info.isFile() || !info.isReadable())
-        return problem(path, info.exists() ? QStringLiteral("the file cannot be read; may you read it?")
-                                           : QStringLiteral("there is no such file"));
     if (!isBitmapFormat(reader.format()))
         return problem(path, QStringLiteral("the contents are no picture of a known kind; is the file whole?"));
     // Asked first: once the reader of TIFF files has looked into one, it counts no more.

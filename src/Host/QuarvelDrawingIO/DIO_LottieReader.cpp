@@ -4,6 +4,7 @@
 // taken as soon as it has come, and frames of a layer that paint the same become one drawing.
 #include "QuarvelDrawingIO/DIO_LottieReader.h"
 
+#include "QuarvelBaseCore/UT_PlainFile.h"
 #include "QuarvelDrawingIO/DIO_LottieStream.h"
 #include "QuarvelDrawingIO/private/DIO_LottieArchive.h"
 #include "QuarvelDrawingIO/private/DIO_LottieDocument.h"
@@ -12,7 +13,6 @@
 #include "QuarvelDrawingIO/private/DIO_RoundedShapes.h"
 
 #include <QCryptographicHash>
-#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -29,8 +29,8 @@ UT_Error problem(const QString& path, const QString& what)
 UT_Result<QByteArray> readFile(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return problem(path, QStringLiteral("the file cannot be read: %1").arg(file.errorString()));
+    if (const UT_Result<void> opened = UT_openFile(file); !opened)
+        return problem(path, opened.error().text);
     const QByteArray bytes = file.read(kMaxFileSize + 1);
     if (bytes.size() > kMaxFileSize)
         return problem(path, QStringLiteral("the file is larger than the 64 MiB that can be read"));

@@ -3,13 +3,13 @@
 // An SVG file passes through these stages: bytes, tree, flattened document, painting on the recording device, drawing.
 #include "QuarvelDrawingIO/DIO_SvgReader.h"
 
+#include "QuarvelBaseCore/UT_PlainFile.h"
 #include "QuarvelDrawingIO/private/DIO_Gunzip.h"
 #include "QuarvelDrawingIO/private/DIO_ShapeCollector.h"
 #include "QuarvelDrawingIO/private/DIO_SvgFlattener.h"
 #include "QuarvelDrawingIO/private/DIO_SvgRecording.h"
 #include "QuarvelDrawingIO/private/DIO_SvgSize.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -67,13 +67,11 @@ QString emptyText(const QString& path, const DIO_FlatSvg& flat)
 UT_Result<DIO_Drawing> DIO_readSvg(const QString& path, DIO_Grouping grouping, DIO_Blank blank)
 {
     QFile file(path);
-    if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly)) {
-        const QString reason = QFileInfo(path).isDir() ? QStringLiteral("it is a folder") : file.errorString();
-        return UT_Error{QStringLiteral("%1: the drawing cannot be opened: %2").arg(path, reason)};
-    }
+    if (const UT_Result<void> opened = UT_openFile(file); !opened)
+        return UT_Error{QStringLiteral("%1: %2").arg(path, opened.error().text)};
     const QByteArray data = file.read(kMaxFileSize + 1);
     if (file.error() != QFileDevice::NoError)
-        return UT_Error{QStringLiteral("%1: the drawing cannot be read: %2").arg(path, file.errorString())};
+        return UT_Error{QStringLiteral("%1: the file cannot be read: %2").arg(path, file.errorString())};
     return DIO_readSvgData(data, path, grouping, blank);
 }
 

@@ -1,12 +1,12 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 #include "jobs/drawing/OwnValues.h"
 
+#include "QuarvelBaseCore/UT_PlainFile.h"
 #include "form/ReliefLayers.h"
 #include "jobs/drawing/ObjectNames.h"
 #include "jobs/drawing/ObjectWords.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -79,8 +79,8 @@ UT_Result<ObjectWishes> readFolderWishes(const QString& drawing)
     if (!QFileInfo(path).isFile())
         return ObjectWishes();
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return UT_Error{QStringLiteral("%1: it cannot be read: %2").arg(path, file.errorString())};
+    if (const UT_Result<void> opened = UT_openFile(file); !opened)
+        return UT_Error{QStringLiteral("%1: %2").arg(path, opened.error().text)};
     const QByteArray bytes = file.read(kMaxBytes + 1);
     if (bytes.size() > kMaxBytes)
         return UT_Error{QStringLiteral("%1: it is larger than 1 MiB, the most that is read of it").arg(path)};

@@ -4,12 +4,12 @@
 #include "jobs/sheets/ReadAtlas.h"
 
 #include "QuarvelBaseCore/UT_FileName.h"
+#include "QuarvelBaseCore/UT_PlainFile.h"
 #include "jobs/sheets/AtlasGodot.h"
 #include "jobs/sheets/AtlasJson.h"
 #include "jobs/sheets/AtlasText.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -47,8 +47,8 @@ UT_Result<const Kind*> kindOf(const QString& path)
 UT_Result<QByteArray> bytesOf(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return UT_Error{QStringLiteral("%1: %2").arg(path, file.errorString())};
+    if (const UT_Result<void> opened = UT_openFile(file); !opened)
+        return UT_Error{QStringLiteral("%1: %2").arg(path, opened.error().text)};
     // One byte more than is allowed, whatever size the file claims to have.
     QByteArray bytes = file.read(kMostBytes + 1);
     if (bytes.size() > kMostBytes)

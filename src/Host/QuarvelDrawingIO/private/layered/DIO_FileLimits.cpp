@@ -1,8 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 #include "QuarvelDrawingIO/private/layered/DIO_FileLimits.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "QuarvelBaseCore/UT_PlainFile.h"
+
 #include <zlib.h>
 
 QString DIO_layerName(const QString& groups, const QString& name)
@@ -19,11 +19,9 @@ UT_Error DIO_damaged()
 UT_Result<QByteArray> DIO_readBytes(const QString& path)
 {
     constexpr qint64 kMost = 1'000'000'000;
-    const QFileInfo info(path);
     QFile file(path);
-    if (!info.isFile() || !file.open(QIODevice::ReadOnly))
-        return UT_Error{info.exists() ? QStringLiteral("the file cannot be read; may you read it?")
-                                      : QStringLiteral("there is no such file")};
+    if (const UT_Result<void> opened = UT_openPlainFile(file); !opened)
+        return opened.error();
     if (file.size() > kMost)
         return UT_Error{QStringLiteral("the file is larger than the gigabyte that can be read")};
     return file.readAll();

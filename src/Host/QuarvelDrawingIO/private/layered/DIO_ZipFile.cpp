@@ -3,8 +3,9 @@
 // The size that an archive names is checked before memory is taken, and what is unpacked has to have it.
 #include "QuarvelDrawingIO/private/layered/DIO_ZipFile.h"
 
+#include "QuarvelBaseCore/UT_PlainFile.h"
+
 #include <QFile>
-#include <QFileInfo>
 #include <zip.h>
 
 namespace {
@@ -28,15 +29,14 @@ void DIO_ZipFile::Close::operator()(zip* archive) const
 
 UT_Result<DIO_ZipFile> DIO_ZipFile::open(const QString& path)
 {
-    const QFileInfo info(path);
-    if (!info.isFile() || !info.isReadable())
-        return UT_Error{info.exists() ? QStringLiteral("the file cannot be read; may you read it?")
-                                      : QStringLiteral("there is no such file")};
+    QFile file(path);
+    if (const UT_Result<void> opened = UT_openPlainFile(file); !opened)
+        return opened.error();
     int error = 0;
     zip* const archive = zip_open(QFile::encodeName(path).constData(), ZIP_RDONLY, &error);
     if (!archive)
         return UT_Error{QStringLiteral("the file is no archive, as such files are; is it whole?")};
-    return DIO_ZipFile(archive, mostUnpacked(info.size()));
+    return DIO_ZipFile(archive, mostUnpacked(file.size()));
 }
 
 bool DIO_ZipFile::contains(const QString& name) const
