@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -16,6 +17,12 @@
 class Program : public testing::Test
 {
 protected:
+    /// The files that standard input comes from and standard output goes to; none where they are empty.
+    struct Streams
+    {
+        QString input;
+        QString output;
+    };
     /// What came of a run.
     struct Outcome
     {
@@ -46,13 +53,15 @@ protected:
         return file.readAll();
     }
 
-    /// @param input the file that comes through standard input; none when it is empty
-    Outcome run(const QString& program, const QStringList& words, const QString& input = {}) const
+    Outcome run(const QString& program, const QStringList& words, const Streams& streams = {}) const
     {
         QProcess process;
         process.setWorkingDirectory(_folder.path());
-        if (!input.isEmpty())
-            process.setStandardInputFile(input);
+        process.setProcessEnvironment(environment);
+        if (!streams.input.isEmpty())
+            process.setStandardInputFile(streams.input);
+        if (!streams.output.isEmpty())
+            process.setStandardOutputFile(streams.output);
         process.start(program, words);
         EXPECT_TRUE(process.waitForFinished(120'000)) << process.errorString().toStdString();
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
@@ -67,7 +76,7 @@ protected:
     /// With a file of the folder at standard input.
     Outcome piped(const char* file, const char* words) const
     {
-        return run(QStringLiteral(QUARVEL_PROGRAM), QString::fromUtf8(words).split(QLatin1Char(' ')), path(file));
+        return run(QStringLiteral(QUARVEL_PROGRAM), QString::fromUtf8(words).split(QLatin1Char(' ')), {path(file), {}});
     }
 
     IIO_Picture read(const char* name) const
@@ -76,6 +85,8 @@ protected:
         EXPECT_TRUE(picture) << picture.error().text.toStdString();
         return std::move(*picture);
     }
+
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
 
 private:
     QTemporaryDir _folder;

@@ -3,6 +3,7 @@
 // Modules and drawings for the tests of the node graph.
 #pragma once
 
+#include "QuarvelPersistentObj/PO_XmlWriter.h"
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
 #include "QuarvelSceneCore/graph/MO_Scene.h"
 #include "QuarvelSceneCore/interfaces/MO_RenderingRequestService.h"
@@ -147,6 +148,17 @@ inline MO_ElementModule& addElement(XUGroup& group, const UT_SharedPtr<CELVEC_Kv
     exposures.setExposure(1, QStringLiteral("1"));
     element.drawingAttr()->setExposures(exposures);
     return element;
+}
+
+/// The text that would be saved of a scene.
+inline QString savedText(const MO_Scene& scene)
+{
+    QString text;
+    PO_XmlWriter writer(text);
+    writer.startDocument();
+    scene.writeXml(writer);
+    writer.endDocument();
+    return text;
 }
 
 } // namespace test_modules

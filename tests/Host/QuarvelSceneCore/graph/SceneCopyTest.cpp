@@ -4,7 +4,6 @@
 #include "Host/QuarvelSceneCore/TestModules.h"
 
 #include "QuarvelCommand/CO_CommandStack.h"
-#include "QuarvelPersistentObj/PO_XmlWriter.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 #include "QuarvelSceneCore/graph/MO_SceneCopy.h"
@@ -16,16 +15,6 @@
 using namespace test_modules;
 
 namespace {
-
-QString savedText(const MO_Scene& scene)
-{
-    QString text;
-    PO_XmlWriter writer(text);
-    writer.startDocument();
-    scene.writeXml(writer);
-    writer.endDocument();
-    return text;
-}
 
 std::unique_ptr<MO_Scene> copyOf(const MO_Scene& scene)
 {

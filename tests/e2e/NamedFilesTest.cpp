@@ -1,0 +1,169 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// What the program says and does about files and folders that are not what a command takes.
+#include "WordsFixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QRegularExpression>
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using testing::AllOf;
+using testing::HasSubstr;
+
+using NamedFiles = Words;
+
+TEST_F(NamedFiles, AnAtlasIsNotTakenForAnAnimation)
+{
+    write("atlas.json", R"({"frames": {"a": {"frame": {"x": 0, "y": 0, "w": 8, "h": 8}}},
+        "meta": {"image": "missing.png"}})");
+    for (const char* command : {"normalmap", "inspect"}) {
+        EXPECT_EQ(quarvel(QStringList{QLatin1String(command), QStringLiteral("atlas.json")}), 1);
+        EXPECT_EQ(said, "quarvel: atlas.json: this is an atlas; run quarvel normalmap --atlas atlas.json\n");
+    }
+}
+
+TEST_F(NamedFiles, APipeIsNotOpenedToSeeWhatItHolds)
+{
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path("pipe.json")).constData(), 0600), 0);
+    EXPECT_EQ(quarvel("normalmap pipe.json"), 1);
+    EXPECT_EQ(said, "quarvel: pipe.json: this is an animation; run quarvel import pipe.json\n");
+}
+
+TEST_F(NamedFiles, AFileInPlaceOfACommandIsAnsweredWithItsCommand)
+{
+    write("a.json", "{}");
+    ASSERT_EQ(quarvel("import hero.svg -o s.scene"), 0) << said;
+    EXPECT_EQ(quarvel("hero.svg"), 2);
+    EXPECT_EQ(said, "quarvel: there is no command \"hero.svg\"; did you mean quarvel normalmap hero.svg?\n");
+    EXPECT_EQ(quarvel("a.json"), 2);
+    EXPECT_THAT(said, HasSubstr("did you mean quarvel import a.json?"));
+    EXPECT_EQ(quarvel("s.scene"), 2);
+    EXPECT_THAT(said, HasSubstr("did you mean quarvel render s.scene -o n.####.png?"));
+}
+
+TEST_F(NamedFiles, AFileOfAnotherKindIsAnsweredWithTheNextStep)
+{
+    write("a.json", "{}");
+    ASSERT_TRUE(QDir(path("")).mkpath(QStringLiteral("art/empty")));
+    ASSERT_EQ(quarvel("import hero.svg -o s.scene"), 0) << said;
+    EXPECT_EQ(quarvel("normalmap a.json"), 1);
+    EXPECT_EQ(said, "quarvel: a.json: this is an animation; run quarvel import a.json\n");
+    for (const std::string missing : {"missing.svg", "missing.png", "missing.psd", "missing.json"}) {
+        EXPECT_EQ(quarvel(("normalmap " + missing).c_str()), 1);
+        EXPECT_EQ(said, "quarvel: " + missing + ": there is no such file\n");
+    }
+    EXPECT_EQ(quarvel("normalmap s.scene"), 1);
+    EXPECT_EQ(said, "quarvel: s.scene: this is a scene; run quarvel render s.scene -o n.####.png\n");
+    EXPECT_EQ(quarvel("import art -o art.scene"), 1);
+    EXPECT_EQ(said, "quarvel: art: this is a folder; write art/*.svg\n");
+    EXPECT_EQ(quarvel("normalmap art"), 2);
+    EXPECT_THAT(said, HasSubstr("art: there is no drawing in this folder"));
+    write("art/a.PNG", "");
+    EXPECT_EQ(quarvel("import art -o art.scene"), 1);
+    EXPECT_EQ(said, "quarvel: art: this is a folder; write art/*.PNG\n");
+    EXPECT_EQ(quarvel("inspect missing.svg"), 1);
+    EXPECT_EQ(said, "quarvel: missing.svg: there is no such file or folder\n");
+    for (const char* words : {"set hero.svg rate 25", "render hero.svg -o n.png"}) {
+        EXPECT_EQ(quarvel(words), 1);
+        EXPECT_EQ(
+            said,
+            "quarvel: hero.svg: this is a file, and a scene is a folder; make one of it: quarvel import hero.svg\n");
+    }
+    EXPECT_EQ(quarvel("set missing.scene rate 25"), 1);
+    EXPECT_THAT(said, HasSubstr("there is no scene \"missing.scene\""));
+}
+
+TEST_F(NamedFiles, TheNameOfAFileThatCannotBeReadStandsOnce)
+{
+    write("broken.svg", "<svg");
+    write("broken.xyz", "");
+    for (const char* words :
+         {"normalmap broken.svg", "inspect broken.svg", "normalmap none.svg", "inspect broken.xyz"}) {
+        EXPECT_EQ(quarvel(words), 1);
+        EXPECT_EQ(QString::fromStdString(said).count(QString::fromUtf8(words).section(u' ', 1)), 1) << said;
+    }
+}
+
+TEST_F(NamedFiles, AFolderKeepsItsStructure)
+{
+    ASSERT_TRUE(QDir(path("")).mkpath(QStringLiteral("art/trees/old")));
+    draw("art/hero.svg");
+    draw("art/trees/hero.svg");
+    draw("art/trees/old/oak.svg");
+    EXPECT_EQ(quarvel("normalmap art -o maps"), 0) << said;
+    for (const char* map : {"maps/hero_n.png", "maps/trees/hero_n.png", "maps/trees/old/oak_n.png"})
+        EXPECT_TRUE(exists(map)) << map;
+}
+
+TEST_F(NamedFiles, AFoldersOwnMapsAreNoDrawings)
+{
+    ASSERT_TRUE(QDir(path("")).mkdir(QStringLiteral("art")));
+    draw("art/hero.svg");
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(quarvel("normalmap art"), 0) << said;
+    EXPECT_EQ(QDir(path("art")).entryList(QDir::Files),
+              (QStringList{QStringLiteral("hero.svg"), QStringLiteral("hero_n.png")}));
+}
+
+TEST_F(NamedFiles, AFileWhoseNameIsNoTextIsNamedAndLeftAlone)
+{
+    const QByteArray folder = QFile::encodeName(path("in"));
+    ASSERT_EQ(::mkdir(folder.constData(), 0700), 0);
+    draw("in/good.svg");
+    const QByteArray bad = folder + "/caf\xe9.svg";
+    const int file = ::open(bad.constData(), O_CREAT | O_WRONLY, 0600);
+    if (file < 0)
+        GTEST_SKIP() << "this file system takes names in UTF-8 only";
+    ::close(file);
+
+    EXPECT_EQ(quarvel("normalmap in -o out"), 0);
+    EXPECT_THAT(said, HasSubstr("in: warning: left out: files whose names are not UTF-8 (1); rename them"));
+    EXPECT_TRUE(exists("out/good_n.png"));
+    // A shell passes the bytes as they are; QProcess passes texts only.
+    EXPECT_EQ(run(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), QStringLiteral("exec \"$0\" normalmap in/caf*.svg"),
+                                              QStringLiteral(QUARVEL_PROGRAM)}),
+              1);
+    EXPECT_THAT(said, AllOf(HasSubstr("in/caf\\xe9.svg: the name is not UTF-8"), HasSubstr("rename it")));
+    EXPECT_EQ(::unlink(bad.constData()), 0);
+}
+
+TEST_F(NamedFiles, APictureThatDoesNotFitInMemoryIsRefusedWithTheSizeThatDoes)
+{
+    // What a scheduler gives to a job, in MiB.
+    environment.insert(QStringLiteral("SLURM_MEM_PER_NODE"), QStringLiteral("16"));
+    EXPECT_EQ(quarvel("normalmap hero.svg --size 4000"), 1);
+    const QRegularExpressionMatch fits =
+        QRegularExpression(QStringLiteral("; (\\d+ x \\d+) pixels fit")).match(QString::fromStdString(said));
+    ASSERT_TRUE(fits.hasMatch()) << said;
+    EXPECT_EQ(entries(), (QStringList{QStringLiteral("hero.svg"), QStringLiteral("tree.svg")}));
+    EXPECT_EQ(quarvel(QStringLiteral("normalmap hero.svg --size ").split(u' ', Qt::SkipEmptyParts) +
+                      QStringList(fits.captured(1).remove(u' '))),
+              0)
+        << said;
+}
+
+// 37 million pixels, which take 149 MB.
+TEST_F(NamedFiles, ABitmapMayBeAsLargeAsTheMemoryOfTheJobAllows)
+{
+    QImage large(6200, 6000, QImage::Format_Indexed8);
+    large.setColorTable({qRgba(0, 0, 0, 0), qRgb(200, 80, 40)});
+    large.fill(0);
+    for (int y = 1000; y < 5000; ++y)
+        std::fill_n(large.scanLine(y) + 1000, 4000, uchar{1});
+    ASSERT_TRUE(large.save(path("large.png")));
+    EXPECT_EQ(quarvel("normalmap large.png --size 62 -o map.png"), 0) << said;
+    EXPECT_EQ(QImage(path("map.png")).size(), QSize(62, 60));
+
+    environment.insert(QStringLiteral("SLURM_MEM_PER_NODE"), QStringLiteral("500"));
+    EXPECT_EQ(quarvel("normalmap large.png --size 62 -o other.png"), 1);
+    EXPECT_THAT(said, HasSubstr("6200 x 6000 pixels, more than the 33 million for which there is memory"));
+    EXPECT_FALSE(entries().contains(QStringLiteral("other.png")));
+}
