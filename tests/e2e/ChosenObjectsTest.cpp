@@ -19,6 +19,13 @@ const char* const kFigure = R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="
 <circle cx="48" cy="50" r="9" fill="#3344cc"/>
 </svg>)";
 
+// The chosen options as a shell takes them: lines that end with a backslash are joined.
+QString optionsIn(const QString& output)
+{
+    const QString joined = output.section(QStringLiteral("chosen: "), 1).remove(QStringLiteral("\\\n"));
+    return joined.section(QLatin1Char('\n'), 0, 0).simplified();
+}
+
 class ChosenObjectsOfAFigure : public Program
 {
 protected:
@@ -29,9 +36,10 @@ TEST_F(ChosenObjectsOfAFigure, GiveTheSameBytesWhenTheirValuesArePastedAsOptions
 {
     const Outcome chosen = quarvel("normalmap figure.svg -o chosen.png");
     ASSERT_EQ(chosen.exitCode, 0) << chosen.messages;
-    const QString options = chosen.text().section(QStringLiteral("chosen: "), 1).section(QLatin1Char('\n'), 0, 0);
+    const QString options = optionsIn(chosen.text());
     ASSERT_TRUE(options.startsWith(QStringLiteral("--object 1:bevel="))) << chosen.output;
     EXPECT_EQ(options.count(QStringLiteral("--object")), 3);
+    EXPECT_EQ(chosen.text().count(QStringLiteral("\n        --object")), 2) << "a line each, below each other";
     const Outcome pasted = quarvel("normalmap figure.svg -o pasted.png --shape rim " + options);
     ASSERT_EQ(pasted.exitCode, 0) << pasted.messages;
     EXPECT_EQ(bytes("chosen.png"), bytes("pasted.png"));
@@ -43,7 +51,7 @@ TEST_F(ChosenObjectsOfAFigure, AreToldWithTheValuesThatWereSaidForThem)
 {
     const Outcome chosen = quarvel("normalmap figure.svg -o chosen.png --bevel 24 --object 2:elevation=0.5");
     ASSERT_EQ(chosen.exitCode, 0) << chosen.messages;
-    const QString options = chosen.text().section(QStringLiteral("chosen: "), 1).section(QLatin1Char('\n'), 0, 0);
+    const QString options = optionsIn(chosen.text());
     EXPECT_EQ(options.count(QStringLiteral(":bevel=24:")), 3) << qPrintable(options);
     EXPECT_TRUE(options.contains(QStringLiteral("--object 2:bevel=24:elevation=0.5:"))) << qPrintable(options);
     ASSERT_EQ(quarvel("normalmap figure.svg -o pasted.png " + options).exitCode, 0);

@@ -107,7 +107,7 @@ private:
 
     UT_Result<void> renderAlone(const LayeredDrawing& drawing, const OutputFiles& files)
     {
-        _chosen = QStringLiteral("chosen: %1").arg(chosenFor(drawing));
+        _chosen = chosenFor(drawing);
         const auto rendered = render(drawing, _options.settings, files);
         if (!rendered)
             return rendered.error();
@@ -143,9 +143,13 @@ private:
     QString chosenFor(const LayeredDrawing& drawing) const
     {
         constexpr std::size_t kFitScreen = 24;
-        if (drawing.layers.size() <= kFitScreen)
-            return objectOptions(drawing, _options.settings);
-        return QStringLiteral("%1 objects; quarvel inspect %2 lists them").arg(drawing.layers.size()).arg(_drawing);
+        const QString heading = QStringLiteral("chosen: ");
+        if (drawing.layers.size() > kFitScreen)
+            return heading +
+                   QStringLiteral("%1 objects; quarvel inspect %2 lists them").arg(drawing.layers.size()).arg(_drawing);
+        // A line for each, which shells join when all are pasted.
+        const QString next = QStringLiteral(" \\\n") + QString(heading.size(), u' ');
+        return heading + objectOptions(drawing, _options.settings).join(next);
     }
 
     void show(double done) { _progress.show(_task.index, done, _drawing); }

@@ -162,21 +162,21 @@ QJsonArray objectFields(const ReadDrawing& read)
     return all;
 }
 
-QString objectOptions(const LayeredDrawing& drawing, const ObjectWishes& said)
+QStringList objectOptions(const LayeredDrawing& drawing, const ObjectWishes& said)
 {
-    QStringList words;
+    QStringList options;
     for (std::size_t i = 0; i < drawing.layers.size(); ++i) {
         const LayeredDrawing::Layer& layer = drawing.layers[i];
         const ObjectSettings given = merged(wishesFor(said, static_cast<int>(i) + 1, {layer.name}), layer.own);
         if (given.relief.value_or(0.0) != 0.0)
             continue;
         const ObjectForm form = formWith(given, layer);
-        words << QStringLiteral("--object %1:bevel=%2:elevation=%3:smoothness=%4")
-                     .arg(i + 1)
-                     .arg(PO_formatDouble(form.bevel), PO_formatDouble(form.elevation),
-                          PO_formatDouble(form.smoothness));
+        options << QStringLiteral("--object %1:bevel=%2:elevation=%3:smoothness=%4")
+                       .arg(i + 1)
+                       .arg(PO_formatDouble(form.bevel), PO_formatDouble(form.elevation),
+                            PO_formatDouble(form.smoothness));
     }
-    return words.join(u' ');
+    return options;
 }
 
 QImage paintObjects(const LayeredDrawing& drawing, int width)

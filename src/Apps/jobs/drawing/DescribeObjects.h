@@ -7,6 +7,7 @@
 
 #include <QImage>
 #include <QJsonArray>
+#include <QStringList>
 
 /// A share of the picture, 0 to 1, in per cent.
 QString shareInWords(double share);
@@ -19,10 +20,10 @@ QString describeObjects(const ReadDrawing& read);
 /// and why for each.
 QJsonArray objectFields(const ReadDrawing& read);
 
-/// The objects' values as words of a command line: --object 1:bevel=53.2:elevation=1.42:smoothness=2 and so on. They
-/// give the same picture again: what is said of an object holds before what the drawing says, and this before what was
-/// chosen.
-QString objectOptions(const LayeredDrawing& drawing, const ObjectWishes& said);
+/// The objects' values as words of a command line: --object 1:bevel=53.2:elevation=1.42:smoothness=2 and so on, an item
+/// for each. They give the same picture again: what is said of an object holds before what the drawing says, and this
+/// before what was chosen.
+QStringList objectOptions(const LayeredDrawing& drawing, const ObjectWishes& said);
 
 /// Paints each object in a colour of its own, with its number.
 ///
