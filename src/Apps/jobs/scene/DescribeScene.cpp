@@ -6,11 +6,13 @@
 #include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
+#include "QuarvelSceneCore/attributes/AT_StringAttr.h"
 #include "QuarvelSceneCore/graph/MO_Lighting.h"
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "jobs/scene/AttributeWords.h"
 #include "jobs/scene/ObjectList.h"
+#include "jobs/shown/NormalMapNode.h"
 
 #include <QJsonArray>
 #include <QStringList>
@@ -45,6 +47,27 @@ int depthOf(const MO_Module& module)
     return depth;
 }
 
+bool isFullLevel(const NormalMapColour& colour)
+{
+    return colour.level == NormalMapColour().level;
+}
+
+// Whether an attribute is a colour table that the import made and nobody changed: it lists all colours of the palettes,
+// each at its full level.
+bool isImportedColourTable(const MO_Module& module, const AT_Attr& attr)
+{
+    const MO_SceneCommon* const scene = module.sceneCommon();
+    const auto* const text = dynamic_cast<const AT_StringAttr*>(&attr);
+    if (!NormalMapNode::is(module) || attr.keyword() != NormalMapNode::colourTableKey() || !scene || !text)
+        return false;
+    const std::vector<NormalMapColour> table = coloursOfTable(text->localValue());
+    const auto isListed = [&](const auto& colour) {
+        return std::ranges::find(table, colour->GetColorId(), &NormalMapColour::id) != table.end();
+    };
+    const auto areListed = [&](const auto& palette) { return std::ranges::all_of(palette->colors(), isListed); };
+    return std::ranges::all_of(table, isFullLevel) && std::ranges::all_of(scene->palettes(), areListed);
+}
+
 std::vector<AT_Attr*> toldAttributes(const MO_Module& module, DescribedAttributes which)
 {
     std::vector<AT_Attr*> told;
@@ -52,7 +75,8 @@ std::vector<AT_Attr*> toldAttributes(const MO_Module& module, DescribedAttribute
     for (AT_Attr* attr : module.attrs()) {
         const AT_Attr* const standard = fresh ? fresh->findAttr(attr->keyword()) : nullptr;
         const auto* const simple = dynamic_cast<const AT_SimpleAttr*>(attr);
-        const bool isChanged = !standard || (simple && simple->link()) || !attr->equals(*standard);
+        const bool isChanged = !standard || (simple && simple->link()) ||
+                               !(attr->equals(*standard) || isImportedColourTable(module, *attr));
         if (isChanged || which == DescribedAttributes::ALL)
             told.push_back(attr);
     }
@@ -67,7 +91,7 @@ void describeAttributes(const MO_Module& module, DescribedAttributes which, cons
 
 void describeModules(const MO_Scene& scene, DescribedAttributes which, QStringList& lines)
 {
-    lines << QStringLiteral("modules");
+    lines << QStringLiteral("nodes");
     const MO_Module* const output = scene.outputModule();
     scene.root().forEachModule([&](const MO_Module& module) {
         const QString indent(2 + 2 * depthOf(module), u' ');

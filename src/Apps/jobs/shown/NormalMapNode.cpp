@@ -14,7 +14,6 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -75,6 +74,11 @@ const QString& NormalMapNode::keyword()
 const QString& NormalMapNode::objectTableKey()
 {
     return kObjects;
+}
+
+const QString& NormalMapNode::colourTableKey()
+{
+    return kColours;
 }
 
 QString NormalMapNode::keyCalled(const QString& name)

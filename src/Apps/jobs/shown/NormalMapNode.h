@@ -91,6 +91,8 @@ public:
     ///
     /// @param table as objectTableText() makes it
     void setObjects(const QString& table) const;
+    /// The key of the colour table's attribute.
+    static const QString& colourTableKey();
     /// The colour table.
     std::vector<NormalMapColour> colours() const;
     /// The undoable change of the colour table; it merges with the next one. Null when nothing would change.
