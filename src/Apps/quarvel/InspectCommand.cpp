@@ -17,8 +17,6 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
-#include <cstdio>
-
 namespace {
 
 constexpr int kExplainedWidth = 1024;
@@ -175,7 +173,7 @@ QString inspectHelp()
   quarvel inspect DRAWING... [options]
   quarvel inspect FRAME...
 
-Of a scene: its frames, the lights, the modules with what flows into them, the attributes that were changed (--all: every
+Of a scene: its frames, the lights, the nodes with what flows into them, the attributes that were changed (--all: every
 attribute), the elements with their drawings, the objects with their shares of the picture, values and colours, and the
 palettes. Values are written as "quarvel set" takes them.
 

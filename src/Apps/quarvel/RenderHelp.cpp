@@ -37,7 +37,7 @@ Files
 What is rendered
       --frames RANGE    1-10, 1-10x2 (every second), 1,3,7-9, -5--1; also 1..10, 1-10:2 and blanks between them, as
                         schedulers write it. Default: all of the scene
-      --node NAME       the module whose picture is rendered; default: what the scene's display shows
+      --node NAME       the node whose picture is rendered; default: what the scene's display shows
       --as KIND         what its picture is taken for: normals, elevation or colours. Default: what the graph says,
                         normals for a Vallorin node and colours for anything else
       --resolution WxH  the size in pixels; W alone takes the height from the scene's shape. Default: 1920 wide

@@ -13,7 +13,6 @@
 #include "jobs/scene/SetObjects.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <optional>
 
 namespace {
@@ -178,7 +177,7 @@ QString setHelp()
         "  quarvel set SCENE WHAT VALUE...\n"
         "  quarvel set SCENE --object N:...\n"
         "\n"
-        "\"quarvel inspect SCENE\" lists the modules and their attributes.\n"
+        "\"quarvel inspect SCENE\" lists the nodes and their attributes.\n"
         "\n"
         "Values of single objects\n"
         "      --object N:...   sets one object's values, in the words of quarvel normalmap; all other objects stay\n"
@@ -198,7 +197,7 @@ QString setHelp()
         "stay;\n"
         "                                                               '' takes all out\n"
         "  quarvel set walk.scene Hero.Drawing 1:walk_1 3:walk_2 9:     drawings from frames on; none from 9 on\n"
-        "  quarvel set walk.scene Hero.name Heroine                     a module's name\n"
+        "  quarvel set walk.scene Hero.name Heroine                     a node's name\n"
         "  quarvel set walk.scene Hero.enabled no                       its switch\n"
         "  quarvel set walk.scene .TruckFactor 1:1 48:1.4               the camera\n"
         "  quarvel set walk.scene .Light1.Intensity 1:0 12:1.5          a light, counted from 1\n"

@@ -101,7 +101,7 @@ private:
         auto* const element = dynamic_cast<MO_ElementModule*>(module);
         const bool isOpaque = dynamic_cast<MO_OpaqueModule*>(module) != nullptr;
         if (!element && !isOpaque)
-            return at(entry.line, Texts::tr("the scene has no module \"%1\" with drawings").arg(entry.module));
+            return at(entry.line, Texts::tr("the scene has no node \"%1\" with drawings").arg(entry.module));
         SIO_Scene::Kept kept{entry, {}};
         for (const SIO_Index::Drawing& drawing : entry.drawings) {
             auto bytes = _files.read(entry.pathOf(drawing));

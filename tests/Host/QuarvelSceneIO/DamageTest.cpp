@@ -116,7 +116,7 @@ TEST_F(DamagedScene, EverySenselessValueHasItsLine)
     expectError("a1.xml, line 2: the palette's identifier");
     put(kPalette, whole.value(kPalette));
     edit(text("scene.xml"), "module=\"Only 1\"", "module=\"Composite\"");
-    expectError("the scene has no module \"Composite\" with drawings");
+    expectError("the scene has no node \"Composite\" with drawings");
     put(text("scene.xml"), "<?xml version=\"1.0\"?>\n<quarvelScene/>\n");
     expectError("scene.xml, line 2: there is no <scene>");
 }

@@ -63,7 +63,7 @@ TEST(SceneRoundTrip, AGraphHasAsManyModulesAsCanBeLoaded)
     scene.root().emplace<MO_GlueModule>();
     const auto files = SIO_sceneFiles(scene, QString());
     ASSERT_FALSE(files);
-    EXPECT_EQ(files.error().text, text("the graph would have more than 30000 modules"));
+    EXPECT_EQ(files.error().text, text("the graph would have more than 30000 nodes"));
 }
 
 TEST(SceneRoundTrip, GroupsLieInEachOtherAsDeepAsCanBeLoaded)

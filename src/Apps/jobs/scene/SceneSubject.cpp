@@ -257,9 +257,9 @@ UT_Error unknownSubject(const MO_Scene& scene, const QString& subject, const QSt
 {
     const QStringList modules = moduleNames(scene);
     if (!node.isEmpty())
-        return error(QStringLiteral("there is no module \"%1\"; %2")
+        return error(QStringLiteral("there is no node \"%1\"; %2")
                          .arg(node, proposal(node, modules, QStringLiteral("there is"))));
-    return error(QStringLiteral("expected MODULE.ATTRIBUTE, the module one of %1, or lights, rate, frames, height, "
+    return error(QStringLiteral("expected NODE.ATTRIBUTE, the node one of %1, or lights, rate, frames, height, "
                                 ".TruckFactor or an attribute of the lights such as .Light1.Intensity, got \"%2\"")
                      .arg(namesForPeople(modules), subject));
 }

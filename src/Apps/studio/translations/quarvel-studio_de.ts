@@ -1251,8 +1251,8 @@ Punktlicht: von dort, wo das Licht steht, mit der Entfernung schwächer</transla
         <translation>„%1“</translation>
     </message>
     <message>
-        <source>%1 Modules</source>
-        <translation>%1 Module</translation>
+        <source>%1 Nodes</source>
+        <translation>%1 Knoten</translation>
     </message>
     <message>
         <source>Add %1</source>
@@ -1401,8 +1401,8 @@ Punktlicht: von dort, wo das Licht steht, mit der Entfernung schwächer</transla
 <context>
     <name>MO_Module</name>
     <message>
-        <source>The element &lt;%1&gt; at line %2 is no module of the kind &quot;%3&quot;</source>
-        <translation>Das Element &lt;%1&gt; in Zeile %2 ist kein Modul der Art „%3“</translation>
+        <source>The element &lt;%1&gt; at line %2 is no node of the kind &quot;%3&quot;</source>
+        <translation>Das Element &lt;%1&gt; in Zeile %2 ist kein Knoten der Art „%3“</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not understood by this version of the program</source>
@@ -1488,9 +1488,9 @@ Punktlicht: von dort, wo das Licht steht, mit der Entfernung schwächer</transla
     </message>
     <message>
         <source>The scene is empty.
-Drop drawings here, or add modules in the node view.</source>
+Drop drawings here, or add nodes in the node view.</source>
         <translation>Die Szene ist leer.
-Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu.</translation>
+Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu.</translation>
     </message>
     <message>
         <source>Rendering...</source>
@@ -1705,16 +1705,16 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <translation>&amp;Löschen</translation>
     </message>
     <message>
-        <source>Deletes the selected modules</source>
-        <translation>Löscht die ausgewählten Module</translation>
+        <source>Deletes the selected nodes</source>
+        <translation>Löscht die ausgewählten Knoten</translation>
     </message>
     <message>
         <source>Ctrl+D</source>
         <translation>Ctrl+D</translation>
     </message>
     <message>
-        <source>Copies the selected modules</source>
-        <translation>Kopiert die ausgewählten Module</translation>
+        <source>Copies the selected nodes</source>
+        <translation>Kopiert die ausgewählten Knoten</translation>
     </message>
     <message>
         <source>&amp;Drawing</source>
@@ -2701,8 +2701,8 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
 <context>
     <name>RD_SoftRenderer</name>
     <message>
-        <source>more than %1 modules follow each other in the graph</source>
-        <translation>mehr als %1 Module folgen im Graphen aufeinander</translation>
+        <source>more than %1 nodes follow each other in the graph</source>
+        <translation>mehr als %1 Knoten folgen im Graphen aufeinander</translation>
     </message>
     <message>
         <source>the drawings are reached on too many paths through the graph</source>
@@ -2924,8 +2924,8 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Module hinzu
         <translation>%1, Zeile %2: %3</translation>
     </message>
     <message>
-        <source>the scene has no module &quot;%1&quot; with drawings</source>
-        <translation>die Szene hat kein Modul „%1“ mit Zeichnungen</translation>
+        <source>the scene has no node &quot;%1&quot; with drawings</source>
+        <translation>die Szene hat keinen Knoten „%1“ mit Zeichnungen</translation>
     </message>
     <message>
         <source>the scene &quot;%1&quot; is being saved again and again; try later</source>
@@ -3350,16 +3350,16 @@ Schalten Sie in seinen Eigenschaften „Normalen erzeugen“ ein.</translation>
         <translation>&lt;%1&gt; versteht diese Version nicht</translation>
     </message>
     <message>
-        <source>Line %1: a graph with more than %2 modules is not read</source>
-        <translation>Zeile %1: Ein Graph mit mehr als %2 Modulen wird nicht gelesen</translation>
+        <source>Line %1: a graph with more than %2 nodes is not read</source>
+        <translation>Zeile %1: Ein Graph mit mehr als %2 Knoten wird nicht gelesen</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is of the unknown kind &quot;%2&quot;; it is kept as it is</source>
         <translation>„%1“ ist von der unbekannten Art „%2“; es bleibt, wie es ist</translation>
     </message>
     <message>
-        <source>A second module &quot;%1&quot; is called &quot;%2&quot; now</source>
-        <translation>Ein zweites Modul „%1“ heißt jetzt „%2“</translation>
+        <source>A second node &quot;%1&quot; is called &quot;%2&quot; now</source>
+        <translation>Ein zweiter Knoten „%1“ heißt jetzt „%2“</translation>
     </message>
     <message>
         <source>The link leads from or to nowhere and is left out</source>
@@ -3370,8 +3370,8 @@ Schalten Sie in seinen Eigenschaften „Normalen erzeugen“ ein.</translation>
         <translation>„%1“ versteht diese Version nicht</translation>
     </message>
     <message>
-        <source>the graph would have more than %1 modules</source>
-        <translation>der Graph hätte mehr als %1 Module</translation>
+        <source>the graph would have more than %1 nodes</source>
+        <translation>der Graph hätte mehr als %1 Knoten</translation>
     </message>
     <message>
         <source>more than %1 groups would lie in each other</source>

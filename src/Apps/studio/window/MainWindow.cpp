@@ -216,7 +216,7 @@ void MainWindow::renderStateChanged()
     if (!_renders.error().isEmpty())
         _viewer->setMessage(tr("This frame cannot be shown:\n%1").arg(_renders.error()));
     else if (empty)
-        _viewer->setMessage(tr("The scene is empty.\nDrop drawings here, or add modules in the node view."));
+        _viewer->setMessage(tr("The scene is empty.\nDrop drawings here, or add nodes in the node view."));
     else
         _viewer->setMessage(_renders.isRendering() ? tr("Rendering...") : QString());
     _viewer->setProgress(_renders.isRendering() ? 0.0 : -1.0);

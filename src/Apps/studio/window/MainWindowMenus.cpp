@@ -132,9 +132,9 @@ void MainWindow::makeEditActions()
                        [this] { _document.undo(); }},
                       {_redo, "redo", tr("&Redo"), QKeySequence::Redo, tr("Repeats the change that was undone"),
                        [this] { _document.redo(); }},
-                      {_delete, nullptr, tr("&Delete"), QKeySequence::Delete, tr("Deletes the selected modules"),
+                      {_delete, nullptr, tr("&Delete"), QKeySequence::Delete, tr("Deletes the selected nodes"),
                        [this] { deleteSelected(); }},
-                      {_duplicate, nullptr, tr("Dup&licate"), tr("Ctrl+D"), tr("Copies the selected modules"),
+                      {_duplicate, nullptr, tr("Dup&licate"), tr("Ctrl+D"), tr("Copies the selected nodes"),
                        [this] { duplicateSelected(); }}});
     // The views have keys of their own for these, which must not be ambiguous.
     for (QAction* const action : {_delete, _duplicate}) {

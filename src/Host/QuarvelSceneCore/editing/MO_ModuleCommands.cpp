@@ -125,7 +125,7 @@ std::vector<ModulesCmd::Entry> entriesOf(const XUGroup& group, const std::vector
 QString quoted(const std::vector<MO_Module*>& modules)
 {
     return modules.size() == 1 ? MO_CommandTexts::tr("\"%1\"").arg(modules.front()->instanceName())
-                               : MO_CommandTexts::tr("%1 Modules").arg(modules.size());
+                               : MO_CommandTexts::tr("%1 Nodes").arg(modules.size());
 }
 
 } // namespace

@@ -70,7 +70,7 @@ int groupsInEachOther(const MO_Module& module)
 UT_Result<void> checkExtent(int modules, int groupsInEachOther)
 {
     if (modules > XUGroup::kMaxModulesInFile)
-        return UT_Error{Texts::tr("the graph would have more than %1 modules").arg(XUGroup::kMaxModulesInFile),
+        return UT_Error{Texts::tr("the graph would have more than %1 nodes").arg(XUGroup::kMaxModulesInFile),
                         UT_ErrorKind::REFUSED};
     if (groupsInEachOther > XUGroup::kMaxDepthInFile)
         return UT_Error{Texts::tr("more than %1 groups would lie in each other").arg(XUGroup::kMaxDepthInFile),
@@ -223,7 +223,7 @@ UT_Result<void> XUGroup::readModule(const QDomElement& element, QHash<QString, M
                                     QStringList* warnings)
 {
     if (outermost()._names.size() >= kMaxModulesInFile)
-        return UT_Error{Texts::tr("Line %1: a graph with more than %2 modules is not read")
+        return UT_Error{Texts::tr("Line %1: a graph with more than %2 nodes is not read")
                             .arg(element.lineNumber())
                             .arg(kMaxModulesInFile)};
     const QString type = PO_attribute(element, QStringLiteral("type"));
@@ -248,7 +248,7 @@ UT_Result<void> XUGroup::readModule(const QDomElement& element, QHash<QString, M
         return *group->_graphError;
     if (module.instanceName() != fileName)
         addWarning(warnings, element,
-                   Texts::tr("A second module \"%1\" is called \"%2\" now").arg(fileName, module.instanceName()));
+                   Texts::tr("A second node \"%1\" is called \"%2\" now").arg(fileName, module.instanceName()));
     return {};
 }
 

@@ -162,11 +162,10 @@ TEST_F(SetInScene, MistakesSayWhatWasMeantToStandThere)
 TEST_F(SetInScene, AMistypedSubjectIsAnsweredWithTheNearest)
 {
     hero.setInstanceName(QStringLiteral("Hero-Body"));
-    EXPECT_THAT(errorOf("HeroBody.ScaleX", {"1"}),
-                HasSubstr("there is no module \"HeroBody\"; did you mean Hero-Body?"));
+    EXPECT_THAT(errorOf("HeroBody.ScaleX", {"1"}), HasSubstr("there is no node \"HeroBody\"; did you mean Hero-Body?"));
     EXPECT_THAT(errorOf("Hero-Body.SkaleX", {"1"}), HasSubstr("did you mean ScaleX?"));
     EXPECT_THAT(errorOf(".Light1.Intensiti", {"1"}), HasSubstr("did you mean Intensity?"));
-    EXPECT_THAT(errorOf("bla", {"1"}), HasSubstr("expected MODULE.ATTRIBUTE, the module one of Hero-Body, or lights"));
+    EXPECT_THAT(errorOf("bla", {"1"}), HasSubstr("expected NODE.ATTRIBUTE, the node one of Hero-Body, or lights"));
 }
 
 TEST_F(SetInScene, TheAnswerHoldsWhatWasTypedAndBothValues)

@@ -22,7 +22,7 @@ namespace {
 UT_Error tooDeep()
 {
     const QString text =
-        QCoreApplication::translate("RD_SoftRenderer", "more than %1 modules follow each other in the graph");
+        QCoreApplication::translate("RD_SoftRenderer", "more than %1 nodes follow each other in the graph");
     return {text.arg(RD_ScriptContext::kMaxDepth), UT_ErrorKind::REFUSED};
 }
 
