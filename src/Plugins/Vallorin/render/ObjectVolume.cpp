@@ -42,7 +42,7 @@ UT_SharedPtr<CEL_PixmapAreaZ> blurredMask(const CEL_PixmapAreaZ& mask, const Vol
     const double size = filterSize(settings, mask.canvasRect());
     FilterImage filter(0, 0);
     BlurAlgo::getGaussianFilter(filter, size, size, true);
-    auto blurred = BlurAlgo::blur(mask, filter, mask.canvasRect(), kRedAlone, static_cast<BlurAlgo::PaddingType>(0))
+    auto blurred = BlurAlgo::blur(mask, filter, mask.canvasRect(), kRedAlone, BlurAlgo::TRANSPARENT_PADDING)
                        .dynamicCast<CEL_PixmapAreaZ>();
     if (blurred)
         blurred->clipToCanvas();

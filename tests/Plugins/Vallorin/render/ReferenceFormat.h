@@ -134,8 +134,7 @@ RefPictureOf<Pixel> productionBlur(const RefPictureOf<Pixel>& mask, double sigma
     FilterImage filter(0, 0);
     BlurAlgo::getGaussianFilter(filter, sigma, sigma, true);
     const auto pixmap = fromRef<Pixel>(mask);
-    const auto blurred =
-        BlurAlgo::blur(*pixmap, filter, pixmap->canvasRect(), 2, static_cast<BlurAlgo::PaddingType>(0));
+    const auto blurred = BlurAlgo::blur(*pixmap, filter, pixmap->canvasRect(), 2, BlurAlgo::TRANSPARENT_PADDING);
     return toRef<Pixel>(*blurred.template dynamicCast<CEL_PixmapOf<Pixel>>());
 }
 

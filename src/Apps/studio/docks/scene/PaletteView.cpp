@@ -50,7 +50,7 @@ PaletteView::PaletteView(StudioDocument& document, QWidget* parent)
     setFocusProxy(_tree);
 
     connect(_tree, &QTreeWidget::itemChanged, this, &PaletteView::takeEdit);
-    connect(_tree, &QTreeWidget::currentItemChanged, this, &PaletteView::update);
+    connect(_tree, &QTreeWidget::currentItemChanged, this, &PaletteView::showWhatCanBePicked);
     connect(_pick, &QPushButton::clicked, this, &PaletteView::pickColor);
     connect(&_document, &StudioDocument::sceneReplaced, this, &PaletteView::rebuild);
     connect(&_document, &StudioDocument::sceneChanged, this, &PaletteView::refresh);
@@ -107,7 +107,7 @@ void PaletteView::rebuild()
         top->setExpanded(true);
     }
     _editable = true;
-    update();
+    showWhatCanBePicked();
 }
 
 PaletteView::Row PaletteView::rowOf(const QTreeWidgetItem* item) const
@@ -123,7 +123,7 @@ PaletteView::Row PaletteView::rowOf(const QTreeWidgetItem* item) const
     return {palette, palette->colors()[place]->GetColorId()};
 }
 
-void PaletteView::update()
+void PaletteView::showWhatCanBePicked()
 {
     const Row row = rowOf(_tree->currentItem());
     _pick->setEnabled(row.palette && !row.color.isNull());

@@ -47,7 +47,7 @@ private:
     void rebuild();
     void takeEdit(QTreeWidgetItem* item, int column);
     Row rowOf(const QTreeWidgetItem* item) const;
-    void update();
+    void showWhatCanBePicked();
 
     StudioDocument& _document;
     QTreeWidget* _tree;
