@@ -59,8 +59,8 @@ function(quarvel_install_room name room)
   endforeach()
 endfunction()
 
-# vallorin_leave_out_tests(LIST): for another system, removes from the list those sources that need POSIX, and the tests of properties in
-# folders other than those of VALLORIN_PROPERTIES_ELSEWHERE.
+# vallorin_leave_out_tests(LIST): for another system, removes from the list those sources that need POSIX, and the tests
+# of properties in folders other than those of VALLORIN_PROPERTIES_ELSEWHERE.
 function(vallorin_leave_out_tests list)
   set(needs "<sys/|<unistd|\"Limits.h\"")
   if(NOT CMAKE_CURRENT_SOURCE_DIR MATCHES "${VALLORIN_PROPERTIES_ELSEWHERE}")
@@ -80,8 +80,8 @@ endfunction()
 # vallorin_add_tests(AREA [WITHOUT_QT] [THREADS] [ROOMS room...] [LIBRARIES dep...])
 #
 # One test program, test_AREA, from the sources in the folder and in the ROOMS, folders in it; CTest knows each of its
-# tests by name. WITHOUT_QT: the program does not link Qt. THREADS: the tests use threads of ours; they have the label "threads", and CI runs them
-# under the thread sanitizer.
+# tests by name. WITHOUT_QT: the program does not link Qt. THREADS: the tests use threads of ours; they have the label
+# "threads", and .ci/run runs them under the thread sanitizer.
 function(vallorin_add_tests area)
   cmake_parse_arguments(arg "WITHOUT_QT;THREADS" "" "ROOMS;LIBRARIES" ${ARGN})
   set(patterns "")
