@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 namespace {
 
 CM_SharedPtr<CM_BaseColorObj> colour(std::uint64_t id, const char* name, CM_Rgba nominal = {})
@@ -33,6 +35,18 @@ TEST(Palette, RefusesASecondColourOfTheSameIdentifierAndNullOnes)
     EXPECT_FALSE(palette.addColor(colour(0, "null")));
     EXPECT_FALSE(palette.addColor(nullptr));
     EXPECT_EQ(palette.colors().size(), 1U);
+}
+
+TEST(Palette, KeepsTheOrderOfTheOthersWhenOneIsRemoved)
+{
+    CM_Palette palette(UT_String("p"));
+    for (const std::uint64_t id : {9, 2, 5})
+        palette.addColor(colour(id, "any"));
+    palette.removeColor(CM_ColorId_t(2));
+    palette.removeColor(CM_ColorId_t(77));
+    ASSERT_EQ(palette.colors().size(), 2U);
+    EXPECT_EQ(palette.colors()[0]->GetColorId(), CM_ColorId_t(9));
+    EXPECT_EQ(palette.colors()[1]->GetColorId(), CM_ColorId_t(5));
 }
 
 TEST(Palette, ForgetsRemovedColours)
