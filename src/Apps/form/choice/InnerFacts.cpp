@@ -52,12 +52,13 @@ InnerShape InnerFacts::of(int shape, const Part& base, const Surroundings& aroun
             body,
             around.ground != Surroundings::kNone ? facts(around.ground) : body,
             share,
-            following(inner, base.region),
+            following(inner, base),
             around.outlined,
             isConcentric(inner, base.region, share),
             heldArea(shape) / inner.area,
             siblings,
-            static_cast<double>(_grid.width) * _grid.height};
+            static_cast<double>(_grid.width) * _grid.height,
+            base.role == ObjectRole::SLAB};
 }
 
 std::vector<int> InnerFacts::siblings(int shape, const Part& base) const
@@ -79,11 +80,14 @@ const ShapeFacts& InnerFacts::largestPiece(const Part& part) const
     return facts(*std::ranges::max_element(part.body, {}, [&](int shape) { return facts(shape).area; }));
 }
 
-double InnerFacts::following(const ShapeFacts& shape, const CellMask& region) const
+// A part goes on beyond the border of the picture, a board ends there.
+double InnerFacts::following(const ShapeFacts& shape, const Part& base) const
 {
+    const CellMask& region = base.region;
+    const bool isBoard = base.role == ObjectRole::SLAB;
     const int near = std::max(2, _grid.longSide() / 110);
     const QRect picture = _grid.bounds();
-    const auto leavesRegion = [&](int x, int y) { return picture.contains(x, y) && !region.at(x, y); };
+    const auto leavesRegion = [&](int x, int y) { return !region.at(x, y) && (isBoard || picture.contains(x, y)); };
     double along = 0.0;
     shape.mask.forEachAtOutline([&](int x, int y) {
         const bool follows = std::ranges::any_of(

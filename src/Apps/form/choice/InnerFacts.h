@@ -33,7 +33,7 @@ public:
 private:
     const ShapeFacts& facts(int shape) const { return _facts[static_cast<std::size_t>(shape)]; }
     const ShapeFacts& largestPiece(const Part& part) const;
-    double following(const ShapeFacts& shape, const CellMask& region) const;
+    double following(const ShapeFacts& shape, const Part& base) const;
     double heldArea(int shape) const;
 
     const std::vector<ShapeFacts>& _facts;

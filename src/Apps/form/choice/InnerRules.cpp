@@ -182,7 +182,7 @@ Verdict judgeInner(const InnerShape& inner)
         return object("a dark shape that holds others", ObjectRole::OPENING);
     if (inner.concentric)
         return judgeConcentric(inner);
-    const bool stands = shape.roundness > kEllipse && !isSameHue(shape.colour, inner.ground.colour);
+    const bool stands = !inner.onBoard && shape.roundness > kEllipse && !isSameHue(shape.colour, inner.ground.colour);
     if (inner.follows > (stands ? kFollowingOfBodies : kFollowing))
         return mark("a pattern: it follows the outline of what it lies on");
     if (isThin(inner))

@@ -19,6 +19,7 @@ struct InnerShape
     double held = 0.0;        ///< the area of the later shapes inside it, divided by its own
     int siblings = 0;         ///< the number of other shapes of its paint and about its size inside the same part
     double gridArea = 0.0;    ///< of the picture, in cells
+    bool onBoard = false;     ///< the part is a flat thing with a rim
 };
 
 /// Decides whether the shape is an object or a mark.

@@ -6,8 +6,8 @@
 #include "form/choice/LayerAssembly.h"
 
 #include "form/choice/ObjectShares.h"
-
-#include <QPainterPathStroker>
+#include "form/choice/Outlines.h"
+#include "form/choice/Seams.h"
 
 #include <algorithm>
 #include <map>
@@ -37,6 +37,7 @@ QPainterPath grownLoop(const QPainterPath& outline, const QPainterPath& stroke)
 }
 
 constexpr int kElementsToUnite = 400;
+constexpr double kSeam = 1.5; // cells: wider than a pixel of a small picture
 
 class LayerAssembly
 {
@@ -96,10 +97,18 @@ private:
             else
                 for (DIO_Shape& copy : clipped(worn, part))
                     ordered.emplace(worn.shape, std::move(copy));
-        std::vector<DIO_Shape> shapes;
+        std::vector<DIO_Shape> shapes = part.role == ObjectRole::SLAB ? seamsOf(part) : std::vector<DIO_Shape>();
         for (auto& [index, placed] : ordered)
             shapes.push_back(std::move(placed));
         return shapes;
+    }
+
+    std::vector<DIO_Shape> seamsOf(const Part& part) const
+    {
+        std::vector<DIO_Shape> areas;
+        for (const int body : part.body)
+            areas.push_back(shape(body));
+        return seamsBeneath(areas, kSeam * _grid.frame.width() / _grid.width);
     }
 
     std::vector<DIO_Shape> clipped(const WornShape& worn, const Part& part)
@@ -137,11 +146,6 @@ private:
             together.setFillRule(Qt::WindingFill);
             together.addPath(grownLoop(outline, stroke));
         }
-    }
-
-    static QPainterPath outlineOf(const DIO_Shape& body)
-    {
-        return closed(body.clip ? body.path.intersected(*body.clip) : body.path);
     }
 
     // The areas that make up a piece of a body, grown by a reach in cells. Many lines may lie on one piece.
@@ -182,37 +186,6 @@ private:
         DIO_Shape copy = original;
         copy.clip = original.clip ? original.clip->intersected(outline) : outline;
         return copy;
-    }
-
-    // Closes the loops of a path: filling closes them anyway, stroking does not.
-    static QPainterPath closed(const QPainterPath& path)
-    {
-        QPainterPath loops;
-        loops.setFillRule(path.fillRule());
-        for (int i = 0; i < path.elementCount(); ++i) {
-            const QPainterPath::Element element = path.elementAt(i);
-            if (element.isMoveTo()) {
-                loops.closeSubpath();
-                loops.moveTo(element);
-            } else if (element.isLineTo()) {
-                loops.lineTo(element);
-            } else if (element.type == QPainterPath::CurveToElement) {
-                loops.cubicTo(element, path.elementAt(i + 1), path.elementAt(i + 2));
-                i += 2;
-            }
-        }
-        loops.closeSubpath();
-        return loops;
-    }
-
-    static QPainterPath strokeAlong(const QPainterPath& outline, double reach)
-    {
-        QPainterPathStroker stroker;
-        stroker.setWidth(2.0 * reach);
-        stroker.setJoinStyle(Qt::RoundJoin);
-        stroker.setCapStyle(Qt::RoundCap);
-        stroker.setCurveThreshold(std::min(0.25, reach / 8.0));
-        return stroker.createStroke(outline);
     }
 
     ChosenObject describe(int index, const Part& part)

@@ -5,6 +5,7 @@
 #include "form/choice/PartFinder.h"
 
 #include "form/choice/Bands.h"
+#include "form/choice/Boards.h"
 #include "form/choice/Ink.h"
 #include "form/choice/InnerFacts.h"
 #include "form/choice/JoinRules.h"
@@ -166,7 +167,7 @@ private:
 
 FoundParts findParts(const std::vector<ShapeFacts>& facts, const Grid& grid)
 {
-    FoundParts found = joinedBands(PartFinder(facts, grid).find(), facts);
+    FoundParts found = joinedBoards(joinedBands(PartFinder(facts, grid).find(), facts), facts);
     findWheels(found, facts);
     return found;
 }

@@ -1,0 +1,36 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// The lines lie beneath all areas, so they are seen where an area's edge does not cover its pixels, and nowhere else.
+#include "form/choice/Seams.h"
+
+#include "form/choice/Outlines.h"
+
+#include <algorithm>
+
+namespace {
+
+// Uniting paths takes time quadratic in their elements.
+constexpr int kMostElements = 400;
+
+bool isOpaque(const DIO_Shape& shape)
+{
+    return shape.opacity >= 1.0 && shape.picture.isNull();
+}
+
+} // namespace
+
+std::vector<DIO_Shape> seamsBeneath(const std::vector<DIO_Shape>& areas, double width)
+{
+    int elements = 0;
+    for (const DIO_Shape& area : areas)
+        elements += area.path.elementCount();
+    if (areas.size() < 2 || elements > kMostElements || !std::ranges::all_of(areas, isOpaque))
+        return {};
+    QPainterPath together;
+    for (const DIO_Shape& area : areas)
+        together = together.united(outlineOf(area));
+    std::vector<DIO_Shape> seams;
+    for (std::size_t i = 1; i < areas.size(); ++i)
+        seams.push_back({strokeAlong(outlineOf(areas[i]), width), together, 1.0, areas[i].paint, {}});
+    return seams;
+}

@@ -1,0 +1,75 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+#include "../FormDrawings.h"
+
+using namespace form_drawings;
+using testing::ElementsAre;
+using enum ObjectRole;
+
+namespace {
+
+const QByteArray kStripes =
+    rect(10, 20, 80, 20, "#d90012") + rect(10, 40, 80, 20, "#0033a0") + rect(10, 60, 80, 20, "#f2a800");
+
+// Four red quarters, and a white and a blue cross between them, each in pieces of its own.
+const QByteArray kCross = rect(10, 20, 20, 20, "#ef2b2d") + rect(50, 20, 40, 20, "#ef2b2d") +
+                          rect(10, 60, 20, 20, "#ef2b2d") + rect(50, 60, 40, 20, "#ef2b2d") +
+                          "<path d='M30 20h20v20h40v20h-40v20h-20v-20h-20v-20h20z' fill='#002868'/>";
+
+} // namespace
+
+TEST(Boards, StripesThatFillARectangleAreASlab)
+{
+    EXPECT_THAT(rolesOf(kStripes), ElementsAre(SLAB));
+}
+
+TEST(Boards, ACrossAndItsQuartersAreASlab)
+{
+    EXPECT_THAT(rolesOf(kCross), ElementsAre(SLAB));
+}
+
+TEST(Boards, WhatLiesWithinStaysAnObject)
+{
+    EXPECT_THAT(rolesOf(kStripes + circle(50, 50, 8, "#77b255")), ElementsAre(SLAB, BODY));
+}
+
+TEST(Boards, WhatReachesOneSideAloneStaysAnObject)
+{
+    EXPECT_THAT(rolesOf(kStripes + "<path d='M40 80c0 -60 20 -60 20 0z' fill='#77b255'/>"), ElementsAre(SLAB, BODY));
+}
+
+TEST(Boards, ARodInSeveralColoursIsRound)
+{
+    EXPECT_THAT(rolesOf(rect(10, 40, 80, 10, "#f2a800") + rect(10, 50, 80, 10, "#0033a0")), ElementsAre(BODY));
+}
+
+TEST(Boards, ARectangleOfOneColourIsRound)
+{
+    EXPECT_THAT(rolesOf(rect(10, 20, 80, 60, "#d90012")), ElementsAre(BODY));
+    EXPECT_THAT(rolesOf(rect(10, 20, 80, 30, "#d90012") + rect(10, 50, 80, 30, "#d90012")), ElementsAre(BODY));
+}
+
+TEST(Boards, StripesThatFillThePictureAreFlat)
+{
+    EXPECT_THAT(rolesOf(rect(0, 0, 50, 100, "#d90012") + rect(50, 0, 50, 100, "#0033a0")), ElementsAre(FLAT));
+}
+
+TEST(Boards, ATriangleAlongTheBordersOfABoardIsNoObject)
+{
+    const QByteArray board = rect(0, 20, 100, 60, "#ffe900");
+    EXPECT_THAT(rolesOf(board + "<path d='M0 20h80l-80 50z' fill='#35a100'/>"), ElementsAre(SLAB));
+    EXPECT_THAT(rolesOf(board + circle(50, 50, 10, "#35a100")), ElementsAre(SLAB, BODY));
+}
+
+// The stripes meet in the middle of a row of pixels, so that each covers half of it: without anything beneath
+// them they cover three quarters together, 191 of 255.
+TEST(Boards, NoSeamShowsBetweenAreas)
+{
+    const ChosenObjects found = chosen(rect(10, 20, 80, 20.5, "#d90012") + rect(10, 40.5, 80, 20, "#0033a0") +
+                                       rect(10, 60.5, 80, 20, "#f2a800"));
+    ASSERT_EQ(found.objects.size(), 1U);
+    const QImage picture = painted(found.drawing, 100);
+    for (int y = 20; y < 80; ++y)
+        EXPECT_GT(qAlpha(picture.pixel(50, y)), 250) << "row " << y;
+    EXPECT_EQ(qAlpha(picture.pixel(50, 19)), 0) << "outside";
+    EXPECT_EQ(qAlpha(picture.pixel(9, 40)), 0) << "beside a seam";
+}
