@@ -4,6 +4,9 @@
 #include "ProgramFixture.h"
 
 #include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <gmock/gmock.h>
 
@@ -108,6 +111,23 @@ TEST_F(ChosenObjectsOfAFigure, CanBeNamed)
     EXPECT_EQ(unknown.exitCode, 1);
     EXPECT_THAT(unknown.messages, AllOf(HasSubstr("\"wing\""), HasSubstr(name.toStdString())));
     EXPECT_FALSE(QFile::exists(path("none.png")));
+}
+
+TEST_F(ChosenObjectsOfAFigure, TellInASceneWhyTheyAreObjects)
+{
+    ASSERT_EQ(quarvel("import figure.svg").exitCode, 0);
+    const auto reasonsIn = [&](const QByteArray& json) {
+        std::vector<std::string> reasons;
+        for (const QJsonValue& found : QJsonDocument::fromJson(json).object().value(QLatin1String("results")).toArray())
+            for (const QJsonValue& object : found[QLatin1String("objects")].toArray())
+                reasons.push_back(object[QLatin1String("why")].toString().toStdString());
+        return reasons;
+    };
+    const std::vector<std::string> ofDrawing = reasonsIn(quarvel("inspect figure.svg --json").output.c_str());
+    ASSERT_GE(ofDrawing.size(), 3U);
+    EXPECT_EQ(ofDrawing.front(), "a part by itself");
+    EXPECT_EQ(reasonsIn(quarvel("inspect figure.scene --json").output.c_str()), ofDrawing);
+    EXPECT_THAT(quarvel("inspect figure.scene").output, HasSubstr("a part by itself"));
 }
 
 // A bitmap's objects have paints of their own, which the file does not have.

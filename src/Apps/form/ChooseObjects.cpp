@@ -23,8 +23,7 @@ ChosenObjects believed(const DIO_Drawing& drawing)
     for (const DIO_Layer& layer : drawing.layers) {
         ChosenObject object;
         object.name = layer.name;
-        object.reason =
-            layer.declared ? QStringLiteral("a layer of the file") : QStringLiteral("shapes outside all layers");
+        object.reason = layerReason(layer);
         object.values = layer.values;
         chosen.objects.push_back(object);
     }
@@ -83,6 +82,11 @@ ChosenObjects chooseOfSeen(const DIO_Drawing& drawing, ObjectChoice choice, doub
 }
 
 } // namespace
+
+QString layerReason(const DIO_Layer& layer)
+{
+    return layer.declared ? QStringLiteral("a layer of the file") : QStringLiteral("shapes outside all layers");
+}
 
 QString ChosenObjects::warning() const
 {

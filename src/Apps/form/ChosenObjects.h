@@ -40,6 +40,9 @@ struct ChosenObject
     QStringList values = {}; ///< the volume values that the file gives it (DIO_Layer::values)
 };
 
+/// Why a layer of a file is an object.
+QString layerReason(const DIO_Layer& layer);
+
 /// A drawing in objects.
 struct ChosenObjects
 {

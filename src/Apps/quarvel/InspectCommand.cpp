@@ -174,8 +174,8 @@ QString inspectHelp()
   quarvel inspect FRAME...
 
 Of a scene: its frames, the lights, the nodes with what flows into them, the attributes that were changed (--all: every
-attribute), the elements with their drawings, the objects with their shares of the picture, values and colours, and the
-palettes. Values are written as "quarvel set" takes them.
+attribute), the elements with their drawings, the objects with their shares of the picture, values, colours and why each is
+an object, and the palettes. Values are written as "quarvel set" takes them.
 
 Of a drawing: the objects that "quarvel normalmap" and "quarvel import" choose in it, with their numbers, names, shares of
 the picture, values, colours, and why each is an object. A number or a name goes into --object.

@@ -123,13 +123,14 @@ private:
     MO_DrawingOrigin originOf(const SIO_Index::Element& entry) const
     {
         const auto& sources = _scene->index.sources;
+        const MO_DrawingOrigin nowhere{{}, {}, {}, {}, entry.reason};
         if (entry.source < 1 || entry.source > static_cast<int>(sources.size()))
-            return {};
+            return nowhere;
         const SIO_Index::Source& source = sources[static_cast<std::size_t>(entry.source) - 1];
-        MO_DrawingOrigin origin{{}, entry.layer, source.objects, source.digest};
+        MO_DrawingOrigin origin{{}, entry.layer, source.objects, source.digest, entry.reason};
         for (const SIO_Index::SourceFile& file : source.files)
             origin.files << SIO_sourceFile(file.path, _files.folder());
-        return origin.files.contains(QString()) ? MO_DrawingOrigin() : origin;
+        return origin.files.contains(QString()) ? nowhere : origin;
     }
 
     UT_Result<void> readDrawing(MO_ElementModule& element, const SIO_Index::Element& owner,

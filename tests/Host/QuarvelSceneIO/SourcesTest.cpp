@@ -78,6 +78,34 @@ TEST(SceneSources, SayWhatTheFilesHeldWhenTheyWereRead)
     EXPECT_EQ(heroOf(*loaded->scene).origin(), origin);
 }
 
+TEST(SceneSources, SayWhyTheDrawingsAreAnObject)
+{
+    const ScenePlace place;
+    const auto scene = makeScene(1);
+    MO_DrawingOrigin origin{{text("/drawings/hero.svg")}, text("Head")};
+    origin.reason = text("a part over a part");
+    heroOf(*scene).setOrigin(origin);
+    save(*scene, place.folder);
+    EXPECT_EQ(mainFileOf(place.folder).count(text(" reason=\"a part over a part\"")), 1);
+    const auto loaded = SIO_loadScene(place.folder);
+    ASSERT_TRUE(loaded);
+    EXPECT_EQ(loaded->warnings, QStringList());
+    EXPECT_EQ(heroOf(*loaded->scene).origin(), origin);
+}
+
+TEST(SceneSources, KeepTheReasonOfDrawingsFromNobodyKnowsWhere)
+{
+    const ScenePlace place;
+    const auto scene = makeScene(1);
+    MO_DrawingOrigin origin;
+    origin.reason = text("a part by itself");
+    heroOf(*scene).setOrigin(origin);
+    save(*scene, place.folder);
+    const auto loaded = SIO_loadScene(place.folder);
+    ASSERT_TRUE(loaded);
+    EXPECT_EQ(heroOf(*loaded->scene).origin(), origin);
+}
+
 TEST(SceneSources, OfNobodyKnowsWhereAreNotWritten)
 {
     const ScenePlace place;

@@ -67,7 +67,7 @@ QStringList rowOf(std::size_t index, const ReadDrawing& read)
     return {QString::number(index + 1),      object.name,
             shareInWords(object.share),      PO_formatDouble(form.bevel),
             PO_formatDouble(form.elevation), PO_formatDouble(form.smoothness),
-            object.colours.join(u' '),       object.reason + roleText(object.role) + wordsOf(layer.own)};
+            object.colours.join(u' '),       reasonInWords(object.reason, object.role) + wordsOf(layer.own)};
 }
 
 // Hues are a golden angle apart, so that neighbouring objects have different colours.
@@ -127,6 +127,11 @@ void paintNumber(QPainter& painter, const QPoint& place, const QString& number)
 
 } // namespace
 
+QString reasonInWords(const QString& reason, ObjectRole role)
+{
+    return reason + roleText(role);
+}
+
 QString shareInWords(double share)
 {
     return share > 0.0 && share < 0.01 ? QStringLiteral("<1 %")
@@ -157,7 +162,7 @@ QJsonArray objectFields(const ReadDrawing& read)
                                {QStringLiteral("elevation"), form.elevation},
                                {QStringLiteral("smoothness"), form.smoothness},
                                {QStringLiteral("colours"), QJsonArray::fromStringList(object.colours)},
-                               {QStringLiteral("why"), object.reason + roleText(object.role)}});
+                               {QStringLiteral("why"), reasonInWords(object.reason, object.role)}});
     }
     return all;
 }

@@ -9,6 +9,9 @@
 #include <QJsonArray>
 #include <QStringList>
 
+/// Why an object is one, with what its role means for its form.
+QString reasonInWords(const QString& reason, ObjectRole role);
+
 /// A share of the picture, 0 to 1, in per cent.
 QString shareInWords(double share);
 

@@ -21,6 +21,7 @@ struct SequenceLayer
     /// From a frame on, up to the next one: the key of a drawing, or kNothing.
     std::map<int, int> exposures;
     ObjectRole role = ObjectRole::BODY;
+    QString reason = {}; ///< why it is an object (ChosenObject::reason)
     /// What the layer's form is measured on, so that one set of values holds for all frames: the drawing that reaches
     /// farthest, or what the choice of objects says.
     std::vector<DIO_Shape> measured;

@@ -86,6 +86,7 @@ void noteOrigin(const MO_Scene& scene, const QStringList& files, const QString& 
         if (!element)
             return;
         origin.layer = element->drawingAttr()->getElementName();
+        origin.reason = element->origin().reason;
         element->setOrigin(origin);
     });
 }

@@ -124,6 +124,7 @@ void SequenceBuilder::addFrame(int frame, const ChosenObjects& chosen)
         Layer layer{QString::number(_layers.size()), isAlone ? _name : object.name, true, {}, 0.0, {}};
         expose(layer, frame, chosen.drawing.layers[i].shapes, chosen.drawing.palette);
         layer.built.role = object.role;
+        layer.built.reason = object.reason;
         layer.built.values = object.values;
         if (!object.measured.empty())
             layer.built.measured = object.measured;
@@ -207,9 +208,20 @@ void SequenceBuilder::nameLayers()
     }
 }
 
+void SequenceBuilder::giveReasons()
+{
+    for (Layer& layer : _layers) {
+        const bool isAlone = !layer.declared && _layers.size() == 1;
+        if (layer.built.reason.isEmpty())
+            layer.built.reason = isAlone ? QStringLiteral("one object in all frames")
+                                         : layerReason({layer.name, layer.declared, {}, {}});
+    }
+}
+
 DrawingSequence SequenceBuilder::take()
 {
     nameLayers();
+    giveReasons();
     DrawingSequence sequence;
     sequence.name = _name;
     sequence.palette = _palette;

@@ -59,6 +59,7 @@ private:
     static void setExposure(Layer& layer, int frame, int drawing);
     void addColours(std::span<const DIO_Paint> paints);
     void nameLayers();
+    void giveReasons();
 
     QString _name;
     CM_SharedPtr<CM_Palette> _palette;

@@ -7,6 +7,7 @@
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "QuarvelVectorLanes/VL_ParallelFor.h"
 #include "form/ChooseForms.h"
+#include "jobs/drawing/DescribeObjects.h"
 #include "jobs/drawing/DrawingScene.h"
 #include "jobs/drawing/ObjectNames.h"
 #include "jobs/drawing/OwnValues.h"
@@ -71,8 +72,11 @@ UT_Result<std::unique_ptr<MO_Scene>> buildSequenceScene(const DrawingSequence& s
         DrawingScene::build(firstDrawings(sequence, form, wishes.folder, warnings), settings, FrameShape::DRAWING);
     if (!built)
         return built.error();
-    for (std::size_t i = 0; i < sequence.layers.size(); ++i)
-        showThroughTime(*built->elements()[i], sequence.layers[i]);
+    for (std::size_t i = 0; i < sequence.layers.size(); ++i) {
+        const SequenceLayer& layer = sequence.layers[i];
+        showThroughTime(*built->elements()[i], layer);
+        built->elements()[i]->setOrigin({.files = {}, .layer = {}, .reason = reasonInWords(layer.reason, layer.role)});
+    }
     built->scene().setFrameRange(sequence.firstFrame, sequence.lastFrame);
     built->scene().setFrameRate(std::clamp(sequence.frameRate, MO_Scene::kSlowest, MO_Scene::kFastest));
     return built->takeScene();

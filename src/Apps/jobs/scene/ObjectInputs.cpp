@@ -17,8 +17,12 @@ std::vector<ObjectInput> objectInputsOf(const MO_Scene& scene)
             if (!definition)
                 continue;
             inputs.push_back({&module, module.inPort(i), definition, {}});
-            for (const MO_ElementModule* const element : elementsBehind(*module.inPort(i)))
+            for (const MO_ElementModule* const element : elementsBehind(*module.inPort(i))) {
                 inputs.back().elements << element->instanceName();
+                if (const QString& reason = element->origin().reason; !reason.isEmpty())
+                    inputs.back().reasons << reason;
+            }
+            inputs.back().reasons.removeDuplicates();
         }
     });
     return inputs;

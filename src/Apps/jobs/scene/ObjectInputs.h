@@ -17,6 +17,7 @@ struct ObjectInput
     const MO_Port* port;
     ObjectDefinition* definition; ///< gives the input its object (objectDefinitionBehind)
     QStringList elements;         ///< the names of the elements upstream of it
+    QStringList reasons = {};     ///< why their drawings are an object (MO_DrawingOrigin::reason), each once
 };
 
 /// The inputs of all Vallorin nodes that lead to an enabled Object Definition, in the nodes' order.

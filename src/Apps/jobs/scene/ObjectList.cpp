@@ -24,6 +24,7 @@ struct Listed
     int number = 0;
     QString name;
     QString definition;
+    QString reason;                        // empty where nobody knows
     std::optional<NormalMapObject> values; // none for cut-outs and for definitions that lead to no node
     double tiltX = 0.0;
     double tiltY = 0.0;
@@ -51,6 +52,7 @@ Listed listedFor(const ObjectInput& input, const std::vector<NormalMapObject>& v
     Listed object = listedFor(*input.definition, frame);
     if (!input.elements.isEmpty())
         object.name = input.elements.join(QStringLiteral(", "));
+    object.reason = input.reasons.join(QStringLiteral("; "));
     if (const NormalMapObject* const row = findRow(values, object.number))
         object.values = *row;
     return object;
@@ -104,7 +106,7 @@ QStringList cellsOf(const Listed& object)
     const QString colours = object.seen ? object.seen->colours.join(u' ') : QString();
     if (object.relief != 0.0)
         return cells << QStringLiteral("relief=") + PO_formatDouble(object.relief) << QString() << QString()
-                     << QString() << QString() << colours;
+                     << QString() << QString() << colours << object.reason;
     if (object.values)
         cells << PO_formatDouble(object.values->bevel) << PO_formatDouble(object.values->elevation)
               << PO_formatDouble(object.values->smoothness);
@@ -113,7 +115,7 @@ QStringList cellsOf(const Listed& object)
     return cells << (tilted ? PO_formatDouble(object.tiltX) + u',' + PO_formatDouble(object.tiltY) : QString())
                  << (object.rimBevel > 0.0 ? PO_formatDouble(object.rimBevel) + u',' + PO_formatDouble(object.rimHeight)
                                            : QString())
-                 << colours;
+                 << colours << object.reason;
 }
 
 } // namespace
@@ -122,7 +124,8 @@ QStringList listSceneObjects(const MO_Scene& scene)
 {
     std::vector<QStringList> rows{{QStringLiteral("number"), QStringLiteral("name"), QStringLiteral("share"),
                                    QStringLiteral("bevel"), QStringLiteral("elevation"), QStringLiteral("smoothness"),
-                                   QStringLiteral("tilt"), QStringLiteral("rim"), QStringLiteral("colours")}};
+                                   QStringLiteral("tilt"), QStringLiteral("rim"), QStringLiteral("colours"),
+                                   QStringLiteral("why")}};
     for (const Listed& object : listedOf(scene))
         rows.push_back(cellsOf(object));
     return tableLines(rows);
@@ -135,6 +138,8 @@ QJsonArray sceneObjectFields(const MO_Scene& scene)
         QJsonObject fields{{QStringLiteral("number"), object.number},
                            {QStringLiteral("name"), object.name},
                            {QStringLiteral("definition"), object.definition}};
+        if (!object.reason.isEmpty())
+            fields.insert(QStringLiteral("why"), object.reason);
         if (object.seen) {
             fields.insert(QStringLiteral("share"), object.seen->share);
             fields.insert(QStringLiteral("colours"), QJsonArray::fromStringList(object.seen->colours));

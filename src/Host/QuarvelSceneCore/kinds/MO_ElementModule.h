@@ -30,6 +30,7 @@ struct MO_DrawingOrigin
     QString layer;        ///< what the layer is called in them
     QString objects = {}; ///< how their objects were chosen, in a word of the program that read them; empty: as usual
     QString digest = {};  ///< of the files as they were read, in the form of the program that read them; may be empty
+    QString reason = {};  ///< why the drawings are an object, in that program's words; empty when nobody knows
 
     friend bool operator==(const MO_DrawingOrigin&, const MO_DrawingOrigin&) = default;
 };

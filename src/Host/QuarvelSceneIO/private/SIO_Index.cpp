@@ -31,6 +31,7 @@ const QString kAttributeSource = QStringLiteral("source");
 const QString kAttributeObjects = QStringLiteral("objects");
 const QString kAttributeDigest = QStringLiteral("digest");
 const QString kAttributeLayer = QStringLiteral("layer");
+const QString kAttributeReason = QStringLiteral("reason");
 const QString kAttributeId = QStringLiteral("id");
 const QString kAttributeInScene = QStringLiteral("inScene");
 const QString kAttributeModule = QStringLiteral("module");
@@ -134,8 +135,10 @@ private:
         _modules.insert(read.module);
         read.source = PO_intAttribute(element, kAttributeSource).value_or(0);
         read.layer = PO_attribute(element, kAttributeLayer);
-        _context.keepOtherAttributes(element, {kAttributeModule, kAttributeFolder, kAttributeSource, kAttributeLayer},
-                                     read.unknown);
+        read.reason = PO_attribute(element, kAttributeReason);
+        _context.keepOtherAttributes(
+            element, {kAttributeModule, kAttributeFolder, kAttributeSource, kAttributeLayer, kAttributeReason},
+            read.unknown);
         QSet<QString> names;
         for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
             if (child.tagName() != kElementDrawing)
@@ -229,6 +232,8 @@ void writeElement(const SIO_Index::Element& element, PO_XmlWriter& writer)
         writer.attribute(kAttributeSource, element.source);
         writer.attribute(kAttributeLayer, element.layer);
     }
+    if (!element.reason.isEmpty())
+        writer.attribute(kAttributeReason, element.reason);
     element.unknown.writeAttributes(writer);
     for (const SIO_Index::Drawing& drawing : element.drawings) {
         writer.startElement(kElementDrawing);

@@ -9,7 +9,7 @@
 //         <palette id="00000000000000a2" inScene="false"/>
 //       </palettes>
 //       <elements>
-//         <element folder="Hero" layer="Hero" module="Hero" source="1">
+//         <element folder="Hero" layer="Hero" module="Hero" reason="a part by itself" source="1">
 //           <drawing file="1.kvr" name="1"/>
 //         </element>
 //       </elements>
@@ -54,8 +54,9 @@ struct SIO_Index
         QString module; ///< the name of the module that the drawings belong to
         QString folder;
         std::vector<Drawing> drawings = {};
-        int source = 0;     ///< the number of the source that the drawings were read from; 0: nobody knows
-        QString layer = {}; ///< of the source
+        int source = 0;      ///< the number of the source that the drawings were read from; 0: nobody knows
+        QString layer = {};  ///< of the source
+        QString reason = {}; ///< why the drawings are an object; empty: nobody knows
         PO_UnknownXml unknown = {};
         int line = 0;
 

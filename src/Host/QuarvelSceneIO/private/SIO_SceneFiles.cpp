@@ -135,6 +135,7 @@ private:
         SIO_Index::Element entry = newEntry(element);
         entry.source = sourceOf(element.origin());
         entry.layer = element.origin().layer;
+        entry.reason = element.origin().reason;
         SIO_FileNames names;
         const std::vector<UT_Result<QByteArray>> texts = textsOf(element, entry.module);
         for (std::size_t i = 0; const auto& [name, drawing] : element.drawings()) {
@@ -218,6 +219,7 @@ private:
             entry.source = numberOf(_loaded->index.sources[source - 1]);
             entry.layer = found->second.entry.layer;
         }
+        entry.reason = found->second.entry.reason;
         SIO_FileNames names;
         for (std::size_t i = 0; i < found->second.files.size(); ++i) {
             SIO_Index::Drawing file = found->second.entry.drawings[i];
