@@ -1,12 +1,13 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The bar is below the object, or at another side of it if there is no room or a handle would be covered, and always
-// inside the view. During a drag of a value it does not move.
+// The bar is near the object, where it covers no handle and little of the drawing, and always inside the view. During a
+// drag of a value it does not move.
 #include "studio/objects/ObjectBar.h"
 
 #include "studio/objects/ObjectActions.h"
 #include "studio/objects/ObjectHandles.h"
 #include "studio/objects/ObjectHands.h"
+#include "studio/objects/ObjectsInFrame.h"
 #include "studio/objects/ValueField.h"
 #include "studio/preview/Viewer.h"
 
@@ -19,6 +20,9 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
+#include <optional>
 
 namespace {
 
@@ -50,33 +54,31 @@ double areaOf(const QRectF& rect)
     return rect.isValid() ? rect.width() * rect.height() : 0.0;
 }
 
-// The first of the places around the object and in the view's corners that covers the fewest handles; of several ones
-// that cover equally many, the one that covers the least of the object.
-QPoint bestPlace(const QSizeF& size, const QRectF& view, const QRectF& object, const std::vector<QPointF>& handles)
+// How far apart two rectangles are; 0 where they meet.
+double gapBetween(const QRectF& one, const QRectF& other)
 {
-    const QRectF centred(object.center() - QPointF(size.width(), size.height()) / 2.0, size);
+    const double across = std::max({0.0, one.left() - other.right(), other.left() - one.right()});
+    const double down = std::max({0.0, one.top() - other.bottom(), other.top() - one.bottom()});
+    return std::hypot(across, down);
+}
+
+// Where a bar may be: beside the object, at the view's sides next to it, and in the view's corners.
+std::array<QPointF, 12> placesFor(const QSizeF& size, const QRectF& view, const QRectF& object)
+{
+    const QPointF centred = object.center() - QPointF(size.width(), size.height()) / 2.0;
     const QPointF far = view.bottomRight() - QPointF(size.width(), size.height());
-    const QPointF wanted[] = {{centred.x(), object.bottom() + kGap},
-                              {centred.x(), object.top() - kGap - size.height()},
-                              {object.right() + kGap, centred.y()},
-                              {object.left() - kGap - size.width(), centred.y()},
-                              far,
-                              {view.left(), far.y()},
-                              {far.x(), view.top()},
-                              view.topLeft()};
-    QRectF best;
-    std::pair<std::ptrdiff_t, double> least;
-    for (const QPointF& place : wanted) {
-        const QPointF held(std::clamp(place.x(), view.left(), std::max(view.left(), far.x())),
-                           std::clamp(place.y(), view.top(), std::max(view.top(), far.y())));
-        const QRectF rect(held, size);
-        const std::pair cost(covered(handles, rect), areaOf(rect & object));
-        if (!best.isNull() && cost >= least)
-            continue;
-        best = rect;
-        least = cost;
-    }
-    return best.topLeft().toPoint();
+    return {{{centred.x(), object.bottom() + kGap},
+             {centred.x(), object.top() - kGap - size.height()},
+             {object.right() + kGap, centred.y()},
+             {object.left() - kGap - size.width(), centred.y()},
+             {centred.x(), far.y()},
+             {centred.x(), view.top()},
+             {far.x(), centred.y()},
+             {view.left(), centred.y()},
+             far,
+             {view.left(), far.y()},
+             {far.x(), view.top()},
+             view.topLeft()}};
 }
 
 } // namespace
@@ -224,8 +226,45 @@ void ObjectBar::place(const QRectF& object)
     if (!own.isEmpty())
         for (const ObjectHandle handle : kObjectHandles)
             around |= QRectF(own.place(handle) - QPointF(1.0, 1.0), QSizeF(2.0, 2.0));
+    move(bestPlace(around).toPoint());
+}
+
+// The place that covers the fewest handles; of several ones, that which covers least and is nearest.
+QPointF ObjectBar::bestPlace(const QRectF& object) const
+{
+    // As bad as a place that is one unit farther away: as many square units of the picture covered.
+    constexpr double kNearness = 50.0;
     const QRectF view = QRectF(_viewer.rect()).adjusted(kMargin, kMargin, -kMargin, -kMargin);
-    move(bestPlace(size(), view, around, handles()));
+    const QSizeF own = size();
+    const std::vector<QPointF> pulled = handles();
+    std::optional<QPointF> best;
+    std::pair<std::ptrdiff_t, double> least;
+    for (const QPointF& place : placesFor(own, view, object)) {
+        const QPointF held(std::clamp(place.x(), view.left(), std::max(view.left(), view.right() - own.width())),
+                           std::clamp(place.y(), view.top(), std::max(view.top(), view.bottom() - own.height())));
+        const QRectF rect(held, own);
+        const double hides = areaOf(rect & object) + shareOfDrawing(rect) * areaOf(rect);
+        const std::pair cost(covered(pulled, rect), hides + kNearness * gapBetween(rect, object));
+        if (best && cost >= least)
+            continue;
+        best = held;
+        least = cost;
+    }
+    return *best;
+}
+
+// How much of a rectangle of the view shows objects, 0 to 1.
+double ObjectBar::shareOfDrawing(const QRectF& rect) const
+{
+    constexpr double kStep = 10.0;
+    int places = 0;
+    int drawn = 0;
+    for (double y = rect.top() + kStep / 2.0; y < rect.bottom(); y += kStep)
+        for (double x = rect.left() + kStep / 2.0; x < rect.right(); x += kStep) {
+            ++places;
+            drawn += showsObject(*_viewer.frame(), _viewer.transform().toPicture(QPointF(x, y))) ? 1 : 0;
+        }
+    return places > 0 ? static_cast<double>(drawn) / places : 0.0;
 }
 
 void ObjectBar::take(ObjectValue value, double number)

@@ -38,6 +38,8 @@ private:
     void follow();
     void stepAside();
     void place(const QRectF& object);
+    QPointF bestPlace(const QRectF& object) const;
+    double shareOfDrawing(const QRectF& rect) const;
     std::vector<QPointF> handles() const;
     void showValues();
     void take(ObjectValue value, double number);

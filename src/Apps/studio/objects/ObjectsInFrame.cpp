@@ -51,6 +51,13 @@ std::vector<SceneObject> objectsAt(const RenderedFrame& frame, const std::vector
     return found;
 }
 
+bool showsObject(const RenderedFrame& frame, const QPointF& place)
+{
+    const QPoint here = frame.pixelAt(place, frame.size);
+    return std::ranges::any_of(inputsOf(frame),
+                               [&](const ShownInput& input) { return input.coverage.covers(here.x(), here.y()); });
+}
+
 QRectF boundsOf(const RenderedFrame& frame, const SceneObject& object)
 {
     Math::Box2di around;

@@ -13,6 +13,9 @@
 std::vector<SceneObject> objectsAt(const RenderedFrame& frame, const std::vector<SceneObject>& objects,
                                    const QPointF& place);
 
+/// Whether any object, cut-outs included, is at a place.
+bool showsObject(const RenderedFrame& frame, const QPointF& place);
+
 /// The rectangle around the visible and the covered parts of the object; empty if it is not in the frame.
 QRectF boundsOf(const RenderedFrame& frame, const SceneObject& object);
 

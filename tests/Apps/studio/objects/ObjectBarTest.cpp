@@ -270,6 +270,37 @@ TEST_F(ObjectBarTest, TheBarCoversNoLightAndNoHandle)
     EXPECT_EQ(coveredHandles(), 0);
 }
 
+TEST_F(ObjectBarTest, TheBarCoversHardlyAnythingWhereTheViewHasRoomBesideTheDrawing)
+{
+    openParts();
+    placeLight(QPointF(-1.9, -0.9));
+    // The picture is 400 x 200, with a border of 20 x 10 pixels around the body.
+    window->viewer().zoomTo(1.0);
+    QCoreApplication::processEvents();
+    const QRectF body = viewer().transform().toView(QRectF(40.0, 20.0, 320.0, 160.0));
+    for (const QPointF& place : {kHead, kBody}) {
+        click(place);
+        ASSERT_TRUE(bar().isVisible());
+        ASSERT_GT(body.top(), bar().height() + 10.0) << "there must be room above the drawing";
+        const QRectF covered = QRectF(bar().geometry()) & body;
+        EXPECT_LT(covered.width() * covered.height(), 0.05 * bar().width() * bar().height());
+    }
+}
+
+TEST_F(ObjectBarTest, TheBarStaysNearAnObjectThatHasRoomBesideIt)
+{
+    openParts();
+    placeLight(QPointF(-1.9, -0.9));
+    window->viewer().zoomTo(0.5);
+    QCoreApplication::processEvents();
+    click(kHead);
+    ASSERT_TRUE(bar().isVisible());
+    const QRectF body = viewer().transform().toView(QRectF(40.0, 20.0, 320.0, 160.0));
+    EXPECT_FALSE(QRectF(bar().geometry()).intersects(body));
+    EXPECT_TRUE(QRectF(bar().geometry()).adjusted(-60.0, -60.0, 60.0, 60.0).intersects(body))
+        << "no corner of the view";
+}
+
 TEST_F(ObjectBarTest, TheBarMakesWayForALightThatIsDraggedUnderIt)
 {
     openParts();
