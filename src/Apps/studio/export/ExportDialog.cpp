@@ -330,7 +330,12 @@ bool ExportDialog::mayReplace()
 
 void ExportDialog::begin()
 {
-    if (_job || !_start->isEnabled() || !mayReplace())
+    if (_job || !_start->isEnabled())
+        return;
+    // Nobody is asked whether to replace what must not be replaced.
+    if (const auto mayWrite = checkExportFiles(_scene, choices()); !mayWrite)
+        return _message->setText(mayWrite.error().sentence());
+    if (!mayReplace())
         return;
     auto job = std::make_unique<ExportJob>();
     connect(job.get(), &ExportJob::progressed, this,

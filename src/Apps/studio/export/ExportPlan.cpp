@@ -10,6 +10,7 @@
 #include "jobs/frames/FrameRange.h"
 #include "jobs/frames/RenderMemory.h"
 #include "jobs/frames/SurfaceFrames.h"
+#include "jobs/import/KeptOrigins.h"
 #include "jobs/limits/JobLimits.h"
 #include "jobs/shown/ShownMemory.h"
 
@@ -58,6 +59,15 @@ RD_RenderParameters parametersOf(const MO_Scene& scene, const ExportChoices& cho
     return {choices.floatRender ? RD_RenderParameters::IMAGE_PROCESSING_FLOAT
                                 : RD_RenderParameters::IMAGE_PROCESSING_16BIT,
             {choices.width, scene.heightInPixels(choices.width)}};
+}
+
+QStringList existing(const FrameFileName& name, const std::vector<int>& frames)
+{
+    QStringList there;
+    for (const int frame : frames)
+        if (const QString file = name.of(frame); QFileInfo::exists(file))
+            there << file;
+    return there;
 }
 
 // The settings of the module's own picture; those of the other pictures are derived from them.
@@ -151,18 +161,31 @@ QList<ExportPicture> exportPicturesOf(RenderedKind kind)
 QStringList filesToReplace(const MO_Scene& scene, const ExportChoices& choices)
 {
     const auto frames = framesOf(scene, choices.frames);
-    if (!frames)
-        return {};
     QStringList there;
-    for (const QString& pattern : choices.files()) {
-        const auto name = FrameFileName::parse(pattern);
-        if (!name)
-            return {};
-        for (const int frame : *frames)
-            if (const QString file = name->of(frame); QFileInfo::exists(file) && !there.contains(file))
-                there << file;
-    }
+    for (const QString& pattern : frames ? choices.files() : QStringList())
+        if (const auto name = FrameFileName::parse(pattern))
+            there << existing(*name, *frames);
+    there.removeDuplicates();
     return there;
+}
+
+UT_Result<void> checkExportFiles(const MO_Scene& scene, const ExportChoices& choices)
+{
+    const QStringList there = filesToReplace(scene, choices);
+    if (const auto origin = originAmong(scene, there))
+        return UT_Error{Texts::tr("%1 is the drawing that the scene was made of, and would be lost; choose another "
+                                  "name.")
+                            .arg(QFileInfo(*origin).fileName())};
+    // A link whose name a person chose is written through; one beside it came with the folder, and may lead to any
+    // file.
+    ExportChoices named = choices;
+    named.pictures = choices.pictures.mid(0, 1);
+    const QStringList chosen = filesToReplace(scene, named);
+    for (const QString& file : there)
+        if (QFileInfo(file).isSymLink() && !chosen.contains(file))
+            return UT_Error{Texts::tr("%1 is a link to another file; choose another name, or remove it.")
+                                .arg(QFileInfo(file).fileName())};
+    return {};
 }
 
 int ownWidth(const MO_Scene& scene)
@@ -191,6 +214,8 @@ UT_Result<ExportPlan> ExportPlan::of(const MO_Scene& scene, const ExportChoices&
         return UT_Error{Texts::tr("Nothing is chosen to be written; choose one of the pictures.")};
     if (choices.pictures.contains(ExportPicture::GLOSS) && !choices.gloss.isAny())
         return UT_Error{Texts::tr("No colour is glossy yet; \"Colours...\" sets the gloss of each.")};
+    if (const auto mayWrite = checkExportFiles(scene, choices); !mayWrite)
+        return mayWrite.error();
     ExportPlan plan;
     auto copy = MO_copyScene(scene);
     if (!copy)

@@ -29,6 +29,10 @@ QList<ExportPicture> exportPicturesOf(RenderedKind kind);
 /// The existing files that the export would replace; empty if the choices do not fit the scene.
 QStringList filesToReplace(const MO_Scene& scene, const ExportChoices& choices);
 
+/// Whether all files may be written: none is a file that the scene was made of, under whatever name, and none but those
+/// of the first picture, whose name is chosen, is a link.
+UT_Result<void> checkExportFiles(const MO_Scene& scene, const ExportChoices& choices);
+
 /// The width at which a pixel of the picture is a unit of the drawing (for a sprite, one of its pixels); 1920 if the
 /// drawings of the scene have several scales.
 int ownWidth(const MO_Scene& scene);

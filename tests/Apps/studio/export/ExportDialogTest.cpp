@@ -20,7 +20,9 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QImage>
 #include <QLineEdit>
+#include <QPainter>
 #include <QProcess>
 #include <QProgressBar>
 #include <QPushButton>
@@ -30,6 +32,7 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <filesystem>
 
 namespace {
 
@@ -40,6 +43,20 @@ protected:
     {
         openDisc();
         show();
+    }
+
+    /// A red disc as a bitmap of 40 x 40 pixels.
+    void openSprite()
+    {
+        QImage sprite(40, 40, QImage::Format_RGBA8888);
+        sprite.fill(Qt::transparent);
+        QPainter painter(&sprite);
+        painter.setBrush(Qt::red);
+        painter.drawEllipse(4, 4, 32, 32);
+        painter.end();
+        ASSERT_TRUE(sprite.save(folder.filePath(QStringLiteral("sprite.png"))));
+        drop({folder.filePath(QStringLiteral("sprite.png"))});
+        ASSERT_TRUE(waitForPicture()) << qPrintable(window->messages().text());
     }
 
     void show()
@@ -307,6 +324,49 @@ TEST_F(ExportDialogTest, AsksBeforeItReplacesAFile)
     answerNext(QMessageBox::Yes);
     exportAll();
     EXPECT_TRUE(IIO_read(out() + QStringLiteral("/disc_n.png")));
+}
+
+TEST_F(ExportDialogTest, WritesOverNoDrawingThatTheSceneWasMadeOfUnderAnyName)
+{
+    openSprite();
+    const QByteArray drawing = bytesOf(QStringLiteral("sprite.png"));
+    show();
+    // Its own name.
+    field<QLineEdit>("exportFolder").setText(folder.path());
+    field<QLineEdit>("exportFile").setText(QStringLiteral("sprite.png"));
+    pressEnter();
+    EXPECT_FALSE(dialog->isRunning()) << "nobody is asked whether to replace it";
+    EXPECT_TRUE(dialog->message().startsWith(QStringLiteral("sprite.png is the drawing that the scene was made of")))
+        << dialog->message().toStdString();
+    // A link to it.
+    std::filesystem::create_symlink("../sprite.png", (out() + QStringLiteral("/link.png")).toStdString());
+    field<QLineEdit>("exportFolder").setText(out());
+    field<QLineEdit>("exportFile").setText(QStringLiteral("link.png"));
+    pressEnter();
+    EXPECT_FALSE(dialog->isRunning());
+    EXPECT_TRUE(dialog->message().startsWith(QStringLiteral("link.png is the drawing")))
+        << dialog->message().toStdString();
+    EXPECT_EQ(bytesOf(QStringLiteral("sprite.png")), drawing);
+}
+
+TEST_F(ExportDialogTest, WritesThroughNoLinkWhoseNameNobodyChose)
+{
+    open();
+    write(QStringLiteral("other.png"), "of the user's");
+    std::filesystem::create_symlink("../other.png", (out() + QStringLiteral("/disc_e.png")).toStdString());
+    check("exportElevation", true);
+    pressEnter();
+    EXPECT_FALSE(dialog->isRunning());
+    EXPECT_TRUE(dialog->message().startsWith(QStringLiteral("disc_e.png is a link")))
+        << dialog->message().toStdString();
+    EXPECT_EQ(bytesOf(QStringLiteral("other.png")), "of the user's");
+    EXPECT_EQ(filesThere(), QStringList{QStringLiteral("disc_e.png")});
+    // A person who names the link means the file behind it.
+    check("exportElevation", false);
+    field<QLineEdit>("exportFile").setText(QStringLiteral("disc_e.png"));
+    answerNext(QMessageBox::Yes);
+    exportAll();
+    EXPECT_TRUE(IIO_read(folder.filePath(QStringLiteral("other.png")))) << dialog->message().toStdString();
 }
 
 TEST_F(ExportDialogTest, RemembersWhatWasChosenButNotTheName)
