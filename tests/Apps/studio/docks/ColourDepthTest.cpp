@@ -22,6 +22,13 @@ namespace {
 constexpr int kName = ColourDepthModel::NAME;
 constexpr int kDepth = ColourDepthModel::DEPTH;
 
+// An eye in a broad face, and a hat.
+const char* const kFace = R"(<svg xmlns="http://www.w3.org/2000/svg" width="200" height="100"
+     xmlns:inkscape="http://www.inkscape.org/namespaces/inkscape"><g inkscape:groupmode="layer" inkscape:label="Face">
+  <rect x="20" y="10" width="160" height="80" fill="#3060c0"/><rect x="60" y="30" width="20" height="20" fill="#d0a020"/>
+</g><g inkscape:groupmode="layer" inkscape:label="Hat"><rect x="20" y="2" width="160" height="6" fill="#208020"/></g>
+</svg>)";
+
 // The body's colour is #3060c0, the head's #d0a020; both are added fully to begin with.
 class ColourDepthTest : public studio_testing::ObjectsTest
 {
@@ -111,11 +118,7 @@ TEST_F(ColourDepthTest, ThePictureFollowsWhileTheSliderIsDragged)
 TEST_F(ColourDepthTest, SaysThatABevelIsTooWideForTheDepthOfANarrowPartAndWhichOneWouldDo)
 {
     // An eye of 20 x 20 in a picture of 200 is 72 scene units broad: well seen with a bevel of 144.
-    drop({write(QStringLiteral("face.svg"), R"(<svg xmlns="http://www.w3.org/2000/svg" width="200" height="100"
-     xmlns:inkscape="http://www.inkscape.org/namespaces/inkscape"><g inkscape:groupmode="layer" inkscape:label="Face">
-  <rect x="20" y="10" width="160" height="80" fill="#3060c0"/><rect x="60" y="30" width="20" height="20" fill="#d0a020"/>
-</g><g inkscape:groupmode="layer" inkscape:label="Hat"><rect x="20" y="2" width="160" height="6" fill="#208020"/></g>
-</svg>)")});
+    drop({write(QStringLiteral("face.svg"), kFace)});
     ASSERT_TRUE(waitForPicture());
     window->findChild<QDockWidget*>(QStringLiteral("ColourDepthDock"))->raise();
     QCoreApplication::processEvents();
@@ -136,6 +139,27 @@ TEST_F(ColourDepthTest, SaysThatABevelIsTooWideForTheDepthOfANarrowPartAndWhichO
     press(kBlue, 100);
     release(kBlue, 100);
     EXPECT_TRUE(studio_testing::waitUntil([&] { return !hint->isVisible(); }));
+}
+
+TEST_F(ColourDepthTest, AButtonLowersTheBevelThatIsTooWideForADepth)
+{
+    // An eye of 20 x 20 in a picture of 200 is 72 scene units broad: well seen with a bevel of 144.
+    drop({write(QStringLiteral("face.svg"), kFace)});
+    ASSERT_TRUE(waitForPicture());
+    window->findChild<QDockWidget*>(QStringLiteral("ColourDepthDock"))->raise();
+    QCoreApplication::processEvents();
+    click(QPointF(60.5, 100.5));
+    bar().field(ObjectValue::BEVEL).setValue(400.0);
+    press(kGold, 0);
+    release(kGold, 0);
+    auto* const button = view().findChild<QPushButton*>(QStringLiteral("ColourDepthsLowerBevel"));
+    ASSERT_TRUE(studio_testing::waitUntil([&] { return button->isVisible(); }));
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_EQ(valuesOf("Face").bevel, 144.0);
+    EXPECT_EQ(document().commands().undoName(), QStringLiteral("Bevel of Face 400 \u2192 144"));
+    EXPECT_TRUE(studio_testing::waitUntil([&] { return !button->isVisible(); }));
+    document().commands().undo();
+    EXPECT_EQ(valuesOf("Face").bevel, 400.0);
 }
 
 TEST_F(ColourDepthTest, SaysThatTheOnlyColourOfAnObjectHasNothingToLieDeeperThan)

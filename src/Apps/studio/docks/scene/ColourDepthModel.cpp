@@ -5,8 +5,8 @@
 #include "studio/docks/scene/ColourDepthModel.h"
 
 #include "studio/docks/scene/ColourSwatch.h"
-#include "studio/docks/scene/DepthHint.h"
 #include "studio/docks/scene/PaletteView.h"
+#include "studio/objects/ObjectChanges.h"
 
 #include <QGuiApplication>
 
@@ -15,14 +15,14 @@
 ColourDepthModel::ColourDepthModel(StudioDocument& document, QObject* parent)
     : QAbstractTableModel(parent), _document(document), _together([](int row) { return QList<int>{row}; })
 {
-    connect(&document, &StudioDocument::sceneReplaced, this, &ColourDepthModel::follow);
-    connect(&document, &StudioDocument::sceneChanged, this, &ColourDepthModel::follow);
-    connect(&document, &StudioDocument::stateChanged, this, &ColourDepthModel::follow);
-    connect(&document, &StudioDocument::selectionChanged, this, &ColourDepthModel::follow);
-    follow();
+    connect(&document, &StudioDocument::sceneReplaced, this, &ColourDepthModel::reread);
+    connect(&document, &StudioDocument::sceneChanged, this, &ColourDepthModel::reread);
+    connect(&document, &StudioDocument::stateChanged, this, &ColourDepthModel::reread);
+    connect(&document, &StudioDocument::selectionChanged, this, &ColourDepthModel::reread);
+    reread();
 }
 
-void ColourDepthModel::follow()
+void ColourDepthModel::reread()
 {
     MO_Module* const node = this->node();
     std::vector<ColourDepth> colours = node ? colourDepthsOf(_document.scene(), *node) : std::vector<ColourDepth>();
@@ -57,10 +57,21 @@ int ColourDepthModel::nearestRow(const QColor& seen) const
     return nearest;
 }
 
-QString ColourDepthModel::whyUnseen(int row) const
+DepthHint ColourDepthModel::whyUnseen(int row) const
 {
     const MO_Module* const node = this->node();
-    return node && colour(row) ? whyDepthIsUnseen(_document, *node, *colour(row)) : QString();
+    return node && colour(row) ? whyDepthIsUnseen(_document, *node, *colour(row)) : DepthHint();
+}
+
+void ColourDepthModel::makeSeen(int row)
+{
+    const DepthHint hint = whyUnseen(row);
+    if (!hint.object)
+        return;
+    finishChange();
+    _document.execute(changeValueCmd({*hint.object}, ObjectValue::BEVEL, _document.currentFrame(),
+                                     [&](const SceneObject&) { return hint.bevel; }));
+    finishChange();
 }
 
 void ColourDepthModel::changeOn(int row, std::optional<int> depth)

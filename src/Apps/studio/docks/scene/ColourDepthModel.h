@@ -4,6 +4,7 @@
 #pragma once
 
 #include "studio/docks/scene/ColourDepths.h"
+#include "studio/docks/scene/DepthHint.h"
 
 #include <QAbstractTableModel>
 
@@ -31,7 +32,9 @@ public:
     /// The row whose colour is nearest to one that was seen; -1 when there is none.
     int nearestRow(const QColor& seen) const;
     /// Why the depth of a row cannot be seen in the picture; empty where it can.
-    QString whyUnseen(int row) const;
+    DepthHint whyUnseen(int row) const;
+    /// Gives the object that is too round for the depth of a row the bevel that shows it, as one step.
+    void makeSeen(int row);
     /// Which rows change together with a row; itself alone to begin with.
     void setTogether(std::function<QList<int>(int row)> together) { _together = std::move(together); }
 
@@ -48,7 +51,7 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:
-    void follow();
+    void reread();
     QVariant nameData(const ColourDepth& colour, int role) const;
     static QVariant depthData(const ColourDepth& colour, int role);
 

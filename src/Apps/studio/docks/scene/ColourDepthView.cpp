@@ -5,6 +5,7 @@
 
 #include "studio/docks/scene/ColourDepthDelegate.h"
 #include "studio/docks/scene/ColourSwatch.h"
+#include "studio/objects/ObjectValues.h"
 
 #include <QBoxLayout>
 #include <QHeaderView>
@@ -35,6 +36,7 @@ ColourDepthView::ColourDepthView(StudioDocument& document, QWidget* parent)
     , _pick(new QPushButton(tr("&Pick from Picture")))
     , _table(new QTableView)
     , _hint(new QLabel)
+    , _lowerBevel(new QPushButton)
 {
     setObjectName(QStringLiteral("ColourDepths"));
     _search->setObjectName(QStringLiteral("ColourDepthsSearch"));
@@ -60,6 +62,7 @@ ColourDepthView::ColourDepthView(StudioDocument& document, QWidget* parent)
     rows->addLayout(bar);
     rows->addWidget(_table, 1);
     rows->addWidget(_hint);
+    rows->addWidget(_lowerBevel, 0, Qt::AlignLeft);
     setFocusProxy(_table);
 
     _model->setTogether([this](int row) { return rowsTogether(row); });
@@ -100,6 +103,10 @@ void ColourDepthView::makeHint(const StudioDocument& document)
     _hint->setWordWrap(true);
     _hint->setMargin(4);
     _hint->hide();
+    _lowerBevel->setObjectName(QStringLiteral("ColourDepthsLowerBevel"));
+    _lowerBevel->setToolTip(tr("Gives the object a bevel that is narrow enough for this depth to show"));
+    _lowerBevel->hide();
+    connect(_lowerBevel, &QPushButton::clicked, this, [this] { _model->makeSeen(modelRow()); });
     _rest.setSingleShot(true);
     _rest.setInterval(kRest);
     const auto wait = [this] { _rest.start(); };
@@ -115,8 +122,17 @@ void ColourDepthView::showHint()
     // Looking through all drawings takes time that a drag does not have.
     if (_dragged.isValid())
         return _rest.start();
-    _hint->setText(_model->whyUnseen(_found->mapToSource(_table->currentIndex()).row()));
-    _hint->setVisible(!_hint->text().isEmpty());
+    const DepthHint hint = _model->whyUnseen(modelRow());
+    _hint->setText(hint.text);
+    _hint->setVisible(!hint.text.isEmpty());
+    if (hint.object)
+        _lowerBevel->setText(tr("&Lower Bevel to %1").arg(ObjectTexts::number(hint.bevel)));
+    _lowerBevel->setVisible(hint.object.has_value());
+}
+
+int ColourDepthView::modelRow() const
+{
+    return _found->mapToSource(_table->currentIndex()).row();
 }
 
 QPoint ColourDepthView::sliderPlace(const QModelIndex& index, int depth) const
@@ -183,7 +199,7 @@ void ColourDepthView::endDrag()
 
 bool ColourDepthView::step(int key, bool far)
 {
-    const int row = _found->mapToSource(_table->currentIndex()).row();
+    const int row = modelRow();
     const ColourDepth* const colour = _model->colour(row);
     if (!colour || (key != Qt::Key_Left && key != Qt::Key_Right))
         return false;

@@ -10,7 +10,8 @@
 //   box                    gives the colour a depth of its own, or takes it away
 //   Pick from Picture      the next click in the picture selects the colour that is seen there
 //
-// Where the depth of the current colour cannot be seen, the panel says why.
+// Where the depth of the current colour cannot be seen, the panel says why; where a lower bevel would show it, a button
+// sets that.
 #pragma once
 
 #include "studio/docks/scene/ColourDepthModel.h"
@@ -54,6 +55,7 @@ private:
     void makeTable();
     void makeHint(const StudioDocument& document);
     void showHint();
+    int modelRow() const;
     QList<int> rowsTogether(int row) const;
     bool press(const QMouseEvent& event);
     void dragTo(const QPoint& place);
@@ -66,6 +68,7 @@ private:
     QPushButton* _pick;
     QTableView* _table;
     QLabel* _hint;                  ///< why the depth of the current row cannot be seen; hidden where it can
+    QPushButton* _lowerBevel;       ///< does what the hint says; hidden where it says nothing of a bevel
     QTimer _rest;                   ///< runs out when nothing has changed for a moment
     QPersistentModelIndex _dragged; ///< of the model, in the column of depths
 };

@@ -53,28 +53,29 @@ Painted paintedIn(const SceneObject& object, const CM_ColorId_t& colour, double 
     return painted;
 }
 
-QString reasonFor(const SceneObject& object, const Painted& painted, double bevelFactor)
+DepthHint hintFor(const SceneObject& object, const Painted& painted, double bevelFactor)
 {
     if (painted.isAlone)
-        return Texts::tr(
-                   "Not seen: %1 has no other colour, and a depth shows only beside another. Its elevation raises "
-                   "or carves it as a whole.")
-            .arg(object.name);
+        return {Texts::tr("Not seen: %1 has no other colour, and a depth shows only beside another. Its elevation "
+                          "raises or carves it as a whole.")
+                    .arg(object.name),
+                {},
+                0.0};
     const double bevel = object.values.bevel * bevelFactor;
     if (painted.breadth >= kHardlySeen * bevel)
         return {};
     const double wellSeen = std::round(painted.breadth / kWellSeen / bevelFactor);
-    return Texts::tr(
-               "Hardly seen: the bevel of %1, %2, is too wide for parts this narrow. Lower it to about %3, or draw "
-               "them as a layer of their own and carve that.")
-        .arg(object.name, ObjectTexts::number(object.values.bevel), ObjectTexts::number(wellSeen));
+    return {Texts::tr("Hardly seen: the bevel of %1, %2, is too wide for parts this narrow. Lower it to about %3, or "
+                      "draw them as a layer of their own and carve that.")
+                .arg(object.name, ObjectTexts::number(object.values.bevel), ObjectTexts::number(wellSeen)),
+            object, wellSeen};
 }
 
 } // namespace
 
-QString whyDepthIsUnseen(const StudioDocument& document, const MO_Module& node, const ColourDepth& colour)
+DepthHint whyDepthIsUnseen(const StudioDocument& document, const MO_Module& node, const ColourDepth& colour)
 {
-    QString reason;
+    DepthHint hint;
     const double frame = document.currentFrame();
     for (const SceneObject& object : objectsOf(document.scene(), frame)) {
         if (object.node != &node || object.isCutOut() || object.isHidden || !colour.depth)
@@ -82,9 +83,9 @@ QString whyDepthIsUnseen(const StudioDocument& document, const MO_Module& node, 
         const Painted painted = paintedIn(object, colour.id, frame);
         if (painted.breadth <= 0.0)
             continue;
-        reason = reasonFor(object, painted, NormalMapNode(*object.node).bevelFactor(frame));
-        if (reason.isEmpty())
+        hint = hintFor(object, painted, NormalMapNode(*object.node).bevelFactor(frame));
+        if (hint.text.isEmpty())
             return {};
     }
-    return reason;
+    return hint;
 }

@@ -6,9 +6,20 @@
 #pragma once
 
 #include "studio/docks/scene/ColourDepths.h"
+#include "studio/objects/SceneObjects.h"
 
-/// The reason and what helps against it, for people; empty where the depth can be seen, where the colour has none, and
-/// where nothing is painted in it at the current frame.
+#include <optional>
+
+/// What a person is told of a depth that cannot be seen.
+struct DepthHint
+{
+    QString text;                      ///< the reason and what helps against it; empty where nothing is to be said
+    std::optional<SceneObject> object; ///< whose bevel is too wide; invalid after the scene has changed
+    double bevel = 0.0;                ///< which bevel would show the depth
+};
+
+/// Why the depth cannot be seen; an empty hint where it can, where the colour has none, and where nothing is painted in
+/// it at the current frame.
 ///
 /// @param node the normal-map node that has the table of depths
-QString whyDepthIsUnseen(const StudioDocument& document, const MO_Module& node, const ColourDepth& colour);
+DepthHint whyDepthIsUnseen(const StudioDocument& document, const MO_Module& node, const ColourDepth& colour);

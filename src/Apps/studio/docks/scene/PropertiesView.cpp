@@ -26,6 +26,7 @@ const QString kColourTableEditor = QStringLiteral("VallorinVolumetricColorDefini
 // The most width that an editor gets without scrolling sideways: half of the narrowest screen, because the picture is
 // to be the larger part.
 constexpr int kMostWidth = 508;
+const QString kWidestNumber = QStringLiteral("000,00");
 // Of frames and groups around a table.
 constexpr int kAroundTables = 48;
 
@@ -36,6 +37,10 @@ constexpr int kAroundTables = 48;
 int fitColumns(QTableView& table)
 {
     QHeaderView& header = *table.horizontalHeader();
+    // Editors may say of their cells how high they are and nothing of how wide. Numbers with a comma would break there.
+    table.setWordWrap(false);
+    const int cellMargin = table.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &table) + 1;
+    header.setMinimumSectionSize(table.fontMetrics().horizontalAdvance(kWidestNumber) + 2 * cellMargin + 1);
     header.setSectionResizeMode(QHeaderView::ResizeToContents);
     int width = table.verticalHeader()->isHidden() ? 0 : table.verticalHeader()->sizeHint().width();
     for (int column = 0; column < header.count(); ++column)
