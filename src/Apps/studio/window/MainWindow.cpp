@@ -14,6 +14,7 @@
 #include "studio/window/PlainTexts.h"
 #include "studio/window/StartPage.h"
 #include "studio/window/StudioDocks.h"
+#include "studio/window/TimelinePlace.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -40,6 +41,7 @@ const QString kStateKey = QStringLiteral("window/state");
 constexpr QSize kFirstSize(1440, 900);
 constexpr QSize kFrameAround(8, 48);
 
+const QString kByHandKey = QStringLiteral("window/arrangedByHand");
 const QString kTimelineNamesKey = QStringLiteral("window/timelineNames");
 
 } // namespace
@@ -140,6 +142,8 @@ void MainWindow::makeDocks()
     Playback& playback = findChild<TimelineView*>()->playback();
     playback.setIsBusy([this] { return _renders.isFrameAwaited(); });
     connect(&playback, &Playback::playingChanged, &_renders, &RenderService::setPlaying);
+    _timelinePlace = new TimelinePlace(*this, *findChild<QDockWidget*>(QStringLiteral("NodesDock")),
+                                       *findChild<QDockWidget*>(QStringLiteral("TimelineDock")));
     auto* const dock = new QDockWidget(tr("Lights"), this);
     dock->setObjectName(QStringLiteral("lightsDock"));
     auto* const scroll = new QScrollArea;
@@ -185,6 +189,8 @@ void MainWindow::resetLayout()
     findChild<TimelineCanvas*>()->setNameWidth(TimelineCanvas::kFirstNameWidth);
     shareOutRoom();
     raiseFirstDocks();
+    _timelinePlace->setByHand(false);
+    _timelinePlace->follow(_document.scene());
 }
 
 void MainWindow::makeStatusBar()
@@ -301,8 +307,10 @@ void MainWindow::showStart(bool start)
             restoreState(layout);
         raiseFirstDocks();
     }
-    if (!start)
+    if (!start) {
+        _timelinePlace->follow(_document.scene());
         _viewer->setFocus();
+    }
     updateActions();
 }
 
@@ -311,6 +319,7 @@ void MainWindow::restoreLayout()
     const QSettings settings;
     restoreGeometry(settings.value(kGeometryKey).toByteArray());
     restoreState(settings.value(kStateKey).toByteArray());
+    _timelinePlace->setByHand(settings.value(kByHandKey, false).toBool());
     findChild<TimelineCanvas*>()->setNameWidth(
         settings.value(kTimelineNamesKey, TimelineCanvas::kFirstNameWidth).toInt());
 }
@@ -322,6 +331,7 @@ void MainWindow::storeLayout()
     if (!_hiddenDocks.isEmpty())
         return;
     settings.setValue(kStateKey, saveState());
+    settings.setValue(kByHandKey, _timelinePlace->isByHand());
     settings.setValue(kTimelineNamesKey, findChild<TimelineCanvas*>()->nameWidth());
 }
 

@@ -32,6 +32,7 @@ class QDockWidget;
 class QLabel;
 class QStackedWidget;
 class StartPage;
+class TimelinePlace;
 class Viewer;
 
 class MainWindow : public QMainWindow
@@ -172,6 +173,7 @@ private:
     ObjectActions* _objectActions = nullptr;
     ColourPicker* _colourPicker = nullptr;
     HelpDialog* _help = nullptr; ///< once it was asked for
+    TimelinePlace* _timelinePlace = nullptr;
     QLabel* _pixelLabel = nullptr;
     QLabel* _stateLabel = nullptr;
     QLabel* _zoomLabel = nullptr;

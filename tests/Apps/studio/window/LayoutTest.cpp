@@ -3,6 +3,9 @@
 // The window on a small screen, and the way back to the first arrangement of its panels.
 #include "Apps/studio/window/WindowTesting.h"
 
+#include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "jobs/shown/NormalMapNode.h"
+#include "studio/docks/graph/NodeView.h"
 #include "studio/docks/timeline/TimelineCanvas.h"
 #include "studio/docks/timeline/TimelineView.h"
 #include "studio/objects/ObjectsModel.h"
@@ -12,8 +15,10 @@
 #include <QDockWidget>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QLocale>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <QTableView>
 
 namespace {
@@ -27,6 +32,18 @@ protected:
         window->findChild<QAction*>(QStringLiteral("resetLayout"))->trigger();
         QCoreApplication::processEvents();
     }
+    /// A scene of 10 frames.
+    void openMoving()
+    {
+        drop({write(QStringLiteral("slide.json"), studio_testing::slide(10))});
+        ASSERT_TRUE(waitForPicture()) << qPrintable(window->messages().text());
+        QCoreApplication::processEvents();
+    }
+    bool isTimelineBehindNodes() const
+    {
+        return window->tabifiedDockWidgets(&dock("NodesDock")).contains(&dock("TimelineDock"));
+    }
+    static bool isSeen(const QAbstractScrollArea& view) { return !view.viewport()->visibleRegion().isEmpty(); }
     void makeSmall()
     {
         window->resize(1024, 768);
@@ -84,7 +101,7 @@ TEST_F(LayoutTest, TheNodesEditorShowsAllColumnsOnASmallScreenWithoutScrollingSi
 
 TEST_F(LayoutTest, TheTimelinesBarBreaksIntoLinesWhereItIsNarrow)
 {
-    openDisc();
+    openMoving();
     auto& timeline = *window->findChild<TimelineView*>();
     const auto top = [&](const char* name) {
         const auto* const field = timeline.findChild<QWidget*>(QLatin1String(name));
@@ -120,7 +137,7 @@ TEST_F(LayoutTest, ResetLayoutBringsPanelsBackToWhereTheyWere)
 
 TEST_F(LayoutTest, PanelsAndTheTimelinesNamesKeepTheirWidths)
 {
-    openDisc();
+    openMoving();
     window->resizeDocks({&dock("NodesDock"), &dock("TimelineDock")}, {200, 400}, Qt::Horizontal);
     QCoreApplication::processEvents();
     const int width = dock("TimelineDock").width();
@@ -129,11 +146,94 @@ TEST_F(LayoutTest, PanelsAndTheTimelinesNamesKeepTheirWidths)
     window->findChild<TimelineCanvas*>()->setNameWidth(190);
     window->close();
     renew();
-    openDisc();
+    openMoving();
     EXPECT_EQ(dock("TimelineDock").width(), width) << "the panels have their sizes again";
     EXPECT_EQ(names(), 190);
     resetLayout();
     EXPECT_EQ(names(), TimelineCanvas::kFirstNameWidth);
+}
+
+TEST_F(LayoutTest, TheTimelineIsATabBehindTheNodesWhereNothingMovesAndBesideThemWhereSomethingDoes)
+{
+    openDisc();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(isTimelineBehindNodes());
+    EXPECT_FALSE(isSeen(*window->findChild<TimelineCanvas*>()));
+    EXPECT_TRUE(studio_testing::waitUntil([this] { return isSeen(*window->findChild<NodeView*>()); }));
+    // The picture has at least two thirds of the height.
+    EXPECT_GT(viewer().height() * 3, window->height() * 2 - 150);
+    openMoving();
+    EXPECT_FALSE(isTimelineBehindNodes());
+    EXPECT_TRUE(isSeen(*window->findChild<TimelineCanvas*>()));
+    EXPECT_TRUE(isSeen(*window->findChild<NodeView*>()));
+    EXPECT_GE(dock("TimelineDock").x(), dock("NodesDock").geometry().right());
+    openDisc();
+    EXPECT_TRUE(isTimelineBehindNodes());
+}
+
+TEST_F(LayoutTest, ASingleFrameWithKeysKeepsTheTimelineInSight)
+{
+    openDisc();
+    AT_Curve curve;
+    curve.setKey({.frame = 1, .value = 2.0, .in = {}, .out = {}, .unknown = {}});
+    ASSERT_TRUE(NormalMapNode(*window->objects().all().front().node).elevationMultiplier()->setCurve(curve));
+    const QString scene = folder.filePath(QStringLiteral("keyed.scene"));
+    ASSERT_TRUE(window->saveTo(scene));
+    openScene(scene);
+    EXPECT_FALSE(isTimelineBehindNodes());
+}
+
+TEST_F(LayoutTest, PanelsThatAPersonSizedStayAndResetLayoutArrangesThemAgain)
+{
+    openMoving();
+    // The border between nodes and timeline.
+    const QRect nodes = dock("NodesDock").geometry();
+    const QRect timeline = dock("TimelineDock").geometry();
+    const QPoint border((nodes.right() + timeline.left()) / 2, nodes.center().y());
+    ASSERT_EQ(window->childAt(border), nullptr) << "the border is the window's own";
+    QTest::mousePress(window.get(), Qt::LeftButton, Qt::NoModifier, border);
+    studio_testing::moveMouse(*window, border + QPoint(60, 0), Qt::LeftButton);
+    QCoreApplication::processEvents();
+    QTest::mouseRelease(window.get(), Qt::LeftButton, Qt::NoModifier, border + QPoint(60, 0));
+    ASSERT_TRUE(studio_testing::waitUntil([&] { return dock("NodesDock").width() > nodes.width() + 30; }));
+    QCoreApplication::processEvents();
+    const int width = dock("NodesDock").width();
+    openDisc();
+    EXPECT_FALSE(isTimelineBehindNodes());
+    EXPECT_EQ(dock("NodesDock").width(), width);
+    window->close();
+    renew();
+    openDisc();
+    EXPECT_FALSE(isTimelineBehindNodes()) << "in the next session, too";
+    resetLayout();
+    EXPECT_TRUE(isTimelineBehindNodes());
+}
+
+TEST_F(LayoutTest, NumbersWithACommaAreReadInFullInTheNodesTable)
+{
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::German));
+    renew();
+    drop({MainWindow::examplePath()});
+    ASSERT_TRUE(waitForPicture());
+    dock("PropertiesDock").raise();
+    QCoreApplication::processEvents();
+    const auto tables = dock("PropertiesDock").findChildren<QTableView*>();
+    ASSERT_EQ(tables.size(), 1);
+    const QTableView& table = *tables.front();
+    const auto* const shown = qobject_cast<const QStyledItemDelegate*>(table.itemDelegate());
+    ASSERT_NE(shown, nullptr);
+    int commas = 0;
+    for (int row = 0; row < table.model()->rowCount(); ++row)
+        for (int column = 0; column + 1 < table.model()->columnCount(); ++column) {
+            const QModelIndex index = table.model()->index(row, column);
+            const QString text = shown->displayText(index.data(), table.locale());
+            commas += text.contains(QLatin1Char(',')) ? 1 : 0;
+            EXPECT_GE(table.columnWidth(column), table.fontMetrics().horizontalAdvance(text)) << text.toStdString();
+            EXPECT_FALSE(table.wordWrap());
+        }
+    EXPECT_GT(commas, 5) << "otherwise nothing was tried";
+    QLocale::setDefault(before);
 }
 
 TEST_F(LayoutTest, ThereIsNoLayoutToResetOnTheStartPage)
