@@ -308,6 +308,7 @@ void MainWindow::showStart(bool start)
         raiseFirstDocks();
     }
     if (!start) {
+        followDrawingsSize();
         _timelinePlace->follow(_document.scene());
         _viewer->setFocus();
     }

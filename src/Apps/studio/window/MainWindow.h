@@ -103,6 +103,8 @@ private:
     void makePictureActions();
     void makeZoomActions();
     void makeSizeActions();
+    void takePreviewSize();
+    void followDrawingsSize();
     void makeAppearanceActions();
     void makeMenus();
     void fillFileMenu(QMenu& menu);

@@ -3,6 +3,11 @@
 // Everything that can be done, once as an action; menus and tool bar show the same ones.
 #include "studio/window/MainWindow.h"
 
+#include "QuarvelBaseCore/UT_FileName.h"
+#include "QuarvelDrawingIO/DIO_BitmapReader.h"
+#include "QuarvelDrawingIO/DIO_LayeredReader.h"
+#include "jobs/import/SceneElements.h"
+#include "studio/export/ExportPlan.h"
 #include "studio/objects/ObjectActions.h"
 #include "studio/preview/Viewer.h"
 #include "studio/window/Appearance.h"
@@ -18,9 +23,44 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace {
 
 const QString kSizeKey = QStringLiteral("previewSize");
+// In place of a number of pixels: the drawing's own size, and that for small sprites alone.
+constexpr int kOwnSize = 0;
+constexpr int kAsSuits = -1;
+constexpr int kUsualSide = 1920;
+// The pixels of a sprite up to this size are seen in the window, and meant to be.
+constexpr int kSpriteSide = 128;
+
+int chosenSize()
+{
+    return QSettings().value(kSizeKey, kAsSuits).toInt();
+}
+
+int ownSide(const MO_Scene& scene)
+{
+    const int width = ownWidth(scene);
+    return std::max(width, scene.heightInPixels(width));
+}
+
+bool isBitmap(const QString& file)
+{
+    const QString suffix = UT_fileSuffix(file);
+    return DIO_bitmapSuffixes().contains(suffix) ||
+           std::ranges::any_of(DIO_layeredKinds(),
+                               [&](const DIO_LayeredKind& kind) { return kind.suffixes.contains(suffix); });
+}
+
+// Whether all drawings were read from small bitmaps.
+bool isSprite(const MO_Scene& scene)
+{
+    const std::vector<QStringList> origins = originsOf(scene);
+    return !origins.empty() && ownSide(scene) <= kSpriteSide &&
+           std::ranges::all_of(origins, [](const QStringList& files) { return std::ranges::all_of(files, isBitmap); });
+}
 
 } // namespace
 
@@ -196,13 +236,35 @@ void MainWindow::makeChoice(QActionGroup& group, const QString& text, const QStr
 void MainWindow::makeSizeActions()
 {
     _sizes = new QActionGroup(this);
-    const int stored = QSettings().value(kSizeKey, _renders.longestSide()).toInt();
-    for (const int side : {640, 1280, 1920, 2560, 3840})
-        makeChoice(*_sizes, tr("%1 pixels").arg(side), tr("The preview's longer side"), side == stored, [this, side] {
-            QSettings().setValue(kSizeKey, side);
-            _renders.setLongestSide(side);
+    const int chosen = chosenSize();
+    const auto add = [&](const QString& text, const QString& toolTip, int size) {
+        makeChoice(*_sizes, text, toolTip, size == chosen, [this, size] {
+            QSettings().setValue(kSizeKey, size);
+            takePreviewSize();
         });
-    _renders.setLongestSide(stored);
+    };
+    add(tr("As &Suits the Drawing"), tr("Small sprites pixel by pixel, all others smooth"), kAsSuits);
+    add(tr("&The Drawing's Own"), tr("Shows sprites pixel by pixel, as they are exported"), kOwnSize);
+    for (const int side : {640, 1280, kUsualSide, 2560, 3840})
+        add(tr("%1 pixels").arg(side), tr("The preview's longer side"), side);
+    takePreviewSize();
+}
+
+void MainWindow::takePreviewSize()
+{
+    const int chosen = chosenSize();
+    _renders.setLongestSide(chosen > 0 ? chosen : kUsualSide);
+    followDrawingsSize();
+}
+
+void MainWindow::followDrawingsSize()
+{
+    const int chosen = chosenSize();
+    const MO_Scene& scene = _document.scene();
+    if (chosen == kOwnSize || (chosen == kAsSuits && isSprite(scene)))
+        _renders.setLongestSide(ownSide(scene));
+    else if (chosen == kAsSuits && _renders.longestSide() <= kSpriteSide)
+        _renders.setLongestSide(kUsualSide); // the last drawing was a sprite
 }
 
 void MainWindow::makeAppearanceActions()

@@ -287,6 +287,54 @@ TEST_F(ViewerTest, ThePicturesShowWhatTheirNamesSay)
     EXPECT_GT(viewer().shownImage().pixelColor(200, 100).blue(), 240);
 }
 
+TEST_F(ViewerTest, ShowsSmallSpritesPixelByPixelAndOtherDrawingsSmooth)
+{
+    const auto openBitmap = [this](const QSize& size) {
+        QImage sprite(size, QImage::Format_RGBA8888);
+        sprite.fill(Qt::red);
+        const QString file = folder.filePath(QStringLiteral("sprite%1.png").arg(size.width()));
+        ASSERT_TRUE(sprite.save(file));
+        drop({file});
+        ASSERT_TRUE(waitForPicture());
+    };
+    const auto size = [this] { return window->renderService().current()->size; };
+    openBitmap(QSize(129, 129));
+    EXPECT_EQ(size(), QSize(kSide, kSide));
+    openBitmap(QSize(96, 128));
+    EXPECT_EQ(size(), QSize(96, 128));
+    openDisc();
+    EXPECT_EQ(size(), QSize(1920, 960)) << "vectors have no pixels";
+}
+
+TEST_F(ViewerTest, ShowsDrawingsInTheirOwnSizeWhereAPersonChoseThat)
+{
+    const auto choose = [this](const QString& text) {
+        for (QAction* const action : window->findChildren<QAction*>())
+            if (action->text().remove(QLatin1Char('&')) == text)
+                return action->trigger();
+        ADD_FAILURE() << "no " << text.toStdString();
+    };
+    const auto size = [this] { return window->renderService().current()->size; };
+    openDisc();
+    EXPECT_EQ(size(), QSize(kSide, kSide / 2));
+    choose(QStringLiteral("The Drawing's Own"));
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(size(), QSize(200, 100));
+    // The next drawing, in the next session, too.
+    QImage sprite(24, 32, QImage::Format_RGBA8888);
+    sprite.fill(Qt::red);
+    ASSERT_TRUE(sprite.save(folder.filePath(QStringLiteral("sprite.png"))));
+    drop({folder.filePath(QStringLiteral("sprite.png"))});
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(size(), QSize(24, 32));
+    renew();
+    openDisc();
+    EXPECT_EQ(size(), QSize(200, 100));
+    choose(QStringLiteral("640 pixels"));
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(size(), QSize(640, 320));
+}
+
 TEST_F(ViewerTest, EveryActionHasAToolTipAndNoKeyIsTakenTwice)
 {
     QSet<QString> keys;
