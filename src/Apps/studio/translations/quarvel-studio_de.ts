@@ -290,6 +290,14 @@
         <source>Shows only the colours whose names hold this text</source>
         <translation>Zeigt nur die Farben, deren Namen diesen Text enthalten</translation>
     </message>
+    <message>
+        <source>Gives the object a bevel that is narrow enough for this depth to show</source>
+        <translation>Gibt dem Objekt eine Kante, die schmal genug ist, dass diese Tiefe zu sehen ist</translation>
+    </message>
+    <message>
+        <source>&amp;Lower Bevel to %1</source>
+        <translation>Kante auf %1 &amp;senken</translation>
+    </message>
 </context>
 <context>
     <name>ColourDepths</name>
@@ -781,6 +789,14 @@
     <message>
         <source>No colour is glossy yet; &quot;Colours...&quot; sets the gloss of each.</source>
         <translation>Noch glänzt keine Farbe; „Farben …“ legt den Glanz jeder Farbe fest.</translation>
+    </message>
+    <message>
+        <source>%1 is the drawing that the scene was made of, and would be lost; choose another name.</source>
+        <translation>%1 ist die Zeichnung, aus der die Szene gemacht ist, und ginge verloren; einen anderen Namen wählen.</translation>
+    </message>
+    <message>
+        <source>%1 is a link to another file; choose another name, or remove it.</source>
+        <translation>%1 ist eine Verknüpfung mit einer anderen Datei; einen anderen Namen wählen oder sie entfernen.</translation>
     </message>
 </context>
 <context>
@@ -2099,6 +2115,22 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
     <message>
         <source>Splits the view: on the left of a border that can be dragged, the flat drawing; hold B to see the flat drawing alone</source>
         <translation>Teilt die Ansicht: links einer verschiebbaren Grenze die flache Zeichnung; solange B gedrückt ist, nur sie</translation>
+    </message>
+    <message>
+        <source>&amp;The Drawing&apos;s Own</source>
+        <translation>&amp;Die der Zeichnung</translation>
+    </message>
+    <message>
+        <source>Shows sprites pixel by pixel, as they are exported</source>
+        <translation>Zeigt Sprites Pixel für Pixel, wie sie exportiert werden</translation>
+    </message>
+    <message>
+        <source>As &amp;Suits the Drawing</source>
+        <translation>Wie es zur Zeichnung &amp;passt</translation>
+    </message>
+    <message>
+        <source>Small sprites pixel by pixel, all others smooth</source>
+        <translation>Kleine Sprites Pixel für Pixel, alle anderen glatt</translation>
     </message>
 </context>
 <context>
