@@ -298,6 +298,10 @@
         <source>&amp;Lower Bevel to %1</source>
         <translation>Kante auf %1 &amp;senken</translation>
     </message>
+    <message>
+        <source>Lower Bevel</source>
+        <translation>Kante senken</translation>
+    </message>
 </context>
 <context>
     <name>ColourDepths</name>

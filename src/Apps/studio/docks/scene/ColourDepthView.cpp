@@ -104,6 +104,7 @@ void ColourDepthView::makeHint(const StudioDocument& document)
     _hint->setMargin(4);
     _hint->hide();
     _lowerBevel->setObjectName(QStringLiteral("ColourDepthsLowerBevel"));
+    _lowerBevel->setAccessibleName(tr("Lower Bevel"));
     _lowerBevel->setToolTip(tr("Gives the object a bevel that is narrow enough for this depth to show"));
     _lowerBevel->hide();
     connect(_lowerBevel, &QPushButton::clicked, this, [this] { _model->makeSeen(modelRow()); });
