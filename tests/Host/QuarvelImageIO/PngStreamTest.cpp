@@ -2,6 +2,7 @@
 //
 // PNG files byte by byte, and pictures of many sizes: the smallest, wide ones, and ones of many bands.
 #include "Inflate.h"
+#include "OneInstructionSet.h"
 #include "Pictures.h"
 
 #include "QuarvelImageIO/IIO_PngFile.h"
@@ -96,6 +97,84 @@ TEST_F(PngStream, FiltersByTheLeftNeighbourOrTheOneAbove)
     const QByteArray data = dataOf(chunksOf(content(QStringLiteral("p.png"))), "IDAT");
     EXPECT_EQ(inflated(data, 14).toHex(), "01010000010001"
                                           "02000000000000");
+}
+
+TEST_F(PngStream, TheLeftNeighbourMustLeaveATenthFewerBytesThatAreNotZero)
+{
+    constexpr int kWidth = 11;
+    const std::vector<U16> rows{
+        100, 101, 102, 103, 104, 105, 106, 107, 108, 109, 109, // above this row is nothing: 9 bytes against 10
+        0,   1,   2,   3,   4,   5,   6,   7,   8,   9,   9,   // as many bytes
+        50,  51,  52,  53,  54,  55,  56,  57,  58,  58,  58}; // 8 bytes against 10
+    const auto picture = pictureOfSamples<U16>(kWidth, 3, IIO_channelsGrey(), rows);
+    ASSERT_TRUE(IIO_writePng(path(QStringLiteral("p.png")), picture, {}).ok());
+    constexpr qsizetype kRowBytes = 1 + 2 * kWidth;
+    const QByteArray data =
+        inflated(dataOf(chunksOf(content(QStringLiteral("p.png"))), "IDAT"), qsizetype{3} * kRowBytes);
+    constexpr char kSub = 1;
+    constexpr char kUp = 2;
+    EXPECT_EQ(data.at(0), kUp);
+    EXPECT_EQ(data.at(kRowBytes), kUp);
+    EXPECT_EQ(data.at(2 * kRowBytes), kSub);
+}
+
+QByteArray bigEndianBytes(std::span<const U16> samples)
+{
+    QByteArray bytes;
+    for (const U16 sample : samples) {
+        bytes.append(static_cast<char>(sample / 256));
+        bytes.append(static_cast<char>(sample % 256));
+    }
+    return bytes;
+}
+
+QByteArray less(const QByteArray& row, const QByteArray& other)
+{
+    QByteArray differences;
+    for (qsizetype i = 0; i < row.size(); ++i)
+        differences.append(static_cast<char>(row.at(i) - other.at(i)));
+    return differences;
+}
+
+// Without the first pixel, which has no left neighbour.
+qsizetype comparedBytes(const QByteArray& differences, qsizetype bytesPerPixel)
+{
+    return differences.size() - bytesPerPixel - differences.mid(bytesPerPixel).count('\0');
+}
+
+QByteArray plainlyFiltered(const QByteArray& row, const QByteArray& above, qsizetype bytesPerPixel)
+{
+    const QByteArray byLeft = less(row, QByteArray(bytesPerPixel, '\0') + row.chopped(bytesPerPixel));
+    const QByteArray byAbove = less(row, above);
+    const qsizetype left = comparedBytes(byLeft, bytesPerPixel);
+    return 10 * left < 9 * comparedBytes(byAbove, bytesPerPixel) ? '\1' + byLeft : '\2' + byAbove;
+}
+
+QByteArray plainlyFiltered(const IIO_Picture& picture)
+{
+    const qsizetype bytesPerPixel = 2 * qsizetype{picture.channelCount()};
+    QByteArray above(bytesPerPixel * picture.width(), '\0');
+    QByteArray filtered;
+    for (int y = 0; y < picture.height(); ++y) {
+        const QByteArray row = bigEndianBytes(picture.row<U16>(y));
+        filtered += plainlyFiltered(row, above, bytesPerPixel);
+        above = row;
+    }
+    return filtered;
+}
+
+TEST_F(PngStream, EveryInstructionSetFiltersByThePlainRule)
+{
+    for (const QStringList& channels : {IIO_channelsRgba(), IIO_channelsRgb(), IIO_channelsGrey()})
+        for (const int width : {1, 2, 3, 8, 15, 16, 33, 67, 130}) {
+            const IIO_Picture picture = slopes(width, 9, channels);
+            const QByteArray expected = plainlyFiltered(picture);
+            withEachInstructionSet([&] {
+                const auto png = IIO_pngBytes(picture, {});
+                ASSERT_TRUE(png);
+                EXPECT_EQ(inflated(dataOf(chunksOf(*png), "IDAT"), expected.size()), expected) << width;
+            });
+        }
 }
 
 TEST_F(PngStream, TextsThatAreNotLatinAreWrittenAsUtf8)

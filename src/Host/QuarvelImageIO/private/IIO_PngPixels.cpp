@@ -7,6 +7,7 @@
 
 #include "QuarvelImageIO/private/IIO_Deflate.h"
 #include "QuarvelImageIO/private/IIO_PngFilter.h"
+#include "QuarvelImageIO/private/IIO_PngKernels.h"
 #include "QuarvelVectorLanes/VL_ParallelFor.h"
 
 #include <QtEndian>
@@ -34,6 +35,15 @@ struct Band
     std::uint32_t checksum = 0;
 };
 
+void takeAll(std::span<const std::uint8_t> samples, std::span<std::uint8_t> bytes)
+{
+    std::ranges::copy(samples, bytes.begin());
+}
+void takeAll(std::span<const std::uint16_t> samples, std::span<std::uint8_t> bytes)
+{
+    IIO_takeSamples(samples, bytes);
+}
+
 // Copies a row of the image in PNG's form: big-endian, without unused channels.
 template<typename Sample>
 void takeRow(const uchar* source, const IIO_PngForm& form, std::span<std::uint8_t> target)
@@ -42,8 +52,7 @@ void takeRow(const uchar* source, const IIO_PngForm& form, std::span<std::uint8_
     auto* bytes = target.data();
     const std::size_t count = target.size() / sizeof(Sample);
     if (form.channels == form.imageChannels) {
-        for (std::size_t i = 0; i < count; ++i)
-            qToBigEndian(samples[i], bytes + i * sizeof(Sample));
+        takeAll(std::span(samples, count), target);
         return;
     }
     const auto channels = static_cast<std::size_t>(form.channels);
