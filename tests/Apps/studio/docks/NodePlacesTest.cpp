@@ -7,9 +7,9 @@
 
 #include <QDockWidget>
 
-using NodePlaces = NodeViewTest;
+using NodePlacesTest = NodeViewTest;
 
-TEST_F(NodePlaces, TheWheelZoomsAndTheMiddleButtonPans)
+TEST_F(NodePlacesTest, TheWheelZoomsAndTheMiddleButtonPans)
 {
     const double zoom = nodes().transform().m11();
     QWheelEvent wheel(QPointF(100, 60), nodes().viewport()->mapToGlobal(QPointF(100, 60)), QPoint(), QPoint(0, 120),
@@ -24,7 +24,7 @@ TEST_F(NodePlaces, TheWheelZoomsAndTheMiddleButtonPans)
     expectNoChange();
 }
 
-TEST_F(NodePlaces, FingersThatRestOnATouchpadLeaveTheGraphFitted)
+TEST_F(NodePlacesTest, FingersThatRestOnATouchpadLeaveTheGraphFitted)
 {
     QWheelEvent rest(QPointF(100, 60), nodes().viewport()->mapToGlobal(QPointF(100, 60)), QPoint(), QPoint(),
                      Qt::NoButton, Qt::NoModifier, Qt::ScrollBegin, false);
@@ -37,7 +37,7 @@ TEST_F(NodePlaces, FingersThatRestOnATouchpadLeaveTheGraphFitted)
     EXPECT_LT(nodes().transform().m11(), scale);
 }
 
-TEST_F(NodePlaces, ANodeIsMovedByHandAndKeepsItsPlaceUntilThatIsUndone)
+TEST_F(NodePlacesTest, ANodeIsMovedByHandAndKeepsItsPlaceUntilThatIsUndone)
 {
     const QPointF was = middleInGraph("Hat");
     const QPointF others = middleInGraph("Hero");
@@ -52,7 +52,7 @@ TEST_F(NodePlaces, ANodeIsMovedByHandAndKeepsItsPlaceUntilThatIsUndone)
     EXPECT_EQ(middleInGraph("Hat"), was);
 }
 
-TEST_F(NodePlaces, SelectedNodesMoveTogetherAndTheirLinksWithThem)
+TEST_F(NodePlacesTest, SelectedNodesMoveTogetherAndTheirLinksWithThem)
 {
     document.setSelection({&module("Hero"), &module("Hat")});
     const QPointF between = middleInGraph("Hero") - middleInGraph("Hat");
@@ -62,7 +62,7 @@ TEST_F(NodePlaces, SelectedNodesMoveTogetherAndTheirLinksWithThem)
     EXPECT_EQ(document.commands().undoNames().size(), 1);
 }
 
-TEST_F(NodePlaces, EscapeGivesAMoveUp)
+TEST_F(NodePlacesTest, EscapeGivesAMoveUp)
 {
     const QPointF was = middleInGraph("Hat");
     const QPoint from = middleOf(module("Hat"));
@@ -75,7 +75,7 @@ TEST_F(NodePlaces, EscapeGivesAMoveUp)
     expectNoChange();
 }
 
-TEST_F(NodePlaces, ArrangeLetsTheGraphPlaceTheNodesAgain)
+TEST_F(NodePlacesTest, ArrangeLetsTheGraphPlaceTheNodesAgain)
 {
     const QPointF was = middleInGraph("Hat");
     moveBy(module("Hat"), QPoint(60, 40));
@@ -84,7 +84,7 @@ TEST_F(NodePlaces, ArrangeLetsTheGraphPlaceTheNodesAgain)
     EXPECT_EQ(middleInGraph("Hat"), was);
 }
 
-TEST_F(NodePlaces, ConnectingMovesNoNodeUntilTheGraphIsArranged)
+TEST_F(NodePlacesTest, ConnectingMovesNoNodeUntilTheGraphIsArranged)
 {
     const QStringList names{QStringLiteral("Hero"), QStringLiteral("Hat"), QStringLiteral("Composite"),
                             QStringLiteral("Display"), QStringLiteral("Arm")};
@@ -113,7 +113,7 @@ TEST_F(NodePlaces, ConnectingMovesNoNodeUntilTheGraphIsArranged)
     EXPECT_NE(places(), first);
 }
 
-TEST_F(NodePlaces, ANodeKeepsItsPlaceWhileAnotherGroupIsLookedAt)
+TEST_F(NodePlacesTest, ANodeKeepsItsPlaceWhileAnotherGroupIsLookedAt)
 {
     drag(*nodes().viewport(), port(module("Arm"), false, 0), port(module("Composite"), true, 2));
     docks::settle();
@@ -124,7 +124,7 @@ TEST_F(NodePlaces, ANodeKeepsItsPlaceWhileAnotherGroupIsLookedAt)
     EXPECT_EQ(middleInGraph("Arm"), was);
 }
 
-TEST_F(NodePlaces, WhatIsNewGivesWayToWhatStands)
+TEST_F(NodePlacesTest, WhatIsNewGivesWayToWhatStands)
 {
     const GraphLayout alone = layoutGraph(document.scene().root());
     // Everything stands a little higher than the layout would have it, and the arm where the new node would come.
@@ -145,7 +145,7 @@ TEST_F(NodePlaces, WhatIsNewGivesWayToWhatStands)
     EXPECT_EQ(layout[&added].center().y(), wanted.center().y() - 10.0);
 }
 
-TEST_F(NodePlaces, ANewNodeAppearsWhereTheMenuWasOpened)
+TEST_F(NodePlacesTest, ANewNodeAppearsWhereTheMenuWasOpened)
 {
     const QPoint place(40, nodes().viewport()->height() - 40);
     ASSERT_EQ(nodes().moduleAt(place), nullptr);
@@ -161,7 +161,7 @@ TEST_F(NodePlaces, ANewNodeAppearsWhereTheMenuWasOpened)
     EXPECT_EQ(middleOf(module("Hero")), hero);
 }
 
-TEST_F(NodePlaces, ConnectingPansNothing)
+TEST_F(NodePlacesTest, ConnectingPansNothing)
 {
     moveBy(module("Hat"), QPoint(20, 0));
     const QTransform was = nodes().viewportTransform();
@@ -171,7 +171,7 @@ TEST_F(NodePlaces, ConnectingPansNothing)
     EXPECT_EQ(nodes().viewportTransform(), was);
 }
 
-TEST_F(NodePlaces, ThreeHundredInputsAreReadable)
+TEST_F(NodePlacesTest, ThreeHundredInputsAreReadable)
 {
     auto* const group = dynamic_cast<XUGroup*>(&module("Arm"));
     while (group->nInPorts() < 320)
@@ -192,7 +192,7 @@ TEST_F(NodePlaces, ThreeHundredInputsAreReadable)
     EXPECT_TRUE(seen.contains(nodes().item(*group)->nameBox(seen).topLeft()));
 }
 
-TEST_F(NodePlaces, AMenuOfHundredsOfLinksFitsTheScreen)
+TEST_F(NodePlacesTest, AMenuOfHundredsOfLinksFitsTheScreen)
 {
     auto* const group = dynamic_cast<XUGroup*>(&module("Arm"));
     while (group->nInPorts() < 120)
@@ -213,7 +213,7 @@ TEST_F(NodePlaces, AMenuOfHundredsOfLinksFitsTheScreen)
     EXPECT_TRUE(found);
 }
 
-TEST_F(NodePlaces, InputsStandAboveWhatTheyFeedAndNoBoxesOverlap)
+TEST_F(NodePlacesTest, InputsStandAboveWhatTheyFeedAndNoBoxesOverlap)
 {
     const GraphLayout layout = layoutGraph(document.scene().root());
     ASSERT_EQ(layout.size(), 5);

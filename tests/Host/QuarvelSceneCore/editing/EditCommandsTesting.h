@@ -6,6 +6,7 @@
 #include "Host/QuarvelSceneCore/TestModules.h"
 
 #include "QuarvelCommand/CO_CommandStack.h"
+#include "QuarvelSceneCore/editing/MO_EditCommand.h"
 #include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
 #include "QuarvelSceneCore/kinds/MO_GlueModule.h"
 
