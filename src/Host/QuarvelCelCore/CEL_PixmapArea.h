@@ -19,9 +19,13 @@
 #include "QuarvelCelCore/CEL_Pixels.h"
 #include "QuarvelCelCore/CEL_Representation.h"
 
+#include <algorithm>
 #include <cassert>
+#include <cstddef>
 #include <memory>
 #include <span>
+#include <type_traits>
+#include <utility>
 
 /// A pixmap of any format.
 class QUARVELCELCORE_EXPORT CEL_PixmapArea : public CEL_Representation
@@ -52,7 +56,7 @@ public:
     /// The union of both pixmaps' rectangles, clipped to this pixmap's canvas.
     Math::Box2di unitedInCanvas(const CEL_PixmapArea& other) const;
 
-    /// Makes that the allocated rectangle; clear as in realloc().
+    /// Makes unitedInCanvas() the allocated rectangle; clear as in realloc().
     void reallocToFitAndClipToCanvas(const CEL_PixmapArea& other, bool clear);
 
     /// Drops the pixels outside the canvas.
@@ -215,8 +219,9 @@ private:
         return _pixels.get() + offsetIn(_inMemory, allocatedRect().x1, y);
     }
 
-    mutable Pixels _pixels;         // written by readers where they are deferred, by one of them
-    mutable Math::Box2di _inMemory; // the rectangle that they are, of which the allocated one is a part
+    // Mutable because the first reader of deferred pixels makes them.
+    mutable Pixels _pixels;
+    mutable Math::Box2di _inMemory; // the rectangle of _pixels; the allocated one is a part of it
     std::unique_ptr<CEL_DeferredPixels> _deferred;
 };
 

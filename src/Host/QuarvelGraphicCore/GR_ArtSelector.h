@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 
 /// The art layers of a vector drawing, in the order in which they are painted.
 enum class GR_Art

@@ -14,7 +14,6 @@
 
 #include <QTransform>
 
-#include <cstdint>
 #include <memory>
 #include <span>
 
