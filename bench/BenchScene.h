@@ -7,7 +7,6 @@
 #include "QuarvelCelCore/CEL_PixmapArea.h"
 #include "render/VallorinRenderHandler.h"
 
-#include <string>
 #include <vector>
 
 /// A size of frames.

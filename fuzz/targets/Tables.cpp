@@ -4,8 +4,6 @@
 #include "Targets.h"
 #include "jobs/shown/NormalMapNode.h"
 
-#include <cmath>
-
 void fuzzTables(const QByteArray& input)
 {
     const QString text = QString::fromUtf8(input);

@@ -7,8 +7,6 @@
 #include <gmock/gmock.h>
 #include <zip.h>
 
-#include <algorithm>
-
 using namespace animations;
 using testing::AllOf;
 using testing::HasSubstr;

@@ -9,7 +9,6 @@
 
 #include <cstddef>
 #include <cstdio>
-#include <string_view>
 
 class StreamWriter
 {

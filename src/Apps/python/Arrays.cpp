@@ -7,7 +7,6 @@
 #include "QuarvelNormalMap/NM_Layers.h"
 
 #include <algorithm>
-#include <limits>
 #include <span>
 
 UT_Result<IIO_Picture> layersOf(const ShownFrame& frame)

@@ -26,8 +26,6 @@
 #include "jobs/targets/Targets.h"
 
 #include <atomic>
-#include <cstdio>
-#include <new>
 #include <shared_mutex>
 
 namespace {

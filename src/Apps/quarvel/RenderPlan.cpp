@@ -21,8 +21,6 @@
 
 #include <QDir>
 
-#include <algorithm>
-
 namespace {
 
 QString namesOf(const MO_Scene& scene)

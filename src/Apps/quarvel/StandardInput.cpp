@@ -9,8 +9,6 @@
 #include <QFile>
 #include <QImageReader>
 
-#include <cstdio>
-
 namespace {
 
 const QString kSpokenName = QStringLiteral("standard input");

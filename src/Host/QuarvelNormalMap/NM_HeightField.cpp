@@ -6,8 +6,7 @@
 #include "QuarvelNormalMap/private/NM_Rows.h"
 #include "QuarvelNormalMap/private/NM_Samples.h"
 
-#include <new>
-#include <stdexcept>
+#include <exception>
 
 namespace {
 

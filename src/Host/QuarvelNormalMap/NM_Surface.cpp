@@ -8,8 +8,7 @@
 #include "QuarvelNormalMap/private/NM_Rows.h"
 #include "QuarvelNormalMap/private/NM_Samples.h"
 
-#include <new>
-#include <stdexcept>
+#include <exception>
 
 namespace {
 

@@ -22,15 +22,11 @@
 
 #include <array>
 #include <cerrno>
-#include <chrono>
 #include <csignal>
-#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <functional>
-#include <new>
 #include <string>
-#include <thread>
 #include <vector>
 
 namespace {

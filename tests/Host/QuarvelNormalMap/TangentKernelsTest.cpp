@@ -9,7 +9,6 @@
 #include "QuarvelNormalMap/NM_NormalPicture.h"
 
 #include <algorithm>
-#include <random>
 #include <vector>
 
 namespace {

@@ -3,10 +3,10 @@
 // What reading promises, whatever the bytes are.
 #include "QuarvelPersistentObj/PO_XmlReading.h"
 
+#include <QByteArrayList>
+
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
-
-#include <string>
 
 namespace {
 

@@ -20,7 +20,6 @@
 #include <atomic>
 #include <map>
 #include <mutex>
-#include <new>
 #include <optional>
 
 namespace {

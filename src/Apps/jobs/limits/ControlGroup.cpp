@@ -8,7 +8,6 @@
 #include <QFile>
 #include <QStringList>
 
-#include <algorithm>
 #include <vector>
 
 namespace {

@@ -4,8 +4,6 @@
 // scene, so they are not translated: a scene is the same for everybody.
 #include "jobs/scene/LightPresets.h"
 
-#include <algorithm>
-
 namespace {
 
 // A strong light from the upper left, and a low one from the right that emphasises the edge.

@@ -9,7 +9,6 @@
 #include "jobs/shown/SurfaceLines.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 

@@ -7,7 +7,6 @@
 #include "QuarvelVectorLanes/VL_Stores.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 
 namespace BlurAlgo {

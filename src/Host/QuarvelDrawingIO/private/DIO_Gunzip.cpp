@@ -5,7 +5,6 @@
 
 #include <zlib.h>
 
-#include <algorithm>
 #include <array>
 
 bool DIO_isGzip(const QByteArray& bytes)

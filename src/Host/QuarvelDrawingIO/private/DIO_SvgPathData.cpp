@@ -7,7 +7,6 @@
 #include <QTransform>
 
 #include <cmath>
-#include <numbers>
 #include <optional>
 
 namespace {

@@ -8,7 +8,6 @@
 
 #include <QRegularExpression>
 
-#include <array>
 #include <cmath>
 #include <numbers>
 

@@ -7,7 +7,6 @@
 #include "QuarvelSceneCore/attributes/AT_BezierSegment.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 

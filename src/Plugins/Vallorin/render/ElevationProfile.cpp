@@ -4,7 +4,6 @@
 #include "render/ElevationProfile.h"
 
 #include <algorithm>
-#include <cmath>
 
 ElevationProfile::ElevationProfile(const PositiveSpan& span, double smoothness, Values values, std::int64_t count)
     : _line{span.lowest, span.highest > span.lowest ? 1.0F / (span.highest - span.lowest) : 1.0F}

@@ -6,7 +6,6 @@
 
 #include "QuarvelVectorLanes/VL_Strips.h"
 
-#include <algorithm>
 #include <array>
 #include <limits>
 

@@ -6,8 +6,6 @@
 #include <gmock/gmock.h>
 #include <rapidcheck/gtest.h>
 
-#include <algorithm>
-
 namespace {
 
 // A few cells that differ from all the others.

@@ -4,7 +4,6 @@
 #include "jobs/targets/Targets.h"
 
 #include <QFile>
-#include <QRegularExpression>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

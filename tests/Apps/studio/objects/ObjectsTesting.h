@@ -14,8 +14,6 @@
 #include <QMenu>
 #include <QToolButton>
 
-#include <cmath>
-
 namespace studio_testing {
 
 inline const char* const kParts = R"(<svg xmlns="http://www.w3.org/2000/svg" width="200" height="100"

@@ -8,8 +8,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <algorithm>
-
 namespace {
 
 using Bytes = std::span<const std::uint8_t>;
