@@ -77,7 +77,8 @@ UT_Result<void> checkIsDrawing(const QString& path)
         return folderAdvice(path);
     if (DIO_drawingKindOf(path))
         return {};
-    if (const UT_Result<void> plain = UT_checkPlainFile(path); !plain)
+    // A pipe is advised by its name, without being opened.
+    if (const UT_Result<void> plain = UT_checkPlainFile(path); !plain && !QFileInfo::exists(path))
         return plain.error().at(path);
     if (holdsAtlas(path))
         return errorOf(path, QStringLiteral("this is an atlas; run ") + commandFor(path));
