@@ -46,6 +46,31 @@ TEST_F(WrittenFiles, OfFramesDifferFromEachOther)
     EXPECT_EQ(quarvel("render two.scene -o n.#.png --lit l.#.png --resolution 36x36").exitCode, 0);
 }
 
+// A folder from a stranger may hold them already.
+TEST_F(WrittenFiles, OfFramesAreNotWrittenThroughLinksThatNobodyNamed)
+{
+    importScene();
+    write("precious", "mine");
+    ASSERT_TRUE(QFile::link(QStringLiteral("precious"), path("n.0001.png")));
+    const QStringList before = filesThere();
+    expectRefused(quarvel("render two.scene -o n.####.png"), "n.0001.png is a link", before);
+    expectRefused(quarvel("render two.scene -o m.####.png --lit n.####.png"), "n.0001.png is a link", before);
+    EXPECT_EQ(bytes("precious"), "mine");
+    EXPECT_EQ(quarvel("render two.scene -o n.0001.png --frames 1 --resolution 36x36").exitCode, 0);
+    EXPECT_TRUE(bytes("precious").startsWith("\x89PNG")) << "whoever names a link means it";
+}
+
+TEST_F(WrittenFiles, OfFramesReplaceNothingOfTheScene)
+{
+    importScene();
+    ASSERT_TRUE(QFile::link(QStringLiteral("two.scene/scene.xml"), path("n.png")));
+    const QByteArray scene = bytes("two.scene/scene.xml");
+    const QStringList before = filesThere();
+    expectRefused(quarvel("render two.scene -o n.png --frames 1"), "n.png is a link into the scene", before);
+    expectRefused(quarvel("render two.scene --preview n.png"), "n.png is a link into the scene", before);
+    EXPECT_EQ(bytes("two.scene/scene.xml"), scene);
+}
+
 TEST_F(WrittenFiles, OfAFilmWithoutItsEncoderReplaceNoPicture)
 {
     importScene();

@@ -6,6 +6,8 @@
 #include "TakenFiles.h"
 #include "jobs/frames/FilmFile.h"
 
+#include <QFileInfo>
+
 #include <utility>
 
 namespace {
@@ -14,6 +16,37 @@ UT_Error sameFile(const QString& first, const QString& second, const QString& fi
 {
     return UT_Error{QStringLiteral("%1 and %2 would both write %3; name different files").arg(first, second, file)};
 }
+
+// The files that a run makes of a scene.
+class RenderedFiles
+{
+public:
+    explicit RenderedFiles(const QString& scene) : _scene(followedPath(scene) + QLatin1Char('/')) {}
+
+    // Takes a file for an option: nothing else is written to it. Only a file that the option names may be a link, and
+    // not one into the scene.
+    UT_Result<void> take(const QString& file, const QString& option, bool isNamed)
+    {
+        if (UT_Result<void> own = isNamed ? checkLeadsElsewhere(file) : checkIsNoLink(file); !own)
+            return own;
+        if (const auto before = _taken.take(file, option))
+            return sameFile(*before, option, file);
+        return {};
+    }
+
+private:
+    UT_Result<void> checkLeadsElsewhere(const QString& file) const
+    {
+        if (file.isEmpty() || !QFileInfo(file).isSymLink() || !followedPath(file).startsWith(_scene))
+            return {};
+        return UT_Error{QStringLiteral("%1 is a link into the scene, whose file would be written over; name another "
+                                       "file, or remove the link")
+                            .arg(file)};
+    }
+
+    QString _scene; // its path and a slash
+    TakenFiles _taken;
+};
 
 } // namespace
 
@@ -26,7 +59,7 @@ UT_Result<FrameFileName> frameFileOf(const QString& output, const RenderOptions&
     return name;
 }
 
-UT_Result<void> checkFilesDiffer(const RenderOptions& options, const std::vector<int>& frames)
+UT_Result<void> checkFrameFiles(const RenderOptions& options, const std::vector<int>& frames)
 {
     const std::pair<const char*, const QString&> frameFiles[] = {{"-o", options.output},
                                                                  {"--lit", options.lit},
@@ -39,14 +72,13 @@ UT_Result<void> checkFilesDiffer(const RenderOptions& options, const std::vector
     for (const auto& [option, output] : frameFiles)
         if (const auto name = FrameFileName::parse(output))
             names.emplace_back(QLatin1String(option), *name);
-    TakenFiles taken;
+    RenderedFiles files(options.scene);
     for (const int frame : frames)
         for (const auto& [option, name] : names)
-            if (auto before = taken.take(name.of(frame), option))
-                return sameFile(*before, option, name.of(frame));
+            if (auto taken = files.take(name.of(frame), option, !name.hasNumber()); !taken)
+                return taken;
     const QString film = FilmFile::fileFor(options.preview);
-    for (const auto& [option, file] : {std::pair("--preview", film), std::pair("--html", options.page)})
-        if (auto before = taken.take(file, QLatin1String(option)))
-            return sameFile(*before, QLatin1String(option), file);
-    return {};
+    if (auto taken = files.take(film, QStringLiteral("--preview"), film == options.preview); !taken)
+        return taken;
+    return files.take(options.page, QStringLiteral("--html"), true);
 }

@@ -16,7 +16,8 @@
 /// @return an error for a name that ends in no picture format, or that all frames would share
 UT_Result<FrameFileName> frameFileOf(const QString& output, const RenderOptions& options, std::size_t frames);
 
-/// Checks that no picture, film or page of the run replaces another one.
+/// Checks that no picture, film or page of the run replaces another one or, through a link, a file of the scene, and
+/// that a name with a frame's number in it, which nobody gave, is no link.
 ///
-/// @return an error that names the two options and their common file
-UT_Result<void> checkFilesDiffer(const RenderOptions& options, const std::vector<int>& frames);
+/// @return an error that names the options and the file
+UT_Result<void> checkFrameFiles(const RenderOptions& options, const std::vector<int>& frames);

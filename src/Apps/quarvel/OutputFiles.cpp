@@ -167,17 +167,6 @@ UT_Result<void> checkName(const QString& file, const OutputFiles& files)
     return !file.isEmpty() && file == files.numbers ? checkNumbersFile(file) : checkFormat(file);
 }
 
-// Checks a name that follows from another file's. Where such a name is a link, it came with the folder, and may lead to
-// any file of the user's.
-UT_Result<void> checkIsNoLink(const QString& file)
-{
-    if (file.isEmpty() || !QFileInfo(file).isSymLink())
-        return {};
-    return UT_Error{QStringLiteral("%1 is a link, and links are written through only where they are named; name it or "
-                                   "another file with -o, or remove it")
-                        .arg(file)};
-}
-
 // The files that a run reads and those that it writes.
 class RunFiles
 {
@@ -185,16 +174,16 @@ public:
     explicit RunFiles(const NormalMapOptions& options) : _named(namedPlaces(options))
     {
         for (const QString& source : options.drawings)
-            _sources.insert(QFileInfo(source).absoluteFilePath());
+            _sources.insert(followedPath(source));
         if (!options.atlas.isEmpty())
-            _sources.insert(QFileInfo(options.atlas).absoluteFilePath());
+            _sources.insert(followedPath(options.atlas));
     }
 
     // Takes files for what is made of a source: nothing else is written to them, and none of them is a source.
     UT_Result<void> take(const QStringList& files, const QString& source)
     {
         for (const QString& file : files) {
-            if (!file.isEmpty() && _sources.contains(QFileInfo(file).absoluteFilePath()))
+            if (!file.isEmpty() && _sources.contains(followedPath(file)))
                 return UT_Error{QStringLiteral("%1 would be written over by what is made of %2; name another file or "
                                                "folder with -o")
                                     .arg(file, source)};

@@ -75,6 +75,26 @@ TEST(OutputFiles, AreNotWrittenThroughALinkThatNobodyNamed)
     EXPECT_THAT(errorOf(options), HasSubstr("hero_n.png is a link"));
 }
 
+TEST(OutputFiles, ReplaceNoDrawingThatALinkLeadsTo)
+{
+    const QTemporaryDir folder;
+    const auto path = [&folder](const char* name) { return QDir(folder.path()).filePath(QString::fromUtf8(name)); };
+    QFile drawing(path("hero.svg"));
+    ASSERT_TRUE(drawing.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(QFile::link(path("hero.svg"), path("map.png")));
+    ASSERT_TRUE(QFile::link(folder.path(), path("again")));
+    NormalMapOptions options = optionsFor({path("hero.svg")});
+    options.output = path("map.png");
+    EXPECT_THAT(errorOf(options), HasSubstr("map.png would be written over by what is made of"));
+    options.output = path("again/map.png");
+    EXPECT_THAT(errorOf(options), HasSubstr("again/map.png would be written over by what is made of"));
+    options.output = path("n.png");
+    options.lit = path("again/n.png");
+    EXPECT_THAT(errorOf(options), HasSubstr("would be written to"));
+    options.lit = path("again/new/n.png");
+    EXPECT_EQ(errorOf(options), "no error");
+}
+
 TEST(OutputFiles, OfOneDrawingGoIntoAFolderThatExists)
 {
     const QTemporaryDir folder;
