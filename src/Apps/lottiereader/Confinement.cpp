@@ -6,6 +6,8 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include <algorithm>
+
 #ifdef VALLORIN_SECCOMP
 #include "CallFilter.h"
 #endif
@@ -22,9 +24,14 @@ constexpr bool kSanitized = true;
 constexpr bool kSanitized = false;
 #endif
 
+// A stricter limit, such as a scheduler's, stays: nobody may raise it.
 bool limit(decltype(RLIMIT_AS) resource, rlim_t most)
 {
-    const rlimit value{most, most};
+    rlimit value{};
+    if (getrlimit(resource, &value) != 0)
+        return false;
+    value.rlim_max = std::min(value.rlim_max, most);
+    value.rlim_cur = std::min(value.rlim_cur, value.rlim_max);
     return setrlimit(resource, &value) == 0;
 }
 

@@ -94,6 +94,20 @@ protected:
 
 } // namespace
 
+// As a shell or a scheduler sets them; nobody may raise them.
+TEST_F(Confinement, StricterLimitsAreNoHindrance)
+{
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const rlimit strict{60, 60};
+        ::_exit(::setrlimit(RLIMIT_CPU, &strict) == 0 && confine() ? 0 : kNotConfined);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+}
+
 TEST_F(Confinement, FilesAndFoldersAreOutOfReach)
 {
     const std::string from = file();
