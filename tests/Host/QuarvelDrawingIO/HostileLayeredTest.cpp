@@ -8,6 +8,7 @@
 #include "QuarvelDrawingIO/DIO_LayeredReader.h"
 
 #include <QFile>
+#include <QImageReader>
 #include <QTemporaryDir>
 
 #include <random>
@@ -181,6 +182,24 @@ TEST_F(HostileLayered, NamesAreAsLongAsAPersonReads)
     const auto drawing = DIO_readDrawing(path(QStringLiteral("long.ora")));
     ASSERT_TRUE(drawing) << drawing.error().text.toStdString();
     EXPECT_EQ(drawing->layers.front().name, QString(996, u'x') + QStringLiteral("/eye"));
+}
+
+// All of them are in memory at once, and so is what is made of them.
+TEST_F(HostileLayered, PicturesTakeTwiceAsMuchTogetherAsOneMayTake)
+{
+    const int before = QImageReader::allocationLimit();
+    QImageReader::setAllocationLimit(1); // 262,144 pixels
+    QImage largest(512, 512, QImage::Format_ARGB32);
+    largest.fill(Qt::red);
+    const QByteArray layer = R"(<layer name="a" src="a.png"/>)";
+    for (const int layers : {2, 3}) {
+        writeArchive(path(QStringLiteral("all.ora")),
+                     {{"stack.xml", R"(<image w="512" h="512"><stack>)" + layer.repeated(layers) + "</stack></image>"},
+                      {"a.png", pngOf(largest)}});
+        EXPECT_THAT(refusalOf(path(QStringLiteral("all.ora"))),
+                    HasSubstr(layers == 2 ? "it was read" : "more than the 0 million pixels"));
+    }
+    QImageReader::setAllocationLimit(before);
 }
 
 // A picture of thirty megabytes of zeros, which take thirty kilobytes, is the picture of every layer.

@@ -120,6 +120,28 @@ TEST(HostileSvg, manyReferencesToOneLongEntityAreRefused)
     EXPECT_LT(timer.elapsed(), kHang);
 }
 
+TEST(HostileSvg, styleSheetsThatWantTooMuchAreRefused)
+{
+    const auto refusalOfStyle = [](const QByteArray& style, const QByteArray& content) {
+        return refusalOf(document("<style>" + style + "</style>" + content));
+    };
+    const char* const words = "style sheets that take too long to apply";
+    EXPECT_THAT(refusalOfStyle(QByteArray("a{}").repeated(300'000), kSquare), HasSubstr(words)) << "rules";
+    EXPECT_THAT(refusalOfStyle(QByteArray("a,").repeated(300'000) + "a{}", kSquare), HasSubstr(words)) << "selectors";
+    EXPECT_THAT(refusalOfStyle("rect{" + QByteArray("x:y;").repeated(50'000) + "}", QByteArray(kSquare).repeated(1000)),
+                HasSubstr(words))
+        << "declarations";
+    const QByteArray worn = "<rect class='" + QByteArray("b ").repeated(500'000) + "' width='9' height='9'/>";
+    EXPECT_THAT(refusalOfStyle(QByteArray(".b.c{}").repeated(1000), worn.repeated(3)), HasSubstr(words)) << "classes";
+}
+
+TEST(HostileSvg, atRulesHideNoRuleBesideThem)
+{
+    const DIO_Drawing drawing = read("<style>@import url(a.css);@media print{rect{fill:#0000ff}}rect{fill:#ff0000}"
+                                     "@charset 'x';</style><rect width='10' height='10'/>");
+    EXPECT_EQ(paintAt(drawing, 5, 5), "#ff0000");
+}
+
 TEST(HostileSvg, copiesOfCopiesAreCounted)
 {
     QByteArray bomb = "<defs><rect id='u0' width='1' height='1'/>";

@@ -35,6 +35,20 @@ TEST(SvgFades, AGlowIsRoundAndNotTheRectangleThatItIsPaintedOn)
     EXPECT_THAT(drawing.warnings, ElementsAre("gradients are painted in their average colour: Gradient g"));
 }
 
+// Each stop may become a strip of each shape.
+TEST(SvgFades, StopsBeyondAThousandAreLeftOut)
+{
+    const QByteArray opaque = "<stop offset='0.5' stop-color='#f00'/>";
+    const QByteArray nothing = "<stop offset='0.5' stop-color='#f00' stop-opacity='0'/>";
+    const auto opacityBeyond = [&](int stops) {
+        return opacityAt(
+            read("<linearGradient id='g'>" + opaque.repeated(stops) + nothing + "</linearGradient>" + kSquare), 75.0,
+            50.0);
+    };
+    EXPECT_EQ(opacityBeyond(999), 0.0);
+    EXPECT_EQ(opacityBeyond(1000), 1.0);
+}
+
 TEST(SvgFades, OpacitiesOfTheShapeAndItsFillMultiply)
 {
     const DIO_Drawing drawing =

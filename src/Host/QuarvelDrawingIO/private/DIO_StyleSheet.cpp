@@ -10,6 +10,11 @@
 
 namespace {
 
+// About as many letters as are searched for a class in the time of another comparison.
+constexpr qsizetype kLettersAtOnce = 64;
+// What a rule takes in memory; 200,000 rules are possible.
+constexpr qint64 kWorkOfRule = 100;
+
 QString withoutComments(QString text)
 {
     static const QRegularExpression comment(QStringLiteral("/\\*.*?(\\*/|$)"),
@@ -101,12 +106,14 @@ void DIO_StyleSheet::add(const QString& styleText)
     const QString all = withoutComments(styleText);
     const QStringView text(all);
     qsizetype position = 0;
-    while (position < text.size()) {
+    // No search goes beyond the next rule, since there may be a million of them.
+    while (position < text.size() && !exhausted()) {
         const qsizetype open = text.indexOf(u'{', position);
-        const qsizetype semicolon = text.indexOf(u';', position);
-        const bool atRule = text.mid(position).trimmed().startsWith(u'@');
-        if (atRule && semicolon >= 0 && (open < 0 || semicolon < open)) {
-            position = semicolon + 1;
+        const QStringView beforeBlock = text.mid(position, open < 0 ? -1 : open - position);
+        const bool atRule = beforeBlock.trimmed().startsWith(u'@');
+        const qsizetype semicolon = atRule ? beforeBlock.indexOf(u';') : -1;
+        if (semicolon >= 0) {
+            position += semicolon + 1;
             continue;
         }
         if (open < 0)
@@ -122,6 +129,9 @@ void DIO_StyleSheet::addRule(QStringView selectors, QStringView block)
 {
     _blocks.push_back(DIO_readDeclarations(block));
     for (const QStringView selector : selectors.split(u',')) {
+        _workLeft -= kWorkOfRule;
+        if (exhausted())
+            return;
         Rule rule;
         rule.block = _blocks.size() - 1;
         if (!readSelector(selector.trimmed(), rule))
@@ -190,6 +200,7 @@ bool DIO_StyleSheet::matches(const Rule& rule, std::span<const DIO_XmlNode* cons
         if (compound.classes.isEmpty())
             return true;
         const QString classes = node.attribute(QLatin1String("class"));
+        _workLeft -= compound.classes.size() * classes.size() / kLettersAtOnce;
         return std::all_of(compound.classes.begin(), compound.classes.end(),
                            [&](const QString& wanted) { return hasClass(classes, wanted); });
     };
@@ -231,6 +242,9 @@ std::vector<DIO_Declaration> DIO_StyleSheet::declarationsFor(std::span<const DIO
     });
     for (const std::size_t rule : found) {
         const std::vector<DIO_Declaration>& block = _blocks[_rules[rule].block];
+        _workLeft -= static_cast<qint64>(block.size());
+        if (exhausted())
+            break;
         result.insert(result.end(), block.begin(), block.end());
     }
     return result;

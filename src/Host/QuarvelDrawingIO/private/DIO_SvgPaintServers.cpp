@@ -14,6 +14,9 @@
 
 namespace {
 
+// No gradient of a person has so many; further ones are left out. Each can become strips of every shape it fills.
+constexpr qsizetype kMostStops = 1000;
+
 QColor opaque(QColor colour)
 {
     colour.setAlpha(255);
@@ -190,9 +193,11 @@ QGradientStops DIO_SvgPaintServers::stopsOf(const DIO_XmlNode& gradient) const
     });
     if (!owner)
         return stops;
+    if (const auto known = _stopsOf.constFind(owner); known != _stopsOf.constEnd())
+        return *known;
     double last = 0.0;
     for (const DIO_XmlNode& child : owner->children) {
-        if (child.name != u"stop")
+        if (child.name != u"stop" || stops.size() == kMostStops)
             continue;
         const DIO_XmlNode* const ancestry[] = {owner, &child};
         const DIO_SvgProperties properties = DIO_cascade(_sheet, ancestry);
@@ -206,5 +211,6 @@ QGradientStops DIO_SvgPaintServers::stopsOf(const DIO_XmlNode& gradient) const
         last = std::clamp(DIO_readNumber(child.attribute(QLatin1String("offset"))).value_or(0.0), last, 1.0);
         stops.append({last, colour});
     }
+    _stopsOf.insert(owner, stops);
     return stops;
 }

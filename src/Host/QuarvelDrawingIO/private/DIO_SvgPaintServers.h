@@ -80,6 +80,7 @@ private:
     std::map<std::tuple<const DIO_XmlNode*, double, double>, int> _boxedIndexOf;
     QSet<const DIO_XmlNode*> _averaged; // at this moment
     QHash<int, int> _opaqueOf;
+    mutable QHash<const DIO_XmlNode*, QGradientStops> _stopsOf; // by the gradient that holds them
     std::vector<DIO_PaintServer> _servers;
     PatternAverage _patternAverage;
 };

@@ -17,7 +17,7 @@
 inline constexpr int DIO_kMostLayers = 10'000;
 inline constexpr int DIO_kMostFrames = 10'000;
 /// The pixels of all pictures of a file together, as a multiple of DIO_mostPixels().
-inline constexpr std::int64_t DIO_kMostPicturesInAll = 8;
+inline constexpr std::int64_t DIO_kMostPicturesInAll = 2;
 
 /// How far from the picture's upper left corner pixels may lie, each way.
 inline constexpr int DIO_kFarthest = 1'000'000;
