@@ -8,10 +8,12 @@
 
 QString followedPath(const QString& file)
 {
+    if (file.isEmpty())
+        return {};
     const QString path = QDir::cleanPath(QFileInfo(file).absoluteFilePath());
     QFileInfo there(path);
     QString missing;
-    while (!there.exists() && !there.isRoot()) {
+    while (!there.exists() && there.path() != there.filePath()) {
         missing = QLatin1Char('/') + there.fileName() + missing;
         there = QFileInfo(there.path());
     }

@@ -12,7 +12,7 @@
 #include <optional>
 
 /// The absolute path of a file after all links on the way to it, its own name among them. What is not there yet follows
-/// unchanged.
+/// unchanged; no name has no path.
 QString followedPath(const QString& file);
 
 /// Checks a name that the program makes up: where it is a link, it came with the folder, and may lead to any file of

@@ -95,6 +95,11 @@ TEST(OutputFiles, ReplaceNoDrawingThatALinkLeadsTo)
     EXPECT_EQ(errorOf(options), "no error");
 }
 
+TEST(OutputFiles, OfADrawingWithoutANameEndInAnErrorOrNone)
+{
+    EXPECT_FALSE(errorOf(optionsFor({""})).empty());
+}
+
 TEST(OutputFiles, OfOneDrawingGoIntoAFolderThatExists)
 {
     const QTemporaryDir folder;
