@@ -11,6 +11,7 @@
 #include "QuarvelBaseCore/private/UT_PageBlock.h"
 
 #include <algorithm>
+#include <atomic>
 #include <bit>
 #include <cstdint>
 #include <mutex>
@@ -52,10 +53,18 @@ struct Idle
     std::uint64_t given = 0; ///< how many blocks have come back
 };
 
+/// Null until the first block is asked for.
+std::atomic<Idle*> madeIdle = nullptr;
+
 /// Never destroyed: pixmaps that live until the end of the process still give their blocks back.
+///
+/// @throws std::bad_alloc the first time; what must not throw takes madeIdle
 Idle& idle()
 {
-    static Idle& only = *new Idle;
+    static Idle& only = *[] {
+        madeIdle = new Idle;
+        return madeIdle.load();
+    }();
     return only;
 }
 
@@ -188,25 +197,31 @@ void give(void* block, std::size_t bytes) noexcept
 
 void trim() noexcept
 {
-    Idle& kept = idle();
-    const std::lock_guard guard(kept.lock);
-    kept.blocks.clear();
-    kept.bytes = 0;
+    Idle* const kept = madeIdle;
+    if (!kept)
+        return;
+    const std::lock_guard guard(kept->lock);
+    kept->blocks.clear();
+    kept->bytes = 0;
 }
 
 std::size_t zerosFrom(const void* block, std::size_t bytes) noexcept
 {
-    Idle& kept = idle();
-    const std::lock_guard guard(kept.lock);
-    const auto found = std::ranges::find(kept.lent, block, &UT_PageBlock::start);
-    return found == kept.lent.end() ? bytes : std::min(found->zerosFrom(), bytes);
+    Idle* const kept = madeIdle;
+    if (!kept)
+        return bytes;
+    const std::lock_guard guard(kept->lock);
+    const auto found = std::ranges::find(kept->lent, block, &UT_PageBlock::start);
+    return found == kept->lent.end() ? bytes : std::min(found->zerosFrom(), bytes);
 }
 
 std::size_t idleBytes() noexcept
 {
-    Idle& kept = idle();
-    const std::lock_guard guard(kept.lock);
-    return kept.bytes;
+    Idle* const kept = madeIdle;
+    if (!kept)
+        return 0;
+    const std::lock_guard guard(kept->lock);
+    return kept->bytes;
 }
 
 } // namespace UT_PixelMemory
