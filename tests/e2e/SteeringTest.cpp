@@ -88,9 +88,10 @@ TEST_F(Steering, IsListedForTheObjectsOfASceneAsForADrawing)
         quarvel("inspect plain.scene").text().section(QStringLiteral("objects at frame 1\n"), 1).split(u'\n');
     ASSERT_GE(lines.size(), 3);
     // The head is a disc of 34; of the foot, 1508 of 96 x 96, it hides about 300.
-    EXPECT_EQ(lines[0].simplified(), QStringLiteral("number name share bevel elevation smoothness tilt rim colours"));
-    EXPECT_EQ(lines[1].simplified(), QStringLiteral("0 Foot 13 % cuts out #338833"));
-    EXPECT_EQ(lines[2].simplified(), QStringLiteral("2 Head 39 % 20 0.5 2 5,6 3,0.8 #e0a060"));
+    EXPECT_EQ(lines[0].simplified(),
+              QStringLiteral("number name share bevel elevation smoothness tilt rim colours why"));
+    EXPECT_EQ(lines[1].simplified(), QStringLiteral("0 Foot 13 % cuts out #338833 a layer of the file"));
+    EXPECT_EQ(lines[2].simplified(), QStringLiteral("2 Head 39 % 20 0.5 2 5,6 3,0.8 #e0a060 a layer of the file"));
     EXPECT_THAT(quarvel("inspect plain.scene --json").output,
                 AllOf(HasSubstr(R"("definition": "Head-Definition")"), HasSubstr(R"("smoothness": 2)")));
 }

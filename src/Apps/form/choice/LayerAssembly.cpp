@@ -14,17 +14,44 @@
 
 namespace {
 
-// Twice the signed area of a path's loops; the sign tells the direction in which they turn.
+double cross(const QPointF& a, const QPointF& b)
+{
+    return a.x() * b.y() - a.y() * b.x();
+}
+
+// Twice the signed area of a path's loops; the sign tells the direction in which they turn. That of a curve is the
+// integral of Green's theorem.
 double turning(const QPainterPath& path)
 {
     double area = 0.0;
-    for (const QPolygonF& loop : path.toSubpathPolygons())
-        for (qsizetype i = 0; i < loop.size(); ++i) {
-            const QPointF a = loop[i];
-            const QPointF b = loop[(i + 1) % loop.size()];
-            area += a.x() * b.y() - a.y() * b.x();
+    QPointF start;
+    QPointF last;
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const QPainterPath::Element element = path.elementAt(i);
+        if (element.isMoveTo()) {
+            area += cross(last, start);
+            start = element;
+        } else if (element.isLineTo()) {
+            area += cross(last, element);
+        } else {
+            const QPointF one = element;
+            const QPointF two = path.elementAt(i + 1);
+            const QPointF end = path.elementAt(i + 2);
+            area += 0.6 * (cross(last, one) + cross(two, end)) + 0.3 * (cross(last, two) + cross(one, two)) +
+                    0.3 * cross(one, end) + 0.1 * cross(last, end);
+            i += 2;
         }
-    return area;
+        last = path.elementAt(i);
+    }
+    return area + cross(last, start);
+}
+
+bool isSingleLoop(const QPainterPath& outline)
+{
+    int loops = 0;
+    for (int i = 0; i < outline.elementCount() && loops < 2; ++i)
+        loops += outline.elementAt(i).isMoveTo() ? 1 : 0;
+    return loops == 1;
 }
 
 // An outline of a single loop together with the stroke along it.
@@ -166,7 +193,7 @@ private:
     std::vector<QPainterPath> grownAreas(const QPainterPath& outline, const CellMask& covered, double reach) const
     {
         const QPainterPath stroke = strokeAlong(outline, reach);
-        if (outline.toSubpathPolygons().size() == 1) {
+        if (isSingleLoop(outline)) {
             const QPainterPath area = grownLoop(outline, stroke);
             if (covers(area, covered))
                 return {area};

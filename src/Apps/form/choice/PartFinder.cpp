@@ -64,9 +64,10 @@ private:
         if (fillsPicture())
             return reachesCorners() ? verdictOf(OBJECT, "a backdrop", ObjectRole::FLAT)
                                     : verdictOf(OBJECT, "a tile", ObjectRole::SLAB);
-        if (_sheet && _stack.parts().empty())
-            return _sheet == Sheet::PAPER ? verdictOf(OBJECT, "the paper behind the drawing", ObjectRole::FLAT)
-                                          : verdictOf(OBJECT, "the board that the others lie on", ObjectRole::SLAB);
+        if (isSheet())
+            return _sheet->kind == Sheet::Kind::PAPER
+                       ? verdictOf(OBJECT, "the paper behind the drawing", ObjectRole::FLAT)
+                       : verdictOf(OBJECT, "the board that the others lie on", ObjectRole::SLAB);
         if (liesInside(around))
             return judgeInside(around);
         if (facts().opacity < kSolid)
@@ -90,7 +91,9 @@ private:
     }
 
     // Whether later shapes are judged as if the shape were not there.
-    bool isBackground() const { return fillsPicture() || (_sheet == Sheet::PAPER && _stack.parts().empty()); }
+    bool isBackground() const { return fillsPicture() || (isSheet() && _sheet->kind == Sheet::Kind::PAPER); }
+
+    bool isSheet() const { return _sheet && _sheet->shape == _shape; }
 
     bool reachesCorners() const
     {

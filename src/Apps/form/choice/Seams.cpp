@@ -11,6 +11,8 @@ namespace {
 
 // Uniting paths takes time quadratic in their elements.
 constexpr int kMostElements = 400;
+// In widths of the lines: at the areas' common outline a line would add to their coverage.
+constexpr double kFromBorder = 2.5;
 
 bool isOpaque(const DIO_Shape& shape)
 {
@@ -26,11 +28,15 @@ std::vector<DIO_Shape> seamsBeneath(const std::vector<DIO_Shape>& areas, double 
         elements += area.path.elementCount();
     if (areas.size() < 2 || elements > kMostElements || !std::ranges::all_of(areas, isOpaque))
         return {};
+    // Areas that only touch would keep the seam between them in the common outline, so they are grown first.
     QPainterPath together;
-    for (const DIO_Shape& area : areas)
-        together = together.united(outlineOf(area));
+    for (const DIO_Shape& area : areas) {
+        const QPainterPath outline = outlineOf(area);
+        together = together.united(outline.united(strokeAlong(outline, width)));
+    }
     std::vector<DIO_Shape> seams;
+    const QPainterPath within = together.subtracted(strokeAlong(together, kFromBorder * width));
     for (std::size_t i = 1; i < areas.size(); ++i)
-        seams.push_back({strokeAlong(outlineOf(areas[i]), width), together, 1.0, areas[i].paint, {}});
+        seams.push_back({strokeAlong(outlineOf(areas[i]), width), within, 1.0, areas[i].paint, {}});
     return seams;
 }

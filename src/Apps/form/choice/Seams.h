@@ -9,7 +9,7 @@
 #include <vector>
 
 /// The shapes to paint beneath abutting areas so that no seam shows: along the outline of each area but the first a
-/// line in its paint, held to the areas' common outline.
+/// line in its paint, away from the areas' common outline.
 ///
 /// @param areas opaque, in the order of painting
 /// @param width of the line on either side of the outline, in the drawing's units

@@ -46,7 +46,8 @@ bool isOutlined(const ShapeFacts& rectangle, std::span<const ShapeFacts> later, 
 
 std::optional<Sheet> sheetBeneath(const std::vector<ShapeFacts>& facts, const Ink& ink)
 {
-    const auto first = std::ranges::find_if(facts, [](const ShapeFacts& shape) { return shape.area > 0; });
+    const auto first =
+        std::ranges::find_if(facts, [](const ShapeFacts& shape) { return shape.area > 0 && shape.opacity >= kSolid; });
     if (first == facts.end() || !isRectangle(*first) || ink.isInk(*first))
         return {};
     const std::span<const ShapeFacts> later(first + 1, facts.end());
@@ -66,5 +67,6 @@ std::optional<Sheet> sheetBeneath(const std::vector<ShapeFacts>& facts, const In
     if (!isLarge || inside < kMostInside * area || inside < kLeastHeld * first->area)
         return {};
     const bool isWhite = first->plain && first->colour.lightness > kWhite && first->colour.chroma() < kColourless;
-    return isWhite && !isOutlined(*first, later, ink) ? Sheet::PAPER : Sheet::BOARD;
+    const bool isPaper = isWhite && !isOutlined(*first, later, ink);
+    return Sheet{isPaper ? Sheet::Kind::PAPER : Sheet::Kind::BOARD, static_cast<int>(first - facts.begin())};
 }

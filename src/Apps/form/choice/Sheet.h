@@ -8,13 +8,20 @@
 
 #include <optional>
 
-enum class Sheet
+struct Sheet
 {
-    PAPER, ///< white, without an outline: the drawing's background
-    BOARD  ///< a flat thing with a rim
+    enum class Kind
+    {
+        PAPER, ///< white, without an outline: the drawing's background
+        BOARD  ///< a flat thing with a rim
+    };
+
+    Kind kind;
+    int shape; ///< its index
 };
 
-/// What the first shape of a drawing is, if the others are painted on it.
+/// The sheet that the other shapes are painted on, if there is one. It is the first shape, or the first after its own
+/// translucent shadow.
 ///
-/// @param facts the drawing's shapes in the order of painting, of which the first one with cells is judged
+/// @param facts the drawing's shapes in the order of painting
 std::optional<Sheet> sheetBeneath(const std::vector<ShapeFacts>& facts, const Ink& ink);

@@ -45,9 +45,9 @@ QPainterPath withoutCache(const QPainterPath& path)
     return copy;
 }
 
-std::size_t hashOf(const QPainterPath& path, bool isClip)
+std::size_t hashOf(const QPainterPath& path)
 {
-    std::size_t hash = qHashMulti(0, path.elementCount(), static_cast<int>(path.fillRule()), isClip);
+    std::size_t hash = qHashMulti(0, path.elementCount(), static_cast<int>(path.fillRule()));
     for (int i = 0; i < path.elementCount(); ++i) {
         const QPainterPath::Element element = path.elementAt(i);
         hash = qHashMulti(hash, element.x, element.y, static_cast<int>(element.type));
@@ -140,26 +140,29 @@ ShapePainter::Coverage ShapePainter::ofShape(const DIO_Shape& shape, const QRect
     });
 }
 
-ShapePainter::Coverage ShapePainter::ofClip(const QPainterPath& clip)
+const ShapePainter::Coverage& ShapePainter::kept(const QPainterPath& path)
 {
-    const QRect box = withMargin(boundsInCells(clip.boundingRect(), _grid), _grid);
-    return painted(box, {}, [&](QPainter& painter) {
-        painter.setClipPath(withoutCache(clip));
-        painter.resetTransform();
-        painter.fillRect(box, Qt::white);
-    });
-}
-
-const ShapePainter::Coverage& ShapePainter::kept(const QPainterPath& path, bool isClip)
-{
-    const std::size_t hash = hashOf(path, isClip);
+    const std::size_t hash = hashOf(path);
     const auto [first, last] = _kept.equal_range(hash);
     const auto known = std::find_if(first, last, [&](const auto& entry) { return entry.second.path == path; });
     if (known != last)
         return known->second.coverage;
-    Kept added{path, isClip ? ofClip(path) : ofShape({path, std::nullopt, 1.0, 0, {}}, _grid.bounds(), {})};
+    Kept added{path, ofShape({path, std::nullopt, 1.0, 0, {}}, _grid.bounds(), {})};
     _cellsKept += added.coverage.cells.size();
     return _kept.emplace(hash, std::move(added))->second.coverage;
+}
+
+// Whether coverage reaches cells of a part that other coverage does not fill.
+bool ShapePainter::showsIn(const Coverage& coverage, const QRect& part, const Coverage& together)
+{
+    for (int y = part.top(); y <= part.bottom(); ++y) {
+        const std::span<const std::uint8_t> below = together.row(part, y);
+        const std::span<const std::uint8_t> above = coverage.row(part, y);
+        for (std::size_t x = 0; x < above.size(); ++x)
+            if (above[x] > 0 && below[x] < 255)
+                return true;
+    }
+    return false;
 }
 
 // Lays what a shape covers over what others cover.
@@ -180,9 +183,12 @@ void ShapePainter::add(const DIO_Shape& shape, const QRect& part, Coverage& toge
         return;
     }
     const Coverage picture = shape.picture.isNull() ? Coverage() : ofShape(shape, part, together.box.topLeft());
-    const Coverage& own = shape.picture.isNull() ? kept(shape.path, false) : picture;
-    const Coverage& clip = kept(*shape.clip, true);
-    const QRect common = part & own.box & clip.box;
+    const Coverage& own = shape.picture.isNull() ? kept(shape.path) : picture;
+    const QRect inside = part & own.box;
+    if (!showsIn(own, inside, together))
+        return;
+    const Coverage& clip = kept(*shape.clip);
+    const QRect common = inside & clip.box;
     for (int y = common.top(); y <= common.bottom(); ++y)
         layOver(own.row(common, y), clip.row(common, y), together.row(common, y));
 }

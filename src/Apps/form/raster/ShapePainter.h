@@ -41,13 +41,13 @@ private:
 
     void add(const DIO_Shape& shape, const QRect& part, Coverage& together);
     Coverage ofShape(const DIO_Shape& shape, const QRect& part, const QPoint& origin);
-    Coverage ofClip(const QPainterPath& clip);
-    const Coverage& kept(const QPainterPath& path, bool isClip);
+    const Coverage& kept(const QPainterPath& path);
+    static bool showsIn(const Coverage& coverage, const QRect& part, const Coverage& together);
     template<typename Paint>
     Coverage painted(const QRect& box, const QPoint& origin, Paint paint);
 
     Grid _grid;
     QImage _canvas;                         // of the grid's size; only what is being painted is cleared
-    std::multimap<std::size_t, Kept> _kept; // by what the path's elements and its use hash to
+    std::multimap<std::size_t, Kept> _kept; // by what the path's elements hash to
     std::size_t _cellsKept = 0;
 };
