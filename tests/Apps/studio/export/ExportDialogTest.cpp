@@ -131,6 +131,19 @@ protected:
         });
         QTest::mouseClick(&field<QToolButton>("exportGlossColours"), Qt::LeftButton);
     }
+    /// Presses Enter where nothing must be asked.
+    void pressEnterUnasked()
+    {
+        QTimer questions;
+        QObject::connect(&questions, &QTimer::timeout, &questions, [] {
+            if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                ADD_FAILURE() << "asked: " << box->text().toStdString();
+                box->reject();
+            }
+        });
+        questions.start(10);
+        pressEnter();
+    }
     void pressEnter() { QTest::keyClick(&field<QLineEdit>("exportFile"), Qt::Key_Return); }
     void exportAll()
     {
@@ -334,15 +347,15 @@ TEST_F(ExportDialogTest, WritesOverNoDrawingThatTheSceneWasMadeOfUnderAnyName)
     // Its own name.
     field<QLineEdit>("exportFolder").setText(folder.path());
     field<QLineEdit>("exportFile").setText(QStringLiteral("sprite.png"));
-    pressEnter();
-    EXPECT_FALSE(dialog->isRunning()) << "nobody is asked whether to replace it";
+    pressEnterUnasked();
+    EXPECT_FALSE(dialog->isRunning());
     EXPECT_TRUE(dialog->message().startsWith(QStringLiteral("sprite.png is the drawing that the scene was made of")))
         << dialog->message().toStdString();
     // A link to it.
     std::filesystem::create_symlink("../sprite.png", (out() + QStringLiteral("/link.png")).toStdString());
     field<QLineEdit>("exportFolder").setText(out());
     field<QLineEdit>("exportFile").setText(QStringLiteral("link.png"));
-    pressEnter();
+    pressEnterUnasked();
     EXPECT_FALSE(dialog->isRunning());
     EXPECT_TRUE(dialog->message().startsWith(QStringLiteral("link.png is the drawing")))
         << dialog->message().toStdString();
@@ -355,7 +368,7 @@ TEST_F(ExportDialogTest, WritesThroughNoLinkWhoseNameNobodyChose)
     write(QStringLiteral("other.png"), "of the user's");
     std::filesystem::create_symlink("../other.png", (out() + QStringLiteral("/disc_e.png")).toStdString());
     check("exportElevation", true);
-    pressEnter();
+    pressEnterUnasked();
     EXPECT_FALSE(dialog->isRunning());
     EXPECT_TRUE(dialog->message().startsWith(QStringLiteral("disc_e.png is a link")))
         << dialog->message().toStdString();
