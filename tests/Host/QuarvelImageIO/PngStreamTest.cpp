@@ -118,6 +118,21 @@ TEST_F(PngStream, TheLeftNeighbourMustLeaveATenthFewerBytesThatAreNotZero)
     EXPECT_EQ(data.at(2 * kRowBytes), kSub);
 }
 
+TEST_F(PngStream, InEightBitsTheSmallerDifferencesCount)
+{
+    // From the second pixel on, by the left neighbour and by the one above: 10 + 20 + 10 against 10 + 30 + 40, then
+    // 6 + 20 + 29 against 1 + 1 + 20, and 0 + 0 + 32 against 19 + 1 + 2.
+    std::vector<U16> samples{0, 10, 30, 40, 5, 11, 31, 60, 30, 30, 30, 62};
+    for (U16& sample : samples)
+        sample = static_cast<U16>(257 * sample);
+    const auto picture = pictureOfSamples<U16>(4, 3, IIO_channelsGrey(), samples);
+    ASSERT_TRUE(IIO_writePng(path(QStringLiteral("p.png")), picture, {.pngBits = 8}).ok());
+    const QByteArray data = dataOf(chunksOf(content(QStringLiteral("p.png"))), "IDAT");
+    EXPECT_EQ(inflated(data, 15).toHex(), "01000a140a"
+                                          "0205010114"
+                                          "021913ff02");
+}
+
 QByteArray bigEndianBytes(std::span<const U16> samples)
 {
     QByteArray bytes;

@@ -61,6 +61,12 @@ void takeRow(const uchar* source, const IIO_PngForm& form, std::span<std::uint8_
             qToBigEndian(samples[c], bytes + (i + c) * sizeof(Sample));
 }
 
+IIO_PixelBytes pixelBytesOf(const IIO_PngForm& form)
+{
+    const std::size_t ofSample = form.bitDepth / 8U;
+    return {ofSample, ofSample * static_cast<std::size_t>(form.channels)};
+}
+
 class BandCompressor
 {
 public:
@@ -68,8 +74,8 @@ public:
         : _image(image)
         , _compression(compression)
         , _form(IIO_pngFormOf(image))
-        , _bytesPerPixel(static_cast<std::size_t>(_form.channels * _form.bitDepth / 8))
-        , _bytesPerRow(_bytesPerPixel * static_cast<std::size_t>(image.width()))
+        , _pixelBytes(pixelBytesOf(_form))
+        , _bytesPerRow(_pixelBytes.ofPixel * static_cast<std::size_t>(image.width()))
         , _rowsPerBand(static_cast<int>(std::max<std::size_t>(1, kBandBytes / (_bytesPerRow + 1))))
     {}
 
@@ -138,7 +144,7 @@ private:
             place.filtered.resize(static_cast<std::size_t>(_rowsPerBand) * (_bytesPerRow + 1));
             std::span<std::uint8_t> rest = place.filtered;
             for (int y = 0; y < _rowsPerBand; ++y, rest = rest.subspan(_bytesPerRow + 1))
-                IIO_filterPngRow(place.above, place.above, _bytesPerPixel, rest.first(_bytesPerRow + 1));
+                IIO_filterPngRow(place.above, place.above, _pixelBytes, rest.first(_bytesPerRow + 1));
             compressFiltered(_unchanged, place, false);
         });
         return _unchanged;
@@ -157,7 +163,7 @@ private:
             if (_compression == IIO_Compression::NONE)
                 IIO_keepPngRow(place.row, rest.first(_bytesPerRow + 1));
             else
-                IIO_filterPngRow(place.row, place.above, _bytesPerPixel, rest.first(_bytesPerRow + 1));
+                IIO_filterPngRow(place.row, place.above, _pixelBytes, rest.first(_bytesPerRow + 1));
             place.row.swap(place.above);
         }
     }
@@ -173,7 +179,7 @@ private:
     const QImage& _image;
     const IIO_Compression _compression;
     const IIO_PngForm _form;
-    const std::size_t _bytesPerPixel;
+    const IIO_PixelBytes _pixelBytes;
     const std::size_t _bytesPerRow;
     const int _rowsPerBand;
     const IIO_Deflate _deflate{_compression};
