@@ -54,6 +54,15 @@ double areaOf(const QRectF& rect)
     return rect.isValid() ? rect.width() * rect.height() : 0.0;
 }
 
+// Whether two rectangles are the same but for the larger pixels of a quick picture.
+bool isNearly(const QRectF& one, const QRectF& other)
+{
+    constexpr double kReach = 12.0;
+    const QPointF first = one.topLeft() - other.topLeft();
+    const QPointF second = one.bottomRight() - other.bottomRight();
+    return std::max({std::abs(first.x()), std::abs(first.y()), std::abs(second.x()), std::abs(second.y())}) < kReach;
+}
+
 // How far apart two rectangles are; 0 where they meet.
 double gapBetween(const QRectF& one, const QRectF& other)
 {
@@ -174,9 +183,10 @@ void ObjectBar::follow()
     if (!isSeen)
         return hide();
     showValues();
-    // A light that moves elsewhere must not move the bar.
+    // A light that moves elsewhere must not move the bar, nor a quick picture, nor hiding others by a button of the
+    // bar.
     const bool isWellPlaced =
-        object == _placedFor && _viewer.rect().contains(geometry()) && covered(handles(), geometry()) == 0;
+        isNearly(object, _placedFor) && _viewer.rect().contains(geometry()) && covered(handles(), geometry()) == 0;
     if (!object.isEmpty() && !_hands.isDragging() && !isWellPlaced)
         place(object);
     show();

@@ -287,6 +287,21 @@ TEST_F(ObjectBarTest, TheBarCoversHardlyAnythingWhereTheViewHasRoomBesideTheDraw
     }
 }
 
+TEST_F(ObjectBarTest, TheBarStaysUnderTheMouseThatPressesItsButtons)
+{
+    openParts();
+    placeLight(QPointF(-1.9, -0.9));
+    click(kHead);
+    ASSERT_TRUE(bar().isVisible());
+    const QRect before = bar().geometry();
+    toggle("bar-solo");
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(bar().geometry(), before) << "without the body, other places cover less";
+    toggle("bar-solo");
+    ASSERT_TRUE(waitForPicture());
+    EXPECT_EQ(bar().geometry(), before);
+}
+
 TEST_F(ObjectBarTest, TheBarStaysNearAnObjectThatHasRoomBesideIt)
 {
     openParts();
