@@ -135,6 +135,6 @@ UT_Result<IIO_Picture> IIO_read(const QString& path)
     if (!format)
         return unknownSuffix(path);
     if (const UT_Result<void> checked = UT_checkPlainFile(path); !checked)
-        return checked.error().at(QStringLiteral("cannot read \"%1\"").arg(path));
+        return UT_Error{QStringLiteral("cannot read \"%1\": %2").arg(path, checked.error().text)};
     return format->read(path);
 }
