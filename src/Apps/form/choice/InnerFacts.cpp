@@ -19,15 +19,15 @@ constexpr double kCopyVaries = 0.06; // of the larger one's side
 constexpr std::array<std::array<int, 2>, 8> kAround{
     {{-1, 0}, {1, 0}, {0, -1}, {0, 1}, {-1, -1}, {1, -1}, {-1, 1}, {1, 1}}};
 
-} // namespace
-
-double coveredBy(const CellMask& mask, const CellMask& region)
+// Each shape is compared with all later ones, so most are refused by their boxes, whose common cells are no fewer.
+bool liesInside(const ShapeFacts& shape, const CellMask& region)
 {
-    if (!mask.box().intersects(region.box()))
-        return 0.0;
-    const int area = mask.area();
-    return area > 0 ? static_cast<double>(mask.overlap(region)) / area : 0.0;
+    const QRect common = shape.mask.box() & region.box();
+    const auto isEnough = [&](int cells) { return static_cast<double>(cells) / shape.area >= kInside; };
+    return shape.area > 0 && isEnough(common.width() * common.height()) && isEnough(shape.mask.overlap(region));
 }
+
+} // namespace
 
 bool isConcentric(const ShapeFacts& shape, const CellMask& region, double share)
 {
@@ -69,7 +69,7 @@ std::vector<int> InnerFacts::siblings(int shape, const Part& base) const
         const ShapeFacts& sibling = facts(other);
         const bool alike = sibling.paint == first.paint && sibling.opacity == first.opacity &&
                            sibling.area < kAlike * first.area && first.area < kAlike * sibling.area;
-        if (alike && coveredBy(sibling.mask, base.region) >= kInside)
+        if (alike && liesInside(sibling, base.region))
             siblings.push_back(other);
     }
     return siblings;
@@ -103,8 +103,7 @@ double InnerFacts::heldArea(int shape) const
     double held = 0.0;
     for (int other = shape + 1; other < static_cast<int>(_facts.size()); ++other) {
         const ShapeFacts& inner = facts(other);
-        const bool mayLieInside = inner.opacity >= kSolid && inner.area > 0 && inner.area < holder.area;
-        if (mayLieInside && coveredBy(inner.mask, holder.mask) >= kInside)
+        if (inner.opacity >= kSolid && inner.area < holder.area && liesInside(inner, holder.mask))
             held += inner.area;
     }
     return held;

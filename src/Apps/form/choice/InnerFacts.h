@@ -8,9 +8,6 @@
 
 #include <vector>
 
-/// The share of a mask that a region covers.
-double coveredBy(const CellMask& mask, const CellMask& region);
-
 /// Whether a shape is a smaller copy of a region, around the same centre.
 ///
 /// @param share the shape's area, divided by the region's

@@ -5,6 +5,7 @@
 // same.
 #include "form/choice/LayerAssembly.h"
 
+#include "QuarvelDrawingIO/DIO_PathSets.h"
 #include "form/choice/ObjectShares.h"
 #include "form/choice/Outlines.h"
 #include "form/choice/Seams.h"
@@ -211,7 +212,7 @@ private:
     static DIO_Shape held(const DIO_Shape& original, const QPainterPath& outline)
     {
         DIO_Shape copy = original;
-        copy.clip = original.clip ? original.clip->intersected(outline) : outline;
+        copy.clip = original.clip ? DIO_intersected(*original.clip, outline).value_or(*original.clip) : outline;
         return copy;
     }
 

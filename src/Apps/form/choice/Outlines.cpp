@@ -1,13 +1,15 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 #include "form/choice/Outlines.h"
 
+#include "QuarvelDrawingIO/DIO_PathSets.h"
+
 #include <QPainterPathStroker>
 
 #include <algorithm>
 
 QPainterPath outlineOf(const DIO_Shape& shape)
 {
-    const QPainterPath path = shape.clip ? shape.path.intersected(*shape.clip) : shape.path;
+    const QPainterPath path = shape.clip ? DIO_intersected(shape.path, *shape.clip).value_or(shape.path) : shape.path;
     QPainterPath loops;
     loops.setFillRule(path.fillRule());
     for (int i = 0; i < path.elementCount(); ++i) {

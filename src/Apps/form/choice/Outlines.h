@@ -5,7 +5,8 @@
 
 #include "QuarvelDrawingIO/DIO_Drawing.h"
 
-/// The outline of what a shape paints, with closed loops: filling closes them anyway, stroking does not.
+/// The outline of what a shape paints, with closed loops: filling closes them anyway, stroking does not. A clip that is
+/// too detailed to cut with (DIO_PathSets.h) is left out.
 QPainterPath outlineOf(const DIO_Shape& shape);
 
 /// A stroke along an outline, with round joins.

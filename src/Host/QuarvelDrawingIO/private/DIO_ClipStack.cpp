@@ -3,7 +3,7 @@
 // Uniting and intersecting clips; very detailed ones are not intersected at all.
 #include "QuarvelDrawingIO/private/DIO_ClipStack.h"
 
-#include "QuarvelDrawingIO/private/DIO_PathSets.h"
+#include "QuarvelDrawingIO/DIO_PathSets.h"
 
 void DIO_ClipStack::add(const QPainterPath& path)
 {

@@ -4,7 +4,7 @@
 // it was at least (or, for a falling change, at most) the value that becomes t.
 #include "QuarvelDrawingIO/private/DIO_CoverageLevels.h"
 
-#include "QuarvelDrawingIO/private/DIO_PathSets.h"
+#include "QuarvelDrawingIO/DIO_PathSets.h"
 
 #include <algorithm>
 #include <cmath>

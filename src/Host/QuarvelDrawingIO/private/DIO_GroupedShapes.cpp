@@ -4,7 +4,7 @@
 // reach b and the areas below it have reached a already, what is added there is 1 - (1 - b) / (1 - a).
 #include "QuarvelDrawingIO/private/DIO_GroupedShapes.h"
 
-#include "QuarvelDrawingIO/private/DIO_PathSets.h"
+#include "QuarvelDrawingIO/DIO_PathSets.h"
 #include "QuarvelDrawingIO/private/DIO_PictureForm.h"
 
 #include <algorithm>

@@ -4,8 +4,8 @@
 #include "QuarvelDrawingIO/private/DIO_ShapeCollector.h"
 
 #include "QuarvelDrawingIO/DIO_Palette.h"
+#include "QuarvelDrawingIO/DIO_PathSets.h"
 #include "QuarvelDrawingIO/private/DIO_AverageColour.h"
-#include "QuarvelDrawingIO/private/DIO_PathSets.h"
 #include "QuarvelDrawingIO/private/DIO_PlacedPicture.h"
 #include "QuarvelDrawingIO/private/DIO_SvgMarks.h"
 

@@ -3,8 +3,8 @@
 // The document's viewBox is 100 x 100, and so is the device: what is recorded is in the document's own units.
 #include "QuarvelDrawingIO/private/DIO_SvgRecording.h"
 
+#include "QuarvelDrawingIO/DIO_PathSets.h"
 #include "QuarvelDrawingIO/private/DIO_AverageColour.h"
-#include "QuarvelDrawingIO/private/DIO_PathSets.h"
 #include "QuarvelDrawingIO/private/DIO_RecordingDevice.h"
 #include "QuarvelDrawingIO/private/DIO_ShapeCollector.h"
 

@@ -5,7 +5,7 @@
 // for lines, the shape is painted as a whole, with the share that the pattern covers as its opacity.
 #include "QuarvelDrawingIO/private/DIO_SvgWalk.h"
 
-#include "QuarvelDrawingIO/private/DIO_PathSets.h"
+#include "QuarvelDrawingIO/DIO_PathSets.h"
 #include "QuarvelDrawingIO/private/DIO_SvgGeometry.h"
 #include "QuarvelDrawingIO/private/DIO_SvgRecording.h"
 #include "QuarvelDrawingIO/private/DIO_SvgTransform.h"

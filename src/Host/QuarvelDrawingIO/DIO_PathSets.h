@@ -5,21 +5,23 @@
 // detailed areas are not combined at all; the functions then return no result.
 #pragma once
 
+#include "QuarvelDrawingIO/QuarvelDrawingIOExport.h"
+
 #include <QPainterPath>
 
 #include <optional>
 #include <vector>
 
 /// Whether a path is one rectangle with sides along the axes.
-bool DIO_isRectangle(const QPainterPath& path);
+QUARVELDRAWINGIO_EXPORT bool DIO_isRectangle(const QPainterPath& path);
 
 /// The area of a rectangle.
-QPainterPath DIO_rectangle(const QRectF& rect);
+QUARVELDRAWINGIO_EXPORT QPainterPath DIO_rectangle(const QRectF& rect);
 
 /// What lies in either area, in both, or in the first but not in the second. Nothing when they are too detailed.
-std::optional<QPainterPath> DIO_united(const QPainterPath& a, const QPainterPath& b);
+QUARVELDRAWINGIO_EXPORT std::optional<QPainterPath> DIO_united(const QPainterPath& a, const QPainterPath& b);
 /// What lies in any of several areas. Where they are too detailed, they stay side by side in one path, which is filled
 /// by the winding rule; where such parts overlap and run around in different ways, they may cancel each other.
-QPainterPath DIO_united(std::vector<QPainterPath> areas);
-std::optional<QPainterPath> DIO_intersected(const QPainterPath& a, const QPainterPath& b);
-std::optional<QPainterPath> DIO_subtracted(const QPainterPath& a, const QPainterPath& b);
+QUARVELDRAWINGIO_EXPORT QPainterPath DIO_united(std::vector<QPainterPath> areas);
+QUARVELDRAWINGIO_EXPORT std::optional<QPainterPath> DIO_intersected(const QPainterPath& a, const QPainterPath& b);
+QUARVELDRAWINGIO_EXPORT std::optional<QPainterPath> DIO_subtracted(const QPainterPath& a, const QPainterPath& b);

@@ -5,7 +5,7 @@
 // Qt's operations lose parts of areas whose corners differ by what rounding leaves, as those of two areas do that were
 // cut at the same edge. Coordinates are therefore put on a grid before and after each operation, so fine that nobody
 // sees it: such corners become one.
-#include "QuarvelDrawingIO/private/DIO_PathSets.h"
+#include "QuarvelDrawingIO/DIO_PathSets.h"
 
 #include <algorithm>
 #include <cmath>
