@@ -2,13 +2,12 @@
 //
 // Hostile scenes, opened by the program as a person opens them: nothing is executed, nothing hangs, and a message names
 // what was found.
+#include "ProgramFixture.h"
 #include "QuarvelSceneIO/private/SIO_Journal.h"
 
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -31,13 +30,6 @@ QString text(const char* utf8)
     return QString::fromUtf8(utf8);
 }
 
-struct Outcome
-{
-    int exitCode;
-    std::string output;
-    std::string messages;
-};
-
 QByteArray manyAttributes(int count)
 {
     QByteArray attributes;
@@ -46,31 +38,22 @@ QByteArray manyAttributes(int count)
     return attributes;
 }
 
-class HostileScene : public testing::Test
+class HostileScene : public Program
 {
 protected:
     void SetUp() override
     {
-        put("hero.svg", R"(<svg xmlns="http://www.w3.org/2000/svg" width="64" height="64">
+        write("hero.svg", R"(<svg xmlns="http://www.w3.org/2000/svg" width="64" height="64">
             <rect x="16" y="16" width="32" height="32" fill="#ff0000"/></svg>)");
-        const Outcome outcome = quarvel({text("import"), text("hero.svg"), text("-o"), text("s.scene")});
+        const Outcome outcome = quarvel("import hero.svg -o s.scene");
         ASSERT_EQ(outcome.exitCode, 0) << outcome.messages;
-    }
-
-    QString path(const QString& name) const { return _folder.path() + u'/' + name; }
-    void put(const char* name, const QByteArray& bytes) const
-    {
-        QDir().mkpath(QFileInfo(path(text(name))).path());
-        QFile file(path(text(name)));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(bytes), bytes.size());
     }
 
     // The scene's folder: its names, and the type or content of each.
     QMap<QString, QByteArray> sceneFolder() const
     {
         QMap<QString, QByteArray> found;
-        QDirIterator all(path(text("s.scene")), QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+        QDirIterator all(path("s.scene"), QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
                          QDirIterator::Subdirectories);
         while (all.hasNext()) {
             QFile file(all.next());
@@ -82,25 +65,10 @@ protected:
 
     QString aDrawing() const
     {
-        QDirIterator drawings(path(text("s.scene/elements")), {text("*.kvr")}, QDir::Files,
-                              QDirIterator::Subdirectories);
+        QDirIterator drawings(path("s.scene/elements"), {text("*.kvr")}, QDir::Files, QDirIterator::Subdirectories);
         return drawings.next();
     }
 
-    Outcome quarvel(const QStringList& words) const
-    {
-        QProcess process;
-        process.setWorkingDirectory(_folder.path());
-        process.start(QStringLiteral(QUARVEL_PROGRAM), words);
-        if (!process.waitForFinished(60'000)) {
-            process.kill();
-            process.waitForFinished();
-            ADD_FAILURE() << "the program hangs";
-        }
-        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-        return {process.exitCode(), process.readAllStandardOutput().toStdString(),
-                process.readAllStandardError().toStdString()};
-    }
     // The program's output on a terminal.
     std::string onATerminal(const QStringList& words) const
     {
@@ -114,7 +82,7 @@ protected:
             for (QByteArray& word : bytes)
                 arguments.push_back(word.data());
             arguments.push_back(nullptr);
-            if (::chdir(QFile::encodeName(_folder.path()).constData()) == 0)
+            if (::chdir(QFile::encodeName(path("")).constData()) == 0)
                 ::execv(arguments.front(), arguments.data());
             ::_exit(127);
         }
@@ -128,10 +96,7 @@ protected:
         EXPECT_EQ(status, 0);
         return written;
     }
-    Outcome inspect() const { return quarvel({text("inspect"), text("s.scene")}); }
-
-private:
-    QTemporaryDir _folder;
+    Outcome inspect() const { return quarvel("inspect s.scene"); }
 };
 
 } // namespace
@@ -139,22 +104,22 @@ private:
 TEST_F(HostileScene, AJournalThatCameWithItIsReportedAndChangesNothing)
 {
     // A repository whose root is the scene: its configuration names a program that every command of git would run.
-    put("s.scene/.git/config", "[core]\n");
+    write("s.scene/.git/config", "[core]\n");
     const QByteArray settings = "[core]\n\tfsmonitor = \"touch OWNED\"\n";
-    put("s.scene/.save/0", settings);
+    write("s.scene/.save/0", settings);
     const QByteArray first = "quarvel-journal 1\nwrite 0 .git/config\n";
     const QByteArray second = "quarvel-journal 2\nwrite 0 " + SIO_digest(settings) + " .git/config\n";
     const QByteArrayList journals = {first + "end " + SIO_digest(first) + '\n',
                                      second + "seal " + SIO_digest(second) + '\n',
                                      "quarvel-journal 2\ndelete scene.xml\n", "nonsense"};
     for (const QByteArray& journal : journals) {
-        put("s.scene/.journal", journal);
+        write("s.scene/.journal", journal);
         const auto before = sceneFolder();
         const Outcome inspected = inspect();
         EXPECT_EQ(inspected.exitCode, 0) << inspected.messages;
         EXPECT_THAT(inspected.messages, AllOf(HasSubstr(".journal"), HasSubstr("it was left alone")));
         // Changing the scene is refused, with advice.
-        const Outcome changed = quarvel({text("set"), text("s.scene"), text("frames"), text("1-9")});
+        const Outcome changed = quarvel("set s.scene frames 1-9");
         EXPECT_EQ(changed.exitCode, 1);
         EXPECT_THAT(changed.messages, HasSubstr("remove \".journal\" and \".save\""));
         EXPECT_EQ(sceneFolder(), before);
@@ -163,7 +128,7 @@ TEST_F(HostileScene, AJournalThatCameWithItIsReportedAndChangesNothing)
 
 TEST_F(HostileScene, LinksPipesAndDevicesAreRefusedWhereverTheyLie)
 {
-    const QStringList places = {path(text("s.scene/.journal")), path(text("s.scene/scene.xml")), aDrawing()};
+    const QStringList places = {path("s.scene/.journal"), path("s.scene/scene.xml"), aDrawing()};
     for (const QString& place : places) {
         const QByteArray name = QFile::encodeName(place);
         QFile file(place);
@@ -192,8 +157,8 @@ TEST_F(HostileScene, LinksPipesAndDevicesAreRefusedWhereverTheyLie)
 
 TEST_F(HostileScene, AFolderThatIsALinkIsRefused)
 {
-    ASSERT_TRUE(QDir().rename(path(text("s.scene/elements")), path(text("s.scene/real"))));
-    ASSERT_EQ(::symlink("real", QFile::encodeName(path(text("s.scene/elements"))).constData()), 0);
+    ASSERT_TRUE(QDir().rename(path("s.scene/elements"), path("s.scene/real")));
+    ASSERT_EQ(::symlink("real", QFile::encodeName(path("s.scene/elements")).constData()), 0);
     const Outcome outcome = inspect();
     EXPECT_EQ(outcome.exitCode, 1);
     EXPECT_THAT(outcome.messages, HasSubstr("through a link"));
@@ -201,22 +166,22 @@ TEST_F(HostileScene, AFolderThatIsALinkIsRefused)
 
 TEST_F(HostileScene, MoreElementsThanASceneCanHaveAreRefused)
 {
-    put("s.scene/scene.xml", "<?xml version=\"1.0\"?>\n<quarvelScene version=\"1\">" +
-                                 QByteArray("<a/>").repeated(1'000'000) + "<scene/></quarvelScene>");
+    write("s.scene/scene.xml", "<?xml version=\"1.0\"?>\n<quarvelScene version=\"1\">" +
+                                   QByteArray("<a/>").repeated(1'000'000) + "<scene/></quarvelScene>");
     const Outcome outcome = inspect();
     EXPECT_EQ(outcome.exitCode, 1);
     EXPECT_THAT(outcome.messages, HasSubstr("scene.xml, line 2: there are more than 1000000 elements and attributes"));
-    put("s.scene/scene.xml",
-        "<?xml version=\"1.0\"?>\n<quarvelScene version=\"1\"><x" + manyAttributes(1'000'000) + "/></quarvelScene>");
+    write("s.scene/scene.xml",
+          "<?xml version=\"1.0\"?>\n<quarvelScene version=\"1\"><x" + manyAttributes(1'000'000) + "/></quarvelScene>");
     EXPECT_THAT(inspect().messages, HasSubstr("scene.xml, line 2: an element has more than 1000 attributes"));
 }
 
 TEST_F(HostileScene, AWarningIsSaidOnceWithACount)
 {
-    QFile file(path(text("s.scene/scene.xml")));
+    QFile file(path("s.scene/scene.xml"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    put("s.scene/scene.xml",
-        file.readAll().replace("<palettes>", QByteArray("<new/>\n").repeated(3000) + "<palettes>"));
+    write("s.scene/scene.xml",
+          file.readAll().replace("<palettes>", QByteArray("<new/>\n").repeated(3000) + "<palettes>"));
     const Outcome outcome = inspect();
     EXPECT_EQ(outcome.exitCode, 0);
     const QByteArray said = QByteArray::fromStdString(outcome.messages);
@@ -226,13 +191,13 @@ TEST_F(HostileScene, AWarningIsSaidOnceWithACount)
 
 TEST_F(HostileScene, NamesCannotSpeakToTheTerminal)
 {
-    QFile file(path(text("s.scene/scene.xml")));
+    QFile file(path("s.scene/scene.xml"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray scene = file.readAll();
     // A module whose name contains terminal controls, escaped in XML; reading resolves the escapes.
     const QByteArray name = "_x001B_[2Jhero\xe2\x80\xae";
-    put("s.scene/scene.xml",
-        QByteArray(scene).replace("\"hero\"", '"' + name + '"').replace("folder=\"" + name, "folder=\"hero"));
+    write("s.scene/scene.xml",
+          QByteArray(scene).replace("\"hero\"", '"' + name + '"').replace("folder=\"" + name, "folder=\"hero"));
     const std::string shown = onATerminal({text("inspect"), text("s.scene")});
     EXPECT_THAT(shown, AllOf(HasSubstr("\\x1b[2Jhero\\u202e"), Not(HasSubstr("\x1b"))));
     // Scripts get the names unchanged.

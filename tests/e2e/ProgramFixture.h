@@ -7,11 +7,14 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <memory>
 
 /// Runs the program in a folder of its own.
 class Program : public testing::Test
@@ -33,8 +36,10 @@ protected:
         QString text() const { return QString::fromStdString(output); }
     };
 
+    /// Writes a file, and makes the folders that it lies in.
     void write(const char* name, const QByteArray& content) const
     {
+        ASSERT_TRUE(QDir().mkpath(QFileInfo(path(name)).path()));
         QFile file(path(name));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         ASSERT_EQ(file.write(content), content.size());
@@ -53,20 +58,35 @@ protected:
         return file.readAll();
     }
 
-    Outcome run(const QString& program, const QStringList& words, const Streams& streams = {}) const
+    /// Starts a program that runs beside the test.
+    std::unique_ptr<QProcess> started(const QString& program, const QStringList& words,
+                                      const Streams& streams = {}) const
     {
-        QProcess process;
-        process.setWorkingDirectory(_folder.path());
-        process.setProcessEnvironment(environment);
+        auto process = std::make_unique<QProcess>();
+        process->setWorkingDirectory(_folder.path());
+        process->setProcessEnvironment(environment);
         if (!streams.input.isEmpty())
-            process.setStandardInputFile(streams.input);
+            process->setStandardInputFile(streams.input);
         if (!streams.output.isEmpty())
-            process.setStandardOutputFile(streams.output);
-        process.start(program, words);
-        EXPECT_TRUE(process.waitForFinished(120'000)) << process.errorString().toStdString();
+            process->setStandardOutputFile(streams.output);
+        process->start(program, words);
+        return process;
+    }
+    /// Waits for a program's end, and ends one that hangs.
+    static Outcome finished(QProcess& process)
+    {
+        if (!process.waitForFinished(120'000)) {
+            ADD_FAILURE() << "the program hangs: " << process.errorString().toStdString();
+            process.kill();
+            process.waitForFinished();
+        }
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
         return {process.exitCode(), process.readAllStandardOutput().toStdString(),
                 process.readAllStandardError().toStdString()};
+    }
+    Outcome run(const QString& program, const QStringList& words, const Streams& streams = {}) const
+    {
+        return finished(*started(program, words, streams));
     }
 
     Outcome quarvel(const QStringList& words) const { return run(QStringLiteral(QUARVEL_PROGRAM), words); }

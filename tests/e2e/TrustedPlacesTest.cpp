@@ -1,12 +1,11 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Places from which the program loads code, and places where it writes: others must not be able to prepare them.
+#include "ProgramFixture.h"
+
 #include <QDir>
 #include <QFile>
-#include <QProcess>
-#include <QProcessEnvironment>
 #include <QSet>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -24,52 +23,30 @@ QString text(const char* utf8)
     return QString::fromUtf8(utf8);
 }
 
-class TrustedPlaces : public testing::Test
+class TrustedPlaces : public Program
 {
 protected:
     TrustedPlaces()
     {
-        put("a.svg", R"(<svg xmlns="http://www.w3.org/2000/svg" width="64" height="64">
+        write("a.svg", R"(<svg xmlns="http://www.w3.org/2000/svg" width="64" height="64">
             <rect x="16" y="16" width="32" height="32"/></svg>)");
         // The folder of the test's encoder comes first.
-        _environment.insert(text("PATH"), _folder.path() + text(":/usr/bin:/bin"));
+        environment.insert(text("PATH"), path("") + text(":/usr/bin:/bin"));
     }
 
-    void put(const char* name, const QByteArray& bytes) const
-    {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(bytes), bytes.size());
-    }
-    QByteArray contentOf(const char* name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-    QString path(const char* name) const { return _folder.path() + u'/' + text(name); }
+    QByteArray contentOf(const char* name) const { return exists(name) ? bytes(name) : QByteArray(); }
 
-    // The exit code; the output is stored in said.
-    int run(const QStringList& words, const QString& pluginPath = QString())
+    // The exit code; the messages are stored in said.
+    int exitCodeOf(const char* words, const QString& pluginPath = QString())
     {
-        QProcess process;
-        _environment.insert(text("QUARVEL_PLUGIN_PATH"), pluginPath);
-        process.setProcessEnvironment(_environment);
-        process.setWorkingDirectory(_folder.path());
-        process.start(QStringLiteral(QUARVEL_PROGRAM), words);
-        EXPECT_TRUE(process.waitForFinished(120'000));
-        said = process.readAllStandardError().toStdString();
-        return process.exitCode();
+        environment.insert(text("QUARVEL_PLUGIN_PATH"), pluginPath);
+        const Outcome outcome = quarvel(words);
+        said = outcome.messages;
+        return outcome.exitCode;
     }
-    int makeAMap(const QString& pluginPath)
-    {
-        return run({text("normalmap"), text("a.svg"), text("--size"), text("16x16")}, pluginPath);
-    }
+    int makeAMap(const QString& pluginPath) { return exitCodeOf("normalmap a.svg --size 16x16", pluginPath); }
 
     std::string said;
-
-private:
-    QTemporaryDir _folder;
-    QProcessEnvironment _environment = QProcessEnvironment::systemEnvironment();
 };
 
 constexpr auto kMine = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
@@ -95,7 +72,7 @@ TEST_F(TrustedPlaces, PlugInsComeFromNowhereThatEverybodyMayChange)
     };
     const QString library = path("a/plugins/Evil/libEvil.so");
     ASSERT_TRUE(QDir().mkpath(path("a/plugins/Evil")));
-    put("a/plugins/Evil/libEvil.so", "");
+    write("a/plugins/Evil/libEvil.so", "");
     for (const QString& place : {path("a"), path("a/plugins"), path("a/plugins/Evil"), library}) {
         const QFile::Permissions before = QFile::permissions(place);
         ASSERT_TRUE(QFile::setPermissions(place, kMine | QFile::WriteOther));
@@ -107,16 +84,16 @@ TEST_F(TrustedPlaces, PlugInsComeFromNowhereThatEverybodyMayChange)
 
 TEST_F(TrustedPlaces, AFilmIsNotWrittenThroughALinkThatWaits)
 {
-    ASSERT_EQ(run({text("import"), text("a.svg"), text("-o"), text("s.scene")}), 0) << said;
+    ASSERT_EQ(exitCodeOf("import a.svg -o s.scene"), 0) << said;
     // An encoder that writes to the file it is given, as all of them do.
-    put("ffmpeg", "#!/bin/sh\nfor last; do :; done\ncat >/dev/null\necho \"$last\" >\"$last\"\n");
-    put("ffprobe", "#!/bin/sh\necho 1\n");
+    write("ffmpeg", "#!/bin/sh\nfor last; do :; done\ncat >/dev/null\necho \"$last\" >\"$last\"\n");
+    write("ffprobe", "#!/bin/sh\necho 1\n");
     ASSERT_TRUE(QFile::setPermissions(path("ffmpeg"), kMine) && QFile::setPermissions(path("ffprobe"), kMine));
-    put("victim", "precious");
+    write("victim", "precious");
     ASSERT_EQ(::symlink("victim", QFile::encodeName(path(".lit.gif.part")).constData()), 0);
     QSet<QByteArray> places;
     for (int i = 0; i < 2; ++i) {
-        ASSERT_EQ(run({text("render"), text("s.scene"), text("--preview"), text("lit.gif")}), 0) << said;
+        ASSERT_EQ(exitCodeOf("render s.scene --preview lit.gif"), 0) << said;
         places << contentOf("lit.gif");
         EXPECT_EQ(contentOf("victim"), "precious");
     }

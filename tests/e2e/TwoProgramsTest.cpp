@@ -2,12 +2,11 @@
 //
 // Several programs at one scene, and programs that were killed: no change is lost, and nothing is in the next one's
 // way.
+#include "ProgramFixture.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -24,39 +23,24 @@ QString text(const char* utf8)
     return QString::fromUtf8(utf8);
 }
 
-class TwoPrograms : public testing::Test
+class TwoPrograms : public Program
 {
 protected:
     void SetUp() override
     {
-        QFile drawing(path("hero.svg"));
-        ASSERT_TRUE(drawing.open(QIODevice::WriteOnly));
-        drawing.write(R"(<svg xmlns="http://www.w3.org/2000/svg" width="64" height="64">
+        write("hero.svg", R"(<svg xmlns="http://www.w3.org/2000/svg" width="64" height="64">
             <rect x="16" y="16" width="32" height="32" fill="#ff0000"/></svg>)");
     }
 
-    QString path(const char* name) const { return _folder.path() + u'/' + text(name); }
-
-    std::unique_ptr<QProcess> started(const QStringList& words) const
-    {
-        auto process = std::make_unique<QProcess>();
-        process->setWorkingDirectory(_folder.path());
-        process->start(QStringLiteral(QUARVEL_PROGRAM), words);
-        return process;
-    }
     // The exit code; what it wrote is in output and messages.
-    int run(const QStringList& words)
+    int exitCodeOf(const QString& words)
     {
-        const auto process = started(words);
-        EXPECT_TRUE(process->waitForFinished(120'000));
-        output = process->readAllStandardOutput().toStdString();
-        messages = process->readAllStandardError().toStdString();
-        return process->exitCode();
+        const Outcome outcome = quarvel(words);
+        output = outcome.output;
+        messages = outcome.messages;
+        return outcome.exitCode;
     }
-    int import(const QStringList& more = {})
-    {
-        return run(QStringList{text("import"), text("hero.svg"), text("-o"), text("s.scene")} + more);
-    }
+    int import(const char* more = "") { return exitCodeOf(text("import hero.svg -o s.scene") + text(more)); }
     QStringList hiddenInScene() const
     {
         return QDir(path("s.scene")).entryList({text(".*")}, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
@@ -64,9 +48,6 @@ protected:
 
     std::string output;
     std::string messages;
-
-private:
-    QTemporaryDir _folder;
 };
 
 } // namespace
@@ -80,12 +61,12 @@ TEST_F(TwoPrograms, ThatChangeOneSceneAtOnceLoseNoChange)
                                                               {text("frames"), text("1-9")}};
     std::vector<std::unique_ptr<QProcess>> programs;
     for (const auto& [what, value] : changes)
-        programs.push_back(started({text("set"), text("s.scene"), what, value}));
+        programs.push_back(started(text(QUARVEL_PROGRAM), {text("set"), text("s.scene"), what, value}));
     for (const auto& program : programs) {
-        EXPECT_TRUE(program->waitForFinished(120'000));
-        EXPECT_EQ(program->exitCode(), 0) << program->readAllStandardError().toStdString();
+        const Outcome outcome = finished(*program);
+        EXPECT_EQ(outcome.exitCode, 0) << outcome.messages;
     }
-    ASSERT_EQ(run({text("inspect"), text("s.scene")}), 0);
+    ASSERT_EQ(exitCodeOf(text("inspect s.scene")), 0);
     EXPECT_THAT(output, HasSubstr("3.25"));
     EXPECT_THAT(output, HasSubstr("7.5"));
     EXPECT_THAT(output, HasSubstr("1-9"));
@@ -97,7 +78,7 @@ TEST_F(TwoPrograms, ASaveFindsThatTheSceneIsAnotherOne)
     ASSERT_EQ(import(), 0) << messages;
     const auto mine = SIO_loadScene(path("s.scene"));
     ASSERT_TRUE(mine);
-    ASSERT_EQ(run({text("set"), text("s.scene"), text("frames"), text("1-9")}), 0) << messages;
+    ASSERT_EQ(exitCodeOf(text("set s.scene frames 1-9")), 0) << messages;
     const auto refused = SIO_saveSceneOver(mine->state, *mine->scene, path("s.scene"));
     ASSERT_TRUE(refused);
     EXPECT_FALSE(*refused);
@@ -120,15 +101,12 @@ TEST_F(TwoPrograms, AnImportThatWasKilledIsDoneAgain)
     EXPECT_EQ(import(), 0) << messages;
     ASSERT_TRUE(QDir(path("s.scene")).removeRecursively());
     ASSERT_TRUE(QDir().mkpath(path("s.scene/.save")));
-    for (const char* name : {"s.scene/.save/0", "s.scene/.save/journal", "s.scene/.lock"}) {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("half");
-    }
+    for (const char* name : {"s.scene/.save/0", "s.scene/.save/journal", "s.scene/.lock"})
+        write(name, "half");
     EXPECT_EQ(import(), 0) << messages;
     QFile::remove(path("s.scene/.lock"));
     EXPECT_EQ(hiddenInScene(), QStringList());
-    EXPECT_EQ(run({text("inspect"), text("s.scene")}), 0) << messages;
+    EXPECT_EQ(exitCodeOf(text("inspect s.scene")), 0) << messages;
 }
 
 TEST_F(TwoPrograms, AFolderWithSomethingElseIsNoPlaceForAScene)
@@ -136,5 +114,5 @@ TEST_F(TwoPrograms, AFolderWithSomethingElseIsNoPlaceForAScene)
     ASSERT_TRUE(QDir().mkpath(path("s.scene/photos")));
     EXPECT_NE(import(), 0);
     EXPECT_THAT(messages, HasSubstr("is there already and is no scene"));
-    EXPECT_NE(import({text("--force")}), 0);
+    EXPECT_NE(import(" --force"), 0);
 }
