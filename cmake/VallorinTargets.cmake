@@ -59,13 +59,9 @@ function(quarvel_install_room name room)
   endforeach()
 endfunction()
 
-# vallorin_leave_out_tests(LIST): for another system, removes from the list those sources that need POSIX, and the tests
-# of properties in folders other than those of VALLORIN_PROPERTIES_ELSEWHERE.
+# vallorin_leave_out_tests(LIST): for another system, removes from the list those sources that need POSIX.
 function(vallorin_leave_out_tests list)
   set(needs "<sys/|<unistd|\"Limits.h\"")
-  if(NOT CMAKE_CURRENT_SOURCE_DIR MATCHES "${VALLORIN_PROPERTIES_ELSEWHERE}")
-    string(APPEND needs "|<rapidcheck")
-  endif()
   foreach(source IN LISTS ${list})
     file(STRINGS "${source}" includes REGEX "#include (${needs})" LIMIT_COUNT 1)
     if(includes)
