@@ -7,6 +7,13 @@
 
 #include <qt_windows.h>
 
+namespace {
+
+// ERROR_DISK_QUOTA_EXCEEDED, which mingw's headers of Debian 12 lack.
+constexpr int kDiskQuotaExceeded = 1295;
+
+} // namespace
+
 int UT_systemError()
 {
     return static_cast<int>(GetLastError());
@@ -19,7 +26,7 @@ void UT_setSystemError(int error)
 
 bool UT_saysDiskIsFull(int error)
 {
-    return error == ERROR_DISK_FULL || error == ERROR_HANDLE_DISK_FULL || error == ERROR_DISK_QUOTA_EXCEEDED;
+    return error == ERROR_DISK_FULL || error == ERROR_HANDLE_DISK_FULL || error == kDiskQuotaExceeded;
 }
 
 #else
