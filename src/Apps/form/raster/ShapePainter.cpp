@@ -36,15 +36,6 @@ QRect withMargin(const QRect& box, const Grid& grid)
     return box.isEmpty() ? QRect() : box.adjusted(-1, -1, 1, 1) & grid.bounds();
 }
 
-// The painter caches about three kilobytes in every path that it paints.
-QPainterPath withoutCache(const QPainterPath& path)
-{
-    QPainterPath copy;
-    copy.addPath(path);
-    copy.setFillRule(path.fillRule());
-    return copy;
-}
-
 // A sample of the elements tells most paths apart, and those that it does not are compared. Paths of many thousand
 // elements clip thousands of shapes in some drawings.
 std::size_t hashOf(const QPainterPath& path)
@@ -99,15 +90,12 @@ std::span<std::uint8_t> ShapePainter::Coverage::row(const QRect& part, int y)
     return std::span(cells).subspan(first, static_cast<std::size_t>(part.width()));
 }
 
-// Calls a function with a painter on the grid; what it paints in a box is the coverage.
+// What the pixels of a picture cover.
 //
 // @param origin the cell that lies in the canvas's corner
-template<typename Paint>
-ShapePainter::Coverage ShapePainter::painted(const QRect& box, const QPoint& origin, Paint paint)
+void ShapePainter::paintPicture(const DIO_Shape& shape, const QPoint& origin, Coverage& coverage)
 {
-    Coverage coverage{box, {}};
-    if (box.isEmpty())
-        return coverage;
+    const QRect& box = coverage.box;
     if (_canvas.isNull())
         _canvas = GR_newImage(_grid.bounds().size(), kFormatPainted);
     const auto row = [&](int y) {
@@ -121,13 +109,11 @@ ShapePainter::Coverage ShapePainter::painted(const QRect& box, const QPoint& ori
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.setTransform(_grid.toCells() * QTransform::fromTranslate(-origin.x(), -origin.y()));
-    paint(painter);
+    painter.drawImage(shape.path.boundingRect(), GR_imageInFormat(shape.picture, QImage::Format_Alpha8));
     painter.end();
-    coverage.cells.resize(static_cast<std::size_t>(box.width()) * static_cast<std::size_t>(box.height()));
     for (int y = box.top(); y <= box.bottom(); ++y)
         std::ranges::transform(row(y), coverage.row(box, y).begin(),
                                [](QRgb pixel) { return static_cast<std::uint8_t>(qAlpha(pixel)); });
-    return coverage;
 }
 
 // Without its clip.
@@ -135,13 +121,16 @@ ShapePainter::Coverage ShapePainter::painted(const QRect& box, const QPoint& ori
 // @param part where it is wanted
 ShapePainter::Coverage ShapePainter::ofShape(const DIO_Shape& shape, const QRect& part, const QPoint& origin)
 {
-    const QRect box = withMargin(boundsInCells(shape.path.boundingRect(), _grid), _grid) & part;
-    return painted(box, origin, [&](QPainter& painter) {
-        if (shape.picture.isNull())
-            painter.fillPath(withoutCache(shape.path), Qt::white);
-        else
-            painter.drawImage(shape.path.boundingRect(), GR_imageInFormat(shape.picture, QImage::Format_Alpha8));
-    });
+    Coverage coverage{withMargin(boundsInCells(shape.path.boundingRect(), _grid), _grid) & part, {}};
+    if (coverage.box.isEmpty())
+        return coverage;
+    coverage.cells.resize(static_cast<std::size_t>(coverage.box.width()) *
+                          static_cast<std::size_t>(coverage.box.height()));
+    if (shape.picture.isNull())
+        _paths.find(shape.path, coverage.box, coverage.cells);
+    else
+        paintPicture(shape, origin, coverage);
+    return coverage;
 }
 
 const ShapePainter::Coverage& ShapePainter::kept(const QPainterPath& path)
@@ -205,6 +194,8 @@ CellMask ShapePainter::mask(std::span<const DIO_Shape> shapes)
         box |= boxes.emplace_back(boundsInCells(shape, _grid));
     if (box.isEmpty())
         return CellMask(box);
+    if (shapes.size() == 1 && !shapes.front().clip)
+        return CellMask::ofCoverage(box, ofShape(shapes.front(), box, box.topLeft()).cells);
     if (_cellsKept > kMostCellsKept) {
         _kept.clear();
         _cellsKept = 0;

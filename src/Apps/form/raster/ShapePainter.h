@@ -5,6 +5,7 @@
 #pragma once
 
 #include "form/raster/CellMask.h"
+#include "form/raster/PathCoverage.h"
 
 #include <QImage>
 
@@ -16,7 +17,7 @@
 class ShapePainter
 {
 public:
-    explicit ShapePainter(const Grid& grid) : _grid(grid) {}
+    explicit ShapePainter(const Grid& grid) : _grid(grid), _paths(grid) {}
 
     const Grid& grid() const { return _grid; }
 
@@ -43,10 +44,10 @@ private:
     Coverage ofShape(const DIO_Shape& shape, const QRect& part, const QPoint& origin);
     const Coverage& kept(const QPainterPath& path);
     static bool showsIn(const Coverage& coverage, const QRect& part, const Coverage& together);
-    template<typename Paint>
-    Coverage painted(const QRect& box, const QPoint& origin, Paint paint);
+    void paintPicture(const DIO_Shape& shape, const QPoint& origin, Coverage& coverage);
 
     Grid _grid;
+    PathCoverage _paths;
     QImage _canvas;                         // of the grid's size; only what is being painted is cleared
     std::multimap<std::size_t, Kept> _kept; // by what the path's elements hash to
     std::size_t _cellsKept = 0;

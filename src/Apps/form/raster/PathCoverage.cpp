@@ -1,0 +1,173 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Every line adds, row by row, the area between itself and the right end of the row, with the sign of its direction: to
+// the cells that it passes a part, to the next one the rest. The sum from the left is each cell's winding number,
+// averaged over the cell.
+#include "form/raster/PathCoverage.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double kTolerance = 0.05; // cells
+constexpr int kMostLines = 128;     // that replace a curve
+// Levels of coverage: sums in single precision differ by less, so a cell that is half covered stays so when mirrored.
+constexpr float kRounding = 0.01F;
+
+// A path may have numbers that no cell can have.
+double limited(double value)
+{
+    constexpr double kFarthest = 1e9;
+    return std::isnan(value) ? 0.0 : std::clamp(value, -kFarthest, kFarthest);
+}
+
+float insideByWinding(float winding)
+{
+    return std::min(std::abs(winding), 1.0F);
+}
+
+float insideByParity(float winding)
+{
+    const float turns = std::abs(winding) / 2.0F;
+    const float rest = 2.0F * (turns - std::floor(turns));
+    return rest > 1.0F ? 2.0F - rest : rest;
+}
+
+template<float inside(float)>
+void sumRow(std::span<const float> steps, std::span<std::uint8_t> covered)
+{
+    float winding = 0.0F;
+    for (std::size_t x = 0; x < covered.size(); ++x) {
+        winding += steps[x];
+        covered[x] = static_cast<std::uint8_t>(255.0F * inside(winding) + (0.5F + kRounding));
+    }
+}
+
+} // namespace
+
+PathCoverage::PathCoverage(const Grid& grid)
+    : _cellsPerUnit{grid.width / grid.frame.width(), grid.height / grid.frame.height()}
+    , _origin{grid.frame.left(), grid.frame.top()}
+{}
+
+void PathCoverage::find(const QPainterPath& path, const QRect& box, std::span<std::uint8_t> covered)
+{
+    _box = box;
+    const auto width = static_cast<std::size_t>(box.width());
+    // A line at the right end of a row reaches two cells beyond it.
+    _stride = width + 2;
+    _steps.assign(_stride * static_cast<std::size_t>(box.height()), 0.0F);
+    addLoops(path);
+    const auto sum = path.fillRule() == Qt::WindingFill ? sumRow<insideByWinding> : sumRow<insideByParity>;
+    for (std::size_t row = 0; row * width < covered.size(); ++row)
+        sum(std::span(_steps).subspan(row * _stride, width), covered.subspan(row * width, width));
+}
+
+PathCoverage::Point PathCoverage::inBox(const QPainterPath::Element& element) const
+{
+    return {limited((element.x - _origin.x) * _cellsPerUnit.x) - _box.left(),
+            limited((element.y - _origin.y) * _cellsPerUnit.y) - _box.top()};
+}
+
+void PathCoverage::addLoops(const QPainterPath& path)
+{
+    Point start{};
+    Point last{};
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const QPainterPath::Element element = path.elementAt(i);
+        const Point point = inBox(element);
+        if (element.isMoveTo()) {
+            addLine(last, start);
+            start = last = point;
+        } else if (element.isLineTo()) {
+            addLine(last, point);
+            last = point;
+        } else {
+            const Point end = inBox(path.elementAt(i + 2));
+            addCurve(last, point, inBox(path.elementAt(i + 1)), end);
+            last = end;
+            i += 2;
+        }
+    }
+    addLine(last, start);
+}
+
+// The number of lines follows from the curve's second derivative, which bounds how far it leaves them.
+void PathCoverage::addCurve(const Point& from, const Point& one, const Point& two, const Point& to)
+{
+    const double bend = std::max(std::hypot(from.x - 2.0 * one.x + two.x, from.y - 2.0 * one.y + two.y),
+                                 std::hypot(one.x - 2.0 * two.x + to.x, one.y - 2.0 * two.y + to.y));
+    const double wanted = std::ceil(std::sqrt(0.75 * bend / kTolerance));
+    const int lines = static_cast<int>(std::clamp<double>(wanted, 1, kMostLines));
+    Point last = from;
+    for (int i = 1; i < lines; ++i) {
+        const double t = static_cast<double>(i) / lines;
+        const double s = 1.0 - t;
+        const double a = s * s * s;
+        const double b = 3.0 * s * s * t;
+        const double c = 3.0 * s * t * t;
+        const double d = t * t * t;
+        const Point next{a * from.x + b * one.x + c * two.x + d * to.x, a * from.y + b * one.y + c * two.y + d * to.y};
+        addLine(last, next);
+        last = next;
+    }
+    addLine(last, to);
+}
+
+void PathCoverage::addLine(const Point& from, const Point& to)
+{
+    if (from.y == to.y)
+        return;
+    const double sign = from.y < to.y ? 1.0 : -1.0;
+    const Point& upper = from.y < to.y ? from : to;
+    const Point& lower = from.y < to.y ? to : from;
+    const double top = std::max(upper.y, 0.0);
+    const double bottom = std::min(lower.y, static_cast<double>(_box.height()));
+    if (top >= bottom)
+        return;
+    const double slope = (lower.x - upper.x) / (lower.y - upper.y);
+    const double right = _box.width();
+    const auto at = [&](double y) { return std::clamp(upper.x + slope * (y - upper.y), 0.0, right); };
+    double y = top;
+    double x = at(y);
+    for (auto row = static_cast<std::size_t>(top); y < bottom; ++row) {
+        const double end = std::min(static_cast<double>(row + 1), bottom);
+        const double endX = at(end);
+        addWithinRow(row, std::min(x, endX), std::max(x, endX), sign * (end - y));
+        y = end;
+        x = endX;
+    }
+}
+
+// Adds a line within a row of cells.
+//
+// @param from, to its ends, from the left
+// @param height   between its ends, below 0 for a line upwards
+void PathCoverage::addWithinRow(std::size_t row, double from, double to, double height)
+{
+    const auto first = static_cast<std::size_t>(from);
+    float* const steps = &_steps[row * _stride + first];
+    const double left = static_cast<double>(first);
+    if (to <= left + 1.0) {
+        const double beside = height * (0.5 * (from + to) - left);
+        steps[0] += static_cast<float>(height - beside);
+        steps[1] += static_cast<float>(beside);
+        return;
+    }
+    // The line crosses several cells: to the right end of each, the area that it has passed so far.
+    const double perCell = height / (to - from);
+    const auto areaUpTo = [&](double x) {
+        const double passed = std::min(x, to) - from;
+        return 0.5 * perCell * passed * passed + (x > to ? height * (x - to) : 0.0);
+    };
+    double area = 0.0;
+    double covered = 0.0;
+    const auto cells = static_cast<std::size_t>(std::ceil(to)) - first;
+    for (std::size_t i = 0; i <= cells; ++i) {
+        const double upTo = areaUpTo(left + static_cast<double>(i + 1));
+        steps[i] += static_cast<float>(upTo - area - covered);
+        covered = upTo - area;
+        area = upTo;
+    }
+}

@@ -1,0 +1,46 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// PathCoverage: how much of each cell of a grid a path covers. The areas are exact for loops that do not cross each
+// other within a cell; curves are replaced by lines that lie within a twentieth of a cell. For the small pictures that
+// drawings are measured on this takes a fraction of the time of a painter, which is made for large ones.
+#pragma once
+
+#include "form/raster/Grid.h"
+
+#include <QPainterPath>
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+class PathCoverage
+{
+public:
+    explicit PathCoverage(const Grid& grid);
+
+    /// Finds what a path covers, by its fill rule.
+    ///
+    /// @param box     cells of the grid
+    /// @param covered one number for every cell of the box, row by row: 0 to 255, rounded
+    void find(const QPainterPath& path, const QRect& box, std::span<std::uint8_t> covered);
+
+private:
+    struct Point
+    {
+        double x;
+        double y;
+    };
+
+    Point inBox(const QPainterPath::Element& element) const;
+    void addLoops(const QPainterPath& path);
+    void addCurve(const Point& from, const Point& one, const Point& two, const Point& to);
+    void addLine(const Point& from, const Point& to);
+    void addWithinRow(std::size_t row, double from, double to, double height);
+
+    Point _cellsPerUnit;
+    Point _origin; // of the grid, in the path's units
+    QRect _box;
+    std::size_t _stride = 0;
+    // What each cell adds to the area left of the loops, in units of a cell. The sums along a row are the areas.
+    std::vector<float> _steps;
+};
