@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The distances are added row by row on one thread, so that the sum is the same on every machine.
+// Cells at the same distance are counted and added together, in the order of the distances, so that an area and its
+// mirror image have the same sum.
 #include "form/raster/OutlineDistance.h"
 
 #include "form/raster/CellDistances.h"
@@ -8,6 +9,23 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
+
+namespace {
+
+// How many cells lie at each squared distance, the farthest counting as `most`.
+std::vector<int> countBySquare(const std::vector<int>& squares, int most)
+{
+    int farthest = 0;
+    for (const int square : squares)
+        farthest = std::max(farthest, square);
+    std::vector<int> counts(static_cast<std::size_t>(std::min(farthest, most)) + 1);
+    for (const int square : squares)
+        ++counts[static_cast<std::size_t>(std::min(square, most))];
+    return counts;
+}
+
+} // namespace
 
 OutlineDistance measureOutlineDistance(const CellMask& mask, const QRect& grid)
 {
@@ -18,14 +36,17 @@ OutlineDistance measureOutlineDistance(const CellMask& mask, const QRect& grid)
     measured.cut = cut.any();
     const QRect box = mask.box().adjusted(cut.left ? 0 : -1, cut.top ? 0 : -1, cut.right ? 0 : 1, cut.bottom ? 0 : 1);
     const double longest = std::max(grid.width(), grid.height()) / 2.0;
+    // From here on the limit is the distance.
+    const int most = static_cast<int>((longest + 0.5) * (longest + 0.5)) + 1;
+    const std::vector<int> counts = countBySquare(squaredDistancesInside(mask, box), most);
     double sum = 0.0;
-    for (const int square : squaredDistancesInside(mask, box)) {
-        if (square == 0)
+    for (std::size_t square = 1; square < counts.size(); ++square) {
+        if (counts[square] == 0)
             continue;
         const double distance = std::min(std::sqrt(static_cast<double>(square)) - 0.5, longest);
-        sum += distance;
-        measured.largest = std::max(measured.largest, distance);
-        ++measured.area;
+        sum += counts[square] * distance;
+        measured.largest = distance;
+        measured.area += counts[square];
     }
     if (measured.area > 0)
         measured.mean = sum / measured.area;
