@@ -1,25 +1,17 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Each layer is measured on a small picture of all its shapes together.
+// A layer that the choice of objects did not measure is measured on a small picture of all its shapes together.
 #include "form/ChooseForms.h"
 
 #include "form/PageFrame.h"
-#include "form/raster/OutlineDistance.h"
 #include "form/raster/ShapePainter.h"
-
-#include <cmath>
-#include <numbers>
 
 namespace {
 
 ObjectExtent extentOf(std::span<const DIO_Shape> shapes, ShapePainter& painter)
 {
     const Grid& grid = painter.grid();
-    const OutlineDistance measured = measureOutlineDistance(painter.mask(shapes), grid.bounds());
-    if (measured.area == 0)
-        return {};
-    const double discRadius = std::sqrt(measured.area / std::numbers::pi);
-    return {3.0 * measured.mean * grid.sceneUnitsPerCell(), measured.cut ? 0.0 : measured.largest / discRadius};
+    return extentOf(measureOutlineDistance(painter.mask(shapes), grid.bounds()), grid.sceneUnitsPerCell());
 }
 
 } // namespace
@@ -41,8 +33,10 @@ std::vector<ObjectForm> chooseForms(const ChosenObjects& chosen, const FormSetti
         const std::vector<DIO_Shape>& layer = chosen.drawing.layers[i].shapes;
         const ChosenObject& object = chosen.objects[i];
         const auto& shapes = object.measured.empty() ? layer : object.measured;
-        const ObjectExtent extent = page.isEmpty() ? ObjectExtent() : extentOf(shapes, painter);
-        forms.push_back(formFor(extent, object.role, settings));
+        // What was measured in the drawing's frame does not hold in a larger one.
+        const bool isMeasured = object.extent && object.measured.empty() && page == chosen.drawing.viewBox;
+        const auto measured = [&] { return page.isEmpty() ? ObjectExtent() : extentOf(shapes, painter); };
+        forms.push_back(formFor(isMeasured ? *object.extent : measured(), object.role, settings));
     }
     return forms;
 }

@@ -9,10 +9,12 @@
 #pragma once
 
 #include "QuarvelDrawingIO/DIO_Drawing.h"
+#include "form/ObjectExtent.h"
 
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 /// What kind of form an object gets.
@@ -37,6 +39,8 @@ struct ChosenObject
     /// beneath others, or that touches the picture's border, is measured on a part of itself. Empty for most objects.
     /// Paints are indices into the drawing's palette.
     std::vector<DIO_Shape> measured = {};
+    /// Its extent, if the choice measured it; otherwise its shapes are still to be measured.
+    std::optional<ObjectExtent> extent = {};
     QStringList values = {}; ///< the volume values that the file gives it (DIO_Layer::values)
 };
 

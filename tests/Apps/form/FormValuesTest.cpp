@@ -108,7 +108,27 @@ TEST(FormValues, AreMeasuredOnWhatIsSeenOfACompletedPart)
 {
     ChosenObjects found = chosen(circle(50, 50, 40, "#ffcc4d"));
     found.objects[0].measured = read(circle(50, 50, 20, "#ffcc4d")).layers[0].shapes;
-    EXPECT_EQ(chooseForms(found, {}), chooseForms(chosen(circle(50, 50, 20, "#ffcc4d")), {}));
+    const ObjectForm form = chooseForms(found, {}).front();
+    const ObjectForm ofSeen = chooseForms(chosen(circle(50, 50, 20, "#ffcc4d")), {}).front();
+    EXPECT_NEAR(form.bevel, ofSeen.bevel, 0.01 * ofSeen.bevel);
+    EXPECT_EQ(form.smoothness, ofSeen.smoothness);
+}
+
+// An object with a line around it is measured on the cells that were found, a small picture of its layer shows the
+// same.
+TEST(FormValues, OfAnObjectWithInkAreThoseOfItsWholeLayer)
+{
+    const ChosenObjects found =
+        chosen(R"(<path fill="#ffcc4d" d="M20 25 H80 V70 H50 L20 85 Z"/>)"
+               R"(<path fill="none" stroke="black" stroke-width="3" d="M20 25 H80 V70 H50 L20 85 Z"/>)");
+    ASSERT_EQ(found.objects.size(), 1U);
+    ASSERT_TRUE(found.objects[0].extent);
+    const ObjectExtent painted = measureExtent(found.drawing.layers[0].shapes, found.drawing.viewBox);
+    EXPECT_NEAR(found.objects[0].extent->breadth, painted.breadth, 0.015 * painted.breadth);
+    EXPECT_NEAR(found.objects[0].extent->roundness, painted.roundness, 0.015);
+    // Without its line it is narrower.
+    const ObjectExtent body = extentOf(R"(<path fill="#ffcc4d" d="M20 25 H80 V70 H50 L20 85 Z"/>)");
+    EXPECT_LT(body.breadth, 0.97 * painted.breadth);
 }
 
 TEST(FormValues, AreInUnitsOfThePictureThatTheDrawingIsFittedInto)

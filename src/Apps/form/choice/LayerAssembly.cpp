@@ -8,6 +8,7 @@
 #include "QuarvelDrawingIO/DIO_PathSets.h"
 #include "form/choice/ObjectShares.h"
 #include "form/choice/Outlines.h"
+#include "form/choice/PartExtent.h"
 #include "form/choice/Seams.h"
 
 #include <algorithm>
@@ -227,6 +228,7 @@ private:
         nameColours(_visible[index], _drawing, object);
         object.share = static_cast<double>(cells) / (static_cast<double>(_grid.width) * _grid.height);
         object.name = nameFor(part);
+        object.extent = extentOf(part, _facts, _grid);
         return object;
     }
 

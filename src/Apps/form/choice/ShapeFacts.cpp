@@ -65,6 +65,7 @@ void measureShape(const OutlineDistance& measured, ShapeFacts& facts)
     facts.inscribed = measured.largest;
     facts.roundness = measured.area > 0 ? measured.largest / std::sqrt(measured.area / std::numbers::pi) : 0.0;
     facts.cut = measured.cut;
+    facts.distances = measured;
 }
 
 std::vector<const DIO_Shape*> shapesInOrder(const DIO_Drawing& drawing)

@@ -16,11 +16,12 @@ struct ShapeFacts
 {
     CellMask mask;
     int area = 0;
-    double width = 0.0;     ///< the width of a strip; for a disc, two thirds of its diameter
-    double inscribed = 0.0; ///< the radius of the largest disc inside
-    double roundness = 0.0; ///< that radius, divided by the radius of the disc of the same area
-    double outline = 0.0;   ///< the number of cells at the outline
-    bool cut = false;       ///< the border of the picture cuts it
+    double width = 0.0;        ///< the width of a strip; for a disc, two thirds of its diameter
+    double inscribed = 0.0;    ///< the radius of the largest disc inside
+    double roundness = 0.0;    ///< that radius, divided by the radius of the disc of the same area
+    double outline = 0.0;      ///< the number of cells at the outline
+    bool cut = false;          ///< the border of the picture cuts it
+    OutlineDistance distances; ///< which these were taken from
     SeenColour colour;
     int paint = 0;
     bool plain = true; ///< painted in one colour, so that equal paints look equal

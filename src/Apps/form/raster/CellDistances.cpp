@@ -10,28 +10,35 @@
 
 namespace {
 
-constexpr int kNoCell = 1 << 14; // steps: more than any grid has rows
+using Steps = std::uint16_t;
+
+constexpr Steps kNoCell = 1 << 14; // more than any grid has rows
 constexpr int kFar = std::numeric_limits<int>::max();
+
+Steps next(Steps steps)
+{
+    return static_cast<Steps>(steps + 1);
+}
 
 // The number of steps along its column from every cell of a box, row by row, to the nearest cell that is covered, or
 // uncovered; kNoCell and above where the column has none.
-std::vector<int> stepsAlongColumns(const CellMask& mask, const QRect& box, bool toCovered)
+std::vector<Steps> stepsAlongColumns(const CellMask& mask, const QRect& box, bool toCovered)
 {
     if (box.isEmpty())
         return {};
     const auto width = static_cast<std::size_t>(box.width());
-    std::vector<int> steps(width * static_cast<std::size_t>(box.height()));
+    std::vector<Steps> steps(width * static_cast<std::size_t>(box.height()));
     const QRect inside = mask.box() & box;
-    std::vector<int> before(width, kNoCell);
+    std::vector<Steps> before(width, kNoCell);
     for (int y = box.top(); y <= box.bottom(); ++y) {
         const std::span row = std::span(steps).subspan(static_cast<std::size_t>(y - box.top()) * width, width);
         for (std::size_t x = 0; x < width; ++x)
-            row[x] = toCovered ? before[x] + 1 : 0;
+            row[x] = toCovered ? next(before[x]) : Steps{0};
         if (y >= inside.top() && y <= inside.bottom()) {
             const auto first = static_cast<std::size_t>(inside.left() - box.left());
             const std::span covered = mask.row(y).subspan(static_cast<std::size_t>(inside.left() - mask.box().left()));
             for (std::size_t i = 0; i < static_cast<std::size_t>(inside.width()); ++i)
-                row[first + i] = (covered[i] != 0) == toCovered ? 0 : before[first + i] + 1;
+                row[first + i] = (covered[i] != 0) == toCovered ? Steps{0} : next(before[first + i]);
         }
         std::ranges::copy(row, before.begin());
     }
@@ -39,7 +46,7 @@ std::vector<int> stepsAlongColumns(const CellMask& mask, const QRect& box, bool 
         const std::span row = std::span(steps).subspan(end - width, width);
         const std::span below = std::span(steps).subspan(end, width);
         for (std::size_t x = 0; x < width; ++x)
-            row[x] = std::min(row[x], below[x] + 1);
+            row[x] = std::min(row[x], next(below[x]));
     }
     return steps;
 }
@@ -124,16 +131,42 @@ void forEachRun(std::span<int> row, Function function)
     }
 }
 
+// Calls a function with every row of squaredDistancesInside(), from the top.
+template<typename Function>
+void forEachRowInside(const CellMask& mask, const QRect& box, Function function)
+{
+    const std::vector<Steps> steps = stepsAlongColumns(mask, box, false);
+    const auto width = static_cast<std::size_t>(box.width());
+    Envelope envelope(width);
+    std::vector<int> row(width);
+    for (std::size_t start = 0; start < steps.size(); start += width) {
+        std::ranges::copy(std::span(steps).subspan(start, width), row.begin());
+        forEachRun(row, [&](std::span<int> run) { envelope.replace(run); });
+        function(std::span<const int>(row));
+    }
+}
+
 } // namespace
 
 std::vector<int> squaredDistancesInside(const CellMask& mask, const QRect& box)
 {
-    std::vector<int> squares = stepsAlongColumns(mask, box, false);
-    const auto width = static_cast<std::size_t>(box.width());
-    Envelope envelope(width);
-    for (std::size_t start = 0; start < squares.size(); start += width)
-        forEachRun(std::span(squares).subspan(start, width), [&](std::span<int> run) { envelope.replace(run); });
+    std::vector<int> squares;
+    squares.reserve(static_cast<std::size_t>(box.width()) * static_cast<std::size_t>(box.height()));
+    forEachRowInside(mask, box,
+                     [&](std::span<const int> row) { squares.insert(squares.end(), row.begin(), row.end()); });
     return squares;
+}
+
+std::vector<int> countSquaredDistancesInside(const CellMask& mask, const QRect& box, int most)
+{
+    // No distance inside the box is longer than its diagonal.
+    const int last = std::min(most, box.width() * box.width() + box.height() * box.height());
+    std::vector<int> counts(static_cast<std::size_t>(last) + 1);
+    forEachRowInside(mask, box, [&](std::span<const int> row) {
+        for (const int square : row)
+            ++counts[static_cast<std::size_t>(std::min(square, last))];
+    });
+    return counts;
 }
 
 DistanceToCovered::DistanceToCovered(const CellMask& mask, const QRect& box)

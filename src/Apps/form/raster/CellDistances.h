@@ -8,11 +8,16 @@
 
 #include "form/raster/CellMask.h"
 
+#include <cstdint>
 #include <vector>
 
 /// The squared distance of every cell of a box, row by row, to the nearest uncovered cell inside the box; 0 for an
 /// uncovered cell. If the box holds no uncovered cell, all are larger than any distance.
 std::vector<int> squaredDistancesInside(const CellMask& mask, const QRect& box);
+
+/// How many cells of a box lie at each of these squared distances. The last number, at the index `most` or at the
+/// square of the box's diagonal, counts the cells that lie that far and farther.
+std::vector<int> countSquaredDistancesInside(const CellMask& mask, const QRect& box, int most);
 
 /// The distances from cells of a box to the nearest covered cell of a mask, for callers that ask for few cells.
 class DistanceToCovered
@@ -31,5 +36,5 @@ public:
 
 private:
     QRect _box;
-    std::vector<int> _steps; // along the column of each cell
+    std::vector<std::uint16_t> _steps; // along the column of each cell
 };

@@ -11,22 +11,6 @@
 #include <cmath>
 #include <vector>
 
-namespace {
-
-// How many cells lie at each squared distance, the farthest counting as `most`.
-std::vector<int> countBySquare(const std::vector<int>& squares, int most)
-{
-    int farthest = 0;
-    for (const int square : squares)
-        farthest = std::max(farthest, square);
-    std::vector<int> counts(static_cast<std::size_t>(std::min(farthest, most)) + 1);
-    for (const int square : squares)
-        ++counts[static_cast<std::size_t>(std::min(square, most))];
-    return counts;
-}
-
-} // namespace
-
 OutlineDistance measureOutlineDistance(const CellMask& mask, const QRect& grid)
 {
     OutlineDistance measured;
@@ -38,7 +22,7 @@ OutlineDistance measureOutlineDistance(const CellMask& mask, const QRect& grid)
     const double longest = std::max(grid.width(), grid.height()) / 2.0;
     // From here on the limit is the distance.
     const int most = static_cast<int>((longest + 0.5) * (longest + 0.5)) + 1;
-    const std::vector<int> counts = countBySquare(squaredDistancesInside(mask, box), most);
+    const std::vector<int> counts = countSquaredDistancesInside(mask, box, most);
     double sum = 0.0;
     for (std::size_t square = 1; square < counts.size(); ++square) {
         if (counts[square] == 0)

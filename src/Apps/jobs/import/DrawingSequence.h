@@ -11,6 +11,7 @@
 #include <QStringList>
 
 #include <map>
+#include <optional>
 #include <vector>
 
 /// A layer through time.
@@ -25,7 +26,8 @@ struct SequenceLayer
     /// What the layer's form is measured on, so that one set of values holds for all frames: the drawing that reaches
     /// farthest, or what the choice of objects says.
     std::vector<DIO_Shape> measured;
-    QStringList values = {}; ///< what the first file that has the layer says of it (DIO_Layer::values)
+    std::optional<ObjectExtent> extent = {}; ///< the result, if the choice of objects measured it
+    QStringList values = {};                 ///< what the first file that has the layer says of it (DIO_Layer::values)
 
     static constexpr int kNothing = -1;
 };

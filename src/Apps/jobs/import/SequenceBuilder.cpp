@@ -126,6 +126,7 @@ void SequenceBuilder::addFrame(int frame, const ChosenObjects& chosen)
         layer.built.role = object.role;
         layer.built.reason = object.reason;
         layer.built.values = object.values;
+        layer.built.extent = object.extent;
         if (!object.measured.empty())
             layer.built.measured = object.measured;
         _layers.push_back(std::move(layer));

@@ -23,7 +23,8 @@ LayeredDrawing firstDrawings(const DrawingSequence& sequence, const FormSettings
     std::vector<ObjectExtent> extents(sequence.layers.size());
     VL_parallelForEach(static_cast<int>(extents.size()), [&](int i) {
         const auto at = static_cast<std::size_t>(i);
-        extents[at] = measureExtent(sequence.layers[at].measured, sequence.frame);
+        const SequenceLayer& layer = sequence.layers[at];
+        extents[at] = layer.extent ? *layer.extent : measureExtent(layer.measured, sequence.frame);
     });
     LayeredDrawing drawing;
     drawing.frame = sequence.frame;

@@ -46,6 +46,20 @@ RC_GTEST_PROP(CellDistances, insideAnAreaAreThoseToTheNearestUncoveredCell, ())
         }
 }
 
+RC_GTEST_PROP(CellDistances, insideAnAreaAreCounted, ())
+{
+    const CellMask mask = maskWith(*rc::gen::inRange(1, 20), *rc::gen::inRange(1, 20), false);
+    const QRect box = mask.box().adjusted(-1, -1, 0, 1);
+    const int most = *rc::gen::inRange(1, 60);
+    const std::vector<int> counts = countSquaredDistancesInside(mask, box, most);
+    const int last = std::min(most, box.width() * box.width() + box.height() * box.height());
+    RC_ASSERT(counts.size() == static_cast<std::size_t>(last) + 1);
+    std::vector<int> expected(counts.size());
+    for (const int square : squaredDistancesInside(mask, box))
+        ++expected[static_cast<std::size_t>(std::min(square, last))];
+    RC_ASSERT(counts == expected);
+}
+
 RC_GTEST_PROP(CellDistances, toAnAreaAreThoseToItsNearestCell, ())
 {
     const CellMask mask = maskWith(*rc::gen::inRange(1, 16), *rc::gen::inRange(1, 16), true);

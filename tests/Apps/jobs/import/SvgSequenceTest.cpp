@@ -197,16 +197,19 @@ TEST(SvgSequence, OneSetOfValuesHoldsForAllFramesFromWhereTheObjectIsLargest)
     const auto circle = [](int radius) {
         return svg("<circle cx='50' cy='50' r='" + QByteArray::number(radius) + "'/>");
     };
-    const auto valuesOf = [](const QStringList& paths) {
+    const auto bevelOf = [](const QStringList& paths) {
         const auto imported = importDrawings(paths, {});
         EXPECT_TRUE(imported) << imported.error().text.toStdString();
-        return imported->scene->findModule("Normal-Map")->findAttr("ObjectList")->displayText(1);
+        const QString values = imported->scene->findModule("Normal-Map")->findAttr("ObjectList")->displayText(1);
+        return values.section(u':', 1, 1).toDouble();
     };
     const QString small = folder.write("ball_1.svg", circle(10));
     const QString large = folder.write("ball_2.svg", circle(30));
     const QString middle = folder.write("ball_3.svg", circle(20));
-    EXPECT_EQ(valuesOf({small, large, middle}), valuesOf({large}));
-    EXPECT_NE(valuesOf({small, middle}), valuesOf({large}));
+    // A drawing by itself is measured on the cells that its objects were chosen on, one of several on others.
+    const double largest = bevelOf({large});
+    EXPECT_NEAR(bevelOf({small, large, middle}), largest, 0.005 * largest);
+    EXPECT_NEAR(bevelOf({small, middle}), largest * 20.0 / 30.0, 0.01 * largest);
 }
 
 TEST(SvgSequence, ADifferentSizeIsSaidOnce)
