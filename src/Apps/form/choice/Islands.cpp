@@ -4,6 +4,7 @@
 // hole stays in its area. Loops that lie inside each other stay together.
 #include "form/choice/Islands.h"
 
+#include "form/bitmap/pixels/ConnectedPixels.h"
 #include "form/raster/CellMask.h"
 
 #include <QtMath>
@@ -15,8 +16,8 @@
 namespace {
 
 constexpr std::size_t kMostLoops = 48;
-constexpr int kMostAreas = 16;
-constexpr int kNone = -1;
+constexpr std::size_t kMostAreas = 16;
+constexpr int kNone = kNoLabel;
 
 // The loops of a path, with their curves.
 std::vector<QPainterPath> loopsOf(const QPainterPath& path)
@@ -36,20 +37,22 @@ std::vector<QPainterPath> loopsOf(const QPainterPath& path)
     return loops;
 }
 
+ConnectedParts partsOf(const CellMask& mask)
+{
+    const QRect& box = mask.box();
+    PixelPlane<char> covered(std::max(0, box.width()), std::max(0, box.height()), 0);
+    for (int y = 0; y < covered.height(); ++y)
+        std::ranges::copy(mask.row(box.top() + y), covered.row(y).begin());
+    return connectedPartsOf(covered);
+}
+
 // The connected areas of a mask, numbered.
 class Areas
 {
 public:
-    explicit Areas(const CellMask& mask) : _mask(mask), _box(mask.box())
-    {
-        _numbers.assign(static_cast<std::size_t>(_box.width()) * static_cast<std::size_t>(_box.height()), kNone);
-        mask.forEach([&](int x, int y) {
-            if (number(x, y) == kNone)
-                fill({x, y}, _count++);
-        });
-    }
+    explicit Areas(const CellMask& mask) : _box(mask.box()), _parts(partsOf(mask)) {}
 
-    int count() const { return _count; }
+    std::size_t count() const { return _parts.pixels.size(); }
 
     /// The area that most of a loop's points lie next to.
     int of(const QPainterPath& loop, const QTransform& toCells) const
@@ -67,48 +70,23 @@ public:
     }
 
 private:
-    std::size_t index(int x, int y) const
+    int at(int x, int y) const
     {
-        return static_cast<std::size_t>(y - _box.top()) * static_cast<std::size_t>(_box.width()) +
-               static_cast<std::size_t>(x - _box.left());
-    }
-    int& number(int x, int y) { return _numbers[index(x, y)]; }
-    int at(int x, int y) const { return _box.contains(x, y) ? _numbers[index(x, y)] : kNone; }
-
-    void fill(const QPoint& start, int area)
-    {
-        std::vector<QPoint> open{start};
-        number(start.x(), start.y()) = area;
-        while (!open.empty()) {
-            const QPoint cell = open.back();
-            open.pop_back();
-            for (int i = 0; i < 9; ++i) {
-                const QPoint next(cell.x() - 1 + i % 3, cell.y() - 1 + i / 3);
-                if (_mask.at(next.x(), next.y()) && number(next.x(), next.y()) == kNone) {
-                    number(next.x(), next.y()) = area;
-                    open.push_back(next);
-                }
-            }
-        }
+        const int column = x - _box.left();
+        const int row = y - _box.top();
+        return _parts.labels.contains(column, row) ? _parts.labels.at(column, row) : kNone;
     }
 
-    const CellMask& _mask;
     QRect _box;
-    std::vector<int> _numbers;
-    int _count = 0;
+    ConnectedParts _parts;
 };
 
-// Whether the first point of one loop lies inside the other loop.
-bool belongTogether(const QPainterPath& one, const QPainterPath& other)
+// Whether the first point of one loop lies inside the other loop. A loop of one point has no outline.
+bool belongTogether(const QPolygonF& one, const QPolygonF& other)
 {
-    if (!one.boundingRect().intersects(other.boundingRect()))
+    if (one.isEmpty() || other.isEmpty())
         return false;
-    const auto holdsPointOf = [](const QPainterPath& outer, const QPainterPath& inner) {
-        const QPolygonF loop = outer.toFillPolygon();
-        const QPointF start = inner.elementAt(0);
-        return loop.containsPoint(start, Qt::WindingFill);
-    };
-    return holdsPointOf(one, other) || holdsPointOf(other, one);
+    return one.containsPoint(other.first(), Qt::WindingFill) || other.containsPoint(one.first(), Qt::WindingFill);
 }
 
 // The island of every loop. Loops of one area form an island, and so do loops that lie inside each other: a line
@@ -118,13 +96,15 @@ std::vector<std::size_t> islandsOf(const std::vector<QPainterPath>& loops, const
     std::vector<std::size_t> islands(loops.size());
     std::iota(islands.begin(), islands.end(), std::size_t{0});
     std::vector<int> area;
-    area.reserve(loops.size());
-    for (const QPainterPath& loop : loops)
+    std::vector<QPolygonF> outlines;
+    for (const QPainterPath& loop : loops) {
         area.push_back(areas.of(loop, grid.toCells()));
+        outlines.push_back(loop.toFillPolygon());
+    }
     for (std::size_t i = 0; i < loops.size(); ++i)
         for (std::size_t j = 0; j < i; ++j)
-            if (islands[i] != islands[j] &&
-                (area[i] == area[j] || area[i] == kNone || area[j] == kNone || belongTogether(loops[i], loops[j])))
+            if (islands[i] != islands[j] && (area[i] == area[j] || area[i] == kNone || area[j] == kNone ||
+                                             belongTogether(outlines[i], outlines[j])))
                 std::ranges::replace(islands, islands[i], islands[j]);
     return islands;
 }

@@ -89,19 +89,20 @@ public:
         ++_waiting;
     }
     bool isEmpty() const { return _waiting == 0; }
-    // Removes and returns the pixels of a distance.
-    std::vector<int> take(int distance)
+    // Removes and returns the pixels of a distance, which stay until the next call.
+    std::span<const int> take(int distance)
     {
-        std::vector<int> pixels;
-        pixels.swap(bucket(distance));
-        _waiting -= pixels.size();
-        return pixels;
+        _taken.clear();
+        _taken.swap(bucket(distance));
+        _waiting -= _taken.size();
+        return _taken;
     }
 
 private:
     std::vector<int>& bucket(int distance) { return _buckets[static_cast<std::size_t>(distance) % _buckets.size()]; }
 
     std::array<std::vector<int>, kDiagonalStep + 1> _buckets;
+    std::vector<int> _taken;
     std::size_t _waiting = 0;
 };
 
