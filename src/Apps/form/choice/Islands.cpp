@@ -81,10 +81,11 @@ private:
     ConnectedParts _parts;
 };
 
-// Whether the first point of one loop lies inside the other loop. A loop of one point has no outline.
+// Whether the first point of one loop lies inside the other loop, and not only on it. A loop of one point has no
+// outline.
 bool belongTogether(const QPolygonF& one, const QPolygonF& other)
 {
-    if (one.isEmpty() || other.isEmpty())
+    if (one.isEmpty() || other.isEmpty() || !one.boundingRect().intersects(other.boundingRect()))
         return false;
     return one.containsPoint(other.first(), Qt::WindingFill) || other.containsPoint(one.first(), Qt::WindingFill);
 }
