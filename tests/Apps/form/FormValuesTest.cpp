@@ -131,6 +131,22 @@ TEST(FormValues, OfAnObjectWithInkAreThoseOfItsWholeLayer)
     EXPECT_LT(body.breadth, 0.97 * painted.breadth);
 }
 
+// A line between two objects goes into both, each holds it to its own outline.
+TEST(FormValues, OfObjectsThatShareInkAreThoseOfTheirWholeLayers)
+{
+    const ChosenObjects found =
+        chosen(rect(10, 20, 40, 60, "#ffcc4d") + rect(50, 20, 40, 60, "#4466cc") +
+               R"(<path fill="none" stroke="black" stroke-width="4" d="M10 20 H90 V80 H10 Z M50 20 V80"/>)");
+    ASSERT_EQ(found.objects.size(), 2U);
+    for (std::size_t i = 0; i < 2; ++i) {
+        ASSERT_TRUE(found.drawing.layers[i].shapes.back().clip) << "the line is held to the object";
+        ASSERT_TRUE(found.objects[i].extent);
+        const ObjectExtent painted = measureExtent(found.drawing.layers[i].shapes, found.drawing.viewBox);
+        EXPECT_NEAR(found.objects[i].extent->breadth, painted.breadth, 0.015 * painted.breadth);
+        EXPECT_NEAR(found.objects[i].extent->roundness, painted.roundness, 0.015);
+    }
+}
+
 TEST(FormValues, AreInUnitsOfThePictureThatTheDrawingIsFittedInto)
 {
     const ChosenObjects found = chosen(circle(50, 50, 25, "#ffcc4d"));
