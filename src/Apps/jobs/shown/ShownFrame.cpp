@@ -3,6 +3,7 @@
 // Renders each part of a frame from the scene, or from the copy that the part needs.
 #include "jobs/shown/ShownFrame.h"
 
+#include "QuarvelSceneCore/rendering/RD_RenderShown.h"
 #include "jobs/shown/FrameMargin.h"
 #include "jobs/shown/NormalMapNode.h"
 #include "jobs/shown/ObjectRims.h"
@@ -303,9 +304,14 @@ UT_Result<UT_SharedPtr<CEL_PixmapArea>> ShownModule::renderNode(double frame, co
     const CopyResult copy = changed(change);
     if (!copy)
         return copy.error();
-    auto picture = renderModule(*copy ? *(*copy)->module : _module, frame, wide, progress, kept);
-    if (picture && !wide.margins.isEmpty())
-        (*picture)->realloc((*picture)->allocatedRect().getIntersection(job.frame()), true);
+    MO_Module& module = *copy ? *(*copy)->module : _module;
+    if (wide.margins.isEmpty())
+        return renderModule(module, frame, wide, progress, kept);
+    const UT_Result<CA_CelRef> cel = RD_renderShown(module, frame, wide, job.frame(), progress, kept);
+    if (!cel)
+        return cel.error();
+    const UT_SharedPtr<CEL_PixmapArea> picture = (*cel)->pixmap();
+    picture->realloc(picture->allocatedRect().getIntersection(job.frame()), true);
     return picture;
 }
 

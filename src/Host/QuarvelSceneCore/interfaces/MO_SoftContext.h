@@ -9,6 +9,7 @@
 #include "QuarvelSceneCore/interfaces/RD_RenderJob.h"
 
 #include <map>
+#include <optional>
 
 /// One module's rendering. Used by one thread at a time. Results can be set through a const context, because they
 /// belong to the rendering and not to the context's value.
@@ -27,6 +28,10 @@ public:
     int mainCelFormat2d() const { return _job.parameters().celFormat(); }
     /// The requested pixels: the canvas for a frame; possibly more or less for the input of another module.
     const Math::Box2di& outputRect() const { return _outputRect; }
+    /// Where the module's picture is looked at; it may lack pixels elsewhere. Without a value, all of it is.
+    const std::optional<Math::Box2di>& shownRect() const { return _shownRect; }
+    /// For the renderer.
+    void setShownRect(const Math::Box2di& rect) { _shownRect = rect; }
     int resolutionX() const { return _job.parameters().resolution.first; }
     int resolutionY() const { return _job.parameters().resolution.second; }
     /// The size of the pictures.
@@ -54,6 +59,7 @@ private:
     MO_FrameKey _frameKey;
     const MO_Module* _module;
     Math::Box2di _outputRect;
+    std::optional<Math::Box2di> _shownRect;
     std::map<int, CA_CelRef> _inputs;
     mutable std::map<int, CA_CelRef> _outputs;
 };

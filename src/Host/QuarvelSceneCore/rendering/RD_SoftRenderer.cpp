@@ -4,6 +4,7 @@
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 
 #include "QuarvelCelCore/CEL_PixmapFactory.h"
+#include "QuarvelSceneCore/rendering/RD_RenderShown.h"
 #include "QuarvelSceneCore/rendering/private/RD_FrameRender.h"
 
 #include <QCoreApplication>
@@ -36,10 +37,10 @@ CA_CelRef toPixels(const CA_CelRef& cel, const RD_RenderParameters& parameters)
     return blank;
 }
 
-} // namespace
-
-UT_Result<CA_CelRef> RD_SoftRenderer::render(MO_Module& module, double frame, const RD_RenderParameters& parameters,
-                                             const Progress& progress, RD_KeptInputs* kept)
+// @param shown pixels elsewhere may be missing; without a value, all are made
+UT_Result<CA_CelRef> renderAll(MO_Module& module, double frame, const RD_RenderParameters& parameters,
+                               const std::optional<Math::Box2di>& shown, const RD_SoftRenderer::Progress& progress,
+                               RD_KeptInputs* kept)
 {
     const auto& [frameWidth, frameHeight] = parameters.resolution;
     const bool frameIsPossible = isPossible(frameWidth) && isPossible(frameHeight);
@@ -55,7 +56,7 @@ UT_Result<CA_CelRef> RD_SoftRenderer::render(MO_Module& module, double frame, co
     const QString place =
         translated("\"%1\" was not rendered at frame %2").arg(module.instanceName(), QString::number(frame));
     try {
-        return toPixels(RD_FrameRender(frame, parameters, progress, kept).render(module), parameters);
+        return toPixels(RD_FrameRender(frame, parameters, shown, progress, kept).render(module), parameters);
     } catch (const RD_FrameRender::Aborted& aborted) {
         return aborted.reason.at(place);
     } catch (const std::bad_alloc&) {
@@ -65,4 +66,19 @@ UT_Result<CA_CelRef> RD_SoftRenderer::render(MO_Module& module, double frame, co
     } catch (const std::exception& error) {
         return UT_Error{QString::fromUtf8(error.what())}.at(place);
     }
+}
+
+} // namespace
+
+UT_Result<CA_CelRef> RD_SoftRenderer::render(MO_Module& module, double frame, const RD_RenderParameters& parameters,
+                                             const Progress& progress, RD_KeptInputs* kept)
+{
+    return renderAll(module, frame, parameters, {}, progress, kept);
+}
+
+UT_Result<CA_CelRef> RD_renderShown(MO_Module& module, double frame, const RD_RenderParameters& parameters,
+                                    const Math::Box2di& shown, const RD_SoftRenderer::Progress& progress,
+                                    RD_KeptInputs* kept)
+{
+    return renderAll(module, frame, parameters, shown, progress, kept);
 }

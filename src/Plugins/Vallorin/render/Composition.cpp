@@ -272,9 +272,15 @@ void VallorinRenderHandler::BasicAccumFunctor<Pixel>::raise(const PortRow& port,
 template class VallorinRenderHandler::BasicAccumFunctor<CEL_PixelRGBA16>;
 template class VallorinRenderHandler::BasicAccumFunctor<CEL_PixelRGBAFloat>;
 
-PortComposition::PortComposition(const VallorinRenderHandler& handler, CEL_PixmapArea& output, const Math::Box2di& room)
-    : _handler(handler), _output(output), _room(room)
+PortComposition::PortComposition(const VallorinRenderHandler& handler, CEL_PixmapArea& output, const Math::Box2di& room,
+                                 const std::optional<Math::Box2di>& shown)
+    : _handler(handler), _output(output), _room(room), _shown(shown)
 {}
+
+Math::Box2di PortComposition::shownPartOf(const Math::Box2di& rect) const
+{
+    return _shown ? rect.getIntersection(*_shown) : rect;
+}
 
 void PortComposition::include(const Math::Box2di& rect)
 {
@@ -282,9 +288,10 @@ void PortComposition::include(const Math::Box2di& rect)
         return;
     _rect.add(rect);
     const Math::Box2di before = _output.allocatedRect();
-    Math::Box2di needed = before.isEmpty() ? _room : before;
-    needed.add(rect);
-    if (needed == before)
+    Math::Box2di whole = before.isEmpty() ? _room : before;
+    whole.add(rect);
+    const Math::Box2di needed = shownPartOf(whole);
+    if (needed == before || needed.isEmpty())
         return;
     _output.realloc(needed, false);
     // Pixels that were copied from other memory may be uninitialised.
@@ -316,8 +323,11 @@ void PortComposition::add(int port, const UT_SharedPtr<CEL_PixmapArea>& input,
 
 void PortComposition::finish()
 {
-    if (_rect.isEmpty())
+    _rect = shownPartOf(_rect);
+    if (_rect.isEmpty()) {
+        _output.realloc(_rect, false);
         return;
+    }
     CEL_withFormat(_output, [&](auto& typed) {
         using Pixel = CEL_PixelOf<decltype(typed)>;
         const Math::Box2di whole = typed.allocatedRect();

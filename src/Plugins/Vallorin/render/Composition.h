@@ -13,6 +13,7 @@
 
 #include <tbb/blocked_range.h>
 
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -68,7 +69,9 @@ class PortComposition
 public:
     /// @param output without pixels
     /// @param room   where the results are expected to lie: the output gets memory for all of it at once
-    PortComposition(const VallorinRenderHandler& handler, CEL_PixmapArea& output, const Math::Box2di& room);
+    /// @param shown  the output gets no pixels elsewhere; without a value, it gets all
+    PortComposition(const VallorinRenderHandler& handler, CEL_PixmapArea& output, const Math::Box2di& room,
+                    const std::optional<Math::Box2di>& shown = {});
 
     /// Makes the rectangle of an object's whole result part of the output's.
     void include(const Math::Box2di& rect);
@@ -78,13 +81,17 @@ public:
     /// @param result none for a cut-out
     void add(int port, const UT_SharedPtr<CEL_PixmapArea>& input, const UT_SharedPtr<CEL_PixmapArea>& result);
 
-    /// Clears what no port has written, and cuts the output to the rectangles that were included.
+    /// Clears what no port has written, and cuts the output to the rectangles that were included, as far as it is
+    /// shown.
     void finish();
 
 private:
+    Math::Box2di shownPartOf(const Math::Box2di& rect) const;
+
     const VallorinRenderHandler& _handler;
     CEL_PixmapArea& _output;
     Math::Box2di _room;
+    std::optional<Math::Box2di> _shown;
     Math::Box2di _rect;
     std::vector<ColumnSpan> _written; // of each row of the output
     const void* _zeros = nullptr;     // from here on, what has not been written is zero; null: it is so nowhere

@@ -20,10 +20,11 @@ ColumnSpan BevelSurface::row(int y, float* share, float* depth) const
 {
     const Math::Box2di& whole = _plane.values->allocatedRect();
     const ColumnSpan stored = _plane.elevated[static_cast<std::size_t>(y - whole.y1)];
-    if (stored.isEmpty())
+    const ColumnSpan kept = stored.intersectedWith({_rect.x1 - whole.x1, _rect.x2 - whole.x1});
+    if (kept.isEmpty())
         return {};
-    const CEL_PixelFloat* const values = _plane.values->row(y).data() + stored.first;
-    const ColumnSpan columns = stored.movedBy(whole.x1 - _rect.x1);
+    const CEL_PixelFloat* const values = _plane.values->row(y).data() + kept.first;
+    const ColumnSpan columns = kept.movedBy(whole.x1 - _rect.x1);
     _profile.elevate({&values->value, static_cast<std::size_t>(columns.width())}, _rise, share + columns.first,
                      depth + columns.first);
     return columns;

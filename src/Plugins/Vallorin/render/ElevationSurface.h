@@ -28,7 +28,7 @@ class BevelSurface final : public ElevationSurface
 {
 public:
     /// @param plane must outlive the surface
-    /// @param rect  the part of the plane's rectangle that the surface has; no value outside it may be positive
+    /// @param rect  the part of the plane's rectangle that the surface has
     /// @param rise  the depth of the highest value; clamped to +-1e38, so that depths stay finite
     BevelSurface(const ElevationPlane& plane, const Math::Box2di& rect, const ElevationProfile& profile, double rise);
 

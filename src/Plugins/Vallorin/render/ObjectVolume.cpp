@@ -26,6 +26,7 @@ struct VolumeSettings
     double smoothness;
     bool clip;
     Math::Box2di covered;
+    std::optional<Math::Box2di> shown;
 };
 
 // Clamped to four of the canvas's diagonals: a wider filter makes no visible difference.
@@ -112,6 +113,13 @@ Math::Box2di visibleRect(const ElevationPlane& plane, const Math::Box2di& object
     return visible.getIntersection(whole);
 }
 
+// A normal that is shown depends on normals one pixel away, if it is smoothed, and these on depths one pixel farther.
+Math::Box2di shownPart(const Math::Box2di& visible, const std::optional<Math::Box2di>& shown)
+{
+    constexpr int kReach = 2;
+    return shown ? visible.getIntersection(shown->getEnlarged(kReach)) : visible;
+}
+
 template<typename Pixel>
 ObjectVolume build(const CEL_PixmapArea& reference, AccumulatedObject object, const VolumeSettings& settings,
                    std::pair<float, float>& range)
@@ -137,7 +145,9 @@ ObjectVolume build(const CEL_PixmapArea& reference, AccumulatedObject object, co
     }
     range = {0.0F, 1.0F};
     using Values = ElevationProfile::Values;
-    const Math::Box2di visible = visibleRect(plane, objectRect, settings.covered, reference);
+    const Math::Box2di visible = shownPart(visibleRect(plane, objectRect, settings.covered, reference), settings.shown);
+    if (settings.shown && visible.isEmpty())
+        return {nullptr, rect};
     const ElevationProfile profile(plane.span, settings.smoothness,
                                    VolumeTraits<Pixel>::kIsWhole ? Values::WHOLE : Values::ANY, visible.area());
     const auto canvasFactor = static_cast<float>(plane.values->canvasRect().width() / kUnitsAcross);
@@ -151,11 +161,12 @@ ObjectVolume build(const CEL_PixmapArea& reference, AccumulatedObject object, co
 ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel, int resolutionX,
                                bool generateNormals, double elevation, AccumulatedObject object,
                                std::pair<float, float>& range, int quality, double smoothness, bool clip,
-                               const Math::Box2di& covered)
+                               const Math::Box2di& covered, const std::optional<Math::Box2di>& shown)
 {
     if (!reference || !object.merged || reference->format() != object.merged->format())
         return {};
-    const VolumeSettings settings{bevel, resolutionX, generateNormals, elevation, quality, smoothness, clip, covered};
+    const VolumeSettings settings{bevel,      resolutionX, generateNormals, elevation, quality,
+                                  smoothness, clip,        covered,         shown};
     if (reference->format() == CEL_FORMAT_RGBA16)
         return build<CEL_PixelRGBA16>(*reference, std::move(object), settings, range);
     if (reference->format() == CEL_FORMAT_RGBAFLOAT)

@@ -6,14 +6,15 @@
 
 #include "render/AccumulatedRows.h"
 
+#include <optional>
 #include <utility>
 
 /// An object's result.
 struct ObjectVolume
 {
-    UT_SharedPtr<CEL_PixmapArea> pixels; ///< null: there is no result
+    UT_SharedPtr<CEL_PixmapArea> pixels; ///< null: there is no result, or nothing of it is shown
     /// The rectangle of the whole result. Where the pixels do not fill it, the object has no coverage, so the elevation
-    /// of 0 there is invisible.
+    /// of 0 there is invisible; or nobody looks.
     Math::Box2di rect;
 };
 
@@ -33,13 +34,14 @@ struct ObjectVolume
 /// @param clip            whether the blur is clipped where there is no drawing near
 /// @param covered         a rectangle that holds all coverage of the inputs. It may exceed the accumulator's: an input
 /// of zero width or height is not accumulated although it has coverage
+/// @param shown           normals elsewhere may be missing; without a value, all are made
 /// @return none when a pixmap is missing, when their formats are not the same colour format, when the accumulator holds
 /// no pixels, or when the blur would be larger than it can be
 /// @throws std::bad_alloc when there is no memory for it, which ends the render
 ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel, int resolutionX,
                                bool generateNormals, double elevation, AccumulatedObject object,
                                std::pair<float, float>& range, int quality, double smoothness, bool clip,
-                               const Math::Box2di& covered = {});
+                               const Math::Box2di& covered = {}, const std::optional<Math::Box2di>& shown = {});
 
 /// The same for an accumulator into which all inputs are merged.
 ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel, int resolutionX,

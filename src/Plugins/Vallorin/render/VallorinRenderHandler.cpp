@@ -227,7 +227,7 @@ ObjectVolume VallorinRenderHandler::buildVolume(const MO_SoftContext& context,
     const double smoothness = held(finiteOr(object.elevationSmoothness, 1.0) * elevationSmoothness);
     return buildObjectVolume(reference, bevel, context.resolutionX(), generateNormals, elevation,
                              std::move(accumulated), elevationRanges[objectId], normalQuality, smoothness,
-                             clipBlurredWithGeometry, coveredBy(ports));
+                             clipBlurredWithGeometry, coveredBy(ports), context.shownRect());
 }
 
 void VallorinRenderHandler::composePorts(const MO_SoftContext& context, const UT_SharedPtr<CEL_PixmapArea>& reference,
@@ -235,7 +235,7 @@ void VallorinRenderHandler::composePorts(const MO_SoftContext& context, const UT
 {
     const std::map<int, std::vector<int>> ports = portsOfObjects();
     std::map<int, ObjectVolume> volumes;
-    PortComposition composition(*this, output, reference->canvasRect());
+    PortComposition composition(*this, output, reference->canvasRect(), context.shownRect());
     for (auto& [port, input] : inputPixmaps) {
         const int objectId = portObjectIds[static_cast<std::size_t>(port)];
         const std::vector<int>& all = ports.at(objectId);

@@ -121,10 +121,12 @@ CA_CelRef celOf(const UT_SharedPtr<CEL_PixmapOf<Pixel>>& pixmap, int objectId)
 
 // What the host does: one call for each port, then the end.
 template<typename Pixel>
-UT_SharedPtr<CEL_PixmapOf<Pixel>> render(const Scene<Pixel>& scene)
+UT_SharedPtr<CEL_PixmapOf<Pixel>> render(const Scene<Pixel>& scene, const std::optional<Math::Box2di>& shown = {})
 {
     const RD_RenderJob job = jobOf(scene);
     MO_SoftContext context(job, MO_FrameKey{1.0}, nullptr, scene.outputRect);
+    if (shown)
+        context.setShownRect(*shown);
     const auto handler = handlerFor(scene.parameters, scene.inputs.size());
     for (std::size_t port = 0; port < scene.inputs.size(); ++port) {
         const auto index = static_cast<int>(port);
@@ -176,6 +178,28 @@ TYPED_TEST(Render, AgreesWithTheReferenceWhateverTheParameters)
         const auto rendered = render(scene);
         ASSERT_TRUE(rendered);
         ASSERT_TRUE(agrees<TypeParam>(expectedOf(scene), *rendered, kNormalsInFloat));
+    }
+}
+
+TYPED_TEST(Render, GivesTheSameBytesWhereAPartOfThePictureIsShown)
+{
+    for (std::uint32_t seed = 0; seed < kRenders; ++seed) {
+        SCOPED_TRACE(seed);
+        const Scene<TypeParam> scene = randomScene<TypeParam>(seed);
+        RandomPictures random(seed);
+        const Math::Box2di shown = random.box(10, 30);
+        const auto whole = render(scene);
+        const auto part = render(scene, shown);
+        ASSERT_TRUE(whole && part);
+        const Math::Box2di kept = whole->allocatedRect().getIntersection(shown);
+        if (kept.isEmpty()) {
+            ASSERT_TRUE(part->allocatedRect().isEmpty());
+            continue;
+        }
+        ASSERT_EQ(part->allocatedRect(), kept);
+        for (int y = kept.y1; y < kept.y2; ++y)
+            for (int x = kept.x1; x < kept.x2; ++x)
+                ASSERT_EQ(part->at(x, y), whole->at(x, y)) << x << ' ' << y;
     }
 }
 

@@ -68,8 +68,10 @@ const MO_Port* deliveringPort(MO_Module& module)
 } // namespace
 
 RD_FrameRender::RD_FrameRender(double frame, const RD_RenderParameters& parameters,
-                               const RD_SoftRenderer::Progress& progress, RD_KeptInputs* kept)
+                               const std::optional<Math::Box2di>& shown, const RD_SoftRenderer::Progress& progress,
+                               RD_KeptInputs* kept)
     : _script(MO_FrameKey{frame}, RD_RenderJob(parameters))
+    , _shown(shown)
     , _progress(progress)
     , _kept(kept)
     , _limit(limitAround(_script.renderJob().canvas()))
@@ -90,6 +92,15 @@ CA_CelRef RD_FrameRender::render(MO_Module& module)
     return renderSource(*source, port->index(), _script.renderJob().canvas(), nullptr, Span{0.0, 1.0});
 }
 
+// Whether the picture at the end of the path is the one that is delivered, and not an input of another picture.
+bool RD_FrameRender::isDelivered(const Step* path)
+{
+    for (const Step* step = path; step; step = step->downstream)
+        if (step->rendersPixels)
+            return false;
+    return true;
+}
+
 RD_FrameRender::Span RD_FrameRender::Span::part(std::size_t index, std::size_t count) const
 {
     // One more part than inputs: the last is for composing them.
@@ -107,6 +118,8 @@ CA_CelRef RD_FrameRender::renderSource(MO_Module& module, unsigned outPort, cons
         const std::vector<node_render::PortRenderInfo> inputs = inputsOf(module);
         if (const auto renderer = module.createSoftRenderInterface(_script, inputs)) {
             MO_SoftContext context(_script.renderJob(), _script.globalFrameKey(), &module, rect);
+            if (_shown && isDelivered(path))
+                context.setShownRect(*_shown);
             for (std::size_t i = 0; i < inputs.size(); ++i) {
                 const int port = inputs[i].port;
                 context.setInputCel(port, renderInput(module, port, true, rect, path, span.part(i, inputs.size())));

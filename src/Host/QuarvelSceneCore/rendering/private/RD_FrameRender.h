@@ -7,6 +7,8 @@
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "QuarvelSceneCore/rendering/RD_SoftRenderer.h"
 
+#include <optional>
+
 /// Renders one frame once.
 class RD_FrameRender
 {
@@ -17,8 +19,9 @@ public:
         UT_Error reason;
     };
 
-    RD_FrameRender(double frame, const RD_RenderParameters& parameters, const RD_SoftRenderer::Progress& progress,
-                   RD_KeptInputs* kept);
+    /// @param shown pixels elsewhere may be missing; without a value, all are made
+    RD_FrameRender(double frame, const RD_RenderParameters& parameters, const std::optional<Math::Box2di>& shown,
+                   const RD_SoftRenderer::Progress& progress, RD_KeptInputs* kept);
 
     /// What the module delivers; null when it delivers nothing.
     ///
@@ -45,6 +48,7 @@ private:
         Span part(std::size_t index, std::size_t count) const;
     };
 
+    static bool isDelivered(const Step* path);
     CA_CelRef renderSource(MO_Module& module, unsigned outPort, const Math::Box2di& rect, const Step* path,
                            const Span& span);
     CA_CelRef renderInput(MO_Module& module, int port, bool rendersPixels, const Math::Box2di& rect, const Step* path,
@@ -54,6 +58,7 @@ private:
     void report(double done);
 
     RD_ScriptContext _script;
+    std::optional<Math::Box2di> _shown;
     RD_SoftRenderer::Progress _progress;
     RD_KeptInputs* _kept;
     Math::Box2di _limit;
