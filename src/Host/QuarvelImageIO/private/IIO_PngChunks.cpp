@@ -1,9 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// zlib computes the checksums.
+// ISA-L computes the checksums, several times as fast as zlib: one thread sums up a whole file.
 #include "QuarvelImageIO/private/IIO_PngChunks.h"
 
-#include <zlib.h>
+#include <isa-l/crc.h>
 
 #include <algorithm>
 
@@ -11,10 +11,9 @@ namespace {
 
 std::uint32_t checksumOf(const QByteArray& head, std::span<const std::uint8_t> more)
 {
-    const auto* bytes = reinterpret_cast<const Bytef*>(head.constData());
-    const uLong checksum = crc32_z(0, bytes, static_cast<z_size_t>(head.size()));
-    // For a null pointer, zlib would restart the checksum.
-    return static_cast<std::uint32_t>(more.empty() ? checksum : crc32_z(checksum, more.data(), more.size()));
+    const auto* bytes = reinterpret_cast<const unsigned char*>(head.constData());
+    const std::uint32_t checksum = crc32_gzip_refl(0, bytes, static_cast<std::uint64_t>(head.size()));
+    return crc32_gzip_refl(checksum, more.data(), more.size());
 }
 
 // Whether tEXt can hold the text: printable Latin-1 characters and line feeds.
