@@ -14,9 +14,17 @@ namespace {
 
 constexpr int kMaxElements = 2000;
 
-bool areTooDetailed(const QPainterPath& a, const QPainterPath& b)
+// Measured on stripes: an element of long paths takes ten times the time of one of short paths.
+int unitsFor(int elements)
 {
-    return a.elementCount() + b.elementCount() > kMaxElements;
+    constexpr int kLong = 256;
+    return elements + elements * elements / kLong;
+}
+
+bool areTooDetailed(const QPainterPath& a, const QPainterPath& b, DIO_PathWork* work)
+{
+    const int elements = a.elementCount() + b.elementCount();
+    return elements > kMaxElements || (work && !work->take(unitsFor(elements)));
 }
 
 // QRectF::intersects() is false for rectangles that are empty in one direction; a closed comparison is not.
@@ -103,25 +111,25 @@ QPainterPath DIO_rectangle(const QRectF& rect)
     return path;
 }
 
-std::optional<QPainterPath> DIO_united(const QPainterPath& a, const QPainterPath& b)
+std::optional<QPainterPath> DIO_united(const QPainterPath& a, const QPainterPath& b, DIO_PathWork* work)
 {
     if (b.isEmpty() || a == b || contains(a, b))
         return a;
     if (a.isEmpty() || contains(b, a))
         return b;
-    if (areTooDetailed(a, b))
+    if (areTooDetailed(a, b, work))
         return std::nullopt;
     return combined(a, b, &QPainterPath::united);
 }
 
 // Neighbours are united first, then their unions: each area takes part in few operations, and most of those are on
 // small ones.
-QPainterPath DIO_united(std::vector<QPainterPath> areas)
+QPainterPath DIO_united(std::vector<QPainterPath> areas, DIO_PathWork* work)
 {
     while (areas.size() > 1) {
         std::vector<QPainterPath> pairs;
         for (std::size_t i = 0; i + 1 < areas.size(); i += 2) {
-            const std::optional<QPainterPath> both = DIO_united(areas[i], areas[i + 1]);
+            const std::optional<QPainterPath> both = DIO_united(areas[i], areas[i + 1], work);
             pairs.push_back(both ? *both : sideBySide(areas[i], areas[i + 1]));
         }
         if (areas.size() % 2 == 1)
@@ -131,7 +139,7 @@ QPainterPath DIO_united(std::vector<QPainterPath> areas)
     return areas.empty() ? QPainterPath() : areas.front();
 }
 
-std::optional<QPainterPath> DIO_intersected(const QPainterPath& a, const QPainterPath& b)
+std::optional<QPainterPath> DIO_intersected(const QPainterPath& a, const QPainterPath& b, DIO_PathWork* work)
 {
     if (a.isEmpty() || b.isEmpty() || !meet(a, b))
         return QPainterPath();
@@ -141,18 +149,18 @@ std::optional<QPainterPath> DIO_intersected(const QPainterPath& a, const QPainte
         return a;
     if (DIO_isRectangle(a) && DIO_isRectangle(b))
         return DIO_rectangle(a.controlPointRect() & b.controlPointRect());
-    if (areTooDetailed(a, b))
+    if (areTooDetailed(a, b, work))
         return std::nullopt;
     return combined(a, b, &QPainterPath::intersected);
 }
 
-std::optional<QPainterPath> DIO_subtracted(const QPainterPath& a, const QPainterPath& b)
+std::optional<QPainterPath> DIO_subtracted(const QPainterPath& a, const QPainterPath& b, DIO_PathWork* work)
 {
     if (a.isEmpty() || b.isEmpty() || !meet(a, b))
         return a;
     if (a == b || contains(b, a))
         return QPainterPath();
-    if (areTooDetailed(a, b))
+    if (areTooDetailed(a, b, work))
         return std::nullopt;
     return combined(a, b, &QPainterPath::subtracted);
 }

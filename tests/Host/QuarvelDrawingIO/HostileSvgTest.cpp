@@ -155,6 +155,23 @@ TEST(HostileSvg, copiesOfCopiesAreCounted)
     EXPECT_LT(timer.elapsed(), kHang);
 }
 
+// Each group fades what all groups within it left of each other: without a limit for the whole drawing, this takes
+// hours.
+TEST(HostileSvg, deepFadesAreSimplified)
+{
+    constexpr int kDepth = 200;
+    QByteArray content;
+    for (int i = 0; i < kDepth; ++i)
+        content += "<g opacity='0.9'><circle cx='" + QByteArray::number(10 + i * 37 % 80) + "' cy='" +
+                   QByteArray::number(10 + i * 53 % 80) + "' r='20'/>";
+    QElapsedTimer timer;
+    timer.start();
+    const DIO_Drawing drawing = read(content + QByteArray("</g>").repeated(kDepth));
+    EXPECT_LT(timer.elapsed(), kHang);
+    EXPECT_THAT(drawing.warnings.join(u' ').toStdString(), HasSubstr("too detailed"));
+    EXPECT_NE(paintAt(drawing, 10, 10), "");
+}
+
 TEST(HostileSvg, copiesThatContainThemselvesAreLeftOut)
 {
     const DIO_Drawing drawing = read("<g id='a'><rect width='10' height='10'/><use href='#a' x='20'/></g>"

@@ -17,14 +17,6 @@ constexpr double kSame = 1.0 / 1024.0;
 // The largest number of different values; each costs path operations at every change.
 constexpr std::size_t kMaxLevels = 20;
 
-// How many path elements may be visited in all; ordinary drawings need a hundredth of it.
-constexpr int kMaxWork = 200'000;
-
-std::optional<QPainterPath> united(const std::optional<QPainterPath>& a, const std::optional<QPainterPath>& b)
-{
-    return a && b ? DIO_united(*a, *b) : std::nullopt;
-}
-
 // The values in ascending order, each once, none of them 0.
 std::vector<double> distinct(std::vector<double> values)
 {
@@ -38,7 +30,8 @@ std::vector<double> distinct(std::vector<double> values)
 
 } // namespace
 
-DIO_CoverageLevels::DIO_CoverageLevels(const QRectF& page, double value) : _page(DIO_rectangle(page))
+DIO_CoverageLevels::DIO_CoverageLevels(const QRectF& page, double value, DIO_PathWork& work)
+    : _page(DIO_rectangle(page)), _work(work)
 {
     if (value > kSame)
         _levels.push_back({_page, std::min(value, 1.0)});
@@ -57,13 +50,17 @@ const QPainterPath& DIO_CoverageLevels::atLeast(double value) const
 // Where the changed coverage is at least a value; nothing when that is too detailed to be worked out.
 std::optional<QPainterPath> DIO_CoverageLevels::atLeastAfter(double value, const Change& change) const
 {
+    using Area = std::optional<QPainterPath>;
+    const auto united = [&](const Area& a, const Area& b) { return a && b ? DIO_united(*a, *b, &_work) : Area(); };
     const auto inside = [&](const std::optional<QPainterPath>& where) -> std::optional<QPainterPath> {
         if (!where)
             return std::nullopt;
-        return change.inverted ? DIO_subtracted(*where, change.area) : DIO_intersected(*where, change.area);
+        return change.inverted ? DIO_subtracted(*where, change.area, &_work)
+                               : DIO_intersected(*where, change.area, &_work);
     };
     const auto outside = [&](const QPainterPath& where) {
-        return change.inverted ? DIO_intersected(where, change.area) : DIO_subtracted(where, change.area);
+        return change.inverted ? DIO_intersected(where, change.area, &_work)
+                               : DIO_subtracted(where, change.area, &_work);
     };
     const QPainterPath& stays = atLeast(value);
     // A constant change includes the whole area or none of it.
@@ -72,7 +69,7 @@ std::optional<QPainterPath> DIO_CoverageLevels::atLeastAfter(double value, const
     const double before = (value - change.offset) / change.scale;
     if (change.scale < 0.0)
         return united(outside(stays), before < 0.0 ? std::optional(QPainterPath())
-                                                   : inside(DIO_subtracted(_page, atLeast(before + kSame))));
+                                                   : inside(DIO_subtracted(_page, atLeast(before + kSame), &_work)));
     const QPainterPath from = before > 1.0 + kSame ? QPainterPath() : atLeast(before);
     // Where no value falls, or none rises, one area contains the other, and no edge along the change is needed.
     if (change.offset >= 0.0 && change.scale + change.offset >= 1.0 - kSame)
@@ -86,15 +83,9 @@ void DIO_CoverageLevels::change(const QPainterPath& area, bool inverted, double 
 {
     const auto after = [&](double value) { return std::clamp(scale * value + offset, 0.0, 1.0); };
     std::vector<double> candidates{after(0.0)};
-    _work += area.elementCount();
     for (const Level& level : _levels) {
-        _work += level.area.elementCount();
         candidates.push_back(level.value);
         candidates.push_back(after(level.value));
-    }
-    if (_work > kMaxWork) {
-        ++_skipped;
-        return;
     }
     std::vector<Level> made;
     for (const double value : distinct(candidates)) {
@@ -119,6 +110,6 @@ void DIO_CoverageLevels::paint(std::span<const Painted> areas)
                   std::abs(areas[i].value - first.value) < kSame;
              ++i)
             alike.push_back(areas[i].area);
-        paint(DIO_united(std::move(alike)), false, first.opacity, first.value);
+        paint(DIO_united(std::move(alike), &_work), false, first.opacity, first.value);
     }
 }

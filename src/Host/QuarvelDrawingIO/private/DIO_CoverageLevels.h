@@ -8,6 +8,8 @@
 // (areas side by side would: two halves of a pixel cover three quarters of it).
 #pragma once
 
+#include "QuarvelDrawingIO/DIO_PathSets.h"
+
 #include <QPainterPath>
 #include <QRectF>
 
@@ -28,7 +30,8 @@ public:
     /// The same coverage everywhere.
     ///
     /// @param page what "everywhere" is; other places are never asked for
-    DIO_CoverageLevels(const QRectF& page, double value);
+    /// @param work what may be worked out for all of the drawing; outlives this object
+    DIO_CoverageLevels(const QRectF& page, double value, DIO_PathWork& work);
 
     /// Within an area (or, when inverted, outside it), changes each value v to scale * v + offset, limited to 0..1.
     void change(const QPainterPath& area, bool inverted, double scale, double offset);
@@ -73,6 +76,6 @@ private:
 
     QPainterPath _page;
     std::vector<Level> _levels;
-    int _work = 0;
+    DIO_PathWork& _work;
     int _skipped = 0;
 };

@@ -23,7 +23,9 @@ double added(double reached, double wanted)
 class Clipper
 {
 public:
-    explicit Clipper(const QPainterPath& area) : _area(area), _isRectangle(DIO_isRectangle(area)) {}
+    Clipper(const QPainterPath& area, DIO_PathWork& work)
+        : _area(area), _work(work), _isRectangle(DIO_isRectangle(area))
+    {}
 
     // No result when it is too detailed; the shape may have become empty.
     bool clip(DIO_Shape& shape)
@@ -37,7 +39,7 @@ public:
         }
         if (!_before || *_before != *shape.clip) {
             _before = shape.clip;
-            _after = DIO_intersected(*shape.clip, _area);
+            _after = DIO_intersected(*shape.clip, _area, &_work);
         }
         if (_after)
             shape.clip = _after;
@@ -55,6 +57,7 @@ private:
     }
 
     const QPainterPath& _area;
+    DIO_PathWork& _work;
     bool _isRectangle;
     std::optional<QPainterPath> _before;
     std::optional<QPainterPath> _after;
@@ -90,9 +93,10 @@ std::vector<bool> standAlone(const std::vector<DIO_Shape>& shapes)
 }
 
 // The opacity of a shape under an already faded group: the more opaque that group is, the less is painted.
-DIO_CoverageLevels leftBelow(const DIO_CoverageLevels& above, const DIO_Shape& shape, double opacity)
+DIO_CoverageLevels leftBelow(const DIO_CoverageLevels& above, const DIO_Shape& shape, double opacity,
+                             DIO_PathWork& work)
 {
-    DIO_CoverageLevels left(boundsOf(shape).adjusted(-1.0, -1.0, 1.0, 1.0), 1.0);
+    DIO_CoverageLevels left(boundsOf(shape).adjusted(-1.0, -1.0, 1.0, 1.0), 1.0, work);
     for (const DIO_CoverageLevels::Level& level : above.levels()) {
         const double together = 1.0 - (1.0 - level.value) * (1.0 - shape.opacity);
         const double wanted = added(opacity * level.value, opacity * together);
@@ -103,9 +107,9 @@ DIO_CoverageLevels leftBelow(const DIO_CoverageLevels& above, const DIO_Shape& s
 
 } // namespace
 
-QPainterPath DIO_paintedArea(const DIO_Shape& shape)
+QPainterPath DIO_paintedArea(const DIO_Shape& shape, DIO_PathWork* work)
 {
-    return shape.clip ? DIO_intersected(shape.path, *shape.clip).value_or(*shape.clip) : shape.path;
+    return shape.clip ? DIO_intersected(shape.path, *shape.clip, work).value_or(*shape.clip) : shape.path;
 }
 
 QRectF DIO_boundsOf(const std::vector<DIO_Shape>& shapes)
@@ -116,11 +120,11 @@ QRectF DIO_boundsOf(const std::vector<DIO_Shape>& shapes)
     return bounds;
 }
 
-int DIO_cut(std::vector<DIO_Shape>& shapes, const DIO_CoverageLevels& mask)
+int DIO_cut(std::vector<DIO_Shape>& shapes, const DIO_CoverageLevels& mask, DIO_PathWork& work)
 {
     std::vector<Clipper> clippers;
     for (const DIO_CoverageLevels::Level& level : mask.levels())
-        clippers.emplace_back(level.area);
+        clippers.emplace_back(level.area, work);
     std::vector<DIO_Shape> cut;
     int whole = 0;
     for (const DIO_Shape& shape : shapes) {
@@ -139,9 +143,9 @@ int DIO_cut(std::vector<DIO_Shape>& shapes, const DIO_CoverageLevels& mask)
     return whole;
 }
 
-int DIO_clip(std::vector<DIO_Shape>& shapes, const QPainterPath& area)
+int DIO_clip(std::vector<DIO_Shape>& shapes, const QPainterPath& area, DIO_PathWork& work)
 {
-    Clipper clipper(area);
+    Clipper clipper(area, work);
     int whole = 0;
     for (DIO_Shape& shape : shapes)
         whole += clipper.clip(shape) ? 0 : 1;
@@ -149,13 +153,13 @@ int DIO_clip(std::vector<DIO_Shape>& shapes, const QPainterPath& area)
     return whole;
 }
 
-int DIO_fade(std::vector<DIO_Shape>& shapes, double opacity)
+int DIO_fade(std::vector<DIO_Shape>& shapes, double opacity, DIO_PathWork& work)
 {
     if (opacity >= 1.0 - kInvisible)
         return 0;
     const std::vector<bool> alone = standAlone(shapes);
     // From the top down: what a shape adds depends on how opaque the group already is above it.
-    DIO_CoverageLevels above(DIO_boundsOf(shapes).adjusted(-1.0, -1.0, 1.0, 1.0), 0.0);
+    DIO_CoverageLevels above(DIO_boundsOf(shapes).adjusted(-1.0, -1.0, 1.0, 1.0), 0.0, work);
     std::vector<DIO_Shape> faded;
     int tooDetailed = 0;
     for (std::size_t i = shapes.size(); i-- > 0;) {
@@ -163,10 +167,10 @@ int DIO_fade(std::vector<DIO_Shape>& shapes, double opacity)
         std::vector<DIO_Shape> parts{shape};
         parts.front().opacity *= opacity;
         if (!alone[i]) {
-            const DIO_CoverageLevels left = leftBelow(above, shape, opacity);
-            tooDetailed += left.skipped() + DIO_cut(parts, left);
+            const DIO_CoverageLevels left = leftBelow(above, shape, opacity, work);
+            tooDetailed += left.skipped() + DIO_cut(parts, left, work);
             if (shape.picture.isNull() || DIO_isOpaque(shape.picture))
-                above.paint(DIO_paintedArea(shape), false, shape.opacity, 1.0);
+                above.paint(DIO_paintedArea(shape, &work), false, shape.opacity, 1.0);
             else
                 ++tooDetailed; // The outline of what a picture shows is no path.
         }

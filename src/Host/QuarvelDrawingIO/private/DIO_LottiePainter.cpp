@@ -39,13 +39,14 @@ QRectF pageOf(const QRectF& content, const QRectF& cutting)
 }
 
 // An adding mask starts from an empty area, a subtracting one from the whole page.
-DIO_CoverageLevels coverageOf(const std::vector<DIO_LottieMask>& masks, const QRectF& content)
+DIO_CoverageLevels coverageOf(const std::vector<DIO_LottieMask>& masks, const QRectF& content, DIO_PathWork& work)
 {
     QRectF cutting;
     for (const DIO_LottieMask& mask : masks)
         cutting |= mask.path.controlPointRect();
     const MaskMode first = masks.front().mode;
-    DIO_CoverageLevels levels(pageOf(content, cutting), first == ADD_MASK || first == DIFFERENCE_MASK ? 0.0 : 1.0);
+    DIO_CoverageLevels levels(pageOf(content, cutting), first == ADD_MASK || first == DIFFERENCE_MASK ? 0.0 : 1.0,
+                              work);
     for (const DIO_LottieMask& mask : masks) {
         switch (mask.mode) {
         case ADD_MASK:
@@ -74,15 +75,15 @@ double brightness(const QColor& colour)
 }
 
 DIO_CoverageLevels coverageOf(const std::vector<DIO_Shape>& matte, const std::vector<DIO_Paint>& palette, Matte kind,
-                              const QRectF& content)
+                              const QRectF& content, DIO_PathWork& work)
 {
     const bool byBrightness = kind == LUMA_MATTE || kind == LUMA_INVERTED_MATTE;
-    DIO_CoverageLevels levels(pageOf(content, DIO_boundsOf(matte)), 0.0);
+    DIO_CoverageLevels levels(pageOf(content, DIO_boundsOf(matte)), 0.0, work);
     std::vector<DIO_CoverageLevels::Painted> areas;
     for (const DIO_Shape& shape : matte) {
         const QColor& colour = palette[static_cast<std::size_t>(shape.paint)].colour;
         if (shape.path.controlPointRect().intersects(content))
-            areas.push_back({DIO_paintedArea(shape), shape.opacity, byBrightness ? brightness(colour) : 1.0});
+            areas.push_back({DIO_paintedArea(shape, &work), shape.opacity, byBrightness ? brightness(colour) : 1.0});
     }
     levels.paint(areas);
     if (kind == ALPHA_INVERTED_MATTE || kind == LUMA_INVERTED_MATTE)
@@ -94,13 +95,22 @@ DIO_CoverageLevels coverageOf(const std::vector<DIO_Shape>& matte, const std::ve
 
 std::vector<DIO_Shape> DIO_LottiePainter::paint(const DIO_LottieLayer& layer, const DIO_LottieLayer* matte)
 {
+    _work = DIO_PathWork();
+    return paintMatted(layer, matte);
+}
+
+std::vector<DIO_Shape> DIO_LottiePainter::paintMatted(const DIO_LottieLayer& layer, const DIO_LottieLayer* matte)
+{
     Shapes shapes = paintLayer(layer);
     if (!matte || shapes.empty())
         return shapes;
     // The colours of what only cuts do not belong in the animation's palette.
     std::vector<DIO_Paint> palette;
-    const Shapes cutting = DIO_LottiePainter(palette).paintLayer(*matte);
-    cut(shapes, coverageOf(cutting, palette, layer.matte, DIO_boundsOf(shapes)));
+    DIO_LottiePainter cutter(palette);
+    cutter._work = _work;
+    const Shapes cutting = cutter.paintLayer(*matte);
+    _work = cutter._work;
+    cut(shapes, coverageOf(cutting, palette, layer.matte, DIO_boundsOf(shapes), _work));
     return shapes;
 }
 
@@ -110,22 +120,22 @@ std::vector<DIO_Shape> DIO_LottiePainter::paintLayer(const DIO_LottieLayer& laye
     if (!layer.visible || !(layer.alpha > 0.0))
         return shapes;
     DIO_forEachPainted(layer.layers, [&](std::size_t, const DIO_LottieLayer& inner, const DIO_LottieLayer* matte) {
-        std::ranges::move(paint(inner, matte), std::back_inserter(shapes));
+        std::ranges::move(paintMatted(inner, matte), std::back_inserter(shapes));
     });
     for (const DIO_LottieNode& node : layer.nodes)
         if (std::optional<DIO_Shape> shape = paintNode(node))
             shapes.push_back(std::move(*shape));
     if (!layer.clip.isEmpty())
-        _tooDetailed += DIO_clip(shapes, layer.clip);
+        _tooDetailed += DIO_clip(shapes, layer.clip, _work);
     if (!layer.masks.empty() && !shapes.empty())
-        cut(shapes, coverageOf(layer.masks, DIO_boundsOf(shapes)));
-    _tooDetailed += DIO_fade(shapes, layer.alpha);
+        cut(shapes, coverageOf(layer.masks, DIO_boundsOf(shapes), _work));
+    _tooDetailed += DIO_fade(shapes, layer.alpha, _work);
     return shapes;
 }
 
 void DIO_LottiePainter::cut(Shapes& shapes, const DIO_CoverageLevels& levels)
 {
-    _tooDetailed += levels.skipped() + DIO_cut(shapes, levels);
+    _tooDetailed += levels.skipped() + DIO_cut(shapes, levels, _work);
 }
 
 std::optional<DIO_Shape> DIO_LottiePainter::paintNode(const DIO_LottieNode& node)

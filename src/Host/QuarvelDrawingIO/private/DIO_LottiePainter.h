@@ -29,6 +29,7 @@ public:
 private:
     using Shapes = std::vector<DIO_Shape>;
 
+    Shapes paintMatted(const DIO_LottieLayer& layer, const DIO_LottieLayer* matte);
     Shapes paintLayer(const DIO_LottieLayer& layer);
     std::optional<DIO_Shape> paintNode(const DIO_LottieNode& node);
     void cut(Shapes& shapes, const DIO_CoverageLevels& levels);
@@ -37,6 +38,7 @@ private:
     std::vector<DIO_Paint>& _palette;
     QHash<QString, int> _indexOf;
     DIO_StrokeOutliner _outliner;
+    DIO_PathWork _work; ///< for the layer that is painted
     int _tooDetailed = 0;
 };
 

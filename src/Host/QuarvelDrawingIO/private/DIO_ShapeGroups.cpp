@@ -37,7 +37,7 @@ void DIO_ShapeGroups::endFading()
 {
     Group group = close();
     for (Run& run : group.runs)
-        _tooDetailed += DIO_fade(run.shapes, group.opacity);
+        _tooDetailed += DIO_fade(run.shapes, group.opacity, _work);
     keep(group.runs);
 }
 
@@ -61,7 +61,8 @@ void DIO_ShapeGroups::endMask(const std::vector<DIO_Paint>& palette)
     }
     for (const DIO_Shape& shape : shapes) {
         const QColor& colour = palette[static_cast<std::size_t>(shape.paint)].colour;
-        masked.mask.push_back({DIO_paintedArea(shape), shape.opacity, mask.byCoverage ? 1.0 : brightness(colour)});
+        masked.mask.push_back(
+            {DIO_paintedArea(shape, &_work), shape.opacity, mask.byCoverage ? 1.0 : brightness(colour)});
     }
 }
 
@@ -81,11 +82,11 @@ void DIO_ShapeGroups::cutByLevels(Group& group)
     QRectF page;
     for (const Run& run : group.runs)
         page |= DIO_boundsOf(run.shapes);
-    DIO_CoverageLevels levels(page.adjusted(-1.0, -1.0, 1.0, 1.0), 0.0);
+    DIO_CoverageLevels levels(page.adjusted(-1.0, -1.0, 1.0, 1.0), 0.0, _work);
     levels.paint(group.mask);
     _tooDetailed += levels.skipped();
     for (Run& run : group.runs)
-        _tooDetailed += DIO_cut(run.shapes, levels);
+        _tooDetailed += DIO_cut(run.shapes, levels, _work);
 }
 
 std::vector<DIO_ShapeGroups::Run> DIO_ShapeGroups::take()

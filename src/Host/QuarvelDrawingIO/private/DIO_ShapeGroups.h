@@ -66,6 +66,7 @@ private:
     std::vector<DIO_Shape>& shapesOf(int layer, int number);
 
     std::vector<Group> _open; // never empty
+    DIO_PathWork _work;
     qint64 _picturePixels;
     int _layer = kNoLayer;
     int _run = 0;
