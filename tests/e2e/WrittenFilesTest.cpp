@@ -71,6 +71,25 @@ TEST_F(WrittenFiles, OfFramesReplaceNothingOfTheScene)
     EXPECT_EQ(bytes("two.scene/scene.xml"), scene);
 }
 
+TEST_F(WrittenFiles, OfFramesReplaceNoDrawingThatTheSceneWasMadeOf)
+{
+    QImage disc(24, 24, QImage::Format_ARGB32);
+    disc.fill(Qt::transparent);
+    for (int y = 6; y < 18; ++y)
+        for (int x = 6; x < 18; ++x)
+            disc.setPixelColor(x, y, Qt::red);
+    ASSERT_TRUE(disc.save(path("disc.0001.png")));
+    const QByteArray drawing = bytes("disc.0001.png");
+    ASSERT_EQ(quarvel("import disc.0001.png -o disc.scene").exitCode, 0);
+    ASSERT_TRUE(QFile::link(QStringLiteral("disc.0001.png"), path("other.png")));
+    const QStringList before = filesThere();
+    constexpr const char* kLost = "is the drawing that the scene was made of";
+    expectRefused(quarvel("render disc.scene -o disc.0001.png --frames 1"), kLost, before);
+    expectRefused(quarvel("render disc.scene -o disc.####.png --frames 1"), kLost, before);
+    expectRefused(quarvel("render disc.scene -o n.png --lit other.png --frames 1"), kLost, before);
+    EXPECT_EQ(bytes("disc.0001.png"), drawing);
+}
+
 TEST_F(WrittenFiles, OfAFilmWithoutItsEncoderReplaceNoPicture)
 {
     importScene();

@@ -5,6 +5,7 @@
 
 #include "TakenFiles.h"
 #include "jobs/frames/FilmFile.h"
+#include "jobs/import/KeptOrigins.h"
 
 #include <QFileInfo>
 
@@ -21,7 +22,8 @@ UT_Error sameFile(const QString& first, const QString& second, const QString& fi
 class RenderedFiles
 {
 public:
-    explicit RenderedFiles(const QString& scene) : _scene(followedPath(scene) + QLatin1Char('/')) {}
+    /// @param folder the scene's
+    explicit RenderedFiles(const QString& folder) : _scene(followedPath(folder) + QLatin1Char('/')) {}
 
     // Takes a file for an option: nothing else is written to it. Only a file that the option names may be a link, and
     // not one into the scene.
@@ -31,6 +33,18 @@ public:
             return own;
         if (const auto before = _taken.take(file, option))
             return sameFile(*before, option, file);
+        if (QFileInfo::exists(file))
+            _replaced.append(file);
+        return {};
+    }
+
+    // Once all are taken.
+    UT_Result<void> checkOriginsStay(const MO_Scene& scene) const
+    {
+        if (const auto origin = originAmong(scene, _replaced))
+            return UT_Error{QStringLiteral("%1 is the drawing that the scene was made of, and would be lost; name "
+                                           "another file")
+                                .arg(*origin)};
         return {};
     }
 
@@ -46,6 +60,7 @@ private:
 
     QString _scene; // its path and a slash
     TakenFiles _taken;
+    QStringList _replaced;
 };
 
 } // namespace
@@ -59,7 +74,7 @@ UT_Result<FrameFileName> frameFileOf(const QString& output, const RenderOptions&
     return name;
 }
 
-UT_Result<void> checkFrameFiles(const RenderOptions& options, const std::vector<int>& frames)
+UT_Result<void> checkFrameFiles(const MO_Scene& scene, const RenderOptions& options, const std::vector<int>& frames)
 {
     const std::pair<const char*, const QString&> frameFiles[] = {{"-o", options.output},
                                                                  {"--lit", options.lit},
@@ -80,5 +95,7 @@ UT_Result<void> checkFrameFiles(const RenderOptions& options, const std::vector<
     const QString film = FilmFile::fileFor(options.preview);
     if (auto taken = files.take(film, QStringLiteral("--preview"), film == options.preview); !taken)
         return taken;
-    return files.take(options.page, QStringLiteral("--html"), true);
+    if (auto taken = files.take(options.page, QStringLiteral("--html"), true); !taken)
+        return taken;
+    return files.checkOriginsStay(scene);
 }

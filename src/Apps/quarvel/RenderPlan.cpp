@@ -248,7 +248,7 @@ UT_Result<RenderPlan> renderPlan(const MO_Scene& scene, const RenderOptions& opt
     plan.drawing = std::move(*drawing);
     if (const auto planned = planSurfaces(options, plan); !planned)
         return planned.error();
-    if (const auto safe = checkFrameFiles(options, plan.settings.frames); !safe)
+    if (const auto safe = checkFrameFiles(scene, options, plan.settings.frames); !safe)
         return safe.error();
     if (const auto chosen = chooseAtOnce(options, plan); !chosen)
         return chosen.error();
