@@ -1,0 +1,95 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Exports that the window's own actions begin, and their repetition.
+#include "Apps/studio/export/ExportTesting.h"
+
+#include "QuarvelImageIO/IIO_PictureFile.h"
+
+#include <QStatusBar>
+
+namespace {
+
+// The dialog that the window's own action opens.
+class WindowExportTest : public studio_testing::ExportDialogFixture
+{
+protected:
+    // Ctrl+E, Enter, and the dialog is closed when all is written.
+    void exportByKeys()
+    {
+        auto* const timer = new QTimer(window.get());
+        QObject::connect(timer, &QTimer::timeout, timer, [timer, begun = false]() mutable {
+            auto* const open = qobject_cast<ExportDialog*>(QApplication::activeModalWidget());
+            if (!open || open->isRunning())
+                return;
+            if (!std::exchange(begun, true)) {
+                QTest::keyClick(open, Qt::Key_Return);
+                return;
+            }
+            timer->deleteLater();
+            timer->stop();
+            open->close();
+        });
+        timer->start(10);
+        actionNamed(QStringLiteral("Export Frames..."))->trigger();
+    }
+};
+
+TEST_F(WindowExportTest, WritesTheMapBesideTheDrawingWithTwoKeys)
+{
+    openDisc();
+    exportByKeys();
+    EXPECT_TRUE(QFileInfo::exists(folder.filePath(QStringLiteral("disc_n.png"))));
+}
+
+TEST_F(WindowExportTest, RepeatsWithTheSceneAsItIsNow)
+{
+    openDisc();
+    exportByKeys();
+    const QByteArray before = bytesOf(QStringLiteral("disc_n.png"));
+    document().scene().setFrameHeight(720.0);
+    ASSERT_TRUE(QFile::remove(folder.filePath(QStringLiteral("disc_n.png"))));
+    QAction* const repeat = actionNamed(QStringLiteral("Repeat Last Export"));
+    EXPECT_EQ(repeat->shortcut(), QKeySequence(QStringLiteral("Ctrl+Shift+E")));
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    QTest::keyClick(&viewer(), Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
+    ASSERT_TRUE(studio_testing::waitUntil([&] {
+        return window->statusBar()->currentMessage().contains(QStringLiteral("1 picture"));
+    })) << window->messages().text().toStdString();
+    const auto picture = IIO_read(folder.filePath(QStringLiteral("disc_n.png")));
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(picture->dataWindow().height(), 200);
+    EXPECT_NE(bytesOf(QStringLiteral("disc_n.png")), before);
+    EXPECT_EQ(asked, QString());
+}
+
+TEST_F(WindowExportTest, RunsOneRepetitionAtATime)
+{
+    openDisc();
+    exportByKeys();
+    QAction* const repeat = actionNamed(QStringLiteral("Repeat Last Export"));
+    repeat->trigger();
+    EXPECT_FALSE(repeat->isEnabled());
+    ASSERT_TRUE(studio_testing::waitUntil([&] { return !window->statusBar()->currentMessage().isEmpty(); }));
+    EXPECT_TRUE(repeat->isEnabled());
+    EXPECT_TRUE(bytesOf(QStringLiteral("disc_n.png")).startsWith("\x89PNG"));
+}
+
+TEST_F(WindowExportTest, OpensTheDialogWhereNothingWasExportedYet)
+{
+    openDisc();
+    bool opened = false;
+    auto* const timer = new QTimer(window.get());
+    QObject::connect(timer, &QTimer::timeout, timer, [&opened, timer] {
+        if (auto* const open = qobject_cast<ExportDialog*>(QApplication::activeModalWidget())) {
+            opened = true;
+            timer->stop();
+            open->close();
+        }
+    });
+    timer->start(10);
+    actionNamed(QStringLiteral("Repeat Last Export"))->trigger();
+    EXPECT_TRUE(opened);
+}
+
+} // namespace
