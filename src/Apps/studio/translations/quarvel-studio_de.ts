@@ -426,7 +426,7 @@
     </message>
     <message>
         <source>&amp;Frames</source>
-        <translation>Bi&amp;lder</translation>
+        <translation>Einze&amp;lbilder</translation>
     </message>
     <message>
         <source>For instance 1-24, 1-24x2 for every second one, or 1,5,9-12</source>

@@ -14,12 +14,14 @@
 #include "studio/window/HelpDialog.h"
 #include "studio/window/MainWindow.h"
 #include "studio/window/MessageBar.h"
+#include "studio/window/Translations.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QDockWidget>
 #include <QElapsedTimer>
+#include <QLocale>
 #include <QTemporaryDir>
 #include <QTreeView>
 
@@ -54,7 +56,8 @@ public:
             QImage image(widget.size() * density, QImage::Format_RGB32);
             image.setDevicePixelRatio(density);
             widget.render(&image);
-            const QString file = QStringLiteral("%1/%2-%3-%4x.png").arg(_folder, name, _appearance).arg(density);
+            const QString file =
+                QStringLiteral("%1/%2-%3%4-%5x.png").arg(_folder, name, _language, _appearance).arg(density);
             _good = image.save(file) && _good;
         }
     }
@@ -63,6 +66,13 @@ public:
     {
         applyAppearance(appearance);
         _appearance = appearance == Appearance::DARK ? QStringLiteral("dark") : QStringLiteral("light");
+    }
+    // Applies to windows that are made after this.
+    void setLanguage(const QLocale& language)
+    {
+        QLocale::setDefault(language);
+        installTranslations(language);
+        _language = language.language() == QLocale::English ? QString() : language.name().left(2) + QLatin1Char('-');
     }
     void fail(const char* what)
     {
@@ -74,6 +84,7 @@ public:
 private:
     QString _folder;
     QString _appearance;
+    QString _language; // with a dash behind it; empty for English
     bool _good = true;
 };
 
@@ -224,9 +235,12 @@ int makeScreenshots(const QString& folder)
     // What a person set up for themselves is neither shown nor changed.
     QCoreApplication::setApplicationName(QStringLiteral("quarvel-studio-screenshots"));
     Shooting shooting(folder);
-    for (const Appearance appearance : {Appearance::LIGHT, Appearance::DARK}) {
-        shooting.setAppearance(appearance);
-        takeAll(shooting);
+    for (const QLocale::Language language : {QLocale::English, QLocale::German}) {
+        shooting.setLanguage(QLocale(language));
+        for (const Appearance appearance : {Appearance::LIGHT, Appearance::DARK}) {
+            shooting.setAppearance(appearance);
+            takeAll(shooting);
+        }
     }
     return shooting.isGood() ? 0 : 1;
 }

@@ -5,8 +5,8 @@
 
 #include <QString>
 
-/// Opens the example in a window and writes pictures of all that the application shows, light and dark, in single and
-/// double density.
+/// Opens the example in a window and writes pictures of all that the application shows, in English and German, light
+/// and dark, in single and double density.
 ///
 /// @param folder made when it does not exist
 /// @return the program's exit code: 0, or 1 when something could not be shown or written
