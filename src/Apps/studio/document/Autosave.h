@@ -9,6 +9,9 @@
 //     recovery/<random>/kept.scene/    the scene
 //
 // If no process holds a folder's lock, a crash left the folder.
+//
+// The minute's copy is written on a thread of its own: an animation has thousands of files, and neither a movement of
+// the mouse nor what is played waits for them.
 #pragma once
 
 #include "QuarvelBaseCore/UT_Result.h"
@@ -17,6 +20,7 @@
 #include <QDateTime>
 #include <QLockFile>
 #include <QObject>
+#include <QThread>
 #include <QTimer>
 
 #include <memory>
@@ -60,15 +64,28 @@ public:
     /// Stores a copy of the document now, if it holds work (StudioDocument::holdsWork) and has changed since the last
     /// copy.
     UT_Result<void> keepNow();
+    /// Begins to store such a copy on another thread: the document as it is now, whatever changes meanwhile. Does
+    /// nothing while one is being stored.
+    void keepSoon();
+    /// Whether a copy is being stored on another thread.
+    bool isKeeping() const { return _thread != nullptr; }
 
 Q_SIGNALS:
     /// The copy could not be stored.
     void failed(const QString& error);
 
 private:
+    struct About;
+    struct Copy;
+
     void tick();
     void documentChanged();
     void forget();
+    bool isDue() const;
+    UT_Result<void> makeFolder();
+    About about() const;
+    void finish(const std::shared_ptr<Copy>& copy);
+    void stopKeeping();
 
     StudioDocument& _document;
     QString _folder;
@@ -76,4 +93,6 @@ private:
     std::unique_ptr<QLockFile> _lock;
     QTimer _timer;
     bool _stale = false;
+    std::unique_ptr<QThread> _thread; // that stores a copy
+    std::shared_ptr<Copy> _copy;      // that is being stored
 };

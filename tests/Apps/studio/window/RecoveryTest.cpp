@@ -25,6 +25,16 @@ protected:
         QFile::remove(to + QStringLiteral("/lock"));
         return folder.filePath(name);
     }
+    QString keptFolder() const
+    {
+        const QStringList kept = QDir(recovery.path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+        return recovery.filePath(kept.value(0) + QStringLiteral("/kept.scene"));
+    }
+    QString keptScene() const
+    {
+        const auto loaded = SIO_loadScene(keptFolder());
+        return loaded ? xmlOf(*loaded->scene) : loaded.error().sentence();
+    }
     static void copyFolder(const QString& from, const QString& to)
     {
         EXPECT_TRUE(QDir().mkpath(to));
@@ -131,6 +141,60 @@ TEST_F(RecoveryTest, ADrawingThatNobodyChangedIsNotKept)
     EXPECT_FALSE(QDir(recovery.path()).isEmpty());
     document().undo();
     EXPECT_TRUE(QDir(recovery.path()).isEmpty());
+}
+
+TEST_F(RecoveryTest, TheMinutesCopyIsTheSceneAsItWasWhateverChangesMeanwhile)
+{
+    openDisc();
+    change();
+    const QString before = xmlOf(document().scene());
+    window->autosave().keepSoon();
+    EXPECT_TRUE(window->autosave().isKeeping());
+    change();
+    const QString after = xmlOf(document().scene());
+    ASSERT_NE(before, after);
+    ASSERT_TRUE(studio_testing::waitUntil([this] { return !window->autosave().isKeeping(); }));
+    EXPECT_EQ(keptScene(), before);
+    window->autosave().keepSoon();
+    ASSERT_TRUE(studio_testing::waitUntil([this] { return !window->autosave().isKeeping(); }));
+    EXPECT_EQ(keptScene(), after) << "what changed meanwhile is kept a minute later";
+    window->autosave().keepSoon();
+    EXPECT_FALSE(window->autosave().isKeeping()) << "nothing changed since";
+}
+
+TEST_F(RecoveryTest, ACopyOnItsWayIsGivenUpWithTheWorkThatItHolds)
+{
+    openDisc();
+    change();
+    window->autosave().keepSoon();
+    ASSERT_TRUE(window->autosave().isKeeping());
+    document().undo();
+    EXPECT_FALSE(window->autosave().isKeeping());
+    EXPECT_TRUE(QDir(recovery.path()).isEmpty());
+    document().redo();
+    ASSERT_TRUE(window->autosave().keepNow().ok());
+    EXPECT_EQ(keptScene(), xmlOf(document().scene()));
+}
+
+TEST_F(RecoveryTest, ACopyThatCannotBeStoredIsTold)
+{
+    openDisc();
+    change();
+    window->autosave().keepSoon();
+    ASSERT_TRUE(studio_testing::waitUntil([this] { return !window->autosave().isKeeping(); }));
+    // A file lies where the scene's folder is to be.
+    QDir kept(keptFolder());
+    ASSERT_TRUE(kept.removeRecursively());
+    QFile file(kept.path());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    window->messages().clear();
+    change();
+    window->autosave().keepSoon();
+    ASSERT_TRUE(waitUntilSaid());
+    EXPECT_FALSE(window->autosave().isKeeping());
+    EXPECT_TRUE(window->messages().text().contains(QStringLiteral("kept.scene")))
+        << window->messages().text().toStdString();
 }
 
 TEST_F(RecoveryTest, WhatACrashLeftCanBeDiscarded)
