@@ -371,6 +371,18 @@ TEST_F(LightTest, AColourThatIsTriedAndCancelledLeavesNoTrace)
     EXPECT_FALSE(document().holdsWork());
 }
 
+TEST_F(LightTest, AllSlidersOfThePanelBeginAndEndAtOnePlace)
+{
+    openDisc();
+    auto* const panel = window->findChild<LightPanel*>();
+    const QList<QSlider*> sliders = panel->findChildren<QSlider*>();
+    ASSERT_EQ(sliders.size(), 7) << "place, height, reach, intensity, ambient light, gloss";
+    for (const QSlider* const slider : sliders) {
+        EXPECT_EQ(slider->mapTo(panel, QPoint()).x(), sliders.first()->mapTo(panel, QPoint()).x());
+        EXPECT_EQ(slider->width(), sliders.first()->width()) << slider->accessibleName().toStdString();
+    }
+}
+
 TEST_F(LightTest, TheWheelOverThePanelScrollsAndChangesNothing)
 {
     openDisc();

@@ -22,6 +22,8 @@
 #include <QScopedValueRollback>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace {
 
 QIcon swatch(const QColor& colour, const QPalette& palette)
@@ -41,6 +43,18 @@ QColor ambientColour(const MO_LightingValues& common)
     return QColor::fromRgbF(channel(common.ambientRed), channel(common.ambientGreen), channel(common.ambientBlue));
 }
 
+// Sliders beside fields of one width end at one place.
+void makeEquallyWide(const QList<QAbstractSpinBox*>& fields)
+{
+    int width = 0;
+    for (QAbstractSpinBox* const field : fields) {
+        field->ensurePolished();
+        width = std::max(width, field->sizeHint().width());
+    }
+    for (QAbstractSpinBox* const field : fields)
+        field->setMinimumWidth(width);
+}
+
 } // namespace
 
 LightPanel::LightPanel(LightModel& lights, QWidget* parent) : QWidget(parent), _lights(lights)
@@ -53,6 +67,7 @@ LightPanel::LightPanel(LightModel& lights, QWidget* parent) : QWidget(parent), _
     line->setFrameShadow(QFrame::Sunken);
     form->addRow(line);
     addCommonRows(*form);
+    makeEquallyWide(findChildren<QAbstractSpinBox*>());
 
     // Scrolling over a field must not change its value.
     for (QWidget* const child : findChildren<QWidget*>())
