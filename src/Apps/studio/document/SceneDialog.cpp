@@ -46,8 +46,11 @@ SceneDialog::SceneDialog(const QString& folder, QWidget* parent) : QFileDialog(p
     // The dialog's model asks for icons until its end; it is an older child and goes before.
     auto* const icons = new IconOwner(this);
     setIconProvider(&icons->icons);
+    // Those that Qt has words for too, because its translations may not be installed.
+    setLabelText(LookIn, tr("Look in:"));
     setLabelText(FileName, tr("Scene:"));
     setLabelText(Accept, tr("&Open"));
+    setLabelText(Reject, tr("Cancel"));
     // Only folders are shown, so there is no type to choose; and the dates are read in full.
     for (const char* const name : {"fileTypeLabel", "fileTypeCombo"})
         if (auto* const part = findChild<QWidget*>(QLatin1String(name)))

@@ -3107,6 +3107,14 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
         <source>&amp;Open</source>
         <translation>Ö&amp;ffnen</translation>
     </message>
+    <message>
+        <source>Look in:</source>
+        <translation>Suchen in:</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
 </context>
 <context>
     <name>SceneFiles</name>
