@@ -3,6 +3,7 @@
 // A key for each dialog.
 #include "studio/document/DialogFolders.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
@@ -19,9 +20,11 @@ QString keyOf(FileDialogKind kind)
 QString dialogFolder(FileDialogKind kind)
 {
     const QString known = QSettings().value(keyOf(kind)).toString();
-    return !known.isEmpty() && QFileInfo(known).isDir()
-               ? known
-               : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    for (const QString& folder : {known, documents})
+        if (!folder.isEmpty() && QFileInfo(folder).isDir())
+            return folder;
+    return QDir::homePath();
 }
 
 void rememberDialogFolder(FileDialogKind kind, const QString& path)

@@ -13,7 +13,8 @@ enum class FileDialogKind
     SCENES
 };
 
-/// The folder of the last choice, as long as it exists; otherwise that of the person's documents.
+/// The folder of the last choice, or else that of the person's documents, or else the person's own: the first that
+/// exists.
 QString dialogFolder(FileDialogKind kind);
 
 /// Something was chosen in a dialog.

@@ -62,7 +62,10 @@ TEST_F(SceneDialogTest, BeginsWhereTheLastSceneWas)
     renew();
     EXPECT_EQ(dialogFolder(FileDialogKind::SCENES), folder.filePath(QStringLiteral("art")));
     ASSERT_TRUE(QDir(folder.filePath(QStringLiteral("art"))).removeRecursively());
-    EXPECT_TRUE(QDir(dialogFolder(FileDialogKind::SCENES)).absolutePath() != folder.filePath(QStringLiteral("art")));
+    const QString instead = dialogFolder(FileDialogKind::SCENES);
+    EXPECT_NE(instead, folder.filePath(QStringLiteral("art")));
+    EXPECT_TRUE(QFileInfo(instead).isDir())
+        << instead.toStdString() << ", whether there is a folder for documents or not";
 }
 
 } // namespace
