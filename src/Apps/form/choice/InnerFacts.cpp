@@ -3,6 +3,8 @@
 // Only later shapes can be siblings of a shape or lie inside it: earlier shapes are decided already or lie beneath it.
 #include "form/choice/InnerFacts.h"
 
+#include "form/choice/Faces.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -19,6 +21,8 @@ constexpr double kCopyVaries = 0.06; // of the larger one's side
 constexpr std::array<std::array<int, 2>, 8> kAround{
     {{-1, 0}, {1, 0}, {0, -1}, {0, 1}, {-1, -1}, {1, -1}, {-1, 1}, {1, 1}}};
 
+} // namespace
+
 // Each shape is compared with all later ones, so most are refused by their boxes, whose common cells are no fewer.
 bool liesInside(const ShapeFacts& shape, const CellMask& region)
 {
@@ -26,8 +30,6 @@ bool liesInside(const ShapeFacts& shape, const CellMask& region)
     const auto isEnough = [&](int cells) { return static_cast<double>(cells) / shape.area >= kInside; };
     return shape.area > 0 && isEnough(common.width() * common.height()) && isEnough(shape.mask.overlap(region));
 }
-
-} // namespace
 
 bool isConcentric(const ShapeFacts& shape, const CellMask& region, double share)
 {
@@ -58,7 +60,8 @@ InnerShape InnerFacts::of(int shape, const Part& base, const Surroundings& aroun
             heldArea(shape) / inner.area,
             siblings,
             static_cast<double>(_grid.width) * _grid.height,
-            base.role == ObjectRole::SLAB};
+            base.role == ObjectRole::SLAB,
+            holdsEyes(shape, _facts)};
 }
 
 std::vector<int> InnerFacts::siblings(int shape, const Part& base) const

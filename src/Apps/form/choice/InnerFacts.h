@@ -13,6 +13,9 @@
 /// @param share the shape's area, divided by the region's
 bool isConcentric(const ShapeFacts& shape, const CellMask& region, double share);
 
+/// Whether most of a shape lies inside a region.
+bool liesInside(const ShapeFacts& shape, const CellMask& region);
+
 class InnerFacts
 {
 public:

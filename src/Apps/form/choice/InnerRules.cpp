@@ -178,6 +178,8 @@ Verdict judgeInner(const InnerShape& inner)
         return mark("a small mark");
     if (shape.plain && shape.paint == inner.ground.paint)
         return mark("of the same colour as what it lies on");
+    if (inner.isFace)
+        return object("a face: it has eyes");
     if (inner.held > 0.1 && isMuchDarker(inner) && inner.share > kBead)
         return object("a dark shape that holds others", ObjectRole::OPENING);
     if (inner.concentric)

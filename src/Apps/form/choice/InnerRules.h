@@ -20,6 +20,7 @@ struct InnerShape
     int siblings = 0;         ///< the number of other shapes of its paint and about its size inside the same part
     double gridArea = 0.0;    ///< of the picture, in cells
     bool onBoard = false;     ///< the part is a flat thing with a rim
+    bool isFace = false;      ///< it has eyes
 };
 
 /// Decides whether the shape is an object or a mark.
