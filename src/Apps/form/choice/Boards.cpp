@@ -4,6 +4,7 @@
 #include "form/choice/JoinedParts.h"
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 #include <set>
 
@@ -39,12 +40,16 @@ public:
     {
         if (!isRectangle())
             return {};
+        std::vector<int> candidates;
+        std::ranges::copy_if(_found.order, std::back_inserter(candidates),
+                             [&](int index) { return isOfGround(part(index)); });
+        // Thousands of specks at the border are no board; to see how they lie on each other would take long.
+        if (!isWhole(candidates))
+            return {};
         std::vector<int> found;
-        for (std::size_t place = 0; place < _found.order.size(); ++place) {
-            const int index = _found.order[place];
-            if (isOfGround(part(index)) && (found.empty() || mayMoveDown(found, place)))
+        for (const int index : candidates)
+            if (found.empty() || mayMoveDown(found, index))
                 found.push_back(index);
-        }
         return isWhole(found) && !hasInkedSeam(found) ? found : std::vector<int>();
     }
 
@@ -125,12 +130,12 @@ private:
     }
 
     // Whether nothing that lies between a part and the lowest of the ground would come to lie on the part.
-    bool mayMoveDown(const std::vector<int>& ground, std::size_t upper) const
+    bool mayMoveDown(const std::vector<int>& ground, int upper) const
     {
-        const CellMask& region = part(_found.order[upper]).region;
+        const CellMask& region = part(upper).region;
         const double most = kCovered * region.area();
         const auto lowest = std::ranges::find(_found.order, ground.front());
-        return std::all_of(lowest + 1, _found.order.begin() + static_cast<std::ptrdiff_t>(upper), [&](int between) {
+        return std::all_of(lowest + 1, std::ranges::find(_found.order, upper), [&](int between) {
             return std::ranges::find(ground, between) != ground.end() || part(between).region.overlap(region) <= most;
         });
     }

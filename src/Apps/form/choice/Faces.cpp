@@ -1,9 +1,10 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 #include "form/choice/Faces.h"
 
-#include "form/choice/InnerFacts.h"
-
+#include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <vector>
 
 namespace {
 
@@ -33,26 +34,21 @@ bool isPlacedAsEyes(const QRectF& one, const QRectF& other, const QRectF& face)
            middle.y() > kBelowHair * face.height() && middle.y() < kAboveChin * face.height();
 }
 
-// The later shapes inside the shape that may be eyes or as dark and small as eyes.
-std::vector<const ShapeFacts*> candidates(int shape, const std::vector<ShapeFacts>& facts)
+// The shapes that may be eyes, or are as dark and small as eyes.
+std::vector<const ShapeFacts*> candidates(const ShapeFacts& face, std::span<const ShapeFacts* const> inside)
 {
-    const ShapeFacts& face = facts[static_cast<std::size_t>(shape)];
     std::vector<const ShapeFacts*> found;
-    for (std::size_t i = static_cast<std::size_t>(shape) + 1; i < facts.size() && found.size() <= kMost; ++i) {
-        const ShapeFacts& other = facts[i];
-        if (other.opacity >= kSolid && other.area < kLargestEye * face.area &&
-            other.colour.lightness < face.colour.lightness - kDarker && liesInside(other, face.mask))
-            found.push_back(&other);
-    }
+    std::ranges::copy_if(inside, std::back_inserter(found), [&](const ShapeFacts* other) {
+        return other->area < kLargestEye * face.area && other->colour.lightness < face.colour.lightness - kDarker;
+    });
     return found;
 }
 
 } // namespace
 
-bool holdsEyes(int shape, const std::vector<ShapeFacts>& facts)
+bool holdsEyes(const ShapeFacts& face, std::span<const ShapeFacts* const> inside)
 {
-    const QRectF face = facts[static_cast<std::size_t>(shape)].mask.box();
-    const std::vector<const ShapeFacts*> found = candidates(shape, facts);
+    const std::vector<const ShapeFacts*> found = candidates(face, inside);
     if (found.size() > kMost)
         return false;
     for (const ShapeFacts* one : found) {
@@ -63,7 +59,7 @@ bool holdsEyes(int shape, const std::vector<ShapeFacts>& facts)
                 other = candidate;
                 ++alike;
             }
-        if (alike == 1 && isPlacedAsEyes(one->mask.box(), other->mask.box(), face))
+        if (alike == 1 && isPlacedAsEyes(one->mask.box(), other->mask.box(), face.mask.box()))
             return true;
     }
     return false;

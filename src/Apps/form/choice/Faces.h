@@ -6,8 +6,10 @@
 
 #include "form/choice/ShapeFacts.h"
 
+#include <span>
+
 /// Whether two later shapes inside a shape are its eyes: the only two of their paint and size there, darker than it,
 /// small, side by side, on either side of its middle and above its chin. The pupils of bright eyes count.
 ///
-/// @param facts all shapes in the order of painting
-bool holdsEyes(int shape, const std::vector<ShapeFacts>& facts);
+/// @param inside the later shapes inside the shape
+bool holdsEyes(const ShapeFacts& face, std::span<const ShapeFacts* const> inside);

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <span>
 
 namespace {
 
@@ -20,6 +21,14 @@ constexpr double kCopyVaries = 0.06; // of the larger one's side
 
 constexpr std::array<std::array<int, 2>, 8> kAround{
     {{-1, 0}, {1, 0}, {0, -1}, {0, 1}, {-1, -1}, {1, -1}, {-1, 1}, {1, 1}}};
+
+double heldArea(std::span<const ShapeFacts* const> held)
+{
+    double area = 0.0;
+    for (const ShapeFacts* const inner : held)
+        area += inner->area;
+    return area;
+}
 
 } // namespace
 
@@ -50,6 +59,7 @@ InnerShape InnerFacts::of(int shape, const Part& base, const Surroundings& aroun
     const ShapeFacts& inner = facts(shape);
     const ShapeFacts& body = largestPiece(base);
     const double share = static_cast<double>(inner.area) / base.region.area();
+    const std::vector<const ShapeFacts*> held = _later.inside(shape);
     return {inner,
             body,
             around.ground != Surroundings::kNone ? facts(around.ground) : body,
@@ -57,21 +67,21 @@ InnerShape InnerFacts::of(int shape, const Part& base, const Surroundings& aroun
             following(inner, base),
             around.outlined,
             isConcentric(inner, base.region, share),
-            heldArea(shape) / inner.area,
+            heldArea(held) / inner.area,
             siblings,
             static_cast<double>(_grid.width) * _grid.height,
             base.role == ObjectRole::SLAB,
-            holdsEyes(shape, _facts)};
+            holdsEyes(inner, held)};
 }
 
 std::vector<int> InnerFacts::siblings(int shape, const Part& base) const
 {
     const ShapeFacts& first = facts(shape);
     std::vector<int> siblings{shape};
-    for (int other = shape + 1; other < static_cast<int>(_facts.size()); ++other) {
+    for (const int other : _later.ofPaint(shape)) {
         const ShapeFacts& sibling = facts(other);
-        const bool alike = sibling.paint == first.paint && sibling.opacity == first.opacity &&
-                           sibling.area < kAlike * first.area && first.area < kAlike * sibling.area;
+        const bool alike = sibling.opacity == first.opacity && sibling.area < kAlike * first.area &&
+                           first.area < kAlike * sibling.area;
         if (alike && liesInside(sibling, base.region))
             siblings.push_back(other);
     }
@@ -98,16 +108,4 @@ double InnerFacts::following(const ShapeFacts& shape, const Part& base) const
         along += follows ? 1.0 : 0.0;
     });
     return along / std::max(1.0, shape.outline);
-}
-
-double InnerFacts::heldArea(int shape) const
-{
-    const ShapeFacts& holder = facts(shape);
-    double held = 0.0;
-    for (int other = shape + 1; other < static_cast<int>(_facts.size()); ++other) {
-        const ShapeFacts& inner = facts(other);
-        if (inner.opacity >= kSolid && inner.area < holder.area && liesInside(inner, holder.mask))
-            held += inner.area;
-    }
-    return held;
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "form/choice/InnerRules.h"
+#include "form/choice/LaterShapes.h"
 #include "form/choice/PartMap.h"
 
 #include <vector>
@@ -20,7 +21,8 @@ class InnerFacts
 {
 public:
     /// @param facts, grid must outlive this
-    InnerFacts(const std::vector<ShapeFacts>& facts, const Grid& grid) : _facts(facts), _grid(grid) {}
+    InnerFacts(const std::vector<ShapeFacts>& facts, const Grid& grid) : _facts(facts), _grid(grid), _later(facts, grid)
+    {}
 
     /// Measures a shape inside a part.
     ///
@@ -34,8 +36,8 @@ private:
     const ShapeFacts& facts(int shape) const { return _facts[static_cast<std::size_t>(shape)]; }
     const ShapeFacts& largestPiece(const Part& part) const;
     double following(const ShapeFacts& shape, const Part& base) const;
-    double heldArea(int shape) const;
 
     const std::vector<ShapeFacts>& _facts;
     const Grid& _grid;
+    LaterShapes _later;
 };
