@@ -78,8 +78,12 @@ struct Autosave::Copy
 
     void keep()
     {
-        const auto scene = capture.makeScene();
-        kept = scene ? about.keep(**scene, folder, [this](double) { return !isGivenUp; }) : scene.error();
+        kept = UT_withinMemory({}, {}, [this]() -> UT_Result<void> {
+            const auto scene = capture.makeScene();
+            if (!scene)
+                return scene.error();
+            return about.keep(**scene, folder, [this](double) { return !isGivenUp; });
+        });
     }
 
     MO_SceneCapture capture;
