@@ -6,6 +6,7 @@
 
 #include "QuarvelDrawingIO/DIO_LottieStream.h"
 #include "QuarvelDrawingIO/private/DIO_JsonText.h"
+#include "QuarvelDrawingIO/private/DIO_LottieKeys.h"
 #include "QuarvelDrawingIO/private/DIO_LottieLayers.h"
 
 #include <QJsonArray>
@@ -177,7 +178,7 @@ UT_Result<DIO_LottieDocument> DIO_prepareLottieDocument(const QByteArray& docume
     Summary summary;
     summary.visit(of(root, "layers"));
     summary.visit(of(root, "assets"));
-    DIO_LottieDocument made = prepared(document, root);
+    DIO_LottieDocument made = prepared(DIO_withoutLastEasings(document), root);
     made.warnings = summary.lines() + made.warnings;
     return made;
 }

@@ -53,6 +53,22 @@ TEST(LottieImport, TheSceneHasTheFilesFrameRate)
     EXPECT_EQ(made->scene->frameRate(), 12.5);
 }
 
+TEST(LottieImport, AnEasingOfTheLastKeyframeChangesNothing)
+{
+    QByteArray eased = moving();
+    eased.replace(R"({"t":4,)", R"({"i":{"x":1,"y":1},"o":{"x":0,"y":0},"t":4,)");
+    ASSERT_NE(eased, moving());
+    // Two such layers, whose names look like keyframes.
+    const QByteArray name = R"(\"k\":[{\"t\":1,\"i\":2}]\\)";
+    const DrawingSequence sequence =
+        imported(document(layer(name, kRedSquare, eased) + "," + layer("Box", kRedSquare, eased)));
+    ASSERT_EQ(sequence.layers.size(), 2U);
+    EXPECT_EQ(sequence.layers[1].name, R"("k":[{"t":1,"i":2}]\)");
+    for (const SequenceLayer& box : sequence.layers)
+        for (const int frame : {1, 2, 3, 4})
+            EXPECT_NEAR(shapeOf(box, frame).path.boundingRect().left(), 10.0 * frame, 0.1) << frame;
+}
+
 // The outline of a stroke between two frames has coordinates of 16 digits, all of which a scene would keep as text.
 TEST(LottieImport, CoordinatesHaveTheDigitsThatAPictureShows)
 {
