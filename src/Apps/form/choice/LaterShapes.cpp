@@ -57,7 +57,7 @@ std::vector<const ShapeFacts*> LaterShapes::inside(int shape) const
         for (int x = tiles.left(); x <= tiles.right(); ++x)
             addLater(shape, tile(x, y), near);
     std::ranges::sort(near);
-    near.erase(std::ranges::unique(near).begin(), near.end());
+    near.erase(std::unique(near.begin(), near.end()), near.end());
     std::vector<const ShapeFacts*> found;
     for (const int other : near) {
         const ShapeFacts& inner = facts(other);

@@ -23,8 +23,12 @@ public:
 private:
     const ShapeFacts& facts(int shape) const { return _facts[static_cast<std::size_t>(shape)]; }
     QRect tilesAround(int shape) const;
-    std::vector<int>& tile(int x, int y) { return _tiles[static_cast<std::size_t>(y * _columns + x)]; }
-    const std::vector<int>& tile(int x, int y) const { return _tiles[static_cast<std::size_t>(y * _columns + x)]; }
+    std::size_t placeOf(int x, int y) const
+    {
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(_columns) + static_cast<std::size_t>(x);
+    }
+    std::vector<int>& tile(int x, int y) { return _tiles[placeOf(x, y)]; }
+    const std::vector<int>& tile(int x, int y) const { return _tiles[placeOf(x, y)]; }
 
     const std::vector<ShapeFacts>& _facts;
     QRect _bounds; // of the grid

@@ -7,6 +7,8 @@
 
 #include "QuarvelDrawingIO/private/DIO_JsonText.h"
 
+#include <QByteArrayList>
+
 #include <algorithm>
 #include <vector>
 
