@@ -148,7 +148,7 @@ void PathCoverage::addWithinRow(std::size_t row, double from, double to, double 
 {
     const auto first = static_cast<std::size_t>(from);
     float* const steps = &_steps[row * _stride + first];
-    const double left = static_cast<double>(first);
+    const auto left = static_cast<double>(first);
     if (to <= left + 1.0) {
         const double beside = height * (0.5 * (from + to) - left);
         steps[0] += static_cast<float>(height - beside);
