@@ -2,9 +2,7 @@
 //
 // The test's own program: the application as it starts, on a display of its own. Without a display there is nothing to
 // test, so that is a failure and no reason to leave the test out.
-#include "QuarvelPlugInManager/PLUG_EditorWidgets.h"
-#include "QuarvelPlugInManager/PLUG_Manager.h"
-#include "QuarvelPlugInManager/PLUG_Services.h"
+#include "WidgetsOfPlugIns.h"
 
 #include <QApplication>
 #include <QStandardPaths>
@@ -25,12 +23,6 @@ int main(int argc, char** argv)
         return 1;
     }
     QApplication::setStyle(QStringLiteral("Fusion"));
-    PLUG_EditorWidgets widgets;
-    PLUG_Services::setWidgetFactoryRegistry(&widgets);
-    const auto loaded = PLUG_Manager::loadAll(PLUG_Manager::defaultFolder());
-    if (!loaded) {
-        std::fprintf(stderr, "%s\n", qPrintable(loaded.error().text));
-        return 1;
-    }
+    testing::AddGlobalTestEnvironment(new WidgetsOfPlugIns);
     return RUN_ALL_TESTS();
 }

@@ -101,6 +101,6 @@ TEST_F(LayeredFiles, WhatIsDamagedLeavesNothingBehind)
         EXPECT_THAT(map.messages, HasSubstr(name));
         EXPECT_EQ(quarvel(QStringList{"import", name, "-o", "cut.scene"}).exitCode, 1);
     }
-    EXPECT_EQ(filesThere(), (QStringList{"cut.ase", "cut.ora", "krita.ora"}));
+    EXPECT_EQ(files(), (QStringList{"cut.ase", "cut.ora", "krita.ora"}));
     EXPECT_FALSE(exists("cut.scene"));
 }

@@ -133,5 +133,5 @@ TEST_F(Page, ThatCannotBeWrittenLeavesTheOldOne)
     write("disc.html", "old");
     ASSERT_EQ(quarvel("normalmap disc.svg --object 9:cutout --html disc.html").exitCode, 1);
     EXPECT_EQ(bytes("disc.html"), "old");
-    EXPECT_EQ(filesThere(), (QStringList{"disc.html", "disc.svg", "tree.svg"}));
+    EXPECT_EQ(files(), (QStringList{"disc.html", "disc.svg", "tree.svg"}));
 }

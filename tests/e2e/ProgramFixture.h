@@ -4,20 +4,17 @@
 #pragma once
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
+#include "TestFolder.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QProcess>
 #include <QProcessEnvironment>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 #include <memory>
 
 /// Runs the program in a folder of its own.
-class Program : public testing::Test
+class Program : public testing::Test, protected TestFolder
 {
 protected:
     /// The files that standard input comes from and standard output goes to; none where they are empty.
@@ -36,34 +33,12 @@ protected:
         QString text() const { return QString::fromStdString(output); }
     };
 
-    /// Writes a file, and makes the folders that it lies in.
-    void write(const char* name, const QByteArray& content) const
-    {
-        ASSERT_TRUE(QDir().mkpath(QFileInfo(path(name)).path()));
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(content), content.size());
-    }
-
-    QString path(const char* name) const { return QDir(_folder.path()).filePath(QString::fromUtf8(name)); }
-    bool exists(const char* name) const { return QFile::exists(path(name)); }
-    QStringList filesThere() const
-    {
-        return QDir(_folder.path()).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
-    }
-    QByteArray bytes(const char* name) const
-    {
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
-        return file.readAll();
-    }
-
     /// Starts a program that runs beside the test.
     std::unique_ptr<QProcess> started(const QString& program, const QStringList& words,
                                       const Streams& streams = {}) const
     {
         auto process = std::make_unique<QProcess>();
-        process->setWorkingDirectory(_folder.path());
+        process->setWorkingDirectory(path());
         process->setProcessEnvironment(environment);
         if (!streams.input.isEmpty())
             process->setStandardInputFile(streams.input);
@@ -107,7 +82,4 @@ protected:
     }
 
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-
-private:
-    QTemporaryDir _folder;
 };

@@ -29,7 +29,7 @@ TEST_F(Program, WritesTheNormalMapBesideTheDrawing)
     write("hero.svg", kTwoLayers);
     const Outcome outcome = quarvel("normalmap hero.svg");
     EXPECT_EQ(outcome.exitCode, 0) << outcome.messages;
-    EXPECT_EQ(filesThere(), (QStringList{"hero.svg", "hero_n.png"}));
+    EXPECT_EQ(files(), (QStringList{"hero.svg", "hero_n.png"}));
     const IIO_Picture map = read("hero_n.png");
     EXPECT_EQ(map.width(), 64);
     EXPECT_EQ(map.height(), 64);
@@ -136,7 +136,7 @@ TEST_F(Program, MakesMapsForAProgramThatIsNamed)
     write("hero.svg", kTwoLayers);
     const Outcome outcome = quarvel("normalmap hero.svg --for unreal");
     EXPECT_EQ(outcome.exitCode, 0) << outcome.messages;
-    EXPECT_EQ(filesThere(), (QStringList{"hero.svg", "hero_N.png"}));
+    EXPECT_EQ(files(), (QStringList{"hero.svg", "hero_N.png"}));
     QFile file(path("hero_N.png"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.read(25).at(24), 8) << "bits a channel";
@@ -163,7 +163,7 @@ TEST_F(Program, RefusesTargetsAndFormsThatMakeNoSense)
     EXPECT_EQ(quarvel("normalmap hero.svg --layout node --alpha opaque").exitCode, 2);
     EXPECT_EQ(quarvel("normalmap hero.svg --bits 12").exitCode, 2);
     EXPECT_EQ(quarvel("normalmap hero.svg --suffix a/b").exitCode, 2);
-    EXPECT_EQ(filesThere(), QStringList{"hero.svg"});
+    EXPECT_EQ(files(), QStringList{"hero.svg"});
 }
 
 TEST_F(Program, CutsHolesWithCutOuts)
@@ -212,7 +212,7 @@ TEST_F(Program, MakesTheSameOfManyDrawingsHoweverManyAtOnce)
     QString drawings;
     for (int i = 0; i < 12; ++i) {
         const QString name = QStringLiteral("d%1.svg").arg(i);
-        write(name.toUtf8(), i == 5 ? "this is no drawing" : kTwoLayers);
+        write(name, i == 5 ? "this is no drawing" : kTwoLayers);
         drawings += QLatin1Char(' ') + name;
     }
     const Outcome one = quarvel("normalmap --jobs 1 -o one" + drawings);
@@ -234,7 +234,7 @@ TEST_F(Program, SaysThatADrawingIsEmpty)
     const Outcome outcome = quarvel("normalmap empty.svg");
     EXPECT_EQ(outcome.exitCode, 1);
     EXPECT_THAT(outcome.messages, HasSubstr("empty.svg"));
-    EXPECT_EQ(filesThere(), QStringList{"empty.svg"});
+    EXPECT_EQ(files(), QStringList{"empty.svg"});
 }
 
 TEST_F(Program, NamesTheColoursWhenOneIsUnknown)
@@ -265,7 +265,7 @@ TEST_F(Program, RefusesSizesThatDoNotFitBeforeItTriesThem)
     EXPECT_EQ(quarvel("normalmap tall.svg --size 30000").exitCode, 1);
     QFile::remove(path("tall.svg"));
     EXPECT_EQ(quarvel("normalmap hero.svg --size 0x10").exitCode, 2);
-    EXPECT_EQ(filesThere(), QStringList{"hero.svg"});
+    EXPECT_EQ(files(), QStringList{"hero.svg"});
 }
 
 TEST_F(Program, LeavesNothingHalfWrittenWhenTheDiskIsFull)
@@ -277,7 +277,7 @@ TEST_F(Program, LeavesNothingHalfWrittenWhenTheDiskIsFull)
         run("/bin/sh", {"-c", "trap '' XFSZ; ulimit -f 1; exec " QUARVEL_PROGRAM " normalmap hero.svg --size 512x512"});
     EXPECT_EQ(outcome.exitCode, 1) << outcome.messages;
     EXPECT_THAT(outcome.messages, HasSubstr("hero_n.png"));
-    EXPECT_EQ(filesThere(), (QStringList{"hero.svg", "hero_n.png"}));
+    EXPECT_EQ(files(), (QStringList{"hero.svg", "hero_n.png"}));
     QFile old(path("hero_n.png"));
     ASSERT_TRUE(old.open(QIODevice::ReadOnly));
     EXPECT_EQ(old.readAll(), "what was there before");

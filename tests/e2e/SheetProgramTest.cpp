@@ -336,10 +336,10 @@ TEST_F(SheetProgram, SaysWhatIsWrongWithAnAtlasAndWritesNothing)
     savePage();
     const auto refused = [&](const char* json) {
         write("bad.json", json);
-        const QStringList before = filesThere();
+        const QStringList before = files();
         const Outcome outcome = quarvel("normalmap --atlas bad.json");
         EXPECT_EQ(outcome.exitCode, 1);
-        EXPECT_EQ(filesThere(), before);
+        EXPECT_EQ(files(), before);
         return outcome.messages;
     };
     EXPECT_THAT(

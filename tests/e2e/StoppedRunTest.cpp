@@ -98,11 +98,8 @@ TEST_F(StoppedRun, OfAPageOfSpritesWritesNothing)
     QImage page(64, 64, QImage::Format_ARGB32);
     page.fill(Qt::red);
     ASSERT_TRUE(page.save(path("page.png")));
-    QFile atlas(path("page.json"));
-    ASSERT_TRUE(atlas.open(QIODevice::WriteOnly));
-    atlas.write(R"({"frames": {"a": {"frame": {"x": 0, "y": 0, "w": 32, "h": 64}},
+    write("page.json", R"({"frames": {"a": {"frame": {"x": 0, "y": 0, "w": 32, "h": 64}},
                                "b": {"frame": {"x": 32, "y": 0, "w": 32, "h": 64}}}, "meta": {"image": "page.png"}})");
-    atlas.close();
     ASSERT_EQ(::mkfifo(QFile::encodeName(path("pipe.json")).constData(), 0600), 0);
     EXPECT_EQ(stopped("normalmap --atlas pipe.json -o n.png", SIGINT, "pipe.json", "page.json"), 130);
     EXPECT_FALSE(exists("n.png"));

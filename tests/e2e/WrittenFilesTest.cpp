@@ -27,7 +27,7 @@ protected:
     {
         EXPECT_NE(outcome.exitCode, 0);
         EXPECT_THAT(outcome.messages, HasSubstr(words));
-        EXPECT_EQ(filesThere(), before);
+        EXPECT_EQ(files(), before);
     }
 };
 
@@ -36,7 +36,7 @@ protected:
 TEST_F(WrittenFiles, OfFramesDifferFromEachOther)
 {
     importScene();
-    const QStringList before = filesThere();
+    const QStringList before = files();
     expectRefused(quarvel("render two.scene -o n.####.png --lit ./n.%04d.png"),
                   "-o and --lit would both write ./n.0001.png", before);
     expectRefused(quarvel("render two.scene -o n.#.png --height h.#.png --occlusion h.#.png"),
@@ -52,7 +52,7 @@ TEST_F(WrittenFiles, OfFramesAreNotWrittenThroughLinksThatNobodyNamed)
     importScene();
     write("precious", "mine");
     ASSERT_TRUE(QFile::link(QStringLiteral("precious"), path("n.0001.png")));
-    const QStringList before = filesThere();
+    const QStringList before = files();
     expectRefused(quarvel("render two.scene -o n.####.png"), "n.0001.png is a link", before);
     expectRefused(quarvel("render two.scene -o m.####.png --lit n.####.png"), "n.0001.png is a link", before);
     EXPECT_EQ(bytes("precious"), "mine");
@@ -65,7 +65,7 @@ TEST_F(WrittenFiles, OfFramesReplaceNothingOfTheScene)
     importScene();
     ASSERT_TRUE(QFile::link(QStringLiteral("two.scene/scene.xml"), path("n.png")));
     const QByteArray scene = bytes("two.scene/scene.xml");
-    const QStringList before = filesThere();
+    const QStringList before = files();
     expectRefused(quarvel("render two.scene -o n.png --frames 1"), "n.png is a link into the scene", before);
     expectRefused(quarvel("render two.scene --preview n.png"), "n.png is a link into the scene", before);
     EXPECT_EQ(bytes("two.scene/scene.xml"), scene);
@@ -82,7 +82,7 @@ TEST_F(WrittenFiles, OfFramesReplaceNoDrawingThatTheSceneWasMadeOf)
     const QByteArray drawing = bytes("disc.0001.png");
     ASSERT_EQ(quarvel("import disc.0001.png -o disc.scene").exitCode, 0);
     ASSERT_TRUE(QFile::link(QStringLiteral("disc.0001.png"), path("other.png")));
-    const QStringList before = filesThere();
+    const QStringList before = files();
     constexpr const char* kLost = "is the drawing that the scene was made of";
     expectRefused(quarvel("render disc.scene -o disc.0001.png --frames 1"), kLost, before);
     expectRefused(quarvel("render disc.scene -o disc.####.png --frames 1"), kLost, before);
@@ -93,7 +93,7 @@ TEST_F(WrittenFiles, OfFramesReplaceNoDrawingThatTheSceneWasMadeOf)
 TEST_F(WrittenFiles, OfAFilmWithoutItsEncoderReplaceNoPicture)
 {
     importScene();
-    const QStringList before = filesThere();
+    const QStringList before = files();
     const QByteArray programs = qgetenv("PATH");
     qputenv("PATH", "/nowhere");
     const Outcome outcome = quarvel("render two.scene -o n.1.png --lit film.png --preview film.mp4");
@@ -103,7 +103,7 @@ TEST_F(WrittenFiles, OfAFilmWithoutItsEncoderReplaceNoPicture)
 
 TEST_F(WrittenFiles, OfStandardInputHaveAPlace)
 {
-    const QStringList before = filesThere();
+    const QStringList before = files();
     expectRefused(piped("two.svg", "normalmap two.svg -"), "standard input has no folder", before);
     expectRefused(piped("two.svg", "normalmap - -o m.png --for godot --canvas"), "--canvas names the drawing's file",
                   before);
@@ -130,7 +130,7 @@ TEST_F(WrittenFiles, OfFramesHoldNumbersInTheBitsOfTheirFormat)
 TEST_F(WrittenFiles, HoldNumbersExactlyOrNotAtAll)
 {
     importScene();
-    const QStringList before = filesThere();
+    const QStringList before = files();
     expectRefused(quarvel("render two.scene --numbers ids.#.jpg"), ".jpg files do not keep numbers exactly", before);
     expectRefused(quarvel("normalmap two.svg -o n.png --numbers ids.jpg"), ".jpg files do not keep numbers exactly",
                   before);
@@ -167,15 +167,15 @@ TEST_F(WrittenFiles, HaveSidesThatNoOptionMakesTooLong)
     QImage page(64, 32, QImage::Format_ARGB32);
     page.fill(Qt::red);
     ASSERT_TRUE(page.save(path("page.png")));
-    const QStringList before = filesThere();
+    const QStringList before = files();
     expectRefused(quarvel("normalmap page.png --cells 2147483647 --margin 10"), "at most 32767 pixels", before);
     expectRefused(quarvel("normalmap two.svg --tile x --size 1000000000x100"), "at most 32767 pixels", before);
     write("wide.svg", R"(<svg xmlns="http://www.w3.org/2000/svg" width="1000000000" height="1" viewBox="0 0 9 9">
 <path d="M0 0h9v9h-9z"/></svg>)");
-    const QStringList with = filesThere();
+    const QStringList with = files();
     const Outcome wide = quarvel("normalmap wide.svg --tile x");
     EXPECT_NE(wide.exitCode, 0);
-    EXPECT_EQ(filesThere(), with);
+    EXPECT_EQ(files(), with);
 }
 
 TEST_F(WrittenFiles, ShowAnObjectOfElevationZeroAsFlat)

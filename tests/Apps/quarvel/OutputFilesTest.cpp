@@ -2,9 +2,7 @@
 //
 // Where the pictures of a run go.
 #include "OutputFiles.h"
-
-#include <QDir>
-#include <QTemporaryDir>
+#include "TestFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -64,10 +62,10 @@ TEST(OutputFiles, OfSeveralDrawingsGoIntoTheNamedFolders)
 // A folder from a stranger may hold hero_n.png as a link to a file of the user's.
 TEST(OutputFiles, AreNotWrittenThroughALinkThatNobodyNamed)
 {
-    const QTemporaryDir folder;
-    const QString link = QDir(folder.path()).filePath("hero_n.png");
-    ASSERT_TRUE(QFile::link(QDir(folder.path()).filePath("precious"), link));
-    NormalMapOptions options = optionsFor({QDir(folder.path()).filePath("hero.svg")});
+    const TestFolder folder;
+    const QString link = folder.path("hero_n.png");
+    ASSERT_TRUE(QFile::link(folder.path("precious"), link));
+    NormalMapOptions options = optionsFor({folder.path("hero.svg")});
     EXPECT_THAT(errorOf(options), HasSubstr("hero_n.png is a link"));
     options.output = link;
     EXPECT_EQ(errorOf(options), "no error") << "whoever names a link means it";
@@ -77,10 +75,9 @@ TEST(OutputFiles, AreNotWrittenThroughALinkThatNobodyNamed)
 
 TEST(OutputFiles, ReplaceNoDrawingThatALinkLeadsTo)
 {
-    const QTemporaryDir folder;
-    const auto path = [&folder](const char* name) { return QDir(folder.path()).filePath(QString::fromUtf8(name)); };
-    QFile drawing(path("hero.svg"));
-    ASSERT_TRUE(drawing.open(QIODevice::WriteOnly));
+    const TestFolder folder;
+    const auto path = [&folder](const char* name) { return folder.path(name); };
+    folder.write("hero.svg", {});
     ASSERT_TRUE(QFile::link(path("hero.svg"), path("map.png")));
     ASSERT_TRUE(QFile::link(folder.path(), path("again")));
     NormalMapOptions options = optionsFor({path("hero.svg")});
@@ -102,12 +99,12 @@ TEST(OutputFiles, OfADrawingWithoutANameEndInAnErrorOrNone)
 
 TEST(OutputFiles, OfOneDrawingGoIntoAFolderThatExists)
 {
-    const QTemporaryDir folder;
+    const TestFolder folder;
     NormalMapOptions options = optionsFor({"hero.svg"});
     options.output = folder.path();
     const auto files = outputFiles(options);
     ASSERT_TRUE(files);
-    EXPECT_EQ(files->front().normalMap, QDir(folder.path()).filePath("hero_n.png"));
+    EXPECT_EQ(files->front().normalMap, folder.path("hero_n.png"));
 }
 
 TEST(OutputFiles, OfOneDrawingGoIntoAFolderThatASlashNames)

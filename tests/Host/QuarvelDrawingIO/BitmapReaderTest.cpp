@@ -6,30 +6,21 @@
 #include "QuarvelDrawingIO/DIO_BitmapReader.h"
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
 #include "QuarvelDrawingIO/DIO_KvdConversion.h"
+#include "TestFolder.h"
 
-#include <QFile>
 #include <QImageReader>
-#include <QTemporaryDir>
 
 using testing::HasSubstr;
 
 namespace {
 
-class BitmapReader : public testing::Test
+class BitmapReader : public testing::Test, protected TestFolder
 {
 protected:
     QString save(const QString& name, const QImage& image, const char* format = nullptr) const
     {
-        EXPECT_TRUE(image.save(_folder.filePath(name), format));
-        return _folder.filePath(name);
-    }
-
-    QString write(const QString& name, const QByteArray& bytes) const
-    {
-        QFile file(_folder.filePath(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return file.fileName();
+        EXPECT_TRUE(image.save(path(name), format));
+        return path(name);
     }
 
     static std::string refusalOf(const QString& path)
@@ -37,9 +28,6 @@ protected:
         const UT_Result<DIO_Drawing> drawing = DIO_readDrawing(path);
         return drawing ? std::string() : drawing.error().text.toStdString();
     }
-
-private:
-    QTemporaryDir _folder;
 };
 
 // Left half opaque, right half a quarter as opaque.

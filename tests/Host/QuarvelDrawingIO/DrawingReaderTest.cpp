@@ -4,9 +4,9 @@
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
 
 #include "Drawings.h"
+#include "TestFolder.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 using testing::AllOf;
@@ -24,12 +24,8 @@ std::string messageFor(const QString& path)
 
 TEST(DrawingReader, theSuffixDecidesInAnyCase)
 {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("Hero.Final.SVG");
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(drawings::document("<rect width='10' height='10'/>"));
-    file.close();
+    const TestFolder folder;
+    const QString path = folder.write("Hero.Final.SVG", drawings::document("<rect width='10' height='10'/>"));
     const UT_Result<DIO_Drawing> drawing = DIO_readDrawing(path);
     ASSERT_TRUE(drawing);
     EXPECT_EQ(drawing->name, "Hero.Final");

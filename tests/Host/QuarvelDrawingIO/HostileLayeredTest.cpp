@@ -6,10 +6,9 @@
 
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
 #include "QuarvelDrawingIO/DIO_LayeredReader.h"
+#include "TestFolder.h"
 
-#include <QFile>
 #include <QImageReader>
-#include <QTemporaryDir>
 
 #include <random>
 
@@ -19,19 +18,9 @@ namespace {
 
 const QByteArray kRed = QByteArray::fromHex("ff0000ff");
 
-class HostileLayered : public testing::Test
+class HostileLayered : public testing::Test, protected TestFolder
 {
 protected:
-    QString path(const QString& name) const { return _folder.filePath(name); }
-
-    QString write(const QString& name, const QByteArray& bytes) const
-    {
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return path(name);
-    }
-
     static std::string refusalOf(const QString& path)
     {
         const UT_Result<DIO_Drawing> drawing = DIO_readDrawing(path);
@@ -44,21 +33,11 @@ protected:
         (void)DIO_readDrawing(path);
         (void)DIO_readFrames(path);
     }
-
-private:
-    QTemporaryDir _folder;
 };
-
-QByteArray bytesOf(const QString& path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return file.readAll();
-}
 
 QByteArray fixture(const char* name)
 {
-    return bytesOf(QStringLiteral(TEST_FILES "/") + QString::fromLatin1(name));
+    return bytesOfFile(QStringLiteral(TEST_FILES "/") + QString::fromLatin1(name));
 }
 
 AsepriteFile someFile()
@@ -84,7 +63,7 @@ TEST_F(HostileLayered, AFileThatIsCutOffIsAnErrorWherever)
     writeArchive(path(QStringLiteral("whole.ora")),
                  {{"stack.xml", R"(<image w="2" h="2"><stack><layer name="a" src="a.png"/></stack></image>)"},
                   {"a.png", pngOf(QImage(2, 2, QImage::Format_ARGB32))}});
-    const QByteArray archive = bytesOf(path(QStringLiteral("whole.ora")));
+    const QByteArray archive = bytesOfFile(path(QStringLiteral("whole.ora")));
     for (qsizetype size = 0; size < archive.size(); size += 3)
         EXPECT_NE(refusalOf(write(QStringLiteral("cut.ora"), archive.first(size))), "it was read") << size;
     for (const char* name : {"blocks.gif", "blocks.webp", "blocks.apng"}) {

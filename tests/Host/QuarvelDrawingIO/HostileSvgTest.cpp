@@ -4,10 +4,9 @@
 #include "Drawings.h"
 
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
+#include "TestFolder.h"
 
 #include <QElapsedTimer>
-#include <QFile>
-#include <QTemporaryDir>
 
 using namespace drawings;
 using testing::HasSubstr;
@@ -49,14 +48,11 @@ TEST(HostileSvg, otherContentsAreRefusedByName)
 
 TEST(HostileSvg, nothingIsReadFromOtherFiles)
 {
-    const QTemporaryDir folder;
-    const QString red = folder.filePath("red.svg");
-    QFile file(red);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("<svg xmlns='http://www.w3.org/2000/svg' width='100' height='100'>"
-               "<rect id='all' width='100' height='100' fill='#ff0000'/></svg>");
-    file.close();
-    const QByteArray name = red.toUtf8();
+    const TestFolder folder;
+    const QByteArray name = folder
+                                .write("red.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='100' height='100'>"
+                                                  "<rect id='all' width='100' height='100' fill='#ff0000'/></svg>")
+                                .toUtf8();
     const DIO_Drawing drawing = readDocument(
         "<?xml-stylesheet href='" + name + "'?><!DOCTYPE svg SYSTEM '" + name + "' [<!ENTITY red SYSTEM '" + name +
         "'>]>" +

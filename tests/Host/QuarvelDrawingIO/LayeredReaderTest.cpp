@@ -6,9 +6,7 @@
 
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
 #include "QuarvelDrawingIO/DIO_LayeredReader.h"
-
-#include <QFile>
-#include <QTemporaryDir>
+#include "TestFolder.h"
 
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -18,19 +16,9 @@ namespace {
 const QByteArray kRed = QByteArray::fromHex("ff0000ff");
 const QByteArray kBlue = QByteArray::fromHex("0000ff80");
 
-class LayeredReader : public testing::Test
+class LayeredReader : public testing::Test, protected TestFolder
 {
 protected:
-    QString path(const char* name) const { return _folder.filePath(QString::fromUtf8(name)); }
-
-    QString write(const char* name, const QByteArray& bytes) const
-    {
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return path(name);
-    }
-
     static DIO_Drawing drawingOf(const QString& path, DIO_Grouping grouping = DIO_Grouping::AUTO)
     {
         UT_Result<DIO_Drawing> drawing = DIO_readDrawing(path, grouping);
@@ -59,9 +47,6 @@ protected:
             names << layer.name;
         return names;
     }
-
-private:
-    QTemporaryDir _folder;
 };
 
 QImage filled(int width, int height, const QColor& colour)

@@ -4,9 +4,9 @@
 #include "Drawings.h"
 
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
+#include "TestFolder.h"
 
 #include <QFile>
-#include <QTemporaryDir>
 #include <QtEndian>
 
 #include <random>
@@ -144,13 +144,10 @@ TEST(PsdReader, LayersOfALargeDocumentMayStandBehindOtherBlocks)
     for (const char* const kind : {"Mt16", "FMsk", "lnk2", "PxSD"})
         blocks += QByteArray("8BIM") + kind + number(4) + "abcd";
     blocks += "8BIMLayr" + number(static_cast<quint64>(layersSize)) + layers;
-    const QTemporaryDir folder;
-    QFile moved(folder.filePath(QStringLiteral("a.psb")));
-    ASSERT_TRUE(moved.open(QIODevice::WriteOnly));
-    moved.write(bytes.first(section) + number(static_cast<quint64>(blocks.size())) + blocks +
-                bytes.mid(section + 8 + size));
-    moved.close();
-    const DIO_Drawing drawing = drawingOf(moved.fileName());
+    const TestFolder folder;
+    const DIO_Drawing drawing =
+        drawingOf(folder.write("a.psb", bytes.first(section) + number(static_cast<quint64>(blocks.size())) + blocks +
+                                            bytes.mid(section + 8 + size)));
     ASSERT_EQ(drawing.layers.size(), 4u);
     expectRamp(shapeOf(drawing, 0).picture, {16, 12});
     EXPECT_EQ(drawing.layers[3].name, "shade");
@@ -162,24 +159,15 @@ TEST(PsdReader, TheUsualModeMayBeWrittenBackwards)
     ASSERT_TRUE(original.open(QIODevice::ReadOnly));
     QByteArray bytes = original.readAll();
     ASSERT_TRUE(bytes.contains("8BIMnorm"));
-    const QTemporaryDir folder;
-    QFile backwards(folder.filePath(QStringLiteral("a.psd")));
-    ASSERT_TRUE(backwards.open(QIODevice::WriteOnly));
-    backwards.write(bytes.replace("8BIMnorm", "8BIMmron"));
-    backwards.close();
-    EXPECT_TRUE(drawingOf(backwards.fileName()).warnings.isEmpty());
+    const TestFolder folder;
+    EXPECT_TRUE(drawingOf(folder.write("a.psd", bytes.replace("8BIMnorm", "8BIMmron"))).warnings.isEmpty());
 }
 
 TEST(PsdReader, DamagedFilesDoNoHarm)
 {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("a.psd"));
+    const TestFolder folder;
     const auto refusalOf = [&](const QByteArray& bytes) {
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(bytes);
-        file.close();
-        const UT_Result<DIO_Drawing> drawing = DIO_readDrawing(path);
+        const UT_Result<DIO_Drawing> drawing = DIO_readDrawing(folder.write("a.psd", bytes));
         return drawing ? std::string("it was read") : drawing.error().text.toStdString();
     };
     std::mt19937 random(20261122);

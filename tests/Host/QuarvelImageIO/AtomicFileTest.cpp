@@ -17,55 +17,55 @@ TEST_F(AtomicFile, AppearsUnderItsNameOnlyAfterCommit)
     file.device().write("content");
     EXPECT_FALSE(QFile::exists(path(QStringLiteral("new"))));
     ASSERT_TRUE(file.commit().ok());
-    EXPECT_EQ(content(QStringLiteral("new")), "content");
+    EXPECT_EQ(bytes(QStringLiteral("new")), "content");
     EXPECT_EQ(files(), QStringList{QStringLiteral("new")});
 }
 
 TEST_F(AtomicFile, ReplacesAnOldFileInOneStep)
 {
-    put(QStringLiteral("f"), "old");
+    write(QStringLiteral("f"), "old");
     IIO_AtomicFile file(path(QStringLiteral("f")));
     ASSERT_TRUE(file.open().ok());
     file.device().write("newer");
-    EXPECT_EQ(content(QStringLiteral("f")), "old");
+    EXPECT_EQ(bytes(QStringLiteral("f")), "old");
     ASSERT_TRUE(file.commit().ok());
-    EXPECT_EQ(content(QStringLiteral("f")), "newer");
+    EXPECT_EQ(bytes(QStringLiteral("f")), "newer");
 }
 
 TEST_F(AtomicFile, LeavesNothingBehindWhenItIsNotCommitted)
 {
-    put(QStringLiteral("f"), "old");
+    write(QStringLiteral("f"), "old");
     {
         IIO_AtomicFile file(path(QStringLiteral("f")));
         ASSERT_TRUE(file.open().ok());
         file.device().write("half");
     }
-    EXPECT_EQ(content(QStringLiteral("f")), "old");
+    EXPECT_EQ(bytes(QStringLiteral("f")), "old");
     EXPECT_EQ(files(), QStringList{QStringLiteral("f")});
 }
 
 TEST_F(AtomicFile, AnEncoderThatCouldNotGoBackLeavesTheOldFile)
 {
-    put(QStringLiteral("f"), "old");
+    write(QStringLiteral("f"), "old");
     IIO_AtomicFile file(path(QStringLiteral("f")));
     ASSERT_TRUE(file.open().ok());
     file.device().write("new, with a hole in its header");
     file.device().seek(-1);
     EXPECT_FALSE(file.commit().ok());
-    EXPECT_EQ(content(QStringLiteral("f")), "old");
+    EXPECT_EQ(bytes(QStringLiteral("f")), "old");
     EXPECT_EQ(files(), QStringList{QStringLiteral("f")});
 }
 
 TEST_F(AtomicFile, AbandonLeavesTheOldFile)
 {
-    put(QStringLiteral("f"), "old");
+    write(QStringLiteral("f"), "old");
     {
         IIO_AtomicFile file(path(QStringLiteral("f")));
         ASSERT_TRUE(file.open().ok());
         file.device().write("half");
         EXPECT_TRUE(file.abandon().ok());
     }
-    EXPECT_EQ(content(QStringLiteral("f")), "old");
+    EXPECT_EQ(bytes(QStringLiteral("f")), "old");
     EXPECT_EQ(files(), QStringList{QStringLiteral("f")});
 }
 
@@ -75,7 +75,7 @@ class FullDisk : public FolderTest, public testing::WithParamInterface<int>
 
 TEST_P(FullDisk, IsReportedAndLeavesTheOldFile)
 {
-    put(QStringLiteral("f"), "old");
+    write(QStringLiteral("f"), "old");
     {
         const FileSizeLimit limit(100000);
         IIO_AtomicFile file(path(QStringLiteral("f")));
@@ -89,7 +89,7 @@ TEST_P(FullDisk, IsReportedAndLeavesTheOldFile)
         EXPECT_TRUE(committed.error().text.contains(QStringLiteral("File too large")))
             << committed.error().text.toStdString();
     }
-    EXPECT_EQ(content(QStringLiteral("f")), "old");
+    EXPECT_EQ(bytes(QStringLiteral("f")), "old");
     EXPECT_EQ(files(), QStringList{QStringLiteral("f")});
 }
 
@@ -129,7 +129,7 @@ TEST_F(AtomicFile, AMissingFolderIsNamed)
 
 TEST_F(AtomicFile, AFileInPlaceOfTheFolderIsNamed)
 {
-    put(QStringLiteral("plain"), "x");
+    write(QStringLiteral("plain"), "x");
     const QString text = openError(path(QStringLiteral("plain/f.png")));
     EXPECT_TRUE(text.contains(QStringLiteral("is not a folder"))) << text.toStdString();
 }
@@ -169,7 +169,7 @@ TEST_F(AtomicFile, AFolderWithoutPermissionIsNamed)
 
 TEST_F(AtomicFile, AProtectedFileIsNotReplaced)
 {
-    put(QStringLiteral("f"), "old");
+    write(QStringLiteral("f"), "old");
     permit(path(QStringLiteral("f")), {});
     permit(path(QString()), QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther);
     QString text;
@@ -178,18 +178,18 @@ TEST_F(AtomicFile, AProtectedFileIsNotReplaced)
         text = openError(path(QStringLiteral("f")));
     }
     EXPECT_TRUE(text.contains(QStringLiteral("may not be changed"))) << text.toStdString();
-    EXPECT_EQ(content(QStringLiteral("f")), "old");
+    EXPECT_EQ(bytes(QStringLiteral("f")), "old");
 }
 
 TEST_F(AtomicFile, ALinkStaysALink)
 {
-    put(QStringLiteral("target"), "old");
+    write(QStringLiteral("target"), "old");
     ASSERT_TRUE(QFile::link(path(QStringLiteral("target")), path(QStringLiteral("link"))));
     IIO_AtomicFile file(path(QStringLiteral("link")));
     ASSERT_TRUE(file.open().ok());
     file.device().write("new");
     ASSERT_TRUE(file.commit().ok());
-    EXPECT_EQ(content(QStringLiteral("target")), "new");
+    EXPECT_EQ(bytes(QStringLiteral("target")), "new");
     EXPECT_TRUE(QFileInfo(path(QStringLiteral("link"))).isSymLink());
 }
 

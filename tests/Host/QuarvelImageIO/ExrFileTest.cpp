@@ -121,16 +121,16 @@ TEST_F(ExrFile, AKeyOfTheFormatItselfIsRefused)
 
 TEST_F(ExrFile, AFullDiskLeavesTheOldPictureWhereverItStrikes)
 {
-    put(QStringLiteral("p.exr"), "old");
+    write(QStringLiteral("p.exr"), "old");
     const IIO_Picture picture = randomFloats({0, 0, 64, 64}, {0, 0, 64, 64}, IIO_channelsRgba(), 1);
     ASSERT_TRUE(IIO_writeExr(path(QStringLiteral("whole.exr")), picture, {}).ok());
-    const auto size = static_cast<rlim_t>(content(QStringLiteral("whole.exr")).size());
+    const auto size = static_cast<rlim_t>(bytes(QStringLiteral("whole.exr")).size());
     // The disk is full in the header, in the middle of the lines, and at the last byte.
     for (const rlim_t room : {rlim_t{100}, size / 2, size - 1}) {
         const FileSizeLimit limit(room);
         EXPECT_FALSE(IIO_writeExr(path(QStringLiteral("p.exr")), picture, {}).ok()) << room;
     }
-    EXPECT_EQ(content(QStringLiteral("p.exr")), "old");
+    EXPECT_EQ(bytes(QStringLiteral("p.exr")), "old");
     EXPECT_EQ(files().size(), 2);
 }
 
@@ -138,9 +138,9 @@ TEST_F(ExrFile, ACutFileIsAnErrorAndNoCrash)
 {
     const IIO_Picture picture = randomFloats({0, 0, 20, 20}, {0, 0, 20, 20}, IIO_channelsRgba(), 1);
     ASSERT_TRUE(IIO_writeExr(path(QStringLiteral("p.exr")), picture, {}).ok());
-    const QByteArray whole = content(QStringLiteral("p.exr"));
+    const QByteArray whole = bytes(QStringLiteral("p.exr"));
     for (qsizetype length = 0; length < whole.size() - 1; length += 1 + whole.size() / 50) {
-        put(QStringLiteral("cut.exr"), whole.left(length));
+        write(QStringLiteral("cut.exr"), whole.left(length));
         const auto back = IIO_readExr(path(QStringLiteral("cut.exr")));
         ASSERT_FALSE(back.ok()) << length;
         EXPECT_TRUE(back.error().sentence().contains(path(QStringLiteral("cut.exr"))));

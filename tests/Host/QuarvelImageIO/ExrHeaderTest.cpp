@@ -5,8 +5,6 @@
 
 #include "QuarvelImageIO/IIO_ExrFile.h"
 
-#include <QFile>
-
 #include <gmock/gmock.h>
 
 namespace {
@@ -54,11 +52,7 @@ struct ExrHeader : FolderTest
 {
     std::string errorOf(const QByteArray& bytes)
     {
-        QFile file(path(QStringLiteral("h.exr")));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        EXPECT_EQ(file.write(bytes), bytes.size());
-        file.close();
-        const auto read = IIO_readExr(file.fileName());
+        const auto read = IIO_readExr(write("h.exr", bytes));
         EXPECT_FALSE(read.ok());
         return read.ok() ? std::string() : read.error().text.toStdString();
     }

@@ -23,7 +23,7 @@ TEST_F(PictureFile, TheSuffixChoosesTheFormatInAnyCase)
                                                           {QStringLiteral("e.bmp"), "BM"}};
     for (const auto& [name, start] : starts) {
         ASSERT_TRUE(IIO_write(path(name), picture).ok()) << name.toStdString();
-        EXPECT_TRUE(content(name).startsWith(start)) << name.toStdString();
+        EXPECT_TRUE(bytes(name).startsWith(start)) << name.toStdString();
         EXPECT_TRUE(IIO_read(path(name)).ok()) << name.toStdString();
     }
 }
@@ -97,10 +97,10 @@ TEST_F(PictureFile, AMissingFileIsNamed)
 
 TEST_F(PictureFile, AFailedWriteInAnEightBitFormatLeavesTheOldFile)
 {
-    put(QStringLiteral("p.jpg"), "old");
+    write(QStringLiteral("p.jpg"), "old");
     const QStringList layers{QStringLiteral("N.X")};
     EXPECT_FALSE(IIO_write(path(QStringLiteral("p.jpg")), randomPicture16(2, 2, layers, 1)).ok());
-    EXPECT_EQ(content(QStringLiteral("p.jpg")), "old");
+    EXPECT_EQ(bytes(QStringLiteral("p.jpg")), "old");
 }
 
 } // namespace

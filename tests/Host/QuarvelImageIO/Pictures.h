@@ -4,10 +4,8 @@
 #pragma once
 
 #include "QuarvelImageIO/IIO_Picture.h"
+#include "TestFolder.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -56,25 +54,6 @@ IIO_Picture pictureOfSamples(int width, int height, const QStringList& channels,
     return pictureOf<Sample>({0, 0, width, height}, {0, 0, width, height}, channels, [&] { return *next++; });
 }
 
-/// A test with a folder of its own, which is removed afterwards.
-class FolderTest : public testing::Test
-{
-protected:
-    QString path(const QString& name) const { return QDir(_folder.path()).filePath(name); }
-    QStringList files() const { return QDir(_folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
-
-    void put(const QString& name, const QByteArray& content) const
-    {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(content), content.size());
-    }
-    QByteArray content(const QString& name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-    }
-
-private:
-    QTemporaryDir _folder;
-};
+/// A test with a folder of its own.
+class FolderTest : public testing::Test, protected TestFolder
+{};

@@ -46,12 +46,12 @@ TEST_F(PngFile, ColoursUnderNoCoverageSurvive)
 TEST_F(PngFile, HasSixteenBitsAChannelAndNoGamma)
 {
     ASSERT_TRUE(IIO_writePng(path(QStringLiteral("p.png")), randomPicture16(3, 3, IIO_channelsRgba(), 1), {}).ok());
-    const QByteArray bytes = content(QStringLiteral("p.png"));
-    EXPECT_EQ(bytes[24], 16); // bit depth
-    EXPECT_EQ(bytes[25], 6);  // colour with alpha
-    EXPECT_FALSE(bytes.contains("gAMA"));
-    EXPECT_FALSE(bytes.contains("sRGB"));
-    EXPECT_FALSE(bytes.contains("iCCP"));
+    const QByteArray file = bytes(QStringLiteral("p.png"));
+    EXPECT_EQ(file[24], 16); // bit depth
+    EXPECT_EQ(file[25], 6);  // colour with alpha
+    EXPECT_FALSE(file.contains("gAMA"));
+    EXPECT_FALSE(file.contains("sRGB"));
+    EXPECT_FALSE(file.contains("iCCP"));
 }
 
 TEST_F(PngFile, GreyWithCoverageBecomesFourChannels)
@@ -125,7 +125,7 @@ TEST_F(PngFile, SmallerSettingsMakeSmallerFiles)
     std::vector<qsizetype> sizes;
     for (const auto compression : {IIO_Compression::NONE, IIO_Compression::FAST, IIO_Compression::SMALL}) {
         ASSERT_TRUE(IIO_writePng(path(QStringLiteral("p.png")), picture, {.compression = compression}).ok());
-        sizes.push_back(content(QStringLiteral("p.png")).size());
+        sizes.push_back(bytes(QStringLiteral("p.png")).size());
     }
     EXPECT_GT(sizes[0], sizes[1]);
     EXPECT_GT(sizes[1], sizes[2]);
@@ -133,7 +133,7 @@ TEST_F(PngFile, SmallerSettingsMakeSmallerFiles)
 
 TEST_F(PngFile, AFullDiskLeavesTheOldPicture)
 {
-    put(QStringLiteral("p.png"), "old");
+    write(QStringLiteral("p.png"), "old");
     {
         const FileSizeLimit limit(20000);
         const auto written =
@@ -142,13 +142,13 @@ TEST_F(PngFile, AFullDiskLeavesTheOldPicture)
         EXPECT_TRUE(written.error().text.contains(QStringLiteral("File too large")))
             << written.error().text.toStdString();
     }
-    EXPECT_EQ(content(QStringLiteral("p.png")), "old");
+    EXPECT_EQ(bytes(QStringLiteral("p.png")), "old");
     EXPECT_EQ(files().size(), 1);
 }
 
 TEST_F(PngFile, AFileThatIsNoPngIsNamed)
 {
-    put(QStringLiteral("p.png"), "not a picture");
+    write(QStringLiteral("p.png"), "not a picture");
     const auto picture = IIO_readPng(path(QStringLiteral("p.png")));
     ASSERT_FALSE(picture.ok());
     EXPECT_TRUE(picture.error().text.contains(path(QStringLiteral("p.png"))));

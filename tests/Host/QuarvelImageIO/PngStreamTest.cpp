@@ -73,7 +73,7 @@ TEST_F(PngStream, IsWhatItsFormatSays)
     IIO_Picture picture = pictureOfSamples<U16>(2, 1, IIO_channelsRgba(), {1, 2, 3, 4, 5, 6, 7, 65535});
     picture.metadata().set(QStringLiteral("Layout"), QStringLiteral("tangent"));
     ASSERT_TRUE(IIO_writePng(path(QStringLiteral("p.png")), picture, {.compression = IIO_Compression::NONE}).ok());
-    const QByteArray png = content(QStringLiteral("p.png"));
+    const QByteArray png = bytes(QStringLiteral("p.png"));
     EXPECT_EQ(png.left(8), QByteArray("\x89PNG\r\n\x1a\n"));
     const auto chunks = chunksOf(png);
     EXPECT_EQ(typesOf(chunks), (QByteArrayList{"IHDR", "pHYs", "tEXt", "IDAT", "IEND"}));
@@ -94,7 +94,7 @@ TEST_F(PngStream, FiltersByTheLeftNeighbourOrTheOneAbove)
     // The first row differs least from its left neighbours; the second is equal to the row above.
     const auto picture = pictureOfSamples<U16>(3, 2, IIO_channelsGrey(), {256, 257, 258, 256, 257, 258});
     ASSERT_TRUE(IIO_writePng(path(QStringLiteral("p.png")), picture, {}).ok());
-    const QByteArray data = dataOf(chunksOf(content(QStringLiteral("p.png"))), "IDAT");
+    const QByteArray data = dataOf(chunksOf(bytes(QStringLiteral("p.png"))), "IDAT");
     EXPECT_EQ(inflated(data, 14).toHex(), "01010000010001"
                                           "02000000000000");
 }
@@ -110,7 +110,7 @@ TEST_F(PngStream, TheLeftNeighbourMustLeaveATenthFewerBytesThatAreNotZero)
     ASSERT_TRUE(IIO_writePng(path(QStringLiteral("p.png")), picture, {}).ok());
     constexpr qsizetype kRowBytes = 1 + 2 * kWidth;
     const QByteArray data =
-        inflated(dataOf(chunksOf(content(QStringLiteral("p.png"))), "IDAT"), qsizetype{3} * kRowBytes);
+        inflated(dataOf(chunksOf(bytes(QStringLiteral("p.png"))), "IDAT"), qsizetype{3} * kRowBytes);
     constexpr char kSub = 1;
     constexpr char kUp = 2;
     EXPECT_EQ(data.at(0), kUp);
@@ -127,7 +127,7 @@ TEST_F(PngStream, InEightBitsTheSmallerDifferencesCount)
         sample = static_cast<U16>(257 * sample);
     const auto picture = pictureOfSamples<U16>(4, 3, IIO_channelsGrey(), samples);
     ASSERT_TRUE(IIO_writePng(path(QStringLiteral("p.png")), picture, {.pngBits = 8}).ok());
-    const QByteArray data = dataOf(chunksOf(content(QStringLiteral("p.png"))), "IDAT");
+    const QByteArray data = dataOf(chunksOf(bytes(QStringLiteral("p.png"))), "IDAT");
     EXPECT_EQ(inflated(data, 15).toHex(), "01000a140a"
                                           "0205010114"
                                           "021913ff02");
@@ -198,7 +198,7 @@ TEST_F(PngStream, TextsThatAreNotLatinAreWrittenAsUtf8)
     picture.metadata().set(QStringLiteral("Author"), QString::fromUtf8("筆"));
     picture.metadata().set(QStringLiteral("Source"), QString::fromUtf8("é"));
     ASSERT_TRUE(IIO_writePng(path(QStringLiteral("p.png")), picture, {}).ok());
-    const auto chunks = chunksOf(content(QStringLiteral("p.png")));
+    const auto chunks = chunksOf(bytes(QStringLiteral("p.png")));
     EXPECT_EQ(dataOf(chunks, "iTXt"), QByteArray("Author\0\0\0\0\0\xe7\xad\x86", 14));
     EXPECT_EQ(dataOf(chunks, "tEXt"), QByteArray("Source\0\xe9", 8));
 }
@@ -217,7 +217,7 @@ TEST_F(PngStream, RowsThatRepeatComeBackBetweenOthers)
         ASSERT_TRUE(back.ok()) << back.error().text.toStdString();
         EXPECT_TRUE(samplesOf<U16>(*back) == samplesOf<U16>(picture));
         constexpr qsizetype kLength = qsizetype{kHeight} * (1 + 8 * kWidth);
-        const QByteArray data = dataOf(chunksOf(content(QStringLiteral("p.png"))), "IDAT");
+        const QByteArray data = dataOf(chunksOf(bytes(QStringLiteral("p.png"))), "IDAT");
         EXPECT_EQ(inflated(data, kLength).size(), kLength) << "with the right checksum";
     }
 }
@@ -259,7 +259,7 @@ TEST_P(PngShape, HasSoundChunksAndEndsWithTheRightChecksum)
 {
     for (const IIO_Compression compression : kCompressions) {
         ASSERT_TRUE(IIO_writePng(file(), picture(IIO_channelsRgb()), {.compression = compression}).ok());
-        const auto chunks = chunksOf(content(QStringLiteral("p.png")));
+        const auto chunks = chunksOf(bytes(QStringLiteral("p.png")));
         for (const Chunk& chunk : chunks)
             EXPECT_TRUE(chunk.isSound);
         const qsizetype length = qsizetype{GetParam().height} * (1 + qsizetype{6} * GetParam().width);
@@ -275,7 +275,7 @@ TEST_P(PngShape, IsTheSameOnAnyNumberOfThreads)
         for (const int threads : {1, 2, 7})
             tbb::task_arena(threads).execute([&] {
                 ASSERT_TRUE(IIO_writePng(file(), picture(IIO_channelsRgba()), {.compression = compression}).ok());
-                files << content(QStringLiteral("p.png"));
+                files << bytes(QStringLiteral("p.png"));
             });
         EXPECT_TRUE(files[0] == files[1]);
         EXPECT_TRUE(files[0] == files[2]);

@@ -189,7 +189,7 @@ TEST_F(AtomicSave, KilledAtAnyOperationLeavesTheOldOrTheNewScene)
                       }),
                       TrickyDisk::kDied);
             expectOldOrNew("operation " + std::to_string(i));
-            const bool isNew = bytesOf(place.folder + text("/scene.xml")) == newFiles.value(text("scene.xml"));
+            const bool isNew = bytesOfFile(place.folder + text("/scene.xml")) == newFiles.value(text("scene.xml"));
             wasNew |= isNew;
             wasOld |= !isNew;
         }

@@ -22,7 +22,7 @@ struct DamagedScene : testing::Test
         whole = filesIn(place.folder);
     }
 
-    void put(const QString& file, const QByteArray& bytes) { putBytes(place.folder + u'/' + file, bytes); }
+    void put(const QString& file, const QByteArray& bytes) { writeTestFile(place.folder + u'/' + file, bytes); }
     void edit(const QString& file, const QByteArray& before, const QByteArray& after)
     {
         QByteArray bytes = whole.value(file);
@@ -134,7 +134,7 @@ TEST_F(DamagedScene, ADocumentTypeIsRefused)
 
 TEST_F(DamagedScene, PathsCannotLeaveTheFolder)
 {
-    putBytes(place.home.path() + text("/1.kvr"), whole.value(kDrawing));
+    writeTestFile(place.home.path() + text("/1.kvr"), whole.value(kDrawing));
     for (const char* folder : {"..", "../..", "/etc", "a/b", "C:", "", ".", "..\\.."}) {
         edit(text("scene.xml"), "folder=\"Only%201\"", QByteArray("folder=\"") + folder + "\"");
         expectError("scene.xml, line ");
@@ -146,14 +146,14 @@ TEST_F(DamagedScene, PathsCannotLeaveTheFolder)
 TEST_F(DamagedScene, LinksCannotLeaveTheFolder)
 {
     const QString outside = place.home.path() + text("/1.kvr");
-    putBytes(outside, whole.value(kDrawing));
+    writeTestFile(outside, whole.value(kDrawing));
     QFile::remove(place.folder + u'/' + kDrawing);
     ASSERT_TRUE(QFile::link(outside, place.folder + u'/' + kDrawing));
     expectError("is reached through a link");
     // Saving replaces the link by a file and does not change the link's target.
     save(*makeScene(1), place.folder);
     EXPECT_FALSE(QFileInfo(place.folder + u'/' + kDrawing).isSymLink());
-    EXPECT_EQ(bytesOf(outside), whole.value(kDrawing));
+    EXPECT_EQ(bytesOfFile(outside), whole.value(kDrawing));
 }
 
 TEST_F(DamagedScene, NothingIsSavedThroughAFolderThatLeadsOut)

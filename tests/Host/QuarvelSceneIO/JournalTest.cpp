@@ -38,10 +38,10 @@ struct Journals : testing::Test
     {
         const SIO_Journal journal = journalOfTheNewScene();
         for (const SIO_Journal::Write& write : journal.writes)
-            putBytes(folder + u'/' + write.staged, newFiles.value(write.target));
+            writeTestFile(folder + u'/' + write.staged, newFiles.value(write.target));
         const auto sealed = SIO_sealed(SIO_journalText(journal), folder);
         ASSERT_TRUE(sealed) << qPrintable(sealed.error().text);
-        putBytes(folder + text("/.journal"), *sealed);
+        writeTestFile(folder + text("/.journal"), *sealed);
     }
 
     // Expects that the folder loads as the given scene, that the journal is reported and stays with its files, and that
@@ -108,28 +108,28 @@ TEST_F(Journals, AnotherUsersIsLeftAlone)
 
 TEST_F(Journals, OneWithoutASealIsLeftAlone)
 {
-    putBytes(inside(".journal"), SIO_journalText(journalOfTheNewScene()));
+    writeTestFile(inside(".journal"), SIO_journalText(journalOfTheNewScene()));
     expectLeftAlone(place.folder, oldFiles);
 }
 
 TEST_F(Journals, OneThatWasChangedIsLeftAlone)
 {
-    const QByteArray whole = bytesOf(inside(".journal"));
+    const QByteArray whole = bytesOfFile(inside(".journal"));
     for (qsizetype i = 0; i < whole.size(); i += 7) {
-        putBytes(inside(".journal"), whole.left(i));
+        writeTestFile(inside(".journal"), whole.left(i));
         expectLeftAlone(place.folder, oldFiles);
         QByteArray flipped = whole;
         flipped[i] = static_cast<char>(flipped[i] ^ 0x01);
-        putBytes(inside(".journal"), flipped);
+        writeTestFile(inside(".journal"), flipped);
         expectLeftAlone(place.folder, oldFiles);
     }
-    putBytes(inside(".journal"), whole + '\n');
+    writeTestFile(inside(".journal"), whole + '\n');
     expectLeftAlone(place.folder, oldFiles);
 }
 
 TEST_F(Journals, OneWhoseFilesWereChangedIsLeftAlone)
 {
-    putBytes(inside(".save/0"), "<quarvelScene/>");
+    writeTestFile(inside(".save/0"), "<quarvelScene/>");
     expectLeftAlone(place.folder, oldFiles);
 }
 
@@ -139,20 +139,20 @@ TEST_F(Journals, OnesOwnTouchesNothingButAScenesFiles)
     for (const char* path : {".git/config", "elements/1.kvr", "elements/a/b/1.kvr", "elements/Hero/config", "x.xml",
                              "palettes/a.kvr", "palettes/a/b.xml", "scene.xml/x", "Scene.xml", "../scene.xml"}) {
         SIO_Journal journal;
-        journal.writes.push_back({text(".save/0"), text(path), SIO_digest(bytesOf(inside(".save/0")))});
-        putBytes(inside(".journal"), *SIO_sealed(SIO_journalText(journal), place.folder));
+        journal.writes.push_back({text(".save/0"), text(path), SIO_digest(bytesOfFile(inside(".save/0")))});
+        writeTestFile(inside(".journal"), *SIO_sealed(SIO_journalText(journal), place.folder));
         expectLeftAlone(place.folder, oldFiles);
         journal.writes.clear();
         journal.deletes << text(path);
-        putBytes(inside(".journal"), *SIO_sealed(SIO_journalText(journal), place.folder));
+        writeTestFile(inside(".journal"), *SIO_sealed(SIO_journalText(journal), place.folder));
         expectLeftAlone(place.folder, oldFiles);
     }
 }
 
 TEST_F(Journals, OnceAStrangersIsTakenAwayTheSceneCanBeSaved)
 {
-    putBytes(inside(".journal"), "write 0 .git/config\n");
-    putBytes(inside(".save/notes.txt"), "somebody's");
+    writeTestFile(inside(".journal"), "write 0 .git/config\n");
+    writeTestFile(inside(".save/notes.txt"), "somebody's");
     expectLeftAlone(place.folder, oldFiles);
     ASSERT_TRUE(QFile::remove(inside(".journal")));
     save(*newScene, place.folder);

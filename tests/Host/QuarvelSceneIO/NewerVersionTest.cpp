@@ -15,10 +15,10 @@ struct NewerVersion : testing::Test
     void edit(const char* file, const QByteArray& before, const QByteArray& after)
     {
         const QString path = place.folder + u'/' + text(file);
-        QByteArray bytes = bytesOf(path);
+        QByteArray bytes = bytesOfFile(path);
         const auto at = bytes.indexOf(before);
         ASSERT_GE(at, 0) << file << ": " << before.constData();
-        putBytes(path, bytes.replace(at, before.size(), after));
+        writeTestFile(path, bytes.replace(at, before.size(), after));
     }
 
     // Loads and saves the scene; returns the warnings of loading.
@@ -34,7 +34,7 @@ struct NewerVersion : testing::Test
 
     void expectKept(const char* file, const char* what)
     {
-        EXPECT_TRUE(bytesOf(place.folder + u'/' + text(file)).contains(what)) << file << ": " << what;
+        EXPECT_TRUE(bytesOfFile(place.folder + u'/' + text(file)).contains(what)) << file << ": " << what;
     }
 
     ScenePlace place;
@@ -115,8 +115,8 @@ TEST_F(NewerVersion, OfASourceAndItsFilesIsKept)
 TEST_F(NewerVersion, DrawingsOfModulesOfUnknownKindsAreKept)
 {
     const QString mainFile = place.folder + text("/scene.xml");
-    putBytes(mainFile, bytesOf(mainFile).replace("type=\"READ\"", "type=\"READ_3D\""));
-    putBytes(place.folder + u'/' + text(kDrawing), "<kvr3d anything=\"1\"/>");
+    writeTestFile(mainFile, bytesOfFile(mainFile).replace("type=\"READ\"", "type=\"READ_3D\""));
+    writeTestFile(place.folder + u'/' + text(kDrawing), "<kvr3d anything=\"1\"/>");
     const Files before = filesIn(place.folder);
     EXPECT_TRUE(warnings().contains(text("READ_3D")));
     // The unknown parts of the attributes have another order; all other files are unchanged.

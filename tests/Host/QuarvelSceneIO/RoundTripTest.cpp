@@ -103,8 +103,8 @@ TEST(SceneRoundTrip, DrawingsAndPalettesThatAreGoneLoseTheirFilesAndNothingElseD
     const ScenePlace place;
     const auto scene = makeScene(1);
     save(*scene, place.folder);
-    putBytes(place.folder + text("/elements/Only%201/notes.txt"), "mine");
-    putBytes(place.folder + text("/elements/stranger/1.kvr"), "mine");
+    writeTestFile(place.folder + text("/elements/Only%201/notes.txt"), "mine");
+    writeTestFile(place.folder + text("/elements/stranger/1.kvr"), "mine");
     scene->root().take(*scene->findModule(text("Group")));
     scene->removePalette(scene->palettes().front());
     save(*scene, place.folder);
@@ -186,11 +186,11 @@ TEST(SceneRoundTrip, AModuleWithoutClipBlurredWithGeometryHasItOff)
     EXPECT_EQ(difference(loadedFiles(place.folder), filesIn(place.folder)), "");
 
     const QString path = place.folder + text("/scene.xml");
-    QList<QByteArray> lines = bytesOf(path).split('\n');
+    QList<QByteArray> lines = bytesOfFile(path).split('\n');
     const auto removed =
         lines.removeIf([](const QByteArray& line) { return line.contains("<ClipBlurredWithGeometry"); });
     ASSERT_EQ(removed, 1);
-    putBytes(path, lines.join('\n'));
+    writeTestFile(path, lines.join('\n'));
     EXPECT_NE(valueOnDisk(), on);
 }
 

@@ -11,10 +11,10 @@
 #include "QuarvelSceneCore/kinds/MO_GlueModule.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
 #include "QuarvelSceneIO/private/SIO_SceneFiles.h"
+#include "TestFolder.h"
 
 #include <QDir>
 #include <QDirIterator>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -35,20 +35,6 @@ struct ScenePlace
     QString folder = home.path() + QStringLiteral("/a.scene");
 };
 
-inline QByteArray bytesOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-inline void putBytes(const QString& path, const QByteArray& bytes)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(path);
-    ASSERT_EQ(file.write(bytes), bytes.size());
-}
-
 /// All files in a folder by their paths within it, including hidden ones, except for the lock file that a killed
 /// process left.
 inline Files filesIn(const QString& folder)
@@ -58,7 +44,7 @@ inline Files filesIn(const QString& folder)
     while (all.hasNext()) {
         const QString path = all.next();
         if (!path.endsWith(QStringLiteral("/.lock")))
-            files.insert(path.mid(folder.size() + 1), bytesOf(path));
+            files.insert(path.mid(folder.size() + 1), bytesOfFile(path));
     }
     return files;
 }
@@ -77,7 +63,7 @@ inline std::string difference(const Files& a, const Files& b)
 inline void putFiles(const QString& folder, const Files& files)
 {
     for (auto file = files.cbegin(); file != files.cend(); ++file)
-        putBytes(folder + u'/' + file.key(), file.value());
+        writeTestFile(folder + u'/' + file.key(), file.value());
 }
 
 /// The files as which a scene would be saved.

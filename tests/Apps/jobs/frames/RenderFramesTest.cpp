@@ -8,8 +8,6 @@
 #include "jobs/frames/FrameOnDisk.h"
 #include "jobs/frames/FrameRange.h"
 
-#include <QFileInfo>
-
 #include <gmock/gmock.h>
 
 #include <atomic>
@@ -62,8 +60,8 @@ TEST_F(RenderFramesTest, InShardsGiveTheSameSet)
     EXPECT_EQ(render(settings("all/n.##.png", framesTo(10))).written, 10);
     for (int shard = 1; shard <= 3; ++shard)
         render(settings("shards/n.##.png", shardOf(framesTo(10), shard, 3)));
-    ASSERT_EQ(filesIn("shards"), filesIn("all"));
-    for (const QString& name : filesIn("all"))
+    ASSERT_EQ(files("shards"), files("all"));
+    for (const QString& name : files("all"))
         EXPECT_EQ(bytes(path("all/") + name), bytes(path("shards/") + name)) << name.toStdString();
 }
 
@@ -351,7 +349,7 @@ TEST_F(RenderFramesTest, GoOnWhenOneFails)
     EXPECT_FALSE(result.stopped);
     ASSERT_EQ(reasons.size(), 1);
     EXPECT_THAT(reasons.first().toStdString(), testing::StartsWith("2: "));
-    EXPECT_EQ(filesIn("out"), (QStringList{QStringLiteral("n.1.png"), QStringLiteral("n.3.png")}));
+    EXPECT_EQ(files("out"), (QStringList{QStringLiteral("n.1.png"), QStringLiteral("n.3.png")}));
 }
 
 TEST_F(RenderFramesTest, StopInOrder)
@@ -364,7 +362,7 @@ TEST_F(RenderFramesTest, StopInOrder)
     EXPECT_TRUE(result.stopped);
     EXPECT_EQ(result.failed, 0);
     EXPECT_EQ(result.written, 3);
-    EXPECT_EQ(filesIn("out").size(), 3);
+    EXPECT_EQ(files("out").size(), 3);
 }
 
 TEST_F(RenderFramesTest, TellProgressThatNeverGoesBack)

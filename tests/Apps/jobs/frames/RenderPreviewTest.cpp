@@ -133,7 +133,7 @@ TEST_F(Preview, IsEncodedWhereTheEncoderIsInstalled)
     }
     EXPECT_EQ(bytes(path("films/lit.gif")).left(3), QByteArray("GIF"));
     EXPECT_EQ(bytes(path("films/lit.mp4")).mid(4, 4), QByteArray("ftyp"));
-    EXPECT_EQ(filesIn("films").size(), 2);
+    EXPECT_EQ(files("films").size(), 2);
 }
 
 // Encoders that fail, or that report success although they failed.
@@ -161,14 +161,14 @@ TEST_F(EncodedPreview, SaysWhenTheEncoderFails)
     const auto made = previewBy("#!/bin/sh\necho no such codec >&2\nexit 3\n", "#!/bin/sh\n");
     ASSERT_FALSE(made);
     EXPECT_THAT(made.error().text.toStdString(), HasSubstr("no such codec"));
-    EXPECT_TRUE(filesIn("films").isEmpty());
+    EXPECT_TRUE(files("films").isEmpty());
 }
 
 TEST_F(EncodedPreview, AppearsWhenAllItsFramesAreFoundInIt)
 {
     const auto made = previewBy(kWrites, "#!/bin/sh\necho 3\n");
     ASSERT_TRUE(made) << made.error().text.toStdString();
-    EXPECT_EQ(filesIn("films"), QStringList{QStringLiteral("lit.mp4")});
+    EXPECT_EQ(files("films"), QStringList{QStringLiteral("lit.mp4")});
 }
 
 TEST_F(EncodedPreview, OfWhichFramesAreMissingDoesNotAppear)
@@ -176,7 +176,7 @@ TEST_F(EncodedPreview, OfWhichFramesAreMissingDoesNotAppear)
     const auto made = previewBy(kWrites, "#!/bin/sh\necho 1\n");
     ASSERT_FALSE(made);
     EXPECT_THAT(made.error().text.toStdString(), HasSubstr("1 of its 3 frames can be read back"));
-    EXPECT_TRUE(filesIn("films").isEmpty());
+    EXPECT_TRUE(files("films").isEmpty());
 }
 
 TEST_F(EncodedPreview, ThatCannotBeDecodedDoesNotAppear)
@@ -184,7 +184,7 @@ TEST_F(EncodedPreview, ThatCannotBeDecodedDoesNotAppear)
     const auto made = previewBy(kWrites, "#!/bin/sh\necho 3\necho half a frame >&2\n");
     ASSERT_FALSE(made);
     EXPECT_THAT(made.error().text.toStdString(), HasSubstr("half a frame"));
-    EXPECT_TRUE(filesIn("films").isEmpty());
+    EXPECT_TRUE(files("films").isEmpty());
 }
 
 } // namespace

@@ -71,8 +71,8 @@ TEST_F(RenderProgram, RendersWhatTheDisplayShows)
     const Outcome outcome = quarvel("small.scene -o out/n.####.exr --frames 1-5x2,9 --resolution 64");
     EXPECT_EQ(outcome.exitCode, 0) << outcome.messages;
     EXPECT_THAT(outcome.output, HasSubstr("4 written"));
-    EXPECT_EQ(filesIn("out"), (QStringList{QStringLiteral("n.0001.exr"), QStringLiteral("n.0003.exr"),
-                                           QStringLiteral("n.0005.exr"), QStringLiteral("n.0009.exr")}));
+    EXPECT_EQ(files("out"), (QStringList{QStringLiteral("n.0001.exr"), QStringLiteral("n.0003.exr"),
+                                         QStringLiteral("n.0005.exr"), QStringLiteral("n.0009.exr")}));
     const auto picture = IIO_read(path("out/n.0003.exr"));
     ASSERT_TRUE(picture);
     EXPECT_EQ(picture->displayWindow(), Math::Box2di(0, 0, 64, 32));
@@ -99,9 +99,9 @@ TEST_F(RenderProgram, RendersAllFramesAlikeWithOneJobAndTwo)
 {
     EXPECT_EQ(quarvel("small.scene -o one/n.##.exr --resolution 64 --jobs 1 -q").exitCode, 0);
     EXPECT_EQ(quarvel("small.scene -o two/n.##.exr --resolution 64 --jobs 2 -q").exitCode, 0);
-    ASSERT_EQ(filesIn("one").size(), 48);
-    ASSERT_EQ(filesIn("two"), filesIn("one"));
-    for (const QString& name : filesIn("one"))
+    ASSERT_EQ(files("one").size(), 48);
+    ASSERT_EQ(files("two"), files("one"));
+    for (const QString& name : files("one"))
         EXPECT_EQ(bytes(path("one/") + name), bytes(path("two/") + name)) << name.toStdString();
 }
 
@@ -225,7 +225,7 @@ TEST_F(RenderProgram, ReportsAFrameThatFailsAndGoesOn)
     const Outcome outcome = quarvel("small.scene -o out/n.#.png --frames 1-3 --resolution 32");
     EXPECT_EQ(outcome.exitCode, 1);
     EXPECT_THAT(outcome.messages, HasSubstr("frame 2: "));
-    EXPECT_EQ(filesIn("out").size(), 2);
+    EXPECT_EQ(files("out").size(), 2);
 }
 
 TEST_F(RenderProgram, ResumesWhereItStopped)
@@ -288,9 +288,9 @@ TEST_F(RenderProgram, InspectSaysWhatAFrameIsMadeOf)
 TEST_F(RenderProgram, SharesItsFramesOut)
 {
     quarvel("small.scene -o out/n.#.png --frames 1-5 --resolution 32 --shard 1/2");
-    EXPECT_EQ(filesIn("out").join(QLatin1Char(' ')).toStdString(), "n.1.png n.3.png n.5.png");
+    EXPECT_EQ(files("out").join(QLatin1Char(' ')).toStdString(), "n.1.png n.3.png n.5.png");
     quarvel("small.scene -o out/n.#.png --frames 1-5 --resolution 32 --shard 2/2");
-    EXPECT_EQ(filesIn("out").size(), 5);
+    EXPECT_EQ(files("out").size(), 5);
 }
 
 TEST_F(RenderProgram, TellsProgressInLinesWhenAskedTo)
@@ -348,15 +348,15 @@ TEST_P(StoppedRender, LeavesWholeFilesOnly)
     QProcess process;
     start(process, "small.scene -o out/n.##.exr --resolution 640 --jobs 2");
     ASSERT_TRUE(process.waitForStarted());
-    for (int i = 0; i < 600 && filesIn("out").size() < 2; ++i)
+    for (int i = 0; i < 600 && files("out").size() < 2; ++i)
         QThread::msleep(50);
     ASSERT_EQ(::kill(static_cast<pid_t>(process.processId()), GetParam()), 0);
     ASSERT_TRUE(process.waitForFinished(60'000));
     EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(process.exitCode(), 128 + GetParam());
-    const QStringList files = filesIn("out");
-    EXPECT_LT(files.size(), 48);
-    for (const QString& name : files) {
+    const QStringList written = files("out");
+    EXPECT_LT(written.size(), 48);
+    for (const QString& name : written) {
         EXPECT_THAT(name.toStdString(), testing::MatchesRegex("n\\...\\.exr"));
         EXPECT_TRUE(IIO_read(path("out/") + name)) << name.toStdString();
     }
@@ -368,7 +368,7 @@ TEST_F(RenderProgram, MakesAPreview)
 {
     const Outcome outcome = quarvel("small.scene --preview look/lit.png --frames 1-3 --resolution 64");
     EXPECT_EQ(outcome.exitCode, 0) << outcome.messages;
-    EXPECT_EQ(filesIn("look"), QStringList{QStringLiteral("lit.png")});
+    EXPECT_EQ(files("look"), QStringList{QStringLiteral("lit.png")});
 }
 
 TEST_F(RenderProgram, DoesNotChangeTheScene)

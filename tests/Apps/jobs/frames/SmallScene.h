@@ -6,17 +6,14 @@
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/graph/MO_Port.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "TestFolder.h"
 #include "jobs/drawing/ReadDrawing.h"
 #include "jobs/frames/RenderFrames.h"
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 /// A test with a temporary folder and the scene.
-class SmallScene : public testing::Test
+class SmallScene : public testing::Test, protected TestFolder
 {
 protected:
     void SetUp() override
@@ -46,25 +43,6 @@ protected:
     MO_ElementModule& element() const { return *_scene->elements().front(); }
     MO_Module& drawing() const { return _scene->flatDrawing(); }
 
-    void write(const char* name, const QByteArray& content) const
-    {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(content), content.size());
-    }
-    QString path(const char* name) const { return QDir(_folder.path()).filePath(QString::fromUtf8(name)); }
-    QByteArray bytes(const QString& name) const
-    {
-        QFile file(name);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
-        return file.readAll();
-    }
-    /// The names of the files in a folder, hidden ones too.
-    QStringList filesIn(const char* folder) const
-    {
-        return QDir(path(folder)).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
-    }
-
     /// Settings for frames of 64 x 32 pixels in the folder; the pattern is relative to it.
     RenderFramesSettings settings(const char* pattern, const std::vector<int>& frames) const
     {
@@ -87,6 +65,5 @@ protected:
     }
 
 private:
-    QTemporaryDir _folder;
     std::optional<DrawingScene> _scene;
 };

@@ -5,10 +5,8 @@
 
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "TestFolder.h"
 #include "jobs/import/ImportDrawings.h"
-
-#include <QFile>
-#include <QTemporaryDir>
 
 #include <ostream>
 
@@ -22,28 +20,17 @@ inline void PrintTo(const QString& text, std::ostream* out)
 
 namespace files {
 
-/// A temporary folder for a test's files.
-class Folder
+/// A folder for the files of a test.
+class Folder : public TestFolder
 {
 public:
-    QString path(const QString& name) const { return _folder.filePath(name); }
-
-    QString write(const QString& name, const QByteArray& bytes) const
-    {
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        EXPECT_EQ(file.write(bytes), bytes.size());
-        return path(name);
-    }
+    using TestFolder::write;
 
     QString write(const QString& name, const QImage& image) const
     {
         EXPECT_TRUE(image.save(path(name)));
         return path(name);
     }
-
-private:
-    QTemporaryDir _folder;
 };
 
 /// A drawing of 100 x 100.

@@ -2,10 +2,8 @@
 //
 // How much of a machine a job may use, from the files of the kernel and the variables of a scheduler.
 #include "jobs/limits/JobLimits.h"
+#include "TestFolder.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -90,22 +88,10 @@ TEST(JobLimits, FollowTheAffinityOfTheProcess)
 }
 
 // A folder that imitates the root of a machine.
-class ControlGroups : public testing::Test
+class ControlGroups : public testing::Test, protected TestFolder
 {
 protected:
-    void write(const char* file, const char* contents) const
-    {
-        const QString path = root() + QLatin1Char('/') + QLatin1String(file);
-        ASSERT_TRUE(QDir().mkpath(QFileInfo(path).path()));
-        QFile target(path);
-        ASSERT_TRUE(target.open(QIODevice::WriteOnly));
-        target.write(contents);
-    }
-    QString root() const { return _folder.path(); }
-    ControlGroupLimits limits() const { return controlGroupLimits(root()); }
-
-private:
-    QTemporaryDir _folder;
+    ControlGroupLimits limits() const { return controlGroupLimits(path()); }
 };
 
 TEST_F(ControlGroups, LimitNothingWhereThereAreNone)

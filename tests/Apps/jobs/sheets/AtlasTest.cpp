@@ -1,6 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // The places of sprites on a page in each kind of atlas.
+#include "TestFolder.h"
 #include "jobs/sheets/AtlasGodot.h"
 #include "jobs/sheets/AtlasJson.h"
 #include "jobs/sheets/AtlasText.h"
@@ -8,7 +9,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -33,22 +33,8 @@ const char* const kHash = R"({"frames": {
   "coin.png": {"frame": {"x": 0, "y": 40, "w": 8, "h": 8}, "rotated": false, "trimmed": false}},
   "meta": {"image": "page.png"}})";
 
-class AtlasFile : public testing::Test
-{
-protected:
-    QString write(const char* name, const QByteArray& bytes)
-    {
-        const QString path = QDir(_folder.path()).filePath(QString::fromLatin1(name));
-        EXPECT_TRUE(QDir().mkpath(QFileInfo(path).path()));
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return path;
-    }
-
-private:
-    QTemporaryDir _folder;
-};
+class AtlasFile : public testing::Test, protected TestFolder
+{};
 
 } // namespace
 

@@ -12,17 +12,14 @@
 #include "ObjectDefinition/ObjectDefinition.h"
 #include "QuarvelSceneCore/graph/MO_Port.h"
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
+#include "TestFolder.h"
 #include "jobs/drawing/DrawingScene.h"
 #include "jobs/drawing/ReadDrawing.h"
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 /// The scene, with frames 1 to 3. Objects have the numbers 1 to 4, all of them in the node's table.
-class ColumnScene : public testing::Test
+class ColumnScene : public testing::Test, protected TestFolder
 {
 protected:
     static constexpr int kColumns = 4;
@@ -42,11 +39,7 @@ protected:
 
     void SetUp() override
     {
-        file = QDir(_folder.path()).filePath(QStringLiteral("columns.svg"));
-        QFile svgFile(file);
-        ASSERT_TRUE(svgFile.open(QIODevice::WriteOnly));
-        svgFile.write(svg());
-        svgFile.close();
+        file = write("columns.svg", svg());
         build(NormalMapSettings());
     }
 
@@ -89,6 +82,5 @@ protected:
     LayeredDrawing drawing;
 
 private:
-    QTemporaryDir _folder;
     std::optional<DrawingScene> _built;
 };

@@ -8,6 +8,7 @@
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelNormalMap/NM_NormalPicture.h"
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
+#include "TestFolder.h"
 #include "jobs/drawing/NormalMapJob.h"
 #include "jobs/drawing/ReadDrawing.h"
 #include "jobs/frames/RenderFrames.h"
@@ -16,7 +17,6 @@
 #include "studio/preview/SceneSnapshot.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -43,10 +43,7 @@ protected:
     LayeredDrawing read(int width, const char* content)
     {
         const QString path = file(QStringLiteral("%1.svg").arg(++_files));
-        QFile out(path);
-        EXPECT_TRUE(out.open(QIODevice::WriteOnly));
-        out.write(svg(width, content));
-        out.close();
+        writeTestFile(path, svg(width, content));
         auto made = readDrawing(path, {.objects = ObjectChoice::SHAPES, .shape = FormShape::RIM});
         EXPECT_TRUE(made) << made.error().sentence().toStdString();
         return made->drawing;

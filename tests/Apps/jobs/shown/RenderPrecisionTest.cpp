@@ -5,12 +5,9 @@
 
 #include "QuarvelNormalMap/NM_Direction.h"
 #include "QuarvelNormalMap/NM_NormalPicture.h"
+#include "TestFolder.h"
 #include "jobs/drawing/NormalMapJob.h"
 #include "jobs/drawing/ReadDrawing.h"
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -34,12 +31,9 @@ class RenderPrecision : public testing::Test
 protected:
     LayeredDrawing read(const char* content, ObjectChoice objects = ObjectChoice::ONE)
     {
-        const QString path = QDir(_folder.path()).filePath(QStringLiteral("drawing.svg"));
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(QByteArray(R"(<svg xmlns="http://www.w3.org/2000/svg" width="100" height="100">)") + content +
-                   "</svg>");
-        file.close();
+        const QString path = _folder.write(
+            "drawing.svg",
+            QByteArray(R"(<svg xmlns="http://www.w3.org/2000/svg" width="100" height="100">)") + content + "</svg>");
         auto made = readDrawing(path, {.objects = objects, .shape = FormShape::RIM});
         EXPECT_TRUE(made) << made.error().sentence().toStdString();
         return made->drawing;
@@ -107,7 +101,7 @@ protected:
     }
 
 private:
-    QTemporaryDir _folder;
+    TestFolder _folder;
 };
 
 TEST_F(RenderPrecision, IsFloatForWideFormsOnly)

@@ -61,11 +61,7 @@ protected:
 
     QString out() const { return folder.filePath(QStringLiteral("out")); }
     QStringList filesThere() const { return QDir(out()).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
-    QByteArray bytesOf(const QString& name) const
-    {
-        QFile file(folder.filePath(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read: ") + name.toUtf8();
-    }
+    QByteArray bytesOf(const QString& name) const { return bytesOfFile(folder.filePath(name)); }
 
     template<typename Widget>
     Widget& field(const char* name) const

@@ -45,12 +45,6 @@ protected:
         return proposed;
     }
 
-    static QByteArray bytesOf(const QString& path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read: ") + path.toUtf8();
-    }
-
     // What the command line makes of the saved scene.
     QByteArray ofCommandLine(const QString& scene)
     {
@@ -60,7 +54,7 @@ protected:
                                                         QStringLiteral("--resolution"), QStringLiteral("200")});
         EXPECT_TRUE(program.waitForFinished(studio_testing::kPatience));
         EXPECT_EQ(program.exitCode(), 0) << program.readAllStandardError().constData();
-        return bytesOf(page);
+        return bytesOfFile(page);
     }
 };
 
@@ -74,7 +68,7 @@ TEST_F(PageShareTest, WritesThePageOfTheCommandLine)
     ASSERT_TRUE(waitUntilSaid());
     EXPECT_FALSE(window->messages().isError()) << qPrintable(window->messages().text());
     EXPECT_TRUE(window->messages().text().contains(QStringLiteral("disc.html")));
-    EXPECT_EQ(bytesOf(folder.filePath(QStringLiteral("disc.html"))), ofCommandLine(scene));
+    EXPECT_EQ(bytesOfFile(folder.filePath(QStringLiteral("disc.html"))), ofCommandLine(scene));
 }
 
 TEST_F(PageShareTest, OnePageIsWrittenAtATime)
@@ -113,7 +107,7 @@ TEST_F(PageShareTest, AllFramesOfAnAnimationPlayInTheScenesLight)
     const QString page = folder.filePath(QStringLiteral("moving"));
     shareAs(page);
     ASSERT_TRUE(waitUntilSaid());
-    EXPECT_EQ(bytesOf(page + QStringLiteral(".html")), ofCommandLine(scene));
+    EXPECT_EQ(bytesOfFile(page + QStringLiteral(".html")), ofCommandLine(scene));
 }
 
 TEST_F(PageShareTest, ASceneWithoutNormalsIsNotShared)
@@ -145,7 +139,7 @@ TEST_F(PageShareTest, APageThatCannotBeWrittenIsSaidAndLeavesNothing)
     sharing.start(file + QStringLiteral("/disc.html"), QStringLiteral("disc"));
     ASSERT_TRUE(studio_testing::waitUntil([&] { return !said.isEmpty(); }));
     EXPECT_FALSE(sharing.isRunning());
-    EXPECT_EQ(bytesOf(file), "a file");
+    EXPECT_EQ(bytesOfFile(file), "a file");
     EXPECT_EQ(QDir(folder.path()).entryList({QStringLiteral("*.html*")}, QDir::Files | QDir::Hidden), QStringList());
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "QuarvelSceneCore/editing/MO_SceneCommands.h"
+#include "TestFolder.h"
 #include "studio/preview/Viewer.h"
 #include "studio/window/MainWindow.h"
 #include "studio/window/MessageBar.h"
@@ -11,7 +12,6 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDropEvent>
-#include <QFile>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -88,11 +88,7 @@ protected:
 
     QString write(const QString& name, const QByteArray& text) const
     {
-        const QString path = folder.filePath(name);
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-        return path;
+        return writeTestFile(folder.filePath(name), text);
     }
 
     void drop(const QStringList& paths)
