@@ -133,10 +133,12 @@ done)
 export WINEPATH RC_PARAMS=seed=1
 left_out=$(sed -n 's/^\([^ #][^ ]*\) .*/\1/p' "$here/left-out.txt" | paste -sd:)
 functions=0
+failed=()
 for program in "$programs"/test_*.exe; do
-    timeout 900 wine "$program" --gtest_brief=1 "--gtest_filter=-$left_out" >said.txt 2>&1 || { cat said.txt >&2; fail "$program"; }
+    timeout 900 wine "$program" --gtest_brief=1 "--gtest_filter=-$left_out" >said.txt 2>&1 || { cat said.txt >&2; failed+=("$program"); }
     count=$(sed -n 's/^\[  PASSED  \] \([0-9]*\) tests\{0,1\}\..*/\1/p' said.txt)
     functions=$((functions + ${count:-0}))
 done
+[ "${#failed[@]}" -eq 0 ] || fail "${failed[*]}"
 [ "$functions" -gt 1000 ] || fail "expected more than 1000 tests of functions, got $functions"
 echo "Windows under $(wine --version): $checks checks of programs and $functions tests of functions passed"

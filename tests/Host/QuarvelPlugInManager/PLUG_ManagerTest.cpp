@@ -4,27 +4,26 @@
 #include "QuarvelPlugInManager/PLUG_Manager.h"
 
 #include "QuarvelPlugInManager/PLUG_Services.h"
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
+#include "TestFolder.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
+#ifdef Q_OS_WIN
+const QString kLibrary = QStringLiteral("libBroken.dll");
+#else
+const QString kLibrary = QStringLiteral("libBroken.so");
+#endif
+
 TEST(PLUG_Manager, APlugInThatDoesNotLoadIsNoneAndIsTriedAgain)
 {
-    const QTemporaryDir folder;
-    ASSERT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("Broken")));
-    QFile library(folder.filePath(QStringLiteral("Broken/libBroken.so")));
-    ASSERT_TRUE(library.open(QFile::WriteOnly));
-    library.write("no library");
-    library.close();
+    const TestFolder folder;
+    folder.write(QStringLiteral("Broken/") + kLibrary, "no library");
     for (int i = 0; i < 2; ++i) {
         const UT_Result<QStringList> loaded = PLUG_Manager::loadAll(folder.path());
         ASSERT_FALSE(loaded) << i;
-        EXPECT_TRUE(loaded.error().text.contains(QStringLiteral("libBroken.so does not load"))) << i;
+        EXPECT_TRUE(loaded.error().text.contains(kLibrary + QStringLiteral(" does not load"))) << i;
     }
     EXPECT_EQ(PLUG_Services::getPluginPath(QStringLiteral("Broken")), QString());
     EXPECT_EQ(PLUG_Services::loadedPlugins(), QStringList());
