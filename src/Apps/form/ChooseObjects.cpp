@@ -6,6 +6,7 @@
 #include "form/ReliefLayers.h"
 #include "form/bitmap/BitmapObjects.h"
 #include "form/choice/FewParts.h"
+#include "form/choice/HiddenShapes.h"
 #include "form/choice/Islands.h"
 #include "form/choice/LayerAssembly.h"
 #include "form/lines/LineDrawing.h"
@@ -46,6 +47,15 @@ FoundParts everyShape(const std::vector<ShapeFacts>& facts, const Grid& grid)
     return found;
 }
 
+// The parts that the rules find in what the picture shows.
+FoundParts shownParts(std::vector<ShapeFacts>& facts, const Grid& grid)
+{
+    const std::vector<int> hiders = findHidden(facts, grid);
+    FoundParts found = findParts(facts, grid);
+    wearHidden(hiders, found.parts);
+    return fewerParts(std::move(found));
+}
+
 // Whether the drawing's own layers are the objects: it declares at least two, or one has values, which the file gives
 // to that layer.
 bool hasLayers(const DIO_Drawing& drawing)
@@ -66,7 +76,7 @@ ChosenObjects chooseOfShapes(const DIO_Drawing& drawing, ObjectChoice choice)
     std::vector<ShapeFacts> facts = collectFacts(shapes, grid);
     if (!everyOne)
         fillBetweenLines(shapes, facts, grid);
-    const FoundParts parts = everyOne ? everyShape(facts, grid) : fewerParts(findParts(facts, grid));
+    const FoundParts parts = everyOne ? everyShape(facts, grid) : shownParts(facts, grid);
     return parts.parts.empty() ? believed(drawing) : assembleLayers(shapes, facts, parts, grid);
 }
 
