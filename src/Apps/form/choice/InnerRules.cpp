@@ -142,6 +142,8 @@ Verdict judgeOtherHue(const InnerShape& inner)
     const bool shine = shape.colour.lightness > kBright && shape.colour.lightness > inner.ground.colour.lightness;
     if (shine && inner.held == 0.0 && (shape.roundness < kEllipse || inner.siblings > 1))
         return mark("a bright mark");
+    if (inner.onBoard && isRectangle(shape))
+        return object("a plate on a board", ObjectRole::SLAB);
     if (shape.roundness > 0.4 && shape.elongation() < 8.0)
         return object("a compact shape of another hue");
     return mark("a long shape of another hue");
@@ -178,6 +180,8 @@ Verdict judgeInner(const InnerShape& inner)
         return mark("a small mark");
     if (shape.plain && shape.paint == inner.ground.paint)
         return mark("of the same colour as what it lies on");
+    if (inner.onBoard && inner.follows > kOffTheRim)
+        return mark("printed on a board: it reaches the edge");
     if (inner.isFace)
         return object("a face: it has eyes");
     if (inner.held > 0.1 && isMuchDarker(inner) && inner.share > kBead)

@@ -18,8 +18,11 @@
 
 namespace {
 
-constexpr double kInside = 0.85;  // of a shape's area
-constexpr double kBackdrop = 0.9; // of the picture
+constexpr double kInside = 0.85; // of a shape's area
+// Small pieces of what is printed on a board may reach beyond its rounded corners.
+constexpr double kScrap = 0.02;         // of the board's area
+constexpr double kInsideOfScraps = 0.5; // of the piece's area
+constexpr double kBackdrop = 0.9;       // of the picture
 
 Verdict verdictOf(Verdict::Kind kind, const char* reason, ObjectRole role = ObjectRole::BODY)
 {
@@ -79,9 +82,13 @@ private:
     // inside.
     bool liesInside(const Surroundings& around) const
     {
-        if (around.base == Surroundings::kNone || around.with(around.base).overlap < kInside * facts().area)
+        if (around.base == Surroundings::kNone)
             return false;
-        return facts().opacity < kSolid || !_stack.part(around.base).translucent;
+        const Part& base = _stack.part(around.base);
+        const bool isScrap = base.role == ObjectRole::SLAB && facts().area < kScrap * base.region.area();
+        if (around.with(around.base).overlap < (isScrap ? kInsideOfScraps : kInside) * facts().area)
+            return false;
+        return facts().opacity < kSolid || !base.translucent;
     }
 
     // Whether the shape fills the picture, possibly except for the corners.

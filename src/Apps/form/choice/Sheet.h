@@ -12,7 +12,7 @@ struct Sheet
 {
     enum class Kind
     {
-        PAPER, ///< white, without an outline: the drawing's background
+        PAPER, ///< white, sharp-cornered, without an outline: the drawing's background
         BOARD  ///< a flat thing with a rim
     };
 
@@ -20,8 +20,8 @@ struct Sheet
     int shape; ///< its index
 };
 
-/// The sheet that the other shapes are painted on, if there is one. It is the first shape, or the first after its own
-/// translucent shadow.
+/// The sheet that the other shapes are painted on, if there is one. It is the first shape that is neither a
+/// line nor a translucent shadow.
 ///
 /// @param facts the drawing's shapes in the order of painting
 std::optional<Sheet> sheetBeneath(const std::vector<ShapeFacts>& facts, const Ink& ink);

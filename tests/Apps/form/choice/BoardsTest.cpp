@@ -68,6 +68,55 @@ TEST(Boards, ACardOnItsShadowIsASlab)
     EXPECT_THAT(rolesOf(shadow + card), ElementsAre(FLAT, SLAB, BODY));
 }
 
+TEST(Boards, WhiteOnesHaveRoundedCornersOrAnOutline)
+{
+    const QByteArray spot = circle(35, 40, 15, "#d90012");
+    const QByteArray rounded = "<rect x='10' y='20' width='80' height='60' rx='8' fill='#ffffff'/>";
+    EXPECT_THAT(rolesOf(rect(10, 20, 80, 60, "#ffffff") + spot), ElementsAre(FLAT, BODY));
+    EXPECT_THAT(rolesOf(rounded + spot), ElementsAre(SLAB, BODY));
+    EXPECT_THAT(rolesOf(rect(10, 20, 80, 60, "#ffffff") + spot + line("M10 20h80v60h-80z")), ElementsAre(SLAB, BODY));
+}
+
+TEST(Boards, AFrameOfAnyColourLiesOnABoard)
+{
+    const QByteArray letter = rect(35, 35, 30, 25, "#d22f27");
+    EXPECT_THAT(rolesOf(rect(10, 20, 80, 60, "#c0e0ff") + letter + line("M10 20h80v60h-80z", "#d22f27", 4)),
+                ElementsAre(SLAB, SLAB, BODY));
+}
+
+TEST(Boards, WhatReachesTheEdgeIsPrinted)
+{
+    const QByteArray board = rect(10, 20, 80, 60, "#eeeeee") + line("M10 20h80v60h-80z");
+    EXPECT_THAT(rolesOf(board + "<path d='M40 21h12v22h37v12h-37v24h-12v-24h-29v-12h29z' fill='#e8112d'/>"),
+                ElementsAre(SLAB));
+    const QByteArray canton = rect(10, 20, 35, 28, "#101060");
+    EXPECT_THAT(rolesOf(board + canton + circle(28, 35, 6, "#f9dd16")), ElementsAre(SLAB, BODY));
+}
+
+TEST(Boards, AScrapThatReachesBeyondARoundedCornerIsPrinted)
+{
+    const QByteArray board =
+        "<rect x='10' y='20' width='80' height='60' rx='10' fill='#00247d'/>" + circle(60, 50, 12, "#ffffff");
+    const QByteArray scrap = "<path d='M12 20l10 8h-7l-5 -4z' fill='#cf1b2b'/>";
+    EXPECT_THAT(rolesOf(board), ElementsAre(SLAB, BODY));
+    EXPECT_THAT(rolesOf(board + scrap), ElementsAre(SLAB, BODY));
+    // One that lies mostly beyond it is an object.
+    EXPECT_THAT(rolesOf(board + circle(11, 21, 3, "#cf1b2b")), ElementsAre(SLAB, BODY, BODY));
+}
+
+TEST(Boards, ARectangleOnABoardIsAPlate)
+{
+    EXPECT_THAT(rolesOf(rect(10, 20, 80, 60, "#31373d") + rect(20, 30, 40, 25, "#55acee")), ElementsAre(SLAB, SLAB));
+    EXPECT_THAT(rolesOf(rect(10, 20, 80, 60, "#31373d") + circle(40, 45, 12, "#55acee")), ElementsAre(SLAB, BODY));
+}
+
+TEST(Boards, LinesMayLieBeneathThem)
+{
+    EXPECT_THAT(rolesOf(line("M10 20h80v60h-80z") + rect(10, 20, 80, 60, "#d22f27") + rect(35, 35, 30, 6, "#ffffff") +
+                        rect(35, 50, 30, 6, "#ffffff")),
+                ElementsAre(BODY, SLAB));
+}
+
 // The stripes begin, meet and end in the middle of a row of pixels, so that each covers half of it: without anything
 // beneath them two of them cover three quarters, 191 of 255. One half of the outermost rows is covered, 128 of 255.
 TEST(Boards, NoSeamShowsBetweenAreas)
