@@ -11,6 +11,7 @@
 #include "form/choice/JoinRules.h"
 #include "form/choice/PartStack.h"
 #include "form/choice/Sheet.h"
+#include "form/choice/Signs.h"
 #include "form/choice/Wheels.h"
 #include "form/raster/CutSides.h"
 
@@ -179,5 +180,6 @@ FoundParts findParts(const std::vector<ShapeFacts>& facts, const Grid& grid)
 {
     FoundParts found = joinedBoards(joinedBands(PartFinder(facts, grid).find(), facts), facts);
     findWheels(found, facts);
+    findSigns(found, facts);
     return found;
 }

@@ -1,0 +1,81 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+#include "../FormDrawings.h"
+
+using namespace form_drawings;
+using enum ObjectRole;
+
+namespace {
+
+const QByteArray kDisc = circle(50, 50, 40, "#d22f27");
+
+QByteArray white(const char* path)
+{
+    return line(path, "#ffffff", 4);
+}
+
+ObjectRole roleOfDisc(const QByteArray& marks, const QByteArray& before = {})
+{
+    const std::size_t place = before.isEmpty() ? 0 : countOf(before);
+    const std::vector<ObjectRole> roles = rolesOf(before + kDisc + marks);
+    return roles.size() > place ? roles[place] : RELIEF;
+}
+
+} // namespace
+
+TEST(Signs, HaveABarOrHandsAcrossTheMiddle)
+{
+    EXPECT_EQ(roleOfDisc(rect(25, 43, 50, 14, "#ffffff")), SLAB);
+    EXPECT_EQ(roleOfDisc(white("M50 25V50H30")), SLAB) << "nine o'clock";
+    EXPECT_EQ(roleOfDisc({}), BODY);
+    EXPECT_EQ(roleOfDisc(rect(30, 62, 40, 8, "#ffffff")), BODY) << "a mouth";
+}
+
+TEST(Signs, HaveOneLetter)
+{
+    const QByteArray letter = white("M40 32V68H60");
+    EXPECT_EQ(roleOfDisc(letter), SLAB);
+    EXPECT_EQ(roleOfDisc(letter + white("M56 26V40H70")), BODY) << "several marks beside the middle";
+    EXPECT_EQ(roleOfDisc(white("M40 44V56H60")), BODY) << "small";
+    EXPECT_EQ(roleOfDisc(white("M24 24V60H36")), BODY) << "a highlight";
+}
+
+TEST(Signs, AreNoBallsWithLinesToTheirOutlines)
+{
+    EXPECT_EQ(roleOfDisc(line("M50 10V90", "#300000", 3)), BODY);
+    EXPECT_EQ(roleOfDisc(line("M50 20V80", "#300000", 3)), SLAB);
+}
+
+TEST(Signs, AreNoFaces)
+{
+    // The lids of closed eyes, which nearly meet in the middle.
+    const QByteArray one = rect(21.5, 47, 28, 6, "#ffffff");
+    EXPECT_EQ(roleOfDisc(one), SLAB);
+    EXPECT_EQ(roleOfDisc(one + rect(50.5, 47, 28, 6, "#ffffff")), BODY);
+}
+
+TEST(Signs, AreNoEyeballs)
+{
+    EXPECT_EQ(roleOfDisc(circle(50, 50, 8, "#100505")), BODY);
+}
+
+TEST(Signs, DifferInColour)
+{
+    EXPECT_EQ(roleOfDisc(rect(25, 43, 50, 14, "#b82a22")), BODY) << "a shade";
+}
+
+TEST(Signs, AreMostOfTheDrawing)
+{
+    const auto wheel = [](double radius) {
+        return circle(80, 80, radius, "#f0f0f0") +
+               rect(80 - 0.6 * radius, 80 - 0.15 * radius, 1.2 * radius, 0.3 * radius, "#c02020");
+    };
+    const std::vector<ObjectRole> roles = rolesOf("<path d='M5 60L60 5L80 40L20 80z' fill='#77b255'/>" + wheel(15));
+    ASSERT_GE(roles.size(), 2U);
+    EXPECT_EQ(roles[1], BODY);
+}
+
+TEST(Signs, AreNotSquare)
+{
+    EXPECT_EQ(rolesOf("<path d='M15 50L50 15L85 50L50 85z' fill='#d22f27'/>" + rect(35, 45, 30, 10, "#ffffff")).front(),
+              BODY);
+}
