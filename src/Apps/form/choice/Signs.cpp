@@ -10,6 +10,7 @@
 namespace {
 
 constexpr double kRound = 0.93;     // roundness of discs; a square has 0.89
+constexpr double kOval = 0.06;      // of the disc's width: the most that its height differs; ovals are bodies
 constexpr double kLargest = 0.6;    // of the drawing's width and height
 constexpr double kMiddle = 0.02;    // of the disc's diameter: what comes as near to its middle lies across it
 constexpr double kOff = 0.1;        // of the disc's diameter: how far a letter's middle lies from the disc's
@@ -28,7 +29,9 @@ bool isDisc(const Part& part, const std::vector<ShapeFacts>& facts)
 {
     const ShapeFacts& shape = facts[static_cast<std::size_t>(part.body.front())];
     const bool isBody = part.role == ObjectRole::BODY && !part.ink && !part.isBackdrop && !part.translucent;
-    return isBody && part.body.size() == 1 && !shape.cut && shape.roundness > kRound;
+    const QRect& box = part.region.box();
+    const bool isCircle = std::abs(box.width() - box.height()) < kOval * box.width();
+    return isBody && part.body.size() == 1 && !shape.cut && shape.roundness > kRound && isCircle;
 }
 
 // The shapes that lie on a disc, opaque ones.
@@ -80,6 +83,16 @@ bool areFeatures(const ShapeFacts& one, const ShapeFacts& other, const QRect& di
            first.y() - disc.top() < kAboveChin * disc.height();
 }
 
+// Whether a round object, such as an eye or a nose, lies on a disc; the dot of a letter has the letter's colour.
+bool holdsBall(const Part& disc, int letter, const FoundParts& found, const std::vector<ShapeFacts>& facts)
+{
+    return std::ranges::any_of(found.parts, [&](const Part& other) {
+        const ShapeFacts& ball = facts[static_cast<std::size_t>(other.body.front())];
+        return &other != &disc && other.role == ObjectRole::BODY && ball.paint != letter && ball.roundness > kRound &&
+               ball.area > kLeast * disc.region.area() && liesInside(ball, disc.region);
+    });
+}
+
 bool isFace(const std::vector<const ShapeFacts*>& marks, const Part& disc)
 {
     std::vector<const ShapeFacts*> features;
@@ -114,7 +127,7 @@ bool isSign(const Part& part, const FoundParts& found, const std::vector<ShapeFa
         const bool differs = !isSameHue(mark->colour, disc.colour) ||
                              std::abs(mark->colour.lightness - disc.colour.lightness) > kContrast;
         const bool isPlaced = liesAcross(*mark, box) || (marks.size() == 1 && isCentred(*mark, box));
-        return differs && mark->roundness < kMostRound && isPlaced;
+        return differs && mark->roundness < kMostRound && isPlaced && !holdsBall(part, mark->paint, found, facts);
     });
 }
 

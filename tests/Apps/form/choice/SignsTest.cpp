@@ -58,6 +58,23 @@ TEST(Signs, AreNoEyeballs)
     EXPECT_EQ(roleOfDisc(circle(50, 50, 8, "#100505")), BODY);
 }
 
+TEST(Signs, HoldNoEyes)
+{
+    const QByteArray eye = circle(50, 38, 12, "#ffffff") + line("M62 38A12 12 0 1 0 62 38.01", "#111111", 3);
+    EXPECT_EQ(roleOfDisc(eye), BODY);
+    EXPECT_EQ(roleOfDisc(rect(46, 44, 8, 26, "#ffffff") + circle(50, 34, 6, "#ffffff")), SLAB) << "the letter i";
+}
+
+TEST(Signs, AreCircles)
+{
+    const QByteArray bar = rect(30, 43, 40, 14, "#ffffff");
+    const auto oval = [](const char* radius) {
+        return QByteArray("<ellipse cx='50' cy='50' rx='40' ry='") + radius + "' fill='#d22f27'/>";
+    };
+    EXPECT_EQ(rolesOf(oval("36") + bar).front(), BODY);
+    EXPECT_EQ(rolesOf(oval("39.5") + bar).front(), SLAB);
+}
+
 TEST(Signs, DifferInColour)
 {
     EXPECT_EQ(roleOfDisc(rect(25, 43, 50, 14, "#b82a22")), BODY) << "a shade";
