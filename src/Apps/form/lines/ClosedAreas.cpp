@@ -8,6 +8,7 @@
 #include "form/bitmap/pixels/ConnectedPixels.h"
 #include "form/bitmap/pixels/PixelDistances.h"
 #include "form/lines/AreaOutline.h"
+#include "form/lines/LineDepths.h"
 #include "form/raster/CellMask.h"
 
 #include <QImage>
@@ -15,6 +16,8 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
+#include <numeric>
 
 namespace {
 
@@ -52,36 +55,35 @@ PixelPlane<char> cellsOfLines(const QImage& image, const Grid& grid)
 {
     PixelPlane<char> cells(grid.width, grid.height, 0);
     for (int y = 0; y < grid.height; ++y) {
-        const uchar* const row = image.constScanLine(y);
-        for (int x = 0; x < grid.width; ++x)
-            cells.at(x, y) = row[x] >= kLeastCoverage ? 1 : 0;
+        const std::span row(image.constScanLine(y), static_cast<std::size_t>(grid.width));
+        std::ranges::transform(row, cells.row(y).begin(),
+                               [](uchar coverage) { return static_cast<char>(coverage >= kLeastCoverage ? 1 : 0); });
     }
     return cells;
 }
 
-// How far each cell lies from the lines, as depthsInside() measures it.
-PixelPlane<int> depthsBetween(const PixelPlane<char>& lines)
+// Marks the cells for whose values a function returns 1.
+template<typename Value, typename Function>
+PixelPlane<char> marked(const PixelPlane<Value>& plane, Function function)
 {
-    PixelPlane<int> free(lines.width(), lines.height(), kNoLabel);
-    for (int i = 0; i < lines.count(); ++i)
-        free[i] = lines[i] ? kNoLabel : 0;
-    return depthsInside(free);
+    PixelPlane<char> marks(plane.width(), plane.height(), 0);
+    for (int y = 0; y < plane.height(); ++y)
+        std::ranges::transform(plane.row(y), marks.row(y).begin(), function);
+    return marks;
 }
 
 // The cores of the areas in a part of the picture: what is farther from all lines than half of a gap.
 //
 // @param open    nonzero for the cells of the part
 // @param halfGap as a part of the longer side
-ConnectedParts coresOf(const PixelPlane<int>& depths, const PixelPlane<char>& open, double halfGap)
+ConnectedParts coresOf(const PixelPlane<std::int16_t>& depths, const PixelPlane<char>& open, double halfGap)
 {
     const int far = static_cast<int>(kPixelStep * halfGap * std::max(depths.width(), depths.height()));
     PixelPlane<char> cores(depths.width(), depths.height(), 0);
     for (int y = 0; y < depths.height(); ++y) {
-        const std::span<const int> depth = depths.row(y);
-        const std::span<const char> isOpen = open.row(y);
-        const std::span<char> core = cores.row(y);
-        for (std::size_t x = 0; x < core.size(); ++x)
-            core[x] = isOpen[x] != 0 && depth[x] > far ? 1 : 0;
+        const std::span<const std::int16_t> depth = depths.row(y);
+        std::transform(depth.begin(), depth.end(), open.row(y).begin(), cores.row(y).begin(),
+                       [far](int deep, char isOpen) { return static_cast<char>((deep > far) & (isOpen != 0)); });
     }
     return connectedPartsOf(cores);
 }
@@ -178,20 +180,20 @@ int joinOutside(PixelPlane<int>& areas)
     int count = 0;
     for (const Enclosure& area : enclosuresOf(areas))
         numbers.push_back(area.isClosed() ? ++count : kOutside);
-    for (int i = 0; i < areas.count(); ++i)
-        if (areas[i] >= 0)
-            areas[i] = numbers[static_cast<std::size_t>(areas[i])];
+    for (int y = 0; y < areas.height(); ++y)
+        for (int& area : areas.row(y))
+            if (area >= 0)
+                area = numbers[static_cast<std::size_t>(area)];
     return count;
 }
 
 // Finds areas outside that wider gaps separate, and numbers those that are closed and large compared with the gap from
 // count + 1; returns the last number. A wide gap is closed only towards the outside: inside an area it may be drawn.
-int closeWiderGaps(PixelPlane<int>& areas, const PixelPlane<int>& depths, int count)
+int closeWiderGaps(PixelPlane<int>& areas, const PixelPlane<std::int16_t>& depths, int count)
 {
     for (const double halfGap : kWiderHalfGaps) {
-        PixelPlane<char> outside(areas.width(), areas.height(), 0);
-        for (int i = 0; i < areas.count(); ++i)
-            outside[i] = areas[i] == kOutside ? 1 : 0;
+        const PixelPlane<char> outside =
+            marked(areas, [](int area) { return static_cast<char>(area == kOutside ? 1 : 0); });
         const ConnectedParts cores = coresOf(depths, outside, halfGap);
         if (!mayBeClosed(cores))
             continue;
@@ -211,8 +213,9 @@ int closeWiderGaps(PixelPlane<int>& areas, const PixelPlane<int>& depths, int co
 int cellsInNarrowAreas(const PixelPlane<int>& areas, const PixelPlane<char>& lines)
 {
     int cells = 0;
-    for (int i = 0; i < areas.count(); ++i)
-        cells += areas[i] < 0 && !lines[i] ? 1 : 0;
+    for (int y = 0; y < areas.height(); ++y)
+        cells += std::transform_reduce(areas.row(y).begin(), areas.row(y).end(), lines.row(y).begin(), 0, std::plus(),
+                                       [](int area, char line) { return (area < 0) & (line == 0) ? 1 : 0; });
     return cells;
 }
 
@@ -274,10 +277,8 @@ CellMask withoutHoles(const CellMask& mask)
 std::vector<QPainterPath> areasBetween(const QImage& lines, const Grid& grid)
 {
     const PixelPlane<char> inked = cellsOfLines(lines, grid);
-    const PixelPlane<int> depths = depthsBetween(inked);
-    PixelPlane<char> open(grid.width, grid.height, 0);
-    for (int i = 0; i < inked.count(); ++i)
-        open[i] = inked[i] ? 0 : 1;
+    const PixelPlane<std::int16_t> depths = depthsBetween(inked);
+    const PixelPlane<char> open = marked(inked, [](char line) { return static_cast<char>(line != 0 ? 0 : 1); });
     PixelPlane<int> areas = separateAreas(coresOf(depths, open, kHalfGap), open);
     const int count = closeWiderGaps(areas, depths, joinOutside(areas));
     int left = cellsInNarrowAreas(areas, inked);

@@ -21,18 +21,11 @@ std::vector<Run> runsOf(const PixelPlane<char>& marked)
     std::vector<Run> runs;
     for (int y = 0; y < marked.height(); ++y) {
         const std::span<const char> row = marked.row(y);
-        int from = -1;
-        for (int x = 0; x < marked.width(); ++x) {
-            const bool isMarked = row[static_cast<std::size_t>(x)] != 0;
-            if (isMarked && from < 0)
-                from = x;
-            if (!isMarked && from >= 0) {
-                runs.push_back({y, from, x});
-                from = -1;
-            }
+        for (std::size_t from = nextOf(row, 0, 1); from < row.size();) {
+            const std::size_t to = nextOf(row, from, 0);
+            runs.push_back({y, static_cast<int>(from), static_cast<int>(to)});
+            from = nextOf(row, to, 1);
         }
-        if (from >= 0)
-            runs.push_back({y, from, marked.width()});
     }
     return runs;
 }

@@ -43,5 +43,5 @@ struct ConnectedParts
     std::vector<int> pixels; ///< how many pixels each part has
 };
 
-/// @param marked nonzero for the marked pixels
+/// @param marked 1 for the marked pixels, 0 for the others
 ConnectedParts connectedPartsOf(const PixelPlane<char>& marked);

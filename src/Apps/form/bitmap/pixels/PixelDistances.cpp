@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr int kDiagonalStep = 4;
 constexpr int kFar = std::numeric_limits<int>::max() / 2;
 
 struct Neighbour
@@ -106,6 +105,13 @@ private:
     std::size_t _waiting = 0;
 };
 
+// A row before any area has grown.
+void startFrom(std::span<const int> labels, std::span<int> nearest, std::span<int> distances)
+{
+    std::ranges::transform(labels, nearest.begin(), [](int label) { return std::max(label, kNoLabel); });
+    std::ranges::transform(labels, distances.begin(), [](int label) { return label < 0 ? kFar : 0; });
+}
+
 } // namespace
 
 PixelPlane<int> depthsInside(const PixelPlane<int>& labels)
@@ -127,11 +133,8 @@ NearestAreas grown(const PixelPlane<int>& labels, const PixelPlane<char>& open)
     NearestAreas nearest{PixelPlane<int>(labels.width(), labels.height(), kNoLabel),
                          PixelPlane<int>(labels.width(), labels.height(), kFar)};
     Front front;
-    for (int i = 0; i < labels.count(); ++i)
-        if (labels[i] >= 0) {
-            nearest.labels[i] = labels[i];
-            nearest.distances[i] = 0;
-        }
+    for (int y = 0; y < labels.height(); ++y)
+        startFrom(labels.row(y), nearest.labels.row(y), nearest.distances.row(y));
     const int width = labels.width();
     const auto relax = [&](int pixel, int other, int step) {
         const int distance = nearest.distances[pixel] + step;
@@ -151,17 +154,22 @@ NearestAreas grown(const PixelPlane<int>& labels, const PixelPlane<char>& open)
                 relax(pixel, pixel + n.y * width + n.x, n.step);
     };
     // Most pixels lie in areas, so the first steps are looked for from the pixels that do not.
-    for (int y = 0; y < labels.height(); ++y)
-        for (int x = 0; x < width; ++x) {
-            const int pixel = y * width + x;
-            if (labels[pixel] >= 0 || !open[pixel])
-                continue;
-            const bool inner = x > 0 && y > 0 && x + 1 < width && y + 1 < labels.height();
-            for (const Neighbour& n : kAround)
-                if (const int other = pixel + n.y * width + n.x;
-                    (inner || labels.contains(x + n.x, y + n.y)) && labels[other] >= 0)
-                    relax(other, pixel, n.step);
-        }
+    const auto comeToPixel = [&](int x, int y) {
+        const int pixel = y * width + x;
+        const bool inner = x > 0 && y > 0 && x + 1 < width && y + 1 < labels.height();
+        for (const Neighbour& n : kAround)
+            if (const int other = pixel + n.y * width + n.x;
+                (inner || labels.contains(x + n.x, y + n.y)) && labels[other] >= 0)
+                relax(other, pixel, n.step);
+    };
+    std::vector<char> free(static_cast<std::size_t>(width));
+    for (int y = 0; y < labels.height(); ++y) {
+        const std::span<const int> row = labels.row(y);
+        std::transform(row.begin(), row.end(), open.row(y).begin(), free.begin(),
+                       [](int label, char isOpen) { return static_cast<char>((label < 0) & (isOpen != 0)); });
+        for (auto at = nextOf(free, 0, 1); at < free.size(); at = nextOf(free, at + 1, 1))
+            comeToPixel(static_cast<int>(at), y);
+    }
     for (int distance = 1; !front.isEmpty(); ++distance)
         for (const int pixel : front.take(distance))
             // A shorter path may have been found after the pixel was added.

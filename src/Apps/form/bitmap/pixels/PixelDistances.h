@@ -10,6 +10,9 @@
 /// The length of a step to the side.
 inline constexpr int kPixelStep = 3;
 
+/// The length of a diagonal step.
+inline constexpr int kDiagonalStep = 4;
+
 /// How deep each pixel lies in its area: the distance to the nearest pixel of another label, kPixelStep for a pixel at
 /// the area's border; 0 where the label is negative. The picture's border does not count as an area's border; depths
 /// are clamped to half of the picture's longer side.

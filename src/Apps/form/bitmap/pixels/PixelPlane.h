@@ -6,6 +6,7 @@
 
 #include <cassert>
 #include <cstddef>
+#include <cstring>
 #include <span>
 #include <vector>
 
@@ -53,6 +54,13 @@ private:
 
 /// The label of uncovered pixels.
 inline constexpr int kNoLabel = -1;
+
+/// The first pixel of a row that has a value, from a place on; the number of its pixels where there is none.
+inline std::size_t nextOf(std::span<const char> row, std::size_t from, char value)
+{
+    const void* const found = from < row.size() ? std::memchr(&row[from], value, row.size() - from) : nullptr;
+    return found != nullptr ? static_cast<std::size_t>(static_cast<const char*>(found) - row.data()) : row.size();
+}
 
 /// Calls visit(index) for the up to four neighbours of a pixel that share an edge with it.
 template<typename Value, typename Visit>
