@@ -1,5 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+#include "form/choice/Faces.h"
+
 #include "../FormDrawings.h"
+#include "form/choice/ShapeFacts.h"
 
 using namespace form_drawings;
 using enum ObjectRole;
@@ -12,6 +15,22 @@ const QByteArray kEyes = circle(42, 46, 2.5, "#201008") + circle(58, 46, 2.5, "#
 QByteArray head(const char* hair, const char* face, const QByteArray& eyes)
 {
     return circle(50, 50, 40, hair) + "<ellipse cx='50' cy='58' rx='26' ry='32' fill='" + face + "'/>" + eyes;
+}
+
+QByteArray eye(double x, double y, double radius = 3, const char* fill = "#201008")
+{
+    return circle(x, y, radius, fill);
+}
+
+// Whether shapes are the eyes of a face, a disc 80 wide whose middle is the picture's.
+bool areEyes(const QByteArray& shapes)
+{
+    const DIO_Drawing drawing = read(circle(50, 50, 40, "#af7e57") + shapes);
+    const std::vector<ShapeFacts> facts = collectFacts(drawing, gridFor(drawing));
+    std::vector<const ShapeFacts*> inside;
+    for (std::size_t i = 1; i < facts.size(); ++i)
+        inside.push_back(&facts[i]);
+    return holdsEyes(facts.front(), inside);
 }
 
 ObjectRole roleOfSecond(const QByteArray& drawing)
@@ -40,10 +59,50 @@ TEST(Faces, HaveTwoEyesSideBySide)
             return object.reason == QLatin1String("a face: it has eyes");
         });
     };
-    const auto eye = [](double x, double y) { return circle(x, y, 2.5, "#201008"); };
+    const auto small = [](double x, double y) { return eye(x, y, 2.5); };
     EXPECT_TRUE(isFace(kEyes));
-    EXPECT_FALSE(isFace(eye(50, 46)));
-    EXPECT_FALSE(isFace(eye(50, 36) + eye(50, 56)));
-    EXPECT_FALSE(isFace(kEyes + eye(50, 58)));
-    EXPECT_FALSE(isFace(eye(42, 84) + eye(58, 84)));
+    EXPECT_FALSE(isFace(small(50, 46)));
+    EXPECT_FALSE(isFace(small(50, 36) + small(50, 56)));
+    EXPECT_FALSE(isFace(kEyes + small(50, 58)));
+    EXPECT_FALSE(isFace(small(42, 84) + small(58, 84)));
+}
+
+TEST(Faces, HaveEyesThatAreSmallDarkAndAlike)
+{
+    EXPECT_TRUE(areEyes(eye(38, 45) + eye(62, 45)));
+    EXPECT_FALSE(areEyes(eye(38, 45, 3, "#ffffff") + eye(62, 45, 3, "#ffffff")));
+    EXPECT_TRUE(areEyes(eye(38, 45, 9) + eye(62, 45, 9)));
+    EXPECT_FALSE(areEyes(eye(38, 45, 11) + eye(62, 45, 11))) << "0.076 of the face";
+    EXPECT_FALSE(areEyes(eye(38, 45) + eye(62, 45, 3, "#102020")));
+    EXPECT_TRUE(areEyes(eye(38, 45) + eye(62, 45, 3.5)));
+    EXPECT_FALSE(areEyes(eye(38, 45) + eye(62, 45, 4.2)));
+    EXPECT_FALSE(areEyes(eye(38, 45, 4.2) + eye(62, 45)));
+}
+
+TEST(Faces, HaveEyesOnALevelBetweenHairAndChin)
+{
+    EXPECT_TRUE(areEyes(eye(38, 43) + eye(62, 47)));
+    EXPECT_FALSE(areEyes(eye(38, 40) + eye(62, 50)));
+    EXPECT_FALSE(areEyes(eye(38, 18) + eye(62, 18)));
+    EXPECT_TRUE(areEyes(eye(38, 66) + eye(62, 66)));
+    EXPECT_FALSE(areEyes(eye(38, 75) + eye(62, 75)));
+}
+
+TEST(Faces, HaveEyesOnEitherSideOfTheirMiddle)
+{
+    EXPECT_FALSE(areEyes(eye(46, 45) + eye(54, 45))) << "too near to each other";
+    EXPECT_FALSE(areEyes(eye(17, 45) + eye(83, 45))) << "too far from each other";
+    EXPECT_TRUE(areEyes(eye(44, 45) + eye(68, 45)));
+    EXPECT_FALSE(areEyes(eye(52, 45) + eye(76, 45)));
+}
+
+TEST(Faces, HaveNoThirdEye)
+{
+    EXPECT_FALSE(areEyes(eye(38, 45) + eye(62, 41) + eye(62, 49)));
+    // Freckles have another colour.
+    QByteArray freckles;
+    for (int i = 0; i < 40; ++i)
+        freckles += eye(25 + i, 62, 1.2, "#603010");
+    EXPECT_TRUE(areEyes(eye(38, 45) + eye(62, 45) + freckles));
+    EXPECT_FALSE(areEyes(eye(38, 45) + eye(62, 45) + freckles + freckles)) << "a pattern";
 }

@@ -21,8 +21,12 @@ QByteArray specks(int count)
     QByteArray drawing;
     for (int i = 0; i < count; ++i) {
         const double size = i % 20 == 0 ? 30 + below(60) : 1 + below(8);
-        drawing += circle(below(100), below(100), size / 2.0, kColours[below(4)]);
+        const QByteArray speck = circle(below(100), below(100), size / 2.0, kColours[below(4)]);
+        // Some are painted twice, so that they have the same area.
+        drawing += i % 10 == 0 ? speck + speck : speck;
     }
+    // One lies outside the picture.
+    drawing.insert(0, circle(300, 300, 5, kColours[0]));
     return drawing;
 }
 
