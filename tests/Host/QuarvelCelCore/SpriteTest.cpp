@@ -22,8 +22,8 @@ QImage picture()
 
 const CM_ColorId_t kAverage(1);
 
-// The sprite at its own size, or stretched over a rectangle.
-UT_SharedPtr<CELVEC_Kvd> sprite(const QRectF& place = QRectF(0, 0, 2, 2), double opacity = 1.0)
+// A picture at a place.
+UT_SharedPtr<CELVEC_Kvd> spriteOf(const QImage& image, const QRectF& place, double opacity = 1.0)
 {
     auto palette = UT_makeShared<CM_Palette>(UT_String("test"));
     auto color = UT_makeShared<CM_Color>(UT_String(), 0, kAverage);
@@ -32,8 +32,30 @@ UT_SharedPtr<CELVEC_Kvd> sprite(const QRectF& place = QRectF(0, 0, 2, 2), double
     auto drawing = UT_makeShared<CELVEC_Kvd>(palette);
     QPainterPath path;
     path.addRect(place);
-    drawing->addShape(GR_Art::COLOUR, {path, kAverage, opacity, {}, picture()});
+    drawing->addShape(GR_Art::COLOUR, {path, kAverage, opacity, {}, image});
     return drawing;
+}
+
+// The sprite at its own size, or stretched over a rectangle.
+UT_SharedPtr<CELVEC_Kvd> sprite(const QRectF& place = QRectF(0, 0, 2, 2), double opacity = 1.0)
+{
+    return spriteOf(picture(), place, opacity);
+}
+
+// Red tells the row, and every third column covers a fifth.
+QColor tallColour(int x, int y)
+{
+    return {y % 256, 0, 0, x % 3 == 2 ? 51 : 255};
+}
+
+// 5 x 300 pixels: more rows than are worked on at once.
+QImage tallPicture()
+{
+    QImage image(5, 300, QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            image.setPixelColor(x, y, tallColour(x, y));
+    return image;
 }
 
 UT_SharedPtr<CEL_PixmapAreaRGBA16> render(const CELVEC_Kvd& drawing, int width, int height,
@@ -96,6 +118,40 @@ TEST(Sprite, ShowsItsCoverageInTheColourOfATransform)
     expectNear(pixels->at(0, 0), kFull, kFull, kFull, kFull);
     expectNear(pixels->at(1, 0), kFull / 5, kFull / 5, kFull / 5, kFull / 5);
     expectNear(pixels->at(0, 1), 0, 0, 0, 0);
+}
+
+TEST(Sprite, OfItsOwnSizeShowsEachPixelInItsPlace)
+{
+    const auto drawing = spriteOf(tallPicture(), QRectF(0, 0, 5, 300));
+    const auto pixels = render(*drawing, 12, 280, QTransform::fromTranslate(3, -7));
+    for (int y = 0; y < 280; ++y)
+        for (int x = 2; x < 9; ++x) {
+            SCOPED_TRACE(testing::Message() << x << ", " << y);
+            const QColor shown = x >= 3 && x < 8 ? tallColour(x - 3, y + 7) : QColor(0, 0, 0, 0);
+            const int alpha = kFull * shown.alpha() / 255;
+            expectNear(pixels->at(x, y), alpha * shown.red() / 255, 0, 0, alpha);
+        }
+}
+
+TEST(Sprite, OfItsOwnSizeCoversEachPixelInItsPlace)
+{
+    const auto drawing = spriteOf(tallPicture(), QRectF(0, 0, 5, 300));
+    drawing->setColorTransform(UT_makeShared<AllWhite>());
+    const auto pixels = render(*drawing, 12, 280, QTransform::fromTranslate(3, -7));
+    for (int y = 0; y < 280; ++y)
+        for (int x = 3; x < 8; ++x) {
+            SCOPED_TRACE(testing::Message() << x << ", " << y);
+            const int alpha = kFull * tallColour(x - 3, y + 7).alpha() / 255;
+            expectNear(pixels->at(x, y), alpha, alpha, alpha, alpha);
+        }
+}
+
+TEST(Sprite, IsTurnedUpsideDownWithItsDrawing)
+{
+    const auto pixels = render(*sprite(), 2, 2, QTransform(1, 0, 0, -1, 0, 2));
+    expectNear(pixels->at(0, 0), 0, 0, 0, 0);
+    expectNear(pixels->at(1, 0), 0, 0, kFull, kFull);
+    expectNear(pixels->at(0, 1), kFull, 0, 0, kFull);
 }
 
 TEST(Sprite, FadesWithItsOpacity)

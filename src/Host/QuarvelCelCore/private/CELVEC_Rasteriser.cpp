@@ -4,7 +4,8 @@
 // area that a shape covers of each pixel, in 256 steps. First every shape's paint is looked up; then the shapes with a
 // paint are painted in bands of rows, each on a small picture of its own that is converted to the target's format while
 // it is in the cache; what no shape may touch of a band is neither cleared nor converted. Bands are painted in
-// parallel; their borders do not depend on the number of threads.
+// parallel; their borders do not depend on the number of threads. A sprite of the target's own resolution is no work
+// for a painter: its rows are converted, so that a large one takes no second picture of its size.
 #include "QuarvelCelCore/private/CELVEC_Rasteriser.h"
 
 #include "QuarvelBaseCore/UT_PixelMemory.h"
@@ -22,6 +23,7 @@
 #include <cstring>
 #include <limits>
 #include <map>
+#include <optional>
 
 namespace {
 
@@ -76,16 +78,22 @@ QImage premultiplied(const QImage& picture)
     return made;
 }
 
+// The coverage of a sprite in one colour.
+QImage tinted(const QImage& sprite, const VS_RGBA& paint)
+{
+    QImage made = premultiplied(sprite);
+    QPainter painter(&made);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(made.rect(), toQColor(paint, 1.0));
+    return made;
+}
+
 // A sprite's own pixels or, where a colour transform says what colours there are, its coverage in the colour given.
 QImage pictureFor(const CELVEC_Kvd& drawing, const CELVEC_Shape& shape, const VS_RGBA& paint)
 {
-    if (!drawing.colorTransform())
-        return shape.picture.format() == QImage::Format_RGBA64 ? premultiplied(shape.picture) : shape.picture;
-    QImage tinted = premultiplied(shape.picture);
-    QPainter painter(&tinted);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(tinted.rect(), toQColor(paint, 1.0));
-    return tinted;
+    if (drawing.colorTransform())
+        return tinted(shape.picture, paint);
+    return shape.picture.format() == QImage::Format_RGBA64 ? premultiplied(shape.picture) : shape.picture;
 }
 
 // Copies of a picture in one paint share the memory of one.
@@ -247,8 +255,9 @@ Math::Box2di touchedPart(const std::vector<PaintedShape>& shapes, const Math::Bo
 class PaintedPart
 {
 public:
-    PaintedPart(const QImage& picture, const Math::Box2di& band, const Math::Box2di& part)
-        : _picture(picture), _band(band), _part(part)
+    // @param place the picture's, which contains the part
+    PaintedPart(const QImage& picture, const Math::Box2di& place, const Math::Box2di& band, const Math::Box2di& part)
+        : _picture(picture), _place(place), _band(band), _part(part)
     {}
 
     const Math::Box2di& band() const { return _band; }
@@ -259,25 +268,27 @@ public:
     {
         static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "red is the first of a QRgba64's channels only there");
         static_assert(sizeof(QRgba64) == 4 * sizeof(std::uint16_t));
-        return reinterpret_cast<const std::uint16_t*>(_picture.constScanLine(y - _band.y1)) +
-               std::ptrdiff_t{x - _band.x1} * 4;
+        return reinterpret_cast<const std::uint16_t*>(_picture.constScanLine(y - _place.y1)) +
+               std::ptrdiff_t{x - _place.x1} * 4;
     }
 
 private:
     const QImage& _picture;
+    Math::Box2di _place;
     Math::Box2di _band;
     Math::Box2di _part;
 };
+
+constexpr int kRowsOfBand = 128;
 
 // Calls take(painted) for the bands of a rectangle, several at once.
 template<typename Take>
 void paintBands(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect, const Take& take)
 {
-    constexpr int kRows = 128;
     // Pictures are resampled by steps that are rounded from where a band, or a part that Qt makes of a fill, begins. So
     // what has some is painted as one band, in Qt's own parts.
     const bool isOne = hasPictures(shapes);
-    const int height = isOne ? std::max(rect.height(), 1) : kRows;
+    const int height = isOne ? std::max(rect.height(), 1) : kRowsOfBand;
     const int bands = (rect.height() + height - 1) / height;
     const auto paintRange = [&](const tbb::blocked_range<int>& range) {
         const Canvas canvas(rect.width(), height);
@@ -288,7 +299,7 @@ void paintBands(const std::vector<PaintedShape>& shapes, const Math::Box2di& rec
             QImage picture = canvas.cleared(band, part);
             if (!part.isEmpty())
                 paint(shapes, band, picture);
-            take(PaintedPart(picture, band, part));
+            take(PaintedPart(picture, band, band, part));
         }
     };
     if (isOne) {
@@ -297,6 +308,61 @@ void paintBands(const std::vector<PaintedShape>& shapes, const Math::Box2di& rec
     }
     VL_parallelFor(tbb::blocked_range<int>(0, bands),
                    [&](const tbb::blocked_range<int>& range) { CELVEC_onPainterThread([&] { paintRange(range); }); });
+}
+
+// Where a sprite lies if it is all that a drawing shows and each of its pixels is one of the target's.
+std::optional<Math::Box2di> placeOfPixels(const std::vector<PaintedShape>& shapes)
+{
+    constexpr double kClose = 1.0 / 65536.0; // the steps in which the painter resamples
+    if (shapes.size() != 1 || shapes.front().shape->picture.isNull())
+        return std::nullopt;
+    const CELVEC_Shape& shape = *shapes.front().shape;
+    const QTransform& toPixel = shapes.front().toPixel;
+    const bool isUpright = toPixel.type() <= QTransform::TxScale && toPixel.m11() > 0.0 && toPixel.m22() > 0.0;
+    if (!isUpright || shape.clip || shape.opacity < 1.0)
+        return std::nullopt;
+    PathCopy path;
+    const QRectF place = toPixel.mapRect(path.of(shape.path).boundingRect());
+    const int left = toPixelCoordinate(std::round(place.left()));
+    const int top = toPixelCoordinate(std::round(place.top()));
+    const Math::Box2di pixels(left, top, left + shape.picture.width(), top + shape.picture.height());
+    const bool isThere = std::abs(place.left() - pixels.x1) < kClose && std::abs(place.top() - pixels.y1) < kClose &&
+                         std::abs(place.right() - pixels.x2) < kClose && std::abs(place.bottom() - pixels.y2) < kClose;
+    return isThere ? std::optional(pixels) : std::nullopt;
+}
+
+// Some rows of an image, which share its memory.
+QImage rowsOf(const QImage& image, int first, int count)
+{
+    return GR_withPixels(
+        QImage(image.constScanLine(first), image.width(), count, image.bytesPerLine(), image.format()));
+}
+
+// Calls take(painted) for the bands of a rectangle, several at once.
+//
+// @param place of the only shape's sprite
+template<typename Take>
+void copyBands(const CELVEC_Kvd& drawing, const PaintedShape& painted, const Math::Box2di& place,
+               const Math::Box2di& rect, const Take& take)
+{
+    const auto copyBand = [&](int top) {
+        const Math::Box2di band(rect.x1, top, rect.x2, std::min(top + kRowsOfBand, rect.y2));
+        const Math::Box2di part = band.getIntersection(place);
+        if (part.isEmpty()) {
+            take(PaintedPart(QImage(), {}, band, Math::Box2di()));
+            return;
+        }
+        const QImage rows = rowsOf(painted.shape->picture, part.y1 - place.y1, part.height());
+        const QImage pixels = drawing.colorTransform() ? tinted(rows, painted.colour) : premultiplied(rows);
+        take(PaintedPart(pixels, {place.x1, part.y1, place.x2, part.y2}, band, part));
+    };
+    const int bands = (rect.height() + kRowsOfBand - 1) / kRowsOfBand;
+    VL_parallelFor(tbb::blocked_range<int>(0, bands), [&](const tbb::blocked_range<int>& range) {
+        CELVEC_onPainterThread([&] {
+            for (int i = range.begin(); i < range.end(); ++i)
+                copyBand(rect.y1 + i * kRowsOfBand);
+        });
+    });
 }
 
 // Writes the rows of a band, which have the target's columns.
@@ -334,6 +400,19 @@ void addPictures(const CELVEC_Kvd& drawing, std::vector<PaintedShape>& shapes)
     PaintedPictures pictures(drawing);
     for (PaintedShape& painted : shapes)
         painted.picture = pictures.of(*painted.shape, painted.colour);
+}
+
+// Calls take(painted) for the bands of a rectangle.
+template<typename Take>
+void paintDrawing(const CELVEC_Kvd& drawing, std::vector<PaintedShape>& shapes, const Math::Box2di& rect,
+                  const Take& take)
+{
+    if (const std::optional<Math::Box2di> place = placeOfPixels(shapes)) {
+        copyBands(drawing, shapes.front(), *place, rect, take);
+        return;
+    }
+    addPictures(drawing, shapes);
+    paintBands(shapes, rect, take);
 }
 
 bool arePlain(const std::vector<PaintedShape>& shapes)
@@ -380,13 +459,13 @@ void CELVEC_rasterise(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTransform& co
     target.realloc(Math::Box2di(), true);
     if (rect.isEmpty())
         return;
-    addPictures(drawing, shapes);
     const bool isClosed = args.closesSeams && !drawing.colorTransform();
     const auto coverage = isClosed ? CELVEC_RowKernels::Coverage::CLOSED : CELVEC_RowKernels::Coverage::KEPT;
     CEL_withFormat(target, [&](auto& typed) {
         typed.realloc(rect, false);
         using Pixel = CEL_PixelOf<decltype(typed)>;
-        paintBands(shapes, rect, [&](const PaintedPart& painted) { takePixels<Pixel>(painted, coverage, typed); });
+        paintDrawing(drawing, shapes, rect,
+                     [&](const PaintedPart& painted) { takePixels<Pixel>(painted, coverage, typed); });
     });
 }
 
@@ -397,8 +476,7 @@ void CELVEC_rasteriseCoverage(const CELVEC_Kvd& drawing, GR_GraphicOpsColorTrans
     const Math::Box2di rect = rectOf(shapes, args);
     if (rect.isEmpty())
         return;
-    addPictures(drawing, shapes);
-    paintBands(shapes, rect, [&](const PaintedPart& painted) { takeCoverage(painted, step, coverage); });
+    paintDrawing(drawing, shapes, rect, [&](const PaintedPart& painted) { takeCoverage(painted, step, coverage); });
 }
 
 std::unique_ptr<CELVEC_AlphaPlane> CELVEC_rasteriseSharedAlpha(const CELVEC_ColouredDrawing& own,
