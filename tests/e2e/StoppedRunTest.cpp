@@ -10,8 +10,12 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <csignal>
+#include <cstring>
 #include <fcntl.h>
+#include <sys/file.h>
+#include <sys/inotify.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -58,7 +62,47 @@ protected:
         return process.exitCode();
     }
 
+    // The exit code of a run that gets the signal while another program, this one, saves the scene.
+    int stoppedWhileSaved(const char* scene, const char* words, int signal)
+    {
+        const int folder = ::open(QFile::encodeName(path(scene)).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        EXPECT_EQ(::flock(folder, LOCK_EX | LOCK_NB), 0);
+        const int watch = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+        EXPECT_GE(::inotify_add_watch(watch, QFile::encodeName(path(scene)).constData(), IN_OPEN), 0);
+        QProcess process;
+        process.setWorkingDirectory(path(""));
+        process.start(QStringLiteral(QUARVEL_PROGRAM), QString::fromUtf8(words).split(u' '));
+        EXPECT_TRUE(process.waitForStarted());
+        waitUntilItWaits(process, watch);
+        if (process.state() == QProcess::Running)
+            ::kill(static_cast<pid_t>(process.processId()), signal);
+        EXPECT_TRUE(process.waitForFinished(120'000));
+        ::close(watch);
+        ::close(folder);
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        said = process.readAllStandardError().toStdString();
+        return process.exitCode();
+    }
+
 private:
+    // A program that waits for the lock of a folder opens the folder again and again, and reading the scene in it does
+    // so a few times only.
+    static void waitUntilItWaits(QProcess& process, int watch)
+    {
+        constexpr int kOpened = 50;
+        alignas(inotify_event) std::array<char, 4096> events{};
+        int opened = 0;
+        while (process.state() == QProcess::Running && opened < kOpened) {
+            process.waitForFinished(1);
+            const ssize_t size = ::read(watch, events.data(), events.size());
+            for (ssize_t at = 0; at < size; ++opened) {
+                inotify_event event{};
+                std::memcpy(&event, events.data() + at, sizeof event);
+                at += static_cast<ssize_t>(sizeof event + event.len);
+            }
+        }
+    }
+
     // Whether a process would still handle the signal by itself. It gives that up when it was told to stop, which may
     // be a while after the signal was sent.
     static bool catches(qint64 process, int signal)
@@ -110,6 +154,15 @@ TEST_F(StoppedRun, OfAnImportMakesNoScene)
     EXPECT_EQ(stopped("import pipe_1.svg pipe_2.svg pipe_3.svg -o p.scene", SIGINT), 130);
     EXPECT_THAT(said, HasSubstr("stopped; p.scene is as it was"));
     EXPECT_FALSE(exists("p.scene"));
+}
+
+TEST_F(StoppedRun, OfAChangeLeavesTheSceneAsItWas)
+{
+    ASSERT_EQ(quarvel("import hero.svg -o hero.scene"), 0);
+    const QByteArray before = bytes("hero.scene/scene.xml");
+    EXPECT_EQ(stoppedWhileSaved("hero.scene", "set hero.scene rate 25", SIGTERM), 143);
+    EXPECT_THAT(said, HasSubstr("stopped; hero.scene is as it was"));
+    EXPECT_EQ(bytes("hero.scene/scene.xml"), before);
 }
 
 TEST_F(StoppedRun, OfAnInspectionSaysHowManyAreTold)

@@ -130,6 +130,8 @@ int inspectAll(const InspectOptions& options, Report& report)
         if (StopSignal::came())
             break;
         const UT_Result<Description> found = describe(place, options, report);
+        if (!found && found.error().kind == UT_ErrorKind::STOPPED)
+            break;
         if (found)
             report.result(found->fields, place + u'\n' + found->text);
         else

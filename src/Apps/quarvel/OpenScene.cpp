@@ -3,6 +3,7 @@
 
 #include "InputAdvice.h"
 #include "LoadPlugIns.h"
+#include "StopSignal.h"
 
 UT_Result<SIO_LoadedScene> openScene(const QString& folder, Report& report)
 {
@@ -10,7 +11,7 @@ UT_Result<SIO_LoadedScene> openScene(const QString& folder, Report& report)
         return possible.error();
     if (const UT_Result<void> loaded = loadPlugIns(); !loaded)
         return loaded.error();
-    UT_Result<SIO_LoadedScene> scene = SIO_loadScene(folder);
+    UT_Result<SIO_LoadedScene> scene = SIO_loadScene(folder, [](double) { return !StopSignal::came(); });
     if (!scene)
         return scene.error();
     for (const QString& warning : scene->warnings)

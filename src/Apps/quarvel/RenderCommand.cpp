@@ -195,6 +195,10 @@ int runRenderCommand(const QStringList& words, Report& report)
         return kWrongUsage;
     }
     const UT_Result<SIO_LoadedScene> scene = openScene(options->scene, report);
+    if (!scene && scene.error().kind == UT_ErrorKind::STOPPED) {
+        report.error(QStringLiteral("stopped; nothing is rendered yet"));
+        return StopSignal::exitCode();
+    }
     if (!scene) {
         report.error(scene.error(), options->scene);
         return kFailed;

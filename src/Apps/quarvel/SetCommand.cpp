@@ -54,6 +54,17 @@ void tellChanges(const QString& folder, const Changes& changes, Report& report)
                   text);
 }
 
+int stopped(const QString& folder, Report& report)
+{
+    report.error(QStringLiteral("stopped; %1 is as it was").arg(folder));
+    return StopSignal::exitCode();
+}
+
+bool goOn(double)
+{
+    return !StopSignal::came();
+}
+
 // @return the exit code; nothing when somebody else saved the scene after it was loaded
 template<typename Change>
 std::optional<int> tryChange(const SIO_LoadedScene& opened, const QString& folder, const Change& change, Report& report)
@@ -64,15 +75,15 @@ std::optional<int> tryChange(const SIO_LoadedScene& opened, const QString& folde
         report.error(changed.error(), folder);
         return kWrongUsage;
     }
-    if (StopSignal::came()) {
-        report.error(QStringLiteral("stopped; %1 is as it was").arg(folder));
-        return StopSignal::exitCode();
-    }
+    if (StopSignal::came())
+        return stopped(folder, report);
     if (changed->empty()) {
         tellChanges(folder, *changed, report);
         return 0;
     }
-    const auto saved = SIO_saveSceneOver(opened.state, *opened.scene, folder);
+    const auto saved = SIO_saveSceneOver(opened.state, *opened.scene, folder, &goOn);
+    if (!saved && saved.error().kind == UT_ErrorKind::STOPPED)
+        return stopped(folder, report);
     if (!saved) {
         report.error(saved.error());
         return kFailed;
@@ -82,7 +93,7 @@ std::optional<int> tryChange(const SIO_LoadedScene& opened, const QString& folde
     tellChanges(folder, *changed, report);
     if (!StopSignal::came())
         return 0;
-    // A signal does not interrupt the save: it is short, and the scene is whole after it.
+    // The signal came when the save had taken effect.
     report.error(QStringLiteral("stopped; the change of %1 is saved").arg(folder));
     return StopSignal::exitCode();
 }
@@ -96,8 +107,10 @@ int changeScene(const QString& folder, const Change& change, Report& report)
         if (const auto exitCode = tryChange(*opened, folder, change, report))
             return *exitCode;
         // Another program saved the scene meanwhile: its change counts, and this one is made on top of it.
-        opened = SIO_loadScene(folder);
+        opened = SIO_loadScene(folder, &goOn);
     }
+    if (!opened && opened.error().kind == UT_ErrorKind::STOPPED)
+        return stopped(folder, report);
     report.error(opened ? UT_Error{QStringLiteral("other programs save the scene again and again; try later")}
                         : opened.error(),
                  folder);

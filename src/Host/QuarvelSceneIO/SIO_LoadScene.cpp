@@ -32,7 +32,7 @@ struct Texts
 class Loader
 {
 public:
-    explicit Loader(SIO_FolderReader& files) : _files(files) {}
+    Loader(SIO_FolderReader& files, const SIO_Progress& goOn) : _files(files), _goOn(goOn) {}
 
     UT_Result<SIO_LoadedScene> load()
     {
@@ -70,6 +70,8 @@ private:
             if (auto loaded = readPalette(palette); !loaded)
                 return UT_Error{context.file() + Texts::tr(", line %1: ").arg(palette.line) + loaded.error().text};
         for (const SIO_Index::Element& element : _scene->index.elements)
+            _drawings += element.drawings.size();
+        for (const SIO_Index::Element& element : _scene->index.elements)
             if (auto loaded = readElement(element, context); !loaded)
                 return loaded;
         return {};
@@ -104,6 +106,8 @@ private:
             return at(entry.line, Texts::tr("the scene has no node \"%1\" with drawings").arg(entry.module));
         SIO_Scene::Kept kept{entry, {}};
         for (const SIO_Index::Drawing& drawing : entry.drawings) {
+            if (_goOn && !_goOn(static_cast<double>(_read++) / static_cast<double>(_drawings)))
+                return UT_stopped();
             auto bytes = _files.read(entry.pathOf(drawing));
             if (!bytes)
                 return at(drawing.line, bytes.error().text);
@@ -150,6 +154,9 @@ private:
     }
 
     SIO_FolderReader& _files;
+    const SIO_Progress& _goOn;
+    std::size_t _drawings = 0;
+    std::size_t _read = 0;
     SIO_Warnings _warnings;
     std::unique_ptr<SIO_Scene> _scene = std::make_unique<SIO_Scene>();
     std::map<UT_Id, CM_SharedPtr<CM_Palette>> _palettes;
@@ -166,7 +173,7 @@ void finishSaveLocked(const QString& folder)
 
 // Finishes an interrupted save of this user's. Opening a scene never writes anything else. In a folder without write
 // permission, the scene is read through the journal.
-UT_Result<void> finishSave(const QString& folder)
+UT_Result<void> finishSave(const QString& folder, const SIO_Progress& goOn)
 {
     const auto waiting = SIO_waitingJournal(folder);
     if (!waiting)
@@ -174,7 +181,7 @@ UT_Result<void> finishSave(const QString& folder)
     if (!waiting->own)
         return {};
     SIO_FolderLock lock(folder);
-    if (const auto locked = lock.lock(); !locked)
+    if (const auto locked = lock.lock([&] { return !goOn || goOn(0.0); }); !locked)
         return lock.isReadOnly() ? UT_Result<void>() : locked;
     finishSaveLocked(folder);
     return {};
@@ -182,12 +189,14 @@ UT_Result<void> finishSave(const QString& folder)
 
 // Reads the scene without preventing others from saving it.
 // @return std::nullopt if another program changed it meanwhile
-std::optional<UT_Result<SIO_LoadedScene>> readBetweenSaves(const QString& folder)
+std::optional<UT_Result<SIO_LoadedScene>> readBetweenSaves(const QString& folder, const SIO_Progress& goOn)
 {
-    if (const auto finished = finishSave(folder); !finished)
+    if (const auto finished = finishSave(folder, goOn); !finished)
         return finished.error();
     SIO_FolderReader files(folder);
-    auto loaded = Loader(files).load();
+    auto loaded = Loader(files, goOn).load();
+    if (!loaded && loaded.error().kind == UT_ErrorKind::STOPPED)
+        return loaded;
     // While another program moves files into place, a file may vanish between finding and opening it.
     const bool mayHaveMoved = !loaded && files.sawJournal();
     // A journal that is not this user's may be that of another user who is saving right now.
@@ -198,16 +207,16 @@ std::optional<UT_Result<SIO_LoadedScene>> readBetweenSaves(const QString& folder
 }
 
 // Reads the scene while others cannot save it; if the folder cannot be locked, without the lock.
-UT_Result<SIO_LoadedScene> readAlone(const QString& folder)
+UT_Result<SIO_LoadedScene> readAlone(const QString& folder, const SIO_Progress& goOn)
 {
     SIO_FolderLock lock(folder);
-    const auto locked = lock.lock();
+    const auto locked = lock.lock([&] { return !goOn || goOn(0.0); });
     if (!locked && !lock.isReadOnly())
         return locked.error();
     if (locked)
         finishSaveLocked(folder);
     SIO_FolderReader files(folder);
-    auto loaded = Loader(files).load();
+    auto loaded = Loader(files, goOn).load();
     if (!files.isUnchanged())
         return UT_Error{Texts::tr("the scene \"%1\" is being saved again and again; try later").arg(folder)};
     return loaded;
@@ -217,14 +226,14 @@ UT_Result<SIO_LoadedScene> readAlone(const QString& folder)
 
 SIO_Scene::~SIO_Scene() = default;
 
-UT_Result<SIO_LoadedScene> SIO_loadScene(const QString& folder)
+UT_Result<SIO_LoadedScene> SIO_loadScene(const QString& folder, const SIO_Progress& goOn)
 {
     // An absolute path without a slash at its end, so never empty.
     const QString home = QDir::cleanPath(QFileInfo(folder).absoluteFilePath());
     if (!QFileInfo(home).isDir())
         return UT_Error{Texts::tr("there is no scene \"%1\"").arg(QDir::toNativeSeparators(folder))};
     for (int attempt = 1; attempt < kAttempts; ++attempt)
-        if (auto loaded = readBetweenSaves(home))
+        if (auto loaded = readBetweenSaves(home, goOn))
             return std::move(*loaded);
-    return readAlone(home);
+    return readAlone(home, goOn);
 }

@@ -47,12 +47,15 @@ UT_Result<QStringList> filesOnDisk(const QString& folder)
 }
 
 // The state of the scene in the folder; empty if a file cannot be read, since nobody can have loaded such a scene.
-SIO_SceneState stateOnDisk(const QString& folder, const QStringList& paths)
+UT_Result<SIO_SceneState> stateOnDisk(const QString& folder, const QStringList& paths, const SIO_Progress& goOn)
 {
     SIO_FolderReader files(folder);
-    for (const QString& path : QStringList(kSIO_mainFile) + paths)
+    for (const QString& path : QStringList(kSIO_mainFile) + paths) {
+        if (goOn && !goOn(0.0))
+            return UT_stopped();
         if (!files.read(path))
-            return {};
+            return SIO_SceneState();
+    }
     return files.state();
 }
 
@@ -81,15 +84,20 @@ UT_Result<std::optional<SIO_SceneState>> saveFiles(const QMap<QString, QByteArra
                                                    const SIO_Progress& goOn)
 {
     SIO_FolderLock lock(folder);
-    if (const auto locked = lock.lock(); !locked)
+    if (const auto locked = lock.lock([&] { return !goOn || goOn(0.0); }); !locked)
         return locked.error();
     if (const auto recovered = SIO_recover(folder, disk); !recovered)
         return recovered.error();
     const auto before = filesOnDisk(folder);
     if (!before)
         return before.error();
-    if (expected && stateOnDisk(folder, *before) != *expected)
-        return std::optional<SIO_SceneState>();
+    if (expected) {
+        const auto state = stateOnDisk(folder, *before, goOn);
+        if (!state)
+            return state.error();
+        if (*state != *expected)
+            return std::optional<SIO_SceneState>();
+    }
     const QMap<QString, QByteArray> digests = SIO_digests(files);
     if (const auto changed = SIO_changeFiles(folder, files, digests, leftOver(folder, *before, files), disk, goOn);
         !changed)
@@ -141,10 +149,10 @@ UT_Result<SIO_SceneState> SIO_saveScene(const MO_Scene& scene, const QString& fo
 }
 
 UT_Result<std::optional<SIO_SceneState>> SIO_saveSceneOver(const SIO_SceneState& loaded, const MO_Scene& scene,
-                                                           const QString& folder)
+                                                           const QString& folder, const SIO_Progress& goOn)
 {
     SIO_FileSystem disk;
-    return save(scene, folder, &loaded, disk);
+    return save(scene, folder, &loaded, disk, goOn);
 }
 
 bool SIO_isRoomForScene(const QString& folder)

@@ -37,15 +37,18 @@ struct SIO_LoadedScene
     SIO_SceneState state; ///< the state of the folder when it was read
 };
 
+/// Called now and then with how much of a save or of reading is done, 0 to 1, by the thread that works; returning false
+/// stops.
+using SIO_Progress = std::function<bool(double done)>;
+
 /// Loads a scene with its palettes and drawings. The factory must know the kinds of modules already (load the plug-ins
 /// first); modules of unknown kinds are kept unchanged, with a warning.
 ///
 /// @param folder the scene's folder
-/// @return an error with file, line and reason if anything is damaged or missing; a scene is never loaded in part
-QUARVELSCENEIO_EXPORT UT_Result<SIO_LoadedScene> SIO_loadScene(const QString& folder);
-
-/// Called now and then with how much of a save is done, 0 to 1, by the thread that saves; returning false stops.
-using SIO_Progress = std::function<bool(double done)>;
+/// @param goOn   may be empty; begins again at 0 where another program saves the scene meanwhile
+/// @return an error with file, line and reason if anything is damaged or missing, or of the kind STOPPED when goOn said
+///         to stop; a scene is never loaded in part
+QUARVELSCENEIO_EXPORT UT_Result<SIO_LoadedScene> SIO_loadScene(const QString& folder, const SIO_Progress& goOn = {});
 
 /// Saves a scene. A crash, a full disk or a kill at any moment leaves either the complete old scene or the complete new
 /// one. Processes that save at the same time wait for each other.
@@ -66,6 +69,9 @@ QUARVELSCENEIO_EXPORT bool SIO_holdsScene(const QString& folder);
 /// Saves a scene as SIO_saveScene() does, unless another program has changed the scene in the folder meanwhile.
 ///
 /// @param loaded the state when the scene was loaded or last saved
+/// @param goOn   as for SIO_saveScene()
 /// @return the new state; std::nullopt if the folder's state is not `loaded`, and then the folder is unchanged
-QUARVELSCENEIO_EXPORT UT_Result<std::optional<SIO_SceneState>>
-SIO_saveSceneOver(const SIO_SceneState& loaded, const MO_Scene& scene, const QString& folder);
+QUARVELSCENEIO_EXPORT UT_Result<std::optional<SIO_SceneState>> SIO_saveSceneOver(const SIO_SceneState& loaded,
+                                                                                 const MO_Scene& scene,
+                                                                                 const QString& folder,
+                                                                                 const SIO_Progress& goOn = {});

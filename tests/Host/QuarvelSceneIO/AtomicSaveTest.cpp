@@ -307,6 +307,42 @@ TEST_F(AtomicSave, StoppedWhereverItAsksItLeavesTheOldSceneOrNone)
     }
 }
 
+TEST_F(AtomicSave, OverALoadedSceneStoppedWhereverItAsksItLeavesTheOldOne)
+{
+    save(*oldScene, place.folder);
+    const auto loaded = SIO_loadScene(place.folder);
+    ASSERT_TRUE(loaded);
+    std::size_t answers = 0;
+    const auto saveUntil = [&](std::size_t stop) {
+        answers = 0;
+        return SIO_saveSceneOver(loaded->state, *newScene, place.folder, [&](double) { return answers++ < stop; });
+    };
+    std::size_t stop = 0;
+    auto saved = saveUntil(stop);
+    while (!saved && stop < 1000) {
+        ASSERT_EQ(saved.error().kind, UT_ErrorKind::STOPPED);
+        ASSERT_EQ(difference(filesIn(place.folder), oldFiles), "") << stop;
+        saved = saveUntil(++stop);
+    }
+    // Each file is read, compared and written, and before each of these it asks.
+    EXPECT_GT(stop, static_cast<std::size_t>(2 * oldFiles.size()));
+    EXPECT_EQ(difference(filesIn(place.folder), newFiles), "");
+}
+
+TEST_F(AtomicSave, LoadingStopsWhereverItAsks)
+{
+    save(*oldScene, place.folder);
+    int asked = 0;
+    ASSERT_TRUE(SIO_loadScene(place.folder, [&](double) { return ++asked > 0; }));
+    ASSERT_GT(asked, 0);
+    for (int stop = 0; stop < asked; ++stop) {
+        int answers = 0;
+        const auto loaded = SIO_loadScene(place.folder, [&](double) { return answers++ < stop; });
+        ASSERT_FALSE(loaded) << stop;
+        EXPECT_EQ(loaded.error().kind, UT_ErrorKind::STOPPED);
+    }
+}
+
 TEST_F(AtomicSave, WithoutSpaceTheOldFilesAreAllThatIsThere)
 {
     save(*oldScene, place.folder);

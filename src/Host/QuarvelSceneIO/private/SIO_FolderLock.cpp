@@ -41,11 +41,13 @@ struct Texts
 
 SIO_FolderLock::SIO_FolderLock(const QString& folder) : _folder(folder), _path(folder + QStringLiteral("/.lock")) {}
 
-UT_Result<void> SIO_FolderLock::lock()
+UT_Result<void> SIO_FolderLock::lock(const std::function<bool()>& goOn)
 {
     const QDeadlineTimer deadline(kPatience);
     Attempt attempt = tryLock();
     while (attempt == Attempt::HELD_BY_OTHERS && !deadline.hasExpired()) {
+        if (goOn && !goOn())
+            return UT_stopped();
         QThread::msleep(kPauseInMilliseconds);
         attempt = tryLock();
     }

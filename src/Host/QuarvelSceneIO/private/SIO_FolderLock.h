@@ -9,6 +9,7 @@
 #include "QuarvelBaseCore/UT_Result.h"
 
 #include <cstdint>
+#include <functional>
 
 /// The lock of a scene's folder, held until the object is destroyed.
 class SIO_FolderLock
@@ -24,8 +25,10 @@ public:
 
     /// Takes the lock. Waits for other processes, half a minute at most.
     ///
-    /// @return an error if another process still holds the lock, or if the folder cannot be locked
-    UT_Result<void> lock();
+    /// @param goOn asked while it waits; may be empty
+    /// @return an error if another process still holds the lock, if the folder cannot be locked, or, of the kind
+    /// STOPPED, when goOn said to stop
+    UT_Result<void> lock(const std::function<bool()>& goOn = {});
     /// After lock() failed: true if the reason is that the folder is not writable.
     bool isReadOnly() const { return _readOnly; }
 

@@ -259,6 +259,8 @@ UT_Result<void> SIO_changeFiles(const QString& folder, const QMap<QString, QByte
 {
     QMap<QString, QByteArray> changed;
     for (auto file = files.cbegin(); file != files.cend(); ++file) {
+        if (goOn && !goOn(0.0))
+            return UT_stopped();
         const QString path = folder + u'/' + file.key();
         if (!SIO_isScenePath(file.key()) || !isSafePlace(folder, file.key()) || QFileInfo(path).isDir())
             return UT_Error{Texts::tr("\"%1\" is no place for a file of the scene: a link or a folder is in the way")

@@ -40,7 +40,7 @@ QUARVELSCENEIO_EXPORT UT_Result<void> SIO_recover(const QString& folder, SIO_Fil
 /// @param files paths within the folder, with their new bytes; files that have these bytes already are not written
 /// @param digests of these files (SIO_digests)
 /// @param deletes paths within the folder of files to remove
-/// @param goOn    called while files are written, before the change takes effect; may be empty
+/// @param goOn    called while files are compared and written, before the change takes effect; may be empty
 /// @return an error if nothing has changed. Without an error the new files are valid, even if the next program that
 /// opens the scene has to finish moving them into place
 QUARVELSCENEIO_EXPORT UT_Result<void> SIO_changeFiles(const QString& folder, const QMap<QString, QByteArray>& files,
