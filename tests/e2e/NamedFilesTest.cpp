@@ -164,6 +164,8 @@ TEST_F(NamedFiles, ABitmapMayBeAsLargeAsTheMemoryOfTheJobAllows)
 
     environment.insert(QStringLiteral("SLURM_MEM_PER_NODE"), QStringLiteral("500"));
     EXPECT_EQ(quarvel("normalmap large.png --size 62 -o other.png"), 1);
-    EXPECT_THAT(said, HasSubstr("6200 x 6000 pixels, more than the 33 million for which there is memory"));
+    // 128 MiB at 4 bytes are 33,554,432 pixels; 5888 x 5698 have 33,549,824, in the same proportions.
+    EXPECT_THAT(said, HasSubstr("6200 x 6000 pixels, more than the 33 million for which there is memory; 5888 x 5698 "
+                                "pixels fit"));
     EXPECT_FALSE(entries().contains(QStringLiteral("other.png")));
 }

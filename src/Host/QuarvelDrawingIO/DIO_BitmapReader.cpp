@@ -42,11 +42,7 @@ bool isTooLarge(const QSize& size)
 
 UT_Error tooLarge(const QString& path, const QSize& size)
 {
-    return problem(path, QStringLiteral("the picture has %1 x %2 pixels, more than the %3 million for which there is "
-                                        "memory; make it smaller")
-                             .arg(size.width())
-                             .arg(size.height())
-                             .arg(DIO_mostPixels() / 1'000'000));
+    return problem(path, QStringLiteral("the picture has ") + DIO_tooManyPixels(size.width(), size.height()));
 }
 
 DIO_Paint averagePaint(const QImage& image)

@@ -5,7 +5,7 @@
 
 #include "jobs/limits/JobLimits.h"
 
-/// Lets the readers of this process decode pictures that take up to a quarter of the job's memory, at least 128 MiB:
-/// what is made of a picture takes a few times as much. A larger picture is an error of its reader. Call it before the
-/// first picture is read.
+/// Lets the readers of this process decode pictures that take up to a sixth of the job's memory, at least 128 MiB:
+/// until its objects are chosen a picture takes up to six times as much. A larger picture is an error of its reader.
+/// Call it before the first picture is read.
 void limitPictures(const JobLimits& limits);

@@ -38,11 +38,7 @@ UT_Result<void> DIO_PixelBudget::take(std::int64_t width, std::int64_t height)
         return DIO_damaged();
     // The product of two numbers of 32 bits may be more than 64 bits with a sign hold.
     if (width > _most / height)
-        return UT_Error{QStringLiteral("a picture in it has %1 x %2 pixels, more than the %3 million for which "
-                                       "there is memory; make it smaller")
-                            .arg(width)
-                            .arg(height)
-                            .arg(_most / 1'000'000)};
+        return UT_Error{QStringLiteral("a picture in it has ") + DIO_tooManyPixels(width, height)};
     _left -= width * height;
     if (_left < 0)
         return UT_Error{QStringLiteral("its pictures have more than the %1 million pixels for which there is memory "
