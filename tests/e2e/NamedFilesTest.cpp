@@ -150,6 +150,15 @@ TEST_F(NamedFiles, APictureThatDoesNotFitInMemoryIsRefusedWithTheSizeThatDoes)
         << said;
 }
 
+TEST_F(NamedFiles, APngFileThatIsCutShortIsOneLine)
+{
+    write("cut.png", QByteArray::fromHex("89504e470d0a1a0a0000000d49484452"));
+    EXPECT_EQ(quarvel("normalmap cut.png"), 1);
+    EXPECT_EQ(said,
+              "quarvel: cut.png: the picture is cut short: it ends after 16 bytes, in the middle of its content; copy "
+              "or save it again\n");
+}
+
 // 37 million pixels, which take 149 MB.
 TEST_F(NamedFiles, ABitmapMayBeAsLargeAsTheMemoryOfTheJobAllows)
 {

@@ -8,6 +8,7 @@
 #include "QuarvelDrawingIO/private/DIO_AverageColour.h"
 #include "QuarvelDrawingIO/private/DIO_PictureForm.h"
 #include "QuarvelDrawingIO/private/DIO_PixelLimit.h"
+#include "QuarvelDrawingIO/private/DIO_PngParts.h"
 
 #include <QFileInfo>
 #include <QImageReader>
@@ -71,6 +72,8 @@ UT_Result<QImage> DIO_readImage(const QString& path, QStringList& warnings)
     QFile file(path);
     if (const UT_Result<void> opened = UT_openPlainFile(file); !opened)
         return problem(path, opened.error().text);
+    if (const UT_Result<void> whole = DIO_checkPngParts(file); !whole)
+        return problem(path, whole.error().text);
     QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);

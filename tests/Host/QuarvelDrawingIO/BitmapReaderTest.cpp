@@ -23,6 +23,13 @@ protected:
         return path(name);
     }
 
+    static QByteArray bytesOf(const QString& path)
+    {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+
     static std::string refusalOf(const QString& path)
     {
         const UT_Result<DIO_Drawing> drawing = DIO_readDrawing(path);
@@ -84,6 +91,39 @@ TEST_F(BitmapReader, refusesWhatIsNoPicture)
     EXPECT_THAT(refusalOf(write("a.png", drawings::document("<rect width='9' height='9'/>"))), HasSubstr("no picture"))
         << "a drawing would open other files";
     EXPECT_THAT(refusalOf("none.png"), HasSubstr("there is no such file"));
+}
+
+TEST_F(BitmapReader, saysWhereAPngFileEndsAndItsLibraryNothing)
+{
+    const QByteArray whole = bytesOf(save("whole.png", halves()));
+    testing::internal::CaptureStderr();
+    for (qsizetype size = 8; size < whole.size(); ++size)
+        EXPECT_THAT(refusalOf(write("cut.png", whole.first(size))),
+                    HasSubstr("it ends after " + std::to_string(size) + " bytes"));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(BitmapReader, saysWhereAPngFileIsChangedAndItsLibraryNothing)
+{
+    QByteArray changed = bytesOf(save("whole.png", halves()));
+    // The length of a part stands before its letters.
+    const qsizetype pixels = changed.indexOf("IDAT") - 4;
+    changed[pixels + 10] = static_cast<char>(changed[pixels + 10] ^ 1);
+    testing::internal::CaptureStderr();
+    EXPECT_THAT(refusalOf(write("changed.png", changed)),
+                HasSubstr("its content from byte " + std::to_string(pixels) + " on is not what was written"));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(BitmapReader, APngFileMayHaveChangedTextsAndMoreAfterItsEnd)
+{
+    QImage image = halves();
+    image.setText("Comment", "made by hand");
+    QByteArray bytes = bytesOf(save("text.png", image));
+    const qsizetype text = bytes.indexOf("made by hand");
+    ASSERT_GT(text, 0);
+    bytes[text] = 'M';
+    EXPECT_EQ(refusalOf(write("changed.png", bytes + "more")), "");
 }
 
 // 128 MiB at 4 bytes a pixel are 33.5 million pixels.

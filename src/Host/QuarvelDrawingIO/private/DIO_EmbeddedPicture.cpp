@@ -4,6 +4,7 @@
 #include "QuarvelDrawingIO/private/DIO_EmbeddedPicture.h"
 
 #include "QuarvelDrawingIO/private/DIO_PictureForm.h"
+#include "QuarvelDrawingIO/private/DIO_PngParts.h"
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
 
 #include <QBuffer>
@@ -56,6 +57,8 @@ UT_Result<QImage> DIO_decodePicture(const QString& url, qint64& pixelBudget)
     if (format.isEmpty())
         return undecodable();
     QBuffer buffer(&data);
+    if (!buffer.open(QIODevice::ReadOnly) || !DIO_checkPngParts(buffer))
+        return undecodable();
     QImageReader reader(&buffer, format);
     reader.setAutoDetectImageFormat(false);
     reader.setAutoTransform(true);

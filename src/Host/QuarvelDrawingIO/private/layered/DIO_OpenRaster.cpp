@@ -2,6 +2,7 @@
 //
 // "stack.xml" lists layers and stacks of them from the top down.
 #include "QuarvelDrawingIO/private/layered/DIO_OpenRaster.h"
+#include "QuarvelDrawingIO/private/DIO_PngParts.h"
 
 #include "QuarvelDrawingIO/private/layered/DIO_FileLimits.h"
 #include "QuarvelDrawingIO/private/layered/DIO_ZipFile.h"
@@ -144,14 +145,17 @@ private:
         UT_Result<QByteArray> bytes = _archive.read(name, kMostBytes);
         if (!bytes)
             return bytes.error();
+        const UT_Error damaged{QStringLiteral("\"%1\" in it is no whole PNG file").arg(name.left(80))};
         QBuffer buffer(&*bytes);
+        if (!buffer.open(QIODevice::ReadOnly) || !DIO_checkPngParts(buffer))
+            return damaged;
         QImageReader reader(&buffer, "png");
         const QSize size = reader.size();
         if (UT_Result<void> taken = _budget.take(size.width(), size.height()); !taken)
             return taken.error();
         const QImage image = reader.read();
         if (image.isNull())
-            return UT_Error{QStringLiteral("\"%1\" in it is no whole PNG file").arg(name.left(80))};
+            return damaged;
         const bool isDeep = image.pixelFormat().redSize() > 8;
         return GR_imageInFormat(image, isDeep ? QImage::Format_RGBA64 : QImage::Format_ARGB32);
     }
