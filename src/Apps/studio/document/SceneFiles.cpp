@@ -38,7 +38,7 @@ UT_Result<OpenRequest> OpenRequest::of(const QStringList& paths)
     for (const QString& path : paths) {
         const QFileInfo file(path);
         if (!file.exists())
-            return UT_Error{SceneFiles::tr("%1 does not exist any more. Was it moved or renamed?").arg(path)};
+            return UT_Error{SceneFiles::tr("%1 does not exist. Is its path right?").arg(path)};
         if (file.fileName() == QLatin1String("scene.xml"))
             request.scene = file.absolutePath();
         else if (isScene(file))

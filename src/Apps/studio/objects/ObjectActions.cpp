@@ -39,6 +39,10 @@ ObjectActions::ObjectActions(DocumentObjects& objects, QWidget& window)
                    QKeySequence(Qt::Key_X)))
     , _hide(make(tr("Hide"), tr("Hides the selected objects"), QKeySequence(Qt::Key_H)))
     , _solo(make(tr("Solo"), tr("Shows the selected objects alone"), QKeySequence(Qt::Key_S)))
+    , _join(make(tr("Join"), tr("Makes one object of the selected ones, with the values of the one selected last"),
+                 QKeySequence(Qt::Key_J)))
+    , _separate(make(tr("Separate"), tr("Makes objects of their own of the drawings that were joined into one"),
+                     QKeySequence(Qt::SHIFT | Qt::Key_J)))
     , _copy(make(tr("Copy Values"), tr("Copies bevel, elevation, smoothness, tilt and rim of the selected object"),
                  QKeySequence::Copy))
     , _paste(make(tr("Paste Values"), tr("Gives the copied values to the selected objects"), QKeySequence::Paste))
@@ -59,6 +63,9 @@ ObjectActions::ObjectActions(DocumentObjects& objects, QWidget& window)
     connect(_hide, &QAction::triggered, this, [this](bool on) { _objects.change(hideCmd(_objects.selected(), on)); });
     connect(_solo, &QAction::triggered, this,
             [this](bool on) { _objects.change(soloCmd(_objects.selected(), _objects.all(), on)); });
+    connect(_join, &QAction::triggered, this, [this] { _objects.change(joinCmd(_objects.selected(), frame())); });
+    connect(_separate, &QAction::triggered, this,
+            [this] { _objects.change(separateCmd(_objects.selected(), _objects.all(), frame())); });
     connect(_copy, &QAction::triggered, this, &ObjectActions::copyValues);
     connect(_paste, &QAction::triggered, this, &ObjectActions::pasteValues);
     connect(_reset, &QAction::triggered, this, &ObjectActions::resetValues);
@@ -80,7 +87,7 @@ QAction* ObjectActions::make(const QString& text, const QString& toolTip, const 
 
 void ObjectActions::addKeysTo(QWidget& widget) const
 {
-    widget.addActions({_carve, _cutOut, _hide, _solo, _copy, _paste, _reset});
+    widget.addActions({_carve, _cutOut, _hide, _solo, _join, _separate, _copy, _paste, _reset});
 }
 
 void ObjectActions::refreshIcons()
@@ -99,6 +106,12 @@ void ObjectActions::update()
         action->setEnabled(any);
     for (QAction* const action : {_carve, _copy, _paste, _reset})
         action->setEnabled(haveValues);
+    const SceneObject* const current = currentOf(selected);
+    _join->setEnabled(std::ranges::count_if(selected, [&](const SceneObject& one) {
+                          return current && one.node == current->node && !one.isCutOut();
+                      }) > 1);
+    _separate->setEnabled(std::ranges::any_of(
+        selected, [](const SceneObject& one) { return !one.isCutOut() && one.definitions.size() > 1; }));
     _carve->setChecked(all([](const SceneObject& one) { return one.values.elevation < 0.0; }));
     _cutOut->setChecked(all([](const SceneObject& one) { return one.isCutOut(); }));
     _hide->setChecked(all([](const SceneObject& one) { return one.isHidden; }));
@@ -154,6 +167,8 @@ double ObjectActions::frame() const
 void ObjectActions::fillMenu(QMenu& menu)
 {
     menu.addActions({_carve, _cutOut, _hide, _solo});
+    menu.addSeparator();
+    menu.addActions({_join, _separate});
     menu.addSeparator();
     menu.addActions({_copy, _paste});
     const bool haveValues = _reset->isEnabled();

@@ -25,6 +25,8 @@ public:
     QAction* cutOut() const { return _cutOut; }
     QAction* hide() const { return _hide; }
     QAction* solo() const { return _solo; }
+    QAction* join() const { return _join; }
+    QAction* separate() const { return _separate; }
     QAction* copy() const { return _copy; }
     QAction* reset() const { return _reset; }
 
@@ -59,6 +61,8 @@ private:
     QAction* _cutOut;
     QAction* _hide;
     QAction* _solo;
+    QAction* _join;
+    QAction* _separate;
     QAction* _copy;
     QAction* _paste;
     QAction* _reset;

@@ -243,6 +243,54 @@ MO_EditCommand cutOutCmd(const std::vector<SceneObject>& objects, const std::vec
     return named(std::move(changes), {name.arg(ObjectTexts::subject(objects)), {}, {}});
 }
 
+MO_EditCommand joinCmd(const std::vector<SceneObject>& objects, double frame)
+{
+    const SceneObject* const current = currentOf(objects);
+    if (!current)
+        return nullptr;
+    std::vector<SceneObject> joined;
+    for (const SceneObject& object : objects)
+        if (object.node == current->node && !object.isCutOut())
+            joined.push_back(object);
+    if (joined.size() < 2)
+        return nullptr;
+    ObjectSettings facing;
+    facing.tilt = current->tilt;
+    facing.rim = current->rim;
+    const QString name = ObjectTexts::tr("Join %1").arg(ObjectTexts::subject(joined));
+    auto changes = std::make_unique<CO_OrCommand>();
+    for (const SceneObject& object : joined)
+        if (object.number() != current->number())
+            for (ObjectDefinition* const definition : object.definitions)
+                changes->append(definition->objectNumber()->setValueCmd(frame, current->number()));
+    changes->append(
+        MO_numbersCmd(name, frame, numbersThatChange(joined, frame, [&](const SceneObject&) { return facing; })));
+    return named(std::move(changes), {name, {}, {}});
+}
+
+MO_EditCommand separateCmd(const std::vector<SceneObject>& objects, const std::vector<SceneObject>& all, double frame)
+{
+    auto changes = std::make_unique<CO_OrCommand>();
+    std::map<MO_Module*, FreeNumbers> free;
+    std::vector<SceneObject> separated; // with the values of new rows
+    std::vector<SceneObject> parts;
+    for (const SceneObject& object : objects) {
+        if (object.isCutOut() || object.definitions.size() < 2)
+            continue;
+        separated.push_back(object);
+        for (std::size_t i = 1; i < object.definitions.size(); ++i) {
+            SceneObject part = object;
+            part.values = {.number = free.try_emplace(object.node, *object.node, all).first->second.take()};
+            changes->append(object.definitions[i]->objectNumber()->setValueCmd(frame, part.number()));
+            parts.push_back(part);
+        }
+    }
+    changes->append(tablesCmd(parts, [&](const SceneObject& part) {
+        return std::ranges::find_if(separated, [&](const SceneObject& one) { return isSame(one, part); })->values;
+    }));
+    return named(std::move(changes), {ObjectTexts::tr("Separate %1").arg(ObjectTexts::subject(separated)), {}, {}});
+}
+
 MO_EditCommand hideCmd(const std::vector<SceneObject>& objects, bool hidden)
 {
     auto changes = std::make_unique<CO_OrCommand>();

@@ -39,6 +39,13 @@ MO_EditCommand carveCmd(const std::vector<SceneObject>& objects, double frame, b
 /// @param all the scene's objects
 MO_EditCommand cutOutCmd(const std::vector<SceneObject>& objects, const std::vector<SceneObject>& all, bool cutOut,
                          double frame);
+/// Makes one object of those that are of the current one's node: it has the number, the values, the tilt and the rim of
+/// the current one. Cut-outs stay what they are.
+MO_EditCommand joinCmd(const std::vector<SceneObject>& objects, double frame);
+/// Makes as many objects of each as it has definitions, with its values; the first one keeps its number.
+///
+/// @param all the scene's objects
+MO_EditCommand separateCmd(const std::vector<SceneObject>& objects, const std::vector<SceneObject>& all, double frame);
 MO_EditCommand hideCmd(const std::vector<SceneObject>& objects, bool hidden);
 /// Shows these objects and hides all others of the same nodes, or shows all of them again.
 MO_EditCommand soloCmd(const std::vector<SceneObject>& objects, const std::vector<SceneObject>& all, bool solo);

@@ -2398,6 +2398,22 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
         <source>Reset Rim of %1</source>
         <translation>Randkante von %1 zurücksetzen</translation>
     </message>
+    <message>
+        <source>Join</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>Makes one object of the selected ones, with the values of the one selected last</source>
+        <translation>Macht aus den ausgewählten Objekten eins, mit den Werten des zuletzt ausgewählten</translation>
+    </message>
+    <message>
+        <source>Separate</source>
+        <translation>Trennen</translation>
+    </message>
+    <message>
+        <source>Makes objects of their own of the drawings that were joined into one</source>
+        <translation>Macht aus Zeichnungen, die zu einem Objekt verbunden wurden, wieder eigene Objekte</translation>
+    </message>
 </context>
 <context>
     <name>ObjectBar</name>
@@ -2544,6 +2560,14 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
     <message>
         <source>How many degrees the object is turned upwards; negative values turn it down</source>
         <translation>Um wie viel Grad das Objekt nach oben gedreht ist; negative Werte drehen es nach unten</translation>
+    </message>
+    <message>
+        <source>Join %1</source>
+        <translation>%1 verbinden</translation>
+    </message>
+    <message>
+        <source>Separate %1</source>
+        <translation>%1 trennen</translation>
     </message>
 </context>
 <context>
@@ -3119,10 +3143,6 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
 <context>
     <name>SceneFiles</name>
     <message>
-        <source>%1 does not exist any more. Was it moved or renamed?</source>
-        <translation>%1 gibt es nicht mehr. Wurde es verschoben oder umbenannt?</translation>
-    </message>
-    <message>
         <source>Open one scene at a time, or drawings without a scene.</source>
         <translation>Öffnen Sie immer nur eine Szene, oder Zeichnungen ohne Szene.</translation>
     </message>
@@ -3133,6 +3153,10 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
     <message>
         <source>There is not enough memory to open this.</source>
         <translation>Der Speicher reicht nicht, um das zu öffnen.</translation>
+    </message>
+    <message>
+        <source>%1 does not exist. Is its path right?</source>
+        <translation>%1 gibt es nicht. Stimmt der Pfad?</translation>
     </message>
 </context>
 <context>

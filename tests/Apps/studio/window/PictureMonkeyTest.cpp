@@ -122,9 +122,10 @@ protected:
     }
     void press()
     {
-        constexpr std::array kKeys{Qt::Key_V, Qt::Key_X,      Qt::Key_H,    Qt::Key_S,
-                                   Qt::Key_B, Qt::Key_Escape, Qt::Key_Left, Qt::Key_Up};
-        QTest::keyClick(&viewer(), kKeys[static_cast<std::size_t>(upTo(static_cast<int>(kKeys.size()) - 1))]);
+        constexpr std::array kKeys{Qt::Key_V,      Qt::Key_X,    Qt::Key_H,  Qt::Key_S, Qt::Key_B,
+                                   Qt::Key_Escape, Qt::Key_Left, Qt::Key_Up, Qt::Key_J};
+        QTest::keyClick(&viewer(), kKeys[static_cast<std::size_t>(upTo(static_cast<int>(kKeys.size()) - 1))],
+                        chance(20) ? Qt::ShiftModifier : Qt::NoModifier);
     }
     void resetValues() { QTest::keyClick(&viewer(), Qt::Key_R, Qt::ShiftModifier); }
     void switchPicture()
