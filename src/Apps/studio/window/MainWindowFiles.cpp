@@ -57,6 +57,9 @@ bool MainWindow::confirmLeaving()
                          tr("\"%1\" has changes that are not saved.").arg(_document.title()),
                          QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
     question.setInformativeText(tr("Do you want to save them? Discarded changes cannot be restored."));
+    // Qt's own texts have no letters to press.
+    question.button(QMessageBox::Save)->setText(tr("&Save"));
+    question.button(QMessageBox::Discard)->setText(tr("&Discard"));
     question.setDefaultButton(QMessageBox::Save);
     switch (question.exec()) {
     case QMessageBox::Save:

@@ -7,8 +7,13 @@
 #include "QuarvelSceneCore/graph/MO_Module.h"
 #include "QuarvelSceneCore/graph/MO_ModuleFactory.h"
 
+#include <QAbstractButton>
+#include <QColorDialog>
 #include <QCoreApplication>
+#include <QFileDialog>
+#include <QLabel>
 #include <QLocale>
+#include <QMessageBox>
 #include <QProcess>
 
 #include <gtest/gtest.h>
@@ -55,6 +60,55 @@ TEST_F(Translations, CoverTheWindowTheHostAndThePlugIns)
               QStringLiteral("3 Bilder geschrieben."));
     EXPECT_EQ(label("OBJECT_DEFINITION", "ObjectNumber"), QStringLiteral("Objektnummer"));
     EXPECT_EQ(label("Vallorin", "BlurScale"), QStringLiteral("Faktor für Kanten"));
+}
+
+// The texts of a dialog's buttons, labels and tool tips.
+QStringList textsOf(const QWidget& dialog)
+{
+    QStringList texts;
+    const auto add = [&texts](const QString& text) {
+        if (!text.trimmed().isEmpty())
+            texts << text;
+    };
+    for (const QWidget* const part : dialog.findChildren<QWidget*>()) {
+        add(part->toolTip());
+        if (const auto* const button = qobject_cast<const QAbstractButton*>(part))
+            add(button->text());
+        if (const auto* const label = qobject_cast<const QLabel*>(part))
+            add(label->text());
+    }
+    return texts;
+}
+
+QStringList textsOfQt()
+{
+    QStringList texts;
+    QMessageBox box;
+    box.setStandardButtons(QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel | QMessageBox::Yes |
+                           QMessageBox::No | QMessageBox::Close);
+    texts << textsOf(box);
+    QFileDialog files;
+    files.setOption(QFileDialog::DontUseNativeDialog);
+    texts << textsOf(files);
+    files.setAcceptMode(QFileDialog::AcceptSave);
+    texts << textsOf(files);
+    QColorDialog colours;
+    colours.setOptions(QColorDialog::DontUseNativeDialog | QColorDialog::ShowAlphaChannel);
+    return texts << textsOf(colours);
+}
+
+TEST_F(Translations, CoverTheDialogsOfQtWhereItsOwnAreNotInstalled)
+{
+    // Those of two languages are the same words.
+    const QStringList same{QStringLiteral("OK"), QStringLiteral("Name:")};
+    installTranslations(QLocale(QStringLiteral("en_GB")));
+    const QStringList english = textsOfQt();
+    installTranslations(QLocale(QStringLiteral("de_DE")));
+    const QStringList german = textsOfQt();
+    ASSERT_EQ(german.size(), english.size());
+    EXPECT_GT(german.size(), 40);
+    for (qsizetype i = 0; i < german.size(); ++i)
+        EXPECT_TRUE(german[i] != english[i] || same.contains(german[i])) << qPrintable(german[i]);
 }
 
 TEST_F(Translations, GoWhenTheLanguageChangesToEnglish)
