@@ -99,6 +99,18 @@ TEST_P(ContrastTest, WhatIsMarkedIsSeen)
             << kind;
 }
 
+// A disc of a colour on nothing.
+QImage discPicture(const QColor& colour)
+{
+    QImage picture(100, 100, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    painter.drawEllipse(QRectF(20, 20, 60, 60));
+    return picture;
+}
+
 TEST_P(ContrastTest, SwatchesAndThumbnailsOfAnyColourEndSomewhere)
 {
     const QColor base = colour(QPalette::Base);
@@ -116,9 +128,14 @@ TEST_P(ContrastTest, SwatchesAndThumbnailsOfAnyColourEndSomewhere)
         QPainterPath disc;
         disc.addEllipse(QPointF(), 50, 50);
         drawing.addShape(GR_Art::COLOUR, {disc, id, 1.0, {}});
+        CELVEC_Kvd bitmap(palette);
+        CELVEC_Shape picture{disc, id, 1.0, {}};
+        picture.picture = discPicture(own);
+        bitmap.addShape(GR_Art::COLOUR, picture);
         for (const double ratio : {1.0, 2.0})
-            EXPECT_GE(greatestContrast(drawingThumbnail(drawing, 24, ratio).toImage(), base), kPart)
-                << qPrintable(own.name()) << " at " << ratio;
+            for (const CELVEC_Kvd* const shown : {&drawing, &bitmap})
+                EXPECT_GE(greatestContrast(drawingThumbnail(*shown, 24, ratio).toImage(), base), kPart)
+                    << qPrintable(own.name()) << " at " << ratio << (shown == &bitmap ? ", a bitmap" : "");
     }
 }
 

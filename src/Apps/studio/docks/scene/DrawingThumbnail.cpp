@@ -41,11 +41,13 @@ std::vector<const CELVEC_Shape*> shapesIn(const CELVEC_Kvd& drawing, const QRect
     return shapes;
 }
 
-// Pictures have no outline of their own.
+bool isPicture(const CELVEC_Shape* shape)
+{
+    return !shape->picture.isNull();
+}
+
 void paintOutline(QPainter& painter, const CELVEC_Shape& shape, double ratio)
 {
-    if (!shape.picture.isNull())
-        return;
     QPen pen(QColor::fromRgb(kOutline), kOutlineWidth * ratio);
     pen.setCosmetic(true);
     painter.save();
@@ -68,6 +70,36 @@ void paintShape(QPainter& painter, const CELVEC_Kvd& drawing, const CELVEC_Shape
         const CM_Rgba& rgba = color->GetNominalColor();
         painter.fillPath(shape.path, QColor(rgba.red, rgba.green, rgba.blue, rgba.alpha));
     }
+    painter.restore();
+}
+
+// What pictures cover, in the outline's colour and as many pixels as the thumbnail has.
+QImage silhouette(const CELVEC_Kvd& drawing, const std::vector<const CELVEC_Shape*>& pictures, const QSize& pixels,
+                  double ratio, const QTransform& toSquare)
+{
+    QImage covered(pixels, QImage::Format_ARGB32_Premultiplied);
+    covered.setDevicePixelRatio(ratio);
+    covered.fill(Qt::transparent);
+    QPainter painter(&covered);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.setTransform(toSquare);
+    for (const CELVEC_Shape* const picture : pictures)
+        paintShape(painter, drawing, *picture);
+    painter.resetTransform();
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(QRectF(QPointF(), covered.deviceIndependentSize()), QColor::fromRgb(kOutline));
+    return covered;
+}
+
+// A picture has no path: what it covers is painted all around the place where it will lie.
+void paintPictureOutlines(QPainter& painter, const QImage& covered)
+{
+    constexpr double kReach = kOutlineWidth / 2.0;
+    painter.save();
+    painter.resetTransform();
+    for (const double x : {-kReach, 0.0, kReach})
+        for (const double y : {-kReach, 0.0, kReach})
+            painter.drawImage(QPointF(x, y), covered);
     painter.restore();
 }
 
@@ -95,13 +127,20 @@ QPixmap drawingThumbnail(const CELVEC_Kvd& drawing, int side, double ratio, cons
     const double longest = std::max(bounds.width(), bounds.height());
     if (!(longest > 0.0))
         return pixmap;
+    QTransform toSquare = QTransform::fromTranslate(side / 2.0, side / 2.0);
+    toSquare.scale((side - 2 * kMargin) / longest, (side - 2 * kMargin) / longest);
+    toSquare.translate(-bounds.center().x(), -bounds.center().y());
     QPainter painter(&pixmap);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    painter.translate(side / 2.0, side / 2.0);
-    painter.scale((side - 2 * kMargin) / longest, (side - 2 * kMargin) / longest);
-    painter.translate(-bounds.center());
+    painter.setTransform(toSquare);
+    std::vector<const CELVEC_Shape*> pictures;
     for (const CELVEC_Shape* const shape : shapes)
-        paintOutline(painter, *shape, ratio);
+        if (isPicture(shape))
+            pictures.push_back(shape);
+        else
+            paintOutline(painter, *shape, ratio);
+    if (!pictures.empty())
+        paintPictureOutlines(painter, silhouette(drawing, pictures, pixmap.size(), ratio, toSquare));
     for (const CELVEC_Shape* const shape : shapes)
         paintShape(painter, drawing, *shape);
     return pixmap;
