@@ -4,6 +4,7 @@
 #include "Apps/studio/docks/DocksTesting.h"
 #include "studio/docks/scene/DrawingThumbnail.h"
 
+#include <QPainter>
 #include <QPushButton>
 #include <QTreeWidget>
 
@@ -87,6 +88,23 @@ TEST(ThumbnailTest, ShowsTheShapesInTheirColoursFittedIntoTheSquare)
     EXPECT_EQ(image.pixelColor(8, 40), QColor(255, 0, 0));
     EXPECT_EQ(image.pixelColor(40, 10).alpha(), 0);
     EXPECT_TRUE(drawingThumbnail(CELVEC_Kvd(), 40, 1.0).toImage().pixelColor(20, 20).alpha() == 0);
+}
+
+TEST(ThumbnailTest, ShowsABitmapAsFarAsItCoversSomething)
+{
+    // Red from a quarter to a half of a bitmap that is smaller, and of one that is larger, than what is looked through.
+    for (const int side : {40, 1000}) {
+        QImage picture(side, side, QImage::Format_ARGB32_Premultiplied);
+        picture.fill(Qt::transparent);
+        QPainter(&picture).fillRect(side / 4, side / 4, side / 4, side / 4, QColor(255, 0, 0));
+        CELVEC_Shape shape = docks::rectangle(QRectF(1000, 500, 400, 400), docks::kSkin);
+        shape.picture = picture;
+        CELVEC_Kvd drawing;
+        drawing.addShape(GR_Art::COLOUR, shape);
+        const QImage image = drawingThumbnail(drawing, 40, 1.0).toImage();
+        for (const QPoint& place : {QPoint(5, 5), QPoint(34, 5), QPoint(5, 34), QPoint(34, 34)})
+            EXPECT_EQ(image.pixelColor(place), QColor(255, 0, 0)) << side << ": " << place.x() << ", " << place.y();
+    }
 }
 
 TEST(ThumbnailTest, LeavesOutWhatGoesOnOutsideOfTheFrame)

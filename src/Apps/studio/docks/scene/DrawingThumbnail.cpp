@@ -46,6 +46,43 @@ bool isPicture(const CELVEC_Shape* shape)
     return !shape->picture.isNull();
 }
 
+// Where a picture covers something, in its own pixels: exact in small pictures, at most one sample too far in others.
+// All of it if nothing is found.
+QRectF coveredRect(const QImage& picture)
+{
+    constexpr int kMostSamples = 256; // each way
+    const QSize samples = picture.size().boundedTo(QSize(kMostSamples, kMostSamples));
+    const QImage sampled = picture.scaled(samples, Qt::IgnoreAspectRatio, Qt::FastTransformation)
+                               .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QRect covered;
+    for (int y = 0; y < sampled.height(); ++y) {
+        const auto* const row = reinterpret_cast<const QRgb*>(sampled.constScanLine(y));
+        for (int x = 0; x < sampled.width(); ++x)
+            if (qAlpha(row[x]) > 0)
+                covered |= QRect(x, y, 1, 1);
+    }
+    if (covered.isNull())
+        return picture.rect();
+    if (samples != picture.size())
+        covered = covered.adjusted(-1, -1, 1, 1) & sampled.rect();
+    const double right = static_cast<double>(picture.width()) / samples.width();
+    const double down = static_cast<double>(picture.height()) / samples.height();
+    return {covered.x() * right, covered.y() * down, covered.width() * right, covered.height() * down};
+}
+
+// What there is to see of a shape.
+QRectF extentOf(const CELVEC_Shape& shape)
+{
+    if (!isPicture(&shape))
+        return shape.path.controlPointRect();
+    const QRectF place = shape.path.boundingRect();
+    const QRectF covered = coveredRect(shape.picture);
+    const double right = place.width() / shape.picture.width();
+    const double down = place.height() / shape.picture.height();
+    return {place.x() + covered.x() * right, place.y() + covered.y() * down, covered.width() * right,
+            covered.height() * down};
+}
+
 void paintOutline(QPainter& painter, const CELVEC_Shape& shape, double ratio)
 {
     QPen pen(QColor::fromRgb(kOutline), kOutlineWidth * ratio);
@@ -123,7 +160,7 @@ QPixmap drawingThumbnail(const CELVEC_Kvd& drawing, int side, double ratio, cons
     pixmap.fill(Qt::transparent);
     QRectF bounds;
     for (const CELVEC_Shape* const shape : shapes)
-        bounds |= shape->path.controlPointRect();
+        bounds |= extentOf(*shape);
     const double longest = std::max(bounds.width(), bounds.height());
     if (!(longest > 0.0))
         return pixmap;
