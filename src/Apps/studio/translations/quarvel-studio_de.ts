@@ -2695,6 +2695,10 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
         <source>Colour &quot;%1&quot;</source>
         <translation>Farbe „%1“</translation>
     </message>
+    <message>
+        <source>Stands for pixels of a bitmap, which keep their own colours</source>
+        <translation>Steht für Pixel eines Bitmaps; sie behalten ihre eigenen Farben</translation>
+    </message>
 </context>
 <context>
     <name>PixelReadOut</name>

@@ -2,9 +2,14 @@
 //
 // The palette view: names and colours are typed into its rows.
 #include "Apps/studio/docks/DocksTesting.h"
+#include "studio/docks/scene/ColourSwatch.h"
 
+#include <QColorDialog>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTreeWidget>
+
+#include <map>
 
 namespace {
 
@@ -108,6 +113,68 @@ TEST(ColorTextTest, IsWrittenAndReadWithAndWithoutOpacity)
     EXPECT_EQ(PaletteView::parseColor(QStringLiteral(" #01ABFF10 ")), QColor(1, 171, 255, 16));
     for (const char* wrong : {"", "#12345", "#1234567", "#12345G", "blue"})
         EXPECT_FALSE(PaletteView::parseColor(QLatin1String(wrong)).isValid()) << wrong;
+}
+
+TEST_F(PaletteViewTest, ASwatchThatIsClickedTwiceAsksForAnotherColour)
+{
+    const QRect row = tree().visualItemRect(colorRow(1));
+    const QPoint swatch(row.left() + kColourSwatch / 2 + 2, row.center().y());
+    QTest::mouseClick(tree().viewport(), Qt::LeftButton, Qt::NoModifier, swatch);
+    QTest::mouseDClick(tree().viewport(), Qt::LeftButton, Qt::NoModifier, swatch);
+    docks::settle();
+    auto* const dialog = view<PaletteView>().findChild<QColorDialog*>();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(tree().findChild<QLineEdit*>(), nullptr) << "nothing is typed";
+    EXPECT_EQ(dialog->currentColor(), QColor(40, 80, 200));
+    dialog->setCurrentColor(QColor(1, 2, 3));
+    dialog->accept();
+    docks::settle();
+    EXPECT_EQ(palette().findColor(docks::kCloth)->GetNominalColor(), (CM_Rgba{1, 2, 3, 255}));
+}
+
+TEST_F(PaletteViewTest, ANameIsStillClickedTwiceToBeTyped)
+{
+    const QRect row = tree().visualItemRect(colorRow(1));
+    const QPoint name(row.left() + kColourSwatch + 20, row.center().y());
+    tree().window()->activateWindow();
+    QTest::mouseClick(tree().viewport(), Qt::LeftButton, Qt::NoModifier, name);
+    QTest::mouseDClick(tree().viewport(), Qt::LeftButton, Qt::NoModifier, name);
+    docks::settle();
+    EXPECT_EQ(view<PaletteView>().findChild<QColorDialog*>(), nullptr);
+    EXPECT_NE(tree().findChild<QLineEdit*>(), nullptr);
+}
+
+TEST_F(PaletteViewTest, ThePixelsOfBitmapsKeepTheirColours)
+{
+    // All drawings become a bitmap that the skin's colour stands for, and a shape in the cloth's colour.
+    auto scene = docks::smallScene();
+    scene->root().forEachModule([&](MO_Module& module) {
+        auto* const element = dynamic_cast<MO_ElementModule*>(&module);
+        if (!element)
+            return;
+        for (const auto& [name, drawing] : std::map(element->drawings().begin(), element->drawings().end())) {
+            auto bitmap = UT_makeShared<CELVEC_Kvd>(drawing->palette());
+            CELVEC_Shape pixels = docks::rectangle(QRectF(0, 0, 8, 8), docks::kSkin);
+            pixels.picture = QImage(8, 8, QImage::Format_ARGB32_Premultiplied);
+            pixels.picture.fill(Qt::red);
+            bitmap->addShape(GR_Art::COLOUR, pixels);
+            bitmap->addShape(GR_Art::COLOUR, docks::rectangle(QRectF(0, 0, 8, 8), docks::kCloth));
+            element->setDrawing(name, bitmap);
+        }
+    });
+    document.replaceScene(std::move(scene), {}, false);
+    docks::settle();
+    const auto& button = *view<PaletteView>().findChild<QPushButton*>(QStringLiteral("PickColor"));
+    tree().setCurrentItem(colorRow(1), 1);
+    EXPECT_TRUE(button.isEnabled());
+    EXPECT_EQ(colorRow(1)->toolTip(1), QString());
+    tree().setCurrentItem(colorRow(0), 1);
+    EXPECT_FALSE(button.isEnabled());
+    EXPECT_NE(colorRow(0)->toolTip(1), QString());
+    tree().editItem(colorRow(0), 1);
+    EXPECT_EQ(tree().findChild<QLineEdit*>(), nullptr);
+    typeInto(colorRow(0), 0, QStringLiteral("Fur"));
+    EXPECT_EQ(colorRow(0)->text(0), QStringLiteral("Fur"));
 }
 
 } // namespace

@@ -3,22 +3,89 @@
 // Palettes are never changed in place, so comparing the objects tells whether anything is new.
 #include "studio/docks/scene/PaletteView.h"
 
+#include "QuarvelCelCore/CELVEC_Kvd.h"
 #include "QuarvelSceneCore/editing/MO_PaletteCommands.h"
+#include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "studio/docks/scene/ColourSwatch.h"
 
 #include <QBoxLayout>
 #include <QColorDialog>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScopedValueRollback>
+#include <QStyledItemDelegate>
 #include <QTreeWidget>
+
+#include <functional>
+#include <set>
 
 namespace {
 
 constexpr int kNameColumn = 0;
 constexpr int kValueColumn = 1;
+// Of a row's value: whether no shape is painted in it, because pictures have pixels of their own.
+constexpr int kIsOfPixels = Qt::UserRole;
+
+using Colours = std::set<std::pair<const CM_Palette*, CM_ColorId_t>>;
+
+// The colours that pictures have and no other shape has.
+Colours coloursOfPixels(const MO_Scene& scene)
+{
+    Colours ofPixels;
+    Colours painted;
+    scene.root().forEachModule([&](const MO_Module& module) {
+        const auto* const element = dynamic_cast<const MO_ElementModule*>(&module);
+        if (!element)
+            return;
+        for (const auto& [name, drawing] : element->drawings())
+            for (const GR_Art art : kGR_allArts)
+                if (drawing)
+                    for (const CELVEC_Shape& shape : drawing->shapes(art))
+                        (shape.picture.isNull() ? painted : ofPixels).emplace(drawing->palette().get(), shape.color);
+    });
+    std::erase_if(ofPixels, [&](const auto& colour) { return painted.contains(colour); });
+    return ofPixels;
+}
+
+// A swatch that is clicked twice asks for another colour; the name and the value beside it are typed.
+class RowDelegate : public QStyledItemDelegate
+{
+public:
+    RowDelegate(std::function<void()> pick, QObject* parent) : QStyledItemDelegate(parent), _pick(std::move(pick)) {}
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        if (index.column() == kValueColumn && index.data(kIsOfPixels).toBool())
+            return nullptr;
+        return QStyledItemDelegate::createEditor(parent, option, index);
+    }
+
+    bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
+                     const QModelIndex& index) override
+    {
+        const bool isTwice = event->type() == QEvent::MouseButtonDblClick;
+        const bool isClick = isTwice || event->type() == QEvent::MouseButtonRelease;
+        if (!isClick || !swatchRect(option, index).contains(static_cast<QMouseEvent*>(event)->position().toPoint()))
+            return QStyledItemDelegate::editorEvent(event, model, option, index);
+        if (isTwice)
+            _pick();
+        return true;
+    }
+
+private:
+    QRect swatchRect(QStyleOptionViewItem option, const QModelIndex& index) const
+    {
+        initStyleOption(&option, index);
+        if (option.icon.isNull())
+            return {};
+        return option.widget->style()->subElementRect(QStyle::SE_ItemViewItemDecoration, &option, option.widget);
+    }
+
+    std::function<void()> _pick;
+};
 
 } // namespace
 
@@ -35,6 +102,9 @@ PaletteView::PaletteView(StudioDocument& document, QWidget* parent)
     _tree->header()->setStretchLastSection(false);
     _tree->header()->setSectionResizeMode(kNameColumn, QHeaderView::Stretch);
     _tree->header()->setSectionResizeMode(kValueColumn, QHeaderView::ResizeToContents);
+    // The tree is still at work on the click.
+    const auto pickSoon = [this] { QMetaObject::invokeMethod(this, &PaletteView::pickColor, Qt::QueuedConnection); };
+    _tree->setItemDelegate(new RowDelegate(pickSoon, _tree));
     _pick->setObjectName(QStringLiteral("PickColor"));
     _pick->setToolTip(tr("Choose another value for the selected colour"));
 
@@ -90,6 +160,7 @@ void PaletteView::rebuild()
     _editable = false;
     _tree->clear();
     _shown = _document.scene().palettes();
+    const Colours ofPixels = coloursOfPixels(_document.scene());
     for (const CM_SharedPtr<CM_Palette>& palette : _shown) {
         auto* top = new QTreeWidgetItem(_tree, {palette->GetName().ToQString()});
         top->setFlags(top->flags() | Qt::ItemIsEditable);
@@ -99,6 +170,11 @@ void PaletteView::rebuild()
             row->setFlags(row->flags() | Qt::ItemIsEditable);
             row->setIcon(kNameColumn,
                          colourSwatch(toQColor(color->GetNominalColor()), this->palette(), devicePixelRatioF()));
+            if (ofPixels.contains({palette.get(), color->GetColorId()})) {
+                row->setData(kValueColumn, kIsOfPixels, true);
+                for (const int each : {kNameColumn, kValueColumn})
+                    row->setToolTip(each, tr("Stands for pixels of a bitmap, which keep their own colours"));
+            }
             if (before.palette && before.palette->GetId() == palette->GetId() && before.color == color->GetColorId())
                 _tree->setCurrentItem(row, column);
         }
@@ -126,7 +202,8 @@ PaletteView::Row PaletteView::rowOf(const QTreeWidgetItem* item) const
 void PaletteView::showWhatCanBePicked()
 {
     const Row row = rowOf(_tree->currentItem());
-    _pick->setEnabled(row.palette && !row.color.isNull());
+    _pick->setEnabled(row.palette && !row.color.isNull() &&
+                      !_tree->currentItem()->data(kValueColumn, kIsOfPixels).toBool());
 }
 
 void PaletteView::takeEdit(QTreeWidgetItem* item, int column)
@@ -163,7 +240,7 @@ void PaletteView::pickColor()
 {
     const Row row = rowOf(_tree->currentItem());
     const auto color = row.palette ? row.palette->findColor(row.color) : nullptr;
-    if (!color)
+    if (!color || !_pick->isEnabled())
         return;
     auto* dialog = new QColorDialog(toQColor(color->GetNominalColor()), this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
