@@ -10,7 +10,10 @@
 #include <QAbstractButton>
 #include <QColorDialog>
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileIconProvider>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLocale>
 #include <QMessageBox>
@@ -91,7 +94,7 @@ QStringList textsOfQt()
     files.setOption(QFileDialog::DontUseNativeDialog);
     texts << textsOf(files);
     files.setAcceptMode(QFileDialog::AcceptSave);
-    texts << textsOf(files);
+    texts << textsOf(files) << QFileIconProvider().type(QFileInfo(QDir::tempPath()));
     QColorDialog colours;
     colours.setOptions(QColorDialog::DontUseNativeDialog | QColorDialog::ShowAlphaChannel);
     return texts << textsOf(colours);
