@@ -81,36 +81,27 @@ template<typename Pixel>
 class NormalBuilder
 {
 public:
-    NormalBuilder(const ElevationSurface& surface, int quality, CEL_PixmapOf<Pixel>& normals)
+    /// @param rows of the pixmaps that are filled, at most
+    NormalBuilder(const ElevationSurface& surface, int quality, int rows)
         : _surface(surface)
         , _rect(surface.rect())
         , _quality(quality)
-        , _normals(normals)
-        , _stores(VolumeRowKernels::storesFor(_rect.area() * static_cast<std::int64_t>(sizeof(Pixel)), Reader::SOON))
+        , _stores(VolumeRowKernels::storesFor(
+              std::int64_t{_rect.width()} * rows * static_cast<std::int64_t>(sizeof(Pixel)), Reader::SOON))
         , _line(_stores == Stores::CACHED ? 0 : static_cast<std::size_t>(_rect.width()))
         , _surfaceRows(ringOf<SurfaceRow>(4, _rect.width()))
         , _samples(ringOf<Samples>(3, quality == HIGH_NORMAL_QUALITY ? _rect.width() : 0))
     {}
 
-    void build()
+    /// Fills a pixmap whose rectangle is the next rows of the surface's.
+    void fill(CEL_PixmapOf<Pixel>& normals)
     {
-        load(_rect.y1);
-        for (int y = _rect.y1; y < _rect.y2; ++y) {
-            load(y + 1);
-            store(y);
-        }
-        VL_finishStores();
-    }
-
-    void buildSmoothed()
-    {
-        load(_rect.y1);
-        load(_rect.y1 + 1);
-        sample(_rect.y1);
-        for (int y = _rect.y1; y < _rect.y2; ++y) {
-            load(y + 2);
-            sample(y + 1);
-            storeSmoothed(y);
+        const Math::Box2di& rows = normals.allocatedRect();
+        for (int y = rows.y1; y < rows.y2; ++y) {
+            if (isSmoothed())
+                fillSmoothed(y, normals.row(y));
+            else
+                fillPlain(y, normals.row(y));
         }
         VL_finishStores();
     }
@@ -118,6 +109,28 @@ public:
 private:
     using Component = typename VolumeTraits<Pixel>::NormalComponent;
     using Samples = SampleRow<Component>;
+
+    bool isSmoothed() const { return _quality == HIGH_NORMAL_QUALITY; }
+
+    void fillPlain(int y, std::span<Pixel> row)
+    {
+        if (y == _rect.y1)
+            load(y);
+        load(y + 1);
+        store(y, row);
+    }
+
+    void fillSmoothed(int y, std::span<Pixel> row)
+    {
+        if (y == _rect.y1) {
+            load(y);
+            load(y + 1);
+            sample(y);
+        }
+        load(y + 2);
+        sample(y + 1);
+        storeSmoothed(y, row);
+    }
 
     void load(int y)
     {
@@ -136,12 +149,11 @@ private:
 
     // Writes a row: store(pixels) fills the given columns, the others become empty pixels.
     template<typename Store>
-    void writeRow(int y, const ColumnSpan& columns, const Store& store)
+    void writeRow(std::span<Pixel> row, const ColumnSpan& columns, const Store& store)
     {
         constexpr Pixel kEmpty{0, 0, VolumeTraits<Pixel>::kFull, 0};
         const auto first = static_cast<std::size_t>(columns.first);
         const auto width = static_cast<std::size_t>(columns.width());
-        const std::span<Pixel> row = _normals.row(y);
         VolumeRowKernels::fillPixels(row.first(first), kEmpty, _stores);
         VolumeRowKernels::fillPixels(row.subspan(first + width), kEmpty, _stores);
         if (_stores == Stores::CACHED) {
@@ -152,12 +164,13 @@ private:
         VolumeRowKernels::copyPixels(_line.data(), row.subspan(first, width), _stores);
     }
 
-    void store(int y)
+    void store(int y, std::span<Pixel> row)
     {
-        SurfaceRow& row = _surfaceRows.at(y);
-        writeRow(y, row.columns, [&](std::span<Pixel> pixels) {
-            VolumeRowKernels::storeNormals(depthAround(y, row.columns.first), _quality != LOW_NORMAL_QUALITY,
-                                           row.share.data() + row.columns.first, pixels);
+        SurfaceRow& surface = _surfaceRows.at(y);
+        const int first = surface.columns.first;
+        writeRow(row, surface.columns, [&](std::span<Pixel> pixels) {
+            VolumeRowKernels::storeNormals(depthAround(y, first), _quality != LOW_NORMAL_QUALITY,
+                                           surface.share.data() + first, pixels);
         });
     }
 
@@ -183,14 +196,14 @@ private:
         return {std::max(columns.first - 1, 0), std::min(columns.end + 1, _rect.width())};
     }
 
-    void storeSmoothed(int y)
+    void storeSmoothed(int y, std::span<Pixel> row)
     {
         const ColumnSpan columns = smoothedColumns(y);
         const int first = columns.first;
         const SurfaceRow& surface = _surfaceRows.at(y);
         const NormalRows<Component> normals{_samples.at(y - 1).from(first), _samples.at(y).from(first),
                                             _samples.at(y + 1).from(first)};
-        writeRow(y, columns, [&](std::span<Pixel> pixels) {
+        writeRow(row, columns, [&](std::span<Pixel> pixels) {
             VolumeRowKernels::smoothNormals(normals, surface.depth.data() + first, surface.share.data() + first,
                                             pixels);
         });
@@ -199,7 +212,6 @@ private:
     const ElevationSurface& _surface;
     Math::Box2di _rect;
     int _quality;
-    CEL_PixmapOf<Pixel>& _normals;
     Stores _stores;
     std::vector<Pixel> _line; // collects a row that is then written past the cache
     // Smoothing row y needs normals down to row y + 1, and those need depths down to row y + 2.
@@ -213,12 +225,26 @@ template<typename Pixel>
 void buildNormals(const ElevationSurface& surface, int quality, CEL_PixmapOf<Pixel>& normals)
 {
     normals.realloc(surface.rect(), false);
-    NormalBuilder<Pixel> builder(surface, quality, normals);
-    if (quality == HIGH_NORMAL_QUALITY)
-        builder.buildSmoothed();
-    else
-        builder.build();
+    NormalBuilder<Pixel>(surface, quality, surface.rect().height()).fill(normals);
+}
+
+template<typename Pixel>
+void buildNormalBands(const ElevationSurface& surface, int quality, const CEL_PixmapArea& like, int rows,
+                      const TakeBand& take)
+{
+    const Math::Box2di& rect = surface.rect();
+    NormalBuilder<Pixel> builder(surface, quality, std::min(rows, rect.height()));
+    for (int y = rect.y1; y < rect.y2; y += rows) {
+        const auto band = UT_makeShared<CEL_PixmapOf<Pixel>>(like.size(), like.canvasRect());
+        band->realloc({rect.x1, y, rect.x2, std::min(y + rows, rect.y2)}, false);
+        builder.fill(*band);
+        take(band);
+    }
 }
 
 template void buildNormals<CEL_PixelRGBA16>(const ElevationSurface&, int, CEL_PixmapAreaRGBA16&);
 template void buildNormals<CEL_PixelRGBAFloat>(const ElevationSurface&, int, CEL_PixmapAreaRGBAFloat&);
+template void buildNormalBands<CEL_PixelRGBA16>(const ElevationSurface&, int, const CEL_PixmapArea&, int,
+                                                const TakeBand&);
+template void buildNormalBands<CEL_PixelRGBAFloat>(const ElevationSurface&, int, const CEL_PixmapArea&, int,
+                                                   const TakeBand&);

@@ -16,6 +16,8 @@
 #include "parameters/eNormalQuality.h"
 #include "render/ElevationSurface.h"
 
+#include <functional>
+
 /// Fills a pixmap with the normals of a surface, of the surface's rectangle: R and G the normal, B the elevation, A
 /// full. A pixel whose depth is black is empty: (0, 0, full, 0).
 ///
@@ -23,3 +25,14 @@
 /// @param quality a value of eNormalQuality; any other counts as MEDIUM_NORMAL_QUALITY
 template<typename Pixel>
 void buildNormals(const ElevationSurface& surface, int quality, CEL_PixmapOf<Pixel>& normals);
+
+/// What is done with a band of rows of a result.
+using TakeBand = std::function<void(const UT_SharedPtr<CEL_PixmapArea>&)>;
+
+/// The same in bands of rows, from the top, of which only one is in memory at a time.
+///
+/// @param like has the size and canvas of the bands
+/// @param rows of a band, at least 1; the last one may have fewer
+template<typename Pixel>
+void buildNormalBands(const ElevationSurface& surface, int quality, const CEL_PixmapArea& like, int rows,
+                      const TakeBand& take);

@@ -7,15 +7,17 @@
 #include "render/CoverageMask.h"
 #include "render/ElevationPlane.h"
 #include "render/GeometryClip.h"
-#include "render/NormalMap.h"
 #include "render/PixelTraits.h"
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 namespace {
 
 constexpr double kUnitsAcross = 720.0;
+// Few enough for a processor's cache, enough for several threads to compose them.
+constexpr int kBandRows = 256;
 
 struct VolumeSettings
 {
@@ -28,6 +30,7 @@ struct VolumeSettings
     bool clip;
     Math::Box2di covered;
     std::optional<Math::Box2di> shown;
+    bool inBands;
 };
 
 // Clamped to four of the canvas's diagonals: a wider filter makes no visible difference.
@@ -140,6 +143,43 @@ Math::Box2di shownPart(const Math::Box2di& visible, const std::optional<Math::Bo
     return shown ? visible.getIntersection(shown->getEnlarged(kReach)) : visible;
 }
 
+// A plane with what its normals depend on.
+template<typename Pixel>
+class RaisedPlane
+{
+public:
+    RaisedPlane(ElevationPlane plane, const Math::Box2di& visible, const VolumeSettings& settings)
+        : _plane(std::move(plane))
+        , _visible(visible)
+        , _profile(_plane.span, settings.smoothness,
+                   VolumeTraits<Pixel>::kIsWhole ? ElevationProfile::Values::WHOLE : ElevationProfile::Values::ANY,
+                   visible.area())
+        , _rise(settings.elevation * 37.5 * static_cast<float>(_plane.values->canvasRect().width() / kUnitsAcross))
+        , _quality(settings.quality)
+    {}
+
+    UT_SharedPtr<CEL_PixmapArea> build() const
+    {
+        const auto result = UT_makeShared<CEL_PixmapOf<Pixel>>(_plane.values->size(), _plane.values->canvasRect());
+        buildNormals<Pixel>(surface(), _quality, *result);
+        return result;
+    }
+
+    void buildBands(const TakeBand& take) const
+    {
+        buildNormalBands<Pixel>(surface(), _quality, *_plane.values, kBandRows, take);
+    }
+
+private:
+    BevelSurface surface() const { return {_plane, _visible, _profile, _rise}; }
+
+    ElevationPlane _plane;
+    Math::Box2di _visible;
+    ElevationProfile _profile;
+    double _rise;
+    int _quality;
+};
+
 template<typename Pixel>
 ObjectVolume build(const CEL_PixmapArea& reference, AccumulatedObject object, const VolumeSettings& settings,
                    std::pair<float, float>& range)
@@ -151,29 +191,26 @@ ObjectVolume build(const CEL_PixmapArea& reference, AccumulatedObject object, co
         return {};
     const bool isBlurred = settings.bevel > 0.0;
     const Math::Box2di maskRect = mask->allocatedRect().getIntersection(objectRect);
-    const auto [plane, rect] =
+    auto [plane, rect] =
         isBlurred ? bevelled<Pixel>(*mask, objectRect, reference, settings) : unbevelled(mask, reference);
     if (!plane.values)
         return {};
     // Frees a sixth of the memory that an object takes.
     mask = nullptr;
-    auto result = UT_makeShared<CEL_PixmapOf<Pixel>>(plane.values->size(), plane.values->canvasRect());
     if (!settings.generateNormals) {
+        const auto result = UT_makeShared<CEL_PixmapOf<Pixel>>(plane.values->size(), plane.values->canvasRect());
         range = elevationRange(plane.span);
         storeElevations<Pixel>(plane, isBlurred, maskRect, *result);
-        return {result, rect};
+        return {result, {}, rect};
     }
     range = {0.0F, 1.0F};
-    using Values = ElevationProfile::Values;
     const Math::Box2di visible = shownPart(visibleRect(plane, objectRect, settings.covered, reference), settings.shown);
     if (settings.shown && visible.isEmpty())
-        return {nullptr, rect};
-    const ElevationProfile profile(plane.span, settings.smoothness,
-                                   VolumeTraits<Pixel>::kIsWhole ? Values::WHOLE : Values::ANY, visible.area());
-    const auto canvasFactor = static_cast<float>(plane.values->canvasRect().width() / kUnitsAcross);
-    const BevelSurface surface(plane, visible, profile, settings.elevation * 37.5 * canvasFactor);
-    buildNormals<Pixel>(surface, settings.quality, *result);
-    return {result, rect};
+        return {nullptr, {}, rect};
+    const auto raised = std::make_shared<const RaisedPlane<Pixel>>(std::move(plane), visible, settings);
+    if (settings.inBands)
+        return {nullptr, [raised](const TakeBand& take) { raised->buildBands(take); }, rect};
+    return {raised->build(), {}, rect};
 }
 
 } // namespace
@@ -181,12 +218,12 @@ ObjectVolume build(const CEL_PixmapArea& reference, AccumulatedObject object, co
 ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel, int resolutionX,
                                bool generateNormals, double elevation, AccumulatedObject object,
                                std::pair<float, float>& range, int quality, double smoothness, bool clip,
-                               const Math::Box2di& covered, const std::optional<Math::Box2di>& shown)
+                               const Math::Box2di& covered, const std::optional<Math::Box2di>& shown, bool inBands)
 {
     if (!reference || !object.merged || reference->format() != object.merged->format())
         return {};
     const VolumeSettings settings{bevel,      resolutionX, generateNormals, elevation, quality,
-                                  smoothness, clip,        covered,         shown};
+                                  smoothness, clip,        covered,         shown,     inBands};
     if (reference->format() == CEL_FORMAT_RGBA16)
         return build<CEL_PixelRGBA16>(*reference, std::move(object), settings, range);
     if (reference->format() == CEL_FORMAT_RGBAFLOAT)

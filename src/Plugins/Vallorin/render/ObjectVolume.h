@@ -5,14 +5,18 @@
 #pragma once
 
 #include "render/AccumulatedRows.h"
+#include "render/NormalMap.h"
 
+#include <functional>
 #include <optional>
 #include <utility>
 
 /// An object's result.
 struct ObjectVolume
 {
-    UT_SharedPtr<CEL_PixmapArea> pixels; ///< null: there is no result, or nothing of it is shown
+    UT_SharedPtr<CEL_PixmapArea> pixels; ///< null: there is no result, nothing of it is shown, or it comes in bands
+    /// Makes the pixels in bands of rows, from the top, and gives each away before the next is made; may be empty.
+    std::function<void(const TakeBand&)> bands;
     /// The rectangle of the whole result. Where the pixels do not fill it, the object has no coverage, so the elevation
     /// of 0 there is invisible; or nobody looks.
     Math::Box2di rect;
@@ -35,13 +39,15 @@ struct ObjectVolume
 /// @param covered         a rectangle that holds all coverage of the inputs. It may exceed the accumulator's: an input
 /// of zero width or height is not accumulated although it has coverage
 /// @param shown           normals elsewhere may be missing; without a value, all are made
+/// @param inBands         whether normals may come in bands, which is for who reads them once
 /// @return none when a pixmap is missing, when their formats are not the same colour format, when the accumulator holds
 /// no pixels, or when the blur would be larger than it can be
 /// @throws std::bad_alloc when there is no memory for it, which ends the render
 ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel, int resolutionX,
                                bool generateNormals, double elevation, AccumulatedObject object,
                                std::pair<float, float>& range, int quality, double smoothness, bool clip,
-                               const Math::Box2di& covered = {}, const std::optional<Math::Box2di>& shown = {});
+                               const Math::Box2di& covered = {}, const std::optional<Math::Box2di>& shown = {},
+                               bool inBands = false);
 
 /// The same for an accumulator into which all inputs are merged.
 ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel, int resolutionX,

@@ -227,7 +227,7 @@ ObjectVolume VallorinRenderHandler::buildVolume(const MO_SoftContext& context,
     const double smoothness = held(finiteOr(object.elevationSmoothness, 1.0) * elevationSmoothness);
     return buildObjectVolume(reference, bevel, context.resolutionX(), generateNormals, elevation,
                              std::move(accumulated), elevationRanges[objectId], normalQuality, smoothness,
-                             clipBlurredWithGeometry, coveredBy(ports), context.shownRect());
+                             clipBlurredWithGeometry, coveredBy(ports), context.shownRect(), ports.size() == 1);
 }
 
 void VallorinRenderHandler::composePorts(const MO_SoftContext& context, const UT_SharedPtr<CEL_PixmapArea>& reference,
@@ -244,7 +244,10 @@ void VallorinRenderHandler::composePorts(const MO_SoftContext& context, const UT
             volume->second = buildVolume(context, reference, objectId, all, records);
             composition.include(volume->second.rect);
         }
-        composition.add(port, input, volume->second.pixels);
+        if (volume->second.bands)
+            volume->second.bands([&](const auto& band) { composition.add(port, input, band); });
+        else
+            composition.add(port, input, volume->second.pixels);
         if (all.back() == port)
             volumes.erase(volume);
         input = nullptr;

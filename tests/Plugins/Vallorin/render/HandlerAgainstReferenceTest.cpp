@@ -181,6 +181,29 @@ TYPED_TEST(Render, AgreesWithTheReferenceWhateverTheParameters)
     }
 }
 
+// Results of more rows than are held at once.
+TYPED_TEST(Render, AgreesWithTheReferenceInTallPictures)
+{
+    for (std::uint32_t seed = 0; seed < 12; ++seed) {
+        SCOPED_TRACE(seed);
+        Scene<TypeParam> scene = randomScene<TypeParam>(seed);
+        RandomPictures random(seed);
+        const Math::Box2di canvas(0, 0, 9, 600);
+        scene.resolution = {canvas.width(), canvas.height()};
+        scene.outputRect = canvas;
+        scene.ids = {1, 2, 3, 2};
+        scene.inputs.clear();
+        for (std::size_t i = 0; i < scene.ids.size(); ++i)
+            scene.inputs.push_back(
+                random.picture<TypeParam>({0, random.whole(0, 20), 9, random.whole(520, 600)}, canvas));
+        scene.parameters.of.resolutionX = canvas.width();
+        scene.parameters.of.outputRect = toRef(canvas);
+        const auto rendered = render(scene);
+        ASSERT_TRUE(rendered);
+        ASSERT_TRUE(agrees<TypeParam>(expectedOf(scene), *rendered, kNormalsInFloat));
+    }
+}
+
 TYPED_TEST(Render, GivesTheSameBytesWhereAPartOfThePictureIsShown)
 {
     for (std::uint32_t seed = 0; seed < kRenders; ++seed) {

@@ -2,12 +2,14 @@
 //
 // Normals on small depth pictures worked out by hand, and their blending.
 #include "DepthSurface.h"
+#include "RandomPictures.h"
 #include "SmallPixmaps.h"
 
 #include "MultiStageKvd/NormalParser.h"
 #include "render/NormalBlend.h"
 #include "render/NormalKernels.h"
 
+#include <algorithm>
 #include <cmath>
 #include <set>
 #include <vector>
@@ -165,6 +167,28 @@ TEST(NormalMap, SmoothingWeighsTheNineNormalsAsABinomialDoes)
     const double x = -0.5 / std::sqrt(2.0) - 0.25 * 2.0 / std::sqrt(5.0);
     const double z = 0.25 + 0.5 / std::sqrt(2.0) + 0.25 / std::sqrt(5.0);
     EXPECT_NEAR(normalAt(*depth, 3, 2, HIGH_NORMAL_QUALITY).r, encoded(x / std::hypot(x, z)), 2);
+}
+
+TEST(NormalMap, BandsAreTheRowsOfTheWhole)
+{
+    RandomPictures random(3);
+    const auto depth = filledDepth(9, 14, 0.0F);
+    for (int y = 0; y < 14; ++y)
+        for (int x = 0; x < 9; ++x)
+            depth->at(x, y).value = random.chance(5) ? 0.0F : static_cast<float>(random.real(0.5, 9.0));
+    const DepthSurface surface(*depth, 0.25F);
+    for (const int quality : {LOW_NORMAL_QUALITY, MEDIUM_NORMAL_QUALITY, HIGH_NORMAL_QUALITY})
+        for (const int rows : {1, 2, 5, 14, 100}) {
+            const auto whole = normalsOf<PixelFloat>(surface, quality, depth->allocatedRect());
+            int next = 0;
+            buildNormalBands<PixelFloat>(surface, quality, *whole, rows, [&](const auto& pixels) {
+                const auto band = pixels.template dynamicCast<CEL_PixmapAreaRGBAFloat>();
+                ASSERT_EQ(band->allocatedRect(), Math::Box2di(0, next, 9, std::min(next + rows, 14)));
+                for (; next < band->allocatedRect().y2; ++next)
+                    ASSERT_TRUE(std::ranges::equal(band->row(next), whole->row(next))) << rows << ' ' << next;
+            });
+            EXPECT_EQ(next, 14);
+        }
 }
 
 TEST(NormalMap, MirroredDepthsGiveMirroredNormals)

@@ -230,7 +230,7 @@ namespace {
 
 // The volume of a full square of 5 x 5 pixels at (30, 30) on a canvas of 72 x 72, where a bevel of 120 is a blur with a
 // sigma of 3 pixels, which reaches 12 pixels further.
-ObjectVolume squareVolume(bool clip, const Math::Box2di& referenceRect)
+ObjectVolume squareVolume(bool clip, const Math::Box2di& referenceRect, bool inBands = false, bool normals = true)
 {
     constexpr int kSide = 72;
     const Math::Box2di canvas(0, 0, kSide, kSide);
@@ -241,7 +241,8 @@ ObjectVolume squareVolume(bool clip, const Math::Box2di& referenceRect)
     auto reference = UT_makeShared<CEL_PixmapAreaRGBA16>(Math::Size2di{kSide, kSide}, canvas);
     reference->realloc(referenceRect, true);
     std::pair<float, float> range;
-    return buildObjectVolume(reference, 120.0, kSide, true, 1.0, object, range, 2, 1.0, clip);
+    return buildObjectVolume(reference, 120.0, kSide, normals, 1.0, {object, {}, object->allocatedRect()}, range, 2,
+                             1.0, clip, {}, {}, inBands);
 }
 
 } // namespace
@@ -270,6 +271,23 @@ TEST(ObjectVolume, WhatIsHeldDoesNotChangeItsPixels)
     for (int y = rect.y1; y < rect.y2; ++y)
         for (int x = rect.x1; x < rect.x2; ++x)
             EXPECT_EQ(whole->at(x, y), held->find(x, y) ? held->at(x, y) : (Pixel16{0, 0, 32767, 0})) << x << ' ' << y;
+}
+
+TEST(ObjectVolume, ComesInBandsWhereThatIsAskedFor)
+{
+    const auto whole = squareVolume(true, {}).pixels.dynamicCast<CEL_PixmapAreaRGBA16>();
+    const ObjectVolume volume = squareVolume(true, {}, true);
+    EXPECT_EQ(volume.rect, Math::Box2di(16, 16, 49, 49));
+    EXPECT_FALSE(volume.pixels);
+    ASSERT_TRUE(volume.bands);
+    int rows = 0;
+    volume.bands([&](const auto& pixels) {
+        const auto band = pixels.template dynamicCast<CEL_PixmapAreaRGBA16>();
+        for (int y = band->allocatedRect().y1; y < band->allocatedRect().y2; ++y, ++rows)
+            EXPECT_TRUE(std::ranges::equal(band->row(y), whole->row(y))) << y;
+    });
+    EXPECT_EQ(rows, whole->allocatedRect().height());
+    EXPECT_FALSE(squareVolume(true, {}, true, false).bands) << "without normals, there are no bands";
 }
 
 TEST(ObjectVolume, IsNoneWithoutPixelsOrInMixedFormats)
