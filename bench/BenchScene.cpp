@@ -104,14 +104,18 @@ void BenchScene<Pixel>::compose(const VallorinRenderHandler::PixmapMap& results)
 template<typename Pixel>
 void BenchScene<Pixel>::render(double bevel, int quality)
 {
-    VallorinRenderHandler::PixmapMap results;
-    for (std::size_t i = 0; i < _accumulators.size(); ++i) {
+    _output->realloc(Math::Box2di(), false);
+    PortComposition composition(*_handler, *_output, _canvas);
+    composition.include(_canvas);
+    for (const auto& [port, input] : _inputMap) {
+        const auto& accumulator = _accumulators[static_cast<std::size_t>(port)];
         std::pair<float, float> range;
-        results[static_cast<int>(i) + 1] = buildObjectVolume(_reference, bevel, _canvas.width(), true, 1.0,
-                                                             _accumulators[i], range, quality, 1.0, true)
-                                               .pixels;
+        const ObjectVolume volume =
+            buildObjectVolume(_reference, bevel, _canvas.width(), true, 1.0,
+                              {accumulator, {}, accumulator->allocatedRect()}, range, quality, 1.0, true, {}, {}, true);
+        volume.bands([&](const auto& band) { composition.add(port, input, band); });
     }
-    compose(results);
+    composition.finish();
 }
 
 template class BenchScene<CEL_PixelRGBA16>;
