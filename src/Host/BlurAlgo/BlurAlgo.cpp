@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace BlurAlgo {
 
@@ -27,6 +28,19 @@ int largestGrowth(const Math::Box2di& canvas)
 {
     const double diagonal = std::hypot(static_cast<double>(canvas.width()), static_cast<double>(canvas.height()));
     return static_cast<int>(std::min(std::ceil(4.0 * diagonal), double{BA_GaussianBlur::kLargestCoordinate}));
+}
+
+/// The rectangle of the result, or nothing when it is larger than a blur can handle.
+std::optional<Math::Box2di> grown(const Math::Box2di& rect, const FilterImage& filter, const Math::Box2di& canvas)
+{
+    constexpr std::int64_t kLimit = BA_GaussianBlur::kLargestCoordinate;
+    const int most = largestGrowth(canvas);
+    const std::int64_t x = std::min(most, BA_GaussianBlur::reach(filter.sigmaX()));
+    const std::int64_t y = std::min(most, BA_GaussianBlur::reach(filter.sigmaY()));
+    if (rect.x1 - x < -kLimit || rect.y1 - y < -kLimit || rect.x2 + x > kLimit || rect.y2 + y > kLimit)
+        return std::nullopt;
+    return Math::Box2di(static_cast<int>(rect.x1 - x), static_cast<int>(rect.y1 - y), static_cast<int>(rect.x2 + x),
+                        static_cast<int>(rect.y2 + y));
 }
 
 /// Copies the colours, but not the alpha, of the pixels that the input has.
@@ -105,7 +119,7 @@ UT_SharedPtr<CEL_PixmapArea> blur(const CEL_PixmapArea& input, const FilterImage
         return {};
     const Math::Box2di& rect = input.allocatedRect();
     const Math::Box2di& canvas = canvasRect.isEmpty() ? input.canvasRect() : canvasRect;
-    const std::optional<Math::Box2di> resultRect = blurredRect(rect, filter, canvas);
+    const std::optional<Math::Box2di> resultRect = rect.isEmpty() ? Math::Box2di() : grown(rect, filter, canvas);
     if (!resultRect)
         return {};
     if (const auto* const depth = dynamic_cast<const CEL_PixmapAreaZ*>(&input))
@@ -115,21 +129,6 @@ UT_SharedPtr<CEL_PixmapArea> blur(const CEL_PixmapArea& input, const FilterImage
         blurred = blurColours<CEL_PixelOf<decltype(typed)>>(typed, filter, *resultRect, channels);
     });
     return blurred;
-}
-
-std::optional<Math::Box2di> blurredRect(const Math::Box2di& rect, const FilterImage& filter,
-                                        const Math::Box2di& canvasRect)
-{
-    if (rect.isEmpty())
-        return Math::Box2di();
-    constexpr std::int64_t kLimit = BA_GaussianBlur::kLargestCoordinate;
-    const int most = largestGrowth(canvasRect);
-    const std::int64_t x = std::min(most, BA_GaussianBlur::reach(filter.sigmaX()));
-    const std::int64_t y = std::min(most, BA_GaussianBlur::reach(filter.sigmaY()));
-    if (rect.x1 - x < -kLimit || rect.y1 - y < -kLimit || rect.x2 + x > kLimit || rect.y2 + y > kLimit)
-        return std::nullopt;
-    return Math::Box2di(static_cast<int>(rect.x1 - x), static_cast<int>(rect.y1 - y), static_cast<int>(rect.x2 + x),
-                        static_cast<int>(rect.y2 + y));
 }
 
 } // namespace BlurAlgo

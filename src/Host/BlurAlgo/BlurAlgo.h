@@ -7,8 +7,6 @@
 #include "BlurAlgo/FilterImage.h"
 #include "QuarvelCelCore/CEL_PixmapArea.h"
 
-#include <optional>
-
 namespace BlurAlgo {
 
 /// What a blur takes for the pixels outside its input.
@@ -55,14 +53,5 @@ BLURALGO_EXPORT void getGaussianFilter(FilterImage& filter, double sx, double sy
 /// @throws std::bad_alloc when there is no memory for it
 BLURALGO_EXPORT UT_SharedPtr<CEL_PixmapArea> blur(const CEL_PixmapArea& input, const FilterImage& filter,
                                                   const Math::Box2di& canvasRect, int channels, PaddingType padding);
-
-/// The rectangle that the result of a blur takes, before one of depths is clipped to canvasRect. Who needs only a part
-/// of a depth pixmap's result passes blur() that part for canvasRect: if it holds the input, its values are the same.
-///
-/// @param rect       the input's allocated rectangle
-/// @param canvasRect the picture's rectangle, not empty
-/// @return none where blur() returns null because of its size
-BLURALGO_EXPORT std::optional<Math::Box2di> blurredRect(const Math::Box2di& rect, const FilterImage& filter,
-                                                        const Math::Box2di& canvasRect);
 
 } // namespace BlurAlgo

@@ -273,33 +273,6 @@ TEST(BlurOfDepths, StaysInsideOfTheCanvas)
             ASSERT_EQ(depths->at(x, y).value, red->at(x, y).r);
 }
 
-TEST(BlurOfDepths, HasTheSameValuesInAPart)
-{
-    const auto input = BlurOf<CEL_PixmapAreaRGBAFloat>::noise(Box2di(20, 5, 61, 31));
-    const Box2di part(19, 1, 63, 34);
-    for (const double sigma : {0.7, 3.0, 9.0, 40.0}) {
-        const auto filter = gaussian(sigma, sigma);
-        const auto red = BlurOf<CEL_PixmapAreaRGBAFloat>::blurred(input, filter, 2);
-        const auto depths =
-            BlurAlgo::blur(depthsOfRed(input), filter, part, 2, kTransparent).dynamicCast<CEL_PixmapAreaZ>();
-        const Box2di common = part.getIntersection(red->allocatedRect());
-        ASSERT_EQ(depths->allocatedRect(), common);
-        for (int y = common.y1; y < common.y2; ++y)
-            for (int x = common.x1; x < common.x2; ++x)
-                ASSERT_EQ(depths->at(x, y).value, red->at(x, y).r) << sigma << ": " << x << ' ' << y;
-    }
-}
-
-TEST(BlurOfDepths, GrowsByFourSigmasAndAtMostFourDiagonals)
-{
-    const Box2di canvas(0, 0, 30, 40);
-    EXPECT_EQ(BlurAlgo::blurredRect(Box2di(5, 6, 20, 21), gaussian(2.1, 1.0), canvas), Box2di(-4, 2, 29, 25));
-    EXPECT_EQ(BlurAlgo::blurredRect(Box2di(0, 0, 1, 1), gaussian(1000.0, 0.0), canvas), Box2di(-200, 0, 201, 1));
-    EXPECT_EQ(BlurAlgo::blurredRect({}, gaussian(2.0, 2.0), canvas), Box2di());
-    constexpr int kFar = BA_GaussianBlur::kLargestCoordinate;
-    EXPECT_FALSE(BlurAlgo::blurredRect(Box2di(0, 0, kFar - 1, 1), gaussian(1.0, 1.0), canvas));
-}
-
 TEST(BlurOfDepths, HasNoPixelsWhereTheCanvasIsOutOfReach)
 {
     const auto input = BlurOf<CEL_PixmapAreaRGBAFloat>::noise(Box2di(300, 300, 310, 310));

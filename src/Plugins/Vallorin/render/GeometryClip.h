@@ -18,9 +18,6 @@
 class NearGeometry
 {
 public:
-    /// Pixels farther than this from all geometry are clipped.
-    static constexpr int kReach = 2;
-
     /// @param rect the rectangle that is clipped
     NearGeometry(const CEL_PixmapAreaZ& mask, const Math::Box2di& rect);
 
@@ -33,6 +30,8 @@ public:
     std::span<const std::uint64_t> nextRow(int y);
 
 private:
+    static constexpr int kReach = 2;
+
     void pack(int y);
     std::vector<std::uint64_t>& rowFor(int y);
 

@@ -6,7 +6,6 @@
 #include "BlurAlgo/BlurAlgo.h"
 #include "render/CoverageMask.h"
 #include "render/ElevationPlane.h"
-#include "render/GeometryClip.h"
 #include "render/PixelTraits.h"
 
 #include <algorithm>
@@ -40,53 +39,34 @@ double filterSize(const VolumeSettings& settings, const Math::Box2di& canvas)
     return std::min(size, 4.0 * std::hypot(canvas.width(), canvas.height()));
 }
 
-// An object's plane, and the rectangle of its whole blur, which may be larger.
-struct PlacedPlane
-{
-    ElevationPlane plane;
-    Math::Box2di rect;
-};
-
-// What of a blur can be seen: nothing is left of the rest where it is clipped. Without normals, and with reference
-// pixels, all of it is stored.
-Math::Box2di neededOfBlur(const Math::Box2di& whole, const CEL_PixmapAreaZ& mask, const Math::Box2di& object,
-                          const CEL_PixmapArea& reference, const VolumeSettings& settings)
-{
-    if (!settings.clip || !settings.generateNormals || !reference.allocatedRect().isEmpty())
-        return whole;
-    Math::Box2di needed = mask.allocatedRect().getEnlarged(NearGeometry::kReach);
-    needed.add(object);
-    needed.add(settings.covered);
-    needed = needed.getIntersection(whole);
-    return needed.isEmpty() ? whole : needed;
-}
-
-template<typename Pixel>
-PlacedPlane bevelled(const CEL_PixmapAreaZ& mask, const Math::Box2di& object, const CEL_PixmapArea& reference,
-                     const VolumeSettings& settings)
+// The blurred mask; null when its rectangle is larger than a blur can handle.
+UT_SharedPtr<CEL_PixmapAreaZ> blurredMask(const CEL_PixmapAreaZ& mask, const VolumeSettings& settings)
 {
     constexpr int kRedAlone = 2;
     const double size = filterSize(settings, mask.canvasRect());
     FilterImage filter(0, 0);
     BlurAlgo::getGaussianFilter(filter, size, size, true);
-    const auto grown = BlurAlgo::blurredRect(mask.allocatedRect(), filter, mask.canvasRect());
-    if (!grown)
-        return {};
-    Math::Box2di whole = grown->getIntersection(mask.canvasRect());
-    const Math::Box2di needed = neededOfBlur(whole, mask, object, reference, settings);
-    const auto blurred =
-        BlurAlgo::blur(mask, filter, needed, kRedAlone, BlurAlgo::TRANSPARENT_PADDING).dynamicCast<CEL_PixmapAreaZ>();
+    auto blurred = BlurAlgo::blur(mask, filter, mask.canvasRect(), kRedAlone, BlurAlgo::TRANSPARENT_PADDING)
+                       .dynamicCast<CEL_PixmapAreaZ>();
+    if (blurred)
+        blurred->clipToCanvas();
+    return blurred;
+}
+
+template<typename Pixel>
+ElevationPlane bevelled(const CEL_PixmapAreaZ& mask, const CEL_PixmapArea& reference, const VolumeSettings& settings)
+{
+    const auto blurred = blurredMask(mask, settings);
     if (!blurred)
         return {};
     blurred->reallocToFit(reference);
-    whole.add(blurred->allocatedRect());
-    return {roundAndClip<Pixel>(blurred, settings.clip ? &mask : nullptr), whole};
+    return roundAndClip<Pixel>(blurred, settings.clip ? &mask : nullptr);
 }
 
-PlacedPlane unbevelled(const UT_SharedPtr<CEL_PixmapAreaZ>& mask, const CEL_PixmapArea& reference)
+ElevationPlane unbevelled(const UT_SharedPtr<CEL_PixmapAreaZ>& mask, const CEL_PixmapArea& reference)
 {
     mask->reallocToFit(reference);
-    return {measure(mask), mask->allocatedRect()};
+    return measure(mask);
 }
 
 // Stores the plane's values in R, and full in A where isFull(x, y, value) is true.
@@ -191,10 +171,10 @@ ObjectVolume build(const CEL_PixmapArea& reference, AccumulatedObject object, co
         return {};
     const bool isBlurred = settings.bevel > 0.0;
     const Math::Box2di maskRect = mask->allocatedRect().getIntersection(objectRect);
-    auto [plane, rect] =
-        isBlurred ? bevelled<Pixel>(*mask, objectRect, reference, settings) : unbevelled(mask, reference);
+    ElevationPlane plane = isBlurred ? bevelled<Pixel>(*mask, reference, settings) : unbevelled(mask, reference);
     if (!plane.values)
         return {};
+    const Math::Box2di rect = plane.values->allocatedRect();
     // Frees a sixth of the memory that an object takes.
     mask = nullptr;
     if (!settings.generateNormals) {
