@@ -2,8 +2,8 @@
 //
 // "stack.xml" lists layers and stacks of them from the top down.
 #include "QuarvelDrawingIO/private/layered/DIO_OpenRaster.h"
-#include "QuarvelDrawingIO/private/DIO_PngParts.h"
 
+#include "QuarvelDrawingIO/private/DIO_PngParts.h"
 #include "QuarvelDrawingIO/private/layered/DIO_FileLimits.h"
 #include "QuarvelDrawingIO/private/layered/DIO_ZipFile.h"
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
