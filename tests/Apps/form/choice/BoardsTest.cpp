@@ -66,6 +66,8 @@ TEST(Boards, ACardOnItsShadowIsASlab)
     const QByteArray card = rect(10, 10, 80, 80, "#f5e8c0") + circle(35, 40, 15, "#d90012");
     EXPECT_THAT(rolesOf(card), ElementsAre(SLAB, BODY));
     EXPECT_THAT(rolesOf(shadow + card), ElementsAre(FLAT, SLAB, BODY));
+    const QByteArray far = "<rect x='18' y='18' width='80' height='80' fill='#000000' fill-opacity='0.4'/>";
+    EXPECT_THAT(rolesOf(far + card), ElementsAre(FLAT, SLAB, BODY));
 }
 
 TEST(Boards, WhiteOnesHaveRoundedCornersOrAnOutline)

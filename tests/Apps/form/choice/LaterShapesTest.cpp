@@ -26,7 +26,7 @@ QByteArray specks(int count)
         drawing += i % 10 == 0 ? speck + speck : speck;
     }
     // One lies outside the picture.
-    drawing.insert(0, circle(300, 300, 5, kColours[0]));
+    drawing += circle(300, 300, 5, kColours[0]);
     return drawing;
 }
 

@@ -36,7 +36,7 @@ TEST(Signs, HaveOneLetter)
     EXPECT_EQ(roleOfDisc(letter), SLAB);
     EXPECT_EQ(roleOfDisc(letter + white("M56 26V40H70")), BODY) << "several marks beside the middle";
     EXPECT_EQ(roleOfDisc(white("M40 44V56H60")), BODY) << "small";
-    EXPECT_EQ(roleOfDisc(white("M24 24V60H36")), BODY) << "a highlight";
+    EXPECT_EQ(roleOfDisc(white("M34 28V56H46")), BODY) << "a highlight";
 }
 
 TEST(Signs, AreNoBallsWithLinesToTheirOutlines)
@@ -58,11 +58,27 @@ TEST(Signs, AreNoEyeballs)
     EXPECT_EQ(roleOfDisc(circle(50, 50, 8, "#100505")), BODY);
 }
 
+TEST(Signs, AreNotToldByMarksThatAreNoFeatures)
+{
+    const QByteArray bar = rect(25, 43, 50, 14, "#ffffff");
+    const auto dash = [](double x, double y) { return rect(x, y, 12, 5, "#ffe040"); };
+    EXPECT_EQ(roleOfDisc(bar + dash(30, 25) + dash(58, 25)), BODY) << "brows";
+    EXPECT_EQ(roleOfDisc(bar + dash(30, 25) + dash(58, 34)), SLAB) << "not on a level";
+    EXPECT_EQ(roleOfDisc(bar + dash(30, 66) + dash(58, 66)), SLAB) << "below the middle";
+}
+
+TEST(Signs, AreNotCutByThePicture)
+{
+    const QByteArray bar = rect(35, 60, 30, 10, "#ffffff");
+    EXPECT_EQ(rolesOf("<path d='M15 100V65a35 35 0 0 1 70 0V100z' fill='#d22f27'/>" + bar).front(), BODY);
+}
+
 TEST(Signs, HoldNoEyes)
 {
     const QByteArray eye = circle(50, 38, 12, "#ffffff") + line("M62 38A12 12 0 1 0 62 38.01", "#111111", 3);
     EXPECT_EQ(roleOfDisc(eye), BODY);
-    EXPECT_EQ(roleOfDisc(rect(46, 44, 8, 26, "#ffffff") + circle(50, 34, 6, "#ffffff")), SLAB) << "the letter i";
+    EXPECT_EQ(roleOfDisc("<path d='M47 44h6l2 26h-10z' fill='#ffffff'/>" + circle(50, 34, 6, "#ffffff")), SLAB)
+        << "the letter i";
 }
 
 TEST(Signs, AreCircles)
