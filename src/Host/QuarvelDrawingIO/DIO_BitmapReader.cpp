@@ -27,9 +27,9 @@ UT_Error problem(const QString& path, const QString& what)
 }
 
 // Of TIFF files there are kinds that Qt's reader refuses; nothing tells them from damaged ones.
-UT_Error unreadable(const QString& path, const QImageReader& reader)
+UT_Error unreadable(const QString& path, const QByteArray& format, const QImageReader& reader)
 {
-    if (reader.format() == "tiff")
+    if (format == "tiff")
         return problem(path,
                        QStringLiteral("the TIFF file is damaged, or of a kind that is not read, such as 16 bits a "
                                       "channel in tiles or in CMYK; save it as RGB in strips, or as PNG"));
@@ -77,7 +77,9 @@ UT_Result<QImage> DIO_readImage(const QString& path, QStringList& warnings)
     QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
-    if (!isBitmapFormat(reader.format()))
+    // Asked before anything is read: the reader of a file that failed has none.
+    const QByteArray format = reader.format();
+    if (!isBitmapFormat(format))
         return problem(path, QStringLiteral("the contents are no picture of a known kind; is the file whole?"));
     // Asked first: once the reader of TIFF files has looked into one, it counts no more.
     const int count = reader.imageCount();
@@ -86,7 +88,7 @@ UT_Result<QImage> DIO_readImage(const QString& path, QStringList& warnings)
         return tooLarge(path, size);
     const QImage image = reader.read();
     if (image.isNull())
-        return unreadable(path, reader);
+        return unreadable(path, format, reader);
     if (isTooLarge(image.size()))
         return tooLarge(path, image.size());
     if (count > 1)

@@ -8,7 +8,11 @@
 #include "QuarvelDrawingIO/DIO_KvdConversion.h"
 #include "TestFolder.h"
 
+#include <QDataStream>
+#include <QFile>
 #include <QImageReader>
+
+#include <array>
 
 using testing::HasSubstr;
 
@@ -124,6 +128,22 @@ TEST_F(BitmapReader, APngFileMayHaveChangedTextsAndMoreAfterItsEnd)
     ASSERT_GT(text, 0);
     bytes[text] = 'M';
     EXPECT_EQ(refusalOf(write("changed.png", bytes + "more")), "");
+}
+
+// 4 x 4 grey pixels in a strip that lies beyond the file's end.
+TEST_F(BitmapReader, ATiffFileWithoutItsPixelsSaysWhatToDo)
+{
+    const std::array<std::array<quint32, 2>, 8> fields{
+        {{256, 4}, {257, 4}, {258, 8}, {259, 1}, {262, 1}, {273, 5000}, {278, 4}, {279, 16}}};
+    QByteArray bytes("II*\0\x08\0\0\0", 8);
+    QDataStream to(&bytes, QIODevice::Append);
+    to.setByteOrder(QDataStream::LittleEndian);
+    to << quint16(fields.size());
+    constexpr quint16 kWholeNumber = 4;
+    for (const auto& [tag, value] : fields)
+        to << quint16(tag) << kWholeNumber << quint32(1) << value;
+    to << quint32(0);
+    EXPECT_THAT(refusalOf(write("a.tif", bytes)), HasSubstr("the TIFF file is damaged, or of a kind that is not read"));
 }
 
 // 128 MiB at 4 bytes a pixel are 33.5 million pixels.
