@@ -22,8 +22,9 @@ constexpr int kStepY[] = {0, 1, 0, -1};
 class Tracer
 {
 public:
-    explicit Tracer(const CoverageBits& coverage)
+    Tracer(const CoverageBits& coverage, OutlineForm form)
         : _coverage(coverage)
+        , _inSteps(form == OutlineForm::STEPS)
         , _width(coverage.rect().width())
         , _height(coverage.rect().height())
         , _leaving(static_cast<std::size_t>(_width + 1) * static_cast<std::size_t>(_height + 1), 0)
@@ -102,7 +103,8 @@ private:
         bool turned = true; // before this edge
         bool closed = false;
         while (!closed) {
-            const QPointF middle = corner + QPointF(x + kStepX[direction] / 2.0, y + kStepY[direction] / 2.0);
+            const double along = _inSteps ? 0.0 : 0.5;
+            const QPointF point = corner + QPointF(x + along * kStepX[direction], y + along * kStepY[direction]);
             const bool isFirst = x == startX && y == startY && direction == RIGHT;
             x += kStepX[direction];
             y += kStepY[direction];
@@ -110,9 +112,9 @@ private:
             leaving(x, y) &= static_cast<std::uint8_t>(~(1U << on));
             // Points in the middle of a straight line are not needed.
             if (isFirst)
-                path.moveTo(middle);
-            else if (turned || on != direction)
-                path.lineTo(middle);
+                path.moveTo(point);
+            else if (turned || (on != direction && !_inSteps))
+                path.lineTo(point);
             turned = on != direction;
             direction = on;
             closed = x == startX && y == startY && on == RIGHT;
@@ -121,6 +123,7 @@ private:
     }
 
     const CoverageBits& _coverage;
+    bool _inSteps;
     int _width;
     int _height;
     std::vector<std::uint8_t> _leaving;
@@ -128,7 +131,7 @@ private:
 
 } // namespace
 
-QPainterPath outlineOf(const CoverageBits& coverage)
+QPainterPath outlineOf(const CoverageBits& coverage, OutlineForm form)
 {
-    return coverage.isEmpty() ? QPainterPath() : Tracer(coverage).trace();
+    return coverage.isEmpty() ? QPainterPath() : Tracer(coverage, form).trace();
 }

@@ -5,6 +5,7 @@
 
 #include "QuarvelSceneCore/graph/MO_SceneCommon.h"
 #include "studio/objects/ObjectsInFrame.h"
+#include "studio/preview/ShownPixels.h"
 #include "studio/preview/Viewer.h"
 
 #include <algorithm>
@@ -253,15 +254,18 @@ Qt::CursorShape ObjectHands::cursor(const QPointF& place) const
 
 const QPainterPath& ObjectHands::outlineFor(const SceneObject& object)
 {
-    if (_outlinesOf != _viewer.frame()) {
+    const OutlineForm form =
+        showsPixels(_viewer.transform(), *_viewer.frame()) ? OutlineForm::STEPS : OutlineForm::SLANTED;
+    if (_outlinesOf != _viewer.frame() || _outlineForm != form) {
         _outlines.clear();
         _outlinesOf = _viewer.frame();
+        _outlineForm = form;
     }
     const ObjectDefinition* const key = object.definitions.front();
     const auto known = std::ranges::find(_outlines, key, &Outline::definition);
     if (known != _outlines.end())
         return known->path;
-    _outlines.push_back({key, outlineOf(*_outlinesOf, object)});
+    _outlines.push_back({key, outlineOf(*_outlinesOf, object, form)});
     return _outlines.back().path;
 }
 

@@ -10,6 +10,7 @@
 //   Escape              cancels a drag; otherwise clears the selection
 #pragma once
 
+#include "studio/objects/CoverageOutline.h"
 #include "studio/objects/DocumentObjects.h"
 #include "studio/objects/ObjectHandles.h"
 #include "studio/preview/RenderedFrame.h"
@@ -85,4 +86,5 @@ private:
     QPointF _lastClick{-1000.0, -1000.0};
     RenderedFramePtr _outlinesOf;
     std::vector<Outline> _outlines;
+    OutlineForm _outlineForm = OutlineForm::SLANTED;
 };

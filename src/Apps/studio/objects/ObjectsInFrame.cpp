@@ -67,11 +67,11 @@ QRectF boundsOf(const RenderedFrame& frame, const SceneObject& object)
     return toFull(frame).mapRect(QRectF(around.x1, around.y1, around.width(), around.height()));
 }
 
-QPainterPath outlineOf(const RenderedFrame& frame, const SceneObject& object)
+QPainterPath outlineOf(const RenderedFrame& frame, const SceneObject& object, OutlineForm form)
 {
     QPainterPath outline;
     for (const ShownInput& input : inputsOf(frame))
         if (belongs(input, object))
-            outline.addPath(outlineOf(input.coverage));
+            outline.addPath(outlineOf(input.coverage, form));
     return toFull(frame).map(outline);
 }

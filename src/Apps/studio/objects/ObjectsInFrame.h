@@ -4,6 +4,7 @@
 // the rendered size is.
 #pragma once
 
+#include "studio/objects/CoverageOutline.h"
 #include "studio/objects/SceneObjects.h"
 #include "studio/preview/RenderedFrame.h"
 
@@ -20,4 +21,4 @@ bool showsObject(const RenderedFrame& frame, const QPointF& place);
 QRectF boundsOf(const RenderedFrame& frame, const SceneObject& object);
 
 /// The outline of the object.
-QPainterPath outlineOf(const RenderedFrame& frame, const SceneObject& object);
+QPainterPath outlineOf(const RenderedFrame& frame, const SceneObject& object, OutlineForm form);

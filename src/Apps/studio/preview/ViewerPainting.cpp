@@ -4,6 +4,7 @@
 #include "studio/preview/Viewer.h"
 
 #include "studio/preview/FrameImages.h"
+#include "studio/preview/ShownPixels.h"
 #include "studio/preview/ViewerTool.h"
 
 #include <QPainter>
@@ -146,9 +147,7 @@ void Viewer::paintPicture(QPainter& painter, const QRectF& shown, const QRectF& 
 {
     if (image.isNull() || visible.isEmpty())
         return;
-    // Large pixels are shown unsmoothed.
-    constexpr double kSmoothUpTo = 2.0;
-    const bool smooth = _transform.zoom != 1.0 && (_transform.zoom < kSmoothUpTo || !_frame->isFull());
+    const bool smooth = _transform.zoom != 1.0 && !showsPixels(_transform, *_frame);
     painter.setRenderHint(QPainter::SmoothPixmapTransform, smooth);
     const double scaleX = image.width() / shown.width();
     const double scaleY = image.height() / shown.height();

@@ -77,4 +77,19 @@ TEST(CoverageOutlineTest, TheMiddleOfAPixelIsInsideExactlyWhenItIsCovered)
     }
 }
 
+TEST(CoverageOutlineTest, StepsGoAlongTheEdgesOfPixels)
+{
+    const QPainterPath corner = outlineOf(bitsOf({"xx", ".x"}), OutlineForm::STEPS);
+    const std::vector<QPointF> expected{{3, 2}, {5, 2}, {5, 4}, {4, 4}, {4, 3}, {3, 3}, {3, 2}};
+    ASSERT_EQ(corner.elementCount(), static_cast<int>(expected.size()));
+    for (std::size_t i = 0; i < expected.size(); ++i)
+        EXPECT_EQ(QPointF(corner.elementAt(static_cast<int>(i))), expected[i]) << i;
+    // A ring is two squares.
+    const QPainterPath ring = outlineOf(bitsOf({"xxx", "x.x", "xxx"}), OutlineForm::STEPS);
+    EXPECT_EQ(lineCount(ring), 2);
+    EXPECT_EQ(ring.elementCount(), 2 * 5);
+    EXPECT_TRUE(ring.contains(QPointF(3.1, 2.1)));
+    EXPECT_FALSE(ring.contains(QPointF(4.1, 3.1)));
+}
+
 } // namespace

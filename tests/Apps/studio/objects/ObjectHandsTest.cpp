@@ -480,4 +480,27 @@ TEST_F(ObjectHandsTest, LettersThatAreTypedIntoAFieldSwitchNothing)
     EXPECT_TRUE(object("Head").isHidden);
 }
 
+TEST_F(ObjectHandsTest, TheOutlineOfASpriteGoesAlongItsPixels)
+{
+    // A square of 8 pixels in the middle of a sprite of 16.
+    QImage sprite(16, 16, QImage::Format_ARGB32);
+    sprite.fill(Qt::transparent);
+    for (int y = 4; y < 12; ++y)
+        for (int x = 4; x < 12; ++x)
+            sprite.setPixelColor(x, y, QColor(200, 60, 60));
+    const QString file = folder.filePath(QStringLiteral("sprite.png"));
+    ASSERT_TRUE(sprite.save(file));
+    drop({file});
+    ASSERT_TRUE(waitForPicture());
+    ASSERT_EQ(window->renderService().current()->fullSize, QSize(16, 16));
+    viewer().setKind(PictureKind::DRAWING);
+    viewer().fit();
+    const QPoint corner = inView(QPointF(12, 4));
+    const auto seen = [&] { return viewer().grab().toImage().pixelColor(corner * viewer().devicePixelRatioF()); };
+    click(QPointF(8.5, 8.5));
+    ASSERT_EQ(selected().size(), 1);
+    // The line is blue; the sprite is red and its ground grey.
+    EXPECT_GT(seen().blue(), seen().red() + 40) << qPrintable(seen().name());
+}
+
 } // namespace
