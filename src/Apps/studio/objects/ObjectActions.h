@@ -25,8 +25,6 @@ public:
     QAction* cutOut() const { return _cutOut; }
     QAction* hide() const { return _hide; }
     QAction* solo() const { return _solo; }
-    QAction* join() const { return _join; }
-    QAction* separate() const { return _separate; }
     QAction* copy() const { return _copy; }
     QAction* reset() const { return _reset; }
 
