@@ -11,8 +11,8 @@
 /// The longest side of a plane that depthsBetween() takes, in cells.
 inline constexpr int kLongestSide = 2048;
 
-/// The distance of each cell to the nearest cell of a line, as lengths of paths over neighbours (PixelDistances.h); 0 on
-/// lines, half of the plane's longer side at the most.
+/// The distance of each cell to the nearest cell of a line, as lengths of paths over neighbours (PixelDistances.h); 0
+/// on lines, half of the plane's longer side at the most.
 ///
 /// @param lines nonzero for the cells of lines; no side longer than kLongestSide
 PixelPlane<std::int16_t> depthsBetween(const PixelPlane<char>& lines);
