@@ -127,7 +127,7 @@ private:
     MO_DrawingOrigin originOf(const SIO_Index::Element& entry) const
     {
         const auto& sources = _scene->index.sources;
-        const MO_DrawingOrigin nowhere{{}, {}, {}, {}, entry.reason};
+        MO_DrawingOrigin nowhere{{}, {}, {}, {}, entry.reason};
         if (entry.source < 1 || entry.source > static_cast<int>(sources.size()))
             return nowhere;
         const SIO_Index::Source& source = sources[static_cast<std::size_t>(entry.source) - 1];
