@@ -267,14 +267,16 @@ QPointF ObjectBar::bestPlace(const QRectF& object) const
 double ObjectBar::shareOfDrawing(const QRectF& rect) const
 {
     constexpr double kStep = 10.0;
-    int places = 0;
+    const auto steps = [](double length) { return std::max(static_cast<int>(std::ceil(length / kStep - 0.5)), 0); };
+    const int columns = steps(rect.width());
+    const int rows = steps(rect.height());
     int drawn = 0;
-    for (double y = rect.top() + kStep / 2.0; y < rect.bottom(); y += kStep)
-        for (double x = rect.left() + kStep / 2.0; x < rect.right(); x += kStep) {
-            ++places;
-            drawn += showsObject(*_viewer.frame(), _viewer.transform().toPicture(QPointF(x, y))) ? 1 : 0;
+    for (int row = 0; row < rows; ++row)
+        for (int column = 0; column < columns; ++column) {
+            const QPointF place = rect.topLeft() + QPointF(column + 0.5, row + 0.5) * kStep;
+            drawn += showsObject(*_viewer.frame(), _viewer.transform().toPicture(place)) ? 1 : 0;
         }
-    return places > 0 ? static_cast<double>(drawn) / places : 0.0;
+    return columns > 0 && rows > 0 ? static_cast<double>(drawn) / (columns * rows) : 0.0;
 }
 
 void ObjectBar::take(ObjectValue value, double number)
