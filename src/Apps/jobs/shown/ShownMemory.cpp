@@ -18,65 +18,33 @@
 namespace {
 
 constexpr std::size_t kMostFrames = 24;
-constexpr double kPlanesBytes = 2.0 * sizeof(float); // the mask and the blurred plane
+constexpr int kWidth = 720;
+
+double shareAt(const MO_Port& input, int frame, const std::pair<int, int>& resolution)
+{
+    const QRectF canvas(0.0, 0.0, resolution.first, resolution.second);
+    QRectF extent;
+    for (const MO_ElementModule* const element : elementsBehind(input))
+        extent |= extentOf(*element, frame, resolution) & canvas;
+    return extent.width() * extent.height() / (canvas.width() * canvas.height());
+}
 
 double pixelBytes(const RD_RenderParameters& used)
 {
     return used.celFormat() == CEL_FORMAT_RGBA16 ? sizeof(CEL_PixelRGBA16) : sizeof(CEL_PixelRGBAFloat);
 }
 
-double objectBytes(const HeldShares& held, double pixel)
-{
-    return pixel * (held.inputs + held.results) + kPlanesBytes * held.planes;
-}
-
-double frameArea(const RD_RenderParameters& parameters)
-{
-    return static_cast<double>(parameters.resolution.first) * parameters.resolution.second;
-}
-
-// The part of the frame and its margins that an input may touch, relative to the frame.
-double shareAt(const MO_Port& input, int frame, const RD_RenderParameters& parameters)
-{
-    const auto& [width, height] = parameters.resolution;
-    const RD_Margins& margins = parameters.margins;
-    const QRectF canvas =
-        QRectF(0.0, 0.0, width, height).adjusted(-margins.left, -margins.top, margins.right, margins.bottom);
-    QRectF extent;
-    for (const MO_ElementModule* const element : elementsBehind(input))
-        extent |= extentOf(*element, frame, parameters.resolution) & canvas;
-    return extent.width() * extent.height() / frameArea(parameters);
-}
-
-// What is held of one object beside the inputs that were composed before.
-struct HeldObject
-{
-    double painted = 0.0;
-    double all = 0.0;
-    int inputs = 0;
-
-    HeldShares shares() const { return {painted, all, inputs > 1 ? all : 0.0}; }
-};
-
-HeldShares heldBy(const MO_Module& node, int frame, const RD_RenderParameters& parameters)
+double shareHeldBy(const MO_Module& node, int frame, const std::pair<int, int>& resolution)
 {
     double composed = 0.0;
-    std::map<int, HeldObject> objects; // by their numbers
+    std::map<int, double> painted; // by the object's number
     for (unsigned i = 0; i < node.nInPorts(); ++i) {
         const MO_Port& input = *node.inPort(i);
-        const double share = shareAt(input, frame, parameters);
-        HeldObject& object = objects[objectNumberBehind(input, frame)];
-        (elementsBehind(input).size() > 1 ? composed : object.painted) += share;
-        object.all += share;
-        ++object.inputs;
+        const bool isComposed = elementsBehind(input).size() > 1;
+        (isComposed ? composed : painted[objectNumberBehind(input, frame)]) += shareAt(input, frame, resolution);
     }
-    HeldShares most;
-    const double pixel = pixelBytes(parameters);
-    for (const auto& [number, object] : objects)
-        if (objectBytes(object.shares(), pixel) > objectBytes(most, pixel))
-            most = object.shares();
-    most.inputs += composed;
-    return most;
+    const auto largest = std::ranges::max_element(painted, {}, [](const auto& object) { return object.second; });
+    return composed + (largest == painted.end() ? 0.0 : largest->second);
 }
 
 std::size_t stepThrough(std::span<const int> frames)
@@ -90,29 +58,35 @@ double shownFrameBytes(const ShownModule& shown, std::span<const int> frames, co
                        const ShownParts& wanted)
 {
     RD_RenderParameters used = shown.usedFor(parameters, wanted);
-    double most = 0.0;
+    bool hasRims = false;
+    bool hasLines = false;
     for (std::size_t i = 0; i < frames.size(); i += stepThrough(frames)) {
-        used.margins = marginsFor(shown.nodes(), frames[i], parameters);
-        const bool hasRims = ObjectRims(shown.nodes(), frames[i]).any();
-        const bool hasLines = !surfaceLinesOf(shown.nodes(), frames[i]).empty();
-        // The first picture and the drawing are kept while rims are rendered, and while the heights of strokes are
-        // found, which takes up to seven planes of floats.
-        const double kept =
-            (hasRims || hasLines ? 2.0 * pixelBytes(used) : 0.0) + (hasLines ? 7.0 * sizeof(float) : 0.0);
-        most =
-            std::max(most, shownFrameBytes(used, wanted, heldShares(shown, frames[i], used)) + kept * frameArea(used));
+        const RD_Margins margins = marginsFor(shown.nodes(), frames[i], parameters);
+        used.margins.left = std::max(used.margins.left, margins.left);
+        used.margins.top = std::max(used.margins.top, margins.top);
+        used.margins.right = std::max(used.margins.right, margins.right);
+        used.margins.bottom = std::max(used.margins.bottom, margins.bottom);
+        hasRims = hasRims || ObjectRims(shown.nodes(), frames[i]).any();
+        hasLines = hasLines || !surfaceLinesOf(shown.nodes(), frames[i]).empty();
     }
-    return most;
+    // The first picture and the drawing are kept while rims are rendered, and while the heights of strokes are found,
+    // which takes up to seven planes of floats.
+    const Math::Size2di size = RD_RenderJob(used).size();
+    const double perPixel =
+        (hasRims || hasLines ? 2.0 * pixelBytes(used) : 0.0) + (hasLines ? 7.0 * sizeof(float) : 0.0);
+    const double kept = perPixel * size.width * size.height;
+    return shownFrameBytes(used, wanted, heldShare(shown, frames)) + kept;
 }
 
-double shownFrameBytes(const RD_RenderParameters& used, const ShownParts& wanted, const HeldShares& held)
+double shownFrameBytes(const RD_RenderParameters& used, const ShownParts& wanted, double held)
 {
     const double pixel = pixelBytes(used);
-    const double rendering = pixel + objectBytes(held, pixel);
+    const double rendering = pixel * (2.0 * held + 2.0);
     // Pictures for files have up to five floats per pixel; lighting needs a surface and a picture of its own.
     const double writing =
         pixel * (1.0 + (wanted.drawing ? 1.0 : 0.0) + (wanted.channels ? 1.0 : 0.0)) + (wanted.drawing ? 60.0 : 20.0);
-    return frameArea(used) * (std::max(rendering, writing) + 4.0);
+    const Math::Size2di size = RD_RenderJob(used).size();
+    return static_cast<double>(size.width) * size.height * (std::max(rendering, writing) + 4.0);
 }
 
 UT_Error tooLarge(const QString& what, const std::pair<int, int>& resolution, double needed, double budget)
@@ -139,13 +113,13 @@ std::pair<int, int> sizeThatFits(const std::pair<int, int>& resolution, double n
     return {side(resolution.first), side(resolution.second)};
 }
 
-HeldShares heldShares(const ShownModule& shown, int frame, const RD_RenderParameters& parameters)
+double heldShare(const ShownModule& shown, std::span<const int> frames)
 {
-    const double pixel = pixelBytes(parameters);
-    HeldShares most;
-    for (const MO_Module* const node : shown.nodes())
-        if (const HeldShares held = heldBy(*node, frame, parameters);
-            objectBytes(held, pixel) > objectBytes(most, pixel))
-            most = held;
-    return most;
+    const MO_SceneCommon* const scene = shown.module().sceneCommon();
+    const std::pair<int, int> resolution(kWidth, scene ? scene->heightInPixels(kWidth) : kWidth);
+    double largest = 0.0;
+    for (std::size_t i = 0; i < frames.size(); i += stepThrough(frames))
+        for (const MO_Module* const node : shown.nodes())
+            largest = std::max(largest, shareHeldBy(*node, frames[i], resolution));
+    return largest;
 }

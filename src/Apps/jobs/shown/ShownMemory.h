@@ -2,11 +2,10 @@
 //
 // Estimates how much memory a frame takes while it is rendered and written.
 //
-// The node holds its output and the pixels of one object at a time: its inputs, two planes of floats, and a result of
-// its size where the object has several inputs; of one input, the result comes in bands. What lies in the frame's
-// margin counts for objects alone: output and pictures have the frame's size. Measured peaks with 1, 4 and 12 objects
-// of the frame's size and one input each: 19, 23 and 23 bytes per pixel in 16 bits, 37, 39 and 40 in float; lit 51
-// and 66.
+// The node holds the pixels of one object at a time, an input and a result of its size, and its output and a working
+// pixmap: P (2 S + 2) bytes per pixel, where P is the size of a pixel (8 bytes, 16 in float) and S the largest share of
+// the frame that an object covers. Measured peaks with 1, 4 and 12 objects of the frame's size: 26, 35 and 34 bytes per
+// pixel in 16 bits, 51, 66 and 67 in float; lit 54, 62 and 63, and 78, 94 and 94.
 #pragma once
 
 #include "jobs/shown/ShownFrame.h"
@@ -21,18 +20,11 @@
 double shownFrameBytes(const ShownModule& shown, std::span<const int> frames, const RD_RenderParameters& parameters,
                        const ShownParts& wanted);
 
-/// What a node holds at the same time beside its output, as shares of the frame's pixels.
-struct HeldShares
-{
-    double inputs = 0.0;
-    double planes = 0.0;  ///< of what objects the planes are made
-    double results = 0.0; ///< of what objects the whole result is held
-};
-
 /// The same, computed from numbers alone.
 ///
-/// @param used the parameters with which the node is rendered; margins make no difference
-double shownFrameBytes(const RD_RenderParameters& used, const ShownParts& wanted, const HeldShares& held);
+/// @param used the parameters with which the node is rendered, including margins
+/// @param held the share of the frame whose inputs are held at once (heldShare)
+double shownFrameBytes(const RD_RenderParameters& used, const ShownParts& wanted, double held);
 
 /// The largest size with a picture's proportions that fits: memory grows with the number of pixels.
 ///
@@ -47,9 +39,7 @@ std::pair<int, int> sizeThatFits(const std::pair<int, int>& resolution, double n
 /// @param what "a frame", "a picture"
 UT_Error tooLarge(const QString& what, const std::pair<int, int>& resolution, double needed, double budget);
 
-/// What the node holds at a frame for its dearest object: the inputs of that object, because drawings are painted when
-/// their object is built, and all inputs that several drawings were composed into before. Of several nodes, that of the
-/// one that holds most.
-///
-/// @param parameters the size of the frame, and the margins with which it is rendered
-HeldShares heldShares(const ShownModule& shown, int frame, const RD_RenderParameters& parameters);
+/// The share of the frame whose inputs a node holds as pixels at the same time, at the examined frame where it is
+/// largest: the inputs of the largest object, because drawings are painted when their object is built, and all inputs
+/// that several drawings were composed into before.
+double heldShare(const ShownModule& shown, std::span<const int> frames);
