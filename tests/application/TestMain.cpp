@@ -22,7 +22,6 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "the test needs an X display; run it with QT_QPA_PLATFORM=xcb under xvfb-run -a\n");
         return 1;
     }
-    QApplication::setStyle(QStringLiteral("Fusion"));
     testing::AddGlobalTestEnvironment(new WidgetsOfPlugIns);
     return RUN_ALL_TESTS();
 }

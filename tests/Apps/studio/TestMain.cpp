@@ -17,7 +17,6 @@ int main(int argc, char** argv)
     const tbb::global_control oneThread(tbb::global_control::max_allowed_parallelism, 1);
 #endif
     QStandardPaths::setTestModeEnabled(true);
-    QApplication::setStyle(QStringLiteral("Fusion"));
     testing::AddGlobalTestEnvironment(new WidgetsOfPlugIns);
     return runTests<QApplication>(argc, argv);
 }
