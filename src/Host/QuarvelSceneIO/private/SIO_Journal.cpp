@@ -201,7 +201,7 @@ UT_Result<void> commit(const QString& folder, SIO_FileSystem& disk)
     const QString journal = folder + u'/' + kSIO_journalFile;
     if (auto renamed = disk.rename(folder + u'/' + kSIO_stagingFolder + QStringLiteral("/journal"), journal); !renamed)
         return renamed;
-    const auto synced = disk.sync({folder});
+    auto synced = disk.sync({folder});
     if (synced)
         return {};
     // It is unknown whether the new name has reached the disk. Before the save is reported as failed, the journal must

@@ -236,7 +236,9 @@ void VallorinRenderHandler::composePorts(const MO_SoftContext& context, const UT
     const std::map<int, std::vector<int>> ports = portsOfObjects();
     std::map<int, ObjectVolume> volumes;
     PortComposition composition(*this, output, reference->canvasRect(), context.shownRect());
-    for (auto& [port, input] : inputPixmaps) {
+    for (auto& entry : inputPixmaps) {
+        const int port = entry.first;
+        auto& input = entry.second;
         const int objectId = portObjectIds[static_cast<std::size_t>(port)];
         const std::vector<int>& all = ports.at(objectId);
         const auto [volume, isNew] = volumes.try_emplace(objectId);
