@@ -69,6 +69,31 @@ TEST(BitmapStacking, aStripeAcrossABodyIsPaint)
     EXPECT_EQ(objectsOf(image).objects.size(), 1U);
 }
 
+TEST(BitmapStacking, aWideStripeWhoseEndsContinueTheOutlineIsPaint)
+{
+    const QImage balloon = painted({160, 200}, [](QPainter& painter) {
+        painter.setBrush(kRed);
+        painter.drawEllipse(QPointF(80, 70), 60, 60);
+        painter.drawPolygon(QPolygonF({{32, 106}, {128, 106}, {96, 170}, {64, 170}}));
+        painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+        painter.setBrush(kCream);
+        painter.drawRect(60, 0, 40, 200);
+    });
+    EXPECT_EQ(objectsOf(balloon).objects.size(), 1U);
+}
+
+TEST(BitmapStacking, aBallBetweenTwoOfOneColourIsNoStripe)
+{
+    const QImage balls = painted({200, 120}, [](QPainter& painter) {
+        painter.setBrush(kRed);
+        painter.drawEllipse(QPointF(55, 60), 40, 40);
+        painter.drawEllipse(QPointF(145, 60), 40, 40);
+        painter.setBrush(kCream);
+        painter.drawEllipse(QPointF(100, 60), 40, 40);
+    });
+    EXPECT_EQ(objectsOf(balls).objects.size(), 3U);
+}
+
 TEST(BitmapStacking, hairOnBothSidesOfAFaceIsOneObjectMeasuredAsAWhole)
 {
     const QImage image = painted({160, 170}, [](QPainter& painter) {

@@ -31,6 +31,8 @@ constexpr double kStripe = 5.0;
 // At least this share of a stripe's outline lies along the body on either side of it.
 constexpr double kStripeSide = 0.28;
 constexpr double kStripeSides = 0.6; // on both sides together
+// The ends of a stripe may extend the hull of a body with a smooth outline by this share.
+constexpr double kStripeReach = 0.1;
 // If a region hides the middle of another, more than this share of each visible part's outline lies along it.
 constexpr double kClinging = 0.3;
 // Tolerance, because outlines of pixels never fill their hulls completely.
@@ -82,6 +84,7 @@ private:
     bool areSiblingsPaint(int number, int base);
     bool isShadeOfOneBody(int a, int b) const;
     bool isStripeAcross(int stripe, int a, int b) const;
+    bool hasNoNotch(int a, int b) const;
     bool isOneBodyBehind(int front, int a, int b) const;
     bool reachesOutside(int number) const;
     bool areWhiteAndPupil(int white, int dark) const;
@@ -207,6 +210,13 @@ std::optional<double> notchOf(const RegionGraph& graph, int a, int b)
     return count == 0 ? std::nullopt : std::optional(sum / count);
 }
 
+// Whether the common outline of two regions continues smoothly across their seam, as that of one body in two colours.
+bool Rules::hasNoNotch(int a, int b) const
+{
+    const auto notch = notchOf(_graph, a, b);
+    return notch && *notch < kNotch;
+}
+
 // The common outline of two bodies has notches where they meet. The light and dark shades of one body have none, and
 // together they are more complete than apart.
 bool Rules::isShadeOfOneBody(int a, int b) const
@@ -220,8 +230,8 @@ bool Rules::isShadeOfOneBody(int a, int b) const
     return together > apart - (small ? 0.15 : kSlack);
 }
 
-// Joins a stripe and the two parts of the body that it divides: these have one colour, and the three together are
-// complete.
+// Joins a stripe and the two parts of the body that it divides: these have one colour, and the outline of the three
+// continues smoothly across the stripe's ends, or they are complete together.
 bool Rules::joinStripes()
 {
     for (const int stripe : smallestFirst())
@@ -308,11 +318,16 @@ bool Rules::isStripeAcross(int stripe, int a, int b) const
         _graph.seam(stripe, a).isInked() || _graph.seam(stripe, b).isInked() ||
         !areShadesOfOneColour(region(a).colour, region(b).colour))
         return false;
-    const int largest = std::max(region(a).pixels, region(b).pixels);
+    const int own = region(stripe).pixels;
+    const auto [less, more] = std::minmax(region(a).pixels, region(b).pixels);
     const ConvexHull body = ConvexHull::around(region(a).hull, region(b).hull);
     const ConvexHull all = ConvexHull::around(body, region(stripe).hull);
+    const double reach = all.area() / body.area() - 1.0;
+    if (own < less + more && reach < kStripeReach && hasNoNotch(stripe, a) && hasNoNotch(stripe, b) &&
+        colourDistance(region(a).colour, region(b).colour) < kSameColour)
+        return true;
     const double filled = _graph.filledPixels(a) + _graph.filledPixels(b) + _graph.filledPixels(stripe);
-    return region(stripe).pixels < largest && all.area() < 1.03 * body.area() &&
+    return own < more && reach < kSlack &&
            filled / all.area() > std::min(_graph.solidity(a), _graph.solidity(b)) - kSlack;
 }
 
