@@ -66,10 +66,9 @@ private:
             return false;
         int covered = 0;
         for (int y = _box.top(); y <= _box.bottom(); ++y)
-            for (int x = _box.left(); x <= _box.right(); ++x) {
-                const int index = _found.map.partAt(x, y);
-                covered += index != PartMap::kNone && !part(index).isBackdrop ? 1 : 0;
-            }
+            _found.map.forEachStretch(y, _box.left(), _box.right() + 1, [&](int from, int to, const ShownCell& cell) {
+                covered += cell.part != PartMap::kNone && !part(cell.part).isBackdrop ? to - from : 0;
+            });
         return covered >= kFilled * area;
     }
 

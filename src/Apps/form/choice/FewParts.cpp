@@ -19,11 +19,7 @@ std::size_t placeOf(int index)
 std::vector<int> visibleCells(const FoundParts& found)
 {
     std::vector<int> cells(found.parts.size());
-    const QRect bounds = found.map.bounds();
-    for (int y = 0; y < bounds.height(); ++y)
-        for (int x = 0; x < bounds.width(); ++x)
-            if (const int part = found.map.partAt(x, y); part != PartMap::kNone)
-                ++cells[placeOf(part)];
+    found.map.forEachShown([&](int count, const ShownCell& cell) { cells[placeOf(cell.part)] += count; });
     return cells;
 }
 

@@ -37,20 +37,11 @@ std::vector<QPainterPath> loopsOf(const QPainterPath& path)
     return loops;
 }
 
-ConnectedParts partsOf(const CellMask& mask)
-{
-    const QRect& box = mask.box();
-    PixelPlane<char> covered(std::max(0, box.width()), std::max(0, box.height()), 0);
-    for (int y = 0; y < covered.height(); ++y)
-        std::ranges::copy(mask.row(box.top() + y), covered.row(y).begin());
-    return connectedPartsOf(covered);
-}
-
 // The connected areas of a mask, numbered.
 class Areas
 {
 public:
-    explicit Areas(const CellMask& mask) : _box(mask.box()), _parts(partsOf(mask)) {}
+    explicit Areas(const CellMask& mask) : _box(mask.box()), _parts(connectedPartsOf(mask.planeOf(mask.box()))) {}
 
     std::size_t count() const { return _parts.pixels.size(); }
 

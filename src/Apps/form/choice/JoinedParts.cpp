@@ -32,15 +32,6 @@ void join(Part& part, const Part& next)
     part.translucent = part.translucent || next.translucent;
 }
 
-void showParts(PartMap& map, std::span<const int> renamed)
-{
-    const QRect bounds = map.bounds();
-    for (int y = 0; y < bounds.height(); ++y)
-        for (int x = 0; x < bounds.width(); ++x)
-            if (const int part = map.partAt(x, y); part != PartMap::kNone)
-                map.setCell(x, y, map.shapeAt(x, y), renamed[placeOf(part)]);
-}
-
 } // namespace
 
 FoundParts joinedParts(FoundParts found, std::span<const int> home, const QString& reason)
@@ -63,6 +54,6 @@ FoundParts joinedParts(FoundParts found, std::span<const int> home, const QStrin
     found.order.resize(found.parts.size());
     for (std::size_t i = 0; i < found.order.size(); ++i)
         found.order[i] = static_cast<int>(i);
-    showParts(found.map, renamed);
+    found.map.rename(renamed);
     return found;
 }

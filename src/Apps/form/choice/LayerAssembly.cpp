@@ -95,23 +95,9 @@ private:
 
     void countVisible()
     {
-        const QRect bounds = _found.map.bounds();
-        int lastPart = PartMap::kNone;
-        int lastShape = PartMap::kNone;
-        int* cells = nullptr;
-        for (int y = 0; y < bounds.height(); ++y)
-            for (int x = 0; x < bounds.width(); ++x) {
-                const int part = _found.map.partAt(x, y);
-                const int shape = _found.map.shapeAt(x, y);
-                if (part == PartMap::kNone)
-                    continue;
-                // Neighbouring cells mostly show the same shape.
-                if (part != lastPart || shape != lastShape)
-                    cells = &_visible[part][_facts[static_cast<std::size_t>(shape)].paint];
-                lastPart = part;
-                lastShape = shape;
-                ++*cells;
-            }
+        _found.map.forEachShown([&](int count, const ShownCell& cell) {
+            _visible[cell.part][_facts[static_cast<std::size_t>(cell.shape)].paint] += count;
+        });
     }
 
     // The part's body and worn shapes in the order of painting.

@@ -39,14 +39,13 @@ void measureShares(ChosenObjects& chosen)
 
     std::vector<std::map<int, int>> cells(chosen.objects.size()); // of each object, by paint
     std::vector<int> areas(chosen.objects.size(), 0);
-    for (int y = 0; y < grid.height; ++y)
-        for (int x = 0; x < grid.width; ++x)
-            if (const int part = map.partAt(x, y); part != PartMap::kNone) {
-                const DIO_Shape& seen = *shapes[static_cast<std::size_t>(map.shapeAt(x, y))];
-                ++areas[static_cast<std::size_t>(part)];
-                if (seen.picture.isNull())
-                    ++cells[static_cast<std::size_t>(part)][seen.paint];
-            }
+    map.forEachShown([&](int count, const ShownCell& cell) {
+        const auto object = static_cast<std::size_t>(cell.part);
+        const DIO_Shape& seen = *shapes[static_cast<std::size_t>(cell.shape)];
+        areas[object] += count;
+        if (seen.picture.isNull())
+            cells[object][seen.paint] += count;
+    });
     for (std::size_t i = 0; i < chosen.objects.size(); ++i)
         if (ChosenObject& object = chosen.objects[i]; !isMeasured(object)) {
             object.share = static_cast<double>(areas[i]) / (static_cast<double>(grid.width) * grid.height);

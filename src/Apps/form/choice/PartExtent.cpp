@@ -16,15 +16,15 @@ constexpr double kHalfCell = 0.5;
 CellMask within(const WornShape& worn, const CellMask& mask, const DistanceToCovered& body)
 {
     const QRect& all = body.box();
-    CellMask near(mask.box() & all);
     const double reach = worn.reach + kHalfCell;
     const int most = static_cast<int>(reach * reach);
-    for (int y = near.box().top(); y <= near.box().bottom(); ++y) {
-        const std::span cells = mask.row(y);
-        for (int x = near.box().left(); x <= near.box().right(); ++x)
-            if (cells[static_cast<std::size_t>(x - mask.box().left())] != 0 && body.squared(x, y, most) <= most)
-                near.set(x, y);
-    }
+    const auto isNear = [&](int x, int y) { return body.squared(x, y, most) <= most; };
+    CellMask near(mask.box() & all);
+    for (int y = near.box().top(); y <= near.box().bottom(); ++y)
+        for (const CellRun& run : mask.runs(y))
+            for (int x = std::max(run.from, all.left()); x < std::min(run.to, all.right() + 1); ++x)
+                if (isNear(x, y))
+                    near.append(y, x, x + 1);
     return near;
 }
 

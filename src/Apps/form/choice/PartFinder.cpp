@@ -51,7 +51,7 @@ public:
             const Surroundings around = _stack.map().around(facts(), _facts);
             carryOut(judge(around), around);
         }
-        return {_stack.parts(), _stack.order(), _stack.map()};
+        return _stack.take();
     }
 
 private:

@@ -3,6 +3,7 @@
 // Contact is looked for up to two cells outside an outline, so that areas meet whose antialiased edges abut.
 #include "form/choice/PartMap.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -10,91 +11,83 @@ namespace {
 constexpr std::array<std::array<int, 2>, 4> kAcross{{{-1, 0}, {1, 0}, {0, -1}, {0, 1}}};
 constexpr int kReach = 2;
 
-// Counts by number. Neighbouring cells mostly have the same one, so the last one is remembered.
-template<typename Value>
-class Counts
+// The key with the largest value above 0, the first of several; PartMap::kNone if there is none.
+template<typename Map, typename Function>
+int keyOfMost(const Map& map, Function valueOf)
 {
-public:
-    explicit Counts(std::map<int, Value>& counts) : _counts(counts) {}
-
-    Value& of(int number)
-    {
-        if (!_value || number != _number) {
-            _value = &_counts[number];
-            _number = number;
+    int most = 0;
+    int found = PartMap::kNone;
+    for (const auto& [key, value] : map)
+        if (valueOf(value) > most) {
+            most = valueOf(value);
+            found = key;
         }
-        return *_value;
-    }
-
-private:
-    std::map<int, Value>& _counts;
-    Value* _value = nullptr;
-    int _number = 0;
-};
+    return found;
+}
 
 } // namespace
 
 PartMap::PartMap(const Grid& grid) : _width(grid.width), _height(grid.height)
 {
     const std::size_t cells = static_cast<std::size_t>(_width) * static_cast<std::size_t>(_height);
-    _parts.assign(cells, kNone);
-    _shapes.assign(cells, kNone);
+    _cells.assign(cells, {});
     _ink.assign(cells, 0);
+}
+
+void PartMap::paint(int y, int from, int to, const ShownCell& cell)
+{
+    std::ranges::fill(std::span(_cells).subspan(index(from, y), static_cast<std::size_t>(to - from)), cell);
 }
 
 void PartMap::paint(const CellMask& mask, int shape, int part)
 {
-    mask.forEach([&](int x, int y) { setCell(x, y, shape, part); });
+    mask.forEachRun([&](int y, int from, int to) { paint(y, from, to, {part, shape}); });
 }
 
-void PartMap::setCell(int x, int y, int shape, int part)
+void PartMap::rename(std::span<const int> renamed)
 {
-    _parts[index(x, y)] = part;
-    _shapes[index(x, y)] = shape;
+    for (ShownCell& cell : _cells)
+        if (cell.part != kNone)
+            cell.part = renamed[static_cast<std::size_t>(cell.part)];
 }
 
 void PartMap::addInk(const CellMask& mask)
 {
-    mask.forEach([&](int x, int y) { _ink[index(x, y)] = 1; });
+    mask.forEachRun([&](int y, int from, int to) {
+        std::ranges::fill(std::span(_ink).subspan(index(from, y), static_cast<std::size_t>(to - from)),
+                          std::uint8_t{1});
+    });
 }
 
 void PartMap::countOverlaps(const ShapeFacts& facts, Surroundings& found) const
 {
-    Counts parts(found.parts);
-    facts.mask.forEach([&](int x, int y) {
-        const int part = _parts[index(x, y)];
-        if (part == kNone)
-            ++found.bare;
+    const auto forEachBelow = [&](auto function) {
+        facts.mask.forEachRun([&](int y, int from, int to) {
+            forEachStretch(y, from, to,
+                           [&](int first, int last, const ShownCell& cell) { function(last - first, cell); });
+        });
+    };
+    forEachBelow([&](int cells, const ShownCell& cell) {
+        if (cell.part == kNone)
+            found.bare += cells;
         else
-            ++parts.of(part).overlap;
+            found.parts[cell.part].overlap += cells;
     });
-    int most = 0;
-    for (const auto& [part, meeting] : found.parts)
-        if (meeting.overlap > most) {
-            most = meeting.overlap;
-            found.base = part;
-        }
+    found.base = keyOfMost(found.parts, [](const Meeting& meeting) { return meeting.overlap; });
     if (found.base == kNone)
         return;
     std::map<int, int> grounds;
-    Counts shapes(grounds);
-    facts.mask.forEach([&](int x, int y) {
-        if (const std::size_t cell = index(x, y); _parts[cell] == found.base)
-            ++shapes.of(_shapes[cell]);
+    forEachBelow([&](int cells, const ShownCell& cell) {
+        if (cell.part == found.base)
+            grounds[cell.shape] += cells;
     });
-    most = 0;
-    for (const auto& [shape, cells] : grounds)
-        if (cells > most) {
-            most = cells;
-            found.ground = shape;
-        }
+    found.ground = keyOfMost(grounds, [](int cells) { return cells; });
 }
 
 void PartMap::countContacts(const ShapeFacts& facts, const std::vector<ShapeFacts>& all, Surroundings& found) const
 {
     int outlined = 0;
     int cells = 0;
-    Counts parts(found.parts);
     facts.mask.forEachAtOutline([&](int x, int y) {
         std::array<int, kAcross.size() * kReach> met{};
         std::size_t count = 0;
@@ -106,16 +99,14 @@ void PartMap::countContacts(const ShapeFacts& facts, const std::vector<ShapeFact
                 const int qy = y + far * dy;
                 if (facts.mask.at(qx, qy) || !contains(qx, qy))
                     continue;
-                const std::size_t cell = index(qx, qy);
-                ink = ink || _ink[cell] != 0;
-                const int shape = _shapes[cell];
+                const auto [part, shape] = _cells[index(qx, qy)];
+                ink = ink || _ink[index(qx, qy)] != 0;
                 other = other || shape == kNone || all[static_cast<std::size_t>(shape)].paint != facts.paint;
-                const int part = _parts[cell];
                 if (part != kNone && std::find(met.begin(), met.begin() + count, part) == met.begin() + count)
                     met[count++] = part;
             }
         for (std::size_t i = 0; i < count; ++i) {
-            Meeting& meeting = parts.of(met[i]);
+            Meeting& meeting = found.parts[met[i]];
             ++meeting.contact;
             meeting.inked += ink ? 1 : 0;
         }

@@ -7,6 +7,7 @@
 #include "form/choice/ShapeFacts.h"
 
 #include <map>
+#include <span>
 #include <vector>
 
 /// How a shape meets a part.
@@ -36,20 +37,63 @@ struct Surroundings
     }
 };
 
+/// What a cell shows: a shape as a piece of a part.
+struct ShownCell
+{
+    static constexpr int kNone = -1;
+
+    int part = kNone;
+    int shape = kNone;
+
+    friend bool operator==(const ShownCell&, const ShownCell&) = default;
+};
+
 class PartMap
 {
 public:
-    static constexpr int kNone = -1;
+    static constexpr int kNone = ShownCell::kNone;
 
     explicit PartMap(const Grid& grid);
 
     QRect bounds() const { return {0, 0, _width, _height}; }
-    int partAt(int x, int y) const { return contains(x, y) ? _parts[index(x, y)] : kNone; }
-    int shapeAt(int x, int y) const { return contains(x, y) ? _shapes[index(x, y)] : kNone; }
 
     /// Paints a shape: its cells show it as a piece of a part.
     void paint(const CellMask& mask, int shape, int part);
-    void setCell(int x, int y, int shape, int part);
+    /// @param y, from, to inside the bounds; no cell at `to` is painted
+    void paint(int y, int from, int to, const ShownCell& cell);
+
+    /// Calls a function with from, to and what the cells show of the stretches of a row whose cells show the same.
+    ///
+    /// @param y, from, to inside the bounds; the cell at `to` is left out
+    template<typename Function>
+    void forEachStretch(int y, int from, int to, Function function) const
+    {
+        const std::span<const ShownCell> row = std::span(_cells).subspan(index(0, y), static_cast<std::size_t>(_width));
+        while (from < to) {
+            const ShownCell& cell = row[static_cast<std::size_t>(from)];
+            int end = from + 1;
+            while (end < to && row[static_cast<std::size_t>(end)] == cell)
+                ++end;
+            function(from, end, cell);
+            from = end;
+        }
+    }
+
+    /// Calls a function with the number of cells and what they show of the stretches of all rows that show parts.
+    template<typename Function>
+    void forEachShown(Function function) const
+    {
+        for (int y = 0; y < _height; ++y)
+            forEachStretch(y, 0, _width, [&](int from, int to, const ShownCell& cell) {
+                if (cell.part != kNone)
+                    function(to - from, cell);
+            });
+    }
+
+    /// Gives every cell that shows a part to another one.
+    ///
+    /// @param renamed the new part for each part
+    void rename(std::span<const int> renamed);
 
     /// Marks cells that ink covers, even if it is painted later.
     void addInk(const CellMask& mask);
@@ -67,7 +111,6 @@ private:
 
     int _width;
     int _height;
-    std::vector<int> _parts;
-    std::vector<int> _shapes;
+    std::vector<ShownCell> _cells;
     std::vector<std::uint8_t> _ink;
 };

@@ -88,9 +88,14 @@ std::vector<PartStack::Claim> PartStack::claimCells(int shape, double reach)
 {
     const CellMask& mask = facts(shape).mask;
     std::vector<Claim> claims;
-    mask.forEach([&](int x, int y) { claims.push_back({x, y, _map.partAt(x, y)}); });
-    const auto isClaimed = [](const Claim& claim) { return claim.part != PartMap::kNone; };
-    if (reach == 0.0 || std::ranges::all_of(claims, isClaimed))
+    std::vector<Claim> open;
+    mask.forEachRun([&](int y, int from, int to) {
+        _map.forEachStretch(y, from, to, [&](int first, int last, const ShownCell& cell) {
+            const bool isOpen = reach > 0.0 && cell.part == PartMap::kNone;
+            (isOpen ? open : claims).push_back({y, first, last, cell.part});
+        });
+    });
+    if (open.empty())
         return claims;
     const int margin = static_cast<int>(std::ceil(reach));
     const QRect around = mask.box().adjusted(-margin, -margin, margin, margin);
@@ -98,19 +103,22 @@ std::vector<PartStack::Claim> PartStack::claimCells(int shape, double reach)
     for (const int index : _order)
         if (part(index).region.box().intersects(around) && !part(index).isBackdrop)
             near.emplace_back(index, &distancesTo(index));
-    for (Claim& claim : claims) {
-        if (isClaimed(claim))
-            continue;
+    const auto nearestTo = [&](int x, int y) {
         int nearest = static_cast<int>(reach * reach);
+        int found = PartMap::kNone;
         for (const auto& [index, distances] : near) {
-            if (!contains(distances->box(), claim.x, claim.y))
+            if (!contains(distances->box(), x, y))
                 continue;
-            if (const int square = distances->squared(claim.x, claim.y, nearest); square <= nearest) {
+            if (const int square = distances->squared(x, y, nearest); square <= nearest) {
                 nearest = square;
-                claim.part = index;
+                found = index;
             }
         }
-    }
+        return found;
+    };
+    for (const Claim& stretch : open)
+        for (int x = stretch.from; x < stretch.to; ++x)
+            claims.push_back({stretch.y, x, x + 1, nearestTo(x, stretch.y)});
     return claims;
 }
 
@@ -131,7 +139,7 @@ void PartStack::wear(int shape, const Surroundings& around, const Verdict& verdi
     std::map<int, int> cells;
     int unclaimed = 0;
     for (const Claim& claim : claims)
-        claim.part == PartMap::kNone ? ++unclaimed : ++cells[claim.part];
+        (claim.part == PartMap::kNone ? unclaimed : cells[claim.part]) += claim.to - claim.from;
     if (unclaimed > kAlone * worn.area || cells.empty() || wouldShowTwice(shape, cells, unclaimed)) {
         standAlone(shape, around, verdict);
         return;
@@ -151,9 +159,9 @@ void PartStack::wear(int shape, const Surroundings& around, const Verdict& verdi
         layBeneath(shape, verdict, cells, claims);
     for (const Claim& claim : claims)
         if (claim.part != PartMap::kNone)
-            _map.setCell(claim.x, claim.y, shape, claim.part);
+            _map.paint(claim.y, claim.from, claim.to, {claim.part, shape});
         else if (!leftOver)
-            _map.setCell(claim.x, claim.y, shape, home);
+            _map.paint(claim.y, claim.from, claim.to, {home, shape});
 }
 
 // Adds a mark that reaches outside its part to the part's body.
@@ -192,5 +200,5 @@ void PartStack::layBeneath(int shape, const Verdict& verdict, const std::map<int
     const int index = insert(shape, own, static_cast<std::size_t>(lowest - _order.begin()));
     for (const Claim& claim : claims)
         if (claim.part == PartMap::kNone)
-            _map.setCell(claim.x, claim.y, shape, index);
+            _map.paint(claim.y, claim.from, claim.to, {index, shape});
 }

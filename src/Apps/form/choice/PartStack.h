@@ -9,8 +9,7 @@
 //     the rest of a mark   outside all parts becomes a part beneath them, or the whole mark a part above them
 #pragma once
 
-#include "form/choice/Part.h"
-#include "form/choice/PartMap.h"
+#include "form/choice/FoundParts.h"
 #include "form/raster/CellDistances.h"
 
 #include <map>
@@ -28,6 +27,8 @@ public:
     const Part& part(int index) const { return _parts[static_cast<std::size_t>(index)]; }
     /// The parts bottom up.
     const std::vector<int>& order() const { return _order; }
+    /// Takes the parts, their order and the map out of the stack.
+    FoundParts take() { return {std::move(_parts), std::move(_order), std::move(_map)}; }
 
     /// Makes a shape a part above all others.
     void add(int shape, const Verdict& verdict);
@@ -46,10 +47,12 @@ public:
     void wear(int shape, const Surroundings& around, const Verdict& verdict);
 
 private:
+    // Cells of a row that go to a part; the one at `to` is left out.
     struct Claim
     {
-        int x;
         int y;
+        int from;
+        int to;
         int part;
     };
     // The distances to a part's region in a box around it.

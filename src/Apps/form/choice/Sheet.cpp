@@ -36,15 +36,6 @@ bool isFrame(const ShapeFacts& line, const ShapeFacts& rectangle)
     return line.elongation() > kLine && line.mask.box().contains(rectangle.mask.box());
 }
 
-double coveredArea(const ShapeFacts& shape, const QRect& box)
-{
-    double covered = 0.0;
-    shape.mask.forEach([&](int x, int y) {
-        covered += x >= box.left() && x <= box.right() && y >= box.top() && y <= box.bottom() ? 1.0 : 0.0;
-    });
-    return covered;
-}
-
 // Whether a line runs along the rectangle's outline.
 bool isOutlined(const ShapeFacts& rectangle, const std::vector<ShapeFacts>& facts, const Ink& ink)
 {
@@ -74,7 +65,7 @@ std::optional<Sheet> sheetBeneath(const std::vector<ShapeFacts>& facts, const In
         if (shape.area == 0 || &shape == &*first || isShadow)
             continue;
         drawn |= shape.mask.box();
-        const double covered = coveredArea(shape, first->mask.box());
+        const double covered = shape.mask.areaInside(first->mask.box());
         // Half of a line along the rectangle's outline lies outside.
         const bool isLine = ink.isInk(shape) || isFrame(shape, *first);
         area += isLine ? covered : shape.area;

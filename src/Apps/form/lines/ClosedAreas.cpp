@@ -230,8 +230,8 @@ std::vector<CellMask> masksOf(const PixelPlane<int>& areas, int count)
     std::vector<CellMask> masks(boxes.begin() + 1, boxes.end());
     for (int y = 0; y < areas.height(); ++y)
         forEachStretch(areas.row(y), [&](std::size_t area, std::size_t from, std::size_t to) {
-            for (std::size_t x = from; x < to && area > kOutside; ++x)
-                masks[area - 1].set(static_cast<int>(x), y);
+            if (area > kOutside)
+                masks[area - 1].append(y, static_cast<int>(from), static_cast<int>(to));
         });
     return masks;
 }
@@ -249,28 +249,21 @@ bool isPattern(const std::vector<int>& sizes, int enclosed)
 CellMask largestPart(const CellMask& mask)
 {
     const QRect& box = mask.box();
-    PixelPlane<char> covered(box.width(), box.height(), 0);
-    mask.forEach([&](int x, int y) { covered.at(x - box.left(), y - box.top()) = 1; });
-    const ConnectedParts parts = connectedPartsOf(covered);
+    const ConnectedParts parts = connectedPartsOf(mask.planeOf(box));
     const auto largest = static_cast<int>(std::ranges::max_element(parts.pixels) - parts.pixels.begin());
-    CellMask part(box);
-    mask.forEach([&](int x, int y) { part.set(x, y, parts.labels.at(x - box.left(), y - box.top()) == largest); });
-    return part;
+    return CellMask::where(box,
+                           [&](int x, int y) { return parts.labels.at(x - box.left(), y - box.top()) == largest; });
 }
 
 // The mask with what it surrounds.
 CellMask withoutHoles(const CellMask& mask)
 {
     const QRect box = mask.box().adjusted(-1, -1, 1, 1);
-    PixelPlane<char> uncovered(box.width(), box.height(), 1);
-    mask.forEach([&](int x, int y) { uncovered.at(x - box.left(), y - box.top()) = 0; });
+    const PixelPlane<char> uncovered =
+        marked(mask.planeOf(box), [](char covered) { return static_cast<char>(covered != 0 ? 0 : 1); });
     const PixelPlane<int> parts = connectedPartsOf(uncovered).labels;
     const int around = parts.at(0, 0);
-    CellMask filled(mask.box());
-    for (int y = mask.box().top(); y <= mask.box().bottom(); ++y)
-        for (int x = mask.box().left(); x <= mask.box().right(); ++x)
-            filled.set(x, y, parts.at(x - box.left(), y - box.top()) != around);
-    return filled;
+    return CellMask::where(mask.box(), [&](int x, int y) { return parts.at(x - box.left(), y - box.top()) != around; });
 }
 
 // @param lines a picture of the grid's size

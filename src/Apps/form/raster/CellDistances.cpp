@@ -28,17 +28,24 @@ std::vector<Steps> stepsAlongColumns(const CellMask& mask, const QRect& box, boo
         return {};
     const auto width = static_cast<std::size_t>(box.width());
     std::vector<Steps> steps(width * static_cast<std::size_t>(box.height()));
-    const QRect inside = mask.box() & box;
+    const CellRun all{box.left(), box.right() + 1};
     std::vector<Steps> before(width, kNoCell);
     for (int y = box.top(); y <= box.bottom(); ++y) {
         const std::span row = std::span(steps).subspan(static_cast<std::size_t>(y - box.top()) * width, width);
-        for (std::size_t x = 0; x < width; ++x)
-            row[x] = toCovered ? next(before[x]) : Steps{0};
-        if (y >= inside.top() && y <= inside.bottom()) {
-            const auto first = static_cast<std::size_t>(inside.left() - box.left());
-            const std::span covered = mask.row(y).subspan(static_cast<std::size_t>(inside.left() - mask.box().left()));
-            for (std::size_t i = 0; i < static_cast<std::size_t>(inside.width()); ++i)
-                row[first + i] = (covered[i] != 0) == toCovered ? Steps{0} : next(before[first + i]);
+        const auto part = [&](std::span<Steps> cells, int from, int to) {
+            return cells.subspan(static_cast<std::size_t>(from - all.from), static_cast<std::size_t>(to - from));
+        };
+        if (toCovered)
+            std::ranges::transform(before, row.begin(), next);
+        for (const CellRun& run : mask.runs(y)) {
+            const int from = std::max(run.from, all.from);
+            const int to = std::min(run.to, all.to);
+            if (from >= to)
+                continue;
+            if (toCovered)
+                std::ranges::fill(part(row, from, to), Steps{0});
+            else
+                std::ranges::transform(part(before, from, to), part(row, from, to).begin(), next);
         }
         std::ranges::copy(row, before.begin());
     }

@@ -4,19 +4,12 @@
 #include "form/raster/ShapePainter.h"
 
 #include <algorithm>
-#include <numeric>
 
 namespace {
 
 constexpr int kHalf = 128; // of 255
 
 } // namespace
-
-CellMask::CellMask(const QRect& box) : _box(box)
-{
-    _cells.assign(
-        static_cast<std::size_t>(std::max(0, box.width())) * static_cast<std::size_t>(std::max(0, box.height())), 0);
-}
 
 CellMask CellMask::of(std::span<const DIO_Shape> shapes, const Grid& grid)
 {
@@ -26,17 +19,42 @@ CellMask CellMask::of(std::span<const DIO_Shape> shapes, const Grid& grid)
 CellMask CellMask::ofCoverage(const QRect& box, std::span<const std::uint8_t> coverage)
 {
     CellMask mask(box);
-    if (mask._cells.empty())
+    if (coverage.empty())
         return mask;
     const int least = std::max(1, std::min(kHalf, *std::ranges::max_element(coverage) / 2));
-    std::ranges::transform(coverage, mask._cells.begin(),
-                           [least](std::uint8_t cell) { return static_cast<std::uint8_t>(cell >= least ? 1 : 0); });
+    const auto width = static_cast<std::size_t>(box.width());
+    std::vector<char> row(width);
+    for (int y = box.top(); y <= box.bottom(); ++y) {
+        const std::span cells = coverage.subspan(static_cast<std::size_t>(y - box.top()) * width, width);
+        std::ranges::transform(cells, row.begin(),
+                               [least](std::uint8_t cell) { return static_cast<char>(cell >= least ? 1 : 0); });
+        for (std::size_t from = nextOf(row, 0, 1); from < width;) {
+            const std::size_t to = nextOf(row, from, 0);
+            mask.append(y, box.left() + static_cast<int>(from), box.left() + static_cast<int>(to));
+            from = nextOf(row, to, 1);
+        }
+    }
     return mask;
+}
+
+void CellMask::append(int y, int from, int to)
+{
+    const std::size_t rows = static_cast<std::size_t>(y - _box.top()) + 1;
+    const bool goesOn = _starts.size() == rows && _runs.size() > _starts.back() && _runs.back().to >= from;
+    if (goesOn) {
+        _runs.back().to = std::max(_runs.back().to, to);
+        return;
+    }
+    _starts.resize(std::max(_starts.size(), rows), _runs.size());
+    _runs.push_back({from, to});
 }
 
 int CellMask::area() const
 {
-    return std::accumulate(_cells.begin(), _cells.end(), 0);
+    int cells = 0;
+    for (const CellRun& run : _runs)
+        cells += run.to - run.from;
+    return cells;
 }
 
 int CellMask::overlap(const CellMask& other) const
@@ -44,30 +62,54 @@ int CellMask::overlap(const CellMask& other) const
     const QRect common = _box & other._box;
     int cells = 0;
     for (int y = common.top(); y <= common.bottom(); ++y) {
-        const std::uint8_t* const own = &_cells[index(common.left(), y)];
-        const std::uint8_t* const others = &other._cells[other.index(common.left(), y)];
-        for (int i = 0; i < common.width(); ++i)
-            cells += own[i] & others[i];
+        const std::span<const CellRun> others = other.runs(y);
+        auto near = others.begin();
+        for (const CellRun& run : runs(y)) {
+            while (near != others.end() && near->to <= run.from)
+                ++near;
+            for (auto next = near; next != others.end() && next->from < run.to; ++next)
+                cells += std::min(run.to, next->to) - std::max(run.from, next->from);
+        }
     }
     return cells;
 }
 
-void CellMask::unite(const CellMask& other)
+int CellMask::areaInside(const QRect& box) const
 {
-    if (!_box.contains(other._box)) {
-        CellMask larger(_box | other._box);
-        larger.add(*this);
-        *this = std::move(larger);
-    }
-    add(other);
+    int cells = 0;
+    const QRect common = _box & box;
+    for (int y = common.top(); y <= common.bottom(); ++y)
+        for (const CellRun& run : runs(y))
+            cells += std::max(0, std::min(run.to, common.right() + 1) - std::max(run.from, common.left()));
+    return cells;
 }
 
-void CellMask::add(const CellMask& other)
+PixelPlane<char> CellMask::planeOf(const QRect& box) const
 {
-    for (int y = other._box.top(); y <= other._box.bottom(); ++y) {
-        std::uint8_t* const own = &_cells[index(other._box.left(), y)];
-        const std::span<const std::uint8_t> others = other.row(y);
-        for (std::size_t i = 0; i < others.size(); ++i)
-            own[i] |= others[i];
+    PixelPlane<char> plane(std::max(0, box.width()), std::max(0, box.height()), 0);
+    forEachRun([&](int y, int from, int to) {
+        const std::span row = plane.row(y - box.top());
+        std::ranges::fill(row.subspan(static_cast<std::size_t>(from - box.left()), static_cast<std::size_t>(to - from)),
+                          char{1});
+    });
+    return plane;
+}
+
+void CellMask::unite(const CellMask& other)
+{
+    CellMask both(_box | other._box);
+    both._runs.reserve(_runs.size() + other._runs.size());
+    both._starts.reserve(static_cast<std::size_t>(std::max(0, both._box.height())));
+    for (int y = both._box.top(); y <= both._box.bottom(); ++y) {
+        const std::span<const CellRun> own = runs(y);
+        const std::span<const CellRun> others = other.runs(y);
+        auto one = own.begin();
+        auto two = others.begin();
+        while (one != own.end() || two != others.end()) {
+            const bool isOwn = two == others.end() || (one != own.end() && one->from <= two->from);
+            const CellRun& next = isOwn ? *one++ : *two++;
+            both.append(y, next.from, next.to);
+        }
     }
+    *this = std::move(both);
 }

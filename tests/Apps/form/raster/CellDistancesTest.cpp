@@ -11,11 +11,8 @@ namespace {
 // A few cells that differ from all the others.
 CellMask maskWith(int width, int height, bool ofCovered)
 {
-    CellMask mask(QRect(2, 3, width, height));
-    for (int y = 3; y < 3 + height; ++y)
-        for (int x = 2; x < 2 + width; ++x)
-            mask.set(x, y, (*rc::gen::inRange(0, 12) == 0) == ofCovered);
-    return mask;
+    return CellMask::where(QRect(2, 3, width, height),
+                           [ofCovered](int, int) { return (*rc::gen::inRange(0, 12) == 0) == ofCovered; });
 }
 
 // The squared distance to the nearest cell of a box that is covered, or uncovered; -1 if there is none.

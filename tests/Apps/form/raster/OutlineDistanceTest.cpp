@@ -13,10 +13,8 @@ RC_GTEST_PROP(OutlineDistance, isThatOfTheNearestUncoveredCell, ())
     // A ring of uncovered cells, so that the grid's border does not matter.
     constexpr int kSide = 14;
     const QRect grid(0, 0, kSide, kSide);
-    CellMask mask(QRect(1, 1, kSide - 2, kSide - 2));
-    for (int y = 1; y < kSide - 1; ++y)
-        for (int x = 1; x < kSide - 1; ++x)
-            mask.set(x, y, *rc::gen::inRange(0, 8) > 0);
+    const CellMask mask =
+        CellMask::where(QRect(1, 1, kSide - 2, kSide - 2), [](int, int) { return *rc::gen::inRange(0, 8) > 0; });
     double sum = 0.0;
     double largest = 0.0;
     mask.forEach([&](int x, int y) {
@@ -36,10 +34,7 @@ RC_GTEST_PROP(OutlineDistance, isThatOfTheNearestUncoveredCell, ())
 
 TEST(OutlineDistance, OfWhatFillsTheGridIsHalfOfIt)
 {
-    CellMask mask(QRect(0, 0, 10, 20));
-    for (int y = 0; y < 20; ++y)
-        for (int x = 0; x < 10; ++x)
-            mask.set(x, y);
+    const CellMask mask = CellMask::where(QRect(0, 0, 10, 20), [](int, int) { return true; });
     const OutlineDistance measured = measureOutlineDistance(mask, QRect(0, 0, 10, 20));
     EXPECT_EQ(measured.mean, 10.0);
     EXPECT_TRUE(measured.cut);

@@ -50,11 +50,11 @@ const InnerRegions::Base& InnerRegions::base(int number)
         const double near = std::max(2.0, kNear * std::max(_grid.width(), _grid.height()));
         const QRect box = known.facts.mask.box().adjusted(-1, -1, 1, 1) & _grid;
         const std::vector<int> squares = squaredDistancesInside(known.facts.mask, box);
-        known.insides = CellMask(box);
-        std::size_t i = 0;
-        for (int y = box.top(); y <= box.bottom(); ++y)
-            for (int x = box.left(); x <= box.right(); ++x, ++i)
-                known.insides.set(x, y, squares[i] > near * near);
+        const auto width = static_cast<std::size_t>(box.width());
+        known.insides = CellMask::where(box, [&](int x, int y) {
+            const std::size_t row = static_cast<std::size_t>(y - box.top()) * width;
+            return squares[row + static_cast<std::size_t>(x - box.left())] > near * near;
+        });
     }
     // The colour changes with what is joined.
     known.facts.colour = _graph.region(number).colour;

@@ -248,16 +248,15 @@ CellMask RegionGraph::filledMask(int number, int scale) const
             others.at(x + 1, y + 1) = label < 0 || now(label) != number ? 1 : 0;
         }
     const PixelPlane<int> parts = connectedPartsOf(others).labels;
-    CellMask mask({box.topLeft() * scale, box.size() * scale});
     const auto isFilled = [&](int x, int y) {
         const int part = parts.at(x - box.left() + 1, y - box.top() + 1);
         return part != parts.at(0, 0) && _labels.at(x, y) >= 0;
     };
-    for (int y = box.top(); y <= box.bottom(); ++y)
+    CellMask mask({box.topLeft() * scale, box.size() * scale});
+    for (int row = scale * box.top(); row < scale * (box.bottom() + 1); ++row)
         for (int x = box.left(); x <= box.right(); ++x)
-            if (isFilled(x, y))
-                for (int i = 0; i < scale * scale; ++i)
-                    mask.set(x * scale + i % scale, y * scale + i / scale);
+            if (isFilled(x, row / scale))
+                mask.append(row, scale * x, scale * (x + 1));
     return mask;
 }
 
