@@ -27,7 +27,7 @@ UT_Result<double> parseNumber(const QString& option, const QString& text)
 
 UT_Result<double> parseNumber(const QString& option, const QString& text, double low, double high)
 {
-    const UT_Result<double> value = parseNumber(option, text);
+    UT_Result<double> value = parseNumber(option, text);
     if (!value || *value < low || *value > high)
         return expected(option, QStringLiteral("a number from %1 to %2").arg(low).arg(high, 0, 'g', 10), text);
     return value;
