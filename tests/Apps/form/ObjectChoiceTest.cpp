@@ -65,6 +65,15 @@ TEST(ObjectChoice, WhatFollowsTheOutlineIsAPattern)
     EXPECT_EQ(countOf(rect(20, 20, 60, 60, "#ffcc4d") + rect(20, 20, 60, 15, "#3355cc")), 1U);
 }
 
+TEST(ObjectChoice, ABandFromRimToRimOfARoundBodyIsPaintedOntoIt)
+{
+    const QByteArray band = "<path d='M38 12A40 40 0 0 1 62 12V88A40 40 0 0 1 38 88Z' fill='#3355cc'/>";
+    const QByteArray halfBand = "<path d='M38 12A40 40 0 0 1 62 12V50H38Z' fill='#3355cc'/>";
+    EXPECT_EQ(countOf(circle(50, 50, 40, "#c93434") + band), 1U);
+    EXPECT_EQ(countOf(circle(50, 50, 40, "#c93434") + halfBand), 2U);
+    EXPECT_EQ(countOf(circle(50, 70, 45, "#c93434") + rect(38, 26, 24, 74, "#3355cc")), 2U) << "cut: it may be a coat";
+}
+
 TEST(ObjectChoice, PiecesOfOneColourAreOneObject)
 {
     EXPECT_EQ(countOf(rect(20, 30, 30, 30, "#ffcc4d") + rect(45, 30, 35, 30, "#ffcc4d")), 1U);

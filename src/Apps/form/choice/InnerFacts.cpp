@@ -3,6 +3,7 @@
 // Only later shapes can be siblings of a shape or lie inside it: earlier shapes are decided already or lie beneath it.
 #include "form/choice/InnerFacts.h"
 
+#include "form/bitmap/pixels/ConnectedPixels.h"
 #include "form/choice/Faces.h"
 
 #include <algorithm>
@@ -18,6 +19,9 @@ constexpr double kAlike = 4.0;   // ratio of two siblings' areas
 constexpr double kSmallestCopy = 0.16;
 constexpr double kLargestCopy = 0.95;
 constexpr double kCopyVaries = 0.06; // of the larger one's side
+constexpr double kRound = 0.9;       // roundness; a square has 0.89
+// A shape that divides a part leaves at least this share of the part on either side.
+constexpr double kSide = 0.1;
 
 constexpr std::array<std::array<int, 2>, 8> kAround{
     {{-1, 0}, {1, 0}, {0, -1}, {0, 1}, {-1, -1}, {1, -1}, {-1, 1}, {1, 1}}};
@@ -54,24 +58,40 @@ bool isConcentric(const ShapeFacts& shape, const CellMask& region, double share)
            near(inner.top() + inner.bottom(), outer.top() + outer.bottom());
 }
 
+bool divides(const ShapeFacts& shape, const CellMask& region)
+{
+    PixelPlane<char> left = region.planeOf(region.box());
+    shape.mask.forEachRun([&](int y, int from, int to) {
+        if (y < region.box().top() || y > region.box().bottom())
+            return;
+        const std::span<char> row = left.row(y - region.box().top());
+        for (int x = std::max(from, region.box().left()); x < std::min(to, region.box().right() + 1); ++x)
+            row[static_cast<std::size_t>(x - region.box().left())] = 0;
+    });
+    const double least = kSide * region.area();
+    return std::ranges::count_if(connectedPartsOf(left).pixels, [&](int pixels) { return pixels >= least; }) > 1;
+}
+
 InnerShape InnerFacts::of(int shape, const Part& base, const Surroundings& around, int siblings) const
 {
     const ShapeFacts& inner = facts(shape);
     const ShapeFacts& body = largestPiece(base);
     const double share = static_cast<double>(inner.area) / base.region.area();
+    const double follows = following(inner, base);
     const std::vector<const ShapeFacts*> held = _later.inside(shape);
     return {inner,
             body,
             around.ground != Surroundings::kNone ? facts(around.ground) : body,
             share,
-            following(inner, base),
+            follows,
             around.outlined,
             isConcentric(inner, base.region, share),
             heldArea(held) / inner.area,
             siblings,
             static_cast<double>(_grid.width) * _grid.height,
             base.role == ObjectRole::SLAB,
-            holdsEyes(inner, held)};
+            holdsEyes(inner, held),
+            !body.cut && body.roundness > kRound && follows > 0.0 && divides(inner, base.region)};
 }
 
 std::vector<int> InnerFacts::siblings(int shape, const Part& base) const

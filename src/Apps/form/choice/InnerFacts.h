@@ -14,6 +14,9 @@
 /// @param share the shape's area, divided by the region's
 bool isConcentric(const ShapeFacts& shape, const CellMask& region, double share);
 
+/// Whether a shape reaches across a region, so that what is left of it lies on two sides of the shape or more.
+bool divides(const ShapeFacts& shape, const CellMask& region);
+
 /// Whether most of a shape lies inside a region.
 bool liesInside(const ShapeFacts& shape, const CellMask& region);
 

@@ -191,6 +191,8 @@ Verdict judgeInner(const InnerShape& inner)
     const bool stands = !inner.onBoard && shape.roundness > kEllipse && !isSameHue(shape.colour, inner.ground.colour);
     if (inner.follows > (stands ? kFollowingOfBodies : kFollowing))
         return mark("a pattern: it follows the outline of what it lies on");
+    if (inner.isBand)
+        return mark("a band across a round body");
     if (isThin(inner))
         return mark("a thin mark");
     if (shape.plain && shape.paint == inner.body.paint && inner.outlined > 0.6)
