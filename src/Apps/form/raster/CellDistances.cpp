@@ -58,69 +58,6 @@ std::vector<Steps> stepsAlongColumns(const CellMask& mask, const QRect& box, boo
     return steps;
 }
 
-// The lower envelope of the parabolas (x - i)^2 + steps[i]^2, evaluated at every x.
-class Envelope
-{
-public:
-    explicit Envelope(std::size_t longest)
-        : _places(longest), _heights(longest), _starts(longest + 1), _reciprocals(longest + 1)
-    {
-        for (std::size_t i = 1; i <= longest; ++i)
-            _reciprocals[i] = 0.5 / static_cast<double>(i);
-    }
-
-    /// Replaces the steps along columns by squared distances.
-    void replace(std::span<int> line)
-    {
-        find(line);
-        if (_count == 0) {
-            std::ranges::fill(line, kFar);
-            return;
-        }
-        std::size_t at = 0;
-        for (std::size_t x = 0; x < line.size(); ++x) {
-            while (at + 1 < _count && _starts[at + 1] < static_cast<double>(x))
-                ++at;
-            const int distance = static_cast<int>(x) - _places[at];
-            line[x] = distance * distance + _heights[at];
-        }
-    }
-
-private:
-    void find(std::span<const int> line)
-    {
-        _count = 0;
-        for (std::size_t i = 0; i < line.size(); ++i) {
-            if (line[i] >= kNoCell)
-                continue;
-            const int place = static_cast<int>(i);
-            const int height = line[i] * line[i];
-            double start = -std::numeric_limits<double>::infinity();
-            while (_count > 0 && (start = meeting(place, height)) <= _starts[_count - 1])
-                --_count;
-            _places[_count] = place;
-            _heights[_count] = height;
-            _starts[_count] = _count == 0 ? -std::numeric_limits<double>::infinity() : start;
-            ++_count;
-        }
-    }
-
-    // Where a parabola meets the last one. The product may be off by its rounding, which matters nowhere: at a whole
-    // number both parabolas are equally high there, or the place lies farther from it than the error.
-    double meeting(int place, int height) const
-    {
-        const int last = _places[_count - 1];
-        const int difference = (height + place * place) - (_heights[_count - 1] + last * last);
-        return difference * _reciprocals[static_cast<std::size_t>(place - last)];
-    }
-
-    std::vector<int> _places;
-    std::vector<int> _heights;
-    std::vector<double> _starts;
-    std::vector<double> _reciprocals;
-    std::size_t _count = 0;
-};
-
 // Calls a function with every run of steps above zero, and the zeros beside it.
 template<typename Function>
 void forEachRun(std::span<int> row, Function function)
@@ -138,42 +75,86 @@ void forEachRun(std::span<int> row, Function function)
     }
 }
 
-// Calls a function with every row of squaredDistancesInside(), from the top.
-template<typename Function>
-void forEachRowInside(const CellMask& mask, const QRect& box, Function function)
+} // namespace
+
+LowerEnvelope::LowerEnvelope(std::size_t longest)
+    : _places(longest), _heights(longest), _starts(longest + 1), _reciprocals(longest + 1)
 {
-    const std::vector<Steps> steps = stepsAlongColumns(mask, box, false);
-    const auto width = static_cast<std::size_t>(box.width());
-    Envelope envelope(width);
-    std::vector<int> row(width);
-    for (std::size_t start = 0; start < steps.size(); start += width) {
-        std::ranges::copy(std::span(steps).subspan(start, width), row.begin());
-        forEachRun(row, [&](std::span<int> run) { envelope.replace(run); });
-        function(std::span<const int>(row));
+    for (std::size_t i = 1; i <= longest; ++i)
+        _reciprocals[i] = 0.5 / static_cast<double>(i);
+}
+
+void LowerEnvelope::replace(std::span<int> line)
+{
+    find(line);
+    if (_count == 0) {
+        std::ranges::fill(line, kFar);
+        return;
+    }
+    std::size_t at = 0;
+    for (std::size_t x = 0; x < line.size(); ++x) {
+        while (at + 1 < _count && _starts[at + 1] < static_cast<double>(x))
+            ++at;
+        const int distance = static_cast<int>(x) - _places[at];
+        line[x] = distance * distance + _heights[at];
     }
 }
 
-} // namespace
+void LowerEnvelope::find(std::span<const int> line)
+{
+    _count = 0;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        if (line[i] >= kNoCell)
+            continue;
+        const int place = static_cast<int>(i);
+        const int height = line[i] * line[i];
+        double start = -std::numeric_limits<double>::infinity();
+        while (_count > 0 && (start = meeting(place, height)) <= _starts[_count - 1])
+            --_count;
+        _places[_count] = place;
+        _heights[_count] = height;
+        _starts[_count] = _count == 0 ? -std::numeric_limits<double>::infinity() : start;
+        ++_count;
+    }
+}
+
+// Where a parabola meets the last one. The product may be off by its rounding, which matters nowhere: at a whole
+// number both parabolas are equally high there, or the place lies farther from it than the error.
+double LowerEnvelope::meeting(int place, int height) const
+{
+    const int last = _places[_count - 1];
+    const int difference = (height + place * place) - (_heights[_count - 1] + last * last);
+    return difference * _reciprocals[static_cast<std::size_t>(place - last)];
+}
+
+DistancesInside::DistancesInside(const CellMask& mask, const QRect& box)
+    : _box(box)
+    , _steps(stepsAlongColumns(mask, box, false))
+    , _row(static_cast<std::size_t>(std::max(0, box.width())))
+    , _envelope(_row.size())
+{
+    if (!_steps.empty())
+        _mostSteps = *std::ranges::max_element(_steps);
+}
+
+std::span<const int> DistancesInside::row(int row)
+{
+    const std::size_t start = static_cast<std::size_t>(row) * _row.size();
+    std::ranges::copy(std::span(_steps).subspan(start, _row.size()), _row.begin());
+    forEachRun(_row, [&](std::span<int> run) { _envelope.replace(run); });
+    return _row;
+}
 
 std::vector<int> squaredDistancesInside(const CellMask& mask, const QRect& box)
 {
+    DistancesInside distances(mask, box);
     std::vector<int> squares;
     squares.reserve(static_cast<std::size_t>(box.width()) * static_cast<std::size_t>(box.height()));
-    forEachRowInside(mask, box,
-                     [&](std::span<const int> row) { squares.insert(squares.end(), row.begin(), row.end()); });
+    for (int y = 0; y < distances.rows(); ++y) {
+        const std::span<const int> row = distances.row(y);
+        squares.insert(squares.end(), row.begin(), row.end());
+    }
     return squares;
-}
-
-std::vector<int> countSquaredDistancesInside(const CellMask& mask, const QRect& box, int most)
-{
-    // No distance inside the box is longer than its diagonal.
-    const int last = std::min(most, box.width() * box.width() + box.height() * box.height());
-    std::vector<int> counts(static_cast<std::size_t>(last) + 1);
-    forEachRowInside(mask, box, [&](std::span<const int> row) {
-        for (const int square : row)
-            ++counts[static_cast<std::size_t>(std::min(square, last))];
-    });
-    return counts;
 }
 
 DistanceToCovered::DistanceToCovered(const CellMask& mask, const QRect& box)

@@ -9,15 +9,57 @@
 #include "form/raster/CellMask.h"
 
 #include <cstdint>
+#include <span>
 #include <vector>
+
+/// The lower envelope of the parabolas (x - i)^2 + steps[i]^2 along a row, evaluated at every x.
+class LowerEnvelope
+{
+public:
+    /// @param longest the number of cells of the longest row
+    explicit LowerEnvelope(std::size_t longest);
+
+    /// Replaces the steps along columns by squared distances.
+    void replace(std::span<int> line);
+
+private:
+    void find(std::span<const int> line);
+    double meeting(int place, int height) const;
+
+    std::vector<int> _places;
+    std::vector<int> _heights;
+    std::vector<double> _starts;
+    std::vector<double> _reciprocals;
+    std::size_t _count = 0;
+};
 
 /// The squared distance of every cell of a box, row by row, to the nearest uncovered cell inside the box; 0 for an
 /// uncovered cell. If the box holds no uncovered cell, all are larger than any distance.
 std::vector<int> squaredDistancesInside(const CellMask& mask, const QRect& box);
 
-/// How many cells of a box lie at each of these squared distances. The last number, at the index `most` or at the
-/// square of the box's diagonal, counts the cells that lie that far and farther.
-std::vector<int> countSquaredDistancesInside(const CellMask& mask, const QRect& box, int most);
+/// The squared distances of the cells of a box to the nearest uncovered cell inside the box, row by row as they are
+/// asked for, for callers that need only some of the rows.
+class DistancesInside
+{
+public:
+    DistancesInside(const CellMask& mask, const QRect& box);
+
+    int rows() const { return _box.height(); }
+
+    /// The squared distances of a row of the box, counted from the top; 0 for an uncovered cell, and more than any
+    /// distance for all cells if the box holds no uncovered one. They stay until the next call.
+    std::span<const int> row(int row);
+
+    /// No cell is farther from an uncovered one in its column, if each column has one.
+    int mostSteps() const { return _mostSteps; }
+
+private:
+    QRect _box;
+    std::vector<std::uint16_t> _steps; // along the column of each cell
+    int _mostSteps = 0;
+    std::vector<int> _row;
+    LowerEnvelope _envelope;
+};
 
 /// The distances from cells of a box to the nearest covered cell of a mask, for callers that ask for few cells.
 class DistanceToCovered

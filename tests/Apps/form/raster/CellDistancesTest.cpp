@@ -43,18 +43,20 @@ RC_GTEST_PROP(CellDistances, insideAnAreaAreThoseToTheNearestUncoveredCell, ())
         }
 }
 
-RC_GTEST_PROP(CellDistances, insideAnAreaAreCounted, ())
+RC_GTEST_PROP(CellDistances, insideAnAreaAreFoundRowByRow, ())
 {
     const CellMask mask = maskWith(*rc::gen::inRange(1, 20), *rc::gen::inRange(1, 20), false);
     const QRect box = mask.box().adjusted(-1, -1, 0, 1);
-    const int most = *rc::gen::inRange(1, 60);
-    const std::vector<int> counts = countSquaredDistancesInside(mask, box, most);
-    const int last = std::min(most, box.width() * box.width() + box.height() * box.height());
-    RC_ASSERT(counts.size() == static_cast<std::size_t>(last) + 1);
-    std::vector<int> expected(counts.size());
-    for (const int square : squaredDistancesInside(mask, box))
-        ++expected[static_cast<std::size_t>(std::min(square, last))];
-    RC_ASSERT(counts == expected);
+    const std::vector<int> all = squaredDistancesInside(mask, box);
+    DistancesInside distances(mask, box);
+    RC_ASSERT(distances.rows() == box.height());
+    const auto width = static_cast<std::size_t>(box.width());
+    for (int row = distances.rows() - 1; row >= 0; row -= 2) {
+        const std::span expected = std::span(all).subspan(static_cast<std::size_t>(row) * width, width);
+        RC_ASSERT(std::ranges::equal(distances.row(row), expected));
+    }
+    const int most = distances.mostSteps();
+    RC_ASSERT(std::ranges::max(all) <= most * most);
 }
 
 RC_GTEST_PROP(CellDistances, toAnAreaAreThoseToItsNearestCell, ())
