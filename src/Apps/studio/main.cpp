@@ -20,6 +20,8 @@
 #include <QCommandLineParser>
 #include <QMessageBox>
 
+#include <cstdio>
+
 namespace {
 
 const QString kScreenshots = QStringLiteral("screenshots");
@@ -60,6 +62,13 @@ void addOptions(QCommandLineParser& parser)
                                  QApplication::translate("main", "A scene, or drawings to import."));
 }
 
+// Where there are no real windows, Qt complains about each that its size is told to nobody.
+void passMessages(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (message != QLatin1String("This plugin does not support propagateSizeHints()"))
+        std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
+}
+
 // What a crash left comes first, whatever the program was started with. Files do not take the place of what was just
 // recovered.
 void beginWith(MainWindow& window, const QStringList& files)
@@ -92,6 +101,8 @@ int run(int argc, char** argv)
 
     if (!loaded)
         return complain(loaded.error().sentence());
+    if (parser.isSet(kScreenshots) || parser.isSet(kPictureRates))
+        qInstallMessageHandler(passMessages);
     if (parser.isSet(kScreenshots))
         return makeScreenshots(parser.value(kScreenshots));
     if (parser.isSet(kPictureRates))

@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Standard output is replaced at the level of file descriptors, below the buffers of C and C++.
-#include "ResultStream.h"
+#include "jobs/ResultStream.h"
 
 #ifdef _WIN32
 #include <fcntl.h>
