@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Works on rows in parallel. In each row, the light is added up for runs of pixels that are short enough for the first
-// level cache, in loops that compilers vectorise.
+// Works on rows in parallel. In each row, the light is added up for short runs of pixels, in loops that compilers
+// vectorise.
 #include "QuarvelNormalMap/NM_Lighting.h"
 #include "QuarvelNormalMap/NM_Srgb.h"
 #include "QuarvelNormalMap/private/NM_LightAmounts.h"
@@ -14,7 +14,8 @@
 
 namespace {
 
-constexpr int kRun = 512;
+// Short, so that much of what lies beside a drawing is skipped, and so that a run fits the first level cache.
+constexpr int kRun = 64;
 constexpr int kSteps = 16384;
 
 using Bytes = std::array<std::uint8_t, kSteps + 1>;
@@ -35,19 +36,40 @@ const Bytes& encodedBytes()
 // The four bytes of a pixel, in the order of memory.
 using ScreenPixel = std::array<std::uint8_t, 4>;
 
-ScreenPixel straight(std::uint8_t red, std::uint8_t green, std::uint8_t blue, std::uint8_t alpha)
-{
-    return {red, green, blue, alpha};
-}
+// What is done to all pixels of a run is a loop of its own, which compilers vectorise; types, not functions, so that
+// they see it.
+using ByteRun = std::array<std::uint8_t, kRun>;
+using ByteRuns = std::array<ByteRun, 4>; // red, green, blue, alpha
 
-ScreenPixel premultiplied(std::uint8_t red, std::uint8_t green, std::uint8_t blue, std::uint8_t alpha)
+struct Straight
 {
-    const auto times = [alpha](std::uint32_t colour) { return (colour * alpha + 127U) / 255U; };
-    const std::uint32_t word = std::uint32_t{alpha} << 24 | times(red) << 16 | times(green) << 8 | times(blue);
-    ScreenPixel pixel;
-    std::memcpy(pixel.data(), &word, sizeof(word));
-    return pixel;
-}
+    static void store(const ByteRuns& bytes, std::size_t count, ScreenPixel* target)
+    {
+        const auto& [red, green, blue, alpha] = bytes;
+        for (std::size_t i = 0; i < count; ++i)
+            target[i] = {red[i], green[i], blue[i], alpha[i]};
+    }
+};
+
+struct Premultiplied
+{
+    // colour * alpha / 255, rounded, without a division: exact for all products of two bytes.
+    static std::uint16_t times(std::uint16_t colour, std::uint16_t alpha)
+    {
+        const auto product = static_cast<std::uint16_t>(colour * alpha + 128);
+        return static_cast<std::uint16_t>((product + (product >> 8)) >> 8);
+    }
+
+    static void store(const ByteRuns& bytes, std::size_t count, ScreenPixel* target)
+    {
+        const auto& [red, green, blue, alpha] = bytes;
+        std::array<std::uint32_t, kRun> words;
+        for (std::size_t i = 0; i < count; ++i)
+            words[i] = std::uint32_t{alpha[i]} << 24 | std::uint32_t{times(red[i], alpha[i])} << 16 |
+                       std::uint32_t{times(green[i], alpha[i])} << 8 | times(blue[i], alpha[i]);
+        std::memcpy(target, words.data(), count * sizeof(words[0]));
+    }
+};
 
 using Plane = std::array<float, kRun>;
 
@@ -72,27 +94,28 @@ public:
             _power[i] = static_cast<float>(std::pow(static_cast<double>(i) / last, exponent)) * settings.highlight;
     }
 
-    /// @param pixelOf makes the pixel from red, green, blue and alpha
-    template<typename PixelOf>
-    void shade(const NM_Surface::Row& row, int y, ScreenPixel* target, const PixelOf& pixelOf) const
+    template<typename Pixels>
+    void shade(const NM_Surface::Row& row, int y, ScreenPixel* target) const
     {
         Run run;
         for (std::size_t from = 0; from < row.red.size(); from += kRun) {
             const std::size_t count = std::min<std::size_t>(kRun, row.red.size() - from);
-            if (isEmpty(row, from, count)) {
+            if (isEmpty(row.coverage.subspan(from, count))) {
                 std::fill_n(target + from, count, ScreenPixel{});
                 continue;
             }
             sumUp(row, y, from, count, run);
-            encode(row, from, count, run, target + from, pixelOf);
+            encode<Pixels>(row, from, count, run, target + from);
         }
     }
 
 private:
-    static bool isEmpty(const NM_Surface::Row& row, std::size_t from, std::size_t count)
+    static bool isEmpty(std::span<const float> coverage)
     {
-        const auto coverage = row.coverage.subspan(from, count);
-        return std::ranges::all_of(coverage, [](float value) { return value <= 0.0F; });
+        int covered = 0;
+        for (const float value : coverage)
+            covered += value > 0.0F ? 1 : 0;
+        return covered == 0;
     }
 
     void sumUp(const NM_Surface::Row& row, int y, std::size_t from, std::size_t count, Run& run) const
@@ -129,26 +152,38 @@ private:
         }
     }
 
-    template<typename PixelOf>
-    static void encode(const NM_Surface::Row& row, std::size_t from, std::size_t count, const Run& run,
-                       ScreenPixel* target, const PixelOf& pixelOf)
+    // The bytes of a channel. Written so that compilers clamp many at once; NaN becomes 0.
+    static void encodeChannel(const float* colour, const Plane& light, const Plane& highlight, std::size_t count,
+                              ByteRun& bytes)
     {
-        const Bytes& bytes = encodedBytes();
+        const Bytes& encoded = encodedBytes();
+        Plane held;
+        std::array<std::int32_t, kRun> steps;
+        for (std::size_t i = 0; i < count; ++i) {
+            const float amount = colour[i] * light[i] + highlight[i];
+            held[i] = amount > 0.0F ? amount : 0.0F;
+        }
+        for (std::size_t i = 0; i < count; ++i)
+            held[i] = held[i] < 1.0F ? held[i] : 1.0F;
+        for (std::size_t i = 0; i < count; ++i)
+            steps[i] = static_cast<std::int32_t>(held[i] * kSteps + 0.5F);
+        for (std::size_t i = 0; i < count; ++i)
+            bytes[i] = encoded[static_cast<std::size_t>(steps[i])];
+    }
+
+    template<typename Pixels>
+    static void encode(const NM_Surface::Row& row, std::size_t from, std::size_t count, const Run& run,
+                       ScreenPixel* target)
+    {
         const std::array<const float*, 3> colours = {row.red.data() + from, row.green.data() + from,
                                                      row.blue.data() + from};
         const float* const coverage = row.coverage.data() + from;
-        std::array<std::array<std::int32_t, kRun>, 3> steps;
+        ByteRuns bytes;
         for (std::size_t c = 0; c < 3; ++c)
-            for (std::size_t i = 0; i < count; ++i) {
-                const float amount = colours[c][i] * run.light[c][i] + run.highlight[c][i];
-                // In this order, NaN becomes 0.
-                const float held = std::max(0.0F, std::min(amount, 1.0F));
-                steps[c][i] = static_cast<std::int32_t>(held * kSteps + 0.5F);
-            }
-        const auto byteOf = [&](std::size_t c, std::size_t i) { return bytes[static_cast<std::size_t>(steps[c][i])]; };
+            encodeChannel(colours[c], run.light[c], run.highlight[c], count, bytes[c]);
         for (std::size_t i = 0; i < count; ++i)
-            target[i] = pixelOf(byteOf(0, i), byteOf(1, i), byteOf(2, i),
-                                static_cast<std::uint8_t>(coverage[i] * 255.0F + 0.5F));
+            bytes[3][i] = static_cast<std::uint8_t>(static_cast<std::int32_t>(coverage[i] * 255.0F + 0.5F));
+        Pixels::store(bytes, count, target);
     }
 
     const NM_LightingSettings& _settings;
@@ -156,16 +191,15 @@ private:
     std::vector<float> _power; // multiplied by the strength of highlights
 };
 
-template<typename PixelOf>
-void lightRows(const NM_Surface& surface, const NM_LightingSettings& settings, std::span<std::uint8_t> bytes,
-               const PixelOf& pixelOf)
+template<typename Pixels>
+void lightRows(const NM_Surface& surface, const NM_LightingSettings& settings, std::span<std::uint8_t> bytes)
 {
     const FastShader shader(settings, surface);
     const auto width = static_cast<std::size_t>(surface.width());
     auto* const pixels = reinterpret_cast<ScreenPixel*>(bytes.data());
     VL_parallelFor(tbb::blocked_range<int>(0, surface.height(), 16), [&](const tbb::blocked_range<int>& range) {
         for (int y = range.begin(); y < range.end(); ++y)
-            shader.shade(surface.row(y), y, pixels + width * static_cast<std::size_t>(y), pixelOf);
+            shader.shade<Pixels>(surface.row(y), y, pixels + width * static_cast<std::size_t>(y));
     });
 }
 
@@ -177,7 +211,7 @@ void NM_light(const NM_Surface& surface, const NM_LightingSettings& settings, NM
     assert(bytes.size() ==
            std::size_t{4} * static_cast<std::size_t>(surface.width()) * static_cast<std::size_t>(surface.height()));
     if (pixels == NM_ScreenPixels::RGBA)
-        lightRows(surface, settings, bytes, straight);
+        lightRows<Straight>(surface, settings, bytes);
     else
-        lightRows(surface, settings, bytes, premultiplied);
+        lightRows<Premultiplied>(surface, settings, bytes);
 }

@@ -8,6 +8,9 @@
 
 #include <tbb/global_control.h>
 
+#include <cmath>
+#include <cstring>
+
 namespace {
 
 using U16 = std::uint16_t;
@@ -156,6 +159,32 @@ TEST(Lighting, BytesAreWithinAStepOfThePicturesSamples)
     const auto samples = allSamples<U16>(*picture);
     for (std::size_t i = 0; i < bytes.size(); ++i)
         ASSERT_NEAR(bytes[i], samples[i] / 257.0, 1.0) << i;
+}
+
+// Coverage from none to full, with a gap that is longer than the runs that are skipped as a whole.
+TEST(Lighting, PremultipliedBytesAreTheStraightOnesTimesTheCoverage)
+{
+    constexpr int kWidth = 500;
+    const auto coverageAt = [](int x) { return x < 256 ? x * 257 : 0; };
+    IIO_Picture drawing = uniformDrawing(kWidth, 1, {60000, 30000, 500, 0});
+    for (int x = 0; x < kWidth; ++x)
+        drawing.row<U16>(0)[static_cast<std::size_t>(x) * 4 + 3] = static_cast<U16>(coverageAt(x));
+    NM_Surface surface = std::move(NM_Surface::create({kWidth, 1}).value());
+    ASSERT_TRUE(surface.setDrawing(drawing).ok());
+    std::vector<std::uint8_t> straight(std::size_t{4} * kWidth);
+    std::vector<std::uint8_t> screen(straight.size());
+    NM_light(surface, {}, NM_ScreenPixels::RGBA, straight);
+    NM_light(surface, {}, NM_ScreenPixels::PREMULTIPLIED_ARGB, screen);
+    for (int x = 0; x < kWidth; ++x) {
+        const auto at = static_cast<std::size_t>(x) * 4;
+        const int alpha = coverageAt(x) / 257;
+        const auto times = [&](std::size_t channel) {
+            return static_cast<std::uint32_t>(std::lround(straight[at + channel] * alpha / 255.0));
+        };
+        std::uint32_t word = 0;
+        std::memcpy(&word, &screen[at], sizeof(word));
+        ASSERT_EQ(word, static_cast<std::uint32_t>(alpha) << 24 | times(0) << 16 | times(1) << 8 | times(2)) << x;
+    }
 }
 
 TEST(Lighting, DoesNotDependOnThreads)
