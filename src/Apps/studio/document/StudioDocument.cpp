@@ -59,6 +59,8 @@ void StudioDocument::replaceScene(std::unique_ptr<MO_Scene> scene, const QString
     endListening();
     const std::unique_ptr<MO_Scene> old = std::exchange(_scene, std::move(scene));
     _commands.clear();
+    _lightsChanged = false;
+    _othersChanged = false;
     listen();
     _folder = folder;
     _nameOfDrawings.clear();
@@ -152,13 +154,19 @@ void StudioDocument::told(XUTeller& teller)
 {
     if (&teller == &_commands) {
         dropLostSelection();
+        const bool others = std::exchange(_othersChanged, false);
+        const bool onlyLights = std::exchange(_lightsChanged, false) && !others;
+        if (!onlyLights)
+            Q_EMIT edited();
         Q_EMIT stateChanged();
         return;
     }
     if (&teller == &_scene->lighting()) {
+        _lightsChanged = true;
         Q_EMIT lightsChanged();
         return;
     }
+    _othersChanged = true;
     if (std::exchange(_changePending, true))
         return;
     QMetaObject::invokeMethod(

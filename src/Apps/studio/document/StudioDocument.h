@@ -84,6 +84,8 @@ Q_SIGNALS:
     void lightsChanged();
     /// The scene is written next. Whoever keeps something for it writes that into the scene now.
     void aboutToSave();
+    /// A command was executed, undone or redone; emitted at once, except for commands that changed lights alone.
+    void edited();
     /// What undo and redo would do, the title or whether there is anything to save may have changed.
     void stateChanged();
     void currentFrameChanged(int frame);
@@ -106,4 +108,7 @@ private:
     int _frame = 1;
     QList<MO_Module*> _selection;
     bool _changePending = false;
+    // What changed since the history reported last.
+    bool _lightsChanged = false;
+    bool _othersChanged = false;
 };

@@ -8,7 +8,7 @@
 
 DocumentObjects::DocumentObjects(StudioDocument& document, QObject* parent) : QObject(parent), _document(document)
 {
-    connect(&document, &StudioDocument::stateChanged, this, &DocumentObjects::forget);
+    connect(&document, &StudioDocument::edited, this, &DocumentObjects::forget);
     connect(&document, &StudioDocument::sceneChanged, this, &DocumentObjects::forget);
     connect(&document, &StudioDocument::sceneReplaced, this, &DocumentObjects::forget);
     connect(&document, &StudioDocument::selectionChanged, this, &DocumentObjects::forget);

@@ -50,7 +50,7 @@ NodeView::NodeView(StudioDocument& document, QWidget* parent)
 
     connect(&_document, &StudioDocument::sceneReplaced, this, &NodeView::forgetScene);
     connect(&_document, &StudioDocument::sceneChanged, this, &NodeView::refresh);
-    connect(&_document, &StudioDocument::stateChanged, this, &NodeView::refresh);
+    connect(&_document, &StudioDocument::edited, this, &NodeView::refresh);
     connect(&_document, &StudioDocument::selectionChanged, this, &NodeView::followSelection);
     connect(scene(), &QGraphicsScene::selectionChanged, this, &NodeView::takeSelection);
     rebuild();

@@ -17,7 +17,7 @@ ColourDepthModel::ColourDepthModel(StudioDocument& document, QObject* parent)
 {
     connect(&document, &StudioDocument::sceneReplaced, this, &ColourDepthModel::reread);
     connect(&document, &StudioDocument::sceneChanged, this, &ColourDepthModel::reread);
-    connect(&document, &StudioDocument::stateChanged, this, &ColourDepthModel::reread);
+    connect(&document, &StudioDocument::edited, this, &ColourDepthModel::reread);
     connect(&document, &StudioDocument::selectionChanged, this, &ColourDepthModel::reread);
     reread();
 }

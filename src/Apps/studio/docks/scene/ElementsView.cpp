@@ -116,7 +116,7 @@ ElementsView::ElementsView(StudioDocument& document, QWidget* parent)
     connect(_nothing, &QPushButton::clicked, this, &ElementsView::exposeNothing);
     connect(&_document, &StudioDocument::sceneReplaced, this, &ElementsView::rebuild);
     connect(&_document, &StudioDocument::sceneChanged, this, &ElementsView::refresh);
-    connect(&_document, &StudioDocument::stateChanged, this, &ElementsView::refresh);
+    connect(&_document, &StudioDocument::edited, this, &ElementsView::refresh);
     connect(&_document, &StudioDocument::selectionChanged, this, &ElementsView::showSelection);
     connect(&_document, &StudioDocument::currentFrameChanged, this, &ElementsView::showFrame);
     rebuild();

@@ -88,6 +88,16 @@ bool LightPanel::eventFilter(QObject* watched, QEvent* event)
     return true;
 }
 
+void LightPanel::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange || !_ambientKey)
+        return;
+    // Their frames have a colour of the palette.
+    _colour->setIcon(swatch(currentLight().colour, palette()));
+    _ambientColour->setIcon(swatch(ambientColour(_lights.common()), palette()));
+}
+
 StudioLight LightPanel::currentLight() const
 {
     return _lights.lights().at(static_cast<std::size_t>(_lights.current()));
@@ -178,15 +188,21 @@ void LightPanel::refill()
         number.row->show(light.*number.member, _lights.hasKey(number.which));
     _x->show(light.place.x(), _lights.hasKey(MO_Light::X));
     _y->show(light.place.y(), _lights.hasKey(MO_Light::Y));
-    _colour->setIcon(swatch(light.colour, palette()));
-    _colour->setText(light.colour.name());
+    showColour(*_colour, light.colour);
     _colourKey->setKeyed(_lights.hasKey(MO_Light::RED));
 
     const MO_LightingValues& common = _lights.common();
     for (const ShownCommonNumber& number : _commonNumbers)
         number.row->show(common.*number.member, _lights.hasKey(number.which));
-    const QColor ambient = ambientColour(common);
-    _ambientColour->setIcon(swatch(ambient, palette()));
-    _ambientColour->setText(ambient.name());
+    showColour(*_ambientColour, ambientColour(common));
     _ambientKey->setKeyed(_lights.hasKey(MO_Lighting::AMBIENT_RED));
+}
+
+// A new icon paints the button again, which is not wanted for every step of a light that is dragged.
+void LightPanel::showColour(QPushButton& button, const QColor& colour) const
+{
+    if (button.text() == colour.name())
+        return;
+    button.setIcon(swatch(colour, palette()));
+    button.setText(colour.name());
 }

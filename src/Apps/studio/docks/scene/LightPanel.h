@@ -30,6 +30,7 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     QWidget* listRow();
@@ -55,6 +56,7 @@ private:
     void chooseAmbientColour();
     void chooseColour(const QString& title, const QColor& before, const std::function<void(const QColor&)>& set);
     void refill();
+    void showColour(QPushButton& button, const QColor& colour) const;
 
     struct ShownLightNumber
     {

@@ -124,7 +124,7 @@ PaletteView::PaletteView(StudioDocument& document, QWidget* parent)
     connect(_pick, &QPushButton::clicked, this, &PaletteView::pickColor);
     connect(&_document, &StudioDocument::sceneReplaced, this, &PaletteView::rebuild);
     connect(&_document, &StudioDocument::sceneChanged, this, &PaletteView::refresh);
-    connect(&_document, &StudioDocument::stateChanged, this, &PaletteView::refresh);
+    connect(&_document, &StudioDocument::edited, this, &PaletteView::refresh);
     rebuild();
 }
 

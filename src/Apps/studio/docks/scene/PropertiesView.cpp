@@ -92,7 +92,7 @@ PropertiesView::PropertiesView(StudioDocument& document, QWidget* parent)
     connect(&_document, &StudioDocument::selectionChanged, this, &PropertiesView::follow);
     connect(&_document, &StudioDocument::sceneReplaced, this, &PropertiesView::follow);
     connect(&_document, &StudioDocument::sceneChanged, this, &PropertiesView::synchronize);
-    connect(&_document, &StudioDocument::stateChanged, this, &PropertiesView::synchronize);
+    connect(&_document, &StudioDocument::edited, this, &PropertiesView::synchronize);
     follow();
 }
 

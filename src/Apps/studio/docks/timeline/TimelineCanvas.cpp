@@ -30,7 +30,7 @@ TimelineCanvas::TimelineCanvas(StudioDocument& document, QWidget* parent)
     viewport()->setMouseTracking(true);
     connect(&_document, &StudioDocument::sceneReplaced, this, &TimelineCanvas::follow);
     connect(&_document, &StudioDocument::sceneChanged, this, &TimelineCanvas::refresh);
-    connect(&_document, &StudioDocument::stateChanged, this, &TimelineCanvas::refresh);
+    connect(&_document, &StudioDocument::edited, this, &TimelineCanvas::refresh);
     connect(&_document, &StudioDocument::lightsChanged, this, &TimelineCanvas::refresh);
     connect(&_document, &StudioDocument::selectionChanged, this, &TimelineCanvas::follow);
     connect(&_document, &StudioDocument::currentFrameChanged, this, &TimelineCanvas::showFrame);

@@ -51,7 +51,7 @@ TimelineView::TimelineView(StudioDocument& document, QWidget* parent)
     connect(_playback, &Playback::loopChanged, this, [this] { _canvas->showLoop(_playback->loop()); });
     connect(&_document, &StudioDocument::sceneReplaced, this, &TimelineView::synchronize);
     connect(&_document, &StudioDocument::sceneChanged, this, &TimelineView::synchronize);
-    connect(&_document, &StudioDocument::stateChanged, this, &TimelineView::synchronize);
+    connect(&_document, &StudioDocument::edited, this, &TimelineView::synchronize);
     connect(&_document, &StudioDocument::currentFrameChanged, this, &TimelineView::synchronize);
     synchronize();
     showIcons();
