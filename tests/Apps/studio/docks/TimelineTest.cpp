@@ -5,8 +5,11 @@
 
 #include "QuarvelSceneCore/editing/MO_SceneCommands.h"
 #include "studio/docks/timeline/Playback.h"
+#include "studio/docks/timeline/ShortNames.h"
 
 #include <QDoubleSpinBox>
+#include <QFont>
+#include <QFontMetricsF>
 #include <QLineEdit>
 #include <QLocale>
 #include <QSpinBox>
@@ -62,6 +65,33 @@ protected:
         docks::settle();
     }
 };
+
+// The widest text is "Elevation Smoothness Multiplier"; both have the same beginning and the same end.
+TEST(ShortNames, NamesThatDifferInTheMiddleStayDifferent)
+{
+    const QFontMetricsF metrics{QFont()};
+    const QString a = QStringLiteral("Elevation Multiplier");
+    const QString b = QStringLiteral("Elevation Smoothness Multiplier");
+    const double least = metrics.horizontalAdvance(QStringLiteral("Elevation Smm\u2026"));
+    for (double width = least; width < metrics.horizontalAdvance(b) + 2.0; width += 1.0) {
+        const std::vector<QString> names = shortNames({{a, width}, {b, width}}, metrics);
+        ASSERT_NE(names[0], names[1]) << width;
+        ASSERT_LE(metrics.horizontalAdvance(names[0]), width);
+        ASSERT_LE(metrics.horizontalAdvance(names[1]), width);
+    }
+}
+
+TEST(ShortNames, WhatFitsIsWholeAndEqualNamesAreShortenedAlike)
+{
+    const QFontMetricsF metrics{QFont()};
+    const QString hero = QStringLiteral("Hero");
+    const QString longName = QStringLiteral("A drawing with a long name");
+    const double width = metrics.horizontalAdvance(longName) / 2.0;
+    const std::vector<QString> names = shortNames({{hero, width}, {longName, width}, {longName, width}}, metrics);
+    EXPECT_EQ(names[0], hero);
+    EXPECT_EQ(names[1], metrics.elidedText(longName, Qt::ElideMiddle, width));
+    EXPECT_EQ(names[2], names[1]);
+}
 
 TEST_F(TimelineTest, TheRulerLeadsToAFrameAndADragThroughFrames)
 {

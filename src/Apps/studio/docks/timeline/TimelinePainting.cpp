@@ -5,6 +5,7 @@
 
 #include "QuarvelSceneCore/attributes/AT_DrawingAttr.h"
 #include "studio/docks/graph/NodeColors.h"
+#include "studio/docks/timeline/ShortNames.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -210,6 +211,14 @@ void TimelineCanvas::paintNames(QPainter& painter) const
     QFont font = this->font();
     font.setPixelSize(12);
     painter.setFont(font);
+    const auto roomOf = [this](int row) {
+        const double indent = _rows[static_cast<std::size_t>(row)].element ? 8 : 18;
+        return QRectF(0, rowTop(row), nameWidth(), kRowHeight).adjusted(indent, 0, -6, 0);
+    };
+    std::vector<RoomForName> full;
+    for (int row = 0; row < static_cast<int>(_rows.size()); ++row)
+        full.push_back({_rows[static_cast<std::size_t>(row)].label, roomOf(row).width()});
+    const std::vector<QString> names = shortNames(full, QFontMetricsF(font));
     for (int row = 0; row < static_cast<int>(_rows.size()); ++row) {
         const TimelineRow& shown = _rows[static_cast<std::size_t>(row)];
         const QRectF place(0, rowTop(row), nameWidth(), kRowHeight);
@@ -217,11 +226,9 @@ void TimelineCanvas::paintNames(QPainter& painter) const
         const bool isSelected = shown.element && _document.selection().contains(shown.module);
         const double share = !isCurrent ? (isSelected ? 0.2 : 0.0) : hasFocus() ? 0.45 : 0.2;
         painter.fillRect(place, blended(window, palette().color(QPalette::Highlight), share));
-        const double indent = shown.element ? 8 : 18;
-        const QRectF room = place.adjusted(indent, 0, -6, 0);
         painter.setPen(shown.element || isCurrent ? text : blended(window, text, 0.75));
-        painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                         QFontMetricsF(font).elidedText(shown.label, Qt::ElideMiddle, room.width()));
+        painter.drawText(roomOf(row), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                         names[static_cast<std::size_t>(row)]);
     }
     painter.restore();
     painter.setPen(QPen(blended(window, text, 0.25), 1));
