@@ -19,6 +19,9 @@
 
 namespace {
 
+// How long after a movement of the mouse is looked again, in milliseconds.
+constexpr int kAfterMouse = 1000;
+
 QString lockOf(const QString& folder)
 {
     return folder + QStringLiteral("/lock");
@@ -101,6 +104,8 @@ Autosave::Autosave(StudioDocument& document, const QString& folder, QObject* par
     connect(&document, &StudioDocument::sceneReplaced, this, [this] { _stale = true; });
     connect(&document, &StudioDocument::stateChanged, this, &Autosave::documentChanged);
     connect(&_timer, &QTimer::timeout, this, &Autosave::tick);
+    _timer.setObjectName(QStringLiteral("autosaveTimer"));
+    _timer.setParent(this);
     _timer.start(kIntervalSeconds * 1000);
 }
 
@@ -238,8 +243,10 @@ void Autosave::stopKeeping()
 
 void Autosave::tick()
 {
-    // Not in the middle of a movement of the mouse.
-    if (QGuiApplication::mouseButtons() == Qt::NoButton)
+    // Not in the middle of a movement of the mouse, but soon after it.
+    const bool isMoving = QGuiApplication::mouseButtons() != Qt::NoButton;
+    _timer.start(isMoving ? kAfterMouse : kIntervalSeconds * 1000);
+    if (!isMoving)
         keepSoon();
 }
 

@@ -7,6 +7,7 @@
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
 
 #include <QDir>
+#include <QTimer>
 
 namespace {
 
@@ -160,6 +161,26 @@ TEST_F(RecoveryTest, TheMinutesCopyIsTheSceneAsItWasWhateverChangesMeanwhile)
     EXPECT_EQ(keptScene(), after) << "what changed meanwhile is kept a minute later";
     window->autosave().keepSoon();
     EXPECT_FALSE(window->autosave().isKeeping()) << "nothing changed since";
+}
+
+TEST_F(RecoveryTest, AMinuteThatEndsDuringAMovementIsMadeUpForSoonAfterIt)
+{
+    openDisc();
+    change();
+    auto* const minute = window->autosave().findChild<QTimer*>(QStringLiteral("autosaveTimer"));
+    ASSERT_NE(minute, nullptr);
+    const QPoint place(1, window->height() - 2);
+    QTest::mousePress(window->windowHandle(), Qt::LeftButton, Qt::NoModifier, place);
+    minute->start(0);
+    ASSERT_TRUE(studio_testing::waitUntil([&] { return minute->interval() > 0; }));
+    EXPECT_LE(minute->interval(), 5000);
+    EXPECT_FALSE(window->autosave().isKeeping());
+    EXPECT_TRUE(QDir(recovery.path()).isEmpty());
+    QTest::mouseRelease(window->windowHandle(), Qt::LeftButton, Qt::NoModifier, place);
+    const auto isAMinute = [&] { return minute->interval() == Autosave::kIntervalSeconds * 1000; };
+    ASSERT_TRUE(studio_testing::waitUntil(isAMinute));
+    ASSERT_TRUE(studio_testing::waitUntil([&] { return !window->autosave().isKeeping(); }));
+    EXPECT_EQ(keptScene(), xmlOf(document().scene()));
 }
 
 TEST_F(RecoveryTest, ACopyOnItsWayIsGivenUpWithTheWorkThatItHolds)
