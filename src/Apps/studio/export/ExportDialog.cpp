@@ -367,8 +367,12 @@ void ExportDialog::setRunning(bool running)
 void ExportDialog::ended()
 {
     _message->setText(_job->report());
+    const bool isDone = !_job->isIncomplete();
     _job.release()->deleteLater();
     setRunning(false);
+    // Another Enter does not write again what was just written, but from a field it does.
+    QPushButton* const next = isDone ? _buttons->button(QDialogButtonBox::Close) : _start;
+    next->setFocus();
 }
 
 void ExportDialog::done(int result)

@@ -5,7 +5,9 @@
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
 
+#include <QMessageBox>
 #include <QStatusBar>
+#include <QTimer>
 
 namespace {
 
@@ -38,6 +40,30 @@ TEST_F(WindowExportTest, WritesTheMapBesideTheDrawingWithTwoKeys)
 {
     openDisc();
     exportByKeys();
+    EXPECT_TRUE(QFileInfo::exists(folder.filePath(QStringLiteral("disc_n.png"))));
+}
+
+TEST_F(WindowExportTest, AnotherEnterClosesTheDialogAndAsksNothing)
+{
+    openDisc();
+    int enters = 0;
+    QTimer keys;
+    QObject::connect(&keys, &QTimer::timeout, &keys, [&enters] {
+        QWidget* const open = QApplication::activeModalWidget();
+        if (qobject_cast<QMessageBox*>(open)) {
+            ADD_FAILURE() << "asked";
+            open->close();
+            return;
+        }
+        auto* const exporting = qobject_cast<ExportDialog*>(open);
+        if (!exporting || exporting->isRunning() || !QTest::qWaitForWindowActive(exporting))
+            return;
+        ++enters;
+        QTest::keyClick(exporting->windowHandle(), Qt::Key_Return);
+    });
+    keys.start(10);
+    actionNamed(QStringLiteral("Export Frames..."))->trigger();
+    EXPECT_EQ(enters, 2);
     EXPECT_TRUE(QFileInfo::exists(folder.filePath(QStringLiteral("disc_n.png"))));
 }
 
