@@ -12,6 +12,7 @@
 #include "studio/window/MessageBar.h"
 #include "studio/window/PixelReadOut.h"
 #include "studio/window/PlainTexts.h"
+#include "studio/window/RoomForPicture.h"
 #include "studio/window/StartPage.h"
 #include "studio/window/StudioDocks.h"
 #include "studio/window/TimelinePlace.h"
@@ -66,6 +67,8 @@ MainWindow::MainWindow(const QString& recoveryFolder, QWidget* parent)
     makeActions();
     makeDocks();
     makeObjectsDock();
+    new RoomForPicture(*this, {findChild<QDockWidget*>(QStringLiteral("ObjectsDock")),
+                               findChild<QDockWidget*>(QStringLiteral("lightsDock"))});
     makeColourPicker();
     makeMenus();
     makeToolBar();
@@ -162,7 +165,7 @@ void MainWindow::shareOutRoom()
 {
     // Wide enough for the properties' tables, and never so wide that the picture is the smaller part.
     constexpr int kWidth = 568;
-    const int width = std::min(kWidth, this->width() * 42 / 100);
+    const int width = std::min(kWidth, RoomForPicture::widthOfPanels(this->width()));
     auto* const objects = findChild<QDockWidget*>(QStringLiteral("ObjectsDock"));
     auto* const lights = findChild<QDockWidget*>(QStringLiteral("lightsDock"));
     resizeDocks({objects, lights}, {width, width}, Qt::Horizontal);

@@ -52,6 +52,31 @@ protected:
     }
 };
 
+TEST_F(LayoutTest, ANarrowerWindowTakesRoomFromThePanelsToo)
+{
+    drop({MainWindow::examplePath()});
+    ASSERT_TRUE(waitForPicture());
+    window->resize(1600, 900);
+    QCoreApplication::processEvents();
+    resetLayout();
+    const int panels = dock("ObjectsDock").width();
+    window->resize(1024, 768);
+    QTest::qWait(0);
+    QCoreApplication::processEvents();
+    EXPECT_LT(dock("ObjectsDock").width(), panels);
+    EXPECT_EQ(dock("lightsDock").width(), dock("ObjectsDock").width());
+    const int picture = viewer().width();
+    resetLayout();
+    EXPECT_EQ(viewer().width(), picture) << "the first arrangement leaves more room";
+    // Panels that people make wide stay so while the window keeps its width.
+    window->resizeDocks({&dock("ObjectsDock")}, {620}, Qt::Horizontal);
+    QCoreApplication::processEvents();
+    const int wide = dock("ObjectsDock").width();
+    window->resize(1024, 700);
+    QTest::qWait(0);
+    EXPECT_EQ(dock("ObjectsDock").width(), wide);
+}
+
 TEST_F(LayoutTest, FitsAScreenOf1024By768)
 {
     drop({MainWindow::examplePath()});
