@@ -2136,6 +2136,10 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
         <source>Small sprites pixel by pixel, all others smooth</source>
         <translation>Kleine Sprites Pixel für Pixel, alle anderen glatt</translation>
     </message>
+    <message>
+        <source>Nodes are duplicated in the graph: click one there first</source>
+        <translation>Knoten werden im Graphen dupliziert: zuerst dort einen anklicken</translation>
+    </message>
 </context>
 <context>
     <name>MessageBar</name>

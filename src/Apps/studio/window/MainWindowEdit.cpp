@@ -4,14 +4,18 @@
 #include "studio/window/MainWindow.h"
 
 #include "QuarvelSceneCore/editing/MO_ModuleCommands.h"
+#include "studio/docks/graph/NodePanel.h"
 #include "studio/window/HelpDialog.h"
 #include "studio/window/Icons.h"
 #include "studio/window/MessageBar.h"
 
 #include <QCoreApplication>
 #include <QMessageBox>
+#include <QStatusBar>
 
 namespace {
+
+constexpr int kRemark = 5000; // milliseconds
 
 std::vector<MO_Module*> modulesOf(const QList<MO_Module*>& selection)
 {
@@ -25,8 +29,12 @@ void MainWindow::deleteSelected()
     _document.execute(MO_removeModulesCmd(modulesOf(_document.selection())));
 }
 
+// Copies of nodes are not linked to anything, so they are of use in the graph only: in the picture a copy of an object
+// would never be seen.
 void MainWindow::duplicateSelected()
 {
+    if (!findChild<NodePanel*>()->isAncestorOf(focusWidget()))
+        return statusBar()->showMessage(tr("Nodes are duplicated in the graph: click one there first"), kRemark);
     std::vector<MO_Module*> copies;
     UT_Result<MO_EditCommand> command = MO_duplicateModulesCmd(modulesOf(_document.selection()), &copies);
     if (!command)

@@ -40,6 +40,13 @@ QString withSuffix(const QString& folder)
     return QFileInfo(folder).suffix() == QLatin1String("scene") ? folder : folder + QStringLiteral(".scene");
 }
 
+// Beside the drawing, if that is a place for files of this person; else where scenes were saved last.
+QString folderForFirstSave(const std::vector<QStringList>& sources)
+{
+    const QString beside = sources.empty() ? QString() : QFileInfo(sources.front().first()).absolutePath();
+    return !beside.isEmpty() && QFileInfo(beside).isWritable() ? beside : dialogFolder(FileDialogKind::SCENES);
+}
+
 } // namespace
 
 QString MainWindow::examplePath()
@@ -193,7 +200,7 @@ bool MainWindow::saveAs()
 {
     const QString name = _document.title() + QStringLiteral(".scene");
     const QString proposed =
-        _document.folder().isEmpty() ? QDir(dialogFolder(FileDialogKind::SCENES)).filePath(name) : _document.folder();
+        _document.folder().isEmpty() ? QDir(folderForFirstSave(_sources.all())).filePath(name) : _document.folder();
     const QString folder = QFileDialog::getSaveFileName(this, tr("Save the Scene"), proposed, tr("Scenes (*.scene)"),
                                                         nullptr, QFileDialog::DontConfirmOverwrite);
     if (folder.isEmpty())

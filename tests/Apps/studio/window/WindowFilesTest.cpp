@@ -12,10 +12,13 @@
 #include <QAction>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QSignalSpy>
 #include <QSpinBox>
+#include <QStatusBar>
 #include <QToolButton>
 
 #include <algorithm>
@@ -209,6 +212,43 @@ TEST_F(WindowFilesTest, ADialogKeepsTheSceneThatItShows)
     EXPECT_TRUE(wasOpen);
     ASSERT_TRUE(waitForPicture());
     EXPECT_EQ(document().scene().lastFrame(), 50);
+}
+
+TEST_F(WindowFilesTest, TheFirstSaveProposesTheFolderAndTheNameOfTheDrawing)
+{
+    openDisc();
+    QString proposed;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&proposed] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        proposed = dialog->directory().filePath(dialog->findChild<QLineEdit*>()->text());
+        dialog->reject();
+    });
+    timer.start(10);
+    EXPECT_FALSE(window->save());
+    EXPECT_EQ(QFileInfo(proposed).absolutePath(), folder.path());
+    EXPECT_EQ(QFileInfo(proposed).fileName(), QStringLiteral("disc.scene"));
+}
+
+// A copy that is linked to nothing would not be seen in the picture.
+TEST_F(WindowFilesTest, ControlDCopiesNodesInTheGraphAndNothingInThePicture)
+{
+    openDisc();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    const std::size_t modules = document().scene().root().modules().size();
+    QTest::mouseClick(&viewer(), Qt::LeftButton, Qt::NoModifier,
+                      viewer().transform().toView(QPointF(200, 100)).toPoint());
+    ASSERT_FALSE(document().selection().isEmpty());
+    QTest::keyClick(&viewer(), Qt::Key_D, Qt::ControlModifier);
+    EXPECT_EQ(document().scene().root().modules().size(), modules);
+    EXPECT_FALSE(window->statusBar()->currentMessage().isEmpty());
+    NodeView& nodes = window->findChild<NodePanel*>()->view();
+    nodes.setFocus();
+    QTest::keyClick(&nodes, Qt::Key_D, Qt::ControlModifier);
+    EXPECT_GT(document().scene().root().modules().size(), modules);
 }
 
 TEST_F(WindowFilesTest, AMenuKeepsTheSceneThatItIsAbout)
