@@ -8,10 +8,14 @@
 #include <QFileIconProvider>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QHeaderView>
 #include <QIcon>
+#include <QTreeView>
 #include <QWidget>
 
 namespace {
+
+constexpr int kDateColumn = 3;
 
 class SceneIcons : public QFileIconProvider
 {
@@ -55,6 +59,9 @@ SceneDialog::SceneDialog(const QString& folder, QWidget* parent) : QFileDialog(p
     for (const char* const name : {"fileTypeLabel", "fileTypeCombo"})
         if (auto* const part = findChild<QWidget*>(QLatin1String(name)))
             part->hide();
+    // The column of dates is as wide as a date in full.
+    if (auto* const list = findChild<QTreeView*>(QStringLiteral("treeView")))
+        list->header()->setSectionResizeMode(kDateColumn, QHeaderView::ResizeToContents);
     resize(760, 480);
     connect(this, &QFileDialog::directoryEntered, this, &SceneDialog::entered);
 }

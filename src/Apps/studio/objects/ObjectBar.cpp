@@ -147,6 +147,11 @@ QToolButton* ObjectBar::makeMoreButton()
         menu->clear();
         _actions.fillMenu(*menu);
     });
+    // Where the bar stepped aside meanwhile, nobody tells the button that the mouse is elsewhere.
+    connect(menu, &QMenu::aboutToHide, more, [more] {
+        more->setAttribute(Qt::WA_UnderMouse, false);
+        more->update();
+    });
     more->setMenu(menu);
     return more;
 }

@@ -209,6 +209,9 @@ void takeAll(Shooting& shooting)
         raiseDock(window, QLatin1String(name) + QStringLiteral("Dock"));
         shooting.take(window, QString::fromLatin1(name).toLower());
     }
+    raiseDock(window, QStringLiteral("TimelineDock"));
+    shooting.take(window, QStringLiteral("timeline"));
+    raiseDock(window, QStringLiteral("NodesDock"));
     raiseDock(window, QStringLiteral("lightsDock"));
     takeLights(shooting, window);
     takeObjects(shooting, window);
