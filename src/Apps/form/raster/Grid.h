@@ -31,11 +31,15 @@ struct Grid
     QRect bounds() const { return {0, 0, width, height}; }
     int longSide() const { return std::max(width, height); }
 
+    /// How many cells there are along a unit of the drawing, along x and y.
+    QPointF cellsPerUnit() const { return {width / frame.width(), height / frame.height()}; }
+
     /// From the drawing's units to cells.
     QTransform toCells() const
     {
         QTransform transform;
-        transform.scale(width / frame.width(), height / frame.height());
+        const QPointF cells = cellsPerUnit();
+        transform.scale(cells.x(), cells.y());
         transform.translate(-frame.left(), -frame.top());
         return transform;
     }

@@ -4,8 +4,8 @@
 // its own outline, so what belongs to shapes with a clip, their paths and the clips, is painted once and kept.
 #pragma once
 
+#include "QuarvelCelCore/CELVEC_PathCoverage.h"
 #include "form/raster/CellMask.h"
-#include "form/raster/PathCoverage.h"
 
 #include <QImage>
 
@@ -17,7 +17,7 @@
 class ShapePainter
 {
 public:
-    explicit ShapePainter(const Grid& grid) : _grid(grid), _paths(grid) {}
+    explicit ShapePainter(const Grid& grid) : _grid(grid), _paths(grid.frame.topLeft(), grid.cellsPerUnit()) {}
 
     const Grid& grid() const { return _grid; }
 
@@ -47,7 +47,7 @@ private:
     void paintPicture(const DIO_Shape& shape, const QPoint& origin, Coverage& coverage);
 
     Grid _grid;
-    PathCoverage _paths;
+    CELVEC_PathCoverage<float> _paths;
     QImage _canvas;                         // of the grid's size; only what is being painted is cleared
     std::multimap<std::size_t, Kept> _kept; // by what the path's elements hash to
     std::size_t _cellsKept = 0;

@@ -5,12 +5,15 @@
 // paint are painted in bands of rows, each on a small picture of its own that is converted to the target's format while
 // it is in the cache; what no shape may touch of a band is neither cleared nor converted. Bands are painted in
 // parallel; their borders do not depend on the number of threads. A sprite of the target's own resolution is no work
-// for a painter: its rows are converted, so that a large one takes no second picture of its size.
+// for a painter: its rows are converted, so that a large one takes no second picture of its size. Nor are outlines of
+// which thousands of lines cross the picture: Qt follows all lines anew for every few rows of them.
 #include "QuarvelCelCore/private/CELVEC_Rasteriser.h"
 
 #include "QuarvelBaseCore/UT_PixelMemory.h"
 #include "QuarvelCelCore/CELVEC_PainterThread.h"
 #include "QuarvelCelCore/CEL_WithFormat.h"
+#include "QuarvelCelCore/private/CELVEC_CrowdedPath.h"
+#include "QuarvelCelCore/private/CELVEC_PathCopy.h"
 #include "QuarvelCelCore/private/CELVEC_RowKernels.h"
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
 #include "QuarvelVectorLanes/VL_ParallelFor.h"
@@ -33,27 +36,9 @@ struct PaintedShape
     QTransform toPixel;
     VS_RGBA colour;
     QColor paint;        // the colour with the shape's opacity
+    bool isCrowded;      // as CELVEC_isCrowded says of its path
     QImage picture;      // null: the paint alone
     Math::Box2di pixels; // that it may touch
-};
-
-// The memory of one path after the other. Paths keep what was worked out from them (bounds, three kilobytes of the
-// painter's form) behind their const functions, unguarded; one drawing is painted for several frames at once, and a
-// large one has no room for what is needed once.
-class PathCopy
-{
-public:
-    // Valid until the next call.
-    const QPainterPath& of(const QPainterPath& path)
-    {
-        _copy.clear();
-        _copy.addPath(path);
-        _copy.setFillRule(path.fillRule());
-        return _copy;
-    }
-
-private:
-    QPainterPath _copy;
 };
 
 QColor toQColor(const VS_RGBA& paint, double opacity)
@@ -138,7 +123,7 @@ std::vector<PaintedShape> paintShapes(const CELVEC_Kvd& drawing, GR_GraphicOpsCo
                                       const QTransform& drawingToPixel)
 {
     std::vector<PaintedShape> painted;
-    PathCopy path;
+    CELVEC_PathCopy path;
     for (const GR_Art art : kGR_allArts) {
         if (!drawing.artSelector().isSelected(art))
             continue;
@@ -154,8 +139,9 @@ std::vector<PaintedShape> paintShapes(const CELVEC_Kvd& drawing, GR_GraphicOpsCo
             QTransform toPixel = drawingToPixel;
             if (colors.isAffectsMatrix())
                 colors.applyMatrixTransform(toPixel);
-            painted.push_back({&shape, toPixel, paint, toQColor(paint, shape.opacity), QImage(),
-                               pixelsTouchedBy(path.of(shape.path), toPixel)});
+            const QPainterPath& copy = path.of(shape.path);
+            painted.push_back({&shape, toPixel, paint, toQColor(paint, shape.opacity), CELVEC_isCrowded(copy, toPixel),
+                               QImage(), pixelsTouchedBy(copy, toPixel)});
         }
     }
     colors.closingColorTransform();
@@ -185,7 +171,7 @@ void paint(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect, QI
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    PathCopy copy;
+    CELVEC_PathCopy copy;
     for (const PaintedShape& painted : shapes) {
         if (painted.pixels.getIntersection(rect).isEmpty())
             continue;
@@ -196,10 +182,12 @@ void paint(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect, QI
         else
             painter.setClipping(false);
         const QPainterPath& path = copy.of(painted.shape->path);
-        if (painted.picture.isNull())
-            painter.fillPath(path, painted.paint);
-        else
+        if (!painted.picture.isNull())
             paintPicture(painter, painted, path.boundingRect());
+        else if (painted.isCrowded)
+            CELVEC_fillCrowded(painter, path, painted.paint);
+        else
+            painter.fillPath(path, painted.paint);
     }
 }
 
@@ -321,7 +309,7 @@ std::optional<Math::Box2di> placeOfPixels(const std::vector<PaintedShape>& shape
     const bool isUpright = toPixel.type() <= QTransform::TxScale && toPixel.m11() > 0.0 && toPixel.m22() > 0.0;
     if (!isUpright || shape.clip || shape.opacity < 1.0)
         return std::nullopt;
-    PathCopy path;
+    CELVEC_PathCopy path;
     const QRectF place = toPixel.mapRect(path.of(shape.path).boundingRect());
     const int left = toPixelCoordinate(std::round(place.left()));
     const int top = toPixelCoordinate(std::round(place.top()));

@@ -1,22 +1,29 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// PathCoverage: how much of each cell of a grid a path covers. The areas are exact for loops that do not cross each
-// other within a cell; curves are replaced by lines that lie within a twentieth of a cell. For the small pictures that
-// drawings are measured on this takes a fraction of the time of a painter, which is made for large ones.
+// CELVEC_PathCoverage: how much of each cell of a grid a path covers. The areas are exact for loops that do not cross
+// each other within a cell; curves are replaced by lines that lie within a twentieth of a cell. The time follows from
+// the cells that the outline passes. A painter's is a multiple of it for small pictures, since it is made for large
+// ones, and for outlines of which very many lines cross each row.
 #pragma once
 
-#include "form/raster/Grid.h"
+#include "QuarvelCelCore/QuarvelCelCoreExport.h"
 
 #include <QPainterPath>
+#include <QRect>
 
 #include <cstdint>
 #include <span>
 #include <vector>
 
-class PathCoverage
+/// @tparam Step what the areas are summed up in: float, or double where what a cell shows may not depend on the box
+/// that it is found in. Not for several threads.
+template<typename Step>
+class QUARVELCELCORE_EXPORT CELVEC_PathCoverage
 {
 public:
-    explicit PathCoverage(const Grid& grid);
+    /// @param origin       of the grid, in the path's units
+    /// @param cellsPerUnit of the path, along x and y
+    CELVEC_PathCoverage(const QPointF& origin, const QPointF& cellsPerUnit);
 
     /// Finds what a path covers, by its fill rule.
     ///
@@ -42,5 +49,8 @@ private:
     QRect _box;
     std::size_t _stride = 0;
     // What each cell adds to the area left of the loops, in units of a cell. The sums along a row are the areas.
-    std::vector<float> _steps;
+    std::vector<Step> _steps;
 };
+
+extern template class CELVEC_PathCoverage<float>;
+extern template class CELVEC_PathCoverage<double>;

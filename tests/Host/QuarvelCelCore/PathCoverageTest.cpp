@@ -1,5 +1,5 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
-#include "form/raster/PathCoverage.h"
+#include "QuarvelCelCore/CELVEC_PathCoverage.h"
 
 #include <gtest/gtest.h>
 
@@ -9,23 +9,24 @@ namespace {
 
 using Levels = std::vector<int>;
 
-// A grid of cells of the side 1.
-Grid unitCells(int width, int height)
-{
-    return {QRectF(0.0, 0.0, width, height), width, height};
-}
-
-Levels coverageOf(const QPainterPath& path, const Grid& grid, const QRect& box)
+template<typename Step>
+Levels coverageOf(const QPainterPath& path, const QRect& box, CELVEC_PathCoverage<Step> grid)
 {
     std::vector<std::uint8_t> covered(static_cast<std::size_t>(box.width() * box.height()));
-    PathCoverage(grid).find(path, box, covered);
+    grid.find(path, box, covered);
     return {covered.begin(), covered.end()};
+}
+
+// Of a grid of cells of the side 1 that begins at the origin.
+template<typename Step>
+CELVEC_PathCoverage<Step> unitCells()
+{
+    return {{0.0, 0.0}, {1.0, 1.0}};
 }
 
 Levels coverageOf(const QPainterPath& path, int width, int height)
 {
-    const Grid grid = unitCells(width, height);
-    return coverageOf(path, grid, grid.bounds());
+    return coverageOf(path, {0, 0, width, height}, unitCells<float>());
 }
 
 QPainterPath polygon(const QPolygonF& points, Qt::FillRule rule = Qt::WindingFill)
@@ -102,15 +103,17 @@ TEST(PathCoverage, FollowsTheFillRule)
 TEST(PathCoverage, IsTheSameInABoxOfTheGrid)
 {
     const QPainterPath path = polygon({{-3.0, 1.5}, {9.0, -2.0}, {20.0, 7.5}, {4.0, 12.0}});
-    const Grid grid = unitCells(12, 9);
-    const Levels all = coverageOf(path, grid, grid.bounds());
+    const QRect grid(0, 0, 12, 9);
     const QRect box(3, 2, 5, 4);
-    const Levels part = coverageOf(path, grid, box);
-    for (int y = 0; y < box.height(); ++y)
-        for (int x = 0; x < box.width(); ++x)
-            EXPECT_NEAR(part[static_cast<std::size_t>(y * box.width() + x)],
-                        all[static_cast<std::size_t>((y + box.top()) * 12 + x + box.left())], 1)
-                << x << ' ' << y;
+    const auto expectSame = [&](const Levels& all, const Levels& part, int tolerance) {
+        for (int y = 0; y < box.height(); ++y)
+            for (int x = 0; x < box.width(); ++x)
+                EXPECT_NEAR(part[static_cast<std::size_t>(y * box.width() + x)],
+                            all[static_cast<std::size_t>((y + box.top()) * 12 + x + box.left())], tolerance)
+                    << x << ' ' << y;
+    };
+    expectSame(coverageOf(path, grid, unitCells<float>()), coverageOf(path, box, unitCells<float>()), 1);
+    expectSame(coverageOf(path, grid, unitCells<double>()), coverageOf(path, box, unitCells<double>()), 0);
 }
 
 TEST(PathCoverage, AgreesWithCountedPoints)
@@ -129,7 +132,7 @@ TEST(PathCoverage, ScalesTheFrameToTheCells)
 {
     QPainterPath path;
     path.addRect(10.0, 20.0, 5.0, 2.0);
-    EXPECT_EQ(coverageOf(path, Grid{QRectF(10.0, 20.0, 10.0, 4.0), 4, 2}, QRect(0, 0, 4, 2)),
+    EXPECT_EQ(coverageOf(path, {0, 0, 4, 2}, CELVEC_PathCoverage<float>({10.0, 20.0}, {0.4, 0.5})),
               (Levels{255, 255, 0, 0, 0, 0, 0, 0}));
 }
 

@@ -3,7 +3,7 @@
 // Every line adds, row by row, the area between itself and the right end of the row, with the sign of its direction: to
 // the cells that it passes a part, to the next one the rest. The sum from the left is each cell's winding number,
 // averaged over the cell.
-#include "form/raster/PathCoverage.h"
+#include "QuarvelCelCore/CELVEC_PathCoverage.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,7 +13,8 @@ namespace {
 constexpr double kTolerance = 0.05; // cells
 constexpr int kMostLines = 128;     // that replace a curve
 // Levels of coverage: sums in single precision differ by less, so a cell that is half covered stays so when mirrored.
-constexpr float kRounding = 0.01F;
+template<typename Step>
+constexpr Step kRounding = static_cast<Step>(0.01F);
 
 // A path may have numbers that no cell can have.
 double limited(double value)
@@ -22,55 +23,60 @@ double limited(double value)
     return std::isnan(value) ? 0.0 : std::clamp(value, -kFarthest, kFarthest);
 }
 
-float insideByWinding(float winding)
+template<typename Step>
+Step insideByWinding(Step winding)
 {
-    return std::min(std::abs(winding), 1.0F);
+    return std::min(std::abs(winding), Step(1));
 }
 
-float insideByParity(float winding)
+template<typename Step>
+Step insideByParity(Step winding)
 {
-    const float turns = std::abs(winding) / 2.0F;
-    const float rest = 2.0F * (turns - std::floor(turns));
-    return rest > 1.0F ? 2.0F - rest : rest;
+    const Step turns = std::abs(winding) / 2;
+    const Step rest = 2 * (turns - std::floor(turns));
+    return rest > 1 ? 2 - rest : rest;
 }
 
-template<float inside(float)>
-void sumRow(std::span<const float> steps, std::span<std::uint8_t> covered)
+template<typename Step, Step inside(Step)>
+void sumRow(std::span<const Step> steps, std::span<std::uint8_t> covered)
 {
-    float winding = 0.0F;
+    Step winding = 0;
     for (std::size_t x = 0; x < covered.size(); ++x) {
         winding += steps[x];
-        covered[x] = static_cast<std::uint8_t>(255.0F * inside(winding) + (0.5F + kRounding));
+        covered[x] = static_cast<std::uint8_t>(255 * inside(winding) + (Step(0.5) + kRounding<Step>));
     }
 }
 
 } // namespace
 
-PathCoverage::PathCoverage(const Grid& grid)
-    : _cellsPerUnit{grid.width / grid.frame.width(), grid.height / grid.frame.height()}
-    , _origin{grid.frame.left(), grid.frame.top()}
+template<typename Step>
+CELVEC_PathCoverage<Step>::CELVEC_PathCoverage(const QPointF& origin, const QPointF& cellsPerUnit)
+    : _cellsPerUnit{cellsPerUnit.x(), cellsPerUnit.y()}, _origin{origin.x(), origin.y()}
 {}
 
-void PathCoverage::find(const QPainterPath& path, const QRect& box, std::span<std::uint8_t> covered)
+template<typename Step>
+void CELVEC_PathCoverage<Step>::find(const QPainterPath& path, const QRect& box, std::span<std::uint8_t> covered)
 {
     _box = box;
     const auto width = static_cast<std::size_t>(box.width());
     // A line at the right end of a row reaches two cells beyond it.
     _stride = width + 2;
-    _steps.assign(_stride * static_cast<std::size_t>(box.height()), 0.0F);
+    _steps.assign(_stride * static_cast<std::size_t>(box.height()), Step(0));
     addLoops(path);
-    const auto sum = path.fillRule() == Qt::WindingFill ? sumRow<insideByWinding> : sumRow<insideByParity>;
+    const auto sum = path.fillRule() == Qt::WindingFill ? sumRow<Step, insideByWinding> : sumRow<Step, insideByParity>;
     for (std::size_t row = 0; row * width < covered.size(); ++row)
-        sum(std::span(_steps).subspan(row * _stride, width), covered.subspan(row * width, width));
+        sum(std::span<const Step>(_steps).subspan(row * _stride, width), covered.subspan(row * width, width));
 }
 
-PathCoverage::Point PathCoverage::inBox(const QPainterPath::Element& element) const
+template<typename Step>
+typename CELVEC_PathCoverage<Step>::Point CELVEC_PathCoverage<Step>::inBox(const QPainterPath::Element& element) const
 {
     return {limited((element.x - _origin.x) * _cellsPerUnit.x) - _box.left(),
             limited((element.y - _origin.y) * _cellsPerUnit.y) - _box.top()};
 }
 
-void PathCoverage::addLoops(const QPainterPath& path)
+template<typename Step>
+void CELVEC_PathCoverage<Step>::addLoops(const QPainterPath& path)
 {
     Point start{};
     Point last{};
@@ -94,7 +100,8 @@ void PathCoverage::addLoops(const QPainterPath& path)
 }
 
 // The number of lines follows from the curve's second derivative, which bounds how far it leaves them.
-void PathCoverage::addCurve(const Point& from, const Point& one, const Point& two, const Point& to)
+template<typename Step>
+void CELVEC_PathCoverage<Step>::addCurve(const Point& from, const Point& one, const Point& two, const Point& to)
 {
     const double bend = std::max(std::hypot(from.x - 2.0 * one.x + two.x, from.y - 2.0 * one.y + two.y),
                                  std::hypot(one.x - 2.0 * two.x + to.x, one.y - 2.0 * two.y + to.y));
@@ -115,7 +122,8 @@ void PathCoverage::addCurve(const Point& from, const Point& one, const Point& tw
     addLine(last, to);
 }
 
-void PathCoverage::addLine(const Point& from, const Point& to)
+template<typename Step>
+void CELVEC_PathCoverage<Step>::addLine(const Point& from, const Point& to)
 {
     if (from.y == to.y)
         return;
@@ -144,15 +152,16 @@ void PathCoverage::addLine(const Point& from, const Point& to)
 //
 // @param from, to its ends, from the left
 // @param height   between its ends, below 0 for a line upwards
-void PathCoverage::addWithinRow(std::size_t row, double from, double to, double height)
+template<typename Step>
+void CELVEC_PathCoverage<Step>::addWithinRow(std::size_t row, double from, double to, double height)
 {
     const auto first = static_cast<std::size_t>(from);
-    float* const steps = &_steps[row * _stride + first];
+    Step* const steps = &_steps[row * _stride + first];
     const auto left = static_cast<double>(first);
     if (to <= left + 1.0) {
         const double beside = height * (0.5 * (from + to) - left);
-        steps[0] += static_cast<float>(height - beside);
-        steps[1] += static_cast<float>(beside);
+        steps[0] += static_cast<Step>(height - beside);
+        steps[1] += static_cast<Step>(beside);
         return;
     }
     // The line crosses several cells: to the right end of each, the area that it has passed so far.
@@ -166,8 +175,11 @@ void PathCoverage::addWithinRow(std::size_t row, double from, double to, double 
     const auto cells = static_cast<std::size_t>(std::ceil(to)) - first;
     for (std::size_t i = 0; i <= cells; ++i) {
         const double upTo = areaUpTo(left + static_cast<double>(i + 1));
-        steps[i] += static_cast<float>(upTo - area - covered);
+        steps[i] += static_cast<Step>(upTo - area - covered);
         covered = upTo - area;
         area = upTo;
     }
 }
+
+template class CELVEC_PathCoverage<float>;
+template class CELVEC_PathCoverage<double>;

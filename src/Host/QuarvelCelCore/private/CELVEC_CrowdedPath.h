@@ -1,0 +1,24 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Outlines of which so many long lines cross the picture that Qt's painter would take minutes: it finds what a few rows
+// show at a time, as its memory allows, and follows each line that touches them from end to end. Such outlines are
+// filled from their coverage instead, which differs from the painter's by rounding.
+#pragma once
+
+#include <QPainterPath>
+
+class QColor;
+class QPainter;
+
+/// Whether a painter would take more than about half a second for a path. This does not depend on what is painted of
+/// it.
+///
+/// @param toPixel from the path's units to pixels
+bool CELVEC_isCrowded(const QPainterPath& path, const QTransform& toPixel);
+
+/// Fills a path as the painter does, with its transform and clip, in a time that follows from the length of the
+/// outline.
+///
+/// @param painter of an image
+/// @throws std::bad_alloc
+void CELVEC_fillCrowded(QPainter& painter, const QPainterPath& path, const QColor& paint);

@@ -1,0 +1,114 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Outlines of which hundreds of lines cross all rows of the picture.
+#include "QuarvelCelCore/CELVEC_Kvd.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+using Math::Box2di;
+
+namespace {
+
+constexpr int kWidth = 64;
+constexpr int kHeight = 700;
+const CM_ColorId_t kRed(1);
+
+CM_SharedPtr<CM_Palette> palette()
+{
+    auto made = UT_makeShared<CM_Palette>(UT_String("test"));
+    auto color = UT_makeShared<CM_Color>(UT_String(), 0, kRed);
+    color->SetNominalColor({255, 0, 0, 255});
+    made->addColor(color);
+    return made;
+}
+
+UT_SharedPtr<CEL_PixmapAreaRGBA16> render(const CELVEC_Shape& shape, const Box2di& wanted)
+{
+    CELVEC_Kvd drawing(palette());
+    drawing.addShape(GR_Art::COLOUR, shape);
+    CELVEC_RenderArgs args{QTransform(), {kWidth, kHeight}, Box2di(0, 0, kWidth, kHeight), wanted};
+    auto target = UT_makeShared<CEL_PixmapAreaRGBA16>(args.size, args.canvas);
+    drawing.render(args, *target);
+    return target;
+}
+
+UT_SharedPtr<CEL_PixmapAreaRGBA16> render(const CELVEC_Shape& shape)
+{
+    return render(shape, Box2di(0, 0, kWidth, kHeight));
+}
+
+// Bars from the top to the bottom, as wide as the gaps between them, with eight bars in each pixel.
+QPainterPath bars()
+{
+    QPainterPath path;
+    for (int i = 0; i < 8 * kWidth; ++i)
+        path.addRect(QRectF(i / 8.0, 0.0, 1.0 / 16.0, kHeight));
+    return path;
+}
+
+// A line up and down, slanted and ever further right.
+QPainterPath zigzag()
+{
+    QPainterPath path(QPointF(1.0, 3.0));
+    for (int i = 0; i < 150; ++i) {
+        path.lineTo(1.7 + i * 0.4, kHeight - 2.5);
+        path.lineTo(1.3 + i * 0.4, 3.5 + i % 7);
+    }
+    path.closeSubpath();
+    return path;
+}
+
+TEST(CrowdedPath, CoversHalfOfEachPixelWithBarsAsWideAsTheirGaps)
+{
+    const auto picture = render({bars(), kRed, 1.0, {}});
+    // A half of 255 is rounded to 128, of 32767 that is 16448.
+    for (int y = 0; y < kHeight; ++y)
+        for (int x = 0; x < kWidth; ++x)
+            ASSERT_NEAR(picture->at(x, y).a, 16448, 1) << x << ", " << y;
+    EXPECT_EQ(picture->at(5, 5).r, picture->at(5, 5).a);
+    EXPECT_EQ(picture->at(5, 5).b, 0);
+}
+
+TEST(CrowdedPath, KeepsItsOpacityAndItsClip)
+{
+    CELVEC_Shape shape{bars(), kRed, 0.5, {}};
+    QPainterPath clip;
+    clip.addRect(QRectF(0.0, 0.0, kWidth, 10.0));
+    shape.clip = clip;
+    const auto picture = render(shape);
+    EXPECT_NEAR(picture->at(7, 9).a, 8224, 2);
+    EXPECT_EQ(picture->at(7, 10).a, 0);
+}
+
+TEST(CrowdedPath, IsFilledAsAPainterFillsIt)
+{
+    QImage expected(kWidth, kHeight, QImage::Format_RGBA64_Premultiplied);
+    expected.fill(Qt::transparent);
+    QPainter painter(&expected);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(zigzag(), Qt::red);
+    painter.end();
+    const auto picture = render({zigzag(), kRed, 1.0, {}});
+    // The painter rounds the ends of each line to a 256th of a pixel, and up to six lines pass a pixel.
+    constexpr double kTolerance = 4.5 / 255.0;
+    for (int y = 0; y < kHeight; ++y)
+        for (int x = 0; x < kWidth; ++x)
+            ASSERT_NEAR(picture->at(x, y).a / 32767.0, expected.pixelColor(x, y).alphaF(), kTolerance)
+                << x << ", " << y;
+}
+
+TEST(CrowdedPath, IsTheSameHoweverMuchOfItIsWanted)
+{
+    const CELVEC_Shape shape{zigzag(), kRed, 1.0, {}};
+    const auto whole = render(shape);
+    const auto part = render(shape, Box2di(20, 301, 41, 340));
+    ASSERT_EQ(part->allocatedRect(), Box2di(20, 301, 41, 340));
+    for (int y = 301; y < 340; ++y)
+        for (int x = 20; x < 41; ++x)
+            ASSERT_EQ(part->at(x, y), whole->at(x, y)) << x << ", " << y;
+}
+
+} // namespace
