@@ -5,6 +5,7 @@
 
 #include "QuarvelBaseCore/UT_PlainFile.h"
 #include "QuarvelDrawingIO/private/DIO_Gunzip.h"
+#include "QuarvelDrawingIO/private/DIO_PictureCover.h"
 #include "QuarvelDrawingIO/private/DIO_ShapeCollector.h"
 #include "QuarvelDrawingIO/private/DIO_SvgFlattener.h"
 #include "QuarvelDrawingIO/private/DIO_SvgRecording.h"
@@ -114,6 +115,7 @@ UT_Result<DIO_Drawing> DIO_readSvgData(const QByteArray& data, const QString& pa
     drawing.size = size.isKnown() ? size.size : drawing.viewBox.size();
     addLayerWarnings(drawing, layers, flat->hiddenLayers);
     drawing.warnings = size.warnings + drawing.warnings + flat->warnings;
+    DIO_limitPictures(drawing);
     if (undashed > 0)
         drawing.warnings.append(QStringLiteral("too finely dashed lines are drawn solid: %1").arg(undashed));
     return drawing;

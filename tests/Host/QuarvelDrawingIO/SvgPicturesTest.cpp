@@ -286,3 +286,29 @@ TEST(SvgPictures, aCutOffPictureIsLeftOutAndNamed)
     EXPECT_EQ(shapesOf(drawing).size(), 1U);
     EXPECT_THAT(left(drawing), HasSubstr("picture that cannot be decoded (1)"));
 }
+// Each pixel of a picture is resampled, so that thousands on each other would take minutes.
+TEST(SvgPictures, picturesThatCoverThePageOftenAreLeftOutFromTheLowestOn)
+{
+    const QByteArray below = element(image(1, {kRed}), "id='p' width='100' height='100'");
+    const QByteArray rest = QByteArray("<use href='#p'/>").repeated(66) + "<rect width='9' height='9'/>" +
+                            element(image(1, {kBlue}), "width='50' height='100' preserveAspectRatio='none'");
+    const DIO_Drawing drawing = read(below + rest);
+    // The upper one covers the page half, and 63 copies of the lower one fit below it.
+    const std::vector<DIO_Shape> shapes = shapesOf(drawing);
+    EXPECT_EQ(std::ranges::count_if(shapes, [](const DIO_Shape& shape) { return !shape.picture.isNull(); }), 64);
+    EXPECT_EQ(shapes.size(), 65U);
+    EXPECT_EQ(pixelAt(drawing, 20.0, 20.0), kBlue);
+    EXPECT_THAT(drawing.warnings.join(u' ').toStdString(), HasSubstr("the lowest are left out: 4"));
+}
+
+TEST(SvgPictures, picturesBesideThePageOrBehindAClipCountForWhatIsShownOfThem)
+{
+    const QByteArray beside = element(image(1, {kRed}), "id='p' x='50' width='100' height='100'");
+    const QByteArray clipped = "<clipPath id='c'><rect width='50' height='50'/></clipPath>"
+                               "<g clip-path='url(#c)'>" +
+                               QByteArray("<use href='#p' x='-50'/>").repeated(100) + "</g>";
+    // Half a page is shown of each of 77, and a quarter of each of 100.
+    const DIO_Drawing drawing = read(beside + QByteArray("<use href='#p'/>").repeated(76) + clipped);
+    EXPECT_EQ(shapesOf(drawing).size(), 177U);
+    EXPECT_TRUE(drawing.warnings.isEmpty());
+}
