@@ -7,6 +7,8 @@
 // sees it: such corners become one.
 #include "QuarvelDrawingIO/DIO_PathSets.h"
 
+#include "QuarvelDrawingIO/private/DIO_PathCrossings.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -14,17 +16,25 @@ namespace {
 
 constexpr int kMaxElements = 2000;
 
-// Measured on stripes: an element of long paths takes ten times the time of one of short paths.
-int unitsFor(int elements)
+// A hundred lines across a hundred others take a sixth of a second to be combined.
+constexpr int kMaxCrossings = 10'000;
+
+// Measured on stripes: an element of long paths takes ten times the time of one of short paths, and where stripes
+// cross, each crossing takes the longer, the more of them there are.
+int unitsFor(int elements, int crossings)
 {
     constexpr int kLong = 256;
-    return elements + elements * elements / kLong;
+    constexpr int kMany = 1024;
+    return elements + elements * elements / kLong + crossings + crossings * crossings / kMany;
 }
 
 bool areTooDetailed(const QPainterPath& a, const QPainterPath& b, DIO_PathWork* work)
 {
     const int elements = a.elementCount() + b.elementCount();
-    return elements > kMaxElements || (work && !work->take(unitsFor(elements)));
+    if (elements > kMaxElements)
+        return true;
+    const int crossings = DIO_crossings(a, b, kMaxCrossings);
+    return crossings > kMaxCrossings || (work && !work->take(unitsFor(elements, crossings)));
 }
 
 // QRectF::intersects() is false for rectangles that are empty in one direction; a closed comparison is not.

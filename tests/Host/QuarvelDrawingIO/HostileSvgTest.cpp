@@ -168,6 +168,25 @@ TEST(HostileSvg, deepFadesAreSimplified)
     EXPECT_NE(paintAt(drawing, 10, 10), "");
 }
 
+// Each clip within the other takes a twentieth of a second.
+TEST(HostileSvg, clipsWhoseOutlinesCrossOftenAreSimplified)
+{
+    QByteArray upright;
+    QByteArray level;
+    for (int i = 0; i < 40; ++i) {
+        upright += "M" + QByteArray::number(2 * i) + " 0h1v100h-1z";
+        level += "M0 " + QByteArray::number(2 * i) + "h100v1h-100z";
+    }
+    const QByteArray content = "<clipPath id='u'><path d='" + upright + "'/></clipPath><clipPath id='l'><path d='" +
+                               level + "'/></clipPath>" +
+                               QByteArray("<g clip-path='url(#u)'><g clip-path='url(#l)'>"
+                                          "<rect width='100' height='100'/></g></g>")
+                                   .repeated(500);
+    const DIO_Drawing drawing = read(content);
+    EXPECT_EQ(shapesOf(drawing).size(), 500U);
+    EXPECT_THAT(drawing.warnings.join(u' ').toStdString(), HasSubstr("clips within clips that are too detailed"));
+}
+
 TEST(HostileSvg, copiesThatContainThemselvesAreLeftOut)
 {
     const DIO_Drawing drawing = read("<g id='a'><rect width='10' height='10'/><use href='#a' x='20'/></g>"

@@ -7,7 +7,7 @@
 
 void DIO_ClipStack::add(const QPainterPath& path)
 {
-    _gathered = DIO_united({*_gathered, path});
+    _gathered = DIO_united({*_gathered, path}, &_work);
 }
 
 void DIO_ClipStack::end()
@@ -26,7 +26,7 @@ void DIO_ClipStack::pop()
 
 QPainterPath DIO_ClipStack::intersection(const QPainterPath& outer, const QPainterPath& inner)
 {
-    const std::optional<QPainterPath> both = DIO_intersected(outer, inner);
+    const std::optional<QPainterPath> both = DIO_intersected(outer, inner, &_work);
     _skipped += both ? 0 : 1;
     return both.value_or(inner);
 }

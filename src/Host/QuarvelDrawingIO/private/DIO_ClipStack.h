@@ -3,6 +3,8 @@
 // DIO_ClipStack: the clips in force, each inside the one before it.
 #pragma once
 
+#include "QuarvelDrawingIO/DIO_PathSets.h"
+
 #include <QPainterPath>
 
 #include <optional>
@@ -33,5 +35,6 @@ private:
 
     std::optional<QPainterPath> _gathered;
     std::vector<QPainterPath> _clips;
+    DIO_PathWork _work; // for the clips of one drawing
     int _skipped = 0;
 };
