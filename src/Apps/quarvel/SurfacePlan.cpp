@@ -49,7 +49,7 @@ UT_Result<void> planSurfaces(const RenderOptions& options, RenderPlan& plan)
                                                               {options.occlusion, FrameContent::OCCLUSION},
                                                               {options.numbers, FrameContent::NUMBERS},
                                                               {options.glossFile, FrameContent::GLOSS}};
-    if (const auto exact = options.numbers.isEmpty() ? UT_Result<void>() : checkNumbersFile(options.numbers); !exact)
+    if (auto exact = options.numbers.isEmpty() ? UT_Result<void>() : checkNumbersFile(options.numbers); !exact)
         return exact;
     plan.findsHeights = !options.height.isEmpty() && !options.heightRange && !IIO_isFloatFile(options.height);
     const auto range = givenHeightRange(options, plan.findsHeights);

@@ -11,7 +11,7 @@ class TerminalModes
 {
 public:
     TerminalModes();
-    ~TerminalModes();
+    ~TerminalModes(); // NOLINT(performance-trivially-destructible): on Windows it has work to do
     TerminalModes(const TerminalModes&) = delete;
     TerminalModes& operator=(const TerminalModes&) = delete;
 

@@ -286,6 +286,7 @@ TEST(SvgPictures, aCutOffPictureIsLeftOutAndNamed)
     EXPECT_EQ(shapesOf(drawing).size(), 1U);
     EXPECT_THAT(left(drawing), HasSubstr("picture that cannot be decoded (1)"));
 }
+
 // Each pixel of a picture is resampled, so that thousands on each other would take minutes.
 TEST(SvgPictures, picturesThatCoverThePageOftenAreLeftOutFromTheLowestOn)
 {

@@ -36,13 +36,15 @@ std::vector<Source> sourcesOf(const MO_Port& input)
     while (!open.empty()) {
         const MO_Port* const source = open.back()->realSrcPort();
         open.pop_back();
-        MO_Module* const module = source ? source->module() : nullptr;
-        if (!module || NormalMapNode::is(*module) || !met.insert(module).second)
+        if (!source || !source->module())
             continue;
-        if (auto* const element = dynamic_cast<MO_ElementModule*>(module))
+        MO_Module& module = *source->module();
+        if (NormalMapNode::is(module) || !met.insert(&module).second)
+            continue;
+        if (auto* const element = dynamic_cast<MO_ElementModule*>(&module))
             sources.push_back({definition, element});
-        for (unsigned i = module->nInPorts(); i-- > 0;)
-            open.push_back(module->inPort(i));
+        for (unsigned i = module.nInPorts(); i-- > 0;)
+            open.push_back(module.inPort(i));
     }
     if (sources.empty())
         sources.push_back({definition, nullptr});
