@@ -170,9 +170,11 @@ std::optional<DIO_SvgWalk::TiledFill> DIO_SvgWalk::tiledFillOf(const Visited& vi
         return std::nullopt;
     _patternElements += static_cast<int>(elements);
     TiledFill tiled{{}, DIO_matrixText(tile->toUser), _servers.opaqueTwinOf(server)};
-    for (double y = down.first; y <= down.last; ++y)
-        for (double x = across.first; x <= across.last; ++x)
-            appendMoved(tiled.data, *area, {x * tile->size.width(), y * tile->size.height()});
+    // Counted in integers, because far away from the origin adding 1 to a double may leave it as it is.
+    for (int j = 0; j < static_cast<int>(down.count()); ++j)
+        for (int i = 0; i < static_cast<int>(across.count()); ++i)
+            appendMoved(tiled.data, *area,
+                        {(across.first + i) * tile->size.width(), (down.first + j) * tile->size.height()});
     tiled.evenOdd = area->fillRule() == Qt::OddEvenFill;
     tiled.opacity = std::min(1.0, _servers.servers()[static_cast<std::size_t>(server)].opacity / share);
     return tiled;
