@@ -13,3 +13,11 @@
 ///
 /// @param inside the later shapes inside the shape
 bool holdsEyes(const ShapeFacts& face, std::span<const ShapeFacts* const> inside);
+
+/// Whether a shape lies where a round face has its mouth: on the axis, below the middle, and not large.
+bool isPlacedAsMouth(const ShapeFacts& shape, const ShapeFacts& face);
+
+/// Whether a shape in a round face with eyes lies where the mouth is, and is no line.
+///
+/// @param inside the later shapes inside the face
+bool isOpenMouth(const ShapeFacts& shape, const ShapeFacts& face, std::span<const ShapeFacts* const> inside);

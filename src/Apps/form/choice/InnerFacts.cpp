@@ -75,7 +75,7 @@ bool divides(const ShapeFacts& shape, const CellMask& region)
 InnerShape InnerFacts::of(int shape, const Part& base, const Surroundings& around, int siblings) const
 {
     const ShapeFacts& inner = facts(shape);
-    const ShapeFacts& body = largestPiece(base);
+    const ShapeFacts& body = facts(largestPiece(base));
     const double share = static_cast<double>(inner.area) / base.region.area();
     const double follows = following(inner, base);
     const std::vector<const ShapeFacts*> held = _later.inside(shape);
@@ -91,6 +91,7 @@ InnerShape InnerFacts::of(int shape, const Part& base, const Surroundings& aroun
             static_cast<double>(_grid.width) * _grid.height,
             base.role == ObjectRole::SLAB,
             holdsEyes(inner, held),
+            isOpenMouth(shape, base),
             !body.cut && body.roundness > kRound && follows > 0.0 && divides(inner, base.region)};
 }
 
@@ -98,19 +99,27 @@ std::vector<int> InnerFacts::siblings(int shape, const Part& base) const
 {
     const ShapeFacts& first = facts(shape);
     std::vector<int> siblings{shape};
+    if (isOpenMouth(shape, base))
+        return siblings;
     for (const int other : _later.ofPaint(shape)) {
         const ShapeFacts& sibling = facts(other);
         const bool alike = sibling.opacity == first.opacity && sibling.area < kAlike * first.area &&
                            first.area < kAlike * sibling.area;
-        if (alike && liesInside(sibling, base.region))
+        if (alike && liesInside(sibling, base.region) && !isOpenMouth(other, base))
             siblings.push_back(other);
     }
     return siblings;
 }
 
-const ShapeFacts& InnerFacts::largestPiece(const Part& part) const
+bool InnerFacts::isOpenMouth(int shape, const Part& base) const
 {
-    return facts(*std::ranges::max_element(part.body, {}, [&](int shape) { return facts(shape).area; }));
+    const int face = largestPiece(base);
+    return isPlacedAsMouth(facts(shape), facts(face)) && ::isOpenMouth(facts(shape), facts(face), _later.inside(face));
+}
+
+int InnerFacts::largestPiece(const Part& part) const
+{
+    return *std::ranges::max_element(part.body, {}, [&](int shape) { return facts(shape).area; });
 }
 
 // A part goes on beyond the border of the picture, a board ends there.

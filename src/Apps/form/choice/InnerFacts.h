@@ -37,7 +37,8 @@ public:
 
 private:
     const ShapeFacts& facts(int shape) const { return _facts[static_cast<std::size_t>(shape)]; }
-    const ShapeFacts& largestPiece(const Part& part) const;
+    int largestPiece(const Part& part) const;
+    bool isOpenMouth(int shape, const Part& base) const;
     double following(const ShapeFacts& shape, const Part& base) const;
 
     const std::vector<ShapeFacts>& _facts;

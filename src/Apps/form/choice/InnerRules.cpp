@@ -3,6 +3,8 @@
 // The first rule that applies decides. The limits were fitted on drawings with known forms and on sets of emoji.
 #include "form/choice/InnerRules.h"
 
+#include "form/choice/Faces.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -32,12 +34,6 @@ constexpr double kFullBox = 0.9;       // a rectangle's share of its box
 constexpr double kPale = 60.0;
 constexpr double kBlue = -7.0;
 constexpr double kNotPurple = 3.0;
-// A mouth's middle lies this near to the axis of the face, and this far below its middle, in widths and heights of the
-// face.
-constexpr double kOnAxis = 0.06;
-constexpr double kBelowMiddle = 0.14;
-constexpr double kLargestMouth = 0.25; // of the face's area
-constexpr double kRoundFace = 0.92;    // roundness; a square has 0.89
 
 Verdict mark(const char* reason)
 {
@@ -75,13 +71,8 @@ bool isRectangle(const ShapeFacts& shape)
 // siblings, teeth lie on a dark mouth. (Dark mouths are holes like others.)
 bool isWhiteMouth(const InnerShape& inner)
 {
-    const QRect shape = inner.shape.mask.box();
-    const QRect face = inner.body.mask.box();
-    const double aside = (shape.left() + shape.right() - face.left() - face.right()) / 2.0;
-    const double below = (shape.top() + shape.bottom() - face.top() - face.bottom()) / 2.0;
     return inner.shape.colour.lightness > kBright && inner.shape.roundness > kRound && inner.siblings == 0 &&
-           inner.ground.colour.lightness > kDark && inner.body.roundness > kRoundFace && inner.share < kLargestMouth &&
-           std::abs(aside) < kOnAxis * face.width() && below > kBelowMiddle * face.height();
+           inner.ground.colour.lightness > kDark && isPlacedAsMouth(inner.shape, inner.body);
 }
 
 // Whether the shape is one of several panes of glass: pale blue, and not round.
@@ -186,6 +177,8 @@ Verdict judgeInner(const InnerShape& inner)
         return object("a face: it has eyes");
     if (inner.held > 0.1 && isMuchDarker(inner) && inner.share > kBead)
         return object("a dark shape that holds others", ObjectRole::OPENING);
+    if (inner.isOpenMouth && isMuchDarker(inner))
+        return object("an open mouth", ObjectRole::OPENING);
     if (inner.concentric)
         return judgeConcentric(inner);
     const bool stands = !inner.onBoard && shape.roundness > kEllipse && !isSameHue(shape.colour, inner.ground.colour);

@@ -21,6 +21,7 @@ struct InnerShape
     double gridArea = 0.0;    ///< of the picture, in cells
     bool onBoard = false;     ///< the part is a flat thing with a rim
     bool isFace = false;      ///< it has eyes
+    bool isOpenMouth = false; ///< the part is a round face with eyes, and this lies where the mouth is
     bool isBand = false;      ///< the part is round, and the shape reaches across it from rim to rim
 };
 

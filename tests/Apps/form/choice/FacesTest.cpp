@@ -106,3 +106,49 @@ TEST(Faces, HaveNoThirdEye)
     EXPECT_TRUE(areEyes(eye(38, 45) + eye(62, 45) + freckles));
     EXPECT_FALSE(areEyes(eye(38, 45) + eye(62, 45) + freckles + freckles)) << "a pattern";
 }
+
+namespace {
+
+const QByteArray kRoundFace = circle(50, 50, 40, "#ffcc4d");
+const QByteArray kTwoEyes = eye(36, 42, 4) + eye(64, 42, 4);
+
+QByteArray ellipse(double x, double y, double rx, double ry)
+{
+    return QStringLiteral("<ellipse cx='%1' cy='%2' rx='%3' ry='%4' fill='#201008'/>")
+        .arg(x)
+        .arg(y)
+        .arg(rx)
+        .arg(ry)
+        .toLatin1();
+}
+
+std::ptrdiff_t openingsOf(const QByteArray& onFace)
+{
+    return std::ranges::count(rolesOf(kRoundFace + onFace), OPENING);
+}
+
+} // namespace
+
+TEST(Faces, HaveOpenMouthsThatSink)
+{
+    const QByteArray mouth = ellipse(50, 70, 6, 7);
+    EXPECT_EQ(openingsOf(kTwoEyes + mouth), 1);
+    EXPECT_EQ(openingsOf(mouth + kTwoEyes), 1);
+    EXPECT_EQ(rolesOf(kRoundFace + kTwoEyes + mouth).size(), 4U) << "the eyes are beads";
+    EXPECT_EQ(openingsOf(kTwoEyes + ellipse(50, 70, 14, 6)), 1) << "a wide one";
+}
+
+TEST(Faces, HaveOpenMouthsBelowBrows)
+{
+    const QByteArray brows = ellipse(36, 34, 7, 2.5) + ellipse(64, 34, 7, 2.5);
+    EXPECT_EQ(openingsOf(brows + kTwoEyes + ellipse(50, 70, 6, 7)), 1);
+}
+
+TEST(Faces, HaveNoMouthElsewhere)
+{
+    EXPECT_EQ(openingsOf(ellipse(50, 70, 6, 7)), 0) << "without eyes";
+    EXPECT_EQ(openingsOf(kTwoEyes + ellipse(62, 70, 6, 7)), 0) << "beside the axis";
+    EXPECT_EQ(openingsOf(kTwoEyes + ellipse(50, 52, 6, 7)), 0) << "a nose";
+    EXPECT_EQ(openingsOf(kTwoEyes + ellipse(50, 70, 12, 1.5)), 0) << "a closed mouth";
+    EXPECT_EQ(openingsOf(kTwoEyes + ellipse(50, 66, 27, 5)), 0) << "a moustache";
+}
