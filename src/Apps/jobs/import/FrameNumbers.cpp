@@ -123,6 +123,7 @@ UT_Result<std::vector<NumberedFile>> numberFrames(QStringList paths)
     if (UT_Result<void> checked = checkNumbers(files); !checked)
         return checked.error();
     std::vector<NumberedFile> numbered;
+    numbered.reserve(files.size());
     for (const NamedFile& file : files)
         numbered.push_back({file.path, *file.frame});
     return numbered;

@@ -58,13 +58,15 @@ std::vector<const MO_ElementModule*> elementsBehind(const MO_Port& input)
     while (!open.empty()) {
         const MO_Port* const source = open.back()->realSrcPort();
         open.pop_back();
-        const MO_Module* const module = source ? source->module() : nullptr;
-        if (!module || !met.insert(module).second)
+        if (!source || !source->module())
             continue;
-        if (const auto* element = dynamic_cast<const MO_ElementModule*>(module))
+        const MO_Module& module = *source->module();
+        if (!met.insert(&module).second)
+            continue;
+        if (const auto* element = dynamic_cast<const MO_ElementModule*>(&module))
             elements.push_back(element);
-        for (unsigned i = 0; i < module->nInPorts(); ++i)
-            if (const MO_Port* const port = module->inPort(i))
+        for (unsigned i = 0; i < module.nInPorts(); ++i)
+            if (const MO_Port* const port = module.inPort(i))
                 open.push_back(port);
     }
     return elements;
