@@ -187,6 +187,16 @@ TEST(HostileSvg, clipsWhoseOutlinesCrossOftenAreSimplified)
     EXPECT_THAT(drawing.warnings.join(u' ').toStdString(), HasSubstr("clips within clips that are too detailed"));
 }
 
+// There, the number of a tile plus 1 is the same number.
+TEST(HostileSvg, aPatternFarFromTheOriginEnds)
+{
+    const DIO_Drawing drawing = read("<pattern id='p' patternUnits='userSpaceOnUse' width='1' height='1'>"
+                                     "<rect width='1' height='.5' fill='red'/></pattern>"
+                                     "<rect x='1e17' y='1e17' width='40' height='40' fill='url(#p)'/>"
+                                     "<rect width='10' height='10'/>");
+    EXPECT_GE(shapesOf(drawing).size(), 1U);
+}
+
 TEST(HostileSvg, copiesThatContainThemselvesAreLeftOut)
 {
     const DIO_Drawing drawing = read("<g id='a'><rect width='10' height='10'/><use href='#a' x='20'/></g>"
