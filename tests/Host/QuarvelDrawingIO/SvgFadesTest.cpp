@@ -49,6 +49,28 @@ TEST(SvgFades, StopsBeyondAThousandAreLeftOut)
     EXPECT_EQ(opacityBeyond(1000), 1.0);
 }
 
+TEST(SvgFades, ASlopeOfAThousandStopsFadesAsOneOfTwo)
+{
+    QByteArray stops;
+    for (int i = 0; i < 1000; ++i)
+        stops += "<stop offset='" + QByteArray::number(i / 999.0) + "' stop-color='#f00' stop-opacity='" +
+                 QByteArray::number(1.0 - i / 999.0) + "'/>";
+    const DIO_Drawing drawing = read("<linearGradient id='g'>" + stops + "</linearGradient>" + kSquare);
+    for (const double x : {3.0, 20.0, 47.0, 81.0, 98.0})
+        EXPECT_NEAR(opacityAt(drawing, x, 50.0), 1.0 - x / 100.0, kNear) << x;
+}
+
+// Strips and rings of fades are cut by what lies in front of them, which takes a time for each.
+TEST(SvgFades, AGradientBecomesAFewStripsHoweverManyStopsItHas)
+{
+    QByteArray stops;
+    for (int i = 0; i < 1000; ++i)
+        stops += "<stop offset='" + QByteArray::number(i / 999.0) + "' stop-color='#f00' stop-opacity='" +
+                 QByteArray::number(i % 2) + "'/>";
+    for (const DIO_Shape& shape : shapesOf(read("<linearGradient id='g'>" + stops + "</linearGradient>" + kSquare)))
+        EXPECT_LT(shape.path.elementCount(), 400) << "64 strips of five or six points";
+}
+
 TEST(SvgFades, OpacitiesOfTheShapeAndItsFillMultiply)
 {
     const DIO_Drawing drawing =

@@ -10,18 +10,15 @@
 
 #include <algorithm>
 
-namespace {
-
-QString serverReference(int index)
-{
-    return QStringLiteral("url(#s%1)").arg(index);
-}
-
-} // namespace
-
 DIO_FlatWriter::DIO_FlatWriter(DIO_SvgPaintServers& servers) : _servers(servers), _buffer(&_body), _xml(&_buffer)
 {
     _buffer.open(QIODevice::WriteOnly);
+}
+
+QString DIO_FlatWriter::reference(int server)
+{
+    _used.insert(server);
+    return QStringLiteral("url(#s%1)").arg(server);
 }
 
 void DIO_FlatWriter::attribute(const char* name, double value)
@@ -63,7 +60,7 @@ void DIO_FlatWriter::path(const QString& data, const DIO_SvgStyle& style, const 
 void DIO_FlatWriter::serverPath(const QString& data, int server, const Extras& extras, bool evenOdd)
 {
     beginElement(QStringLiteral("path"), extras);
-    attribute("fill", serverReference(server));
+    attribute("fill", reference(server));
     if (evenOdd)
         attribute("fill-rule", QStringLiteral("evenodd"));
     attribute("d", data);
@@ -133,7 +130,7 @@ bool DIO_FlatWriter::writePaint(const char* name, const DIO_SvgPaint& paint, dou
     const bool isReference = paint.kind == DIO_SvgPaint::Kind::REFERENCE;
     const int server = !isReference ? -1 : paint.server >= 0 ? paint.server : _servers.find(paint.reference);
     if (server >= 0) {
-        attribute(name, serverReference(server));
+        attribute(name, reference(server));
     } else if (paint.kind != DIO_SvgPaint::Kind::NONE && paint.colour.isValid()) {
         attribute(name, paint.colour.name());
         opacity *= static_cast<double>(paint.colour.alphaF());
@@ -178,12 +175,12 @@ void DIO_FlatWriter::writeFont(const DIO_SvgStyle& style)
 QByteArray DIO_FlatWriter::definitions() const
 {
     QByteArray definitions = "<defs>";
-    const std::vector<DIO_PaintServer>& servers = _servers.servers();
-    for (std::size_t i = 0; i < servers.size(); ++i) {
-        const QByteArray colour = servers[i].paint.colour.name().toLatin1();
+    for (const int used : _used) {
+        const DIO_PaintServer& server = _servers.servers()[static_cast<std::size_t>(used)];
+        const QByteArray colour = server.paint.colour.name().toLatin1();
         const QByteArray stop =
-            " stop-color=\"" + colour + "\" stop-opacity=\"" + QByteArray::number(servers[i].opacity) + "\"/>";
-        const QByteArray number = QByteArray::number(static_cast<qulonglong>(i));
+            " stop-color=\"" + colour + "\" stop-opacity=\"" + QByteArray::number(server.opacity) + "\"/>";
+        const QByteArray number = QByteArray::number(used);
         const QByteArray x = QByteArray::number(kDIO_serverX, 'f', 0);
         definitions += "<linearGradient id=\"s" + number + "\" gradientUnits=\"userSpaceOnUse\" x1=\"" + x +
                        "\" y1=\"" + number + "\" x2=\"0\" y2=\"" + number + "\"><stop offset=\"0\"" + stop +

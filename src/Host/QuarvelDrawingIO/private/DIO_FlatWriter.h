@@ -9,6 +9,8 @@
 #include <QBuffer>
 #include <QXmlStreamWriter>
 
+#include <set>
+
 class DIO_FlatWriter
 {
 public:
@@ -43,6 +45,7 @@ public:
     QByteArray document();
 
 private:
+    QString reference(int server);
     void beginElement(const QString& name, const Extras& extras);
     void attribute(const char* name, const QString& value) { _xml.writeAttribute(QLatin1String(name), value); }
     void attribute(const char* name, double value);
@@ -53,6 +56,7 @@ private:
     QByteArray definitions() const;
 
     DIO_SvgPaintServers& _servers;
+    std::set<int> _used; // servers: a drawing may have hundreds, and most documents are of one shape
     QByteArray _body;
     QBuffer _buffer;
     QXmlStreamWriter _xml;

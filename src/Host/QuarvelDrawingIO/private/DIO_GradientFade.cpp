@@ -13,6 +13,8 @@
 namespace {
 
 constexpr int kSteps = 16;
+// Gradients with more stops are those of programs, and change little from stop to stop.
+constexpr int kMostStops = 64;
 constexpr double kEndless = std::numeric_limits<double>::infinity();
 
 /// Places from low to high, along the gradient.
@@ -45,6 +47,29 @@ void addSegment(Ranges& ranges, const DIO_GradientFade::Stop& from, const DIO_Gr
         return add(ranges, {from.at, to.at});
     const double crossing = from.at + (value - from.opacity) / (to.opacity - from.opacity) * (to.at - from.at);
     add(ranges, begins ? Range{from.at, crossing} : Range{crossing, to.at});
+}
+
+double opacityAt(const std::vector<DIO_GradientFade::Stop>& stops, double at)
+{
+    const auto after = std::ranges::upper_bound(stops, at, {}, &DIO_GradientFade::Stop::at);
+    if (after == stops.begin() || after == stops.end())
+        return after == stops.begin() ? stops.front().opacity : stops.back().opacity;
+    const auto before = after - 1;
+    return std::lerp(before->opacity, after->opacity, (at - before->at) / (after->at - before->at));
+}
+
+// At most kMostStops; if there are more, the first, the last and the values at even distances between them.
+std::vector<DIO_GradientFade::Stop> fewStops(const std::vector<DIO_GradientFade::Stop>& stops)
+{
+    if (stops.size() <= kMostStops)
+        return stops;
+    std::vector<DIO_GradientFade::Stop> few{stops.front()};
+    for (int i = 1; i < kMostStops - 1; ++i) {
+        const double at = std::lerp(stops.front().at, stops.back().at, static_cast<double>(i) / (kMostStops - 1));
+        few.push_back({at, opacityAt(stops, at)});
+    }
+    few.push_back(stops.back());
+    return few;
 }
 
 // Before the first stop and after the last, the opacity is that of the stop.
@@ -148,10 +173,11 @@ std::vector<DIO_FadeArea> DIO_areasOf(const DIO_GradientFade& fade, const QRectF
 {
     std::vector<DIO_FadeArea> areas;
     const Strips strips(fade, place);
+    const std::vector<DIO_GradientFade::Stop> stops = fewStops(fade.stops);
     Ranges last;
     for (int step = 1; step <= kSteps; ++step) {
         // Half a step lower than the value, so that the steps lie around the true opacity.
-        const Ranges ranges = atLeast(fade.stops, (step - 0.5) / kSteps);
+        const Ranges ranges = atLeast(stops, (step - 0.5) / kSteps);
         const QString path = fade.isRadial ? ringsPath(fade, ranges, place) : strips.path(ranges);
         if (path.isEmpty())
             break;

@@ -3,7 +3,8 @@
 // DIO_GradientFade: how the opacity of a gradient runs over the plane. A gradient is painted in one colour, its
 // average, but where it fades it covers less, down to nothing: a glow is not the rectangle that it is painted on.
 //
-// The opacity is approximated by steps of a sixteenth.
+// The opacity is approximated by steps of a sixteenth, that of a gradient of more than 64 stops by its values at 64
+// places.
 #pragma once
 
 #include <QRectF>
