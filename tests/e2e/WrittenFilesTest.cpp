@@ -94,10 +94,8 @@ TEST_F(WrittenFiles, OfAFilmWithoutItsEncoderReplaceNoPicture)
 {
     importScene();
     const QStringList before = files();
-    const QByteArray programs = qgetenv("PATH");
-    qputenv("PATH", "/nowhere");
+    environment.insert(QStringLiteral("PATH"), QStringLiteral("/nowhere"));
     const Outcome outcome = quarvel("render two.scene -o n.1.png --lit film.png --preview film.mp4");
-    qputenv("PATH", programs);
     expectRefused(outcome, "--lit and --preview would both write film.png", before);
 }
 
