@@ -71,6 +71,17 @@ TEST(SvgFades, AGradientBecomesAFewStripsHoweverManyStopsItHas)
         EXPECT_LT(shape.path.elementCount(), 400) << "64 strips of five or six points";
 }
 
+// The areas of a fade lie within each other. To unite each with those below it would be too much for so many.
+TEST(SvgFades, ManyFadesInRingsAreWorkedOut)
+{
+    QByteArray stops;
+    for (int i = 0; i < 64; ++i)
+        stops += "<stop offset='" + QByteArray::number(i / 63.0) + "' stop-opacity='" +
+                 QByteArray::number(0.25 + 0.5 * (i % 2) + i / 256.0) + "'/>";
+    const DIO_Drawing drawing = read("<radialGradient id='g'>" + stops + "</radialGradient>" + kSquare.repeated(60));
+    EXPECT_THAT(drawing.warnings, ElementsAre("gradients are painted in their average colour: Gradient g"));
+}
+
 TEST(SvgFades, OpacitiesOfTheShapeAndItsFillMultiply)
 {
     const DIO_Drawing drawing =

@@ -100,6 +100,19 @@ void DIO_CoverageLevels::change(const QPainterPath& area, bool inverted, double 
     _levels = std::move(made);
 }
 
+void DIO_CoverageLevels::paintNested(std::span<const Painted> areas)
+{
+    for (const Painted& painted : areas) {
+        std::optional<QPainterPath> shown = DIO_intersected(_page, painted.area, &_work);
+        if (!shown) {
+            ++_skipped;
+            return;
+        }
+        if (!shown->isEmpty())
+            _levels.push_back({*std::move(shown), std::min(painted.value, 1.0)});
+    }
+}
+
 // Opaque areas of one value are one area.
 void DIO_CoverageLevels::paint(std::span<const Painted> areas)
 {

@@ -53,6 +53,10 @@ public:
     /// Paints areas one over the other.
     void paint(std::span<const Painted> areas);
 
+    /// Paints opaque areas where nothing is let through yet. Each lies within the one before and has a higher value, so
+    /// that they are the levels themselves.
+    void paintNested(std::span<const Painted> areas);
+
     /// Makes each value v to 1 - v.
     void invert() { change(_page, false, -1.0, 1.0); }
 

@@ -100,7 +100,7 @@ bool DIO_ShapeCollector::polyline(std::span<const QPointF> points)
         _groups.endFading();
         break;
     case Command::MASK_BEGIN:
-        _groups.beginMask(mark->argument != 0);
+        _groups.beginMask(static_cast<DIO_MaskKind>(mark->argument));
         break;
     case Command::MASK_END:
         _groups.endMask(_maskPalette);

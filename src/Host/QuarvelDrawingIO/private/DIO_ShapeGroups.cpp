@@ -41,9 +41,9 @@ void DIO_ShapeGroups::endFading()
     keep(group.runs);
 }
 
-void DIO_ShapeGroups::beginMask(bool byCoverage)
+void DIO_ShapeGroups::beginMask(DIO_MaskKind kind)
 {
-    _open.emplace_back().byCoverage = byCoverage;
+    _open.emplace_back().maskKind = kind;
     ++_masksOpen;
 }
 
@@ -54,15 +54,16 @@ void DIO_ShapeGroups::endMask(const std::vector<DIO_Paint>& palette)
     std::vector<DIO_Shape> shapes;
     for (const Run& run : mask.runs)
         shapes.insert(shapes.end(), run.shapes.begin(), run.shapes.end());
+    const bool byCoverage = mask.maskKind == DIO_MaskKind::COVERAGE;
     Group& masked = _open.emplace_back();
+    masked.maskKind = mask.maskKind;
     if (DIO_PictureMask::isNeededFor(shapes)) {
-        masked.pictureMask.emplace(shapes, palette, mask.byCoverage, _picturePixels);
+        masked.pictureMask.emplace(shapes, palette, byCoverage, _picturePixels);
         return;
     }
     for (const DIO_Shape& shape : shapes) {
         const QColor& colour = palette[static_cast<std::size_t>(shape.paint)].colour;
-        masked.mask.push_back(
-            {DIO_paintedArea(shape, &_work), shape.opacity, mask.byCoverage ? 1.0 : brightness(colour)});
+        masked.mask.push_back({DIO_paintedArea(shape, &_work), shape.opacity, byCoverage ? 1.0 : brightness(colour)});
     }
 }
 
@@ -83,7 +84,10 @@ void DIO_ShapeGroups::cutByLevels(Group& group)
     for (const Run& run : group.runs)
         page |= DIO_boundsOf(run.shapes);
     DIO_CoverageLevels levels(page.adjusted(-1.0, -1.0, 1.0, 1.0), 0.0, _work);
-    levels.paint(group.mask);
+    if (group.maskKind == DIO_MaskKind::NESTED_BRIGHTNESS)
+        levels.paintNested(group.mask);
+    else
+        levels.paint(group.mask);
     _tooDetailed += levels.skipped();
     for (Run& run : group.runs)
         _tooDetailed += DIO_cut(run.shapes, levels, _work);

@@ -6,6 +6,7 @@
 
 #include "QuarvelDrawingIO/private/DIO_GroupedShapes.h"
 #include "QuarvelDrawingIO/private/DIO_PictureMask.h"
+#include "QuarvelDrawingIO/private/DIO_SvgMarks.h"
 
 class DIO_ShapeGroups
 {
@@ -33,8 +34,7 @@ public:
 
     /// The shapes up to endMask() make up a mask and are not painted.
     ///
-    /// @param byCoverage the mask lets through where it is painted; else where it is painted brightly
-    void beginMask(bool byCoverage);
+    void beginMask(DIO_MaskKind kind);
     bool isInMask() const { return _masksOpen > 0; }
     /// The shapes up to endMasked() are cut by the mask.
     ///
@@ -55,7 +55,7 @@ private:
     {
         std::vector<Run> runs;
         double opacity = 1.0;
-        bool byCoverage = false;
+        DIO_MaskKind maskKind = DIO_MaskKind::BRIGHTNESS; ///< of this group while it is a mask, then of its mask
         std::vector<DIO_CoverageLevels::Painted> mask;
         std::optional<DIO_PictureMask> pictureMask; ///< instead, where the mask has pictures in it
     };

@@ -22,8 +22,7 @@ struct DIO_SvgMark
         CLIP_POP,   ///< the clip that came last is lifted
         FADE_BEGIN, ///< the shapes that follow are faded together, to this many parts of kDIO_fullOpacity
         FADE_END,   ///< they end here
-        MASK_BEGIN, ///< the shapes that follow make up a mask and are not painted; 1: their coverage, 0: their
-                    ///< brightness
+        MASK_BEGIN, ///< the shapes that follow make up a mask and are not painted; the argument is a DIO_MaskKind
         MASK_END,   ///< from here on the mask cuts
         MASK_POP    ///< the mask that came last is lifted
     };
@@ -36,6 +35,14 @@ struct DIO_SvgMark
 
     /// The mark that a polyline is, if it is one.
     static std::optional<DIO_SvgMark> read(std::span<const QPointF> points);
+};
+
+/// What a mask lets through.
+enum class DIO_MaskKind
+{
+    BRIGHTNESS,       ///< what it paints brightly
+    COVERAGE,         ///< what it paints
+    NESTED_BRIGHTNESS ///< brightness; its shapes are opaque, each lies within the one before and is brighter
 };
 
 /// What a mark of fading says of an opacity of 1.

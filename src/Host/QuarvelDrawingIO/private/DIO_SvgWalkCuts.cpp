@@ -87,11 +87,13 @@ void DIO_SvgWalk::writeMask(const DIO_XmlNode& mask, const Visited& visited)
     _ancestry.push_back(&mask);
     const auto leave = qScopeGuard([this] { _ancestry.pop_back(); });
     const DIO_SvgProperties properties = DIO_cascade(_sheet, _ancestry);
-    const bool byCoverage = properties.value(QStringLiteral("mask-type")).trimmed() == u"alpha";
+    const DIO_MaskKind kind = properties.value(QStringLiteral("mask-type")).trimmed() == u"alpha"
+                                  ? DIO_MaskKind::COVERAGE
+                                  : DIO_MaskKind::BRIGHTNESS;
     Surroundings inner = visited.around;
     inner.inUse = true;
     const std::optional<QRectF> region = regionOf(mask, visited);
-    _writer->mark(DIO_SvgMark::Command::MASK_BEGIN, byCoverage ? 1 : 0);
+    _writer->mark(DIO_SvgMark::Command::MASK_BEGIN, static_cast<int>(kind));
     if (region) {
         _writer->clipTo(*region);
     }
@@ -168,7 +170,7 @@ void DIO_SvgWalk::writeFadingFill(const Visited& visited, const QString& data, c
     if (!toUser.isInvertible() || server < 0)
         return;
     // The mask is by brightness: opaque greys replace what they cover, so that each step has exactly its value.
-    _writer->mark(DIO_SvgMark::Command::MASK_BEGIN, 0);
+    _writer->mark(DIO_SvgMark::Command::MASK_BEGIN, static_cast<int>(DIO_MaskKind::NESTED_BRIGHTNESS));
     _writer->beginGroup(DIO_matrixText(toUser));
     DIO_SvgStyle painted;
     painted.evenOdd = true;
