@@ -63,11 +63,11 @@ std::vector<const MO_ElementModule*> elementsBehind(const MO_Port& input)
         const MO_Module& module = *source->module();
         if (!met.insert(&module).second)
             continue;
-        if (const auto* element = dynamic_cast<const MO_ElementModule*>(&module))
-            elements.push_back(element);
         for (unsigned i = 0; i < module.nInPorts(); ++i)
             if (const MO_Port* const port = module.inPort(i))
                 open.push_back(port);
+        if (const auto* element = dynamic_cast<const MO_ElementModule*>(&module))
+            elements.push_back(element);
     }
     return elements;
 }
