@@ -18,6 +18,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <set>
 #include <span>
 
 namespace {
@@ -61,9 +62,10 @@ bool isImportedColourTable(const MO_Module& module, const AT_Attr& attr)
     if (!NormalMapNode::is(module) || attr.keyword() != NormalMapNode::colourTableKey() || !scene || !text)
         return false;
     const std::vector<NormalMapColour> table = coloursOfTable(text->localValue());
-    const auto isListed = [&](const auto& colour) {
-        return std::ranges::find(table, colour->GetColorId(), &NormalMapColour::id) != table.end();
-    };
+    std::set<UT_Id> ids;
+    for (const NormalMapColour& colour : table)
+        ids.insert(colour.id);
+    const auto isListed = [&](const auto& colour) { return ids.contains(colour->GetColorId()); };
     const auto areListed = [&](const auto& palette) { return std::ranges::all_of(palette->colors(), isListed); };
     return std::ranges::all_of(table, isFullLevel) && std::ranges::all_of(scene->palettes(), areListed);
 }

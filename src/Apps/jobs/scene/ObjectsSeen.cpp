@@ -8,26 +8,39 @@
 #include "jobs/shown/DrawingExtent.h"
 #include "jobs/shown/SurfaceLines.h"
 
-#include <algorithm>
+#include <unordered_map>
 
 namespace {
 
 constexpr int kWidth = 720; // pixels
 
-int paintOf(const CELVEC_Kvd& drawing, const CELVEC_Shape& shape, std::vector<DIO_Paint>& palette)
+// The colours of all drawings as one drawing's palette, each once.
+class SolidPaints
+{
+public:
+    explicit SolidPaints(std::vector<DIO_Paint>& palette) : _palette(palette) {}
+
+    int indexOf(const QColor& colour)
+    {
+        const auto [entry, isNew] = _indices.try_emplace(colour.rgb(), static_cast<int>(_palette.size()));
+        if (isNew)
+            _palette.push_back({DIO_Paint::Kind::SOLID, colour, colour.name()});
+        return entry->second;
+    }
+
+private:
+    std::vector<DIO_Paint>& _palette;
+    std::unordered_map<QRgb, int> _indices;
+};
+
+QColor colourOf(const CELVEC_Kvd& drawing, const CELVEC_Shape& shape)
 {
     const auto colour = drawing.palette() ? drawing.palette()->findColor(shape.color) : nullptr;
     const CM_Rgba rgba = colour ? colour->GetNominalColor() : CM_Rgba();
-    const QColor opaque(rgba.red, rgba.green, rgba.blue);
-    const DIO_Paint paint{DIO_Paint::Kind::SOLID, opaque, opaque.name()};
-    const auto found = std::ranges::find(palette, paint);
-    if (found != palette.end())
-        return static_cast<int>(found - palette.begin());
-    palette.push_back(paint);
-    return static_cast<int>(palette.size()) - 1;
+    return {rgba.red, rgba.green, rgba.blue};
 }
 
-void addShapes(const CELVEC_Kvd& drawing, const QTransform& toPixel, DIO_Layer& layer, std::vector<DIO_Paint>& palette)
+void addShapes(const CELVEC_Kvd& drawing, const QTransform& toPixel, DIO_Layer& layer, SolidPaints& paints)
 {
     for (const CELVEC_Shape& shape : drawing.shapes(GR_Art::COLOUR)) {
         DIO_Shape seen;
@@ -35,7 +48,7 @@ void addShapes(const CELVEC_Kvd& drawing, const QTransform& toPixel, DIO_Layer& 
         if (shape.clip)
             seen.clip = toPixel.map(*shape.clip);
         seen.opacity = shape.opacity;
-        seen.paint = paintOf(drawing, shape, palette);
+        seen.paint = paints.indexOf(colourOf(drawing, shape));
         seen.picture = shape.picture;
         layer.shapes.push_back(std::move(seen));
     }
@@ -48,12 +61,13 @@ std::vector<SeenObject> objectsSeen(const MO_Scene& scene, std::span<const Objec
     const int height = scene.heightInPixels(kWidth);
     ChosenObjects chosen;
     chosen.drawing.viewBox = QRectF(0, 0, kWidth, height);
+    SolidPaints paints(chosen.drawing.palette);
     for (const ObjectInput& input : inputs) {
         DIO_Layer layer;
         for (const MO_ElementModule* const element : elementsBehind(*input.port))
             if (const auto drawing = element->drawingAt(frame)) {
                 const QTransform toPixel = scene.sceneToPixel(frame, {kWidth, height});
-                addShapes(*drawing, element->drawingToScene(frame) * toPixel, layer, chosen.drawing.palette);
+                addShapes(*drawing, element->drawingToScene(frame) * toPixel, layer, paints);
             }
         ChosenObject object;
         object.role = bendsTheSurface(*input.definition, frame) ? ObjectRole::RELIEF : ObjectRole::BODY;

@@ -216,6 +216,7 @@ void TimelineCanvas::paintNames(QPainter& painter) const
         return QRectF(0, rowTop(row), nameWidth(), kRowHeight).adjusted(indent, 0, -6, 0);
     };
     std::vector<RoomForName> full;
+    full.reserve(_rows.size());
     for (int row = 0; row < static_cast<int>(_rows.size()); ++row)
         full.push_back({_rows[static_cast<std::size_t>(row)].label, roomOf(row).width()});
     const std::vector<QString> names = shortNames(full, QFontMetricsF(font));
