@@ -24,8 +24,6 @@ GroupMakers scalingGroups();
 GroupMakers commandGroups();
 /// The choice of objects and forms beside painting the drawing once.
 GroupMakers choiceGroups();
-/// The command on drawings of increasing numbers of layers and objects.
-GroupMakers growthGroups();
 
 /// A value that is made on first use, shared by the cases of a group.
 template<typename Value>

@@ -3,7 +3,7 @@
 // bench_vallorin [NAME] [--json FILE] [--plot FILE] [--benchmark_...]
 //
 // Measures, prints the table, and on request writes it as JSON and as an SVG picture. NAME selects benchmarks as
-// --benchmark_filter does ("growth", "command/4K"), and memory cases too. The other options of Google Benchmark set the
+// --benchmark_filter does ("blur", "command/4K"), and memory cases too. The other options of Google Benchmark set the
 // repetitions. Everything runs on one thread except the cases whose names say otherwise.
 #include "Groups.h"
 #include "Plot.h"
@@ -108,7 +108,7 @@ void runGroup(const Group& group, const Filter& accepts, TimeCollector& times)
 void runAll(const Filter& accepts, Findings& findings)
 {
     for (const GroupMakers& makers :
-         {wholeGroups(), blurGroups(), stageGroups(), scalingGroups(), commandGroups(), choiceGroups(), growthGroups()})
+         {wholeGroups(), blurGroups(), stageGroups(), scalingGroups(), commandGroups(), choiceGroups()})
         for (const auto& makeGroup : makers) {
             const Group group = makeGroup();
             std::cerr << "measuring " << group.cases.front().name << " and similar cases\n";
