@@ -7,6 +7,7 @@
 #include "form/bitmap/pictures/Backdrop.h"
 #include "form/bitmap/pictures/FrameContinuation.h"
 #include "form/bitmap/pictures/LineArt.h"
+#include "form/bitmap/regions/BitmapBoards.h"
 #include "form/bitmap/regions/BitmapRoles.h"
 #include "form/bitmap/regions/RegionMerging.h"
 
@@ -199,15 +200,18 @@ ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing, const QRectF& page
     RegionGraph graph(regions, own.colours);
     if (graph.coveredPixels() == 0)
         return asItIs(drawing);
+    const FoundRegions found = graph.regions();
     if (!regions.painted)
         joinShadesAndMarks(graph, regions.hard);
-    const PixelPlane<int> labels = graph.labels();
-    BitmapFrame frame{bitmap.size(), own.cells, FrameCuts(labels)};
+    BitmapFrame frame{bitmap.size(), own.cells, FrameCuts(graph.labels())};
     endInside(drawing.viewBox, drawing.layers.front().shapes.front(), frame.cuts);
     const bool opaque = frame.cuts.isCutAllAround();
+    // A picture that is opaque up to its borders has no outline, so it is no board.
+    const int board = regions.painted || opaque ? kNoLabel : joinBoard(graph, found);
+    const PixelPlane<int> labels = graph.labels();
     endInside(page, drawing.layers.front().shapes.front(), frame.cuts);
     const StackingOrder stacking = stackingOrderOf(graph, labels);
-    const std::vector<BitmapRole> roles = bitmapRolesOf(graph, stacking, regions.painted, opaque);
+    const std::vector<BitmapRole> roles = bitmapRolesOf(graph, stacking, board, regions.painted, opaque);
     const std::vector<ObjectLabels> parts = objectLabels(regions, graph, stacking, roles);
     std::vector<ObjectPicture> pictures = objectPictures(bitmap, own, labels, parts);
 
@@ -218,7 +222,7 @@ ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing, const QRectF& page
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const Region& region = graph.region(parts[i].label);
         endAtFrame(pictures[i], frame);
-        if (roles[i].role != ObjectRole::FLAT)
+        if (roles[i].role != ObjectRole::FLAT && roles[i].role != ObjectRole::SLAB)
             repeatBeyondFrame(pictures[i], frame, marginFor(region, own.cells, bitmap.size()));
         assembly.add(pictures[i], parts[i].colour, region.colour, roles[i], shares[parts[i].label]);
     }

@@ -3,9 +3,11 @@
 // Asks of each shape in turn: is it ink (Ink), does it lie inside a part (InnerRules), does it continue one
 // (JoinRules)?
 #include "form/choice/PartFinder.h"
+#include "form/choice/Flags.h"
 
 #include "form/choice/Bands.h"
 #include "form/choice/Boards.h"
+#include "form/choice/Flags.h"
 #include "form/choice/Ink.h"
 #include "form/choice/InnerFacts.h"
 #include "form/choice/JoinRules.h"
@@ -178,7 +180,7 @@ private:
 
 FoundParts findParts(const std::vector<ShapeFacts>& facts, const Grid& grid)
 {
-    FoundParts found = joinedBoards(joinedBands(PartFinder(facts, grid).find(), facts), facts);
+    FoundParts found = printedFlag(joinedBoards(joinedBands(PartFinder(facts, grid).find(), facts), facts), facts);
     findWheels(found, facts);
     findSigns(found, facts);
     return found;

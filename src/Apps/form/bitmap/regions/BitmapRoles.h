@@ -14,6 +14,7 @@ struct BitmapRole
 
 /// The role of each region in stacking.bottomUp, in its order.
 ///
+/// @param board the number of the region that is a board; kNoLabel if none is
 /// @param opaque the picture is opaque up to its borders and continues outside them
-std::vector<BitmapRole> bitmapRolesOf(const RegionGraph& graph, const StackingOrder& stacking, bool painted,
+std::vector<BitmapRole> bitmapRolesOf(const RegionGraph& graph, const StackingOrder& stacking, int board, bool painted,
                                       bool opaque);

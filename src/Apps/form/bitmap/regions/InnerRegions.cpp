@@ -86,7 +86,7 @@ std::vector<int> InnerRegions::siblings(int number, int base) const
     return found;
 }
 
-Verdict InnerRegions::judge(int number, int base)
+Verdict InnerRegions::judge(int number, int base, bool onBoard)
 {
     const Base& around = this->base(base);
     const ShapeFacts own = factsOf(number, _graph.filledMask(number, _scale));
@@ -94,5 +94,5 @@ Verdict InnerRegions::judge(int number, int base)
     const double share = own.area / std::max(1.0, double(around.facts.area));
     return judgeInner({own, around.facts, around.facts, share, following(own, around), 1.0,
                        isConcentric(own, around.facts.mask, share), held(number), std::max(0, others),
-                       double(_grid.width()) * _grid.height()});
+                       double(_grid.width()) * _grid.height(), onBoard});
 }

@@ -17,7 +17,9 @@ public:
     explicit InnerRegions(const RegionGraph& graph);
 
     /// Decides about a region that lies inside another.
-    Verdict judge(int number, int base);
+    ///
+    /// @param onBoard the other is a board
+    Verdict judge(int number, int base, bool onBoard = false);
     /// The regions inside a base that have a region's colour and about its size, the region itself among them.
     std::vector<int> siblings(int number, int base) const;
 
