@@ -21,20 +21,26 @@ constexpr int kMaxCrossings = 10'000;
 
 // Measured on stripes: an element of long paths takes ten times the time of one of short paths, and where stripes
 // cross, each crossing takes the longer, the more of them there are.
-int unitsFor(int elements, int crossings)
+int unitsForElements(int elements)
 {
     constexpr int kLong = 256;
-    constexpr int kMany = 1024;
-    return elements + elements * elements / kLong + crossings + crossings * crossings / kMany;
+    return elements + elements * elements / kLong;
 }
 
+int unitsForCrossings(int crossings)
+{
+    constexpr int kMany = 1024;
+    return crossings + crossings * crossings / kMany;
+}
+
+// The elements are paid for first: where nothing is left for them, their crossings need not be counted either.
 bool areTooDetailed(const QPainterPath& a, const QPainterPath& b, DIO_PathWork* work)
 {
     const int elements = a.elementCount() + b.elementCount();
-    if (elements > kMaxElements)
+    if (elements > kMaxElements || (work && !work->take(unitsForElements(elements))))
         return true;
     const int crossings = DIO_crossings(a, b, kMaxCrossings);
-    return crossings > kMaxCrossings || (work && !work->take(unitsFor(elements, crossings)));
+    return crossings > kMaxCrossings || (work && !work->take(unitsForCrossings(crossings)));
 }
 
 // QRectF::intersects() is false for rectangles that are empty in one direction; a closed comparison is not.

@@ -8,6 +8,8 @@
 
 #include <QElapsedTimer>
 
+#include <cmath>
+
 using namespace drawings;
 using testing::HasSubstr;
 
@@ -185,6 +187,35 @@ TEST(HostileSvg, clipsWhoseOutlinesCrossOftenAreSimplified)
     const DIO_Drawing drawing = read(content);
     EXPECT_EQ(shapesOf(drawing).size(), 500U);
     EXPECT_THAT(drawing.warnings.join(u' ').toStdString(), HasSubstr("clips within clips that are too detailed"));
+}
+
+// 300 clips within each other cut 1,000 squares: the file is small, what it asks for is not.
+TEST(HostileSvg, whatClipsWithinClipsRepeatIsCounted)
+{
+    const auto number = [](int value) { return QByteArray::number(value); };
+    QByteArray clips = "<clipPath id='c0'><rect width='50' height='50'/></clipPath>";
+    for (int i = 1; i < 300; ++i)
+        clips += "<clipPath id='c" + number(i) + "' clip-path='url(#c" + number(i - 1) +
+                 ")'><rect width='50' height='50'/></clipPath>";
+    const QByteArray clipped = "<rect width='9' height='9' clip-path='url(#c299)'/>";
+    EXPECT_THAT(refusalOf(document(clips + clipped.repeated(1000))), HasSubstr("more than 250000 elements"));
+    EXPECT_EQ(shapesOf(read(clips + clipped.repeated(20))).size(), 20U);
+}
+
+// Each group compares its 3,000 shapes in pairs to see which overlap. Those that are not compared any more fade as
+// shapes that stand alone, which these do.
+TEST(HostileSvg, groupsThatCompareTooManyShapesAreSimplified)
+{
+    constexpr int kDepth = 100;
+    QByteArray squares;
+    for (int i = 0; i < 3000; ++i)
+        squares += "<rect x='" + QByteArray::number(i % 60) + "' y='" + QByteArray::number(i / 60) +
+                   "' width='.5' height='.5'/>";
+    const DIO_Drawing drawing =
+        read(QByteArray("<g opacity='0.99'>").repeated(kDepth) + squares + QByteArray("</g>").repeated(kDepth));
+    ASSERT_EQ(shapesOf(drawing).size(), 3000U);
+    EXPECT_NEAR(shapesOf(drawing).front().opacity, std::pow(0.99, kDepth), 0.001);
+    EXPECT_THAT(drawing.warnings.join(u' ').toStdString(), HasSubstr("too detailed"));
 }
 
 // There, the number of a tile plus 1 is the same number.

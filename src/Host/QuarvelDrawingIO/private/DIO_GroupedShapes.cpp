@@ -8,6 +8,7 @@
 #include "QuarvelDrawingIO/private/DIO_PictureForm.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -76,20 +77,31 @@ QRectF boundsOf(const DIO_Shape& shape)
 }
 
 // For each shape, whether it overlaps no other one. Of more shapes than can be compared in pairs, the later ones count
-// as standing alone.
-std::vector<bool> standAlone(const std::vector<DIO_Shape>& shapes)
+// as standing alone. Nothing when no work is left for it.
+std::optional<std::vector<bool>> standAlone(const std::vector<DIO_Shape>& shapes, DIO_PathWork& work)
 {
     constexpr std::size_t kMost = 3000;
+    constexpr std::size_t kPairsPerUnit = 128;
+    const std::size_t compared = std::min(shapes.size(), kMost);
+    if (!work.take(static_cast<int>(compared * compared / 2 / kPairsPerUnit)))
+        return std::nullopt;
     std::vector<bool> alone(shapes.size(), true);
     std::vector<QRectF> bounds;
     bounds.reserve(shapes.size());
     for (const DIO_Shape& shape : shapes)
         bounds.push_back(boundsOf(shape));
-    for (std::size_t i = 0; i < std::min(shapes.size(), kMost); ++i)
+    for (std::size_t i = 0; i < compared; ++i)
         for (std::size_t j = 0; j < i; ++j)
             if (bounds[i].intersects(bounds[j]))
                 alone[i] = alone[j] = false;
     return alone;
+}
+
+// As if no shape overlapped another one.
+void fadeEach(std::vector<DIO_Shape>& shapes, double opacity)
+{
+    for (DIO_Shape& shape : shapes)
+        shape.opacity *= opacity;
 }
 
 // The opacity of a shape under an already faded group: the more opaque that group is, the less is painted.
@@ -157,7 +169,11 @@ int DIO_fade(std::vector<DIO_Shape>& shapes, double opacity, DIO_PathWork& work)
 {
     if (opacity >= 1.0 - kInvisible)
         return 0;
-    const std::vector<bool> alone = standAlone(shapes);
+    const std::optional<std::vector<bool>> alone = standAlone(shapes, work);
+    if (!alone) {
+        fadeEach(shapes, opacity);
+        return 1;
+    }
     // From the top down: what a shape adds depends on how opaque the group already is above it.
     DIO_CoverageLevels above(DIO_boundsOf(shapes).adjusted(-1.0, -1.0, 1.0, 1.0), 0.0, work);
     std::vector<DIO_Shape> faded;
@@ -166,7 +182,7 @@ int DIO_fade(std::vector<DIO_Shape>& shapes, double opacity, DIO_PathWork& work)
         const DIO_Shape& shape = shapes[i];
         std::vector<DIO_Shape> parts{shape};
         parts.front().opacity *= opacity;
-        if (!alone[i]) {
+        if (!(*alone)[i]) {
             const DIO_CoverageLevels left = leftBelow(above, shape, opacity, work);
             tooDetailed += left.skipped() + DIO_cut(parts, left, work);
             if (shape.picture.isNull() || DIO_isOpaque(shape.picture))

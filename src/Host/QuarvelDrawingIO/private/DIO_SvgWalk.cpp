@@ -16,6 +16,9 @@
 namespace {
 
 constexpr int kMaxInstances = 100'000;
+// What is visited again for each copy, marker, mask, clip and box. Twice the elements of the most detailed real
+// drawing.
+constexpr int kMaxRepeated = 250'000;
 constexpr qint64 kMaxBytes = 256 * 1024 * 1024;
 constexpr int kMaxDepth = 800;
 
@@ -117,6 +120,8 @@ void DIO_SvgWalk::visit(const DIO_XmlNode& node, const DIO_SvgStyle& outer, cons
         ++_leftOut[node.name];
     if (element == Element::UNKNOWN || element == Element::IGNORED ||
         !node.attribute(QLatin1String("requiredExtensions")).isEmpty())
+        return;
+    if ((around.inUse || around.inClip) && !countRepeated())
         return;
 
     _ancestry.push_back(&node);
@@ -262,6 +267,13 @@ bool DIO_SvgWalk::countInstance()
     if (++_instances > kMaxInstances)
         refuse(QStringLiteral("makes more than %1 copies of its parts").arg(kMaxInstances));
     return _instances <= kMaxInstances;
+}
+
+bool DIO_SvgWalk::countRepeated()
+{
+    if (++_repeated > kMaxRepeated)
+        refuse(QStringLiteral("makes copies, clips and masks of more than %1 elements").arg(kMaxRepeated));
+    return _repeated <= kMaxRepeated;
 }
 
 void DIO_SvgWalk::noteWhatIsLeftOut(const DIO_SvgProperties& properties)

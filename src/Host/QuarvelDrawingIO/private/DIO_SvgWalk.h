@@ -138,6 +138,7 @@ private:
     void refuse(const QString& why); ///< the first reason is kept
     bool withinLimits();
     bool countInstance(); ///< false when there are too many copies
+    bool countRepeated(); ///< false when too many elements are in copies, clips and masks
     void noteWhatIsLeftOut(const DIO_SvgProperties& properties);
     QStringList warnings() const;
     /// @}
@@ -238,4 +239,5 @@ private:
     QString _problem;
     qint64 _picturePixels; ///< how many more may be decoded
     int _instances = 0;
+    int _repeated = 0;
 };

@@ -39,7 +39,7 @@ DIO_SvgWalk::Cuts DIO_SvgWalk::beginCuts(const Visited& visited, DIO_FlatWriter:
         _writer->beginGroup(extras.transform);
         extras.transform.clear();
     }
-    for (QSet<const DIO_XmlNode*> seen; clip && !seen.contains(clip); ++cuts.clips) {
+    for (QSet<const DIO_XmlNode*> seen; clip && !seen.contains(clip) && countRepeated(); ++cuts.clips) {
         seen.insert(clip);
         _ancestry.push_back(clip);
         const DIO_SvgProperties own = DIO_cascade(_sheet, _ancestry);
