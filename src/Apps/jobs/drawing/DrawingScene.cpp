@@ -205,7 +205,7 @@ MO_ElementModule& addElement(MO_Scene& scene, const LayeredDrawing::Layer& layer
 ObjectDefinition& addDefinition(MO_Scene& scene, const QString& layerName, int number, const ObjectValues& values)
 {
     auto& definition = scene.root().emplace<ObjectDefinition>();
-    definition.setInstanceName(layerName + QStringLiteral("-Definition"));
+    definition.setInstanceName(definitionName(layerName));
     definition.objectNumber()->setLocalValue(values.cutOut ? 0 : number);
     definition.objectLevel()->setLocalValue(values.level);
     definition.scaleByCoverage()->setLocalValue(values.scaleByCoverage);
@@ -232,6 +232,11 @@ double frameHeight(const QSizeF& drawing, const std::pair<int, int>& resolution,
 bool showsNothing(const LayeredDrawing& drawing, const NormalMapSettings& settings)
 {
     return objectTable(drawing, settings).empty();
+}
+
+QString definitionName(const QString& layer)
+{
+    return layer + QStringLiteral("-Definition");
 }
 
 std::pair<int, int> pictureSize(const QSizeF& drawing, const NormalMapSettings& settings)

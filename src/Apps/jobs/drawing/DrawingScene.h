@@ -90,6 +90,9 @@ private:
     std::pair<int, int> _resolution;
 };
 
+/// The name of the Object Definition of a layer with this name.
+QString definitionName(const QString& layer);
+
 /// Whether every object is hidden or a cut-out, so that nothing of the drawing shows.
 ///
 /// @param settings with numbered objects

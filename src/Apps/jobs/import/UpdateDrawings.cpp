@@ -16,12 +16,16 @@
 #include "QuarvelSceneCore/graph/MO_Port.h"
 #include "QuarvelSceneCore/graph/MO_SceneCopy.h"
 #include "QuarvelSceneCore/kinds/MO_CompositeModule.h"
+#include "jobs/drawing/DrawingScene.h"
 #include "jobs/import/LayerInputs.h"
 #include "jobs/import/LayerMatch.h"
 #include "jobs/import/SceneElements.h"
 #include "jobs/import/StepsCommand.h"
+#include "jobs/import/UpdateColours.h"
 #include "jobs/shown/DrawingExtent.h"
 #include "jobs/shown/NormalMapNode.h"
+
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <iterator>
@@ -80,6 +84,13 @@ ObjectDefinition* definitionFedBy(const MO_ElementModule& element)
     return nullptr;
 }
 
+// Whether an import gave this name to an element of the layer: a name that is taken gets a number.
+bool isNamedAfter(const QString& name, const QString& layer)
+{
+    static const QRegularExpression number(QStringLiteral("^(_[0-9]+)?$"));
+    return !layer.isEmpty() && name.startsWith(layer) && number.match(name.mid(layer.size())).hasMatch();
+}
+
 // Finds everything that an update has to do.
 class Update
 {
@@ -119,11 +130,16 @@ public:
             else if (empty(*_elements[i]))
                 update.vanished << _elements[i]->instanceName();
         }
+        rename();
         wire();
+        if (_node && !_newColours.empty())
+            _steps.push_back(listColours(*_node, _newColours, _fresh));
         if (_fresh.lastFrame() > _scene.lastFrame())
             _steps.emplace_back([&scene = _scene, last = _fresh.lastFrame()] {
                 return MO_frameRangeCmd(scene, scene.firstFrame(), last);
             });
+        if (!_steps.empty())
+            _steps.push_back(dropColours(_scene, coloursPaintedBy(_elements)));
         if (!_steps.empty())
             update.command = std::make_unique<StepsCommand>(name, std::move(_steps));
         return update;
@@ -183,17 +199,19 @@ private:
                 known = palette;
         if (!known) {
             _palette = fresh;
+            for (const auto& color : fresh->colors())
+                _newColours.insert(color->GetColorId());
             _steps.emplace_back([&scene = _scene, fresh] { return MO_addPaletteCmd(scene, fresh); });
             return;
         }
         auto joined = UT_makeShared<CM_Palette>(known->GetName(), known->GetId());
         for (const auto& color : known->colors())
             joined->addColor(color);
-        bool grows = false;
         for (const auto& color : fresh->colors())
-            grows = joined->addColor(color) || grows;
-        _palette = grows ? joined : known;
-        if (grows)
+            if (joined->addColor(color))
+                _newColours.insert(color->GetColorId());
+        _palette = _newColours.empty() ? known : joined;
+        if (!_newColours.empty())
             _steps.emplace_back(
                 [&scene = _scene, known, joined] { return MO_replacePaletteCmd(scene, known, joined); });
     }
@@ -225,9 +243,36 @@ private:
                 return MO_exposuresCmd(*element.drawingAttr(), sheet);
             });
         if (element.origin() != layer.origin())
+            followName(element, layer);
+        if (element.origin() != layer.origin())
             _steps.emplace_back([&element, origin = layer.origin()] { return MO_originCmd(element, origin); });
         if (ownFrame && placingOf(element) == usualPlacing(_elements) && placingOf(element) != placingOf(layer))
             place(element, placingOf(layer));
+    }
+
+    // A name that people gave stays.
+    void followName(MO_ElementModule& element, const MO_ElementModule& layer)
+    {
+        const QString name = element.instanceName();
+        if (element.origin().layer == layer.origin().layer || !isNamedAfter(name, element.origin().layer))
+            return;
+        _names.emplace_back(&element, layer.instanceName());
+        ObjectDefinition* const definition = definitionFedBy(element);
+        const ObjectDefinition* const fresh = definitionFedBy(layer);
+        if (definition && fresh && definition->instanceName() == definitionName(name))
+            _names.emplace_back(definition, fresh->instanceName());
+    }
+
+    // Layers may have exchanged their names, and new ones may have names of others: all names are free before the first
+    // is given, and given before anything is added.
+    void rename()
+    {
+        std::vector<StepsCommand::Step> steps;
+        for (const auto& [module, name] : _names)
+            steps.emplace_back([module = module] { return MO_renameCmd(*module, QStringLiteral("*")); });
+        for (const auto& [module, name] : _names)
+            steps.emplace_back([module = module, name = name] { return MO_renameCmd(*module, name); });
+        _steps.insert(_steps.begin(), std::make_move_iterator(steps.begin()), std::make_move_iterator(steps.end()));
     }
 
     void place(MO_ElementModule& element, const ElementPlacing& placing)
@@ -355,7 +400,9 @@ private:
     MO_Module* _node = nullptr;
     MO_CompositeModule* _composite = nullptr;
     PalettePtr _palette;
+    std::set<CM_ColorId_t> _newColours; // for the scene
     std::vector<AddedLayer> _added;
+    std::vector<std::pair<MO_Module*, QString>> _names; // that change
     std::vector<StepsCommand::Step> _steps;
 };
 

@@ -4,7 +4,8 @@
 // everything that was set for their objects stays. Objects are found again by their layers' names and by their shapes
 // (LayerMatch.h).
 //
-//   in both        the element gets the new drawings; number, bevel, keys, names, links and exposures stay
+//   in both        the element gets the new drawings; number, bevel, keys, links, exposures and names that people gave
+//                  stay; a name that came from the file follows it
 //   only in files  an element with its Object Definition is added, where it lies among the others
 //   only in scene  the element is empty from now on and keeps all that was set, in case the layer comes back
 #pragma once

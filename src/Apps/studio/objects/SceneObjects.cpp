@@ -7,6 +7,7 @@
 #include "QuarvelSceneCore/attributes/AT_DoubleAttr.h"
 #include "QuarvelSceneCore/graph/MO_Port.h"
 #include "jobs/drawing/ChosenForm.h"
+#include "jobs/drawing/DrawingScene.h"
 #include "jobs/shown/VisibleDrawing.h"
 
 #include <algorithm>
@@ -15,7 +16,7 @@
 
 namespace {
 
-const QString kSuffix = QStringLiteral("-Definition");
+const QString kSuffix = definitionName({});
 
 struct Source
 {

@@ -73,6 +73,13 @@ protected:
                 row.bevel = bevel;
         NormalMapNode(node()).objectsCmd(rows)->execute();
     }
+    QStringList listedColours() const
+    {
+        QStringList names;
+        for (const NormalMapColour& row : NormalMapNode(node()).colours())
+            names << row.name;
+        return names;
+    }
     // The elements behind the node's inputs, bottom up.
     QStringList stack() const
     {
@@ -163,10 +170,31 @@ TEST_F(UpdateDrawingsTest, KnowsALayerThatWasRenamedByItsPlace)
     update(part("Body", 10) + part("Left arm", 20));
     EXPECT_TRUE(made.added.isEmpty());
     EXPECT_TRUE(made.vanished.isEmpty());
-    EXPECT_EQ(valuesOf("Arm").bevel, 33.0);
+    EXPECT_EQ(valuesOf("Left arm").bevel, 33.0);
+    EXPECT_EQ(definitionOf("Left arm").instanceName(), "Left arm-Definition");
     // From now on it is called so in the file.
     update(part("Body", 10) + part("Left arm", 70));
-    EXPECT_EQ(placeOf("Arm"), QRectF(70, 40, 10, 10));
+    EXPECT_EQ(placeOf("Left arm"), QRectF(70, 40, 10, 10));
+}
+
+TEST_F(UpdateDrawingsTest, ExchangesTheNamesOfLayersThatExchangedThem)
+{
+    import(part("Body", 10) + part("Arm", 40));
+    const QString before = textOf(*scene);
+    update(part("Arm", 10) + part("Body", 40) + part("Hat", 80));
+    EXPECT_EQ(placeOf("Arm"), QRectF(10, 40, 10, 10));
+    EXPECT_EQ(placeOf("Body"), QRectF(40, 40, 10, 10));
+    EXPECT_EQ(stack(), (QStringList{"Arm", "Body", "Hat"}));
+    made.command->undo();
+    EXPECT_EQ(textOf(*scene), before);
+}
+
+TEST_F(UpdateDrawingsTest, KeepsANameThatPeopleGave)
+{
+    import(part("Body", 10) + part("Arm", 20));
+    element("Arm").setInstanceName(QStringLiteral("Wing"));
+    update(part("Body", 10) + part("Left arm", 20));
+    EXPECT_EQ(placeOf("Wing"), QRectF(20, 40, 10, 10));
 }
 
 TEST_F(UpdateDrawingsTest, FollowsElementsThatPeopleRenamedOrDuplicated)
@@ -189,6 +217,44 @@ TEST_F(UpdateDrawingsTest, KeepsColoursThatWereChangedByHand)
     update(part("Body", 10) + part("Arm", 60) + part("Hat", 80, "#00ff00"));
     EXPECT_EQ(colourNames(*scene->palettes().front()), (QStringList{"#010203", "#00ff00"}));
     EXPECT_EQ(element("Arm").drawingAt(1.0)->palette(), scene->palettes().front());
+}
+
+TEST_F(UpdateDrawingsTest, HasTheColoursThatTheFileHas)
+{
+    import(part("Body", 10) + part("Arm", 20, "#0000ff"));
+    const QString before = textOf(*scene);
+    update(part("Body", 10) + part("Arm", 20, "#00ff00"));
+    EXPECT_EQ(colourNames(*scene->palettes().front()), (QStringList{"#ff0000", "#00ff00"}));
+    EXPECT_EQ(listedColours(), (QStringList{"#ff0000", "#00ff00"})) << "as after an import";
+    made.command->undo();
+    EXPECT_EQ(textOf(*scene), before);
+    made.command->redo();
+    EXPECT_EQ(colourNames(*scene->palettes().front()), (QStringList{"#ff0000", "#00ff00"}));
+}
+
+TEST_F(UpdateDrawingsTest, KeepsAColourThatPeopleSetUntilItIsBack)
+{
+    import(part("Body", 10, "#ff0000") + part("Arm", 20, "#0000ff") + part("Hat", 30, "#00ff00"));
+    const CM_SharedPtr<CM_Palette> palette = scene->palettes().front();
+    const auto rows = NormalMapNode(node()).colours();
+    ASSERT_EQ(rows.size(), 3U);
+    auto carved = rows;
+    carved[1].level = 0;
+    NormalMapNode(node()).coloursCmd(carved)->execute();
+    MO_renameColorCmd(*scene, palette, rows[2].id, QStringLiteral("Grass"))->execute();
+    update(part("Body", 10, "#111111") + part("Arm", 20, "#111111") + part("Hat", 30, "#111111"));
+    EXPECT_EQ(colourNames(*scene->palettes().front()), (QStringList{"#0000ff", "#00ff00", "#111111"}));
+    EXPECT_EQ(NormalMapNode(node()).colours()[0].level, 0);
+}
+
+TEST_F(UpdateDrawingsTest, LeavesAColourWithoutALevelAsItIs)
+{
+    import(part("Body", 10) + part("Arm", 20, "#0000ff"));
+    auto rows = NormalMapNode(node()).colours();
+    rows.erase(rows.begin());
+    NormalMapNode(node()).coloursCmd(rows)->execute();
+    update(part("Body", 10) + part("Arm", 20, "#00ff00"));
+    EXPECT_EQ(listedColours(), (QStringList{"#00ff00"}));
 }
 
 TEST_F(UpdateDrawingsTest, KnowsNamelessShapesByWhereTheyLie)
