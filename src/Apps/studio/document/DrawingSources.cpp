@@ -6,6 +6,7 @@
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "jobs/drawing/ObjectWords.h"
 #include "jobs/import/DrawingDigest.h"
+#include "jobs/import/FrameNumbers.h"
 #include "jobs/import/ImportDrawings.h"
 #include "jobs/import/SceneElements.h"
 #include "jobs/import/UpdateDrawings.h"
@@ -118,6 +119,8 @@ void DrawingSources::follow()
     if (now == _sources)
         return;
     _sources = now;
+    if (!_sources.empty())
+        _document.setNameOfDrawings(sequenceName(_sources.front()));
     for (const QStringList& files : _sources)
         for (const QString& file : files)
             if (!_seen.contains(file))
@@ -262,6 +265,7 @@ void DrawingSources::apply(Reading& reading)
     DrawingUpdate update = updateDrawings(scene, elements, *reading.result->scene, name);
     // What was only looked at can still be left without a question: the drawing can be opened again.
     const bool wasUntouched = _document.folder().isEmpty() && !_document.holdsWork();
+    Q_EMIT aboutToUpdate();
     const bool isDone = _document.execute(std::move(update.command));
     if (isDone && wasUntouched && request.source == request.files)
         _document.commands().setClean();

@@ -58,6 +58,8 @@ public:
     void replace(const QStringList& source, const QStringList& files);
 
 Q_SIGNALS:
+    /// Files were read, and the scene follows them next.
+    void aboutToUpdate();
     /// The scene follows its files now.
     void updated(const QString& remarks);
     /// A file cannot be read; the scene stays as it is.

@@ -4,10 +4,24 @@
 #include "studio/export/LastExport.h"
 
 #include "studio/document/StudioDocument.h"
+#include "studio/export/ExportPlan.h"
+
+#include <utility>
 
 LastExport::LastExport(StudioDocument& document, QObject* parent) : QObject(parent), _document(document)
 {
     connect(&_document, &StudioDocument::sceneReplaced, this, [this] { _choices.reset(); });
+}
+
+void LastExport::noteSize()
+{
+    _hasOwnSize = _choices && _choices->width == ownWidth(_document.scene());
+}
+
+void LastExport::followSize()
+{
+    if (_choices && std::exchange(_hasOwnSize, false))
+        _choices->width = ownWidth(_document.scene());
 }
 
 void LastExport::repeat()

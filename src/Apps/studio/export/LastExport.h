@@ -22,6 +22,10 @@ public:
     /// The choices; std::nullopt if this scene has not been exported.
     const std::optional<ExportChoices>& choices() const { return _choices; }
     void setChoices(const ExportChoices& choices) { _choices = choices; }
+    /// The drawings are about to be read again: notes whether the export has their own size.
+    void noteSize();
+    /// They were read: an export that had their own size has it again.
+    void followSize();
 
     /// Exports again, unless a repetition is running.
     void repeat();
@@ -37,5 +41,6 @@ Q_SIGNALS:
 private:
     StudioDocument& _document;
     std::optional<ExportChoices> _choices;
+    bool _hasOwnSize = false; // as it was noted
     std::unique_ptr<ExportJob> _job;
 };

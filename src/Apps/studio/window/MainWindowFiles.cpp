@@ -3,7 +3,6 @@
 // Opening, saving and leaving.
 #include "studio/window/MainWindow.h"
 
-#include "jobs/import/FrameNumbers.h"
 #include "studio/document/DialogFolders.h"
 #include "studio/document/SceneDialog.h"
 #include "studio/export/ExportDialog.h"
@@ -140,6 +139,8 @@ void MainWindow::makeSources()
         if (!remarks.isEmpty())
             _messages->showNotice(remarks);
     });
+    connect(&_sources, &DrawingSources::aboutToUpdate, &_lastExport, &LastExport::noteSize);
+    connect(&_sources, &DrawingSources::updated, &_lastExport, &LastExport::followSize);
     connect(&_sources, &DrawingSources::failed, _messages, &MessageBar::showError);
 }
 
@@ -178,8 +179,6 @@ void MainWindow::openPaths(const QStringList& paths)
 void MainWindow::opened(const OpenRequest& request, const QString& remarks)
 {
     const bool isImport = request.scene.isEmpty();
-    if (isImport)
-        _document.setNameOfDrawings(sequenceName(request.drawings));
     if (const QString path = request.path(); path != examplePath()) {
         _recent.add(path);
         rememberDialogFolder(isImport ? FileDialogKind::DRAWINGS : FileDialogKind::SCENES,

@@ -4,6 +4,7 @@
 #include "Apps/studio/export/ExportTesting.h"
 
 #include "QuarvelImageIO/IIO_PictureFile.h"
+#include "studio/export/ExportPlan.h"
 
 #include <QStatusBar>
 #include <QTimer>
@@ -82,7 +83,7 @@ TEST_F(WindowExportTest, RepeatsWithTheSceneAsItIsNow)
     QAction* const repeat = actionNamed(QStringLiteral("Repeat Last Export"));
     EXPECT_EQ(repeat->shortcut(), QKeySequence(QStringLiteral("Ctrl+Shift+E")));
     window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get(), studio_testing::kPatience));
     QTest::keyClick(&viewer(), Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
     ASSERT_TRUE(studio_testing::waitUntil([&] {
         return window->statusBar()->currentMessage().contains(QStringLiteral("1 picture"));
@@ -92,6 +93,21 @@ TEST_F(WindowExportTest, RepeatsWithTheSceneAsItIsNow)
     EXPECT_EQ(picture->dataWindow().height(), 200);
     EXPECT_NE(bytesOf(QStringLiteral("disc_n.png")), before);
     EXPECT_EQ(asked, QString());
+}
+
+TEST_F(WindowExportTest, RepeatsAtTheDrawingsOwnSizeAfterThatChanged)
+{
+    openDisc();
+    exportByKeys();
+    write(QStringLiteral("disc.svg"), QByteArray(studio_testing::kDisc).replace("width=\"200\"", "width=\"300\""));
+    ASSERT_TRUE(studio_testing::waitUntil([this] { return ownWidth(document().scene()) == 300; }));
+    actionNamed(QStringLiteral("Repeat Last Export"))->trigger();
+    ASSERT_TRUE(studio_testing::waitUntil([&] {
+        return window->statusBar()->currentMessage().contains(QStringLiteral("1 picture"));
+    })) << window->messages().text().toStdString();
+    const auto picture = IIO_read(folder.filePath(QStringLiteral("disc_n.png")));
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(picture->dataWindow().width(), 300);
 }
 
 TEST_F(WindowExportTest, RunsOneRepetitionAtATime)

@@ -6,6 +6,7 @@
 #include "jobs/shown/DrawingExtent.h"
 #include "jobs/shown/NormalMapNode.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QDir>
 #include <QTreeWidget>
@@ -52,6 +53,17 @@ protected:
         EXPECT_TRUE(waitForPicture());
         return scene;
     }
+    // The texts of a list's first column; of a tree, those inside its first row.
+    QStringList rows(const QString& name, bool isTree) const
+    {
+        const auto* const view = window->findChild<QAbstractItemView*>(name);
+        const QAbstractItemModel& model = *view->model();
+        const QModelIndex parent = isTree ? model.index(0, 0) : QModelIndex();
+        QStringList texts;
+        for (int row = 0; row < model.rowCount(parent); ++row)
+            texts << model.index(row, 0, parent).data().toString();
+        return texts;
+    }
     QAction* actionNamed(const QString& text) const
     {
         for (QAction* const action : window->findChildren<QAction*>())
@@ -81,6 +93,36 @@ TEST_F(WatchedDrawingsTest, FollowWhatIsWrittenIntoTheFile)
     EXPECT_NEAR(centre(), 100.0, 1.0);
     write(QStringLiteral("disc.svg"), disc(70));
     EXPECT_TRUE(waitForCentre(70)) << "it is watched as before";
+}
+
+TEST_F(WatchedDrawingsTest, ShowNewColoursAndNamesEverywhere)
+{
+    openDisc();
+    const auto isShown = [this](const QString& colour) {
+        const QStringList only{colour};
+        return rows(QStringLiteral("PaletteTree"), true) == only &&
+               rows(QStringLiteral("ColourDepthsTable"), false) == only;
+    };
+    EXPECT_TRUE(isShown(QStringLiteral("#d02020")));
+    write(QStringLiteral("disc.svg"), QByteArray(studio_testing::kDisc).replace("#d02020", "#20b030"));
+    EXPECT_TRUE(studio_testing::waitUntil([&] { return isShown(QStringLiteral("#20b030")); }))
+        << rows(QStringLiteral("PaletteTree"), true).join(QLatin1Char(' ')).toStdString() << " / "
+        << rows(QStringLiteral("ColourDepthsTable"), false).join(QLatin1Char(' ')).toStdString();
+    QTest::keyClick(window.get(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(studio_testing::waitUntil([&] { return isShown(QStringLiteral("#d02020")); }));
+}
+
+TEST_F(WatchedDrawingsTest, NameTheSceneAfterTheDrawingThatItHas)
+{
+    openDisc();
+    EXPECT_EQ(document().title(), QStringLiteral("disc"));
+    window->sources().replace(window->sources().current(), {write(QStringLiteral("other.svg"), disc(60))});
+    ASSERT_TRUE(waitForCentre(60));
+    ASSERT_TRUE(studio_testing::waitUntil([this] { return document().title() == QStringLiteral("other"); }));
+    EXPECT_TRUE(window->windowTitle().contains(QStringLiteral("other")));
+    EXPECT_EQ(rows(QStringLiteral("ObjectsTable"), false), QStringList{QStringLiteral("other")});
+    QTest::keyClick(window.get(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(studio_testing::waitUntil([this] { return document().title() == QStringLiteral("disc"); }));
 }
 
 TEST_F(WatchedDrawingsTest, ADrawingThatChangedWhileItsSceneWasClosedIsReadWhenTheSceneIsOpened)
