@@ -8,10 +8,12 @@
 #include "studio/window/Icons.h"
 
 #include <QCommandLinkButton>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QFileInfo>
 #include <QLabel>
 #include <QListWidget>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -44,7 +46,8 @@ StartPage::StartPage(RecentFiles& recent, QWidget* parent)
     _recentTitle->setFont(bold);
     addRecent(*layout);
 
-    auto* const all = new QHBoxLayout(this);
+    auto* const page = new QWidget;
+    auto* const all = new QHBoxLayout(page);
     auto* const middle = new QVBoxLayout;
     middle->addStretch(1);
     middle->addWidget(column);
@@ -52,9 +55,24 @@ StartPage::StartPage(RecentFiles& recent, QWidget* parent)
     all->addStretch(1);
     all->addLayout(middle, 6);
     all->addStretch(1);
+    addScrolled(*page);
     connect(&recent, &RecentFiles::changed, this, &StartPage::refill);
     refill();
     refreshIcons();
+}
+
+// Otherwise a window that has long shown a drawing could not be lower than this page.
+void StartPage::addScrolled(QWidget& page)
+{
+    auto* const scroll = new QScrollArea;
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setAccessibleName(QCoreApplication::applicationName());
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(&page);
+    auto* const whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(scroll);
 }
 
 void StartPage::addChoices(QVBoxLayout& layout)

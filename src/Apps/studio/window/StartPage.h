@@ -29,6 +29,7 @@ Q_SIGNALS:
 private:
     void request(const QListWidgetItem* item);
     QWidget* heading();
+    void addScrolled(QWidget& page);
     void addChoices(QVBoxLayout& layout);
     void addRecent(QVBoxLayout& layout);
     void addTour(QVBoxLayout& layout, const QFont& titleFont);

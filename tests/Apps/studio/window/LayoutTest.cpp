@@ -89,6 +89,21 @@ TEST_F(LayoutTest, FitsAScreenOf1024By768)
     EXPECT_GT(viewer().width(), dock("ObjectsDock").width());
 }
 
+// Of 720 rows, as many laptops have in their larger letters, the system's bar and the title take a part.
+TEST_F(LayoutTest, FitsAScreenOf1280By720BesideTheSystemsBars)
+{
+    constexpr int kLeft = 640;
+    EXPECT_LE(window->minimumSizeHint().height(), kLeft);
+    openDisc();
+    EXPECT_LE(window->minimumSizeHint().height(), kLeft);
+    dock("PropertiesDock").raise();
+    dock("TimelineDock").raise();
+    QCoreApplication::processEvents();
+    window->resize(1280, kLeft);
+    EXPECT_EQ(window->size(), QSize(1280, kLeft));
+    EXPECT_LE(window->minimumSizeHint().height(), kLeft);
+}
+
 TEST_F(LayoutTest, TheObjectsNamesAreReadInFullOnASmallScreen)
 {
     drop({MainWindow::examplePath()});
