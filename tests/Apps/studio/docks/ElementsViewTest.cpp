@@ -90,6 +90,20 @@ TEST(ThumbnailTest, ShowsTheShapesInTheirColoursFittedIntoTheSquare)
     EXPECT_TRUE(drawingThumbnail(CELVEC_Kvd(), 40, 1.0).toImage().pixelColor(20, 20).alpha() == 0);
 }
 
+TEST(ThumbnailTest, ShowsWhatIsAsThinAsALine)
+{
+    QImage picture(400, 5, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(QColor(255, 0, 0));
+    for (const QRectF& place : {QRectF(0, 0, 4000, 5), QRectF(0, 0, 5, 4000)}) {
+        CELVEC_Shape shape = docks::rectangle(place, docks::kSkin);
+        shape.picture = picture;
+        CELVEC_Kvd drawing;
+        drawing.addShape(GR_Art::COLOUR, shape);
+        EXPECT_EQ(drawingThumbnail(drawing, 40, 1.0).toImage().pixelColor(20, 20), QColor(255, 0, 0))
+            << place.width() << " wide";
+    }
+}
+
 TEST(ThumbnailTest, ShowsABitmapAsFarAsItCoversSomething)
 {
     // Red from a quarter to a half of a bitmap that is smaller, and of one that is larger, than what is looked through.

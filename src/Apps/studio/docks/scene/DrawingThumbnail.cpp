@@ -14,6 +14,7 @@
 namespace {
 
 constexpr double kMargin = 2.0;
+constexpr double kThinnest = 3.0; // what is a line in this size is widened, so that there is something to see
 constexpr QRgb kOutline = 0xff8a8a8a;
 constexpr double kOutlineWidth = 2.0; // half of it lies under the shape
 
@@ -165,7 +166,9 @@ QPixmap drawingThumbnail(const CELVEC_Kvd& drawing, int side, double ratio, cons
     if (!(longest > 0.0))
         return pixmap;
     QTransform toSquare = QTransform::fromTranslate(side / 2.0, side / 2.0);
-    toSquare.scale((side - 2 * kMargin) / longest, (side - 2 * kMargin) / longest);
+    const double scale = (side - 2 * kMargin) / longest;
+    const auto scaleOf = [scale](double length) { return length > 0.0 ? std::max(scale, kThinnest / length) : scale; };
+    toSquare.scale(scaleOf(bounds.width()), scaleOf(bounds.height()));
     toSquare.translate(-bounds.center().x(), -bounds.center().y());
     QPainter painter(&pixmap);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
