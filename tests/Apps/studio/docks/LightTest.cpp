@@ -58,8 +58,8 @@ protected:
     {
         const QPoint from = viewer().handle(light(window->lights().current())).toPoint();
         QTest::mousePress(&viewer(), Qt::LeftButton, Qt::NoModifier, from);
-        QTest::mouseMove(&viewer(), (from + to.toPoint()) / 2);
-        QTest::mouseMove(&viewer(), to.toPoint());
+        studio_testing::moveMouse(viewer(), (from + to.toPoint()) / 2, Qt::LeftButton);
+        studio_testing::moveMouse(viewer(), to.toPoint(), Qt::LeftButton);
         QTest::mouseRelease(&viewer(), Qt::LeftButton, Qt::NoModifier, to.toPoint());
     }
 };

