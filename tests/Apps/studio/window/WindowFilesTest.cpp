@@ -1,6 +1,6 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Opening, saving, leaving, and what happens to files that are broken.
+// Opening, saving, and what happens to files that are broken. WindowLeavingTest.cpp is about the end.
 #include "Apps/studio/window/WindowTesting.h"
 
 #include "QuarvelSceneCore/editing/MO_SceneCommands.h"
@@ -344,49 +344,6 @@ TEST_F(WindowFilesTest, AFolderThatCannotBeWrittenIsTold)
     EXPECT_TRUE(window->isWindowModified());
 }
 
-TEST_F(WindowFilesTest, LeavingAsksAndCancelStays)
-{
-    openDisc();
-    change();
-    answerNext(QMessageBox::Cancel);
-    EXPECT_FALSE(window->close());
-    EXPECT_FALSE(asked.isEmpty());
-    EXPECT_TRUE(window->isVisible());
-}
-
-TEST_F(WindowFilesTest, LeavingNamesTheDrawingThatTheSceneWasMadeOf)
-{
-    drop({write(QStringLiteral("fox.svg"), studio_testing::kDisc)});
-    ASSERT_TRUE(waitForPicture());
-    change();
-    answerNext(QMessageBox::Cancel);
-    EXPECT_FALSE(window->close());
-    EXPECT_TRUE(asked.contains(QStringLiteral("\"fox\" has changes"))) << qPrintable(asked);
-}
-
-TEST_F(WindowFilesTest, LeavingAsksAndDiscardLeaves)
-{
-    openDisc();
-    change();
-    answerNext(QMessageBox::Discard);
-    EXPECT_TRUE(window->close());
-    EXPECT_FALSE(asked.isEmpty());
-}
-
-TEST_F(WindowFilesTest, WhatNobodyTouchedIsLeftWithoutAsking)
-{
-    openDisc();
-    answerNext(QMessageBox::Cancel);
-    drop({write(QStringLiteral("other.svg"), studio_testing::kDisc)});
-    ASSERT_TRUE(waitForPicture());
-    EXPECT_TRUE(window->windowTitle().contains(QStringLiteral("other")));
-    // A change that was taken back is none.
-    change();
-    document().undo();
-    EXPECT_TRUE(window->close());
-    EXPECT_EQ(asked, QString());
-}
-
 TEST_F(WindowFilesTest, AfterOpeningTheNodeThatMattersIsSelected)
 {
     openDisc();
@@ -400,29 +357,6 @@ TEST_F(WindowFilesTest, AFilesNameStaysWhole)
     ASSERT_TRUE(waitForPicture());
     EXPECT_TRUE(window->windowTitle().contains(QStringLiteral("1F98A"))) << qPrintable(window->windowTitle());
     EXPECT_FALSE(xmlOf(document().scene()).contains(QStringLiteral("1FA")));
-}
-
-TEST_F(WindowFilesTest, LeavingAsksAndSaveSaves)
-{
-    openDisc();
-    const QString saved = folder.filePath(QStringLiteral("disc.scene"));
-    ASSERT_TRUE(window->saveTo(saved));
-    change();
-    const QString after = xmlOf(document().scene());
-    answerNext(QMessageBox::Save);
-    EXPECT_TRUE(window->close());
-    EXPECT_TRUE(asked.contains(QStringLiteral("disc")));
-    renew();
-    drop({saved});
-    ASSERT_TRUE(waitForPicture());
-    EXPECT_EQ(xmlOf(document().scene()), after);
-}
-
-TEST_F(WindowFilesTest, LeavingWhatIsSavedAsksNothing)
-{
-    openDisc();
-    ASSERT_TRUE(window->saveTo(folder.filePath(QStringLiteral("disc.scene"))));
-    EXPECT_TRUE(window->close());
 }
 
 TEST_F(WindowFilesTest, UndoAndRedoCarryTheNameOfTheChange)
