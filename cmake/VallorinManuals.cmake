@@ -1,5 +1,5 @@
 # Manual pages and the completion of shells: the command line prints them out of its own help texts, so they are made by running it.
-# A build for another system cannot, and one with sanitizers is nobody's to install.
+# A build for another system cannot run it, and nobody installs a build with sanitizers.
 
 if(CMAKE_CROSSCOMPILING OR NOT UNIX OR VALLORIN_SANITIZE)
   return()

@@ -1,5 +1,5 @@
-# The modules of Qt that a build for another system may have to do without. Here everybody has them, so that nobody gets less for want
-# of a package.
+# The modules of Qt that a build for another system may lack. A build for this system requires them, so that a missing package is an
+# error and leaves nothing out.
 
 if(NOT CMAKE_CROSSCOMPILING)
   find_package(Qt6 6.4 REQUIRED COMPONENTS UiTools LinguistTools)

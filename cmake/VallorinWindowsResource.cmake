@@ -1,7 +1,7 @@
 # vallorin_describe_for_windows(TARGET DESCRIPTION [ICON])
 #
 # What Windows shows of a program or library: a description, the project's version, and an icon (a path to an .ico file).
-# Other systems have no such thing; nothing happens for them.
+# Does nothing on other systems.
 function(vallorin_describe_for_windows target description)
   if(NOT WIN32)
     return()

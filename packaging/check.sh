@@ -28,7 +28,7 @@ inside() { logged chroot "$root" /usr/bin/env -i PATH=/usr/sbin:/usr/bin:/sbin:/
 
 step="making a bare Debian 12 (from the sources of Debian that this machine uses)"
 mkdir "$work/sources" "$work/apt"
-# Machines have either the list or the folder, and grep minds what is missing.
+# A machine has either the list or the folder; grep fails where one of them is missing.
 { grep -lE '^(deb |Suites: ).*bookworm' /etc/apt/sources.list /etc/apt/sources.list.d/* 2>/dev/null || true; } | while read -r file; do
     ! grep -qE '^(Components: main|deb .* bookworm[a-z/-]* main)' "$file" || ! grep -q debian "$file" || cp "$file" "$work/sources/"
 done
@@ -47,7 +47,7 @@ field() { for package in "$packages"/*.deb; do dpkg-deb --field "$package" "$1";
 
 step="installing the dependencies"
 inside apt-get update
-# First what our packages stand on, so that what stays at the end can only be ours.
+# The dependencies come first: files that appear after them and remain at the end are those of our packages.
 depended=$(field Depends | tr ',' '\n' | sed -E 's/\|.*//; s/\(.*//; s/[[:space:]]//g' | grep -vE '^$|^(lib)?quarvel|-vallorin$' | sort -u)
 inside apt-get install -y --no-install-recommends $depended
 files >"$work/before"
