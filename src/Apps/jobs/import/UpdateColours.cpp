@@ -104,9 +104,11 @@ StepsCommand::Step listColours(MO_Module& node, const std::set<CM_ColorId_t>& co
                              [&](const NormalMapColour& row) { return colours.contains(row.id); });
     return [&node, listed]() -> std::unique_ptr<CO_Command> {
         std::vector<NormalMapColour> rows = NormalMapNode(node).colours();
-        for (const NormalMapColour& colour : listed)
-            if (std::ranges::find(rows, colour.id, &NormalMapColour::id) == rows.end())
-                rows.push_back(colour);
+        Colours known;
+        for (const NormalMapColour& row : rows)
+            known.insert(row.id);
+        std::ranges::copy_if(listed, std::back_inserter(rows),
+                             [&](const NormalMapColour& colour) { return known.insert(colour.id).second; });
         return NormalMapNode(node).coloursCmd(rows);
     };
 }
