@@ -9,6 +9,7 @@
 #include "form/bitmap/pictures/LineArt.h"
 #include "form/bitmap/regions/BitmapBoards.h"
 #include "form/bitmap/regions/BitmapRoles.h"
+#include "form/bitmap/regions/BitmapSigns.h"
 #include "form/bitmap/regions/RegionMerging.h"
 
 #include <cmath>
@@ -164,6 +165,15 @@ std::map<int, double> sharesOf(const PixelPlane<int>& labels, const PixelCells& 
     return shares;
 }
 
+FlatRegion flatRegionOf(RegionGraph& graph, const RegionGraph& found)
+{
+    if (const int board = joinBoard(graph, found.regions()); board != kNoLabel)
+        return {board, QStringLiteral("areas that fill a rectangle")};
+    if (const int sign = findSign(graph, found); sign != kNoLabel)
+        return {sign, QStringLiteral("a disc with a sign on it")};
+    return {};
+}
+
 std::vector<ObjectLabels> objectLabels(const BitmapRegions& regions, const RegionGraph& graph,
                                        const StackingOrder& stacking, const std::vector<BitmapRole>& roles)
 {
@@ -200,18 +210,18 @@ ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing, const QRectF& page
     RegionGraph graph(regions, own.colours);
     if (graph.coveredPixels() == 0)
         return asItIs(drawing);
-    const FoundRegions found = graph.regions();
+    const RegionGraph found = graph;
     if (!regions.painted)
         joinShadesAndMarks(graph, regions.hard);
     BitmapFrame frame{bitmap.size(), own.cells, FrameCuts(graph.labels())};
     endInside(drawing.viewBox, drawing.layers.front().shapes.front(), frame.cuts);
     const bool opaque = frame.cuts.isCutAllAround();
-    // A picture that is opaque up to its borders has no outline, so it is no board.
-    const int board = regions.painted || opaque ? kNoLabel : joinBoard(graph, found);
+    // A picture that is opaque up to its borders has no outline, so it is neither a board nor a sign.
+    const FlatRegion flat = regions.painted || opaque ? FlatRegion() : flatRegionOf(graph, found);
     const PixelPlane<int> labels = graph.labels();
     endInside(page, drawing.layers.front().shapes.front(), frame.cuts);
     const StackingOrder stacking = stackingOrderOf(graph, labels);
-    const std::vector<BitmapRole> roles = bitmapRolesOf(graph, stacking, board, regions.painted, opaque);
+    const std::vector<BitmapRole> roles = bitmapRolesOf(graph, stacking, flat, regions.painted, opaque);
     const std::vector<ObjectLabels> parts = objectLabels(regions, graph, stacking, roles);
     std::vector<ObjectPicture> pictures = objectPictures(bitmap, own, labels, parts);
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <span>
 
 namespace {
 
@@ -25,13 +26,9 @@ constexpr double kFeature = 0.003;  // of the disc's area
 constexpr double kAboveChin = 0.6;  // of the disc's height
 constexpr double kMostRound = 0.62; // roundness: rounder shapes in the middle are pupils and noses
 
-bool isDisc(const Part& part, const std::vector<ShapeFacts>& facts)
+bool isBody(const Part& part)
 {
-    const ShapeFacts& shape = facts[static_cast<std::size_t>(part.body.front())];
-    const bool isBody = part.role == ObjectRole::BODY && !part.ink && !part.isBackdrop && !part.translucent;
-    const QRect& box = part.region.box();
-    const bool isCircle = std::abs(box.width() - box.height()) < kOval * box.width();
-    return isBody && part.body.size() == 1 && !shape.cut && shape.roundness > kRound && isCircle;
+    return part.role == ObjectRole::BODY && !part.ink && !part.isBackdrop && !part.translucent && part.body.size() == 1;
 }
 
 // The shapes that lie on a disc, opaque ones.
@@ -84,23 +81,22 @@ bool areFeatures(const ShapeFacts& one, const ShapeFacts& other, const QRect& di
 }
 
 // Whether a round object, such as an eye or a nose, lies on a disc; the dot of a letter has the letter's colour.
-bool holdsBall(const Part& disc, int letter, const FoundParts& found, const std::vector<ShapeFacts>& facts)
+bool holdsBall(const ShapeFacts& disc, int letter, std::span<const ShapeFacts* const> objects)
 {
-    return std::ranges::any_of(found.parts, [&](const Part& other) {
-        const ShapeFacts& ball = facts[static_cast<std::size_t>(other.body.front())];
-        return &other != &disc && other.role == ObjectRole::BODY && ball.paint != letter && ball.roundness > kRound &&
-               ball.area > kLeast * disc.region.area() && liesInside(ball, disc.region);
+    return std::ranges::any_of(objects, [&](const ShapeFacts* ball) {
+        return ball->paint != letter && ball->roundness > kRound && ball->area > kLeast * disc.area &&
+               liesInside(*ball, disc.mask);
     });
 }
 
-bool isFace(const std::vector<const ShapeFacts*>& marks, const Part& disc)
+bool isFace(std::span<const ShapeFacts* const> marks, const ShapeFacts& disc)
 {
     std::vector<const ShapeFacts*> features;
     std::ranges::copy_if(marks, std::back_inserter(features),
-                         [&](const ShapeFacts* mark) { return mark->area > kFeature * disc.region.area(); });
+                         [&](const ShapeFacts* mark) { return mark->area > kFeature * disc.area; });
     for (auto one = features.begin(); one != features.end(); ++one)
         if (std::any_of(one + 1, features.end(),
-                        [&](const ShapeFacts* other) { return areFeatures(**one, *other, disc.region.box()); }))
+                        [&](const ShapeFacts* other) { return areFeatures(**one, *other, disc.mask.box()); }))
             return true;
     return false;
 }
@@ -114,24 +110,40 @@ bool isCentred(const ShapeFacts& mark, const QRect& disc)
            liesWithinRim(mark, disc);
 }
 
-// Whether something is painted across the middle of the disc, or one letter alone is painted on it.
-bool isSign(const Part& part, const FoundParts& found, const std::vector<ShapeFacts>& facts)
+// The objects that lie on other parts or beside them.
+std::vector<const ShapeFacts*> objectsBeside(const Part& disc, const FoundParts& found,
+                                             const std::vector<ShapeFacts>& facts)
 {
-    const ShapeFacts& disc = facts[static_cast<std::size_t>(part.body.front())];
-    const QRect& box = part.region.box();
-    std::vector<const ShapeFacts*> marks = marksOn(part, found, facts);
-    if (isFace(marks, part))
+    std::vector<const ShapeFacts*> objects;
+    for (const Part& other : found.parts)
+        if (&other != &disc && other.role == ObjectRole::BODY)
+            objects.push_back(&facts[static_cast<std::size_t>(other.body.front())]);
+    return objects;
+}
+
+} // namespace
+
+bool isLargeDisc(const ShapeFacts& shape, const QRect& drawn)
+{
+    const QRect& box = shape.mask.box();
+    const bool isCircle = std::abs(box.width() - box.height()) < kOval * box.width();
+    const bool isLarge = box.width() > kLargest * drawn.width() && box.height() > kLargest * drawn.height();
+    return isLarge && isCircle && !shape.cut && shape.roundness > kRound;
+}
+
+bool isSign(const ShapeFacts& disc, std::vector<const ShapeFacts*> marks, std::span<const ShapeFacts* const> objects)
+{
+    const QRect& box = disc.mask.box();
+    if (isFace(marks, disc))
         return false;
     std::erase_if(marks, [&](const ShapeFacts* mark) { return mark->area <= kLeast * disc.area; });
     return std::ranges::any_of(marks, [&](const ShapeFacts* mark) {
         const bool differs = !isSameHue(mark->colour, disc.colour) ||
                              std::abs(mark->colour.lightness - disc.colour.lightness) > kContrast;
         const bool isPlaced = liesAcross(*mark, box) || (marks.size() == 1 && isCentred(*mark, box));
-        return differs && mark->roundness < kMostRound && isPlaced && !holdsBall(part, mark->paint, found, facts);
+        return differs && mark->roundness < kMostRound && isPlaced && !holdsBall(disc, mark->paint, objects);
     });
 }
-
-} // namespace
 
 void findSigns(FoundParts& found, const std::vector<ShapeFacts>& facts)
 {
@@ -140,9 +152,9 @@ void findSigns(FoundParts& found, const std::vector<ShapeFacts>& facts)
         if (!part.isBackdrop && part.role != ObjectRole::FLAT)
             all |= part.region.box();
     for (Part& part : found.parts) {
-        const QRect& box = part.region.box();
-        const bool isLarge = box.width() > kLargest * all.width() && box.height() > kLargest * all.height();
-        if (!isLarge || !isDisc(part, facts) || !isSign(part, found, facts))
+        const ShapeFacts& disc = facts[static_cast<std::size_t>(part.body.front())];
+        if (!isBody(part) || !isLargeDisc(disc, all) ||
+            !isSign(disc, marksOn(part, found, facts), objectsBeside(part, found, facts)))
             continue;
         part.role = ObjectRole::SLAB;
         part.reason = QStringLiteral("a disc with a sign on it");

@@ -7,5 +7,20 @@
 
 #include "form/choice/PartFinder.h"
 
+#include <span>
+#include <vector>
+
+/// Whether a shape is a disc and most of what is drawn.
+///
+/// @param drawn the box around everything, without a backdrop
+bool isLargeDisc(const ShapeFacts& shape, const QRect& drawn);
+
+/// Whether something is painted across the middle of a disc, or one letter alone is painted on it, and the disc is no
+/// face.
+///
+/// @param marks the opaque shapes that lie on it
+/// @param objects those that are objects, and others
+bool isSign(const ShapeFacts& disc, std::vector<const ShapeFacts*> marks, std::span<const ShapeFacts* const> objects);
+
 /// Gives the signs among the parts a rim and a flat middle.
 void findSigns(FoundParts& found, const std::vector<ShapeFacts>& facts);

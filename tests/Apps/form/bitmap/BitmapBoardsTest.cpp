@@ -125,6 +125,17 @@ TEST(BitmapBoards, ARectangleOfOneColourIsRound)
                 ElementsAre(BODY));
 }
 
+TEST(BitmapBoards, ThickLinesAroundAreasOfOneColourMakeNoBoard)
+{
+    EXPECT_THAT(rolesOf([](QPainter& painter) {
+                    fill(painter, {10, 10, 140, 96}, kWhite);
+                    painter.setPen(QPen(Qt::black, 9));
+                    painter.drawLine(QPointF(57, 10), QPointF(57, 106));
+                    painter.drawLine(QPointF(104, 10), QPointF(104, 106));
+                }),
+                testing::Not(testing::Contains(SLAB)));
+}
+
 TEST(BitmapBoards, ARodInTwoColoursIsRound)
 {
     EXPECT_THAT(rolesOf([](QPainter& painter) {
@@ -149,6 +160,23 @@ TEST(BitmapBoards, WhatFillsThePictureToItsCornersIsNone)
 {
     const QImage stripes = painted({160, 130}, paintStripes).copy(10, 10, 140, 96);
     EXPECT_THAT(rolesOf(stripes), testing::Not(testing::Contains(SLAB)));
+}
+
+TEST(BitmapBoards, AnEdgeWithoutAntialiasingIsNoBackdrop)
+{
+    // Its hard pixels end at a transparent margin.
+    const QImage tile = painted(
+        {48, 48},
+        [](QPainter& painter) {
+            fill(painter, {5, 5, 37, 37}, kBlue);
+            fill(painter, {9, 11, 12, 9}, kRed);
+            fill(painter, {27, 26, 11, 13}, kGreen);
+        },
+        false);
+    const ChosenObjects found = objectsOf(tile);
+    ASSERT_FALSE(found.objects.empty());
+    EXPECT_EQ(found.objects.front().role, SLAB) << found.objects.front().reason.toStdString();
+    EXPECT_EQ(paintedAgain(found.drawing), tile);
 }
 
 TEST(BitmapBoards, TheObjectsShowTheBitmapUnchanged)

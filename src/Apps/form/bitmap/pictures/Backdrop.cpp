@@ -7,6 +7,7 @@
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
 #include "form/bitmap/pixels/MixedColours.h"
 #include "form/bitmap/pixels/PixelPlane.h"
+#include "form/choice/Colour.h"
 
 #include <QRgba64>
 
@@ -167,16 +168,31 @@ void scaleAlpha(QImage& image, int x, int y, double share)
                 : 0;
 }
 
+// Whether nothing is drawn along the picture's border: a coloured rectangle there is a thing, such as a crate.
+bool standsFree(const QRect& covered, const QRect& picture)
+{
+    return picture.adjusted(1, 1, -1, -1).contains(covered);
+}
+
+bool isPaper(QRgb colour)
+{
+    constexpr double kWhite = 92.0;     // lightness
+    constexpr double kColourless = 6.0; // chroma
+    const SeenColour seen = SeenColour::of(QColor::fromRgb(colour));
+    return seen.lightness > kWhite && seen.chroma() < kColourless;
+}
+
 } // namespace
 
 std::optional<CutOut> cutFromBackdrop(const QImage& bitmap)
 {
     const QImage image = GR_imageInFormat(bitmap, QImage::Format_ARGB32);
-    const std::vector<QPoint> border = borderOf(coveredBox(image));
+    const QRect covered = coveredBox(image);
+    const std::vector<QPoint> border = borderOf(covered);
     if (border.empty())
         return std::nullopt;
     const std::optional<QRgb> colour = colourAlong(image, border);
-    if (!colour)
+    if (!colour || (standsFree(covered, image.rect()) && !isPaper(*colour)))
         return std::nullopt;
     const PixelPlane<char> backdrop = backdropPixels(image, border, *colour);
     const Outlines outlines(image, backdrop, *colour);

@@ -19,7 +19,8 @@ constexpr double kAlong = 0.35;     // of a region's outline
 constexpr double kLeastHeld = 0.03; // of the box: with less on it, a rectangle of one colour is a body like others
 constexpr double kContrast = 33.0;  // in lightness: what differs less in the hue of its ground is a shade of it
 constexpr double kInset = 0.035;    // of the width of the box: a line around the board may lie between
-constexpr int kFewest = 3;          // pixels at a side that a region reaches
+constexpr double kSameColour = 4.0;
+constexpr int kFewest = 3; // pixels at a side that a region reaches
 
 // The pixels of a region along the sides of a box: left, top, right, bottom.
 using AtSides = std::array<int, 4>;
@@ -73,13 +74,14 @@ public:
             if (_graph.isLeft(number) && isOfGround(number))
                 regions.push_back(number);
         std::ranges::stable_sort(regions, std::greater(), [&](int number) { return _graph.region(number).pixels; });
-        if (!isWhole(regions) || hasInkedSeam(regions) || (regions.size() == 1 && heldBy(regions.front()) < kLeastHeld))
+        if (!isWhole(regions) || hasInkedSeam(regions) ||
+            (!hasSeveralColours(regions) && heldBy(regions.front()) < kLeastHeld))
             regions.clear();
         return regions;
     }
 
     // Whether it has several colours along its border and a flag's shape.
-    bool isFlag(const std::vector<int>& ground) const { return ground.size() > 1 && hasFlagShape(_box.size()); }
+    bool isFlag(const std::vector<int>& ground) const { return hasSeveralColours(ground) && hasFlagShape(_box.size()); }
 
 private:
     void count(int x, int y, std::size_t side)
@@ -115,13 +117,28 @@ private:
         return pixels >= kGround * boxArea();
     }
 
-    // Whether a line parts two areas: they are separate things, such as drawers.
+    bool hasSeveralColours(const std::vector<int>& ground) const
+    {
+        const SeenColour& first = _graph.region(ground.front()).colour;
+        return std::ranges::any_of(ground, [&](int number) {
+            const Region& region = _graph.region(number);
+            return colourDistance(region.colour, first) > kSameColour;
+        });
+    }
+
+    bool reachesSide(int number) const
+    {
+        return std::ranges::any_of(_sides[placeOf(number)], [](int pixels) { return pixels >= kFewest; });
+    }
+
+    // Whether a line parts an area of the ground from another one at the border: they are separate things, such as
+    // drawers or the legs of a letter.
     bool hasInkedSeam(const std::vector<int>& ground) const
     {
-        return std::ranges::any_of(ground, [&](int one) {
-            return std::ranges::any_of(ground, [&](int other) {
-                const Seam seam = _graph.seam(one, other);
-                return one != other && seam.edges >= kFewest && seam.isInked();
+        return std::ranges::any_of(ground, [&](int number) {
+            return std::ranges::any_of(_graph.seamsOf(number), [&](const auto& met) {
+                const auto& [other, seam] = met;
+                return reachesSide(other) && seam.edges >= kFewest && seam.isInked();
             });
         });
     }

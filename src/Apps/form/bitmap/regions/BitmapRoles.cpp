@@ -21,8 +21,8 @@ constexpr double kHeld = 0.1;
 class Roles
 {
 public:
-    Roles(const RegionGraph& graph, const StackingOrder& stacking, int board, bool opaque)
-        : _graph(graph), _inner(graph), _board(board)
+    Roles(const RegionGraph& graph, const StackingOrder& stacking, const FlatRegion& flat, bool opaque)
+        : _graph(graph), _inner(graph), _flat(flat)
     {
         int along = 0;
         for (const int number : stacking.bottomUp) {
@@ -42,14 +42,14 @@ public:
         const Region& region = _graph.region(number);
         if (number == _backdrop)
             return {ObjectRole::FLAT, QStringLiteral("the backdrop")};
-        if (number == _board)
-            return {ObjectRole::SLAB, QStringLiteral("areas that fill a rectangle")};
+        if (number == _flat.number)
+            return {ObjectRole::SLAB, _flat.reason};
         if (region.alpha < kShadow && 2 * _translucent < _graph.coveredPixels())
             return {ObjectRole::FLAT, QStringLiteral("semi-transparent")};
         if (isOpening(number))
             return {ObjectRole::OPENING, QStringLiteral("dark and holds others")};
         if (const int base = _graph.mainNeighbour(number); base >= 0 && isInside(number, base))
-            if (const Verdict verdict = _inner.judge(number, base, base == _board);
+            if (const Verdict verdict = _inner.judge(number, base, base == _flat.number);
                 verdict.kind == Verdict::Kind::OBJECT)
                 return {verdict.role, verdict.reason};
         return {ObjectRole::BODY, _graph.seamsOf(number).empty() ? QStringLiteral("a part of its own")
@@ -81,17 +81,17 @@ private:
 
     const RegionGraph& _graph;
     InnerRegions _inner;
-    int _board;
+    const FlatRegion& _flat;
     int _backdrop = -1;
     int _translucent = 0; // pixels
 };
 
 } // namespace
 
-std::vector<BitmapRole> bitmapRolesOf(const RegionGraph& graph, const StackingOrder& stacking, int board, bool painted,
-                                      bool opaque)
+std::vector<BitmapRole> bitmapRolesOf(const RegionGraph& graph, const StackingOrder& stacking, const FlatRegion& flat,
+                                      bool painted, bool opaque)
 {
-    Roles roles(graph, stacking, board, opaque);
+    Roles roles(graph, stacking, flat, opaque);
     std::vector<BitmapRole> result;
     for (const int number : stacking.bottomUp)
         result.push_back(painted && !opaque ? BitmapRole{ObjectRole::BODY, QStringLiteral("painted; a part of its own")}

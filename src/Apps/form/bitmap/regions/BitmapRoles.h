@@ -12,9 +12,16 @@ struct BitmapRole
     QString reason;
 };
 
+/// A region that is flat inside a rim: a board or a sign.
+struct FlatRegion
+{
+    int number = kNoLabel;
+    QString reason;
+};
+
 /// The role of each region in stacking.bottomUp, in its order.
 ///
-/// @param board the number of the region that is a board; kNoLabel if none is
+/// @param flat the region that is flat inside a rim, if there is one
 /// @param opaque the picture is opaque up to its borders and continues outside them
-std::vector<BitmapRole> bitmapRolesOf(const RegionGraph& graph, const StackingOrder& stacking, int board, bool painted,
-                                      bool opaque);
+std::vector<BitmapRole> bitmapRolesOf(const RegionGraph& graph, const StackingOrder& stacking, const FlatRegion& flat,
+                                      bool painted, bool opaque);

@@ -89,7 +89,7 @@ std::vector<int> InnerRegions::siblings(int number, int base) const
 Verdict InnerRegions::judge(int number, int base, bool onBoard)
 {
     const Base& around = this->base(base);
-    const ShapeFacts own = factsOf(number, _graph.filledMask(number, _scale));
+    const ShapeFacts own = filledFacts(number);
     const auto others = static_cast<int>(siblings(number, base).size()) - 1;
     const double share = own.area / std::max(1.0, double(around.facts.area));
     return judgeInner({own, around.facts, around.facts, share, following(own, around), 1.0,

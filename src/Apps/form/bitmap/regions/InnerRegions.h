@@ -22,6 +22,8 @@ public:
     Verdict judge(int number, int base, bool onBoard = false);
     /// The regions inside a base that have a region's colour and about its size, the region itself among them.
     std::vector<int> siblings(int number, int base) const;
+    /// Measures a region with what it surrounds.
+    ShapeFacts filledFacts(int number) const { return factsOf(number, _graph.filledMask(number, _scale)); }
 
 private:
     // What is known of a base. It stays the same while regions inside the base are joined to it.

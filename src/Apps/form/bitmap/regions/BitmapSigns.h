@@ -1,0 +1,11 @@
+// Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
+//
+// Signs in bitmaps: round signs and clocks, which are flat inside a rim. The rules are those of Signs.h.
+#pragma once
+
+#include "form/bitmap/regions/RegionGraph.h"
+
+/// The region that is a sign; kNoLabel if none is.
+///
+/// @param found the regions before any were joined: they tell what is painted on it
+int findSign(const RegionGraph& graph, const RegionGraph& found);
