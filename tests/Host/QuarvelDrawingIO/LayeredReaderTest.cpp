@@ -298,6 +298,19 @@ TEST_F(LayeredReader, LayersOfOpenRasterLieFromTheBottomUp)
     EXPECT_EQ(drawing.warnings, QStringList{"blend modes are shown as normal: multiply (hat)"});
 }
 
+TEST_F(LayeredReader, LayersOfOpenRasterThatShareAPictureShareItsMemory)
+{
+    const QByteArray layer = R"(<layer name="eye" src="data/eye.png"/>)";
+    writeArchive(path("pair.ora"), {{"stack.xml", R"(<image w="4" h="4"><stack>)" + layer + layer + "</stack></image>"},
+                                    {"data/eye.png", pngOf(filled(3, 2, QColor(10, 20, 30)))}});
+    const DIO_Drawing drawing = drawingOf(path("pair.ora"));
+    ASSERT_EQ(drawing.layers.size(), 2U);
+    const QImage& lower = drawing.layers[0].shapes.front().picture;
+    const QImage& upper = drawing.layers[1].shapes.front().picture;
+    EXPECT_EQ(upper.pixel(2, 1), qRgb(10, 20, 30));
+    EXPECT_EQ(upper.constBits(), lower.constBits());
+}
+
 TEST_F(LayeredReader, ALayerOfOpenRasterThatIsInNoStackIsReadByItsName)
 {
     writeArchive(path("bare.ora"),

@@ -2,7 +2,6 @@
 #include "QuarvelDrawingIO/private/DIO_PictureCover.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace {
 
@@ -25,11 +24,11 @@ QRectF shownPart(const DIO_Shape& shape, const QRectF& page)
 int limitLayer(DIO_Layer& layer, const QRectF& page, double& left)
 {
     std::vector<DIO_Shape> kept;
-    for (DIO_Shape& shape : std::views::reverse(layer.shapes)) {
-        if (!shape.picture.isNull())
-            left -= areaOf(shownPart(shape, page));
-        if (shape.picture.isNull() || left >= 0.0)
-            kept.push_back(std::move(shape));
+    for (auto shape = layer.shapes.rbegin(); shape != layer.shapes.rend(); ++shape) {
+        if (!shape->picture.isNull())
+            left -= areaOf(shownPart(*shape, page));
+        if (shape->picture.isNull() || left >= 0.0)
+            kept.push_back(std::move(*shape));
     }
     std::ranges::reverse(kept);
     const auto leftOut = static_cast<int>(layer.shapes.size() - kept.size());
@@ -43,8 +42,8 @@ void DIO_limitPictures(DIO_Drawing& drawing)
 {
     double left = kMostPages * areaOf(drawing.viewBox);
     int leftOut = 0;
-    for (DIO_Layer& layer : std::views::reverse(drawing.layers))
-        leftOut += limitLayer(layer, drawing.viewBox, left);
+    for (auto layer = drawing.layers.rbegin(); layer != drawing.layers.rend(); ++layer)
+        leftOut += limitLayer(*layer, drawing.viewBox, left);
     if (leftOut == 0)
         return;
     std::erase_if(drawing.layers, [](const DIO_Layer& layer) { return layer.shapes.empty(); });

@@ -16,8 +16,8 @@
 namespace {
 
 constexpr int kMaxInstances = 100'000;
-// What is visited again for each copy, marker, mask, clip and box. Twice the elements of the most detailed real
-// drawing.
+// What is visited again for each copy, marker, mask, clip and box: a few seconds of work, and far more than real
+// drawings ask for that repeat much.
 constexpr int kMaxRepeated = 250'000;
 constexpr qint64 kMaxBytes = 256 * 1024 * 1024;
 constexpr int kMaxDepth = 800;

@@ -9,6 +9,7 @@
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
 
 #include <QBuffer>
+#include <QHash>
 #include <QImageReader>
 #include <QXmlStreamReader>
 
@@ -139,7 +140,21 @@ private:
         return {};
     }
 
+    // Layers may share a picture. It is decoded and kept once, and counts for each of them.
     UT_Result<QImage> readPicture(const QString& name)
+    {
+        if (const auto known = _pictures.constFind(name); known != _pictures.constEnd()) {
+            if (UT_Result<void> taken = _budget.take(known->width(), known->height()); !taken)
+                return taken.error();
+            return *known;
+        }
+        UT_Result<QImage> picture = decode(name);
+        if (picture)
+            _pictures.insert(name, *picture);
+        return picture;
+    }
+
+    UT_Result<QImage> decode(const QString& name)
     {
         constexpr qint64 kMostBytes = 500'000'000;
         UT_Result<QByteArray> bytes = _archive.read(name, kMostBytes);
@@ -164,6 +179,7 @@ private:
     QXmlStreamReader _xml;
     DIO_PixelBudget _budget;
     DIO_BitmapLayers _made;
+    QHash<QString, QImage> _pictures; // by their names in the archive
     QStringList _modes;
     int _count = 0; // of layers
     int _groups = 0;
