@@ -61,7 +61,7 @@ endfunction()
 
 # vallorin_leave_out_tests(LIST): for another system, removes from the list those sources that need POSIX.
 function(vallorin_leave_out_tests list)
-  set(needs "<sys/|<unistd|\"Limits.h\"")
+  set(needs "<sys/|<unistd|<sched|\"Limits.h\"")
   foreach(source IN LISTS ${list})
     file(STRINGS "${source}" includes REGEX "#include (${needs})" LIMIT_COUNT 1)
     if(includes)

@@ -62,6 +62,8 @@ TEST(JobLimits, FollowSlurm)
     EXPECT_EQ(node.memory, 3.0 * kGibibyte);
     const JobLimits processor = jobLimits(machine({{"SLURM_CPUS_PER_TASK", "4"}, {"SLURM_MEM_PER_CPU", "512"}}));
     EXPECT_EQ(processor.memory, 2.0 * kGibibyte);
+    const JobLimits perProcessor = jobLimits(machine({{"SLURM_MEM_PER_CPU", "512"}}));
+    EXPECT_EQ(perProcessor.memory, 8.0 * kGibibyte) << "a task of 16 processors";
 }
 
 TEST(JobLimits, IgnoreVariablesThatHoldNoAmount)
@@ -71,7 +73,7 @@ TEST(JobLimits, IgnoreVariablesThatHoldNoAmount)
     EXPECT_EQ(limits.memory, 48.0 * kGibibyte);
 }
 
-TEST(JobLimits, FollowTheAffinityOfTheProcess)
+TEST(JobLimits, AreNoReasonForComplaintsOnOneProcessor)
 {
     if (QStandardPaths::findExecutable(QStringLiteral("taskset")).isEmpty())
         GTEST_SKIP() << "taskset (package util-linux) is not installed";
