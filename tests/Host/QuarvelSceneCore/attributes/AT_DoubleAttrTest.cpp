@@ -329,9 +329,12 @@ TEST_F(DoubleAttr, LeavesCommandsWithoutEffectWhenItIsGone)
 {
     const std::unique_ptr<CO_Command> command(scale.setValueCmd(0.0, 2.0));
     command->execute();
+    const std::unique_ptr<CO_Command> later(scale.setValueCmd(0.0, 3.0));
+    EXPECT_TRUE(command->canMergeWith(*later));
     owner.reset();
     command->undo();
     command->redo();
+    EXPECT_FALSE(command->canMergeWith(*later)) << "no attribute is left that both change";
 }
 
 RC_GTEST_PROP(DoubleAttrProperty, ComesBackToEverySavedState, ())

@@ -95,6 +95,20 @@ TEST_F(KeptInputsTest, ADrawingThatReachesTheRectanglesSideIsPaintedForEveryOthe
     EXPECT_EQ(kept.foundCount(), 1);
 }
 
+TEST_F(KeptInputsTest, PixelsThatTakeThePlaceOfOthersFreeTheirs)
+{
+    link(addElement(scene.root(), rectangle(-9000, -90, 0, 90, kRed)), 0);
+    sink.growth = 2;
+    expectSame();
+    const std::int64_t bytes = kept.bytes();
+    sink.growth = 5;
+    expectSame();
+    EXPECT_GT(kept.bytes(), bytes) << "more of the long rectangle is painted";
+    sink.growth = 2;
+    expectSame();
+    EXPECT_EQ(kept.bytes(), bytes);
+}
+
 TEST_F(KeptInputsTest, AnotherSizePlaceOrFormatIsPaintedAndTheFirstStays)
 {
     expectSame();
