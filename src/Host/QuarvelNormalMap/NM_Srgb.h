@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The sRGB curve (IEC 61966-2-1), which converts between the encoded values of pictures and linear amounts of light.
-// Light must be added and multiplied in linear amounts.
+// Converts between the encoded values of pictures and linear amounts of light, in which light must be added and
+// multiplied: the curve of CM_Srgb.h, clamped and fast.
 #pragma once
 
 #include "QuarvelNormalMap/QuarvelNormalMapExport.h"

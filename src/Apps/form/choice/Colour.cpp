@@ -3,15 +3,12 @@
 // Converts sRGB by way of XYZ, as usual.
 #include "form/choice/Colour.h"
 
+#include "QuarvelGraphicCore/CM_Srgb.h"
+
 #include <cmath>
 #include <numbers>
 
 namespace {
-
-double linear(double channel)
-{
-    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-}
 
 double curve(double t)
 {
@@ -59,9 +56,9 @@ QString wordOfHue(const SeenColour& colour)
 
 SeenColour SeenColour::of(const QColor& colour)
 {
-    const double r = linear(colour.redF());
-    const double g = linear(colour.greenF());
-    const double b = linear(colour.blueF());
+    const double r = CM_linearOfSrgb(colour.redF());
+    const double g = CM_linearOfSrgb(colour.greenF());
+    const double b = CM_linearOfSrgb(colour.blueF());
     const double x = curve((0.4124 * r + 0.3576 * g + 0.1805 * b) / 0.9505);
     const double y = curve(0.2126 * r + 0.7152 * g + 0.0722 * b);
     const double z = curve((0.0193 * r + 0.1192 * g + 0.9505 * b) / 1.089);
