@@ -13,6 +13,7 @@
 #include "parameters/NormalQuality.h"
 #include "parameters/VallorinImpl.h"
 #include "render/VallorinRenderHandler.h"
+#include "render/VolumeModel.h"
 
 #include <cmath>
 #include <limits>
@@ -34,7 +35,7 @@ Math::Box2di Vallorin::computeInputRect(const MO_PortContext& context, int, cons
 {
     const double bevel = _impl->largestBevel.of(_impl->objectList->localValue());
     const double blurScale = _impl->blurScale->value(context.frameKey().frame);
-    const double growth = context.resolution().first * blurScale * bevel / 720.0 + 0.5;
+    const double growth = context.resolution().first * blurScale * bevel / kUnitsAcross + 0.5;
     return rect.getEnlarged(growthInPixels(growth, context.resolution()));
 }
 

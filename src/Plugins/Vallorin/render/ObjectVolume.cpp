@@ -4,9 +4,11 @@
 #include "render/ObjectVolume.h"
 
 #include "BlurAlgo/BlurAlgo.h"
+#include "QuarvelCelCore/CEL_WithFormat.h"
 #include "render/CoverageMask.h"
 #include "render/ElevationPlane.h"
 #include "render/PixelTraits.h"
+#include "render/VolumeModel.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,7 +16,6 @@
 
 namespace {
 
-constexpr double kUnitsAcross = 720.0;
 // Few enough for a processor's cache, enough for several threads to compose them.
 constexpr int kBandRows = 256;
 
@@ -204,11 +205,11 @@ ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, do
         return {};
     const VolumeSettings settings{bevel,      resolutionX, generateNormals, elevation, quality,
                                   smoothness, clip,        covered,         shown,     inBands};
-    if (reference->format() == CEL_FORMAT_RGBA16)
-        return build<CEL_PixelRGBA16>(*reference, std::move(object), settings, range);
-    if (reference->format() == CEL_FORMAT_RGBAFLOAT)
-        return build<CEL_PixelRGBAFloat>(*reference, std::move(object), settings, range);
-    return {};
+    ObjectVolume volume;
+    CEL_withFormat(*reference, [&](const auto& typed) {
+        volume = build<CEL_PixelOf<decltype(typed)>>(typed, std::move(object), settings, range);
+    });
+    return volume;
 }
 
 ObjectVolume buildObjectVolume(const UT_SharedPtr<CEL_PixmapArea>& reference, double bevel, int resolutionX,

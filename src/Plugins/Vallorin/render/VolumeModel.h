@@ -38,3 +38,6 @@
 // operation rounded. A result is rounded once, when it is stored. Normals of float pictures that are stored without
 // smoothing are computed in single precision throughout, within a millionth of what double precision gives.
 #pragma once
+
+/// The width of the canvas in the units that bevels are measured in.
+inline constexpr double kUnitsAcross = 720.0;
