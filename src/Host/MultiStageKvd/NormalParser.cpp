@@ -3,6 +3,8 @@
 // The parser finds the pixmap's format once and decodes pixel by pixel.
 #include "MultiStageKvd/NormalParser.h"
 
+#include "QuarvelCelCore/CEL_WithFormat.h"
+
 namespace {
 
 template<typename Pixmap>
@@ -18,8 +20,7 @@ bool read(const Pixmap& normals, int x, int y, Math::Vector3d& normal)
 } // namespace
 
 NormalParser::NormalParser(const CEL_PixmapArea& normals)
-    : _normals16(dynamic_cast<const CEL_PixmapAreaRGBA16*>(&normals))
-    , _normalsFloat(dynamic_cast<const CEL_PixmapAreaRGBAFloat*>(&normals))
+    : _normals16(CEL_asFormat<CEL_PixelRGBA16>(normals)), _normalsFloat(CEL_asFormat<CEL_PixelRGBAFloat>(normals))
 {}
 
 bool NormalParser::normalAt(int x, int y, Math::Vector3d& normal) const

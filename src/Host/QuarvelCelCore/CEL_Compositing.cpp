@@ -3,16 +3,15 @@
 // One loop over the rows that both pictures have.
 #include "QuarvelCelCore/CEL_Compositing.h"
 
+#include "QuarvelCelCore/CEL_WithFormat.h"
 #include "QuarvelCelCore/private/CEL_PixelOver.h"
 #include "QuarvelVectorLanes/VL_ParallelFor.h"
 
 namespace {
 
-template<typename Pixel, auto kOperation>
-void work(const CEL_PixmapArea& top, CEL_PixmapArea& target)
+template<auto kOperation, typename Pixel>
+void work(const CEL_PixelStore<Pixel>& source, CEL_PixelStore<Pixel>& pixels)
 {
-    const auto& source = static_cast<const CEL_PixmapOf<Pixel>&>(top);
-    auto& pixels = static_cast<CEL_PixmapOf<Pixel>&>(target);
     const Math::Box2di rect = source.allocatedRect().getIntersection(pixels.allocatedRect());
     if (rect.isEmpty())
         return;
@@ -37,17 +36,19 @@ void CEL_paintOver(const CEL_PixmapArea& top, CEL_PixmapArea& target)
 {
     assert(top.format() == target.format());
     target.reallocToFit(top);
-    if (top.format() == CEL_FORMAT_RGBA16)
-        work<CEL_PixelRGBA16, CEL_pixelOver<CEL_PixelRGBA16>>(top, target);
-    else
-        work<CEL_PixelRGBAFloat, CEL_pixelOver<CEL_PixelRGBAFloat>>(top, target);
+    CEL_withFormat(target, [&](auto& pixels) {
+        using Pixel = CEL_PixelOf<decltype(pixels)>;
+        if (const auto* const source = CEL_asFormat<Pixel>(top))
+            work<CEL_pixelOver<Pixel>, Pixel>(*source, pixels);
+    });
 }
 
 void CEL_cutOut(const CEL_PixmapArea& shape, CEL_PixmapArea& target)
 {
     assert(shape.format() == target.format());
-    if (shape.format() == CEL_FORMAT_RGBA16)
-        work<CEL_PixelRGBA16, CEL_pixelCut<CEL_PixelRGBA16>>(shape, target);
-    else
-        work<CEL_PixelRGBAFloat, CEL_pixelCut<CEL_PixelRGBAFloat>>(shape, target);
+    CEL_withFormat(target, [&](auto& pixels) {
+        using Pixel = CEL_PixelOf<decltype(pixels)>;
+        if (const auto* const source = CEL_asFormat<Pixel>(shape))
+            work<CEL_pixelCut<Pixel>, Pixel>(*source, pixels);
+    });
 }

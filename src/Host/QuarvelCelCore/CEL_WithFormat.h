@@ -5,6 +5,7 @@
 
 #include "QuarvelCelCore/CEL_PixmapArea.h"
 
+#include <cstdint>
 #include <type_traits>
 
 /// The pixel of a colour pixmap's class: CEL_PixelOf<decltype(pixmap)>.
@@ -21,6 +22,12 @@ template<typename Pixel>
 const CEL_PixmapOf<Pixel>* CEL_asFormat(const CEL_PixmapArea& pixmap)
 {
     return dynamic_cast<const CEL_PixmapOf<Pixel>*>(&pixmap);
+}
+
+/// The memory of a pixel of one of the two colour formats.
+constexpr std::int64_t CEL_bytesPerPixel(CEL_Format format)
+{
+    return format == CEL_FORMAT_RGBAFLOAT ? sizeof(CEL_PixelRGBAFloat) : sizeof(CEL_PixelRGBA16);
 }
 
 /// Calls visit(typed) with a colour pixmap as its own class, CEL_PixmapAreaRGBA16 or CEL_PixmapAreaRGBAFloat; constness

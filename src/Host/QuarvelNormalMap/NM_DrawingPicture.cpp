@@ -37,7 +37,7 @@ UT_Result<IIO_Picture> NM_drawingPicture(const CEL_PixmapArea& drawing, const Ma
     if (!picture)
         return picture;
     picture->metadata() = NM_metadataOf(QStringLiteral("drawing"));
-    const bool encoded = NM_withColours(drawing, [&](const auto& source) {
+    const bool encoded = CEL_withFormat(drawing, [&](const auto& source) {
         if (samples == IIO_SampleType::UINT16)
             NM_encodeRows<std::uint16_t>(source, *picture, StraightEncoder<std::uint16_t>{});
         else

@@ -59,7 +59,7 @@ UT_Result<NM_HeightField> NM_HeightField::create(const CEL_PixmapArea& pixmap, N
     auto field = create({frame.width(), frame.height()});
     if (!field)
         return field;
-    if (!NM_withColours(pixmap, [&](const auto& source) { readHeights(source, channel, frame, rises, *field); }))
+    if (!CEL_withFormat(pixmap, [&](const auto& source) { readHeights(source, channel, frame, rises, *field); }))
         return UT_Error{QStringLiteral("the rendered picture holds no elevation; render in 16 bits or in float")};
     return field;
 }

@@ -83,7 +83,7 @@ void encodeBlue(const CEL_PixelStore<Pixel>& source, IIO_Picture& picture)
 template<typename Sample>
 bool encodeElevation(const CEL_PixmapArea& pixmap, NM_ElevationChannel channel, IIO_Picture& picture)
 {
-    return NM_withColours(pixmap, [&](const auto& source) {
+    return CEL_withFormat(pixmap, [&](const auto& source) {
         if (channel == NM_ElevationChannel::BLUE)
             encodeBlue<Sample>(source, picture);
         else
@@ -127,11 +127,6 @@ QStringList elevationChannels(bool coverage, IIO_SampleType samples)
     return coverage ? IIO_channelsGreyAlpha() : IIO_channelsGrey();
 }
 
-UT_Error noColours()
-{
-    return {QStringLiteral("the rendered picture holds no normals; render in 16 bits or in float")};
-}
-
 } // namespace
 
 QString NM_layersEncoding(bool drawing, bool elevation)
@@ -165,10 +160,10 @@ UT_Result<IIO_Picture> NM_layersPicture(const CEL_PixmapArea& pixmap, const Math
     picture->metadata() = NM_metadataOf(NM_Layout::TANGENT, yAxis);
     picture->metadata().set(QStringLiteral("Encoding"), NM_layersEncoding(drawing, elevation));
     const LayersEncoder encoder{yAxis == NM_YAxis::UP ? -1.0 : 1.0, elevation, drawing ? 4 : 0};
-    if (!NM_withColours(pixmap, [&](const auto& source) { NM_encodeRows<float>(source, *picture, encoder); }))
-        return noColours();
-    if (drawing && !NM_withColours(*drawing, [&](const auto& source) { encodeColours(source, *picture); }))
-        return noColours();
+    if (!CEL_withFormat(pixmap, [&](const auto& source) { NM_encodeRows<float>(source, *picture, encoder); }))
+        return NM_noNormals();
+    if (drawing && !CEL_withFormat(*drawing, [&](const auto& source) { encodeColours(source, *picture); }))
+        return NM_noNormals();
     return picture;
 }
 
@@ -183,6 +178,6 @@ UT_Result<IIO_Picture> NM_elevationOf(const CEL_PixmapArea& pixmap, NM_Elevation
     const bool encoded = samples == IIO_SampleType::FLOAT ? encodeElevation<float>(pixmap, channel, *picture)
                                                           : encodeElevation<std::uint16_t>(pixmap, channel, *picture);
     if (!encoded)
-        return noColours();
+        return NM_noNormals();
     return picture;
 }

@@ -51,7 +51,7 @@ UT_Result<IIO_Picture> maskOf(const CEL_PixmapArea& coverage, const Math::Box2di
     if (!colours)
         return colours;
     const bool isInteger = samples == IIO_SampleType::UINT16;
-    const bool written = NM_withColours(coverage, [&](const auto& source) {
+    const bool written = CEL_withFormat(coverage, [&](const auto& source) {
         if (isInteger)
             writeValues<std::uint16_t>(source, *colours, beyond, value);
         else

@@ -106,13 +106,13 @@ UT_Result<IIO_Picture> NM_toPicture(const CEL_PixmapArea& pixmap, const Math::Bo
     if (!picture)
         return picture;
     picture->metadata() = NM_metadataOf(settings.layout, settings.yAxis);
-    const bool encoded = NM_withColours(pixmap, [&](const auto& source) {
+    const bool encoded = CEL_withFormat(pixmap, [&](const auto& source) {
         if (settings.samples == IIO_SampleType::UINT16)
             encode<std::uint16_t>(source, *picture, settings);
         else
             encode<float>(source, *picture, settings);
     });
     if (!encoded)
-        return UT_Error{QStringLiteral("the rendered picture holds no normals; render in 16 bits or in float")};
+        return NM_noNormals();
     return picture;
 }

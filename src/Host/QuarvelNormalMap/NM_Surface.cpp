@@ -117,7 +117,7 @@ UT_Result<void> NM_Surface::setNormals(const CEL_PixmapArea& normals, const Math
 {
     if (frame.width() != _size.width || frame.height() != _size.height)
         return wrongSize(frame.width(), frame.height(), _size);
-    const bool read = NM_withColours(normals, [&](const auto& source) {
+    const bool read = CEL_withFormat(normals, [&](const auto& source) {
         NM_forRows(0, _size.height, [&](int y) {
             float* normalX = planeRow(NORMAL_X, y).data();
             float* normalY = planeRow(NORMAL_Y, y).data();
@@ -131,7 +131,7 @@ UT_Result<void> NM_Surface::setNormals(const CEL_PixmapArea& normals, const Math
         });
     });
     if (!read)
-        return UT_Error{QStringLiteral("the rendered picture holds no normals; render in 16 bits or in float")};
+        return NM_noNormals();
     return {};
 }
 

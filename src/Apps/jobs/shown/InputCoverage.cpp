@@ -3,6 +3,8 @@
 // Two passes: the first finds the rectangle around the covered pixels, the second sets its bits.
 #include "jobs/shown/InputCoverage.h"
 
+#include "QuarvelCelCore/CEL_WithFormat.h"
+
 #include <algorithm>
 
 namespace {
@@ -17,10 +19,7 @@ bool isCovered(const Pixel& pixel)
 
 CoverageBits::CoverageBits(const CEL_PixmapArea& pixmap, const Math::Box2di& window)
 {
-    if (pixmap.format() == CEL_FORMAT_RGBA16)
-        take(static_cast<const CEL_PixmapAreaRGBA16&>(pixmap), window);
-    else if (pixmap.format() == CEL_FORMAT_RGBAFLOAT)
-        take(static_cast<const CEL_PixmapAreaRGBAFloat&>(pixmap), window);
+    CEL_withFormat(pixmap, [&](const auto& pixels) { take(pixels, window); });
 }
 
 template<typename Pixel>

@@ -3,6 +3,8 @@
 // One number per pixel, in a rectangle that grows with what is painted.
 #include "jobs/shown/ObjectPlane.h"
 
+#include "QuarvelCelCore/CEL_WithFormat.h"
+
 #include <algorithm>
 
 void ObjectPlane::paint(const CEL_PixmapArea& shape, const QString& node, int number)
@@ -10,10 +12,7 @@ void ObjectPlane::paint(const CEL_PixmapArea& shape, const QString& node, int nu
     if (number < 0 || shape.allocatedRect().isEmpty())
         return;
     const std::uint32_t index = number > 0 ? indexOf(node, number) : 0;
-    if (shape.format() == CEL_FORMAT_RGBA16)
-        take(static_cast<const CEL_PixmapAreaRGBA16&>(shape), index);
-    else if (shape.format() == CEL_FORMAT_RGBAFLOAT)
-        take(static_cast<const CEL_PixmapAreaRGBAFloat&>(shape), index);
+    CEL_withFormat(shape, [&](const auto& pixels) { take(pixels, index); });
 }
 
 void ObjectPlane::setRises(const QString& node, const std::map<int, double>& rises, double factor)

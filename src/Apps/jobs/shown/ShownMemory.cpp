@@ -3,6 +3,7 @@
 // Adds up the rectangles of objects and applies the measured law.
 #include "jobs/shown/ShownMemory.h"
 
+#include "QuarvelCelCore/CEL_WithFormat.h"
 #include "QuarvelSceneCore/graph/MO_Port.h"
 #include "QuarvelSceneCore/graph/MO_SceneCommon.h"
 #include "jobs/shown/DrawingExtent.h"
@@ -31,7 +32,7 @@ double shareAt(const MO_Port& input, int frame, const std::pair<int, int>& resol
 
 double pixelBytes(const RD_RenderParameters& used)
 {
-    return used.celFormat() == CEL_FORMAT_RGBA16 ? sizeof(CEL_PixelRGBA16) : sizeof(CEL_PixelRGBAFloat);
+    return static_cast<double>(CEL_bytesPerPixel(used.celFormat()));
 }
 
 double shareHeldBy(const MO_Module& node, int frame, const std::pair<int, int>& resolution)

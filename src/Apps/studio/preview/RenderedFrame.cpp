@@ -3,6 +3,7 @@
 // Reads pixels of all formats as numbers.
 #include "studio/preview/RenderedFrame.h"
 
+#include "QuarvelCelCore/CEL_WithFormat.h"
 #include "QuarvelNormalMap/NM_Direction.h"
 
 #include <cmath>
@@ -12,7 +13,7 @@ namespace {
 template<typename Pixel>
 std::array<double, 4> fractionsOf(const Pixel& pixel)
 {
-    constexpr double kFull = std::is_integral_v<typename CEL_PixelTraits<Pixel>::Channel> ? 32767.0 : 1.0;
+    constexpr auto kFull = static_cast<double>(CEL_PixelTraits<Pixel>::kFull);
     return {pixel.r / kFull, pixel.g / kFull, pixel.b / kFull, pixel.a / kFull};
 }
 
@@ -20,13 +21,12 @@ std::array<double, 4> fractionsOf(const Pixel& pixel)
 template<typename Function>
 void withPixel(const UT_SharedPtr<CEL_PixmapArea>& pixmap, const QPoint& place, const Function& function)
 {
-    if (const auto pixels16 = pixmap.dynamicCast<CEL_PixmapAreaRGBA16>()) {
-        if (const auto* pixel = pixels16->find(place.x(), place.y()))
+    if (!pixmap)
+        return;
+    CEL_withFormat(*pixmap, [&](const auto& pixels) {
+        if (const auto* const pixel = pixels.find(place.x(), place.y()))
             function(*pixel);
-    } else if (const auto pixelsFloat = pixmap.dynamicCast<CEL_PixmapAreaRGBAFloat>()) {
-        if (const auto* pixel = pixelsFloat->find(place.x(), place.y()))
-            function(*pixel);
-    }
+    });
 }
 
 std::array<double, 4> coloursAt(const QImage& image, const QPoint& place)
@@ -51,8 +51,9 @@ QPoint RenderedFrame::pixelAt(const QPoint& pixel, const QSize& image) const
 qsizetype RenderedFrame::bytes() const
 {
     // The node's pixels are float where 16 bits would leave grain.
-    const qsizetype finer = node && node->format() == CEL_FORMAT_RGBAFLOAT ? 8 : 0;
-    const qsizetype others = !channels ? 0 : channels->format() == CEL_FORMAT_RGBAFLOAT ? 16 : 8;
+    constexpr auto kOf16Bits = static_cast<qsizetype>(sizeof(CEL_PixelRGBA16));
+    const qsizetype finer = node ? CEL_bytesPerPixel(node->format()) - kOf16Bits : 0;
+    const qsizetype others = channels ? CEL_bytesPerPixel(channels->format()) : 0;
     qsizetype bits = 0;
     if (inputs)
         for (const ShownInput& input : *inputs)

@@ -1,28 +1,19 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// The dispatch on the pixmap's format and the loop over rows that all conversions from pixmaps to pictures share.
+// The loops over rows that all conversions from pixmaps to pictures share.
 #pragma once
 
-#include "QuarvelCelCore/CEL_PixmapArea.h"
+#include "QuarvelCelCore/CEL_WithFormat.h"
 #include "QuarvelImageIO/IIO_Picture.h"
 #include "QuarvelVectorLanes/VL_ParallelFor.h"
 
 #include <algorithm>
 #include <span>
 
-/// Calls work(pixmap) with the pixmap cast to its colour format.
-///
-/// @return false if the pixmap has no colour format
-template<typename Work>
-bool NM_withColours(const CEL_PixmapArea& pixmap, const Work& work)
+/// The error of what was made to be a picture of normals and has no colour format.
+inline UT_Error NM_noNormals()
 {
-    if (pixmap.format() == CEL_FORMAT_RGBA16)
-        work(static_cast<const CEL_PixmapAreaRGBA16&>(pixmap));
-    else if (pixmap.format() == CEL_FORMAT_RGBAFLOAT)
-        work(static_cast<const CEL_PixmapAreaRGBAFloat&>(pixmap));
-    else
-        return false;
-    return true;
+    return {QStringLiteral("the rendered picture holds no normals; render in 16 bits or in float")};
 }
 
 /// Calls work(row) for every row in [first, end), several at once.

@@ -4,15 +4,15 @@
 // one by one.
 #include "QuarvelSceneCore/rendering/RD_KeptInputs.h"
 
+#include "QuarvelCelCore/CEL_WithFormat.h"
+
 #include <algorithm>
 
 namespace {
 
 std::int64_t bytesOf(const CEL_PixmapArea& pixels)
 {
-    const std::int64_t each =
-        pixels.format() == CEL_FORMAT_RGBAFLOAT ? sizeof(CEL_PixelRGBAFloat) : sizeof(CEL_PixelRGBA16);
-    return pixels.allocatedRect().area() * each;
+    return pixels.allocatedRect().area() * CEL_bytesPerPixel(pixels.format());
 }
 
 bool isSamePlace(const CELVEC_RenderArgs& one, const CELVEC_RenderArgs& other)
