@@ -99,6 +99,23 @@ TEST_F(ChosenObjectsOfAFigure, ArePaintedInDifferentColours)
     EXPECT_EQ(qAlpha(at(3, 3)), 0);
 }
 
+TEST_F(ChosenObjectsOfAFigure, AreNotPaintedOverTheirDrawing)
+{
+    ASSERT_EQ(quarvel("inspect figure.svg --explain sprite.png").exitCode, 0);
+    const QByteArray drawing = bytes("sprite.png");
+    const Outcome outcome = quarvel("inspect sprite.png --explain ./sprite.png");
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_THAT(outcome.messages, HasSubstr("./sprite.png is the drawing, and would be lost; name another file"));
+    EXPECT_EQ(bytes("sprite.png"), drawing);
+}
+
+TEST_F(ChosenObjectsOfAFigure, AreNotPaintedWhereNoFileCanBe)
+{
+    const Outcome outcome = quarvel("inspect figure.svg --explain none/objects.png");
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_THAT(outcome.messages, HasSubstr("the folder \"none\" does not exist; make it first"));
+}
+
 TEST_F(ChosenObjectsOfAFigure, CanBeNamed)
 {
     const QString listed = quarvel("inspect figure.svg").text().split(QLatin1Char('\n'))[4];

@@ -7,15 +7,18 @@
 #include "FormOptions.h"
 #include "InputAdvice.h"
 #include "OpenScene.h"
+#include "QuarvelBaseCore/UT_FileName.h"
+#include "QuarvelImageIO/IIO_AtomicFile.h"
 #include "Report.h"
 #include "StandardInput.h"
 #include "StopSignal.h"
+#include "TakenFiles.h"
 #include "jobs/drawing/DescribeObjects.h"
 #include "jobs/frames/DescribeFrame.h"
 #include "jobs/scene/DescribeScene.h"
 
+#include <QBuffer>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace {
 
@@ -33,7 +36,7 @@ struct InspectOptions
 std::vector<OptionRow<InspectOptions>> rows()
 {
     const auto takeExplain = [](InspectOptions& options, const QString& option, const QString& value) -> Taken {
-        if (QFileInfo(value).suffix().compare(QLatin1String("png"), Qt::CaseInsensitive) != 0)
+        if (UT_fileSuffix(value) != QLatin1String("png"))
             return UT_Error{QStringLiteral("%1 takes the name of a .png file, not \"%2\"").arg(option, value)};
         options.explain = value;
         return {};
@@ -63,10 +66,12 @@ UT_Result<InspectOptions> parseOptions(const QStringList& words)
 
 UT_Result<void> savePicture(const QImage& image, const QString& file)
 {
-    QSaveFile target(file);
-    if (!target.open(QIODevice::WriteOnly) || !image.save(&target, "PNG") || !target.commit())
-        return UT_Error{QStringLiteral("%1 cannot be written: %2").arg(file, target.errorString())};
-    return {};
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (image.isNull() || !buffer.open(QIODevice::WriteOnly) || !image.save(&buffer, "PNG"))
+        return UT_noMemory(QStringLiteral("the picture of the objects"), QStringLiteral("leave --explain out"))
+            .at(file);
+    return IIO_writeFile(file, bytes);
 }
 
 // What is known of a place: for scripts, and for people.
@@ -80,6 +85,8 @@ UT_Result<Description> describeDrawing(const QString& path, const InspectOptions
 {
     if (const UT_Result<void> readable = checkIsDrawing(path); !readable)
         return readable.error();
+    if (!options.explain.isEmpty() && followedPath(options.explain) == followedPath(path))
+        return UT_Error{QStringLiteral("%1 is the drawing, and would be lost; name another file").arg(options.explain)};
     FormSettings form = options.form;
     form.listed = true;
     const UT_Result<ReadDrawing> read = readDrawing(path, form);
