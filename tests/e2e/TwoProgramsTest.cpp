@@ -113,6 +113,6 @@ TEST_F(TwoPrograms, AFolderWithSomethingElseIsNoPlaceForAScene)
 {
     ASSERT_TRUE(QDir().mkpath(path("s.scene/photos")));
     EXPECT_NE(import(), 0);
-    EXPECT_THAT(messages, HasSubstr("is there already and is no scene"));
+    EXPECT_THAT(messages, HasSubstr("is there already and is not a scene"));
     EXPECT_NE(import(" --force"), 0);
 }

@@ -12,7 +12,7 @@
 UT_Result<IIO_Picture> layersOf(const ShownFrame& frame)
 {
     if (frame.kind != RenderedKind::NORMALS)
-        return UT_Error{QStringLiteral("what is shown are no normals; connect a Vallorin node to the display")};
+        return UT_Error{QStringLiteral("what is shown are not normals; connect a Vallorin node to the display")};
     return NM_layersPicture(*frame.picture, frame.window, frame.window, NM_YAxis::UP, true);
 }
 

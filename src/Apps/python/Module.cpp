@@ -12,6 +12,8 @@
 #include "jobs/drawing/ObjectWords.h"
 #include "jobs/drawing/ReadDrawing.h"
 #include "jobs/frames/SurfaceFrames.h"
+#include "jobs/frames/UsualWidth.h"
+#include "jobs/text/WrongValue.h"
 
 #include <pybind11/pybind11.h>
 #include <pybind11/stl.h>
@@ -63,8 +65,7 @@ int indexOf(const QStringList& words, const std::string& word, const char* what)
     if (index >= 0)
         return static_cast<int>(index);
     throw PythonError(
-        {QStringLiteral("%1 takes %2, not \"%3\"")
-             .arg(QString::fromLatin1(what), words.join(QStringLiteral(", ")), QString::fromStdString(word))});
+        wrongValue(QString::fromLatin1(what), words.join(QStringLiteral(", ")), QString::fromStdString(word)));
 }
 
 FormSettings formOf(const std::string& objects, const std::string& shape, double volume)
@@ -310,7 +311,7 @@ PYBIND11_MODULE(_vallorin, module)
         .def_property_readonly("last_frame", &Scene::lastFrame)
         .def_property_readonly("warnings", [](const Scene& scene) { return texts(scene.warnings()); })
         .def("render", &Scene::render, py::keep_alive<0, 1>(), py::arg("frames"), py::kw_only(),
-             py::arg("width") = 1920, py::arg("also") = Also(), py::arg("gloss") = Gloss());
+             py::arg("width") = kUsualWidth, py::arg("also") = Also(), py::arg("gloss") = Gloss());
     const auto define = [&](auto function) {
         module.def("normal_map", function, py::arg("drawing"), py::kw_only(), py::arg("objects") = "auto",
                    py::arg("shape") = "auto", py::arg("volume") = 1.0, py::arg("width") = 0, py::arg("also") = Also(),

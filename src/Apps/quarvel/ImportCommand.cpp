@@ -39,7 +39,7 @@ UT_Result<void> checkOutput(const ImportOptions& options)
         return {};
     if (!SIO_holdsScene(options.output))
         return UT_Error{
-            QStringLiteral("%1 is there already and is no scene; choose another name with -o").arg(options.output)};
+            QStringLiteral("%1 is there already and is not a scene; choose another name with -o").arg(options.output)};
     if (!options.force)
         return UT_Error{
             QStringLiteral("%1 is there already; choose another name with -o, or write over it with --force")
@@ -113,12 +113,6 @@ void tellWhatWasMade(const ImportOptions& options, const MO_Scene& scene, Report
                            QString::number(colours)));
 }
 
-int stopped(const ImportOptions& options, Report& report)
-{
-    report.error(QStringLiteral("stopped; %1 is as it was").arg(options.output));
-    return StopSignal::exitCode();
-}
-
 // Once the save has taken effect a signal is too late: the scene is whole then.
 int importAndSave(const ImportOptions& options, Report& report)
 {
@@ -132,7 +126,7 @@ int importAndSave(const ImportOptions& options, Report& report)
     const UT_Result<ImportedScene> imported = importFiles(options, progress);
     progress.clear();
     if (StopSignal::came())
-        return stopped(options, report);
+        return StopSignal::leaveUnchanged(options.output, report);
     if (!imported)
         return failed(imported.error());
     for (const QString& warning : imported->warnings)
@@ -141,7 +135,8 @@ int importAndSave(const ImportOptions& options, Report& report)
         SIO_saveScene(*imported->scene, options.output, [&](double done) { return progress.saves(done); });
     progress.clear();
     if (!saved)
-        return saved.error().kind == UT_ErrorKind::STOPPED ? stopped(options, report) : failed(saved.error());
+        return saved.error().kind == UT_ErrorKind::STOPPED ? StopSignal::leaveUnchanged(options.output, report)
+                                                           : failed(saved.error());
     tellWhatWasMade(options, *imported->scene, report);
     if (!StopSignal::came())
         return 0;

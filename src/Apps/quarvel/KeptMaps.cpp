@@ -3,7 +3,7 @@
 // Every part of the digest is written with its length, so that different parts never give the same bytes.
 #include "KeptMaps.h"
 
-#include "QuarvelBaseCore/UT_FileName.h"
+#include "FormatLosses.h"
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "jobs/drawing/OwnValues.h"
 #include "jobs/frames/FrameOnDisk.h"
@@ -113,7 +113,5 @@ void warnOfFilesWithoutDigest(const NormalMapOptions& options, const OutputFiles
     if (!files.page.isEmpty())
         without << files.page;
     for (const QString& file : without)
-        report.warning(file, QStringLiteral(".%1 files cannot say what they were made of, so --resume makes all maps "
-                                            "again; write .png or .exr")
-                                 .arg(UT_fileSuffix(file)));
+        warnOfNoDigest(file, QStringLiteral("makes all maps again"), report);
 }

@@ -8,6 +8,7 @@
 #include "DrawingRun.h"
 #include "DrawingsInFolder.h"
 #include "ExitCodes.h"
+#include "FormatLosses.h"
 #include "InOrder.h"
 #include "KeptMaps.h"
 #include "LoadPlugIns.h"
@@ -80,17 +81,6 @@ QString sizeLine(int small)
                           "them larger")
         .arg(kSmallSide)
         .arg(small);
-}
-
-// What a format loses. Said once for all drawings.
-void warnOfLosses(const std::vector<OutputFiles>& files, Report& report)
-{
-    const QString& map = files.front().normalMap;
-    const auto format = IIO_pictureFormatOf(map);
-    if (!format || format->samples == IIO_SampleType::FLOAT || format->bitsPerChannel > 8)
-        return;
-    report.warning(map, QStringLiteral(".%1 files hold 8 bits a channel%2; write .png or .exr to keep everything")
-                            .arg(format->suffix, format->alpha ? QString() : QStringLiteral(" and no coverage")));
 }
 
 /// The runs of all drawings.
@@ -212,7 +202,7 @@ int runPages(const NormalMapOptions& options, const std::vector<Sheet>& pages, R
         report.error(files.error());
         return kWrongUsage;
     }
-    warnOfLosses(*files, report);
+    warnOfEightBits(files->front().normalMap, report);
     warnOfFilesWithoutDigest(options, files->front(), report);
     const int exitCode = AllRuns(options, *files, pages, report).run();
     if (exitCode != 0 || pages.empty())

@@ -4,24 +4,16 @@
 #include "OptionValues.h"
 
 #include "QuarvelSceneCore/interfaces/RD_RenderParameters.h"
+#include "jobs/text/WrongValue.h"
 
 #include <cmath>
-
-namespace {
-
-UT_Error expected(const QString& option, const QString& what, const QString& text)
-{
-    return {QStringLiteral("%1 takes %2, not \"%3\"").arg(option, what, text)};
-}
-
-} // namespace
 
 UT_Result<double> parseNumber(const QString& option, const QString& text)
 {
     bool ok = false;
     const double value = text.toDouble(&ok);
     if (!ok || !std::isfinite(value))
-        return expected(option, QStringLiteral("a number such as 24 or 0.5"), text);
+        return wrongValue(option, QStringLiteral("a number such as 24 or 0.5"), text);
     return value;
 }
 
@@ -29,7 +21,7 @@ UT_Result<double> parseNumber(const QString& option, const QString& text, double
 {
     UT_Result<double> value = parseNumber(option, text);
     if (!value || *value < low || *value > high)
-        return expected(option, QStringLiteral("a number from %1 to %2").arg(low).arg(high, 0, 'g', 10), text);
+        return wrongValue(option, QStringLiteral("a number from %1 to %2").arg(low).arg(high, 0, 'g', 10), text);
     return value;
 }
 
@@ -38,7 +30,7 @@ UT_Result<int> parseWholeNumber(const QString& option, const QString& text, int 
     bool ok = false;
     const int value = text.toInt(&ok);
     if (!ok || value < low || value > high)
-        return expected(option, QStringLiteral("a whole number from %1 to %2").arg(low).arg(high), text);
+        return wrongValue(option, QStringLiteral("a whole number from %1 to %2").arg(low).arg(high), text);
     return value;
 }
 
@@ -55,8 +47,8 @@ UT_Result<QSize> parseSize(const QString& option, const QString& text)
     const int width = numbers.first().toInt(&widthOk);
     const int height = numbers.size() == 2 ? numbers.last().toInt(&heightOk) : 0;
     if (numbers.size() > 2 || !widthOk || !heightOk)
-        return expected(option, QStringLiteral("a width and a height in pixels such as 1920x1080, or a width alone"),
-                        text);
+        return wrongValue(option, QStringLiteral("a width and a height in pixels such as 1920x1080, or a width alone"),
+                          text);
     if (width < 1 || (numbers.size() == 2 && height < 1))
         return UT_Error{QStringLiteral("%1 %2: a picture is at least 1 pixel wide and 1 pixel high").arg(option, text)};
     constexpr int kMost = RD_RenderParameters::kMaxResolution;
@@ -71,7 +63,7 @@ UT_Result<QColor> parseColour(const QString& option, const QString& text)
 {
     const QColor colour(text.trimmed());
     if (!colour.isValid() || colour.alpha() != 255)
-        return expected(option, QStringLiteral("a colour such as #1b1b1b"), text);
+        return wrongValue(option, QStringLiteral("a colour such as #1b1b1b"), text);
     return colour;
 }
 
@@ -79,7 +71,7 @@ UT_Result<std::pair<QString, QString>> splitColourValue(const QString& option, c
 {
     const auto equals = text.lastIndexOf(QLatin1Char('='));
     if (equals < 1)
-        return expected(option, what, text);
+        return wrongValue(option, what, text);
     return std::pair{text.left(equals), text.mid(equals + 1)};
 }
 
@@ -97,6 +89,6 @@ UT_Result<int> parseChoice(const QString& option, const QString& text, const QSt
 {
     const auto index = choices.indexOf(text.toLower());
     if (index < 0)
-        return expected(option, QStringLiteral("one of ") + choices.join(QStringLiteral(", ")), text);
+        return wrongValue(option, QStringLiteral("one of ") + choices.join(QStringLiteral(", ")), text);
     return static_cast<int>(index);
 }

@@ -135,7 +135,7 @@ UT_Result<void> checkCanvas(const QString& drawing, const NormalMapOptions& opti
                                       QStringLiteral("jpg"), QStringLiteral("bmp"), QStringLiteral("tga")};
     if (!options.canvas || !options.drawingPicture.isEmpty() || imported.contains(UT_fileSuffix(drawing)))
         return {};
-    return UT_Error{QStringLiteral("%1 is no picture that Godot imports; write the drawing as a picture, too, with "
+    return UT_Error{QStringLiteral("%1 is not a picture that Godot imports; write the drawing as a picture, too, with "
                                    "--drawing")
                         .arg(drawing)};
 }

@@ -8,6 +8,8 @@
 #include "OptionTable.h"
 #include "OptionValues.h"
 #include "QuarvelSceneCore/graph/MO_SceneCommon.h"
+#include "jobs/frames/UsualWidth.h"
+#include "jobs/text/WrongValue.h"
 
 #include <QRegularExpression>
 
@@ -42,7 +44,7 @@ UT_Result<std::pair<int, int>> parsePair(const QString& option, const QString& v
     bool secondOk = false;
     const std::pair<int, int> pair{numbers.first().toInt(&firstOk), numbers.last().toInt(&secondOk)};
     if (numbers.size() != 2 || !firstOk || !secondOk)
-        return UT_Error{QStringLiteral("%1 takes %2, not \"%3\"").arg(option, example, value)};
+        return wrongValue(option, example, value);
     return pair;
 }
 
@@ -66,7 +68,7 @@ UT_Result<std::pair<int, int>> shardOfArrayTask(const QString& option)
     const int count = qEnvironmentVariableIntValue("SLURM_ARRAY_TASK_COUNT", &known[2]);
     const int index = task - (known[1] ? first : 0) + 1;
     if (!known[0] || !known[2] || index < 1 || index > count)
-        return UT_Error{QStringLiteral("%1 auto: this is no task of an array without gaps (SLURM_ARRAY_TASK_ID and "
+        return UT_Error{QStringLiteral("%1 auto: this is not a task of an array without gaps (SLURM_ARRAY_TASK_ID and "
                                        "SLURM_ARRAY_TASK_COUNT say which of how many); write %1 1/4")
                             .arg(option)};
     return std::pair{index, count};
@@ -194,7 +196,6 @@ UT_Result<RenderOptions> parseRenderOptions(const QStringList& words)
 
 std::pair<int, int> renderResolution(const RenderOptions& options, double frameHeight)
 {
-    constexpr int kUsualWidth = 1920;
     const QSize size = options.resolution.value_or(QSize(kUsualWidth, 0));
     const double width = size.width();
     const double height = size.height() > 0 ? size.height() : width * frameHeight / MO_SceneCommon::kFrameWidth;

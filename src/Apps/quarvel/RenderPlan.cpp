@@ -3,6 +3,7 @@
 // The node comes first, then the frames, then the files: each is needed to judge the next.
 #include "RenderPlan.h"
 
+#include "FormatLosses.h"
 #include "FrameFileNames.h"
 #include "GlossOption.h"
 #include "InputAdvice.h"
@@ -194,21 +195,14 @@ void warnWhereFramesHaveNoDigest(const RenderOptions& options, Report& report)
 {
     const auto format = IIO_pictureFormatOf(options.output);
     if (options.resume && format && !format->texts)
-        report.warning(options.output,
-                       QStringLiteral(".%1 files cannot say what they were made of, so --resume renders all frames "
-                                      "again; write .png or .exr")
-                           .arg(format->suffix));
+        warnOfNoDigest(options.output, QStringLiteral("renders all frames again"), report);
 }
 
 // Pictures of colours lose nothing visible in 8 bits.
 void warnOfLosses(const RenderOptions& options, const RenderPlan& plan, Report& report)
 {
-    const auto format = IIO_pictureFormatOf(options.output);
-    if (!format || format->bitsPerChannel > 8 || plan.settings.picture.shown == RenderedKind::COLOURS)
-        return;
-    report.warning(options.output,
-                   QStringLiteral(".%1 files hold 8 bits a channel%2; write .png or .exr to keep everything")
-                       .arg(format->suffix, format->alpha ? QString() : QStringLiteral(" and no coverage")));
+    if (plan.settings.picture.shown != RenderedKind::COLOURS)
+        warnOfEightBits(options.output, report);
 }
 
 } // namespace

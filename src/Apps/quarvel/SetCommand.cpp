@@ -54,12 +54,6 @@ void tellChanges(const QString& folder, const Changes& changes, Report& report)
                   text);
 }
 
-int stopped(const QString& folder, Report& report)
-{
-    report.error(QStringLiteral("stopped; %1 is as it was").arg(folder));
-    return StopSignal::exitCode();
-}
-
 bool goOn(double)
 {
     return !StopSignal::came();
@@ -76,14 +70,14 @@ std::optional<int> tryChange(const SIO_LoadedScene& opened, const QString& folde
         return kWrongUsage;
     }
     if (StopSignal::came())
-        return stopped(folder, report);
+        return StopSignal::leaveUnchanged(folder, report);
     if (changed->empty()) {
         tellChanges(folder, *changed, report);
         return 0;
     }
     const auto saved = SIO_saveSceneOver(opened.state, *opened.scene, folder, &goOn);
     if (!saved && saved.error().kind == UT_ErrorKind::STOPPED)
-        return stopped(folder, report);
+        return StopSignal::leaveUnchanged(folder, report);
     if (!saved) {
         report.error(saved.error());
         return kFailed;
@@ -110,7 +104,7 @@ int changeScene(const QString& folder, const Change& change, Report& report)
         opened = SIO_loadScene(folder, &goOn);
     }
     if (!opened && opened.error().kind == UT_ErrorKind::STOPPED)
-        return stopped(folder, report);
+        return StopSignal::leaveUnchanged(folder, report);
     report.error(opened ? UT_Error{QStringLiteral("other programs save the scene again and again; try later")}
                         : opened.error(),
                  folder);

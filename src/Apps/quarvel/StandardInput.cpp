@@ -4,6 +4,7 @@
 #include "StandardInput.h"
 
 #include "QuarvelDrawingIO/DIO_DrawingReader.h"
+#include "TemporaryFolder.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -86,9 +87,10 @@ UT_Result<void> StandardInput::putInto(QStringList& files, Report& report)
     if (suffix.isEmpty())
         return UT_Error{QStringLiteral("standard input holds no drawing; the readable kinds are %1")
                             .arg(DIO_readableSuffixes().join(QStringLiteral(", ")))};
-    _folder = std::make_unique<QTemporaryDir>();
-    if (!_folder->isValid())
-        return UT_Error{QStringLiteral("there is no room for temporary files: %1").arg(_folder->errorString())};
+    auto folder = makeTemporaryFolder();
+    if (!folder)
+        return folder.error();
+    _folder = std::move(*folder);
     QFile file(_folder->filePath(QStringLiteral("drawing.") + suffix));
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly) || file.write(*bytes) != bytes->size() || !file.flush())
         return UT_Error{

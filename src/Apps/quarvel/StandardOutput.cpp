@@ -3,6 +3,7 @@
 // One PNG file: a pipe has no name that could ask for another format.
 #include "StandardOutput.h"
 
+#include "TemporaryFolder.h"
 #include "Terminal.h"
 
 #include <QFile>
@@ -24,9 +25,10 @@ UT_Result<QString> StandardOutput::prepare(const NormalMapOptions& options, Repo
     if (isTerminal(report.results()))
         return UT_Error{QStringLiteral("the picture would go to the terminal; name a file, as in -o hero_n.png, or "
                                        "write > hero_n.png behind the command")};
-    _folder = std::make_unique<QTemporaryDir>();
-    if (!_folder->isValid())
-        return UT_Error{QStringLiteral("there is no room for temporary files: %1").arg(_folder->errorString())};
+    auto folder = makeTemporaryFolder();
+    if (!folder)
+        return folder.error();
+    _folder = std::move(*folder);
     _file = _folder->filePath(QStringLiteral("map.png"));
     report.call(_file, QStringLiteral("standard output"));
     report.beQuiet();

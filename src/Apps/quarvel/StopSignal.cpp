@@ -3,6 +3,8 @@
 // The handler does nothing but what a handler may do: it sets a number that needs no lock.
 #include "StopSignal.h"
 
+#include "Report.h"
+
 #include <atomic>
 #include <csignal>
 
@@ -50,4 +52,10 @@ int StopSignal::exitCode()
 {
     const int signal = signalThatCame;
     return signal == 0 ? 0 : 128 + signal;
+}
+
+int StopSignal::leaveUnchanged(const QString& place, Report& report)
+{
+    report.error(QStringLiteral("stopped; %1 is as it was").arg(place));
+    return exitCode();
 }

@@ -4,6 +4,10 @@
 // second signal ends the program at once.
 #pragma once
 
+#include <QString>
+
+class Report;
+
 /// Catches the signals for as long as it lives. One at a time.
 class StopSignal
 {
@@ -18,6 +22,8 @@ public:
     /// What a program that ends because of the signal exits with: 128 and the signal's number, as shells say it; 130
     /// for Ctrl-C, 143 for the system's request. 0 when none came.
     static int exitCode();
+    /// Tells that the run was stopped before it changed a place, and gives the exit code.
+    static int leaveUnchanged(const QString& place, Report& report);
 
 private:
     using Handler = void (*)(int);

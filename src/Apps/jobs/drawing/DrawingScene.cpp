@@ -118,8 +118,7 @@ UT_Result<void> checkObjects(const LayeredDrawing& drawing, const NormalMapSetti
     QStringList names;
     for (const LayeredDrawing::Layer& layer : drawing.layers)
         names.append(QStringLiteral("%1 %2").arg(names.size() + 1).arg(layer.name));
-    return UT_Error{
-        QStringLiteral("there is no object %1; the objects are %2").arg(beyond->first).arg(namesForPeople(names))};
+    return noSuchObject(QString::number(beyond->first), names);
 }
 
 UT_Result<void> checkColours(const LayeredDrawing& drawing, const NormalMapSettings& settings)

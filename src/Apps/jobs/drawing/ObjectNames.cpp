@@ -40,6 +40,11 @@ bool isNamedBy(const QStringList& names, const QString& word)
     return std::ranges::any_of(names, [&](const QString& name) { return isNamedBy(name, word); });
 }
 
+UT_Error noSuchObject(const QString& said, const QStringList& objects)
+{
+    return {QStringLiteral("there is no object %1; the objects are %2").arg(said, namesForPeople(objects))};
+}
+
 UT_Result<ObjectWishes> withNumberedObjects(const ObjectWishes& wishes, const QStringList& names)
 {
     ObjectWishes numbered = wishes;
@@ -55,8 +60,7 @@ UT_Result<ObjectWishes> withNumberedObjects(const ObjectWishes& wishes, const QS
             known = merged(object, known);
         }
         if (!isKnown)
-            return UT_Error{QStringLiteral("there is no object called \"%1\"; the objects are %2")
-                                .arg(word, namesForPeople(names))};
+            return noSuchObject(QStringLiteral("called \"%1\"").arg(word), names);
     }
     for (const auto& [number, object] : byName)
         numbered.objects[number] = merged(numbered.objects[number], object);

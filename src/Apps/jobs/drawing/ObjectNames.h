@@ -14,6 +14,12 @@ bool isNamedBy(const QString& name, const QString& word);
 /// Whether a word matches one of several names of an object.
 bool isNamedBy(const QStringList& names, const QString& word);
 
+/// What is wrong with a number or a name that no object has.
+///
+/// @param said "7", or "called \"head\""
+/// @param objects how the message lists the objects that there are
+UT_Error noSuchObject(const QString& said, const QStringList& objects);
+
 /// The values of the first, and the second's for those that the first does not set.
 ObjectSettings merged(const ObjectSettings& first, const ObjectSettings& second);
 

@@ -8,6 +8,7 @@
 #include "form/ReliefLayers.h"
 #include "jobs/drawing/ObjectLimits.h"
 #include "jobs/drawing/ObjectNames.h"
+#include "jobs/text/WrongValue.h"
 
 #include <QLocale>
 
@@ -163,7 +164,7 @@ UT_Result<void> takeObjectWord(ObjectSettings& object, const QString& word)
                 .arg(word)};
     const QString value = equals < 0 ? QString() : word.mid(equals + 1).trimmed();
     if (!known->take(object, value))
-        return UT_Error{QStringLiteral("%1 takes %2, not \"%3\"").arg(known->key, known->expected, value)};
+        return wrongValue(known->key, known->expected, value);
     return {};
 }
 

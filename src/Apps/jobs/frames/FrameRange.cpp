@@ -13,8 +13,9 @@ namespace {
 
 UT_Error notUnderstood(const QString& part, const QString& why)
 {
-    return {QStringLiteral("\"%1\" is no range of frames%2; write 5, 1-10, 1-10x2 or several of these joined by commas")
-                .arg(part, why)};
+    return {
+        QStringLiteral("\"%1\" is not a range of frames%2; write 5, 1-10, 1-10x2 or several of these joined by commas")
+            .arg(part, why)};
 }
 
 // The parts of a range. Blanks around the signs inside a part do not end it.

@@ -66,7 +66,7 @@ UT_Result<void> LitPageFile::check(const QString& path)
     const QString suffix = UT_fileSuffix(path);
     if (suffix == QLatin1String("html") || suffix == QLatin1String("htm"))
         return {};
-    return UT_Error{QStringLiteral("\"%1\" is no page; its name is to end in .html").arg(path)};
+    return UT_Error{QStringLiteral("\"%1\" is not a page; its name must end in .html").arg(path)};
 }
 
 LitPageFile::LitPageFile(const QString& path, LitPageSettings settings)

@@ -13,7 +13,6 @@
 #include "jobs/scene/AttributeWords.h"
 #include "jobs/scene/ObjectInputs.h"
 #include "jobs/shown/NormalMapNode.h"
-#include "jobs/text/NameList.h"
 
 #include <QSet>
 
@@ -51,16 +50,13 @@ UT_Result<void> checkKnown(const std::vector<NamedObject>& objects, const Object
     for (const NamedObject& object : objects)
         known << shownName(object);
     known.removeDuplicates();
-    const auto unknown = [&](const QString& what) {
-        return UT_Error{QStringLiteral("there is no object %1; the objects are %2").arg(what, namesForPeople(known))};
-    };
     for (const auto& [number, said] : wishes.objects)
         if (std::ranges::find(objects, number, &NamedObject::number) == objects.end())
-            return unknown(QString::number(number));
+            return noSuchObject(QString::number(number), known);
     for (const auto& wish : wishes.namedObjects) {
         const auto isMeant = [&wish](const NamedObject& object) { return isNamedBy(object.names, wish.first); };
         if (std::ranges::none_of(objects, isMeant))
-            return unknown(QStringLiteral("called \"%1\"").arg(wish.first));
+            return noSuchObject(QStringLiteral("called \"%1\"").arg(wish.first), known);
     }
     return {};
 }

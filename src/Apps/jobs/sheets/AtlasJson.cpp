@@ -108,7 +108,7 @@ UT_Result<std::vector<Sheet>> parseAtlasJson(const QByteArray& bytes)
     QJsonParseError problem;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &problem);
     if (document.isNull())
-        return UT_Error{QStringLiteral("it is no JSON: %1 at byte %2").arg(problem.errorString()).arg(problem.offset)};
+        return UT_Error{QStringLiteral("it is not JSON: %1 at byte %2").arg(problem.errorString()).arg(problem.offset)};
     const QJsonObject root = document.object();
     std::vector<Sheet> sheets;
     const auto add = [&](const QJsonValue& frames, const QJsonValue& image, const QJsonArray& tags) -> UT_Result<void> {

@@ -10,6 +10,7 @@
 #include "jobs/frames/FrameRange.h"
 #include "jobs/frames/RenderMemory.h"
 #include "jobs/frames/SurfaceFrames.h"
+#include "jobs/frames/UsualWidth.h"
 #include "jobs/import/KeptOrigins.h"
 #include "jobs/limits/JobLimits.h"
 #include "jobs/shown/ShownMemory.h"
@@ -190,7 +191,6 @@ UT_Result<void> checkExportFiles(const MO_Scene& scene, const ExportChoices& cho
 
 int ownWidth(const MO_Scene& scene)
 {
-    constexpr int kUsual = 1920;
     double scale = 0.0;
     bool same = true;
     scene.root().forEachModule([&](const MO_Module& module) {
@@ -201,8 +201,9 @@ int ownWidth(const MO_Scene& scene)
         same = same && (scale == 0.0 || own == scale);
         scale = own;
     });
-    const double width = same && scale > 0.0 ? MO_SceneCommon::kFrameWidth / scale : kUsual;
-    return width >= 1.0 && width <= RD_RenderParameters::kMaxResolution ? static_cast<int>(std::lround(width)) : kUsual;
+    const double width = same && scale > 0.0 ? MO_SceneCommon::kFrameWidth / scale : kUsualWidth;
+    return width >= 1.0 && width <= RD_RenderParameters::kMaxResolution ? static_cast<int>(std::lround(width))
+                                                                        : kUsualWidth;
 }
 
 UT_Result<ExportPlan> ExportPlan::of(const MO_Scene& scene, const ExportChoices& choices)

@@ -78,7 +78,7 @@ TEST(AtlasJson, ReadsArraysTagsAndSeveralPages)
 
 TEST(AtlasJson, SaysWhatIsMissing)
 {
-    EXPECT_THAT(errorOf(parseAtlasJson("{")), HasSubstr("no JSON"));
+    EXPECT_THAT(errorOf(parseAtlasJson("{")), HasSubstr("not JSON"));
     EXPECT_THAT(errorOf(parseAtlasJson("{}")), HasSubstr("names no page"));
     EXPECT_THAT(errorOf(parseAtlasJson(R"({"meta": {"image": "a.png"}})")), HasSubstr("no \"frames\""));
 }
