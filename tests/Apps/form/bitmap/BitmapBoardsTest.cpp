@@ -81,6 +81,16 @@ TEST(BitmapBoards, AFlagIsOneSlabWithAllThatIsPrintedOnIt)
     EXPECT_THAT(rolesOf(paintFlag), ElementsAre(SLAB));
 }
 
+TEST(BitmapBoards, AMirroredFlagIsCalledTheSame)
+{
+    const QImage flag = painted({160, 130}, paintStripes);
+    const ChosenObjects found = objectsOf(flag);
+    const ChosenObjects mirrored = objectsOf(flag.mirrored());
+    ASSERT_EQ(mirrored.objects.size(), 1U);
+    EXPECT_EQ(mirrored.objects.front().colours, found.objects.front().colours);
+    EXPECT_EQ(mirrored.drawing.layers.front().name, found.drawing.layers.front().name);
+}
+
 TEST(BitmapBoards, ALineMayLieAroundAFlag)
 {
     EXPECT_THAT(rolesOf([](QPainter& painter) {

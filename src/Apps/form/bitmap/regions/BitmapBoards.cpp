@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <tuple>
 
 namespace {
 
@@ -73,7 +74,11 @@ public:
         for (int number = 0; number < static_cast<int>(_sides.size()); ++number)
             if (_graph.isLeft(number) && isOfGround(number))
                 regions.push_back(number);
-        std::ranges::stable_sort(regions, std::greater(), [&](int number) { return _graph.region(number).pixels; });
+        // Of equally large ones their colours decide, so that a mirrored flag is called after the same stripe.
+        std::ranges::stable_sort(regions, {}, [&](int number) {
+            const auto& [lightness, a, b] = _graph.region(number).colour;
+            return std::tuple(-_graph.region(number).pixels, lightness, a, b);
+        });
         if (!isWhole(regions) || hasInkedSeam(regions) ||
             (!hasSeveralColours(regions) && heldBy(regions.front()) < kLeastHeld))
             regions.clear();
