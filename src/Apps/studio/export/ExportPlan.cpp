@@ -18,8 +18,10 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <vector>
 
 namespace {
 
@@ -191,17 +193,23 @@ UT_Result<void> checkExportFiles(const MO_Scene& scene, const ExportChoices& cho
 
 int ownWidth(const MO_Scene& scene)
 {
-    double scale = 0.0;
-    bool same = true;
+    struct Width
+    {
+        double pixels = 0.0;
+        int elements = 0;
+    };
+    std::vector<Width> widths; // the first drawing's first
     scene.root().forEachModule([&](const MO_Module& module) {
         const auto* const element = dynamic_cast<const MO_ElementModule*>(&module);
-        if (!element)
+        const double scale = element ? element->scaleX()->value(scene.firstFrame()) : 0.0;
+        if (!(scale > 0.0))
             return;
-        const double own = element->scaleX()->value(scene.firstFrame());
-        same = same && (scale == 0.0 || own == scale);
-        scale = own;
+        const double pixels = MO_SceneCommon::kFrameWidth / scale;
+        const auto known = std::ranges::find(widths, pixels, &Width::pixels);
+        (known == widths.end() ? widths.emplace_back(Width{pixels, 0}) : *known).elements += 1;
     });
-    const double width = same && scale > 0.0 ? MO_SceneCommon::kFrameWidth / scale : kUsualWidth;
+    const auto most = std::ranges::max_element(widths, {}, &Width::elements);
+    const double width = most == widths.end() ? 0.0 : most->pixels;
     return width >= 1.0 && width <= RD_RenderParameters::kMaxResolution ? static_cast<int>(std::lround(width))
                                                                         : kUsualWidth;
 }

@@ -33,6 +33,6 @@ QStringList filesToReplace(const MO_Scene& scene, const ExportChoices& choices);
 /// of the first picture, whose name is chosen, is a link.
 UT_Result<void> checkExportFiles(const MO_Scene& scene, const ExportChoices& choices);
 
-/// The width at which a pixel of the picture is a unit of the drawing (for a sprite, one of its pixels); 1920 if the
-/// drawings of the scene have several scales.
+/// The width at which a pixel of the picture is a unit of the drawing (for a sprite, one of its pixels). Of drawings in
+/// several scales, that of most elements counts, else that of the first. 1920 if there is none.
 int ownWidth(const MO_Scene& scene);

@@ -110,6 +110,15 @@ TEST_F(WindowExportTest, RepeatsAtTheDrawingsOwnSizeAfterThatChanged)
     EXPECT_EQ(picture->dataWindow().width(), 300);
 }
 
+TEST_F(WindowExportTest, HasTheSizeOfTheFirstDrawingAfterAnotherOneWasAdded)
+{
+    openDisc();
+    window->sources().add({write(QStringLiteral("wide.svg"),
+                                 QByteArray(studio_testing::kDisc).replace("width=\"200\"", "width=\"500\""))});
+    ASSERT_TRUE(studio_testing::waitUntil([this] { return window->sources().all().size() == 2U; }));
+    EXPECT_EQ(ownWidth(document().scene()), 200);
+}
+
 TEST_F(WindowExportTest, RunsOneRepetitionAtATime)
 {
     openDisc();
