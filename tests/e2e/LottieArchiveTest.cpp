@@ -96,5 +96,5 @@ TEST_F(LottieArchive, ThatIsNoneIsRefusedWithAReason)
     write("a.lottie", "PK\x03\x04 and no more");
     const Outcome cut = quarvel("import a.lottie");
     EXPECT_EQ(cut.exitCode, 1);
-    EXPECT_THAT(cut.messages, HasSubstr("is it whole?"));
+    EXPECT_THAT(cut.messages, HasSubstr("is it complete?"));
 }

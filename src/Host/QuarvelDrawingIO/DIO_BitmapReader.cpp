@@ -80,7 +80,7 @@ UT_Result<QImage> DIO_readImage(const QString& path, QStringList& warnings)
     // Asked before anything is read: the reader of a file that failed has none.
     const QByteArray format = reader.format();
     if (!isBitmapFormat(format))
-        return problem(path, QStringLiteral("the contents are no picture of a known kind; is the file whole?"));
+        return problem(path, QStringLiteral("the contents are not a picture of a known kind; is the file complete?"));
     // Asked first: once the reader of TIFF files has looked into one, it counts no more.
     const int count = reader.imageCount();
     const QSize size = reader.size();

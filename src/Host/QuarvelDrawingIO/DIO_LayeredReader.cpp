@@ -83,7 +83,7 @@ UT_Result<DIO_Drawing> DIO_readLayered(const QString& path, DIO_Grouping groupin
 {
     const Format* const format = formatOf(path);
     if (!format)
-        return UT_Error{QStringLiteral("%1: this is no file with layers of pixels").arg(path)};
+        return UT_Error{QStringLiteral("%1: this is not a file with layers of pixels").arg(path)};
     const UT_Result<DIO_BitmapLayers> layers = readTidy(path, format->read);
     if (!layers)
         return layers.error();

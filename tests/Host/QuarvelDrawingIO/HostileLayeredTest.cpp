@@ -217,7 +217,7 @@ TEST_F(HostileLayered, PiecesThatAreMissingOrNoPicturesAreNamed)
     EXPECT_THAT(refusalOf(path(QStringLiteral("text.ora"))), HasSubstr("damaged or cut off"));
     writeArchive(path(QStringLiteral("other.ora")), {{"mimetype", "image/openraster"}});
     EXPECT_THAT(refusalOf(path(QStringLiteral("other.ora"))), HasSubstr("\"stack.xml\" is missing in it"));
-    EXPECT_THAT(refusalOf(write(QStringLiteral("no.ora"), "no archive")), HasSubstr("is no archive"));
-    EXPECT_THAT(refusalOf(write(QStringLiteral("no.ase"), QByteArray(200, 'x'))), HasSubstr("no file of Aseprite"));
+    EXPECT_THAT(refusalOf(write(QStringLiteral("no.ora"), "no archive")), HasSubstr("is not an archive"));
+    EXPECT_THAT(refusalOf(write(QStringLiteral("no.ase"), QByteArray(200, 'x'))), HasSubstr("not a file of Aseprite"));
     EXPECT_THAT(refusalOf(path(QStringLiteral("none.ase"))), HasSubstr("there is no such file"));
 }

@@ -187,7 +187,7 @@ TEST(PsdReader, DamagedFilesDoNoHarm)
         }
         EXPECT_THAT(refusalOf(whole.first(60)), HasSubstr("damaged or cut off"));
     }
-    EXPECT_THAT(refusalOf(QByteArray(100, 'x')), HasSubstr("this is no PSD file"));
+    EXPECT_THAT(refusalOf(QByteArray(100, 'x')), HasSubstr("this is not a PSD file"));
     QFile cmyk(fileOf("agflat.psd"));
     ASSERT_TRUE(cmyk.open(QIODevice::ReadOnly));
     QByteArray bytes = cmyk.readAll();

@@ -172,7 +172,7 @@ UT_Result<DIO_LottieDocument> DIO_prepareLottieDocument(const QByteArray& docume
             QStringLiteral("the JSON is damaged at byte %1: %2").arg(error.offset).arg(error.errorString())};
     const QJsonObject root = json.object();
     if (!of(root, "layers").isArray())
-        return UT_Error{QStringLiteral("this is no animation in the Lottie format: it has no layers")};
+        return UT_Error{QStringLiteral("this is not an animation in the Lottie format: it has no layers")};
     if (UT_Result<void> checked = checkNumbers(root); !checked)
         return checked.error();
     Summary summary;

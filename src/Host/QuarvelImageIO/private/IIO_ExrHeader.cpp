@@ -153,7 +153,7 @@ UT_Result<void> checkFromHere(QIODevice& device)
 {
     const QByteArray begin = device.read(8);
     if (begin.size() != 8 || u32(begin, 0) != kMagic)
-        return problem("it is no OpenEXR file");
+        return problem("it is not an OpenEXR file");
     const quint32 version = u32(begin, 4);
     if ((version & kDeepOrSeveralParts) != 0)
         return problem("it has several parts or deep pixels, which this program does not read");

@@ -61,7 +61,7 @@ private:
         header.skip(2 + 8);
         _mode.transparentIndex = header.u8();
         if (!isKnown)
-            return UT_Error{QStringLiteral("this is no file of Aseprite")};
+            return UT_Error{QStringLiteral("this is not a file of Aseprite")};
         if (file.hasFailed() || _frames < 1 || (_mode.depth != 8 && _mode.depth != 16 && _mode.depth != 32))
             return DIO_damaged();
         if (_frames > DIO_kMostFrames)

@@ -65,7 +65,7 @@ UT_Result<void> DIO_AsepriteLayers::add(DIO_AsepriteReader& chunk, const DIO_Ase
 {
     DIO_AsepriteLayer layer = readLayer(chunk, opacities);
     if (_layers.size() >= DIO_kMostLayers)
-        return UT_Error{QStringLiteral("it has more than the %1 layers that can be read").arg(DIO_kMostLayers)};
+        return DIO_tooManyLayers();
     while (!_open.empty() && _layers[_open.back()].level >= layer.level)
         _open.pop_back();
     if (!_open.empty())

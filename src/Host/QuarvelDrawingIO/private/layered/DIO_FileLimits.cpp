@@ -16,6 +16,16 @@ UT_Error DIO_damaged()
     return {QStringLiteral("the file is damaged or cut off; save it again from the program that made it")};
 }
 
+UT_Error DIO_tooManyLayers()
+{
+    return {QStringLiteral("it has more than the %1 layers that can be read").arg(DIO_kMostLayers)};
+}
+
+UT_Error DIO_tooDeepGroups()
+{
+    return {QStringLiteral("its groups lie more than %1 deep in each other").arg(DIO_kDeepestGroup)};
+}
+
 UT_Result<QByteArray> DIO_readBytes(const QString& path)
 {
     constexpr qint64 kMost = 1'000'000'000;

@@ -16,6 +16,8 @@
 
 inline constexpr int DIO_kMostLayers = 10'000;
 inline constexpr int DIO_kMostFrames = 10'000;
+/// How many groups may lie in each other.
+inline constexpr int DIO_kDeepestGroup = 100;
 /// The pixels of all pictures of a file together, as a multiple of DIO_mostPixels().
 inline constexpr std::int64_t DIO_kMostPicturesInAll = 2;
 
@@ -36,6 +38,10 @@ QString DIO_layerName(const QString& groups, const QString& name);
 
 /// What is wrong with a file that ends early or contradicts itself.
 UT_Error DIO_damaged();
+
+/// What is wrong with a file of more than DIO_kMostLayers layers, or of groups deeper than DIO_kDeepestGroup.
+UT_Error DIO_tooManyLayers();
+UT_Error DIO_tooDeepGroups();
 
 /// The bytes of a file of at most a gigabyte.
 UT_Result<QByteArray> DIO_readBytes(const QString& path);

@@ -77,9 +77,8 @@ private:
     // The lists "layers" in the current element.
     UT_Result<void> readLists(const Around& around)
     {
-        constexpr int kDeepest = 100;
-        if (around.depth > kDeepest)
-            return UT_Error{QStringLiteral("its groups lie more than %1 deep in each other").arg(kDeepest)};
+        if (around.depth > DIO_kDeepestGroup)
+            return DIO_tooDeepGroups();
         while (_xml.readNextStartElement()) {
             if (_xml.name() != QLatin1String("layers")) {
                 _xml.skipCurrentElement();
@@ -95,7 +94,7 @@ private:
     UT_Result<void> readLayer(const Around& around)
     {
         if (++_count > DIO_kMostLayers)
-            return UT_Error{QStringLiteral("it has more than the %1 layers that can be read").arg(DIO_kMostLayers)};
+            return DIO_tooManyLayers();
         const QString name = DIO_layerName({}, value("name"));
         const QString type = value("nodetype");
         Around own = around;

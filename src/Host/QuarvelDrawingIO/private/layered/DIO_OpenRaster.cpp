@@ -56,9 +56,6 @@ public:
 private:
     QString value(const char* name) const { return _xml.attributes().value(QLatin1String(name)).toString(); }
 
-    // The root of all stacks is an element "stack" of its own.
-    static constexpr int kDeepest = 100;
-
     UT_Result<void> readSize()
     {
         const int width = value("w").toInt();
@@ -75,8 +72,9 @@ private:
             _xml.skipCurrentElement();
             return {};
         }
-        if (depth > kDeepest)
-            return UT_Error{QStringLiteral("its groups lie more than %1 deep in each other").arg(kDeepest)};
+        // Depth 0 is the root of all stacks, an element "stack" of its own.
+        if (depth > DIO_kDeepestGroup)
+            return DIO_tooDeepGroups();
         Around own = ownOf(around, depth == 0 && !isLayer);
         if (isLayer) {
             UT_Result<void> read = readLayer(own);
@@ -123,7 +121,7 @@ private:
     UT_Result<void> readLayer(const Around& own)
     {
         if (++_count > DIO_kMostLayers)
-            return UT_Error{QStringLiteral("it has more than the %1 layers that can be read").arg(DIO_kMostLayers)};
+            return DIO_tooManyLayers();
         if (!own.visible || !(own.opacity > 0.0))
             return {};
         if (isPaper()) {
@@ -160,7 +158,7 @@ private:
         UT_Result<QByteArray> bytes = _archive.read(name, kMostBytes);
         if (!bytes)
             return bytes.error();
-        const UT_Error damaged{QStringLiteral("\"%1\" in it is no whole PNG file").arg(name.left(80))};
+        const UT_Error damaged{QStringLiteral("\"%1\" in it is not a complete PNG file").arg(name.left(80))};
         QBuffer buffer(&*bytes);
         if (!buffer.open(QIODevice::ReadOnly) || !DIO_checkPngParts(buffer))
             return damaged;

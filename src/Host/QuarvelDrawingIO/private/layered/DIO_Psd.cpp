@@ -85,7 +85,7 @@ private:
         _form.depth = file.u16();
         const int mode = file.u16();
         if (!isKnown || (version != 1 && version != 2))
-            return UT_Error{QStringLiteral("this is no PSD file")};
+            return UT_Error{QStringLiteral("this is not a PSD file")};
         if (file.hasFailed())
             return DIO_damaged();
         if ((mode != kGrey && mode != kRgb) || (_form.depth != 8 && _form.depth != 16))

@@ -124,7 +124,7 @@ UT_Result<std::vector<DIO_PsdRecord>> readRecords(Reader& layers, const DIO_PsdF
 {
     const int count = std::abs(layers.i16());
     if (count > DIO_kMostLayers)
-        return UT_Error{QStringLiteral("it has more than the %1 layers that can be read").arg(DIO_kMostLayers)};
+        return DIO_tooManyLayers();
     std::vector<DIO_PsdRecord> records;
     for (int i = 0; i < count; ++i) {
         UT_Result<DIO_PsdRecord> record = readRecord(layers, form);

@@ -35,7 +35,7 @@ UT_Result<DIO_ZipFile> DIO_ZipFile::open(const QString& path)
     int error = 0;
     zip* const archive = zip_open(QFile::encodeName(path).constData(), ZIP_RDONLY, &error);
     if (!archive)
-        return UT_Error{QStringLiteral("the file is no archive, as such files are; is it whole?")};
+        return UT_Error{QStringLiteral("the file is not an archive, as such files are; is it complete?")};
     return DIO_ZipFile(archive, mostUnpacked(file.size()));
 }
 
