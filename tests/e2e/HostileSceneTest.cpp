@@ -137,7 +137,7 @@ TEST_F(HostileScene, LinksPipesAndDevicesAreRefusedWhereverTheyLie)
         ASSERT_EQ(::mkfifo(name.constData(), 0600), 0);
         Outcome outcome = inspect();
         EXPECT_EQ(outcome.exitCode, 1);
-        EXPECT_THAT(outcome.messages, AllOf(HasSubstr(name.toStdString()), HasSubstr("is no plain file")));
+        EXPECT_THAT(outcome.messages, AllOf(HasSubstr(name.toStdString()), HasSubstr("is not a plain file")));
         for (const char* target : {"/dev/zero", "/nowhere", "scene.xml", "../hero.svg"}) {
             file.remove();
             ASSERT_EQ(::symlink(target, name.constData()), 0);

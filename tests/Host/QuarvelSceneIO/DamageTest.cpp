@@ -171,7 +171,7 @@ TEST_F(DamagedScene, OnlyDrawingsAreListedAsDrawings)
 {
     // Otherwise a scene could name any file, and the next save would remove it.
     edit(text("scene.xml"), "file=\"1.kvr\"", "file=\"config\"");
-    expectError("\"elements/Only%201/config\" is no drawing's file");
+    expectError("\"elements/Only%201/config\" is not a drawing's file");
 }
 
 TEST_F(DamagedScene, ASceneThatCannotBeReadIsNotSavedOver)

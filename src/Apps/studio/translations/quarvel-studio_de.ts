@@ -1421,7 +1421,7 @@ Punktlicht: von dort, wo das Licht steht, mit der Entfernung schwächer</transla
 <context>
     <name>MO_Module</name>
     <message>
-        <source>The element &lt;%1&gt; at line %2 is no node of the kind &quot;%3&quot;</source>
+        <source>The element &lt;%1&gt; at line %2 is not a node of the kind &quot;%3&quot;</source>
         <translation>Das Element &lt;%1&gt; in Zeile %2 ist kein Knoten der Art „%3“</translation>
     </message>
     <message>
@@ -1455,7 +1455,7 @@ Punktlicht: von dort, wo das Licht steht, mit der Entfernung schwächer</transla
         <translation>„%1“ hat keinen Eingang %2</translation>
     </message>
     <message>
-        <source>Line %1: &lt;%2&gt; is no scene</source>
+        <source>Line %1: &lt;%2&gt; is not a scene</source>
         <translation>Zeile %1: &lt;%2&gt; ist keine Szene</translation>
     </message>
     <message>
@@ -1479,7 +1479,7 @@ Punktlicht: von dort, wo das Licht steht, mit der Entfernung schwächer</transla
         <translation>Die Bildhöhe ist keine positive Zahl</translation>
     </message>
     <message>
-        <source>The frame rate is no number from %1 to %2; it stays as it was</source>
+        <source>The frame rate is not a number from %1 to %2; it stays as it was</source>
         <translation>Die Bildrate ist keine Zahl von %1 bis %2; sie bleibt, wie sie war</translation>
     </message>
 </context>
@@ -2692,7 +2692,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
         <translation>Einen anderen Wert für die ausgewählte Farbe wählen</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no colour; write it as #RRGGBB or #RRGGBBAA</source>
+        <source>&quot;%1&quot; is not a colour; write it as #RRGGBB or #RRGGBBAA</source>
         <translation>„%1“ ist keine Farbe; schreiben Sie sie als #RRGGBB oder #RRGGBBAA</translation>
     </message>
     <message>
@@ -2791,11 +2791,11 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
         <translation>eine Zeichnung mit mehr als %1 Formen</translation>
     </message>
     <message>
-        <source>the colour is no identifier of 16 hexadecimal digits</source>
+        <source>the colour is not an identifier of 16 hexadecimal digits</source>
         <translation>die Farbe ist keine Kennung aus 16 hexadezimalen Ziffern</translation>
     </message>
     <message>
-        <source>the opacity is no number</source>
+        <source>the opacity is not a number</source>
         <translation>die Deckkraft ist keine Zahl</translation>
     </message>
     <message>
@@ -2807,7 +2807,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
         <translation>die Füllregel ist weder „evenodd“ noch „nonzero“</translation>
     </message>
     <message>
-        <source>the points are no path</source>
+        <source>the points are not a path</source>
         <translation>die Punkte sind kein Pfad</translation>
     </message>
     <message>
@@ -2819,7 +2819,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
         <translation>die Bilder der Zeichnung sind zu groß</translation>
     </message>
     <message>
-        <source>&lt;%1&gt; is no drawing</source>
+        <source>&lt;%1&gt; is not a drawing</source>
         <translation>&lt;%1&gt; ist keine Zeichnung</translation>
     </message>
     <message>
@@ -2831,11 +2831,11 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
         <translation>sie hat mehr als %1 Formen</translation>
     </message>
     <message>
-        <source>an opacity is no number</source>
+        <source>an opacity is not a number</source>
         <translation>eine Deckkraft ist keine Zahl</translation>
     </message>
     <message>
-        <source>a path has a point that is no number or too far away</source>
+        <source>a path has a point that is not a number or too far away</source>
         <translation>ein Pfad hat einen Punkt, der keine Zahl ist oder zu weit entfernt liegt</translation>
     </message>
     <message>
@@ -2897,7 +2897,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
         <translation>in „%1“ dürfen keine Dateien angelegt werden; erlauben Sie es oder nennen Sie einen anderen Ort</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no plain file; remove it</source>
+        <source>&quot;%1&quot; is not a plain file; remove it</source>
         <translation>„%1“ ist keine gewöhnliche Datei; entfernen Sie es</translation>
     </message>
     <message>
@@ -2931,7 +2931,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
         <translation>Namen von Ordnern und Dateien haben keinen Schrägstrich</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no drawing&apos;s file; its name ends in .kvr</source>
+        <source>&quot;%1&quot; is not a drawing&apos;s file, whose name ends in .kvr</source>
         <translation>„%1“ ist keine Zeichnungsdatei; deren Name endet auf .kvr</translation>
     </message>
     <message>
@@ -2943,7 +2943,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
         <translation>in einer Datei steht eine zweite Szene</translation>
     </message>
     <message>
-        <source>&lt;%1&gt; is no scene</source>
+        <source>&lt;%1&gt; is not a scene</source>
         <translation>&lt;%1&gt; ist keine Szene</translation>
     </message>
     <message>
@@ -2970,7 +2970,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
         <translation>„%1“ ist ein abgebrochenes Speichern, das Sie aber nicht in diesem Ordner auf diesem Rechner begonnen haben; es wurde nicht angerührt. Öffnen Sie die Szene dort, wo sie gespeichert wurde, oder entfernen Sie „.journal“ und „.save“</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no place for a file of the scene: a link or a folder is in the way</source>
+        <source>&quot;%1&quot; is not a place for a file of the scene: a link or a folder is in the way</source>
         <translation>„%1“ ist kein Platz für eine Datei der Szene: Ein Link oder ein Ordner ist im Weg</translation>
     </message>
 </context>
@@ -3027,7 +3027,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
         <translation>eine zweite Farbe hat die Kennung %1</translation>
     </message>
     <message>
-        <source>&lt;%1&gt; is no palette</source>
+        <source>&lt;%1&gt; is not a palette</source>
         <translation>&lt;%1&gt; ist keine Palette</translation>
     </message>
     <message>
@@ -3038,7 +3038,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
 <context>
     <name>SIO_PathInside</name>
     <message>
-        <source>&quot;%1&quot; is no path within the scene&apos;s folder</source>
+        <source>&quot;%1&quot; is not a path within the scene&apos;s folder</source>
         <translation>„%1“ ist kein Pfad innerhalb des Szenenordners</translation>
     </message>
 </context>
@@ -3057,7 +3057,7 @@ Ziehen Sie Zeichnungen hierher oder fügen Sie in der Knotenansicht Knoten hinzu
         <translation>„%1“ wird über einen Link erreicht; eine Szene enthält nur gewöhnliche Dateien und Ordner</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no plain file</source>
+        <source>&quot;%1&quot; is not a plain file</source>
         <translation>„%1“ ist keine gewöhnliche Datei</translation>
     </message>
 </context>

@@ -134,8 +134,9 @@ public:
         _warnings = warnings;
         if (element.tagName() != _module.getXmlElementName() ||
             PO_attribute(element, kAttributeType) != _module.keyword()) {
-            warn(QCoreApplication::translate("MO_Module", "The element <%1> at line %2 is no node of the kind \"%3\"")
-                     .arg(element.tagName(), QString::number(element.lineNumber()), _module.keyword()));
+            warn(
+                QCoreApplication::translate("MO_Module", "The element <%1> at line %2 is not a node of the kind \"%3\"")
+                    .arg(element.tagName(), QString::number(element.lineNumber()), _module.keyword()));
             return false;
         }
         _module._graphPlace.reset();

@@ -67,7 +67,7 @@ void readFrames(MO_Scene& scene, const QDomElement& element, QStringList* warnin
     if (!scene.setFrameHeight(PO_doubleAttribute(element, kAttributeHeight).value_or(405.0)))
         warn(warnings, Texts::tr("The height of the frame is not a positive number"));
     if (!scene.setFrameRate(PO_doubleAttribute(element, kAttributeRate).value_or(MO_Scene::kUsualFrameRate)))
-        warn(warnings, Texts::tr("The frame rate is no number from %1 to %2; it stays as it was")
+        warn(warnings, Texts::tr("The frame rate is not a number from %1 to %2; it stays as it was")
                            .arg(MO_Scene::kSlowest)
                            .arg(MO_Scene::kFastest));
 }
@@ -192,7 +192,7 @@ void MO_Scene::writeXmlSubnodes(PO_XmlWriter& writer) const
 UT_Result<void> MO_Scene::readXml(const QDomElement& element, QStringList* warnings)
 {
     if (element.tagName() != getXmlElementName())
-        return UT_Error{Texts::tr("Line %1: <%2> is no scene").arg(element.lineNumber()).arg(element.tagName())};
+        return UT_Error{Texts::tr("Line %1: <%2> is not a scene").arg(element.lineNumber()).arg(element.tagName())};
     // Reading the graph can fail, so it is read into a new group first; reading the rest cannot.
     auto root = std::make_unique<XUGroup>();
     if (const QDomElement graph = element.firstChildElement(kElementGraph); !graph.isNull())

@@ -63,11 +63,11 @@ private:
         CELVEC_Shape shape;
         SIO_Drawing::ShapeExtras extras;
         if (element.hasAttribute(kAttributeColour) && !shape.color.parseXml(PO_attribute(element, kAttributeColour)))
-            return _context.error(element, Texts::tr("the colour is no identifier of 16 hexadecimal digits"));
+            return _context.error(element, Texts::tr("the colour is not an identifier of 16 hexadecimal digits"));
         if (element.hasAttribute(kAttributeOpacity))
             shape.opacity = PO_doubleAttribute(element, kAttributeOpacity).value_or(std::nan(""));
         if (!std::isfinite(shape.opacity))
-            return _context.error(element, Texts::tr("the opacity is no number"));
+            return _context.error(element, Texts::tr("the opacity is not a number"));
         _context.keepOtherAttributes(element, {kAttributeColour, kAttributeOpacity}, extras.shape);
         if (auto read = readParts(element, shape, extras); !read)
             return read;
@@ -110,7 +110,7 @@ private:
         const auto parsed =
             SIO_parsePath(element.attribute(kAttributePoints), fill == kNonZero ? Qt::WindingFill : Qt::OddEvenFill);
         if (!parsed)
-            return _context.error(element, Texts::tr("the points are no path"));
+            return _context.error(element, Texts::tr("the points are not a path"));
         path = *parsed;
         _context.keepOtherAttributes(element, {kAttributePoints, kAttributeFill}, unknown);
         _context.keepAllElements(element, unknown);
@@ -157,7 +157,7 @@ UT_Result<UT_SharedPtr<SIO_Drawing>> SIO_readDrawing(const QByteArray& bytes, co
         return document.error();
     const QDomElement root = document->documentElement();
     if (root.tagName() != kElementDrawing)
-        return context.error(root, Texts::tr("<%1> is no drawing").arg(root.tagName()));
+        return context.error(root, Texts::tr("<%1> is not a drawing").arg(root.tagName()));
     context.checkVersion(root, kVersion);
     CM_SharedPtr<CM_Palette> palette;
     if (root.hasAttribute(kAttributePalette)) {

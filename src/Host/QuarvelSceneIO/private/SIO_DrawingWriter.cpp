@@ -77,7 +77,7 @@ private:
     void writeShape(const CELVEC_Shape& shape, const SIO_Drawing::ShapeExtras& extras)
     {
         if (!std::isfinite(shape.opacity))
-            _problem = Texts::tr("an opacity is no number");
+            _problem = Texts::tr("an opacity is not a number");
         _xml.startElement(kElementShape);
         if (!shape.color.isNull())
             _xml.attribute(kAttributeColour, shape.color.AsString().ToQString());
@@ -97,7 +97,7 @@ private:
     {
         const auto text = SIO_pathText(path);
         if (!text)
-            _problem = Texts::tr("a path has a point that is no number or too far away");
+            _problem = Texts::tr("a path has a point that is not a number or too far away");
         _xml.startElement(name);
         _xml.attribute(kAttributePoints, text.value_or(QString()));
         _xml.attribute(kAttributeFill, path.fillRule() == Qt::WindingFill ? kNonZero : kEvenOdd);

@@ -61,7 +61,7 @@ UT_Result<void> SIO_FolderLock::lock(const std::function<bool()>& goOn)
     case Attempt::NOT_PERMITTED:
         return UT_Error{Texts::tr("files may not be made in \"%1\"; permit it or name another place").arg(shown)};
     case Attempt::IN_THE_WAY:
-        return UT_Error{Texts::tr("\"%1\" is no plain file; remove it").arg(QDir::toNativeSeparators(_path))};
+        return UT_Error{Texts::tr("\"%1\" is not a plain file; remove it").arg(QDir::toNativeSeparators(_path))};
     case Attempt::FAILED:
         break;
     }

@@ -174,7 +174,8 @@ private:
         if (const auto inside = SIO_pathInside(QString(), path); !inside)
             return _context.error(element, inside.error().text);
         if (!SIO_isScenePath(path))
-            return _context.error(element, Texts::tr("\"%1\" is no drawing's file; its name ends in .kvr").arg(path));
+            return _context.error(element,
+                                  Texts::tr("\"%1\" is not a drawing's file, whose name ends in .kvr").arg(path));
         if (_paths.contains(path.toLower()))
             return _context.error(element, Texts::tr("the file \"%1\" comes twice").arg(path));
         _paths.insert(path.toLower());
@@ -306,7 +307,7 @@ bool SIO_isMainFile(const QDomElement& root)
 UT_Result<SIO_Index> SIO_readIndex(const QDomElement& root, const SIO_XmlContext& context)
 {
     if (!SIO_isMainFile(root))
-        return context.error(root, Texts::tr("<%1> is no scene").arg(root.tagName()));
+        return context.error(root, Texts::tr("<%1> is not a scene").arg(root.tagName()));
     context.checkVersion(root, kVersion);
     SIO_Index index;
     context.keepOtherAttributes(root, {kPIO_atributeVersion}, index.unknown);

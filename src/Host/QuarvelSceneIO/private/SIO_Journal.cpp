@@ -263,7 +263,7 @@ UT_Result<void> SIO_changeFiles(const QString& folder, const QMap<QString, QByte
             return UT_stopped();
         const QString path = folder + u'/' + file.key();
         if (!SIO_isScenePath(file.key()) || !isSafePlace(folder, file.key()) || QFileInfo(path).isDir())
-            return UT_Error{Texts::tr("\"%1\" is no place for a file of the scene: a link or a folder is in the way")
+            return UT_Error{Texts::tr("\"%1\" is not a place for a file of the scene: a link or a folder is in the way")
                                 .arg(QDir::toNativeSeparators(path))};
         if (!hasBytes(folder, file.key(), file.value()))
             changed.insert(file.key(), file.value());

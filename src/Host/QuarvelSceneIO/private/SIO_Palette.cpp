@@ -148,7 +148,7 @@ UT_Result<UT_SharedPtr<SIO_Palette>> SIO_readPalette(const QByteArray& bytes, co
         return document.error();
     const QDomElement root = document->documentElement();
     if (root.tagName() != kElementPalette)
-        return context.error(root, Texts::tr("<%1> is no palette").arg(root.tagName()));
+        return context.error(root, Texts::tr("<%1> is not a palette").arg(root.tagName()));
     context.checkVersion(root, kVersion);
     UT_Id own;
     if (!own.parseXml(PO_attribute(root, kAttributeId)) || own != id)

@@ -24,7 +24,7 @@ UT_Result<QString> SIO_pathInside(const QString& folder, const QString& relative
 {
     const QStringList parts = relative.split(u'/');
     if (!std::all_of(parts.begin(), parts.end(), isPlainName))
-        return UT_Error{
-            QCoreApplication::translate("SIO_PathInside", "\"%1\" is no path within the scene's folder").arg(relative)};
+        return UT_Error{QCoreApplication::translate("SIO_PathInside", "\"%1\" is not a path within the scene's folder")
+                            .arg(relative)};
     return folder + u'/' + relative;
 }

@@ -38,7 +38,7 @@ UT_Error isLink(const QString& path)
 
 UT_Error isNoPlainFile(const QString& path)
 {
-    return problem(path, QT_TRANSLATE_NOOP("SIO_SafeFile", "\"%1\" is no plain file"));
+    return problem(path, QT_TRANSLATE_NOOP("SIO_SafeFile", "\"%1\" is not a plain file"));
 }
 
 UT_Error isTooLarge(const QString& path, qint64 maxBytes)

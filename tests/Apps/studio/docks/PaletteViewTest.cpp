@@ -74,7 +74,7 @@ TEST_F(PaletteViewTest, WhatIsNoColourIsRefusedInWordsAndTheOldValueStays)
     QStringList told;
     QObject::connect(&view<PaletteView>(), &PaletteView::refused, &window, [&](const QString& why) { told << why; });
     typeInto(colorRow(0), 1, QStringLiteral("reddish"));
-    EXPECT_EQ(told, QStringList{QStringLiteral("\"reddish\" is no colour; write it as #RRGGBB or #RRGGBBAA")});
+    EXPECT_EQ(told, QStringList{QStringLiteral("\"reddish\" is not a colour; write it as #RRGGBB or #RRGGBBAA")});
     EXPECT_EQ(colorRow(0)->text(1), QStringLiteral("#E6B496"));
     expectNoChange();
 }

@@ -219,7 +219,7 @@ void PaletteView::takeEdit(QTreeWidgetItem* item, int column)
     if (column == kValueColumn && !row.color.isNull()) {
         const QColor color = parseColor(text);
         if (!color.isValid())
-            Q_EMIT refused(tr("\"%1\" is no colour; write it as #RRGGBB or #RRGGBBAA").arg(text));
+            Q_EMIT refused(tr("\"%1\" is not a colour; write it as #RRGGBB or #RRGGBBAA").arg(text));
         else
             return recolor(row.palette, row.color, color);
     } else if (column == kNameColumn && !text.trimmed().isEmpty()) {
