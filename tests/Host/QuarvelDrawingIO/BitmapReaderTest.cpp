@@ -92,7 +92,8 @@ TEST_F(BitmapReader, refusesWhatIsNoPicture)
 {
     EXPECT_THAT(refusalOf(write("a.png", "text")), testing::AllOf(HasSubstr("a.png"), HasSubstr("not a picture")));
     EXPECT_THAT(refusalOf(write("a.png", "")), HasSubstr("not a picture"));
-    EXPECT_THAT(refusalOf(write("a.png", drawings::document("<rect width='9' height='9'/>"))), HasSubstr("not a picture"))
+    EXPECT_THAT(refusalOf(write("a.png", drawings::document("<rect width='9' height='9'/>"))),
+                HasSubstr("not a picture"))
         << "a drawing would open other files";
     EXPECT_THAT(refusalOf("none.png"), HasSubstr("there is no such file"));
 }
