@@ -108,6 +108,18 @@ TEST(Padding, GrowsADiscAroundASinglePixel)
         }
 }
 
+TEST(Padding, OfTwoEquallyNearRowsTakesTheUpperOne)
+{
+    IIO_Picture picture = std::move(IIO_Picture::create(IIO_SampleType::FLOAT, {1, 3}, IIO_channelsRgba()).value());
+    const std::vector<float> upper{0.25F, 0.5F, 0.75F, 1.0F};
+    const std::vector<float> lower{0.5F, 0.25F, 0.0F, 1.0F};
+    std::ranges::copy(upper, picture.row<float>(0).begin());
+    std::ranges::fill(picture.row<float>(1), 0.0F);
+    std::ranges::copy(lower, picture.row<float>(2).begin());
+    NM_padColours(picture, 1);
+    EXPECT_EQ(samplesAt<float>(picture, 0, 1), (std::vector<float>{0.25F, 0.5F, 0.75F, 0.0F}));
+}
+
 TEST(Padding, ADistanceBeyondThePictureReachesAllOfIt)
 {
     IIO_Picture picture = placesPicture(40, 3, 0.02, 7);
