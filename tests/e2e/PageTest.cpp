@@ -80,7 +80,7 @@ TEST_F(Page, HasANameThatBrowsersTakeForOne)
     for (const char* words : {"normalmap disc.svg --html disc.png", "normalmap disc.svg --html page"}) {
         const Outcome outcome = quarvel(words);
         EXPECT_EQ(outcome.exitCode, 2) << words;
-        EXPECT_THAT(outcome.messages, HasSubstr("its name is to end in .html")) << words;
+        EXPECT_THAT(outcome.messages, HasSubstr("its name must end in .html")) << words;
     }
     EXPECT_FALSE(exists("disc_n.png"));
 }
