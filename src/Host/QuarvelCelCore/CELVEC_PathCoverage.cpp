@@ -103,6 +103,10 @@ void CELVEC_PathCoverage<Step>::addLoops(const QPainterPath& path)
 template<typename Step>
 void CELVEC_PathCoverage<Step>::addCurve(const Point& from, const Point& one, const Point& two, const Point& to)
 {
+    // A curve lies between its points; outside the rows of the box it adds nothing.
+    const auto [highest, lowest] = std::minmax({from.y, one.y, two.y, to.y});
+    if (lowest <= 0.0 || highest >= _box.height())
+        return;
     const double bend = std::max(std::hypot(from.x - 2.0 * one.x + two.x, from.y - 2.0 * one.y + two.y),
                                  std::hypot(one.x - 2.0 * two.x + to.x, one.y - 2.0 * two.y + to.y));
     const double wanted = std::ceil(std::sqrt(0.75 * bend / kTolerance));

@@ -90,6 +90,23 @@ TEST(CrowdedPath, KeepsItsOpacityAndItsClip)
     EXPECT_EQ(alphaAt(*picture, 7, 10), 0);
 }
 
+TEST(CrowdedPath, LeavesItsCoverageOfWhatItClips)
+{
+    QPainterPath square;
+    square.addRect(QRectF(10.0, 100.0, 20.0, 500.0));
+    CELVEC_Shape shape{square, kRed, 1.0, {}};
+    shape.clip = bars();
+    const auto half = render(shape);
+    EXPECT_NEAR(alphaAt(*half, 10, 100), 16448, 1);
+    EXPECT_NEAR(alphaAt(*half, 29, 599), 16448, 1);
+    EXPECT_EQ(alphaAt(*half, 9, 300), 0);
+    EXPECT_EQ(alphaAt(*half, 15, 600), 0);
+
+    // The bars clip themselves: 128 of 255, twice, is 64 of 255, of 32767 that is 8224.
+    shape.path = bars();
+    EXPECT_NEAR(alphaAt(*render(shape), 40, 350), 8224, 1);
+}
+
 TEST(CrowdedPath, IsFilledAsAPainterFillsIt)
 {
     QImage expected(kWidth, kHeight, QImage::Format_RGBA64_Premultiplied);

@@ -12,6 +12,7 @@
 #include "form/choice/Seams.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <map>
 
 namespace {
@@ -66,6 +67,9 @@ QPainterPath grownLoop(const QPainterPath& outline, const QPainterPath& stroke)
 }
 
 constexpr int kElementsToUnite = 400;
+// Of all clips together: three times what the most detailed real drawings need. What thousands of shapes wear on each
+// other would take minutes to paint.
+constexpr int kMostClipElements = 2'000'000;
 constexpr double kSeam = 1.5; // cells: wider than a pixel of a small picture
 
 class LayerAssembly
@@ -131,6 +135,8 @@ private:
         const double unit = _grid.frame.width() / _grid.width;
         const double reach = worn.reach * unit;
         const DIO_Shape& original = shape(worn.shape);
+        if (_clipElements > kMostClipElements)
+            return {original};
         const QRectF bounds = original.path.boundingRect();
         std::vector<DIO_Shape> copies;
         QPainterPath together;
@@ -196,10 +202,11 @@ private:
         return mask.overlap(covered) == covered.area();
     }
 
-    static DIO_Shape held(const DIO_Shape& original, const QPainterPath& outline)
+    DIO_Shape held(const DIO_Shape& original, const QPainterPath& outline)
     {
         DIO_Shape copy = original;
         copy.clip = original.clip ? DIO_intersected(*original.clip, outline).value_or(*original.clip) : outline;
+        _clipElements += copy.clip->elementCount();
         return copy;
     }
 
@@ -234,6 +241,7 @@ private:
     std::map<int, std::map<int, int>> _visible;                         // the number of cells, by part and paint
     std::map<std::pair<int, double>, std::vector<QPainterPath>> _grown; // by piece and reach
     std::map<QString, int> _names;
+    std::int64_t _clipElements = 0; // of all copies that are clipped
 };
 
 } // namespace

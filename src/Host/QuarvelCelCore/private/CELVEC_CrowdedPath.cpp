@@ -16,7 +16,7 @@ constexpr int kFewElements = 256;
 // Steps from one pixel of a line to the next, as many as a painter takes when it follows every line anew for each row
 // of pixels.
 constexpr double kMostSteps = 1e8;
-constexpr int kRowsAtOnce = 16;
+constexpr int kRowsAtOnce = 128; // each time, all of the outline is followed
 
 // The sides of a path's lines, curves taken as the lines between their control points.
 double stepsFor(const QPainterPath& path, const QTransform& toPixel)
@@ -32,6 +32,11 @@ double stepsFor(const QPainterPath& path, const QTransform& toPixel)
             steps += (std::abs(side.x()) + std::abs(side.y())) * std::abs(side.y());
     }
     return steps;
+}
+
+QRect boxWithin(const QRect& picture, const QPainterPath& outline)
+{
+    return picture & outline.controlPointRect().intersected(QRectF(picture)).toAlignedRect();
 }
 
 // The picture of a paint where it covers.
@@ -61,22 +66,32 @@ bool CELVEC_isCrowded(const QPainterPath& path, const QTransform& toPixel)
     return steps > kMostSteps && std::isfinite(steps);
 }
 
-void CELVEC_fillCrowded(QPainter& painter, const QPainterPath& path, const QColor& paint)
+void CELVEC_fillCrowded(QPainter& painter, const QPainterPath& path, const QPainterPath* clip, const QColor& paint)
 {
     const QPainterPath outline = painter.transform().map(path);
+    const QPainterPath around = clip ? painter.transform().map(*clip) : QPainterPath();
     const QRect picture(0, 0, painter.device()->width(), painter.device()->height());
-    const QRect box = picture & outline.controlPointRect().intersected(QRectF(picture)).toAlignedRect();
+    const QRect box = boxWithin(picture, outline) & (clip ? boxWithin(picture, around) : picture);
     if (box.isEmpty())
         return;
     painter.resetTransform();
+    painter.setClipping(false);
     const QRgba64 pixel = paint.rgba64().premultiplied();
     const auto width = static_cast<std::size_t>(box.width());
     CELVEC_PathCoverage<double> coverage({0.0, 0.0}, {1.0, 1.0});
     std::vector<std::uint8_t> covered(width * kRowsAtOnce);
+    std::vector<std::uint8_t> kept(clip ? covered.size() : 0);
     QImage rows = GR_newImage({box.width(), kRowsAtOnce}, QImage::Format_RGBA64_Premultiplied);
     for (int top = box.top(); top <= box.bottom(); top += kRowsAtOnce) {
         const QRect part(box.left(), top, box.width(), std::min(kRowsAtOnce, box.bottom() + 1 - top));
-        coverage.find(outline, part, std::span(covered).first(width * static_cast<std::size_t>(part.height())));
+        const std::size_t pixels = width * static_cast<std::size_t>(part.height());
+        coverage.find(outline, part, std::span(covered).first(pixels));
+        if (clip) {
+            coverage.find(around, part, std::span(kept).first(pixels));
+            std::ranges::transform(covered, kept, covered.begin(), [](unsigned of, unsigned share) {
+                return static_cast<std::uint8_t>((of * share + 127U) / 255U);
+            });
+        }
         takeCoverage(covered, pixel, rows);
         painter.drawImage(part.topLeft(), rows, QRect(QPoint(), part.size()));
     }

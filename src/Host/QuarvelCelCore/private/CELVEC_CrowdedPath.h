@@ -16,9 +16,10 @@ class QPainter;
 /// @param toPixel from the path's units to pixels
 bool CELVEC_isCrowded(const QPainterPath& path, const QTransform& toPixel);
 
-/// Fills a path as the painter does, with its transform and clip, in a time that follows from the length of the
-/// outline.
+/// Fills a path as the painter does, with its transform, in a time that follows from the lengths of the outlines. The
+/// painter's own clip is reset.
 ///
 /// @param painter of an image
+/// @param clip    what is painted of the path; null: all of it
 /// @throws std::bad_alloc
-void CELVEC_fillCrowded(QPainter& painter, const QPainterPath& path, const QColor& paint);
+void CELVEC_fillCrowded(QPainter& painter, const QPainterPath& path, const QPainterPath* clip, const QColor& paint);

@@ -36,7 +36,7 @@ struct PaintedShape
     QTransform toPixel;
     VS_RGBA colour;
     QColor paint;        // the colour with the shape's opacity
-    bool isCrowded;      // as CELVEC_isCrowded says of its path
+    bool isCrowded;      // as CELVEC_isCrowded says of its path or its clip
     QImage picture;      // null: the paint alone
     Math::Box2di pixels; // that it may touch
 };
@@ -139,9 +139,10 @@ std::vector<PaintedShape> paintShapes(const CELVEC_Kvd& drawing, GR_GraphicOpsCo
             QTransform toPixel = drawingToPixel;
             if (colors.isAffectsMatrix())
                 colors.applyMatrixTransform(toPixel);
+            const bool isCrowded = shape.clip && CELVEC_isCrowded(path.of(*shape.clip), toPixel);
             const QPainterPath& copy = path.of(shape.path);
-            painted.push_back({&shape, toPixel, paint, toQColor(paint, shape.opacity), CELVEC_isCrowded(copy, toPixel),
-                               QImage(), pixelsTouchedBy(copy, toPixel)});
+            painted.push_back({&shape, toPixel, paint, toQColor(paint, shape.opacity),
+                               isCrowded || CELVEC_isCrowded(copy, toPixel), QImage(), pixelsTouchedBy(copy, toPixel)});
         }
     }
     colors.closingColorTransform();
@@ -172,11 +173,17 @@ void paint(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect, QI
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     CELVEC_PathCopy copy;
+    CELVEC_PathCopy clipCopy;
     for (const PaintedShape& painted : shapes) {
         if (painted.pixels.getIntersection(rect).isEmpty())
             continue;
         const QTransform toPicture = painted.toPixel * QTransform::fromTranslate(-rect.x1, -rect.y1);
         painter.setTransform(toPicture);
+        if (painted.isCrowded && painted.picture.isNull()) {
+            const QPainterPath* const clip = painted.shape->clip ? &clipCopy.of(*painted.shape->clip) : nullptr;
+            CELVEC_fillCrowded(painter, copy.of(painted.shape->path), clip, painted.paint);
+            continue;
+        }
         if (painted.shape->clip)
             painter.setClipPath(copy.of(*painted.shape->clip));
         else
@@ -184,8 +191,6 @@ void paint(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect, QI
         const QPainterPath& path = copy.of(painted.shape->path);
         if (!painted.picture.isNull())
             paintPicture(painter, painted, path.boundingRect());
-        else if (painted.isCrowded)
-            CELVEC_fillCrowded(painter, path, painted.paint);
         else
             painter.fillPath(path, painted.paint);
     }
