@@ -109,6 +109,14 @@ TEST_F(ChosenObjectsOfAFigure, AreNotPaintedOverTheirDrawing)
     EXPECT_EQ(bytes("sprite.png"), drawing);
 }
 
+TEST_F(ChosenObjectsOfAFigure, AreNotPaintedForAMap)
+{
+    ASSERT_EQ(quarvel("normalmap figure.svg -o map.exr").exitCode, 0);
+    const Outcome outcome = quarvel("inspect map.exr --explain objects.png");
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_THAT(outcome.messages, HasSubstr("is a rendered frame; --explain paints the objects of a drawing"));
+}
+
 TEST_F(ChosenObjectsOfAFigure, AreNotPaintedWhereNoFileCanBe)
 {
     const Outcome outcome = quarvel("inspect figure.svg --explain none/objects.png");

@@ -101,6 +101,11 @@ UT_Result<Description> describeDrawing(const QString& path, const InspectOptions
                        describeObjects(*read)};
 }
 
+UT_Error noDrawing(const QString& place, const QString& what)
+{
+    return {QStringLiteral("%1 is a %2; --explain paints the objects of a drawing").arg(place, what)};
+}
+
 UT_Result<Description> describe(const QString& place, const InspectOptions& options, Report& report)
 {
     const QFileInfo info(place);
@@ -112,6 +117,8 @@ UT_Result<Description> describe(const QString& place, const InspectOptions& opti
             return frame.error();
         if (!*frame)
             return describeDrawing(place, options, report);
+        if (!options.explain.isEmpty())
+            return noDrawing(place, QStringLiteral("rendered frame"));
         QJsonObject fields = frameFields(**frame);
         fields.insert(QStringLiteral("frame"), place);
         return Description{fields, describeFrame(**frame)};
@@ -122,7 +129,7 @@ UT_Result<Description> describe(const QString& place, const InspectOptions& opti
     if (!opened)
         return opened.error();
     if (!options.explain.isEmpty())
-        return UT_Error{QStringLiteral("%1 is a scene; --explain paints the objects of a drawing").arg(place)};
+        return noDrawing(place, QStringLiteral("scene"));
     const auto attributes = options.all ? DescribedAttributes::ALL : DescribedAttributes::CHANGED;
     QJsonObject fields = sceneFields(*opened->scene, attributes);
     fields.insert(QStringLiteral("scene"), place);

@@ -127,6 +127,25 @@ TEST(KritaReader, ALayerThatLiesFartherAwayThanAnyPictureIsRefused)
     }
 }
 
+// In a file of a few kilobytes, thousands of them would be decoded, each as large as the picture.
+TEST(KritaReader, LayersThatShareAFileAreRefused)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a.kra"));
+    const QByteArray layer = R"(<layer name="one" filename="layer1" nodetype="paintlayer" colorspacename="RGBA"
+        visible="1" opacity="255" compositeop="normal" x="0" y="0"/>)";
+    const auto write = [&](const QByteArray& layers) {
+        writeArchive(path, {{"maindoc.xml", R"(<DOC><IMAGE name="a" width="70" height="9"><layers>)" + layers +
+                                                "</layers></IMAGE></DOC>"},
+                            {"a/layers/layer1", head(0)},
+                            {"a/layers/layer1.defaultpixel", QByteArray(4, '\xff')}});
+    };
+    write(layer);
+    EXPECT_EQ(refusalOf(path), "it was read");
+    write(layer + layer);
+    EXPECT_THAT(refusalOf(path), HasSubstr("damaged or cut off"));
+}
+
 TEST(KritaReader, DamagedTilesAreAnErrorAndNoHarm)
 {
     const QTemporaryDir folder;

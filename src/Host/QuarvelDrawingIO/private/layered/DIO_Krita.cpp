@@ -6,6 +6,7 @@
 #include "QuarvelDrawingIO/private/layered/DIO_KritaTiles.h"
 #include "QuarvelDrawingIO/private/layered/DIO_ZipFile.h"
 
+#include <QSet>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -134,6 +135,10 @@ private:
     {
         constexpr qint64 kMostBytes = 500'000'000;
         const QString file = _folder + value("filename");
+        // Krita gives each layer a file of its own; thousands that name one large file would all be decoded.
+        if (_files.contains(file))
+            return DIO_damaged();
+        _files.insert(file);
         const UT_Result<QByteArray> tiles = _archive.read(file, kMostBytes);
         if (!tiles)
             return tiles.error();
@@ -156,6 +161,7 @@ private:
     DIO_PixelBudget _budget;
     DIO_BitmapLayers _made;
     QString _folder;
+    QSet<QString> _files; // of the layers that were read
     QStringList _modes;
     QStringList _left;
     QStringList _masked;
