@@ -51,8 +51,12 @@ def squares_in_one_group(colour_of):
     return lambda count: drawing(["<g>", *(small_square(i, colour_of(i)) for i in range(count)), "</g>"])
 
 
-def squares_in_groups(attributes):
-    return lambda count: drawing(f"<g id='part{i}' {attributes}>{small_square(i, '#80a0c0')}</g>" for i in range(count))
+def one_colour(_):
+    return "#80a0c0"
+
+
+def squares_in_groups(attributes, colour_of=one_colour):
+    return lambda count: drawing(f"<g id='part{i}' {attributes}>{small_square(i, colour_of(i))}</g>" for i in range(count))
 
 
 def growing_disc(i):
@@ -114,7 +118,8 @@ def render_keys(program, folder, count):
     return [program, "render", folder / "a.scene", "-o", folder / "frame.#####.png", "--resolution", "16x16"]
 
 
-LAYERS = squares_in_groups("inkscape:groupmode='layer'")
+LAYER = "inkscape:groupmode='layer'"
+LAYERS = squares_in_groups(LAYER)
 COLOURS = squares_in_one_group(many_colours)
 ALL_WORK = [
     Work("shapes, one object", 16000, normal_map(squares_in_one_group(few_colours), 512, "one"), KILOBYTES_A_SHAPE),
@@ -122,6 +127,7 @@ ALL_WORK = [
     Work("colours", 16000, normal_map(COLOURS, 64, "one")),
     Work("colours, a scene listed", 16000, inspect_scene(COLOURS)),
     Work("layers", 500, normal_map(LAYERS, 64, "layers")),
+    Work("layers, each of its own colour", 500, normal_map(squares_in_groups(LAYER, many_colours), 64, "layers")),
     Work("layers, a scene listed", 500, inspect_scene(LAYERS, "--objects", "layers")),
     Work("layers, a scene's frame", 500, render_scene(LAYERS, "--objects", "layers")),
     Work("groups", 1000, normal_map(squares_in_groups(""), 64, "groups")),

@@ -5,18 +5,17 @@
 
 #include "QuarvelCelCore/CEL_PixmapFactory.h"
 #include "QuarvelCelCore/CEL_WithFormat.h"
-#include "render/DepthComputationCelColorTransform.h"
 #include "render/LevelMerge.h"
 #include "render/PixelTraits.h"
 
-VallorinRequestHandler::ObjectAlgoRenderStage::ObjectAlgoRenderStage(
-    double frame, std::int32_t objectId, bool scaleByCoverage, double objectLevel,
-    std::vector<VallorinAttributes::ColorInformation> colorInformation)
+VallorinRequestHandler::ObjectAlgoRenderStage::ObjectAlgoRenderStage(double frame, std::int32_t objectId,
+                                                                     bool scaleByCoverage, double objectLevel,
+                                                                     std::shared_ptr<const ObjectColours> colours)
     : _frame(frame)
     , _objectId(objectId)
     , _scaleByCoverage(scaleByCoverage)
     , _objectLevel(objectLevel)
-    , _colorInformation(std::move(colorInformation))
+    , _colours(std::move(colours))
 {}
 
 VallorinRequestHandler::ObjectAlgoRenderStage::~ObjectAlgoRenderStage() = default;
@@ -53,6 +52,6 @@ UT_SharedPtr<CELVEC_Kvd> VallorinRequestHandler::ObjectAlgoRenderStage::greysOf(
 {
     UT_SharedPtr<CELVEC_Kvd> greys = drawing.primary()->shareForRendering();
     greys->setArtSelector(GR_ArtSelector());
-    greys->setColorTransform(UT_makeShared<VallorinLib::DepthComputationCelColorTransform>(_colorInformation));
+    greys->setColorTransform(_colours->greys());
     return greys;
 }

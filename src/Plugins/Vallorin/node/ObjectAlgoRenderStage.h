@@ -5,10 +5,11 @@
 #pragma once
 
 #include "MultiStageKvd/MultiStageKvd.h"
+#include "node/ObjectColours.h"
 #include "node/VallorinRequestHandler.h"
-#include "parameters/VallorinAttributes.h"
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 /// The stage for one drawing of one object. Immutable: several threads may render through one.
@@ -19,16 +20,16 @@ public:
     /// @param objectId         the object's number, not negative
     /// @param scaleByCoverage  whether the greys count in proportion to the drawing's coverage
     /// @param objectLevel      the level of what the drawing covers, usually from 0 to 1
-    /// @param colorInformation the colours that are painted in greys; all others are left out
+    /// @param colours          the colours that are painted in greys; all others are left out
     ObjectAlgoRenderStage(double frame, std::int32_t objectId, bool scaleByCoverage, double objectLevel,
-                          std::vector<VallorinAttributes::ColorInformation> colorInformation);
+                          std::shared_ptr<const ObjectColours> colours);
     ~ObjectAlgoRenderStage() override;
 
     double frame() const { return _frame; }
     std::int32_t objectId() const { return _objectId; }
     bool scaleByCoverage() const { return _scaleByCoverage; }
     double objectLevel() const { return _objectLevel; }
-    const std::vector<VallorinAttributes::ColorInformation>& colorInformation() const { return _colorInformation; }
+    const std::vector<VallorinAttributes::ColorInformation>& colorInformation() const { return _colours->records(); }
 
     /// Paints the drawing again, in the greys of the colour table, and merges the greys and the level into the target.
     /// A target that has neither of the two colour formats stays unchanged.
@@ -45,5 +46,5 @@ private:
     std::int32_t _objectId;
     bool _scaleByCoverage;
     double _objectLevel;
-    std::vector<VallorinAttributes::ColorInformation> _colorInformation;
+    std::shared_ptr<const ObjectColours> _colours;
 };

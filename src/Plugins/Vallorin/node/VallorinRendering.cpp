@@ -49,7 +49,7 @@ void Vallorin::insertRenderingRequestForSrcPort(RD_ScriptContext& context, int p
 
 std::unique_ptr<MO_RenderingRequestHandler> Vallorin::createRequestHandler()
 {
-    return std::make_unique<VallorinRequestHandler>(colorInformation()->localValue());
+    return std::make_unique<VallorinRequestHandler>(_impl->colours.of(colorInformation()->localValue()));
 }
 
 UT_SharedPtr<MO_SoftRenderInterface>

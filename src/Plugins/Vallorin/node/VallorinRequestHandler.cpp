@@ -20,7 +20,13 @@ UT_SharedPtr<ObjectDefinitionEntry> definitionOf(const MO_RenderingRequestHandle
 
 } // namespace
 
-VallorinRequestHandler::VallorinRequestHandler(const QString& colorInformation) : _colorInformation(colorInformation) {}
+VallorinRequestHandler::VallorinRequestHandler(const QString& colorInformation)
+    : VallorinRequestHandler(std::make_shared<ObjectColours>(colorInformation))
+{}
+
+VallorinRequestHandler::VallorinRequestHandler(std::shared_ptr<const ObjectColours> colours)
+    : _colours(std::move(colours))
+{}
 
 VallorinRequestHandler::~VallorinRequestHandler() = default;
 
@@ -38,13 +44,10 @@ void VallorinRequestHandler::processDrawing(BaseContext& context)
 
     const auto definition = definitionOf(context);
     const int identifier = std::max(0, definition->identifier());
-    std::vector<VallorinAttributes::ColorInformation> colours;
-    VallorinAttributes::getColorInformation(_colorInformation, colours);
 
     const auto staged = MultiStageKvd::embed(vectors);
-    staged->addStage(UT_makeShared<ObjectAlgoRenderStage>(context.frameKey().frame, identifier,
-                                                          definition->scaleByCoverage(), definition->objectLevel(),
-                                                          std::move(colours)));
+    staged->addStage(UT_makeShared<ObjectAlgoRenderStage>(
+        context.frameKey().frame, identifier, definition->scaleByCoverage(), definition->objectLevel(), _colours));
     const auto cel = UT_makeShared<CEL_Cel>();
     cel->setRepresentation(staged);
     cel->addMessage(ObjectDefinition::objectDefinitionMessageId(),

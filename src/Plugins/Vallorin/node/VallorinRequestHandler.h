@@ -10,6 +10,10 @@
 
 #include <QString>
 
+#include <memory>
+
+class ObjectColours;
+
 /// Handles the drawings of one request. It keeps the colour table that it was made with: a later edit of the node only
 /// reaches handlers made after it. Immutable, so several threads may use one.
 class VALLORIN_EXPORT VallorinRequestHandler : public MO_RenderingRequestHandler
@@ -19,6 +23,8 @@ public:
 
     /// @param colorInformation the text of the node's colour table
     explicit VallorinRequestHandler(const QString& colorInformation);
+    /// @param colours the node's colour table, which many handlers may share
+    explicit VallorinRequestHandler(std::shared_ptr<const ObjectColours> colours);
     ~VallorinRequestHandler() override;
 
     /// Wraps or empties the drawing, following the ObjectDefinitionEntry in the context; without one, the drawing is a
@@ -28,5 +34,5 @@ public:
     void processDrawing(BaseContext& context) override;
 
 private:
-    QString _colorInformation;
+    std::shared_ptr<const ObjectColours> _colours;
 };

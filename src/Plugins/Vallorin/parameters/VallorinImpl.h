@@ -3,6 +3,7 @@
 // The node's attributes by name, for the rest of the module.
 #pragma once
 
+#include "node/ObjectColours.h"
 #include "node/Vallorin.h"
 #include "parameters/LargestBevel.h"
 
@@ -30,4 +31,5 @@ struct Vallorin::Impl
     AT_BoolAttr* clipBlurredWithGeometry; ///< whether bevels end where the drawing does
     NormalQuality* normalQuality;
     LargestBevel largestBevel; ///< of the object table
+    LatestColours colours;     ///< of the colour table
 };

@@ -23,7 +23,8 @@ CA_CelRef rendered(const UT_SharedPtr<CELVEC_Kvd>& drawing, CEL_Format format, d
 {
     const auto staged = MultiStageKvd::embed(drawing);
     const std::vector<VallorinAttributes::ColorInformation> colours = {{kListed, grey, QString()}};
-    staged->addStage(UT_makeShared<Stage>(1.0, 3, scaleByCoverage, objectLevel, colours));
+    staged->addStage(
+        UT_makeShared<Stage>(1.0, 3, scaleByCoverage, objectLevel, std::make_shared<ObjectColours>(colours)));
     return CelTesting::celOf(staged, rowArgs())->convertTo(format);
 }
 
@@ -40,7 +41,7 @@ float redFloat(double objectLevel)
 TEST(ObjectAlgoRenderStage, HoldsWhatItWasMadeWith)
 {
     const std::vector<VallorinAttributes::ColorInformation> colours = {{kListed, 9, QStringLiteral("Red")}};
-    const Stage stage(12.5, 7, true, 0.25, colours);
+    const Stage stage(12.5, 7, true, 0.25, std::make_shared<ObjectColours>(colours));
     EXPECT_EQ(stage.frame(), 12.5);
     EXPECT_EQ(stage.objectId(), 7);
     EXPECT_TRUE(stage.scaleByCoverage());
@@ -64,7 +65,7 @@ TEST(ObjectAlgoRenderStage, ATableWithAnUnreadableIdLeavesColoursThatAreNotListe
     VallorinAttributes::getColorInformation(QStringLiteral("0xA1B2:0:Skin"), colours);
     ASSERT_EQ(colours.size(), 1U);
     const auto staged = MultiStageKvd::embed(rowDrawing());
-    staged->addStage(UT_makeShared<Stage>(1.0, 3, false, 1.0, colours));
+    staged->addStage(UT_makeShared<Stage>(1.0, 3, false, 1.0, std::make_shared<ObjectColours>(colours)));
     const CA_CelRef cel = CelTesting::celOf(staged, rowArgs())->convertTo(CEL_FORMAT_RGBA16);
     for (int x = 0; x < 3; ++x)
         EXPECT_EQ(pixelAt<Pixel16>(cel, x), (Pixel16{32767, 0, 1024, 32767})) << "carved at " << x;
@@ -108,9 +109,9 @@ TEST(ObjectAlgoRenderStage, PaintsWhiteGreysAsItRendersThem)
     drawing->addShape(GR_Art::LINE, CelTesting::rectangle(kListed, 5, 0, 7, 0.5));
     for (const int grey : {255, 200})
         for (const bool scaleByCoverage : {false, true}) {
+            const std::vector<VallorinAttributes::ColorInformation> colours = {{kListed, grey, QString()}};
             const auto stage =
-                UT_makeShared<Stage>(1.0, 3, scaleByCoverage, 0.7,
-                                     std::vector<VallorinAttributes::ColorInformation>{{kListed, grey, QString()}});
+                UT_makeShared<Stage>(1.0, 3, scaleByCoverage, 0.7, std::make_shared<ObjectColours>(colours));
             const auto made = [&](const UT_SharedPtr<MultiStageKvd::RenderingStage>& used, CEL_Format format) {
                 const auto staged = MultiStageKvd::embed(drawing);
                 staged->addStage(used);
@@ -208,7 +209,7 @@ TEST(ObjectAlgoRenderStage, TheDrawingItselfIsLeftAlone)
 
 TEST(ObjectAlgoRenderStage, ATargetOfAnotherFormatIsLeftAlone)
 {
-    const Stage stage(1.0, 3, false, 1.0, {});
+    const Stage stage(1.0, 3, false, 1.0, std::make_shared<ObjectColours>(QString()));
     CEL_PixmapAreaZ target({4, 1}, Math::Box2di(0, 0, 4, 1));
     target.realloc(Math::Box2di(0, 0, 4, 1), true);
     target.at(0, 0).value = 7.0F;
