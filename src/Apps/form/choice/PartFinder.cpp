@@ -3,7 +3,6 @@
 // Asks of each shape in turn: is it ink (Ink), does it lie inside a part (InnerRules), does it continue one
 // (JoinRules)?
 #include "form/choice/PartFinder.h"
-#include "form/choice/Flags.h"
 
 #include "form/choice/Bands.h"
 #include "form/choice/Boards.h"
