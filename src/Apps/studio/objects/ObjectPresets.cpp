@@ -35,7 +35,7 @@ void write(const std::vector<ObjectPreset>& presets)
 // Earlier versions stored three numbers instead of words.
 QString storedWords(const QSettings& settings)
 {
-    const QString words = settings.value(QStringLiteral("values")).toString();
+    QString words = settings.value(QStringLiteral("values")).toString();
     const auto number = [&](const char* key) { return settings.value(QLatin1String(key)).toString(); };
     if (!words.isEmpty())
         return words;

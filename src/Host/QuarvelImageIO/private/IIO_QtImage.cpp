@@ -185,14 +185,14 @@ UT_Result<IIO_Picture> IIO_pictureOf(const QImage& image)
 UT_Result<void> IIO_writeImage(const QString& path, const QImage& image, const QByteArray& format, int quality)
 {
     IIO_AtomicFile file(path);
-    if (const auto opened = file.open(); !opened)
+    if (auto opened = file.open(); !opened)
         return opened;
     QImageWriter writer(&file.device(), format);
     writer.setQuality(quality);
     if (writer.write(image))
         return file.commit();
     // If a write to the disk failed, the file's error explains the failure better than Qt's.
-    if (const auto abandoned = file.abandon(); !abandoned)
+    if (auto abandoned = file.abandon(); !abandoned)
         return abandoned;
     return UT_Error{
         QStringLiteral("cannot write \"%1\": %2; try another size or format").arg(path, writer.errorString())};

@@ -9,6 +9,7 @@ MO_ModuleFactory::MO_ModuleFactory() = default;
 
 MO_ModuleFactory::~MO_ModuleFactory() = default;
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): it is moved into the table.
 bool MO_ModuleFactory::registerCreator(const QString& key, Creator creator)
 {
     const std::lock_guard lock(_mutex);

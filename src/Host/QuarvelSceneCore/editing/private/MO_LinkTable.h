@@ -16,8 +16,8 @@ public:
         MO_Module* module;
         unsigned port;
 
-        // NOLINTNEXTLINE(modernize-use-nullptr): the check takes the comparison with 0 that the compiler makes for
-        // ours.
+        // The check takes the comparison with 0 that the compiler makes for ours.
+        // NOLINTNEXTLINE(modernize-use-nullptr)
         friend auto operator<=>(const Input&, const Input&) = default;
     };
     struct Output
