@@ -11,7 +11,7 @@
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "QuarvelNormalMap/NM_MapForm.h"
 #include "QuarvelNormalMap/NM_NormalPicture.h"
-#include "ResultStream.h"
+#include "jobs/ResultStream.h"
 #include "jobs/drawing/NormalMapJob.h"
 #include "jobs/drawing/ReadDrawing.h"
 #include "jobs/targets/Targets.h"
