@@ -1,7 +1,7 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// FrameFileName: the name of each frame's file. The last placeholder in the file's own name is replaced by the frame's
-// number:
+// FrameFileName: the name of each frame's file. The last sign for a number in the file's own name is replaced by the
+// frame's number:
 //
 //     out/n.####.exr      out/n.0007.exr, out/n.-0007.exr, out/n.12345.exr
 //     out/n.%04d.exr      the same; so do n.$F4.exr and n.<frame04>.exr
@@ -25,7 +25,7 @@ public:
     /// The file of a frame. The number is padded with zeros; a minus sign precedes them.
     QString of(int frame) const;
 
-    /// A pattern to propose for a name without a placeholder: "out/n.####.exr" for "out/n.exr".
+    /// A pattern to propose for a name without such a sign: "out/n.####.exr" for "out/n.exr".
     static QString proposal(const QString& name);
 
 private:

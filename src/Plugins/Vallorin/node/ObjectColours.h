@@ -5,13 +5,11 @@
 #pragma once
 
 #include "VallorinExport.h"
+#include "parameters/LatestValue.h"
 #include "parameters/VallorinAttributes.h"
 #include "render/DepthComputationCelColorTransform.h"
 
-#include <QString>
-
 #include <memory>
-#include <mutex>
 #include <vector>
 
 /// A decoded colour table, and the transform that repaints drawings in its greys. Immutable: any number of drawings and
@@ -40,7 +38,5 @@ public:
     std::shared_ptr<const ObjectColours> of(const QString& table) const;
 
 private:
-    mutable std::mutex _mutex;
-    mutable QString _table;
-    mutable std::shared_ptr<const ObjectColours> _colours; // none before the first question
+    LatestValue<std::shared_ptr<const ObjectColours>> _latest;
 };

@@ -1,7 +1,4 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
-//
-// Keeps the latest table and its largest bevel. A text that shares its data with that table is recognised without a
-// comparison.
 #include "parameters/LargestBevel.h"
 
 #include "parameters/VallorinAttributes.h"
@@ -25,10 +22,5 @@ double largestBevel(const QString& table)
 
 double LargestBevel::of(const QString& table) const
 {
-    const std::lock_guard lock(_mutex);
-    const bool isShared = table.constData() == _table.constData() && table.size() == _table.size();
-    if (!isShared && table != _table)
-        _largest = largestBevel(table);
-    _table = table;
-    return _largest;
+    return _latest.of(table, largestBevel);
 }

@@ -1,12 +1,9 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// LargestBevel: the largest bevel of the object table, which a node is asked for at every input. Where each object has
-// an input of its own, parsing the table each time would take time in the square of the number of objects.
+// LargestBevel: the largest bevel of the object table, which a node is asked for at every input.
 #pragma once
 
-#include <QString>
-
-#include <mutex>
+#include "parameters/LatestValue.h"
 
 /// The largest bevel of the table that was parsed last. Any number of threads may ask at once.
 class LargestBevel
@@ -16,7 +13,5 @@ public:
     double of(const QString& table) const;
 
 private:
-    mutable std::mutex _mutex;
-    mutable QString _table;
-    mutable double _largest = 0.0;
+    LatestValue<double> _latest;
 };

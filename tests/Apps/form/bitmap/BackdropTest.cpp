@@ -12,8 +12,6 @@
 
 namespace {
 
-using Paint = std::function<void(QPainter&)>;
-
 // A head in front of a body, as flat colours.
 void paintFigure(QPainter& painter)
 {

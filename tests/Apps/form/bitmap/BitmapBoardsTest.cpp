@@ -11,8 +11,6 @@ using enum ObjectRole;
 
 namespace {
 
-using Paint = std::function<void(QPainter&)>;
-
 const QColor kRed(210, 30, 40);
 const QColor kWhite(240, 240, 240);
 const QColor kBlue(30, 60, 160);

@@ -9,8 +9,6 @@ using enum ObjectRole;
 
 namespace {
 
-using Paint = std::function<void(QPainter&)>;
-
 const QColor kGrey(204, 214, 221);
 const QColor kDark(60, 70, 80);
 const QColor kRed(210, 30, 40);

@@ -9,8 +9,11 @@
 
 #include <functional>
 
+/// What a test paints.
+using Paint = std::function<void(QPainter&)>;
+
 /// A transparent picture after `paint` has painted on it.
-inline QImage painted(const QSize& size, const std::function<void(QPainter&)>& paint, bool antialiased = true)
+inline QImage painted(const QSize& size, const Paint& paint, bool antialiased = true)
 {
     QImage image(size, QImage::Format_ARGB32);
     image.fill(Qt::transparent);
