@@ -242,6 +242,32 @@ TEST(BitmapObjects, namesAreUnique)
     EXPECT_EQ(names.size(), 3U);
 }
 
+// A mango of two colours, with each opaque pixel up to `most` levels lighter.
+QImage mangoWithGrain(unsigned most)
+{
+    QImage image = painted({120, 130}, [](QPainter& painter) {
+        painter.setBrush(QColor(90, 140, 60));
+        painter.drawEllipse(15, 15, 90, 100);
+        painter.setBrush(QColor(190, 70, 40));
+        painter.drawEllipse(25, 25, 40, 60);
+    });
+    std::mt19937 random(5);
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (const QColor colour = image.pixelColor(x, y); colour.alpha() == 255) {
+                const int more = static_cast<int>(random() % (most + 1));
+                image.setPixelColor(x, y, QColor(colour.red() + more, colour.green() + more, colour.blue() + more));
+            }
+    return image;
+}
+
+TEST(BitmapObjects, APhotographOfOneBodyIsOneObject)
+{
+    EXPECT_EQ(objectsOf(mangoWithGrain(0)).objects.size(), 2U) << "drawn";
+    EXPECT_EQ(objectsOf(mangoWithGrain(1)).objects.size(), 2U) << "rounded by a converter";
+    EXPECT_EQ(objectsOf(mangoWithGrain(16)).objects.size(), 1U);
+}
+
 RC_GTEST_PROP(BitmapObjectsOfAnything, PaintedAgainAreTheBitmap, ())
 {
     const QImage image = pictureOf(anyDiscs());

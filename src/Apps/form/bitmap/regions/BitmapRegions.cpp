@@ -5,6 +5,7 @@
 #include "form/bitmap/regions/BitmapRegions.h"
 
 #include "form/bitmap/pixels/ConnectedPixels.h"
+#include "form/bitmap/pixels/Grain.h"
 #include "form/bitmap/pixels/PixelDistances.h"
 #include "form/bitmap/regions/RegionCores.h"
 
@@ -21,6 +22,9 @@ constexpr double kLeastCores = 0.6;
 // painted too.
 constexpr double kPaintedShare = 0.3;
 constexpr std::size_t kMostCores = 400;
+// A picture with more grain is a photograph, whose areas are highlights and shades of one body. Of 240 photographs on
+// transparent ground most have more than 0.75; of 540 rasterised vector drawings one has more than 0.7.
+constexpr double kPhotograph = 0.6;
 // Smaller parts of painted pictures, as a share of the covered pixels, belong to the nearest larger part.
 constexpr double kPaintedSpeck = 0.004;
 
@@ -138,6 +142,12 @@ PixelPlane<int> cutByCores(const PixelPlane<int>& cores, const PixelPlane<char>&
     return labels;
 }
 
+// A photograph of one body. One that is opaque up to its borders shows a scene, of which its areas tell more.
+bool isPhotograph(const ColourAreas& areas, const PixelPlane<QRgb>& colours)
+{
+    return !areas.hard && areas.covered < colours.count() && grainOf(colours) > kPhotograph;
+}
+
 } // namespace
 
 BitmapRegions bitmapRegionsOf(const PixelPlane<QRgb>& colours)
@@ -151,7 +161,7 @@ BitmapRegions bitmapRegionsOf(const PixelPlane<QRgb>& colours)
 
     BitmapRegions regions;
     regions.hard = areas.hard;
-    regions.painted = shareOfCores(cores, colours) < kLeastCores ||
+    regions.painted = isPhotograph(areas, colours) || shareOfCores(cores, colours) < kLeastCores ||
                       shareBeyond(nearest, covered, reach) > kPaintedShare ||
                       static_cast<std::size_t>(countOf(cores)) > kMostCores;
     if (regions.painted)
