@@ -265,7 +265,7 @@ TEST(BitmapObjects, APhotographOfOneBodyIsOneObject)
 {
     EXPECT_EQ(objectsOf(mangoWithGrain(0)).objects.size(), 2U) << "drawn";
     EXPECT_EQ(objectsOf(mangoWithGrain(1)).objects.size(), 2U) << "rounded by a converter";
-    EXPECT_EQ(objectsOf(mangoWithGrain(16)).objects.size(), 1U);
+    EXPECT_EQ(objectsOf(mangoWithGrain(10)).objects.size(), 1U);
 }
 
 RC_GTEST_PROP(BitmapObjectsOfAnything, PaintedAgainAreTheBitmap, ())
