@@ -5,10 +5,9 @@
 #include "form/lines/ClosedAreas.h"
 
 #include "QuarvelGraphicCore/GR_ImageMemory.h"
-#include "form/bitmap/pixels/ConnectedPixels.h"
 #include "form/bitmap/pixels/PixelDistances.h"
 #include "form/lines/AreaOutline.h"
-#include "form/lines/LineDepths.h"
+#include "form/lines/AreaRuns.h"
 #include "form/raster/CellMask.h"
 
 #include <QImage>
@@ -17,7 +16,7 @@
 #include <algorithm>
 #include <array>
 #include <functional>
-#include <numeric>
+#include <iterator>
 
 namespace {
 
@@ -51,66 +50,50 @@ QImage paintedLines(std::span<const DIO_Shape* const> lines, const Grid& grid)
     return GR_imageInFormat(image, QImage::Format_Alpha8);
 }
 
-PixelPlane<char> cellsOfLines(const QImage& image, const Grid& grid)
+CellBits cellsOfLines(const QImage& image, const Grid& grid)
 {
-    PixelPlane<char> cells(grid.width, grid.height, 0);
-    for (int y = 0; y < grid.height; ++y) {
-        const std::span row(image.constScanLine(y), static_cast<std::size_t>(grid.width));
-        std::ranges::transform(row, cells.row(y).begin(),
-                               [](uchar coverage) { return static_cast<char>(coverage >= kLeastCoverage ? 1 : 0); });
-    }
+    CellBits cells(grid.width, grid.height);
+    for (int y = 0; y < grid.height; ++y)
+        cells.markFrom(y, std::span(image.constScanLine(y), static_cast<std::size_t>(grid.width)), kLeastCoverage);
     return cells;
 }
 
-// Marks the cells for whose values a function returns 1.
-template<typename Value, typename Function>
-PixelPlane<char> marked(const PixelPlane<Value>& plane, Function function)
+CellBits withoutMarked(CellBits cells, const CellBits& others)
 {
-    PixelPlane<char> marks(plane.width(), plane.height(), 0);
-    for (int y = 0; y < plane.height(); ++y)
-        std::ranges::transform(plane.row(y), marks.row(y).begin(), function);
-    return marks;
+    cells.remove(others);
+    return cells;
+}
+
+CellBits unmarked(const CellBits& cells)
+{
+    CellBits others(cells.width(), cells.height());
+    for (const PixelRun& run : cells.runs(false))
+        others.mark(run);
+    return others;
 }
 
 // The cores of the areas in a part of the picture: what is farther from all lines than half of a gap.
 //
-// @param open    nonzero for the cells of the part
+// @param open   the cells of the part
 // @param halfGap as a part of the longer side
-ConnectedParts coresOf(const PixelPlane<std::int16_t>& depths, const PixelPlane<char>& open, double halfGap)
+AreaRuns coresOf(const CellBits& lines, const CellBits& open, double halfGap)
 {
-    const int far = static_cast<int>(kPixelStep * halfGap * std::max(depths.width(), depths.height()));
-    PixelPlane<char> cores(depths.width(), depths.height(), 0);
-    for (int y = 0; y < depths.height(); ++y) {
-        const std::span<const std::int16_t> depth = depths.row(y);
-        std::transform(depth.begin(), depth.end(), open.row(y).begin(), cores.row(y).begin(),
-                       [far](int deep, char isOpen) { return static_cast<char>((deep > far) & (isOpen != 0)); });
-    }
-    return connectedPartsOf(cores);
-}
-
-// The areas that lines and gaps separate in a part of the picture, numbered; kNoLabel outside that part and in areas
-// narrower than a gap.
-PixelPlane<int> separateAreas(const ConnectedParts& cores, const PixelPlane<char>& open)
-{
-    return grown(cores.labels, open).labels;
+    CellBits near = lines;
+    near.grow(static_cast<int>(kPixelStep * halfGap * std::max(lines.width(), lines.height())));
+    return connectedAreas(withoutMarked(open, near));
 }
 
 // Whether a core may be that of a closed area, which reaches the picture's border on one side at the most.
-bool mayBeClosed(const ConnectedParts& cores)
+bool mayBeClosed(const AreaRuns& cores)
 {
-    const PixelPlane<int>& labels = cores.labels;
-    std::vector<std::array<bool, 4>> touches(cores.pixels.size(), std::array{false, false, false, false});
-    const auto touch = [&](int x, int y, std::size_t side) {
-        if (const int core = labels.at(x, y); core >= 0)
-            touches[static_cast<std::size_t>(core)][side] = true;
-    };
-    for (int y = 0; y < labels.height(); ++y) {
-        touch(0, y, 0);
-        touch(labels.width() - 1, y, 1);
-    }
-    for (int x = 0; x < labels.width(); ++x) {
-        touch(x, 0, 2);
-        touch(x, labels.height() - 1, 3);
+    std::vector<std::array<bool, 4>> touches;
+    for (const auto& [cells, area] : cores.runs) {
+        touches.resize(std::max(touches.size(), static_cast<std::size_t>(area) + 1), std::array<bool, 4>{});
+        std::array<bool, 4>& sides = touches[static_cast<std::size_t>(area)];
+        sides[0] |= cells.from == 0;
+        sides[1] |= cells.to == cores.width;
+        sides[2] |= cells.row == 0;
+        sides[3] |= cells.row == cores.height - 1;
     }
     return std::ranges::any_of(touches, [](const auto& sides) { return std::ranges::count(sides, true) < 2; });
 }
@@ -130,109 +113,117 @@ struct Enclosure
     }
 };
 
-// Calls a function with the area, the first cell and the cell after the last one of every stretch of a row that lies in
-// one area.
+// Calls a function with every two runs of one area that lie beside each other in neighbouring rows, and the number of
+// cells with which they do.
 template<typename Function>
-void forEachStretch(std::span<const int> row, Function function)
+void forEachNeighbouring(std::span<const AreaRun> runs, Function function)
 {
-    for (std::size_t from = 0, to = 0; from < row.size(); from = to) {
-        while (to < row.size() && row[to] == row[from])
-            ++to;
-        if (row[from] >= 0)
-            function(static_cast<std::size_t>(row[from]), from, to);
+    std::size_t above = 0;
+    for (std::size_t i = 0; i < runs.size(); ++i) {
+        const auto& [cells, area] = runs[i];
+        const auto isBefore = [&](const PixelRun& other) {
+            return other.row < cells.row - 1 || (other.row == cells.row - 1 && other.to <= cells.from);
+        };
+        while (isBefore(runs[above].cells))
+            ++above;
+        for (std::size_t j = above; runs[j].cells.row == cells.row - 1 && runs[j].cells.from < cells.to; ++j)
+            if (runs[j].area == area)
+                function(area, std::min(cells.to, runs[j].cells.to) - std::max(cells.from, runs[j].cells.from));
     }
 }
 
-// How many cells of a stretch have another area beside them in a neighbouring row.
-int otherCells(std::span<const int> neighbours, int area)
-{
-    return static_cast<int>(neighbours.size() - static_cast<std::size_t>(std::ranges::count(neighbours, area)));
-}
-
-std::vector<Enclosure> enclosuresOf(const PixelPlane<int>& areas)
+std::vector<Enclosure> enclosuresOf(const AreaRuns& areas)
 {
     std::vector<Enclosure> found;
-    const auto width = static_cast<std::size_t>(areas.width());
-    for (int y = 0; y < areas.height(); ++y)
-        forEachStretch(areas.row(y), [&](std::size_t area, std::size_t from, std::size_t to) {
-            if (found.size() <= area)
-                found.resize(area + 1);
-            Enclosure& own = found[area];
-            const int cells = static_cast<int>(to - from);
-            own.cells += cells;
-            ++(from > 0 ? own.outline : own.borders[0]);
-            ++(to < width ? own.outline : own.borders[2]);
-            for (const bool below : {false, true}) {
-                const int other = below ? y + 1 : y - 1;
-                if (other >= 0 && other < areas.height())
-                    own.outline += otherCells(areas.row(other).subspan(from, to - from), static_cast<int>(area));
-                else
-                    own.borders[below ? 3 : 1] += cells;
-            }
-        });
+    for (const auto& [cells, area] : areas.runs) {
+        if (area < 0)
+            continue;
+        if (found.size() <= static_cast<std::size_t>(area))
+            found.resize(static_cast<std::size_t>(area) + 1);
+        Enclosure& own = found[static_cast<std::size_t>(area)];
+        const int count = cells.to - cells.from;
+        own.cells += count;
+        ++(cells.from > 0 ? own.outline : own.borders[0]);
+        ++(cells.to < areas.width ? own.outline : own.borders[2]);
+        (cells.row > 0 ? own.outline : own.borders[1]) += count;
+        (cells.row + 1 < areas.height ? own.outline : own.borders[3]) += count;
+    }
+    forEachNeighbouring(areas.runs, [&](int area, int cells) {
+        if (area >= 0)
+            found[static_cast<std::size_t>(area)].outline -= 2 * cells;
+    });
     return found;
 }
 
 // Makes all areas that are not closed one area, kOutside, and numbers the others from 1; returns their number.
-int joinOutside(PixelPlane<int>& areas)
+int joinOutside(AreaRuns& areas)
 {
     std::vector<int> numbers;
     int count = 0;
     for (const Enclosure& area : enclosuresOf(areas))
         numbers.push_back(area.isClosed() ? ++count : kOutside);
-    for (int y = 0; y < areas.height(); ++y)
-        for (int& area : areas.row(y))
-            if (area >= 0)
-                area = numbers[static_cast<std::size_t>(area)];
+    for (AreaRun& run : areas.runs)
+        if (run.area >= 0)
+            run.area = numbers[static_cast<std::size_t>(run.area)];
     return count;
+}
+
+CellBits cellsOutside(const AreaRuns& areas)
+{
+    CellBits outside(areas.width, areas.height);
+    for (const auto& [cells, area] : areas.runs)
+        if (area == kOutside)
+            outside.mark(cells);
+    return outside;
 }
 
 // Finds areas outside that wider gaps separate, and numbers those that are closed and large compared with the gap from
 // count + 1; returns the last number. A wide gap is closed only towards the outside: inside an area it may be drawn.
-int closeWiderGaps(PixelPlane<int>& areas, const PixelPlane<std::int16_t>& depths, int count)
+int closeWiderGaps(AreaRuns& areas, const CellBits& lines, int count)
 {
     for (const double halfGap : kWiderHalfGaps) {
-        const PixelPlane<char> outside =
-            marked(areas, [](int area) { return static_cast<char>(area == kOutside ? 1 : 0); });
-        const ConnectedParts cores = coresOf(depths, outside, halfGap);
+        const CellBits outside = cellsOutside(areas);
+        const AreaRuns cores = coresOf(lines, outside, halfGap);
         if (!mayBeClosed(cores))
             continue;
-        const PixelPlane<int> found = separateAreas(cores, outside);
-        const double gap = 2.0 * halfGap * std::max(areas.width(), areas.height());
+        AreaRuns found = grownOver(cores, outside);
+        const double gap = 2.0 * halfGap * std::max(areas.width, areas.height);
         std::vector<int> numbers;
         for (const Enclosure& area : enclosuresOf(found))
             numbers.push_back(area.isClosed() && area.cells > kSquareGaps * gap * gap ? ++count : kOutside);
-        for (int i = 0; i < areas.count(); ++i)
-            if (found[i] >= 0)
-                areas[i] = numbers[static_cast<std::size_t>(found[i])];
+        for (AreaRun& run : found.runs)
+            run.area = run.area >= 0 ? numbers[static_cast<std::size_t>(run.area)] : kOutside;
+        std::erase_if(areas.runs, [](const AreaRun& run) { return run.area == kOutside; });
+        std::vector<AreaRun> both;
+        std::ranges::merge(
+            areas.runs, found.runs, std::back_inserter(both), {},
+            [](const AreaRun& run) { return std::pair(run.cells.row, run.cells.from); },
+            [](const AreaRun& run) { return std::pair(run.cells.row, run.cells.from); });
+        areas.runs = std::move(both);
     }
     return count;
 }
 
 // The cells between lines that are too close to each other for an area.
-int cellsInNarrowAreas(const PixelPlane<int>& areas, const PixelPlane<char>& lines)
+int cellsInNarrowAreas(const AreaRuns& areas)
 {
-    int cells = 0;
-    for (int y = 0; y < areas.height(); ++y)
-        cells += std::transform_reduce(areas.row(y).begin(), areas.row(y).end(), lines.row(y).begin(), 0, std::plus(),
-                                       [](int area, char line) { return (area < 0) & (line == 0) ? 1 : 0; });
-    return cells;
+    int narrow = 0;
+    for (const auto& [cells, area] : areas.runs)
+        narrow += area == kNoLabel ? cells.to - cells.from : 0;
+    return narrow;
 }
 
 // The cells of each area; the box of an area without cells is empty.
-std::vector<CellMask> masksOf(const PixelPlane<int>& areas, int count)
+std::vector<CellMask> masksOf(const AreaRuns& areas, int count)
 {
     std::vector<QRect> boxes(static_cast<std::size_t>(count) + 1);
-    for (int y = 0; y < areas.height(); ++y)
-        forEachStretch(areas.row(y), [&](std::size_t area, std::size_t from, std::size_t to) {
-            boxes[area] |= QRect(static_cast<int>(from), y, static_cast<int>(to - from), 1);
-        });
+    for (const auto& [cells, area] : areas.runs)
+        if (area > kOutside)
+            boxes[static_cast<std::size_t>(area)] |= QRect(cells.from, cells.row, cells.to - cells.from, 1);
     std::vector<CellMask> masks(boxes.begin() + 1, boxes.end());
-    for (int y = 0; y < areas.height(); ++y)
-        forEachStretch(areas.row(y), [&](std::size_t area, std::size_t from, std::size_t to) {
-            if (area > kOutside)
-                masks[area - 1].append(y, static_cast<int>(from), static_cast<int>(to));
-        });
+    for (const auto& [cells, area] : areas.runs)
+        if (area > kOutside)
+            masks[static_cast<std::size_t>(area) - 1].append(cells.row, cells.from, cells.to);
     return masks;
 }
 
@@ -248,34 +239,64 @@ bool isPattern(const std::vector<int>& sizes, int enclosed)
 // The largest connected part of a mask.
 CellMask largestPart(const CellMask& mask)
 {
-    const QRect& box = mask.box();
-    const ConnectedParts parts = connectedPartsOf(mask.planeOf(box));
-    const auto largest = static_cast<int>(std::ranges::max_element(parts.pixels) - parts.pixels.begin());
-    return CellMask::where(box,
-                           [&](int x, int y) { return parts.labels.at(x - box.left(), y - box.top()) == largest; });
+    std::vector<PixelRun> runs;
+    mask.forEachRun([&](int y, int from, int to) { runs.push_back({y, from, to}); });
+    const ConnectedRuns connected = connectedPartsOf(runs);
+    if (connected.pixels.size() == 1)
+        return mask;
+    const auto largest = static_cast<int>(std::ranges::max_element(connected.pixels) - connected.pixels.begin());
+    CellMask part(mask.box());
+    for (std::size_t i = 0; i < runs.size(); ++i)
+        if (connected.parts[i] == largest)
+            part.append(runs[i].row, runs[i].from, runs[i].to);
+    return part;
+}
+
+// The runs between those of a mask in its box, and in one cell around it.
+std::vector<PixelRun> runsAround(const CellMask& mask)
+{
+    const QRect box = mask.box().adjusted(-1, -1, 1, 1);
+    std::vector<PixelRun> around;
+    for (int y = box.top(); y <= box.bottom(); ++y) {
+        int from = box.left();
+        for (const CellRun& run : mask.runs(y)) {
+            around.push_back({y, from, run.from});
+            from = run.to;
+        }
+        around.push_back({y, from, box.right() + 1});
+    }
+    return around;
 }
 
 // The mask with what it surrounds.
 CellMask withoutHoles(const CellMask& mask)
 {
-    const QRect box = mask.box().adjusted(-1, -1, 1, 1);
-    const PixelPlane<char> uncovered =
-        marked(mask.planeOf(box), [](char covered) { return static_cast<char>(covered != 0 ? 0 : 1); });
-    const PixelPlane<int> parts = connectedPartsOf(uncovered).labels;
-    const int around = parts.at(0, 0);
-    return CellMask::where(mask.box(), [&](int x, int y) { return parts.at(x - box.left(), y - box.top()) != around; });
+    const std::vector<PixelRun> around = runsAround(mask);
+    const ConnectedRuns connected = connectedPartsOf(around);
+    if (connected.pixels.size() == 1)
+        return mask;
+    CellMask filled(mask.box());
+    for (std::size_t i = 1; i < around.size(); ++i) {
+        const auto& [y, from, to] = around[i];
+        const PixelRun& before = around[i - 1];
+        const bool isHole = connected.parts[i] != 0;
+        if (before.row == y)
+            filled.append(y, before.to, from);
+        if (isHole)
+            filled.append(y, from, to);
+    }
+    return filled;
 }
 
 // @param lines a picture of the grid's size
 std::vector<QPainterPath> areasBetween(const QImage& lines, const Grid& grid)
 {
-    const PixelPlane<char> inked = cellsOfLines(lines, grid);
-    const PixelPlane<std::int16_t> depths = depthsBetween(inked);
-    const PixelPlane<char> open = marked(inked, [](char line) { return static_cast<char>(line != 0 ? 0 : 1); });
-    PixelPlane<int> areas = separateAreas(coresOf(depths, open, kHalfGap), open);
-    const int count = closeWiderGaps(areas, depths, joinOutside(areas));
-    int left = cellsInNarrowAreas(areas, inked);
-    areas = grown(areas, PixelPlane<char>(grid.width, grid.height, 1)).labels;
+    const CellBits inked = cellsOfLines(lines, grid);
+    const CellBits open = unmarked(inked);
+    AreaRuns areas = grownOver(coresOf(inked, open, kHalfGap), open);
+    const int count = closeWiderGaps(areas, inked, joinOutside(areas));
+    int left = cellsInNarrowAreas(areas);
+    areas = grownOverAll(areas);
 
     const double least = kSmallest * grid.width * grid.height;
     int enclosed = 0;

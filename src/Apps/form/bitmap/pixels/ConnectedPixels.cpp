@@ -4,21 +4,12 @@
 // Parts are numbered by their first pixel, which is that of their first run.
 #include "form/bitmap/pixels/ConnectedPixels.h"
 
-#include <ranges>
-
 namespace {
 
-struct Run
-{
-    int row;
-    int from;
-    int to; // after the last pixel
-};
-
 // The runs row by row, from left to right.
-std::vector<Run> runsOf(const PixelPlane<char>& marked)
+std::vector<PixelRun> runsOf(const PixelPlane<char>& marked)
 {
-    std::vector<Run> runs;
+    std::vector<PixelRun> runs;
     for (int y = 0; y < marked.height(); ++y) {
         const std::span<const char> row = marked.row(y);
         for (std::size_t from = nextOf(row, 0, 1); from < row.size();) {
@@ -31,12 +22,12 @@ std::vector<Run> runsOf(const PixelPlane<char>& marked)
 }
 
 // Joins runs of neighbouring rows that share an edge or a corner.
-PixelSets joined(std::span<const Run> runs)
+PixelSets joined(std::span<const PixelRun> runs)
 {
     PixelSets sets(static_cast<int>(runs.size()));
     std::size_t above = 0;
     for (std::size_t i = 0; i < runs.size(); ++i) {
-        const Run& run = runs[i];
+        const PixelRun& run = runs[i];
         while (runs[above].row < run.row - 1 || (runs[above].row == run.row - 1 && runs[above].to < run.from))
             ++above;
         for (std::size_t j = above; runs[j].row == run.row - 1 && runs[j].from <= run.to; ++j)
@@ -47,23 +38,32 @@ PixelSets joined(std::span<const Run> runs)
 
 } // namespace
 
-ConnectedParts connectedPartsOf(const PixelPlane<char>& marked)
+ConnectedRuns connectedPartsOf(std::span<const PixelRun> runs)
 {
-    const std::vector<Run> runs = runsOf(marked);
     PixelSets sets = joined(runs);
-    ConnectedParts parts{PixelPlane<int>(marked.width(), marked.height(), kNoLabel), {}};
-    std::vector<int> numbers(runs.size());
+    ConnectedRuns connected{std::vector<int>(runs.size()), {}};
     for (std::size_t i = 0; i < runs.size(); ++i) {
         const auto first = static_cast<std::size_t>(sets.find(static_cast<int>(i)));
         if (first == i) {
-            numbers[i] = static_cast<int>(parts.pixels.size());
-            parts.pixels.push_back(0);
+            connected.parts[i] = static_cast<int>(connected.pixels.size());
+            connected.pixels.push_back(0);
         }
-        const int number = numbers[i] = numbers[first];
+        const int part = connected.parts[i] = connected.parts[first];
+        connected.pixels[static_cast<std::size_t>(part)] += runs[i].to - runs[i].from;
+    }
+    return connected;
+}
+
+ConnectedParts connectedPartsOf(const PixelPlane<char>& marked)
+{
+    const std::vector<PixelRun> runs = runsOf(marked);
+    ConnectedRuns connected = connectedPartsOf(runs);
+    ConnectedParts parts{PixelPlane<int>(marked.width(), marked.height(), kNoLabel), std::move(connected.pixels)};
+    for (std::size_t i = 0; i < runs.size(); ++i) {
         const auto [y, from, to] = runs[i];
-        parts.pixels[static_cast<std::size_t>(number)] += to - from;
-        std::ranges::fill(
-            parts.labels.row(y).subspan(static_cast<std::size_t>(from), static_cast<std::size_t>(to - from)), number);
+        const std::span row = parts.labels.row(y);
+        std::ranges::fill(row.subspan(static_cast<std::size_t>(from), static_cast<std::size_t>(to - from)),
+                          connected.parts[i]);
     }
     return parts;
 }

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <numeric>
+#include <span>
+#include <vector>
 
 /// Disjoint sets of pixels, or of runs of them. Each pixel starts as a set of its own; a set is identified by its first
 /// pixel.
@@ -35,6 +37,24 @@ private:
 
     std::vector<int> _parents;
 };
+
+/// Pixels beside each other in a row; none of them is at `to`.
+struct PixelRun
+{
+    int row;
+    int from;
+    int to;
+};
+
+/// The connected parts that runs make up; runs that share an edge or a corner are connected.
+struct ConnectedRuns
+{
+    std::vector<int> parts;  ///< index of each run's part; parts are numbered by their first run
+    std::vector<int> pixels; ///< how many pixels each part has
+};
+
+/// @param runs row by row, in each row from left to right, with other pixels between them
+ConnectedRuns connectedPartsOf(std::span<const PixelRun> runs);
 
 /// The connected parts of the marked pixels; pixels that share an edge or a corner are connected.
 struct ConnectedParts
