@@ -3,8 +3,11 @@
 // A part's outline is that of its body; worn ink within its reach outside the outline belongs to the part as well.
 #include "form/choice/PartStack.h"
 
+#include "form/choice/InkReach.h"
+
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 namespace {
 
@@ -16,10 +19,10 @@ constexpr double kWhole = 0.995;    // of a shape's area: if this much lies insi
 // it.
 constexpr double kOverlap = 0.5;
 
-// QRect::contains() is a call into Qt's library.
-bool contains(const QRect& box, int x, int y)
+// So few cells of a shape may lie outside all parts.
+double fewCells(const ShapeFacts& shape)
 {
-    return x >= box.left() && x <= box.right() && y >= box.top() && y <= box.bottom();
+    return std::max(3.0, kLeftOver * shape.area);
 }
 
 } // namespace
@@ -83,42 +86,64 @@ const DistanceToCovered& PartStack::distancesTo(int index)
     return distances.toRegion;
 }
 
-// Assigns every cell of a shape to a part: the part that the cell shows, or else the nearest within reach.
-std::vector<PartStack::Claim> PartStack::claimCells(int shape, double reach)
+// The cells of a shape that show parts; the others are open to lines, and nobody's in other shapes.
+std::vector<PartStack::Claim> PartStack::claimShown(int shape, OpenCells* open) const
 {
-    const CellMask& mask = facts(shape).mask;
     std::vector<Claim> claims;
-    std::vector<Claim> open;
-    mask.forEachRun([&](int y, int from, int to) {
+    facts(shape).mask.forEachRun([&](int y, int from, int to) {
         _map.forEachStretch(y, from, to, [&](int first, int last, const ShownCell& cell) {
-            const bool isOpen = reach > 0.0 && cell.part == PartMap::kNone;
-            (isOpen ? open : claims).push_back({y, first, last, cell.part});
+            if (open != nullptr && cell.part == PartMap::kNone)
+                open->add(y, first, last);
+            else
+                claims.push_back({y, first, last, cell.part});
         });
     });
-    if (open.empty())
-        return claims;
-    const int margin = static_cast<int>(std::ceil(reach));
-    const QRect around = mask.box().adjusted(-margin, -margin, margin, margin);
-    std::vector<std::pair<int, const DistanceToCovered*>> near;
+    return claims;
+}
+
+// The parts near a line, each with the widest reach; they are measured for its open cells.
+InkReaches PartStack::widestReaches(int shape, OpenCells& open)
+{
+    const ShapeFacts& line = facts(shape);
+    const double widest = widestReach(line);
+    const int margin = static_cast<int>(std::ceil(widest));
+    const QRect around = line.mask.box().adjusted(-margin, -margin, margin, margin);
+    InkReaches reaches;
     for (const int index : _order)
-        if (part(index).region.box().intersects(around) && !part(index).isBackdrop)
-            near.emplace_back(index, &distancesTo(index));
-    const auto nearestTo = [&](int x, int y) {
-        int nearest = static_cast<int>(reach * reach);
-        int found = PartMap::kNone;
-        for (const auto& [index, distances] : near) {
-            if (!contains(distances->box(), x, y))
-                continue;
-            if (const int square = distances->squared(x, y, nearest); square <= nearest) {
-                nearest = square;
-                found = index;
-            }
+        if (part(index).region.box().intersects(around) && !part(index).isBackdrop) {
+            open.measure(index, distancesTo(index), widest);
+            reaches[index] = widest;
         }
-        return found;
-    };
-    for (const Claim& stretch : open)
-        for (int x = stretch.from; x < stretch.to; ++x)
-            claims.push_back({stretch.y, x, x + 1, nearestTo(x, stretch.y)});
+    return reaches;
+}
+
+// Assigns every cell of a line to a part: the part that the cell shows, or else the nearest that reaches it. A part
+// keeps the widest reach where its own would leave cells to no part.
+std::vector<PartStack::Claim> PartStack::claimLine(int shape, InkReaches& reaches)
+{
+    OpenCells open;
+    std::vector<Claim> claims = claimShown(shape, &open);
+    reaches = widestReaches(shape, open);
+    const std::vector<int> most = open.claimed(reaches);
+    std::set<int> wearers(most.begin(), most.end());
+    for (const Claim& claim : claims)
+        wearers.insert(claim.part);
+    for (auto& [index, reach] : reaches)
+        if (wearers.contains(index))
+            reach = inkReach(facts(shape), distancesTo(index));
+    std::map<int, int> lost;
+    const std::vector<int> least = open.claimed(reaches);
+    for (std::size_t i = 0; i < least.size(); ++i)
+        if (least[i] != most[i] && least[i] == PartMap::kNone)
+            ++lost[most[i]];
+    for (const auto& [index, count] : lost)
+        if (count > fewCells(facts(shape)))
+            reaches[index] = widestReach(facts(shape));
+    const std::vector<int> owners = lost.empty() ? least : open.claimed(reaches);
+    for (std::size_t i = 0; i < owners.size(); ++i) {
+        const OpenCells::Cell& cell = open.cells()[i];
+        claims.push_back({cell.y, cell.x, cell.x + 1, owners[i]});
+    }
     return claims;
 }
 
@@ -134,8 +159,8 @@ void PartStack::wear(int shape, const Surroundings& around, const Verdict& verdi
 {
     const ShapeFacts& worn = facts(shape);
     const bool ink = verdict.kind == Verdict::Kind::INK;
-    const double reach = ink ? worn.width + 1.0 : 0.0;
-    const std::vector<Claim> claims = claimCells(shape, reach);
+    InkReaches reaches;
+    const std::vector<Claim> claims = ink ? claimLine(shape, reaches) : claimShown(shape, nullptr);
     std::map<int, int> cells;
     int unclaimed = 0;
     for (const Claim& claim : claims)
@@ -146,9 +171,11 @@ void PartStack::wear(int shape, const Surroundings& around, const Verdict& verdi
     }
     const int home = std::ranges::max_element(cells, {}, [](const auto& entry) { return entry.second; })->first;
     const bool solidMark = !ink && worn.opacity >= kSolid;
-    const bool leftOver = !solidMark && unclaimed > std::max(3.0, kLeftOver * worn.area);
+    const bool leftOver = !solidMark && unclaimed > fewCells(worn);
     for (const auto& [index, count] : cells) {
         Part& wearer = changing(index);
+        const auto known = reaches.find(index);
+        const double reach = known == reaches.end() ? 0.0 : known->second;
         const bool whole = !leftOver && (count + unclaimed >= kWhole * worn.area || (index == home && solidMark));
         wearer.worn.push_back({shape, whole, std::max(reach, wearer.border) + kOverlap});
         wearer.border = std::max(wearer.border, reach);

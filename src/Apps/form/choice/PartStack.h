@@ -10,7 +10,7 @@
 #pragma once
 
 #include "form/choice/FoundParts.h"
-#include "form/raster/CellDistances.h"
+#include "form/choice/OpenCells.h"
 
 #include <map>
 #include <vector>
@@ -65,7 +65,9 @@ private:
     const ShapeFacts& facts(int shape) const { return _facts[static_cast<std::size_t>(shape)]; }
     Part& changing(int index) { return _parts[static_cast<std::size_t>(index)]; }
     int insert(int shape, const Verdict& verdict, std::size_t place);
-    std::vector<Claim> claimCells(int shape, double reach);
+    std::vector<Claim> claimShown(int shape, OpenCells* open) const;
+    InkReaches widestReaches(int shape, OpenCells& open);
+    std::vector<Claim> claimLine(int shape, InkReaches& reaches);
     const DistanceToCovered& distancesTo(int index);
     bool wouldShowTwice(int shape, const std::map<int, int>& cells, int unclaimed) const;
     void standAlone(int shape, const Surroundings& around, Verdict verdict);
