@@ -87,6 +87,18 @@ TEST(ObjectChoice, ButNotWithALineOnTheSeam)
               2U);
 }
 
+// A thin line, two cells inside the outline of the disc that it is drawn around.
+TEST(ObjectChoice, NorWithInkALittleInsideOneOfThem)
+{
+    const QByteArray discs = circle(40, 55, 25, "#ffcc4d") + circle(60, 45, 22, "#ffcc4d");
+    EXPECT_EQ(countOf(discs), 1U);
+    EXPECT_EQ(countOf(discs + line("M38.6 45a21.4 21.4 0 1 1 42.8 0a21.4 21.4 0 1 1 -42.8 0", "#111111", 0.8)), 2U);
+    // A piece that ink covers has no line along its outline.
+    EXPECT_EQ(
+        countOf(circle(40, 55, 25, "#ffcc4d") + rect(60, 50, 20, 6, "#ffcc4d") + line("M62 53H80", "#111111", 4.0)),
+        1U);
+}
+
 TEST(ObjectChoice, NorWithNotchesAtItsEnds)
 {
     EXPECT_EQ(countOf(circle(50, 70, 25, "#eef3f8") + circle(50, 28, 19, "#eef3f8")), 2U);

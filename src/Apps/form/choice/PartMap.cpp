@@ -84,10 +84,23 @@ void PartMap::countOverlaps(const ShapeFacts& facts, Surroundings& found) const
     found.ground = keyOfMost(grounds, [](int cells) { return cells; });
 }
 
+int PartMap::inkedCells(const CellMask& mask) const
+{
+    int cells = 0;
+    mask.forEachRun([&](int y, int from, int to) {
+        const auto row = _ink.begin() + static_cast<std::ptrdiff_t>(index(0, y));
+        cells += static_cast<int>((to - from) - std::count(row + from, row + to, 0));
+    });
+    return cells;
+}
+
+// Ink may lie a little inside the outline, where colours reach beyond their lines. A shape that ink mostly covers has
+// no line along its outline.
 void PartMap::countContacts(const ShapeFacts& facts, const std::vector<ShapeFacts>& all, Surroundings& found) const
 {
     int outlined = 0;
     int cells = 0;
+    const bool hasBareCells = 3 * inkedCells(facts.mask) < facts.area;
     facts.mask.forEachAtOutline([&](int x, int y) {
         std::array<int, kAcross.size() * kReach> met{};
         std::size_t count = 0;
@@ -97,10 +110,13 @@ void PartMap::countContacts(const ShapeFacts& facts, const std::vector<ShapeFact
             for (int far = 1; far <= kReach; ++far) {
                 const int qx = x + far * dx;
                 const int qy = y + far * dy;
-                if (facts.mask.at(qx, qy) || !contains(qx, qy))
+                if (!contains(qx, qy))
+                    continue;
+                const bool inside = facts.mask.at(qx, qy);
+                ink = ink || (_ink[index(qx, qy)] != 0 && (!inside || hasBareCells));
+                if (inside)
                     continue;
                 const auto [part, shape] = _cells[index(qx, qy)];
-                ink = ink || _ink[index(qx, qy)] != 0;
                 other = other || shape == kNone || all[static_cast<std::size_t>(shape)].paint != facts.paint;
                 if (part != kNone && std::find(met.begin(), met.begin() + count, part) == met.begin() + count)
                     met[count++] = part;

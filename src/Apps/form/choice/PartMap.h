@@ -106,6 +106,7 @@ private:
     {
         return static_cast<std::size_t>(y) * static_cast<std::size_t>(_width) + static_cast<std::size_t>(x);
     }
+    int inkedCells(const CellMask& mask) const;
     void countOverlaps(const ShapeFacts& facts, Surroundings& found) const;
     void countContacts(const ShapeFacts& facts, const std::vector<ShapeFacts>& all, Surroundings& found) const;
 

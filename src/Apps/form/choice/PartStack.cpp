@@ -137,7 +137,7 @@ std::vector<PartStack::Claim> PartStack::claimLine(int shape, InkReaches& reache
         if (least[i] != most[i] && least[i] == PartMap::kNone)
             ++lost[most[i]];
     for (const auto& [index, count] : lost)
-        if (count > fewCells(facts(shape)))
+        if (static_cast<double>(lost.size()) * count > fewCells(facts(shape)))
             reaches[index] = widestReach(facts(shape));
     const std::vector<int> owners = lost.empty() ? least : open.claimed(reaches);
     for (std::size_t i = 0; i < owners.size(); ++i) {
