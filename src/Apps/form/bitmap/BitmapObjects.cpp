@@ -165,11 +165,11 @@ std::map<int, double> sharesOf(const PixelPlane<int>& labels, const PixelCells& 
     return shares;
 }
 
-FlatRegion flatRegionOf(RegionGraph& graph, const RegionGraph& found)
+FlatRegion flatRegionOf(RegionGraph& graph, const RegionGraph& found, const PixelPlane<QRgb>& colours)
 {
     if (const int board = joinBoard(graph, found.regions()); board != kNoLabel)
         return {board, QStringLiteral("areas that fill a rectangle")};
-    if (const int sign = findSign(graph, found); sign != kNoLabel)
+    if (const int sign = findSign(graph, found, colours); sign != kNoLabel)
         return {sign, QStringLiteral("a disc with a sign on it")};
     return {};
 }
@@ -217,7 +217,7 @@ ChosenObjects chooseBitmapObjects(const DIO_Drawing& drawing, const QRectF& page
     endInside(drawing.viewBox, drawing.layers.front().shapes.front(), frame.cuts);
     const bool opaque = frame.cuts.isCutAllAround();
     // A picture that is opaque up to its borders has no outline, so it is neither a board nor a sign.
-    const FlatRegion flat = regions.painted || opaque ? FlatRegion() : flatRegionOf(graph, found);
+    const FlatRegion flat = regions.painted || opaque ? FlatRegion() : flatRegionOf(graph, found, own.colours);
     const PixelPlane<int> labels = graph.labels();
     endInside(page, drawing.layers.front().shapes.front(), frame.cuts);
     const StackingOrder stacking = stackingOrderOf(graph, labels);

@@ -48,6 +48,36 @@ TEST(BitmapSigns, AClockIsFlatInsideItsRim)
               SLAB);
 }
 
+// Lines so thin are ink, no regions of their own.
+TEST(BitmapSigns, AClockWithThinHandsIsFlatInsideItsRim)
+{
+    const auto inkedDisc = [](QPainter& painter) {
+        painter.setPen(QPen(Qt::black, 4));
+        disc(painter, {80, 80}, 70, Qt::white);
+    };
+    EXPECT_EQ(lowestRole([&](QPainter& painter) {
+                  inkedDisc(painter);
+                  painter.drawLine(80, 40, 80, 80);
+                  painter.drawLine(80, 80, 106, 95);
+              }),
+              SLAB);
+    EXPECT_EQ(lowestRole(inkedDisc), BODY) << "the line around it alone";
+    // Two closed eyes and a mouth
+    EXPECT_EQ(lowestRole([&](QPainter& painter) {
+                  inkedDisc(painter);
+                  painter.drawLine(44, 66, 62, 66);
+                  painter.drawLine(98, 66, 116, 66);
+                  painter.drawLine(60, 104, 100, 104);
+              }),
+              BODY);
+    // A highlight's edge
+    EXPECT_EQ(lowestRole([&](QPainter& painter) {
+                  inkedDisc(painter);
+                  painter.drawLine(44, 50, 58, 36);
+              }),
+              BODY);
+}
+
 TEST(BitmapSigns, ABarAcrossADiscMakesASign)
 {
     EXPECT_EQ(lowestRole([](QPainter& painter) {

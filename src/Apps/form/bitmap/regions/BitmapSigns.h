@@ -8,4 +8,5 @@
 /// The region that is a sign; kNoLabel if none is.
 ///
 /// @param found the regions before any were joined: they tell what is painted on it
-int findSign(const RegionGraph& graph, const RegionGraph& found);
+/// @param colours of the bitmap: they tell which lines are drawn on it, which are no regions
+int findSign(const RegionGraph& graph, const RegionGraph& found, const PixelPlane<QRgb>& colours);

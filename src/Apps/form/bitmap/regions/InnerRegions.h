@@ -25,6 +25,14 @@ public:
     /// Measures a region with what it surrounds.
     ShapeFacts filledFacts(int number) const { return factsOf(number, _graph.filledMask(number, _scale)); }
 
+    /// Measures a line that was joined to the region that it lies on.
+    ///
+    /// @param number the region
+    /// @param mask the line's cells, scale() for each pixel
+    ShapeFacts lineFacts(int number, CellMask mask) const { return factsOf(number, std::move(mask)); }
+    /// The number of cells along a pixel's side.
+    int scale() const { return _scale; }
+
 private:
     // What is known of a base. It stays the same while regions inside the base are joined to it.
     struct Base
