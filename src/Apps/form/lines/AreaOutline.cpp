@@ -89,15 +89,27 @@ QPolygonF averaged(const QPolygonF& points)
     return smooth;
 }
 
-double distanceToLine(const QPointF& point, const QPointF& from, const QPointF& to)
+// The distances of points from a line.
+class Line
 {
-    const QPointF along = to - from;
-    const double length = std::hypot(along.x(), along.y());
-    const QPointF off = point - from;
-    if (length == 0.0)
-        return std::hypot(off.x(), off.y());
-    return std::abs(along.x() * off.y() - along.y() * off.x()) / length;
-}
+public:
+    Line(const QPointF& from, const QPointF& to)
+        : _from(from), _along(to - from), _length(std::hypot(_along.x(), _along.y()))
+    {}
+
+    double distanceOf(const QPointF& point) const
+    {
+        const QPointF off = point - _from;
+        if (_length == 0.0)
+            return std::hypot(off.x(), off.y());
+        return std::abs(_along.x() * off.y() - _along.y() * off.x()) / _length;
+    }
+
+private:
+    QPointF _from;
+    QPointF _along;
+    double _length;
+};
 
 // The points that a line from the first to the last one needs on its way.
 QPolygonF simplified(const QPolygonF& points)
@@ -108,10 +120,11 @@ QPolygonF simplified(const QPolygonF& points)
     while (!open.empty()) {
         const auto [from, to] = open.back();
         open.pop_back();
+        const Line line(points[from], points[to]);
         double farthest = kTolerance;
         qsizetype at = -1;
         for (qsizetype i = from + 1; i < to; ++i)
-            if (const double far = distanceToLine(points[i], points[from], points[to]); far > farthest) {
+            if (const double far = line.distanceOf(points[i]); far > farthest) {
                 farthest = far;
                 at = i;
             }

@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Where a connected part of the open cells holds one area, all of it comes to that area; paths are looked for in the
-// others alone. Their lengths are found in sweeps over the rows, down and up, until none is shortened any more.
+// others alone. Their lengths are found in sweeps over the rows, down and up, until none is shortened any more. Where
+// nothing is in the way, one sweep down and one up find them (PixelDistances.h).
 #include "form/lines/AreaRuns.h"
 
 #include "form/bitmap/pixels/PixelDistances.h"
@@ -33,12 +34,16 @@ public:
                 std::ranges::fill(of(cells), static_cast<Way>(area));
     }
 
-    // The area that a cell of a run comes to.
+    // Appends the areas that the cells of a run come to.
     void appendTo(AreaRuns& grown, const PixelRun& cells)
     {
         const std::span<const Way> ways = of(cells);
-        for (int x = cells.from; x < cells.to; ++x)
-            grown.append({cells.row, x, x + 1}, areaOf(ways[static_cast<std::size_t>(x - cells.from)]));
+        for (std::size_t from = 0, to = 0; from < ways.size(); from = to) {
+            const int area = areaOf(ways[from]);
+            while (to < ways.size() && areaOf(ways[to]) == area)
+                ++to;
+            grown.append({cells.row, cells.from + static_cast<int>(from), cells.from + static_cast<int>(to)}, area);
+        }
     }
 
     // Shortens the ways of the cells of runs by those over the cells around them that come before them in the sweep;
@@ -95,7 +100,7 @@ private:
         for (int i = 0; i < count; ++i, own += forward, across += forward) {
             const Way straight = std::min(last, *across) + aside;
             const Way oblique = std::min(across[-1], across[1]) + diagonal;
-            last = std::min({*own, straight, oblique});
+            last = std::min(*own, std::min(straight, oblique));
             changes |= *own ^ last;
             *own = last;
         }
@@ -108,7 +113,9 @@ private:
 };
 
 // Brings the cells of no area to those that they can reach over such cells.
-AreaRuns withReached(const AreaRuns& areas)
+//
+// @param isFree whether a path may lead over every cell that belongs to no area, so that none has to turn back
+AreaRuns withReached(const AreaRuns& areas, bool isFree)
 {
     std::vector<PixelRun> open;
     for (const auto& [cells, area] : areas.runs)
@@ -118,7 +125,7 @@ AreaRuns withReached(const AreaRuns& areas)
         return areas;
     Ways ways(areas);
     ways.sweepDown(open);
-    while (ways.sweepUp(open) && ways.sweepDown(open)) {
+    while (ways.sweepUp(open) && !isFree && ways.sweepDown(open)) {
     }
     AreaRuns grown{areas.width, areas.height, {}};
     grown.runs.reserve(areas.runs.size());
@@ -209,7 +216,7 @@ AreaRuns grownOver(const AreaRuns& areas, const CellBits& open)
             grown.append(cells[i], area);
         }
     }
-    return isContested ? withReached(grown) : grown;
+    return isContested ? withReached(grown, false) : grown;
 }
 
 AreaRuns grownOverAll(const AreaRuns& areas)
@@ -218,5 +225,5 @@ AreaRuns grownOverAll(const AreaRuns& areas)
     std::size_t at = 0;
     for (int y = 0; y < areas.height; ++y)
         appendAround(all, {y, 0, areas.width}, areas, at);
-    return withReached(all);
+    return withReached(all, true);
 }

@@ -47,14 +47,30 @@ QImage paintedLines(std::span<const DIO_Shape* const> lines, const Grid& grid)
         painter.fillPath(line->path, Qt::white);
     }
     painter.end();
-    return GR_imageInFormat(image, QImage::Format_Alpha8);
+    return image;
 }
 
-CellBits cellsOfLines(const QImage& image, const Grid& grid)
+// @param image of kFormatPainted
+CellBits cellsOfPainted(const QImage& image)
 {
-    CellBits cells(grid.width, grid.height);
-    for (int y = 0; y < grid.height; ++y)
-        cells.markFrom(y, std::span(image.constScanLine(y), static_cast<std::size_t>(grid.width)), kLeastCoverage);
+    const auto width = static_cast<std::size_t>(image.width());
+    CellBits cells(image.width(), image.height());
+    std::vector<std::uint8_t> coverage(width);
+    for (int y = 0; y < image.height(); ++y) {
+        const std::span row(reinterpret_cast<const QRgb*>(image.constScanLine(y)), width);
+        std::ranges::transform(row, coverage.begin(),
+                               [](QRgb pixel) { return static_cast<std::uint8_t>(qAlpha(pixel)); });
+        cells.markFrom(y, coverage, kLeastCoverage);
+    }
+    return cells;
+}
+
+// @param image Alpha8
+CellBits cellsOf(const QImage& image)
+{
+    CellBits cells(image.width(), image.height());
+    for (int y = 0; y < image.height(); ++y)
+        cells.markFrom(y, std::span(image.constScanLine(y), static_cast<std::size_t>(image.width())), kLeastCoverage);
     return cells;
 }
 
@@ -288,13 +304,12 @@ CellMask withoutHoles(const CellMask& mask)
     return filled;
 }
 
-// @param lines a picture of the grid's size
-std::vector<QPainterPath> areasBetween(const QImage& lines, const Grid& grid)
+// @param lines of the grid's size
+std::vector<QPainterPath> areasBetween(const CellBits& lines, const Grid& grid)
 {
-    const CellBits inked = cellsOfLines(lines, grid);
-    const CellBits open = unmarked(inked);
-    AreaRuns areas = grownOver(coresOf(inked, open, kHalfGap), open);
-    const int count = closeWiderGaps(areas, inked, joinOutside(areas));
+    const CellBits open = unmarked(lines);
+    AreaRuns areas = grownOver(coresOf(lines, open, kHalfGap), open);
+    const int count = closeWiderGaps(areas, lines, joinOutside(areas));
     int left = cellsInNarrowAreas(areas);
     areas = grownOverAll(areas);
 
@@ -330,7 +345,7 @@ std::vector<QPainterPath> areasBetween(const QImage& lines, const Grid& grid)
 std::vector<QPainterPath> closedAreas(std::span<const DIO_Shape* const> lines, const QRectF& frame)
 {
     const Grid grid = Grid::over(frame, kCells);
-    return areasBetween(paintedLines(lines, grid), grid);
+    return areasBetween(cellsOfPainted(paintedLines(lines, grid)), grid);
 }
 
 std::vector<QPainterPath> closedAreas(const QImage& lines)
@@ -338,7 +353,7 @@ std::vector<QPainterPath> closedAreas(const QImage& lines)
     const Grid grid = Grid::over(QRectF(lines.rect()), std::min(kCells, std::max(lines.width(), lines.height())));
     const QSize size = grid.bounds().size();
     if (lines.size() == size)
-        return areasBetween(lines, grid);
+        return areasBetween(cellsOf(lines), grid);
     const QImage scaled = GR_withPixels(lines.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-    return areasBetween(GR_imageInFormat(scaled, QImage::Format_Alpha8), grid);
+    return areasBetween(cellsOf(GR_imageInFormat(scaled, QImage::Format_Alpha8)), grid);
 }
