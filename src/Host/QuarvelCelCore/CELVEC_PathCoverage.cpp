@@ -6,7 +6,9 @@
 #include "QuarvelCelCore/CELVEC_PathCoverage.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstring>
 
 namespace {
 
@@ -37,14 +39,38 @@ Step insideByParity(Step winding)
     return rest > 1 ? 2 - rest : rest;
 }
 
+constexpr std::size_t kTogether = 8; // cells
+
+template<typename Step>
+bool areZero(std::span<const Step, kTogether> steps)
+{
+    std::array<std::uint64_t, sizeof(steps[0]) * kTogether / sizeof(std::uint64_t)> bits{};
+    std::memcpy(bits.data(), steps.data(), sizeof bits);
+    std::uint64_t any = 0;
+    for (const std::uint64_t word : bits)
+        any |= word;
+    return any == 0;
+}
+
+// Most cells lie between lines, and are covered as the ones before.
 template<typename Step, Step inside(Step)>
 void sumRow(std::span<const Step> steps, std::span<std::uint8_t> covered)
 {
     Step winding = 0;
-    for (std::size_t x = 0; x < covered.size(); ++x) {
-        winding += steps[x];
-        covered[x] = static_cast<std::uint8_t>(255 * inside(winding) + (Step(0.5) + kRounding<Step>));
-    }
+    std::uint8_t level = 0;
+    const auto addUpTo = [&](std::size_t x, std::size_t end) {
+        for (; x < end; ++x) {
+            winding += steps[x];
+            covered[x] = level = static_cast<std::uint8_t>(255 * inside(winding) + (Step(0.5) + kRounding<Step>));
+        }
+    };
+    std::size_t x = 0;
+    for (; x + kTogether <= covered.size(); x += kTogether)
+        if (areZero(steps.subspan(x).template first<kTogether>()))
+            std::ranges::fill(covered.subspan(x).template first<kTogether>(), level);
+        else
+            addUpTo(x, x + kTogether);
+    addUpTo(x, covered.size());
 }
 
 } // namespace
