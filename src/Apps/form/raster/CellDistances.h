@@ -33,6 +33,24 @@ private:
     std::size_t _count = 0;
 };
 
+/// The same for rows whose cells are all near an uncovered one: the nearest column is looked for among those around
+/// each cell, for many cells at a time.
+class NearestInRow
+{
+public:
+    /// @param longest the number of cells of the longest row
+    explicit NearestInRow(std::size_t longest);
+
+    /// Replaces the steps along columns by squared distances.
+    ///
+    /// @param farthest that no distance exceeds, at most 16
+    void replace(std::span<int> line, int farthest);
+
+private:
+    std::vector<std::int16_t> _squares; // with cells beyond both ends
+    std::vector<std::int16_t> _nearest;
+};
+
 /// The squared distance of every cell of a box, row by row, to the nearest uncovered cell inside the box; 0 for an
 /// uncovered cell. If the box holds no uncovered cell, all are larger than any distance.
 std::vector<int> squaredDistancesInside(const CellMask& mask, const QRect& box);
@@ -42,6 +60,7 @@ std::vector<int> squaredDistancesInside(const CellMask& mask, const QRect& box);
 class DistancesInside
 {
 public:
+    /// @param mask lives as long as the distances
     DistancesInside(const CellMask& mask, const QRect& box);
 
     int rows() const { return _box.height(); }
@@ -54,10 +73,12 @@ public:
     int mostSteps() const { return _mostSteps; }
 
 private:
+    const CellMask& _mask;
     QRect _box;
     std::vector<std::uint16_t> _steps; // along the column of each cell
     int _mostSteps = 0;
     std::vector<int> _row;
+    NearestInRow _nearest;
     LowerEnvelope _envelope;
 };
 

@@ -24,8 +24,10 @@ constexpr double kBreadthPerStep = 4.5; // cells
 class MeasuredRows
 {
 public:
+    // @param mask    inside the box; lives as long as the rows
     // @param longest what longer distances count as
-    MeasuredRows(const CellMask& mask, const QRect& box, double longest) : _distances(mask, box), _longest(longest)
+    MeasuredRows(const CellMask& mask, const QRect& box, double longest)
+        : _mask(mask), _box(box), _distances(mask, box), _longest(longest)
     {
         // From here on the limit is the distance.
         const int most = static_cast<int>((longest + 0.5) * (longest + 0.5)) + 1;
@@ -40,12 +42,14 @@ public:
     void count(int row, int rowsLikeIt)
     {
         const int last = lastSquare();
+        const std::span<const int> squares = _distances.row(row);
         int peak = 0;
-        for (const int square : _distances.row(row)) {
-            const int limited = std::min(square, last);
-            _counts[static_cast<std::size_t>(limited)] += rowsLikeIt;
-            peak = std::max(peak, limited);
-        }
+        for (const CellRun& run : _mask.runs(_box.top() + row))
+            for (int x = run.from; x < run.to; ++x) {
+                const int limited = std::min(squares[static_cast<std::size_t>(x - _box.left())], last);
+                _counts[static_cast<std::size_t>(limited)] += rowsLikeIt;
+                peak = std::max(peak, limited);
+            }
         _peaks[static_cast<std::size_t>(row)] = peak;
     }
 
@@ -91,6 +95,8 @@ private:
         return peak;
     }
 
+    const CellMask& _mask;
+    QRect _box;
     DistancesInside _distances;
     double _longest;
     std::vector<int> _counts; // cells of the counted rows, by their squared distances
