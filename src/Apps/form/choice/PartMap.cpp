@@ -101,6 +101,8 @@ void PartMap::countContacts(const ShapeFacts& facts, const std::vector<ShapeFact
     int outlined = 0;
     int cells = 0;
     const bool hasBareCells = 3 * inkedCells(facts.mask) < facts.area;
+    const QRect reached = facts.mask.box().adjusted(-kReach, -kReach, kReach, kReach);
+    const PixelPlane<char> own = facts.mask.planeOf(reached);
     facts.mask.forEachAtOutline([&](int x, int y) {
         std::array<int, kAcross.size() * kReach> met{};
         std::size_t count = 0;
@@ -112,7 +114,7 @@ void PartMap::countContacts(const ShapeFacts& facts, const std::vector<ShapeFact
                 const int qy = y + far * dy;
                 if (!contains(qx, qy))
                     continue;
-                const bool inside = facts.mask.at(qx, qy);
+                const bool inside = own.at(qx - reached.left(), qy - reached.top()) != 0;
                 ink = ink || (_ink[index(qx, qy)] != 0 && (!inside || hasBareCells));
                 if (inside)
                     continue;

@@ -72,6 +72,8 @@ public:
         while (from < to) {
             const ShownCell& cell = row[static_cast<std::size_t>(from)];
             int end = from + 1;
+            while (end + kTogether <= to && areAll(row.subspan(static_cast<std::size_t>(end)).first<kTogether>(), cell))
+                end += kTogether;
             while (end < to && row[static_cast<std::size_t>(end)] == cell)
                 ++end;
             function(from, end, cell);
@@ -101,6 +103,15 @@ public:
     Surroundings around(const ShapeFacts& facts, const std::vector<ShapeFacts>& all) const;
 
 private:
+    static constexpr int kTogether = 8; // cells that are compared at a time
+
+    static bool areAll(std::span<const ShownCell, kTogether> cells, const ShownCell& same)
+    {
+        int different = 0;
+        for (const ShownCell& cell : cells)
+            different |= (cell.part ^ same.part) | (cell.shape ^ same.shape);
+        return different == 0;
+    }
     bool contains(int x, int y) const { return x >= 0 && y >= 0 && x < _width && y < _height; }
     std::size_t index(int x, int y) const
     {

@@ -59,6 +59,36 @@ RC_GTEST_PROP(CellDistances, insideAnAreaAreFoundRowByRow, ())
     RC_ASSERT(std::ranges::max(all) <= most * most);
 }
 
+// Few uncovered cells, so that they are near some runs and far from others.
+RC_GTEST_PROP(CellDistances, inLongRowsAreThoseToTheNearestUncoveredCell, ())
+{
+    const QRect box(-3, 5, *rc::gen::inRange(1, 120), *rc::gen::inRange(1, 5));
+    const int most = *rc::gen::inRange(2, 100);
+    const CellMask mask = CellMask::where(box, [most](int, int) { return *rc::gen::inRange(0, most) > 0; });
+    const std::vector<int> squares = squaredDistancesInside(mask, box);
+    std::size_t i = 0;
+    for (int y = box.top(); y <= box.bottom(); ++y)
+        for (int x = box.left(); x <= box.right(); ++x, ++i) {
+            const int expected = nearest(mask, box, {x, y}, false);
+            RC_ASSERT((expected >= 0 ? squares[i] == expected : squares[i] > 1000000));
+        }
+}
+
+TEST(CellDistances, InARunAreThoseToItsNearerEnd)
+{
+    for (int length = 1; length < 80; ++length) {
+        // Rows of covered cells above and below, which are farther from uncovered ones.
+        const QRect box(0, 0, length + 2, 100);
+        const CellMask mask = CellMask::where(box, [&](int x, int) { return x > 0 && x <= length; });
+        DistancesInside distances(mask, box);
+        const std::span<const int> row = distances.row(50);
+        for (int x = 0; x < box.width(); ++x) {
+            const int nearer = std::min(x, length + 1 - x);
+            EXPECT_EQ(row[static_cast<std::size_t>(x)], nearer * nearer) << length;
+        }
+    }
+}
+
 RC_GTEST_PROP(CellDistances, toAnAreaAreThoseToItsNearestCell, ())
 {
     const CellMask mask = maskWith(*rc::gen::inRange(1, 16), *rc::gen::inRange(1, 16), true);
