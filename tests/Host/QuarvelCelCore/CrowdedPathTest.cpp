@@ -1,7 +1,8 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
-// Outlines of which hundreds of lines cross all rows of the picture.
+// Outlines of which very many lines cross rows of the picture.
 #include "QuarvelCelCore/CELVEC_Kvd.h"
+#include "QuarvelCelCore/private/CELVEC_CrowdedPath.h"
 
 #include <QImage>
 #include <QPainter>
@@ -133,6 +134,65 @@ TEST(CrowdedPath, IsTheSameHoweverMuchOfItIsWanted)
     for (int y = 301; y < 340; ++y)
         for (int x = 20; x < 41; ++x)
             ASSERT_EQ(part->at(x, y), whole->at(x, y)) << x << ", " << y;
+}
+
+// A saw of 4,000 teeth, each of which takes a quarter of a pixel and is 100 pixels high.
+QPainterPath saw()
+{
+    QPainterPath path(QPointF(0.0, 0.0));
+    for (int i = 1; i <= 4000; ++i) {
+        path.lineTo(i * 0.25 - 0.125, 100.0);
+        path.lineTo(i * 0.25, 0.0);
+    }
+    path.closeSubpath();
+    return path;
+}
+
+TEST(CrowdedPath, IsOneWithManyCellsInEachRow)
+{
+    // 8,000 lines of 100.125 cells are 8,010 in each of 100 rows, of which 1,000 columns show 1,000 at most.
+    EXPECT_TRUE(CELVEC_isCrowded(saw(), QTransform()));
+    // At a tenth of the size, 80,000 cells among 100 in a row.
+    EXPECT_TRUE(CELVEC_isCrowded(saw(), QTransform::fromScale(0.1, 0.1)));
+    // At a hundredth, 8,000 cells among 10 in a row.
+    EXPECT_FALSE(CELVEC_isCrowded(saw(), QTransform::fromScale(0.01, 0.01)));
+}
+
+TEST(CrowdedPath, IsOneWithManyLinesFarOutside)
+{
+    QPainterPath lines;
+    for (int i = 0; i < 50; ++i) {
+        lines.moveTo(-1e7, i);
+        lines.lineTo(1e7, i + 40.0);
+        lines.lineTo(-1e7, i + 1.0);
+    }
+    EXPECT_TRUE(CELVEC_isCrowded(lines, QTransform()));
+    QPainterPath backdrop;
+    backdrop.addRect(QRectF(-1e7, -1e7, 2e7, 2e7));
+    EXPECT_FALSE(CELVEC_isCrowded(backdrop, QTransform()));
+}
+
+TEST(CrowdedPath, CoversWhatTheTeethOfASawCover)
+{
+    // The teeth point down and are full at the top: row y has the share 1 - (y + 0.5) / 100 of each pixel.
+    const auto picture = render({saw(), kRed, 1.0, {}});
+    for (int y = 0; y < 100; ++y)
+        for (int x = 0; x < kWidth; ++x)
+            ASSERT_NEAR(alphaAt(*picture, x, y) / 32767.0, 1.0 - (y + 0.5) / 100.0, 1.01 / 255.0) << x << ", " << y;
+    EXPECT_EQ(alphaAt(*picture, 5, 100), 0);
+}
+
+TEST(CrowdedPath, ShowsNothingWhereItsClipIsElsewhere)
+{
+    CELVEC_Shape shape{saw(), kRed, 1.0, {}};
+    QPainterPath clip;
+    clip.addRect(QRectF(0.0, 20.0, kWidth, 10.0));
+    clip.addRect(QRectF(0.0, 300.0, kWidth, 10.0));
+    shape.clip = clip;
+    const auto picture = render(shape);
+    EXPECT_NEAR(alphaAt(*picture, 7, 25) / 32767.0, 0.745, 1.01 / 255.0);
+    for (const int y : {19, 30, 99, 305})
+        EXPECT_EQ(alphaAt(*picture, 7, y), 0) << y;
 }
 
 } // namespace

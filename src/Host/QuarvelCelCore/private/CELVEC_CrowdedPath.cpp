@@ -16,7 +16,10 @@ constexpr int kFewElements = 256;
 // Steps from one pixel of a line to the next, as many as a painter takes when it follows every line anew for each row
 // of pixels.
 constexpr double kMostSteps = 1e8;
-constexpr int kRowsAtOnce = 128; // each time, all of the outline is followed
+// Cells that a painter passes to find those of a line among the others of their rows, which it keeps in lists.
+constexpr double kMostListed = 2e6;
+constexpr double kFarthest = 32767.0; // pixels; a painter cuts off what lies beyond
+constexpr int kRowsAtOnce = 128;      // each time, all of the outline is followed
 
 // The sides of a path's lines, curves taken as the lines between their control points.
 double stepsFor(const QPainterPath& path, const QTransform& toPixel)
@@ -32,6 +35,32 @@ double stepsFor(const QPainterPath& path, const QTransform& toPixel)
             steps += (std::abs(side.x()) + std::abs(side.y())) * std::abs(side.y());
     }
     return steps;
+}
+
+QPointF within(const QPointF& point)
+{
+    return {std::clamp(point.x(), -kFarthest, kFarthest), std::clamp(point.y(), -kFarthest, kFarthest)};
+}
+
+// Half the cells of the outline times those of a row, of which there are no more than columns.
+double cellsListed(const QPainterPath& path, const QTransform& toPixel)
+{
+    double cells = 0.0;
+    QPointF first(kFarthest, kFarthest);
+    QPointF beyond(-kFarthest, -kFarthest);
+    QPointF last;
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const QPainterPath::Element element = path.elementAt(i);
+        const QPointF point = within(toPixel.map(QPointF(element)));
+        first = {std::min(first.x(), point.x()), std::min(first.y(), point.y())};
+        beyond = {std::max(beyond.x(), point.x()), std::max(beyond.y(), point.y())};
+        if (!element.isMoveTo())
+            cells += (point - last).manhattanLength();
+        last = point;
+    }
+    const double columns = std::max(beyond.x() - first.x(), 1.0);
+    const double rows = std::max(beyond.y() - first.y(), 1.0);
+    return 0.5 * cells * std::min(cells / rows, columns);
 }
 
 QRect boxWithin(const QRect& picture, const QPainterPath& outline)
@@ -60,6 +89,8 @@ void takeCoverage(std::span<const std::uint8_t> covered, QRgba64 paint, QImage& 
 
 bool CELVEC_isCrowded(const QPainterPath& path, const QTransform& toPixel)
 {
+    if (cellsListed(path, toPixel) > kMostListed)
+        return true;
     if (path.elementCount() <= kFewElements)
         return false;
     const double steps = stepsFor(path, toPixel);

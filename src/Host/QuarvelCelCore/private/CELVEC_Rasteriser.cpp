@@ -38,7 +38,8 @@ struct PaintedShape
     QColor paint;        // the colour with the shape's opacity
     bool isCrowded;      // as CELVEC_isCrowded says of its path or its clip
     QImage picture;      // null: the paint alone
-    Math::Box2di pixels; // that it may touch
+    Math::Box2di pixels; // that its path may touch
+    Math::Box2di shown;  // of these, what its clip leaves
 };
 
 QColor toQColor(const VS_RGBA& paint, double opacity)
@@ -141,8 +142,11 @@ std::vector<PaintedShape> paintShapes(const CELVEC_Kvd& drawing, GR_GraphicOpsCo
                 colors.applyMatrixTransform(toPixel);
             const bool isCrowded = shape.clip && CELVEC_isCrowded(path.of(*shape.clip), toPixel);
             const QPainterPath& copy = path.of(shape.path);
+            const Math::Box2di pixels = pixelsTouchedBy(copy, toPixel);
             painted.push_back({&shape, toPixel, paint, toQColor(paint, shape.opacity),
-                               isCrowded || CELVEC_isCrowded(copy, toPixel), QImage(), pixelsTouchedBy(copy, toPixel)});
+                               isCrowded || CELVEC_isCrowded(copy, toPixel), QImage(), pixels, pixels});
+            if (shape.clip)
+                painted.back().shown = pixels.getIntersection(pixelsTouchedBy(path.of(*shape.clip), toPixel));
         }
     }
     colors.closingColorTransform();
@@ -175,7 +179,7 @@ void paint(const std::vector<PaintedShape>& shapes, const Math::Box2di& rect, QI
     CELVEC_PathCopy copy;
     CELVEC_PathCopy clipCopy;
     for (const PaintedShape& painted : shapes) {
-        if (painted.pixels.getIntersection(rect).isEmpty())
+        if (painted.shown.getIntersection(rect).isEmpty())
             continue;
         const QTransform toPicture = painted.toPixel * QTransform::fromTranslate(-rect.x1, -rect.y1);
         painter.setTransform(toPicture);
