@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <numbers>
 #include <span>
 
 namespace {
@@ -24,6 +25,8 @@ constexpr double kLevel = 0.25;     // how far one feature lies above the other,
 constexpr double kApart = 0.15;     // of the disc's diameter
 constexpr double kFeature = 0.003;  // of the disc's area
 constexpr double kAboveChin = 0.6;  // of the disc's height
+constexpr double kInRim = 0.97;     // of the disc's radius: a ring around the disc covers its cells there
+constexpr double kHalfway = 0.55;   // of the disc's radius: a bar leaves most of the cells there bare
 constexpr double kMostRound = 0.62; // roundness: rounder shapes in the middle are pupils and noses
 
 bool isBody(const Part& part)
@@ -121,6 +124,33 @@ std::vector<const ShapeFacts*> objectsBeside(const Part& disc, const FoundParts&
     return objects;
 }
 
+// The share of a circle around a box's middle that a region covers.
+double coveredShare(const CellMask& region, const QRect& box, double radius)
+{
+    constexpr int kSteps = 72;
+    const QPointF middle = QRectF(box).center();
+    int covered = 0;
+    for (int i = 0; i < kSteps; ++i) {
+        const double angle = 2.0 * std::numbers::pi * i / kSteps;
+        const QPointF place = middle + radius * box.width() / 2.0 * QPointF(std::cos(angle), std::sin(angle));
+        covered += region.at(static_cast<int>(place.x()), static_cast<int>(place.y())) ? 1 : 0;
+    }
+    return static_cast<double>(covered) / kSteps;
+}
+
+// Whether a ring lies around a disc, and a bar that belongs to it across the disc's middle.
+bool isBarred(const Part& disc, const FoundParts& found, const std::vector<ShapeFacts>& facts)
+{
+    const QRect& box = disc.region.box();
+    const QPoint middle = box.center();
+    return std::ranges::any_of(found.parts, [&](const Part& bar) {
+        return &bar != &disc && bar.role == ObjectRole::BODY && !bar.translucent &&
+               bar.region.at(middle.x(), middle.y()) && coveredShare(bar.region, box, kInRim) == 1.0 &&
+               coveredShare(bar.region, box, kHalfway) < 0.5 &&
+               divides(facts[static_cast<std::size_t>(bar.body.front())], disc.region);
+    });
+}
+
 } // namespace
 
 bool isLargeDisc(const ShapeFacts& shape, const QRect& drawn)
@@ -153,10 +183,14 @@ void findSigns(FoundParts& found, const std::vector<ShapeFacts>& facts)
             all |= part.region.box();
     for (Part& part : found.parts) {
         const ShapeFacts& disc = facts[static_cast<std::size_t>(part.body.front())];
-        if (!isBody(part) || !isLargeDisc(disc, all) ||
-            !isSign(disc, marksOn(part, found, facts), objectsBeside(part, found, facts)))
+        if (!isBody(part) || !isLargeDisc(disc, all))
             continue;
-        part.role = ObjectRole::SLAB;
-        part.reason = QStringLiteral("a disc with a sign on it");
+        if (isBarred(part, found, facts)) {
+            part.role = ObjectRole::FLAT; // the ring is its rim
+            part.reason = QStringLiteral("a disc in a ring with a bar across it");
+        } else if (isSign(disc, marksOn(part, found, facts), objectsBeside(part, found, facts))) {
+            part.role = ObjectRole::SLAB;
+            part.reason = QStringLiteral("a disc with a sign on it");
+        }
     }
 }

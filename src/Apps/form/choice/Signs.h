@@ -22,5 +22,6 @@ bool isLargeDisc(const ShapeFacts& shape, const QRect& drawn);
 /// @param objects those that are objects, and others
 bool isSign(const ShapeFacts& disc, std::vector<const ShapeFacts*> marks, std::span<const ShapeFacts* const> objects);
 
-/// Gives the signs among the parts a rim and a flat middle.
+/// Gives the signs among the parts a rim and a flat middle. A disc in a ring with a bar across it, which forbids
+/// something, is flat up to the ring.
 void findSigns(FoundParts& found, const std::vector<ShapeFacts>& facts);

@@ -112,3 +112,16 @@ TEST(Signs, AreNotSquare)
     EXPECT_EQ(rolesOf("<path d='M15 50L50 15L85 50L50 85z' fill='#d22f27'/>" + rect(35, 45, 30, 10, "#ffffff")).front(),
               BODY);
 }
+
+// The ring and the bar are one path: a disc with two segments of a smaller disc cut out.
+TEST(Signs, AreFlatInARingWithABarAcrossThem)
+{
+    const QByteArray disc = circle(50, 50, 36, "#ffffff");
+    const QByteArray ring = "<path fill='#d22f27' fill-rule='evenodd' d='M10 50a40 40 0 1 1 80 0a40 40 0 1 1 -80 0z";
+    const QByteArray upper = "M20.4 45a30 30 0 0 1 59.2 0z";
+    const QByteArray lower = "M20.4 55a30 30 0 0 0 59.2 0z";
+    EXPECT_EQ(rolesOf(disc + ring + upper + lower + "'/>").front(), FLAT);
+    EXPECT_EQ(rolesOf(disc + ring + "M20 50a30 30 0 1 0 60 0a30 30 0 1 0 -60 0z'/>").front(), BODY) << "a ring alone";
+    EXPECT_EQ(rolesOf(disc + ring + "M80 50a30 30 0 1 0 0 5H48V48H80z'/>").front(), BODY) << "a bar up to the middle";
+    EXPECT_EQ(rolesOf(disc + rect(8, 45, 84, 10, "#d22f27")).front(), BODY) << "a bar alone";
+}
