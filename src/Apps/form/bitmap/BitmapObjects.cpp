@@ -171,6 +171,9 @@ FlatRegion flatRegionOf(RegionGraph& graph, const RegionGraph& found, const Pixe
         return {board, QStringLiteral("areas that fill a rectangle")};
     if (const int sign = findSign(graph, found, colours); sign != kNoLabel)
         return {sign, QStringLiteral("a disc with a sign on it")};
+    int ring = kNoLabel;
+    if (std::vector<int> fields = fieldsInRing(graph, ring); !fields.empty())
+        return {ring, QStringLiteral("a ring with a bar across it"), std::move(fields)};
     return {};
 }
 

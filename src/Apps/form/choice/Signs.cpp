@@ -26,7 +26,8 @@ constexpr double kApart = 0.15;     // of the disc's diameter
 constexpr double kFeature = 0.003;  // of the disc's area
 constexpr double kAboveChin = 0.6;  // of the disc's height
 constexpr double kInRim = 0.97;     // of the disc's radius: a ring around the disc covers its cells there
-constexpr double kHalfway = 0.55;   // of the disc's radius: a bar leaves most of the cells there bare
+constexpr double kHalfway = 0.55;   // of the disc's radius: a bar leaves cells there bare
+constexpr double kMostBar = 0.5;    // of the circle there
 constexpr double kMostRound = 0.62; // roundness: rounder shapes in the middle are pupils and noses
 
 bool isBody(const Part& part)
@@ -141,13 +142,10 @@ double coveredShare(const CellMask& region, const QRect& box, double radius)
 // Whether a ring lies around a disc, and a bar that belongs to it across the disc's middle.
 bool isBarred(const Part& disc, const FoundParts& found, const std::vector<ShapeFacts>& facts)
 {
-    const QRect& box = disc.region.box();
-    const QPoint middle = box.center();
-    return std::ranges::any_of(found.parts, [&](const Part& bar) {
-        return &bar != &disc && bar.role == ObjectRole::BODY && !bar.translucent &&
-               bar.region.at(middle.x(), middle.y()) && coveredShare(bar.region, box, kInRim) == 1.0 &&
-               coveredShare(bar.region, box, kHalfway) < 0.5 &&
-               divides(facts[static_cast<std::size_t>(bar.body.front())], disc.region);
+    return std::ranges::any_of(found.parts, [&](const Part& ring) {
+        return &ring != &disc && ring.role == ObjectRole::BODY && !ring.translucent &&
+               isRingWithBar(ring.region, disc.region.box()) &&
+               divides(facts[static_cast<std::size_t>(ring.body.front())], disc.region);
     });
 }
 
@@ -159,6 +157,13 @@ bool isLargeDisc(const ShapeFacts& shape, const QRect& drawn)
     const bool isCircle = std::abs(box.width() - box.height()) < kOval * box.width();
     const bool isLarge = box.width() > kLargest * drawn.width() && box.height() > kLargest * drawn.height();
     return isLarge && isCircle && !shape.cut && shape.roundness > kRound;
+}
+
+bool isRingWithBar(const CellMask& mask, const QRect& disc)
+{
+    const QPoint middle = disc.center();
+    return mask.at(middle.x(), middle.y()) && coveredShare(mask, disc, kInRim) == 1.0 &&
+           coveredShare(mask, disc, kHalfway) < kMostBar;
 }
 
 bool isSign(const ShapeFacts& disc, std::vector<const ShapeFacts*> marks, std::span<const ShapeFacts* const> objects)

@@ -15,6 +15,11 @@
 /// @param drawn the box around everything, without a backdrop
 bool isLargeDisc(const ShapeFacts& shape, const QRect& drawn);
 
+/// Whether an area lies around a disc's rim and across its middle, and leaves most of the disc between them bare.
+///
+/// @param disc the box of the disc, inside the ring's outline
+bool isRingWithBar(const CellMask& mask, const QRect& disc);
+
 /// Whether something is painted across the middle of a disc, or one letter alone is painted on it, and the disc is no
 /// face.
 ///

@@ -133,3 +133,20 @@ TEST(BitmapSigns, ADiscThatIsASmallPartIsNoSign)
               }),
               BODY);
 }
+
+TEST(BitmapSigns, ARingWithABarAcrossItIsFlat)
+{
+    const auto sign = [](int barLength) {
+        return [barLength](QPainter& painter) {
+            disc(painter, {80, 80}, 74, kRed);
+            disc(painter, {80, 80}, 58, Qt::white);
+            painter.fillRect(QRectF(16, 70, barLength, 20), kRed);
+        };
+    };
+    const ChosenObjects found = objectsOf(painted({160, 160}, sign(128)));
+    ASSERT_EQ(found.objects.size(), 3U) << "the ring and two fields";
+    EXPECT_EQ(found.objects[0].role, SLAB);
+    EXPECT_EQ(found.objects[1].role, FLAT);
+    EXPECT_EQ(found.objects[2].role, FLAT);
+    EXPECT_EQ(lowestRole(sign(44)), BODY) << "the bar ends before the middle";
+}

@@ -44,6 +44,8 @@ public:
             return {ObjectRole::FLAT, QStringLiteral("the backdrop")};
         if (number == _flat.number)
             return {ObjectRole::SLAB, _flat.reason};
+        if (std::ranges::find(_flat.fields, number) != _flat.fields.end())
+            return {ObjectRole::FLAT, QStringLiteral("a field beside a bar in a ring")};
         if (region.alpha < kShadow && 2 * _translucent < _graph.coveredPixels())
             return {ObjectRole::FLAT, QStringLiteral("semi-transparent")};
         if (isOpening(number))

@@ -17,6 +17,7 @@ struct FlatRegion
 {
     int number = kNoLabel;
     QString reason;
+    std::vector<int> fields = {}; ///< the regions that are flat with it: what a ring and its bar leave bare
 };
 
 /// The role of each region in stacking.bottomUp, in its order.

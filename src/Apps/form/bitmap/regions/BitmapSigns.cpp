@@ -7,6 +7,7 @@
 #include "form/choice/Signs.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -14,6 +15,9 @@ constexpr double kSameColour = 4.0;
 constexpr int kDarker = 70;           // levels of grey: how much darker than a disc the lines on it are
 constexpr double kLeastLine = 0.002;  // of the disc's pixels: smaller ones are specks
 constexpr double kRim = 0.94;         // of the disc's width: what reaches farther is the line around it
+constexpr double kRing = 0.03;        // of the disc's width: how far inside a ring's outline it is looked at
+constexpr double kLeastField = 0.04;  // of the disc: a field between ring and bar
+constexpr double kAtRing = 0.2;       // of the outline of such a field
 constexpr std::size_t kMostMarks = 8; // a painted ball, such as a planet, has more patches
 
 // The largest region with what it surrounds.
@@ -135,4 +139,25 @@ int findSign(const RegionGraph& graph, const RegionGraph& found, const PixelPlan
     for (const ShapeFacts& line : lines)
         marks.push_back(&line);
     return marks.size() <= kMostMarks && isSign(disc, marks, objects) ? largest : kNoLabel;
+}
+
+std::vector<int> fieldsInRing(const RegionGraph& graph, int& ring)
+{
+    ring = largestOf(graph);
+    if (ring == kNoLabel)
+        return {};
+    const PixelPlane<int> labels = graph.labels();
+    const CellMask own =
+        CellMask::where(QRect(QPoint(), graph.size()), [&](int x, int y) { return labels.at(x, y) == ring; });
+    const CellMask disc = graph.filledMask(ring, 1);
+    const QRect box = disc.box();
+    const int rim = static_cast<int>(std::lround(kRing * box.width()));
+    if (disc.area() == own.area() || !isRingWithBar(own, box.adjusted(rim, rim, -rim, -rim)))
+        return {};
+    std::vector<int> fields;
+    for (int number = 0; number < static_cast<int>(graph.regions().size()); ++number)
+        if (graph.isLeft(number) && number != ring && graph.seamShare(number, ring) > kAtRing &&
+            graph.region(number).clearEdges == 0 && graph.filledPixels(number) > kLeastField * disc.area())
+            fields.push_back(number);
+    return fields.size() > 1 ? fields : std::vector<int>();
 }
