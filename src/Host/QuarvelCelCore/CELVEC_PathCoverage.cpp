@@ -87,7 +87,9 @@ void CELVEC_PathCoverage<Step>::find(const QPainterPath& path, const QRect& box,
     const auto width = static_cast<std::size_t>(box.width());
     // A line at the right end of a row reaches two cells beyond it.
     _stride = width + 2;
-    _steps.assign(_stride * static_cast<std::size_t>(box.height()), Step(0));
+    const std::size_t cells = _stride * static_cast<std::size_t>(box.height());
+    _steps.resize(std::max(_steps.size(), cells));
+    std::memset(_steps.data(), 0, cells * sizeof(Step));
     addLoops(path);
     const auto sum = path.fillRule() == Qt::WindingFill ? sumRow<Step, insideByWinding> : sumRow<Step, insideByParity>;
     for (std::size_t row = 0; row * width < covered.size(); ++row)

@@ -64,10 +64,10 @@ private:
         const auto [shorter, longer] = std::minmax({_box.width(), _box.height()});
         if (area < kSmallest * picture.width() * picture.height() || longer > kLongest * shorter)
             return false;
-        int covered = 0;
-        for (int y = _box.top(); y <= _box.bottom(); ++y)
+        double covered = area; // less what is found to be bare; few rows tell most drawings
+        for (int y = _box.top(); y <= _box.bottom() && covered >= kFilled * area; ++y)
             _found.map.forEachStretch(y, _box.left(), _box.right() + 1, [&](int from, int to, const ShownCell& cell) {
-                covered += cell.part != PartMap::kNone && !part(cell.part).isBackdrop ? to - from : 0;
+                covered -= cell.part == PartMap::kNone || part(cell.part).isBackdrop ? to - from : 0;
             });
         return covered >= kFilled * area;
     }

@@ -6,6 +6,10 @@
 
 #include "form/choice/ShapeFacts.h"
 
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <cstring>
 #include <map>
 #include <span>
 #include <vector>
@@ -107,9 +111,13 @@ private:
 
     static bool areAll(std::span<const ShownCell, kTogether> cells, const ShownCell& same)
     {
-        int different = 0;
-        for (const ShownCell& cell : cells)
-            different |= (cell.part ^ same.part) | (cell.shape ^ same.shape);
+        using Bits = std::uint64_t;
+        static_assert(sizeof(ShownCell) == sizeof(Bits));
+        std::array<Bits, kTogether> all{};
+        std::memcpy(all.data(), cells.data(), sizeof all);
+        Bits different = 0;
+        for (const Bits bits : all)
+            different |= bits ^ std::bit_cast<Bits>(same);
         return different == 0;
     }
     bool contains(int x, int y) const { return x >= 0 && y >= 0 && x < _width && y < _height; }

@@ -98,9 +98,9 @@ private:
         Way last = *(own - forward);
         Way changes = 0;
         for (int i = 0; i < count; ++i, own += forward, across += forward) {
-            const Way straight = std::min(last, *across) + aside;
             const Way oblique = std::min(across[-1], across[1]) + diagonal;
-            last = std::min(*own, std::min(straight, oblique));
+            const Way fromAcross = std::min(*own, std::min(*across + aside, oblique));
+            last = std::min(fromAcross, last + aside);
             changes |= *own ^ last;
             *own = last;
         }

@@ -128,9 +128,9 @@ void CellBits::grow(int longest)
             for (int y = 0; y < _height; ++y)
                 widen(wide.row(y));
         const std::size_t apart = std::min(offset(rows), _words.size());
-        for (std::size_t i = apart; i < _words.size(); ++i) {
+        for (std::size_t i = apart; i < _words.size(); ++i)
             _words[i] |= wide._words[i - apart];
+        for (std::size_t i = apart; i < _words.size(); ++i)
             _words[i - apart] |= wide._words[i];
-        }
     }
 }
