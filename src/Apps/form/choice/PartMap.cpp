@@ -106,19 +106,21 @@ void PartMap::countContacts(const ShapeFacts& facts, const std::vector<ShapeFact
     facts.mask.forEachAtOutline([&](int x, int y) {
         std::array<int, kAcross.size() * kReach> met{};
         std::size_t count = 0;
-        bool ink = _ink[index(x, y)] != 0;
+        const int here = y * _width + x;
+        const int ownHere = (y - reached.top()) * own.width() + x - reached.left();
+        const bool isInner = contains(x - kReach, y - kReach) && contains(x + kReach, y + kReach);
+        bool ink = _ink[static_cast<std::size_t>(here)] != 0;
         bool other = false;
         for (const auto& [dx, dy] : kAcross)
             for (int far = 1; far <= kReach; ++far) {
-                const int qx = x + far * dx;
-                const int qy = y + far * dy;
-                if (!contains(qx, qy))
+                if (!isInner && !contains(x + far * dx, y + far * dy))
                     continue;
-                const bool inside = own.at(qx - reached.left(), qy - reached.top()) != 0;
-                ink = ink || (_ink[index(qx, qy)] != 0 && (!inside || hasBareCells));
+                const bool inside = own[ownHere + far * (dy * own.width() + dx)] != 0;
+                const auto there = static_cast<std::size_t>(here + far * (dy * _width + dx));
+                ink = ink || (_ink[there] != 0 && (!inside || hasBareCells));
                 if (inside)
                     continue;
-                const auto [part, shape] = _cells[index(qx, qy)];
+                const auto [part, shape] = _cells[there];
                 other = other || shape == kNone || all[static_cast<std::size_t>(shape)].paint != facts.paint;
                 if (part != kNone && std::find(met.begin(), met.begin() + count, part) == met.begin() + count)
                     met[count++] = part;

@@ -142,7 +142,12 @@ std::vector<PartStack::Claim> PartStack::claimLine(int shape, InkReaches& reache
     const std::vector<int> owners = lost.empty() ? least : open.claimed(reaches);
     for (std::size_t i = 0; i < owners.size(); ++i) {
         const OpenCells::Cell& cell = open.cells()[i];
-        claims.push_back({cell.y, cell.x, cell.x + 1, owners[i]});
+        const bool goesOn = !claims.empty() && claims.back().part == owners[i] && claims.back().y == cell.y &&
+                            claims.back().to == cell.x;
+        if (goesOn)
+            ++claims.back().to;
+        else
+            claims.push_back({cell.y, cell.x, cell.x + 1, owners[i]});
     }
     return claims;
 }

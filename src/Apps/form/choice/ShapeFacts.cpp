@@ -27,7 +27,7 @@ ShapeFacts factsOf(const DIO_Shape& shape, const DIO_Paint& paint, ShapePainter&
     facts.mask = painter.mask(std::span(&shape, 1));
     const OutlineDistance measured = measureOutlineDistance(facts.mask, painter.grid().bounds());
     measureShape(measured, facts);
-    facts.mask.forEachAtOutline([&](int, int) { facts.outline += 1.0; });
+    facts.outline = measured.outline;
     facts.colour = SeenColour::of(paint.colour);
     facts.paint = shape.paint;
     facts.plain = paint.kind == DIO_Paint::Kind::SOLID && shape.picture.isNull();

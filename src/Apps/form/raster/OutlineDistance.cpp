@@ -105,11 +105,9 @@ private:
 
 // How many rows apart an area is measured. The breadth of a strip counts half here: if it lies along the rows, nine of
 // them are measured at the least.
-int stepFor(const CellMask& mask)
+int stepFor(int area, int outline)
 {
-    int outline = 0;
-    mask.forEachAtOutline([&](int, int) { ++outline; });
-    const double breadth = static_cast<double>(mask.area()) / std::max(1, outline);
+    const double breadth = static_cast<double>(area) / std::max(1, outline);
     return *std::ranges::find_if(kSteps, [&](int step) { return step == 1 || breadth >= kBreadthPerStep * step; });
 }
 
@@ -147,7 +145,8 @@ OutlineDistance measureOutlineDistance(const CellMask& mask, const QRect& grid)
     measured.cut = cut.any();
     const QRect box = mask.box().adjusted(cut.left ? 0 : -1, cut.top ? 0 : -1, cut.right ? 0 : 1, cut.bottom ? 0 : 1);
     MeasuredRows rows(mask, box, std::max(grid.width(), grid.height()) / 2.0);
-    const int step = stepFor(mask);
+    mask.forEachAtOutline([&](int, int) { ++measured.outline; });
+    const int step = stepFor(measured.area, measured.outline);
     const auto [first, last] = rowsOf(mask);
     countRows(rows, first - box.top(), last - box.top(), step);
     measured.mean = rows.mean();

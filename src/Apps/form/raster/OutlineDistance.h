@@ -15,6 +15,7 @@ struct OutlineDistance
     double largest = 0.0;
     int area = 0;     ///< in cells
     bool cut = false; ///< the border of the grid cuts the area
+    int outline = 0;  ///< the cells that have an uncovered one beside them
 };
 
 /// Measures an area. If no outline of the area lies inside the grid, both distances are half of the grid's longer side.

@@ -56,7 +56,12 @@ RC_GTEST_PROP(OutlineDistance, isThatOfTheNearestUncoveredCell, ())
         largest = std::max(largest, nearest - 0.5);
     });
     const OutlineDistance measured = measureOutlineDistance(mask, grid);
+    int outline = 0;
+    mask.forEach([&](int x, int y) {
+        outline += mask.at(x - 1, y) && mask.at(x + 1, y) && mask.at(x, y - 1) && mask.at(x, y + 1) ? 0 : 1;
+    });
     RC_ASSERT(measured.area == mask.area());
+    RC_ASSERT(measured.outline == outline);
     RC_ASSERT(std::abs(measured.mean * std::max(1, mask.area()) - sum) < 1e-9);
     RC_ASSERT(std::abs(measured.largest - largest) < 1e-12);
 }
