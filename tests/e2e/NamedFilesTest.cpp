@@ -11,11 +11,8 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-using testing::AllOf;
 using testing::HasSubstr;
 
 using NamedFiles = Words;
@@ -113,26 +110,78 @@ TEST_F(NamedFiles, AFoldersOwnMapsAreNoDrawings)
               (QStringList{QStringLiteral("hero.svg"), QStringLiteral("hero_n.png")}));
 }
 
-TEST_F(NamedFiles, AFileWhoseNameIsNoTextIsNamedAndLeftAlone)
+// Files whose names are no text. A shell passes the bytes as they are; QProcess passes texts only.
+class NamesThatAreNoText : public Words
 {
-    const QByteArray folder = QFile::encodeName(path("in"));
-    ASSERT_EQ(::mkdir(folder.constData(), 0700), 0);
-    draw("in/good.svg");
-    const QByteArray bad = folder + "/caf\xe9.svg";
-    const int file = ::open(bad.constData(), O_CREAT | O_WRONLY, 0600);
-    if (file < 0)
-        GTEST_SKIP() << "this file system takes names in UTF-8 only";
-    ::close(file);
+protected:
+    // The folder in, with a drawing caf\xe9.svg and a folder o\xe9 that holds y.svg.
+    void SetUp() override
+    {
+        Words::SetUp();
+        ASSERT_TRUE(QDir(path("")).mkdir(QStringLiteral("in")));
+        draw("in/good.svg");
+        if (inShell("cp in/good.svg \"$(printf 'in/caf\\351.svg')\" && mkdir \"$(printf 'in/o\\351')\" && "
+                    "cp in/good.svg \"$(printf 'in/o\\351/y.svg')\"") != 0)
+            GTEST_SKIP() << "this file system takes names in UTF-8 only: " << said;
+    }
+    // Qt does not find what it cannot name when the test's folder is removed.
+    void TearDown() override { EXPECT_EQ(inShell("rm -r in"), 0) << said; }
 
-    EXPECT_EQ(quarvel("normalmap in -o out"), 0);
-    EXPECT_THAT(said, HasSubstr("in: warning: left out: files whose names are not UTF-8 (1); rename them"));
-    EXPECT_TRUE(exists("out/good_n.png"));
-    // A shell passes the bytes as they are; QProcess passes texts only.
-    EXPECT_EQ(run(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), QStringLiteral("exec \"$0\" normalmap in/caf*.svg"),
-                                              QStringLiteral(QUARVEL_PROGRAM)}),
-              1);
-    EXPECT_THAT(said, AllOf(HasSubstr("in/caf\\xe9.svg: the name is not UTF-8"), HasSubstr("rename it")));
-    EXPECT_EQ(::unlink(bad.constData()), 0);
+    int inShell(const char* command)
+    {
+        return run(QStringLiteral("/bin/sh"),
+                   {QStringLiteral("-c"), QString::fromUtf8(command), QStringLiteral(QUARVEL_PROGRAM)});
+    }
+};
+
+TEST_F(NamesThatAreNoText, AreRead)
+{
+    ASSERT_EQ(quarvel("normalmap in/good.svg -o good.png"), 0) << said;
+    EXPECT_EQ(inShell("\"$0\" normalmap in/caf*.svg -o map.png"), 0) << said;
+    EXPECT_EQ(QImage(path("map.png")), QImage(path("good.png")));
+    EXPECT_EQ(inShell("\"$0\" normalmap in/o*/y.svg -o map2.png"), 0) << said;
+    EXPECT_EQ(QImage(path("map2.png")), QImage(path("good.png")));
+    EXPECT_EQ(inShell("\"$0\" import in/caf*.svg -o s.scene"), 0) << said;
+    EXPECT_EQ(inShell("\"$0\" inspect in/caf*.svg s.scene"), 0) << said;
+}
+
+TEST_F(NamesThatAreNoText, AreShownEscaped)
+{
+    EXPECT_EQ(inShell("\"$0\" normalmap in/caf*.svg"), 2);
+    EXPECT_EQ(said, "quarvel: in/caf%E9.svg: the name is not UTF-8, and files are read but not made under such names; "
+                    "name the map, or a folder for the maps, with -o\n");
+    EXPECT_EQ(inShell("\"$0\" normalmap \"$(printf 'no\\351.svg')\" -o map.png"), 1);
+    EXPECT_THAT(said, HasSubstr("no%E9.svg: there is no such file or folder"));
+    EXPECT_FALSE(exists("map.png"));
+}
+
+TEST_F(NamesThatAreNoText, AreReadInFolders)
+{
+    EXPECT_EQ(quarvel("normalmap in -o out"), 0) << said;
+    for (const char* map : {"out/good_n.png", "out/caf%E9_n.png", "out/o%E9/y_n.png"})
+        EXPECT_TRUE(exists(map)) << map;
+    EXPECT_EQ(inShell("\"$0\" normalmap in/o* -o below && ls below"), 0) << said;
+    EXPECT_TRUE(exists("below/y_n.png"));
+}
+
+TEST_F(NamesThatAreNoText, NameNoMapsBesideTheDrawings)
+{
+    EXPECT_EQ(quarvel("normalmap in"), 0);
+    EXPECT_THAT(said, HasSubstr("in: warning: left out: files whose names are not UTF-8 (1); rename them, or name a "
+                                "folder for the maps with -o"));
+    EXPECT_EQ(inShell("LC_ALL=C ls -b in in/o*"), 0);
+    EXPECT_EQ(printed, "in:\ncaf\\351.svg\ngood.svg\ngood_n.png\no\\351\n\nin/o\\351:\ny.svg\ny_n.png\n");
+}
+
+TEST_F(NamesThatAreNoText, AreNotWritten)
+{
+    EXPECT_EQ(inShell("\"$0\" normalmap in/good.svg -o \"$(printf 'map\\351.png')\""), 2);
+    EXPECT_EQ(said, "quarvel: map%E9.png is not UTF-8; --output takes names and words that are\n");
+    EXPECT_EQ(inShell("\"$0\" import in/caf*.svg"), 2);
+    EXPECT_THAT(said, HasSubstr("name the scene with -o"));
+    ASSERT_EQ(quarvel("import in/good.svg -o s.scene"), 0) << said;
+    EXPECT_EQ(inShell("mv s.scene \"$(printf 'in/s\\351.scene')\" && \"$0\" set in/s*.scene rate 25"), 1);
+    EXPECT_THAT(said, HasSubstr("in/s%E9.scene: the name is not UTF-8, and scenes are opened only under names that"));
 }
 
 TEST_F(NamedFiles, APictureThatDoesNotFitInMemoryIsRefusedWithTheSizeThatDoes)

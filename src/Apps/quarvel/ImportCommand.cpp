@@ -11,6 +11,7 @@
 #include "QuarvelSceneCore/kinds/MO_ElementModule.h"
 #include "QuarvelSceneIO/SIO_SceneFolder.h"
 #include "Report.h"
+#include "StandInFiles.h"
 #include "StandardInput.h"
 #include "StopSignal.h"
 #include "jobs/import/ImportDrawings.h"
@@ -160,7 +161,10 @@ int runImportCommand(const QStringList& words, Report& report)
     if (options->quiet)
         report.beQuiet();
     StandardInput input;
+    StandInFiles standIns;
     UT_Result<void> ready = checkOutput(*options);
+    if (ready)
+        ready = standIns.putInto(options->files, report);
     if (ready)
         ready = input.putInto(options->files, report);
     if (!ready) {

@@ -60,6 +60,10 @@ UT_Result<ImportOptions> parseImportOptions(const QStringList& words)
                                        "walk.scene")};
     if (options.output.isEmpty())
         options.output = defaultOutput(options.files);
+    if (!isText(options.output))
+        return UT_Error{QStringLiteral("%1: the name is not UTF-8, and files are read but not made under such names; "
+                                       "name the scene with -o, such as walk.scene")
+                            .arg(escapedName(options.files.first()))};
     return options;
 }
 

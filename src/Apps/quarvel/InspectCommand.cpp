@@ -10,6 +10,7 @@
 #include "QuarvelBaseCore/UT_FileName.h"
 #include "QuarvelImageIO/IIO_AtomicFile.h"
 #include "Report.h"
+#include "StandInFiles.h"
 #include "StandardInput.h"
 #include "StopSignal.h"
 #include "TakenFiles.h"
@@ -174,7 +175,11 @@ int runInspectCommand(const QStringList& words, Report& report)
         return 0;
     }
     StandardInput input;
-    if (const UT_Result<void> read = input.putInto(options->places, report); !read) {
+    StandInFiles standIns;
+    UT_Result<void> read = standIns.putInto(options->places, report);
+    if (read)
+        read = input.putInto(options->places, report);
+    if (!read) {
         report.error(read.error());
         return kFailed;
     }

@@ -1,19 +1,25 @@
 // Copyright 2026 The Vallorin developers. SPDX-License-Identifier: Apache-2.0
 //
 // Names of files that are no text. On Linux a name is any bytes; the libraries that open files here take names that are
-// UTF-8 only. Files with other names are named and left alone, instead of being taken for missing.
+// UTF-8 only. Within the program, a byte that is no UTF-8 is a character that no text has: half of a surrogate pair,
+// U+DC80 to U+DCFF. Such a name opens nothing until a file stands in for it (StandInFiles.h).
 #pragma once
 
-#include "QuarvelBaseCore/UT_Result.h"
-
+#include <QByteArray>
 #include <QString>
+#include <QStringList>
 
-#include <span>
+/// A name as the system gave it.
+QString nameOf(QByteArrayView bytes);
 
-/// Checks the words of a command line as the system gave them.
-///
-/// @return an error that shows the first word that is not UTF-8, and says what to do
-UT_Result<void> checkNamesAreText(std::span<char* const> words);
+/// The bytes of a name; those that nameOf() was given.
+QByteArray bytesOf(const QString& name);
 
-/// How many entries of a folder, not of those below it, have names that are not UTF-8.
-int namesThatAreNoText(const QString& folder);
+/// Whether a name has no bytes but UTF-8.
+bool isText(const QString& name);
+
+/// A path whose names that are no text have such bytes as %E9, and % as %25.
+QString escapedName(const QString& path);
+
+/// The names of a folder's entries, not of those below it, that are no text, in the order of their bytes.
+QStringList namesThatAreNoText(const QString& folder);

@@ -19,6 +19,7 @@
 #include "QuarvelImageIO/IIO_PictureFile.h"
 #include "Report.h"
 #include "RunProgress.h"
+#include "StandInFiles.h"
 #include "StandardInput.h"
 #include "StandardOutput.h"
 #include "StopSignal.h"
@@ -264,6 +265,18 @@ int runWithStreams(NormalMapOptions& options, const std::vector<Sheet>& pages, R
     return 0;
 }
 
+// A map beside its drawing is named after it.
+UT_Result<void> checkMapsHaveNames(const NormalMapOptions& options, const StandInFiles& standIns, const Report& report)
+{
+    const auto unnamed =
+        std::ranges::find_if(options.drawings, [&](const QString& file) { return standIns.isForFile(file); });
+    if (!options.output.isEmpty() || unnamed == options.drawings.end())
+        return {};
+    return UT_Error{QStringLiteral("%1: the name is not UTF-8, and files are read but not made under such names; name "
+                                   "the map, or a folder for the maps, with -o")
+                        .arg(report.named(*unnamed))};
+}
+
 } // namespace
 
 int runNormalMapCommand(const QStringList& words, Report& report)
@@ -284,7 +297,15 @@ int runNormalMapCommand(const QStringList& words, Report& report)
         report.error(pages.error());
         return kFailed;
     }
-    if (const UT_Result<void> found = takeDrawingsOfFolders(*options, report); !found) {
+    StandInFiles standIns;
+    if (const UT_Result<void> named = standIns.putInto(options->drawings, report); !named) {
+        report.error(named.error());
+        return kFailed;
+    }
+    UT_Result<void> found = takeDrawingsOfFolders(*options, standIns, report);
+    if (found)
+        found = checkMapsHaveNames(*options, standIns, report);
+    if (!found) {
         report.error(found.error());
         return kWrongUsage;
     }

@@ -3,6 +3,7 @@
 // The options of a command as a table: each row has an option's names and the function that takes its value.
 #pragma once
 
+#include "NameEncoding.h"
 #include "OptionValues.h"
 #include "QuarvelBaseCore/UT_Result.h"
 #include "jobs/text/NearestWord.h"
@@ -141,9 +142,13 @@ UT_Result<QStringList> takeOptions(const QString& command, const QStringList& wo
         if (!parser.isSet(row.names.last()))
             continue;
         const QStringList values = row.takesValue ? parser.values(row.names.last()) : QStringList{QString()};
-        for (const QString& value : values)
+        for (const QString& value : values) {
+            if (!isText(value))
+                return UT_Error{QStringLiteral("%1 is not UTF-8; %2 takes names and words that are")
+                                    .arg(escapedName(value), spelled(row.names.last()))};
             if (Taken taken = row.take(options, spelled(row.names.last()), value); !taken)
                 return taken.error();
+        }
     }
     return parser.positionalArguments();
 }

@@ -39,6 +39,8 @@ public:
 
     /// From now on texts name a path by another name.
     void call(const QString& path, const QString& name) { _names.emplace_back(path, name); }
+    /// A text with these names.
+    QString named(QString text) const;
 
     /// A result: its fields for scripts, and its lines for people, the last with its line break.
     void result(const QJsonObject& fields, const QString& text);
@@ -62,7 +64,6 @@ public:
     int finish(int exitCode);
 
 private:
-    QString named(QString text) const;
     void note(QJsonArray& list, const QString& where, const QString& text) const;
 
     std::FILE* _results;

@@ -41,15 +41,17 @@ struct Command
     const char* purpose;
     int (*run)(const QStringList& words, Report& report);
     QString (*help)();
+    bool takesAnyNames; ///< of files that are read, also such as are no text
 };
 
 constexpr std::array kCommands{
-    Command{"normalmap", "DRAWING... [options]", "turns drawings into normal maps", runNormalMapCommand, normalMapHelp},
+    Command{"normalmap", "DRAWING... [options]", "turns drawings into normal maps", runNormalMapCommand, normalMapHelp,
+            true},
     Command{"import", "FILE... -o SCENE [options]", "makes a scene of drawings or an animation", runImportCommand,
-            importHelp},
-    Command{"inspect", "SCENE|DRAWING|FRAME...", "says what is in it", runInspectCommand, inspectHelp},
-    Command{"set", "SCENE WHAT VALUE...", "changes one thing of a scene", runSetCommand, setHelp},
-    Command{"render", "SCENE -o FILE [options]", "renders frames of a scene", runRenderCommand, renderHelp},
+            importHelp, true},
+    Command{"inspect", "SCENE|DRAWING|FRAME...", "says what is in it", runInspectCommand, inspectHelp, true},
+    Command{"set", "SCENE WHAT VALUE...", "changes one thing of a scene", runSetCommand, setHelp, false},
+    Command{"render", "SCENE -o FILE [options]", "renders frames of a scene", runRenderCommand, renderHelp, false},
 };
 
 const Command* findCommand(const QString& name)
@@ -81,7 +83,7 @@ int noSuchCommand(const QString& name)
     const QString forFile = commandFor(name);
     const QString meant = forFile.isEmpty() ? nearestWord(name, names) : forFile;
     say(QStringLiteral("there is no command \"%1\"; %2")
-            .arg(name, meant.isEmpty() ? QStringLiteral("there is ") + names.join(QStringLiteral(", "))
+            .arg(escapedName(name), meant.isEmpty() ? QStringLiteral("there is ") + names.join(QStringLiteral(", "))
                                        : QStringLiteral("did you mean %1?").arg(meant)));
     return kWrongUsage;
 }
@@ -162,6 +164,12 @@ int runCommand(const Command& command, QStringList words, std::FILE* results)
 {
     const ReportStyle style = takeStyle(words);
     Report report(results, QLatin1String(command.name), style);
+    if (const auto scene = std::ranges::find_if_not(words, isText); scene != words.end() && !command.takesAnyNames) {
+        report.error(QStringLiteral("%1: the name is not UTF-8, and scenes are opened only under names that are; "
+                                    "rename it")
+                         .arg(escapedName(*scene)));
+        return report.finish(kFailed);
+    }
     const UT_Result<int> done =
         UT_withinMemory(QStringLiteral("this"), QStringLiteral("close other programs, or give the job more"),
                         [&]() -> UT_Result<int> { return command.run(words, report); });
@@ -188,15 +196,25 @@ int run(const QStringList& words, std::FILE* results)
     return noSuchCommand(name);
 }
 
+// The words after the program's name. Qt would lose the bytes of names that are no text.
+//
+// @param argc, argv without the words that Qt took for itself
+QStringList wordsOf([[maybe_unused]] int argc, [[maybe_unused]] char** argv)
+{
+#ifdef Q_OS_UNIX
+    QStringList words;
+    for (const char* const word : std::span(argv, static_cast<std::size_t>(argc)).subspan(1))
+        words << nameOf(word);
+    return words;
+#else
+    return QCoreApplication::arguments().sliced(1);
+#endif
+}
+
 int runProgram(int argc, char** argv)
 {
     const TerminalModes terminal;
     const StopSignal stopSignal;
-    const std::span words(argv, static_cast<std::size_t>(argc));
-    if (const UT_Result<void> readable = checkNamesAreText(words.subspan(1)); !readable) {
-        say(readable.error().text);
-        return kFailed;
-    }
     // No window is ever opened; without this a machine without a display could not even measure a text.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -206,7 +224,7 @@ int runProgram(int argc, char** argv)
     limitPictures(limits);
     const WorkerThreads threads(limits.threads);
     const ResultStream results;
-    return run(QCoreApplication::arguments().sliced(1), results.file());
+    return run(wordsOf(argc, argv), results.file());
 }
 
 } // namespace
