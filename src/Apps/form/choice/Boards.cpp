@@ -155,6 +155,14 @@ bool fillsPicture(const FoundParts& found, const std::vector<int>& ground)
            covers(picture.left(), picture.bottom()) && covers(picture.right(), picture.bottom());
 }
 
+bool areRectangles(const FoundParts& found, const std::vector<int>& ground)
+{
+    return std::ranges::all_of(ground, [&](int index) {
+        const CellMask& region = found.parts[placeOf(index)].region;
+        return region.area() >= kFilled * region.box().width() * region.box().height();
+    });
+}
+
 } // namespace
 
 FoundParts joinedBoards(FoundParts found, const std::vector<ShapeFacts>& facts)
@@ -163,7 +171,7 @@ FoundParts joinedBoards(FoundParts found, const std::vector<ShapeFacts>& facts)
     if (ground.empty())
         return found;
     const bool isPicture = fillsPicture(found, ground);
-    if (isPicture && ground.size() > 1) // a landscape
+    if (isPicture && ground.size() > 1 && !areRectangles(found, ground)) // a landscape
         return found;
     Part& lowest = found.parts[placeOf(ground.front())];
     lowest.role = isPicture ? ObjectRole::FLAT : ObjectRole::SLAB;

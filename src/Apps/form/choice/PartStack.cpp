@@ -15,6 +15,7 @@ constexpr double kAlone = 0.6;      // of a shape's area: if more lies outside a
 constexpr double kLeftOver = 0.004; // of a shape's area: if less lies outside all parts, one of them gets it
 constexpr double kSeamCells = 0.6;  // overlapping cells permitted for each cell of contact
 constexpr double kWhole = 0.995;    // of a shape's area: if this much lies inside a part, no clip is needed
+constexpr double kOpaque = 0.99; // programs write opacities such as 0.996 for opaque areas: nobody sees through these
 // How far a clipped mark continues outside the outline, in cells, so that the antialiased pixels of the outline show
 // it.
 constexpr double kOverlap = 0.5;
@@ -36,7 +37,7 @@ int PartStack::insert(int shape, const Verdict& verdict, std::size_t place)
     part.role = verdict.role;
     part.reason = verdict.reason;
     part.ink = verdict.kind == Verdict::Kind::INK;
-    part.translucent = facts(shape).opacity < 1.0;
+    part.translucent = facts(shape).opacity < kOpaque;
     _parts.push_back(std::move(part));
     _order.insert(_order.begin() + static_cast<std::ptrdiff_t>(place), index);
     return index;

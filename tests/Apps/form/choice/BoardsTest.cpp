@@ -53,6 +53,26 @@ TEST(Boards, StripesThatFillThePictureAreFlat)
     EXPECT_THAT(rolesOf(rect(0, 0, 50, 100, "#d90012") + rect(50, 0, 50, 100, "#0033a0")), ElementsAre(FLAT));
 }
 
+TEST(Boards, RectanglesThatFillThePictureAreFlat)
+{
+    const QByteArray quarters = rect(0, 0, 50, 50, "#5651a9") + rect(50, 0, 50, 50, "#fdfdfd");
+    EXPECT_THAT(rolesOf(quarters + rect(0, 50, 100, 50, "#ed2800")), ElementsAre(FLAT));
+    EXPECT_THAT(rolesOf(quarters + rect(0, 50, 100, 50, "#ed2800") + circle(50, 60, 15, "#77b255")),
+                ElementsAre(FLAT, BODY))
+        << "what lies in front of them stays an object";
+    EXPECT_THAT(rolesOf(quarters + "<path d='M0 50Q50 30 100 50V100H0z' fill='#77b255'/>"),
+                testing::Not(ElementsAre(FLAT)))
+        << "a landscape";
+}
+
+// Nobody sees through an opacity of 0.996, which programs write for opaque areas.
+TEST(Boards, NearlyOpaqueAreasAreOpaque)
+{
+    const QByteArray bands =
+        rect(0, 0, 50, 50, "#5651a9") + rect(50, 0, 50, 50, "#fdfdfd") + rect(0, 50, 100, 50, "#ed2800");
+    EXPECT_THAT(rolesOf("<g fill-opacity='0.996'>" + bands + "</g>"), ElementsAre(FLAT));
+}
+
 TEST(Boards, ATriangleAlongTheBordersOfABoardIsNoObject)
 {
     const QByteArray board = rect(0, 20, 100, 60, "#ffe900");
