@@ -72,8 +72,8 @@ ChosenObjects chooseOfShapes(const DIO_Drawing& drawing, ObjectChoice choice)
         return believed(drawing);
     const Grid grid = gridFor(drawing);
     const bool everyOne = choice == ObjectChoice::SHAPES;
-    DIO_Drawing shapes = everyOne ? drawing : splitIntoIslands(drawing, grid);
-    std::vector<ShapeFacts> facts = collectFacts(shapes, grid);
+    auto [shapes, masks] = everyOne ? SplitDrawing{drawing, {}} : splitIntoIslands(drawing, grid);
+    std::vector<ShapeFacts> facts = collectFacts(shapes, grid, std::move(masks));
     if (!everyOne)
         fillBetweenLines(shapes, facts, grid);
     const FoundParts parts = everyOne ? everyShape(facts, grid) : shownParts(facts, grid);

@@ -5,7 +5,7 @@
 #include "form/choice/Islands.h"
 
 #include "form/bitmap/pixels/ConnectedPixels.h"
-#include "form/raster/CellMask.h"
+#include "form/raster/ShapePainter.h"
 
 #include <QtMath>
 
@@ -37,13 +37,19 @@ std::vector<QPainterPath> loopsOf(const QPainterPath& path)
     return loops;
 }
 
+// The number of connected areas of a mask.
+std::size_t areasOf(const CellMask& mask)
+{
+    std::vector<PixelRun> runs;
+    mask.forEachRun([&](int y, int from, int to) { runs.push_back({y, from, to}); });
+    return connectedPartsOf(runs).pixels.size();
+}
+
 // The connected areas of a mask, numbered.
 class Areas
 {
 public:
     explicit Areas(const CellMask& mask) : _box(mask.box()), _parts(connectedPartsOf(mask.planeOf(mask.box()))) {}
-
-    std::size_t count() const { return _parts.pixels.size(); }
 
     /// The area that most of a loop's points lie next to.
     int of(const QPainterPath& loop, const QTransform& toCells) const
@@ -101,17 +107,22 @@ std::vector<std::size_t> islandsOf(const std::vector<QPainterPath>& loops, const
     return islands;
 }
 
-void addIslands(std::vector<DIO_Shape>& shapes, const DIO_Shape& shape, const Grid& grid)
+// Adds a shape, or its islands, with their masks where they are known.
+void addIslands(std::vector<DIO_Shape>& shapes, std::vector<std::optional<CellMask>>& masks, const DIO_Shape& shape,
+                ShapePainter& painter)
 {
     const std::vector<QPainterPath> loops = loopsOf(shape.path);
     const bool may = loops.size() > 1 && loops.size() <= kMostLoops && shape.picture.isNull();
-    const CellMask mask = may ? CellMask::of(std::span(&shape, 1), grid) : CellMask();
-    const Areas areas(mask);
-    if (areas.count() < 2 || areas.count() > kMostAreas) {
+    std::optional<CellMask> mask;
+    if (may)
+        mask = painter.mask(std::span(&shape, 1));
+    const std::size_t count = mask ? areasOf(*mask) : 0;
+    if (count < 2 || count > kMostAreas) {
         shapes.push_back(shape);
+        masks.push_back(std::move(mask));
         return;
     }
-    const std::vector<std::size_t> numbers = islandsOf(loops, areas, grid);
+    const std::vector<std::size_t> numbers = islandsOf(loops, Areas(*mask), painter.grid());
     std::map<std::size_t, QPainterPath> islands;
     for (std::size_t i = 0; i < loops.size(); ++i) {
         QPainterPath& island = islands[numbers[i]];
@@ -122,18 +133,20 @@ void addIslands(std::vector<DIO_Shape>& shapes, const DIO_Shape& shape, const Gr
         DIO_Shape island = shape;
         island.path = path;
         shapes.push_back(std::move(island));
+        masks.emplace_back();
     }
 }
 
 } // namespace
 
-DIO_Drawing splitIntoIslands(const DIO_Drawing& drawing, const Grid& grid)
+SplitDrawing splitIntoIslands(const DIO_Drawing& drawing, const Grid& grid)
 {
-    DIO_Drawing split = drawing;
+    SplitDrawing split{drawing, {}};
+    ShapePainter painter(grid);
     for (std::size_t i = 0; i < drawing.layers.size(); ++i) {
-        split.layers[i].shapes.clear();
+        split.drawing.layers[i].shapes.clear();
         for (const DIO_Shape& shape : drawing.layers[i].shapes)
-            addIslands(split.layers[i].shapes, shape, grid);
+            addIslands(split.drawing.layers[i].shapes, split.masks, shape, painter);
     }
     return split;
 }

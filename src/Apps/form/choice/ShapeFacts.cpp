@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace {
 
@@ -21,11 +22,11 @@ constexpr std::size_t kIslandsBefore = 16;
 // Measured in about a third of a second.
 constexpr double kCellsInAll = 8e6;
 
-ShapeFacts factsOf(const DIO_Shape& shape, const DIO_Paint& paint, ShapePainter& painter)
+ShapeFacts factsOf(const DIO_Shape& shape, CellMask mask, const DIO_Paint& paint, const Grid& grid)
 {
     ShapeFacts facts;
-    facts.mask = painter.mask(std::span(&shape, 1));
-    const OutlineDistance measured = measureOutlineDistance(facts.mask, painter.grid().bounds());
+    facts.mask = std::move(mask);
+    const OutlineDistance measured = measureOutlineDistance(facts.mask, grid.bounds());
     measureShape(measured, facts);
     facts.outline = measured.outline;
     facts.colour = SeenColour::of(paint.colour);
@@ -89,12 +90,18 @@ Grid gridFor(const DIO_Drawing& drawing)
     return Grid::over(drawing.viewBox, static_cast<int>(std::clamp<double>(cells, kCoarsest, kFinest)));
 }
 
-std::vector<ShapeFacts> collectFacts(const DIO_Drawing& drawing, const Grid& grid)
+std::vector<ShapeFacts> collectFacts(const DIO_Drawing& drawing, const Grid& grid,
+                                     std::vector<std::optional<CellMask>> masks)
 {
     std::vector<ShapeFacts> facts;
     ShapePainter painter(grid);
-    for (const DIO_Shape* shape : shapesInOrder(drawing))
-        facts.push_back(factsOf(*shape, drawing.palette[static_cast<std::size_t>(shape->paint)], painter));
+    const std::vector<const DIO_Shape*> shapes = shapesInOrder(drawing);
+    masks.resize(shapes.size());
+    for (std::size_t i = 0; i < shapes.size(); ++i) {
+        const DIO_Shape& shape = *shapes[i];
+        CellMask mask = masks[i] ? *std::move(masks[i]) : painter.mask(std::span(&shape, 1));
+        facts.push_back(factsOf(shape, std::move(mask), drawing.palette[static_cast<std::size_t>(shape.paint)], grid));
+    }
     findOutlines(facts, grid);
     return facts;
 }

@@ -7,6 +7,7 @@
 #include "form/choice/Colour.h"
 #include "form/raster/OutlineDistance.h"
 
+#include <optional>
 #include <vector>
 
 /// The opacity below which an area is a shadow or a shine.
@@ -43,4 +44,7 @@ std::vector<const DIO_Shape*> shapesInOrder(const DIO_Drawing& drawing);
 Grid gridFor(const DIO_Drawing& drawing);
 
 /// Measures a drawing's shapes, in the order of painting.
-std::vector<ShapeFacts> collectFacts(const DIO_Drawing& drawing, const Grid& grid);
+///
+/// @param masks by shape: its cells on the grid, where they are known; may hold fewer than there are shapes
+std::vector<ShapeFacts> collectFacts(const DIO_Drawing& drawing, const Grid& grid,
+                                     std::vector<std::optional<CellMask>> masks = {});
