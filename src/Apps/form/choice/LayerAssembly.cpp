@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <map>
+#include <set>
 
 namespace {
 
@@ -135,8 +136,9 @@ private:
         const double unit = _grid.frame.width() / _grid.width;
         const double reach = worn.reach * unit;
         const DIO_Shape& original = shape(worn.shape);
+        // Painted whole, one copy of a shape shows all of it.
         if (_clipElements > kMostClipElements)
-            return {original};
+            return _whole.insert(worn.shape).second ? std::vector{original} : std::vector<DIO_Shape>();
         const QRectF bounds = original.path.boundingRect();
         std::vector<DIO_Shape> copies;
         QPainterPath together;
@@ -242,6 +244,7 @@ private:
     std::map<std::pair<int, double>, std::vector<QPainterPath>> _grown; // by piece and reach
     std::map<QString, int> _names;
     std::int64_t _clipElements = 0; // of all copies that are clipped
+    std::set<int> _whole;           // the worn shapes that are painted whole for want of clips
 };
 
 } // namespace

@@ -3,6 +3,7 @@
 // What shapes wear is held to their outlines by clips.
 #include "../FormDrawings.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <set>
@@ -11,22 +12,32 @@ using namespace form_drawings;
 
 namespace {
 
-// A disc whose outline is a polygon, with level lines on it.
-QByteArray disc(int corners, int lines, const QByteArray& ends)
+// A disc whose outline is a polygon.
+QByteArray polygon(int corners, double x, double radius, const QByteArray& colour)
 {
     QByteArray outline;
     for (int i = 0; i < corners; ++i) {
         const double angle = 2.0 * std::numbers::pi * i / corners;
-        outline += (i == 0 ? "M" : "L") + QByteArray::number(50.0 + 35.0 * std::cos(angle), 'f', 5) + " " +
-                   QByteArray::number(50.0 + 35.0 * std::sin(angle), 'f', 5);
+        outline += (i == 0 ? "M" : "L") + QByteArray::number(x + radius * std::cos(angle), 'f', 5) + " " +
+                   QByteArray::number(50.0 + radius * std::sin(angle), 'f', 5);
     }
-    QByteArray content = "<path fill='#ffcc4d' d='" + outline + "Z'/>";
+    return "<path fill='" + colour + "' d='" + outline + "Z'/>";
+}
+
+QByteArray levelLines(int lines, const QByteArray& ends)
+{
+    QByteArray content;
     for (int i = 0; i < lines; ++i) {
         const QByteArray y = QByteArray::number(30.0 + 40.0 * i / lines);
         content +=
             "<path fill='none' stroke='#111111' stroke-width='0.1' d='" + QByteArray(ends).replace('y', y) + "'/>";
     }
     return content;
+}
+
+QByteArray disc(int corners, int lines, const QByteArray& ends)
+{
+    return polygon(corners, 50.0, 35.0, "#ffcc4d") + levelLines(lines, ends);
 }
 
 struct Counts
@@ -36,16 +47,33 @@ struct Counts
     std::set<double> clippedLines;
 };
 
+bool isDisc(const DIO_Shape& shape)
+{
+    return shape.path.boundingRect().height() > 30.0;
+}
+
+void count(const DIO_Layer& layer, Counts& counts)
+{
+    for (const DIO_Shape& shape : layer.shapes) {
+        counts.clipElements += shape.clip ? shape.clip->elementCount() : 0;
+        const QRectF box = shape.path.boundingRect();
+        if (box.height() < 1.0)
+            (shape.clip ? counts.clippedLines : counts.lines).insert(box.center().y());
+    }
+}
+
+Counts countsOf(const DIO_Layer& layer)
+{
+    Counts counts;
+    count(layer, counts);
+    return counts;
+}
+
 Counts countsOf(const ChosenObjects& found)
 {
     Counts counts;
     for (const DIO_Layer& layer : found.drawing.layers)
-        for (const DIO_Shape& shape : layer.shapes) {
-            counts.clipElements += shape.clip ? shape.clip->elementCount() : 0;
-            const QRectF box = shape.path.boundingRect();
-            if (box.height() < 1.0)
-                (shape.clip ? counts.clippedLines : counts.lines).insert(box.center().y());
-        }
+        count(layer, counts);
     return counts;
 }
 
@@ -65,6 +93,25 @@ TEST(LayerAssembly, PaintsLinesWholeWhereTheirClipsWouldHaveMillionsOfElements)
     // Two million and what a single line adds.
     EXPECT_GT(counts.clipElements, 2'000'000);
     EXPECT_LT(counts.clipElements, 2'500'000);
+}
+
+// Else each disc would paint all lines, of thousands as of these.
+TEST(LayerAssembly, PaintsEachLineWholeOnce)
+{
+    const QByteArray discs = polygon(50'000, 29.0, 20.0, "#ffcc4d") + polygon(50'000, 71.0, 20.0, "#3b88c3");
+    const ChosenObjects found = chosen(discs + levelLines(100, "M5 yH95"));
+    EXPECT_GT(countsOf(found).clippedLines.size(), 0U);
+    std::set<double> lines;
+    int copies = 0;
+    for (const DIO_Layer& layer : found.drawing.layers) {
+        if (!std::ranges::any_of(layer.shapes, isDisc))
+            continue;
+        const std::set<double> whole = countsOf(layer).lines;
+        copies += static_cast<int>(whole.size());
+        lines.insert(whole.begin(), whole.end());
+    }
+    EXPECT_GT(copies, 50);
+    EXPECT_EQ(copies, static_cast<int>(lines.size()));
 }
 
 } // namespace
