@@ -160,6 +160,10 @@ private:
     {
         _process.waitForFinished(1000);
         const QString words = lastWords(_process.readAllStandardError());
+        // What the system says of ENOSPC, which ffmpeg passes on in English.
+        if (words.contains(QLatin1String("No space left on device")))
+            return {QStringLiteral("cannot write \"%1\": the disk is full; free some space and try again").arg(path()),
+                    UT_ErrorKind::DISK_FULL};
         return {QStringLiteral("cannot write \"%1\": ffmpeg failed: %2; a name that ends in .png needs no ffmpeg")
                     .arg(path(), words.isEmpty() ? _process.errorString() : words)};
     }

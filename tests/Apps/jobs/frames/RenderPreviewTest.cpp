@@ -164,6 +164,16 @@ TEST_F(EncodedPreview, SaysWhenTheEncoderFails)
     EXPECT_TRUE(files("films").isEmpty());
 }
 
+TEST_F(EncodedPreview, SaysThatTheDiskIsFull)
+{
+    const auto made = previewBy("#!/bin/sh\necho 'av_interleaved_write_frame(): No space left on device' >&2\nexit 1\n",
+                                "#!/bin/sh\n");
+    ASSERT_FALSE(made);
+    EXPECT_EQ(made.error().kind, UT_ErrorKind::DISK_FULL);
+    EXPECT_THAT(made.error().text.toStdString(), HasSubstr("lit.mp4\": the disk is full; free some space"));
+    EXPECT_TRUE(files("films").isEmpty());
+}
+
 TEST_F(EncodedPreview, AppearsWhenAllItsFramesAreFoundInIt)
 {
     const auto made = previewBy(kWrites, "#!/bin/sh\necho 3\n");
