@@ -84,7 +84,7 @@ int noSuchCommand(const QString& name)
     const QString meant = forFile.isEmpty() ? nearestWord(name, names) : forFile;
     say(QStringLiteral("there is no command \"%1\"; %2")
             .arg(escapedName(name), meant.isEmpty() ? QStringLiteral("there is ") + names.join(QStringLiteral(", "))
-                                       : QStringLiteral("did you mean %1?").arg(meant)));
+                                                    : QStringLiteral("did you mean %1?").arg(meant)));
     return kWrongUsage;
 }
 
