@@ -14,7 +14,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <map>
-#include <set>
 
 namespace {
 
@@ -84,6 +83,7 @@ public:
     ChosenObjects assemble()
     {
         countVisible();
+        findUppermostWearers();
         ChosenObjects chosen;
         chosen.drawing = _drawing;
         chosen.drawing.layers.clear();
@@ -103,6 +103,15 @@ private:
         _found.map.forEachShown([&](int count, const ShownCell& cell) {
             _visible[cell.part][_facts[static_cast<std::size_t>(cell.shape)].paint] += count;
         });
+    }
+
+    void findUppermostWearers()
+    {
+        for (const int index : _found.order) {
+            const Part& part = _found.parts[static_cast<std::size_t>(index)];
+            for (const WornShape& worn : part.worn)
+                _uppermost[worn.shape] = &part;
+        }
     }
 
     // The part's body and worn shapes in the order of painting.
@@ -136,9 +145,9 @@ private:
         const double unit = _grid.frame.width() / _grid.width;
         const double reach = worn.reach * unit;
         const DIO_Shape& original = shape(worn.shape);
-        // Painted whole, one copy of a shape shows all of it.
+        // Painted whole, one copy of a shape shows all of it, if nothing that wears it lies above.
         if (_clipElements > kMostClipElements)
-            return _whole.insert(worn.shape).second ? std::vector{original} : std::vector<DIO_Shape>();
+            return _uppermost.at(worn.shape) == &part ? std::vector{original} : std::vector<DIO_Shape>();
         const QRectF bounds = original.path.boundingRect();
         std::vector<DIO_Shape> copies;
         QPainterPath together;
@@ -243,8 +252,8 @@ private:
     std::map<int, std::map<int, int>> _visible;                         // the number of cells, by part and paint
     std::map<std::pair<int, double>, std::vector<QPainterPath>> _grown; // by piece and reach
     std::map<QString, int> _names;
-    std::int64_t _clipElements = 0; // of all copies that are clipped
-    std::set<int> _whole;           // the worn shapes that are painted whole for want of clips
+    std::map<int, const Part*> _uppermost; // by worn shape: the uppermost part that wears it
+    std::int64_t _clipElements = 0;        // of all copies that are clipped
 };
 
 } // namespace
