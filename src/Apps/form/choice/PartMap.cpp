@@ -116,7 +116,8 @@ void PartMap::countContacts(const ShapeFacts& facts, const std::vector<ShapeFact
                 if (!isInner && !contains(x + far * dx, y + far * dy))
                     continue;
                 const bool inside = own[ownHere + far * (dy * own.width() + dx)] != 0;
-                const auto there = static_cast<std::size_t>(here + far * (dy * _width + dx));
+                const int cell = here + far * (dy * _width + dx);
+                const auto there = static_cast<std::size_t>(cell);
                 ink = ink || (_ink[there] != 0 && (!inside || hasBareCells));
                 if (inside)
                     continue;

@@ -27,7 +27,8 @@ public:
     explicit Ways(const AreaRuns& areas) : _stride(static_cast<std::size_t>(areas.width) + 2), _areaBits(bitsFor(areas))
     {
         // A shortest path has at most two cells in each square of four.
-        assert(2.0 * kDiagonalStep * ((areas.width + 1) / 2) * ((areas.height + 1) / 2) < (kNone >> _areaBits));
+        [[maybe_unused]] const std::int64_t squares = std::int64_t{(areas.width + 1) / 2} * ((areas.height + 1) / 2);
+        assert(2 * kDiagonalStep * squares < (kNone >> _areaBits));
         _ways.assign(_stride * (static_cast<std::size_t>(areas.height) + 2), kNone);
         for (const auto& [cells, area] : areas.runs)
             if (area >= 0)

@@ -136,7 +136,8 @@ void forEachNeighbouring(std::span<const AreaRun> runs, Function function)
 {
     std::size_t above = 0;
     for (std::size_t i = 0; i < runs.size(); ++i) {
-        const auto& [cells, area] = runs[i];
+        const PixelRun& cells = runs[i].cells;
+        const int area = runs[i].area;
         const auto isBefore = [&](const PixelRun& other) {
             return other.row < cells.row - 1 || (other.row == cells.row - 1 && other.to <= cells.from);
         };
