@@ -300,3 +300,14 @@ TEST(ObjectChoice, WheelsThatCarrySomethingAreFlatInsideTheirRims)
     EXPECT_THAT(rolesOf(rect(10, 20, 80, 45, "#dd2e44") + wheels), ElementsAre(BODY, SLAB, SLAB));
     EXPECT_THAT(rolesOf(wheels), ElementsAre(BODY, BODY)) << "two balls";
 }
+
+TEST(ObjectChoice, OneWheelWithAHubIsFlatInsideItsRimToo)
+{
+    const QByteArray wheel =
+        circle(60, 70, 20, "#d0cfce") + line("M40 70a20 20 0 1 0 40 0a20 20 0 1 0 -40 0z", "#111111", 3.0);
+    const QByteArray seat = "<path d='M20 5h15v35h30v15h-45z' fill='#fadcbc'/>";
+    EXPECT_THAT(rolesOf(wheel + circle(60, 70, 9, "#9b9b9a") + seat), ElementsAre(SLAB, BODY));
+    EXPECT_THAT(rolesOf(wheel + seat), ElementsAre(BODY, BODY)) << "a ball";
+    EXPECT_THAT(rolesOf(wheel + circle(50, 70, 9, "#9b9b9a") + seat), ElementsAre(BODY, BODY, BODY)) << "off the middle";
+    EXPECT_THAT(rolesOf(wheel + circle(60, 70, 9, "#9b9b9a")), ElementsAre(BODY)) << "it carries nothing";
+}

@@ -16,6 +16,8 @@ constexpr double kVaries = 0.12;    // of the diameter: how much the sizes and t
 constexpr double kAtBottom = 0.3;   // of the diameter, above the lowest point of the drawing
 constexpr double kApart = 1.1;      // diameters between the middles
 constexpr double kCarried = 1.3;    // diameters: the height of the drawing, at the least
+constexpr double kLeastHub = 0.25;  // of the diameter
+constexpr double kMostHub = 0.65;
 
 bool isLightDisc(const Part& part, const std::vector<ShapeFacts>& facts)
 {
@@ -25,12 +27,27 @@ bool isLightDisc(const Part& part, const std::vector<ShapeFacts>& facts)
     return disc.roundness > kRound && disc.colour.lightness > kLight && disc.colour.chroma() < kGrey;
 }
 
-bool isAround(const QRect& ring, const QRect& disc)
+bool haveOneMiddle(const QRect& one, const QRect& disc)
 {
     const double off = kVaries * disc.width();
-    return ring.width() >= disc.width() && ring.width() < kWidestRing * disc.width() &&
-           std::abs(ring.center().x() - disc.center().x()) < off &&
-           std::abs(ring.center().y() - disc.center().y()) < off;
+    return std::abs(one.center().x() - disc.center().x()) < off && std::abs(one.center().y() - disc.center().y()) < off;
+}
+
+bool isAround(const QRect& ring, const QRect& disc)
+{
+    return ring.width() >= disc.width() && ring.width() < kWidestRing * disc.width() && haveOneMiddle(ring, disc);
+}
+
+// Whether a part wears a smaller grey disc in its middle.
+bool hasHub(const Part& part, const std::vector<ShapeFacts>& facts)
+{
+    const QRect& disc = part.region.box();
+    return std::ranges::any_of(part.worn, [&](const WornShape& worn) {
+        const ShapeFacts& hub = facts[static_cast<std::size_t>(worn.shape)];
+        const double width = hub.mask.box().width();
+        return hub.roundness > kRound && hub.colour.chroma() < kGrey && width > kLeastHub * disc.width() &&
+               width < kMostHub * disc.width() && haveOneMiddle(hub.mask.box(), disc);
+    });
 }
 
 // Whether a part wears dark lines around itself.
@@ -78,7 +95,7 @@ void findWheels(FoundParts& found, const std::vector<ShapeFacts>& facts)
         const bool low = box.bottom() > all.bottom() - kAtBottom * box.width();
         const bool carries = all.height() > kCarried * box.height() && found.parts.size() > discs.size();
         const auto isBeside = [&](const Part* other) { return standSideBySide(box, other->region.box()); };
-        if (low && carries && std::ranges::any_of(discs, isBeside))
+        if (low && carries && (hasHub(*disc, facts) || std::ranges::any_of(discs, isBeside)))
             wheels.push_back(disc);
     }
     for (Part* const wheel : wheels) {
