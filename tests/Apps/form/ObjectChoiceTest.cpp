@@ -308,6 +308,7 @@ TEST(ObjectChoice, OneWheelWithAHubIsFlatInsideItsRimToo)
     const QByteArray seat = "<path d='M20 5h15v35h30v15h-45z' fill='#fadcbc'/>";
     EXPECT_THAT(rolesOf(wheel + circle(60, 70, 9, "#9b9b9a") + seat), ElementsAre(SLAB, BODY));
     EXPECT_THAT(rolesOf(wheel + seat), ElementsAre(BODY, BODY)) << "a ball";
-    EXPECT_THAT(rolesOf(wheel + circle(50, 70, 9, "#9b9b9a") + seat), ElementsAre(BODY, BODY, BODY)) << "off the middle";
+    EXPECT_THAT(rolesOf(wheel + circle(50, 70, 9, "#9b9b9a") + seat), ElementsAre(BODY, BODY, BODY))
+        << "off the middle";
     EXPECT_THAT(rolesOf(wheel + circle(60, 70, 9, "#9b9b9a")), ElementsAre(BODY)) << "it carries nothing";
 }
