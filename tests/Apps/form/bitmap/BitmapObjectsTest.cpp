@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <random>
 
 namespace {
@@ -242,8 +244,9 @@ TEST(BitmapObjects, namesAreUnique)
     EXPECT_EQ(names.size(), 3U);
 }
 
-// A mango of two colours, with each opaque pixel up to `most` levels lighter.
-QImage mangoWithGrain(unsigned most)
+// A mango of two colours. In each opaque pixel as many levels are added as a function says.
+template<typename Levels>
+QImage mango(Levels levels)
 {
     QImage image = painted({120, 130}, [](QPainter& painter) {
         painter.setBrush(QColor(90, 140, 60));
@@ -251,21 +254,32 @@ QImage mangoWithGrain(unsigned most)
         painter.setBrush(QColor(190, 70, 40));
         painter.drawEllipse(25, 25, 40, 60);
     });
-    std::mt19937 random(5);
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)
             if (const QColor colour = image.pixelColor(x, y); colour.alpha() == 255) {
-                const int more = static_cast<int>(random() % (most + 1));
+                const int more = levels(x, y);
                 image.setPixelColor(x, y, QColor(colour.red() + more, colour.green() + more, colour.blue() + more));
             }
     return image;
 }
 
+TEST(BitmapObjects, ADrawingWithTheNoiseOfAScanKeepsItsParts)
+{
+    std::mt19937 random(5);
+    EXPECT_EQ(objectsOf(mango([](int, int) { return 0; })).objects.size(), 2U);
+    EXPECT_EQ(objectsOf(mango([&](int, int) { return static_cast<int>(random() % 11); })).objects.size(), 2U);
+}
+
 TEST(BitmapObjects, APhotographOfOneBodyIsOneObject)
 {
-    EXPECT_EQ(objectsOf(mangoWithGrain(0)).objects.size(), 2U) << "drawn";
-    EXPECT_EQ(objectsOf(mangoWithGrain(1)).objects.size(), 2U) << "rounded by a converter";
-    EXPECT_EQ(objectsOf(mangoWithGrain(10)).objects.size(), 1U);
+    // Uneven from pixel to pixel, and from square to square.
+    std::mt19937 random(5);
+    std::array<int, 33 * 33> squares{};
+    std::ranges::generate(squares, [&] { return static_cast<int>(random() % 21); });
+    const auto skin = [&](int x, int y) {
+        return squares[static_cast<std::size_t>(y / 4 * 33 + x / 4)] + static_cast<int>(random() % 9);
+    };
+    EXPECT_EQ(objectsOf(mango(skin)).objects.size(), 1U);
 }
 
 RC_GTEST_PROP(BitmapObjectsOfAnything, PaintedAgainAreTheBitmap, ())

@@ -22,9 +22,12 @@ constexpr double kLeastCores = 0.6;
 // painted too.
 constexpr double kPaintedShare = 0.3;
 constexpr std::size_t kMostCores = 400;
-// A picture with more grain is a photograph, whose areas are highlights and shades of one body. Of 240 photographs on
-// transparent ground most have more than 0.75; of 540 rasterised vector drawings one has more than 0.7.
+// A picture with more grain, of its pixels and of squares of them, is a photograph, whose areas are highlights and
+// shades of one body. The pixels alone may have the noise of a scan.
 constexpr double kPhotograph = 0.6;
+constexpr int kSquare = 4;
+constexpr int kLeastPixels = 2000; // of each three in a row or column
+constexpr int kLeastSquares = 100;
 // Smaller parts of painted pictures, as a share of the covered pixels, belong to the nearest larger part.
 constexpr double kPaintedSpeck = 0.004;
 
@@ -145,7 +148,8 @@ PixelPlane<int> cutByCores(const PixelPlane<int>& cores, const PixelPlane<char>&
 // A photograph of one body. One that is opaque up to its borders shows a scene, of which its areas tell more.
 bool isPhotograph(const ColourAreas& areas, const PixelPlane<QRgb>& colours)
 {
-    return !areas.hard && areas.covered < colours.count() && grainOf(colours) > kPhotograph;
+    return !areas.hard && areas.covered < colours.count() && grainOf(colours, kLeastPixels) > kPhotograph &&
+           grainOf(averagesOf(colours, kSquare), kLeastSquares) > kPhotograph;
 }
 
 } // namespace
