@@ -27,13 +27,9 @@ int nearest(const CellMask& mask, const QRect& box, const QPoint& from, bool cov
     return least;
 }
 
-} // namespace
-
-RC_GTEST_PROP(CellDistances, insideAnAreaAreThoseToTheNearestUncoveredCell, ())
+// Compares the distances inside a mask with those to each cell of the box in turn.
+void expectNearestUncovered(const CellMask& mask, const QRect& box)
 {
-    const CellMask mask = maskWith(*rc::gen::inRange(1, 20), *rc::gen::inRange(1, 20), false);
-    const int margin = *rc::gen::inRange(0, 2);
-    const QRect box = mask.box().adjusted(-margin, -margin, margin, margin);
     const std::vector<int> squares = squaredDistancesInside(mask, box);
     std::size_t i = 0;
     for (int y = box.top(); y <= box.bottom(); ++y)
@@ -41,6 +37,16 @@ RC_GTEST_PROP(CellDistances, insideAnAreaAreThoseToTheNearestUncoveredCell, ())
             const int expected = nearest(mask, box, {x, y}, false);
             RC_ASSERT((expected >= 0 ? squares[i] == expected : squares[i] > 1000000));
         }
+}
+
+} // namespace
+
+RC_GTEST_PROP(CellDistances, insideAnAreaAreThoseToTheNearestUncoveredCell, ())
+{
+    const CellMask mask = maskWith(*rc::gen::inRange(1, 20), *rc::gen::inRange(1, 20), false);
+    const int margin = *rc::gen::inRange(0, 2);
+    const QRect box = mask.box().adjusted(-margin, -margin, margin, margin);
+    expectNearestUncovered(mask, box);
 }
 
 RC_GTEST_PROP(CellDistances, insideAnAreaAreFoundRowByRow, ())
@@ -65,13 +71,7 @@ RC_GTEST_PROP(CellDistances, inLongRowsAreThoseToTheNearestUncoveredCell, ())
     const QRect box(-3, 5, *rc::gen::inRange(1, 120), *rc::gen::inRange(1, 5));
     const int most = *rc::gen::inRange(2, 100);
     const CellMask mask = CellMask::where(box, [most](int, int) { return *rc::gen::inRange(0, most) > 0; });
-    const std::vector<int> squares = squaredDistancesInside(mask, box);
-    std::size_t i = 0;
-    for (int y = box.top(); y <= box.bottom(); ++y)
-        for (int x = box.left(); x <= box.right(); ++x, ++i) {
-            const int expected = nearest(mask, box, {x, y}, false);
-            RC_ASSERT((expected >= 0 ? squares[i] == expected : squares[i] > 1000000));
-        }
+    expectNearestUncovered(mask, box);
 }
 
 TEST(CellDistances, InARunAreThoseToItsNearerEnd)
